@@ -1,0 +1,19 @@
+# Warnings, sanitizers and the compiler cache, for our own code only.
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=true ${CCACHE})
+endif()
+
+add_library(quor_options INTERFACE)
+target_compile_options(quor_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+  # Results must not depend on whether the machine fuses multiply and add.
+  -ffp-contract=off)
+if(QUOR_SANITIZE)
+  target_compile_options(quor_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quor_options INTERFACE -fsanitize=address,undefined)
+endif()

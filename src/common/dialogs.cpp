@@ -1,0 +1,44 @@
+#include "common/dialogs.h"
+
+namespace dialogs {
+
+Functions silent() {
+    return {
+        .message = [](const Message& m) { return m.defaultAnswer; },
+        .input = [](const Input& i) { return std::optional<std::string>(i.proposal); },
+        .file = [](const FileChoice&) { return std::optional<std::string>(); },
+        .print = [](const PrintJob&) {},
+        .setClipboard = [](const std::string&) {},
+        .clipboard = [] { return std::string(); },
+        .pointer = [](bool) {},
+        .beep = [] {},
+    };
+}
+
+Functions& current() {
+    static Functions functions = silent();
+    return functions;
+}
+
+Answer Show(const Message& message) { return current().message(message); }
+
+void Tell(const std::string& text, const std::string& title, Icon icon) {
+    Show({.text = text, .title = title, .icon = icon});
+}
+
+bool Ask(const std::string& text, const std::string& title, Icon icon, bool defaultYes) {
+    return Show({.text = text,
+                 .title = title,
+                 .icon = icon,
+                 .buttons = Buttons::YesNo,
+                 .defaultAnswer = defaultYes ? Answer::Yes : Answer::No}) == Answer::Yes;
+}
+
+std::optional<std::string> AskInput(const Input& input) { return current().input(input); }
+std::optional<std::string> ChooseFile(const FileChoice& choice) { return current().file(choice); }
+void Print(const PrintJob& job) { current().print(job); }
+void SetClipboard(const std::string& text) { current().setClipboard(text); }
+std::string Clipboard() { return current().clipboard(); }
+void Beep() { current().beep(); }
+
+}  // namespace dialogs

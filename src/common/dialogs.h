@@ -1,0 +1,75 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+/// What the system asks or tells its user. The core never shows anything itself: it calls the
+/// functions of one process-level record, which the program, quorcalc and the tests install.
+namespace dialogs {
+
+enum class Icon { None, Information, Exclamation, Question, Stop };
+enum class Buttons { Ok, YesNo, OkCancel, YesNoCancel };
+enum class Answer { Ok, Yes, No, Cancel };
+
+struct Message {
+    std::string text;
+    std::string title;
+    Icon icon = Icon::None;
+    Buttons buttons = Buttons::Ok;
+    Answer defaultAnswer = Answer::Ok;  ///< what Enter gives
+};
+
+struct Input {
+    std::string text;
+    std::string title;
+    std::string proposal;
+};
+
+struct FileChoice {
+    bool save = false;
+    std::string title;
+    std::string filter;            ///< "Caption|*.EXT|Caption|*.EXT"
+    std::string folder;            ///< where the dialog starts
+    std::string name;              ///< name first shown
+    std::string defaultExtension;  ///< ".EXT", appended to a name without one
+    bool overwritePrompt = false;
+};
+
+struct PrintJob {
+    std::string title;
+    std::string font;  ///< fixed-pitch family asked for
+    std::string text;  ///< whole text, lines separated by '\n'
+};
+
+/// The functions that stand between the system and its user. No answer (nullopt) is a cancel.
+struct Functions {
+    std::function<Answer(const Message&)> message;
+    std::function<std::optional<std::string>(const Input&)> input;
+    std::function<std::optional<std::string>(const FileChoice&)> file;
+    std::function<void(const PrintJob&)> print;
+    std::function<void(const std::string&)> setClipboard;
+    std::function<std::string()> clipboard;
+    std::function<void(bool busy)> pointer;  ///< true shows the busy pointer
+    std::function<void()> beep;
+};
+
+/// The functions in use. After start they answer every question with its default and show nothing.
+Functions& current();
+/// The silent functions that `current` starts with.
+Functions silent();
+
+Answer Show(const Message& message);
+/// A box with one OK button.
+void Tell(const std::string& text, const std::string& title, Icon icon = Icon::Exclamation);
+/// A Yes/No box; true for Yes.
+bool Ask(const std::string& text, const std::string& title, Icon icon = Icon::Question,
+         bool defaultYes = true);
+std::optional<std::string> AskInput(const Input& input);
+std::optional<std::string> ChooseFile(const FileChoice& choice);
+void Print(const PrintJob& job);
+void SetClipboard(const std::string& text);
+std::string Clipboard();
+void Beep();
+
+}  // namespace dialogs

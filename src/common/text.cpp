@@ -1,0 +1,136 @@
+#include "common/text.h"
+
+#include <iconv.h>
+
+#include <array>
+#include <cerrno>
+
+namespace text {
+
+namespace {
+
+bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\0'; }
+
+/// Conversion by iconv; a byte or character without counterpart becomes '?'.
+std::string convert(std::string_view s, const char* from, const char* to) {
+    const iconv_t handle = iconv_open(to, from);
+    if (handle == iconv_t(-1)) return std::string(s);
+    std::string in(s), out;
+    char* source = in.data();
+    std::size_t left = in.size();
+    std::array<char, 512> buffer{};
+    while (left > 0) {
+        char* target = buffer.data();
+        std::size_t space = buffer.size();
+        const std::size_t result = iconv(handle, &source, &left, &target, &space);
+        out.append(buffer.data(), buffer.size() - space);
+        if (result != static_cast<std::size_t>(-1) || errno == E2BIG) continue;
+        out += '?';
+        // Skip the whole character: in UTF-8 the bytes that continue it as well.
+        do {
+            ++source;
+            --left;
+        } while (left > 0 && (static_cast<unsigned char>(*source) & 0xC0U) == 0x80U &&
+                 std::string_view(from) == "UTF-8");
+    }
+    iconv_close(handle);
+    return out;
+}
+
+}  // namespace
+
+std::string TrimRight(std::string_view s) {
+    while (!s.empty() && is_blank(s.back())) s.remove_suffix(1);
+    return std::string(s);
+}
+
+std::string TrimLeft(std::string_view s) {
+    while (!s.empty() && is_blank(s.front())) s.remove_prefix(1);
+    return std::string(s);
+}
+
+std::string Trim(std::string_view s) { return TrimLeft(TrimRight(s)); }
+
+std::string RemoveBlanks(std::string_view s) {
+    std::string r;
+    for (const char c : s)
+        if (!is_blank(c)) r += c;
+    return r;
+}
+
+std::string ReplaceAll(std::string s, std::string_view from, std::string_view to) {
+    if (from.empty()) return s;
+    for (std::size_t i = s.find(from); i != std::string::npos; i = s.find(from, i + to.size()))
+        s.replace(i, from.size(), to);
+    return s;
+}
+
+std::string ToUpper(std::string_view s) {
+    std::string r(s);
+    for (std::size_t i = 0; i < r.size(); ++i) {
+        auto c = static_cast<unsigned char>(r[i]);
+        if (c >= 'a' && c <= 'z') {
+            r[i] = static_cast<char>(c - 'a' + 'A');
+        } else if (c == 0xC3 && i + 1 < r.size()) {
+            // Latin-1 letters U+00E0 to U+00FE, without the division sign, lie 0x20 apart.
+            c = static_cast<unsigned char>(r[++i]);
+            if (c >= 0xA0 && c <= 0xBE && c != 0xB7) r[i] = static_cast<char>(c - 0x20);
+        }
+    }
+    return r;
+}
+
+std::vector<std::string> Split(std::string_view s, char separator) {
+    std::vector<std::string> parts;
+    for (;;) {
+        const std::size_t i = s.find(separator);
+        parts.emplace_back(s.substr(0, i));
+        if (i == std::string_view::npos) return parts;
+        s.remove_prefix(i + 1);
+    }
+}
+
+std::size_t Length(std::string_view s) {
+    std::size_t n = 0;
+    for (const char c : s)
+        if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) ++n;
+    return n;
+}
+
+std::string PadRight(std::string_view s, std::size_t width) {
+    std::string r;
+    std::size_t n = 0;
+    for (const char c : s) {
+        if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U && ++n > width) {
+            --n;
+            break;
+        }
+        r += c;
+    }
+    r.append(width - n, ' ');
+    return r;
+}
+
+std::string PadLeft(std::string_view s, std::size_t width) {
+    const std::size_t n = Length(s);
+    return (n < width ? std::string(width - n, ' ') : std::string()) + std::string(s);
+}
+
+std::string FromAnsi(std::string_view bytes) { return convert(bytes, "CP1252", "UTF-8"); }
+std::string ToAnsi(std::string_view s) { return convert(s, "UTF-8", "CP1252"); }
+std::string FromOem(std::string_view bytes) { return convert(bytes, "CP850", "UTF-8"); }
+std::string ToOem(std::string_view s) { return convert(s, "UTF-8", "CP850"); }
+
+std::vector<std::string> Lines(std::string_view s) {
+    std::vector<std::string> lines;
+    while (!s.empty()) {
+        const std::size_t i = s.find_first_of("\r\n");
+        lines.emplace_back(s.substr(0, i));
+        if (i == std::string_view::npos) break;
+        const bool pair = s[i] == '\r' && i + 1 < s.size() && s[i + 1] == '\n';
+        s.remove_prefix(i + (pair ? 2 : 1));
+    }
+    return lines;
+}
+
+}  // namespace text

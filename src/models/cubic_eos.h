@@ -1,0 +1,41 @@
+#pragma once
+
+#include "common/status.h"
+#include "models/fluid.h"
+
+/// Equations of state, state solvers, equilibrium, vapour pressure, densities, virial
+/// coefficients, enthalpy of vaporisation.
+namespace Calc {
+
+/// Constants of an equation of state for a substance: `EOSParameters` of the cubic codes 2 to 6 and
+/// their virial twins 11 to 15; all other codes leave them zero. Ji/Torvik (7, 8) takes jtZc of
+/// `jt` and fills its computed coefficients. Throws `faults::Fault` on an arithmetic fault.
+Declare::EOSParameters eos_constants(std::int16_t code, bool onlyV,
+                                     const Declare::SubstanceRecord& substance,
+                                     Declare::JiTorvikParameters& jt);
+
+/// a, b, c, d at T/K; T below 1E-6 gives `previous` back.
+Declare::EOSState eos_at(const Fluid& fluid, double T, const Declare::EOSState& previous = {});
+
+/// First and second derivatives of a, b, c, d with respect to T.
+struct EOSSlopes {
+    double a1 = 0, a2 = 0, b1 = 0, b2 = 0, c1 = 0, c2 = 0, d1 = 0, d2 = 0;
+};
+/// Analytic derivatives at T/K > 0. `virialTwin` takes the power and Soave forms only, as the
+/// V-only models do.
+EOSSlopes eos_slopes(const Fluid& fluid, const Declare::EOSState& state, double T);
+
+/// p/kPa = R T/(v - b) - a/((v + c)(v + d)) of a state; v in m^3/kmol above b.
+inline double cubic_pressure(const Declare::EOSState& s, double T, double v) {
+    return 8.31451 * T / (v - s.eosB) - s.eosA / ((v + s.eosC) * (v + s.eosD));
+}
+
+/// Constants for a code into the process-level records. Status 0, or 1 after a message when the
+/// Ji/Torvik parameters could not be had, or silently on an arithmetic fault. Code 1 keeps the
+/// present constants.
+Status CalcEOSParameters(std::int16_t code);
+
+/// Fills `Declare::eosState`; T below 1E-6 leaves it as it was.
+void EvalEOSAtT(double T);
+
+}  // namespace Calc

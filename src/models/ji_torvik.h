@@ -1,0 +1,31 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+
+#include "common/status.h"
+
+namespace Calc {
+
+/// Starts a program in a folder and waits for its end, at most the given time; goes on whether it
+/// ended or not. False when it could not be started.
+using ProgramRunner = std::function<bool(const std::string& program, const std::string& folder,
+                                         std::chrono::milliseconds wait)>;
+
+/// The runner that starts a real child process.
+bool RunProgram(const std::string& program, const std::string& folder, std::chrono::milliseconds wait);
+
+/// How long the parameter program may take; tests shorten it.
+void SetJiTorvikWait(std::chrono::milliseconds wait);
+
+/// Gets jtM, jtP, jtQ, jtZc (and jtK for form II) of the active substance from the external program
+/// "djipar.exe" through its files. 0, or a positive status: no parameter file ("No parameter-file
+/// generated." is shown) or an unreadable one.
+Status ObtainJiTorvikParameters();
+
+/// When set, `ObtainJiTorvikParameters` keeps the values that stand in `Declare::jiTorvik` instead
+/// of asking the program.
+void GiveJiTorvikParameters(bool given);
+
+}  // namespace Calc

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "models/state_solver.h"
+
+namespace Calc {
+
+/// A saturation state of a cubic EOS. `v` holds the roots at the end, `state` a, b, c, d at T.
+struct Saturation {
+    double T = 0;  ///< K, 0 on failure of a search for T
+    double p = 0;  ///< kPa, 0 on failure of a search for p
+    double areaRatio = 0, areaV = 0, areaL = 0;
+    std::int16_t nRoots = 0;
+    std::array<double, 3> v{};
+    Declare::EOSState state;
+    Status status = kFailure;
+    int rounds = 0;         ///< rounds of the search as told by its own counter
+    bool fallback = false;  ///< the bracketed search had to find the state
+};
+
+/// p(LV) at T/K by Maxwell's rule: a secant search from the vapour pressure equation, and where it
+/// gives up below Tcrit a bracketed search between the spinodal pressures.
+Saturation saturation_pressure(const Fluid& fluid, double T);
+
+/// T(LV) at p/kPa. Tstart/K is the first trial, 0 asks for an own estimate.
+Saturation saturation_temperature(const Fluid& fluid, double p, double Tstart = 0);
+
+/// The told searches alone, without the bracketed search behind them.
+Saturation search_saturation_pressure(const Fluid& fluid, double T);
+Saturation search_saturation_temperature(const Fluid& fluid, double p, double Tstart = 0);
+
+// The procedures over the process-level records; they fill `Declare::vRoots` and
+// `Declare::eosState`.
+Saturation SaturationPressure(double T);
+Saturation SaturationTemperature(double p, double Tstart = 0);
+
+}  // namespace Calc

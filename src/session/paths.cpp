@@ -1,0 +1,94 @@
+#include <unistd.h>
+
+#include <cstdio>
+#include <ctime>
+
+#include "common/text.h"
+#include "session/module2.h"
+
+namespace Module2 {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path programFolder = ".";
+fs::path writeFolder = ".";
+std::string fixedDate;
+
+std::string two_digits(int n) {
+    char buffer[16];
+    std::snprintf(buffer, sizeof buffer, "%02d", n);
+    return buffer;
+}
+
+}  // namespace
+
+const fs::path& ProgramFolder() { return programFolder; }
+const fs::path& WriteFolder() { return writeFolder; }
+
+void SetProgramFolder(const fs::path& folder, const fs::path& userFolder) {
+    programFolder = folder;
+    const bool writable = access(folder.c_str(), W_OK) == 0;
+    writeFolder = writable || userFolder.empty() ? folder : userFolder;
+    std::error_code ignored;
+    fs::create_directories(writeFolder, ignored);
+}
+
+fs::path FindFile(const std::string& name) {
+    if (HasSeparator(name)) return name;
+    std::error_code ignored;
+    for (const fs::path& folder :
+         {writeFolder, programFolder, programFolder / ".." / "share" / "quor6"})
+        if (fs::exists(folder / name, ignored)) return folder / name;
+    return programFolder / name;
+}
+
+bool FileExists(const std::string& name) {
+    std::error_code ignored;
+    return !name.empty() && fs::is_regular_file(FindFile(name), ignored);
+}
+
+bool HasSeparator(const std::string& path) { return path.find_first_of("/\\") != std::string::npos; }
+
+std::string FileTitle(const std::string& path) {
+    return path.substr(path.find_last_of("/\\") + 1);
+}
+
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.find_last_of("/\\") + 1);
+}
+
+std::string ShortDate() {
+    if (!fixedDate.empty()) return fixedDate;
+    const std::time_t now = std::time(nullptr);
+    std::tm parts{};
+    localtime_r(&now, &parts);
+    char buffer[16];
+    std::strftime(buffer, sizeof buffer, "%d.%m.%Y", &parts);
+    return buffer;
+}
+
+void SetShortDate(const std::string& date) { fixedDate = date; }
+
+std::string NewProtocolFileName() {
+    const std::string date = ShortDate();
+    const std::string day = date.substr(date.size() - 2) + date.substr(0, 2) + date.substr(3, 2);
+    std::error_code ignored;
+    for (int n = 1;; ++n) {
+        const std::string name = day + two_digits(n) + ".CSV";
+        if (!fs::exists(writeFolder / name, ignored)) return name;
+    }
+}
+
+std::string ShortenPath(const std::string& Path, int MaxLength) {
+    const int length = static_cast<int>(Path.size());
+    if (length <= MaxLength) return Path;
+    // Positions are counted from 1.
+    const int from = std::max(1, length - MaxLength + 6);
+    const std::size_t found = Path.find_first_of("/\\", static_cast<std::size_t>(from - 1));
+    const int p = found == std::string::npos ? length + 1 : static_cast<int>(found) + 1;
+    return Path.substr(0, 3) + "..." + Path.substr(static_cast<std::size_t>(p - 1));
+}
+
+}  // namespace Module2

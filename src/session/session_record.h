@@ -1,0 +1,118 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "session/batch_records.h"
+
+namespace Declare {
+
+/// Results of the last `CalcBatch` call, index 0 to 41; the index is also the protocol's column.
+using FuArray = std::array<double, 42>;
+
+/// Second reference point of Benson's method, in this order.
+struct BensonPoint {
+    float T = 0;     ///< K
+    float p = 0;     ///< p(LV), kPa
+    float rhoL = 0;  ///< kg/m^3
+    float rhoV = 0;  ///< kg/m^3
+};
+
+/// All that more than one view or calculation must see of a run of the program.
+struct Session {
+    // Calculation control
+    std::int16_t CalcMode = 0;
+    bool BatchMode = false;
+    std::int16_t InputSituation = 0;  ///< 4 reference point, 33 tank, 100 + CalcMode direct input
+    bool GlobalCalculation = true;
+    bool LiquidByBenson = true;
+    bool AssumedVle = false;
+    BensonPoint BensonReference;
+    bool BensonReferenceValid = false;
+    std::int16_t OutputPage = 1;
+    bool EquilibriumFunctions = false;
+    std::int16_t DataSetIndex = 0;
+    bool VolumeInput = false;  ///< a volume is typed instead of a density
+
+    // Units
+    std::int16_t UnitMode = 0;     ///< 0 molar, 1 specific, 2 reduced
+    std::int16_t CaloricUnit = 0;  ///< 0 kJ/kmol, 1 K, 2 R T, 3 kJ/kg
+    double CaloricFactor = 1.0;
+    double VolumeFactor = 1.0;
+    float PressureFactor = 1.0F, TemperatureFactor = 1.0F;
+    std::string TemperatureLabel = "K", PressureLabel = "kPa", VolumeLabel = "m^3/kmol";
+    bool UnitsChanged = false;
+
+    // Diagrams
+    double DiagramT = 298.15;  ///< K; also the divisor of CaloricUnit 2
+    double DiagramP = 0;       ///< kPa
+    double DiagramV = 0;       ///< m^3/kmol
+    std::int16_t PointsPerCurve = 300;
+    bool CurveRealRangeOnly = true;
+    bool CurveSWithoutTieLine = false;
+    bool PartialGasCurve = false;
+    bool NewSubstanceDiagram = true;
+    bool DiagramIsProjection = false;
+    bool TieLineRequested = false;
+    bool SCurveRequested = false;
+    bool CoexistenceRequested = false;
+    double VapourFraction = 1.0;
+    std::int16_t Diagram3DKind = 0;
+    bool SCurve3D = false;
+
+    // Files and folders
+    std::string FolderBatch, FolderDiagram2D, FolderDiagram3D, FolderXY, FolderProject;
+    std::string LastSessionFile;
+    std::string ProjectFile;
+    std::string ProjectComment;
+    bool ProjectLoaded = false;
+    std::string ProtocolFile;
+    char CsvSeparator = ';';
+    std::int16_t ProtocolOpen = 0;  ///< number of columns written to the protocol store
+    bool ProtocolPending = false;   ///< unwritten columns exist
+    std::string DatabaseFile;
+    bool DatabaseLoaded = false;
+    std::int16_t SubstanceCount = 0;
+    std::int16_t CurrentSubstance = 0;
+    bool SubstanceSet = false;
+    std::int16_t BatchCount = 0;
+    std::string BatchFile;
+    std::string BatchComment;
+    std::string BatchCasrn;  ///< CASRN of the batch file's substance
+    std::int16_t FitDataSource = 0;  ///< 1: the data editor, else the XY editor
+    std::int16_t FitColumn = 1;      ///< 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
+    bool ResultsOutdated = false;
+
+    // Iso-calculator
+    std::int16_t IsoFunction = 1;
+    std::int16_t IsoTp = 2;
+
+    // Environment and one-time flags
+    bool DecimalComma = false;
+    bool EnglishUi = true;
+    bool TipsHidden = false;
+    bool TipsRequested = false;
+    bool Diagram2DNotePending = true;
+    bool ProjectNotePending = true;
+    std::int16_t BusyDepth = 0;
+    std::int16_t SavedPointer = 0;
+
+    Tank tank;
+};
+
+/// A point of the XY editor and of a fit: mark -1.0 means inactive.
+struct FitPoint {
+    float x = 0, y = 0, mark = 0;
+};
+
+/// Lists of all substances of the open database, index 0 unused, entries 1 to SubstanceCount.
+struct SubstanceLists {
+    std::vector<std::int16_t> Numbers;
+    std::vector<std::string> Formulas;
+    std::vector<std::string> Names;
+    std::vector<std::string> Casrn;
+};
+
+}  // namespace Declare

@@ -1,0 +1,37 @@
+#include "support/scripted_dialogs.h"
+
+namespace {
+
+template <class T>
+std::optional<T> take(std::deque<T>& queue) {
+    if (queue.empty()) return std::nullopt;
+    T value = queue.front();
+    queue.pop_front();
+    return value;
+}
+
+}  // namespace
+
+ScriptedDialogs::ScriptedDialogs() : saved_(dialogs::current()) {
+    dialogs::Functions f;
+    f.message = [this](const dialogs::Message& m) {
+        messages.push_back(m);
+        return take(answers).value_or(m.defaultAnswer);
+    };
+    f.input = [this](const dialogs::Input& i) {
+        inputs.push_back(i);
+        return take(inputAnswers).value_or(i.proposal);
+    };
+    f.file = [this](const dialogs::FileChoice& c) {
+        files.push_back(c);
+        return take(fileAnswers).value_or(std::nullopt);
+    };
+    f.print = [this](const dialogs::PrintJob& job) { prints.push_back(job); };
+    f.setClipboard = [this](const std::string& s) { clipboard = s; };
+    f.clipboard = [this] { return clipboard; };
+    f.pointer = [this](bool busy) { pointer.push_back(busy); };
+    f.beep = [this] { ++beeps; };
+    dialogs::current() = f;
+}
+
+ScriptedDialogs::~ScriptedDialogs() { dialogs::current() = saved_; }

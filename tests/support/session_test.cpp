@@ -1,0 +1,23 @@
+#include "support/session_test.h"
+
+#include <unistd.h>
+
+#include "common/numbers.h"
+#include "session/module2.h"
+
+SessionTest::SessionTest() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "quor-test-XXXXXX").string();
+    folder_ = mkdtemp(pattern.data());
+    numbers::set_decimal_mark('.');
+    Module2::SetProgramFolder(folder_);
+    Module2::SetShortDate("15.11.2026");
+    Module2::ResetEverything();
+}
+
+SessionTest::~SessionTest() {
+    std::error_code ignored;
+    std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, ignored);
+    std::filesystem::remove_all(folder_, ignored);
+    numbers::set_decimal_mark('.');
+    Module2::SetShortDate("");
+}
