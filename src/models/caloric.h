@@ -43,7 +43,19 @@ IdealGasState ideal_gas_functions(const Declare::SubstanceRecord& s, std::int16_
 IdealGasState IdealGasFunctions(double T, double p);
 
 /// Columns of the residual table.
-enum Residual { LnPhi, DLnPhi, D2LnPhi, ResS, ResH, ResG, ResCp, JouleThomson, Cv, Cp, SpeedOfSound };
+enum Residual {
+    LnPhi,
+    DLnPhi,
+    D2LnPhi,
+    ResS,
+    ResH,
+    ResG,
+    ResCp,
+    JouleThomson,
+    Cv,
+    Cp,
+    SpeedOfSound
+};
 
 /// One row: derivatives of p(T, v) and residual functions of a phase.
 struct PhaseTable {
@@ -91,8 +103,8 @@ StateValues state_functions(const Calc::Fluid& fluid, const Declare::ReferenceSt
 StateValues StateFunctions(double T, double p, double v);
 
 struct SaturationValues {
-    double p = 0;            ///< kPa
-    double vV = 0, vL = 0;   ///< m^3/kmol
+    double p = 0;           ///< kPa
+    double vV = 0, vL = 0;  ///< m^3/kmol
     StateValues V, L;
     Status status = kSuccess;
 };
@@ -100,8 +112,8 @@ struct SaturationValues {
 SaturationValues SaturationFunctions(double T);
 
 struct Inflexion {
-    int count = 0;                       ///< 0, 1 or 2
-    std::array<double, 2> v{}, p{};      ///< m^3/kmol, kPa
+    int count = 0;                             ///< 0, 1 or 2
+    std::array<double, 2> v{}, p{};            ///< m^3/kmol, kPa
     std::array<double, 2> secondDerivative{};  ///< d2p/dv2 at v
 };
 /// Points of inflexion at T/K of p = R T/(v - b) - a/((v + c)(v + d)) with v > b.

@@ -9,24 +9,9 @@ namespace {
 
 using constants::R;
 
-/// f = f0 T^n: f' = n f/T, f'' = (n - 1) f'/T.
-void power_slopes(double f, double n, double T, double& first, double& second) {
-    first = n * f / T;
-    second = (n - 1.0) * first / T;
-}
-
-/// a = a0 Q^2 with Q = 1 + m (1 - sqrt(T/Tcrit)).
-void soave_slopes(const Declare::EOSParameters& eos, double Tcrit, double T, EOSSlopes& s) {
-    const double m = eos.eosNA;
-    const double Q = 1.0 + m * (1.0 - std::sqrt(T / Tcrit));
-    const double Q1 = -0.5 * m * std::sqrt(1.0 / (Tcrit * T));
-    const double Q2 = -0.5 * Q1 / T;
-    s.a1 = 2.0 * eos.eosA0 * Q * Q1;
-    s.a2 = 2.0 * eos.eosA0 * (Q1 * Q1 + Q * Q2);
-}
-
 /// a = a0 w(x)^2 with x = (T/Tcrit)^0.75; w is a cubic in x below Tcrit and a line above.
-void ji_torvik_a_slopes(const Declare::JiTorvikParameters& jt, double Tcrit, double T, EOSSlopes& s) {
+void ji_torvik_a_slopes(const Declare::JiTorvikParameters& jt, double Tcrit, double T,
+                        EOSSlopes& s) {
     constexpr double k = 0.76528558;
     const double x = std::pow(T / Tcrit, 0.75);
     const double x1 = 0.75 * x / T;
@@ -71,22 +56,12 @@ void ji_torvik_volume_slopes(const Fluid& fluid, double T, EOSSlopes& s) {
 }  // namespace
 
 EOSSlopes eos_slopes(const Fluid& fluid, const Declare::EOSState& state, double T) {
-    const Declare::EOSParameters& eos = fluid.eos;
     const double Tcrit = fluid.substance.Tcrit;
+    if (fluid.models.EOSModel != 7 && fluid.models.EOSModel != 8)
+        return power_slopes(fluid.eos, Tcrit, state, T);
     EOSSlopes s;
-    if (fluid.models.EOSModel == 7 || fluid.models.EOSModel == 8) {
-        ji_torvik_a_slopes(fluid.jt, Tcrit, T, s);
-        if (fluid.models.EOSModel == 8) ji_torvik_volume_slopes(fluid, T, s);
-        return s;
-    }
-    if (eos.eosAlphaForm == 2) {
-        soave_slopes(eos, Tcrit, T, s);
-    } else {
-        power_slopes(state.eosA, eos.eosNA, T, s.a1, s.a2);
-    }
-    power_slopes(state.eosB, eos.eosNB, T, s.b1, s.b2);
-    power_slopes(state.eosC, eos.eosNC, T, s.c1, s.c2);
-    power_slopes(state.eosD, eos.eosND, T, s.d1, s.d2);
+    ji_torvik_a_slopes(fluid.jt, Tcrit, T, s);
+    if (fluid.models.EOSModel == 8) ji_torvik_volume_slopes(fluid, T, s);
     return s;
 }
 

@@ -90,7 +90,9 @@ CpResult checked(double cp) {
     return {cp, kSuccess};
 }
 
-double square(double x) { return x * x; }
+double square(double x) {
+    return x * x;
+}
 
 }  // namespace
 
@@ -127,13 +129,13 @@ IdealGasState ideal_gas_functions(const Declare::SubstanceRecord& s, std::int16_
     if (cp.status != kSuccess) return failure;
 
     const auto T0 = static_cast<double>(reference.T0);
-    const Difference d = form == 1 ? polynomial_difference(s.cpPoly, T, T0)
-                                   : sinh_cosh_difference(s.cpSinh, T, T0);
+    const Difference d =
+        form == 1 ? polynomial_difference(s.cpPoly, T, T0) : sinh_cosh_difference(s.cpSinh, T, T0);
     if (!d.valid) return failure;
 
     const ReferenceBase base = reference_base(s, reference, p);
-    const IdealGasState state{cp.cp, d.h + base.h + reference.href,
-                              d.s + base.s + reference.sref, kSuccess};
+    const IdealGasState state{cp.cp, d.h + base.h + reference.href, d.s + base.s + reference.sref,
+                              kSuccess};
     return std::isfinite(state.h) && std::isfinite(state.s) ? state : failure;
 }
 
@@ -141,12 +143,17 @@ CpResult IdealGasCp(double T) {
     return ideal_gas_cp(Declare::substance, Declare::models.CpModel, T);
 }
 
-CpResult CpLiquid(double T) { return polynomial_cp(Declare::substance.cpL, T); }
-CpResult CpSolid(double T) { return polynomial_cp(Declare::substance.cpS, T); }
+CpResult CpLiquid(double T) {
+    return polynomial_cp(Declare::substance.cpL, T);
+}
+CpResult CpSolid(double T) {
+    return polynomial_cp(Declare::substance.cpS, T);
+}
 
 IdealGasState IdealGasFunctions(double T, double p) {
     settle_reference(Declare::reference);
-    return ideal_gas_functions(Declare::substance, Declare::models.CpModel, Declare::reference, T, p);
+    return ideal_gas_functions(Declare::substance, Declare::models.CpModel, Declare::reference, T,
+                               p);
 }
 
 }  // namespace thermo

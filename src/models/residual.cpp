@@ -28,7 +28,7 @@ struct PressureDerivatives {
 /// What the residual columns are made of. The dimensionless forms keep their digits at low p.
 struct ResidualParts {
     double lnPhi = 0, dLnPhi = 0;
-    double cv = 0;       ///< (cv - cv_idG)/R
+    double cv = 0;         ///< (cv - cv_idG)/R
     double cpMinusCv = 0;  ///< (cp - cv)/R - 1, that is the departure from the ideal gas
     double pT = 0;         ///< v pT/R - 1, likewise
 };
@@ -90,8 +90,7 @@ void cubic(const Declare::EOSState& s, const Calc::EOSSlopes& t, double T, doubl
     const double JTT = J.c * t.c2 + J.d * t.d2 + J.cc * t.c1 * t.c1 + 2.0 * J.cd * t.c1 * t.d1 +
                        J.dd * t.d1 * t.d1;
     const double helmholtzT = e * t.b1 - k1 * J.J - k * JT;
-    const double helmholtzTT =
-        e * t.b2 + e * e * t.b1 * t.b1 - k2 * J.J - 2.0 * k1 * JT - k * JTT;
+    const double helmholtzTT = e * t.b2 + e * e * t.b1 * t.b1 - k2 * J.J - 2.0 * k1 * JT - k * JTT;
 
     const double be = s.eosB * e;
     const double zMinus1 = be - k * v * g;
