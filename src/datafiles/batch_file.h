@@ -15,10 +15,10 @@ inline constexpr std::size_t kMostBatchSets = 32767;
 
 /// What a file of experimental data (.BAQ) holds.
 struct BatchFileContent {
-    std::string date, comment;
-    std::string casrn;                        ///< of the substance
-    double announced = 0;                     ///< number of sets that the file says it has
-    std::vector<Declare::BatchDataSet> sets;  ///< those that it really has, at most `announced`
+    std::string date{}, comment{};
+    std::string casrn{};                        ///< of the substance
+    double announced = 0;                       ///< number of sets that the file says it has
+    std::vector<Declare::BatchDataSet> sets{};  ///< those that it really has, at most `announced`
 };
 
 /// Reads a file's text (code page 1252); nothing when it has less than the four lines of the head.

@@ -62,8 +62,8 @@ class TableReader {
     }
 
   private:
-    void complain(std::string error) {
-        if (table_.errors.size() < kMostErrors) table_.errors.push_back(std::move(error));
+    void complain(std::string_view error) {
+        if (table_.errors.size() < kMostErrors) table_.errors.emplace_back(error);
     }
     void complain(std::string_view column, std::string_view what) {
         complain("Line " + std::to_string(line_) + ", column " + std::string(column) + ": " +
@@ -166,9 +166,6 @@ class TableReader {
 
     void fill_texts(SubstanceFileRecord& record) {
         if (texts_["name_en"].empty()) complain("name_en", "the name is missing.");
-        for (const std::string_view column : {"name_en", "name_de"})
-            if (texts_[std::string(column)].find(';') != std::string::npos)
-                complain(column, "further names belong into the column of synonyms.");
         put(record.formula, "formula", texts_["formula"]);
         put(record.nameEnglish, "name_en", NameField(texts_["name_en"], texts_["synonyms_en"]));
         put(record.nameGerman, "name_de", NameField(texts_["name_de"], texts_["synonyms_de"]));
@@ -229,12 +226,14 @@ std::string DatabaseBytes(std::span<const SubstanceFileRecord> records) {
 }
 
 std::string NameField(std::string_view name, std::string_view synonyms) {
-    std::string field(name);
-    for (const std::string& part : text::Split(synonyms, ';')) {
-        const std::string synonym = text::Trim(part);
-        if (synonym.empty()) continue;
-        const std::string longer = field + ";" + synonym;
-        if (text::Length(longer) > kNameLength) break;
+    std::string all(name);
+    all.append(";").append(synonyms);
+    std::string field;
+    for (const std::string& part : text::Split(all, ';')) {
+        const std::string one = text::Trim(part);
+        if (one.empty()) continue;
+        const std::string longer = field.empty() ? one : field + ";" + one;
+        if (!field.empty() && text::Length(longer) > kNameLength) break;
         field = longer;
     }
     return field;

@@ -27,7 +27,7 @@ DatabaseTable ReadDatabaseTable(std::string_view csv);
 std::string DatabaseBytes(std::span<const SubstanceFileRecord> records);
 
 /// A name field: the name and as many whole synonyms behind it, each after ";", as 40 characters
-/// hold. Synonyms are separated by ";".
+/// hold. Synonyms are separated by ";" and may also stand behind the name itself.
 std::string NameField(std::string_view name, std::string_view synonyms);
 
 }  // namespace LoadSaveData

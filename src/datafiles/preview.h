@@ -6,10 +6,10 @@ namespace LoadSaveData {
 
 /// What the head of a marked file tells before it is opened.
 struct FilePreview {
-    std::string substance;  ///< name in the database, or that it is not found
-    std::string database;   ///< title; of a .BAQ file the one that is open
-    std::string comment;
-    std::string date;
+    std::string substance{};  ///< name in the database, or that it is not found
+    std::string database{};   ///< title; of a .BAQ file the one that is open
+    std::string comment{};
+    std::string date{};
 };
 
 /// The head of a .BAQ or .QCF file, by the last three letters of its name; all empty for any other

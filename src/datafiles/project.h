@@ -31,7 +31,7 @@ ProjectResult LoadLastSession();
 
 /// The first four lines of a project file.
 struct ProjectHead {
-    std::string date, comment, database, casrn;
+    std::string date{}, comment{}, database{}, casrn{};
 };
 /// The head of a project's text; nothing when it is none.
 std::optional<ProjectHead> ReadProjectHead(const std::string& ansiText);

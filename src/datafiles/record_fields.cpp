@@ -221,17 +221,22 @@ std::optional<std::size_t> element_of(const RecordField& field, std::string_view
     return static_cast<std::size_t>(number - first);
 }
 
+std::string sentence(std::initializer_list<std::string_view> parts) {
+    std::string all;
+    for (const std::string_view part : parts) all.append(part);
+    return all;
+}
+
 std::string not_a(std::string_view name, std::string_view value, std::string_view kind) {
-    return "\"" + std::string(value) + "\" is no " + std::string(kind) + " for " +
-           std::string(name) + ".";
+    return sentence({"\"", value, "\" is no ", kind, " for ", name, "."});
 }
 
 std::string unknown_field(std::string_view name) {
     for (const RecordField& f : kFields)
         if (f.name == name)
-            return std::string(name) + " has " + std::to_string(f.count) +
-                   " elements: name one of them, as " + std::string(name) + ".1.";
-    return "There is no field \"" + std::string(name) + "\".";
+            return sentence({name, " has ", std::to_string(f.count),
+                             " elements: name one of them, as ", name, ".1."});
+    return sentence({"There is no field \"", name, "\"."});
 }
 
 bool is_true(std::string_view value) {
@@ -325,9 +330,8 @@ int SlotOf(const FieldPlace& place) {
 std::string NameOf(const FieldPlace& place) {
     const RecordField& f = *place.field;
     if (f.count == 0) return std::string(f.name);
-    const std::string key = f.letters.empty() ? std::to_string(place.element + 1)
-                                              : std::string(1, f.letters[place.element]);
-    return std::string(f.name) + "." + key;
+    if (!f.letters.empty()) return sentence({f.name, ".", f.letters.substr(place.element, 1)});
+    return sentence({f.name, ".", std::to_string(place.element + 1)});
 }
 
 bool IsBound(const RecordField& field) {

@@ -25,9 +25,9 @@ struct RecordField {
     std::size_t count = 0;       ///< elements of a set, 0 for a single value
     int slot = 0;                ///< slot of the (first) value in a file, 0: none
     bool inPrivateFile = false;  ///< the writer of a private file sets its slots
-    std::string_view column;     ///< column of a table; of a set, the start of its columns' names
+    std::string_view column{};   ///< column of a table; of a set, the start of its columns' names
     int firstColumn = 1;         ///< number of a set's first column
-    std::string_view letters;    ///< one-letter names of the elements, empty: numbers only
+    std::string_view letters{};  ///< one-letter names of the elements, empty: numbers only
     FieldRef (*at)(Declare::SubstanceRecord& record, std::size_t element) = nullptr;
 };
 

@@ -86,16 +86,6 @@ void mend_sinh(CpSet& s) {
         s.c[2] = kSmallestSinhC2;
 }
 
-/// The later of these tests wins, so that WAG goes before FRO, ALP and AHP.
-std::string best_vapour_pressure_code(const SubstanceRecord& r) {
-    std::string code = "000";
-    if (r.AHP.TLo > 0) code = "AHP";
-    if (r.ALP.TLo > 0) code = "ALP";
-    if (r.FRO.TLo > 0) code = "FRO";
-    if (r.WAG.TLo > 0) code = "WAG";
-    return code;
-}
-
 void choose_watson_point(const SubstanceFileRecord& file, SubstanceRecord& r) {
     const double secondT = static_cast<double>(slot_of(file, kSlotSecondWatsonT));
     if (std::fabs(static_cast<double>(r.Tboil) - secondT) >= kWatsonDistance) return;
@@ -109,6 +99,23 @@ void form_entropy(SubstanceRecord& r, float former) {
 }
 
 }  // namespace
+
+std::string best_vapour_pressure_code(const SubstanceRecord& r) {
+    // The later of these tests wins.
+    std::string code = "000";
+    if (r.AHP.TLo > 0) code = "AHP";
+    if (r.ALP.TLo > 0) code = "ALP";
+    if (r.FRO.TLo > 0) code = "FRO";
+    if (r.WAG.TLo > 0) code = "WAG";
+    return code;
+}
+
+void form_cp_flags(SubstanceRecord& r) {
+    r.hasCpPoly = ideal_cp_exists(r.cpPoly);
+    r.hasCpSinh = ideal_cp_exists(r.cpSinh);
+    r.hasCpL = condensed_cp_exists(r.cpL);
+    r.hasCpS = condensed_cp_exists(r.cpS);
+}
 
 LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
                                 const SubstanceRecord& previous) {
@@ -139,10 +146,7 @@ LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
             SingleOrZero(Calc::boiling_temperature(r, constants::kNormalPressure, loaded.VPCode).T);
 
     mend_sinh(r.cpSinh);
-    r.hasCpPoly = ideal_cp_exists(r.cpPoly);
-    r.hasCpSinh = ideal_cp_exists(r.cpSinh);
-    r.hasCpL = condensed_cp_exists(r.cpL);
-    r.hasCpS = condensed_cp_exists(r.cpS);
+    form_cp_flags(r);
     choose_watson_point(file, r);
     form_entropy(r, previous.dfs);
     return loaded;

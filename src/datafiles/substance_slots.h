@@ -22,6 +22,11 @@ struct LoadedSubstance {
 LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
                                 const Declare::SubstanceRecord& previous);
 
+/// Sets the four flags of the cp functions by the rules of reading.
+void form_cp_flags(Declare::SubstanceRecord& record);
+/// The code of the best vapour pressure set: WAG goes before FRO, ALP and AHP; "000" without any.
+std::string best_vapour_pressure_code(const Declare::SubstanceRecord& record);
+
 /// Puts a substance into a file record: formula, name (in the field of the language), CASRN,
 /// number 1, and the slots that a private file takes over. All else stays as it is.
 void SlotsFromRecord(const Declare::SubstanceRecord& record, bool english,

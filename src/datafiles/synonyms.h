@@ -15,8 +15,8 @@ std::string ComparingForm(std::string_view normalised);
 struct SynonymHit {
     bool found = false;
     bool fileMissing = false;  ///< the synonym file could not be read
-    std::string casrn;         ///< of the block that holds the text, "END" behind the last one
-    std::string line;          ///< its description, fields separated by "_"
+    std::string casrn{};       ///< of the block that holds the text, "END" behind the last one
+    std::string line{};        ///< its description, fields separated by "_"
 };
 
 /// Looks a text up among the blocks of a synonym file's text (UTF-8): the first block whose CASRN

@@ -42,9 +42,7 @@ std::int16_t find_substance(const std::string& wanted) {
         if (const auto n = number(wanted.substr(1)))
             index = LoadSaveData::FindByNumber(static_cast<std::int16_t>(*n));
     } else {
-        bool found = false;
-        LoadSaveData::FindSubstance(wanted, index, found);
-        if (!found) index = 0;
+        index = LoadSaveData::FindSubstance(wanted).index;
     }
     if (index == 0) throw CannotBeDone{"Nothing found: " + wanted};
     return index;
