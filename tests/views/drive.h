@@ -26,7 +26,9 @@
 /// cannot be used: the functions then throw, which fails the test.
 namespace drive {
 
-[[noreturn]] inline void fail(const QString& what) { throw std::runtime_error(what.toStdString()); }
+[[noreturn]] inline void fail(const QString& what) {
+    throw std::runtime_error(what.toStdString());
+}
 
 /// Lets pending events happen.
 inline void settle() {
@@ -65,12 +67,16 @@ Widget* usable(const QString& name) {
     return widget;
 }
 
-inline bool isEnabled(const QString& name) { return get(name)->isEnabled(); }
+inline bool isEnabled(const QString& name) {
+    return get(name)->isEnabled();
+}
 inline bool isVisible(const QString& name) {
     const QWidget* widget = find(name);
     return widget != nullptr && widget->isVisible();
 }
-inline bool isChecked(const QString& name) { return get<QAbstractButton>(name)->isChecked(); }
+inline bool isChecked(const QString& name) {
+    return get<QAbstractButton>(name)->isChecked();
+}
 
 /// Presses a button with the mouse, where buttons with an indicator have it.
 inline void click(const QString& name) {
@@ -121,7 +127,8 @@ inline QStringList entries(const QString& name) {
     return all;
 }
 
-/// Selects an entry of a drop-down list, or clicks the first cell with that text in a list or table.
+/// Selects an entry of a drop-down list, or clicks the first cell with that text in a list or
+/// table.
 inline void select(const QString& name, const QString& text) {
     QWidget* widget = usable(name);
     if (auto* combo = qobject_cast<QComboBox*>(widget)) {
