@@ -1,3 +1,7 @@
+#include <QElapsedTimer>
+#include <iostream>
+
+#include "datafiles/views/frmStoffWahl.h"
 #include "session/commands.h"
 #include "views/frame_test.h"
 
@@ -183,6 +187,33 @@ TEST_F(SubstanceView, ALookAtOtherDataLeavesTheSubstanceAsItWas) {
     drive::choose("mnuStoff");
     EXPECT_EQ(shown, std::vector<std::string>{"Argon"});
     EXPECT_EQ(Declare::substance.Name, "Carbon dioxide");
+}
+
+TEST_F(SubstanceView, FiveThousandSubstancesAnswerAKeyAtOnce) {
+    Declare::SubstanceLists& lists = Declare::substances;
+    for (int i = 0; i <= 5000; ++i) {
+        lists.Numbers.push_back(static_cast<std::int16_t>(i));
+        lists.Names.push_back("Substance " + std::to_string(5000 - i) + ";Synonym");
+        lists.Formulas.push_back("C" + std::to_string(i % 40) + "H10      ");
+        lists.Casrn.push_back(std::to_string(100000 + i) + "-00-0");
+    }
+    session.SubstanceCount = 5000;
+    QElapsedTimer clock;
+    clock.start();
+    frmStoffWahl view;
+    view.show();
+    drive::settle();
+    std::cout << "5000 substances: opening " << clock.restart() << " ms, ";
+    constexpr int kKeys = 12;
+    auto* field = view.findChild<QLineEdit*>("Text1");
+    field->clear();
+    QTest::keyClicks(field, "Substance 12");
+    drive::settle();
+    const qint64 perKey = clock.elapsed() / kKeys;
+    std::cout << "a key " << perKey << " ms\n";
+    EXPECT_LT(perKey, 50);
+    EXPECT_EQ(view.findChild<QAbstractItemView*>("StoffListe")->model()->rowCount(), 111)
+        << "12, 120 to 129, 1200 to 1299";
 }
 
 TEST_F(SubstanceView, LoadedDataAreQuestioned) {
