@@ -15,6 +15,7 @@ void ActivateModel(std::int16_t code) {
     m.EOSOnlyV = Calc::IsVOnlyEOS(code);
     m.VPModel = 7;
     m.VPCode = "KFR";
+    m.WatsonN = 0.38F;
     m.CpModel = Declare::substance.hasCpSinh ? 2 : 1;
     Declare::jiTorvik = {.jtK = 0.06, .jtZc = 0.281, .jtM = 0.9, .jtP = 0.55, .jtQ = 0.35};
     Calc::GiveJiTorvikParameters(true);
