@@ -12,7 +12,7 @@ struct VPSetAntoine {
     std::int16_t TLo = 0, THi = 0;
 };
 
-/// Frost-Kalkwarf set of nine values A to I in the form told at `Calc::VapourPressure`; the stored
+/// Frost-Kalkwarf set of nine values A to I in the form of `Calc::VapourPressure`; the stored
 /// third value is C + 273.15 and the sixth the exponent F less 2 in `FRO`. TLo = 0: absent.
 struct VPSetFrost {
     std::array<float, 9> a{};
