@@ -57,7 +57,7 @@ SubstanceFileRecord DecodeRecord(std::span<const char, kRecordSize> bytes) {
     in.text(r.text5);
     in.text(r.text6);
     r.number = static_cast<std::int16_t>(in.word<std::uint16_t>());
-    for (float& slot : r.slots) slot = std::bit_cast<float>(in.word<std::uint32_t>());
+    for (float& slot : r.values) slot = std::bit_cast<float>(in.word<std::uint32_t>());
     return r;
 }
 
@@ -71,7 +71,7 @@ RecordBytes EncodeRecord(const SubstanceFileRecord& r) {
     out.put_text(r.text5);
     out.put_text(r.text6);
     out.put_word(static_cast<std::uint16_t>(r.number));
-    for (const float slot : r.slots) out.put_word(std::bit_cast<std::uint32_t>(slot));
+    for (const float slot : r.values) out.put_word(std::bit_cast<std::uint32_t>(slot));
     return bytes;
 }
 

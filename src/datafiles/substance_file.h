@@ -34,7 +34,7 @@ struct SubstanceFileRecord {
     std::array<char, 41> text5 = Blanks<41>();
     std::array<char, 41> text6 = Blanks<41>();
     std::int16_t number = 0;  ///< substance number; header: number of substances
-    std::array<float, kSlotCount> slots{};
+    std::array<float, kSlotCount> values{};
 };
 
 using RecordBytes = std::array<char, kRecordSize>;

@@ -26,7 +26,7 @@ constexpr double kReferenceT = 298.15;
 constexpr float kSmallestSinhC2 = 0.1F;
 
 float slot_of(const SubstanceFileRecord& file, int slot) {
-    const float value = file.slots[static_cast<std::size_t>(slot - 1)];
+    const float value = file.values[static_cast<std::size_t>(slot - 1)];
     return std::isfinite(value) ? value : 0.0F;
 }
 
@@ -159,7 +159,7 @@ void SlotsFromRecord(const SubstanceRecord& record, bool english, SubstanceFileR
     file.number = 1;
     for_each_slot([&](const RecordField& field, const FieldPlace& place) {
         if (!field.inPrivateFile) return;
-        file.slots[static_cast<std::size_t>(SlotOf(place) - 1)] =
+        file.values[static_cast<std::size_t>(SlotOf(place) - 1)] =
             std::visit(ToSlot{}, ValueOf(record, place));
     });
 }
