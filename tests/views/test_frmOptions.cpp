@@ -73,7 +73,7 @@ TEST_F(OptionsView, WhatIsNotPossibleIsDisabled) {
 
 TEST_F(OptionsView, TheReferenceViewOpensFromHere) {
     int opened = 0;
-    actions::RegisterAction("ReferenceState", [&] { ++opened; });
+    actions::RegisterAction("frmReferenz", [&] { ++opened; });
     open();
     click("Command1");
     EXPECT_EQ(opened, 1);

@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr auto kReferenceState = "ReferenceState";  // action of the reference view
+constexpr auto kReferenceState = "frmReferenz";  // action of the reference view
 constexpr int kSmallStep = 10, kLargeStep = 50;
 
 QVBoxLayout* column(QWidget* box) {
