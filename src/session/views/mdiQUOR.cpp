@@ -199,7 +199,7 @@ void mdiQUOR::fillWindowList(QMenu* menu) {
     command("Close All", "mnuWindow_CloseAll", &QMdiArea::closeAllSubWindows);
     menu->addSeparator();
     for (QMdiSubWindow* sub : area_->subWindowList()) {
-        QAction* action = menu->addAction(sub->windowTitle());
+        QAction* action = menu->addAction(sub->windowTitle().replace('&', "&&"));
         action->setCheckable(true);
         action->setChecked(sub == area_->activeSubWindow());
         connect(action, &QAction::triggered, sub, [this, sub] { area_->setActiveSubWindow(sub); });
