@@ -204,7 +204,13 @@ bool FitToData(Chart2D& chart) {
 WindowScale::WindowScale(const Chart2D& chart)
     : window_(ShownWindow(chart)), xLog_(chart.x.logarithmic), yLog_(chart.y.logarithmic) {}
 
-double WindowScale::unit(double value, const Range& range, bool logarithmic) {
+Range SecondRange(const Chart2D& chart) {
+    const Range own{chart.y2.min, chart.y2.max};
+    if (!chart.y2.automatic && canBeDrawn(own, chart.y2.logarithmic)) return own;
+    return ShownWindow(chart).y;
+}
+
+double UnitOf(double value, const Range& range, bool logarithmic) {
     if (!logarithmic) return (value - range.min) / (range.max - range.min);
     if (!(value > 0)) return -std::numeric_limits<double>::infinity();
     return std::log(value / range.min) / std::log(range.max / range.min);

@@ -190,19 +190,25 @@ Window ShownWindow(const Chart2D& chart);
 /// when there is no data.
 bool FitToData(Chart2D& chart);
 
+/// The range of Y2: its limits, or the window of Y where it is automatic or cannot be drawn.
+Range SecondRange(const Chart2D& chart);
+
+/// Place of a value in a range: 0 at its lower end, 1 at its upper; minus infinity for a value not
+/// above 0 on a logarithmic scale.
+double UnitOf(double value, const Range& range, bool logarithmic);
+
 /// Maps data to the unit square of the window, (0, 0) at its lower left; a logarithmic axis maps
 /// logarithms, and values not above 0 to minus infinity.
 class WindowScale {
   public:
     explicit WindowScale(const Chart2D& chart);
-    double u(double x) const { return unit(x, window_.x, xLog_); }
-    double v(double y) const { return unit(y, window_.y, yLog_); }
+    double u(double x) const { return UnitOf(x, window_.x, xLog_); }
+    double v(double y) const { return UnitOf(y, window_.y, yLog_); }
     double x(double u) const { return value(u, window_.x, xLog_); }
     double y(double v) const { return value(v, window_.y, yLog_); }
     const Window& window() const { return window_; }
 
   private:
-    static double unit(double value, const Range& range, bool logarithmic);
     static double value(double unit, const Range& range, bool logarithmic);
     Window window_;
     bool xLog_, yLog_;

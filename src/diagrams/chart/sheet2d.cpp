@@ -75,14 +75,19 @@ class LayoutMaker {
         return turned(sizeOf(axis.title, axis.titleFont), axis.titleRotation);
     }
 
+    /// Whole pixels, so that frame and axes are crisp on a screen.
     SheetRect plotArea(const Margins& m) const {
         const double w = sheet_.sheet.width, h = sheet_.sheet.height;
         const PlotArea& area = chart_.plotArea;
-        if (!area.automatic)
-            return {area.left * w, area.top * h, std::max(area.width * w, kLeastPlot),
-                    std::max(area.height * h, kLeastPlot)};
-        return {m.left, m.top, std::max(w - m.left - m.right, kLeastPlot),
-                std::max(h - m.top - m.bottom, kLeastPlot)};
+        SheetRect plot =
+            area.automatic
+                ? SheetRect{m.left, m.top, w - m.left - m.right, h - m.top - m.bottom}
+                : SheetRect{area.left * w, area.top * h, area.width * w, area.height * h};
+        plot.left = std::round(plot.left);
+        plot.top = std::round(plot.top);
+        plot.width = std::max(std::round(plot.width), kLeastPlot);
+        plot.height = std::max(std::round(plot.height), kLeastPlot);
+        return plot;
     }
 
     void makeTicks() {
@@ -103,12 +108,7 @@ class LayoutMaker {
         sheet_.x.ticks = along(chart_.x, sheet_.window.x, sheet_.plot.width, false);
         sheet_.y.ticks = along(chart_.y, sheet_.window.y, sheet_.plot.height, true);
         if (chart_.y2.shown)
-            sheet_.y2.ticks = along(chart_.y2, y2Range(), sheet_.plot.height, true);
-    }
-
-    Range y2Range() const {
-        const Range own{chart_.y2.min, chart_.y2.max};
-        return own.min < own.max && !chart_.y2.automatic ? own : sheet_.window.y;
+            sheet_.y2.ticks = along(chart_.y2, SecondRange(chart_), sheet_.plot.height, true);
     }
 
     TextSize widestNumber(const Ticks& ticks, const Axis& axis) const {
@@ -156,6 +156,9 @@ class LayoutMaker {
                        y2Title = titleSize(chart_.y2);
         m.bottom += xNumbers_ + captionHeight(chart_.footer);
         if (xTitle.height > 0) m.bottom += xTitle.height + kTextGap;
+        // Half of the first and the last number of x overhang the plot area.
+        yNumbers_ = std::max(yNumbers_, xNumber.width / 2 - kEdge / 2);
+        y2Numbers_ = std::max(y2Numbers_, xNumber.width / 2 - kEdge / 2);
         m.left += yNumbers_;
         m.top += captionHeight(chart_.header);
         // A title that lies across stands above its axis.
@@ -165,8 +168,6 @@ class LayoutMaker {
             m.top += yTitle.height + kTextGap;
         m.right += y2Numbers_;
         if (y2Title.height > 0) m.right += y2Title.width + kTextGap;
-        // Half of the last number of x overhangs the plot area.
-        m.right = std::max(m.right, xNumber.width / 2 + 4);
         m.top = std::max(m.top, yNumber.height / 2 + 4);
         if (chart_.legend.shown && chart_.legend.anchor == LegendAnchor::OutsideEast)
             m.right += sheet_.legend.width + kTextGap;
@@ -188,6 +189,14 @@ class LayoutMaker {
         if (axis.logarithmic) out.fineGrid = out.ticks.minor;
     }
 
+    /// Inside the plot area the other axis would run through the number at the crossing.
+    template <class Pixel>
+    static void clearNumberAtCrossing(Ticks& ticks, double crossing, Pixel pixel) {
+        if (crossing <= 0) return;
+        for (Tick& tick : ticks.major)
+            if (std::abs(pixel(tick.value) - crossing) < 6) tick.text.clear();
+    }
+
     void placeAxes() {
         const SheetRect& p = sheet_.plot;
         makeGrid(chart_.x, sheet_.window.x, sheet_.x);
@@ -195,6 +204,10 @@ class LayoutMaker {
         sheet_.x.line = p.bottom() - xAxisInside();
         sheet_.y.line = p.left + yAxisInside();
         sheet_.y2.line = p.right();
+        clearNumberAtCrossing(sheet_.x.ticks, yAxisInside(),
+                              [&](double value) { return scale_.u(value) * p.width; });
+        clearNumberAtCrossing(sheet_.y.ticks, xAxisInside(),
+                              [&](double value) { return scale_.v(value) * p.height; });
         const double reach = kNumberReach;
         sheet_.x.numbers = {p.left, sheet_.x.line - 3, p.width,
                             reach + 3 + widestNumber(sheet_.x.ticks, chart_.x).height};
@@ -370,10 +383,95 @@ class LayoutMaker {
     const MeasureText& measure_;
     WindowScale scale_;
     Sheet2D sheet_;
+    /// What numbers take outside the plot area below, left and right of it.
     double xNumbers_ = 0, yNumbers_ = 0, y2Numbers_ = 0;
 };
 
+/// The part of the segment a-b inside the rectangle as parameters 0..1 (Liang and Barsky).
+std::optional<std::array<double, 2>> insidePart(const SheetRect& r, SheetPoint a, SheetPoint b) {
+    double t0 = 0, t1 = 1;
+    const double dx = b.x - a.x, dy = b.y - a.y;
+    const std::array<std::array<double, 2>, 4> edges{
+        {{-dx, a.x - r.left}, {dx, r.right() - a.x}, {-dy, a.y - r.top}, {dy, r.bottom() - a.y}}};
+    for (const auto& [p, q] : edges) {
+        if (p == 0) {
+            if (q < 0) return std::nullopt;
+            continue;
+        }
+        if (p < 0)
+            t0 = std::max(t0, q / p);
+        else
+            t1 = std::min(t1, q / p);
+    }
+    if (t0 > t1) return std::nullopt;
+    return std::array{t0, t1};
+}
+
 }  // namespace
+
+namespace {
+
+/// Collects the visible pieces of a line point by point.
+class LineCutter {
+  public:
+    explicit LineCutter(const SheetRect& plot) : plot_(plot) {}
+
+    void interrupt() { hasLast_ = open_ = false; }
+
+    void add(SheetPoint here) {
+        if (hasLast_) addSegment(here);
+        last_ = here;
+        hasLast_ = true;
+    }
+
+    std::vector<std::vector<SheetPoint>> take() { return std::move(lines_); }
+
+  private:
+    void addSegment(SheetPoint here) {
+        const auto part = insidePart(plot_, last_, here);
+        if (!part) {
+            open_ = false;
+            return;
+        }
+        const auto at = [&](double t) {
+            return SheetPoint{last_.x + t * (here.x - last_.x), last_.y + t * (here.y - last_.y)};
+        };
+        const auto [from, to] = *part;
+        if (!open_ || from > 0) lines_.push_back({at(from)});
+        lines_.back().push_back(to == 1 ? here : at(to));
+        open_ = to == 1;
+    }
+
+    SheetRect plot_;
+    SheetPoint last_;
+    bool hasLast_ = false;
+    bool open_ = false;  // the last line goes on at `last_`
+    std::vector<std::vector<SheetPoint>> lines_;
+};
+
+}  // namespace
+
+std::vector<std::vector<SheetPoint>> VisibleLines(const Chart2D& chart, const Series& series,
+                                                  const SheetRect& plot) {
+    const SheetScale scale(chart, plot);
+    const Window& window = scale.window().window();
+    const auto onAxis = [&](float value, const Axis& axis, const Range& range) -> double {
+        // Far enough below the window that a line to it leaves at its edge.
+        const bool below = series.isReference && axis.logarithmic && !(value > 0);
+        return below ? range.min * 1e-6 : value;
+    };
+    LineCutter cutter(plot);
+    for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
+        const SheetPoint here{scale.x(onAxis(series.x[i], chart.x, window.x)),
+                              scale.y(onAxis(series.y[i], chart.y, window.y))};
+        if (IsShown(series.x[i]) && IsShown(series.y[i]) && std::isfinite(here.x) &&
+            std::isfinite(here.y))
+            cutter.add(here);
+        else
+            cutter.interrupt();
+    }
+    return cutter.take();
+}
 
 Sheet2D LayOut(const Chart2D& chart, double width, double height, const MeasureText& measure) {
     return LayoutMaker(chart, width, height, measure).make();

@@ -71,6 +71,35 @@ struct Sheet2D {
 
 Sheet2D LayOut(const Chart2D& chart, double width, double height, const MeasureText& measure);
 
+/// A place on a sheet in pixels, y down.
+struct SheetPoint {
+    double x = 0, y = 0;
+    friend bool operator==(const SheetPoint&, const SheetPoint&) = default;
+};
+
+/// Pixels of data values on a sheet.
+class SheetScale {
+  public:
+    SheetScale(const Chart2D& chart, const SheetRect& plot) : scale_(chart), plot_(plot) {}
+    double x(double value) const { return plot_.left + scale_.u(value) * plot_.width; }
+    double y(double value) const { return plot_.bottom() - scale_.v(value) * plot_.height; }
+    double valueOfX(double pixel) const { return scale_.x((pixel - plot_.left) / plot_.width); }
+    double valueOfY(double pixel) const {
+        return scale_.y((plot_.bottom() - pixel) / plot_.height);
+    }
+    const WindowScale& window() const { return scale_; }
+
+  private:
+    WindowScale scale_;
+    SheetRect plot_;
+};
+
+/// The lines of a series inside the plot area, cut at its edges, so that they need no clipping
+/// where they are painted. Holes, and values not above 0 on a logarithmic axis, interrupt them; a
+/// reference line from below 0 begins at the edge of a logarithmic axis.
+std::vector<std::vector<SheetPoint>> VisibleLines(const Chart2D& chart, const Series& series,
+                                                  const SheetRect& plot);
+
 /// Puts the label of a curve beside it at `fraction` (0..1) along the part of the curve in the
 /// window; a negative fraction takes the place that hides least. Returns false and changes
 /// nothing when the curve is not in the window.

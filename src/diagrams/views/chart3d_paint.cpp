@@ -1,9 +1,9 @@
 #include "diagrams/views/chart3d_paint.h"
 
-#include <QFontMetricsF>
 #include <QPaintEngine>
 #include <span>
 
+#include "diagrams/chart/scene3d.h"
 #include "diagrams/views/chart_qt.h"
 
 namespace chart {
@@ -99,28 +99,7 @@ void paintMarker(QPainter& painter, const SceneMarker& marker) {
     painter.drawEllipse(QPointF(marker.centre.x, marker.centre.y), marker.radius, marker.radius);
 }
 
-void paintText(QPainter& painter, const SceneText& text) {
-    painter.save();
-    painter.setFont(ToQt(text.font));
-    painter.setPen(ToQt(text.colour));
-    painter.translate(text.centre.x, text.centre.y);
-    if (text.rotation != 0) painter.rotate(-text.rotation);
-    const QString words = ToQt(text.text);
-    const QSizeF size = QFontMetricsF(painter.font()).size(0, words);
-    // The box is wider than the text, so that another device's metrics never clip it.
-    const QRectF box(-size.width(), -size.height(), 2 * size.width(), 2 * size.height());
-    painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, words);
-    painter.restore();
-}
-
 }  // namespace
-
-MeasureText QtTextMeasure() {
-    return [](const std::string& text, const Font& font) {
-        const QSizeF size = QFontMetricsF(ToQt(font)).size(0, ToQt(text));
-        return TextSize{size.width(), size.height()};
-    };
-}
 
 void PaintChart3D(QPainter& painter, const QRectF& rect, const Chart3D& chart) {
     if (rect.width() < 1 || rect.height() < 1) return;
@@ -133,7 +112,9 @@ void PaintChart3D(QPainter& painter, const QRectF& rect, const Chart3D& chart) {
     ShapePainter(painter, scene).paint();
     painter.setRenderHint(QPainter::Antialiasing, true);
     for (const SceneMarker& marker : scene.markers) paintMarker(painter, marker);
-    for (const SceneText& text : scene.texts) paintText(painter, text);
+    for (const SceneText& text : scene.texts)
+        PaintText(painter, {text.centre.x, text.centre.y}, text.text, text.font, text.colour,
+                  text.rotation);
     painter.restore();
 }
 

@@ -4,15 +4,11 @@
 #include <QRectF>
 
 #include "diagrams/chart/chart3d.h"
-#include "diagrams/chart/scene3d.h"
 
 namespace chart {
 
 /// Paints the chart into `rect`. Works on every painter: widgets, images, files, printers. A unit
 /// of the painter's coordinates is taken for 1/96 inch.
 void PaintChart3D(QPainter& painter, const QRectF& rect, const Chart3D& chart);
-
-/// Sizes of texts as `PaintChart3D` sets them.
-MeasureText QtTextMeasure();
 
 }  // namespace chart
