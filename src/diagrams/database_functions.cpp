@@ -186,7 +186,7 @@ ValueRange ValueRangeOf(std::int16_t code) {
     const double atLow = end_value(code, validity.low).value_or(0);
     const double atHigh = end_value(code, validity.high).value_or(0);
     ValueRange r{std::min(atLow, atHigh), std::max(atLow, atHigh)};
-    if (r.low == r.high) {
+    if (static_cast<float>(r.low) == static_cast<float>(r.high)) {
         const double margin = is_density(code) ? 10.0 : std::max(0.1 * std::fabs(r.high), 1e-6);
         r.low -= margin;
         r.high += margin;
