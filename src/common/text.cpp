@@ -9,7 +9,9 @@ namespace text {
 
 namespace {
 
-bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\0'; }
+bool is_blank(char c) {
+    return c == ' ' || c == '\t' || c == '\0';
+}
 
 /// Conversion by iconv; a byte or character without counterpart becomes '?'.
 std::string convert(std::string_view s, const char* from, const char* to) {
@@ -49,7 +51,9 @@ std::string TrimLeft(std::string_view s) {
     return std::string(s);
 }
 
-std::string Trim(std::string_view s) { return TrimLeft(TrimRight(s)); }
+std::string Trim(std::string_view s) {
+    return TrimLeft(TrimRight(s));
+}
 
 std::string RemoveBlanks(std::string_view s) {
     std::string r;
@@ -116,10 +120,18 @@ std::string PadLeft(std::string_view s, std::size_t width) {
     return (n < width ? std::string(width - n, ' ') : std::string()) + std::string(s);
 }
 
-std::string FromAnsi(std::string_view bytes) { return convert(bytes, "CP1252", "UTF-8"); }
-std::string ToAnsi(std::string_view s) { return convert(s, "UTF-8", "CP1252"); }
-std::string FromOem(std::string_view bytes) { return convert(bytes, "CP850", "UTF-8"); }
-std::string ToOem(std::string_view s) { return convert(s, "UTF-8", "CP850"); }
+std::string FromAnsi(std::string_view bytes) {
+    return convert(bytes, "CP1252", "UTF-8");
+}
+std::string ToAnsi(std::string_view s) {
+    return convert(s, "UTF-8", "CP1252");
+}
+std::string FromOem(std::string_view bytes) {
+    return convert(bytes, "CP850", "UTF-8");
+}
+std::string ToOem(std::string_view s) {
+    return convert(s, "UTF-8", "CP850");
+}
 
 std::vector<std::string> Lines(std::string_view s) {
     std::vector<std::string> lines;

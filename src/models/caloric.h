@@ -29,12 +29,24 @@ struct IdealGasState {
 IdealGasState IdealGasFunctions(double T, double p);
 
 /// Columns of the residual table.
-enum Residual { LnPhi, DLnPhi, D2LnPhi, ResS, ResH, ResG, ResCp, JouleThomson, Cv, Cp, SpeedOfSound };
+enum Residual {
+    LnPhi,
+    DLnPhi,
+    D2LnPhi,
+    ResS,
+    ResH,
+    ResG,
+    ResCp,
+    JouleThomson,
+    Cv,
+    Cp,
+    SpeedOfSound
+};
 
 /// One row: derivatives of p(T, v) and residual functions of a phase.
 struct PhaseTable {
-    std::array<double, 7> first{};     ///< columns 1 to 6; element 0 unused
-    std::array<double, 4> second{};    ///< columns 1 to 3: d2p/dV2, d2V/dT2, d2T/dV2
+    std::array<double, 7> first{};      ///< columns 1 to 6; element 0 unused
+    std::array<double, 4> second{};     ///< columns 1 to 3: d2p/dV2, d2V/dT2, d2T/dV2
     std::array<double, 11> residual{};  ///< columns 0 to 10, index `Residual`
     bool filled = false;
 };
@@ -51,8 +63,8 @@ struct StateValues {
 StateValues StateFunctions(double T, double p, double v);
 
 struct SaturationValues {
-    double p = 0;            ///< kPa
-    double vV = 0, vL = 0;   ///< m^3/kmol
+    double p = 0;           ///< kPa
+    double vV = 0, vL = 0;  ///< m^3/kmol
     StateValues V, L;
     Status status = kSuccess;
 };
@@ -60,8 +72,8 @@ struct SaturationValues {
 SaturationValues SaturationFunctions(double T);
 
 struct Inflexion {
-    int count = 0;                       ///< 0, 1 or 2
-    std::array<double, 2> v{}, p{};      ///< m^3/kmol, kPa
+    int count = 0;                             ///< 0, 1 or 2
+    std::array<double, 2> v{}, p{};            ///< m^3/kmol, kPa
     std::array<double, 2> secondDerivative{};  ///< d2p/dv2 at v
 };
 /// Points of inflexion of the p-v isotherm at T/K, ascending in v.

@@ -9,13 +9,13 @@
 namespace Calc {
 
 struct EnthalpyOfVaporisationResult {
-    std::int32_t h = 0;  ///< kJ/kmol, rounded to a whole number
-    double raw = 0;      ///< before rounding
-    double T = 0, p = 0;             ///< K and kPa at which it was evaluated
-    double zV = 0, zL = 0;           ///< compressibility factors (methods 5, 6)
-    double rhoV = 0, rhoL = 0;       ///< kg/m^3 (methods 5, 6, 7)
-    std::int16_t deviation = 0;      ///< K outside the range of method 1
-    std::string explanation;         ///< how T, p and the result were obtained
+    std::int32_t h = 0;          ///< kJ/kmol, rounded to a whole number
+    double raw = 0;              ///< before rounding
+    double T = 0, p = 0;         ///< K and kPa at which it was evaluated
+    double zV = 0, zL = 0;       ///< compressibility factors (methods 5, 6)
+    double rhoV = 0, rhoL = 0;   ///< kg/m^3 (methods 5, 6, 7)
+    std::int16_t deviation = 0;  ///< K outside the range of method 1
+    std::string explanation;     ///< how T, p and the result were obtained
     Status status = kSuccess;
 };
 

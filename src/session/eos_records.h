@@ -24,11 +24,11 @@ struct EOSState {
 
 /// Parameters of the two Ji/Torvik forms.
 struct JiTorvikParameters {
-    double jtA0 = 0;                                       ///< a factor
-    double jtK = 0;                                        ///< volume temperature factor, form II
-    double jtZc = 0;                                       ///< critical compressibility factor
-    double jtM = 0, jtP = 0, jtQ = 0;                      ///< factors of the alpha function
-    double jtOmegaA = 0, jtOmegaB = 0, jtOmegaC = 0;       ///< computed coefficients
+    double jtA0 = 0;                                  ///< a factor
+    double jtK = 0;                                   ///< volume temperature factor, form II
+    double jtZc = 0;                                  ///< critical compressibility factor
+    double jtM = 0, jtP = 0, jtQ = 0;                 ///< factors of the alpha function
+    double jtOmegaA = 0, jtOmegaB = 0, jtOmegaC = 0;  ///< computed coefficients
 };
 
 }  // namespace Declare

@@ -80,7 +80,7 @@ struct Session {
     std::int16_t BatchCount = 0;
     std::string BatchFile;
     std::string BatchComment;
-    std::string BatchCasrn;  ///< CASRN of the batch file's substance
+    std::string BatchCasrn;          ///< CASRN of the batch file's substance
     std::int16_t FitDataSource = 0;  ///< 1: the data editor, else the XY editor
     std::int16_t FitColumn = 1;      ///< 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
     bool ResultsOutdated = false;
