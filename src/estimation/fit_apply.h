@@ -22,7 +22,8 @@ void ApplyFit(const FitState& state);
 // Targets of the models in the record.
 void ApplyAntoine(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
 void ApplyFrost(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
-void ApplyFrostThodos(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
+void ApplyFrostThodos(const Parameters& par, const AppliedRange& range,
+                      Declare::SubstanceRecord& s);
 void ApplyRiedel(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
 void ApplyWagner(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
 void ApplyRackett(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
@@ -32,7 +33,8 @@ void ApplyDensityPolynomial(const Parameters& par, const AppliedRange& range,
 void ApplyMajer(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
 void ApplyDipprVaporisation(const Parameters& par, const AppliedRange& range,
                             Declare::SubstanceRecord& s);
-void ApplyCpPolynomial(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
+void ApplyCpPolynomial(const Parameters& par, const AppliedRange& range,
+                       Declare::SubstanceRecord& s);
 void ApplyShomate(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
 void ApplyCpSinh(const Parameters& par, const AppliedRange& range, Declare::SubstanceRecord& s);
 

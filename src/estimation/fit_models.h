@@ -24,8 +24,8 @@ struct LinearisedPoint {
     Parameters coefficient{};
     double target = 0;
 };
-using Linearisation = bool (*)(double x, double y, const Parameters& par, const ModelContext& context,
-                               LinearisedPoint& row);
+using Linearisation = bool (*)(double x, double y, const Parameters& par,
+                               const ModelContext& context, LinearisedPoint& row);
 
 /// Range of values that is searched for a parameter that enters non-linearly.
 struct SearchRange {
@@ -47,28 +47,28 @@ using Application = void (*)(const Parameters& par, const AppliedRange& range,
 struct FitModelRow {
     std::int16_t number = 0;
     FitTab tab = FitTab::General;
-    std::string_view name;            ///< caption of the option
+    std::string_view name{};  ///< caption of the option
     std::int16_t NPar = 0;
-    Parameters start{};               ///< natural form
-    Parameters startLg{};             ///< decadic form
+    Parameters start{};    ///< natural form
+    Parameters startLg{};  ///< decadic form
     Parameters scale{1, 1, 1, 1, 1, 1, 1};
-    Flags fixed{};                    ///< held when the model is chosen
-    std::array<std::string_view, kMaxPar> labels{"A = ", "B = ", "C = ", "D = ",
-                                                 "E = ", "F = ", "G = "};
-    std::string_view caption;         ///< of the equation
-    std::string_view captionLg;       ///< empty: there is no decadic form
-    std::string_view remark;          ///< second line of the caption
+    Flags fixed{};  ///< held when the model is chosen
+    std::array<std::string_view, kMaxPar> labels{
+        "A = ", "B = ", "C = ", "D = ", "E = ", "F = ", "G = "};
+    std::string_view caption{};    ///< of the equation
+    std::string_view captionLg{};  ///< empty: there is no decadic form
+    std::string_view remark{};     ///< second line of the caption
     bool needsTcr = false, needsPcr = false;
-    int computed = -1;                ///< parameter that follows from the others
+    int computed = -1;  ///< parameter that follows from the others
     ModelFunction model = nullptr;
-    BasisFunction basis = nullptr;    ///< linear models only
+    BasisFunction basis = nullptr;  ///< linear models only
     Linearisation linearised = nullptr;
-    Flags logged{};                   ///< parameters whose logarithm is the linear one
+    Flags logged{};  ///< parameters whose logarithm is the linear one
     std::array<SearchRange, 2> search{};
-    Application apply = nullptr;      ///< nullptr: results have no place in the record
-    Flags logarithmic{};              ///< parameters divided by ln 10 for the decadic form
-    std::string_view appliedTo;       ///< last line of the message of a vapour pressure set
-    std::string_view extended;        ///< the line before it
+    Application apply = nullptr;  ///< nullptr: results have no place in the record
+    Flags logarithmic{};          ///< parameters divided by ln 10 for the decadic form
+    std::string_view appliedTo{};   ///< last line of the message of a vapour pressure set
+    std::string_view extended{};    ///< the line before it
 };
 
 /// All models in the order of the view.
@@ -78,11 +78,12 @@ const FitModelRow* FindModel(std::int16_t number);
 
 /// Start values of a model. `Tcr` is the critical temperature in K that two of them follow.
 Parameters StartValues(const FitModelRow& row, bool lg, double Tcr);
-/// The parameter D that goes with B in models 5 and 6.
-std::string_view UnitText(FitTab tab);  ///< units line of a tab, empty for none
+/// The line of units that belongs to the models of a tab, empty for none.
+std::string_view UnitText(FitTab tab);
 
-/// Sets model, number of parameters, start values, scales, fixed marks and the fields of Tcr and pcr;
-/// results of earlier fits are dropped. False, with nothing changed, for a number without a model.
+/// Sets model, number of parameters, start values, scales, fixed marks and the fields of Tcr and
+/// pcr; results of earlier fits are dropped. False, with nothing changed, for a number without a
+/// model.
 bool ChooseModel(FitState& state, std::int16_t number, const Declare::SubstanceRecord& substance);
 
 /// L, Tcr and pcr of a state.

@@ -20,7 +20,9 @@ inline constexpr float kInactive = -1.0F;
 /// A standard deviation that could not be had.
 inline constexpr double kNoStdDev = -9999.0;
 
-inline bool IsActive(const Declare::FitPoint& point) { return point.mark != kInactive; }
+inline bool IsActive(const Declare::FitPoint& point) {
+    return point.mark != kInactive;
+}
 
 /// What a model needs beside its parameters.
 struct ModelContext {
@@ -31,7 +33,8 @@ struct ModelContext {
 
 /// y(x) of a model with its parameters in their own units. False on a failure (overflow, logarithm
 /// of a negative number, division by zero, outside of the model's range); y is then meaningless.
-using ModelFunction = bool (*)(double x, const Parameters& par, const ModelContext& context, double& y);
+using ModelFunction = bool (*)(double x, const Parameters& par, const ModelContext& context,
+                               double& y);
 
 /// One least-squares problem as the engines see it. Parameters are handed to the engines in scaled
 /// form: the model sees them times their scale. The points must outlive the problem.
@@ -42,9 +45,9 @@ struct FitProblem {
     std::int16_t NInactive = 0;  ///< how many of the points are inactive
     std::int16_t nPar = 0;
     Parameters scale{1, 1, 1, 1, 1, 1, 1};
-    Flags fixed{};               ///< held at the start value
-    bool logarithmic = false;    ///< residuals are differences of logarithms
-    int failedEvaluations = 0;   ///< counted up by every evaluation that fails
+    Flags fixed{};              ///< held at the start value
+    bool logarithmic = false;   ///< residuals are differences of logarithms
+    int failedEvaluations = 0;  ///< counted up by every evaluation that fails
 };
 
 /// y(calc) of one x with scaled parameters; false on a failure.

@@ -11,19 +11,20 @@ namespace estimation {
 /// The phase that a fitted heat capacity belongs to (`optcpPhase`).
 enum class CpPhase : std::uint8_t { IdealGas, Liquid, Solid };
 
-/// What a fit says beside its parameters, standard deviations and sums. Values that could not be had
-/// are `kNoStdDev`.
+/// What a fit says beside its parameters, standard deviations and sums. Values that could not be
+/// had are `kNoStdDev`.
 struct FitReport {
-    int failedEvaluations = 0;   ///< evaluations of the function that failed during the fit
-    int failedPoints = 0;        ///< active points at which the fitted function fails
-    bool endedAtLimit = false;   ///< of evaluations or matrices
-    bool singular = false;       ///< the normal matrix
-    bool endedAtStart = false;   ///< no step lowered the sum of squares
-    Flags onBound{};             ///< parameters that rest on a bound
-    Flags withoutInfluence{};    ///< free parameters that the function does not depend on
+    int failedEvaluations = 0;  ///< evaluations of the function that failed during the fit
+    int failedPoints = 0;       ///< active points at which the fitted function fails
+    bool endedAtLimit = false;  ///< of evaluations or matrices
+    bool singular = false;      ///< the normal matrix
+    bool endedAtStart = false;  ///< no step lowered the sum of squares
+    Flags onBound{};            ///< parameters that rest on a bound
+    Flags withoutInfluence{};   ///< free parameters that the function does not depend on
 
-    int freedom = 0;             ///< degrees of freedom of the confidence intervals
-    Parameters halfWidth{};      ///< half width of the 95 % confidence interval of each parameter
+    int freedom = 0;         ///< degrees of freedom of the confidence intervals
+    Parameters stdDev{};     ///< standard deviations from all active points
+    Parameters halfWidth{};  ///< half width of the 95 % confidence interval of each parameter
     bool hasCorrelation = false;
     std::array<Parameters, kMaxPar> correlation{};  ///< of the adjusted parameters, else 0
 
@@ -42,20 +43,20 @@ struct FitState {
     std::vector<Declare::FitPoint> FitPoints;
     bool fromTpvEditor = false;  ///< where the points come from, else the XY editor
 
-    Parameters FitStart{};       ///< the start fields
-    Parameters FitPar{};         ///< results
-    Parameters FitStdDev{};      ///< standard deviations
-    Parameters FitScale{};       ///< scale of each parameter, fixed per model
-    Flags FitFixed{};            ///< held at the start value (`chkFix`)
-    bool FitLogSQ = false;       ///< residuals as difference of logarithms (`optLogFit`)
-    bool lg = false;             ///< decadic form of a vapour pressure equation (`chkLg`)
-    double Tcr = 0;              ///< K, field of the models that need it
-    double pcr = 0;              ///< kPa
+    Parameters FitStart{};   ///< the start fields
+    Parameters FitPar{};     ///< results
+    Parameters FitStdDev{};  ///< standard deviations
+    Parameters FitScale{};   ///< scale of each parameter, fixed per model
+    Flags FitFixed{};        ///< held at the start value (`chkFix`)
+    bool FitLogSQ = false;   ///< residuals as difference of logarithms (`optLogFit`)
+    bool lg = false;         ///< decadic form of a vapour pressure equation (`chkLg`)
+    double Tcr = 0;          ///< K, field of the models that need it
+    double pcr = 0;          ///< kPa
     CpPhase cpPhase = CpPhase::IdealGas;
 
-    bool fitted = false;         ///< results of a fit stand in the view
-    double SQ = 0;               ///< sum of squares
-    double sR = 0;               ///< residual standard deviation
+    bool fitted = false;  ///< results of a fit stand in the view
+    double SQ = 0;        ///< sum of squares
+    double sR = 0;        ///< residual standard deviation
     FitReport report;
 };
 

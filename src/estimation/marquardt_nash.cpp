@@ -8,13 +8,15 @@ namespace estimation {
 namespace {
 
 constexpr double kLambdaStart = 1e-4;
-constexpr double kIncrease = 10;   // after a failed step
-constexpr double kDecrease = 4;    // dec / inc = four tenths after an accepted step
-constexpr double kPhi = 1;         // additive damping
-constexpr double kRelTest = 10;    // offset of the test of equality
-constexpr double kEps = 3e-16;     // machine precision as taken by the method
+constexpr double kIncrease = 10;  // after a failed step
+constexpr double kDecrease = 4;   // dec / inc = four tenths after an accepted step
+constexpr double kPhi = 1;        // additive damping
+constexpr double kRelTest = 10;   // offset of the test of equality
+constexpr double kEps = 3e-16;    // machine precision as taken by the method
 
-bool IsFree(Mask m) { return m == Mask::Free; }
+bool IsFree(Mask m) {
+    return m == Mask::Free;
+}
 
 /// All that one run of the search works on.
 struct Search {
@@ -22,21 +24,22 @@ struct Search {
     std::size_t n;
     int evaluationLimit;
     std::array<Mask, kMaxPar> mask{};
-    int masked = 0;        // fixed parameters
-    Parameters B{};        // present parameters
-    Parameters X{};        // best so far
-    Parameters g{};        // gradient
-    Parameters delta{};    // step
-    PackedMatrix A{};      // damped and factorised
-    PackedMatrix C{};      // undamped
+    int masked = 0;      // fixed parameters
+    Parameters B{};      // present parameters
+    Parameters X{};      // best so far
+    Parameters g{};      // gradient
+    Parameters delta{};  // step
+    PackedMatrix A{};    // damped and factorised
+    PackedMatrix C{};    // undamped
     double lambda = kLambdaStart;
-    double sum = 0;        // at the last parameters evaluated
-    double best = 0;       // at X
-    double residual = 0;   // of the last point evaluated
+    double sum = 0;       // at the last parameters evaluated
+    double best = 0;      // at X
+    double residual = 0;  // of the last point evaluated
     MarquardtResult result{};
 
     explicit Search(FitProblem& p)
-        : problem(p), n(static_cast<std::size_t>(p.nPar)),
+        : problem(p),
+          n(static_cast<std::size_t>(p.nPar)),
           evaluationLimit(kEvaluationsPerParameter * p.nPar) {}
 
     /// Masks from the fixed marks; starts outside of the bounds move to them.
@@ -252,7 +255,8 @@ bool FactorisePacked(PackedMatrix& a, int n, const std::array<Mask, kMaxPar>& ma
             if (!(pivot > 0) || !std::isfinite(pivot)) return false;
             f = 1 / std::sqrt(pivot);
         }
-        for (std::size_t i = j; i < size; ++i) a[PackedIndex(i, j)] = f == 0 ? 0 : f * a[PackedIndex(i, j)];
+        for (std::size_t i = j; i < size; ++i)
+            a[PackedIndex(i, j)] = f == 0 ? 0 : f * a[PackedIndex(i, j)];
     }
     return true;
 }

@@ -13,13 +13,15 @@ using constants::kZeroCelsius;
 
 constexpr double kSmallestPressure = 1e-120;  // kPa
 constexpr double kSmallestSlope = 1e-50;
-constexpr double kPressureTolerance = 1e-7;   // relative
+constexpr double kPressureTolerance = 1e-7;  // relative
 constexpr int kPressureSteps = 900;
-constexpr double kLargestWagner = 50;         // |X sum| of the Wagner equation
-constexpr double kSmallestProduct = 1e-35;    // |B C D E| of the sinh/cosh function
+constexpr double kLargestWagner = 50;       // |X sum| of the Wagner equation
+constexpr double kSmallestProduct = 1e-35;  // |B C D E| of the sinh/cosh function
 constexpr double kPresent = constants::kPresent;
 
-bool Finite(double y) { return std::isfinite(y); }
+bool Finite(double y) {
+    return std::isfinite(y);
+}
 
 double CubicValue(double T, const Parameters& par) {
     return par[0] + T * (par[1] + T * (par[2] + T * par[3]));
@@ -27,8 +29,12 @@ double CubicValue(double T, const Parameters& par) {
 
 }  // namespace
 
-double sinh(double x) { return (std::exp(x) - std::exp(-x)) * 0.5; }
-double cosh(double x) { return (std::exp(x) + std::exp(-x)) * 0.5; }
+double sinh(double x) {
+    return (std::exp(x) - std::exp(-x)) * 0.5;
+}
+double cosh(double x) {
+    return (std::exp(x) + std::exp(-x)) * 0.5;
+}
 
 double ThodosD(double B, const ModelContext& context) {
     // D = 1.80 B/Tcr + 2.67 with B of the decadic form.

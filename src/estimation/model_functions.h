@@ -4,8 +4,8 @@
 
 #include "estimation/fit_problem.h"
 
-/// The correlations that can be fitted, y = f(x; A, B, ...), as plain functions. x is T/K but for the
-/// two general models. They return false on a failure (see `ModelFunction`).
+/// The correlations that can be fitted, y = f(x; A, B, ...), as plain functions. x is T/K but for
+/// the two general models. They return false on a failure (see `ModelFunction`).
 namespace estimation {
 
 struct PressureResult {
