@@ -6,6 +6,7 @@
 #include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "models/validity.h"
 
 namespace Calc {
 
@@ -26,20 +27,6 @@ double log10_of(double x) {
 }
 double exp10_of(double x) {
     return std::exp(kLn10 * x);
-}
-
-struct Bounds {
-    std::int16_t TLo = 0, THi = 0;
-};
-
-/// Whole kelvins outside a range, negative below it.
-std::int16_t deviation_of(double T, Bounds range) {
-    const double d = T < range.TLo ? T - range.TLo : T > range.THi ? T - range.THi : 0.0;
-    return static_cast<std::int16_t>(std::clamp(numbers::RoundHalfEven(d), -32768.0, 32767.0));
-}
-
-bool both_given(Bounds range) {
-    return range.TLo > 0 && range.THi > 0;
 }
 
 const VPSetAntoine* antoine_set(const SubstanceRecord& s, std::string_view code) {

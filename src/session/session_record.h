@@ -73,6 +73,7 @@ struct Session {
     std::int16_t ProtocolOpen = 0;  ///< number of columns written to the protocol store
     bool ProtocolPending = false;   ///< unwritten columns exist
     std::string DatabaseFile;
+    std::string DatabasePath;  ///< the file whose lists are loaded, with its folder
     bool DatabaseLoaded = false;
     std::int16_t SubstanceCount = 0;
     std::int16_t CurrentSubstance = 0;
@@ -96,6 +97,7 @@ struct Session {
     bool TipsRequested = false;
     bool Diagram2DNotePending = true;
     bool ProjectNotePending = true;
+    bool SynonymNotePending = true;  ///< the note of a missing synonym file is still to come
     std::int16_t BusyDepth = 0;
     std::int16_t SavedPointer = 0;
 

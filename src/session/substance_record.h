@@ -34,6 +34,8 @@ struct VPSetAugust {
 struct CpSet {
     std::array<float, 5> c{};
     std::int16_t TLo = 0, THi = 0;
+
+    bool operator==(const CpSet&) const = default;
 };
 
 /// Everything the models need of the one selected substance. Units: K, kPa, kg/kmol, kg/m^3,
