@@ -1,13 +1,14 @@
 #include "datafiles/substance_editor.h"
 
 #include <cmath>
-#include <cstdio>
 
 #include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "datafiles/cell_numbers.h"
+#include "datafiles/substance_slots.h"
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
@@ -18,21 +19,18 @@ namespace LoadSaveData {
 namespace {
 
 using constants::kPresent;
-using Declare::CpSet;
 using Declare::SubstanceRecord;
 
 constexpr const char* kEmpty = "<>";
 constexpr const char* kZero = " 0";
 constexpr const char* kStoredZeroText = "1E-37";
-/// A real zero as the files hold it; 0 itself means that there is no value.
-constexpr double kStoredZero = 1e-37;
+/// Up to this a value is the real zero of the files, 1E-37; 0 itself means that there is no value.
 constexpr double kLargestStoredZero = 2e-37;
 
 constexpr int kTboil = 1;
 constexpr int kTcrit = 4;
 constexpr int kPcrit = 5;
 constexpr int kCpSinhC2 = 37;
-constexpr std::size_t kCasrnLength = 12;
 
 /// The first field of a correlated set and its number of fields.
 struct FieldBlock {
@@ -56,40 +54,33 @@ std::string Signed(std::string number) {
     return number.front() == '-' ? number : " " + number;
 }
 
-std::string SignedText(double value, std::string (*general)(double)) {
+template <class Real>
+std::string ShownNumber(Real value) {
     if (value == 0) return kEmpty;
-    if (std::fabs(value) < kLargestStoredZero) return kZero;
-    return Signed(general(value));
+    if (std::fabs(static_cast<double>(value)) < kLargestStoredZero) return kZero;
+    const std::string general = numbers::GeneralPoint(value);
+    const bool whole = static_cast<Real>(numbers::Val(general)) == value;
+    return Signed(whole ? general : Exact(value));
 }
 
-/// The shortest of 7, 8 or 9 digits that reads back as the same 32-bit value.
-std::string SingleDigits(double value) {
-    constexpr int kAlwaysEnough = 9;
-    char digits[32];
-    for (int count = 7; count <= kAlwaysEnough; ++count) {
-        std::snprintf(digits, sizeof digits, "%.*G", count, value);
-        if (static_cast<float>(numbers::Val(digits)) == static_cast<float>(value)) break;
+/// A value of the record as the editor shows it.
+struct Shown {
+    std::string operator()(float value) const { return EditorText(value); }
+    std::string operator()(double value) const { return EditorText(value); }
+    std::string operator()(std::int16_t value) const {
+        return EditorText(static_cast<float>(value));
     }
-    return digits;
+    std::string operator()(bool) const { return {}; }
+    std::string operator()(const std::string& value) const { return text::TrimRight(value); }
+};
+
+std::string ShownText(const EditorField& field, const SubstanceRecord& s) {
+    return std::visit(Shown{}, ValueOf(s, PlaceOf(field)));
 }
 
-std::string FieldText(const EditorField& field, SubstanceRecord& s) {
-    return std::visit(
-        [](auto* value) -> std::string {
-            using Value = std::remove_pointer_t<decltype(value)>;
-            if constexpr (std::is_same_v<Value, std::string>)
-                return text::TrimRight(*value);
-            else if constexpr (std::is_same_v<Value, std::int16_t>)
-                return EditorText(static_cast<float>(*value));
-            else
-                return EditorText(*value);
-        },
-        field.in(s));
-}
-
-void ShowBlock(const FieldBlock& block, SubstanceRecord& s, EditorTexts& texts) {
+void ShowBlock(const FieldBlock& block, const SubstanceRecord& s, EditorTexts& texts) {
     for (int i = block.first; i < block.first + block.count; ++i)
-        texts[static_cast<std::size_t>(i)] = FieldText(Field(i), s);
+        texts[static_cast<std::size_t>(i)] = ShownText(Field(i), s);
 }
 
 void ClearBlock(const FieldBlock& block, EditorTexts& texts) {
@@ -106,7 +97,7 @@ void CorrelateSets(SubstanceRecord& s) {
         Calc::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
 }
 
-void ShowCorrelatedSets(SubstanceRecord& s, EditorTexts& texts) {
+void ShowCorrelatedSets(const SubstanceRecord& s, EditorTexts& texts) {
     for (const FieldBlock& block : {kThompsonBlock, kVanDerWaalsBlock, kRedlichBlock})
         ShowBlock(block, s, texts);
 }
@@ -124,35 +115,23 @@ void NormaliseTexts(EditorTexts& texts) {
     }
 }
 
+/// Stores the text of a field, empty for none; throws `faults::Fault` beyond the field's range.
+struct Read {
+    std::string content;
+
+    double Number() const { return numbers::ValInput(content); }
+    void operator()(float* field) const { *field = numbers::ToSingle(Number()); }
+    void operator()(double* field) const { *field = CellNumberInput(content); }
+    void operator()(std::int16_t* field) const { *field = numbers::ToInt16(Number()); }
+    void operator()(bool*) const {}
+    void operator()(std::string* field) const { *field = content; }
+};
+
 /// Reads one field. A text that still shows the value leaves it, so that no digit is lost.
 void ReadField(const EditorField& field, const std::string& content, SubstanceRecord& s) {
-    if (content == FieldText(field, s)) return;
+    if (content == ShownText(field, s)) return;
     const std::string trimmed = text::Trim(content);
-    const double number = trimmed == kEmpty ? 0 : numbers::ValInput(trimmed);
-    std::visit(
-        [&](auto* value) {
-            using Value = std::remove_pointer_t<decltype(value)>;
-            if constexpr (std::is_same_v<Value, std::string>)
-                *value = trimmed == kEmpty ? "" : trimmed;
-            else if constexpr (std::is_same_v<Value, std::int16_t>)
-                *value = numbers::ToInt16(number);
-            else if constexpr (std::is_same_v<Value, float>)
-                *value = numbers::ToSingle(number);
-            else
-                *value = number;
-        },
-        field.in(s));
-}
-
-bool HasIdealGasCp(const CpSet& set) {
-    return std::fabs(static_cast<double>(set.TLo) * static_cast<double>(set.c[0]) *
-                     static_cast<double>(set.THi)) > kPresent;
-}
-
-bool HasCondensedCp(const CpSet& set) {
-    const bool coefficients = std::fabs(static_cast<double>(set.c[0])) > kPresent ||
-                              std::fabs(static_cast<double>(set.c[1])) > kPresent;
-    return coefficients && set.TLo > 0 && set.THi > 0;
+    std::visit(Read{trimmed == kEmpty ? "" : trimmed}, Locate(s, PlaceOf(field)));
 }
 
 /// The measured equations that a substance without an active one is searched for.
@@ -166,13 +145,12 @@ void ChooseEquation(const SubstanceRecord& s, Declare::ModelSelection& models) {
 }  // namespace
 
 std::string EditorText(float value) {
-    return EditorText(static_cast<double>(value));
+    return ShownNumber(value);
 }
 
 std::string EditorText(double value) {
-    const bool single = static_cast<double>(static_cast<float>(value)) == value;
-    return SignedText(
-        value, single ? SingleDigits : +[](double v) { return numbers::GeneralPoint(v); });
+    const float single = SingleOrZero(value);
+    return static_cast<double>(single) == value ? ShownNumber(single) : ShownNumber(value);
 }
 
 EditorTexts ShowRecord(const SubstanceRecord& substance) {
@@ -180,7 +158,7 @@ EditorTexts ShowRecord(const SubstanceRecord& substance) {
     if (HasCriticalData(s)) CorrelateSets(s);
     EditorTexts texts;
     for (const EditorField& field : EditorFieldTable())
-        texts[static_cast<std::size_t>(field.DD)] = FieldText(field, s);
+        texts[static_cast<std::size_t>(field.DD)] = ShownText(field, s);
     if (!HasCriticalData(s))
         for (const FieldBlock& block : {kThompsonBlock, kVanDerWaalsBlock, kRedlichBlock})
             ClearBlock(block, texts);
@@ -194,28 +172,12 @@ std::optional<char> FilterKey(const EditorField& field, char typed) {
     return accepted.find(typed) == std::string_view::npos ? std::nullopt : std::optional(typed);
 }
 
-void FormCpFlags(SubstanceRecord& s) {
-    constexpr float kLeastC2 = 0.1F;
-    float& C2 = s.cpSinh.c[2];
-    C2 = std::fabs(C2);
-    // C2 stands in a denominator.
-    if (std::fabs(static_cast<double>(s.cpSinh.c[0])) > kPresent &&
-        static_cast<double>(C2) < kPresent)
-        C2 = kLeastC2;
-    s.hasCpPoly = HasIdealGasCp(s.cpPoly);
-    s.hasCpSinh = HasIdealGasCp(s.cpSinh);
-    s.hasCpL = HasCondensedCp(s.cpL);
-    s.hasCpS = HasCondensedCp(s.cpS);
-}
-
 void FormDerivedValues(SubstanceRecord& s) {
-    constexpr double kReferenceT = 298.15;  // K, of the quantities of formation
-    FormCpFlags(s);
     s.FormulaCompact = text::RemoveBlanks(s.Formula);
     s.vcritExp = s.rhocrit > kPresent ? static_cast<double>(s.M) / s.rhocrit : 0;
-    const double dfh = static_cast<double>(s.dfh);
-    const double dfg = static_cast<double>(s.dfg);
-    if (std::fabs(dfh * dfg) > kPresent) s.dfs = static_cast<float>((dfh - dfg) / kReferenceT);
+    mend_sinh(s.cpSinh);
+    form_cp_flags(s);
+    form_entropy(s, s.dfs);
 }
 
 EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s,
@@ -227,7 +189,7 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s,
         try {
             ReadField(field, texts[static_cast<std::size_t>(field.DD)], s);
         } catch (const faults::Fault&) {
-            texts[static_cast<std::size_t>(field.DD)] = FieldText(field, s);
+            texts[static_cast<std::size_t>(field.DD)] = ShownText(field, s);
         }
     }
     s.CASRN = text::PadRight(s.CASRN, kCasrnLength);
@@ -255,8 +217,8 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s,
         if (content == kStoredZeroText) content = kZero;
     for (const int computed : {kTboil, kCpSinhC2})
         if (numbers::ValInput(texts[static_cast<std::size_t>(computed)]) !=
-            numbers::Val(FieldText(Field(computed), s)))
-            texts[static_cast<std::size_t>(computed)] = FieldText(Field(computed), s);
+            numbers::Val(ShownText(Field(computed), s)))
+            texts[static_cast<std::size_t>(computed)] = ShownText(Field(computed), s);
     return applied;
 }
 

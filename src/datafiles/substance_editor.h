@@ -6,11 +6,10 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 
+#include "datafiles/record_fields.h"
 #include "session/declare.h"
 
-/// All files of the system, the search for substances, and the logic of the data editors.
 namespace LoadSaveData {
 
 inline constexpr int kEditorFields = 123;  ///< fields of the substance editor, index 0 to 122
@@ -26,9 +25,6 @@ enum class EditorTab : std::uint8_t {
 };
 std::string_view EditorTabCaption(EditorTab tab);
 
-/// Where the value of a field lives in a record.
-using FieldReference = std::variant<float*, double*, std::int16_t*, std::string*>;
-
 /// One field of the editor.
 struct EditorField {
     int DD = 0;  ///< its index
@@ -36,14 +32,16 @@ struct EditorField {
     std::string_view frame;    ///< caption of its frame
     std::string_view caption;  ///< of the field itself, with its unit where there is one
     std::string_view unit;     ///< empty for numbers without a unit
+    std::string_view name;     ///< of the record's field, as `FindField` reads it
     bool editable = true;
-    FieldReference (*in)(Declare::SubstanceRecord&) = nullptr;
 
     bool IsText() const { return DD >= 83 && DD <= 85; }
 };
 
 /// All fields, ordered by their index.
 std::span<const EditorField, kEditorFields> EditorFieldTable();
+/// The place of a field in a record.
+FieldPlace PlaceOf(const EditorField& field);
 
 /// The texts of all fields by their index (`DD`).
 using EditorTexts = std::array<std::string, kEditorFields>;
@@ -61,9 +59,8 @@ EditorTexts ShowRecord(const Declare::SubstanceRecord& substance);
 /// swallows. Names take every character.
 std::optional<char> FilterKey(const EditorField& field, char typed);
 
-/// Flags, limits and values of a record that follow from others: the cp flags, |C2| of the
-/// sinh/cosh function, the critical volume and the entropy of formation.
-void FormCpFlags(Declare::SubstanceRecord& substance);
+/// Values of a record that follow from others: the compact formula, |C2| of the sinh/cosh function,
+/// the cp flags, the critical volume and the entropy of formation.
 void FormDerivedValues(Declare::SubstanceRecord& substance);
 
 /// What an application of the editor to a record did beside reading the fields.

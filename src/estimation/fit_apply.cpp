@@ -6,7 +6,7 @@
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
-#include "datafiles/substance_editor.h"
+#include "datafiles/substance_slots.h"
 #include "session/declare.h"
 
 namespace estimation {
@@ -89,7 +89,7 @@ void SetCp(SubstanceRecord& s, CpSet& set, std::initializer_list<double> values,
            const AppliedRange& range) {
     Fill(set.c, values);
     SetRange(set, range);
-    LoadSaveData::FormCpFlags(s);
+    LoadSaveData::form_cp_flags(s);
 }
 
 /// Why the results of a model have no place for the chosen phase, empty when they have one.

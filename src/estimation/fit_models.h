@@ -65,10 +65,10 @@ struct FitModelRow {
     Linearisation linearised = nullptr;
     Flags logged{};  ///< parameters whose logarithm is the linear one
     std::array<SearchRange, 2> search{};
-    Application apply = nullptr;  ///< nullptr: results have no place in the record
-    Flags logarithmic{};          ///< parameters divided by ln 10 for the decadic form
-    std::string_view appliedTo{};   ///< last line of the message of a vapour pressure set
-    std::string_view extended{};    ///< the line before it
+    Application apply = nullptr;   ///< nullptr: results have no place in the record
+    Flags logarithmic{};           ///< parameters divided by ln 10 for the decadic form
+    std::string_view appliedTo{};  ///< last line of the message of a vapour pressure set
+    std::string_view extended{};   ///< the line before it
 };
 
 /// All models in the order of the view.

@@ -110,9 +110,10 @@ void RunMarquardt(FitState& state, FitProblem& problem) {
 }
 
 /// The direct solver gives no standard deviations of its own: they come with the statistics.
-void LinearStdDev(FitState& state) {
+void CompleteLinearResult(FitState& state) {
     for (std::size_t i = 0; i < kMaxPar; ++i)
         state.FitStdDev[i] = state.FitFixed[i] ? 0 : state.report.stdDev[i];
+    state.report.singular = state.report.freedom > 0 && !state.report.hasCorrelation;
 }
 
 std::string SingleText(double value) {
@@ -178,7 +179,7 @@ bool StartFit(FitState& state) {
         state.FitPar[static_cast<std::size_t>(row->computed)] =
             ThodosD(state.FitPar[1], problem.context);
     FillStatistics(state, *row, problem);
-    if (row->basis != nullptr) LinearStdDev(state);
+    if (row->basis != nullptr) CompleteLinearResult(state);
     state.sR = FiniteOr(std::sqrt(state.SQ / (state.NPoints - state.NInactive - state.NPar)), 0);
     state.fitted = true;
     return true;

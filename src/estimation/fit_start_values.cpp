@@ -14,8 +14,10 @@ namespace estimation {
 
 namespace {
 
-constexpr int kGrid = 24;    // intervals of a searched range
-constexpr int kPasses = 12;  // each searches two intervals of the one before
+constexpr int kParts = 4;         // of a searched range; each may have a minimum of its own
+constexpr int kGrid = 8;          // intervals of a part, and of the narrower ranges in it
+constexpr int kCoarsePasses = 8;  // each searches half of the range before, for narrow valleys
+constexpr int kFinePasses = 24;   // the same about the best of all parts
 
 /// One set of parameters and how well the linearised model fits with it.
 struct Candidate {
@@ -122,23 +124,46 @@ struct Proposal {
         return best;
     }
 
-    /// The range narrowed to one interval on either side of the best value.
-    static SearchRange Narrowed(const SearchRange& range, const Candidate& best) {
+    /// A range of the given width about the best value.
+    static SearchRange About(const Candidate& best, const SearchRange& range, double width) {
         if (range.parameter < 0) return range;
-        const double interval = (range.to - range.from) / kGrid;
         const double centre = best.par[static_cast<std::size_t>(range.parameter)];
-        return {range.parameter, centre - interval, centre + interval};
+        return {range.parameter, centre - 0.5 * width, centre + 0.5 * width};
     }
 
-    Candidate Search(const std::vector<std::size_t>& unknown) {
-        std::array<SearchRange, 2> ranges = SearchedRanges();
-        const bool searching = ranges[0].parameter >= 0 || ranges[1].parameter >= 0;
-        Candidate best = Scan(ranges, unknown, {});
-        for (int pass = 1; searching && best.rows > 0 && pass < kPasses; ++pass) {
-            for (SearchRange& r : ranges) r = Narrowed(r, best);
+    /// Halves the ranges about the best candidate again and again.
+    Candidate Refine(std::array<SearchRange, 2> ranges, int passes,
+                     const std::vector<std::size_t>& unknown, Candidate best) {
+        for (int pass = 0; best.rows > 0 && pass < passes; ++pass) {
+            for (SearchRange& r : ranges) r = About(best, r, 0.5 * (r.to - r.from));
             best = Scan(ranges, unknown, best);
         }
         return best;
+    }
+
+    static SearchRange Part(const SearchRange& range, int part) {
+        if (range.parameter < 0) return range;
+        const double width = (range.to - range.from) / kParts;
+        return {range.parameter, range.from + part * width, range.from + (part + 1) * width};
+    }
+
+    Candidate Search(const std::vector<std::size_t>& unknown) {
+        const std::array<SearchRange, 2> whole = SearchedRanges();
+        const auto parts = [](const SearchRange& r) { return r.parameter < 0 ? 1 : kParts; };
+        if (parts(whole[0]) * parts(whole[1]) == 1) return Scan(whole, unknown, {});
+        Candidate best;
+        std::array<SearchRange, 2> bestPart{};
+        for (int a = 0; a < parts(whole[0]); ++a) {
+            for (int b = 0; b < parts(whole[1]); ++b) {
+                const std::array<SearchRange, 2> part{Part(whole[0], a), Part(whole[1], b)};
+                const Candidate found =
+                    Refine(part, kCoarsePasses, unknown, Scan(part, unknown, {}));
+                if (!found.BetterThan(best)) continue;
+                best = found;
+                bestPart = part;
+            }
+        }
+        return Refine(bestPart, kFinePasses, unknown, best);
     }
 
     /// True when the model itself has a value at every active point.

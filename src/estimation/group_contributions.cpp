@@ -8,6 +8,7 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "datafiles/substance_slots.h"
 
 namespace estimation {
 
@@ -269,7 +270,7 @@ void TransferCp(const std::array<double, 4>& cp, Declare::SubstanceRecord& subst
     set.c[4] = kStoredZero;
     set.TLo = kCpTLo;
     set.THi = kCpTHi;
-    LoadSaveData::FormCpFlags(substance);
+    LoadSaveData::form_cp_flags(substance);
 }
 
 void TransferCp(const std::array<double, 4>& cp, LoadSaveData::EditorTexts& editor) {

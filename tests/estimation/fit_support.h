@@ -19,11 +19,13 @@ using estimation::Parameters;
 
 inline std::vector<Declare::FitPoint> Points(const std::vector<std::pair<double, double>>& xy) {
     std::vector<Declare::FitPoint> points;
-    for (const auto& [x, y] : xy) points.push_back({static_cast<float>(x), static_cast<float>(y), 0.0F});
+    for (const auto& [x, y] : xy)
+        points.push_back({static_cast<float>(x), static_cast<float>(y), 0.0F});
     return points;
 }
 
-inline std::vector<Declare::FitPoint> Points(const std::vector<double>& x, const std::vector<double>& y) {
+inline std::vector<Declare::FitPoint> Points(const std::vector<double>& x,
+                                             const std::vector<double>& y) {
     std::vector<Declare::FitPoint> points;
     for (std::size_t i = 0; i < x.size(); ++i)
         points.push_back({static_cast<float>(x[i]), static_cast<float>(y[i]), 0.0F});

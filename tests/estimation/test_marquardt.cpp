@@ -37,7 +37,8 @@ TEST(Marquardt, AStraightLineIsTheClosedFormOne) {
     const double intercept = (sy - slope * sx) / n;
     double squares = 0;
     for (const auto& p : points)
-        squares += std::pow(intercept + slope * static_cast<double>(p.x) - static_cast<double>(p.y), 2);
+        squares +=
+            std::pow(intercept + slope * static_cast<double>(p.x) - static_cast<double>(p.y), 2);
 
     FitProblem problem = Problem(Line, 2, points);
     Parameters par{100, -50}, stdDev{};
@@ -134,9 +135,11 @@ TEST(Marquardt, BoundsAreThoseOfEachParameter) {
     }
 }
 
-/// Ten points of which 7 and 8 are inactive: the matrix sees the points 1 to 6, the sum also 9 and 10.
+/// Ten points of which 7 and 8 are inactive: the matrix sees the points 1 to 6, the sum also 9
+/// and 10.
 std::vector<Declare::FitPoint> TwoInactive(double first, double last) {
-    auto points = Points(std::vector<double>(10, 1.0), {first, first, first, first, first, first, 55, 55, last, last});
+    auto points = Points(std::vector<double>(10, 1.0),
+                         {first, first, first, first, first, first, 55, 55, last, last});
     points[6].mark = points[7].mark = estimation::kInactive;
     return points;
 }

@@ -1,6 +1,6 @@
-// Certified results of the Statistical Reference Datasets of the National Institute of Standards and
-// Technology (https://www.itl.nist.gov/div898/strd/), linear and nonlinear least squares regression.
-// Points are held in 32 bits here, which limits the agreement to about six digits.
+// Certified results of the Statistical Reference Datasets of the National Institute of Standards
+// and Technology (https://www.itl.nist.gov/div898/strd/), linear and nonlinear least squares
+// regression. Points are held in 32 bits here, which limits the agreement to about six digits.
 
 #include "estimation/fit_support.h"
 #include "estimation/linear_regression.h"
@@ -48,8 +48,10 @@ const std::vector<Certified>& NonlinearSets() {
          Misra1a,
          2,
          {100, 1e-4, 1, 1, 1, 1, 1},
-         {77.6, 114.9, 141.1, 190.8, 239.9, 289.0, 332.8, 378.4, 434.8, 477.3, 536.8, 593.1, 689.1, 760.0},
-         {10.07, 14.73, 17.94, 23.93, 29.61, 35.18, 40.02, 44.82, 50.76, 55.05, 61.01, 66.40, 75.47, 81.78},
+         {77.6, 114.9, 141.1, 190.8, 239.9, 289.0, 332.8, 378.4, 434.8, 477.3, 536.8, 593.1, 689.1,
+          760.0},
+         {10.07, 14.73, 17.94, 23.93, 29.61, 35.18, 40.02, 44.82, 50.76, 55.05, 61.01, 66.40, 75.47,
+          81.78},
          {{500, 1e-4}, {250, 5e-4}},
          {2.3894212918E+02, 5.5015643181E-04},
          {2.7070075241E+00, 7.2668688436E-06},
@@ -111,7 +113,8 @@ TEST(Nist, NonlinearSetsGiveTheirCertifiedResults) {
             const auto n = static_cast<std::size_t>(set.nPar);
             Parameters par{}, stdDev{};
             for (std::size_t i = 0; i < n; ++i) par[i] = start[i] / set.scale[i];
-            const auto r = MarquardtNashFitting(problem, static_cast<std::int16_t>(points.size()), par, stdDev);
+            const auto r = MarquardtNashFitting(problem, static_cast<std::int16_t>(points.size()),
+                                                par, stdDev);
             EXPECT_FALSE(r.failed);
             EXPECT_NEAR(r.minimum / set.squares, 1, 1e-5);
             for (std::size_t i = 0; i < n; ++i) {
@@ -144,14 +147,15 @@ TEST(Nist, Mgh10IsAnAntoineEquation) {
 }
 
 TEST(Nist, NorrisIsTheLinearModelWithTwoParameters) {
-    const auto points = Points({{0.2, 0.1},     {337.4, 338.8}, {118.2, 118.1}, {884.6, 888.0}, {10.1, 9.2},
-                                {226.5, 228.1}, {666.3, 668.5}, {996.3, 998.5}, {448.6, 449.1}, {777.0, 778.9},
-                                {558.2, 559.2}, {0.4, 0.3},     {0.6, 0.1},     {775.5, 778.1}, {666.9, 668.8},
-                                {338.0, 339.3}, {447.5, 448.9}, {11.6, 10.8},   {556.0, 557.7}, {228.1, 228.3},
-                                {995.8, 998.0}, {887.6, 888.8}, {120.2, 119.6}, {0.3, 0.3},     {0.3, 0.6},
-                                {556.8, 557.6}, {339.1, 339.3}, {887.2, 888.0}, {999.0, 998.5}, {779.0, 778.9},
-                                {11.1, 10.2},   {118.3, 117.6}, {229.2, 228.9}, {669.1, 668.4}, {448.9, 449.2},
-                                {0.5, 0.2}});
+    const auto points =
+        Points({{0.2, 0.1},     {337.4, 338.8}, {118.2, 118.1}, {884.6, 888.0}, {10.1, 9.2},
+                {226.5, 228.1}, {666.3, 668.5}, {996.3, 998.5}, {448.6, 449.1}, {777.0, 778.9},
+                {558.2, 559.2}, {0.4, 0.3},     {0.6, 0.1},     {775.5, 778.1}, {666.9, 668.8},
+                {338.0, 339.3}, {447.5, 448.9}, {11.6, 10.8},   {556.0, 557.7}, {228.1, 228.3},
+                {995.8, 998.0}, {887.6, 888.8}, {120.2, 119.6}, {0.3, 0.3},     {0.3, 0.6},
+                {556.8, 557.6}, {339.1, 339.3}, {887.2, 888.0}, {999.0, 998.5}, {779.0, 778.9},
+                {11.1, 10.2},   {118.3, 117.6}, {229.2, 228.9}, {669.1, 668.4}, {448.9, 449.2},
+                {0.5, 0.2}});
     FitState state = State(0, points);
     state.FitFixed = {false, false, true, true, true, true};
     ASSERT_TRUE(StartFit(state));
@@ -164,8 +168,9 @@ TEST(Nist, NorrisIsTheLinearModelWithTwoParameters) {
 
 TEST(Nist, WamplerPolynomialsHaveTheirCoefficients) {
     std::vector<double> x, y1, y2, y3;
-    const double error[] = {759, -2048, 2048, -2048, 2523, -2048, 2048, -2048, 1838, -2048, 2048,
-                            -2048, 1838, -2048, 2048, -2048, 2523, -2048, 2048, -2048, 759};
+    const double error[] = {759,   -2048, 2048,  -2048, 2523,  -2048, 2048,
+                            -2048, 1838,  -2048, 2048,  -2048, 1838,  -2048,
+                            2048,  -2048, 2523,  -2048, 2048,  -2048, 759};
     for (int i = 0; i <= 20; ++i) {
         const double v = i;
         x.push_back(v);
@@ -181,12 +186,13 @@ TEST(Nist, WamplerPolynomialsHaveTheirCoefficients) {
 
     state.FitPoints = Points(x, y2);
     ASSERT_TRUE(StartFit(state));
-    for (std::size_t i = 0; i < 6; ++i) EXPECT_NEAR(state.FitPar[i] * std::pow(10, i), 1, 1e-3) << i;
+    for (std::size_t i = 0; i < 6; ++i)
+        EXPECT_NEAR(state.FitPar[i] * std::pow(10, i), 1, 1e-3) << i;
 
     state.FitPoints = Points(x, y3);
     ASSERT_TRUE(StartFit(state));
-    const double deviation[] = {2152.32624678170,     2363.55173469681,  779.343524331583,
-                                101.475507550350,     5.64566512170752,  0.112324854679312};
+    const double deviation[] = {2152.32624678170, 2363.55173469681, 779.343524331583,
+                                101.475507550350, 5.64566512170752, 0.112324854679312};
     for (std::size_t i = 0; i < 6; ++i) {
         EXPECT_NEAR(state.FitPar[i], 1, 2e-4) << i;
         EXPECT_NEAR(state.FitStdDev[i] / deviation[i], 1, 1e-7) << i;
