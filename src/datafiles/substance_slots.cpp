@@ -76,12 +76,6 @@ bool condensed_cp_exists(const CpSet& s) {
     return term && s.TLo > 0 && s.THi > 0;
 }
 
-void mend_sinh(CpSet& s) {
-    s.c[2] = std::fabs(s.c[2]);
-    if (std::fabs(static_cast<double>(s.c[0])) > kPresent && static_cast<double>(s.c[2]) < kPresent)
-        s.c[2] = kSmallestSinhC2;
-}
-
 void choose_watson_point(const SubstanceFileRecord& file, SubstanceRecord& r) {
     const double secondT = static_cast<double>(slot_of(file, kSlotSecondWatsonT));
     if (std::fabs(static_cast<double>(r.Tboil) - secondT) >= kWatsonDistance) return;
@@ -89,12 +83,18 @@ void choose_watson_point(const SubstanceFileRecord& file, SubstanceRecord& r) {
     r.WatsonT = slot_of(file, kSlotSecondWatsonT);
 }
 
+}  // namespace
+
+void mend_sinh(CpSet& s) {
+    s.c[2] = std::fabs(s.c[2]);
+    if (std::fabs(static_cast<double>(s.c[0])) > kPresent && static_cast<double>(s.c[2]) < kPresent)
+        s.c[2] = kSmallestSinhC2;
+}
+
 void form_entropy(SubstanceRecord& r, float former) {
     const double h = static_cast<double>(r.dfh), g = static_cast<double>(r.dfg);
     r.dfs = std::fabs(h * g) > kPresent ? static_cast<float>((h - g) / kReferenceT) : former;
 }
-
-}  // namespace
 
 std::string best_vapour_pressure_code(const SubstanceRecord& r) {
     // The later of these tests wins.
