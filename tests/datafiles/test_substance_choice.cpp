@@ -21,6 +21,7 @@ class SubstanceChoice : public SessionTest {
         databases::Write(folder() / "TEST.Q05",
                          {databases::Row("Carbon dioxide"), propane, noCritical});
         LoadSaveData::OpenDatabaseFile((folder() / "TEST.Q05").string());
+        user.pointer.clear();
     }
     ~SubstanceChoice() override { LoadSaveData::CloseDatabase(); }
 };
