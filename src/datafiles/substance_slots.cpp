@@ -60,10 +60,6 @@ void for_each_slot(const Action& action) {
     }
 }
 
-std::string first_name(std::string_view field) {
-    return text::TrimRight(field.substr(0, field.find(';')));
-}
-
 double product(double a, double b, double c) {
     return std::fabs(a * b * c);
 }
@@ -123,7 +119,7 @@ LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
     SubstanceRecord& r = loaded.record;
     r.Formula = text::TrimRight(FieldText(file.formula));
     r.FormulaCompact = text::RemoveBlanks(r.Formula);
-    r.Name = first_name(FieldText(english ? file.nameEnglish : file.nameGerman));
+    r.Name = FirstName(FieldText(english ? file.nameEnglish : file.nameGerman));
     r.CASRN = FieldText(file.casrn);
 
     for_each_slot([&](const RecordField& field, const FieldPlace& place) {
