@@ -20,7 +20,9 @@ Functions& current() {
     return functions;
 }
 
-Answer Show(const Message& message) { return current().message(message); }
+Answer Show(const Message& message) {
+    return current().message(message);
+}
 
 void Tell(const std::string& text, const std::string& title, Icon icon) {
     Show({.text = text, .title = title, .icon = icon});
@@ -34,11 +36,23 @@ bool Ask(const std::string& text, const std::string& title, Icon icon, bool defa
                  .defaultAnswer = defaultYes ? Answer::Yes : Answer::No}) == Answer::Yes;
 }
 
-std::optional<std::string> AskInput(const Input& input) { return current().input(input); }
-std::optional<std::string> ChooseFile(const FileChoice& choice) { return current().file(choice); }
-void Print(const PrintJob& job) { current().print(job); }
-void SetClipboard(const std::string& text) { current().setClipboard(text); }
-std::string Clipboard() { return current().clipboard(); }
-void Beep() { current().beep(); }
+std::optional<std::string> AskInput(const Input& input) {
+    return current().input(input);
+}
+std::optional<std::string> ChooseFile(const FileChoice& choice) {
+    return current().file(choice);
+}
+void Print(const PrintJob& job) {
+    current().print(job);
+}
+void SetClipboard(const std::string& text) {
+    current().setClipboard(text);
+}
+std::string Clipboard() {
+    return current().clipboard();
+}
+void Beep() {
+    current().beep();
+}
 
 }  // namespace dialogs

@@ -13,33 +13,33 @@ enum class Buttons { Ok, YesNo, OkCancel, YesNoCancel };
 enum class Answer { Ok, Yes, No, Cancel };
 
 struct Message {
-    std::string text;
-    std::string title;
+    std::string text{};
+    std::string title{};
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
     Answer defaultAnswer = Answer::Ok;  ///< what Enter gives
 };
 
 struct Input {
-    std::string text;
-    std::string title;
-    std::string proposal;
+    std::string text{};
+    std::string title{};
+    std::string proposal{};
 };
 
 struct FileChoice {
     bool save = false;
-    std::string title;
-    std::string filter;            ///< "Caption|*.EXT|Caption|*.EXT"
-    std::string folder;            ///< where the dialog starts
-    std::string name;              ///< name first shown
-    std::string defaultExtension;  ///< ".EXT", appended to a name without one
+    std::string title{};
+    std::string filter{};            ///< "Caption|*.EXT|Caption|*.EXT"
+    std::string folder{};            ///< where the dialog starts
+    std::string name{};              ///< name first shown
+    std::string defaultExtension{};  ///< ".EXT", appended to a name without one
     bool overwritePrompt = false;
 };
 
 struct PrintJob {
-    std::string title;
-    std::string font;  ///< fixed-pitch family asked for
-    std::string text;  ///< whole text, lines separated by '\n'
+    std::string title{};
+    std::string font{};  ///< fixed-pitch family asked for
+    std::string text{};  ///< whole text, lines separated by '\n'
 };
 
 /// The functions that stand between the system and its user. No answer (nullopt) is a cancel.

@@ -13,7 +13,9 @@ namespace {
 
 char mark = '.';
 
-bool is_placeholder(char c) { return c == '0' || c == '#'; }
+bool is_placeholder(char c) {
+    return c == '0' || c == '#';
+}
 
 /// The digits of |value| rounded half away from zero to `decimals` places, as integer and
 /// fractional parts. The shortest decimal form of the value is rounded, so that 2.675 gives 2.68
@@ -24,7 +26,8 @@ struct Digits {
 
 Digits round_decimal(double magnitude, int decimals) {
     char buffer[400];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::fixed);
+    const auto result =
+        std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::fixed);
     const std::string_view all(buffer, static_cast<std::size_t>(result.ptr - buffer));
     const std::size_t dot = all.find('.');
     std::string integer(all.substr(0, dot));
@@ -54,14 +57,14 @@ Digits round_decimal(double magnitude, int decimals) {
 
 /// One section of a mask, taken apart.
 struct Mask {
-    std::string before, after;      // literal texts round the number
-    int integerZeros = 0;           // '0' places before the point
-    int integerPlaces = 0;          // all places before the point
-    int decimals = 0;               // all places behind the point
-    int decimalZeros = 0;           // places behind the point that always show
+    std::string before, after;  // literal texts round the number
+    int integerZeros = 0;       // '0' places before the point
+    int integerPlaces = 0;      // all places before the point
+    int decimals = 0;           // all places behind the point
+    int decimalZeros = 0;       // places behind the point that always show
     bool point = false;
     bool percent = false;
-    int exponentDigits = 0;         // 0: no exponent
+    int exponentDigits = 0;  // 0: no exponent
     bool exponentPlus = false;
     bool hasNumber = false;
 };
@@ -69,7 +72,8 @@ struct Mask {
 Mask parse(std::string_view m) {
     Mask r;
     std::size_t i = 0;
-    while (i < m.size() && !is_placeholder(m[i]) && !(m[i] == '.' && i + 1 < m.size() && is_placeholder(m[i + 1]))) {
+    while (i < m.size() && !is_placeholder(m[i]) &&
+           !(m[i] == '.' && i + 1 < m.size() && is_placeholder(m[i + 1]))) {
         if (m[i] == '%') r.percent = true;
         r.before += m[i++];
     }
@@ -86,7 +90,8 @@ Mask parse(std::string_view m) {
             r.hasNumber = true;
         }
     }
-    if (i + 2 < m.size() && m[i] == 'E' && (m[i + 1] == '+' || m[i + 1] == '-') && m[i + 2] == '0') {
+    if (i + 2 < m.size() && m[i] == 'E' && (m[i + 1] == '+' || m[i + 1] == '-') &&
+        m[i + 2] == '0') {
         r.exponentPlus = m[i + 1] == '+';
         for (i += 2; i < m.size() && m[i] == '0'; ++i) ++r.exponentDigits;
     }
@@ -124,10 +129,12 @@ std::string format_section(double magnitude, const Mask& m, char point) {
         char buffer[64];
         const int significant = std::max(1, m.integerPlaces + m.decimals);
         // The shortest form first, so that a tie is seen as a reader sees it.
-        const auto shortest = std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::scientific);
+        const auto shortest =
+            std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::scientific);
         const std::string_view all(buffer, static_cast<std::size_t>(shortest.ptr - buffer));
         const std::size_t e = all.find('e');
-        std::from_chars(all.data() + e + (all[e + 1] == '+' ? 2 : 1), all.data() + all.size(), exponent);
+        std::from_chars(all.data() + e + (all[e + 1] == '+' ? 2 : 1), all.data() + all.size(),
+                        exponent);
         double mantissa = 0;
         std::from_chars(all.data(), all.data() + e, mantissa);
         Digits rounded = round_decimal(mantissa, significant - 1);
@@ -220,21 +227,43 @@ double leading_number(std::string_view s, bool comma) {
 
 }  // namespace
 
-char decimal_mark() { return mark; }
-void set_decimal_mark(char m) { mark = m; }
+char decimal_mark() {
+    return mark;
+}
+void set_decimal_mark(char m) {
+    mark = m;
+}
 
-std::string Format(double value, std::string_view mask) { return format_with(value, mask, mark); }
-std::string FormatPoint(double value, std::string_view mask) { return format_with(value, mask, '.'); }
+std::string Format(double value, std::string_view mask) {
+    return format_with(value, mask, mark);
+}
+std::string FormatPoint(double value, std::string_view mask) {
+    return format_with(value, mask, '.');
+}
 
-std::string General(float value) { return general(static_cast<double>(value), 7, mark); }
-std::string General(double value) { return general(value, 15, mark); }
-std::string GeneralPoint(float value) { return general(static_cast<double>(value), 7, '.'); }
-std::string GeneralPoint(double value) { return general(value, 15, '.'); }
+std::string General(float value) {
+    return general(static_cast<double>(value), 7, mark);
+}
+std::string General(double value) {
+    return general(value, 15, mark);
+}
+std::string GeneralPoint(float value) {
+    return general(static_cast<double>(value), 7, '.');
+}
+std::string GeneralPoint(double value) {
+    return general(value, 15, '.');
+}
 
-double Val(std::string_view s) { return leading_number(s, false); }
-double ValInput(std::string_view s) { return leading_number(s, true); }
+double Val(std::string_view s) {
+    return leading_number(s, false);
+}
+double ValInput(std::string_view s) {
+    return leading_number(s, true);
+}
 
-double RoundHalfEven(double value) { return std::nearbyint(value); }
+double RoundHalfEven(double value) {
+    return std::nearbyint(value);
+}
 
 std::int16_t ToInt16(double value) {
     const double r = std::nearbyint(value);
@@ -254,8 +283,12 @@ float ToSingle(double value) {
     return static_cast<float>(value);
 }
 
-double Int(double value) { return std::floor(value); }
-double Round4(double value) { return std::floor(value * 10000.0 + 0.5) / 10000.0; }
+double Int(double value) {
+    return std::floor(value);
+}
+double Round4(double value) {
+    return std::floor(value * 10000.0 + 0.5) / 10000.0;
+}
 
 std::string CommaToPoint(std::string s) {
     for (char& c : s)

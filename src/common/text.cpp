@@ -2,6 +2,7 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -9,33 +10,55 @@ namespace text {
 
 namespace {
 
-bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\0'; }
-
-/// Conversion by iconv; a byte or character without counterpart becomes '?'.
-std::string convert(std::string_view s, const char* from, const char* to) {
-    const iconv_t handle = iconv_open(to, from);
-    if (handle == iconv_t(-1)) return std::string(s);
-    std::string in(s), out;
-    char* source = in.data();
-    std::size_t left = in.size();
-    std::array<char, 512> buffer{};
-    while (left > 0) {
-        char* target = buffer.data();
-        std::size_t space = buffer.size();
-        const std::size_t result = iconv(handle, &source, &left, &target, &space);
-        out.append(buffer.data(), buffer.size() - space);
-        if (result != static_cast<std::size_t>(-1) || errno == E2BIG) continue;
-        out += '?';
-        // Skip the whole character: in UTF-8 the bytes that continue it as well.
-        do {
-            ++source;
-            --left;
-        } while (left > 0 && (static_cast<unsigned char>(*source) & 0xC0U) == 0x80U &&
-                 std::string_view(from) == "UTF-8");
-    }
-    iconv_close(handle);
-    return out;
+bool is_blank(char c) {
+    return c == ' ' || c == '\t' || c == '\0';
 }
+
+/// A conversion of iconv, opened once: opening one is dearer than converting a name.
+class Converter {
+  public:
+    Converter(const char* from, const char* to)
+        : handle_(iconv_open(to, from)), fromUtf8_(std::string_view(from) == "UTF-8") {}
+    ~Converter() {
+        if (usable()) iconv_close(handle_);
+    }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    /// A byte or character without counterpart becomes '?'.
+    std::string operator()(std::string_view s) const {
+        // ASCII is the same in all the pages.
+        if (!usable() || std::all_of(s.begin(), s.end(), is_ascii)) return std::string(s);
+        std::string in(s), out;
+        char* source = in.data();
+        std::size_t left = in.size();
+        std::array<char, 512> buffer{};
+        while (left > 0) {
+            char* target = buffer.data();
+            std::size_t space = buffer.size();
+            const std::size_t result = iconv(handle_, &source, &left, &target, &space);
+            out.append(buffer.data(), buffer.size() - space);
+            if (result != static_cast<std::size_t>(-1) || errno == E2BIG) continue;
+            out += '?';
+            // Skip the whole character: in UTF-8 the bytes that continue it as well.
+            do {
+                ++source;
+                --left;
+            } while (left > 0 && fromUtf8_ && continues_character(*source));
+        }
+        return out;
+    }
+
+  private:
+    bool usable() const { return handle_ != iconv_t(-1); }
+    static bool is_ascii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+    static bool continues_character(char c) {
+        return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+    }
+
+    iconv_t handle_;
+    bool fromUtf8_;
+};
 
 }  // namespace
 
@@ -49,7 +72,9 @@ std::string TrimLeft(std::string_view s) {
     return std::string(s);
 }
 
-std::string Trim(std::string_view s) { return TrimLeft(TrimRight(s)); }
+std::string Trim(std::string_view s) {
+    return TrimLeft(TrimRight(s));
+}
 
 std::string RemoveBlanks(std::string_view s) {
     std::string r;
@@ -116,10 +141,22 @@ std::string PadLeft(std::string_view s, std::size_t width) {
     return (n < width ? std::string(width - n, ' ') : std::string()) + std::string(s);
 }
 
-std::string FromAnsi(std::string_view bytes) { return convert(bytes, "CP1252", "UTF-8"); }
-std::string ToAnsi(std::string_view s) { return convert(s, "UTF-8", "CP1252"); }
-std::string FromOem(std::string_view bytes) { return convert(bytes, "CP850", "UTF-8"); }
-std::string ToOem(std::string_view s) { return convert(s, "UTF-8", "CP850"); }
+std::string FromAnsi(std::string_view bytes) {
+    static const Converter convert("CP1252", "UTF-8");
+    return convert(bytes);
+}
+std::string ToAnsi(std::string_view s) {
+    static const Converter convert("UTF-8", "CP1252");
+    return convert(s);
+}
+std::string FromOem(std::string_view bytes) {
+    static const Converter convert("CP850", "UTF-8");
+    return convert(bytes);
+}
+std::string ToOem(std::string_view s) {
+    static const Converter convert("UTF-8", "CP850");
+    return convert(s);
+}
 
 std::vector<std::string> Lines(std::string_view s) {
     std::vector<std::string> lines;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "common/status.h"
+#include "models/cubic_eos.h"
 #include "models/fluid.h"
 
 namespace thermo {
@@ -15,6 +16,16 @@ struct CpResult {
     double cp = 0;  ///< kJ/(kmol K)
     Status status = kSuccess;
 };
+/// cp of the polynomial forms at T/K > 0: with C0 = 0 it is C1 + C2 T + C3 T^2 + C4/T^2, else
+/// C0 + C1 T + C2 T^2 + C3 T^3 with C4 T^4 for |C4| < 1 and C4/T^2 otherwise. Status -1 for a set
+/// without any coefficient and on a fault.
+CpResult polynomial_cp(const Declare::CpSet& set, double T);
+/// cp = C0 + C1 (x/sinh x)^2 + C3 (y/cosh y)^2 with x = C2/T and y = C4/T (L. A. Aly, L. L. Lee,
+/// Fluid Phase Equilib. 6 (1981) 169-179). Status -1 on a fault, as when exp(C2/T) overflows.
+CpResult sinh_cosh_cp(const Declare::CpSet& set, double T);
+/// cp of the ideal gas by a form of the table of cp forms: 1 polynomial, 2 sinh/cosh, else none.
+CpResult ideal_gas_cp(const Declare::SubstanceRecord& s, std::int16_t form, double T);
+
 /// cp of the ideal gas at T/K by the active form; status -1 when there is none or on a fault.
 CpResult IdealGasCp(double T);
 /// cp of the liquid and of the solid by the database polynomial.
@@ -25,20 +36,44 @@ struct IdealGasState {
     double cp = 0, h = 0, s = 0;  ///< kJ/(kmol K), kJ/kmol, kJ/(kmol K)
     Status status = kSuccess;
 };
+/// cp, h, s of the ideal gas at T/K and p/kPa. `reference` must be settled (reference_state.h).
+IdealGasState ideal_gas_functions(const Declare::SubstanceRecord& s, std::int16_t form,
+                                  const Declare::ReferenceState& reference, double T, double p);
 /// cp, h, s of the ideal gas at T/K and p/kPa, from the active reference state.
 IdealGasState IdealGasFunctions(double T, double p);
 
 /// Columns of the residual table.
-enum Residual { LnPhi, DLnPhi, D2LnPhi, ResS, ResH, ResG, ResCp, JouleThomson, Cv, Cp, SpeedOfSound };
+enum Residual {
+    LnPhi,
+    DLnPhi,
+    D2LnPhi,
+    ResS,
+    ResH,
+    ResG,
+    ResCp,
+    JouleThomson,
+    Cv,
+    Cp,
+    SpeedOfSound
+};
 
 /// One row: derivatives of p(T, v) and residual functions of a phase.
 struct PhaseTable {
-    std::array<double, 7> first{};     ///< columns 1 to 6; element 0 unused
-    std::array<double, 4> second{};    ///< columns 1 to 3: d2p/dV2, d2V/dT2, d2T/dV2
-    std::array<double, 11> residual{};  ///< columns 0 to 10, index `Residual`
-    bool filled = false;
+    /// Columns 1 to 6: (dp/dV)T, (dp/dT)v, (dV/dp)T, (dV/dT)p, (dT/dV)p, (dT/dp)v; element 0 is
+    /// unused. A quotient whose denominator is below 1E-11, or is nothing but rounding (at the
+    /// critical point), is 0.
+    std::array<double, 7> first{};
+    std::array<double, 4> second{};  ///< columns 1 to 3: d2p/dV2, d2V/dT2, d2T/dV2
+    /// Columns 0 to 10, index `Residual`. Where (dp/dV)T vanishes cp has a pole: D2LnPhi, ResCp
+    /// and Cp are 0 there, all others have their limits. Columns 7 to 10 need a cp form.
+    std::array<double, 11> residual{};
+    bool filled = false;  ///< false: the equation has no state there, all values are 0
 };
-/// Derivatives and residual functions at T/K, p/kPa, v in m^3/kmol.
+/// Derivatives and residual functions at T/K, p/kPa, v in m^3/kmol by the equation of `fluid`;
+/// `state` holds a, b, c, d at T.
+PhaseTable residual_functions(const Calc::Fluid& fluid, const Declare::EOSState& state, double T,
+                              double p, double v);
+/// The same by the active equation; leaves a, b, c, d at T in `Declare::eosState`.
 PhaseTable ResidualFunctions(double T, double p, double v);
 
 struct StateValues {
@@ -46,13 +81,30 @@ struct StateValues {
     PhaseTable table;
     Status status = kSuccess;
 };
+
+/// The fluid in equilibrium with its surroundings: the zero of the exergies.
+struct Surroundings {
+    double h = 0, u = 0, s = 0;  ///< kJ/kmol, kJ/kmol, kJ/(kmol K)
+    double v = 0;                ///< m^3/kmol
+    Status status = kFailure;
+};
+/// State at Tenv, penv of `reference`: L when only L exists there, else V.
+Surroundings surroundings_state(const Calc::Fluid& fluid, const Declare::ReferenceState& reference);
+
+/// All caloric values at T/K, p/kPa, v in m^3/kmol without process-level records. Status -1 with
+/// zeros when there is no cp form or the equation has no state there; without surroundings only
+/// the exergies are missing (0), with status -1.
+StateValues state_functions(const Calc::Fluid& fluid, const Declare::ReferenceState& reference,
+                            const Surroundings& surroundings, double T, double p, double v);
+
 /// All caloric values of a state with its exergies (kJ/kmol, kJ/(kmol K), m/s). It does not disturb
-/// `Declare::vRoots`, `PhaseRegion`, or `eosState` of the caller's state.
+/// `Declare::vRoots`, `PhaseRegion`, or `eosState` of the caller's state. The surroundings are
+/// evaluated once and again only when the model, the substance or the reference state changes.
 StateValues StateFunctions(double T, double p, double v);
 
 struct SaturationValues {
-    double p = 0;            ///< kPa
-    double vV = 0, vL = 0;   ///< m^3/kmol
+    double p = 0;           ///< kPa
+    double vV = 0, vL = 0;  ///< m^3/kmol
     StateValues V, L;
     Status status = kSuccess;
 };
@@ -60,11 +112,13 @@ struct SaturationValues {
 SaturationValues SaturationFunctions(double T);
 
 struct Inflexion {
-    int count = 0;                       ///< 0, 1 or 2
-    std::array<double, 2> v{}, p{};      ///< m^3/kmol, kPa
+    int count = 0;                             ///< 0, 1 or 2
+    std::array<double, 2> v{}, p{};            ///< m^3/kmol, kPa
     std::array<double, 2> secondDerivative{};  ///< d2p/dv2 at v
 };
-/// Points of inflexion of the p-v isotherm at T/K, ascending in v.
+/// Points of inflexion at T/K of p = R T/(v - b) - a/((v + c)(v + d)) with v > b.
+Inflexion inflexion_points(const Declare::EOSState& state, double T);
+/// Points of inflexion of the p-v isotherm at T/K, ascending in v; none for V-only models.
 Inflexion InflexionPoints(double T);
 
 }  // namespace thermo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/constants.h"
 #include "common/status.h"
 #include "models/fluid.h"
 
@@ -21,13 +22,15 @@ Declare::EOSState eos_at(const Fluid& fluid, double T, const Declare::EOSState& 
 struct EOSSlopes {
     double a1 = 0, a2 = 0, b1 = 0, b2 = 0, c1 = 0, c2 = 0, d1 = 0, d2 = 0;
 };
-/// Analytic derivatives at T/K > 0. `virialTwin` takes the power and Soave forms only, as the
-/// V-only models do.
+/// Analytic derivatives at T/K > 0 by the active model.
 EOSSlopes eos_slopes(const Fluid& fluid, const Declare::EOSState& state, double T);
+/// The same for the power and Soave forms alone, which the V-only models use whatever their code.
+EOSSlopes power_slopes(const Declare::EOSParameters& eos, double Tcrit,
+                       const Declare::EOSState& state, double T);
 
 /// p/kPa = R T/(v - b) - a/((v + c)(v + d)) of a state; v in m^3/kmol above b.
 inline double cubic_pressure(const Declare::EOSState& s, double T, double v) {
-    return 8.31451 * T / (v - s.eosB) - s.eosA / ((v + s.eosC) * (v + s.eosD));
+    return constants::R * T / (v - s.eosB) - s.eosA / ((v + s.eosC) * (v + s.eosD));
 }
 
 /// Constants for a code into the process-level records. Status 0, or 1 after a message when the

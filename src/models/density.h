@@ -11,10 +11,18 @@ struct DensityResult {
     Status status = kSuccess;
 };
 
-/// Saturated liquid density at T/K by the database equation, its rational and power terms, the
-/// Rackett form or the single point (see the .cpp). Status -1 for a polynomial value below 1E-10.
+/// Saturated liquid density at T/K by the database set a0 to a6, Tc, TLo, THi:
+/// - TLo = 0 with a0, a2 > 1E-6: the short single-point form a0 + a1 T, without a range. The slope
+/// is
+///   not referred to the temperature a2 of the measurement; the reference point does that.
+/// - a0 not 0: a0 + a1 T + a2 T^2 + a3 T^3 + a4/(a5 + T), and below Tc with a6 (1 - T/Tc)^(1/3).
+/// - else a1/a2^(1 + (1 - T/Tc)^a3) (C. F. Spencer, R. P. Danner, J. Chem. Eng. Data 17 (1972)
+/// 236);
+///   0 above Tc.
+/// Status -1 with rho 0 for a polynomial value below 1E-10, a negative density, and a fault.
 DensityResult density_liquid(const Declare::SubstanceRecord& s, float T);
-/// Solid density at T/K by the database equation; 0 when there is none.
+/// Solid density at T/K: the cubic polynomial when both limits are given, s0 + s1 T for TLo = 0, or
+/// 0 when there is neither.
 DensityResult density_solid(const Declare::SubstanceRecord& s, float T);
 
 /// The same for the active substance; with `warn` a box tells of more than 5 K outside the range.
@@ -22,9 +30,14 @@ DensityResult DensityL(float T, bool warn);
 DensityResult DensityS(float T, bool warn);
 
 /// L density at T/K by Benson's method (the law of rectilinear diameter of Cailletet and Mathias);
-/// rhoV is the V density at T, the reference point must differ from the critical one.
+/// rhoV is the V density at T. Only the sum of the densities of the reference point enters. 0 when
+/// the reference temperature is that of the critical point, rhocrit is not known, or the density
+/// would be negative.
 double DensityLBenson(double T, double Tcrit, double rhocrit, double rhoV,
                       const Declare::BensonPoint& reference);
+
+/// True when all four values of a reference point are known: their product exceeds 1E-6.
+bool IsKnown(const Declare::BensonPoint& reference);
 
 /// Benson's estimate of the L density at the normal boiling point; 0 for p <= 1E-6.
 double BensonApproximation(double p, double pcrit, double rhocrit);

@@ -14,15 +14,16 @@ using ProgramRunner = std::function<bool(const std::string& program, const std::
                                          std::chrono::milliseconds wait)>;
 
 /// The runner that starts a real child process.
-bool RunProgram(const std::string& program, const std::string& folder, std::chrono::milliseconds wait);
+bool RunProgram(const std::string& program, const std::string& folder,
+                std::chrono::milliseconds wait);
 
 /// How long the parameter program may take; tests shorten it.
 void SetJiTorvikWait(std::chrono::milliseconds wait);
 
-/// Gets jtM, jtP, jtQ, jtZc (and jtK for form II) of the active substance from the external program
-/// "djipar.exe" through its files. 0, or a positive status: no parameter file ("No parameter-file
-/// generated." is shown) or an unreadable one.
-Status ObtainJiTorvikParameters();
+/// For form I (code 7) or II (code 8): gets jtM, jtP, jtQ, jtZc (and jtK for form II) of the active
+/// substance from the external program "djipar.exe" through its files. 0, or a positive status: no
+/// parameter file ("No parameter-file generated." is shown) or an unreadable one.
+Status ObtainJiTorvikParameters(std::int16_t code);
 
 /// When set, `ObtainJiTorvikParameters` keeps the values that stand in `Declare::jiTorvik` instead
 /// of asking the program.

@@ -44,12 +44,30 @@ constexpr std::array<std::string_view, 8> kHLVNames = {
 constexpr std::array<std::string_view, 3> kCpNames = {"(no equation available)  ",
                                                       "polynomial equation", "sinh/cosh equation"};
 
-constexpr std::array<std::string_view, 24> kFunctionLabels = {
-    " (dp/dV) at T", " (dp/dT) at v", " (dV/dp) at T",  " (dV/dT) at p",  " (dT/dV) at p",
-    " (dT/dp) at v", " alpha/(1/K)  ", "   chi/(1/kPa)", "  beta/(1/K)  ", "       d2p/dV²",
-    "",              "",              "       d2V/dT²", "       d2T/dV²", "     ln (phi*)",
-    "    dln phi/dT", "  d2ln phi/dT²", "   (s-s_idG)/R", "   (h-h_idG)/R", "   (g-g_idG)/R",
-    " (cp-cp_idG)/R", " (dT/dp) at H", " cv/kJ/kmol/K ", " cp/kJ/kmol/K "};
+constexpr std::array<std::string_view, 24> kFunctionLabels = {" (dp/dV) at T",
+                                                              " (dp/dT) at v",
+                                                              " (dV/dp) at T",
+                                                              " (dV/dT) at p",
+                                                              " (dT/dV) at p",
+                                                              " (dT/dp) at v",
+                                                              " alpha/(1/K)  ",
+                                                              "   chi/(1/kPa)",
+                                                              "  beta/(1/K)  ",
+                                                              "       d2p/dV²",
+                                                              "",
+                                                              "",
+                                                              "       d2V/dT²",
+                                                              "       d2T/dV²",
+                                                              "     ln (phi*)",
+                                                              "    dln phi/dT",
+                                                              "  d2ln phi/dT²",
+                                                              "   (s-s_idG)/R",
+                                                              "   (h-h_idG)/R",
+                                                              "   (g-g_idG)/R",
+                                                              " (cp-cp_idG)/R",
+                                                              " (dT/dp) at H",
+                                                              " cv/kJ/kmol/K ",
+                                                              " cp/kJ/kmol/K "};
 
 template <class Table>
 std::string_view at(const Table& table, int index) {
@@ -60,10 +78,18 @@ std::string_view at(const Table& table, int index) {
 
 }  // namespace
 
-std::string_view EOSName(std::int16_t code) { return at(kEOSNames, code); }
-bool IsCubicEOS(std::int16_t code) { return code >= 2 && code <= 8; }
-bool IsVOnlyEOS(std::int16_t code) { return code == 0 || code > 9; }
-bool EOSNeedsOmega(std::int16_t code) { return (code >= 5 && code <= 8) || code >= 14; }
+std::string_view EOSName(std::int16_t code) {
+    return at(kEOSNames, code);
+}
+bool IsCubicEOS(std::int16_t code) {
+    return code >= 2 && code <= 8;
+}
+bool IsVOnlyEOS(std::int16_t code) {
+    return code == 0 || code > 9;
+}
+bool EOSNeedsOmega(std::int16_t code) {
+    return (code >= 5 && code <= 8) || code >= 14;
+}
 
 std::string_view VPName(std::int16_t index) {
     return index >= 0 && index < kVPCount ? kVP[static_cast<std::size_t>(index)].name : "";
@@ -79,8 +105,14 @@ std::int16_t VPIndex(std::string_view code) {
     return 0;
 }
 
-std::string_view HLVName(std::int16_t method) { return at(kHLVNames, method); }
-std::string_view CpName(std::int16_t form) { return at(kCpNames, form); }
-std::string_view FunctionLabel(int index) { return at(kFunctionLabels, index); }
+std::string_view HLVName(std::int16_t method) {
+    return at(kHLVNames, method);
+}
+std::string_view CpName(std::int16_t form) {
+    return at(kCpNames, form);
+}
+std::string_view FunctionLabel(int index) {
+    return at(kFunctionLabels, index);
+}
 
 }  // namespace Calc

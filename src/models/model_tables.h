@@ -8,8 +8,8 @@ namespace Calc {
 
 /// Name of an equation of state, a 35-character text; codes 1 and 9 are empty.
 std::string_view EOSName(std::int16_t code);
-bool IsCubicEOS(std::int16_t code);   ///< codes 2 to 8
-bool IsVOnlyEOS(std::int16_t code);   ///< codes 0 and 10 to 16
+bool IsCubicEOS(std::int16_t code);  ///< codes 2 to 8
+bool IsVOnlyEOS(std::int16_t code);  ///< codes 0 and 10 to 16
 /// Codes in the order in which the model view offers them.
 inline constexpr std::int16_t kEOSOrder[] = {0, 2, 3, 4, 5, 6, 7, 8, 10, 16, 11, 12, 13, 14, 15};
 /// True for the equations that are offered only with an acentric factor.

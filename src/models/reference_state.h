@@ -11,6 +11,14 @@ struct ReferenceBase {
     double h = 0;  ///< kJ/kmol
     double s = 0;  ///< kJ/(kmol K), corrected to the pressure
 };
+
+/// Modes 2 and 10 fix T0 and p0 of the record; a p0 of 0 becomes 101.325.
+void settle_reference(Declare::ReferenceState& reference);
+/// Reference enthalpy and entropy of a settled record by its mode (1 zero, 2 conventional, 10
+/// quantities of formation), s corrected from p0 to p/kPa; p <= 0 leaves s as it is.
+ReferenceBase reference_base(const Declare::SubstanceRecord& substance,
+                             const Declare::ReferenceState& reference, double p);
+
 /// Reference enthalpy and entropy by the mode of `Declare::reference`, s corrected to p/kPa.
 /// Modes 2 and 10 set T0 and p0 of the record; a p0 of 0 becomes 101.325.
 ReferenceBase ReferenceValues(double p);

@@ -13,7 +13,7 @@ struct Saturation {
     std::array<double, 3> v{};
     Declare::EOSState state;
     Status status = kFailure;
-    int rounds = 0;         ///< rounds of the search as told by its own counter
+    int rounds = 0;         ///< rounds of the search, by its own count
     bool fallback = false;  ///< the bracketed search had to find the state
 };
 
@@ -24,7 +24,7 @@ Saturation saturation_pressure(const Fluid& fluid, double T);
 /// T(LV) at p/kPa. Tstart/K is the first trial, 0 asks for an own estimate.
 Saturation saturation_temperature(const Fluid& fluid, double p, double Tstart = 0);
 
-/// The told searches alone, without the bracketed search behind them.
+/// The secant and marching searches alone, without the bracketed search behind them.
 Saturation search_saturation_pressure(const Fluid& fluid, double T);
 Saturation search_saturation_temperature(const Fluid& fluid, double p, double Tstart = 0);
 

@@ -43,10 +43,10 @@ struct StateTP {
     double vV = 0, vL = 0;      ///< m^3/kmol
     std::int16_t nRoots = 0;
     double areaRatio = 0, areaV = 0, areaL = 0;
-    std::array<double, 3> v{};       ///< the roots
-    Declare::EOSState state;         ///< a, b, c, d at T
+    std::array<double, 3> v{};  ///< the roots
+    Declare::EOSState state;    ///< a, b, c, d at T
     double Bvirial = 0;
-    std::string_view text;           ///< what the solver says of the state
+    std::string_view text;  ///< what the solver says of the state
     Status status = kSuccess;
 };
 

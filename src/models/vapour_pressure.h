@@ -36,7 +36,8 @@ struct SlopeResult {
     Status status = kSuccess;
 };
 
-SlopeResult vapour_pressure_slope(const Declare::SubstanceRecord& s, double T, std::string_view code);
+SlopeResult vapour_pressure_slope(const Declare::SubstanceRecord& s, double T,
+                                  std::string_view code);
 SlopeResult VapourPressureSlope(double T, std::string_view code);
 
 /// Fills KFW, KFR or THO (index 6, 7, 8) of a record from critical point and boiling point.

@@ -19,8 +19,8 @@ struct BatchDataSet {
 
 /// Functions of one phase for the result list.
 struct PhaseFunctions {
-    std::array<double, 11> caloric{};      ///< v, h, s, g, u, a, e(H), e(U), cp, cv, w
-    std::array<double, 24> extended{};     ///< values in the order of `FunctionLabels`
+    std::array<double, 11> caloric{};   ///< v, h, s, g, u, a, e(H), e(U), cp, cv, w
+    std::array<double, 24> extended{};  ///< values in the order of `FunctionLabels`
 };
 
 /// Result of one data set.
@@ -35,22 +35,22 @@ struct ResultRecord {
 
 /// The last state of a cubic EOS, kept for the diagnosis view.
 struct LastState {
-    double T = 0;                    ///< K
-    double p = 0;                    ///< kPa
-    std::array<double, 3> v{};       ///< volume roots, m^3/kmol
+    double T = 0;               ///< K
+    double p = 0;               ///< kPa
+    std::array<double, 3> v{};  ///< volume roots, m^3/kmol
     bool HasL = false, HasV = false;
     std::int16_t Roots = 0;
-    std::int16_t error = 0;          ///< the numerical error indicator
+    std::int16_t error = 0;               ///< the numerical error indicator
     std::array<std::string, 2> messages;  ///< the last two state-solver messages
 };
 
 /// Input and results of the tank calculation.
 struct Tank {
-    float V = 0;           ///< m^3
-    float m = 0;           ///< kg
-    float T = 0;           ///< K
-    float p = 0;           ///< kPa, result
-    double level = 0;      ///< filling level, per cent by volume, result
+    float V = 0;       ///< m^3
+    float m = 0;       ///< kg
+    float T = 0;       ///< K
+    float p = 0;       ///< kPa, result
+    double level = 0;  ///< filling level, per cent by volume, result
 };
 
 }  // namespace Declare

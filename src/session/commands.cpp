@@ -16,6 +16,8 @@ bool IsEnabled(Declare::Command command) {
     return Declare::commandStates.enabled[static_cast<std::size_t>(command)];
 }
 
-void OnCommandsChanged(void (*listener)()) { changed = listener; }
+void OnCommandsChanged(void (*listener)()) {
+    changed = listener;
+}
 
 }  // namespace Module2

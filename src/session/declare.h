@@ -19,13 +19,13 @@ inline ReferenceState reference;
 
 inline EOSParameters eosParameters;
 inline JiTorvikParameters jiTorvik;
-inline EOSState eosState;                  ///< at the last T evaluated
-inline std::array<double, 3> vRoots{};     ///< volumes of the last cubic solve, ascending, m^3/kmol
-inline std::int16_t PhaseRegion = 0;       ///< region of the last state, see `Calc::SolveStateTP`
-inline double Bvirial = 0;                 ///< last second virial coefficient, m^3/kmol
+inline EOSState eosState;               ///< at the last T evaluated
+inline std::array<double, 3> vRoots{};  ///< volumes of the last cubic solve, ascending, m^3/kmol
+inline std::int16_t PhaseRegion = 0;    ///< region of the last state, see `Calc::SolveStateTP`
+inline double Bvirial = 0;              ///< last second virial coefficient, m^3/kmol
 
-inline std::vector<BatchDataSet> BatchData(2);       ///< element 0 is the direct input
-inline std::vector<ResultRecord> ResultRecords(3);   ///< one per data set
+inline std::vector<BatchDataSet> BatchData(2);      ///< element 0 is the direct input
+inline std::vector<ResultRecord> ResultRecords(3);  ///< one per data set
 inline ResultRecord currentResult;
 inline LastState lastState;
 inline FuArray Fu{};

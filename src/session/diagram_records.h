@@ -23,8 +23,9 @@ struct DiagramRequest {
     float xMinDefault = 0, yMinDefault = 0, xMaxDefault = 0, yMaxDefault = 0;
     float xMin = 0, yMin = 0, xMax = 0, yMax = 0;  ///< current window, displayed units
     std::string title, xLabel, yLabel, subTitle;
-    std::int16_t sectionKind = 0;  ///< 1 isothermal, 2 isobaric, 3 isochoric, 5 projection, 7 database
-    std::string axisPair;          ///< "pv", "yp", "Tv", "Tx", "pT", "yT", "yv", "yy"
+    std::int16_t sectionKind =
+        0;                 ///< 1 isothermal, 2 isobaric, 3 isochoric, 5 projection, 7 database
+    std::string axisPair;  ///< "pv", "yp", "Tv", "Tx", "pT", "yT", "yv", "yy"
     float validityLow = 0, validityHigh = 0;  ///< bounds of a database function, K
 };
 
@@ -52,8 +53,8 @@ struct CoordinateDefaults {
 /// Input of a process line, of a function-function diagram's range, or of a vapour fraction.
 struct ProcessLineRecord {
     std::int16_t SavedDiagramType = 0;
-    std::uint8_t Kind = 1;  ///< 0 straight, 1 isotherm, 2 isobar, 3 isochore, 4 isentropic,
-                            ///< 5 isenthalpic, 6 polytropic, 7 range, 8 vapour fraction
+    std::uint8_t Kind = 1;      ///< 0 straight, 1 isotherm, 2 isobar, 3 isochore, 4 isentropic,
+                                ///< 5 isenthalpic, 6 polytropic, 7 range, 8 vapour fraction
     std::int16_t Phase = 1;     ///< phase at the start, 0 L, 1 V
     std::int16_t RangeIsT = 1;  ///< 1 T range, 0 p range
     std::int16_t BaseDiagramType = 0;
@@ -64,6 +65,7 @@ struct ProcessLineRecord {
     double LastT = 0, LastP = 0;  ///< last point of the last run
     double PolytropicExponent = 1.0;
     std::int16_t PolytropicMode = 1;
+    bool FromCalculation = false;  ///< the Calculation menu asked for the polytropic process
 };
 
 /// Limits of a surface in displayed units; z limits of -0.01111 and 0.01111 mean no clipping.

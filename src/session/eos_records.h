@@ -15,6 +15,8 @@ struct EOSParameters {
     std::int16_t eosAlphaForm = 1;
     double vcritCalc = 0;    ///< critical molar volume of the model, m^3/kmol
     double rhocritCalc = 0;  ///< M/vcritCalc, kg/m^3, 0 when there is none
+
+    bool operator==(const EOSParameters&) const = default;
 };
 
 /// a, b, c, d at the last temperature evaluated.
@@ -24,11 +26,13 @@ struct EOSState {
 
 /// Parameters of the two Ji/Torvik forms.
 struct JiTorvikParameters {
-    double jtA0 = 0;                                       ///< a factor
-    double jtK = 0;                                        ///< volume temperature factor, form II
-    double jtZc = 0;                                       ///< critical compressibility factor
-    double jtM = 0, jtP = 0, jtQ = 0;                      ///< factors of the alpha function
-    double jtOmegaA = 0, jtOmegaB = 0, jtOmegaC = 0;       ///< computed coefficients
+    double jtA0 = 0;                                  ///< a factor
+    double jtK = 0;                                   ///< volume temperature factor, form II
+    double jtZc = 0;                                  ///< critical compressibility factor
+    double jtM = 0, jtP = 0, jtQ = 0;                 ///< factors of the alpha function
+    double jtOmegaA = 0, jtOmegaB = 0, jtOmegaC = 0;  ///< computed coefficients
+
+    bool operator==(const JiTorvikParameters&) const = default;
 };
 
 }  // namespace Declare

@@ -55,11 +55,11 @@ void ResetEverything() {
     session.LastSessionFile = folder + "QuorLastSession.QCF";
     session.ProtocolFile = NewProtocolFileName();
 
-    SetCommands({Command::mnuData_SaveProject, Command::toolSave, Command::toolReference, Command::toolTank,
-                 Command::mnuData_BatchInput, Command::mnuData_BatchEdit,
-                 Command::mnuData_EditStoffdaten, Command::mnuStoff, Command::mnuModel,
-                 Command::needsLPhase},
-                false);
+    SetCommands(
+        {Command::mnuData_SaveProject, Command::toolSave, Command::toolReference, Command::toolTank,
+         Command::mnuData_BatchInput, Command::mnuData_BatchEdit, Command::mnuData_EditStoffdaten,
+         Command::mnuStoff, Command::mnuModel, Command::needsLPhase},
+        false);
     SetCommands({Command::mnuData_Status}, true);
 }
 
@@ -81,7 +81,8 @@ void ResetSession() {
 
 UnitLabels SetUnits(std::int16_t& UnitMode) {
     const Declare::SubstanceRecord& fluid = Declare::substance;
-    UnitLabels u{.Factor = 1.0, .TemperatureLabel = "K", .PressureLabel = "kPa", .VolumeLabel = "m^3/kmol"};
+    UnitLabels u{
+        .Factor = 1.0, .TemperatureLabel = "K", .PressureLabel = "kPa", .VolumeLabel = "m^3/kmol"};
     session.PressureFactor = session.TemperatureFactor = 1.0F;
     if (UnitMode == 1) {
         u.Factor = faults::divide(1.0, static_cast<double>(fluid.M));
@@ -116,10 +117,14 @@ void RefreshUnits() {
 
 double CaloricFactorOf(std::int16_t CaloricUnit, double T) {
     switch (CaloricUnit) {
-        case 1: return 1.0 / constants::R;
-        case 2: return faults::divide(1.0, constants::R * T);
-        case 3: return faults::divide(1.0, static_cast<double>(Declare::substance.M));
-        default: return 1.0;
+        case 1:
+            return 1.0 / constants::R;
+        case 2:
+            return faults::divide(1.0, constants::R * T);
+        case 3:
+            return faults::divide(1.0, static_cast<double>(Declare::substance.M));
+        default:
+            return 1.0;
     }
 }
 

@@ -47,7 +47,8 @@ class BusyPointer {
 /// Folder of the executable, where the system's files live; where it is not writable new files go
 /// to the user's data folder. Both are injected by the program and by tests.
 const std::filesystem::path& ProgramFolder();
-void SetProgramFolder(const std::filesystem::path& folder, const std::filesystem::path& userFolder = {});
+void SetProgramFolder(const std::filesystem::path& folder,
+                      const std::filesystem::path& userFolder = {});
 /// Where files are written: the program's folder, or the user's data folder.
 const std::filesystem::path& WriteFolder();
 /// A file that is read: from `WriteFolder` if it is there, else from `ProgramFolder`, else from the

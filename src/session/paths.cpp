@@ -24,8 +24,12 @@ std::string two_digits(int n) {
 
 }  // namespace
 
-const fs::path& ProgramFolder() { return programFolder; }
-const fs::path& WriteFolder() { return writeFolder; }
+const fs::path& ProgramFolder() {
+    return programFolder;
+}
+const fs::path& WriteFolder() {
+    return writeFolder;
+}
 
 void SetProgramFolder(const fs::path& folder, const fs::path& userFolder) {
     programFolder = folder;
@@ -49,7 +53,9 @@ bool FileExists(const std::string& name) {
     return !name.empty() && fs::is_regular_file(FindFile(name), ignored);
 }
 
-bool HasSeparator(const std::string& path) { return path.find_first_of("/\\") != std::string::npos; }
+bool HasSeparator(const std::string& path) {
+    return path.find_first_of("/\\") != std::string::npos;
+}
 
 std::string FileTitle(const std::string& path) {
     return path.substr(path.find_last_of("/\\") + 1);
@@ -69,7 +75,9 @@ std::string ShortDate() {
     return buffer;
 }
 
-void SetShortDate(const std::string& date) { fixedDate = date; }
+void SetShortDate(const std::string& date) {
+    fixedDate = date;
+}
 
 std::string NewProtocolFileName() {
     const std::string date = ShortDate();

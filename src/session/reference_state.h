@@ -14,6 +14,8 @@ struct ReferenceState {
     float p0 = 101.325F;       ///< reference pressure, kPa; 0 means not yet set
     double Tenv = 298.15;      ///< surroundings, K
     double penv = 101.325;     ///< surroundings, kPa
+
+    bool operator==(const ReferenceState&) const = default;
 };
 
 }  // namespace Declare

@@ -61,6 +61,7 @@ struct Session {
     double VapourFraction = 1.0;
     std::int16_t Diagram3DKind = 0;
     bool SCurve3D = false;
+    std::string CurveModelName;  ///< model of the current diagram, as its subtitle shows it
 
     // Files and folders
     std::string FolderBatch, FolderDiagram2D, FolderDiagram3D, FolderXY, FolderProject;
@@ -73,6 +74,7 @@ struct Session {
     std::int16_t ProtocolOpen = 0;  ///< number of columns written to the protocol store
     bool ProtocolPending = false;   ///< unwritten columns exist
     std::string DatabaseFile;
+    std::string DatabasePath;  ///< the file whose lists are loaded, with its folder
     bool DatabaseLoaded = false;
     std::int16_t SubstanceCount = 0;
     std::int16_t CurrentSubstance = 0;
@@ -80,7 +82,7 @@ struct Session {
     std::int16_t BatchCount = 0;
     std::string BatchFile;
     std::string BatchComment;
-    std::string BatchCasrn;  ///< CASRN of the batch file's substance
+    std::string BatchCasrn;          ///< CASRN of the batch file's substance
     std::int16_t FitDataSource = 0;  ///< 1: the data editor, else the XY editor
     std::int16_t FitColumn = 1;      ///< 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
     bool ResultsOutdated = false;
@@ -96,6 +98,7 @@ struct Session {
     bool TipsRequested = false;
     bool Diagram2DNotePending = true;
     bool ProjectNotePending = true;
+    bool SynonymNotePending = true;  ///< the note of a missing synonym file is still to come
     std::int16_t BusyDepth = 0;
     std::int16_t SavedPointer = 0;
 

@@ -12,7 +12,7 @@ struct VPSetAntoine {
     std::int16_t TLo = 0, THi = 0;
 };
 
-/// Frost-Kalkwarf set of nine values A to I in the form told at `Calc::VapourPressure`; the stored
+/// Frost-Kalkwarf set of nine values A to I in the form of `Calc::VapourPressure`; the stored
 /// third value is C + 273.15 and the sixth the exponent F less 2 in `FRO`. TLo = 0: absent.
 struct VPSetFrost {
     std::array<float, 9> a{};
@@ -34,15 +34,17 @@ struct VPSetAugust {
 struct CpSet {
     std::array<float, 5> c{};
     std::int16_t TLo = 0, THi = 0;
+
+    bool operator==(const CpSet&) const = default;
 };
 
 /// Everything the models need of the one selected substance. Units: K, kPa, kg/kmol, kg/m^3,
 /// kJ/kmol, m^3/kmol. A value of 0 means "not available".
 struct SubstanceRecord {
-    std::string Name;           ///< first name of the record, without synonyms
-    std::string Formula;        ///< right-trimmed formula
-    std::string FormulaCompact; ///< the formula without any blanks
-    std::string CASRN;          ///< 12 characters, blank-padded as in the file
+    std::string Name;            ///< first name of the record, without synonyms
+    std::string Formula;         ///< right-trimmed formula
+    std::string FormulaCompact;  ///< the formula without any blanks
+    std::string CASRN;           ///< 12 characters, blank-padded as in the file
 
     float M = 0;          ///< molar mass, kg/kmol
     double Tcrit = 0;     ///< critical temperature, K

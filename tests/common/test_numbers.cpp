@@ -42,7 +42,9 @@ TEST(Numbers, ExponentMasksCarryIntoTheExponent) {
     EXPECT_EQ(Format(0.5, " 0.0000E+00;-0.0000E+00"), " 5.0000E-01");
 }
 
-TEST(Numbers, APercentSignMultipliesBy100) { EXPECT_EQ(Format(0.12345, "0.0### %"), "12.345 %"); }
+TEST(Numbers, APercentSignMultipliesBy100) {
+    EXPECT_EQ(Format(0.12345, "0.0### %"), "12.345 %");
+}
 
 TEST(Numbers, TheLocalesDecimalMarkIsHonoured) {
     const DecimalComma comma;

@@ -11,7 +11,9 @@ TEST(Text, CodePagesConvertUmlautsBothWays) {
     EXPECT_EQ(text::ToOem("Äther"), "\x8Ether");
 }
 
-TEST(Text, WhatAPageDoesNotHoldBecomesAQuestionMark) { EXPECT_EQ(text::ToAnsi("a\xE2\x86\x92z"), "a?z"); }
+TEST(Text, WhatAPageDoesNotHoldBecomesAQuestionMark) {
+    EXPECT_EQ(text::ToAnsi("a\xE2\x86\x92z"), "a?z");
+}
 
 TEST(Text, FixedFieldsCountCharactersNotBytes) {
     EXPECT_EQ(text::PadRight("Ä", 3), "Ä  ");
@@ -20,7 +22,9 @@ TEST(Text, FixedFieldsCountCharactersNotBytes) {
     EXPECT_EQ(text::Length("Äbc"), 3U);
 }
 
-TEST(Text, UpperCaseKnowsUmlauts) { EXPECT_EQ(text::ToUpper("äthyl öl ü é ß"), "ÄTHYL ÖL Ü É ß"); }
+TEST(Text, UpperCaseKnowsUmlauts) {
+    EXPECT_EQ(text::ToUpper("äthyl öl ü é ß"), "ÄTHYL ÖL Ü É ß");
+}
 
 TEST(Text, LinesEndWithAnyLineEnd) {
     EXPECT_EQ(text::Lines("a\r\nb\nc\rd"), (std::vector<std::string>{"a", "b", "c", "d"}));

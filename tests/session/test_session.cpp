@@ -100,7 +100,8 @@ TEST_F(Session, ProtocolNamesCountUp) {
 
 TEST_F(Session, ShortenPathKeepsTheStartAndTheEnd) {
     EXPECT_EQ(Module2::ShortenPath("C:\\short.txt", 50), "C:\\short.txt");
-    EXPECT_EQ(Module2::ShortenPath("C:\\one\\two\\three\\four\\five.txt", 20), "C:\\...\\four\\five.txt");
+    EXPECT_EQ(Module2::ShortenPath("C:\\one\\two\\three\\four\\five.txt", 20),
+              "C:\\...\\four\\five.txt");
     EXPECT_EQ(Module2::ShortenPath("/home/user/one/two/five.txt", 18), "/ho.../two/five.txt");
 }
 
@@ -124,8 +125,9 @@ TEST_F(Session, AProgramFolderThatCannotBeWrittenSendsNewFilesToTheUsersFolder) 
 
 TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
     using Declare::Command;
-    const auto needing = {Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting, Command::mnu2D,
-                          Command::mnu3D, Command::mnuData_SaveProject, Command::toolSave};
+    const auto needing = {Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting,
+                          Command::mnu2D,       Command::mnu3D,      Command::mnuData_SaveProject,
+                          Command::toolSave};
     Module2::SetCommands(needing, true);
     session.CurrentSubstance = 7;
     session.BatchMode = true;

@@ -40,7 +40,8 @@ const std::vector<CsvRow>& table() {
         while (std::getline(in, line)) {
             const std::vector<std::string> cells = split_csv(line);
             CsvRow row;
-            for (std::size_t i = 0; i < heads.size() && i < cells.size(); ++i) row[heads[i]] = cells[i];
+            for (std::size_t i = 0; i < heads.size() && i < cells.size(); ++i)
+                row[heads[i]] = cells[i];
             all.push_back(row);
         }
         return all;
@@ -63,11 +64,14 @@ struct Reader {
     }
     template <std::size_t N>
     void fill(std::array<float, N>& a, const std::string& prefix, int first) const {
-        for (std::size_t i = 0; i < N; ++i) a[i] = f(prefix + std::to_string(first + static_cast<int>(i)));
+        for (std::size_t i = 0; i < N; ++i)
+            a[i] = f(prefix + std::to_string(first + static_cast<int>(i)));
     }
 };
 
-double round4(double x) { return std::floor(x * 10000.0 + 0.5) / 10000.0; }
+double round4(double x) {
+    return std::floor(x * 10000.0 + 0.5) / 10000.0;
+}
 
 void read_cp(const Reader& in, const std::string& name, Declare::CpSet& set) {
     in.fill(set.c, name + "_", 0);
@@ -76,7 +80,8 @@ void read_cp(const Reader& in, const std::string& name, Declare::CpSet& set) {
 }
 
 bool has_ideal(const Declare::CpSet& s) {
-    return std::fabs(static_cast<double>(s.TLo) * static_cast<double>(s.c[0]) * static_cast<double>(s.THi)) > 1e-6;
+    return std::fabs(static_cast<double>(s.TLo) * static_cast<double>(s.c[0]) *
+                     static_cast<double>(s.THi)) > 1e-6;
 }
 
 bool has_condensed(const Declare::CpSet& s) {
@@ -112,7 +117,9 @@ Declare::SubstanceRecord Row(std::string_view name) {
         s.dfh = in.f("dfh");
         s.dfg = in.f("dfg");
         s.sconv = in.f("sconv");
-        if (std::fabs(s.dfh * s.dfg) > 1e-6F) s.dfs = static_cast<float>((static_cast<double>(s.dfh) - static_cast<double>(s.dfg)) / 298.15);
+        if (std::fabs(s.dfh * s.dfg) > 1e-6F)
+            s.dfs = static_cast<float>((static_cast<double>(s.dfh) - static_cast<double>(s.dfg)) /
+                                       298.15);
         for (auto [set, prefix] : {std::pair{&s.ALP, "ALP_"}, std::pair{&s.AHP, "AHP_"}}) {
             const std::string p = prefix;
             *set = {in.f(p + "A"), in.f(p + "B"), in.f(p + "C"), in.t(p + "TLo"), in.t(p + "THi")};
@@ -187,7 +194,8 @@ Declare::SubstanceRecord ReferencePropane() {
     number("hLVTc", s.hLVTc);
     number("WatsonH", s.WatsonH);
     number("WatsonT", s.WatsonT);
-    for (auto [target, key] : {std::pair{&s.ALP, "ALP"}, std::pair{&s.AHP, "AHP"}, std::pair{&s.THO, "THO"}}) {
+    for (auto [target, key] :
+         {std::pair{&s.ALP, "ALP"}, std::pair{&s.AHP, "AHP"}, std::pair{&s.THO, "THO"}}) {
         std::array<float, 3> abc{};
         set(key, abc);
         target->A = abc[0];
@@ -211,7 +219,8 @@ Declare::SubstanceRecord ReferencePropane() {
     range("rhoS", s.rhoSTLo, s.rhoSTHi);
     set("hLVPar", s.hLVPar);
     range("hLV", s.hLVTLo, s.hLVTHi);
-    for (auto [cp, key] : {std::pair{&s.cpPoly, "cpPoly"}, std::pair{&s.cpSinh, "cpSinh"}, std::pair{&s.cpL, "cpL"}, std::pair{&s.cpS, "cpS"}}) {
+    for (auto [cp, key] : {std::pair{&s.cpPoly, "cpPoly"}, std::pair{&s.cpSinh, "cpSinh"},
+                           std::pair{&s.cpL, "cpL"}, std::pair{&s.cpS, "cpS"}}) {
         set(key, cp->c);
         range(key, cp->TLo, cp->THi);
     }

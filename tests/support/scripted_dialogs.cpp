@@ -34,4 +34,6 @@ ScriptedDialogs::ScriptedDialogs() : saved_(dialogs::current()) {
     dialogs::current() = f;
 }
 
-ScriptedDialogs::~ScriptedDialogs() { dialogs::current() = saved_; }
+ScriptedDialogs::~ScriptedDialogs() {
+    dialogs::current() = saved_;
+}

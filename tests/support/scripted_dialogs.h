@@ -24,9 +24,9 @@ class ScriptedDialogs {
     int beeps = 0;
     std::vector<bool> pointer;  ///< every change of the busy pointer
 
-    std::deque<dialogs::Answer> answers;                       ///< for the next messages
-    std::deque<std::optional<std::string>> inputAnswers;       ///< for the next inputs
-    std::deque<std::optional<std::string>> fileAnswers;        ///< for the next file dialogs
+    std::deque<dialogs::Answer> answers;                  ///< for the next messages
+    std::deque<std::optional<std::string>> inputAnswers;  ///< for the next inputs
+    std::deque<std::optional<std::string>> fileAnswers;   ///< for the next file dialogs
 
     /// Text of the last message, empty when there was none.
     std::string lastText() const { return messages.empty() ? "" : messages.back().text; }

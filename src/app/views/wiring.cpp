@@ -1,0 +1,19 @@
+#include "app/views/wiring.h"
+
+#include "datafiles/database.h"
+#include "session/actions.h"
+#include "session/shutdown.h"
+#include "session/views/frmOptions.h"
+#include "session/views/shell.h"
+
+namespace wiring {
+
+void ConnectViews() {
+    Module2::shutdownHooks().closeFiles = LoadSaveData::CloseDatabase;
+    actions::RegisterAction("mnuOptions", [] {
+        frmOptions view(shell::FrameWindow());
+        shell::OpenModal(view);
+    });
+}
+
+}  // namespace wiring

@@ -1,0 +1,168 @@
+#include "calculation/job.h"
+
+#include "calculation/calc_modes.h"
+#include "common/constants.h"
+#include "common/dialogs.h"
+#include "common/faults.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "models/cubic_eos.h"
+#include "models/density.h"
+#include "session/module2.h"
+
+namespace Zentrale {
+
+using constants::kPresent;
+using Declare::session;
+
+namespace {
+
+bool missing(Job& job, TextField& field, const char* text) {
+    field = {text, true, false};
+    job.error = true;
+    return false;
+}
+
+/// The triple point says nothing about the heat capacity of the solid or of the ideal gas, nor
+/// about the density of the solid.
+bool remarks_on_triple_point(std::int16_t mode) {
+    return mode != 16 && mode != 18 && mode != 24;
+}
+
+}  // namespace
+
+Declare::BatchDataSet DataSet(std::int16_t index) {
+    const auto i = static_cast<std::size_t>(index);
+    return index >= 0 && i < Declare::BatchData.size() ? Declare::BatchData[i]
+                                                       : Declare::BatchDataSet{};
+}
+
+bool FetchT(Job& job) {
+    if (!(job.input.T >= kPresent)) return missing(job, resultText.par1, "no T in this data set");
+    job.T = job.input.T;
+    StoreFu(job, 0, job.T);
+    if (job.T < static_cast<double>(Declare::substance.Ttriple) && job.call.Interactive &&
+        !Declare::models.EOSOnlyV && remarks_on_triple_point(job.mode()))
+        dialogs::Tell("T < T(TP) (Triple Point)", "Remark");
+    return true;
+}
+
+bool FetchP(Job& job) {
+    if (!(job.input.p >= kPresent)) return missing(job, resultText.par1, "No p in this data set");
+    job.p = job.input.p;
+    StoreFu(job, 1, job.p);
+    return true;
+}
+
+bool FetchRho(Job& job) {
+    return job.rho() >= kPresent || missing(job, resultText.par1, "no rho in this data set");
+}
+
+std::string TemperatureText(double T) {
+    return "T = " + numbers::Format(T, "###0.000 K");
+}
+
+std::string PressureText(double p) {
+    return "p = " + PressureValue(p, "####0.000", " kPa");
+}
+
+std::string DensityText(double rho) {
+    return "rho = " + numbers::Format(rho, "###0.0###") + " kg/m^3";
+}
+
+std::string ErrorCode(Status status) {
+    return " (E" + std::to_string(status) + ")";
+}
+
+void ReportCalcError(Job& job, const std::string& text) {
+    constexpr std::size_t kIndent = 25;
+    job.error = true;
+    job.list.add_red("Message from Sub CalcBatch" + std::string(kIndent, ' ') + text);
+}
+
+void StoreFu(Job& job, std::size_t index, double value) {
+    (*job.call.Results)[index] = faults::finite(value);
+}
+
+void TakeState(Job& job, const Calc::StateTP& state) {
+    job.L = {state.hasL, state.vL, state.rhoL};
+    job.V = {state.hasV, state.vV, state.rhoV};
+    job.Roots = state.nRoots;
+    job.stateText = state.text;
+}
+
+bool SolveState(Job& job) {
+    const Calc::StateTP state = Calc::SolveStateTP(job.T, job.p);
+    if (state.status != kSuccess) {
+        ReportCalcError(job, ErrorCode(state.status));
+        return false;
+    }
+    TakeState(job, state);
+    return true;
+}
+
+SaturationVolumes VolumesOf(const Calc::Saturation& saturation) {
+    if (saturation.T == Declare::substance.Tcrit)
+        return {Declare::eosParameters.vcritCalc, Declare::eosParameters.vcritCalc};
+    return {saturation.v[0], saturation.nRoots == 3 ? saturation.v[2] : saturation.v[0]};
+}
+
+PhaseState PhaseAt(double v) {
+    const auto M = static_cast<double>(Declare::substance.M);
+    return v > kPresent ? PhaseState{true, v, M / v} : PhaseState{true, 0.0, 0.0};
+}
+
+void AddPartialPhases(Job& job, double vV) {
+    constexpr std::size_t kIndent = 12;
+    if (!session.BensonReferenceValid || !(vV > kPresent)) return;
+    const Declare::SubstanceRecord& s = Declare::substance;
+    job.V = PhaseAt(vV);
+    job.L = {true, 0.0, 0.0};
+    const double rhoL =
+        session.LiquidByBenson
+            ? Calc::DensityLBenson(job.T, s.Tcrit, s.rhocrit, job.V.rho, session.BensonReference)
+            : Calc::DensityL(static_cast<float>(job.T), job.call.Interactive).rho;
+    if (faults::finite(rhoL) > kPresent) job.L = {true, static_cast<double>(s.M) / rhoL, rhoL};
+    job.list.add(std::string(kIndent, ' ') + (session.LiquidByBenson
+                                                  ? "by BENSON's method:"
+                                                  : "with database equation rho(T):"));
+}
+
+void KeepLastState(Job& job) {
+    Declare::LastState& last = Declare::lastState;
+    last.T = job.T;
+    last.p = job.p;
+    last.v = Declare::vRoots;
+    last.HasL = job.L.exists;
+    last.HasV = job.V.exists;
+    last.Roots = job.Roots;
+    last.messages[0] = last.messages[1];
+    last.messages[1] = job.stateText;
+}
+
+void DensityLines(Job& job) {
+    Module2::RefreshUnits();
+    const auto density = [](const PhaseState& phase) {
+        return phase.exists && phase.rho > 0 ? Value32(phase.rho) : std::string();
+    };
+    const auto volume = [](const PhaseState& phase) {
+        return phase.exists && phase.v > 0 ? Value32(phase.v * session.VolumeFactor)
+                                           : std::string();
+    };
+    job.list.row("density", "rho/ (kg/m^3)  = ", {density(job.L), density(job.V)});
+    job.list.row("Volume", "v/ (" + session.VolumeLabel + ")  = ", {volume(job.L), volume(job.V)});
+    StoreFu(job, 9, job.V.exists ? job.V.v * session.VolumeFactor : 0.0);
+    StoreFu(job, 19, job.L.exists ? job.L.v * session.VolumeFactor : 0.0);
+}
+
+void StoreRecord(Job& job) {
+    Declare::ResultRecord& r = job.record;
+    if (job.L.exists || job.V.exists)
+        r.State = job.L.exists && job.V.exists ? "V+L" : job.V.exists ? " V " : " L ";
+    if (job.V.exists) r.rhoV = numbers::ToSingle(job.V.rho);
+    if (job.L.exists) r.rhoL = numbers::ToSingle(job.L.rho);
+    r.p = numbers::ToSingle(job.p);
+    StoreFu(job, 1, job.p);
+}
+
+}  // namespace Zentrale

@@ -1,0 +1,180 @@
+#include <optional>
+
+#include "calculation/calc_modes.h"
+#include "calculation/job.h"
+#include "common/constants.h"
+#include "common/faults.h"
+#include "common/numbers.h"
+#include "models/cubic_eos.h"
+#include "models/enthalpy_of_vaporisation.h"
+#include "models/saturation.h"
+#include "models/vapour_pressure.h"
+#include "models/virial.h"
+
+/// Modes 4 and 5: the vapour-liquid equilibrium at T or at p.
+namespace Zentrale {
+
+using constants::kPresent;
+using constants::R;
+using Declare::session;
+
+namespace {
+
+constexpr std::int16_t kFromT = 4;
+
+bool given_T(const Job& job) {
+    return job.mode() == kFromT;
+}
+
+std::string pressure_value(double p) {
+    return PressureValue(p, "####0.000", " kPa");
+}
+
+/// The given T or p, refused beyond the critical point.
+bool fetch_given(Job& job) {
+    const Declare::SubstanceRecord& s = Declare::substance;
+    job.L.exists = job.V.exists = true;
+    if (given_T(job) ? !FetchT(job) : !FetchP(job)) return false;
+    const std::string given = given_T(job) ? TemperatureText(job.T) : PressureText(job.p);
+    if (given_T(job) ? job.T > s.Tcrit : job.p > s.pcrit) {
+        resultText.par1 = {given + (given_T(job) ? " > T(cr) !!!" : " > p(cr) !!!"), true, false};
+        job.error = true;
+        return false;
+    }
+    resultText.par1.text = given;
+    if (given_T(job)) Calc::EvalEOSAtT(job.T);
+    return true;
+}
+
+/// p(LV) or T(LV) by the active vapour pressure equation into the job.
+bool solve_by_equation(Job& job) {
+    const std::string& code = Declare::models.VPCode;
+    const bool warn = job.call.Interactive;
+    Status status = kFailure;
+    if (given_T(job)) {
+        const Calc::VapourPressureResult r = Calc::VapourPressure(job.T, code, warn);
+        job.p = r.p;
+        status = r.status;
+    } else {
+        const Calc::BoilingTemperatureResult r = Calc::BoilingTemperature(job.p, code, warn);
+        job.T = r.T;
+        status = r.status;
+    }
+    if (status != kSuccess) ReportCalcError(job, ErrorCode(status));
+    return status == kSuccess;
+}
+
+/// Without a vapour pressure equation the other value of the data set stands in.
+bool take_from_data_set(Job& job) {
+    resultText.co1.text = "No vapour pressur equation available";
+    (given_T(job) ? job.p : job.T) = given_T(job) ? job.input.p : job.input.T;
+    if (given_T(job) ? job.p >= kPresent : job.T >= kPresent) {
+        resultText.co2.text =
+            given_T(job) ? " p(LV)(from data set) = " + PressureValue(job.p, "####0.0#", " kPa")
+                         : " T(LV) (from data set) = " + numbers::Format(job.T, "####.0# K");
+        return true;
+    }
+    resultText.co2 = {
+        given_T(job) ? "  No p(LV) available from data set" : " No T(LV) available/calculable",
+        true, false};
+    job.error = true;
+    return false;
+}
+
+bool find_partial_point(Job& job) {
+    if (Declare::models.VPModel <= 0) return take_from_data_set(job);
+    if (!solve_by_equation(job)) return false;
+    resultText.co1.text = given_T(job) ? "p(LV) from actual vapour pressure equation:"
+                                       : "T(LV) by using actual vapour pressure equation:";
+    resultText.co2.text =
+        given_T(job) ? pressure_value(job.p) : numbers::Format(job.T, "####.000 K");
+    return true;
+}
+
+/// The V volume at T and p of the job; p need not be that of the EOS. 0 when there is none.
+double partial_vapour_volume(Job& job) {
+    if (Declare::models.EOSOnlyV)
+        return faults::finite(R * job.T / job.p +
+                              Calc::SecondVirial(Declare::models.EOSModel, job.T));
+    const Calc::Saturation saturation = Calc::SaturationPressure(job.T);
+    Calc::EvalEOSAtT(job.T);
+    const Calc::CubicRoots roots = Calc::SolveCubic(job.T, job.p);
+    if (roots.status != kSuccess) return 0.0;
+    if (job.p <= saturation.p) return roots.v[static_cast<std::size_t>(roots.count - 1)];
+    return roots.count == 3 ? roots.v[2] : 0.0;
+}
+
+bool partial_equilibrium(Job& job) {
+    if (!find_partial_point(job)) return false;
+    const double vV = partial_vapour_volume(job);
+    job.Roots = 3;
+    if (!Declare::models.EOSOnlyV) KeepLastState(job);
+    AddPartialPhases(job, vV);
+    DensityLines(job);
+    return true;
+}
+
+bool equilibrium_of_eos(Job& job) {
+    const Calc::Saturation r =
+        given_T(job) ? Calc::SaturationPressure(job.T) : Calc::SaturationTemperature(job.p);
+    if (r.status != kSuccess) {
+        ReportCalcError(job, (given_T(job) ? "" : " T(LV) = ") + ErrorCode(r.status));
+        return false;
+    }
+    (given_T(job) ? job.p : job.T) = given_T(job) ? r.p : r.T;
+    resultText.co1.text =
+        given_T(job) ? "p(LV) by using the cubic EOS: " : "T(LV) by using cubic EOS";
+    resultText.co2.text = given_T(job) ? " p(LV) = " + pressure_value(job.p)
+                                       : " T(LV) = " + numbers::Format(job.T, "####.000 K");
+    const auto [vL, vV] = VolumesOf(r);
+    job.L = PhaseAt(vL);
+    job.V = PhaseAt(vV);
+    job.Roots = r.nRoots;
+    KeepLastState(job);
+    job.list.add(std::string(12, ' ') + "by using cubic EOS:");
+    DensityLines(job);
+    return true;
+}
+
+/// p(LV) or T(LV) alone; a vapour pressure equation knows no densities.
+bool equilibrium_of_equation(Job& job) {
+    constexpr std::size_t kRule = 75;
+    if (!solve_by_equation(job)) return false;
+    resultText.co2.text = given_T(job) ? " p(LV) = " + pressure_value(job.p)
+                                       : "T(LV) = " + numbers::Format(job.T, "###0.0# K");
+    job.list.add_red(std::string(kRule, '='));
+    job.list.add_red(std::string(12, ' ') +
+                     "(Calculation of density not possible by using a vapour pressure equation" +
+                     (given_T(job) ? "!)" : ")"));
+    job.list.add_red(std::string(kRule, '='));
+    return true;
+}
+
+/// delta(LV)h by the cubic EOS, as a whole number of kJ/kmol.
+void add_enthalpy_of_vaporisation(Job& job) {
+    constexpr std::int16_t kByCubicEos = 7;
+    const std::int16_t method = Declare::models.HLVModel;
+    const Calc::EnthalpyOfVaporisationResult r = Calc::EnthalpyOfVaporisation(
+        kByCubicEos, job.T, job.p, Declare::models.VPCode, method == 5 || method == 6);
+    const auto h = static_cast<double>(r.h);
+    if (r.status != kSuccess) return;
+    job.record.hLV = static_cast<float>(h);
+    StoreFu(job, 29, h * session.CaloricFactor);
+    if (job.T > 0) StoreFu(job, 30, h * session.CaloricFactor / job.T);
+}
+
+}  // namespace
+
+void EquilibriumState(Job& job) {
+    if (!fetch_given(job)) return;
+    const bool found = !session.GlobalCalculation     ? partial_equilibrium(job)
+                       : Declare::models.PriorityCEOS ? equilibrium_of_eos(job)
+                                                      : equilibrium_of_equation(job);
+    if (!found) return;
+    StoreFu(job, 0, job.T);
+    if (session.GlobalCalculation) add_enthalpy_of_vaporisation(job);
+    StoreRecord(job);
+    if (!given_T(job)) job.record.T = numbers::ToSingle(job.T);
+}
+
+}  // namespace Zentrale

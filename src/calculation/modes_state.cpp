@@ -1,0 +1,106 @@
+#include <cmath>
+
+#include "calculation/job.h"
+#include "calculation/phase_functions.h"
+#include "calculation/reference_lines.h"
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "models/virial.h"
+
+/// Modes 3, 8, 12 and 13: the state at T and p, or at p and a density.
+namespace Zentrale {
+
+using constants::kPresent;
+using Declare::session;
+
+namespace {
+
+constexpr double kNearTcrit = 0.05;  // K
+constexpr double kNearPcrit = 0.02;  // kPa
+
+void tell_given_state(const Job& job) {
+    resultText.par1.text = TemperatureText(job.T);
+    resultText.par2.text = PressureText(job.p);
+}
+
+bool is_critical_point(const Job& job) {
+    return std::fabs(job.T - Declare::substance.Tcrit) < kNearTcrit &&
+           std::fabs(job.p - Declare::substance.pcrit) < kNearPcrit;
+}
+
+void critical_point_lines(Job& job) {
+    const Declare::EOSParameters& eos = Declare::eosParameters;
+    job.list.add("Critical point!");
+    job.list.add(" T(cr) = " + numbers::Format(Declare::substance.Tcrit, "####0.00 K"));
+    job.list.add(" p(cr) = " + numbers::Format(Declare::substance.pcrit, "#####.00 kPa"));
+    if (!(eos.vcritCalc > kPresent)) return;
+    job.list.add("rho(cr) = " + numbers::Format(eos.rhocritCalc, "####.0") + " kg/m^3");
+    job.list.add("  v(cr) = " + Value32(eos.vcritCalc) + " m^3/kmol");
+}
+
+}  // namespace
+
+void GivenTp(Job& job) {
+    if (!FetchT(job) || !FetchP(job)) return;
+    tell_given_state(job);
+    if (is_critical_point(job)) critical_point_lines(job);
+    if (Declare::models.EOSOnlyV)
+        resultText.co2.text =
+            " Virialcoeff. B = " + Value32(Calc::SecondVirial(Declare::models.EOSModel, job.T)) +
+            "  m^3/kmol";
+    if (!SolveState(job)) return;
+    KeepLastState(job);
+    resultText.co1.text = job.stateText;
+    if (session.AssumedVle) AddPartialPhases(job, job.V.v);
+    DensityLines(job);
+    StoreRecord(job);
+}
+
+void GivenPRho(Job& job) {
+    if (!FetchP(job) || !FetchRho(job)) return;
+    resultText.par1.text = PressureText(job.p);
+    resultText.par2.text = DensityText(job.rho());
+    const Calc::TemperatureResult r = Calc::TemperatureFromPRho(job.p, job.rho(), false);
+    if (r.status != kSuccess || !(r.T > 0)) {
+        resultText.co2 = {" Error", true, false};
+        job.error = true;
+        return;
+    }
+    job.T = r.T;
+    StoreFu(job, 0, job.T);
+    resultText.co2.text = " T = " + numbers::Format(job.T, "###0.000 K");
+    if (!SolveState(job)) return;
+    KeepLastState(job);
+    DensityLines(job);
+    StoreRecord(job);
+    job.record.T = numbers::ToSingle(job.T);
+}
+
+void CaloricFunctions(Job& job) {
+    if (!FetchT(job) || !FetchP(job)) return;
+    tell_given_state(job);
+    if (!SolveState(job)) return;
+    KeepLastState(job);
+    const PhasePair pair = FunctionsOfPhases(job);
+    if (pair.failed()) {
+        ReportCalcError(job, ErrorCode(kFailure));
+        return;
+    }
+    StoreFunctions(job, pair);
+    for (std::string& line : ReferenceLines()) job.list.add(std::move(line));
+    FunctionTable(job, pair, TableKind::Mode8);
+    StoreRecord(job);
+}
+
+void PolytropicProcess(Job& job) {
+    const Declare::ProcessLineRecord& process = Declare::processLine;
+    Declare::BatchDataSet& input = Declare::BatchData.front();
+    input.T = process.T1;
+    input.p = process.p1;
+    job.input = input;
+    resultText.panelsHidden = true;
+    if (!FetchT(job) || !FetchP(job)) return;
+    tell_given_state(job);
+}
+
+}  // namespace Zentrale

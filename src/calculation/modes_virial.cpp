@@ -1,0 +1,64 @@
+#include <string>
+
+#include "calculation/job.h"
+#include "common/text.h"
+#include "models/cubic_eos.h"
+#include "models/model_tables.h"
+#include "models/virial.h"
+
+/// Mode 11: the second virial coefficients of all equations.
+namespace Zentrale {
+
+namespace {
+
+constexpr std::int16_t kFirstVirial = 11, kLastVirial = 16;
+constexpr std::int16_t kFirstCubic = 2, kLastTwin = 6;
+constexpr std::int16_t kToTwin = 9;
+constexpr std::size_t kNameWidth = 35;
+
+/// B of a virial code at T/K, without touching the active model.
+double virial_of(std::int16_t code, double T) {
+    Declare::JiTorvikParameters jt;
+    Declare::ModelSelection models = Declare::models;
+    models.EOSModel = code;
+    models.EOSOnlyV = true;
+    const Declare::EOSParameters eos = Calc::eos_constants(code, true, Declare::substance, jt);
+    Declare::EOSState state;
+    return Calc::second_virial({Declare::substance, models, eos, jt}, code, T, state);
+}
+
+/// B of the active equation; a cubic form has that of its virial twin.
+double active_virial(double T) {
+    const std::int16_t code = Declare::models.EOSModel;
+    if (code >= kFirstCubic && code <= kLastTwin)
+        return virial_of(static_cast<std::int16_t>(code + kToTwin), T);
+    Declare::EOSState state;
+    return Calc::second_virial(Calc::CurrentFluid(), code, T, state);
+}
+
+void virial_line(Job& job, std::int16_t code, double B) {
+    constexpr std::size_t kNumberWidth = 16;
+    const std::string name = text::PadRight(Calc::EOSName(code), kNameWidth);
+    const std::string value = Value32(B);
+    job.list.add(
+        {name + " {B} = " + text::PadLeft(value, kNumberWidth), false, {text::Trim(name), value}});
+}
+
+}  // namespace
+
+void VirialCoefficients(Job& job) {
+    if (!FetchT(job)) return;
+    resultText.par1.text = TemperatureText(job.T);
+    job.list.underlined("Comparison of Virial Coefficients, [B] = m^3/kmol");
+    for (std::int16_t code = kFirstVirial; code <= kLastVirial; ++code)
+        virial_line(job, code, virial_of(code, job.T));
+
+    const std::int16_t active = Declare::models.EOSModel;
+    const double B = active_virial(job.T);
+    const bool listed = (active >= kFirstCubic && active <= kLastTwin) ||
+                        (active >= kFirstVirial && active <= kLastVirial);
+    if (!listed) virial_line(job, active, B);
+    StoreFu(job, 41, B);
+}
+
+}  // namespace Zentrale

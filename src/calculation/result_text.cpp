@@ -1,0 +1,67 @@
+#include "calculation/result_text.h"
+
+#include "calculation/list_layout.h"
+#include "common/text.h"
+
+namespace Zentrale {
+
+namespace {
+
+std::string with_break(const std::string& s) {
+    return s.empty() ? s : s + '\n';
+}
+
+/// The four fields above the list, one a line, without the empty ones.
+std::string fields_as_text(const ResultText& r) {
+    return with_break(r.par1.text) + with_break(r.par2.text) + with_break(r.co1.text) +
+           with_break(r.co2.text);
+}
+
+bool has_phase_columns(const ResultText& r) {
+    for (const ListLine& line : r.Liste)
+        if (line.cells.size() == 3) return true;
+    return false;
+}
+
+}  // namespace
+
+std::string ListText(const ResultText& result) {
+    std::string all;
+    for (const ListLine& line : result.Liste) {
+        if (&line != &result.Liste.front()) all += '\n';
+        all += line.text;
+    }
+    return all;
+}
+
+std::string PhaseHeader(const ResultText& result) {
+    const std::string blanks(2 * kLabelWidth, ' ');
+    if (result.lblGleich)
+        return blanks + text::PadLeft(result.lblLphase + " identical with " + result.lblVphase,
+                                      2 * kValueWidth);
+    return blanks + text::PadLeft(result.lblLphase, kValueWidth) +
+           text::PadLeft(result.lblVphase, kValueWidth);
+}
+
+std::string ResultAsText(const ResultText& result) {
+    std::string all = fields_as_text(result);
+    if (has_phase_columns(result)) all += PhaseHeader(result) + '\n';
+    return all + with_break(ListText(result));
+}
+
+std::string ResultAsTable(const ResultText& result) {
+    std::string all = fields_as_text(result);
+    if (has_phase_columns(result)) all += '\t' + result.lblLphase + '\t' + result.lblVphase + '\n';
+    for (const ListLine& line : result.Liste) {
+        if (line.cells.empty()) {
+            all += line.text;
+        } else {
+            for (std::size_t i = 0; i < line.cells.size(); ++i)
+                all += (i > 0 ? "\t" : "") + line.cells[i];
+        }
+        all += '\n';
+    }
+    return all;
+}
+
+}  // namespace Zentrale

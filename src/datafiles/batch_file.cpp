@@ -1,0 +1,203 @@
+#include "datafiles/batch_file.h"
+
+#include <algorithm>
+
+#include "common/dialogs.h"
+#include "common/text.h"
+#include "datafiles/batch_table.h"
+#include "datafiles/cell_numbers.h"
+#include "datafiles/questions.h"
+#include "datafiles/search.h"
+#include "datafiles/substance_file.h"
+#include "datafiles/whole_file.h"
+#include "datafiles/xy_file.h"
+#include "session/declare.h"
+#include "session/module2.h"
+
+namespace LoadSaveData {
+
+namespace {
+
+using Declare::BatchDataSet;
+using Declare::session;
+
+constexpr const char* kExtension = ".BAQ";
+constexpr const char* kFilter = "QUOR-specific file (*.BAQ)|*.BAQ";
+constexpr const char* kRefusal = "Execution not possible";
+constexpr const char* kWarning = "WARNING";
+constexpr std::size_t kHeadLines = 4;
+
+BatchDataSet read_set(std::string_view line) {
+    const std::vector<std::string> cells = text::Split(line, ',');
+    const auto cell = [&](std::size_t i) {
+        return i < cells.size() ? std::string_view(cells[i]) : "";
+    };
+    BatchDataSet set;
+    set.T = CellNumber(cell(0));
+    set.p = CellNumber(cell(1));
+    set.rhoL = CellSingle(cell(2));
+    set.rhoV = CellSingle(cell(3));
+    set.hLV = CellSingle(cell(4));
+    set.cp = CellSingle(cell(5));
+    return set;
+}
+
+std::string set_line(const BatchDataSet& s) {
+    return Exact(s.T) + "," + Exact(s.p) + "," + Exact(s.rhoL) + "," + Exact(s.rhoV) + "," +
+           Exact(s.hLV) + "," + Exact(s.cp);
+}
+
+/// The questions before data are taken over; true when they may be.
+bool may_load(const std::string& casrn) {
+    const std::int16_t index = FindByCasrn(casrn);
+    if (index == 0 && !dialogs::Ask(text::PadRight(casrn, kCasrnLength) +
+                                        "substance not found in the actual data base\n"
+                                        "    Load data nevertheless?",
+                                    kWarning, dialogs::Icon::Exclamation))
+        return false;
+    if (session.CurrentSubstance == 0) {
+        dialogs::Tell("Load a substance!", kWarning);
+        return false;
+    }
+    const bool other = index != 0 && index != session.CurrentSubstance;
+    return !other || dialogs::Ask(
+                         "You are trying to load a data set \nfor different substance!\n\n"
+                         "Load T-p-rho data nevertheless?",
+                         kWarning, dialogs::Icon::Exclamation);
+}
+
+/// The content of a file; nothing, after a message, when it cannot be read or is none.
+std::optional<BatchFileContent> read_file(const std::string& path) {
+    FileContent content;
+    std::optional<BatchFileContent> file;
+    {
+        const Module2::BusyPointer busy;
+        content = ReadWhole(path);
+        if (content.error.empty()) file = ReadBatchText(content.bytes);
+    }
+    if (file) return file;
+    const std::string title = Module2::FileTitle(path);
+    dialogs::Tell(content.error.empty() ? "The file " + title + " holds no experimental data."
+                                        : content.error,
+                  kRefusal, dialogs::Icon::Stop);
+    return std::nullopt;
+}
+
+void tell_missing_sets(const BatchFileContent& file, const std::string& title) {
+    dialogs::Tell("The file " + title + " announces " + Exact(file.announced) +
+                      " sets of data, but holds only " + std::to_string(file.sets.size()) + ".",
+                  kWarning);
+}
+
+/// Files hold the whole data of the list; the direct input in element 0 is no part of it.
+std::span<const BatchDataSet> loaded_sets() {
+    const std::span<const BatchDataSet> behind_direct_input =
+        std::span<const BatchDataSet>(Declare::BatchData).subspan(1);
+    const auto count = static_cast<std::size_t>(session.BatchCount);
+    return behind_direct_input.first(std::min(count, behind_direct_input.size()));
+}
+
+bool save_to(const std::string& path) {
+    const std::span<const BatchDataSet> sets = loaded_sets();
+    const std::string error =
+        WriteWhole(path, BatchText({.date = Module2::ShortDate(),
+                                    .comment = session.BatchComment,
+                                    .casrn = Declare::substance.CASRN,
+                                    .announced = static_cast<double>(sets.size()),
+                                    .sets = {sets.begin(), sets.end()}}));
+    if (error.empty()) return true;
+    dialogs::Tell(error, kRefusal, dialogs::Icon::Stop);
+    return false;
+}
+
+}  // namespace
+
+std::optional<BatchFileContent> ReadBatchText(const std::string& ansiText) {
+    const std::vector<std::string> lines = text::Lines(text::FromAnsi(ansiText));
+    if (lines.size() < kHeadLines) return std::nullopt;
+    BatchFileContent file{.date = lines[0], .comment = lines[1], .casrn = lines[2]};
+    file.announced = std::max(0.0, CellNumber(lines[3]));
+    for (std::size_t i = kHeadLines; i < lines.size(); ++i) {
+        if (static_cast<double>(file.sets.size()) + 1.0 > file.announced) break;
+        file.sets.push_back(read_set(lines[i]));
+    }
+    // A last line that is cut short may hold half a number.
+    const bool open = ansiText.back() != '\n' && ansiText.back() != '\r';
+    const bool incomplete = static_cast<double>(file.sets.size()) < file.announced;
+    if (open && incomplete && !file.sets.empty()) file.sets.pop_back();
+    // A file that is all head has lost its data.
+    if (file.sets.empty() && file.announced >= 1) return std::nullopt;
+    return file;
+}
+
+std::string BatchText(const BatchFileContent& file) {
+    std::string text = AnsiLines({OneLine(file.date), OneLine(file.comment),
+                                  text::PadRight(file.casrn, kCasrnLength), Exact(file.announced)});
+    for (const BatchDataSet& set : file.sets) text += set_line(set) + "\r\n";
+    return text;
+}
+
+bool BatchLoad(bool append) {
+    const std::optional<std::string> name =
+        dialogs::ChooseFile({.title = "Open a batch-file of experimental data (*.BAQ)",
+                             .filter = kFilter,
+                             .folder = session.FolderBatch,
+                             .defaultExtension = kExtension});
+    return name && !name->empty() && BatchLoad(*name, append);
+}
+
+bool BatchLoad(const std::string& name, bool append) {
+    const std::string path = InFolder(name, session.FolderBatch);
+    const std::string title = Module2::FileTitle(path);
+    const std::optional<BatchFileContent> file = read_file(path);
+    if (!file || !may_load(file->casrn)) return false;
+
+    const std::size_t kept = append ? static_cast<std::size_t>(session.BatchCount) : 0;
+    if (kept + file->sets.size() > kMostBatchSets) {
+        dialogs::Tell("There is room for " + std::to_string(kMostBatchSets) + " sets of data only.",
+                      kRefusal, dialogs::Icon::Stop);
+        return false;
+    }
+    if (static_cast<double>(file->sets.size()) < file->announced) tell_missing_sets(*file, title);
+    if (kept == 0) {
+        RemoveBatchSets(1, session.BatchCount);
+        session.BatchFile = title;
+        session.BatchComment = file->comment;
+        session.BatchCasrn = file->casrn;
+    }
+    InsertBatchSets(session.BatchCount + 1, file->sets);
+    session.FolderBatch = Module2::FolderOf(path);
+    return true;
+}
+
+bool BatchSave() {
+    const std::optional<std::string> name =
+        dialogs::ChooseFile({.save = true,
+                             .title = "Save exper. data as text file *.BAQ",
+                             .filter = kFilter,
+                             .folder = session.FolderBatch,
+                             .name = session.BatchFile,
+                             .defaultExtension = kExtension});
+    if (!name || name->empty()) return false;
+    const std::string path = TargetPath(*name, session.FolderBatch, kExtension);
+    if (!MayReplace(path) || !save_to(path)) return false;
+    session.BatchFile = Module2::FileTitle(path);
+    session.FolderBatch = Module2::FolderOf(path);
+    session.BatchCasrn = text::PadRight(Declare::substance.CASRN, kCasrnLength);
+    return true;
+}
+
+bool BatchSaveFrage(bool changed) {
+    return !changed || !AskToSaveNow() || BatchSave();
+}
+
+bool BatchSaveXY(int column) {
+    std::vector<Declare::FitPoint> points;
+    for (const BatchDataSet& set : loaded_sets()) {
+        const double y = FitColumnValue(set, column);
+        if (set.skip == 0 && y != 0) points.push_back({SingleOrZero(set.T), SingleOrZero(y), 0});
+    }
+    return XYSave(session.BatchComment, points);
+}
+
+}  // namespace LoadSaveData

@@ -1,0 +1,237 @@
+#include "datafiles/batch_table.h"
+
+#include <algorithm>
+#include <array>
+
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "datafiles/batch_file.h"
+#include "datafiles/cell_numbers.h"
+#include "datafiles/table_text.h"
+#include "session/declare.h"
+
+namespace LoadSaveData {
+
+namespace {
+
+using constants::kNormalPressure;
+using constants::kZeroCelsius;
+using Declare::BatchData;
+using Declare::BatchDataSet;
+using Declare::session;
+
+constexpr double kTorrPerAtm = 760.0;
+
+/// Int(x * scale + 0.5) / scale, as the table rounds.
+double rounded(double value, double scale) {
+    return numbers::Int(value * scale + 0.5) / scale;
+}
+
+/// rho = M n / V and V = M n / rho are one rule.
+double mass_over(double x, const BatchUnits& units) {
+    return x == 0 ? 0 : units.M * units.n / x;
+}
+
+double density_of(const BatchDataSet& set, BatchColumn column) {
+    return static_cast<double>(column == BatchColumn::rhoL ? set.rhoL : set.rhoV);
+}
+
+BatchDataSet set_from_line(std::string_view line, const BatchUnits& units) {
+    const std::vector<std::string> cells = text::Split(line, '\t');
+    BatchDataSet set;
+    for (int i = 0; i < kBatchColumns && static_cast<std::size_t>(i) < cells.size(); ++i)
+        StoreCell(set, static_cast<BatchColumn>(i), cells[static_cast<std::size_t>(i)], units);
+    return set;
+}
+
+/// The part of a range of lines that lies in the table.
+struct Lines {
+    std::ptrdiff_t first, last;  ///< `last` is behind the last line
+};
+Lines in_table(int first, int last) {
+    const int count =
+        std::clamp(static_cast<int>(BatchData.size()) - 1, 0, int{session.BatchCount});
+    const int from = std::clamp(first, 1, count + 1);
+    const int to = std::clamp(last + 1, from, count + 1);
+    return {from, to};
+}
+
+void set_size(std::size_t count) {
+    session.BatchCount = static_cast<std::int16_t>(count);
+    // The list never gets smaller than at the start of the program.
+    BatchData.resize(std::max<std::size_t>(count + 1, 2));
+    if (count == 0) BatchData[1] = {};
+}
+
+double sort_key(const BatchDataSet& set, BatchColumn column) {
+    return column == BatchColumn::T ? set.T : FitColumnValue(set, static_cast<int>(column));
+}
+
+}  // namespace
+
+double StoredTemperature(double typed, TemperatureUnit unit) {
+    return unit == TemperatureUnit::Celsius ? typed + kZeroCelsius : typed;
+}
+
+double StoredPressure(double typed, PressureUnit unit) {
+    switch (unit) {
+        case PressureUnit::atm:
+            return typed * kNormalPressure;
+        case PressureUnit::Torr:
+            return typed * kNormalPressure / kTorrPerAtm;
+        default:
+            return typed;
+    }
+}
+
+double StoredDensity(double typed, const BatchUnits& units) {
+    return units.volume ? mass_over(typed, units) : typed;
+}
+
+double ShownTemperature(double T, TemperatureUnit unit) {
+    return rounded(unit == TemperatureUnit::Celsius ? T - kZeroCelsius : T, 1000.0);
+}
+
+double ShownPressure(double p, PressureUnit unit) {
+    double shown = p;
+    if (unit == PressureUnit::atm) shown = p / kNormalPressure;
+    if (unit == PressureUnit::Torr) shown = p / kNormalPressure * kTorrPerAtm;
+    return rounded(shown, 100000.0);
+}
+
+double ShownDensity(double rho, const BatchUnits& units) {
+    return units.volume ? mass_over(rho, units) : rho;
+}
+
+std::string CellText(const BatchDataSet& set, BatchColumn column, const BatchUnits& units) {
+    switch (column) {
+        case BatchColumn::T:
+            return set.T == 0 ? "" : numbers::General(ShownTemperature(set.T, units.T));
+        case BatchColumn::p:
+            return set.p == 0 ? "" : numbers::General(ShownPressure(set.p, units.p));
+        case BatchColumn::rhoL:
+        case BatchColumn::rhoV: {
+            const double rho = density_of(set, column);
+            return rho == 0 ? "" : numbers::General(SingleOrZero(ShownDensity(rho, units)));
+        }
+        case BatchColumn::hLV:
+            return set.hLV == 0 ? "" : numbers::General(set.hLV);
+        case BatchColumn::cp:
+            return set.cp == 0 ? "" : numbers::General(set.cp);
+    }
+    return {};
+}
+
+void StoreCell(BatchDataSet& set, BatchColumn column, std::string_view typed,
+               const BatchUnits& units) {
+    const bool empty = typed.find_first_of("0123456789") == std::string_view::npos;
+    const double value = CellNumberInput(typed);
+    switch (column) {
+        case BatchColumn::T:
+            set.T = empty ? 0 : StoredTemperature(value, units.T);
+            break;
+        case BatchColumn::p:
+            set.p = StoredPressure(value, units.p);
+            break;
+        case BatchColumn::rhoL:
+            set.rhoL = SingleOrZero(StoredDensity(value, units));
+            break;
+        case BatchColumn::rhoV:
+            set.rhoV = SingleOrZero(StoredDensity(value, units));
+            break;
+        case BatchColumn::hLV:
+            set.hLV = SingleOrZero(value);
+            break;
+        case BatchColumn::cp:
+            set.cp = SingleOrZero(value);
+            break;
+    }
+}
+
+std::vector<BatchDataSet> SetsFromClipboard(std::string_view table, const BatchUnits& units) {
+    std::vector<BatchDataSet> sets;
+    for (const std::string& line : DataLines(table)) sets.push_back(set_from_line(line, units));
+    return sets;
+}
+
+std::string SetsForClipboard(int first, int last, const BatchUnits& units) {
+    const Lines lines = in_table(first, last);
+    std::string table;
+    for (std::ptrdiff_t i = lines.first; i < lines.last; ++i)
+        for (int c = 0; c < kBatchColumns; ++c)
+            table += CellText(BatchData[static_cast<std::size_t>(i)], static_cast<BatchColumn>(c),
+                              units) +
+                     (c + 1 < kBatchColumns ? "\t" : "\r\n");
+    return table;
+}
+
+std::string BatchTableText(const BatchUnits& units) {
+    static constexpr std::array<const char*, 3> pressures{"p/kPa", "p/atm", "p/Torr"};
+    std::vector<std::vector<std::string>> rows;
+    rows.push_back(
+        {"#", units.T == TemperatureUnit::Celsius ? "T/°C" : "T/K",
+         pressures[static_cast<std::size_t>(units.p)], units.volume ? "v_L/m^3" : "rho_L/(kg/m^3)",
+         units.volume ? "v_V/m^3" : "rho_V/(kg/m^3)", "delta(LV)h/(kJ/kmol)", "cp/(kJ/kmol/K)"});
+    for (int i = 1; i <= session.BatchCount; ++i) {
+        const BatchDataSet& set = BatchData[static_cast<std::size_t>(i)];
+        const std::string number = std::to_string(i);
+        std::vector<std::string> row{set.skip == 0 ? number : "(" + number + ")"};
+        for (int c = 0; c < kBatchColumns; ++c)
+            row.push_back(CellText(set, static_cast<BatchColumn>(c), units));
+        rows.push_back(std::move(row));
+    }
+    return AlignedColumns(rows);
+}
+
+void InsertBatchSets(int position, std::span<const BatchDataSet> sets) {
+    const auto count = static_cast<std::size_t>(session.BatchCount);
+    const std::size_t room = kMostBatchSets - count;
+    const std::span<const BatchDataSet> taken = sets.first(std::min(sets.size(), room));
+    const int at = std::clamp(position, 1, session.BatchCount + 1);
+    BatchData.resize(count + 1);
+    BatchData.insert(BatchData.begin() + at, taken.begin(), taken.end());
+    set_size(count + taken.size());
+}
+
+void RemoveBatchSets(int first, int last) {
+    const Lines lines = in_table(first, last);
+    const auto removed = static_cast<std::size_t>(lines.last - lines.first);
+    BatchData.erase(BatchData.begin() + lines.first, BatchData.begin() + lines.last);
+    set_size(static_cast<std::size_t>(session.BatchCount) - removed);
+}
+
+void ToggleBatchSets(int first, int last) {
+    const Lines lines = in_table(first, last);
+    for (std::ptrdiff_t i = lines.first; i < lines.last; ++i) {
+        std::int16_t& skip = BatchData[static_cast<std::size_t>(i)].skip;
+        skip = skip == 0 ? std::int16_t{-1} : std::int16_t{0};
+    }
+}
+
+void SortBatchSets(BatchColumn column) {
+    const Lines lines = in_table(1, session.BatchCount);
+    std::stable_sort(BatchData.begin() + lines.first, BatchData.begin() + lines.last,
+                     [&](const BatchDataSet& a, const BatchDataSet& b) {
+                         return sort_key(a, column) < sort_key(b, column);
+                     });
+}
+
+double FitColumnValue(const BatchDataSet& set, int column) {
+    switch (column) {
+        case 1:
+            return set.p;
+        case 2:
+            return static_cast<double>(set.rhoL);
+        case 3:
+            return static_cast<double>(set.rhoV);
+        case 4:
+            return static_cast<double>(set.hLV);
+        case 5:
+            return static_cast<double>(set.cp);
+        default:
+            return 0;
+    }
+}
+
+}  // namespace LoadSaveData

@@ -1,0 +1,65 @@
+#include "datafiles/csv_table.h"
+
+namespace LoadSaveData {
+
+namespace {
+
+/// Takes the characters of a table one by one.
+class Splitter {
+  public:
+    CsvTable run(std::string_view csv) {
+        for (std::size_t i = 0; i < csv.size(); ++i) {
+            const bool doubled =
+                csv[i] == '"' && quoted_ && i + 1 < csv.size() && csv[i + 1] == '"';
+            if (doubled) {
+                row_.cells.back() += '"';
+                ++i;
+            } else {
+                take(csv[i]);
+            }
+        }
+        if (quoted_)
+            table_.error =
+                "Line " + std::to_string(quoteLine_) + ": a quote is opened and never closed.";
+        end_row();
+        return std::move(table_);
+    }
+
+  private:
+    void take(char c) {
+        if (c == '\n') ++line_;
+        if (c == '"') {
+            quoted_ = !quoted_;
+            quoteLine_ = line_;
+        } else if (quoted_) {
+            row_.cells.back() += c;
+        } else if (c == ',') {
+            row_.cells.emplace_back();
+        } else if (c == '\n') {
+            end_row();
+        } else if (c != '\r') {
+            row_.cells.back() += c;
+        }
+    }
+    void end_row() {
+        const bool empty = row_.cells.size() == 1 && row_.cells.front().empty();
+        if (!empty) table_.rows.push_back(std::move(row_));
+        row_ = {line_, {""}};
+    }
+
+    CsvTable table_;
+    CsvRow row_{1, {""}};
+    std::size_t line_ = 1;
+    std::size_t quoteLine_ = 0;
+    bool quoted_ = false;
+};
+
+}  // namespace
+
+CsvTable SplitCsv(std::string_view csv) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    if (csv.starts_with(mark)) csv.remove_prefix(mark.size());
+    return Splitter().run(csv);
+}
+
+}  // namespace LoadSaveData

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+namespace LoadSaveData {
+
+/// What the head of a marked file tells before it is opened.
+struct FilePreview {
+    std::string substance{};  ///< name in the database, or that it is not found
+    std::string database{};   ///< title; of a .BAQ file the one that is open
+    std::string comment{};
+    std::string date{};
+};
+
+/// The head of a .BAQ or .QCF file, by the last three letters of its name; all empty for any other
+/// file and for one that cannot be read. The session and its open database stay as they are.
+FilePreview PreviewFile(const std::string& path);
+
+}  // namespace LoadSaveData

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace LoadSaveData {
+
+/// What the loading of a project has brought about.
+struct ProjectResult {
+    bool loaded = false;          ///< the settings are those of the file
+    bool substanceFound = false;  ///< its substance is active
+    bool noCriticalData = false;  ///< the active substance lacks Tcrit or pcrit
+    /// Everything that a calculation needs is there: the commands that need a substance and models
+    /// may be enabled.
+    bool modelsComplete = false;
+};
+
+/// Saves the session as a project. With a dialog it asks for name and comment; without, it writes
+/// the last session (`LastSessionFile`) without a question. False when nothing was written; with
+/// the dialog a failure is told.
+bool SaveProject(bool asDialog);
+
+/// Asks for a project file; nothing on a cancel.
+std::optional<std::string> ChooseProject();
+/// Asks for a project and loads it. A cancel changes nothing.
+ProjectResult LoadProject();
+/// Loads a project: resets the session, opens its database, reads its substance and restores its
+/// settings. What cannot be had is told, and the rest goes on. Nothing changes when the file is no
+/// project, or when no database can be had.
+ProjectResult LoadProject(const std::string& name);
+/// Loads the project that the last run has left.
+ProjectResult LoadLastSession();
+
+/// The first four lines of a project file.
+struct ProjectHead {
+    std::string date{}, comment{}, database{}, casrn{};
+};
+/// The head of a project's text; nothing when it is none.
+std::optional<ProjectHead> ReadProjectHead(const std::string& ansiText);
+
+}  // namespace LoadSaveData

@@ -1,0 +1,78 @@
+#include "datafiles/search.h"
+
+#include "common/dialogs.h"
+#include "common/text.h"
+#include "datafiles/synonyms.h"
+#include "session/declare.h"
+
+namespace LoadSaveData {
+
+namespace {
+
+using Declare::session;
+using Declare::substances;
+
+constexpr const char* kTitle = "ERROR: Selection of a substance";
+
+/// The first place whose entry fits, 0 if none.
+template <class Fits>
+std::int16_t first_place(std::size_t entries, const Fits& fits) {
+    for (std::size_t i = 1; i < entries; ++i)
+        if (fits(i)) return static_cast<std::int16_t>(i);
+    return 0;
+}
+
+void note_missing_synonyms() {
+    if (!session.SynonymNotePending) return;
+    session.SynonymNotePending = false;
+    dialogs::Tell(
+        "The file SYNOM.TXT was not found in the QUOR directory.\n"
+        "Substances are found by their exact name or CASRN only.",
+        "Remark", dialogs::Icon::Information);
+}
+
+void tell_not_involved(const SynonymHit& block) {
+    const std::string name = text::Split(block.line, '_').front();
+    dialogs::Tell(
+        " This substance is not involved in the database \n" + name + "\nCASRN " + block.casrn,
+        kTitle, dialogs::Icon::Exclamation);
+}
+
+}  // namespace
+
+SubstanceFound FindSubstance(const std::string& search) {
+    const std::string wanted = text::TrimRight(search);
+    const std::int16_t exact = first_place(substances.Names.size(), [&](std::size_t i) {
+        return !wanted.empty() && (wanted == text::TrimRight(substances.Names[i]) ||
+                                   wanted == text::TrimRight(substances.Casrn[i]));
+    });
+    if (exact != 0) return {exact, true};
+
+    const SynonymHit block = SearchSynonyms(wanted);
+    if (block.fileMissing) note_missing_synonyms();
+    if (!block.found || block.casrn.empty()) {
+        dialogs::Tell("Nothing found.", kTitle, dialogs::Icon::Exclamation);
+        return {};
+    }
+    const std::int16_t index = FindByCasrn(block.casrn);
+    if (index == 0) {
+        tell_not_involved(block);
+        return {};
+    }
+    return {index, true};
+}
+
+std::int16_t FindByNumber(std::int16_t number) {
+    return first_place(substances.Numbers.size(),
+                       [&](std::size_t i) { return substances.Numbers[i] == number; });
+}
+
+std::int16_t FindByCasrn(const std::string& casrn) {
+    const std::string wanted = text::TrimRight(casrn);
+    if (wanted.empty()) return 0;
+    return first_place(substances.Casrn.size(), [&](std::size_t i) {
+        return text::TrimRight(substances.Casrn[i]) == wanted;
+    });
+}
+
+}  // namespace LoadSaveData

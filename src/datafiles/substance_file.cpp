@@ -1,0 +1,94 @@
+#include "datafiles/substance_file.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+#include "common/text.h"
+
+namespace LoadSaveData {
+
+namespace {
+
+/// Walks over the fields of a record in the order of the file.
+template <class Byte>
+struct Cursor {
+    Byte* at;
+
+    template <std::size_t N>
+    void text(std::array<char, N>& field) {
+        std::copy_n(at, N, field.begin());
+        at += N;
+    }
+    template <std::size_t N>
+    void put_text(const std::array<char, N>& field) {
+        at = std::copy(field.begin(), field.end(), at);
+    }
+    template <class Word>
+    Word word() {
+        Word value = 0;
+        for (std::size_t i = 0; i < sizeof(Word); ++i)
+            value = static_cast<Word>(
+                value |
+                static_cast<Word>(static_cast<Word>(static_cast<unsigned char>(at[i])) << (8 * i)));
+        at += sizeof(Word);
+        return value;
+    }
+    template <class Word>
+    void put_word(Word value) {
+        for (std::size_t i = 0; i < sizeof(Word); ++i) at[i] = static_cast<char>(value >> (8 * i));
+        at += sizeof(Word);
+    }
+};
+
+bool is_control(char c) {
+    return static_cast<unsigned char>(c) < 0x20;
+}
+
+}  // namespace
+
+SubstanceFileRecord DecodeRecord(std::span<const char, kRecordSize> bytes) {
+    SubstanceFileRecord r;
+    Cursor<const char> in{bytes.data()};
+    in.text(r.formula);
+    in.text(r.nameEnglish);
+    in.text(r.nameGerman);
+    in.text(r.casrn);
+    in.text(r.text5);
+    in.text(r.text6);
+    r.number = static_cast<std::int16_t>(in.word<std::uint16_t>());
+    for (float& slot : r.values) slot = std::bit_cast<float>(in.word<std::uint32_t>());
+    return r;
+}
+
+RecordBytes EncodeRecord(const SubstanceFileRecord& r) {
+    RecordBytes bytes{};
+    Cursor<char> out{bytes.data()};
+    out.put_text(r.formula);
+    out.put_text(r.nameEnglish);
+    out.put_text(r.nameGerman);
+    out.put_text(r.casrn);
+    out.put_text(r.text5);
+    out.put_text(r.text6);
+    out.put_word(static_cast<std::uint16_t>(r.number));
+    for (const float slot : r.values) out.put_word(std::bit_cast<std::uint32_t>(slot));
+    return bytes;
+}
+
+std::string FieldText(std::span<const char> field) {
+    std::string bytes(field.begin(), field.end());
+    std::replace_if(bytes.begin(), bytes.end(), is_control, ' ');
+    return text::FromAnsi(bytes);
+}
+
+std::string FirstName(std::string_view nameField) {
+    return text::TrimRight(nameField.substr(0, nameField.find(';')));
+}
+
+void SetFieldText(std::span<char> field, std::string_view utf8) {
+    const std::string bytes = text::ToAnsi(text::PadRight(utf8, field.size()));
+    std::fill(field.begin(), field.end(), ' ');
+    std::copy_n(bytes.begin(), std::min(bytes.size(), field.size()), field.begin());
+}
+
+}  // namespace LoadSaveData

@@ -1,0 +1,163 @@
+#include "datafiles/substance_slots.h"
+
+#include <cmath>
+
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "datafiles/cell_numbers.h"
+#include "datafiles/record_fields.h"
+#include "models/vapour_pressure.h"
+
+namespace LoadSaveData {
+
+namespace {
+
+using constants::kPresent;
+using Declare::CpSet;
+using Declare::SubstanceRecord;
+
+constexpr int kSlotTripleT = 92, kSlotSecondTripleT = 94;
+constexpr int kSlotSecondWatsonH = 108, kSlotSecondWatsonT = 109;
+/// A second Watson point nearer than this to the boiling point replaces the first.
+constexpr double kWatsonDistance = 2.0;
+constexpr double kReferenceT = 298.15;
+/// Stands for a zero C2 of the sinh function, which is in a denominator.
+constexpr float kSmallestSinhC2 = 0.1F;
+
+float slot_of(const SubstanceFileRecord& file, int slot) {
+    const float value = file.values[static_cast<std::size_t>(slot - 1)];
+    return std::isfinite(value) ? value : 0.0F;
+}
+
+/// Stores a slot in a field of its kind, and a field in a slot.
+struct FromSlot {
+    float value;
+    void operator()(float* field) const { *field = value; }
+    void operator()(double* field) const { *field = static_cast<double>(value); }
+    void operator()(std::int16_t* field) const {
+        const double kelvin = numbers::RoundHalfEven(static_cast<double>(value));
+        *field = std::fabs(kelvin) <= 32767.0 ? static_cast<std::int16_t>(kelvin) : std::int16_t{0};
+    }
+    void operator()(bool*) const {}
+    void operator()(std::string*) const {}
+};
+
+struct ToSlot {
+    float operator()(float value) const { return SingleOrZero(static_cast<double>(value)); }
+    float operator()(double value) const { return SingleOrZero(value); }
+    float operator()(std::int16_t value) const { return static_cast<float>(value); }
+    float operator()(bool) const { return 0.0F; }
+    float operator()(const std::string&) const { return 0.0F; }
+};
+
+template <class Action>
+void for_each_slot(const Action& action) {
+    for (const RecordField& field : RecordFields()) {
+        if (field.slot == 0) continue;
+        for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i)
+            action(field, FieldPlace{&field, i});
+    }
+}
+
+double product(double a, double b, double c) {
+    return std::fabs(a * b * c);
+}
+
+/// An ideal-gas function exists when its constant term and both bounds do.
+bool ideal_cp_exists(const CpSet& s) {
+    return product(s.TLo, static_cast<double>(s.c[0]), s.THi) > kPresent;
+}
+
+/// A cp of a condensed phase may begin with either of its first two terms.
+bool condensed_cp_exists(const CpSet& s) {
+    const bool term = std::fabs(static_cast<double>(s.c[0])) > kPresent ||
+                      std::fabs(static_cast<double>(s.c[1])) > kPresent;
+    return term && s.TLo > 0 && s.THi > 0;
+}
+
+void choose_watson_point(const SubstanceFileRecord& file, SubstanceRecord& r) {
+    const double secondT = static_cast<double>(slot_of(file, kSlotSecondWatsonT));
+    if (std::fabs(static_cast<double>(r.Tboil) - secondT) >= kWatsonDistance) return;
+    r.WatsonH = slot_of(file, kSlotSecondWatsonH);
+    r.WatsonT = slot_of(file, kSlotSecondWatsonT);
+}
+
+}  // namespace
+
+void mend_sinh(CpSet& s) {
+    s.c[2] = std::fabs(s.c[2]);
+    if (std::fabs(static_cast<double>(s.c[0])) > kPresent && static_cast<double>(s.c[2]) < kPresent)
+        s.c[2] = kSmallestSinhC2;
+}
+
+void form_entropy(SubstanceRecord& r, float former) {
+    const double h = static_cast<double>(r.dfh), g = static_cast<double>(r.dfg);
+    r.dfs = std::fabs(h * g) > kPresent ? static_cast<float>((h - g) / kReferenceT) : former;
+}
+
+std::string best_vapour_pressure_code(const SubstanceRecord& r) {
+    // The later of these tests wins.
+    std::string code = "000";
+    if (r.AHP.TLo > 0) code = "AHP";
+    if (r.ALP.TLo > 0) code = "ALP";
+    if (r.FRO.TLo > 0) code = "FRO";
+    if (r.WAG.TLo > 0) code = "WAG";
+    return code;
+}
+
+void form_cp_flags(SubstanceRecord& r) {
+    r.hasCpPoly = ideal_cp_exists(r.cpPoly);
+    r.hasCpSinh = ideal_cp_exists(r.cpSinh);
+    r.hasCpL = condensed_cp_exists(r.cpL);
+    r.hasCpS = condensed_cp_exists(r.cpS);
+}
+
+LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
+                                const SubstanceRecord& previous) {
+    LoadedSubstance loaded;
+    SubstanceRecord& r = loaded.record;
+    r.Formula = text::TrimRight(FieldText(file.formula));
+    r.FormulaCompact = text::RemoveBlanks(r.Formula);
+    r.Name = FirstName(FieldText(english ? file.nameEnglish : file.nameGerman));
+    r.CASRN = FieldText(file.casrn);
+
+    for_each_slot([&](const RecordField& field, const FieldPlace& place) {
+        const float value = slot_of(file, field.slot + static_cast<int>(place.element));
+        std::visit(FromSlot{value}, Locate(r, place));
+    });
+
+    r.M = SingleOrZero(numbers::Round4(static_cast<double>(r.M)));
+    r.Tcrit = numbers::Round4(r.Tcrit);
+    r.pcrit = numbers::Round4(r.pcrit);
+    loaded.noCriticalData = r.Tcrit < kPresent || r.pcrit < kPresent;
+    if (static_cast<double>(r.Ttriple) < kPresent) r.Ttriple = slot_of(file, kSlotSecondTripleT);
+    r.vcritExp = r.rhocrit > kPresent ? static_cast<double>(r.M) / r.rhocrit : 0.0;
+
+    // AUG goes by the boiling point of the file, also where that is missing.
+    Calc::correlate_august(r);
+    loaded.VPCode = best_vapour_pressure_code(r);
+    if (!(static_cast<double>(r.Tboil) > kPresent) && loaded.VPCode != "000")
+        r.Tboil =
+            SingleOrZero(Calc::boiling_temperature(r, constants::kNormalPressure, loaded.VPCode).T);
+
+    mend_sinh(r.cpSinh);
+    form_cp_flags(r);
+    choose_watson_point(file, r);
+    form_entropy(r, previous.dfs);
+    return loaded;
+}
+
+void SlotsFromRecord(const SubstanceRecord& record, bool english, SubstanceFileRecord& file) {
+    SetFieldText(file.formula, record.Formula);
+    SetFieldText(english ? file.nameEnglish : file.nameGerman, record.Name);
+    SetFieldText(file.casrn, record.CASRN);
+    file.number = 1;
+    for_each_slot([&](const RecordField& field, const FieldPlace& place) {
+        if (!field.inPrivateFile) return;
+        file.values[static_cast<std::size_t>(SlotOf(place) - 1)] =
+            std::visit(ToSlot{}, ValueOf(record, place));
+    });
+}
+
+}  // namespace LoadSaveData

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "datafiles/substance_file.h"
+#include "session/substance_record.h"
+
+namespace LoadSaveData {
+
+/// What a database record becomes in memory.
+struct LoadedSubstance {
+    Declare::SubstanceRecord record;
+    std::string VPCode = "000";   ///< the best vapour pressure set: WAG, FRO, ALP, AHP or "000"
+    bool noCriticalData = false;  ///< Tcrit or pcrit is missing
+};
+
+/// Fills a record from the slots of a database record, with all rules of reading: rounding of M,
+/// Tcrit and pcrit, fallbacks of Ttriple and Tboil, choice of the Watson point, AUG constants and
+/// the flags of the cp functions. `english` chooses the name field. `dfs` keeps its value of
+/// `previous` where `dfh` or `dfg` is missing. The correlated sets KFW, KFR and THO come out empty.
+/// A slot that holds no finite number, or a bound beyond 16 bits, counts as absent.
+LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
+                                const Declare::SubstanceRecord& previous);
+
+/// Makes C2 of the sinh/cosh function absolute, and not zero where C0 is there.
+void mend_sinh(Declare::CpSet& set);
+/// Sets `dfs` from `dfh` and `dfg`, or to the former value where one of them is missing.
+void form_entropy(Declare::SubstanceRecord& record, float former);
+/// Sets the four flags of the cp functions by the rules of reading.
+void form_cp_flags(Declare::SubstanceRecord& record);
+/// The code of the best vapour pressure set: WAG goes before FRO, ALP and AHP; "000" without any.
+std::string best_vapour_pressure_code(const Declare::SubstanceRecord& record);
+
+/// Puts a substance into a file record: formula, name (in the field of the language), CASRN,
+/// number 1, and the slots that a private file takes over. All else stays as it is.
+void SlotsFromRecord(const Declare::SubstanceRecord& record, bool english,
+                     SubstanceFileRecord& file);
+
+}  // namespace LoadSaveData

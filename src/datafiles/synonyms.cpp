@@ -1,0 +1,118 @@
+#include "datafiles/synonyms.h"
+
+#include <array>
+#include <utility>
+
+#include "common/text.h"
+#include "datafiles/whole_file.h"
+#include "session/module2.h"
+
+namespace LoadSaveData {
+
+namespace {
+
+constexpr std::string_view kFile = "SYNOM.TXT";
+constexpr std::string_view kEnd = "END";
+
+using Replacement = std::pair<std::string_view, std::string_view>;
+
+/// Variants of spelling and the one that the synonym file uses, applied in this order.
+constexpr std::array<Replacement, 11> kSpellings{{
+    {"ÄTH", "ETH"},
+    {"GLYKO", "GLYCO"},
+    {"KARBO", "CARBO"},
+    {"SULPH", "SULF"},
+    {"AZET", "ACET"},
+    {"SEK", "SEC"},
+    {"ZYKLO", "CYCLO"},
+    {"ZYCLO", "CYCLO"},
+    {"CYKLO", "CYCLO"},
+    {"DEKAN", "DECAN"},
+    {"KRESOL", "CRESOL"},
+}};
+
+/// Abbreviations written out, after the spellings.
+constexpr std::array<Replacement, 3> kAbbreviations{{
+    {"ME-", "METHYL"},
+    {"ET-", "ETHYL"},
+    {"SAEURE", "SÄURE"},
+}};
+
+/// Every OXYD becomes OXID, but not in OXYDI...
+std::string oxides(std::string name) {
+    constexpr std::string_view oxyd = "OXYD";
+    constexpr std::size_t letterY = 2;
+    for (std::size_t i = name.find(oxyd); i != std::string::npos; i = name.find(oxyd, i + 1)) {
+        const std::size_t next = i + oxyd.size();
+        if (next >= name.size() || name[next] != 'I') name[i + letterY] = 'I';
+    }
+    return name;
+}
+
+/// The lines of a text one after the other.
+class LineReader {
+  public:
+    explicit LineReader(std::string_view text) : rest_(text) {}
+
+    bool atEnd() const { return rest_.empty(); }
+    std::string_view next() {
+        const std::size_t end = rest_.find('\n');
+        std::string_view line = rest_.substr(0, end);
+        rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
+        while (!line.empty() && (line.back() == '\r' || line.back() == ' ')) line.remove_suffix(1);
+        return line;
+    }
+    /// The next line that is not empty; empty at the end.
+    std::string_view nextFilled() {
+        std::string_view line;
+        while (line.empty() && !atEnd()) line = next();
+        return line;
+    }
+
+  private:
+    std::string_view rest_;
+};
+
+}  // namespace
+
+std::string NormaliseName(std::string_view name) {
+    std::string s = text::RemoveBlanks(text::ToUpper(name));
+    for (const auto& [from, to] : kSpellings) s = text::ReplaceAll(std::move(s), from, to);
+    s = oxides(std::move(s));
+    for (const auto& [from, to] : kAbbreviations) s = text::ReplaceAll(std::move(s), from, to);
+    return s;
+}
+
+std::string ComparingForm(std::string_view normalised) {
+    std::string form;
+    for (const char c : normalised)
+        if (c != '-' && c != '(' && c != ')' && c != '.') form += c;
+    return form;
+}
+
+SynonymHit FindInSynonyms(std::string_view file, std::string_view search) {
+    const std::string casrn = text::TrimRight(search);
+    const std::string wanted = ComparingForm(NormaliseName(search));
+    LineReader lines(file);
+    while (!lines.atEnd()) {
+        SynonymHit block;
+        block.casrn = lines.nextFilled();
+        if (block.casrn == kEnd) return block;
+        block.line = lines.next();
+        block.found = !casrn.empty() && block.casrn == casrn;
+        if (block.found) return block;
+        for (std::string_view line = lines.next(); !line.empty(); line = lines.next()) {
+            block.found = !wanted.empty() && ComparingForm(line) == wanted;
+            if (block.found) return block;
+        }
+    }
+    return {};
+}
+
+SynonymHit SearchSynonyms(const std::string& search) {
+    const FileContent file = ReadWhole(Module2::FindFile(std::string(kFile)));
+    if (!file.error.empty()) return {.fileMissing = true};
+    return FindInSynonyms(text::FromOem(file.bytes), search);
+}
+
+}  // namespace LoadSaveData

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/session_record.h"
+
+/// The list of the XY editor without its view: changes, order, clipboard. Lines count from 1.
+namespace LoadSaveData {
+
+inline constexpr float kInactiveMark = -1.0F;
+bool IsActive(const Declare::FitPoint& point);
+
+enum class XYManipulation {
+    OneMinusX,    ///< x = 1 - x
+    InverseY,     ///< y = 1 / y
+    AddToY,       ///< y = y + W
+    MultiplyY,    ///< y = y * W
+    LogarithmY,   ///< y = ln(y)
+    ExponentialY  ///< y = exp(y)
+};
+
+/// Changes all points, active or not. When one of them has no such value the list stays as it is,
+/// and a sentence names the line; else the text is empty.
+std::string ManipulateXY(std::vector<Declare::FitPoint>& points, XYManipulation what, double W);
+void SwapXY(std::span<Declare::FitPoint> points);
+void SortByX(std::span<Declare::FitPoint> points);  ///< ascending, equal ones keep their order
+void SortByY(std::span<Declare::FitPoint> points);
+void RemoveXY(std::vector<Declare::FitPoint>& points, int first, int last);
+void ToggleXY(std::span<Declare::FitPoint> points, int first, int last);
+void InsertXY(std::vector<Declare::FitPoint>& points, int position,
+              std::span<const Declare::FitPoint> more);
+
+/// Points from tab-separated lines; point or comma as decimal mark. Empty lines, and a first line
+/// of headings, are left out.
+std::vector<Declare::FitPoint> XYFromClipboard(std::string_view table);
+/// The lines `first` to `last` tab-separated, numbers in the locale's form.
+std::string XYForClipboard(std::span<const Declare::FitPoint> points, int first, int last);
+/// The whole list in aligned columns for the printer, inactive points in brackets.
+std::string XYListText(std::span<const Declare::FitPoint> points);
+
+std::vector<Declare::FitPoint> ActivePoints(std::span<const Declare::FitPoint> points);
+/// True when there are enough active points for a set of points (1) or a curve (2); else it says
+/// so.
+bool EnoughActivePoints(std::span<const Declare::FitPoint> points, bool asPoints);
+
+/// Range of active points. Without any, the maxima are -1E37 and the minima 1E37.
+struct XYRange {
+    float xMin = 1e37F, xMax = -1e37F, yMin = 1e37F, yMax = -1e37F;
+};
+XYRange RangeOfActive(std::span<const Declare::FitPoint> points);
+
+}  // namespace LoadSaveData

@@ -1,0 +1,123 @@
+#include "models/density.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <string>
+
+#include "common/constants.h"
+#include "common/dialogs.h"
+#include "models/validity.h"
+
+namespace Calc {
+
+using constants::kPresent;
+using Declare::SubstanceRecord;
+
+namespace {
+
+/// Warnings begin beyond this many kelvins outside the range.
+constexpr int kSilentDeviation = 5;
+
+DensityResult failed() {
+    return {.status = kFailure};
+}
+
+bool physical(double rho) {
+    return std::isfinite(rho) && rho >= 0.0;
+}
+
+double rational_polynomial(const std::array<double, 7>& a, double Tc, double T) {
+    double rho = a[0] + T * (a[1] + T * (a[2] + T * a[3]));
+    if (a[4] != 0.0) rho += a[4] / (a[5] + T);
+    if (std::fabs(a[6]) > kPresent && T < Tc) rho += a[6] * std::cbrt(1.0 - T / Tc);
+    return rho;
+}
+
+}  // namespace
+
+DensityResult density_liquid(const SubstanceRecord& s, float temperature) {
+    const auto T = static_cast<double>(temperature);
+    constexpr double kLowest = 1e-10;
+    std::array<double, 7> a{};
+    for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(s.rhoLPar[i]);
+    const auto Tc = static_cast<double>(s.rhoLTc);
+
+    DensityResult r;
+    if (s.rhoLTLo == 0 && a[0] > kPresent && a[2] > kPresent) {
+        r.rho = a[0] + a[1] * T;
+        return physical(r.rho) ? r : failed();
+    }
+    if (std::fabs(a[0]) > kPresent) {
+        r.rho = rational_polynomial(a, Tc, T);
+        if (r.rho < kLowest) return failed();
+    } else {
+        if (T > Tc) return r;
+        r.rho = a[1] / std::pow(a[2], 1.0 + std::pow(1.0 - T / Tc, a[3]));
+    }
+    if (!physical(r.rho)) return failed();
+    const Bounds range{s.rhoLTLo, s.rhoLTHi};
+    if (both_given(range)) r.deviation = deviation_of(T, range);
+    return r;
+}
+
+DensityResult density_solid(const SubstanceRecord& s, float temperature) {
+    const auto T = static_cast<double>(temperature);
+    std::array<double, 4> a{};
+    for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(s.rhoSPar[i]);
+    const Bounds range{s.rhoSTLo, s.rhoSTHi};
+
+    DensityResult r;
+    if (both_given(range)) {
+        r.rho = a[0] + T * (a[1] + T * (a[2] + T * a[3]));
+        r.deviation = deviation_of(T, range);
+    } else if (range.TLo == 0 && a[0] > kPresent) {
+        r.rho = a[0] + a[1] * T;
+    }
+    return physical(r.rho) ? r : failed();
+}
+
+DensityResult DensityL(float T, bool warn) {
+    const DensityResult r = density_liquid(Declare::substance, T);
+    if (warn && std::abs(r.deviation) > kSilentDeviation) {
+        dialogs::Tell(" temperature" + std::to_string(r.deviation) +
+                          " K outside parameter validity\n"
+                          "(for temperature range cf. window \"Models\")",
+                      "Warning concerning the equation rho_L = Fu(T)");
+    }
+    return r;
+}
+
+DensityResult DensityS(float T, bool warn) {
+    const SubstanceRecord& s = Declare::substance;
+    const DensityResult r = density_solid(s, T);
+    if (warn && std::abs(r.deviation) > kSilentDeviation) {
+        dialogs::Tell(" Temperature" + std::to_string(r.deviation) +
+                          " K outside T-range of the parameters\n(range of validity: " +
+                          std::to_string(s.rhoSTLo) + " ... " + std::to_string(s.rhoSTHi) + ")",
+                      "Warning concerning the function rho(S) = Fu(T)");
+    }
+    return r;
+}
+
+double DensityLBenson(double T, double Tcrit, double rhocrit, double rhoV,
+                      const Declare::BensonPoint& reference) {
+    const auto Tref = static_cast<double>(reference.T);
+    if (Tref == Tcrit || !(rhocrit > 0.0)) return 0.0;
+    const double sum = static_cast<double>(reference.rhoL) + static_cast<double>(reference.rhoV);
+    const double rho =
+        sum * (T - Tcrit) / (Tref - Tcrit) + 2.0 * rhocrit * (Tref - T) / (Tref - Tcrit) - rhoV;
+    return physical(rho) ? rho : 0.0;
+}
+
+bool IsKnown(const Declare::BensonPoint& r) {
+    return static_cast<double>(r.T) * static_cast<double>(r.p) * static_cast<double>(r.rhoL) *
+               static_cast<double>(r.rhoV) >
+           kPresent;
+}
+
+double BensonApproximation(double p, double pcrit, double rhocrit) {
+    if (p <= kPresent || !(pcrit > 0.0)) return 0.0;
+    return rhocrit * (1.981 + 0.18327 * std::log(pcrit / p));
+}
+
+}  // namespace Calc

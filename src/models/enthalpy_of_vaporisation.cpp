@@ -1,0 +1,255 @@
+#include "models/enthalpy_of_vaporisation.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "common/constants.h"
+#include "common/dialogs.h"
+#include "common/faults.h"
+#include "common/numbers.h"
+#include "models/caloric.h"
+#include "models/density.h"
+#include "models/equilibrium.h"
+#include "models/saturation.h"
+#include "models/state_solver.h"
+#include "models/validity.h"
+#include "models/vapour_pressure.h"
+
+namespace Calc {
+
+using constants::kLn10;
+using constants::kPresent;
+using constants::R;
+using Declare::SubstanceRecord;
+using Result = EnthalpyOfVaporisationResult;
+
+namespace {
+
+/// What an evaluation works on, beside the process-level records.
+struct Request {
+    std::int16_t method;
+    std::string_view vpCode;
+    bool warn;
+    std::int16_t dataSet;
+    bool paired;  ///< T or p was not given and had to be found
+};
+
+constexpr std::int16_t kDatabaseEquation = 1;
+constexpr std::int16_t kChen = 2;
+constexpr std::int16_t kCarruthKobayashi = 3;
+constexpr std::int16_t kWatson = 4;
+constexpr std::int16_t kDatabaseDensity = 5;
+constexpr std::int16_t kBenson = 6;
+constexpr std::int16_t kCubicEOS = 7;
+
+bool given(double value) {
+    return value > kPresent;
+}
+
+bool fail(Result& r, const char* explanation) {
+    r.explanation = explanation;
+    r.status = kFailure;
+    return false;
+}
+
+/// The row of experimental data that may stand in for a missing T or p.
+Declare::BatchDataSet data_row(std::int16_t index) {
+    const auto i = static_cast<std::size_t>(index);
+    return index > 0 && i < Declare::BatchData.size() ? Declare::BatchData[i]
+                                                      : Declare::BatchDataSet{};
+}
+
+/// p from T, for the methods that need it.
+bool pair_pressure(const Request& q, Result& r) {
+    if (q.method == kCubicEOS) {
+        const Saturation sat = SaturationPressure(r.T);
+        r.p = sat.p;
+        if (sat.status != kSuccess || !given(sat.p)) return fail(r, "p(LV) by EOS: Error ");
+        r.explanation = "p = p(LV) by using cubic EOS";
+        return true;
+    }
+    if (q.method != kChen && q.method != kDatabaseDensity && q.method != kBenson) return true;
+    r.p = VapourPressure(r.T, q.vpCode, q.warn).p;
+    r.explanation = "p = p(LV) by using vapour pressure equation:";
+    if (given(r.p)) return true;
+    r.p = data_row(q.dataSet).p;
+    r.explanation = "p(LV) = p from actual data set";
+    return given(r.p) || fail(r, "No p available");
+}
+
+/// T from p.
+bool pair_temperature(const Request& q, Result& r) {
+    if (q.method == kCubicEOS) {
+        const Saturation sat = SaturationTemperature(r.p);
+        r.T = sat.T;
+        if (sat.status != kSuccess || !given(sat.T)) return fail(r, "T(LV) by using EOS: Error ");
+        r.explanation = "T = T(LV) from cubic  EOS";
+        return true;
+    }
+    r.T = BoilingTemperature(r.p, q.vpCode, q.warn).T;
+    r.explanation = "T = T(LV) from vapour pressure equation:";
+    if (given(r.T)) return true;
+    r.T = data_row(q.dataSet).T;
+    r.explanation = "(T(LV) from actual data set)";
+    return given(r.T) || fail(r, "no T available");
+}
+
+bool below_critical(Result& r) {
+    return r.T <= Declare::substance.Tcrit || fail(r, "T > T(cr)!");
+}
+
+/// The fitted equation of the database, with its warning.
+double database_equation(const Request& q, Result& r) {
+    const SubstanceRecord& s = Declare::substance;
+    const EnthalpyEquationResult value = enthalpy_equation(s, r.T);
+    if (value.status != kSuccess || s.hLVTHi <= 0) throw faults::Fault(faults::kInvalidArgument);
+    r.deviation = deviation_of(r.T, {s.hLVTLo, s.hLVTHi});
+    constexpr int kSilentDeviation = 5;
+    if (q.warn && std::abs(r.deviation) > kSilentDeviation) {
+        dialogs::Tell("Temperature " + std::to_string(r.deviation) +
+                          " K outside parameter validity\n"
+                          "(cf. Data/Parameters delta(LV)h = Fu(T))",
+                      "Warning concerning equation delta(LV)h = Fu(T)");
+    }
+    r.explanation = "delta(LV)h = Fu(T) (by using database equation)";
+    return value.h;
+}
+
+/// N. H. Chen, J. Chem. Eng. Data 10 (1965) 207.
+double chen(const SubstanceRecord& s, double T, double p) {
+    const double Tr = T / s.Tcrit;
+    const double lgp = faults::log(p / s.pcrit) / kLn10;
+    return faults::divide(T * (33.08 * Tr - 32.74 - 29.77 * lgp), 1.07 - Tr);
+}
+
+/// G. F. Carruth, R. Kobayashi, Ind. Eng. Chem. Fundam. 11 (1972) 509.
+double carruth_kobayashi(const SubstanceRecord& s, double T) {
+    const double t = 1.0 - T / s.Tcrit;
+    return R * s.Tcrit * (7.08 * std::pow(t, 0.354) + 10.95 * s.omega * std::pow(t, 0.456));
+}
+
+/// K. M. Watson, Ind. Eng. Chem. 35 (1943) 398.
+double watson(const SubstanceRecord& s, double exponent, double T) {
+    const auto h = static_cast<double>(s.WatsonH);
+    const auto known = static_cast<double>(s.WatsonT);
+    if (!(h * known > kPresent)) throw faults::Fault(faults::kInvalidArgument);
+    const double ratio = faults::divide(s.Tcrit - T, s.Tcrit - known);
+    if (ratio < 0.0) throw faults::Fault(faults::kInvalidArgument);
+    return h * std::pow(ratio, exponent);
+}
+
+void set_compressibilities(Result& r) {
+    if (!(r.rhoL * r.rhoV > kPresent)) throw faults::Fault(faults::kDivisionByZero);
+    const double ideal = static_cast<double>(Declare::substance.M) * r.p / (R * r.T);
+    r.zV = ideal / r.rhoV;
+    r.zL = ideal / r.rhoL;
+}
+
+double benson_density(const Result& r) {
+    const SubstanceRecord& s = Declare::substance;
+    const Declare::BensonPoint& reference = Declare::session.BensonReference;
+    return IsKnown(reference) ? DensityLBenson(r.T, s.Tcrit, s.rhocrit, r.rhoV, reference) : 0.0;
+}
+
+/// Clausius and Clapeyron with the slope of the vapour pressure equation, the V density of the EOS
+/// and the L density of the method.
+double clausius_clapeyron(const Request& q, Result& r) {
+    r.rhoV = SolveStateTP(r.T, r.p).rhoV;
+    r.rhoL = q.method == kDatabaseDensity ? DensityL(static_cast<float>(r.T), q.warn).rho
+                                          : benson_density(r);
+    set_compressibilities(r);
+    const SlopeResult slope = VapourPressureSlope(r.T, q.vpCode);
+    if (slope.status != kSuccess) throw faults::Fault(faults::kInvalidArgument);
+    r.explanation = "actual vapour pressure equation";
+    return -R * slope.slope * (r.zV - r.zL);
+}
+
+/// Residual enthalpies of both phases of the cubic EOS. Where T or p was found here both phases
+/// exist; a given pair may lie beside the equilibrium and then has one of them.
+double cubic_eos(const Request& q, Result& r) {
+    const Fluid fluid = CurrentFluid();
+    const StateTP state = SolveStateTP(r.T, r.p);
+    const PhaseVolumes v =
+        q.paired ? equilibrium_volumes(fluid, state, r.T) : PhaseVolumes{state.vV, state.vL};
+    const auto M = static_cast<double>(fluid.substance.M);
+    r.rhoV = v.vV > 0 ? M / v.vV : 0;
+    r.rhoL = v.vL > 0 ? M / v.vL : 0;
+    set_compressibilities(r);
+    const Declare::EOSState eos = eos_at(fluid, r.T);
+    const auto residual = [&](double volume) {
+        const thermo::PhaseTable table = thermo::residual_functions(fluid, eos, r.T, r.p, volume);
+        if (!table.filled) throw faults::Fault(faults::kInvalidArgument);
+        return table.residual[thermo::ResH];
+    };
+    return R * (residual(v.vV) - residual(v.vL));
+}
+
+double evaluate(const Request& q, Result& r) {
+    const SubstanceRecord& s = Declare::substance;
+    const float exponent = Declare::models.WatsonN;
+    switch (q.method) {
+        case kDatabaseEquation:
+            return database_equation(q, r);
+        case kChen:
+            r.explanation = "Chen-correlation";
+            return chen(s, r.T, r.p);
+        case kCarruthKobayashi:
+            r.explanation = "Carruth/Kobayashi-correlation";
+            return carruth_kobayashi(s, r.T);
+        case kWatson:
+            r.explanation = "WATSON-correlation, n =" + numbers::General(exponent);
+            return watson(s, static_cast<double>(exponent), r.T);
+        case kCubicEOS:
+            return cubic_eos(q, r);
+        default:
+            return clausius_clapeyron(q, r);
+    }
+}
+
+}  // namespace
+
+EnthalpyOfVaporisationResult EnthalpyOfVaporisation(std::int16_t method, double T, double p,
+                                                    std::string_view vpCode, bool warn,
+                                                    std::int16_t dataSet) {
+    const Request request{method, vpCode, warn, dataSet, !given(T) || !given(p)};
+    Result r;
+    r.T = T;
+    r.p = p;
+    if (method < kDatabaseEquation || method > kCubicEOS) {
+        r.status = kFailure;
+        return r;
+    }
+    if (!below_critical(r)) return r;
+    if (!given(p) && !pair_pressure(request, r)) return r;
+    if (!given(T) && (!pair_temperature(request, r) || !below_critical(r))) return r;
+    try {
+        r.raw = faults::finite(evaluate(request, r));
+        r.h = numbers::ToInt32(r.raw);
+    } catch (const faults::Fault&) {
+        r.raw = 0;
+        r.h = 0;
+        r.status = kFailure;
+    }
+    return r;
+}
+
+EnthalpyEquationResult enthalpy_equation(const SubstanceRecord& s, double T) {
+    const auto Tc = static_cast<double>(s.hLVTc);
+    const EnthalpyEquationResult failure{0.0, kFailure};
+    if (!(Tc > kPresent) || !(T <= std::fmax(Tc, s.Tcrit))) return failure;
+    // At the critical point of the set, a 32-bit value, and from there to that of the substance.
+    if (static_cast<float>(T) >= s.hLVTc) return {};
+
+    const double Tr = T / Tc;
+    const auto a = [&](std::size_t i) { return static_cast<double>(s.hLVPar[i]); };
+    const double exponent = a(2) + Tr * (a(3) + Tr * (a(4) + Tr * a(5)));
+    const double h = a(0) * std::exp(-a(1) * Tr) * std::pow(1.0 - Tr, exponent);
+    if (!std::isfinite(h)) return failure;
+    return {h, kSuccess};
+}
+
+EnthalpyEquationResult EnthalpyEquationValue(double T) {
+    return enthalpy_equation(Declare::substance, T);
+}
+
+}  // namespace Calc

@@ -1,0 +1,159 @@
+#include <algorithm>
+#include <cmath>
+
+#include "common/constants.h"
+#include "models/caloric.h"
+#include "models/reference_state.h"
+
+namespace thermo {
+
+namespace {
+
+/// The database holds an unused coefficient as 1E-37.
+constexpr double kUnused = 1e-30;
+
+/// A polynomial set as numbers: C0 to C3 of T^0 to T^3 and a last term in T^4 or T^-2.
+struct Polynomial {
+    double c0, c1, c2, c3;
+    double quartic = 0;        ///< factor of T^4
+    double inverseSquare = 0;  ///< factor of T^-2
+};
+
+Polynomial polynomial_of(const Declare::CpSet& set) {
+    const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
+    if (std::fabs(c(0)) < 1e-8) return {c(1), c(2), c(3), 0.0, 0.0, c(4)};
+    if (std::fabs(c(4)) < 1.0) return {c(0), c(1), c(2), c(3), c(4), 0.0};
+    return {c(0), c(1), c(2), c(3), 0.0, c(4)};
+}
+
+bool has_coefficients(const Declare::CpSet& set) {
+    return std::any_of(set.c.begin(), set.c.end(),
+                       [](float c) { return std::fabs(static_cast<double>(c)) > kUnused; });
+}
+
+/// h and s of the ideal gas at T less those at T0, at one pressure.
+struct Difference {
+    double h = 0, s = 0;
+    bool valid = false;
+};
+
+/// The powers of T are taken as (T - T0) times a sum, so that h stays exact close to T0.
+Difference polynomial_difference(const Declare::CpSet& set, double T, double T0) {
+    if (!(T > 0.0) || !(T0 > 0.0)) return {};
+    const Polynomial c = polynomial_of(set);
+    const double s1 = T + T0;
+    const double s2 = T * s1 + T0 * T0;
+    const double s3 = T * s2 + T0 * T0 * T0;
+    const double s4 = T * s3 + T0 * T0 * T0 * T0;
+    const double h = c.c0 + c.c1 / 2 * s1 + c.c2 / 3 * s2 + c.c3 / 4 * s3 + c.quartic / 5 * s4 +
+                     c.inverseSquare / (T * T0);
+    const double s = c.c1 + c.c2 / 2 * s1 + c.c3 / 3 * s2 + c.quartic / 4 * s3 +
+                     c.inverseSquare / 2 * s1 / (T * T0 * T * T0);
+    return {h * (T - T0), s * (T - T0) + c.c0 * std::log(T / T0), true};
+}
+
+/// Terms of the sinh/cosh form at one temperature.
+struct SinhCosh {
+    double sinhX, coshX, coshY, tanhY;
+    double entropy;  ///< C1 (x coth x - ln sinh x) - C3 (y tanh y - ln cosh y)
+    bool valid;
+};
+
+SinhCosh sinh_cosh_at(const Declare::CpSet& set, double T) {
+    const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
+    const double x = c(2) / T;
+    const double y = c(4) / T;
+    SinhCosh t{std::sinh(x), std::cosh(x), std::cosh(y), std::tanh(y), 0.0, false};
+    t.valid = t.sinhX > 0.0 && std::isfinite(t.coshX) && std::isfinite(t.coshY);
+    t.entropy = c(1) * (x * t.coshX / t.sinhX - std::log(t.sinhX)) -
+                c(3) * (y * t.tanhY - std::log(t.coshY));
+    return t;
+}
+
+Difference sinh_cosh_difference(const Declare::CpSet& set, double T, double T0) {
+    constexpr double kLowestT = 0.1;
+    if (!(T > kLowestT) || !(T0 > kLowestT)) return {};
+    const SinhCosh at = sinh_cosh_at(set, T);
+    const SinhCosh zero = sinh_cosh_at(set, T0);
+    if (!at.valid || !zero.valid) return {};
+
+    const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
+    const double inverse = (T0 - T) / (T * T0);  // 1/T - 1/T0
+    const double coth = -std::sinh(c(2) * inverse) / (at.sinhX * zero.sinhX);
+    const double tanh = std::sinh(c(4) * inverse) / (at.coshY * zero.coshY);
+    return {c(0) * (T - T0) + c(1) * c(2) * coth - c(3) * c(4) * tanh,
+            c(0) * std::log(T / T0) + at.entropy - zero.entropy, true};
+}
+
+CpResult checked(double cp) {
+    if (!std::isfinite(cp)) return {0.0, kFailure};
+    return {cp, kSuccess};
+}
+
+double square(double x) {
+    return x * x;
+}
+
+}  // namespace
+
+CpResult polynomial_cp(const Declare::CpSet& set, double T) {
+    if (!has_coefficients(set)) return {0.0, kFailure};
+    const Polynomial c = polynomial_of(set);
+    return checked(c.c0 + T * (c.c1 + T * (c.c2 + T * (c.c3 + T * c.quartic))) +
+                   (c.inverseSquare == 0.0 ? 0.0 : c.inverseSquare / (T * T)));
+}
+
+CpResult sinh_cosh_cp(const Declare::CpSet& set, double T) {
+    if (!has_coefficients(set)) return {0.0, kFailure};
+    const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
+    const double x = c(2) / T;
+    const double y = c(4) / T;
+    const double sinhX = std::sinh(x);
+    const double coshY = std::cosh(y);
+    // By their definitions through exp both overflow here, and the quotients would silently be 0.
+    if (!std::isfinite(sinhX) || !std::isfinite(coshY)) return {0.0, kFailure};
+    return checked(c(0) + c(1) * square(x / sinhX) + c(3) * square(y / coshY));
+}
+
+CpResult ideal_gas_cp(const Declare::SubstanceRecord& s, std::int16_t form, double T) {
+    if (form == 1) return polynomial_cp(s.cpPoly, T);
+    if (form == 2) return sinh_cosh_cp(s.cpSinh, T);
+    return {0.0, kFailure};
+}
+
+IdealGasState ideal_gas_functions(const Declare::SubstanceRecord& s, std::int16_t form,
+                                  const Declare::ReferenceState& reference, double T, double p) {
+    IdealGasState failure;
+    failure.status = kFailure;
+    const CpResult cp = ideal_gas_cp(s, form, T);
+    if (cp.status != kSuccess) return failure;
+
+    const auto T0 = static_cast<double>(reference.T0);
+    const Difference d =
+        form == 1 ? polynomial_difference(s.cpPoly, T, T0) : sinh_cosh_difference(s.cpSinh, T, T0);
+    if (!d.valid) return failure;
+
+    const ReferenceBase base = reference_base(s, reference, p);
+    const IdealGasState state{cp.cp, d.h + base.h + reference.href, d.s + base.s + reference.sref,
+                              kSuccess};
+    return std::isfinite(state.h) && std::isfinite(state.s) ? state : failure;
+}
+
+CpResult IdealGasCp(double T) {
+    return ideal_gas_cp(Declare::substance, Declare::models.CpModel, T);
+}
+
+CpResult CpLiquid(double T) {
+    return polynomial_cp(Declare::substance.cpL, T);
+}
+CpResult CpSolid(double T) {
+    return polynomial_cp(Declare::substance.cpS, T);
+}
+
+IdealGasState IdealGasFunctions(double T, double p) {
+    settle_reference(Declare::reference);
+    return ideal_gas_functions(Declare::substance, Declare::models.CpModel, Declare::reference, T,
+                               p);
+}
+
+}  // namespace thermo

@@ -1,0 +1,122 @@
+#include <cmath>
+
+#include "common/constants.h"
+#include "models/caloric.h"
+#include "models/cubic_eos.h"
+
+namespace thermo {
+
+using constants::R;
+using Declare::EOSState;
+
+namespace {
+
+constexpr int kCap = 200;
+
+/// d2p/dv2 = 0 reads R T/(v - b)^3 = a (C^3 D + C^2 D^2 + C D^3) with C = 1/(v + c), D = 1/(v + d).
+/// `Balance` is the logarithm of the right side over the left as a function of t = ln((v - b)/b).
+/// It rises with slope 3 from b, has one maximum, and falls with slope -1 towards infinity, so that
+/// there are two points of inflexion, or none where the maximum stays below 0.
+class Balance {
+  public:
+    Balance(const EOSState& state, double T)
+        : s_(state), logRatio_(std::log(state.eosA / (R * T))) {}
+
+    double volume(double t) const { return s_.eosB * (1.0 + std::exp(t)); }
+
+    double value(double t) const {
+        const auto [w, C, D] = at(t);
+        return logRatio_ + 3.0 * std::log(w) + std::log(C * D * (C * C + C * D + D * D));
+    }
+
+    double slope(double t) const {
+        const auto [w, C, D] = at(t);
+        return 3.0 - 3.0 * w * (C * C + D * D) * (C + D) / (C * C + C * D + D * D);
+    }
+
+  private:
+    struct Point {
+        double w, C, D;
+    };
+    Point at(double t) const {
+        const double w = s_.eosB * std::exp(t);
+        return {w, 1.0 / (w + s_.eosB + s_.eosC), 1.0 / (w + s_.eosB + s_.eosD)};
+    }
+
+    const EOSState& s_;
+    double logRatio_;
+};
+
+/// t of the maximum, by halving.
+double top(const Balance& f) {
+    double rising = -40.0, falling = 40.0;
+    for (int i = 0; i < kCap && falling - rising > 1e-15; ++i) {
+        const double middle = 0.5 * (rising + falling);
+        if (middle == rising || middle == falling) break;
+        (f.slope(middle) > 0.0 ? rising : falling) = middle;
+    }
+    return 0.5 * (rising + falling);
+}
+
+/// The zero between a t where the balance is positive and one where it is negative: Newton steps
+/// that are replaced by halving when they leave the bracket.
+double zero(const Balance& f, double positive, double negative) {
+    double t = 0.5 * (positive + negative);
+    for (int i = 0; i < kCap; ++i) {
+        const double value = f.value(t);
+        (value > 0.0 ? positive : negative) = t;
+        double next = t - value / f.slope(t);
+        if (!((next - positive) * (next - negative) < 0.0)) next = 0.5 * (positive + negative);
+        if (std::fabs(next - t) <= 1e-15 * std::fmax(1.0, std::fabs(t))) return next;
+        t = next;
+    }
+    return t;
+}
+
+/// A t beyond the zero, on the side of `direction`.
+double beyond(const Balance& f, double from, double direction) {
+    double step = direction;
+    for (int i = 0; i < 10 && f.value(from + step) > 0.0; ++i) step *= 2.0;
+    return from + step;
+}
+
+void add(Inflexion& r, const EOSState& s, double T, double v) {
+    const double e = 1.0 / (v - s.eosB);
+    const double C = 1.0 / (v + s.eosC);
+    const double D = 1.0 / (v + s.eosD);
+    const auto i = static_cast<std::size_t>(r.count++);
+    r.v[i] = v;
+    r.p[i] = Calc::cubic_pressure(s, T, v);
+    r.secondDerivative[i] =
+        2.0 * R * T * e * e * e - 2.0 * s.eosA * C * D * (C * C + C * D + D * D);
+}
+
+}  // namespace
+
+Inflexion inflexion_points(const EOSState& state, double T) {
+    Inflexion r;
+    const bool attracts = state.eosA > 0.0 && state.eosB > 0.0 && state.eosB + state.eosC > 0.0 &&
+                          state.eosB + state.eosD > 0.0;
+    if (!(T > 0.0) || !attracts) return r;
+
+    const Balance f(state, T);
+    const double middle = top(f);
+    const double height = f.value(middle);
+    // Where the two points meet their distance is below what 64 bits can tell.
+    constexpr double kTouching = 1e-15;
+    if (!(height >= -kTouching)) return r;
+    if (height <= kTouching) {
+        add(r, state, T, f.volume(middle));
+        return r;
+    }
+    add(r, state, T, f.volume(zero(f, middle, beyond(f, middle, -1.0))));
+    add(r, state, T, f.volume(zero(f, middle, beyond(f, middle, 1.0))));
+    return r;
+}
+
+Inflexion InflexionPoints(double T) {
+    if (Declare::models.EOSOnlyV) return {};
+    return inflexion_points(Calc::eos_at(Calc::CurrentFluid(), T), T);
+}
+
+}  // namespace thermo

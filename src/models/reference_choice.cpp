@@ -1,0 +1,83 @@
+#include "models/reference_choice.h"
+
+#include <cmath>
+
+#include "common/faults.h"
+#include "common/numbers.h"
+
+namespace thermo {
+
+namespace {
+
+/// The default record holds the standard temperature and pressure.
+constexpr float kStandardTemperature = 298.15F;
+constexpr float kStandardPressure = 101.325F;
+
+/// Lowest temperature of the surroundings: it may stand in a denominator.
+constexpr double kLowestTenv = 1e-6;
+
+constexpr std::array<std::int16_t, 3> kModes = {1, 10, 2};
+
+constexpr std::array<ReferenceCaptions, 4> kCaptions = {{{"h /(kJ/kmol)", "s /(kJ/kmol/K)"},
+                                                         {"h /K", "s /R"},
+                                                         {"h /(R T)", "s /(1/K) "},
+                                                         {"h /(kJ/kg)", "s /(kJ/(kg K))"}}};
+
+/// A 32-bit value as its user typed it, without the digits that widening adds.
+double shown(float value) {
+    return numbers::Val(numbers::GeneralPoint(value));
+}
+
+}  // namespace
+
+std::int16_t ReferenceModeOf(ReferenceOption option) {
+    return kModes[static_cast<std::size_t>(option)];
+}
+
+ReferenceOption ReferenceOptionOf(std::int16_t RefMode) {
+    if (RefMode == 10) return ReferenceOption::Formation;
+    if (RefMode == 2) return ReferenceOption::Conventional;
+    return ReferenceOption::Values;
+}
+
+ReferenceCaptions CaptionsOf(std::int16_t CaloricUnit) {
+    return CaloricUnit >= 0 && CaloricUnit < 4 ? kCaptions[static_cast<std::size_t>(CaloricUnit)]
+                                               : kCaptions[0];
+}
+
+ReferenceFields FieldsOf(const Declare::ReferenceState& r, double CaloricFactor) {
+    const float p0 = r.p0 == 0.0F ? kStandardPressure : r.p0;
+    return {r.href * CaloricFactor, r.sref * CaloricFactor, shown(r.T0), shown(p0), r.Tenv, r.penv};
+}
+
+ReferenceFields AfterChoice(ReferenceOption option, ReferenceFields fields) {
+    if (option != ReferenceOption::Formation) return fields;
+    fields[FieldH] = fields[FieldS] = 0.0;
+    fields[FieldT0] = shown(kStandardTemperature);
+    fields[FieldP0] = shown(kStandardPressure);
+    return fields;
+}
+
+bool IsEditable(ReferenceOption option, ReferenceField field) {
+    return option == ReferenceOption::Values || field == FieldTenv || field == FieldPenv;
+}
+
+bool StoreReference(ReferenceOption option, const ReferenceFields& fields, double CaloricFactor,
+                    Declare::ReferenceState& reference) {
+    try {
+        Declare::ReferenceState r;
+        r.RefMode = ReferenceModeOf(option);
+        r.href = faults::divide(fields[FieldH], CaloricFactor);
+        r.sref = faults::divide(fields[FieldS], CaloricFactor);
+        r.T0 = numbers::ToSingle(fields[FieldT0]);
+        r.p0 = numbers::ToSingle(fields[FieldP0]);
+        r.Tenv = fields[FieldTenv] == 0.0 ? kLowestTenv : faults::finite(fields[FieldTenv]);
+        r.penv = faults::finite(fields[FieldPenv]);
+        reference = r;
+        return true;
+    } catch (const faults::Fault&) {
+        return false;
+    }
+}
+
+}  // namespace thermo

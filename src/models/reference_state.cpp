@@ -1,0 +1,150 @@
+#include "models/reference_state.h"
+
+#include <cmath>
+
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "models/density.h"
+#include "models/model_tables.h"
+#include "models/state_solver.h"
+#include "models/vapour_pressure.h"
+#include "models/virial.h"
+
+namespace thermo {
+
+using constants::kPresent;
+using constants::R;
+using Declare::BensonPoint;
+using Declare::ReferenceState;
+using Declare::SubstanceRecord;
+
+namespace {
+
+constexpr std::int16_t kConventional = 2;
+constexpr std::int16_t kFormation = 10;
+constexpr float kStandardTemperature = 298.15F;
+constexpr float kStandardPressure = 101.325F;
+
+}  // namespace
+
+void settle_reference(ReferenceState& reference) {
+    if (reference.RefMode == kConventional || reference.RefMode == kFormation) {
+        reference.T0 = kStandardTemperature;
+        reference.p0 = kStandardPressure;
+    }
+    if (reference.p0 == 0.0F) reference.p0 = kStandardPressure;
+}
+
+ReferenceBase reference_base(const SubstanceRecord& s, const ReferenceState& reference, double p) {
+    ReferenceBase base;
+    const auto h = static_cast<double>(s.dfh);
+    if (reference.RefMode == kConventional) base = {h, static_cast<double>(s.sconv)};
+    if (reference.RefMode == kFormation) base = {h, (h - static_cast<double>(s.dfg)) / 298.15};
+    if (p > 0.0) base.s -= R * std::log(p / static_cast<double>(reference.p0));
+    return base;
+}
+
+ReferenceBase ReferenceValues(double p) {
+    settle_reference(Declare::reference);
+    return reference_base(Declare::substance, Declare::reference, p);
+}
+
+namespace {
+
+std::string tenths(double value) {
+    return numbers::FormatPoint(value, "####.#");
+}
+std::string thousandths(double value) {
+    return numbers::FormatPoint(value, "##.###");
+}
+
+std::string rho_liquid_line(double rho, const char* source) {
+    return " rho(L)(ref)/kg/m^3 =" + tenths(rho) + source;
+}
+
+struct DensitySource {
+    double rho = 0;  ///< kg/m^3, 0 when there is none
+    const char* note = "";
+};
+
+/// L density at the normal boiling point by the first source that has it.
+DensitySource density_at_boiling_point(const SubstanceRecord& s, double T) {
+    if (s.rhoLboil > kPresent) return {static_cast<double>(s.rhoLboil), " (from database)"};
+    if (s.rhoLTLo > 0) {
+        const Calc::DensityResult r = Calc::density_liquid(s, s.Tboil);
+        if (r.status == kSuccess) return {r.rho, " (from database-equ. rho(T))"};
+    }
+    const auto a = [&](std::size_t i) { return static_cast<double>(s.rhoLPar[i]); };
+    if (a(0) > kPresent && std::fabs(a(1)) > kPresent && a(2) > kPresent)
+        return {a(0) + a(1) * T - a(2) * a(1), " (calculated from drho/dT)"};
+    return {};
+}
+
+/// The normal boiling point. Its pressure is rounded to 101.3 kPa, which the text does not show.
+bool from_boiling_point(const SubstanceRecord& s, BensonProposal& r) {
+    if (!(s.Tboil > kPresent)) return false;
+    const auto T = static_cast<double>(s.Tboil);
+    const DensitySource liquid = density_at_boiling_point(s, T);
+    if (!(liquid.rho > 0.0)) return false;
+    r.point = {s.Tboil, 101.3F, static_cast<float>(liquid.rho), 0.0F};
+    r.text = " T(ref)/K           =" + tenths(T) +
+             " (normal boiling T)\n"
+             " p(LV)(ref)/kPa     = 101.325 (normal pressure)\n" +
+             rho_liquid_line(liquid.rho, liquid.note);
+    return true;
+}
+
+/// The single measured density at its own temperature.
+bool from_single_density(const SubstanceRecord& s, std::string_view vpCode, BensonProposal& r) {
+    if (!(s.rhoLPar[0] > kPresent) || !(s.rhoLPar[2] > kPresent)) return false;
+    const auto T = static_cast<double>(s.rhoLPar[2]);
+    const Calc::VapourPressureResult vp = Calc::vapour_pressure(s, T, vpCode);
+    if (vp.status != kSuccess) return false;
+    r.point = {s.rhoLPar[2], static_cast<float>(vp.p), s.rhoLPar[0], 0.0F};
+    r.text =
+        "T(ref)/K         =" + tenths(T) + " (data base: single point for density)\n" +
+        rho_liquid_line(static_cast<double>(s.rhoLPar[0]), " (data base: single point at T(ref))") +
+        "\n pLV(ref)/kPa     =" + thousandths(vp.p) + "  (at T(ref) with  " + std::string(vpCode) +
+        "-equation)";
+    return true;
+}
+
+/// V density at the reference point: active EOS, else Pitzer/Curl, else ideal gas.
+std::string add_vapour_density(const Calc::Fluid& fluid, BensonPoint& point) {
+    const auto T = static_cast<double>(point.T);
+    const auto p = static_cast<double>(point.p);
+    const auto M = static_cast<double>(fluid.substance.M);
+
+    const Calc::StateTP state = Calc::SolveStateTP(T, p);
+    double rho = state.rhoV;
+    std::string source = "  (from  " + text::Trim(Calc::EOSName(fluid.models.EOSModel)) + ")";
+    if (state.status != kSuccess || rho < kPresent) {
+        if (fluid.substance.omega != 0.0) {
+            constexpr std::int16_t kPitzerCurl = 16;
+            Declare::Bvirial = Calc::SecondVirial(kPitzerCurl, T);
+            rho = M / (R * T / p + Declare::Bvirial);
+            source = " (using Virial-EOS, PITZER/CURL)";
+        }
+        if (!(rho >= kPresent) || !std::isfinite(rho)) {
+            rho = M * p / R / T;
+            source = " (using ideal-gas EOS)";
+        }
+    }
+    point.rhoV = static_cast<float>(rho);
+    return "\n rho(V)(ref)/kg/m^3 =" + thousandths(rho) + source;
+}
+
+}  // namespace
+
+BensonProposal ProposeBensonReference() {
+    const Calc::Fluid fluid = Calc::CurrentFluid();
+    BensonProposal r;
+    if (!from_boiling_point(fluid.substance, r) &&
+        !from_single_density(fluid.substance, fluid.models.VPCode, r))
+        return {};
+    r.text += add_vapour_density(fluid, r.point);
+    return r;
+}
+
+}  // namespace thermo

@@ -1,0 +1,174 @@
+#include <cmath>
+
+#include "models/caloric.h"
+#include "models/equilibrium.h"
+#include "models/reference_state.h"
+#include "models/saturation.h"
+#include "models/state_solver.h"
+#include "models/virial.h"
+
+namespace thermo {
+
+using Calc::Fluid;
+using Declare::ReferenceState;
+
+namespace {
+
+StateValues no_values() {
+    StateValues failure;
+    failure.status = kFailure;
+    return failure;
+}
+
+bool finite(const StateValues& z) {
+    for (const double x : {z.h, z.u, z.s, z.g, z.a, z.cp, z.cv, z.w})
+        if (!std::isfinite(x)) return false;
+    return true;
+}
+
+/// Everything that the state of the surroundings depends on.
+struct SurroundingsKey {
+    std::int16_t EOSModel = 0, CpModel = 0;
+    bool EOSOnlyV = false;
+    double Tcrit = 0, pcrit = 0, omega = 0;
+    float M = 0, dfh = 0, dfg = 0, sconv = 0;
+    Declare::EOSParameters eos;
+    Declare::JiTorvikParameters jt;
+    Declare::CpSet cp;
+    ReferenceState reference;
+
+    bool operator==(const SurroundingsKey&) const = default;
+};
+
+SurroundingsKey key_of(const Fluid& f, const ReferenceState& reference) {
+    const Declare::SubstanceRecord& s = f.substance;
+    return {f.models.EOSModel,
+            f.models.CpModel,
+            f.models.EOSOnlyV,
+            s.Tcrit,
+            s.pcrit,
+            s.omega,
+            s.M,
+            s.dfh,
+            s.dfg,
+            s.sconv,
+            f.eos,
+            f.jt,
+            f.models.CpModel == 1 ? s.cpPoly : s.cpSinh,
+            reference};
+}
+
+/// The last surroundings and what they were evaluated for: a curve asks thousands of times for the
+/// same ones, and their solution takes longer than all the rest.
+const Surroundings& current_surroundings() {
+    static SurroundingsKey key;
+    static Surroundings last;
+    static bool valid = false;
+    const Fluid fluid = Calc::CurrentFluid();
+    const SurroundingsKey now = key_of(fluid, Declare::reference);
+    if (!valid || !(now == key)) {
+        last = surroundings_state(fluid, Declare::reference);
+        key = now;
+        valid = true;
+    }
+    return last;
+}
+
+}  // namespace
+
+Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& reference) {
+    const double T = reference.Tenv;
+    const double p = reference.penv;
+    const IdealGasState ideal =
+        ideal_gas_functions(fluid.substance, fluid.models.CpModel, reference, T, p);
+    if (ideal.status != kSuccess) return {};
+    Surroundings z;
+    z.status = kSuccess;
+    if (fluid.models.EOSOnlyV) {
+        if (!(p > 0.0)) return {};
+        // Where a heavy fluid is liquid in the surroundings the volume may be negative; the virial
+        // form still gives a zero for the exergies, which are then right but for a constant.
+        const Calc::Virial b = Calc::virial(fluid, fluid.models.EOSModel, T);
+        z.v = constants::R * T / p + b.B;
+        z.h = ideal.h + p * (b.B - T * b.dB);
+        z.s = ideal.s - p * b.dB;
+        z.u = z.h - p * z.v;
+        return std::isfinite(z.u) && std::isfinite(z.s) ? z : Surroundings{};
+    }
+    const Calc::StateTP state = Calc::solve_state_tp(fluid, T, p);
+    if (state.status != kSuccess) return {};
+    const double v = state.hasL && !state.hasV ? state.vL : state.vV;
+    const PhaseTable table = residual_functions(fluid, state.state, T, p, v);
+    if (!table.filled) return {};
+
+    z.v = v;
+    z.h = ideal.h + constants::R * table.residual[ResH];
+    z.u = z.h - p * v;
+    z.s = ideal.s + constants::R * table.residual[ResS];
+    return z;
+}
+
+StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
+                            const Surroundings& surroundings, double T, double p, double v) {
+    const IdealGasState ideal =
+        ideal_gas_functions(fluid.substance, fluid.models.CpModel, reference, T, p);
+    if (ideal.status != kSuccess) return no_values();
+
+    StateValues z;
+    z.table = residual_functions(fluid, Calc::eos_at(fluid, T), T, p, v);
+    if (!z.table.filled) return no_values();
+    const auto& residual = z.table.residual;
+    z.h = ideal.h + constants::R * residual[ResH];
+    z.u = z.h - p * v;
+    z.s = ideal.s + constants::R * residual[ResS];
+    z.g = z.h - T * z.s;
+    z.a = z.g - p * v;
+    z.cp = residual[Cp];
+    z.cv = residual[Cv];
+    z.w = residual[SpeedOfSound];
+    if (!finite(z)) return no_values();
+
+    if (surroundings.status != kSuccess) {
+        z.status = kFailure;
+        return z;
+    }
+    const double lost = reference.Tenv * (z.s - surroundings.s);
+    z.eH = (z.h - surroundings.h) - lost;
+    z.eU = (z.u - surroundings.u) - lost + reference.penv * (v - surroundings.v);
+    return z;
+}
+
+StateValues StateFunctions(double T, double p, double v) {
+    settle_reference(Declare::reference);
+    return state_functions(Calc::CurrentFluid(), Declare::reference, current_surroundings(), T, p,
+                           v);
+}
+
+SaturationValues SaturationFunctions(double T) {
+    const Declare::SubstanceRecord& s = Declare::substance;
+    SaturationValues r;
+    r.status = kFailure;
+    if (Declare::models.EOSOnlyV) return r;
+    if (T == s.Tcrit) {
+        const double rho = Declare::eosParameters.rhocritCalc;
+        if (!(rho > 0.0)) return r;
+        r.p = s.pcrit;
+        r.vV = r.vL = static_cast<double>(s.M) / rho;
+    } else {
+        const Calc::Saturation sat = Calc::SaturationPressure(T);
+        if (sat.status != kSuccess) return r;
+        const Calc::StateTP state = Calc::SolveStateTP(T, sat.p);
+        r.p = sat.p;
+        const Calc::PhaseVolumes volumes =
+            Calc::equilibrium_volumes(Calc::CurrentFluid(), state, T);
+        r.vV = volumes.vV;
+        r.vL = volumes.vL;
+        if (!(r.vV > 0.0) || !(r.vL > 0.0)) return r;
+    }
+    r.V = StateFunctions(T, r.p, r.vV);
+    r.L = r.vL == r.vV ? r.V : StateFunctions(T, r.p, r.vL);
+    r.status = r.V.status == kSuccess && r.L.status == kSuccess ? kSuccess : kFailure;
+    return r;
+}
+
+}  // namespace thermo

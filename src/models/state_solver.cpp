@@ -1,0 +1,383 @@
+#include "models/state_solver.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "common/constants.h"
+#include "models/cubic_eos.h"
+#include "models/saturation.h"
+#include "models/virial.h"
+
+namespace Calc {
+
+using constants::R;
+using Declare::EOSState;
+
+namespace {
+
+constexpr int kNewtonSteps = 200;
+constexpr double kRootTolerance = 5e-7;
+constexpr double kFlat = 1e-80;
+
+/// Divides the root v out of the cubic v^3 + c2 v^2 + c1 v + c0 and gives e, g of the remaining
+/// v^2 + e v + g. Each coefficient is taken from the side of the polynomial where the root makes
+/// the larger term, which keeps the small roots when the largest is divided out and the other way
+/// round (G. Peters, J. H. Wilkinson, J. Inst. Math. Appl. 8 (1971) 16).
+struct Quadratic {
+    double e, g;
+};
+
+Quadratic deflate(double v, double c2, double c1, double c0) {
+    const double t0 = std::fabs(c0);
+    const double t1 = std::fabs(c1 * v);
+    const double t2 = std::max(std::fabs(c2), std::fabs(v)) * v * v;
+    if (t0 >= t1 && t0 >= t2) {
+        const double e = v + c2;
+        return {e, e * v + c1};
+    }
+    const double g = -c0 / v;
+    if (t1 >= t2) return {v + c2, g};
+    return {(g - c1) / v, g};
+}
+
+/// Starts of the Newton search, in turn.
+bool find_root(double start, double c2, double c1, double c0, double& v) {
+    v = start;
+    for (int i = 0; i < kNewtonSteps; ++i) {
+        const double slope = (3 * v + 2 * c2) * v + c1;
+        if (std::fabs(slope) < kFlat) return false;
+        const double f = ((v + c2) * v + c1) * v + c0;
+        const double dv = -f / slope;
+        v += dv;
+        if (std::fabs(dv / v) <= kRootTolerance) return true;
+    }
+    return false;
+}
+
+std::int16_t region_of(const Declare::SubstanceRecord& s, double T, double p, std::int16_t old) {
+    const bool at_pcrit = static_cast<float>(p) == static_cast<float>(s.pcrit);
+    if ((T == s.Tcrit && at_pcrit) || (T < s.Tcrit && p < s.pcrit)) return 0;
+    if (T > s.Tcrit && p > s.pcrit) return 2;
+    if (T <= s.Tcrit && p >= s.pcrit) return 1;
+    if (T >= s.Tcrit && p <= s.pcrit) return 3;
+    return old;
+}
+
+double density(double M, double v) {
+    return v > 0 ? M / v : 0;
+}
+
+bool physical(const StateTP& r) {
+    return std::isfinite(r.vV) && std::isfinite(r.vL) && std::isfinite(r.rhoV) &&
+           std::isfinite(r.rhoL) && r.rhoV >= 0 && r.rhoL >= 0;
+}
+
+StateTP no_state(std::int16_t region, std::string_view text) {
+    StateTP r;
+    r.PhaseRegion = region;
+    r.text = text;
+    r.status = kFailure;
+    return r;
+}
+
+void set_v(StateTP& r, double v, double M) {
+    r.hasV = true;
+    r.vV = v;
+    r.rhoV = density(M, v);
+}
+
+void set_l(StateTP& r, double v, double M) {
+    r.hasL = true;
+    r.vL = v;
+    r.rhoL = density(M, v);
+}
+
+StateTP solve_v_only(const Fluid& f, double T, double p, std::int16_t region) {
+    StateTP r;
+    r.PhaseRegion = region;
+    r.text = "EOS for the V-phase only!";
+    r.Bvirial = second_virial(f, f.models.EOSModel, T, r.state);
+    const double v = R * T / p + r.Bvirial;
+    if (!(v > 0) || !std::isfinite(v)) {
+        r.status = kFailure;
+        return r;
+    }
+    set_v(r, v, static_cast<double>(f.substance.M));
+    return r;
+}
+
+/// Three roots: the stable one follows from the equal-area test.
+void decide_three_roots(StateTP& r, const Fluid& f, double T, double p) {
+    constexpr double kOnBoundary = 0.001;
+    const double M = static_cast<double>(f.substance.M);
+    const double b = r.state.eosB;
+    r.text = "3 V-solutions of the EOS";
+    const bool accepted =
+        r.v[0] > b && (r.v[2] - b) / (r.v[1] - b) >= 1e-6 && (r.v[1] - b) / (r.v[0] - b) >= 1e-6;
+    if (!accepted) {
+        r.text = "No solution found";
+        r.status = kFailure;
+        return;
+    }
+    set_v(r, r.v[2], M);
+    set_l(r, r.v[0], M);
+    const Areas areas = area_ratio(r.state, r.v, T, p);
+    r.areaRatio = areas.ratio;
+    r.areaV = areas.V;
+    r.areaL = areas.L;
+    if (std::fabs(areas.ratio) < kOnBoundary) return;
+    r.hasV = areas.ratio >= kOnBoundary || T > f.substance.Tcrit;
+    r.hasL = !r.hasV;
+}
+
+void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
+    const Declare::SubstanceRecord& s = f.substance;
+    const double M = static_cast<double>(s.M);
+    const double v = r.v[0];
+    r.text = "One solution of the EOS";
+    if (T == s.Tcrit && p == s.pcrit) {
+        set_v(r, v, M);
+        set_l(r, v, M);
+    } else if (T <= s.Tcrit && p <= s.pcrit) {
+        if (v > f.eos.vcritCalc) set_v(r, v, M);
+        if (v < f.eos.vcritCalc) set_l(r, v, M);
+    } else {
+        set_v(r, v, M);
+        set_l(r, v, M);
+        r.text = "One solution of the EOS;supercritical";
+    }
+    if (std::fabs(v - f.eos.vcritCalc) < 0.001) {
+        r.PhaseRegion = 4;
+        set_v(r, v, M);
+        set_l(r, v, M);
+    }
+}
+
+}  // namespace
+
+PressureResult pressure_from_Tv(const Fluid& f, double T, double v, EOSState& state) {
+    if (f.models.EOSOnlyV) {
+        state.eosB = second_virial(f, f.models.EOSModel, T, state);
+        if (v <= state.eosB || v <= 0) return {0, kFailure};
+        const double p = R * T / (v - state.eosB);
+        return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
+    }
+    if (v <= state.eosB) return {0, kFailure};
+    state = eos_at(f, T, state);
+    const double p = cubic_pressure(state, T, v);
+    return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
+}
+
+CubicRoots solve_cubic(const EOSState& s, double T, double p) {
+    const double b = s.eosB;
+    const double q = R * T / p + b;
+    const double cd = s.eosC + s.eosD;
+    const double c2 = cd - q;
+    const double c1 = s.eosC * s.eosD + s.eosA / p - cd * q;
+    const double c0 = -s.eosA * b / p - s.eosC * s.eosD * q;
+
+    CubicRoots r;
+    double v = 0;
+    if (!find_root(R * T / p, c2, c1, c0, v) && !find_root(2 * b, c2, c1, c0, v)) return r;
+    r.status = kSuccess;
+    r.count = 1;
+    r.v = {v, 0, 0};
+
+    const Quadratic rest = deflate(v, c2, c1, c0);
+    const double h = -0.5 * rest.e;
+    const double D = h * h - rest.g;
+    if (D < 0) return r;
+
+    // The root of larger magnitude first; the other follows from the product of both.
+    const double far = h < 0 ? h - std::sqrt(D) : h + std::sqrt(D);
+    const double near = far == 0 ? 0 : rest.g / far;
+    r.count = 3;
+    r.v = {v, std::min(near, far), std::max(near, far)};
+    if (r.v[0] > r.v[1]) std::swap(r.v[0], r.v[1]);
+    if (r.v[1] > r.v[2]) std::swap(r.v[1], r.v[2]);
+    if (r.v[0] > r.v[1]) std::swap(r.v[0], r.v[1]);
+    if (!(r.v[0] >= b) && !(r.v[1] >= b)) {
+        r.count = 1;
+        r.v[0] = r.v[2];
+    }
+    return r;
+}
+
+Areas area_ratio(const EOSState& s, const std::array<double, 3>& v, double T, double p) {
+    const auto integral = [&](double x, double y) {
+        const double attraction =
+            s.eosC == s.eosD
+                ? s.eosA * (1 / (x + s.eosC) - 1 / (y + s.eosC))
+                : s.eosA / (s.eosC - s.eosD) *
+                      std::log((x + s.eosC) * (y + s.eosD) / ((y + s.eosC) * (x + s.eosD)));
+        return R * T * std::log((x - s.eosB) / (y - s.eosB)) + attraction;
+    };
+    Areas r;
+    r.V = integral(v[2], v[1]) - (v[2] - v[1]) * p;
+    r.L = integral(v[1], v[0]) - (v[1] - v[0]) * p;
+    r.ratio = (r.V + r.L) / (r.V - r.L);
+    if (!std::isfinite(r.ratio)) r = {.status = kFailure};
+    return r;
+}
+
+StateTP solve_state_tp(const Fluid& f, double T, double p, std::int16_t region) {
+    if (!(p > 0) || !(T > 0)) return no_state(region, "No solution found");
+    if (f.models.EOSOnlyV) return solve_v_only(f, T, p, region);
+
+    StateTP r;
+    r.PhaseRegion = region_of(f.substance, T, p, region);
+    r.state = eos_at(f, T);
+    const CubicRoots roots = solve_cubic(r.state, T, p);
+    r.v = roots.v;
+    r.nRoots = roots.count;
+    if (roots.status != kSuccess || !(r.v[0] > r.state.eosB)) {
+        r.status = kFailure;
+        return r;
+    }
+    if (r.nRoots > 1) {
+        decide_three_roots(r, f, T, p);
+    } else {
+        decide_one_root(r, f, T, p);
+    }
+    return physical(r) ? r : no_state(r.PhaseRegion, "No solution found");
+}
+
+namespace {
+
+constexpr int kTemperatureRounds = 2000;
+constexpr double kTemperatureTolerance = 1e-5;
+constexpr double kSlopeStep = 1e-6;
+
+TemperatureResult v_only_temperature(const Fluid& f, double p, double v) {
+    double T = v * p / R;
+    EOSState state;
+    for (int i = 0; i < 1000; ++i) {
+        const double old = T;
+        T = (v - second_virial(f, f.models.EOSModel, old, state)) * p / R;
+        if (!std::isfinite(T)) return {0, kFailure};
+        if (T <= 0) return {0, kSuccess};
+        if (std::fabs(T - old) < 0.001) return {T, kSuccess};
+    }
+    return {0, kFailure};
+}
+
+/// T where p(T, v) passes p, by halving a bracket; 0 when the isochore never reaches p.
+double bracketed_temperature(const Fluid& f, double p, double v) {
+    const auto excess = [&](double T) {
+        const EOSState s = eos_at(f, T);
+        return v > s.eosB ? cubic_pressure(s, T, v) - p : std::nan("");
+    };
+    double low = f.substance.Tcrit, high = low;
+    for (int i = 0; i < 60 && !(excess(low) < 0); ++i) low *= 0.8;
+    for (int i = 0; i < 60 && !(excess(high) > 0); ++i) high *= 1.5;
+    if (!(excess(low) < 0) || !(excess(high) > 0)) return 0;
+    for (int i = 0; i < 200 && high - low > 1e-14 * high; ++i) {
+        const double middle = 0.5 * (low + high);
+        (excess(middle) < 0 ? low : high) = middle;
+    }
+    return 0.5 * (low + high);
+}
+
+/// Newton search on f(T) = (a/((v + c)(v + d)) + p)(v - b)/R - T. Counts its rounds.
+TemperatureResult newton_temperature(const Fluid& f, double p, double v, int& rounds) {
+    const auto function = [&](double T) {
+        const EOSState s = eos_at(f, T);
+        return (s.eosA / ((v + s.eosC) * (v + s.eosD)) + p) * (v - s.eosB) / R - T;
+    };
+    double T = p < f.substance.pcrit ? static_cast<double>(f.substance.Tboil) : f.substance.Tcrit;
+    if (T < constants::kPresent) T = 0.7 * f.substance.Tcrit;
+    for (;;) {
+        if (++rounds > kTemperatureRounds) return {0, kFailure};
+        const double value = function(T);
+        const double slope = (function(T + kSlopeStep) - value) / kSlopeStep;
+        const double dT = -value / slope;
+        T += dT;
+        if (!std::isfinite(T)) return {0, kFailure};
+        if (T <= 0) return {0, kSuccess};
+        if (std::fabs(dT) / T <= kTemperatureTolerance) return {T, kSuccess};
+    }
+}
+
+/// The saturation temperature of a state inside the dome; goes on with the count of rounds.
+TemperatureResult dome_temperature(const Fluid& f, double p, double T, int rounds) {
+    const auto direct = [&] {
+        const Saturation sat = saturation_temperature(f, p);
+        return TemperatureResult{sat.T, sat.status};
+    };
+    if (p < f.substance.pcrit / 1.5) return direct();
+    for (;;) {
+        if (++rounds > kTemperatureRounds) return direct();
+        const double psat = saturation_pressure(f, T).p;
+        if (psat == 0) {
+            T -= f.substance.Tcrit / 10;
+            if (T <= 0) return direct();
+            continue;
+        }
+        const double slope = (saturation_pressure(f, T + kSlopeStep).p - psat) / kSlopeStep;
+        const double dT = (p - psat) / slope;
+        T += dT;
+        if (!std::isfinite(T) || T <= 0) return direct();
+        if (std::fabs(dT) / T <= kTemperatureTolerance) return {T, kSuccess};
+    }
+}
+
+}  // namespace
+
+TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
+                                         bool singlePhaseOnly) {
+    const double v = static_cast<double>(f.substance.M) / rho;
+    if (!(p > 0) || !(v > 0) || !std::isfinite(v)) return {0, kFailure};
+    if (f.models.EOSOnlyV) return v_only_temperature(f, p, v);
+
+    int rounds = 0;
+    TemperatureResult r = newton_temperature(f, p, v, rounds);
+    if (r.T == 0) {
+        const double T = bracketed_temperature(f, p, v);
+        if (T == 0) return r;
+        r = {T, kSuccess};
+    }
+    if (r.T >= f.substance.Tcrit || singlePhaseOnly) return r;
+
+    const EOSState s = eos_at(f, r.T);
+    if (solve_cubic(s, r.T, p).count != 3) return r;
+    const Saturation sat = saturation_pressure(f, r.T);
+    if (sat.p == 0) return {0, kFailure};
+    if (v <= sat.v[0] || v >= sat.v[2]) return r;
+    return dome_temperature(f, p, r.T, rounds);
+}
+
+// ---- the procedures over the process-level records
+
+PressureResult PressureFromTV(double T, double v) {
+    return pressure_from_Tv(CurrentFluid(), T, v, Declare::eosState);
+}
+
+CubicRoots SolveCubic(double T, double p) {
+    const CubicRoots r = solve_cubic(Declare::eosState, T, p);
+    if (r.status == kSuccess) Declare::vRoots = r.v;
+    return r;
+}
+
+StateTP SolveStateTP(double T, double p) {
+    const StateTP r = solve_state_tp(CurrentFluid(), T, p, Declare::PhaseRegion);
+    Declare::PhaseRegion = r.PhaseRegion;
+    Declare::eosState = r.state;
+    if (Declare::models.EOSOnlyV) {
+        Declare::Bvirial = r.Bvirial;
+    } else {
+        Declare::vRoots = r.v;
+    }
+    return r;
+}
+
+Areas AreaRatio(double T, double p) {
+    return area_ratio(Declare::eosState, Declare::vRoots, T, p);
+}
+
+TemperatureResult TemperatureFromPRho(double p, double rho, bool singlePhaseOnly) {
+    const TemperatureResult r = temperature_from_p_rho(CurrentFluid(), p, rho, singlePhaseOnly);
+    if (r.T > 0) EvalEOSAtT(r.T);
+    return r;
+}
+
+}  // namespace Calc

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "common/numbers.h"
+
+namespace Calc {
+
+/// Range of validity of a correlation, K; a limit of 0 is not given.
+struct Bounds {
+    std::int16_t TLo = 0, THi = 0;
+};
+
+inline bool both_given(Bounds range) {
+    return range.TLo > 0 && range.THi > 0;
+}
+
+/// Whole kelvins of T/K outside a range, negative below it, a tie to the even one.
+inline std::int16_t deviation_of(double T, Bounds range) {
+    const double d = T < range.TLo ? T - range.TLo : T > range.THi ? T - range.THi : 0.0;
+    return static_cast<std::int16_t>(std::clamp(numbers::RoundHalfEven(d), -32768.0, 32767.0));
+}
+
+}  // namespace Calc

@@ -1,0 +1,42 @@
+// make_database TABLE.csv OUT.Q05: writes a table of substances as a substance database.
+// Exit status 0 when it is written, 1 when the table is bad or a file cannot be read or written,
+// 2 for a wrong call.
+
+#include <cstdio>
+#include <string>
+
+#include "datafiles/database_table.h"
+#include "datafiles/whole_file.h"
+
+namespace {
+
+constexpr int kBadTable = 1;
+constexpr int kWrongCall = 2;
+
+int fail(const std::string& message) {
+    std::fprintf(stderr, "make_database: %s\n", message.c_str());
+    return kBadTable;
+}
+
+int make_database(const std::string& tablePath, const std::string& databasePath) {
+    const LoadSaveData::FileContent file = LoadSaveData::ReadWhole(tablePath);
+    if (!file.error.empty()) return fail(file.error);
+    const LoadSaveData::DatabaseTable table = LoadSaveData::ReadDatabaseTable(file.bytes);
+    for (const std::string& error : table.errors) fail(tablePath + ": " + error);
+    if (!table.errors.empty()) return kBadTable;
+    const std::string error =
+        LoadSaveData::WriteWhole(databasePath, LoadSaveData::DatabaseBytes(table.records));
+    if (!error.empty()) return fail(error);
+    std::printf("%zu substances written to %s\n", table.records.size(), databasePath.c_str());
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: make_database TABLE.csv OUT.Q05\n");
+        return kWrongCall;
+    }
+    return make_database(argv[1], argv[2]);
+}

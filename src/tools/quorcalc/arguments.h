@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quorcalc {
+
+/// The words of one call, as typed. What is not given stays empty; units are K, kPa, m^3/kmol,
+/// kg/m^3, m^3, kg.
+struct Arguments {
+    std::string command;
+
+    // Substance and models
+    std::string db, substance, vp, units, priority;
+    std::optional<int> eos, hlv, cp, refmode;
+    std::optional<double> watson, href, sref, T0, p0, Tenv, penv;
+    std::string benson;            ///< T,p,rhoL,rhoV
+    std::vector<std::string> set;  ///< FIELD=VALUE
+    bool json = false;
+
+    // What to calculate
+    std::optional<double> T, p, v, rho, V, m, Tcr, pcr, Tb, fraction;
+    std::optional<int> mode, page, kind, nx, ny, points, model;
+    std::string code, row, type, window, file, lst, start, fix, groups, liquid, png, svg, pdf;
+    bool global = false, partial = false, uhs = false, scurve = false, tieline = false, log = false,
+         lg = false;
+};
+
+/// Reads the words of a call (without the program's name). A wrong call throws `WrongCall` with its
+/// message; a call for help throws `HelpAsked` with the text to print.
+Arguments Parse(std::vector<std::string> words);
+
+/// The words of a line: separated by blanks, quoted where they hold blanks.
+std::vector<std::string> SplitLine(const std::string& line);
+
+struct WrongCall {
+    std::string message;
+};
+struct HelpAsked {
+    std::string text;
+};
+
+}  // namespace quorcalc

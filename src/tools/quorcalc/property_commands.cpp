@@ -1,0 +1,112 @@
+#include "models/caloric.h"
+#include "models/density.h"
+#include "models/enthalpy_of_vaporisation.h"
+#include "models/state_solver.h"
+#include "tools/quorcalc/command_list.h"
+
+namespace quorcalc {
+
+namespace {
+
+Json density(const Calc::DensityResult& r) {
+    return {{"status", r.status}, {"rho", Present(r.rho)}, {"deviation", r.deviation}};
+}
+
+Json rhol(const Arguments& a) {
+    SetUp(a);
+    return density(Calc::DensityL(static_cast<float>(*a.T), false));
+}
+
+Json rhos(const Arguments& a) {
+    SetUp(a);
+    return density(Calc::DensityS(static_cast<float>(*a.T), false));
+}
+
+Json cpid(const Arguments& a) {
+    SetUp(a);
+    const thermo::CpResult r = thermo::IdealGasCp(*a.T);
+    const Declare::CpSet& set =
+        Declare::models.CpModel == 1 ? Declare::substance.cpPoly : Declare::substance.cpSinh;
+    const double outside = *a.T < set.TLo ? *a.T - set.TLo : *a.T > set.THi ? *a.T - set.THi : 0.0;
+    return {{"status", r.status},
+            {"cp", r.status == kSuccess ? Number(r.cp) : Json()},
+            {"deviation", r.status == kSuccess ? Json(outside) : Json()}};
+}
+
+Json hlv(const Arguments& a) {
+    if (!a.T && !a.p) throw WrongCall{"--T or --p is required"};
+    SetUp(a);
+    const Calc::EnthalpyOfVaporisationResult r = Calc::EnthalpyOfVaporisation(
+        Declare::models.HLVModel, a.T.value_or(0), a.p.value_or(0), Declare::models.VPCode, false);
+    const bool good = r.status == kSuccess;
+    Json result = {{"status", r.status},       {"hLV", good ? Json(r.h) : Json()},
+                   {"T", Present(r.T)},        {"p", Present(r.p)},
+                   {"zV", Present(r.zV)},      {"zL", Present(r.zL)},
+                   {"rhoV", Present(r.rhoV)},  {"rhoL", Present(r.rhoL)},
+                   {"deviation", r.deviation}, {"explanation", r.explanation}};
+    if (!good) result["message"] = r.explanation.empty() ? "no Result" : r.explanation;
+    return result;
+}
+
+template <class Array>
+Json numbers_from(const Array& values, std::size_t first) {
+    Json array = Json::array();
+    for (std::size_t i = first; i < values.size(); ++i) array.push_back(Number(values[i]));
+    return array;
+}
+
+Json phase(double T, double p, double v, Status& status) {
+    const thermo::StateValues r = thermo::StateFunctions(T, p, v);
+    if (r.status != kSuccess) {
+        status = r.status;
+        return Json();
+    }
+    return {{"v", v},
+            {"derivatives", numbers_from(r.table.first, 1)},
+            {"second", numbers_from(r.table.second, 1)},
+            {"residual", numbers_from(r.table.residual, 0)},
+            {"h", Number(r.h)},
+            {"u", Number(r.u)},
+            {"s", Number(r.s)},
+            {"g", Number(r.g)},
+            {"a", Number(r.a)},
+            {"cp", Number(r.cp)},
+            {"cv", Number(r.cv)},
+            {"w", Number(r.w)},
+            {"eH", Number(r.eH)},
+            {"eU", Number(r.eU)}};
+}
+
+Json functions(const Arguments& a) {
+    if (!a.row.empty() && a.row != "V" && a.row != "L") throw WrongCall{"--row is V or L"};
+    SetUp(a);
+    Json result = {{"status", 0}, {"V", Json()}, {"L", Json()}};
+    Status status = kSuccess;
+    if (a.v) {
+        result[a.row.empty() ? "V" : a.row] = phase(*a.T, *a.p, *a.v, status);
+    } else {
+        const Calc::StateTP state = Calc::SolveStateTP(*a.T, *a.p);
+        status = state.status;
+        if (status == kSuccess && state.hasV) result["V"] = phase(*a.T, *a.p, state.vV, status);
+        if (status == kSuccess && state.hasL) result["L"] = phase(*a.T, *a.p, state.vL, status);
+    }
+    result["status"] = status;
+    return result;
+}
+
+}  // namespace
+
+std::vector<Command> PropertyCommands() {
+    return {
+        {"rhol", "saturated liquid density of the database equation", {"T!"}, rhol},
+        {"rhos", "solid density of the database equation", {"T!"}, rhos},
+        {"cpid", "heat capacity of the ideal gas", {"T!"}, cpid},
+        {"hlv", "enthalpy of vaporisation by the method of --hlv", {"T", "p"}, hlv},
+        {"functions",
+         "derivatives, residual and caloric functions",
+         {"T!", "p!", "v", "row"},
+         functions},
+    };
+}
+
+}  // namespace quorcalc

@@ -1,0 +1,222 @@
+#include <filesystem>
+
+#include "common/text.h"
+#include "datafiles/database.h"
+#include "datafiles/record_fields.h"
+#include "models/cubic_eos.h"
+#include "models/model_tables.h"
+#include "models/saturation.h"
+#include "models/state_solver.h"
+#include "models/vapour_pressure.h"
+#include "models/virial.h"
+#include "session/module2.h"
+#include "tools/quorcalc/command_list.h"
+
+namespace quorcalc {
+
+namespace {
+
+Json list(const Arguments& a) {
+    const std::string path = a.db.empty() ? Module2::FindFile("STUDENT.Q05").string() : a.db;
+    if (LoadSaveData::OpenDatabaseFile(std::filesystem::absolute(path).string()).notUsable)
+        throw CannotBeDone{"Database " + Module2::FileTitle(path) + " not found or empty resp."};
+    const Declare::SubstanceLists& lists = Declare::substances;
+    Json substances = Json::array();
+    for (std::size_t i = 1; i <= static_cast<std::size_t>(Declare::session.SubstanceCount); ++i)
+        substances.push_back({{"index", i},
+                              {"number", lists.Numbers[i]},
+                              {"name", text::TrimRight(lists.Names[i])},
+                              {"formula", text::TrimRight(lists.Formulas[i])},
+                              {"casrn", text::TrimRight(lists.Casrn[i])}});
+    return {{"status", 0}, {"substances", substances}};
+}
+
+std::string list_text(const Json& result) {
+    std::string out;
+    for (const Json& s : result.at("substances"))
+        out += text::PadLeft(std::to_string(s.at("index").get<int>()), 5) + "  " +
+               text::PadRight(s.at("casrn").get<std::string>(), 13) +
+               text::PadRight(s.at("formula").get<std::string>(), 13) +
+               s.at("name").get<std::string>() + "\n";
+    return out;
+}
+
+Json value_of(const LoadSaveData::FieldPlace& place) {
+    return std::visit(
+        [](const auto& value) -> Json {
+            using T = std::decay_t<decltype(value)>;
+            if constexpr (std::is_same_v<T, std::string>) {
+                return text::TrimRight(value);
+            } else if constexpr (std::is_same_v<T, float>) {
+                return static_cast<double>(value);
+            } else {
+                return value;
+            }
+        },
+        LoadSaveData::ValueOf(Declare::substance, place));
+}
+
+Json data(const Arguments& a) {
+    SetUp(a);
+    Json result = {{"status", 0}};
+    for (const LoadSaveData::RecordField& field : LoadSaveData::RecordFields()) {
+        if (field.count == 0) {
+            result[std::string(field.name)] = value_of({&field, 0});
+            continue;
+        }
+        Json elements = Json::array();
+        for (std::size_t i = 0; i < field.count; ++i) elements.push_back(value_of({&field, i}));
+        result[std::string(field.name)] = elements;
+    }
+    result["VPCode"] = Declare::models.VPCode;
+    return result;
+}
+
+Json eos(const Arguments& a) {
+    SetUp(a);
+    Calc::EvalEOSAtT(*a.T);
+    const Declare::EOSParameters& e = Declare::eosParameters;
+    const Declare::EOSState& s = Declare::eosState;
+    const Declare::JiTorvikParameters& jt = Declare::jiTorvik;
+    return {{"status", 0},
+            {"eosA0", e.eosA0},
+            {"eosB0", e.eosB0},
+            {"eosC0", e.eosC0},
+            {"eosD0", e.eosD0},
+            {"eosNA", e.eosNA},
+            {"eosAlphaForm", e.eosAlphaForm},
+            {"a", Number(s.eosA)},
+            {"b", Number(s.eosB)},
+            {"c", Number(s.eosC)},
+            {"d", Number(s.eosD)},
+            {"vcritCalc", e.vcritCalc},
+            {"rhocritCalc", e.rhocritCalc},
+            {"jtOmegaA", jt.jtOmegaA},
+            {"jtOmegaB", jt.jtOmegaB},
+            {"jtOmegaC", jt.jtOmegaC},
+            {"jtA0", jt.jtA0}};
+}
+
+Json pressure(const Arguments& a) {
+    SetUp(a);
+    Calc::EvalEOSAtT(*a.T);
+    const Calc::PressureResult r = Calc::PressureFromTV(*a.T, *a.v);
+    return {{"status", r.status}, {"p", r.status == kSuccess ? Number(r.p) : Json()}};
+}
+
+Json volumes(const std::array<double, 3>& v, int count) {
+    Json array = Json::array();
+    for (int i = 0; i < count; ++i) array.push_back(Number(v[static_cast<std::size_t>(i)]));
+    return array;
+}
+
+Json roots(const Arguments& a) {
+    SetUp(a);
+    if (Declare::models.EOSOnlyV) throw CannotBeDone{"possible only by using a  cubic EOS"};
+    if (!(*a.p > 0) || !(*a.T > 0)) throw CannotBeDone{"T and p have to be > 0"};
+    Calc::EvalEOSAtT(*a.T);
+    const Calc::CubicRoots r = Calc::SolveCubic(*a.T, *a.p);
+    return {{"status", r.status}, {"v", volumes(r.v, r.count)}, {"count", r.count}};
+}
+
+Json state(const Arguments& a) {
+    SetUp(a);
+    const Calc::StateTP r = Calc::SolveStateTP(*a.T, *a.p);
+    return {{"status", r.status},
+            {"hasL", r.hasL},
+            {"hasV", r.hasV},
+            {"rhoL", Present(r.rhoL)},
+            {"rhoV", Present(r.rhoV)},
+            {"vL", Present(r.vL)},
+            {"vV", Present(r.vV)},
+            {"nRoots", r.nRoots},
+            {"areaRatio", Number(r.areaRatio)},
+            {"areaL", Number(r.areaL)},
+            {"areaV", Number(r.areaV)},
+            {"PhaseRegion", r.PhaseRegion},
+            {"text", r.text},
+            {"v", volumes(r.v, r.nRoots)}};
+}
+
+Json temperature(const Arguments& a) {
+    SetUp(a);
+    const Calc::TemperatureResult r = Calc::TemperatureFromPRho(*a.p, *a.rho, false);
+    return {{"status", r.status}, {"T", Present(r.T)}};
+}
+
+Json saturation(const Calc::Saturation& r, const char* key, double value) {
+    return {{"status", r.status},
+            {key, r.status == kSuccess ? Present(value) : Json()},
+            {"areaRatio", Number(r.areaRatio)},
+            {"areaL", Number(r.areaL)},
+            {"areaV", Number(r.areaV)},
+            {"nRoots", r.nRoots},
+            {"v", volumes(r.v, r.nRoots)}};
+}
+
+Json psat(const Arguments& a) {
+    SetUp(a);
+    const Calc::Saturation r = Calc::SaturationPressure(*a.T);
+    return saturation(r, "p", r.p);
+}
+
+Json tsat(const Arguments& a) {
+    SetUp(a);
+    const Calc::Saturation r = Calc::SaturationTemperature(*a.p);
+    return saturation(r, "T", r.T);
+}
+
+std::string vp_code(const Arguments& a) {
+    return a.code.empty() ? Declare::models.VPCode : a.code;
+}
+
+Json vp(const Arguments& a) {
+    SetUp(a);
+    const Calc::VapourPressureResult r = Calc::VapourPressure(*a.T, vp_code(a), false);
+    return {{"status", r.status}, {"p", Present(r.p)}, {"deviation", r.deviation}};
+}
+
+Json tboil(const Arguments& a) {
+    SetUp(a);
+    const Calc::BoilingTemperatureResult r = Calc::BoilingTemperature(*a.p, vp_code(a), false);
+    return {{"status", r.status}, {"T", Present(r.T)}, {"deviation", r.deviation}};
+}
+
+Json vpslope(const Arguments& a) {
+    SetUp(a);
+    const Calc::SlopeResult r = Calc::VapourPressureSlope(*a.T, vp_code(a));
+    return {{"status", r.status}, {"slope", Present(r.slope)}};
+}
+
+Json virial(const Arguments& a) {
+    SetUp(a);
+    const std::int16_t code = Declare::models.EOSModel;
+    const Calc::Virial r = Calc::virial(Calc::CurrentFluid(), code, *a.T);
+    const bool derivatives = Calc::IsVOnlyEOS(code);
+    return {{"status", 0},
+            {"B", Number(r.B)},
+            {"dB", derivatives ? Number(r.dB) : Json()},
+            {"d2B", derivatives ? Number(r.d2B) : Json()}};
+}
+
+}  // namespace
+
+std::vector<Command> StateCommands() {
+    return {
+        {"list", "substances of the database", {}, list, list_text},
+        {"data", "every field of the substance record", {}, data},
+        {"eos", "constants of the equation of state and a, b, c, d at T", {"T!"}, eos},
+        {"p", "pressure at T and v", {"T!", "v!"}, pressure},
+        {"roots", "volume roots at T and p", {"T!", "p!"}, roots},
+        {"state", "phases, volumes and densities at T and p", {"T!", "p!"}, state},
+        {"T", "temperature at p and rho", {"p!", "rho!"}, temperature},
+        {"psat", "p(LV) of the cubic EOS at T", {"T!"}, psat},
+        {"tsat", "T(LV) of the cubic EOS at p", {"p!"}, tsat},
+        {"vp", "p(LV) by a vapour pressure equation", {"T!", "code"}, vp},
+        {"tboil", "T(LV) by a vapour pressure equation", {"p!", "code"}, tboil},
+        {"vpslope", "d(ln p)/d(1/T) of a vapour pressure equation", {"T!", "code"}, vpslope},
+        {"virial", "second virial coefficient and its derivatives", {"T!"}, virial},
+    };
+}
+
+}  // namespace quorcalc
