@@ -209,6 +209,9 @@ double UnitOf(double value, const Range& range, bool logarithmic) {
     return std::log(value / range.min) / std::log(range.max / range.min);
 }
 
+WindowScale::WindowScale(const Chart2D& chart)
+    : window_(ShownWindow(chart)), xLog_(chart.x.logarithmic), yLog_(chart.y.logarithmic) {}
+
 double WindowScale::value(double unit, const Range& range, bool logarithmic) {
     if (!logarithmic) return range.min + unit * (range.max - range.min);
     return range.min * std::pow(range.max / range.min, unit);
