@@ -210,7 +210,7 @@ double UnitOf(double value, const Range& range, bool logarithmic) {
 }
 
 WindowScale::WindowScale(const Chart2D& chart)
-    : WindowScale(ShownWindow(chart), chart.x.logarithmic, chart.y.logarithmic) {}
+    : window_(ShownWindow(chart)), xLog_(chart.x.logarithmic), yLog_(chart.y.logarithmic) {}
 
 double WindowScale::value(double unit, const Range& range, bool logarithmic) {
     if (!logarithmic) return range.min + unit * (range.max - range.min);
