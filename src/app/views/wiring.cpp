@@ -1,5 +1,6 @@
 #include "app/views/wiring.h"
 
+#include "calculation/views/calculation_views.h"
 #include "datafiles/database.h"
 #include "session/shutdown.h"
 
@@ -7,6 +8,7 @@ namespace wiring {
 
 void ConnectViews() {
     Module2::shutdownHooks().closeFiles = LoadSaveData::CloseDatabase;
+    calculation_views::Install();
 }
 
 }  // namespace wiring
