@@ -119,6 +119,12 @@ std::optional<BatchFileContent> ReadBatchText(const std::string& ansiText) {
         if (static_cast<double>(file.sets.size()) + 1.0 > file.announced) break;
         file.sets.push_back(read_set(lines[i]));
     }
+    // A last line that is cut short may hold half a number.
+    const bool open = ansiText.back() != '\n' && ansiText.back() != '\r';
+    const bool incomplete = static_cast<double>(file.sets.size()) < file.announced;
+    if (open && incomplete && !file.sets.empty()) file.sets.pop_back();
+    // A file that is all head has lost its data.
+    if (file.sets.empty() && file.announced >= 1) return std::nullopt;
     return file;
 }
 

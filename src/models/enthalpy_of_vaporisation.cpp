@@ -231,9 +231,11 @@ EnthalpyEquationResult EnthalpyEquationValue(double T) {
     const auto Tc = static_cast<double>(s.hLVTc);
     const EnthalpyEquationResult failure{0.0, kFailure};
     if (!(Tc > kPresent)) return failure;
+    // At the critical point of its set, a 32-bit value, and from there to that of the substance the
+    // value is 0.
+    if (static_cast<float>(T) >= s.hLVTc)
+        return T <= std::fmax(Tc, s.Tcrit) ? EnthalpyEquationResult{} : failure;
     const double Tr = T / Tc;
-    // The set may end a little below the critical point of the substance, where the value is 0.
-    if (Tr >= 1.0) return T <= std::fmax(Tc, s.Tcrit) ? EnthalpyEquationResult{} : failure;
 
     const auto a = [&](std::size_t i) { return static_cast<double>(s.hLVPar[i]); };
     const double exponent = a(2) + Tr * (a(3) + Tr * (a(4) + Tr * a(5)));

@@ -41,6 +41,7 @@ QVariant SubstanceListModel::data(const QModelIndex& index, int role) const {
     const Declare::SubstanceLists& lists = Declare::substances;
     switch (role) {
         case Qt::DisplayRole:
+        case Qt::EditRole:
             return cell(entry, index.column());
         case Qt::ToolTipRole:
             return index.column() == Name ? qt(text::TrimRight(lists.Names[entry])) : QVariant();

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "common/views/form.h"
@@ -33,15 +34,6 @@ QComboBox* list(const QString& name) {
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMaxVisibleItems(20);
     return box;
-}
-
-QPushButton* help_button(const QString& name, const QString& about) {
-    QPushButton* button = form::button("?", name);
-    button->setToolTip("Help: " + about);
-    button->setAccessibleName("Help: " + about);
-    button->setFixedWidth(button->sizeHint().height());
-    button->setEnabled(false);
-    return button;
 }
 
 }  // namespace
@@ -86,25 +78,25 @@ void frmQModell::arrange() {
     const auto row = [&](int n, const QString& caption, QWidget* field, const QString& help,
                          const QString& about) {
         form::addRow(grid, n, caption, field);
-        QPushButton* button = help_button(help, about);
+        QToolButton* button = form::helpButton(help, about);
         grid->addWidget(button, n, 2);
         return button;
     };
-    QPushButton* eosHelp = row(0, "&Equation of State", eos_, "EOSHilfe", "equation of state");
-    QPushButton* vpHelp =
+    QToolButton* eosHelp = row(0, "&Equation of State", eos_, "EOSHilfe", "equation of state");
+    QToolButton* vpHelp =
         row(1, "&Vapour pressure equation", vp_, "pHilfe", "vapour pressure equation");
-    QPushButton* hlvHelp =
+    QToolButton* hlvHelp =
         row(2, "Enthalpy of vapori&zation", hlv_, "HLVHilfe", "enthalpy of vaporization");
     grid->addWidget(watsonCaption_, 3, 0);
     grid->addWidget(watson_, 3, 1, Qt::AlignLeft);
-    QPushButton* cpHelp =
+    QToolButton* cpHelp =
         row(4, "&Ideal-gas heat capacity", cp_, "cpHilfe", "ideal-gas heat capacity");
     auto* state = form::named(new QLabel(qt(density.state)), "Rx1");
-    QPushButton* rhoHelp = row(5, "L-Density = F(T) ", state, "RhoLHilfe", "liquid density");
+    QToolButton* rhoHelp = row(5, "L-Density = F(T) ", state, "RhoLHilfe", "liquid density");
     grid->addWidget(form::named(new QLabel(qt(density.range)), "Rx2"), 6, 1);
     grid->setColumnStretch(1, 1);
 
-    QPushButton* priorityHelp = help_button("PriorHilfe", "priority");
+    QToolButton* priorityHelp = form::helpButton("PriorHilfe", "priority");
     auto* options = new QVBoxLayout;
     options->setSpacing(theme::kGap);
     options->addWidget(new QLabel("Calculated by means of"));
@@ -139,7 +131,7 @@ void frmQModell::arrange() {
 
     // The pages of the first three follow the model that is selected.
     struct Help {
-        QPushButton* button;
+        QToolButton* button;
         int topic;
         const std::int16_t* code;
     };
@@ -151,7 +143,7 @@ void frmQModell::arrange() {
           Help{rhoHelp, help::kLiquidDensity, nullptr},
           Help{priorityHelp, help::kPriority, nullptr}}) {
         h.button->setEnabled(shell::HelpAvailable());
-        connect(h.button, &QPushButton::clicked, this,
+        connect(h.button, &QToolButton::clicked, this,
                 [h] { shell::ShowHelp(h.topic + (h.code == nullptr ? 0 : *h.code)); });
     }
 }

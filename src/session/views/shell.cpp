@@ -1,9 +1,9 @@
 #include "session/views/shell.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QMdiSubWindow>
-#include <QPushButton>
 
 #include "common/views/settings.h"
 
@@ -112,9 +112,9 @@ bool ShowHelp(int topic) {
     return true;
 }
 
-void ConnectHelp(QPushButton* button, int topic) {
+void ConnectHelp(QAbstractButton* button, int topic) {
     button->setEnabled(HelpAvailable());
-    QObject::connect(button, &QPushButton::clicked, button, [topic] { ShowHelp(topic); });
+    QObject::connect(button, &QAbstractButton::clicked, button, [topic] { ShowHelp(topic); });
 }
 
 void SetHelp(void (*show)(int topic)) {

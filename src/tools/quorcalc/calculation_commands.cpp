@@ -21,7 +21,8 @@ void choose_equilibrium(const Arguments& a) {
         s.BensonReference = thermo::ProposeBensonReference().point;
         const Declare::BensonPoint& r = s.BensonReference;
         s.BensonReferenceValid = static_cast<double>(r.T) * static_cast<double>(r.p) *
-                                     static_cast<double>(r.rhoL) * static_cast<double>(r.rhoV) > 1e-6;
+                                     static_cast<double>(r.rhoL) * static_cast<double>(r.rhoV) >
+                                 1e-6;
     }
 }
 
@@ -76,14 +77,19 @@ Json calc(const Arguments& a) {
     return result;
 }
 
-std::string calc_text(const Json& result) { return result.at("text").get<std::string>() + "\n"; }
+std::string calc_text(const Json& result) {
+    return result.at("text").get<std::string>() + "\n";
+}
 
 }  // namespace
 
 std::vector<Command> CalculationCommands() {
     return {
-        {"calc", "a whole calculation by its mode, with the texts of the result view",
-         {"mode!", "T", "p", "rho", "V", "m", "global", "partial", "liquid", "page", "uhs"}, calc, calc_text},
+        {"calc",
+         "a whole calculation by its mode, with the texts of the result view",
+         {"mode!", "T", "p", "rho", "V", "m", "global", "partial", "liquid", "page", "uhs"},
+         calc,
+         calc_text},
     };
 }
 
