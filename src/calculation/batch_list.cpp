@@ -64,7 +64,9 @@ std::size_t width_of_columns(std::size_t count) {
     return width;
 }
 
-std::string rule() { return std::string(width_of_columns(kColumns.size()), '='); }
+std::string rule() {
+    return std::string(width_of_columns(kColumns.size()), '=');
+}
 
 using Cells = std::array<std::string, kColumns.size()>;
 
@@ -88,11 +90,16 @@ Values experimental_values(const Declare::BatchDataSet& set) {
 bool is_given(std::int16_t mode, std::size_t quantity) {
     const unsigned asks = Zentrale::ModeOf(mode).asks;
     switch (quantity) {
-        case kT: return (asks & Zentrale::kAsksT) != 0;
-        case kP: return (asks & Zentrale::kAsksP) != 0;
-        case kRhoV: return (asks & Zentrale::kAsksRho) != 0 && mode != kLiquidMode;
-        case kRhoL: return mode == kLiquidMode;
-        default: return false;
+        case kT:
+            return (asks & Zentrale::kAsksT) != 0;
+        case kP:
+            return (asks & Zentrale::kAsksP) != 0;
+        case kRhoV:
+            return (asks & Zentrale::kAsksRho) != 0 && mode != kLiquidMode;
+        case kRhoL:
+            return mode == kLiquidMode;
+        default:
+            return false;
     }
 }
 
@@ -119,14 +126,11 @@ struct HeadTexts {
     const char* file;
 };
 
-constexpr HeadTexts kFileTexts = {"QUOR Results of Calculation",
-                                  "Substance            : ",
-                                  "Calculation          : ",
-                                  "Enthalpy of Vaporization (using EOS)",
-                                  "model                : ",
-                                  "Vapour Pressure Equation: ",
-                                  "Number of Data Sets  : ",
-                                  "Name of Batchfile    : "};
+constexpr HeadTexts kFileTexts = {
+    "QUOR Results of Calculation", "Substance            : ",
+    "Calculation          : ",     "Enthalpy of Vaporization (using EOS)",
+    "model                : ",     "Vapour Pressure Equation: ",
+    "Number of Data Sets  : ",     "Name of Batchfile    : "};
 
 constexpr HeadTexts kPrintTexts = {"QUOR: Results of Calculation",
                                    "Substance: ",
@@ -151,8 +155,8 @@ bool shows_functions(bool extended) {
     return session.CalcMode == kFunctionsMode || (extended && session.OutputPage > 1);
 }
 
-void add_head(std::vector<std::string>& lines, const std::string& title, bool global,
-              bool extended, ListForm form) {
+void add_head(std::vector<std::string>& lines, const std::string& title, bool global, bool extended,
+              ListForm form) {
     const HeadTexts& texts = head_texts(form);
     lines.emplace_back(texts.title);
     lines.emplace_back();
@@ -218,8 +222,8 @@ void add_functions(std::vector<std::string>& lines, const Declare::ResultRecord&
     constexpr std::size_t kLabel = 33, kNumber = 16;
     const auto value = [](const Declare::PhaseFunctions& phase, std::size_t i, const char* mark) {
         const bool exists = phase.caloric[Zentrale::kVolume] > 0;
-        return exists ? text::PadLeft(
-                            numbers::GeneralPoint(static_cast<float>(phase.caloric[i])), kNumber) +
+        return exists ? text::PadLeft(numbers::GeneralPoint(static_cast<float>(phase.caloric[i])),
+                                      kNumber) +
                             mark
                       : std::string();
     };
@@ -247,11 +251,16 @@ void add_means(ResultList& list) {
 std::string function_label(int index, ListForm form) {
     if (form == ListForm::File) {
         switch (index) {
-            case 9: return "       d2p/dV2";
-            case 12: return "       d2V/dT2";
-            case 13: return "       d2T/dV2";
-            case 16: return "  d2ln phi/dT2";
-            default: break;
+            case 9:
+                return "       d2p/dV2";
+            case 12:
+                return "       d2V/dT2";
+            case 13:
+                return "       d2T/dV2";
+            case 16:
+                return "  d2ln phi/dT2";
+            default:
+                break;
         }
     }
     return std::string(Calc::FunctionLabel(index));
@@ -271,6 +280,7 @@ void add_extended(std::vector<std::string>& lines, std::size_t index,
                   const Declare::BatchDataSet& set, const Declare::ResultRecord& record,
                   ListForm form) {
     constexpr int kLabels = 24;
+    constexpr std::size_t kLabelWidth = 14;
     const bool file = form == ListForm::File;
     const double T = record.T > 0 ? static_cast<double>(record.T) : set.T;
     const auto value = [](float rho, const Declare::PhaseFunctions& phase, int i) {
@@ -288,7 +298,8 @@ void add_extended(std::vector<std::string>& lines, std::size_t index,
     for (int i = 0; i < kLabels; ++i) {
         const std::string label = function_label(i, form);
         if (label.empty()) continue;
-        lines.push_back(phase_row(label + " : ", value(record.rhoL, record.FuL, i),
+        lines.push_back(phase_row(text::PadRight(label, kLabelWidth) + " : ",
+                                  value(record.rhoL, record.FuL, i),
                                   value(record.rhoV, record.FuV, i)));
     }
 }
@@ -313,12 +324,14 @@ class EachMessageOnce {
     std::set<std::string> seen_;
 };
 
-std::size_t set_count() { return static_cast<std::size_t>(std::max<int>(session.BatchCount, 0)); }
+std::size_t set_count() {
+    return static_cast<std::size_t>(std::max<int>(session.BatchCount, 0));
+}
 
 template <class Visit>
 void for_each_result(Visit visit) {
-    const std::size_t count = std::min({set_count() + 1, Declare::BatchData.size(),
-                                        Declare::ResultRecords.size()});
+    const std::size_t count =
+        std::min({set_count() + 1, Declare::BatchData.size(), Declare::ResultRecords.size()});
     for (std::size_t i = 1; i < count; ++i)
         if (Declare::ResultRecords[i].State != "   ")
             visit(i, Declare::BatchData[i], Declare::ResultRecords[i]);
@@ -369,11 +382,11 @@ ResultList MakeResultList(const std::string& title, bool global, bool extended, 
     ResultList list;
     add_head(list.lines, title, global, extended, form);
     add_column_heads(list.lines);
-    for_each_result([&](std::size_t i, const Declare::BatchDataSet& set,
-                        const Declare::ResultRecord& record) {
-        add_row(list, i, set, record);
-        if (session.CalcMode == kFunctionsMode) add_functions(list.lines, record);
-    });
+    for_each_result(
+        [&](std::size_t i, const Declare::BatchDataSet& set, const Declare::ResultRecord& record) {
+            add_row(list, i, set, record);
+            if (session.CalcMode == kFunctionsMode) add_functions(list.lines, record);
+        });
     add_means(list);
     if (extended && session.OutputPage > 1)
         for_each_result([&](std::size_t i, const Declare::BatchDataSet& set,
@@ -386,8 +399,7 @@ ResultList MakeResultList(const std::string& title, bool global, bool extended, 
 void PrintResult(const std::string& title, bool global, bool extended) {
     CalculateAllSets();
     std::string text;
-    for (const std::string& line :
-         MakeResultList(title, global, extended, ListForm::Print).lines)
+    for (const std::string& line : MakeResultList(title, global, extended, ListForm::Print).lines)
         text += line + '\n';
     dialogs::Print({.title = title, .font = "COURIER", .text = text});
 }

@@ -21,7 +21,7 @@ struct RootRow {
 
 /// What `frmCEOSDiagnose` shows of the last state.
 struct Diagnosis {
-    std::string title;  ///< of the view
+    std::string title;    ///< of the view
     double T = 0, p = 0;  ///< K, kPa
     std::vector<RootRow> roots;
 

@@ -109,8 +109,8 @@ InputResult store_reference(const Values& v) {
 
 InputResult calculate_tank(const Values& v, bool amount) {
     const float V = numbers::ToSingle(v[0]), T = numbers::ToSingle(v[2]);
-    const float m = numbers::ToSingle(
-        amount ? v[1] * static_cast<double>(Declare::substance.M) : v[1]);
+    const float m =
+        numbers::ToSingle(amount ? v[1] * static_cast<double>(Declare::substance.M) : v[1]);
     session.tank.V = V;
     session.tank.m = m;
     session.tank.T = T;
@@ -145,7 +145,9 @@ DirectInput DescribeDirectInput(bool amount) {
     return state_input();
 }
 
-void ChooseVolumeInput(int index) { session.VolumeInput = index == 1; }
+void ChooseVolumeInput(int index) {
+    session.VolumeInput = index == 1;
+}
 
 InputResult AcceptInput(const std::array<std::string, 4>& texts, bool amount) {
     try {

@@ -14,7 +14,7 @@ struct InputField {
 /// What `frmParinput` shows in the present `InputSituation`.
 struct DirectInput {
     std::string title;
-    std::string command;  ///< caption of `cmdParameter_OK`
+    std::string command;               ///< caption of `cmdParameter_OK`
     std::array<InputField, 4> fields;  ///< `par` with its label `Bz`
     bool volumeFrameVisible = false;   ///< `fraRhoVInput`
     std::string volumeFrame;           ///< its text

@@ -7,6 +7,7 @@
 #include "common/constants.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "common/text.h"
 #include "models/caloric.h"
 #include "models/model_tables.h"
 #include "models/state_solver.h"
@@ -42,7 +43,9 @@ PhaseDerivatives derivatives_of(const PhaseState& phase, double T, double p) {
     return d;
 }
 
-bool has_heat_capacity(double T) { return thermo::IdealGasCp(T).status == kSuccess; }
+bool has_heat_capacity(double T) {
+    return thermo::IdealGasCp(T).status == kSuccess;
+}
 
 /// Values in the order of `FunctionLabels`.
 std::array<double, 24> in_label_order(const PhaseDerivatives& d) {
@@ -67,7 +70,11 @@ void store(Job& job, const PhaseDerivatives& d, std::size_t joule_thomson,
     for (std::size_t i = 0; i < 3; ++i) StoreFu(job, 35 + i, d.mechanical[i]);
 }
 
-std::string label(int index) { return std::string(Calc::FunctionLabel(index)) + " : "; }
+/// A label of 14 characters and a colon.
+std::string label(int index) {
+    constexpr std::size_t kWidth = 14;
+    return text::PadRight(Calc::FunctionLabel(index), kWidth) + " : ";
+}
 
 /// The row of a value of both phases; `of` takes it from a phase.
 template <class Of>
@@ -85,12 +92,11 @@ void residual_page(Job& job, const PhaseDerivatives& L, const PhaseDerivatives& 
     list.rule('*', kRule);
     list.add("diff. Joule-Thomson coefficients; fugacity coeff.; residual functions");
     list.rule('*', kRule);
-    for (std::string& line : ReferenceLines()) list.add(std::move(line));
+    for (std::string& line : ReferenceLines(false)) list.add(std::move(line));
     list.add(std::string(Calc::FunctionLabel(21)) + " (Joule-Thomson coefficient [K/kPa]):");
     if (has_heat_capacity(job.T))
-        value_row(job, "", L, V, kSigned, [](const PhaseDerivatives& d) {
-            return d.table.residual[thermo::JouleThomson];
-        });
+        value_row(job, "", L, V, kSigned,
+                  [](const PhaseDerivatives& d) { return d.table.residual[thermo::JouleThomson]; });
     for (int i = 0; i <= 6; ++i) {
         if (i == 3) list.add("Residual Functions:");
         value_row(job, label(14 + i), L, V, kSigned, [&](const PhaseDerivatives& d) {
@@ -133,8 +139,8 @@ void inflexion_lines(Job& job) {
     for (int i = 0; i < points.count; ++i) {
         const auto k = static_cast<std::size_t>(i);
         job.list.add(std::string(i == 0 ? "1st" : "2nd") + " point of inflexion p-v isoth.: v = " +
-                     numbers::Format(points.v[k] * unit, mask) + ", p = " +
-                     numbers::Format(points.p[k], "#####0 kPa") + " (cf. 2nd deriv.=" +
+                     numbers::Format(points.v[k] * unit, mask) +
+                     ", p = " + numbers::Format(points.p[k], "#####0 kPa") + " (cf. 2nd deriv.=" +
                      numbers::Format(points.secondDerivative[k] / (unit * unit), "0.0E+00") + ")");
     }
 }

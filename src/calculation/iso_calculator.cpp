@@ -20,8 +20,8 @@ using Declare::session;
 namespace {
 
 constexpr std::int16_t kFunctionsMode = 8;
-constexpr std::array<const char*, 8> kLabels = {"V  = ", "H  = ", "S  = ", "G  = ",
-                                                "U  = ", "A  = ", "E(H)=", "E(U)="};
+constexpr std::array<const char*, 8> kLabels = {
+    "V  = ", "H  = ", "S  = ", "G  = ", "U  = ", "A  = ", "E(H)=", "E(U)="};
 
 /// Mode 8 on the direct input. Quiet calls write no list and show no remarks.
 CalcCall calculate(bool quiet) {
@@ -99,7 +99,8 @@ class Search {
             x -= dx;
             if (x < 0) x *= -2.0;
             if (!(x > 0) || !(x < kUpperBound)) return std::nullopt;
-            if (std::fabs(dx / x) <= kTolerance) return difference_at(x) ? std::optional(x) : std::nullopt;
+            if (std::fabs(dx / x) <= kTolerance)
+                return difference_at(x) ? std::optional(x) : std::nullopt;
             step = std::max(kSmallestStep, std::min(relativeStep_ * x, std::fabs(dx)));
             widened = false;
         }

@@ -45,9 +45,9 @@ void GivenTp(Job& job) {
     tell_given_state(job);
     if (is_critical_point(job)) critical_point_lines(job);
     if (Declare::models.EOSOnlyV)
-        resultText.co2.text = " Virialcoeff. B = " +
-                              Value32(Calc::SecondVirial(Declare::models.EOSModel, job.T)) +
-                              "  m^3/kmol";
+        resultText.co2.text =
+            " Virialcoeff. B = " + Value32(Calc::SecondVirial(Declare::models.EOSModel, job.T)) +
+            "  m^3/kmol";
     if (!SolveState(job)) return;
     KeepLastState(job);
     resultText.co1.text = job.stateText;

@@ -72,12 +72,18 @@ Situation situation_of_session() {
 
 std::string text_of(Situation situation) {
     switch (situation) {
-        case Situation::Vaporisation: return std::string(kVaporisationText) + kSecondPoint;
-        case Situation::CubicVle: return std::string(kVleText) + kSecondPoint;
-        case Situation::Cubic: return kCubicText;
-        case Situation::EquationOnly: return kEquationText;
-        case Situation::VapourOnlyVle: return std::string(kVapourOnlyVleText) + kSecondPoint;
-        default: return kVapourOnlyText;
+        case Situation::Vaporisation:
+            return std::string(kVaporisationText) + kSecondPoint;
+        case Situation::CubicVle:
+            return std::string(kVleText) + kSecondPoint;
+        case Situation::Cubic:
+            return kCubicText;
+        case Situation::EquationOnly:
+            return kEquationText;
+        case Situation::VapourOnlyVle:
+            return std::string(kVapourOnlyVleText) + kSecondPoint;
+        default:
+            return kVapourOnlyText;
     }
 }
 
@@ -127,8 +133,8 @@ void take_approximation(PartialChoice& choice) {
         return;
     }
     const double rhoL = Calc::BensonApproximation(kPressure, s.pcrit, s.rhocrit);
-    const Calc::StateTP state = Calc::SolveStateTP(static_cast<double>(s.Tboil),
-                                                   static_cast<double>(kStoredPressure));
+    const Calc::StateTP state =
+        Calc::SolveStateTP(static_cast<double>(s.Tboil), static_cast<double>(kStoredPressure));
     const double rhoV = state.status == kSuccess ? state.rhoV : 0.0;
     point = {s.Tboil, kStoredPressure, static_cast<float>(rhoL), static_cast<float>(rhoV)};
     choice.RefVorschlag =
@@ -168,7 +174,9 @@ void settle_calculation(PartialChoice& choice, Situation situation) {
             choice.modeFrameVisible = false;
             choice.referenceFrameVisible = true;
             break;
-        default: ChooseGlobal(choice, kPartial); break;
+        default:
+            ChooseGlobal(choice, kPartial);
+            break;
     }
 }
 
@@ -219,9 +227,15 @@ void ChooseReference(PartialChoice& choice, int index) {
     choice.referenceIndex = index;
     choice.inputEnabled = index == kManual;
     switch (index) {
-        case kManual: session.InputSituation = kReferenceInput; break;
-        case kApproximation: take_approximation(choice); break;
-        default: take_proposal(choice); break;
+        case kManual:
+            session.InputSituation = kReferenceInput;
+            break;
+        case kApproximation:
+            take_approximation(choice);
+            break;
+        default:
+            take_proposal(choice);
+            break;
     }
 }
 

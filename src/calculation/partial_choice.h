@@ -10,11 +10,11 @@ struct PartialChoice {
     std::string title;
     std::string GlobalSit;  ///< the situation in words
 
-    bool choicesVisible = true;   ///< all choice controls; without them only the text is shown
-    bool cancelEnabled = true;    ///< `ESC`
+    bool choicesVisible = true;    ///< all choice controls; without them only the text is shown
+    bool cancelEnabled = true;     ///< `ESC`
     bool modeFrameVisible = true;  ///< frame "Mode of Calculation"
-    int globalIndex = 0;          ///< `opt_glob`: 0 global, 1 partial
-    bool globalEnabled = true;    ///< `opt_glob`(0)
+    int globalIndex = 0;           ///< `opt_glob`: 0 global, 1 partial
+    bool globalEnabled = true;     ///< `opt_glob`(0)
 
     bool densityFrameVisible = false;  ///< frame of `optPartialBenson`
     int densityIndex = 0;              ///< 0 Benson's method, 1 database equation
@@ -23,9 +23,9 @@ struct PartialChoice {
     std::string lblRhoLimits;
 
     bool referenceFrameVisible = false;
-    int referenceIndex = 0;        ///< `Ref_opt`
-    bool inputEnabled = false;     ///< `RefInput`
-    std::string RefVorschlag;      ///< the reference point in words
+    int referenceIndex = 0;     ///< `Ref_opt`
+    bool inputEnabled = false;  ///< `RefInput`
+    std::string RefVorschlag;   ///< the reference point in words
 
     bool forDiagram = false;  ///< a diagram asked for the choice, not a calculation
 };

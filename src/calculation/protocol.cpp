@@ -48,9 +48,12 @@ std::array<bool, kRows> kept_rows() {
 
 const char* volume_unit() {
     switch (session.UnitMode) {
-        case 1: return "[v] = m^3/kg";
-        case 2: return "[v] = V(red)";
-        default: return "[v] = m^3/kmol ";
+        case 1:
+            return "[v] = m^3/kg";
+        case 2:
+            return "[v] = V(red)";
+        default:
+            return "[v] = m^3/kmol ";
     }
 }
 
@@ -59,11 +62,9 @@ void add_unit_lines(std::vector<std::string>& lines) {
     units += volume_unit();
     lines.push_back(units);
     if (session.CaloricUnit == 0)
-        lines.emplace_back(
-            "molar SI-units for function z: [z] = kJ/kmol or kJ/(kmol K)");
+        lines.emplace_back("molar SI-units for function z: [z] = kJ/kmol or kJ/(kmol K)");
     if (session.CaloricUnit == 3)
-        lines.emplace_back(
-            "specific SI-units for function z: [z] = kJ/kg or kJ/(kg K)");
+        lines.emplace_back("specific SI-units for function z: [z] = kJ/kg or kJ/(kg K)");
 }
 
 std::vector<std::string> protocol_lines() {
@@ -78,9 +79,8 @@ std::vector<std::string> protocol_lines() {
     }
 
     std::vector<std::string> lines;
-    lines.push_back(
-        "QUOR-6: p-V-T Calculations of States and Processes - Protocol from " +
-        Module2::ShortDate());
+    lines.push_back("QUOR-6: p-V-T Calculations of States and Processes - Protocol from " +
+                    Module2::ShortDate());
     lines.push_back(Declare::substance.Name);
     lines.push_back(Declare::substance.Formula);
     add_unit_lines(lines);
@@ -108,8 +108,7 @@ bool copy_to_clipboard(const fs::path& path) {
         return false;
     }
     const std::string table = text::FromAnsi(content.bytes);
-    dialogs::SetClipboard(
-        text::ReplaceAll(table, std::string(1, session.CsvSeparator), "\t"));
+    dialogs::SetClipboard(text::ReplaceAll(table, std::string(1, session.CsvSeparator), "\t"));
     return true;
 }
 
@@ -168,7 +167,9 @@ bool OpenNewProtocol() {
     return true;
 }
 
-std::string ProtocolFileTitle() { return Module2::FileTitle(session.ProtocolFile); }
+std::string ProtocolFileTitle() {
+    return Module2::FileTitle(session.ProtocolFile);
+}
 
 void CloseProtocol() {
     if (WriteProtocol()) session.ProtocolPending = false;

@@ -27,9 +27,12 @@ std::string zero_line(const Declare::ReferenceState& r) {
     const std::string state =
         "ideal gas at " + at(static_cast<double>(r.T0), static_cast<double>(r.p0));
     switch (r.RefMode) {
-        case kConventional: return "Reference state: conventional h and s, " + state;
-        case kFormation: return "Reference state: quantities of formation, " + state;
-        default: break;
+        case kConventional:
+            return "Reference state: conventional h and s, " + state;
+        case kFormation:
+            return "Reference state: quantities of formation, " + state;
+        default:
+            break;
     }
     if (r.href == 0.0 && r.sref == 0.0) return "Reference state: h = 0, s = 0, " + state;
     return "Reference state: h = " + numbers::General(static_cast<float>(r.href)) +
@@ -39,11 +42,13 @@ std::string zero_line(const Declare::ReferenceState& r) {
 
 }  // namespace
 
-std::vector<std::string> ReferenceLines() {
+std::vector<std::string> ReferenceLines(bool exergies) {
     // Asking for the values settles T0 and p0 of the kinds that fix them.
     thermo::ReferenceValues(0.0);
     const Declare::ReferenceState& r = Declare::reference;
-    return {models_line(), zero_line(r), "Surroundings for exergies: " + at(r.Tenv, r.penv)};
+    std::vector<std::string> lines = {models_line(), zero_line(r)};
+    if (exergies) lines.push_back("Surroundings for exergies: " + at(r.Tenv, r.penv));
+    return lines;
 }
 
 std::string ReferenceLine() {

@@ -20,7 +20,9 @@ namespace {
 
 constexpr std::int16_t kVirialMode = 11, kPolytropicMode = 12, kFirstWithoutList = 6;
 
-bool is_active(std::int16_t index) { return DataSet(index).skip == 0; }
+bool is_active(std::int16_t index) {
+    return DataSet(index).skip == 0;
+}
 
 /// The next active data set from `index` on in steps of `step`, 0 when there is none.
 std::int16_t next_active(std::int16_t index, std::int16_t step) {
@@ -32,14 +34,13 @@ std::int16_t next_active(std::int16_t index, std::int16_t step) {
 }
 
 void name_data_set(ResultView& view) {
-    view.specification = session.BatchMode ? " Specification value from set #" +
-                                                 std::to_string(session.DataSetIndex)
-                                           : " Specification value from input ";
+    view.specification =
+        session.BatchMode ? " Specification value from set #" + std::to_string(session.DataSetIndex)
+                          : " Specification value from input ";
 }
 
 void step(ResultView& view, std::int16_t by) {
-    const std::int16_t next =
-        next_active(static_cast<std::int16_t>(session.DataSetIndex + by), by);
+    const std::int16_t next = next_active(static_cast<std::int16_t>(session.DataSetIndex + by), by);
     if (next == 0) {
         dialogs::Beep();
     } else {
@@ -49,7 +50,9 @@ void step(ResultView& view, std::int16_t by) {
     Recalculate(view);
 }
 
-bool is_without_list(std::int16_t mode) { return mode == kVirialMode || IsDatabaseFunction(mode); }
+bool is_without_list(std::int16_t mode) {
+    return mode == kVirialMode || IsDatabaseFunction(mode);
+}
 
 /// Which panels of the view belong to a mode.
 void set_panels(ResultView& view, std::int16_t mode) {
@@ -66,9 +69,12 @@ void set_panels(ResultView& view, std::int16_t mode) {
 
 int separator_index() {
     switch (session.CsvSeparator) {
-        case ',': return 1;
-        case '\t': return 2;
-        default: return 0;
+        case ',':
+            return 1;
+        case '\t':
+            return 2;
+        default:
+            return 0;
     }
 }
 
@@ -98,14 +104,17 @@ ResultView OpenResultView() {
 }
 
 void Recalculate(ResultView& view) {
-    CalcCall call{
-        .Mode = session.CalcMode, .Index = session.DataSetIndex, .Text = view.title};
+    CalcCall call{.Mode = session.CalcMode, .Index = session.DataSetIndex, .Text = view.title};
     CalcBatch(call);
     view.empty = call.Text == "EXIT";
 }
 
-void StepForward(ResultView& view) { step(view, 1); }
-void StepBackward(ResultView& view) { step(view, -1); }
+void StepForward(ResultView& view) {
+    step(view, 1);
+}
+void StepBackward(ResultView& view) {
+    step(view, -1);
+}
 
 void SetEquilibriumFunctions(ResultView& view, bool on) {
     session.EquilibriumFunctions = on;

@@ -16,10 +16,11 @@ constexpr std::int16_t kBensonVaporisation = 6;
 constexpr std::uint8_t kPolytropicKind = 6;
 
 bool asks_for_vle() {
-    return dialogs::Ask("Do you intend to describe a VLE?\n\n"
-                        "Selecting \"Yes\" => the existence of a L-phase is assumed\n\n"
-                        "and a \"partial calulation\" is carried out",
-                        "T-p-Vorgabe", dialogs::Icon::Question, false);
+    return dialogs::Ask(
+        "Do you intend to describe a VLE?\n\n"
+        "Selecting \"Yes\" => the existence of a L-phase is assumed\n\n"
+        "and a \"partial calulation\" is carried out",
+        "T-p-Vorgabe", dialogs::Icon::Question, false);
 }
 
 /// Kinds that need the choice of a global or partial calculation, or a second reference point.
@@ -80,11 +81,12 @@ void RunCalculation(std::int16_t CalcMode) {
 
 void PrepareCalculationMenu() {
     if (session.BatchMode && session.BatchCount == 0)
-        dialogs::Tell("This mode of calculation is possible only when \n"
-                      "batch data (= exper. T-p-rho,..-data) are available.\n\n"
-                      "Enter batch-data\n"
-                      "(via file or manual input) => menue \"Data/exper. data...\"",
-                      "Execution not possible");
+        dialogs::Tell(
+            "This mode of calculation is possible only when \n"
+            "batch data (= exper. T-p-rho,..-data) are available.\n\n"
+            "Enter batch-data\n"
+            "(via file or manual input) => menue \"Data/exper. data...\"",
+            "Execution not possible");
     views().closeResultView();
     views().closeParinput();
     views().closeTankView();

@@ -10,14 +10,14 @@ namespace Zentrale {
 /// The views that a calculation opens and closes. The program installs functions of real views,
 /// tests and tools functions of their own; after start none does anything.
 struct Views {
-    std::function<void()> openCalcIn = [] {};       ///< `frmCalcIn`, modal
-    std::function<void()> openResultView = [] {};   ///< `frmCalcOut`; calculates as it opens
-    std::function<void()> showResultView = [] {};   ///< brings it to the front
+    std::function<void()> openCalcIn = [] {};      ///< `frmCalcIn`, modal
+    std::function<void()> openResultView = [] {};  ///< `frmCalcOut`; calculates as it opens
+    std::function<void()> showResultView = [] {};  ///< brings it to the front
     std::function<void()> closeResultView = [] {};
-    std::function<void()> openParinput = [] {};     ///< `frmParinput` in front, not modal
+    std::function<void()> openParinput = [] {};        ///< `frmParinput` in front, not modal
     std::function<void()> openReferenceInput = [] {};  ///< `frmParinput`, modal, for situation 4
     std::function<void()> closeParinput = [] {};
-    std::function<void()> openTankView = [] {};     ///< `frmKessel`
+    std::function<void()> openTankView = [] {};  ///< `frmKessel`
     std::function<void()> closeTankView = [] {};
     std::function<void()> openProcessView = [] {};  ///< `frmInputProzessLinien`, polytropic form
     std::function<void()> prepareDiagram = [] {};   ///< goes on with the current diagram
