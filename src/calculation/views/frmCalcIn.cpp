@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "calculation/start_calculation.h"
@@ -67,8 +68,7 @@ frmCalcIn::frmCalcIn(bool forDiagram, QWidget* parent)
 
 QWidget* frmCalcIn::buildMode() {
     modeFrame_ = form::frame("Mode of Calculation", "fraMode");
-    auto* page = form::button("?", "GlobHilfe");
-    page->setToolTip("Help: global and partial calculation");
+    auto* page = form::helpButton("GlobHilfe", "global and partial calculation");
     shell::ConnectHelp(page, help::kGlobalPartial);
     auto* options = new QVBoxLayout;
     options->setSpacing(theme::kGap);
@@ -106,8 +106,7 @@ QWidget* frmCalcIn::buildDensity() {
 
 QWidget* frmCalcIn::buildReference() {
     referenceFrame_ = form::frame("Reference  point for BENSON's method", "fraReference");
-    auto* page = form::button("?", "BENSON_HELP");
-    page->setToolTip("Help: the second reference point");
+    auto* page = form::helpButton("BENSON_HELP", "the second reference point");
     shell::ConnectHelp(page, help::kReferencePoint);
     auto* top = new QHBoxLayout;
     top->addWidget(form::named(new QLabel("Choose one of these options:"), "Bz1"), 1);

@@ -52,6 +52,7 @@ frmCalcOut::frmCalcOut(QWidget* parent) : ChildView("frmCalcOut", parent) {
     setWindowIcon(theme::icon("calculate"));
     list_ = new ResultList;
     head_ = new PhaseHead(list_);
+    setFocusProxy(list_);
     status_ = form::named(new QLabel, "statusZeile");
     status_->setForegroundRole(QPalette::PlaceholderText);
     connect(list_, &ResultList::copied, status_, &QLabel::setText);
@@ -298,6 +299,7 @@ void frmCalcOut::follow() {
     }
     diagnose_->setPalette(colours);
     followProtocol();
+    fitWindow();
 }
 
 void frmCalcOut::followProtocol() {

@@ -47,18 +47,13 @@ frmIsoCalc::frmIsoCalc(QWidget* parent) : ChildView("frmIsoCalc", parent) {
     setWindowIcon(theme::icon("calculate"));
     auto* options = new QHBoxLayout;
     options->setSpacing(theme::kGap);
-    options->addWidget(buildFunctions(), 1);
-    auto* right = new QVBoxLayout;
-    right->setSpacing(theme::kGap);
-    right->addWidget(buildPhase());
-    right->addWidget(buildGiven());
-    right->addStretch(1);
-    options->addLayout(right);
-
+    options->addWidget(buildPhase());
+    options->addWidget(buildGiven(), 1);
     state_ = form::named(form::note(), "lblIsoState");
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
     layout->setSpacing(theme::kGroupGap);
+    layout->addWidget(buildFunctions());
     layout->addLayout(options);
     layout->addLayout(buildFields());
     layout->addWidget(state_);

@@ -68,6 +68,7 @@ std::array<std::string, 4> texts_of_session() {
 
 frmParinput::frmParinput(QWidget* parent) : ChildView("frmParinput", parent) {
     setWindowIcon(theme::icon("calculate"));
+    setHugs(true);
     arrange();
     open();
 }
@@ -150,6 +151,7 @@ void frmParinput::follow() {
     volumeFrame_->setVisible(input.volumeFrameVisible);
     volumeFrame_->setTitle(qt(input.volumeFrame));
     amountFrame_->setVisible(input.amountFrameVisible);
+    fitWindow();
 }
 
 // A volume or an amount is typed by the user anew: the session holds densities and masses.

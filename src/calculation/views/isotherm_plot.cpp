@@ -13,6 +13,7 @@ constexpr double kLogarithmicFrom = 12.0;  // ratio of the last to the first roo
 constexpr double kCurveWidth = 2.0, kLineWidth = 1.2, kRootRadius = 4.5;
 constexpr int kPressureTicks = 5, kVolumeTicks = 6, kTickLength = 4;
 constexpr double kBeyondLastRoot = 1.6;
+constexpr float kBehindName = 0.7F;  // how far the name of a root hides what is behind it
 
 // A round number near range/count: 1, 2 or 5 times a power of ten.
 double round_step(double range, int count) {
@@ -64,7 +65,7 @@ void IsothermPlot::showDiagnosis(const Zentrale::Diagnosis& diagnosis) {
 }
 
 QSize IsothermPlot::sizeHint() const {
-    return {520, 340};
+    return {470, 300};
 }
 QSize IsothermPlot::minimumSizeHint() const {
     return {300, 200};
@@ -195,14 +196,20 @@ void IsothermPlot::paintLines(QPainter& painter) const {
 // A stable root is a full mark, the others are empty ones; each bears its number.
 void IsothermPlot::paintRoots(QPainter& painter) const {
     const QColor text = palette().color(QPalette::Text);
+    const QFontMetrics metrics = painter.fontMetrics();
+    QColor behind = palette().color(QPalette::Base);
+    behind.setAlphaF(kBehindName);
     painter.setPen(QPen(text, kLineWidth));
     int number = 1;
     for (const Zentrale::RootRow& root : diagnosis_.roots) {
         const QPointF at = place(root.v, diagnosis_.p);
         painter.setBrush(root.stable ? text : palette().color(QPalette::Base));
         painter.drawEllipse(at, kRootRadius, kRootRadius);
-        painter.drawText(at + QPointF(kRootRadius + 2, -kRootRadius - 2),
-                         QString("v(%1)").arg(number++));
+        const QString name = QString("v(%1)").arg(number++);
+        const QRectF box(at + QPointF(kRootRadius + 2, -kRootRadius - 1 - metrics.height()),
+                         QSizeF(metrics.horizontalAdvance(name), metrics.height()));
+        painter.fillRect(box, behind);
+        painter.drawText(box, Qt::AlignCenter, name);
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include <QContextMenuEvent>
 #include <QFontMetrics>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QScrollBar>
@@ -16,8 +16,9 @@
 
 namespace {
 
-constexpr int kLinesShown = 14, kSpareCharacters = 6;
-constexpr std::size_t kCellsOfPhaseRow = 3;  // label, L, V
+constexpr int kLinesShown = 18, kSpareCharacters = 6;
+constexpr int kLiquidColumn = 0, kSameColumn = 1, kVapourColumn = 2;  // of the captions
+constexpr std::size_t kCellsOfPhaseRow = 3;                           // label, L, V
 constexpr auto kRedSign = "! ";
 
 QString qt(const std::string& s) {
@@ -141,20 +142,22 @@ void ResultList::changeEvent(QEvent* event) {
 }
 
 PhaseHead::PhaseHead(ResultList* list, QWidget* parent) : QWidget(parent), list_(list) {
-    row_ = new QHBoxLayout(this);
-    row_->setSpacing(0);
-    const auto label = [&](const QString& name) {
+    grid_ = new QGridLayout(this);
+    grid_->setSpacing(0);
+    const auto label = [&](const QString& name, int column) {
         auto* one = form::named(new QLabel, name);
         one->setFont(theme::fixedPitch());
         one->setAlignment(Qt::AlignRight | Qt::AlignBottom);
-        row_->addWidget(one);
+        grid_->addWidget(one, 0, column);
         return one;
     };
-    liquid_ = label("lblLphase");
-    same_ = label("lblGleich");
+    liquid_ = label("lblLphase", kLiquidColumn);
+    same_ = label("lblGleich", kSameColumn);
     same_->setText("identical with");
-    vapour_ = label("lblVphase");
-    row_->addStretch(1);
+    vapour_ = label("lblVphase", kVapourColumn);
+    grid_->setColumnStretch(kVapourColumn + 1, 1);
+    // The row keeps its height without captions, so that the list does not move.
+    setMinimumHeight(liquid_->fontMetrics().lineSpacing());
     connect(list->horizontalScrollBar(), &QScrollBar::valueChanged, this, &PhaseHead::align);
 }
 
@@ -173,14 +176,14 @@ void PhaseHead::align() {
     using Zentrale::kLabelWidth, Zentrale::kValueWidth;
     const int start = list_->textStart() + list_->advance(2 * kLabelWidth) -
                       list_->horizontalScrollBar()->value();
-    row_->setContentsMargins(std::max(start, 0), 0, 0, 0);
+    grid_->setContentsMargins(std::max(start, 0), 0, 0, 0);
     const auto with_blank = [&](const QLabel* label) {
         return list_->advance(static_cast<std::size_t>(label->text().size()) + 1);
     };
-    const bool same = !same_->isHidden();
-    const int vapour = same ? with_blank(vapour_) : list_->advance(kValueWidth);
-    vapour_->setFixedWidth(vapour);
-    same_->setFixedWidth(with_blank(same_));
-    liquid_->setFixedWidth(list_->advance(2 * kValueWidth) - vapour -
-                           (same ? with_blank(same_) : 0));
+    const bool together = !same_->isHidden();
+    const int same = together ? with_blank(same_) : 0;
+    const int vapour = together ? with_blank(vapour_) : list_->advance(kValueWidth);
+    grid_->setColumnMinimumWidth(kSameColumn, same);
+    grid_->setColumnMinimumWidth(kVapourColumn, vapour);
+    grid_->setColumnMinimumWidth(kLiquidColumn, list_->advance(2 * kValueWidth) - vapour - same);
 }

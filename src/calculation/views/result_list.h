@@ -6,7 +6,7 @@
 
 #include "calculation/result_text.h"
 
-class QHBoxLayout;
+class QGridLayout;
 class QLabel;
 
 /// The list of results, `Liste`: fixed pitch, columns aligned. Red lines also begin with a sign. It
@@ -57,7 +57,7 @@ class PhaseHead : public QWidget {
     void align();
 
     ResultList* list_;
-    QHBoxLayout* row_ = nullptr;
+    QGridLayout* grid_ = nullptr;
     QLabel* liquid_ = nullptr;
     QLabel* same_ = nullptr;
     QLabel* vapour_ = nullptr;

@@ -88,10 +88,10 @@ QPointF TankDrawing::depth() const {
 }
 
 QSize TankDrawing::sizeHint() const {
-    return {360, 260};
+    return {270, 210};
 }
 QSize TankDrawing::minimumSizeHint() const {
-    return {200, 150};
+    return {160, 120};
 }
 
 void TankDrawing::paintLiquid(QPainter& painter) const {
