@@ -1,9 +1,12 @@
 #include "app/views/wiring.h"
 
 #include "calculation/protocol.h"
+#include "calculation/views/calculation_views.h"
 #include "common/views/settings.h"
 #include "datafiles/database.h"
 #include "datafiles/project.h"
+#include "datafiles/views/frmTpvEdit.h"
+#include "models/views/frmReferenz.h"
 #include "session/actions.h"
 #include "session/commands.h"
 #include "session/project_hooks.h"
@@ -46,12 +49,22 @@ void connect_shutdown() {
     hooks.closeFiles = LoadSaveData::CloseDatabase;
 }
 
+void open_reference() {
+    frmReferenz view(shell::FrameWindow());
+    shell::OpenModal(view);
+}
+
 }  // namespace
 
 void ConnectViews() {
+    using actions::RegisterAction;
     connect_projects();
     connect_shutdown();
-    actions::RegisterAction("mnuOptions", [] {
+    calculation_views::Install();
+    RegisterAction("frmReferenz", open_reference);
+    RegisterAction("mnuData_BatchInput", frmTpvEdit::Open);
+    RegisterAction("mnuData_BatchEdit", frmTpvEdit::Open);
+    RegisterAction("mnuOptions", [] {
         frmOptions view(shell::FrameWindow());
         shell::OpenModal(view);
     });
