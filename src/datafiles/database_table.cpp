@@ -119,7 +119,7 @@ class TableReader {
             if (columns_[i].isText) {
                 texts_[columns_[i].name] = cell;
             } else if (columns_[i].slot != 0 && !cell.empty()) {
-                record.slots[static_cast<std::size_t>(columns_[i].slot - 1)] =
+                record.values[static_cast<std::size_t>(columns_[i].slot - 1)] =
                     slot_value(columns_[i], cell);
             }
         }
@@ -159,7 +159,7 @@ class TableReader {
             const auto low = FindSlot(static_cast<int>(i) + 1);
             if (!low || !low->field->name.ends_with("TLo")) continue;
             // The upper bound of every set stands in the slot behind the lower one.
-            if (record.slots[i] > record.slots[i + 1])
+            if (record.values[i] > record.values[i + 1])
                 complain(low->field->column, "the lower bound is above the upper one.");
         }
     }

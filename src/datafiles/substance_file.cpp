@@ -57,7 +57,7 @@ SubstanceFileRecord DecodeRecord(std::span<const char, kRecordSize> bytes) {
     in.text(r.text5);
     in.text(r.text6);
     r.number = static_cast<std::int16_t>(in.word<std::uint16_t>());
-    for (float& slot : r.slots) slot = std::bit_cast<float>(in.word<std::uint32_t>());
+    for (float& slot : r.values) slot = std::bit_cast<float>(in.word<std::uint32_t>());
     return r;
 }
 
@@ -71,7 +71,7 @@ RecordBytes EncodeRecord(const SubstanceFileRecord& r) {
     out.put_text(r.text5);
     out.put_text(r.text6);
     out.put_word(static_cast<std::uint16_t>(r.number));
-    for (const float slot : r.slots) out.put_word(std::bit_cast<std::uint32_t>(slot));
+    for (const float slot : r.values) out.put_word(std::bit_cast<std::uint32_t>(slot));
     return bytes;
 }
 
@@ -79,6 +79,10 @@ std::string FieldText(std::span<const char> field) {
     std::string bytes(field.begin(), field.end());
     std::replace_if(bytes.begin(), bytes.end(), is_control, ' ');
     return text::FromAnsi(bytes);
+}
+
+std::string FirstName(std::string_view nameField) {
+    return text::TrimRight(nameField.substr(0, nameField.find(';')));
 }
 
 void SetFieldText(std::span<char> field, std::string_view utf8) {

@@ -1,0 +1,51 @@
+#include "common/views/settings.h"
+
+#include <QWidget>
+
+namespace settings {
+
+namespace {
+
+constexpr auto kTips = "Options/Show Tips at Startup";
+constexpr auto kDatabaseFolders = "Recent/DatabaseFolders";
+constexpr int kFoldersKept = 8;
+
+QString place_key(const QString& view) {
+    return "Geometry/" + view;
+}
+
+}  // namespace
+
+QSettings store() {
+    return QSettings("QUOR", "QUOR-6");
+}
+
+bool showTipsAtStartup() {
+    return store().value(kTips, 1).toInt() != 0;
+}
+
+void setShowTipsAtStartup(bool show) {
+    store().setValue(kTips, show ? 1 : 0);
+}
+
+QStringList databaseFolders() {
+    return store().value(kDatabaseFolders).toStringList();
+}
+
+void rememberDatabaseFolder(const QString& folder) {
+    QStringList folders = databaseFolders();
+    folders.removeAll(folder);
+    folders.prepend(folder);
+    store().setValue(kDatabaseFolders, QStringList(folders.mid(0, kFoldersKept)));
+}
+
+bool restorePlace(QWidget* window, const QString& view) {
+    const QVariant kept = store().value(place_key(view));
+    return kept.isValid() && window->restoreGeometry(kept.toByteArray());
+}
+
+void rememberPlace(const QWidget* window, const QString& view) {
+    store().setValue(place_key(view), window->saveGeometry());
+}
+
+}  // namespace settings

@@ -1,0 +1,131 @@
+#include "datafiles/session_status.h"
+
+#include <algorithm>
+
+#include "common/numbers.h"
+#include "common/text.h"
+#include "models/model_tables.h"
+#include "session/declare.h"
+#include "session/module2.h"
+
+namespace LoadSaveData {
+
+namespace {
+
+using Declare::session;
+
+std::string trimmed(std::string_view s) {
+    return text::Trim(s);
+}
+
+std::string substance_lines() {
+    const Declare::SubstanceRecord& s = Declare::substance;
+    const StatusPanels panels = PanelTexts(Declare::models.EOSModel >= 0);
+    std::string lines = "... substance: ";
+    lines += s.Formula + "  " + trimmed(s.CASRN) + "  " + s.Name;
+    lines += " (#" + std::to_string(session.CurrentSubstance) + ")";
+    lines += "\n    ";
+    lines += panels.eos.empty() ? "no models" : panels.eos;
+    if (!panels.vapourPressure.empty()) lines += ",  " + panels.vapourPressure;
+    return lines;
+}
+
+// Name of a substance of the open database, empty when its CASRN is not there.
+std::string name_by_casrn(const std::string& casrn) {
+    const Declare::SubstanceLists& lists = Declare::substances;
+    const std::string wanted = trimmed(casrn);
+    if (wanted.empty()) return {};
+    for (std::size_t i = 1; i < lists.Casrn.size() && i < lists.Names.size(); ++i)
+        if (trimmed(lists.Casrn[i]) == wanted) return trimmed(text::Split(lists.Names[i], ';')[0]);
+    return {};
+}
+
+std::string batch_lines() {
+    const std::string count = std::to_string(session.BatchCount);
+    if (session.BatchCount == 0) return "... exper. T-p-rho-HLV-cp data: none";
+    std::string lines;
+    if (session.BatchFile.empty()) {
+        lines += "    " + count;
+        lines += session.BatchCount == 1 ? " set of data" : " sets of data";
+        return lines + " available,\nnot yet saved.";
+    }
+    lines += "... batch file" + Module2::FileTitle(session.BatchFile);
+    const std::string folder = Module2::FolderOf(session.BatchFile);
+    const std::string& source = folder.empty() ? session.FolderBatch : folder;
+    if (source.size() > 2) lines += "\n  from " + source;
+    lines += "\n  with " + count + " sets of data";
+    const std::string name = name_by_casrn(session.BatchCasrn);
+    if (name.empty()) return lines;
+    lines += "\n    substance: " + name;
+    return lines + "\n    file comment" + session.BatchComment;
+}
+
+}  // namespace
+
+StatusPanels PanelTexts(bool modelsComplete) {
+    const Declare::ModelSelection& m = Declare::models;
+    StatusPanels panels;
+    if (session.CurrentSubstance != 0) panels.substance = Declare::substance.Name;
+    if (!modelsComplete) return panels;
+    constexpr std::string_view kPriority = " (Priority!)";
+    panels.eos = trimmed(Calc::EOSName(m.EOSModel));
+    panels.vapourPressure = "Vapour press. equ.: " + trimmed(Calc::VPName(m.VPModel));
+    if (!m.EOSOnlyV) (m.PriorityCEOS ? panels.eos : panels.vapourPressure) += kPriority;
+    return panels;
+}
+
+Report StatusReport() {
+    Report report{.title = " loaded ...", .text = {}};
+    if (session.DatabaseFile.empty()) {
+        report.text = "... not yet a database";
+        return report;
+    }
+    report.text = "... database ";
+    report.text += session.DatabaseFile;
+    report.text += "\n  with ";
+    report.text += std::to_string(session.SubstanceCount);
+    report.text += " substance(s)\n";
+    report.text += session.CurrentSubstance == 0 ? "... no substance" : substance_lines();
+    report.text += '\n';
+    report.text += batch_lines();
+    report.text += "\n(for more parameters loaded see \"Options\")";
+    return report;
+}
+
+Report ParameterReport() {
+    const Declare::EOSParameters& e = Declare::eosParameters;
+    const std::int16_t code = Declare::models.EOSModel;
+    Report report{.title = " Parameters of the EOS ", .text = {}};
+    if (code == 0) {
+        report.text = "Selected: Ideal gas equation";
+        return report;
+    }
+    if (code == 16) {
+        report.text = "Parameters of PITZER/CURL equation \ncf. Help in the window \"Models\"";
+        return report;
+    }
+    struct Line {
+        std::string_view label;
+        double value;
+    };
+    const Line lines[] = {{"a0 = ", e.eosA0}, {"a1 = ", e.eosNA}, {"b0 = ", e.eosB0},
+                          {"b1 = ", e.eosNB}, {"c0 = ", e.eosC0}, {"c1 = ", e.eosNC},
+                          {"d0 = ", e.eosD0}, {"d1 = ", e.eosND}};
+    report.text = "Parameter for ";
+    report.text += trimmed(Calc::EOSName(code));
+    report.text += '\n';
+    for (const Line& line : lines) {
+        report.text += '\n';
+        report.text += line.label;
+        report.text += numbers::General(line.value);
+    }
+    report.text += "\n\nCritical volume calculated  by using T(cr) and p(cr):";
+    report.text += "\n         v(cr)/m^3/kmol = ";
+    report.text += numbers::General(e.vcritCalc);
+    report.text += "\n(rho(cr)/kg/m^3 = ";
+    report.text += numbers::General(e.rhocritCalc);
+    report.text += ')';
+    return report;
+}
+
+}  // namespace LoadSaveData

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/declare.h"
+
+/// Choice of the models of a substance: which ones its data allow, the defaults, and what follows
+/// from a change. The view shows the lists and passes on what the user picks.
+namespace Calc {
+
+/// One entry of a list: the model's code and its name without outer blanks.
+struct ModelEntry {
+    std::int16_t code = 0;
+    std::string text;
+
+    bool operator==(const ModelEntry&) const = default;
+};
+
+using ModelEntries = std::vector<ModelEntry>;
+
+/// Equations of state; those that need an acentric factor only when there is one.
+ModelEntries EOSEntries(const Declare::SubstanceRecord& substance);
+/// Vapour pressure equations, code as `ModelSelection::VPModel`; "none" stands last when the
+/// substance has no measured set.
+ModelEntries VPEntries(const Declare::SubstanceRecord& substance);
+/// Methods of the enthalpy of vaporisation; `onlyV` leaves out the one by the cubic EOS.
+ModelEntries HLVEntries(const Declare::SubstanceRecord& substance, bool onlyV);
+/// Ideal-gas cp forms; never empty.
+ModelEntries CpEntries(const Declare::SubstanceRecord& substance);
+/// Watson exponents proposed, as texts with a point; never empty.
+std::vector<std::string> WatsonEntries(const Declare::SubstanceRecord& substance);
+
+/// The equation of state of a first choice: Peng/Robinson, Redlich/Kwong without acentric factor.
+std::int16_t DefaultEOS(const Declare::SubstanceRecord& substance);
+
+/// Position of a code in a list, 0 (the first entry) when it is not offered.
+std::size_t IndexOf(const ModelEntries& entries, std::int16_t code);
+
+/// What the view says of the liquid density: its source and range of validity.
+struct DensityNote {
+    std::string state, range;
+};
+DensityNote LiquidDensityNote(const Declare::SubstanceRecord& substance);
+
+/// One run of the model view over `Declare::models` and `Declare::substance`. It begins as the view
+/// opens and ends with `Confirm` or `Cancel`.
+class ModelChoice {
+  public:
+    /// Keeps the present selection and brings every model to an entry that is offered.
+    ModelChoice();
+
+    const ModelEntries& eos() const { return eos_; }
+    const ModelEntries& vp() const { return vp_; }
+    const ModelEntries& hlv() const { return hlv_; }
+    const ModelEntries& cp() const { return cp_; }
+    const std::vector<std::string>& watson() const { return watson_; }
+
+    /// Positions of the selected entries.
+    std::size_t eosIndex() const;
+    std::size_t vpIndex() const;
+    std::size_t hlvIndex() const;
+    std::size_t cpIndex() const;
+    /// Watson exponent as text.
+    std::string watsonText() const;
+
+    /// True when the Watson exponent is asked for.
+    bool watsonVisible() const;
+    /// True when p(LV) may come from the EOS, so that the user chooses the priority.
+    bool priorityEnabled() const;
+
+    /// Selects an equation of state. True when the manual virial coefficients must be asked for.
+    bool ChooseEOS(std::size_t index);
+    void ChooseVP(std::size_t index);
+    void ChooseHLV(std::size_t index);
+    void ChooseCp(std::size_t index);
+    /// The exponent as typed; a text without a number is 0.
+    void SetWatson(std::string_view text);
+    void SetPriorityCEOS(bool ceos);
+    /// Coefficients of the manual virial form B = b0 - b1/T^b2, m^3/kmol.
+    void SetManualVirial(double b0, double b1, double b2);
+
+    /// "Models OK": warns of a missing acentric factor, computes what the selection needs, and
+    /// enables the commands of a complete choice. False when the EOS parameters fail; the view
+    /// then stays open.
+    bool Confirm();
+
+    /// Everything as it was when the view opened.
+    void Cancel();
+
+  private:
+    Declare::ModelSelection keptModels_;
+    Declare::EOSParameters keptParameters_;
+    Declare::JiTorvikParameters keptJiTorvik_;
+    Declare::EOSParameters manual_;  ///< holds the last manual coefficients
+    ModelEntries eos_, vp_, hlv_, cp_;
+    std::vector<std::string> watson_;
+};
+
+/// The commands that a complete choice of models enables, for the present EOS.
+void EnableModelCommands();
+
+}  // namespace Calc

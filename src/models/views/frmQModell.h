@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+
+#include "models/model_choice.h"
+
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+/// Choice of the models: equation of state, vapour pressure, enthalpy of vaporisation, ideal-gas
+/// heat capacity, and which of the first two gives p(LV). Accepted with a complete choice.
+class frmQModell : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit frmQModell(QWidget* parent = nullptr);
+
+    void reject() override;
+
+  private:
+    void build();
+    void arrange();
+    void connectLists();
+    void fill(QComboBox* list, const Calc::ModelEntries& entries, std::size_t index);
+    /// Everything that follows from the equation of state and the method of vaporisation.
+    void follow();
+    void askManualVirial();
+    void confirm();
+
+    Calc::ModelChoice choice_;
+    QComboBox* eos_ = nullptr;
+    QComboBox* vp_ = nullptr;
+    QComboBox* hlv_ = nullptr;
+    QComboBox* watson_ = nullptr;
+    QLabel* watsonCaption_ = nullptr;
+    QComboBox* cp_ = nullptr;
+    QGroupBox* priorityFrame_ = nullptr;
+    std::array<QRadioButton*, 2> priority_{};
+};

@@ -1,0 +1,101 @@
+#include "session/menu_commands.h"
+
+#include "common/dialogs.h"
+#include "session/declare.h"
+
+namespace menu {
+
+namespace {
+
+using Declare::session;
+
+constexpr std::int16_t kPolytropic = 12, kTankGlobal = 9, kTankPartial = 10;
+constexpr std::int16_t kSurfaceP = 1, kSurfaceT = 4;
+constexpr std::uint8_t kPolytropicLine = 6;
+
+bool prepare_calculation(const Row& row) {
+    session.CalcMode = row.code;
+    if (row.code == kPolytropic) {
+        Declare::processLine.Kind = kPolytropicLine;
+        Declare::processLine.PolytropicMode = 1;
+    }
+    if (row.code == kTankGlobal) session.GlobalCalculation = true;
+    if (row.code == kTankPartial) session.GlobalCalculation = false;
+    return true;
+}
+
+bool prepare_diagram(const Row& row) {
+    Declare::diagram.DiagramType = row.code;
+    Declare::diagram.sectionKind = row.sectionKind;
+    Declare::diagram.axisPair = row.axisPair;
+    return true;
+}
+
+bool prepare_surface(const Row& row) {
+    session.Diagram3DKind = row.code;
+    session.SCurve3D = false;
+    const bool hasSCurve = row.code == kSurfaceP || row.code == kSurfaceT;
+    if (hasSCurve && !Declare::models.EOSOnlyV)
+        session.SCurve3D = !dialogs::Ask(
+            "Draw physically real behaviour?\n"
+            "(No = Draw S-shaped curves in the undercritical region)",
+            "for cubic EOS only");
+    return true;
+}
+
+bool prepare_new_data() {
+    if (session.CurrentSubstance == 0) {
+        dialogs::Tell("First choose substance!", "friendly remark");
+        return false;
+    }
+    if (session.BatchCount > 0 &&
+        !dialogs::Ask("Exspecting input of new data;\nthe existing set of data will be deleted.\n"
+                      "Do you want this?",
+                      "WARNING", dialogs::Icon::Exclamation))
+        return false;
+    session.BatchCount = 0;
+    session.BatchFile.clear();
+    session.BatchComment.clear();
+    session.BatchCasrn.clear();
+    Declare::BatchData.resize(1);  // the direct input stays
+    Declare::BatchData.resize(2);
+    return true;
+}
+
+bool prepare_project_save() {
+    if (session.ProjectNotePending)
+        dialogs::Tell(
+            "Please note:\nBefore saving your project the settings\n"
+            "for \"Models\" and \"Options\" must be complete",
+            "Single Note", dialogs::Icon::Information);
+    session.ProjectNotePending = false;
+    return true;
+}
+
+}  // namespace
+
+bool Prepare(const Row& row) {
+    if (row.action.starts_with("CalcMode_")) return prepare_calculation(row);
+    if (row.action == "Diagram2D") return prepare_diagram(row);
+    if (row.action == "Diagram3D") return prepare_surface(row);
+    if (row.control == "mnuData_BatchInput") return prepare_new_data();
+    if (row.control == "mnuData_SaveProject") return prepare_project_save();
+    if (row.control == "mnuFitting") session.BatchCount = 0;
+    return true;
+}
+
+void OpenDataMenu() {
+    if (session.BatchCount > 0) Module2::SetCommands({Declare::Command::mnuData_BatchEdit}, true);
+}
+
+void OpenCalculationMenu() {
+    if (session.BatchCount != 0 || !session.BatchMode) return;
+    dialogs::Tell(
+        "This mode of calculation is possible only when \n"
+        "batch data (= exper. T-p-rho,..-data) are available.\n\n"
+        "Enter batch-data\n"
+        "(via file or manual input) => menue \"Data/exper. data...\"",
+        "Execution not possible");
+}
+
+}  // namespace menu

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QFrame>
+
+/// The panel "Picture1": what a new user does first. A click anywhere on it hides it.
+class FirstSteps : public QFrame {
+    Q_OBJECT
+
+  public:
+    explicit FirstSteps(QWidget* parent = nullptr);
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+};

@@ -1,0 +1,311 @@
+#include "session/views/mdiQUOR.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "common/views/form.h"
+#include "common/views/settings.h"
+#include "common/views/theme.h"
+#include "datafiles/session_status.h"
+#include "session/actions.h"
+#include "session/commands.h"
+#include "session/declare.h"
+#include "session/menu_commands.h"
+#include "session/module2.h"
+#include "session/project_hooks.h"
+#include "session/shutdown.h"
+#include "session/views/first_steps.h"
+#include "session/views/frame_commands.h"
+#include "session/views/frmTip.h"
+#include "session/views/work_area.h"
+
+namespace {
+
+constexpr auto kBanner =
+    "QUOR-6   Thermodynamic Calculations of States and Processes for Pure Substances";
+constexpr QSize kFirstSize(1180, 780), kToolIcon(24, 24);
+constexpr QPoint kFirstStepsPlace(24, 24);
+constexpr int kPanelWidth = 110;
+constexpr std::int16_t kTankGlobal = 9, kTankPartial = 10;
+
+mdiQUOR* theFrame = nullptr;
+
+QString qt(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+}  // namespace
+
+mdiQUOR::mdiQUOR() {
+    setObjectName("mdiQUOR");
+    setWindowTitle(kBanner);
+    theFrame = this;
+    shell::SetFrame(this);
+
+    area_ = new WorkArea(this);
+    area_->setObjectName("area");
+    setCentralWidget(area_);
+    // An empty hidden child from the start: the area never is without one.
+    auto* phantom = new QWidget(area_);
+    phantom->setObjectName("frmPhantom");
+    phantom->hide();
+
+    registerActions();
+    buildMenus();
+    buildStatusBar();
+    buildToolBar();
+
+    Module2::OnCommandsChanged([] {
+        if (theFrame != nullptr) theFrame->refresh();
+    });
+    auto* exit = new QShortcut(QKeySequence("Alt+F4"), this);
+    connect(exit, &QShortcut::activated, this, &QWidget::close);
+
+    resize(kFirstSize);
+    settings::restorePlace(this, objectName());
+}
+
+mdiQUOR::~mdiQUOR() {
+    actions::RegisterAction("mnuData_Exit", {});
+    Module2::OnCommandsChanged(nullptr);
+    shell::SetFrame(nullptr);
+    theFrame = nullptr;
+}
+
+void mdiQUOR::StartUp() {
+    firstSteps_->hide();
+    Module2::ResetEverything();
+    registerProjectActions();
+    panels_[3]->setText(qt(Module2::ShortDate()));
+    frmTip::ShowAtStartup();
+    refresh();
+}
+
+void mdiQUOR::InviteFirstUser() {
+    constexpr auto kSeen = "Options/First Steps Seen";
+    QSettings store = settings::store();
+    if (store.value(kSeen, false).toBool()) return;
+    store.setValue(kSeen, true);
+    setFirstStepsVisible(true);
+}
+
+// ---------------------------------------------------------------------------------------- commands
+
+void mdiQUOR::registerActions() {
+    using actions::RegisterAction;
+    RegisterAction("mnuData_OpenBank", frame_commands::OpenDatabase);
+    RegisterAction("mnuData_Status", frame_commands::ShowStatus);
+    RegisterAction("mnuData_ParameterEOS", frame_commands::ShowParameters);
+    RegisterAction("mnuData_Exit", [this] { close(); });
+    RegisterAction("mnuStoff", frame_commands::ChooseSubstance);
+    RegisterAction("mnuModel", frame_commands::ChooseModels);
+    RegisterAction("mnuHilfe_About", frame_commands::ShowAbout);
+    RegisterAction("mnuHilfe_Tip", frame_commands::ShowTips);
+    RegisterAction("mnuInfo", frame_commands::ShowInformation);
+}
+
+void mdiQUOR::registerProjectActions() {
+    const Module2::ProjectHooks& hooks = Module2::projectHooks();
+    using actions::RegisterAction;
+    if (hooks.load) RegisterAction("mnuData_LoadLastSession", frame_commands::LoadLastSession);
+    if (hooks.load && hooks.choose)
+        RegisterAction("mnuData_LoadProject", frame_commands::LoadProject);
+    if (hooks.save) RegisterAction("mnuData_SaveProject", frame_commands::SaveProject);
+}
+
+void mdiQUOR::RunRow(const menu::Row& row) {
+    if (!menu::Enabled(row) || !menu::Prepare(row)) return;
+    actions::Run(row.action);
+    // The tank has a view of its own behind the result.
+    const std::int16_t mode = Declare::session.CalcMode;
+    if (row.action.starts_with("CalcMode_") && (mode == kTankGlobal || mode == kTankPartial))
+        shell::CloseViews({"frmCalcOut"});
+    refresh();
+}
+
+void mdiQUOR::menuOpens(const QString& menuName) {
+    if (menuName == "mnuData") {
+        shell::CloseViews(shell::InputViews());
+        menu::OpenDataMenu();
+    } else if (menuName == "mnuCalcMain") {
+        menu::OpenCalculationMenu();
+        shell::CloseViews({"frmCalcOut", "frmParinput", "frmKessel"});
+    }
+    refresh();
+}
+
+// ------------------------------------------------------------------------------------------- menus
+
+void mdiQUOR::buildMenus() {
+    QHash<QString, QMenu*> menus;
+    for (const menu::Row& row : menu::Rows()) {
+        QMenu* parent = menus.value(qt(row.parent));
+        if (row.kind == menu::Kind::Separator) {
+            parent->addSeparator();
+            continue;
+        }
+        const QString name = qt(menu::Name(row));
+        QAction* action = nullptr;
+        if (row.kind == menu::Kind::Submenu) {
+            const QString opens = qt(row.submenu);
+            QMenu* sub =
+                parent != nullptr ? parent->addMenu(QString()) : menuBar()->addMenu(QString());
+            sub->setObjectName(opens);
+            connect(sub, &QMenu::aboutToShow, this, [this, opens] { menuOpens(opens); });
+            menus.insert(opens, sub);
+            action = sub->menuAction();
+        } else {
+            action = new QAction(this);
+            connect(action, &QAction::triggered, this, [this, &row] { RunRow(row); });
+            if (parent != nullptr)
+                parent->addAction(action);
+            else
+                menuBar()->addAction(action);
+        }
+        action->setObjectName(name);
+        action->setMenuRole(QAction::NoRole);
+        action->setStatusTip(qt(row.hint));
+        rowActions_.insert(name, action);
+    }
+    QMenu* windows = menus.value("mnuWindow");
+    connect(windows, &QMenu::aboutToShow, this, [this, windows] { fillWindowList(windows); });
+    fillWindowList(windows);
+}
+
+void mdiQUOR::fillWindowList(QMenu* menu) {
+    menu->clear();
+    const auto command = [&](const QString& text, const QString& name, auto slot) {
+        QAction* action = menu->addAction(text, area_, slot);
+        action->setObjectName(name);
+        action->setEnabled(!area_->subWindowList().isEmpty());
+    };
+    command("Cascade", "mnuWindow_Cascade", &QMdiArea::cascadeSubWindows);
+    command("Tile", "mnuWindow_Tile", &QMdiArea::tileSubWindows);
+    command("Close All", "mnuWindow_CloseAll", &QMdiArea::closeAllSubWindows);
+    menu->addSeparator();
+    for (QMdiSubWindow* sub : area_->subWindowList()) {
+        QAction* action = menu->addAction(sub->windowTitle().replace('&', "&&"));
+        action->setCheckable(true);
+        action->setChecked(sub == area_->activeSubWindow());
+        connect(action, &QAction::triggered, sub, [this, sub] { area_->setActiveSubWindow(sub); });
+    }
+}
+
+void mdiQUOR::refresh() {
+    for (const menu::Row& row : menu::Rows()) {
+        QAction* action = rowActions_.value(qt(menu::Name(row)));
+        if (action == nullptr) continue;
+        action->setText(qt(menu::Caption(row)));
+        action->setVisible(menu::Visible(row));
+        action->setEnabled(menu::Enabled(row));
+    }
+    for (const menu::ToolButton& button : menu::ToolButtons())
+        if (QAction* action = toolActions_.value(button.index))
+            action->setEnabled(menu::Enabled(button));
+    const LoadSaveData::StatusPanels texts =
+        LoadSaveData::PanelTexts(Module2::IsEnabled(Declare::Command::mnuCalcMain));
+    panels_[0]->setText(qt(texts.substance));
+    panels_[1]->setText(qt(texts.eos));
+    panels_[2]->setText(qt(texts.vapourPressure));
+}
+
+// ---------------------------------------------------------------------------- children and closing
+
+void mdiQUOR::addChild(QWidget* view) {
+    area_->OpenView(view);
+}
+
+void mdiQUOR::setFirstStepsVisible(bool visible) {
+    firstSteps_->setVisible(visible);
+    firstSteps_->raise();
+}
+
+void mdiQUOR::closeEvent(QCloseEvent* event) {
+    // A view with something unsaved may refuse, and then everything stays.
+    if (!area_->CloseAllViews()) {
+        event->ignore();
+        return;
+    }
+    for (QWidget* top : QApplication::topLevelWidgets())
+        if (top != this && top->isVisible()) top->close();
+    settings::rememberPlace(this, objectName());
+    Module2::Shutdown();
+    event->accept();
+}
+
+// -------------------------------------------------------------------------------------------- bars
+
+void mdiQUOR::buildToolBar() {
+    auto* bar = new QToolBar("Tool Bar", this);
+    bar->setObjectName("Toolbar1");
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    bar->setIconSize(kToolIcon);
+    int last = 0;
+    for (const menu::ToolButton& button : menu::ToolButtons()) {
+        // A gap in the numbering is a separator on the bar.
+        if (last != 0 && button.index > last + 1) bar->addSeparator();
+        last = button.index;
+        QAction* action =
+            bar->addAction(theme::icon(qt(button.icon)), qt(button.tooltip).trimmed());
+        const QString name = QString("Toolbar1_%1").arg(button.index);
+        action->setObjectName(name);
+        action->setToolTip(qt(button.tooltip));
+        bar->widgetForAction(action)->setObjectName(name);
+        connect(action, &QAction::triggered, this, [this, &button] { runTool(button); });
+        toolActions_.insert(button.index, action);
+    }
+    auto* space = new QWidget;
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(space);
+
+    auto* steps = form::named(new QToolButton, "cmdErstnutzer");
+    steps->setText("First Steps    (on/off)  ");
+    steps->setIcon(theme::icon("first_steps"));
+    steps->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    steps->setFocusPolicy(Qt::TabFocus);
+    connect(steps, &QToolButton::clicked, this,
+            [this] { setFirstStepsVisible(firstSteps_->isHidden()); });
+    bar->addWidget(steps);
+    addToolBar(bar);
+
+    firstSteps_ = new FirstSteps(area_);
+    firstSteps_->move(kFirstStepsPlace);
+    firstSteps_->hide();
+}
+
+void mdiQUOR::buildStatusBar() {
+    QStatusBar* bar = statusBar();
+    bar->setObjectName("StatusBar1");
+    constexpr int kStretch[] = {2, 3, 3, 0};
+    for (std::size_t i = 0; i < panels_.size(); ++i) {
+        panels_[i] = form::named(new QLabel, QString("StatusBar1_%1").arg(i + 1));
+        panels_[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        panels_[i]->setMinimumWidth(kPanelWidth);
+        panels_[i]->setIndent(theme::kGap);
+        bar->addWidget(panels_[i], kStretch[i]);
+    }
+}
+
+void mdiQUOR::runTool(const menu::ToolButton& button) {
+    const menu::Row* row = menu::Find(button.action);
+    if (button.command == Declare::Command::toolTank)
+        row = menu::CalculationRow(Declare::models.PriorityCEOS ? kTankGlobal : kTankPartial);
+    if (row != nullptr)
+        RunRow(*row);
+    else
+        actions::Run(button.action);
+}

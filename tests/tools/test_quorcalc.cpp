@@ -1,0 +1,190 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "session/module2.h"
+#include "tools/quorcalc/commands.h"
+
+namespace {
+
+using nlohmann::json;
+
+struct Outcome {
+    int exit = 0;
+    std::string out, err;
+    json object() const { return json::parse(out); }
+};
+
+class Quorcalc : public testing::Test {
+  protected:
+    Quorcalc() { Module2::SetProgramFolder(QUOR_BINARY_FOLDER); }
+
+    static Outcome call(const std::vector<std::string>& words, const std::string& input = "") {
+        std::istringstream in(input);
+        std::ostringstream out, err;
+        Outcome r;
+        r.exit = quorcalc::Main(words, in, out, err);
+        r.out = out.str();
+        r.err = err.str();
+        return r;
+    }
+};
+
+TEST_F(Quorcalc, ListsTheWholeDatabase) {
+    const Outcome r = call({"list", "--json"});
+    EXPECT_EQ(r.exit, 0);
+    const json substances = r.object().at("substances");
+    EXPECT_EQ(substances.size(), 180U);
+    EXPECT_EQ(substances[0].at("name"), "Helium;R-704");
+    EXPECT_EQ(substances[0].at("casrn"), "7440-59-7");
+    EXPECT_EQ(substances[0].at("index"), 1);
+}
+
+TEST_F(Quorcalc, DataHoldsEveryFieldByName) {
+    const json d = call({"data", "--substance", "Propane", "--json"}).object();
+    EXPECT_EQ(d.at("Name"), "Propane");
+    EXPECT_EQ(d.at("WAG").size(), 10U);
+    EXPECT_EQ(d.at("VPCode"), "WAG");
+    EXPECT_DOUBLE_EQ(d.at("Tcrit"), 369.89);
+    EXPECT_TRUE(d.at("hasCpSinh"));
+}
+
+TEST_F(Quorcalc, FindsASubstanceByNameSynonymNumberAndCasrn) {
+    for (const char* wanted : {"Carbon dioxide", "124-38-9", "Kohlendioxyd", "R-744"})
+        EXPECT_EQ(call({"data", "--substance", wanted, "--json"}).object().at("CASRN"), "124-38-9")
+            << wanted;
+    const json first = call({"data", "--substance", "#1", "--json"}).object();
+    EXPECT_EQ(first.at("Name"), "Helium");
+}
+
+TEST_F(Quorcalc, AnUnknownSubstanceIsAFailureWithItsMessage) {
+    const Outcome r =
+        call({"state", "--substance", "Unobtainium", "--T", "300", "--p", "100", "--json"});
+    EXPECT_EQ(r.exit, 1);
+    EXPECT_EQ(r.object().at("status"), -1);
+    EXPECT_NE(r.err.find("Nothing found."), std::string::npos) << r.err;
+}
+
+TEST_F(Quorcalc, WrongCallsExitWithTwo) {
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {},
+             {"nothing"},
+             {"state", "--substance", "Propane", "--T", "300"},
+             {"state", "--substance", "Propane", "--T", "x", "--p", "1"},
+             {"state", "--T", "300", "--p", "1"},
+             {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--eos", "99"},
+             {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--vp", "XYZ"},
+             {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--set", "Nothing=1"},
+             {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--set", "M"},
+             {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--units", "odd"}}) {
+        const Outcome r = call(words);
+        EXPECT_EQ(r.exit, 2) << (words.empty() ? "nothing" : words.back());
+        EXPECT_FALSE(r.err.empty());
+    }
+}
+
+TEST_F(Quorcalc, AMissingDatabaseIsAFailure) {
+    const Outcome r = call({"list", "--db", "/nowhere/NONE.Q05", "--json"});
+    EXPECT_EQ(r.exit, 1);
+    EXPECT_EQ(r.object().at("message"), "Database NONE.Q05 not found or empty resp.");
+}
+
+TEST_F(Quorcalc, WhatIsNotThereIsNull) {
+    const json gas =
+        call({"state", "--substance", "Carbon dioxide", "--T", "300", "--p", "5000", "--json"}).object();
+    EXPECT_TRUE(gas.at("rhoL").is_null());
+    EXPECT_TRUE(gas.at("vL").is_null());
+    EXPECT_GT(gas.at("rhoV").get<double>(), 1.0);
+    EXPECT_TRUE(gas.at("hasV"));
+}
+
+TEST_F(Quorcalc, OverridesAreFollowedByTheCorrelatedSetsAndTheParameters) {
+    const json plain = call({"eos", "--substance", "Propane", "--T", "300", "--json"}).object();
+    const json other =
+        call({"eos", "--substance", "Propane", "--T", "300", "--set", "pcrit=8000", "--json"})
+            .object();
+    EXPECT_NEAR(other.at("b").get<double>() * 8000, plain.at("b").get<double>() * 4251.2, 1e-4);
+    const json kfw = call({"vp", "--substance", "Propane", "--T", "250", "--set", "Tboil=250",
+                           "--code", "KFW", "--json"})
+                         .object();
+    EXPECT_NEAR(kfw.at("p").get<double>(), 101.325, 0.05);
+    const json given = call({"vp", "--substance", "Propane", "--T", "250", "--set", "AUG.1=5",
+                             "--set", "AUG.2=-250", "--code", "AUG", "--json"})
+                           .object();
+    EXPECT_NEAR(given.at("p").get<double>(), std::exp(4.0), 1e-9);
+}
+
+TEST_F(Quorcalc, RunGivesOneObjectALineAndGoesOnAfterAFailure) {
+    const Outcome r = call({"run", "-"},
+                           "# a remark\n"
+                           "psat --substance Propane --T 300\n"
+                           "\n"
+                           "psat --substance Propane --T 900\n"
+                           "nonsense\n"
+                           "state --substance \"Carbon dioxide\" --T 300 --p 5000\n");
+    std::vector<json> lines;
+    std::istringstream in(r.out);
+    for (std::string line; std::getline(in, line);) lines.push_back(json::parse(line));
+    ASSERT_EQ(lines.size(), 4U);
+    EXPECT_EQ(lines[0].at("status"), 0);
+    EXPECT_EQ(lines[1].at("status"), -1);
+    EXPECT_TRUE(lines[1].at("p").is_null());
+    EXPECT_EQ(lines[2].at("status"), -1);
+    EXPECT_NEAR(lines[3].at("rhoV").get<double>(), 131.4966, 1e-3);
+    EXPECT_EQ(r.exit, 1);
+    EXPECT_EQ(call({"run", "/nowhere/file"}).exit, 1);
+}
+
+TEST_F(Quorcalc, CalcGivesTheTextsOfTheResultView) {
+    const json r = call({"calc", "--mode", "3", "--substance", "Carbon dioxide", "--T", "300",
+                         "--p", "5000", "--json"})
+                       .object();
+    EXPECT_EQ(r.at("status"), 0);
+    EXPECT_EQ(r.at("par1"), "T = 300.000 K");
+    EXPECT_EQ(r.at("par2"), "p = 5000.000 kPa");
+    EXPECT_EQ(r.at("State"), " V ");
+    EXPECT_EQ(r.at("Fu").size(), 42U);
+    EXPECT_NEAR(r.at("Fu")[9].get<double>(), 0.334678, 1e-6);
+    EXPECT_FALSE(r.at("exit"));
+    const Outcome text =
+        call({"calc", "--mode", "3", "--substance", "Carbon dioxide", "--T", "300", "--p", "5000"});
+    EXPECT_NE(text.out.find("131.4966"), std::string::npos);
+}
+
+TEST_F(Quorcalc, AMissingInputIsTold) {
+    const Outcome r =
+        call({"calc", "--mode", "3", "--substance", "Carbon dioxide", "--p", "5000", "--json"});
+    EXPECT_EQ(r.exit, 1);
+    EXPECT_EQ(r.object().at("par1"), "no T in this data set");
+}
+
+TEST_F(Quorcalc, TheTankRefusesAPartialCalculationAboveTheCriticalPoint) {
+    const Outcome r = call({"calc", "--mode", "10", "--substance", "Propane", "--T", "400", "--V",
+                            "1", "--m", "10", "--json"});
+    EXPECT_EQ(r.exit, 1);
+    EXPECT_TRUE(r.object().at("exit"));
+    ASSERT_EQ(r.object().at("messages").size(), 1U);
+}
+
+TEST_F(Quorcalc, TheProgramItselfReadsNoEnvironmentAndPrintsJson) {
+    const std::string command =
+        "env -i " QUOR_BINARY_FOLDER "/quorcalc psat --substance Water --T 373.15 --json";
+    FILE* pipe = popen(command.c_str(), "r");
+    ASSERT_NE(pipe, nullptr);
+    char buffer[4096] = {};
+    const std::size_t n = fread(buffer, 1, sizeof buffer - 1, pipe);
+    const int status = pclose(pipe);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    const json r = json::parse(std::string(buffer, n));
+    EXPECT_NEAR(r.at("p").get<double>(), 101.3, 6.0);
+}
+
+TEST(QuorcalcLines, AreSplitAtBlanksOutsideQuotes) {
+    EXPECT_EQ(quorcalc::SplitLine("a  'b c' \"d\" \"\" e\"f g\""),
+              (std::vector<std::string>{"a", "b c", "d", "", "ef g"}));
+}
+
+}  // namespace
