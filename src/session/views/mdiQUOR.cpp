@@ -12,7 +12,6 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "app/views/wiring.h"
 #include "common/views/form.h"
 #include "common/views/settings.h"
 #include "common/views/theme.h"
@@ -89,7 +88,6 @@ mdiQUOR::~mdiQUOR() {
 void mdiQUOR::StartUp() {
     firstSteps_->hide();
     Module2::ResetEverything();
-    wiring::ConnectViews();
     registerProjectActions();
     panels_[3]->setText(qt(Module2::ShortDate()));
     frmTip::ShowAtStartup();
