@@ -8,6 +8,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "diagrams/catalogue.h"
+#include "diagrams/chart/sheet2d.h"
 #include "session/declare.h"
 #include "session/module2.h"
 
@@ -27,10 +28,6 @@ std::size_t at(int slot) {
 
 bool is_curve(int slot) {
     return slot >= 0 && slot < kMaxCurves;
-}
-
-bool is_point_set(int slot) {
-    return slot >= 0 && slot < kMaxPointSets;
 }
 
 template <std::size_t n>
@@ -58,8 +55,7 @@ SavedCurve saved_curve(DiagramSheet& sheet, int slot) {
 }
 
 SavedPointSet saved_points(DiagramSheet& sheet, int slot) {
-    return {slot, sheet.PointSetFree[at(slot)],
-            chart::SeriesAt(sheet.chart, Group::Points, slot)};
+    return {slot, sheet.PointSetFree[at(slot)], chart::SeriesAt(sheet.chart, Group::Points, slot)};
 }
 
 void erase_labels(DiagramSheet& sheet, int from, int to) {
@@ -212,9 +208,9 @@ int StoreCurve(DiagramSheet& sheet, const Declare::CurvePointArray& points) {
     const int slot = lowest_free(sheet.CurveFree);
     if (slot < 0) {
         sheet.CurveCount = kMaxCurves;
-        dialogs::Tell("Maximum " + std::to_string(kMaxCurves) +
-                          " curves possible\nDelete existing curves",
-                      "WARNING");
+        dialogs::Tell(
+            "Maximum " + std::to_string(kMaxCurves) + " curves possible\nDelete existing curves",
+            "WARNING");
         return -1;
     }
     remember(sheet, {{saved_curve(sheet, slot)}, {}});
@@ -503,7 +499,9 @@ void SetLogarithmic(DiagramSheet& sheet, bool xAxis, bool on) {
 void SetScaling(DiagramSheet& sheet, int index, const Scaling& values) {
     sheet.manualScaling = index == 1;
     const Scaling scaling = sheet.manualScaling ? values : Scaling{};
-    const auto positive = [](double value) { return std::isfinite(value) && value > 0 ? value : 0; };
+    const auto positive = [](double value) {
+        return std::isfinite(value) && value > 0 ? value : 0;
+    };
     const auto digits = [](int value) { return value < 0 ? -1 : std::min(value, 15); };
     chart::Axis& x = sheet.chart.x;
     chart::Axis& y = sheet.chart.y;
@@ -535,12 +533,11 @@ void PlaceLabels(DiagramSheet& sheet, double width, double height,
             labels.erase(found);  // a label does not keep out of its own way
         } else {
             label.index = index;
-            label.textColour =
-                chart::SeriesAt(sheet.chart, Group::Curves, slot).line.colour;
+            label.textColour = chart::SeriesAt(sheet.chart, Group::Curves, slot).line.colour;
         }
         label.text = wanted.text;
-        label.shown = chart::PlaceCurveLabel(sheet.chart, slot, wanted.shift, width, height,
-                                             measure, label);
+        label.shown =
+            chart::PlaceCurveLabel(sheet.chart, slot, wanted.shift, width, height, measure, label);
         if (!label.shown) {
             label.onPoint = true;
             label.series = slot;

@@ -25,14 +25,14 @@ struct CodePair {
     std::int16_t diagram, coexistence;
 };
 constexpr auto kCoexistence = std::to_array<CodePair>(
-    {{1, 6},     {2, 106},   {3, 7},     {4, 12},    {5, 9},     {15, 90},   {16, 91},  {184, 91},
-     {17, 93},   {18, 94},   {19, 92},   {21, 96},   {22, 96},   {23, 121},  {109, 121}, {24, 120},
-     {107, 120}, {26, 27},   {150, 70},  {151, 71},  {152, 73},  {153, 74},  {154, 72}, {155, 75},
-     {156, 97},  {157, 100}, {158, 101}, {159, 89},  {160, 102}, {181, 95},  {182, 98}, {183, 99}});
+    {{1, 6},     {2, 106},   {3, 7},     {4, 12},   {5, 9},     {15, 90},  {16, 91},   {184, 91},
+     {17, 93},   {18, 94},   {19, 92},   {21, 96},  {22, 96},   {23, 121}, {109, 121}, {24, 120},
+     {107, 120}, {26, 27},   {150, 70},  {151, 71}, {152, 73},  {153, 74}, {154, 72},  {155, 75},
+     {156, 97},  {157, 100}, {158, 101}, {159, 89}, {160, 102}, {181, 95}, {182, 98},  {183, 99}});
 
 // Projections that a diagram of their own shows as one line for each branch.
-constexpr auto kOwnBranches = std::to_array<std::int16_t>({6, 7, 12, 27, 90, 91, 92, 93, 94, 95,
-                                                           106});
+constexpr auto kOwnBranches =
+    std::to_array<std::int16_t>({6, 7, 12, 27, 90, 91, 92, 93, 94, 95, 106});
 
 std::string point(double value, std::string_view mask) {
     return numbers::FormatPoint(value, mask);
@@ -51,9 +51,9 @@ CurveName plain(const std::string& legend) {
 }
 
 CurveName process_line_name() {
-    constexpr std::array<std::string_view, 7> kKinds{"free straight line", "Isotherm", "Isobar",
-                                                     "Isochore ",          "Isentropic",
-                                                     "Isenthalpic",        "Polytropic"};
+    constexpr std::array<std::string_view, 7> kKinds{
+        "free straight line", "Isotherm",    "Isobar",    "Isochore ",
+        "Isentropic",         "Isenthalpic", "Polytropic"};
     const std::size_t kind = std::min<std::size_t>(Declare::processLine.Kind, kKinds.size() - 1);
     std::string name(kKinds[kind]);
     if (kind == 1) name += " " + temperature();
@@ -67,8 +67,7 @@ CurveName isochore_name(bool criticalPointMarked, std::int16_t code) {
     const double vcrit = Declare::eosParameters.vcritCalc;
     const bool specific = session.UnitMode == 1;
     const double shown = specific ? session.DiagramV * session.VolumeFactor : session.DiagramV;
-    const std::string volume =
-        point(shown, "###0.0####") + (specific ? " m^3/kg " : " m^3/kmol ");
+    const std::string volume = point(shown, "###0.0####") + (specific ? " m^3/kg " : " m^3/kmol ");
     // The volume counts as critical when it shows the digits of the critical one.
     constexpr std::string_view kDigits = "###0.0####";
     if (point(session.DiagramV, kDigits) == point(vcrit, kDigits))
@@ -173,8 +172,8 @@ DrawOutcome DrawCurve(DiagramSheet& sheet, const std::string& branch) {
     Declare::DiagramRequest request = computing_request(sheet);
     {
         const Module2::BusyPointer busy;
-        result = kurve::CalcCurve(request, points, session.DiagramT, session.DiagramP,
-                                  session.DiagramV);
+        result =
+            kurve::CalcCurve(request, points, session.DiagramT, session.DiagramP, session.DiagramV);
     }
     outcome.status = result.status;
     const kurve::StatusText said = kurve::TextOf(result);

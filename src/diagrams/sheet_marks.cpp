@@ -79,6 +79,7 @@ void add_line(DiagramSheet& sheet, Direction direction, const ReferenceLine& lin
     chart::Series series;
     series.isReference = true;
     series.inLegend = false;
+    series.legend = line.text;  // by which it is found again
     series.line = {chart::LinePattern::Dashed, kMarkColour, 1};
     series.symbol = chart::SymbolShape::Hidden;
 
@@ -107,8 +108,11 @@ void add_line(DiagramSheet& sheet, Direction direction, const ReferenceLine& lin
     sheet.chart.labels.push_back(std::move(label));
 }
 
-void remove_label(DiagramSheet& sheet, int index) {
-    std::erase_if(sheet.chart.labels, [&](const chart::Label& l) { return l.index == index; });
+/// Takes away an earlier line of the same meaning.
+void remove_line(DiagramSheet& sheet, int labelIndex, std::string_view text) {
+    std::erase_if(sheet.chart.labels, [&](const chart::Label& l) { return l.index == labelIndex; });
+    std::erase_if(sheet.chart.curves,
+                  [&](const chart::Series& s) { return s.isReference && s.legend == text; });
 }
 
 bool refuse_vapour_only(const char* text) {
@@ -271,7 +275,7 @@ bool MarkVolume(DiagramSheet& sheet) {
     if (!OffersMark(sheet, Mark::v)) return false;
     const double v = Declare::eosParameters.vcritCalc;
     if (!(v > 0)) return false;
-    remove_label(sheet, LabelIndex::kVolume);
+    remove_line(sheet, LabelIndex::kVolume, "v(crit)");
     add_line(sheet, direction_of_v(sheet.request),
              {LabelIndex::kVolume, v * session.VolumeFactor, "v(crit)", kFarV});
     return true;
@@ -287,7 +291,7 @@ bool MarkCovolume(DiagramSheet& sheet) {
         dialogs::Tell("possible for cubic EOS only.", kRefused);
         return false;
     }
-    remove_label(sheet, LabelIndex::kCovolume);
+    remove_line(sheet, LabelIndex::kCovolume, "v = b");
     const Direction ofVolume = direction_of_v(sheet.request);
     const bool density = ofVolume == Direction::None;
     add_line(sheet, density ? direction_of_rho(sheet.request) : ofVolume,
@@ -319,8 +323,8 @@ bool MarkCriticalPoint(DiagramSheet& sheet, bool experimental) {
         const double ofState = state.hasV ? state.vV : state.vL;
         functions = thermo::StateFunctions(T, p, ofState > 0 ? ofState : v);
     }
-    const bool needsVolume = direction_of(sheet.request, {Axis::v, Axis::rho, Axis::pv}) !=
-                             Direction::None;
+    const bool needsVolume =
+        direction_of(sheet.request, {Axis::v, Axis::rho, Axis::pv}) != Direction::None;
     kurve::Projection at;
     if (v > 0 || !needsVolume) at = kurve::ProjectState(code, T, p, v, functions);
     if (!at.exists) {
