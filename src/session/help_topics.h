@@ -18,6 +18,8 @@ inline constexpr int kPriority = 2500;
 inline constexpr int kManualVirial = 2600;
 inline constexpr int kGlobalPartial = 3060;
 inline constexpr int kReferencePoint = 3100;
+inline constexpr int kTank = 3500;
+inline constexpr int kIsoCalculator = 3700;
 inline constexpr int kRealRange = 8555;
 inline constexpr int kReferenceState = 12000;
 

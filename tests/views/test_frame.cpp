@@ -292,7 +292,11 @@ TEST_F(Frame, AMissingTipsFileIsToldOnceAndTheViewStaysEmpty) {
     EXPECT_FALSE(drive::isEnabled("cmdNextTip"));
 }
 
-TEST_F(Frame, ProjectRowsWaitForTheirReader) {
+class FrameWithoutProjects : public FrameTest {
+    void connect() override { Module2::projectHooks() = {}; }
+};
+
+TEST_F(FrameWithoutProjects, ProjectRowsWaitForTheirReader) {
     start();
     for (const char* row : {"mnuData_LoadLastSession", "mnuData_LoadProject"})
         EXPECT_FALSE(offers(row)) << row;
@@ -302,7 +306,7 @@ TEST_F(Frame, ProjectRowsWaitForTheirReader) {
 
 class FrameWithProjects : public FrameTest {
   protected:
-    FrameWithProjects() {
+    void connect() override {
         Module2::projectHooks() = {.choose = [this] { return chosen; },
                                    .load =
                                        [this](const std::string& file) {
