@@ -6,6 +6,7 @@
 #include "datafiles/database.h"
 #include "datafiles/project.h"
 #include "datafiles/views/frmTpvEdit.h"
+#include "diagrams/views/frmGraph2D.h"
 #include "models/views/frmReferenz.h"
 #include "session/actions.h"
 #include "session/commands.h"
@@ -64,6 +65,7 @@ void ConnectViews() {
     RegisterAction("frmReferenz", open_reference);
     RegisterAction("mnuData_BatchInput", frmTpvEdit::Open);
     RegisterAction("mnuData_BatchEdit", frmTpvEdit::Open);
+    graph2d_views::Install();
     RegisterAction("mnuOptions", [] {
         frmOptions view(shell::FrameWindow());
         shell::OpenModal(view);
