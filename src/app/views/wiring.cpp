@@ -1,6 +1,8 @@
 #include "app/views/wiring.h"
 
 #include "datafiles/database.h"
+#include "datafiles/views/editor_views.h"
+#include "estimation/views/estimation_views.h"
 #include "session/actions.h"
 #include "session/shutdown.h"
 #include "session/views/frmOptions.h"
@@ -14,6 +16,8 @@ void ConnectViews() {
         frmOptions view(shell::FrameWindow());
         shell::OpenModal(view);
     });
+    editor_views::Install();
+    estimation_views::Install();
 }
 
 }  // namespace wiring
