@@ -2,7 +2,6 @@
 #include <fstream>
 #include <iostream>
 
-#include "app/views/wiring.h"
 #include "common/views/settings.h"
 #include "session/commands.h"
 #include "views/frame_test.h"
@@ -215,7 +214,6 @@ TEST_F(Frame, TheTankButtonTakesTheMethodThatHasPriority) {
 }
 
 TEST_F(Frame, OpeningTheCalculationMenuClosesTheViewsOfTheLastOne) {
-    wiring::ConnectViews();
     start();
     openSubstance("Carbon dioxide");
     for (const char* name : {"frmCalcOut", "frmParinput", "frmGraph2D"}) {
