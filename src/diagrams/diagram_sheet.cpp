@@ -461,10 +461,10 @@ void Pan(DiagramSheet& sheet, double du, double dv) {
 }
 
 bool Fit(DiagramSheet& sheet) {
-    if (!chart::FitToData(sheet.chart)) return false;
-    const chart::Window window = chart::ShownWindow(sheet.chart);
-    keep_coordinates(sheet, window);
-    show_window(sheet, window);
+    const std::optional<chart::Window> window = chart::FittingWindow(sheet.chart);
+    if (!window) return false;
+    keep_coordinates(sheet, *window);
+    show_window(sheet, *window);
     sheet.zooms.clear();
     return true;
 }
