@@ -12,6 +12,7 @@
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
+#include "session/commands.h"
 #include "session/module2.h"
 
 namespace LoadSaveData {
@@ -229,6 +230,11 @@ void ApplyEditor(EditorTexts& texts) {
     if (HasCriticalData(Declare::substance) && models.EOSModel >= 0 &&
         models.EOSModel != kManualVirial)
         Calc::CalcEOSParameters(models.EOSModel);
+    if (HasCriticalData(Declare::substance) && Declare::session.CurrentSubstance > 0 &&
+        !Declare::session.SubstanceSet) {
+        Declare::session.SubstanceSet = true;
+        Module2::SetCommands({Declare::Command::mnuModel}, true);
+    }
     Module2::RefreshUnits();
     Declare::session.ResultsOutdated = true;
 }

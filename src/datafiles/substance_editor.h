@@ -43,6 +43,9 @@ std::span<const EditorField, kEditorFields> EditorFieldTable();
 /// The place of a field in a record.
 FieldPlace PlaceOf(const EditorField& field);
 
+/// The part of the data that a group contribution method estimates.
+enum class GroupFrame : std::uint8_t { Critical, Formation, HeatCapacity };
+
 /// The texts of all fields by their index (`DD`).
 using EditorTexts = std::array<std::string, kEditorFields>;
 
@@ -72,6 +75,7 @@ struct EditorApplied {
 EditorApplied apply_editor(EditorTexts& texts, Declare::SubstanceRecord& substance,
                            Declare::ModelSelection& models);
 /// The same for the active substance, with the constants of its EOS and the units that follow.
+/// Where its critical data are complete only now, models can be chosen from here on.
 void ApplyEditor(EditorTexts& texts);
 
 /// A correlation that the editor computes from its fields without touching the record.

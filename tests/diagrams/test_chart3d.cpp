@@ -165,7 +165,7 @@ TEST(ChartSurface, WhatIsPaintedLastIsNearestFromEverySide) {
                 surface.forEachPiece([&](const Piece& piece) {
                     pieces.emplace_back(piece.corners.begin(), piece.corners.end());
                 });
-                for (int k = 0; k < 150; ++k) {
+                for (int k = 0; k < 500; ++k) {
                     const Point2 pixel{place(random), place(random)};
                     std::optional<double> last;
                     double nearest = -1e9;

@@ -34,7 +34,7 @@ TEST_F(ModelView, OffersWhatTheDataAllow) {
         EXPECT_TRUE(drive::isChecked("PriorOpt_0"));
         EXPECT_FALSE(isVisible("WatsonKombi"));
         EXPECT_EQ(read("Rx1"), "Parameters available from data base");
-        EXPECT_FALSE(drive::isEnabled("cmdData"));
+        EXPECT_TRUE(drive::isEnabled("cmdData"));
         EXPECT_FALSE(drive::isEnabled("EOSHilfe"));
         click("cmdEsc");
     });

@@ -5,8 +5,10 @@
 #include "common/views/settings.h"
 #include "datafiles/database.h"
 #include "datafiles/project.h"
+#include "datafiles/views/editor_views.h"
 #include "datafiles/views/frmTpvEdit.h"
 #include "diagrams/views/frmGraph2D.h"
+#include "estimation/views/estimation_views.h"
 #include "models/views/frmReferenz.h"
 #include "session/actions.h"
 #include "session/commands.h"
@@ -70,6 +72,8 @@ void ConnectViews() {
         frmOptions view(shell::FrameWindow());
         shell::OpenModal(view);
     });
+    editor_views::Install();
+    estimation_views::Install();
 }
 
 }  // namespace wiring
