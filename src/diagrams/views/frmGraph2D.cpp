@@ -8,6 +8,8 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
+#include "calculation/start_calculation.h"
+#include "calculation/views/calculation_views.h"
 #include "common/dialogs.h"
 #include "common/views/theme.h"
 #include "diagrams/catalogue.h"
@@ -297,7 +299,23 @@ void frmGraph2D::connectCanvas() {
 
 namespace graph2d_views {
 
+namespace {
+
+/// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
+void open_from_menu() {
+    constexpr std::int16_t kVaporisation = 13, kByBenson = 6, kVaporisationAtT = 6;
+    const bool needsReference = Declare::diagram.DiagramType == kVaporisation &&
+                                Declare::models.HLVModel == kByBenson;
+    if (!needsReference) return Module9::OpenDiagram2D();
+    const std::int16_t mode = std::exchange(Declare::session.CalcMode, kVaporisationAtT);
+    calculation_views::OpenCalcIn(true);
+    Declare::session.CalcMode = mode;
+}
+
+}  // namespace
+
 void Install() {
+    Zentrale::views().prepareDiagram = Module9::OpenDiagram2D;
     Module9::Views2D() = {
         .openDiagram = frmGraph2D::Open,
         .openParameterInput =
@@ -313,7 +331,7 @@ void Install() {
                 if (frmGraph2D* view = frmGraph2D::current()) view->ShowDatabaseFunction(low, high);
             },
     };
-    actions::RegisterAction("Diagram2D", Module9::OpenDiagram2D);
+    actions::RegisterAction("Diagram2D", open_from_menu);
 }
 
 }  // namespace graph2d_views
