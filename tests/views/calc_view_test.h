@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/views/wiring.h"
 #include "common/views/settings.h"
 #include "session/views/mdiQUOR.h"
 #include "views/view_test.h"
@@ -10,6 +11,7 @@ class CalcViewTest : public ViewTest {
   protected:
     CalcViewTest() {
         settings::setShowTipsAtStartup(false);
+        wiring::ConnectViews();
         frame.show();
         frame.StartUp();
     }
