@@ -172,6 +172,7 @@ std::string CalculateTank() {
     CalcBatch(call);
     session.tank.p = 0;
     session.tank.level = 0;
+    session.tank.answer = call.Text;
     if (call.Text == "EXIT") return call.Text;
     session.tank.p = static_cast<float>(call.Pressure);
     session.tank.level = static_cast<double>(call.FractionV);

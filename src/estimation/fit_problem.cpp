@@ -22,15 +22,20 @@ bool CalcResiduals(FitProblem& problem, const Parameters& par, int pointIndex, d
     const Declare::FitPoint& point = problem.points[static_cast<std::size_t>(pointIndex)];
     const double measured = static_cast<double>(point.y);
     double y = 0;
-    bool ok = EvaluateModel(problem, par, static_cast<double>(point.x), y);
-    if (ok && problem.logarithmic) {
-        ok = y > 0 && measured > 0;
-        if (ok) res = std::log(y) - std::log(measured);
-    } else if (ok) {
-        res = y - measured;
+    double residual = std::nan("");
+    if (EvaluateModel(problem, par, static_cast<double>(point.x), y)) {
+        if (!problem.logarithmic) {
+            residual = y - measured;
+        } else if (y > 0 && measured > 0) {
+            residual = std::log(y) - std::log(measured);
+        }
     }
-    if (!ok) ++problem.failedEvaluations;
-    return ok;
+    if (!std::isfinite(residual)) {
+        ++problem.failedEvaluations;
+        return false;
+    }
+    res = residual;
+    return true;
 }
 
 void calcFQS_Marquardt(FitProblem& problem, const Parameters& par, double& sumSquares,

@@ -135,7 +135,8 @@ void LoadFitPoints(FitState& state) {
     state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
     state.NInactive = 0;
     for (Declare::FitPoint& point : state.FitPoints) {
-        if (point.x == 0) point.mark = kInactive;
+        if (point.x == 0 || !std::isfinite(point.x) || !std::isfinite(point.y))
+            point.mark = kInactive;
         if (!IsActive(point)) ++state.NInactive;
     }
 }

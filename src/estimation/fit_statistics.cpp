@@ -116,8 +116,11 @@ void FillStatistics(FitState& state, const FitModelRow& row, const FitProblem& p
     const double variance = squares / report.freedom;
     for (std::size_t a = 0; a < adjusted.size(); ++a) {
         const std::size_t i = adjusted[a];
-        report.stdDev[i] = std::sqrt(variance * inverse[a][a]) * problem.scale[i];
-        report.halfWidth[i] = t * report.stdDev[i];
+        const double deviation = std::sqrt(variance * inverse[a][a]) * problem.scale[i];
+        if (std::isfinite(t * deviation)) {
+            report.stdDev[i] = deviation;
+            report.halfWidth[i] = t * deviation;
+        }
         for (std::size_t b = 0; b < adjusted.size(); ++b)
             report.correlation[i][adjusted[b]] =
                 a == b ? 1 : inverse[a][b] / std::sqrt(inverse[a][a] * inverse[b][b]);

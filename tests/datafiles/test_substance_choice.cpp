@@ -33,6 +33,8 @@ TEST_F(SubstanceChoice, NamesBehindTheFirstAreFurtherNames) {
     EXPECT_EQ(LoadSaveData::NamesOf("Water      "), Names{"Water"});
     EXPECT_EQ(LoadSaveData::NamesOf(""), Names{""});
     EXPECT_EQ(LoadSaveData::NamesOf("Water;;"), Names{"Water"});
+    EXPECT_EQ(LoadSaveData::FirstNameOf(" Propane ;R-290"), "Propane");
+    EXPECT_EQ(LoadSaveData::FirstNameOf("Water   "), "Water");
 }
 
 TEST_F(SubstanceChoice, FormulaAndCasrnOfAnEntry) {

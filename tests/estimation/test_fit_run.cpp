@@ -113,6 +113,21 @@ TEST_F(FitRun, PointsComeFromTheXyEditor) {
     EXPECT_EQ(FitTitle(state), " Fitting y = f(T) (data not yet loaded)");
 }
 
+TEST_F(FitRun, PointsThatAreNoNumbersAreInactive) {
+    const float infinite = std::numeric_limits<float>::infinity();
+    Declare::xyPoints = {{1, infinite, 0}, {2, std::nanf(""), 0}, {infinite, 1, 0}, {4, 1, 0}};
+    FitState state;
+    LoadFitPoints(state);
+    EXPECT_EQ(state.NInactive, 3);
+    // Even an active one never brings a result that is no number.
+    FitState raw = State(11, Points({{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}, {6, 6}}));
+    raw.FitPoints[2].y = std::nanf("");
+    ASSERT_TRUE(StartFit(raw));
+    for (const double p : raw.FitPar) EXPECT_TRUE(std::isfinite(p));
+    EXPECT_TRUE(std::isfinite(raw.SQ));
+    EXPECT_TRUE(std::isfinite(raw.sR));
+}
+
 TEST_F(FitRun, MorePointsThanSixteenBitsCountAreCutAndTold) {
     Declare::xyPoints.assign(40000, {1, 1, 0});
     FitState state;

@@ -2,6 +2,8 @@
 // and Technology (https://www.itl.nist.gov/div898/strd/), linear and nonlinear least squares
 // regression. Points are held in 32 bits here, which limits the agreement to about six digits.
 
+#include <chrono>
+
 #include "estimation/fit_support.h"
 #include "estimation/linear_regression.h"
 #include "estimation/model_functions.h"
@@ -123,6 +125,29 @@ TEST(Nist, NonlinearSetsGiveTheirCertifiedResults) {
             }
         }
     }
+}
+
+TEST(Nist, TwoHundredPointsWithSevenParametersTakeBelowFiftyMilliseconds) {
+    const Certified& thurber = NonlinearSets()[2];
+    std::vector<double> x, y;
+    for (int i = 0; i < 200; ++i) {
+        x.push_back(-3 + 5.2 * i / 199);
+        double value = 0;
+        Thurber(x.back(), thurber.value, {}, value);
+        y.push_back(value * (i % 2 == 0 ? 1.001 : 0.999));
+    }
+    const auto points = Points(x, y);
+    FitProblem problem = Problem(Thurber, 7, points);
+    problem.scale = thurber.scale;
+    Parameters par{}, stdDev{};
+    for (std::size_t i = 0; i < 7; ++i) par[i] = thurber.starts[0][i] / thurber.scale[i];
+    const auto start = std::chrono::steady_clock::now();
+    const auto r = MarquardtNashFitting(problem, 200, par, stdDev);
+    const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
+    EXPECT_FALSE(r.failed);
+    EXPECT_LT(time.count(), 50);
+    for (std::size_t i = 0; i < 7; ++i)
+        EXPECT_NEAR(par[i] * thurber.scale[i] / thurber.value[i], 1, 0.05) << i;
 }
 
 TEST(Nist, Mgh10IsAnAntoineEquation) {

@@ -305,10 +305,10 @@ TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
     EXPECT_TRUE(enabled(second + "3"));
 }
 
-TEST_F(Menu, ParametersOfTheEOSNeedAnEOS) {
+TEST_F(Menu, ParametersOfTheEOSNeedACompleteChoice) {
     handleAll();
     EXPECT_FALSE(menu::Enabled(row("mnuData_ParameterEOS")));
-    Declare::models.EOSModel = 0;
+    Module2::SetCommands({Command::mnuCalcMain}, true);
     EXPECT_TRUE(menu::Enabled(row("mnuData_ParameterEOS")));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/views/wiring.h"
 #include "session/views/mdiQUOR.h"
 #include "support/databases.h"
 #include "views/view_test.h"
@@ -20,8 +21,13 @@ class FrameTest : public ViewTest {
                          {databases::Row("Carbon dioxide"), noOmega, noCritical});
     }
 
+    /// Changes what stands behind the commands before the frame opens.
+    virtual void connect() {}
+
     /// Starts the program as its user finds it.
     void start() {
+        wiring::ConnectViews();
+        connect();
         frame = std::make_unique<mdiQUOR>();
         frame->show();
         frame->StartUp();

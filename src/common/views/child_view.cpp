@@ -1,6 +1,7 @@
 #include "common/views/child_view.h"
 
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMdiSubWindow>
 #include <QPushButton>
 
@@ -40,4 +41,20 @@ void ChildView::keyPressEvent(QKeyEvent* event) {
             break;
     }
     QWidget::keyPressEvent(event);
+}
+
+void ChildView::fitWindow() {
+    if (layout() == nullptr || !isVisible() || isMaximized()) return;
+    auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget());
+    QWidget* outer = sub != nullptr ? sub : window();
+    if (outer->isMaximized()) return;
+    layout()->activate();
+    QSize needed = layout()->totalMinimumSize().expandedTo(size());
+    if (hugs_) needed.setHeight(layout()->totalSizeHint().height());
+    if (needed != size()) outer->resize(outer->size() + needed - size());
+}
+
+void ChildView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    fitWindow();
 }

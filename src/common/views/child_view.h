@@ -23,8 +23,15 @@ class ChildView : public QWidget {
     /// What Escape does; closes the view unless the view has something else to do.
     virtual void cancel() { closeView(); }
 
+    /// Makes the window large enough for the contents after these have changed. A view that
+    /// `hugs` its contents also gives back height that they do not need.
+    void fitWindow();
+    void setHugs(bool hugs) { hugs_ = hugs; }
+
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     QPushButton* default_ = nullptr;
+    bool hugs_ = false;
 };

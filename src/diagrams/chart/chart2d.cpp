@@ -189,20 +189,13 @@ Window ShownWindow(const Chart2D& chart) {
             shownRange(chart.y, data ? std::optional(data->y) : std::nullopt)};
 }
 
-bool FitToData(Chart2D& chart) {
+std::optional<Window> FittingWindow(const Chart2D& chart) {
     const auto data = DataExtent(chart);
-    if (!data) return false;
+    if (!data) return std::nullopt;
     const NiceWindow x = MakeNiceWindow(data->x.min, data->x.max, chart.x.logarithmic);
     const NiceWindow y = MakeNiceWindow(data->y.min, data->y.max, chart.y.logarithmic);
-    chart.x.min = x.min;
-    chart.x.max = x.max;
-    chart.y.min = y.min;
-    chart.y.max = y.max;
-    return true;
+    return Window{{x.min, x.max}, {y.min, y.max}};
 }
-
-WindowScale::WindowScale(const Chart2D& chart)
-    : window_(ShownWindow(chart)), xLog_(chart.x.logarithmic), yLog_(chart.y.logarithmic) {}
 
 Range SecondRange(const Chart2D& chart) {
     const Range own{chart.y2.min, chart.y2.max};
@@ -215,6 +208,9 @@ double UnitOf(double value, const Range& range, bool logarithmic) {
     if (!(value > 0)) return -std::numeric_limits<double>::infinity();
     return std::log(value / range.min) / std::log(range.max / range.min);
 }
+
+WindowScale::WindowScale(const Chart2D& chart)
+    : window_(ShownWindow(chart)), xLog_(chart.x.logarithmic), yLog_(chart.y.logarithmic) {}
 
 double WindowScale::value(double unit, const Range& range, bool logarithmic) {
     if (!logarithmic) return range.min + unit * (range.max - range.min);

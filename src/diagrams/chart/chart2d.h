@@ -186,9 +186,8 @@ std::optional<Window> DataExtent(const Chart2D& chart);
 /// cannot be drawn (not finite, crossed, or not above 0 on a logarithmic axis), follow the data.
 Window ShownWindow(const Chart2D& chart);
 
-/// Sets the window to round numbers around the data, as for the wish "fit"; false and no change
-/// when there is no data.
-bool FitToData(Chart2D& chart);
+/// A window of round numbers around the data, as for the wish "fit"; nothing without data.
+std::optional<Window> FittingWindow(const Chart2D& chart);
 
 /// The range of Y2: its limits, or the window of Y where it is automatic or cannot be drawn.
 Range SecondRange(const Chart2D& chart);
@@ -202,6 +201,8 @@ double UnitOf(double value, const Range& range, bool logarithmic);
 class WindowScale {
   public:
     explicit WindowScale(const Chart2D& chart);
+    WindowScale(const Window& window, bool xLogarithmic, bool yLogarithmic)
+        : window_(window), xLog_(xLogarithmic), yLog_(yLogarithmic) {}
     double u(double x) const { return UnitOf(x, window_.x, xLog_); }
     double v(double y) const { return UnitOf(y, window_.y, yLog_); }
     double x(double u) const { return value(u, window_.x, xLog_); }

@@ -81,6 +81,8 @@ struct SheetPoint {
 class SheetScale {
   public:
     SheetScale(const Chart2D& chart, const SheetRect& plot) : scale_(chart), plot_(plot) {}
+    SheetScale(const Window& window, bool xLogarithmic, bool yLogarithmic, const SheetRect& plot)
+        : scale_(window, xLogarithmic, yLogarithmic), plot_(plot) {}
     double x(double value) const { return plot_.left + scale_.u(value) * plot_.width; }
     double y(double value) const { return plot_.bottom() - scale_.v(value) * plot_.height; }
     double valueOfX(double pixel) const { return scale_.x((pixel - plot_.left) / plot_.width); }

@@ -12,7 +12,6 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "app/views/wiring.h"
 #include "common/views/form.h"
 #include "common/views/settings.h"
 #include "common/views/theme.h"
@@ -89,7 +88,6 @@ mdiQUOR::~mdiQUOR() {
 void mdiQUOR::StartUp() {
     firstSteps_->hide();
     Module2::ResetEverything();
-    wiring::ConnectViews();
     registerProjectActions();
     panels_[3]->setText(qt(Module2::ShortDate()));
     frmTip::ShowAtStartup();
@@ -199,7 +197,7 @@ void mdiQUOR::fillWindowList(QMenu* menu) {
     command("Close All", "mnuWindow_CloseAll", &QMdiArea::closeAllSubWindows);
     menu->addSeparator();
     for (QMdiSubWindow* sub : area_->subWindowList()) {
-        QAction* action = menu->addAction(sub->windowTitle());
+        QAction* action = menu->addAction(sub->windowTitle().replace('&', "&&"));
         action->setCheckable(true);
         action->setChecked(sub == area_->activeSubWindow());
         connect(action, &QAction::triggered, sub, [this, sub] { area_->setActiveSubWindow(sub); });
