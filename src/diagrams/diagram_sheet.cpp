@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <utility>
 
+#include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
@@ -145,6 +147,41 @@ void keep_coordinates(DiagramSheet& sheet, const chart::Window& window) {
 
 }  // namespace
 
+namespace {
+
+bool shows_any(const CatalogueRow& row, std::initializer_list<Axis> axes) {
+    return std::any_of(axes.begin(), axes.end(),
+                       [&](Axis axis) { return row.x == axis || row.y == axis; });
+}
+
+/// T/K and p/kPa in a line of text.
+std::string state_text(double T, double p) {
+    return numbers::General(static_cast<float>(T)) + " K, " +
+           numbers::General(static_cast<float>(p)) + " kPa";
+}
+
+}  // namespace
+
+std::string ReferenceNote(std::int16_t DiagramType) {
+    const CatalogueRow* row = FindRow(DiagramType);
+    if (row == nullptr) return {};
+    const Declare::ReferenceState& r = Declare::reference;
+    const bool exergy = shows_any(*row, {Axis::e});
+    if (!exergy && !shows_any(*row, {Axis::h, Axis::hSpaced, Axis::s, Axis::g, Axis::a, Axis::u}))
+        return {};
+    if (exergy && row->y == Axis::e && row->x != Axis::h && row->x != Axis::hSpaced)
+        return "surroundings: " + state_text(r.Tenv, r.penv);
+
+    constexpr std::int16_t kConventional = 2, kFormation = 10;
+    const bool pressureSet = r.p0 > 0;
+    std::string note = "reference state: " + state_text(static_cast<double>(r.T0),
+                                                        pressureSet ? static_cast<double>(r.p0)
+                                                                    : constants::kNormalPressure);
+    if (r.RefMode == kConventional) note = "conventional reference state";
+    if (r.RefMode == kFormation) note = "reference state: quantities of formation";
+    return exergy ? note + "; surroundings: " + state_text(r.Tenv, r.penv) : note;
+}
+
 DiagramSheet::DiagramSheet() : CurveParameters(kMaxCurves) {
     CurveFree.fill(true);
     PointSetFree.fill(true);
@@ -171,6 +208,8 @@ std::string WrapTitle(const std::string& title) {
 void ShowTexts(DiagramSheet& sheet) {
     sheet.chart.header.text = WrapTitle(text::Trim(sheet.request.title));
     sheet.chart.footer.text = WrapTitle(text::Trim(sheet.request.subTitle));
+    const std::string note = ReferenceNote(sheet.request.DiagramType);
+    if (!note.empty()) sheet.chart.footer.text += "\n" + note;
     sheet.chart.x.title = text::Trim(sheet.request.xLabel);
     sheet.chart.y.title = text::Trim(sheet.request.yLabel);
 }

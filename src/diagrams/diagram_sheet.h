@@ -79,6 +79,7 @@ struct DiagramSheet {
     bool SwappedAxes = false;
     int currentSlot = -1;  ///< the slot the last curve went to; -1 before the first one
     bool manualScaling = false;
+    std::string loadedFile;  ///< path of the saved diagram that is shown, empty for none
 
     std::vector<UndoStep> undo;  ///< the newest last
 };
@@ -88,6 +89,10 @@ void OpenSheet(DiagramSheet& sheet, const Declare::DiagramRequest& request);
 
 /// The texts of the request go to header, footer and axes.
 void ShowTexts(DiagramSheet& sheet);
+
+/// On which reference state and surroundings the caloric values of a diagram rest; empty for one
+/// without such values.
+std::string ReferenceNote(std::int16_t DiagramType);
 
 /// Makes the sheet the diagram of the session, and takes over what the session has for it.
 void GiveToSession(const DiagramSheet& sheet);

@@ -40,6 +40,23 @@ TEST_F(DiagramSheet, BreaksALongTitleAtBlanks) {
     EXPECT_EQ(joined, longTitle);
 }
 
+TEST_F(DiagramSheet, SaysOnWhichReferenceStateCaloricValuesRest) {
+    EXPECT_EQ(Module9::ReferenceNote(1), "");
+    EXPECT_EQ(Module9::ReferenceNote(19), "");
+    Declare::reference.T0 = 273.15F;
+    Declare::reference.p0 = 0;  // not yet set
+    EXPECT_EQ(Module9::ReferenceNote(15), "reference state: 273.15 K, 101.325 kPa");
+    Declare::reference.RefMode = 2;
+    EXPECT_EQ(Module9::ReferenceNote(16), "conventional reference state");
+    Declare::reference.RefMode = 10;
+    Declare::reference.Tenv = 290;
+    EXPECT_EQ(Module9::ReferenceNote(21),
+              "reference state: quantities of formation; surroundings: 290 K, 101.325 kPa");
+    EXPECT_EQ(Module9::ReferenceNote(18), "surroundings: 290 K, 101.325 kPa");
+    open(15);
+    EXPECT_NE(sheet.chart.footer.text.find("\nreference state: "), std::string::npos);
+}
+
 TEST_F(DiagramSheet, RefusesTheTwentyFifthCurve) {
     for (int i = 0; i < 24; ++i) EXPECT_EQ(StoreCurve(sheet, line(3)), i);
     const chart::Chart2D before = sheet.chart;

@@ -417,6 +417,7 @@ TEST_F(Graph2D, SavesAndLoadsADiagramAfterASwap) {
     answerFile(path("d.oc2"));
     choose("mnuLoadOC2");
     EXPECT_FALSE(sheet().SwappedAxes);
+    EXPECT_EQ(read("frmGraph2D"), "Filename: d.oc2");
     EXPECT_EQ(sheet().CurveCount, 3);
     EXPECT_EQ(curve(1).x, saved.curves[1].x);
     EXPECT_EQ(sheet().chart.header, saved.header);

@@ -27,6 +27,7 @@
 #include "diagrams/views/frmTpVSInputBox.h"
 #include "session/actions.h"
 #include "session/declare.h"
+#include "session/module2.h"
 #include "session/views/shell.h"
 
 namespace {
@@ -220,6 +221,7 @@ void frmGraph2D::loadOC2() {
         case Module9::LoadOutcome::Cancelled:
             return refresh();
     }
+    setCaption(qt(Module2::FileTitle(sheet_.loadedFile)));
     canvas_->forgetZoom();
     refresh();
 }
