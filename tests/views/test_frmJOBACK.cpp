@@ -210,11 +210,11 @@ class JobackInFrame : public FrameTest {};
 TEST_F(JobackInFrame, TheMenuOpensEachCalculation) {
     start();
     openSubstance("Carbon dioxide");
-    for (const auto& [row, frame] : {std::pair{"mnuData_JOBACK_CritData", "fraCrit"},
-                                     {"mnuData_JOBACK_bildung", "fraBildung"},
-                                     {"mnuData_JOBACK_cpIdG", "fracp"}}) {
-        drive::when("frmJOBACK", [frame] {
-            EXPECT_TRUE(drive::isVisible(frame));
+    for (const auto& [row, box] : {std::pair{"mnuData_JOBACK_CritData", "fraCrit"},
+                                   {"mnuData_JOBACK_bildung", "fraBildung"},
+                                   {"mnuData_JOBACK_cpIdG", "fracp"}}) {
+        drive::when("frmJOBACK", [box] {
+            EXPECT_TRUE(drive::isVisible(box));
             click("cmdEsc");
         });
         drive::choose(row);
