@@ -348,12 +348,12 @@ TEST_F(Graph2D, PansByTheMiddleButtonAndFitsByDoubleClick) {
 }
 
 TEST_F(Graph2D, ReadsOutTheNearestPointWithItsParameter) {
-    openIsotherm();
+    openIsotherm("400");
     repaint();
     QTest::mouseMove(surface(), curvePixel(0, curve(0).x.size() / 2));
     drive::settle();
     EXPECT_TRUE(read("lblReadout").contains(" X= ")) << read("lblReadout").toStdString();
-    EXPECT_TRUE(read("lblReadout").contains("  T/K = 300"));
+    EXPECT_TRUE(read("lblReadout").contains("  T/K = 400"));
     EXPECT_TRUE(read("lblReadout").contains("  Right-click =>"));
     QTest::mouseMove(surface(), plotPixel(0.9, 0.05));
     drive::settle();
@@ -361,8 +361,8 @@ TEST_F(Graph2D, ReadsOutTheNearestPointWithItsParameter) {
 }
 
 TEST_F(Graph2D, OpensTheDesignOfWhatIsUnderThePointer) {
-    openIsotherm();
-    drawAt("350");
+    openIsotherm("400");
+    drawAt("450");
     repaint();
     QTest::mouseClick(surface(), Qt::RightButton, {}, curvePixel(1, curve(1).x.size() / 2));
     drive::settle();
@@ -378,7 +378,7 @@ TEST_F(Graph2D, OpensTheDesignOfWhatIsUnderThePointer) {
 }
 
 TEST_F(Graph2D, DeletesASinglePointByAClick) {
-    openIsotherm();
+    openIsotherm("400");
     sheet().chart.curves[0].line.pattern = chart::LinePattern::None;
     frmGraph2D::current()->refresh();
     repaint();
@@ -455,7 +455,7 @@ TEST_F(Graph2D, AddsMeasuredPointsAndTellsWhenThereAreNone) {
     choose("mnuAddPunkte");
     EXPECT_EQ(user.lastText(), "No experimental points in this range of the diagram ");
     Declare::BatchData.resize(1);
-    Declare::BatchData.push_back({0, 300, 500, 22, 0, 0, 0});
+    Declare::BatchData.push_back({0, 300, 500, 60, 0, 0, 0});
     session.BatchCount = 1;
     user.messages.clear();
     for (int i = 0; i < 12; ++i) choose("mnuAddPunkte");
