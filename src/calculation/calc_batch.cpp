@@ -66,7 +66,7 @@ void begin(Job& job) {
     const std::string title = resultText.title;
     resultText = {};
     resultText.title = job.call.Text.empty() ? title : job.call.Text;
-    job.call.Results = {};
+    *job.call.Results = {};
     Declare::currentResult = {};
     Module2::RefreshUnits();
     session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);

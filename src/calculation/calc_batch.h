@@ -21,7 +21,7 @@ struct CalcCall {
     bool HasL = false, HasV = false;  ///< out: the phases that exist
     std::int16_t Roots = 0;           ///< out: volume roots of the EOS, 3 in the two-phase region
     bool Failed = false;              ///< out: the calculation ended with an error
-    Declare::FuArray& Results = Declare::Fu;
+    Declare::FuArray* Results = &Declare::Fu;
 };
 
 /// Turns a calculation kind and one input record into a state: texts of `resultText`, `Fu`, the

@@ -55,24 +55,36 @@ bool has_limits(std::int16_t TLo, std::int16_t THi) {
 bool is_database_row_possible(int row) {
     const Declare::SubstanceRecord& s = Declare::substance;
     switch (row) {
-        case 1: return has_value(s.rhoLPar[0]) || has_value(s.rhoLPar[1]);
-        case 2: return has_value(s.rhoSPar[0]) || has_value(s.rhoSPar[1]);
-        case 3: return s.hLVTLo != 0;
-        case 4: return s.cpPoly.TLo != 0 || s.cpSinh.TLo != 0;
-        case 5: return s.cpL.TLo != 0;
-        case 6: return s.cpS.TLo != 0;
-        default: return false;
+        case 1:
+            return has_value(s.rhoLPar[0]) || has_value(s.rhoLPar[1]);
+        case 2:
+            return has_value(s.rhoSPar[0]) || has_value(s.rhoSPar[1]);
+        case 3:
+            return s.hLVTLo != 0;
+        case 4:
+            return s.cpPoly.TLo != 0 || s.cpSinh.TLo != 0;
+        case 5:
+            return s.cpL.TLo != 0;
+        case 6:
+            return s.cpS.TLo != 0;
+        default:
+            return false;
     }
 }
 
 bool is_pressure_row_possible(int row) {
     const Declare::SubstanceRecord& s = Declare::substance;
     switch (row) {
-        case 0: return has_limits(s.FRO.TLo, s.FRO.THi);
-        case 1: return has_limits(s.WAG.TLo, s.WAG.THi);
-        case 2: return has_limits(s.ALP.TLo, s.ALP.THi);
-        case 3: return has_limits(s.AHP.TLo, s.AHP.THi);
-        default: return false;
+        case 0:
+            return has_limits(s.FRO.TLo, s.FRO.THi);
+        case 1:
+            return has_limits(s.WAG.TLo, s.WAG.THi);
+        case 2:
+            return has_limits(s.ALP.TLo, s.ALP.THi);
+        case 3:
+            return has_limits(s.AHP.TLo, s.AHP.THi);
+        default:
+            return false;
     }
 }
 
@@ -91,10 +103,18 @@ std::int16_t ModeOfRow(Menu menu, int row) {
     return 0;
 }
 
-bool IsTank(std::int16_t mode) { return mode == 9 || mode == 10; }
-bool IsDatabaseFunction(std::int16_t mode) { return mode >= 14 && mode <= 24; }
-bool IsEquilibrium(std::int16_t mode) { return mode == 4 || mode == 5; }
-bool IsVaporisation(std::int16_t mode) { return mode == 6 || mode == 7; }
+bool IsTank(std::int16_t mode) {
+    return mode == 9 || mode == 10;
+}
+bool IsDatabaseFunction(std::int16_t mode) {
+    return mode >= 14 && mode <= 24;
+}
+bool IsEquilibrium(std::int16_t mode) {
+    return mode == 4 || mode == 5;
+}
+bool IsVaporisation(std::int16_t mode) {
+    return mode == 6 || mode == 7;
+}
 
 std::string ModeTitle(std::int16_t mode) {
     const std::string title = ModeOf(mode).title;

@@ -20,8 +20,8 @@ enum class Menu {
 struct ModeInfo {
     std::int16_t mode = 0;
     Menu menu = Menu::None;
-    int row = -1;                ///< index in its menu
-    const char* title = "";      ///< what stands behind "Result of the Calculation: "
+    int row = -1;                  ///< index in its menu
+    const char* title = "";        ///< what stands behind "Result of the Calculation: "
     unsigned asks = kAsksNothing;  ///< sum of `Asks`
 };
 
@@ -30,10 +30,10 @@ const ModeInfo& ModeOf(std::int16_t mode);
 /// The `CalcMode` of a menu row, 0 when there is none.
 std::int16_t ModeOfRow(Menu menu, int row);
 
-bool IsTank(std::int16_t mode);             ///< modes 9 and 10
+bool IsTank(std::int16_t mode);              ///< modes 9 and 10
 bool IsDatabaseFunction(std::int16_t mode);  ///< modes 14 to 24
-bool IsEquilibrium(std::int16_t mode);      ///< modes 4 and 5
-bool IsVaporisation(std::int16_t mode);     ///< modes 6 and 7
+bool IsEquilibrium(std::int16_t mode);       ///< modes 4 and 5
+bool IsVaporisation(std::int16_t mode);      ///< modes 6 and 7
 
 /// The title of a calculation as the session stands: with "(global calculation)" or
 /// "(partial calculation)" where both exist. For a tank it is the whole caption.

@@ -7,6 +7,7 @@
 #include "common/constants.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "common/text.h"
 #include "models/caloric.h"
 #include "models/model_tables.h"
 #include "models/state_solver.h"
@@ -42,7 +43,9 @@ PhaseDerivatives derivatives_of(const PhaseState& phase, double T, double p) {
     return d;
 }
 
-bool has_heat_capacity(double T) { return thermo::IdealGasCp(T).status == kSuccess; }
+bool has_heat_capacity(double T) {
+    return thermo::IdealGasCp(T).status == kSuccess;
+}
 
 /// Values in the order of `FunctionLabels`.
 std::array<double, 24> in_label_order(const PhaseDerivatives& d) {
@@ -67,7 +70,11 @@ void store(Job& job, const PhaseDerivatives& d, std::size_t joule_thomson,
     for (std::size_t i = 0; i < 3; ++i) StoreFu(job, 35 + i, d.mechanical[i]);
 }
 
-std::string label(int index) { return std::string(Calc::FunctionLabel(index)) + " : "; }
+/// A label of 14 characters and a colon.
+std::string label(int index) {
+    constexpr std::size_t kWidth = 14;
+    return text::PadRight(Calc::FunctionLabel(index), kWidth) + " : ";
+}
 
 /// The row of a value of both phases; `of` takes it from a phase.
 template <class Of>
@@ -85,12 +92,11 @@ void residual_page(Job& job, const PhaseDerivatives& L, const PhaseDerivatives& 
     list.rule('*', kRule);
     list.add("diff. Joule-Thomson coefficients; fugacity coeff.; residual functions");
     list.rule('*', kRule);
-    for (std::string& line : ReferenceLines()) list.add(std::move(line));
+    for (std::string& line : ReferenceLines(false)) list.add(std::move(line));
     list.add(std::string(Calc::FunctionLabel(21)) + " (Joule-Thomson coefficient [K/kPa]):");
     if (has_heat_capacity(job.T))
-        value_row(job, "", L, V, kSigned, [](const PhaseDerivatives& d) {
-            return d.table.residual[thermo::JouleThomson];
-        });
+        value_row(job, "", L, V, kSigned,
+                  [](const PhaseDerivatives& d) { return d.table.residual[thermo::JouleThomson]; });
     for (int i = 0; i <= 6; ++i) {
         if (i == 3) list.add("Residual Functions:");
         value_row(job, label(14 + i), L, V, kSigned, [&](const PhaseDerivatives& d) {
@@ -133,8 +139,8 @@ void inflexion_lines(Job& job) {
     for (int i = 0; i < points.count; ++i) {
         const auto k = static_cast<std::size_t>(i);
         job.list.add(std::string(i == 0 ? "1st" : "2nd") + " point of inflexion p-v isoth.: v = " +
-                     numbers::Format(points.v[k] * unit, mask) + ", p = " +
-                     numbers::Format(points.p[k], "#####0 kPa") + " (cf. 2nd deriv.=" +
+                     numbers::Format(points.v[k] * unit, mask) +
+                     ", p = " + numbers::Format(points.p[k], "#####0 kPa") + " (cf. 2nd deriv.=" +
                      numbers::Format(points.secondDerivative[k] / (unit * unit), "0.0E+00") + ")");
     }
 }
@@ -154,9 +160,8 @@ void derivative_page(Job& job, const PhaseDerivatives& L, const PhaseDerivatives
     inflexion_lines(job);
 }
 
-void function_page(Job& job) {
+void show_functions(Job& job, const PhasePair& pair) {
     ListBuilder& list = job.list;
-    const PhasePair pair = FunctionsOfPhases(job);
     list.rule('*', kRule);
     list.add(std::string(31, ' ') + "thermodynamic Fu(T)");
     list.rule('*', kRule);
@@ -165,6 +170,13 @@ void function_page(Job& job) {
         return;
     }
     for (std::string& line : ReferenceLines()) list.add(std::move(line));
+    FunctionTable(job, pair, TableKind::Page);
+}
+
+void function_page(Job& job) {
+    const PhasePair pair = FunctionsOfPhases(job);
+    if (!job.call.Quiet) show_functions(job, pair);
+    if (pair.failed()) return;
     StoreFunctions(job, pair);
     const auto replace_a = [&](std::size_t first, const std::optional<FunctionValues>& phase) {
         if (phase)
@@ -173,7 +185,6 @@ void function_page(Job& job) {
     };
     replace_a(kFuL, pair.L);
     replace_a(kFuV, pair.V);
-    FunctionTable(job, pair, TableKind::Page);
 }
 
 /// The phases for the pages, from a fresh solution. An equilibrium keeps both of its phases even
@@ -206,8 +217,10 @@ void ExtendedPages(Job& job) {
         const PhaseDerivatives V = derivatives_of(job.V, job.T, job.p);
         store(job, L, 38, job.record.FuL);
         store(job, V, 34, job.record.FuV);
-        if (page == 2 || page == 4) residual_page(job, L, V);
-        if (page == 3 || page == 4) derivative_page(job, L, V);
+        // A quiet call has no list: it is spared the texts.
+        const bool shown = !job.call.Quiet;
+        if (shown && (page == 2 || page == 4)) residual_page(job, L, V);
+        if (shown && (page == 3 || page == 4)) derivative_page(job, L, V);
     }
     if (session.EquilibriumFunctions) function_page(job);
     job.L = calculatedL;

@@ -38,8 +38,7 @@ Declare::BatchDataSet DataSet(std::int16_t index) {
 }
 
 bool FetchT(Job& job) {
-    if (!(job.input.T >= kPresent))
-        return missing(job, resultText.par1, "no T in this data set");
+    if (!(job.input.T >= kPresent)) return missing(job, resultText.par1, "no T in this data set");
     job.T = job.input.T;
     StoreFu(job, 0, job.T);
     if (job.T < static_cast<double>(Declare::substance.Ttriple) && job.call.Interactive &&
@@ -49,8 +48,7 @@ bool FetchT(Job& job) {
 }
 
 bool FetchP(Job& job) {
-    if (!(job.input.p >= kPresent))
-        return missing(job, resultText.par1, "No p in this data set");
+    if (!(job.input.p >= kPresent)) return missing(job, resultText.par1, "No p in this data set");
     job.p = job.input.p;
     StoreFu(job, 1, job.p);
     return true;
@@ -83,7 +81,7 @@ void ReportCalcError(Job& job, const std::string& text) {
 }
 
 void StoreFu(Job& job, std::size_t index, double value) {
-    job.call.Results[index] = faults::finite(value);
+    (*job.call.Results)[index] = faults::finite(value);
 }
 
 void TakeState(Job& job, const Calc::StateTP& state) {

@@ -30,8 +30,8 @@ struct Job {
     PhaseState L = {}, V = {};
     std::int16_t Roots = 0;
     std::string stateText = {};  ///< what the state solver says
-    bool error = false;     ///< the error flag
-    bool leave = false;     ///< the routine ends at once, without its common end
+    bool error = false;          ///< the error flag
+    bool leave = false;          ///< the routine ends at once, without its common end
 
     std::int16_t mode() const { return call.Mode; }
     double rho() const { return static_cast<double>(input.rhoV); }  ///< given density, kg/m^3
@@ -87,16 +87,16 @@ void StoreRecord(Job& job);
 
 // The work of the modes; each file of modes holds its own.
 
-void GivenTRho(Job& job);             ///< 1, 2, 9, 10
-void GivenTp(Job& job);               ///< 3
-void GivenPRho(Job& job);             ///< 13
-void EquilibriumState(Job& job);      ///< 4, 5
+void GivenTRho(Job& job);               ///< 1, 2, 9, 10
+void GivenTp(Job& job);                 ///< 3
+void GivenPRho(Job& job);               ///< 13
+void EquilibriumState(Job& job);        ///< 4, 5
 void EnthalpyOfVaporisation(Job& job);  ///< 6, 7
-void CaloricFunctions(Job& job);      ///< 8
-void VirialCoefficients(Job& job);    ///< 11
-void PolytropicProcess(Job& job);     ///< 12
-void DatabaseFunction(Job& job);      ///< 14 to 22, 24
-void NoFunction(Job& job);            ///< 23
+void CaloricFunctions(Job& job);        ///< 8
+void VirialCoefficients(Job& job);      ///< 11
+void PolytropicProcess(Job& job);       ///< 12
+void DatabaseFunction(Job& job);        ///< 14 to 22, 24
+void NoFunction(Job& job);              ///< 23
 
 /// Pages of derivatives, residual and caloric functions as the session asks for them.
 void ExtendedPages(Job& job);

@@ -22,11 +22,11 @@ std::string LabelField(std::string_view label) {
 }
 
 ListLine PhaseRow(std::string_view name, std::string_view label, const PhaseTexts& values) {
-    const std::string head = label.empty() ? text::PadRight(name, 2 * kLabelWidth)
-                                           : text::PadRight(name, kLabelWidth) +
-                                                 text::PadRight(label, kLabelWidth);
-    const std::string row = head + text::PadLeft(values.L, kValueWidth) +
-                            text::PadLeft(values.V, kValueWidth);
+    const std::string head =
+        label.empty() ? text::PadRight(name, 2 * kLabelWidth)
+                      : text::PadRight(name, kLabelWidth) + text::PadRight(label, kLabelWidth);
+    const std::string row =
+        head + text::PadLeft(values.L, kValueWidth) + text::PadLeft(values.V, kValueWidth);
     return {text::TrimRight(row), false, {text::Trim(head), values.L, values.V}};
 }
 

@@ -55,7 +55,6 @@ Range density_range(const std::array<float, N>& parameters, std::int16_t TLo, st
     return {static_cast<std::int16_t>(point - kAround), static_cast<std::int16_t>(point + kAround)};
 }
 
-
 template <class Set>
 Range limits(const Set& set) {
     return {set.TLo, set.THi};
@@ -104,8 +103,8 @@ Value heat_capacity(Job& job) {
     const thermo::CpResult r = job.mode() == 16   ? thermo::IdealGasCp(job.T)
                                : job.mode() == 17 ? thermo::CpLiquid(job.T)
                                                   : thermo::CpSolid(job.T);
-    const Range range = limits(job.mode() == 17   ? s.cpL
-                               : job.mode() == 18 ? s.cpS
+    const Range range = limits(job.mode() == 17               ? s.cpL
+                               : job.mode() == 18             ? s.cpS
                                : Declare::models.CpModel == 1 ? s.cpPoly
                                                               : s.cpSinh);
     if (r.status != kSuccess) return {0.0, kFailure, range};
@@ -128,10 +127,14 @@ constexpr PressureRow kPressures[] = {{"FRO", " p(LV), ext. Frost-Kalkwarf = "},
 Range pressure_range(std::int16_t mode) {
     const Declare::SubstanceRecord& s = Declare::substance;
     switch (mode) {
-        case 19: return limits(s.FRO);
-        case 20: return limits(s.WAG);
-        case 21: return limits(s.ALP);
-        default: return limits(s.AHP);
+        case 19:
+            return limits(s.FRO);
+        case 20:
+            return limits(s.WAG);
+        case 21:
+            return limits(s.ALP);
+        default:
+            return limits(s.AHP);
     }
 }
 

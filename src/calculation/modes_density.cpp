@@ -28,9 +28,9 @@ constexpr std::int16_t kPartialTankMode = 10;
 
 /// Where the given volume lies in respect of the two-phase region.
 struct Location {
-    double v = 0;             ///< given volume, m^3/kmol
-    double y = 1;             ///< vapour fraction
-    double pLV = 0;           ///< kPa, 0 when there is none
+    double v = 0;    ///< given volume, m^3/kmol
+    double y = 1;    ///< vapour fraction
+    double pLV = 0;  ///< kPa, 0 when there is none
     bool twoPhase = false;
 };
 
@@ -130,9 +130,9 @@ struct MeanRow {
 };
 
 constexpr MeanRow kMeanRows[] = {
-    {kH, "Enthalpy  h       = ", false},      {kS, "Entropy  s        = ", true},
-    {kG, "Gibbs Fu. g       = ", false},      {kU, "Intern. Energy u  = ", false},
-    {kA, "Helmholtz Fu. a   = ", false},      {kExergyH, "Exergy of H   e   = ", false},
+    {kH, "Enthalpy  h       = ", false},       {kS, "Entropy  s        = ", true},
+    {kG, "Gibbs Fu. g       = ", false},       {kU, "Intern. Energy u  = ", false},
+    {kA, "Helmholtz Fu. a   = ", false},       {kExergyH, "Exergy of H   e   = ", false},
     {kExergyU, "Exergy of U   e   = ", false}, {kCp, "Heat capacity cp  = ", true},
     {kCv, "Heat capacity cV  = ", true},
 };
@@ -157,8 +157,8 @@ void mean_functions(Job& job, const Location& at) {
     if (!caloric) return;
     for (const MeanRow& row : kMeanRows) {
         const double z = at.y * pair.V->z[row.function] + (1 - at.y) * pair.L->z[row.function];
-        const char* unit = row.perKelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)")
-                                         : (molar ? "kJ/kmol" : "kJ/kg");
+        const char* unit =
+            row.perKelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)") : (molar ? "kJ/kmol" : "kJ/kg");
         list.add(row.label + Value32(z * session.CaloricFactor) + "  " + unit);
     }
 }
@@ -202,8 +202,8 @@ void GivenTRho(Job& job) {
     Location at{.v = static_cast<double>(Declare::substance.M) / job.rho()};
     if (!find_pressure(job, at)) return;
     if (at.twoPhase && !IsTank(job.mode()))
-        job.list.add(std::string(22, ' ') + "Vapour fraction y(V) = " +
-                     numbers::Format(at.y, "0.0#######"));
+        job.list.add(std::string(22, ' ') +
+                     "Vapour fraction y(V) = " + numbers::Format(at.y, "0.0#######"));
     if (at.pLV > kPresent)
         resultText.co1.text =
             "vapour pressure by using CEOS: p(LV )= " + PressureValue(at.pLV, "###0.000", " kPa");

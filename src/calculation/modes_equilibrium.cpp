@@ -22,9 +22,13 @@ namespace {
 
 constexpr std::int16_t kFromT = 4;
 
-bool given_T(const Job& job) { return job.mode() == kFromT; }
+bool given_T(const Job& job) {
+    return job.mode() == kFromT;
+}
 
-std::string pressure_value(double p) { return PressureValue(p, "####0.000", " kPa"); }
+std::string pressure_value(double p) {
+    return PressureValue(p, "####0.000", " kPa");
+}
 
 /// The given T or p, refused beyond the critical point.
 bool fetch_given(Job& job) {
@@ -66,14 +70,13 @@ bool take_from_data_set(Job& job) {
     (given_T(job) ? job.p : job.T) = given_T(job) ? job.input.p : job.input.T;
     if (given_T(job) ? job.p >= kPresent : job.T >= kPresent) {
         resultText.co2.text =
-            given_T(job)
-                ? " p(LV)(from data set) = " + PressureValue(job.p, "####0.0#", " kPa")
-                : " T(LV) (from data set) = " + numbers::Format(job.T, "####.0# K");
+            given_T(job) ? " p(LV)(from data set) = " + PressureValue(job.p, "####0.0#", " kPa")
+                         : " T(LV) (from data set) = " + numbers::Format(job.T, "####.0# K");
         return true;
     }
-    resultText.co2 = {given_T(job) ? "  No p(LV) available from data set"
-                                   : " No T(LV) available/calculable",
-                      true, false};
+    resultText.co2 = {
+        given_T(job) ? "  No p(LV) available from data set" : " No T(LV) available/calculable",
+        true, false};
     job.error = true;
     return false;
 }
@@ -96,7 +99,6 @@ double partial_vapour_volume(Job& job) {
     const Calc::Saturation saturation = Calc::SaturationPressure(job.T);
     Calc::EvalEOSAtT(job.T);
     const Calc::CubicRoots roots = Calc::SolveCubic(job.T, job.p);
-    job.Roots = 3;
     if (roots.status != kSuccess) return 0.0;
     if (job.p <= saturation.p) return roots.v[static_cast<std::size_t>(roots.count - 1)];
     return roots.count == 3 ? roots.v[2] : 0.0;
@@ -105,6 +107,7 @@ double partial_vapour_volume(Job& job) {
 bool partial_equilibrium(Job& job) {
     if (!find_partial_point(job)) return false;
     const double vV = partial_vapour_volume(job);
+    job.Roots = 3;
     if (!Declare::models.EOSOnlyV) KeepLastState(job);
     AddPartialPhases(job, vV);
     DensityLines(job);
@@ -112,8 +115,8 @@ bool partial_equilibrium(Job& job) {
 }
 
 bool equilibrium_of_eos(Job& job) {
-    const Calc::Saturation r = given_T(job) ? Calc::SaturationPressure(job.T)
-                                            : Calc::SaturationTemperature(job.p);
+    const Calc::Saturation r =
+        given_T(job) ? Calc::SaturationPressure(job.T) : Calc::SaturationTemperature(job.p);
     if (r.status != kSuccess) {
         ReportCalcError(job, (given_T(job) ? "" : " T(LV) = ") + ErrorCode(r.status));
         return false;
@@ -164,9 +167,9 @@ void add_enthalpy_of_vaporisation(Job& job) {
 
 void EquilibriumState(Job& job) {
     if (!fetch_given(job)) return;
-    const bool found = !session.GlobalCalculation        ? partial_equilibrium(job)
+    const bool found = !session.GlobalCalculation     ? partial_equilibrium(job)
                        : Declare::models.PriorityCEOS ? equilibrium_of_eos(job)
-                                                         : equilibrium_of_equation(job);
+                                                      : equilibrium_of_equation(job);
     if (!found) return;
     StoreFu(job, 0, job.T);
     if (session.GlobalCalculation) add_enthalpy_of_vaporisation(job);

@@ -19,7 +19,9 @@ namespace {
 constexpr std::int16_t kFromT = 6;
 constexpr std::int16_t kDatabase = 1, kDatabaseDensity = 5, kBenson = 6;
 
-bool given_T(const Job& job) { return job.mode() == kFromT; }
+bool given_T(const Job& job) {
+    return job.mode() == kFromT;
+}
 
 /// Labels by the unit form of the session: kJ/kmol, K, R T, kJ/kg.
 struct UnitLabels {
@@ -46,8 +48,7 @@ bool fetch_given(Job& job) {
     if (given_T(job) ? !FetchT(job) : !FetchP(job)) return false;
     const std::string given = given_T(job) ? TemperatureText(job.T) : PressureText(job.p);
     if (given_T(job) ? job.T >= s.Tcrit : job.p >= s.pcrit) {
-        resultText.par1 = {given + (given_T(job) ? " >= T(cr) !!!" : " >= p(cr) !!!"), true,
-                           false};
+        resultText.par1 = {given + (given_T(job) ? " >= T(cr) !!!" : " >= p(cr) !!!"), true, false};
         job.error = true;
         return false;
     }
@@ -99,9 +100,9 @@ void result_lines(Job& job, const Calc::EnthalpyOfVaporisationResult& r, double 
 
 void EnthalpyOfVaporisation(Job& job) {
     if (!fetch_given(job)) return;
-    const Calc::EnthalpyOfVaporisationResult r = Calc::EnthalpyOfVaporisation(
-        Declare::models.HLVModel, job.T, job.p, Declare::models.VPCode, job.call.Interactive,
-        job.call.Index);
+    const Calc::EnthalpyOfVaporisationResult r =
+        Calc::EnthalpyOfVaporisation(Declare::models.HLVModel, job.T, job.p, Declare::models.VPCode,
+                                     job.call.Interactive, job.call.Index);
     if (r.status != kSuccess) {
         resultText.co1 = {r.explanation, true, false};
         job.list.add_red("no Result");

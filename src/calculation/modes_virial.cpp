@@ -40,9 +40,8 @@ void virial_line(Job& job, std::int16_t code, double B) {
     constexpr std::size_t kNumberWidth = 16;
     const std::string name = text::PadRight(Calc::EOSName(code), kNameWidth);
     const std::string value = Value32(B);
-    job.list.add({name + " {B} = " + text::PadLeft(value, kNumberWidth),
-                  false,
-                  {text::Trim(name), value}});
+    job.list.add(
+        {name + " {B} = " + text::PadLeft(value, kNumberWidth), false, {text::Trim(name), value}});
 }
 
 }  // namespace

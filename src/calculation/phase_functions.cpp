@@ -39,8 +39,9 @@ constexpr std::array<Row, kFunctionCount> kRows = {{
 
 std::size_t unit_form() {
     const std::int16_t unit = session.CaloricUnit;
-    return unit >= 0 && unit < static_cast<std::int16_t>(kUnitForms) ? static_cast<std::size_t>(unit)
-                                                                     : 0;
+    return unit >= 0 && unit < static_cast<std::int16_t>(kUnitForms)
+               ? static_cast<std::size_t>(unit)
+               : 0;
 }
 
 std::string label_of(const Row& row) {

@@ -32,9 +32,7 @@ std::array<double, kFunctionCount> Scaled(const FunctionValues& molar);
 /// Functions of the phases that exist; a missing phase has no value.
 struct PhasePair {
     std::optional<FunctionValues> L, V;
-    bool failed() const {
-        return (L && L->status != kSuccess) || (V && V->status != kSuccess);
-    }
+    bool failed() const { return (L && L->status != kSuccess) || (V && V->status != kSuccess); }
 };
 /// Functions of the job's phases; a phase without a volume counts as missing.
 PhasePair FunctionsOfPhases(const Job& job);

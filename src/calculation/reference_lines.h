@@ -5,11 +5,13 @@
 
 namespace Zentrale {
 
-/// What h, s, g and exergies of a list, page or protocol refer to: a line with the models, a line
-/// with the zero of h and s, a line with the surroundings; each at most 74 characters or little
-/// more. Numbers carry the locale's decimal mark.
-std::vector<std::string> ReferenceLines();
-/// The same in one line.
+/// How the numbers of the lines are written.
+enum class Numbers { Locale, Point };
+
+/// What h, s, g of a list, page or protocol refer to: a line with the models, a line with the zero
+/// of h and s, and with `exergies` a line with the surroundings.
+std::vector<std::string> ReferenceLines(bool exergies = true, Numbers numbers = Numbers::Locale);
+/// All of it in one line.
 std::string ReferenceLine();
 
 }  // namespace Zentrale

@@ -51,8 +51,7 @@ std::string ResultAsText(const ResultText& result) {
 
 std::string ResultAsTable(const ResultText& result) {
     std::string all = fields_as_text(result);
-    if (has_phase_columns(result))
-        all += '\t' + result.lblLphase + '\t' + result.lblVphase + '\n';
+    if (has_phase_columns(result)) all += '\t' + result.lblLphase + '\t' + result.lblVphase + '\n';
     for (const ListLine& line : result.Liste) {
         if (line.cells.empty()) {
             all += line.text;

@@ -55,9 +55,11 @@ bool FetchTank(Job& job) {
     }
     const Declare::SubstanceRecord& s = Declare::substance;
     if (job.mode() == kPartialTankMode && T >= s.Tcrit) {
-        dialogs::Tell("\"Partial Calculation\" - usable only for phase equilibria (T < T(cr))\n"
-                      "(T(cr)/K =" + numbers::General(s.Tcrit) + ")",
-                      "Execution not possible");
+        dialogs::Tell(
+            "\"Partial Calculation\" - usable only for phase equilibria (T < T(cr))\n"
+            "(T(cr)/K =" +
+                numbers::General(s.Tcrit) + ")",
+            "Execution not possible");
         job.call.Text = "EXIT";
         job.leave = true;
         return false;
@@ -130,8 +132,9 @@ void TankLines(Job& job, const TankContent& c) {
              numbers::Format(c.VV * c.rhoV / c.m * 100.0, "0.0###") + " %");
     // A value stands only in the column of a phase that exists.
     const auto row = [&](const char* label, double L, double V, const char* mask) {
-        list.row(label, "", {c.rhoL > 0 ? numbers::Format(L, mask) : "",
-                             c.rhoV > 0 ? numbers::Format(V, mask) : ""});
+        list.row(label, "",
+                 {c.rhoL > 0 ? numbers::Format(L, mask) : "",
+                  c.rhoV > 0 ? numbers::Format(V, mask) : ""});
     };
     row("Volume                   V/m^3  =  ", c.V - c.VV, c.VV, kAmount);
     row("Mass                      m/kg  =  ", mL, mV, kAmount);
@@ -167,13 +170,13 @@ TankPicture DescribeTank(const std::string& answer) {
         picture.pText = " Error: v < B";
         picture.hint = "cf. help \"Tank\"";
     } else if (!full) {
-        picture.pText = "p = " + numbers::Format(p, p < kLargePressure ? "###0.0## kPa"
-                                                                       : "######0.0# kPa");
+        picture.pText =
+            "p = " + numbers::Format(p, p < kLargePressure ? "###0.0## kPa" : "######0.0# kPa");
     }
 
     picture.mirrored = picture.level > kHalf && picture.level <= kLargestMirrored;
-    picture.section = std::clamp(picture.mirrored ? 100.0 - picture.level : picture.level,
-                                 kSmallest, kLargest);
+    picture.section =
+        std::clamp(picture.mirrored ? 100.0 - picture.level : picture.level, kSmallest, kLargest);
     return picture;
 }
 

@@ -37,9 +37,9 @@ struct TankPicture {
     double level = 0;     ///< filling level, per cent of the volume, 0 to 100
     std::string levelText;
     std::string pText;
-    std::string hint;           ///< where help on an error is, else empty
-    std::string lowerText;      ///< in the filled part
-    std::string upperText;      ///< in the rest
+    std::string hint;            ///< where help on an error is, else empty
+    std::string lowerText;       ///< in the filled part
+    std::string upperText;       ///< in the rest
     bool supercritical = false;  ///< one colour
     bool error = false;          ///< red
     /// The smaller of the two parts for the section of the cylinder, per cent; `mirrored` when that

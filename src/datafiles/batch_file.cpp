@@ -91,8 +91,10 @@ void tell_missing_sets(const BatchFileContent& file, const std::string& title) {
 
 /// Files hold the whole data of the list; the direct input in element 0 is no part of it.
 std::span<const BatchDataSet> loaded_sets() {
-    return std::span<const BatchDataSet>(Declare::BatchData)
-        .subspan(1, static_cast<std::size_t>(session.BatchCount));
+    const std::span<const BatchDataSet> behind_direct_input =
+        std::span<const BatchDataSet>(Declare::BatchData).subspan(1);
+    const auto count = static_cast<std::size_t>(session.BatchCount);
+    return behind_direct_input.first(std::min(count, behind_direct_input.size()));
 }
 
 bool save_to(const std::string& path) {
@@ -119,6 +121,12 @@ std::optional<BatchFileContent> ReadBatchText(const std::string& ansiText) {
         if (static_cast<double>(file.sets.size()) + 1.0 > file.announced) break;
         file.sets.push_back(read_set(lines[i]));
     }
+    // A last line that is cut short may hold half a number.
+    const bool open = ansiText.back() != '\n' && ansiText.back() != '\r';
+    const bool incomplete = static_cast<double>(file.sets.size()) < file.announced;
+    if (open && incomplete && !file.sets.empty()) file.sets.pop_back();
+    // A file that is all head has lost its data.
+    if (file.sets.empty() && file.announced >= 1) return std::nullopt;
     return file;
 }
 

@@ -21,8 +21,9 @@ struct BatchFileContent {
     std::vector<Declare::BatchDataSet> sets{};  ///< those that it really has, at most `announced`
 };
 
-/// Reads a file's text (code page 1252); nothing when it has less than the four lines of the head.
-/// A text in the place of a number reads as 0.
+/// Reads a file's text (code page 1252); nothing when it has less than the four lines of the head,
+/// or announces data and has none. A text in the place of a number reads as 0; a last line that is
+/// cut short does not count.
 std::optional<BatchFileContent> ReadBatchText(const std::string& ansiText);
 /// The text of a file: head, then one line of T, p, rhoL, rhoV, hLV, cp a set.
 std::string BatchText(const BatchFileContent& content);

@@ -21,9 +21,13 @@ std::string trimmed(std::string_view s) {
 std::string substance_lines() {
     const Declare::SubstanceRecord& s = Declare::substance;
     const StatusPanels panels = PanelTexts(Declare::models.EOSModel >= 0);
-    std::string lines = "... substance: " + s.Formula + "  " + trimmed(s.CASRN) + "  " + s.Name +
-                        " (#" + std::to_string(session.CurrentSubstance) + ")\n    ";
-    return lines + (panels.eos.empty() ? "no models" : panels.eos + ",  " + panels.vapourPressure);
+    std::string lines = "... substance: ";
+    lines += s.Formula + "  " + trimmed(s.CASRN) + "  " + s.Name;
+    lines += " (#" + std::to_string(session.CurrentSubstance) + ")";
+    lines += "\n    ";
+    lines += panels.eos.empty() ? "no models" : panels.eos;
+    if (!panels.vapourPressure.empty()) lines += ",  " + panels.vapourPressure;
+    return lines;
 }
 
 // Name of a substance of the open database, empty when its CASRN is not there.
@@ -39,18 +43,21 @@ std::string name_by_casrn(const std::string& casrn) {
 std::string batch_lines() {
     const std::string count = std::to_string(session.BatchCount);
     if (session.BatchCount == 0) return "... exper. T-p-rho-HLV-cp data: none";
-    if (session.BatchFile.empty())
-        return "    " + count + (session.BatchCount == 1 ? " set of data" : " sets of data") +
-               " available,\nnot yet saved.";
-    std::string lines = "... batch file" + Module2::FileTitle(session.BatchFile);
+    std::string lines;
+    if (session.BatchFile.empty()) {
+        lines += "    " + count;
+        lines += session.BatchCount == 1 ? " set of data" : " sets of data";
+        return lines + " available,\nnot yet saved.";
+    }
+    lines += "... batch file" + Module2::FileTitle(session.BatchFile);
     const std::string folder = Module2::FolderOf(session.BatchFile);
     const std::string& source = folder.empty() ? session.FolderBatch : folder;
     if (source.size() > 2) lines += "\n  from " + source;
     lines += "\n  with " + count + " sets of data";
     const std::string name = name_by_casrn(session.BatchCasrn);
-    if (!name.empty())
-        lines += "\n    substance: " + name + "\n    file comment" + session.BatchComment;
-    return lines;
+    if (name.empty()) return lines;
+    lines += "\n    substance: " + name;
+    return lines + "\n    file comment" + session.BatchComment;
 }
 
 }  // namespace
@@ -73,10 +80,14 @@ Report StatusReport() {
         report.text = "... not yet a database";
         return report;
     }
-    report.text = "... database " + session.DatabaseFile + "\n  with " +
-                  std::to_string(session.SubstanceCount) + " substance(s)\n";
+    report.text = "... database ";
+    report.text += session.DatabaseFile;
+    report.text += "\n  with ";
+    report.text += std::to_string(session.SubstanceCount);
+    report.text += " substance(s)\n";
     report.text += session.CurrentSubstance == 0 ? "... no substance" : substance_lines();
-    report.text += "\n" + batch_lines();
+    report.text += '\n';
+    report.text += batch_lines();
     report.text += "\n(for more parameters loaded see \"Options\")";
     return report;
 }
@@ -100,12 +111,20 @@ Report ParameterReport() {
     const Line lines[] = {{"a0 = ", e.eosA0}, {"a1 = ", e.eosNA}, {"b0 = ", e.eosB0},
                           {"b1 = ", e.eosNB}, {"c0 = ", e.eosC0}, {"c1 = ", e.eosNC},
                           {"d0 = ", e.eosD0}, {"d1 = ", e.eosND}};
-    report.text = "Parameter for " + trimmed(Calc::EOSName(code)) + "\n";
-    for (const Line& line : lines)
-        report.text += "\n" + std::string(line.label) + numbers::General(line.value);
+    report.text = "Parameter for ";
+    report.text += trimmed(Calc::EOSName(code));
+    report.text += '\n';
+    for (const Line& line : lines) {
+        report.text += '\n';
+        report.text += line.label;
+        report.text += numbers::General(line.value);
+    }
     report.text += "\n\nCritical volume calculated  by using T(cr) and p(cr):";
-    report.text += "\n         v(cr)/m^3/kmol = " + numbers::General(e.vcritCalc);
-    report.text += "\n(rho(cr)/kg/m^3 = " + numbers::General(e.rhocritCalc) + ")";
+    report.text += "\n         v(cr)/m^3/kmol = ";
+    report.text += numbers::General(e.vcritCalc);
+    report.text += "\n(rho(cr)/kg/m^3 = ";
+    report.text += numbers::General(e.rhocritCalc);
+    report.text += ')';
     return report;
 }
 

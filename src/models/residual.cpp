@@ -30,7 +30,7 @@ struct ResidualParts {
     double lnPhi = 0, dLnPhi = 0;
     double cv = 0;         ///< (cv - cv_idG)/R
     double cpMinusCv = 0;  ///< (cp - cv)/R - 1, that is the departure from the ideal gas
-    double pT = 0;         ///< v pT/R - 1, likewise
+    double heating = 0;    ///< T (dv/dT)p - v, m^3/kmol
 };
 
 /// J = ln((v + d)/(v + c))/(d - c) and its derivatives with respect to c and d: the integral of
@@ -102,7 +102,7 @@ void cubic(const Declare::EOSState& s, const Calc::EOSSlopes& t, double T, doubl
     const double pT1 = be + T * v * e * e * t.b1 - v / R * (t.a1 * g + a * gT);
     const double pv1 = be * (2.0 + be) + v * v * a * gv / RT;
     r.cpMinusCv = (pT1 * (2.0 + pT1) - pv1) / (1.0 + pv1);
-    r.pT = pT1;
+    r.heating = v * (pT1 - pv1) / (1.0 + pv1);
 }
 
 /// Derivatives and residual parts of p = R T/(v - B(T)), with ln(phi*) = B p/(R T).
@@ -122,11 +122,10 @@ void v_only(const Calc::Virial& b, double T, double p, double v, PressureDerivat
     r.dLnPhi = p / RT * slope;
     d2LnPhi = p / RT / T * (T * b.d2B - 2.0 * slope);
 
-    const double Be = b.B * e;
-    const double pT1 = Be + T * v * e * e * b.dB;
-    const double pv1 = Be * (2.0 + Be);
-    r.cpMinusCv = (pT1 * (2.0 + pT1) - pv1) / (1.0 + pv1);
-    r.pT = pT1;
+    // (cp - cv)/R = (1 + T B'/(v - B))^2
+    const double x = T * e * b.dB;
+    r.cpMinusCv = x * (2.0 + x);
+    r.heating = T * b.dB - b.B;
     r.cv = -T * (2.0 * r.dLnPhi + T * d2LnPhi) - r.cpMinusCv;
 }
 
@@ -156,9 +155,7 @@ void fill_heat_capacities(const PressureDerivatives& q, const ResidualParts& r, 
     if (pole) {
         if (q.pT != 0.0) t.residual[JouleThomson] = 1.0 / q.pT;
     } else if (std::fabs(cp) >= kDivisible) {
-        // T (dv/dT)p = T pT/(-pv) = (cp - cv)/pT, less v
-        const double heating = q.pT != 0.0 ? v * (r.cpMinusCv - r.pT) / (1.0 + r.pT) : -v;
-        t.residual[JouleThomson] = heating / cp;
+        t.residual[JouleThomson] = r.heating / cp;
     }
     if (std::fabs(cv) < kDivisible || !(M > 0.0)) return;
     // -(cp/cv) (dp/dV)T = T pT^2/cv - pv, in kPa kmol/m^3

@@ -1,9 +1,11 @@
 #include <cmath>
 
 #include "models/caloric.h"
+#include "models/equilibrium.h"
 #include "models/reference_state.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
+#include "models/virial.h"
 
 namespace thermo {
 
@@ -80,18 +82,29 @@ Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& refere
     const IdealGasState ideal =
         ideal_gas_functions(fluid.substance, fluid.models.CpModel, reference, T, p);
     if (ideal.status != kSuccess) return {};
+    Surroundings z;
+    z.status = kSuccess;
+    if (fluid.models.EOSOnlyV) {
+        if (!(p > 0.0)) return {};
+        // Where a heavy fluid is liquid in the surroundings the volume may be negative; the virial
+        // form still gives a zero for the exergies, which are then right but for a constant.
+        const Calc::Virial b = Calc::virial(fluid, fluid.models.EOSModel, T);
+        z.v = constants::R * T / p + b.B;
+        z.h = ideal.h + p * (b.B - T * b.dB);
+        z.s = ideal.s - p * b.dB;
+        z.u = z.h - p * z.v;
+        return std::isfinite(z.u) && std::isfinite(z.s) ? z : Surroundings{};
+    }
     const Calc::StateTP state = Calc::solve_state_tp(fluid, T, p);
     if (state.status != kSuccess) return {};
     const double v = state.hasL && !state.hasV ? state.vL : state.vV;
     const PhaseTable table = residual_functions(fluid, state.state, T, p, v);
     if (!table.filled) return {};
 
-    Surroundings z;
     z.v = v;
     z.h = ideal.h + constants::R * table.residual[ResH];
     z.u = z.h - p * v;
     z.s = ideal.s + constants::R * table.residual[ResS];
-    z.status = kSuccess;
     return z;
 }
 
@@ -145,10 +158,12 @@ SaturationValues SaturationFunctions(double T) {
         const Calc::Saturation sat = Calc::SaturationPressure(T);
         if (sat.status != kSuccess) return r;
         const Calc::StateTP state = Calc::SolveStateTP(T, sat.p);
-        if (state.status != kSuccess || !(state.vV > 0.0) || !(state.vL > 0.0)) return r;
         r.p = sat.p;
-        r.vV = state.vV;
-        r.vL = state.vL;
+        const Calc::PhaseVolumes volumes =
+            Calc::equilibrium_volumes(Calc::CurrentFluid(), state, T);
+        r.vV = volumes.vV;
+        r.vL = volumes.vL;
+        if (!(r.vV > 0.0) || !(r.vL > 0.0)) return r;
     }
     r.V = StateFunctions(T, r.p, r.vV);
     r.L = r.vL == r.vV ? r.V : StateFunctions(T, r.p, r.vL);

@@ -72,6 +72,7 @@ struct ProcessLineRecord {
     double LastT = 0, LastP = 0;  ///< last point of the last run
     double PolytropicExponent = 1.0;
     std::int16_t PolytropicMode = 1;
+    bool FromCalculation = false;  ///< the Calculation menu asked for the polytropic process
 };
 
 /// Limits of a surface in displayed units; z limits of -0.01111 and 0.01111 mean no clipping.

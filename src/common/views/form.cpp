@@ -2,6 +2,7 @@
 
 #include <QGroupBox>
 #include <QPushButton>
+#include <QToolButton>
 
 #include "common/views/theme.h"
 
@@ -47,6 +48,15 @@ QPushButton* button(const QString& text, const QString& name, QWidget* parent) {
     push->setObjectName(name);
     push->setAutoDefault(false);
     return push;
+}
+
+QToolButton* helpButton(const QString& name, const QString& about) {
+    auto* button = new QToolButton;
+    button->setObjectName(name);
+    button->setText("?");
+    button->setToolTip("Help: " + about);
+    button->setAccessibleName("Help: " + about);
+    return button;
 }
 
 QGroupBox* frame(const QString& title, const QString& name, QWidget* parent) {

@@ -6,6 +6,7 @@
 
 class QGroupBox;
 class QPushButton;
+class QToolButton;
 
 /// Small pieces that all views are put together from, so that they look and behave alike.
 namespace form {
@@ -28,6 +29,9 @@ QGridLayout* grid(QWidget* parent = nullptr);
 
 /// A button with its control name.
 QPushButton* button(const QString& text, const QString& name, QWidget* parent = nullptr);
+
+/// A small "?" that opens help about something.
+QToolButton* helpButton(const QString& name, const QString& about);
 
 /// A titled frame with its control name.
 QGroupBox* frame(const QString& title, const QString& name, QWidget* parent = nullptr);

@@ -67,6 +67,7 @@ void frmStoffWahl::buildList() {
     list_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     list_->verticalHeader()->setDefaultSectionSize(list_->fontMetrics().height() + kRowPadding);
     list_->horizontalHeader()->setHighlightSections(false);
+    list_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     list_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     list_->horizontalHeader()->setSectionResizeMode(SubstanceListModel::Name, QHeaderView::Stretch);
     const int character = list_->fontMetrics().averageCharWidth();
@@ -95,6 +96,7 @@ void frmStoffWahl::buildSearch() {
     completer->setCaseSensitivity(Qt::CaseInsensitive);
     search_->setCompleter(completer);
     connect(search_, &QLineEdit::textEdited, this, &frmStoffWahl::filterBy);
+    connect(search_, &QLineEdit::textChanged, this, &frmStoffWahl::matchEntry);
     search_->installEventFilter(this);
 
     names_ = form::named(new QComboBox, "NameCombo");
@@ -149,18 +151,39 @@ void frmStoffWahl::arrange() {
         setTabOrder(first, second);
 }
 
-// Shows names, formula and CASRN of an entry; its name goes into the field.
-void frmStoffWahl::showEntry(std::int16_t index) {
-    present_ = index;
+// Shows names, formula and CASRN of an entry.
+void frmStoffWahl::describe(std::int16_t index) {
     const std::vector<std::string> names =
         LoadSaveData::NamesOf(Declare::substances.Names[static_cast<std::size_t>(index)]);
     names_->clear();
     for (const std::string& name : names) names_->addItem(QString::fromStdString(name));
     formula_->setText(QString::fromStdString(LoadSaveData::FormulaAndCasrn(index)));
+}
+
+// The entry was picked in the list: its name goes into the field.
+void frmStoffWahl::showEntry(std::int16_t index) {
+    present_ = index;
+    describe(index);
     search_->setText(names_->itemText(0));
 }
 
+// The field spells a name of the list, be it by completion: that entry is the one meant.
+void frmStoffWahl::matchEntry(const QString& text) {
+    if (selectedEntry() > 0 && names_->itemText(0).compare(text, Qt::CaseInsensitive) == 0) return;
+    const QModelIndexList rows =
+        shown_->match(shown_->index(0, SubstanceListModel::Name), Qt::DisplayRole, text, 1,
+                      Qt::MatchFixedString | Qt::MatchWrap);
+    if (text.isEmpty() || rows.isEmpty()) return;
+    list_->setCurrentIndex(rows.constFirst());
+    list_->scrollTo(rows.constFirst());
+    describe(selectedEntry());
+}
+
 void frmStoffWahl::filterBy(const QString& typed) {
+    // What was selected is not what is being typed.
+    list_->setCurrentIndex({});
+    names_->clear();
+    formula_->clear();
     shown_->setFilterFixedString(typed.trimmed());
     note_->setText(shown_->rowCount() == 0 ? "Not in the list; OK looks among the synonyms." : "");
 }
@@ -186,10 +209,11 @@ std::int16_t frmStoffWahl::selectedEntry() const {
 // the search finds.
 std::int16_t frmStoffWahl::wantedEntry() {
     const std::int16_t selected = selectedEntry();
-    if (selected == present_ && selected > 0 && search_->text() == names_->itemText(0))
+    const QString typed = search_->text().trimmed();
+    if (selected > 0 && typed.compare(names_->itemText(0), Qt::CaseInsensitive) == 0)
         return selected;
     const Module2::BusyPointer busy;
-    return LoadSaveData::FindSubstance(search_->text().trimmed().toStdString()).index;
+    return LoadSaveData::FindSubstance(typed.toStdString()).index;
 }
 
 void frmStoffWahl::take() {
@@ -225,10 +249,14 @@ void frmStoffWahl::reject() {
     QDialog::reject();
 }
 
-// The arrow keys lead from the field into the list.
+// The arrow keys lead from the field into the list; Enter takes a completed name at once.
 bool frmStoffWahl::eventFilter(QObject* watched, QEvent* event) {
     if (watched == search_ && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            take();
+            return true;
+        }
         if (key == Qt::Key_Down || key == Qt::Key_PageDown) {
             list_->setFocus();
             if (!list_->currentIndex().isValid() && shown_->rowCount() > 0)

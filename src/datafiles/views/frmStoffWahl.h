@@ -31,7 +31,9 @@ class frmStoffWahl : public QDialog {
     void buildList();
     void buildSearch();
     void arrange();
+    void describe(std::int16_t index);
     void showEntry(std::int16_t index);
+    void matchEntry(const QString& text);
     void filterBy(const QString& typed);
     void selectEntry(std::int16_t index);
     std::int16_t selectedEntry() const;

@@ -45,7 +45,7 @@ FirstSteps::FirstSteps(QWidget* parent) : QFrame(parent) {
         layout->addWidget(label);
         ++number;
     }
-    setFixedWidth(kWidth);
+    setFixedSize(kWidth, layout->totalHeightForWidth(kWidth));
 }
 
 void FirstSteps::mousePressEvent(QMouseEvent* event) {

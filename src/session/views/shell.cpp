@@ -1,9 +1,10 @@
 #include "session/views/shell.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPushButton>
 
 #include "common/views/settings.h"
 
@@ -77,17 +78,19 @@ bool Activate(const QString& name) {
     QWidget* window = outer_window(view);
     window->show();
     window->raise();
-    if (window == view)
-        window->activateWindow();
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(window))
+        sub->mdiArea()->setActiveSubWindow(sub);
     else
-        view->setFocus();
+        window->activateWindow();
     view->setFocus(Qt::OtherFocusReason);
     return true;
 }
 
 void CloseViews(const QStringList& names) {
+    // A name may stand for several views; one that refuses to close ends its row.
     for (const QString& name : names)
-        if (QWidget* view = FindView(name)) outer_window(view)->close();
+        while (QWidget* view = FindView(name))
+            if (!outer_window(view)->close()) break;
 }
 
 QStringList ResultViews() {
@@ -112,9 +115,9 @@ bool ShowHelp(int topic) {
     return true;
 }
 
-void ConnectHelp(QPushButton* button, int topic) {
+void ConnectHelp(QAbstractButton* button, int topic) {
     button->setEnabled(HelpAvailable());
-    QObject::connect(button, &QPushButton::clicked, button, [topic] { ShowHelp(topic); });
+    QObject::connect(button, &QAbstractButton::clicked, button, [topic] { ShowHelp(topic); });
 }
 
 void SetHelp(void (*show)(int topic)) {

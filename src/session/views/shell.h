@@ -4,7 +4,7 @@
 #include <QStringList>
 
 class QDialog;
-class QPushButton;
+class QAbstractButton;
 class QWidget;
 
 /// What views need of the main window: a place to open in, the other open views, help. All of it
@@ -62,7 +62,7 @@ bool HelpAvailable();
 /// Opens a help page by its number; false without help.
 bool ShowHelp(int topic);
 /// Makes a button open a help page; without help the button is disabled.
-void ConnectHelp(QPushButton* button, int topic);
+void ConnectHelp(QAbstractButton* button, int topic);
 /// Who shows help pages; an empty function for none.
 void SetHelp(void (*show)(int topic));
 

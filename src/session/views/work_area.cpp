@@ -10,6 +10,7 @@
 namespace {
 
 constexpr double kNameScale = 3.2;  // height of the program's name to that of the text
+constexpr int kShade = 110;         // per cent
 constexpr int kMinimumShown = 40;   // pixels of a window that must stay inside the area
 
 QString place_key(const QString& view) {
@@ -26,8 +27,18 @@ void remember(const QMdiSubWindow* window) {
 WorkArea::WorkArea(QWidget* parent) : QMdiArea(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    setBackground(palette().brush(QPalette::Mid));
+    takePalette();
     setActivationOrder(QMdiArea::ActivationHistoryOrder);
+}
+
+// A shade deeper than the windows that open on it, in light and dark themes.
+void WorkArea::takePalette() {
+    setBackground(palette().color(QPalette::Window).darker(kShade));
+}
+
+void WorkArea::changeEvent(QEvent* event) {
+    QMdiArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) takePalette();
 }
 
 void WorkArea::OpenView(QWidget* view) {

@@ -19,4 +19,8 @@ class WorkArea : public QMdiArea {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void takePalette();
 };

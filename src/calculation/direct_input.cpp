@@ -1,0 +1,187 @@
+#include "calculation/direct_input.h"
+
+#include "calculation/calc_batch.h"
+#include "calculation/calc_modes.h"
+#include "calculation/start_calculation.h"
+#include "calculation/tank.h"
+#include "common/constants.h"
+#include "common/dialogs.h"
+#include "common/faults.h"
+#include "common/numbers.h"
+#include "session/module2.h"
+
+namespace Zentrale {
+
+using constants::kPresent;
+using Declare::session;
+
+namespace {
+
+constexpr std::int16_t kReferenceInput = 4, kTankInput = 33;
+constexpr std::size_t kT = 0, kP = 1, kRho = 2, kRhoL = 3;
+
+using Values = std::array<double, 4>;
+
+/// Label of a volume field and text of its frame by `UnitMode`.
+struct VolumeLabels {
+    const char* frame;
+    const char* label;
+};
+constexpr VolumeLabels kVolumeLabels[] = {
+    {" Input molar volume, cf. \"Options\" ", " V/m^3/kmol = "},
+    {" Input specif. volume, cf. Options ", "  V/m^3/kg  = "},
+    {" Input red. volume, cf. Options ", "  V/(m^3/m^3)= "}};
+
+/// The unit of volume; reduced volumes need a critical volume of the model.
+std::size_t volume_unit() {
+    if (session.UnitMode == 1) return 1;
+    return session.UnitMode == 2 && Declare::eosParameters.vcritCalc > 0 ? 2 : 0;
+}
+
+DirectInput reference_input() {
+    return {"Input: Reference Point",
+            "OK",
+            {{{true, "        T/K = "},
+              {true, "  p(LV)/kPa = "},
+              {true, "rho_L/kg/m^3= "},
+              {true, "rho_V/kg/m^3= "}}},
+            false,
+            {},
+            false};
+}
+
+DirectInput tank_input(bool amount) {
+    return {"Tank Calculation",
+            "&Calculate",
+            {{{true, "      V/m^3   "},
+              {true, amount ? "      n/kmol  " : "      m/kg    "},
+              {true, "      T/K     "},
+              {}}},
+            false,
+            {},
+            true};
+}
+
+DirectInput state_input() {
+    DirectInput input{"Input \"Direct calculation\" ", "&Calculate", {}, false, {}, false};
+    const unsigned asks = ModeOf(session.CalcMode).asks;
+    if ((asks & kAsksT) != 0) input.fields[kT] = {true, "      T/K     "};
+    if ((asks & kAsksP) != 0) input.fields[kP] = {true, "      p/kPa = "};
+    if ((asks & kAsksRho) == 0) return input;
+    const VolumeLabels& labels = kVolumeLabels[volume_unit()];
+    input.volumeFrameVisible = true;
+    input.volumeFrame = session.VolumeInput ? labels.frame : " Input density kg/m^3 ";
+    input.fields[kRho] = {true, session.VolumeInput ? labels.label : " rho/kg/m^3 = "};
+    return input;
+}
+
+/// What is typed in the visible fields; a hidden field counts as 0.
+Values values_of(const DirectInput& input, const std::array<std::string, 4>& texts) {
+    Values values{};
+    for (std::size_t i = 0; i < values.size(); ++i)
+        if (input.fields[i].visible) values[i] = numbers::ValInput(texts[i]);
+    return values;
+}
+
+double product(const DirectInput& input, const Values& values) {
+    double p = 1.0;
+    for (std::size_t i = 0; i < values.size(); ++i)
+        if (input.fields[i].visible) p *= values[i];
+    return p;
+}
+
+double sum(const Values& values) {
+    double s = 0;
+    for (const double v : values) s += v;
+    return s;
+}
+
+InputResult refuse() {
+    dialogs::Tell("no valid input", "Execution not possible");
+    return InputResult::Refused;
+}
+
+InputResult store_reference(const Values& v) {
+    session.BensonReference = {numbers::ToSingle(v[0]), numbers::ToSingle(v[1]),
+                               numbers::ToSingle(v[2]), numbers::ToSingle(v[3])};
+    return InputResult::ReferenceStored;
+}
+
+InputResult calculate_tank(const Values& v, bool amount) {
+    const float V = numbers::ToSingle(v[0]), T = numbers::ToSingle(v[2]);
+    const float m =
+        numbers::ToSingle(amount ? v[1] * static_cast<double>(Declare::substance.M) : v[1]);
+    session.tank.V = V;
+    session.tank.m = m;
+    session.tank.T = T;
+    return CalculateTank() == "EXIT" ? InputResult::TankExit : InputResult::TankCalculated;
+}
+
+double density_of(double typed) {
+    if (typed == 0.0 || !session.VolumeInput) return typed;
+    Module2::RefreshUnits();
+    const auto M = static_cast<double>(Declare::substance.M);
+    return faults::divide(M, typed / session.VolumeFactor);
+}
+
+InputResult calculate_state(const Values& v) {
+    const float rho = numbers::ToSingle(density_of(v[kRho]));
+    const float rhoL = numbers::ToSingle(v[kRhoL]);
+    Declare::BatchDataSet& input = Declare::BatchData.front();
+    input.T = v[kT];
+    input.p = v[kP];
+    input.rhoV = rho;
+    input.rhoL = rhoL;
+    CalcCall call{.Mode = session.CalcMode, .Index = 0, .Text = ModeTitle(session.CalcMode)};
+    CalcBatch(call);
+    return InputResult::Calculated;
+}
+
+}  // namespace
+
+DirectInput DescribeDirectInput(bool amount) {
+    if (session.InputSituation == kReferenceInput) return reference_input();
+    if (session.InputSituation == kTankInput) return tank_input(amount);
+    return state_input();
+}
+
+void ChooseVolumeInput(int index) {
+    session.VolumeInput = index == 1;
+}
+
+InputResult AcceptInput(const std::array<std::string, 4>& texts, bool amount) {
+    try {
+        const DirectInput input = DescribeDirectInput(amount);
+        const Values values = values_of(input, texts);
+        const bool direct =
+            session.InputSituation != kReferenceInput && session.InputSituation != kTankInput;
+        if (!((direct ? sum(values) : product(input, values)) > kPresent)) return refuse();
+        if (session.InputSituation == kReferenceInput) return store_reference(values);
+        return direct ? calculate_state(values) : calculate_tank(values, amount);
+    } catch (const faults::Fault&) {
+        // A number beyond the range of its field.
+        return refuse();
+    }
+}
+
+std::string CalculateTank() {
+    CalcCall call{.Mode = session.CalcMode,
+                  .Index = 0,
+                  .Interactive = false,
+                  .Text = ModeTitle(session.CalcMode)};
+    CalcBatch(call);
+    session.tank.p = 0;
+    session.tank.level = 0;
+    session.tank.answer = call.Text;
+    if (call.Text == "EXIT") return call.Text;
+    session.tank.p = static_cast<float>(call.Pressure);
+    session.tank.level = static_cast<double>(call.FractionV);
+    return call.Text;
+}
+
+void CancelInput() {
+    views().closeParinput();
+    views().closeResultView();
+}
+
+}  // namespace Zentrale

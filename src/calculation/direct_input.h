@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace Zentrale {
+
+/// A field of `frmParinput`.
+struct InputField {
+    bool visible = false;
+    std::string label;
+};
+
+/// What `frmParinput` shows in the present `InputSituation`.
+struct DirectInput {
+    std::string title;
+    std::string command;               ///< caption of `cmdParameter_OK`
+    std::array<InputField, 4> fields;  ///< `par` with its label `Bz`
+    bool volumeFrameVisible = false;   ///< `fraRhoVInput`
+    std::string volumeFrame;           ///< its text
+    bool amountFrameVisible = false;   ///< `fram_n`
+};
+
+/// `amount` is true when the tank's content is typed in kmol.
+DirectInput DescribeDirectInput(bool amount = false);
+
+/// `optRhoV` click: 0 density, 1 volume.
+void ChooseVolumeInput(int index);
+
+/// How an input ended.
+enum class InputResult {
+    Refused,          ///< a message says why; nothing has changed
+    ReferenceStored,  ///< the view closes
+    TankExit,         ///< the tank calculation was refused
+    TankCalculated,   ///< the result view and the tank view open
+    Calculated        ///< the result view comes to the front
+};
+
+/// `cmdParameter_OK` with the texts of the four fields. Checks, stores, and calculates.
+InputResult AcceptInput(const std::array<std::string, 4>& texts, bool amount = false);
+
+/// `CalcBatch` of the tank, with its results into the session. Returns the text that came back.
+std::string CalculateTank();
+
+/// `cancel`: closes the input and the result view.
+void CancelInput();
+
+}  // namespace Zentrale

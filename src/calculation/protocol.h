@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+namespace Zentrale {
+
+/// `cmdProtokoll`: adds the present `Fu` to the protocol store as a column.
+void AddToProtocol();
+
+/// Writes the store to the protocol file when columns are pending. False, after a message, when
+/// that fails; nothing of the store is then lost.
+bool WriteProtocol();
+
+/// `cmdOpenNew`: writes what is pending, copies the file to the clipboard as a table with tabs, and
+/// takes a new protocol file. False, after a message, when the pending columns could not be
+/// written; all stays as it was.
+bool OpenNewProtocol();
+
+/// The file that the next protocol is written to, for `lblProtText2`.
+std::string ProtocolFileTitle();
+
+/// At the program's end: pending columns are written, a protocol file of length 0 is deleted.
+void CloseProtocol();
+
+/// `cmbSep`: the delimiter of an entry, 0 semicolon, 1 comma, 2 tab.
+void ChooseSeparator(int index);
+
+}  // namespace Zentrale

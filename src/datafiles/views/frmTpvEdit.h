@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <utility>
+
+#include "common/views/child_view.h"
+#include "datafiles/batch_table.h"
+
+class NumberEdit;
+class QAction;
+class QButtonGroup;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QTableView;
+class TpvTableModel;
+
+/// Editor of the experimental data: the table, a line of input, files, clipboard, order. Fitting
+/// and graphs of the data belong to others, under the actions "fit_data", "graph_data" (y = f(T))
+/// and "graph_data_ln" (ln p = f(1/T)); without them their buttons are disabled.
+class frmTpvEdit : public ChildView {
+    Q_OBJECT
+
+  public:
+    explicit frmTpvEdit(QWidget* parent = nullptr);
+
+    /// Opens the editor on the data of the session, or brings it to the front and shows them.
+    static void Open();
+
+    /// Shows the data of the session; nothing in them is unsaved.
+    void open();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    /// Marked lines, counted from 1; 0 and 0 without a mark.
+    using Lines = std::pair<int, int>;
+
+    QWidget* buildTable();
+    QGroupBox* buildUnits();
+    QGroupBox* buildInput();
+    QGroupBox* buildTarget();
+    QLayout* buildLineButtons();
+    QLayout* buildFileButtons();
+    void buildMenu();
+    void arrange();
+
+    Lines markedLines() const;
+    void markLine(int line);
+    bool editMode() const;
+    void setChanged();
+    void followTable();
+    void followUnits();
+    void followInput();
+    bool takeUnits();
+
+    void takeInput();
+    bool markWrongNumbers();
+    void eraseLines();
+    void toggleLines();
+    void pasteLines();
+    void copyCells();
+    void clearCells();
+    void sortBy(LoadSaveData::BatchColumn column);
+    void load(bool append);
+    void save();
+    void send(const char* action);
+    int fitColumn() const;
+
+    bool changed_ = false;
+    TpvTableModel* model_ = nullptr;
+    QTableView* table_ = nullptr;
+    QMenu* menu_ = nullptr;
+    QButtonGroup* temperature_ = nullptr;
+    QButtonGroup* pressure_ = nullptr;
+    QButtonGroup* density_ = nullptr;
+    NumberEdit* moles_ = nullptr;
+    QButtonGroup* mode_ = nullptr;
+    std::array<QLabel*, LoadSaveData::kBatchColumns> captions_{};
+    std::array<QLabel*, LoadSaveData::kBatchColumns> unitLabels_{};
+    std::array<NumberEdit*, LoadSaveData::kBatchColumns> input_{};
+    QButtonGroup* target_ = nullptr;
+    QLineEdit* comment_ = nullptr;
+    QLabel* file_ = nullptr;
+    QLabel* status_ = nullptr;
+};

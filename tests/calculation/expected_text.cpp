@@ -1,0 +1,571 @@
+#include "expected_text.h"
+
+#include <cmath>
+#include <cstdio>
+#include <functional>
+#include <map>
+#include <optional>
+
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "models/caloric.h"
+#include "models/cubic_eos.h"
+#include "models/density.h"
+#include "models/enthalpy_of_vaporisation.h"
+#include "models/model_tables.h"
+#include "models/saturation.h"
+#include "models/state_solver.h"
+#include "models/vapour_pressure.h"
+#include "models/virial.h"
+
+namespace expected {
+
+using constants::R;
+using Declare::session;
+
+namespace {
+
+std::string localised(std::string s) {
+    for (char& c : s)
+        if (c == '.') c = numbers::decimal_mark();
+    return s;
+}
+
+std::string print(const char* format, double value) {
+    char buffer[64];
+    std::snprintf(buffer, sizeof buffer, format, value);
+    return localised(buffer);
+}
+
+std::string trimmed(std::string s) {
+    while (!s.empty() && s.back() == ' ') s.pop_back();
+    return s;
+}
+
+std::string right(const std::string& s, std::size_t width) {
+    return s.size() < width ? std::string(width - s.size(), ' ') + s : s;
+}
+
+std::string left(const std::string& s, std::size_t width) {
+    std::size_t characters = 0;
+    for (const char c : s)
+        if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) ++characters;
+    return s + std::string(characters < width ? width - characters : 0, ' ');
+}
+
+double M() {
+    return static_cast<double>(Declare::substance.M);
+}
+
+double volume_factor() {
+    if (session.UnitMode == 1) return 1.0 / M();
+    if (session.UnitMode == 2 && Declare::eosParameters.vcritCalc > 0)
+        return 1.0 / Declare::eosParameters.vcritCalc;
+    return 1.0;
+}
+
+std::string volume_label() {
+    if (session.UnitMode == 1) return "m^3/kg  ";
+    if (session.UnitMode == 2 && Declare::eosParameters.vcritCalc > 0) return "V(red)";
+    return "m^3/kmol";
+}
+
+double caloric_factor() {
+    return session.CaloricUnit == 3 ? 1.0 / M() : 1.0;
+}
+bool specific() {
+    return session.CaloricUnit == 3;
+}
+bool cubic() {
+    return Calc::IsCubicEOS(Declare::models.EOSModel);
+}
+
+double B(double T) {
+    Declare::EOSState state;
+    return Calc::second_virial(Calc::CurrentFluid(), Declare::models.EOSModel, T, state);
+}
+
+/// A phase of the expected state.
+struct Phase {
+    bool exists = false;
+    double v = 0, rho = 0;
+};
+
+struct Work {
+    Result r;
+    double T = 0, p = 0;
+    Phase L, V;
+};
+
+std::string T_text(double T) {
+    return "T = " + fix(T, 3) + " K";
+}
+std::string p_text(double p) {
+    return "p = " + pressure(p) + " kPa";
+}
+
+void density_lines(Work& w) {
+    const auto show = [](bool exists, double value) {
+        return exists && value > 0 ? g7(value) : std::string();
+    };
+    w.r.list.push_back(
+        row("density", "rho/ (kg/m^3)  = ", show(w.L.exists, w.L.rho), show(w.V.exists, w.V.rho)));
+    w.r.list.push_back(
+        row("Volume", "v/ (" + volume_label() + ")  = ", show(w.L.exists, w.L.v * volume_factor()),
+            show(w.V.exists, w.V.v * volume_factor())));
+    if (w.V.exists) w.r.Fu[9] = w.V.v * volume_factor();
+    if (w.L.exists) w.r.Fu[19] = w.L.v * volume_factor();
+}
+
+void state_of_phases(Work& w) {
+    w.r.State = w.L.exists && w.V.exists ? "V+L" : w.V.exists ? " V " : " L ";
+    w.r.Fu[1] = w.p;
+}
+
+void fail(Work& w, const std::string& message) {
+    w.r.failed = true;
+    w.r.list.push_back("Message from Sub CalcBatch" + std::string(25, ' ') + message);
+}
+
+Calc::StateTP solve(Work& w) {
+    const Calc::StateTP s = Calc::solve_state_tp(Calc::CurrentFluid(), w.T, w.p);
+    w.L = {s.hasL, s.vL, s.rhoL};
+    w.V = {s.hasV, s.vV, s.rhoV};
+    return s;
+}
+
+std::string at(double T, double p) {
+    return g7(T) + " K, " + g7(p) + " kPa";
+}
+
+void head_of_functions(Work& w) {
+    const Declare::ReferenceState& ref = Declare::reference;
+    w.r.list.push_back(
+        "Model: " + trimmed(std::string(Calc::EOSName(Declare::models.EOSModel))) +
+        "; ideal-gas cp: " + trimmed(std::string(Calc::CpName(Declare::models.CpModel))));
+    w.r.list.push_back("Reference state: h = 0, s = 0, ideal gas at " +
+                       at(static_cast<double>(ref.T0), static_cast<double>(ref.p0)));
+    w.r.list.push_back("Surroundings for exergies: " + at(ref.Tenv, ref.penv));
+}
+
+/// v, h, s, g, u, a, e(H), e(U), cp, cV, w.
+std::array<double, 11> functions(const Work& w, const Phase& phase) {
+    const thermo::StateValues z = thermo::StateFunctions(w.T, w.p, phase.v);
+    return {phase.v, z.h, z.s, z.g, z.u, z.a, z.eH, z.eU, z.cp, z.cv, z.w};
+}
+
+void mean_functions(Work& w, double y) {
+    const auto zL = functions(w, w.L), zV = functions(w, w.V);
+    const std::string title =
+        std::string(specific() ? "specific global functions" : "molar global functions") +
+        "  z = y(V) z(V) + (1 - y(V) z(L)";
+    w.r.list.push_back("");
+    w.r.list.push_back(title);
+    w.r.list.push_back(std::string(title.size(), '='));
+    head_of_functions(w);
+    const double v = y * w.V.v + (1 - y) * w.L.v;
+    w.r.list.push_back("Density rho       = " + g7(M() / v) + "  kg/m^3");
+    w.r.list.push_back("Volume  v         = " + g7(v * volume_factor()) + "  " +
+                       trimmed(volume_label()));
+    const std::string energy = specific() ? "kJ/kg" : "kJ/kmol";
+    const std::string capacity = specific() ? "kJ/(kg K)" : "kJ/(kmol K)";
+    const struct {
+        std::size_t index;
+        const char* label;
+        const std::string& unit;
+    } rows[] = {{1, "Enthalpy  h       = ", energy},  {2, "Entropy  s        = ", capacity},
+                {3, "Gibbs Fu. g       = ", energy},  {4, "Intern. Energy u  = ", energy},
+                {5, "Helmholtz Fu. a   = ", energy},  {6, "Exergy of H   e   = ", energy},
+                {7, "Exergy of U   e   = ", energy},  {8, "Heat capacity cp  = ", capacity},
+                {9, "Heat capacity cV  = ", capacity}};
+    for (const auto& line : rows)
+        w.r.list.push_back(line.label +
+                           g7((y * zV[line.index] + (1 - y) * zL[line.index]) * caloric_factor()) +
+                           "  " + line.unit);
+}
+
+// ---- Modes ------------------------------------------------------------------------------------
+
+void given_T_rho(Work& w, double rho) {
+    const Declare::SubstanceRecord& s = Declare::substance;
+    w.r.par1 = T_text(w.T);
+    w.r.par2 = "rho = " + between(rho, 1, 4) + " kg/m^3";
+    const double v = M() / rho;
+    double y = 1;
+    bool twoPhase = false;
+    if (!cubic()) {
+        const double b = B(w.T);
+        if (v <= b) {
+            w.r.co2 = " p = , no p-solution (V < B)";
+            w.r.failed = true;
+            return;
+        }
+        w.p = R * w.T / (v - b);
+    } else {
+        const Declare::EOSState eos = Calc::eos_at(Calc::CurrentFluid(), w.T);
+        if (w.T < s.Tcrit) {
+            const Calc::Saturation sat = Calc::saturation_pressure(Calc::CurrentFluid(), w.T);
+            w.r.co1 = "vapour pressure by using CEOS: p(LV )= " + pressure(sat.p) + " kPa";
+            twoPhase = v >= sat.v[0] && v <= sat.v[2];
+            if (twoPhase) {
+                w.p = sat.p;
+                y = (v - sat.v[0]) / (sat.v[2] - sat.v[0]);
+                w.L = {true, sat.v[0], M() / sat.v[0]};
+                w.V = {true, sat.v[2], M() / sat.v[2]};
+                w.r.list.push_back(std::string(22, ' ') +
+                                   "Vapour fraction y(V) = " + between(y, 1, 8));
+            }
+        }
+        if (!twoPhase) {
+            if (v <= eos.eosB) {
+                fail(w, session.GlobalCalculation ? " (v <= b) ERROR1" : " (v <= b)");
+                return;
+            }
+            w.p = Calc::cubic_pressure(eos, w.T, v);
+        }
+    }
+    if (!twoPhase) solve(w);
+    density_lines(w);
+    if (twoPhase) mean_functions(w, y);
+    w.r.co2 = (twoPhase ? "Vapour pressure p/kPa = " : " System pressure p/kPa = ") + pressure(w.p);
+    state_of_phases(w);
+}
+
+void given_T_p(Work& w) {
+    w.r.par1 = T_text(w.T);
+    w.r.par2 = p_text(w.p);
+    if (!cubic()) w.r.co2 = " Virialcoeff. B = " + g7(B(w.T)) + "  m^3/kmol";
+    w.r.co1 = std::string(solve(w).text);
+    density_lines(w);
+    state_of_phases(w);
+}
+
+void given_p_rho(Work& w, double rho) {
+    w.r.par1 = p_text(w.p);
+    w.r.par2 = "rho = " + between(rho, 1, 4) + " kg/m^3";
+    w.T = Calc::temperature_from_p_rho(Calc::CurrentFluid(), w.p, rho, false).T;
+    w.r.co2 = " T = " + fix(w.T, 3) + " K";
+    solve(w);
+    density_lines(w);
+    state_of_phases(w);
+}
+
+void partial_phases(Work& w, double vV) {
+    if (!session.BensonReferenceValid || !(vV > 1e-6)) return;
+    const Declare::SubstanceRecord& s = Declare::substance;
+    const Declare::BensonPoint& ref = session.BensonReference;
+    w.V = {true, vV, M() / vV};
+    double rhoL = 0;
+    if (session.LiquidByBenson) {
+        const auto Tref = static_cast<double>(ref.T);
+        rhoL = (static_cast<double>(ref.rhoL) + static_cast<double>(ref.rhoV)) * (w.T - s.Tcrit) /
+                   (Tref - s.Tcrit) +
+               2 * s.rhocrit * (Tref - w.T) / (Tref - s.Tcrit) - w.V.rho;
+    } else {
+        rhoL = Calc::density_liquid(s, static_cast<float>(w.T)).rho;
+    }
+    w.L = {true, M() / rhoL, rhoL};
+    w.r.list.push_back(std::string(12, ' ') + (session.LiquidByBenson
+                                                   ? "by BENSON's method:"
+                                                   : "with database equation rho(T):"));
+}
+
+void hlv_of_eos(Work& w) {
+    const auto r = Calc::EnthalpyOfVaporisation(7, w.T, w.p, Declare::models.VPCode, false);
+    if (r.status != 0) return;
+    w.r.Fu[29] = static_cast<double>(r.h) * caloric_factor();
+    w.r.Fu[30] = w.r.Fu[29] / w.T;
+}
+
+void equilibrium(Work& w, bool fromT) {
+    const Declare::SubstanceRecord& s = Declare::substance;
+    const Calc::Fluid fluid = Calc::CurrentFluid();
+    const std::string& code = Declare::models.VPCode;
+    w.L.exists = w.V.exists = true;
+    w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
+    const bool eos = session.GlobalCalculation && Declare::models.PriorityCEOS;
+    double vL = 0, vV = 0;
+    if (eos) {
+        const Calc::Saturation sat = fromT ? Calc::saturation_pressure(fluid, w.T)
+                                           : Calc::saturation_temperature(fluid, w.p);
+        (fromT ? w.p : w.T) = fromT ? sat.p : sat.T;
+        vL = sat.v[0];
+        vV = sat.v[2];
+    } else if (fromT) {
+        w.p = Calc::vapour_pressure(s, w.T, code).p;
+    } else {
+        w.T = Calc::boiling_temperature(s, w.p, code).T;
+    }
+    w.r.Fu[0] = w.T;
+
+    if (!session.GlobalCalculation) {
+        w.r.co1 = fromT ? "p(LV) from actual vapour pressure equation:"
+                        : "T(LV) by using actual vapour pressure equation:";
+        w.r.co2 = fromT ? pressure(w.p) + " kPa" : fix(w.T, 3) + " K";
+        if (!cubic()) {
+            vV = R * w.T / w.p + B(w.T);
+        } else {
+            const double psat = Calc::saturation_pressure(fluid, w.T).p;
+            const Calc::CubicRoots roots = Calc::solve_cubic(Calc::eos_at(fluid, w.T), w.T, w.p);
+            vV = w.p <= psat ? roots.v[static_cast<std::size_t>(roots.count - 1)]
+                             : (roots.count == 3 ? roots.v[2] : 0.0);
+        }
+        partial_phases(w, vV);
+        density_lines(w);
+    } else if (eos) {
+        w.r.co1 = fromT ? "p(LV) by using the cubic EOS: " : "T(LV) by using cubic EOS";
+        w.r.co2 = fromT ? " p(LV) = " + pressure(w.p) + " kPa" : " T(LV) = " + fix(w.T, 3) + " K";
+        w.L = {true, vL, M() / vL};
+        w.V = {true, vV, M() / vV};
+        w.r.list.push_back("            by using cubic EOS:");
+        density_lines(w);
+    } else {
+        w.r.co2 =
+            fromT ? " p(LV) = " + pressure(w.p) + " kPa" : "T(LV) = " + between(w.T, 1, 2) + " K";
+        w.r.list.push_back(std::string(75, '='));
+        w.r.list.push_back(
+            std::string(12, ' ') +
+            "(Calculation of density not possible by using a vapour pressure equation" +
+            (fromT ? "!)" : ")"));
+        w.r.list.push_back(std::string(75, '='));
+    }
+    if (session.GlobalCalculation) hlv_of_eos(w);
+    state_of_phases(w);
+}
+
+void vaporisation(Work& w, bool fromT) {
+    const std::int16_t method = Declare::models.HLVModel;
+    const auto r = Calc::EnthalpyOfVaporisation(method, w.T, w.p, Declare::models.VPCode, false);
+    w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
+    w.T = r.T;
+    w.p = r.p;
+    w.r.Fu[0] = w.T;
+    w.r.co1 = r.explanation;
+    if (!fromT) w.r.co2 = " T(LV) = " + fix(w.T, 3) + " K";
+    if (fromT && w.p > 1e-6) w.r.co2 = " p(LV) = " + pressure(w.p) + " kPa";
+    w.L = {true, r.rhoL > 0 ? M() / r.rhoL : 0, r.rhoL};
+    w.V = {true, r.rhoV > 0 ? M() / r.rhoV : 0, r.rhoV};
+    density_lines(w);
+    state_of_phases(w);
+
+    const double h = static_cast<double>(r.h) * caloric_factor();
+    w.r.Fu[29] = h;
+    w.r.Fu[30] = h / w.T;
+    const std::string hLabel = specific() ? "delta(LV)h/(kJ/kg)" : "delta(LV)h/(kJ/kmol)";
+    const std::string sLabel = specific() ? "delta(LV)s/(kJ/(kg K))" : "delta(LV)s/(kJ/(kmol K))";
+    const auto number = [](double value) { return fix(value, value < 1000 ? 2 : 1); };
+    static const std::map<int, std::string> names = {
+        {1, "equation Fu(T) from database"},
+        {2, "Chen-correlation"},
+        {3, "Carruth/Kobayashi-correlation"},
+        {4, "Watson-correlation"},
+        {5, "using vapour press. equ.+ rhoL(T)"},
+        {6, "using vapour press. equ. + Benson's method"},
+        {7, "by using CEOS ('global calculation')"}};
+    auto& list = w.r.list;
+    list.push_back("Enthalpy of vaporization from " + names.at(method));
+    list.push_back(std::string(70, '-'));
+    list.push_back(hLabel + " = " + number(h));
+    list.push_back("(enthalpy of vapor. delta(LV)s = delta(LV)h / T: " + sLabel + " = " +
+                   number(h / w.T) + ")");
+    if (method == 5 || method == 6) {
+        list.push_back("Following compressibility factors z were used:");
+        list.push_back("z(L) = " + g7(r.zL));
+        list.push_back("z(V) = " + g7(r.zV));
+        list.push_back("z(V) by using " +
+                       trimmed(std::string(Calc::EOSName(Declare::models.EOSModel))));
+        list.push_back(method == 6 ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
+                                   : "rho_L for z_L by using database function rho_L = Fu(T)");
+    }
+    if (method != 1) {
+        const auto database =
+            Calc::EnthalpyOfVaporisation(1, w.T, w.p, Declare::models.VPCode, false);
+        list.push_back("(cf. function from data base: " + hLabel + " = " +
+                       number(static_cast<double>(database.h) * caloric_factor()));
+    }
+}
+
+void caloric_functions(Work& w) {
+    w.r.par1 = T_text(w.T);
+    w.r.par2 = p_text(w.p);
+    solve(w);
+    head_of_functions(w);
+    const bool kg = specific();
+    const std::string volume = "v/ (" + volume_label() + ")  = ";
+    const struct {
+        const char* name;
+        const char* molar;
+        const char* specific;
+    } rows[] = {{"Volume", volume.c_str(), volume.c_str()},
+                {"Enthalpy", "h/ (kJ/kmol)   = ", "h/ (kJ/kg)     = "},
+                {"Entropy", "s/ (kJ/kmol/K) = ", "s / (kJ/(kg K))= "},
+                {"Gibbs Function", "g/ (kJ/kmol)   = ", "g/ (kJ/kg)     = "},
+                {"Internal Energy", "u/ (kJ/kmol)   = ", "u/ (kJ/kg)     = "},
+                {"Helmholtz Funct.", "a/ (kJ/kmol)   = ", "a/ (kJ/kg)     = "},
+                {"Exergy of H", "e/ (kJ/kmol)   = ", "e/ (kJ/kg)     = "},
+                {"Exergy of U", "e/ (kJ/kmol)   = ", "e/ (kJ/kg)     = "},
+                {"Heat Capacity", "cp/(kJ/kmol/K) = ", "cp /(kJ/(kg K))= "},
+                {"cV", "cV/(kJ/kmol/K) = ", "cV /(kJ/(kg K))= "},
+                {"Speed of Sound", "as/ (m/s)      = ", "as/ (m/s)      = "}};
+    std::array<double, 11> zL{}, zV{};
+    if (w.L.exists) zL = functions(w, w.L);
+    if (w.V.exists) zV = functions(w, w.V);
+    for (std::size_t i = 0; i < 11; ++i) {
+        const double factor = i == 0 ? volume_factor() : i == 10 ? 1.0 : caloric_factor();
+        w.r.list.push_back(row(rows[i].name, kg ? rows[i].specific : rows[i].molar,
+                               w.L.exists ? g7(zL[i] * factor) : "",
+                               w.V.exists ? g7(zV[i] * factor) : ""));
+        if (i < 10 && w.V.exists) w.r.Fu[9 + i] = zV[i] * factor;
+        if (i < 10 && w.L.exists) w.r.Fu[19 + i] = zL[i] * factor;
+    }
+    if (w.L.exists) w.r.Fu[39] = zL[10];
+    if (w.V.exists) w.r.Fu[40] = zV[10];
+    state_of_phases(w);
+}
+
+double virial_of(std::int16_t code, double T) {
+    Declare::JiTorvikParameters jt;
+    Declare::ModelSelection models = Declare::models;
+    models.EOSModel = code;
+    models.EOSOnlyV = true;
+    const auto eos = Calc::eos_constants(code, true, Declare::substance, jt);
+    Declare::EOSState state;
+    return Calc::second_virial({Declare::substance, models, eos, jt}, code, T, state);
+}
+
+void virial_coefficients(Work& w) {
+    w.r.par1 = T_text(w.T);
+    const std::string title = "Comparison of Virial Coefficients, [B] = m^3/kmol";
+    w.r.list.push_back(title);
+    w.r.list.push_back(std::string(title.size(), '='));
+    const std::int16_t active = Declare::models.EOSModel;
+    for (std::int16_t code = 11; code <= 16; ++code) {
+        const double b = virial_of(code, w.T);
+        w.r.list.push_back(left(std::string(Calc::EOSName(code)), 35) +
+                           " {B} = " + right(g7(b), 16));
+        if (code == active || (active >= 2 && active <= 6 && code == active + 9)) w.r.Fu[41] = b;
+    }
+    if (active == 0 || active == 10) {
+        w.r.Fu[41] = B(w.T);
+        w.r.list.push_back(left(std::string(Calc::EOSName(active)), 35) +
+                           " {B} = " + right(g7(B(w.T)), 16));
+    }
+}
+
+void cubic_block(Work& w) {
+    const Declare::EOSState s = Calc::eos_at(Calc::CurrentFluid(), w.T);
+    const std::string title = "Paramet. of the generalized cub. EOS (" +
+                              trimmed(std::string(Calc::EOSName(Declare::models.EOSModel))) + "):";
+    w.r.list.push_back("");
+    w.r.list.push_back(title);
+    w.r.list.push_back(std::string(title.size(), '='));
+    w.r.list.push_back("  A =" + right(g7(s.eosA), 16));
+    w.r.list.push_back("  B =" + right(g7(s.eosB), 16));
+    w.r.list.push_back("  C =" + right(g7(s.eosC), 16));
+    w.r.list.push_back("  D =" + right(g7(s.eosD), 16));
+}
+
+void common_end(Work& w, std::int16_t mode) {
+    const Declare::SubstanceRecord& s = Declare::substance;
+    if (cubic() && w.T > 0) {
+        if (w.T == s.Tcrit && w.p == s.pcrit)
+            w.r.co1 = "=> critical point (T = T(cr), p = p(cr))";
+        else if (w.p > s.pcrit && w.T > s.Tcrit)
+            w.r.co1 = "=> supercritical phase L = V (T > T(cr), p > p(cr))";
+        else if (w.p > s.pcrit)
+            w.r.co1 = "=> supercritical L-phase (T < T(cr), p > p(cr))";
+        else if (w.T > s.Tcrit)
+            w.r.co1 = w.p == 0 ? "=> supercritical phase (T > T(cr))"
+                               : "=> supercritical V-phase (T > T(cr), p < p(cr))";
+    }
+    if (w.r.failed) {
+        w.r.State = "   ";
+        return;
+    }
+    if (cubic() && ((mode != 6 && mode != 7) || Declare::models.HLVModel == 7)) cubic_block(w);
+    if (!cubic() && mode != 11) {
+        w.r.list.push_back("");
+        w.r.list.push_back("Virial coeffizient:");
+        w.r.list.push_back("  B =" + right(g7(B(w.T)), 16) + " m^3/kmol");
+    }
+}
+
+}  // namespace
+
+std::string g7(double value) {
+    return print("%.7G", static_cast<double>(static_cast<float>(value)));
+}
+
+std::string fix(double value, int decimals) {
+    char buffer[64];
+    std::snprintf(buffer, sizeof buffer, "%.*f", decimals, value);
+    return localised(buffer);
+}
+
+std::string between(double value, int least, int most) {
+    std::string s = fix(value, most);
+    for (int i = most; i > least && s.back() == '0'; --i) s.pop_back();
+    return s;
+}
+
+std::string signed_exp(double value) {
+    char buffer[64];
+    std::snprintf(buffer, sizeof buffer, "% .4E", value);
+    return localised(buffer);
+}
+
+std::string row(const std::string& name, const std::string& label, const std::string& L,
+                const std::string& V) {
+    const std::string head = label.empty() ? left(name, 34) : left(name, 17) + left(label, 17);
+    return trimmed(head + right(L, 20) + right(V, 20));
+}
+
+std::string pressure(double p, int decimals) {
+    return p >= 0.01 ? fix(p, decimals) : g7(p);
+}
+
+Result Of(std::int16_t mode, const Declare::BatchDataSet& input) {
+    Work w;
+    const auto rho = static_cast<double>(mode == 2 ? input.rhoL : input.rhoV);
+    const bool needsT = mode != 5 && mode != 7 && mode != 13;
+    const bool needsP = mode == 3 || mode == 5 || mode == 7 || mode == 8 || mode == 13;
+    if (needsT) w.T = w.r.Fu[0] = input.T;
+    if (needsP) w.p = w.r.Fu[1] = input.p;
+    switch (mode) {
+        case 1:
+        case 2:
+            given_T_rho(w, rho);
+            break;
+        case 3:
+            given_T_p(w);
+            break;
+        case 4:
+            equilibrium(w, true);
+            break;
+        case 5:
+            equilibrium(w, false);
+            break;
+        case 6:
+            vaporisation(w, true);
+            break;
+        case 7:
+            vaporisation(w, false);
+            break;
+        case 8:
+            caloric_functions(w);
+            break;
+        case 11:
+            virial_coefficients(w);
+            break;
+        case 13:
+            given_p_rho(w, rho);
+            w.r.Fu[0] = w.T;
+            break;
+        default:
+            break;
+    }
+    common_end(w, mode);
+    return w.r;
+}
+
+}  // namespace expected

@@ -1,0 +1,462 @@
+#include <cmath>
+
+#include "calc_test.h"
+#include "calculation/calc_modes.h"
+#include "calculation/partial_choice.h"
+#include "common/numbers.h"
+#include "expected_text.h"
+#include "models/cubic_eos.h"
+#include "models/saturation.h"
+#include "models/virial.h"
+
+namespace {
+
+using Declare::session;
+using expected::fix;
+using expected::g7;
+using testing::Contains;
+using Zentrale::CalcCall;
+using Zentrale::resultText;
+
+/// What the central routine says and does beside its numbers.
+class CalcBatch : public CalcTest {
+  protected:
+    CalcBatch() {
+        use_fluid();
+        use_models({});
+    }
+
+    static double Tc() { return Declare::substance.Tcrit; }
+    static double pc() { return Declare::substance.pcrit; }
+
+    void expect_error(const std::string& red) {
+        EXPECT_EQ(resultText.par1.text, red);
+        EXPECT_TRUE(resultText.par1.red);
+        EXPECT_TRUE(resultText.Liste.empty());
+        EXPECT_EQ(resultText.State, "   ");
+        EXPECT_EQ(Declare::currentResult.State, "   ");
+        EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
+    }
+};
+
+// ---- Input ------------------------------------------------------------------------------------
+
+TEST_F(CalcBatch, FirstPassWithoutInputStopsWithoutAMessageBox) {
+    use_input({});
+    for (const std::int16_t mode : Codes{1, 2, 3, 4, 6, 8, 11}) {
+        EXPECT_TRUE(calculate(mode).Failed) << mode;
+        expect_error("no T in this data set");
+    }
+    for (const std::int16_t mode : Codes{5, 7, 13}) {
+        EXPECT_TRUE(calculate(mode).Failed) << mode;
+        expect_error("No p in this data set");
+    }
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(CalcBatch, SaysWhichOfTwoValuesIsMissing) {
+    use_input({.T = 300});
+    calculate(3);
+    expect_error("No p in this data set");
+    calculate(1);
+    expect_error("no rho in this data set");
+    calculate(2);
+    expect_error("no density in this data set");
+    use_input({.p = 300});
+    calculate(13);
+    expect_error("no rho in this data set");
+}
+
+TEST_F(CalcBatch, RemarksOnTemperaturesBelowTheTriplePointAndGoesOn) {
+    Declare::substance.Ttriple = 250.0F;
+    use_input({.T = 240, .p = 1});
+    calculate(3);
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), "T < T(TP) (Triple Point)");
+    EXPECT_EQ(user.lastTitle(), "Remark");
+    EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Exclamation);
+    EXPECT_NE(resultText.State, "   ");
+    calculate(3, false, false);  // not interactive
+    calculate(16);               // the ideal gas has no triple point
+    use_models({.eos = 16});
+    calculate(3);
+    EXPECT_EQ(user.messages.size(), 1U);
+}
+
+TEST_F(CalcBatch, EverythingOfThePreviousCallIsForgotten) {
+    use_input({.T = 300, .p = 1000});
+    calculate(8);
+    EXPECT_NE(Declare::Fu[20], 0.0);
+    EXPECT_GT(Declare::lastState.Roots, 0);
+    use_input({});
+    calculate(8);
+    for (const double value : Declare::Fu) EXPECT_EQ(value, 0.0);
+    EXPECT_EQ(Declare::lastState.Roots, 0);
+    EXPECT_EQ(Declare::vRoots[0], 0.0);
+    EXPECT_TRUE(resultText.co1.text.empty());
+}
+
+TEST_F(CalcBatch, AnIndexBeyondTheDataHasNoT) {
+    use_input({.T = 300, .p = 100});
+    for (const std::int16_t index : Codes{-1, 2, 30000}) {
+        CalcCall call{.Mode = 3, .Index = index};
+        Zentrale::CalcBatch(call);
+        EXPECT_TRUE(call.Failed);
+        EXPECT_EQ(resultText.par1.text, "no T in this data set");
+    }
+}
+
+// ---- Texts of single cases --------------------------------------------------------------------
+
+TEST_F(CalcBatch, CloseToTheCriticalPointIsNamed) {
+    use_input({.T = Tc() + 0.04, .p = pc() + 0.01});
+    calculate(3);
+    const auto all = lines();
+    ASSERT_GE(all.size(), 5U);
+    EXPECT_EQ(all[0], "Critical point!");
+    EXPECT_EQ(all[1], " T(cr) = 369.89 K");
+    EXPECT_EQ(all[2], " p(cr) = 4251.20 kPa");
+    EXPECT_EQ(all[3], "rho(cr) = " + fix(Declare::eosParameters.rhocritCalc, 1) + " kg/m^3");
+    EXPECT_EQ(all[4], "  v(cr) = " + g7(Declare::eosParameters.vcritCalc) + " m^3/kmol");
+    use_input({.T = Tc() + 0.06, .p = pc()});
+    calculate(3);
+    EXPECT_THAT(lines(), testing::Not(Contains("Critical point!")));
+}
+
+TEST_F(CalcBatch, HalfwayBetweenTheVolumesHalfIsVapour) {
+    const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), 310.0);
+    const double v = 0.5 * (sat.v[0] + sat.v[2]);
+    use_input(
+        {.T = 310, .rhoV = static_cast<float>(static_cast<double>(Declare::substance.M) / v)});
+    calculate(1);
+    EXPECT_EQ(resultText.State, "V+L");
+    ASSERT_FALSE(lines().empty());
+    const std::string label = std::string(22, ' ') + "Vapour fraction y(V) = ";
+    ASSERT_EQ(lines()[0].substr(0, label.size()), label);
+    EXPECT_NEAR(numbers::Val(lines()[0].substr(label.size())), 0.5, 1e-7);
+}
+
+TEST_F(CalcBatch, VirialVolumeBelowBHasNoPressure) {
+    use_models({.eos = 10});
+    Declare::eosParameters.eosB0 = 0.5;
+    Declare::eosParameters.eosNB = 0.0;
+    use_input({.T = 300, .rhoV = 100.0F});  // v = 0.44 m^3/kmol
+    const CalcCall call = calculate(1);
+    EXPECT_TRUE(call.Failed);
+    EXPECT_EQ(call.Pressure, 0.0);
+    EXPECT_EQ(resultText.co2.text, " p = , no p-solution (V < B)");
+    EXPECT_TRUE(resultText.co2.red);
+}
+
+TEST_F(CalcBatch, VolumeBelowTheCovolumeIsReported) {
+    use_input({.T = 300, .rhoV = 900.0F});
+    EXPECT_EQ(calculate(1).Text, "ERROR1");
+    const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
+    EXPECT_THAT(lines(), Contains(report + " (v <= b) ERROR1"));
+    EXPECT_TRUE(resultText.Liste[0].red);
+    session.GlobalCalculation = false;
+    calculate(1);
+    EXPECT_THAT(lines(), Contains(report + " (v <= b)"));
+}
+
+TEST_F(CalcBatch, SmallPressuresAreShownAs32BitValues) {
+    use_input({.T = 300, .p = 0.005});
+    calculate(3);
+    EXPECT_EQ(resultText.par2.text, "p = 0.005 kPa");
+    use_input({.T = 300, .rhoV = 1.0e-5F});
+    const CalcCall call = calculate(1);
+    ASSERT_LT(call.Pressure, 0.01);
+    EXPECT_EQ(resultText.co2.text, " System pressure p/kPa = " + g7(call.Pressure));
+}
+
+TEST_F(CalcBatch, BeyondTheCriticalValueThereIsNoEquilibrium) {
+    use_input({.T = Tc() + 1, .p = pc() + 1});
+    calculate(4);
+    EXPECT_EQ(resultText.par1.text, "T = 370.890 K > T(cr) !!!");
+    EXPECT_TRUE(resultText.par1.red);
+    EXPECT_EQ(resultText.co1.text, "=> supercritical phase (T > T(cr))");
+    calculate(5);
+    EXPECT_EQ(resultText.par1.text, "p = 4252.200 kPa > p(cr) !!!");
+    calculate(6);
+    EXPECT_EQ(resultText.par1.text, "T = 370.890 K >= T(cr) !!!");
+    calculate(7);
+    EXPECT_EQ(resultText.par1.text, "p = 4252.200 kPa >= p(cr) !!!");
+    use_input({.T = Tc(), .p = pc()});
+    EXPECT_TRUE(calculate(6).Failed);
+    EXPECT_TRUE(calculate(7).Failed);
+}
+
+TEST_F(CalcBatch, EquilibriumAtTheCriticalPointHasOneVolume) {
+    use_input({.T = Tc(), .p = pc()});
+    for (const std::int16_t mode : Codes{4, 5}) {
+        const CalcCall call = calculate(mode);
+        EXPECT_FALSE(call.Failed);
+        EXPECT_DOUBLE_EQ(call.Pressure, pc());
+        EXPECT_DOUBLE_EQ(Declare::Fu[9], Declare::eosParameters.vcritCalc);
+        EXPECT_DOUBLE_EQ(Declare::Fu[19], Declare::eosParameters.vcritCalc);
+        EXPECT_EQ(resultText.co1.text, "=> critical point (T = T(cr), p = p(cr))");
+        EXPECT_TRUE(resultText.lblGleich);
+    }
+}
+
+TEST_F(CalcBatch, NamesTheRegionAndItsColumns) {
+    struct Case {
+        double T, p;
+        const char* text;
+        std::int16_t region;
+        const char *L, *V;
+        bool same;
+    };
+    const Case cases[] = {
+        {300, 100, "3 V-solutions of the EOS", 0, "L-Phase", "V-Phase", false},
+        {Tc() + 10, pc() + 10, "=> supercritical phase L = V (T > T(cr), p > p(cr))", 2, "L-Phase",
+         "V-Phase", true},
+        {300, pc() + 10, "=> supercritical L-phase (T < T(cr), p > p(cr))", 1, "L-Phase", "L-Phase",
+         false},
+        {Tc() + 10, pc() - 10, "=> supercritical V-phase (T > T(cr), p < p(cr))", 3, "V-Phase",
+         "V-Phase", false},
+        {Tc(), pc(), "=> critical point (T = T(cr), p = p(cr))", 4, "L-Phase", "V-Phase", true}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        use_input({.T = c.T, .p = c.p});
+        calculate(3);
+        EXPECT_EQ(resultText.co1.text, c.text);
+        EXPECT_EQ(Declare::PhaseRegion, c.region);
+        EXPECT_EQ(resultText.lblLphase, c.L);
+        EXPECT_EQ(resultText.lblVphase, c.V);
+        EXPECT_EQ(resultText.lblGleich, c.same);
+        EXPECT_EQ(resultText.co1.red, c.region != 0);
+        EXPECT_EQ(resultText.co1.bold, c.region != 0);
+    }
+}
+
+TEST_F(CalcBatch, CaptionsStandAboveTheirColumns) {
+    use_input({.T = 300, .p = 997.43});
+    calculate(4);
+    const std::string header = Zentrale::PhaseHeader(resultText);
+    EXPECT_EQ(header, std::string(47, ' ') + "L-Phase" + std::string(13, ' ') + "V-Phase");
+    EXPECT_EQ(header.size(), lines()[1].size());
+    use_input({.T = Tc() + 10, .p = pc() + 10});
+    calculate(3);
+    EXPECT_EQ(Zentrale::PhaseHeader(resultText),
+              std::string(44, ' ') + "L-Phase identical with V-Phase");
+}
+
+TEST_F(CalcBatch, CopiesAsTextAndAsTable) {
+    use_input({.T = 300, .p = 100});
+    calculate(3);
+    const std::string text = Zentrale::ResultAsText(resultText);
+    EXPECT_EQ(text.substr(0, text.find('\n')), "T = 300.000 K");
+    EXPECT_NE(text.find(Zentrale::PhaseHeader(resultText) + "\ndensity "), std::string::npos);
+    const std::string table = Zentrale::ResultAsTable(resultText);
+    EXPECT_NE(table.find("\n\tL-Phase\tV-Phase\ndensity          rho/ (kg/m^3)  =\t\t"),
+              std::string::npos)
+        << table;
+}
+
+TEST_F(CalcBatch, AVapourOnlyModelHasNoRegion) {
+    use_models({.eos = 16});
+    use_input({.T = Tc() + 10, .p = pc() + 10});
+    calculate(3);
+    EXPECT_EQ(resultText.co1.text, "EOS for the V-phase only!");
+    EXPECT_FALSE(resultText.lblGleich);
+}
+
+TEST_F(CalcBatch, WithoutAVapourPressureEquationTheDataSetStandsIn) {
+    session.GlobalCalculation = false;
+    use_models({.vp = "000"});
+    use_benson_reference();
+    use_input({.T = 300});
+    EXPECT_TRUE(calculate(4).Failed);
+    EXPECT_EQ(resultText.co1.text, "No vapour pressur equation available");
+    EXPECT_EQ(resultText.co2.text, "  No p(LV) available from data set");
+    EXPECT_TRUE(resultText.co2.red);
+    use_input({.p = 900});
+    EXPECT_TRUE(calculate(5).Failed);
+    EXPECT_EQ(resultText.co2.text, " No T(LV) available/calculable");
+
+    use_input({.T = 300, .p = 990.5}, true);
+    EXPECT_FALSE(calculate(4).Failed);
+    EXPECT_EQ(resultText.co2.text, " p(LV)(from data set) = 990.5 kPa");
+    EXPECT_DOUBLE_EQ(Declare::Fu[1], 990.5);
+    EXPECT_FALSE(calculate(5).Failed);
+    EXPECT_EQ(resultText.co2.text, " T(LV) (from data set) = 300.0 K");
+    EXPECT_DOUBLE_EQ(Declare::Fu[0], 300.0);
+}
+
+TEST_F(CalcBatch, PartialEquilibriumAboveThePressureOfTheEosHasNoVapourVolume) {
+    session.GlobalCalculation = false;
+    use_models({.vp = "000"});
+    use_benson_reference();
+    // Above the loop of the isotherm there is one root, and it is that of the liquid.
+    use_input({.T = 300, .p = 3000}, true);
+    calculate(4);
+    EXPECT_THAT(lines(), Contains("density          rho/ (kg/m^3)  ="));
+    EXPECT_EQ(Declare::Fu[9], 0.0);
+    EXPECT_EQ(Declare::Fu[19], 0.0);
+}
+
+TEST_F(CalcBatch, WithoutASecondReferencePointPartialDensitiesStayEmpty) {
+    session.GlobalCalculation = false;
+    use_input({.T = 300});
+    const CalcCall call = calculate(4);
+    EXPECT_FALSE(call.Failed);
+    EXPECT_THAT(lines(), Contains("density          rho/ (kg/m^3)  ="));
+    EXPECT_THAT(lines(), Contains("Volume           v/ (m^3/kmol)  ="));
+    EXPECT_EQ(Declare::currentResult.rhoL, 0.0F);
+}
+
+TEST_F(CalcBatch, AnAssumedEquilibriumGetsItsLiquidFromBenson) {
+    use_models({.eos = 16});
+    use_benson_reference();
+    session.AssumedVle = true;
+    use_input({.T = 300, .p = 990});
+    const CalcCall call = calculate(3);
+    EXPECT_TRUE(call.HasL && call.HasV);
+    EXPECT_EQ(resultText.State, "V+L");
+    EXPECT_THAT(lines(), Contains("            by BENSON's method:"));
+    const Declare::BensonPoint& ref = session.BensonReference;
+    const double Tref = static_cast<double>(ref.T);
+    const double rhoV = static_cast<double>(Declare::currentResult.rhoV);
+    const double sum = static_cast<double>(ref.rhoL) + static_cast<double>(ref.rhoV);
+    EXPECT_NEAR(static_cast<double>(Declare::currentResult.rhoL),
+                sum * (300 - Tc()) / (Tref - Tc()) +
+                    2 * Declare::substance.rhocrit * (Tref - 300) / (Tref - Tc()) - rhoV,
+                1e-3);
+}
+
+TEST_F(CalcBatch, FailedVapourPressureEquationIsReported) {
+    use_models({.vp = "AHP", .priority = false});  // propane has no such set
+    use_input({.T = 300, .p = 900});
+    const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
+    EXPECT_TRUE(calculate(4).Failed);
+    EXPECT_THAT(lines(), Contains(report + " (E-1)"));
+    EXPECT_EQ(resultText.State, "   ");
+}
+
+TEST_F(CalcBatch, EosThatFindsNoEquilibriumIsReported) {
+    Declare::models.EOSOnlyV = false;
+    Declare::models.EOSModel = -1;
+    use_input({.T = 300, .p = 900});
+    const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
+    EXPECT_TRUE(calculate(4).Failed);
+    EXPECT_THAT(lines(), Contains(report + " (E-1)"));
+    EXPECT_TRUE(calculate(5).Failed);
+    EXPECT_THAT(lines(), Contains(report + " T(LV) =  (E-1)"));
+}
+
+TEST_F(CalcBatch, NoEnthalpyOfVaporisationIsTold) {
+    use_models({.vp = "000", .hlv = 2});
+    use_input({.T = 300});
+    EXPECT_TRUE(calculate(6).Failed);
+    EXPECT_EQ(lines(), std::vector<std::string>{"no Result"});
+    EXPECT_TRUE(resultText.Liste[0].red);
+    EXPECT_EQ(resultText.co1.text, "No p available");
+    EXPECT_TRUE(resultText.co1.red);
+    EXPECT_EQ(Declare::Fu[29], 0.0);
+}
+
+TEST_F(CalcBatch, MissingHeatCapacityEndsTheFunctionsButNotTheState) {
+    use_models({.cp = 0});
+    use_input({.T = 300, .p = 500, .rhoV = 100});
+    EXPECT_TRUE(calculate(8).Failed);
+    EXPECT_THAT(lines(), Contains("Message from Sub CalcBatch" + std::string(25, ' ') + " (E-1)"));
+    // The mean volume of a two-phase state needs no heat capacity.
+    EXPECT_FALSE(calculate(1).Failed);
+    EXPECT_THAT(lines(), Contains("Density rho       = 100  kg/m^3"));
+}
+
+TEST_F(CalcBatch, ModeWithoutAFunctionShowsOnlyT) {
+    use_input({.T = 300});
+    EXPECT_FALSE(calculate(23).Failed);
+    EXPECT_EQ(resultText.par1.text, "T = 300.000 K");
+    EXPECT_TRUE(resultText.co1.text.empty() && resultText.co2.text.empty());
+    EXPECT_TRUE(lines().empty());
+    EXPECT_DOUBLE_EQ(Declare::Fu[0], 300.0);
+    EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
+}
+
+TEST_F(CalcBatch, PolytropicProcessShowsItsStartAndHidesThePanels) {
+    Declare::processLine.T1 = 310;
+    Declare::processLine.p1 = 450;
+    use_input({});
+    calculate(12);
+    EXPECT_EQ(resultText.par1.text, "T = 310.000 K");
+    EXPECT_EQ(resultText.par2.text, "p = 450.000 kPa");
+    EXPECT_TRUE(resultText.panelsHidden);
+    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 310);
+    use_input({.T = 300, .p = 100});
+    calculate(3);
+    EXPECT_FALSE(resultText.panelsHidden);
+}
+
+// ---- Flags ------------------------------------------------------------------------------------
+
+TEST_F(CalcBatch, QuietCallsWriteNoList) {
+    use_input({.T = 300, .p = 100});
+    const CalcCall call = calculate(3, true);
+    EXPECT_TRUE(call.HasV);
+    EXPECT_TRUE(resultText.Liste.empty());
+    EXPECT_EQ(Declare::currentResult.State, " V ");
+    EXPECT_EQ(Declare::ResultRecords[0].State, " V ");
+}
+
+TEST_F(CalcBatch, TellsPhasesRootsAndFraction) {
+    use_input({.T = 300, .p = 100});
+    CalcCall call = calculate(3);
+    EXPECT_TRUE(!call.HasL && call.HasV);
+    EXPECT_EQ(call.Roots, 3);
+    EXPECT_EQ(call.FractionV, 100.0F);
+    EXPECT_DOUBLE_EQ(call.Pressure, 100.0);
+    use_input({.T = 300, .p = 2000});
+    call = calculate(3);
+    EXPECT_TRUE(call.HasL && !call.HasV);
+    EXPECT_EQ(call.FractionV, 0.0F);
+}
+
+TEST_F(CalcBatch, DiagnosisNeedsAStateOfTheCubicEos) {
+    struct Case {
+        std::int16_t mode;
+        bool enabled;
+    };
+    use_input({.T = 300, .p = 900, .rhoV = 10.0F, .rhoL = 510.0F});
+    const auto check = [&](std::initializer_list<Case> cases) {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(c.mode);
+            ASSERT_FALSE(calculate(c.mode).Failed);
+            EXPECT_EQ(resultText.cmdCEOSDiagnose.enabled, c.enabled);
+            EXPECT_EQ(resultText.cmdCEOSDiagnose.colour, c.enabled ? 0xC0FFC0U : 0U);
+        }
+    };
+    check({{1, true},
+           {2, true},
+           {3, true},
+           {4, true},
+           {5, true},
+           {6, true},
+           {7, true},
+           {8, true},
+           {11, false},
+           {13, true},
+           {15, false},
+           {16, false},
+           {20, false}});
+    use_models({.priority = false, .hlv = 2});
+    check({{3, true}, {4, false}, {5, false}, {6, false}, {7, false}});
+    session.GlobalCalculation = false;
+    check({{1, false}, {3, false}, {8, false}});
+    session.GlobalCalculation = true;
+    use_models({.eos = 16});
+    check({{1, false}, {3, false}, {8, false}});
+}
+
+TEST_F(CalcBatch, ACodeThatDoesNotExistDoesNothing) {
+    use_input({.T = 300, .p = 900});
+    for (const std::int16_t mode : Codes{-1, 0, 25, 32000}) {
+        calculate(mode);
+        EXPECT_TRUE(resultText.par1.text.empty());
+        EXPECT_TRUE(lines().empty());
+    }
+}
+
+}  // namespace

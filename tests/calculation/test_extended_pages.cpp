@@ -1,0 +1,227 @@
+#include <cmath>
+
+#include "calc_test.h"
+#include "common/numbers.h"
+#include "expected_text.h"
+#include "models/caloric.h"
+#include "models/saturation.h"
+#include "models/state_solver.h"
+
+namespace {
+
+using Declare::session;
+using expected::fix;
+using expected::g7;
+using expected::row;
+using expected::signed_exp;
+using Zentrale::resultText;
+
+/// Pages of derivatives, residual functions and caloric functions.
+class ExtendedPages : public CalcTest {
+  protected:
+    ExtendedPages() {
+        use_fluid();
+        use_models({});
+    }
+
+    static thermo::PhaseTable table_at(double T, double p, double v) {
+        return thermo::ResidualFunctions(T, p, v);
+    }
+
+    /// Lines from the first that equals `from`, as many as `count`.
+    static std::vector<std::string> lines_from(const std::string& from, std::size_t count) {
+        const auto all = lines();
+        for (std::size_t i = 0; i < all.size(); ++i)
+            if (all[i] == from)
+                return {all.begin() + static_cast<std::ptrdiff_t>(i),
+                        all.begin() + static_cast<std::ptrdiff_t>(std::min(all.size(), i + count))};
+        return {};
+    }
+
+    static std::string unsigned_exp(double value) {
+        const std::string s = signed_exp(value);
+        return s.front() == ' ' ? s.substr(1) : s;
+    }
+};
+
+TEST_F(ExtendedPages, ResidualFunctionsOfBothPhases) {
+    session.OutputPage = 2;
+    use_input({.T = 300});
+    calculate(4);
+    const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), 300.0);
+    const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), 300.0, sat.p);
+    const auto L = table_at(300, sat.p, state.v[0]), V = table_at(300, sat.p, state.v[2]);
+    const std::string stars(74, '*'), mechanical(68, '*');
+    std::vector<std::string> e = {
+        stars,
+        "diff. Joule-Thomson coefficients; fugacity coeff.; residual functions",
+        stars,
+        "Model: CEOS Peng / Robinson; ideal-gas cp: sinh/cosh equation",
+        "Reference state: h = 0, s = 0, ideal gas at 298.15 K, 101.325 kPa",
+        " (dT/dp) at H (Joule-Thomson coefficient [K/kPa]):",
+        row("", "", signed_exp(L.residual[7]), signed_exp(V.residual[7]))};
+    const char* names[] = {
+        "     ln (phi*) : ", "    dln phi/dT : ", "  d2ln phi/dT² : ", "   (s-s_idG)/R : ",
+        "   (h-h_idG)/R : ", "   (g-g_idG)/R : ", " (cp-cp_idG)/R : "};
+    for (std::size_t i = 0; i < 7; ++i) {
+        if (i == 3) e.emplace_back("Residual Functions:");
+        e.push_back(row(names[i], "", signed_exp(L.residual[i]), signed_exp(V.residual[i])));
+    }
+    e.insert(e.end(), {mechanical, "                    Mechanical Coefficients", mechanical});
+    const double vL = state.v[0], vV = state.v[2];
+    e.push_back(
+        row(" alpha/(1/K)   : ", "", unsigned_exp(L.first[4] / vL), unsigned_exp(V.first[4] / vV)));
+    e.push_back(row("   chi/(1/kPa) : ", "", unsigned_exp(-L.first[3] / vL),
+                    unsigned_exp(-V.first[3] / vV)));
+    e.push_back(row("  beta/(1/K)   : ", "", unsigned_exp(L.first[2] / sat.p),
+                    unsigned_exp(V.first[2] / sat.p)));
+    EXPECT_EQ(lines_from(stars, e.size()), e);
+
+    EXPECT_DOUBLE_EQ(Declare::Fu[38], L.residual[7]);
+    EXPECT_DOUBLE_EQ(Declare::Fu[34], V.residual[7]);
+    EXPECT_DOUBLE_EQ(Declare::Fu[35], V.first[4] / vV) << "the V phase wins";
+    EXPECT_DOUBLE_EQ(Declare::Fu[36], -V.first[3] / vV);
+    EXPECT_DOUBLE_EQ(Declare::Fu[37], V.first[2] / sat.p);
+    EXPECT_DOUBLE_EQ(Declare::currentResult.FuL.extended[0], L.first[1]);
+    EXPECT_DOUBLE_EQ(Declare::currentResult.FuV.extended[22], V.residual[8]);
+}
+
+TEST_F(ExtendedPages, OnePhaseLeavesTheOtherColumnEmpty) {
+    session.OutputPage = 4;
+    use_input({.T = 300, .p = 500});
+    calculate(3);
+    const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), 300.0, 500.0);
+    const auto V = table_at(300, 500, state.v[2]);
+    EXPECT_TRUE(has_line(row("     ln (phi*) : ", "", "", signed_exp(V.residual[0]))));
+    EXPECT_TRUE(has_line(row(" (dp/dV) at T  : ", "", "", signed_exp(V.first[1]))));
+    EXPECT_EQ(Declare::Fu[38], 0.0);
+    EXPECT_DOUBLE_EQ(Declare::Fu[34], V.residual[7]);
+
+    use_input({.T = 300, .p = 3000});
+    calculate(3);
+    EXPECT_EQ(Declare::Fu[34], 0.0);
+    EXPECT_NE(Declare::Fu[38], 0.0);
+    EXPECT_NE(Declare::Fu[35], 0.0) << "without a V phase the L phase remains";
+}
+
+TEST_F(ExtendedPages, DerivativesFollowTheUnitOfVolume) {
+    const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), 300.0, 500.0);
+    const auto V = table_at(300, 500, state.v[2]);
+    const double M = static_cast<double>(Declare::substance.M);
+    const auto points = thermo::InflexionPoints(300.0);
+    ASSERT_EQ(points.count, 2);
+    for (const int unit : {0, 1, 2}) {
+        SCOPED_TRACE(unit);
+        use_units(unit);
+        session.OutputPage = 3;
+        use_input({.T = 300, .p = 500});
+        calculate(3);
+        const bool specific = unit == 1;
+        const double m = specific ? M : 1.0;
+        const std::string stars(74, '*');
+        std::vector<std::string> e = {
+            stars,
+            std::string("                    derivatives with respect to T, p, v") +
+                (specific ? " (specif.)" : " (molar)"),
+            stars,
+            row(" (dp/dV) at T  : ", "", "", signed_exp(V.first[1] * m)),
+            row(" (dp/dT) at v  : ", "", "", signed_exp(V.first[2])),
+            row(" (dV/dp) at T  : ", "", "", signed_exp(V.first[3] / m)),
+            row(" (dV/dT) at p  : ", "", "", signed_exp(V.first[4] / m)),
+            row(" (dT/dV) at p  : ", "", "", signed_exp(V.first[5] * m)),
+            row(" (dT/dp) at v  : ", "", "", signed_exp(V.first[6])),
+            row("       d2p/dV² : ", "", "", signed_exp(V.second[1] * m * m)),
+            row("       d2V/dT² : ", "", "", signed_exp(V.second[2] / m)),
+            row("       d2T/dV² : ", "", "", signed_exp(V.second[3] * m * m))};
+        EXPECT_EQ(lines_from(stars, e.size()), e);
+        const std::string kind = specific ? " m^3/kg" : " m^3/kmol";
+        const std::string first =
+            "1st point of inflexion p-v isoth.: v = " + expected::between(points.v[0] / m, 4, 5) +
+            kind + ", p = " + fix(points.p[0], 0) + " kPa (cf. 2nd deriv.=";
+        bool found = false;
+        for (const std::string& line : lines()) found = found || line.rfind(first, 0) == 0;
+        EXPECT_TRUE(found) << first;
+    }
+}
+
+TEST_F(ExtendedPages, NoInflexionIsToldInOneLine) {
+    use_models({.eos = 16});
+    session.OutputPage = 3;
+    use_input({.T = 300, .p = 500});
+    calculate(3);
+    EXPECT_TRUE(has_line("Inflection point of p-v isoth.: No solution found"));
+}
+
+TEST_F(ExtendedPages, FunctionsOfTheEquilibrium) {
+    session.EquilibriumFunctions = true;
+    for (const int unit : {0, 1}) {
+        SCOPED_TRACE(unit);
+        use_units(unit);
+        use_input({.T = 300});
+        calculate(4);
+        const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), 300.0);
+        const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), 300.0, sat.p);
+        const auto L = thermo::StateFunctions(300, sat.p, state.v[0]);
+        const auto V = thermo::StateFunctions(300, sat.p, state.v[2]);
+        const double f = unit == 1 ? 1.0 / static_cast<double>(Declare::substance.M) : 1.0;
+        const std::string stars(74, '*');
+        const auto page = lines_from(stars, 6 + 11);
+        ASSERT_EQ(page.size(), 17U);
+        EXPECT_EQ(page[1], "                               thermodynamic Fu(T)");
+        EXPECT_EQ(page[2], stars);
+        EXPECT_EQ(page[3], "Model: CEOS Peng / Robinson; ideal-gas cp: sinh/cosh equation");
+        EXPECT_EQ(page[7], row("Enthalpy", unit == 1 ? "h/ (kJ/kg)     = " : "h/ (kJ/kmol)   = ",
+                               g7(L.h * f), g7(V.h * f)));
+        // On this page a stands for u - p v.
+        EXPECT_EQ(page[11],
+                  row("Helmholtz Funct.", unit == 1 ? "a/ (kJ/kg)     = " : "a/ (kJ/kmol)   = ",
+                      g7((L.u - sat.p * state.v[0]) * f), g7((V.u - sat.p * state.v[2]) * f)));
+        EXPECT_NEAR(Declare::Fu[14], (V.u - sat.p * state.v[2]) * f, 1e-6);
+        EXPECT_NEAR(Declare::Fu[24], (L.u - sat.p * state.v[0]) * f, 1e-6);
+        EXPECT_NEAR(Declare::Fu[11], V.s * f, 1e-9);
+        EXPECT_NEAR(Declare::Fu[39], L.w, 1e-9);
+    }
+}
+
+TEST_F(ExtendedPages, WithoutHeatCapacityOnlyTheEquationOfStateSpeaks) {
+    use_models({.cp = 0});
+    session.OutputPage = 2;
+    session.EquilibriumFunctions = true;
+    use_input({.T = 300, .p = 500});
+    EXPECT_FALSE(calculate(3).Failed);
+    EXPECT_TRUE(has_line("no Result"));
+    EXPECT_TRUE(has_line("Residual Functions:"));
+    EXPECT_EQ(Declare::Fu[10], 0.0);
+}
+
+TEST_F(ExtendedPages, StayAwayFromModesWithoutAState) {
+    session.OutputPage = 4;
+    session.EquilibriumFunctions = true;
+    use_input({.T = 300, .p = 500});
+    for (const std::int16_t mode : Codes{6, 7, 11, 15, 16, 20}) {
+        calculate(mode);
+        for (const std::string& line : lines())
+            EXPECT_EQ(line.find("***"), std::string::npos) << mode;
+    }
+}
+
+TEST_F(ExtendedPages, NameEveryKindOfReferenceState) {
+    session.EquilibriumFunctions = true;
+    use_input({.T = 300, .p = 500});
+    Declare::reference.RefMode = 2;
+    calculate(3);
+    EXPECT_TRUE(
+        has_line("Reference state: conventional h and s, ideal gas at 298.15 K, 101.325 kPa"));
+    Declare::reference.RefMode = 10;
+    calculate(3);
+    EXPECT_TRUE(
+        has_line("Reference state: quantities of formation, ideal gas at 298.15 K, 101.325 kPa"));
+    Declare::reference = {1, 100.0, 0.5, 273.15F, 100.0F, 283.15, 95.0};
+    calculate(3);
+    EXPECT_TRUE(
+        has_line("Reference state: h = 100 kJ/kmol, s = 0.5 kJ/(kmol K), ideal gas at "
+                 "273.15 K, 100 kPa"));
+    EXPECT_TRUE(has_line("Surroundings for exergies: 283.15 K, 95 kPa"));
+}
+
+}  // namespace

@@ -1,0 +1,256 @@
+#include <map>
+
+#include "datafiles/csv_table.h"
+#include "datafiles/database.h"
+#include "datafiles/database_builder.h"
+#include "datafiles/database_table.h"
+#include "datafiles/search.h"
+#include "support/fluids.h"
+#include "support/session_test.h"
+
+namespace {
+
+using LoadSaveData::DatabaseTable;
+using LoadSaveData::NameField;
+using LoadSaveData::ReadDatabaseTable;
+
+constexpr const char* kHead = "formula,name_en,casrn,M,Tcrit,pcrit";
+
+std::string with_head(std::string_view moreColumns, std::string_view rows) {
+    std::string csv = kHead;
+    csv.append(moreColumns).append("\n").append(rows);
+    return csv;
+}
+
+DatabaseTable table(std::string_view moreColumns, std::string_view row) {
+    return ReadDatabaseTable(with_head(moreColumns, row));
+}
+
+float slot(const DatabaseTable& t, std::size_t record, int k) {
+    return t.records.at(record).values[static_cast<std::size_t>(k - 1)];
+}
+
+TEST(DatabaseTable, ARowBecomesARecord) {
+    const DatabaseTable t =
+        table(",WAG_1,cpPoly_0,rhoL_2,hLV_6,WAG_TLo,WAG_THi",
+              "C3H8,Propane,74-98-6,44.096,369.89,4251.2,-6.76,30.5,2.5,1.5,145,369");
+    ASSERT_TRUE(t.errors.empty()) << t.errors.front();
+    ASSERT_EQ(t.records.size(), 1U);
+    EXPECT_EQ(slot(t, 0, 1), 44.096F);
+    EXPECT_EQ(slot(t, 0, 7), 369.89F);
+    EXPECT_EQ(slot(t, 0, 8), 4251.2F);
+    EXPECT_EQ(slot(t, 0, 49), -6.76F);
+    EXPECT_EQ(slot(t, 0, 62), 30.5F);
+    EXPECT_EQ(slot(t, 0, 15), 2.5F);
+    EXPECT_EQ(slot(t, 0, 102), 1.5F);
+    EXPECT_EQ(slot(t, 0, 59), 145.0F);
+    EXPECT_EQ(slot(t, 0, 60), 369.0F);
+    EXPECT_EQ(t.records[0].number, 1);
+    EXPECT_EQ(LoadSaveData::FieldText(t.records[0].formula), "C3H8        ");
+}
+
+TEST(DatabaseTable, AnEmptyCellIsNothingAndAZeroIsARealZeroButForBounds) {
+    const DatabaseTable t =
+        table(",dfh,dfg,rhoLTLo,rhoLTHi,rhoL_2,omega", "He,Helium,1,4,5,228,0,,0,0,-0.0,1e-60");
+    ASSERT_TRUE(t.errors.empty()) << t.errors.front();
+    EXPECT_EQ(slot(t, 0, 86), 1e-37F);
+    EXPECT_EQ(slot(t, 0, 88), 0.0F);
+    EXPECT_EQ(slot(t, 0, 22), 0.0F);
+    EXPECT_EQ(slot(t, 0, 23), 0.0F);
+    EXPECT_EQ(slot(t, 0, 15), 1e-37F);
+    EXPECT_EQ(slot(t, 0, 10), 1e-37F);
+}
+
+TEST(DatabaseTable, EverySlotCanBeGivenByItsNumber) {
+    std::string columns, row = "X,Y,1,1,1,1";
+    for (int k = 2; k <= 124; ++k) {
+        if (k == 7 || k == 8) continue;
+        columns.append(",slot_").append(std::to_string(k));
+        row.append(",").append(std::to_string(k));
+    }
+    const DatabaseTable t = table(columns, row);
+    ASSERT_TRUE(t.errors.empty()) << t.errors.front();
+    for (int k = 2; k <= 124; ++k) {
+        const float expected = k == 7 || k == 8 ? 1.0F : static_cast<float>(k);
+        EXPECT_EQ(slot(t, 0, k), expected);
+    }
+    // Slot 46 is a bound also under its number.
+    EXPECT_EQ(slot(table(",slot_46", "X,Y,1,1,1,1,0"), 0, 46), 0.0F);
+}
+
+TEST(DatabaseTable, NumbersCountUpOrAreGiven) {
+    const DatabaseTable counted = table("", "A,A,1,1,1,1\nB,B,2,1,1,1\n");
+    EXPECT_EQ(counted.records.at(1).number, 2);
+    const DatabaseTable given = table(",number", "A,A,1,1,1,1,417");
+    EXPECT_EQ(given.records.at(0).number, 417);
+    EXPECT_EQ(table(",number", "A,A,1,1,1,1,0").errors.at(0),
+              "Line 2, column number: \"0\" is no substance number.");
+}
+
+TEST(DatabaseTable, SynonymsStandBehindTheNameAsFarAsWholeOnesFit) {
+    EXPECT_EQ(NameField("Ethane", ""), "Ethane");
+    EXPECT_EQ(NameField("Ethane", "R-170; bimethyl"), "Ethane;R-170;bimethyl");
+    // 40 characters exactly, then one too many: the rest is left out even where a shorter one
+    // follows.
+    EXPECT_EQ(NameField("0123456789012345678", "01234567890123456789"),
+              "0123456789012345678;01234567890123456789");
+    EXPECT_EQ(NameField("0123456789012345678", "012345678901234567890;x"), "0123456789012345678");
+    EXPECT_EQ(NameField("Ameisensäure; Methansäure", "HCOOH"), "Ameisensäure;Methansäure;HCOOH");
+    EXPECT_EQ(NameField("ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ", "ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ"),
+              "ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ;ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ");
+}
+
+TEST(DatabaseTable, TextsAreWrittenInTheAnsiCodePage) {
+    const DatabaseTable t =
+        table(",synonyms_en,name_de,synonyms_de",
+              "C2H6O,Ethanol,64-17-5,46,514,6148,alcohol;spirit,Äthanol,Weingeist");
+    ASSERT_TRUE(t.errors.empty()) << t.errors.front();
+    const auto& r = t.records[0];
+    EXPECT_EQ(std::string(r.nameEnglish.begin(), r.nameEnglish.begin() + 23),
+              "Ethanol;alcohol;spirit ");
+    EXPECT_EQ(std::string(r.nameGerman.begin(), r.nameGerman.begin() + 18),
+              "\xC4thanol;Weingeist ");
+}
+
+TEST(DatabaseTable, BadTablesAreToldWithLineAndColumn) {
+    const auto first = [](const std::string& csv) { return ReadDatabaseTable(csv).errors.at(0); };
+    const auto first_row = [&](std::string_view rows) { return first(with_head("", rows)); };
+    EXPECT_EQ(first(""), "The table is empty.");
+    EXPECT_EQ(first_row(""), "The table has no substances.");
+    EXPECT_EQ(first("formula,name_en,casrn,M,Tcrit\n"),
+              "Line 1, column pcrit: this column is missing.");
+    EXPECT_EQ(first(with_head(",Tkrit", "")), "Line 1, column Tkrit: there is no such column.");
+    EXPECT_EQ(first(with_head(",slot_125", "")),
+              "Line 1, column slot_125: there is no such column.");
+    EXPECT_EQ(first(with_head(",M", "")), "Line 1, column M: this column is there twice.");
+    EXPECT_EQ(first_row("\nA,A,1,1,1,1\nB,B,2,1,x,1\n"),
+              "Line 4, column Tcrit: \"x\" is not a number.");
+    EXPECT_EQ(first_row("A,A,1,1,1.5.2,1\n"), "Line 2, column Tcrit: \"1.5.2\" is not a number.");
+    EXPECT_EQ(first_row("A,A,1,1,1e39,1\n"), "Line 2, column Tcrit: 1e39 is too large.");
+    EXPECT_EQ(first_row("A,A,1,1,inf,1\n"), "Line 2, column Tcrit: \"inf\" is not a number.");
+    EXPECT_EQ(first_row("A,A,1,1,1\n"), "Line 2: it has 5 cells, but there are 6 columns.");
+    EXPECT_EQ(first_row("A,,1,1,1,1\n"), "Line 2, column name_en: the name is missing.");
+    EXPECT_EQ(first_row("0123456789012,A,1,1,1,1\n"),
+              "Line 2, column formula: \"0123456789012\" is longer than 12 characters.");
+    EXPECT_EQ(first_row("A,A→B,1,1,1,1\n"),
+              "Line 2, column name_en: \"A→B\" has a character that a database cannot hold.");
+    EXPECT_EQ(first_row("A,A,1,1,1,1\nB,B,1,1,1,1\n"),
+              "Line 3, column casrn: 1 stands in line 2 already.");
+    EXPECT_EQ(first_row("A,\"A,1,1,1,1\n"), "Line 2: a quote is opened and never closed.");
+    EXPECT_EQ(table(",WAG_TLo,WAG_THi", "A,A,1,1,1,1,300,200").errors.at(0),
+              "Line 2, column WAG_TLo: the lower bound is above the upper one.");
+    EXPECT_EQ(table(",WAG_TLo", "A,A,1,1,1,1,-5").errors.at(0),
+              "Line 2, column WAG_TLo: -5 is no temperature bound.");
+}
+
+TEST(DatabaseTable, ABadTableGivesNoRecordsAndNoFloodOfErrors) {
+    std::string csv = with_head("", "");
+    for (int i = 0; i < 1000; ++i) csv.append("A,A,").append(std::to_string(i)).append(",x,1,1\n");
+    const DatabaseTable t = ReadDatabaseTable(csv);
+    EXPECT_TRUE(t.records.empty());
+    EXPECT_EQ(t.errors.size(), 20U);
+}
+
+TEST(DatabaseTable, MoreSubstancesThanTheCountHoldsAreRefused) {
+    std::string csv = with_head("", "");
+    for (int i = 0; i < 32768; ++i) csv.append("A,A,").append(std::to_string(i)).append(",1,1,1\n");
+    EXPECT_EQ(ReadDatabaseTable(csv).errors.at(0), "A database holds at most 32767 substances.");
+}
+
+TEST(DatabaseTable, QuotedCellsHoldCommasQuotesAndLineEnds) {
+    const LoadSaveData::CsvTable t = LoadSaveData::SplitCsv(
+        "\xEF\xBB\xBF"
+        "a,\"b,\"\"c\"\"\nd\"\r\n\r\ne,\r\nf");
+    ASSERT_EQ(t.rows.size(), 3U);
+    EXPECT_EQ(t.rows[0].cells, (std::vector<std::string>{"a", "b,\"c\"\nd"}));
+    EXPECT_EQ(t.rows[1].cells, (std::vector<std::string>{"e", ""}));
+    EXPECT_EQ(t.rows[1].line, 4U);
+    EXPECT_EQ(t.rows[2].cells, (std::vector<std::string>{"f"}));
+    EXPECT_EQ(t.rows[2].line, 5U);
+}
+
+// The whole way of the system's own table
+
+class StudentDatabase : public SessionTest {
+  protected:
+    StudentDatabase() {
+        const DatabaseTable t =
+            ReadDatabaseTable(builder::ReadFile(std::string(QUOR_SOURCE_DATA) + "/substances.csv"));
+        for (const std::string& error : t.errors) ADD_FAILURE() << error;
+        builder::WriteFile(folder() / "S.Q05", LoadSaveData::DatabaseBytes(t.records));
+        EXPECT_FALSE(LoadSaveData::OpenDatabaseFile("S.Q05").notUsable);
+    }
+    ~StudentDatabase() override { LoadSaveData::CloseDatabase(); }
+};
+
+void expect_equal(const Declare::CpSet& a, const Declare::CpSet& b) {
+    EXPECT_EQ(a.c, b.c);
+    EXPECT_EQ(a.TLo, b.TLo);
+    EXPECT_EQ(a.THi, b.THi);
+}
+
+TEST_F(StudentDatabase, EverySubstanceReadsAsItsRowSays) {
+    const std::vector<std::string> names = fluids::AllNames();
+    ASSERT_EQ(Declare::session.SubstanceCount, static_cast<int>(names.size()));
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        SCOPED_TRACE(names[i]);
+        Declare::substance = {};
+        bool noCriticalData = true;
+        ASSERT_TRUE(LoadSaveData::ReadSubstance(static_cast<std::int16_t>(i + 1), noCriticalData));
+        EXPECT_FALSE(noCriticalData);
+        // Read from the table by the tests' own reader.
+        const Declare::SubstanceRecord expected = fluids::Row(names[i]);
+        const Declare::SubstanceRecord& r = Declare::substance;
+        EXPECT_EQ(r.Name, expected.Name);
+        EXPECT_EQ(r.Formula, expected.Formula);
+        EXPECT_EQ(r.CASRN, expected.CASRN);
+        EXPECT_EQ(r.M, expected.M);
+        EXPECT_EQ(r.Tcrit, expected.Tcrit);
+        EXPECT_EQ(r.pcrit, expected.pcrit);
+        EXPECT_EQ(r.rhocrit, expected.rhocrit);
+        EXPECT_EQ(r.vcritExp, expected.vcritExp);
+        EXPECT_EQ(r.omega, expected.omega);
+        EXPECT_EQ(r.Tboil, expected.Tboil);
+        EXPECT_EQ(r.Ttriple, expected.Ttriple);
+        EXPECT_EQ(r.ptriple, expected.ptriple);
+        EXPECT_EQ(r.dfh, expected.dfh);
+        EXPECT_EQ(r.dfg, expected.dfg);
+        EXPECT_EQ(r.sconv, expected.sconv);
+        EXPECT_EQ(r.WAG.a, expected.WAG.a);
+        EXPECT_EQ(r.WAG.TLo, expected.WAG.TLo);
+        EXPECT_EQ(r.FRO.a, expected.FRO.a);
+        EXPECT_EQ(r.FRO.THi, expected.FRO.THi);
+        EXPECT_EQ(r.ALP.B, expected.ALP.B);
+        EXPECT_EQ(r.AHP.C, expected.AHP.C);
+        EXPECT_EQ(r.rhoLPar, expected.rhoLPar);
+        EXPECT_EQ(r.rhoLTLo, expected.rhoLTLo);
+        EXPECT_EQ(r.rhoLTHi, expected.rhoLTHi);
+        EXPECT_EQ(r.rhoSPar, expected.rhoSPar);
+        EXPECT_EQ(r.hLVPar, expected.hLVPar);
+        EXPECT_EQ(r.hLVTc, expected.hLVTc);
+        expect_equal(r.cpPoly, expected.cpPoly);
+        expect_equal(r.cpSinh, expected.cpSinh);
+        expect_equal(r.cpL, expected.cpL);
+        expect_equal(r.cpS, expected.cpS);
+        EXPECT_EQ(r.hasCpPoly, expected.hasCpPoly);
+        EXPECT_EQ(r.hasCpSinh, expected.hasCpSinh);
+        EXPECT_EQ(r.hasCpL, expected.hasCpL);
+        EXPECT_EQ(r.hasCpS, expected.hasCpS);
+        EXPECT_EQ(r.WatsonH, expected.WatsonH);
+        EXPECT_EQ(r.WatsonT, expected.WatsonT);
+    }
+}
+
+TEST_F(StudentDatabase, KnownFiguresOfCarbonDioxideArrive) {
+    bool noCriticalData = false;
+    ASSERT_TRUE(LoadSaveData::ReadSubstance(LoadSaveData::FindByCasrn("124-38-9"), noCriticalData));
+    EXPECT_EQ(Declare::substance.Name, "Carbon dioxide");
+    // Span and Wagner (1996): 304.1282 K, 7377.3 kPa, 467.6 kg/m^3; M from the atomic weights.
+    EXPECT_NEAR(Declare::substance.M, 44.0095, 0.001);
+    EXPECT_NEAR(Declare::substance.Tcrit, 304.1282, 0.0001);
+    EXPECT_NEAR(Declare::substance.pcrit, 7377.3, 0.1);
+    EXPECT_NEAR(Declare::substance.rhocrit, 467.6, 0.01);
+    EXPECT_NEAR(Declare::substance.omega, 0.224, 0.001);
+}
+
+}  // namespace

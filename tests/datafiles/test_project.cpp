@@ -1,0 +1,436 @@
+#include "common/numbers.h"
+#include "datafiles/database.h"
+#include "datafiles/database_builder.h"
+#include "datafiles/project.h"
+#include "session/module2.h"
+#include "support/session_test.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Declare::models;
+using Declare::reference;
+using Declare::session;
+using LoadSaveData::ProjectResult;
+
+/// The text of a project with settings of its own for every item.
+constexpr const char* kProject =
+    "15.11.2026\r\n"
+    "my comment\r\n"
+    "A.Q05\r\n"
+    "74-98-6     \r\n"
+    "310.25\r\n"   // 5 DiagramT
+    "1500.5\r\n"   // 6 DiagramP
+    "0.125\r\n"    // 7 DiagramV
+    "0.02\r\n"     // 8 CaloricFactor
+    "1\r\n"        // 9 UnitMode
+    "3\r\n"        // 10 CaloricUnit
+    "#FALSE#\r\n"  // 11 CurveRealRangeOnly
+    "450\r\n"      // 12 PointsPerCurve
+    "\",\"\r\n"    // 13 CsvSeparator
+    "3\r\n"        // 14 VPModel
+    "5\r\n"        // 15 EOSModel
+    "2\r\n"        // 16 CpModel
+    "4\r\n"        // 17 HLVModel
+    "0.375\r\n"    // 18 WatsonN
+    "#FALSE#\r\n"  // 19 PriorityCEOS
+    "10\r\n"       // 20 RefMode
+    "-100.5\r\n"   // 21 href
+    "2.5\r\n"      // 22 sref
+    "273.15\r\n"   // 23 T0
+    "100\r\n"      // 24 p0
+    "288.15\r\n"   // 25 Tenv
+    "95.5\r\n"     // 26 penv
+    "-1\r\n"       // 27 BatchMode
+    "-1\r\n"       // 28 CurveSWithoutTieLine
+    "-1\r\n"       // 29 PartialGasCurve
+    "2.5\r\n"      // 30 tank V
+    "12.5\r\n"     // 31 tank m
+    "299.5\r\n";   // 32 tank T
+
+class Project : public SessionTest {
+  protected:
+    Project() {
+        LoadSaveData::CloseDatabase();
+        builder::WriteFile(folder() / "A.Q05", builder::Database({builder::Plain("Other", "1-1-1"),
+                                                                  builder::Propane()}));
+    }
+    ~Project() override { LoadSaveData::CloseDatabase(); }
+
+    void open_and_choose() {
+        LoadSaveData::LoadDatabase("A.Q05");
+        choose(2);
+    }
+    static void choose(std::int16_t index) {
+        bool noCriticalData = false;
+        LoadSaveData::ReadSubstance(index, noCriticalData);
+        session.CurrentSubstance = index;
+    }
+    ProjectResult load(const std::string& text, const std::string& name = "P.QCF") {
+        builder::WriteFile(folder() / name, text);
+        return LoadSaveData::LoadProject((folder() / name).string());
+    }
+    static void expect_settings_of_the_project() {
+        EXPECT_EQ(session.DiagramT, 310.25);
+        EXPECT_EQ(session.DiagramP, 1500.5);
+        EXPECT_EQ(session.DiagramV, 0.125);
+        EXPECT_EQ(session.CaloricFactor, 0.02);
+        EXPECT_EQ(session.UnitMode, 1);
+        EXPECT_EQ(session.CaloricUnit, 3);
+        EXPECT_FALSE(session.CurveRealRangeOnly);
+        EXPECT_EQ(session.PointsPerCurve, 450);
+        EXPECT_EQ(session.CsvSeparator, ',');
+        EXPECT_EQ(models.VPModel, 3);
+        EXPECT_EQ(models.EOSModel, 5);
+        EXPECT_EQ(models.CpModel, 2);
+        EXPECT_EQ(models.HLVModel, 4);
+        EXPECT_EQ(models.WatsonN, 0.375F);
+        EXPECT_FALSE(models.PriorityCEOS);
+        EXPECT_EQ(reference.RefMode, 10);
+        EXPECT_EQ(reference.href, -100.5);
+        EXPECT_EQ(reference.sref, 2.5);
+        EXPECT_EQ(reference.T0, 273.15F);
+        EXPECT_EQ(reference.p0, 100.0F);
+        EXPECT_EQ(reference.Tenv, 288.15);
+        EXPECT_EQ(reference.penv, 95.5);
+        EXPECT_TRUE(session.BatchMode);
+        EXPECT_TRUE(session.CurveSWithoutTieLine);
+        EXPECT_TRUE(session.PartialGasCurve);
+        EXPECT_EQ(session.tank.V, 2.5F);
+        EXPECT_EQ(session.tank.m, 12.5F);
+        EXPECT_EQ(session.tank.T, 299.5F);
+    }
+};
+
+TEST_F(Project, EveryItemIsRead) {
+    const ProjectResult result = load(kProject);
+    EXPECT_TRUE(result.loaded);
+    EXPECT_TRUE(result.substanceFound);
+    EXPECT_TRUE(result.modelsComplete);
+    EXPECT_FALSE(result.noCriticalData);
+    expect_settings_of_the_project();
+    EXPECT_EQ(session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(session.CurrentSubstance, 2);
+    EXPECT_EQ(Declare::substance.Name, "Propane");
+    EXPECT_EQ(session.ProjectComment, "my comment");
+    EXPECT_EQ(session.ProjectFile, "P.QCF");
+    EXPECT_EQ(session.FolderProject, (folder() / "").string());
+    EXPECT_TRUE(session.ProjectLoaded);
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(Project, WhatFollowsFromTheSettingsIsDerived) {
+    load(kProject);
+    EXPECT_EQ(models.VPCode, "FRO");
+    EXPECT_FALSE(models.EOSOnlyV);
+    EXPECT_GT(Declare::eosParameters.vcritCalc, 0.0);
+    EXPECT_NE(Declare::substance.KFW.a[0], 0.0F);
+    EXPECT_NE(Declare::substance.KFR.a[0], 0.0F);
+    EXPECT_NE(Declare::substance.THO.A, 0.0F);
+    EXPECT_EQ(session.VolumeLabel, "m^3/kg  ");
+    EXPECT_DOUBLE_EQ(session.VolumeFactor, 1.0 / static_cast<double>(44.096F));
+}
+
+TEST_F(Project, SavingWritesTheItemsInTheirOrder) {
+    load(kProject);
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    user.inputAnswers.push_back("my comment");
+    EXPECT_TRUE(LoadSaveData::SaveProject(true));
+    EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
+    EXPECT_EQ(session.ProjectFile, "B.QCF");
+}
+
+TEST_F(Project, TheDecimalMarkOfTheLocaleDoesNotReachTheFile) {
+    load(kProject);
+    numbers::set_decimal_mark(',');
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    EXPECT_TRUE(LoadSaveData::SaveProject(true));
+    EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
+    Module2::ResetEverything();
+    LoadSaveData::LoadProject((folder() / "B.QCF").string());
+    expect_settings_of_the_project();
+}
+
+TEST_F(Project, AFileWithDecimalCommasReadsTheSame) {
+    std::string text = kProject;
+    for (std::size_t i = text.find("310.25"); i < text.size(); ++i)
+        if (text[i] == '.') text[i] = ',';
+    load(text);
+    expect_settings_of_the_project();
+}
+
+TEST_F(Project, LineEndsOfOtherSystemsReadTheSame) {
+    std::string text;
+    for (const char c : std::string(kProject))
+        if (c != '\r') text += c;
+    load(text);
+    expect_settings_of_the_project();
+}
+
+TEST_F(Project, ValuesComeBackExactly) {
+    open_and_choose();
+    session.DiagramT = 1.0 / 3.0;
+    session.DiagramP = 123456789.123456789;
+    reference.href = -1e-7;
+    models.WatsonN = 0.1F;
+    session.CsvSeparator = '\t';
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    ASSERT_TRUE(LoadSaveData::SaveProject(true));
+    Module2::ResetEverything();
+    EXPECT_TRUE(LoadSaveData::LoadProject((folder() / "B.QCF").string()).loaded);
+    EXPECT_EQ(session.DiagramT, 1.0 / 3.0);
+    EXPECT_EQ(session.DiagramP, 123456789.123456789);
+    EXPECT_EQ(reference.href, -1e-7);
+    EXPECT_EQ(models.WatsonN, 0.1F);
+    EXPECT_EQ(session.CsvSeparator, '\t');
+}
+
+TEST_F(Project, SavingAsksForNameAndComment) {
+    open_and_choose();
+    session.ProjectComment = "earlier";
+    session.ProjectFile = "OLD.QCF";
+    user.fileAnswers.push_back("B");
+    user.inputAnswers.push_back(std::nullopt);
+    EXPECT_TRUE(LoadSaveData::SaveProject(true));
+    ASSERT_EQ(user.files.size(), 1U);
+    EXPECT_TRUE(user.files[0].save);
+    EXPECT_EQ(user.files[0].title, "save actual project as ...");
+    EXPECT_EQ(user.files[0].filter, "Project (*.QCF)|*.QCF");
+    EXPECT_EQ(user.files[0].defaultExtension, ".QCF");
+    EXPECT_TRUE(user.files[0].overwritePrompt);
+    EXPECT_EQ(user.files[0].folder, (folder() / "").string());
+    ASSERT_EQ(user.inputs.size(), 1U);
+    EXPECT_EQ(user.inputs[0].title, " File comment (optional) ");
+    EXPECT_EQ(user.inputs[0].text, "Input text for comment\n<Cancel> = No Comment");
+    EXPECT_EQ(user.inputs[0].proposal, "earlier");
+    // A name without a folder goes to the project folder; a cancel of the comment means none.
+    const std::string text = builder::ReadFile(folder() / "B.QCF");
+    EXPECT_EQ(text.substr(0, 46), "15.11.2026\r\n\r\nA.Q05\r\n74-98-6     \r\n298.15\r\n0\r\n");
+}
+
+TEST_F(Project, CancellingTheDialogWritesNothing) {
+    open_and_choose();
+    user.fileAnswers.push_back(std::nullopt);
+    EXPECT_FALSE(LoadSaveData::SaveProject(true));
+    EXPECT_TRUE(user.inputs.empty());
+}
+
+TEST_F(Project, AFailedSaveIsToldAndLeavesTheOldFile) {
+    open_and_choose();
+    builder::WriteFile(folder() / "B.QCF", "old");
+    fs::permissions(folder() / "B.QCF", fs::perms::owner_read);
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    EXPECT_FALSE(LoadSaveData::SaveProject(true));
+    EXPECT_EQ(user.lastText(), "The file B.QCF could not be written (it is write-protected).");
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), "old");
+}
+
+TEST_F(Project, TheLastSessionIsSavedWithoutAQuestion) {
+    open_and_choose();
+    session.ProjectFile = "MINE.QCF";
+    models.EOSModel = 6;
+    session.DiagramT = 345.5;
+    EXPECT_TRUE(LoadSaveData::SaveProject(false));
+    EXPECT_TRUE(user.files.empty());
+    EXPECT_TRUE(user.inputs.empty());
+    EXPECT_TRUE(fs::exists(session.LastSessionFile));
+    EXPECT_EQ(session.ProjectFile, "MINE.QCF");
+
+    Module2::ResetEverything();
+    const ProjectResult result = LoadSaveData::LoadLastSession();
+    EXPECT_TRUE(result.modelsComplete);
+    EXPECT_EQ(session.DiagramT, 345.5);
+    EXPECT_EQ(models.EOSModel, 6);
+    EXPECT_EQ(Declare::substance.Name, "Propane");
+    EXPECT_EQ(session.ProjectFile, "");
+}
+
+TEST_F(Project, LoadingAsksForAFile) {
+    builder::WriteFile(folder() / "P.QCF", kProject);
+    user.fileAnswers.push_back("P.QCF");
+    EXPECT_TRUE(LoadSaveData::LoadProject().loaded);
+    EXPECT_EQ(user.files[0].title, "Load a project (*.QCF)");
+    EXPECT_FALSE(user.files[0].save);
+    expect_settings_of_the_project();
+}
+
+TEST_F(Project, ACancelOfLoadingChangesNothing) {
+    open_and_choose();
+    session.DiagramT = 111;
+    user.fileAnswers.push_back(std::nullopt);
+    EXPECT_FALSE(LoadSaveData::LoadProject().loaded);
+    EXPECT_EQ(session.DiagramT, 111.0);
+    EXPECT_EQ(session.CurrentSubstance, 2);
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(Project, AMissingOrForeignFileIsToldAndChangesNothing) {
+    open_and_choose();
+    EXPECT_FALSE(LoadSaveData::LoadProject("MISSING.QCF").loaded);
+    EXPECT_EQ(user.lastText(), "The file MISSING.QCF was not found.");
+    for (const std::string text :
+         {"", "one line", "a\r\nb\r\nc\r\n", "a\r\nb\r\n\r\n74-98-6\r\n1\r\n",
+          "a\r\nb\r\nA.Q05\r\nthis line is no registry number\r\n1\r\n"}) {
+        EXPECT_FALSE(load(text).loaded) << text;
+        EXPECT_EQ(user.lastText(), "The file P.QCF is no project file.");
+        EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    }
+    EXPECT_EQ(session.CurrentSubstance, 2);
+    EXPECT_EQ(session.DatabaseFile, "A.Q05");
+}
+
+TEST_F(Project, AMissingDatabaseLeavesTheOpenOneInPlace) {
+    open_and_choose();
+    std::string text = kProject;
+    text.replace(text.find("A.Q05"), 5, "B.Q05");
+    const ProjectResult result = load(text);
+    EXPECT_TRUE(result.loaded);
+    EXPECT_TRUE(result.substanceFound);
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(),
+              "Database of the project B.Q05not found in the QUOR directory or empty resp.\n"
+              "The actual database A.Q05 is still activ.");
+    EXPECT_EQ(user.lastTitle(), "Hint");
+    EXPECT_EQ(session.DatabaseFile, "A.Q05");
+    expect_settings_of_the_project();
+}
+
+TEST_F(Project, WithoutAnyDatabaseTheLoadEnds) {
+    fs::remove(folder() / "A.Q05");
+    session.DiagramT = 111;
+    EXPECT_FALSE(load(kProject).loaded);
+    EXPECT_EQ(user.lastText(), "Database of the project A.Q05not found in the QUOR directory ");
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_EQ(session.DiagramT, 111.0);
+    EXPECT_FALSE(session.ProjectLoaded);
+}
+
+TEST_F(Project, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
+    open_and_choose();
+    std::string text = kProject;
+    text.replace(text.find("74-98-6"), 7, "99-99-9");
+    const ProjectResult result = load(text);
+    EXPECT_TRUE(result.loaded);
+    EXPECT_FALSE(result.substanceFound);
+    EXPECT_FALSE(result.modelsComplete);
+    EXPECT_EQ(session.CurrentSubstance, 0);
+    EXPECT_FALSE(session.SubstanceSet);
+    EXPECT_EQ(Declare::substance.Name, "");
+    EXPECT_EQ(session.DiagramT, 310.25);
+    EXPECT_EQ(models.EOSModel, 5);
+    // Specific units need a molar mass.
+    EXPECT_EQ(session.UnitMode, 0);
+    EXPECT_EQ(session.VolumeLabel, "m^3/kmol");
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(Project, MissingCriticalDataAreTold) {
+    builder::Substance propane = builder::Propane();
+    propane.slots[7] = 0;
+    builder::WriteFile(folder() / "A.Q05", builder::Database({propane}));
+    const ProjectResult result = load(kProject);
+    EXPECT_TRUE(result.substanceFound);
+    EXPECT_TRUE(result.noCriticalData);
+    EXPECT_FALSE(result.modelsComplete);
+    EXPECT_EQ(user.lastText(),
+              "T(cr) and/or p(cr) not available in the database.\n"
+              "(lacking critical data can be completed by the user in data-base editor)\n"
+              "For Propane is no calculation possible!");
+    EXPECT_EQ(user.lastTitle(), "WARNING");
+}
+
+TEST_F(Project, AnEquationOfStateOfMinusOneReadsAsZero) {
+    std::string text = kProject;
+    text.replace(text.find("\r\n5\r\n2\r\n4"), 5, "\r\n-1\r\n");
+    load(text);
+    EXPECT_EQ(models.EOSModel, 0);
+    EXPECT_TRUE(models.EOSOnlyV);
+    EXPECT_FALSE(models.PriorityCEOS);
+    EXPECT_EQ(models.CpModel, 2);
+}
+
+TEST_F(Project, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
+    std::string text = kProject;
+    text.replace(text.find("\r\n3\r\n5\r\n2"), 5, "\r\n0\r\n");
+    load(text);
+    EXPECT_EQ(models.VPCode, "WAG");
+    EXPECT_EQ(models.VPModel, 4);
+}
+
+TEST_F(Project, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
+    std::string text = kProject;
+    text.replace(text.find("310.25"), 6, "warm!!");
+    text.replace(text.find("450"), 3, "999");
+    text.replace(text.find("\",\""), 3, "\";;\"");
+    load(text);
+    EXPECT_EQ(session.DiagramT, 298.15);
+    EXPECT_EQ(session.PointsPerCurve, 300);
+    EXPECT_EQ(session.CsvSeparator, ';');
+    EXPECT_EQ(session.DiagramP, 1500.5);
+    EXPECT_EQ(models.EOSModel, 5);
+}
+
+TEST_F(Project, ATruncatedFileLeavesTheLaterSettings) {
+    const std::string text = kProject;
+    load(text.substr(0, text.find("450")));
+    EXPECT_EQ(session.DiagramT, 310.25);
+    EXPECT_EQ(session.CaloricUnit, 3);
+    EXPECT_FALSE(session.CurveRealRangeOnly);
+    EXPECT_EQ(session.PointsPerCurve, 300);
+    EXPECT_EQ(models.VPCode, "WAG");
+    EXPECT_EQ(reference.RefMode, 1);
+    EXPECT_EQ(session.tank.T, 0.0F);
+}
+
+TEST_F(Project, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
+    const std::string text = kProject;
+    for (std::size_t length = 0; length <= text.size(); ++length) {
+        SCOPED_TRACE(length);
+        Module2::ResetEverything();
+        load(text.substr(0, length));
+        const auto either = [](auto value, auto before, auto after) {
+            return value == before || value == after;
+        };
+        EXPECT_TRUE(either(session.DiagramT, 298.15, 310.25));
+        EXPECT_TRUE(either(session.DiagramP, 0.0, 1500.5));
+        EXPECT_TRUE(either(session.DiagramV, 0.0, 0.125));
+        EXPECT_TRUE(either(session.CaloricFactor, 1.0, 0.02));
+        EXPECT_TRUE(either(session.PointsPerCurve, 300, 450));
+        EXPECT_TRUE(either(session.CsvSeparator, ';', ','));
+        EXPECT_TRUE(either(reference.href, 0.0, -100.5));
+        EXPECT_TRUE(either(reference.T0, 298.15F, 273.15F));
+        EXPECT_TRUE(either(reference.p0, 101.325F, 100.0F));
+        EXPECT_TRUE(either(session.tank.m, 0.0F, 12.5F));
+        EXPECT_EQ(session.CurrentSubstance == 2, Declare::substance.Name == "Propane");
+    }
+}
+
+TEST_F(Project, ADatabaseBesideTheProjectIsFound) {
+    fs::create_directories(folder() / "work");
+    fs::rename(folder() / "A.Q05", folder() / "work" / "A.Q05");
+    EXPECT_TRUE(load(kProject, "work/P.QCF").substanceFound);
+    EXPECT_EQ(session.DatabaseFile, "A.Q05");
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(Project, CommentsKeepTheirUmlautsAndStayOnOneLine) {
+    open_and_choose();
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    user.inputAnswers.push_back("Kälte\r\nzwei");
+    LoadSaveData::SaveProject(true);
+    const std::string text = builder::ReadFile(folder() / "B.QCF");
+    EXPECT_NE(text.find("\r\nK\xE4lte  zwei\r\n"), std::string::npos);
+    LoadSaveData::LoadProject((folder() / "B.QCF").string());
+    EXPECT_EQ(session.ProjectComment, "Kälte  zwei");
+}
+
+TEST_F(Project, LoadingClosesWhatBelongedToTheSubstance) {
+    open_and_choose();
+    session.GlobalCalculation = false;
+    load(kProject);
+    EXPECT_TRUE(session.GlobalCalculation);
+}
+
+}  // namespace

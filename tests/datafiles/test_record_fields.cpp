@@ -1,0 +1,160 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "datafiles/record_fields.h"
+
+namespace {
+
+using Declare::SubstanceRecord;
+using LoadSaveData::FieldPlace;
+using LoadSaveData::SetField;
+
+TEST(RecordFields, SingleValuesAreSetByName) {
+    SubstanceRecord r;
+    EXPECT_EQ(SetField(r, "M", "44.0956"), "");
+    EXPECT_EQ(SetField(r, "Tcrit", "369.89"), "");
+    EXPECT_EQ(SetField(r, "omega", "-0.0022"), "");
+    EXPECT_EQ(SetField(r, "vcritExp", "0.2"), "");
+    EXPECT_EQ(SetField(r, "rhoLboil", "580.5"), "");
+    EXPECT_EQ(r.M, 44.0956F);
+    EXPECT_EQ(r.Tcrit, 369.89);
+    EXPECT_EQ(r.omega, -0.0022);
+    EXPECT_EQ(r.vcritExp, 0.2);
+    EXPECT_EQ(r.rhoLboil, 580.5F);
+}
+
+TEST(RecordFields, ElementsCountFromOne) {
+    SubstanceRecord r;
+    EXPECT_EQ(SetField(r, "WAG.1", "-7.77"), "");
+    EXPECT_EQ(SetField(r, "WAG.10", "4251.2"), "");
+    EXPECT_EQ(SetField(r, "WAG.TLo", "217"), "");
+    EXPECT_EQ(SetField(r, "FRO.9", "2"), "");
+    EXPECT_EQ(SetField(r, "cpSinh.5", "1.5"), "");
+    EXPECT_EQ(SetField(r, "rhoLPar.7", "3"), "");
+    EXPECT_EQ(SetField(r, "rhoSPar.4", "4"), "");
+    EXPECT_EQ(SetField(r, "hLVPar.6", "5"), "");
+    EXPECT_EQ(SetField(r, "KFW.1", "6"), "");
+    EXPECT_EQ(SetField(r, "AUG.2", "-2500"), "");
+    EXPECT_EQ(r.WAG.a[0], -7.77F);
+    EXPECT_EQ(r.WAG.a[9], 4251.2F);
+    EXPECT_EQ(r.WAG.TLo, 217);
+    EXPECT_EQ(r.FRO.a[8], 2.0F);
+    EXPECT_EQ(r.cpSinh.c[4], 1.5F);
+    EXPECT_EQ(r.rhoLPar[6], 3.0F);
+    EXPECT_EQ(r.rhoSPar[3], 4.0F);
+    EXPECT_EQ(r.hLVPar[5], 5.0F);
+    EXPECT_EQ(r.KFW.a[0], 6.0F);
+    EXPECT_EQ(r.AUG.B, -2500.0F);
+}
+
+TEST(RecordFields, AntoineConstantsGoByLetterAndByNumber) {
+    SubstanceRecord r;
+    EXPECT_EQ(SetField(r, "ALP.A", "5.9"), "");
+    EXPECT_EQ(SetField(r, "ALP.2", "803"), "");
+    EXPECT_EQ(SetField(r, "AHP.C", "247"), "");
+    EXPECT_EQ(SetField(r, "THO.B", "9"), "");
+    EXPECT_EQ(r.ALP.A, 5.9F);
+    EXPECT_EQ(r.ALP.B, 803.0F);
+    EXPECT_EQ(r.AHP.C, 247.0F);
+    EXPECT_EQ(r.THO.B, 9.0F);
+}
+
+TEST(RecordFields, TextsAndFlagsAreFieldsToo) {
+    SubstanceRecord r;
+    EXPECT_EQ(SetField(r, "Name", "Ammonia 3"), "");
+    EXPECT_EQ(SetField(r, "Formula", "N H3"), "");
+    EXPECT_EQ(SetField(r, "CASRN", "7664-41-7"), "");
+    EXPECT_EQ(SetField(r, "hasCpL", "1"), "");
+    EXPECT_EQ(r.Name, "Ammonia 3");
+    EXPECT_EQ(r.Formula, "N H3");
+    EXPECT_EQ(r.FormulaCompact, "NH3");
+    EXPECT_EQ(r.CASRN, "7664-41-7   ");
+    EXPECT_TRUE(r.hasCpL);
+    EXPECT_EQ(SetField(r, "hasCpL", "false"), "");
+    EXPECT_FALSE(r.hasCpL);
+}
+
+TEST(RecordFields, AValueIsStoredAsItStands) {
+    SubstanceRecord r;
+    EXPECT_EQ(SetField(r, "Tcrit", "369.123456"), "");
+    EXPECT_EQ(r.Tcrit, 369.123456);
+    EXPECT_EQ(SetField(r, "cpSinh.3", "-5"), "");
+    EXPECT_EQ(r.cpSinh.c[2], -5.0F);
+    EXPECT_EQ(SetField(r, "WAG.TLo", "216.5"), "");
+    EXPECT_EQ(r.WAG.TLo, 216);
+}
+
+TEST(RecordFields, WrongNamesAndValuesAreTold) {
+    SubstanceRecord r;
+    r.M = 3;
+    EXPECT_EQ(SetField(r, "Mass", "1"), "There is no field \"Mass\".");
+    EXPECT_EQ(SetField(r, "WAG", "1"), "WAG has 10 elements: name one of them, as WAG.1.");
+    EXPECT_EQ(SetField(r, "WAG.11", "1"), "There is no field \"WAG.11\".");
+    EXPECT_EQ(SetField(r, "WAG.0", "1"), "There is no field \"WAG.0\".");
+    EXPECT_EQ(SetField(r, "WAG.A", "1"), "There is no field \"WAG.A\".");
+    EXPECT_EQ(SetField(r, "M", "heavy"), "\"heavy\" is no number for M.");
+    EXPECT_EQ(SetField(r, "M", "1e99"), "\"1e99\" is no number for M.");
+    EXPECT_EQ(SetField(r, "M", "nan"), "\"nan\" is no number for M.");
+    EXPECT_EQ(SetField(r, "M", ""), "\"\" is no number for M.");
+    EXPECT_EQ(SetField(r, "M", "1,5"), "\"1,5\" is no number for M.");
+    EXPECT_EQ(SetField(r, "WAG.TLo", "40000"), "\"40000\" is no whole number for WAG.TLo.");
+    EXPECT_EQ(SetField(r, "hasCpL", "perhaps"), "\"perhaps\" is no flag for hasCpL.");
+    EXPECT_EQ(r.M, 3.0F);
+}
+
+TEST(RecordFields, EveryFieldIsFoundByItsOwnNameAndTakesAValue) {
+    std::set<std::string> names;
+    int values = 0;
+    for (const LoadSaveData::RecordField& field : LoadSaveData::RecordFields()) {
+        for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i) {
+            const FieldPlace place{&field, i};
+            const std::string name = NameOf(place);
+            EXPECT_TRUE(names.insert(name).second) << name;
+            const auto found = LoadSaveData::FindField(name);
+            ASSERT_TRUE(found) << name;
+            EXPECT_EQ(found->field, &field);
+            EXPECT_EQ(found->element, i);
+            SubstanceRecord r;
+            EXPECT_EQ(SetField(r, name, "1"), "") << name;
+            const auto value = LoadSaveData::GetField(r, name);
+            ASSERT_TRUE(value);
+            EXPECT_TRUE(*value != LoadSaveData::ValueOf(SubstanceRecord{}, place)) << name;
+            ++values;
+        }
+    }
+    // Three texts, 14 single values, the vapour pressure sets with their bounds (3+2, 3+2, 9+2,
+    // 10+2, and 2+11+11+3 correlated), rho(L) 7+3, rho(S) 4+2, delta(LV)h 6+3+2, four cp sets of
+    // 5+2, four flags, eight spare slots.
+    EXPECT_EQ(values, 3 + 14 + 5 + 5 + 11 + 12 + 27 + 10 + 6 + 11 + 28 + 4 + 8);
+}
+
+TEST(RecordFields, ColumnsOfATableHaveTheirSlots) {
+    const auto slot = [](const char* column) {
+        const auto place = LoadSaveData::FindColumn(column);
+        return place ? LoadSaveData::SlotOf(*place) : 0;
+    };
+    EXPECT_EQ(slot("M"), 1);
+    EXPECT_EQ(slot("Ttriple"), 92);
+    EXPECT_EQ(slot("ALP_A"), 37);
+    EXPECT_EQ(slot("ALP_TLo"), 40);
+    EXPECT_EQ(slot("AHP_THi"), 47);
+    EXPECT_EQ(slot("FRO_1"), 25);
+    EXPECT_EQ(slot("FRO_9"), 33);
+    EXPECT_EQ(slot("WAG_10"), 58);
+    EXPECT_EQ(slot("rhoL_1"), 14);
+    EXPECT_EQ(slot("rhoL_7"), 20);
+    EXPECT_EQ(slot("rhoLTc"), 21);
+    EXPECT_EQ(slot("rhoS_4"), 122);
+    EXPECT_EQ(slot("hLV_6"), 102);
+    EXPECT_EQ(slot("cpPoly_0"), 62);
+    EXPECT_EQ(slot("cpPoly_4"), 66);
+    EXPECT_EQ(slot("cpSinh_THi"), 76);
+    EXPECT_EQ(slot("cpS_0"), 111);
+    EXPECT_EQ(slot("cpPoly_5"), 0);
+    EXPECT_EQ(slot("WAG_0"), 0);
+    EXPECT_EQ(slot("KFW_1"), 0);
+    EXPECT_EQ(slot("src_WAG"), 0);
+}
+
+}  // namespace

@@ -1,0 +1,355 @@
+#include <algorithm>
+#include <cmath>
+
+#include "models/caloric.h"
+#include "models/cubic_eos.h"
+#include "models/long_equation.h"
+#include "models/model_grid.h"
+#include "models/virial.h"
+#include "support/session_test.h"
+
+namespace {
+
+using oracle::Real;
+using thermo::PhaseTable;
+
+class Residual : public SessionTest {};
+
+/// Largest relative deviation of a column and where it was met.
+struct Worst {
+    double deviation = 0;
+    std::string where;
+
+    void meet(double analytic, Real numeric, Real floor, const std::string& at) {
+        const Real size = std::max(std::fabs(numeric), floor);
+        if (size == 0 && analytic == 0) return;
+        const auto off = static_cast<double>(std::fabs(analytic - numeric) / size);
+        if (off <= deviation) return;
+        deviation = off;
+        where = at + ": " + std::to_string(analytic);
+    }
+};
+
+/// A state of the sweep with its slopes. The steps keep clear of the covolume and, for the
+/// Ji/Torvik forms, of the change of branch at Tcrit.
+struct State {
+    Real T, v, p;
+    Real width;   ///< v - b
+    Real hT, hv;  ///< steps of the differences of p
+    Real pv, pT, pvv, pTT;
+
+    /// Steps along an isobar, short against the distance to the next extremum of p.
+    Real isobar_hT() const { return std::min(hT / 8, 0.0025L * pv * pv / std::fabs(pvv * pT)); }
+    Real isobar_hv() const {
+        return std::min(hv / 8, 0.0025L * pT * pT / std::max(std::fabs(pTT * pv), 1e-30L));
+    }
+
+    /// Along an isobar p = const has the same root next to T or v.
+    bool away_from_poles() const {
+        return p > 0 && std::fabs(pv) * width * width > 0.02L * oracle::R * T &&
+               std::fabs(pT) * width > 0.02L * oracle::R;
+    }
+    Real v_of_T(Real x) const { return oracle::volume_near(x, p, v, pv); }
+    Real T_of_v(Real x) const { return oracle::temperature_near(T, p, x, pT); }
+};
+
+State state_at(double T, double v) {
+    State s{};
+    s.T = T;
+    s.v = v;
+    s.p = oracle::pressure(s.T, s.v);
+    s.width = s.v - oracle::covolume(s.T);
+    const Real spread = std::fabs(oracle::covolume(1.001L * s.T) - oracle::covolume(s.T));
+    s.hT = std::min(0.004L * s.T, std::fabs(s.T - Real(Declare::substance.Tcrit)) / 5);
+    s.hT = std::min(s.hT, 4e-6L * s.T * s.width / std::max(spread, 1e-6L * s.width));
+    s.hv = 0.004L * s.width;
+    const auto p_of_v = [&](Real x) { return oracle::pressure(s.T, x); };
+    const auto p_of_T = [&](Real x) { return oracle::pressure(x, s.v); };
+    s.pv = oracle::first_derivative(p_of_v, s.v, s.hv);
+    s.pT = oracle::first_derivative(p_of_T, s.T, s.hT);
+    s.pvv = oracle::second_derivative(p_of_v, s.v, s.hv);
+    s.pTT = oracle::second_derivative(p_of_T, s.T, s.hT);
+    return s;
+}
+
+/// Volumes from a compressed liquid to a dilute gas at T, by way of metastable and near-critical
+/// states.
+std::vector<double> volumes(double T) {
+    const auto b = static_cast<double>(oracle::covolume(T));
+    const double RTp = 8.31451 * Declare::substance.Tcrit / Declare::substance.pcrit;
+    std::vector<double> v;
+    if (!Declare::models.EOSOnlyV)
+        for (const double ratio : {1.1, 1.25, 1.6, 2.2}) v.push_back(ratio * b);
+    const double vcrit = Declare::models.EOSOnlyV ? 0.6 * RTp : Declare::eosParameters.vcritCalc;
+    for (const double ratio : {0.97, 1.03, 2.0, 7.0, 60.0, 3000.0})
+        if (ratio * vcrit > 1.05 * std::max(b, 0.0)) v.push_back(ratio * vcrit);
+    return v;
+}
+
+constexpr double kReducedT[] = {0.35, 0.6, 0.9, 0.995, 1.005, 1.3, 3.0};
+
+/// Calls `test` for every state of the active model away from poles.
+template <class Test>
+void for_states(const std::string& name, Test test) {
+    for (const double Tr : kReducedT) {
+        const double T = Tr * Declare::substance.Tcrit;
+        for (const double v : volumes(T)) {
+            const State s = state_at(T, v);
+            if (!s.away_from_poles()) continue;
+            const std::string at = name + ", Tr " + std::to_string(Tr) + ", v " + std::to_string(v);
+            const PhaseTable t = thermo::ResidualFunctions(T, static_cast<double>(s.p), v);
+            ASSERT_TRUE(t.filled) << at;
+            test(s, t, at);
+        }
+    }
+}
+
+constexpr std::int16_t kVOnlyByFormula[] = {0, 11, 12, 13, 14, 15, 16};
+
+TEST_F(Residual, DerivativesOfPressureAreThoseOfTheEquation) {
+    Worst pv, pT, vp, vT, Tv, Tp, pvv, vTT, Tvv;
+    int states = 0;
+    const auto sweep = [&](const std::string& name) {
+        for_states(name, [&](const State& s, const PhaseTable& t, const std::string& at) {
+            ++states;
+            const auto v_of_T = [&](Real x) { return s.v_of_T(x); };
+            const auto T_of_v = [&](Real x) { return s.T_of_v(x); };
+            const Real h = s.isobar_hT();
+            const Real RT = oracle::R * s.T;
+            const Real expansion = oracle::first_derivative(v_of_T, s.T, h);
+
+            pv.meet(t.first[1], s.pv, 0, at);
+            pT.meet(t.first[2], s.pT, 0, at);
+            vp.meet(t.first[3], 1 / s.pv, 0, at);
+            vT.meet(t.first[4], expansion, 1e-4L * s.v / s.T, at);
+            Tv.meet(t.first[5], 1 / expansion, 0, at);
+            Tp.meet(t.first[6], 1 / s.pT, 0, at);
+            pvv.meet(t.second[1], s.pvv, 1e-4L * RT / (s.width * s.width * s.width), at);
+            vTT.meet(t.second[2], oracle::second_derivative(v_of_T, s.T, h),
+                     1e-3L * s.v / (s.T * s.T), at);
+            Tvv.meet(t.second[3], oracle::second_derivative(T_of_v, s.v, s.isobar_hv()),
+                     1e-3L * s.T / (s.width * s.width), at);
+        });
+    };
+    grid::ForAll(grid::kCubic, sweep);
+    grid::ForAll(kVOnlyByFormula, sweep);
+    EXPECT_GT(states, 100000);
+    const std::pair<const char*, const Worst*> columns[] = {
+        {"dp/dV", &pv}, {"dp/dT", &pT},    {"dV/dp", &vp},    {"dV/dT", &vT},   {"dT/dV", &Tv},
+        {"dT/dp", &Tp}, {"d2p/dV2", &pvv}, {"d2V/dT2", &vTT}, {"d2T/dV2", &Tvv}};
+    for (const auto& [column, worst] : columns)
+        EXPECT_LT(worst->deviation, 1e-7) << column << " " << worst->where;
+}
+
+TEST_F(Residual, FugacityCoefficientAndItsSlopesAreThoseOfTheEquation) {
+    Worst value, first, second;
+    const auto sweep = [&](const std::string& name) {
+        for_states(name, [&](const State& s, const PhaseTable& t, const std::string& at) {
+            const auto along_isobar = [&](Real x) { return oracle::ln_phi(x, s.p, s.v_of_T(x)); };
+            const Real h = s.isobar_hT();
+            const Real floor = 1e-7L;
+            value.meet(t.residual[thermo::LnPhi], oracle::ln_phi(s.T, s.p, s.v), floor, at);
+            first.meet(t.residual[thermo::DLnPhi], oracle::first_derivative(along_isobar, s.T, h),
+                       floor / s.T, at);
+            second.meet(t.residual[thermo::D2LnPhi],
+                        oracle::second_derivative(along_isobar, s.T, h), 1e-2L / (s.T * s.T), at);
+        });
+    };
+    grid::ForAll(grid::kCubic, sweep);
+    grid::ForAll(kVOnlyByFormula, sweep);
+    EXPECT_LT(value.deviation, 1e-7) << value.where;
+    EXPECT_LT(first.deviation, 1e-7) << first.where;
+    EXPECT_LT(second.deviation, 1e-7) << second.where;
+}
+
+/// The columns behind the first three, straight from their definitions.
+TEST_F(Residual, FurtherColumnsFollowFromTheirDefinitions) {
+    int states = 0;
+    const auto sweep = [&](const std::string& name) {
+        for_states(name, [&](const State& state, const PhaseTable& t, const std::string& at) {
+            const auto T = static_cast<double>(state.T);
+            const auto v = static_cast<double>(state.v);
+            const auto& f = t.residual;
+            const auto R = static_cast<double>(oracle::R);
+            const auto expect = [&](double actual, double expected, double floor) {
+                EXPECT_NEAR(actual, expected, 1e-9 * std::max(std::fabs(expected), floor)) << at;
+            };
+            expect(f[thermo::ResS], -f[0] - T * f[1], 1e-3);
+            expect(f[thermo::ResH], -T * T * f[1], 1e-3 * T);
+            expect(f[thermo::ResG], T * f[0], 1e-3 * T);
+            expect(f[thermo::ResCp], -T * (2 * f[1] + T * f[2]), 1e-2);
+            const double ideal = thermo::IdealGasCp(T).cp;
+            if (!(ideal > 0)) return;
+            ++states;
+            expect(f[thermo::Cp], ideal + R * f[thermo::ResCp], R);
+            if (std::fabs(t.first[1]) < 1e-11) return;
+            expect(f[thermo::Cv], f[thermo::Cp] - T * t.first[2] * t.first[4], R);
+            if (std::fabs(f[thermo::Cp]) < 1) return;
+            expect(f[thermo::JouleThomson], (T * t.first[4] - v) / f[thermo::Cp], v / 1000);
+            const double M = static_cast<double>(Declare::substance.M);
+            const double slope = -f[thermo::Cp] / f[thermo::Cv] * t.first[1];
+            const double w = slope > 0 ? v / M * std::sqrt(slope * 1000 * M) : 0;
+            expect(f[thermo::SpeedOfSound], w, 1);
+        });
+    };
+    grid::ForAll(grid::kCubic, sweep);
+    grid::ForAll(grid::kVOnly, sweep);
+    EXPECT_GT(states, 50000);
+}
+
+/// B is that of the typed form b0 - b1/T^b2, its slopes are those of the power law b0 T^b1.
+TEST_F(Residual, ManualVirialFormKeepsThePowerLawSlopes) {
+    grid::Activate("Propane", 10);
+    Declare::eosParameters.eosB0 = 0.2;
+    Declare::eosParameters.eosNB = 3.0;
+    Declare::eosParameters.eosNV = 0.5;
+    const double T = 400, R = 8.31451;
+    const double B = 0.2 - 3.0 / std::sqrt(T);
+    const double b1 = 3 * 0.2 * T * T, b2 = 6 * 0.2 * T;
+    const double v = 5, p = R * T / (v - B);
+    const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+    ASSERT_TRUE(t.filled);
+    EXPECT_NEAR(t.residual[thermo::LnPhi], B * p / (R * T), 1e-12);
+    EXPECT_NEAR(t.residual[thermo::DLnPhi], p / (R * T) * (b1 - B / T), 1e-8);
+    EXPECT_NEAR(t.residual[thermo::D2LnPhi], p / (R * T) / T * (T * b2 - 2 * (b1 - B / T)), 1e-9);
+    EXPECT_NEAR(t.first[2], R / (v - B) + R * T / ((v - B) * (v - B)) * b1, 1e-4);
+}
+
+TEST_F(Residual, ManualVirialFormThatOverflowsHasNoState) {
+    grid::Activate("Propane", 10);
+    Declare::eosParameters.eosB0 = 0.2;
+    Declare::eosParameters.eosNB = 300;
+    Declare::eosParameters.eosNV = 1;
+    EXPECT_FALSE(thermo::ResidualFunctions(400, 500, 7).filled);
+    EXPECT_EQ(thermo::StateFunctions(400, 500, 7).status, kFailure);
+}
+
+TEST_F(Residual, IdealGasHasNoResidualPart) {
+    grid::Activate("Nitrogen", 0);
+    const double T = 320, p = 250, v = 8.31451 * T / p;
+    const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+    ASSERT_TRUE(t.filled);
+    for (int column = thermo::LnPhi; column <= thermo::JouleThomson; ++column)
+        EXPECT_EQ(t.residual[static_cast<std::size_t>(column)], 0.0) << column;
+    const double cp = thermo::IdealGasCp(T).cp;
+    EXPECT_DOUBLE_EQ(t.residual[thermo::Cp], cp);
+    EXPECT_DOUBLE_EQ(t.residual[thermo::Cv], cp - 8.31451);
+    const double M = static_cast<double>(Declare::substance.M);
+    EXPECT_NEAR(t.residual[thermo::SpeedOfSound],
+                std::sqrt(cp / (cp - 8.31451) * 8.31451 * T * 1000 / M), 1e-9);
+}
+
+/// At low p ln(phi*) = B p/(R T) with B = b - a/(R T), to the first order.
+TEST_F(Residual, CubicFormsApproachTheirVirialFormAtLowPressure) {
+    grid::ForAll(grid::kCubic, [](const std::string& name) {
+        const double T = 1.3 * Declare::substance.Tcrit;
+        Calc::EvalEOSAtT(T);
+        const Declare::EOSState& s = Declare::eosState;
+        const double RT = 8.31451 * T, B = s.eosB - s.eosA / RT;
+        const double v = 1e5 * s.eosB, p = Calc::cubic_pressure(s, T, v);
+        const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+        ASSERT_TRUE(t.filled) << name;
+        const double size = std::fabs(s.eosB * p / RT);
+        EXPECT_NEAR(t.residual[thermo::LnPhi], B * p / RT, 1e-3 * size) << name;
+        EXPECT_NEAR(t.first[4], 8.31451 / p, 1e-3 * 8.31451 / p) << name;
+    });
+}
+
+/// In a gas so thin that derivatives fall below 1E-11 the quotients are left out, and the heat
+/// capacities still are those of the ideal gas.
+TEST_F(Residual, QuotientsOfVanishingDerivativesAreLeftOut) {
+    grid::Activate("Methane", 6);
+    const double T = 300, v = 1e9, p = 8.31451 * T / v;
+    const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+    ASSERT_TRUE(t.filled);
+    EXPECT_LT(std::fabs(t.first[1]), 1e-11);
+    EXPECT_EQ(t.first[3], 0);
+    EXPECT_EQ(t.first[4], 0);
+    EXPECT_EQ(t.first[5], 0);
+    EXPECT_EQ(t.second[2], 0);
+    const double cp = thermo::IdealGasCp(T).cp;
+    EXPECT_NEAR(t.residual[thermo::Cp], cp, 1e-7);
+    EXPECT_NEAR(t.residual[thermo::Cv], cp - 8.31451, 1e-7);
+}
+
+TEST_F(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
+    grid::Activate("Propane", 6);
+    Calc::EvalEOSAtT(300);
+    const double b = Declare::eosState.eosB;
+    for (const auto& [T, p, v] : {std::array{300.0, 100.0, b}, std::array{300.0, 100.0, 0.5 * b},
+                                  std::array{300.0, 100.0, b * (1 + 1e-17)},
+                                  std::array{300.0, 0.0, 20.0}, std::array{300.0, -5.0, 0.1},
+                                  std::array{0.0, 100.0, 20.0}, std::array{-1.0, 100.0, 20.0}}) {
+        const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+        EXPECT_FALSE(t.filled) << T << " " << p << " " << v;
+        for (const double x : t.residual) EXPECT_EQ(x, 0);
+        for (const double x : t.first) EXPECT_EQ(x, 0);
+    }
+}
+
+TEST_F(Residual, WithoutCpFormTheResidualColumnsRemain) {
+    grid::Activate("Propane", 6);
+    Declare::models.CpModel = 0;
+    const PhaseTable t = thermo::ResidualFunctions(300, 100, 24);
+    ASSERT_TRUE(t.filled);
+    EXPECT_NE(t.residual[thermo::ResCp], 0);
+    EXPECT_EQ(t.residual[thermo::JouleThomson], 0);
+    EXPECT_EQ(t.residual[thermo::Cv], 0);
+    EXPECT_EQ(t.residual[thermo::Cp], 0);
+    EXPECT_EQ(t.residual[thermo::SpeedOfSound], 0);
+}
+
+TEST_F(Residual, WithoutMolarMassThereIsNoSpeedOfSound) {
+    grid::Activate("Propane", 6);
+    Declare::substance.M = 0;
+    const PhaseTable t = thermo::ResidualFunctions(300, 100, 24);
+    ASSERT_TRUE(t.filled);
+    EXPECT_GT(t.residual[thermo::Cp], 0);
+    EXPECT_EQ(t.residual[thermo::SpeedOfSound], 0);
+}
+
+TEST_F(Residual, LeavesTheCoefficientsOfItsTemperature) {
+    grid::Activate("Propane", 5);
+    Calc::EvalEOSAtT(400);
+    thermo::ResidualFunctions(300, 100, 24);
+    const double left = Declare::eosState.eosA;
+    Calc::EvalEOSAtT(300);
+    EXPECT_EQ(left, Declare::eosState.eosA);
+}
+
+/// At the critical point of the equation (dp/dV)T is 0: cp has a pole and is left out, all else
+/// keeps its limit. The closed forms are those of van der Waals with z = 3/8.
+TEST_F(Residual, CriticalPointOfVanDerWaalsHasItsLimits) {
+    grid::Activate("Propane", 2);
+    const double T = Declare::substance.Tcrit, p = Declare::substance.pcrit, R = 8.31451;
+    const double v = Declare::eosParameters.vcritCalc, a = Declare::eosParameters.eosA0;
+    const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+    ASSERT_TRUE(t.filled);
+    EXPECT_NEAR(t.residual[thermo::LnPhi],
+                3.0 / 8 - 1 - 9.0 / 8 - std::log(3.0 / 8) + std::log(1.5), 1e-12);
+    EXPECT_NEAR(R * t.residual[thermo::ResH], p * v - R * T - a / v, 1e-8 * a / v);
+    EXPECT_NEAR(t.residual[thermo::Cv], thermo::IdealGasCp(T).cp - R, 1e-9);
+    EXPECT_NEAR(t.residual[thermo::JouleThomson], (v - v / 3) / R, 1e-9);
+    EXPECT_EQ(t.residual[thermo::Cp], 0);
+    EXPECT_EQ(t.residual[thermo::ResCp], 0);
+    EXPECT_EQ(t.first[3], 0);
+    // w^2 = v^2 T pT^2/(M cv)
+    const double pT = R / (v - v / 3), M = static_cast<double>(Declare::substance.M);
+    EXPECT_NEAR(t.residual[thermo::SpeedOfSound],
+                v * pT * std::sqrt(1000 * T / (M * t.residual[thermo::Cv])), 1e-6);
+}
+
+TEST_F(Residual, CriticalPointsOfAllModelsHaveFiniteColumns) {
+    grid::ForAll(grid::kCubic, [](const std::string& name) {
+        const double T = Declare::substance.Tcrit;
+        const double v = Declare::eosParameters.vcritCalc;
+        const PhaseTable t = thermo::ResidualFunctions(T, Declare::substance.pcrit, v);
+        ASSERT_TRUE(t.filled) << name;
+        EXPECT_LT(std::fabs(t.residual[thermo::ResH]), 10 * T) << name;
+        if (thermo::IdealGasCp(T).cp > 8.31451) {
+            EXPECT_GT(t.residual[thermo::SpeedOfSound], 0) << name;
+        }
+    });
+}
+
+}  // namespace

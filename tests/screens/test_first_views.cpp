@@ -1,0 +1,90 @@
+#include <QDialog>
+
+#include "app/views/wiring.h"
+#include "screens/look.h"
+#include "session/views/mdiQUOR.h"
+#include "support/databases.h"
+#include "views/view_test.h"
+
+namespace {
+
+using drive::choose;
+using drive::click;
+using drive::select;
+using drive::type;
+using drive::when;
+
+// A light and a dark palette; both at the scale of the process.
+class Screens : public ViewTest {
+  protected:
+    Screens() {
+        const std::filesystem::path data = std::string(QUOR_SOURCE_DATA);
+        for (const char* name : {"SYNOM.TXT", "QUORTIPS_E.TXT"})
+            std::filesystem::copy_file(data / name, folder() / name);
+        databases::WriteAll(folder() / "STUDENT.Q05");
+        frame.show();
+        frame.StartUp();
+    }
+    ~Screens() override { QApplication::setPalette(light_); }
+
+    void darken() {
+        QPalette dark(QColor(0x30, 0x33, 0x36), QColor(0x30, 0x33, 0x36));
+        dark.setColor(QPalette::Base, QColor(0x24, 0x26, 0x28));
+        dark.setColor(QPalette::AlternateBase, QColor(0x2a, 0x2d, 0x30));
+        QApplication::setPalette(dark);
+    }
+
+    QString student() { return QString::fromStdString((folder() / "STUDENT.Q05").string()); }
+
+    mdiQUOR frame;
+    const QPalette light_ = QApplication::palette();
+};
+
+void look_at_all(mdiQUOR& frame, ScriptedDialogs& user, const QString& database,
+                 const QString& suffix) {
+    look::at(drive::find("frmTip"), "tip" + suffix);
+    click("cmdOK");
+    click("cmdErstnutzer");
+    look::at(&frame, "frame_start" + suffix);
+    click("cmdErstnutzer");
+
+    user.fileAnswers = {database.toStdString()};
+    when("frmStoffWahl", [&] {
+        look::at(drive::find("frmStoffWahl"), "substance_choice" + suffix);
+        QTest::keyClicks(drive::find("Text1"), "carbon");
+        look::at(drive::find("frmStoffWahl"), "substance_choice_filtered" + suffix);
+        type("Text1", "Carbon dioxide");
+        click("StoffOK");
+    });
+    when("frmQModell", [&] {
+        look::at(drive::find("frmQModell"), "model_choice" + suffix);
+        select("HLVKombi", "Watson-correlation");
+        when("frmBParInput", [&] {
+            look::at(drive::find("frmBParInput"), "manual_virial" + suffix);
+            click("cancel");
+        });
+        select("EOSKombi", "VIRIAL Equ., Manual Input");
+        look::at(drive::find("frmQModell"), "model_choice_virial" + suffix);
+        select("EOSKombi", "CEOS Peng / Robinson");
+        click("OKModell");
+    });
+    click("Toolbar1_2");
+    look::at(&frame, "frame_ready" + suffix);
+    for (const char* menu : {"mnuData", "mnuCalcMain", "mnu2D"}) {
+        auto* popup = frame.findChild<QMenu*>(menu);
+        popup->popup(frame.mapToGlobal(QPoint(40, 40)));
+        look::at(popup, QString("menu_") + menu + suffix);
+        popup->close();
+    }
+}
+
+TEST_F(Screens, FirstViewsInLight) {
+    look_at_all(frame, user, student(), "");
+}
+
+TEST_F(Screens, FirstViewsInDark) {
+    darken();
+    look_at_all(frame, user, student(), "_dark");
+}
+
+}  // namespace

@@ -1,0 +1,402 @@
+#include <algorithm>
+#include <set>
+
+#include "session/actions.h"
+#include "session/menu_catalogue.h"
+#include "session/menu_commands.h"
+#include "session/module2.h"
+#include "support/session_test.h"
+
+namespace {
+
+using Declare::Command;
+using Declare::session;
+
+class Menu : public SessionTest {
+  protected:
+    Menu() { actions::Clear(); }
+    ~Menu() override { actions::Clear(); }
+
+    static const menu::Row& row(std::string_view name) {
+        const menu::Row* found = menu::Find(name);
+        if (found == nullptr) throw std::runtime_error("no row " + std::string(name));
+        return *found;
+    }
+    // Everything has a handler, so that only the session decides.
+    static void handleAll() {
+        for (const menu::Row& r : menu::Rows())
+            if (!r.action.empty()) actions::RegisterAction(r.action, [] {});
+    }
+};
+
+TEST_F(Menu, EveryRowHasANameOfItsOwn) {
+    std::set<std::string> names;
+    for (const menu::Row& r : menu::Rows())
+        if (r.kind != menu::Kind::Separator) {
+            EXPECT_TRUE(names.insert(menu::Name(r)).second) << menu::Name(r);
+            EXPECT_FALSE(r.caption.empty()) << menu::Name(r);
+        }
+}
+
+TEST_F(Menu, EveryRowStandsInAMenuThatOpensBeforeIt) {
+    std::set<std::string_view> menus = {""};
+    for (const menu::Row& r : menu::Rows()) {
+        EXPECT_TRUE(menus.contains(r.parent)) << menu::Name(r);
+        if (r.kind == menu::Kind::Submenu) menus.insert(r.submenu);
+    }
+}
+
+TEST_F(Menu, TopLevelRowsComeInTheOrderOfTheWork) {
+    std::vector<std::string> names;
+    for (const menu::Row& r : menu::Rows())
+        if (r.parent.empty()) names.push_back(menu::Name(r));
+    EXPECT_EQ(names, (std::vector<std::string>{"mnuData", "mnuStoff", "mnuModel", "mnu2D", "mnu3D",
+                                               "mnuCalcMain", "mnuFitting", "mnuOptions",
+                                               "mnuWindow", "mnuHilfe"}));
+}
+
+TEST_F(Menu, AccessKeysOfTheMenuBarDoNotClash) {
+    std::set<char> keys;
+    for (const menu::Row& r : menu::Rows()) {
+        const std::size_t mark = r.caption.find('&');
+        if (!r.parent.empty() || mark == std::string_view::npos) continue;
+        EXPECT_TRUE(keys.insert(r.caption[mark + 1]).second) << r.caption;
+    }
+    EXPECT_EQ(keys.size(), 9U);
+}
+
+TEST_F(Menu, RowsOfTheCalculationMenuStartTheirModes) {
+    const std::vector<std::pair<std::string, int>> modes = {
+        {"mnuCalc_0", 1},  {"mnuCalc_1", 2},   {"mnuCalc_2", 3},  {"mnuCalc_3", 13},
+        {"mnuCalc_5", 4},  {"mnuCalc_6", 5},   {"mnuCalc_8", 6},  {"mnuCalc_9", 7},
+        {"mnuCalc_11", 8}, {"mnuCalc_13", 12}, {"mnuCalc_15", 9}, {"mnuCalc_16", 10},
+        {"mnuCalc_18", 11}};
+    for (const auto& [name, mode] : modes) EXPECT_EQ(row(name).code, mode) << name;
+    // The captions of the database functions run one row behind what the rows start.
+    const std::vector<std::pair<std::string, int>> database = {
+        {"L density", 14},       {"Enthalpy of vaporization", 24}, {"Ideal-gas heat capacity", 15},
+        {"L heat capacity", 16}, {"S heat capacity", 17},          {"S heat capacity", 18}};
+    for (std::size_t i = 0; i < database.size(); ++i) {
+        const menu::Row& r = row("mnuCalc_sub_database_" + std::to_string(i + 1));
+        EXPECT_EQ(r.caption, database[i].first);
+        EXPECT_EQ(r.code, database[i].second);
+    }
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(row("mnuCalc_sub_sub_database_" + std::to_string(i)).code, 19 + i);
+    EXPECT_EQ(menu::Name(*menu::CalculationRow(9)), "mnuCalc_15");
+    EXPECT_EQ(menu::CalculationRow(23), nullptr);
+}
+
+TEST_F(Menu, DiagramRowsCarryTheirDiagrams) {
+    struct Expected {
+        const char* menu;
+        std::vector<int> indices, codes, sections;
+        std::vector<std::string> axes;
+    };
+    const std::vector<std::string> yT5(5, "yT"), yp5(5, "yp"), yv5(5, "yv");
+    const std::vector<Expected> all = {
+        {"mnuGraf_sub_cut",
+         {1, 2, 3, 5, 6, 8},
+         {1, 26, 2, 3, 4, 5},
+         {1, 1, 1, 2, 2, 3},
+         {"pv", "yp", "yp", "Tv", "Tx", "pT"}},
+        {"mnuGraf_sub_FuT",
+         {1, 3, 4, 5, 6, 7, 9, 10, 11, 12, 13},
+         {34, 15, 16, 17, 18, 19, 184, 183, 182, 181, 185},
+         {2, 2, 2, 2, 2, 2, 3, 3, 3, 3, 3},
+         std::vector<std::string>(11, "yT")},
+        {"mnuGraf_sub_Fup", {1, 2, 3, 4, 5}, {150, 151, 152, 153, 154}, {1, 1, 1, 1, 1}, yp5},
+        {"mnuGraf_sub_FuV", {1, 2, 3, 4, 5}, {158, 157, 156, 160, 159}, {1, 1, 1, 1, 1}, yv5},
+        {"mnuGraf_sub_res_FuT",
+         {1, 2, 3, 4},
+         {31, 30, 32, 33},
+         {2, 2, 2, 2},
+         std::vector<std::string>(4, "yT")},
+        {"mnuGraf_sub_res_Fup",
+         {1, 2, 3, 4},
+         {41, 40, 42, 43},
+         {1, 1, 1, 1},
+         std::vector<std::string>(4, "yp")},
+        {"mnuGraf_sub_HS", {1, 2}, {107, 24}, {1, 2}, {"yy", "yy"}},
+        {"mnuGraf_sub_ES", {1, 2}, {109, 23}, {1, 2}, {"yy", "yy"}},
+        {"mnuGraf_sub_EH", {1, 2}, {21, 22}, {1, 2}, {"yy", "yy"}},
+        {"mnuGraf_sub_proj",
+         {0, 1, 2, 3, 4, 5, 6, 8, 9, 10, 11, 12, 14, 15},
+         {13, 6, 27, 106, 7, 8, 9, 90, 91, 93, 94, 92, 10, 11},
+         std::vector<int>(14, 5),
+         {"yT", "pv", "yp", "yp", "Tv", "yT", "pT", "yT", "yT", "yT", "yT", "yT", "pT", "yT"}},
+        {"mnuGraf_sub_database",
+         {1, 2, 3, 4, 5, 6, 7},
+         {300, 301, 310, 305, 302, 303, 304},
+         std::vector<int>(7, 7),
+         std::vector<std::string>(7, "yT")},
+        {"mnuGraf_sub_sub_database",
+         {0, 1, 2, 3},
+         {306, 307, 308, 309},
+         {7, 7, 7, 7},
+         std::vector<std::string>(4, "pT")},
+    };
+    std::size_t rows = 0;
+    for (const Expected& e : all)
+        for (std::size_t i = 0; i < e.indices.size(); ++i, ++rows) {
+            const std::string name = std::string(e.menu) + "_" + std::to_string(e.indices[i]);
+            const menu::Row& r = row(name);
+            EXPECT_EQ(r.code, e.codes[i]) << name;
+            EXPECT_EQ(r.sectionKind, e.sections[i]) << name;
+            EXPECT_EQ(r.axisPair, e.axes[i]) << name;
+            EXPECT_TRUE(menu::Prepare(r));
+            EXPECT_EQ(Declare::diagram.DiagramType, e.codes[i]);
+            EXPECT_EQ(Declare::diagram.sectionKind, e.sections[i]);
+            EXPECT_EQ(Declare::diagram.axisPair, e.axes[i]);
+        }
+    const auto diagrams = std::count_if(menu::Rows().begin(), menu::Rows().end(),
+                                        [](const auto& r) { return r.action == "Diagram2D"; });
+    EXPECT_EQ(static_cast<std::size_t>(diagrams), rows);
+}
+
+TEST_F(Menu, SurfaceRowsCarryTheirKinds) {
+    const std::vector<std::pair<int, int>> kinds = {{0, 1}, {1, 3}, {2, 4}, {4, 5},
+                                                    {5, 7}, {6, 8}, {7, 9}, {8, 10}};
+    for (const auto& [index, kind] : kinds)
+        EXPECT_EQ(row("mnu3DSub_" + std::to_string(index)).code, kind);
+}
+
+TEST_F(Menu, ARowWithoutAHandlerIsDisabled) {
+    const menu::Row& status = row("mnuData_Status");
+    EXPECT_TRUE(menu::Allowed(status));
+    EXPECT_FALSE(menu::Enabled(status));
+    actions::RegisterAction("mnuData_Status", [] {});
+    EXPECT_TRUE(menu::Enabled(status));
+    actions::RegisterAction("mnuData_Status", {});
+    EXPECT_FALSE(menu::Enabled(status));
+}
+
+TEST_F(Menu, ACommandSwitchesItsRow) {
+    handleAll();
+    const std::vector<std::pair<std::string, Command>> rows = {
+        {"mnuStoff", Command::mnuStoff},
+        {"mnuModel", Command::mnuModel},
+        {"mnu2D", Command::mnu2D},
+        {"mnu3D", Command::mnu3D},
+        {"mnuCalcMain", Command::mnuCalcMain},
+        {"mnuFitting", Command::mnuFitting},
+        {"mnuOptions", Command::mnuOptions},
+        {"mnuData_SaveProject", Command::mnuData_SaveProject},
+        {"mnuData_BatchInput", Command::mnuData_BatchInput},
+        {"mnuData_BatchEdit", Command::mnuData_BatchEdit},
+        {"mnuData_EditStoffdaten", Command::mnuData_EditStoffdaten}};
+    for (const auto& [name, command] : rows) {
+        EXPECT_FALSE(menu::Enabled(row(name))) << name;
+        Module2::SetCommands({command}, true);
+        EXPECT_TRUE(menu::Enabled(row(name))) << name;
+    }
+    for (const char* always :
+         {"mnuData_OpenBank", "mnuData_LoadLastSession", "mnuData_LoadProject", "mnuData_EditXY",
+          "mnuData_Exit", "mnuHilfe_About", "mnuData_JOBACK_CritData"})
+        EXPECT_TRUE(menu::Enabled(row(always))) << always;
+}
+
+TEST_F(Menu, CaptionsFollowTheModeOfCalculation) {
+    EXPECT_EQ(menu::Caption(row("mnuCalc_0")), "T, rho      => p, state L/V     + thermod. Fu.");
+    EXPECT_EQ(menu::Caption(row("mnuCalc_2")), "T, p         => rho, state L/V  + thermod. Fu.");
+    EXPECT_EQ(menu::Caption(row("mnuCalc_3")), "p, rho      => T, state L/V     + thermod. Fu.");
+    EXPECT_FALSE(menu::Visible(row("mnuCalc_1")));
+    session.BatchMode = true;
+    EXPECT_EQ(menu::Caption(row("mnuCalc_0")),
+              "columns T, rho(V) => p, state L/V     + thermod. Fu.");
+    EXPECT_EQ(menu::Caption(row("mnuCalc_1")),
+              "columns T, rho(L) => p, state L/V     + thermod. Fu.");
+    EXPECT_EQ(menu::Caption(row("mnuCalc_2")),
+              "columns T, p         => rho, state L/V  + thermod. Fu.");
+    EXPECT_EQ(menu::Caption(row("mnuCalc_3")),
+              "columns p, rho(V) => T, state L/V     + thermod. Fu.");
+    EXPECT_TRUE(menu::Visible(row("mnuCalc_1")));
+}
+
+TEST_F(Menu, TheVirialRowNamesParametersOnlyForACubicEquation) {
+    EXPECT_EQ(menu::Caption(row("mnuCalc_18")),
+              "T => Virial Coefficient B, Parameters of the CEOS");
+    Declare::models.EOSOnlyV = true;
+    EXPECT_EQ(menu::Caption(row("mnuCalc_18")), "T => Virial Coefficient B");
+}
+
+TEST_F(Menu, TheTankIsForDirectOperation) {
+    handleAll();
+    Module2::SetCommands({Command::mnuCalcMain, Command::toolTank, Command::needsLPhase}, true);
+    const menu::ToolButton& tool = menu::ToolButtons().back();
+    ASSERT_EQ(tool.index, 15);
+    EXPECT_TRUE(menu::Enabled(row("mnuCalc_15")));
+    EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
+    EXPECT_TRUE(menu::Enabled(tool));
+    session.BatchMode = true;
+    EXPECT_FALSE(menu::Enabled(row("mnuCalc_15")));
+    EXPECT_FALSE(menu::Enabled(row("mnuCalc_16")));
+    EXPECT_FALSE(menu::Enabled(tool));
+}
+
+TEST_F(Menu, TheGlobalTankNeedsALiquidFromTheEquationOfState) {
+    handleAll();
+    Module2::SetCommands({Command::mnuCalcMain, Command::toolTank}, true);
+    Declare::models.PriorityCEOS = false;
+    EXPECT_FALSE(menu::Enabled(row("mnuCalc_15")));
+    EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
+    EXPECT_TRUE(menu::Enabled(menu::ToolButtons().back()));
+}
+
+TEST_F(Menu, TheTankButtonGoesWithTheCalculationMenu) {
+    handleAll();
+    Module2::SetCommands({Command::toolTank, Command::needsLPhase}, true);
+    EXPECT_FALSE(menu::Enabled(menu::ToolButtons().back()));
+    Module2::SetCommands({Command::mnuCalcMain}, true);
+    EXPECT_TRUE(menu::Enabled(menu::ToolButtons().back()));
+}
+
+TEST_F(Menu, ToolButtonsBearTheirTips) {
+    const std::vector<std::pair<int, std::string>> tips = {
+        {2, " New project "},
+        {4, " Load last session "},
+        {6, " Load an existing project "},
+        {7, " Save actual project "},
+        {11, "Reference State for Thermodynamic"},
+        {15, " Tank calculation "}};
+    ASSERT_EQ(menu::ToolButtons().size(), tips.size());
+    for (std::size_t i = 0; i < tips.size(); ++i) {
+        EXPECT_EQ(menu::ToolButtons()[i].index, tips[i].first);
+        EXPECT_EQ(menu::ToolButtons()[i].tooltip, tips[i].second);
+    }
+}
+
+TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
+    handleAll();
+    Declare::SubstanceRecord& s = Declare::substance;
+    const auto enabled = [](const std::string& name) { return menu::Enabled(row(name)); };
+    const std::string first = "mnuCalc_sub_database_", second = "mnuCalc_sub_sub_database_";
+    for (int i = 1; i <= 6; ++i) EXPECT_FALSE(enabled(first + std::to_string(i))) << i;
+    for (int i = 0; i <= 3; ++i) EXPECT_FALSE(enabled(second + std::to_string(i))) << i;
+    EXPECT_TRUE(enabled("mnuCalc_sub_database_0"));
+
+    s.rhoLPar[1] = -2e-6F;
+    EXPECT_TRUE(enabled(first + "1"));
+    s.rhoSPar[0] = 1e-6F;
+    EXPECT_FALSE(enabled(first + "2")) << "not more than 1E-6 away from 0";
+    s.rhoSPar[0] = 900.0F;
+    EXPECT_TRUE(enabled(first + "2"));
+    s.hLVTLo = 200;
+    EXPECT_TRUE(enabled(first + "3"));
+    s.cpSinh.TLo = 200;
+    EXPECT_TRUE(enabled(first + "4"));
+    s.cpSinh.TLo = 0;
+    s.cpPoly.TLo = 200;
+    EXPECT_TRUE(enabled(first + "4"));
+    s.cpL.TLo = 200;
+    EXPECT_TRUE(enabled(first + "5"));
+    s.cpS.TLo = 50;
+    EXPECT_TRUE(enabled(first + "6"));
+
+    s.FRO.TLo = 200;
+    EXPECT_FALSE(enabled(second + "0")) << "both limits are needed";
+    s.FRO.THi = 300;
+    EXPECT_TRUE(enabled(second + "0"));
+    s.WAG.TLo = s.WAG.THi = 250;
+    EXPECT_TRUE(enabled(second + "1"));
+    s.ALP.TLo = s.ALP.THi = 250;
+    EXPECT_TRUE(enabled(second + "2"));
+    s.AHP.TLo = s.AHP.THi = 250;
+    EXPECT_TRUE(enabled(second + "3"));
+}
+
+TEST_F(Menu, ParametersOfTheEOSNeedACompleteChoice) {
+    handleAll();
+    EXPECT_FALSE(menu::Enabled(row("mnuData_ParameterEOS")));
+    Module2::SetCommands({Command::mnuCalcMain}, true);
+    EXPECT_TRUE(menu::Enabled(row("mnuData_ParameterEOS")));
+}
+
+TEST_F(Menu, SurfacesOfACubicEquationAskForTheRealBehaviour) {
+    Declare::models.EOSModel = 6;
+    user.answers = {dialogs::Answer::No};
+    EXPECT_TRUE(menu::Prepare(row("mnu3DSub_0")));
+    EXPECT_TRUE(session.SCurve3D);
+    EXPECT_EQ(session.Diagram3DKind, 1);
+    EXPECT_EQ(user.lastText(),
+              "Draw physically real behaviour?\n"
+              "(No = Draw S-shaped curves in the undercritical region)");
+    EXPECT_EQ(user.lastTitle(), "for cubic EOS only");
+    user.answers = {dialogs::Answer::Yes};
+    menu::Prepare(row("mnu3DSub_0"));
+    EXPECT_FALSE(session.SCurve3D);
+
+    const std::size_t asked = user.messages.size();
+    menu::Prepare(row("mnu3DSub_5"));
+    Declare::models.EOSOnlyV = true;
+    menu::Prepare(row("mnu3DSub_0"));
+    EXPECT_EQ(user.messages.size(), asked);
+}
+
+TEST_F(Menu, NewDataNeedASubstance) {
+    EXPECT_FALSE(menu::Prepare(row("mnuData_BatchInput")));
+    EXPECT_EQ(user.lastText(), "First choose substance!");
+    EXPECT_EQ(user.lastTitle(), "friendly remark");
+}
+
+TEST_F(Menu, NewDataReplaceOldOnesOnlyAfterAYes) {
+    session.CurrentSubstance = 1;
+    session.BatchCount = 2;
+    session.BatchFile = "old.BAQ";
+    Declare::BatchData.assign(3, {.T = 300});
+    user.answers = {dialogs::Answer::No};
+    EXPECT_FALSE(menu::Prepare(row("mnuData_BatchInput")));
+    EXPECT_EQ(user.lastText(),
+              "Exspecting input of new data;\nthe existing set of data will be deleted.\n"
+              "Do you want this?");
+    EXPECT_EQ(user.lastTitle(), "WARNING");
+    EXPECT_EQ(session.BatchCount, 2);
+
+    user.answers = {dialogs::Answer::Yes};
+    EXPECT_TRUE(menu::Prepare(row("mnuData_BatchInput")));
+    EXPECT_EQ(session.BatchCount, 0);
+    EXPECT_EQ(session.BatchFile, "");
+    EXPECT_EQ(Declare::BatchData[0].T, 300) << "the direct input stays";
+    EXPECT_EQ(Declare::BatchData[1].T, 0);
+}
+
+TEST_F(Menu, TheNoteOnSavingAProjectAppearsOnce) {
+    menu::Prepare(row("mnuData_SaveProject"));
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(),
+              "Please note:\nBefore saving your project the settings\n"
+              "for \"Models\" and \"Options\" must be complete");
+    EXPECT_EQ(user.lastTitle(), "Single Note");
+    EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Information);
+    menu::Prepare(row("mnuData_SaveProject"));
+    EXPECT_EQ(user.messages.size(), 1U);
+}
+
+TEST_F(Menu, FittingForgetsTheMeasuredData) {
+    session.BatchCount = 5;
+    menu::Prepare(row("mnuFitting"));
+    EXPECT_EQ(session.BatchCount, 0);
+}
+
+TEST_F(Menu, OpeningTheDataMenuOffersToEditWhatIsThere) {
+    menu::OpenDataMenu();
+    EXPECT_FALSE(Module2::IsEnabled(Command::mnuData_BatchEdit));
+    session.BatchCount = 1;
+    menu::OpenDataMenu();
+    EXPECT_TRUE(Module2::IsEnabled(Command::mnuData_BatchEdit));
+}
+
+TEST_F(Menu, AnActionMayReplaceItselfWhileItRuns) {
+    int first = 0, second = 0;
+    actions::RegisterAction("x", [&] {
+        actions::RegisterAction("x", [&] { ++second; });
+        ++first;
+    });
+    EXPECT_TRUE(actions::Run("x"));
+    EXPECT_TRUE(actions::Run("x"));
+    EXPECT_FALSE(actions::Run("y"));
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 1);
+}
+
+}  // namespace

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QSettings>
+
+#include "session/actions.h"
+#include "session/project_hooks.h"
+#include "session/shutdown.h"
+#include "session/views/shell.h"
+#include "support/session_test.h"
+#include "views/drive.h"
+
+/// Base of tests with real widgets: a fresh session, a per-user store of its own, no actions but
+/// those the test brings, and a check that every dialog of the script was met.
+class ViewTest : public SessionTest {
+  protected:
+    ViewTest() {
+        for (const QSettings::Format format : {QSettings::NativeFormat, QSettings::IniFormat})
+            QSettings::setPath(format, QSettings::UserScope,
+                               QString::fromStdString((folder() / "settings").string()));
+        actions::Clear();
+        Module2::projectHooks() = {};
+        Module2::shutdownHooks() = {};
+        shell::SetHelp(nullptr);
+    }
+
+    void TearDown() override {
+        EXPECT_TRUE(drive::Script::instance().done())
+            << drive::Script::instance().next().toStdString() << " never opened";
+        drive::Script::instance().clear();
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->isVisible()) top->close();
+        drive::settle();
+        actions::Clear();
+        Module2::projectHooks() = {};
+        Module2::shutdownHooks() = {};
+    }
+};
