@@ -290,7 +290,7 @@ bool MayCloseEditor(const EditorTexts& shown, const EditorTexts& now) {
 }
 
 std::string ActiveEquationCaption() {
-    return "actual vapour-pressure equation:" + std::string(Calc::VPName(Declare::models.VPModel));
+    return "actual vapour-pressure equation: " + text::Trim(Calc::VPName(Declare::models.VPModel));
 }
 
 std::string DatabaseCaption() {

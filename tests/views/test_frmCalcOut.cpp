@@ -54,7 +54,7 @@ TEST_F(FrmCalcOut, OpensForADirectCalculationWithoutBatchControls) {
     EXPECT_EQ(session.OutputPage, 1);
     EXPECT_EQ(read("statusZeile"), "");
     EXPECT_FALSE(isEnabled("cmdOpenNew"));
-    EXPECT_FALSE(isEnabled("cmdShowManuInput"));
+    EXPECT_TRUE(isEnabled("cmdShowManuInput"));
     EXPECT_TRUE(drive::get<QPlainTextEdit>("Liste")->isReadOnly());
     EXPECT_TRUE(QFontInfo(drive::get("Liste")->font()).fixedPitch());
 }

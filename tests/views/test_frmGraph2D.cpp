@@ -465,9 +465,9 @@ TEST_F(Graph2D, AddsMeasuredPointsAndTellsWhenThereAreNone) {
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     choose("mnuPunktDesign");
     type("txtLegPoints", "set one");
-    EXPECT_EQ(sheet().chart.points[0].legend, "set one");
+    EXPECT_EQ(sheet().chart.points.back().legend, "set one") << "the last set is in front";
     drive::select("cmbPunktStil", "Star");
-    EXPECT_EQ(sheet().chart.points[0].symbol, chart::SymbolShape::Star);
+    EXPECT_EQ(sheet().chart.points.back().symbol, chart::SymbolShape::Star);
     choose("mnuSubDelPoints_0");
     EXPECT_EQ(sheet().PointSetCount, 0);
 }

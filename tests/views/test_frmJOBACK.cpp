@@ -144,7 +144,7 @@ TEST_F(Joback, CriticalDataWithAMeasuredBoilingPoint) {
     click("cmdCalcCrit");
     ASSERT_EQ(user.inputs.size(), 1U);
     EXPECT_EQ(user.inputs[0].title, "Input Normal Boiling Temperature T(LV), NP");
-    EXPECT_EQ(user.inputs[0].proposal, "231.1") << "the boiling point of the substance data";
+    EXPECT_EQ(user.inputs[0].proposal, "231.0") << "the boiling point of the substance data";
     // Sums: Tc 2 (0.0141) + 0.0164 + 0.0741, pc 2 (-0.0012) + 0.0020 + 0.0112, Vc 2 (65) + 41 + 28
     const double sTc = 0.1187, sPc = 0.0108;
     EXPECT_EQ(read("txtTb"), "355.4");
@@ -159,7 +159,7 @@ TEST_F(Joback, CriticalDataWithAMeasuredBoilingPoint) {
 
     click("cmdOmega");
     EXPECT_EQ(user.lastTitle(), "Acentric Factor");
-    EXPECT_TRUE(user.lastText().starts_with(" omega = 0.6")) << user.lastText();
+    EXPECT_TRUE(user.lastText().starts_with(" omega = 0.571")) << user.lastText();
     click("cmdReset");
     EXPECT_EQ(read("txtTc"), " ---");
     EXPECT_EQ(read(kCH3), " 0");

@@ -303,7 +303,7 @@ TEST_F(ManuInput, TheClipboardComesInAtTheMarkedLine) {
     EXPECT_EQ(pairs(), (Pairs{{1, 0}, {2, 0}, {5.5F, 6}, {7, 8}}));
     drive::mark(kList, 2, 2);
     user.clipboard = "9\t9";
-    drive::press(kList, Qt::Key_V, Qt::ControlModifier);
+    drive::popupRow("mnuPaste2")->trigger();
     EXPECT_EQ(pairs(), (Pairs{{1, 0}, {9, 9}, {2, 0}, {5.5F, 6}, {7, 8}}));
 }
 

@@ -30,6 +30,8 @@ void ChildView::keyPressEvent(QKeyEvent* event) {
             return;
         case Qt::Key_Return:
         case Qt::Key_Enter: {
+            // A field with a command of its own has already run it.
+            if (focusWidget() != nullptr && focusWidget()->property(kTakesReturn).toBool()) return;
             auto* focused = qobject_cast<QPushButton*>(focusWidget());
             QPushButton* button = focused != nullptr ? focused : default_;
             if (button != nullptr && button->isEnabled() && button->isVisible()) {

@@ -4,6 +4,9 @@
 
 class QPushButton;
 
+/// Property of a field that runs a command of its own on Enter, instead of the view's default.
+inline constexpr auto kTakesReturn = "takesReturn";
+
 /// A view that stands inside the frame, or alone: Enter presses its default button, or the button
 /// that has the focus; Escape cancels it.
 class ChildView : public QWidget {

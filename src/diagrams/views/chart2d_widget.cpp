@@ -265,6 +265,13 @@ void Chart2DWidget::beginDrag(const QPointF& place, Qt::MouseButton button) {
     }
 }
 
+QRectF Chart2DWidget::bandTo(QPointF place) const {
+    const SheetRect& p = sheet().plot;
+    return QRectF(pressed_, place)
+        .normalized()
+        .intersected(QRectF(p.left, p.top, p.width, p.height));
+}
+
 void Chart2DWidget::press(const QMouseEvent& event) {
     beginDrag(event.position(), event.button());
     emit mousePressed(pressedHit_, event.button());
@@ -276,9 +283,7 @@ void Chart2DWidget::move(const QMouseEvent& event) {
         (place - pressed_).manhattanLength() >= QApplication::startDragDistance())
         moved_ = true;
     if (moved_ && drag_ == Drag::Rectangle) {
-        const SheetRect& p = sheet().plot;
-        const QRectF area(p.left, p.top, p.width, p.height);
-        band_->setGeometry(QRectF(pressed_, place).normalized().intersected(area).toAlignedRect());
+        band_->setGeometry(bandTo(place).toAlignedRect());
         band_->show();
     }
     if (moved_ && drag_ == Drag::Pan) pan(place);
@@ -295,7 +300,7 @@ void Chart2DWidget::release(const QMouseEvent& event) {
     button_ = Qt::NoButton;
     const bool clicked = !moved_;
     if (drag == Drag::Rectangle && moved_ && band_->isVisible()) {
-        const QRectF rect = band_->geometry();
+        const QRectF rect = bandTo(event.position());
         band_->hide();
         if (rect.width() >= kLeastBand && rect.height() >= kLeastBand) zoomIntoRectangle(rect);
     }
@@ -319,10 +324,17 @@ void Chart2DWidget::keyPressEvent(QKeyEvent* event) {
         return;
     }
     switch (zoomEnabled_ ? event->key() : 0) {
-        case Qt::Key_Plus: zoom(kWheelFactor); return;
-        case Qt::Key_Minus: zoom(1 / kWheelFactor); return;
-        case Qt::Key_Home: fit(); return;
-        default: QWidget::keyPressEvent(event);
+        case Qt::Key_Plus:
+            zoom(kWheelFactor);
+            return;
+        case Qt::Key_Minus:
+            zoom(1 / kWheelFactor);
+            return;
+        case Qt::Key_Home:
+            fit();
+            return;
+        default:
+            QWidget::keyPressEvent(event);
     }
 }
 

@@ -100,6 +100,8 @@ class Chart2DWidget : public QWidget {
   private:
     enum class Drag { None, Rectangle, Pan, Part };
 
+    /// The rubber band from the press to a place, within the plot area.
+    QRectF bandTo(QPointF place) const;
     void press(const QMouseEvent& event);
     void move(const QMouseEvent& event);
     void release(const QMouseEvent& event);

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "common/numbers.h"
+#include "common/views/child_view.h"
 #include "common/views/form.h"
 #include "common/views/number_edit.h"
 #include "common/views/theme.h"
@@ -59,6 +60,7 @@ QWidget* FitGraphFrame::buildCalculator() {
     direction_[1] = form::named(new QRadioButton("T from y"), "optCalc_1");
     direction_[0]->setChecked(true);
     value_ = form::named(new NumberEdit, "txtXY");
+    value_->setProperty(kTakesReturn, true);
     connect(value_, &QLineEdit::returnPressed, this, &FitGraphFrame::calculate);
     connect(value_, &QLineEdit::textEdited, this, [this] { result_->clear(); });
     QPushButton* run = form::button("Calculate <Enter>", "cmdCalc");
