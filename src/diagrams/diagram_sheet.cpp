@@ -21,7 +21,6 @@ namespace {
 using chart::Group;
 using chart::Series;
 
-constexpr std::size_t kLineOfTitle = 80;  // characters
 constexpr std::size_t kMaxUndo = 50;
 
 std::size_t at(int slot) {
@@ -187,29 +186,29 @@ DiagramSheet::DiagramSheet() : CurveParameters(kMaxCurves) {
     PointSetFree.fill(true);
 }
 
-std::string WrapTitle(const std::string& title) {
+std::string WrapTitle(const std::string& title, std::size_t length) {
     std::string wrapped;
-    std::size_t length = 0;
+    std::size_t inLine = 0;
     for (const std::string& word : text::Split(title, ' ')) {
         const std::size_t more = text::Length(word);
-        if (length > 0 && length + 1 + more > kLineOfTitle) {
+        if (inLine > 0 && inLine + 1 + more > length) {
             wrapped += '\n';
-            length = 0;
-        } else if (!wrapped.empty() || length > 0) {
+            inLine = 0;
+        } else if (!wrapped.empty()) {
             wrapped += ' ';
-            ++length;
+            ++inLine;
         }
         wrapped += word;
-        length += more;
+        inLine += more;
     }
     return wrapped;
 }
 
 void ShowTexts(DiagramSheet& sheet) {
-    sheet.chart.header.text = WrapTitle(text::Trim(sheet.request.title));
-    sheet.chart.footer.text = WrapTitle(text::Trim(sheet.request.subTitle));
+    sheet.chart.header.text = WrapTitle(text::Trim(sheet.request.title), kHeaderLine);
+    sheet.chart.footer.text = WrapTitle(text::Trim(sheet.request.subTitle), kFooterLine);
     const std::string note = ReferenceNote(sheet.request.DiagramType);
-    if (!note.empty()) sheet.chart.footer.text += "\n" + note;
+    if (!note.empty()) sheet.chart.footer.text += "\n" + WrapTitle(note, kFooterLine);
     sheet.chart.x.title = text::Trim(sheet.request.xLabel);
     sheet.chart.y.title = text::Trim(sheet.request.yLabel);
 }

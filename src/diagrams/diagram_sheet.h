@@ -170,7 +170,11 @@ void PlaceLabels(DiagramSheet& sheet, double width, double height,
 /// A free text in the middle of the window.
 void AddText(DiagramSheet& sheet, const std::string& text);
 
-/// A title with line ends where it is longer than a line of a diagram.
-std::string WrapTitle(const std::string& title);
+/// Lengths in characters at which header and footer, in their faces, still fit a small diagram.
+inline constexpr std::size_t kHeaderLine = 50, kFooterLine = 70;
+
+/// A title with line ends at blanks, so that a line has at most `length` characters; a longer word
+/// stays whole.
+std::string WrapTitle(const std::string& title, std::size_t length);
 
 }  // namespace Module9

@@ -6,6 +6,7 @@
 #include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "common/text.h"
 #include "diagrams/catalogue.h"
 #include "models/model_tables.h"
 #include "session/declare.h"
@@ -76,6 +77,11 @@ CurveName isochore_name(bool criticalPointMarked, std::int16_t code) {
     return {volume + " (L) ", volume + "(L)"};
 }
 
+/// Names of the list of equations are padded with blanks.
+std::string equation_name(std::string_view code) {
+    return text::Trim(Calc::VPName(Calc::VPIndex(code)));
+}
+
 std::string database_equation(std::int16_t code) {
     switch (code) {
         case 300:
@@ -91,13 +97,13 @@ std::string database_equation(std::int16_t code) {
         case 305:
             return "delta(LV)h = Fu(T)";
         case 306:
-            return std::string(Calc::VPName(Calc::VPIndex("FRO")));
+            return equation_name("FRO");
         case 307:
-            return std::string(Calc::VPName(Calc::VPIndex("WAG")));
+            return equation_name("WAG");
         case 308:
-            return std::string(Calc::VPName(Calc::VPIndex("ALP")));
+            return equation_name("ALP");
         case 309:
-            return std::string(Calc::VPName(Calc::VPIndex("AHP")));
+            return equation_name("AHP");
         case 310:
             return "rho(S) = Fu(T)";
         default:

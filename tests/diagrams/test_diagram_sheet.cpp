@@ -28,11 +28,13 @@ TEST_F(DiagramSheet, OpensWithTheWindowAndTheTextsOfTheRequest) {
 }
 
 TEST_F(DiagramSheet, BreaksALongTitleAtBlanks) {
-    EXPECT_EQ(Module9::WrapTitle("short"), "short");
+    EXPECT_EQ(Module9::WrapTitle("short", 50), "short");
+    EXPECT_EQ(Module9::WrapTitle("two words", 5), "two\nwords");
+    EXPECT_EQ(Module9::WrapTitle("alongword", 5), "alongword");
     std::string longTitle;
     for (int i = 0; i < 30; ++i) longTitle += "word ";
     longTitle += "end";
-    const std::string wrapped = Module9::WrapTitle(longTitle);
+    const std::string wrapped = Module9::WrapTitle(longTitle, 50);
     EXPECT_NE(wrapped.find('\n'), std::string::npos);
     std::string joined = wrapped;
     for (char& c : joined)

@@ -60,8 +60,7 @@ TEST_F(SheetMarks, NamesCurvesByTheirSection) {
     EXPECT_EQ(curve(0).legend, "0.5 m^3/kmol ");
     open(307);
     Module9::Draw(sheet);
-    EXPECT_EQ(curve(0).legend.front(), '(');
-    EXPECT_EQ(curve(0).legend.back(), ')');
+    EXPECT_EQ(curve(0).legend, "(Wagner)");
     Declare::processLine.Kind = 2;
     Declare::DiagramRequest line = sheet.request;
     line.DiagramType = 204;

@@ -327,7 +327,7 @@ QFormLayout* DesignPanel::page(const QString& name, const QString& title) {
     return layout;
 }
 
-QWidget* DesignPanel::curvePage() {
+void DesignPanel::curvePage() {
     QFormLayout* into = page("curves", "Curves");
     curves_ = slotTabs("tabKurven", kMaxCurves, "C. ");
     connect(curves_, &QTabBar::currentChanged, this, [this] {
@@ -384,10 +384,9 @@ QWidget* DesignPanel::curvePage() {
     loads_.push_back([any] {
         if (any() != nullptr) any()->symbolColour = any()->line.colour;
     });
-    return nullptr;
 }
 
-QWidget* DesignPanel::pointPage() {
+void DesignPanel::pointPage() {
     QFormLayout* into = page("points", "Points");
     points_ = slotTabs("tabPunkte", kMaxPointSets, "P. ");
     connect(points_, &QTabBar::currentChanged, this, [this] {
@@ -411,7 +410,6 @@ QWidget* DesignPanel::pointPage() {
         into, "Size", "UpDown1_PointSize", 2, 40, 1,
         [any] { return static_cast<double>(any()->symbolSize); },
         [any](double value) { any()->symbolSize = static_cast<float>(value); }, any);
-    return nullptr;
 }
 
 void DesignPanel::axisPage() {

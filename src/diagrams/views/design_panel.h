@@ -43,8 +43,8 @@ class DesignPanel : public QWidget {
     using Load = std::function<void()>;
 
     QFormLayout* page(const QString& name, const QString& title);
-    QWidget* curvePage();
-    QWidget* pointPage();
+    void curvePage();
+    void pointPage();
     void axisPage();
     void axisGroup(QFormLayout* into, bool xAxis);
     void scalingGroup(QFormLayout* into);
