@@ -94,19 +94,23 @@ TEST_F(EditorScreens, XyEditor) {
 }
 
 TEST_F(EditorScreens, GroupContributions) {
-    for (const auto& [row, command, picture] :
-         {std::tuple{"mnuData_JOBACK_CritData", "cmdCalcCrit", "groups_critical"},
-          {"mnuData_JOBACK_bildung", "cmdCalcBildung", "groups_formation"},
-          {"mnuData_JOBACK_cpIdG", "cmdCalccp", "groups_cp"}}) {
+    struct Way {
+        const char* row;
+        const char* command;
+        const char* picture;
+    };
+    for (const Way& way : {Way{"mnuData_JOBACK_CritData", "cmdCalcCrit", "groups_critical"},
+                           Way{"mnuData_JOBACK_bildung", "cmdCalcBildung", "groups_formation"},
+                           Way{"mnuData_JOBACK_cpIdG", "cmdCalccp", "groups_cp"}}) {
         when("frmJOBACK", [&] {
             type("txtInkr_0", "2");
             type("txtInkr_2", "1");
             type("txtInkr_19", "1");
-            click(command);
-            look::at(drive::find("frmJOBACK"), picture);
+            click(way.command);
+            look::at(drive::find("frmJOBACK"), way.picture);
             click("cmdEsc");
         });
-        choose(row);
+        choose(way.row);
     }
 }
 
