@@ -192,31 +192,29 @@ TEST_F(Frame, LeavingTheModelViewKeepsTheCalculationDisabled) {
 }
 
 TEST_F(Frame, ACalculationRowRunsTheHandlerOfItsMode) {
-    std::vector<int> modes;
+    int runs = 0;
     start();
-    actions::RegisterAction("CalcMode_3", [&] { modes.push_back(session.CalcMode); });
+    actions::RegisterAction("CalcMode_3", [&] { ++runs; });
     openSubstance("Carbon dioxide");
     EXPECT_TRUE(offers("mnuCalc_2"));
     choose("mnuCalc_2");
-    EXPECT_EQ(modes, std::vector<int>{3});
+    EXPECT_EQ(runs, 1);
 }
 
 TEST_F(Frame, TheTankButtonTakesTheMethodThatHasPriority) {
-    std::vector<std::pair<int, bool>> runs;
+    std::vector<int> runs;
     start();
-    for (const char* action : {"CalcMode_9", "CalcMode_10"})
-        actions::RegisterAction(
-            action, [&] { runs.emplace_back(session.CalcMode, session.GlobalCalculation); });
+    actions::RegisterAction("CalcMode_9", [&] { runs.push_back(9); });
+    actions::RegisterAction("CalcMode_10", [&] { runs.push_back(10); });
     openSubstance("Carbon dioxide");
     click("Toolbar1_15");
     Declare::models.PriorityCEOS = false;
     click("Toolbar1_15");
-    EXPECT_EQ(runs, (std::vector<std::pair<int, bool>>{{9, true}, {10, false}}));
+    EXPECT_EQ(runs, (std::vector<int>{9, 10}));
 }
 
 TEST_F(Frame, OpeningTheCalculationMenuClosesTheViewsOfTheLastOne) {
     start();
-    actions::RegisterAction("CalcMode_3", [] {});
     openSubstance("Carbon dioxide");
     for (const char* name : {"frmCalcOut", "frmParinput", "frmGraph2D"}) {
         auto* view = new QWidget;

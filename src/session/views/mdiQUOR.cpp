@@ -12,6 +12,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "calculation/start_calculation.h"
 #include "common/views/form.h"
 #include "common/views/settings.h"
 #include "common/views/theme.h"
@@ -129,10 +130,6 @@ void mdiQUOR::registerProjectActions() {
 void mdiQUOR::RunRow(const menu::Row& row) {
     if (!menu::Enabled(row) || !menu::Prepare(row)) return;
     actions::Run(row.action);
-    // The tank has a view of its own behind the result.
-    const std::int16_t mode = Declare::session.CalcMode;
-    if (row.action.starts_with("CalcMode_") && (mode == kTankGlobal || mode == kTankPartial))
-        shell::CloseViews({"frmCalcOut"});
     refresh();
 }
 
@@ -141,8 +138,7 @@ void mdiQUOR::menuOpens(const QString& menuName) {
         shell::CloseViews(shell::InputViews());
         menu::OpenDataMenu();
     } else if (menuName == "mnuCalcMain") {
-        menu::OpenCalculationMenu();
-        shell::CloseViews({"frmCalcOut", "frmParinput", "frmKessel"});
+        Zentrale::PrepareCalculationMenu();
     }
     refresh();
 }
