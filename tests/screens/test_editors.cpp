@@ -1,4 +1,4 @@
-#include "datafiles/views/frmBankEdit.h"
+#include "app/views/wiring.h"
 #include "datafiles/xy_file.h"
 #include "estimation/fit_state.h"
 #include "screens/look.h"
@@ -21,6 +21,7 @@ class EditorScreens : public ViewTest {
     EditorScreens() {
         databases::WriteAll(folder() / "STUDENT.Q05");
         frame.show();
+        wiring::ConnectViews();
         frame.StartUp();
         if (drive::find("frmTip") != nullptr) click("cmdOK");
         user.fileAnswers = {(folder() / "STUDENT.Q05").string()};

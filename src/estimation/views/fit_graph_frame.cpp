@@ -18,7 +18,8 @@ namespace {
 
 using estimation::fit;
 
-constexpr QSize kLeastChart(380, 240);
+constexpr QSize kLeastChart(380, 220);
+constexpr int kValueDigits = 10;
 
 QString general(double value) {
     return QString::fromStdString(numbers::General(value)).trimmed();
@@ -71,6 +72,7 @@ QWidget* FitGraphFrame::buildCalculator() {
         layout->addWidget(one);
         connect(one, &QRadioButton::clicked, this, [this] { result_->clear(); });
     }
+    value_->setMinimumWidth(value_->fontMetrics().horizontalAdvance('0') * kValueDigits);
     layout->addWidget(value_);
     layout->addWidget(run);
     layout->addWidget(result_, 1);

@@ -4,7 +4,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
+#include <QToolButton>
 
 #include "common/numbers.h"
 #include "common/views/form.h"
@@ -17,7 +17,7 @@ namespace {
 using estimation::fit;
 using estimation::FitModelRow;
 
-constexpr int kResultDigits = 17, kDeviationDigits = 12;
+constexpr int kStartDigits = 17, kResultDigits = 18, kDeviationDigits = 13;
 constexpr auto kNone = " ---";
 
 enum Column { kLabel, kStart, kFixed, kLeft, kResult, kStdDev, kInterval };
@@ -45,6 +45,19 @@ QLineEdit* output(const QString& name, int digits) {
     return field;
 }
 
+QToolButton* arrow(const QString& text, const QString& name, const QString& tip) {
+    auto* button = form::named(new QToolButton, name);
+    button->setText(text);
+    button->setToolTip(tip);
+    return button;
+}
+
+/// Shows a number with its first digits in sight.
+void showNumber(QLineEdit* field, const QString& text) {
+    field->setText(text);
+    field->setCursorPosition(0);
+}
+
 /// Writes a value back when it was typed; what still shows it keeps all digits.
 void take(const NumberEdit* field, double& value) {
     if (field->text() != number(value)) value = field->value();
@@ -64,10 +77,9 @@ FitParameterRows::FitParameterRows(QWidget* parent) : QWidget(parent) {
     head("fixed", kFixed);
     resultHeads_ = {nullptr, head("result", kResult), head("std. deviation", kStdDev),
                     head("95 % interval", kInterval)};
-    leftAll_ = form::button("<<", "cmdLeftAll");
-    leftAll_->setToolTip(" apply all result-parameters as new starting values ");
-    connect(leftAll_, &QPushButton::clicked, this, &FitParameterRows::takeAllResults);
-    grid->addWidget(leftAll_, 0, kLeft);
+    leftAll_ = arrow("<<", "cmdLeftAll", " apply all result-parameters as new starting values ");
+    connect(leftAll_, &QToolButton::clicked, this, &FitParameterRows::takeAllResults);
+    grid->addWidget(leftAll_, 0, kLeft, Qt::AlignHCenter);
     for (int i = 0; i < estimation::kMaxPar; ++i)
         rows_[static_cast<std::size_t>(i)] = buildRow(grid, i);
 
@@ -82,15 +94,30 @@ FitParameterRows::FitParameterRows(QWidget* parent) : QWidget(parent) {
     below("pcr/kPa = ", "txtpcr", estimation::kMaxPar + 2, pcrCaption_, pcr_);
     grid->setRowStretch(estimation::kMaxPar + 3, 1);
     grid->setColumnStretch(kResult, 1);
-    const int button = leftAll_->fontMetrics().horizontalAdvance("<<<<<");
-    leftAll_->setMaximumWidth(button);
-    for (const Row& row : rows_) row.left->setMaximumWidth(button);
+    keepPlaces();
+}
+
+// Results come and go without moving anything else.
+void FitParameterRows::keepPlaces() {
+    const auto keep = [](QWidget* part) {
+        if (part == nullptr) return;
+        QSizePolicy policy = part->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(policy);
+    };
+    for (QWidget* head : resultHeads_) keep(head);
+    keep(leftAll_);
+    for (const Row& row : rows_)
+        for (QWidget* part :
+             std::initializer_list<QWidget*>{row.result, row.stdDev, row.interval, row.left})
+            keep(part);
 }
 
 FitParameterRows::Row FitParameterRows::buildRow(QGridLayout* grid, int i) {
     const QString index = QString("_%1").arg(i);
     Row row{};
     row.start = form::named(new NumberEdit, "txtStart" + index);
+    row.start->setMinimumWidth(row.start->fontMetrics().horizontalAdvance('0') * kStartDigits);
     row.label = form::caption({}, row.start);
     row.label->setObjectName("lblPar" + index);
     row.fixed = form::named(new QCheckBox, "chkFix" + index);
@@ -98,15 +125,14 @@ FitParameterRows::Row FitParameterRows::buildRow(QGridLayout* grid, int i) {
     row.result = output("txtResult" + index, kResultDigits);
     row.stdDev = output("txtStdDev" + index, kDeviationDigits);
     row.interval = output("txtInterval" + index, kDeviationDigits);
-    row.left = form::button("<", "cmdleft" + index);
-    row.left->setToolTip(" apply result as new starting value ");
+    row.left = arrow("<", "cmdleft" + index, " apply result as new starting value ");
     connect(row.fixed, &QCheckBox::clicked, this, [this, i](bool on) { fix(i, on); });
-    connect(row.left, &QPushButton::clicked, this, [this, i] { takeResult(i); });
+    connect(row.left, &QToolButton::clicked, this, [this, i] { takeResult(i); });
     const int line = i + 1;
     grid->addWidget(row.label, line, kLabel);
     grid->addWidget(row.start, line, kStart);
     grid->addWidget(row.fixed, line, kFixed, Qt::AlignHCenter);
-    grid->addWidget(row.left, line, kLeft);
+    grid->addWidget(row.left, line, kLeft, Qt::AlignHCenter);
     grid->addWidget(row.result, line, kResult);
     grid->addWidget(row.stdDev, line, kStdDev);
     grid->addWidget(row.interval, line, kInterval);
@@ -142,7 +168,7 @@ void FitParameterRows::showModel() {
 void FitParameterRows::showStartValues() {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const bool used = static_cast<int>(i) < fit.NPar;
-        rows_[i].start->setText(used ? number(fit.FitStart[i]) : " 0");
+        showNumber(rows_[i].start, used ? number(fit.FitStart[i]) : " 0");
     }
 }
 
@@ -156,8 +182,7 @@ void FitParameterRows::showResults() {
              std::initializer_list<QWidget*>{row.result, row.stdDev, row.interval, row.left})
             part->setVisible(used);
         if (!used) continue;
-        row.result->setText(number(fit.FitPar[i]));
-        row.result->setCursorPosition(0);
+        showNumber(row.result, number(fit.FitPar[i]));
         row.stdDev->setText(computed ? QString() : rough(fit.FitStdDev[i]));
         const double half = fit.report.halfWidth[i];
         const bool adjusted = !fit.FitFixed[i] && !computed && half != estimation::kNoStdDev;
@@ -197,7 +222,7 @@ void FitParameterRows::shade(int i) {
 void FitParameterRows::takeResult(int i) {
     estimation::TakeResultAsStart(fit, i);
     const auto k = static_cast<std::size_t>(i);
-    rows_[k].start->setText(number(fit.FitStart[k]));
+    showNumber(rows_[k].start, number(fit.FitStart[k]));
 }
 
 void FitParameterRows::takeAllResults() {

@@ -10,7 +10,7 @@ class QCheckBox;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
-class QPushButton;
+class QToolButton;
 
 /// The rows of parameters of the fitting view: start value, mark "fixed", result, standard
 /// deviation, confidence interval; below them Tcr and pcr. It shows the state of the fit and writes
@@ -36,9 +36,10 @@ class FitParameterRows : public QWidget {
         QLineEdit* result;
         QLineEdit* stdDev;
         QLineEdit* interval;
-        QPushButton* left;
+        QToolButton* left;
     };
     Row buildRow(QGridLayout* grid, int i);
+    void keepPlaces();
     void fix(int i, bool fixed);
     void shade(int i);
     void takeResult(int i);
@@ -46,7 +47,7 @@ class FitParameterRows : public QWidget {
 
     std::array<Row, estimation::kMaxPar> rows_{};
     std::array<QLabel*, 4> resultHeads_{};
-    QPushButton* leftAll_ = nullptr;
+    QToolButton* leftAll_ = nullptr;
     QLabel* TcrCaption_ = nullptr;
     NumberEdit* Tcr_ = nullptr;
     QLabel* pcrCaption_ = nullptr;

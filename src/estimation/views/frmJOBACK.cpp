@@ -24,6 +24,7 @@ using LoadSaveData::GroupFrame;
 constexpr auto kExample = " Example Propan-2-ol (Isopropanol): 2x -CH3, 1x >CH-, 1x -OH (alcohol)";
 constexpr auto kDensityTip = " critical density ";
 constexpr auto kNone = " ---";
+constexpr int kResultDigits = 15;
 constexpr std::size_t kFieldTboil = 1;  // of the substance editor
 
 /// The families from which a new column of groups begins.
@@ -43,6 +44,7 @@ QLineEdit* output(const QString& name) {
     field->setReadOnly(true);
     field->setAlignment(Qt::AlignRight);
     field->setFocusPolicy(Qt::ClickFocus);
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance('0') * kResultDigits);
     return field;
 }
 

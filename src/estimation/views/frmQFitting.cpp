@@ -90,6 +90,7 @@ frmQFitting::frmQFitting(QWidget* parent) : ChildView("frmQFitting", parent) {
 QWidget* frmQFitting::buildTabs() {
     models_ = new QButtonGroup(this);
     tabs_ = form::named(new QTabWidget, "SSTab1");
+    tabs_->setUsesScrollButtons(false);
     for (int tab = 0; tab < kTabs; ++tab)
         tabs_->addTab(buildPage(tab), qt(estimation::TabCaption(static_cast<FitTab>(tab))));
     data_ = form::named(new QLabel, "lblData");
@@ -271,5 +272,8 @@ void frmQFitting::showResults() {
     rows_->showResults();
     quality_->showFit();
     graph_->showFit();
+    // What the parts need is known once they have laid out themselves.
+    for (const QWidget* part : std::initializer_list<QWidget*>{rows_, quality_, graph_})
+        part->layout()->activate();
     fitWindow();
 }
