@@ -174,7 +174,8 @@ TEST_F(Saturation, BracketedSearchAgreesWithTheSecantSearch) {
         ASSERT_TRUE(activate("Propane", code));
         for (const double Tr : {0.5, 0.7, 0.9, 0.99}) {
             const double T = Tr * Declare::substance.Tcrit;
-            const Calc::Saturation secant = Calc::search_saturation_pressure(Calc::CurrentFluid(), T);
+            const Calc::Saturation secant =
+                Calc::search_saturation_pressure(Calc::CurrentFluid(), T);
             const Calc::Saturation exact = Calc::maxwell_pressure(Calc::CurrentFluid(), T);
             ASSERT_EQ(secant.status, kSuccess);
             EXPECT_NEAR(secant.p, exact.p, 5e-5 * exact.p) << code << " " << Tr;

@@ -94,7 +94,8 @@ TEST_F(Quorcalc, AMissingDatabaseIsAFailure) {
 
 TEST_F(Quorcalc, WhatIsNotThereIsNull) {
     const json gas =
-        call({"state", "--substance", "Carbon dioxide", "--T", "300", "--p", "5000", "--json"}).object();
+        call({"state", "--substance", "Carbon dioxide", "--T", "300", "--p", "5000", "--json"})
+            .object();
     EXPECT_TRUE(gas.at("rhoL").is_null());
     EXPECT_TRUE(gas.at("vL").is_null());
     EXPECT_GT(gas.at("rhoV").get<double>(), 1.0);
