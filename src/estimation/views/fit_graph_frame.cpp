@@ -18,7 +18,7 @@ namespace {
 
 using estimation::fit;
 
-constexpr QSize kLeastChart(380, 220);
+constexpr QSize kLeastChart(380, 200);
 constexpr int kValueDigits = 10;
 
 QString general(double value) {
