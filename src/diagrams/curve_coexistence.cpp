@@ -149,16 +149,17 @@ void dome_over_p(Curve& c) {
     const double step = 0.75 * c.dX;
     const double end = (critical.p - kBelowCritical) * c.PF;
     Steps loop = Steps::plain(c.xMin, end, step).within(c.xMin, c.xMax);
-    bool first = true;
+    bool started = false;
     for (double x; loop.next(x);) {
         const double p = std::fmax(x / c.PF, kLowest);
         const double next = (x + step) / c.PF;
-        if (first && next > p && x + step < end) {
-            for (const double low : foot_of_dome(c, p, next)) add_at_pressure(low);
-        } else {
+        if (started || next <= p || x + step >= end) {
             add_at_pressure(p);
+            started = true;
+        } else if (next > end_of_dome(c)) {
+            for (const double low : foot_of_dome(c, p, next)) add_at_pressure(low);
+            started = true;
         }
-        first = false;
     }
     add_over_p(c, critical);
 }

@@ -93,6 +93,7 @@ void saturation_functions_over_p(Curve& c) {
     double above = c.xMax;
     Steps loop = Steps::plain(c.xMax, lowest, -c.dX);
     for (double x; loop.next(x);) {
+        if (x / c.PF <= end_of_dome(c)) break;
         add_at_pressure(x / c.PF);
         above = x;
     }
@@ -220,15 +221,15 @@ void saturation_function_pairs(Curve& c) {
     const double high = static_cast<double>(d.pMax) / c.PF;
     const double step = kStep * (high - low) / c.steps;
     Steps loop = Steps::plain(low, high, step);
-    bool first = true;
+    bool started = false;
     for (double p; loop.next(p);) {
         if (p >= critical.p) break;
-        if (first) {
-            for (const double foot : foot_of_dome(c, p, p + step)) add_at_pressure(foot);
-        } else {
+        if (started) {
             add_at_pressure(p);
+        } else if (p + step > end_of_dome(c)) {
+            for (const double foot : foot_of_dome(c, p, p + step)) add_at_pressure(foot);
+            started = true;
         }
-        first = false;
     }
     add(critical);
 }

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <utility>
 
+#include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
@@ -56,6 +58,16 @@ SavedCurve saved_curve(DiagramSheet& sheet, int slot) {
 
 SavedPointSet saved_points(DiagramSheet& sheet, int slot) {
     return {slot, sheet.PointSetFree[at(slot)], chart::SeriesAt(sheet.chart, Group::Points, slot)};
+}
+
+/// Where the line between two points reaches an x that lies between theirs.
+Declare::CurvePoint point_at_x(const Declare::CurvePoint& a, const Declare::CurvePoint& b,
+                               float x) {
+    const double part = (static_cast<double>(x) - static_cast<double>(a.x)) /
+                        (static_cast<double>(b.x) - static_cast<double>(a.x));
+    const double y =
+        static_cast<double>(a.y) + part * (static_cast<double>(b.y) - static_cast<double>(a.y));
+    return {x, static_cast<float>(y), a.z};
 }
 
 void erase_labels(DiagramSheet& sheet, int from, int to) {
@@ -133,23 +145,42 @@ void keep_coordinates(DiagramSheet& sheet, const chart::Window& window) {
     r.yMax = static_cast<float>(window.y.max);
 }
 
-chart::Range scaled(const chart::Range& range, double about, double factor, bool logarithmic) {
-    if (!logarithmic)
-        return {about + (range.min - about) * factor, about + (range.max - about) * factor};
-    return {about * std::pow(range.min / about, factor),
-            about * std::pow(range.max / about, factor)};
+}  // namespace
+
+namespace {
+
+bool shows_any(const CatalogueRow& row, std::initializer_list<Axis> axes) {
+    return std::any_of(axes.begin(), axes.end(),
+                       [&](Axis axis) { return row.x == axis || row.y == axis; });
 }
 
-chart::Range moved(const chart::Range& range, double fraction, bool logarithmic) {
-    if (!logarithmic) {
-        const double shift = (range.max - range.min) * fraction;
-        return {range.min + shift, range.max + shift};
-    }
-    const double factor = std::pow(range.max / range.min, fraction);
-    return {range.min * factor, range.max * factor};
+/// T/K and p/kPa in a line of text.
+std::string state_text(double T, double p) {
+    return numbers::General(static_cast<float>(T)) + " K, " +
+           numbers::General(static_cast<float>(p)) + " kPa";
 }
 
 }  // namespace
+
+std::string ReferenceNote(std::int16_t DiagramType) {
+    const CatalogueRow* row = FindRow(DiagramType);
+    if (row == nullptr) return {};
+    const Declare::ReferenceState& r = Declare::reference;
+    const bool exergy = shows_any(*row, {Axis::e});
+    if (!exergy && !shows_any(*row, {Axis::h, Axis::hSpaced, Axis::s, Axis::g, Axis::a, Axis::u}))
+        return {};
+    if (exergy && row->y == Axis::e && row->x != Axis::h && row->x != Axis::hSpaced)
+        return "surroundings: " + state_text(r.Tenv, r.penv);
+
+    constexpr std::int16_t kConventional = 2, kFormation = 10;
+    const bool pressureSet = r.p0 > 0;
+    std::string note = "reference state: " + state_text(static_cast<double>(r.T0),
+                                                        pressureSet ? static_cast<double>(r.p0)
+                                                                    : constants::kNormalPressure);
+    if (r.RefMode == kConventional) note = "conventional reference state";
+    if (r.RefMode == kFormation) note = "reference state: quantities of formation";
+    return exergy ? note + "; surroundings: " + state_text(r.Tenv, r.penv) : note;
+}
 
 DiagramSheet::DiagramSheet() : CurveParameters(kMaxCurves) {
     CurveFree.fill(true);
@@ -177,6 +208,8 @@ std::string WrapTitle(const std::string& title) {
 void ShowTexts(DiagramSheet& sheet) {
     sheet.chart.header.text = WrapTitle(text::Trim(sheet.request.title));
     sheet.chart.footer.text = WrapTitle(text::Trim(sheet.request.subTitle));
+    const std::string note = ReferenceNote(sheet.request.DiagramType);
+    if (!note.empty()) sheet.chart.footer.text += "\n" + note;
     sheet.chart.x.title = text::Trim(sheet.request.xLabel);
     sheet.chart.y.title = text::Trim(sheet.request.yLabel);
 }
@@ -225,11 +258,14 @@ int StoreCurve(DiagramSheet& sheet, const Declare::CurvePointArray& points) {
     series.visible = true;
     auto& z = sheet.CurveParameters[at(slot)];
     z.fill(0);
-    for (std::size_t i = 1; i < end; ++i) {
-        series.x.push_back(points[i].x);
-        series.y.push_back(points[i].y);
-        if (i < z.size()) z[i] = points[i].z;
-    }
+    const auto add = [&](const Declare::CurvePoint& point) {
+        series.x.push_back(point.x);
+        series.y.push_back(point.y);
+        if (series.x.size() < z.size()) z[series.x.size()] = point.z;
+    };
+    for (std::size_t i = 1; i < end; ++i) add(points[i]);
+    if (end > 1 && end < points.size())
+        add(point_at_x(points[end - 1], points[end], sheet.request.xMax));
     sheet.CurveMarks[at(slot)] = points.empty() ? 0 : points.front().z;
     sheet.CurveLabels[at(slot)] = {};
     sheet.CurveFree[at(slot)] = false;
@@ -425,47 +461,18 @@ bool SetCoordinates(DiagramSheet& sheet, const chart::Window& window) {
     }
     keep_coordinates(sheet, window);
     show_window(sheet, window);
-    sheet.zooms.clear();
     return true;
 }
 
-void Zoom(DiagramSheet& sheet, const chart::Window& window) {
-    if (!is_range(window.x) || !is_range(window.y)) return;
-    sheet.zooms.push_back(chart::ShownWindow(sheet.chart));
-    show_window(sheet, window);
-}
-
-void ZoomAbout(DiagramSheet& sheet, double x, double y, double factor) {
-    const chart::Window shown = chart::ShownWindow(sheet.chart);
-    const chart::Window window{scaled(shown.x, x, factor, sheet.chart.x.logarithmic),
-                               scaled(shown.y, y, factor, sheet.chart.y.logarithmic)};
-    if (!is_range(window.x) || !is_range(window.y)) return;
-    if (sheet.zooms.empty()) sheet.zooms.push_back(shown);
-    show_window(sheet, window);
-}
-
-bool ZoomReset(DiagramSheet& sheet) {
-    if (sheet.zooms.empty()) return false;
-    show_window(sheet, sheet.zooms.front());
-    sheet.zooms.clear();
-    return true;
-}
-
-void Pan(DiagramSheet& sheet, double du, double dv) {
-    const chart::Window shown = chart::ShownWindow(sheet.chart);
-    const chart::Window window{moved(shown.x, du, sheet.chart.x.logarithmic),
-                               moved(shown.y, dv, sheet.chart.y.logarithmic)};
-    if (!is_range(window.x) || !is_range(window.y)) return;
-    if (sheet.zooms.empty()) sheet.zooms.push_back(shown);
-    show_window(sheet, window);
+void FollowWindow(DiagramSheet& sheet) {
+    stretch_reference_lines(sheet);
 }
 
 bool Fit(DiagramSheet& sheet) {
     const std::optional<chart::Window> window = chart::FittingWindow(sheet.chart);
-    if (!window) return false;
+    if (!window || !is_range(window->x) || !is_range(window->y)) return false;
     keep_coordinates(sheet, *window);
     show_window(sheet, *window);
-    sheet.zooms.clear();
     return true;
 }
 
@@ -484,7 +491,6 @@ void ChangeXY(DiagramSheet& sheet) {
     std::swap(r.xMinDefault, r.yMinDefault);
     std::swap(r.xMaxDefault, r.yMaxDefault);
     std::swap(r.xLabel, r.yLabel);
-    for (chart::Window& window : sheet.zooms) std::swap(window.x, window.y);
     // What can be taken back keeps to the axes as they stand.
     for (UndoStep& step : sheet.undo) {
         for (SavedCurve& curve : step.curves) std::swap(curve.series.x, curve.series.y);

@@ -79,9 +79,9 @@ struct DiagramSheet {
     bool SwappedAxes = false;
     int currentSlot = -1;  ///< the slot the last curve went to; -1 before the first one
     bool manualScaling = false;
+    std::string loadedFile;  ///< path of the saved diagram that is shown, empty for none
 
-    std::vector<chart::Window> zooms;  ///< windows before each zoom, the oldest first
-    std::vector<UndoStep> undo;        ///< the newest last
+    std::vector<UndoStep> undo;  ///< the newest last
 };
 
 /// An empty sheet for a request: window, header, footer and axis texts.
@@ -90,13 +90,17 @@ void OpenSheet(DiagramSheet& sheet, const Declare::DiagramRequest& request);
 /// The texts of the request go to header, footer and axes.
 void ShowTexts(DiagramSheet& sheet);
 
+/// On which reference state and surroundings the caloric values of a diagram rest; empty for one
+/// without such values.
+std::string ReferenceNote(std::int16_t DiagramType);
+
 /// Makes the sheet the diagram of the session, and takes over what the session has for it.
 void GiveToSession(const DiagramSheet& sheet);
 void TakeParameters(DiagramSheet& sheet);
 
 /// Puts a curve into the lowest free slot; the number of the slot, or -1 after the refusal when
 /// there is none. Points from the end on that lie at or beyond `xMax` are left out, unless that
-/// would leave nothing.
+/// would leave nothing; the line to the first of them is drawn up to the window's edge.
 int StoreCurve(DiagramSheet& sheet, const Declare::CurvePointArray& points);
 
 /// The same for points without a parameter.
@@ -139,13 +143,9 @@ bool HasAnything(const DiagramSheet& sheet);
 
 /// Window and computing range. Refused, and said, when a lower limit is not below its upper one.
 bool SetCoordinates(DiagramSheet& sheet, const chart::Window& window);
-/// Shows a part; `ZoomReset` leads back to the window before the first zoom.
-void Zoom(DiagramSheet& sheet, const chart::Window& window);
-/// Zoom about a place in data coordinates, factor < 1 enlarges. Steps of a wheel are one zoom.
-void ZoomAbout(DiagramSheet& sheet, double x, double y, double factor);
-bool ZoomReset(DiagramSheet& sheet);
-/// Moves the shown window by fractions of its size.
-void Pan(DiagramSheet& sheet, double du, double dv);
+/// After the user has zoomed or panned the shown window: what spans the window reaches its new end.
+/// The coordinates stay.
+void FollowWindow(DiagramSheet& sheet);
 /// The window goes to the data, as new coordinates; false without data.
 bool Fit(DiagramSheet& sheet);
 /// The window as it was first proposed.

@@ -4,11 +4,15 @@
 
 namespace kurve {
 
-DomeFoot foot_of_dome(const Curve& c, double lowest, double next) {
+double end_of_dome(const Curve& c) {
     const auto triple = static_cast<double>(c.substance.ptriple);
-    const bool endsAtTriple = Declare::session.CurveRealRangeOnly && c.fluid.models.EOSModel > 0;
-    double foot = lowest;
-    if (endsAtTriple && triple > lowest && triple < next) foot = triple;
+    const bool realOnly = Declare::session.CurveRealRangeOnly && c.fluid.models.EOSModel > 0;
+    return realOnly && triple < c.substance.pcrit ? triple : 0;
+}
+
+DomeFoot foot_of_dome(const Curve& c, double lowest, double next) {
+    const double end = end_of_dome(c);
+    const double foot = end > lowest && end < next ? end : lowest;
     DomeFoot pressures{};
     const double ratio = std::log(next / foot) / static_cast<double>(kFootPoints);
     for (std::size_t i = 0; i < kFootPoints; ++i)

@@ -207,7 +207,7 @@ bool DrawBothBranches(DiagramSheet& sheet) {
 }
 
 bool Draw(DiagramSheet& sheet) {
-    if (sheet.SwappedAxes) return false;
+    if (sheet.SwappedAxes || !kurve::HasCurve(sheet.request.DiagramType)) return false;
     session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
     if (sheet.request.sectionKind == kProjection) return DrawBothBranches(sheet);
     return DrawCurve(sheet).slot >= 0;

@@ -128,6 +128,7 @@ LoadOutcome LoadOC2(DiagramSheet& sheet, const std::string& file) {
         return LoadOutcome::Failed;
     }
     TakeLoadedChart(sheet, std::move(loaded));
+    sheet.loadedFile = file;
     return LoadOutcome::Loaded;
 }
 

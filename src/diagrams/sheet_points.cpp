@@ -165,6 +165,44 @@ std::string editor_name() {
 
 }  // namespace
 
+Declare::DiagramRequest RequestOfEditorGraph() {
+    const LoadSaveData::XYGraph& graph = LoadSaveData::xyGraph;
+    Declare::DiagramRequest request;
+    request.title = graph.title;
+    request.xLabel = graph.xTitle;
+    request.yLabel = graph.yTitle;
+    // The curve stays inside of the window, whose limits its points would touch.
+    constexpr float kRim = 0.05F;
+    const auto widen = [](float low, float high, float& min, float& max) {
+        const float rim = high > low ? kRim * (high - low) : 1;
+        min = low - rim;
+        max = high + rim;
+    };
+    const LoadSaveData::XYRange& range = graph.range;
+    widen(range.xMin, range.xMax, request.xMin, request.xMax);
+    widen(range.yMin, range.yMax, request.yMin, request.yMax);
+    request.xMinDefault = request.xMin;
+    request.xMaxDefault = request.xMax;
+    request.yMinDefault = request.yMin;
+    request.yMaxDefault = request.yMax;
+    return request;
+}
+
+bool AddEditorGraph(DiagramSheet& sheet) {
+    const LoadSaveData::XYGraph& graph = LoadSaveData::xyGraph;
+    std::vector<float> x, y;
+    for (const Declare::FitPoint& p : graph.points) {
+        x.push_back(p.x);
+        y.push_back(p.y);
+    }
+    if (x.empty()) return false;
+    if (graph.asPoints) return StorePointSet(sheet, std::move(x), std::move(y), editor_name()) >= 0;
+    const int slot = StorePoints(sheet, std::move(x), std::move(y));
+    if (slot < 0) return false;
+    NameCurve(sheet, slot, editor_name(), "");
+    return true;
+}
+
 bool AddEditorPoints(DiagramSheet& sheet) {
     if (!LoadSaveData::EnoughActivePoints(Declare::xyPoints, true)) return false;
     MeasuredPoints points = editor_points(sheet);

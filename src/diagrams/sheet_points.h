@@ -17,6 +17,10 @@ MeasuredPoints MapMeasured(std::int16_t DiagramType);
 /// are in use or no point lies in the window.
 bool AddMeasuredPoints(DiagramSheet& sheet);
 
+/// An empty diagram for the graph that the XY editor has sent, and that graph in it.
+Declare::DiagramRequest RequestOfEditorGraph();
+bool AddEditorGraph(DiagramSheet& sheet);
+
 /// The active points of the XY editor's list as a set of points or as a curve.
 bool AddEditorPoints(DiagramSheet& sheet);
 bool AddEditorCurve(DiagramSheet& sheet);

@@ -7,6 +7,7 @@
 #include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "datafiles/batch_table.h"
 #include "estimation/fit_statistics.h"
 #include "estimation/linear_regression.h"
 #include "estimation/marquardt_nash.h"
@@ -22,21 +23,6 @@ constexpr const char* kRefused = "Execution not possible";
 /// Points are counted with 16 bits.
 constexpr std::size_t kMostPoints = std::numeric_limits<std::int16_t>::max();
 
-double ColumnValue(const Declare::BatchDataSet& set, std::int16_t column) {
-    switch (column) {
-        case 2:
-            return static_cast<double>(set.rhoL);
-        case 3:
-            return static_cast<double>(set.rhoV);
-        case 4:
-            return static_cast<double>(set.hLV);
-        case 5:
-            return static_cast<double>(set.cp);
-        default:
-            return set.p;
-    }
-}
-
 /// Narrowing that keeps a value beyond 32 bits at their end.
 float Narrow(double value) {
     constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
@@ -49,7 +35,7 @@ std::vector<Declare::FitPoint> TpvPoints() {
     const std::size_t end = std::min(
         data.size(), static_cast<std::size_t>(std::max<int>(Declare::session.BatchCount, 0)) + 1);
     for (std::size_t i = 1; i < end; ++i) {
-        const double y = ColumnValue(data[i], Declare::session.FitColumn);
+        const double y = LoadSaveData::FitColumnValue(data[i], Declare::session.FitColumn);
         const bool inactive = data[i].skip != 0 || y == 0;
         points.push_back({Narrow(data[i].T), Narrow(y), inactive ? kInactive : 0.0F});
     }

@@ -1,8 +1,8 @@
 #include "estimation/fit_statistics.h"
 
+#include <algorithm>
 #include <cmath>
 
-#include "common/text.h"
 #include "estimation/least_squares.h"
 #include "estimation/student_t.h"
 
@@ -67,46 +67,48 @@ void FillDeviations(FitState& state, const FitProblem& problem, const Parameters
     if (report.hasDeviations) report.meanDeviation = sum / count;
 }
 
-}  // namespace
-
-void FillStatistics(FitState& state, const FitModelRow& row, const FitProblem& problem) {
-    FitReport& report = state.report;
-    report.stdDev.fill(kNoStdDev);
-    report.halfWidth.fill(kNoStdDev);
-    const auto n = static_cast<std::size_t>(problem.nPar);
-    Parameters par{};
-    for (std::size_t i = 0; i < n; ++i) par[i] = state.FitPar[i] / problem.scale[i];
-    FillDeviations(state, problem, par);
-
+/// Residuals and their derivatives at the points where both can be had.
+struct Sensitivities {
     std::vector<Parameters> derivatives;
     std::vector<double> residuals;
-    FitProblem probed = problem;  // its failures do not count as those of the fit
+};
+
+Sensitivities SensitivitiesAt(const Parameters& par, FitProblem problem, BasisFunction basis) {
+    Sensitivities result;
     for (int i = 0; i < static_cast<int>(problem.points.size()); ++i) {
         Parameters d{};
         double r = 0;
         if (!IsActive(problem.points[static_cast<std::size_t>(i)])) continue;
-        if (!ResidualRow(probed, row.basis, par, i, d, r)) continue;
-        derivatives.push_back(d);
-        residuals.push_back(r);
+        if (!ResidualRow(problem, basis, par, i, d, r)) continue;
+        result.derivatives.push_back(d);
+        result.residuals.push_back(r);
     }
+    return result;
+}
 
+/// The parameters that the points determine; free ones without influence are marked in the report.
+std::vector<std::size_t> AdjustedParameters(const FitProblem& problem,
+                                            const std::vector<Parameters>& derivatives,
+                                            FitReport& report) {
     std::vector<std::size_t> adjusted;
-    for (std::size_t j = 0; j < n; ++j) {
+    for (std::size_t j = 0; j < static_cast<std::size_t>(problem.nPar); ++j) {
         if (problem.fixed[j] || report.onBound[j]) continue;
-        bool influence = false;
-        for (const Parameters& d : derivatives) influence = influence || d[j] != 0;
+        const bool influence = std::any_of(derivatives.begin(), derivatives.end(),
+                                           [j](const Parameters& d) { return d[j] != 0; });
         report.withoutInfluence[j] = !influence && !derivatives.empty();
         if (influence) adjusted.push_back(j);
     }
-    report.freedom = static_cast<int>(residuals.size()) - static_cast<int>(adjusted.size());
-    if (adjusted.empty() || report.freedom < 1) return;
+    return adjusted;
+}
 
-    std::vector<LeastSquaresRow> rows(residuals.size());
+void FillIntervals(FitReport& report, const Sensitivities& found, const Parameters& scale,
+                   const std::vector<std::size_t>& adjusted) {
+    std::vector<LeastSquaresRow> rows(found.residuals.size());
     double squares = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        rows[i] = {};
-        for (std::size_t k = 0; k < adjusted.size(); ++k) rows[i][k] = derivatives[i][adjusted[k]];
-        squares += residuals[i] * residuals[i];
+        for (std::size_t k = 0; k < adjusted.size(); ++k)
+            rows[i][k] = found.derivatives[i][adjusted[k]];
+        squares += found.residuals[i] * found.residuals[i];
     }
     const ReducedProblem reduced = Reduce(rows, static_cast<int>(adjusted.size()));
     if (!reduced.regular || !std::isfinite(squares)) return;
@@ -116,7 +118,7 @@ void FillStatistics(FitState& state, const FitModelRow& row, const FitProblem& p
     const double variance = squares / report.freedom;
     for (std::size_t a = 0; a < adjusted.size(); ++a) {
         const std::size_t i = adjusted[a];
-        const double deviation = std::sqrt(variance * inverse[a][a]) * problem.scale[i];
+        const double deviation = std::sqrt(variance * inverse[a][a]) * scale[i];
         if (std::isfinite(t * deviation)) {
             report.stdDev[i] = deviation;
             report.halfWidth[i] = t * deviation;
@@ -126,6 +128,25 @@ void FillStatistics(FitState& state, const FitModelRow& row, const FitProblem& p
                 a == b ? 1 : inverse[a][b] / std::sqrt(inverse[a][a] * inverse[b][b]);
     }
     report.hasCorrelation = true;
+}
+
+}  // namespace
+
+void FillStatistics(FitState& state, const FitModelRow& row, const FitProblem& problem) {
+    FitReport& report = state.report;
+    report.stdDev.fill(kNoStdDev);
+    report.halfWidth.fill(kNoStdDev);
+    Parameters par{};
+    for (std::size_t i = 0; i < static_cast<std::size_t>(problem.nPar); ++i)
+        par[i] = state.FitPar[i] / problem.scale[i];
+    FillDeviations(state, problem, par);
+
+    const Sensitivities found = SensitivitiesAt(par, problem, row.basis);
+    const std::vector<std::size_t> adjusted =
+        AdjustedParameters(problem, found.derivatives, report);
+    report.freedom = static_cast<int>(found.residuals.size()) - static_cast<int>(adjusted.size());
+    if (!adjusted.empty() && report.freedom > 0)
+        FillIntervals(report, found, problem.scale, adjusted);
 }
 
 std::vector<std::string> FitNotes(const FitState& state) {

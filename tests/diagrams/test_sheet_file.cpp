@@ -3,6 +3,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "common/numbers.h"
 #include "diagrams/chart/chart_file.h"
 #include "diagrams/curve.h"
 #include "diagrams/sheet_draw.h"

@@ -189,7 +189,7 @@ TEST_F(FitRun, MissingStandardDeviationsTakeNoScale) {
     for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(state.FitStdDev[i], kNoStdDev);
     EXPECT_TRUE(state.report.singular);
     EXPECT_TRUE(state.report.withoutInfluence[4]);
-    // Beside the told figures those of the other parameters can be had.
+    // The intervals of the other parameters can be had all the same.
     EXPECT_GT(state.report.halfWidth[0], 0);
     EXPECT_EQ(state.report.halfWidth[4], kNoStdDev);
 }
@@ -254,7 +254,7 @@ TEST_F(FitRun, CombiExpressionNeedsPositiveXForItsLastTerms) {
 }
 
 TEST_F(FitRun, DependentTermsOfALinearModelAreLeftAlone) {
-    // At x = 1 and x = -1 alone, x^2 is 1 and x^3 is x: only A and B can be told.
+    // At x = 1 and x = -1 alone, x^2 is 1 and x^3 is x: only A and B can be found.
     FitState state =
         State(0, Points({{1, 5}, {1, 7}, {1, 6}, {1, 6}, {-1, 1}, {-1, 3}, {-1, 2}, {-1, 2}}));
     state.FitFixed = {false, false, false, false, true, true};
@@ -356,7 +356,7 @@ TEST_F(FitRun, ConfidenceIntervalsOfALineAreTheClosedFormOnes) {
 }
 
 TEST_F(FitRun, ConfidenceIntervalsTakeAllActivePoints) {
-    // With an inactive point the told matrix leaves the last point out; the intervals do not.
+    // With an inactive point the normal matrix leaves the last point out; the intervals do not.
     auto points = Points({{1, 2.1}, {2, 3.9}, {3, 6.2}, {4, 7.8}, {5, 10.1}, {6, 11.7}, {7, 14.2}});
     FitState full = State(11, points);
     full.FitFixed = {false, false, true, true};

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <fstream>
+#include <initializer_list>
+#include <sstream>
 #include "app/views/wiring.h"
+
 #include "common/views/settings.h"
 #include "session/views/mdiQUOR.h"
 #include "views/view_test.h"
@@ -43,6 +47,36 @@ class CalcViewTest : public ViewTest {
         drive::type("par_0", T);
         drive::type("par_1", p);
         drive::click("cmdParameter_OK");
+    }
+
+    /// Experimental data in place of those of the session.
+    static void useData(std::initializer_list<Declare::BatchDataSet> sets) {
+        Declare::BatchData.assign(1, {});
+        Declare::BatchData.insert(Declare::BatchData.end(), sets);
+        Declare::session.BatchCount = static_cast<std::int16_t>(sets.size());
+    }
+
+    /// The number that stands behind a text in a widget that shows more; NaN when there is none.
+    static double numberBehind(const QString& name, const QString& label) {
+        const QString text = drive::read(name);
+        const qsizetype at = text.indexOf(label);
+        bool ok = false;
+        const double value = at < 0 ? 0.0
+                                    : text.mid(at + label.size())
+                                          .section('\n', 0, 0)
+                                          .trimmed()
+                                          .section(' ', 0, 0)
+                                          .toDouble(&ok);
+        return ok ? value : std::nan("");
+    }
+
+    static bool lists(const QString& text) { return drive::read("Liste").contains(text); }
+
+    static std::string content(const std::filesystem::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        std::ostringstream all;
+        all << in.rdbuf();
+        return all.str();
     }
 
     mdiQUOR frame;

@@ -210,14 +210,18 @@ class JobackInFrame : public FrameTest {};
 TEST_F(JobackInFrame, TheMenuOpensEachCalculation) {
     start();
     openSubstance("Carbon dioxide");
-    for (const auto& [row, frame] : {std::pair{"mnuData_JOBACK_CritData", "fraCrit"},
-                                     {"mnuData_JOBACK_bildung", "fraBildung"},
-                                     {"mnuData_JOBACK_cpIdG", "fracp"}}) {
-        drive::when("frmJOBACK", [frame] {
-            EXPECT_TRUE(drive::isVisible(frame));
+    struct Way {
+        const char* row;
+        const char* box;
+    };
+    for (const Way& way :
+         {Way{"mnuData_JOBACK_CritData", "fraCrit"}, Way{"mnuData_JOBACK_bildung", "fraBildung"},
+          Way{"mnuData_JOBACK_cpIdG", "fracp"}}) {
+        drive::when("frmJOBACK", [&way] {
+            EXPECT_TRUE(drive::isVisible(way.box));
             click("cmdEsc");
         });
-        drive::choose(row);
+        drive::choose(way.row);
     }
 }
 

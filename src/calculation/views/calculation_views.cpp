@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QMdiSubWindow>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "calculation/calc_modes.h"
 #include "calculation/protocol.h"
@@ -39,8 +40,9 @@ enum class Corner { TopLeft, TopRight, BottomLeft, BottomRight };
 void place(QWidget* view, Corner corner) {
     auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
     if (window == nullptr || settings::store().contains("Place/" + view->objectName())) return;
-    window->adjustSize();
     const QSize room = window->parentWidget()->size();
+    window->adjustSize();
+    window->resize(window->size().boundedTo(room).expandedTo(view->layout()->totalMinimumSize()));
     const bool right = corner == Corner::TopRight || corner == Corner::BottomRight;
     const bool bottom = corner == Corner::BottomLeft || corner == Corner::BottomRight;
     const QSize rest = room - window->size();
@@ -146,6 +148,10 @@ void OpenDiagnosis() {
 
 void RefreshResult() {
     if (auto* view = open_view<frmCalcOut>("frmCalcOut")) view->showResult();
+}
+
+void RefreshDiagnosis() {
+    if (auto* view = open_view<frmCEOSDiagnose>("frmCEOSDiagnose")) view->open();
 }
 
 }  // namespace calculation_views

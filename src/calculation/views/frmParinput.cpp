@@ -132,6 +132,7 @@ void frmParinput::open() {
     refill();
     for (NumberEdit* field : par_) {
         if (field->isHidden()) continue;
+        setFocusProxy(field);
         field->setFocus(Qt::OtherFocusReason);
         break;
     }

@@ -4,6 +4,7 @@
 #include <QLayout>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <algorithm>
 
 ChildView::ChildView(const QString& name, QWidget* parent) : QWidget(parent) {
     setObjectName(name);
@@ -44,14 +45,20 @@ void ChildView::keyPressEvent(QKeyEvent* event) {
 }
 
 void ChildView::fitWindow() {
-    if (layout() == nullptr || !isVisible() || isMaximized()) return;
+    if (layout() == nullptr || !isVisible()) return;
     auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget());
     QWidget* outer = sub != nullptr ? sub : window();
-    if (outer->isMaximized()) return;
+    if (outer->isMaximized() || outer->isMinimized()) return;
     layout()->activate();
     QSize needed = layout()->totalMinimumSize().expandedTo(size());
     if (hugs_) needed.setHeight(layout()->totalSizeHint().height());
-    if (needed != size()) outer->resize(outer->size() + needed - size());
+    if (needed == size()) return;
+    outer->resize(outer->size() + needed - size());
+    if (sub == nullptr) return;
+    // What has grown stays within the frame as far as there is room.
+    const QSize rest = sub->parentWidget()->size() - sub->size();
+    sub->move(std::max(0, std::min(sub->x(), rest.width())),
+              std::max(0, std::min(sub->y(), rest.height())));
 }
 
 void ChildView::showEvent(QShowEvent* event) {

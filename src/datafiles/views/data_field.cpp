@@ -1,6 +1,7 @@
 #include "datafiles/views/data_field.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QTimer>
 #include <QValidator>
 
@@ -13,6 +14,13 @@ using LoadSaveData::EditorField;
 constexpr int kDigitsShown = 12;
 constexpr int kIndexName = 83, kIndexFormula = 84;
 
+/// What a field takes for a typed character, nothing for one that it swallows.
+std::optional<QChar> filtered(const EditorField& field, QChar typed) {
+    if (typed.unicode() >= 0x80) return std::nullopt;
+    const std::optional<char> taken = LoadSaveData::FilterKey(field, typed.toLatin1());
+    return taken && typed.isPrint() ? std::optional<QChar>(QLatin1Char(*taken)) : std::nullopt;
+}
+
 /// Lets through what the field takes, also from the clipboard, and never refuses a text.
 class DataValidator : public QValidator {
   public:
@@ -23,15 +31,10 @@ class DataValidator : public QValidator {
         QString kept;
         int moved = cursor;
         for (int i = 0; i < input.size(); ++i) {
-            const QChar typed = input.at(i);
-            const bool sign = typed == ' ' && kept.isEmpty();  // stands where a minus would
-            const auto taken = typed.unicode() < 0x80
-                                   ? LoadSaveData::FilterKey(field_, typed.toLatin1())
-                                   : std::nullopt;
-            if (sign)
-                kept += typed;
-            else if (taken && typed.isPrint())
-                kept += QLatin1Char(*taken);
+            const std::optional<QChar> taken = filtered(field_, input.at(i));
+            const bool sign = input.at(i) == ' ' && kept.isEmpty();  // stands where a minus would
+            if (sign || taken)
+                kept += sign ? QChar(' ') : *taken;
             else if (i < cursor)
                 --moved;
         }
@@ -52,12 +55,11 @@ int longest(const EditorField& field) {
 
 }  // namespace
 
-DataField::DataField(const EditorField& field, QWidget* parent)
-    : QLineEdit(parent), isText_(field.IsText()) {
+DataField::DataField(const EditorField& field, QWidget* parent) : QLineEdit(parent), field_(field) {
     setObjectName(QString("DD_%1").arg(field.DD));
     setReadOnly(!field.editable);
     if (!field.editable) setToolTip("not editable");
-    if (isText_) {
+    if (field.IsText()) {
         setMaxLength(longest(field));
         return;
     }
@@ -72,6 +74,19 @@ void DataField::focusInEvent(QFocusEvent* event) {
         QTimer::singleShot(0, this, &QLineEdit::selectAll);
     else
         selectAll();
+}
+
+// A key that is swallowed leaves what is selected.
+void DataField::keyPressEvent(QKeyEvent* event) {
+    const QString typed = event->text();
+    const bool command =
+        event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (!field_.IsText() && !command && typed.size() == 1 && typed.at(0).isPrint() &&
+        !filtered(field_, typed.at(0))) {
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
 }
 
 QSize DataField::sizeHint() const {

@@ -18,7 +18,8 @@ class DataField : public QLineEdit {
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    bool isText_;
+    const LoadSaveData::EditorField& field_;
 };

@@ -116,7 +116,7 @@ frmBankEdit::frmBankEdit(bool readOnly, QWidget* parent) : QDialog(parent), read
     layout->addWidget(tabs_, 1);
     layout->addWidget(buildCommands());
 
-    show(LoadSaveData::ShowRecord(Declare::substance));
+    showTexts(LoadSaveData::ShowRecord(Declare::substance));
     shown_ = texts();
     follow();
     fields_[0]->setFocus();
@@ -239,7 +239,7 @@ QPushButton* frmBankEdit::recalculation(const QString& name, const QString& tip,
     connect(button, &QPushButton::clicked, this, [this, correlation] {
         EditorTexts now = texts();
         LoadSaveData::Recalculate(correlation, now);
-        show(now);
+        showTexts(now);
     });
     return button;
 }
@@ -251,7 +251,7 @@ QPushButton* frmBankEdit::estimation(const QString& name, GroupFrame frame) {
     connect(button, &QPushButton::clicked, this, [this, frame] {
         EditorTexts now = texts();
         group_contributions()(frame, now, this);
-        show(now);
+        showTexts(now);
     });
     return button;
 }
@@ -325,7 +325,7 @@ EditorTexts frmBankEdit::texts() const {
     return now;
 }
 
-void frmBankEdit::show(const EditorTexts& texts) {
+void frmBankEdit::showTexts(const EditorTexts& texts) {
     for (std::size_t i = 0; i < texts.size(); ++i) {
         if (fields_[i]->text().toStdString() == texts[i]) continue;
         fields_[i]->setText(qt(texts[i]));
@@ -342,7 +342,7 @@ void frmBankEdit::follow() {
 void frmBankEdit::apply() {
     EditorTexts now = texts();
     LoadSaveData::ApplyEditor(now);
-    show(now);
+    showTexts(now);
     shown_ = texts();
     follow();
     shell::Refresh();

@@ -43,7 +43,7 @@ class frmBankEdit : public QDialog {
     QWidget* triplePointChoice();
 
     LoadSaveData::EditorTexts texts() const;
-    void show(const LoadSaveData::EditorTexts& texts);
+    void showTexts(const LoadSaveData::EditorTexts& texts);
     void apply();
     void writeDatabase();
     void showTriplePoint(bool fromEquation);

@@ -288,8 +288,10 @@ QWidget* frmManuInput::buildLines() {
     reorder("x <==> y", "cmdChangeXY", " changing x- and y-column ", LoadSaveData::SwapXY);
     QPushButton* manip = form::button("Modify val&ues", "cmdManip");
     manip->setCheckable(true);
-    connect(manip, &QPushButton::toggled, this,
-            [this](bool shown) { manipulation_->setVisible(shown); });
+    connect(manip, &QPushButton::toggled, this, [this](bool shown) {
+        manipulation_->setVisible(shown);
+        fitWindow();
+    });
     place(manip);
     return box;
 }

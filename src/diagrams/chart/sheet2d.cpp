@@ -126,7 +126,10 @@ class LayoutMaker {
     /// Height or width that the numbers of an axis take outside the plot area.
     double numbersOutside(const Axis& axis, double numberSize, double inside) const {
         if (!axis.shown || numberSize <= 0) return 0;
-        return std::max(0.0, kNumberReach + numberSize - inside);
+        // In coarse steps, so that the plot area does not jump at every turn of the wheel.
+        constexpr double kStep = 8;
+        const double reach = kNumberReach + std::ceil(numberSize / kStep) * kStep;
+        return std::max(0.0, reach - inside);
     }
 
     /// How far the x axis line stands above the lower edge of the plot area, in pixels.

@@ -130,31 +130,29 @@ void DesignPanel::showPage(const QString& name) {
         if (pages_->widget(i)->objectName() == "page_" + name) pages_->setCurrentIndex(i);
 }
 
-void DesignPanel::showHit(const Module9::Hit& hit) {
-    using Module9::Part;
+void DesignPanel::showHit(const chart::ChartHit& hit) {
+    using chart::ChartPart;
     switch (hit.part) {
-        case Part::Curve:
-            return showCurve(hit.index);
-        case Part::PointSet:
-            if (hit.index < kMaxPointSets) return showPointSet(hit.index);
-            return showPage("more");
-        case Part::Label: {
-            const int index = sheet_.chart.labels[at(hit.index)].index;
-            const int slot = index - Module9::LabelIndex::kFirstCurve;
+        case ChartPart::Curve:
+            return hit.series < kMaxCurves ? showCurve(hit.series) : showPage("more");
+        case ChartPart::PointSet:
+            return hit.series < kMaxPointSets ? showPointSet(hit.series) : showPage("more");
+        case ChartPart::Label: {
+            const int slot =
+                sheet_.chart.labels[at(hit.label)].index - Module9::LabelIndex::kFirstCurve;
             if (slot >= 0 && slot < kMaxCurves) return showCurve(slot);
             showPage("texts");
-            texts_->setCurrentIndex(hit.index);
+            texts_->setCurrentIndex(hit.label);
             return;
         }
-        case Part::Legend:
+        case ChartPart::Legend:
             return showPage("legend");
-        case Part::Header:
-        case Part::Footer:
-        case Part::XTitle:
-        case Part::YTitle:
+        case ChartPart::Header:
+        case ChartPart::Footer:
             return showPage("texts");
-        case Part::XAxis:
-        case Part::YAxis:
+        case ChartPart::AxisX:
+        case ChartPart::AxisY:
+        case ChartPart::AxisY2:
             return showPage("axes");
         default:
             return showPage("more");

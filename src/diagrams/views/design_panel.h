@@ -4,7 +4,8 @@
 #include <functional>
 #include <vector>
 
-#include "diagrams/sheet_hit.h"
+#include "diagrams/diagram_sheet.h"
+#include "diagrams/views/chart2d_widget.h"
 
 class QCheckBox;
 class QFormLayout;
@@ -32,7 +33,7 @@ class DesignPanel : public QWidget {
     /// Pages by name: "curves", "points", "axes", "texts", "legend", "more".
     void showPage(const QString& name);
     /// The page and tab that design what was hit.
-    void showHit(const Module9::Hit& hit);
+    void showHit(const chart::ChartHit& hit);
 
   Q_SIGNALS:
     void changed();

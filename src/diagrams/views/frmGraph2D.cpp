@@ -8,21 +8,26 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
+#include "calculation/start_calculation.h"
+#include "calculation/views/calculation_views.h"
 #include "common/dialogs.h"
 #include "common/views/theme.h"
 #include "diagrams/catalogue.h"
+#include "diagrams/coordinates.h"
 #include "diagrams/parameter_input.h"
 #include "diagrams/prepare_2d.h"
 #include "diagrams/sheet_draw.h"
 #include "diagrams/sheet_file.h"
+#include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
+#include "diagrams/views/chart_qt.h"
 #include "diagrams/views/coordinates_dialog.h"
 #include "diagrams/views/design_panel.h"
-#include "diagrams/views/diagram_canvas.h"
 #include "diagrams/views/frmInputProzessLinien.h"
 #include "diagrams/views/frmTpVSInputBox.h"
 #include "session/actions.h"
 #include "session/declare.h"
+#include "session/module2.h"
 #include "session/views/shell.h"
 
 namespace {
@@ -64,7 +69,9 @@ frmGraph2D::frmGraph2D(const Declare::DiagramRequest& request) {
     Module9::OpenSheet(sheet_, request);
     setCaption();
 
-    canvas_ = new DiagramCanvas(sheet_, this);
+    canvas_ = new chart::Chart2DWidget(sheet_.chart, this);
+    canvas_->setObjectName("chart");
+    canvas_->installEventFilter(this);
     setCentralWidget(canvas_);
     panel_ = new DesignPanel(sheet_);
     dock_ = new QDockWidget("Design", this);
@@ -135,8 +142,7 @@ void frmGraph2D::closeView() {
 
 void frmGraph2D::draw() {
     becomeCurrent();
-    if (sheet_.request.sectionKind == Module9::kDatabase || !sheet_.SwappedAxes)
-        Module9::Draw(sheet_);
+    Module9::Draw(sheet_);
     if (panel_ != nullptr && sheet_.currentSlot >= 0 && dock_->isVisible())
         panel_->showCurve(sheet_.currentSlot);
     refresh();
@@ -182,7 +188,9 @@ void frmGraph2D::askIsohygric() {
 
 void frmGraph2D::askCoordinates() {
     CoordinatesDialog box(sheet_, shell::FrameWindow());
-    if (shell::OpenModal(box) == QDialog::Accepted) refresh();
+    if (shell::OpenModal(box) != QDialog::Accepted) return;
+    canvas_->forgetZoom();
+    refresh();
 }
 
 void frmGraph2D::askText() {
@@ -213,18 +221,30 @@ void frmGraph2D::loadOC2() {
         case Module9::LoadOutcome::Cancelled:
             return refresh();
     }
+    setCaption(qt(Module2::FileTitle(sheet_.loadedFile)));
+    canvas_->forgetZoom();
     refresh();
 }
 
 // ------------------------------------------------------------------------------------------ design
 
 void frmGraph2D::refresh() {
-    canvas_->refresh();
+    paintSheet();
     panel_->follow();
-    canvas_->setZoomAllowed(!sheet_.SwappedAxes);
+    canvas_->setZoomEnabled(!sheet_.SwappedAxes);
     parameter_->setText(
         sheet_.SwappedAxes ? QString() : qt(Module9::ShownParameter(sheet_.request.sectionKind)));
     followMenus();
+}
+
+void frmGraph2D::paintSheet() {
+    Module9::PlaceLabels(sheet_, canvas_->width(), canvas_->height(), chart::QtTextMeasure());
+    canvas_->refresh();
+}
+
+bool frmGraph2D::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == canvas_ && event->type() == QEvent::Resize) paintSheet();
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void frmGraph2D::design(const QString& page) {
@@ -235,7 +255,7 @@ void frmGraph2D::design(const QString& page) {
     if (page == "curves" && slot >= 0) panel_->showCurve(slot);
 }
 
-void frmGraph2D::designHit(const Module9::Hit& hit) {
+void frmGraph2D::designHit(const chart::ChartHit& hit) {
     dock_->show();
     panel_->follow();
     panel_->showHit(hit);
@@ -250,54 +270,76 @@ int frmGraph2D::curveInUse() const {
     return -1;
 }
 
-void frmGraph2D::showReadout(const Module9::Hit& hit, double x, double y) {
-    using Module9::Part;
+void frmGraph2D::showReadout(const chart::ChartHit& hit) {
+    using chart::ChartPart;
+    Module9::Under under = Module9::Under::Nothing;
     std::string text;
-    if (hit.part == Part::Curve || hit.part == Part::PointSet) {
-        const auto group = hit.part == Part::Curve ? chart::Group::Curves : chart::Group::Points;
-        text = Module9::Readout(sheet_, {group, hit.index, hit.point, 0});
-    } else if (hit.part == Part::Plot || hit.part == Part::ReferenceLine) {
-        text = Module9::PlaceText(x, y);
-    }
-    text += Module9::Hint(Module9::UnderOf(hit.part));
-    status_->setText(qt(text));
+    if (hit.part == ChartPart::Curve || hit.part == ChartPart::PointSet)
+        text = Module9::Readout(sheet_, {hit.group, hit.series, hit.point, 0});
+    else if (hit.inPlot)
+        text = Module9::PlaceText(hit.x, hit.y);
+    if (hit.part == ChartPart::Legend) under = Module9::Under::Legend;
+    if (hit.part == ChartPart::Label || hit.part == ChartPart::Header ||
+        hit.part == ChartPart::Footer)
+        under = Module9::Under::Text;
+    status_->setText(qt(text + Module9::Hint(under)));
+}
+
+void frmGraph2D::clicked(const chart::ChartHit& hit) {
+    becomeCurrent();
+    if (hit.part == chart::ChartPart::Curve &&
+        Module9::DeleteSinglePoint(sheet_, hit.series, hit.point))
+        refresh();
 }
 
 void frmGraph2D::connectCanvas() {
-    using Module9::Hit;
-    connect(canvas_, &DiagramCanvas::pointerMoved, this, &frmGraph2D::showReadout);
-    connect(canvas_, &DiagramCanvas::designWanted, this, &frmGraph2D::designHit);
-    connect(canvas_, &DiagramCanvas::moved, this, &frmGraph2D::refresh);
-    connect(canvas_, &DiagramCanvas::rectangleZoom, this, [this](const chart::Window& window) {
-        Module9::Zoom(sheet_, window);
-        if (auto* zoom = findChild<QAction*>("cmdZoom")) zoom->setChecked(false);
+    using chart::Chart2DWidget;
+    using chart::ChartHit;
+    connect(canvas_, &Chart2DWidget::mouseMoved, this, &frmGraph2D::showReadout);
+    connect(canvas_, &Chart2DWidget::rightClicked, this, &frmGraph2D::designHit);
+    connect(canvas_, &Chart2DWidget::partMoved, this, &frmGraph2D::refresh);
+    connect(canvas_, &Chart2DWidget::windowChanged, this, [this] {
+        Module9::FollowWindow(sheet_);
         refresh();
     });
-    connect(canvas_, &DiagramCanvas::wheelZoom, this, [this](double x, double y, double factor) {
-        Module9::ZoomAbout(sheet_, x, y, factor);
-        refresh();
-    });
-    connect(canvas_, &DiagramCanvas::panned, this, [this](double du, double dv) {
-        Module9::Pan(sheet_, du, dv);
-        refresh();
-    });
-    connect(canvas_, &DiagramCanvas::fitWanted, this, [this] {
-        Module9::Fit(sheet_);
-        refresh();
-    });
-    connect(canvas_, &DiagramCanvas::clicked, this, [this](const Hit& hit) {
-        becomeCurrent();
-        if (hit.part == Module9::Part::Curve &&
-            Module9::DeleteSinglePoint(sheet_, hit.index, hit.point))
-            refresh();
-    });
+    connect(canvas_, &Chart2DWidget::mouseReleased, this,
+            [this](const ChartHit& hit, Qt::MouseButton button, bool click) {
+                if (click && button == Qt::LeftButton) clicked(hit);
+            });
 }
 
 // ----------------------------------------------------------------------------------------- opening
 
 namespace graph2d_views {
 
+namespace {
+
+/// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
+void open_from_menu() {
+    constexpr std::int16_t kVaporisation = 13, kByBenson = 6, kVaporisationAtT = 6;
+    const bool needsReference =
+        Declare::diagram.DiagramType == kVaporisation && Declare::models.HLVModel == kByBenson;
+    if (!needsReference) return Module9::OpenDiagram2D();
+    const std::int16_t mode = std::exchange(Declare::session.CalcMode, kVaporisationAtT);
+    calculation_views::OpenCalcIn(true);
+    Declare::session.CalcMode = mode;
+}
+
+/// The XY editor's graph gets a diagram of its own, in which nothing is computed.
+void open_editor_graph() {
+    const Declare::DiagramRequest before =
+        std::exchange(Declare::diagram, Module9::RequestOfEditorGraph());
+    frmGraph2D::Open();
+    Declare::diagram = before;
+    frmGraph2D* view = frmGraph2D::current();
+    Module9::AddEditorGraph(view->sheet());
+    view->refresh();
+}
+
+}  // namespace
+
 void Install() {
+    Zentrale::views().prepareDiagram = Module9::OpenDiagram2D;
     Module9::Views2D() = {
         .openDiagram = frmGraph2D::Open,
         .openParameterInput =
@@ -313,7 +355,10 @@ void Install() {
                 if (frmGraph2D* view = frmGraph2D::current()) view->ShowDatabaseFunction(low, high);
             },
     };
-    actions::RegisterAction("Diagram2D", Module9::OpenDiagram2D);
+    actions::RegisterAction("Diagram2D", open_from_menu);
+    actions::RegisterAction("graph_xy", open_editor_graph);
+    actions::RegisterAction("CalcCoordinateDefaults",
+                            [] { Module9::CalcCoordinateDefaults(Declare::coordinates); });
 }
 
 }  // namespace graph2d_views

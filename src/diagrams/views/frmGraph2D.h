@@ -3,11 +3,10 @@
 #include <QMainWindow>
 
 #include "diagrams/diagram_sheet.h"
-#include "diagrams/sheet_hit.h"
 #include "diagrams/sheet_marks.h"
+#include "diagrams/views/chart2d_widget.h"
 
 class DesignPanel;
-class DiagramCanvas;
 class QDockWidget;
 class QLabel;
 class QMenu;
@@ -46,6 +45,7 @@ class frmGraph2D : public QMainWindow {
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     using Command = std::function<void()>;
@@ -60,11 +60,13 @@ class frmGraph2D : public QMainWindow {
     void buildFileMenu();
     void buildToolBar();
     void connectCanvas();
+    void paintSheet();
 
     void followMenus();
     void design(const QString& page);
-    void designHit(const Module9::Hit& hit);
-    void showReadout(const Module9::Hit& hit, double x, double y);
+    void designHit(const chart::ChartHit& hit);
+    void showReadout(const chart::ChartHit& hit);
+    void clicked(const chart::ChartHit& hit);
 
     void askCoordinates();
     void askIsohygric();
@@ -81,7 +83,7 @@ class frmGraph2D : public QMainWindow {
     void closeView();
 
     Module9::DiagramSheet sheet_;
-    DiagramCanvas* canvas_ = nullptr;
+    chart::Chart2DWidget* canvas_ = nullptr;
     DesignPanel* panel_ = nullptr;
     QDockWidget* dock_ = nullptr;
     QLabel* status_ = nullptr;

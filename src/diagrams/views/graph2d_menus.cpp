@@ -12,11 +12,11 @@
 #include "common/dialogs.h"
 #include "common/views/theme.h"
 #include "diagrams/catalogue.h"
+#include "diagrams/curve.h"
 #include "diagrams/sheet_file.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
 #include "diagrams/views/design_panel.h"
-#include "diagrams/views/diagram_canvas.h"
 #include "diagrams/views/frmGraph2D.h"
 #include "diagrams/views/picture_export.h"
 #include "session/actions.h"
@@ -264,9 +264,10 @@ void frmGraph2D::buildToolBar() {
 
     QAction* drawing = button("Draw Curve", "cmdDraw", "Draw a curve (Enter)", [this] { draw(); });
     drawing->setIcon(theme::icon("graph2d"));
-    rules_.emplace_back(drawing, unswapped);
+    const bool computes = kurve::HasCurve(sheet_.request.DiagramType);
+    rules_.emplace_back(drawing, [this, computes] { return computes && !sheet_.SwappedAxes; });
     const std::int16_t kind = sheet_.request.sectionKind;
-    if (kind != Module9::kProjection && kind != Module9::kDatabase) {
+    if (computes && kind != Module9::kProjection && kind != Module9::kDatabase) {
         QAction* input =
             button("Parameter ...", "cmdParameter", "Parameter of the next curve",
                    [this] { sheet_.request.axisPair == "yy" ? askRange() : askParameter(); });
@@ -278,18 +279,18 @@ void frmGraph2D::buildToolBar() {
     bar->addWidget(parameter_);
     bar->addSeparator();
 
-    QAction* zoom = button("Zoom", "cmdZoom", "Zoom by a rectangle", [] {});
+    constexpr double kZoomStep = 1.5;
+    QAction* zoom = button("Zoom", "cmdZoom", "Zoom; a rectangle drawn by the mouse zooms into it",
+                           [this] { canvas_->zoom(kZoomStep); });
     zoom->setIcon(theme::icon("zoom_in"));
-    zoom->setCheckable(true);
-    connect(zoom, &QAction::toggled, canvas_, &DiagramCanvas::setZoomArmed);
     rules_.emplace_back(zoom, unswapped);
     QAction* reset = button("Reset", "cmdZoomReset", "Window before the zoom", [this] {
-        Module9::ZoomReset(sheet_);
+        canvas_->resetZoom();
         refresh();
     });
-    rules_.emplace_back(reset, [this] { return !sheet_.SwappedAxes && !sheet_.zooms.empty(); });
+    rules_.emplace_back(reset, [this] { return !sheet_.SwappedAxes && canvas_->isZoomed(); });
     QAction* fit = button("Fit", "cmdFit", "Window around all curves (double click)", [this] {
-        Module9::Fit(sheet_);
+        if (Module9::Fit(sheet_)) canvas_->forgetZoom();
         refresh();
     });
     fit->setIcon(theme::icon("zoom_fit"));
@@ -303,6 +304,7 @@ void frmGraph2D::buildToolBar() {
 
     button("x <=> y", "cmdChangeXY", " changing x- and y-axis ", [this] {
         Module9::ChangeXY(sheet_);
+        canvas_->forgetZoom();
         refresh();
     });
     for (const bool xAxis : {true, false}) {

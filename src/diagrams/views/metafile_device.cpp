@@ -272,6 +272,10 @@ int MetafileDevice::metric(PaintDeviceMetric metric) const {
         case PdmPhysicalDpiX:
         case PdmPhysicalDpiY:
             return kDotsPerInch;
+        case PdmDevicePixelRatio:
+            return 1;
+        case PdmDevicePixelRatioScaled:
+            return whole(devicePixelRatioFScale());
         default:
             return QPaintDevice::metric(metric);
     }

@@ -81,21 +81,21 @@ void FitGraphFrame::showFit() {
     if (fit.fitted) showFunction();
 }
 
-void FitGraphFrame::show(chart::Chart2D chart) {
+void FitGraphFrame::display(chart::Chart2D chart) {
     chart_ = std::move(chart);
     plot_->show2D(&chart_);
 }
 
 void FitGraphFrame::showFunction() {
-    show(estimation::ChartOf(estimation::FunctionGraph(fit), false));
+    display(estimation::ChartOf(estimation::FunctionGraph(fit), false));
 }
 
 void FitGraphFrame::showResiduals() {
-    show(estimation::ChartOf(estimation::ResidualGraph(fit), true));
+    display(estimation::ChartOf(estimation::ResidualGraph(fit), true));
 }
 
 void FitGraphFrame::showLnp() {
-    if (const auto graph = estimation::LnpGraph(fit)) show(estimation::ChartOf(*graph, false));
+    if (const auto graph = estimation::LnpGraph(fit)) display(estimation::ChartOf(*graph, false));
 }
 
 void FitGraphFrame::calculate() {

@@ -30,7 +30,7 @@ class FitGraphFrame : public QGroupBox {
     void showFunction();
     void showResiduals();
     void showLnp();
-    void show(chart::Chart2D chart);
+    void display(chart::Chart2D chart);
     void calculate();
 
     chart::Chart2D chart_;

@@ -271,4 +271,5 @@ void frmQFitting::showResults() {
     rows_->showResults();
     quality_->showFit();
     graph_->showFit();
+    fitWindow();
 }

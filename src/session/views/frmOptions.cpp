@@ -181,6 +181,7 @@ void frmOptions::apply() {
     c.points = points_->value();
     if (!Module2::ApplyOptions(c)) return;
     // The axes of an open diagram are no longer valid in other units.
+    actions::Run("CalcCoordinateDefaults");
     if (Declare::session.UnitsChanged) shell::CloseViews({"frmGraph2D"});
     shell::Refresh();
     accept();

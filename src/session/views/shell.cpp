@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 
 #include "common/views/settings.h"
@@ -77,10 +78,10 @@ bool Activate(const QString& name) {
     QWidget* window = outer_window(view);
     window->show();
     window->raise();
-    if (window == view)
-        window->activateWindow();
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(window))
+        sub->mdiArea()->setActiveSubWindow(sub);
     else
-        view->setFocus();
+        window->activateWindow();
     view->setFocus(Qt::OtherFocusReason);
     return true;
 }
