@@ -174,6 +174,8 @@ TEST_F(Frame, AnotherDatabaseDisablesTheCalculationUntilANewChoice) {
         EXPECT_FALSE(enabled(name)) << name;
     EXPECT_FALSE(drive::isEnabled("Toolbar1_15"));
     EXPECT_TRUE(enabled("mnuStoff"));
+    choose("mnuData_Status");
+    EXPECT_NE(user.lastText().find("\n... no substance\n"), std::string::npos) << user.lastText();
 }
 
 TEST_F(Frame, LeavingTheModelViewKeepsTheCalculationDisabled) {

@@ -56,6 +56,9 @@ void OpenDatabase() {
     if (LoadSaveData::LoadDatabase() != LoadSaveData::LoadOutcome::Loaded) return;
     settings::rememberDatabaseFolder(
         QString::fromStdString(Module2::FolderOf(session.DatabasePath)));
+    // The substance of the former database has no place in this one.
+    session.CurrentSubstance = 0;
+    session.SubstanceSet = false;
     Module2::SetCommands({Command::mnuModel, Command::mnuCalcMain, Command::mnuOptions,
                           Command::mnuFitting, Command::mnu2D, Command::mnu3D},
                          false);
