@@ -35,6 +35,7 @@ inline DiagramRequest diagram;
 inline TieLineEnds tieLine;  ///< of the last curve that crossed or asked for one
 inline CoordinateDefaults coordinates;
 inline ProcessLineRecord processLine;
+inline std::vector<PolytropicPoint> polytropicPoints;  ///< of the last polytropic calculation
 inline Grid3D grid3D;
 
 inline SubstanceLists substances;
