@@ -191,14 +191,13 @@ void process_isoline(Curve& c) {
     const auto fixed = v1 > 0 ? value_of(c.functions(T1, p1, v1), function) : std::nullopt;
     if (!fixed) return end_line(c, true);
 
-    const IsolineSearch search(c, function);
     const bool overT = processLine.RangeIsT != 0;
     double T = T1, p = p1;
     bool stopped = false;
     Steps loop = range(c, overT ? 0.4 : 0.8);
     for (double running; loop.next(running);) {
-        const double found =
-            overT ? search.pressure(running, *fixed, p) : search.temperature(running, *fixed, T);
+        const double found = overT ? SolveIsolinePressure(c, function, running, *fixed, p)
+                                   : SolveIsoline(c, function, running, *fixed, T);
         if (!(found > 0)) {
             stopped = true;
             break;

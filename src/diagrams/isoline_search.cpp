@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "common/constants.h"
+
 namespace kurve {
 
 namespace {
@@ -91,40 +93,47 @@ double widening(F excess, double start, double size) {
     return 0;
 }
 
+/// Value of a function of the stable phase, less a target.
+struct Excess {
+    const Curve& c;
+    Function function;
+    double target;
+
+    std::optional<double> operator()(double T, double p) const {
+        const double v = c.stable_volume(T, p);
+        if (!(v > 0)) return std::nullopt;
+        const auto value = value_of(c.functions(T, p, v), function);
+        if (!value) return value;
+        return *value - target;
+    }
+};
+
+/// The natural size of a function at T: R, or R T.
+double size_of(Function function, double T) {
+    return function == &thermo::StateValues::s ? constants::R : constants::R * T;
+}
+
 }  // namespace
 
-std::optional<double> IsolineSearch::at(double T, double p) const {
-    const double v = c_.stable_volume(T, p);
-    if (!(v > 0)) return std::nullopt;
-    return value_of(c_.functions(T, p, v), function_);
-}
-
-double IsolineSearch::temperature(double p, double value, double startT) const {
+double SolveIsoline(const Curve& c, Function function, double p, double value, double startT) {
     if (!(p > 0) || !(startT > 0)) return 0;
-    const auto excess = [&](double T) -> std::optional<double> {
-        const auto z = at(T, p);
-        if (!z) return z;
-        return *z - value;
-    };
-    const bool entropy = function_ == &thermo::StateValues::s;
-    const double size = entropy ? 8.3 : 8.3 * startT;
-    const double found = secant(excess, startT, size);
-    return found > 0 ? found : widening(excess, startT, size);
+    const Excess excess{c, function, value};
+    const auto over_T = [&](double T) { return excess(T, p); };
+    const double size = size_of(function, startT);
+    const double found = secant(over_T, startT, size);
+    return found > 0 ? found : widening(over_T, startT, size);
 }
 
-double IsolineSearch::pressure(double T, double value, double startP) const {
+double SolveIsolinePressure(const Curve& c, Function function, double T, double value,
+                            double startP) {
     if (!(T > 0) || !(startP > 0)) return 0;
-    const auto excess = [&](double p) -> std::optional<double> {
-        const auto z = at(T, p);
-        if (!z) return z;
-        return *z - value;
-    };
-    const bool entropy = function_ == &thermo::StateValues::s;
-    const double size = entropy ? 8.3 : 8.3 * T;
-    const double found = secant(excess, startP, size);
-    // An isenthalpic may meet the temperature twice: only the near state continues the line.
+    const Excess excess{c, function, value};
+    const auto over_p = [&](double p) { return excess(T, p); };
+    const double size = size_of(function, T);
+    const double found = secant(over_p, startP, size);
+    // Only the near state continues a line.
     const bool isNear = found > 0.5 * startP && found < 2 * startP;
-    return isNear ? found : widening(excess, startP, size);
+    return isNear ? found : widening(over_p, startP, size);
 }
 
 }  // namespace kurve

@@ -4,23 +4,13 @@
 
 namespace kurve {
 
-/// Finds states of a given entropy or enthalpy. The functions are those of the stable phase.
-class IsolineSearch {
-  public:
-    IsolineSearch(const Curve& curve, Function function) : c_(curve), function_(function) {}
+/// T/K at p/kPa where h or s of the stable phase has a molar value, near a start; 0 when there is
+/// none: the value may lie between those of both phases.
+double SolveIsoline(const Curve& c, Function function, double p, double value, double startT);
 
-    /// T/K at p/kPa where the function has a molar value, near a start; 0 when there is none: the
-    /// value may lie between those of both phases.
-    double temperature(double p, double value, double startT) const;
-
-    /// p/kPa at T/K, the solution nearest to a start; 0 when there is none.
-    double pressure(double T, double value, double startP) const;
-
-  private:
-    std::optional<double> at(double T, double p) const;
-
-    const Curve& c_;
-    Function function_;
-};
+/// The same for p/kPa at T/K, the solution nearest to a start: an isenthalpic can meet a
+/// temperature twice.
+double SolveIsolinePressure(const Curve& c, Function function, double T, double value,
+                            double startP);
 
 }  // namespace kurve

@@ -31,7 +31,7 @@ struct DiagramRequest {
 };
 
 /// Both ends of a tie-line in displayed units; z holds T/K or p/kPa.
-struct TieLineEnds {
+struct TieLine {
     CurvePoint L, V;
     bool exist = false;
 };

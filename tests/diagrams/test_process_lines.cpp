@@ -331,6 +331,18 @@ TEST_F(ProcessLines, APolytropicWithExponentOneOverPIsTheIsothermOfAnIdealGas) {
 
 // ---- the search
 
+struct Search {
+    const kurve::Curve& curve;
+    kurve::Function function;
+
+    double temperature(double p, double value, double start) const {
+        return kurve::SolveIsoline(curve, function, p, value, start);
+    }
+    double pressure(double T, double value, double start) const {
+        return kurve::SolveIsolinePressure(curve, function, T, value, start);
+    }
+};
+
 TEST_F(ProcessLines, TheSearchFindsWhatAFineGridFinds) {
     for (const char* name : {"Water", "Carbon dioxide"}) {
         activate(name);
@@ -338,8 +350,8 @@ TEST_F(ProcessLines, TheSearchFindsWhatAFineGridFinds) {
         Declare::CurvePointArray points(1);
         kurve::Curve curve(request, points, 300, 100, 1);
         curve.prepare();
-        const kurve::IsolineSearch entropy(curve, &StateValues::s);
-        const kurve::IsolineSearch enthalpy(curve, &StateValues::h);
+        const Search entropy{curve, &StateValues::s};
+        const Search enthalpy{curve, &StateValues::h};
         int found = 0, none = 0;
         for (const double pr : {0.01, 0.5, 0.99, 1.0, 1.01, 3.0}) {
             const double p = pc(pr);
@@ -380,8 +392,8 @@ TEST_F(ProcessLines, ThePressureSearchFindsTheNearState) {
     Declare::CurvePointArray points(1);
     kurve::Curve curve(request, points, 300, 100, 1);
     curve.prepare();
-    const kurve::IsolineSearch entropy(curve, &StateValues::s);
-    const kurve::IsolineSearch enthalpy(curve, &StateValues::h);
+    const Search entropy{curve, &StateValues::s};
+    const Search enthalpy{curve, &StateValues::h};
     for (const double Tr : {0.8, 0.99, 1.0, 1.2, 2.0})
         for (double pr = 0.02; pr < 3; pr *= 1.3) {
             const double T = Tc(Tr), p = pc(pr);
