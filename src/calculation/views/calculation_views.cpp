@@ -149,4 +149,8 @@ void RefreshResult() {
     if (auto* view = open_view<frmCalcOut>("frmCalcOut")) view->showResult();
 }
 
+void RefreshDiagnosis() {
+    if (auto* view = open_view<frmCEOSDiagnose>("frmCEOSDiagnose")) view->open();
+}
+
 }  // namespace calculation_views

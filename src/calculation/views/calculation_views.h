@@ -24,4 +24,7 @@ void OpenDiagnosis();
 /// The result view, when it is open, shows the texts of the last calculation.
 void RefreshResult();
 
+/// The diagnosis, when it is open, shows the last state again.
+void RefreshDiagnosis();
+
 }  // namespace calculation_views

@@ -85,6 +85,7 @@ void frmCalcOut::showResult() {
     list_->showLines(resultText.Liste);
     head_->showCaptions(resultText);
     follow();
+    calculation_views::RefreshDiagnosis();
 }
 
 // ------------------------------------------------------------------------------------------ parts
