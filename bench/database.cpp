@@ -14,8 +14,8 @@ std::string database_of(std::int64_t count) {
     std::vector<LoadSaveData::SubstanceFileRecord> records(static_cast<std::size_t>(count));
     for (std::size_t i = 0; i < records.size(); ++i) {
         LoadSaveData::SetFieldText(records[i].nameEnglish, "Äther " + std::to_string(i));
-        records[i].slots[6] = 400.0F;
-        records[i].slots[7] = 4000.0F;
+        records[i].values[6] = 400.0F;
+        records[i].values[7] = 4000.0F;
     }
     const std::filesystem::path path = std::filesystem::temp_directory_path() / "quor-bench.Q05";
     const std::string bytes = LoadSaveData::DatabaseBytes(records);

@@ -3,6 +3,7 @@
 #include <QStandardPaths>
 #include <filesystem>
 
+#include "app/views/wiring.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/views/qt_dialogs.h"
@@ -26,6 +27,7 @@ int main(int argc, char* argv[]) {
     numbers::set_decimal_mark(QLocale().decimalPoint() == "," ? ',' : '.');
     dialogs::current() = dialogs::desktop();
 
+    wiring::ConnectViews();
     mdiQUOR frame;
     frame.show();
     frame.StartUp();

@@ -166,9 +166,9 @@ void add_head(std::vector<std::string>& lines, const std::string& title, bool gl
     lines.push_back(texts.equation + text::Trim(Calc::VPName(Declare::models.VPModel)));
     lines.push_back(texts.count + std::to_string(session.BatchCount));
     lines.push_back(texts.file + session.BatchFile);
-    if (shows_functions(extended))
-        for (const std::string& line : Zentrale::ReferenceLines())
-            lines.push_back(numbers::CommaToPoint(line));
+    if (!shows_functions(extended)) return;
+    for (std::string& line : Zentrale::ReferenceLines(true, Zentrale::Numbers::Point))
+        lines.push_back(std::move(line));
 }
 
 void add_column_heads(std::vector<std::string>& lines) {

@@ -29,7 +29,7 @@ void ChooseVolumeInput(int index);
 
 /// How an input ended.
 enum class InputResult {
-    Refused,          ///< a message told why; nothing has changed
+    Refused,          ///< a message says why; nothing has changed
     ReferenceStored,  ///< the view closes
     TankExit,         ///< the tank calculation was refused
     TankCalculated,   ///< the result view and the tank view open

@@ -160,9 +160,8 @@ void derivative_page(Job& job, const PhaseDerivatives& L, const PhaseDerivatives
     inflexion_lines(job);
 }
 
-void function_page(Job& job) {
+void show_functions(Job& job, const PhasePair& pair) {
     ListBuilder& list = job.list;
-    const PhasePair pair = FunctionsOfPhases(job);
     list.rule('*', kRule);
     list.add(std::string(31, ' ') + "thermodynamic Fu(T)");
     list.rule('*', kRule);
@@ -171,6 +170,13 @@ void function_page(Job& job) {
         return;
     }
     for (std::string& line : ReferenceLines()) list.add(std::move(line));
+    FunctionTable(job, pair, TableKind::Page);
+}
+
+void function_page(Job& job) {
+    const PhasePair pair = FunctionsOfPhases(job);
+    if (!job.call.Quiet) show_functions(job, pair);
+    if (pair.failed()) return;
     StoreFunctions(job, pair);
     const auto replace_a = [&](std::size_t first, const std::optional<FunctionValues>& phase) {
         if (phase)
@@ -179,7 +185,6 @@ void function_page(Job& job) {
     };
     replace_a(kFuL, pair.L);
     replace_a(kFuV, pair.V);
-    FunctionTable(job, pair, TableKind::Page);
 }
 
 /// The phases for the pages, from a fresh solution. An equilibrium keeps both of its phases even
@@ -212,8 +217,10 @@ void ExtendedPages(Job& job) {
         const PhaseDerivatives V = derivatives_of(job.V, job.T, job.p);
         store(job, L, 38, job.record.FuL);
         store(job, V, 34, job.record.FuV);
-        if (page == 2 || page == 4) residual_page(job, L, V);
-        if (page == 3 || page == 4) derivative_page(job, L, V);
+        // A quiet call has no list: it is spared the texts.
+        const bool shown = !job.call.Quiet;
+        if (shown && (page == 2 || page == 4)) residual_page(job, L, V);
+        if (shown && (page == 3 || page == 4)) derivative_page(job, L, V);
     }
     if (session.EquilibriumFunctions) function_page(job);
     job.L = calculatedL;

@@ -38,6 +38,16 @@ void critical_point_lines(Job& job) {
     job.list.add("  v(cr) = " + Value32(eos.vcritCalc) + " m^3/kmol");
 }
 
+/// A given volume well between the outer roots is a mixture of both phases, even when the
+/// tolerance of T(LV) puts the state to one side of the phase boundary.
+void keep_both_phases(Job& job) {
+    constexpr double kMargin = 1e-3;
+    if (job.Roots != 3) return;
+    const double v = static_cast<double>(Declare::substance.M) / job.rho();
+    if (v > job.L.v * (1 + kMargin) && v < job.V.v * (1 - kMargin))
+        job.L.exists = job.V.exists = true;
+}
+
 }  // namespace
 
 void GivenTp(Job& job) {
@@ -70,6 +80,7 @@ void GivenPRho(Job& job) {
     StoreFu(job, 0, job.T);
     resultText.co2.text = " T = " + numbers::Format(job.T, "###0.000 K");
     if (!SolveState(job)) return;
+    keep_both_phases(job);
     KeepLastState(job);
     DensityLines(job);
     StoreRecord(job);

@@ -13,9 +13,13 @@ namespace {
 constexpr std::int16_t kConventional = 2;
 constexpr std::int16_t kFormation = 10;
 
-std::string at(double T, double p) {
-    return numbers::General(static_cast<float>(T)) + " K, " +
-           numbers::General(static_cast<float>(p)) + " kPa";
+std::string general(double value, Numbers how) {
+    const auto single = static_cast<float>(value);
+    return how == Numbers::Point ? numbers::GeneralPoint(single) : numbers::General(single);
+}
+
+std::string at(double T, double p, Numbers how) {
+    return general(T, how) + " K, " + general(p, how) + " kPa";
 }
 
 std::string models_line() {
@@ -23,9 +27,9 @@ std::string models_line() {
            "; ideal-gas cp: " + text::Trim(Calc::CpName(Declare::models.CpModel));
 }
 
-std::string zero_line(const Declare::ReferenceState& r) {
+std::string zero_line(const Declare::ReferenceState& r, Numbers how) {
     const std::string state =
-        "ideal gas at " + at(static_cast<double>(r.T0), static_cast<double>(r.p0));
+        "ideal gas at " + at(static_cast<double>(r.T0), static_cast<double>(r.p0), how);
     switch (r.RefMode) {
         case kConventional:
             return "Reference state: conventional h and s, " + state;
@@ -35,19 +39,18 @@ std::string zero_line(const Declare::ReferenceState& r) {
             break;
     }
     if (r.href == 0.0 && r.sref == 0.0) return "Reference state: h = 0, s = 0, " + state;
-    return "Reference state: h = " + numbers::General(static_cast<float>(r.href)) +
-           " kJ/kmol, s = " + numbers::General(static_cast<float>(r.sref)) + " kJ/(kmol K), " +
-           state;
+    return "Reference state: h = " + general(r.href, how) +
+           " kJ/kmol, s = " + general(r.sref, how) + " kJ/(kmol K), " + state;
 }
 
 }  // namespace
 
-std::vector<std::string> ReferenceLines(bool exergies) {
+std::vector<std::string> ReferenceLines(bool exergies, Numbers how) {
     // Asking for the values settles T0 and p0 of the kinds that fix them.
     thermo::ReferenceValues(0.0);
     const Declare::ReferenceState& r = Declare::reference;
-    std::vector<std::string> lines = {models_line(), zero_line(r)};
-    if (exergies) lines.push_back("Surroundings for exergies: " + at(r.Tenv, r.penv));
+    std::vector<std::string> lines = {models_line(), zero_line(r, how)};
+    if (exergies) lines.push_back("Surroundings for exergies: " + at(r.Tenv, r.penv, how));
     return lines;
 }
 

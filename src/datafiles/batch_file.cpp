@@ -91,8 +91,10 @@ void tell_missing_sets(const BatchFileContent& file, const std::string& title) {
 
 /// Files hold the whole data of the list; the direct input in element 0 is no part of it.
 std::span<const BatchDataSet> loaded_sets() {
-    return std::span<const BatchDataSet>(Declare::BatchData)
-        .subspan(1, static_cast<std::size_t>(session.BatchCount));
+    const std::span<const BatchDataSet> behind_direct_input =
+        std::span<const BatchDataSet>(Declare::BatchData).subspan(1);
+    const auto count = static_cast<std::size_t>(session.BatchCount);
+    return behind_direct_input.first(std::min(count, behind_direct_input.size()));
 }
 
 bool save_to(const std::string& path) {

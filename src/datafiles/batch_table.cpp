@@ -50,7 +50,8 @@ struct Lines {
     std::ptrdiff_t first, last;  ///< `last` is behind the last line
 };
 Lines in_table(int first, int last) {
-    const int count = session.BatchCount;
+    const int count =
+        std::clamp(static_cast<int>(BatchData.size()) - 1, 0, int{session.BatchCount});
     const int from = std::clamp(first, 1, count + 1);
     const int to = std::clamp(last + 1, from, count + 1);
     return {from, to};
@@ -209,7 +210,8 @@ void ToggleBatchSets(int first, int last) {
 }
 
 void SortBatchSets(BatchColumn column) {
-    std::stable_sort(BatchData.begin() + 1, BatchData.begin() + 1 + session.BatchCount,
+    const Lines lines = in_table(1, session.BatchCount);
+    std::stable_sort(BatchData.begin() + lines.first, BatchData.begin() + lines.last,
                      [&](const BatchDataSet& a, const BatchDataSet& b) {
                          return sort_key(a, column) < sort_key(b, column);
                      });

@@ -13,17 +13,13 @@ namespace LoadSaveData {
 
 namespace {
 
-std::string first_name(const std::string& field) {
-    return text::TrimRight(field.substr(0, field.find(';')));
-}
-
 FilePreview preview_batch(const std::string& bytes) {
     const std::optional<BatchFileContent> file = ReadBatchText(bytes);
     if (!file) return {};
     const std::int16_t index = FindByCasrn(file->casrn);
     return {.substance =
                 index == 0 ? "Substance not found in the actual data base"
-                           : first_name(Declare::substances.Names[static_cast<std::size_t>(index)]),
+                           : FirstName(Declare::substances.Names[static_cast<std::size_t>(index)]),
             .database = Declare::session.DatabaseFile,
             .comment = file->comment,
             .date = file->date};
@@ -35,7 +31,7 @@ std::string name_in(const std::string& database, const std::string& casrn) {
     const std::string wanted = text::TrimRight(casrn);
     if (!lists || wanted.empty()) return {};
     for (std::size_t i = 1; i < lists->Casrn.size(); ++i)
-        if (text::TrimRight(lists->Casrn[i]) == wanted) return first_name(lists->Names[i]);
+        if (text::TrimRight(lists->Casrn[i]) == wanted) return FirstName(lists->Names[i]);
     return {};
 }
 

@@ -103,8 +103,10 @@ void derive_from_settings(ProjectResult& result) {
     const bool offered = models.EOSModel >= 0 && !Calc::EOSName(models.EOSModel).empty();
     if (!offered) models.EOSModel = 0;
     models.EOSOnlyV = Calc::IsVOnlyEOS(models.EOSModel);
+    if (models.EOSOnlyV) models.PriorityCEOS = false;
     // Index 0 leaves the choice to the sets of the substance.
     if (models.VPModel != 0) models.VPCode = Calc::VPCode(models.VPModel);
+    models.VPModel = Calc::VPIndex(models.VPCode);
 
     if (result.substanceFound && !result.noCriticalData) {
         const bool keeps = models.EOSModel == kManualVirial;
@@ -130,7 +132,6 @@ ProjectResult load(const std::string& path) {
                       kRefusal, dialogs::Icon::Stop);
         return {};
     }
-    const Module2::BusyPointer busy;
     if (!open_database(head->database, Module2::FolderOf(path))) return {};
 
     Module2::ResetSession();
@@ -188,23 +189,29 @@ bool SaveProject(bool asDialog) {
     return true;
 }
 
+std::optional<std::string> ChooseProject() {
+    std::optional<std::string> name = dialogs::ChooseFile({.title = "Load a project (*.QCF)",
+                                                           .filter = kFilter,
+                                                           .folder = session.FolderProject,
+                                                           .defaultExtension = kExtension});
+    return name && !name->empty() ? name : std::nullopt;
+}
+
 ProjectResult LoadProject() {
-    const std::optional<std::string> name = dialogs::ChooseFile({.title = "Load a project (*.QCF)",
-                                                                 .filter = kFilter,
-                                                                 .folder = session.FolderProject,
-                                                                 .defaultExtension = kExtension});
-    return name && !name->empty() ? LoadProject(*name) : ProjectResult{};
+    const std::optional<std::string> name = ChooseProject();
+    return name ? LoadProject(*name) : ProjectResult{};
 }
 
 ProjectResult LoadProject(const std::string& name) {
     const std::string path = InFolder(name, session.FolderProject);
     const ProjectResult result = load(path);
-    if (result.loaded) remember_project(path);
+    // The last session is no project of the user's.
+    if (result.loaded && path != session.LastSessionFile) remember_project(path);
     return result;
 }
 
 ProjectResult LoadLastSession() {
-    return load(session.LastSessionFile);
+    return LoadProject(session.LastSessionFile);
 }
 
 }  // namespace LoadSaveData

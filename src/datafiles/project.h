@@ -20,6 +20,8 @@ struct ProjectResult {
 /// the dialog a failure is told.
 bool SaveProject(bool asDialog);
 
+/// Asks for a project file; nothing on a cancel.
+std::optional<std::string> ChooseProject();
 /// Asks for a project and loads it. A cancel changes nothing.
 ProjectResult LoadProject();
 /// Loads a project: resets the session, opens its database, reads its substance and restores its

@@ -165,7 +165,11 @@ constexpr std::array kFields{
     bound<&Record::WAG, &Wagner::THi>("WAG.THi", 60, "WAG_THi"),
     RecordField{.name = "AUG", .count = 2, .letters = "AB", .at = august},
     frost_set<&Record::KFW>("KFW", 0, {}),
+    bound<&Record::KFW, &Frost::TLo>("KFW.TLo", 0, {}),
+    bound<&Record::KFW, &Frost::THi>("KFW.THi", 0, {}),
     frost_set<&Record::KFR>("KFR", 0, {}),
+    bound<&Record::KFR, &Frost::TLo>("KFR.TLo", 0, {}),
+    bound<&Record::KFR, &Frost::THi>("KFR.THi", 0, {}),
     antoine_set<&Record::THO>("THO", 0, {}),
 
     array<&Record::rhoLPar>("rhoLPar", 7, 14, kSaved, "rhoL_"),

@@ -63,6 +63,10 @@ std::vector<std::string> NamesOf(std::string_view nameField) {
     return names;
 }
 
+std::string FirstNameOf(std::string_view nameField) {
+    return text::Trim(nameField.substr(0, nameField.find(';')));
+}
+
 std::string FormulaAndCasrn(std::int16_t index) {
     const auto i = static_cast<std::size_t>(index);
     const Declare::SubstanceLists& lists = Declare::substances;

@@ -11,6 +11,9 @@ namespace LoadSaveData {
 /// the further names behind it. Never empty.
 std::vector<std::string> NamesOf(std::string_view nameField);
 
+/// The first of these names alone.
+std::string FirstNameOf(std::string_view nameField);
+
 /// Formula and CASRN of an entry (1 to `SubstanceCount`) as the selection view shows them; empty
 /// for another index.
 std::string FormulaAndCasrn(std::int16_t index);

@@ -81,6 +81,10 @@ std::string FieldText(std::span<const char> field) {
     return text::FromAnsi(bytes);
 }
 
+std::string FirstName(std::string_view nameField) {
+    return text::TrimRight(nameField.substr(0, nameField.find(';')));
+}
+
 void SetFieldText(std::span<char> field, std::string_view utf8) {
     const std::string bytes = text::ToAnsi(text::PadRight(utf8, field.size()));
     std::fill(field.begin(), field.end(), ' ');

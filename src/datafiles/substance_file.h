@@ -44,6 +44,8 @@ RecordBytes EncodeRecord(const SubstanceFileRecord& record);
 
 /// A text field as UTF-8 with its full width; control characters become blanks.
 std::string FieldText(std::span<const char> field);
+/// The name of a name field: what stands before the first ";", without blanks at its end.
+std::string FirstName(std::string_view nameField);
 /// Writes a text into a field: as many characters as it holds, padded with blanks.
 void SetFieldText(std::span<char> field, std::string_view utf8);
 

@@ -60,10 +60,6 @@ void for_each_slot(const Action& action) {
     }
 }
 
-std::string first_name(std::string_view field) {
-    return text::TrimRight(field.substr(0, field.find(';')));
-}
-
 double product(double a, double b, double c) {
     return std::fabs(a * b * c);
 }
@@ -80,12 +76,6 @@ bool condensed_cp_exists(const CpSet& s) {
     return term && s.TLo > 0 && s.THi > 0;
 }
 
-void mend_sinh(CpSet& s) {
-    s.c[2] = std::fabs(s.c[2]);
-    if (std::fabs(static_cast<double>(s.c[0])) > kPresent && static_cast<double>(s.c[2]) < kPresent)
-        s.c[2] = kSmallestSinhC2;
-}
-
 void choose_watson_point(const SubstanceFileRecord& file, SubstanceRecord& r) {
     const double secondT = static_cast<double>(slot_of(file, kSlotSecondWatsonT));
     if (std::fabs(static_cast<double>(r.Tboil) - secondT) >= kWatsonDistance) return;
@@ -93,12 +83,18 @@ void choose_watson_point(const SubstanceFileRecord& file, SubstanceRecord& r) {
     r.WatsonT = slot_of(file, kSlotSecondWatsonT);
 }
 
+}  // namespace
+
+void mend_sinh(CpSet& s) {
+    s.c[2] = std::fabs(s.c[2]);
+    if (std::fabs(static_cast<double>(s.c[0])) > kPresent && static_cast<double>(s.c[2]) < kPresent)
+        s.c[2] = kSmallestSinhC2;
+}
+
 void form_entropy(SubstanceRecord& r, float former) {
     const double h = static_cast<double>(r.dfh), g = static_cast<double>(r.dfg);
     r.dfs = std::fabs(h * g) > kPresent ? static_cast<float>((h - g) / kReferenceT) : former;
 }
-
-}  // namespace
 
 std::string best_vapour_pressure_code(const SubstanceRecord& r) {
     // The later of these tests wins.
@@ -123,7 +119,7 @@ LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
     SubstanceRecord& r = loaded.record;
     r.Formula = text::TrimRight(FieldText(file.formula));
     r.FormulaCompact = text::RemoveBlanks(r.Formula);
-    r.Name = first_name(FieldText(english ? file.nameEnglish : file.nameGerman));
+    r.Name = FirstName(FieldText(english ? file.nameEnglish : file.nameGerman));
     r.CASRN = FieldText(file.casrn);
 
     for_each_slot([&](const RecordField& field, const FieldPlace& place) {

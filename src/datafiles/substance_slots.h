@@ -22,6 +22,10 @@ struct LoadedSubstance {
 LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
                                 const Declare::SubstanceRecord& previous);
 
+/// Makes C2 of the sinh/cosh function absolute, and not zero where C0 is there.
+void mend_sinh(Declare::CpSet& set);
+/// Sets `dfs` from `dfh` and `dfg`, or to the former value where one of them is missing.
+void form_entropy(Declare::SubstanceRecord& record, float former);
 /// Sets the four flags of the cp functions by the rules of reading.
 void form_cp_flags(Declare::SubstanceRecord& record);
 /// The code of the best vapour pressure set: WAG goes before FRO, ALP and AHP; "000" without any.

@@ -163,4 +163,13 @@ XYRange RangeOfActive(std::span<const FitPoint> points) {
     return range;
 }
 
+XYGraph MakeXYGraph(std::span<const FitPoint> points, bool asPoints) {
+    return {.title = "Experimental points y(T)",
+            .xTitle = "T / K",
+            .yTitle = "y",
+            .points = ActivePoints(points),
+            .range = RangeOfActive(points),
+            .asPoints = asPoints};
+}
+
 }  // namespace LoadSaveData

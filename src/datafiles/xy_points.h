@@ -52,4 +52,16 @@ struct XYRange {
 };
 XYRange RangeOfActive(std::span<const Declare::FitPoint> points);
 
+/// What the editor hands to the diagram.
+struct XYGraph {
+    std::string title, xTitle, yTitle;
+    std::vector<Declare::FitPoint> points;  ///< the active ones
+    XYRange range;
+    bool asPoints = true;  ///< a set of points, else a curve
+};
+/// The active points with the texts of their graph.
+XYGraph MakeXYGraph(std::span<const Declare::FitPoint> points, bool asPoints);
+/// The graph that was sent last; the action "graph_xy" shows it.
+inline XYGraph xyGraph;
+
 }  // namespace LoadSaveData

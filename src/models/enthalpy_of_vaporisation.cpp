@@ -9,6 +9,7 @@
 #include "common/numbers.h"
 #include "models/caloric.h"
 #include "models/density.h"
+#include "models/equilibrium.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
 #include "models/validity.h"
@@ -30,6 +31,7 @@ struct Request {
     std::string_view vpCode;
     bool warn;
     std::int16_t dataSet;
+    bool paired;  ///< T or p was not given and had to be found
 };
 
 constexpr std::int16_t kDatabaseEquation = 1;
@@ -96,9 +98,10 @@ bool below_critical(Result& r) {
     return r.T <= Declare::substance.Tcrit || fail(r, "T > T(cr)!");
 }
 
+/// The fitted equation of the database, with its warning.
 double database_equation(const Request& q, Result& r) {
     const SubstanceRecord& s = Declare::substance;
-    const EnthalpyEquationResult value = EnthalpyEquationValue(r.T);
+    const EnthalpyEquationResult value = enthalpy_equation(s, r.T);
     if (value.status != kSuccess || s.hLVTHi <= 0) throw faults::Fault(faults::kInvalidArgument);
     r.deviation = deviation_of(r.T, {s.hLVTLo, s.hLVTHi});
     constexpr int kSilentDeviation = 5;
@@ -113,31 +116,26 @@ double database_equation(const Request& q, Result& r) {
 }
 
 /// N. H. Chen, J. Chem. Eng. Data 10 (1965) 207.
-double chen(Result& r) {
-    const double Tr = r.T / Declare::substance.Tcrit;
-    const double lgp = faults::log(r.p / Declare::substance.pcrit) / kLn10;
-    r.explanation = "Chen-correlation";
-    return faults::divide(r.T * (33.08 * Tr - 32.74 - 29.77 * lgp), 1.07 - Tr);
+double chen(const SubstanceRecord& s, double T, double p) {
+    const double Tr = T / s.Tcrit;
+    const double lgp = faults::log(p / s.pcrit) / kLn10;
+    return faults::divide(T * (33.08 * Tr - 32.74 - 29.77 * lgp), 1.07 - Tr);
 }
 
 /// G. F. Carruth, R. Kobayashi, Ind. Eng. Chem. Fundam. 11 (1972) 509.
-double carruth_kobayashi(Result& r) {
-    const SubstanceRecord& s = Declare::substance;
-    const double t = 1.0 - r.T / s.Tcrit;
-    r.explanation = "Carruth/Kobayashi-correlation";
+double carruth_kobayashi(const SubstanceRecord& s, double T) {
+    const double t = 1.0 - T / s.Tcrit;
     return R * s.Tcrit * (7.08 * std::pow(t, 0.354) + 10.95 * s.omega * std::pow(t, 0.456));
 }
 
 /// K. M. Watson, Ind. Eng. Chem. 35 (1943) 398.
-double watson(Result& r) {
-    const SubstanceRecord& s = Declare::substance;
+double watson(const SubstanceRecord& s, double exponent, double T) {
     const auto h = static_cast<double>(s.WatsonH);
-    const auto T = static_cast<double>(s.WatsonT);
-    if (!(h * T > kPresent)) throw faults::Fault(faults::kInvalidArgument);
-    const double ratio = faults::divide(s.Tcrit - r.T, s.Tcrit - T);
+    const auto known = static_cast<double>(s.WatsonT);
+    if (!(h * known > kPresent)) throw faults::Fault(faults::kInvalidArgument);
+    const double ratio = faults::divide(s.Tcrit - T, s.Tcrit - known);
     if (ratio < 0.0) throw faults::Fault(faults::kInvalidArgument);
-    r.explanation = "WATSON-correlation, n =" + numbers::General(Declare::models.WatsonN);
-    return h * std::pow(ratio, static_cast<double>(Declare::models.WatsonN));
+    return h * std::pow(ratio, exponent);
 }
 
 void set_compressibilities(Result& r) {
@@ -166,34 +164,43 @@ double clausius_clapeyron(const Request& q, Result& r) {
     return -R * slope.slope * (r.zV - r.zL);
 }
 
-/// Residual enthalpies of both phases of the cubic EOS.
-double cubic_eos(Result& r) {
-    const StateTP state = SolveStateTP(r.T, r.p);
-    r.rhoV = state.rhoV;
-    r.rhoL = state.rhoL;
-    set_compressibilities(r);
+/// Residual enthalpies of both phases of the cubic EOS. Where T or p was found here both phases
+/// exist; a given pair may lie beside the equilibrium and then has one of them.
+double cubic_eos(const Request& q, Result& r) {
     const Fluid fluid = CurrentFluid();
-    const auto residual = [&](double v) {
-        const thermo::PhaseTable table =
-            thermo::residual_functions(fluid, state.state, r.T, r.p, v);
+    const StateTP state = SolveStateTP(r.T, r.p);
+    const PhaseVolumes v =
+        q.paired ? equilibrium_volumes(fluid, state, r.T) : PhaseVolumes{state.vV, state.vL};
+    const auto M = static_cast<double>(fluid.substance.M);
+    r.rhoV = v.vV > 0 ? M / v.vV : 0;
+    r.rhoL = v.vL > 0 ? M / v.vL : 0;
+    set_compressibilities(r);
+    const Declare::EOSState eos = eos_at(fluid, r.T);
+    const auto residual = [&](double volume) {
+        const thermo::PhaseTable table = thermo::residual_functions(fluid, eos, r.T, r.p, volume);
         if (!table.filled) throw faults::Fault(faults::kInvalidArgument);
         return table.residual[thermo::ResH];
     };
-    return R * (residual(state.vV) - residual(state.vL));
+    return R * (residual(v.vV) - residual(v.vL));
 }
 
 double evaluate(const Request& q, Result& r) {
+    const SubstanceRecord& s = Declare::substance;
+    const float exponent = Declare::models.WatsonN;
     switch (q.method) {
         case kDatabaseEquation:
             return database_equation(q, r);
         case kChen:
-            return chen(r);
+            r.explanation = "Chen-correlation";
+            return chen(s, r.T, r.p);
         case kCarruthKobayashi:
-            return carruth_kobayashi(r);
+            r.explanation = "Carruth/Kobayashi-correlation";
+            return carruth_kobayashi(s, r.T);
         case kWatson:
-            return watson(r);
+            r.explanation = "WATSON-correlation, n =" + numbers::General(exponent);
+            return watson(s, static_cast<double>(exponent), r.T);
         case kCubicEOS:
-            return cubic_eos(r);
+            return cubic_eos(q, r);
         default:
             return clausius_clapeyron(q, r);
     }
@@ -204,7 +211,7 @@ double evaluate(const Request& q, Result& r) {
 EnthalpyOfVaporisationResult EnthalpyOfVaporisation(std::int16_t method, double T, double p,
                                                     std::string_view vpCode, bool warn,
                                                     std::int16_t dataSet) {
-    const Request request{method, vpCode, warn, dataSet};
+    const Request request{method, vpCode, warn, dataSet, !given(T) || !given(p)};
     Result r;
     r.T = T;
     r.p = p;
@@ -226,22 +233,23 @@ EnthalpyOfVaporisationResult EnthalpyOfVaporisation(std::int16_t method, double 
     return r;
 }
 
-EnthalpyEquationResult EnthalpyEquationValue(double T) {
-    const SubstanceRecord& s = Declare::substance;
+EnthalpyEquationResult enthalpy_equation(const SubstanceRecord& s, double T) {
     const auto Tc = static_cast<double>(s.hLVTc);
     const EnthalpyEquationResult failure{0.0, kFailure};
-    if (!(Tc > kPresent)) return failure;
-    // At the critical point of its set, a 32-bit value, and from there to that of the substance the
-    // value is 0.
-    if (static_cast<float>(T) >= s.hLVTc)
-        return T <= std::fmax(Tc, s.Tcrit) ? EnthalpyEquationResult{} : failure;
-    const double Tr = T / Tc;
+    if (!(Tc > kPresent) || !(T <= std::fmax(Tc, s.Tcrit))) return failure;
+    // At the critical point of the set, a 32-bit value, and from there to that of the substance.
+    if (static_cast<float>(T) >= s.hLVTc) return {};
 
+    const double Tr = T / Tc;
     const auto a = [&](std::size_t i) { return static_cast<double>(s.hLVPar[i]); };
     const double exponent = a(2) + Tr * (a(3) + Tr * (a(4) + Tr * a(5)));
     const double h = a(0) * std::exp(-a(1) * Tr) * std::pow(1.0 - Tr, exponent);
     if (!std::isfinite(h)) return failure;
     return {h, kSuccess};
+}
+
+EnthalpyEquationResult EnthalpyEquationValue(double T) {
+    return enthalpy_equation(Declare::substance, T);
 }
 
 }  // namespace Calc

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "common/status.h"
+#include "session/declare.h"
 
 namespace Calc {
 
@@ -12,7 +13,7 @@ struct EnthalpyOfVaporisationResult {
     std::int32_t h = 0;          ///< kJ/kmol, rounded to a whole number
     double raw = 0;              ///< before rounding
     double T = 0, p = 0;         ///< K and kPa at which it was evaluated
-    double zV = 0, zL = 0;       ///< compressibility factors (methods 5, 6)
+    double zV = 0, zL = 0;       ///< compressibility factors (methods 5, 6, 7)
     double rhoV = 0, rhoL = 0;   ///< kg/m^3 (methods 5, 6, 7)
     std::int16_t deviation = 0;  ///< K outside the range of method 1
     std::string explanation;     ///< how T, p and the result were obtained
@@ -30,7 +31,11 @@ struct EnthalpyEquationResult {
     double h = 0;  ///< kJ/kmol
     Status status = kSuccess;
 };
-/// The database equation alone, without a range test; status -1 when it is missing.
+/// The database equation A exp(-B Tr) (1 - Tr)^(C + D Tr + E Tr^2 + F Tr^3), Tr = T/Tc of the set,
+/// without a range test. 0 from Tc of the set up to the critical point of the substance; status -1
+/// above both, without a Tc, and on a fault.
+EnthalpyEquationResult enthalpy_equation(const Declare::SubstanceRecord& s, double T);
+/// The same for the active substance.
 EnthalpyEquationResult EnthalpyEquationValue(double T);
 
 }  // namespace Calc

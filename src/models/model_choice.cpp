@@ -129,6 +129,10 @@ ModelChoice::ModelChoice()
     : keptModels_(Declare::models),
       keptParameters_(Declare::eosParameters),
       keptJiTorvik_(Declare::jiTorvik) {
+    Renew();
+}
+
+void ModelChoice::Renew() {
     const SubstanceRecord& s = Declare::substance;
     Declare::ModelSelection& m = Declare::models;
     if (m.EOSModel == kManualVirial) manual_ = Declare::eosParameters;

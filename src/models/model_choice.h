@@ -52,6 +52,10 @@ class ModelChoice {
     /// Keeps the present selection and brings every model to an entry that is offered.
     ModelChoice();
 
+    /// Builds the lists anew after the data of the substance were edited; what `Cancel` brings back
+    /// stays.
+    void Renew();
+
     const ModelEntries& eos() const { return eos_; }
     const ModelEntries& vp() const { return vp_; }
     const ModelEntries& hlv() const { return hlv_; }

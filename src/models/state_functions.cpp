@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "models/caloric.h"
+#include "models/equilibrium.h"
 #include "models/reference_state.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
@@ -157,10 +158,12 @@ SaturationValues SaturationFunctions(double T) {
         const Calc::Saturation sat = Calc::SaturationPressure(T);
         if (sat.status != kSuccess) return r;
         const Calc::StateTP state = Calc::SolveStateTP(T, sat.p);
-        if (state.status != kSuccess || !(state.vV > 0.0) || !(state.vL > 0.0)) return r;
         r.p = sat.p;
-        r.vV = state.vV;
-        r.vL = state.vL;
+        const Calc::PhaseVolumes volumes =
+            Calc::equilibrium_volumes(Calc::CurrentFluid(), state, T);
+        r.vV = volumes.vV;
+        r.vL = volumes.vL;
+        if (!(r.vV > 0.0) || !(r.vL > 0.0)) return r;
     }
     r.V = StateFunctions(T, r.p, r.vV);
     r.L = r.vL == r.vV ? r.V : StateFunctions(T, r.p, r.vL);

@@ -51,7 +51,7 @@ struct Tank {
     float T = 0;       ///< K
     float p = 0;       ///< kPa, result
     double level = 0;  ///< filling level, per cent by volume, result
-    std::string answer;  ///< the text that the calculation gave back: "ERROR1" to "ERROR3", "EXIT"
+    std::string answer{};  ///< the text that the calculation gave back: "ERROR1" to "ERROR3", "EXIT"
 };
 
 }  // namespace Declare

@@ -32,6 +32,7 @@ inline FuArray Fu{};
 inline std::vector<std::array<float, 42>> protocol;  ///< one entry per written calculation
 
 inline DiagramRequest diagram;
+inline TieLineEnds tieLine;  ///< of the last curve that crossed or asked for one
 inline CoordinateDefaults coordinates;
 inline ProcessLineRecord processLine;
 inline Grid3D grid3D;

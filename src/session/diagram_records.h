@@ -27,6 +27,13 @@ struct DiagramRequest {
         0;                 ///< 1 isothermal, 2 isobaric, 3 isochoric, 5 projection, 7 database
     std::string axisPair;  ///< "pv", "yp", "Tv", "Tx", "pT", "yT", "yv", "yy"
     float validityLow = 0, validityHigh = 0;  ///< bounds of a database function, K
+    std::int16_t PointsPerCurve = 0;          ///< resolution, 0: that of the session
+};
+
+/// Both ends of a tie-line in displayed units; z holds T/K or p/kPa.
+struct TieLineEnds {
+    CurvePoint L, V;
+    bool exist = false;
 };
 
 /// Default limits of each quantity, in displayed units.

@@ -20,6 +20,13 @@ inline constexpr int kGlobalPartial = 3060;
 inline constexpr int kReferencePoint = 3100;
 inline constexpr int kTank = 3500;
 inline constexpr int kIsoCalculator = 3700;
+inline constexpr int kSubstanceData = 4000;
+inline constexpr int kTriplePoint = 4010;
+inline constexpr int kCorrelatedAntoine = 4020;
+inline constexpr int kWatsonPoint = 4030;
+inline constexpr int kXYEditor = 4100;
+inline constexpr int kFitting = 4200;
+inline constexpr int kGroupContributions = 4300;
 inline constexpr int kRealRange = 8555;
 inline constexpr int kReferenceState = 12000;
 

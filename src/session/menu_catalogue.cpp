@@ -92,7 +92,8 @@ constexpr auto kBarRows = std::to_array<Row>({
     command("mnuData", "mnuData_EditStoffdaten", "View/Edit Data of the Substance",
             Command::mnuData_EditStoffdaten),
     command("mnuData", "mnuData_EditXY", "XY Editor (X-Y data input | load )"),
-    command("mnuData", "mnuData_ParameterEOS", "Parameters EOS; calc. critical molar volume"),
+    command("mnuData", "mnuData_ParameterEOS", "Parameters EOS; calc. critical molar volume",
+            Command::mnuCalcMain),
     submenu("mnuData", "mnuJOBACK", "Data Prediction by using Group Contribution Methods "),
     command("mnuJOBACK", "mnuData_JOBACK_CritData",
             "Critical Data (JOBACK method), Acentric Factor"),
@@ -234,7 +235,6 @@ bool allowed_by_session(const Row& row) {
     if (is_calc_row(row, kRowTankPartial)) return !Declare::session.BatchMode;
     if (row.control == kDatabase || row.control == kSaturation)
         return has_database_function(row.code);
-    if (row.control == "mnuData_ParameterEOS") return Declare::models.EOSModel >= 0;
     return true;
 }
 

@@ -19,14 +19,14 @@ enum class Kind { Command, Submenu, Separator };
 struct Row {
     std::string_view parent{};   ///< menu that holds the row; empty for the menu bar
     std::string_view control{};  ///< control name; rows of a control array share it
-    int index = -1;            ///< index in the control array, -1 outside one
+    int index = -1;              ///< index in the control array, -1 outside one
     std::string_view caption{};
     Kind kind = Kind::Command;
     std::string_view action{};   ///< action id that the row runs, see session/actions.h
     std::string_view submenu{};  ///< name of the menu that a submenu row opens
     std::optional<Declare::Command> command{};  ///< command that switches the row
-    std::int16_t code = 0;                    ///< CalcMode, DiagramType or kind of surface
-    std::int16_t sectionKind = 0;             ///< of a diagram, see `Declare::DiagramRequest`
+    std::int16_t code = 0;                      ///< CalcMode, DiagramType or kind of surface
+    std::int16_t sectionKind = 0;               ///< of a diagram, see `Declare::DiagramRequest`
     std::string_view axisPair{};                ///< of a diagram
     std::string_view hint{};                    ///< shown in the status bar
 };

@@ -9,20 +9,7 @@ namespace {
 
 using Declare::session;
 
-constexpr std::int16_t kPolytropic = 12, kTankGlobal = 9, kTankPartial = 10;
 constexpr std::int16_t kSurfaceP = 1, kSurfaceT = 4;
-constexpr std::uint8_t kPolytropicLine = 6;
-
-bool prepare_calculation(const Row& row) {
-    session.CalcMode = row.code;
-    if (row.code == kPolytropic) {
-        Declare::processLine.Kind = kPolytropicLine;
-        Declare::processLine.PolytropicMode = 1;
-    }
-    if (row.code == kTankGlobal) session.GlobalCalculation = true;
-    if (row.code == kTankPartial) session.GlobalCalculation = false;
-    return true;
-}
 
 bool prepare_diagram(const Row& row) {
     Declare::diagram.DiagramType = row.code;
@@ -75,7 +62,6 @@ bool prepare_project_save() {
 }  // namespace
 
 bool Prepare(const Row& row) {
-    if (row.action.starts_with("CalcMode_")) return prepare_calculation(row);
     if (row.action == "Diagram2D") return prepare_diagram(row);
     if (row.action == "Diagram3D") return prepare_surface(row);
     if (row.control == "mnuData_BatchInput") return prepare_new_data();
@@ -86,16 +72,6 @@ bool Prepare(const Row& row) {
 
 void OpenDataMenu() {
     if (session.BatchCount > 0) Module2::SetCommands({Declare::Command::mnuData_BatchEdit}, true);
-}
-
-void OpenCalculationMenu() {
-    if (session.BatchCount != 0 || !session.BatchMode) return;
-    dialogs::Tell(
-        "This mode of calculation is possible only when \n"
-        "batch data (= exper. T-p-rho,..-data) are available.\n\n"
-        "Enter batch-data\n"
-        "(via file or manual input) => menue \"Data/exper. data...\"",
-        "Execution not possible");
 }
 
 }  // namespace menu

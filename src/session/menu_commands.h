@@ -12,7 +12,4 @@ bool Prepare(const Row& row);
 /// The Data menu opens: measured data can be edited once there are some.
 void OpenDataMenu();
 
-/// The Calculation menu opens: tells that batch operation has no data to work on.
-void OpenCalculationMenu();
-
 }  // namespace menu

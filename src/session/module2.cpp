@@ -41,6 +41,7 @@ void ResetEverything() {
     Declare::Fu = {};
     Declare::protocol.clear();
     Declare::diagram = {};
+    Declare::tieLine = {};
     Declare::coordinates = {};
     Declare::processLine = {};
     Declare::grid3D = {};

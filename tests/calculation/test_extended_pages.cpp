@@ -138,9 +138,9 @@ TEST_F(ExtendedPages, DerivativesFollowTheUnitOfVolume) {
         const std::string first =
             "1st point of inflexion p-v isoth.: v = " + expected::between(points.v[0] / m, 4, 5) +
             kind + ", p = " + fix(points.p[0], 0) + " kPa (cf. 2nd deriv.=";
-        bool told = false;
-        for (const std::string& line : lines()) told = told || line.rfind(first, 0) == 0;
-        EXPECT_TRUE(told) << first;
+        bool found = false;
+        for (const std::string& line : lines()) found = found || line.rfind(first, 0) == 0;
+        EXPECT_TRUE(found) << first;
     }
 }
 

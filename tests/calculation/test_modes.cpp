@@ -27,7 +27,7 @@ class Modes : public CalcTest {
     static double M() { return static_cast<double>(Declare::substance.M); }
 
     /// Calculates once as direct input and once as an experimental data set.
-    void expect_as_told(std::int16_t mode, const BatchDataSet& input) {
+    void expect_text(std::int16_t mode, const BatchDataSet& input) {
         for (const bool batch : {false, true}) {
             SCOPED_TRACE(testing::Message()
                          << "mode " << mode << " eos " << Declare::models.EOSModel << " units "
@@ -73,12 +73,11 @@ TEST_F(Modes, PressureFromTAndDensityOfCubicModels) {
                 ASSERT_EQ(sat.status, 0);
                 for (const double v : {1.7 * sat.v[2], 0.4 * sat.v[0] + 0.6 * sat.v[2],
                                        0.9 * sat.v[0] + 0.1 * sat.v[2], 0.995 * sat.v[0]}) {
-                    expect_as_told(1, given(Tr * Tc(), 0, M() / v));
-                    expect_as_told(2, given(Tr * Tc(), 0, M() / v));
+                    expect_text(1, given(Tr * Tc(), 0, M() / v));
+                    expect_text(2, given(Tr * Tc(), 0, M() / v));
                 }
             }
-            for (const double rho : {0.4, 80.0, 400.0})
-                expect_as_told(1, given(1.1 * Tc(), 0, rho));
+            for (const double rho : {0.4, 80.0, 400.0}) expect_text(1, given(1.1 * Tc(), 0, rho));
         });
     }
     EXPECT_EQ(compared, 5 * 3 * (3 * 4 * 2 + 3) * 2);
@@ -90,7 +89,7 @@ TEST_F(Modes, PressureFromTAndDensityOfVapourOnlyModels) {
         for_all_units([&] {
             for (const double Tr : {0.7, 1.3})
                 for (const double rho : {0.003, 1.25, 20.0})
-                    expect_as_told(1, given(Tr * Tc(), 0, rho));
+                    expect_text(1, given(Tr * Tc(), 0, rho));
         });
     }
 }
@@ -100,12 +99,12 @@ TEST_F(Modes, StateAtTAndP) {
                                    kVapourOnly[1], kVapourOnly[4], kVapourOnly[7]}) {
         use_models({.eos = eos});
         for_all_units([&] {
-            expect_as_told(3, given(0.6 * Tc(), 1.0));
-            expect_as_told(3, given(0.8 * Tc(), 0.005));
-            if (!Declare::models.EOSOnlyV) expect_as_told(3, given(0.8 * Tc(), 0.5 * pc()));
-            expect_as_told(3, given(1.2 * Tc(), 0.5 * pc()));
-            if (Calc::IsCubicEOS(eos)) expect_as_told(3, given(0.7 * Tc(), 2 * pc()));
-            if (Calc::IsCubicEOS(eos)) expect_as_told(3, given(1.1 * Tc(), 1.5 * pc()));
+            expect_text(3, given(0.6 * Tc(), 1.0));
+            expect_text(3, given(0.8 * Tc(), 0.005));
+            if (!Declare::models.EOSOnlyV) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
+            expect_text(3, given(1.2 * Tc(), 0.5 * pc()));
+            if (Calc::IsCubicEOS(eos)) expect_text(3, given(0.7 * Tc(), 2 * pc()));
+            if (Calc::IsCubicEOS(eos)) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
         });
     }
 }
@@ -115,10 +114,10 @@ TEST_F(Modes, TemperatureAtPAndDensity) {
          {kCubic[0], kCubic[3], kCubic[4], kVapourOnly[0], kVapourOnly[7]}) {
         use_models({.eos = eos});
         for_all_units([&] {
-            expect_as_told(13, given(0, 300, 3.0));
-            expect_as_told(13, given(0, 900, 8.0));
-            if (Calc::IsCubicEOS(eos)) expect_as_told(13, given(0, 1500, 120.0));
-            if (Calc::IsCubicEOS(eos)) expect_as_told(13, given(0, 6000, 150.0));
+            expect_text(13, given(0, 300, 3.0));
+            expect_text(13, given(0, 900, 8.0));
+            if (Calc::IsCubicEOS(eos)) expect_text(13, given(0, 1500, 120.0));
+            if (Calc::IsCubicEOS(eos)) expect_text(13, given(0, 6000, 150.0));
         });
     }
 }
@@ -127,8 +126,8 @@ TEST_F(Modes, EquilibriumOfTheEos) {
     for (const std::int16_t eos : kCubic) {
         use_models({.eos = eos});
         for_all_units([&] {
-            for (const double Tr : {0.55, 0.8, 0.98}) expect_as_told(4, given(Tr * Tc(), 0));
-            for (const double pr : {0.03, 0.3, 0.95}) expect_as_told(5, given(0, pr * pc()));
+            for (const double Tr : {0.55, 0.8, 0.98}) expect_text(4, given(Tr * Tc(), 0));
+            for (const double pr : {0.03, 0.3, 0.95}) expect_text(5, given(0, pr * pc()));
         });
     }
 }
@@ -137,8 +136,8 @@ TEST_F(Modes, EquilibriumOfTheVapourPressureEquation) {
     for (const char* code : {"WAG", "ALP", "AUG", "KFW", "KFR", "THO"}) {
         use_models({.vp = code, .priority = false});
         for_all_units([&] {
-            expect_as_told(4, given(240.0, 0));
-            expect_as_told(5, given(0, 150.0));
+            expect_text(4, given(240.0, 0));
+            expect_text(5, given(0, 150.0));
         });
     }
 }
@@ -156,8 +155,8 @@ TEST_F(Modes, PartialEquilibrium) {
         for (const bool benson : {true, false}) {
             session.LiquidByBenson = benson;
             for_all_units([&] {
-                for (const double T : {200.0, 280.0, 330.0}) expect_as_told(4, given(T, 0));
-                for (const double p : {50.0, 800.0}) expect_as_told(5, given(0, p));
+                for (const double T : {200.0, 280.0, 330.0}) expect_text(4, given(T, 0));
+                for (const double p : {50.0, 800.0}) expect_text(5, given(0, p));
             });
         }
     }
@@ -173,8 +172,8 @@ TEST_F(Modes, EnthalpyOfVaporisationByAllMethods) {
             use_models({.eos = eos, .hlv = method});
             use_benson_reference();
             for_all_units([&] {
-                expect_as_told(6, given(270.0, 0));
-                expect_as_told(7, given(0, 600.0));
+                expect_text(6, given(270.0, 0));
+                expect_text(7, given(0, 600.0));
             });
         }
 }
@@ -185,10 +184,10 @@ TEST_F(Modes, CaloricFunctions) {
         for (const std::int16_t cp : {std::int16_t{1}, std::int16_t{2}}) {
             use_models({.eos = eos, .cp = cp});
             for_all_units([&] {
-                expect_as_told(8, given(0.75 * Tc(), 100));
-                expect_as_told(8, given(1.2 * Tc(), 2000));
-                if (Calc::IsCubicEOS(eos)) expect_as_told(8, given(0.75 * Tc(), 3000));
-                if (Calc::IsCubicEOS(eos)) expect_as_told(8, given(1.05 * Tc(), 6000));
+                expect_text(8, given(0.75 * Tc(), 100));
+                expect_text(8, given(1.2 * Tc(), 2000));
+                if (Calc::IsCubicEOS(eos)) expect_text(8, given(0.75 * Tc(), 3000));
+                if (Calc::IsCubicEOS(eos)) expect_text(8, given(1.05 * Tc(), 6000));
             });
         }
 }
@@ -198,8 +197,8 @@ TEST_F(Modes, VirialCoefficientsOfAllEquations) {
          {kCubic[0], kCubic[4], kVapourOnly[0], kVapourOnly[1], kVapourOnly[2], kVapourOnly[7]}) {
         use_models({.eos = eos});
         for_all_units([&] {
-            expect_as_told(11, given(300, 0));
-            expect_as_told(11, given(600, 0));
+            expect_text(11, given(300, 0));
+            expect_text(11, given(600, 0));
         });
     }
 }
@@ -209,12 +208,12 @@ TEST_F(Modes, TellTheSameWithADecimalComma) {
     for (const std::int16_t eos : {kCubic[4], kVapourOnly[7]}) {
         use_models({.eos = eos});
         for_all_units([&] {
-            expect_as_told(1, given(320, 0, 12.5));
-            expect_as_told(3, given(320, 300.5));
-            expect_as_told(8, given(320, 300.5));
-            expect_as_told(13, given(0, 300.5, 4.75));
-            if (Calc::IsCubicEOS(eos)) expect_as_told(4, given(320.25, 0));
-            expect_as_told(11, given(320.25, 0));
+            expect_text(1, given(320, 0, 12.5));
+            expect_text(3, given(320, 300.5));
+            expect_text(8, given(320, 300.5));
+            expect_text(13, given(0, 300.5, 4.75));
+            if (Calc::IsCubicEOS(eos)) expect_text(4, given(320.25, 0));
+            expect_text(11, given(320.25, 0));
         });
     }
 }
@@ -225,9 +224,9 @@ TEST_F(Modes, OtherFluidsAndTheirOwnModels) {
         use_models(
             {.eos = 6, .cp = Declare::substance.hasCpSinh ? std::int16_t{2} : std::int16_t{1}});
         for_all_units([&] {
-            expect_as_told(4, given(0.85 * Tc(), 0));
-            expect_as_told(3, given(0.9 * Tc(), 0.1 * pc()));
-            expect_as_told(8, given(0.9 * Tc(), 0.1 * pc()));
+            expect_text(4, given(0.85 * Tc(), 0));
+            expect_text(3, given(0.9 * Tc(), 0.1 * pc()));
+            expect_text(8, given(0.9 * Tc(), 0.1 * pc()));
         });
     }
 }

@@ -27,7 +27,7 @@ DatabaseTable table(std::string_view moreColumns, std::string_view row) {
 }
 
 float slot(const DatabaseTable& t, std::size_t record, int k) {
-    return t.records.at(record).slots[static_cast<std::size_t>(k - 1)];
+    return t.records.at(record).values[static_cast<std::size_t>(k - 1)];
 }
 
 TEST(DatabaseTable, ARowBecomesARecord) {

@@ -347,6 +347,7 @@ TEST_F(Project, AnEquationOfStateOfMinusOneReadsAsZero) {
     load(text);
     EXPECT_EQ(models.EOSModel, 0);
     EXPECT_TRUE(models.EOSOnlyV);
+    EXPECT_FALSE(models.PriorityCEOS);
     EXPECT_EQ(models.CpModel, 2);
 }
 
@@ -354,8 +355,8 @@ TEST_F(Project, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
     std::string text = kProject;
     text.replace(text.find("\r\n3\r\n5\r\n2"), 5, "\r\n0\r\n");
     load(text);
-    EXPECT_EQ(models.VPModel, 0);
     EXPECT_EQ(models.VPCode, "WAG");
+    EXPECT_EQ(models.VPModel, 4);
 }
 
 TEST_F(Project, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
@@ -378,7 +379,7 @@ TEST_F(Project, ATruncatedFileLeavesTheLaterSettings) {
     EXPECT_EQ(session.CaloricUnit, 3);
     EXPECT_FALSE(session.CurveRealRangeOnly);
     EXPECT_EQ(session.PointsPerCurve, 300);
-    EXPECT_EQ(models.VPModel, 0);
+    EXPECT_EQ(models.VPCode, "WAG");
     EXPECT_EQ(reference.RefMode, 1);
     EXPECT_EQ(session.tank.T, 0.0F);
 }

@@ -36,8 +36,8 @@ TEST(SubstanceFile, EveryFieldLiesAtItsOffset) {
     EXPECT_EQ(std::string(r.text5.begin(), r.text5.begin() + 5), "five ");
     EXPECT_EQ(std::string(r.text6.begin(), r.text6.begin() + 4), "six ");
     EXPECT_EQ(r.number, -2);
-    EXPECT_EQ(r.slots[0], 46.068F);
-    EXPECT_EQ(r.slots[123], -1.5F);
+    EXPECT_EQ(r.values[0], 46.068F);
+    EXPECT_EQ(r.values[123], -1.5F);
 }
 
 TEST(SubstanceFile, EverySlotAndByteSurvivesARoundTrip) {
@@ -48,17 +48,17 @@ TEST(SubstanceFile, EverySlotAndByteSurvivesARoundTrip) {
         const float value = static_cast<float>(slot) * 1.25F - 50.0F;
         const SubstanceFileRecord r = decode(builder::Record({.slots = {{slot, value}}}));
         for (int other = 1; other <= 124; ++other)
-            EXPECT_EQ(r.slots[static_cast<std::size_t>(other - 1)], other == slot ? value : 0.0F);
+            EXPECT_EQ(r.values[static_cast<std::size_t>(other - 1)], other == slot ? value : 0.0F);
     }
 }
 
 TEST(SubstanceFile, NothingZeroAndNumberAreThreeForms) {
     const SubstanceFileRecord r =
         decode(builder::Record({.slots = {{5, 0.0F}, {6, 1e-37F}, {7, 1.0F}}}));
-    EXPECT_EQ(r.slots[4], 0.0F);
-    EXPECT_EQ(r.slots[5], 1e-37F);
-    EXPECT_EQ(r.slots[6], 1.0F);
-    EXPECT_EQ(decode(encode(r)).slots[5], 1e-37F);
+    EXPECT_EQ(r.values[4], 0.0F);
+    EXPECT_EQ(r.values[5], 1e-37F);
+    EXPECT_EQ(r.values[6], 1.0F);
+    EXPECT_EQ(decode(encode(r)).values[5], 1e-37F);
 }
 
 TEST(SubstanceFile, SpecialFloatsGoThroughTheCodecUnchanged) {

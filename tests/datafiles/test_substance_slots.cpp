@@ -327,7 +327,7 @@ TEST(SubstanceSlots, APrivateRecordSetsItsSlotsAndKeepsTheOthers) {
         return false;
     };
     for (int slot = 1; slot <= 124; ++slot)
-        EXPECT_EQ(file.slots[static_cast<std::size_t>(slot - 1)],
+        EXPECT_EQ(file.values[static_cast<std::size_t>(slot - 1)],
                   is_set(slot) ? 7.0F : static_cast<float>(slot) + 0.25F)
             << slot;
     EXPECT_EQ(LoadSaveData::FieldText(file.nameEnglish).substr(0, 11), "Everything ");
@@ -343,7 +343,7 @@ TEST(SubstanceSlots, AValueBeyond32BitsIsNotWrittenAsInfinity) {
     r.Tcrit = 1e300;
     SubstanceFileRecord file;
     LoadSaveData::SlotsFromRecord(r, true, file);
-    EXPECT_EQ(file.slots[6], 0.0F);
+    EXPECT_EQ(file.values[6], 0.0F);
 }
 
 }  // namespace

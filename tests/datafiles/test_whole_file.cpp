@@ -1,3 +1,7 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 #include <fstream>
 
 #include "datafiles/database_builder.h"
@@ -72,6 +76,29 @@ TEST_F(WholeFile, AFolderThatIsMissingIsTold) {
     EXPECT_EQ(error, "The file A.TXT could not be written (No such file or directory).");
     EXPECT_EQ(LoadSaveData::WriteWhole(folder(), "x").find("it is a folder") != std::string::npos,
               true);
+}
+
+TEST_F(WholeFile, AWriterKilledAtAnyMomentLeavesOldOrNewContent) {
+    const fs::path path = folder() / "A.TXT";
+    constexpr std::size_t size = 300000;
+    const std::string contents[] = {std::string(size, 'o'), std::string(size, 'n')};
+    int killedWhileWriting = 0;
+    for (int round = 0; round < 60; ++round) {
+        builder::WriteFile(path, contents[0]);
+        const pid_t writer = fork();
+        ASSERT_GE(writer, 0);
+        if (writer == 0) {
+            for (int i = 1;; ++i) (void)LoadSaveData::WriteWhole(path, contents[i % 2]);
+        }
+        usleep(static_cast<useconds_t>(200 + 61 * round));
+        kill(writer, SIGKILL);
+        waitpid(writer, nullptr, 0);
+        const std::string found = builder::ReadFile(path);
+        ASSERT_TRUE(found == contents[0] || found == contents[1])
+            << "round " << round << ", " << found.size() << " bytes";
+        killedWhileWriting += fs::exists(folder() / "A.TXT.part") ? 1 : 0;
+    }
+    EXPECT_GT(killedWhileWriting, 0) << "no kill met a write";
 }
 
 TEST_F(WholeFile, ALinkStaysALink) {

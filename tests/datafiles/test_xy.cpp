@@ -274,4 +274,15 @@ TEST(XYPoints, TheRangeIsThatOfTheActivePoints) {
     EXPECT_EQ(none.yMin, 1e37F);
 }
 
+TEST(XYPoints, AGraphHasTheActivePointsAndItsTexts) {
+    const LoadSaveData::XYGraph graph =
+        LoadSaveData::MakeXYGraph(std::vector<FitPoint>{{1, 5, 0}, {9, 9, -1}, {2, 7, 0}}, false);
+    EXPECT_EQ(graph.points.size(), 2U);
+    EXPECT_EQ(graph.title, "Experimental points y(T)");
+    EXPECT_EQ(graph.xTitle, "T / K");
+    EXPECT_EQ(graph.yTitle, "y");
+    EXPECT_EQ(graph.range.xMax, 2.0F);
+    EXPECT_FALSE(graph.asPoints);
+}
+
 }  // namespace

@@ -350,4 +350,16 @@ TEST_F(ModelChoiceOf, EverySubstanceGetsACompleteChoice) {
     }
 }
 
+TEST_F(ModelChoiceOf, ListsFollowDataThatWereEditedMeanwhile) {
+    models.EOSModel = 6;
+    ModelChoice choice;
+    EXPECT_EQ(models.EOSModel, 6);
+    substance.omega = 0;
+    choice.Renew();
+    EXPECT_EQ(choice.eos().size(), 8U);
+    EXPECT_EQ(models.EOSModel, 4) << "Redlich/Kwong, without acentric factor";
+    choice.Cancel();
+    EXPECT_EQ(models.EOSModel, 6) << "as the view found it";
+}
+
 }  // namespace

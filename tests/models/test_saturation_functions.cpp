@@ -86,6 +86,30 @@ TEST_F(SaturationFunctions, AtTheCriticalPointBothPhasesAreOne) {
     }
 }
 
+/// Closer and closer to the critical point both phases still exist and close on each other.
+TEST_F(SaturationFunctions, ExistUpToTheCriticalPoint) {
+    grid::ForAll(grid::kCubic, [&](const std::string& name) {
+        const double Tcrit = Declare::substance.Tcrit, vcrit = Declare::eosParameters.vcritCalc;
+        if (thermo::IdealGasCp(Tcrit).status != kSuccess) return;
+        for (const double gap : {1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-12}) {
+            const double T = (1 - gap) * Tcrit;
+            const std::string at = name + ", 1 - Tr " + std::to_string(gap);
+            const thermo::SaturationValues z = thermo::SaturationFunctions(T);
+            const Calc::EnthalpyOfVaporisationResult r =
+                Calc::EnthalpyOfVaporisation(7, T, 0, "KFR", false);
+            ASSERT_EQ(z.status, kSuccess) << at;
+            ASSERT_EQ(r.status, kSuccess) << at;
+            // A cubic equation closes its dome with the square root of the gap.
+            constexpr double kRounding = 2e-4;
+            const double opening = 10 * std::sqrt(gap) + kRounding;
+            EXPECT_GE(z.vV, z.vL) << at;
+            EXPECT_LT((z.vV - z.vL) / vcrit, opening) << at;
+            EXPECT_LT((z.V.h - z.L.h) / (R * T), 3 * opening) << at;
+            EXPECT_NEAR(r.raw, z.V.h - z.L.h, 1e-3 * R * T * opening) << at;
+        }
+    });
+}
+
 TEST_F(SaturationFunctions, FailWithoutEquilibrium) {
     grid::Activate("Propane", 6);
     EXPECT_EQ(thermo::SaturationFunctions(370).status, kFailure);

@@ -58,7 +58,8 @@ inline void at(QWidget* view, const QString& name) {
     const QString folder = QStringLiteral(QUOR_SCREENS);
     QDir().mkpath(folder);
     const QImage picture = view->grab().toImage();
-    EXPECT_TRUE(picture.save(folder + "/" + name + ".png"));
+    const QString scale = picture.devicePixelRatio() > 1 ? "_200" : "";
+    EXPECT_TRUE(picture.save(folder + "/" + name + scale + ".png"));
     EXPECT_GE(colours(picture), 8) << name.toStdString() << " is blank";
     for (const QWidget* part : view->findChildren<QWidget*>()) {
         if (!part->isVisible()) continue;

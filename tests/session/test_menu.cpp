@@ -305,27 +305,11 @@ TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
     EXPECT_TRUE(enabled(second + "3"));
 }
 
-TEST_F(Menu, ParametersOfTheEOSNeedAnEOS) {
+TEST_F(Menu, ParametersOfTheEOSNeedACompleteChoice) {
     handleAll();
     EXPECT_FALSE(menu::Enabled(row("mnuData_ParameterEOS")));
-    Declare::models.EOSModel = 0;
+    Module2::SetCommands({Command::mnuCalcMain}, true);
     EXPECT_TRUE(menu::Enabled(row("mnuData_ParameterEOS")));
-}
-
-TEST_F(Menu, ACalculationRowSetsTheMode) {
-    menu::Prepare(row("mnuCalc_2"));
-    EXPECT_EQ(session.CalcMode, 3);
-    menu::Prepare(row("mnuCalc_16"));
-    EXPECT_EQ(session.CalcMode, 10);
-    EXPECT_FALSE(session.GlobalCalculation);
-    menu::Prepare(row("mnuCalc_15"));
-    EXPECT_EQ(session.CalcMode, 9);
-    EXPECT_TRUE(session.GlobalCalculation);
-    Declare::processLine.PolytropicMode = 0;
-    menu::Prepare(row("mnuCalc_13"));
-    EXPECT_EQ(session.CalcMode, 12);
-    EXPECT_EQ(Declare::processLine.Kind, 6);
-    EXPECT_EQ(Declare::processLine.PolytropicMode, 1);
 }
 
 TEST_F(Menu, SurfacesOfACubicEquationAskForTheRealBehaviour) {
@@ -400,23 +384,6 @@ TEST_F(Menu, OpeningTheDataMenuOffersToEditWhatIsThere) {
     session.BatchCount = 1;
     menu::OpenDataMenu();
     EXPECT_TRUE(Module2::IsEnabled(Command::mnuData_BatchEdit));
-}
-
-TEST_F(Menu, BatchOperationWithoutDataIsTold) {
-    menu::OpenCalculationMenu();
-    EXPECT_TRUE(user.messages.empty());
-    session.BatchMode = true;
-    menu::OpenCalculationMenu();
-    ASSERT_EQ(user.messages.size(), 1U);
-    EXPECT_EQ(user.lastText(),
-              "This mode of calculation is possible only when \n"
-              "batch data (= exper. T-p-rho,..-data) are available.\n\n"
-              "Enter batch-data\n"
-              "(via file or manual input) => menue \"Data/exper. data...\"");
-    EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    session.BatchCount = 1;
-    menu::OpenCalculationMenu();
-    EXPECT_EQ(user.messages.size(), 1U);
 }
 
 TEST_F(Menu, AnActionMayReplaceItselfWhileItRuns) {

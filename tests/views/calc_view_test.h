@@ -3,6 +3,7 @@
 #include <fstream>
 #include <initializer_list>
 #include <sstream>
+#include "app/views/wiring.h"
 
 #include "common/views/settings.h"
 #include "session/views/mdiQUOR.h"
@@ -14,6 +15,7 @@ class CalcViewTest : public ViewTest {
   protected:
     CalcViewTest() {
         settings::setShowTipsAtStartup(false);
+        wiring::ConnectViews();
         frame.show();
         frame.StartUp();
     }

@@ -105,7 +105,8 @@ void register_rows() {
     for (std::int16_t mode = 1; mode <= kLastMode; ++mode) {
         if (Zentrale::ModeOf(mode).menu == Zentrale::Menu::None || mode == kPolytropicMode)
             continue;
-        actions::RegisterAction("CalcMode_" + std::to_string(mode), Zentrale::StartCalculation);
+        actions::RegisterAction("CalcMode_" + std::to_string(mode),
+                                [mode] { Zentrale::RunCalculation(mode); });
     }
 }
 

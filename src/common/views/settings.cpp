@@ -7,6 +7,8 @@ namespace settings {
 namespace {
 
 constexpr auto kTips = "Options/Show Tips at Startup";
+constexpr auto kDatabaseFolders = "Recent/DatabaseFolders";
+constexpr int kFoldersKept = 8;
 
 QString place_key(const QString& view) {
     return "Geometry/" + view;
@@ -24,6 +26,17 @@ bool showTipsAtStartup() {
 
 void setShowTipsAtStartup(bool show) {
     store().setValue(kTips, show ? 1 : 0);
+}
+
+QStringList databaseFolders() {
+    return store().value(kDatabaseFolders).toStringList();
+}
+
+void rememberDatabaseFolder(const QString& folder) {
+    QStringList folders = databaseFolders();
+    folders.removeAll(folder);
+    folders.prepend(folder);
+    store().setValue(kDatabaseFolders, QStringList(folders.mid(0, kFoldersKept)));
 }
 
 bool restorePlace(QWidget* window, const QString& view) {

@@ -2,6 +2,7 @@
 
 #include <QSettings>
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -14,6 +15,10 @@ QSettings store();
 /// "Show Tips at Startup" in section "Options"; true before the user first said otherwise.
 bool showTipsAtStartup();
 void setShowTipsAtStartup(bool show);
+
+/// Folders of the databases opened lately, the last one first.
+QStringList databaseFolders();
+void rememberDatabaseFolder(const QString& folder);
 
 /// Gives a window the size and place it had when its view was last closed, kept on the screen. The
 /// object name of the view is the key; false when nothing is remembered.

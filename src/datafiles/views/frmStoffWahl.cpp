@@ -249,10 +249,14 @@ void frmStoffWahl::reject() {
     QDialog::reject();
 }
 
-// The arrow keys lead from the field into the list.
+// The arrow keys lead from the field into the list; Enter takes a completed name at once.
 bool frmStoffWahl::eventFilter(QObject* watched, QEvent* event) {
     if (watched == search_ && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            take();
+            return true;
+        }
         if (key == Qt::Key_Down || key == Qt::Key_PageDown) {
             list_->setFocus();
             if (!list_->currentIndex().isValid() && shown_->rowCount() > 0)

@@ -14,7 +14,7 @@ QString cell(std::size_t entry, int column) {
     const Declare::SubstanceLists& lists = Declare::substances;
     switch (column) {
         case SubstanceListModel::Name:
-            return qt(LoadSaveData::NamesOf(lists.Names[entry]).front());
+            return qt(LoadSaveData::FirstNameOf(lists.Names[entry]));
         case SubstanceListModel::Formula:
             return qt(text::TrimRight(lists.Formulas[entry]));
         case SubstanceListModel::Casrn:

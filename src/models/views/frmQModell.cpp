@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr auto kShowData = "ShowSubstanceData";  // action of the substance data editor
+constexpr auto kEditData = "mnuData_EditStoffdaten";  // action of the substance data editor
 constexpr int kListCharacters = 38;
 
 QString qt(const std::string& s) {
@@ -61,10 +61,7 @@ void frmQModell::build() {
     watsonCaption_ = form::caption("&WATSON-exponent:", watson_);
     watsonCaption_->setObjectName("lblWatson");
 
-    fill(eos_, choice_.eos(), choice_.eosIndex());
-    fill(vp_, choice_.vp(), choice_.vpIndex());
-    fill(hlv_, choice_.hlv(), choice_.hlvIndex());
-    fill(cp_, choice_.cp(), choice_.cpIndex());
+    fillLists();
 
     priorityFrame_ = form::frame("Vapour Pressure P(LV) or Boiling Temperature T(LV)", "fraPrior");
     priority_[0] = form::named(new QRadioButton("cu&bic equation of state (CEOS)"), "PriorOpt_0");
@@ -91,9 +88,11 @@ void frmQModell::arrange() {
     grid->addWidget(watson_, 3, 1, Qt::AlignLeft);
     QToolButton* cpHelp =
         row(4, "&Ideal-gas heat capacity", cp_, "cpHilfe", "ideal-gas heat capacity");
-    auto* state = form::named(new QLabel(qt(density.state)), "Rx1");
-    QToolButton* rhoHelp = row(5, "L-Density = F(T) ", state, "RhoLHilfe", "liquid density");
-    grid->addWidget(form::named(new QLabel(qt(density.range)), "Rx2"), 6, 1);
+    densityState_ = form::named(new QLabel(qt(density.state)), "Rx1");
+    densityRange_ = form::named(new QLabel(qt(density.range)), "Rx2");
+    QToolButton* rhoHelp =
+        row(5, "L-Density = F(T) ", densityState_, "RhoLHilfe", "liquid density");
+    grid->addWidget(densityRange_, 6, 1);
     grid->setColumnStretch(1, 1);
 
     QToolButton* priorityHelp = form::helpButton("PriorHilfe", "priority");
@@ -112,8 +111,8 @@ void frmQModell::arrange() {
     QPushButton* cancel = form::button("&Cancel", "cmdEsc");
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     QPushButton* showData = form::button("Show Data", "cmdData");
-    showData->setEnabled(actions::Has(kShowData));
-    connect(showData, &QPushButton::clicked, this, [] { actions::Run(kShowData); });
+    showData->setEnabled(actions::Has(kEditData));
+    connect(showData, &QPushButton::clicked, this, &frmQModell::editData);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(showData);
@@ -172,6 +171,29 @@ void frmQModell::connectLists() {
     connect(priority_[0], &QRadioButton::toggled, this, [this](bool ceos) {
         if (choice_.priorityEnabled()) choice_.SetPriorityCEOS(ceos);
     });
+}
+
+void frmQModell::fillLists() {
+    fill(eos_, choice_.eos(), choice_.eosIndex());
+    fill(vp_, choice_.vp(), choice_.vpIndex());
+    fill(hlv_, choice_.hlv(), choice_.hlvIndex());
+    fill(cp_, choice_.cp(), choice_.cpIndex());
+}
+
+// What can be chosen follows the data as they stand after the editor.
+void frmQModell::editData() {
+    actions::Run(kEditData);
+    choice_.Renew();
+    fillLists();
+    const QSignalBlocker quiet(watson_);
+    watson_->clear();
+    for (const std::string& exponent : choice_.watson()) watson_->addItem(qt(exponent));
+    watson_->setEditText(qt(choice_.watsonText()));
+    const Calc::DensityNote density = Calc::LiquidDensityNote(Declare::substance);
+    densityState_->setText(qt(density.state));
+    densityRange_->setText(qt(density.range));
+    setWindowTitle(" Select the calculation models for " + qt(Declare::substance.Name));
+    follow();
 }
 
 void frmQModell::fill(QComboBox* box, const Calc::ModelEntries& entries, std::size_t index) {

@@ -25,6 +25,8 @@ class frmQModell : public QDialog {
     void build();
     void arrange();
     void connectLists();
+    void fillLists();
+    void editData();
     void fill(QComboBox* list, const Calc::ModelEntries& entries, std::size_t index);
     /// Everything that follows from the equation of state and the method of vaporisation.
     void follow();
@@ -38,6 +40,8 @@ class frmQModell : public QDialog {
     QComboBox* watson_ = nullptr;
     QLabel* watsonCaption_ = nullptr;
     QComboBox* cp_ = nullptr;
+    QLabel* densityState_ = nullptr;
+    QLabel* densityRange_ = nullptr;
     QGroupBox* priorityFrame_ = nullptr;
     std::array<QRadioButton*, 2> priority_{};
 };

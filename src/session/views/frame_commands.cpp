@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "common/dialogs.h"
+#include "common/views/settings.h"
 #include "datafiles/database.h"
 #include "datafiles/session_status.h"
 #include "datafiles/views/frmStoffWahl.h"
@@ -53,6 +54,8 @@ void load_project(const std::string& file) {
 void OpenDatabase() {
     close_results_and_input();
     if (LoadSaveData::LoadDatabase() != LoadSaveData::LoadOutcome::Loaded) return;
+    settings::rememberDatabaseFolder(
+        QString::fromStdString(Module2::FolderOf(session.DatabasePath)));
     Module2::SetCommands({Command::mnuModel, Command::mnuCalcMain, Command::mnuOptions,
                           Command::mnuFitting, Command::mnu2D, Command::mnu3D},
                          false);

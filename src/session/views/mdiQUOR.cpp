@@ -12,7 +12,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "app/views/wiring.h"
+#include "calculation/start_calculation.h"
 #include "common/views/form.h"
 #include "common/views/settings.h"
 #include "common/views/theme.h"
@@ -89,7 +89,6 @@ mdiQUOR::~mdiQUOR() {
 void mdiQUOR::StartUp() {
     firstSteps_->hide();
     Module2::ResetEverything();
-    wiring::ConnectViews();
     registerProjectActions();
     panels_[3]->setText(qt(Module2::ShortDate()));
     frmTip::ShowAtStartup();
@@ -131,10 +130,6 @@ void mdiQUOR::registerProjectActions() {
 void mdiQUOR::RunRow(const menu::Row& row) {
     if (!menu::Enabled(row) || !menu::Prepare(row)) return;
     actions::Run(row.action);
-    // The tank has a view of its own behind the result.
-    const std::int16_t mode = Declare::session.CalcMode;
-    if (row.action.starts_with("CalcMode_") && (mode == kTankGlobal || mode == kTankPartial))
-        shell::CloseViews({"frmCalcOut"});
     refresh();
 }
 
@@ -143,8 +138,7 @@ void mdiQUOR::menuOpens(const QString& menuName) {
         shell::CloseViews(shell::InputViews());
         menu::OpenDataMenu();
     } else if (menuName == "mnuCalcMain") {
-        menu::OpenCalculationMenu();
-        shell::CloseViews({"frmCalcOut", "frmParinput", "frmKessel"});
+        Zentrale::PrepareCalculationMenu();
     }
     refresh();
 }
@@ -199,7 +193,7 @@ void mdiQUOR::fillWindowList(QMenu* menu) {
     command("Close All", "mnuWindow_CloseAll", &QMdiArea::closeAllSubWindows);
     menu->addSeparator();
     for (QMdiSubWindow* sub : area_->subWindowList()) {
-        QAction* action = menu->addAction(sub->windowTitle());
+        QAction* action = menu->addAction(sub->windowTitle().replace('&', "&&"));
         action->setCheckable(true);
         action->setChecked(sub == area_->activeSubWindow());
         connect(action, &QAction::triggered, sub, [this, sub] { area_->setActiveSubWindow(sub); });

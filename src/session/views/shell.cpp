@@ -87,8 +87,10 @@ bool Activate(const QString& name) {
 }
 
 void CloseViews(const QStringList& names) {
+    // A name may stand for several views; one that refuses to close ends its row.
     for (const QString& name : names)
-        if (QWidget* view = FindView(name)) outer_window(view)->close();
+        while (QWidget* view = FindView(name))
+            if (!outer_window(view)->close()) break;
 }
 
 QStringList ResultViews() {

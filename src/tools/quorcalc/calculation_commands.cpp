@@ -1,5 +1,12 @@
+#include <filesystem>
+
+#include "calculation/batch_list.h"
 #include "calculation/calc_batch.h"
+#include "calculation/calc_modes.h"
 #include "calculation/result_text.h"
+#include "common/text.h"
+#include "datafiles/batch_file.h"
+#include "datafiles/whole_file.h"
 #include "models/reference_state.h"
 #include "tools/quorcalc/command_list.h"
 
@@ -17,13 +24,24 @@ void choose_equilibrium(const Arguments& a) {
     s.LiquidByBenson = a.liquid != "rhoT";
     // A "T, p" calculation is partial when a phase equilibrium is assumed.
     s.AssumedVle = a.partial && a.mode == 3;
-    if (!s.BensonReferenceValid && s.LiquidByBenson) {
+    if (!s.BensonReferenceValid) {
         s.BensonReference = thermo::ProposeBensonReference().point;
         const Declare::BensonPoint& r = s.BensonReference;
         s.BensonReferenceValid = static_cast<double>(r.T) * static_cast<double>(r.p) *
                                      static_cast<double>(r.rhoL) * static_cast<double>(r.rhoV) >
                                  1e-6;
     }
+}
+
+std::int16_t page_of(const Arguments& a) {
+    const int page = a.page.value_or(1);
+    if (page < 1 || page > 4) throw WrongCall{"--page is 1 to 4"};
+    return static_cast<std::int16_t>(page);
+}
+
+std::int16_t code_of_mode(const Arguments& a) {
+    if (*a.mode < 1 || *a.mode > 24) throw WrongCall{"--mode is 1 to 24"};
+    return static_cast<std::int16_t>(*a.mode);
 }
 
 void fill_input(const Arguments& a) {
@@ -43,11 +61,9 @@ Json calc(const Arguments& a) {
     choose_equilibrium(a);
     fill_input(a);
     Declare::Session& s = Declare::session;
-    const int page = a.page.value_or(1);
-    if (page < 1 || page > 4) throw WrongCall{"--page is 1 to 4"};
-    s.OutputPage = static_cast<std::int16_t>(page);
+    s.OutputPage = page_of(a);
     s.EquilibriumFunctions = a.uhs;
-    s.CalcMode = static_cast<std::int16_t>(*a.mode);
+    s.CalcMode = code_of_mode(a);
     if (*a.mode == 9) s.GlobalCalculation = true;
     if (*a.mode == 10) s.GlobalCalculation = false;
 
@@ -77,6 +93,53 @@ Json calc(const Arguments& a) {
     return result;
 }
 
+/// The CASRN that a file of experimental data names.
+std::string substance_of(const std::string& file) {
+    const LoadSaveData::FileContent whole = LoadSaveData::ReadWhole(file);
+    if (!whole.error.empty()) throw CannotBeDone{whole.error};
+    const auto content = LoadSaveData::ReadBatchText(whole.bytes);
+    if (!content) throw CannotBeDone{"not a file of experimental data: " + file};
+    return text::TrimRight(content->casrn);
+}
+
+Json batch(const Arguments& a) {
+    const std::string file = std::filesystem::absolute(a.file).string();
+    Arguments call = a;
+    const std::string casrn = substance_of(file);
+    if (call.substance.empty()) call.substance = casrn;
+    SetUp(call);
+    choose_equilibrium(call);
+    if (!LoadSaveData::BatchLoad(file, false))
+        throw CannotBeDone{"nothing was loaded from " + file};
+
+    Declare::Session& s = Declare::session;
+    s.BatchMode = true;
+    s.CalcMode = code_of_mode(call);
+    s.OutputPage = page_of(call);
+    BatchCalc::CalculateAllSets();
+    const std::string title = Zentrale::ModeTitle(s.CalcMode);
+    const bool extended = s.OutputPage > 1;
+    const BatchCalc::ResultList list =
+        BatchCalc::MakeResultList(title, s.GlobalCalculation, extended, BatchCalc::ListForm::File);
+    if (!a.lst.empty() && !BatchCalc::ResultFile(std::filesystem::absolute(a.lst).string(), title,
+                                                 s.GlobalCalculation, extended))
+        throw CannotBeDone{"the list could not be written: " + a.lst};
+
+    std::string lines;
+    for (const std::string& line : list.lines) lines += line + "\n";
+    Json means = Json::object();
+    constexpr const char* kNames[] = {"T", "p", "rhoV", "rhoL", "hLV"};
+    for (std::size_t i = 0; i < BatchCalc::kQuantities; ++i) {
+        const auto value = list.means[i].value();
+        means[kNames[i]] = value ? Number(*value) : Json();
+    }
+    return {{"status", 0}, {"list", lines}, {"means", means}, {"messages", Json::array()}};
+}
+
+std::string batch_text(const Json& result) {
+    return result.at("list").get<std::string>();
+}
+
 std::string calc_text(const Json& result) {
     return result.at("text").get<std::string>() + "\n";
 }
@@ -90,6 +153,11 @@ std::vector<Command> CalculationCommands() {
          {"mode!", "T", "p", "rho", "V", "m", "global", "partial", "liquid", "page", "uhs"},
          calc,
          calc_text},
+        {"batch",
+         "a model against a file of experimental data (.BAQ)",
+         {"file!", "mode!", "lst", "global", "partial", "liquid", "page"},
+         batch,
+         batch_text},
     };
 }
 

@@ -10,7 +10,11 @@ namespace quorcalc {
 std::vector<Command> StateCommands();
 /// Densities, enthalpy of vaporisation, ideal-gas cp, caloric functions.
 std::vector<Command> PropertyCommands();
-/// Whole calculations, curves, surfaces, batch runs, fits, group contributions.
+/// Whole calculations and batch runs.
 std::vector<Command> CalculationCommands();
+/// Curves of diagrams.
+std::vector<Command> CurveCommands();
+/// Fits and group contributions.
+std::vector<Command> EstimationCommands();
 
 }  // namespace quorcalc

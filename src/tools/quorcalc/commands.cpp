@@ -7,7 +7,8 @@ namespace quorcalc {
 std::span<const Command> Commands() {
     static const std::vector<Command> table = [] {
         std::vector<Command> all;
-        for (const auto& part : {StateCommands(), PropertyCommands(), CalculationCommands()})
+        for (const auto& part : {StateCommands(), PropertyCommands(), CalculationCommands(),
+                                 CurveCommands(), EstimationCommands()})
             all.insert(all.end(), part.begin(), part.end());
         all.push_back({"run", "each line of a file is one call; one JSON object a line", {"FILE"}});
         return all;

@@ -6,6 +6,7 @@
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "datafiles/database.h"
+#include "diagrams/curve.h"
 #include "session/module2.h"
 #include "tools/quorcalc/commands.h"
 
@@ -27,6 +28,13 @@ void install_dialogs() {
 
 Json failure(const std::string& message) {
     return {{"status", -1}, {"message", message}};
+}
+
+/// A curve that is drawn in spite of its status has been calculated all the same.
+bool is_good(const Json& result) {
+    const int status = result.at("status");
+    return status == 0 ||
+           (result.contains("points") && kurve::IsDrawn(static_cast<std::int16_t>(status)));
 }
 
 std::string plain_text(const Json& result) {
@@ -66,7 +74,7 @@ int run_file(const Arguments& a, std::istream& in, std::ostream& out, std::ostre
             result = failure("help is not a calculation");
             wrongCall = true;
         }
-        if (result.at("status") != 0 && worst == 0) worst = 1;
+        if (!is_good(result)) worst = 1;
         out << result.dump() << "\n" << std::flush;
     }
     return worst;
@@ -126,7 +134,7 @@ int Main(const std::vector<std::string>& words, std::istream& in, std::ostream& 
 
     bool wrongCall = false;
     const Json result = Execute(a, wrongCall);
-    const bool good = result.at("status") == 0;
+    const bool good = is_good(result);
     if (!good || result.value("exit", false)) {
         err << "quorcalc: " << result.value("message", std::string("no result")) << "\n";
     }

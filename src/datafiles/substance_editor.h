@@ -1,0 +1,100 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "datafiles/record_fields.h"
+#include "session/declare.h"
+
+namespace LoadSaveData {
+
+inline constexpr int kEditorFields = 123;  ///< fields of the substance editor, index 0 to 122
+
+/// Tabs of the substance editor in their order; Head stands above them.
+enum class EditorTab : std::uint8_t {
+    Head,
+    SingleValues,
+    VapourPressure,
+    LDensity,
+    HeatCapacity,
+    Vaporisation
+};
+std::string_view EditorTabCaption(EditorTab tab);
+
+/// One field of the editor.
+struct EditorField {
+    int DD = 0;  ///< its index
+    EditorTab tab = EditorTab::Head;
+    std::string_view frame;    ///< caption of its frame
+    std::string_view caption;  ///< of the field itself, with its unit where there is one
+    std::string_view unit;     ///< empty for numbers without a unit
+    std::string_view name;     ///< of the record's field, as `FindField` reads it
+    bool editable = true;
+
+    bool IsText() const { return DD >= 83 && DD <= 85; }
+};
+
+/// All fields, ordered by their index.
+std::span<const EditorField, kEditorFields> EditorFieldTable();
+/// The place of a field in a record.
+FieldPlace PlaceOf(const EditorField& field);
+
+/// The part of the data that a group contribution method estimates.
+enum class GroupFrame : std::uint8_t { Critical, Formation, HeatCapacity };
+
+/// The texts of all fields by their index (`DD`).
+using EditorTexts = std::array<std::string, kEditorFields>;
+
+/// A value as the editor shows it: "<>" for none, " 0" for the stored zero 1E-37; a positive number
+/// has a blank in front. 32-bit values read back as the same value.
+std::string EditorText(float value);
+std::string EditorText(double value);
+
+/// Texts of all fields of a record. The correlated sets are computed from its critical data and
+/// boiling point; they stay empty where the critical data are missing.
+EditorTexts ShowRecord(const Declare::SubstanceRecord& substance);
+
+/// The character that a field takes for a typed one ("," becomes "."), nothing for one that it
+/// swallows. Names take every character.
+std::optional<char> FilterKey(const EditorField& field, char typed);
+
+/// Values of a record that follow from others: the compact formula, |C2| of the sinh/cosh function,
+/// the cp flags, the critical volume and the entropy of formation.
+void FormDerivedValues(Declare::SubstanceRecord& substance);
+
+/// What an application of the editor to a record did beside reading the fields.
+struct EditorApplied {
+    bool watsonDropped = false;  ///< the Watson method lost its reference point
+};
+/// Reads the fields into a record and completes it; texts take their shown form. A field that
+/// cannot be read leaves its value.
+EditorApplied apply_editor(EditorTexts& texts, Declare::SubstanceRecord& substance,
+                           Declare::ModelSelection& models);
+/// The same for the active substance, with the constants of its EOS and the units that follow.
+/// Where its critical data are complete only now, models can be chosen from here on.
+void ApplyEditor(EditorTexts& texts);
+
+/// A correlation that the editor computes from its fields without touching the record.
+enum class EditorCorrelation : std::uint8_t { August, Antoine, KFW, KFR };
+/// Writes the fields of the correlation; they stay as they are without critical data.
+void Recalculate(EditorCorrelation correlation, EditorTexts& texts);
+
+/// Text of the triple point pressure: of the record, or from the active vapour pressure equation at
+/// the triple point. Nothing, after a message, when the equation has no value there.
+std::optional<std::string> TriplePointPressure(bool fromEquation);
+
+/// True when the view may close: nothing was changed, or the user gives the changes up.
+bool MayCloseEditor(const EditorTexts& shown, const EditorTexts& now);
+
+/// "actual vapour-pressure equation:" with the name of the active one.
+std::string ActiveEquationCaption();
+/// "Database loaded:  " with the title of the file.
+std::string DatabaseCaption();
+inline constexpr std::string_view kEditorNote = " Note: Any changes are lost without \"Apply\" ";
+inline constexpr std::string_view kEditorLegend = "<> = empty";
+
+}  // namespace LoadSaveData

@@ -1,0 +1,9 @@
+#pragma once
+
+/// The editors of substance data and of x-y points, as the menu and other views open them.
+namespace editor_views {
+
+/// Registers the actions "mnuData_EditStoffdaten", "ShowSubstanceData" and "mnuData_EditXY".
+void Install();
+
+}  // namespace editor_views

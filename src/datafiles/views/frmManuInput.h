@@ -1,0 +1,79 @@
+#pragma once
+
+#include <array>
+
+#include "common/views/child_view.h"
+#include "datafiles/xy_points.h"
+
+class NumberEdit;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QTableView;
+class XyTableModel;
+
+/// The editor of x-y points: typed, loaded, pasted, changed; for files, the fitting and diagrams.
+class frmManuInput : public ChildView {
+    Q_OBJECT
+
+  public:
+    explicit frmManuInput(QWidget* parent = nullptr);
+
+    /// Shows the list as it stands, after it was changed elsewhere.
+    void showList();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void buildTable();
+    void buildMenu();
+    QWidget* buildInput();
+    QWidget* buildFile();
+    QWidget* buildLines();
+    QWidget* buildManipulation();
+    QWidget* buildTargets();
+
+    /// Marked lines, counted from 1; first 0 for none.
+    struct Marked {
+        int first = 0, last = 0;
+    };
+    Marked marked() const;
+    void mark(int first, int last);
+    bool adding() const;
+
+    template <class Change>
+    void change(Change&& what);
+    void follow();
+    void takeInput();
+    void showMarkedInFields();
+    void load();
+    void save();
+    void removeMarked();
+    void toggleMarked();
+    void zeroMarkedCells();
+    void copy();
+    void paste();
+    void manipulate();
+    void print();
+    void draw();
+    void fit();
+
+    XyTableModel* model_ = nullptr;
+    QTableView* table_ = nullptr;
+    QLabel* empty_ = nullptr;
+    QLabel* status_ = nullptr;
+    QLineEdit* comment_ = nullptr;
+    NumberEdit* x_ = nullptr;
+    NumberEdit* y_ = nullptr;
+    QPushButton* take_ = nullptr;
+    QGroupBox* manipulation_ = nullptr;
+    NumberEdit* W_ = nullptr;
+    std::array<QRadioButton*, 2> inputMode_{};
+    std::array<QRadioButton*, 6> manipulations_{};
+    std::array<QRadioButton*, 2> drawAs_{};
+    bool changed_ = false;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "diagrams/chart/chart2d.h"
+
+namespace chart {
+
+/// Where a text beside a curve stands: the point it is attached to, and the offset of its centre
+/// in pixels, dy down.
+struct LabelSpot {
+    int point = 0;
+    double dx = 0, dy = 0;
+};
+
+/// The spot of a text of `textWidth` x `textHeight` pixels at `fraction` (0..1) of that part of the
+/// curve that lies in the window, measured along the line in the plot area of `width` x `height`
+/// pixels. The text stands square to the curve beside it, inside the plot area where possible.
+/// Empty when no point of the curve lies in the window.
+std::optional<LabelSpot> SpotAlongCurve(const Chart2D& chart, int curve, double fraction,
+                                        double width, double height, double textWidth,
+                                        double textHeight);
+
+/// The fraction for `SpotAlongCurve` at which the text hides least of the other curves, points and
+/// shown labels. 0.5 when the curve is not in the window.
+double BestFraction(const Chart2D& chart, int curve, double width, double height, double textWidth,
+                    double textHeight);
+
+/// The inner place of the legend that hides least of the series and labels, for a legend of
+/// `legendWidth` x `legendHeight` in a plot area of `width` x `height` pixels.
+LegendAnchor BestLegendAnchor(const Chart2D& chart, double width, double height, double legendWidth,
+                              double legendHeight);
+
+/// Left top of a legend with this anchor (not `Automatic`, `Free` or an outside one), in pixels of
+/// the plot area, y downwards.
+struct LegendSpot {
+    double left, top;
+};
+LegendSpot SpotOfLegend(LegendAnchor anchor, double width, double height, double legendWidth,
+                        double legendHeight);
+
+}  // namespace chart

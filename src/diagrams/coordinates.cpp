@@ -1,0 +1,150 @@
+#include "diagrams/coordinates.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "diagrams/catalogue.h"
+#include "diagrams/database_functions.h"
+#include "models/caloric.h"
+#include "session/module2.h"
+
+namespace Module9 {
+
+namespace {
+
+using constants::kPresent;
+using Declare::CoordinateDefaults;
+using Declare::DiagramRequest;
+using Declare::session;
+
+float single(double value) {
+    return numbers::ToSingle(value);
+}
+
+void set_function_limits(CoordinateDefaults& d, double factor) {
+    // Values of view, of conventional states and of formation lie in different regions.
+    const std::int16_t mode = Declare::reference.RefMode;
+    if (mode == 1) {
+        d.funcMax = single(50000 * factor);
+        d.funcMin = single(-50000 * factor);
+        d.entropyMax = single(250 * factor);
+        d.entropyMin = single(-250 * factor);
+    } else if (mode == 2 || mode == 10) {
+        d.funcMax = 0;
+        d.funcMin = single(-300000 * factor);
+        d.entropyMax = single(200 * factor);
+        d.entropyMin = single(-250 * factor);
+    }
+}
+
+void set_temperature_limits(CoordinateDefaults& d, double Tcrit, double Ttriple, double TF) {
+    const bool renewed = session.UnitsChanged;
+    if (d.TMax == 0 || renewed) d.TMax = single(TF * Tcrit * 1.1);
+    if (d.TMin == 0 || renewed)
+        d.TMin = single(TF * Ttriple * (Declare::models.EOSOnlyV ? 0.3 : 1.0));
+    if (static_cast<double>(d.TMin) < kPresent) d.TMin = single(0.5 * Tcrit * TF);
+    d.TMaxResidual = std::max(d.TMax, single(300 * TF));
+
+    // 5 K below the triple point; below 5 K there is nothing left of it.
+    const double low = Ttriple - 5;
+    d.invTMax = single(Ttriple > kPresent && low > 0 ? 1 / (TF * low) : 2.3 / (TF * Tcrit));
+    d.invTMin = single(1 / (TF * (Tcrit + 10)));
+}
+
+double molar_cp_limit(double Tcrit) {
+    constexpr double kWithoutForm = 50;  // kJ/(kmol K)
+    const thermo::CpResult ideal = thermo::IdealGasCp(Tcrit);
+    return ideal.status == kSuccess ? ideal.cp : kWithoutForm;
+}
+
+void widen(double& low, double& high) {
+    constexpr double kMargin = 0.05;
+    const double margin = kMargin * (high - low);
+    low -= margin;
+    high += margin;
+}
+
+void set_database_window(DiagramRequest& request) {
+    const Validity validity = ValidityOf(request.DiagramType);
+    const ValueRange values = ValueRangeOf(request.DiagramType);
+    request.validityLow = single(validity.low);
+    request.validityHigh = single(validity.high);
+
+    double xLow = validity.low, xHigh = validity.high;
+    double yLow = values.low, yHigh = values.high;
+    widen(xLow, xHigh);
+    widen(yLow, yHigh);
+    const auto TF = static_cast<double>(session.TemperatureFactor);
+    request.xMin = single(xLow * TF);
+    request.xMax = single(xHigh * TF);
+    request.yMin = single(yLow);
+    request.yMax = single(yHigh);
+}
+
+}  // namespace
+
+void CalcCoordinateDefaults(CoordinateDefaults& d) {
+    Module2::RefreshUnits();
+    session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+
+    const Declare::SubstanceRecord& s = Declare::substance;
+    const auto PF = static_cast<double>(session.PressureFactor);
+    const auto TF = static_cast<double>(session.TemperatureFactor);
+    const double VF = session.VolumeFactor;
+    const double CF = session.CaloricFactor;
+    if (!(s.Tcrit > 0) || !(s.pcrit > 0)) return;
+
+    const double vcrit = Declare::models.EOSOnlyV ? s.vcritExp : Declare::eosParameters.vcritCalc;
+    d.vMin = 0;
+    d.vMax = single(VF * 7 * vcrit);
+    if (d.vMax == 0) d.vMax = 1.5F;
+    d.vMaxReserve = single(VF * s.vcritExp * 1.4);
+    d.vMinReserve = single(VF * 0.01);
+    d.rhoMin = 0;
+    d.rhoMax = single(3.5 * s.rhocrit);
+
+    if (d.pMax == 0 || session.UnitsChanged) d.pMax = single(PF * s.pcrit * 1.4);
+    d.pMin = 0.001F;
+    d.pvMin = 0;
+    d.pvMax = single(PF * s.pcrit * static_cast<double>(d.vMax));
+    d.lnpMin = -5;
+    d.lnpMax = single(session.UnitMode == 2 ? 0.5 : 1.1 * std::log(PF * s.pcrit));
+    d.dlnpMax = -500;
+    d.dlnpMin = -6000;
+
+    set_temperature_limits(d, s.Tcrit, static_cast<double>(s.Ttriple), TF);
+    set_function_limits(d, CF);
+    d.cpMin = -10;
+    d.cpMax = single(2 * molar_cp_limit(s.Tcrit) * CF);
+    d.vaporisationMin = 0;
+    d.vaporisationMax = single(50000 * CF);
+    d.jtMin = -0.005F;
+    d.jtMax = 0.04F;
+    d.resEntropyMin = single(-498.8706 * CF);  // -60 R
+    d.resEntropyMax = single(20 * CF);
+    d.resEnthalpyMin = single(-49887.06 * CF);  // -6000 R
+    d.resEnthalpyMax = single(1000 * CF);
+}
+
+void FillDiagramWindow(const CoordinateDefaults& d, DiagramRequest& request) {
+    request.xMin = d.TMin;
+    request.xMax = d.TMax;
+    if (const CatalogueRow* row = FindRow(request.DiagramType)) {
+        if (row->xLimits.low != nullptr) {
+            request.xMin = d.*row->xLimits.low;
+            request.xMax = d.*row->xLimits.high;
+            request.yMin = d.*row->yLimits.low;
+            request.yMax = d.*row->yLimits.high;
+        } else {
+            set_database_window(request);
+        }
+    }
+    request.xMinDefault = request.xMin;
+    request.yMinDefault = request.yMin;
+    request.xMaxDefault = request.xMax;
+    request.yMaxDefault = request.yMax;
+}
+
+}  // namespace Module9

@@ -1,0 +1,233 @@
+#include <algorithm>
+#include <cmath>
+
+#include "common/constants.h"
+#include "diagrams/curve_kinds.h"
+#include "diagrams/dome_pressures.h"
+
+namespace kurve {
+
+using constants::kPresent;
+using Declare::session;
+
+namespace {
+
+double plotted_volume(const Equilibrium& e) {
+    return at_fraction(e.vL, e.vV, session.VapourFraction);
+}
+
+/// The walk down the dome in p-v. Its step in T adapts itself, so that neighbouring points are
+/// never further apart than the told share of the window, and seldom closer than half of it.
+class DomeWalk {
+  public:
+    explicit DomeWalk(Curve& curve) : c(curve) {
+        largestP_ = c.yMax / c.PF / kShare;
+        largestV_ = c.xMax / c.VF / kShare;
+    }
+
+    void run(Equilibrium start) {
+        at_ = start;
+        draw(at_);
+        step_ = std::fmax(std::log(c.yMax / c.PF) / 1000, 1e-7 * c.substance.Tcrit);
+        for (int i = 0; i < kMostTrials && !ended_; ++i) advance();
+    }
+
+  private:
+    static constexpr double kShare = 800;  // points stand at most 1/800 of the window apart
+    static constexpr int kMostTrials = 200000;
+
+    void advance() {
+        double T = at_.T - step_;
+        bool last = false;
+        if (const double end = lowest_T(); T <= end) {
+            if (end <= kPresent) return finish();
+            T = end;
+            last = true;
+        }
+        const Equilibrium next = equilibrium_at_T(c.fluid, T, guess(T));
+        if (!next.found || !(next.p > 0) || next.p >= c.substance.pcrit) return finish();
+        const double vcrit = c.fluid.eos.vcritCalc;
+        if (next.vL > vcrit || next.vV < vcrit) return finish();
+
+        const double moved =
+            std::fmax(std::fabs(next.p - at_.p) / largestP_,
+                      std::fabs(plotted_volume(next) - plotted_volume(at_)) / largestV_);
+        if (moved > 1) {
+            step_ = (at_.T - T) * std::clamp(0.8 / moved, 0.05, 0.8);
+            return;
+        }
+        if (moved < 0.5 && !last) {
+            step_ *= 2;
+            return;
+        }
+        const double stepDone = at_.T - T;
+        before_ = at_;
+        at_ = next;
+        draw(at_);
+        if (last) return finish();
+        step_ = stepDone * std::clamp(0.8 / moved, 0.5, 2.0);
+    }
+
+    /// Where the walk has to end: at the triple point, or nowhere.
+    double lowest_T() const {
+        const bool realOnly = session.CurveRealRangeOnly && c.fluid.models.EOSModel > 0;
+        return realOnly ? static_cast<double>(c.substance.Ttriple) : 0;
+    }
+
+    /// ln p is nearly straight over 1/T.
+    double guess(double T) const {
+        if (before_.p <= 0 || before_.T == at_.T) return 0;
+        const double slope = std::log(at_.p / before_.p) / (1 / at_.T - 1 / before_.T);
+        return at_.p * std::exp(slope * (1 / T - 1 / at_.T));
+    }
+
+    /// Points outside of the window are kept only where the line enters or leaves it.
+    void draw(const Equilibrium& e) {
+        const double x = plotted_volume(e) * c.VF;
+        const bool inside = x >= c.xMin && x <= c.xMax;
+        if (inside && pending_) add(waiting_);
+        pending_ = !inside && !entered_;
+        if (pending_) waiting_ = e;
+        if (inside || entered_) add(e);
+        entered_ = inside;
+        wasInside_ = wasInside_ || inside;
+        if (wasInside_ && x > c.xMax && x > 1.5 * c.xMin) ended_ = true;
+    }
+
+    void add(const Equilibrium& e) {
+        if (e.T < static_cast<double>(c.substance.Ttriple)) c.status = CurveStatus::kBelowTriple;
+        c.add(plotted_volume(e) * c.VF, e.p * c.PF, e.T);
+    }
+
+    void finish() { ended_ = true; }
+
+    Curve& c;
+    Equilibrium at_, before_, waiting_;
+    double step_ = 0, largestP_ = 0, largestV_ = 0;
+    bool pending_ = false, entered_ = false, wasInside_ = false, ended_ = false;
+};
+
+}  // namespace
+
+void dome_p_v(Curve& c) {
+    const Equilibrium critical = critical_point(c.fluid);
+    if (!critical.found || !(c.xMax > 0) || !(c.yMax > 0)) return;
+    const double top = critical.p * c.PF;
+    if (top > c.yMax) {
+        const Equilibrium edge = equilibrium_at_p(c.fluid, c.yMax / c.PF);
+        if (edge.found) DomeWalk(c).run(edge);
+    } else if (top > c.yMin) {
+        DomeWalk(c).run(critical);
+    }
+}
+
+namespace {
+
+/// Ordinate over p: pv in code 106, rho in code 27.
+void add_over_p(Curve& c, const Equilibrium& e) {
+    const double v = plotted_volume(e);
+    const bool isProduct = c.request.DiagramType == 106;
+    c.add(e.p * c.PF, isProduct ? e.p * c.PF * v * c.VF : c.M / v, e.T);
+}
+
+}  // namespace
+
+void dome_over_p(Curve& c) {
+    constexpr double kLowest = 0.1;       // kPa
+    constexpr double kBelowCritical = 5;  // kPa
+    const Equilibrium critical = critical_point(c.fluid);
+    if (!critical.found) return;
+
+    double T = 0;
+    const auto add_at_pressure = [&](double p) {
+        if (!c.is_real_at_p(p)) return;
+        const Equilibrium e = equilibrium_at_p(c.fluid, p, T);
+        if (!e.found || e.T < kPresent) return;
+        add_over_p(c, e);
+        T = e.T;
+    };
+    const double step = 0.75 * c.dX;
+    const double end = (critical.p - kBelowCritical) * c.PF;
+    Steps loop = Steps::plain(c.xMin, end, step).within(c.xMin, c.xMax);
+    bool started = false;
+    for (double x; loop.next(x);) {
+        const double p = std::fmax(x / c.PF, kLowest);
+        const double next = (x + step) / c.PF;
+        if (started || next <= p || x + step >= end) {
+            add_at_pressure(p);
+            started = true;
+        } else if (next > end_of_dome(c)) {
+            for (const double low : foot_of_dome(c, p, next)) add_at_pressure(low);
+            started = true;
+        }
+    }
+    add_over_p(c, critical);
+}
+
+void dome_T_v(Curve& c) {
+    const Equilibrium critical = critical_point(c.fluid);
+    if (!critical.found) return;
+    const auto add = [&](const Equilibrium& e) {
+        const double v = plotted_volume(e);
+        c.add(c.request.DiagramType == 7 ? v * c.VF : c.M / v, e.T * c.TF, e.p);
+    };
+    // The liquid line is steep: it takes a quarter of the step.
+    double step = 2 * c.dY / c.TF;
+    if (session.VapourFraction < 0.5) step /= 4;
+    add(critical);
+    double p = 0;
+    Steps loop =
+        Steps::plain(critical.T - step, c.yMin / c.TF, -step).within(c.yMin / c.TF, c.yMax / c.TF);
+    for (double T; loop.next(T);) {
+        if (!(T > 0) || !c.is_real_at_T(T)) continue;
+        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
+        if (!e.found || e.p <= kPresent) continue;
+        add(e);
+        p = e.p;
+    }
+}
+
+namespace {
+
+/// Walks down from the critical point in steps of x and gives each equilibrium to `add`.
+template <class Add>
+void walk_rho_T(Curve& c, double step, Add add) {
+    const Equilibrium critical = critical_point(c.fluid);
+    if (!(c.fluid.eos.vcritCalc > kPresent) || !critical.found) {
+        c.status = CurveStatus::kNoCriticalVolume;
+        return;
+    }
+    c.add(critical.T * c.TF, c.M / c.fluid.eos.vcritCalc, critical.p);
+    double p = 0;
+    Steps loop = Steps::plain(critical.T * c.TF, c.xMin, -step).within(c.xMin, c.xMax);
+    for (double x; loop.next(x);) {
+        const double T = x / c.TF;
+        if (!(T > 0) || T >= critical.T || !c.is_real_at_T(T)) continue;
+        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
+        if (!e.found || e.vL <= e.state.eosB || e.p <= kPresent || e.vV <= kPresent) continue;
+        add(e);
+        p = e.p;
+    }
+    c.sort_by_y();
+}
+
+}  // namespace
+
+void dome_rho_T(Curve& c) {
+    walk_rho_T(c, c.dX, [&](const Equilibrium& e) {
+        c.add(e.T * c.TF, c.M / e.vL, e.p);
+        c.add(e.T * c.TF, c.M / e.vV, e.p);
+    });
+}
+
+/// L. Cailletet, E. Mathias, C. R. Acad. Sci. 102 (1886) 1202: the mean of both densities lies on
+/// a nearly straight line.
+void rectilinear_diameter(Curve& c) {
+    constexpr double kLeastProduct = 5.00001;  // of the volumes, (m^3/kmol)^2
+    walk_rho_T(c, 3 * c.dX, [&](const Equilibrium& e) {
+        if (e.vL * e.vV < kLeastProduct) return;
+        c.add(e.T * c.TF, 0.5 * (c.M / e.vL + c.M / e.vV), e.p);
+    });
+}
+
+}  // namespace kurve

@@ -1,0 +1,93 @@
+#pragma once
+
+#include <optional>
+
+#include "diagrams/curve.h"
+#include "diagrams/equilibrium.h"
+#include "diagrams/steps.h"
+#include "models/caloric.h"
+#include "models/state_solver.h"
+
+namespace kurve {
+
+/// What all kinds of curves share: the request, the units, the window test, the real-range check.
+/// A kind of curve adds its points through it.
+class Curve {
+  public:
+    Curve(Declare::DiagramRequest& requestOfCurve, Declare::CurvePointArray& pointsOfCurve,
+          double TOfCurve, double pOfCurve, double vOfCurve);
+
+    Declare::DiagramRequest& request;
+    Declare::CurvePointArray& points;
+    const Calc::Fluid fluid;
+    const Declare::SubstanceRecord& substance;
+
+    const double T, p, v;  ///< state parameters, K, kPa, m^3/kmol
+    const double xMin, xMax, yMin, yMax;
+    int steps = 0;                    ///< points per curve
+    double dX = 0, dY = 0;            ///< a step in the window
+    double TF = 1, PF = 1, VF = 1;    ///< factors of the displayed units
+    double M = 0;                     ///< kg/kmol
+    double pLVCorr = 0, TLVCorr = 0;  ///< by the vapour pressure equation, 0 when there is none
+    Equilibrium atT, atP;             ///< of the EOS at T and at p, found or not
+
+    float mark = kMarkNone;
+    std::int16_t status = CurveStatus::kComplete;
+
+    /// Reads the units and evaluates what the state parameters fix. May throw `faults::Fault`.
+    void prepare();
+
+    /// Adds a point in displayed units; it clears `outside` when it lies strictly inside the
+    /// window, or inside it in one direction only.
+    void add(double x, double y, double z);
+    void add_tested_by_x(double x, double y, double z);
+    void add_tested_by_y(double x, double y, double z);
+    bool outside() const { return outside_; }
+
+    /// Real-range check of a step: false when it is to be skipped; a step that is computed below
+    /// the triple point sets status 2.
+    bool is_real_at_T(double temperature);
+    bool is_real_at_p(double pressure);
+
+    bool subcritical_T() const { return T < substance.Tcrit; }
+    bool subcritical_p() const { return p < substance.pcrit; }
+    bool vapour_only() const { return fluid.models.EOSOnlyV; }
+    /// The gas part of a V-only curve is all that is wanted.
+    bool partial_gas() const;
+
+    /// Factor of caloric values at T/K.
+    double caloric(double temperature) const;
+    /// p of the EOS; nothing where it has none.
+    std::optional<double> pressure(double temperature, double volume) const;
+    /// Volume of the stable phase at T and p; 0 where the EOS has none.
+    double stable_volume(double temperature, double pressure) const;
+    /// Caloric values without a status test, see `value_of`.
+    thermo::StateValues functions(double temperature, double pressure, double volume) const;
+
+    /// Ascending in x or y; points with equal values keep their order.
+    void sort_by_x();
+    void sort_by_y();
+
+  private:
+    void push(double x, double y, double z);
+    bool below_triple();
+
+    thermo::Surroundings surroundings_;
+    bool outside_ = true;
+};
+
+using Function = double thermo::StateValues::*;
+
+/// A caloric value, or nothing where the state has none: no cp form, no surroundings for an
+/// exergy, the pole of cp at the critical point.
+std::optional<double> value_of(const thermo::StateValues& state, Function function);
+
+/// f at a vapour fraction between liquid and vapour.
+inline double at_fraction(double liquid, double vapour, double fraction) {
+    return (vapour - liquid) * fraction + liquid;
+}
+
+/// The stable one of the volumes of a state; 0 when there is none.
+double stable_volume_of(const Calc::StateTP& state);
+
+}  // namespace kurve

@@ -1,0 +1,57 @@
+#include <utility>
+
+#include "diagrams/curve_kinds.h"
+#include "diagrams/project_state.h"
+
+namespace kurve {
+
+namespace {
+
+constexpr double kLowestPressure = 0.01;
+
+void add_state(Curve& c, double T, double p, double v, double z) {
+    const Projection at = ProjectState(c.request.DiagramType, T, p, v, c.functions(T, p, v));
+    if (at.exists) c.add(at.x, at.y, z);
+}
+
+/// The two ends of the tie-line in the order in which the walk meets them.
+void add_tie_line(Curve& c, const Equilibrium& e, bool towardsLiquid, double z) {
+    const double first = towardsLiquid ? e.vV : e.vL;
+    const double second = towardsLiquid ? e.vL : e.vV;
+    add_state(c, e.T, e.p, first, z);
+    add_state(c, e.T, e.p, second, z);
+}
+
+}  // namespace
+
+/// Two functions against each other along an isotherm (over p) or an isobar (over T) between the
+/// limits of the range. Where the walk crosses the coexistence curve, both ends of the tie-line
+/// come in between, so that the two-phase part is the straight line it is.
+void function_pairs(Curve& c) {
+    const std::int16_t code = c.request.DiagramType;
+    const bool isothermal = code == 21 || code == 107 || code == 109;
+    double from = Declare::processLine.RangeStart;
+    double to = Declare::processLine.RangeEnd;
+    if (from > to) std::swap(from, to);
+    const Equilibrium& e = isothermal ? c.atT : c.atP;
+    const double edge = isothermal ? e.p : e.T;
+
+    bool before = false;  // a point was added on the lower side of the coexistence curve
+    Steps loop = Steps::plain(from, to, (to - from) / c.steps);
+    for (double running; loop.next(running);) {
+        if (running <= 0) running = kLowestPressure;
+        const double T = isothermal ? c.T : running;
+        const double p = isothermal ? running : c.p;
+        if (!c.is_real_at_T(T)) continue;
+        const double v = c.stable_volume(T, p);
+        if (!(v > 0)) continue;
+        if (e.found && before && running > edge) {
+            add_tie_line(c, e, isothermal, edge);
+            before = false;
+        }
+        if (e.found && running < edge) before = true;
+        add_state(c, T, p, v, running);
+    }
+}
+
+}  // namespace kurve

@@ -1,0 +1,314 @@
+#include <array>
+#include <cmath>
+
+#include "common/constants.h"
+#include "diagrams/catalogue.h"
+#include "diagrams/curve_kinds.h"
+#include "diagrams/project_state.h"
+#include "models/cubic_eos.h"
+
+namespace kurve {
+
+using Declare::session;
+using thermo::StateValues;
+
+namespace {
+
+constexpr int kVolumeSteps = 40000;      // of a metastable branch between v(L) and v(V)
+constexpr double kBelowEdge = 0.0001;    // K or kPa: the first step behind the coexistence curve
+constexpr double kMetastableMove = 1.5;  // of a step in x, between points of a metastable branch
+
+using Ordinate = std::optional<double>;
+
+// ---- what is drawn over T, p or v
+
+struct CodeFunction {
+    std::int16_t code;
+    Function function;
+};
+
+constexpr auto kFunctions = std::to_array<CodeFunction>({
+    {15, &StateValues::h},   {16, &StateValues::s},   {17, &StateValues::g},
+    {18, &StateValues::eH},  {150, &StateValues::h},  {151, &StateValues::s},
+    {152, &StateValues::g},  {153, &StateValues::eH}, {154, &StateValues::cp},
+    {155, &StateValues::eU}, {156, &StateValues::a},  {157, &StateValues::u},
+    {158, &StateValues::s},  {159, &StateValues::cv}, {160, &StateValues::eU},
+    {181, &StateValues::eU}, {182, &StateValues::a},  {183, &StateValues::u},
+    {184, &StateValues::s},  {185, &StateValues::cv},
+});
+
+Function function_of(std::int16_t code) {
+    for (const CodeFunction& row : kFunctions)
+        if (row.code == code) return row.function;
+    return &StateValues::h;
+}
+
+/// Caloric value of the diagram at a state, in displayed units.
+struct CaloricOrdinate {
+    Function function;
+
+    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+        const auto value = value_of(c.functions(T, p, v), function);
+        if (!value) return value;
+        return *value * c.caloric(T);
+    }
+};
+
+/// Column of the residual table, times R: dimensionless for s and cp, in K for h and g.
+struct ResidualOrdinate {
+    thermo::Residual column;
+
+    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+        const thermo::PhaseTable table =
+            thermo::residual_functions(c.fluid, Calc::eos_at(c.fluid, T), T, p, v);
+        if (!table.filled) return std::nullopt;
+        return constants::R * table.residual[column] * c.caloric(T);
+    }
+};
+
+/// Real heat capacity: the ideal gas and the residual part.
+struct HeatCapacityOrdinate {
+    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+        const thermo::CpResult ideal = thermo::ideal_gas_cp(c.substance, c.fluid.models.CpModel, T);
+        const Ordinate residual = ResidualOrdinate{thermo::ResCp}(c, T, p, v);
+        if (ideal.status != kSuccess || !residual) return std::nullopt;
+        return ideal.cp * c.caloric(T) + *residual;
+    }
+};
+
+struct JouleThomsonOrdinate {
+    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+        const thermo::PhaseTable table =
+            thermo::residual_functions(c.fluid, Calc::eos_at(c.fluid, T), T, p, v);
+        const bool hasCp = thermo::ideal_gas_cp(c.substance, c.fluid.models.CpModel, T).cp > 0;
+        if (!table.filled || !hasCp) return std::nullopt;
+        return table.residual[thermo::JouleThomson];
+    }
+};
+
+// ---- the walk along an isobar
+
+double lower_temperature(const Curve& c) {
+    const bool ends = c.partial_gas() && c.subcritical_p() && c.TLVCorr > 0;
+    return ends ? c.TLVCorr * c.TF : c.xMin;
+}
+
+template <class Y>
+void add_at(Curve& c, Y y, double x, double T, double p, double v, double z) {
+    if (!(v > 0)) return;
+    if (const Ordinate value = y(c, T, p, v)) c.add_tested_by_y(x, *value, z);
+}
+
+/// Both ends of the tie-line, when both can be evaluated.
+template <class Y>
+bool add_tie_line(Curve& c, Y y, double x, const Equilibrium& e, double z) {
+    const Ordinate liquid = y(c, e.T, e.p, e.vL);
+    const Ordinate vapour = y(c, e.T, e.p, e.vV);
+    if (!liquid || !vapour) return false;
+    c.add_tested_by_y(x, *liquid, z);
+    c.add_tested_by_y(x, *vapour, z);
+    return true;
+}
+
+/// The branch between v(L) and v(V) on the isobar, over T.
+template <class Y>
+void metastable_over_T(Curve& c, Y y, double move) {
+    const Equilibrium& e = c.atP;
+    if (!e.found) return;
+    add_at(c, y, e.T * c.TF, e.T, e.p, e.vL, c.p);
+    double last = e.T * c.TF;
+    Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
+    for (double v; loop.next(v);) {
+        const double T = Calc::temperature_from_p_rho(c.fluid, c.p, c.M / v, true).T;
+        if (!(T > 0) || std::fabs(T * c.TF - last) < move * c.dX) continue;
+        add_at(c, y, T * c.TF, T, c.p, v, c.p);
+        last = T * c.TF;
+    }
+    add_at(c, y, e.T * c.TF, e.T, e.p, e.vV, c.p);
+}
+
+template <class Y>
+void isobar_with_crossing(Curve& c, Y y) {
+    if (session.SCurveRequested && c.atP.found) return metastable_over_T(c, y, kMetastableMove);
+    const Equilibrium& e = c.atP;
+    bool crossed = !e.found;
+    Steps loop = Steps::clamped(c.xMax, lower_temperature(c), -c.dX);
+    for (double x; loop.next(x);) {
+        double T = x / c.TF;
+        if (!(T > 0) || !c.is_real_at_T(T)) continue;
+        if (!crossed && std::fabs(x - e.T * c.TF) < c.dX) {
+            crossed = true;
+            if (add_tie_line(c, y, e.T * c.TF, e, c.p)) T = e.T - kBelowEdge;
+        }
+        add_at(c, y, T * c.TF, T, c.p, c.stable_volume(T, c.p), c.p);
+    }
+    c.sort_by_x();
+}
+
+/// Isobars that do not place the ends of the tie-line.
+template <class Y>
+void plain_isobar(Curve& c, Y y) {
+    Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX);
+    for (double x; loop.next(x);) {
+        const double T = x / c.TF;
+        if (!(T > 0) || !c.is_real_at_T(T)) continue;
+        const double v = c.stable_volume(T, c.p);
+        if (!(v > 0)) continue;
+        if (const Ordinate value = y(c, T, c.p, v)) c.add(x, *value, c.p);
+    }
+}
+
+/// Along the isochore of the request, until the pressure of the EOS falls to 0.
+template <class Y>
+void isochore(Curve& c, Y y) {
+    Steps loop = Steps::clamped(c.xMax, c.xMin, -c.dX);
+    for (double x; loop.next(x);) {
+        const double T = x / c.TF;
+        if (!(T > 0)) break;
+        if (!c.is_real_at_T(T)) continue;
+        const auto p = c.pressure(T, c.v);
+        if (!p) continue;
+        if (*p <= 0) break;
+        add_at(c, y, x, T, *p, c.v, c.v);
+    }
+    c.sort_by_x();
+}
+
+// ---- the walk along an isotherm over p
+
+template <class Y>
+void metastable_over_p(Curve& c, Y y) {
+    const Equilibrium& e = c.atT;
+    if (!e.found) return;
+    add_at(c, y, e.p * c.PF, c.T, e.p, e.vL, c.T);
+    double last = e.p * c.PF;
+    Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
+    for (double v; loop.next(v);) {
+        const double p = Calc::cubic_pressure(e.state, c.T, v);
+        // The caloric functions take ln p: there is no value on the part under tension.
+        if (!(p > 0) || std::fabs(p * c.PF - last) < kMetastableMove * c.dX) continue;
+        add_at(c, y, p * c.PF, c.T, p, v, c.T);
+        last = p * c.PF;
+    }
+    add_at(c, y, e.p * c.PF, c.T, e.p, e.vV, c.T);
+}
+
+template <class Y>
+void isotherm_with_crossing(Curve& c, Y y) {
+    if (session.SCurveRequested && c.atT.found) return metastable_over_p(c, y);
+    const Equilibrium& e = c.atT;
+    const bool ends = c.partial_gas() && c.subcritical_T() && c.pLVCorr > 0;
+    const double upper = ends ? c.pLVCorr * c.PF : c.xMax;
+    const double lower = c.xMin > 0 ? c.xMin : 0.1 * c.PF;
+    bool crossed = !e.found;
+    Steps loop = Steps::clamped(upper, lower, -c.dX);
+    for (double x; loop.next(x);) {
+        double p = x / c.PF;
+        if (!crossed && std::fabs(x - e.p * c.PF) < c.dX) {
+            crossed = true;
+            if (add_tie_line(c, y, e.p * c.PF, e, c.T)) p = std::fmax(e.p - kBelowEdge, 0.5 * e.p);
+        }
+        add_at(c, y, p * c.PF, c.T, p, c.stable_volume(c.T, p), c.T);
+    }
+}
+
+// ---- the walk along an isotherm over v
+
+double positive_pressure(double p) {
+    constexpr double kInsteadOfTension = 0.01;
+    return p > 0 ? p : kInsteadOfTension;
+}
+
+template <class Y>
+void add_over_v(Curve& c, Y y, double v) {
+    const auto p = c.pressure(c.T, v);
+    if (!p) return;
+    const double positive = positive_pressure(*p);
+    if (const Ordinate value = y(c, c.T, positive, v)) c.add(v * c.VF, *value, positive);
+}
+
+template <class Y>
+void isotherm_over_v(Curve& c, Y y) {
+    const Equilibrium& e = c.atT;
+    const double step = 0.5 * c.dX;
+    if (session.SCurveRequested && e.found) {
+        const double low = e.vL * c.VF, high = e.vV * c.VF;
+        Steps loop = Steps::clamped(low, high, std::fmax(step, (high - low) / kVolumeSteps));
+        for (double x; loop.next(x);) add_over_v(c, y, x / c.VF);
+        return;
+    }
+    const double covolume = c.vapour_only() ? 0 : Calc::eos_at(c.fluid, c.T).eosB;
+    Steps loop = Steps::clamped(c.xMin, c.xMax, step);
+    for (double x; loop.next(x);) {
+        const double v = x / c.VF;
+        if (v <= covolume) continue;
+        if (e.found && v > e.vL && v < e.vV) continue;
+        add_over_v(c, y, v);
+    }
+    if (!e.found) return;
+    for (const double v : {e.vL, e.vV})
+        if (const Ordinate value = y(c, c.T, e.p, v)) c.add(v * c.VF, *value, e.p);
+    c.sort_by_x();
+}
+
+/// |cV|: the value of a metastable state may be negative.
+struct MagnitudeOrdinate {
+    CaloricOrdinate inner;
+
+    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+        const Ordinate value = inner(c, T, p, v);
+        if (!value) return value;
+        return std::fabs(*value);
+    }
+};
+
+}  // namespace
+
+void functions_of_T(Curve& c) {
+    const CaloricOrdinate y{function_of(c.request.DiagramType)};
+    if (c.request.sectionKind == Module9::kIsochoric) {
+        c.mark = kMarkV;
+        return isochore(c, y);
+    }
+    c.mark = kMarkP;
+    isobar_with_crossing(c, y);
+}
+
+void functions_of_p(Curve& c) {
+    isotherm_with_crossing(c, CaloricOrdinate{function_of(c.request.DiagramType)});
+}
+
+void functions_of_v(Curve& c) {
+    const CaloricOrdinate y{function_of(c.request.DiagramType)};
+    if (y.function == &StateValues::cv) return isotherm_over_v(c, MagnitudeOrdinate{y});
+    isotherm_over_v(c, y);
+}
+
+void heat_capacity(Curve& c) {
+    const HeatCapacityOrdinate y;
+    if (session.SCurveRequested && c.atP.found) return metastable_over_T(c, y, 1.0);
+    plain_isobar(c, y);
+}
+
+void joule_thomson(Curve& c) {
+    plain_isobar(c, JouleThomsonOrdinate{});
+}
+
+namespace {
+
+/// Columns 3 to 6 of the residual table in the order of the codes.
+thermo::Residual residual_of(int index) {
+    return static_cast<thermo::Residual>(thermo::ResS + index);
+}
+
+}  // namespace
+
+void residual_of_T(Curve& c) {
+    isobar_with_crossing(c, ResidualOrdinate{residual_of(c.request.DiagramType - 30)});
+}
+
+void residual_of_p(Curve& c) {
+    isotherm_with_crossing(c, ResidualOrdinate{residual_of(c.request.DiagramType - 40)});
+}
+
+}  // namespace kurve

@@ -1,0 +1,237 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "common/constants.h"
+#include "diagrams/curve_kinds.h"
+#include "diagrams/dome_pressures.h"
+#include "models/vapour_pressure.h"
+
+namespace kurve {
+
+using constants::kPresent;
+using Declare::session;
+using thermo::StateValues;
+
+namespace {
+
+struct CodeFunction {
+    std::int16_t code;
+    Function function;
+};
+
+/// The equilibrium curves follow the diagrams to which they belong: 72 and 92 are those of cp, 73
+/// and 93 those of g, 95, 98 and 99 those of the isochoric e(U), a and u.
+constexpr auto kFunctions = std::to_array<CodeFunction>({
+    {70, &StateValues::h},  {71, &StateValues::s},  {72, &StateValues::cp},  {73, &StateValues::g},
+    {74, &StateValues::eH}, {75, &StateValues::eU}, {89, &StateValues::cv},  {90, &StateValues::h},
+    {91, &StateValues::s},  {92, &StateValues::cp}, {93, &StateValues::g},   {94, &StateValues::eH},
+    {95, &StateValues::eU}, {97, &StateValues::a},  {98, &StateValues::a},   {99, &StateValues::u},
+    {100, &StateValues::u}, {101, &StateValues::s}, {102, &StateValues::eU},
+});
+
+Function function_of(std::int16_t code) {
+    for (const CodeFunction& row : kFunctions)
+        if (row.code == code) return row.function;
+    return &StateValues::h;
+}
+
+/// cp grows beyond all limits at the critical point: its curve ends before.
+bool is_finite_at_critical_point(Function function) {
+    return function != &StateValues::cp;
+}
+
+/// Caloric values on both sides of an equilibrium.
+struct BothPhases {
+    StateValues L, V;
+};
+
+BothPhases functions_at(const Curve& c, const Equilibrium& e) {
+    return {c.functions(e.T, e.p, e.vL), c.functions(e.T, e.p, e.vV)};
+}
+
+/// The value at the vapour fraction of the session, in displayed units. A fraction of 0 or 1 asks
+/// for one phase only.
+std::optional<double> fraction_value(const Curve& c, const Equilibrium& e, const BothPhases& both,
+                                     Function function) {
+    const double x = session.VapourFraction;
+    const auto L = value_of(both.L, function);
+    const auto V = value_of(both.V, function);
+    const double factor = c.caloric(e.T);
+    if (x == 0 && L) return *L * factor;
+    if (x == 1 && V) return *V * factor;
+    if (!L || !V) return std::nullopt;
+    return at_fraction(*L, *V, x) * factor;
+}
+
+std::optional<double> fraction_value(const Curve& c, const Equilibrium& e, Function function) {
+    return fraction_value(c, e, functions_at(c, e), function);
+}
+
+}  // namespace
+
+void saturation_functions_over_p(Curve& c) {
+    const Equilibrium critical = critical_point(c.fluid);
+    if (!critical.found) return;
+    const Function function = function_of(c.request.DiagramType);
+    const auto add = [&](const Equilibrium& e) {
+        if (const auto y = fraction_value(c, e, function)) c.add(e.p * c.PF, *y, e.T);
+    };
+    double T = 0;
+    const auto add_at_pressure = [&](double p) {
+        if (!(p > 0) || p >= critical.p || !c.is_real_at_p(p)) return;
+        const Equilibrium e = equilibrium_at_p(c.fluid, p, T);
+        if (!e.found || e.T < kPresent) return;
+        add(e);
+        T = e.T;
+    };
+
+    constexpr double kLowest = 0.05;  // kPa, instead of a lower limit at or below 0
+    const double top = critical.p * c.PF;
+    if (top > c.xMin && top < c.xMax && is_finite_at_critical_point(function)) add(critical);
+    const double lowest = c.xMin + 0.5 * c.dX;  // the last pass is replaced by the foot
+    double above = c.xMax;
+    Steps loop = Steps::plain(c.xMax, lowest, -c.dX);
+    for (double x; loop.next(x);) {
+        if (x / c.PF <= end_of_dome(c)) break;
+        add_at_pressure(x / c.PF);
+        above = x;
+    }
+    const DomeFoot foot = foot_of_dome(c, c.xMin > 0 ? c.xMin / c.PF : kLowest, above / c.PF);
+    for (auto p = foot.rbegin(); p != foot.rend(); ++p) add_at_pressure(*p);
+}
+
+void saturation_functions_over_T(Curve& c) {
+    const Equilibrium critical = critical_point(c.fluid);
+    if (!critical.found) return;
+    const Function function = function_of(c.request.DiagramType);
+    const auto add = [&](const Equilibrium& e) {
+        if (const auto y = fraction_value(c, e, function)) c.add(e.T * c.TF, *y, e.p);
+    };
+    const double top = critical.T * c.TF;
+    if (top > c.xMin && top < c.xMax && is_finite_at_critical_point(function)) add(critical);
+    double p = 0;
+    Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX);
+    for (double x; loop.next(x);) {
+        const double T = x / c.TF;
+        if (!(T > 0) || T >= critical.T || !c.is_real_at_T(T)) continue;
+        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
+        if (!e.found || e.p < kPresent) continue;
+        add(e);
+        p = e.p;
+    }
+}
+
+namespace {
+
+enum class Course { rising, falling, neither };
+
+/// How y goes along the points.
+Course course_of(const Declare::CurvePointArray& points) {
+    bool rises = true, falls = true;
+    for (std::size_t i = 2; i < points.size(); ++i) {
+        rises = rises && points[i].y >= points[i - 1].y;
+        falls = falls && points[i].y <= points[i - 1].y;
+    }
+    return rises ? Course::rising : falls ? Course::falling : Course::neither;
+}
+
+}  // namespace
+
+void saturation_functions_over_v(Curve& c) {
+    constexpr double kLowestT = 0.1;      // K
+    constexpr double kBeyondWindow = 50;  // of xMax
+    constexpr double kAboveCovolume = 1.08;
+    const Equilibrium critical = critical_point(c.fluid);
+    if (!critical.found) return;
+    const Function function = function_of(c.request.DiagramType);
+    const double fraction = session.VapourFraction;
+    const bool magnitude = c.request.DiagramType == 89;
+    const auto add = [&](const Equilibrium& e) {
+        const auto y = fraction_value(c, e, function);
+        if (!y) return;
+        c.add(at_fraction(e.vL, e.vV, fraction) * c.VF, magnitude ? std::fabs(*y) : *y, e.T);
+    };
+
+    // From the critical point down, so that the walk can end where the vapour leaves the diagram.
+    const double step = critical.T / c.steps;
+    const double passes = std::floor((critical.T - kLowestT) / step);
+    double p = 0;
+    Steps loop = Steps::plain(kLowestT + passes * step, kLowestT, -step);
+    for (double T; loop.next(T);) {
+        if (T >= critical.T) continue;
+        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
+        if (!e.found) continue;
+        p = e.p;
+        const double least = kAboveCovolume * e.state.eosB;
+        if (e.vV * c.VF > kBeyondWindow * c.xMax || e.vL <= least || e.vV <= least) break;
+        add(e);
+    }
+    std::reverse(c.points.begin() + 1, c.points.end());
+    add(critical);
+    // Sorting must not tear the line: a function that turns on the way keeps the order of T.
+    if (fraction == 0 && course_of(c.points) == Course::falling) c.sort_by_y();
+}
+
+namespace {
+
+struct Pair {
+    std::int16_t code;
+    Function x, y;
+    bool xTimesTenv;
+};
+
+/// The pairs of the diagrams to which the codes belong: e-h, h-s and e-T(surr) s.
+constexpr auto kPairs = std::to_array<Pair>({
+    {96, &StateValues::h, &StateValues::eH, false},
+    {120, &StateValues::s, &StateValues::h, false},
+    {121, &StateValues::s, &StateValues::eH, true},
+});
+
+}  // namespace
+
+void saturation_function_pairs(Curve& c) {
+    constexpr double kLowest = 0.05;  // kPa, instead of a limit at or below 0
+    constexpr double kStep = 0.3;     // of a step of the limits of p
+    const Equilibrium critical = critical_point(c.fluid);
+    if (!critical.found) return;
+    const Pair* pair = &kPairs[0];
+    for (const Pair& row : kPairs)
+        if (row.code == c.request.DiagramType) pair = &row;
+
+    const double scale = pair->xTimesTenv ? Declare::reference.Tenv : 1.0;
+    const auto add = [&](const Equilibrium& e) {
+        const BothPhases both = functions_at(c, e);
+        const auto x = fraction_value(c, e, both, pair->x);
+        const auto y = fraction_value(c, e, both, pair->y);
+        if (x && y) c.add(*x * scale, *y, e.p);
+    };
+    // T comes from the vapour pressure equation, the state from the EOS at this T; without an
+    // equation the EOS gives both.
+    const auto add_at_pressure = [&](double p) {
+        double T = Calc::boiling_temperature(c.substance, p, c.fluid.models.VPCode).T;
+        if (!(T > 0)) T = equilibrium_at_p(c.fluid, p).T;
+        if (T < kPresent || T >= critical.T || !c.is_real_at_T(T)) return;
+        const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
+        if (e.found) add(e);
+    };
+
+    const Declare::CoordinateDefaults& d = Declare::coordinates;
+    const double low = d.pMin > 0 ? static_cast<double>(d.pMin) / c.PF : kLowest;
+    const double high = static_cast<double>(d.pMax) / c.PF;
+    const double step = kStep * (high - low) / c.steps;
+    Steps loop = Steps::plain(low, high, step);
+    bool started = false;
+    for (double p; loop.next(p);) {
+        if (p >= critical.p) break;
+        if (started) {
+            add_at_pressure(p);
+        } else if (p + step > end_of_dome(c)) {
+            for (const double foot : foot_of_dome(c, p, p + step)) add_at_pressure(foot);
+            started = true;
+        }
+    }
+    add(critical);
+}
+
+}  // namespace kurve

@@ -1,0 +1,23 @@
+#include "diagrams/dome_pressures.h"
+
+#include <cmath>
+
+namespace kurve {
+
+double end_of_dome(const Curve& c) {
+    const auto triple = static_cast<double>(c.substance.ptriple);
+    const bool realOnly = Declare::session.CurveRealRangeOnly && c.fluid.models.EOSModel > 0;
+    return realOnly && triple < c.substance.pcrit ? triple : 0;
+}
+
+DomeFoot foot_of_dome(const Curve& c, double lowest, double next) {
+    const double end = end_of_dome(c);
+    const double foot = end > lowest && end < next ? end : lowest;
+    DomeFoot pressures{};
+    const double ratio = std::log(next / foot) / static_cast<double>(kFootPoints);
+    for (std::size_t i = 0; i < kFootPoints; ++i)
+        pressures[i] = i == 0 ? foot : foot * std::exp(ratio * static_cast<double>(i));
+    return pressures;
+}
+
+}  // namespace kurve

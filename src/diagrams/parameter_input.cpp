@@ -1,0 +1,132 @@
+#include "diagrams/parameter_input.h"
+
+#include <cmath>
+
+#include "common/dialogs.h"
+#include "common/numbers.h"
+#include "diagrams/catalogue.h"
+#include "models/state_solver.h"
+#include "session/declare.h"
+#include "session/module2.h"
+
+namespace Module9 {
+
+namespace {
+
+using Declare::session;
+
+constexpr double kMostTOrP = 1000000, kMostV = 100000;
+constexpr double kLeastT = 0.9, kLeastP = 0.001;  // K, kPa
+constexpr double kNearCovolume = 1.03;
+constexpr std::int16_t kReduced = 2;
+
+double TF() {
+    return static_cast<double>(session.TemperatureFactor);
+}
+double PF() {
+    return static_cast<double>(session.PressureFactor);
+}
+
+/// Co-volume of a cubic EOS at the diagram's T, m^3/kmol; 0 for the others.
+double covolume() {
+    if (Declare::models.EOSOnlyV) return 0;
+    const Calc::StateTP state =
+        Calc::solve_state_tp(Calc::CurrentFluid(), session.DiagramT, Declare::substance.pcrit);
+    return state.state.eosB;
+}
+
+bool take_T(double typed) {
+    if (!(typed > 0 && typed > kLeastT * TF() && typed <= kMostTOrP)) return false;
+    session.DiagramT = typed / TF();
+    return true;
+}
+
+bool take_p(double typed) {
+    if (!(typed > kLeastP * PF() && typed <= kMostTOrP)) return false;
+    session.DiagramP = typed / PF();
+    return true;
+}
+
+ParameterAnswer take_v(double typed) {
+    if (!(typed > 0 && typed <= kMostV)) return ParameterAnswer::Invalid;
+    const double v = typed / session.VolumeFactor;
+    const double b = covolume();
+    if (b > 0 && v <= b) {
+        dialogs::Tell("v < b not possible", "Execution not possible");
+        return ParameterAnswer::Refused;
+    }
+    if (b > 0 && v < kNearCovolume * b)
+        dialogs::Tell("There are possibly problems during calculation", "WARNING");
+    session.DiagramV = v;
+    return ParameterAnswer::Taken;
+}
+
+std::string shown(double value, const char* plain, const std::string& unit) {
+    const bool reduced = session.UnitMode == kReduced;
+    return numbers::Format(value, reduced ? "######0.00" : plain) +
+           (reduced ? std::string() : " " + unit);
+}
+
+}  // namespace
+
+ParameterField FieldOf(std::int16_t sectionKind) {
+    switch (sectionKind) {
+        case kIsobaric:
+            return {"Isobar", "p = ", session.PressureLabel, session.DiagramP * PF()};
+        case kIsochoric:
+            return {"Isochore", "v = ", session.VolumeLabel,
+                    session.DiagramV * session.VolumeFactor};
+        default:
+            return {"Isotherm", "T = ", session.TemperatureLabel, session.DiagramT * TF()};
+    }
+}
+
+std::string ShownParameter(std::int16_t sectionKind) {
+    switch (sectionKind) {
+        case kIsothermal:
+            return "T = " + shown(session.DiagramT * TF(), "####0.0", "K");
+        case kIsobaric:
+            return "p = " + shown(session.DiagramP * PF(), "#####0.0##", "kPa");
+        case kIsochoric:
+            return "v = " + shown(session.DiagramV * session.VolumeFactor, "####0.0####",
+                                  session.VolumeLabel);
+        default:
+            return {};
+    }
+}
+
+ParameterAnswer TakeParameter(std::int16_t sectionKind, double typed) {
+    if (!std::isfinite(typed)) return ParameterAnswer::Invalid;
+    if (sectionKind == kIsochoric) {
+        const ParameterAnswer answer = take_v(typed);
+        if (answer != ParameterAnswer::Taken) return answer;
+    } else if (sectionKind == kIsobaric ? !take_p(typed) : !take_T(typed)) {
+        return ParameterAnswer::Invalid;
+    }
+    session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+    return ParameterAnswer::Taken;
+}
+
+std::string TakeRange(std::int16_t sectionKind, double fixed, double start, double end) {
+    const bool runsInT = sectionKind == kIsobaric;
+    for (const double value : {fixed, start, end}) {
+        if (!std::isfinite(value)) return "Input incomplete or not valid";
+        if (!(value > 0)) return "specificated p and T have to be > 0";
+        if (value > kMostTOrP) return "Input incomplete or not valid";
+    }
+    if (start == end) return "specification of the range is not valid ";
+    const double factor = runsInT ? TF() : PF();
+    const bool taken = runsInT ? take_p(fixed) : take_T(fixed);
+    if (!taken) return "Input incomplete or not valid";
+    Declare::processLine.RangeIsT = runsInT ? 1 : 0;
+    Declare::processLine.RangeStart = start / factor;
+    Declare::processLine.RangeEnd = end / factor;
+    session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+    return {};
+}
+
+bool IsVapourFraction(double fraction) {
+    return std::isfinite(fraction) && fraction >= 0 && fraction <= 1;
+}
+
+}  // namespace Module9

@@ -1,0 +1,160 @@
+#include "diagrams/project_state.h"
+
+#include <cmath>
+
+#include "common/constants.h"
+#include "diagrams/curve.h"
+#include "diagrams/curve_frame.h"
+#include "session/module2.h"
+
+namespace kurve {
+
+using Declare::session;
+using Module9::Axis;
+using thermo::StateValues;
+
+namespace {
+
+/// The caloric value that an axis shows; nullptr for an axis that shows none.
+Function function_of(Axis axis) {
+    switch (axis) {
+        case Axis::h:
+        case Axis::hSpaced:
+            return &StateValues::h;
+        case Axis::s:
+        case Axis::Tenvs:
+            return &StateValues::s;
+        case Axis::g:
+            return &StateValues::g;
+        case Axis::a:
+            return &StateValues::a;
+        case Axis::u:
+            return &StateValues::u;
+        case Axis::cp:
+            return &StateValues::cp;
+        case Axis::cV:
+        case Axis::cVIsochoric:
+            return &StateValues::cv;
+        default:
+            return nullptr;
+    }
+}
+
+/// Exergies of the closed system; every other axis with e shows that of the stream.
+bool is_closed_system(std::int16_t code) {
+    return code == 95 || code == 155 || code == 160 || code == 181;
+}
+
+std::optional<thermo::Residual> residual_of(Axis axis) {
+    switch (axis) {
+        case Axis::deltas:
+            return thermo::ResS;
+        case Axis::deltah:
+            return thermo::ResH;
+        case Axis::deltag:
+            return thermo::ResG;
+        case Axis::deltacp:
+            return thermo::ResCp;
+        default:
+            return std::nullopt;
+    }
+}
+
+struct State {
+    std::int16_t code;
+    double T, p, v;
+    const StateValues& functions;
+};
+
+std::optional<double> caloric_on_axis(Axis axis, const State& state) {
+    const double factor = Module2::CaloricFactorOf(session.CaloricUnit, state.T);
+    const StateValues& f = state.functions;
+    if (const auto column = residual_of(axis)) {
+        if (!f.table.filled) return std::nullopt;
+        return constants::R * f.table.residual[*column] * factor;
+    }
+    Function function = function_of(axis);
+    if (axis == Axis::e)
+        function = is_closed_system(state.code) ? &StateValues::eU : &StateValues::eH;
+    if (function == nullptr) return std::nullopt;
+    const auto value = value_of(f, function);
+    if (!value) return value;
+    const double scale = axis == Axis::Tenvs ? Declare::reference.Tenv * factor : factor;
+    return *value * scale;
+}
+
+std::optional<double> on_axis(Axis axis, const State& state) {
+    const auto TF = static_cast<double>(session.TemperatureFactor);
+    const auto PF = static_cast<double>(session.PressureFactor);
+    const double VF = session.VolumeFactor;
+    switch (axis) {
+        case Axis::T:
+            return state.T * TF;
+        case Axis::p:
+            return state.p * PF;
+        case Axis::v:
+            return state.v * VF;
+        case Axis::rho:
+            return static_cast<double>(Declare::substance.M) / state.v;
+        case Axis::pv:
+            return state.p * PF * state.v * VF;
+        case Axis::inverseT:
+            return 1 / (state.T * TF);
+        case Axis::lnp:
+            return std::log(state.p * PF);
+        case Axis::jouleThomson:
+            if (!state.functions.table.filled) return std::nullopt;
+            return state.functions.table.residual[thermo::JouleThomson];
+        case Axis::inverseTSlope:
+        case Axis::dlnp:
+        case Axis::deltaLVh:
+        case Axis::cpDatabase:
+            return std::nullopt;
+        default:
+            return caloric_on_axis(axis, state);
+    }
+}
+
+bool is_caloric(Axis axis) {
+    return axis >= Axis::jouleThomson;
+}
+
+/// z of a diagram whose own curves have no parameter: both axes hold two of T, p, v already.
+float mark_for_z(std::int16_t code) {
+    const float mark = MarkOf(code);
+    return mark == kMarkNone ? kMarkV : mark;
+}
+
+}  // namespace
+
+Projection ProjectState(std::int16_t DiagramType, double T, double p, double v,
+                        const thermo::StateValues& functions) {
+    const Module9::CatalogueRow* row = Module9::FindRow(DiagramType);
+    if (row == nullptr || !(T > 0) || !(p > 0) || !(v > 0)) return {};
+    const State state{DiagramType, T, p, v, functions};
+    const auto x = on_axis(row->x, state);
+    const auto y = on_axis(row->y, state);
+    if (!x || !y || !std::isfinite(*x) || !std::isfinite(*y)) return {};
+
+    Projection r{.x = *x, .y = *y, .exists = true};
+    const float mark = mark_for_z(DiagramType);
+    r.zKind = static_cast<std::int16_t>(mark);
+    r.z = mark == kMarkT ? T : mark == kMarkP ? p : v;
+    return r;
+}
+
+bool NeedsFunctions(std::int16_t DiagramType) {
+    const Module9::CatalogueRow* row = Module9::FindRow(DiagramType);
+    return row != nullptr && (is_caloric(row->x) || is_caloric(row->y));
+}
+
+bool ShowsStates(std::int16_t DiagramType) {
+    const Module9::CatalogueRow* row = Module9::FindRow(DiagramType);
+    if (row == nullptr || row->xLimits.low == nullptr) return false;
+    const auto shows = [](Axis axis) {
+        return axis != Axis::inverseTSlope && axis != Axis::dlnp && axis != Axis::deltaLVh;
+    };
+    return shows(row->x) && shows(row->y);
+}
+
+}  // namespace kurve

@@ -1,0 +1,216 @@
+#include "diagrams/sheet_draw.h"
+
+#include <algorithm>
+#include <array>
+
+#include "common/constants.h"
+#include "common/dialogs.h"
+#include "common/numbers.h"
+#include "diagrams/catalogue.h"
+#include "models/model_tables.h"
+#include "session/declare.h"
+#include "session/module2.h"
+
+namespace Module9 {
+
+namespace {
+
+using Declare::session;
+
+constexpr std::int16_t kIsochoreDiagram = 5;
+constexpr std::int16_t kFirstProcessLine = 201, kLastProcessLine = 211;
+
+// Codes of the coexistence curve in the diagrams in which it can be added.
+struct CodePair {
+    std::int16_t diagram, coexistence;
+};
+constexpr auto kCoexistence = std::to_array<CodePair>(
+    {{1, 6},     {2, 106},   {3, 7},     {4, 12},   {5, 9},     {15, 90},  {16, 91},   {184, 91},
+     {17, 93},   {18, 94},   {19, 92},   {21, 96},  {22, 96},   {23, 121}, {109, 121}, {24, 120},
+     {107, 120}, {26, 27},   {150, 70},  {151, 71}, {152, 73},  {153, 74}, {154, 72},  {155, 75},
+     {156, 97},  {157, 100}, {158, 101}, {159, 89}, {160, 102}, {181, 95}, {182, 98},  {183, 99}});
+
+// Projections that a diagram of their own shows as one line for each branch.
+constexpr auto kOwnBranches =
+    std::to_array<std::int16_t>({6, 7, 12, 27, 90, 91, 92, 93, 94, 95, 106});
+
+std::string point(double value, std::string_view mask) {
+    return numbers::FormatPoint(value, mask);
+}
+
+std::string temperature() {
+    return point(session.DiagramT, "####0.0# K ");
+}
+
+std::string pressure() {
+    return point(session.DiagramP, "#####0.0# kPa ");
+}
+
+CurveName plain(const std::string& legend) {
+    return {legend, legend};
+}
+
+CurveName process_line_name() {
+    constexpr std::array<std::string_view, 7> kKinds{
+        "free straight line", "Isotherm",    "Isobar",    "Isochore ",
+        "Isentropic",         "Isenthalpic", "Polytropic"};
+    const std::size_t kind = std::min<std::size_t>(Declare::processLine.Kind, kKinds.size() - 1);
+    std::string name(kKinds[kind]);
+    if (kind == 1) name += " " + temperature();
+    if (kind == 2) name += " " + pressure();
+    return plain("(" + name + ") ");
+}
+
+CurveName isochore_name(bool criticalPointMarked, std::int16_t code) {
+    if (!criticalPointMarked || code != kIsochoreDiagram)
+        return plain(point(session.DiagramV, "####0.0#### m^3/kmol "));
+    const double vcrit = Declare::eosParameters.vcritCalc;
+    const bool specific = session.UnitMode == 1;
+    const double shown = specific ? session.DiagramV * session.VolumeFactor : session.DiagramV;
+    const std::string volume = point(shown, "###0.0####") + (specific ? " m^3/kg " : " m^3/kmol ");
+    // The volume counts as critical when it shows the digits of the critical one.
+    constexpr std::string_view kDigits = "###0.0####";
+    if (point(session.DiagramV, kDigits) == point(vcrit, kDigits))
+        return {volume + " (cr) ", volume + "(cr)"};
+    if (session.DiagramV > vcrit) return {volume + " (V) ", volume + "(V)"};
+    return {volume + " (L) ", volume + "(L)"};
+}
+
+std::string database_equation(std::int16_t code) {
+    switch (code) {
+        case 300:
+            return "rho(L) = Fu(T)";
+        case 301:
+            return "v(L) = M / rho(L)";
+        case 302:
+            return "cp(id. gas) = Fu(T)";
+        case 303:
+            return "cp(L) = Fu(T)";
+        case 304:
+            return "cp(S) = Fu(T)";
+        case 305:
+            return "delta(LV)h = Fu(T)";
+        case 306:
+            return std::string(Calc::VPName(Calc::VPIndex("FRO")));
+        case 307:
+            return std::string(Calc::VPName(Calc::VPIndex("WAG")));
+        case 308:
+            return std::string(Calc::VPName(Calc::VPIndex("ALP")));
+        case 309:
+            return std::string(Calc::VPName(Calc::VPIndex("AHP")));
+        case 310:
+            return "rho(S) = Fu(T)";
+        default:
+            return "Fu(T)";
+    }
+}
+
+/// The range in which a curve is computed: the coordinates, and what is shown beside them.
+Declare::DiagramRequest computing_request(const DiagramSheet& sheet) {
+    Declare::DiagramRequest request = sheet.request;
+    const chart::Window shown = chart::ShownWindow(sheet.chart);
+    request.xMin = std::min(request.xMin, static_cast<float>(shown.x.min));
+    request.xMax = std::max(request.xMax, static_cast<float>(shown.x.max));
+    request.yMin = std::min(request.yMin, static_cast<float>(shown.y.min));
+    request.yMax = std::max(request.yMax, static_cast<float>(shown.y.max));
+    return request;
+}
+
+/// The kinds that complete their texts while they are computed.
+void take_texts(DiagramSheet& sheet, const Declare::DiagramRequest& computed) {
+    if (computed.title == sheet.request.title && computed.subTitle == sheet.request.subTitle)
+        return;
+    sheet.request.title = computed.title;
+    sheet.request.subTitle = computed.subTitle;
+    ShowTexts(sheet);
+}
+
+}  // namespace
+
+std::int16_t CoexistenceCodeOf(std::int16_t DiagramType) {
+    const auto found = std::find_if(kCoexistence.begin(), kCoexistence.end(),
+                                    [&](const CodePair& p) { return p.diagram == DiagramType; });
+    return found == kCoexistence.end() ? std::int16_t{0} : found->coexistence;
+}
+
+bool HasBranches(std::int16_t code) {
+    if (std::find(kOwnBranches.begin(), kOwnBranches.end(), code) != kOwnBranches.end())
+        return true;
+    constexpr std::int16_t kVapourPressure = 9;
+    return code != kVapourPressure &&
+           std::any_of(kCoexistence.begin(), kCoexistence.end(),
+                       [&](const CodePair& p) { return p.coexistence == code; });
+}
+
+CurveName NameOf(const Declare::DiagramRequest& request, bool criticalPointMarked) {
+    if (request.DiagramType >= kFirstProcessLine && request.DiagramType <= kLastProcessLine)
+        return process_line_name();
+    if (session.TieLineRequested) return plain("Tie-Line V-L ");
+    switch (request.sectionKind) {
+        case kIsothermal:
+            return {"(" + temperature() + ") ", temperature()};
+        case kIsobaric:
+            return plain(pressure());
+        case kIsochoric:
+            return isochore_name(criticalPointMarked, request.DiagramType);
+        case kInversion:
+            return {"Inversion curve", "delta = 0 "};
+        case kProjection:
+            return plain("VLE ");
+        case kDatabase:
+            return plain("(" + database_equation(request.DiagramType) + ")");
+        default:
+            return {};
+    }
+}
+
+DrawOutcome DrawCurve(DiagramSheet& sheet, const std::string& branch) {
+    Module2::RefreshUnits();
+    DrawOutcome outcome;
+    Declare::CurvePointArray points;
+    kurve::CurveResult result;
+    Declare::DiagramRequest request = computing_request(sheet);
+    {
+        const Module2::BusyPointer busy;
+        result =
+            kurve::CalcCurve(request, points, session.DiagramT, session.DiagramP, session.DiagramV);
+    }
+    outcome.status = result.status;
+    const kurve::StatusText said = kurve::TextOf(result);
+    if (!said.text.empty()) dialogs::Tell(said.text, said.title);
+    if (!kurve::IsDrawn(result.status)) return outcome;
+
+    take_texts(sheet, request);
+    // The series ends at the range in which it was computed.
+    std::swap(sheet.request.xMax, request.xMax);
+    outcome.slot = StoreCurve(sheet, points);
+    std::swap(sheet.request.xMax, request.xMax);
+    if (outcome.slot < 0) return outcome;
+    const bool marked = HasCriticalPoint(sheet, true) || HasCriticalPoint(sheet, false);
+    const CurveName name = NameOf(sheet.request, marked);
+    NameCurve(sheet, outcome.slot, name.legend + branch, name.label + branch);
+    return outcome;
+}
+
+bool DrawBothBranches(DiagramSheet& sheet) {
+    if (!HasBranches(sheet.request.DiagramType)) return DrawCurve(sheet).slot >= 0;
+    session.CoexistenceRequested = true;
+    session.VapourFraction = 0;
+    bool drawn = DrawCurve(sheet, " (L)").slot >= 0;
+    if (drawn) {
+        session.VapourFraction = 1;
+        drawn = DrawCurve(sheet, " (V)").slot >= 0;
+    }
+    session.VapourFraction = 1;
+    session.CoexistenceRequested = false;
+    return drawn;
+}
+
+bool Draw(DiagramSheet& sheet) {
+    if (sheet.SwappedAxes || !kurve::HasCurve(sheet.request.DiagramType)) return false;
+    session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+    if (sheet.request.sectionKind == kProjection) return DrawBothBranches(sheet);
+    return DrawCurve(sheet).slot >= 0;
+}
+
+}  // namespace Module9

@@ -1,0 +1,408 @@
+#include "diagrams/sheet_marks.h"
+
+#include <cmath>
+#include <initializer_list>
+#include <string>
+
+#include "common/constants.h"
+#include "common/dialogs.h"
+#include "common/numbers.h"
+#include "diagrams/catalogue.h"
+#include "diagrams/project_state.h"
+#include "diagrams/sheet_draw.h"
+#include "models/caloric.h"
+#include "models/state_solver.h"
+#include "models/vapour_pressure.h"
+#include "session/declare.h"
+#include "session/module2.h"
+
+namespace Module9 {
+
+namespace {
+
+using Declare::models;
+using Declare::session;
+using Declare::substance;
+
+constexpr auto kRefused = "Execution not possible";
+constexpr float kFarT = -1e10F, kFarP = -1e6F, kFarV = -1e8F;
+constexpr double kPlaceOfText = 1.0 / 6.0;  // of the window
+constexpr chart::Colour kMarkColour = chart::Rgb(0x6B7280);
+
+constexpr std::int16_t kLogarithmic = 10, kSlope = 11;
+constexpr std::int16_t kRhoTProjection = 8, kBisectionCode = 80;
+
+bool is_one_of(std::int16_t code, std::initializer_list<int> codes) {
+    for (const int one : codes)
+        if (one == code) return true;
+    return false;
+}
+
+/// Where an axis of the diagram shows a quantity.
+enum class Direction { None, Vertical, Horizontal };
+
+Direction direction_of(const Declare::DiagramRequest& request,
+                       std::initializer_list<Axis> quantities) {
+    const CatalogueRow* row = FindRow(request.DiagramType);
+    if (row == nullptr) return Direction::None;
+    for (const Axis quantity : quantities) {
+        if (row->x == quantity) return Direction::Vertical;
+        if (row->y == quantity) return Direction::Horizontal;
+    }
+    return Direction::None;
+}
+
+Direction direction_of_T(const Declare::DiagramRequest& request) {
+    return direction_of(request, {Axis::T, Axis::inverseT, Axis::inverseTSlope});
+}
+Direction direction_of_p(const Declare::DiagramRequest& request) {
+    return direction_of(request, {Axis::p, Axis::lnp});
+}
+Direction direction_of_v(const Declare::DiagramRequest& request) {
+    return direction_of(request, {Axis::v});
+}
+Direction direction_of_rho(const Declare::DiagramRequest& request) {
+    return direction_of(request, {Axis::rho});
+}
+
+struct ReferenceLine {
+    int labelIndex;
+    double value;  ///< in displayed units
+    std::string text;
+    float far;  ///< where the line begins
+};
+
+/// A line across the window with a text at one sixth of it.
+void add_line(DiagramSheet& sheet, Direction direction, const ReferenceLine& line) {
+    auto& curves = sheet.chart.curves;
+    chart::SeriesAt(sheet.chart, chart::Group::Curves, kFirstReferenceLine - 1);
+    chart::Series series;
+    series.isReference = true;
+    series.inLegend = false;
+    series.legend = line.text;  // by which it is found again
+    series.line = {chart::LinePattern::Dashed, kMarkColour, 1};
+    series.symbol = chart::SymbolShape::Hidden;
+
+    chart::Label label;
+    label.index = line.labelIndex;
+    label.text = line.text;
+    label.textColour = kMarkColour;
+    const auto value = static_cast<float>(line.value);
+    const chart::WindowScale scale(sheet.chart);
+    constexpr double kClear = 9;  // pixels between line and text
+    if (direction == Direction::Vertical) {
+        series.x = {value, value};
+        series.y = {line.far, static_cast<float>(sheet.chart.y.max)};
+        label.x = line.value;
+        label.y = scale.y(kPlaceOfText);
+        label.rotation = 90;
+        label.dx = kClear;
+    } else {
+        series.x = {line.far, static_cast<float>(sheet.chart.x.max)};
+        series.y = {value, value};
+        label.x = scale.x(kPlaceOfText);
+        label.y = line.value;
+        label.dy = -kClear;
+    }
+    curves.push_back(std::move(series));
+    sheet.chart.labels.push_back(std::move(label));
+}
+
+/// Takes away an earlier line of the same meaning.
+void remove_line(DiagramSheet& sheet, int labelIndex, std::string_view text) {
+    std::erase_if(sheet.chart.labels, [&](const chart::Label& l) { return l.index == labelIndex; });
+    std::erase_if(sheet.chart.curves,
+                  [&](const chart::Series& s) { return s.isReference && s.legend == text; });
+}
+
+bool refuse_vapour_only(const char* text) {
+    if (!models.EOSOnlyV) return false;
+    dialogs::Tell(text, kRefused);
+    return true;
+}
+
+constexpr auto kTooHot = "only possible in the 2-phase region V-L  (T<T(cr))";
+constexpr auto kTooHigh = "only possible in the 2-phase region V-L  (p<p(cr))";
+
+bool refuse_supercritical_T() {
+    if (session.DiagramT < substance.Tcrit) return false;
+    dialogs::Tell(kTooHot, kRefused);
+    return true;
+}
+
+bool refuse_supercritical_p() {
+    if (session.DiagramP < substance.pcrit) return false;
+    dialogs::Tell(kTooHigh, kRefused);
+    return true;
+}
+
+/// Another code and section kind while a mark runs.
+class Borrowed {
+  public:
+    Borrowed(DiagramSheet& sheet, std::int16_t code, std::int16_t sectionKind)
+        : request_(sheet.request), code_(request_.DiagramType), kind_(request_.sectionKind) {
+        request_.DiagramType = code;
+        request_.sectionKind = sectionKind;
+    }
+    ~Borrowed() {
+        request_.DiagramType = code_;
+        request_.sectionKind = kind_;
+    }
+    Borrowed(const Borrowed&) = delete;
+    Borrowed& operator=(const Borrowed&) = delete;
+
+  private:
+    Declare::DiagramRequest& request_;
+    std::int16_t code_, kind_;
+};
+
+/// A session flag while a mark runs.
+class Raised {
+  public:
+    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Raised() { flag_ = false; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+  private:
+    bool& flag_;
+};
+
+bool s_curve_is_isothermal(std::int16_t code) {
+    return is_one_of(code, {1, 2, 26, 40, 41, 42, 43}) || code > 149;
+}
+
+bool s_curve_is_isobaric(std::int16_t code) {
+    return is_one_of(code, {3, 4, 15, 16, 18, 30, 31, 32, 33});
+}
+
+/// Codes of an isotherm or isobar that know the unstable branch.
+bool has_s_curve(const Declare::DiagramRequest& request) {
+    const std::int16_t code = request.DiagramType;
+    if (is_one_of(code, {1, 2, 26, 3, 4, 15, 16, 17, 18, 19})) return true;
+    return code >= 156 && code <= 160;
+}
+
+std::int16_t inversion_code(std::int16_t code) {
+    constexpr std::int16_t kOverPressure = 190, kOverT = 105;
+    if (is_one_of(code, {2, 106})) return kOverPressure;
+    if (is_one_of(code, {5, 9})) return kOverT;
+    return 0;
+}
+
+}  // namespace
+
+bool OffersMark(const DiagramSheet& sheet, Mark mark) {
+    const Declare::DiagramRequest& r = sheet.request;
+    if (sheet.SwappedAxes) return false;
+    switch (mark) {
+        case Mark::T:
+            return direction_of_T(r) != Direction::None;
+        case Mark::p:
+            return direction_of_p(r) != Direction::None;
+        case Mark::v:
+            return direction_of_v(r) != Direction::None;
+        case Mark::b:
+            return direction_of_v(r) != Direction::None || direction_of_rho(r) != Direction::None;
+        case Mark::SCurve:
+            return has_s_curve(r);
+        case Mark::CriticalEx:
+        case Mark::CriticalCalc:
+            return r.DiagramType == kLogarithmic || kurve::ShowsStates(r.DiagramType);
+        case Mark::Bisection:
+            return r.DiagramType == kRhoTProjection;
+        case Mark::Inversion:
+            return inversion_code(r.DiagramType) != 0;
+        case Mark::Coexistence:
+        case Mark::Isohygric:
+            return CoexistenceCodeOf(r.DiagramType) != 0;
+        case Mark::TieLine:
+            return (r.sectionKind == kIsothermal || r.sectionKind == kIsobaric) &&
+                   kurve::ShowsStates(r.DiagramType);
+    }
+    return false;
+}
+
+bool MarkTGrenzen(DiagramSheet& sheet) {
+    if (!OffersMark(sheet, Mark::T)) return false;
+    DeleteReferenceLines(sheet);
+    DeleteMarkerLabels(sheet);
+
+    const Direction direction = direction_of_T(sheet.request);
+    const double factor = static_cast<double>(session.TemperatureFactor);
+    const bool inverse = is_one_of(sheet.request.DiagramType, {kLogarithmic, kSlope});
+    int index = LabelIndex::kFirstT;
+    const auto line = [&](const char* text, double T) {
+        if (T > 0) {
+            const double value = inverse ? 1 / (factor * T) : factor * T;
+            add_line(sheet, direction, {index, value, text, kFarT});
+        }
+        ++index;
+    };
+    line("T(cr)", substance.Tcrit);
+    line("T(triple)", substance.Ttriple);
+    if (session.PartialGasCurve) {
+        line("                      T(LV) at p",
+             Calc::BoilingTemperature(session.DiagramP, models.VPCode, false).T);
+        line("                      T(LV) at normal pressure", substance.Tboil);
+    }
+    return HasReferenceLines(sheet);
+}
+
+bool MarkPressures(DiagramSheet& sheet) {
+    if (!OffersMark(sheet, Mark::p)) return false;
+    DeleteReferenceLines(sheet);
+    DeleteMarkerLabels(sheet);
+
+    const Direction direction = direction_of_p(sheet.request);
+    const double factor = static_cast<double>(session.PressureFactor);
+    const bool logarithm = sheet.request.DiagramType == kLogarithmic;
+    int index = LabelIndex::kFirstP;
+    const auto line = [&](const char* text, double p) {
+        if (p > 0) {
+            const double value = logarithm ? std::log(factor * p) : factor * p;
+            add_line(sheet, direction, {index, value, text, kFarP});
+        }
+        ++index;
+    };
+    line("p(cr)", substance.pcrit);
+    line("p(LV) at T ", Calc::VapourPressure(session.DiagramT, models.VPCode, false).p);
+    line(logarithm ? "Normal-p" : "normal p", constants::kNormalPressure);
+    return HasReferenceLines(sheet);
+}
+
+bool MarkVolume(DiagramSheet& sheet) {
+    if (!OffersMark(sheet, Mark::v)) return false;
+    const double v = Declare::eosParameters.vcritCalc;
+    if (!(v > 0)) return false;
+    remove_line(sheet, LabelIndex::kVolume, "v(crit)");
+    add_line(sheet, direction_of_v(sheet.request),
+             {LabelIndex::kVolume, v * session.VolumeFactor, "v(crit)", kFarV});
+    return true;
+}
+
+bool MarkCovolume(DiagramSheet& sheet) {
+    if (!OffersMark(sheet, Mark::b)) return false;
+    Declare::EOSState state = Declare::eosState;
+    if (!models.EOSOnlyV)
+        state = Calc::solve_state_tp(Calc::CurrentFluid(), session.DiagramT, substance.pcrit).state;
+    const double b = state.eosB;
+    if (models.EOSOnlyV || !(b > 0)) {
+        dialogs::Tell("possible for cubic EOS only.", kRefused);
+        return false;
+    }
+    remove_line(sheet, LabelIndex::kCovolume, "v = b");
+    const Direction ofVolume = direction_of_v(sheet.request);
+    const bool density = ofVolume == Direction::None;
+    add_line(sheet, density ? direction_of_rho(sheet.request) : ofVolume,
+             {LabelIndex::kCovolume, density ? substance.M / b : b * session.VolumeFactor, "v = b",
+              kFarV});
+    return true;
+}
+
+bool MarkSCurve(DiagramSheet& sheet) {
+    if (!OffersMark(sheet, Mark::SCurve)) return false;
+    if (refuse_vapour_only("V-L coex. curve possible for cubic EOS only.")) return false;
+    const std::int16_t code = sheet.request.DiagramType;
+    if (s_curve_is_isothermal(code) && refuse_supercritical_T()) return false;
+    if (s_curve_is_isobaric(code) && refuse_supercritical_p()) return false;
+    const Raised requested(session.SCurveRequested);
+    return DrawCurve(sheet).slot >= 0;
+}
+
+bool MarkCriticalPoint(DiagramSheet& sheet, bool experimental) {
+    if (!OffersMark(sheet, experimental ? Mark::CriticalEx : Mark::CriticalCalc)) return false;
+    Module2::RefreshUnits();
+    const double v = experimental ? substance.vcritExp : Declare::eosParameters.vcritCalc;
+    const double T = substance.Tcrit, p = substance.pcrit;
+    const std::int16_t code = sheet.request.DiagramType;
+    thermo::StateValues functions;
+    if (kurve::NeedsFunctions(code)) {
+        // The caloric values belong to the state of the EOS at T(cr) and p(cr).
+        const Calc::StateTP state = Calc::SolveStateTP(T, p);
+        const double ofState = state.hasV ? state.vV : state.vL;
+        functions = thermo::StateFunctions(T, p, ofState > 0 ? ofState : v);
+    }
+    const bool needsVolume =
+        direction_of(sheet.request, {Axis::v, Axis::rho, Axis::pv}) != Direction::None;
+    kurve::Projection at;
+    if (v > 0 || !needsVolume) at = kurve::ProjectState(code, T, p, v, functions);
+    if (!at.exists) {
+        dialogs::Tell("No critical density available", kRefused);
+        return false;
+    }
+
+    DeleteCriticalPoint(sheet, experimental);
+    const int slot = experimental ? kCriticalExSeries : kCriticalCalcSeries;
+    chart::Series& series = chart::SeriesAt(sheet.chart, chart::Group::Points, slot);
+    series = chart::DefaultPointSet(slot);
+    series.inLegend = false;
+    series.symbol = experimental ? chart::SymbolShape::Box : chart::SymbolShape::Circle;
+    series.symbolColour = chart::kInk;
+    series.x = {static_cast<float>(at.x)};
+    series.y = {static_cast<float>(at.y)};
+    chart::Label label;
+    label.index = experimental ? LabelIndex::kCriticalEx : LabelIndex::kCriticalCalc;
+    label.onPoint = true;
+    label.group = chart::Group::Points;
+    label.series = slot;
+    label.text = experimental ? "CP (exp.)" : "CP (calc.)";
+    constexpr double kBeside = 34, kAbove = 12;  // pixels; both texts have room at one place
+    label.dx = kBeside;
+    label.dy = experimental ? -kAbove : kAbove;
+    sheet.chart.labels.push_back(std::move(label));
+    return true;
+}
+
+bool MarkBisection(DiagramSheet& sheet) {
+    if (!OffersMark(sheet, Mark::Bisection)) return false;
+    const Borrowed code(sheet, kBisectionCode, sheet.request.sectionKind);
+    const DrawOutcome drawn = DrawCurve(sheet);
+    if (drawn.slot < 0) return false;
+    NameCurve(sheet, drawn.slot, "rho-bisection line", "");
+    return true;
+}
+
+bool MarkInversion(DiagramSheet& sheet) {
+    if (!OffersMark(sheet, Mark::Inversion)) return false;
+    if (refuse_vapour_only("Inversion curve only possible by cubic EOS")) return false;
+    const Borrowed code(sheet, inversion_code(sheet.request.DiagramType), kInversion);
+    return DrawCurve(sheet).slot >= 0;
+}
+
+bool MarkCoexistence(DiagramSheet& sheet) {
+    if (!OffersMark(sheet, Mark::Coexistence)) return false;
+    if (refuse_vapour_only("V-L coex. curve possible for cubic EOS only.")) return false;
+    const Borrowed code(sheet, CoexistenceCodeOf(sheet.request.DiagramType), kProjection);
+    return DrawBothBranches(sheet);
+}
+
+bool MayMarkIsohygric() {
+    return !refuse_vapour_only("Isohygrics - possible only using cubic EOS");
+}
+
+bool MarkIsohygric(DiagramSheet& sheet, double fraction) {
+    if (!OffersMark(sheet, Mark::Isohygric) || !(fraction >= 0 && fraction <= 1)) return false;
+    if (!MayMarkIsohygric()) return false;
+    const Borrowed code(sheet, CoexistenceCodeOf(sheet.request.DiagramType), kProjection);
+    const Raised requested(session.CoexistenceRequested);
+    session.VapourFraction = fraction;
+    const std::string text = " y(V) = " + numbers::GeneralPoint(fraction);
+    const DrawOutcome drawn = DrawCurve(sheet, text);
+    session.VapourFraction = 1;
+    if (drawn.slot < 0) return false;
+    sheet.CurveLabels[static_cast<std::size_t>(drawn.slot)].text = text.substr(1);
+    return true;
+}
+
+bool MarkTieLine(DiagramSheet& sheet) {
+    if (!OffersMark(sheet, Mark::TieLine)) return false;
+    if (refuse_vapour_only("Tie-line V-L - possible only using cubic EOS")) return false;
+    const std::int16_t kind = sheet.request.sectionKind;
+    if (kind == kIsothermal && refuse_supercritical_T()) return false;
+    if (kind == kIsobaric && refuse_supercritical_p()) return false;
+    const Raised requested(session.TieLineRequested);
+    return DrawCurve(sheet).slot >= 0;
+}
+
+}  // namespace Module9

@@ -1,0 +1,221 @@
+#include "diagrams/sheet_points.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "common/dialogs.h"
+#include "common/text.h"
+#include "datafiles/xy_points.h"
+#include "diagrams/catalogue.h"
+#include "diagrams/database_functions.h"
+#include "session/declare.h"
+#include "session/module2.h"
+
+namespace Module9 {
+
+namespace {
+
+using Declare::BatchDataSet;
+using Declare::session;
+using Declare::substance;
+using Value = std::optional<double>;
+
+/// A value of the data; 0 means that there is none.
+Value given(double value) {
+    return value != 0 && std::isfinite(value) ? Value(value) : std::nullopt;
+}
+
+Value product(Value a, Value b) {
+    return a && b ? Value(*a * *b) : std::nullopt;
+}
+
+Value volume(Value density) {
+    if (!density || !(substance.M > 0)) return std::nullopt;
+    return substance.M / *density * session.VolumeFactor;
+}
+
+double caloric(double T) {
+    return Module2::CaloricFactorOf(session.CaloricUnit, T > 0 ? T : session.DiagramT);
+}
+
+/// One line of data seen with one of its densities.
+struct Measured {
+    const BatchDataSet& data;
+    Value density;
+
+    Value T() const {
+        return product(given(data.T), static_cast<double>(session.TemperatureFactor));
+    }
+    Value p() const { return product(given(data.p), static_cast<double>(session.PressureFactor)); }
+};
+
+Value on_axis(Axis axis, const Measured& m) {
+    switch (axis) {
+        case Axis::T:
+            return m.T();
+        case Axis::p:
+            return m.p();
+        case Axis::v:
+            return volume(m.density);
+        case Axis::rho:
+            return m.density;
+        case Axis::pv:
+            return product(m.p(), volume(m.density));
+        case Axis::inverseT:
+        case Axis::inverseTSlope:
+            return m.T() ? Value(1 / *m.T()) : std::nullopt;
+        case Axis::lnp:
+            return m.p() && *m.p() > 0 ? Value(std::log(*m.p())) : std::nullopt;
+        case Axis::deltaLVh:
+            return product(given(static_cast<double>(m.data.hLV)), caloric(m.data.T));
+        case Axis::cp:
+        case Axis::cpDatabase:
+            return product(given(static_cast<double>(m.data.cp)), caloric(m.data.T));
+        default:
+            return std::nullopt;
+    }
+}
+
+bool is_liquid_function(std::int16_t code) {
+    constexpr std::int16_t kDensity = 300, kVolume = 301, kSolidDensity = 310;
+    return code == kDensity || code == kVolume || code == kSolidDensity;
+}
+
+bool shows_coexistence(std::int16_t code) {
+    return (code >= 6 && code <= 8) || code == 12 || code == 27 || code == 106;
+}
+
+bool in_window(const DiagramSheet& sheet, float x, float y) {
+    const chart::Window w = chart::ShownWindow(sheet.chart);
+    return static_cast<double>(x) >= w.x.min && static_cast<double>(x) <= w.x.max &&
+           static_cast<double>(y) >= w.y.min && static_cast<double>(y) <= w.y.max;
+}
+
+}  // namespace
+
+MeasuredPoints MapMeasured(std::int16_t DiagramType) {
+    MeasuredPoints points;
+    const CatalogueRow* row = FindRow(DiagramType);
+    if (row == nullptr) return points;
+    const auto add = [&](const Measured& measured) {
+        const Value x = on_axis(row->x, measured), y = on_axis(row->y, measured);
+        if (!x || !y) return false;
+        const auto xf = static_cast<float>(*x), yf = static_cast<float>(*y);
+        if (!chart::IsShown(xf) || !chart::IsShown(yf)) return false;
+        points.x.push_back(xf);
+        points.y.push_back(yf);
+        return true;
+    };
+    const auto& lines = Declare::BatchData;
+    const auto count = static_cast<std::size_t>(std::max<std::int16_t>(session.BatchCount, 0));
+    for (std::size_t i = 1; i <= count && i < lines.size(); ++i) {
+        const BatchDataSet& data = lines[i];
+        if (data.skip != 0) continue;
+        const Value V = given(static_cast<double>(data.rhoV));
+        const Value L = given(static_cast<double>(data.rhoL));
+        const bool needsDensity = !add({data, std::nullopt});
+        if (!needsDensity) continue;
+        if (is_liquid_function(DiagramType)) {
+            add({data, L ? L : V});
+        } else if (shows_coexistence(DiagramType)) {
+            add({data, V});
+            add({data, L});
+        } else {
+            add({data, V ? V : L});
+        }
+    }
+    return points;
+}
+
+bool AddMeasuredPoints(DiagramSheet& sheet) {
+    if (!HasFreePointSet(sheet)) return false;
+    Module2::RefreshUnits();
+    MeasuredPoints points = MapMeasured(sheet.request.DiagramType);
+    if (sheet.SwappedAxes) std::swap(points.x, points.y);
+    bool any = false;
+    for (std::size_t i = 0; i < points.x.size(); ++i)
+        any = any || in_window(sheet, points.x[i], points.y[i]);
+    if (!any) {
+        dialogs::Tell("No experimental points in this range of the diagram ",
+                      "Execution not possible");
+        return false;
+    }
+    const std::string file = Module2::FileTitle(session.BatchFile);
+    return StorePointSet(sheet, std::move(points.x), std::move(points.y),
+                         file.empty() ? "exper. points" : file) >= 0;
+}
+
+namespace {
+
+MeasuredPoints editor_points(const DiagramSheet& sheet) {
+    MeasuredPoints points;
+    for (const Declare::FitPoint& p : LoadSaveData::ActivePoints(Declare::xyPoints)) {
+        points.x.push_back(p.x);
+        points.y.push_back(p.y);
+    }
+    if (sheet.SwappedAxes) std::swap(points.x, points.y);
+    return points;
+}
+
+std::string editor_name() {
+    const std::string comment = text::Trim(Declare::xyComment);
+    return comment.empty() ? "manual data input" : comment;
+}
+
+}  // namespace
+
+Declare::DiagramRequest RequestOfEditorGraph() {
+    const LoadSaveData::XYGraph& graph = LoadSaveData::xyGraph;
+    Declare::DiagramRequest request;
+    request.title = graph.title;
+    request.xLabel = graph.xTitle;
+    request.yLabel = graph.yTitle;
+    // The curve stays inside of the window, whose limits its points would touch.
+    constexpr float kRim = 0.05F;
+    const auto widen = [](float low, float high, float& min, float& max) {
+        const float rim = high > low ? kRim * (high - low) : 1;
+        min = low - rim;
+        max = high + rim;
+    };
+    const LoadSaveData::XYRange& range = graph.range;
+    widen(range.xMin, range.xMax, request.xMin, request.xMax);
+    widen(range.yMin, range.yMax, request.yMin, request.yMax);
+    request.xMinDefault = request.xMin;
+    request.xMaxDefault = request.xMax;
+    request.yMinDefault = request.yMin;
+    request.yMaxDefault = request.yMax;
+    return request;
+}
+
+bool AddEditorGraph(DiagramSheet& sheet) {
+    const LoadSaveData::XYGraph& graph = LoadSaveData::xyGraph;
+    std::vector<float> x, y;
+    for (const Declare::FitPoint& p : graph.points) {
+        x.push_back(p.x);
+        y.push_back(p.y);
+    }
+    if (x.empty()) return false;
+    if (graph.asPoints) return StorePointSet(sheet, std::move(x), std::move(y), editor_name()) >= 0;
+    const int slot = StorePoints(sheet, std::move(x), std::move(y));
+    if (slot < 0) return false;
+    NameCurve(sheet, slot, editor_name(), "");
+    return true;
+}
+
+bool AddEditorPoints(DiagramSheet& sheet) {
+    if (!LoadSaveData::EnoughActivePoints(Declare::xyPoints, true)) return false;
+    MeasuredPoints points = editor_points(sheet);
+    return StorePointSet(sheet, std::move(points.x), std::move(points.y), editor_name()) >= 0;
+}
+
+bool AddEditorCurve(DiagramSheet& sheet) {
+    if (!LoadSaveData::EnoughActivePoints(Declare::xyPoints, false)) return false;
+    MeasuredPoints points = editor_points(sheet);
+    const int slot = StorePoints(sheet, std::move(points.x), std::move(points.y));
+    if (slot < 0) return false;
+    NameCurve(sheet, slot, editor_name(), "");
+    return true;
+}
+
+}  // namespace Module9

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "diagrams/diagram_sheet.h"
+
+namespace Module9 {
+
+/// x and y of measured data on the axes of a diagram, in displayed units.
+struct MeasuredPoints {
+    std::vector<float> x, y;
+};
+
+/// Maps the active lines of the experimental data to the axes of a code. A line without the values
+/// that the diagram needs gives no point; one with both densities gives two in a projection.
+MeasuredPoints MapMeasured(std::int16_t DiagramType);
+
+/// `ZeigePunkte`: adds the experimental data as a set of points. Refused, and said, when all sets
+/// are in use or no point lies in the window.
+bool AddMeasuredPoints(DiagramSheet& sheet);
+
+/// An empty diagram for the graph that the XY editor has sent, and that graph in it.
+Declare::DiagramRequest RequestOfEditorGraph();
+bool AddEditorGraph(DiagramSheet& sheet);
+
+/// The active points of the XY editor's list as a set of points or as a curve.
+bool AddEditorPoints(DiagramSheet& sheet);
+bool AddEditorCurve(DiagramSheet& sheet);
+
+}  // namespace Module9

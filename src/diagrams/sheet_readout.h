@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "diagrams/diagram_sheet.h"
+
+namespace Module9 {
+
+/// What lies under the pointer.
+enum class Under : std::uint8_t { Nothing, Curve, PointSet, Text, Legend, Axis };
+
+/// Name of the parameter that the points of a curve carry, " T/K" and the like; empty for none.
+std::string ParameterCaption(const DiagramSheet& sheet, int slot);
+
+/// Text of the status line for a point of the chart: X, Y and the curve's parameter there.
+std::string Readout(const DiagramSheet& sheet, const chart::NearPoint& near);
+
+/// Text for a place without a point near by, in data coordinates.
+std::string PlaceText(double x, double y);
+
+/// What a right click would do.
+std::string Hint(Under what);
+
+/// What `cmdLegendInfo` and `cmdMsgDelPoint` explain.
+void ExplainLegend();
+void ExplainPointDeletion();
+
+/// Where the user is led who wants a legend although nothing has a legend text.
+enum class LegendAnswer : std::uint8_t { Shown, DesignCurve, DesignPoints };
+/// `mnuAddLegend`: shows the legend, or says why there is none.
+LegendAnswer AddLegend(DiagramSheet& sheet);
+
+}  // namespace Module9

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+
+#include "diagrams/diagram_sheet.h"
+
+class NumberEdit;
+
+/// The four limits of a diagram. Accepted when the sheet has taken them.
+class CoordinatesDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit CoordinatesDialog(Module9::DiagramSheet& sheet, QWidget* parent = nullptr);
+
+  private:
+    void confirm();
+
+    Module9::DiagramSheet& sheet_;
+    std::array<NumberEdit*, 4> coord_{};
+};

@@ -1,0 +1,364 @@
+#include "diagrams/views/frmGraph2D.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+
+#include "calculation/start_calculation.h"
+#include "calculation/views/calculation_views.h"
+#include "common/dialogs.h"
+#include "common/views/theme.h"
+#include "diagrams/catalogue.h"
+#include "diagrams/coordinates.h"
+#include "diagrams/parameter_input.h"
+#include "diagrams/prepare_2d.h"
+#include "diagrams/sheet_draw.h"
+#include "diagrams/sheet_file.h"
+#include "diagrams/sheet_points.h"
+#include "diagrams/sheet_readout.h"
+#include "diagrams/views/chart_qt.h"
+#include "diagrams/views/coordinates_dialog.h"
+#include "diagrams/views/design_panel.h"
+#include "diagrams/views/frmInputProzessLinien.h"
+#include "diagrams/views/frmTpVSInputBox.h"
+#include "session/actions.h"
+#include "session/declare.h"
+#include "session/module2.h"
+#include "session/views/shell.h"
+
+namespace {
+
+constexpr QSize kFirstSize(860, 620);
+constexpr int kPanelWidth = 300;
+constexpr int kCascade = 26;  // pixels between diagrams that open on each other
+constexpr std::uint8_t kRangeInput = 7, kFractionInput = 8;
+
+std::vector<frmGraph2D*>& openDiagrams() {
+    static std::vector<frmGraph2D*> all;  // the one in use last
+    return all;
+}
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+}  // namespace
+
+frmGraph2D* frmGraph2D::current() {
+    return openDiagrams().empty() ? nullptr : openDiagrams().back();
+}
+
+void frmGraph2D::Open() {
+    const std::size_t others = openDiagrams().size();
+    auto* view = new frmGraph2D(Declare::diagram);
+    shell::OpenChild(view);
+    // A further diagram does not hide the one before.
+    auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
+    if (window != nullptr && others > 0) window->move(window->pos() + QPoint(kCascade, kCascade));
+}
+
+frmGraph2D::frmGraph2D(const Declare::DiagramRequest& request) {
+    setObjectName("frmGraph2D");
+    setWindowIcon(theme::icon("graph2d"));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setFocusPolicy(Qt::StrongFocus);
+    Module9::OpenSheet(sheet_, request);
+    setCaption();
+
+    canvas_ = new chart::Chart2DWidget(sheet_.chart, this);
+    canvas_->setObjectName("chart");
+    canvas_->installEventFilter(this);
+    setCentralWidget(canvas_);
+    panel_ = new DesignPanel(sheet_);
+    dock_ = new QDockWidget("Design", this);
+    dock_->setObjectName("dockDesign");
+    dock_->setWidget(panel_);
+    dock_->setMinimumWidth(kPanelWidth);
+    addDockWidget(Qt::RightDockWidgetArea, dock_);
+    dock_->hide();
+    connect(panel_, &DesignPanel::changed, this, &frmGraph2D::refresh);
+
+    status_ = new QLabel;
+    status_->setObjectName("lblReadout");
+    statusBar()->addWidget(status_, 1);
+    menuBar()->setNativeMenuBar(false);
+    buildFileMenu();
+    buildMarkMenu();
+    buildDeleteMenu();
+    buildDesignMenu();
+    buildPictureMenu();
+    buildToolBar();
+    connectCanvas();
+    resize(kFirstSize);
+    openDiagrams().push_back(this);
+    refresh();
+}
+
+frmGraph2D::~frmGraph2D() {
+    std::erase(openDiagrams(), this);
+}
+
+void frmGraph2D::becomeCurrent() {
+    auto& all = openDiagrams();
+    if (std::erase(all, this) == 0) return;  // it is closing
+    all.push_back(this);
+    Module9::GiveToSession(sheet_);
+}
+
+void frmGraph2D::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (auto* window = qobject_cast<QMdiSubWindow*>(parentWidget()))
+        connect(window, &QMdiSubWindow::aboutToActivate, this, &frmGraph2D::becomeCurrent,
+                Qt::UniqueConnection);
+}
+
+void frmGraph2D::closeEvent(QCloseEvent* event) {
+    // What is deleted later is no diagram of the session any more.
+    std::erase(openDiagrams(), this);
+    event->accept();
+}
+
+void frmGraph2D::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || sheet_.SwappedAxes) return QMainWindow::keyPressEvent(event);
+    draw();
+}
+
+void frmGraph2D::setCaption(const QString& file) {
+    setWindowTitle(file.isEmpty() ? qt(Module9::ViewCaption(sheet_.request)) : "Filename: " + file);
+}
+
+void frmGraph2D::closeView() {
+    QWidget* window = this;
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) window = sub;
+    window->close();
+}
+
+// ----------------------------------------------------------------------------------------- drawing
+
+void frmGraph2D::draw() {
+    becomeCurrent();
+    Module9::Draw(sheet_);
+    if (panel_ != nullptr && sheet_.currentSlot >= 0 && dock_->isVisible())
+        panel_->showCurve(sheet_.currentSlot);
+    refresh();
+}
+
+void frmGraph2D::ShowDatabaseFunction(float low, float high) {
+    sheet_.request.validityLow = low;
+    sheet_.request.validityHigh = high;
+    draw();
+}
+
+void frmGraph2D::abortWhenEmpty() {
+    if (!Module9::HasAnything(sheet_)) closeView();
+}
+
+void frmGraph2D::askParameter() {
+    becomeCurrent();
+    frmTpVSInputBox box(sheet_.request.sectionKind, shell::FrameWindow());
+    if (shell::OpenModal(box) != QDialog::Accepted) return abortWhenEmpty();
+    Module9::TakeParameters(sheet_);
+    if (box.drawNow()) return draw();
+    refresh();
+}
+
+void frmGraph2D::askRange() {
+    becomeCurrent();
+    Declare::processLine.Kind = kRangeInput;
+    frmInputProzessLinien box(sheet_.request.sectionKind, shell::FrameWindow());
+    if (shell::OpenModal(box) != QDialog::Accepted) return abortWhenEmpty();
+    Module9::TakeParameters(sheet_);
+    draw();
+}
+
+void frmGraph2D::askIsohygric() {
+    becomeCurrent();
+    if (!Module9::MayMarkIsohygric()) return;
+    Declare::processLine.Kind = kFractionInput;
+    frmInputProzessLinien box(sheet_.request.sectionKind, shell::FrameWindow());
+    if (shell::OpenModal(box) != QDialog::Accepted) return;
+    Module9::MarkIsohygric(sheet_, box.vapourFraction());
+    refresh();
+}
+
+void frmGraph2D::askCoordinates() {
+    CoordinatesDialog box(sheet_, shell::FrameWindow());
+    if (shell::OpenModal(box) != QDialog::Accepted) return;
+    canvas_->forgetZoom();
+    refresh();
+}
+
+void frmGraph2D::askText() {
+    const auto typed = dialogs::AskInput({"Text", "Additional text", ""});
+    if (!typed || typed->empty()) return;
+    Module9::AddText(sheet_, *typed);
+    refresh();
+}
+
+void frmGraph2D::addLegend() {
+    switch (Module9::AddLegend(sheet_)) {
+        case Module9::LegendAnswer::DesignCurve:
+            return design("curves");
+        case Module9::LegendAnswer::DesignPoints:
+            return design("points");
+        case Module9::LegendAnswer::Shown:
+            return refresh();
+    }
+}
+
+void frmGraph2D::loadOC2() {
+    becomeCurrent();
+    switch (Module9::LoadOC2(sheet_)) {
+        case Module9::LoadOutcome::Loaded:
+            break;
+        case Module9::LoadOutcome::Failed:
+            return closeView();
+        case Module9::LoadOutcome::Cancelled:
+            return refresh();
+    }
+    setCaption(qt(Module2::FileTitle(sheet_.loadedFile)));
+    canvas_->forgetZoom();
+    refresh();
+}
+
+// ------------------------------------------------------------------------------------------ design
+
+void frmGraph2D::refresh() {
+    paintSheet();
+    panel_->follow();
+    canvas_->setZoomEnabled(!sheet_.SwappedAxes);
+    parameter_->setText(
+        sheet_.SwappedAxes ? QString() : qt(Module9::ShownParameter(sheet_.request.sectionKind)));
+    followMenus();
+}
+
+void frmGraph2D::paintSheet() {
+    Module9::PlaceLabels(sheet_, canvas_->width(), canvas_->height(), chart::QtTextMeasure());
+    canvas_->refresh();
+}
+
+bool frmGraph2D::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == canvas_ && event->type() == QEvent::Resize) paintSheet();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmGraph2D::design(const QString& page) {
+    dock_->show();
+    panel_->follow();
+    panel_->showPage(page);
+    const int slot = curveInUse();
+    if (page == "curves" && slot >= 0) panel_->showCurve(slot);
+}
+
+void frmGraph2D::designHit(const chart::ChartHit& hit) {
+    dock_->show();
+    panel_->follow();
+    panel_->showHit(hit);
+}
+
+int frmGraph2D::curveInUse() const {
+    if (dock_->isVisible() && panel_->curve() >= 0) return panel_->curve();
+    const int last = sheet_.currentSlot;
+    if (last >= 0 && !sheet_.CurveFree[static_cast<std::size_t>(last)]) return last;
+    for (int slot = Module9::kMaxCurves - 1; slot >= 0; --slot)
+        if (!sheet_.CurveFree[static_cast<std::size_t>(slot)]) return slot;
+    return -1;
+}
+
+void frmGraph2D::showReadout(const chart::ChartHit& hit) {
+    using chart::ChartPart;
+    Module9::Under under = Module9::Under::Nothing;
+    std::string text;
+    if (hit.part == ChartPart::Curve || hit.part == ChartPart::PointSet)
+        text = Module9::Readout(sheet_, {hit.group, hit.series, hit.point, 0});
+    else if (hit.inPlot)
+        text = Module9::PlaceText(hit.x, hit.y);
+    if (hit.part == ChartPart::Legend) under = Module9::Under::Legend;
+    if (hit.part == ChartPart::Label || hit.part == ChartPart::Header ||
+        hit.part == ChartPart::Footer)
+        under = Module9::Under::Text;
+    status_->setText(qt(text + Module9::Hint(under)));
+}
+
+void frmGraph2D::clicked(const chart::ChartHit& hit) {
+    becomeCurrent();
+    if (hit.part == chart::ChartPart::Curve &&
+        Module9::DeleteSinglePoint(sheet_, hit.series, hit.point))
+        refresh();
+}
+
+void frmGraph2D::connectCanvas() {
+    using chart::Chart2DWidget;
+    using chart::ChartHit;
+    connect(canvas_, &Chart2DWidget::mouseMoved, this, &frmGraph2D::showReadout);
+    connect(canvas_, &Chart2DWidget::rightClicked, this, &frmGraph2D::designHit);
+    connect(canvas_, &Chart2DWidget::partMoved, this, &frmGraph2D::refresh);
+    connect(canvas_, &Chart2DWidget::windowChanged, this, [this] {
+        Module9::FollowWindow(sheet_);
+        refresh();
+    });
+    connect(canvas_, &Chart2DWidget::mouseReleased, this,
+            [this](const ChartHit& hit, Qt::MouseButton button, bool click) {
+                if (click && button == Qt::LeftButton) clicked(hit);
+            });
+}
+
+// ----------------------------------------------------------------------------------------- opening
+
+namespace graph2d_views {
+
+namespace {
+
+/// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
+void open_from_menu() {
+    constexpr std::int16_t kVaporisation = 13, kByBenson = 6, kVaporisationAtT = 6;
+    const bool needsReference =
+        Declare::diagram.DiagramType == kVaporisation && Declare::models.HLVModel == kByBenson;
+    if (!needsReference) return Module9::OpenDiagram2D();
+    const std::int16_t mode = std::exchange(Declare::session.CalcMode, kVaporisationAtT);
+    calculation_views::OpenCalcIn(true);
+    Declare::session.CalcMode = mode;
+}
+
+/// The XY editor's graph gets a diagram of its own, in which nothing is computed.
+void open_editor_graph() {
+    const Declare::DiagramRequest before =
+        std::exchange(Declare::diagram, Module9::RequestOfEditorGraph());
+    frmGraph2D::Open();
+    Declare::diagram = before;
+    frmGraph2D* view = frmGraph2D::current();
+    Module9::AddEditorGraph(view->sheet());
+    view->refresh();
+}
+
+}  // namespace
+
+void Install() {
+    Zentrale::views().prepareDiagram = Module9::OpenDiagram2D;
+    Module9::Views2D() = {
+        .openDiagram = frmGraph2D::Open,
+        .openParameterInput =
+            [] {
+                if (frmGraph2D* view = frmGraph2D::current()) view->askParameter();
+            },
+        .openRangeInput =
+            [] {
+                if (frmGraph2D* view = frmGraph2D::current()) view->askRange();
+            },
+        .showDatabaseFunction =
+            [](float low, float high) {
+                if (frmGraph2D* view = frmGraph2D::current()) view->ShowDatabaseFunction(low, high);
+            },
+    };
+    actions::RegisterAction("Diagram2D", open_from_menu);
+    actions::RegisterAction("graph_xy", open_editor_graph);
+    actions::RegisterAction("CalcCoordinateDefaults",
+                            [] { Module9::CalcCoordinateDefaults(Declare::coordinates); });
+}
+
+}  // namespace graph2d_views

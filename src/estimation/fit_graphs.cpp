@@ -1,0 +1,181 @@
+#include "estimation/fit_graphs.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "common/dialogs.h"
+
+namespace estimation {
+
+namespace {
+
+constexpr double kMargin = 0.05;  // of the width of the points, on both sides
+constexpr int kCurveIntervals = 300;
+constexpr int kSearchIntervals = 400;  // of the points' range, when x is sought
+constexpr int kSearchWidths = 10;      // how far beyond the points x is sought, in their width
+constexpr int kBisections = 200;
+
+bool IsPressure(const FitModelRow& row) {
+    return row.tab == FitTab::VapourPressure;
+}
+
+/// Calls `use` with x and y of every active point.
+template <class Use>
+void ForActive(const FitState& state, Use use) {
+    for (const Declare::FitPoint& point : state.FitPoints)
+        if (IsActive(point)) use(static_cast<double>(point.x), static_cast<double>(point.y));
+}
+
+struct Range {
+    double low = std::numeric_limits<double>::infinity();
+    double high = -std::numeric_limits<double>::infinity();
+
+    void Include(double v) {
+        low = std::min(low, v);
+        high = std::max(high, v);
+    }
+    bool Empty() const { return !(low <= high); }
+    double Width() const { return high - low; }
+    Range Widened() const { return {low - kMargin * Width(), high + kMargin * Width()}; }
+};
+
+/// Axis ranges from the points alone.
+void SetAxes(FitGraph& graph) {
+    Range x;
+    Range y;
+    for (const GraphPoint& p : graph.points) {
+        x.Include(p.x);
+        y.Include(p.y);
+    }
+    if (x.Empty()) return;
+    x = x.Widened();
+    y = y.Widened();
+    graph.xMin = x.low;
+    graph.xMax = x.high;
+    graph.yMin = y.low;
+    graph.yMax = y.high;
+}
+
+const FitModelRow* RowOf(const FitState& state) {
+    return FindModel(state.FitModel);
+}
+
+/// f(x) - y of the fitted function, NaN where it has no value.
+double Difference(const FitState& state, double x, double y) {
+    double value = 0;
+    if (!EvaluateFit(state, x, value) || !std::isfinite(value)) return std::nan("");
+    return value - y;
+}
+
+/// The zero of the difference between two x where it changes sign.
+double Bisect(const FitState& state, double low, double high, double y) {
+    const bool rising = Difference(state, high, y) > 0;
+    for (int i = 0; i < kBisections; ++i) {
+        const double middle = 0.5 * (low + high);
+        if (!(middle > low && middle < high)) break;
+        ((Difference(state, middle, y) > 0) == rising ? high : low) = middle;
+    }
+    return std::fabs(Difference(state, low, y)) < std::fabs(Difference(state, high, y)) ? low
+                                                                                        : high;
+}
+
+std::optional<double> NoValue() {
+    dialogs::Tell("The fitted function has no result for this value.", "Error",
+                  dialogs::Icon::Stop);
+    return std::nullopt;
+}
+
+}  // namespace
+
+FitGraph ResidualGraph(const FitState& state) {
+    FitGraph graph;
+    const FitModelRow* row = RowOf(state);
+    if (row == nullptr) return graph;
+    graph.title = "residuals of the fitting, absolute";
+    graph.yTitle = IsPressure(*row) ? "(p(calc) - p(exp)) / kPa" : "(y(calc) - y(exp))";
+    graph.xTitle = "T / K";
+    ForActive(state, [&](double x, double y) {
+        const double residual = Difference(state, x, y);
+        if (std::isfinite(residual)) graph.points.push_back({x, residual});
+    });
+    SetAxes(graph);
+    return graph;
+}
+
+FitGraph FunctionGraph(const FitState& state) {
+    FitGraph graph;
+    const FitModelRow* row = RowOf(state);
+    if (row == nullptr) return graph;
+    graph.title = "fitted function y(T)";
+    graph.yTitle = IsPressure(*row) ? "p/ kPa" : "y";
+    graph.xTitle = row->tab == FitTab::General ? "x" : "T / K";
+    ForActive(state, [&](double x, double y) { graph.points.push_back({x, y}); });
+    SetAxes(graph);
+    for (int i = 0; i <= kCurveIntervals && !graph.points.empty(); ++i) {
+        const double x = graph.xMin + (graph.xMax - graph.xMin) * i / kCurveIntervals;
+        const double y = Difference(state, x, 0);
+        if (std::isfinite(y)) graph.curve.push_back({x, y});
+    }
+    return graph;
+}
+
+std::optional<FitGraph> LnpGraph(const FitState& state) {
+    const bool positive = std::all_of(state.FitPoints.begin(), state.FitPoints.end(),
+                                      [](const auto& p) { return p.x > 0 && p.y > 0; });
+    if (!positive) {
+        dialogs::Tell("T- and p-column may not contain zero values!", "Execution not possible",
+                      dialogs::Icon::Stop);
+        return std::nullopt;
+    }
+    FitGraph graph;
+    graph.title = "fitted function ln{p} = f(1/T))";
+    graph.yTitle = "ln (p/kPa)";
+    graph.xTitle = "1/ (T/K)";
+    ForActive(state, [&](double T, double p) { graph.points.push_back({1 / T, std::log(p)}); });
+    SetAxes(graph);
+    for (int i = 0; i <= kCurveIntervals && !graph.points.empty(); ++i) {
+        const double x = graph.xMin + (graph.xMax - graph.xMin) * i / kCurveIntervals;
+        const double p = x > 0 ? Difference(state, 1 / x, 0) : 0;
+        if (p > 0) graph.curve.push_back({x, std::log(p)});
+    }
+    return graph;
+}
+
+std::optional<double> FittedY(const FitState& state, double x) {
+    const double y = Difference(state, x, 0);
+    return std::isfinite(y) ? std::optional(y) : NoValue();
+}
+
+std::optional<double> FittedX(const FitState& state, double y) {
+    Range range;
+    ForActive(state, [&](double x, double) { range.Include(x); });
+    if (range.Empty() || !std::isfinite(y)) return NoValue();
+    const double middle = 0.5 * (range.low + range.high);
+    const double width = range.Width() > 0 ? range.Width() : std::fmax(std::fabs(middle), 1.0);
+    const double step = width / kSearchIntervals;
+
+    // Outwards from the middle of the points, both ways at once, so that the closest x is found.
+    std::array<double, 2> edge{middle, middle};
+    std::array<double, 2> value{Difference(state, middle, y), Difference(state, middle, y)};
+    if (value[0] == 0) return middle;
+    for (int i = 1; i <= kSearchIntervals * kSearchWidths; ++i) {
+        for (const std::size_t side : {0U, 1U}) {
+            const double x = middle + (side == 0 ? i : -i) * step;
+            const double d = Difference(state, x, y);
+            if (d == 0) return x;
+            if (std::isfinite(d) && std::isfinite(value[side]) && (d > 0) != (value[side] > 0)) {
+                const double root =
+                    Bisect(state, std::min(x, edge[side]), std::max(x, edge[side]), y);
+                // At a pole the difference grows where at a root it vanishes.
+                const double rest = std::fabs(Difference(state, root, y));
+                if (rest < std::fabs(d) && rest < std::fabs(value[side])) return root;
+            }
+            edge[side] = x;
+            value[side] = d;
+        }
+    }
+    return NoValue();
+}
+
+}  // namespace estimation

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "estimation/fit_models.h"
+
+namespace estimation {
+
+struct GraphPoint {
+    double x = 0, y = 0;
+};
+
+/// A graph of a fit: one scatter series and, where there is one, a line series.
+struct FitGraph {
+    std::string title, xTitle, yTitle;
+    std::vector<GraphPoint> points;
+    std::vector<GraphPoint> curve;
+    double xMin = 0, xMax = 0, yMin = 0, yMax = 0;  ///< axis ranges
+};
+
+/// Residuals of the active points over x (`cmdGraphResid`).
+FitGraph ResidualGraph(const FitState& state);
+/// Active points and the fitted function over x (`cmdGraphFunction`).
+FitGraph FunctionGraph(const FitState& state);
+/// ln p of the active points and of the fitted function over 1/T (`cmdGraphLnp`); nothing, after a
+/// message, when a T or a p is not positive.
+std::optional<FitGraph> LnpGraph(const FitState& state);
+
+/// y of the fitted function at x, or x at y, the one closest to the points (`cmdCalc`). Nothing,
+/// after a message with the title "Error", when there is none.
+std::optional<double> FittedY(const FitState& state, double x);
+std::optional<double> FittedX(const FitState& state, double y);
+
+}  // namespace estimation

@@ -1,0 +1,308 @@
+#include "estimation/fit_models.h"
+
+#include <algorithm>
+
+#include "common/constants.h"
+#include "estimation/fit_apply.h"
+#include "estimation/linearised.h"
+#include "estimation/model_functions.h"
+
+namespace estimation {
+
+namespace {
+
+constexpr Parameters kThousandB{1, 1000, 1, 1, 1, 1, 1};
+constexpr std::string_view kFrostCaption =
+    "ln(p/kPa) = A + B/(C+T/K-273.15) + D ln(T/K) + E (p/kPa)/(T/K)^2";
+constexpr std::string_view kFrostCaptionLg =
+    "lg(p/kPa) = A + B/(C+T/K-273.15) + D lg(T/K) + E (p/kPa)/(T/K)^2";
+constexpr std::string_view kIncluded = "included in the";
+constexpr std::string_view kIncludedExtended = "included in the extended";
+constexpr std::string_view kFrostSet = "FROST-KALKWARF parameter set of QUOR.";
+
+/// D0 of model 5 where no critical temperature is known.
+constexpr double kDefaultD0 = -5;
+/// A critical temperature below this, in K, gives no proposal for D.
+constexpr double kLeastTcritForD = 10;
+
+const std::array<FitModelRow, 16> kModels{{
+    {.number = 0,
+     .tab = FitTab::General,
+     .name = "Polynomial",
+     .NPar = 6,
+     .start = {1, 1, 1, 0, 0, 0},
+     .startLg = {1, 1, 1, 0, 0, 0},
+     .fixed = {false, false, false, true, true, true},
+     .caption = "y = A + B x + C  x^2 + D  x^3 + E x^4 + F x^5",
+     .model = Polynomial,
+     .basis = PolynomialBasis,
+     .linearised = LinearisedPolynomial},
+    {.number = 1,
+     .tab = FitTab::General,
+     .name = "Combi-expression",
+     .NPar = 7,
+     .start = {1, 1, 1, 0, 0, 0, 0},
+     .startLg = {1, 1, 1, 0, 0, 0, 0},
+     .fixed = {false, false, false, false, false, true, true},
+     .caption = "y = A + B x + C  x^2 + D  x^3 + E/x + F/x^2 + G ln(x)",
+     .model = CombiExpression,
+     .basis = CombiBasis,
+     .linearised = LinearisedCombi},
+    {.number = 3,
+     .tab = FitTab::VapourPressure,
+     .name = "AUGUST, DUPRÉ-RANKINE",
+     .NPar = 3,
+     .start = {20, 1500, -1},
+     .startLg = {20, 1500, -1},
+     .scale = kThousandB,
+     .labels = {"A = ", "B = ", "D = "},
+     .caption = "ln(p/kPa) = A - B / (T/K) + D ln(T/K)",
+     .captionLg = "lg(p/kPa) = A - B / (T/K) + D lg(T/K)",
+     .model = August,
+     .linearised = LinearisedAugust,
+     .logarithmic = {true, true}},
+    {.number = 4,
+     .tab = FitTab::VapourPressure,
+     .name = "ANTOINE",
+     .NPar = 3,
+     .start = {10, 3000, 200},
+     .startLg = {5, 1500, 200},
+     .scale = kThousandB,
+     .caption = "ln(p/kPa) = A - B / (C + t/°C)",
+     .captionLg = "lg(p/kPa) = A - B / (C + t/°C)",
+     .model = Antoine,
+     .linearised = LinearisedAntoine,
+     .search = {{{2, 50, 350}}},
+     .apply = ApplyAntoine,
+     .logarithmic = {true, true},
+     .appliedTo = "ANTOINE (Lo-p) parameter set of QUOR.",
+     .extended = kIncluded},
+    {.number = 5,
+     .tab = FitTab::VapourPressure,
+     .name = "FROST-KALKWARF",
+     .NPar = 5,
+     .start = {50, -5000, 273.15, kDefaultD0, 5},
+     .startLg = {20, -3000, 273.15, kDefaultD0, 5},
+     .scale = kThousandB,
+     .fixed = {false, false, true},
+     .caption = kFrostCaption,
+     .captionLg = kFrostCaptionLg,
+     .model = FrostKalkwarf,
+     .linearised = LinearisedFrost,
+     .search = {{{2, 223.15, 323.15}}},
+     .apply = ApplyFrost,
+     .logarithmic = {true, true, false, false, true},
+     .appliedTo = kFrostSet,
+     .extended = kIncludedExtended},
+    {.number = 6,
+     .tab = FitTab::VapourPressure,
+     .name = "FROST-KALKWARF/THODOS",
+     .NPar = 5,
+     .start = {20, 0, 273.15, 5, 5},
+     .startLg = {20, 0, 273.15, 5, 5},
+     .scale = kThousandB,
+     .fixed = {false, false, true, true},
+     .caption = kFrostCaption,
+     .captionLg = kFrostCaptionLg,
+     .remark = " parameter D, THODOS correlated: D = 1.80 /Tcr * B + 2.67 ",
+     .needsTcr = true,
+     .computed = 3,
+     .model = FrostKalkwarfThodos,
+     .linearised = LinearisedFrostThodos,
+     .search = {{{2, 223.15, 323.15}}},
+     .apply = ApplyFrostThodos,
+     .logarithmic = {true, true, false, false, true},
+     .appliedTo = kFrostSet,
+     .extended = kIncludedExtended},
+    {.number = 7,
+     .tab = FitTab::VapourPressure,
+     .name = " RIEDEL/PLANK/MILLER equation",
+     .NPar = 5,
+     .start = {20, -1500, -1, 1e-5, 2},
+     .startLg = {20, -1500, -1, 1e-5, 2},
+     .scale = {1, 1000, 1, 1e-5, 1, 1, 1},
+     .fixed = {false, false, false, false, true},
+     .labels = {"A = ", "B = ", "D = ", "H = ", "I = "},
+     .caption = "ln(p/kPa) = A + B / (T/K) + D ln(T/K) + H(T/K)^I",
+     .captionLg = "lg(p/kPa) = A + B / (T/K) + D lg(T/K) + H(T/K)^I",
+     .model = RiedelPlankMiller,
+     .linearised = LinearisedRiedel,
+     .search = {{{4, 1, 6}}},
+     .apply = ApplyRiedel,
+     .logarithmic = {true, true, false, true},
+     .appliedTo = kFrostSet,
+     .extended = kIncludedExtended},
+    {.number = 8,
+     .tab = FitTab::VapourPressure,
+     .name = "WAGNER",
+     .NPar = 4,
+     .start = {1, 1, 1, 1},
+     .startLg = {1, 1, 1, 1},
+     .caption = "ln(p/pcr) = (A X + B X^1.5 + C X^3 + D X^6) / (T/Tcr)  (mit X = 1 - T/Tcr)",
+     .needsTcr = true,
+     .needsPcr = true,
+     .model = Wagner,
+     .linearised = LinearisedWagner,
+     .apply = ApplyWagner},
+    {.number = 9,
+     .tab = FitTab::LDensity,
+     .name = "RACKETT  (DIPPR)",
+     .NPar = 3,
+     .start = {75, 0.3, 0.24},
+     .startLg = {75, 0.3, 0.24},
+     .caption = "rho(L) = A / ( B^(X^C) )    mit X = 1 + T/Tcr",
+     .needsTcr = true,
+     .model = Rackett,
+     .linearised = LinearisedRackett,
+     .logged = {true, true},
+     .search = {{{2, 0.1, 0.6}}},
+     .apply = ApplyRackett},
+    {.number = 10,
+     .tab = FitTab::LDensity,
+     .name = "LEUNA equation",
+     .NPar = 5,
+     .start = {500, -1, 0.002, -2e-6, 500},
+     .startLg = {500, -1, 0.002, -2e-6, 500},
+     .scale = {1, 1, 1e-3, 1e-6, 1, 1, 1},
+     .caption = "rho(L) = A + B (T/K) + C (T/K)^2 + D (T/K)^3 + E (1 - T/Tcr)^1/3",
+     .needsTcr = true,
+     .model = Leuna,
+     .linearised = LinearisedLeuna,
+     .apply = ApplyLeuna},
+    {.number = 11,
+     .tab = FitTab::LDensity,
+     .name = "Polynomial",
+     .NPar = 4,
+     .start = {600, 1, -0.001, -1e-6},
+     .startLg = {600, 1, -0.001, -1e-6},
+     .scale = {10, 1, 1e-3, 1e-6, 1, 1, 1},
+     .caption = "rho(L) = A + B T +  C  T^2 +  D T^3 +  E T^4",
+     .model = Cubic,
+     .linearised = LinearisedCubic,
+     .apply = ApplyDensityPolynomial},
+    {.number = 14,
+     .tab = FitTab::Vaporisation,
+     .name = "MAJER equation",
+     .NPar = 3,
+     .start = {30000, 0.3, 0.3},
+     .startLg = {30000, 0.3, 0.3},
+     .scale = {1000, 1, 1, 1, 1, 1, 1},
+     .labels = {"A = ", "alpha = ", "beta = "},
+     .caption = "delta(LV)h = A*(1-Tr)^beta  exp(-alpha Tr)",
+     .needsTcr = true,
+     .model = Majer,
+     .linearised = LinearisedMajer,
+     .logged = {true},
+     .apply = ApplyMajer},
+    {.number = 15,
+     .tab = FitTab::Vaporisation,
+     .name = "DIPPR equation",
+     .NPar = 5,
+     .start = {30000, 0.3, 0.3, 0, 0},
+     .startLg = {30000, 0.3, 0.3, 0, 0},
+     .scale = {1000, 1, 1, 1, 1, 1, 1},
+     .caption = "delta(LV)h = A*(1-Tr)^(B + C*Tr + D*Tr^2 + E*Tr^3)",
+     .needsTcr = true,
+     .model = DipprVaporisation,
+     .linearised = LinearisedDipprVaporisation,
+     .logged = {true},
+     .apply = ApplyDipprVaporisation},
+    {.number = 16,
+     .tab = FitTab::HeatCapacity,
+     .name = "Polynomial",
+     .NPar = 5,
+     .start = {20, 0.02, -1e-5, -1e-8, 0},
+     .startLg = {20, 0.02, -1e-5, -1e-8, 0},
+     .scale = {1, 1, 1e-5, 1e-8, 1e-10, 1, 1},
+     .caption = "cp = A + B T +  C  T^2 +  D T^3 +  E T^4",
+     .model = Cubic,
+     .linearised = LinearisedCubic,
+     .apply = ApplyCpPolynomial},
+    {.number = 17,
+     .tab = FitTab::HeatCapacity,
+     .name = "SHOMATE equation",
+     .NPar = 5,
+     .start = {30, 0.2, -2e-5, -1e-8, -1e6},
+     .startLg = {30, 0.2, -2e-5, -1e-8, -1e6},
+     .scale = {1, 1, 1e-5, 1e-8, 1e6, 1, 1},
+     .caption = "cp = A + B T +  C T^2 + DT^3 +  E/ (T^2)",
+     .model = Shomate,
+     .linearised = LinearisedShomate,
+     .apply = ApplyShomate},
+    {.number = 18,
+     .tab = FitTab::HeatCapacity,
+     .name = "DIPPR equation cp(IdGas)",
+     .NPar = 5,
+     .start = {60, 300, 1500, 200, 500},
+     .startLg = {60, 300, 1500, 200, 500},
+     .scale = {1000, 1000, 1000, 1000, 1000, 1, 1},
+     .caption = "cp = A + B*((C/T)/sinh(C/T))^2 + D*((E/T)/cosh(E/T))^2",
+     .model = DipprHeatCapacity,
+     .linearised = LinearisedDipprHeatCapacity,
+     .search = {{{2, 200, 4000}, {4, 100, 3000}}},
+     .apply = ApplyCpSinh},
+}};
+
+}  // namespace
+
+std::string_view TabCaption(FitTab tab) {
+    constexpr std::array<std::string_view, 5> captions{"General", "Vapour pressure", "L-Density",
+                                                       "delta(LV)h", "Heat capac."};
+    return captions[static_cast<std::size_t>(tab)];
+}
+
+std::string_view UnitText(FitTab tab) {
+    constexpr std::array<std::string_view, 5> units{
+        "", "", "liquid density     [rho(L)] = kg/m^3",
+        "mol. enthalpy of vapor.     [delta(LV)h] = kJ/kmol, Tr = T/T(cr)",
+        "mol. heat capacity       [cp] = kJ/(kmol K),  [T] = K "};
+    return units[static_cast<std::size_t>(tab)];
+}
+
+std::span<const FitModelRow> FitModels() {
+    return kModels;
+}
+
+const FitModelRow* FindModel(std::int16_t number) {
+    const auto it = std::find_if(kModels.begin(), kModels.end(),
+                                 [number](const FitModelRow& row) { return row.number == number; });
+    return it == kModels.end() ? nullptr : &*it;
+}
+
+Parameters StartValues(const FitModelRow& row, bool lg, double Tcr) {
+    Parameters start = lg && !row.captionLg.empty() ? row.startLg : row.start;
+    if (row.number == 5 && Tcr > kLeastTcritForD) start[3] = 1.8 * start[1] / Tcr + 2.67;
+    if (row.number == 6) start[1] = -12 * Tcr / 1.8;
+    return start;
+}
+
+bool ChooseModel(FitState& state, std::int16_t number, const Declare::SubstanceRecord& substance) {
+    const FitModelRow* row = FindModel(number);
+    if (row == nullptr) return false;
+    state.FitModel = number;
+    state.NPar = row->NPar;
+    state.FitScale = row->scale;
+    state.FitFixed = row->fixed;
+    state.Tcr = row->needsTcr ? substance.Tcrit : 0;
+    state.pcr = row->needsPcr ? substance.pcrit : 0;
+    state.FitStart = StartValues(*row, state.lg, substance.Tcrit);
+    state.fitted = false;
+    state.FitPar = {};
+    state.FitStdDev = {};
+    state.SQ = state.sR = 0;
+    state.report = {};
+    return true;
+}
+
+ModelContext ContextOf(const FitState& state) {
+    const FitModelRow* row = FindModel(state.FitModel);
+    const bool decadic = state.lg && row != nullptr && !row->captionLg.empty();
+    return {decadic ? constants::kLn10 : 1.0, state.Tcr, state.pcr};
+}
+
+bool EvaluateFit(const FitState& state, double x, double& y) {
+    const FitModelRow* row = FindModel(state.FitModel);
+    return row != nullptr && row->model(x, state.FitPar, ContextOf(state), y);
+}
+
+}  // namespace estimation

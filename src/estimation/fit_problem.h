@@ -1,0 +1,70 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "session/session_record.h"
+
+/// Parameter estimation: the fitting engines, the correlations that can be fitted, the application
+/// of results to the substance, and group contribution methods.
+namespace estimation {
+
+inline constexpr int kMaxPar = 7;  ///< parameters of a model at most
+
+using Parameters = std::array<double, kMaxPar>;
+using Flags = std::array<bool, kMaxPar>;
+
+/// Mark of a point that takes no part in a fit.
+inline constexpr float kInactive = -1.0F;
+/// A standard deviation that could not be had.
+inline constexpr double kNoStdDev = -9999.0;
+
+inline bool IsActive(const Declare::FitPoint& point) {
+    return point.mark != kInactive;
+}
+
+/// What a model needs beside its parameters.
+struct ModelContext {
+    double L = 1.0;    ///< 1 for the natural form, ln 10 for the decadic one
+    double Tcr = 0.0;  ///< K
+    double pcr = 0.0;  ///< kPa
+};
+
+/// y(x) of a model with its parameters in their own units. False on a failure (overflow, logarithm
+/// of a negative number, division by zero, outside of the model's range); y is then meaningless.
+using ModelFunction = bool (*)(double x, const Parameters& par, const ModelContext& context,
+                               double& y);
+
+/// One least-squares problem as the engines see it. Parameters are handed to the engines in scaled
+/// form: the model sees them times their scale. The points must outlive the problem.
+struct FitProblem {
+    ModelFunction model = nullptr;
+    ModelContext context;
+    std::span<const Declare::FitPoint> points;
+    std::int16_t NInactive = 0;  ///< how many of the points are inactive
+    std::int16_t nPar = 0;
+    Parameters scale{1, 1, 1, 1, 1, 1, 1};
+    Flags fixed{};              ///< held at the start value
+    bool logarithmic = false;   ///< residuals are differences of logarithms
+    int failedEvaluations = 0;  ///< counted up by every evaluation that fails
+};
+
+/// y(calc) of one x with scaled parameters; false on a failure.
+bool EvaluateModel(const FitProblem& problem, const Parameters& par, double x, double& y);
+
+/// Residual y(calc) - y(exp), or ln y(calc) - ln y(exp), of the point with that index from 0. When
+/// the evaluation fails `res` keeps the value that it had, and the result is false.
+bool CalcResiduals(FitProblem& problem, const Parameters& par, int pointIndex, double& res);
+
+/// Sum of the squares of the residuals of all active points at `par`; counts `evalCount` up by one.
+/// The sum may be infinite, never NaN.
+void calcFQS_Marquardt(FitProblem& problem, const Parameters& par, double& sumSquares,
+                       std::int16_t& evalCount);
+
+/// Residual of a point and its forward differences with respect to all parameters, the fixed ones
+/// included. `res` keeps its value when the evaluation fails.
+void CalcAbleitungen(FitProblem& problem, const Parameters& par, int pointIndex, double& res,
+                     Parameters& derivatives);
+
+}  // namespace estimation

@@ -1,0 +1,223 @@
+#include "estimation/fit_run.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "common/constants.h"
+#include "common/dialogs.h"
+#include "common/numbers.h"
+#include "datafiles/batch_table.h"
+#include "estimation/fit_statistics.h"
+#include "estimation/linear_regression.h"
+#include "estimation/marquardt_nash.h"
+#include "estimation/model_functions.h"
+#include "session/declare.h"
+#include "session/module2.h"
+
+namespace estimation {
+
+namespace {
+
+constexpr const char* kRefused = "Execution not possible";
+/// Points are counted with 16 bits.
+constexpr std::size_t kMostPoints = std::numeric_limits<std::int16_t>::max();
+
+/// Narrowing that keeps a value beyond 32 bits at their end.
+float Narrow(double value) {
+    constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
+    return static_cast<float>(std::clamp(value, -most, most));
+}
+
+std::vector<Declare::FitPoint> TpvPoints() {
+    std::vector<Declare::FitPoint> points;
+    const auto& data = Declare::BatchData;
+    const std::size_t end = std::min(
+        data.size(), static_cast<std::size_t>(std::max<int>(Declare::session.BatchCount, 0)) + 1);
+    for (std::size_t i = 1; i < end; ++i) {
+        const double y = LoadSaveData::FitColumnValue(data[i], Declare::session.FitColumn);
+        const bool inactive = data[i].skip != 0 || y == 0;
+        points.push_back({Narrow(data[i].T), Narrow(y), inactive ? kInactive : 0.0F});
+    }
+    return points;
+}
+
+/// The refusal of a fit in the order of the tests, empty when it may run.
+std::string Refusal(const FitState& state, const FitModelRow& row) {
+    if (state.NPoints == 0)
+        return "data not yet available\nmanual data input or loading data via file necessary";
+    if (row.needsTcr && state.Tcr < constants::kPresent)
+        return row.computed >= 0 ? "Tcr is needed for the correlation of parameter D."
+                                 : "Tcr needed";
+    if (row.needsPcr && state.pcr < constants::kPresent) return "pcr needed";
+    if (state.NPoints - state.NInactive <= state.NPar)
+        return "The number of the (active) measuring points has to be greater than the number of "
+               "the "
+               "parameters!\nDo complete the data in the data editor.";
+    return {};
+}
+
+double FiniteOr(double value, double otherwise) {
+    return std::isfinite(value) ? value : otherwise;
+}
+
+bool RunLinear(FitState& state, const FitModelRow& row, const FitProblem& problem) {
+    const LinearResult result = LinearRegressionFit(problem, row.basis, state.FitPar);
+    if (result.failed) return false;
+    state.report = {};
+    state.SQ = result.sumSquares;
+    return true;
+}
+
+void RunMarquardt(FitState& state, FitProblem& problem) {
+    const auto n = static_cast<std::size_t>(problem.nPar);
+    Parameters par{};
+    Parameters stdDev{};
+    for (std::size_t i = 0; i < n; ++i) par[i] = state.FitStart[i] / problem.scale[i];
+    const auto active = static_cast<std::int16_t>(state.NPoints - state.NInactive);
+    const MarquardtResult result = MarquardtNashFitting(problem, active, par, stdDev);
+    state.report = {};
+    for (std::size_t i = 0; i < n; ++i) {
+        state.FitPar[i] = par[i] * problem.scale[i];
+        // The mark of a missing standard deviation is not a value and takes no scale.
+        if (result.hasStdDev)
+            state.FitStdDev[i] = stdDev[i] == kNoStdDev ? kNoStdDev : stdDev[i] * problem.scale[i];
+        // A start on a bound that cannot leave it never takes the mark of resting there.
+        const bool atBound = par[i] <= kBounds[i].lower || par[i] >= kBounds[i].upper;
+        state.report.onBound[i] = result.mask[i] != Mask::Fixed && atBound;
+    }
+    state.SQ = result.sumSquares;
+    state.report.endedAtLimit = result.failed;
+    state.report.singular = result.singular;
+    const bool anyFree = std::any_of(problem.fixed.begin(), problem.fixed.begin() + problem.nPar,
+                                     [](bool fixed) { return !fixed; });
+    state.report.endedAtStart = anyFree && result.accepted == 0;
+    state.report.failedEvaluations = problem.failedEvaluations;
+}
+
+/// The direct solver gives no standard deviations of its own: they come with the statistics.
+void CompleteLinearResult(FitState& state) {
+    for (std::size_t i = 0; i < kMaxPar; ++i)
+        state.FitStdDev[i] = state.FitFixed[i] ? 0 : state.report.stdDev[i];
+    state.report.singular = state.report.freedom > 0 && !state.report.hasCorrelation;
+}
+
+std::string SingleText(double value) {
+    constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
+    return std::fabs(value) <= most ? numbers::General(static_cast<float>(value))
+                                    : numbers::General(value);
+}
+
+}  // namespace
+
+void LoadFitPoints(FitState& state) {
+    state.fromTpvEditor = Declare::session.FitDataSource == 1;
+    state.FitPoints = state.fromTpvEditor ? TpvPoints() : Declare::xyPoints;
+    if (state.FitPoints.size() > kMostPoints) {
+        state.FitPoints.resize(kMostPoints);
+        dialogs::Tell("Only the first " + std::to_string(kMostPoints) + " points are used.",
+                      "WARNING");
+    }
+    state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
+    state.NInactive = 0;
+    for (Declare::FitPoint& point : state.FitPoints) {
+        if (point.x == 0 || !std::isfinite(point.x) || !std::isfinite(point.y))
+            point.mark = kInactive;
+        if (!IsActive(point)) ++state.NInactive;
+    }
+}
+
+std::string FitTitle(const FitState& state) {
+    if (state.NPoints == 0) return " Fitting y = f(T) (data not yet loaded)";
+    return " Fitting y = f(T) (" + std::to_string(state.NPoints - state.NInactive) +
+           (state.fromTpvEditor ? " (active) sets of data loaded from T-p-V editor"
+                                : " (active) sets of data loaded from XY editor");
+}
+
+FitProblem MakeProblem(const FitState& state, const FitModelRow& row) {
+    FitProblem problem;
+    problem.model = row.model;
+    problem.context = ContextOf(state);
+    problem.points = state.FitPoints;
+    problem.NInactive = state.NInactive;
+    problem.nPar = row.NPar;
+    problem.scale = row.scale;
+    problem.fixed = state.FitFixed;
+    if (row.computed >= 0) problem.fixed[static_cast<std::size_t>(row.computed)] = true;
+    problem.logarithmic = state.FitLogSQ && row.basis == nullptr;
+    return problem;
+}
+
+bool StartFit(FitState& state) {
+    const FitModelRow* row = FindModel(state.FitModel);
+    if (row == nullptr) return false;
+    if (const std::string refusal = Refusal(state, *row); !refusal.empty()) {
+        dialogs::Tell(refusal, kRefused, dialogs::Icon::Stop);
+        return false;
+    }
+    const Module2::BusyPointer busy;
+    FitProblem problem = MakeProblem(state, *row);
+    if (row->basis != nullptr) {
+        if (!RunLinear(state, *row, problem)) return false;
+    } else {
+        RunMarquardt(state, problem);
+    }
+    if (row->computed >= 0)
+        state.FitPar[static_cast<std::size_t>(row->computed)] =
+            ThodosD(state.FitPar[1], problem.context);
+    FillStatistics(state, *row, problem);
+    if (row->basis != nullptr) CompleteLinearResult(state);
+    state.sR = FiniteOr(std::sqrt(state.SQ / (state.NPoints - state.NInactive - state.NPar)), 0);
+    state.fitted = true;
+    return true;
+}
+
+void TakeResultAsStart(FitState& state, int parameter) {
+    if (!state.fitted || parameter < 0 || parameter >= state.NPar) return;
+    const auto i = static_cast<std::size_t>(parameter);
+    state.FitStart[i] = state.FitPar[i];
+}
+
+void TakeAllResultsAsStart(FitState& state) {
+    for (int i = 0; i < state.NPar; ++i) TakeResultAsStart(state, i);
+}
+
+QualityTexts QualityOf(const FitState& state) {
+    const FitModelRow* row = FindModel(state.FitModel);
+    const bool pressure = row != nullptr && row->tab == FitTab::VapourPressure;
+    const bool logarithmic = state.FitLogSQ && row != nullptr && row->basis == nullptr;
+    const std::string y = pressure ? "p" : "y";
+    QualityTexts texts;
+    texts.caption =
+        "Quality of the fitting (N = " + std::to_string(state.NPoints - state.NInactive) +
+        ", NPar = " + std::to_string(state.NPar) + ")";
+    texts.SQ = "SQ = " + SingleText(state.SQ);
+    texts.sR = "s(R) = " + SingleText(state.sR);
+    texts.explainSQ =
+        logarithmic ? "sum of squares SQ = sum[ln((" + y + "(i),calc) - ln(" + y + "(i),exp))^2]"
+                    : "sum of squares SQ = sum[(" + y + "(i),calc - " + y + "(i),exp)^2]";
+    texts.explainSR = "resid. standard deviation s(R) = SQRT(FQS / (N -NPar))";
+    texts.symbols =
+        " SQRT = square root, N = number of measuring points, NPar = number of adjustable "
+        "parameters ";
+    return texts;
+}
+
+std::string LogFitCaption(bool logarithmic) {
+    return logarithmic ? "SQ using ln(y) difference " : "SQ using y difference";
+}
+
+std::string EquationCaption(const FitModelRow& row, bool lg) {
+    return std::string(lg && !row.captionLg.empty() ? row.captionLg : row.caption);
+}
+
+std::string DataCaption(FitTab tab) {
+    return tab == FitTab::VapourPressure ? "p = f(T)" : "y = f(T)";
+}
+
+std::string TargetCaption(const std::string& substance) {
+    return "... in the actually loaded data of " + substance +
+           " (cf. editor \"Data / View/Edit Data of the Substance\")";
+}
+
+}  // namespace estimation

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "estimation/fit_problem.h"
+
+namespace estimation {
+
+/// The phase that a fitted heat capacity belongs to (`optcpPhase`).
+enum class CpPhase : std::uint8_t { IdealGas, Liquid, Solid };
+
+/// What a fit says beside its parameters, standard deviations and sums. Values that could not be
+/// had are `kNoStdDev`.
+struct FitReport {
+    int failedEvaluations = 0;  ///< evaluations of the function that failed during the fit
+    int failedPoints = 0;       ///< active points at which the fitted function fails
+    bool endedAtLimit = false;  ///< of evaluations or matrices
+    bool singular = false;      ///< the normal matrix
+    bool endedAtStart = false;  ///< no step lowered the sum of squares
+    Flags onBound{};            ///< parameters that rest on a bound
+    Flags withoutInfluence{};   ///< free parameters that the function does not depend on
+
+    int freedom = 0;         ///< degrees of freedom of the confidence intervals
+    Parameters stdDev{};     ///< standard deviations from all active points
+    Parameters halfWidth{};  ///< half width of the 95 % confidence interval of each parameter
+    bool hasCorrelation = false;
+    std::array<Parameters, kMaxPar> correlation{};  ///< of the adjusted parameters, else 0
+
+    bool hasDeviations = false;
+    double meanDeviation = 0;     ///< mean of |calc - exp|/|exp| over the active points, per cent
+    double largestDeviation = 0;  ///< the largest of them with its sign, per cent
+    double largestAt = 0;         ///< x of the largest deviation
+};
+
+/// Everything the fitting view holds. Arrays of parameters start at A = element 0.
+struct FitState {
+    std::int16_t FitModel = 0;   ///< number of the model, see fit_models.h
+    std::int16_t NPar = 0;       ///< parameters of the model, at most 7
+    std::int16_t NPoints = 0;    ///< size of `FitPoints`
+    std::int16_t NInactive = 0;  ///< how many of them are inactive
+    std::vector<Declare::FitPoint> FitPoints;
+    bool fromTpvEditor = false;  ///< where the points come from, else the XY editor
+
+    Parameters FitStart{};   ///< the start fields
+    Parameters FitPar{};     ///< results
+    Parameters FitStdDev{};  ///< standard deviations
+    Parameters FitScale{};   ///< scale of each parameter, fixed per model
+    Flags FitFixed{};        ///< held at the start value (`chkFix`)
+    bool FitLogSQ = false;   ///< residuals as difference of logarithms (`optLogFit`)
+    bool lg = false;         ///< decadic form of a vapour pressure equation (`chkLg`)
+    double Tcr = 0;          ///< K, field of the models that need it
+    double pcr = 0;          ///< kPa
+    CpPhase cpPhase = CpPhase::IdealGas;
+
+    bool fitted = false;  ///< results of a fit stand in the view
+    double SQ = 0;        ///< sum of squares
+    double sR = 0;        ///< residual standard deviation
+    FitReport report;
+};
+
+/// The state of the one fitting view.
+inline FitState fit;
+
+}  // namespace estimation

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "datafiles/substance_editor.h"
+#include "estimation/group_table.h"
+#include "session/substance_record.h"
+
+namespace estimation {
+
+/// Number of each group in the molecule, in the order of `Groups`.
+using GroupCounts = std::array<int, kGroups>;
+
+/// Groups written as "-CH3=2,>CH-=1,#20=1": a name as in the table (a ring group with " (ring)"
+/// behind it) or the position from 1, and its number. Nothing when a part cannot be read.
+std::optional<GroupCounts> ParseGroups(std::string_view list);
+/// Number of a group from its field; an empty one is 0.
+int GroupCount(std::string_view field);
+
+double MolarMass(const GroupCounts& groups);  ///< kg/kmol
+int NumberOfAtoms(const GroupCounts& groups);
+bool AnyGroup(const GroupCounts& groups);
+/// Sum of count times increment; nothing when a group of the molecule has no published increment.
+std::optional<double> SumOf(const GroupCounts& groups, Increment increment);
+
+/// Quantities of formation of the ideal gas at 298.15 K in kJ/kmol; nothing without groups or where
+/// an increment is missing.
+struct Formation {
+    std::optional<double> dfh, dfg;
+};
+Formation JobackFormation(const GroupCounts& groups);
+
+/// C0 to C3 of cp/(kJ/(kmol K)) = C0 + C1 T + C2 T^2 + C3 T^3 of the ideal gas.
+std::optional<std::array<double, 4>> JobackCp(const GroupCounts& groups);
+
+/// Critical data; a value that cannot be had is missing.
+struct CriticalData {
+    std::optional<double> Tb;    ///< normal boiling point used, K
+    std::optional<double> Tf;    ///< freezing point, K, a very rough estimate
+    std::optional<double> Tc;    ///< K
+    std::optional<double> pc;    ///< kPa
+    std::optional<double> Vc;    ///< m^3/kmol
+    std::optional<double> rhoc;  ///< kg/m^3
+};
+/// Normal boiling point in K from the groups alone.
+std::optional<double> JobackBoilingPoint(const GroupCounts& groups);
+/// All critical data with a normal boiling point in K, or the one of the groups. Empty when =NH is
+/// set.
+CriticalData JobackCritical(const GroupCounts& groups, std::optional<double> Tb = std::nullopt);
+
+/// Acentric factor of B. I. Lee and M. G. Kesler (AIChE J. 21 (1975) 510) from Tb/K, Tc/K and
+/// pc/kPa. Nothing unless all are present and Tb lies below Tc.
+std::optional<double> LeeKeslerOmega(double Tb, double Tc, double pc);
+
+// The commands of the view. They tell with a message what cannot be calculated.
+Formation CalcFormation(const GroupCounts& groups);                      ///< `cmdCalcBildung`
+std::optional<std::array<double, 4>> CalcCp(const GroupCounts& groups);  ///< `cmdCalccp`
+/// `cmdCalcCrit`: asks for a better boiling point; `knownTb` is the one of the substance data, or
+/// 0.
+CriticalData CalcCritical(const GroupCounts& groups, double knownTb);
+/// `cmdOmega`: shows the acentric factor or what it needs.
+void ShowOmega(double Tb, double Tc, double pc);
+
+// Transfer of the values that are there and not zero (`cmdApply`).
+void TransferFormation(const Formation& formation, Declare::SubstanceRecord& substance);
+void TransferFormation(const Formation& formation, LoadSaveData::EditorTexts& editor);
+void TransferCp(const std::array<double, 4>& cp, Declare::SubstanceRecord& substance);
+void TransferCp(const std::array<double, 4>& cp, LoadSaveData::EditorTexts& editor);
+
+// Texts of the result fields, " ---" where there is no value.
+std::string FormationText(std::optional<double> value);    ///< "#####.000"
+std::string TemperatureText(std::optional<double> value);  ///< "####.0"
+std::string PressureText(std::optional<double> value);     ///< "#####.000"
+std::string VolumeText(std::optional<double> value);       ///< "0.####"
+std::string DensityText(std::optional<double> value);      ///< "####.0"
+/// Tooltip of the critical density that was calculated from the critical volume.
+std::string DensityTooltip(const GroupCounts& groups);
+
+}  // namespace estimation

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vector>
+
+#include "estimation/fit_problem.h"
+
+namespace estimation {
+
+/// A row of a linear least-squares problem: the coefficients and, behind them, the right-hand side.
+using LeastSquaresRow = std::array<double, kMaxPar + 1>;
+
+/// A least-squares problem reduced by Householder reflections, with columns scaled to unit length.
+struct ReducedProblem {
+    int columns = 0;
+    std::array<LeastSquaresRow, kMaxPar> r{};  ///< upper triangle and right-hand side
+    Parameters norm{};                         ///< length of each column
+    double restSquares = 0;                    ///< sum of the squares of the residuals
+    bool regular = false;                      ///< no column depends on the others
+};
+
+/// Reduces the rows (they are used up). The right-hand side stands in the last element of each row.
+ReducedProblem Reduce(std::vector<LeastSquaresRow>& rows, int columns);
+/// Solution of a regular problem.
+Parameters Solution(const ReducedProblem& problem);
+/// Inverse of the normal matrix of a regular problem.
+std::array<Parameters, kMaxPar> InverseNormalMatrix(const ReducedProblem& problem);
+
+}  // namespace estimation

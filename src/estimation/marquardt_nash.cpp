@@ -1,0 +1,303 @@
+#include "estimation/marquardt_nash.h"
+
+#include <cmath>
+#include <limits>
+
+namespace estimation {
+
+namespace {
+
+constexpr double kLambdaStart = 1e-4;
+constexpr double kIncrease = 10;  // after a failed step
+constexpr double kDecrease = 4;   // dec / inc = four tenths after an accepted step
+constexpr double kPhi = 1;        // additive damping
+constexpr double kRelTest = 10;   // offset of the test of equality
+constexpr double kEps = 3e-16;    // machine precision as taken by the method
+
+bool IsFree(Mask m) {
+    return m == Mask::Free;
+}
+
+/// All that one run of the search works on.
+struct Search {
+    FitProblem& problem;
+    std::size_t n;
+    int evaluationLimit;
+    std::array<Mask, kMaxPar> mask{};
+    int masked = 0;      // fixed parameters
+    Parameters B{};      // present parameters
+    Parameters X{};      // best so far
+    Parameters g{};      // gradient
+    Parameters delta{};  // step
+    PackedMatrix A{};    // damped and factorised
+    PackedMatrix C{};    // undamped
+    double lambda = kLambdaStart;
+    double sum = 0;       // at the last parameters evaluated
+    double best = 0;      // at X
+    double residual = 0;  // of the last point evaluated
+    MarquardtResult result{};
+
+    explicit Search(FitProblem& p)
+        : problem(p),
+          n(static_cast<std::size_t>(p.nPar)),
+          evaluationLimit(kEvaluationsPerParameter * p.nPar) {}
+
+    /// Masks from the fixed marks; starts outside of the bounds move to them.
+    void PlaceStart(const Parameters& start) {
+        B = start;
+        masked = static_cast<int>(n);
+        for (std::size_t i = 0; i < n; ++i) {
+            mask[i] = problem.fixed[i] ? Mask::Fixed : Mask::Free;
+            if (IsFree(mask[i])) {
+                --masked;
+                PlaceWithinBounds(i);
+            }
+            X[i] = B[i];
+        }
+    }
+
+    void PlaceWithinBounds(std::size_t i) {
+        if (B[i] < kBounds[i].lower) {
+            B[i] = kBounds[i].lower;
+            mask[i] = Mask::AtLower;
+        }
+        if (B[i] > kBounds[i].upper) {
+            if (mask[i] == Mask::AtLower) {  // the bounds contradict each other
+                mask[i] = Mask::Fixed;
+                ++masked;
+            } else {
+                B[i] = kBounds[i].upper;
+                mask[i] = Mask::AtUpper;
+            }
+        }
+    }
+
+    /// Sum of squares at B; false when the limit of evaluations is passed.
+    bool Evaluate() {
+        calcFQS_Marquardt(problem, B, sum, result.evaluations);
+        return result.evaluations <= evaluationLimit;
+    }
+
+    /// Normal matrix and gradient at B; false when the limit of matrices is passed. The loop ends
+    /// before the last points of the list when some are inactive, while the sum takes in all.
+    bool BuildMatrix() {
+        lambda = kDecrease * lambda / kIncrease;
+        best = sum;
+        C.fill(0);
+        g.fill(0);
+        Parameters d{};
+        const int count = static_cast<int>(problem.points.size()) - problem.NInactive;
+        for (int i = 0; i < count; ++i) {
+            if (!IsActive(problem.points[static_cast<std::size_t>(i)])) continue;
+            CalcAbleitungen(problem, B, i, residual, d);
+            for (std::size_t j = 0; j < n; ++j) {
+                g[j] += residual * d[j];
+                for (std::size_t k = 0; k <= j; ++k) C[PackedIndex(j, k)] += d[j] * d[k];
+            }
+        }
+        if (++result.matrices > kMatrixLimit) return false;
+        X = B;
+        return true;
+    }
+
+    /// A parameter on a bound is set free when the gradient leads back into the range.
+    void ReleaseBounds() {
+        for (std::size_t i = 0; i < n; ++i) {
+            if (mask[i] != Mask::AtUpper && mask[i] != Mask::AtLower) continue;
+            if ((static_cast<double>(mask[i]) + 1.5) * g[i] > 0) {
+                mask[i] = Mask::Free;
+            } else {
+                g[i] = 0;
+            }
+        }
+    }
+
+    /// The damped step into `delta`; false when the matrix is singular or the step leads uphill.
+    bool FindStep() {
+        for (std::size_t j = 0; j < n; ++j) {
+            for (std::size_t k = 0; k < j; ++k) A[PackedIndex(j, k)] = C[PackedIndex(j, k)];
+            const std::size_t q = PackedIndex(j, j);
+            A[q] = (1 + lambda) * C[q] + kPhi * lambda;
+            delta[j] = -g[j];
+        }
+        if (!FactorisePacked(A, static_cast<int>(n), mask)) return false;
+        SolvePacked(A, static_cast<int>(n), mask, delta);
+        double gradproj = 0;
+        for (std::size_t i = 0; i < n; ++i) {
+            if (!IsFree(mask[i])) delta[i] = 0;
+            if (!std::isfinite(delta[i])) return false;
+            gradproj += g[i] * delta[i];
+        }
+        return !(gradproj > 0);
+    }
+
+    /// The share of the step that the bounds allow.
+    double StepLength() const {
+        double alpha = 1;
+        for (std::size_t i = 0; i < n; ++i) {
+            if (delta[i] == 0) continue;
+            const double bound = delta[i] > 0 ? kBounds[i].upper : kBounds[i].lower;
+            const double t = (bound - X[i]) / delta[i];
+            if (!(t > alpha)) alpha = t;
+        }
+        return alpha;
+    }
+
+    /// B = X + alpha delta; true when no parameter changed: the search has converged.
+    bool TakeStep(double alpha) {
+        int equal = 0;
+        for (std::size_t i = 0; i < n; ++i) {
+            if (mask[i] == Mask::Fixed) continue;
+            B[i] = X[i] + alpha * delta[i];
+            if (kRelTest + B[i] == kRelTest + X[i]) {
+                B[i] = X[i];
+                ++equal;
+            }
+        }
+        return equal == static_cast<int>(n) - masked;
+    }
+
+    /// Parameters that an accepted step has brought onto a bound rest there.
+    void MarkBounds() {
+        for (std::size_t i = 0; i < n; ++i) {
+            if (!IsFree(mask[i])) continue;
+            const auto [lower, upper] = kBounds[i];
+            if (B[i] - lower <= (std::fabs(lower) + kEps) * kEps) {
+                mask[i] = Mask::AtLower;
+            } else if (upper - B[i] <= (std::fabs(upper) + kEps) * kEps) {
+                mask[i] = Mask::AtUpper;
+            }
+        }
+    }
+
+    enum class Try { Accepted, Converged, Limit };
+
+    /// Damps more and more until a step lowers the sum or none changes the parameters any more.
+    Try Improve() {
+        for (;;) {
+            if (FindStep()) {
+                if (TakeStep(StepLength())) return Try::Converged;
+                if (!Evaluate()) return Try::Limit;
+                if (sum < best) return Try::Accepted;
+            }
+            lambda *= kIncrease;
+            if (!(lambda > 0)) lambda = kEps;
+            // Only sums beyond every number let the damping grow without end.
+            if (!std::isfinite(lambda)) return Try::Limit;
+        }
+    }
+
+    void Statistics(int nActive, Parameters& stdDev) {
+        result.hasStdDev = true;
+        const int freedom = nActive - (static_cast<int>(n) - masked);
+        A = C;
+        const bool regular = FactorisePacked(A, static_cast<int>(n), mask);
+        result.singular = !regular;
+        if (freedom <= 0 || !regular) {
+            for (std::size_t j = 0; j < n; ++j) stdDev[j] = kNoStdDev;
+            return;
+        }
+        const double variance = best / freedom;
+        for (std::size_t j = 0; j < n; ++j) {
+            Parameters unit{};
+            unit[j] = 1;
+            SolvePacked(A, static_cast<int>(n), mask, unit);
+            const double s = std::sqrt(std::fabs(variance) * unit[j]);
+            stdDev[j] = std::isfinite(s) ? s : kNoStdDev;
+        }
+    }
+
+    /// One pass of small probes round the result; false when the limit of evaluations is passed.
+    bool PostAnalysis() {
+        const double h0 = 10 * std::sqrt(kEps);
+        for (std::size_t i = 0; i < n; ++i) {
+            if (mask[i] == Mask::Fixed) continue;
+            const double h = (std::fabs(X[i]) + h0) * h0;
+            for (const double step : {-h, h}) {
+                B[i] = X[i] + step;
+                if (B[i] < kBounds[i].lower || B[i] > kBounds[i].upper) {
+                    sum = 0;
+                    continue;
+                }
+                if (!Evaluate()) return false;
+                if (sum < best) X = B;
+            }
+            B[i] = X[i];
+        }
+        return true;
+    }
+
+    MarquardtResult Leave(bool failed, Parameters& par) {
+        par = B;
+        result.failed = failed || !std::isfinite(sum);
+        // A sum beyond every number is shown as the largest one.
+        const double largest = std::numeric_limits<double>::max();
+        result.sumSquares = std::fmin(sum, largest);
+        result.minimum = std::fmin(best, largest);
+        result.mask = mask;
+        return result;
+    }
+};
+
+}  // namespace
+
+bool FactorisePacked(PackedMatrix& a, int n, const std::array<Mask, kMaxPar>& mask) {
+    const auto size = static_cast<std::size_t>(n);
+    for (std::size_t j = 0; j < size; ++j) {
+        for (std::size_t i = j; i < size; ++i) {
+            double s = a[PackedIndex(i, j)];
+            for (std::size_t k = 0; k < j; ++k) s -= a[PackedIndex(i, k)] * a[PackedIndex(j, k)];
+            a[PackedIndex(i, j)] = s;
+        }
+        double f = 0;
+        if (IsFree(mask[j])) {
+            const double pivot = a[PackedIndex(j, j)];
+            if (!(pivot > 0) || !std::isfinite(pivot)) return false;
+            f = 1 / std::sqrt(pivot);
+        }
+        for (std::size_t i = j; i < size; ++i)
+            a[PackedIndex(i, j)] = f == 0 ? 0 : f * a[PackedIndex(i, j)];
+    }
+    return true;
+}
+
+void SolvePacked(const PackedMatrix& factor, int n, const std::array<Mask, kMaxPar>& mask,
+                 Parameters& rhs) {
+    const auto size = static_cast<std::size_t>(n);
+    for (std::size_t i = 0; i < size; ++i) {
+        for (std::size_t k = 0; k < i; ++k) rhs[i] -= factor[PackedIndex(i, k)] * rhs[k];
+        rhs[i] = IsFree(mask[i]) ? rhs[i] / factor[PackedIndex(i, i)] : 0;
+    }
+    for (std::size_t i = size; i-- > 0;) {
+        for (std::size_t k = i + 1; k < size; ++k) rhs[i] -= factor[PackedIndex(k, i)] * rhs[k];
+        rhs[i] = IsFree(mask[i]) ? rhs[i] / factor[PackedIndex(i, i)] : 0;
+    }
+}
+
+MarquardtResult MarquardtNashFitting(FitProblem& problem, std::int16_t nActive, Parameters& par,
+                                     Parameters& stdDev) {
+    Search search(problem);
+    search.PlaceStart(par);
+    if (!search.Evaluate()) return search.Leave(true, par);
+    for (bool converged = false; !converged;) {
+        if (!search.BuildMatrix()) return search.Leave(true, par);
+        search.ReleaseBounds();
+        switch (search.Improve()) {
+            case Search::Try::Limit:
+                return search.Leave(true, par);
+            case Search::Try::Converged:
+                converged = true;
+                break;
+            case Search::Try::Accepted:
+                ++search.result.accepted;
+                search.MarkBounds();
+                break;
+        }
+    }
+    search.Statistics(nActive, stdDev);
+    if (!search.PostAnalysis()) return search.Leave(true, par);
+    search.B = search.X;
+    return search.Leave(false, par);
+}
+
+}  // namespace estimation

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+
+#include "estimation/fit_problem.h"
+
+/// The correlations that can be fitted, y = f(x; A, B, ...), as plain functions. x is T/K but for
+/// the two general models. They return false on a failure (see `ModelFunction`).
+namespace estimation {
+
+struct PressureResult {
+    double p = 0;  ///< kPa
+    bool failed = false;
+};
+/// Pressure of the implicit Frost-Kalkwarf equation at T/K: A + B/(C + T - 273.15) + D ln(T)/L +
+/// E p/T^2 = ln(p)/L. With `thodos` D follows from B and Tcr (G. Thodos).
+PressureResult p0_FRO(double T, const Parameters& par, const ModelContext& context, bool thodos);
+/// Pressure of the Wagner equation with exponents 1, 1.5, 3 and 6 at T/K below Tcr.
+PressureResult p0_WAG(double T, const Parameters& par, double Tcr, double pcr);
+
+struct CpSinhResult {
+    double cp = 0;  ///< kJ/(kmol K)
+    bool failed = false;
+};
+/// Heat capacity A + B (u/sinh u)^2 + D (v/cosh v)^2 with u = C/T, v = E/T.
+CpSinhResult cpSinh(double T, const Parameters& par);
+double sinh(double x);  ///< (exp(x) - exp(-x)) 0.5; may be infinite
+double cosh(double x);  ///< (exp(x) + exp(-x)) 0.5; may be infinite
+
+/// Parameter D of the Thodos correlation that belongs to B in the form of L.
+double ThodosD(double B, const ModelContext& context);
+
+/// Basis functions of the two linear models at x.
+void PolynomialBasis(double x, Parameters& basis);  ///< 1, x, ..., x^5
+void CombiBasis(double x, Parameters& basis);       ///< 1, x, x^2, x^3, 1/x, 1/x^2, ln x
+
+bool Polynomial(double x, const Parameters& par, const ModelContext&, double& y);
+/// Terms with a zero parameter are left out, so that x may be 0 or negative where they allow it.
+bool CombiExpression(double x, const Parameters& par, const ModelContext&, double& y);
+bool August(double T, const Parameters& par, const ModelContext& c, double& p);
+bool Antoine(double T, const Parameters& par, const ModelContext& c, double& p);
+bool FrostKalkwarf(double T, const Parameters& par, const ModelContext& c, double& p);
+bool FrostKalkwarfThodos(double T, const Parameters& par, const ModelContext& c, double& p);
+bool RiedelPlankMiller(double T, const Parameters& par, const ModelContext& c, double& p);
+bool Wagner(double T, const Parameters& par, const ModelContext& c, double& p);
+bool Rackett(double T, const Parameters& par, const ModelContext& c, double& rho);
+bool Leuna(double T, const Parameters& par, const ModelContext& c, double& rho);
+/// A + B T + C T^2 + D T^3, for L density and heat capacity.
+bool Cubic(double T, const Parameters& par, const ModelContext&, double& y);
+bool Majer(double T, const Parameters& par, const ModelContext& c, double& h);
+bool DipprVaporisation(double T, const Parameters& par, const ModelContext& c, double& h);
+bool Shomate(double T, const Parameters& par, const ModelContext&, double& cp);
+bool DipprHeatCapacity(double T, const Parameters& par, const ModelContext&, double& cp);
+
+}  // namespace estimation

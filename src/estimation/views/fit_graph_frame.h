@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QGroupBox>
+#include <array>
+
+#include "diagrams/chart/chart2d.h"
+
+class NumberEdit;
+class QLabel;
+class QRadioButton;
+
+namespace chart {
+class Chart2DPlot;
+}
+
+/// Graphs and single values of a fitted function.
+class FitGraphFrame : public QGroupBox {
+    Q_OBJECT
+
+  public:
+    explicit FitGraphFrame(QWidget* parent = nullptr);
+
+    /// Shows the function of the last fit; without one the frame is hidden.
+    void showFit();
+
+    const chart::Chart2D& shown() const { return chart_; }
+
+  private:
+    QWidget* buildCalculator();
+    void showFunction();
+    void showResiduals();
+    void showLnp();
+    void display(chart::Chart2D chart);
+    void calculate();
+
+    chart::Chart2D chart_;
+    chart::Chart2DPlot* plot_ = nullptr;
+    std::array<QRadioButton*, 2> direction_{};
+    NumberEdit* value_ = nullptr;
+    QLabel* result_ = nullptr;
+};

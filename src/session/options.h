@@ -1,0 +1,33 @@
+#pragma once
+
+namespace Module2 {
+
+/// What the options view shows and sets.
+struct OptionChoice {
+    bool batch = false;     ///< batch calculation instead of direct calculation
+    bool specific = false;  ///< specific instead of molar quantities
+    bool reduced = false;   ///< reduced T, p, V
+    bool realRange = true;  ///< only T > T(trip) or p > p(trip)
+    bool sWithoutTieLine = false;
+    bool partialGas = false;
+    int points = 300;             ///< points per curve, kMinPoints to kMaxPoints
+    bool reducedPossible = true;  ///< critical data are there
+    bool sCurvePossible = true;   ///< the EOS is cubic
+};
+
+inline constexpr int kMinPoints = 50;
+inline constexpr int kMaxPoints = 800;
+
+/// The session's settings as the view opens. Without critical data the unit mode falls back to
+/// molar.
+OptionChoice OpenOptions();
+
+/// Takes a choice over: units and their factors, curve options, the mode of the Calculation menu.
+/// `UnitsChanged` of the session tells whether a factor changed. False when the units cannot be
+/// had (no molar mass): a message tells it and nothing changes.
+bool ApplyOptions(const OptionChoice& choice);
+
+/// Who derives the limits of diagrams again after a change; an empty function for none.
+void OnOptionsApplied(void (*listener)());
+
+}  // namespace Module2

@@ -1,0 +1,106 @@
+#include <charconv>
+
+#include "common/text.h"
+#include "diagrams/catalogue.h"
+#include "diagrams/coordinates.h"
+#include "diagrams/curve.h"
+#include "session/menu_catalogue.h"
+#include "session/module2.h"
+#include "tools/quorcalc/command_list.h"
+
+namespace quorcalc {
+
+namespace {
+
+std::vector<float> numbers_of(const std::string& list, const char* option) {
+    std::vector<float> values;
+    for (const std::string& part : text::Split(list, ',')) {
+        float value = 0;
+        const auto result = std::from_chars(part.data(), part.data() + part.size(), value);
+        if (result.ec != std::errc() || result.ptr != part.data() + part.size())
+            throw WrongCall{std::string(option) + ": not a number: " + part};
+        values.push_back(value);
+    }
+    return values;
+}
+
+/// Kind of section and axes of a diagram's code, as its menu row sets them; an added curve is a
+/// projection.
+void choose_section(Declare::DiagramRequest& request) {
+    for (const menu::Row& row : menu::Rows()) {
+        if (row.code != request.DiagramType || !row.control.starts_with("mnuGraf")) continue;
+        request.sectionKind = row.sectionKind;
+        request.axisPair = row.axisPair;
+        return;
+    }
+    request.sectionKind = Module9::kProjection;
+}
+
+Json curve(const Arguments& a) {
+    int code = 0;
+    const auto parsed = std::from_chars(a.type.data(), a.type.data() + a.type.size(), code);
+    if (parsed.ec != std::errc() || !kurve::HasCurve(static_cast<std::int16_t>(code)))
+        throw WrongCall{"--type: no such curve: " + a.type};
+    SetUp(a);
+    Declare::Session& s = Declare::session;
+    if (a.points) {
+        if (*a.points < 1 || *a.points > 32000) throw WrongCall{"--points is out of range"};
+        s.PointsPerCurve = static_cast<std::int16_t>(*a.points);
+    }
+    s.VapourFraction = a.fraction.value_or(0.0);
+    s.SCurveRequested = a.scurve;
+    s.TieLineRequested = a.tieline;
+    s.DiagramT = a.T.value_or(s.DiagramT);
+    s.DiagramP = a.p.value_or(0);
+    s.DiagramV = a.v.value_or(0);
+
+    Declare::DiagramRequest& request = Declare::diagram;
+    request.DiagramType = static_cast<std::int16_t>(code);
+    choose_section(request);
+    Module9::CalcCoordinateDefaults(Declare::coordinates);
+    Module9::FillDiagramWindow(Declare::coordinates, request);
+    if (!a.window.empty()) {
+        const std::vector<float> w = numbers_of(a.window, "--window");
+        if (w.size() != 4) throw WrongCall{"--window needs xmin,xmax,ymin,ymax"};
+        request.xMin = w[0];
+        request.xMax = w[1];
+        request.yMin = w[2];
+        request.yMax = w[3];
+    }
+
+    Declare::CurvePointArray points;
+    const kurve::CurveResult r =
+        kurve::CalcCurve(request, points, a.T.value_or(0), a.p.value_or(0), a.v.value_or(0));
+    Json list = Json::array();
+    for (std::size_t i = 1; i < points.size(); ++i)
+        list.push_back({Number(static_cast<double>(points[i].x)),
+                        Number(static_cast<double>(points[i].y)),
+                        Number(static_cast<double>(points[i].z))});
+    const kurve::StatusText told = kurve::TextOf(r);
+    return {{"status", r.status},
+            {"count", kurve::PointCount(points)},
+            {"mark", points.empty() ? Json() : Json(static_cast<int>(points.front().z))},
+            {"message", r.message.empty() ? told.text : r.message},
+            {"points", list}};
+}
+
+std::string curve_text(const Json& result) {
+    std::string out;
+    for (const Json& point : result.at("points")) {
+        for (const Json& value : point) out += value.dump() + "\t";
+        out.back() = '\n';
+    }
+    return out;
+}
+
+}  // namespace
+
+std::vector<Command> CurveCommands() {
+    return {{"curve",
+             "points of a curve of a diagram",
+             {"type!", "T", "p", "v", "window", "points", "fraction", "scurve", "tieline"},
+             curve,
+             curve_text}};
+}
+
+}  // namespace quorcalc

@@ -1,0 +1,134 @@
+#include <charconv>
+#include <filesystem>
+
+#include "common/numbers.h"
+#include "common/text.h"
+#include "datafiles/xy_file.h"
+#include "estimation/fit_models.h"
+#include "estimation/fit_run.h"
+#include "estimation/group_contributions.h"
+#include "tools/quorcalc/command_list.h"
+
+namespace quorcalc {
+
+namespace {
+
+using estimation::FitState;
+
+double to_number(const std::string& s, const char* option) {
+    double value = 0;
+    const auto result = std::from_chars(s.data(), s.data() + s.size(), value);
+    if (result.ec != std::errc() || result.ptr != s.data() + s.size())
+        throw WrongCall{std::string(option) + ": not a number: " + s};
+    return value;
+}
+
+void choose_start(const Arguments& a, FitState& state) {
+    const auto count = static_cast<std::size_t>(state.NPar);
+    if (!a.start.empty()) {
+        const std::vector<std::string> parts = text::Split(a.start, ',');
+        if (parts.size() > count) throw WrongCall{"--start has too many values"};
+        for (std::size_t i = 0; i < parts.size(); ++i)
+            state.FitStart[i] = to_number(parts[i], "--start");
+    }
+    if (a.fix.empty()) return;
+    state.FitFixed = {};
+    for (const std::string& part : text::Split(a.fix, ',')) {
+        const double i = to_number(part, "--fix");
+        if (i < 1 || i > static_cast<double>(count))
+            throw WrongCall{"--fix: no such parameter: " + part};
+        state.FitFixed[static_cast<std::size_t>(i) - 1] = true;
+    }
+}
+
+Json fit(const Arguments& a) {
+    // A fit needs points; the substance only lends its critical data.
+    if (!a.substance.empty()) SetUp(a);
+    FitState state;
+    state.lg = a.lg;
+    if (!estimation::ChooseModel(state, static_cast<std::int16_t>(*a.model), Declare::substance))
+        throw WrongCall{"--model: no such model"};
+    state.lg = a.lg;
+    if (a.lg)
+        state.FitStart =
+            estimation::StartValues(*estimation::FindModel(state.FitModel), true, state.Tcr);
+    state.FitLogSQ = a.log;
+    if (a.Tcr) state.Tcr = *a.Tcr;
+    if (a.pcr) state.pcr = *a.pcr;
+    choose_start(a, state);
+
+    if (LoadSaveData::XYLoad(std::filesystem::absolute(a.file).string()).empty())
+        throw CannotBeDone{"nothing was loaded from " + a.file};
+    Declare::session.FitDataSource = 0;
+    estimation::LoadFitPoints(state);
+    Json result = {{"status", 0},  {"parameters", Json()}, {"stdDev", Json()},
+                   {"SQ", Json()}, {"sR", Json()},         {"failed", true}};
+    if (!estimation::StartFit(state)) {
+        result["status"] = -1;
+        return result;
+    }
+    Json parameters = Json::array(), deviations = Json::array();
+    for (std::size_t i = 0; i < static_cast<std::size_t>(state.NPar); ++i) {
+        parameters.push_back(Number(state.FitPar[i]));
+        const double deviation = state.FitStdDev[i];
+        deviations.push_back(Number(deviation));
+    }
+    result["parameters"] = parameters;
+    result["stdDev"] = deviations;
+    result["SQ"] = Number(state.SQ);
+    result["sR"] = Number(state.sR);
+    result["failed"] = state.report.endedAtLimit;
+    result["failedEvaluations"] = state.report.failedEvaluations;
+    result["meanDeviation"] =
+        state.report.hasDeviations ? Number(state.report.meanDeviation) : Json();
+    result["largestDeviation"] =
+        state.report.hasDeviations ? Number(state.report.largestDeviation) : Json();
+    return result;
+}
+
+Json optional(const std::optional<double>& value) {
+    return value ? Number(*value) : Json();
+}
+
+Json groups(const Arguments& a) {
+    const auto counts = estimation::ParseGroups(a.groups);
+    if (!counts) throw WrongCall{"--groups cannot be read: " + a.groups};
+    const estimation::CriticalData critical = estimation::JobackCritical(*counts, a.Tb);
+    const estimation::Formation formation = estimation::JobackFormation(*counts);
+    const auto cp = estimation::JobackCp(*counts);
+    Json coefficients;
+    if (cp) {
+        coefficients = Json::array();
+        for (const double c : *cp) coefficients.push_back(Number(c));
+    }
+    std::optional<double> omega;
+    if (critical.Tb && critical.Tc && critical.pc)
+        omega = estimation::LeeKeslerOmega(*critical.Tb, *critical.Tc, *critical.pc);
+    const bool any = estimation::AnyGroup(*counts);
+    return {{"status", any ? 0 : -1},
+            {"M", any ? Json(estimation::MolarMass(*counts)) : Json()},
+            {"Tb", optional(critical.Tb)},
+            {"Tf", optional(critical.Tf)},
+            {"Tc", optional(critical.Tc)},
+            {"pc", optional(critical.pc)},
+            {"Vc", optional(critical.Vc)},
+            {"rhoc", optional(critical.rhoc)},
+            {"dfh", optional(formation.dfh)},
+            {"dfg", optional(formation.dfg)},
+            {"cp", coefficients},
+            {"omega", optional(omega)}};
+}
+
+}  // namespace
+
+std::vector<Command> EstimationCommands() {
+    return {
+        {"fit",
+         "fits a correlation to the points of an .XY file",
+         {"model!", "file!", "start", "fix", "Tcr", "pcr", "log", "lg"},
+         fit},
+        {"groups", "Joback group contributions and the acentric factor", {"groups!", "Tb"}, groups},
+    };
+}
+
+}  // namespace quorcalc

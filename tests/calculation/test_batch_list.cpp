@@ -1,0 +1,311 @@
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+
+#include "calc_test.h"
+#include "calculation/batch_list.h"
+#include "calculation/calc_modes.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "expected_text.h"
+#include "models/caloric.h"
+#include "models/saturation.h"
+#include "models/state_solver.h"
+
+namespace {
+
+using BatchCalc::Deviation;
+using BatchCalc::DeviationText;
+using BatchCalc::ListForm;
+using Declare::BatchDataSet;
+using Declare::session;
+
+/// Lists that compare a model with measured data.
+class BatchList : public CalcTest {
+  protected:
+    BatchList() {
+        use_fluid();
+        use_models({});
+        session.BatchFile = "propane.BAQ";
+    }
+
+    static void use_sets(std::int16_t mode, const std::vector<BatchDataSet>& sets) {
+        session.BatchMode = true;
+        session.CalcMode = mode;
+        session.BatchCount = static_cast<std::int16_t>(sets.size());
+        Declare::BatchData.assign(1, {});
+        Declare::BatchData.insert(Declare::BatchData.end(), sets.begin(), sets.end());
+    }
+
+    static BatchCalc::ResultList list(bool extended = false, ListForm form = ListForm::File) {
+        BatchCalc::CalculateAllSets();
+        return BatchCalc::MakeResultList(Zentrale::ModeTitle(session.CalcMode),
+                                         session.GlobalCalculation, extended, form);
+    }
+
+    /// Cells of a table row, by the widths of its columns.
+    static std::vector<std::string> cells(const std::string& line) {
+        static constexpr std::size_t kWidths[] = {5,  11, 13, 13, 13, 17, 7,  11, 13,
+                                                  13, 13, 18, 15, 15, 15, 15, 15};
+        std::vector<std::string> all;
+        std::size_t at = 0;
+        for (const std::size_t width : kWidths) {
+            all.push_back(at < line.size() ? text::Trim(line.substr(at, width)) : "");
+            at += width;
+        }
+        return all;
+    }
+
+    using Cells = std::vector<std::string>;
+};
+
+TEST_F(BatchList, DeviationNeedsBothValues) {
+    EXPECT_FALSE(Deviation(0, 5));
+    EXPECT_FALSE(Deviation(5, 0));
+    EXPECT_FALSE(Deviation(1e-6, 5));
+    ASSERT_TRUE(Deviation(102.5, 100));
+    EXPECT_FLOAT_EQ(*Deviation(102.5, 100), 2.5F);
+    EXPECT_FLOAT_EQ(*Deviation(50, 100), -50.0F);
+    EXPECT_TRUE(std::isfinite(*Deviation(1e300, 1e-5)));
+}
+
+TEST_F(BatchList, DeviationIsWrittenWithAPoint) {
+    EXPECT_EQ(DeviationText(2.5F), "(2.5 %)");
+    EXPECT_EQ(DeviationText(-12.346F), "(-12.35 %)");
+    EXPECT_EQ(DeviationText(499.99F), "(499.99 %)");
+    EXPECT_EQ(DeviationText(500.0F), "(dev.> 500%!)");
+    EXPECT_EQ(DeviationText(-500.0F), "(dev.> 500%!)");
+    numbers::set_decimal_mark(',');
+    EXPECT_EQ(DeviationText(2.5F), "(2.5 %)");
+}
+
+TEST_F(BatchList, HeadAndColumnsOfTheFile) {
+    use_sets(4, {{0, 300, 998}});
+    const auto lines = list().lines;
+    ASSERT_GE(lines.size(), 12U);
+    EXPECT_EQ(lines[0], "QUOR Results of Calculation");
+    EXPECT_EQ(lines[1], "");
+    EXPECT_EQ(lines[2], "Substance            : Propane");
+    EXPECT_EQ(lines[3],
+              "Calculation          : T => p(LV) (global calculation) Enthalpy of Vaporization "
+              "(using EOS)");
+    EXPECT_EQ(lines[4], "model                : CEOS Peng / Robinson");
+    EXPECT_EQ(lines[5], "Vapour Pressure Equation: Wagner");
+    EXPECT_EQ(lines[6], "Number of Data Sets  : 1");
+    EXPECT_EQ(lines[7], "Name of Batchfile    : propane.BAQ");
+    EXPECT_EQ(lines[8], std::string(lines[8].size(), '='));
+    EXPECT_EQ(cells(lines[9]),
+              (Cells{"#", "T(exp)", "p(exp)", "rhoV(exp)", "rhoL(exp)", "delta(LV)h(exp)", "phase",
+                     "T(calc)", "p(calc)", "rhoV(calc)", "rhoL(calc)", "delta(LV)h(calc)",
+                     "delta T", "delta p", "delta rhoV", "delta rhoL", "delta(LV)h"}));
+    EXPECT_EQ(cells(lines[10]),
+              (Cells{"", "K", "kPa", "kg/m^3", "kg/m^3", "kJ/kmol", "", "K", "kPa", "kg/m^3",
+                     "kg/m^3", "kJ/kmol", "-", "-", "-", "-", "-"}));
+    EXPECT_EQ(lines[11], lines[8]);
+    session.GlobalCalculation = false;
+    EXPECT_EQ(list().lines[3],
+              "Calculation          : T => p(LV) (partial calculation) (BENSON's method)");
+}
+
+TEST_F(BatchList, PrintedFormHasItsOwnHead) {
+    use_sets(4, {{0, 300, 998}});
+    const auto lines = list(false, ListForm::Print).lines;
+    EXPECT_EQ(lines[0], "QUOR: Results of Calculation");
+    EXPECT_EQ(lines[2], "Substance: Propane");
+    EXPECT_EQ(
+        lines[3],
+        "Calculation: T => p(LV) (global calculation) Enthalpy of Vaporization del(LV)h calc. "
+        "using EOS");
+    EXPECT_EQ(lines[4], "Model: CEOS Peng / Robinson");
+    EXPECT_EQ(lines[5], "Vapour Press. Equation: Wagner");
+    EXPECT_EQ(lines[6], "Number of Data Sets: 1");
+    EXPECT_EQ(lines[7], "Name Batchfile: propane.BAQ");
+}
+
+TEST_F(BatchList, RowsCompareCalculatedWithMeasuredValues) {
+    const auto at = [](double T) { return Calc::saturation_pressure(Calc::CurrentFluid(), T); };
+    const double M = static_cast<double>(Declare::substance.M);
+    const auto s300 = at(300), s320 = at(320);
+    // 10 % above and 4 % below the calculated pressures; one liquid density, far too large.
+    const double p1 = s300.p / 1.10, p2 = s320.p / 0.96;
+    const auto rhoL = static_cast<float>(M / s300.v[0] / 6.5);
+    use_sets(4, {{0, 300, p1, 0, rhoL, 0, 0},
+                 {-1, 310, 1, 0, 0, 0, 0},
+                 {0, 320, p2, 0, 0, 0, 0},
+                 {0, 500, 9999, 0, 0, 0, 0}});
+    const auto result = list();
+    const auto first = cells(result.lines[12]), second = cells(result.lines[13]);
+    EXPECT_EQ(first[0], "1");
+    EXPECT_EQ(first[1], "300");
+    EXPECT_EQ(first[2], expected::g7(p1));
+    EXPECT_EQ(first[3], "") << "no measured V density";
+    EXPECT_EQ(first[6], "V+L");
+    EXPECT_EQ(first[7], "") << "T is given, not calculated";
+    EXPECT_EQ(first[8], expected::g7(s300.p));
+    EXPECT_EQ(first[9], expected::g7(M / s300.v[2]));
+    EXPECT_EQ(first[12], "");
+    EXPECT_EQ(first[13], "(10. %)");
+    EXPECT_EQ(first[14], "");
+    EXPECT_EQ(first[15], "(dev.> 500%!)");
+    EXPECT_EQ(second[0], "3") << "an inactive set is left out";
+    EXPECT_EQ(second[13], "(-4. %)");
+    EXPECT_EQ(result.lines[14], result.lines[8]) << "a set without result is left out";
+    EXPECT_EQ(result.means[BatchCalc::kP].count, 2);
+    EXPECT_NEAR(*result.means[BatchCalc::kP].value(), 7.0, 1e-4);
+    EXPECT_EQ(result.means[BatchCalc::kRhoL].count, 0) << "500 % and more do not count";
+    EXPECT_FALSE(result.means[BatchCalc::kRhoL].value());
+    const std::string& means = result.lines[15];
+    EXPECT_EQ(means.substr(0, 36), "arithmet. mean of ABS(%-deviations):");
+    EXPECT_EQ(text::Trim(means.substr(36)), "7.00%");
+}
+
+TEST_F(BatchList, FunctionsOfModeEightStandBelowTheirSet) {
+    use_sets(8, {{0, 300, 500}});
+    const auto lines = list().lines;
+    const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), 300.0, 500.0);
+    const auto z = thermo::StateFunctions(300, 500, state.v[2]);
+    EXPECT_EQ(lines[8], "Model: CEOS Peng / Robinson; ideal-gas cp: sinh/cosh equation");
+    EXPECT_EQ(lines[9], "Reference state: h = 0, s = 0, ideal gas at 298.15 K, 101.325 kPa");
+    EXPECT_EQ(lines[10], "Surroundings for exergies: 298.15 K, 101.325 kPa");
+    const auto expect_line = [&](std::size_t i, std::string label, double value) {
+        label.resize(33, ' ');
+        std::string number = expected::g7(value);
+        number.insert(0, 16 - number.size(), ' ');
+        EXPECT_EQ(lines[i], label + number + " (V)");
+    };
+    expect_line(16, " Enthalpy        h/kJ/kmol     =", z.h);
+    expect_line(17, " Entropy         s/kJ/(kmol*K) =", z.s);
+    expect_line(18, " Gibbs Function   g/kJ/kmol     =", z.g);
+    expect_line(19, " Exergy of H     e/kJ/kmol     =", z.eH);
+    expect_line(20, " Exergy of U     e/kJ/kmol     =", z.eU);
+}
+
+TEST_F(BatchList, SpecificUnitsDoNotChangeTheList) {
+    use_sets(8, {{0, 300, 500}});
+    const auto molar = list().lines;
+    use_units(1);
+    EXPECT_EQ(list().lines, molar) << "the list names its own units";
+    use_sets(6, {{0, 300, 0, 0, 0, 15000.0F, 0}});
+    const auto specific = list().lines;
+    use_units(0);
+    EXPECT_EQ(list().lines, specific);
+}
+
+TEST_F(BatchList, ExtendedPartHasAllFunctionsOfASet) {
+    use_sets(3, {{0, 300, 500}});
+    session.OutputPage = 4;
+    for (const ListForm form : {ListForm::File, ListForm::Print}) {
+        const auto lines = list(true, form).lines;
+        const auto begin = std::find(lines.begin(), lines.end(),
+                                     "T -, p -, v - derivatives and thermodynamic functions");
+        ASSERT_NE(begin, lines.end());
+        const std::vector<std::string> page(begin, lines.end());
+        ASSERT_EQ(page.size(), 6U + 22U);
+        const bool file = form == ListForm::File;
+        EXPECT_EQ(page[1], "for data set 1");
+        EXPECT_EQ(page[2], "T/K = 300");
+        EXPECT_EQ(page[3], "p/kPa = 500");
+        EXPECT_EQ(page[4], file
+                               ? std::string(30, ' ') + "L-phase" + std::string(13, ' ') + "V-phase"
+                               : std::string(36, ' ') + "L" + std::string(19, ' ') + "V");
+        const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), 300.0, 500.0);
+        const auto V = thermo::ResidualFunctions(300, 500, state.v[2]);
+        EXPECT_EQ(page[6],
+                  " (dp/dV) at T  : " + std::string(29, ' ') + expected::signed_exp(V.first[1]));
+        const std::string label = file ? "       d2p/dV2 : " : "       d2p/dV² : ";
+        EXPECT_EQ(page[15], label + std::string(29, ' ') + expected::signed_exp(V.second[1]));
+        EXPECT_EQ(page[27].substr(0, 17), " cp/kJ/kmol/K  : ");
+    }
+    session.OutputPage = 1;
+    for (const std::string& line : list(true).lines)
+        EXPECT_EQ(line.find("for data set"), std::string::npos);
+}
+
+TEST_F(BatchList, IsTheSameWithADecimalComma) {
+    use_sets(3, {{0, 300.5, 500.25, 11.5F, 0, 0, 0}});
+    session.OutputPage = 4;
+    const auto point = list(true).lines;
+    numbers::set_decimal_mark(',');
+    EXPECT_EQ(list(true).lines, point);
+}
+
+TEST_F(BatchList, EveryModeMakesAList) {
+    for (const std::int16_t eos : Codes{6, 16})
+        for (const std::int16_t mode : Codes{1, 2, 3, 4, 5, 6, 7, 8, 13}) {
+            SCOPED_TRACE(testing::Message() << eos << " mode " << mode);
+            use_models({.eos = eos, .hlv = 2});
+            session.GlobalCalculation = eos == 6;
+            use_benson_reference();
+            use_sets(mode, {{0, 300, 900, 19.0F, 510.0F, 15000.0F, 0}});
+            const auto result = list();
+            EXPECT_EQ(cells(result.lines[mode == 8 ? 15 : 12])[0], "1");
+        }
+}
+
+TEST_F(BatchList, FileNameGetsFolderAndExtension) {
+    use_sets(3, {{0, 300, 500}});
+    EXPECT_TRUE(BatchCalc::ResultFile("one", " T, p => rho", true, false));
+    EXPECT_TRUE(std::filesystem::exists(folder() / "one.LST"));
+    EXPECT_TRUE(BatchCalc::ResultFile("two.TXT", " T, p => rho", true, false));
+    EXPECT_TRUE(std::filesystem::exists(folder() / "two.TXT"));
+    EXPECT_TRUE(BatchCalc::ResultFile((folder() / "three").string(), "x", true, false));
+    EXPECT_TRUE(std::filesystem::exists(folder() / "three.LST"));
+}
+
+TEST_F(BatchList, FiveThousandSetsTakeSecondsAndLeaveTheSession) {
+    std::vector<BatchDataSet> sets;
+    for (int i = 0; i < 5000; ++i)
+        sets.push_back({0, 150.0 + 0.04 * i, 20.0 + i, 10.0F, 500.0F, 15000.0F, 0});
+    use_sets(3, sets);
+    Declare::BatchData[0] = {0, 333, 444, 5.0F, 6.0F, 0, 0};
+    session.DataSetIndex = 7;
+    session.OutputPage = 4;
+    session.EquilibriumFunctions = true;
+    calculate(8);
+    const std::string text = Zentrale::ResultAsText(Zentrale::resultText);
+    const auto Fu = Declare::Fu;
+    const Declare::LastState last = Declare::lastState;
+    const Declare::Session before = session;
+
+    const auto start = std::chrono::steady_clock::now();
+    ASSERT_TRUE(BatchCalc::ResultFile("all", Zentrale::ModeTitle(3), true, true));
+    BatchCalc::PrintResult(Zentrale::ModeTitle(3), true, true);
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    EXPECT_LT(took.count(), 20.0) << "with both pages and a debug build";
+    RecordProperty("seconds", std::to_string(took.count()));
+
+    EXPECT_EQ(Zentrale::ResultAsText(Zentrale::resultText), text);
+    EXPECT_EQ(Declare::Fu, Fu);
+    EXPECT_EQ(Declare::lastState.v, last.v);
+    EXPECT_EQ(Declare::BatchData[0].T, 333);
+    EXPECT_EQ(session.DataSetIndex, before.DataSetIndex);
+    EXPECT_EQ(session.CalcMode, before.CalcMode);
+    EXPECT_EQ(session.OutputPage, 4);
+    EXPECT_EQ(session.CaloricFactor, before.CaloricFactor);
+    EXPECT_EQ(Declare::ResultRecords.size(), 5001U);
+    std::size_t results = 0;
+    for (const auto& record : Declare::ResultRecords) results += record.State != "   ";
+    EXPECT_EQ(results, 5000U);
+    EXPECT_TRUE(user.messages.empty()) << user.lastText();
+}
+
+TEST_F(BatchList, TroubleOfAllSetsIsToldOnce) {
+    use_sets(3, std::vector<BatchDataSet>(50, {0, 300, 500, 0, 0, 0, 0}));
+    use_units(1);
+    Declare::substance.M = 0;
+    BatchCalc::CalculateAllSets();
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), "Division by zero");
+    const auto result = BatchCalc::MakeResultList("x", true, false, ListForm::File);
+    for (const auto& mean : result.means) EXPECT_FALSE(mean.value());
+}
+
+TEST_F(BatchList, WithoutDataThereIsAnEmptyTable) {
+    use_sets(3, {});
+    const auto result = list();
+    EXPECT_EQ(result.lines[6], "Number of Data Sets  : 0");
+    EXPECT_EQ(result.lines.back(), "arithmet. mean of ABS(%-deviations):");
+}
+
+}  // namespace

@@ -1,0 +1,117 @@
+#include <cmath>
+
+#include "calc_test.h"
+#include "calculation/diagnosis.h"
+#include "expected_text.h"
+#include "models/cubic_eos.h"
+#include "models/saturation.h"
+
+namespace {
+
+using Zentrale::DiagnoseLastState;
+using Zentrale::Diagnosis;
+
+/// The explanation of the roots of the cubic EOS.
+class DiagnosisTest : public CalcTest {
+  protected:
+    DiagnosisTest() {
+        use_fluid();
+        use_models({});
+    }
+
+    static Diagnosis of_state(double T, double p) {
+        use_input({.T = T, .p = p});
+        calculate(3);
+        return DiagnoseLastState();
+    }
+
+    static std::vector<std::string> notes(const Diagnosis& d) {
+        std::vector<std::string> all;
+        for (const auto& root : d.roots) all.push_back(root.note);
+        return all;
+    }
+
+    /// Area between isotherm and p(LV) by the trapezoidal rule.
+    static double area(const std::vector<Zentrale::IsothermPoint>& points, double p) {
+        double sum = 0;
+        for (std::size_t i = 1; i < points.size(); ++i)
+            sum += 0.5 * (points[i].p + points[i - 1].p - 2 * p) * (points[i].v - points[i - 1].v);
+        return sum;
+    }
+
+    using Notes = std::vector<std::string>;
+};
+
+TEST_F(DiagnosisTest, ThreeRootsAreNamedByTheirStability) {
+    Diagnosis d = of_state(300, 500);
+    EXPECT_EQ(d.title, "Cubic Equation of State");
+    ASSERT_EQ(d.roots.size(), 3U);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(d.roots[i].caption, "v(" + std::to_string(i + 1) + ") =");
+        EXPECT_EQ(d.roots[i].value, expected::g7(Declare::lastState.v[i]) + " m^3/kmol");
+        EXPECT_NEAR(
+            Calc::cubic_pressure(Calc::eos_at(Calc::CurrentFluid(), 300), 300, d.roots[i].v), 500,
+            1e-3);
+    }
+    EXPECT_EQ(notes(d), (Notes{"(metastable)", "(unstable)", "(stable, V-phase)"}));
+    EXPECT_EQ(notes(of_state(300, 1200)),
+              (Notes{"(stable, L-phase)", "(unstable)", "(metastable)"}));
+    use_input({.T = 300});
+    calculate(4);
+    EXPECT_EQ(notes(DiagnoseLastState()),
+              (Notes{"(stable, L-phase)", "(unstable)", "(stable, V-phase)"}));
+}
+
+TEST_F(DiagnosisTest, OneRootIsOneLine) {
+    EXPECT_EQ(notes(of_state(366, 300)), (Notes{"(stable, V-phase)"}));
+    EXPECT_EQ(notes(of_state(300, 4000)), (Notes{"(stable, L-phase)"}));
+    const Diagnosis d = of_state(420, 3000);
+    EXPECT_EQ(d.roots.size(), 1U);
+    EXPECT_EQ(d.saturationPressure, 0);
+    EXPECT_TRUE(d.areaAbove.empty() && d.areaBelow.empty());
+}
+
+TEST_F(DiagnosisTest, AreasAreEqual) {
+    for (const std::int16_t eos : Codes{2, 3, 4, 5, 6})
+        for (const double T : {260.0, 300.0, 350.0, 366.0}) {
+            SCOPED_TRACE(testing::Message() << eos << " " << T);
+            use_models({.eos = eos});
+            const Diagnosis d = of_state(T, 600);
+            const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), T);
+            EXPECT_DOUBLE_EQ(d.saturationPressure, sat.p);
+            const double below = area(d.areaBelow, sat.p), above = area(d.areaAbove, sat.p);
+            EXPECT_LT(below, 0);
+            EXPECT_GT(above, 0);
+            EXPECT_NEAR(-below, above, 0.02 * above);
+            EXPECT_DOUBLE_EQ(d.areaBelow.back().v, d.areaAbove.front().v);
+        }
+}
+
+TEST_F(DiagnosisTest, IsothermCoversTheRootsAndStaysInTheWindow) {
+    for (const double T : {150.0, 260.0, 300.0, 366.0, 400.0})
+        for (const double p : {20.0, 900.0, 6000.0}) {
+            SCOPED_TRACE(testing::Message() << T << " " << p);
+            const Diagnosis d = of_state(T, p);
+            ASSERT_GT(d.isotherm.size(), 100U);
+            EXPECT_LT(d.isotherm.front().v, d.roots.front().v * 1.0000001);
+            EXPECT_GT(d.isotherm.back().v, d.roots.back().v);
+            EXPECT_LT(d.pMin, d.pMax);
+            EXPECT_LE(d.pMin, p);
+            EXPECT_GE(d.pMax, p);
+            for (std::size_t i = 1; i < d.isotherm.size(); ++i)
+                ASSERT_GT(d.isotherm[i].v, d.isotherm[i - 1].v);
+            for (const auto& point : d.isotherm) ASSERT_TRUE(std::isfinite(point.p));
+            EXPECT_LE(d.isotherm.front().p, d.pMax * 1.001);
+        }
+}
+
+TEST_F(DiagnosisTest, WithoutAStateThereIsNothingToShow) {
+    use_input({});
+    calculate(3);
+    const Diagnosis d = DiagnoseLastState();
+    EXPECT_TRUE(d.roots.empty() && d.isotherm.empty());
+    use_models({.eos = 16});
+    EXPECT_TRUE(of_state(300, 100).roots.empty());
+}
+
+}  // namespace

@@ -1,0 +1,196 @@
+#include "calc_test.h"
+#include "calculation/direct_input.h"
+#include "calculation/start_calculation.h"
+#include "common/numbers.h"
+
+namespace {
+
+using Declare::session;
+using Zentrale::AcceptInput;
+using Zentrale::DescribeDirectInput;
+using Zentrale::InputResult;
+using Zentrale::resultText;
+
+/// The small view that asks for numbers.
+class DirectInput : public CalcTest {
+  protected:
+    DirectInput() {
+        use_fluid();
+        use_models({});
+    }
+
+    static void ask(std::int16_t mode) {
+        session.CalcMode = mode;
+        session.InputSituation = static_cast<std::int16_t>(mode + 100);
+    }
+    static std::vector<std::string> labels(bool amount = false) {
+        std::vector<std::string> all;
+        for (const auto& field : DescribeDirectInput(amount).fields)
+            all.push_back(field.visible ? field.label : "");
+        return all;
+    }
+    void expect_refused(const std::array<std::string, 4>& texts) {
+        user.messages.clear();
+        EXPECT_EQ(AcceptInput(texts), InputResult::Refused);
+        ASSERT_EQ(user.messages.size(), 1U);
+        EXPECT_EQ(user.lastText(), "no valid input");
+        EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    }
+
+    using Labels = std::vector<std::string>;
+};
+
+TEST_F(DirectInput, AsksForWhatTheModeNeeds) {
+    const std::string T = "      T/K     ", p = "      p/kPa = ", rho = " rho/kg/m^3 = ";
+    for (const std::int16_t mode : Codes{4, 6, 11, 14, 15, 16, 17, 18, 19, 20, 21, 22, 24}) {
+        ask(mode);
+        EXPECT_EQ(labels(), (Labels{T, "", "", ""})) << mode;
+    }
+    for (const std::int16_t mode : Codes{5, 7}) {
+        ask(mode);
+        EXPECT_EQ(labels(), (Labels{"", p, "", ""})) << mode;
+    }
+    for (const std::int16_t mode : Codes{3, 8}) {
+        ask(mode);
+        EXPECT_EQ(labels(), (Labels{T, p, "", ""})) << mode;
+    }
+    for (const std::int16_t mode : Codes{1, 2}) {
+        ask(mode);
+        EXPECT_EQ(labels(), (Labels{T, "", rho, ""})) << mode;
+    }
+    ask(13);
+    EXPECT_EQ(labels(), (Labels{"", p, rho, ""}));
+    EXPECT_EQ(DescribeDirectInput().title, "Input \"Direct calculation\" ");
+    EXPECT_EQ(DescribeDirectInput().command, "&Calculate");
+}
+
+TEST_F(DirectInput, NamesTheUnitOfAVolume) {
+    ask(1);
+    EXPECT_EQ(DescribeDirectInput().volumeFrame, " Input density kg/m^3 ");
+    Zentrale::ChooseVolumeInput(1);
+    const char* frames[] = {" Input molar volume, cf. \"Options\" ",
+                            " Input specif. volume, cf. Options ",
+                            " Input red. volume, cf. Options "};
+    const char* names[] = {" V/m^3/kmol = ", "  V/m^3/kg  = ", "  V/(m^3/m^3)= "};
+    for (const int unit : {0, 1, 2}) {
+        use_units(unit);
+        EXPECT_EQ(DescribeDirectInput().volumeFrame, frames[unit]);
+        EXPECT_EQ(labels()[2], names[unit]);
+    }
+    use_models({.eos = 16});  // no critical volume: reduced volumes fall back to molar ones
+    EXPECT_EQ(labels()[2], names[0]);
+    ask(3);
+    EXPECT_FALSE(DescribeDirectInput().volumeFrameVisible);
+}
+
+TEST_F(DirectInput, StoresAndCalculates) {
+    ask(3);
+    EXPECT_EQ(AcceptInput({"300", "900,5", "77", ""}), InputResult::Calculated);
+    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 300);
+    EXPECT_DOUBLE_EQ(Declare::BatchData[0].p, 900.5);
+    EXPECT_EQ(Declare::BatchData[0].rhoV, 0.0F) << "a hidden field counts as nothing";
+    EXPECT_EQ(resultText.State, " V ");
+    EXPECT_EQ(resultText.title, " T, p => rho");
+}
+
+TEST_F(DirectInput, AllFieldsZeroIsNoInput) {
+    for (const std::int16_t mode : Codes{1, 3, 4, 5, 8, 13}) {
+        ask(mode);
+        expect_refused({"0", "0", "0", "0"});
+        expect_refused({"", "", "", ""});
+        expect_refused({"abc", "x", "-", "0"});
+    }
+    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 0);
+}
+
+TEST_F(DirectInput, OneOfTwoValuesEndsInTheResultView) {
+    ask(3);
+    EXPECT_EQ(AcceptInput({"300", "", "", ""}), InputResult::Calculated);
+    EXPECT_EQ(resultText.par1.text, "No p in this data set");
+}
+
+TEST_F(DirectInput, AVolumeBecomesADensity) {
+    ask(1);
+    Zentrale::ChooseVolumeInput(1);
+    const double M = static_cast<double>(Declare::substance.M);
+    use_units(0);
+    AcceptInput({"300", "", "5", ""});
+    EXPECT_FLOAT_EQ(Declare::BatchData[0].rhoV, static_cast<float>(M / 5.0));
+    use_units(1);
+    AcceptInput({"300", "", "0,1", ""});
+    EXPECT_FLOAT_EQ(Declare::BatchData[0].rhoV, 10.0F) << "specific volume of 0.1 m^3/kg";
+    use_units(2);
+    AcceptInput({"300", "", "2", ""});
+    EXPECT_FLOAT_EQ(Declare::BatchData[0].rhoV,
+                    static_cast<float>(M / (2.0 * Declare::eosParameters.vcritCalc)));
+    Zentrale::ChooseVolumeInput(0);
+    AcceptInput({"300", "", "2", ""});
+    EXPECT_FLOAT_EQ(Declare::BatchData[0].rhoV, 2.0F);
+}
+
+TEST_F(DirectInput, ANumberTooLargeIsNoInput) {
+    ask(1);
+    AcceptInput({"300", "", "5", ""});
+    expect_refused({"310", "", "1E300", ""});
+    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 300) << "nothing changes";
+    session.InputSituation = 4;
+    expect_refused({"1E60", "1E60", "1", "1"});
+}
+
+TEST_F(DirectInput, TakesAReferencePoint) {
+    session.InputSituation = 4;
+    const auto input = DescribeDirectInput();
+    EXPECT_EQ(input.title, "Input: Reference Point");
+    EXPECT_EQ(input.command, "OK");
+    EXPECT_EQ(labels(),
+              (Labels{"        T/K = ", "  p(LV)/kPa = ", "rho_L/kg/m^3= ", "rho_V/kg/m^3= "}));
+    expect_refused({"231", "101.3", "0", "2.4"});
+    EXPECT_EQ(AcceptInput({"231", "101.3", "581", "2,4"}), InputResult::ReferenceStored);
+    EXPECT_FLOAT_EQ(session.BensonReference.T, 231.0F);
+    EXPECT_FLOAT_EQ(session.BensonReference.p, 101.3F);
+    EXPECT_FLOAT_EQ(session.BensonReference.rhoL, 581.0F);
+    EXPECT_FLOAT_EQ(session.BensonReference.rhoV, 2.4F);
+}
+
+TEST_F(DirectInput, TakesATankByMassOrAmount) {
+    session.CalcMode = 9;
+    session.InputSituation = 33;
+    EXPECT_EQ(DescribeDirectInput().title, "Tank Calculation");
+    EXPECT_EQ(labels(), (Labels{"      V/m^3   ", "      m/kg    ", "      T/K     ", ""}));
+    EXPECT_EQ(labels(true)[1], "      n/kmol  ");
+    expect_refused({"1", "", "300", ""});
+    EXPECT_EQ(AcceptInput({"1", "100", "300", ""}), InputResult::TankCalculated);
+    const double level = session.tank.level;
+    EXPECT_GT(level, 10.0);
+    EXPECT_GT(session.tank.p, 900.0F);
+    const std::string amount = numbers::General(100.0 / static_cast<double>(Declare::substance.M));
+    EXPECT_EQ(AcceptInput({"1", amount, "300", ""}, true), InputResult::TankCalculated);
+    EXPECT_NEAR(static_cast<double>(session.tank.m), 100.0, 1e-4);
+    EXPECT_NEAR(session.tank.level, level, 1e-4);
+    session.CalcMode = 10;
+    session.GlobalCalculation = false;
+    EXPECT_EQ(AcceptInput({"1", "100", "400", ""}), InputResult::TankExit);
+}
+
+TEST_F(DirectInput, ZeroMolarMassEndsInTheGuardOfTheCalculation) {
+    use_units(1);
+    Declare::substance.M = 0;
+    ask(1);
+    EXPECT_EQ(DescribeDirectInput().fields[2].label, " rho/kg/m^3 = ");
+    EXPECT_EQ(AcceptInput({"300", "", "5", ""}), InputResult::Calculated);
+    EXPECT_EQ(user.lastText(), "Division by zero");
+    Zentrale::ChooseVolumeInput(1);
+    EXPECT_EQ(AcceptInput({"300", "", "5", ""}), InputResult::Refused);
+}
+
+TEST_F(DirectInput, CancelClosesInputAndResult) {
+    const Zentrale::Views before = Zentrale::views();
+    std::vector<std::string> closed;
+    Zentrale::views().closeParinput = [&] { closed.emplace_back("frmParinput"); };
+    Zentrale::views().closeResultView = [&] { closed.emplace_back("frmCalcOut"); };
+    Zentrale::CancelInput();
+    Zentrale::views() = before;
+    EXPECT_EQ(closed, (std::vector<std::string>{"frmParinput", "frmCalcOut"}));
+}
+
+}  // namespace

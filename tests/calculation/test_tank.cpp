@@ -1,0 +1,232 @@
+#include <cmath>
+
+#include "calc_test.h"
+#include "calculation/calc_modes.h"
+#include "calculation/direct_input.h"
+#include "calculation/tank.h"
+#include "expected_text.h"
+#include "models/density.h"
+#include "models/saturation.h"
+#include "models/state_solver.h"
+#include "models/vapour_pressure.h"
+
+namespace {
+
+using Declare::session;
+using expected::between;
+using expected::fix;
+using expected::row;
+using Zentrale::resultText;
+
+constexpr auto kVolume = "Volume                   V/m^3  = ";
+constexpr auto kMass = "Mass                      m/kg  = ";
+constexpr auto kAmount = "amount of substance      n/kmol = ";
+
+/// The tank of the session in mode 9 (global) or 10 (partial).
+class Tank : public CalcTest {
+  protected:
+    Tank() {
+        use_fluid();
+        use_models({});
+    }
+
+    static double M() { return static_cast<double>(Declare::substance.M); }
+
+    static std::string fill(std::int16_t mode, double V, double m, double T) {
+        session.CalcMode = mode;
+        session.GlobalCalculation = mode == 9;
+        session.tank = {static_cast<float>(V), static_cast<float>(m), static_cast<float>(T), 0, 0};
+        return Zentrale::CalculateTank();
+    }
+
+    /// The lines of the content, from volumes and masses of both phases.
+    static std::vector<std::string> content(double V, double m, double VV, double rhoL,
+                                            double rhoV) {
+        const double mL = (V - VV) * rhoL, mV = VV * rhoV;
+        const auto both = [&](const char* label, double L, double Vv, int most) {
+            return row(label, "", rhoL > 0 ? between(L, 4, most) : "",
+                       rhoV > 0 ? between(Vv, 4, most) : "");
+        };
+        return {
+            "Vapour fraction y(V) = " + between(mV / m, 1, 8),
+            "volume fraction V-phase phi(V),% = " + between(VV / V * 100, 1, 4) + " %",
+            "Mass fraction = Mole fract. V-Phase y(V),% = " + between(mV / m * 100, 1, 4) + " %",
+            both(kVolume, V - VV, VV, 6),
+            both(kMass, mL, mV, 6),
+            both(kAmount, mL / M(), mV / M(), 4)};
+    }
+
+    static std::vector<std::string> first_lines(std::size_t count) {
+        const auto all = lines();
+        return {all.begin(),
+                all.begin() + static_cast<std::ptrdiff_t>(std::min(count, all.size()))};
+    }
+};
+
+TEST_F(Tank, DividesItsContentByTheEos) {
+    fill(9, 2.0, 200.0, 300.0);
+    const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), 300.0);
+    const double rhoL = M() / sat.v[0], rhoV = M() / sat.v[2];
+    // Mass balance: VV rhoV + (V - VV) rhoL = m.
+    const double VV = (2.0 * rhoL - 200.0) / (rhoL - rhoV);
+    EXPECT_EQ(first_lines(6), content(2.0, 200.0, VV, rhoL, rhoV));
+    EXPECT_EQ(resultText.State, "V+L");
+    EXPECT_NEAR(session.tank.level, (2.0 - VV) / 2.0 * 100.0, 1e-4);
+    EXPECT_NEAR(static_cast<double>(session.tank.p), sat.p, 1e-3);
+    EXPECT_EQ(resultText.co2.text, "Vapour pressure p/kPa = " + fix(sat.p, 3));
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(Tank, DividesItsContentByThePartialMethod) {
+    for (const std::int16_t eos : Codes{6, 16}) {
+        SCOPED_TRACE(eos);
+        use_models({.eos = eos});
+        use_benson_reference();
+        fill(10, 1.0, 150.0, 290.0);
+        const double p = Calc::vapour_pressure(Declare::substance, 290.0, "WAG").p;
+        const double rhoV = Calc::solve_state_tp(Calc::CurrentFluid(), 290.0, p).rhoV;
+        const double rhoL =
+            Calc::DensityLBenson(290.0, Declare::substance.Tcrit, Declare::substance.rhocrit, rhoV,
+                                 session.BensonReference);
+        ASSERT_GT(rhoL, 400.0);
+        const double VV = (rhoL - 150.0) / (rhoL - rhoV);
+        EXPECT_EQ(first_lines(6), content(1.0, 150.0, VV, rhoL, rhoV));
+        EXPECT_NEAR(session.tank.level, (1.0 - VV) * 100.0, 1e-4);
+        EXPECT_EQ(resultText.co2.text, "Vapour pressure p/kPa = " + fix(p, 3));
+        EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
+    }
+}
+
+TEST_F(Tank, PartialMethodTakesTheDatabaseEquation) {
+    Declare::substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    Declare::substance.rhoLTLo = 150;
+    Declare::substance.rhoLTHi = 360;
+    session.LiquidByBenson = false;
+    fill(10, 1.0, 150.0, 290.0);
+    EXPECT_NEAR(static_cast<double>(Declare::currentResult.rhoL), 870.0 - 1.2 * 290.0, 1e-3);
+    EXPECT_EQ(Zentrale::ModeTitle(10),
+              "Phases and Pressure in a Tank (partial calculation, rho_L  (from database)");
+}
+
+TEST_F(Tank, AboveTheLiquidDensityItIsFull) {
+    use_benson_reference();
+    fill(10, 1.0, 600.0, 300.0);
+    EXPECT_DOUBLE_EQ(session.tank.level, 100.0);
+    EXPECT_EQ(resultText.State, " L ");
+    EXPECT_EQ(first_lines(6), content(1.0, 600.0, 0.0, 600.0, 0.0));
+    fill(9, 1.0, 540.0, 300.0);
+    EXPECT_DOUBLE_EQ(session.tank.level, 100.0);
+}
+
+TEST_F(Tank, BelowTheVapourDensityItHoldsOnlyVapour) {
+    use_benson_reference();
+    for (const std::int16_t mode : Codes{9, 10}) {
+        SCOPED_TRACE(mode);
+        fill(mode, 1.0, 5.0, 300.0);
+        EXPECT_DOUBLE_EQ(session.tank.level, 0.0);
+        EXPECT_EQ(resultText.State, " V ");
+        const double p = Calc::PressureFromTV(300.0, M() / 5.0).p;
+        EXPECT_NEAR(static_cast<double>(session.tank.p), p, 1e-3);
+        EXPECT_EQ(first_lines(6), content(1.0, 5.0, 1.0, 0.0, 5.0));
+    }
+}
+
+TEST_F(Tank, PartialMethodNeedsAnEquilibrium) {
+    EXPECT_EQ(fill(10, 1.0, 100.0, 369.89), "EXIT");
+    ASSERT_EQ(user.messages.size(), 1U);
+    // The temperature is kept as a 32-bit value, which lies just above Tcrit.
+    EXPECT_EQ(user.lastText(),
+              "\"Partial Calculation\" - usable only for phase equilibria (T < T(cr))\n"
+              "(T(cr)/K =369.89)");
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_TRUE(lines().empty());
+}
+
+TEST_F(Tank, WithoutAVapourPressureThereIsAnError) {
+    use_models({.vp = "000"});
+    use_benson_reference();
+    EXPECT_EQ(fill(10, 1.0, 100.0, 300.0), "ERROR2");
+    EXPECT_EQ(resultText.co2.text, " System pressure p/kPa = (Error)");
+    EXPECT_TRUE(resultText.co2.red);
+    EXPECT_DOUBLE_EQ(Zentrale::DescribeTank("ERROR2").level, 100.0);
+}
+
+TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
+    fill(10, 1.0, 100.0, 300.0);
+    EXPECT_EQ(resultText.State, "   ");
+    EXPECT_TRUE(has_line("Message from Sub CalcBatch" + std::string(25, ' ') + " (no rho_L)"));
+}
+
+TEST_F(Tank, OverfilledTankOfTheEosIsAnError) {
+    EXPECT_EQ(fill(9, 1.0, 900.0, 300.0), "ERROR1");
+    EXPECT_DOUBLE_EQ(Zentrale::DescribeTank("ERROR1").level, 100.0);
+}
+
+TEST_F(Tank, VirialModelBelowBIsAnError) {
+    use_models({.eos = 10});
+    Declare::eosParameters.eosB0 = 0.5;
+    Declare::eosParameters.eosNB = 0.0;
+    const std::string answer = fill(9, 1.0, 200.0, 300.0);
+    EXPECT_EQ(answer, "ERROR3");
+    const Zentrale::TankPicture picture = Zentrale::DescribeTank(answer);
+    EXPECT_TRUE(picture.error);
+    EXPECT_EQ(picture.levelText, "Error");
+    EXPECT_EQ(picture.pText, " Error: v < B");
+    EXPECT_EQ(picture.hint, "cf. help \"Tank\"");
+}
+
+TEST_F(Tank, WarnsBelowTheTriplePoint) {
+    Declare::substance.Ttriple = 250.0F;
+    fill(9, 1.0, 100.0, 240.0);
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), "T < T(TP) (Triple Point)");
+    EXPECT_EQ(user.lastTitle(), "WARNING");
+}
+
+TEST_F(Tank, IncompleteDataEndAtOnce) {
+    fill(9, 0.0, 100.0, 300.0);
+    EXPECT_TRUE(resultText.par1.text.empty());
+    EXPECT_TRUE(lines().empty());
+    EXPECT_EQ(session.tank.p, 0.0F);
+}
+
+TEST_F(Tank, PictureTellsLevelPressureAndPhases) {
+    session.tank = {1.0F, 100.0F, 300.0F, 997.4284F, 16.0919};
+    Zentrale::TankPicture picture = Zentrale::DescribeTank("");
+    EXPECT_EQ(picture.title, "Tank Calculation (global method) ");
+    EXPECT_EQ(picture.caption, "Cylinder shaped tank");
+    EXPECT_EQ(picture.levelText, "Filling level 16.09vol.-%");
+    EXPECT_EQ(picture.pText, "p = 997.428 kPa");
+    EXPECT_EQ(picture.lowerText, "  L-phase");
+    EXPECT_EQ(picture.upperText, "  V-phase");
+    EXPECT_FALSE(picture.supercritical);
+    EXPECT_DOUBLE_EQ(picture.section, session.tank.level);
+
+    session.GlobalCalculation = false;
+    session.tank.p = 20000.25F;
+    session.tank.T = 400.0F;
+    picture = Zentrale::DescribeTank("");
+    EXPECT_EQ(picture.title, "Tank Calculation (partial method)");
+    EXPECT_EQ(picture.pText, "p = 20000.25 kPa");
+    EXPECT_EQ(picture.lowerText, " supercritical");
+    EXPECT_TRUE(picture.supercritical);
+}
+
+TEST_F(Tank, PictureMirrorsTheUpperHalf) {
+    const struct {
+        double level, section;
+        bool mirrored;
+    } cases[] = {{-1, 1e-6, false},   {0, 1e-6, false},   {30, 30, false}, {49.9, 49.8, false},
+                 {50, 49.8, false},   {50.1, 49.8, true}, {80, 20, true},  {99.85, 0.15, true},
+                 {99.9, 49.8, false}, {100, 49.8, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.level);
+        session.tank.level = c.level;
+        const Zentrale::TankPicture picture = Zentrale::DescribeTank("");
+        EXPECT_NEAR(picture.section, c.section, 1e-9);
+        EXPECT_EQ(picture.mirrored, c.mirrored);
+        EXPECT_DOUBLE_EQ(picture.level, std::max(0.0, c.level));
+    }
+}
+
+}  // namespace

@@ -1,0 +1,463 @@
+#include "datafiles/substance_editor.h"
+
+#include <set>
+
+#include "common/constants.h"
+#include "datafiles/substance_slots.h"
+#include "models/cubic_eos.h"
+#include "models/model_tables.h"
+#include "models/vapour_pressure.h"
+#include "session/module2.h"
+#include "support/fluids.h"
+#include "support/session_test.h"
+
+namespace {
+
+using namespace LoadSaveData;
+using Declare::substance;
+
+class SubstanceEditor : public SessionTest {
+  protected:
+    SubstanceEditor() {
+        substance = fluids::ReferencePropane();
+        Declare::models.VPCode = "WAG";
+        Declare::models.VPModel = 4;
+        Declare::models.EOSModel = 6;
+    }
+    static const EditorField& field(int DD) {
+        return EditorFieldTable()[static_cast<std::size_t>(DD)];
+    }
+};
+
+/// Every numeric field of a record with a value of its own.
+Declare::SubstanceRecord Numbered() {
+    Declare::SubstanceRecord s;
+    s.Name = "Somethane";
+    s.Formula = "C2 H9";
+    s.CASRN = "12-34-5     ";
+    int value = 300;
+    for (const EditorField& f : EditorFieldTable()) {
+        ++value;
+        struct Put {
+            int v;
+            void operator()(float* p) const { *p = static_cast<float>(v); }
+            void operator()(double* p) const { *p = v; }
+            void operator()(std::int16_t* p) const { *p = static_cast<std::int16_t>(v); }
+            void operator()(bool*) const {}
+            void operator()(std::string*) const {}
+        };
+        std::visit(Put{value}, Locate(s, PlaceOf(f)));
+    }
+    return s;
+}
+
+TEST_F(SubstanceEditor, EveryFieldHasItsIndexAndItsOwnPlace) {
+    std::set<std::string> places;
+    for (int i = 0; i < kEditorFields; ++i) {
+        EXPECT_EQ(field(i).DD, i);
+        ASSERT_TRUE(FindField(field(i).name).has_value()) << field(i).name;
+        EXPECT_TRUE(places.insert(NameOf(PlaceOf(field(i)))).second) << i;
+        EXPECT_FALSE(field(i).caption.empty()) << i;
+    }
+}
+
+TEST_F(SubstanceEditor, FieldsStandWhereTheyAreKnown) {
+    const struct {
+        int first, last;
+        const char* name;  // of the first field
+        const char* lastName;
+        const char* frame;
+    } blocks[] = {{4, 7, "Tcrit", "omega", "Critical Data"},
+                  {8, 12, "ALP.1", "ALP.THi", "ANTOINE (low press.)"},
+                  {13, 17, "AHP.1", "AHP.THi", "ANTOINE (high press.)"},
+                  {18, 27, "rhoLPar.1", "rhoLTHi", " rho(T) "},
+                  {28, 34, "cpPoly.1", "cpPoly.THi", " polynomial function "},
+                  {35, 41, "cpSinh.1", "cpSinh.THi", "sinh/cosh-function"},
+                  {42, 43, "WatsonH", "WatsonT", "WATSON reference point"},
+                  {44, 45, "dfh", "dfg", "Caloric Data"},
+                  {46, 47, "AUG.1", "AUG.2", "AUGUST, calc. from T(crit) and normal boiling point"},
+                  {48, 50, "THO.1", "THO.3", "ANTOINE Constants, Thompson correlated"},
+                  {51, 61, "FRO.1", "FRO.THi", " FROST/KALKWARF "},
+                  {62, 73, "WAG.1", "WAG.THi", " WAGNER "},
+                  {74, 82, "hLVPar.1", "hLVTHi", "delta(LV)h (T)"},
+                  {86, 96, "KFW.1", "KFW.THi", "van der Waals correl."},
+                  {97, 107, "KFR.1", "KFR.THi", "Redlich/Kw. correlated"},
+                  {108, 114, "cpL.1", "cpL.THi", "Polynomial cp(L)"},
+                  {115, 121, "cpS.1", "cpS.THi", "Polynomial cp(S)"},
+                  {122, 122, "sconv", "sconv", "Caloric Data"}};
+    for (const auto& b : blocks) {
+        SCOPED_TRACE(b.frame);
+        EXPECT_EQ(PlaceOf(field(b.first)).field, FindField(b.name)->field);
+        EXPECT_EQ(PlaceOf(field(b.first)).element, FindField(b.name)->element);
+        EXPECT_EQ(PlaceOf(field(b.last)).field, FindField(b.lastName)->field);
+        for (int i = b.first; i <= b.last; ++i) EXPECT_EQ(field(i).frame, b.frame);
+    }
+    for (const auto& [DD, name] : {std::pair{0, "M"},
+                                   {1, "Tboil"},
+                                   {2, "Ttriple"},
+                                   {3, "ptriple"},
+                                   {25, "rhoLTc"},
+                                   {26, "rhoLTLo"},
+                                   {80, "hLVTc"},
+                                   {81, "hLVTLo"},
+                                   {83, "Name"},
+                                   {84, "Formula"},
+                                   {85, "CASRN"}})
+        EXPECT_EQ(field(DD).name, name);
+    EXPECT_EQ(field(37).caption, "Abs(C2)");
+    EXPECT_EQ(field(6).caption, "rho(cr) /(kg/m^3)");
+    EXPECT_EQ(field(2).caption, "triple point temp. /K ");
+    for (int i = 0; i < kEditorFields; ++i) {
+        const bool correlated = (i >= 46 && i <= 50) || (i >= 86 && i <= 107);
+        EXPECT_EQ(field(i).editable, !correlated) << i;
+        EXPECT_EQ(field(i).IsText(), i >= 83 && i <= 85) << i;
+    }
+}
+
+TEST_F(SubstanceEditor, NothingAndZeroHaveTheirTexts) {
+    EXPECT_EQ(EditorText(0.0F), "<>");
+    EXPECT_EQ(EditorText(0.0), "<>");
+    EXPECT_EQ(EditorText(1e-37F), " 0");
+    EXPECT_EQ(EditorText(1e-37), " 0");
+    EXPECT_EQ(EditorText(static_cast<double>(1e-37F)), " 0");
+    EXPECT_EQ(EditorText(44.0956F), " 44.0956");
+    EXPECT_EQ(EditorText(-7.5F), "-7.5");
+    EXPECT_EQ(EditorText(1e-30F), " 1E-30");
+    EXPECT_EQ(EditorText(369.89), " 369.89");
+    EXPECT_EQ(EditorText(static_cast<double>(220.478F)), " 220.478");
+}
+
+TEST_F(SubstanceEditor, TextsReadBackAsTheSameValue) {
+    for (const float v :
+         {0.1F, 123.456789F, 1.0F / 3, -2.71828183e-7F, 5.2053e7F, 16777217.0F, 3e38F})
+        EXPECT_EQ(std::stof(EditorText(v)), v);
+    for (const double v : {0.1, 369.8912345678, 1.0 / 3}) EXPECT_EQ(std::stod(EditorText(v)), v);
+}
+
+TEST_F(SubstanceEditor, AnUntouchedFormAppliesToTheSameRecord) {
+    for (const std::string& name : fluids::AllNames()) {
+        SCOPED_TRACE(name);
+        Declare::SubstanceRecord before = fluids::Row(name);
+        if (before.Tboil > 0) Calc::correlate_august(before);
+        Declare::SubstanceRecord after = before;
+        Declare::ModelSelection models = Declare::models;
+        EditorTexts texts = ShowRecord(before);
+        apply_editor(texts, after, models);
+        for (const EditorField& f : EditorFieldTable())
+            if (f.editable) {
+                EXPECT_EQ(ValueOf(after, PlaceOf(f)), ValueOf(before, PlaceOf(f))) << f.name;
+            }
+        EXPECT_EQ(after.hasCpPoly, before.hasCpPoly);
+        EXPECT_EQ(after.hasCpSinh, before.hasCpSinh);
+        EXPECT_EQ(after.hasCpL, before.hasCpL);
+        EXPECT_EQ(after.hasCpS, before.hasCpS);
+    }
+}
+
+TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
+    const Declare::SubstanceRecord numbered = Numbered();
+    for (const EditorField& f : EditorFieldTable()) {
+        if (!f.editable || f.IsText()) continue;
+        SCOPED_TRACE(std::string(f.name));
+        Declare::SubstanceRecord s = numbered;
+        Declare::ModelSelection models = Declare::models;
+        EditorTexts texts = ShowRecord(s);
+        const auto i = static_cast<std::size_t>(f.DD);
+        texts[i] = "1234.5";
+        apply_editor(texts, s, models);
+        const double stored = std::visit(
+            [](const auto& v) -> double {
+                if constexpr (std::is_arithmetic_v<std::decay_t<decltype(v)>>)
+                    return static_cast<double>(v);
+                else
+                    return -1;
+            },
+            ValueOf(s, PlaceOf(f)));
+        EXPECT_EQ(stored, IsBound(*PlaceOf(f).field) ? 1234 : 1234.5);  // bounds round half to even
+
+        texts[i] = "0";
+        apply_editor(texts, s, models);
+        const bool bound = IsBound(*PlaceOf(f).field);
+        EXPECT_EQ(texts[i], f.DD == 37 ? " 0.1" : " 0");
+        if (!bound && f.DD != 37) {
+            EXPECT_EQ(ShowRecord(s)[i], " 0");
+        }
+
+        texts[i] = "";
+        apply_editor(texts, s, models);
+        if (f.DD == 37) continue;  // C2 of the sinh/cosh function is never left without a value
+        if (f.DD == 1) continue;   // the boiling point is computed anew
+        EXPECT_EQ(texts[i], "<>");
+        EXPECT_EQ(ShowRecord(s)[i], "<>");
+    }
+}
+
+TEST_F(SubstanceEditor, NamesNeverBecomeZeros) {
+    EditorTexts texts = ShowRecord(substance);
+    texts[83] = "0";
+    texts[84] = " X0 Y ";
+    texts[85] = "";
+    ApplyEditor(texts);
+    EXPECT_EQ(substance.Name, "0");
+    EXPECT_EQ(texts[83], "0");
+    EXPECT_EQ(substance.Formula, "X0 Y");
+    EXPECT_EQ(substance.FormulaCompact, "X0Y");
+    EXPECT_EQ(substance.CASRN, "            ");
+    EXPECT_EQ(texts[85], "<>");
+}
+
+TEST_F(SubstanceEditor, ACommaIsAPointAndOtherKeysAreSwallowed) {
+    EditorTexts texts = ShowRecord(substance);
+    texts[0] = "44,5";
+    ApplyEditor(texts);
+    EXPECT_EQ(substance.M, 44.5F);
+    EXPECT_EQ(FilterKey(field(0), ','), '.');
+    for (const char c : std::string("0123456789Ee-.\r\b\x7f")) EXPECT_EQ(FilterKey(field(0), c), c);
+    for (const char c : std::string("+xD d/ "))
+        EXPECT_FALSE(FilterKey(field(0), c).has_value()) << c;
+    EXPECT_EQ(FilterKey(field(83), 'x'), 'x');
+    EXPECT_EQ(FilterKey(field(83), ','), ',');
+}
+
+TEST_F(SubstanceEditor, AValueBeyondItsFieldLeavesTheRecord) {
+    const float before = substance.Tboil;
+    const std::int16_t TLo = substance.ALP.TLo;
+    EditorTexts texts = ShowRecord(substance);
+    texts[1] = "1E300";
+    texts[11] = "99999";
+    texts[2] = "90";
+    ApplyEditor(texts);
+    EXPECT_EQ(substance.Tboil, before);
+    EXPECT_EQ(texts[1], EditorText(before));
+    EXPECT_EQ(substance.ALP.TLo, TLo);
+    EXPECT_EQ(substance.Ttriple, 90);
+}
+
+TEST_F(SubstanceEditor, SinhFunctionKeepsADenominator) {
+    EditorTexts texts = ShowRecord(substance);
+    texts[35] = "500";
+    texts[37] = "";
+    texts[40] = "200";
+    texts[41] = "900";
+    ApplyEditor(texts);
+    EXPECT_EQ(substance.cpSinh.c[2], 0.1F);
+    EXPECT_EQ(texts[37], " 0.1");
+    EXPECT_TRUE(substance.hasCpSinh);
+    texts[37] = "-1500";
+    ApplyEditor(texts);
+    EXPECT_EQ(substance.cpSinh.c[2], 1500);
+    texts[35] = "";
+    texts[37] = "";
+    ApplyEditor(texts);
+    EXPECT_EQ(substance.cpSinh.c[2], 0);
+    EXPECT_FALSE(substance.hasCpSinh);
+}
+
+TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
+    EditorTexts texts = ShowRecord(substance);
+    for (const int first : {28, 108, 115}) {
+        const auto i = static_cast<std::size_t>(first);
+        for (std::size_t k = 0; k < 7; ++k) texts[i + k] = "";
+        texts[i + 1] = "2";
+        texts[i + 5] = "200";
+        texts[i + 6] = "300";
+    }
+    ApplyEditor(texts);
+    EXPECT_FALSE(substance.hasCpPoly);  // the ideal gas needs C0
+    EXPECT_TRUE(substance.hasCpL);      // a condensed phase C0 or C1
+    EXPECT_TRUE(substance.hasCpS);
+    texts[28] = "30";
+    texts[113] = "";
+    ApplyEditor(texts);
+    EXPECT_TRUE(substance.hasCpPoly);
+    EXPECT_FALSE(substance.hasCpL);
+}
+
+TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
+    EditorTexts texts = ShowRecord(substance);
+    for (const int DD : {8, 9, 10, 11, 12, 13, 14, 15, 16, 17})
+        texts[static_cast<std::size_t>(DD)] = "";
+    Declare::models.VPCode = "000";
+    Declare::models.VPModel = 0;
+    ApplyEditor(texts);  // WAG is there, but only the Antoine sets are looked at
+    EXPECT_EQ(Declare::models.VPCode, "000");
+    const char* antoine[] = {"6", "800", "247", "150", "250"};
+    for (std::size_t k = 0; k < 5; ++k) texts[13 + k] = antoine[k];
+    ApplyEditor(texts);
+    EXPECT_EQ(Declare::models.VPCode, "AHP");
+    EXPECT_EQ(Declare::models.VPModel, Calc::VPIndex("AHP"));
+    Declare::models.VPCode = "000";
+    for (std::size_t k = 0; k < 5; ++k) texts[8 + k] = antoine[k];
+    ApplyEditor(texts);
+    EXPECT_EQ(Declare::models.VPCode, "ALP");
+    Declare::models.VPCode = "WAG";
+    ApplyEditor(texts);
+    EXPECT_EQ(Declare::models.VPCode, "WAG");
+}
+
+TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
+    EditorTexts texts = ShowRecord(substance);
+    texts[1] = "";
+    ApplyEditor(texts);
+    EXPECT_NEAR(static_cast<double>(substance.Tboil), 231.04, 0.5);  // propane
+    EXPECT_NEAR(Calc::vapour_pressure(substance, static_cast<double>(substance.Tboil), "WAG").p,
+                101.325, 0.02);
+    EXPECT_EQ(texts[1], EditorText(substance.Tboil));
+    texts[1] = "";
+    Declare::models.VPCode = "000";
+    for (int DD = 8; DD <= 17; ++DD) texts[static_cast<std::size_t>(DD)] = "";
+    ApplyEditor(texts);
+    EXPECT_EQ(substance.Tboil, 0);
+}
+
+TEST_F(SubstanceEditor, CorrelatedSetsFollowTheCriticalPoint) {
+    EditorTexts texts = ShowRecord(substance);
+    texts[1] = "240";
+    texts[4] = "400";
+    texts[5] = "4000";
+    ApplyEditor(texts);
+    const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
+    EXPECT_FLOAT_EQ(substance.AUG.B, static_cast<float>(B));
+    EXPECT_FLOAT_EQ(substance.AUG.A, static_cast<float>(std::log(4000.0) - B / 400));
+    EXPECT_EQ(texts[47], EditorText(substance.AUG.B));
+    // Thompson: C = 18 - 0.19 Tboil + 273.15.
+    EXPECT_FLOAT_EQ(substance.THO.C, static_cast<float>(18 - 0.19 * 240 + 273.15));
+    EXPECT_EQ(texts[50], EditorText(substance.THO.C));
+    // Frost-Kalkwarf: E = e Tcrit^f / pcrit.
+    EXPECT_FLOAT_EQ(substance.KFW.a[4], static_cast<float>(0.183218 * 400 * 400 / 4000));
+    EXPECT_FLOAT_EQ(substance.KFR.a[4], static_cast<float>(0.185652 * std::pow(400, 2.5) / 4000));
+    EXPECT_EQ(texts[90], EditorText(substance.KFW.a[4]));
+    EXPECT_EQ(texts[101], EditorText(substance.KFR.a[4]));
+}
+
+TEST_F(SubstanceEditor, WithoutCriticalDataTheCorrelatedSetsStayEmpty) {
+    substance.pcrit = 0;
+    const EditorTexts texts = ShowRecord(substance);
+    for (const auto& [first, last] : {std::pair{48, 50}, {86, 107}})
+        for (int i = first; i <= last; ++i) EXPECT_EQ(texts[static_cast<std::size_t>(i)], "") << i;
+    EXPECT_EQ(texts[5], "<>");
+}
+
+TEST_F(SubstanceEditor, TheFormShowsTheCorrelatedSetsWithoutTouchingTheRecord) {
+    substance.KFW = {};
+    substance.THO = {};
+    const EditorTexts texts = ShowRecord(substance);
+    EXPECT_NE(texts[86], "<>");
+    EXPECT_NE(texts[48], "<>");
+    EXPECT_EQ(substance.KFW.a[0], 0);
+    EXPECT_EQ(substance.THO.A, 0);
+}
+
+TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
+    Declare::models.HLVModel = 4;
+    EditorTexts texts = ShowRecord(substance);
+    texts[42] = "18000";
+    texts[43] = "231";
+    ApplyEditor(texts);
+    EXPECT_EQ(Declare::models.HLVModel, 4);
+    EXPECT_EQ(user.beeps, 0);
+    texts[43] = "";
+    ApplyEditor(texts);
+    EXPECT_EQ(Declare::models.HLVModel, 2);
+    EXPECT_EQ(user.beeps, 1);
+    Declare::models.HLVModel = 3;
+    ApplyEditor(texts);
+    EXPECT_EQ(Declare::models.HLVModel, 3);
+    EXPECT_EQ(user.beeps, 1);
+}
+
+TEST_F(SubstanceEditor, EosAndUnitsFollow) {
+    Calc::CalcEOSParameters(6);
+    const double before = Declare::eosParameters.eosA0;
+    Declare::session.UnitMode = 1;
+    EditorTexts texts = ShowRecord(substance);
+    texts[0] = "50";
+    texts[4] = "400";
+    texts[6] = "250";
+    ApplyEditor(texts);
+    EXPECT_NEAR(Declare::eosParameters.eosA0 / before, std::pow(400 / 369.89, 2), 1e-9);
+    EXPECT_DOUBLE_EQ(Declare::session.VolumeFactor, 1 / 50.0);
+    EXPECT_DOUBLE_EQ(substance.vcritExp, 50.0 / 250);
+    EXPECT_TRUE(Declare::session.ResultsOutdated);
+    // Manual virial coefficients stay.
+    Declare::models.EOSModel = 10;
+    Declare::eosParameters.eosA0 = 77;
+    ApplyEditor(texts);
+    EXPECT_EQ(Declare::eosParameters.eosA0, 77);
+}
+
+TEST_F(SubstanceEditor, EntropyOfFormationFollows) {
+    EditorTexts texts = ShowRecord(substance);
+    texts[44] = "-100000";
+    texts[45] = "-40000";
+    ApplyEditor(texts);
+    EXPECT_FLOAT_EQ(substance.dfs, static_cast<float>(-60000 / 298.15));
+    texts[45] = "";
+    ApplyEditor(texts);
+    EXPECT_FLOAT_EQ(substance.dfs, static_cast<float>(-60000 / 298.15));
+}
+
+TEST_F(SubstanceEditor, RecalculationTakesTheFieldsAndLeavesTheRecord) {
+    EditorTexts texts = ShowRecord(substance);
+    const Declare::VPSetAugust AUG = substance.AUG;
+    texts[1] = "240";
+    texts[4] = " 400";
+    texts[5] = "4000";
+    const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
+    Recalculate(EditorCorrelation::August, texts);
+    EXPECT_EQ(texts[47], EditorText(static_cast<float>(B)));
+    EXPECT_EQ(texts[50], EditorText(substance.THO.C));
+    Recalculate(EditorCorrelation::Antoine, texts);
+    EXPECT_EQ(texts[50], EditorText(static_cast<float>(18 - 0.19 * 240 + 273.15)));
+    Recalculate(EditorCorrelation::KFW, texts);
+    EXPECT_EQ(texts[90], EditorText(static_cast<float>(0.183218 * 400 * 400 / 4000)));
+    Recalculate(EditorCorrelation::KFR, texts);
+    EXPECT_EQ(texts[102], EditorText(2.5F));
+    EXPECT_EQ(substance.AUG.B, AUG.B);
+    EXPECT_EQ(substance.Tcrit, 369.89);
+    // Without critical data nothing happens.
+    const EditorTexts before = texts;
+    texts[4] = "<>";
+    EditorTexts expected = before;
+    expected[4] = "<>";
+    Recalculate(EditorCorrelation::August, texts);
+    EXPECT_EQ(texts, expected);
+}
+
+TEST_F(SubstanceEditor, TheTriplePointPressureComesFromEitherSource) {
+    substance.ptriple = 0.00017F;
+    EXPECT_EQ(TriplePointPressure(false), " 0.00017");
+    substance.Ttriple = 150;
+    const auto p = TriplePointPressure(true);
+    ASSERT_TRUE(p.has_value());
+    EXPECT_EQ(*p, EditorText(static_cast<float>(Calc::vapour_pressure(substance, 150, "WAG").p)));
+    substance.Ttriple = 0;
+    EXPECT_FALSE(TriplePointPressure(true).has_value());
+    EXPECT_EQ(user.lastText(), "Error while calculating vapour pressure");
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+}
+
+TEST_F(SubstanceEditor, ClosingAsksForChangedFields) {
+    const EditorTexts shown = ShowRecord(substance);
+    EditorTexts now = shown;
+    EXPECT_TRUE(MayCloseEditor(shown, now));
+    EXPECT_TRUE(user.messages.empty());
+    now[7] = "0.2";
+    user.answers = {dialogs::Answer::No, dialogs::Answer::Yes};
+    EXPECT_FALSE(MayCloseEditor(shown, now));
+    EXPECT_EQ(user.lastText(), "Your changes are lost here (use \"Apply\")\n\nClose nevertheless?");
+    EXPECT_EQ(user.lastTitle(), "WARNING");
+    EXPECT_TRUE(MayCloseEditor(shown, now));
+}
+
+TEST_F(SubstanceEditor, CaptionsNameEquationAndDatabase) {
+    EXPECT_EQ(ActiveEquationCaption(),
+              "actual vapour-pressure equation:                    Wagner");
+    Declare::session.DatabaseFile = "student.q05";
+    EXPECT_EQ(DatabaseCaption(), "Database loaded:  STUDENT.Q05");
+    EXPECT_EQ(kEditorNote, " Note: Any changes are lost without \"Apply\" ");
+    EXPECT_EQ(kEditorLegend, "<> = empty");
+    EXPECT_EQ(EditorTabCaption(EditorTab::SingleValues), "Single Values");
+}
+
+}  // namespace

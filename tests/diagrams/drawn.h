@@ -1,0 +1,37 @@
+#pragma once
+
+#include <span>
+
+#include "diagrams/curve.h"
+#include "session/declare.h"
+
+/// A curve as a view would draw it, for tests.
+struct Drawn {
+    Declare::DiagramRequest request;
+    Declare::CurvePointArray all;  ///< with the header
+    kurve::CurveResult result;
+
+    std::span<const Declare::CurvePoint> points() const { return std::span(all).subspan(1); }
+    std::size_t count() const { return all.size() - 1; }
+    const Declare::CurvePoint& first() const { return all.at(1); }
+    const Declare::CurvePoint& last() const { return all.back(); }
+    float mark() const { return all.at(0).z; }
+};
+
+/// The state parameters of a curve.
+struct Parameters {
+    double T = 0, p = 0, v = 0;
+};
+
+/// The code of the diagram in which an added curve is drawn; its own code for all others.
+std::int16_t DiagramOf(std::int16_t code);
+/// Section kind of the diagram of a code as the menu sets it.
+std::int16_t SectionKindOf(std::int16_t code);
+/// Request with the default window of the diagram that shows the code.
+Declare::DiagramRequest RequestFor(std::int16_t code);
+
+Drawn Draw(Declare::DiagramRequest request, const Parameters& at);
+Drawn Draw(std::int16_t code, const Parameters& at);
+
+/// The header agrees with the points: their number, and y unused.
+bool HeaderIsRight(const Drawn& curve);

@@ -1,0 +1,333 @@
+#include "diagrams/catalogue.h"
+
+#include <array>
+#include <map>
+#include <set>
+
+#include "diagrams/active_fluid.h"
+#include "session/menu_catalogue.h"
+#include "session/menu_graph_rows.h"
+
+namespace {
+
+using Declare::session;
+using Module9::Axis;
+
+class Catalogue : public ActiveFluid {
+  protected:
+    static Declare::DiagramRequest texts(std::int16_t code) {
+        Declare::DiagramRequest request;
+        request.DiagramType = code;
+        session.CurveModelName = Module9::CurveModelName(code);
+        Module9::FillTexts(request);
+        return request;
+    }
+};
+
+struct Expected {
+    int code;
+    const char *title, *x, *y, *suffix;
+};
+
+/// Molar units; the subtitle is the substance, the model and this suffix.
+constexpr auto kMolar = std::to_array<Expected>({
+    {1, "Isothermal section p - v", "v / (m^3/kmol)", "p / kPa", ""},
+    {2, "isothermal section pv-p", "p / kPa", "pv / (kPa*m^3/kmol)", ""},
+    {3, "Isobaric section T - v", "v / (m^3/kmol)", "T / K", ""},
+    {4, "Isobaric Section T - rho", "rho / (kg/m^3)", "T / K", ""},
+    {5, "Isochoric section p - T", "T / K", "p / kPa", ""},
+    {6, "Projection p - v", "v / (m^3/kmol)", "p / kPa", ""},
+    {7, "Projection T - v", "v / (m^3/kmol)", "T / K", ""},
+    {8, "Projection rho - T", "T / K", "rho / (kg/m^3)", ""},
+    {9, "Projection p - T", "T / K", "p / kPa", ""},
+    {10, "Vapour pressure curve by using CEOS Peng / Robinson", "1/T / (1/K) ", "ln(p/kPa) ", ""},
+    {12, "Projection T - rho", "rho / (kg/m^3)", "T / K", ""},
+    {15, "molar Enthalpy h", "T / K", "h / (kJ/kmol) ", "  (isobaric section)"},
+    {16, "molar Entropy s", "T / K", "s / (kJ/kmol/K) ", "  (isobaric section)"},
+    {17, "molar Gibbs Function g", "T / K", "g / (kJ/kmol) ", "  (isobaric section)"},
+    {18, "molar Exergy of H", "T / K", "e / (kJ/kmol) ", "  (isobaric section)"},
+    {19,
+     "molar Heat capacity cp (real) = cp(idGas) + Residual value by EOS, at the respective "
+     "saturation pressure",
+     "T / K", "cp / (kJ/kmol/K) ", ""},
+    {21, "molar Exergy of H e vs. Enthalpy, isothermal", "h / (kJ/kmol) ", "e / (kJ/kmol) ", ""},
+    {22, "molar Exergy of H e vs. Enthalpy, isobaric", "h / (kJ/kmol) ", "e / (kJ/kmol) ", ""},
+    {23, "molar Exergy of H e vs. (T(surr)* entropy), isobaric", "(T(u) * s) / (kJ/kmol) ",
+     "e / (kJ/kmol) ", ""},
+    {24, "molar Enthalpy h vs. Entropy s, isobaric", "s / (kJ/kmol/K) ", "h / (kJ/kmol) ", ""},
+    {26, "isothermal section rho - p", "p / kPa", "rho / (kg/m^3)", ""},
+    {27, "Projection rho - p", "p / kPa", "rho / (kg/m^3)", ""},
+    {30, "molar Residual Entropy    (s - s_idG), isobaric", "T / K", "delta s / (kJ/kmol/K) ", ""},
+    {31, "molar Residual Enthalpy   (h - h_idG), isobaric", "T / K", "delta h / (kJ/kmol) ", ""},
+    {32, "molar Residual Gibbs Function  (g - g_idG) = RT ln(phi), isobaric", "T / K",
+     "delta g / (kJ/kmol) ", ""},
+    {33, "molar Residual Heat Capacity   (cp - cp_idG), isobaric", "T / K",
+     "delta cp / (kJ/kmol/K) ", ""},
+    {34, "differential Joule-Thomson coefficient by  EOS, isobaric", "T / K", "delta / (K/kPa)",
+     ""},
+    {40, "molar Residual Entropy    (s - s_idG), isothermal", "p / kPa", "delta s / (kJ/kmol/K) ",
+     ""},
+    {41, "molar Residual Enthalpy   (h - h_idG), isothermal", "p / kPa", "delta h / (kJ/kmol) ",
+     ""},
+    {42, "molar Residual Gibbs Function  (g - g_idG) = RT ln(phi), isothermal", "p / kPa",
+     "delta g / (kJ/kmol) ", ""},
+    {43, "molar Residual Heat Capacity   (cp - cp_idG), isothermal", "p / kPa",
+     "delta cp / (kJ/kmol/K) ", ""},
+    {90, "molar Enthalpy H(T) in the phase-equilibrium V - L", "T / K", "h / (kJ/kmol) ", ""},
+    {91, "molar Entropy S(T) in the phase-equilibrium V - L", "T / K", "s / (kJ/kmol/K) ", ""},
+    {92, "molar Heat Capacity cp(T) in the phase-equilibrium V - L", "T / K", "cp / (kJ/kmol/K) ",
+     ""},
+    {93, "molar Gibbs Function g(T) in the phase equilibrium V - L", "T / K", "g / (kJ/kmol) ", ""},
+    {94, "molar Exergy of H e(T), VLE ", "T / K", "e / (kJ/kmol) ", ""},
+    {95, "molar Exergy of U e, VLE", "T / K", "e / (kJ/kmol) ", ""},
+    {106, "Projection pv - p", "p / kPa", "pv / (kPa*m^3/kmol)", ""},
+    {107, "molar Enthalpy h vs. Entropy s, isothermal", "s / (kJ/kmol/K) ", "h / (kJ/kmol) ", ""},
+    {109, "molar Exergy of H e vs. (T(surr)* entropy), isothermal", "(T(u) * s) / (kJ/kmol) ",
+     "e / (kJ/kmol) ", ""},
+    {150, "molar Enthalpy h", "p / kPa", "h / (kJ/kmol) ", "  (isothermal section)"},
+    {151, "molar Entropy s", "p / kPa", "s / (kJ/kmol/K) ", "  (isothermal section)"},
+    {152, "molar Gibbs Function g", "p / kPa", "g / (kJ/kmol) ", "  (isothermal section)"},
+    {153, "molar Exergy of H", "p / kPa", "e / (kJ/kmol) ", "  (isothermal section)"},
+    {154,
+     "molar Heat capacity cp (real) = cp(idGas) + Residual value by EOS, at the respective "
+     "saturation pressure",
+     "p / kPa", "cp / (kJ/kmol/K) ", ""},
+    {155, "molar Exergy of U e", "p / kPa", "e / (kJ/kmol) ", "  (isothermal section)"},
+    {156, "molar Helmholtz Function a vs. Volume v", "v / (m^3/kmol)", "a / (kJ/kmol) ",
+     "  (isothermal section)"},
+    {157, "molar Internal Energy vs. Volume v", "v / (m^3/kmol)", "u / (kJ/kmol) ",
+     "  (isothermal section)"},
+    {158, "molar Entropy s vs. Volume", "v / (m^3/kmol)", "s / (kJ/kmol/K) ", ""},
+    {159, "molar Heat capacity cV vs. volume", "v / (m^3/kmol)", "cV / (kJ/kmol/K) ", ""},
+    {160, "molar Exergy of U e vs. Volume", "v / (m^3/kmol)", "e / (kJ/kmol) ", ""},
+    {181, "molar Exergy of U e", "T / K", "e / (kJ/kmol) ", "  (isochoric section)"},
+    {182, "molar Helmholtz Function a vs. Temperature T", "T / K", "a / (kJ/kmol) ",
+     "  (isochoric section)"},
+    {183, "molar Internal Energy vs. Temperature T", "T / K", "u / (kJ/kmol) ",
+     "  (isochoric section)"},
+    {184, "molar Entropy s", "T / K", "s / (kJ/kmol/K) ", "  (isochoric section)"},
+    {185, "molar Heat Capacity cV(T)            (isochoric)", "T / K", "cV / (kJ/kmol/K) ", ""},
+    {190, "Inversion curve delta = 0", "p / kPa", "pv / (kPa*m^3/kmol)", ""},
+});
+
+TEST_F(Catalogue, MolarTitlesAxesAndSubtitlesStandAsWorded) {
+    activate("Propane");
+    for (const Expected& e : kMolar) {
+        const auto r = texts(static_cast<std::int16_t>(e.code));
+        EXPECT_EQ(r.title, e.title) << e.code;
+        EXPECT_EQ(r.xLabel, e.x) << e.code;
+        EXPECT_EQ(r.yLabel, e.y) << e.code;
+        EXPECT_EQ(r.subTitle, std::string("Propane,  CEOS Peng / Robinson") + e.suffix) << e.code;
+    }
+}
+
+TEST_F(Catalogue, OnlyPrefixedTitlesBecomeSpecific) {
+    activate("Propane");
+    set_units(3, 1);
+    for (const Expected& e : kMolar) {
+        std::string title = e.title;
+        if (title.starts_with("molar ")) title.replace(0, 5, "specific");
+        EXPECT_EQ(texts(static_cast<std::int16_t>(e.code)).title, title) << e.code;
+    }
+}
+
+/// Texts for CaloricUnit 1, 2, 3 by the text for unit 0.
+const std::map<std::string, std::array<std::string, 3>>& families() {
+    static const std::map<std::string, std::array<std::string, 3>> texts = {
+        {"h / (kJ/kmol) ", {"h / K", "h / (R T)", "h / (kJ/kg) "}},
+        {"s / (kJ/kmol/K) ", {"s / R ", "s / (1/K) ", "s / (kJ/kg/K)) "}},
+        {"g / (kJ/kmol) ", {"g / K", "g / (R T)", "g / (kJ/kg) "}},
+        {"a / (kJ/kmol) ", {"a / K", "a / (R T)", "a / (kJ/kg) "}},
+        {"u / (kJ/kmol) ", {"u / K", "u / (R T)", "u / (kJ/kg) "}},
+        {"e / (kJ/kmol) ", {"e / K", "e / (R T)", "e / (kJ/kg) "}},
+        {"cp / (kJ/kmol/K) ", {"cp / R ", "cp / (1/K) ", "cp / (kJ/kg/K)) "}},
+        {"cV / (kJ/kmol/K) ", {"cV / R ", "cV / (1/K) ", "cV / (kJ/kg/K)) "}},
+        {"delta(LV)h / (kJ/kmol) ",
+         {"delta(LV)h / K", "delta(LV)h / (R T)", "delta(LV)h / (kJ/kg) "}},
+        {"delta s / (kJ/kmol/K) ", {"delta s / R ", "delta s / (1/K) ", "delta s / (kJ/kg/K)) "}},
+        {"delta h / (kJ/kmol) ", {"delta h / K", "delta h / (R T)", "delta h / (kJ/kg) "}},
+        {"delta g / (kJ/kmol) ", {"delta g / K", "delta g / (R T)", "delta g / (kJ/kg) "}},
+        {"delta cp / (kJ/kmol/K) ",
+         {"delta cp / R ", "delta cp / (1/K) ", "delta cp /(kJ/ (kg K)) "}},
+        {"(T(u) * s) / (kJ/kmol) ",
+         {"(T(surr) * s) / K ", "(T(surr) *s) / (R T) ", "T(surr) * s / (kJ/kg) "}},
+    };
+    return texts;
+}
+
+TEST_F(Catalogue, LabelsFollowTheCaloricUnit) {
+    activate("Propane");
+    const auto follows = [](const std::string& molar, std::int16_t unit) {
+        const auto family = families().find(molar);
+        return family == families().end() ? molar
+                                          : family->second[static_cast<std::size_t>(unit - 1)];
+    };
+    for (const std::int16_t unit : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}}) {
+        set_units(unit, 0);
+        for (const Expected& e : kMolar) {
+            const auto r = texts(static_cast<std::int16_t>(e.code));
+            std::string x = follows(e.x, unit);
+            std::string y = follows(e.y, unit);
+            if ((e.code == 21 || e.code == 22) && unit < 3) x += " ";
+            if (e.code == 185 && unit == 1) y = "cp / R ";
+            EXPECT_EQ(r.xLabel, x) << e.code << " unit " << unit;
+            EXPECT_EQ(r.yLabel, y) << e.code << " unit " << unit;
+        }
+    }
+}
+
+TEST_F(Catalogue, VolumesFollowTheUnitMode) {
+    activate("Propane");
+    set_units(3, 1);
+    EXPECT_EQ(texts(1).xLabel, "v / (m^3/kg)");
+    EXPECT_EQ(texts(2).yLabel, "pv / (kPa*m^3/kg)");
+    EXPECT_EQ(texts(301).yLabel, "v / (m^3/kg)");
+    set_units(0, 2);
+    EXPECT_EQ(texts(1).xLabel, "V(red)");
+    EXPECT_EQ(texts(2).yLabel, "p(red) * v(red)");
+    EXPECT_EQ(texts(301).yLabel, "v / (m^3/kmol)") << "never reduced";
+}
+
+TEST_F(Catalogue, ReducedModeReplacesTheToldAxisTexts) {
+    activate("Propane");
+    set_units(0, 2);
+    const std::set<int> xIsP = {2, 26, 27, 40, 41, 42, 43, 106, 190, 150, 151, 152, 153, 154, 155};
+    const std::set<int> xIsT = {5,   8,   9,   13,  15,  16,  17,  18,  19,  30,
+                                31,  32,  33,  34,  181, 182, 183, 184, 185, 300,
+                                301, 302, 303, 304, 305, 306, 307, 308, 309, 310};
+    const std::set<int> yIsP = {1, 6, 306, 307, 308, 309};
+    const std::set<int> yIsT = {3, 4, 7, 12};
+    for (const Module9::CatalogueRow& row : Module9::Catalogue()) {
+        if (row.title.empty()) continue;
+        const auto r = texts(row.code);
+        EXPECT_EQ(r.xLabel == "p / p(cr)", xIsP.contains(row.code)) << row.code;
+        EXPECT_EQ(r.xLabel == "T / T(cr)", xIsT.contains(row.code)) << row.code;
+        EXPECT_EQ(r.yLabel == "p / p(cr)", yIsP.contains(row.code)) << row.code;
+        EXPECT_EQ(r.yLabel == "T / T(cr)", yIsT.contains(row.code)) << row.code;
+    }
+    EXPECT_EQ(texts(10).xLabel, "1 / T(red)");
+    EXPECT_EQ(texts(10).yLabel, "ln (p/p(cr))");
+    EXPECT_EQ(texts(11).xLabel, "1 / T(red)");
+    EXPECT_EQ(texts(11).yLabel, "dln(p/kPa) / d(1/T) ");
+    EXPECT_EQ(texts(90).xLabel, "T / K") << "the equilibrium functions keep their text";
+}
+
+TEST_F(Catalogue, VapourPressureDiagramsNameTheirSource) {
+    activate("Propane");
+    EXPECT_EQ(texts(9).subTitle, "Propane,  CEOS Peng / Robinson");
+    EXPECT_EQ(texts(11).subTitle, "Propane,  Wagner");
+    EXPECT_EQ(texts(13).title, "molar Heat of vaporization delta(LV)h = F(T)");
+    EXPECT_EQ(texts(13).subTitle, "Propane,  Chen-correlation");
+
+    Declare::models.PriorityCEOS = false;
+    EXPECT_EQ(texts(9).subTitle, "Propane,  vapour press. equ. Wagner");
+    EXPECT_EQ(texts(10).title, "Vapour pressure equation Wagner");
+    EXPECT_EQ(texts(10).subTitle, "Propane,  Wagner");
+}
+
+TEST_F(Catalogue, DatabaseFunctionsTellTheirValidity) {
+    activate("Propane");
+    const auto with_window = [](std::int16_t code) {
+        Declare::DiagramRequest request = texts(code);
+        request.validityLow = 86;
+        request.validityHigh = 369;
+        Module9::FillTexts(request);
+        return request;
+    };
+    EXPECT_EQ(with_window(300).title, "L-density from data-bank function");
+    EXPECT_EQ(with_window(300).subTitle,
+              "Propane,  L-density, data-bank function, validity T = 86 ...369 K");
+    EXPECT_EQ(with_window(301).title, "molar volume from database function rho(L) = F(T)");
+    EXPECT_EQ(with_window(301).subTitle,
+              "Propane,  volume from database function, validity T =86 ...369 K");
+    EXPECT_EQ(with_window(302).subTitle,
+              "Propane, ideal gas heat capacity (database functionPolynom), validity T = 86 ...369 "
+              "K");
+    EXPECT_EQ(with_window(303).subTitle,
+              "Propane, liquid heat capacity cp(L) (database function), validity T = 86 ...369 K");
+    EXPECT_EQ(with_window(304).subTitle,
+              "Propane, solid gas heat capacity cp(S) (database function), validity T = 86 ...369 "
+              "K");
+    EXPECT_EQ(with_window(305).subTitle,
+              "Propane, enthalpy of vaporization (database function), validity T = 86 ...369 K");
+    EXPECT_EQ(with_window(310).subTitle,
+              "Propane, S density, database function, validity T = 86 ...369 K");
+    EXPECT_EQ(with_window(307).title, "saturation pressure pLV = Fu(T), Datenbankfunktion Wagner");
+    EXPECT_EQ(with_window(306).title,
+              "saturation pressure pLV = Fu(T), Datenbankfunktion FROST/KALKWARF");
+    EXPECT_EQ(with_window(309).subTitle,
+              "Propane, saturation pressure (database function), validity T = 86 ...369 K");
+
+    Declare::models.CpModel = 2;
+    EXPECT_EQ(with_window(302).subTitle,
+              "Propane, ideal gas heat capacity (database functionsinh/cosh function), validity T "
+              "= 86 ...369 K");
+    EXPECT_EQ(with_window(302).title,
+              "molar Ideal Gas Heat-Capacity cp = Fu(T), Database Function");
+    EXPECT_EQ(with_window(302).yLabel, "cp / (kJ/kmol/K) ");
+    set_units(3, 1);
+    EXPECT_EQ(with_window(301).title, "specific volume from database function rho(L) = F(T)");
+    EXPECT_EQ(with_window(302).yLabel, "cp / (kJ/kg/K) ");
+    EXPECT_EQ(with_window(303).title,
+              "specific Liquid Heat-Capacity cp = Fu(T), Database Function");
+    EXPECT_EQ(with_window(305).yLabel, "delta(LV)h / (kJ/kg) ");
+}
+
+TEST_F(Catalogue, EveryMenuRowHasItsDiagram) {
+    int rows = 0;
+    for (const menu::Row& row : menu::graph_rows()) {
+        if (row.action != "Diagram2D") continue;
+        ++rows;
+        const Module9::CatalogueRow* found = Module9::FindRow(row.code);
+        ASSERT_NE(found, nullptr) << row.caption;
+        EXPECT_FALSE(found->title.empty()) << row.caption;
+        EXPECT_EQ(row.sectionKind == Module9::kDatabase, found->xLimits.low == nullptr);
+    }
+    EXPECT_EQ(rows, 6 + 11 + 5 + 5 + 4 + 4 + 6 + 14 + 7 + 4);
+}
+
+TEST_F(Catalogue, ResidualMenuLeadsCrosswise) {
+    activate("Propane");
+    const menu::Row* entropy = menu::Find("mnuGraf_sub_res_FuT_1");
+    ASSERT_NE(entropy, nullptr);
+    EXPECT_TRUE(entropy->caption.starts_with("Resid. Entropy"));
+    EXPECT_EQ(texts(entropy->code).title, "molar Residual Enthalpy   (h - h_idG), isobaric");
+}
+
+TEST_F(Catalogue, ProjectionsNeedACubicEquation) {
+    activate_vapour_only("Propane");
+    Declare::DiagramRequest request;
+    request.sectionKind = Module9::kProjection;
+    const auto answer = [&](std::int16_t code) {
+        request.DiagramType = code;
+        return Module9::AnswerOf(request);
+    };
+    const std::string refusal =
+        "Phase equlilibria calculations are possible by using a cubic EOS only";
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{6, 7, 8, 27, 90, 94}) {
+        EXPECT_FALSE(answer(code).opens) << code;
+        EXPECT_EQ(answer(code).text, refusal) << code;
+    }
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{9, 10, 11, 13}) {
+        EXPECT_TRUE(answer(code).opens) << code;
+        EXPECT_TRUE(answer(code).text.starts_with(refusal + "\nCurve according to the actual "))
+            << code;
+    }
+    EXPECT_TRUE(answer(106).opens);
+    EXPECT_EQ(answer(106).text, "");
+    activate("Propane");
+    EXPECT_EQ(answer(6).text, "");
+}
+
+TEST_F(Catalogue, HeatCapacityNeedsAnIdealGasForm) {
+    activate("Propane");
+    Declare::DiagramRequest request;
+    request.DiagramType = 19;
+    request.sectionKind = Module9::kIsobaric;
+    EXPECT_TRUE(Module9::AnswerOf(request).opens);
+    Declare::models.CpModel = 0;
+    EXPECT_FALSE(Module9::AnswerOf(request).opens);
+    EXPECT_EQ(Module9::AnswerOf(request).text, "No cp(idGas) parameters available");
+}
+
+}  // namespace

@@ -1,0 +1,564 @@
+#include <algorithm>
+#include <array>
+
+#include "diagrams/active_fluid.h"
+#include "diagrams/drawn.h"
+#include "diagrams/equilibrium.h"
+#include "diagrams/textbook.h"
+#include "models/caloric.h"
+#include "models/enthalpy_of_vaporisation.h"
+#include "models/vapour_pressure.h"
+
+namespace {
+
+using Declare::CurvePoint;
+using Declare::eosParameters;
+using Declare::session;
+using Declare::substance;
+using kurve::Equilibrium;
+using thermo::StateValues;
+
+/// Coexistence curves and all that is drawn over them.
+class Coexistence : public ActiveFluid {
+  protected:
+    static double M() { return static_cast<double>(substance.M); }
+    static Equilibrium sat_T(double T) { return kurve::equilibrium_at_T(Calc::CurrentFluid(), T); }
+    static Equilibrium sat_p(double p) { return kurve::equilibrium_at_p(Calc::CurrentFluid(), p); }
+    static Drawn dome(std::int16_t code, double fraction) {
+        session.VapourFraction = fraction;
+        return Draw(code, {.T = 300, .p = 500});
+    }
+    static double mixed(double L, double V) { return (V - L) * session.VapourFraction + L; }
+};
+
+constexpr std::int16_t kCubics[] = {2, 3, 4, 5, 6};
+constexpr const char* kFluids[] = {"Water", "Carbon dioxide", "1,1,1,2-Tetrafluoroethane"};
+/// Boiling line, isohygric, dew line.
+constexpr std::array<double, 3> kFractions = {0.0, 0.4, 1.0};
+
+// ---- the dome in p-v: its shape is what users look at
+
+TEST_F(Coexistence, TheDomeInPAndVStartsAtTheCriticalPointAndFallsMonotonously) {
+    for (const char* name : kFluids) {
+        for (const std::int16_t code : kCubics) {
+            activate(name, code);
+            for (const double fraction : kFractions) {
+                const Drawn curve = dome(6, fraction);
+                EXPECT_EQ(curve.result.status, 0);
+                EXPECT_TRUE(HeaderIsRight(curve));
+                EXPECT_EQ(curve.mark(), -1);
+                EXPECT_EQ(curve.first().x, static_cast<float>(eosParameters.vcritCalc));
+                EXPECT_EQ(curve.first().y, static_cast<float>(substance.pcrit));
+                EXPECT_EQ(curve.first().z, static_cast<float>(substance.Tcrit));
+                for (std::size_t i = 2; i < curve.all.size(); ++i) {
+                    EXPECT_LT(curve.all[i].y, curve.all[i - 1].y);
+                    EXPECT_LT(curve.all[i].z, curve.all[i - 1].z);
+                    const float step = curve.all[i].x - curve.all[i - 1].x;
+                    if (fraction == 0) {
+                        EXPECT_LE(step, 0) << name << code;
+                    }
+                    if (fraction == 1) {
+                        EXPECT_GE(step, 0) << name << code;
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST_F(Coexistence, NeighbouringPointsOfTheDomeAreWithinanOfTheWindow) {
+    for (const char* name : kFluids) {
+        activate(name, kPengRobinson);
+        for (const double fraction : {0.0, 1.0}) {
+            const Drawn curve = dome(6, fraction);
+            const double widest = curve.request.xMax / 800.0, highest = curve.request.yMax / 800.0;
+            for (std::size_t i = 2; i < curve.all.size(); ++i) {
+                EXPECT_LE(std::fabs(curve.all[i].x - curve.all[i - 1].x), 1.001 * widest);
+                EXPECT_LE(std::fabs(curve.all[i].y - curve.all[i - 1].y), 1.001 * highest);
+            }
+        }
+    }
+}
+
+TEST_F(Coexistence, TheDomeHasNoKinks) {
+    for (const char* name : kFluids) {
+        for (const std::int16_t code : kCubics) {
+            activate(name, code);
+            for (const double fraction : {0.0, 1.0}) {
+                const Drawn curve = dome(6, fraction);
+                const double width = curve.request.xMax, height = curve.request.yMax;
+                // How far a point lies from the straight line between its neighbours, in the
+                // proportions of the window: the bend of one pixel is a thousandth or two.
+                for (std::size_t i = 2; i + 1 < curve.all.size(); ++i) {
+                    const auto x = [&](std::size_t k) { return curve.all[k].x / width; };
+                    const auto y = [&](std::size_t k) { return curve.all[k].y / height; };
+                    const double dx = x(i + 1) - x(i - 1), dy = y(i + 1) - y(i - 1);
+                    const double area = dx * (y(i) - y(i - 1)) - dy * (x(i) - x(i - 1));
+                    EXPECT_LT(std::fabs(area) / std::hypot(dx, dy), 3e-4)
+                        << name << code << " x " << fraction << " at " << curve.all[i].x;
+                }
+            }
+        }
+    }
+}
+
+TEST_F(Coexistence, TheDomeReachesTheTriplePointOrTheEdgeOfTheWindow) {
+    for (const char* name : kFluids) {
+        activate(name, kPengRobinson);
+        EXPECT_EQ(dome(6, 0).last().z, substance.Ttriple) << "the boiling line";
+        const Drawn dew = dome(6, 1);
+        EXPECT_GT(dew.last().x, dew.request.xMax);
+        EXPECT_LT(dew.last().x, 1.01F * dew.request.xMax);
+    }
+}
+
+TEST_F(Coexistence, EveryPointOfTheDomeIsAnEquilibrium) {
+    for (const std::int16_t code : kCubics) {
+        activate("Carbon dioxide", code);
+        const Textbook eos(code, substance.Tcrit, substance.pcrit, substance.omega);
+        for (const double fraction : kFractions) {
+            const Drawn curve = dome(6, fraction);
+            for (const CurvePoint& point : curve.points()) {
+                const Equilibrium e = sat_T(std::min<double>(point.z, substance.Tcrit));
+                // z is a 32-bit T: near the critical point the volumes answer to it with a root.
+                const double near = std::sqrt(2e-7 + (1 - point.z / substance.Tcrit) * 0);
+                EXPECT_NEAR(point.y / e.p, 1, 2e-5);
+                EXPECT_NEAR(point.x / mixed(e.vL, e.vV), 1, 1e-3 + 4 * near);
+            }
+        }
+        // The ends of the tie-line at T satisfy the equation itself.
+        const Equilibrium e = sat_T(0.8 * substance.Tcrit);
+        EXPECT_NEAR(eos.pressure(e.T, e.vV) / e.p, 1, 1e-7);
+    }
+}
+
+TEST_F(Coexistence, AZoomIntoTheCriticalPointShowsARoundTop) {
+    activate("Carbon dioxide");
+    Declare::DiagramRequest request = RequestFor(6);
+    const double vc = eosParameters.vcritCalc, pc = substance.pcrit;
+    request.xMin = static_cast<float>(0.98 * vc);
+    request.xMax = static_cast<float>(1.02 * vc);
+    request.yMin = static_cast<float>(0.999 * pc);
+    request.yMax = static_cast<float>(1.0001 * pc);
+    for (const double fraction : {0.0, 1.0}) {
+        session.VapourFraction = fraction;
+        const Drawn curve = Draw(request, {});
+        EXPECT_EQ(curve.first().y, static_cast<float>(pc));
+        // pc - p goes with the square of the distance from vc.
+        const CurvePoint& far = curve.all[curve.count() / 8];
+        const double shape = (pc - far.y) / std::pow(far.x - vc, 2);
+        for (std::size_t i = 3; i < curve.count() / 8; ++i) {
+            const double expected = shape * std::pow(curve.all[i].x - vc, 2);
+            EXPECT_NEAR(pc - curve.all[i].y, expected, 0.15 * expected + 1e-3);
+        }
+    }
+}
+
+TEST_F(Coexistence, AWindowBelowTheCriticalPressureStartsAtItsUpperEdge) {
+    activate("Propane");
+    Declare::DiagramRequest request = RequestFor(6);
+    request.yMax = 2000;
+    session.VapourFraction = 1;
+    const Drawn curve = Draw(request, {});
+    EXPECT_FLOAT_EQ(curve.first().y, 2000.0F);
+    EXPECT_FLOAT_EQ(curve.first().z, static_cast<float>(sat_p(2000).T));
+}
+
+TEST_F(Coexistence, AWindowAboveTheCriticalPressureIsEmpty) {
+    activate("Propane");
+    Declare::DiagramRequest request = RequestFor(6);
+    request.yMin = static_cast<float>(1.1 * substance.pcrit);
+    request.yMax = static_cast<float>(1.3 * substance.pcrit);
+    const Drawn curve = Draw(request, {});
+    EXPECT_EQ(curve.count(), 0U);
+    EXPECT_EQ(curve.result.status, 10);
+}
+
+TEST_F(Coexistence, AWindowRightOfTheCriticalVolumeShowsTheDewLineAcrossIt) {
+    activate("Propane");
+    Declare::DiagramRequest request = RequestFor(6);
+    request.xMin = static_cast<float>(3 * eosParameters.vcritCalc);
+    session.VapourFraction = 1;
+    const Drawn curve = Draw(request, {});
+    EXPECT_EQ(curve.result.status, 0);
+    EXPECT_LE(curve.first().x, request.xMin) << "the line enters through the left edge";
+    EXPECT_GT(curve.all[2].x, request.xMin);
+    EXPECT_GT(curve.last().x, request.xMax) << "and leaves through the right one";
+}
+
+TEST_F(Coexistence, WithoutTheRealRangeTheBoilingLineGoesOnWithStatusTwo) {
+    activate("Propane");
+    session.CurveRealRangeOnly = false;
+    substance.Ttriple = 200;
+    const Drawn curve = dome(6, 0);
+    EXPECT_EQ(curve.result.status, 2);
+    EXPECT_LT(curve.last().z, 150);
+}
+
+// ---- the other coordinates
+
+TEST_F(Coexistence, DomesOverPressureEndAtTheCriticalPointAndLieOnTheEquilibrium) {
+    for (const char* name : kFluids) {
+        activate(name, kSoave);
+        for (const std::int16_t code : std::initializer_list<std::int16_t>{27, 106}) {
+            for (const double fraction : kFractions) {
+                const Drawn curve = dome(code, fraction);
+                EXPECT_TRUE(HeaderIsRight(curve));
+                EXPECT_EQ(curve.mark(), -1);
+                const double vc = eosParameters.vcritCalc;
+                EXPECT_EQ(curve.last().x, static_cast<float>(substance.pcrit));
+                EXPECT_FLOAT_EQ(curve.last().y,
+                                static_cast<float>(code == 27 ? M() / vc : substance.pcrit * vc));
+                for (const CurvePoint& point : curve.points()) {
+                    const Equilibrium e = sat_p(std::min<double>(point.x, substance.pcrit));
+                    const double v = mixed(e.vL, e.vV);
+                    EXPECT_NEAR(point.y / (code == 27 ? M() / v : e.p * v), 1, 1e-4);
+                    EXPECT_NEAR(point.z / e.T, 1, 1e-6);
+                }
+                // Down to the triple point, whatever the step of the window.
+                EXPECT_NEAR(curve.first().x / static_cast<double>(substance.ptriple), 1, 1e-5);
+            }
+        }
+    }
+}
+
+TEST_F(Coexistence, DomesOverTemperatureStartAtTheCriticalPointAndLieOnTheEquilibrium) {
+    for (const std::int16_t eos : kCubics) {
+        activate("1,1,1,2-Tetrafluoroethane", eos);
+        for (const std::int16_t code : std::initializer_list<std::int16_t>{7, 12}) {
+            for (const double fraction : kFractions) {
+                const Drawn curve = dome(code, fraction);
+                EXPECT_EQ(curve.mark(), -2);
+                const double vc = eosParameters.vcritCalc;
+                EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(code == 7 ? vc : M() / vc));
+                EXPECT_EQ(curve.first().y, static_cast<float>(substance.Tcrit));
+                const double step = (curve.request.yMax - curve.request.yMin) / 300.0 *
+                                    (fraction < 0.5 ? 0.5 : 2.0);
+                EXPECT_NEAR(curve.first().y - curve.all[2].y, step, 1e-3);
+                EXPECT_LT(curve.last().y - substance.Ttriple, step);
+                for (std::size_t i = 2; i < curve.all.size(); ++i) {
+                    const Equilibrium e = sat_T(curve.all[i].y);
+                    const double v = mixed(e.vL, e.vV);
+                    EXPECT_NEAR(curve.all[i].x / (code == 7 ? v : M() / v), 1, 1e-4);
+                    EXPECT_NEAR(curve.all[i].z / e.p, 1, 1e-5);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(Coexistence, TheDomeOverTemperatureHasBothDensitiesInOneCurve) {
+    activate("Propane");
+    const Drawn curve = dome(8, 1);
+    EXPECT_EQ(curve.mark(), -2);
+    EXPECT_TRUE(HeaderIsRight(curve));
+    EXPECT_EQ(curve.count() % 2, 1U) << "the critical point and pairs";
+    EXPECT_TRUE(std::is_sorted(curve.points().begin(), curve.points().end(),
+                               [](const CurvePoint& a, const CurvePoint& b) { return a.y < b.y; }));
+    const CurvePoint& top = curve.all[curve.count() / 2 + 1];
+    EXPECT_EQ(top.x, static_cast<float>(substance.Tcrit));
+    EXPECT_FLOAT_EQ(top.y, static_cast<float>(M() / eosParameters.vcritCalc));
+    for (std::size_t i = 1; i <= curve.count() / 2; ++i) {
+        const CurvePoint& gas = curve.all[i];
+        const CurvePoint& liquid = curve.all[curve.count() + 1 - i];
+        EXPECT_EQ(gas.x, liquid.x);
+        const Equilibrium e = sat_T(gas.x);
+        EXPECT_NEAR(gas.y / (M() / e.vV), 1, 1e-4);
+        EXPECT_NEAR(liquid.y / (M() / e.vL), 1, 1e-4);
+    }
+}
+
+TEST_F(Coexistence, TheRectilinearDiameterIsTheMeanOfTheDensitiesWhereTheVapourIsThin) {
+    activate("Propane");
+    const Drawn curve = Draw(80, {});
+    EXPECT_EQ(curve.mark(), -2);
+    EXPECT_GT(curve.count(), 10U);
+    EXPECT_EQ(curve.first().x, static_cast<float>(substance.Tcrit));
+    const double step = 3 * (curve.request.xMax - curve.request.xMin) / 300.0;
+    for (std::size_t i = 2; i < curve.all.size(); ++i) {
+        const Equilibrium e = sat_T(curve.all[i].x);
+        EXPECT_NEAR(curve.all[i].y / (0.5 * (M() / e.vL + M() / e.vV)), 1, 1e-5);
+        EXPECT_GE(e.vL * e.vV, 4.99);
+        if (i > 2) {
+            EXPECT_NEAR(curve.all[i - 1].x - curve.all[i].x, step, 1e-3);
+        }
+    }
+}
+
+TEST_F(Coexistence, TheDensityDomeNeedsACriticalVolume) {
+    activate("Propane");
+    eosParameters.vcritCalc = 0;
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{8, 80}) {
+        const Drawn curve = Draw(code, {});
+        EXPECT_EQ(curve.result.status, 3);
+        EXPECT_EQ(kurve::TextOf(curve.result).title, "Execution not possible");
+        EXPECT_EQ(kurve::TextOf(curve.result).text, "No critical density available");
+    }
+}
+
+TEST_F(Coexistence, VapourPressureComesFromTheEOSOrFromTheEquation) {
+    activate("Propane");
+    const Drawn eos = Draw(9, {});
+    EXPECT_EQ(eos.mark(), 0);
+    EXPECT_EQ(eos.last().x, static_cast<float>(substance.Tcrit));
+    EXPECT_EQ(eos.last().y, static_cast<float>(substance.pcrit)) << "it ends at the critical point";
+    for (std::size_t i = 1; i < eos.count(); ++i) {
+        EXPECT_LT(eos.all[i].x, eos.all[i + 1].x);
+        EXPECT_NEAR(eos.all[i].y / sat_T(eos.all[i].x).p, 1, 1e-5);
+    }
+    Declare::models.PriorityCEOS = false;
+    const Drawn equation = Draw(9, {});
+    for (const CurvePoint& point : equation.points())
+        EXPECT_NEAR(point.y / Calc::VapourPressure(point.x, "WAG", false).p, 1, 1e-5);
+}
+
+TEST_F(Coexistence, LnPOverInverseTIsNearlyStraight) {
+    activate("Propane");
+    for (const bool byEOS : {true, false}) {
+        Declare::models.PriorityCEOS = byEOS;
+        const Drawn curve = Draw(10, {});
+        EXPECT_EQ(curve.mark(), 0);
+        for (const CurvePoint& point : curve.points()) {
+            const double T = std::min(1 / static_cast<double>(point.x), substance.Tcrit);
+            const double p = byEOS ? sat_T(T).p : Calc::VapourPressure(T, "WAG", false).p;
+            if (p > 0) {
+                EXPECT_NEAR(point.y, std::log(p), 1e-5) << T;
+            }
+            EXPECT_GT(std::exp(static_cast<double>(point.y)), 0.0099);
+        }
+    }
+    Declare::models.PriorityCEOS = true;
+    set_units(0, 2);
+    EXPECT_NEAR(Draw(10, {}).first().y, 0, 1e-6) << "ln p(red) is 0 at the critical point";
+    EXPECT_NEAR(Draw(10, {}).first().x, 1, 1e-6);
+}
+
+TEST_F(Coexistence, TheSlopeOfTheVapourPressureIsItsDerivative) {
+    activate("Propane");
+    const Drawn curve = Draw(11, {});
+    EXPECT_EQ(curve.mark(), 0);
+    float largest = -1e9F, at = 0;
+    for (const CurvePoint& point : curve.points()) {
+        const double x = point.x, d = 1e-4 * x;
+        const auto lnp = [](double inverse) {
+            return std::log(Calc::VapourPressure(1 / inverse, "WAG", false).p);
+        };
+        if (1 / (x - d) < substance.Tcrit) {
+            EXPECT_NEAR(point.y, (lnp(x + d) - lnp(x - d)) / (2 * d), 2e-4 * std::fabs(point.y));
+        }
+        if (point.y > largest) at = point.x;
+        largest = std::max(largest, point.y);
+    }
+    EXPECT_NE(curve.request.title.find("; maximum at T/K = "), std::string::npos);
+    char text[16];
+    std::snprintf(text, sizeof text, "%.1f", 1 / static_cast<double>(at));
+    EXPECT_TRUE(curve.request.title.ends_with(text)) << curve.request.title;
+    const Drawn again = Draw(curve.request, {});
+    EXPECT_EQ(again.request.title, curve.request.title) << "the remark is made once";
+    Declare::models.VPCode = "AUG";
+    Declare::DiagramRequest plain = RequestFor(11);
+    plain.title = "slope";
+    EXPECT_EQ(Draw(plain, {}).request.title, "slope");
+}
+
+TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
+    activate("Propane");
+    substance.rhoLTLo = 86;
+    for (std::int16_t model = 1; model <= 7; ++model) {
+        Declare::models.HLVModel = model;
+        Declare::models.WatsonN = 0.38F;
+        const Drawn curve = Draw(13, {});
+        if (model == 6) continue;  // needs a reference point of Benson's method
+        EXPECT_EQ(curve.result.status, 0) << model;
+        const bool givesPressure = model == 2 || model == 5 || model == 7;
+        EXPECT_EQ(curve.mark(), givesPressure ? -2 : 0) << model;
+        for (const CurvePoint& point : curve.points()) {
+            EXPECT_LE(point.x, static_cast<float>(substance.Tcrit));
+            const auto r = Calc::EnthalpyOfVaporisation(model, point.x, 0, "WAG", false);
+            EXPECT_NEAR(point.y, r.h, 2e-5 * r.h + 20) << model << " " << point.x;
+            EXPECT_EQ(point.z > 0, givesPressure);
+        }
+    }
+}
+
+// ---- functions in the equilibrium
+
+struct SaturationCode {
+    int code;
+    double StateValues::*function;
+};
+
+TEST_F(Coexistence, FunctionsOverPressureAndTemperatureMatchTheirDiagrams) {
+    // Each of them bounds the sections of its own diagram.
+    constexpr SaturationCode kCodes[] = {
+        {70, &StateValues::h}, {71, &StateValues::s},  {72, &StateValues::cp},
+        {73, &StateValues::g}, {74, &StateValues::eH}, {75, &StateValues::eU},
+        {90, &StateValues::h}, {91, &StateValues::s},  {92, &StateValues::cp},
+        {93, &StateValues::g}, {94, &StateValues::eH}, {95, &StateValues::eU},
+        {98, &StateValues::a}, {99, &StateValues::u}};
+    activate("Propane");
+    for (const auto& [code, function] : kCodes) {
+        for (const double fraction : kFractions) {
+            const Drawn curve = dome(static_cast<std::int16_t>(code), fraction);
+            EXPECT_TRUE(HeaderIsRight(curve));
+            EXPECT_EQ(curve.mark(), code < 90 ? -1 : -2);
+            const bool overP = code < 90;
+            const double critical = overP ? substance.pcrit : substance.Tcrit;
+            if (function != &StateValues::cp) {
+                EXPECT_EQ(curve.first().x, static_cast<float>(critical)) << code;
+            }
+            for (std::size_t i = 2; i < curve.all.size(); ++i) {
+                const CurvePoint& point = curve.all[i];
+                EXPECT_LT(point.x, curve.all[i - 1].x);
+                const Equilibrium e = overP ? sat_p(point.x) : sat_T(point.x);
+                const double L = thermo::StateFunctions(e.T, e.p, e.vL).*function;
+                const double V = thermo::StateFunctions(e.T, e.p, e.vV).*function;
+                EXPECT_NEAR(point.y, mixed(L, V), 1e-4 * std::fabs(mixed(L, V)) + 0.05)
+                    << code << " " << point.x;
+                EXPECT_NEAR(point.z / (overP ? e.T : e.p), 1, 1e-5);
+            }
+        }
+    }
+}
+
+TEST_F(Coexistence, FunctionsOverVolumeRunThroughTheCriticalPoint) {
+    constexpr SaturationCode kCodes[] = {{89, &StateValues::cv},
+                                         {97, &StateValues::a},
+                                         {100, &StateValues::u},
+                                         {101, &StateValues::s},
+                                         {102, &StateValues::eU}};
+    activate("Carbon dioxide");
+    for (const auto& [code, function] : kCodes) {
+        for (const double fraction : kFractions) {
+            const Drawn curve = dome(static_cast<std::int16_t>(code), fraction);
+            EXPECT_TRUE(HeaderIsRight(curve));
+            EXPECT_EQ(curve.mark(), -1);
+            const auto critical = [&](const CurvePoint& point) {
+                return point.x == static_cast<float>(eosParameters.vcritCalc) &&
+                       point.z == static_cast<float>(substance.Tcrit);
+            };
+            EXPECT_TRUE(critical(curve.first()) || critical(curve.last())) << code;
+            for (const CurvePoint& point : curve.points()) {
+                if (critical(point)) continue;
+                const Equilibrium e = sat_T(point.z);
+                const double L = thermo::StateFunctions(e.T, e.p, e.vL).*function;
+                const double V = thermo::StateFunctions(e.T, e.p, e.vV).*function;
+                EXPECT_NEAR(point.y, mixed(L, V), 1e-4 * std::fabs(mixed(L, V)) + 0.05) << code;
+                EXPECT_NEAR(point.x / mixed(e.vL, e.vV), 1, 1e-3);
+                EXPECT_LE(e.vV, 50.01 * curve.request.xMax);
+                EXPECT_GT(e.vL, 1.08 * e.state.eosB);
+            }
+        }
+    }
+}
+
+TEST_F(Coexistence, PairsOfFunctionsCloseAtTheCriticalPointAndReachTheTriplePoint) {
+    activate("Water");
+    struct Pair {
+        int code;
+        double StateValues::*x, StateValues::*y;
+    };
+    for (const Pair& pair :
+         {Pair{96, &StateValues::h, &StateValues::eH}, Pair{120, &StateValues::s, &StateValues::h},
+          Pair{121, &StateValues::s, &StateValues::eH}}) {
+        const double scale = pair.code == 121 ? Declare::reference.Tenv : 1;
+        for (const double fraction : {0.0, 1.0}) {
+            const Drawn curve = dome(static_cast<std::int16_t>(pair.code), fraction);
+            EXPECT_TRUE(HeaderIsRight(curve));
+            EXPECT_EQ(curve.mark(), -2);
+            EXPECT_EQ(curve.last().z, static_cast<float>(substance.pcrit));
+            // Correlation and EOS differ a little in p at one T, hence not exactly the triple
+            // point.
+            EXPECT_NEAR(sat_p(curve.first().z).T, substance.Ttriple, 1.0);
+            for (const CurvePoint& point : curve.points()) {
+                if (point.z == static_cast<float>(substance.pcrit)) continue;
+                const Equilibrium e = sat_p(point.z);
+                const StateValues L = thermo::StateFunctions(e.T, e.p, e.vL);
+                const StateValues V = thermo::StateFunctions(e.T, e.p, e.vV);
+                const double x = mixed(L.*pair.x, V.*pair.x) * scale;
+                const double y = mixed(L.*pair.y, V.*pair.y);
+                EXPECT_NEAR(point.x, x, 1e-4 * std::fabs(x) + 0.05) << pair.code;
+                EXPECT_NEAR(point.y, y, 1e-4 * std::fabs(y) + 0.5) << pair.code;
+            }
+        }
+    }
+}
+
+TEST_F(Coexistence, AtFractionZeroAndOneTheIsohygricIsTheBoilingAndTheDewLine) {
+    activate("Propane");
+    const Drawn boiling = dome(7, 0), dew = dome(7, 1);
+    for (const CurvePoint& point : boiling.points())
+        EXPECT_LE(point.x, static_cast<float>(eosParameters.vcritCalc));
+    for (const CurvePoint& point : dew.points())
+        EXPECT_GE(point.x, static_cast<float>(eosParameters.vcritCalc));
+}
+
+TEST_F(Coexistence, AVapourEquationHasNone) {
+    activate_vapour_only("Propane");
+    for (const std::int16_t code :
+         std::initializer_list<std::int16_t>{6, 7, 12, 27, 106, 70, 90, 97, 120}) {
+        const Drawn curve = Draw(code, {.T = 300, .p = 500});
+        EXPECT_EQ(curve.count(), 0U) << code;
+        EXPECT_EQ(curve.result.status, 10) << code;
+    }
+}
+
+// ---- tie-lines
+
+TEST_F(Coexistence, TieLinesAreStraightAndHaveFiftyOnePoints) {
+    activate("Propane");
+    session.TieLineRequested = true;
+    const double T = 300;
+    const Equilibrium e = sat_T(T);
+    const Drawn curve = Draw(1, {.T = T, .p = 500});
+    EXPECT_EQ(curve.result.status, 0);
+    EXPECT_EQ(curve.count(), 51U);
+    EXPECT_TRUE(HeaderIsRight(curve));
+    EXPECT_EQ(curve.mark(), -1);
+    EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(e.vL));
+    EXPECT_FLOAT_EQ(curve.last().x, static_cast<float>(e.vV));
+    for (std::size_t i = 1; i <= 51; ++i) {
+        EXPECT_EQ(curve.all[i].y, static_cast<float>(e.p)) << "horizontal";
+        EXPECT_EQ(curve.all[i].z, static_cast<float>(T));
+        EXPECT_NEAR(curve.all[i].x, e.vL + (static_cast<double>(i) - 1) * (e.vV - e.vL) / 50,
+                    1e-6 * e.vV);
+    }
+    EXPECT_TRUE(Declare::tieLine.exist) << "both ends are kept";
+    EXPECT_EQ(Declare::tieLine.V.x, curve.last().x);
+}
+
+TEST_F(Coexistence, TieLinesOfEveryDiagramJoinBothPhases) {
+    activate("Propane");
+    session.TieLineRequested = true;
+    const Parameters at{.T = 310, .p = 800};
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{
+             1,  2,   26,  6,  150, 151, 152, 153, 154, 155, 156, 157, 158, 159, 160, 40, 41, 42,
+             43, 107, 109, 21, 3,   4,   15,  16,  17,  18,  19,  30,  31,  32,  33,  22, 23, 24}) {
+        const Drawn curve = Draw(code, at);
+        EXPECT_EQ(curve.count(), 51U) << code;
+        const bool isobaric = curve.request.sectionKind == 2;
+        EXPECT_EQ(curve.mark(), isobaric ? -2 : -1) << code;
+        EXPECT_FLOAT_EQ(curve.first().z, static_cast<float>(isobaric ? at.p : at.T)) << code;
+    }
+    const Equilibrium e = sat_p(at.p);
+    EXPECT_FLOAT_EQ(Draw(3, at).first().y, static_cast<float>(e.T)) << "isobars: T(LV)";
+    EXPECT_FLOAT_EQ(Draw(4, at).last().x, static_cast<float>(M() / e.vV));
+    // g has the same value at both ends.
+    const Drawn g = Draw(152, at);
+    EXPECT_NEAR(g.first().y, g.last().y, 1e-5 * std::fabs(g.first().y));
+}
+
+TEST_F(Coexistence, AtTheCriticalPointThereIsNoTieLine) {
+    activate("Propane");
+    session.TieLineRequested = true;
+    const Parameters critical{.T = substance.Tcrit, .p = substance.pcrit};
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{1, 3, 15, 150}) {
+        const Drawn curve = Draw(code, critical);
+        EXPECT_EQ(curve.result.status, 4) << code;
+        EXPECT_EQ(curve.count(), 0U);
+        EXPECT_EQ(kurve::TextOf(curve.result).text,
+                  "Tie-lines possible only for (T < T(cr)) and (p < p(cr))");
+    }
+}
+
+}  // namespace

@@ -1,0 +1,425 @@
+#include <algorithm>
+#include <map>
+
+#include "diagrams/active_fluid.h"
+#include "diagrams/catalogue.h"
+#include "diagrams/drawn.h"
+#include "diagrams/equilibrium.h"
+#include "diagrams/textbook.h"
+#include "models/caloric.h"
+#include "models/state_solver.h"
+#include "models/vapour_pressure.h"
+
+namespace {
+
+using Declare::CurvePoint;
+using Declare::session;
+using Declare::substance;
+using thermo::StateValues;
+
+/// Curves of caloric functions: every point against a state evaluated on its own.
+class FunctionCurves : public ActiveFluid {
+  protected:
+    static double Tc(double share) { return share * substance.Tcrit; }
+    static double pc(double share) { return share * substance.pcrit; }
+    static kurve::Equilibrium sat_T(double T) {
+        return kurve::equilibrium_at_T(Calc::CurrentFluid(), T);
+    }
+    static kurve::Equilibrium sat_p(double p) {
+        return kurve::equilibrium_at_p(Calc::CurrentFluid(), p);
+    }
+
+    /// The stable state at T and p by the solver of the system.
+    static StateValues stable(double T, double p) {
+        const Calc::StateTP state = Calc::SolveStateTP(T, p);
+        const bool liquid = state.hasL && !state.hasV;
+        return thermo::StateFunctions(T, p, liquid ? state.vL : state.vV);
+    }
+    /// Do values agree to what a 32-bit coordinate (here T or p) and value let one see?
+    static void expect_seen(double drawn, double direct, double slope, double at) {
+        EXPECT_NEAR(drawn, direct, 2e-7 * (std::fabs(direct) + std::fabs(slope * at)) + 1e-5)
+            << "at " << at;
+    }
+};
+
+using Member = double StateValues::*;
+
+const std::map<int, Member> kOverT = {
+    {15, &StateValues::h}, {16, &StateValues::s}, {17, &StateValues::g}, {18, &StateValues::eH}};
+const std::map<int, Member> kIsochoric = {{181, &StateValues::eU},
+                                          {182, &StateValues::a},
+                                          {183, &StateValues::u},
+                                          {184, &StateValues::s},
+                                          {185, &StateValues::cv}};
+const std::map<int, Member> kOverP = {{150, &StateValues::h},  {151, &StateValues::s},
+                                      {152, &StateValues::g},  {153, &StateValues::eH},
+                                      {154, &StateValues::cp}, {155, &StateValues::eU}};
+const std::map<int, Member> kOverV = {{156, &StateValues::a},
+                                      {157, &StateValues::u},
+                                      {158, &StateValues::s},
+                                      {159, &StateValues::cv},
+                                      {160, &StateValues::eU}};
+
+std::int16_t code_of(const std::pair<const int, Member>& row) {
+    return static_cast<std::int16_t>(row.first);
+}
+
+TEST_F(FunctionCurves, IsobarsHoldTheFunctionOfTheirTitle) {
+    activate("Propane");
+    for (const double pr : {0.1, 0.7, 1.3}) {
+        const double p = pc(pr);
+        const auto e = sat_p(p);
+        for (const auto& row : kOverT) {
+            const Drawn curve = Draw(code_of(row), {.p = p});
+            EXPECT_EQ(curve.result.status, 0) << row.first;
+            EXPECT_TRUE(HeaderIsRight(curve));
+            EXPECT_EQ(curve.mark(), -2);
+            EXPECT_EQ(curve.count(), pr < 1 ? 303U : 301U);
+            EXPECT_EQ(curve.first().x, curve.request.xMin) << "clamped on the end of the window";
+            for (const CurvePoint& point : curve.points()) {
+                EXPECT_FLOAT_EQ(point.z, static_cast<float>(p));
+                if (std::fabs(point.x - e.T) < 0.01) continue;
+                const StateValues z = stable(point.x, p);
+                const double slope = row.first == 15   ? z.cp
+                                     : row.first == 16 ? z.cp / point.x
+                                                       : z.s;
+                expect_seen(point.y, z.*row.second, slope, point.x);
+            }
+        }
+    }
+}
+
+TEST_F(FunctionCurves, AnIsobarCrossesTheCoexistenceCurveAtBothEndsOfTheTieLine) {
+    activate("Propane");
+    const double p = pc(0.4);
+    const auto e = sat_p(p);
+    for (const auto& row : kOverT) {
+        const Drawn curve = Draw(code_of(row), {.p = p});
+        const auto pts = curve.points();
+        const auto L = std::find_if(pts.begin(), pts.end(), [&](const CurvePoint& point) {
+            return point.x == static_cast<float>(e.T);
+        });
+        ASSERT_LT(L + 1, pts.end());
+        EXPECT_EQ((L + 1)->x, L->x);
+        EXPECT_FLOAT_EQ(L->y, static_cast<float>(thermo::StateFunctions(e.T, p, e.vL).*row.second));
+        EXPECT_FLOAT_EQ((L + 1)->y,
+                        static_cast<float>(thermo::StateFunctions(e.T, p, e.vV).*row.second));
+        EXPECT_NEAR((L - 1)->x, e.T - 0.0001, 5e-5) << "the first step of the liquid";
+        // Only the Gibbs function is the same at both ends.
+        const bool equal = std::fabs(L->y - (L + 1)->y) < 1e-5 * std::fabs(L->y);
+        EXPECT_EQ(equal, row.first == 17) << row.first;
+    }
+}
+
+TEST_F(FunctionCurves, AlongAnIsobarDhIsTds) {
+    activate("Carbon dioxide");
+    const Parameters at{.p = pc(1.4)};
+    const Drawn h = Draw(15, at), s = Draw(16, at);
+    ASSERT_EQ(h.count(), s.count());
+    for (std::size_t i = 2; i < h.all.size(); ++i) {
+        const double dh = h.all[i].y - h.all[i - 1].y;
+        const double ds = s.all[i].y - s.all[i - 1].y;
+        const double T = 0.5 * (static_cast<double>(h.all[i].x) + h.all[i - 1].x);
+        EXPECT_NEAR(dh / (T * ds), 1, 2e-3) << T;
+    }
+}
+
+TEST_F(FunctionCurves, AlongAnIsothermDgIsVdp) {
+    activate("Carbon dioxide");
+    const double T = Tc(1.2);
+    const Drawn g = Draw(152, {.T = T}), rho = Draw(26, {.T = T});
+    const double M = static_cast<double>(substance.M);
+    // g falls with x on this curve, rho rises: pair the passes from both ends.
+    for (std::size_t i = 2; i < g.count() - 1; ++i) {
+        const CurvePoint& high = g.all[i];
+        const CurvePoint& low = g.all[i + 1];
+        const std::size_t j = rho.count() + 1 - i;
+        const double v = 0.5 * (M / rho.all[j].y + M / rho.all[j - 1].y);
+        const double dg = static_cast<double>(high.y) - low.y;
+        const double dp = static_cast<double>(high.x) - low.x;
+        EXPECT_NEAR(dg / (v * dp), 1, low.x > 500 ? 5e-3 : 0.3) << low.x;
+    }
+}
+
+TEST_F(FunctionCurves, IsochoresHoldTheFunctionOfTheirTitle) {
+    activate("Propane");
+    const double v = 3 * Declare::eosParameters.vcritCalc;
+    for (const auto& row : kIsochoric) {
+        const Drawn curve = Draw(code_of(row), {.v = v});
+        EXPECT_TRUE(HeaderIsRight(curve));
+        EXPECT_EQ(curve.mark(), -3);
+        EXPECT_GT(curve.count(), 100U);
+        for (const CurvePoint& point : curve.points()) {
+            EXPECT_FLOAT_EQ(point.z, static_cast<float>(v));
+            const double p = Calc::PressureFromTV(point.x, v).p;
+            EXPECT_GT(p, 0);
+            const StateValues z = thermo::StateFunctions(point.x, p, v);
+            EXPECT_NEAR(point.y, z.*row.second, 1e-6 * std::fabs(z.*row.second) + 0.03);
+        }
+    }
+}
+
+TEST_F(FunctionCurves, IsothermsOverPressureHoldTheFunctionOfTheirTitle) {
+    activate("Propane");
+    for (const double Tr : {0.8, 0.97, 1.2}) {
+        const double T = Tc(Tr);
+        const auto e = sat_T(T);
+        for (const auto& row : kOverP) {
+            const Drawn curve = Draw(code_of(row), {.T = T});
+            EXPECT_TRUE(HeaderIsRight(curve));
+            EXPECT_EQ(curve.mark(), -1);
+            EXPECT_EQ(curve.count(), Tr < 1 ? 303U : 301U);
+            EXPECT_EQ(curve.last().x, curve.request.xMin);
+            for (const CurvePoint& point : curve.points()) {
+                EXPECT_FLOAT_EQ(point.z, static_cast<float>(T));
+                if (std::fabs(point.x - e.p) < 0.01) continue;
+                const StateValues z = stable(T, point.x);
+                EXPECT_NEAR(point.y, z.*row.second, 3e-6 * std::fabs(z.*row.second) + 0.01);
+            }
+        }
+    }
+}
+
+TEST_F(FunctionCurves, AnIsothermOverPressurePlacesTheTieLineBetweenItsPhases) {
+    activate("Propane");
+    const double T = Tc(0.85);
+    const auto e = sat_T(T);
+    const Drawn curve = Draw(150, {.T = T});
+    const auto pts = curve.points();
+    const auto L = std::find_if(pts.begin(), pts.end(), [&](const CurvePoint& point) {
+        return point.x == static_cast<float>(e.p);
+    });
+    ASSERT_LT(L + 2, pts.end());
+    EXPECT_FLOAT_EQ(L->y, static_cast<float>(thermo::StateFunctions(T, e.p, e.vL).h));
+    EXPECT_FLOAT_EQ((L + 1)->y, static_cast<float>(thermo::StateFunctions(T, e.p, e.vV).h));
+    EXPECT_GT((L + 2)->y, (L - 1)->y) << "the walk goes from liquid to vapour";
+}
+
+TEST_F(FunctionCurves, IsothermsOverVolumeHoldTheFunctionOfTheirTitle) {
+    activate("Propane");
+    for (const double Tr : {0.9, 1.2}) {
+        const double T = Tc(Tr);
+        const auto e = sat_T(T);
+        for (const auto& row : kOverV) {
+            const Drawn curve = Draw(code_of(row), {.T = T});
+            EXPECT_TRUE(HeaderIsRight(curve));
+            EXPECT_EQ(curve.mark(), -2);
+            int inside = 0;
+            for (const CurvePoint& point : curve.points()) {
+                const double v = point.x;
+                inside += e.found && v > 1.00001 * e.vL && v < 0.99999 * e.vV ? 1 : 0;
+                const double p = Calc::PressureFromTV(T, v).p;
+                const StateValues z = thermo::StateFunctions(T, p, v);
+                const double tolerance = row.first == 157 || row.first == 160 || row.first == 156
+                                             ? 3e-6 * std::fabs(z.*row.second) + 0.2
+                                             : 1e-5 * std::fabs(z.*row.second) + 1e-5;
+                EXPECT_NEAR(point.y, z.*row.second, tolerance) << row.first << " v " << v;
+            }
+            EXPECT_EQ(inside, 0) << "the loop jumps from v(L) to v(V)";
+        }
+    }
+}
+
+TEST_F(FunctionCurves, HeatCapacityIsIdealGasPlusResidual) {
+    activate("Water");
+    const double p = 500;
+    const Drawn curve = Draw(19, {.p = p});
+    EXPECT_EQ(curve.mark(), -2);
+    EXPECT_EQ(curve.count(), 301U);
+    for (const CurvePoint& point : curve.points()) {
+        const StateValues z = stable(point.x, p);
+        const double expected =
+            thermo::IdealGasCp(point.x).cp + Textbook::R * z.table.residual[thermo::ResCp];
+        EXPECT_NEAR(point.y / expected, 1, 1e-5);
+        EXPECT_NEAR(point.y / z.cp, 1, 1e-5);
+    }
+}
+
+TEST_F(FunctionCurves, JouleThomsonIsTheSlopeOfAnIsenthalpic) {
+    activate("Carbon dioxide");
+    const double p = 3000;
+    const Drawn curve = Draw(34, {.p = p});
+    EXPECT_EQ(curve.mark(), -2);
+    const auto e = sat_p(p);
+    for (const CurvePoint& point : curve.points()) {
+        const double T = point.x;
+        if (std::fabs(T - e.T) < 3) continue;
+        // (dT/dp)h = -(dh/dp)T/(dh/dT)p
+        const double hp = (stable(T, p + 1).h - stable(T, p - 1).h) / 2;
+        const double hT = (stable(T + 0.01, p).h - stable(T - 0.01, p).h) / 0.02;
+        EXPECT_NEAR(point.y, -hp / hT, 1e-4 * std::fabs(hp / hT) + 1e-7) << T;
+    }
+}
+
+TEST_F(FunctionCurves, ResidualFunctionsVanishWithThePressure) {
+    activate("Propane");
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{30, 31, 32, 33}) {
+        const Drawn curve = Draw(code, {.p = 1e-3});
+        EXPECT_EQ(curve.mark(), -2);
+        EXPECT_NEAR(curve.last().y, 0, 1e-2) << code;
+    }
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{40, 41, 42, 43}) {
+        Declare::DiagramRequest request = RequestFor(code);
+        request.xMin = 1e-3F;
+        const Drawn curve = Draw(request, {.T = Tc(1.1)});
+        EXPECT_EQ(curve.mark(), -1);
+        EXPECT_NEAR(curve.last().y, 0, 1e-2) << code;
+    }
+}
+
+TEST_F(FunctionCurves, ResidualFunctionsAreWhatTheFluidHasMoreThanItsIdealGas) {
+    activate("Propane");
+    const std::map<int, int> columns = {{30, 0}, {31, 1}, {32, 2}, {33, 3},
+                                        {40, 0}, {41, 1}, {42, 2}, {43, 3}};
+    const double p = pc(0.5), T = Tc(0.95);
+    for (const auto& [code, column] : columns) {
+        const bool isobaric = code < 40;
+        const Drawn curve = Draw(static_cast<std::int16_t>(code), {.T = T, .p = p});
+        const auto e = isobaric ? sat_p(p) : sat_T(T);
+        for (const CurvePoint& point : curve.points()) {
+            if (std::fabs(point.x - (isobaric ? e.T : e.p)) < 0.01) continue;
+            const double t = isobaric ? point.x : T;
+            const double q = isobaric ? p : point.x;
+            const StateValues z = stable(t, q);
+            const thermo::IdealGasState ideal = thermo::IdealGasFunctions(t, q);
+            const double expected[] = {z.s - ideal.s, z.h - ideal.h, z.g - (ideal.h - t * ideal.s),
+                                       z.cp - ideal.cp};
+            EXPECT_NEAR(point.y, expected[column], 3e-6 * std::fabs(expected[column]) + 0.02)
+                << code << " " << point.x;
+        }
+    }
+}
+
+TEST_F(FunctionCurves, CaloricUnitsApplyAtTheTemperatureOfThePoint) {
+    activate("Propane");
+    const Parameters at{.T = Tc(1.2), .p = pc(0.3)};
+    const double M = static_cast<double>(substance.M);
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{15, 16, 30, 150, 154}) {
+        set_units(0, 0);
+        const Declare::DiagramRequest request = RequestFor(code);
+        const Drawn molar = Draw(request, at);
+        for (const std::int16_t unit : std::initializer_list<std::int16_t>{1, 2, 3}) {
+            session.CaloricUnit = unit;
+            const Drawn other = Draw(request, at);
+            ASSERT_EQ(other.count(), molar.count());
+            for (std::size_t i = 1; i < molar.all.size(); ++i) {
+                const double T = code < 100 ? molar.all[i].x : at.T;
+                const double factor = unit == 1   ? 1 / Textbook::R
+                                      : unit == 2 ? 1 / (Textbook::R * T)
+                                                  : 1 / M;
+                EXPECT_NEAR(other.all[i].y, molar.all[i].y * factor,
+                            2e-6 * std::fabs(other.all[i].y) + 1e-9)
+                    << code << " unit " << unit;
+            }
+        }
+        session.CaloricUnit = 0;
+    }
+}
+
+TEST_F(FunctionCurves, TheMetastableBranchesJoinBothEndsOfTheTieLine) {
+    activate("Propane");
+    session.SCurveRequested = true;
+    const Parameters at{.T = Tc(0.93), .p = pc(0.6)};
+    const auto eT = sat_T(at.T);
+    const auto ep = sat_p(at.p);
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{
+             15, 16,  17,  18,  19,  30,  31,  32,  33,  40,  41,  42,
+             43, 150, 151, 152, 153, 154, 155, 156, 157, 158, 159, 160}) {
+        const bool overT = code < 40, overV = code >= 156;
+        const Drawn curve = Draw(code, at);
+        EXPECT_TRUE(HeaderIsRight(curve)) << code;
+        EXPECT_GT(curve.count(), 10U) << code;
+        const double first = overT ? ep.T : overV ? eT.vL : eT.p;
+        const double last = overT ? ep.T : overV ? eT.vV : eT.p;
+        EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(first)) << code;
+        EXPECT_FLOAT_EQ(curve.last().x, static_cast<float>(last)) << code;
+        if (overV) continue;
+        // It leaves the tie-line to both sides.
+        const auto [low, high] =
+            std::minmax_element(curve.points().begin(), curve.points().end(),
+                                [](const CurvePoint& a, const CurvePoint& b) { return a.x < b.x; });
+        EXPECT_LT(low->x, first) << code;
+        EXPECT_GT(high->x, first) << code;
+    }
+}
+
+TEST_F(FunctionCurves, MetastableStatesSatisfyTheEquation) {
+    activate("Propane");
+    session.SCurveRequested = true;
+    const double p = pc(0.6);
+    const Drawn h = Draw(15, {.p = p}), s = Draw(16, {.p = p});
+    ASSERT_EQ(h.count(), s.count());
+    for (std::size_t i = 2; i < h.count(); ++i) {
+        // Some root of the cubic at T and p has this h and s.
+        Calc::EvalEOSAtT(h.all[i].x);
+        const Calc::CubicRoots roots = Calc::SolveCubic(h.all[i].x, p);
+        double best = 1e9;
+        for (int k = 0; k < roots.count; ++k) {
+            const StateValues z =
+                thermo::StateFunctions(h.all[i].x, p, roots.v[static_cast<std::size_t>(k)]);
+            best = std::min(best, std::fabs(z.h - h.all[i].y) + 300 * std::fabs(z.s - s.all[i].y));
+        }
+        EXPECT_LT(best, 30) << i;
+    }
+}
+
+TEST_F(FunctionCurves, PartialGasCurvesEndAtTheCoexistenceCurve) {
+    activate_vapour_only("Propane");
+    session.PartialGasCurve = true;
+    const double p = 500, T = 300;
+    const double TLV = Calc::BoilingTemperature(p, "WAG", false).T;
+    const double pLV = Calc::VapourPressure(T, "WAG", false).p;
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{15, 30})
+        EXPECT_EQ(Draw(code, {.p = p}).first().x, static_cast<float>(TLV)) << code;
+    for (const std::int16_t code : std::initializer_list<std::int16_t>{150, 40})
+        EXPECT_EQ(Draw(code, {.T = T}).first().x, static_cast<float>(pLV)) << code;
+}
+
+TEST_F(FunctionCurves, PairsOfFunctionsHoldTheStatesOfTheirRange) {
+    activate("Propane");
+    struct Pair {
+        int code;
+        Member x, y;
+    };
+    const double T = Tc(0.85), p = pc(0.4);
+    for (const Pair& pair :
+         {Pair{21, &StateValues::h, &StateValues::eH}, Pair{107, &StateValues::s, &StateValues::h},
+          Pair{109, &StateValues::s, &StateValues::eH}, Pair{22, &StateValues::h, &StateValues::eH},
+          Pair{24, &StateValues::s, &StateValues::h},
+          Pair{23, &StateValues::s, &StateValues::eH}}) {
+        const bool isothermal = pair.code == 21 || pair.code > 100;
+        Declare::processLine.RangeStart = isothermal ? 4000 : 420;  // exchanged by the curve
+        Declare::processLine.RangeEnd = isothermal ? 10 : 120;
+        const Drawn curve = Draw(static_cast<std::int16_t>(pair.code), {.T = T, .p = p});
+        EXPECT_TRUE(HeaderIsRight(curve));
+        EXPECT_EQ(curve.mark(), isothermal ? -2 : -1);
+        EXPECT_EQ(curve.count(), 303U) << "301 passes and both ends of the tie-line";
+        EXPECT_FLOAT_EQ(curve.first().z, isothermal ? 10.0F : 120.0F);
+        EXPECT_FLOAT_EQ(curve.last().z, isothermal ? 4000.0F : 420.0F);
+        const double scale = pair.code == 23 || pair.code == 109 ? Declare::reference.Tenv : 1;
+        const auto e = isothermal ? sat_T(T) : sat_p(p);
+        for (const CurvePoint& point : curve.points()) {
+            if (std::fabs(point.z - (isothermal ? e.p : e.T)) < 0.01) continue;
+            const StateValues z = isothermal ? stable(T, point.z) : stable(point.z, p);
+            EXPECT_NEAR(point.x, z.*pair.x * scale, 3e-6 * std::fabs(z.*pair.x * scale) + 0.01);
+            EXPECT_NEAR(point.y, z.*pair.y, 3e-6 * std::fabs(z.*pair.y) + 0.01);
+        }
+    }
+}
+
+TEST_F(FunctionCurves, InTheTwoPhaseRegionAnIsothermOfHAndSHasTheSlopeT) {
+    activate("Water");
+    Declare::processLine.RangeStart = 1;
+    Declare::processLine.RangeEnd = 22000;
+    const double T = 400;
+    const Drawn curve = Draw(107, {.T = T});
+    const auto e = sat_T(T);
+    const auto pts = curve.points();
+    const auto V = std::find_if(pts.begin(), pts.end(), [&](const CurvePoint& point) {
+        return point.z == static_cast<float>(e.p);
+    });
+    ASSERT_LT(V + 1, pts.end());
+    EXPECT_NEAR((V->y - (V + 1)->y) / (V->x - (V + 1)->x), T, 0.01);
+}
+
+}  // namespace

@@ -1,0 +1,144 @@
+#include "diagrams/prepare_2d.h"
+
+#include <stdexcept>
+
+#include "diagrams/active_fluid.h"
+#include "diagrams/catalogue.h"
+
+namespace {
+
+using Declare::coordinates;
+using Declare::diagram;
+using Declare::session;
+using Declare::substance;
+
+class Prepare2D : public ActiveFluid {
+  protected:
+    Prepare2D() {
+        Module9::Views2D() = {
+            .openDiagram = [this] { opened.emplace_back("frmGraph2D"); },
+            .openParameterInput = [this] { opened.emplace_back("frmTpVSInputBox"); },
+            .openRangeInput = [this] { opened.emplace_back("frmInputProzessLinien"); },
+            .showDatabaseFunction =
+                [this](float low, float high) {
+                    opened.push_back("database " + std::to_string(static_cast<int>(low)) + " " +
+                                     std::to_string(static_cast<int>(high)));
+                },
+        };
+    }
+    ~Prepare2D() override { Module9::Views2D() = {}; }
+
+    void prepare(std::int16_t code, std::int16_t sectionKind, const char* axisPair) {
+        diagram.DiagramType = code;
+        diagram.sectionKind = sectionKind;
+        diagram.axisPair = axisPair;
+        opened.clear();
+        Module9::PrepareDiagram2D(diagram);
+    }
+
+    std::vector<std::string> opened;
+};
+
+using Views = std::vector<std::string>;
+
+TEST_F(Prepare2D, OpensTheViewAndTheInputOfItsKind) {
+    activate("Propane");
+    prepare(1, Module9::kIsothermal, "pv");
+    EXPECT_EQ(opened, (Views{"frmGraph2D", "frmTpVSInputBox"}));
+    EXPECT_FALSE(session.DiagramIsProjection);
+    prepare(107, Module9::kIsothermal, "yy");
+    EXPECT_EQ(opened, (Views{"frmGraph2D", "frmInputProzessLinien"}));
+    EXPECT_EQ(Declare::processLine.Kind, 7);
+    prepare(6, Module9::kProjection, "pv");
+    EXPECT_EQ(opened, (Views{"frmGraph2D"}));
+    EXPECT_TRUE(session.DiagramIsProjection);
+    prepare(300, Module9::kDatabase, "yT");
+    EXPECT_EQ(opened, (Views{"frmGraph2D", "database 86 369"}));
+    EXPECT_EQ(Module9::ViewCaption(diagram), " Type of Diagram: L-density from data-bank function");
+}
+
+TEST_F(Prepare2D, ClearsARequestedTieLine) {
+    activate("Propane");
+    session.TieLineRequested = true;
+    prepare(1, Module9::kIsothermal, "pv");
+    EXPECT_FALSE(session.TieLineRequested);
+}
+
+TEST_F(Prepare2D, TheFirstDiagramOfASubstanceStartsAtItsCriticalPoint) {
+    activate("Propane");
+    session.NewSubstanceDiagram = true;
+    prepare(1, Module9::kIsothermal, "pv");
+    EXPECT_FALSE(session.NewSubstanceDiagram);
+    EXPECT_EQ(session.DiagramT, substance.Tcrit);
+    EXPECT_EQ(session.DiagramP, substance.pcrit);
+    EXPECT_EQ(session.DiagramV, Declare::eosParameters.vcritCalc);
+    EXPECT_FLOAT_EQ(coordinates.pMax, static_cast<float>(1.6 * substance.pcrit));
+    EXPECT_FLOAT_EQ(coordinates.TMax, static_cast<float>(1.1 * substance.Tcrit));
+    EXPECT_EQ(diagram.yMax, coordinates.pMax);
+}
+
+TEST_F(Prepare2D, LaterDiagramsKeepTheStateAndThePressureLimit) {
+    activate("Propane");
+    prepare(1, Module9::kIsothermal, "pv");
+    session.DiagramT = 300;
+    session.DiagramP = 900;
+    session.DiagramV = 0.5;
+    prepare(3, Module9::kIsobaric, "Tv");
+    EXPECT_EQ(session.DiagramT, 300);
+    EXPECT_EQ(session.DiagramP, 900);
+    EXPECT_EQ(session.DiagramV, 0.5);
+    EXPECT_FLOAT_EQ(coordinates.pMax, static_cast<float>(1.6 * substance.pcrit));
+}
+
+TEST_F(Prepare2D, FunctionDiagramsStartAtNormalPressure) {
+    activate("Propane");
+    prepare(15, Module9::kIsobaric, "yT");
+    EXPECT_EQ(session.DiagramP, 101.325);
+    session.DiagramP = substance.pcrit;
+    session.DiagramV = 0.7;
+    prepare(30, Module9::kIsobaric, "yT");
+    EXPECT_EQ(session.DiagramP, 101.325);
+    EXPECT_EQ(session.DiagramV, Declare::eosParameters.vcritCalc);
+    session.DiagramP = substance.pcrit;
+    prepare(150, Module9::kIsothermal, "yp");
+    EXPECT_EQ(session.DiagramP, substance.pcrit);
+}
+
+TEST_F(Prepare2D, WithoutACriticalVolumeTheVolumeIsMeasuredOrTwo) {
+    activate_vapour_only("Propane");
+    prepare(5, Module9::kIsochoric, "pT");
+    EXPECT_EQ(session.DiagramV, substance.vcritExp);
+    session.DiagramV = 0;
+    substance.vcritExp = 0;
+    prepare(5, Module9::kIsochoric, "pT");
+    EXPECT_EQ(session.DiagramV, 2.0);
+}
+
+TEST_F(Prepare2D, AFaultOfTheViewIsTold) {
+    activate("Propane");
+    Module9::Views2D().openDiagram = [] { throw std::runtime_error("no component"); };
+    prepare(1, Module9::kIsothermal, "pv");
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_EQ(user.lastText(),
+              "The registration of the 2D graph module \\...\\olch8x2.ocx during the installation "
+              "process failed.\nPlease carry out the registration manually (c.f. our website)");
+    EXPECT_TRUE(opened.empty());
+}
+
+TEST_F(Prepare2D, TheMenuCommandRefusesOrNotes) {
+    activate_vapour_only("Propane");
+    diagram.sectionKind = Module9::kProjection;
+    diagram.DiagramType = 6;
+    diagram.axisPair = "pv";
+    Module9::OpenDiagram2D();
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_TRUE(opened.empty());
+    diagram.DiagramType = 9;
+    Module9::OpenDiagram2D();
+    EXPECT_EQ(user.lastTitle(), "Note");
+    EXPECT_EQ(opened, (Views{"frmGraph2D"}));
+    EXPECT_EQ(diagram.subTitle, "Propane,  vapour press. equ. Wagner");
+}
+
+}  // namespace

@@ -1,0 +1,350 @@
+#include "diagrams/sheet_marks.h"
+
+#include "common/numbers.h"
+#include "diagrams/curve.h"
+#include "diagrams/sheet_draw.h"
+#include "diagrams/sheet_support.h"
+#include "models/vapour_pressure.h"
+
+namespace {
+
+using chart::Label;
+using Declare::session;
+using Declare::substance;
+
+class SheetMarks : public Sheet {
+  protected:
+    SheetMarks() {
+        session.DiagramT = 300;
+        session.DiagramP = 1000;
+        session.DiagramV = 0.5;
+    }
+
+    std::vector<chart::Series> lines() const {
+        std::vector<chart::Series> found;
+        for (const chart::Series& s : sheet.chart.curves)
+            if (s.isReference) found.push_back(s);
+        return found;
+    }
+    const Label* label(int index) const {
+        for (const Label& l : sheet.chart.labels)
+            if (l.index == index) return &l;
+        return nullptr;
+    }
+    void expectRefusal(const char* text) {
+        EXPECT_EQ(user.lastText(), text);
+        EXPECT_EQ(user.lastTitle(), "Execution not possible");
+        EXPECT_EQ(sheet.CurveCount, 0);
+        EXPECT_TRUE(sheet.chart.labels.empty());
+    }
+};
+
+TEST_F(SheetMarks, DrawsAnIsothermAndNamesIt) {
+    open(1);
+    ASSERT_TRUE(Module9::Draw(sheet));
+    EXPECT_EQ(sheet.CurveCount, 1);
+    EXPECT_EQ(curve(0).legend, "(300.0 K ) ");
+    EXPECT_EQ(sheet.CurveMarks[0], kurve::kMarkT);
+    EXPECT_EQ(sheet.CurveParameters[0][1], 300);
+    // The vapour lies beyond this window; the tie-line leads to its edge.
+    EXPECT_EQ(curve(0).x.back(), sheet.request.xMax);
+    EXPECT_FLOAT_EQ(curve(0).y.back(), curve(0).y[curve(0).y.size() - 2]);
+}
+
+TEST_F(SheetMarks, NamesCurvesByTheirSection) {
+    open(3);
+    Module9::Draw(sheet);
+    EXPECT_EQ(curve(0).legend, "1000.0 kPa ");
+    open(5);
+    Module9::Draw(sheet);
+    EXPECT_EQ(curve(0).legend, "0.5 m^3/kmol ");
+    open(307);
+    Module9::Draw(sheet);
+    EXPECT_EQ(curve(0).legend.front(), '(');
+    EXPECT_EQ(curve(0).legend.back(), ')');
+    Declare::processLine.Kind = 2;
+    Declare::DiagramRequest line = sheet.request;
+    line.DiagramType = 204;
+    EXPECT_EQ(Module9::NameOf(line, false).legend, "(Isobar 1000.0 kPa ) ");
+}
+
+TEST_F(SheetMarks, WritesAPointWhateverTheLocale) {
+    numbers::set_decimal_mark(',');
+    open(1);
+    Module9::Draw(sheet);
+    EXPECT_EQ(curve(0).legend, "(300.0 K ) ");
+    numbers::set_decimal_mark('.');
+}
+
+TEST_F(SheetMarks, NamesAnIsochoreByItsPhaseWhenTheCriticalPointIsMarked) {
+    open(5);
+    ASSERT_TRUE(Module9::MarkCriticalPoint(sheet, false));
+    session.DiagramV = 0.5;
+    Module9::Draw(sheet);
+    EXPECT_EQ(curve(0).legend, "0.5 m^3/kmol  (V) ");
+    session.DiagramV = 0.1;
+    Module9::Draw(sheet);
+    EXPECT_EQ(curve(1).legend, "0.1 m^3/kmol  (L) ");
+    session.DiagramV = Declare::eosParameters.vcritCalc;
+    Module9::Draw(sheet);
+    EXPECT_NE(curve(2).legend.find(" (cr) "), std::string::npos);
+}
+
+TEST_F(SheetMarks, DrawsBothBranchesOfAProjection) {
+    open(6);
+    ASSERT_TRUE(Module9::Draw(sheet));
+    EXPECT_EQ(sheet.CurveCount, 2);
+    EXPECT_EQ(curve(0).legend, "VLE  (L)");
+    EXPECT_EQ(curve(1).legend, "VLE  (V)");
+    EXPECT_EQ(session.VapourFraction, 1.0);
+    EXPECT_FALSE(session.CoexistenceRequested);
+    open(9);
+    ASSERT_TRUE(Module9::Draw(sheet));
+    EXPECT_EQ(sheet.CurveCount, 1);
+    EXPECT_EQ(curve(0).legend, "VLE ");
+}
+
+TEST_F(SheetMarks, AddsTheCoexistenceCurveAndRestoresTheDiagram) {
+    open(1);
+    ASSERT_TRUE(Module9::MarkCoexistence(sheet));
+    EXPECT_EQ(sheet.CurveCount, 2);
+    EXPECT_EQ(sheet.request.DiagramType, 1);
+    EXPECT_EQ(sheet.request.sectionKind, Module9::kIsothermal);
+    EXPECT_EQ(session.VapourFraction, 1.0);
+    // In p-T there is one line only.
+    open(5);
+    ASSERT_TRUE(Module9::MarkCoexistence(sheet));
+    EXPECT_EQ(sheet.CurveCount, 1);
+}
+
+TEST_F(SheetMarks, OffersACoexistenceCurveExactlyWhereTheTableHasOne) {
+    const std::map<int, int> expected = {
+        {1, 6},     {2, 106},  {3, 7},     {4, 12},   {5, 9},     {15, 90},   {16, 91},
+        {184, 91},  {17, 93},  {18, 94},   {19, 92},  {21, 96},   {22, 96},   {23, 121},
+        {109, 121}, {24, 120}, {107, 120}, {26, 27},  {150, 70},  {151, 71},  {152, 73},
+        {153, 74},  {154, 72}, {155, 75},  {156, 97}, {157, 100}, {158, 101}, {159, 89},
+        {160, 102}, {181, 95}, {182, 98},  {183, 99}};
+    for (std::int16_t code = 0; code < 320; ++code) {
+        const auto row = expected.find(code);
+        EXPECT_EQ(Module9::CoexistenceCodeOf(code), row == expected.end() ? 0 : row->second)
+            << code;
+    }
+}
+
+TEST_F(SheetMarks, IsohygricsAtTheEndsAreTheBoilingAndTheDewLine) {
+    open(3);
+    ASSERT_TRUE(Module9::MarkCoexistence(sheet));
+    ASSERT_TRUE(Module9::MarkIsohygric(sheet, 0));
+    ASSERT_TRUE(Module9::MarkIsohygric(sheet, 1));
+    EXPECT_EQ(curve(2).x, curve(0).x);
+    EXPECT_EQ(curve(3).x, curve(1).x);
+    EXPECT_EQ(sheet.CurveLabels[2].text, "y(V) = 0");
+    EXPECT_FALSE(Module9::MarkIsohygric(sheet, 1.5));
+    EXPECT_FALSE(Module9::MarkIsohygric(sheet, -0.1));
+    EXPECT_EQ(session.VapourFraction, 1.0);
+}
+
+TEST_F(SheetMarks, TieLineIsHorizontalInPV) {
+    open(1);
+    ASSERT_TRUE(Module9::MarkTieLine(sheet));
+    EXPECT_FALSE(session.TieLineRequested);
+    EXPECT_EQ(curve(0).legend, "Tie-Line V-L ");
+    for (const float p : curve(0).y) EXPECT_FLOAT_EQ(p, curve(0).y.front());
+}
+
+TEST_F(SheetMarks, RefusesATieLineAtAndAboveTheCriticalPoint) {
+    open(1);
+    session.DiagramT = substance.Tcrit;
+    EXPECT_FALSE(Module9::MarkTieLine(sheet));
+    expectRefusal("only possible in the 2-phase region V-L  (T<T(cr))");
+    open(3);
+    session.DiagramP = substance.pcrit;
+    EXPECT_FALSE(Module9::MarkTieLine(sheet));
+    expectRefusal("only possible in the 2-phase region V-L  (p<p(cr))");
+}
+
+TEST_F(SheetMarks, RefusesTheUnstableRegionAboveTheCriticalPoint) {
+    open(26);
+    session.DiagramT = substance.Tcrit;
+    EXPECT_FALSE(Module9::MarkSCurve(sheet));
+    expectRefusal("only possible in the 2-phase region V-L  (T<T(cr))");
+    open(15);
+    session.DiagramP = substance.pcrit + 1;
+    EXPECT_FALSE(Module9::MarkSCurve(sheet));
+    expectRefusal("only possible in the 2-phase region V-L  (p<p(cr))");
+}
+
+TEST_F(SheetMarks, DrawsTheUnstableRegion) {
+    open(1);
+    ASSERT_TRUE(Module9::MarkSCurve(sheet));
+    EXPECT_FALSE(session.SCurveRequested);
+    EXPECT_EQ(sheet.request.DiagramType, 1);
+    EXPECT_EQ(sheet.CurveCount, 1);
+}
+
+TEST_F(SheetMarks, RefusesWhatNeedsACubicEquation) {
+    activate("Propane", kVirial);
+    session.DiagramT = 300;
+    open(1);
+    EXPECT_FALSE(Module9::MarkCoexistence(sheet));
+    expectRefusal("V-L coex. curve possible for cubic EOS only.");
+    EXPECT_FALSE(Module9::MayMarkIsohygric());
+    expectRefusal("Isohygrics - possible only using cubic EOS");
+    EXPECT_FALSE(Module9::MarkTieLine(sheet));
+    expectRefusal("Tie-line V-L - possible only using cubic EOS");
+    open(2);
+    EXPECT_FALSE(Module9::MarkInversion(sheet));
+    expectRefusal("Inversion curve only possible by cubic EOS");
+    EXPECT_EQ(sheet.request.DiagramType, 2);
+}
+
+TEST_F(SheetMarks, DrawsTheInversionCurveAndTheBisectionLine) {
+    open(5);
+    // Inversion curves reach to several critical temperatures.
+    Module9::SetCoordinates(sheet, {{200, 1500}, {0, 80000}});
+    ASSERT_TRUE(Module9::MarkInversion(sheet));
+    EXPECT_EQ(curve(0).legend, "Inversion curve");
+    EXPECT_EQ(sheet.CurveLabels[0].text, "delta = 0 ");
+    EXPECT_EQ(sheet.request.DiagramType, 5);
+    EXPECT_EQ(sheet.request.sectionKind, Module9::kIsochoric);
+    open(8);
+    Module9::MarkBisection(sheet);
+    EXPECT_EQ(sheet.request.DiagramType, 8);
+}
+
+TEST_F(SheetMarks, MarksTemperaturesAcrossTheWindow) {
+    open(3);
+    ASSERT_TRUE(Module9::MarkTGrenzen(sheet));
+    ASSERT_EQ(lines().size(), 2U);  // without the gas part there are no boiling lines
+    const chart::Series critical = lines()[0];
+    EXPECT_FLOAT_EQ(critical.y[0], static_cast<float>(substance.Tcrit));
+    EXPECT_EQ(critical.x[0], -1e10F);
+    EXPECT_FLOAT_EQ(critical.x[1], sheet.request.xMax);
+    EXPECT_EQ(label(1)->text, "T(cr)");
+    EXPECT_NEAR(
+        label(1)->x,
+        static_cast<double>(sheet.request.xMin) +
+            (static_cast<double>(sheet.request.xMax) - static_cast<double>(sheet.request.xMin)) / 6,
+        1e-6);
+    EXPECT_EQ(label(2)->text, "T(triple)");
+    // A second run takes the place of the first.
+    ASSERT_TRUE(Module9::MarkTGrenzen(sheet));
+    EXPECT_EQ(lines().size(), 2U);
+    EXPECT_EQ(sheet.CurveCount, 0);
+}
+
+TEST_F(SheetMarks, LeavesOutTheTripleLineWithoutATriplePoint) {
+    substance.Ttriple = 0;
+    open(15);
+    ASSERT_TRUE(Module9::MarkTGrenzen(sheet));
+    ASSERT_EQ(lines().size(), 1U);
+    EXPECT_FLOAT_EQ(lines()[0].x[0], lines()[0].x[1]);
+    EXPECT_EQ(label(2), nullptr);
+}
+
+TEST_F(SheetMarks, AddsBoilingTemperaturesToTheGasPart) {
+    session.PartialGasCurve = true;
+    open(15);
+    ASSERT_TRUE(Module9::MarkTGrenzen(sheet));
+    ASSERT_EQ(lines().size(), 4U);
+    EXPECT_EQ(label(3)->text, "                      T(LV) at p");
+    EXPECT_EQ(label(4)->text, "                      T(LV) at normal pressure");
+    const double TLV = Calc::boiling_temperature(substance, 1000, Declare::models.VPCode).T;
+    EXPECT_NEAR(static_cast<double>(lines()[2].x[0]), TLV, 1e-3);
+}
+
+TEST_F(SheetMarks, MarksInverseTemperaturesAndLogarithmsOfPressures) {
+    open(10);
+    ASSERT_TRUE(Module9::MarkTGrenzen(sheet));
+    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(1 / substance.Tcrit));
+    ASSERT_TRUE(Module9::MarkPressures(sheet));
+    ASSERT_EQ(lines().size(), 3U);
+    EXPECT_FLOAT_EQ(lines()[0].y[0], static_cast<float>(std::log(substance.pcrit)));
+    EXPECT_EQ(label(3)->text, "Normal-p");
+    EXPECT_FLOAT_EQ(lines()[2].y[1], std::log(101.325F));
+}
+
+TEST_F(SheetMarks, MarksPressuresVerticallyOverP) {
+    open(2);
+    ASSERT_TRUE(Module9::MarkPressures(sheet));
+    ASSERT_EQ(lines().size(), 3U);
+    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(substance.pcrit));
+    EXPECT_EQ(lines()[0].y[0], -1e6F);
+    EXPECT_EQ(label(2)->text, "p(LV) at T ");
+    EXPECT_EQ(label(3)->text, "normal p");
+}
+
+TEST_F(SheetMarks, MarksVolumes) {
+    open(1);
+    ASSERT_TRUE(Module9::MarkVolume(sheet));
+    ASSERT_TRUE(Module9::MarkVolume(sheet));
+    ASSERT_EQ(lines().size(), 1U);
+    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(Declare::eosParameters.vcritCalc));
+    EXPECT_EQ(lines()[0].y[0], -1e8F);
+    ASSERT_TRUE(Module9::MarkCovolume(sheet));
+    ASSERT_EQ(lines().size(), 2U);
+    // b = 0.0778 R Tc / pc for this equation (D.-Y. Peng, D. B. Robinson, 1976).
+    const double b = 0.0777960739 * 8.31451 * substance.Tcrit / substance.pcrit;
+    EXPECT_NEAR(static_cast<double>(lines()[1].x[0]), b, 1e-5);
+    open(4);
+    ASSERT_TRUE(Module9::MarkCovolume(sheet));
+    EXPECT_NEAR(static_cast<double>(lines()[0].x[0]), substance.M / b, 0.2);
+}
+
+TEST_F(SheetMarks, MarksTheCriticalPointsOfTheDataAndOfTheEquation) {
+    open(1);
+    ASSERT_TRUE(Module9::MarkCriticalPoint(sheet, true));
+    ASSERT_TRUE(Module9::MarkCriticalPoint(sheet, false));
+    const chart::Series& ex = sheet.chart.points[Module9::kCriticalExSeries];
+    const chart::Series& calc = sheet.chart.points[Module9::kCriticalCalcSeries];
+    EXPECT_FLOAT_EQ(ex.x.at(0), static_cast<float>(substance.vcritExp));
+    EXPECT_FLOAT_EQ(calc.x.at(0), static_cast<float>(Declare::eosParameters.vcritCalc));
+    EXPECT_FLOAT_EQ(calc.y.at(0), static_cast<float>(substance.pcrit));
+    EXPECT_EQ(sheet.PointSetCount, 0);
+    EXPECT_NE(label(7), nullptr);
+    EXPECT_NE(label(8), nullptr);
+    Module9::DeleteCriticalPoint(sheet, true);
+    EXPECT_EQ(label(7), nullptr);
+    EXPECT_TRUE(Module9::HasCriticalPoint(sheet, false));
+}
+
+TEST_F(SheetMarks, MarksTheCriticalPointInEveryDiagramOfStates) {
+    for (const int code : {1, 2, 26, 3, 4, 5, 6, 7, 8, 9, 10, 15, 16, 17, 18, 150, 107}) {
+        open(static_cast<std::int16_t>(code));
+        EXPECT_TRUE(Module9::MarkCriticalPoint(sheet, false)) << code << user.lastText();
+    }
+}
+
+TEST_F(SheetMarks, RefusesACriticalPointWithoutAVolume) {
+    substance.vcritExp = 0;
+    open(1);
+    EXPECT_FALSE(Module9::MarkCriticalPoint(sheet, true));
+    expectRefusal("No critical density available");
+}
+
+TEST_F(SheetMarks, StretchesReferenceLinesWithTheCoordinates) {
+    open(1);
+    Module9::MarkVolume(sheet);
+    Module9::SetCoordinates(sheet, {{0, 100}, {0, 1e6}});
+    EXPECT_EQ(lines()[0].y[1], 1e6F);
+}
+
+TEST_F(SheetMarks, TellsACurveOutsideTheCoordinatesAndKeepsIt) {
+    open(1);
+    Module9::SetCoordinates(sheet, {{0.2, 5}, {50000, 60000}});
+    EXPECT_TRUE(Module9::Draw(sheet));
+    EXPECT_EQ(user.lastText(), "Curve outside the actual coordinates\nEnlarge the coordinates");
+    EXPECT_EQ(user.lastTitle(), "WARNING");
+    EXPECT_EQ(sheet.CurveCount, 1);
+}
+
+TEST_F(SheetMarks, OffersNoMarkInTheSwappedState) {
+    open(1);
+    Module9::ChangeXY(sheet);
+    for (const Module9::Mark mark : {Module9::Mark::p, Module9::Mark::v, Module9::Mark::TieLine})
+        EXPECT_FALSE(Module9::OffersMark(sheet, mark));
+    EXPECT_FALSE(Module9::Draw(sheet));
+    EXPECT_EQ(sheet.CurveCount, 0);
+}
+
+}  // namespace

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "estimation/fit_models.h"
+#include "estimation/fit_run.h"
+#include "estimation/marquardt_nash.h"
+
+/// Helpers of the tests of the fitting engines and models.
+namespace fit_support {
+
+using estimation::FitProblem;
+using estimation::FitState;
+using estimation::ModelContext;
+using estimation::Parameters;
+
+inline std::vector<Declare::FitPoint> Points(const std::vector<std::pair<double, double>>& xy) {
+    std::vector<Declare::FitPoint> points;
+    for (const auto& [x, y] : xy)
+        points.push_back({static_cast<float>(x), static_cast<float>(y), 0.0F});
+    return points;
+}
+
+inline std::vector<Declare::FitPoint> Points(const std::vector<double>& x,
+                                             const std::vector<double>& y) {
+    std::vector<Declare::FitPoint> points;
+    for (std::size_t i = 0; i < x.size(); ++i)
+        points.push_back({static_cast<float>(x[i]), static_cast<float>(y[i]), 0.0F});
+    return points;
+}
+
+/// A problem over points that outlive it.
+inline FitProblem Problem(estimation::ModelFunction model, std::int16_t nPar,
+                          const std::vector<Declare::FitPoint>& points) {
+    FitProblem problem;
+    problem.model = model;
+    problem.nPar = nPar;
+    problem.points = points;
+    for (const auto& point : points)
+        if (!estimation::IsActive(point)) ++problem.NInactive;
+    return problem;
+}
+
+/// A state with a model and points, as the view has it after choosing the model.
+inline FitState State(std::int16_t model, std::vector<Declare::FitPoint> points,
+                      const Declare::SubstanceRecord& substance = {}, bool lg = false) {
+    FitState state;
+    state.lg = lg;
+    estimation::ChooseModel(state, model, substance);
+    state.FitPoints = std::move(points);
+    state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
+    for (const auto& point : state.FitPoints)
+        if (!estimation::IsActive(point)) ++state.NInactive;
+    return state;
+}
+
+inline bool Constant(double, const Parameters& par, const ModelContext&, double& y) {
+    y = par[0];
+    return true;
+}
+
+inline bool Line(double x, const Parameters& par, const ModelContext&, double& y) {
+    y = par[0] + par[1] * x;
+    return true;
+}
+
+}  // namespace fit_support

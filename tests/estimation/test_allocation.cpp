@@ -1,0 +1,21 @@
+#include "estimation/synthetic.h"
+#include "support/allocation_counter.h"
+
+namespace {
+
+using namespace fit_support;
+
+TEST(Allocation, TheSearchAllocatesNothing) {
+    for (const Synthetic& set : AllSynthetic()) {
+        const FitState state = SyntheticState(set, 40);
+        const estimation::FitModelRow& row = *estimation::FindModel(set.model);
+        FitProblem problem = MakeProblem(state, row);
+        Parameters par{}, stdDev{};
+        for (std::size_t i = 0; i < 7; ++i) par[i] = set.truth[i] / row.scale[i];
+        const std::size_t before = AllocationCount();
+        MarquardtNashFitting(problem, 40, par, stdDev);
+        EXPECT_EQ(AllocationCount(), before) << NameOf(set);
+    }
+}
+
+}  // namespace

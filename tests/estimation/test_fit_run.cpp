@@ -1,0 +1,521 @@
+#include "estimation/fit_run.h"
+
+#include <numeric>
+
+#include "common/numbers.h"
+#include "estimation/fit_graphs.h"
+#include "estimation/fit_statistics.h"
+#include "estimation/linear_regression.h"
+#include "estimation/model_functions.h"
+#include "estimation/student_t.h"
+#include "estimation/synthetic.h"
+#include "support/session_test.h"
+
+namespace {
+
+using namespace fit_support;
+using Declare::session;
+using estimation::FitGraph;
+using estimation::kInactive;
+using estimation::kNoStdDev;
+
+class FitRun : public SessionTest {
+  protected:
+    void expectRefusal(FitState& state, const std::string& text) {
+        const std::size_t before = user.messages.size();
+        EXPECT_FALSE(StartFit(state));
+        ASSERT_EQ(user.messages.size(), before + 1);
+        EXPECT_EQ(user.messages.back().text, text);
+        EXPECT_EQ(user.messages.back().title, "Execution not possible");
+        EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Stop);
+        EXPECT_FALSE(state.fitted);
+    }
+    /// Batch data with all columns told apart.
+    void fillBatch() {
+        Declare::BatchData.assign(4, {});
+        for (std::size_t i = 1; i < 4; ++i) {
+            auto& d = Declare::BatchData[i];
+            const auto k = static_cast<float>(i);
+            d.T = 300.0 + static_cast<double>(i);
+            d.p = 100.0 * static_cast<double>(i);
+            d.rhoL = 800 + k;
+            d.rhoV = 8 + k;
+            d.hLV = 20000 + k;
+            d.cp = 75 + k;
+        }
+        session.BatchCount = 3;
+        session.FitDataSource = 1;
+    }
+};
+
+TEST_F(FitRun, PointsComeFromTheColumnOfTheTpvEditor) {
+    fillBatch();
+    const std::vector<std::pair<std::int16_t, float>> columns{
+        {1, 100.0F}, {2, 801.0F}, {3, 9.0F}, {4, 20001.0F}, {5, 76.0F}};
+    for (const auto& [column, y] : columns) {
+        session.FitColumn = column;
+        FitState state;
+        LoadFitPoints(state);
+        EXPECT_EQ(state.NPoints, 3);
+        EXPECT_EQ(state.NInactive, 0);
+        EXPECT_EQ(state.FitPoints[0].x, 301.0F);
+        EXPECT_EQ(state.FitPoints[0].y, y);
+        EXPECT_EQ(FitTitle(state),
+                  " Fitting y = f(T) (3 (active) sets of data loaded from T-p-V editor");
+    }
+}
+
+TEST_F(FitRun, LinesWithoutTemperatureOrSwitchedOffAreInactive) {
+    fillBatch();
+    Declare::BatchData[1].skip = -1;
+    Declare::BatchData[2].T = 0;
+    FitState state;
+    LoadFitPoints(state);
+    EXPECT_EQ(state.NPoints, 3);
+    EXPECT_EQ(state.NInactive, 2);
+    EXPECT_EQ(state.FitPoints[0].mark, kInactive);
+    EXPECT_EQ(state.FitPoints[1].mark, kInactive);
+    EXPECT_NE(state.FitPoints[2].mark, kInactive);
+}
+
+TEST_F(FitRun, LinesWithoutAValueInTheColumnAreInactive) {
+    fillBatch();
+    Declare::BatchData[3].cp = 0;
+    session.FitColumn = 5;
+    FitState state;
+    LoadFitPoints(state);
+    EXPECT_EQ(state.NInactive, 1);
+    EXPECT_EQ(state.FitPoints[2].mark, kInactive);
+}
+
+TEST_F(FitRun, ACountBeyondTheDataTakesWhatIsThere) {
+    fillBatch();
+    session.BatchCount = 500;
+    FitState state;
+    LoadFitPoints(state);
+    EXPECT_EQ(state.NPoints, 3);
+    session.BatchCount = -3;
+    LoadFitPoints(state);
+    EXPECT_EQ(state.NPoints, 0);
+}
+
+TEST_F(FitRun, PointsComeFromTheXyEditor) {
+    Declare::xyPoints = {{1, 2, 0}, {0, 5, 0}, {3, 0, 0}, {4, 1, kInactive}};
+    FitState state;
+    LoadFitPoints(state);
+    EXPECT_EQ(state.NPoints, 4);
+    EXPECT_EQ(state.NInactive, 2);
+    EXPECT_EQ(state.FitPoints[1].mark, kInactive);
+    EXPECT_NE(state.FitPoints[2].mark, kInactive);
+    EXPECT_EQ(FitTitle(state), " Fitting y = f(T) (2 (active) sets of data loaded from XY editor");
+    Declare::xyPoints.clear();
+    LoadFitPoints(state);
+    EXPECT_EQ(FitTitle(state), " Fitting y = f(T) (data not yet loaded)");
+}
+
+TEST_F(FitRun, PointsThatAreNoNumbersAreInactive) {
+    const float infinite = std::numeric_limits<float>::infinity();
+    Declare::xyPoints = {{1, infinite, 0}, {2, std::nanf(""), 0}, {infinite, 1, 0}, {4, 1, 0}};
+    FitState state;
+    LoadFitPoints(state);
+    EXPECT_EQ(state.NInactive, 3);
+    // Even an active one never brings a result that is no number.
+    FitState raw = State(11, Points({{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}, {6, 6}}));
+    raw.FitPoints[2].y = std::nanf("");
+    ASSERT_TRUE(StartFit(raw));
+    for (const double p : raw.FitPar) EXPECT_TRUE(std::isfinite(p));
+    EXPECT_TRUE(std::isfinite(raw.SQ));
+    EXPECT_TRUE(std::isfinite(raw.sR));
+}
+
+TEST_F(FitRun, MorePointsThanSixteenBitsCountAreCutAndTold) {
+    Declare::xyPoints.assign(40000, {1, 1, 0});
+    FitState state;
+    LoadFitPoints(state);
+    EXPECT_EQ(state.NPoints, 32767);
+    EXPECT_EQ(user.messages.size(), 1U);
+}
+
+TEST_F(FitRun, RefusalsComeInTheirOrder) {
+    FitState state = State(6, {});
+    expectRefusal(state,
+                  "data not yet available\nmanual data input or loading data via file necessary");
+    const auto few = Points({{300, 1}, {310, 2}});
+    state = State(6, few);
+    expectRefusal(state, "Tcr is needed for the correlation of parameter D.");
+    for (const int model : {8, 9, 10, 14, 15}) {
+        state = State(static_cast<std::int16_t>(model), few);
+        expectRefusal(state, "Tcr needed");
+    }
+    state = State(8, few);
+    state.Tcr = 500;
+    expectRefusal(state, "pcr needed");
+    state.pcr = 3000;
+    const std::string tooFew =
+        "The number of the (active) measuring points has to be greater than the number of the "
+        "parameters!\nDo complete the data in the data editor.";
+    expectRefusal(state, tooFew);
+    // Exactly as many active points as parameters are too few, one more is enough.
+    state = State(3, Points({{300, 3}, {320, 10}, {340, 30}, {360, 70}}));
+    state.FitPoints[2].mark = kInactive;
+    state.NInactive = 1;
+    expectRefusal(state, tooFew);
+    state.FitPoints[2].mark = 0;
+    state.NInactive = 0;
+    EXPECT_TRUE(StartFit(state));
+}
+
+TEST_F(FitRun, TheBusyPointerShowsDuringAFit) {
+    FitState state = State(11, Points({{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}}));
+    ASSERT_TRUE(StartFit(state));
+    EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
+}
+
+TEST_F(FitRun, StartsAndResultsAreInTheirOwnUnits) {
+    // The scale of A is 10: a fixed A of 620 must come back as 620.
+    FitState state = SyntheticState({11, false, {620, 3.2, -0.0072, 3.1e-6}, 280, 450}, 20);
+    state.FitStart = {620, 1, 0, 0};
+    state.FitFixed = {true, false, false, false};
+    ASSERT_TRUE(StartFit(state));
+    EXPECT_DOUBLE_EQ(state.FitPar[0], 620);
+    EXPECT_NEAR(state.FitPar[1], 3.2, 1e-4);
+    EXPECT_EQ(state.FitStdDev[0], 0);
+}
+
+TEST_F(FitRun, MissingStandardDeviationsTakeNoScale) {
+    FitState state =
+        SyntheticState({16, false, {32.2, 0.0019, 1.055e-5, -3.6e-9, 0}, 280, 1000}, 20);
+    ASSERT_TRUE(StartFit(state));
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(state.FitStdDev[i], kNoStdDev);
+    EXPECT_TRUE(state.report.singular);
+    EXPECT_TRUE(state.report.withoutInfluence[4]);
+    // The intervals of the other parameters can be had all the same.
+    EXPECT_GT(state.report.halfWidth[0], 0);
+    EXPECT_EQ(state.report.halfWidth[4], kNoStdDev);
+}
+
+TEST_F(FitRun, ThodosShowsDAndNoDeviationForIt) {
+    FitState state = SyntheticState({6, true, {23.55, -2980, 273.15, 0, 3.5}, 300, 620}, 30);
+    state.FitFixed[3] = false;  // a computed parameter is never adjusted
+    state.FitStart = {23, -2900, 273.15, 5, 4};
+    state.FitLogSQ = true;
+    ASSERT_TRUE(StartFit(state));
+    EXPECT_NEAR(state.FitPar[3], 1.8 * state.FitPar[1] / 647.096 + 2.67, 1e-9);
+    EXPECT_EQ(state.FitStdDev[3], 0);
+    EXPECT_FALSE(state.report.singular);
+}
+
+TEST_F(FitRun, ResultsBecomeStarts) {
+    FitState state = SyntheticState({11, false, {620, 3.2, -0.0072, 3.1e-6}, 280, 450}, 20);
+    const Parameters start = state.FitStart;
+    TakeAllResultsAsStart(state);  // nothing is fitted yet
+    EXPECT_EQ(state.FitStart, start);
+    ASSERT_TRUE(StartFit(state));
+    TakeResultAsStart(state, 1);
+    EXPECT_EQ(state.FitStart[0], start[0]);
+    EXPECT_EQ(state.FitStart[1], state.FitPar[1]);
+    TakeAllResultsAsStart(state);
+    for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(state.FitStart[i], state.FitPar[i]);
+    TakeResultAsStart(state, 7);
+    TakeResultAsStart(state, -1);
+}
+
+TEST_F(FitRun, AFixedParameterOfALinearModelIsLeftOut) {
+    FitState state = State(0, Points({{1, 2}, {2, 4}, {3, 7}, {4, 8}, {5, 9}, {6, 13}, {7, 15}}));
+    state.FitFixed = {true, false, true, true, true, true};
+    state.FitStart = {100, 100, 100, 100, 100, 100};
+    ASSERT_TRUE(StartFit(state));
+    EXPECT_EQ(state.FitPar[0], 0);
+    EXPECT_NEAR(state.FitPar[1], (2 + 8 + 21 + 32 + 45 + 78 + 105) / 140.0, 1e-12);
+    EXPECT_EQ(state.FitStdDev[0], 0);
+}
+
+TEST_F(FitRun, CombiExpressionNeedsPositiveXForItsLastTerms) {
+    const auto points =
+        Points({{-1, 1}, {1, 2}, {2, 3}, {3, 5}, {4, 8}, {5, 13}, {6, 21}, {7, 34}, {8, 55}});
+    FitState state = State(1, points);
+    expectRefusal(state,
+                  "For this fitting model all actíve x-values have to be greater than zero.");
+    state.FitFixed = {false, false, false, false, true, true, true};
+    EXPECT_TRUE(StartFit(state));
+    // A point at x = 0 as the engine may meet it.
+    auto zero = points;
+    zero[0].x = 0;
+    FitProblem problem = MakeProblem(state, *estimation::FindModel(1));
+    problem.points = zero;
+    Parameters par{};
+    EXPECT_FALSE(LinearRegressionFit(problem, estimation::CombiBasis, par).failed);
+    problem.fixed[6] = false;
+    EXPECT_TRUE(LinearRegressionFit(problem, estimation::CombiBasis, par).failed);
+    // An inactive point does not count.
+    zero[0].mark = kInactive;
+    problem.points = zero;
+    EXPECT_FALSE(LinearRegressionFit(problem, estimation::CombiBasis, par).failed);
+}
+
+TEST_F(FitRun, DependentTermsOfALinearModelAreLeftAlone) {
+    // At x = 1 and x = -1 alone, x^2 is 1 and x^3 is x: only A and B can be found.
+    FitState state =
+        State(0, Points({{1, 5}, {1, 7}, {1, 6}, {1, 6}, {-1, 1}, {-1, 3}, {-1, 2}, {-1, 2}}));
+    state.FitFixed = {false, false, false, false, true, true};
+    ASSERT_TRUE(StartFit(state));
+    EXPECT_DOUBLE_EQ(state.FitPar[0], 4);
+    EXPECT_DOUBLE_EQ(state.FitPar[1], 2);
+    EXPECT_EQ(state.FitPar[2], 0);
+    EXPECT_EQ(state.FitPar[3], 0);
+    EXPECT_DOUBLE_EQ(state.SQ, 4);
+    EXPECT_TRUE(state.report.singular);
+    EXPECT_EQ(state.FitStdDev[0], kNoStdDev);
+}
+
+TEST_F(FitRun, ALinearOverflowIsTold) {
+    FitState state = State(
+        0, Points({{1e35, 1}, {2e35, 2}, {3e35, 3}, {4e35, 4}, {5e35, 5}, {6e35, 6}, {7e35, 7}}));
+    state.FitFixed = {};
+    expectRefusal(state, "Overflow");
+    EXPECT_EQ(state.FitPar, Parameters{});
+}
+
+TEST_F(FitRun, QualityTextsAreThoseOfTheModel) {
+    FitState state =
+        State(4, Points({{300, 3.5}, {320, 10.5}, {340, 27}, {360, 62}, {373.15, 101}}));
+    state.FitPoints[1].mark = kInactive;
+    state.NInactive = 1;
+    state.SQ = 0.0123456789;
+    state.sR = 0.25;
+    const estimation::QualityTexts texts = QualityOf(state);
+    EXPECT_EQ(texts.caption, "Quality of the fitting (N = 4, NPar = 3)");
+    EXPECT_EQ(texts.SQ, "SQ = 0.01234568");
+    EXPECT_EQ(texts.sR, "s(R) = 0.25");
+    EXPECT_EQ(texts.explainSQ, "sum of squares SQ = sum[(p(i),calc - p(i),exp)^2]");
+    EXPECT_EQ(texts.explainSR, "resid. standard deviation s(R) = SQRT(FQS / (N -NPar))");
+    EXPECT_EQ(texts.symbols,
+              " SQRT = square root, N = number of measuring points, NPar = number of adjustable "
+              "parameters ");
+    state.FitLogSQ = true;
+    EXPECT_EQ(QualityOf(state).explainSQ,
+              "sum of squares SQ = sum[ln((p(i),calc) - ln(p(i),exp))^2]");
+    EXPECT_EQ(QualityOf(State(9, {})).explainSQ,
+              "sum of squares SQ = sum[(y(i),calc - y(i),exp)^2]");
+    EXPECT_EQ(estimation::LogFitCaption(true), "SQ using ln(y) difference ");
+    EXPECT_EQ(estimation::LogFitCaption(false), "SQ using y difference");
+    numbers::set_decimal_mark(',');
+    EXPECT_EQ(QualityOf(state).SQ, "SQ = 0,01234568");
+}
+
+TEST_F(FitRun, ResidualDeviationDividesByAllParameters) {
+    FitState state = State(
+        0,
+        Points({{1, 2}, {2, 4.2}, {3, 5.9}, {4, 8.1}, {5, 9.8}, {6, 12.3}, {7, 13.9}, {8, 16.2}}));
+    state.FitFixed = {false, false, true, true, true, true};
+    ASSERT_TRUE(StartFit(state));
+    // 8 points, 6 parameters although four of them are fixed.
+    EXPECT_NEAR(state.sR, std::sqrt(state.SQ / 2), 1e-12);
+}
+
+TEST_F(FitRun, CaptionsFollowTabAndSubstance) {
+    EXPECT_EQ(estimation::DataCaption(estimation::FitTab::VapourPressure), "p = f(T)");
+    EXPECT_EQ(estimation::DataCaption(estimation::FitTab::General), "y = f(T)");
+    EXPECT_EQ(
+        estimation::TargetCaption("Propane"),
+        "... in the actually loaded data of Propane (cf. editor \"Data / View/Edit Data of the "
+        "Substance\")");
+}
+
+TEST_F(FitRun, ConfidenceIntervalsOfALineAreTheClosedFormOnes) {
+    const auto points =
+        Points({{1, 2.1}, {2, 3.9}, {3, 6.2}, {4, 7.8}, {5, 10.1}, {6, 11.7}, {7, 14.2}});
+    double n = 0, sx = 0, sxx = 0, sy = 0, sxy = 0;
+    for (const auto& p : points) {
+        const double x = static_cast<double>(p.x), y = static_cast<double>(p.y);
+        ++n, sx += x, sxx += x * x, sy += y, sxy += x * y;
+    }
+    const double det = n * sxx - sx * sx;
+    const double b = (n * sxy - sx * sy) / det, a = (sy - b * sx) / n;
+    double squares = 0, worst = 0, worstAt = 0, sum = 0;
+    for (const auto& p : points) {
+        const double x = static_cast<double>(p.x), y = static_cast<double>(p.y);
+        const double d = 100 * (a + b * x - y) / y;
+        squares += std::pow(a + b * x - y, 2);
+        sum += std::fabs(d);
+        if (std::fabs(d) > std::fabs(worst)) worst = d, worstAt = x;
+    }
+    FitState state = State(0, points);
+    state.FitFixed = {false, false, true, true, true, true};
+    ASSERT_TRUE(StartFit(state));
+    const double t5 = 2.570581836;  // two-sided 95 % point at 5 degrees of freedom
+    EXPECT_EQ(state.report.freedom, 5);
+    EXPECT_NEAR(state.report.halfWidth[0], t5 * std::sqrt(squares / 5 * sxx / det), 1e-8);
+    EXPECT_NEAR(state.report.halfWidth[1], t5 * std::sqrt(squares / 5 * n / det), 1e-8);
+    EXPECT_NEAR(state.report.correlation[0][1], -sx / std::sqrt(n * sxx), 1e-10);
+    EXPECT_EQ(state.report.correlation[0][1], state.report.correlation[1][0]);
+    EXPECT_NEAR(state.FitStdDev[1], std::sqrt(squares / 5 * n / det), 1e-9);
+    EXPECT_NEAR(state.report.meanDeviation, sum / n, 1e-9);
+    EXPECT_NEAR(state.report.largestDeviation, worst, 1e-9);
+    EXPECT_EQ(state.report.largestAt, worstAt);
+}
+
+TEST_F(FitRun, ConfidenceIntervalsTakeAllActivePoints) {
+    // With an inactive point the normal matrix leaves the last point out; the intervals do not.
+    auto points = Points({{1, 2.1}, {2, 3.9}, {3, 6.2}, {4, 7.8}, {5, 10.1}, {6, 11.7}, {7, 14.2}});
+    FitState full = State(11, points);
+    full.FitFixed = {false, false, true, true};
+    full.FitStart = {1, 1, 0, 0};
+    ASSERT_TRUE(StartFit(full));
+    points.insert(points.begin(), {9, 99, kInactive});
+    FitState gap = State(11, points);
+    gap.FitFixed = full.FitFixed;
+    gap.FitStart = full.FitPar;  // the search stays where all points have their least sum
+    ASSERT_TRUE(StartFit(gap));
+    EXPECT_NEAR(gap.FitPar[1], full.FitPar[1], 1e-3);
+    EXPECT_EQ(gap.report.freedom, 5);
+    EXPECT_NEAR(gap.report.halfWidth[1] / full.report.halfWidth[1], 1, 1e-3);
+    EXPECT_GT(gap.FitStdDev[1] / full.FitStdDev[1], 1.1);
+}
+
+TEST_F(FitRun, NotesTellWhatHappened) {
+    FitState state = State(4, Points({{300, 3.5}, {320, 10.5}, {340, 27}, {360, 62}, {373, 101}}));
+    EXPECT_TRUE(FitNotes(state).empty());
+    state.fitted = true;
+    EXPECT_TRUE(FitNotes(state).empty());
+    state.report.endedAtLimit = true;
+    state.report.onBound[1] = true;
+    state.report.onBound[2] = true;
+    state.report.singular = true;
+    state.report.endedAtStart = true;
+    state.report.failedEvaluations = 12;
+    state.report.failedPoints = 2;
+    state.report.withoutInfluence[0] = true;
+    const std::vector<std::string> notes = FitNotes(state);
+    ASSERT_EQ(notes.size(), 7U);
+    EXPECT_EQ(notes[1], "On a bound of its range: B, C.");
+    EXPECT_EQ(notes[2], "Without influence on the function: A.");
+    EXPECT_EQ(notes[5], "12 evaluations of the function failed.");
+}
+
+TEST_F(FitRun, AFitThatCannotMoveSaysSo) {
+    // Far away the exponential vanishes: no derivative can be seen.
+    FitState state = SyntheticState({6, true, {23.55, -2980, 273.15, 0, 3.5}, 300, 620}, 30);
+    ASSERT_TRUE(StartFit(state));
+    EXPECT_TRUE(state.report.endedAtStart);
+    EXPECT_FALSE(state.report.endedAtLimit);
+}
+
+TEST_F(FitRun, AParameterOnItsBoundIsToldAndHasNoInterval) {
+    // The line needs an intercept of 60000, its bound is 5000 times the scale of 10.
+    std::vector<std::pair<double, double>> xy;
+    for (int i = 1; i <= 8; ++i) xy.emplace_back(i, 60000.0 + i);
+    FitState state = State(11, Points(xy));
+    state.FitFixed = {false, false, true, true};
+    state.FitStart = {10, 1, 0, 0};
+    ASSERT_TRUE(StartFit(state));
+    EXPECT_DOUBLE_EQ(state.FitPar[0], 50000);
+    EXPECT_TRUE(state.report.onBound[0]);
+    EXPECT_EQ(state.report.halfWidth[0], kNoStdDev);
+    EXPECT_FALSE(state.report.onBound[1]);
+    EXPECT_GT(state.report.halfWidth[1], 0);
+}
+
+TEST_F(FitRun, TheGraphOfTheFunctionHoldsPointsAndCurve) {
+    FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 300, 400}, 11);
+    state.FitPar = {7.1962, 1730.63, 233.426};
+    state.fitted = true;
+    state.FitPoints[4].mark = kInactive;
+    const FitGraph graph = FunctionGraph(state);
+    EXPECT_EQ(graph.title, "fitted function y(T)");
+    EXPECT_EQ(graph.yTitle, "p/ kPa");
+    EXPECT_EQ(graph.xTitle, "T / K");
+    EXPECT_EQ(graph.points.size(), 10U);
+    EXPECT_NEAR(graph.xMin, 295, 1e-9);
+    EXPECT_NEAR(graph.xMax, 405, 1e-9);
+    const double low = graph.points.front().y, high = graph.points.back().y;
+    EXPECT_NEAR(graph.yMin, low - 0.05 * (high - low), 1e-9);
+    EXPECT_NEAR(graph.yMax, high + 0.05 * (high - low), 1e-9);
+    ASSERT_GT(graph.curve.size(), 100U);
+    for (const auto& p : graph.curve)
+        EXPECT_NEAR(std::log10(p.y), 7.1962 - 1730.63 / (p.x - 273.15 + 233.426), 1e-9);
+    EXPECT_EQ(graph.curve.front().x, graph.xMin);
+    EXPECT_NEAR(graph.curve.back().x, graph.xMax, 1e-9);
+
+    EXPECT_EQ(FunctionGraph(SyntheticState(AllSynthetic()[0], 9)).xTitle, "x");
+    EXPECT_EQ(FunctionGraph(SyntheticState(AllSynthetic()[0], 9)).yTitle, "y");
+    const FitGraph density =
+        FunctionGraph(SyntheticState({11, false, {620, 3.2, 0, 0}, 280, 450}, 9));
+    EXPECT_EQ(density.xTitle, "T / K");
+    EXPECT_EQ(density.yTitle, "y");
+}
+
+TEST_F(FitRun, TheGraphOfResidualsIsCalcMinusExp) {
+    FitState state = State(11, Points({{10, 5}, {20, 9}, {30, 16}}));
+    state.FitPar = {0, 0.5, 0, 0};
+    const FitGraph graph = ResidualGraph(state);
+    EXPECT_EQ(graph.title, "residuals of the fitting, absolute");
+    EXPECT_EQ(graph.yTitle, "(y(calc) - y(exp))");
+    EXPECT_EQ(graph.xTitle, "T / K");
+    ASSERT_EQ(graph.points.size(), 3U);
+    EXPECT_DOUBLE_EQ(graph.points[1].y, 1);
+    EXPECT_DOUBLE_EQ(graph.points[2].y, -1);
+    EXPECT_TRUE(graph.curve.empty());
+    EXPECT_EQ(ResidualGraph(State(4, {})).yTitle, "(p(calc) - p(exp)) / kPa");
+}
+
+TEST_F(FitRun, TheLogarithmicGraphNeedsPositiveValues) {
+    FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 300, 400}, 11);
+    state.FitPar = {7.1962, 1730.63, 233.426};
+    const auto graph = LnpGraph(state);
+    ASSERT_TRUE(graph.has_value());
+    EXPECT_EQ(graph->title, "fitted function ln{p} = f(1/T))");
+    EXPECT_EQ(graph->yTitle, "ln (p/kPa)");
+    EXPECT_EQ(graph->xTitle, "1/ (T/K)");
+    EXPECT_NEAR(graph->points[0].x, 1 / 300.0, 1e-12);
+    for (const auto& p : graph->curve)
+        EXPECT_NEAR(p.y / std::log(10.0), 7.1962 - 1730.63 / (1 / p.x - 273.15 + 233.426), 1e-9);
+    for (const bool zeroT : {true, false}) {
+        FitState bad = state;
+        (zeroT ? bad.FitPoints[3].x : bad.FitPoints[3].y) = 0;
+        EXPECT_FALSE(LnpGraph(bad).has_value());
+        EXPECT_EQ(user.lastText(), "T- and p-column may not contain zero values!");
+        EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    }
+}
+
+TEST_F(FitRun, SingleValuesGoBothWays) {
+    for (const Synthetic& set : AllSynthetic()) {
+        SCOPED_TRACE(NameOf(set));
+        FitState state = SyntheticState(set, 30);
+        state.FitPar = set.truth;
+        const double x = set.from + 0.37 * (set.to - set.from);
+        const auto y = FittedY(state, x);
+        ASSERT_TRUE(y.has_value());
+        const auto back = FittedX(state, *y);
+        ASSERT_TRUE(back.has_value());
+        double again = 0;
+        ASSERT_TRUE(EvaluateFit(state, *back, again));
+        EXPECT_NEAR(again, *y, 1e-9 * std::fabs(*y));
+        if (set.model <= 1) continue;  // those are not monotonous
+        EXPECT_NEAR(*back, x, 1e-5 * x);
+    }
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(FitRun, SingleValuesThatDoNotExistAreTold) {
+    FitState state = SyntheticState({8, false, {-7.77, 1.48, -2.77, -1.3}, 300, 640}, 20);
+    state.FitPar = {-7.77, 1.48, -2.77, -1.3};
+    EXPECT_FALSE(FittedY(state, 700).has_value());
+    EXPECT_EQ(user.lastTitle(), "Error");
+    EXPECT_FALSE(FittedX(state, 30000).has_value());
+    EXPECT_EQ(user.messages.size(), 2U);
+    EXPECT_FALSE(FittedX(State(11, {}), 1).has_value());
+}
+
+TEST_F(FitRun, APoleIsNoResult) {
+    // 1/x jumps from minus to plus infinity at 0: it is nowhere 0.
+    FitState state = State(1, Points({{1, 1}, {2, 0.5}, {3, 1 / 3.0}, {4, 0.25}}));
+    state.FitPar = {0, 0, 0, 0, 1, 0, 0};
+    EXPECT_FALSE(FittedX(state, 0).has_value());
+    const auto x = FittedX(state, 0.8);
+    ASSERT_TRUE(x.has_value());
+    EXPECT_NEAR(*x, 1.25, 1e-9);
+}
+
+}  // namespace

@@ -1,0 +1,132 @@
+#include <QPainter>
+
+#include "diagrams/active_fluid.h"
+#include "diagrams/catalogue.h"
+#include "diagrams/coordinates.h"
+#include "diagrams/curve.h"
+#include "diagrams/parameter_input.h"
+#include "diagrams/prepare_2d.h"
+#include "diagrams/sheet_draw.h"
+#include "diagrams/sheet_marks.h"
+#include "diagrams/sheet_readout.h"
+#include "diagrams/views/chart2d_plot.h"
+#include "diagrams/views/chart_qt.h"
+#include "screens/look.h"
+#include "session/menu_graph_rows.h"
+
+namespace {
+
+constexpr QSize kCell(480, 340);
+constexpr int kColumns = 4, kRowsOfSheet = 4;
+
+/// Every diagram of the catalogue for a fluid, with the curves a user draws first.
+class ContactSheet : public ActiveFluid {
+  protected:
+    static std::vector<const menu::Row*> rows() {
+        std::vector<const menu::Row*> all;
+        for (const menu::Row& row : menu::graph_rows())
+            if (row.action == "Diagram2D") all.push_back(&row);
+        return all;
+    }
+
+    void openRow(const menu::Row& row) {
+        Declare::diagram.DiagramType = row.code;
+        Declare::diagram.sectionKind = row.sectionKind;
+        Declare::diagram.axisPair = row.axisPair;
+        Module9::OpenDiagram2D();
+        Module9::OpenSheet(sheet, Declare::diagram);
+    }
+
+    /// Sub- and supercritical curves, the coexistence curve where it is offered, and a legend.
+    void drawRow(const menu::Row& row) {
+        const Declare::SubstanceRecord& s = Declare::substance;
+        const Declare::CoordinateDefaults& d = Declare::coordinates;
+        if (row.sectionKind == Module9::kProjection || row.sectionKind == Module9::kDatabase) {
+            Module9::Draw(sheet);
+        } else {
+            for (const double reduced : {0.85, 1.05}) {
+                Declare::session.DiagramT = reduced * s.Tcrit;
+                Declare::session.DiagramP = (reduced < 1 ? 0.5 : 1.3) * s.pcrit;
+                Declare::session.DiagramV =
+                    (reduced < 1 ? 2.5 : 0.8) * Declare::eosParameters.vcritCalc;
+                const bool overT = row.sectionKind == Module9::kIsobaric;
+                Declare::processLine.RangeStart = static_cast<double>(overT ? d.TMin : d.pMin);
+                Declare::processLine.RangeEnd = static_cast<double>(overT ? d.TMax : d.pMax);
+                Module9::Draw(sheet);
+            }
+            if (Module9::OffersMark(sheet, Module9::Mark::Coexistence))
+                Module9::MarkCoexistence(sheet);
+        }
+        Module9::AddLegend(sheet);
+    }
+
+    void paint(QPainter& painter, const QRect& cell) {
+        Module9::PlaceLabels(sheet, cell.width(), cell.height(), chart::QtTextMeasure());
+        chart::PaintChart2D(painter, cell, sheet.chart);
+    }
+
+    void checkTexts(const QSize& size, const std::string& what) {
+        const chart::Sheet2D laid =
+            chart::LayOut(sheet.chart, size.width(), size.height(), chart::QtTextMeasure());
+        for (const chart::SheetText* text :
+             {&laid.header, &laid.footer, &laid.x.title, &laid.y.title}) {
+            if (!text->shown) continue;
+            EXPECT_GE(text->rect.left, -0.5) << what;
+            EXPECT_GE(text->rect.top, -0.5) << what;
+            EXPECT_LE(text->rect.right(), size.width() + 0.5) << what;
+            EXPECT_LE(text->rect.bottom(), size.height() + 0.5) << what;
+        }
+    }
+
+    void contactSheets(const std::string& fluid, const QString& name) {
+        activate(fluid);
+        const auto all = rows();
+        const auto perSheet = static_cast<std::size_t>(kColumns * kRowsOfSheet);
+        for (std::size_t first = 0; first < all.size(); first += perSheet) {
+            QImage picture(kCell.width() * kColumns, kCell.height() * kRowsOfSheet,
+                           QImage::Format_RGB32);
+            picture.fill(Qt::white);
+            QPainter painter(&picture);
+            for (std::size_t i = first; i < std::min(first + perSheet, all.size()); ++i) {
+                const int place = static_cast<int>(i - first);
+                const QRect cell(place % kColumns * kCell.width(),
+                                 place / kColumns * kCell.height(), kCell.width(), kCell.height());
+                const std::string what = fluid + ", code " + std::to_string(all[i]->code);
+                user.messages.clear();
+                openRow(*all[i]);
+                const bool opens = Module9::AnswerOf(Declare::diagram).opens;
+                if (opens) drawRow(*all[i]);
+                EXPECT_TRUE(!opens || sheet.CurveCount >= 1) << what << ": " << user.lastText();
+                checkTexts(kCell, what);
+                paint(painter, cell);
+                painter.setPen(Qt::gray);
+                painter.drawRect(cell.adjusted(0, 0, -1, -1));
+                painter.drawText(cell.adjusted(4, 0, 0, -2), Qt::AlignLeft | Qt::AlignBottom,
+                                 QString::number(all[i]->code));
+            }
+            painter.end();
+            const QString folder = QStringLiteral(QUOR_SCREENS);
+            QDir().mkpath(folder);
+            const QString file =
+                QString("%1/diagrams_%2_%3.png").arg(folder, name).arg(first / perSheet + 1);
+            EXPECT_TRUE(picture.save(file));
+            EXPECT_GE(look::colours(picture), 8);
+        }
+    }
+
+    Module9::DiagramSheet sheet;
+};
+
+TEST_F(ContactSheet, Water) {
+    contactSheets("Water", "water");
+}
+
+TEST_F(ContactSheet, CarbonDioxide) {
+    contactSheets("Carbon dioxide", "carbon_dioxide");
+}
+
+TEST_F(ContactSheet, Tetrafluoroethane) {
+    contactSheets("1,1,1,2-Tetrafluoroethane", "r134a");
+}
+
+}  // namespace
