@@ -440,6 +440,24 @@ TEST_F(FrmTpvEdit, AsksToSaveBeforeAnotherFileReplacesChangedData) {
     EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 290}));
 }
 
+TEST_F(FrmTpvEdit, StaysUnsavedWhenItIsOpenedOnceMore) {
+    openWithData();
+    click("TSort");
+    choose("mnuData_BatchEdit");
+    user.answers = {dialogs::Answer::No};
+    click("cmdClose");
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
+    // New data are not what was changed.
+    openWithData();
+    click("TSort");
+    user.answers = {dialogs::Answer::Yes};
+    choose("mnuData_BatchInput");
+    user.messages.clear();
+    click("cmdClose");
+    EXPECT_TRUE(user.messages.empty());
+}
+
 TEST_F(FrmTpvEdit, KeepsTheDataWhenAFileCannotBeRead) {
     openWithData();
     std::ofstream(folder() / "empty.BAQ").close();
