@@ -65,8 +65,8 @@ void ConnectViews() {
     connect_shutdown();
     calculation_views::Install();
     RegisterAction("frmReferenz", open_reference);
-    RegisterAction("mnuData_BatchInput", frmTpvEdit::Open);
-    RegisterAction("mnuData_BatchEdit", frmTpvEdit::Open);
+    RegisterAction("mnuData_BatchInput", frmTpvEdit::OpenNew);
+    RegisterAction("mnuData_BatchEdit", frmTpvEdit::OpenPresent);
     graph2d_views::Install();
     RegisterAction("mnuOptions", [] {
         frmOptions view(shell::FrameWindow());

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <array>
 
 #include "calculation/views/calculation_views.h"
 #include "common/numbers.h"
@@ -182,18 +183,8 @@ void frmIsoCalc::follow() {
     state_->setText(state_text(iso_));
 }
 
-bool frmIsoCalc::markWrongNumbers() {
-    for (NumberEdit* field : {constant_, givenValue_}) {
-        if (field->holdsNumber()) continue;
-        field->setMark("A number is needed");
-        field->setFocus();
-        return true;
-    }
-    return false;
-}
-
 void frmIsoCalc::calculate() {
-    if (markWrongNumbers()) return;
+    if (MarkWrongNumber(std::array{constant_, givenValue_}, false)) return;
     Zentrale::CalculateIso(iso_, constant_->text().toStdString(),
                            givenValue_->text().toStdString());
     follow();

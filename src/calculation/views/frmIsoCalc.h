@@ -27,7 +27,6 @@ class frmIsoCalc : public ChildView {
     QLayout* buildFields();
     QLayout* buildButtons();
     void follow();
-    bool markWrongNumbers();
     void calculate();
     void reset();
 

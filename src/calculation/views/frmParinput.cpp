@@ -177,18 +177,6 @@ std::string frmParinput::fieldText(std::size_t index) const {
 
 // --------------------------------------------------------------------------------------- commands
 
-// Marks the first field that holds something else than a number; true when there is one.
-bool frmParinput::markWrongNumbers() {
-    for (NumberEdit* field : par_) {
-        if (field->isHidden() || field->text().trimmed().isEmpty() || field->holdsNumber())
-            continue;
-        field->setMark("This is not a number");
-        field->setFocus();
-        return true;
-    }
-    return false;
-}
-
 // Marks the fields that lack a value; the first of them gets the focus.
 void frmParinput::markMissing() {
     NumberEdit* first = nullptr;
@@ -201,7 +189,7 @@ void frmParinput::markMissing() {
 }
 
 void frmParinput::calculate() {
-    if (markWrongNumbers()) return;
+    if (MarkWrongNumber(par_)) return;
     const std::array<std::string, 4> texts = {fieldText(0), fieldText(1), fieldText(2),
                                               fieldText(3)};
     const Zentrale::Views& views = Zentrale::views();

@@ -32,7 +32,6 @@ class frmParinput : public ChildView {
     void follow();
     void refill();
     bool amount() const;
-    bool markWrongNumbers();
     void markMissing();
     void calculate();
 

@@ -88,3 +88,14 @@ QSize NumberEdit::sizeHint() const {
     const QSize usual = QLineEdit::sizeHint();
     return {fontMetrics().horizontalAdvance('0') * kDigitsShown + usual.height(), usual.height()};
 }
+
+bool MarkWrongNumber(std::span<NumberEdit* const> fields, bool mayBeEmpty) {
+    for (NumberEdit* field : fields) {
+        const bool empty = field->text().trimmed().isEmpty();
+        if (field->isHidden() || field->holdsNumber() || (empty && mayBeEmpty)) continue;
+        field->setMark(empty ? "A number is needed" : "This is not a number");
+        field->setFocus();
+        return true;
+    }
+    return false;
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <span>
 
 class QAction;
 
@@ -33,3 +34,7 @@ class NumberEdit : public QLineEdit {
 
     QAction* mark_ = nullptr;
 };
+
+/// Marks the first visible field whose text is no number, and gives it the focus. True when there
+/// is one; an empty field is none as long as `mayBeEmpty`.
+bool MarkWrongNumber(std::span<NumberEdit* const> fields, bool mayBeEmpty = true);

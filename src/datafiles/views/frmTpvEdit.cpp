@@ -34,6 +34,7 @@ namespace {
 using Declare::session;
 using LoadSaveData::BatchColumn;
 
+constexpr auto kName = "frmTpvEdit";
 constexpr auto kFit = "fit_data", kGraph = "graph_data", kGraphLn = "graph_data_ln";
 constexpr auto kRefusal = "Execution not possible";
 constexpr int kRowPadding = 6, kRowsShown = 14, kColumnCharacters = 13;
@@ -82,29 +83,33 @@ QButtonGroup* options(QBoxLayout* row, const QString& name, const QStringList& c
 
 }  // namespace
 
-frmTpvEdit::frmTpvEdit(QWidget* parent) : ChildView("frmTpvEdit", parent) {
+frmTpvEdit::frmTpvEdit(QWidget* parent) : ChildView(kName, parent) {
     setWindowTitle(" Experimental data, input /edit");
     setWindowIcon(theme::icon("data"));
     model_ = new TpvTableModel(this);
     arrange();
-    open();
+    showData();
 }
 
-void frmTpvEdit::Open() {
-    if (auto* view = qobject_cast<frmTpvEdit*>(shell::FindView("frmTpvEdit"))) {
-        view->open();
-        shell::Activate("frmTpvEdit");
+void frmTpvEdit::OpenNew() {
+    OpenPresent();
+    if (auto* view = qobject_cast<frmTpvEdit*>(shell::FindView(kName))) view->changed_ = false;
+}
+
+void frmTpvEdit::OpenPresent() {
+    if (auto* view = qobject_cast<frmTpvEdit*>(shell::FindView(kName))) {
+        view->showData();
+        shell::Activate(kName);
         return;
     }
     shell::OpenChild(new frmTpvEdit);
 }
 
-void frmTpvEdit::open() {
+void frmTpvEdit::showData() {
     model_->change([] {});
     LoadSaveData::BatchUnits units = model_->units();
     units.M = static_cast<double>(Declare::substance.M);
     model_->setUnits(units);
-    changed_ = false;
     comment_->setText(qt(session.BatchComment));
     density_->button(1)->setToolTip(
         " applying the input value after re-calculation rho = M n / V (molar mass M/(kg/kmol)= " +
@@ -405,18 +410,8 @@ bool frmTpvEdit::takeUnits() {
 
 // --------------------------------------------------------------------------------------- commands
 
-bool frmTpvEdit::markWrongNumbers() {
-    for (NumberEdit* field : input_) {
-        if (field->text().trimmed().isEmpty() || field->holdsNumber()) continue;
-        field->setMark("This is not a number");
-        field->setFocus();
-        return true;
-    }
-    return false;
-}
-
 void frmTpvEdit::takeInput() {
-    if (markWrongNumbers() || (density_->checkedId() == 1 && !takeUnits())) return;
+    if (MarkWrongNumber(input_) || (density_->checkedId() == 1 && !takeUnits())) return;
     if (editMode()) {
         const int line = markedLines().first;
         if (line == 0) {

@@ -25,11 +25,10 @@ class frmTpvEdit : public ChildView {
   public:
     explicit frmTpvEdit(QWidget* parent = nullptr);
 
-    /// Opens the editor on the data of the session, or brings it to the front and shows them.
-    static void Open();
-
-    /// Shows the data of the session; nothing in them is unsaved.
-    void open();
+    /// Opens the editor on the data of the session. One that is open comes to the front; what is
+    /// unsaved in it stays so, unless the data are new.
+    static void OpenNew();
+    static void OpenPresent();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -48,6 +47,7 @@ class frmTpvEdit : public ChildView {
     void buildMenu();
     void arrange();
 
+    void showData();
     Lines markedLines() const;
     void markLine(int line);
     bool editMode() const;
@@ -58,7 +58,6 @@ class frmTpvEdit : public ChildView {
     bool takeUnits();
 
     void takeInput();
-    bool markWrongNumbers();
     void eraseLines();
     void toggleLines();
     void pasteLines();

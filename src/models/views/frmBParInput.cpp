@@ -51,11 +51,5 @@ double frmBParInput::coefficient(std::size_t index) const {
 }
 
 void frmBParInput::confirm() {
-    for (NumberEdit* field : fields_) {
-        if (field->text().trimmed().isEmpty() || field->holdsNumber()) continue;
-        field->setMark("This is not a number");
-        field->setFocus();
-        return;
-    }
-    accept();
+    if (!MarkWrongNumber(fields_)) accept();
 }

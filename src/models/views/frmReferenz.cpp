@@ -159,18 +159,8 @@ void frmReferenz::enable(ReferenceOption chosen) {
         fields_[i]->setEnabled(thermo::IsEditable(chosen, static_cast<thermo::ReferenceField>(i)));
 }
 
-bool frmReferenz::markWrongNumbers() {
-    for (NumberEdit* field : fields_) {
-        if (field->text().trimmed().isEmpty() || field->holdsNumber()) continue;
-        field->setMark("This is not a number");
-        field->setFocus();
-        return true;
-    }
-    return false;
-}
-
 void frmReferenz::confirm() {
-    if (markWrongNumbers()) return;
+    if (MarkWrongNumber(fields_)) return;
     if (!thermo::StoreReference(option(), typed(), factor_, Declare::reference)) {
         dialogs::Tell("A number is beyond the range of its field.", "Execution not possible");
         return;

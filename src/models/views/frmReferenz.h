@@ -25,7 +25,6 @@ class frmReferenz : public QDialog {
     void fill(const thermo::ReferenceFields& fields);
     thermo::ReferenceOption option() const;
     thermo::ReferenceFields typed() const;
-    bool markWrongNumbers();
     void confirm();
 
     double factor_;  ///< h and s are shown multiplied by it
