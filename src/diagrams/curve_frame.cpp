@@ -152,11 +152,11 @@ void sort_by(Declare::CurvePointArray& points, float CurvePoint::*coordinate) {
 
 }  // namespace
 
-void Curve::SortByX() {
+void Curve::sort_by_x() {
     sort_by(points, &CurvePoint::x);
 }
 
-void Curve::SortByY() {
+void Curve::sort_by_y() {
     sort_by(points, &CurvePoint::y);
 }
 
