@@ -82,6 +82,10 @@ std::span<const CatalogueRow> Catalogue();
 /// The row of a code; nullptr when the catalogue has none.
 const CatalogueRow* FindRow(std::int16_t DiagramType);
 
+/// The diagram in which an added curve is drawn: 150 for the equilibrium curve 70. The code itself
+/// for a diagram, and for a code of no diagram.
+std::int16_t DiagramOfCurve(std::int16_t code);
+
 /// Text of an axis by `CaloricUnit` (0 to 3) and `UnitMode` (0 to 2), before reduced overrides.
 std::string_view AxisText(Axis axis, std::int16_t CaloricUnit, std::int16_t UnitMode);
 

@@ -151,7 +151,36 @@ static_assert(std::is_sorted(kRows.begin(), kRows.end(),
                                  return a.code < b.code;
                              }));
 
+/// Codes of curves that are only added to the diagram of another code.
+struct AddedCurve {
+    std::int16_t code, diagram;
+};
+constexpr auto kAdded = std::to_array<AddedCurve>({
+    {70, 150},
+    {71, 151},
+    {72, 154},
+    {73, 152},
+    {74, 153},
+    {75, 155},
+    {80, 8},
+    {89, 159},
+    {96, 21},
+    {97, 156},
+    {98, 182},
+    {99, 183},
+    {100, 157},
+    {101, 158},
+    {102, 160},
+    {105, 5},
+});
+
 }  // namespace
+
+std::int16_t DiagramOfCurve(std::int16_t code) {
+    for (const AddedCurve& curve : kAdded)
+        if (curve.code == code) return curve.diagram;
+    return code;
+}
 
 std::span<const CatalogueRow> Catalogue() {
     return kRows;

@@ -131,7 +131,7 @@ void CalcCoordinateDefaults(CoordinateDefaults& d) {
 void FillDiagramWindow(const CoordinateDefaults& d, DiagramRequest& request) {
     request.xMin = d.TMin;
     request.xMax = d.TMax;
-    if (const CatalogueRow* row = FindRow(request.DiagramType)) {
+    if (const CatalogueRow* row = FindRow(DiagramOfCurve(request.DiagramType))) {
         if (row->xLimits.low != nullptr) {
             request.xMin = d.*row->xLimits.low;
             request.xMax = d.*row->xLimits.high;

@@ -11,7 +11,8 @@ namespace Module9 {
 void CalcCoordinateDefaults(Declare::CoordinateDefaults& defaults);
 
 /// Window of `request.DiagramType`, in displayed units, and its copy in the default fields; for a
-/// database function also its validity. A code without a row gets T from TMin to TMax and keeps y.
+/// database function also its validity. An added curve has the window of its diagram; a code of no
+/// diagram gets T from TMin to TMax and keeps y.
 void FillDiagramWindow(const Declare::CoordinateDefaults& defaults,
                        Declare::DiagramRequest& request);
 

@@ -94,6 +94,12 @@ constexpr auto kKinds = std::to_array<CurveKind>({
     {184, functions_of_T, kMarkV},
     {185, functions_of_T, kMarkV},
     {190, inversion_pv_p, kMarkT},
+    {201, straight_line, kMarkNone},
+    {202, process_isotherm, kMarkNone},
+    {204, process_isobar, kMarkNone},
+    {206, process_isochore, kMarkNone},
+    {210, process_isoline, kMarkNone},
+    {211, process_polytropic, kMarkNone},
     {300, database_function, kMarkNone},
     {301, database_function, kMarkNone},
     {302, database_function, kMarkNone},
@@ -161,6 +167,14 @@ float MarkOf(std::int16_t DiagramType) {
 
 bool HasCurve(std::int16_t DiagramType) {
     return kind_of(DiagramType) != nullptr;
+}
+
+bool HasMetastableBranch(std::int16_t DiagramType) {
+    const auto within = [DiagramType](int first, int last) {
+        return DiagramType >= first && DiagramType <= last;
+    };
+    return within(1, 4) || within(15, 19) || DiagramType == 26 || within(30, 33) ||
+           within(40, 43) || within(150, 160);
 }
 
 bool IsDrawn(std::int16_t status) {

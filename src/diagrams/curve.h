@@ -46,6 +46,8 @@ std::size_t PointCount(const Declare::CurvePointArray& points);
 float MarkOf(std::int16_t DiagramType);
 /// True when `CalcCurve` has a kind of curve for the code.
 bool HasCurve(std::int16_t DiagramType);
+/// True for a curve with an unstable and metastable branch of its own (`SCurveRequested`).
+bool HasMetastableBranch(std::int16_t DiagramType);
 
 /// What a view tells of a result, empty texts for status 0 and for what needs no word.
 struct StatusText {

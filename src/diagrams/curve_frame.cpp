@@ -152,11 +152,11 @@ void sort_by(Declare::CurvePointArray& points, float CurvePoint::*coordinate) {
 
 }  // namespace
 
-void Curve::sort_by_x() {
+void Curve::SortByX() {
     sort_by(points, &CurvePoint::x);
 }
 
-void Curve::sort_by_y() {
+void Curve::SortByY() {
     sort_by(points, &CurvePoint::y);
 }
 

@@ -65,8 +65,8 @@ class Curve {
     thermo::StateValues functions(double temperature, double pressure, double volume) const;
 
     /// Ascending in x or y; points with equal values keep their order.
-    void sort_by_x();
-    void sort_by_y();
+    void SortByX();
+    void SortByY();
 
   private:
     void push(double x, double y, double z);

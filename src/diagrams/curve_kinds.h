@@ -47,6 +47,14 @@ void inversion_p_T(Curve& c);
 // Functions of the database (curve_database.cpp).
 void database_function(Curve& c);
 
+// Process lines (curve_process_lines.cpp).
+void straight_line(Curve& c);
+void process_isotherm(Curve& c);
+void process_isobar(Curve& c);
+void process_isochore(Curve& c);
+void process_isoline(Curve& c);
+void process_polytropic(Curve& c);
+
 // Tie-lines (tie_line.cpp).
 void tie_line(Curve& c);
 

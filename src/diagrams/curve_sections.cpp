@@ -70,7 +70,7 @@ void subcritical_isotherm_over_p(Curve& c) {
     }
     add_over_p(c, e.p, e.vV);
     add_over_p(c, e.p, e.vL);
-    c.sort_by_x();
+    c.SortByX();
 }
 
 /// The isotherm inside the dome, from the vapour to the liquid.
@@ -145,7 +145,7 @@ void isotherm_p_v(Curve& c) {
     if (simple) return;
     c.add(e.vL * c.VF, e.p * c.PF, c.T);
     c.add(e.vV * c.VF, e.p * c.PF, c.T);
-    c.sort_by_x();
+    c.SortByX();
 }
 
 void isotherm_over_p(Curve& c) {
@@ -170,7 +170,7 @@ void isobar_T_v(Curve& c) {
         add_on_isobar(c, c.atP.T, c.atP.vL);
         add_on_isobar(c, c.atP.T, c.atP.vV);
     }
-    c.sort_by_x();
+    c.SortByX();
 }
 
 void isochore_p_T(Curve& c) {

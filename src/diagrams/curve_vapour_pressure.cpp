@@ -47,7 +47,7 @@ void vapour_pressure_p_T(Curve& c) {
         p = saturation_pressure(c, T, p);
         if (p > kPresent) c.add(x, p * c.PF, 0);
     }
-    c.sort_by_x();
+    c.SortByX();
 }
 
 void vapour_pressure_logarithmic(Curve& c) {
@@ -97,7 +97,7 @@ void heat_of_vaporisation(Curve& c) {
         c.add(x, r.h * c.caloric(T), r.p > 0 ? r.p : 0);
     }
     c.mark = hasPressure ? kMarkP : kMarkNone;
-    c.sort_by_x();
+    c.SortByX();
 }
 
 }  // namespace kurve

@@ -176,13 +176,6 @@ bool s_curve_is_isobaric(std::int16_t code) {
     return is_one_of(code, {3, 4, 15, 16, 18, 30, 31, 32, 33});
 }
 
-/// Codes of an isotherm or isobar that know the unstable branch.
-bool has_s_curve(const Declare::DiagramRequest& request) {
-    const std::int16_t code = request.DiagramType;
-    if (is_one_of(code, {1, 2, 26, 3, 4, 15, 16, 17, 18, 19})) return true;
-    return code >= 156 && code <= 160;
-}
-
 std::int16_t inversion_code(std::int16_t code) {
     constexpr std::int16_t kOverPressure = 190, kOverT = 105;
     if (is_one_of(code, {2, 106})) return kOverPressure;
@@ -205,7 +198,7 @@ bool OffersMark(const DiagramSheet& sheet, Mark mark) {
         case Mark::b:
             return direction_of_v(r) != Direction::None || direction_of_rho(r) != Direction::None;
         case Mark::SCurve:
-            return has_s_curve(r);
+            return kurve::HasMetastableBranch(r.DiagramType);
         case Mark::CriticalEx:
         case Mark::CriticalCalc:
             return r.DiagramType == kLogarithmic || kurve::ShowsStates(r.DiagramType);

@@ -21,8 +21,8 @@ bool HasTieLine(std::int16_t sectionKind, double T, double p) {
     return sectionKind == Module9::kIsobaric ? p > 0 && p < s.pcrit : T > 0 && T < s.Tcrit;
 }
 
-Declare::TieLineEnds TieLineEndsOf(std::int16_t DiagramType, std::int16_t sectionKind, double T,
-                                   double p) {
+Declare::TieLine TieLineEnds(std::int16_t DiagramType, std::int16_t sectionKind, double T,
+                             double p) {
     if (!HasTieLine(sectionKind, T, p)) return {};
     const bool isobaric = sectionKind == Module9::kIsobaric;
     const Calc::Fluid fluid = Calc::CurrentFluid();
@@ -47,7 +47,7 @@ void tie_line(Curve& c) {
         c.status = CurveStatus::kNoTieLine;
         return;
     }
-    const Declare::TieLineEnds ends = TieLineEndsOf(c.request.DiagramType, kind, c.T, c.p);
+    const Declare::TieLine ends = TieLineEnds(c.request.DiagramType, kind, c.T, c.p);
     Declare::tieLine = ends;
     if (!ends.exist) {
         c.status = CurveStatus::kNoResult;

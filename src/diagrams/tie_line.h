@@ -6,8 +6,8 @@ namespace kurve {
 
 /// Ends of the tie-line of a diagram in displayed units: at p/kPa for an isobaric section, else at
 /// T/K. They do not exist at and above the critical point, and for a V-only EOS.
-Declare::TieLineEnds TieLineEndsOf(std::int16_t DiagramType, std::int16_t sectionKind, double T,
-                                   double p);
+Declare::TieLine TieLineEnds(std::int16_t DiagramType, std::int16_t sectionKind, double T,
+                             double p);
 
 /// True when an equilibrium exists at the parameter that the section holds.
 bool HasTieLine(std::int16_t sectionKind, double T, double p);

@@ -32,9 +32,10 @@ inline FuArray Fu{};
 inline std::vector<std::array<float, 42>> protocol;  ///< one entry per written calculation
 
 inline DiagramRequest diagram;
-inline TieLineEnds tieLine;  ///< of the last curve that crossed or asked for one
+inline TieLine tieLine;  ///< of the last curve that crossed or asked for one
 inline CoordinateDefaults coordinates;
 inline ProcessLineRecord processLine;
+inline std::vector<PolytropicPoint> polytropicPoints;  ///< of the last polytropic calculation
 inline Grid3D grid3D;
 
 inline SubstanceLists substances;

@@ -31,7 +31,7 @@ struct DiagramRequest {
 };
 
 /// Both ends of a tie-line in displayed units; z holds T/K or p/kPa.
-struct TieLineEnds {
+struct TieLine {
     CurvePoint L, V;
     bool exist = false;
 };
@@ -73,6 +73,17 @@ struct ProcessLineRecord {
     double PolytropicExponent = 1.0;
     std::int16_t PolytropicMode = 1;
     bool FromCalculation = false;  ///< the Calculation menu asked for the polytropic process
+    double Kappa = 0;              ///< cp/cV, the partner of the exponent; 0 before a choice
+    bool Heterogeneous = false;    ///< the line runs inside the dome, over its tie-lines
+    bool IdealGasEquation = false;
+    std::array<double, 22> PolytropicValues{};  ///< what the polytropic program gave back
+};
+
+/// One line of the answer of the polytropic program: T/K, p/kPa and further columns. A value that
+/// is missing is not finite.
+struct PolytropicPoint {
+    double T = 0, p = 0;
+    std::vector<double> columns;
 };
 
 /// Limits of a surface in displayed units; z limits of -0.01111 and 0.01111 mean no clipping.

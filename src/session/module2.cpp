@@ -44,6 +44,7 @@ void ResetEverything() {
     Declare::tieLine = {};
     Declare::coordinates = {};
     Declare::processLine = {};
+    Declare::polytropicPoints.clear();
     Declare::grid3D = {};
     Declare::substances = {};
     Declare::xyPoints.clear();

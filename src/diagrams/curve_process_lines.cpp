@@ -1,0 +1,280 @@
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "diagrams/curve_kinds.h"
+#include "diagrams/isoline_search.h"
+#include "diagrams/process_line.h"
+#include "diagrams/project_state.h"
+#include "models/cubic_eos.h"
+
+namespace kurve {
+
+using Declare::processLine;
+using thermo::StateValues;
+
+namespace {
+
+constexpr int kLiquid = 0;  // `ProcessLineRecord::Phase`
+
+/// Adds a state to the line on the axes of the diagram and keeps it as the last one.
+void add_state(Curve& c, double T, double p, double v, const StateValues& functions) {
+    const Projection at = ProjectState(processLine.BaseDiagramType, T, p, v, functions);
+    if (!at.exists) return;
+    c.add(at.x, at.y, at.z);
+    processLine.LastT = T;
+    processLine.LastP = p;
+}
+
+void add_state(Curve& c, double T, double p, double v) {
+    const bool needed = NeedsFunctions(processLine.BaseDiagramType);
+    add_state(c, T, p, v, needed ? c.functions(T, p, v) : StateValues{});
+}
+
+/// Volume at T and p of the phase of the line; with one root it is that one.
+double volume_of_phase(const Curve& c, double T, double p) {
+    const Calc::StateTP state = Calc::solve_state_tp(c.fluid, T, p);
+    if (state.status != kSuccess) return 0;
+    if (c.vapour_only()) return state.vV;
+    const bool vapour = processLine.Phase != kLiquid;
+    return state.nRoots == 3 && vapour ? state.v[2] : state.v[0];
+}
+
+Steps range(const Curve& c, double share) {
+    const double from = processLine.RangeStart, to = processLine.RangeEnd;
+    return Steps::clamped(from, to, share * (to - from) / c.steps);
+}
+
+/// What a line that was cut short ends with.
+void end_line(Curve& c, bool stopped) {
+    if (c.points.size() - 1 <= 1) {
+        c.status = CurveStatus::kNoResult;
+    } else if (stopped && c.points.size() - 1 > 2) {
+        c.status = CurveStatus::kEndedEarly;
+    }
+}
+
+// ---- inside the dome
+
+/// The mixture of both phases at a vapour fraction; what has no meaning for it is not finite.
+StateValues mixture(const StateValues& L, const StateValues& V, double x) {
+    constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+    StateValues z = V;
+    for (const Function member :
+         {&StateValues::h, &StateValues::u, &StateValues::s, &StateValues::g, &StateValues::a,
+          &StateValues::eH, &StateValues::eU})
+        z.*member = at_fraction(L.*member, V.*member, x);
+    z.cp = z.cv = z.w = kNone;
+    auto& residual = z.table.residual;
+    for (const thermo::Residual column : {thermo::ResS, thermo::ResH, thermo::ResG})
+        residual[column] = at_fraction(L.table.residual[column], V.table.residual[column], x);
+    residual[thermo::ResCp] = residual[thermo::JouleThomson] = kNone;
+    return z;
+}
+
+/// The quantity that a line holds: its molar volume, entropy or enthalpy.
+enum class Held { volume, entropy, enthalpy };
+
+double held_value(Held held, double v, const StateValues& functions) {
+    if (held == Held::volume) return v;
+    return held == Held::entropy ? functions.s : functions.h;
+}
+
+/// Over the tie-lines of the range, from a saturated state at its start: the vapour fraction
+/// follows from the quantity that the line holds.
+void heterogeneous_line(Curve& c, Held held) {
+    const bool overT = processLine.RangeIsT != 0;
+    const auto equilibrium = [&](double running, double near) {
+        return overT ? equilibrium_at_T(c.fluid, running, near)
+                     : equilibrium_at_p(c.fluid, running, near);
+    };
+    const auto sides = [&](const Equilibrium& e) {
+        return std::array<StateValues, 2>{c.functions(e.T, e.p, e.vL), c.functions(e.T, e.p, e.vV)};
+    };
+    const Equilibrium start = equilibrium(overT ? processLine.T1 : processLine.p1, 0);
+    if (!start.found) return end_line(c, true);
+    const bool vapour = processLine.Phase != kLiquid;
+    const double fixed =
+        held_value(held, vapour ? start.vV : start.vL, sides(start)[vapour ? 1 : 0]);
+
+    bool stopped = false;
+    double near = 0;
+    Steps loop = range(c, 1.0);
+    for (double running; loop.next(running);) {
+        const Equilibrium e = equilibrium(running, near);
+        if (!e.found) {
+            stopped = true;
+            break;
+        }
+        near = overT ? e.p : e.T;
+        const auto [L, V] = sides(e);
+        const double low = held_value(held, e.vL, L), high = held_value(held, e.vV, V);
+        // At the start the state lies on the edge of the dome, within rounding.
+        constexpr double kRounding = 1e-9;
+        const double x = high != low ? (fixed - low) / (high - low) : (vapour ? 1 : 0);
+        if (!(x >= -kRounding && x <= 1 + kRounding)) {
+            stopped = true;
+            break;
+        }
+        add_state(c, e.T, e.p, at_fraction(e.vL, e.vV, x), mixture(L, V, x));
+    }
+    end_line(c, stopped);
+}
+
+}  // namespace
+
+void straight_line(Curve& c) {
+    constexpr int kParts = 50;
+    const auto x1 = static_cast<double>(processLine.x1), y1 = static_cast<double>(processLine.y1);
+    const auto x2 = static_cast<double>(processLine.x2), y2 = static_cast<double>(processLine.y2);
+    if (x1 == x2 && y1 == y2) {
+        c.status = CurveStatus::kNoResult;
+        return;
+    }
+    for (int i = 0; i <= kParts; ++i) {
+        const double t = static_cast<double>(i) / kParts;
+        c.add(x1 + t * (x2 - x1), y1 + t * (y2 - y1), 0);
+    }
+}
+
+void process_isotherm(Curve& c) {
+    Steps loop = range(c, 1.0);
+    for (double p; loop.next(p);) {
+        if (!(p > 0)) continue;
+        const double v = volume_of_phase(c, c.T, p);
+        if (v > 0) add_state(c, c.T, p, v);
+    }
+    end_line(c, false);
+}
+
+void process_isobar(Curve& c) {
+    Steps loop = range(c, 1.0);
+    for (double T; loop.next(T);) {
+        if (!(T > 0)) continue;
+        const double v = volume_of_phase(c, T, c.p);
+        if (v > 0) add_state(c, T, c.p, v);
+    }
+    end_line(c, false);
+}
+
+void process_isochore(Curve& c) {
+    if (processLine.Heterogeneous) return heterogeneous_line(c, Held::volume);
+    const double v = volume_of_phase(c, processLine.T1, processLine.p1);
+    if (!(v > 0)) return end_line(c, true);
+    bool stopped = false;
+    Steps loop = range(c, 1.0);
+    for (double running; loop.next(running);) {
+        if (processLine.RangeIsT != 0) {
+            const auto p = c.pressure(running, v);
+            if (p && *p > 0) add_state(c, running, *p, v);
+            continue;
+        }
+        const double T = Calc::temperature_from_p_rho(c.fluid, running, c.M / v, true).T;
+        if (!(T > 0)) {
+            stopped = true;
+            break;
+        }
+        add_state(c, T, running, v);
+    }
+    end_line(c, stopped);
+}
+
+void process_isoline(Curve& c) {
+    constexpr std::uint8_t kIsentropic = 4;
+    const bool entropy = processLine.Kind == kIsentropic;
+    if (processLine.Heterogeneous)
+        return heterogeneous_line(c, entropy ? Held::entropy : Held::enthalpy);
+
+    const double T1 = processLine.T1, p1 = processLine.p1;
+    const double v1 = volume_of_phase(c, T1, p1);
+    const Function function = entropy ? &StateValues::s : &StateValues::h;
+    const auto fixed = v1 > 0 ? value_of(c.functions(T1, p1, v1), function) : std::nullopt;
+    if (!fixed) return end_line(c, true);
+
+    const bool overT = processLine.RangeIsT != 0;
+    double T = T1, p = p1;
+    bool stopped = false;
+    Steps loop = range(c, overT ? 0.4 : 0.8);
+    for (double running; loop.next(running);) {
+        const double found = overT ? SolveIsolinePressure(c, function, running, *fixed, p)
+                                   : SolveIsoline(c, function, running, *fixed, T);
+        if (!(found > 0)) {
+            stopped = true;
+            break;
+        }
+        T = overT ? running : found;
+        p = overT ? found : running;
+        // The volume is that of the phase in which the search found the value.
+        const double v = c.stable_volume(T, p);
+        if (v > 0) add_state(c, T, p, v);
+    }
+    end_line(c, stopped);
+}
+
+namespace {
+
+/// The states that the polytropic program has given.
+void draw_answer(Curve& c) {
+    for (const Declare::PolytropicPoint& point : Declare::polytropicPoints) {
+        if (!std::isfinite(point.T) || !std::isfinite(point.p)) continue;
+        const double v = volume_of_phase(c, point.T, point.p);
+        if (v > 0) add_state(c, point.T, point.p, v);
+    }
+    end_line(c, false);
+}
+
+}  // namespace
+
+/// p v^n = const from the start state: the points of the polytropic program where it has been
+/// asked, else the same line by the EOS itself.
+void process_polytropic(Curve& c) {
+    constexpr double kRatioOfOne = 1.00001, kRatioOfNone = 0.00001;
+    if (!Declare::polytropicPoints.empty()) return draw_answer(c);
+
+    const double n = processLine.PolytropicExponent;
+    const double T1 = processLine.T1, p1 = processLine.p1;
+    const double v1 = volume_of_phase(c, T1, p1);
+    if (!(v1 > 0)) return end_line(c, true);
+    const bool overT = processLine.RangeIsT != 0;
+
+    // Over T the exponent fixes v by one equation in v alone, between neighbouring volumes.
+    const auto volume_at_T = [&](double T, double near) {
+        double v = near;
+        for (int i = 0; i < 100; ++i) {
+            const auto p = c.pressure(T, v);
+            const auto pNext = c.pressure(T, v * kRatioOfOne);
+            if (!p || !pNext || !(*p > 0) || !(*pNext > 0)) return 0.0;
+            const double f = std::log(*p / p1) + n * std::log(v / v1);
+            const double fNext = std::log(*pNext / p1) + n * std::log(v * kRatioOfOne / v1);
+            const double slope = (fNext - f) / std::log(kRatioOfOne);
+            if (std::fabs(slope) < kRatioOfNone) return 0.0;
+            const double step = -f / slope;
+            if (!(std::fabs(step) < 1)) return 0.0;
+            v *= std::exp(step);
+            if (std::fabs(step) < 1e-12) return v;
+        }
+        return 0.0;
+    };
+    double v = v1;
+    bool stopped = false;
+    Steps loop = range(c, 1.5);
+    for (double running; loop.next(running);) {
+        double T = running, p = running;
+        if (overT) {
+            v = volume_at_T(T, v);
+            p = v > 0 ? c.pressure(T, v).value_or(0) : 0;
+        } else {
+            // n = 0 is the isobar; over p it has no second point.
+            v = std::fabs(n) > kRatioOfNone ? v1 * std::pow(p1 / p, 1 / n) : 0;
+            T = v > 0 ? Calc::temperature_from_p_rho(c.fluid, p, c.M / v, true).T : 0;
+        }
+        if (!(T > 0) || !(p > 0) || !(v > 0)) {
+            stopped = true;
+            break;
+        }
+        add_state(c, T, p, v);
+    }
+    end_line(c, stopped);
+}
+
+}  // namespace kurve

@@ -1,0 +1,139 @@
+#include "diagrams/isoline_search.h"
+
+#include <cmath>
+
+#include "common/constants.h"
+
+namespace kurve {
+
+namespace {
+
+constexpr double kTolerance = 1e-9;  // relative, of T or p
+
+/// Relative to the natural sizes of the functions: R T for an enthalpy, R for an entropy.
+bool fits(double difference, double size) {
+    constexpr double kFit = 1e-6;
+    return std::fabs(difference) <= kFit * size;
+}
+
+/// Secant search; 0 when it does not end on a zero. A negative value is thrown back to twice its
+/// size on the other side.
+template <class F>
+double secant(F excess, double start, double size) {
+    constexpr int kRounds = 40;
+    double x = start;
+    double last = x;
+    auto fLast = excess(last);
+    if (!fLast) return 0;
+    if (*fLast == 0) return x;
+    // A first step of fifty tolerances is too fine for the digits of the functions.
+    x = last * (1 + 1e-5);
+    for (int i = 0; i < kRounds; ++i) {
+        const auto f = excess(x);
+        if (!f) return 0;
+        if (*f == *fLast) return fits(*f, size) ? x : 0;
+        const double step = *f * (x - last) / (*f - *fLast);
+        last = x;
+        fLast = f;
+        x -= step;
+        if (x < 0) x *= -2;
+        if (!std::isfinite(x) || x == 0) return 0;
+        if (std::fabs(step) <= kTolerance * x) {
+            const auto rest = excess(x);
+            return rest && fits(*rest, size) ? x : 0;
+        }
+    }
+    return 0;
+}
+
+/// Halves a bracket; 0 when it holds a jump and not a zero.
+template <class F>
+double halve(F excess, double a, double b, double fa, double size) {
+    constexpr int kHalvings = 80;
+    for (int i = 0; i < kHalvings && std::fabs(b - a) > 1e-15 * a; ++i) {
+        const double middle = 0.5 * (a + b);
+        const auto f = excess(middle);
+        if (!f) return 0;
+        if (std::signbit(*f) == std::signbit(fa)) {
+            a = middle;
+        } else {
+            b = middle;
+        }
+    }
+    const double x = 0.5 * (a + b);
+    const auto rest = excess(x);
+    return rest && fits(*rest, size) ? x : 0;
+}
+
+/// Looks for a change of sign further and further from the start, on both sides in turn.
+template <class F>
+double widening(F excess, double start, double size) {
+    constexpr double kRatio = 1.02;
+    constexpr int kRounds = 600;
+    const auto first = excess(start);
+    if (!first) return 0;
+    double up = start, down = start;
+    auto fUp = first, fDown = first;
+    for (int i = 0; i < kRounds && (fUp || fDown); ++i) {
+        if (fUp) {
+            const auto f = excess(up * kRatio);
+            if (f && std::signbit(*f) != std::signbit(*fUp))
+                return halve(excess, up, up * kRatio, *fUp, size);
+            up *= kRatio;
+            fUp = f;
+        }
+        if (fDown) {
+            const auto f = excess(down / kRatio);
+            if (f && std::signbit(*f) != std::signbit(*fDown))
+                return halve(excess, down, down / kRatio, *fDown, size);
+            down /= kRatio;
+            fDown = f;
+        }
+    }
+    return 0;
+}
+
+/// Value of a function of the stable phase, less a target.
+struct Excess {
+    const Curve& c;
+    Function function;
+    double target;
+
+    std::optional<double> operator()(double T, double p) const {
+        const double v = c.stable_volume(T, p);
+        if (!(v > 0)) return std::nullopt;
+        const auto value = value_of(c.functions(T, p, v), function);
+        if (!value) return value;
+        return *value - target;
+    }
+};
+
+/// The natural size of a function at T: R, or R T.
+double size_of(Function function, double T) {
+    return function == &thermo::StateValues::s ? constants::R : constants::R * T;
+}
+
+}  // namespace
+
+double SolveIsoline(const Curve& c, Function function, double p, double value, double startT) {
+    if (!(p > 0) || !(startT > 0)) return 0;
+    const Excess excess{c, function, value};
+    const auto over_T = [&](double T) { return excess(T, p); };
+    const double size = size_of(function, startT);
+    const double found = secant(over_T, startT, size);
+    return found > 0 ? found : widening(over_T, startT, size);
+}
+
+double SolveIsolinePressure(const Curve& c, Function function, double T, double value,
+                            double startP) {
+    if (!(T > 0) || !(startP > 0)) return 0;
+    const Excess excess{c, function, value};
+    const auto over_p = [&](double p) { return excess(T, p); };
+    const double size = size_of(function, T);
+    const double found = secant(over_p, startP, size);
+    // Only the near state continues a line.
+    const bool isNear = found > 0.5 * startP && found < 2 * startP;
+    return isNear ? found : widening(over_p, startP, size);
+}
+
+}  // namespace kurve

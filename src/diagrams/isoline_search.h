@@ -1,0 +1,16 @@
+#pragma once
+
+#include "diagrams/curve_frame.h"
+
+namespace kurve {
+
+/// T/K at p/kPa where h or s of the stable phase has a molar value, near a start; 0 when there is
+/// none: the value may lie between those of both phases.
+double SolveIsoline(const Curve& c, Function function, double p, double value, double startT);
+
+/// The same for p/kPa at T/K, the solution nearest to a start: an isenthalpic can meet a
+/// temperature twice.
+double SolveIsolinePressure(const Curve& c, Function function, double T, double value,
+                            double startP);
+
+}  // namespace kurve

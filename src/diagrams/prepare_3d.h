@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+
+#include "diagrams/chart/chart3d.h"
+
+namespace Module9 {
+
+/// The view that the preparation opens; the program installs it.
+struct Diagram3DViews {
+    std::function<void()> openDiagram;  ///< `frmGraph3D`, for `Diagram3DKind` of the session
+};
+Diagram3DViews& Views3D();
+
+/// Sets the working limits of the session's surface to their defaults and opens the view. A fault
+/// while the view opens is told.
+void PrepareDiagram3D();
+
+/// Header, axes and surface of a chart from the session: limits, titles, the grid of nx x ny nodes.
+/// The axis of z follows the data where no limits are set.
+void InitGraph3D(chart::Chart3D& chart, int nx, int ny);
+
+/// The critical point as a marker of a chart; false, after a box, where there is none.
+bool AddCriticalPoint(chart::Chart3D& chart);
+
+/// The remark of a chart without a surface; false when there is something to see.
+bool TellEmptySurface(const chart::Chart3D& chart);
+
+}  // namespace Module9

@@ -1,0 +1,176 @@
+#include "diagrams/surface.h"
+
+#include <array>
+
+#include "common/numbers.h"
+#include "common/text.h"
+#include "models/model_tables.h"
+#include "session/module2.h"
+
+namespace Module9 {
+
+namespace {
+
+using Declare::session;
+
+constexpr std::int16_t kPressure = 1, kTemperature = 4;
+constexpr std::int16_t kReduced = 2;  // UnitMode
+
+constexpr auto kKinds = std::to_array<SurfaceKind>({
+    {1, "Pressure p(v, T)", Axis::v, Axis::T, Axis::p},
+    {2, "", Axis::v, Axis::T, Axis::p},
+    {3, "Volume  v(p, T)", Axis::p, Axis::T, Axis::v},
+    {4, "Temperature T(v, p)", Axis::v, Axis::p, Axis::T},
+    {5, "Heat Capacity cp(p, T)", Axis::p, Axis::T, Axis::cp},
+    {7, "Enthalpy  h(p, T)", Axis::p, Axis::T, Axis::h},
+    {8, "Entropy s(p, T)", Axis::p, Axis::T, Axis::s},
+    {9, "Gibbs Function g(p, T)", Axis::p, Axis::T, Axis::g},
+    {10, "Exergy of H          e(p, T)", Axis::p, Axis::T, Axis::e},
+    {11, "", Axis::p, Axis::T, Axis::e, true},
+});
+
+/// Default ranges as shares of the critical values.
+struct Ranges {
+    std::int16_t kind;
+    bool SCurve;
+    double pLow, pHigh;  ///< of pcrit; a low value of 0 stands for `pLowest`
+    double pLowest;      ///< kPa
+    double TLow, THigh;  ///< of Tcrit
+    double vHigh;        ///< of M/rhocrit; 0: the surface has no v
+};
+
+constexpr auto kRanges = std::to_array<Ranges>({
+    {1, true, 0, 1.6, 0.001, 0.93, 1.3, 7},
+    {1, false, 0, 1.6, 500, 0.75, 1.3, 11.5},
+    {3, false, 0.05, 1.6, 0, 0.7, 1.3, 13},
+    {4, false, 0.05, 1.6, 0, 0.4, 2.0, 13},
+    {5, false, 0, 1.8, 0, 0.75, 1.4, 0},
+});
+
+const Ranges& ranges_of(std::int16_t kind, bool SCurve) {
+    if (kind == 2) kind = kPressure;
+    for (const Ranges& row : kRanges)
+        if (row.kind == kind && (kind != kPressure || row.SCurve == SCurve)) return row;
+    return kRanges.back();
+}
+
+std::string axis_text(Axis axis) {
+    const bool reduced = session.UnitMode == kReduced;
+    if (axis == Axis::T) return reduced ? "T(red)" : "T / K";
+    if (axis == Axis::p) return reduced ? "p(red)" : "p / kPa";
+    return std::string(AxisText(axis, session.CaloricUnit, session.UnitMode));
+}
+
+float single(double value) {
+    return numbers::ToSingle(value);
+}
+
+}  // namespace
+
+std::span<const SurfaceKind> SurfaceKinds() {
+    return kKinds;
+}
+
+const SurfaceKind* FindSurface(std::int16_t Diagram3DKind) {
+    for (const SurfaceKind& row : kKinds)
+        if (row.kind == Diagram3DKind) return &row;
+    return nullptr;
+}
+
+bool IsCaloric(const SurfaceKind& surface) {
+    return surface.kind > kTemperature;
+}
+
+SurfaceTexts TextsOf(const SurfaceKind& surface) {
+    return {std::string(surface.title),
+            " for " + Declare::substance.Name + ",  " +
+                text::Trim(Calc::EOSName(Declare::models.EOSModel)),
+            axis_text(surface.x), axis_text(surface.y), axis_text(surface.z)};
+}
+
+Declare::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve) {
+    constexpr float kVolumeWithoutData = 3.0F;
+    const Declare::SubstanceRecord& s = Declare::substance;
+    const Ranges& row = ranges_of(Diagram3DKind, SCurve);
+    const auto PF = static_cast<double>(session.PressureFactor);
+    const auto TF = static_cast<double>(session.TemperatureFactor);
+
+    Declare::Grid3D grid;
+    grid.pMin = single(PF * (row.pLow > 0 ? row.pLow * s.pcrit : row.pLowest));
+    grid.pMax = single(PF * row.pHigh * s.pcrit);
+    grid.TMin = single(TF * row.TLow * s.Tcrit);
+    grid.TMax = single(TF * row.THigh * s.Tcrit);
+    if (row.vHigh > 0) {
+        const double M = static_cast<double>(s.M);
+        grid.vMax = s.rhocrit > 0 ? single(session.VolumeFactor * row.vHigh * M / s.rhocrit)
+                                  : kVolumeWithoutData;
+    }
+    return grid;
+}
+
+Limits LimitsOf(const Declare::Grid3D& grid, Axis axis) {
+    switch (axis) {
+        case Axis::T:
+            return {grid.TMin, grid.TMax};
+        case Axis::p:
+            return {grid.pMin, grid.pMax};
+        case Axis::v:
+            return {grid.vMin, grid.vMax};
+        default:
+            return {grid.zMin, grid.zMax};
+    }
+}
+
+std::string RefusalOf(const Declare::Grid3D& grid, const SurfaceKind& surface) {
+    for (const Axis axis : {surface.x, surface.y, surface.z}) {
+        const Limits limits = LimitsOf(grid, axis);
+        if (!(limits.low < limits.high))
+            return "Lower limits have to be smaller then upper limits!";
+    }
+    return {};
+}
+
+SurfaceMark CriticalMark(const SurfaceKind& surface) {
+    const Declare::SubstanceRecord& s = Declare::substance;
+    double v = Declare::eosParameters.vcritCalc;
+    if (!(v > 0)) v = s.vcritExp;
+    if (surface.z == Axis::cp) return {.remark = "at the critical point cp => infinite"};
+    if (!(v > 0)) return {.remark = "No critical density available"};
+
+    double caloric = 0;
+    if (IsCaloric(surface)) {
+        const thermo::StateValues z = thermo::StateFunctions(s.Tcrit, s.pcrit, v);
+        if (z.status != kSuccess) return {.remark = "No cp(idGas) parameters available"};
+        caloric = CaloricValue(surface, z) * Module2::CaloricFactorOf(session.CaloricUnit, s.Tcrit);
+    }
+    const auto place = [&](Axis axis) {
+        switch (axis) {
+            case Axis::T:
+                return s.Tcrit * static_cast<double>(session.TemperatureFactor);
+            case Axis::p:
+                return s.pcrit * static_cast<double>(session.PressureFactor);
+            case Axis::v:
+                return v * session.VolumeFactor;
+            default:
+                return caloric;
+        }
+    };
+    return {place(surface.x), place(surface.y), place(surface.z), "CrP", ""};
+}
+
+double CaloricValue(const SurfaceKind& surface, const thermo::StateValues& z) {
+    switch (surface.z) {
+        case Axis::cp:
+            return z.cp;
+        case Axis::s:
+            return z.s;
+        case Axis::g:
+            return z.g;
+        case Axis::e:
+            return surface.isClosedSystem ? z.eU : z.eH;
+        default:
+            return z.h;
+    }
+}
+
+}  // namespace Module9

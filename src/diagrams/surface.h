@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "diagrams/catalogue.h"
+#include "models/caloric.h"
+#include "session/declare.h"
+
+/// The kinds of surfaces: what they show, their texts, ranges and limits.
+namespace Module9 {
+
+/// One kind of surface z(x, y). Kinds without a title have no menu row.
+struct SurfaceKind {
+    std::int16_t kind;
+    std::string_view title;
+    Axis x, y, z;
+    bool isClosedSystem = false;  ///< an exergy of U instead of one of H
+};
+std::span<const SurfaceKind> SurfaceKinds();
+/// The row of a kind; nullptr when there is none.
+const SurfaceKind* FindSurface(std::int16_t Diagram3DKind);
+
+/// True for a surface of caloric values over p and T.
+bool IsCaloric(const SurfaceKind& surface);
+
+struct SurfaceTexts {
+    std::string title, subTitle, xLabel, yLabel, zLabel;
+};
+SurfaceTexts TextsOf(const SurfaceKind& surface);
+
+/// Default limits of a kind in displayed units; `SCurve` for the S-shaped isotherms.
+Declare::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve);
+
+/// Limits of z that mean "no clipping".
+inline constexpr float kNoLowerClip = -0.01111F;
+inline constexpr float kNoUpperClip = 0.01111F;
+
+struct Limits {
+    float low = 0, high = 0;
+};
+/// Limits of an axis of a surface: those of its quantity, or the clipping limits of a caloric z.
+Limits LimitsOf(const Declare::Grid3D& grid, Axis axis);
+
+/// Text of the refusal when a lower limit is not below its upper one; empty when all are right.
+std::string RefusalOf(const Declare::Grid3D& grid, const SurfaceKind& surface);
+
+/// The molar caloric value that a surface shows of a state.
+double CaloricValue(const SurfaceKind& surface, const thermo::StateValues& state);
+
+/// The critical point on the axes of a surface.
+struct SurfaceMark {
+    double x = 0, y = 0, z = 0;
+    std::string text;    ///< label of the mark
+    std::string remark;  ///< said instead of a mark, when there is none
+};
+SurfaceMark CriticalMark(const SurfaceKind& surface);
+
+}  // namespace Module9

@@ -1,0 +1,167 @@
+#include "diagrams/surface_grid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <optional>
+
+#include "diagrams/curve_frame.h"
+#include "diagrams/equilibrium.h"
+#include "diagrams/surface.h"
+#include "models/cubic_eos.h"
+#include "models/reference_state.h"
+#include "models/state_solver.h"
+#include "session/module2.h"
+
+namespace kurve {
+
+using chart::SurfaceGrid;
+using Declare::session;
+using Module9::Axis;
+using Module9::Limits;
+
+namespace {
+
+constexpr double kInsteadOfNoPressure = 0.05;  // kPa, for a p of 0
+
+/// What the nodes of a surface need; z is computed by one function a kind.
+struct Surface {
+    Calc::Fluid fluid = Calc::CurrentFluid();
+    const Module9::SurfaceKind& kind;
+    thermo::Surroundings surroundings{};
+    double M = static_cast<double>(Declare::substance.M);
+    double TF = static_cast<double>(session.TemperatureFactor);
+    double PF = static_cast<double>(session.PressureFactor);
+    double VF = session.VolumeFactor;
+};
+
+using Value = std::optional<double>;
+
+Value pressure(const Surface& s, double T, double v) {
+    Declare::EOSState state = Calc::eos_at(s.fluid, T);
+    const Calc::PressureResult r = Calc::pressure_from_Tv(s.fluid, T, v, state);
+    if (r.status != kSuccess) return std::nullopt;
+    return r.p * s.PF;
+}
+
+/// p(v, T): below Tcrit the states inside the dome stand at its pressure.
+Value pressure_of_node(const Surface& s, const Equilibrium& e, double T, double v) {
+    const bool twoPhase = !session.SCurve3D && e.found && v > e.vL && v < e.vV;
+    return twoPhase ? e.p * s.PF : pressure(s, T, v);
+}
+
+/// T(v, p), in the dome the temperature of the equilibrium.
+Value temperature_of_node(const Surface& s, const Equilibrium& e, double v, double p) {
+    if (!session.SCurve3D && e.found && v > e.vL && v < e.vV) return e.T * s.TF;
+    const Calc::TemperatureResult r = Calc::temperature_from_p_rho(s.fluid, p, s.M / v, true);
+    if (!(r.T > 0)) return std::nullopt;
+    return r.T * s.TF;
+}
+
+Value volume_of_node(const Surface& s, double p, double T) {
+    const double v = stable_volume_of(Calc::solve_state_tp(s.fluid, T, p));
+    if (!(v > 0)) return std::nullopt;
+    return v * s.VF;
+}
+
+Value caloric_of_node(const Surface& s, double p, double T) {
+    const double v = stable_volume_of(Calc::solve_state_tp(s.fluid, T, p));
+    if (!(v > 0)) return std::nullopt;
+    const thermo::StateValues z =
+        thermo::state_functions(s.fluid, Declare::reference, s.surroundings, T, p, v);
+    const double value = Module9::CaloricValue(s.kind, z);
+    const bool isExergy = s.kind.z == Axis::e;
+    if (!z.table.filled || (isExergy && z.status != kSuccess)) return std::nullopt;
+    if (s.kind.z == Axis::cp && value == 0) return std::nullopt;  // the pole
+    return value * Module2::CaloricFactorOf(session.CaloricUnit, T);
+}
+
+/// Limits of z beyond which a node is a hole. v, p and T end at their upper limit; a caloric value
+/// at the clipping limits, unless they stand for none.
+struct Clip {
+    double low = -HUGE_VAL, high = HUGE_VAL;
+
+    bool cuts(double z) const { return z < low || z > high; }
+};
+
+Clip clip_of(const Module9::SurfaceKind& kind) {
+    const Limits limits = Module9::LimitsOf(Declare::grid3D, kind.z);
+    Clip clip;
+    if (!Module9::IsCaloric(kind)) {
+        clip.high = static_cast<double>(limits.high);
+        return clip;
+    }
+    if (limits.high != Module9::kNoUpperClip) clip.high = static_cast<double>(limits.high);
+    if (limits.low != Module9::kNoLowerClip) clip.low = static_cast<double>(limits.low);
+    return clip;
+}
+
+void store(SurfaceGrid& grid, const Clip& clip, int i, int j, Value z) {
+    if (!z || !chart::IsShown(static_cast<float>(*z))) return;
+    std::vector<float>& target = clip.cuts(*z) ? grid.zBehindHoles : grid.z;
+    target[grid.at(i, j)] = static_cast<float>(*z);
+}
+
+double positive_pressure(double p) {
+    return p == 0 ? kInsteadOfNoPressure : p;
+}
+
+void fill(SurfaceGrid& grid, const Surface& s) {
+    const Clip clip = clip_of(s.kind);
+    for (int j = 0; j < grid.ny; ++j) {
+        const double y = grid.y(j);
+        // The dome of a row of nodes is the same for all of them.
+        Equilibrium e;
+        if (s.kind.z == Axis::p) e = equilibrium_at_T(s.fluid, y / s.TF);
+        if (s.kind.z == Axis::T) e = equilibrium_at_p(s.fluid, y / s.PF);
+        for (int i = 0; i < grid.nx; ++i) {
+            const double x = grid.x(i);
+            Value z;
+            if (s.kind.z == Axis::p) {
+                z = pressure_of_node(s, e, y / s.TF, x / s.VF);
+            } else if (s.kind.z == Axis::T) {
+                z = temperature_of_node(s, e, x / s.VF, positive_pressure(y / s.PF));
+            } else if (s.kind.z == Axis::v) {
+                z = volume_of_node(s, positive_pressure(x / s.PF), y / s.TF);
+            } else {
+                z = caloric_of_node(s, positive_pressure(x / s.PF), y / s.TF);
+            }
+            store(grid, clip, i, j, z);
+        }
+    }
+}
+
+/// Nodes at equal distances between two limits.
+void set_axis(const Limits& limits, int nodes, double& start, double& step) {
+    start = static_cast<double>(limits.low);
+    step = (static_cast<double>(limits.high) - start) / (nodes - 1);
+}
+
+}  // namespace
+
+SurfaceGrid Calc_3DArray(int nx, int ny) {
+    SurfaceGrid grid;
+    grid.resize(std::clamp(nx, kFewestNodes, kMostNodes), std::clamp(ny, kFewestNodes, kMostNodes));
+    grid.zBehindHoles.assign(grid.z.size(), grid.hole);
+    const Module9::SurfaceKind* kind = Module9::FindSurface(session.Diagram3DKind);
+    if (kind == nullptr) return grid;
+    set_axis(Module9::LimitsOf(Declare::grid3D, kind->x), grid.nx, grid.x0, grid.dx);
+    set_axis(Module9::LimitsOf(Declare::grid3D, kind->y), grid.ny, grid.y0, grid.dy);
+    try {
+        Module2::RefreshUnits();
+        Surface surface{.kind = *kind};
+        thermo::settle_reference(Declare::reference);
+        surface.surroundings = thermo::surroundings_state(surface.fluid, Declare::reference);
+        fill(grid, surface);
+    } catch (const std::exception&) {
+        // Units that cannot be had leave nothing to show: the holes stay.
+        std::fill(grid.z.begin(), grid.z.end(), grid.hole);
+    }
+    return grid;
+}
+
+bool HasSurface(const SurfaceGrid& grid) {
+    return std::any_of(grid.z.begin(), grid.z.end(), [&](float z) { return !grid.isHole(z); });
+}
+
+}  // namespace kurve

@@ -1,0 +1,343 @@
+#include "diagrams/surface.h"
+
+#include <stdexcept>
+
+#include "diagrams/active_fluid.h"
+#include "diagrams/equilibrium.h"
+#include "diagrams/prepare_3d.h"
+#include "diagrams/surface_grid.h"
+#include "models/caloric.h"
+#include "models/state_solver.h"
+#include "session/menu_graph_rows.h"
+
+namespace {
+
+using chart::SurfaceGrid;
+using Declare::eosParameters;
+using Declare::grid3D;
+using Declare::session;
+using Declare::substance;
+
+class Surface : public ActiveFluid {
+  protected:
+    static SurfaceGrid grid(std::int16_t kind, int nx = 21, int ny = 17, bool SCurve = false) {
+        session.Diagram3DKind = kind;
+        session.SCurve3D = SCurve;
+        Module9::PrepareDiagram3D();
+        return kurve::Calc_3DArray(nx, ny);
+    }
+    static double value(const SurfaceGrid& g, int i, int j) { return g.z[g.at(i, j)]; }
+    static bool hole(const SurfaceGrid& g, int i, int j) { return g.isHole(g.z[g.at(i, j)]); }
+};
+
+TEST_F(Surface, TextsStandAsWorded) {
+    activate("Propane");
+    const auto texts = [](std::int16_t kind) {
+        return Module9::TextsOf(*Module9::FindSurface(kind));
+    };
+    EXPECT_EQ(texts(1).title, "Pressure p(v, T)");
+    EXPECT_EQ(texts(3).title, "Volume  v(p, T)");
+    EXPECT_EQ(texts(4).title, "Temperature T(v, p)");
+    EXPECT_EQ(texts(5).title, "Heat Capacity cp(p, T)");
+    EXPECT_EQ(texts(7).title, "Enthalpy  h(p, T)");
+    EXPECT_EQ(texts(8).title, "Entropy s(p, T)");
+    EXPECT_EQ(texts(9).title, "Gibbs Function g(p, T)");
+    EXPECT_EQ(texts(10).title, "Exergy of H          e(p, T)");
+    EXPECT_EQ(texts(1).subTitle, " for Propane,  CEOS Peng / Robinson");
+    EXPECT_EQ(texts(4).xLabel, "v / (m^3/kmol)");
+    EXPECT_EQ(texts(4).yLabel, "p / kPa");
+    EXPECT_EQ(texts(4).zLabel, "T / K");
+    EXPECT_EQ(texts(7).zLabel, "h / (kJ/kmol) ");
+    EXPECT_EQ(texts(8).zLabel, "s / (kJ/kmol/K) ");
+    set_units(3, 1);
+    EXPECT_EQ(texts(3).zLabel, "v / (m^3/kg)");
+    EXPECT_EQ(texts(5).zLabel, "cp / (kJ/kg/K)) ");
+    set_units(0, 2);
+    EXPECT_EQ(texts(1).xLabel, "V(red)");
+    EXPECT_EQ(texts(1).yLabel, "T(red)");
+    EXPECT_EQ(texts(1).zLabel, "p(red)");
+    for (const menu::Row& row : menu::graph_rows())
+        if (row.action == "Diagram3D")
+            EXPECT_NE(Module9::FindSurface(row.code), nullptr) << row.caption;
+}
+
+TEST_F(Surface, RangesAreSharesOfTheCriticalValues) {
+    activate("Propane");
+    const double pc = substance.pcrit, Tc = substance.Tcrit;
+    const double vc = static_cast<double>(substance.M) / substance.rhocrit;
+    struct Expected {
+        int kind;
+        bool SCurve;
+        double pMin, pMax, TMin, TMax, vMax;
+    };
+    for (const Expected& e : {Expected{1, true, 0.001, 1.6 * pc, 0.93 * Tc, 1.3 * Tc, 7 * vc},
+                              Expected{1, false, 500, 1.6 * pc, 0.75 * Tc, 1.3 * Tc, 11.5 * vc},
+                              Expected{3, false, 0.05 * pc, 1.6 * pc, 0.7 * Tc, 1.3 * Tc, 13 * vc},
+                              Expected{4, false, 0.05 * pc, 1.6 * pc, 0.4 * Tc, 2 * Tc, 13 * vc},
+                              Expected{5, false, 0, 1.8 * pc, 0.75 * Tc, 1.4 * Tc, 0},
+                              Expected{10, false, 0, 1.8 * pc, 0.75 * Tc, 1.4 * Tc, 0}}) {
+        const auto g = Module9::DefaultGrid(static_cast<std::int16_t>(e.kind), e.SCurve);
+        EXPECT_PRED2(Close, g.pMin, e.pMin) << e.kind;
+        EXPECT_PRED2(Close, g.pMax, e.pMax) << e.kind;
+        EXPECT_PRED2(Close, g.TMin, e.TMin) << e.kind;
+        EXPECT_PRED2(Close, g.TMax, e.TMax) << e.kind;
+        EXPECT_EQ(g.vMin, 0);
+        EXPECT_PRED2(Close, g.vMax, e.vMax) << e.kind;
+        EXPECT_EQ(g.zMin, -0.01111F);
+        EXPECT_EQ(g.zMax, 0.01111F);
+    }
+    set_units(0, 2);
+    EXPECT_PRED2(Close, Module9::DefaultGrid(1, false).TMax, 1.3);
+    EXPECT_PRED2(Close, Module9::DefaultGrid(1, false).pMin, 500 / pc);
+    EXPECT_PRED2(Close, Module9::DefaultGrid(3, false).vMax, 13 * vc / eosParameters.vcritCalc);
+    substance.rhocrit = 0;
+    EXPECT_EQ(Module9::DefaultGrid(1, false).vMax, 3.0F);
+}
+
+TEST_F(Surface, BelowTheCriticalTemperatureTheTwoPhaseRegionIsAPlane) {
+    activate("Carbon dioxide");
+    const SurfaceGrid g = grid(1, 41, 41);
+    int plane = 0, points = 0;
+    for (int j = 0; j < g.ny; ++j) {
+        const double T = g.y(j);
+        const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), T);
+        for (int i = 0; i < g.nx; ++i) {
+            const double v = g.x(i);
+            if (hole(g, i, j)) continue;
+            ++points;
+            if (e.found && v > e.vL && v < e.vV) {
+                EXPECT_FLOAT_EQ(value(g, i, j), static_cast<float>(e.p));
+                ++plane;
+            } else {
+                EXPECT_NEAR(value(g, i, j) / Calc::PressureFromTV(T, v).p, 1, 1e-6);
+            }
+            EXPECT_LE(value(g, i, j), grid3D.pMax);
+        }
+    }
+    EXPECT_GT(plane, 100);
+    EXPECT_GT(points, 1000);
+    EXPECT_TRUE(hole(g, 0, 5)) << "a volume of 0 has no pressure";
+}
+
+TEST_F(Surface, TheSShapedSurfaceFollowsTheEquationEverywhere) {
+    activate("Carbon dioxide");
+    const SurfaceGrid g = grid(1, 31, 31, true);
+    int below = 0;
+    for (int j = 0; j < g.ny; ++j)
+        for (int i = 0; i < g.nx; ++i) {
+            if (hole(g, i, j)) continue;
+            const double p = Calc::PressureFromTV(g.y(j), g.x(i)).p;
+            EXPECT_NEAR(value(g, i, j), p, 1e-6 * std::fabs(p) + 1e-3);
+            const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), g.y(j));
+            below += e.found && g.x(i) > e.vL && g.x(i) < e.vV && p < e.p ? 1 : 0;
+        }
+    EXPECT_GT(below, 5);
+}
+
+TEST_F(Surface, WhatLiesAboveTheLimitIsAHoleWithTheValueBehindIt) {
+    activate("Propane");
+    const SurfaceGrid g = grid(1, 31, 31);
+    int behind = 0;
+    for (std::size_t k = 0; k < g.z.size(); ++k) {
+        if (!g.isHole(g.z[k])) EXPECT_TRUE(g.isHole(g.zBehindHoles[k]));
+        if (g.isHole(g.zBehindHoles[k])) continue;
+        EXPECT_GT(g.zBehindHoles[k], grid3D.pMax);
+        ++behind;
+    }
+    EXPECT_GT(behind, 10);
+}
+
+TEST_F(Surface, VolumesAreThoseOfTheStableState) {
+    activate("Propane");
+    const SurfaceGrid g = grid(3);
+    int points = 0;
+    for (int i = 0; i < g.nx; ++i)
+        for (int j = 0; j < g.ny; ++j) {
+            if (hole(g, i, j)) continue;
+            const Calc::StateTP state = Calc::SolveStateTP(g.y(j), g.x(i));
+            const double v = state.hasV ? state.vV : state.vL;
+            EXPECT_NEAR(value(g, i, j) / v, 1, 1e-5);
+            EXPECT_LE(value(g, i, j), grid3D.vMax);
+            ++points;
+        }
+    EXPECT_GT(points, 300);
+}
+
+TEST_F(Surface, TemperaturesSatisfyTheEquationOrTheEquilibrium) {
+    activate("Propane");
+    for (const bool SCurve : {false, true}) {
+        const SurfaceGrid g = grid(4, 25, 25, SCurve);
+        int points = 0;
+        for (int i = 1; i < g.nx; ++i)
+            for (int j = 0; j < g.ny; ++j) {
+                if (hole(g, i, j)) continue;
+                const double v = g.x(i), p = g.y(j), T = value(g, i, j);
+                const auto e = kurve::equilibrium_at_p(Calc::CurrentFluid(), p);
+                if (!SCurve && e.found && v > e.vL && v < e.vV) {
+                    EXPECT_FLOAT_EQ(T, static_cast<float>(e.T));
+                } else {
+                    EXPECT_NEAR(Calc::PressureFromTV(T, v).p, p, 2e-4 * p + 1);
+                }
+                EXPECT_LE(T, grid3D.TMax);
+                ++points;
+            }
+        EXPECT_GT(points, 400);
+        EXPECT_TRUE(hole(g, 0, 3)) << "a volume of 0 has no temperature";
+    }
+}
+
+TEST_F(Surface, CaloricSurfacesAreDirectEvaluationsOfTheStates) {
+    activate("Propane");
+    using Member = double thermo::StateValues::*;
+    const std::pair<std::int16_t, Member> kinds[] = {
+        {5, &thermo::StateValues::cp},  {7, &thermo::StateValues::h},
+        {8, &thermo::StateValues::s},   {9, &thermo::StateValues::g},
+        {10, &thermo::StateValues::eH}, {11, &thermo::StateValues::eU}};
+    for (const auto& [unit, mode] : {std::pair{0, 0}, std::pair{3, 1}, std::pair{0, 2}}) {
+        set_units(static_cast<std::int16_t>(unit), static_cast<std::int16_t>(mode));
+        const double factor = unit == 3 ? 1 / static_cast<double>(substance.M) : 1;
+        for (const auto& [kind, member] : kinds) {
+            const SurfaceGrid g = grid(kind);
+            for (int i = 0; i < g.nx; ++i)
+                for (int j = 0; j < g.ny; ++j) {
+                    double p = g.x(i) / static_cast<double>(session.PressureFactor);
+                    const double T = g.y(j) / static_cast<double>(session.TemperatureFactor);
+                    if (p == 0) p = 0.05;
+                    const Calc::StateTP state = Calc::SolveStateTP(T, p);
+                    const double v = state.hasV ? state.vV : state.vL;
+                    const double expected = thermo::StateFunctions(T, p, v).*member * factor;
+                    ASSERT_FALSE(hole(g, i, j)) << kind;
+                    EXPECT_NEAR(value(g, i, j), expected, 1e-5 * std::fabs(expected) + 1e-3);
+                }
+        }
+    }
+}
+
+TEST_F(Surface, ClippingLimitsMakeHolesUnlessTheyStandForNone) {
+    activate("Propane");
+    SurfaceGrid g = grid(7);
+    const auto holes = [&] {
+        return std::count_if(g.z.begin(), g.z.end(), [&](float z) { return g.isHole(z); });
+    };
+    EXPECT_EQ(holes(), 0) << "-0.01111 and 0.01111 clip nothing";
+    grid3D.zMax = 0;
+    g = kurve::Calc_3DArray(21, 17);
+    const auto above = holes();
+    EXPECT_GT(above, 0);
+    for (const float z : g.z) EXPECT_TRUE(g.isHole(z) || z <= 0);
+    grid3D.zMin = -5000;
+    g = kurve::Calc_3DArray(21, 17);
+    EXPECT_GT(holes(), above);
+    for (const float z : g.z) EXPECT_TRUE(g.isHole(z) || (z <= 0 && z >= -5000));
+}
+
+TEST_F(Surface, NodesLieBetweenTheLimitsAtEqualSteps) {
+    activate("Propane");
+    const SurfaceGrid g = grid(7, 11, 6);
+    EXPECT_EQ(g.nx, 11);
+    EXPECT_EQ(g.ny, 6);
+    EXPECT_FLOAT_EQ(static_cast<float>(g.x(0)), grid3D.pMin);
+    EXPECT_FLOAT_EQ(static_cast<float>(g.x(10)), grid3D.pMax);
+    EXPECT_FLOAT_EQ(static_cast<float>(g.y(5)), grid3D.TMax);
+    EXPECT_TRUE(g.isComplete());
+    EXPECT_EQ(grid(7, 1, 5000).nx, 2);
+    EXPECT_EQ(grid(7, 1, 5000).ny, 201);
+}
+
+TEST_F(Surface, WithoutACpFormThereIsNoCaloricSurface) {
+    activate("Propane");
+    Declare::models.CpModel = 0;
+    const SurfaceGrid g = grid(7);
+    EXPECT_FALSE(kurve::HasSurface(g));
+    chart::Chart3D chart;
+    Module9::InitGraph3D(chart, 11, 11);
+    EXPECT_TRUE(Module9::TellEmptySurface(chart));
+    EXPECT_EQ(user.lastTitle(), "Remark");
+    EXPECT_EQ(user.lastText(),
+              "If no function area is drawn within the x-y-z space\ntwo reasons possible:\n"
+              "1st: Not enough memory; restart\n2nd: Insufficient values for axis-ranges");
+}
+
+TEST_F(Surface, AFaultOfTheUnitsLeavesHoles) {
+    activate("Propane");
+    session.Diagram3DKind = 7;
+    Module9::PrepareDiagram3D();
+    substance.M = 0;
+    session.CaloricUnit = 3;
+    EXPECT_FALSE(kurve::HasSurface(kurve::Calc_3DArray(5, 5)));
+}
+
+TEST_F(Surface, LimitsMustRise) {
+    activate("Propane");
+    const auto& kind = *Module9::FindSurface(1);
+    Declare::Grid3D g = Module9::DefaultGrid(1, false);
+    EXPECT_EQ(Module9::RefusalOf(g, kind), "");
+    g.TMax = g.TMin;
+    EXPECT_EQ(Module9::RefusalOf(g, kind), "Lower limits have to be smaller then upper limits!");
+    g = Module9::DefaultGrid(7, false);
+    EXPECT_EQ(Module9::RefusalOf(g, *Module9::FindSurface(7)), "");
+    g.zMin = 10;
+    g.zMax = -10;
+    EXPECT_NE(Module9::RefusalOf(g, *Module9::FindSurface(7)), "");
+}
+
+TEST_F(Surface, TheCriticalPointIsMarkedOnEverySurfaceButThatOfCp) {
+    activate("Propane");
+    chart::Chart3D chart;
+    for (const std::int16_t kind : std::initializer_list<std::int16_t>{1, 3, 4, 7, 8, 9, 10}) {
+        session.Diagram3DKind = kind;
+        chart.markers.clear();
+        EXPECT_TRUE(Module9::AddCriticalPoint(chart)) << kind;
+        EXPECT_TRUE(Module9::AddCriticalPoint(chart)) << "a second time it is moved, not doubled";
+        ASSERT_EQ(chart.markers.size(), 1U);
+        EXPECT_EQ(chart.markers[0].text, "CrP");
+    }
+    session.Diagram3DKind = 1;
+    Module9::AddCriticalPoint(chart);
+    EXPECT_EQ(chart.markers.back().x, eosParameters.vcritCalc);
+    EXPECT_EQ(chart.markers.back().y, substance.Tcrit);
+    EXPECT_EQ(chart.markers.back().z, substance.pcrit);
+    session.Diagram3DKind = 5;
+    chart.markers.clear();
+    EXPECT_FALSE(Module9::AddCriticalPoint(chart));
+    EXPECT_EQ(user.lastText(), "at the critical point cp => infinite");
+}
+
+TEST_F(Surface, PreparationOpensTheViewOrTellsItsFault) {
+    activate("Propane");
+    int opened = 0;
+    Module9::Views3D().openDiagram = [&] { ++opened; };
+    session.Diagram3DKind = 7;
+    grid3D.TMax = 1;
+    Module9::PrepareDiagram3D();
+    EXPECT_EQ(opened, 1);
+    EXPECT_PRED2(Close, grid3D.TMax, 1.4 * substance.Tcrit) << "the limits are filled anew";
+    Module9::Views3D().openDiagram = [] { throw std::runtime_error("no component"); };
+    Module9::PrepareDiagram3D();
+    Module9::Views3D() = {};
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_EQ(user.lastText(),
+              "The registration of the 3D graph module \\...\\olch8x3.ocx during the installation "
+              "process failed.\nPlease carry out the registration manually (c.f. our website)");
+}
+
+TEST_F(Surface, TheChartTakesLimitsTitlesAndSurface) {
+    activate("Propane");
+    session.Diagram3DKind = 1;
+    session.SCurve3D = false;
+    Module9::PrepareDiagram3D();
+    chart::Chart3D chart;
+    Module9::InitGraph3D(chart, 15, 13);
+    EXPECT_EQ(chart.surface.nx, 15);
+    EXPECT_EQ(chart.x.title, "v / (m^3/kmol)");
+    EXPECT_EQ(chart.z.max, static_cast<double>(grid3D.pMax));
+    EXPECT_FALSE(chart.z.automatic);
+    EXPECT_TRUE(chart.header.text.starts_with("Pressure p(v, T)"));
+    EXPECT_FALSE(Module9::TellEmptySurface(chart));
+    session.Diagram3DKind = 7;
+    Module9::PrepareDiagram3D();
+    Module9::InitGraph3D(chart, 15, 13);
+    EXPECT_TRUE(chart.z.automatic) << "without clipping the axis follows the data";
+}
+
+}  // namespace
