@@ -451,8 +451,7 @@ TEST_F(SubstanceEditor, ClosingAsksForChangedFields) {
 }
 
 TEST_F(SubstanceEditor, CaptionsNameEquationAndDatabase) {
-    EXPECT_EQ(ActiveEquationCaption(),
-              "actual vapour-pressure equation:                    Wagner");
+    EXPECT_EQ(ActiveEquationCaption(), "actual vapour-pressure equation: Wagner");
     Declare::session.DatabaseFile = "student.q05";
     EXPECT_EQ(DatabaseCaption(), "Database loaded:  STUDENT.Q05");
     EXPECT_EQ(kEditorNote, " Note: Any changes are lost without \"Apply\" ");

@@ -350,7 +350,9 @@ frmTpvEdit::Lines frmTpvEdit::markedLines() const {
 void frmTpvEdit::markLine(int line) {
     const int row = std::min(line, model_->rowCount()) - 1;
     if (row < 0) return;
-    table_->selectRow(row);
+    // Not selectRow(), which would toggle the line while Ctrl is held for a paste.
+    table_->selectionModel()->setCurrentIndex(
+        model_->index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     table_->scrollTo(model_->index(row, 0));
 }
 
