@@ -53,8 +53,8 @@ double CaloricValue(const SurfaceKind& surface, const thermo::StateValues& state
 /// The critical point on the axes of a surface.
 struct SurfaceMark {
     double x = 0, y = 0, z = 0;
-    std::string text;    ///< label of the mark
-    std::string remark;  ///< said instead of a mark, when there is none
+    std::string text{};    ///< label of the mark
+    std::string remark{};  ///< said instead of a mark, when there is none
 };
 SurfaceMark CriticalMark(const SurfaceKind& surface);
 

@@ -87,7 +87,7 @@ struct SurfaceStyle {
 
 /// Sections z = const at equal steps between the limits of the z axis.
 struct Sections3D {
-    int number = 10;  ///< 1 to 200
+    int number = 9;  ///< 1 to 200
     LineStyle line{LinePattern::Solid, kInk, 1.2F};
     friend bool operator==(const Sections3D&, const Sections3D&) = default;
 };

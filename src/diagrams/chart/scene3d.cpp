@@ -142,8 +142,15 @@ void paintMarkers(const Context& c, Pen& pen) {
         pen.scene().markers.push_back({pixel, marker.size / 2, marker.colour, hidden});
         const TextSize size = c.measure(marker.text, c.chart.numberFont);
         const double reach = marker.size / 2 + 3;
-        pen.text({pixel.x + reach + size.width / 2, pixel.y - reach - size.height / 3}, marker.text,
-                 c.chart.numberFont, marker.colour);
+        const Point2 centre{pixel.x + reach + size.width / 2, pixel.y - reach - size.height / 3};
+        if (marker.text.empty()) continue;
+        // Light ground, so that the text can be read on every part of the surface.
+        const double left = centre.x - size.width / 2 - 2, right = centre.x + size.width / 2 + 2;
+        const double top = centre.y - size.height / 2, bottom = centre.y + size.height / 2;
+        pen.fill(std::array{Point2{left, top}, Point2{right, top}, Point2{right, bottom},
+                            Point2{left, bottom}},
+                 {255, 255, 255, 200});
+        pen.text(centre, marker.text, c.chart.numberFont, marker.colour);
     }
 }
 
