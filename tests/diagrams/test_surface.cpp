@@ -107,7 +107,7 @@ TEST_F(Surface, BelowTheCriticalTemperatureTheTwoPhaseRegionIsAPlane) {
             if (hole(g, i, j)) continue;
             ++points;
             if (e.found && v > e.vL && v < e.vV) {
-                EXPECT_FLOAT_EQ(value(g, i, j), static_cast<float>(e.p));
+                EXPECT_FLOAT_EQ(static_cast<float>(value(g, i, j)), static_cast<float>(e.p));
                 ++plane;
             } else {
                 EXPECT_NEAR(value(g, i, j) / Calc::PressureFromTV(T, v).p, 1, 1e-6);
@@ -175,7 +175,7 @@ TEST_F(Surface, TemperaturesSatisfyTheEquationOrTheEquilibrium) {
                 const double v = g.x(i), p = g.y(j), T = value(g, i, j);
                 const auto e = kurve::equilibrium_at_p(Calc::CurrentFluid(), p);
                 if (!SCurve && e.found && v > e.vL && v < e.vV) {
-                    EXPECT_FLOAT_EQ(T, static_cast<float>(e.T));
+                    EXPECT_FLOAT_EQ(static_cast<float>(T), static_cast<float>(e.T));
                 } else {
                     EXPECT_NEAR(Calc::PressureFromTV(T, v).p, p, 2e-4 * p + 1);
                 }
