@@ -333,7 +333,8 @@ TEST_F(Surface, TheChartTakesLimitsTitlesAndSurface) {
     EXPECT_EQ(chart.x.title, "v / (m^3/kmol)");
     EXPECT_EQ(chart.z.max, static_cast<double>(grid3D.pMax));
     EXPECT_FALSE(chart.z.automatic);
-    EXPECT_TRUE(chart.header.text.starts_with("Pressure p(v, T)"));
+    EXPECT_EQ(chart.header.text, "Pressure p(v, T)");
+    EXPECT_EQ(chart.subtitle.text, " for Propane,  CEOS Peng / Robinson");
     EXPECT_FALSE(Module9::TellEmptySurface(chart));
     session.Diagram3DKind = 7;
     Module9::PrepareDiagram3D();

@@ -112,6 +112,7 @@ struct Chart3D {
     Sections3D sections;
     std::vector<Marker3D> markers;
     Caption header, footer;
+    Caption subtitle;                      ///< below the header
     Font titleFont;                        ///< titles of the axes
     Font numberFont{{}, 9, false, false};  ///< numbers of the axes and the scale, texts of markers
     bool scaleShown = true;                ///< the legend of colours, where colours stand for z
