@@ -22,6 +22,8 @@ constexpr int kColumns = 4, kRowsOfSheet = 4;
 /// Every diagram of the catalogue for a fluid, with the curves a user draws first.
 class ContactSheet : public ActiveFluid {
   protected:
+    ContactSheet() { Module9::Views2D() = {}; }  // the sheets are painted, no window opens
+
     static std::vector<const menu::Row*> rows() {
         std::vector<const menu::Row*> all;
         for (const menu::Row& row : menu::graph_rows())
