@@ -522,6 +522,11 @@ void SetScaling(DiagramSheet& sheet, int index, const Scaling& values) {
 
 void PlaceLabels(DiagramSheet& sheet, double width, double height,
                  const chart::MeasureText& measure) {
+    // Labels keep out of each other's way in the order of their curves, wherever they stood before.
+    for (chart::Label& label : sheet.chart.labels)
+        if (label.index >= LabelIndex::kFirstCurve &&
+            label.index < LabelIndex::kFirstCurve + kMaxCurves)
+            label.shown = false;
     for (int slot = 0; slot < kMaxCurves; ++slot) {
         const CurveLabel& wanted = sheet.CurveLabels[at(slot)];
         const int index = LabelIndex::kFirstCurve + slot;
@@ -535,7 +540,7 @@ void PlaceLabels(DiagramSheet& sheet, double width, double height,
         chart::Label label;
         if (found != labels.end()) {
             label = *found;
-            labels.erase(found);  // a label does not keep out of its own way
+            labels.erase(found);
         } else {
             label.index = index;
             label.textColour = chart::SeriesAt(sheet.chart, Group::Curves, slot).line.colour;

@@ -45,7 +45,8 @@ void InitGraph3D(chart::Chart3D& chart, int nx, int ny) {
     const SurfaceKind* kind = FindSurface(session.Diagram3DKind);
     if (kind == nullptr) return;
     const SurfaceTexts texts = TextsOf(*kind);
-    chart.header.text = texts.title + "\n" + texts.subTitle;
+    chart.header.text = texts.title;
+    chart.subtitle.text = texts.subTitle;
     set_axis(chart.x, LimitsOf(Declare::grid3D, kind->x), texts.xLabel);
     set_axis(chart.y, LimitsOf(Declare::grid3D, kind->y), texts.yLabel);
     const Limits z = LimitsOf(Declare::grid3D, kind->z);

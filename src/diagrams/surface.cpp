@@ -155,7 +155,7 @@ SurfaceMark CriticalMark(const SurfaceKind& surface) {
                 return caloric;
         }
     };
-    return {place(surface.x), place(surface.y), place(surface.z), "CrP", ""};
+    return {place(surface.x), place(surface.y), place(surface.z), kCriticalMarkText, ""};
 }
 
 double CaloricValue(const SurfaceKind& surface, const thermo::StateValues& z) {

@@ -50,11 +50,14 @@ std::string RefusalOf(const Declare::Grid3D& grid, const SurfaceKind& surface);
 /// The molar caloric value that a surface shows of a state.
 double CaloricValue(const SurfaceKind& surface, const thermo::StateValues& state);
 
+/// Label of the critical point.
+inline constexpr auto kCriticalMarkText = "CrP";
+
 /// The critical point on the axes of a surface.
 struct SurfaceMark {
     double x = 0, y = 0, z = 0;
-    std::string text;    ///< label of the mark
-    std::string remark;  ///< said instead of a mark, when there is none
+    std::string text{};    ///< label of the mark
+    std::string remark{};  ///< said instead of a mark, when there is none
 };
 SurfaceMark CriticalMark(const SurfaceKind& surface);
 

@@ -92,6 +92,7 @@ struct Grid3D {
     float TMin = 0, TMax = 0;
     float vMin = 0, vMax = 0;
     float zMin = -0.01111F, zMax = 0.01111F;
+    friend bool operator==(const Grid3D&, const Grid3D&) = default;
 };
 
 }  // namespace Declare

@@ -289,7 +289,30 @@ TEST(ChartPlacement, TheFractionRunsAlongTheVisiblePartOfTheCurve) {
     c.x.max = 60;
     EXPECT_FALSE(SpotAlongCurve(c, 0, 0.5, 600, 400, 40, 12));
     EXPECT_FALSE(SpotAlongCurve(c, 9, 0.5, 600, 400, 40, 12));
-    EXPECT_DOUBLE_EQ(BestFraction(c, 0, 600, 400, 40, 12), 0.5);
+    EXPECT_FALSE(BestSpot(c, 0, 600, 400, 40, 12));
+}
+
+TEST(ChartPlacement, LabelsOfCurvesThatCoincideStandBesideEachOther) {
+    Chart2D c;
+    for (int i = 0; i < 6; ++i)
+        chart::SeriesAt(c, Group::Curves, i) =
+            samples::curveOf([](double x) { return x; }, 0, 1, 50);
+    const double w = 600, h = 400, tw = 70, th = 14;
+    std::vector<chart::SheetRect> taken{{w - 150, 0, 150, 100}};  // a legend
+    for (int i = 0; i < 6; ++i) {
+        const auto spot = BestSpot(c, i, w, h, tw, th, taken);
+        ASSERT_TRUE(spot);
+        const Series& s = c.curves[static_cast<std::size_t>(i)];
+        const auto point = static_cast<std::size_t>(spot->point);
+        const chart::SheetRect box{static_cast<double>(s.x[point]) * w + spot->dx - tw / 2,
+                                   (1 - static_cast<double>(s.y[point])) * h + spot->dy - th / 2,
+                                   tw, th};
+        for (const chart::SheetRect& other : taken)
+            EXPECT_FALSE(box.left < other.right() && box.right() > other.left &&
+                         box.top < other.bottom() && box.bottom() > other.top)
+                << "label " << i;
+        taken.push_back(box);
+    }
 }
 
 TEST(ChartPlacement, TheLegendTakesAFreeCorner) {

@@ -170,6 +170,37 @@ TEST_F(Quorcalc, TheTankRefusesAPartialCalculationAboveTheCriticalPoint) {
     ASSERT_EQ(r.object().at("messages").size(), 1U);
 }
 
+TEST_F(Quorcalc, APictureNeedsTheProgramThatCanDrawIt) {
+    const Outcome r = call({"curve", "--substance", "Water", "--type", "1", "--T", "550", "--png",
+                            testing::TempDir() + "/never.png"});
+    EXPECT_EQ(r.exit, 1);
+    EXPECT_EQ(r.err, "quorcalc: Pictures cannot be drawn here.\n");
+}
+
+TEST_F(Quorcalc, TheProgramDrawsACurveInEveryFormat) {
+    const std::string program = std::string(QUOR_BINARY_FOLDER) + "/quorcalc";
+    const std::pair<std::string, std::string> formats[] = {
+        {"png", "\x89PNG"}, {"svg", "<?xml"}, {"pdf", "%PDF-1.4"}};
+    for (const auto& [format, mark] : formats) {
+        const std::string file = testing::TempDir() + "/quorcalc_isotherm." + format;
+        const std::string words =
+            " curve --substance Water --type 1 --T 550 --" + format + " " + file;
+        ASSERT_EQ(std::system((program + words + " >/dev/null").c_str()), 0) << format;
+        std::ostringstream content;
+        content << std::ifstream(file, std::ios::binary).rdbuf();
+        EXPECT_EQ(content.str().substr(0, mark.size()), mark);
+        EXPECT_GT(content.str().size(), 5000U) << format;
+        if (format == "svg") {  // texts of the isotherm's diagram
+            EXPECT_NE(content.str().find("550.0 K"), std::string::npos);
+            EXPECT_NE(content.str().find("Isothermal section p - v"), std::string::npos);
+        }
+    }
+    EXPECT_NE(std::system((program + " curve --substance Water --type 1 --T 550 --png "
+                                     "/no/such/folder/a.png >/dev/null 2>/dev/null")
+                              .c_str()),
+              0);
+}
+
 TEST_F(Quorcalc, TheProgramItselfReadsNoEnvironmentAndPrintsJson) {
     const std::string command =
         "env -i " QUOR_BINARY_FOLDER "/quorcalc psat --substance Water --T 373.15 --json";

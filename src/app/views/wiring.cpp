@@ -8,6 +8,7 @@
 #include "datafiles/views/editor_views.h"
 #include "datafiles/views/frmTpvEdit.h"
 #include "diagrams/views/frmGraph2D.h"
+#include "diagrams/views/frmGraph3D.h"
 #include "estimation/views/estimation_views.h"
 #include "models/views/frmReferenz.h"
 #include "session/actions.h"
@@ -68,6 +69,7 @@ void ConnectViews() {
     RegisterAction("mnuData_BatchInput", frmTpvEdit::OpenNew);
     RegisterAction("mnuData_BatchEdit", frmTpvEdit::OpenPresent);
     graph2d_views::Install();
+    graph3d_views::Install();
     RegisterAction("mnuOptions", [] {
         frmOptions view(shell::FrameWindow());
         shell::OpenModal(view);

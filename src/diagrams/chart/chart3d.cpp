@@ -55,7 +55,8 @@ bool SurfaceGrid::isComplete() const {
 
 Chart3D::Chart3D() {
     z.automatic = true;
-    header.font = {{}, 12, true, false};
+    header.font = {{}, 13, true, false};
+    subtitle.font = {{}, 10, false, false};
     footer.font = {{}, 9, false, false};
 }
 

@@ -87,7 +87,7 @@ struct SurfaceStyle {
 
 /// Sections z = const at equal steps between the limits of the z axis.
 struct Sections3D {
-    int number = 10;  ///< 1 to 200
+    int number = 9;  ///< 1 to 200
     LineStyle line{LinePattern::Solid, kInk, 1.2F};
     friend bool operator==(const Sections3D&, const Sections3D&) = default;
 };
@@ -112,6 +112,7 @@ struct Chart3D {
     Sections3D sections;
     std::vector<Marker3D> markers;
     Caption header, footer;
+    Caption subtitle;                      ///< below the header
     Font titleFont;                        ///< titles of the axes
     Font numberFont{{}, 9, false, false};  ///< numbers of the axes and the scale, texts of markers
     bool scaleShown = true;                ///< the legend of colours, where colours stand for z

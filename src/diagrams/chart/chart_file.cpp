@@ -193,6 +193,7 @@ void Describe(Io& io, Chart3D& c) {
     io.field("markers", c.markers);
     io.field("header", c.header);
     io.field("footer", c.footer);
+    io.field("subtitle", c.subtitle);
     io.field("titleFont", c.titleFont);
     io.field("numberFont", c.numberFont);
     io.field("scaleShown", c.scaleShown);

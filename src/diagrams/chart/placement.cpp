@@ -18,10 +18,17 @@ struct Box {
     bool contains(Pixel p) const {
         return p.x >= left && p.x <= right && p.y >= top && p.y <= bottom;
     }
+    bool overlaps(const SheetRect& r) const {
+        return left < r.right() && right > r.left && top < r.bottom() && bottom > r.top;
+    }
 };
 
 /// Part of the segment a-b inside the box in pixels of length (Liang and Barsky's clipping).
 double lengthInside(const Box& box, Pixel a, Pixel b) {
+    // Most pieces of a drawing lie far from the box.
+    if (std::max(a.x, b.x) < box.left || std::min(a.x, b.x) > box.right ||
+        std::max(a.y, b.y) < box.top || std::min(a.y, b.y) > box.bottom)
+        return 0;
     double t0 = 0, t1 = 1;
     const double dx = b.x - a.x, dy = b.y - a.y;
     const std::array<std::array<double, 2>, 4> edges{{{-dx, a.x - box.left},
@@ -58,10 +65,14 @@ class Drawing {
         return p;
     }
 
-    /// How much a box hides: pixels of line, and some for every point and label in it.
-    double hidden(const Box& box) const {
+    /// How much a box hides: pixels of line, and some for every point and label in it. Counts no
+    /// further than what is needed to know that it is more than `limit`.
+    double hidden(const Box& box, double limit = std::numeric_limits<double>::infinity()) const {
         double sum = 0;
-        for (const auto& [a, b] : pieces_) sum += lengthInside(box, a, b);
+        for (const auto& [a, b] : pieces_) {
+            sum += lengthInside(box, a, b);
+            if (sum > limit) return sum;
+        }
         for (const Pixel p : marks_) sum += box.contains(p) ? kMarkWeight : 0;
         return sum;
     }
@@ -133,15 +144,21 @@ Pixel direction(const std::vector<PathPoint>& path, const PathPoint& point) {
     return {(b.x - a.x) / length, (b.y - a.y) / length};
 }
 
+/// A text beside a curve: which side of it, and how far away beyond what it needs to stand free.
+struct Standing {
+    double side = 1;      // 1 above the line, -1 below
+    double distance = 0;  // in pixels
+};
+
 /// Offset of the centre of a text so that it stands free beside a line of this direction.
-Pixel besideLine(Pixel along, double textWidth, double textHeight) {
+Pixel besideLine(Pixel along, double textWidth, double textHeight, const Standing& standing) {
     constexpr double kGap = 3;
     Pixel normal{along.y, -along.x};
     if (normal.y > 0 || (normal.y == 0 && normal.x < 0)) normal = {-normal.x, -normal.y};
     // Half the extent of the text's box along the normal.
-    const double reach =
-        std::abs(normal.x) * textWidth / 2 + std::abs(normal.y) * textHeight / 2 + kGap;
-    return {normal.x * reach, normal.y * reach};
+    const double reach = std::abs(normal.x) * textWidth / 2 + std::abs(normal.y) * textHeight / 2 +
+                         kGap + standing.distance;
+    return {standing.side * normal.x * reach, standing.side * normal.y * reach};
 }
 
 Box boxAround(Pixel centre, double width, double height) {
@@ -178,9 +195,9 @@ struct Placed {
 };
 
 Placed placeAt(const std::vector<PathPoint>& path, double fraction, double width, double height,
-               double textWidth, double textHeight) {
+               double textWidth, double textHeight, const Standing& standing = {}) {
     const PathPoint& point = pointAt(path, fraction);
-    const Pixel beside = besideLine(direction(path, point), textWidth, textHeight);
+    const Pixel beside = besideLine(direction(path, point), textWidth, textHeight, standing);
     const Pixel offset = keptInside(point.at, beside, width, height, textWidth, textHeight);
     const Box box =
         boxAround({point.at.x + offset.x, point.at.y + offset.y}, textWidth, textHeight);
@@ -200,25 +217,35 @@ std::optional<LabelSpot> SpotAlongCurve(const Chart2D& chart, int curve, double 
     return placeAt(path, fraction, width, height, textWidth, textHeight).spot;
 }
 
-double BestFraction(const Chart2D& chart, int curve, double width, double height, double textWidth,
-                    double textHeight) {
-    constexpr int kTrials = 37;
+std::optional<LabelSpot> BestSpot(const Chart2D& chart, int curve, double width, double height,
+                                  double textWidth, double textHeight,
+                                  std::span<const SheetRect> taken) {
+    constexpr int kTrials = 37, kDistances = 3;
+    constexpr double kOnText = 1000, kAway = 4, kOtherSide = 1;  // beside pixels of hidden line
     const Series* series = curveAt(chart, curve);
-    if (!series) return 0.5;
+    if (!series) return std::nullopt;
     const Drawing drawing(chart, width, height);
     const auto path = pathInWindow(drawing, *series, width, height);
-    if (path.empty()) return 0.5;
-    double best = 0.5, least = std::numeric_limits<double>::infinity();
-    for (int i = 0; i < kTrials; ++i) {
-        const double fraction = 0.05 + 0.9 * i / (kTrials - 1);
-        const Placed placed = placeAt(path, fraction, width, height, textWidth, textHeight);
-        // The middle is the better place among equals.
-        const double cost = drawing.hidden(placed.box) + std::abs(fraction - 0.5);
-        if (cost < least) {
-            least = cost;
-            best = fraction;
-        }
-    }
+    if (path.empty()) return std::nullopt;
+    std::optional<LabelSpot> best;
+    double least = std::numeric_limits<double>::infinity();
+    for (int distance = 0; distance < kDistances; ++distance)
+        for (const double side : {1.0, -1.0})
+            for (int i = 0; i < kTrials; ++i) {
+                const double fraction = 0.05 + 0.9 * i / (kTrials - 1);
+                const Placed placed = placeAt(path, fraction, width, height, textWidth, textHeight,
+                                              {side, distance * textHeight});
+                // The middle is the better place among equals.
+                double cost = std::abs(fraction - 0.5) + kAway * distance * textHeight +
+                              (side < 0 ? kOtherSide : 0);
+                for (const SheetRect& other : taken)
+                    if (placed.box.overlaps(other)) cost += kOnText;
+                if (cost < least) cost += drawing.hidden(placed.box, least - cost);
+                if (cost < least) {
+                    least = cost;
+                    best = placed.spot;
+                }
+            }
     return best;
 }
 

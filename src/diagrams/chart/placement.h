@@ -1,6 +1,10 @@
 #pragma once
 
+#include <optional>
+#include <span>
+
 #include "diagrams/chart/chart2d.h"
+#include "diagrams/chart/sheet2d.h"
 
 namespace chart {
 
@@ -19,12 +23,14 @@ std::optional<LabelSpot> SpotAlongCurve(const Chart2D& chart, int curve, double 
                                         double width, double height, double textWidth,
                                         double textHeight);
 
-/// The fraction for `SpotAlongCurve` at which the text hides least of the other curves, points and
-/// shown labels. 0.5 when the curve is not in the window.
-double BestFraction(const Chart2D& chart, int curve, double width, double height, double textWidth,
-                    double textHeight);
+/// The spot at which the text hides least of the curves, points and markers and stands on none of
+/// the `taken` rectangles (in pixels of the plot area) if that can be; it leaves the middle of the
+/// curve, its upper side and its neighbourhood only for that. Empty as for `SpotAlongCurve`.
+std::optional<LabelSpot> BestSpot(const Chart2D& chart, int curve, double width, double height,
+                                  double textWidth, double textHeight,
+                                  std::span<const SheetRect> taken = {});
 
-/// The inner place of the legend that hides least of the series and labels, for a legend of
+/// The inner place of the legend that hides least of the series, for a legend of
 /// `legendWidth` x `legendHeight` in a plot area of `width` x `height` pixels.
 LegendAnchor BestLegendAnchor(const Chart2D& chart, double width, double height, double legendWidth,
                               double legendHeight);

@@ -71,7 +71,8 @@ double ScaleWidth(const Chart3D& chart, const Box3D& box, const std::vector<doub
     double widest = 0;
     for (const double level : levels)
         widest = std::max(widest, measure(levelText(chart, box, level), chart.numberFont).width);
-    return kBarWidth + kGap + widest + 2 * kEdge;
+    const double title = measure(chart.z.title, chart.titleFont).width;
+    return std::max(kBarWidth + kGap + widest + 2 * kEdge, title + kEdge + kGap);
 }
 
 void PaintScale(const Context& c, Pen& pen) {
@@ -103,8 +104,9 @@ void PaintScale(const Context& c, Pen& pen) {
         pen.text({left + kBarWidth + kGap + width / 2, y}, text, c.chart.numberFont, kInk);
     }
     const TextSize title = c.measure(c.chart.z.title, c.chart.titleFont);
-    const double middle = std::min(left + kBarWidth / 2, c.width - title.width / 2 - 4);
-    pen.text({middle, top - title.height}, c.chart.z.title, c.chart.titleFont, kInk);
+    const double middle = std::min(left + kBarWidth / 2, c.width - title.width / 2 - kGap);
+    pen.text({std::max(middle, c.layout.right + title.width / 2), top - title.height},
+             c.chart.z.title, c.chart.titleFont, kInk);
 }
 
 double CaptionHeight(const Caption& caption, const MeasureText& measure) {
@@ -119,7 +121,11 @@ void PaintCaptions(const Context& c, Pen& pen) {
                                   : Point2{caption.place.x * c.width, caption.place.y * c.height};
         pen.text(centre, caption.text, caption.font, caption.colour);
     };
-    paint(c.chart.header, (kEdge + CaptionHeight(c.chart.header, c.measure)) / 2);
+    const double header = CaptionHeight(c.chart.header, c.measure);
+    const double subtitle = CaptionHeight(c.chart.subtitle, c.measure);
+    paint(c.chart.header, (kEdge + header) / 2);
+    // The two stand close together: the free edge of the subtitle lies below it.
+    paint(c.chart.subtitle, header + (subtitle - kEdge) / 2 + (header > 0 ? 2 : kEdge));
     paint(c.chart.footer, c.height - (kEdge + CaptionHeight(c.chart.footer, c.measure)) / 2);
 }
 
@@ -142,8 +148,15 @@ void paintMarkers(const Context& c, Pen& pen) {
         pen.scene().markers.push_back({pixel, marker.size / 2, marker.colour, hidden});
         const TextSize size = c.measure(marker.text, c.chart.numberFont);
         const double reach = marker.size / 2 + 3;
-        pen.text({pixel.x + reach + size.width / 2, pixel.y - reach - size.height / 3}, marker.text,
-                 c.chart.numberFont, marker.colour);
+        const Point2 centre{pixel.x + reach + size.width / 2, pixel.y - reach - size.height / 3};
+        if (marker.text.empty()) continue;
+        // Light ground, so that the text can be read on every part of the surface.
+        const double left = centre.x - size.width / 2 - 2, right = centre.x + size.width / 2 + 2;
+        const double top = centre.y - size.height / 2, bottom = centre.y + size.height / 2;
+        pen.fill(std::array{Point2{left, top}, Point2{right, top}, Point2{right, bottom},
+                            Point2{left, bottom}},
+                 {255, 255, 255, 200});
+        pen.text(centre, marker.text, c.chart.numberFont, marker.colour);
     }
 }
 
@@ -198,7 +211,8 @@ Layout3D MakeLayout(const Chart3D& chart, double width, double height, const Mea
     const Box3D box = ShownBox(chart);
     std::vector<double> levels = SectionLevels(chart);
     const double right = width - scene::ScaleWidth(chart, box, levels, measure);
-    const double top = scene::CaptionHeight(chart.header, measure);
+    const double top =
+        scene::CaptionHeight(chart.header, measure) + scene::CaptionHeight(chart.subtitle, measure);
     const double bottom = height - scene::CaptionHeight(chart.footer, measure);
     const double numbers = measure("00000", chart.numberFont).width;
     const double line = measure("0", chart.titleFont).height;

@@ -11,6 +11,7 @@ namespace {
 
 constexpr double kTickLength = 6;
 constexpr double kGap = 4;            // between tick, number and title
+constexpr double kTickDistance = 34;  // wanted; the axes of a box are short
 constexpr double kShortestAxis = 30;  // pixels; a shorter one stands on end and bears no numbers
 
 struct TextBox {
@@ -144,6 +145,7 @@ Ticks ticksOf(const Context& c, const BoxView& view, Direction d) {
     request.max = view.range(d).max;
     request.decimals = axisOf(c.chart, d).decimals;
     request.length = 250;  // of an axis that points at the viewer
+    request.distance = kTickDistance;
     const auto edge = outlineEdge(view, d);
     if (edge) {
         const double near = view.camera().depthFactor(edge->from);
@@ -192,6 +194,8 @@ class AxisPainter {
     /// Direction of a tick on the picture: along the back plane, or square to the axis where that
     /// runs along the axis itself.
     Point2 tickDirection(const Point3& at) const {
+        // Numbers beside the upright axis stay clear of those of the axis at its foot.
+        if (edge_.d == Direction::Z) return normal_;
         const Point2 p = view_.project(at);
         const Point3& o = edge_.outward;
         const Point2 q = view_.project({at.x + 0.05 * o.x, at.y + 0.05 * o.y, at.z + 0.05 * o.z});
@@ -213,7 +217,8 @@ class AxisPainter {
         const TextSize size = c_.measure(tick.text, c_.chart.numberFont);
         const double reach = kTickLength + kGap + extent(dir, size) / 2;
         const Point2 centre{p.x + reach * dir.x, p.y + reach * dir.y};
-        const TextBox box = boxAround(centre, size);
+        // Numbers of two axes that meet in a corner keep a distance.
+        const TextBox box = boxAround(centre, {size.width + kGap, size.height});
         const auto hit = [&](const TextBox& other) { return box.overlaps(other); };
         if (std::any_of(taken_.begin(), taken_.end(), hit)) return;
         taken_.push_back(box);

@@ -57,7 +57,7 @@ void PaintScale(const Context& context, Pen& pen);
 double ScaleWidth(const Chart3D& chart, const Box3D& box, const std::vector<double>& levels,
                   const MeasureText& measure);
 
-/// Header and footer, and the height that each keeps free.
+/// Header, subtitle and footer, and the height that each keeps free.
 void PaintCaptions(const Context& context, Pen& pen);
 double CaptionHeight(const Caption& caption, const MeasureText& measure);
 

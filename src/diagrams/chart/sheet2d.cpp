@@ -257,7 +257,7 @@ class LayoutMaker {
 
     /// The centre of a text of this width, moved so that the text stays on the sheet.
     double keptOnSheet(double centre, double width) const {
-        const double half = std::min(width / 2 + 2, sheet_.sheet.width / 2);
+        const double half = std::min(width / 2 + kEdge, sheet_.sheet.width / 2);
         return std::clamp(centre, half, sheet_.sheet.width - half);
     }
 
@@ -482,12 +482,24 @@ Sheet2D LayOut(const Chart2D& chart, double width, double height, const MeasureT
 
 bool PlaceCurveLabel(const Chart2D& chart, int curve, double fraction, double width, double height,
                      const MeasureText& measure, Label& label) {
-    const SheetRect plot = LayOut(chart, width, height, measure).plot;
+    const Sheet2D sheet = LayOut(chart, width, height, measure);
+    const SheetRect& plot = sheet.plot;
     const TextSize size = measure(label.text, label.font);
-    if (fraction < 0)
-        fraction = BestFraction(chart, curve, plot.width, plot.height, size.width, size.height);
-    const auto spot =
-        SpotAlongCurve(chart, curve, fraction, plot.width, plot.height, size.width, size.height);
+    std::optional<LabelSpot> spot;
+    if (fraction < 0) {
+        std::vector<SheetRect> taken;
+        const auto take = [&](SheetRect rect) {
+            rect.left -= plot.left;
+            rect.top -= plot.top;
+            taken.push_back(rect);
+        };
+        if (sheet.legend.width > 0) take(sheet.legend);
+        for (const SheetLabel& other : sheet.labels) take(other.text.rect);
+        spot = BestSpot(chart, curve, plot.width, plot.height, size.width, size.height, taken);
+    } else {
+        spot = SpotAlongCurve(chart, curve, fraction, plot.width, plot.height, size.width,
+                              size.height);
+    }
     if (!spot) return false;
     label.onPoint = true;
     label.group = Group::Curves;

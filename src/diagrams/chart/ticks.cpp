@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kMaxTicks = 200;
 constexpr std::size_t kMaxMultiples = 2000;
-constexpr double kTargetPixels = 55;  // comfortable distance of numbers
 constexpr int kMaxDecimals = 15;
 
 /// Next of 1, 2, 5 times a power of ten above `step`.
@@ -135,7 +134,7 @@ Ticks makeLinear(const TickRequest& r) {
         thinNumbers(ticks.major, wanted, scale);
         return ticks;
     }
-    const double parts = std::clamp(r.length / kTargetPixels, 2.0, 10.0);
+    const double parts = std::clamp(r.length / r.distance, 2.0, 10.0);
     double step = NiceStep((r.max - r.min) / parts);
     std::vector<Tick> ticks = linearTicks(r, step);
     while (!scale.fits(ticks) && step < r.max - r.min) {
@@ -185,7 +184,7 @@ std::vector<double> logMinor(const TickRequest& r, int every) {
 /// Over less than about a decade: linear multiples, as fine as their room on the axis allows.
 Ticks makeShortLogarithmic(const TickRequest& r) {
     const Scale scale(r);
-    const double parts = std::clamp(r.length / kTargetPixels, 2.0, 8.0);
+    const double parts = std::clamp(r.length / r.distance, 2.0, 8.0);
     double step = NiceStep((r.max - r.min) / parts / 2);
     std::vector<Tick> ticks = linearTicks(r, step);
     while (!scale.fits(ticks) && step < r.max - r.min) {

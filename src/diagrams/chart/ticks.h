@@ -17,9 +17,10 @@ struct Tick {
 struct TickRequest {
     double min = 0, max = 1;  ///< the window; min < max, both above 0 for a logarithmic axis
     bool logarithmic = false;
-    double spacing = 0;   ///< wanted distance of ticks, 0 automatic
-    int decimals = -1;    ///< digits behind the decimal mark, -1 automatic
-    double length = 400;  ///< length of the axis in pixels
+    double spacing = 0;    ///< wanted distance of ticks, 0 automatic
+    int decimals = -1;     ///< digits behind the decimal mark, -1 automatic
+    double length = 400;   ///< length of the axis in pixels
+    double distance = 55;  ///< comfortable distance of numbers in pixels
     /// Room that a number takes along the axis in pixels, with its gap to the next one.
     std::function<double(const std::string&)> room;
 };

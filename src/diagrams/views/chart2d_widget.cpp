@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
@@ -45,6 +47,31 @@ bool belongsTo(const SheetAxis& axis, const QPointF& p) {
     return covers(axis.title, p) || axis.numbers.contains(p.x(), p.y());
 }
 
+/// An arrow with a sign at its side: a piece of a curve, or a point.
+QCursor signedArrow(bool point) {
+    QPixmap picture(32, 32);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Qt::white, 1));
+    painter.setBrush(Qt::black);
+    painter.drawPolygon(
+        QPolygonF({{1, 1}, {1, 17}, {5, 13}, {8, 20}, {11, 19}, {8, 12}, {13, 12}}));
+    QPainterPath sign;
+    if (point) {
+        sign.addEllipse(QPointF(22, 22), 4, 4);
+    } else {
+        sign.moveTo(14, 27);
+        sign.cubicTo(19, 10, 23, 33, 29, 16);
+        painter.setBrush(Qt::NoBrush);
+    }
+    painter.setPen(QPen(Qt::white, 4));
+    painter.drawPath(sign);
+    painter.setPen(QPen(QColor(0xB1, 0x0C, 0x13), 2));
+    painter.drawPath(sign);
+    return QCursor(picture, 1, 1);
+}
+
 /// The line of the legend at a place.
 std::optional<SeriesRef> legendLineAt(const Sheet2D& sheet, const QPointF& p) {
     constexpr double kHalfLine = 9;
@@ -56,7 +83,11 @@ std::optional<SeriesRef> legendLineAt(const Sheet2D& sheet, const QPointF& p) {
 }  // namespace
 
 Chart2DWidget::Chart2DWidget(Chart2D& chart, QWidget* parent)
-    : QWidget(parent), chart_(chart), plot_(new Chart2DPlot(this)) {
+    : QWidget(parent),
+      chart_(chart),
+      plot_(new Chart2DPlot(this)),
+      overCurve_(signedArrow(false)),
+      overPoint_(signedArrow(true)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(plot_);
@@ -341,8 +372,10 @@ void Chart2DWidget::keyPressEvent(QKeyEvent* event) {
 void Chart2DWidget::showPointer(const ChartHit& hit) {
     switch (hit.part) {
         case ChartPart::Curve:
+            plot_->setCursor(overCurve_);
+            return;
         case ChartPart::PointSet:
-            plot_->setCursor(Qt::PointingHandCursor);
+            plot_->setCursor(overPoint_);
             return;
         case ChartPart::Legend:
         case ChartPart::Label:

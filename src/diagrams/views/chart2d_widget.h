@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCursor>
 #include <QPoint>
 #include <QRubberBand>
 #include <QWidget>
@@ -117,6 +118,7 @@ class Chart2DWidget : public QWidget {
 
     Chart2D& chart_;
     Chart2DPlot* plot_;
+    QCursor overCurve_, overPoint_;  ///< pointers over a curve and over a point
     QRubberBand* band_;
     int batches_ = 0;
     bool refreshWanted_ = false;

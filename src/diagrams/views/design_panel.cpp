@@ -1,17 +1,11 @@
 #include "diagrams/views/design_panel.h"
 
-#include <QCheckBox>
-#include <QColorDialog>
 #include <QComboBox>
 #include <QDoubleSpinBox>
-#include <QFontDialog>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollArea>
 #include <QSlider>
 #include <QTabBar>
 #include <QTabWidget>
@@ -29,7 +23,6 @@ using Module9::kMaxPointSets;
 using Module9::LabelIndex::kFirstText;
 
 constexpr int kShiftSteps = 100;
-constexpr int kTextLines = 2;
 
 QString qt(std::string_view s) {
     return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
@@ -44,17 +37,6 @@ QStringList list(const Names& names) {
 
 std::size_t at(int index) {
     return static_cast<std::size_t>(index);
-}
-
-QIcon swatch(const chart::Colour& c) {
-    QPixmap pixmap(28, 14);
-    pixmap.fill(chart::ToQt(c));
-    return pixmap;
-}
-
-chart::Colour fromQt(const QColor& c) {
-    const auto channel = [](int value) { return static_cast<std::uint8_t>(value); };
-    return {channel(c.red()), channel(c.green()), channel(c.blue()), channel(c.alpha())};
 }
 
 QTabBar* slotTabs(const QString& name, int count, const QString& prefix) {
@@ -73,19 +55,13 @@ void showTabs(QTabBar* bar, int slot, bool visible) {
 }  // namespace
 
 DesignPanel::DesignPanel(Module9::DiagramSheet& sheet, QWidget* parent)
-    : QWidget(parent), sheet_(sheet) {
-    setObjectName("design");
-    pages_ = form::named(new QTabWidget, "tabDesign");
-    pages_->setUsesScrollButtons(true);
+    : DesignControls(parent), sheet_(sheet) {
     curvePage();
     pointPage();
     axisPage();
     textPage();
     legendPage();
     morePage();
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(pages_);
     follow();
 }
 
@@ -125,11 +101,6 @@ void DesignPanel::showPointSet(int slot) {
     if (slot >= 0 && slot < kMaxPointSets) points_->setCurrentIndex(slot);
 }
 
-void DesignPanel::showPage(const QString& name) {
-    for (int i = 0; i < pages_->count(); ++i)
-        if (pages_->widget(i)->objectName() == "page_" + name) pages_->setCurrentIndex(i);
-}
-
 void DesignPanel::showHit(const chart::ChartHit& hit) {
     using chart::ChartPart;
     switch (hit.part) {
@@ -164,168 +135,7 @@ chart::Series* DesignPanel::series(Group group) const {
     return slot < 0 ? nullptr : &chart::SeriesAt(sheet_.chart, group, slot);
 }
 
-void DesignPanel::apply() {
-    if (!loading_) Q_EMIT changed();
-}
-
-// ---------------------------------------------------------------------------------------- controls
-
-void DesignPanel::text(QFormLayout* into, const QString& caption, const QString& name,
-                       Field<std::string> field, bool lines) {
-    const auto take = [this, field](const QString& typed) {
-        std::string* target = field();
-        if (loading_ || target == nullptr) return;
-        *target = typed.toStdString();
-        apply();
-    };
-    if (!lines) {
-        auto* edit = form::named(new QLineEdit, name);
-        connect(edit, &QLineEdit::textChanged, this, take);
-        loads_.push_back([edit, field] {
-            const std::string* source = field();
-            edit->setEnabled(source != nullptr);
-            const QString now = source ? qt(*source) : QString();
-            if (edit->text() != now) edit->setText(now);
-        });
-        into->addRow(caption, edit);
-        return;
-    }
-    auto* edit = form::named(new QPlainTextEdit, name);
-    edit->setTabChangesFocus(true);
-    edit->setFixedHeight(edit->fontMetrics().lineSpacing() * kTextLines + 4 * theme::kGap);
-    connect(edit, &QPlainTextEdit::textChanged, this, [edit, take] { take(edit->toPlainText()); });
-    loads_.push_back([edit, field] {
-        const QString now = qt(*field());
-        if (edit->toPlainText() != now) edit->setPlainText(now);
-    });
-    into->addRow(caption, edit);
-}
-
-void DesignPanel::check(QFormLayout* into, const QString& caption, const QString& name,
-                        Field<bool> field) {
-    auto* box = form::named(new QCheckBox(caption), name);
-    connect(box, &QCheckBox::toggled, this, [this, field](bool on) {
-        bool* target = field();
-        if (loading_ || target == nullptr) return;
-        *target = on;
-        apply();
-    });
-    loads_.push_back([box, field] {
-        const bool* source = field();
-        box->setEnabled(source != nullptr);
-        box->setChecked(source != nullptr && *source);
-    });
-    into->addRow(QString(), box);
-}
-
-void DesignPanel::colour(QFormLayout* into, const QString& caption, const QString& name,
-                         Field<chart::Colour> field) {
-    QPushButton* button = form::button("&Choose ...", name);
-    button->setText("Choose ...");
-    connect(button, &QPushButton::clicked, this, [this, field] {
-        chart::Colour* target = field();
-        if (target == nullptr) return;
-        QColorDialog dialog(chart::ToQt(*target), this);
-        dialog.setObjectName("ColourDialog");
-        dialog.setOption(QColorDialog::ShowAlphaChannel);
-        if (dialog.exec() != QDialog::Accepted) return;
-        *target = fromQt(dialog.selectedColor());
-        apply();
-    });
-    loads_.push_back([button, field] {
-        const chart::Colour* source = field();
-        button->setEnabled(source != nullptr);
-        button->setIcon(source ? swatch(*source) : QIcon());
-    });
-    into->addRow(caption, button);
-}
-
-void DesignPanel::font(QFormLayout* into, const QString& caption, const QString& name,
-                       Field<chart::Font> field) {
-    QPushButton* button = form::button("", name);
-    connect(button, &QPushButton::clicked, this, [this, field] {
-        chart::Font* target = field();
-        if (target == nullptr) return;
-        QFont now(target->family.empty() ? QFont().family() : qt(target->family));
-        now.setPointSizeF(static_cast<double>(target->size));
-        now.setBold(target->bold);
-        now.setItalic(target->italic);
-        QFontDialog dialog(now, this);
-        dialog.setObjectName("FontDialog");
-        if (dialog.exec() != QDialog::Accepted) return;
-        const QFont chosen = dialog.selectedFont();
-        *target = {chosen.family().toStdString(), static_cast<float>(chosen.pointSizeF()),
-                   chosen.bold(), chosen.italic()};
-        apply();
-    });
-    loads_.push_back([button, field] {
-        const chart::Font* source = field();
-        button->setEnabled(source != nullptr);
-        if (source == nullptr) return;
-        const QString family = source->family.empty() ? "Sans serif" : qt(source->family);
-        button->setText(QString("%1, %2 pt%3")
-                            .arg(family)
-                            .arg(static_cast<double>(source->size))
-                            .arg(source->bold ? ", bold" : ""));
-    });
-    into->addRow(caption, button);
-}
-
-void DesignPanel::number(QFormLayout* into, const QString& caption, const QString& name, double low,
-                         double high, double step, std::function<double()> get,
-                         std::function<void(double)> set, Field<chart::Series> enabled) {
-    auto* spin = form::named(new QDoubleSpinBox, name);
-    spin->setRange(low, high);
-    spin->setSingleStep(step);
-    spin->setDecimals(step < 1 ? 1 : 0);
-    connect(spin, &QDoubleSpinBox::valueChanged, this, [this, set, enabled](double value) {
-        if (loading_ || (enabled && enabled() == nullptr)) return;
-        set(value);
-        apply();
-    });
-    loads_.push_back([spin, get, enabled] {
-        const bool usable = !enabled || enabled() != nullptr;
-        spin->setEnabled(usable);
-        if (usable) spin->setValue(get());
-    });
-    into->addRow(caption, spin);
-}
-
-void DesignPanel::choice(QFormLayout* into, const QString& caption, const QString& name,
-                         const QStringList& entries, std::function<int()> get,
-                         std::function<void(int)> set) {
-    auto* box = form::named(new QComboBox, name);
-    box->addItems(entries);
-    connect(box, &QComboBox::currentIndexChanged, this, [this, set](int index) {
-        if (loading_ || index < 0) return;
-        set(index);
-        apply();
-    });
-    loads_.push_back([box, get] {
-        const int index = get();
-        box->setEnabled(index >= 0);
-        box->setCurrentIndex(index);
-    });
-    into->addRow(caption, box);
-}
-
 // ------------------------------------------------------------------------------------------- pages
-
-QFormLayout* DesignPanel::page(const QString& name, const QString& title) {
-    auto* inside = new QWidget;
-    auto* layout = new QFormLayout(inside);
-    layout->setHorizontalSpacing(theme::kGap);
-    layout->setVerticalSpacing(theme::kGap);
-    layout->setLabelAlignment(Qt::AlignRight);
-    layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    auto* scroll = form::named(new QScrollArea, "page_" + name);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setWidget(inside);
-    pages_->addTab(scroll, title);
-    return layout;
-}
 
 void DesignPanel::curvePage() {
     QFormLayout* into = page("curves", "Curves");
@@ -606,16 +416,5 @@ void DesignPanel::morePage() {
     colour(into, "Frame colour", "cmdFrameColour", [&c] { return &c.plotArea.border.colour; });
     check(into, "frame of the sheet", "chkSheetFrame",
           [&c] { return &c.plotArea.sheetBorder.shown; });
-    struct Entry {
-        const char* caption;
-        const char* name;
-        double chart::PrintPlace::*value;
-    };
-    for (const Entry& e : {Entry{"Print: left / cm", "txtLeft_in_cm", &chart::PrintPlace::left},
-                           Entry{"top / cm", "txtTop_in_cm", &chart::PrintPlace::top},
-                           Entry{"width / cm", "txtWidth_in_cm", &chart::PrintPlace::width},
-                           Entry{"height / cm", "txtHeight_in_cm", &chart::PrintPlace::height}})
-        number(
-            into, e.caption, e.name, 0, 120, 0.5, [&c, e] { return c.print.*e.value; },
-            [&c, e](double value) { c.print.*e.value = value; });
+    printPlace(into, [&c] { return &c.print; });
 }

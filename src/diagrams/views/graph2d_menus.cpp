@@ -3,8 +3,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -18,10 +16,9 @@
 #include "diagrams/sheet_readout.h"
 #include "diagrams/views/design_panel.h"
 #include "diagrams/views/frmGraph2D.h"
-#include "diagrams/views/picture_export.h"
+#include "diagrams/views/picture_commands.h"
 #include "session/actions.h"
 #include "session/declare.h"
-#include "session/views/shell.h"
 
 // The menus and the tool bar of a diagram, and what leaves it as a picture or a table.
 
@@ -32,10 +29,6 @@ using Module9::Mark;
 
 constexpr auto kProcessLine = "mnuAddProcessLine";
 constexpr QSize kToolIcon(20, 20);
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 std::size_t at(int index) {
     return static_cast<std::size_t>(index);
@@ -337,49 +330,22 @@ void frmGraph2D::followMenus() {
 
 namespace {
 
-chart::PictureOptions optionsOf(const chart::Chart2D& c) {
-    chart::PictureOptions options;
-    const QSizeF printed = chart::PixelsOfCm(c.print.width, c.print.height);
-    if (printed.width() > 1 && printed.height() > 1) {
-        // The proportions of the printed picture at a width that carries the texts.
-        constexpr double kWidth = 900;
-        options.size = printed * (kWidth / printed.width());
-    }
-    options.title = QString::fromStdString(c.header.text);
-    return options;
+picture_commands::Picture pictureOf(const chart::Chart2D& c) {
+    return {chart::PaintingOf(c), c.print, QString::fromStdString(c.header.text)};
 }
 
 }  // namespace
 
 void frmGraph2D::copyPicture() {
-    chart::CopyPicture(chart::PaintingOf(sheet_.chart), optionsOf(sheet_.chart));
+    picture_commands::Copy(pictureOf(sheet_.chart));
 }
 
 void frmGraph2D::savePicture() {
-    const auto name = dialogs::ChooseFile(
-        {.save = true,
-         .title = "Save as Image File",
-         .filter = "PNG image (*.png)|*.png|Bitmap (*.bmp)|*.bmp|SVG drawing (*.svg)|*.svg|"
-                   "PDF document (*.pdf)|*.pdf|Enhanced metafile (*.emf)|*.emf|"
-                   "Windows metafile (*.wmf)|*.wmf",
-         .folder = Declare::session.FolderDiagram2D,
-         .defaultExtension = ".png",
-         .overwritePrompt = true});
-    if (!name || name->empty()) return;
-    const chart::FileOutcome written =
-        chart::ExportPicture(chart::PaintingOf(sheet_.chart), qt(*name), optionsOf(sheet_.chart));
-    if (!written.ok) dialogs::Tell(written.message, "ERROR", dialogs::Icon::Stop);
+    picture_commands::Save(pictureOf(sheet_.chart), Declare::session.FolderDiagram2D);
 }
 
 void frmGraph2D::printPicture() {
-    QPrinter printer;
-    printer.setDocName(qt(sheet_.chart.header.text));
-    QPrintDialog dialog(&printer, shell::FrameWindow());
-    dialog.setObjectName("PrintDialog");
-    if (dialog.exec() != QDialog::Accepted) return;
-    const chart::FileOutcome printed =
-        chart::PrintPicture(chart::PaintingOf(sheet_.chart), printer, sheet_.chart.print);
-    if (!printed.ok) dialogs::Tell(printed.message, "ERROR", dialogs::Icon::Stop);
+    picture_commands::Print(pictureOf(sheet_.chart));
 }
 
 void frmGraph2D::copyTable() {

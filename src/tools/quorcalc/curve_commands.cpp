@@ -4,9 +4,12 @@
 #include "diagrams/catalogue.h"
 #include "diagrams/coordinates.h"
 #include "diagrams/curve.h"
+#include "diagrams/prepare_2d.h"
+#include "diagrams/sheet_draw.h"
 #include "session/menu_catalogue.h"
 #include "session/module2.h"
 #include "tools/quorcalc/command_list.h"
+#include "tools/quorcalc/pictures.h"
 
 namespace quorcalc {
 
@@ -34,6 +37,29 @@ void choose_section(Declare::DiagramRequest& request) {
         return;
     }
     request.sectionKind = Module9::kProjection;
+}
+
+/// The diagram of a code with one curve in it, as the diagram view shows it.
+void draw(const Arguments& a, const Declare::DiagramRequest& computed,
+          const Declare::CurvePointArray& points) {
+    Declare::DiagramRequest request = computed;
+    Module9::PrepareDiagram2D(request);
+    // A new substance begins with its critical state: the names of the curve need the asked one.
+    Declare::Session& s = Declare::session;
+    s.DiagramT = a.T.value_or(s.DiagramT);
+    s.DiagramP = a.p.value_or(s.DiagramP);
+    s.DiagramV = a.v.value_or(s.DiagramV);
+    request.xMin = computed.xMin;
+    request.xMax = computed.xMax;
+    request.yMin = computed.yMin;
+    request.yMax = computed.yMax;
+    Module9::DiagramSheet sheet;
+    Module9::OpenSheet(sheet, request);
+    const int slot = Module9::StoreCurve(sheet, points);
+    if (slot < 0) throw CannotBeDone{"The curve has no points to draw."};
+    const Module9::CurveName name = Module9::NameOf(request, false);
+    Module9::NameCurve(sheet, slot, name.legend, name.label);
+    WritePictures(a, sheet);
 }
 
 Json curve(const Arguments& a) {
@@ -77,6 +103,11 @@ Json curve(const Arguments& a) {
                         Number(static_cast<double>(points[i].y)),
                         Number(static_cast<double>(points[i].z))});
     const kurve::StatusText told = kurve::TextOf(r);
+    if (WantsPicture(a)) {
+        if (!kurve::IsDrawn(r.status))
+            throw CannotBeDone{r.message.empty() ? told.text : r.message};
+        draw(a, request, points);
+    }
     return {{"status", r.status},
             {"count", kurve::PointCount(points)},
             {"mark", points.empty() ? Json() : Json(static_cast<int>(points.front().z))},
@@ -98,7 +129,8 @@ std::string curve_text(const Json& result) {
 std::vector<Command> CurveCommands() {
     return {{"curve",
              "points of a curve of a diagram",
-             {"type!", "T", "p", "v", "window", "points", "fraction", "scurve", "tieline"},
+             {"type!", "T", "p", "v", "window", "points", "fraction", "scurve", "tieline", "png",
+              "svg", "pdf"},
              curve,
              curve_text}};
 }

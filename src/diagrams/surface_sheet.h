@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "diagrams/chart/chart3d.h"
+#include "diagrams/surface.h"
+#include "diagrams/surface_grid.h"
+#include "session/declare.h"
+
+namespace Module9 {
+
+/// One surface on the screen: what it shows, its working limits, its chart.
+struct SurfaceSheet {
+    std::int16_t Diagram3DKind = 0;
+    bool SCurve3D = false;
+    Declare::Grid3D limits;                                    ///< in displayed units
+    int nx = kurve::kNodesAtStart, ny = kurve::kNodesAtStart;  ///< mesh lines of each direction
+    chart::Chart3D chart;
+    /// The texts that the chart was given last: drawing anew renews those that were not changed.
+    SurfaceTexts given;
+};
+
+/// The surface of the session's kind with the limits of `Declare::grid3D`, computed and with its
+/// texts.
+void OpenSurface(SurfaceSheet& sheet);
+
+/// Kind and limits of a sheet become those of the session.
+void GiveToSession(const SurfaceSheet& sheet);
+
+/// `cmdNewDraw`: computes the surface of the present models and units anew; a critical point that
+/// is marked moves along. Styles and view stay. An empty surface is remarked upon.
+void NewDraw(SurfaceSheet& sheet);
+
+/// `cmdCoord3_OK`: takes the limits and draws anew, or tells which are refused. Limits that the
+/// kind does not use stay as they are.
+bool SetLimits(SurfaceSheet& sheet, const Declare::Grid3D& limits);
+
+/// `mnuIXIY`: numbers of mesh lines, kept within 2 to 201.
+void SetMeshlines(SurfaceSheet& sheet, int nx, int ny);
+
+/// Whether the critical point is marked; and its removal.
+bool HasCriticalMark(const SurfaceSheet& sheet);
+void RemoveCriticalMark(SurfaceSheet& sheet);
+
+/// `mnuSaveOC3`: asks for a name and writes the chart; false when nothing was written.
+bool SaveOC3(const SurfaceSheet& sheet);
+
+/// `mnuLoadOC3`: asks for a file, whose chart takes the place of the sheet's. Working limits and
+/// kind stay. Empty after a cancel or a file that cannot be read, else the file's name.
+std::string LoadOC3(SurfaceSheet& sheet);
+
+/// x, y and z of a place on the surface with the titles of the axes.
+std::string SurfaceReadout(const chart::Chart3D& chart, double x, double y, double z);
+
+}  // namespace Module9

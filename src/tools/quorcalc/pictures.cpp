@@ -1,0 +1,40 @@
+#include "tools/quorcalc/pictures.h"
+
+#include "tools/quorcalc/commands.h"
+
+namespace quorcalc {
+
+namespace {
+
+template <class Draw, class Chart>
+void write_all(const Arguments& a, const Draw& draw, Chart& chart) {
+    const std::pair<const char*, const std::string&> wanted[] = {
+        {"png", a.png}, {"svg", a.svg}, {"pdf", a.pdf}};
+    for (const auto& [format, file] : wanted) {
+        if (file.empty()) continue;
+        if (!draw) throw CannotBeDone{"Pictures cannot be drawn here."};
+        const chart::FileOutcome outcome = draw(chart, format, file);
+        if (!outcome.ok) throw CannotBeDone{outcome.message};
+    }
+}
+
+}  // namespace
+
+PictureDrawer& Pictures() {
+    static PictureDrawer drawer;
+    return drawer;
+}
+
+bool WantsPicture(const Arguments& a) {
+    return !a.png.empty() || !a.svg.empty() || !a.pdf.empty();
+}
+
+void WritePictures(const Arguments& a, Module9::DiagramSheet& sheet) {
+    write_all(a, Pictures().drawSheet, sheet);
+}
+
+void WritePictures(const Arguments& a, const chart::Chart3D& surface) {
+    write_all(a, Pictures().drawSurface, surface);
+}
+
+}  // namespace quorcalc

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "diagrams/chart/chart3d.h"
+#include "diagrams/chart/chart_file.h"
+#include "diagrams/diagram_sheet.h"
+#include "tools/quorcalc/arguments.h"
+
+namespace quorcalc {
+
+/// Draws diagrams into files without a window. The program installs it, so that the commands know
+/// nothing of fonts and painters; where nothing is installed a picture cannot be made.
+struct PictureDrawer {
+    /// The outcome of writing a file of `format`: "png", "svg" or "pdf".
+    using Outcome = chart::FileOutcome;
+    std::function<Outcome(Module9::DiagramSheet&, const std::string& format,
+                          const std::string& file)>
+        drawSheet;
+    std::function<Outcome(const chart::Chart3D&, const std::string& format,
+                          const std::string& file)>
+        drawSurface;
+};
+PictureDrawer& Pictures();
+
+/// True when the call asks for a picture.
+bool WantsPicture(const Arguments& arguments);
+
+/// Writes every picture that the call asks for. Throws `CannotBeDone` with the reason.
+void WritePictures(const Arguments& arguments, Module9::DiagramSheet& sheet);
+void WritePictures(const Arguments& arguments, const chart::Chart3D& surface);
+
+}  // namespace quorcalc

@@ -1,0 +1,124 @@
+#include <QPainter>
+
+#include "diagrams/active_fluid.h"
+#include "diagrams/prepare_3d.h"
+#include "diagrams/surface_sheet.h"
+#include "diagrams/views/chart3d_paint.h"
+#include "diagrams/views/frmGraph3D.h"
+#include "screens/look.h"
+#include "session/menu_graph_rows.h"
+
+namespace {
+
+constexpr QSize kCell(620, 480);
+constexpr int kColumns = 3;
+
+/// A way in which a surface is shown.
+struct Look {
+    const char* name;
+    void (*apply)(chart::Chart3D&);
+};
+
+constexpr Look kLooks[] = {
+    {"as it opens", [](chart::Chart3D&) {}},
+    {"zones and contours",
+     [](chart::Chart3D& c) {
+         c.style.zoned = c.style.contoured = true;
+         c.style.floorContours = true;
+         c.mesh.x = c.mesh.y = false;
+         Turn(c.view, 80, 8);
+     }},
+    {"transparent, ceiling",
+     [](chart::Chart3D& c) {
+         c.style.transparent = c.style.ceilingContours = c.style.ceilingZones = true;
+         c.mesh.halvedX = c.mesh.halvedY = true;
+         c.view.perspective = false;
+         Turn(c.view, 160, -5);
+     }},
+    {"mesh only",
+     [](chart::Chart3D& c) {
+         c.style.solid = false;
+         Turn(c.view, -110, 10);
+     }},
+    {"from below", [](chart::Chart3D& c) { c.view.elevation = -20; }},
+    {"map",
+     [](chart::Chart3D& c) { c.style.projection2D = c.style.contoured = true; }},
+};
+
+/// Every surface of the menu for a fluid, in several views and styles.
+class SurfaceSheets : public ActiveFluid {
+  protected:
+    void sheets(const std::string& fluid, const QString& name, std::int16_t eos = kPengRobinson) {
+        activate(fluid, eos);
+        for (const menu::Row& row : menu::graph_rows()) {
+            if (row.action != "Diagram3D") continue;
+            for (const bool SCurve : {false, true}) {
+                if (SCurve && row.code != 1 && row.code != 4) continue;
+                kind(row.code, SCurve,
+                     QString("surface_%1_%2%3")
+                         .arg(name)
+                         .arg(row.code)
+                         .arg(SCurve ? "_s_curve" : ""));
+            }
+        }
+    }
+
+    static void kind(std::int16_t code, bool SCurve, const QString& name) {
+        Declare::session.Diagram3DKind = code;
+        Declare::session.SCurve3D = SCurve;
+        Module9::Views3D() = {};
+        Module9::PrepareDiagram3D();
+        constexpr int kRows = (static_cast<int>(std::size(kLooks)) + kColumns - 1) / kColumns;
+        QImage picture(kCell.width() * kColumns, kCell.height() * kRows, QImage::Format_RGB32);
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        int place = 0;
+        for (const Look& look : kLooks) {
+            Module9::SurfaceSheet sheet;
+            Module9::OpenSurface(sheet);
+            EXPECT_TRUE(kurve::HasSurface(sheet.chart.surface)) << code;
+            if (code != 5) Module9::AddCriticalPoint(sheet.chart);
+            look.apply(sheet.chart);
+            const QRect cell(QPoint(place % kColumns * kCell.width(),
+                                    place / kColumns * kCell.height()),
+                             kCell);
+            chart::PaintChart3D(painter, cell, sheet.chart);
+            painter.setPen(Qt::gray);
+            painter.drawText(cell.adjusted(4, 0, 0, -2), Qt::AlignLeft | Qt::AlignBottom,
+                             look.name);
+            ++place;
+        }
+        painter.end();
+        const QString folder = QStringLiteral(QUOR_SCREENS);
+        QDir().mkpath(folder);
+        EXPECT_TRUE(picture.save(folder + "/" + name + ".png"));
+        EXPECT_GE(look::colours(picture), 12);
+    }
+};
+
+TEST_F(SurfaceSheets, Water) {
+    sheets("Water", "water");
+}
+
+TEST_F(SurfaceSheets, Propane) {
+    sheets("Propane", "propane", kSoave);
+}
+
+TEST_F(SurfaceSheets, TheViewAndItsPanel) {
+    activate("Carbon dioxide");
+    Declare::session.Diagram3DKind = 1;
+    graph3d_views::Install();
+    Module9::PrepareDiagram3D();
+    frmGraph3D* view = frmGraph3D::current();
+    ASSERT_NE(view, nullptr);
+    view->resize(1100, 720);
+    look::at(view, "frmGraph3D");
+    for (const char* page : {"Surface", "Section", "Axes", "Text", "View"}) {
+        view->findChild<QAction*>(QString("mnu%1Design").arg(page))->trigger();
+        look::at(view, QString("frmGraph3D_%1").arg(page).toLower());
+    }
+    view->close();
+    Module9::Views3D() = {};
+}
+
+}  // namespace
