@@ -5,7 +5,9 @@
 #include "calculation/reference_lines.h"
 #include "common/constants.h"
 #include "common/numbers.h"
+#include "common/text.h"
 #include "models/virial.h"
+#include "session/module2.h"
 
 /// Modes 3, 8, 12 and 13: the state at T and p, or at p and a density.
 namespace Zentrale {
@@ -103,6 +105,48 @@ void CaloricFunctions(Job& job) {
     StoreRecord(job);
 }
 
+namespace {
+
+/// A column of the list of the process, wide enough for the labels of all units.
+std::string column(const std::string& text) {
+    constexpr std::size_t kWidth = 17;
+    return text::PadLeft(text, kWidth);
+}
+
+std::string value_column(double value) {
+    return column(std::isfinite(value) ? numbers::General(numbers::ToSingle(value)) : "");
+}
+
+/// The states of the process, one a line; a value that the program did not give stays empty.
+void list_process(Job& job) {
+    const Declare::ProcessLineRecord& process = Declare::processLine;
+    job.list.add("Polytropic process, n = " + numbers::General(process.PolytropicExponent) +
+                 ", kappa = " + numbers::General(process.Kappa));
+    for (std::string& line : ReferenceLines()) job.list.add(std::move(line));
+    job.list.add(column("T/K") + column("p/kPa") + column("v/(" + session.VolumeLabel + ")") +
+                 column(text::Trim(CaloricLabel(kH))) + column(text::Trim(CaloricLabel(kS))));
+    const double factor = session.CaloricFactor;
+    for (const Declare::PolytropicPoint& point : Declare::polytropicPoints) {
+        session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, point.T);
+        std::string line = value_column(point.T) + value_column(point.p);
+        const Calc::StateTP state = Calc::SolveStateTP(point.T, point.p);
+        const bool liquid = state.hasL && (!state.hasV || process.Phase == 0);
+        const double v = liquid ? state.vL : state.vV;
+        if (state.status == kSuccess && v > 0) {
+            const FunctionValues functions = FunctionsAt(point.T, point.p, v);
+            line += value_column(v * session.VolumeFactor);
+            if (functions.status == kSuccess) {
+                const auto scaled = Scaled(functions);
+                line += value_column(scaled[kH]) + value_column(scaled[kS]);
+            }
+        }
+        job.list.add(std::move(line));
+    }
+    session.CaloricFactor = factor;
+}
+
+}  // namespace
+
 void PolytropicProcess(Job& job) {
     const Declare::ProcessLineRecord& process = Declare::processLine;
     Declare::BatchDataSet& input = Declare::BatchData.front();
@@ -112,6 +156,7 @@ void PolytropicProcess(Job& job) {
     resultText.panelsHidden = true;
     if (!FetchT(job) || !FetchP(job)) return;
     tell_given_state(job);
+    if (!Declare::polytropicPoints.empty()) list_process(job);
 }
 
 }  // namespace Zentrale

@@ -201,12 +201,16 @@ void WithProcessLine(Declare::DiagramRequest& request, const std::function<void(
     draw();
 }
 
-std::string OnePointNote(std::int16_t DiagramType, const Declare::CurvePointArray& points) {
+std::string OnePointNote(std::int16_t DiagramType, std::span<const float> x,
+                         std::span<const float> y) {
     const bool listed = (DiagramType >= 13 && DiagramType <= 15) ||
                         (DiagramType >= 90 && DiagramType <= 99) || DiagramType == 183;
-    if (!listed || PointCount(points) == 0) return {};
-    for (std::size_t i = 2; i < points.size(); ++i)
-        if (points[i].x != points[1].x || points[i].y != points[1].y) return {};
+    if (!listed || x.empty()) return {};
+    const auto same = [](std::span<const float> values) {
+        return std::all_of(values.begin(), values.end(),
+                           [&](float value) { return value == values.front(); });
+    };
+    if (!same(x) || !same(y)) return {};
     return "There is only one point drawn because this function is independent on pressure";
 }
 

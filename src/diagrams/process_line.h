@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -54,7 +55,8 @@ void WithProcessLine(Declare::DiagramRequest& request, const std::function<void(
 
 /// Text of the note when a line has shrunk to one point because the function of the diagram does
 /// not depend on pressure; empty otherwise.
-std::string OnePointNote(std::int16_t DiagramType, const Declare::CurvePointArray& points);
+std::string OnePointNote(std::int16_t DiagramType, std::span<const float> x,
+                         std::span<const float> y);
 
 /// What `cmdVScalc` writes of the state T1, p1 of the form: volume and phase, entropy or enthalpy
 /// by kind, in the units of the session.

@@ -12,7 +12,7 @@
 #include "diagrams/views/chart2d_widget.h"
 #include "diagrams/views/frmGraph2D.h"
 #include "session/declare.h"
-#include "views/frame_test.h"
+#include "views/graph_test.h"
 
 namespace {
 
@@ -24,39 +24,8 @@ using drive::read;
 using drive::type;
 using drive::when;
 
-class Graph2D : public FrameTest {
+class Graph2D : public GraphTest {
   protected:
-    Graph2D() {
-        databases::Write(folder() / "STUDENT.Q05", {databases::Row("Propane")});
-        start();
-        openSubstance("Propane");
-    }
-
-    static Module9::DiagramSheet& sheet() { return frmGraph2D::current()->sheet(); }
-    static const chart::Series& curve(int slot) {
-        return sheet().chart.curves.at(static_cast<std::size_t>(slot));
-    }
-    static chart::Chart2DWidget* canvas() {
-        return frmGraph2D::current()->findChild<chart::Chart2DWidget*>();
-    }
-    /// The widget that takes the mouse.
-    static QWidget* surface() { return canvas()->findChild<chart::Chart2DPlot*>(); }
-
-    /// Opens p-v with an isotherm drawn.
-    void openIsotherm(const QString& T = "300") {
-        when("frmTpVSInputBox", [T] {
-            type("rText", T);
-            click("cmdOKAndDraw");
-        });
-        choose("mnuGraf_sub_cut_1");
-    }
-    void drawAt(const QString& T) {
-        when("frmTpVSInputBox", [T] {
-            type("rText", T);
-            click("cmdOKAndDraw");
-        });
-        click("cmdParameter");
-    }
     QString path(const char* name) const {
         return QString::fromStdString((folder() / name).string());
     }

@@ -27,7 +27,7 @@ namespace {
 
 using Declare::session;
 
-constexpr std::int16_t kPolytropicMode = 12, kLastMode = 24, kDirectInput = 100;
+constexpr std::int16_t kLastMode = 24, kDirectInput = 100;
 
 template <class View>
 View* open_view(const QString& name) {
@@ -103,8 +103,7 @@ void ask_reference() {
 
 void register_rows() {
     for (std::int16_t mode = 1; mode <= kLastMode; ++mode) {
-        if (Zentrale::ModeOf(mode).menu == Zentrale::Menu::None || mode == kPolytropicMode)
-            continue;
+        if (Zentrale::ModeOf(mode).menu == Zentrale::Menu::None) continue;
         actions::RegisterAction("CalcMode_" + std::to_string(mode),
                                 [mode] { Zentrale::RunCalculation(mode); });
     }

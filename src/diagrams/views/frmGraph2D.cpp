@@ -16,6 +16,7 @@
 #include "diagrams/coordinates.h"
 #include "diagrams/parameter_input.h"
 #include "diagrams/prepare_2d.h"
+#include "diagrams/process_line.h"
 #include "diagrams/sheet_draw.h"
 #include "diagrams/sheet_file.h"
 #include "diagrams/sheet_points.h"
@@ -25,6 +26,7 @@
 #include "diagrams/views/design_panel.h"
 #include "diagrams/views/frmInputProzessLinien.h"
 #include "diagrams/views/frmTpVSInputBox.h"
+#include "diagrams/views/range_input.h"
 #include "session/actions.h"
 #include "session/declare.h"
 #include "session/module2.h"
@@ -170,7 +172,7 @@ void frmGraph2D::askParameter() {
 void frmGraph2D::askRange() {
     becomeCurrent();
     Declare::processLine.Kind = kRangeInput;
-    frmInputProzessLinien box(sheet_.request.sectionKind, shell::FrameWindow());
+    RangeInput box(sheet_.request.sectionKind, shell::FrameWindow());
     if (shell::OpenModal(box) != QDialog::Accepted) return abortWhenEmpty();
     Module9::TakeParameters(sheet_);
     draw();
@@ -180,9 +182,31 @@ void frmGraph2D::askIsohygric() {
     becomeCurrent();
     if (!Module9::MayMarkIsohygric()) return;
     Declare::processLine.Kind = kFractionInput;
-    frmInputProzessLinien box(sheet_.request.sectionKind, shell::FrameWindow());
+    RangeInput box(sheet_.request.sectionKind, shell::FrameWindow());
     if (shell::OpenModal(box) != QDialog::Accepted) return;
     Module9::MarkIsohygric(sheet_, box.vapourFraction());
+    refresh();
+}
+
+void frmGraph2D::askProcessLine(std::uint8_t kind) {
+    becomeCurrent();
+    Declare::processLine.Kind = kind;
+    Declare::processLine.BaseDiagramType = sheet_.request.DiagramType;
+    frmInputProzessLinien box(
+        frmInputProzessLinien::Purpose::Line, [this] { drawProcessLine(); }, shell::FrameWindow());
+    shell::OpenModal(box);
+}
+
+void frmGraph2D::drawProcessLine() {
+    Module9::DrawOutcome outcome;
+    kurve::WithProcessLine(sheet_.request, [&] { outcome = Module9::DrawCurve(sheet_); });
+    // The answer of the polytropic program belongs to this line alone.
+    Declare::polytropicPoints.clear();
+    if (outcome.slot >= 0) {
+        const auto& curve = sheet_.chart.curves[static_cast<std::size_t>(outcome.slot)];
+        const std::string note = kurve::OnePointNote(sheet_.request.DiagramType, curve.x, curve.y);
+        if (!note.empty()) dialogs::Tell(note, "Note");
+    }
     refresh();
 }
 
@@ -340,6 +364,15 @@ void open_editor_graph() {
 
 void Install() {
     Zentrale::views().prepareDiagram = Module9::OpenDiagram2D;
+    const auto calculate_process = [] {
+        frmInputProzessLinien box(
+            frmInputProzessLinien::Purpose::Calculation, [] { Zentrale::views().openResultView(); },
+            shell::FrameWindow());
+        shell::OpenModal(box);
+        Declare::polytropicPoints.clear();
+        Declare::processLine.FromCalculation = false;
+    };
+    Zentrale::views().openProcessView = calculate_process;
     Module9::Views2D() = {
         .openDiagram = frmGraph2D::Open,
         .openParameterInput =

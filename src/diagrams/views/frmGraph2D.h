@@ -70,6 +70,8 @@ class frmGraph2D : public QMainWindow {
 
     void askCoordinates();
     void askIsohygric();
+    void askProcessLine(std::uint8_t kind);
+    void drawProcessLine();
     void askText();
     void addLegend();
     void loadOC2();

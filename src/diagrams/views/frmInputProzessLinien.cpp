@@ -1,109 +1,346 @@
 #include "diagrams/views/frmInputProzessLinien.h"
 
-#include <QLabel>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QGroupBox>
+#include <QProgressDialog>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QThread>
 #include <QVBoxLayout>
+#include <cmath>
+#include <limits>
 
 #include "common/dialogs.h"
+#include "common/numbers.h"
 #include "common/views/form.h"
 #include "common/views/number_edit.h"
 #include "common/views/theme.h"
-#include "diagrams/catalogue.h"
-#include "diagrams/parameter_input.h"
+#include "diagrams/polytropic_exchange.h"
 #include "session/declare.h"
+#include "session/views/shell.h"
 
 namespace {
 
-constexpr std::uint8_t kVapourFraction = 8;
+using Declare::processLine;
 using Declare::session;
+namespace Kind = kurve::ProcessKind;
 
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
+constexpr auto kRefusal = "Execution not possible";
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+constexpr int kPRange = 0, kTRange = 1;              // `optTp`
+constexpr int kLiquid = 0, kVapour = 1;              // `optPhase`
+constexpr int kHomogeneous = 0, kHeterogeneous = 1;  // `optHomoHetero`
+constexpr int kIdealGas = 1;                         // `optIdealEOS`
+
+QString qt(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
 }
+
+double number_in(const NumberEdit* edit) {
+    return edit->holdsNumber() ? edit->value() : kNoNumber;
+}
+
+/// Keeps the window alive while another program works, and lets the user give the wait up.
+class PatientWait {
+  public:
+    explicit PatientWait(QWidget* parent)
+        : box_(QString("Waiting for %1, at most %2 s ...")
+                   .arg(kurve::kPolytropicProgram)
+                   .arg(kurve::polytropicRunner().limit.count() / 1000),
+               "Give up", 0, 0, parent),
+          before_(kurve::polytropicRunner().pass) {
+        box_.setObjectName("polytropicWait");
+        box_.setWindowTitle("Polytropic process");
+        box_.setWindowModality(Qt::WindowModal);
+        box_.setMinimumDuration(0);
+        box_.show();
+        kurve::polytropicRunner().pass = [this] {
+            QCoreApplication::processEvents();
+            QThread::msleep(kPause);
+            return !box_.wasCanceled();
+        };
+    }
+    ~PatientWait() { kurve::polytropicRunner().pass = before_; }
+    PatientWait(const PatientWait&) = delete;
+    PatientWait& operator=(const PatientWait&) = delete;
+
+  private:
+    static constexpr unsigned long kPause = 20;  // ms
+    QProgressDialog box_;
+    std::function<bool()> before_;
+};
 
 }  // namespace
 
-frmInputProzessLinien::frmInputProzessLinien(std::int16_t sectionKind, QWidget* parent)
-    : QDialog(parent),
-      sectionKind_(sectionKind),
-      fraction_(Declare::processLine.Kind == kVapourFraction) {
+frmInputProzessLinien::frmInputProzessLinien(Purpose purpose, std::function<void()> draw,
+                                             QWidget* parent)
+    : QDialog(parent), purpose_(purpose), draw_(std::move(draw)), kind_(processLine.Kind) {
     setObjectName("frmInputProzessLinien");
-    grid_ = form::grid();
-    grid_->setContentsMargins({});
-    hint_ = form::named(new QLabel(" "), "lblTextHinweis");
-    QPalette red = hint_->palette();
-    red.setColor(QPalette::WindowText, theme::errorColour());
-    hint_->setPalette(red);
-
-    QPushButton* apply = form::button("&Apply and Close", "cmdDraw");
-    fraction_ ? askFraction() : askRange();
-    if (fraction_) apply->setText("&Specific. of y(V)");
-    apply->setDefault(true);
-    connect(apply, &QPushButton::clicked, this, &frmInputProzessLinien::confirm);
-    QPushButton* close = form::button("&Cancel", "cmdClose");
-    connect(close, &QPushButton::clicked, this, &QDialog::reject);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(theme::kGap);
-    buttons->addStretch(1);
-    buttons->addWidget(apply);
-    buttons->addWidget(close);
+    setWindowTitle("Input Parameters fpr Processlines");
+    title_ = form::named(new QLabel, "lblTitel");
+    QFont bold = title_->font();
+    bold.setBold(true);
+    title_->setFont(bold);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
     layout->setSpacing(theme::kGroupGap);
-    layout->addLayout(grid_);
-    layout->addWidget(hint_);
+    layout->addWidget(title_);
+    if (isPolytropic())
+        layout->addWidget(buildOptions("Equation of state", "fraIdealEOS",
+                                       {"using actual EOS", "using Id-Gas equation"},
+                                       processLine.IdealGasEquation ? kIdealGas : 0, eos_));
+    if (mayBeHeterogeneous())
+        layout->addWidget(buildOptions("Region", "fraHomoHetero",
+                                       {"Process line homogen.", "Process line heterogen. V-L"},
+                                       kHomogeneous, region_));
+    if (asksForRange())
+        layout->addWidget(rangeFrame_ = buildOptions("Range", "fraTp", {"p range", "T range"},
+                                                     processLine.RangeIsT != 0, range_));
+    layout->addWidget(buildFields());
+    if (!isLine())
+        layout->addWidget(buildOptions(
+            "Phase at the start", "fraPhase", {"L-Phase", "V-Phase"},
+            Declare::models.EOSOnlyV || processLine.Phase != 0 ? kVapour : kLiquid, phase_));
+    if (isPolytropic()) layout->addWidget(buildExponents());
+
+    auto* start = new QHBoxLayout;
+    estimate_ = form::button(qt(kurve::TextsOfProcess(kind_).command), "cmdVScalc");
+    estimate_->setToolTip(qt(kurve::TextsOfProcess(kind_).commandTip));
+    estimate_->setVisible(!estimate_->text().isEmpty());
+    state_ = form::named(new QLabel, "txtVSCalc");
+    state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    state_->setMinimumHeight(2 * state_->fontMetrics().lineSpacing());
+    start->addWidget(estimate_);
+    start->addWidget(state_, 1);
+    layout->addLayout(start);
+
     layout->addStretch(1);
+    auto* buttons = new QHBoxLayout;
+    QPushButton* go =
+        form::button(purpose == Purpose::Calculation ? "C&alculate" : "&Draw", "cmdDraw");
+    go->setDefault(true);
+    QPushButton* close = form::button("&Cancel", "cmdClose");
+    buttons->addStretch(1);
+    buttons->addWidget(go);
+    buttons->addWidget(close);
     layout->addLayout(buttons);
-    par_[0]->setFocus();
-    par_[0]->selectAll();
+
+    connect(go, &QPushButton::clicked, this, &frmInputProzessLinien::confirm);
+    connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    connect(estimate_, &QPushButton::clicked, this, &frmInputProzessLinien::tellStart);
+    for (QButtonGroup* group : {region_, range_})
+        if (group != nullptr) connect(group, &QButtonGroup::idClicked, this, [this] { follow(); });
+    showStart();
+    follow();
+    par_[0]->isVisibleTo(this) ? par_[0]->setFocus() : par_[1]->setFocus();
 }
 
-NumberEdit* frmInputProzessLinien::field(int index, const QString& caption, const QString& unit,
-                                         double value) {
-    auto* edit = form::named(new NumberEdit, QString("par_%1").arg(index));
-    edit->setValue(value);
-    form::addRow(grid_, grid_->rowCount(), caption, edit, unit);
-    connect(edit, &QLineEdit::textEdited, this, [this] { hint_->setText(" "); });
-    return edit;
+bool frmInputProzessLinien::isLine() const {
+    return kind_ == Kind::kStraightLine;
 }
 
-void frmInputProzessLinien::askRange() {
-    setWindowTitle("Parameter Input");
-    const Declare::CoordinateDefaults& d = Declare::coordinates;
-    const QString T = qt(session.TemperatureLabel), p = qt(session.PressureLabel);
-    const bool isobaric = sectionKind_ == Module9::kIsobaric;
-    const Module9::ParameterField fixed = Module9::FieldOf(sectionKind_);
-    par_[0] = field(isobaric ? 1 : 0, qt(fixed.caption), qt(fixed.unit), fixed.value);
-    const QString running = isobaric ? "T" : "p";
-    const double low = static_cast<double>(isobaric ? d.TMin : d.pMin);
-    const double high = static_cast<double>(isobaric ? d.TMax : d.pMax);
-    par_[1] = field(isobaric ? 0 : 1, running + "1 = ", isobaric ? T : p, low);
-    par_[2] = field(isobaric ? 2 : 3, running + "2 = ", isobaric ? T : p, high);
+bool frmInputProzessLinien::isPolytropic() const {
+    return kind_ == Kind::kPolytropic;
 }
 
-void frmInputProzessLinien::askFraction() {
-    setWindowTitle("Adding a Line of Const. Vapour Fraction y(V)");
-    par_[0] = field(0, "y(V) = ", {}, 0.5);
-    grid_->addWidget(form::note("  vapour fraction (0 <= y(V) <= 1)"), grid_->rowCount(), 0, 1, 3);
+bool frmInputProzessLinien::mayBeHeterogeneous() const {
+    const bool held =
+        kind_ == Kind::kIsochore || kind_ == Kind::kIsentropic || kind_ == Kind::kIsenthalpic;
+    return held && !Declare::models.EOSOnlyV;
 }
 
-double frmInputProzessLinien::vapourFraction() const {
-    return par_[0]->value();
+/// An isotherm runs over p and an isobar over T; a straight line has its own ends.
+bool frmInputProzessLinien::asksForRange() const {
+    return kind_ >= Kind::kIsochore && kind_ <= Kind::kPolytropic;
+}
+
+bool frmInputProzessLinien::chosen(const QButtonGroup* group, int index) const {
+    return group != nullptr && group->checkedId() == index;
+}
+
+QWidget* frmInputProzessLinien::buildFields() {
+    static constexpr const char* kStates[] = {" T1/ K = ", "p1/kPa = ", " T2/ K = ", "p2/kPa = "};
+    static constexpr const char* kEnds[] = {"x1 = ", "y1 = ", "x2 = ", "y2 = "};
+    auto* frame = form::frame(isLine() ? "Ends" : "Initial and final state", "fraPar");
+    auto* grid = form::grid(frame);
+    for (int i = 0; i < 4; ++i) {
+        par_[i] = form::named(new NumberEdit, QString("par_%1").arg(i));
+        parCaption_[i] = form::caption(isLine() ? kEnds[i] : kStates[i], par_[i]);
+        grid->addWidget(parCaption_[i], i / 2, 2 * (i % 2));
+        grid->addWidget(par_[i], i / 2, 2 * (i % 2) + 1);
+        connect(par_[i], &QLineEdit::textEdited, this, [this] { state_->clear(); });
+    }
+    continue_ = form::named(new QCheckBox("Specif. for initial point = final point of last curve"),
+                            "chkEndToBegin");
+    continue_->setToolTip("... useful for continuated curves, e. g. for cyclic processes ");
+    continue_->setEnabled(processLine.LastT > 0 && processLine.LastP > 0);
+    continue_->setVisible(!isLine());
+    connect(continue_, &QCheckBox::toggled, this, &frmInputProzessLinien::continueLast);
+    grid->addWidget(continue_, 2, 0, 1, 4);
+    return frame;
+}
+
+QGroupBox* frmInputProzessLinien::buildOptions(const QString& title, const QString& name,
+                                               const QStringList& captions, int chosenIndex,
+                                               QButtonGroup*& group) {
+    QGroupBox* frame = form::frame(title, name);
+    auto* line = new QHBoxLayout(frame);
+    line->setSpacing(theme::kGroupGap);
+    group = new QButtonGroup(this);
+    for (int i = 0; i < captions.size(); ++i) {
+        auto* option = form::named(new QRadioButton(captions[i]),
+                                   QString("opt%1_%2").arg(QString(name).remove(0, 3)).arg(i));
+        option->setChecked(i == chosenIndex);
+        group->addButton(option, i);
+        line->addWidget(option);
+    }
+    line->addStretch(1);
+    return frame;
+}
+
+QGroupBox* frmInputProzessLinien::buildExponents() {
+    QGroupBox* frame = form::frame("Exponents", "fraExponents");
+    auto* grid = form::grid(frame);
+    kappa_ = form::named(new QComboBox, "cmbKappa");
+    kappa_->setEditable(true);
+    kappa_->setInsertPolicy(QComboBox::NoInsert);
+    if (processLine.Kappa > 0) kappa_->setEditText(qt(numbers::General(processLine.Kappa)));
+    exponent_ = form::named(new NumberEdit, "txtExponent");
+    exponent_->setValue(processLine.PolytropicExponent);
+    form::addRow(grid, 0, "kappa = cp/cV =", kappa_);
+    form::addRow(grid, 1, "polytropic exponent =", exponent_);
+    connect(kappa_, &QComboBox::activated, this, [this](int index) {
+        kappa_->setEditText(qt(numbers::General(kappa_->itemData(index).toDouble())));
+    });
+    return frame;
+}
+
+/// What the fields begin with: the last input, else the state of the diagram and its range.
+void frmInputProzessLinien::showStart() {
+    const Declare::ProcessLineRecord& r = processLine;
+    if (isLine()) {
+        const float ends[] = {r.x1, r.y1, r.x2, r.y2};
+        for (int i = 0; i < 4; ++i) par_[i]->setValue(static_cast<double>(ends[i]));
+        return;
+    }
+    par_[0]->setValue(r.T1 > 0 ? r.T1 : session.DiagramT);
+    par_[1]->setValue(r.p1 > 0 ? r.p1 : session.DiagramP);
+    if (r.RangeEnd > 0) par_[r.RangeIsT != 0 ? 2 : 3]->setValue(r.RangeEnd);
+    if (isPolytropic()) offerKappa();
+}
+
+/// The offers belong to the temperature of the start.
+void frmInputProzessLinien::offerKappa() {
+    const QString typed = kappa_->currentText();
+    kappa_->clear();
+    for (const kurve::KappaOffer& offer : kurve::KappaOffers(par_[0]->value()))
+        if (offer.value > 0) kappa_->addItem(qt(offer.text), offer.value);
+    kappa_->setCurrentIndex(-1);
+    kappa_->setEditText(typed);
+}
+
+void frmInputProzessLinien::follow() {
+    const bool heterogeneous = chosen(region_, kHeterogeneous);
+    const bool overT = kind_ == Kind::kIsobar || chosen(range_, kTRange);
+    const kurve::ProcessTexts& texts = kurve::TextsOfProcess(kind_);
+    title_->setText(purpose_ == Purpose::Calculation
+                        ? QString("Calculation of a Polytropic Process")
+                    : heterogeneous ? qt(texts.heterogeneousTitle)
+                                    : qt(texts.title));
+    // Between the phases T fixes p; the end of the range is T or p alone.
+    const bool shown[] = {isLine() || !heterogeneous || overT, isLine() || !heterogeneous || !overT,
+                          isLine() || overT, isLine() || !overT};
+    for (int i = 0; i < 4; ++i) {
+        par_[i]->setVisible(shown[i]);
+        parCaption_[i]->setVisible(shown[i]);
+    }
+    if (phase_ != nullptr) {
+        phase_->button(kLiquid)->setText(heterogeneous ? "L saturation" : "L-Phase");
+        phase_->button(kVapour)->setText(heterogeneous ? "V saturation" : "V-Phase");
+        phase_->button(kLiquid)->setEnabled(!Declare::models.EOSOnlyV);
+    }
+    estimate_->setEnabled(!heterogeneous);
+    state_->clear();
+}
+
+void frmInputProzessLinien::continueLast(bool on) {
+    const kurve::ProcessInput last = kurve::ContinuedFrom(input());
+    for (int i = 0; i < 2; ++i) {
+        if (on) par_[i]->setValue(last.par[static_cast<std::size_t>(i)]);
+        par_[i]->setReadOnly(on);
+    }
+    if (isPolytropic()) offerKappa();
+    state_->clear();
+}
+
+kurve::ProcessInput frmInputProzessLinien::input() const {
+    kurve::ProcessInput in;
+    in.Kind = kind_;
+    for (std::size_t i = 0; i < 4; ++i) in.par[i] = number_in(par_[i]);
+    in.RangeIsT = kind_ == Kind::kIsobar || chosen(range_, kTRange);
+    in.Vapour = !chosen(phase_, kLiquid);
+    in.Heterogeneous = chosen(region_, kHeterogeneous);
+    in.IdealGasEquation = chosen(eos_, kIdealGas);
+    in.EndToBegin = continue_->isChecked();
+    if (isPolytropic()) {
+        in.Kappa = numbers::Val(kappa_->currentText().toStdString());
+        in.Exponent = number_in(exponent_);
+    }
+    // The fields show fewer digits than the last point has.
+    return in.EndToBegin ? kurve::ContinuedFrom(in) : in;
+}
+
+void frmInputProzessLinien::tellStart() {
+    const kurve::ProcessInput in = input();
+    if (!(in.par[0] > 0) || !(in.par[1] > 0)) {
+        dialogs::Tell("Input incomplete or not valid", kRefusal);
+        return;
+    }
+    state_->setText(qt(kurve::StartStateText(kind_, in.par[0], in.par[1])));
+}
+
+bool frmInputProzessLinien::runProgram() {
+    using Code = kurve::PolytropicCode;
+    Code code = Code::kDone;
+    {
+        const PatientWait wait(this);
+        code = kurve::RunPolytrope();
+    }
+    switch (code) {
+        case Code::kDone:
+            return true;
+        case Code::kMissingProgram:  // told; a line can still be drawn by the equation of state
+            return purpose_ == Purpose::Line;
+        case Code::kNotWritten:  // told
+            return false;
+        case Code::kGivenUp:
+            state_->setText("given up");
+            return false;
+        default:
+            dialogs::Tell(kurve::PolytropicErrorText(processLine.T1, processLine.p1), kRefusal);
+            return false;
+    }
 }
 
 void frmInputProzessLinien::confirm() {
-    const auto typed = [](const NumberEdit* edit) {
-        return edit->holdsNumber() ? edit->value() : -1;
-    };
-    if (fraction_) {
-        if (Module9::IsVapourFraction(typed(par_[0]))) return accept();
-        hint_->setText("Input not in the valid range");
-        par_[0]->setMark(hint_->text());
+    const kurve::ProcessInput in = input();
+    if (isPolytropic() && !std::isfinite(in.Exponent)) {
+        dialogs::Tell("Input incomplete or not valid", kRefusal);
         return;
     }
-    const std::string refusal =
-        Module9::TakeRange(sectionKind_, typed(par_[0]), typed(par_[1]), typed(par_[2]));
-    if (refusal.empty()) return accept();
-    dialogs::Tell(refusal, "Execution not possible");
+    const std::string refusal = kurve::TakeProcessInput(in);
+    if (!refusal.empty()) {
+        dialogs::Tell(refusal, kRefusal);
+        return;
+    }
+    if (isPolytropic()) {
+        state_->setText(qt(kurve::PhaseText(processLine.T1, processLine.p1)));
+        if (!runProgram()) return;
+    }
+    draw_();
+    accept();
 }

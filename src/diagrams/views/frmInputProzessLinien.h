@@ -1,30 +1,67 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
+
+#include "diagrams/process_line.h"
 
 class NumberEdit;
+class QButtonGroup;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
 class QLabel;
+class QPushButton;
 
-/// Input of the range of a function-function diagram, or of a vapour fraction. Accepted with a
-/// valid input, which is then in the session.
+/// Input of a process line: start state, end of the range, phase, and for a polytropic process
+/// its exponents. Accepted once the line is drawn; a refusal leaves the view open and the session
+/// as it was. Ranges and vapour fractions are asked by `RangeInput`.
 class frmInputProzessLinien : public QDialog {
     Q_OBJECT
 
   public:
-    /// `Declare::processLine.Kind` says what is asked: 7 the range, 8 the fraction.
-    explicit frmInputProzessLinien(std::int16_t sectionKind, QWidget* parent = nullptr);
+    /// What the view is opened for: a line in a diagram, or the calculation of a process.
+    enum class Purpose { Line, Calculation };
 
-    double vapourFraction() const;
+    /// `Declare::processLine.Kind` says what is asked, 0 to 6. `draw` runs with the input in the
+    /// session.
+    frmInputProzessLinien(Purpose purpose, std::function<void()> draw, QWidget* parent = nullptr);
 
   private:
-    void askRange();
-    void askFraction();
-    NumberEdit* field(int index, const QString& caption, const QString& unit, double value);
-    void confirm();
+    bool isLine() const;
+    bool isPolytropic() const;
+    bool mayBeHeterogeneous() const;
+    bool asksForRange() const;
 
-    std::int16_t sectionKind_;
-    bool fraction_;
-    NumberEdit* par_[3] = {};
-    class QGridLayout* grid_ = nullptr;
-    QLabel* hint_ = nullptr;
+    QWidget* buildFields();
+    QGroupBox* buildOptions(const QString& title, const QString& name, const QStringList& captions,
+                            int chosen, QButtonGroup*& group);
+    QGroupBox* buildExponents();
+    void showStart();
+
+    kurve::ProcessInput input() const;
+    bool chosen(const QButtonGroup* group, int index) const;
+    /// Captions and fields after a choice.
+    void follow();
+    void continueLast(bool on);
+    void offerKappa();
+    void tellStart();
+    void confirm();
+    /// Asks the polytropic program; false when there is nothing to draw.
+    bool runProgram();
+
+    Purpose purpose_;
+    std::function<void()> draw_;
+    std::uint8_t kind_;
+    QLabel* title_ = nullptr;
+    NumberEdit* par_[4] = {};
+    QLabel* parCaption_[4] = {};
+    QLabel* parUnit_[4] = {};
+    QButtonGroup *eos_ = nullptr, *region_ = nullptr, *phase_ = nullptr, *range_ = nullptr;
+    QGroupBox* rangeFrame_ = nullptr;
+    QComboBox* kappa_ = nullptr;
+    NumberEdit* exponent_ = nullptr;
+    QCheckBox* continue_ = nullptr;
+    QPushButton* estimate_ = nullptr;
+    QLabel* state_ = nullptr;
 };

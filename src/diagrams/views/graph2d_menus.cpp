@@ -11,6 +11,7 @@
 #include "common/views/theme.h"
 #include "diagrams/catalogue.h"
 #include "diagrams/curve.h"
+#include "diagrams/project_state.h"
 #include "diagrams/sheet_file.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
@@ -99,13 +100,10 @@ void frmGraph2D::buildMarkMenu() {
     const char* const kLines[] = {"Straight line", "Isotherm",    "Isobar",    "Isochore",
                                   "Isentropic",    "Isenthalpic", "Polytropic"};
     for (std::uint8_t kind = 0; kind < std::size(kLines); ++kind)
-        command(lines, kLines[kind], QString("%1_%2").arg(kProcessLine).arg(kind), [this, kind] {
-            Declare::processLine.Kind = kind;
-            Declare::processLine.BaseDiagramType = sheet_.request.DiagramType;
-            actions::Run(kProcessLine);
-            refresh();
-        });
-    rules_.emplace_back(lines->menuAction(), [] { return actions::Has(kProcessLine); });
+        command(lines, kLines[kind], QString("%1_%2").arg(kProcessLine).arg(kind),
+                [this, kind] { askProcessLine(kind); });
+    rules_.emplace_back(lines->menuAction(),
+                        [this] { return kurve::ShowsStates(sheet_.request.DiagramType); });
     menu->addSeparator();
 
     command(menu, "Experimental points", "mnuAddPunkte", [this] {
