@@ -119,6 +119,14 @@ bool is_caloric(Axis axis) {
     return axis >= Axis::jouleThomson;
 }
 
+/// The functions of the database and the slope of the vapour pressure are no states of the fluid.
+bool shows_states(const Module9::CatalogueRow& row) {
+    const auto shows = [](Axis axis) {
+        return axis != Axis::inverseTSlope && axis != Axis::dlnp && axis != Axis::deltaLVh;
+    };
+    return row.xLimits.low != nullptr && shows(row.x) && shows(row.y);
+}
+
 /// z of a diagram whose own curves have no parameter: both axes hold two of T, p, v already.
 float mark_for_z(std::int16_t code) {
     const float mark = MarkOf(code);
@@ -130,7 +138,7 @@ float mark_for_z(std::int16_t code) {
 Projection ProjectState(std::int16_t DiagramType, double T, double p, double v,
                         const thermo::StateValues& functions) {
     const Module9::CatalogueRow* row = Module9::FindRow(DiagramType);
-    if (row == nullptr || !(T > 0) || !(p > 0) || !(v > 0)) return {};
+    if (row == nullptr || !shows_states(*row) || !(T > 0) || !(p > 0) || !(v > 0)) return {};
     const State state{DiagramType, T, p, v, functions};
     const auto x = on_axis(row->x, state);
     const auto y = on_axis(row->y, state);
@@ -150,11 +158,7 @@ bool NeedsFunctions(std::int16_t DiagramType) {
 
 bool ShowsStates(std::int16_t DiagramType) {
     const Module9::CatalogueRow* row = Module9::FindRow(DiagramType);
-    if (row == nullptr || row->xLimits.low == nullptr) return false;
-    const auto shows = [](Axis axis) {
-        return axis != Axis::inverseTSlope && axis != Axis::dlnp && axis != Axis::deltaLVh;
-    };
-    return shows(row->x) && shows(row->y);
+    return row != nullptr && shows_states(*row);
 }
 
 }  // namespace kurve

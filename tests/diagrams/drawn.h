@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 #include "diagrams/curve.h"
 #include "session/declare.h"
@@ -11,7 +12,9 @@ struct Drawn {
     Declare::CurvePointArray all;  ///< with the header
     kurve::CurveResult result;
 
-    std::span<const Declare::CurvePoint> points() const { return std::span(all).subspan(1); }
+    std::span<const Declare::CurvePoint> points() const& { return std::span(all).subspan(1); }
+    /// A copy, so that a loop over the points of a temporary holds them.
+    std::vector<Declare::CurvePoint> points() && { return {all.begin() + 1, all.end()}; }
     std::size_t count() const { return all.size() - 1; }
     const Declare::CurvePoint& first() const { return all.at(1); }
     const Declare::CurvePoint& last() const { return all.back(); }
