@@ -47,6 +47,7 @@ void InitGraph3D(chart::Chart3D& chart, int nx, int ny) {
     const SurfaceTexts texts = TextsOf(*kind);
     chart.header.text = texts.title;
     chart.subtitle.text = texts.subTitle;
+    chart.footer.text = texts.note;
     set_axis(chart.x, LimitsOf(Declare::grid3D, kind->x), texts.xLabel);
     set_axis(chart.y, LimitsOf(Declare::grid3D, kind->y), texts.yLabel);
     const Limits z = LimitsOf(Declare::grid3D, kind->z);

@@ -31,7 +31,7 @@ std::string with_extension(const std::string& name) {
 
 /// The texts of a chart that its sheet gives and that its user may change.
 SurfaceTexts texts_of(const chart::Chart3D& c) {
-    return {c.header.text, c.subtitle.text, c.x.title, c.y.title, c.z.title};
+    return {c.header.text, c.subtitle.text, c.x.title, c.y.title, c.z.title, c.footer.text};
 }
 
 /// Texts that the user has changed come back after new ones were given.
@@ -44,6 +44,7 @@ void keep_changed_texts(chart::Chart3D& c, const SurfaceTexts& shown, const Surf
     keep(c.x.title, shown.xLabel, given.xLabel);
     keep(c.y.title, shown.yLabel, given.yLabel);
     keep(c.z.title, shown.zLabel, given.zLabel);
+    keep(c.footer.text, shown.note, given.note);
 }
 
 bool is_critical_mark(const chart::Marker3D& marker) {
