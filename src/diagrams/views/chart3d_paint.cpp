@@ -134,7 +134,7 @@ QImage halved(const QImage& fine) {
 /// The sheet with all shapes, painted at twice the resolution. Its cells cover whole pixels:
 /// smoothed edges would let what is hidden shine through as hairlines.
 QImage fineImage(const Scene3D& scene, const QSizeF& size, double scale, const QColor& sheet) {
-    constexpr double kMostPixels = 5e7;
+    constexpr double kMostPixels = 1.5e7;  // of larger ones the steps are not seen
     const QSizeF pixels = size * scale;
     if (pixels.width() * pixels.height() > kMostPixels) return {};
     QImage image(2 * static_cast<int>(std::ceil(pixels.width())),
