@@ -164,13 +164,19 @@ std::string state_text(double T, double p) {
 std::string ReferenceNote(std::int16_t DiagramType) {
     const CatalogueRow* row = FindRow(DiagramType);
     if (row == nullptr) return {};
-    const Declare::ReferenceState& r = Declare::reference;
     const bool exergy = shows_any(*row, {Axis::e});
     if (!exergy && !shows_any(*row, {Axis::h, Axis::hSpaced, Axis::s, Axis::g, Axis::a, Axis::u}))
         return {};
-    if (exergy && row->y == Axis::e && row->x != Axis::h && row->x != Axis::hSpaced)
-        return "surroundings: " + state_text(r.Tenv, r.penv);
+    const bool zeroPoint =
+        !(exergy && row->y == Axis::e && row->x != Axis::h && row->x != Axis::hSpaced);
+    return ReferenceText(zeroPoint, exergy);
+}
 
+std::string ReferenceText(bool zeroPoint, bool surroundings) {
+    const Declare::ReferenceState& r = Declare::reference;
+    const std::string around =
+        surroundings ? "surroundings: " + state_text(r.Tenv, r.penv) : std::string();
+    if (!zeroPoint) return around;
     constexpr std::int16_t kConventional = 2, kFormation = 10;
     const bool pressureSet = r.p0 > 0;
     std::string note = "reference state: " + state_text(static_cast<double>(r.T0),
@@ -178,7 +184,7 @@ std::string ReferenceNote(std::int16_t DiagramType) {
                                                                     : constants::kNormalPressure);
     if (r.RefMode == kConventional) note = "conventional reference state";
     if (r.RefMode == kFormation) note = "reference state: quantities of formation";
-    return exergy ? note + "; surroundings: " + state_text(r.Tenv, r.penv) : note;
+    return surroundings ? note + "; " + around : note;
 }
 
 DiagramSheet::DiagramSheet() : CurveParameters(kMaxCurves) {

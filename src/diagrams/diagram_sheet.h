@@ -93,6 +93,8 @@ void ShowTexts(DiagramSheet& sheet);
 /// On which reference state and surroundings the caloric values of a diagram rest; empty for one
 /// without such values.
 std::string ReferenceNote(std::int16_t DiagramType);
+/// The same of any diagram: the state in which h and s are zero, the surroundings of exergies.
+std::string ReferenceText(bool zeroPoint, bool surroundings);
 
 /// Makes the sheet the diagram of the session, and takes over what the session has for it.
 void GiveToSession(const DiagramSheet& sheet);

@@ -42,11 +42,21 @@ void PrepareDiagram3D() {
 }
 
 void InitGraph3D(chart::Chart3D& chart, int nx, int ny) {
+    constexpr auto kFamily = "Arial";
+    constexpr float kTitle = 15, kText = 10, kNumbers = 9;
+    chart.header.font = {kFamily, kTitle, true, false};
+    chart.subtitle.font = chart.titleFont = {kFamily, kText, false, false};
+    chart.numberFont = chart.footer.font = {kFamily, kNumbers, false, false};
+    RenewSurface(chart, nx, ny);
+}
+
+void RenewSurface(chart::Chart3D& chart, int nx, int ny) {
     const SurfaceKind* kind = FindSurface(session.Diagram3DKind);
     if (kind == nullptr) return;
     const SurfaceTexts texts = TextsOf(*kind);
     chart.header.text = texts.title;
     chart.subtitle.text = texts.subTitle;
+    chart.footer.text = texts.note;
     set_axis(chart.x, LimitsOf(Declare::grid3D, kind->x), texts.xLabel);
     set_axis(chart.y, LimitsOf(Declare::grid3D, kind->y), texts.yLabel);
     const Limits z = LimitsOf(Declare::grid3D, kind->z);

@@ -16,9 +16,12 @@ Diagram3DViews& Views3D();
 /// while the view opens is told.
 void PrepareDiagram3D();
 
-/// Header, axes and surface of a chart from the session: limits, titles, the grid of nx x ny nodes.
-/// The axis of z follows the data where no limits are set.
+/// A chart of the session's surface: its fonts, and all that `RenewSurface` sets.
 void InitGraph3D(chart::Chart3D& chart, int nx, int ny);
+
+/// Texts, axes and surface of a chart from the session: limits, titles, the grid of nx x ny nodes.
+/// The axis of z follows the data where no limits are set. Fonts, styles and view stay.
+void RenewSurface(chart::Chart3D& chart, int nx, int ny);
 
 /// The critical point as a marker of a chart; false, after a box, where there is none.
 bool AddCriticalPoint(chart::Chart3D& chart);

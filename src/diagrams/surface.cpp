@@ -4,6 +4,7 @@
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "diagrams/diagram_sheet.h"
 #include "models/model_tables.h"
 #include "session/module2.h"
 
@@ -82,10 +83,14 @@ bool IsCaloric(const SurfaceKind& surface) {
 }
 
 SurfaceTexts TextsOf(const SurfaceKind& surface) {
+    const bool hasZeroPoint = surface.z == Axis::h || surface.z == Axis::s || surface.z == Axis::g;
     return {std::string(surface.title),
             " for " + Declare::substance.Name + ",  " +
                 text::Trim(Calc::EOSName(Declare::models.EOSModel)),
-            axis_text(surface.x), axis_text(surface.y), axis_text(surface.z)};
+            axis_text(surface.x),
+            axis_text(surface.y),
+            axis_text(surface.z),
+            ReferenceText(hasZeroPoint, surface.z == Axis::e)};
 }
 
 Declare::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve) {

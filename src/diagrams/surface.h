@@ -28,6 +28,7 @@ bool IsCaloric(const SurfaceKind& surface);
 
 struct SurfaceTexts {
     std::string title, subTitle, xLabel, yLabel, zLabel;
+    std::string note;  ///< on zero points and surroundings; empty where none matter
 };
 SurfaceTexts TextsOf(const SurfaceKind& surface);
 

@@ -31,7 +31,7 @@ std::string with_extension(const std::string& name) {
 
 /// The texts of a chart that its sheet gives and that its user may change.
 SurfaceTexts texts_of(const chart::Chart3D& c) {
-    return {c.header.text, c.subtitle.text, c.x.title, c.y.title, c.z.title};
+    return {c.header.text, c.subtitle.text, c.x.title, c.y.title, c.z.title, c.footer.text};
 }
 
 /// Texts that the user has changed come back after new ones were given.
@@ -44,15 +44,18 @@ void keep_changed_texts(chart::Chart3D& c, const SurfaceTexts& shown, const Surf
     keep(c.x.title, shown.xLabel, given.xLabel);
     keep(c.y.title, shown.yLabel, given.yLabel);
     keep(c.z.title, shown.zLabel, given.zLabel);
+    keep(c.footer.text, shown.note, given.note);
 }
 
 bool is_critical_mark(const chart::Marker3D& marker) {
     return marker.text == kCriticalMarkText;
 }
 
-void compute(SurfaceSheet& sheet) {
+using Computation = void (*)(chart::Chart3D&, int nx, int ny);
+
+void compute(SurfaceSheet& sheet, Computation what) {
     const Module2::BusyPointer busy;
-    InitGraph3D(sheet.chart, sheet.nx, sheet.ny);
+    what(sheet.chart, sheet.nx, sheet.ny);
     sheet.given = texts_of(sheet.chart);
 }
 
@@ -62,7 +65,7 @@ void OpenSurface(SurfaceSheet& sheet) {
     sheet.Diagram3DKind = session.Diagram3DKind;
     sheet.SCurve3D = session.SCurve3D;
     sheet.limits = Declare::grid3D;
-    compute(sheet);
+    compute(sheet, InitGraph3D);
 }
 
 void GiveToSession(const SurfaceSheet& sheet) {
@@ -74,7 +77,7 @@ void GiveToSession(const SurfaceSheet& sheet) {
 void NewDraw(SurfaceSheet& sheet) {
     GiveToSession(sheet);
     const SurfaceTexts shown = texts_of(sheet.chart), given = sheet.given;
-    compute(sheet);
+    compute(sheet, RenewSurface);
     keep_changed_texts(sheet.chart, shown, given);
     if (HasCriticalMark(sheet)) {
         RemoveCriticalMark(sheet);
@@ -140,7 +143,11 @@ std::string LoadOC3(SurfaceSheet& sheet) {
     const std::string path = in_folder(*name);
     session.FolderDiagram3D = Module2::FolderOf(path);
     const chart::FileOutcome read = chart::LoadChart(path, sheet.chart);
-    if (read.ok) return path;
+    if (read.ok) {
+        // Drawing anew gives the texts of this surface, which the file need not show.
+        sheet.given = texts_of(sheet.chart);
+        return path;
+    }
     dialogs::Tell(read.message, "Execution not possible", dialogs::Icon::Stop);
     return {};
 }

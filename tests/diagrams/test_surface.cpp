@@ -49,6 +49,12 @@ TEST_F(Surface, TextsStandAsWorded) {
     EXPECT_EQ(texts(4).zLabel, "T / K");
     EXPECT_EQ(texts(7).zLabel, "h / (kJ/kmol) ");
     EXPECT_EQ(texts(8).zLabel, "s / (kJ/kmol/K) ");
+    EXPECT_EQ(texts(1).note, "");
+    EXPECT_EQ(texts(5).note, "");
+    EXPECT_EQ(texts(7).note, "reference state: 298.15 K, 101.325 kPa");
+    EXPECT_EQ(texts(8).note, texts(7).note);
+    EXPECT_EQ(texts(9).note, texts(7).note);
+    EXPECT_TRUE(texts(10).note.starts_with("surroundings: ")) << texts(10).note;
     set_units(3, 1);
     EXPECT_EQ(texts(3).zLabel, "v / (m^3/kg)");
     EXPECT_EQ(texts(5).zLabel, "cp / (kJ/kg/K)) ");

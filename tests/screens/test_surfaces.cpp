@@ -41,8 +41,7 @@ constexpr Look kLooks[] = {
          Turn(c.view, -110, 10);
      }},
     {"from below", [](chart::Chart3D& c) { c.view.elevation = -20; }},
-    {"map",
-     [](chart::Chart3D& c) { c.style.projection2D = c.style.contoured = true; }},
+    {"map", [](chart::Chart3D& c) { c.style.projection2D = c.style.contoured = true; }},
 };
 
 /// Every surface of the menu for a fluid, in several views and styles.
@@ -79,9 +78,8 @@ class SurfaceSheets : public ActiveFluid {
             EXPECT_TRUE(kurve::HasSurface(sheet.chart.surface)) << code;
             if (code != 5) Module9::AddCriticalPoint(sheet.chart);
             look.apply(sheet.chart);
-            const QRect cell(QPoint(place % kColumns * kCell.width(),
-                                    place / kColumns * kCell.height()),
-                             kCell);
+            const QRect cell(
+                QPoint(place % kColumns * kCell.width(), place / kColumns * kCell.height()), kCell);
             chart::PaintChart3D(painter, cell, sheet.chart);
             painter.setPen(Qt::gray);
             painter.drawText(cell.adjusted(4, 0, 0, -2), Qt::AlignLeft | Qt::AlignBottom,

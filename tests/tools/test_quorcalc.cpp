@@ -201,6 +201,80 @@ TEST_F(Quorcalc, TheProgramDrawsACurveInEveryFormat) {
               0);
 }
 
+TEST_F(Quorcalc, ASurfaceHoldsTheValuesOfItsStates) {
+    const json s = call({"surface", "--substance", "Propane", "--kind", "7", "--nx", "5", "--ny",
+                         "4", "--json"})
+                       .object();
+    EXPECT_EQ(s.at("status"), 0);
+    EXPECT_EQ(s.at("nx"), 5);
+    EXPECT_EQ(s.at("ny"), 4);
+    ASSERT_EQ(s.at("z").size(), 5U);
+    ASSERT_EQ(s.at("z")[0].size(), 4U);
+    for (int i = 0; i < 5; ++i)
+        for (int j = 0; j < 4; ++j) {
+            const double x = s.at("x0").get<double>() + i * s.at("dx").get<double>();
+            const double p = x == 0 ? 0.05 : x;
+            const double T = s.at("y0").get<double>() + j * s.at("dy").get<double>();
+            const json f = call({"functions", "--substance", "Propane", "--T", std::to_string(T),
+                                 "--p", std::to_string(p), "--json"})
+                               .object();
+            const json& row = f.at("V").is_null() ? f.at("L") : f.at("V");
+            const double h = row.at("h").get<double>();
+            EXPECT_NEAR(s.at("z")[static_cast<std::size_t>(i)][static_cast<std::size_t>(j)], h,
+                        1e-5 * std::fabs(h) + 0.05)
+                << T << " K, " << p << " kPa";
+        }
+}
+
+TEST_F(Quorcalc, ASurfaceOfPressureIsFlatInTheTwoPhaseRegionAndHasHoles) {
+    const std::vector<std::string> words{"surface", "--substance", "Propane",
+                                         "--kind",  "1",           "--json"};
+    const json s = call(words).object();
+    EXPECT_EQ(s.at("nx"), 41);
+    EXPECT_EQ(s.at("ny"), 41);
+    EXPECT_TRUE(s.at("z")[0][0].is_null()) << "there is no state of no volume";
+    const double T = s.at("y0").get<double>() + 10 * s.at("dy").get<double>();
+    const json equilibrium =
+        call({"psat", "--substance", "Propane", "--T", std::to_string(T), "--json"}).object();
+    const double pLV = equilibrium.at("p").get<double>();
+    const double middle = s.at("x0").get<double>() + 10 * s.at("dx").get<double>();
+    EXPECT_GT(middle, equilibrium.at("v")[0].get<double>());
+    EXPECT_NEAR(s.at("z")[10][10].get<double>(), pLV, 1e-4 * pLV);
+    std::vector<std::string> curved = words;
+    curved.push_back("--scurve");
+    EXPECT_NE(call(curved).object().at("z")[10], s.at("z")[10]);
+}
+
+TEST_F(Quorcalc, WrongSurfacesAreWrongCalls) {
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {"surface", "--substance", "Propane"},
+             {"surface", "--substance", "Propane", "--kind", "6"},
+             {"surface", "--substance", "Propane", "--kind", "65543"},
+             {"surface", "--substance", "Propane", "--kind", "7", "--nx", "1"},
+             {"surface", "--substance", "Propane", "--kind", "7", "--ny", "202"}})
+        EXPECT_EQ(call(words).exit, 2) << words.back();
+}
+
+TEST_F(Quorcalc, TheProgramDrawsASurfaceInEveryFormat) {
+    const std::string program = std::string(QUOR_BINARY_FOLDER) + "/quorcalc";
+    const std::pair<std::string, std::string> formats[] = {
+        {"png", "\x89PNG"}, {"svg", "<?xml"}, {"pdf", "%PDF-1.4"}};
+    std::string words = program + " surface --substance Water --kind 3";
+    const auto file = [](const std::string& format) {
+        return testing::TempDir() + "/quorcalc_surface." + format;
+    };
+    for (const auto& [format, mark] : formats) words += " --" + format + " " + file(format);
+    ASSERT_EQ(std::system((words + " >/dev/null").c_str()), 0);
+    for (const auto& [format, mark] : formats) {
+        std::ostringstream content;
+        content << std::ifstream(file(format), std::ios::binary).rdbuf();
+        EXPECT_EQ(content.str().substr(0, mark.size()), mark);
+        EXPECT_GT(content.str().size(), 20000U) << format;
+        if (format != "svg") continue;
+        EXPECT_NE(content.str().find("Volume  v(p, T)"), std::string::npos);
+    }
+}
+
 TEST_F(Quorcalc, TheProgramItselfReadsNoEnvironmentAndPrintsJson) {
     const std::string command =
         "env -i " QUOR_BINARY_FOLDER "/quorcalc psat --substance Water --T 373.15 --json";

@@ -106,6 +106,16 @@ TEST_F(Chart3DView, TheWidgetShowsThePictureThatIsExported) {
     EXPECT_EQ(widget_.grab().toImage().convertToFormat(QImage::Format_RGB32), pictureOf(chart_));
 }
 
+TEST_F(Chart3DView, APictureIsFineAgainWhenTheBodyRests) {
+    chart_.mesh.x = chart_.mesh.y = false;
+    const auto shown = [&] {
+        return widget_.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    drag({400, 300}, {420, 300});
+    EXPECT_NE(shown(), pictureOf(chart_));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == pictureOf(chart_); }, 2000));
+}
+
 TEST_F(Chart3DView, ARightClickIsToldAndARightDragIsNot) {
     QSignalSpy clicks(&widget_, &Chart3DWidget::rightClicked);
     QTest::mouseClick(&widget_, Qt::RightButton, {}, QPoint(300, 300));

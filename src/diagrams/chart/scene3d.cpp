@@ -140,8 +140,9 @@ void paintMarkers(const Context& c, Pen& pen) {
             std::abs(at.z) > c.surface.height() * limit)
             continue;
         const Point2 pixel = c.layout.camera.project(at);
-        // A marker lies on the surface, so that only what is clearly nearer hides it.
-        constexpr double kOnSurface = 0.03;
+        // A marker lies on the surface, though not between nodes where that is sharply bent, so
+        // that only what is clearly nearer hides it.
+        constexpr double kOnSurface = 0.1;
         const auto surface = c.surface.pick(pixel);
         const bool hidden = !c.chart.style.projection2D && c.chart.style.solid && surface &&
                             surface->nearness > c.layout.camera.nearness(at) + kOnSurface;

@@ -17,6 +17,7 @@ namespace {
 constexpr double kDegreesPerPixel = 0.4;
 constexpr double kDegreesPerKey = 5;
 constexpr double kWheelFactor = 1.12;
+constexpr int kRestMs = 150;  // without a further change of the view
 
 }  // namespace
 
@@ -24,6 +25,9 @@ Chart3DWidget::Chart3DWidget(Chart3D& chart, QWidget* parent) : QWidget(parent),
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    rest_.setSingleShot(true);
+    rest_.setInterval(kRestMs);
+    connect(&rest_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
 }
 
 void Chart3DWidget::refresh() {
@@ -31,6 +35,7 @@ void Chart3DWidget::refresh() {
 }
 
 void Chart3DWidget::changed() {
+    rest_.start();
     update();
     emit viewChanged();
 }
@@ -66,7 +71,8 @@ void Chart3DWidget::report(const QPointF& place) {
 
 void Chart3DWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    PaintChart3D(painter, rect(), chart_);
+    PaintChart3D(painter, rect(), chart_,
+                 rest_.isActive() ? PaintQuality::Turning : PaintQuality::Fine);
 }
 
 void Chart3DWidget::mousePressEvent(QMouseEvent* event) {

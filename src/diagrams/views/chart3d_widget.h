@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QTimer>
 #include <QWidget>
 #include <optional>
 
@@ -61,6 +62,7 @@ class Chart3DWidget : public QWidget {
     QPointF last_;
     QPointF pressed_;
     bool turning_ = false;
+    QTimer rest_;  ///< runs while the view changes; then the picture is painted finely
     bool overSurface_ = false;
 };
 

@@ -14,6 +14,8 @@ std::vector<Command> PropertyCommands();
 std::vector<Command> CalculationCommands();
 /// Curves of diagrams.
 std::vector<Command> CurveCommands();
+/// Surfaces over p, v and T.
+std::vector<Command> SurfaceCommands();
 /// Fits and group contributions.
 std::vector<Command> EstimationCommands();
 

@@ -8,7 +8,7 @@ std::span<const Command> Commands() {
     static const std::vector<Command> table = [] {
         std::vector<Command> all;
         for (const auto& part : {StateCommands(), PropertyCommands(), CalculationCommands(),
-                                 CurveCommands(), EstimationCommands()})
+                                 CurveCommands(), SurfaceCommands(), EstimationCommands()})
             all.insert(all.end(), part.begin(), part.end());
         all.push_back({"run", "each line of a file is one call; one JSON object a line", {"FILE"}});
         return all;

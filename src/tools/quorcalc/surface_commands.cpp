@@ -1,0 +1,77 @@
+#include "diagrams/prepare_3d.h"
+#include "diagrams/surface.h"
+#include "diagrams/surface_grid.h"
+#include "session/declare.h"
+#include "tools/quorcalc/command_list.h"
+#include "tools/quorcalc/pictures.h"
+
+namespace quorcalc {
+
+namespace {
+
+int nodes_of(const std::optional<int>& given, const char* option) {
+    const int nodes = given.value_or(kurve::kNodesAtStart);
+    if (nodes < kurve::kFewestNodes || nodes > kurve::kMostNodes)
+        throw WrongCall{std::string(option) + " is out of range"};
+    return nodes;
+}
+
+/// z[i][j] at x0 + i dx, y0 + j dy; null in a hole.
+Json values_of(const chart::SurfaceGrid& grid) {
+    Json columns = Json::array();
+    for (int i = 0; i < grid.nx; ++i) {
+        Json column = Json::array();
+        for (int j = 0; j < grid.ny; ++j) {
+            const float z = grid.z[grid.at(i, j)];
+            column.push_back(grid.isHole(z) ? Json() : Number(static_cast<double>(z)));
+        }
+        columns.push_back(std::move(column));
+    }
+    return columns;
+}
+
+Json surface(const Arguments& a) {
+    const auto kind = static_cast<std::int16_t>(*a.kind);
+    if (kind != *a.kind || Module9::FindSurface(kind) == nullptr)
+        throw WrongCall{"--kind: no such surface: " + std::to_string(*a.kind)};
+    const int nx = nodes_of(a.nx, "--nx"), ny = nodes_of(a.ny, "--ny");
+    SetUp(a);
+    Declare::session.Diagram3DKind = kind;
+    Declare::session.SCurve3D = a.scurve && !Declare::models.EOSOnlyV;
+    Module9::PrepareDiagram3D();
+    chart::Chart3D chart;
+    Module9::InitGraph3D(chart, nx, ny);
+    const chart::SurfaceGrid& grid = chart.surface;
+    if (!kurve::HasSurface(grid)) throw CannotBeDone{"No point of the surface can be computed."};
+    if (WantsPicture(a)) WritePictures(a, chart);
+    return {{"status", 0},   {"x0", grid.x0}, {"dx", grid.dx}, {"y0", grid.y0},
+            {"dy", grid.dy}, {"nx", grid.nx}, {"ny", grid.ny}, {"z", values_of(grid)}};
+}
+
+/// One node a line: x, y, z.
+std::string surface_text(const Json& result) {
+    std::string out;
+    const Json& z = result.at("z");
+    for (std::size_t i = 0; i < z.size(); ++i) {
+        const double x =
+            result.at("x0").get<double>() + static_cast<double>(i) * result.at("dx").get<double>();
+        for (std::size_t j = 0; j < z[i].size(); ++j) {
+            const double y = result.at("y0").get<double>() +
+                             static_cast<double>(j) * result.at("dy").get<double>();
+            out += Json(x).dump() + "\t" + Json(y).dump() + "\t" + z[i][j].dump() + "\n";
+        }
+    }
+    return out;
+}
+
+}  // namespace
+
+std::vector<Command> SurfaceCommands() {
+    return {{"surface",
+             "values of a surface over a regular grid",
+             {"kind!", "nx", "ny", "scurve", "png", "svg", "pdf"},
+             surface,
+             surface_text}};
+}
+
+}  // namespace quorcalc
