@@ -16,6 +16,7 @@
 #include "session/project_hooks.h"
 #include "session/shutdown.h"
 #include "session/views/frmOptions.h"
+#include "session/views/help_viewer.h"
 #include "session/views/shell.h"
 
 namespace wiring {
@@ -75,6 +76,7 @@ void ConnectViews() {
         shell::OpenModal(view);
     });
     editor_views::Install();
+    help_views::Install();
     estimation_views::Install();
 }
 

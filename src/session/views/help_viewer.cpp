@@ -1,0 +1,250 @@
+#include "session/views/help_viewer.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPointer>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTextBrowser>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "common/dialogs.h"
+#include "common/views/form.h"
+#include "common/views/theme.h"
+#include "session/actions.h"
+#include "session/help_topics.h"
+#include "session/shutdown.h"
+#include "session/views/shell.h"
+
+namespace {
+
+constexpr int kPageRole = Qt::UserRole;
+constexpr QSize kFirstSize(980, 680);
+constexpr int kContentsWidth = 290;
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+QToolButton* button(const QString& text, const QString& name, const QString& tip,
+                    const QKeySequence& keys) {
+    auto* made = form::named(new QToolButton, name);
+    made->setText(text);
+    made->setToolTip(tip + " (" + keys.toString(QKeySequence::NativeText) + ")");
+    made->setShortcut(keys);
+    return made;
+}
+
+/// Distances that a reader wants; colours stay those of the theme.
+QString pageStyle() {
+    const QString rule = QApplication::palette().color(QPalette::Mid).name();
+    const QString head = QApplication::palette().color(QPalette::AlternateBase).name();
+    return QString(
+               "h1 { font-size: x-large; } h2 { font-size: large; margin-top: 18px; }"
+               "p, li { line-height: 130%; } td, th { padding: 3px 10px 3px 4px; }"
+               "th { text-align: left; background-color: %2; }"
+               "table { border-collapse: collapse; border: 1px solid %1; }"
+               "pre, code { font-family: monospace; } .formula { margin-left: 24px; }")
+        .arg(rule, head);
+}
+
+QPointer<HelpViewer>& viewer() {
+    static QPointer<HelpViewer> open;
+    return open;
+}
+
+void show_topic(int topic) {
+    // A modal dialog lets only its own windows be used.
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* parent = modal != nullptr ? modal : shell::FrameWindow();
+    if (viewer() != nullptr && viewer()->parentWidget() != parent) delete viewer();
+    if (viewer() == nullptr) {
+        std::optional<help::Book> book = help::Book::Load(help::Folder());
+        if (!book) {
+            dialogs::Tell("The pages of the help are not there:\n" + help::Folder().string(),
+                          "Execution not possible");
+            return;
+        }
+        viewer() = new HelpViewer(std::move(*book), parent);
+        viewer()->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    viewer()->showTopic(topic);
+    viewer()->show();
+    viewer()->raise();
+    viewer()->activateWindow();
+}
+
+/// The number of the page that belongs to a place: that of the nearest help button.
+int topic_at(const QWidget* place) {
+    for (const QWidget* at = place; at != nullptr; at = at->parentWidget())
+        for (const QAbstractButton* button : at->findChildren<QAbstractButton*>())
+            if (button->isVisible() && button->property(shell::kHelpTopic).isValid())
+                return button->property(shell::kHelpTopic).toInt();
+    return help::kContents;
+}
+
+/// F1 in every window, also in modal dialogs.
+class HelpKey : public QObject {
+  public:
+    explicit HelpKey(QObject* parent) : QObject(parent) {}
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
+        if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return false;
+        if (!shell::ShowHelp(topic_at(static_cast<QWidget*>(watched)))) return false;
+        return true;
+    }
+};
+
+}  // namespace
+
+HelpViewer::HelpViewer(help::Book book, QWidget* parent)
+    : QDialog(parent, Qt::Window), book_(std::move(book)) {
+    setObjectName("helpViewer");
+    setWindowTitle("QUOR-6 Help");
+    setModal(false);
+    resize(kFirstSize);
+
+    page_ = form::named(new QTextBrowser, "helpPage");
+    page_->document()->setDefaultStyleSheet(pageStyle());
+    page_->document()->setDocumentMargin(2 * theme::kMargin);
+    page_->setSearchPaths({qt(book_.folder().string())});
+    search_ = form::named(new QLineEdit, "helpSearch");
+    search_->setPlaceholderText("Search (Ctrl+F)");
+    search_->setClearButtonEnabled(true);
+    search_->setAccessibleName("Search in the help");
+    contents_ = form::named(new QTreeWidget, "helpContents");
+    contents_->setHeaderHidden(true);
+    contents_->setAccessibleName("Contents");
+    results_ = form::named(new QListWidget, "helpResults");
+    results_->setWordWrap(true);
+    results_->setAccessibleName("Pages found");
+    results_->hide();
+
+    auto* bar = new QHBoxLayout;
+    QToolButton* back = button("Back", "helpBack", "Page before", Qt::ALT | Qt::Key_Left);
+    QToolButton* forward = button("Forward", "helpForward", "Page after", Qt::ALT | Qt::Key_Right);
+    QToolButton* home = button("Contents", "helpHome", "First page", Qt::ALT | Qt::Key_Home);
+    for (QToolButton* each : {back, forward, home}) bar->addWidget(each);
+    bar->addStretch(1);
+    back->setEnabled(false);
+    forward->setEnabled(false);
+    connect(back, &QToolButton::clicked, page_, &QTextBrowser::backward);
+    connect(forward, &QToolButton::clicked, page_, &QTextBrowser::forward);
+    connect(page_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+    connect(page_, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
+    connect(home, &QToolButton::clicked, this, [this] { showTopic(help::kContents); });
+    connect(page_, &QTextBrowser::sourceChanged, this, &HelpViewer::markPage);
+
+    auto* left = new QWidget;
+    auto* column = new QVBoxLayout(left);
+    column->setContentsMargins({});
+    column->addWidget(search_);
+    column->addWidget(results_);
+    column->addWidget(contents_);
+    auto* halves = new QSplitter;
+    halves->addWidget(left);
+    halves->addWidget(page_);
+    halves->setStretchFactor(1, 1);
+    halves->setSizes({kContentsWidth, kFirstSize.width() - kContentsWidth});
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->addLayout(bar);
+    layout->addWidget(halves, 1);
+
+    fillContents();
+    connect(contents_, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) {
+        showPage(item->data(0, kPageRole).toString().toStdString());
+    });
+    connect(contents_, &QTreeWidget::itemActivated, this, [this](const QTreeWidgetItem* item) {
+        showPage(item->data(0, kPageRole).toString().toStdString());
+    });
+    const auto open = [this](const QListWidgetItem* item) {
+        showPage(item->data(kPageRole).toString().toStdString());
+    };
+    connect(results_, &QListWidget::itemClicked, this, open);
+    connect(results_, &QListWidget::itemActivated, this, open);
+    connect(search_, &QLineEdit::textChanged, this, &HelpViewer::search);
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, this, [this] {
+        search_->setFocus();
+        search_->selectAll();
+    });
+}
+
+void HelpViewer::fillContents() {
+    QList<QTreeWidgetItem*> path;
+    for (const help::Entry& entry : book_.contents()) {
+        path.resize(std::min<qsizetype>(path.size(), entry.depth));
+        auto* item =
+            path.isEmpty() ? new QTreeWidgetItem(contents_) : new QTreeWidgetItem(path.constLast());
+        item->setText(0, qt(entry.title));
+        item->setData(0, kPageRole, qt(entry.page));
+        path.append(item);
+    }
+    contents_->expandAll();
+}
+
+void HelpViewer::showTopic(int topic) {
+    showPage(book_.PageOf(topic));
+}
+
+void HelpViewer::showPage(const std::string& page) {
+    if (!page.empty()) page_->setSource(QUrl(qt(page)));
+}
+
+void HelpViewer::search(const QString& text) {
+    const std::vector<help::Hit> hits = book_.Search(text.toStdString());
+    results_->clear();
+    for (const help::Hit& hit : hits) {
+        auto* item = new QListWidgetItem(qt(hit.title) + "\n" + qt(hit.excerpt), results_);
+        item->setData(kPageRole, qt(hit.page));
+    }
+    const bool asked = !text.trimmed().isEmpty();
+    if (asked && hits.empty()) {
+        auto* none = new QListWidgetItem("no page found", results_);
+        none->setFlags(Qt::NoItemFlags);
+    }
+    results_->setVisible(asked);
+    contents_->setVisible(!asked);
+}
+
+void HelpViewer::markPage(const QUrl& url) {
+    const QString page = url.toString();
+    QTreeWidgetItem* best = nullptr;
+    for (QTreeWidgetItemIterator it(contents_); *it != nullptr; ++it) {
+        const QString own = (*it)->data(0, kPageRole).toString();
+        if (own == page) {
+            best = *it;
+            break;
+        }
+        if (best == nullptr && !own.isEmpty() && own.section('#', 0, 0) == page.section('#', 0, 0))
+            best = *it;
+    }
+    contents_->setCurrentItem(best);
+}
+
+namespace help_views {
+
+void Install() {
+    shell::SetHelp(show_topic);
+    static const QPointer<HelpKey> key = [] {
+        auto* filter = new HelpKey(qApp);
+        qApp->installEventFilter(filter);
+        return filter;
+    }();
+    actions::RegisterAction("mnuHilfe_Index", [] { shell::ShowHelp(help::kContents); });
+    Module2::shutdownHooks().closeHelp = CloseAll;
+}
+
+void CloseAll() {
+    delete viewer();
+}
+
+}  // namespace help_views

@@ -1,0 +1,134 @@
+#include "session/help_book.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <set>
+
+#include "models/model_tables.h"
+#include "session/help_topics.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kPages = fs::path(QUOR_SOURCE_DATA).parent_path() / "help";
+
+std::string content(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+help::Book book() {
+    std::optional<help::Book> loaded = help::Book::Load(kPages);
+    EXPECT_TRUE(loaded);
+    return loaded.value_or(help::Book());
+}
+
+std::string file_of(const std::string& page) {
+    return page.substr(0, page.find('#'));
+}
+
+/// True when the file is there and holds the anchor.
+bool exists(const std::string& page) {
+    const fs::path file = kPages / file_of(page);
+    if (!fs::exists(file)) return false;
+    const auto mark = page.find('#');
+    if (mark == std::string::npos) return true;
+    return content(file).find("<a name=\"" + page.substr(mark + 1) + "\">") != std::string::npos;
+}
+
+TEST(HelpBook, EveryNumberOfTheViewsHasAPage) {
+    const help::Book b = book();
+    for (const int topic : {help::kContents,        help::kTips,
+                            help::kSubstanceChoice, help::kLiquidDensity,
+                            help::kIdealGasCp,      help::kPriority,
+                            help::kManualVirial,    help::kGlobalPartial,
+                            help::kReferencePoint,  help::kTank,
+                            help::kIsoCalculator,   help::kSubstanceData,
+                            help::kTriplePoint,     help::kCorrelatedAntoine,
+                            help::kWatsonPoint,     help::kXYEditor,
+                            help::kFitting,         help::kGroupContributions,
+                            help::kRealRange,       help::kReferenceState}) {
+        EXPECT_TRUE(b.HasTopic(topic)) << topic;
+        EXPECT_TRUE(exists(b.PageOf(topic))) << topic << " " << b.PageOf(topic);
+    }
+    for (std::int16_t code = 0; code <= 16; ++code)
+        EXPECT_TRUE(b.HasTopic(help::kEquationsOfState + code)) << code;
+    for (std::int16_t code = 0; !Calc::VPName(code).empty(); ++code)
+        EXPECT_TRUE(b.HasTopic(help::kVapourPressure + code)) << code;
+    for (std::int16_t code = 0; code <= 7; ++code)
+        EXPECT_TRUE(b.HasTopic(help::kVaporisation + code)) << code;
+    EXPECT_EQ(b.PageOf(help::kEquationsOfState + 6), "equations_of_state.html#pr");
+    EXPECT_EQ(b.PageOf(-7), "index.html") << "a number without a page opens the first one";
+}
+
+TEST(HelpBook, EveryPageIsInTheContentsAndEveryEntryLeadsToAPage) {
+    std::set<std::string> listed;
+    const help::Book b = book();
+    for (const help::Entry& entry : b.contents()) {
+        EXPECT_FALSE(entry.title.empty());
+        EXPECT_TRUE(exists(entry.page)) << entry.title << " " << entry.page;
+        listed.insert(file_of(entry.page));
+    }
+    std::size_t pages = 0;
+    for (const auto& file : fs::directory_iterator(kPages)) {
+        if (file.path().extension() != ".html") continue;
+        ++pages;
+        EXPECT_TRUE(listed.contains(file.path().filename().string())) << file.path().filename();
+    }
+    EXPECT_GT(pages, 20U);
+}
+
+TEST(HelpBook, EveryLinkLeadsToAPage) {
+    const std::regex link("href=\"([^\"]*)\"");
+    std::size_t links = 0;
+    for (const auto& file : fs::directory_iterator(kPages)) {
+        if (file.path().extension() != ".html") continue;
+        const std::string html = content(file.path());
+        for (std::sregex_iterator it(html.begin(), html.end(), link), end; it != end; ++it) {
+            ++links;
+            EXPECT_TRUE(exists((*it)[1])) << file.path().filename() << ": " << (*it)[1];
+        }
+    }
+    EXPECT_GT(links, 15U);
+}
+
+TEST(HelpBook, TheSearchFindsPagesWithAllWords) {
+    const help::Book b = book();
+    const auto tank = b.Search("tank");
+    ASSERT_FALSE(tank.empty());
+    EXPECT_EQ(tank.front().page, "tank.html") << "words in the title come first";
+    const auto both = b.Search("  MAXWELL areas ");
+    ASSERT_FALSE(both.empty());
+    for (const help::Hit& hit : both) EXPECT_TRUE(exists(hit.page));
+    EXPECT_NE(both.front().excerpt.find("Maxwell"), std::string::npos) << both.front().excerpt;
+    EXPECT_TRUE(b.Search("xyzzyplugh").empty());
+    EXPECT_TRUE(b.Search("tank xyzzyplugh").empty());
+    EXPECT_TRUE(b.Search(" .,; ").empty());
+}
+
+TEST(HelpBook, PlainTextHoldsNoMarks) {
+    EXPECT_EQ(help::PlainText("<h1>A &lt; B</h1>\n<p>T<sub>c</sub> &amp;  p</p>"), "A < B Tc & p");
+    EXPECT_EQ(help::PlainText(""), "");
+    EXPECT_EQ(help::PlainText("a < b"), "a");
+}
+
+TEST(HelpBook, DamagedContentsAreNoHelp) {
+    const fs::path folder = fs::path(testing::TempDir()) / "help_book";
+    fs::create_directories(folder);
+    EXPECT_FALSE(help::Book::Load(folder / "missing"));
+    for (const char* text : {"", "{}", "no json", "[{\"title\": 7}]"}) {
+        std::ofstream(folder / "contents.json") << text;
+        EXPECT_FALSE(help::Book::Load(folder)) << text;
+    }
+    std::ofstream(folder / "contents.json") << R"([{"title": "A", "page": "gone.html"}])";
+    const auto loaded = help::Book::Load(folder);
+    ASSERT_TRUE(loaded);
+    EXPECT_TRUE(loaded->Search("a").empty()) << "a missing page is passed over";
+}
+
+}  // namespace
