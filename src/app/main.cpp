@@ -8,6 +8,7 @@
 #include "common/numbers.h"
 #include "common/views/qt_dialogs.h"
 #include "common/views/theme.h"
+#include "datafiles/views/editor_views.h"
 #include "session/module2.h"
 #include "session/views/mdiQUOR.h"
 
@@ -28,6 +29,7 @@ int main(int argc, char* argv[]) {
     dialogs::current() = dialogs::desktop();
 
     wiring::ConnectViews();
+    editor_views::InstallFileView();
     mdiQUOR frame;
     frame.show();
     frame.StartUp();

@@ -1,8 +1,10 @@
 #include "datafiles/views/editor_views.h"
+#include "common/dialogs.h"
 
 #include <QApplication>
 
 #include "datafiles/views/frmBankEdit.h"
+#include "datafiles/views/frmCmnDlg.h"
 #include "datafiles/views/frmManuInput.h"
 #include "session/actions.h"
 #include "session/views/shell.h"
@@ -33,6 +35,13 @@ void Install() {
     actions::RegisterAction("mnuData_EditStoffdaten", [] { open_substance_data(false); });
     actions::RegisterAction("ShowSubstanceData", [] { open_substance_data(true); });
     actions::RegisterAction("mnuData_EditXY", open_xy_editor);
+}
+
+void InstallFileView() {
+    dialogs::current().file = [others =
+                                   dialogs::current().file](const dialogs::FileChoice& choice) {
+        return frmCmnDlg::Serves(choice) ? frmCmnDlg::Choose(choice) : others(choice);
+    };
 }
 
 }  // namespace editor_views

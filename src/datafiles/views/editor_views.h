@@ -6,4 +6,8 @@ namespace editor_views {
 /// Registers the actions "mnuData_EditStoffdaten", "ShowSubstanceData" and "mnuData_EditXY".
 void Install();
 
+/// Files of experimental data and projects are chosen in the view with a preview from now on, all
+/// others as before.
+void InstallFileView();
+
 }  // namespace editor_views
