@@ -144,7 +144,7 @@ LoadOutcome LoadDatabase() {
     const std::optional<std::string> path =
         dialogs::ChooseFile({.title = "Select and load a database",
                              .filter = "Database (*.Q05)|*.Q05",
-                             .folder = (Module2::ProgramFolder() / "").string(),
+                             .folder = (Module2::DataFolder() / "").string(),
                              .name = session.DatabaseFile,
                              .defaultExtension = ".Q05"});
     return path ? LoadDatabase(*path) : LoadOutcome::Cancelled;

@@ -159,10 +159,7 @@ std::vector<Hit> Book::Search(std::string_view text) const {
 }
 
 fs::path Folder() {
-    const fs::path own = Module2::ProgramFolder() / "help";
-    std::error_code ignored;
-    if (fs::exists(own, ignored)) return own;
-    return Module2::ProgramFolder().parent_path() / "share" / "quor6" / "help";
+    return Module2::DataFolder() / "help";
 }
 
 }  // namespace help

@@ -49,6 +49,9 @@ class BusyPointer {
 const std::filesystem::path& ProgramFolder();
 void SetProgramFolder(const std::filesystem::path& folder,
                       const std::filesystem::path& userFolder = {});
+/// Where the program's own data lie: the shared folder of an installed program, else the program's
+/// folder.
+std::filesystem::path DataFolder();
 /// Where files are written: the program's folder, or the user's data folder.
 const std::filesystem::path& WriteFolder();
 /// A file that is read: from `WriteFolder` if it is there, else from `ProgramFolder`, else from the

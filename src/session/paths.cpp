@@ -31,10 +31,25 @@ const fs::path& WriteFolder() {
     return writeFolder;
 }
 
+namespace {
+
+/// The data of an installed program, beside its folder.
+fs::path shared_folder() {
+    return programFolder.parent_path() / "share" / "quor6";
+}
+
+}  // namespace
+
+fs::path DataFolder() {
+    std::error_code ignored;
+    return fs::is_directory(shared_folder(), ignored) ? shared_folder() : programFolder;
+}
+
 void SetProgramFolder(const fs::path& folder, const fs::path& userFolder) {
     programFolder = folder;
-    const bool writable = access(folder.c_str(), W_OK) == 0;
-    writeFolder = writable || userFolder.empty() ? folder : userFolder;
+    // Nothing is written beside an installed program, not even by an administrator.
+    const bool own = DataFolder() == programFolder && access(folder.c_str(), W_OK) == 0;
+    writeFolder = own || userFolder.empty() ? folder : userFolder;
     std::error_code ignored;
     fs::create_directories(writeFolder, ignored);
 }
@@ -43,7 +58,7 @@ fs::path FindFile(const std::string& name) {
     if (HasSeparator(name)) return name;
     std::error_code ignored;
     for (const fs::path& folder :
-         {writeFolder, programFolder, programFolder / ".." / "share" / "quor6"})
+         {writeFolder, programFolder, shared_folder()})
         if (fs::exists(folder / name, ignored)) return folder / name;
     return programFolder / name;
 }

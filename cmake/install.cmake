@@ -1,0 +1,24 @@
+# What `cmake --install` puts where, and the Debian package of the same files.
+include(GNUInstallDirs)
+
+set(SHARED ${CMAKE_INSTALL_DATADIR}/quor6)
+install(TARGETS quor6 quorcalc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/STUDENT.Q05
+  data/SYNOM.TXT data/QUORTIPS_E.TXT data/QUORTIPS.TXT data/SOURCES.md DESTINATION ${SHARED})
+install(DIRECTORY data/samples help DESTINATION ${SHARED})
+install(FILES packaging/quor6.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/quor6.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
+install(FILES data/icons/app.svg RENAME quor6.svg
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES README.md CHANGELOG.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME quor6)
+set(CPACK_PACKAGE_CONTACT "The QUOR-6 developers")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+include(CPack)
