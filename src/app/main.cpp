@@ -3,6 +3,7 @@
 #include <QStandardPaths>
 #include <filesystem>
 
+#include "app/views/open_file.h"
 #include "app/views/wiring.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
@@ -34,5 +35,7 @@ int main(int argc, char* argv[]) {
     frame.show();
     frame.StartUp();
     frame.InviteFirstUser();
+    for (const QString& file : QApplication::arguments().mid(1))
+        open_file::Open(file.toStdString());
     return QApplication::exec();
 }

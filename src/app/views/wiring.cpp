@@ -1,5 +1,7 @@
 #include "app/views/wiring.h"
 
+#include "app/views/open_file.h"
+
 #include "calculation/protocol.h"
 #include "calculation/views/calculation_views.h"
 #include "common/views/settings.h"
@@ -17,6 +19,7 @@
 #include "session/shutdown.h"
 #include "session/views/frmOptions.h"
 #include "session/views/help_viewer.h"
+#include "session/views/mdiQUOR.h"
 #include "session/views/shell.h"
 
 namespace wiring {
@@ -77,6 +80,7 @@ void ConnectViews() {
     });
     editor_views::Install();
     help_views::Install();
+    mdiQUOR::SetFileOpener(open_file::Open);
     estimation_views::Install();
 }
 

@@ -8,6 +8,8 @@ namespace {
 
 constexpr auto kTips = "Options/Show Tips at Startup";
 constexpr auto kDatabaseFolders = "Recent/DatabaseFolders";
+constexpr auto kRecentFiles = "Recent/Files";
+constexpr qsizetype kFilesKept = 9;  // one for each digit key
 constexpr int kFoldersKept = 8;
 
 QString place_key(const QString& view) {
@@ -37,6 +39,23 @@ void rememberDatabaseFolder(const QString& folder) {
     folders.removeAll(folder);
     folders.prepend(folder);
     store().setValue(kDatabaseFolders, QStringList(folders.mid(0, kFoldersKept)));
+}
+
+QStringList recentFiles() {
+    return store().value(kRecentFiles).toStringList();
+}
+
+void rememberFile(const QString& file) {
+    QStringList files = recentFiles();
+    files.removeAll(file);
+    files.prepend(file);
+    store().setValue(kRecentFiles, QStringList(files.mid(0, kFilesKept)));
+}
+
+void forgetFile(const QString& file) {
+    QStringList files = recentFiles();
+    files.removeAll(file);
+    store().setValue(kRecentFiles, files);
 }
 
 bool restorePlace(QWidget* window, const QString& view) {

@@ -20,6 +20,11 @@ void setShowTipsAtStartup(bool show);
 QStringList databaseFolders();
 void rememberDatabaseFolder(const QString& folder);
 
+/// Databases and projects opened lately, the last one first.
+QStringList recentFiles();
+void rememberFile(const QString& file);
+void forgetFile(const QString& file);
+
 /// Gives a window the size and place it had when its view was last closed, kept on the screen. The
 /// object name of the view is the key; false when nothing is remembered.
 bool restorePlace(QWidget* window, const QString& view);

@@ -25,6 +25,9 @@ class frmManuInput : public ChildView {
     /// Shows the list as it stands, after it was changed elsewhere.
     void showList();
 
+    /// Asks for a file and shows its points in place of the list.
+    void load();
+
   protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -50,7 +53,6 @@ class frmManuInput : public ChildView {
     void follow();
     void takeInput();
     void showMarkedInFields();
-    void load();
     void save();
     void removeMarked();
     void toggleMarked();

@@ -235,7 +235,7 @@ void frmGraph2D::addLegend() {
     }
 }
 
-void frmGraph2D::loadOC2() {
+void frmGraph2D::load() {
     becomeCurrent();
     switch (Module9::LoadOC2(sheet_)) {
         case Module9::LoadOutcome::Loaded:

@@ -37,6 +37,9 @@ class frmGraph2D : public QMainWindow {
     /// Draws a function of the database in its range of validity.
     void ShowDatabaseFunction(float low, float high);
 
+    /// Asks for a saved diagram and shows it.
+    void load();
+
     Module9::DiagramSheet& sheet() { return sheet_; }
     /// Repaints after a change of the sheet; menus and panel follow.
     void refresh();
@@ -74,7 +77,6 @@ class frmGraph2D : public QMainWindow {
     void drawProcessLine();
     void askText();
     void addLegend();
-    void loadOC2();
     void copyPicture();
     void savePicture();
     void printPicture();

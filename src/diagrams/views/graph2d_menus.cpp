@@ -223,7 +223,7 @@ void frmGraph2D::buildPictureMenu() {
 
 void frmGraph2D::buildFileMenu() {
     QMenu* menu = addMenu(this, menuBar(), "&File", "mnuFile");
-    command(menu, "Load a diagram ...", "mnuLoadOC2", [this] { loadOC2(); });
+    command(menu, "Load a diagram ...", "mnuLoadOC2", [this] { load(); });
     command(menu, "Save the diagram ...", "mnuSaveOC2", [this] { Module9::SaveOC2(sheet_); });
     menu->addSeparator();
     const auto hasCurve = [this] { return sheet_.CurveCount > 0; };

@@ -45,7 +45,10 @@ void enable_restored_session() {
 void load_project(const std::string& file) {
     close_results_and_input();
     Module2::ResetSession();
-    if (Module2::projectHooks().load(file)) enable_restored_session();
+    if (Module2::projectHooks().load(file)) {
+        enable_restored_session();
+        if (file != session.LastSessionFile) settings::rememberFile(QString::fromStdString(file));
+    }
     shell::Refresh();
 }
 
@@ -54,6 +57,7 @@ void load_project(const std::string& file) {
 void OpenDatabase() {
     close_results_and_input();
     if (LoadSaveData::LoadDatabase() != LoadSaveData::LoadOutcome::Loaded) return;
+    settings::rememberFile(QString::fromStdString(session.DatabasePath));
     settings::rememberDatabaseFolder(
         QString::fromStdString(Module2::FolderOf(session.DatabasePath)));
     // The substance of the former database has no place in this one.

@@ -2,11 +2,14 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QToolBar>
@@ -35,10 +38,19 @@ constexpr auto kBanner =
     "QUOR-6   Thermodynamic Calculations of States and Processes for Pure Substances";
 constexpr QSize kFirstSize(1180, 780), kToolIcon(24, 24);
 constexpr QPoint kFirstStepsPlace(24, 24);
-constexpr int kPanelWidth = 110;
+constexpr int kPanelWidth = 110, kRecentCharacters = 60;
 constexpr std::int16_t kTankGlobal = 9, kTankPartial = 10;
 
 mdiQUOR* theFrame = nullptr;
+mdiQUOR::FileOpener fileOpener = nullptr;
+
+/// The files of this computer among what is dragged.
+QStringList local_files(const QMimeData* data) {
+    QStringList files;
+    for (const QUrl& url : data->urls())
+        if (url.isLocalFile()) files << url.toLocalFile();
+    return files;
+}
 
 QString qt(std::string_view s) {
     return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
@@ -77,6 +89,11 @@ mdiQUOR::mdiQUOR() {
 
     resize(kFirstSize);
     settings::restorePlace(this, objectName());
+    setAcceptDrops(true);
+}
+
+void mdiQUOR::SetFileOpener(FileOpener opener) {
+    fileOpener = opener;
 }
 
 mdiQUOR::~mdiQUOR() {
@@ -176,6 +193,10 @@ void mdiQUOR::buildMenus() {
         action->setStatusTip(qt(row.hint));
         rowActions_.insert(name, action);
     }
+    QMenu* recent = menus.value("mnuData")->addMenu("Recent databases and projects");
+    recent->setObjectName("mnuData_Recent");
+    connect(menus.value("mnuData"), &QMenu::aboutToShow, this,
+            [this, recent] { fillRecentFiles(recent); });
     QMenu* windows = menus.value("mnuWindow");
     connect(windows, &QMenu::aboutToShow, this, [this, windows] { fillWindowList(windows); });
     fillWindowList(windows);
@@ -197,6 +218,21 @@ void mdiQUOR::fillWindowList(QMenu* menu) {
         action->setCheckable(true);
         action->setChecked(sub == area_->activeSubWindow());
         connect(action, &QAction::triggered, sub, [this, sub] { area_->setActiveSubWindow(sub); });
+    }
+}
+
+void mdiQUOR::fillRecentFiles(QMenu* menu) {
+    menu->clear();
+    const QStringList files = settings::recentFiles();
+    menu->setEnabled(fileOpener != nullptr && !files.isEmpty());
+    for (qsizetype i = 0; i < files.size(); ++i) {
+        const QString& file = files[i];
+        const QString shown = qt(Module2::ShortenPath(file.toStdString(), kRecentCharacters));
+        QAction* action =
+            menu->addAction(QString("&%1  %2").arg(i + 1).arg(QString(shown).replace('&', "&&")));
+        action->setObjectName(QString("mnuData_Recent_%1").arg(i));
+        action->setStatusTip(file);
+        connect(action, &QAction::triggered, this, [file] { fileOpener(file.toStdString()); });
     }
 }
 
@@ -227,6 +263,22 @@ void mdiQUOR::addChild(QWidget* view) {
 void mdiQUOR::setFirstStepsVisible(bool visible) {
     firstSteps_->setVisible(visible);
     firstSteps_->raise();
+}
+
+void mdiQUOR::dragEnterEvent(QDragEnterEvent* event) {
+    if (fileOpener != nullptr && !local_files(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void mdiQUOR::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    // The source of the drag waits for the end of this event, and opening may ask something.
+    QMetaObject::invokeMethod(
+        this,
+        [files = local_files(event->mimeData())] {
+            for (const QString& file : files) fileOpener(file.toStdString());
+        },
+        Qt::QueuedConnection);
 }
 
 void mdiQUOR::closeEvent(QCloseEvent* event) {

@@ -28,11 +28,18 @@ class mdiQUOR : public QMainWindow, private shell::Frame {
     /// Shows the first-steps panel to a user who has never seen it.
     void InviteFirstUser();
 
+    /// Who opens a file that is dropped on the window or chosen among the recent ones; at first
+    /// nobody.
+    using FileOpener = void (*)(const std::string& file);
+    static void SetFileOpener(FileOpener opener);
+
     /// Runs what a menu row stands for, as if it had been chosen; nothing when it is disabled.
     void RunRow(const menu::Row& row);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     // shell::Frame
@@ -48,6 +55,7 @@ class mdiQUOR : public QMainWindow, private shell::Frame {
 
     void menuOpens(const QString& menuName);
     void fillWindowList(QMenu* menu);
+    void fillRecentFiles(QMenu* menu);
     void runTool(const menu::ToolButton& button);
     void setFirstStepsVisible(bool visible);
 
