@@ -57,8 +57,7 @@ void SetProgramFolder(const fs::path& folder, const fs::path& userFolder) {
 fs::path FindFile(const std::string& name) {
     if (HasSeparator(name)) return name;
     std::error_code ignored;
-    for (const fs::path& folder :
-         {writeFolder, programFolder, shared_folder()})
+    for (const fs::path& folder : {writeFolder, programFolder, shared_folder()})
         if (fs::exists(folder / name, ignored)) return folder / name;
     return programFolder / name;
 }

@@ -1,10 +1,12 @@
 #include "session/views/help_viewer.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPointer>
 #include <QShortcut>
 #include <QSplitter>
@@ -40,17 +42,18 @@ QToolButton* button(const QString& text, const QString& name, const QString& tip
     return made;
 }
 
-/// Distances that a reader wants; colours stay those of the theme.
-QString pageStyle() {
-    const QString rule = QApplication::palette().color(QPalette::Mid).name();
-    const QString head = QApplication::palette().color(QPalette::AlternateBase).name();
-    return QString(
-               "h1 { font-size: x-large; } h2 { font-size: large; margin-top: 18px; }"
-               "p, li { line-height: 130%; } td, th { padding: 3px 10px 3px 4px; }"
-               "th { text-align: left; background-color: %2; }"
-               "table { border-collapse: collapse; border: 1px solid %1; }"
-               "pre, code { font-family: monospace; } .formula { margin-left: 24px; }")
-        .arg(rule, head);
+/// The style of the pages with the colours of the theme in the places that ask for them.
+QString pageStyle(const std::filesystem::path& folder) {
+    QFile file(qt((folder / "help.css").string()));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QPalette colours = QApplication::palette();
+    const bool dark = colours.color(QPalette::Base).lightness() < 128;
+    // The desktop's own colour of links is often too dark for a dark page.
+    const QString link = dark ? "#7ab8f5" : "#1a5fa8";
+    return QString::fromUtf8(file.readAll())
+               .replace("palette(mid)", colours.color(QPalette::Mid).name())
+               .replace("palette(alternate-base)", colours.color(QPalette::AlternateBase).name()) +
+           "a { color: " + link + "; }";
 }
 
 QPointer<HelpViewer>& viewer() {
@@ -79,12 +82,15 @@ void show_topic(int topic) {
     viewer()->activateWindow();
 }
 
-/// The number of the page that belongs to a place: that of the nearest help button.
+/// The number of the page about what has the focus: a row of an open menu, or a view.
 int topic_at(const QWidget* place) {
+    if (const auto* menu = qobject_cast<const QMenu*>(place))
+        if (const QAction* row = menu->activeAction())
+            if (const int topic = help::TopicOfRow(row->objectName().toStdString()); topic >= 0)
+                return topic;
     for (const QWidget* at = place; at != nullptr; at = at->parentWidget())
-        for (const QAbstractButton* button : at->findChildren<QAbstractButton*>())
-            if (button->isVisible() && button->property(shell::kHelpTopic).isValid())
-                return button->property(shell::kHelpTopic).toInt();
+        if (const int topic = help::TopicOfView(at->objectName().toStdString()); topic >= 0)
+            return topic;
     return help::kContents;
 }
 
@@ -112,7 +118,7 @@ HelpViewer::HelpViewer(help::Book book, QWidget* parent)
     resize(kFirstSize);
 
     page_ = form::named(new QTextBrowser, "helpPage");
-    page_->document()->setDefaultStyleSheet(pageStyle());
+    page_->document()->setDefaultStyleSheet(pageStyle(book_.folder()));
     page_->document()->setDocumentMargin(2 * theme::kMargin);
     page_->setSearchPaths({qt(book_.folder().string())});
     search_ = form::named(new QLineEdit, "helpSearch");

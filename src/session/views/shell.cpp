@@ -117,7 +117,6 @@ bool ShowHelp(int topic) {
 
 void ConnectHelp(QAbstractButton* button, int topic) {
     button->setEnabled(HelpAvailable());
-    button->setProperty(kHelpTopic, topic);
     QObject::connect(button, &QAbstractButton::clicked, button, [topic] { ShowHelp(topic); });
 }
 

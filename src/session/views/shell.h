@@ -57,8 +57,6 @@ QStringList InputViews();
 /// Menus, tool bar and status bar follow the session again.
 void Refresh();
 
-/// Property of a help button: the number of its page, which is also that of F1 beside it.
-inline constexpr auto kHelpTopic = "helpTopic";
 /// True when help pages can be shown.
 bool HelpAvailable();
 /// Opens a help page by its number; false without help.
