@@ -65,6 +65,9 @@ std::string excerpt_at(const std::string& text, std::size_t place) {
 std::string PlainText(std::string_view html) {
     static constexpr std::array<std::pair<std::string_view, std::string_view>, 5> kSigns{
         {{"&lt;", "<"}, {"&gt;", ">"}, {"&nbsp;", " "}, {"&quot;", "\""}, {"&amp;", "&"}}};
+    // The head repeats the title.
+    if (const auto body = html.find("<body"); body != std::string_view::npos)
+        html.remove_prefix(body);
     std::string text;
     bool inTag = false;
     for (std::size_t i = 0; i < html.size(); ++i) {

@@ -316,7 +316,8 @@ TEST_F(ChartFile, FilesThatCannotBeUsedAreNamed) {
     EXPECT_EQ(missing.message, "none.oc2: The file cannot be opened.");
     EXPECT_EQ(c, before);
     const auto nowhere = SaveChart(c, file("no such folder") / "a.oc2");
-    EXPECT_EQ(nowhere.message, "a.oc2: The file cannot be written.");
+    EXPECT_TRUE(nowhere.message.starts_with("The file a.oc2 could not be written"))
+        << nowhere.message;
     write(file("bad.oc2"), "{");
     EXPECT_EQ(LoadChart(file("bad.oc2"), c).message,
               "bad.oc2: The file is damaged or incomplete, or no saved diagram.");

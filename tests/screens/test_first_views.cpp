@@ -1,7 +1,10 @@
 #include <QDialog>
 
 #include "app/views/wiring.h"
+#include "datafiles/views/frmCmnDlg.h"
 #include "screens/look.h"
+#include "session/help_topics.h"
+#include "session/views/help_viewer.h"
 #include "session/views/mdiQUOR.h"
 #include "support/databases.h"
 #include "views/view_test.h"
@@ -76,6 +79,43 @@ void look_at_all(mdiQUOR& frame, ScriptedDialogs& user, const QString& database,
         look::at(popup, QString("menu_") + menu + suffix);
         popup->close();
     }
+}
+
+/// The help at a page with formulas and at one with tables, and the file view with its preview.
+void look_at_help_and_files(const std::filesystem::path& folder, const QString& suffix) {
+    if (drive::find("frmTip") != nullptr) click("cmdOK");
+    const std::filesystem::path data = std::string(QUOR_SOURCE_DATA);
+    std::filesystem::copy(data.parent_path() / "help", folder / "help",
+                          std::filesystem::copy_options::recursive);
+    help_views::Install();
+    shell::ShowHelp(help::kEquationsOfState + 6);
+    look::at(drive::find("helpViewer"), "help_formula" + suffix);
+    shell::ShowHelp(help::kSurfaces);
+    type("helpSearch", "polytropic");
+    look::at(drive::find("helpViewer"), "help_search" + suffix);
+    help_views::CloseAll();
+    shell::SetHelp(nullptr);
+
+    for (const char* name : {"propane_saturation.BAQ", "water_saturation.BAQ"})
+        std::filesystem::copy_file(data / "samples" / name, folder / name);
+    when("frmCmnDlg", [&] {
+        select("filOpenList", "propane_saturation.BAQ");
+        look::at(drive::find("frmCmnDlg"), "file_view" + suffix);
+        click("cmdOpenCancel");
+    });
+    frmCmnDlg::Choose({.title = "Open a batch-file of experimental data (*.BAQ)",
+                       .filter = "QUOR-specific file (*.BAQ)|*.BAQ",
+                       .folder = folder.string(),
+                       .defaultExtension = ".BAQ"});
+}
+
+TEST_F(Screens, HelpAndFilesInLight) {
+    look_at_help_and_files(folder(), "");
+}
+
+TEST_F(Screens, HelpAndFilesInDark) {
+    darken();
+    look_at_help_and_files(folder(), "_dark");
 }
 
 TEST_F(Screens, FirstViewsInLight) {

@@ -112,6 +112,7 @@ TEST(HelpBook, TheSearchFindsPagesWithAllWords) {
 
 TEST(HelpBook, PlainTextHoldsNoMarks) {
     EXPECT_EQ(help::PlainText("<h1>A &lt; B</h1>\n<p>T<sub>c</sub> &amp;  p</p>"), "A < B Tc & p");
+    EXPECT_EQ(help::PlainText("<head><title>T</title></head><body><p>x</p></body>"), "x");
     EXPECT_EQ(help::PlainText(""), "");
     EXPECT_EQ(help::PlainText("a < b"), "a");
 }

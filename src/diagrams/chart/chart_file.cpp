@@ -1,5 +1,6 @@
 #include "diagrams/chart/chart_file.h"
 
+#include "datafiles/whole_file.h"
 #include "diagrams/chart/chart_json.h"
 
 namespace chart {
@@ -286,7 +287,8 @@ FileOutcome load(const std::filesystem::path& file, Chart& chart) {
 
 template <class Chart>
 FileOutcome save(const Chart& chart, const std::filesystem::path& file) {
-    return guarded([&] { files::WriteWhole(file, textOf(chart)); }, file);
+    const std::string error = LoadSaveData::WriteWhole(file, textOf(chart));
+    return {error.empty(), error};
 }
 
 }  // namespace

@@ -88,24 +88,4 @@ std::string ReadWhole(const std::filesystem::path& file) {
     return text;
 }
 
-void WriteWhole(const std::filesystem::path& file, const std::string& text) {
-    std::filesystem::path part = file;
-    part += ".part";
-    std::error_code error;
-    {
-        std::ofstream out(part, std::ios::binary | std::ios::trunc);
-        out.write(text.data(), static_cast<std::streamsize>(text.size()));
-        out.close();
-        if (!out) {
-            std::filesystem::remove(part, error);
-            throw BadField("The file cannot be written.");
-        }
-    }
-    std::filesystem::rename(part, file, error);
-    if (!error) return;
-    std::error_code ignored;
-    std::filesystem::remove(part, ignored);
-    throw BadField("The file cannot be written.");
-}
-
 }  // namespace chart::files

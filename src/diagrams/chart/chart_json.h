@@ -295,7 +295,4 @@ Json Content(const Format& format, std::string_view text);
 /// Reads a whole file; throws `BadField` when it cannot be read or is too large.
 std::string ReadWhole(const std::filesystem::path& file);
 
-/// Writes a whole file under another name and then renames it; throws `BadField`.
-void WriteWhole(const std::filesystem::path& file, const std::string& text);
-
 }  // namespace chart::files

@@ -130,6 +130,7 @@ HelpViewer::HelpViewer(help::Book book, QWidget* parent)
     contents_->setAccessibleName("Contents");
     results_ = form::named(new QListWidget, "helpResults");
     results_->setWordWrap(true);
+    results_->setSpacing(theme::kGap / 2);
     results_->setAccessibleName("Pages found");
     results_->hide();
 

@@ -1,0 +1,122 @@
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "calculation/batch_list.h"
+#include "calculation/protocol.h"
+#include "datafiles/batch_file.h"
+#include "datafiles/database.h"
+#include "datafiles/project.h"
+#include "datafiles/substance_choice.h"
+#include "datafiles/xy_file.h"
+#include "diagrams/active_fluid.h"
+#include "diagrams/chart/chart_file.h"
+#include "support/databases.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Declare::session;
+
+std::string content(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// A kind of file, and how the program writes it with one of two contents.
+struct Kind {
+    const char* name;
+    std::function<void(const fs::path& file, bool second)> write;
+};
+
+class KilledWriters : public ActiveFluid {
+  protected:
+    KilledWriters() {
+        activate("Propane");
+        databases::Write(folder() / "STUDENT.Q05", {databases::Row("Propane")});
+        LoadSaveData::LoadDatabase((folder() / "STUDENT.Q05").string());
+        LoadSaveData::TakeSubstance(1);
+        user.inputAnswers.assign(100000, "a comment");
+    }
+
+    /// Measured data that differ in their number.
+    static void data(bool second) {
+        const std::size_t sets = second ? 900 : 700;
+        Declare::BatchData.assign(sets + 1, {.T = 300, .p = 500, .rhoV = 11});
+        session.BatchCount = static_cast<std::int16_t>(sets);
+    }
+    void answer(const fs::path& file) {
+        user.fileAnswers = {file.string()};
+        user.answers.assign(3, dialogs::Answer::Yes);
+    }
+
+    std::vector<Kind> kinds() {
+        return {
+            {"project.QCF",
+             [this](const fs::path& file, bool second) {
+                 session.ProjectComment = std::string(second ? 9000 : 7000, 'c');
+                 session.LastSessionFile = file.string();
+                 LoadSaveData::SaveProject(false);
+             }},
+            {"data.BAQ",
+             [this](const fs::path& file, bool second) {
+                 data(second);
+                 answer(file);
+                 LoadSaveData::BatchSave();
+             }},
+            {"points.XY",
+             [this](const fs::path& file, bool second) {
+                 const std::vector<Declare::FitPoint> points(second ? 9000 : 7000, {1, 2, 0});
+                 answer(file);
+                 LoadSaveData::XYSave("points", points);
+             }},
+            {"own.Q05",
+             [](const fs::path& file, bool second) {
+                 Declare::substance.Name = std::string(second ? 30 : 20, 'n');
+                 LoadSaveData::WritePrivateDatabase(file.string());
+             }},
+            {"diagram.oc2",
+             [](const fs::path& file, bool second) {
+                 chart::Chart2D chart;
+                 chart::SeriesAt(chart, chart::Group::Curves, 0).x.assign(second ? 9000 : 7000, 1);
+                 (void)chart::SaveChart(chart, file);
+             }},
+            {"surface.oc3",
+             [](const fs::path& file, bool second) {
+                 chart::Chart3D chart;
+                 chart.header.text = std::string(second ? 9000 : 7000, 't');
+                 (void)chart::SaveChart(chart, file);
+             }},
+        };
+    }
+};
+
+TEST_F(KilledWriters, EveryFileHoldsItsOldOrItsNewContent) {
+    for (const Kind& kind : kinds()) {
+        SCOPED_TRACE(kind.name);
+        const fs::path file = folder() / kind.name;
+        kind.write(file, true);
+        const std::string newer = content(file);
+        kind.write(file, false);
+        const std::string older = content(file);
+        ASSERT_FALSE(older.empty());
+        ASSERT_NE(older, newer);
+        for (int round = 0; round < 25; ++round) {
+            const pid_t writer = fork();
+            ASSERT_GE(writer, 0);
+            if (writer == 0)
+                for (bool second = true;; second = !second) kind.write(file, second);
+            usleep(static_cast<useconds_t>(300 + 157 * round));
+            kill(writer, SIGKILL);
+            waitpid(writer, nullptr, 0);
+            const std::string found = content(file);
+            ASSERT_TRUE(found == older || found == newer)
+                << "round " << round << ", " << found.size() << " bytes";
+        }
+    }
+}
+
+}  // namespace
