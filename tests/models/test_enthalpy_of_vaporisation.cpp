@@ -258,13 +258,13 @@ TEST_F(Vaporisation, WithoutAVapourPressureTheDataRowStandsIn) {
 }
 
 TEST_F(Vaporisation, WithoutABoilingTemperatureTheDataRowStandsIn) {
-    expect_failure(EnthalpyOfVaporisation(3, 0, 900, "XXX", true), "no T available");
+    expect_failure(EnthalpyOfVaporisation(3, 0, 900, "ZZZ", true), "no T available");
     data_row(300, 990);
-    const Result r = EnthalpyOfVaporisation(3, 0, 900, "XXX", true, 2);
+    const Result r = EnthalpyOfVaporisation(3, 0, 900, "ZZZ", true, 2);
     EXPECT_EQ(r.status, kSuccess);
     EXPECT_EQ(r.T, 300);
     data_row(s.Tcrit + 1, 990);
-    expect_failure(EnthalpyOfVaporisation(3, 0, 900, "XXX", true, 2), "T > T(cr)!");
+    expect_failure(EnthalpyOfVaporisation(3, 0, 900, "ZZZ", true, 2), "T > T(cr)!");
 }
 
 TEST_F(Vaporisation, WithoutTAndPThereIsNone) {

@@ -143,7 +143,7 @@ TEST_F(VapourPressureEquations, WorkUpToTheCriticalTemperatureOnly) {
 
 TEST_F(VapourPressureEquations, AMissingEquationIsAFailure) {
     activate("Ozone");
-    for (const char* code : {"ALP", "AHP", "FRO", "WAG", "000", "XXX"}) {
+    for (const char* code : {"ALP", "AHP", "FRO", "WAG", "000", "ZZZ"}) {
         EXPECT_EQ(Calc::VapourPressure(150, code, false).status, kFailure) << code;
         EXPECT_EQ(Calc::VapourPressure(150, code, false).p, 0) << code;
         EXPECT_EQ(Calc::BoilingTemperature(100, code, false).status, kFailure) << code;
