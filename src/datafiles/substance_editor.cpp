@@ -297,4 +297,24 @@ std::string DatabaseCaption() {
     return "Database loaded:  " + text::ToUpper(Module2::FileTitle(Declare::session.DatabaseFile));
 }
 
+std::string EditorReport(const EditorTexts& texts) {
+    constexpr std::size_t kCaption = 34, kValue = 20;
+    std::string report;
+    EditorTab tab = EditorTab::Head;
+    std::string_view frame;
+    for (const EditorField& field : EditorFieldTable()) {
+        if (field.tab != tab) report += "\n" + text::Trim(EditorTabCaption(field.tab)) + "\n";
+        if (field.tab != tab || field.frame != frame)
+            if (!field.frame.empty()) report += "  " + text::Trim(field.frame) + "\n";
+        tab = field.tab;
+        frame = field.frame;
+        std::string line =
+            "    " + text::PadRight(text::Trim(field.caption), kCaption) +
+            text::PadLeft(text::Trim(texts[static_cast<std::size_t>(field.DD)]), kValue);
+        if (!field.unit.empty()) line += " " + text::Trim(field.unit);
+        report += line + "\n";
+    }
+    return report;
+}
+
 }  // namespace LoadSaveData

@@ -49,6 +49,9 @@ enum class GroupFrame : std::uint8_t { Critical, Formation, HeatCapacity };
 /// The texts of all fields by their index (`DD`).
 using EditorTexts = std::array<std::string, kEditorFields>;
 
+/// The data as a list for the printer: all fields by tab and frame.
+std::string EditorReport(const EditorTexts& texts);
+
 /// A value as the editor shows it: "<>" for none, " 0" for the stored zero 1E-37; a positive number
 /// has a blank in front. 32-bit values read back as the same value.
 std::string EditorText(float value);

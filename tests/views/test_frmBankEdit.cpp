@@ -1,6 +1,7 @@
 #include <cmath>
 #include <set>
 
+#include "common/text.h"
 #include "datafiles/database.h"
 #include "datafiles/substance_choice.h"
 #include "datafiles/substance_editor.h"
@@ -319,6 +320,19 @@ TEST_F(BankEdit, AMissingBoilingPointIsCalculated) {
     // Carbon dioxide reaches 101.325 kPa, extrapolated over the metastable liquid, near 186 K.
     EXPECT_NEAR(read("DD_1").toDouble(), 186, 3);
     EXPECT_GT(substance.Tboil, 180);
+}
+
+TEST_F(BankEdit, PrintsAllFieldsOfAllTabs) {
+    open();
+    type("DD_0", "44.5");
+    click("cmdPrint");
+    ASSERT_EQ(user.prints.size(), 1U);
+    EXPECT_EQ(user.prints[0].font, "COURIER");
+    const std::string& text = user.prints[0].text;
+    for (const EditorField& field : EditorFieldTable())
+        EXPECT_NE(text.find(text::Trim(field.caption)), std::string::npos) << field.caption;
+    EXPECT_NE(text.find("44.5"), std::string::npos) << "what is typed is printed";
+    EXPECT_NE(text.find("\nVapour Pressure\n"), std::string::npos) << text;
 }
 
 TEST_F(BankEdit, WritesAPrivateDatabaseWithWhatIsTyped) {

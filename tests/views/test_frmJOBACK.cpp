@@ -64,6 +64,17 @@ TEST_F(Joback, GroupFieldsTakeDigitsOnly) {
 }
 
 // Increments of K. G. Joback and R. C. Reid, Chem. Eng. Commun. 57 (1987) 233.
+TEST_F(Joback, CountsAndResultsArePrinted) {
+    open(GroupFrame::Formation);
+    typeIsopropanol();
+    EXPECT_FALSE(drive::isEnabled("cmdApply"));
+    click("cmdCalcBildung");
+    click("cmdPrint");
+    ASSERT_EQ(user.prints.size(), 1U);
+    EXPECT_NE(user.prints[0].text.find("-CH3  2"), std::string::npos) << user.prints[0].text;
+    EXPECT_NE(user.prints[0].text.find("60.09"), std::string::npos) << "the molar mass";
+}
+
 TEST_F(Joback, QuantitiesOfFormationOfIsopropanol) {
     open(GroupFrame::Formation);
     typeIsopropanol();

@@ -464,6 +464,22 @@ TEST_F(Fitting, AMeasuredVapourPressureCurveReachesTheSubstance) {
     }
 }
 
+TEST_F(Fitting, TheResultIsPrinted) {
+    sample("benzene_vapour_pressure.XY");
+    open();
+    choose("Vapour pressure", 4);
+    click("cmdPropose");
+    click("cmdStart");
+    click("cmdPrint");
+    ASSERT_EQ(user.prints.size(), 1U);
+    const std::string& text = user.prints[0].text;
+    for (const char* name : {"txtResult_0", "txtResult_2", "lblDeviations", "lblEquation"})
+        EXPECT_NE(text.find(read(name).toStdString()), std::string::npos) << name << "\n" << text;
+    EXPECT_NE(text.find("ANTOINE"), std::string::npos) << "the chosen model";
+    EXPECT_NE(text.find("1.0000"), std::string::npos) << "the correlation matrix";
+    EXPECT_EQ(text.find("WAGNER"), std::string::npos) << "what is not chosen is left out";
+}
+
 TEST_F(Fitting, AugustIsFittedButNotApplied) {
     sample("benzene_vapour_pressure.XY");
     open();

@@ -36,6 +36,10 @@ QToolButton* helpButton(const QString& name, const QString& about);
 /// A titled frame with its control name.
 QGroupBox* frame(const QString& title, const QString& name, QWidget* parent = nullptr);
 
+/// What a view shows, as lines of text: captions, fields, chosen options and tables in the order of
+/// their places. What is hidden is left out.
+QString textOf(const QWidget* view);
+
 /// Text with its control name, so that a help or a test finds it.
 template <class Widget>
 Widget* named(Widget* widget, const QString& name) {

@@ -10,6 +10,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "common/dialogs.h"
 #include "common/views/form.h"
 #include "common/views/theme.h"
 #include "datafiles/database.h"
@@ -283,6 +284,12 @@ QWidget* frmBankEdit::buildCommands() {
     connect(close, &QPushButton::clicked, this, &frmBankEdit::reject);
     QPushButton* help = form::button("&Help", "Hilfe");
     shell::ConnectHelp(help, help::kSubstanceData);
+    QPushButton* print = form::button("&Print", "cmdPrint");
+    connect(print, &QPushButton::clicked, this, [this] {
+        dialogs::Print({.title = Declare::substance.Name,
+                        .font = "COURIER",
+                        .text = LoadSaveData::EditorReport(texts())});
+    });
     QPushButton* write = form::button("&Save *.Q05", "WriteDataBaseQ05");
     write->setToolTip(" such a file *.Q05 only contains the components of this project ");
     write->setEnabled(!readOnly_);
@@ -307,6 +314,7 @@ QWidget* frmBankEdit::buildCommands() {
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(note);
     buttons->addStretch(1);
+    buttons->addWidget(print);
     buttons->addWidget(apply);
     buttons->addWidget(close);
     buttons->addWidget(help);

@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/views/form.h"
 #include "common/views/theme.h"
@@ -234,11 +235,18 @@ QWidget* frmJOBACK::buildCommands() {
     connect(apply_, &QPushButton::clicked, this, &frmJOBACK::apply);
     // Critical data stay in the view for the user to read.
     apply_->setVisible(frame_ != GroupFrame::Critical);
+    QPushButton* print = form::button("&Print", "cmdPrint");
+    connect(print, &QPushButton::clicked, this, [this] {
+        dialogs::Print({.title = windowTitle().toStdString(),
+                        .font = "COURIER",
+                        .text = form::textOf(this).toStdString()});
+    });
     QPushButton* help = form::button("&Help", "Hilfe");
     shell::ConnectHelp(help, help::kGroupContributions);
     QPushButton* close = form::button("&Close", "cmdEsc");
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     layout->addWidget(clear);
+    layout->addWidget(print);
     layout->addStretch(1);
     layout->addWidget(apply_);
     layout->addWidget(close);

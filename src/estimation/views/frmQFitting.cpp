@@ -9,6 +9,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "common/dialogs.h"
 #include "common/views/form.h"
 #include "common/views/theme.h"
 #include "estimation/fit_apply.h"
@@ -181,6 +182,11 @@ QWidget* frmQFitting::buildCommands() {
     QPushButton* tpv = form::button("Data import &T-p-V-editor", "cmdGotoTpvEditor");
     tpv->setEnabled(actions::Has(kTpvEditor));
     connect(tpv, &QPushButton::clicked, this, [] { actions::Run(kTpvEditor); });
+    QPushButton* print = form::button("P&rint", "cmdPrint");
+    connect(print, &QPushButton::clicked, this, [this] {
+        dialogs::Print(
+            {.title = "Fitting", .font = "COURIER", .text = form::textOf(this).toStdString()});
+    });
     QPushButton* help = form::button("&Help", "Hilfe");
     shell::ConnectHelp(help, help::kFitting);
     QPushButton* close = form::button("&Close", "ESC");
@@ -197,6 +203,7 @@ QWidget* frmQFitting::buildCommands() {
     grid->addWidget(target_, 1, 1, 1, 3);
     grid->addWidget(xy, 2, 0);
     grid->addWidget(tpv, 2, 1);
+    grid->addWidget(print, 2, 2);
     grid->setColumnStretch(3, 1);
     return box;
 }

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QSessionManager>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QToolBar>
@@ -90,6 +91,13 @@ mdiQUOR::mdiQUOR() {
     resize(kFirstSize);
     settings::restorePlace(this, objectName());
     setAcceptDrops(true);
+    // The end of the desktop's session is the end of the program, unless something unsaved stays.
+    connect(
+        qApp, &QGuiApplication::commitDataRequest, this,
+        [this](QSessionManager& manager) {
+            if (isVisible() && !close()) manager.cancel();
+        },
+        Qt::DirectConnection);
 }
 
 void mdiQUOR::SetFileOpener(FileOpener opener) {
