@@ -26,7 +26,7 @@ before=$(state)
 result=$("$prefix/bin/quorcalc" state --substance "Carbon dioxide" --T 300 --p 5000)
 echo "$result" | grep -q '131\.496' || fail "quorcalc gives another density: $result"
 
-mkdir "$work/home"
+mkdir -m 700 "$work/home"
 HOME=$work/home XDG_DATA_HOME=$work/home/data XDG_CONFIG_HOME=$work/home/config \
   XDG_RUNTIME_DIR=$work/home QT_QPA_PLATFORM=offscreen "$prefix/bin/quor6" &
 program=$!
@@ -43,7 +43,7 @@ package=$(find "$work/package" -maxdepth 1 -name 'quor6_*.deb')
 [ -n "$package" ] || fail "there is no package"
 list=$(dpkg-deb -c "$package")
 for file in /usr/bin/quor6 /usr/bin/quorcalc /usr/share/quor6/STUDENT.Q05 /usr/share/quor6/SYNOM.TXT \
-  /usr/share/quor6/help/index.html /usr/share/quor6/samples/propane_saturation.BAQ \
+  /usr/share/quor6/help/0.html /usr/share/quor6/samples/propane_saturation.BAQ \
   /usr/share/applications/quor6.desktop /usr/share/mime/packages/quor6.xml \
   /usr/share/icons/hicolor/scalable/apps/quor6.svg; do
   echo "$list" | grep -q "\.$file\$" || fail "$file is not in the package"
