@@ -113,6 +113,27 @@ TEST_F(Graph2D, OpensEveryRowOfTheMenuAndDraws) {
     }
 }
 
+TEST_F(Graph2D, ClosesWithItsSurfacesWhenTheUnitsChange) {
+    openIsotherm();
+    openIsotherm("320");
+    choose("mnu3DSub_5");
+    ASSERT_NE(drive::find("frmGraph3D"), nullptr);
+    when("frmOptions", [] {
+        click("optMolarSpez_1");
+        click("cmdClose");
+    });
+    choose("mnuOptions");
+    EXPECT_NE(frmGraph2D::current(), nullptr) << "a cancel changes nothing";
+    when("frmOptions", [] {
+        click("optMolarSpez_1");
+        click("cmdOK");
+    });
+    choose("mnuOptions");
+    drive::settle();
+    EXPECT_EQ(frmGraph2D::current(), nullptr);
+    EXPECT_EQ(drive::find("frmGraph3D"), nullptr);
+}
+
 TEST_F(Graph2D, RefusesTheTwentyFifthCurve) {
     openIsotherm();
     for (int i = 1; i < 24; ++i) click("cmdDraw");

@@ -182,7 +182,7 @@ void frmOptions::apply() {
     if (!Module2::ApplyOptions(c)) return;
     // The axes of an open diagram are no longer valid in other units.
     actions::Run("CalcCoordinateDefaults");
-    if (Declare::session.UnitsChanged) shell::CloseViews({"frmGraph2D"});
+    if (Declare::session.UnitsChanged) shell::CloseViews({"frmGraph2D", "frmGraph3D"});
     shell::Refresh();
     accept();
 }
