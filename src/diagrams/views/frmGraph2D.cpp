@@ -27,6 +27,7 @@
 #include "diagrams/views/frmInputProzessLinien.h"
 #include "diagrams/views/frmTpVSInputBox.h"
 #include "diagrams/views/range_input.h"
+#include "diagrams/views/views_in_use.h"
 #include "session/actions.h"
 #include "session/declare.h"
 #include "session/module2.h"
@@ -39,8 +40,8 @@ constexpr int kPanelWidth = 300;
 constexpr int kCascade = 26;  // pixels between diagrams that open on each other
 constexpr std::uint8_t kRangeInput = 7, kFractionInput = 8;
 
-std::vector<frmGraph2D*>& openDiagrams() {
-    static std::vector<frmGraph2D*> all;  // the one in use last
+ViewsInUse<frmGraph2D>& openDiagrams() {
+    static ViewsInUse<frmGraph2D> all;
     return all;
 }
 
@@ -51,7 +52,7 @@ QString qt(const std::string& s) {
 }  // namespace
 
 frmGraph2D* frmGraph2D::current() {
-    return openDiagrams().empty() ? nullptr : openDiagrams().back();
+    return openDiagrams().current();
 }
 
 void frmGraph2D::Open() {
@@ -96,31 +97,26 @@ frmGraph2D::frmGraph2D(const Declare::DiagramRequest& request) {
     buildToolBar();
     connectCanvas();
     resize(kFirstSize);
-    openDiagrams().push_back(this);
+    openDiagrams().add(this);
     refresh();
 }
 
 frmGraph2D::~frmGraph2D() {
-    std::erase(openDiagrams(), this);
+    openDiagrams().remove(this);
 }
 
 void frmGraph2D::becomeCurrent() {
-    auto& all = openDiagrams();
-    if (std::erase(all, this) == 0) return;  // it is closing
-    all.push_back(this);
-    Module9::GiveToSession(sheet_);
+    if (openDiagrams().use(this)) Module9::GiveToSession(sheet_);
 }
 
 void frmGraph2D::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
-    if (auto* window = qobject_cast<QMdiSubWindow*>(parentWidget()))
-        connect(window, &QMdiSubWindow::aboutToActivate, this, &frmGraph2D::becomeCurrent,
-                Qt::UniqueConnection);
+    ViewsInUse<frmGraph2D>::followWindow(this);
 }
 
 void frmGraph2D::closeEvent(QCloseEvent* event) {
     // What is deleted later is no diagram of the session any more.
-    std::erase(openDiagrams(), this);
+    openDiagrams().remove(this);
     event->accept();
 }
 

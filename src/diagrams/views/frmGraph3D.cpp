@@ -11,6 +11,7 @@
 #include "diagrams/prepare_3d.h"
 #include "diagrams/views/surface_dialogs.h"
 #include "diagrams/views/surface_panel.h"
+#include "diagrams/views/views_in_use.h"
 #include "session/actions.h"
 #include "session/module2.h"
 #include "session/views/shell.h"
@@ -22,8 +23,8 @@ constexpr int kPanelWidth = 300;
 constexpr int kCascade = 26;  // pixels between surfaces that open on each other
 constexpr auto kHint = "Drag: turn     Wheel: zoom     Double click: default view";
 
-std::vector<frmGraph3D*>& openSurfaces() {
-    static std::vector<frmGraph3D*> all;  // the one in use last
+ViewsInUse<frmGraph3D>& openSurfaces() {
+    static ViewsInUse<frmGraph3D> all;
     return all;
 }
 
@@ -34,7 +35,7 @@ QString qt(const std::string& s) {
 }  // namespace
 
 frmGraph3D* frmGraph3D::current() {
-    return openSurfaces().empty() ? nullptr : openSurfaces().back();
+    return openSurfaces().current();
 }
 
 void frmGraph3D::Open() {
@@ -86,30 +87,25 @@ frmGraph3D::frmGraph3D() {
     connect(canvas_, &Chart3DWidget::viewChanged, this, &frmGraph3D::followView);
     connect(canvas_, &Chart3DWidget::rightClicked, this, [this] { design("surface"); });
     resize(kFirstSize);
-    openSurfaces().push_back(this);
+    openSurfaces().add(this);
     refresh();
 }
 
 frmGraph3D::~frmGraph3D() {
-    std::erase(openSurfaces(), this);
+    openSurfaces().remove(this);
 }
 
 void frmGraph3D::becomeCurrent() {
-    auto& all = openSurfaces();
-    if (std::erase(all, this) == 0) return;  // it is closing
-    all.push_back(this);
-    Module9::GiveToSession(sheet_);
+    if (openSurfaces().use(this)) Module9::GiveToSession(sheet_);
 }
 
 void frmGraph3D::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
-    if (auto* window = qobject_cast<QMdiSubWindow*>(parentWidget()))
-        connect(window, &QMdiSubWindow::aboutToActivate, this, &frmGraph3D::becomeCurrent,
-                Qt::UniqueConnection);
+    ViewsInUse<frmGraph3D>::followWindow(this);
 }
 
 void frmGraph3D::closeEvent(QCloseEvent* event) {
-    std::erase(openSurfaces(), this);
+    openSurfaces().remove(this);
     event->accept();
 }
 
