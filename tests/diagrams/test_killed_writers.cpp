@@ -90,6 +90,21 @@ class KilledWriters : public ActiveFluid {
                  chart.header.text = std::string(second ? 9000 : 7000, 't');
                  (void)chart::SaveChart(chart, file);
              }},
+            {"results.LST",
+             [](const fs::path& file, bool second) {
+                 data(second);
+                 session.CalcMode = 3;
+                 session.BatchMode = true;
+                 BatchCalc::ResultFile(file.string(), "T, p", true, false);
+             }},
+            {"protocol.CSV",
+             [](const fs::path& file, bool second) {
+                 Declare::protocol.assign(second ? 90 : 70, {});
+                 for (auto& column : Declare::protocol) column[0] = 300;
+                 session.ProtocolFile = file.filename().string();
+                 session.ProtocolPending = true;
+                 Zentrale::WriteProtocol();
+             }},
         };
     }
 };
