@@ -34,7 +34,7 @@ std::int16_t next_active(std::int16_t index, std::int16_t step) {
 }
 
 void name_data_set(ResultView& view) {
-    view.specification =
+    view.inputCaption =
         session.BatchMode ? " Specification value from set #" + std::to_string(session.DataSetIndex)
                           : " Specification value from input ";
 }

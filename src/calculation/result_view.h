@@ -9,7 +9,7 @@ namespace Zentrale {
 struct ResultView {
     std::string caption;               ///< of the window
     std::string title;                 ///< of the calculation, for lists
-    std::string specification;         ///< caption of `fraBatchVorgabe`
+    std::string inputCaption;          ///< caption of `fraBatchVorgabe`
     std::string okCaption = "=>Load";  ///< of `cmdCalc_OK`
     bool stepVisible = true;           ///< `cmdVor`, `cmdRueck`
     bool resultOutputVisible = true;   ///< `fraResultOutput`

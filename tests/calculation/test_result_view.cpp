@@ -70,7 +70,7 @@ TEST_F(ResultViewTest, TitlesNameTheCalculation) {
 TEST_F(ResultViewTest, DirectModeOpensEmptyAndHidesTheStepping) {
     const ResultView view = open(3);
     EXPECT_EQ(view.caption, "Result of the Calculation:  T, p => rho");
-    EXPECT_EQ(view.specification, " Specification value from input ");
+    EXPECT_EQ(view.inputCaption, " Specification value from input ");
     EXPECT_EQ(view.okCaption, "Close");
     EXPECT_FALSE(view.stepVisible || view.resultOutputVisible);
     EXPECT_TRUE(view.protocolVisible && view.extendedVisible && view.extendedEnabled);
@@ -105,7 +105,7 @@ TEST_F(ResultViewTest, OpensOnTheFirstActiveDataSet) {
     Declare::ResultRecords.assign(9, {});
     ResultView view = open(3);
     EXPECT_EQ(session.DataSetIndex, 2);
-    EXPECT_EQ(view.specification, " Specification value from set #2");
+    EXPECT_EQ(view.inputCaption, " Specification value from set #2");
     EXPECT_EQ(view.okCaption, "=>Load");
     EXPECT_TRUE(view.stepVisible && view.resultOutputVisible);
     EXPECT_EQ(Declare::ResultRecords.size(), 4U);
@@ -120,7 +120,7 @@ TEST_F(ResultViewTest, StepsOverInactiveSetsAndBeepsAtTheEnds) {
     EXPECT_EQ(session.DataSetIndex, 1);
     Zentrale::StepForward(view);
     EXPECT_EQ(session.DataSetIndex, 3);
-    EXPECT_EQ(view.specification, " Specification value from set #3");
+    EXPECT_EQ(view.inputCaption, " Specification value from set #3");
     EXPECT_EQ(resultText.par1.text, "T = 310.000 K");
     EXPECT_EQ(user.beeps, 0);
     Zentrale::StepForward(view);

@@ -277,7 +277,7 @@ void frmCalcOut::arrange() {
 // Everything but the texts of the result: what is shown and enabled.
 void frmCalcOut::follow() {
     const bool panels = !resultText.panelsHidden;
-    specification_->setTitle(qt(view_.specification));
+    specification_->setTitle(qt(view_.inputCaption));
     specification_->setVisible(panels);
     back_->setVisible(view_.stepVisible);
     forward_->setVisible(view_.stepVisible);
