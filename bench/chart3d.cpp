@@ -5,8 +5,11 @@
 #include <QPainter>
 #include <cmath>
 
-#include "diagrams/views/chart2d_plot.h"
-#include "diagrams/views/chart3d_paint.h"
+#include "gui/chart/chart2d_plot.h"
+#include "gui/chart/chart3d_paint.h"
+
+using namespace quor;
+using namespace quor::gui;
 
 namespace {
 

@@ -8,12 +8,14 @@
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
 
+using namespace quor;
+
 namespace {
 
 /// Propane with Peng/Robinson, a vapour pressure equation and a polynomial cp.
 void activate() {
-    Module2::ResetEverything();
-    Declare::SubstanceRecord& s = Declare::substance;
+    session::ResetEverything();
+    models::SubstanceRecord& s = legacy::the_substance;
     s.M = 44.0956F;
     s.Tcrit = 369.89;
     s.pcrit = 4251.2;
@@ -25,25 +27,25 @@ void activate() {
     s.ptriple = 1.7e-7F;
     s.cpPoly = {{28.277F, 0.116F, 1.9597e-4F, -2.3271e-7F, 6.8669e-11F}, 50, 1500};
     s.hasCpPoly = true;
-    Calc::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
-    Declare::models.EOSModel = 6;
-    Declare::models.VPModel = 7;
-    Declare::models.VPCode = "KFR";
-    Declare::models.CpModel = 1;
-    Calc::CalcEOSParameters(6);
-    Module9::CalcCoordinateDefaults(Declare::coordinates);
+    models::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
+    legacy::the_models.EOSModel = 6;
+    legacy::the_models.VPModel = 7;
+    legacy::the_models.VPCode = "KFR";
+    legacy::the_models.CpModel = 1;
+    models::CalcEOSParameters(6);
+    Module9::CalcCoordinateDefaults(legacy::the_coordinates);
 }
 
 void run(benchmark::State& state, std::int16_t code, double fraction) {
     activate();
-    Declare::session.VapourFraction = fraction;
-    Declare::DiagramRequest request;
+    legacy::the_session.VapourFraction = fraction;
+    diagrams::DiagramRequest request;
     request.DiagramType = code;
-    Module9::FillDiagramWindow(Declare::coordinates, request);
-    Declare::CurvePointArray points;
+    Module9::FillDiagramWindow(legacy::the_coordinates, request);
+    diagrams::CurvePointArray points;
     for (auto _ : state)
-        benchmark::DoNotOptimize(kurve::CalcCurve(request, points, 333, 1500, 0.3));
-    state.counters["points"] = static_cast<double>(kurve::PointCount(points));
+        benchmark::DoNotOptimize(diagrams::CalcCurve(request, points, 333, 1500, 0.3));
+    state.counters["points"] = static_cast<double>(diagrams::PointCount(points));
 }
 
 // Aim: below 0.2 ms.
@@ -81,9 +83,9 @@ BENCHMARK(BM_Inversion)->Unit(benchmark::kMillisecond);
 // Aim: a grid of 101 x 101 of h(p, T) below 50 ms.
 void BM_Surface(benchmark::State& state) {
     activate();
-    Declare::session.Diagram3DKind = static_cast<std::int16_t>(state.range(0));
-    Declare::grid3D = Module9::DefaultGrid(Declare::session.Diagram3DKind, false);
-    for (auto _ : state) benchmark::DoNotOptimize(kurve::Calc_3DArray(101, 101));
+    legacy::the_session.Diagram3DKind = static_cast<std::int16_t>(state.range(0));
+    legacy::the_grid3D = Module9::DefaultGrid(legacy::the_session.Diagram3DKind, false);
+    for (auto _ : state) benchmark::DoNotOptimize(diagrams::Calc_3DArray(101, 101));
 }
 BENCHMARK(BM_Surface)->Arg(1)->Arg(3)->Arg(4)->Arg(7)->Unit(benchmark::kMillisecond);
 

@@ -7,40 +7,41 @@
 #include "datafiles/database_table.h"
 #include "session/module2.h"
 
+using namespace quor;
+
 namespace {
 
 /// A database of that many substances in the folder of temporary files.
 std::string database_of(std::int64_t count) {
-    std::vector<LoadSaveData::SubstanceFileRecord> records(static_cast<std::size_t>(count));
+    std::vector<datafiles::SubstanceFileRecord> records(static_cast<std::size_t>(count));
     for (std::size_t i = 0; i < records.size(); ++i) {
-        LoadSaveData::SetFieldText(records[i].nameEnglish, "Äther " + std::to_string(i));
+        datafiles::SetFieldText(records[i].nameEnglish, "Äther " + std::to_string(i));
         records[i].values[6] = 400.0F;
         records[i].values[7] = 4000.0F;
     }
     const std::filesystem::path path = std::filesystem::temp_directory_path() / "quor-bench.Q05";
-    const std::string bytes = LoadSaveData::DatabaseBytes(records);
+    const std::string bytes = datafiles::DatabaseBytes(records);
     std::ofstream(path, std::ios::binary)
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return path.string();
 }
 
 void BM_OpenDatabaseFile(benchmark::State& state) {
-    Module2::ResetEverything();
+    session::ResetEverything();
     const std::string path = database_of(state.range(0));
-    for (auto _ : state) benchmark::DoNotOptimize(LoadSaveData::OpenDatabaseFile(path));
-    LoadSaveData::CloseDatabase();
+    for (auto _ : state) benchmark::DoNotOptimize(datafiles::OpenDatabaseFile(path));
+    datafiles::CloseDatabase();
     std::filesystem::remove(path);
 }
 BENCHMARK(BM_OpenDatabaseFile)->Arg(180)->Arg(5000)->Unit(benchmark::kMillisecond);
 
 void BM_ReadSubstance(benchmark::State& state) {
-    Module2::ResetEverything();
+    session::ResetEverything();
     const std::string path = database_of(5000);
-    LoadSaveData::OpenDatabaseFile(path);
+    datafiles::OpenDatabaseFile(path);
     bool noCriticalData = false;
-    for (auto _ : state)
-        benchmark::DoNotOptimize(LoadSaveData::ReadSubstance(4000, noCriticalData));
-    LoadSaveData::CloseDatabase();
+    for (auto _ : state) benchmark::DoNotOptimize(datafiles::ReadSubstance(4000, noCriticalData));
+    datafiles::CloseDatabase();
     std::filesystem::remove(path);
 }
 BENCHMARK(BM_ReadSubstance)->Unit(benchmark::kMicrosecond);

@@ -10,6 +10,8 @@
 #include "estimation/fit_start_values.h"
 #include "estimation/marquardt_nash.h"
 
+using namespace quor;
+
 namespace {
 
 using namespace estimation;
@@ -22,8 +24,8 @@ bool Rational(double x, const Parameters& b, const ModelContext&, double& y) {
 
 /// `count` points of a model, with an alternating error of 0.1 per cent.
 template <class Function>
-std::vector<Declare::FitPoint> Points(int count, double from, double to, Function f) {
-    std::vector<Declare::FitPoint> points;
+std::vector<datafiles::FitPoint> Points(int count, double from, double to, Function f) {
+    std::vector<datafiles::FitPoint> points;
     for (int i = 0; i < count; ++i) {
         const double x = from + (to - from) * i / (count - 1);
         const double error = i % 2 == 0 ? 1.001 : 0.999;
@@ -56,7 +58,7 @@ BENCHMARK(SevenParameters)->Unit(benchmark::kMillisecond);
 /// A fit of a model of the view as `cmdStart` runs it, with the statistics behind it.
 void Model(benchmark::State& state, std::int16_t number, const Parameters& truth, double from,
            double to) {
-    Declare::SubstanceRecord water;
+    models::SubstanceRecord water;
     water.Tcrit = 647.096;
     water.pcrit = 22064;
     FitState fit_state;

@@ -1,18 +1,20 @@
 #include <benchmark/benchmark.h>
 
+#include "legacy/declare.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/model_tables.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
-#include "session/declare.h"
+
+using namespace quor;
 
 namespace {
 
 /// Propane with both forms of cp (fitted values of the database).
 void activate(std::int16_t code, std::int16_t cpForm) {
-    Declare::SubstanceRecord& s = Declare::substance;
+    models::SubstanceRecord& s = legacy::the_substance;
     s = {};
     s.M = 44.0956F;
     s.Tcrit = 369.89;
@@ -22,50 +24,50 @@ void activate(std::int16_t code, std::int16_t cpForm) {
     s.Tboil = 231.036F;
     s.cpPoly = {{-4.224F, 0.3063F, -1.586e-4F, 3.215e-8F, 0}, 200, 1000};
     s.cpSinh = {{51.92F, 192.45F, 1626.5F, 116.8F, 723.6F}, 200, 1500};
-    Calc::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
-    Declare::models = {};
-    Declare::models.EOSModel = code;
-    Declare::models.EOSOnlyV = Calc::IsVOnlyEOS(code);
-    Declare::models.VPModel = 7;
-    Declare::models.VPCode = "KFR";
-    Declare::models.CpModel = cpForm;
-    Calc::CalcEOSParameters(code);
+    models::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
+    legacy::the_models = {};
+    legacy::the_models.EOSModel = code;
+    legacy::the_models.EOSOnlyV = models::IsVOnlyEOS(code);
+    legacy::the_models.VPModel = 7;
+    legacy::the_models.VPCode = "KFR";
+    legacy::the_models.CpModel = cpForm;
+    models::CalcEOSParameters(code);
 }
 
 void BM_StateFunctions(benchmark::State& state) {
     activate(static_cast<std::int16_t>(state.range(0)), static_cast<std::int16_t>(state.range(1)));
-    const double T = 300, p = 500, v = Calc::SolveStateTP(T, p).vV;
-    for (auto _ : state) benchmark::DoNotOptimize(thermo::StateFunctions(T, p, v));
+    const double T = 300, p = 500, v = models::SolveStateTP(T, p).vV;
+    for (auto _ : state) benchmark::DoNotOptimize(models::StateFunctions(T, p, v));
 }
 BENCHMARK(BM_StateFunctions)->ArgNames({"eos", "cp"})->ArgsProduct({{2, 4, 6, 14, 16}, {1, 2}});
 
 /// The same while the surroundings change with every call.
 void BM_StateFunctions_NewSurroundings(benchmark::State& state) {
     activate(6, 2);
-    const double T = 300, p = 500, v = Calc::SolveStateTP(T, p).vV;
+    const double T = 300, p = 500, v = models::SolveStateTP(T, p).vV;
     for (auto _ : state) {
-        Declare::reference.Tenv += 1e-9;
-        benchmark::DoNotOptimize(thermo::StateFunctions(T, p, v));
+        legacy::the_reference.Tenv += 1e-9;
+        benchmark::DoNotOptimize(models::StateFunctions(T, p, v));
     }
 }
 BENCHMARK(BM_StateFunctions_NewSurroundings);
 
 void BM_ResidualFunctions(benchmark::State& state) {
     activate(6, 2);
-    const double T = 300, p = 500, v = Calc::SolveStateTP(T, p).vV;
-    for (auto _ : state) benchmark::DoNotOptimize(thermo::ResidualFunctions(T, p, v));
+    const double T = 300, p = 500, v = models::SolveStateTP(T, p).vV;
+    for (auto _ : state) benchmark::DoNotOptimize(models::ResidualFunctions(T, p, v));
 }
 BENCHMARK(BM_ResidualFunctions);
 
 void BM_SaturationFunctions(benchmark::State& state) {
     activate(6, 2);
-    for (auto _ : state) benchmark::DoNotOptimize(thermo::SaturationFunctions(300));
+    for (auto _ : state) benchmark::DoNotOptimize(models::SaturationFunctions(300));
 }
 BENCHMARK(BM_SaturationFunctions);
 
 void BM_InflexionPoints(benchmark::State& state) {
     activate(6, 2);
-    for (auto _ : state) benchmark::DoNotOptimize(thermo::InflexionPoints(300));
+    for (auto _ : state) benchmark::DoNotOptimize(models::InflexionPoints(300));
 }
 BENCHMARK(BM_InflexionPoints);
 

@@ -3,35 +3,38 @@
 #include <QStandardPaths>
 #include <filesystem>
 
-#include "app/views/open_file.h"
-#include "app/views/wiring.h"
+#include "app/main_window.h"
+#include "app/open_file.h"
+#include "app/wiring.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
-#include "common/views/qt_dialogs.h"
-#include "common/views/theme.h"
-#include "datafiles/views/editor_views.h"
+#include "gui/data/editor_views.h"
+#include "gui/widgets/qt_dialogs.h"
+#include "gui/widgets/theme.h"
 #include "session/module2.h"
-#include "session/views/mdiQUOR.h"
+
+using namespace quor;
+using namespace quor::app;
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     QApplication::setOrganizationName("QUOR");
     QApplication::setApplicationName("QUOR-6");
     QApplication::setApplicationVersion(QUOR_VERSION);
-    theme::install(app);
+    gui::theme::install(app);
 
     const auto folder = [](const QString& path) {
         return std::filesystem::path(path.toStdString());
     };
-    Module2::SetProgramFolder(
+    session::SetProgramFolder(
         folder(QApplication::applicationDirPath()),
         folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
     numbers::set_decimal_mark(QLocale().decimalPoint() == "," ? ',' : '.');
     dialogs::current() = dialogs::desktop();
 
     wiring::ConnectViews();
-    editor_views::InstallFileView();
-    mdiQUOR frame;
+    gui::editor_views::InstallFileView();
+    MainWindow frame;
     frame.show();
     frame.StartUp();
     frame.InviteFirstUser();

@@ -15,14 +15,14 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "datafiles/whole_file.h"
+#include "common/whole_file.h"
 #include "models/model_tables.h"
 #include "session/module2.h"
 
-namespace BatchCalc {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -81,21 +81,21 @@ std::string number_or_blank(double value) {
     return std::fabs(value) > 0 ? numbers::GeneralPoint(static_cast<float>(value)) : std::string();
 }
 
-Values experimental_values(const Declare::BatchDataSet& set) {
+Values experimental_values(const calculation::BatchDataSet& set) {
     return {set.T, set.p, static_cast<double>(set.rhoV), static_cast<double>(set.rhoL),
             static_cast<double>(set.hLV)};
 }
 
 /// True for what the calculation kind takes as given: it is not compared with itself.
 bool is_given(std::int16_t mode, std::size_t quantity) {
-    const unsigned asks = Zentrale::ModeOf(mode).asks;
+    const unsigned asks = calculation::ModeOf(mode).asks;
     switch (quantity) {
         case kT:
-            return (asks & Zentrale::kAsksT) != 0;
+            return (asks & calculation::kAsksT) != 0;
         case kP:
-            return (asks & Zentrale::kAsksP) != 0;
+            return (asks & calculation::kAsksP) != 0;
         case kRhoV:
-            return (asks & Zentrale::kAsksRho) != 0 && mode != kLiquidMode;
+            return (asks & calculation::kAsksRho) != 0 && mode != kLiquidMode;
         case kRhoL:
             return mode == kLiquidMode;
         default:
@@ -103,7 +103,7 @@ bool is_given(std::int16_t mode, std::size_t quantity) {
     }
 }
 
-Values calculated_values(std::int16_t mode, const Declare::ResultRecord& r) {
+Values calculated_values(std::int16_t mode, const calculation::ResultRecord& r) {
     Values values = {static_cast<double>(r.T), static_cast<double>(r.p),
                      static_cast<double>(r.rhoV), static_cast<double>(r.rhoL),
                      static_cast<double>(r.hLV)};
@@ -146,13 +146,13 @@ const HeadTexts& head_texts(ListForm form) {
 }
 
 std::string note_on_calculation(const HeadTexts& texts, bool global) {
-    if (!Zentrale::IsEquilibrium(session.CalcMode)) return {};
+    if (!calculation::IsEquilibrium(the_session.CalcMode)) return {};
     if (global) return std::string(" ") + texts.byEos;
-    return session.LiquidByBenson ? " (BENSON's method)" : "";
+    return the_session.LiquidByBenson ? " (BENSON's method)" : "";
 }
 
 bool shows_functions(bool extended) {
-    return session.CalcMode == kFunctionsMode || (extended && session.OutputPage > 1);
+    return the_session.CalcMode == kFunctionsMode || (extended && the_session.OutputPage > 1);
 }
 
 void add_head(std::vector<std::string>& lines, const std::string& title, bool global, bool extended,
@@ -160,14 +160,14 @@ void add_head(std::vector<std::string>& lines, const std::string& title, bool gl
     const HeadTexts& texts = head_texts(form);
     lines.emplace_back(texts.title);
     lines.emplace_back();
-    lines.push_back(texts.substance + Declare::substance.Name);
+    lines.push_back(texts.substance + legacy::the_substance.Name);
     lines.push_back(texts.calculation + text::Trim(title) + note_on_calculation(texts, global));
-    lines.push_back(texts.model + text::Trim(Calc::EOSName(Declare::models.EOSModel)));
-    lines.push_back(texts.equation + text::Trim(Calc::VPName(Declare::models.VPModel)));
-    lines.push_back(texts.count + std::to_string(session.BatchCount));
-    lines.push_back(texts.file + session.BatchFile);
+    lines.push_back(texts.model + text::Trim(models::EOSName(legacy::the_models.EOSModel)));
+    lines.push_back(texts.equation + text::Trim(models::VPName(legacy::the_models.VPModel)));
+    lines.push_back(texts.count + std::to_string(the_session.BatchCount));
+    lines.push_back(texts.file + the_session.BatchFile);
     if (!shows_functions(extended)) return;
-    for (std::string& line : Zentrale::ReferenceLines(true, Zentrale::Numbers::Point))
+    for (std::string& line : calculation::ReferenceLines(true, calculation::Numbers::Point))
         lines.push_back(std::move(line));
 }
 
@@ -185,11 +185,11 @@ void add_column_heads(std::vector<std::string>& lines) {
 
 // ---- Rows -------------------------------------------------------------------------------------
 
-void add_row(ResultList& list, std::size_t index, const Declare::BatchDataSet& set,
-             const Declare::ResultRecord& record) {
+void add_row(ResultList& list, std::size_t index, const calculation::BatchDataSet& set,
+             const calculation::ResultRecord& record) {
     constexpr float kLargest = 500.0F;
     const Values measured = experimental_values(set);
-    const Values calculated = calculated_values(session.CalcMode, record);
+    const Values calculated = calculated_values(the_session.CalcMode, record);
     Cells cells;
     cells[0] = std::to_string(index);
     cells[6] = record.State;
@@ -209,19 +209,20 @@ void add_row(ResultList& list, std::size_t index, const Declare::BatchDataSet& s
 /// A line of mode 8 below the row of its data set.
 struct FunctionLine {
     const char* label;
-    Zentrale::Function function;
+    calculation::Function function;
 };
 constexpr FunctionLine kFunctionLines[] = {
-    {" Enthalpy        h/kJ/kmol     =", Zentrale::kH},
-    {" Entropy         s/kJ/(kmol*K) =", Zentrale::kS},
-    {" Gibbs Function   g/kJ/kmol     =", Zentrale::kG},
-    {" Exergy of H     e/kJ/kmol     =", Zentrale::kExergyH},
-    {" Exergy of U     e/kJ/kmol     =", Zentrale::kExergyU}};
+    {" Enthalpy        h/kJ/kmol     =", calculation::kH},
+    {" Entropy         s/kJ/(kmol*K) =", calculation::kS},
+    {" Gibbs Function   g/kJ/kmol     =", calculation::kG},
+    {" Exergy of H     e/kJ/kmol     =", calculation::kExergyH},
+    {" Exergy of U     e/kJ/kmol     =", calculation::kExergyU}};
 
-void add_functions(std::vector<std::string>& lines, const Declare::ResultRecord& record) {
+void add_functions(std::vector<std::string>& lines, const calculation::ResultRecord& record) {
     constexpr std::size_t kLabel = 33, kNumber = 16;
-    const auto value = [](const Declare::PhaseFunctions& phase, std::size_t i, const char* mark) {
-        const bool exists = phase.caloric[Zentrale::kVolume] > 0;
+    const auto value = [](const calculation::PhaseFunctions& phase, std::size_t i,
+                          const char* mark) {
+        const bool exists = phase.caloric[calculation::kVolume] > 0;
         return exists ? text::PadLeft(numbers::GeneralPoint(static_cast<float>(phase.caloric[i])),
                                       kNumber) +
                             mark
@@ -263,7 +264,7 @@ std::string function_label(int index, ListForm form) {
                 break;
         }
     }
-    return std::string(Calc::FunctionLabel(index));
+    return std::string(models::FunctionLabel(index));
 }
 
 std::string phase_row(const std::string& label, const std::string& L, const std::string& V) {
@@ -273,17 +274,17 @@ std::string phase_row(const std::string& label, const std::string& L, const std:
 }
 
 std::string volume_text(float rho) {
-    return rho > 0 ? numbers::GeneralPoint(Declare::substance.M / rho) : std::string();
+    return rho > 0 ? numbers::GeneralPoint(legacy::the_substance.M / rho) : std::string();
 }
 
 void add_extended(std::vector<std::string>& lines, std::size_t index,
-                  const Declare::BatchDataSet& set, const Declare::ResultRecord& record,
+                  const calculation::BatchDataSet& set, const calculation::ResultRecord& record,
                   ListForm form) {
     constexpr int kLabels = 24;
     constexpr std::size_t kLabelWidth = 14;
     const bool file = form == ListForm::File;
     const double T = record.T > 0 ? static_cast<double>(record.T) : set.T;
-    const auto value = [](float rho, const Declare::PhaseFunctions& phase, int i) {
+    const auto value = [](float rho, const calculation::PhaseFunctions& phase, int i) {
         return rho > 0 ? numbers::FormatPoint(phase.extended[static_cast<std::size_t>(i)],
                                               " 0.0000E+00;-0.0000E+00")
                        : std::string();
@@ -325,21 +326,21 @@ class EachMessageOnce {
 };
 
 std::size_t set_count() {
-    return static_cast<std::size_t>(std::max<int>(session.BatchCount, 0));
+    return static_cast<std::size_t>(std::max<int>(the_session.BatchCount, 0));
 }
 
 template <class Visit>
 void for_each_result(Visit visit) {
     const std::size_t count =
-        std::min({set_count() + 1, Declare::BatchData.size(), Declare::ResultRecords.size()});
+        std::min({set_count() + 1, legacy::the_BatchData.size(), legacy::the_ResultRecords.size()});
     for (std::size_t i = 1; i < count; ++i)
-        if (Declare::ResultRecords[i].State != "   ")
-            visit(i, Declare::BatchData[i], Declare::ResultRecords[i]);
+        if (legacy::the_ResultRecords[i].State != "   ")
+            visit(i, legacy::the_BatchData[i], legacy::the_ResultRecords[i]);
 }
 
 std::string file_name(const std::string& name) {
     if (name.starts_with("LPT")) return name;
-    return LoadSaveData::TargetPath(name, Module2::WriteFolder().string(), ".LST");
+    return datafiles::TargetPath(name, session::WriteFolder().string(), ".LST");
 }
 
 }  // namespace
@@ -360,20 +361,20 @@ std::string DeviationText(float deviation) {
 }
 
 void CalculateAllSets() {
-    const Module2::BusyPointer busy;
+    const session::BusyPointer busy;
     const EachMessageOnce once;
-    const Zentrale::CalculationSnapshot before;
-    Declare::ResultRecords.resize(set_count() + 1);
-    for (Declare::ResultRecord& record : Declare::ResultRecords) record.State = "   ";
-    const std::string title = Zentrale::ModeTitle(session.CalcMode);
-    for (std::size_t i = 1; i <= set_count() && i < Declare::BatchData.size(); ++i) {
-        if (Declare::BatchData[i].skip != 0) continue;
-        Zentrale::CalcCall call{.Mode = session.CalcMode,
-                                .Index = static_cast<std::int16_t>(i),
-                                .Quiet = true,
-                                .Interactive = false,
-                                .Text = title};
-        Zentrale::CalcBatch(call);
+    const calculation::CalculationSnapshot before;
+    legacy::the_ResultRecords.resize(set_count() + 1);
+    for (calculation::ResultRecord& record : legacy::the_ResultRecords) record.State = "   ";
+    const std::string title = calculation::ModeTitle(the_session.CalcMode);
+    for (std::size_t i = 1; i <= set_count() && i < legacy::the_BatchData.size(); ++i) {
+        if (legacy::the_BatchData[i].skip != 0) continue;
+        calculation::CalcCall call{.Mode = the_session.CalcMode,
+                                   .Index = static_cast<std::int16_t>(i),
+                                   .Quiet = true,
+                                   .Interactive = false,
+                                   .Text = title};
+        calculation::CalcBatch(call);
     }
     before.restore();
 }
@@ -382,15 +383,15 @@ ResultList MakeResultList(const std::string& title, bool global, bool extended, 
     ResultList list;
     add_head(list.lines, title, global, extended, form);
     add_column_heads(list.lines);
-    for_each_result(
-        [&](std::size_t i, const Declare::BatchDataSet& set, const Declare::ResultRecord& record) {
-            add_row(list, i, set, record);
-            if (session.CalcMode == kFunctionsMode) add_functions(list.lines, record);
-        });
+    for_each_result([&](std::size_t i, const calculation::BatchDataSet& set,
+                        const calculation::ResultRecord& record) {
+        add_row(list, i, set, record);
+        if (the_session.CalcMode == kFunctionsMode) add_functions(list.lines, record);
+    });
     add_means(list);
-    if (extended && session.OutputPage > 1)
-        for_each_result([&](std::size_t i, const Declare::BatchDataSet& set,
-                            const Declare::ResultRecord& record) {
+    if (extended && the_session.OutputPage > 1)
+        for_each_result([&](std::size_t i, const calculation::BatchDataSet& set,
+                            const calculation::ResultRecord& record) {
             add_extended(list.lines, i, set, record, form);
         });
     return list;
@@ -408,9 +409,9 @@ bool ResultFile(const std::string& name, const std::string& title, bool global, 
     CalculateAllSets();
     const ResultList list = MakeResultList(title, global, extended, ListForm::File);
     const std::string error =
-        LoadSaveData::WriteWhole(file_name(name), LoadSaveData::AnsiLines(list.lines));
+        datafiles::WriteWhole(file_name(name), datafiles::AnsiLines(list.lines));
     if (!error.empty()) dialogs::Tell(error, "WARNING");
     return error.empty();
 }
 
-}  // namespace BatchCalc
+}  // namespace quor::calculation

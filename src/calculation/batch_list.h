@@ -7,7 +7,7 @@
 #include <vector>
 
 /// Comparison with measured data: result lists and their means.
-namespace BatchCalc {
+namespace quor::calculation {
 
 /// Quantities that are compared, in the order of the list's columns.
 enum Quantity : std::size_t { kT, kP, kRhoV, kRhoL, kHLV };
@@ -51,4 +51,4 @@ ResultList MakeResultList(const std::string& title, bool global, bool extended, 
 void PrintResult(const std::string& title, bool global, bool extended);
 bool ResultFile(const std::string& name, const std::string& title, bool global, bool extended);
 
-}  // namespace BatchCalc
+}  // namespace quor::calculation

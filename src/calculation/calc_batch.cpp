@@ -14,10 +14,10 @@
 #include "models/virial.h"
 #include "session/module2.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -56,20 +56,21 @@ constexpr std::int16_t kVirialMode = 11, kPolytropicMode = 12;
 constexpr std::int16_t kByCubicEos = 7;
 
 bool is_cubic() {
-    return Calc::IsCubicEOS(Declare::models.EOSModel) && !Declare::models.EOSOnlyV;
+    return models::IsCubicEOS(legacy::the_models.EOSModel) && !legacy::the_models.EOSOnlyV;
 }
 
 /// Everything that a call leaves behind starts empty.
 void begin(Job& job) {
-    Declare::vRoots = {};
-    Declare::lastState = {};
+    legacy::the_vRoots = {};
+    legacy::the_lastState = {};
     const std::string title = resultText.title;
     resultText = {};
     resultText.title = job.call.Text.empty() ? title : job.call.Text;
     *job.call.Results = {};
-    Declare::currentResult = {};
-    Module2::RefreshUnits();
-    session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+    legacy::the_currentResult = {};
+    session::RefreshUnits();
+    the_session.CaloricFactor =
+        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
 }
 
 // ---- Common end -------------------------------------------------------------------------------
@@ -82,7 +83,7 @@ struct RegionText {
 
 /// Region of T and p; nothing on a boundary that no rule names.
 std::optional<RegionText> region_of(double T, double p) {
-    const double Tc = Declare::substance.Tcrit, pc = Declare::substance.pcrit;
+    const double Tc = legacy::the_substance.Tcrit, pc = legacy::the_substance.pcrit;
     if (T == Tc && p == pc) return {{4, "=> critical point (T = T(cr), p = p(cr))"}};
     if (p < pc && T < Tc) return {{0, ""}};
     if (p > pc && T > Tc) return {{2, "=> supercritical phase L = V (T > T(cr), p > p(cr))"}};
@@ -96,29 +97,29 @@ std::optional<RegionText> region_of(double T, double p) {
 /// Captions of the columns and the words on the region. A function of the database belongs to no
 /// state, so that it has no region.
 void tell_region(const Job& job) {
-    if (Declare::models.EOSOnlyV || IsDatabaseFunction(job.mode()) || job.T < kPresent) return;
+    if (legacy::the_models.EOSOnlyV || IsDatabaseFunction(job.mode()) || job.T < kPresent) return;
     if (const auto region = region_of(job.T, job.p)) {
-        Declare::PhaseRegion = region->region;
+        legacy::the_PhaseRegion = region->region;
         if (region->region == 1) resultText.lblVphase = "L-Phase";
         if (region->region == 3 && job.p > 0) resultText.lblLphase = "V-Phase";
         if (region->region != 0) resultText.co1 = {region->text, true, true};
     }
-    resultText.lblGleich = Declare::PhaseRegion == 2 || Declare::PhaseRegion == 4;
+    resultText.lblGleich = legacy::the_PhaseRegion == 2 || legacy::the_PhaseRegion == 4;
 }
 
 bool shows_cubic_parameters(const Job& job) {
     if (!is_cubic() || !(job.T > kPresent)) return false;
     if (job.mode() == kPolytropicMode || IsDatabaseFunction(job.mode())) return false;
-    return !IsVaporisation(job.mode()) || Declare::models.HLVModel == kByCubicEos;
+    return !IsVaporisation(job.mode()) || legacy::the_models.HLVModel == kByCubicEos;
 }
 
 void add_cubic_parameters(Job& job) {
     constexpr std::size_t kNumberWidth = 16;
-    Calc::EvalEOSAtT(job.T);
-    const Declare::EOSState& s = Declare::eosState;
+    models::EvalEOSAtT(job.T);
+    const models::EOSState& s = legacy::the_eosState;
     job.list.blank();
     job.list.underlined("Paramet. of the generalized cub. EOS (" +
-                        text::Trim(Calc::EOSName(Declare::models.EOSModel)) + "):");
+                        text::Trim(models::EOSName(legacy::the_models.EOSModel)) + "):");
     const auto line = [&](const char* name, double value) {
         job.list.add(name + text::PadLeft(Value32(value), kNumberWidth));
     };
@@ -129,14 +130,14 @@ void add_cubic_parameters(Job& job) {
 }
 
 bool shows_virial_coefficient(const Job& job) {
-    return Declare::models.EOSOnlyV && job.T > kPresent && job.mode() != 0 &&
+    return legacy::the_models.EOSOnlyV && job.T > kPresent && job.mode() != 0 &&
            job.mode() != kVirialMode && job.mode() != kPolytropicMode &&
            !IsDatabaseFunction(job.mode());
 }
 
 void add_virial_coefficient(Job& job) {
     constexpr std::size_t kNumberWidth = 16;
-    const double B = Calc::SecondVirial(Declare::models.EOSModel, job.T);
+    const double B = models::SecondVirial(legacy::the_models.EOSModel, job.T);
     job.list.blank();
     job.list.add("Virial coeffizient:");
     job.list.add("  B =" + text::PadLeft(Value32(B), kNumberWidth) + " m^3/kmol");
@@ -145,19 +146,19 @@ void add_virial_coefficient(Job& job) {
 /// The diagnosis needs a state that the cubic EOS itself has found.
 bool can_diagnose(const Job& job) {
     const std::int16_t mode = job.mode();
-    if (job.error || !is_cubic() || !session.GlobalCalculation) return false;
+    if (job.error || !is_cubic() || !the_session.GlobalCalculation) return false;
     if (mode == kVirialMode || mode == kPolytropicMode || IsDatabaseFunction(mode)) return false;
-    if (IsEquilibrium(mode)) return Declare::models.PriorityCEOS;
-    return !IsVaporisation(mode) || Declare::models.HLVModel == kByCubicEos;
+    if (IsEquilibrium(mode)) return legacy::the_models.PriorityCEOS;
+    return !IsVaporisation(mode) || legacy::the_models.HLVModel == kByCubicEos;
 }
 
 void keep_record(Job& job) {
     if (job.error) job.record = {};
-    Declare::currentResult = job.record;
+    legacy::the_currentResult = job.record;
     resultText.State = job.record.State;
     const auto i = static_cast<std::size_t>(job.call.Index);
-    if (job.call.Index >= 0 && i < Declare::ResultRecords.size())
-        Declare::ResultRecords[i] = job.record;
+    if (job.call.Index >= 0 && i < legacy::the_ResultRecords.size())
+        legacy::the_ResultRecords[i] = job.record;
 }
 
 void set_fraction(Job& job) {
@@ -222,4 +223,4 @@ void CalcBatch(CalcCall& call) {
     call.Failed = job.error;
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <string>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 /// The arguments of `CalcBatch`. The caller owns them, and the array that `Results` refers to.
 struct CalcCall {
     std::int16_t Mode = 0;    ///< `CalcMode`
-    std::int16_t Index = 0;   ///< element of `Declare::BatchData`
+    std::int16_t Index = 0;   ///< element of `legacy::the_BatchData`
     bool Quiet = false;       ///< do not write `Liste`
     bool Interactive = true;  ///< message boxes of the remark kind may appear
     std::string Text = {};    ///< in: title of the result; out: "EXIT" when execution was refused,
@@ -21,7 +21,7 @@ struct CalcCall {
     bool HasL = false, HasV = false;  ///< out: the phases that exist
     std::int16_t Roots = 0;           ///< out: volume roots of the EOS, 3 in the two-phase region
     bool Failed = false;              ///< out: the calculation ended with an error
-    Declare::FuArray* Results = &Declare::Fu;
+    calculation::FuArray* Results = &legacy::the_Fu;
 };
 
 /// Turns a calculation kind and one input record into a state: texts of `resultText`, `Fu`, the
@@ -29,4 +29,4 @@ struct CalcCall {
 /// what cannot be calculated ends in a red text, an arithmetic fault in a message box.
 void CalcBatch(CalcCall& call);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

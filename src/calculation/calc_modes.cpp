@@ -5,11 +5,11 @@
 #include <cmath>
 
 #include "common/constants.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -53,7 +53,7 @@ bool has_limits(std::int16_t TLo, std::int16_t THi) {
 }
 
 bool is_database_row_possible(int row) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     switch (row) {
         case 1:
             return has_value(s.rhoLPar[0]) || has_value(s.rhoLPar[1]);
@@ -73,7 +73,7 @@ bool is_database_row_possible(int row) {
 }
 
 bool is_pressure_row_possible(int row) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     switch (row) {
         case 0:
             return has_limits(s.FRO.TLo, s.FRO.THi);
@@ -119,13 +119,13 @@ bool IsVaporisation(std::int16_t mode) {
 std::string ModeTitle(std::int16_t mode) {
     const std::string title = ModeOf(mode).title;
     if (IsTank(mode)) {
-        if (session.GlobalCalculation) return title + " (global calculation)";
+        if (the_session.GlobalCalculation) return title + " (global calculation)";
         return title + " (partial calculation, rho_L " +
-               (session.LiquidByBenson ? " by BENSON's method)" : " (from database)");
+               (the_session.LiquidByBenson ? " by BENSON's method)" : " (from database)");
     }
     if (IsEquilibrium(mode))
         return title +
-               (session.GlobalCalculation ? " (global calculation)" : " (partial calculation)");
+               (the_session.GlobalCalculation ? " (global calculation)" : " (partial calculation)");
     if (mode == 8) return title + " (global calculation)";
     return title;
 }
@@ -141,8 +141,8 @@ bool IsRowPossible(Menu menu, int row) {
 }
 
 std::string VirialRowCaption() {
-    return Declare::models.EOSOnlyV ? "T => Virial Coefficient B"
-                                    : "T => Virial Coefficient B, Parameters of the CEOS";
+    return legacy::the_models.EOSOnlyV ? "T => Virial Coefficient B"
+                                       : "T => Virial Coefficient B, Parameters of the CEOS";
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

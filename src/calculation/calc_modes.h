@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace Zentrale {
+namespace quor::calculation {
 
 /// What a direct calculation asks for.
 enum Asks : unsigned { kAsksNothing = 0, kAsksT = 1, kAsksP = 2, kAsksRho = 4 };
@@ -46,4 +46,4 @@ bool IsRowPossible(Menu menu, int row);
 /// Caption of `mnuCalc` row 18, which names the parameters of a cubic EOS as well.
 std::string VirialRowCaption();
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -1,17 +1,17 @@
 #include "calculation/calculation_snapshot.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 void CalculationSnapshot::restore() const {
     resultText = text_;
-    Declare::Fu = Fu_;
-    Declare::currentResult = current_;
-    Declare::lastState = last_;
-    Declare::vRoots = roots_;
-    Declare::eosState = eosState_;
-    Declare::Bvirial = Bvirial_;
-    Declare::PhaseRegion = region_;
-    Declare::BatchData.front() = input_;
+    legacy::the_Fu = Fu_;
+    legacy::the_currentResult = current_;
+    legacy::the_lastState = last_;
+    legacy::the_vRoots = roots_;
+    legacy::the_eosState = eosState_;
+    legacy::the_Bvirial = Bvirial_;
+    legacy::the_PhaseRegion = region_;
+    legacy::the_BatchData.front() = input_;
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

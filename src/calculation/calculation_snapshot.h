@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "calculation/result_text.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 /// What `CalcBatch` leaves behind, as it was when the object was made: for callers that calculate
 /// beside the user's own calculation. `restore` brings it back, but not `ResultRecords`.
@@ -16,14 +16,14 @@ class CalculationSnapshot {
 
   private:
     ResultText text_ = resultText;
-    Declare::FuArray Fu_ = Declare::Fu;
-    Declare::ResultRecord current_ = Declare::currentResult;
-    Declare::LastState last_ = Declare::lastState;
-    std::array<double, 3> roots_ = Declare::vRoots;
-    Declare::EOSState eosState_ = Declare::eosState;
-    double Bvirial_ = Declare::Bvirial;
-    std::int16_t region_ = Declare::PhaseRegion;
-    Declare::BatchDataSet input_ = Declare::BatchData.front();
+    calculation::FuArray Fu_ = legacy::the_Fu;
+    calculation::ResultRecord current_ = legacy::the_currentResult;
+    calculation::LastState last_ = legacy::the_lastState;
+    std::array<double, 3> roots_ = legacy::the_vRoots;
+    models::EOSState eosState_ = legacy::the_eosState;
+    double Bvirial_ = legacy::the_Bvirial;
+    std::int16_t region_ = legacy::the_PhaseRegion;
+    calculation::BatchDataSet input_ = legacy::the_BatchData.front();
 };
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -9,7 +9,7 @@
 #include "models/model_tables.h"
 #include "models/saturation.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 namespace {
 
@@ -22,19 +22,19 @@ RootRow root_row(int number, double v, const char* note) {
             note == kStableL || note == kStableV};
 }
 
-std::vector<RootRow> root_rows(const Declare::LastState& last) {
+std::vector<RootRow> root_rows(const calculation::LastState& last) {
     if (last.Roots < 3) return {root_row(1, last.v[0], last.HasL ? kStableL : kStableV)};
     return {root_row(1, last.v[0], last.HasL ? kStableL : kMetastable),
             root_row(2, last.v[1], kUnstable),
             root_row(3, last.v[2], last.HasV ? kStableV : kMetastable)};
 }
 
-IsothermPoint point_at(const Declare::EOSState& s, double T, double v) {
-    return {v, Calc::cubic_pressure(s, T, v)};
+IsothermPoint point_at(const models::EOSState& s, double T, double v) {
+    return {v, models::cubic_pressure(s, T, v)};
 }
 
 /// Points evenly spaced in log(v) from v1 to v2, both included.
-std::vector<IsothermPoint> sample(const Declare::EOSState& s, double T, double v1, double v2,
+std::vector<IsothermPoint> sample(const models::EOSState& s, double T, double v1, double v2,
                                   std::size_t count) {
     std::vector<IsothermPoint> points;
     points.reserve(count);
@@ -46,17 +46,17 @@ std::vector<IsothermPoint> sample(const Declare::EOSState& s, double T, double v
 }
 
 /// The volume on the steep branch beside b where the isotherm reaches p; `v` lies below p.
-double steep_volume(const Declare::EOSState& s, double T, double p, double v) {
+double steep_volume(const models::EOSState& s, double T, double p, double v) {
     double low = s.eosB, high = v;
     for (int i = 0; i < 60; ++i) {
         const double mid = 0.5 * (low + high);
-        (Calc::cubic_pressure(s, T, mid) > p ? low : high) = mid;
+        (models::cubic_pressure(s, T, mid) > p ? low : high) = mid;
     }
     return high;
 }
 
 /// p limits: the loop of the isotherm, p(LV) and p, with some room.
-void set_limits(Diagnosis& d, const Declare::EOSState& s, double vFirst, double vLast) {
+void set_limits(Diagnosis& d, const models::EOSState& s, double vFirst, double vLast) {
     constexpr double kRoom = 0.15;
     double low = std::min(0.0, d.p), high = std::max(d.p, d.saturationPressure);
     if (d.saturationPressure > 0) {
@@ -77,21 +77,21 @@ void set_limits(Diagnosis& d, const Declare::EOSState& s, double vFirst, double 
 }  // namespace
 
 Diagnosis DiagnoseLastState() {
-    const Declare::LastState& last = Declare::lastState;
+    const calculation::LastState& last = legacy::the_lastState;
     Diagnosis d;
     d.title = "Cubic Equation of State";
-    if (!Calc::IsCubicEOS(Declare::models.EOSModel) || !(last.T > 0) || !(last.p > 0) ||
+    if (!models::IsCubicEOS(legacy::the_models.EOSModel) || !(last.T > 0) || !(last.p > 0) ||
         !(last.v[0] > 0))
         return d;
     d.T = last.T;
     d.p = last.p;
     d.roots = root_rows(last);
 
-    const Calc::Fluid fluid = Calc::CurrentFluid();
-    const Declare::EOSState s = Calc::eos_at(fluid, d.T);
+    const models::Fluid fluid = models::CurrentFluid();
+    const models::EOSState s = models::eos_at(fluid, d.T);
     double vFirst = d.roots.front().v, vLast = d.roots.back().v;
-    if (d.T < Declare::substance.Tcrit) {
-        const Calc::Saturation saturation = Calc::saturation_pressure(fluid, d.T);
+    if (d.T < legacy::the_substance.Tcrit) {
+        const models::Saturation saturation = models::saturation_pressure(fluid, d.T);
         if (saturation.status == kSuccess && saturation.nRoots == 3) {
             const auto [vL, vM, vV] = saturation.v;
             d.saturationPressure = saturation.p;
@@ -103,11 +103,11 @@ Diagnosis DiagnoseLastState() {
     }
     set_limits(d, s, vFirst, vLast);
     constexpr double kBeyond = 3.0;
-    const double vStart = d.pMax > Calc::cubic_pressure(s, d.T, vFirst)
+    const double vStart = d.pMax > models::cubic_pressure(s, d.T, vFirst)
                               ? steep_volume(s, d.T, d.pMax, vFirst)
                               : vFirst;
     d.isotherm = sample(s, d.T, vStart, vLast * kBeyond, kIsothermPoints);
     return d;
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -3,14 +3,14 @@
 #include <string>
 #include <vector>
 
-namespace Zentrale {
+namespace quor::calculation {
 
 /// A point of the p-v isotherm: m^3/kmol and kPa.
 struct IsothermPoint {
     double v = 0, p = 0;
 };
 
-/// A root of the cubic EOS at T and p, as a row of `frmCEOSDiagnose` and as a mark on the isotherm.
+/// A root of the cubic EOS at T and p, as a row of `DiagnosisView` and as a mark on the isotherm.
 struct RootRow {
     std::string caption;  ///< "v(1) ="
     std::string value;    ///< general format of the 32-bit value, with its unit
@@ -19,7 +19,7 @@ struct RootRow {
     bool stable = false;
 };
 
-/// What `frmCEOSDiagnose` shows of the last state.
+/// What `DiagnosisView` shows of the last state.
 struct Diagnosis {
     std::string title;    ///< of the view
     double T = 0, p = 0;  ///< K, kPa
@@ -36,7 +36,7 @@ struct Diagnosis {
     double pMin = 0, pMax = 0;
 };
 
-/// The diagnosis of `Declare::lastState` with the active cubic EOS; empty without a state.
+/// The diagnosis of `legacy::the_lastState` with the active cubic EOS; empty without a state.
 Diagnosis DiagnoseLastState();
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

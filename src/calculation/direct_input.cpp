@@ -10,10 +10,10 @@
 #include "common/numbers.h"
 #include "session/module2.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -34,8 +34,8 @@ constexpr VolumeLabels kVolumeLabels[] = {
 
 /// The unit of volume; reduced volumes need a critical volume of the model.
 std::size_t volume_unit() {
-    if (session.UnitMode == 1) return 1;
-    return session.UnitMode == 2 && Declare::eosParameters.vcritCalc > 0 ? 2 : 0;
+    if (the_session.UnitMode == 1) return 1;
+    return the_session.UnitMode == 2 && legacy::the_eosParameters.vcritCalc > 0 ? 2 : 0;
 }
 
 DirectInput reference_input() {
@@ -64,14 +64,14 @@ DirectInput tank_input(bool amount) {
 
 DirectInput state_input() {
     DirectInput input{"Input \"Direct calculation\" ", "&Calculate", {}, false, {}, false};
-    const unsigned asks = ModeOf(session.CalcMode).asks;
+    const unsigned asks = ModeOf(the_session.CalcMode).asks;
     if ((asks & kAsksT) != 0) input.fields[kT] = {true, "      T/K     "};
     if ((asks & kAsksP) != 0) input.fields[kP] = {true, "      p/kPa = "};
     if ((asks & kAsksRho) == 0) return input;
     const VolumeLabels& labels = kVolumeLabels[volume_unit()];
     input.volumeFrameVisible = true;
-    input.volumeFrame = session.VolumeInput ? labels.frame : " Input density kg/m^3 ";
-    input.fields[kRho] = {true, session.VolumeInput ? labels.label : " rho/kg/m^3 = "};
+    input.volumeFrame = the_session.VolumeInput ? labels.frame : " Input density kg/m^3 ";
+    input.fields[kRho] = {true, the_session.VolumeInput ? labels.label : " rho/kg/m^3 = "};
     return input;
 }
 
@@ -102,37 +102,38 @@ InputResult refuse() {
 }
 
 InputResult store_reference(const Values& v) {
-    session.BensonReference = {numbers::ToSingle(v[0]), numbers::ToSingle(v[1]),
-                               numbers::ToSingle(v[2]), numbers::ToSingle(v[3])};
+    the_session.BensonReference = {numbers::ToSingle(v[0]), numbers::ToSingle(v[1]),
+                                   numbers::ToSingle(v[2]), numbers::ToSingle(v[3])};
     return InputResult::ReferenceStored;
 }
 
 InputResult calculate_tank(const Values& v, bool amount) {
     const float V = numbers::ToSingle(v[0]), T = numbers::ToSingle(v[2]);
     const float m =
-        numbers::ToSingle(amount ? v[1] * static_cast<double>(Declare::substance.M) : v[1]);
-    session.tank.V = V;
-    session.tank.m = m;
-    session.tank.T = T;
+        numbers::ToSingle(amount ? v[1] * static_cast<double>(legacy::the_substance.M) : v[1]);
+    the_session.tank.V = V;
+    the_session.tank.m = m;
+    the_session.tank.T = T;
     return CalculateTank() == "EXIT" ? InputResult::TankExit : InputResult::TankCalculated;
 }
 
 double density_of(double typed) {
-    if (typed == 0.0 || !session.VolumeInput) return typed;
-    Module2::RefreshUnits();
-    const auto M = static_cast<double>(Declare::substance.M);
-    return faults::divide(M, typed / session.VolumeFactor);
+    if (typed == 0.0 || !the_session.VolumeInput) return typed;
+    session::RefreshUnits();
+    const auto M = static_cast<double>(legacy::the_substance.M);
+    return faults::divide(M, typed / the_session.VolumeFactor);
 }
 
 InputResult calculate_state(const Values& v) {
     const float rho = numbers::ToSingle(density_of(v[kRho]));
     const float rhoL = numbers::ToSingle(v[kRhoL]);
-    Declare::BatchDataSet& input = Declare::BatchData.front();
+    calculation::BatchDataSet& input = legacy::the_BatchData.front();
     input.T = v[kT];
     input.p = v[kP];
     input.rhoV = rho;
     input.rhoL = rhoL;
-    CalcCall call{.Mode = session.CalcMode, .Index = 0, .Text = ModeTitle(session.CalcMode)};
+    CalcCall call{
+        .Mode = the_session.CalcMode, .Index = 0, .Text = ModeTitle(the_session.CalcMode)};
     CalcBatch(call);
     return InputResult::Calculated;
 }
@@ -140,23 +141,23 @@ InputResult calculate_state(const Values& v) {
 }  // namespace
 
 DirectInput DescribeDirectInput(bool amount) {
-    if (session.InputSituation == kReferenceInput) return reference_input();
-    if (session.InputSituation == kTankInput) return tank_input(amount);
+    if (the_session.InputSituation == kReferenceInput) return reference_input();
+    if (the_session.InputSituation == kTankInput) return tank_input(amount);
     return state_input();
 }
 
 void ChooseVolumeInput(int index) {
-    session.VolumeInput = index == 1;
+    the_session.VolumeInput = index == 1;
 }
 
 InputResult AcceptInput(const std::array<std::string, 4>& texts, bool amount) {
     try {
         const DirectInput input = DescribeDirectInput(amount);
         const Values values = values_of(input, texts);
-        const bool direct =
-            session.InputSituation != kReferenceInput && session.InputSituation != kTankInput;
+        const bool direct = the_session.InputSituation != kReferenceInput &&
+                            the_session.InputSituation != kTankInput;
         if (!((direct ? sum(values) : product(input, values)) > kPresent)) return refuse();
-        if (session.InputSituation == kReferenceInput) return store_reference(values);
+        if (the_session.InputSituation == kReferenceInput) return store_reference(values);
         return direct ? calculate_state(values) : calculate_tank(values, amount);
     } catch (const faults::Fault&) {
         // A number beyond the range of its field.
@@ -165,17 +166,17 @@ InputResult AcceptInput(const std::array<std::string, 4>& texts, bool amount) {
 }
 
 std::string CalculateTank() {
-    CalcCall call{.Mode = session.CalcMode,
+    CalcCall call{.Mode = the_session.CalcMode,
                   .Index = 0,
                   .Interactive = false,
-                  .Text = ModeTitle(session.CalcMode)};
+                  .Text = ModeTitle(the_session.CalcMode)};
     CalcBatch(call);
-    session.tank.p = 0;
-    session.tank.level = 0;
-    session.tank.answer = call.Text;
+    the_session.tank.p = 0;
+    the_session.tank.level = 0;
+    the_session.tank.answer = call.Text;
     if (call.Text == "EXIT") return call.Text;
-    session.tank.p = static_cast<float>(call.Pressure);
-    session.tank.level = static_cast<double>(call.FractionV);
+    the_session.tank.p = static_cast<float>(call.Pressure);
+    the_session.tank.level = static_cast<double>(call.FractionV);
     return call.Text;
 }
 
@@ -184,4 +185,4 @@ void CancelInput() {
     views().closeResultView();
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -3,15 +3,15 @@
 #include <array>
 #include <string>
 
-namespace Zentrale {
+namespace quor::calculation {
 
-/// A field of `frmParinput`.
+/// A field of `DirectInputView`.
 struct InputField {
     bool visible = false;
     std::string label;
 };
 
-/// What `frmParinput` shows in the present `InputSituation`.
+/// What `DirectInputView` shows in the present `InputSituation`.
 struct DirectInput {
     std::string title;
     std::string command;               ///< caption of `cmdParameter_OK`
@@ -45,4 +45,4 @@ std::string CalculateTank();
 /// `cancel`: closes the input and the result view.
 void CancelInput();
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

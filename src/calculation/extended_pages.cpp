@@ -13,9 +13,9 @@
 #include "models/state_solver.h"
 
 /// The pages behind the check boxes of the result view.
-namespace Zentrale {
+namespace quor::calculation {
 
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -25,7 +25,7 @@ constexpr auto kSigned = " 0.0000E+00;-0.0000E+00";
 /// Derivatives and residual functions of one phase, in molar units.
 struct PhaseDerivatives {
     double v = 0;
-    thermo::PhaseTable table;
+    models::PhaseTable table;
     std::array<double, 3> mechanical{};  ///< alpha, chi, beta
     bool exists = false;
 };
@@ -34,7 +34,7 @@ PhaseDerivatives derivatives_of(const PhaseState& phase, double T, double p) {
     PhaseDerivatives d;
     if (!phase.exists || !(phase.v > 0)) return d;
     d.v = phase.v;
-    d.table = thermo::ResidualFunctions(T, p, phase.v);
+    d.table = models::ResidualFunctions(T, p, phase.v);
     d.exists = d.table.filled;
     if (!d.exists) return d;
     // Expansion (1/v)(dv/dT)p, compressibility -(1/v)(dv/dp)T and tension (1/p)(dp/dT)v.
@@ -44,7 +44,7 @@ PhaseDerivatives derivatives_of(const PhaseState& phase, double T, double p) {
 }
 
 bool has_heat_capacity(double T) {
-    return thermo::IdealGasCp(T).status == kSuccess;
+    return models::IdealGasCp(T).status == kSuccess;
 }
 
 /// Values in the order of `FunctionLabels`.
@@ -56,24 +56,24 @@ std::array<double, 24> in_label_order(const PhaseDerivatives& d) {
     z[12] = d.table.second[2];
     z[13] = d.table.second[3];
     for (std::size_t i = 0; i < 7; ++i) z[14 + i] = d.table.residual[i];
-    z[21] = d.table.residual[thermo::JouleThomson];
-    z[22] = d.table.residual[thermo::Cv];
-    z[23] = d.table.residual[thermo::Cp];
+    z[21] = d.table.residual[models::JouleThomson];
+    z[22] = d.table.residual[models::Cv];
+    z[23] = d.table.residual[models::Cp];
     return z;
 }
 
 void store(Job& job, const PhaseDerivatives& d, std::size_t joule_thomson,
-           Declare::PhaseFunctions& record) {
+           calculation::PhaseFunctions& record) {
     if (!d.exists) return;
     record.extended = in_label_order(d);
-    StoreFu(job, joule_thomson, d.table.residual[thermo::JouleThomson]);
+    StoreFu(job, joule_thomson, d.table.residual[models::JouleThomson]);
     for (std::size_t i = 0; i < 3; ++i) StoreFu(job, 35 + i, d.mechanical[i]);
 }
 
 /// A label of 14 characters and a colon.
 std::string label(int index) {
     constexpr std::size_t kWidth = 14;
-    return text::PadRight(Calc::FunctionLabel(index), kWidth) + " : ";
+    return text::PadRight(models::FunctionLabel(index), kWidth) + " : ";
 }
 
 /// The row of a value of both phases; `of` takes it from a phase.
@@ -93,10 +93,10 @@ void residual_page(Job& job, const PhaseDerivatives& L, const PhaseDerivatives& 
     list.add("diff. Joule-Thomson coefficients; fugacity coeff.; residual functions");
     list.rule('*', kRule);
     for (std::string& line : ReferenceLines(false)) list.add(std::move(line));
-    list.add(std::string(Calc::FunctionLabel(21)) + " (Joule-Thomson coefficient [K/kPa]):");
+    list.add(std::string(models::FunctionLabel(21)) + " (Joule-Thomson coefficient [K/kPa]):");
     if (has_heat_capacity(job.T))
         value_row(job, "", L, V, kSigned,
-                  [](const PhaseDerivatives& d) { return d.table.residual[thermo::JouleThomson]; });
+                  [](const PhaseDerivatives& d) { return d.table.residual[models::JouleThomson]; });
     for (int i = 0; i <= 6; ++i) {
         if (i == 3) list.add("Residual Functions:");
         value_row(job, label(14 + i), L, V, kSigned, [&](const PhaseDerivatives& d) {
@@ -127,14 +127,15 @@ constexpr DerivativeRow kDerivativeRows[] = {
 
 /// Volume unit of the page: m^3/kg in specific units, else m^3/kmol.
 double volume_unit() {
-    return session.UnitMode == 1 ? faults::divide(1.0, static_cast<double>(Declare::substance.M))
-                                 : 1.0;
+    return the_session.UnitMode == 1
+               ? faults::divide(1.0, static_cast<double>(legacy::the_substance.M))
+               : 1.0;
 }
 
 void inflexion_lines(Job& job) {
-    const thermo::Inflexion points = thermo::InflexionPoints(job.T);
+    const models::Inflexion points = models::InflexionPoints(job.T);
     const double unit = volume_unit();
-    const char* mask = session.UnitMode == 1 ? "#0.0000# m^3/kg" : "#0.0000# m^3/kmol";
+    const char* mask = the_session.UnitMode == 1 ? "#0.0000# m^3/kg" : "#0.0000# m^3/kmol";
     if (points.count == 0) job.list.add("Inflection point of p-v isoth.: No solution found");
     for (int i = 0; i < points.count; ++i) {
         const auto k = static_cast<std::size_t>(i);
@@ -150,7 +151,7 @@ void derivative_page(Job& job, const PhaseDerivatives& L, const PhaseDerivatives
     const double unit = volume_unit();
     list.rule('*', kRule);
     list.add(std::string(20, ' ') + "derivatives with respect to T, p, v" +
-             (session.UnitMode == 1 ? " (specif.)" : " (molar)"));
+             (the_session.UnitMode == 1 ? " (specif.)" : " (molar)"));
     list.rule('*', kRule);
     for (const DerivativeRow& row : kDerivativeRows)
         value_row(job, label(row.label), L, V, kSigned, [&](const PhaseDerivatives& d) {
@@ -181,7 +182,7 @@ void function_page(Job& job) {
     const auto replace_a = [&](std::size_t first, const std::optional<FunctionValues>& phase) {
         if (phase)
             StoreFu(job, first + kA,
-                    session.CaloricFactor * (phase->z[kU] - job.p * phase->z[kVolume]));
+                    the_session.CaloricFactor * (phase->z[kU] - job.p * phase->z[kVolume]));
     };
     replace_a(kFuL, pair.L);
     replace_a(kFuV, pair.V);
@@ -190,7 +191,7 @@ void function_page(Job& job) {
 /// The phases for the pages, from a fresh solution. An equilibrium keeps both of its phases even
 /// when the rounding of p(LV) puts the state to one side of the phase boundary.
 bool solve_again(Job& job) {
-    const Calc::StateTP state = Calc::SolveStateTP(job.T, job.p);
+    const models::StateTP state = models::SolveStateTP(job.T, job.p);
     if (state.status != kSuccess) return false;
     const bool equilibrium = job.L.exists && job.V.exists && state.nRoots == 3;
     TakeState(job, state);
@@ -206,8 +207,8 @@ bool ends_in_a_state(std::int16_t mode) {
 }  // namespace
 
 void ExtendedPages(Job& job) {
-    const std::int16_t page = session.OutputPage;
-    if (page <= 1 && !session.EquilibriumFunctions) return;
+    const std::int16_t page = the_session.OutputPage;
+    if (page <= 1 && !the_session.EquilibriumFunctions) return;
     if (!ends_in_a_state(job.mode()) || !(job.T > 0) || !(job.p > 0)) return;
     const PhaseState calculatedL = job.L, calculatedV = job.V;
     const std::int16_t calculatedRoots = job.Roots;
@@ -222,10 +223,10 @@ void ExtendedPages(Job& job) {
         if (shown && (page == 2 || page == 4)) residual_page(job, L, V);
         if (shown && (page == 3 || page == 4)) derivative_page(job, L, V);
     }
-    if (session.EquilibriumFunctions) function_page(job);
+    if (the_session.EquilibriumFunctions) function_page(job);
     job.L = calculatedL;
     job.V = calculatedV;
     job.Roots = calculatedRoots;
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -13,9 +13,9 @@
 #include "common/numbers.h"
 #include "session/module2.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -35,7 +35,7 @@ CalcCall calculate(bool quiet) {
 }
 
 double& sought(IsoGiven given) {
-    Declare::BatchDataSet& input = Declare::BatchData.front();
+    calculation::BatchDataSet& input = legacy::the_BatchData.front();
     return given == IsoGiven::T ? input.p : input.T;
 }
 
@@ -69,7 +69,7 @@ class Search {
         input_ = x;
         const CalcCall call = calculate(true);
         if (call.Failed || !(liquid_ ? call.HasL : call.HasV)) return std::nullopt;
-        return Declare::Fu[position_] - target_;
+        return legacy::the_Fu[position_] - target_;
     }
 
     /// Slope at x from the neighbour on the side where the phase exists.
@@ -177,9 +177,9 @@ void refill(IsoCalculator& iso) {
 }
 
 void keep(IsoCalculator& iso) {
-    iso.lastT = Declare::BatchData.front().T;
-    iso.lastP = Declare::BatchData.front().p;
-    iso.values = Declare::Fu;
+    iso.lastT = legacy::the_BatchData.front().T;
+    iso.lastP = legacy::the_BatchData.front().p;
+    iso.values = legacy::the_Fu;
 }
 
 }  // namespace
@@ -208,8 +208,9 @@ IsoSolution IsoSolve(IsoGiven given, std::int16_t function, bool liquid, double 
 
 IsoCalculator OpenIsoCalculator() {
     IsoCalculator iso;
-    iso.function = std::clamp<std::int16_t>(session.IsoFunction, kIsoV, kIsoEU);
-    iso.given = session.IsoTp == static_cast<std::int16_t>(IsoGiven::T) ? IsoGiven::T : IsoGiven::p;
+    iso.function = std::clamp<std::int16_t>(the_session.IsoFunction, kIsoV, kIsoEU);
+    iso.given =
+        the_session.IsoTp == static_cast<std::int16_t>(IsoGiven::T) ? IsoGiven::T : IsoGiven::p;
     const CalculationSnapshot before;
     const CalcCall call = calculate(true);
     keep(iso);
@@ -221,7 +222,7 @@ IsoCalculator OpenIsoCalculator() {
 }
 
 void ChooseIsoFunction(IsoCalculator& iso, std::int16_t function) {
-    iso.function = session.IsoFunction = std::clamp<std::int16_t>(function, kIsoV, kIsoEU);
+    iso.function = the_session.IsoFunction = std::clamp<std::int16_t>(function, kIsoV, kIsoEU);
     refill(iso);
 }
 
@@ -232,18 +233,18 @@ void ChooseIsoPhase(IsoCalculator& iso, bool liquid) {
 
 void ChooseIsoGiven(IsoCalculator& iso, IsoGiven given) {
     iso.given = given;
-    session.IsoTp = static_cast<std::int16_t>(given);
+    the_session.IsoTp = static_cast<std::int16_t>(given);
     refill(iso);
 }
 
 bool CalculateIso(IsoCalculator& iso, const std::string& fuConst, const std::string& given) {
-    const Module2::BusyPointer busy;
+    const session::BusyPointer busy;
     const double target = numbers::ValInput(fuConst);
     const double value = numbers::ValInput(given);
     iso.txtFuConst = fuConst;
     iso.txtTpVorgabe = given;
-    Declare::BatchDataSet& input = Declare::BatchData.front();
-    const Declare::BatchDataSet before = input;
+    calculation::BatchDataSet& input = legacy::the_BatchData.front();
+    const calculation::BatchDataSet before = input;
     (iso.given == IsoGiven::T ? input.T : input.p) = value;
     const IsoSolution solution = IsoSolve(iso.given, iso.function, iso.liquid, target);
     if (solution.failed) {
@@ -257,7 +258,7 @@ bool CalculateIso(IsoCalculator& iso, const std::string& fuConst, const std::str
 }
 
 void ResetIso(IsoCalculator& iso) {
-    Declare::BatchDataSet& input = Declare::BatchData.front();
+    calculation::BatchDataSet& input = legacy::the_BatchData.front();
     input.T = iso.lastT;
     input.p = iso.lastP;
     const CalcCall call = calculate(false);
@@ -269,4 +270,4 @@ void ResetIso(IsoCalculator& iso) {
     refill(iso);
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 /// Functions that the iso-calculator holds constant, as `IsoFunction` of the session counts them.
 enum IsoFunction : std::int16_t { kIsoV = 1, kIsoH, kIsoS, kIsoG, kIsoU, kIsoA, kIsoEH, kIsoEU };
@@ -26,7 +26,7 @@ struct IsoSolution {
 /// and `CalcBatch` has run on it; on failure all is as it was.
 IsoSolution IsoSolve(IsoGiven given, std::int16_t function, bool liquid, double target);
 
-/// What `frmIsoCalc` shows and keeps.
+/// What `IsoCalculatorView` shows and keeps.
 struct IsoCalculator {
     std::int16_t function = kIsoV;
     bool liquid = false;           ///< `optIsoPhase`
@@ -34,8 +34,8 @@ struct IsoCalculator {
     std::string lblFuConst;
     std::string givenLabel, soughtLabel;  ///< of `txtTpVorgabe` and `txtTpCalc`
     std::string txtFuConst, txtTpVorgabe, txtTpCalc;
-    double lastT = 0, lastP = 0;  ///< last successful calculation, K and kPa
-    Declare::FuArray values{};    ///< functions of that state
+    double lastT = 0, lastP = 0;    ///< last successful calculation, K and kPa
+    calculation::FuArray values{};  ///< functions of that state
 };
 
 /// The view over the state in the direct input, with the session's choice of function.
@@ -49,4 +49,4 @@ bool CalculateIso(IsoCalculator& iso, const std::string& fuConst, const std::str
 /// `cmdReset`: back to the last successful calculation.
 void ResetIso(IsoCalculator& iso);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

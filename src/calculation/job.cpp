@@ -10,10 +10,10 @@
 #include "models/density.h"
 #include "session/module2.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -31,18 +31,18 @@ bool remarks_on_triple_point(std::int16_t mode) {
 
 }  // namespace
 
-Declare::BatchDataSet DataSet(std::int16_t index) {
+calculation::BatchDataSet DataSet(std::int16_t index) {
     const auto i = static_cast<std::size_t>(index);
-    return index >= 0 && i < Declare::BatchData.size() ? Declare::BatchData[i]
-                                                       : Declare::BatchDataSet{};
+    return index >= 0 && i < legacy::the_BatchData.size() ? legacy::the_BatchData[i]
+                                                          : calculation::BatchDataSet{};
 }
 
 bool FetchT(Job& job) {
     if (!(job.input.T >= kPresent)) return missing(job, resultText.par1, "no T in this data set");
     job.T = job.input.T;
     StoreFu(job, 0, job.T);
-    if (job.T < static_cast<double>(Declare::substance.Ttriple) && job.call.Interactive &&
-        !Declare::models.EOSOnlyV && remarks_on_triple_point(job.mode()))
+    if (job.T < static_cast<double>(legacy::the_substance.Ttriple) && job.call.Interactive &&
+        !legacy::the_models.EOSOnlyV && remarks_on_triple_point(job.mode()))
         dialogs::Tell("T < T(TP) (Triple Point)", "Remark");
     return true;
 }
@@ -84,7 +84,7 @@ void StoreFu(Job& job, std::size_t index, double value) {
     (*job.call.Results)[index] = faults::finite(value);
 }
 
-void TakeState(Job& job, const Calc::StateTP& state) {
+void TakeState(Job& job, const models::StateTP& state) {
     job.L = {state.hasL, state.vL, state.rhoL};
     job.V = {state.hasV, state.vV, state.rhoV};
     job.Roots = state.nRoots;
@@ -92,7 +92,7 @@ void TakeState(Job& job, const Calc::StateTP& state) {
 }
 
 bool SolveState(Job& job) {
-    const Calc::StateTP state = Calc::SolveStateTP(job.T, job.p);
+    const models::StateTP state = models::SolveStateTP(job.T, job.p);
     if (state.status != kSuccess) {
         ReportCalcError(job, ErrorCode(state.status));
         return false;
@@ -101,38 +101,38 @@ bool SolveState(Job& job) {
     return true;
 }
 
-SaturationVolumes VolumesOf(const Calc::Saturation& saturation) {
-    if (saturation.T == Declare::substance.Tcrit)
-        return {Declare::eosParameters.vcritCalc, Declare::eosParameters.vcritCalc};
+SaturationVolumes VolumesOf(const models::Saturation& saturation) {
+    if (saturation.T == legacy::the_substance.Tcrit)
+        return {legacy::the_eosParameters.vcritCalc, legacy::the_eosParameters.vcritCalc};
     return {saturation.v[0], saturation.nRoots == 3 ? saturation.v[2] : saturation.v[0]};
 }
 
 PhaseState PhaseAt(double v) {
-    const auto M = static_cast<double>(Declare::substance.M);
+    const auto M = static_cast<double>(legacy::the_substance.M);
     return v > kPresent ? PhaseState{true, v, M / v} : PhaseState{true, 0.0, 0.0};
 }
 
 void AddPartialPhases(Job& job, double vV) {
     constexpr std::size_t kIndent = 12;
-    if (!session.BensonReferenceValid || !(vV > kPresent)) return;
-    const Declare::SubstanceRecord& s = Declare::substance;
+    if (!the_session.BensonReferenceValid || !(vV > kPresent)) return;
+    const models::SubstanceRecord& s = legacy::the_substance;
     job.V = PhaseAt(vV);
     job.L = {true, 0.0, 0.0};
-    const double rhoL =
-        session.LiquidByBenson
-            ? Calc::DensityLBenson(job.T, s.Tcrit, s.rhocrit, job.V.rho, session.BensonReference)
-            : Calc::DensityL(static_cast<float>(job.T), job.call.Interactive).rho;
+    const double rhoL = the_session.LiquidByBenson
+                            ? models::DensityLBenson(job.T, s.Tcrit, s.rhocrit, job.V.rho,
+                                                     the_session.BensonReference)
+                            : models::DensityL(static_cast<float>(job.T), job.call.Interactive).rho;
     if (faults::finite(rhoL) > kPresent) job.L = {true, static_cast<double>(s.M) / rhoL, rhoL};
-    job.list.add(std::string(kIndent, ' ') + (session.LiquidByBenson
+    job.list.add(std::string(kIndent, ' ') + (the_session.LiquidByBenson
                                                   ? "by BENSON's method:"
                                                   : "with database equation rho(T):"));
 }
 
 void KeepLastState(Job& job) {
-    Declare::LastState& last = Declare::lastState;
+    calculation::LastState& last = legacy::the_lastState;
     last.T = job.T;
     last.p = job.p;
-    last.v = Declare::vRoots;
+    last.v = legacy::the_vRoots;
     last.HasL = job.L.exists;
     last.HasV = job.V.exists;
     last.Roots = job.Roots;
@@ -141,22 +141,23 @@ void KeepLastState(Job& job) {
 }
 
 void DensityLines(Job& job) {
-    Module2::RefreshUnits();
+    session::RefreshUnits();
     const auto density = [](const PhaseState& phase) {
         return phase.exists && phase.rho > 0 ? Value32(phase.rho) : std::string();
     };
     const auto volume = [](const PhaseState& phase) {
-        return phase.exists && phase.v > 0 ? Value32(phase.v * session.VolumeFactor)
+        return phase.exists && phase.v > 0 ? Value32(phase.v * the_session.VolumeFactor)
                                            : std::string();
     };
     job.list.row("density", "rho/ (kg/m^3)  = ", {density(job.L), density(job.V)});
-    job.list.row("Volume", "v/ (" + session.VolumeLabel + ")  = ", {volume(job.L), volume(job.V)});
-    StoreFu(job, 9, job.V.exists ? job.V.v * session.VolumeFactor : 0.0);
-    StoreFu(job, 19, job.L.exists ? job.L.v * session.VolumeFactor : 0.0);
+    job.list.row("Volume",
+                 "v/ (" + the_session.VolumeLabel + ")  = ", {volume(job.L), volume(job.V)});
+    StoreFu(job, 9, job.V.exists ? job.V.v * the_session.VolumeFactor : 0.0);
+    StoreFu(job, 19, job.L.exists ? job.L.v * the_session.VolumeFactor : 0.0);
 }
 
 void StoreRecord(Job& job) {
-    Declare::ResultRecord& r = job.record;
+    calculation::ResultRecord& r = job.record;
     if (job.L.exists || job.V.exists)
         r.State = job.L.exists && job.V.exists ? "V+L" : job.V.exists ? " V " : " L ";
     if (job.V.exists) r.rhoV = numbers::ToSingle(job.V.rho);
@@ -165,4 +166,4 @@ void StoreRecord(Job& job) {
     StoreFu(job, 1, job.p);
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

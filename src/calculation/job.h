@@ -10,7 +10,7 @@
 #include "models/state_solver.h"
 
 /// Inside of `CalcBatch`: what one call works on, and the steps that its modes share.
-namespace Zentrale {
+namespace quor::calculation {
 
 /// A phase of the calculated state; a volume or density of 0 means that there is none.
 struct PhaseState {
@@ -22,9 +22,9 @@ struct PhaseState {
 /// One call of `CalcBatch`.
 struct Job {
     CalcCall& call;
-    Declare::BatchDataSet input;
+    calculation::BatchDataSet input;
     ListBuilder list = {};
-    Declare::ResultRecord record = {};
+    calculation::ResultRecord record = {};
     double T = 0;  ///< K, 0 as long as unknown
     double p = 0;  ///< kPa, 0 as long as unknown
     PhaseState L = {}, V = {};
@@ -38,7 +38,7 @@ struct Job {
 };
 
 /// Element `index` of the data, an empty set beyond them.
-Declare::BatchDataSet DataSet(std::int16_t index);
+calculation::BatchDataSet DataSet(std::int16_t index);
 
 // Input. Each tells in red what is missing, sets the error flag and returns false.
 
@@ -65,14 +65,14 @@ void ReportCalcError(Job& job, const std::string& text);
 /// A finite value into `Fu`, or the fault "Overflow".
 void StoreFu(Job& job, std::size_t index, double value);
 /// Phases, volumes and densities of the job from a solution of `SolveStateTP`.
-void TakeState(Job& job, const Calc::StateTP& state);
+void TakeState(Job& job, const models::StateTP& state);
 /// `SolveStateTP` at T and p of the job; a failure goes to the error report.
 bool SolveState(Job& job);
 /// The volumes of a saturation state; at the critical point those of the model.
 struct SaturationVolumes {
     double vL = 0, vV = 0;  ///< m^3/kmol
 };
-SaturationVolumes VolumesOf(const Calc::Saturation& saturation);
+SaturationVolumes VolumesOf(const models::Saturation& saturation);
 /// A phase with v and the density that belongs to it.
 PhaseState PhaseAt(double v);
 /// The L phase by Benson's method or the database equation, as the session chooses, with the
@@ -101,4 +101,4 @@ void NoFunction(Job& job);              ///< 23
 /// Pages of derivatives, residual and caloric functions as the session asks for them.
 void ExtendedPages(Job& job);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -3,7 +3,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 ListLine PlainLine(std::string text) {
     return {std::move(text), false, {}};
@@ -45,4 +45,4 @@ void ListBuilder::underlined(const std::string& title) {
     rule('=', text::Length(title));
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

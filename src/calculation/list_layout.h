@@ -8,7 +8,7 @@
 
 /// How the lines of `Liste` are laid out: a name and a label of 17 characters each, then the L and
 /// the V column of 20 characters each, for a fixed-pitch face.
-namespace Zentrale {
+namespace quor::calculation {
 
 inline constexpr std::size_t kLabelWidth = 17;
 inline constexpr std::size_t kValueWidth = 20;
@@ -57,4 +57,4 @@ class ListBuilder {
     std::vector<ListLine> lines_;
 };
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

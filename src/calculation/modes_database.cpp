@@ -15,10 +15,10 @@
 #include "session/module2.h"
 
 /// Modes 14 to 24: functions of T from the database alone.
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -41,7 +41,7 @@ constexpr Units kEnergyUnits = {" kJ/kmol", " K", " ", " kJ/kg"};
 constexpr Units kCapacityUnits = {" kJ/(kmol/)", " ", " 1/K", " kJ/(kg K)"};
 
 const char* unit_of(const Units& units) {
-    const std::int16_t unit = session.CaloricUnit;
+    const std::int16_t unit = the_session.CaloricUnit;
     return units[unit >= 0 && unit < 4 ? static_cast<std::size_t>(unit) : 0];
 }
 
@@ -61,10 +61,11 @@ Range limits(const Set& set) {
 }
 
 Value density(Job& job) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     const bool liquid = job.mode() == 14;
     const auto T = static_cast<float>(job.T);
-    const Calc::DensityResult r = liquid ? Calc::DensityL(T, false) : Calc::DensityS(T, false);
+    const models::DensityResult r =
+        liquid ? models::DensityL(T, false) : models::DensityS(T, false);
     const Range range = liquid ? density_range(s.rhoLPar, s.rhoLTLo, s.rhoLTHi)
                                : density_range(s.rhoSPar, s.rhoSTLo, s.rhoSTHi);
     if (r.status != kSuccess || !(r.rho > 0)) return {0.0, kFailure, range};
@@ -73,15 +74,15 @@ Value density(Job& job) {
     job.list.add("v  /m^3/kmol = " + numbers::Format(M / r.rho, "##0.000###"));
     job.list.add("v  /m^3/kg   = " + numbers::Format(1.0 / r.rho, "##0.000###"));
     if (liquid) StoreFu(job, 4, r.rho);
-    StoreFu(job, 19, M / r.rho * session.VolumeFactor);
+    StoreFu(job, 19, M / r.rho * the_session.VolumeFactor);
     return {r.rho, kSuccess, range};
 }
 
 Value vaporisation(Job& job) {
-    const Range range{Declare::substance.hLVTLo, Declare::substance.hLVTHi};
-    const Calc::EnthalpyEquationResult r = Calc::EnthalpyEquationValue(job.T);
+    const Range range{legacy::the_substance.hLVTLo, legacy::the_substance.hLVTHi};
+    const models::EnthalpyEquationResult r = models::EnthalpyEquationValue(job.T);
     if (r.status != kSuccess) return {0.0, kFailure, range};
-    const double h = r.h * session.CaloricFactor;
+    const double h = r.h * the_session.CaloricFactor;
     job.list.add(" delta(LV)h = " + Value32(h) + unit_of(kEnergyUnits));
     StoreFu(job, 29, h);
     StoreFu(job, 30, h / job.T);
@@ -98,17 +99,17 @@ constexpr CapacityRow kCapacities[] = {
     {16, " cp_IdGas = ", 7}, {17, " cp(L) = ", 27}, {18, " cp(S) = ", 5}};
 
 Value heat_capacity(Job& job) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     const CapacityRow& row = kCapacities[job.mode() - 16];
-    const thermo::CpResult r = job.mode() == 16   ? thermo::IdealGasCp(job.T)
-                               : job.mode() == 17 ? thermo::CpLiquid(job.T)
-                                                  : thermo::CpSolid(job.T);
-    const Range range = limits(job.mode() == 17               ? s.cpL
-                               : job.mode() == 18             ? s.cpS
-                               : Declare::models.CpModel == 1 ? s.cpPoly
-                                                              : s.cpSinh);
+    const models::CpResult r = job.mode() == 16   ? models::IdealGasCp(job.T)
+                               : job.mode() == 17 ? models::CpLiquid(job.T)
+                                                  : models::CpSolid(job.T);
+    const Range range = limits(job.mode() == 17                  ? s.cpL
+                               : job.mode() == 18                ? s.cpS
+                               : legacy::the_models.CpModel == 1 ? s.cpPoly
+                                                                 : s.cpSinh);
     if (r.status != kSuccess) return {0.0, kFailure, range};
-    const double cp = r.cp * session.CaloricFactor;
+    const double cp = r.cp * the_session.CaloricFactor;
     job.list.add(row.label + Value32(cp) + unit_of(kCapacityUnits));
     StoreFu(job, row.fu, cp);
     return {cp, kSuccess, range};
@@ -125,7 +126,7 @@ constexpr PressureRow kPressures[] = {{"FRO", " p(LV), ext. Frost-Kalkwarf = "},
                                       {"AHP", " p(LV), Antoine (Hi-p) = "}};
 
 Range pressure_range(std::int16_t mode) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     switch (mode) {
         case 19:
             return limits(s.FRO);
@@ -140,10 +141,10 @@ Range pressure_range(std::int16_t mode) {
 
 Value vapour_pressure(Job& job) {
     const PressureRow& row = kPressures[job.mode() - 19];
-    const Calc::VapourPressureResult r = Calc::VapourPressure(job.T, row.code, false);
+    const models::VapourPressureResult r = models::VapourPressure(job.T, row.code, false);
     const Range range = pressure_range(job.mode());
     if (r.status != kSuccess) return {0.0, kFailure, range};
-    const double p = r.p * static_cast<double>(session.PressureFactor);
+    const double p = r.p * static_cast<double>(the_session.PressureFactor);
     job.p = r.p;
     job.list.add(row.label + Value32(p) + " kPa");
     StoreFu(job, 1, p);
@@ -169,7 +170,7 @@ void warn_outside(const Job& job, const Range& range) {
 
 void DatabaseFunction(Job& job) {
     if (!FetchT(job)) return;
-    Module2::RefreshUnits();
+    session::RefreshUnits();
     const Value result = evaluate(job);
     warn_outside(job, result.range);
     if (result.status != kSuccess) {
@@ -191,4 +192,4 @@ void NoFunction(Job& job) {
     if (FetchT(job)) resultText.par1.text = TemperatureText(job.T);
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -14,11 +14,11 @@
 #include "models/virial.h"
 
 /// Modes 1, 2, 9 and 10: p and phases from T and a density.
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
 using constants::R;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -53,7 +53,7 @@ bool fetch_input(Job& job) {
 }
 
 bool vapour_only_pressure(Job& job, const Location& at) {
-    const double B = Calc::SecondVirial(Declare::models.EOSModel, job.T);
+    const double B = models::SecondVirial(legacy::the_models.EOSModel, job.T);
     if (at.v <= B) {
         resultText.co2 = {" p = , no p-solution (V < B)", true, false};
         job.error = true;
@@ -68,10 +68,10 @@ bool vapour_only_pressure(Job& job, const Location& at) {
 /// p on the isotherm of a cubic EOS at the given volume.
 bool pressure_on_isotherm(Job& job, double v) {
     // The covolume that the solver tests against is the one of this temperature.
-    Calc::EvalEOSAtT(job.T);
-    const Calc::PressureResult r = Calc::PressureFromTV(job.T, v);
+    models::EvalEOSAtT(job.T);
+    const models::PressureResult r = models::PressureFromTV(job.T, v);
     if (r.status != kSuccess) {
-        const bool global = session.GlobalCalculation;
+        const bool global = the_session.GlobalCalculation;
         if (global) job.call.Text = "ERROR1";
         ReportCalcError(job, global ? " (v <= b) ERROR1" : " (v <= b)");
         return false;
@@ -82,7 +82,7 @@ bool pressure_on_isotherm(Job& job, double v) {
 
 /// Below Tcrit of a cubic EOS: p(LV) divides the isotherm into L, L and V, and V.
 bool subcritical_pressure(Job& job, Location& at) {
-    const Calc::Saturation saturation = Calc::SaturationPressure(job.T);
+    const models::Saturation saturation = models::SaturationPressure(job.T);
     if (saturation.status != kSuccess || saturation.p < kPresent) {
         ReportCalcError(job, ErrorCode(saturation.status));
         return false;
@@ -108,8 +108,8 @@ bool subcritical_pressure(Job& job, Location& at) {
 }
 
 bool find_pressure(Job& job, Location& at) {
-    if (Declare::models.EOSOnlyV) return vapour_only_pressure(job, at);
-    if (job.T < Declare::substance.Tcrit) return subcritical_pressure(job, at);
+    if (legacy::the_models.EOSOnlyV) return vapour_only_pressure(job, at);
+    if (job.T < legacy::the_substance.Tcrit) return subcritical_pressure(job, at);
     job.V = PhaseAt(at.v);
     return pressure_on_isotherm(job, at.v);
 }
@@ -139,7 +139,7 @@ constexpr MeanRow kMeanRows[] = {
 
 /// Functions of the two-phase mixture. Caloric rows need an ideal-gas cp.
 void mean_functions(Job& job, const Location& at) {
-    const bool molar = session.CaloricUnit == 0;
+    const bool molar = the_session.CaloricUnit == 0;
     const PhasePair pair = FunctionsOfPhases(job);
     const bool caloric = pair.L && pair.V && !pair.failed();
     ListBuilder& list = job.list;
@@ -151,21 +151,21 @@ void mean_functions(Job& job, const Location& at) {
 
     const double v = at.y * job.V.v + (1 - at.y) * job.L.v;
     list.add("Density rho       = " +
-             Value32(faults::divide(static_cast<double>(Declare::substance.M), v)) + "  kg/m^3");
-    list.add("Volume  v         = " + Value32(v * session.VolumeFactor) + "  " +
-             text::TrimRight(session.VolumeLabel));
+             Value32(faults::divide(static_cast<double>(legacy::the_substance.M), v)) + "  kg/m^3");
+    list.add("Volume  v         = " + Value32(v * the_session.VolumeFactor) + "  " +
+             text::TrimRight(the_session.VolumeLabel));
     if (!caloric) return;
     for (const MeanRow& row : kMeanRows) {
         const double z = at.y * pair.V->z[row.function] + (1 - at.y) * pair.L->z[row.function];
         const char* unit =
             row.perKelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)") : (molar ? "kJ/kmol" : "kJ/kg");
-        list.add(row.label + Value32(z * session.CaloricFactor) + "  " + unit);
+        list.add(row.label + Value32(z * the_session.CaloricFactor) + "  " + unit);
     }
 }
 
 void tell_pressure(Job& job, bool twoPhase) {
     const std::string label = twoPhase ? "Vapour pressure p/kPa = " : " System pressure p/kPa = ";
-    const bool none = job.p == 0.0 && !session.GlobalCalculation;
+    const bool none = job.p == 0.0 && !the_session.GlobalCalculation;
     resultText.co2 = {label + (none ? "(Error)" : PressureValue(job.p, "####0.000")), none, false};
 }
 
@@ -182,8 +182,8 @@ void partial_tank(Job& job) {
 
 /// Content of a tank whose phases the EOS has found.
 TankContent content_of_tank(const Job& job, const Location& at) {
-    const auto V = static_cast<double>(session.tank.V);
-    const auto m = static_cast<double>(session.tank.m);
+    const auto V = static_cast<double>(the_session.tank.V);
+    const auto m = static_cast<double>(the_session.tank.m);
     if (at.twoPhase) return DivideTank(V, m, job.L.rho, job.V.rho);
     return at.y > 0 ? DivideTank(V, m, 0.0, m / V) : DivideTank(V, m, m / V, 0.0);
 }
@@ -199,7 +199,7 @@ void GivenTRho(Job& job) {
         return;
     }
 
-    Location at{.v = static_cast<double>(Declare::substance.M) / job.rho()};
+    Location at{.v = static_cast<double>(legacy::the_substance.M) / job.rho()};
     if (!find_pressure(job, at)) return;
     if (at.twoPhase && !IsTank(job.mode()))
         job.list.add(std::string(22, ' ') +
@@ -209,13 +209,13 @@ void GivenTRho(Job& job) {
             "vapour pressure by using CEOS: p(LV )= " + PressureValue(at.pLV, "###0.000", " kPa");
     if (job.mode() == kGlobalTankMode) TankLines(job, content_of_tank(job, at));
     if (!confirm_phases(job, at)) return;
-    if (!Declare::models.EOSOnlyV) KeepLastState(job);
+    if (!legacy::the_models.EOSOnlyV) KeepLastState(job);
     DensityLines(job);
-    const bool twoPhase = job.L.exists && job.V.exists && job.T < Declare::substance.Tcrit &&
-                          job.p < Declare::substance.pcrit;
+    const bool twoPhase = job.L.exists && job.V.exists && job.T < legacy::the_substance.Tcrit &&
+                          job.p < legacy::the_substance.pcrit;
     if (twoPhase) mean_functions(job, at);
     tell_pressure(job, twoPhase);
     StoreRecord(job);
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

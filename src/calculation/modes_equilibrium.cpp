@@ -12,11 +12,11 @@
 #include "models/virial.h"
 
 /// Modes 4 and 5: the vapour-liquid equilibrium at T or at p.
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
 using constants::R;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -32,7 +32,7 @@ std::string pressure_value(double p) {
 
 /// The given T or p, refused beyond the critical point.
 bool fetch_given(Job& job) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     job.L.exists = job.V.exists = true;
     if (given_T(job) ? !FetchT(job) : !FetchP(job)) return false;
     const std::string given = given_T(job) ? TemperatureText(job.T) : PressureText(job.p);
@@ -42,21 +42,21 @@ bool fetch_given(Job& job) {
         return false;
     }
     resultText.par1.text = given;
-    if (given_T(job)) Calc::EvalEOSAtT(job.T);
+    if (given_T(job)) models::EvalEOSAtT(job.T);
     return true;
 }
 
 /// p(LV) or T(LV) by the active vapour pressure equation into the job.
 bool solve_by_equation(Job& job) {
-    const std::string& code = Declare::models.VPCode;
+    const std::string& code = legacy::the_models.VPCode;
     const bool warn = job.call.Interactive;
     Status status = kFailure;
     if (given_T(job)) {
-        const Calc::VapourPressureResult r = Calc::VapourPressure(job.T, code, warn);
+        const models::VapourPressureResult r = models::VapourPressure(job.T, code, warn);
         job.p = r.p;
         status = r.status;
     } else {
-        const Calc::BoilingTemperatureResult r = Calc::BoilingTemperature(job.p, code, warn);
+        const models::BoilingTemperatureResult r = models::BoilingTemperature(job.p, code, warn);
         job.T = r.T;
         status = r.status;
     }
@@ -82,7 +82,7 @@ bool take_from_data_set(Job& job) {
 }
 
 bool find_partial_point(Job& job) {
-    if (Declare::models.VPModel <= 0) return take_from_data_set(job);
+    if (legacy::the_models.VPModel <= 0) return take_from_data_set(job);
     if (!solve_by_equation(job)) return false;
     resultText.co1.text = given_T(job) ? "p(LV) from actual vapour pressure equation:"
                                        : "T(LV) by using actual vapour pressure equation:";
@@ -93,12 +93,12 @@ bool find_partial_point(Job& job) {
 
 /// The V volume at T and p of the job; p need not be that of the EOS. 0 when there is none.
 double partial_vapour_volume(Job& job) {
-    if (Declare::models.EOSOnlyV)
+    if (legacy::the_models.EOSOnlyV)
         return faults::finite(R * job.T / job.p +
-                              Calc::SecondVirial(Declare::models.EOSModel, job.T));
-    const Calc::Saturation saturation = Calc::SaturationPressure(job.T);
-    Calc::EvalEOSAtT(job.T);
-    const Calc::CubicRoots roots = Calc::SolveCubic(job.T, job.p);
+                              models::SecondVirial(legacy::the_models.EOSModel, job.T));
+    const models::Saturation saturation = models::SaturationPressure(job.T);
+    models::EvalEOSAtT(job.T);
+    const models::CubicRoots roots = models::SolveCubic(job.T, job.p);
     if (roots.status != kSuccess) return 0.0;
     if (job.p <= saturation.p) return roots.v[static_cast<std::size_t>(roots.count - 1)];
     return roots.count == 3 ? roots.v[2] : 0.0;
@@ -108,15 +108,15 @@ bool partial_equilibrium(Job& job) {
     if (!find_partial_point(job)) return false;
     const double vV = partial_vapour_volume(job);
     job.Roots = 3;
-    if (!Declare::models.EOSOnlyV) KeepLastState(job);
+    if (!legacy::the_models.EOSOnlyV) KeepLastState(job);
     AddPartialPhases(job, vV);
     DensityLines(job);
     return true;
 }
 
 bool equilibrium_of_eos(Job& job) {
-    const Calc::Saturation r =
-        given_T(job) ? Calc::SaturationPressure(job.T) : Calc::SaturationTemperature(job.p);
+    const models::Saturation r =
+        given_T(job) ? models::SaturationPressure(job.T) : models::SaturationTemperature(job.p);
     if (r.status != kSuccess) {
         ReportCalcError(job, (given_T(job) ? "" : " T(LV) = ") + ErrorCode(r.status));
         return false;
@@ -153,28 +153,28 @@ bool equilibrium_of_equation(Job& job) {
 /// delta(LV)h by the cubic EOS, as a whole number of kJ/kmol.
 void add_enthalpy_of_vaporisation(Job& job) {
     constexpr std::int16_t kByCubicEos = 7;
-    const std::int16_t method = Declare::models.HLVModel;
-    const Calc::EnthalpyOfVaporisationResult r = Calc::EnthalpyOfVaporisation(
-        kByCubicEos, job.T, job.p, Declare::models.VPCode, method == 5 || method == 6);
+    const std::int16_t method = legacy::the_models.HLVModel;
+    const models::EnthalpyOfVaporisationResult r = models::EnthalpyOfVaporisation(
+        kByCubicEos, job.T, job.p, legacy::the_models.VPCode, method == 5 || method == 6);
     const auto h = static_cast<double>(r.h);
     if (r.status != kSuccess) return;
     job.record.hLV = static_cast<float>(h);
-    StoreFu(job, 29, h * session.CaloricFactor);
-    if (job.T > 0) StoreFu(job, 30, h * session.CaloricFactor / job.T);
+    StoreFu(job, 29, h * the_session.CaloricFactor);
+    if (job.T > 0) StoreFu(job, 30, h * the_session.CaloricFactor / job.T);
 }
 
 }  // namespace
 
 void EquilibriumState(Job& job) {
     if (!fetch_given(job)) return;
-    const bool found = !session.GlobalCalculation     ? partial_equilibrium(job)
-                       : Declare::models.PriorityCEOS ? equilibrium_of_eos(job)
-                                                      : equilibrium_of_equation(job);
+    const bool found = !the_session.GlobalCalculation    ? partial_equilibrium(job)
+                       : legacy::the_models.PriorityCEOS ? equilibrium_of_eos(job)
+                                                         : equilibrium_of_equation(job);
     if (!found) return;
     StoreFu(job, 0, job.T);
-    if (session.GlobalCalculation) add_enthalpy_of_vaporisation(job);
+    if (the_session.GlobalCalculation) add_enthalpy_of_vaporisation(job);
     StoreRecord(job);
     if (!given_T(job)) job.record.T = numbers::ToSingle(job.T);
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

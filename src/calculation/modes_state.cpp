@@ -10,10 +10,10 @@
 #include "session/module2.h"
 
 /// Modes 3, 8, 12 and 13: the state at T and p, or at p and a density.
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -26,15 +26,15 @@ void tell_given_state(const Job& job) {
 }
 
 bool is_critical_point(const Job& job) {
-    return std::fabs(job.T - Declare::substance.Tcrit) < kNearTcrit &&
-           std::fabs(job.p - Declare::substance.pcrit) < kNearPcrit;
+    return std::fabs(job.T - legacy::the_substance.Tcrit) < kNearTcrit &&
+           std::fabs(job.p - legacy::the_substance.pcrit) < kNearPcrit;
 }
 
 void critical_point_lines(Job& job) {
-    const Declare::EOSParameters& eos = Declare::eosParameters;
+    const models::EOSParameters& eos = legacy::the_eosParameters;
     job.list.add("Critical point!");
-    job.list.add(" T(cr) = " + numbers::Format(Declare::substance.Tcrit, "####0.00 K"));
-    job.list.add(" p(cr) = " + numbers::Format(Declare::substance.pcrit, "#####.00 kPa"));
+    job.list.add(" T(cr) = " + numbers::Format(legacy::the_substance.Tcrit, "####0.00 K"));
+    job.list.add(" p(cr) = " + numbers::Format(legacy::the_substance.pcrit, "#####.00 kPa"));
     if (!(eos.vcritCalc > kPresent)) return;
     job.list.add("rho(cr) = " + numbers::Format(eos.rhocritCalc, "####.0") + " kg/m^3");
     job.list.add("  v(cr) = " + Value32(eos.vcritCalc) + " m^3/kmol");
@@ -45,7 +45,7 @@ void critical_point_lines(Job& job) {
 void keep_both_phases(Job& job) {
     constexpr double kMargin = 1e-3;
     if (job.Roots != 3) return;
-    const double v = static_cast<double>(Declare::substance.M) / job.rho();
+    const double v = static_cast<double>(legacy::the_substance.M) / job.rho();
     if (v > job.L.v * (1 + kMargin) && v < job.V.v * (1 - kMargin))
         job.L.exists = job.V.exists = true;
 }
@@ -56,14 +56,14 @@ void GivenTp(Job& job) {
     if (!FetchT(job) || !FetchP(job)) return;
     tell_given_state(job);
     if (is_critical_point(job)) critical_point_lines(job);
-    if (Declare::models.EOSOnlyV)
-        resultText.co2.text =
-            " Virialcoeff. B = " + Value32(Calc::SecondVirial(Declare::models.EOSModel, job.T)) +
-            "  m^3/kmol";
+    if (legacy::the_models.EOSOnlyV)
+        resultText.co2.text = " Virialcoeff. B = " +
+                              Value32(models::SecondVirial(legacy::the_models.EOSModel, job.T)) +
+                              "  m^3/kmol";
     if (!SolveState(job)) return;
     KeepLastState(job);
     resultText.co1.text = job.stateText;
-    if (session.AssumedVle) AddPartialPhases(job, job.V.v);
+    if (the_session.AssumedVle) AddPartialPhases(job, job.V.v);
     DensityLines(job);
     StoreRecord(job);
 }
@@ -72,7 +72,7 @@ void GivenPRho(Job& job) {
     if (!FetchP(job) || !FetchRho(job)) return;
     resultText.par1.text = PressureText(job.p);
     resultText.par2.text = DensityText(job.rho());
-    const Calc::TemperatureResult r = Calc::TemperatureFromPRho(job.p, job.rho(), false);
+    const models::TemperatureResult r = models::TemperatureFromPRho(job.p, job.rho(), false);
     if (r.status != kSuccess || !(r.T > 0)) {
         resultText.co2 = {" Error", true, false};
         job.error = true;
@@ -119,22 +119,22 @@ std::string value_column(double value) {
 
 /// The states of the process, one a line; a value that the program did not give stays empty.
 void list_process(Job& job) {
-    const Declare::ProcessLineRecord& process = Declare::processLine;
+    const diagrams::ProcessLineRecord& process = legacy::the_processLine;
     job.list.add("Polytropic process, n = " + numbers::General(process.PolytropicExponent) +
                  ", kappa = " + numbers::General(process.Kappa));
     for (std::string& line : ReferenceLines()) job.list.add(std::move(line));
-    job.list.add(column("T/K") + column("p/kPa") + column("v/(" + session.VolumeLabel + ")") +
+    job.list.add(column("T/K") + column("p/kPa") + column("v/(" + the_session.VolumeLabel + ")") +
                  column(text::Trim(CaloricLabel(kH))) + column(text::Trim(CaloricLabel(kS))));
-    const double factor = session.CaloricFactor;
-    for (const Declare::PolytropicPoint& point : Declare::polytropicPoints) {
-        session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, point.T);
+    const double factor = the_session.CaloricFactor;
+    for (const diagrams::PolytropicPoint& point : legacy::the_polytropicPoints) {
+        the_session.CaloricFactor = session::CaloricFactorOf(the_session.CaloricUnit, point.T);
         std::string line = value_column(point.T) + value_column(point.p);
-        const Calc::StateTP state = Calc::SolveStateTP(point.T, point.p);
+        const models::StateTP state = models::SolveStateTP(point.T, point.p);
         const bool liquid = state.hasL && (!state.hasV || process.Phase == 0);
         const double v = liquid ? state.vL : state.vV;
         if (state.status == kSuccess && v > 0) {
             const FunctionValues functions = FunctionsAt(point.T, point.p, v);
-            line += value_column(v * session.VolumeFactor);
+            line += value_column(v * the_session.VolumeFactor);
             if (functions.status == kSuccess) {
                 const auto scaled = Scaled(functions);
                 line += value_column(scaled[kH]) + value_column(scaled[kS]);
@@ -142,21 +142,21 @@ void list_process(Job& job) {
         }
         job.list.add(std::move(line));
     }
-    session.CaloricFactor = factor;
+    the_session.CaloricFactor = factor;
 }
 
 }  // namespace
 
 void PolytropicProcess(Job& job) {
-    const Declare::ProcessLineRecord& process = Declare::processLine;
-    Declare::BatchDataSet& input = Declare::BatchData.front();
+    const diagrams::ProcessLineRecord& process = legacy::the_processLine;
+    calculation::BatchDataSet& input = legacy::the_BatchData.front();
     input.T = process.T1;
     input.p = process.p1;
     job.input = input;
     resultText.panelsHidden = true;
     if (!FetchT(job) || !FetchP(job)) return;
     tell_given_state(job);
-    if (!Declare::polytropicPoints.empty()) list_process(job);
+    if (!legacy::the_polytropicPoints.empty()) list_process(job);
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -9,10 +9,10 @@
 #include "models/model_tables.h"
 
 /// Modes 6 and 7: the enthalpy of vaporisation by the chosen method.
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -34,7 +34,7 @@ constexpr UnitLabels kLabels[] = {{"delta(LV)h/(kJ/kmol)", "delta(LV)s/(kJ/(kmol
                                   {"delta(LV)h/(kJ/kg)", "delta(LV)s/(kJ/(kg K))"}};
 
 const UnitLabels& labels() {
-    const std::int16_t unit = session.CaloricUnit;
+    const std::int16_t unit = the_session.CaloricUnit;
     return kLabels[unit >= 0 && unit < 4 ? unit : 0];
 }
 
@@ -44,7 +44,7 @@ std::string caloric_number(double value) {
 }
 
 bool fetch_given(Job& job) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     if (given_T(job) ? !FetchT(job) : !FetchP(job)) return false;
     const std::string given = given_T(job) ? TemperatureText(job.T) : PressureText(job.p);
     if (given_T(job) ? job.T >= s.Tcrit : job.p >= s.pcrit) {
@@ -56,30 +56,30 @@ bool fetch_given(Job& job) {
     return true;
 }
 
-void compressibility_lines(Job& job, const Calc::EnthalpyOfVaporisationResult& r) {
-    const std::int16_t method = Declare::models.HLVModel;
+void compressibility_lines(Job& job, const models::EnthalpyOfVaporisationResult& r) {
+    const std::int16_t method = legacy::the_models.HLVModel;
     if (method != kDatabaseDensity && method != kBenson) return;
     job.list.add("Following compressibility factors z were used:");
     job.list.add("z(L) = " + Value32(r.zL));
     job.list.add("z(V) = " + Value32(r.zV));
-    job.list.add("z(V) by using " + text::Trim(Calc::EOSName(Declare::models.EOSModel)));
+    job.list.add("z(V) by using " + text::Trim(models::EOSName(legacy::the_models.EOSModel)));
     job.list.add(method == kBenson ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
                                    : "rho_L for z_L by using database function rho_L = Fu(T)");
 }
 
 /// The database equation beside any other method.
 void comparison_line(Job& job) {
-    if (Declare::models.HLVModel == kDatabase || Declare::substance.hLVTHi <= 0) return;
-    const Calc::EnthalpyOfVaporisationResult r = Calc::EnthalpyOfVaporisation(
-        kDatabase, job.T, job.p, Declare::models.VPCode, false, job.call.Index);
+    if (legacy::the_models.HLVModel == kDatabase || legacy::the_substance.hLVTHi <= 0) return;
+    const models::EnthalpyOfVaporisationResult r = models::EnthalpyOfVaporisation(
+        kDatabase, job.T, job.p, legacy::the_models.VPCode, false, job.call.Index);
     if (r.status != kSuccess) return;
     job.list.add(std::string("(cf. function from data base: ") + labels().h + " = " +
-                 caloric_number(static_cast<double>(r.h) * session.CaloricFactor));
+                 caloric_number(static_cast<double>(r.h) * the_session.CaloricFactor));
 }
 
-void result_lines(Job& job, const Calc::EnthalpyOfVaporisationResult& r, double h, double s) {
+void result_lines(Job& job, const models::EnthalpyOfVaporisationResult& r, double h, double s) {
     constexpr std::size_t kRule = 70;
-    const std::string method = text::Trim(Calc::HLVName(Declare::models.HLVModel));
+    const std::string method = text::Trim(models::HLVName(legacy::the_models.HLVModel));
     resultText.co1 = {r.explanation, false, false};
     if (given_T(job)) {
         if (job.p > kPresent)
@@ -100,9 +100,9 @@ void result_lines(Job& job, const Calc::EnthalpyOfVaporisationResult& r, double 
 
 void EnthalpyOfVaporisation(Job& job) {
     if (!fetch_given(job)) return;
-    const Calc::EnthalpyOfVaporisationResult r =
-        Calc::EnthalpyOfVaporisation(Declare::models.HLVModel, job.T, job.p, Declare::models.VPCode,
-                                     job.call.Interactive, job.call.Index);
+    const models::EnthalpyOfVaporisationResult r = models::EnthalpyOfVaporisation(
+        legacy::the_models.HLVModel, job.T, job.p, legacy::the_models.VPCode, job.call.Interactive,
+        job.call.Index);
     if (r.status != kSuccess) {
         resultText.co1 = {r.explanation, true, false};
         job.list.add_red("no Result");
@@ -112,14 +112,16 @@ void EnthalpyOfVaporisation(Job& job) {
     job.T = r.T;
     job.p = r.p;
     StoreFu(job, 0, job.T);
-    job.L = {true, r.rhoL > 0 ? static_cast<double>(Declare::substance.M) / r.rhoL : 0.0, r.rhoL};
-    job.V = {true, r.rhoV > 0 ? static_cast<double>(Declare::substance.M) / r.rhoV : 0.0, r.rhoV};
+    job.L = {true, r.rhoL > 0 ? static_cast<double>(legacy::the_substance.M) / r.rhoL : 0.0,
+             r.rhoL};
+    job.V = {true, r.rhoV > 0 ? static_cast<double>(legacy::the_substance.M) / r.rhoV : 0.0,
+             r.rhoV};
     job.Roots = 3;
-    if (!Declare::models.EOSOnlyV) KeepLastState(job);
+    if (!legacy::the_models.EOSOnlyV) KeepLastState(job);
     DensityLines(job);
     StoreRecord(job);
 
-    const double h = static_cast<double>(r.h) * session.CaloricFactor;
+    const double h = static_cast<double>(r.h) * the_session.CaloricFactor;
     const double s = faults::divide(h, job.T);
     job.record.hLV = static_cast<float>(r.h);
     if (!given_T(job)) job.record.T = numbers::ToSingle(job.T);
@@ -128,4 +130,4 @@ void EnthalpyOfVaporisation(Job& job) {
     result_lines(job, r, h, s);
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

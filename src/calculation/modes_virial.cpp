@@ -7,7 +7,7 @@
 #include "models/virial.h"
 
 /// Mode 11: the second virial coefficients of all equations.
-namespace Zentrale {
+namespace quor::calculation {
 
 namespace {
 
@@ -18,27 +18,27 @@ constexpr std::size_t kNameWidth = 35;
 
 /// B of a virial code at T/K, without touching the active model.
 double virial_of(std::int16_t code, double T) {
-    Declare::JiTorvikParameters jt;
-    Declare::ModelSelection models = Declare::models;
+    models::JiTorvikParameters jt;
+    models::ModelSelection models = legacy::the_models;
     models.EOSModel = code;
     models.EOSOnlyV = true;
-    const Declare::EOSParameters eos = Calc::eos_constants(code, true, Declare::substance, jt);
-    Declare::EOSState state;
-    return Calc::second_virial({Declare::substance, models, eos, jt}, code, T, state);
+    const models::EOSParameters eos = models::eos_constants(code, true, legacy::the_substance, jt);
+    models::EOSState state;
+    return models::second_virial({legacy::the_substance, models, eos, jt}, code, T, state);
 }
 
 /// B of the active equation; a cubic form has that of its virial twin.
 double active_virial(double T) {
-    const std::int16_t code = Declare::models.EOSModel;
+    const std::int16_t code = legacy::the_models.EOSModel;
     if (code >= kFirstCubic && code <= kLastTwin)
         return virial_of(static_cast<std::int16_t>(code + kToTwin), T);
-    Declare::EOSState state;
-    return Calc::second_virial(Calc::CurrentFluid(), code, T, state);
+    models::EOSState state;
+    return models::second_virial(models::CurrentFluid(), code, T, state);
 }
 
 void virial_line(Job& job, std::int16_t code, double B) {
     constexpr std::size_t kNumberWidth = 16;
-    const std::string name = text::PadRight(Calc::EOSName(code), kNameWidth);
+    const std::string name = text::PadRight(models::EOSName(code), kNameWidth);
     const std::string value = Value32(B);
     job.list.add(
         {name + " {B} = " + text::PadLeft(value, kNumberWidth), false, {text::Trim(name), value}});
@@ -53,7 +53,7 @@ void VirialCoefficients(Job& job) {
     for (std::int16_t code = kFirstVirial; code <= kLastVirial; ++code)
         virial_line(job, code, virial_of(code, job.T));
 
-    const std::int16_t active = Declare::models.EOSModel;
+    const std::int16_t active = legacy::the_models.EOSModel;
     const double B = active_virial(job.T);
     const bool listed = (active >= kFirstCubic && active <= kLastTwin) ||
                         (active >= kFirstVirial && active <= kLastVirial);
@@ -61,4 +61,4 @@ void VirialCoefficients(Job& job) {
     StoreFu(job, 41, B);
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -11,10 +11,10 @@
 #include "models/reference_state.h"
 #include "models/state_solver.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -61,9 +61,9 @@ constexpr auto kVaporisationText =
 enum class Situation { Vaporisation, CubicVle, Cubic, EquationOnly, VapourOnlyVle, VapourOnly };
 
 Situation situation_of_session() {
-    const Declare::ModelSelection& models = Declare::models;
-    const bool vle = session.CalcMode == kGivenTp && session.AssumedVle;
-    if (IsVaporisation(session.CalcMode) && models.HLVModel == kBensonVaporisation)
+    const models::ModelSelection& models = legacy::the_models;
+    const bool vle = the_session.CalcMode == kGivenTp && the_session.AssumedVle;
+    if (IsVaporisation(the_session.CalcMode) && models.HLVModel == kBensonVaporisation)
         return Situation::Vaporisation;
     if (models.EOSOnlyV) return vle ? Situation::VapourOnlyVle : Situation::VapourOnly;
     if (vle) return Situation::CubicVle;
@@ -88,7 +88,7 @@ std::string text_of(Situation situation) {
 }
 
 bool has_database_density() {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     return static_cast<double>(s.rhoLTLo) > kPresent && static_cast<double>(s.rhoLTHi) > kPresent;
 }
 
@@ -101,10 +101,10 @@ void show_global(PartialChoice& choice) {
 }
 
 void show_partial(PartialChoice& choice) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     choice.globalIndex = kPartial;
     choice.densityFrameVisible = true;
-    choice.referenceFrameVisible = session.LiquidByBenson;
+    choice.referenceFrameVisible = the_session.LiquidByBenson;
     choice.databaseEnabled = has_database_density();
     choice.databaseRange = choice.databaseEnabled
                                ? "valid in the range T/K =" + std::to_string(s.rhoLTLo) + "..." +
@@ -112,8 +112,8 @@ void show_partial(PartialChoice& choice) {
                                : "(no database function available)";
     choice.lblRhoLimits =
         std::string("Partial calculation: L-density by means of ") +
-        (session.LiquidByBenson ? "BENSON's method (Mathias/Cailletet),  "
-                                : " database equation rho_L = F(T), ") +
+        (the_session.LiquidByBenson ? "BENSON's method (Mathias/Cailletet),  "
+                                    : " database equation rho_L = F(T), ") +
         "V density calc. using EOS. For the calculation of p(LV) or T(LV) resp. the cubic EOS is "
         "used.";
 }
@@ -125,16 +125,16 @@ void show_partial(PartialChoice& choice) {
 void take_approximation(PartialChoice& choice) {
     constexpr double kPressure = 101.3;
     constexpr float kStoredPressure = 101.335F;
-    const Declare::SubstanceRecord& s = Declare::substance;
-    Declare::BensonPoint& point = session.BensonReference;
+    const models::SubstanceRecord& s = legacy::the_substance;
+    models::BensonPoint& point = the_session.BensonReference;
     point = {};
     if (!(static_cast<double>(s.Tboil) > kPresent)) {
         choice.RefVorschlag = "No normal boiling point available";
         return;
     }
-    const double rhoL = Calc::BensonApproximation(kPressure, s.pcrit, s.rhocrit);
-    const Calc::StateTP state =
-        Calc::SolveStateTP(static_cast<double>(s.Tboil), static_cast<double>(kStoredPressure));
+    const double rhoL = models::BensonApproximation(kPressure, s.pcrit, s.rhocrit);
+    const models::StateTP state =
+        models::SolveStateTP(static_cast<double>(s.Tboil), static_cast<double>(kStoredPressure));
     const double rhoV = state.status == kSuccess ? state.rhoV : 0.0;
     point = {s.Tboil, kStoredPressure, static_cast<float>(rhoL), static_cast<float>(rhoV)};
     choice.RefVorschlag =
@@ -148,12 +148,12 @@ void take_approximation(PartialChoice& choice) {
         " (BENSON's approximation)\n"
         " rho(V)(ref)/kg/m^3 = " +
         numbers::FormatPoint(rhoV, "##.###") + " (" +
-        text::Trim(Calc::EOSName(Declare::models.EOSModel)) + ")";
+        text::Trim(models::EOSName(legacy::the_models.EOSModel)) + ")";
 }
 
 void take_proposal(PartialChoice& choice) {
-    const thermo::BensonProposal proposal = thermo::ProposeBensonReference();
-    session.BensonReference = proposal.point;
+    const models::BensonProposal proposal = models::ProposeBensonReference();
+    the_session.BensonReference = proposal.point;
     choice.RefVorschlag =
         "Proposal for the reference point according to situation:\n" +
         (proposal.text.empty() ? "No data available: choose the manual input" : proposal.text);
@@ -163,10 +163,10 @@ void take_proposal(PartialChoice& choice) {
 void settle_calculation(PartialChoice& choice, Situation situation) {
     switch (situation) {
         case Situation::Cubic:
-            ChooseGlobal(choice, session.CalcMode == kPartialTank ? kPartial : kGlobal);
+            ChooseGlobal(choice, the_session.CalcMode == kPartialTank ? kPartial : kGlobal);
             break;
         case Situation::EquationOnly:
-            session.GlobalCalculation = session.CalcMode != kPartialTank;
+            the_session.GlobalCalculation = the_session.CalcMode != kPartialTank;
             choice.choicesVisible = choice.cancelEnabled = false;
             choice.title = "Situation of Calculation";
             break;
@@ -187,26 +187,26 @@ PartialChoice OpenPartialChoice(bool forDiagram) {
     PartialChoice choice;
     choice.forDiagram = forDiagram;
     choice.title = "Choose \"Global-/Partial Calculation\" for Phase Equilibrium V-L";
-    session.BensonReferenceValid = false;
-    session.InputSituation = kReferenceInput;
-    session.BensonReference = {};
-    session.LiquidByBenson = true;
+    the_session.BensonReferenceValid = false;
+    the_session.InputSituation = kReferenceInput;
+    the_session.BensonReference = {};
+    the_session.LiquidByBenson = true;
     ChooseReference(choice, kProposed);
     choice.GlobalSit = text_of(situation);
-    choice.globalEnabled = session.CalcMode != kPartialTank;
+    choice.globalEnabled = the_session.CalcMode != kPartialTank;
     settle_calculation(choice, situation);
     return choice;
 }
 
 void ChooseGlobal(PartialChoice& choice, int index) {
-    if (index == kGlobal && Declare::models.EOSOnlyV) {
+    if (index == kGlobal && legacy::the_models.EOSOnlyV) {
         dialogs::Tell(
             "Global calculation only possible by using a cubic EOS (=> Window \"Models\").",
             "Execution not possible");
         index = kPartial;
     }
-    session.GlobalCalculation = index == kGlobal;
-    if (session.GlobalCalculation) {
+    the_session.GlobalCalculation = index == kGlobal;
+    if (the_session.GlobalCalculation) {
         show_global(choice);
     } else {
         show_partial(choice);
@@ -214,11 +214,11 @@ void ChooseGlobal(PartialChoice& choice, int index) {
 }
 
 void ChooseDensity(PartialChoice& choice, int index) {
-    session.LiquidByBenson = index == kBenson;
+    the_session.LiquidByBenson = index == kBenson;
     choice.densityIndex = index;
-    choice.referenceFrameVisible = session.LiquidByBenson;
+    choice.referenceFrameVisible = the_session.LiquidByBenson;
     choice.lblRhoLimits =
-        session.LiquidByBenson
+        the_session.LiquidByBenson
             ? "The L-density is calculated by means of BENSON's method."
             : "The L-density is calculated by means of the database equation rho_L = F(T).";
 }
@@ -228,7 +228,7 @@ void ChooseReference(PartialChoice& choice, int index) {
     choice.inputEnabled = index == kManual;
     switch (index) {
         case kManual:
-            session.InputSituation = kReferenceInput;
+            the_session.InputSituation = kReferenceInput;
             break;
         case kApproximation:
             take_approximation(choice);
@@ -240,25 +240,25 @@ void ChooseReference(PartialChoice& choice, int index) {
 }
 
 bool IsBensonReferenceGiven() {
-    const Declare::BensonPoint& r = session.BensonReference;
+    const models::BensonPoint& r = the_session.BensonReference;
     return static_cast<double>(r.T) * static_cast<double>(r.p) * static_cast<double>(r.rhoL) *
                static_cast<double>(r.rhoV) >
            kPresent;
 }
 
 void ConfirmPartialChoice(const PartialChoice& choice) {
-    session.BensonReferenceValid = IsBensonReferenceGiven();
+    the_session.BensonReferenceValid = IsBensonReferenceGiven();
     views().closeParinput();
     if (choice.forDiagram) {
         views().prepareDiagram();
         return;
     }
-    const bool tank = session.CalcMode == kPartialTank;
+    const bool tank = the_session.CalcMode == kPartialTank;
     if (!tank) views().openResultView();
-    if (session.BatchMode) return;
-    session.InputSituation =
-        tank ? kTankInput : static_cast<std::int16_t>(session.CalcMode + kDirectInput);
+    if (the_session.BatchMode) return;
+    the_session.InputSituation =
+        tank ? kTankInput : static_cast<std::int16_t>(the_session.CalcMode + kDirectInput);
     views().openParinput();
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

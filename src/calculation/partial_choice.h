@@ -2,10 +2,10 @@
 
 #include <string>
 
-namespace Zentrale {
+namespace quor::calculation {
 
-/// What `frmCalcIn` shows and allows: the choice of a global or a partial calculation, of the
-/// source of the L density, and of the second reference point of Benson's method.
+/// What `PartialChoiceDialog` shows and allows: the choice of a global or a partial calculation, of
+/// the source of the L density, and of the second reference point of Benson's method.
 struct PartialChoice {
     std::string title;
     std::string GlobalSit;  ///< the situation in words
@@ -48,4 +48,4 @@ bool IsBensonReferenceGiven();
 /// view.
 void ConfirmPartialChoice(const PartialChoice& choice);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -4,9 +4,9 @@
 #include "common/numbers.h"
 #include "session/module2.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -38,20 +38,20 @@ constexpr std::array<Row, kFunctionCount> kRows = {{
 }};
 
 std::size_t unit_form() {
-    const std::int16_t unit = session.CaloricUnit;
+    const std::int16_t unit = the_session.CaloricUnit;
     return unit >= 0 && unit < static_cast<std::int16_t>(kUnitForms)
                ? static_cast<std::size_t>(unit)
                : 0;
 }
 
 std::string label_of(const Row& row) {
-    if (row.function == kVolume) return "v/ (" + session.VolumeLabel + ")  = ";
+    if (row.function == kVolume) return "v/ (" + the_session.VolumeLabel + ")  = ";
     if (row.function == kSound) return LabelField("as/ (m/s)");
     return LabelField(row.labels[unit_form()]);
 }
 
 void store_phase(Job& job, const std::optional<FunctionValues>& phase, std::size_t first,
-                 std::size_t sound, Declare::PhaseFunctions& record) {
+                 std::size_t sound, calculation::PhaseFunctions& record) {
     if (!phase || phase->status != kSuccess) return;
     const auto scaled = Scaled(*phase);
     for (std::size_t i = kVolume; i <= kCv; ++i) StoreFu(job, first + i, scaled[i]);
@@ -64,21 +64,21 @@ std::string value_text(const std::optional<FunctionValues>& phase, Function func
     if (!phase || phase->status != kSuccess) return {};
     const auto scaled = Scaled(*phase);
     if (function == kA && kind == TableKind::Page)
-        return Value32(scaled[kU] - session.CaloricFactor * p * phase->z[kVolume]);
+        return Value32(scaled[kU] - the_session.CaloricFactor * p * phase->z[kVolume]);
     return Value32(scaled[function]);
 }
 
 }  // namespace
 
 FunctionValues FunctionsAt(double T, double p, double v) {
-    const thermo::StateValues s = thermo::StateFunctions(T, p, v);
+    const models::StateValues s = models::StateFunctions(T, p, v);
     return {{v, s.h, s.s, s.g, s.u, s.a, s.eH, s.eU, s.cp, s.cv, s.w}, s.table, s.status};
 }
 
 std::array<double, kFunctionCount> Scaled(const FunctionValues& molar) {
     std::array<double, kFunctionCount> z = molar.z;
-    z[kVolume] *= session.VolumeFactor;
-    for (std::size_t i = kH; i <= kCv; ++i) z[i] *= session.CaloricFactor;
+    z[kVolume] *= the_session.VolumeFactor;
+    for (std::size_t i = kH; i <= kCv; ++i) z[i] *= the_session.CaloricFactor;
     return z;
 }
 
@@ -105,4 +105,4 @@ const char* CaloricLabel(Function function) {
     return kRows[function].labels[unit_form()];
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

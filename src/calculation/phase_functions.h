@@ -7,9 +7,9 @@
 #include "models/caloric.h"
 
 /// Caloric functions of the phases of a state, and the table that shows them.
-namespace Zentrale {
+namespace quor::calculation {
 
-/// Order of the functions of a phase, in `Fu` and in `Declare::PhaseFunctions::caloric`.
+/// Order of the functions of a phase, in `Fu` and in `calculation::PhaseFunctions::caloric`.
 enum Function : std::size_t { kVolume, kH, kS, kG, kU, kA, kExergyH, kExergyU, kCp, kCv, kSound };
 inline constexpr std::size_t kFunctionCount = 11;
 
@@ -19,7 +19,7 @@ inline constexpr std::size_t kFuV = 9, kFuL = 19, kFuSoundL = 39, kFuSoundV = 40
 /// Functions of one phase in m^3/kmol, kJ/kmol, kJ/(kmol K) and m/s.
 struct FunctionValues {
     std::array<double, kFunctionCount> z{};
-    thermo::PhaseTable table;
+    models::PhaseTable table;
     Status status = kFailure;
 };
 
@@ -51,4 +51,4 @@ void FunctionTable(Job& job, const PhasePair& pair, TableKind kind);
 /// Label of a caloric quantity in the unit form of the session: "h/ (kJ/kmol) " and the like.
 const char* CaloricLabel(Function function);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

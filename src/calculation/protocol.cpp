@@ -9,12 +9,12 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "datafiles/whole_file.h"
+#include "common/whole_file.h"
 #include "session/module2.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -39,7 +39,7 @@ std::array<bool, kRows> kept_rows() {
     std::array<bool, kRows> kept{};
     for (std::size_t row = 0; row < kRows; ++row) {
         double sum = 0;
-        for (const Column& column : Declare::protocol)
+        for (const Column& column : legacy::the_protocol)
             sum += std::fabs(static_cast<double>(column[row]));
         kept[row] = sum != 0;
     }
@@ -47,7 +47,7 @@ std::array<bool, kRows> kept_rows() {
 }
 
 const char* volume_unit() {
-    switch (session.UnitMode) {
+    switch (the_session.UnitMode) {
         case 1:
             return "[v] = m^3/kg";
         case 2:
@@ -61,9 +61,9 @@ void add_unit_lines(std::vector<std::string>& lines) {
     std::string units = "units: [T] = K   [p] = kPa   [B] = m^3/kmol    ";
     units += volume_unit();
     lines.push_back(units);
-    if (session.CaloricUnit == 0)
+    if (the_session.CaloricUnit == 0)
         lines.emplace_back("molar SI-units for function z: [z] = kJ/kmol or kJ/(kmol K)");
-    if (session.CaloricUnit == 3)
+    if (the_session.CaloricUnit == 3)
         lines.emplace_back("specific SI-units for function z: [z] = kJ/kg or kJ/(kg K)");
 }
 
@@ -74,41 +74,41 @@ std::vector<std::string> protocol_lines() {
     std::string heads;
     for (std::size_t row = 0; row < kRows; ++row) {
         if (!kept[row]) continue;
-        heads += names[row] + session.CsvSeparator;
+        heads += names[row] + the_session.CsvSeparator;
         reference = reference || depends_on_reference(row);
     }
 
     std::vector<std::string> lines;
     lines.push_back("QUOR-6: p-V-T Calculations of States and Processes - Protocol from " +
-                    Module2::ShortDate());
-    lines.push_back(Declare::substance.Name);
-    lines.push_back(Declare::substance.Formula);
+                    session::ShortDate());
+    lines.push_back(legacy::the_substance.Name);
+    lines.push_back(legacy::the_substance.Formula);
     add_unit_lines(lines);
     if (reference) lines.push_back(ReferenceLine());
     lines.emplace_back();
     lines.push_back(heads);
-    for (const Column& column : Declare::protocol) {
+    for (const Column& column : legacy::the_protocol) {
         std::string line;
         for (std::size_t row = 0; row < kRows; ++row)
-            if (kept[row]) line += numbers::General(column[row]) + session.CsvSeparator;
+            if (kept[row]) line += numbers::General(column[row]) + the_session.CsvSeparator;
         lines.push_back(line);
     }
     return lines;
 }
 
 fs::path protocol_path() {
-    return LoadSaveData::InFolder(session.ProtocolFile, Module2::WriteFolder().string());
+    return datafiles::InFolder(the_session.ProtocolFile, session::WriteFolder().string());
 }
 
 /// The protocol as a table with tabs, into the clipboard. False when the file cannot be read.
 bool copy_to_clipboard(const fs::path& path) {
-    const LoadSaveData::FileContent content = LoadSaveData::ReadWhole(path);
+    const datafiles::FileContent content = datafiles::ReadWhole(path);
     if (!content.error.empty()) {
         dialogs::Tell(content.error, "WARNING");
         return false;
     }
     const std::string table = text::FromAnsi(content.bytes);
-    dialogs::SetClipboard(text::ReplaceAll(table, std::string(1, session.CsvSeparator), "\t"));
+    dialogs::SetClipboard(text::ReplaceAll(table, std::string(1, the_session.CsvSeparator), "\t"));
     return true;
 }
 
@@ -123,7 +123,7 @@ bool delete_if_empty(const fs::path& path) {
 }  // namespace
 
 void AddToProtocol() {
-    if (session.DecimalComma && session.CsvSeparator == ',')
+    if (the_session.DecimalComma && the_session.CsvSeparator == ',')
         dialogs::Tell(
             "Bei Computereinstellung \"Deutschland\" (Dezimalzeichen Komma)\n"
             "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
@@ -133,52 +133,52 @@ void AddToProtocol() {
     Column column{};
     try {
         for (std::size_t row = 0; row < kRows; ++row)
-            column[row] = numbers::ToSingle(Declare::Fu[row]);
+            column[row] = numbers::ToSingle(legacy::the_Fu[row]);
     } catch (const faults::Fault& fault) {
         dialogs::Tell(fault.what(), "WARNING");
         return;
     }
-    Declare::protocol.push_back(column);
-    session.ProtocolPending = true;
-    ++session.ProtocolOpen;
+    legacy::the_protocol.push_back(column);
+    the_session.ProtocolPending = true;
+    ++the_session.ProtocolOpen;
 }
 
 bool WriteProtocol() {
-    if (!session.ProtocolPending) return true;
-    const Module2::BusyPointer busy;
+    if (!the_session.ProtocolPending) return true;
+    const session::BusyPointer busy;
     const std::string error =
-        LoadSaveData::WriteWhole(protocol_path(), LoadSaveData::AnsiLines(protocol_lines()));
+        datafiles::WriteWhole(protocol_path(), datafiles::AnsiLines(protocol_lines()));
     if (error.empty()) return true;
     dialogs::Tell(error, "WARNING");
     return false;
 }
 
 bool OpenNewProtocol() {
-    const bool pending = session.ProtocolPending;
+    const bool pending = the_session.ProtocolPending;
     if (!WriteProtocol()) return false;
     const fs::path path = protocol_path();
     std::error_code error;
     if (!delete_if_empty(path) && (pending || fs::exists(path, error)))
         if (!copy_to_clipboard(path)) return false;
-    session.ProtocolFile = Module2::NewProtocolFileName();
-    session.ProtocolPending = false;
-    session.ProtocolOpen = 0;
-    Declare::protocol.clear();
+    the_session.ProtocolFile = session::NewProtocolFileName();
+    the_session.ProtocolPending = false;
+    the_session.ProtocolOpen = 0;
+    legacy::the_protocol.clear();
     return true;
 }
 
 std::string ProtocolFileTitle() {
-    return Module2::FileTitle(session.ProtocolFile);
+    return session::FileTitle(the_session.ProtocolFile);
 }
 
 void CloseProtocol() {
-    if (WriteProtocol()) session.ProtocolPending = false;
+    if (WriteProtocol()) the_session.ProtocolPending = false;
     delete_if_empty(protocol_path());
 }
 
 void ChooseSeparator(int index) {
     constexpr char kSeparators[] = {';', ',', '\t'};
-    if (index >= 0 && index < 3) session.CsvSeparator = kSeparators[index];
+    if (index >= 0 && index < 3) the_session.CsvSeparator = kSeparators[index];
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace Zentrale {
+namespace quor::calculation {
 
 /// `cmdProtokoll`: adds the present `Fu` to the protocol store as a column.
 void AddToProtocol();
@@ -25,4 +25,4 @@ void CloseProtocol();
 /// `cmbSep`: the delimiter of an entry, 0 semicolon, 1 comma, 2 tab.
 void ChooseSeparator(int index);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -2,11 +2,11 @@
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "legacy/declare.h"
 #include "models/model_tables.h"
 #include "models/reference_state.h"
-#include "session/declare.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 namespace {
 
@@ -23,11 +23,11 @@ std::string at(double T, double p, Numbers how) {
 }
 
 std::string models_line() {
-    return "Model: " + text::Trim(Calc::EOSName(Declare::models.EOSModel)) +
-           "; ideal-gas cp: " + text::Trim(Calc::CpName(Declare::models.CpModel));
+    return "Model: " + text::Trim(models::EOSName(legacy::the_models.EOSModel)) +
+           "; ideal-gas cp: " + text::Trim(models::CpName(legacy::the_models.CpModel));
 }
 
-std::string zero_line(const Declare::ReferenceState& r, Numbers how) {
+std::string zero_line(const models::ReferenceState& r, Numbers how) {
     const std::string state =
         "ideal gas at " + at(static_cast<double>(r.T0), static_cast<double>(r.p0), how);
     switch (r.RefMode) {
@@ -47,8 +47,8 @@ std::string zero_line(const Declare::ReferenceState& r, Numbers how) {
 
 std::vector<std::string> ReferenceLines(bool exergies, Numbers how) {
     // Asking for the values settles T0 and p0 of the kinds that fix them.
-    thermo::ReferenceValues(0.0);
-    const Declare::ReferenceState& r = Declare::reference;
+    models::ReferenceValues(0.0);
+    const models::ReferenceState& r = legacy::the_reference;
     std::vector<std::string> lines = {models_line(), zero_line(r, how)};
     if (exergies) lines.push_back("Surroundings for exergies: " + at(r.Tenv, r.penv, how));
     return lines;
@@ -60,4 +60,4 @@ std::string ReferenceLine() {
     return all;
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

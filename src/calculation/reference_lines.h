@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace Zentrale {
+namespace quor::calculation {
 
 /// How the numbers of the lines are written.
 enum class Numbers { Locale, Point };
@@ -14,4 +14,4 @@ std::vector<std::string> ReferenceLines(bool exergies = true, Numbers numbers = 
 /// All of it in one line.
 std::string ReferenceLine();
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -3,7 +3,7 @@
 #include "calculation/list_layout.h"
 #include "common/text.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 namespace {
 
@@ -64,4 +64,4 @@ std::string ResultAsTable(const ResultText& result) {
     return all;
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

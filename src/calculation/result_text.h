@@ -6,7 +6,7 @@
 
 /// The central routine `CalcBatch` and all that surrounds a calculation: views as data, extended
 /// pages, tank, iso-calculator, diagnosis, protocol.
-namespace Zentrale {
+namespace quor::calculation {
 
 /// A text field of the result view.
 struct TextField {
@@ -59,4 +59,4 @@ std::string PhaseHeader(const ResultText& result);
 std::string ResultAsText(const ResultText& result);
 std::string ResultAsTable(const ResultText& result);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -11,10 +11,10 @@
 #include "common/numbers.h"
 #include "session/module2.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -26,7 +26,7 @@ bool is_active(std::int16_t index) {
 
 /// The next active data set from `index` on in steps of `step`, 0 when there is none.
 std::int16_t next_active(std::int16_t index, std::int16_t step) {
-    while (index >= 1 && index <= session.BatchCount) {
+    while (index >= 1 && index <= the_session.BatchCount) {
         if (is_active(index)) return index;
         index = static_cast<std::int16_t>(index + step);
     }
@@ -34,17 +34,18 @@ std::int16_t next_active(std::int16_t index, std::int16_t step) {
 }
 
 void name_data_set(ResultView& view) {
-    view.inputCaption =
-        session.BatchMode ? " Specification value from set #" + std::to_string(session.DataSetIndex)
-                          : " Specification value from input ";
+    view.inputCaption = the_session.BatchMode ? " Specification value from set #" +
+                                                    std::to_string(the_session.DataSetIndex)
+                                              : " Specification value from input ";
 }
 
 void step(ResultView& view, std::int16_t by) {
-    const std::int16_t next = next_active(static_cast<std::int16_t>(session.DataSetIndex + by), by);
+    const std::int16_t next =
+        next_active(static_cast<std::int16_t>(the_session.DataSetIndex + by), by);
     if (next == 0) {
         dialogs::Beep();
     } else {
-        session.DataSetIndex = next;
+        the_session.DataSetIndex = next;
     }
     name_data_set(view);
     Recalculate(view);
@@ -56,7 +57,7 @@ bool is_without_list(std::int16_t mode) {
 
 /// Which panels of the view belong to a mode.
 void set_panels(ResultView& view, std::int16_t mode) {
-    if (!session.BatchMode) {
+    if (!the_session.BatchMode) {
         view.okCaption = "Close";
         view.stepVisible = view.resultOutputVisible = false;
     }
@@ -64,11 +65,11 @@ void set_panels(ResultView& view, std::int16_t mode) {
     if (is_without_list(mode)) view.resultOutputVisible = false;
     view.wide = mode == kPolytropicMode;
     view.extendedVisible = !IsVaporisation(mode) && !is_without_list(mode);
-    view.extendedEnabled = !IsEquilibrium(mode) || session.GlobalCalculation;
+    view.extendedEnabled = !IsEquilibrium(mode) || the_session.GlobalCalculation;
 }
 
 int separator_index() {
-    switch (session.CsvSeparator) {
+    switch (the_session.CsvSeparator) {
         case ',':
             return 1;
         case '\t':
@@ -81,30 +82,31 @@ int separator_index() {
 }  // namespace
 
 ResultView OpenResultView() {
-    const std::int16_t mode = session.CalcMode;
+    const std::int16_t mode = the_session.CalcMode;
     ResultView view;
-    session.EquilibriumFunctions = false;
-    session.OutputPage = 1;
+    the_session.EquilibriumFunctions = false;
+    the_session.OutputPage = 1;
     set_panels(view, mode);
     if (!IsTank(mode))
-        Declare::ResultRecords.resize(static_cast<std::size_t>(session.BatchCount) + 1);
+        legacy::the_ResultRecords.resize(static_cast<std::size_t>(the_session.BatchCount) + 1);
     view.title = ModeTitle(mode);
     view.caption = ResultCaption(mode);
-    if (session.BatchMode) {
+    if (the_session.BatchMode) {
         const std::int16_t first = next_active(1, 1);
-        session.DataSetIndex = first == 0 ? std::int16_t{1} : first;
+        the_session.DataSetIndex = first == 0 ? std::int16_t{1} : first;
     } else {
-        session.DataSetIndex = 0;
+        the_session.DataSetIndex = 0;
     }
     name_data_set(view);
-    for (Declare::ResultRecord& record : Declare::ResultRecords) record.State = "   ";
+    for (calculation::ResultRecord& record : legacy::the_ResultRecords) record.State = "   ";
     view.separatorIndex = separator_index();
     Recalculate(view);
     return view;
 }
 
 void Recalculate(ResultView& view) {
-    CalcCall call{.Mode = session.CalcMode, .Index = session.DataSetIndex, .Text = view.title};
+    CalcCall call{
+        .Mode = the_session.CalcMode, .Index = the_session.DataSetIndex, .Text = view.title};
     CalcBatch(call);
     view.empty = call.Text == "EXIT";
 }
@@ -117,28 +119,30 @@ void StepBackward(ResultView& view) {
 }
 
 void SetEquilibriumFunctions(ResultView& view, bool on) {
-    session.EquilibriumFunctions = on;
+    the_session.EquilibriumFunctions = on;
     Recalculate(view);
 }
 
 void SetExtendedPages(ResultView& view, bool functions, bool derivatives) {
-    session.OutputPage = static_cast<std::int16_t>(1 + (functions ? 1 : 0) + (derivatives ? 2 : 0));
-    view.funcPrintEnabled = session.OutputPage > 1 && session.CalcMode < kFirstWithoutList;
+    the_session.OutputPage =
+        static_cast<std::int16_t>(1 + (functions ? 1 : 0) + (derivatives ? 2 : 0));
+    view.funcPrintEnabled = the_session.OutputPage > 1 && the_session.CalcMode < kFirstWithoutList;
     Recalculate(view);
 }
 
 bool FinishResultView(const ResultView& view, ListTarget target, bool withExtended) {
     if (target == ListTarget::Printer)
-        BatchCalc::PrintResult(view.title, session.GlobalCalculation, withExtended);
+        calculation::PrintResult(view.title, the_session.GlobalCalculation, withExtended);
     if (target == ListTarget::File) {
         const auto name = dialogs::ChooseFile({.save = true,
                                                .title = "Save QUOR result list as ...",
                                                .filter = "Result file (*.LST)|*.LST",
-                                               .folder = Module2::WriteFolder().string(),
+                                               .folder = session::WriteFolder().string(),
                                                .defaultExtension = ".LST",
                                                .overwritePrompt = true});
         if (!name) return false;
-        if (!BatchCalc::ResultFile(*name, view.title, session.GlobalCalculation, withExtended))
+        if (!calculation::ResultFile(*name, view.title, the_session.GlobalCalculation,
+                                     withExtended))
             return false;
     }
     views().closeResultView();
@@ -147,10 +151,10 @@ bool FinishResultView(const ResultView& view, ListTarget target, bool withExtend
 }
 
 bool PrepareIsoCalculator(const std::string& T, const std::string& p) {
-    Declare::BatchDataSet& input = Declare::BatchData.front();
-    const Declare::BatchDataSet set = DataSet(session.DataSetIndex);
-    const double givenT = session.BatchMode ? set.T : numbers::ValInput(T);
-    const double givenP = session.BatchMode ? set.p : numbers::ValInput(p);
+    calculation::BatchDataSet& input = legacy::the_BatchData.front();
+    const calculation::BatchDataSet set = DataSet(the_session.DataSetIndex);
+    const double givenT = the_session.BatchMode ? set.T : numbers::ValInput(T);
+    const double givenP = the_session.BatchMode ? set.p : numbers::ValInput(p);
     if (!(givenT > kPresent) && !(givenP > kPresent)) {
         dialogs::Tell("not yet a T|p value available!", "Execution not possible");
         return false;
@@ -160,4 +164,4 @@ bool PrepareIsoCalculator(const std::string& T, const std::string& p) {
     return true;
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-namespace Zentrale {
+namespace quor::calculation {
 
-/// What `frmCalcOut` shows round the texts of `resultText`.
+/// What `ResultView` shows round the texts of `resultText`.
 struct ResultView {
     std::string caption;               ///< of the window
     std::string title;                 ///< of the calculation, for lists
@@ -50,4 +50,4 @@ bool FinishResultView(const ResultView& view, ListTarget target, bool withExtend
 /// In batch mode the present data set stands in. T and p then stand in the direct input.
 bool PrepareIsoCalculator(const std::string& T, const std::string& p);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -1,11 +1,11 @@
 #include "calculation/start_calculation.h"
 
 #include "common/dialogs.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -26,8 +26,8 @@ bool asks_for_vle() {
 /// Kinds that need the choice of a global or partial calculation, or a second reference point.
 bool needs_preparation(std::int16_t mode) {
     if (IsEquilibrium(mode)) return true;
-    if (mode == kGivenTp) return session.AssumedVle;
-    return IsVaporisation(mode) && Declare::models.HLVModel == kBensonVaporisation;
+    if (mode == kGivenTp) return the_session.AssumedVle;
+    return IsVaporisation(mode) && legacy::the_models.HLVModel == kBensonVaporisation;
 }
 
 }  // namespace
@@ -38,24 +38,24 @@ Views& views() {
 }
 
 void StartCalculation() {
-    std::int16_t& mode = session.CalcMode;
-    const bool direct = !session.BatchMode;
+    std::int16_t& mode = the_session.CalcMode;
+    const bool direct = !the_session.BatchMode;
     if (mode == 0) mode = kGivenTRho;
-    if (mode == kLiquid && Declare::models.EOSOnlyV) {
+    if (mode == kLiquid && legacy::the_models.EOSOnlyV) {
         mode = 0;
         dialogs::Tell("possible only by using a  cubic EOS", "Execution not possible");
         return;
     }
     if (direct) {
-        session.InputSituation =
+        the_session.InputSituation =
             IsTank(mode) ? kTankInput : static_cast<std::int16_t>(mode + kDirectInput);
         if (mode == kPartialTank) {
-            session.AssumedVle = false;
+            the_session.AssumedVle = false;
             views().openCalcIn();
             return;
         }
     }
-    session.AssumedVle = direct && mode == kGivenTp && asks_for_vle();
+    the_session.AssumedVle = direct && mode == kGivenTp && asks_for_vle();
     if (needs_preparation(mode)) {
         views().openCalcIn();
         return;
@@ -69,18 +69,18 @@ void StartCalculation() {
 }
 
 void RunCalculation(std::int16_t CalcMode) {
-    session.CalcMode = CalcMode;
+    the_session.CalcMode = CalcMode;
     if (CalcMode == kPolytropic) {
-        Declare::processLine.Kind = kPolytropicKind;
-        Declare::processLine.FromCalculation = true;
+        legacy::the_processLine.Kind = kPolytropicKind;
+        legacy::the_processLine.FromCalculation = true;
     }
-    if (IsTank(CalcMode)) session.GlobalCalculation = CalcMode == kGlobalTank;
+    if (IsTank(CalcMode)) the_session.GlobalCalculation = CalcMode == kGlobalTank;
     StartCalculation();
-    if (IsTank(session.CalcMode)) views().closeResultView();
+    if (IsTank(the_session.CalcMode)) views().closeResultView();
 }
 
 void PrepareCalculationMenu() {
-    if (session.BatchMode && session.BatchCount == 0)
+    if (the_session.BatchMode && the_session.BatchCount == 0)
         dialogs::Tell(
             "This mode of calculation is possible only when \n"
             "batch data (= exper. T-p-rho,..-data) are available.\n\n"
@@ -92,4 +92,4 @@ void PrepareCalculationMenu() {
     views().closeTankView();
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -5,21 +5,22 @@
 
 #include "calculation/calc_modes.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 /// The views that a calculation opens and closes. The program installs functions of real views,
 /// tests and tools functions of their own; after start none does anything.
 struct Views {
-    std::function<void()> openCalcIn = [] {};      ///< `frmCalcIn`, modal
-    std::function<void()> openResultView = [] {};  ///< `frmCalcOut`; calculates as it opens
+    std::function<void()> openCalcIn = [] {};      ///< `PartialChoiceDialog`, modal
+    std::function<void()> openResultView = [] {};  ///< `ResultView`; calculates as it opens
     std::function<void()> showResultView = [] {};  ///< brings it to the front
     std::function<void()> closeResultView = [] {};
-    std::function<void()> openParinput = [] {};        ///< `frmParinput` in front, not modal
-    std::function<void()> openReferenceInput = [] {};  ///< `frmParinput`, modal, for situation 4
+    std::function<void()> openParinput = [] {};  ///< `DirectInputView` in front, not modal
+    std::function<void()> openReferenceInput = [] {
+    };  ///< `DirectInputView`, modal, for situation 4
     std::function<void()> closeParinput = [] {};
-    std::function<void()> openTankView = [] {};  ///< `frmKessel`
+    std::function<void()> openTankView = [] {};  ///< `TankView`
     std::function<void()> closeTankView = [] {};
-    std::function<void()> openProcessView = [] {};  ///< `frmInputProzessLinien`, polytropic form
+    std::function<void()> openProcessView = [] {};  ///< `ProcessLineDialog`, polytropic form
     std::function<void()> prepareDiagram = [] {};   ///< goes on with the current diagram
 };
 /// The functions in use.
@@ -36,4 +37,4 @@ void RunCalculation(std::int16_t CalcMode);
 /// last calculation.
 void PrepareCalculationMenu();
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

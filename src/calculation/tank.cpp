@@ -10,10 +10,10 @@
 #include "models/density.h"
 #include "models/vapour_pressure.h"
 
-namespace Zentrale {
+namespace quor::calculation {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -21,12 +21,12 @@ constexpr std::int16_t kPartialTankMode = 10;
 
 /// L density at T for the partial tank, 0 when the session has no source for it.
 double liquid_density(const Job& job, double rhoV) {
-    const Declare::SubstanceRecord& s = Declare::substance;
-    if (!session.LiquidByBenson)
-        return Calc::DensityL(static_cast<float>(job.T), job.call.Interactive).rho;
-    if (!session.BensonReferenceValid) return 0.0;
+    const models::SubstanceRecord& s = legacy::the_substance;
+    if (!the_session.LiquidByBenson)
+        return models::DensityL(static_cast<float>(job.T), job.call.Interactive).rho;
+    if (!the_session.BensonReferenceValid) return 0.0;
     return faults::finite(
-        Calc::DensityLBenson(job.T, s.Tcrit, s.rhocrit, rhoV, session.BensonReference));
+        models::DensityLBenson(job.T, s.Tcrit, s.rhocrit, rhoV, the_session.BensonReference));
 }
 
 }  // namespace
@@ -45,7 +45,7 @@ TankContent DivideTank(double V, double m, double rhoL, double rhoV) {
 }
 
 bool FetchTank(Job& job) {
-    const Declare::Tank& tank = session.tank;
+    const calculation::Tank& tank = the_session.tank;
     const auto V = static_cast<double>(tank.V);
     const auto m = static_cast<double>(tank.m);
     const auto T = static_cast<double>(tank.T);
@@ -53,7 +53,7 @@ bool FetchTank(Job& job) {
         job.leave = true;
         return false;
     }
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     if (job.mode() == kPartialTankMode && T >= s.Tcrit) {
         dialogs::Tell(
             "\"Partial Calculation\" - usable only for phase equilibria (T < T(cr))\n"
@@ -64,7 +64,7 @@ bool FetchTank(Job& job) {
         job.leave = true;
         return false;
     }
-    if (T < static_cast<double>(s.Ttriple) && !job.call.Interactive && !Declare::models.EOSOnlyV)
+    if (T < static_cast<double>(s.Ttriple) && !job.call.Interactive && !legacy::the_models.EOSOnlyV)
         dialogs::Tell("T < T(TP) (Triple Point)", "WARNING");
     job.T = T;
     StoreFu(job, 0, T);
@@ -75,12 +75,12 @@ bool FetchTank(Job& job) {
 }
 
 bool PartialTank(Job& job) {
-    const auto V = static_cast<double>(session.tank.V);
-    const auto m = static_cast<double>(session.tank.m);
+    const auto V = static_cast<double>(the_session.tank.V);
+    const auto m = static_cast<double>(the_session.tank.m);
     const double rho = m / V;
 
-    const Calc::VapourPressureResult saturation =
-        Calc::VapourPressure(job.T, Declare::models.VPCode, job.call.Interactive);
+    const models::VapourPressureResult saturation =
+        models::VapourPressure(job.T, legacy::the_models.VPCode, job.call.Interactive);
     if (!(saturation.p > 0)) {
         job.call.Text = "ERROR2";
         job.error = true;
@@ -95,7 +95,7 @@ bool PartialTank(Job& job) {
         return false;
     }
 
-    const auto M = static_cast<double>(Declare::substance.M);
+    const auto M = static_cast<double>(legacy::the_substance.M);
     const double v = M / rho;
     job.L = job.V = {};
     TankContent content{V, m, 0.0, 0.0, 0.0, 0.0};
@@ -103,7 +103,7 @@ bool PartialTank(Job& job) {
         job.L = {true, v, rho};
         content = DivideTank(V, m, rho, 0.0);
     } else if (rho <= rhoV) {
-        const Calc::PressureResult gas = Calc::PressureFromTV(job.T, v);
+        const models::PressureResult gas = models::PressureFromTV(job.T, v);
         if (gas.status != kSuccess) {
             ReportCalcError(job, ErrorCode(gas.status));
             return false;
@@ -122,7 +122,7 @@ bool PartialTank(Job& job) {
 
 void TankLines(Job& job, const TankContent& c) {
     constexpr auto kAmount = "##0.0000##";
-    const auto M = static_cast<double>(Declare::substance.M);
+    const auto M = static_cast<double>(legacy::the_substance.M);
     const double mL = (c.V - c.VV) * c.rhoL;
     const double mV = c.VV * c.rhoV;
     ListBuilder& list = job.list;
@@ -146,15 +146,15 @@ void TankLines(Job& job, const TankContent& c) {
 TankPicture DescribeTank(const std::string& answer) {
     constexpr double kHalf = 50.0, kLargestMirrored = 99.85, kLargest = 49.8, kSmallest = 1e-6;
     constexpr double kLargePressure = 10000.0;
-    const Declare::Tank& tank = session.tank;
+    const calculation::Tank& tank = the_session.tank;
     TankPicture picture;
-    picture.title = session.GlobalCalculation ? "Tank Calculation (global method) "
-                                              : "Tank Calculation (partial method)";
+    picture.title = the_session.GlobalCalculation ? "Tank Calculation (global method) "
+                                                  : "Tank Calculation (partial method)";
     picture.caption = "Cylinder shaped tank";
     picture.error = answer == "ERROR3";
     const bool full = answer == "ERROR1" || answer == "ERROR2";
     picture.level = full ? 100.0 : std::clamp(tank.level, 0.0, 100.0);
-    picture.supercritical = static_cast<double>(tank.T) >= Declare::substance.Tcrit;
+    picture.supercritical = static_cast<double>(tank.T) >= legacy::the_substance.Tcrit;
 
     if (picture.error) {
         picture.levelText = "Error";
@@ -180,4 +180,4 @@ TankPicture DescribeTank(const std::string& answer) {
     return picture;
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

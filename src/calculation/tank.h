@@ -5,7 +5,7 @@
 #include "calculation/job.h"
 
 /// The closed tank: how its content divides between V and L, and the picture of its filling.
-namespace Zentrale {
+namespace quor::calculation {
 
 /// Content of the tank by phases.
 struct TankContent {
@@ -30,7 +30,7 @@ bool PartialTank(Job& job);
 /// Lines of the content and `FractionV`.
 void TankLines(Job& job, const TankContent& content);
 
-/// What `frmKessel` shows.
+/// What `TankView` shows.
 struct TankPicture {
     std::string title;    ///< of the view
     std::string caption;  ///< of the frame
@@ -51,4 +51,4 @@ struct TankPicture {
 /// The picture of the last tank calculation; `answer` is the text that `CalcBatch` gave back.
 TankPicture DescribeTank(const std::string& answer);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace Zentrale {
+namespace quor::calculation {
 
 double LevelHeight(double share) {
     constexpr int kHalvings = 60;
@@ -18,4 +18,4 @@ double LevelHeight(double share) {
     return 0.5 * (1.0 - std::cos(0.5 * low));
 }
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace Zentrale {
+namespace quor::calculation {
 
 /// Height of the liquid in a lying cylinder as a share of its diameter, from the share of its
 /// volume that the liquid fills (0 to 1; values beyond are taken as these). The section of the
@@ -8,4 +8,4 @@ namespace Zentrale {
 /// (1 - cos(a/2))/2 diameters.
 double LevelHeight(double share);
 
-}  // namespace Zentrale
+}  // namespace quor::calculation

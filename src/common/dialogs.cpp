@@ -1,6 +1,6 @@
 #include "common/dialogs.h"
 
-namespace dialogs {
+namespace quor::dialogs {
 
 Functions silent() {
     return {
@@ -55,4 +55,4 @@ void Beep() {
     current().beep();
 }
 
-}  // namespace dialogs
+}  // namespace quor::dialogs

@@ -6,7 +6,7 @@
 
 /// What the system asks or tells its user. The core never shows anything itself: it calls the
 /// functions of one process-level record, which the program, quorcalc and the tests install.
-namespace dialogs {
+namespace quor::dialogs {
 
 enum class Icon { None, Information, Exclamation, Question, Stop };
 enum class Buttons { Ok, YesNo, OkCancel, YesNoCancel };
@@ -72,4 +72,4 @@ void SetClipboard(const std::string& text);
 std::string Clipboard();
 void Beep();
 
-}  // namespace dialogs
+}  // namespace quor::dialogs

@@ -6,7 +6,7 @@
 
 /// Arithmetic faults. A guard of an outer routine catches them and shows the error text; none
 /// leaves a public routine of the system.
-namespace faults {
+namespace quor::faults {
 
 inline constexpr const char* kDivisionByZero = "Division by zero";
 inline constexpr const char* kOverflow = "Overflow";
@@ -37,4 +37,4 @@ inline double log(double value) {
     return std::log(value);
 }
 
-}  // namespace faults
+}  // namespace quor::faults

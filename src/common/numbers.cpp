@@ -7,7 +7,7 @@
 
 #include "common/faults.h"
 
-namespace numbers {
+namespace quor::numbers {
 
 namespace {
 
@@ -296,4 +296,4 @@ std::string CommaToPoint(std::string s) {
     return s;
 }
 
-}  // namespace numbers
+}  // namespace quor::numbers

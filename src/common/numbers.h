@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// Numbers as text and the exact rounding rules, in one place.
-namespace numbers {
+namespace quor::numbers {
 
 /// The locale's decimal mark, '.' or ','; injected by the program and by tests.
 char decimal_mark();
@@ -48,4 +48,4 @@ double Round4(double value);
 /// The text with every comma turned into a point.
 std::string CommaToPoint(std::string text);
 
-}  // namespace numbers
+}  // namespace quor::numbers

@@ -6,7 +6,7 @@
 #include <array>
 #include <cerrno>
 
-namespace text {
+namespace quor::text {
 
 namespace {
 
@@ -170,4 +170,4 @@ std::vector<std::string> Lines(std::string_view s) {
     return lines;
 }
 
-}  // namespace text
+}  // namespace quor::text

@@ -5,7 +5,7 @@
 #include <vector>
 
 /// Texts: trimming, code pages, fixed fields. Strings are UTF-8 in memory.
-namespace text {
+namespace quor::text {
 
 std::string TrimRight(std::string_view s);
 std::string TrimLeft(std::string_view s);
@@ -33,4 +33,4 @@ std::string ToOem(std::string_view s);         ///< UTF-8 to code page 850
 /// Lines of a text with CR LF, LF or CR ends; a last line end gives no further line.
 std::vector<std::string> Lines(std::string_view s);
 
-}  // namespace text
+}  // namespace quor::text

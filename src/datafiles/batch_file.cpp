@@ -4,22 +4,22 @@
 
 #include "common/dialogs.h"
 #include "common/text.h"
+#include "common/whole_file.h"
 #include "datafiles/batch_table.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/questions.h"
 #include "datafiles/search.h"
 #include "datafiles/substance_file.h"
-#include "datafiles/whole_file.h"
 #include "datafiles/xy_file.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "session/module2.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
-using Declare::BatchDataSet;
-using Declare::session;
+using calculation::BatchDataSet;
+using legacy::the_session;
 
 constexpr const char* kExtension = ".BAQ";
 constexpr const char* kFilter = "QUOR-specific file (*.BAQ)|*.BAQ";
@@ -55,11 +55,11 @@ bool may_load(const std::string& casrn) {
                                         "    Load data nevertheless?",
                                     kWarning, dialogs::Icon::Exclamation))
         return false;
-    if (session.CurrentSubstance == 0) {
+    if (the_session.CurrentSubstance == 0) {
         dialogs::Tell("Load a substance!", kWarning);
         return false;
     }
-    const bool other = index != 0 && index != session.CurrentSubstance;
+    const bool other = index != 0 && index != the_session.CurrentSubstance;
     return !other || dialogs::Ask(
                          "You are trying to load a data set \nfor different substance!\n\n"
                          "Load T-p-rho data nevertheless?",
@@ -71,12 +71,12 @@ std::optional<BatchFileContent> read_file(const std::string& path) {
     FileContent content;
     std::optional<BatchFileContent> file;
     {
-        const Module2::BusyPointer busy;
+        const session::BusyPointer busy;
         content = ReadWhole(path);
         if (content.error.empty()) file = ReadBatchText(content.bytes);
     }
     if (file) return file;
-    const std::string title = Module2::FileTitle(path);
+    const std::string title = session::FileTitle(path);
     dialogs::Tell(content.error.empty() ? "The file " + title + " holds no experimental data."
                                         : content.error,
                   kRefusal, dialogs::Icon::Stop);
@@ -92,17 +92,17 @@ void tell_missing_sets(const BatchFileContent& file, const std::string& title) {
 /// Files hold the whole data of the list; the direct input in element 0 is no part of it.
 std::span<const BatchDataSet> loaded_sets() {
     const std::span<const BatchDataSet> behind_direct_input =
-        std::span<const BatchDataSet>(Declare::BatchData).subspan(1);
-    const auto count = static_cast<std::size_t>(session.BatchCount);
+        std::span<const BatchDataSet>(legacy::the_BatchData).subspan(1);
+    const auto count = static_cast<std::size_t>(the_session.BatchCount);
     return behind_direct_input.first(std::min(count, behind_direct_input.size()));
 }
 
 bool save_to(const std::string& path) {
     const std::span<const BatchDataSet> sets = loaded_sets();
     const std::string error =
-        WriteWhole(path, BatchText({.date = Module2::ShortDate(),
-                                    .comment = session.BatchComment,
-                                    .casrn = Declare::substance.CASRN,
+        WriteWhole(path, BatchText({.date = session::ShortDate(),
+                                    .comment = the_session.BatchComment,
+                                    .casrn = legacy::the_substance.CASRN,
                                     .announced = static_cast<double>(sets.size()),
                                     .sets = {sets.begin(), sets.end()}}));
     if (error.empty()) return true;
@@ -141,18 +141,18 @@ bool BatchLoad(bool append) {
     const std::optional<std::string> name =
         dialogs::ChooseFile({.title = "Open a batch-file of experimental data (*.BAQ)",
                              .filter = kFilter,
-                             .folder = session.FolderBatch,
+                             .folder = the_session.FolderBatch,
                              .defaultExtension = kExtension});
     return name && !name->empty() && BatchLoad(*name, append);
 }
 
 bool BatchLoad(const std::string& name, bool append) {
-    const std::string path = InFolder(name, session.FolderBatch);
-    const std::string title = Module2::FileTitle(path);
+    const std::string path = InFolder(name, the_session.FolderBatch);
+    const std::string title = session::FileTitle(path);
     const std::optional<BatchFileContent> file = read_file(path);
     if (!file || !may_load(file->casrn)) return false;
 
-    const std::size_t kept = append ? static_cast<std::size_t>(session.BatchCount) : 0;
+    const std::size_t kept = append ? static_cast<std::size_t>(the_session.BatchCount) : 0;
     if (kept + file->sets.size() > kMostBatchSets) {
         dialogs::Tell("There is room for " + std::to_string(kMostBatchSets) + " sets of data only.",
                       kRefusal, dialogs::Icon::Stop);
@@ -160,13 +160,13 @@ bool BatchLoad(const std::string& name, bool append) {
     }
     if (static_cast<double>(file->sets.size()) < file->announced) tell_missing_sets(*file, title);
     if (kept == 0) {
-        RemoveBatchSets(1, session.BatchCount);
-        session.BatchFile = title;
-        session.BatchComment = file->comment;
-        session.BatchCasrn = file->casrn;
+        RemoveBatchSets(1, the_session.BatchCount);
+        the_session.BatchFile = title;
+        the_session.BatchComment = file->comment;
+        the_session.BatchCasrn = file->casrn;
     }
-    InsertBatchSets(session.BatchCount + 1, file->sets);
-    session.FolderBatch = Module2::FolderOf(path);
+    InsertBatchSets(the_session.BatchCount + 1, file->sets);
+    the_session.FolderBatch = session::FolderOf(path);
     return true;
 }
 
@@ -175,15 +175,15 @@ bool BatchSave() {
         dialogs::ChooseFile({.save = true,
                              .title = "Save exper. data as text file *.BAQ",
                              .filter = kFilter,
-                             .folder = session.FolderBatch,
-                             .name = session.BatchFile,
+                             .folder = the_session.FolderBatch,
+                             .name = the_session.BatchFile,
                              .defaultExtension = kExtension});
     if (!name || name->empty()) return false;
-    const std::string path = TargetPath(*name, session.FolderBatch, kExtension);
+    const std::string path = TargetPath(*name, the_session.FolderBatch, kExtension);
     if (!MayReplace(path) || !save_to(path)) return false;
-    session.BatchFile = Module2::FileTitle(path);
-    session.FolderBatch = Module2::FolderOf(path);
-    session.BatchCasrn = text::PadRight(Declare::substance.CASRN, kCasrnLength);
+    the_session.BatchFile = session::FileTitle(path);
+    the_session.FolderBatch = session::FolderOf(path);
+    the_session.BatchCasrn = text::PadRight(legacy::the_substance.CASRN, kCasrnLength);
     return true;
 }
 
@@ -192,12 +192,12 @@ bool BatchSaveFrage(bool changed) {
 }
 
 bool BatchSaveXY(int column) {
-    std::vector<Declare::FitPoint> points;
+    std::vector<datafiles::FitPoint> points;
     for (const BatchDataSet& set : loaded_sets()) {
         const double y = FitColumnValue(set, column);
         if (set.skip == 0 && y != 0) points.push_back({SingleOrZero(set.T), SingleOrZero(y), 0});
     }
-    return XYSave(session.BatchComment, points);
+    return XYSave(the_session.BatchComment, points);
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "session/batch_records.h"
+#include "calculation/result_records.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// More sets of data than this cannot be counted.
 inline constexpr std::size_t kMostBatchSets = 32767;
@@ -16,9 +16,10 @@ inline constexpr std::size_t kMostBatchSets = 32767;
 /// What a file of experimental data (.BAQ) holds.
 struct BatchFileContent {
     std::string date{}, comment{};
-    std::string casrn{};                        ///< of the substance
-    double announced = 0;                       ///< number of sets that the file says it has
-    std::vector<Declare::BatchDataSet> sets{};  ///< those that it really has, at most `announced`
+    std::string casrn{};   ///< of the substance
+    double announced = 0;  ///< number of sets that the file says it has
+    std::vector<calculation::BatchDataSet>
+        sets{};  ///< those that it really has, at most `announced`
 };
 
 /// Reads a file's text (code page 1252); nothing when it has less than the four lines of the head,
@@ -44,4 +45,4 @@ bool BatchSaveFrage(bool changed);
 /// sets that have a value there as .XY. False when nothing was written.
 bool BatchSaveXY(int column);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

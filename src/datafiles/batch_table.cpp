@@ -9,17 +9,17 @@
 #include "datafiles/batch_file.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/table_text.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
+using calculation::BatchDataSet;
 using constants::kNormalPressure;
 using constants::kZeroCelsius;
-using Declare::BatchData;
-using Declare::BatchDataSet;
-using Declare::session;
+using legacy::the_BatchData;
+using legacy::the_session;
 
 constexpr double kTorrPerAtm = 760.0;
 
@@ -51,17 +51,17 @@ struct Lines {
 };
 Lines in_table(int first, int last) {
     const int count =
-        std::clamp(static_cast<int>(BatchData.size()) - 1, 0, int{session.BatchCount});
+        std::clamp(static_cast<int>(the_BatchData.size()) - 1, 0, int{the_session.BatchCount});
     const int from = std::clamp(first, 1, count + 1);
     const int to = std::clamp(last + 1, from, count + 1);
     return {from, to};
 }
 
 void set_size(std::size_t count) {
-    session.BatchCount = static_cast<std::int16_t>(count);
+    the_session.BatchCount = static_cast<std::int16_t>(count);
     // The list never gets smaller than at the start of the program.
-    BatchData.resize(std::max<std::size_t>(count + 1, 2));
-    if (count == 0) BatchData[1] = {};
+    the_BatchData.resize(std::max<std::size_t>(count + 1, 2));
+    if (count == 0) the_BatchData[1] = {};
 }
 
 double sort_key(const BatchDataSet& set, BatchColumn column) {
@@ -160,8 +160,8 @@ std::string SetsForClipboard(int first, int last, const BatchUnits& units) {
     std::string table;
     for (std::ptrdiff_t i = lines.first; i < lines.last; ++i)
         for (int c = 0; c < kBatchColumns; ++c)
-            table += CellText(BatchData[static_cast<std::size_t>(i)], static_cast<BatchColumn>(c),
-                              units) +
+            table += CellText(the_BatchData[static_cast<std::size_t>(i)],
+                              static_cast<BatchColumn>(c), units) +
                      (c + 1 < kBatchColumns ? "\t" : "\r\n");
     return table;
 }
@@ -173,8 +173,8 @@ std::string BatchTableText(const BatchUnits& units) {
         {"#", units.T == TemperatureUnit::Celsius ? "T/°C" : "T/K",
          pressures[static_cast<std::size_t>(units.p)], units.volume ? "v_L/m^3" : "rho_L/(kg/m^3)",
          units.volume ? "v_V/m^3" : "rho_V/(kg/m^3)", "delta(LV)h/(kJ/kmol)", "cp/(kJ/kmol/K)"});
-    for (int i = 1; i <= session.BatchCount; ++i) {
-        const BatchDataSet& set = BatchData[static_cast<std::size_t>(i)];
+    for (int i = 1; i <= the_session.BatchCount; ++i) {
+        const BatchDataSet& set = the_BatchData[static_cast<std::size_t>(i)];
         const std::string number = std::to_string(i);
         std::vector<std::string> row{set.skip == 0 ? number : "(" + number + ")"};
         for (int c = 0; c < kBatchColumns; ++c)
@@ -185,33 +185,33 @@ std::string BatchTableText(const BatchUnits& units) {
 }
 
 void InsertBatchSets(int position, std::span<const BatchDataSet> sets) {
-    const auto count = static_cast<std::size_t>(session.BatchCount);
+    const auto count = static_cast<std::size_t>(the_session.BatchCount);
     const std::size_t room = kMostBatchSets - count;
     const std::span<const BatchDataSet> taken = sets.first(std::min(sets.size(), room));
-    const int at = std::clamp(position, 1, session.BatchCount + 1);
-    BatchData.resize(count + 1);
-    BatchData.insert(BatchData.begin() + at, taken.begin(), taken.end());
+    const int at = std::clamp(position, 1, the_session.BatchCount + 1);
+    the_BatchData.resize(count + 1);
+    the_BatchData.insert(the_BatchData.begin() + at, taken.begin(), taken.end());
     set_size(count + taken.size());
 }
 
 void RemoveBatchSets(int first, int last) {
     const Lines lines = in_table(first, last);
     const auto removed = static_cast<std::size_t>(lines.last - lines.first);
-    BatchData.erase(BatchData.begin() + lines.first, BatchData.begin() + lines.last);
-    set_size(static_cast<std::size_t>(session.BatchCount) - removed);
+    the_BatchData.erase(the_BatchData.begin() + lines.first, the_BatchData.begin() + lines.last);
+    set_size(static_cast<std::size_t>(the_session.BatchCount) - removed);
 }
 
 void ToggleBatchSets(int first, int last) {
     const Lines lines = in_table(first, last);
     for (std::ptrdiff_t i = lines.first; i < lines.last; ++i) {
-        std::int16_t& skip = BatchData[static_cast<std::size_t>(i)].skip;
+        std::int16_t& skip = the_BatchData[static_cast<std::size_t>(i)].skip;
         skip = skip == 0 ? std::int16_t{-1} : std::int16_t{0};
     }
 }
 
 void SortBatchSets(BatchColumn column) {
-    const Lines lines = in_table(1, session.BatchCount);
-    std::stable_sort(BatchData.begin() + lines.first, BatchData.begin() + lines.last,
+    const Lines lines = in_table(1, the_session.BatchCount);
+    std::stable_sort(the_BatchData.begin() + lines.first, the_BatchData.begin() + lines.last,
                      [&](const BatchDataSet& a, const BatchDataSet& b) {
                          return sort_key(a, column) < sort_key(b, column);
                      });
@@ -234,4 +234,4 @@ double FitColumnValue(const BatchDataSet& set, int column) {
     }
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

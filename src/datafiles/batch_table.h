@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "session/batch_records.h"
+#include "calculation/result_records.h"
 
 /// The table of experimental data without its view: units, cells, lines, order, clipboard.
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 enum class TemperatureUnit { K, Celsius };
 enum class PressureUnit { kPa, atm, Torr };
@@ -38,16 +38,17 @@ double ShownPressure(double p, PressureUnit unit);
 double ShownDensity(double rho, const BatchUnits& units);
 
 /// A cell as shown, in the locale's number form; empty where the set has no value (0).
-std::string CellText(const Declare::BatchDataSet& set, BatchColumn column, const BatchUnits& units);
+std::string CellText(const calculation::BatchDataSet& set, BatchColumn column,
+                     const BatchUnits& units);
 /// Stores what was typed into a cell, point or comma as decimal mark. An empty cell stores 0, "no
 /// value", and so does a text that is no number or a value that the column cannot hold.
-void StoreCell(Declare::BatchDataSet& set, BatchColumn column, std::string_view typed,
+void StoreCell(calculation::BatchDataSet& set, BatchColumn column, std::string_view typed,
                const BatchUnits& units);
 
 /// Sets from tab-separated lines of numbers in the order of the columns. Empty lines, and a first
 /// line of headings, are left out.
-std::vector<Declare::BatchDataSet> SetsFromClipboard(std::string_view text,
-                                                     const BatchUnits& units);
+std::vector<calculation::BatchDataSet> SetsFromClipboard(std::string_view text,
+                                                         const BatchUnits& units);
 /// The lines `first` to `last` (from 1) tab-separated, numbers in the locale's form.
 std::string SetsForClipboard(int first, int last, const BatchUnits& units);
 /// The whole table in aligned columns for the printer, inactive lines in brackets.
@@ -55,12 +56,12 @@ std::string BatchTableText(const BatchUnits& units);
 
 /// Operations on `BatchData`, lines 1 to `BatchCount`; element 0, the direct input, stays. Lines
 /// beyond the table are ignored.
-void InsertBatchSets(int position, std::span<const Declare::BatchDataSet> sets);
+void InsertBatchSets(int position, std::span<const calculation::BatchDataSet> sets);
 void RemoveBatchSets(int first, int last);
 void ToggleBatchSets(int first, int last);  ///< active becomes inactive and back
 void SortBatchSets(BatchColumn column);     ///< ascending; equal ones keep their order
 
 /// The value of a column by the number that the fitting knows: 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp.
-double FitColumnValue(const Declare::BatchDataSet& set, int column);
+double FitColumnValue(const calculation::BatchDataSet& set, int column);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

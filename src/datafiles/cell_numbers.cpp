@@ -8,7 +8,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
@@ -63,4 +63,4 @@ std::string Exact(float value) {
     return shortest(value);
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

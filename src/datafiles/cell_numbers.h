@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// Numbers in the cells of text files and tables.
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// The leading number of a cell, point as decimal mark; 0 for a text, and for a number that no
 /// double can hold.
@@ -26,4 +26,4 @@ std::optional<double> ParseNumber(std::string_view cell);
 std::string Exact(double value);
 std::string Exact(float value);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

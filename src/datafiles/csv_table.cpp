@@ -1,6 +1,6 @@
 #include "datafiles/csv_table.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
@@ -62,4 +62,4 @@ CsvTable SplitCsv(std::string_view csv) {
     return Splitter().run(csv);
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

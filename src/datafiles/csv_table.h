@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// A line of a table and the number (from 1) of the file's line where it begins.
 struct CsvRow {
@@ -22,4 +22,4 @@ struct CsvTable {
 /// doubled quotes. A byte order mark is left out.
 CsvTable SplitCsv(std::string_view csv);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -4,19 +4,19 @@
 #include <fstream>
 
 #include "common/dialogs.h"
+#include "common/whole_file.h"
 #include "datafiles/substance_slots.h"
-#include "datafiles/whole_file.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "session/module2.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
 namespace fs = std::filesystem;
 
-using Declare::session;
-using Declare::SubstanceLists;
+using datafiles::SubstanceLists;
+using legacy::the_session;
 
 /// A private file is at most as long as the longest database of the format.
 constexpr std::size_t kLargestDatabase = kRecordSize * 32768;
@@ -63,7 +63,7 @@ void add_to(SubstanceLists& lists, std::span<const char, kRecordSize> record) {
     constexpr std::size_t numberAt = 186;
     lists.Formulas.push_back(FieldText(record.subspan<0, kFormulaLength>()));
     lists.Names.push_back(
-        FieldText(record.subspan(nameAt + (session.EnglishUi ? 0 : kNameLength), kNameLength)));
+        FieldText(record.subspan(nameAt + (the_session.EnglishUi ? 0 : kNameLength), kNameLength)));
     lists.Casrn.push_back(FieldText(record.subspan<casrnAt, kCasrnLength>()));
     const auto low = static_cast<unsigned char>(record[numberAt]);
     const auto high = static_cast<unsigned char>(record[numberAt + 1]);
@@ -97,8 +97,8 @@ std::optional<SubstanceLists> read_lists(std::istream& in) {
 /// The record of a substance of the listed database. Where a file that proved unusable has taken
 /// its place, the listed one is opened again.
 std::optional<SubstanceFileRecord> listed_record(std::int16_t index) {
-    if (index < 1 || index > session.SubstanceCount) return std::nullopt;
-    if (channel().path != session.DatabasePath) channel().open(session.DatabasePath);
+    if (index < 1 || index > the_session.SubstanceCount) return std::nullopt;
+    if (channel().path != the_session.DatabasePath) channel().open(the_session.DatabasePath);
     if (!channel().stream.is_open()) return std::nullopt;
     return read_record(channel().stream, static_cast<std::size_t>(index) + 1);
 }
@@ -109,9 +109,10 @@ bool is_same_file(const fs::path& a, const fs::path& b) {
 }
 
 void tell_unusable(const std::string& title) {
-    if (session.DatabaseLoaded) {
+    if (the_session.DatabaseLoaded) {
         dialogs::Tell("Database " + title + "not found in the QUOR directory or empty resp.\n" +
-                          "Database already loaded " + session.DatabaseFile + " is still activ.",
+                          "Database already loaded " + the_session.DatabaseFile +
+                          " is still activ.",
                       "WARNING", dialogs::Icon::Exclamation);
     } else {
         dialogs::Tell("Database " + title + " not found or empty resp.", "Execution not possible",
@@ -122,21 +123,21 @@ void tell_unusable(const std::string& title) {
 }  // namespace
 
 bool FileExists(const std::string& name) {
-    return Module2::FileExists(name);
+    return session::FileExists(name);
 }
 
 OpenResult OpenDatabaseFile(const std::string& path) {
     if (!FileExists(path)) return {.notUsable = true};
-    const Module2::BusyPointer busy;
-    channel().open(Module2::FindFile(path));
+    const session::BusyPointer busy;
+    channel().open(session::FindFile(path));
     std::optional<SubstanceLists> lists;
     if (channel().stream.is_open()) lists = read_lists(channel().stream);
     if (!lists) return {.notUsable = true};
 
-    session.SubstanceCount = static_cast<std::int16_t>(lists->Numbers.size() - 1);
-    session.DatabaseLoaded = true;
-    session.DatabasePath = channel().path.string();
-    Declare::substances = *std::move(lists);
+    the_session.SubstanceCount = static_cast<std::int16_t>(lists->Numbers.size() - 1);
+    the_session.DatabaseLoaded = true;
+    the_session.DatabasePath = channel().path.string();
+    legacy::the_substances = *std::move(lists);
     return {};
 }
 
@@ -144,21 +145,21 @@ LoadOutcome LoadDatabase() {
     const std::optional<std::string> path =
         dialogs::ChooseFile({.title = "Select and load a database",
                              .filter = "Database (*.Q05)|*.Q05",
-                             .folder = (Module2::DataFolder() / "").string(),
-                             .name = session.DatabaseFile,
+                             .folder = (session::DataFolder() / "").string(),
+                             .name = the_session.DatabaseFile,
                              .defaultExtension = ".Q05"});
     return path ? LoadDatabase(*path) : LoadOutcome::Cancelled;
 }
 
 LoadOutcome LoadDatabase(const std::string& path) {
-    const std::string title = Module2::FileTitle(path);
+    const std::string title = session::FileTitle(path);
     if (title.empty()) return LoadOutcome::Cancelled;
     if (OpenDatabaseFile(path).notUsable) {
         tell_unusable(title);
         return LoadOutcome::Failed;
     }
-    session.DatabaseFile = title;
-    AddDatabaseFolder(fs::path(session.DatabasePath).parent_path());
+    the_session.DatabaseFile = title;
+    AddDatabaseFolder(fs::path(the_session.DatabasePath).parent_path());
     return LoadOutcome::Loaded;
 }
 
@@ -169,10 +170,10 @@ bool ReadSubstance(std::int16_t index, bool& noCriticalData) {
         noCriticalData = true;
         return false;
     }
-    LoadedSubstance loaded = RecordFromSlots(*file, session.EnglishUi, Declare::substance);
+    LoadedSubstance loaded = RecordFromSlots(*file, the_session.EnglishUi, legacy::the_substance);
     noCriticalData = loaded.noCriticalData;
-    Declare::substance = std::move(loaded.record);
-    Declare::models.VPCode = std::move(loaded.VPCode);
+    legacy::the_substance = std::move(loaded.record);
+    legacy::the_models.VPCode = std::move(loaded.VPCode);
     return true;
 }
 
@@ -181,21 +182,21 @@ bool WriteDataBaseQ05() {
         {.save = true,
          .title = "Saving a Private Database File *.Q05 for the actual substance ",
          .filter = "Database (*.Q05)|*.Q05",
-         .folder = (Module2::WriteFolder() / "").string(),
+         .folder = (session::WriteFolder() / "").string(),
          .defaultExtension = ".Q05",
          .overwritePrompt = true});
     return path && !path->empty() && WritePrivateDatabase(*path);
 }
 
 bool WritePrivateDatabase(const std::string& path) {
-    const fs::path target = TargetPath(path, Module2::WriteFolder().string(), ".Q05");
-    if (is_same_file(target, session.DatabasePath)) {
+    const fs::path target = TargetPath(path, session::WriteFolder().string(), ".Q05");
+    if (is_same_file(target, the_session.DatabasePath)) {
         dialogs::Tell("This file is the database that is open. Choose another name.",
                       "Execution not possible", dialogs::Icon::Stop);
         return false;
     }
     // The record of the database keeps every slot and text that is not set here.
-    std::optional<SubstanceFileRecord> buffer = listed_record(session.CurrentSubstance);
+    std::optional<SubstanceFileRecord> buffer = listed_record(the_session.CurrentSubstance);
     if (!buffer) return false;
 
     // An older, longer file keeps what lies behind the second record.
@@ -208,13 +209,13 @@ bool WritePrivateDatabase(const std::string& path) {
     };
     const auto substanceFormula = buffer->formula;
     const auto substanceGermanName = buffer->nameGerman;
-    SetFieldText(buffer->formula, Module2::ShortDate());
+    SetFieldText(buffer->formula, session::ShortDate());
     SetFieldText(buffer->nameGerman, "");
     buffer->number = 1;
     put(1);
     buffer->formula = substanceFormula;
     buffer->nameGerman = substanceGermanName;
-    SlotsFromRecord(Declare::substance, session.EnglishUi, *buffer);
+    SlotsFromRecord(legacy::the_substance, the_session.EnglishUi, *buffer);
     put(2);
     return WriteWhole(target, bytes).empty();
 }
@@ -251,4 +252,4 @@ std::string FindDatabase(const std::string& title, const fs::path& folder) {
     return title;
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -6,9 +6,10 @@
 #include <string>
 
 #include "datafiles/substance_file.h"
-#include "session/session_record.h"
+#include "datafiles/substance_lists.h"
+#include "legacy/session_record.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// True when a file of that name exists; a name without a folder is looked up in the program's
 /// folder, an empty name is false.
@@ -32,7 +33,7 @@ LoadOutcome LoadDatabase();
 /// The same for a known file, as for one that was dropped on the frame.
 LoadOutcome LoadDatabase(const std::string& path);
 
-/// Reads a substance (1 to `SubstanceCount`) of the open database into `Declare::substance` and
+/// Reads a substance (1 to `SubstanceCount`) of the open database into `legacy::the_substance` and
 /// its default into `VPCode`. `noCriticalData` becomes true when Tcrit or pcrit is missing; the
 /// record is loaded all the same. Index 0 does nothing at all. False when the record could not be
 /// read: the record stays as it was and `noCriticalData` is true.
@@ -51,7 +52,7 @@ void CloseDatabase();
 std::filesystem::path OpenDatabasePath();
 
 /// The lists of a database without opening it for the session; nothing when it is not usable.
-std::optional<Declare::SubstanceLists> ReadDatabaseLists(const std::filesystem::path& path);
+std::optional<datafiles::SubstanceLists> ReadDatabaseLists(const std::filesystem::path& path);
 
 /// Folders, besides the program's, in which a database named by a project is looked for. Every
 /// database that is loaded adds its own.
@@ -60,4 +61,4 @@ void AddDatabaseFolder(const std::filesystem::path& folder);
 /// one of the folders added; the bare title when it is nowhere.
 std::string FindDatabase(const std::string& title, const std::filesystem::path& folder);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

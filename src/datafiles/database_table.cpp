@@ -13,7 +13,7 @@
 #include "datafiles/csv_table.h"
 #include "datafiles/record_fields.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
@@ -239,4 +239,4 @@ std::string NameField(std::string_view name, std::string_view synonyms) {
     return field;
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

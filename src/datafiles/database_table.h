@@ -7,7 +7,7 @@
 
 #include "datafiles/substance_file.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// A table of substances turned into records of a database.
 struct DatabaseTable {
@@ -30,4 +30,4 @@ std::string DatabaseBytes(std::span<const SubstanceFileRecord> records);
 /// hold. Synonyms are separated by ";" and may also stand behind the name itself.
 std::string NameField(std::string_view name, std::string_view synonyms);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

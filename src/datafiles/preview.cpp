@@ -1,15 +1,15 @@
 #include "datafiles/preview.h"
 
 #include "common/text.h"
+#include "common/whole_file.h"
 #include "datafiles/batch_file.h"
 #include "datafiles/database.h"
 #include "datafiles/project.h"
 #include "datafiles/search.h"
-#include "datafiles/whole_file.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "session/module2.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
@@ -17,17 +17,18 @@ FilePreview preview_batch(const std::string& bytes) {
     const std::optional<BatchFileContent> file = ReadBatchText(bytes);
     if (!file) return {};
     const std::int16_t index = FindByCasrn(file->casrn);
-    return {.substance =
-                index == 0 ? "Substance not found in the actual data base"
-                           : FirstName(Declare::substances.Names[static_cast<std::size_t>(index)]),
-            .database = Declare::session.DatabaseFile,
-            .comment = file->comment,
-            .date = file->date};
+    return {
+        .substance = index == 0
+                         ? "Substance not found in the actual data base"
+                         : FirstName(legacy::the_substances.Names[static_cast<std::size_t>(index)]),
+        .database = legacy::the_session.DatabaseFile,
+        .comment = file->comment,
+        .date = file->date};
 }
 
 /// The name that a database has for a CASRN, empty when it does not know it.
 std::string name_in(const std::string& database, const std::string& casrn) {
-    const auto lists = ReadDatabaseLists(Module2::FindFile(database));
+    const auto lists = ReadDatabaseLists(session::FindFile(database));
     const std::string wanted = text::TrimRight(casrn);
     if (!lists || wanted.empty()) return {};
     for (std::size_t i = 1; i < lists->Casrn.size(); ++i)
@@ -53,7 +54,7 @@ FilePreview PreviewFile(const std::string& path) {
     const FileContent file = ReadWhole(path);
     if (!file.error.empty()) return {};
     return kind == "BAQ" ? preview_batch(file.bytes)
-                         : preview_project(file.bytes, Module2::FolderOf(path));
+                         : preview_project(file.bytes, session::FolderOf(path));
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// What the head of a marked file tells before it is opened.
 struct FilePreview {
@@ -16,4 +16,4 @@ struct FilePreview {
 /// file and for one that cannot be read. The session and its open database stay as they are.
 FilePreview PreviewFile(const std::string& path);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -5,23 +5,23 @@
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/text.h"
+#include "common/whole_file.h"
 #include "datafiles/database.h"
 #include "datafiles/project_items.h"
 #include "datafiles/search.h"
-#include "datafiles/whole_file.h"
+#include "legacy/declare.h"
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
-#include "session/declare.h"
 #include "session/module2.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
-using Declare::models;
-using Declare::session;
-using Declare::substance;
+using legacy::the_models;
+using legacy::the_session;
+using legacy::the_substance;
 
 constexpr const char* kFilter = "Project (*.QCF)|*.QCF";
 constexpr const char* kExtension = ".QCF";
@@ -31,8 +31,8 @@ constexpr std::size_t kHeadLines = 4;
 constexpr std::size_t kLargestProject = std::size_t{1} << 20;
 
 std::string project_text(const std::string& comment) {
-    const std::string casrn = session.CurrentSubstance == 0 ? "" : substance.CASRN;
-    return AnsiLines({Module2::ShortDate(), OneLine(comment), session.DatabaseFile,
+    const std::string casrn = the_session.CurrentSubstance == 0 ? "" : the_substance.CASRN;
+    return AnsiLines({session::ShortDate(), OneLine(comment), the_session.DatabaseFile,
                       text::PadRight(casrn, kCasrnLength)}) +
            ProjectItemLines();
 }
@@ -54,17 +54,17 @@ bool is_plain(const std::string& line) {
 /// Opens the database of a project. False when there is none at all.
 bool open_database(const std::string& title, const std::string& projectFolder) {
     if (!OpenDatabaseFile(FindDatabase(title, projectFolder)).notUsable) {
-        session.DatabaseFile = title;
+        the_session.DatabaseFile = title;
         return true;
     }
-    if (!session.DatabaseLoaded) {
+    if (!the_session.DatabaseLoaded) {
         dialogs::Tell("Database of the project " + title + "not found in the QUOR directory ",
                       kRefusal, dialogs::Icon::Stop);
         return false;
     }
     dialogs::Tell("Database of the project " + title +
                       "not found in the QUOR directory or empty resp.\nThe actual database " +
-                      session.DatabaseFile + " is still activ.",
+                      the_session.DatabaseFile + " is still activ.",
                   "Hint", dialogs::Icon::Exclamation);
     return true;
 }
@@ -74,50 +74,52 @@ void tell_no_critical_data() {
         "T(cr) and/or p(cr) not available in the database.\n"
         "(lacking critical data can be completed by the user in data-base editor)\n"
         "For " +
-            substance.Name + " is no calculation possible!",
+            the_substance.Name + " is no calculation possible!",
         "WARNING", dialogs::Icon::Exclamation);
 }
 
 /// Makes the substance of a project active, as far as the database has it.
 void read_substance(const std::string& casrn, ProjectResult& result) {
-    session.CurrentSubstance = FindByCasrn(casrn);
-    result.substanceFound = session.CurrentSubstance != 0 &&
-                            ReadSubstance(session.CurrentSubstance, result.noCriticalData);
-    session.SubstanceSet = result.substanceFound;
+    the_session.CurrentSubstance = FindByCasrn(casrn);
+    result.substanceFound = the_session.CurrentSubstance != 0 &&
+                            ReadSubstance(the_session.CurrentSubstance, result.noCriticalData);
+    the_session.SubstanceSet = result.substanceFound;
     if (!result.substanceFound) {
         // No data of an earlier substance stay behind an empty selection.
-        session.CurrentSubstance = 0;
-        substance = {};
+        the_session.CurrentSubstance = 0;
+        the_substance = {};
         return;
     }
     if (result.noCriticalData) tell_no_critical_data();
-    const bool complete = substance.Tboil > 0 && substance.Tcrit > 0 && substance.pcrit > 0;
+    const bool complete =
+        the_substance.Tboil > 0 && the_substance.Tcrit > 0 && the_substance.pcrit > 0;
     if (!complete) return;
     for (const char* code : {"KFW", "KFR", "THO"})
-        Calc::CorrelateVapourPressure(Calc::VPIndex(code), substance.Tcrit, substance.pcrit,
-                                      static_cast<double>(substance.Tboil));
+        models::CorrelateVapourPressure(models::VPIndex(code), the_substance.Tcrit,
+                                        the_substance.pcrit,
+                                        static_cast<double>(the_substance.Tboil));
 }
 
 /// What follows from the settings: codes, constants of the equation of state, factors and labels.
 void derive_from_settings(ProjectResult& result) {
-    const bool offered = models.EOSModel >= 0 && !Calc::EOSName(models.EOSModel).empty();
-    if (!offered) models.EOSModel = 0;
-    models.EOSOnlyV = Calc::IsVOnlyEOS(models.EOSModel);
-    if (models.EOSOnlyV) models.PriorityCEOS = false;
+    const bool offered = the_models.EOSModel >= 0 && !models::EOSName(the_models.EOSModel).empty();
+    if (!offered) the_models.EOSModel = 0;
+    the_models.EOSOnlyV = models::IsVOnlyEOS(the_models.EOSModel);
+    if (the_models.EOSOnlyV) the_models.PriorityCEOS = false;
     // Index 0 leaves the choice to the sets of the substance.
-    if (models.VPModel != 0) models.VPCode = Calc::VPCode(models.VPModel);
-    models.VPModel = Calc::VPIndex(models.VPCode);
+    if (the_models.VPModel != 0) the_models.VPCode = models::VPCode(the_models.VPModel);
+    the_models.VPModel = models::VPIndex(the_models.VPCode);
 
     if (result.substanceFound && !result.noCriticalData) {
-        const bool keeps = models.EOSModel == kManualVirial;
-        result.modelsComplete = keeps || Calc::CalcEOSParameters(models.EOSModel) == kSuccess;
+        const bool keeps = the_models.EOSModel == kManualVirial;
+        result.modelsComplete = keeps || models::CalcEOSParameters(the_models.EOSModel) == kSuccess;
     }
     try {
-        Module2::RefreshUnits();
+        session::RefreshUnits();
     } catch (const faults::Fault&) {
         // Specific units need a molar mass.
-        session.UnitMode = 0;
-        Module2::RefreshUnits();
+        the_session.UnitMode = 0;
+        session::RefreshUnits();
     }
 }
 
@@ -127,27 +129,27 @@ ProjectResult load(const std::string& path) {
         file.error.empty() ? ReadProjectHead(file.bytes) : std::nullopt;
     if (!head) {
         dialogs::Tell(file.error.empty()
-                          ? "The file " + Module2::FileTitle(path) + " is no project file."
+                          ? "The file " + session::FileTitle(path) + " is no project file."
                           : file.error,
                       kRefusal, dialogs::Icon::Stop);
         return {};
     }
-    if (!open_database(head->database, Module2::FolderOf(path))) return {};
+    if (!open_database(head->database, session::FolderOf(path))) return {};
 
-    Module2::ResetSession();
+    session::ResetSession();
     ProjectResult result{.loaded = true};
     read_substance(head->casrn, result);
     const std::vector<std::string> lines = whole_lines(file.bytes);
     ReadProjectItems(std::span(lines).subspan(kHeadLines));
     derive_from_settings(result);
-    session.ProjectComment = head->comment;
-    session.ProjectLoaded = true;
+    the_session.ProjectComment = head->comment;
+    the_session.ProjectLoaded = true;
     return result;
 }
 
 void remember_project(const std::string& path) {
-    session.ProjectFile = Module2::FileTitle(path);
-    session.FolderProject = Module2::FolderOf(path);
+    the_session.ProjectFile = session::FileTitle(path);
+    the_session.FolderProject = session::FolderOf(path);
 }
 
 }  // namespace
@@ -163,24 +165,25 @@ std::optional<ProjectHead> ReadProjectHead(const std::string& ansiText) {
 
 bool SaveProject(bool asDialog) {
     if (!asDialog)
-        return WriteWhole(session.LastSessionFile, project_text(session.ProjectComment)).empty();
+        return WriteWhole(the_session.LastSessionFile, project_text(the_session.ProjectComment))
+            .empty();
 
     const std::optional<std::string> name =
         dialogs::ChooseFile({.save = true,
                              .title = "save actual project as ...",
                              .filter = kFilter,
-                             .folder = session.FolderProject,
-                             .name = session.ProjectFile,
+                             .folder = the_session.FolderProject,
+                             .name = the_session.ProjectFile,
                              .defaultExtension = kExtension,
                              .overwritePrompt = true});
     if (!name || name->empty()) return false;
-    const std::string path = TargetPath(*name, session.FolderProject, kExtension);
-    session.ProjectComment =
+    const std::string path = TargetPath(*name, the_session.FolderProject, kExtension);
+    the_session.ProjectComment =
         dialogs::AskInput({.text = "Input text for comment\n<Cancel> = No Comment",
                            .title = " File comment (optional) ",
-                           .proposal = session.ProjectComment})
+                           .proposal = the_session.ProjectComment})
             .value_or("");
-    const std::string error = WriteWhole(path, project_text(session.ProjectComment));
+    const std::string error = WriteWhole(path, project_text(the_session.ProjectComment));
     if (!error.empty()) {
         dialogs::Tell(error, kRefusal, dialogs::Icon::Stop);
         return false;
@@ -192,7 +195,7 @@ bool SaveProject(bool asDialog) {
 std::optional<std::string> ChooseProject() {
     std::optional<std::string> name = dialogs::ChooseFile({.title = "Load a project (*.QCF)",
                                                            .filter = kFilter,
-                                                           .folder = session.FolderProject,
+                                                           .folder = the_session.FolderProject,
                                                            .defaultExtension = kExtension});
     return name && !name->empty() ? name : std::nullopt;
 }
@@ -203,15 +206,15 @@ ProjectResult LoadProject() {
 }
 
 ProjectResult LoadProject(const std::string& name) {
-    const std::string path = InFolder(name, session.FolderProject);
+    const std::string path = InFolder(name, the_session.FolderProject);
     const ProjectResult result = load(path);
     // The last session is no project of the user's.
-    if (result.loaded && path != session.LastSessionFile) remember_project(path);
+    if (result.loaded && path != the_session.LastSessionFile) remember_project(path);
     return result;
 }
 
 ProjectResult LoadLastSession() {
-    return LoadProject(session.LastSessionFile);
+    return LoadProject(the_session.LastSessionFile);
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// What the loading of a project has brought about.
 struct ProjectResult {
@@ -38,4 +38,4 @@ struct ProjectHead {
 /// The head of a project's text; nothing when it is none.
 std::optional<ProjectHead> ReadProjectHead(const std::string& ansiText);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -9,16 +9,16 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "datafiles/cell_numbers.h"
+#include "legacy/declare.h"
 #include "models/model_tables.h"
-#include "session/declare.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
-using Declare::models;
-using Declare::reference;
-using Declare::session;
+using legacy::the_models;
+using legacy::the_reference;
+using legacy::the_session;
 
 /// A truth value that is written as a 16-bit number, 0 or -1.
 struct Flag16 {
@@ -40,34 +40,34 @@ constexpr double kTiny = 1e-30;  ///< lowest factor
 /// to 32 the input of the tank.
 const std::array<Item, kProjectItems>& items() {
     static const std::array<Item, kProjectItems> list{{
-        {&session.DiagramT, 0, kAny},              // 5
-        {&session.DiagramP, 0, kAny},              // 6
-        {&session.DiagramV, 0, kAny},              // 7
-        {&session.CaloricFactor, kTiny, kAny},     // 8
-        {&session.UnitMode, 0, 2},                 // 9
-        {&session.CaloricUnit, 0, 3},              // 10
-        {&session.CurveRealRangeOnly},             // 11
-        {&session.PointsPerCurve, 50, 800},        // 12
-        {&session.CsvSeparator},                   // 13
-        {&models.VPModel, 0, Calc::kVPCount - 1},  // 14
-        {&models.EOSModel, -1, 16},                // 15
-        {&models.CpModel, 0, 2},                   // 16
-        {&models.HLVModel, 0, 7},                  // 17
-        {&models.WatsonN, -kAny, kAny},            // 18
-        {&models.PriorityCEOS},                    // 19
-        {&reference.RefMode, 0, 10},               // 20
-        {&reference.href, -kAny, kAny},            // 21
-        {&reference.sref, -kAny, kAny},            // 22
-        {&reference.T0, 0, kAny},                  // 23
-        {&reference.p0, 0, kAny},                  // 24
-        {&reference.Tenv, 0, kAny},                // 25
-        {&reference.penv, 0, kAny},                // 26
-        {Flag16{&session.BatchMode}},              // 27
-        {Flag16{&session.CurveSWithoutTieLine}},   // 28
-        {Flag16{&session.PartialGasCurve}},        // 29
-        {&session.tank.V, 0, kAny},                // 30
-        {&session.tank.m, 0, kAny},                // 31
-        {&session.tank.T, 0, kAny},                // 32
+        {&the_session.DiagramT, 0, kAny},                // 5
+        {&the_session.DiagramP, 0, kAny},                // 6
+        {&the_session.DiagramV, 0, kAny},                // 7
+        {&the_session.CaloricFactor, kTiny, kAny},       // 8
+        {&the_session.UnitMode, 0, 2},                   // 9
+        {&the_session.CaloricUnit, 0, 3},                // 10
+        {&the_session.CurveRealRangeOnly},               // 11
+        {&the_session.PointsPerCurve, 50, 800},          // 12
+        {&the_session.CsvSeparator},                     // 13
+        {&the_models.VPModel, 0, models::kVPCount - 1},  // 14
+        {&the_models.EOSModel, -1, 16},                  // 15
+        {&the_models.CpModel, 0, 2},                     // 16
+        {&the_models.HLVModel, 0, 7},                    // 17
+        {&the_models.WatsonN, -kAny, kAny},              // 18
+        {&the_models.PriorityCEOS},                      // 19
+        {&the_reference.RefMode, 0, 10},                 // 20
+        {&the_reference.href, -kAny, kAny},              // 21
+        {&the_reference.sref, -kAny, kAny},              // 22
+        {&the_reference.T0, 0, kAny},                    // 23
+        {&the_reference.p0, 0, kAny},                    // 24
+        {&the_reference.Tenv, 0, kAny},                  // 25
+        {&the_reference.penv, 0, kAny},                  // 26
+        {Flag16{&the_session.BatchMode}},                // 27
+        {Flag16{&the_session.CurveSWithoutTieLine}},     // 28
+        {Flag16{&the_session.PartialGasCurve}},          // 29
+        {&the_session.tank.V, 0, kAny},                  // 30
+        {&the_session.tank.m, 0, kAny},                  // 31
+        {&the_session.tank.T, 0, kAny},                  // 32
     }};
     return list;
 }
@@ -131,4 +131,4 @@ void ReadProjectItems(std::span<const std::string> lines) {
     }
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

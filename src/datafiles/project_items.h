@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// Number of typed items of a project file, items 5 to 32.
 inline constexpr std::size_t kProjectItems = 28;
@@ -18,4 +18,4 @@ std::string ProjectItemLines();
 /// its kind, or beyond its range, leaves its setting as it was. A decimal comma counts as a point.
 void ReadProjectItems(std::span<const std::string> lines);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -4,7 +4,7 @@
 
 #include "common/dialogs.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 bool MayReplace(const std::string& path) {
     std::error_code ignored;
@@ -28,4 +28,4 @@ bool ConfirmRemoval(int first, int last) {
     return dialogs::Ask(question, "WARNING", dialogs::Icon::Exclamation);
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -9,11 +9,11 @@
 #include "common/text.h"
 #include "datafiles/cell_numbers.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
-using Declare::SubstanceRecord;
+using models::SubstanceRecord;
 using Record = SubstanceRecord;
 
 template <auto Member>
@@ -38,7 +38,7 @@ FieldRef element_of_set(Record& r, std::size_t i) {
 
 template <auto Set>
 FieldRef antoine(Record& r, std::size_t i) {
-    Declare::VPSetAntoine& s = r.*Set;
+    models::VPSetAntoine& s = r.*Set;
     const std::array<float*, 3> constants{&s.A, &s.B, &s.C};
     return constants[i];
 }
@@ -92,7 +92,7 @@ constexpr RecordField frost_set(std::string_view name, int slot, std::string_vie
             .slot = slot,
             .inPrivateFile = slot != 0,
             .column = column,
-            .at = element_of_set<Set, &Declare::VPSetFrost::a>};
+            .at = element_of_set<Set, &models::VPSetFrost::a>};
 }
 
 template <auto Set>
@@ -103,7 +103,7 @@ constexpr RecordField cp_set(std::string_view name, int slot, std::string_view c
             .inPrivateFile = kSaved,
             .column = column,
             .firstColumn = 0,
-            .at = element_of_set<Set, &Declare::CpSet::c>};
+            .at = element_of_set<Set, &models::CpSet::c>};
 }
 
 template <auto Array>
@@ -122,10 +122,10 @@ constexpr RecordField spare_value(std::string_view name, int slot) {
     return {.name = name, .slot = slot, .at = spare<I>};
 }
 
-using Antoine = Declare::VPSetAntoine;
-using Frost = Declare::VPSetFrost;
-using Wagner = Declare::VPSetWagner;
-using Cp = Declare::CpSet;
+using Antoine = models::VPSetAntoine;
+using Frost = models::VPSetFrost;
+using Wagner = models::VPSetWagner;
+using Cp = models::CpSet;
 
 constexpr std::array kFields{
     computed<&Record::Name>("Name"),
@@ -369,4 +369,4 @@ std::string SetField(SubstanceRecord& record, std::string_view name, std::string
     return {};
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -8,9 +8,9 @@
 #include <string_view>
 #include <variant>
 
-#include "session/substance_record.h"
+#include "models/substance_record.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// Where a field of a record lies.
 using FieldRef = std::variant<float*, double*, std::int16_t*, bool*, std::string*>;
@@ -28,7 +28,7 @@ struct RecordField {
     std::string_view column{};   ///< column of a table; of a set, the start of its columns' names
     int firstColumn = 1;         ///< number of a set's first column
     std::string_view letters{};  ///< one-letter names of the elements, empty: numbers only
-    FieldRef (*at)(Declare::SubstanceRecord& record, std::size_t element) = nullptr;
+    FieldRef (*at)(models::SubstanceRecord& record, std::size_t element) = nullptr;
 };
 
 /// All fields in the order of the record.
@@ -54,15 +54,15 @@ std::string NameOf(const FieldPlace& place);
 /// True for a temperature bound, which is a whole number of kelvins and 0 for "none".
 bool IsBound(const RecordField& field);
 
-FieldRef Locate(Declare::SubstanceRecord& record, const FieldPlace& place);
-FieldValue ValueOf(const Declare::SubstanceRecord& record, const FieldPlace& place);
+FieldRef Locate(models::SubstanceRecord& record, const FieldPlace& place);
+FieldValue ValueOf(const models::SubstanceRecord& record, const FieldPlace& place);
 
 /// The value of a named field; nothing when there is no such field.
-std::optional<FieldValue> GetField(const Declare::SubstanceRecord& record, std::string_view name);
+std::optional<FieldValue> GetField(const models::SubstanceRecord& record, std::string_view name);
 /// Stores a value as it stands, without the rules of a database: a number with a point, a whole
 /// number for a temperature bound, "1" or "0" ("true", "false") for a flag, a text for a text.
 /// Returns an empty text, or a sentence about what is wrong; the record is then unchanged.
-std::string SetField(Declare::SubstanceRecord& record, std::string_view name,
+std::string SetField(models::SubstanceRecord& record, std::string_view name,
                      std::string_view value);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -3,14 +3,14 @@
 #include "common/dialogs.h"
 #include "common/text.h"
 #include "datafiles/synonyms.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
-using Declare::session;
-using Declare::substances;
+using legacy::the_session;
+using legacy::the_substances;
 
 constexpr const char* kTitle = "ERROR: Selection of a substance";
 
@@ -23,8 +23,8 @@ std::int16_t first_place(std::size_t entries, const Fits& fits) {
 }
 
 void note_missing_synonyms() {
-    if (!session.SynonymNotePending) return;
-    session.SynonymNotePending = false;
+    if (!the_session.SynonymNotePending) return;
+    the_session.SynonymNotePending = false;
     dialogs::Tell(
         "The file SYNOM.TXT was not found in the QUOR directory.\n"
         "Substances are found by their exact name or CASRN only.",
@@ -42,9 +42,9 @@ void tell_not_involved(const SynonymHit& block) {
 
 SubstanceFound FindSubstance(const std::string& search) {
     const std::string wanted = text::TrimRight(search);
-    const std::int16_t exact = first_place(substances.Names.size(), [&](std::size_t i) {
-        return !wanted.empty() && (wanted == text::TrimRight(substances.Names[i]) ||
-                                   wanted == text::TrimRight(substances.Casrn[i]));
+    const std::int16_t exact = first_place(the_substances.Names.size(), [&](std::size_t i) {
+        return !wanted.empty() && (wanted == text::TrimRight(the_substances.Names[i]) ||
+                                   wanted == text::TrimRight(the_substances.Casrn[i]));
     });
     if (exact != 0) return {exact, true};
 
@@ -63,16 +63,16 @@ SubstanceFound FindSubstance(const std::string& search) {
 }
 
 std::int16_t FindByNumber(std::int16_t number) {
-    return first_place(substances.Numbers.size(),
-                       [&](std::size_t i) { return substances.Numbers[i] == number; });
+    return first_place(the_substances.Numbers.size(),
+                       [&](std::size_t i) { return the_substances.Numbers[i] == number; });
 }
 
 std::int16_t FindByCasrn(const std::string& casrn) {
     const std::string wanted = text::TrimRight(casrn);
     if (wanted.empty()) return 0;
-    return first_place(substances.Casrn.size(), [&](std::size_t i) {
-        return text::TrimRight(substances.Casrn[i]) == wanted;
+    return first_place(the_substances.Casrn.size(), [&](std::size_t i) {
+        return text::TrimRight(the_substances.Casrn[i]) == wanted;
     });
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 struct SubstanceFound {
     std::int16_t index = 0;  ///< place in the lists of the open database, from 1; 0 for none
@@ -19,4 +19,4 @@ std::int16_t FindByNumber(std::int16_t number);
 /// Place of a CASRN in the lists, blanks at the end aside; 0 if none and for an empty one.
 std::int16_t FindByCasrn(const std::string& casrn);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

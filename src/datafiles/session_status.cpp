@@ -4,26 +4,26 @@
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "legacy/declare.h"
 #include "models/model_tables.h"
-#include "session/declare.h"
 #include "session/module2.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 std::string trimmed(std::string_view s) {
     return text::Trim(s);
 }
 
 std::string substance_lines() {
-    const Declare::SubstanceRecord& s = Declare::substance;
-    const StatusPanels panels = PanelTexts(Declare::models.EOSModel >= 0);
+    const models::SubstanceRecord& s = legacy::the_substance;
+    const StatusPanels panels = PanelTexts(legacy::the_models.EOSModel >= 0);
     std::string lines = "... substance: ";
     lines += s.Formula + "  " + trimmed(s.CASRN) + "  " + s.Name;
-    lines += " (#" + std::to_string(session.CurrentSubstance) + ")";
+    lines += " (#" + std::to_string(the_session.CurrentSubstance) + ")";
     lines += "\n    ";
     lines += panels.eos.empty() ? "no models" : panels.eos;
     if (!panels.vapourPressure.empty()) lines += ",  " + panels.vapourPressure;
@@ -32,7 +32,7 @@ std::string substance_lines() {
 
 // Name of a substance of the open database, empty when its CASRN is not there.
 std::string name_by_casrn(const std::string& casrn) {
-    const Declare::SubstanceLists& lists = Declare::substances;
+    const datafiles::SubstanceLists& lists = legacy::the_substances;
     const std::string wanted = trimmed(casrn);
     if (wanted.empty()) return {};
     for (std::size_t i = 1; i < lists.Casrn.size() && i < lists.Names.size(); ++i)
@@ -41,51 +41,51 @@ std::string name_by_casrn(const std::string& casrn) {
 }
 
 std::string batch_lines() {
-    const std::string count = std::to_string(session.BatchCount);
-    if (session.BatchCount == 0) return "... exper. T-p-rho-HLV-cp data: none";
+    const std::string count = std::to_string(the_session.BatchCount);
+    if (the_session.BatchCount == 0) return "... exper. T-p-rho-HLV-cp data: none";
     std::string lines;
-    if (session.BatchFile.empty()) {
+    if (the_session.BatchFile.empty()) {
         lines += "    " + count;
-        lines += session.BatchCount == 1 ? " set of data" : " sets of data";
+        lines += the_session.BatchCount == 1 ? " set of data" : " sets of data";
         return lines + " available,\nnot yet saved.";
     }
-    lines += "... batch file" + Module2::FileTitle(session.BatchFile);
-    const std::string folder = Module2::FolderOf(session.BatchFile);
-    const std::string& source = folder.empty() ? session.FolderBatch : folder;
+    lines += "... batch file" + session::FileTitle(the_session.BatchFile);
+    const std::string folder = session::FolderOf(the_session.BatchFile);
+    const std::string& source = folder.empty() ? the_session.FolderBatch : folder;
     if (source.size() > 2) lines += "\n  from " + source;
     lines += "\n  with " + count + " sets of data";
-    const std::string name = name_by_casrn(session.BatchCasrn);
+    const std::string name = name_by_casrn(the_session.BatchCasrn);
     if (name.empty()) return lines;
     lines += "\n    substance: " + name;
-    return lines + "\n    file comment" + session.BatchComment;
+    return lines + "\n    file comment" + the_session.BatchComment;
 }
 
 }  // namespace
 
 StatusPanels PanelTexts(bool modelsComplete) {
-    const Declare::ModelSelection& m = Declare::models;
+    const models::ModelSelection& m = legacy::the_models;
     StatusPanels panels;
-    if (session.CurrentSubstance != 0) panels.substance = Declare::substance.Name;
+    if (the_session.CurrentSubstance != 0) panels.substance = legacy::the_substance.Name;
     if (!modelsComplete) return panels;
     constexpr std::string_view kPriority = " (Priority!)";
-    panels.eos = trimmed(Calc::EOSName(m.EOSModel));
-    panels.vapourPressure = "Vapour press. equ.: " + trimmed(Calc::VPName(m.VPModel));
+    panels.eos = trimmed(models::EOSName(m.EOSModel));
+    panels.vapourPressure = "Vapour press. equ.: " + trimmed(models::VPName(m.VPModel));
     if (!m.EOSOnlyV) (m.PriorityCEOS ? panels.eos : panels.vapourPressure) += kPriority;
     return panels;
 }
 
 Report StatusReport() {
     Report report{.title = " loaded ...", .text = {}};
-    if (session.DatabaseFile.empty()) {
+    if (the_session.DatabaseFile.empty()) {
         report.text = "... not yet a database";
         return report;
     }
     report.text = "... database ";
-    report.text += session.DatabaseFile;
+    report.text += the_session.DatabaseFile;
     report.text += "\n  with ";
-    report.text += std::to_string(session.SubstanceCount);
+    report.text += std::to_string(the_session.SubstanceCount);
     report.text += " substance(s)\n";
-    report.text += session.CurrentSubstance == 0 ? "... no substance" : substance_lines();
+    report.text += the_session.CurrentSubstance == 0 ? "... no substance" : substance_lines();
     report.text += '\n';
     report.text += batch_lines();
     report.text += "\n(for more parameters loaded see \"Options\")";
@@ -93,8 +93,8 @@ Report StatusReport() {
 }
 
 Report ParameterReport() {
-    const Declare::EOSParameters& e = Declare::eosParameters;
-    const std::int16_t code = Declare::models.EOSModel;
+    const models::EOSParameters& e = legacy::the_eosParameters;
+    const std::int16_t code = legacy::the_models.EOSModel;
     Report report{.title = " Parameters of the EOS ", .text = {}};
     if (code == 0) {
         report.text = "Selected: Ideal gas equation";
@@ -112,7 +112,7 @@ Report ParameterReport() {
                           {"b1 = ", e.eosNB}, {"c0 = ", e.eosC0}, {"c1 = ", e.eosNC},
                           {"d0 = ", e.eosD0}, {"d1 = ", e.eosND}};
     report.text = "Parameter for ";
-    report.text += trimmed(Calc::EOSName(code));
+    report.text += trimmed(models::EOSName(code));
     report.text += '\n';
     for (const Line& line : lines) {
         report.text += '\n';
@@ -128,4 +128,4 @@ Report ParameterReport() {
     return report;
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

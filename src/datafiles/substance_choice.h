@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// Names of an entry of the database: what stands in front of the first ";" of its name field, then
 /// the further names behind it. Never empty.
@@ -24,4 +24,4 @@ std::string FormulaAndCasrn(std::int16_t index);
 /// models can be chosen.
 bool TakeSubstance(std::int16_t index);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -15,12 +15,12 @@
 #include "session/commands.h"
 #include "session/module2.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
 using constants::kPresent;
-using Declare::SubstanceRecord;
+using models::SubstanceRecord;
 
 constexpr const char* kEmpty = "<>";
 constexpr const char* kZero = " 0";
@@ -95,7 +95,7 @@ bool HasCriticalData(const SubstanceRecord& s) {
 
 void CorrelateSets(SubstanceRecord& s) {
     for (const std::int16_t index : {kIndexKFW, kIndexKFR, kIndexTHO})
-        Calc::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+        models::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
 }
 
 void ShowCorrelatedSets(const SubstanceRecord& s, EditorTexts& texts) {
@@ -136,11 +136,11 @@ void ReadField(const EditorField& field, const std::string& content, SubstanceRe
 }
 
 /// The measured equations that a substance without an active one is searched for.
-void ChooseEquation(const SubstanceRecord& s, Declare::ModelSelection& models) {
+void ChooseEquation(const SubstanceRecord& s, models::ModelSelection& models) {
     if (models.VPCode != "000") return;
     if (s.AHP.TLo > 0) models.VPCode = "AHP";
     if (s.ALP.TLo > 0) models.VPCode = "ALP";
-    models.VPModel = Calc::VPIndex(models.VPCode);
+    models.VPModel = models::VPIndex(models.VPCode);
 }
 
 }  // namespace
@@ -181,8 +181,7 @@ void FormDerivedValues(SubstanceRecord& s) {
     form_entropy(s, s.dfs);
 }
 
-EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s,
-                           Declare::ModelSelection& models) {
+EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::ModelSelection& models) {
     EditorApplied applied;
     NormaliseTexts(texts);
     for (const EditorField& field : EditorFieldTable()) {
@@ -198,12 +197,12 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s,
     ChooseEquation(s, models);
 
     if (!(static_cast<double>(s.Tboil) > kPresent) && models.VPCode != "000") {
-        const Calc::BoilingTemperatureResult boiling =
-            Calc::boiling_temperature(s, constants::kNormalPressure, models.VPCode);
+        const models::BoilingTemperatureResult boiling =
+            models::boiling_temperature(s, constants::kNormalPressure, models.VPCode);
         if (boiling.status == kSuccess) s.Tboil = static_cast<float>(boiling.T);
     }
     if (std::fabs(static_cast<double>(s.Tboil) * s.Tcrit * s.pcrit) > kPresent)
-        Calc::correlate_august(s);
+        models::correlate_august(s);
     if (std::fabs(static_cast<double>(s.WatsonT) * static_cast<double>(s.WatsonH)) < kPresent &&
         models.HLVModel == 4) {
         models.HLVModel = 2;
@@ -225,18 +224,18 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s,
 
 void ApplyEditor(EditorTexts& texts) {
     constexpr std::int16_t kManualVirial = 10;  // its coefficients were typed in and stay
-    Declare::ModelSelection& models = Declare::models;
-    if (apply_editor(texts, Declare::substance, models).watsonDropped) dialogs::Beep();
-    if (HasCriticalData(Declare::substance) && models.EOSModel >= 0 &&
+    models::ModelSelection& models = legacy::the_models;
+    if (apply_editor(texts, legacy::the_substance, models).watsonDropped) dialogs::Beep();
+    if (HasCriticalData(legacy::the_substance) && models.EOSModel >= 0 &&
         models.EOSModel != kManualVirial)
-        Calc::CalcEOSParameters(models.EOSModel);
-    if (HasCriticalData(Declare::substance) && Declare::session.CurrentSubstance > 0 &&
-        !Declare::session.SubstanceSet) {
-        Declare::session.SubstanceSet = true;
-        Module2::SetCommands({Declare::Command::mnuModel}, true);
+        models::CalcEOSParameters(models.EOSModel);
+    if (HasCriticalData(legacy::the_substance) && legacy::the_session.CurrentSubstance > 0 &&
+        !legacy::the_session.SubstanceSet) {
+        legacy::the_session.SubstanceSet = true;
+        session::SetCommands({session::Command::mnuModel}, true);
     }
-    Module2::RefreshUnits();
-    Declare::session.ResultsOutdated = true;
+    session::RefreshUnits();
+    legacy::the_session.ResultsOutdated = true;
 }
 
 void Recalculate(EditorCorrelation correlation, EditorTexts& texts) {
@@ -250,12 +249,12 @@ void Recalculate(EditorCorrelation correlation, EditorTexts& texts) {
     s.Tboil = static_cast<float>(number(kTboil));
     if (!HasCriticalData(s)) return;
     const auto correlate = [&](std::int16_t index, const FieldBlock& block) {
-        Calc::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+        models::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
         ShowBlock(block, s, texts);
     };
     switch (correlation) {
         case EditorCorrelation::August:
-            Calc::correlate_august(s);
+            models::correlate_august(s);
             ShowBlock(kAugustBlock, s, texts);
             break;
         case EditorCorrelation::Antoine:
@@ -271,10 +270,10 @@ void Recalculate(EditorCorrelation correlation, EditorTexts& texts) {
 }
 
 std::optional<std::string> TriplePointPressure(bool fromEquation) {
-    const SubstanceRecord& s = Declare::substance;
+    const SubstanceRecord& s = legacy::the_substance;
     if (!fromEquation) return EditorText(s.ptriple);
-    const Calc::VapourPressureResult result =
-        Calc::vapour_pressure(s, static_cast<double>(s.Ttriple), Declare::models.VPCode);
+    const models::VapourPressureResult result =
+        models::vapour_pressure(s, static_cast<double>(s.Ttriple), legacy::the_models.VPCode);
     if (result.status != kSuccess) {
         dialogs::Tell("Error while calculating vapour pressure", "Execution not possible",
                       dialogs::Icon::Stop);
@@ -290,11 +289,13 @@ bool MayCloseEditor(const EditorTexts& shown, const EditorTexts& now) {
 }
 
 std::string ActiveEquationCaption() {
-    return "actual vapour-pressure equation: " + text::Trim(Calc::VPName(Declare::models.VPModel));
+    return "actual vapour-pressure equation: " +
+           text::Trim(models::VPName(legacy::the_models.VPModel));
 }
 
 std::string DatabaseCaption() {
-    return "Database loaded:  " + text::ToUpper(Module2::FileTitle(Declare::session.DatabaseFile));
+    return "Database loaded:  " +
+           text::ToUpper(session::FileTitle(legacy::the_session.DatabaseFile));
 }
 
 std::string EditorReport(const EditorTexts& texts) {
@@ -317,4 +318,4 @@ std::string EditorReport(const EditorTexts& texts) {
     return report;
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

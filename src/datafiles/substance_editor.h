@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "datafiles/record_fields.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 inline constexpr int kEditorFields = 123;  ///< fields of the substance editor, index 0 to 122
 
@@ -59,7 +59,7 @@ std::string EditorText(double value);
 
 /// Texts of all fields of a record. The correlated sets are computed from its critical data and
 /// boiling point; they stay empty where the critical data are missing.
-EditorTexts ShowRecord(const Declare::SubstanceRecord& substance);
+EditorTexts ShowRecord(const models::SubstanceRecord& substance);
 
 /// The character that a field takes for a typed one ("," becomes "."), nothing for one that it
 /// swallows. Names take every character.
@@ -67,7 +67,7 @@ std::optional<char> FilterKey(const EditorField& field, char typed);
 
 /// Values of a record that follow from others: the compact formula, |C2| of the sinh/cosh function,
 /// the cp flags, the critical volume and the entropy of formation.
-void FormDerivedValues(Declare::SubstanceRecord& substance);
+void FormDerivedValues(models::SubstanceRecord& substance);
 
 /// What an application of the editor to a record did beside reading the fields.
 struct EditorApplied {
@@ -75,8 +75,8 @@ struct EditorApplied {
 };
 /// Reads the fields into a record and completes it; texts take their shown form. A field that
 /// cannot be read leaves its value.
-EditorApplied apply_editor(EditorTexts& texts, Declare::SubstanceRecord& substance,
-                           Declare::ModelSelection& models);
+EditorApplied apply_editor(EditorTexts& texts, models::SubstanceRecord& substance,
+                           models::ModelSelection& models);
 /// The same for the active substance, with the constants of its EOS and the units that follow.
 /// Where its critical data are complete only now, models can be chosen from here on.
 void ApplyEditor(EditorTexts& texts);
@@ -100,4 +100,4 @@ std::string DatabaseCaption();
 inline constexpr std::string_view kEditorNote = " Note: Any changes are lost without \"Apply\" ";
 inline constexpr std::string_view kEditorLegend = "<> = empty";
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

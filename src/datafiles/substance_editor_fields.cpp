@@ -1,6 +1,6 @@
 #include "datafiles/substance_editor.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
@@ -169,4 +169,4 @@ std::span<const EditorField, kEditorFields> EditorFieldTable() {
     return kTable;
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -6,7 +6,7 @@
 
 #include "common/text.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
@@ -91,4 +91,4 @@ void SetFieldText(std::span<char> field, std::string_view utf8) {
     std::copy_n(bytes.begin(), std::min(bytes.size(), field.size()), field.begin());
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

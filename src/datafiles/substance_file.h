@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 inline constexpr std::size_t kRecordSize = 684;  ///< bytes of every record of a database
 inline constexpr std::size_t kSlotCount = 124;   ///< values of a record
@@ -49,4 +49,4 @@ std::string FirstName(std::string_view nameField);
 /// Writes a text into a field: as many characters as it holds, padded with blanks.
 void SetFieldText(std::span<char> field, std::string_view utf8);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -9,13 +9,13 @@
 #include "datafiles/record_fields.h"
 #include "models/vapour_pressure.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
 using constants::kPresent;
-using Declare::CpSet;
-using Declare::SubstanceRecord;
+using models::CpSet;
+using models::SubstanceRecord;
 
 constexpr int kSlotTripleT = 92, kSlotSecondTripleT = 94;
 constexpr int kSlotSecondWatsonH = 108, kSlotSecondWatsonT = 109;
@@ -135,11 +135,11 @@ LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
     r.vcritExp = r.rhocrit > kPresent ? static_cast<double>(r.M) / r.rhocrit : 0.0;
 
     // AUG goes by the boiling point of the file, also where that is missing.
-    Calc::correlate_august(r);
+    models::correlate_august(r);
     loaded.VPCode = best_vapour_pressure_code(r);
     if (!(static_cast<double>(r.Tboil) > kPresent) && loaded.VPCode != "000")
-        r.Tboil =
-            SingleOrZero(Calc::boiling_temperature(r, constants::kNormalPressure, loaded.VPCode).T);
+        r.Tboil = SingleOrZero(
+            models::boiling_temperature(r, constants::kNormalPressure, loaded.VPCode).T);
 
     mend_sinh(r.cpSinh);
     form_cp_flags(r);
@@ -160,4 +160,4 @@ void SlotsFromRecord(const SubstanceRecord& record, bool english, SubstanceFileR
     });
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

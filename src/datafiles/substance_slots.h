@@ -3,13 +3,13 @@
 #include <string>
 
 #include "datafiles/substance_file.h"
-#include "session/substance_record.h"
+#include "models/substance_record.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// What a database record becomes in memory.
 struct LoadedSubstance {
-    Declare::SubstanceRecord record;
+    models::SubstanceRecord record;
     std::string VPCode = "000";   ///< the best vapour pressure set: WAG, FRO, ALP, AHP or "000"
     bool noCriticalData = false;  ///< Tcrit or pcrit is missing
 };
@@ -20,20 +20,20 @@ struct LoadedSubstance {
 /// `previous` where `dfh` or `dfg` is missing. The correlated sets KFW, KFR and THO come out empty.
 /// A slot that holds no finite number, or a bound beyond 16 bits, counts as absent.
 LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
-                                const Declare::SubstanceRecord& previous);
+                                const models::SubstanceRecord& previous);
 
 /// Makes C2 of the sinh/cosh function absolute, and not zero where C0 is there.
-void mend_sinh(Declare::CpSet& set);
+void mend_sinh(models::CpSet& set);
 /// Sets `dfs` from `dfh` and `dfg`, or to the former value where one of them is missing.
-void form_entropy(Declare::SubstanceRecord& record, float former);
+void form_entropy(models::SubstanceRecord& record, float former);
 /// Sets the four flags of the cp functions by the rules of reading.
-void form_cp_flags(Declare::SubstanceRecord& record);
+void form_cp_flags(models::SubstanceRecord& record);
 /// The code of the best vapour pressure set: WAG goes before FRO, ALP and AHP; "000" without any.
-std::string best_vapour_pressure_code(const Declare::SubstanceRecord& record);
+std::string best_vapour_pressure_code(const models::SubstanceRecord& record);
 
 /// Puts a substance into a file record: formula, name (in the field of the language), CASRN,
 /// number 1, and the slots that a private file takes over. All else stays as it is.
-void SlotsFromRecord(const Declare::SubstanceRecord& record, bool english,
+void SlotsFromRecord(const models::SubstanceRecord& record, bool english,
                      SubstanceFileRecord& file);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "common/text.h"
-#include "datafiles/whole_file.h"
+#include "common/whole_file.h"
 #include "session/module2.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
@@ -110,9 +110,9 @@ SynonymHit FindInSynonyms(std::string_view file, std::string_view search) {
 }
 
 SynonymHit SearchSynonyms(const std::string& search) {
-    const FileContent file = ReadWhole(Module2::FindFile(std::string(kFile)));
+    const FileContent file = ReadWhole(session::FindFile(std::string(kFile)));
     if (!file.error.empty()) return {.fileMissing = true};
     return FindInSynonyms(text::FromOem(file.bytes), search);
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// A substance name in the spelling of the synonym file: upper case with umlauts, without blanks,
 /// and with the usual variants (ZYKLO, ÄTH, SULPH, OXYD, ME-, ...) brought to one form.
@@ -25,4 +25,4 @@ SynonymHit FindInSynonyms(std::string_view file, std::string_view search);
 /// The same in "SYNOM.TXT" (code page 850) of the program's folder.
 SynonymHit SearchSynonyms(const std::string& search);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -4,7 +4,7 @@
 
 #include "common/text.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
@@ -45,4 +45,4 @@ std::string AlignedColumns(const std::vector<std::vector<std::string>>& rows) {
     return all;
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// The lines of a pasted table that hold data: empty ones, and a first line in which no cell
 /// begins with a number (headings), are left out.
@@ -13,4 +13,4 @@ std::vector<std::string> DataLines(std::string_view table);
 /// Rows as lines of right-aligned columns, two blanks between them; '\n' ends a line.
 std::string AlignedColumns(const std::vector<std::vector<std::string>>& rows);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

@@ -6,20 +6,20 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "common/whole_file.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/questions.h"
-#include "datafiles/whole_file.h"
 #include "datafiles/xy_points.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "session/module2.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
-using Declare::CurvePoint;
-using Declare::FitPoint;
-using Declare::session;
+using datafiles::FitPoint;
+using diagrams::CurvePoint;
+using legacy::the_session;
 
 constexpr const char* kExtension = ".XY";
 constexpr std::string_view kMask = ".0000000E+00";
@@ -50,7 +50,7 @@ std::string number(float value) {
 bool write(const std::string& path, const std::string& text, const std::string& failureTitle) {
     const std::string error = WriteWhole(path, text);
     if (error.empty()) {
-        session.FolderXY = Module2::FolderOf(path);
+        the_session.FolderXY = session::FolderOf(path);
         return true;
     }
     dialogs::Tell(error, failureTitle, dialogs::Icon::Stop);
@@ -80,29 +80,29 @@ std::string XYLoad() {
     const std::optional<std::string> name =
         dialogs::ChooseFile({.title = "Load (Curve)Points",
                              .filter = "x-y Data (*.XY)|*.XY|(*.LRG)|*LRG",
-                             .folder = session.FolderXY,
+                             .folder = the_session.FolderXY,
                              .name = "*.XY",
                              .defaultExtension = kExtension});
     return name && !name->empty() ? XYLoad(*name) : std::string();
 }
 
 std::string XYLoad(const std::string& name) {
-    const std::string path = InFolder(name, session.FolderXY);
-    const Module2::BusyPointer busy;
+    const std::string path = InFolder(name, the_session.FolderXY);
+    const session::BusyPointer busy;
     const FileContent file = ReadWhole(path);
     if (!file.error.empty()) {
         dialogs::Tell(file.error, "Execution not possible", dialogs::Icon::Stop);
         return {};
     }
-    XYFileContent content = ReadXYText(file.bytes, session.CsvSeparator);
-    Declare::xyComment = std::move(content.comment);
-    Declare::xyPoints = std::move(content.points);
-    session.FolderXY = Module2::FolderOf(path);
+    XYFileContent content = ReadXYText(file.bytes, the_session.CsvSeparator);
+    legacy::the_xyComment = std::move(content.comment);
+    legacy::the_xyPoints = std::move(content.points);
+    the_session.FolderXY = session::FolderOf(path);
     return "  Loaded: " + path;
 }
 
 bool XYSave() {
-    return XYSave(Declare::xyComment, Declare::xyPoints);
+    return XYSave(legacy::the_xyComment, legacy::the_xyPoints);
 }
 
 bool XYSave(const std::string& comment, std::span<const FitPoint> points) {
@@ -110,27 +110,27 @@ bool XYSave(const std::string& comment, std::span<const FitPoint> points) {
         dialogs::ChooseFile({.save = true,
                              .title = "(Curve)Points Save as ... ",
                              .filter = "x-y Data (*.XY)|*.XY",
-                             .folder = session.FolderXY,
+                             .folder = the_session.FolderXY,
                              .defaultExtension = kExtension,
                              .overwritePrompt = true});
     if (!name || name->empty()) return false;
-    const std::string path = TargetPath(*name, session.FolderXY, kExtension);
-    return write(path, XYText(comment, points, session.CsvSeparator), "Execution not possible");
+    const std::string path = TargetPath(*name, the_session.FolderXY, kExtension);
+    return write(path, XYText(comment, points, the_session.CsvSeparator), "Execution not possible");
 }
 
 bool XYSaveFrage(bool changed) {
     return !changed || !AskToSaveNow() || XYSave();
 }
 
-bool SaveCurveAsXY(const Declare::CurvePointArray& curve) {
+bool SaveCurveAsXY(const diagrams::CurvePointArray& curve) {
     const std::optional<std::string> name =
         dialogs::ChooseFile({.save = true,
                              .title = "Save curve as *.XY",
                              .filter = "XY text file (*.XY)|*.XY",
-                             .folder = session.FolderXY,
+                             .folder = the_session.FolderXY,
                              .defaultExtension = kExtension});
     if (!name || name->empty()) return false;
-    const std::string path = TargetPath(*name, session.FolderXY, kExtension);
+    const std::string path = TargetPath(*name, the_session.FolderXY, kExtension);
     if (!MayReplace(path)) return false;
 
     // The header says how many of the elements behind it are points.
@@ -139,7 +139,7 @@ bool SaveCurveAsXY(const Declare::CurvePointArray& curve) {
     for (std::size_t i = 1; i < curve.size() && static_cast<float>(i) <= announced; ++i)
         points.push_back({curve[i].x, curve[i].y, 0.0F});
     const std::string comment = std::to_string(points.size()) + " curve points";
-    return write(path, XYText(comment, points, session.CsvSeparator), "ERROR");
+    return write(path, XYText(comment, points, the_session.CsvSeparator), "ERROR");
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

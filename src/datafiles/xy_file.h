@@ -5,15 +5,16 @@
 #include <string_view>
 #include <vector>
 
-#include "session/diagram_records.h"
-#include "session/session_record.h"
+#include "datafiles/fit_point.h"
+#include "diagrams/diagram_records.h"
+#include "legacy/session_record.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 /// What a file of x-y points (.XY, .LRG) holds.
 struct XYFileContent {
     std::string comment;
-    std::vector<Declare::FitPoint> points;
+    std::vector<datafiles::FitPoint> points;
 };
 
 /// Reads a file's text (code page 1252): a comment line, then a point a line. x stands left of the
@@ -22,7 +23,7 @@ struct XYFileContent {
 /// left out.
 XYFileContent ReadXYText(const std::string& ansiText, char delimiter);
 /// The text of a file with the active points.
-std::string XYText(const std::string& comment, std::span<const Declare::FitPoint> points,
+std::string XYText(const std::string& comment, std::span<const datafiles::FitPoint> points,
                    char delimiter);
 
 /// Asks for a file and takes its points and comment into the XY editor's list. Empty on a cancel
@@ -35,11 +36,11 @@ std::string XYLoad(const std::string& name);
 /// written.
 bool XYSave();
 /// The same for any points.
-bool XYSave(const std::string& comment, std::span<const Declare::FitPoint> points);
+bool XYSave(const std::string& comment, std::span<const datafiles::FitPoint> points);
 /// Before the list is left: asks whether to save when it is `changed`. True when it may be left.
 bool XYSaveFrage(bool changed);
 
 /// Asks for a name and writes a curve. False when nothing was written.
-bool SaveCurveAsXY(const Declare::CurvePointArray& curve);
+bool SaveCurveAsXY(const diagrams::CurvePointArray& curve);
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

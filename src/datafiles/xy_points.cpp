@@ -10,11 +10,11 @@
 #include "datafiles/cell_numbers.h"
 #include "datafiles/table_text.h"
 
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 namespace {
 
-using Declare::FitPoint;
+using datafiles::FitPoint;
 
 /// The changed point; NaN stands for a value that does not exist or that 32 bits cannot hold.
 FitPoint changed(FitPoint p, XYManipulation what, double W) {
@@ -172,4 +172,4 @@ XYGraph MakeXYGraph(std::span<const FitPoint> points, bool asPoints) {
             .asPoints = asPoints};
 }
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

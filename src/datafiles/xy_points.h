@@ -5,13 +5,14 @@
 #include <string_view>
 #include <vector>
 
-#include "session/session_record.h"
+#include "datafiles/fit_point.h"
+#include "legacy/session_record.h"
 
 /// The list of the XY editor without its view: changes, order, clipboard. Lines count from 1.
-namespace LoadSaveData {
+namespace quor::datafiles {
 
 inline constexpr float kInactiveMark = -1.0F;
-bool IsActive(const Declare::FitPoint& point);
+bool IsActive(const datafiles::FitPoint& point);
 
 enum class XYManipulation {
     OneMinusX,    ///< x = 1 - x
@@ -24,44 +25,44 @@ enum class XYManipulation {
 
 /// Changes all points, active or not. When one of them has no such value the list stays as it is,
 /// and a sentence names the line; else the text is empty.
-std::string ManipulateXY(std::vector<Declare::FitPoint>& points, XYManipulation what, double W);
-void SwapXY(std::span<Declare::FitPoint> points);
-void SortByX(std::span<Declare::FitPoint> points);  ///< ascending, equal ones keep their order
-void SortByY(std::span<Declare::FitPoint> points);
-void RemoveXY(std::vector<Declare::FitPoint>& points, int first, int last);
-void ToggleXY(std::span<Declare::FitPoint> points, int first, int last);
-void InsertXY(std::vector<Declare::FitPoint>& points, int position,
-              std::span<const Declare::FitPoint> more);
+std::string ManipulateXY(std::vector<datafiles::FitPoint>& points, XYManipulation what, double W);
+void SwapXY(std::span<datafiles::FitPoint> points);
+void SortByX(std::span<datafiles::FitPoint> points);  ///< ascending, equal ones keep their order
+void SortByY(std::span<datafiles::FitPoint> points);
+void RemoveXY(std::vector<datafiles::FitPoint>& points, int first, int last);
+void ToggleXY(std::span<datafiles::FitPoint> points, int first, int last);
+void InsertXY(std::vector<datafiles::FitPoint>& points, int position,
+              std::span<const datafiles::FitPoint> more);
 
 /// Points from tab-separated lines; point or comma as decimal mark. Empty lines, and a first line
 /// of headings, are left out.
-std::vector<Declare::FitPoint> XYFromClipboard(std::string_view table);
+std::vector<datafiles::FitPoint> XYFromClipboard(std::string_view table);
 /// The lines `first` to `last` tab-separated, numbers in the locale's form.
-std::string XYForClipboard(std::span<const Declare::FitPoint> points, int first, int last);
+std::string XYForClipboard(std::span<const datafiles::FitPoint> points, int first, int last);
 /// The whole list in aligned columns for the printer, inactive points in brackets.
-std::string XYListText(std::span<const Declare::FitPoint> points);
+std::string XYListText(std::span<const datafiles::FitPoint> points);
 
-std::vector<Declare::FitPoint> ActivePoints(std::span<const Declare::FitPoint> points);
+std::vector<datafiles::FitPoint> ActivePoints(std::span<const datafiles::FitPoint> points);
 /// True when there are enough active points for a set of points (1) or a curve (2); else it says
 /// so.
-bool EnoughActivePoints(std::span<const Declare::FitPoint> points, bool asPoints);
+bool EnoughActivePoints(std::span<const datafiles::FitPoint> points, bool asPoints);
 
 /// Range of active points. Without any, the maxima are -1E37 and the minima 1E37.
 struct XYRange {
     float xMin = 1e37F, xMax = -1e37F, yMin = 1e37F, yMax = -1e37F;
 };
-XYRange RangeOfActive(std::span<const Declare::FitPoint> points);
+XYRange RangeOfActive(std::span<const datafiles::FitPoint> points);
 
 /// What the editor hands to the diagram.
 struct XYGraph {
     std::string title, xTitle, yTitle;
-    std::vector<Declare::FitPoint> points;  ///< the active ones
+    std::vector<datafiles::FitPoint> points;  ///< the active ones
     XYRange range;
     bool asPoints = true;  ///< a set of points, else a curve
 };
 /// The active points with the texts of their graph.
-XYGraph MakeXYGraph(std::span<const Declare::FitPoint> points, bool asPoints);
+XYGraph MakeXYGraph(std::span<const datafiles::FitPoint> points, bool asPoints);
 /// The graph that was sent last; the action "graph_xy" shows it.
 inline XYGraph xyGraph;
 
-}  // namespace LoadSaveData
+}  // namespace quor::datafiles

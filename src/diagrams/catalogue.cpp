@@ -8,12 +8,12 @@
 #include "diagrams/database_functions.h"
 #include "models/model_tables.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
-using Declare::models;
-using Declare::session;
+using legacy::the_models;
+using legacy::the_session;
 using Texts = std::array<std::string_view, 4>;  // by CaloricUnit
 
 constexpr std::int16_t kSpecific = 3;  // CaloricUnit
@@ -100,16 +100,16 @@ constexpr auto kReducedRules = std::to_array<ReducedRule>({
 });
 
 std::string eos_name() {
-    return text::Trim(Calc::EOSName(models.EOSModel));
+    return text::Trim(models::EOSName(the_models.EOSModel));
 }
 
 std::string vapour_pressure_name() {
-    return text::Trim(Calc::VPName(models.VPModel));
+    return text::Trim(models::VPName(the_models.VPModel));
 }
 
 /// Code 10 draws the equilibrium of the EOS only where the EOS has priority and has one.
 bool vapour_pressure_by_eos() {
-    return models.PriorityCEOS && !models.EOSOnlyV;
+    return the_models.PriorityCEOS && !the_models.EOSOnlyV;
 }
 
 std::string title_of(const CatalogueRow& row) {
@@ -117,42 +117,43 @@ std::string title_of(const CatalogueRow& row) {
     if (row.code == 10)
         return vapour_pressure_by_eos() ? title + eos_name()
                                         : "Vapour pressure equation " + vapour_pressure_name();
-    if (row.code == 301 && session.CaloricUnit == kSpecific)
+    if (row.code == 301 && the_session.CaloricUnit == kSpecific)
         title = "specific" + title.substr(std::string_view("molar").size());
     if (const std::string_view equation = PressureEquationOf(row.code); !equation.empty())
-        title += text::Trim(Calc::VPName(Calc::VPIndex(equation)));
-    if (row.prefixed) title.insert(0, session.CaloricUnit == kSpecific ? "specific " : "molar ");
+        title += text::Trim(models::VPName(models::VPIndex(equation)));
+    if (row.prefixed)
+        title.insert(0, the_session.CaloricUnit == kSpecific ? "specific " : "molar ");
     return title;
 }
 
-std::string validity_text(const CatalogueRow& row, const Declare::DiagramRequest& request) {
+std::string validity_text(const CatalogueRow& row, const diagrams::DiagramRequest& request) {
     std::string text(row.suffix);
-    if (row.code == 302) text += models.CpModel == 2 ? "sinh/cosh function)" : "Polynom)";
+    if (row.code == 302) text += the_models.CpModel == 2 ? "sinh/cosh function)" : "Polynom)";
     if (row.code != 300 && row.code != 301) text += ", validity T = ";
     return text + numbers::General(request.validityLow) + " ..." +
            numbers::General(request.validityHigh) + " K";
 }
 
-std::string sub_title_of(const CatalogueRow& row, const Declare::DiagramRequest& request) {
-    const std::string& name = Declare::substance.Name;
+std::string sub_title_of(const CatalogueRow& row, const diagrams::DiagramRequest& request) {
+    const std::string& name = legacy::the_substance.Name;
     switch (row.subTitle) {
         case SubTitle::database:
             return name + validity_text(row, request);
         case SubTitle::vaporisation:
-            return name + ",  " + text::Trim(Calc::HLVName(models.HLVModel));
+            return name + ",  " + text::Trim(models::HLVName(the_models.HLVModel));
         case SubTitle::vapourPressure:
             if (!vapour_pressure_by_eos())
                 return name + ",  vapour press. equ. " + vapour_pressure_name();
             [[fallthrough]];
         default:
-            return name + ",  " + session.CurveModelName + std::string(row.suffix);
+            return name + ",  " + the_session.CurveModelName + std::string(row.suffix);
     }
 }
 
 /// The volume of the database equation is molar or specific, never reduced.
 std::string_view axis_text_of(std::int16_t code, Axis axis) {
     if (code == 301 && axis == Axis::v) return kVolumeTexts[LiquidVolumeIsSpecific() ? 1 : 0];
-    return AxisText(axis, session.CaloricUnit, session.UnitMode);
+    return AxisText(axis, the_session.CaloricUnit, the_session.UnitMode);
 }
 
 }  // namespace
@@ -180,25 +181,25 @@ std::string CurveModelName(std::int16_t DiagramType) {
     return correlation ? vapour_pressure_name() : eos_name();
 }
 
-void FillTexts(Declare::DiagramRequest& request) {
+void FillTexts(diagrams::DiagramRequest& request) {
     const CatalogueRow* row = FindRow(request.DiagramType);
     if (row == nullptr) return;
     request.title = title_of(*row);
     request.subTitle = sub_title_of(*row, request);
     request.xLabel = axis_text_of(row->code, row->x);
     request.yLabel = axis_text_of(row->code, row->y);
-    if (session.UnitMode != kReduced) return;
+    if (the_session.UnitMode != kReduced) return;
     const ReducedText reduced = ReducedTextOf(row->code);
     if (!reduced.x.empty()) request.xLabel = reduced.x;
     if (!reduced.y.empty()) request.yLabel = reduced.y;
 }
 
-OpeningAnswer AnswerOf(const Declare::DiagramRequest& request) {
+OpeningAnswer AnswerOf(const diagrams::DiagramRequest& request) {
     const std::int16_t code = request.DiagramType;
-    if (code == 19 && models.CpModel == 0) return {false, "No cp(idGas) parameters available"};
+    if (code == 19 && the_models.CpModel == 0) return {false, "No cp(idGas) parameters available"};
     if (request.sectionKind == kDatabase && !HasDatabaseFunction(code))
         return {false, "No parameters for this function in the database"};
-    if (request.sectionKind != kProjection || !models.EOSOnlyV || code == 106) return {};
+    if (request.sectionKind != kProjection || !the_models.EOSOnlyV || code == 106) return {};
 
     // What a correlation gives is drawn all the same, and said.
     const std::string refusal =
@@ -209,4 +210,4 @@ OpeningAnswer AnswerOf(const Declare::DiagramRequest& request) {
     return {false, refusal};
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
 /// Diagram catalogue, windows, preparation of 2D and 3D diagrams.
-namespace Module9 {
+namespace quor::Module9 {
 
 /// Values of `DiagramRequest::sectionKind`.
 inline constexpr std::int16_t kIsothermal = 1;
@@ -61,8 +61,8 @@ enum class SubTitle : std::uint8_t {
 
 /// A pair of limits in `CoordinateDefaults`.
 struct LimitPair {
-    float Declare::CoordinateDefaults::*low = nullptr;
-    float Declare::CoordinateDefaults::*high = nullptr;
+    float diagrams::CoordinateDefaults::*low = nullptr;
+    float diagrams::CoordinateDefaults::*high = nullptr;
 };
 
 /// One diagram of the catalogue. Codes without a title belong to added curves whose window is the
@@ -97,7 +97,7 @@ ReducedText ReducedTextOf(std::int16_t DiagramType);
 
 /// Title, axis texts and subtitle of `request.DiagramType` for the session's units and models.
 /// A code without a row leaves them as they are.
-void FillTexts(Declare::DiagramRequest& request);
+void FillTexts(diagrams::DiagramRequest& request);
 
 /// Name of the model that draws a diagram: the EOS, or the vapour pressure equation.
 std::string CurveModelName(std::int16_t DiagramType);
@@ -107,6 +107,6 @@ struct OpeningAnswer {
     bool opens = true;
     std::string text;  ///< empty: nothing is said
 };
-OpeningAnswer AnswerOf(const Declare::DiagramRequest& request);
+OpeningAnswer AnswerOf(const diagrams::DiagramRequest& request);
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -3,11 +3,11 @@
 
 #include "diagrams/catalogue.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
-using D = Declare::CoordinateDefaults;
+using D = diagrams::CoordinateDefaults;
 
 constexpr LimitPair kT{&D::TMin, &D::TMax};
 constexpr LimitPair kTResidual{&D::TMin, &D::TMaxResidual};
@@ -193,4 +193,4 @@ const CatalogueRow* FindRow(std::int16_t DiagramType) {
     return row != kRows.end() && row->code == DiagramType ? &*row : nullptr;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

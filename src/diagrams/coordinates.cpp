@@ -10,14 +10,14 @@
 #include "models/caloric.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
 using constants::kPresent;
-using Declare::CoordinateDefaults;
-using Declare::DiagramRequest;
-using Declare::session;
+using diagrams::CoordinateDefaults;
+using diagrams::DiagramRequest;
+using legacy::the_session;
 
 float single(double value) {
     return numbers::ToSingle(value);
@@ -25,7 +25,7 @@ float single(double value) {
 
 void set_function_limits(CoordinateDefaults& d, double factor) {
     // Values of view, of conventional states and of formation lie in different regions.
-    const std::int16_t mode = Declare::reference.RefMode;
+    const std::int16_t mode = legacy::the_reference.RefMode;
     if (mode == 1) {
         d.funcMax = single(50000 * factor);
         d.funcMin = single(-50000 * factor);
@@ -40,10 +40,10 @@ void set_function_limits(CoordinateDefaults& d, double factor) {
 }
 
 void set_temperature_limits(CoordinateDefaults& d, double Tcrit, double Ttriple, double TF) {
-    const bool renewed = session.UnitsChanged;
+    const bool renewed = the_session.UnitsChanged;
     if (d.TMax == 0 || renewed) d.TMax = single(TF * Tcrit * 1.1);
     if (d.TMin == 0 || renewed)
-        d.TMin = single(TF * Ttriple * (Declare::models.EOSOnlyV ? 0.3 : 1.0));
+        d.TMin = single(TF * Ttriple * (legacy::the_models.EOSOnlyV ? 0.3 : 1.0));
     if (static_cast<double>(d.TMin) < kPresent) d.TMin = single(0.5 * Tcrit * TF);
     d.TMaxResidual = std::max(d.TMax, single(300 * TF));
 
@@ -55,7 +55,7 @@ void set_temperature_limits(CoordinateDefaults& d, double Tcrit, double Ttriple,
 
 double molar_cp_limit(double Tcrit) {
     constexpr double kWithoutForm = 50;  // kJ/(kmol K)
-    const thermo::CpResult ideal = thermo::IdealGasCp(Tcrit);
+    const models::CpResult ideal = models::IdealGasCp(Tcrit);
     return ideal.status == kSuccess ? ideal.cp : kWithoutForm;
 }
 
@@ -76,7 +76,7 @@ void set_database_window(DiagramRequest& request) {
     double yLow = values.low, yHigh = values.high;
     widen(xLow, xHigh);
     widen(yLow, yHigh);
-    const auto TF = static_cast<double>(session.TemperatureFactor);
+    const auto TF = static_cast<double>(the_session.TemperatureFactor);
     request.xMin = single(xLow * TF);
     request.xMax = single(xHigh * TF);
     request.yMin = single(yLow);
@@ -86,17 +86,19 @@ void set_database_window(DiagramRequest& request) {
 }  // namespace
 
 void CalcCoordinateDefaults(CoordinateDefaults& d) {
-    Module2::RefreshUnits();
-    session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+    session::RefreshUnits();
+    the_session.CaloricFactor =
+        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
 
-    const Declare::SubstanceRecord& s = Declare::substance;
-    const auto PF = static_cast<double>(session.PressureFactor);
-    const auto TF = static_cast<double>(session.TemperatureFactor);
-    const double VF = session.VolumeFactor;
-    const double CF = session.CaloricFactor;
+    const models::SubstanceRecord& s = legacy::the_substance;
+    const auto PF = static_cast<double>(the_session.PressureFactor);
+    const auto TF = static_cast<double>(the_session.TemperatureFactor);
+    const double VF = the_session.VolumeFactor;
+    const double CF = the_session.CaloricFactor;
     if (!(s.Tcrit > 0) || !(s.pcrit > 0)) return;
 
-    const double vcrit = Declare::models.EOSOnlyV ? s.vcritExp : Declare::eosParameters.vcritCalc;
+    const double vcrit =
+        legacy::the_models.EOSOnlyV ? s.vcritExp : legacy::the_eosParameters.vcritCalc;
     d.vMin = 0;
     d.vMax = single(VF * 7 * vcrit);
     if (d.vMax == 0) d.vMax = 1.5F;
@@ -105,12 +107,12 @@ void CalcCoordinateDefaults(CoordinateDefaults& d) {
     d.rhoMin = 0;
     d.rhoMax = single(3.5 * s.rhocrit);
 
-    if (d.pMax == 0 || session.UnitsChanged) d.pMax = single(PF * s.pcrit * 1.4);
+    if (d.pMax == 0 || the_session.UnitsChanged) d.pMax = single(PF * s.pcrit * 1.4);
     d.pMin = 0.001F;
     d.pvMin = 0;
     d.pvMax = single(PF * s.pcrit * static_cast<double>(d.vMax));
     d.lnpMin = -5;
-    d.lnpMax = single(session.UnitMode == 2 ? 0.5 : 1.1 * std::log(PF * s.pcrit));
+    d.lnpMax = single(the_session.UnitMode == 2 ? 0.5 : 1.1 * std::log(PF * s.pcrit));
     d.dlnpMax = -500;
     d.dlnpMin = -6000;
 
@@ -147,4 +149,4 @@ void FillDiagramWindow(const CoordinateDefaults& d, DiagramRequest& request) {
     request.yMaxDefault = request.yMax;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -1,19 +1,19 @@
 #pragma once
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
 /// Default limits of the quantities and the window of each kind of diagram.
-namespace Module9 {
+namespace quor::Module9 {
 
 /// Sets the defaults in displayed units from substance, models, units and reference state.
 /// `pMax`, `TMax` and `TMin` keep a value that is not 0 unless the units have changed. Throws
 /// `faults::Fault` when specific units are asked for without a molar mass.
-void CalcCoordinateDefaults(Declare::CoordinateDefaults& defaults);
+void CalcCoordinateDefaults(diagrams::CoordinateDefaults& defaults);
 
 /// Window of `request.DiagramType`, in displayed units, and its copy in the default fields; for a
 /// database function also its validity. An added curve has the window of its diagram; a code of no
 /// diagram gets T from TMin to TMax and keeps y.
-void FillDiagramWindow(const Declare::CoordinateDefaults& defaults,
-                       Declare::DiagramRequest& request);
+void FillDiagramWindow(const diagrams::CoordinateDefaults& defaults,
+                       diagrams::DiagramRequest& request);
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -6,7 +6,7 @@
 #include "common/faults.h"
 #include "diagrams/curve_kinds.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 namespace {
 
@@ -121,7 +121,7 @@ const CurveKind* kind_of(std::int16_t code) {
 
 void compute(Curve& c) {
     c.prepare();
-    if (Declare::session.TieLineRequested) return tie_line(c);
+    if (legacy::the_session.TieLineRequested) return tie_line(c);
     const CurveKind* kind = kind_of(c.request.DiagramType);
     if (kind == nullptr) return;
     c.mark = kind->mark;
@@ -137,8 +137,8 @@ std::int16_t final_status(const Curve& c) {
 
 }  // namespace
 
-CurveResult CalcCurve(Declare::DiagramRequest& request, Declare::CurvePointArray& points, double T,
-                      double p, double v) {
+CurveResult CalcCurve(diagrams::DiagramRequest& request, diagrams::CurvePointArray& points,
+                      double T, double p, double v) {
     points.assign(1, {});
     Curve curve(request, points, T, p, v);
     if (curve.dX == 0 || curve.dY == 0) return {};
@@ -156,7 +156,7 @@ CurveResult CalcCurve(Declare::DiagramRequest& request, Declare::CurvePointArray
     return result;
 }
 
-std::size_t PointCount(const Declare::CurvePointArray& points) {
+std::size_t PointCount(const diagrams::CurvePointArray& points) {
     return points.empty() ? 0 : points.size() - 1;
 }
 
@@ -189,7 +189,7 @@ StatusText TextOf(const CurveResult& result) {
         case CurveStatus::kNoResult:
             return {"Aborted", result.message};
         case CurveStatus::kBelowTriple:
-            if (Declare::models.EOSOnlyV) return {};
+            if (legacy::the_models.EOSOnlyV) return {};
             return {"WARNING", "Partially calculated at T < T(triple)!"};
         case CurveStatus::kNoCriticalVolume:
             return {"Execution not possible", "No critical density available"};
@@ -208,4 +208,4 @@ StatusText TextOf(const CurveResult& result) {
     }
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

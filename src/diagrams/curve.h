@@ -4,10 +4,10 @@
 #include <string>
 #include <string_view>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
 /// Curve computation, process lines, grids.
-namespace kurve {
+namespace quor::diagrams {
 
 /// What `CalcCurve` reports beside its points.
 namespace CurveStatus {
@@ -36,11 +36,11 @@ struct CurveResult {
 /// parameters T/K, p/kPa, v in m^3/kmol that its kind needs. `points` gets the header and the
 /// points; an empty window gives a header with a count of 0 and status 0. Database functions and
 /// the slope of the vapour pressure complete the request's texts. Never throws.
-CurveResult CalcCurve(Declare::DiagramRequest& request, Declare::CurvePointArray& points, double T,
-                      double p, double v);
+CurveResult CalcCurve(diagrams::DiagramRequest& request, diagrams::CurvePointArray& points,
+                      double T, double p, double v);
 
 /// Number of points behind the header.
-std::size_t PointCount(const Declare::CurvePointArray& points);
+std::size_t PointCount(const diagrams::CurvePointArray& points);
 
 /// Mark of the curves of a code; kMarkNone for an unknown one.
 float MarkOf(std::int16_t DiagramType);
@@ -57,4 +57,4 @@ StatusText TextOf(const CurveResult& result);
 /// True when the curve is drawn in spite of its status.
 bool IsDrawn(std::int16_t status);
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -5,15 +5,15 @@
 #include "diagrams/curve_kinds.h"
 #include "diagrams/dome_pressures.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 using constants::kPresent;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
 double plotted_volume(const Equilibrium& e) {
-    return at_fraction(e.vL, e.vV, session.VapourFraction);
+    return at_fraction(e.vL, e.vV, the_session.VapourFraction);
 }
 
 /// The walk down the dome in p-v. Its step in T adapts itself, so that neighbouring points are
@@ -70,7 +70,7 @@ class DomeWalk {
 
     /// Where the walk has to end: at the triple point, or nowhere.
     double lowest_T() const {
-        const bool realOnly = session.CurveRealRangeOnly && c.fluid.models.EOSModel > 0;
+        const bool realOnly = the_session.CurveRealRangeOnly && c.fluid.models.EOSModel > 0;
         return realOnly ? static_cast<double>(c.substance.Ttriple) : 0;
     }
 
@@ -173,7 +173,7 @@ void dome_T_v(Curve& c) {
     };
     // The liquid line is steep: it takes a quarter of the step.
     double step = 2 * c.dY / c.TF;
-    if (session.VapourFraction < 0.5) step /= 4;
+    if (the_session.VapourFraction < 0.5) step /= 4;
     add(critical);
     double p = 0;
     Steps loop =
@@ -230,4 +230,4 @@ void rectilinear_diameter(Curve& c) {
     });
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -2,7 +2,7 @@
 #include "diagrams/curve_kinds.h"
 #include "diagrams/database_functions.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 void database_function(Curve& c) {
     const std::int16_t code = c.request.DiagramType;
@@ -18,4 +18,4 @@ void database_function(Curve& c) {
         if (const auto y = Module9::DatabaseValue(code, x / c.TF)) c.add(x, *y, 0);
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -9,17 +9,17 @@
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
-using Declare::CurvePoint;
-using Declare::session;
+using diagrams::CurvePoint;
+using legacy::the_session;
 
-Curve::Curve(Declare::DiagramRequest& requestOfCurve, Declare::CurvePointArray& pointsOfCurve,
+Curve::Curve(diagrams::DiagramRequest& requestOfCurve, diagrams::CurvePointArray& pointsOfCurve,
              double TOfCurve, double pOfCurve, double vOfCurve)
     : request(requestOfCurve),
       points(pointsOfCurve),
-      fluid(Calc::CurrentFluid()),
-      substance(Declare::substance),
+      fluid(models::CurrentFluid()),
+      substance(legacy::the_substance),
       T(TOfCurve),
       p(pOfCurve),
       v(vOfCurve),
@@ -28,28 +28,28 @@ Curve::Curve(Declare::DiagramRequest& requestOfCurve, Declare::CurvePointArray& 
       yMin(static_cast<double>(requestOfCurve.yMin)),
       yMax(static_cast<double>(requestOfCurve.yMax)) {
     steps = std::max<int>(
-        1, request.PointsPerCurve > 0 ? request.PointsPerCurve : session.PointsPerCurve);
+        1, request.PointsPerCurve > 0 ? request.PointsPerCurve : the_session.PointsPerCurve);
     dX = (xMax - xMin) / steps;
     dY = (yMax - yMin) / steps;
 }
 
 void Curve::prepare() {
-    Module2::RefreshUnits();
-    TF = static_cast<double>(session.TemperatureFactor);
-    PF = static_cast<double>(session.PressureFactor);
-    VF = session.VolumeFactor;
+    session::RefreshUnits();
+    TF = static_cast<double>(the_session.TemperatureFactor);
+    PF = static_cast<double>(the_session.PressureFactor);
+    VF = the_session.VolumeFactor;
     M = static_cast<double>(substance.M);
     if (T > 0) {
-        session.CaloricFactor = caloric(T);
-        pLVCorr = Calc::vapour_pressure(substance, T, fluid.models.VPCode).p;
+        the_session.CaloricFactor = caloric(T);
+        pLVCorr = models::vapour_pressure(substance, T, fluid.models.VPCode).p;
         if (subcritical_T()) atT = equilibrium_at_T(fluid, T);
     }
     if (p > 0) {
-        TLVCorr = Calc::boiling_temperature(substance, p, fluid.models.VPCode).T;
+        TLVCorr = models::boiling_temperature(substance, p, fluid.models.VPCode).T;
         if (subcritical_p()) atP = equilibrium_at_p(fluid, p);
     }
-    thermo::settle_reference(Declare::reference);
-    surroundings_ = thermo::surroundings_state(fluid, Declare::reference);
+    models::settle_reference(legacy::the_reference);
+    surroundings_ = models::surroundings_state(fluid, legacy::the_reference);
 }
 
 void Curve::push(double x, double y, double z) {
@@ -72,7 +72,7 @@ void Curve::add_tested_by_y(double x, double y, double z) {
 }
 
 bool Curve::below_triple() {
-    if (session.CurveRealRangeOnly && fluid.models.EOSModel > 0) return false;
+    if (the_session.CurveRealRangeOnly && fluid.models.EOSModel > 0) return false;
     status = CurveStatus::kBelowTriple;
     return true;
 }
@@ -88,21 +88,21 @@ bool Curve::is_real_at_p(double pressure) {
 }
 
 bool Curve::partial_gas() const {
-    return session.PartialGasCurve && vapour_only();
+    return the_session.PartialGasCurve && vapour_only();
 }
 
 double Curve::caloric(double temperature) const {
-    return Module2::CaloricFactorOf(session.CaloricUnit, temperature);
+    return session::CaloricFactorOf(the_session.CaloricUnit, temperature);
 }
 
 std::optional<double> Curve::pressure(double temperature, double volume) const {
-    Declare::EOSState state = Calc::eos_at(fluid, temperature);
-    const Calc::PressureResult r = Calc::pressure_from_Tv(fluid, temperature, volume, state);
+    models::EOSState state = models::eos_at(fluid, temperature);
+    const models::PressureResult r = models::pressure_from_Tv(fluid, temperature, volume, state);
     if (r.status != kSuccess || !std::isfinite(r.p)) return std::nullopt;
     return r.p;
 }
 
-double stable_volume_of(const Calc::StateTP& state) {
+double stable_volume_of(const models::StateTP& state) {
     if (state.status != kSuccess) return 0;
     if (state.hasV != state.hasL) return state.hasV ? state.vV : state.vL;
     // On the phase boundary within the tolerance of the solver the areas still tell the side.
@@ -111,16 +111,16 @@ double stable_volume_of(const Calc::StateTP& state) {
 }
 
 double Curve::stable_volume(double temperature, double pressure) const {
-    return stable_volume_of(Calc::solve_state_tp(fluid, temperature, pressure));
+    return stable_volume_of(models::solve_state_tp(fluid, temperature, pressure));
 }
 
-thermo::StateValues Curve::functions(double temperature, double pressure, double volume) const {
-    return thermo::state_functions(fluid, Declare::reference, surroundings_, temperature, pressure,
-                                   volume);
+models::StateValues Curve::functions(double temperature, double pressure, double volume) const {
+    return models::state_functions(fluid, legacy::the_reference, surroundings_, temperature,
+                                   pressure, volume);
 }
 
-std::optional<double> value_of(const thermo::StateValues& state, Function function) {
-    using thermo::StateValues;
+std::optional<double> value_of(const models::StateValues& state, Function function) {
+    using models::StateValues;
     if (!state.table.filled) return std::nullopt;
     const bool isExergy = function == &StateValues::eH || function == &StateValues::eU;
     if (state.status != kSuccess && isExergy) return std::nullopt;
@@ -134,7 +134,7 @@ namespace {
 
 /// Ascending by a coordinate, stable, in place: curves come in runs that rise or fall, so that a
 /// falling run is turned round and the few points added behind it are put in their place.
-void sort_by(Declare::CurvePointArray& points, float CurvePoint::*coordinate) {
+void sort_by(diagrams::CurvePointArray& points, float CurvePoint::*coordinate) {
     const auto key = [coordinate](const CurvePoint& point) { return point.*coordinate; };
     const auto begin = points.begin() + 1;
     auto run = begin;
@@ -160,4 +160,4 @@ void Curve::SortByY() {
     sort_by(points, &CurvePoint::y);
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -8,19 +8,19 @@
 #include "models/caloric.h"
 #include "models/state_solver.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 /// What all kinds of curves share: the request, the units, the window test, the real-range check.
 /// A kind of curve adds its points through it.
 class Curve {
   public:
-    Curve(Declare::DiagramRequest& requestOfCurve, Declare::CurvePointArray& pointsOfCurve,
+    Curve(diagrams::DiagramRequest& requestOfCurve, diagrams::CurvePointArray& pointsOfCurve,
           double TOfCurve, double pOfCurve, double vOfCurve);
 
-    Declare::DiagramRequest& request;
-    Declare::CurvePointArray& points;
-    const Calc::Fluid fluid;
-    const Declare::SubstanceRecord& substance;
+    diagrams::DiagramRequest& request;
+    diagrams::CurvePointArray& points;
+    const models::Fluid fluid;
+    const models::SubstanceRecord& substance;
 
     const double T, p, v;  ///< state parameters, K, kPa, m^3/kmol
     const double xMin, xMax, yMin, yMax;
@@ -62,7 +62,7 @@ class Curve {
     /// Volume of the stable phase at T and p; 0 where the EOS has none.
     double stable_volume(double temperature, double pressure) const;
     /// Caloric values without a status test, see `value_of`.
-    thermo::StateValues functions(double temperature, double pressure, double volume) const;
+    models::StateValues functions(double temperature, double pressure, double volume) const;
 
     /// Ascending in x or y; points with equal values keep their order.
     void SortByX();
@@ -72,15 +72,15 @@ class Curve {
     void push(double x, double y, double z);
     bool below_triple();
 
-    thermo::Surroundings surroundings_;
+    models::Surroundings surroundings_;
     bool outside_ = true;
 };
 
-using Function = double thermo::StateValues::*;
+using Function = double models::StateValues::*;
 
 /// A caloric value, or nothing where the state has none: no cp form, no surroundings for an
 /// exergy, the pole of cp at the critical point.
-std::optional<double> value_of(const thermo::StateValues& state, Function function);
+std::optional<double> value_of(const models::StateValues& state, Function function);
 
 /// f at a vapour fraction between liquid and vapour.
 inline double at_fraction(double liquid, double vapour, double fraction) {
@@ -88,6 +88,6 @@ inline double at_fraction(double liquid, double vapour, double fraction) {
 }
 
 /// The stable one of the volumes of a state; 0 when there is none.
-double stable_volume_of(const Calc::StateTP& state);
+double stable_volume_of(const models::StateTP& state);
 
-}  // namespace kurve
+}  // namespace quor::diagrams

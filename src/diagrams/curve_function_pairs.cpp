@@ -3,7 +3,7 @@
 #include "diagrams/curve_kinds.h"
 #include "diagrams/project_state.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 namespace {
 
@@ -30,8 +30,8 @@ void add_tie_line(Curve& c, const Equilibrium& e, bool towardsLiquid, double z) 
 void function_pairs(Curve& c) {
     const std::int16_t code = c.request.DiagramType;
     const bool isothermal = code == 21 || code == 107 || code == 109;
-    double from = Declare::processLine.RangeStart;
-    double to = Declare::processLine.RangeEnd;
+    double from = legacy::the_processLine.RangeStart;
+    double to = legacy::the_processLine.RangeEnd;
     if (from > to) std::swap(from, to);
     const Equilibrium& e = isothermal ? c.atT : c.atP;
     const double edge = isothermal ? e.p : e.T;
@@ -54,4 +54,4 @@ void function_pairs(Curve& c) {
     }
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

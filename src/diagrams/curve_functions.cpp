@@ -7,10 +7,10 @@
 #include "diagrams/project_state.h"
 #include "models/cubic_eos.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
-using Declare::session;
-using thermo::StateValues;
+using legacy::the_session;
+using models::StateValues;
 
 namespace {
 
@@ -56,11 +56,11 @@ struct CaloricOrdinate {
 
 /// Column of the residual table, times R: dimensionless for s and cp, in K for h and g.
 struct ResidualOrdinate {
-    thermo::Residual column;
+    models::Residual column;
 
     Ordinate operator()(const Curve& c, double T, double p, double v) const {
-        const thermo::PhaseTable table =
-            thermo::residual_functions(c.fluid, Calc::eos_at(c.fluid, T), T, p, v);
+        const models::PhaseTable table =
+            models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
         if (!table.filled) return std::nullopt;
         return constants::R * table.residual[column] * c.caloric(T);
     }
@@ -69,8 +69,8 @@ struct ResidualOrdinate {
 /// Real heat capacity: the ideal gas and the residual part.
 struct HeatCapacityOrdinate {
     Ordinate operator()(const Curve& c, double T, double p, double v) const {
-        const thermo::CpResult ideal = thermo::ideal_gas_cp(c.substance, c.fluid.models.CpModel, T);
-        const Ordinate residual = ResidualOrdinate{thermo::ResCp}(c, T, p, v);
+        const models::CpResult ideal = models::ideal_gas_cp(c.substance, c.fluid.models.CpModel, T);
+        const Ordinate residual = ResidualOrdinate{models::ResCp}(c, T, p, v);
         if (ideal.status != kSuccess || !residual) return std::nullopt;
         return ideal.cp * c.caloric(T) + *residual;
     }
@@ -78,11 +78,11 @@ struct HeatCapacityOrdinate {
 
 struct JouleThomsonOrdinate {
     Ordinate operator()(const Curve& c, double T, double p, double v) const {
-        const thermo::PhaseTable table =
-            thermo::residual_functions(c.fluid, Calc::eos_at(c.fluid, T), T, p, v);
-        const bool hasCp = thermo::ideal_gas_cp(c.substance, c.fluid.models.CpModel, T).cp > 0;
+        const models::PhaseTable table =
+            models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
+        const bool hasCp = models::ideal_gas_cp(c.substance, c.fluid.models.CpModel, T).cp > 0;
         if (!table.filled || !hasCp) return std::nullopt;
-        return table.residual[thermo::JouleThomson];
+        return table.residual[models::JouleThomson];
     }
 };
 
@@ -119,7 +119,7 @@ void metastable_over_T(Curve& c, Y y, double move) {
     double last = e.T * c.TF;
     Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
-        const double T = Calc::temperature_from_p_rho(c.fluid, c.p, c.M / v, true).T;
+        const double T = models::temperature_from_p_rho(c.fluid, c.p, c.M / v, true).T;
         if (!(T > 0) || std::fabs(T * c.TF - last) < move * c.dX) continue;
         add_at(c, y, T * c.TF, T, c.p, v, c.p);
         last = T * c.TF;
@@ -129,7 +129,7 @@ void metastable_over_T(Curve& c, Y y, double move) {
 
 template <class Y>
 void isobar_with_crossing(Curve& c, Y y) {
-    if (session.SCurveRequested && c.atP.found) return metastable_over_T(c, y, kMetastableMove);
+    if (the_session.SCurveRequested && c.atP.found) return metastable_over_T(c, y, kMetastableMove);
     const Equilibrium& e = c.atP;
     bool crossed = !e.found;
     Steps loop = Steps::clamped(c.xMax, lower_temperature(c), -c.dX);
@@ -184,7 +184,7 @@ void metastable_over_p(Curve& c, Y y) {
     double last = e.p * c.PF;
     Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
-        const double p = Calc::cubic_pressure(e.state, c.T, v);
+        const double p = models::cubic_pressure(e.state, c.T, v);
         // The caloric functions take ln p: there is no value on the part under tension.
         if (!(p > 0) || std::fabs(p * c.PF - last) < kMetastableMove * c.dX) continue;
         add_at(c, y, p * c.PF, c.T, p, v, c.T);
@@ -195,7 +195,7 @@ void metastable_over_p(Curve& c, Y y) {
 
 template <class Y>
 void isotherm_with_crossing(Curve& c, Y y) {
-    if (session.SCurveRequested && c.atT.found) return metastable_over_p(c, y);
+    if (the_session.SCurveRequested && c.atT.found) return metastable_over_p(c, y);
     const Equilibrium& e = c.atT;
     const bool ends = c.partial_gas() && c.subcritical_T() && c.pLVCorr > 0;
     const double upper = ends ? c.pLVCorr * c.PF : c.xMax;
@@ -231,13 +231,13 @@ template <class Y>
 void isotherm_over_v(Curve& c, Y y) {
     const Equilibrium& e = c.atT;
     const double step = 0.5 * c.dX;
-    if (session.SCurveRequested && e.found) {
+    if (the_session.SCurveRequested && e.found) {
         const double low = e.vL * c.VF, high = e.vV * c.VF;
         Steps loop = Steps::clamped(low, high, std::fmax(step, (high - low) / kVolumeSteps));
         for (double x; loop.next(x);) add_over_v(c, y, x / c.VF);
         return;
     }
-    const double covolume = c.vapour_only() ? 0 : Calc::eos_at(c.fluid, c.T).eosB;
+    const double covolume = c.vapour_only() ? 0 : models::eos_at(c.fluid, c.T).eosB;
     Steps loop = Steps::clamped(c.xMin, c.xMax, step);
     for (double x; loop.next(x);) {
         const double v = x / c.VF;
@@ -286,7 +286,7 @@ void functions_of_v(Curve& c) {
 
 void heat_capacity(Curve& c) {
     const HeatCapacityOrdinate y;
-    if (session.SCurveRequested && c.atP.found) return metastable_over_T(c, y, 1.0);
+    if (the_session.SCurveRequested && c.atP.found) return metastable_over_T(c, y, 1.0);
     plain_isobar(c, y);
 }
 
@@ -297,8 +297,8 @@ void joule_thomson(Curve& c) {
 namespace {
 
 /// Columns 3 to 6 of the residual table in the order of the codes.
-thermo::Residual residual_of(int index) {
-    return static_cast<thermo::Residual>(thermo::ResS + index);
+models::Residual residual_of(int index) {
+    return static_cast<models::Residual>(models::ResS + index);
 }
 
 }  // namespace
@@ -311,4 +311,4 @@ void residual_of_p(Curve& c) {
     isotherm_with_crossing(c, ResidualOrdinate{residual_of(c.request.DiagramType - 40)});
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -5,7 +5,7 @@
 #include "diagrams/curve_kinds.h"
 #include "models/cubic_eos.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 using constants::kPresent;
 
@@ -15,8 +15,8 @@ namespace {
 /// and its sign and needs no heat capacity.
 std::optional<double> throttling(const Curve& c, double T, double p, double v) {
     if (!(v > 0)) return std::nullopt;
-    const thermo::PhaseTable table =
-        thermo::residual_functions(c.fluid, Calc::eos_at(c.fluid, T), T, p, v);
+    const models::PhaseTable table =
+        models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
     if (!table.filled || table.first[4] == 0) return std::nullopt;
     return T * table.first[4] - v;
 }
@@ -39,7 +39,7 @@ double scale_of_steps(const Curve& c) {
 /// other there is.
 bool vanishes(const Curve& c, double numerator, double T) {
     constexpr double kZero = 1e-6;
-    return std::fabs(numerator) < kZero * Calc::eos_at(c.fluid, T).eosB;
+    return std::fabs(numerator) < kZero * models::eos_at(c.fluid, T).eosB;
 }
 
 /// Halves the bracket of a change of sign.
@@ -156,8 +156,8 @@ namespace {
 
 /// The volume of the liquid, stable or not, below Tcrit, and of the fluid above.
 double dense_volume(const Curve& c, double T, double p) {
-    const Declare::EOSState state = Calc::eos_at(c.fluid, T);
-    const Calc::CubicRoots roots = Calc::solve_cubic(state, T, p);
+    const models::EOSState state = models::eos_at(c.fluid, T);
+    const models::CubicRoots roots = models::solve_cubic(state, T, p);
     return roots.status == kSuccess && roots.v[0] > state.eosB ? roots.v[0] : 0;
 }
 
@@ -253,4 +253,4 @@ void inversion_p_T(Curve& c) {
     }
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -3,7 +3,7 @@
 #include "diagrams/curve_frame.h"
 
 /// One function a kind of curve; `CalcCurve` finds it by the code of the request.
-namespace kurve {
+namespace quor::diagrams {
 
 // Sections p-v-T (curve_sections.cpp).
 void isotherm_p_v(Curve& c);
@@ -58,4 +58,4 @@ void process_polytropic(Curve& c);
 // Tie-lines (tie_line.cpp).
 void tie_line(Curve& c);
 
-}  // namespace kurve
+}  // namespace quor::diagrams

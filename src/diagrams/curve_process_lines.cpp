@@ -8,10 +8,10 @@
 #include "diagrams/project_state.h"
 #include "models/cubic_eos.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
-using Declare::processLine;
-using thermo::StateValues;
+using legacy::the_processLine;
+using models::StateValues;
 
 namespace {
 
@@ -19,29 +19,29 @@ constexpr int kLiquid = 0;  // `ProcessLineRecord::Phase`
 
 /// Adds a state to the line on the axes of the diagram and keeps it as the last one.
 void add_state(Curve& c, double T, double p, double v, const StateValues& functions) {
-    const Projection at = ProjectState(processLine.BaseDiagramType, T, p, v, functions);
+    const Projection at = ProjectState(the_processLine.BaseDiagramType, T, p, v, functions);
     if (!at.exists) return;
     c.add(at.x, at.y, at.z);
-    processLine.LastT = T;
-    processLine.LastP = p;
+    the_processLine.LastT = T;
+    the_processLine.LastP = p;
 }
 
 void add_state(Curve& c, double T, double p, double v) {
-    const bool needed = NeedsFunctions(processLine.BaseDiagramType);
+    const bool needed = NeedsFunctions(the_processLine.BaseDiagramType);
     add_state(c, T, p, v, needed ? c.functions(T, p, v) : StateValues{});
 }
 
 /// Volume at T and p of the phase of the line; with one root it is that one.
 double volume_of_phase(const Curve& c, double T, double p) {
-    const Calc::StateTP state = Calc::solve_state_tp(c.fluid, T, p);
+    const models::StateTP state = models::solve_state_tp(c.fluid, T, p);
     if (state.status != kSuccess) return 0;
     if (c.vapour_only()) return state.vV;
-    const bool vapour = processLine.Phase != kLiquid;
+    const bool vapour = the_processLine.Phase != kLiquid;
     return state.nRoots == 3 && vapour ? state.v[2] : state.v[0];
 }
 
 Steps range(const Curve& c, double share) {
-    const double from = processLine.RangeStart, to = processLine.RangeEnd;
+    const double from = the_processLine.RangeStart, to = the_processLine.RangeEnd;
     return Steps::clamped(from, to, share * (to - from) / c.steps);
 }
 
@@ -66,9 +66,9 @@ StateValues mixture(const StateValues& L, const StateValues& V, double x) {
         z.*member = at_fraction(L.*member, V.*member, x);
     z.cp = z.cv = z.w = kNone;
     auto& residual = z.table.residual;
-    for (const thermo::Residual column : {thermo::ResS, thermo::ResH, thermo::ResG})
+    for (const models::Residual column : {models::ResS, models::ResH, models::ResG})
         residual[column] = at_fraction(L.table.residual[column], V.table.residual[column], x);
-    residual[thermo::ResCp] = residual[thermo::JouleThomson] = kNone;
+    residual[models::ResCp] = residual[models::JouleThomson] = kNone;
     return z;
 }
 
@@ -83,7 +83,7 @@ double held_value(Held held, double v, const StateValues& functions) {
 /// Over the tie-lines of the range, from a saturated state at its start: the vapour fraction
 /// follows from the quantity that the line holds.
 void heterogeneous_line(Curve& c, Held held) {
-    const bool overT = processLine.RangeIsT != 0;
+    const bool overT = the_processLine.RangeIsT != 0;
     const auto equilibrium = [&](double running, double near) {
         return overT ? equilibrium_at_T(c.fluid, running, near)
                      : equilibrium_at_p(c.fluid, running, near);
@@ -91,9 +91,9 @@ void heterogeneous_line(Curve& c, Held held) {
     const auto sides = [&](const Equilibrium& e) {
         return std::array<StateValues, 2>{c.functions(e.T, e.p, e.vL), c.functions(e.T, e.p, e.vV)};
     };
-    const Equilibrium start = equilibrium(overT ? processLine.T1 : processLine.p1, 0);
+    const Equilibrium start = equilibrium(overT ? the_processLine.T1 : the_processLine.p1, 0);
     if (!start.found) return end_line(c, true);
-    const bool vapour = processLine.Phase != kLiquid;
+    const bool vapour = the_processLine.Phase != kLiquid;
     const double fixed =
         held_value(held, vapour ? start.vV : start.vL, sides(start)[vapour ? 1 : 0]);
 
@@ -125,8 +125,10 @@ void heterogeneous_line(Curve& c, Held held) {
 
 void straight_line(Curve& c) {
     constexpr int kParts = 50;
-    const auto x1 = static_cast<double>(processLine.x1), y1 = static_cast<double>(processLine.y1);
-    const auto x2 = static_cast<double>(processLine.x2), y2 = static_cast<double>(processLine.y2);
+    const auto x1 = static_cast<double>(the_processLine.x1),
+               y1 = static_cast<double>(the_processLine.y1);
+    const auto x2 = static_cast<double>(the_processLine.x2),
+               y2 = static_cast<double>(the_processLine.y2);
     if (x1 == x2 && y1 == y2) {
         c.status = CurveStatus::kNoResult;
         return;
@@ -158,18 +160,18 @@ void process_isobar(Curve& c) {
 }
 
 void process_isochore(Curve& c) {
-    if (processLine.Heterogeneous) return heterogeneous_line(c, Held::volume);
-    const double v = volume_of_phase(c, processLine.T1, processLine.p1);
+    if (the_processLine.Heterogeneous) return heterogeneous_line(c, Held::volume);
+    const double v = volume_of_phase(c, the_processLine.T1, the_processLine.p1);
     if (!(v > 0)) return end_line(c, true);
     bool stopped = false;
     Steps loop = range(c, 1.0);
     for (double running; loop.next(running);) {
-        if (processLine.RangeIsT != 0) {
+        if (the_processLine.RangeIsT != 0) {
             const auto p = c.pressure(running, v);
             if (p && *p > 0) add_state(c, running, *p, v);
             continue;
         }
-        const double T = Calc::temperature_from_p_rho(c.fluid, running, c.M / v, true).T;
+        const double T = models::temperature_from_p_rho(c.fluid, running, c.M / v, true).T;
         if (!(T > 0)) {
             stopped = true;
             break;
@@ -181,17 +183,17 @@ void process_isochore(Curve& c) {
 
 void process_isoline(Curve& c) {
     constexpr std::uint8_t kIsentropic = 4;
-    const bool entropy = processLine.Kind == kIsentropic;
-    if (processLine.Heterogeneous)
+    const bool entropy = the_processLine.Kind == kIsentropic;
+    if (the_processLine.Heterogeneous)
         return heterogeneous_line(c, entropy ? Held::entropy : Held::enthalpy);
 
-    const double T1 = processLine.T1, p1 = processLine.p1;
+    const double T1 = the_processLine.T1, p1 = the_processLine.p1;
     const double v1 = volume_of_phase(c, T1, p1);
     const Function function = entropy ? &StateValues::s : &StateValues::h;
     const auto fixed = v1 > 0 ? value_of(c.functions(T1, p1, v1), function) : std::nullopt;
     if (!fixed) return end_line(c, true);
 
-    const bool overT = processLine.RangeIsT != 0;
+    const bool overT = the_processLine.RangeIsT != 0;
     double T = T1, p = p1;
     bool stopped = false;
     Steps loop = range(c, overT ? 0.4 : 0.8);
@@ -215,7 +217,7 @@ namespace {
 
 /// The states that the polytropic program has given.
 void draw_answer(Curve& c) {
-    for (const Declare::PolytropicPoint& point : Declare::polytropicPoints) {
+    for (const diagrams::PolytropicPoint& point : legacy::the_polytropicPoints) {
         if (!std::isfinite(point.T) || !std::isfinite(point.p)) continue;
         const double v = volume_of_phase(c, point.T, point.p);
         if (v > 0) add_state(c, point.T, point.p, v);
@@ -229,13 +231,13 @@ void draw_answer(Curve& c) {
 /// asked, else the same line by the EOS itself.
 void process_polytropic(Curve& c) {
     constexpr double kRatioOfOne = 1.00001, kRatioOfNone = 0.00001;
-    if (!Declare::polytropicPoints.empty()) return draw_answer(c);
+    if (!legacy::the_polytropicPoints.empty()) return draw_answer(c);
 
-    const double n = processLine.PolytropicExponent;
-    const double T1 = processLine.T1, p1 = processLine.p1;
+    const double n = the_processLine.PolytropicExponent;
+    const double T1 = the_processLine.T1, p1 = the_processLine.p1;
     const double v1 = volume_of_phase(c, T1, p1);
     if (!(v1 > 0)) return end_line(c, true);
-    const bool overT = processLine.RangeIsT != 0;
+    const bool overT = the_processLine.RangeIsT != 0;
 
     // Over T the exponent fixes v by one equation in v alone, between neighbouring volumes.
     const auto volume_at_T = [&](double T, double near) {
@@ -266,7 +268,7 @@ void process_polytropic(Curve& c) {
         } else {
             // n = 0 is the isobar; over p it has no second point.
             v = std::fabs(n) > kRatioOfNone ? v1 * std::pow(p1 / p, 1 / n) : 0;
-            T = v > 0 ? Calc::temperature_from_p_rho(c.fluid, p, c.M / v, true).T : 0;
+            T = v > 0 ? models::temperature_from_p_rho(c.fluid, p, c.M / v, true).T : 0;
         }
         if (!(T > 0) || !(p > 0) || !(v > 0)) {
             stopped = true;
@@ -277,4 +279,4 @@ void process_polytropic(Curve& c) {
     end_line(c, stopped);
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

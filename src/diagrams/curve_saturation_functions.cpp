@@ -7,11 +7,11 @@
 #include "diagrams/dome_pressures.h"
 #include "models/vapour_pressure.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 using constants::kPresent;
-using Declare::session;
-using thermo::StateValues;
+using legacy::the_session;
+using models::StateValues;
 
 namespace {
 
@@ -54,7 +54,7 @@ BothPhases functions_at(const Curve& c, const Equilibrium& e) {
 /// for one phase only.
 std::optional<double> fraction_value(const Curve& c, const Equilibrium& e, const BothPhases& both,
                                      Function function) {
-    const double x = session.VapourFraction;
+    const double x = the_session.VapourFraction;
     const auto L = value_of(both.L, function);
     const auto V = value_of(both.V, function);
     const double factor = c.caloric(e.T);
@@ -127,7 +127,7 @@ namespace {
 enum class Course { rising, falling, neither };
 
 /// How y goes along the points.
-Course course_of(const Declare::CurvePointArray& points) {
+Course course_of(const diagrams::CurvePointArray& points) {
     bool rises = true, falls = true;
     for (std::size_t i = 2; i < points.size(); ++i) {
         rises = rises && points[i].y >= points[i - 1].y;
@@ -145,7 +145,7 @@ void saturation_functions_over_v(Curve& c) {
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
     const Function function = function_of(c.request.DiagramType);
-    const double fraction = session.VapourFraction;
+    const double fraction = the_session.VapourFraction;
     const bool magnitude = c.request.DiagramType == 89;
     const auto add = [&](const Equilibrium& e) {
         const auto y = fraction_value(c, e, function);
@@ -199,7 +199,7 @@ void saturation_function_pairs(Curve& c) {
     for (const Pair& row : kPairs)
         if (row.code == c.request.DiagramType) pair = &row;
 
-    const double scale = pair->xTimesTenv ? Declare::reference.Tenv : 1.0;
+    const double scale = pair->xTimesTenv ? legacy::the_reference.Tenv : 1.0;
     const auto add = [&](const Equilibrium& e) {
         const BothPhases both = functions_at(c, e);
         const auto x = fraction_value(c, e, both, pair->x);
@@ -209,14 +209,14 @@ void saturation_function_pairs(Curve& c) {
     // T comes from the vapour pressure equation, the state from the EOS at this T; without an
     // equation the EOS gives both.
     const auto add_at_pressure = [&](double p) {
-        double T = Calc::boiling_temperature(c.substance, p, c.fluid.models.VPCode).T;
+        double T = models::boiling_temperature(c.substance, p, c.fluid.models.VPCode).T;
         if (!(T > 0)) T = equilibrium_at_p(c.fluid, p).T;
         if (T < kPresent || T >= critical.T || !c.is_real_at_T(T)) return;
         const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
         if (e.found) add(e);
     };
 
-    const Declare::CoordinateDefaults& d = Declare::coordinates;
+    const diagrams::CoordinateDefaults& d = legacy::the_coordinates;
     const double low = d.pMin > 0 ? static_cast<double>(d.pMin) / c.PF : kLowest;
     const double high = static_cast<double>(d.pMax) / c.PF;
     const double step = kStep * (high - low) / c.steps;
@@ -234,4 +234,4 @@ void saturation_function_pairs(Curve& c) {
     add(critical);
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -6,10 +6,10 @@
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 using constants::R;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -20,9 +20,9 @@ constexpr double kLowestSubcritical = 0.01;
 /// Is a volume of a subcritical isotherm part of the curve? The S-shaped curve takes all, the
 /// stable one those outside of the dome, the metastable one those inside.
 bool takes_volume(const Equilibrium& e, double v) {
-    if (session.CurveSWithoutTieLine) return true;
+    if (the_session.CurveSWithoutTieLine) return true;
     const bool stable = v <= e.vL || v >= e.vV;
-    return stable != session.SCurveRequested;
+    return stable != the_session.SCurveRequested;
 }
 
 /// The two ordinates of an isotherm over p: pv in code 2, rho in code 26.
@@ -37,8 +37,8 @@ double upper_pressure(const Curve& c) {
 }
 
 void virial_isotherm_over_p(Curve& c) {
-    Declare::EOSState state;
-    const double B = Calc::second_virial(c.fluid, c.fluid.models.EOSModel, c.T, state);
+    models::EOSState state;
+    const double B = models::second_virial(c.fluid, c.fluid.models.EOSModel, c.T, state);
     Steps loop = Steps::clamped(c.xMin, upper_pressure(c), c.dX);
     for (double x; loop.next(x);) {
         const double p = std::fmax(x / c.PF, kLowestPressure);
@@ -48,11 +48,11 @@ void virial_isotherm_over_p(Curve& c) {
 }
 
 void supercritical_isotherm_over_p(Curve& c) {
-    const Declare::EOSState state = Calc::eos_at(c.fluid, c.T);
+    const models::EOSState state = models::eos_at(c.fluid, c.T);
     Steps loop = Steps::plain(c.xMin, c.xMax, c.dX);
     for (double x; loop.next(x);) {
         const double p = std::fmax(x / c.PF, kLowestPressure);
-        const Calc::CubicRoots roots = Calc::solve_cubic(state, c.T, p);
+        const models::CubicRoots roots = models::solve_cubic(state, c.T, p);
         if (roots.status == kSuccess) add_over_p(c, p, roots.v[0]);
     }
 }
@@ -63,7 +63,7 @@ void subcritical_isotherm_over_p(Curve& c) {
     Steps loop = Steps::plain(c.xMin, c.xMax, c.dX);
     for (double x; loop.next(x);) {
         const double p = std::fmax(x / c.PF, kLowestSubcritical);
-        const Calc::CubicRoots roots = Calc::solve_cubic(e.state, c.T, p);
+        const models::CubicRoots roots = models::solve_cubic(e.state, c.T, p);
         if (roots.status != kSuccess) continue;
         const bool vapour = roots.count == 3 && p <= e.p;
         add_over_p(c, p, vapour ? roots.v[2] : roots.v[0]);
@@ -82,7 +82,7 @@ void metastable_isotherm_over_p(Curve& c) {
     bool first = true;
     Steps loop = Steps::plain(e.vV, e.vL, (e.vL - e.vV) / kVolumeSteps);
     for (double v; loop.next(v);) {
-        const double p = Calc::cubic_pressure(e.state, c.T, v);
+        const double p = models::cubic_pressure(e.state, c.T, v);
         if (!first && std::fabs(p - last) * c.PF < kMoved * c.dX) continue;
         add_over_p(c, p, v);
         last = p;
@@ -103,10 +103,10 @@ void add_on_isobar(Curve& c, double T, double v) {
 /// Volume of a stable state on the isobar; 0 where there is none.
 double isobar_volume(const Curve& c, double T) {
     if (c.vapour_only()) {
-        Declare::EOSState state;
-        return R * T / c.p + Calc::second_virial(c.fluid, c.fluid.models.EOSModel, T, state);
+        models::EOSState state;
+        return R * T / c.p + models::second_virial(c.fluid, c.fluid.models.EOSModel, T, state);
     }
-    const Calc::CubicRoots roots = Calc::solve_cubic(Calc::eos_at(c.fluid, T), T, c.p);
+    const models::CubicRoots roots = models::solve_cubic(models::eos_at(c.fluid, T), T, c.p);
     if (roots.status != kSuccess) return 0;
     const bool vapour = c.atP.found && T > c.atP.T && roots.count == 3;
     return vapour ? roots.v[2] : roots.v[0];
@@ -121,7 +121,8 @@ void metastable_isobar(Curve& c) {
     for (double v; loop.next(v);) {
         const double x = isobar_x(c, v);
         if (!first && std::fabs(x - last) < c.dX) continue;
-        const Calc::TemperatureResult r = Calc::temperature_from_p_rho(c.fluid, c.p, c.M / v, true);
+        const models::TemperatureResult r =
+            models::temperature_from_p_rho(c.fluid, c.p, c.M / v, true);
         if (!(r.T > 0)) continue;
         add_on_isobar(c, r.T, v);
         last = x;
@@ -151,14 +152,14 @@ void isotherm_p_v(Curve& c) {
 void isotherm_over_p(Curve& c) {
     if (c.vapour_only()) return virial_isotherm_over_p(c);
     if (!c.subcritical_T()) return supercritical_isotherm_over_p(c);
-    if (session.SCurveRequested) return metastable_isotherm_over_p(c);
+    if (the_session.SCurveRequested) return metastable_isotherm_over_p(c);
     subcritical_isotherm_over_p(c);
 }
 
 void isobar_T_v(Curve& c) {
     const bool hasDome = !c.vapour_only() && c.subcritical_p();
     if (hasDome && !c.atP.found) return;
-    if (hasDome && session.SCurveRequested) return metastable_isobar(c);
+    if (hasDome && the_session.SCurveRequested) return metastable_isobar(c);
     Steps loop = Steps::plain(c.yMin, c.yMax, c.dY);
     for (double y; loop.next(y);) {
         const double T = y / c.TF;
@@ -185,8 +186,8 @@ void isochore_p_T(Curve& c) {
         const auto p = c.pressure(T, c.v);
         if (!p) continue;
         pLV = byEOS ? equilibrium_at_T(c.fluid, T, pLV).p
-                    : Calc::vapour_pressure(c.substance, T, c.fluid.models.VPCode).p;
-        const bool reached = session.CurveRealRangeOnly && pLV > 0 &&
+                    : models::vapour_pressure(c.substance, T, c.fluid.models.VPCode).p;
+        const bool reached = the_session.CurveRealRangeOnly && pLV > 0 &&
                              ((c.v > vcrit && *p > pLV) || (c.v < vcrit && *p < pLV));
         if (reached) {
             c.add(x, pLV * c.PF, c.v);
@@ -196,4 +197,4 @@ void isochore_p_T(Curve& c) {
     }
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

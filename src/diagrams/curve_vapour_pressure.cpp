@@ -8,7 +8,7 @@
 #include "diagrams/curve_kinds.h"
 #include "models/enthalpy_of_vaporisation.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 using constants::kPresent;
 
@@ -16,9 +16,9 @@ namespace {
 
 /// p(LV) at T/K by the EOS or by the equation; 0 where there is none. `near` is a close pressure.
 double saturation_pressure(const Curve& c, double T, double near) {
-    const Declare::ModelSelection& m = c.fluid.models;
+    const models::ModelSelection& m = c.fluid.models;
     if (m.PriorityCEOS && !m.EOSOnlyV) return equilibrium_at_T(c.fluid, T, near).p;
-    return Calc::vapour_pressure(c.substance, T, m.VPCode).p;
+    return models::vapour_pressure(c.substance, T, m.VPCode).p;
 }
 
 /// Passes over 1/T from the critical point; gives T/K to the body.
@@ -67,7 +67,7 @@ void vapour_pressure_slope(Curve& c) {
 
     double largest = kBelowAll, xLargest = 0;
     over_inverse_T(c, [&](double x, double T) {
-        const Calc::SlopeResult r = Calc::vapour_pressure_slope(c.substance, T, code);
+        const models::SlopeResult r = models::vapour_pressure_slope(c.substance, T, code);
         if (r.status != kSuccess) return;
         c.add(x, r.slope, 0);
         if (r.slope <= largest) return;
@@ -85,13 +85,13 @@ void vapour_pressure_slope(Curve& c) {
 }
 
 void heat_of_vaporisation(Curve& c) {
-    const Declare::ModelSelection& m = c.fluid.models;
+    const models::ModelSelection& m = c.fluid.models;
     bool hasPressure = false;
     Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX);
     for (double x; loop.next(x);) {
         const double T = x / c.TF;
         if (!(T > 0) || T > c.substance.Tcrit || !c.is_real_at_T(T)) continue;
-        const auto r = Calc::EnthalpyOfVaporisation(m.HLVModel, T, 0, m.VPCode, false);
+        const auto r = models::EnthalpyOfVaporisation(m.HLVModel, T, 0, m.VPCode, false);
         if (r.status != kSuccess) continue;
         hasPressure = hasPressure || r.p > 0;
         c.add(x, r.h * c.caloric(T), r.p > 0 ? r.p : 0);
@@ -100,4 +100,4 @@ void heat_of_vaporisation(Curve& c) {
     c.SortByX();
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -12,14 +12,14 @@
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
 using constants::kPresent;
-using Declare::models;
-using Declare::session;
-using Declare::SubstanceRecord;
+using legacy::the_models;
+using legacy::the_session;
+using models::SubstanceRecord;
 
 constexpr std::int16_t kDensityL = 300, kVolumeL = 301, kCpIdeal = 302, kCpL = 303, kCpS = 304,
                        kVaporisation = 305, kDensityS = 310;
@@ -39,17 +39,19 @@ std::optional<double> times(std::optional<double> value, double factor) {
 }
 
 std::optional<double> liquid_density(double T) {
-    const Calc::DensityResult r = Calc::density_liquid(Declare::substance, static_cast<float>(T));
+    const models::DensityResult r =
+        models::density_liquid(legacy::the_substance, static_cast<float>(T));
     return r.rho > 0 ? if_present(r.rho, r.status) : std::nullopt;
 }
 
 std::optional<double> solid_density(double T) {
-    const Calc::DensityResult r = Calc::density_solid(Declare::substance, static_cast<float>(T));
+    const models::DensityResult r =
+        models::density_solid(legacy::the_substance, static_cast<float>(T));
     return r.rho > 0 ? if_present(r.rho, r.status) : std::nullopt;
 }
 
 std::optional<double> caloric(double T, double value, Status status) {
-    return times(if_present(value, status), Module2::CaloricFactorOf(session.CaloricUnit, T));
+    return times(if_present(value, status), session::CaloricFactorOf(the_session.CaloricUnit, T));
 }
 
 Validity range(std::int16_t low, std::int16_t high) {
@@ -69,14 +71,14 @@ Validity density_range(std::int16_t low, std::int16_t high, float value, float t
 }
 
 Validity pressure_range(std::string_view equation) {
-    const SubstanceRecord& s = Declare::substance;
+    const SubstanceRecord& s = legacy::the_substance;
     if (equation == "FRO") return range(s.FRO.TLo, s.FRO.THi);
     if (equation == "WAG") return range(s.WAG.TLo, s.WAG.THi);
     if (equation == "ALP") return range(s.ALP.TLo, s.ALP.THi);
     return range(s.AHP.TLo, s.AHP.THi);
 }
 
-Validity cp_range(const Declare::CpSet& set) {
+Validity cp_range(const models::CpSet& set) {
     return range(set.TLo, set.THi);
 }
 
@@ -85,7 +87,7 @@ Validity cp_range(const Declare::CpSet& set) {
 std::optional<double> end_value(std::int16_t code, double T) {
     constexpr double kBelow = 0.01;  // K
     if (const auto value = DatabaseValue(code, T)) return value;
-    const SubstanceRecord& s = Declare::substance;
+    const SubstanceRecord& s = legacy::the_substance;
     double top = s.Tcrit;
     if (const auto Tset = static_cast<double>(s.WAG.a[8]);
         PressureEquationOf(code) == "WAG" && Tset > 0)
@@ -107,20 +109,21 @@ std::string_view PressureEquationOf(std::int16_t code) {
 
 bool LiquidVolumeIsSpecific() {
     constexpr std::int16_t kSpecificMode = 1, kReducedMode = 2, kSpecificUnit = 3;
-    return session.UnitMode == kSpecificMode ||
-           (session.UnitMode == kReducedMode && session.CaloricUnit == kSpecificUnit);
+    return the_session.UnitMode == kSpecificMode ||
+           (the_session.UnitMode == kReducedMode && the_session.CaloricUnit == kSpecificUnit);
 }
 
 double LiquidVolumeFactor() {
-    return LiquidVolumeIsSpecific() ? faults::divide(1.0, static_cast<double>(Declare::substance.M))
-                                    : 1.0;
+    return LiquidVolumeIsSpecific()
+               ? faults::divide(1.0, static_cast<double>(legacy::the_substance.M))
+               : 1.0;
 }
 
 std::optional<double> DatabaseValue(std::int16_t code, double T) {
     if (!(T > 0)) return std::nullopt;
     if (const std::string_view equation = PressureEquationOf(code); !equation.empty()) {
-        const auto r = Calc::vapour_pressure(Declare::substance, T, equation);
-        return times(if_present(r.p, r.status), static_cast<double>(session.PressureFactor));
+        const auto r = models::vapour_pressure(legacy::the_substance, T, equation);
+        return times(if_present(r.p, r.status), static_cast<double>(the_session.PressureFactor));
     }
     switch (code) {
         case kDensityL:
@@ -130,22 +133,22 @@ std::optional<double> DatabaseValue(std::int16_t code, double T) {
         case kVolumeL: {
             const std::optional<double> rho = liquid_density(T);
             if (!rho) return rho;
-            return static_cast<double>(Declare::substance.M) * LiquidVolumeFactor() / *rho;
+            return static_cast<double>(legacy::the_substance.M) * LiquidVolumeFactor() / *rho;
         }
         case kCpIdeal: {
-            const thermo::CpResult r = thermo::IdealGasCp(T);
+            const models::CpResult r = models::IdealGasCp(T);
             return caloric(T, r.cp, r.status);
         }
         case kCpL: {
-            const thermo::CpResult r = thermo::CpLiquid(T);
+            const models::CpResult r = models::CpLiquid(T);
             return caloric(T, r.cp, r.status);
         }
         case kCpS: {
-            const thermo::CpResult r = thermo::CpSolid(T);
+            const models::CpResult r = models::CpSolid(T);
             return caloric(T, r.cp, r.status);
         }
         case kVaporisation: {
-            const Calc::EnthalpyEquationResult r = Calc::EnthalpyEquationValue(T);
+            const models::EnthalpyEquationResult r = models::EnthalpyEquationValue(T);
             return caloric(T, r.h, r.status);
         }
         default:
@@ -154,7 +157,7 @@ std::optional<double> DatabaseValue(std::int16_t code, double T) {
 }
 
 Validity ValidityOf(std::int16_t code) {
-    const SubstanceRecord& s = Declare::substance;
+    const SubstanceRecord& s = legacy::the_substance;
     if (const std::string_view equation = PressureEquationOf(code); !equation.empty())
         return pressure_range(equation);
     switch (code) {
@@ -164,7 +167,7 @@ Validity ValidityOf(std::int16_t code) {
         case kDensityS:
             return density_range(s.rhoSTLo, s.rhoSTHi, s.rhoSPar[0], s.rhoSPar[2]);
         case kCpIdeal:
-            return cp_range(models.CpModel == kSinhCosh ? s.cpSinh : s.cpPoly);
+            return cp_range(the_models.CpModel == kSinhCosh ? s.cpSinh : s.cpPoly);
         case kCpL:
             return cp_range(s.cpL);
         case kCpS:
@@ -194,4 +197,4 @@ ValueRange ValueRangeOf(std::int16_t code) {
     return r;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

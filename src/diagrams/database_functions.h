@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// The database functions that diagrams show: codes 300 to 310.
-namespace Module9 {
+namespace quor::Module9 {
 
 /// Code of the vapour pressure equation of diagram 306 to 309; empty for any other diagram.
 std::string_view PressureEquationOf(std::int16_t DiagramType);
@@ -31,4 +31,4 @@ struct ValueRange {
 };
 ValueRange ValueRangeOf(std::int16_t DiagramType);
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -5,16 +5,16 @@
 #include <initializer_list>
 #include <utility>
 
+#include "chart/sheet2d.h"
 #include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
 #include "diagrams/catalogue.h"
-#include "diagrams/chart/sheet2d.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
@@ -60,8 +60,8 @@ SavedPointSet saved_points(DiagramSheet& sheet, int slot) {
 }
 
 /// Where the line between two points reaches an x that lies between theirs.
-Declare::CurvePoint point_at_x(const Declare::CurvePoint& a, const Declare::CurvePoint& b,
-                               float x) {
+diagrams::CurvePoint point_at_x(const diagrams::CurvePoint& a, const diagrams::CurvePoint& b,
+                                float x) {
     const double part = (static_cast<double>(x) - static_cast<double>(a.x)) /
                         (static_cast<double>(b.x) - static_cast<double>(a.x));
     const double y =
@@ -137,7 +137,7 @@ bool is_range(const chart::Range& range) {
 }
 
 void keep_coordinates(DiagramSheet& sheet, const chart::Window& window) {
-    Declare::DiagramRequest& r = sheet.request;
+    diagrams::DiagramRequest& r = sheet.request;
     r.xMin = static_cast<float>(window.x.min);
     r.xMax = static_cast<float>(window.x.max);
     r.yMin = static_cast<float>(window.y.min);
@@ -173,7 +173,7 @@ std::string ReferenceNote(std::int16_t DiagramType) {
 }
 
 std::string ReferenceText(bool zeroPoint, bool surroundings) {
-    const Declare::ReferenceState& r = Declare::reference;
+    const models::ReferenceState& r = legacy::the_reference;
     const std::string around =
         surroundings ? "surroundings: " + state_text(r.Tenv, r.penv) : std::string();
     if (!zeroPoint) return around;
@@ -219,7 +219,7 @@ void ShowTexts(DiagramSheet& sheet) {
     sheet.chart.y.title = text::Trim(sheet.request.yLabel);
 }
 
-void OpenSheet(DiagramSheet& sheet, const Declare::DiagramRequest& request) {
+void OpenSheet(DiagramSheet& sheet, const diagrams::DiagramRequest& request) {
     sheet = DiagramSheet();
     sheet.request = request;
     ShowTexts(sheet);
@@ -228,21 +228,21 @@ void OpenSheet(DiagramSheet& sheet, const Declare::DiagramRequest& request) {
 }
 
 void TakeParameters(DiagramSheet& sheet) {
-    sheet.T = Declare::session.DiagramT;
-    sheet.p = Declare::session.DiagramP;
-    sheet.v = Declare::session.DiagramV;
+    sheet.T = legacy::the_session.DiagramT;
+    sheet.p = legacy::the_session.DiagramP;
+    sheet.v = legacy::the_session.DiagramV;
 }
 
 void GiveToSession(const DiagramSheet& sheet) {
-    Declare::diagram = sheet.request;
-    Declare::session.DiagramT = sheet.T;
-    Declare::session.DiagramP = sheet.p;
-    Declare::session.DiagramV = sheet.v;
-    Declare::session.DiagramIsProjection = sheet.request.sectionKind == kProjection;
-    Declare::session.CurveModelName = CurveModelName(sheet.request.DiagramType);
+    legacy::the_diagram = sheet.request;
+    legacy::the_session.DiagramT = sheet.T;
+    legacy::the_session.DiagramP = sheet.p;
+    legacy::the_session.DiagramV = sheet.v;
+    legacy::the_session.DiagramIsProjection = sheet.request.sectionKind == kProjection;
+    legacy::the_session.CurveModelName = CurveModelName(sheet.request.DiagramType);
 }
 
-int StoreCurve(DiagramSheet& sheet, const Declare::CurvePointArray& points) {
+int StoreCurve(DiagramSheet& sheet, const diagrams::CurvePointArray& points) {
     const int slot = lowest_free(sheet.CurveFree);
     if (slot < 0) {
         sheet.CurveCount = kMaxCurves;
@@ -263,7 +263,7 @@ int StoreCurve(DiagramSheet& sheet, const Declare::CurvePointArray& points) {
     series.visible = true;
     auto& z = sheet.CurveParameters[at(slot)];
     z.fill(0);
-    const auto add = [&](const Declare::CurvePoint& point) {
+    const auto add = [&](const diagrams::CurvePoint& point) {
         series.x.push_back(point.x);
         series.y.push_back(point.y);
         if (series.x.size() < z.size()) z[series.x.size()] = point.z;
@@ -280,7 +280,7 @@ int StoreCurve(DiagramSheet& sheet, const Declare::CurvePointArray& points) {
 }
 
 int StorePoints(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y) {
-    Declare::CurvePointArray points(1);
+    diagrams::CurvePointArray points(1);
     for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i)
         points.push_back({x[i], y[i], 0});
     points[0].x = static_cast<float>(points.size() - 1);
@@ -482,7 +482,7 @@ bool Fit(DiagramSheet& sheet) {
 }
 
 void DefaultCoordinates(DiagramSheet& sheet) {
-    const Declare::DiagramRequest& r = sheet.request;
+    const diagrams::DiagramRequest& r = sheet.request;
     const chart::Window window{{r.xMinDefault, r.xMaxDefault}, {r.yMinDefault, r.yMaxDefault}};
     if (is_range(window.x) && is_range(window.y)) SetCoordinates(sheet, window);
 }
@@ -490,7 +490,7 @@ void DefaultCoordinates(DiagramSheet& sheet) {
 void ChangeXY(DiagramSheet& sheet) {
     sheet.SwappedAxes = !sheet.SwappedAxes;
     chart::SwapAxes(sheet.chart);
-    Declare::DiagramRequest& r = sheet.request;
+    diagrams::DiagramRequest& r = sheet.request;
     std::swap(r.xMin, r.yMin);
     std::swap(r.xMax, r.yMax);
     std::swap(r.xMinDefault, r.yMinDefault);
@@ -575,4 +575,4 @@ void AddText(DiagramSheet& sheet, const std::string& text) {
     sheet.chart.labels.push_back(std::move(label));
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

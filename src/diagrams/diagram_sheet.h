@@ -6,11 +6,11 @@
 #include <string_view>
 #include <vector>
 
-#include "diagrams/chart/chart2d.h"
-#include "diagrams/chart/text_measure.h"
-#include "session/diagram_records.h"
+#include "chart/chart2d.h"
+#include "chart/text_measure.h"
+#include "diagrams/diagram_records.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 inline constexpr int kMaxCurves = 24;
 inline constexpr int kMaxPointSets = 12;
@@ -65,8 +65,8 @@ struct DiagramSheet {
     DiagramSheet();
 
     chart::Chart2D chart;
-    Declare::DiagramRequest request;  ///< the coordinates are those in which curves are computed
-    double T = 298.15, p = 0, v = 0;  ///< parameters of the next curve, K, kPa, m^3/kmol
+    diagrams::DiagramRequest request;  ///< the coordinates are those in which curves are computed
+    double T = 298.15, p = 0, v = 0;   ///< parameters of the next curve, K, kPa, m^3/kmol
 
     std::int16_t CurveCount = 0;
     std::int16_t PointSetCount = 0;
@@ -74,7 +74,7 @@ struct DiagramSheet {
     std::array<bool, kMaxPointSets> PointSetFree{};
     /// z of the points 1 to 1200 of each curve; element 0 is unused.
     std::vector<std::array<float, kMaxParameters + 1>> CurveParameters;
-    std::array<float, kMaxCurves> CurveMarks{};  ///< what z is, see kurve::kMarkT
+    std::array<float, kMaxCurves> CurveMarks{};  ///< what z is, see diagrams::kMarkT
     std::array<CurveLabel, kMaxCurves> CurveLabels;
     bool SwappedAxes = false;
     int currentSlot = -1;  ///< the slot the last curve went to; -1 before the first one
@@ -85,7 +85,7 @@ struct DiagramSheet {
 };
 
 /// An empty sheet for a request: window, header, footer and axis texts.
-void OpenSheet(DiagramSheet& sheet, const Declare::DiagramRequest& request);
+void OpenSheet(DiagramSheet& sheet, const diagrams::DiagramRequest& request);
 
 /// The texts of the request go to header, footer and axes.
 void ShowTexts(DiagramSheet& sheet);
@@ -103,7 +103,7 @@ void TakeParameters(DiagramSheet& sheet);
 /// Puts a curve into the lowest free slot; the number of the slot, or -1 after the refusal when
 /// there is none. Points from the end on that lie at or beyond `xMax` are left out, unless that
 /// would leave nothing; the line to the first of them is drawn up to the window's edge.
-int StoreCurve(DiagramSheet& sheet, const Declare::CurvePointArray& points);
+int StoreCurve(DiagramSheet& sheet, const diagrams::CurvePointArray& points);
 
 /// The same for points without a parameter.
 int StorePoints(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y);
@@ -179,4 +179,4 @@ inline constexpr std::size_t kHeaderLine = 50, kFooterLine = 70;
 /// stays whole.
 std::string WrapTitle(const std::string& title, std::size_t length);
 
-}  // namespace Module9
+}  // namespace quor::Module9

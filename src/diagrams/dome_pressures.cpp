@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-namespace kurve {
+namespace quor::diagrams {
 
 double end_of_dome(const Curve& c) {
     const auto triple = static_cast<double>(c.substance.ptriple);
-    const bool realOnly = Declare::session.CurveRealRangeOnly && c.fluid.models.EOSModel > 0;
+    const bool realOnly = legacy::the_session.CurveRealRangeOnly && c.fluid.models.EOSModel > 0;
     return realOnly && triple < c.substance.pcrit ? triple : 0;
 }
 
@@ -20,4 +20,4 @@ DomeFoot foot_of_dome(const Curve& c, double lowest, double next) {
     return pressures;
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -4,7 +4,7 @@
 
 #include "diagrams/curve_frame.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 /// Pressures in kPa, ascending, that divide the lowest step of a dome over p. Densities and
 /// entropies of the vapour change with ln p, so that a step of the window would cut off the foot of
@@ -18,4 +18,4 @@ DomeFoot foot_of_dome(const Curve& c, double lowest, double next);
 /// Pressure in kPa below which nothing is drawn: that of the triple point, or 0.
 double end_of_dome(const Curve& c);
 
-}  // namespace kurve
+}  // namespace quor::diagrams

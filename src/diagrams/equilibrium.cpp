@@ -7,9 +7,9 @@
 #include "models/maxwell.h"
 #include "models/saturation.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
-using Calc::Fluid;
+using models::Fluid;
 
 namespace {
 
@@ -27,12 +27,12 @@ bool refine(Equilibrium& e) {
     constexpr int kSteps = 30;
     constexpr double kTolerance = 1e-13;
     for (int i = 0; i < kSteps; ++i) {
-        const Calc::CubicRoots roots = Calc::solve_cubic(e.state, e.T, e.p);
+        const models::CubicRoots roots = models::solve_cubic(e.state, e.T, e.p);
         if (roots.status != kSuccess || roots.count != 3) return false;
         e.vL = roots.v[0];
         e.vV = roots.v[2];
         if (!(e.vL > e.state.eosB) || !(e.vV > e.vL)) return false;
-        const Calc::Areas areas = Calc::area_ratio(e.state, roots.v, e.T, e.p);
+        const models::Areas areas = models::area_ratio(e.state, roots.v, e.T, e.p);
         if (areas.status != kSuccess) return false;
         const double step = (areas.V + areas.L) / (e.p * (e.vV - e.vL));
         if (!(std::fabs(step) < 1.0)) return false;
@@ -45,7 +45,7 @@ bool refine(Equilibrium& e) {
 
 Equilibrium from_search(const Fluid& f, double T) {
     Equilibrium e;
-    const Calc::Saturation found = Calc::saturation_pressure(f, T);
+    const models::Saturation found = models::saturation_pressure(f, T);
     e.T = T;
     e.p = found.p;
     e.state = found.state;
@@ -53,7 +53,7 @@ Equilibrium from_search(const Fluid& f, double T) {
         e.found = true;
         return e;
     }
-    const Calc::Saturation exact = Calc::maxwell_pressure(f, T);
+    const models::Saturation exact = models::maxwell_pressure(f, T);
     e = {T, exact.p, exact.v[0], exact.v[2], exact.state, exact.status == kSuccess};
     return e;
 }
@@ -69,7 +69,7 @@ Equilibrium near_critical(const Fluid& f, double T) {
     const double middle = vcrit + (0.5 * (edge.vL + edge.vV) - vcrit) * share;
     const double half = 0.5 * (edge.vV - edge.vL) * std::sqrt(share);
     const double p = f.substance.pcrit + (edge.p - f.substance.pcrit) * share;
-    return {T, p, middle - half, middle + half, Calc::eos_at(f, T), true};
+    return {T, p, middle - half, middle + half, models::eos_at(f, T), true};
 }
 
 }  // namespace
@@ -77,7 +77,7 @@ Equilibrium near_critical(const Fluid& f, double T) {
 Equilibrium critical_point(const Fluid& f) {
     if (!has_equilibrium(f)) return {};
     const double T = f.substance.Tcrit;
-    return {T, f.substance.pcrit, f.eos.vcritCalc, f.eos.vcritCalc, Calc::eos_at(f, T), true};
+    return {T, f.substance.pcrit, f.eos.vcritCalc, f.eos.vcritCalc, models::eos_at(f, T), true};
 }
 
 Equilibrium equilibrium_at_T(const Fluid& f, double T, double pStart) {
@@ -86,7 +86,7 @@ Equilibrium equilibrium_at_T(const Fluid& f, double T, double pStart) {
     if (T == Tcrit) return critical_point(f);
     if (1 - T / Tcrit < kCriticalShare) return near_critical(f, T);
     if (pStart > 0) {
-        Equilibrium e{.T = T, .p = pStart, .state = Calc::eos_at(f, T)};
+        Equilibrium e{.T = T, .p = pStart, .state = models::eos_at(f, T)};
         if (refine(e)) {
             e.found = true;
             return e;
@@ -103,7 +103,7 @@ Equilibrium equilibrium_at_p(const Fluid& f, double p, double TStart) {
     if (!has_equilibrium(f) || !(p > 0) || p > pcrit) return {};
     if (p == pcrit) return critical_point(f);
 
-    double T = TStart > 0 && TStart < Tcrit ? TStart : Calc::saturation_temperature(f, p).T;
+    double T = TStart > 0 && TStart < Tcrit ? TStart : models::saturation_temperature(f, p).T;
     if (!(T > 0) || T >= Tcrit) T = Tcrit * (1 - kCriticalShare);
 
     // ln p over 1/T is nearly straight, and steepest towards the critical point.
@@ -132,4 +132,4 @@ Equilibrium equilibrium_at_p(const Fluid& f, double p, double TStart) {
     return e;
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -1,28 +1,28 @@
 #pragma once
 
+#include "legacy/declare.h"
 #include "models/fluid.h"
-#include "session/declare.h"
 
 /// Curve computation, process lines, grids.
-namespace kurve {
+namespace quor::diagrams {
 
 /// A V-L equilibrium of a cubic EOS.
 struct Equilibrium {
     double T = 0, p = 0;    ///< K, kPa
     double vL = 0, vV = 0;  ///< m^3/kmol
-    Declare::EOSState state;
+    models::EOSState state;
     bool found = false;
 };
 
 /// The critical point of the EOS, the end of its dome.
-Equilibrium critical_point(const Calc::Fluid& fluid);
+Equilibrium critical_point(const models::Fluid& fluid);
 
 /// Equilibrium at 0 < T <= Tcrit, to the rounding of the arithmetic, so that neighbouring points
 /// of a curve lie on one smooth line. `pStart` is a near pressure, 0 when none is known. Not found
 /// above Tcrit, for a V-only EOS, and where p is too small for a number.
-Equilibrium equilibrium_at_T(const Calc::Fluid& fluid, double T, double pStart = 0);
+Equilibrium equilibrium_at_T(const models::Fluid& fluid, double T, double pStart = 0);
 
 /// The same at 0 < p <= pcrit; `TStart` is a near temperature.
-Equilibrium equilibrium_at_p(const Calc::Fluid& fluid, double p, double TStart = 0);
+Equilibrium equilibrium_at_p(const models::Fluid& fluid, double p, double TStart = 0);
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -4,7 +4,7 @@
 
 #include "common/constants.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 namespace {
 
@@ -110,7 +110,7 @@ struct Excess {
 
 /// The natural size of a function at T: R, or R T.
 double size_of(Function function, double T) {
-    return function == &thermo::StateValues::s ? constants::R : constants::R * T;
+    return function == &models::StateValues::s ? constants::R : constants::R * T;
 }
 
 }  // namespace
@@ -136,4 +136,4 @@ double SolveIsolinePressure(const Curve& c, Function function, double T, double 
     return isNear ? found : widening(over_p, startP, size);
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

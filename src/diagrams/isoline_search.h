@@ -2,7 +2,7 @@
 
 #include "diagrams/curve_frame.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 /// T/K at p/kPa where h or s of the stable phase has a molar value, near a start; 0 when there is
 /// none: the value may lie between those of both phases.
@@ -13,4 +13,4 @@ double SolveIsoline(const Curve& c, Function function, double p, double value, d
 double SolveIsolinePressure(const Curve& c, Function function, double T, double value,
                             double startP);
 
-}  // namespace kurve
+}  // namespace quor::diagrams

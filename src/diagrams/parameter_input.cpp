@@ -5,15 +5,15 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "diagrams/catalogue.h"
+#include "legacy/declare.h"
 #include "models/state_solver.h"
-#include "session/declare.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 constexpr double kMostTOrP = 1000000, kMostV = 100000;
 constexpr double kLeastT = 0.9, kLeastP = 0.001;  // K, kPa
@@ -21,35 +21,35 @@ constexpr double kNearCovolume = 1.03;
 constexpr std::int16_t kReduced = 2;
 
 double TF() {
-    return static_cast<double>(session.TemperatureFactor);
+    return static_cast<double>(the_session.TemperatureFactor);
 }
 double PF() {
-    return static_cast<double>(session.PressureFactor);
+    return static_cast<double>(the_session.PressureFactor);
 }
 
 /// Co-volume of a cubic EOS at the diagram's T, m^3/kmol; 0 for the others.
 double covolume() {
-    if (Declare::models.EOSOnlyV) return 0;
-    const Calc::StateTP state =
-        Calc::solve_state_tp(Calc::CurrentFluid(), session.DiagramT, Declare::substance.pcrit);
+    if (legacy::the_models.EOSOnlyV) return 0;
+    const models::StateTP state = models::solve_state_tp(
+        models::CurrentFluid(), the_session.DiagramT, legacy::the_substance.pcrit);
     return state.state.eosB;
 }
 
 bool take_T(double typed) {
     if (!(typed > 0 && typed > kLeastT * TF() && typed <= kMostTOrP)) return false;
-    session.DiagramT = typed / TF();
+    the_session.DiagramT = typed / TF();
     return true;
 }
 
 bool take_p(double typed) {
     if (!(typed > kLeastP * PF() && typed <= kMostTOrP)) return false;
-    session.DiagramP = typed / PF();
+    the_session.DiagramP = typed / PF();
     return true;
 }
 
 ParameterAnswer take_v(double typed) {
     if (!(typed > 0 && typed <= kMostV)) return ParameterAnswer::Invalid;
-    const double v = typed / session.VolumeFactor;
+    const double v = typed / the_session.VolumeFactor;
     const double b = covolume();
     if (b > 0 && v <= b) {
         dialogs::Tell("v < b not possible", "Execution not possible");
@@ -57,12 +57,12 @@ ParameterAnswer take_v(double typed) {
     }
     if (b > 0 && v < kNearCovolume * b)
         dialogs::Tell("There are possibly problems during calculation", "WARNING");
-    session.DiagramV = v;
+    the_session.DiagramV = v;
     return ParameterAnswer::Taken;
 }
 
 std::string shown(double value, const char* plain, const std::string& unit) {
-    const bool reduced = session.UnitMode == kReduced;
+    const bool reduced = the_session.UnitMode == kReduced;
     return numbers::Format(value, reduced ? "######0.00" : plain) +
            (reduced ? std::string() : " " + unit);
 }
@@ -72,24 +72,24 @@ std::string shown(double value, const char* plain, const std::string& unit) {
 ParameterField FieldOf(std::int16_t sectionKind) {
     switch (sectionKind) {
         case kIsobaric:
-            return {"Isobar", "p = ", session.PressureLabel, session.DiagramP * PF()};
+            return {"Isobar", "p = ", the_session.PressureLabel, the_session.DiagramP * PF()};
         case kIsochoric:
-            return {"Isochore", "v = ", session.VolumeLabel,
-                    session.DiagramV * session.VolumeFactor};
+            return {"Isochore", "v = ", the_session.VolumeLabel,
+                    the_session.DiagramV * the_session.VolumeFactor};
         default:
-            return {"Isotherm", "T = ", session.TemperatureLabel, session.DiagramT * TF()};
+            return {"Isotherm", "T = ", the_session.TemperatureLabel, the_session.DiagramT * TF()};
     }
 }
 
 std::string ShownParameter(std::int16_t sectionKind) {
     switch (sectionKind) {
         case kIsothermal:
-            return "T = " + shown(session.DiagramT * TF(), "####0.0", "K");
+            return "T = " + shown(the_session.DiagramT * TF(), "####0.0", "K");
         case kIsobaric:
-            return "p = " + shown(session.DiagramP * PF(), "#####0.0##", "kPa");
+            return "p = " + shown(the_session.DiagramP * PF(), "#####0.0##", "kPa");
         case kIsochoric:
-            return "v = " + shown(session.DiagramV * session.VolumeFactor, "####0.0####",
-                                  session.VolumeLabel);
+            return "v = " + shown(the_session.DiagramV * the_session.VolumeFactor, "####0.0####",
+                                  the_session.VolumeLabel);
         default:
             return {};
     }
@@ -103,7 +103,8 @@ ParameterAnswer TakeParameter(std::int16_t sectionKind, double typed) {
     } else if (sectionKind == kIsobaric ? !take_p(typed) : !take_T(typed)) {
         return ParameterAnswer::Invalid;
     }
-    session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+    the_session.CaloricFactor =
+        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
     return ParameterAnswer::Taken;
 }
 
@@ -118,10 +119,11 @@ std::string TakeRange(std::int16_t sectionKind, double fixed, double start, doub
     const double factor = runsInT ? TF() : PF();
     const bool taken = runsInT ? take_p(fixed) : take_T(fixed);
     if (!taken) return "Input incomplete or not valid";
-    Declare::processLine.RangeIsT = runsInT ? 1 : 0;
-    Declare::processLine.RangeStart = start / factor;
-    Declare::processLine.RangeEnd = end / factor;
-    session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+    legacy::the_processLine.RangeIsT = runsInT ? 1 : 0;
+    legacy::the_processLine.RangeStart = start / factor;
+    legacy::the_processLine.RangeEnd = end / factor;
+    the_session.CaloricFactor =
+        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
     return {};
 }
 
@@ -129,4 +131,4 @@ bool IsVapourFraction(double fraction) {
     return std::isfinite(fraction) && fraction >= 0 && fraction <= 1;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

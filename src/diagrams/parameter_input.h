@@ -4,9 +4,9 @@
 #include <string>
 
 /// The input of the parameter of the next curve, and of the range of a function-function diagram.
-namespace Module9 {
+namespace quor::Module9 {
 
-/// Caption, unit and present value of the input, by the section kind of `Declare::diagram`.
+/// Caption, unit and present value of the input, by the section kind of `legacy::the_diagram`.
 struct ParameterField {
     std::string heading;  ///< what kind of curve the value belongs to
     std::string caption;
@@ -32,4 +32,4 @@ std::string TakeRange(std::int16_t sectionKind, double fixed, double start, doub
 /// A vapour fraction; false outside 0 to 1.
 bool IsVapourFraction(double fraction);
 
-}  // namespace Module9
+}  // namespace quor::Module9

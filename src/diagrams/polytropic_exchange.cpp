@@ -13,16 +13,16 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "datafiles/whole_file.h"
+#include "common/whole_file.h"
 #include "models/caloric.h"
 #include "models/ji_torvik.h"
 #include "models/state_solver.h"
 #include "session/module2.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
-using Declare::processLine;
-using Declare::session;
+using legacy::the_processLine;
+using legacy::the_session;
 
 namespace {
 
@@ -30,7 +30,8 @@ namespace fs = std::filesystem;
 
 constexpr double kMissing = 1e37;       // a value above it stands for none
 constexpr std::size_t kHeadValues = 2;  // before the count of points
-constexpr std::size_t kProcessValues = std::tuple_size_v<decltype(processLine.PolytropicValues)>;
+constexpr std::size_t kProcessValues =
+    std::tuple_size_v<decltype(the_processLine.PolytropicValues)>;
 constexpr std::size_t kMostPoints = 32767;
 
 /// Diagrams by groups: sections, functions over T at constant p and at constant v, over p, over v,
@@ -66,15 +67,15 @@ class Lines {
 
 double start_volume() {
     constexpr std::int16_t kLiquid = 0;
-    const Calc::StateTP state = Calc::SolveStateTP(processLine.T1, processLine.p1);
+    const models::StateTP state = models::SolveStateTP(the_processLine.T1, the_processLine.p1);
     if (state.status != kSuccess) return 0;
-    const double first = processLine.Phase == kLiquid ? state.vL : state.vV;
+    const double first = the_processLine.Phase == kLiquid ? state.vL : state.vV;
     return first > 0 ? first : std::fmax(state.vL, state.vV);
 }
 
 /// h, s, g, u, a, both exergies, cp, cV in the unit of the session, and the speed of sound.
-void add_functions(Lines& lines, const thermo::StateValues& z) {
-    const double factor = Module2::CaloricFactorOf(session.CaloricUnit, processLine.T1);
+void add_functions(Lines& lines, const models::StateValues& z) {
+    const double factor = session::CaloricFactorOf(the_session.CaloricUnit, the_processLine.T1);
     for (const double value : {z.h, z.s, z.g, z.u, z.a, z.eH, z.eU, z.cp, z.cv})
         lines.add(value * factor);
     lines.add(z.w);
@@ -82,10 +83,10 @@ void add_functions(Lines& lines, const thermo::StateValues& z) {
 
 /// The fugacity and the derivatives, per unit of mass: a derivative with respect to v takes the
 /// factor M, one of v the factor 1/M.
-void add_derivatives(Lines& lines, const thermo::StateValues& z) {
-    const auto M = static_cast<double>(Declare::substance.M);
-    const thermo::PhaseTable& t = z.table;
-    lines.add(processLine.p1 * std::exp(t.residual[thermo::LnPhi]));
+void add_derivatives(Lines& lines, const models::StateValues& z) {
+    const auto M = static_cast<double>(legacy::the_substance.M);
+    const models::PhaseTable& t = z.table;
+    lines.add(the_processLine.p1 * std::exp(t.residual[models::LnPhi]));
     lines.add(M * t.first[1]);
     lines.add(t.first[2]);
     lines.add(M > 0 ? t.first[3] / M : 0);
@@ -107,27 +108,27 @@ int PolytropicDiagramNumber(std::int16_t DiagramType) {
 
 std::string PolytropicRequestText() {
     constexpr std::int16_t kSpecificUnit = 3;
-    const Declare::ProcessLineRecord& r = processLine;
+    const diagrams::ProcessLineRecord& r = the_processLine;
     const double v = start_volume();
-    const thermo::StateValues z = thermo::StateFunctions(r.T1, r.p1, v);
+    const models::StateValues z = models::StateFunctions(r.T1, r.p1, v);
 
     Lines lines;
     lines.add(r.IdealGasEquation ? 0 : 1);
-    lines.add(Declare::substance.Name);
-    lines.add(static_cast<int>(Declare::models.EOSModel));
-    lines.add(session.CaloricUnit == kSpecificUnit ? 0 : 1);
+    lines.add(legacy::the_substance.Name);
+    lines.add(static_cast<int>(legacy::the_models.EOSModel));
+    lines.add(the_session.CaloricUnit == kSpecificUnit ? 0 : 1);
     lines.add(r.PolytropicMode == 1 ? 1 : 2);
     lines.add(r.Heterogeneous ? 1 : 0);
     lines.add(r.EndToBegin ? 1 : 0);
     lines.add(PolytropicDiagramNumber(r.BaseDiagramType));
-    lines.add(static_cast<int>(session.PointsPerCurve));
-    lines.add(static_cast<int>(session.UnitMode));
-    lines.add(static_cast<double>(Declare::substance.M));
+    lines.add(static_cast<int>(the_session.PointsPerCurve));
+    lines.add(static_cast<int>(the_session.UnitMode));
+    lines.add(static_cast<double>(legacy::the_substance.M));
     lines.add(r.T1);
     lines.add(r.p1);
     lines.add(r.RangeStart);
     lines.add(r.RangeEnd);
-    lines.add(v * session.VolumeFactor);
+    lines.add(v * the_session.VolumeFactor);
     lines.add(v);
     lines.zeros(3);
     lines.add(static_cast<int>(r.Phase));
@@ -146,7 +147,7 @@ namespace {
 /// A number of a field; a decimal comma counts where it does not separate the fields.
 std::optional<double> number_of(std::string_view field) {
     std::string s = text::Trim(field);
-    if (session.CsvSeparator != ',') s = numbers::CommaToPoint(s);
+    if (the_session.CsvSeparator != ',') s = numbers::CommaToPoint(s);
     if (s.starts_with('+')) s.erase(0, 1);
     double value = 0;
     const auto [end, error] = std::from_chars(s.data(), s.data() + s.size(), value);
@@ -184,10 +185,10 @@ std::optional<std::vector<double>> take_free_fields(const std::vector<std::strin
     return values;
 }
 
-std::optional<Declare::PolytropicPoint> point_of(const std::string& line) {
-    Declare::PolytropicPoint point;
+std::optional<diagrams::PolytropicPoint> point_of(const std::string& line) {
+    diagrams::PolytropicPoint point;
     std::size_t column = 0;
-    for (const std::string& field : text::Split(line, session.CsvSeparator)) {
+    for (const std::string& field : text::Split(line, the_session.CsvSeparator)) {
         const std::optional<double> value = point_value(field);
         if (!value) return std::nullopt;
         if (column == 0) point.T = *value;
@@ -209,16 +210,17 @@ bool TakePolytropicAnswer(std::string_view content) {
     const double count = (*head)[kHeadValues];
     if (!(count >= 0 && count <= static_cast<double>(kMostPoints))) return false;
 
-    std::vector<Declare::PolytropicPoint> points;
+    std::vector<diagrams::PolytropicPoint> points;
     for (; next < lines.size() && points.size() < static_cast<std::size_t>(count); ++next) {
         if (text::Trim(lines[next]).empty()) continue;
-        std::optional<Declare::PolytropicPoint> point = point_of(lines[next]);
+        std::optional<diagrams::PolytropicPoint> point = point_of(lines[next]);
         if (!point) return false;
         points.push_back(std::move(*point));
     }
     if (points.size() < static_cast<std::size_t>(count)) return false;
-    std::copy_n(head->end() - kProcessValues, kProcessValues, processLine.PolytropicValues.begin());
-    Declare::polytropicPoints = std::move(points);
+    std::copy_n(head->end() - kProcessValues, kProcessValues,
+                the_processLine.PolytropicValues.begin());
+    legacy::the_polytropicPoints = std::move(points);
     return true;
 }
 
@@ -226,7 +228,7 @@ PolytropicRunner& polytropicRunner() {
     static PolytropicRunner runner{
         .start =
             [](const std::string& program, const std::string& folder) {
-                return Calc::RunProgram(program, folder, std::chrono::milliseconds(0));
+                return models::RunProgram(program, folder, std::chrono::milliseconds(0));
             },
         .pass =
             [] {
@@ -253,31 +255,31 @@ PolytropicCode wait_for(const fs::path& mark) {
 }  // namespace
 
 PolytropicCode RunPolytrope() {
-    Declare::polytropicPoints.clear();
+    legacy::the_polytropicPoints.clear();
     const std::string name = kPolytropicProgram;
-    if (!Module2::FileExists(name)) {
+    if (!session::FileExists(name)) {
         dialogs::Tell("File " + name + " not found in in QUOR directory", "Execution not possible");
         return PolytropicCode::kMissingProgram;
     }
-    const fs::path folder = Module2::WriteFolder();
+    const fs::path folder = session::WriteFolder();
     const fs::path answer = folder / "FROM_DAL.DAT", mark = folder / "WRITEEND.END";
     const std::string request = text::ToAnsi(PolytropicRequestText());
-    if (!LoadSaveData::WriteWhole(folder / "TO_DAL.DAT", request).empty()) {
+    if (!datafiles::WriteWhole(folder / "TO_DAL.DAT", request).empty()) {
         dialogs::Tell("error to_DAL", "Execution not possible");
         return PolytropicCode::kNotWritten;
     }
-    const Module2::BusyPointer busy;
+    const session::BusyPointer busy;
     std::error_code ignored;
     fs::remove(answer, ignored);
     fs::remove(mark, ignored);
-    const std::string program = fs::absolute(Module2::FindFile(name)).string();
+    const std::string program = fs::absolute(session::FindFile(name)).string();
     if (!polytropicRunner().start || !polytropicRunner().start(program, folder.string()))
         return PolytropicCode::kNotStarted;
     if (const PolytropicCode waited = wait_for(mark); waited != PolytropicCode::kDone)
         return waited;
-    const LoadSaveData::FileContent content = LoadSaveData::ReadWhole(answer);
+    const datafiles::FileContent content = datafiles::ReadWhole(answer);
     const bool taken = content.error.empty() && TakePolytropicAnswer(content.bytes);
     return taken ? PolytropicCode::kDone : PolytropicCode::kUnreadable;
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
 /// The exchange with the separate program that computes polytropic processes, through the files
 /// TO_DAL.DAT, FROM_DAL.DAT and WRITEEND.END.
-namespace kurve {
+namespace quor::diagrams {
 
 inline constexpr auto kPolytropicProgram = "POLYTROPEN_1.EXE";
 
@@ -36,11 +36,11 @@ enum class PolytropicCode : std::int16_t {
     kMissingProgram = 10,  ///< told; no file was touched
 };
 
-/// Asks the program for the process of `Declare::processLine` and takes its answer into
-/// `Declare::polytropicPoints` and `PolytropicValues`. On any failure the points are empty.
+/// Asks the program for the process of `legacy::the_processLine` and takes its answer into
+/// `legacy::the_polytropicPoints` and `PolytropicValues`. On any failure the points are empty.
 PolytropicCode RunPolytrope();
 
-/// The text of TO_DAL.DAT: one value a line, for the process of `Declare::processLine`.
+/// The text of TO_DAL.DAT: one value a line, for the process of `legacy::the_processLine`.
 std::string PolytropicRequestText();
 
 /// Reads the text of FROM_DAL.DAT into the session; false, and nothing taken, when it is garbled.
@@ -49,4 +49,4 @@ bool TakePolytropicAnswer(std::string_view text);
 /// Number of a diagram in the list of the program; 0 when it has none.
 int PolytropicDiagramNumber(std::int16_t DiagramType);
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -9,35 +9,36 @@
 #include "diagrams/coordinates.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
 using constants::kPresent;
-using Declare::DiagramRequest;
-using Declare::session;
+using diagrams::DiagramRequest;
+using legacy::the_session;
 
 constexpr std::uint8_t kRangeOfFunctions = 7;  // `ProcessLineRecord::Kind`
 
 void settle_state_parameters(std::int16_t code) {
-    const Declare::SubstanceRecord& s = Declare::substance;
-    Declare::CoordinateDefaults& d = Declare::coordinates;
-    if (session.NewSubstanceDiagram) {
-        session.DiagramT = s.Tcrit;
-        d.TMax = numbers::ToSingle(s.Tcrit * 1.1 * static_cast<double>(session.TemperatureFactor));
-        d.pMax = numbers::ToSingle(s.pcrit * 1.6 * static_cast<double>(session.PressureFactor));
+    const models::SubstanceRecord& s = legacy::the_substance;
+    diagrams::CoordinateDefaults& d = legacy::the_coordinates;
+    if (the_session.NewSubstanceDiagram) {
+        the_session.DiagramT = s.Tcrit;
+        d.TMax =
+            numbers::ToSingle(s.Tcrit * 1.1 * static_cast<double>(the_session.TemperatureFactor));
+        d.pMax = numbers::ToSingle(s.pcrit * 1.6 * static_cast<double>(the_session.PressureFactor));
     }
-    if (session.NewSubstanceDiagram || session.DiagramP == s.pcrit) {
+    if (the_session.NewSubstanceDiagram || the_session.DiagramP == s.pcrit) {
         const bool nearNormalPressure = code >= 13 && code <= 99;
-        session.DiagramV = 0;
-        session.DiagramP = nearNormalPressure ? constants::kNormalPressure : s.pcrit;
+        the_session.DiagramV = 0;
+        the_session.DiagramP = nearNormalPressure ? constants::kNormalPressure : s.pcrit;
     }
-    session.NewSubstanceDiagram = false;
+    the_session.NewSubstanceDiagram = false;
 
-    if (session.DiagramV < kPresent) {
-        session.DiagramV = Declare::eosParameters.vcritCalc;
-        if (session.DiagramV < kPresent) session.DiagramV = s.vcritExp;
-        if (session.DiagramV < kPresent) session.DiagramV = 2.0;
+    if (the_session.DiagramV < kPresent) {
+        the_session.DiagramV = legacy::the_eosParameters.vcritCalc;
+        if (the_session.DiagramV < kPresent) the_session.DiagramV = s.vcritExp;
+        if (the_session.DiagramV < kPresent) the_session.DiagramV = 2.0;
     }
 }
 
@@ -55,13 +56,13 @@ void open_views(const DiagramRequest& request) {
     }
     if (request.sectionKind != kProjection) {
         if (request.axisPair == "yy") {
-            Declare::processLine.Kind = kRangeOfFunctions;
+            legacy::the_processLine.Kind = kRangeOfFunctions;
             call(views.openRangeInput);
         } else {
             call(views.openParameterInput);
         }
     }
-    session.TieLineRequested = false;
+    the_session.TieLineRequested = false;
 }
 
 }  // namespace
@@ -77,13 +78,14 @@ std::string ViewCaption(const DiagramRequest& request) {
 
 void PrepareDiagram2D(DiagramRequest& request) {
     try {
-        session.CurveModelName = CurveModelName(request.DiagramType);
-        Module2::RefreshUnits();
+        the_session.CurveModelName = CurveModelName(request.DiagramType);
+        session::RefreshUnits();
         settle_state_parameters(request.DiagramType);
-        session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
-        FillDiagramWindow(Declare::coordinates, request);
+        the_session.CaloricFactor =
+            session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
+        FillDiagramWindow(legacy::the_coordinates, request);
         FillTexts(request);
-        session.DiagramIsProjection = request.sectionKind == kProjection;
+        the_session.DiagramIsProjection = request.sectionKind == kProjection;
         open_views(request);
     } catch (const std::exception&) {
         dialogs::Tell(
@@ -94,10 +96,10 @@ void PrepareDiagram2D(DiagramRequest& request) {
 }
 
 void OpenDiagram2D() {
-    const OpeningAnswer answer = AnswerOf(Declare::diagram);
+    const OpeningAnswer answer = AnswerOf(legacy::the_diagram);
     if (!answer.text.empty())
         dialogs::Tell(answer.text, answer.opens ? "Note" : "Execution not possible");
-    if (answer.opens) PrepareDiagram2D(Declare::diagram);
+    if (answer.opens) PrepareDiagram2D(legacy::the_diagram);
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -3,16 +3,16 @@
 #include <functional>
 #include <string>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 /// The views that the preparation opens; the program installs them, tests install records of the
 /// calls. An empty function opens nothing.
 struct Diagram2DViews {
-    std::function<void()> openDiagram;         ///< `frmGraph2D`, on `Declare::diagram`
-    std::function<void()> openParameterInput;  ///< `frmTpVSInputBox`
-    std::function<void()> openRangeInput;      ///< `frmInputProzessLinien`, for its kind 7
+    std::function<void()> openDiagram;         ///< `DiagramWindow`, on `legacy::the_diagram`
+    std::function<void()> openParameterInput;  ///< `CurveParameterDialog`
+    std::function<void()> openRangeInput;      ///< `ProcessLineDialog`, for its kind 7
     /// Draws the curve of a database function between two temperatures in K.
     std::function<void(float low, float high)> showDatabaseFunction;
 };
@@ -21,13 +21,13 @@ Diagram2DViews& Views2D();
 /// Fills the request for its `DiagramType`, `sectionKind` and `axisPair`: state parameters of the
 /// session, window, texts. Then opens the diagram and the input that belongs to it. A fault while
 /// the view opens is told.
-void PrepareDiagram2D(Declare::DiagramRequest& request);
+void PrepareDiagram2D(diagrams::DiagramRequest& request);
 
-/// The menu command: says what has to be said of `Declare::diagram`, and prepares it unless that
+/// The menu command: says what has to be said of `legacy::the_diagram`, and prepares it unless that
 /// was a refusal.
 void OpenDiagram2D();
 
 /// Caption of the diagram's view.
-std::string ViewCaption(const Declare::DiagramRequest& request);
+std::string ViewCaption(const diagrams::DiagramRequest& request);
 
-}  // namespace Module9
+}  // namespace quor::Module9

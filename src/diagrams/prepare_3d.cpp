@@ -7,11 +7,11 @@
 #include "diagrams/surface_grid.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 void set_axis(chart::Axis3D& axis, const Limits& limits, const std::string& title) {
     axis.min = static_cast<double>(limits.low);
@@ -29,9 +29,10 @@ Diagram3DViews& Views3D() {
 
 void PrepareDiagram3D() {
     try {
-        Module2::RefreshUnits();
-        session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
-        Declare::grid3D = DefaultGrid(session.Diagram3DKind, session.SCurve3D);
+        session::RefreshUnits();
+        the_session.CaloricFactor =
+            session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
+        legacy::the_grid3D = DefaultGrid(the_session.Diagram3DKind, the_session.SCurve3D);
         if (Views3D().openDiagram) Views3D().openDiagram();
     } catch (const std::exception&) {
         dialogs::Tell(
@@ -51,22 +52,22 @@ void InitGraph3D(chart::Chart3D& chart, int nx, int ny) {
 }
 
 void RenewSurface(chart::Chart3D& chart, int nx, int ny) {
-    const SurfaceKind* kind = FindSurface(session.Diagram3DKind);
+    const SurfaceKind* kind = FindSurface(the_session.Diagram3DKind);
     if (kind == nullptr) return;
     const SurfaceTexts texts = TextsOf(*kind);
     chart.header.text = texts.title;
     chart.subtitle.text = texts.subTitle;
     chart.footer.text = texts.note;
-    set_axis(chart.x, LimitsOf(Declare::grid3D, kind->x), texts.xLabel);
-    set_axis(chart.y, LimitsOf(Declare::grid3D, kind->y), texts.yLabel);
-    const Limits z = LimitsOf(Declare::grid3D, kind->z);
+    set_axis(chart.x, LimitsOf(legacy::the_grid3D, kind->x), texts.xLabel);
+    set_axis(chart.y, LimitsOf(legacy::the_grid3D, kind->y), texts.yLabel);
+    const Limits z = LimitsOf(legacy::the_grid3D, kind->z);
     set_axis(chart.z, z, texts.zLabel);
     chart.z.automatic = IsCaloric(*kind) && (z.low == kNoLowerClip || z.high == kNoUpperClip);
-    chart.surface = kurve::Calc_3DArray(nx, ny);
+    chart.surface = diagrams::Calc_3DArray(nx, ny);
 }
 
 bool AddCriticalPoint(chart::Chart3D& chart) {
-    const SurfaceKind* kind = FindSurface(session.Diagram3DKind);
+    const SurfaceKind* kind = FindSurface(the_session.Diagram3DKind);
     if (kind == nullptr) return false;
     const SurfaceMark mark = CriticalMark(*kind);
     if (!mark.remark.empty()) {
@@ -79,9 +80,9 @@ bool AddCriticalPoint(chart::Chart3D& chart) {
 }
 
 bool TellEmptySurface(const chart::Chart3D& chart) {
-    if (kurve::HasSurface(chart.surface)) return false;
-    dialogs::Tell(kurve::kNoSurface, "Remark");
+    if (diagrams::HasSurface(chart.surface)) return false;
+    dialogs::Tell(diagrams::kNoSurface, "Remark");
     return true;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -2,13 +2,13 @@
 
 #include <functional>
 
-#include "diagrams/chart/chart3d.h"
+#include "chart/chart3d.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 /// The view that the preparation opens; the program installs it.
 struct Diagram3DViews {
-    std::function<void()> openDiagram;  ///< `frmGraph3D`, for `Diagram3DKind` of the session
+    std::function<void()> openDiagram;  ///< `SurfaceWindow`, for `Diagram3DKind` of the session
 };
 Diagram3DViews& Views3D();
 
@@ -29,4 +29,4 @@ bool AddCriticalPoint(chart::Chart3D& chart);
 /// The remark of a chart without a surface; false when there is something to see.
 bool TellEmptySurface(const chart::Chart3D& chart);
 
-}  // namespace Module9
+}  // namespace quor::Module9

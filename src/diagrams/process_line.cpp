@@ -11,10 +11,10 @@
 #include "models/state_solver.h"
 #include "session/module2.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
-using Declare::processLine;
-using Declare::session;
+using legacy::the_processLine;
+using legacy::the_session;
 
 namespace {
 
@@ -67,7 +67,7 @@ std::string refuse_polytropic(const ProcessInput& input) {
 
 /// The ends of a heterogeneous line must have an equilibrium.
 std::string refuse_heterogeneous(double start, double end, bool rangeIsT) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     if (!rangeIsT) {
         if (end > s.pcrit)
             return "pressure for the final tie-line has to be p <= p(cr) = " +
@@ -86,20 +86,20 @@ std::string refuse_heterogeneous(double start, double end, bool rangeIsT) {
 std::string take_straight_line(const ProcessInput& input) {
     if (!all_finite(input.par)) return kIncomplete;
     const auto single = [](double x) { return numbers::ToSingle(x); };
-    Declare::ProcessLineRecord r = processLine;
+    diagrams::ProcessLineRecord r = the_processLine;
     r.x1 = single(input.par[0]);
     r.y1 = single(input.par[1]);
     r.x2 = single(input.par[2]);
     r.y2 = single(input.par[3]);
     if (r.x1 == r.x2 && r.y1 == r.y2) return kNoRange;
     r.Kind = input.Kind;
-    processLine = r;
+    the_processLine = r;
     return {};
 }
 
 /// T1 and p1 of a heterogeneous line lie on the coexistence curve.
-bool complete_saturated_start(Declare::ProcessLineRecord& r) {
-    const Calc::Fluid fluid = Calc::CurrentFluid();
+bool complete_saturated_start(diagrams::ProcessLineRecord& r) {
+    const models::Fluid fluid = models::CurrentFluid();
     const Equilibrium e =
         r.RangeIsT != 0 ? equilibrium_at_T(fluid, r.T1) : equilibrium_at_p(fluid, r.p1);
     if (!e.found) return false;
@@ -119,7 +119,7 @@ std::string take_states(const ProcessInput& input) {
     if (input.Kind == ProcessKind::kPolytropic)
         if (std::string text = refuse_polytropic(input); !text.empty()) return text;
 
-    Declare::ProcessLineRecord r = processLine;
+    diagrams::ProcessLineRecord r = the_processLine;
     r.Kind = input.Kind;
     r.Phase = input.Vapour ? 1 : 0;
     r.RangeIsT = input.RangeIsT ? 1 : 0;
@@ -134,15 +134,15 @@ std::string take_states(const ProcessInput& input) {
     r.Kappa = input.Kappa;
     if (r.Heterogeneous && !complete_saturated_start(r)) return kNotPositive;
     if (!(r.T1 > 0) || !(r.p1 > 0)) return kNotPositive;
-    processLine = r;
+    the_processLine = r;
     return {};
 }
 
 std::string take_fraction(const ProcessInput& input) {
     const double x = input.VapourFraction;
     if (!(x >= 0 && x <= 1)) return "Input not in the valid range";
-    processLine.Kind = input.Kind;
-    session.VapourFraction = x;
+    the_processLine.Kind = input.Kind;
+    the_session.VapourFraction = x;
     return {};
 }
 
@@ -158,8 +158,8 @@ std::int16_t ProcessCode(std::uint8_t Kind, std::int16_t DiagramType) {
 }
 
 ProcessInput ContinuedFrom(ProcessInput input) {
-    input.par[0] = processLine.LastT;
-    input.par[1] = processLine.LastP;
+    input.par[0] = the_processLine.LastT;
+    input.par[1] = the_processLine.LastP;
     return input;
 }
 
@@ -174,29 +174,30 @@ namespace {
 /// Session and request while a process line runs.
 class Borrowed {
   public:
-    explicit Borrowed(Declare::DiagramRequest& request)
-        : request_(request), T_(session.DiagramT), p_(session.DiagramP) {
-        processLine.SavedDiagramType = processLine.BaseDiagramType = request.DiagramType;
-        request.DiagramType = ProcessCode(processLine.Kind, request.DiagramType);
-        if (processLine.Kind == ProcessKind::kIsotherm) session.DiagramT = processLine.T1;
-        if (processLine.Kind == ProcessKind::kIsobar) session.DiagramP = processLine.p1;
+    explicit Borrowed(diagrams::DiagramRequest& request)
+        : request_(request), T_(the_session.DiagramT), p_(the_session.DiagramP) {
+        the_processLine.SavedDiagramType = the_processLine.BaseDiagramType = request.DiagramType;
+        request.DiagramType = ProcessCode(the_processLine.Kind, request.DiagramType);
+        if (the_processLine.Kind == ProcessKind::kIsotherm)
+            the_session.DiagramT = the_processLine.T1;
+        if (the_processLine.Kind == ProcessKind::kIsobar) the_session.DiagramP = the_processLine.p1;
     }
     ~Borrowed() {
-        request_.DiagramType = processLine.SavedDiagramType;
-        session.DiagramT = T_;
-        session.DiagramP = p_;
+        request_.DiagramType = the_processLine.SavedDiagramType;
+        the_session.DiagramT = T_;
+        the_session.DiagramP = p_;
     }
     Borrowed(const Borrowed&) = delete;
     Borrowed& operator=(const Borrowed&) = delete;
 
   private:
-    Declare::DiagramRequest& request_;
+    diagrams::DiagramRequest& request_;
     double T_, p_;
 };
 
 }  // namespace
 
-void WithProcessLine(Declare::DiagramRequest& request, const std::function<void()>& draw) {
+void WithProcessLine(diagrams::DiagramRequest& request, const std::function<void()>& draw) {
     const Borrowed borrowed(request);
     draw();
 }
@@ -217,16 +218,16 @@ std::string OnePointNote(std::int16_t DiagramType, std::span<const float> x,
 namespace {
 
 std::string volume_text(const char* name, double v) {
-    const bool specific = session.UnitMode == 1;
-    const double M = static_cast<double>(Declare::substance.M);
+    const bool specific = the_session.UnitMode == 1;
+    const double M = static_cast<double>(legacy::the_substance.M);
     const double shown = specific && M > 0 ? v / M : v;
     return name + numbers::General(numbers::ToSingle(shown)) + (specific ? " m^3/kg" : " m^3/kmol");
 }
 
 std::string caloric_text(const char* name, double value, bool entropy) {
     constexpr std::int16_t kSpecific = 3;
-    const bool specific = session.CaloricUnit == kSpecific;
-    const double M = static_cast<double>(Declare::substance.M);
+    const bool specific = the_session.CaloricUnit == kSpecific;
+    const double M = static_cast<double>(legacy::the_substance.M);
     const double shown = specific && M > 0 ? value / M : value;
     const char* unit =
         entropy ? (specific ? " kJ/(kg K)" : " kJ/(kmol K)") : (specific ? " kJ/kg" : " kJ/kmol");
@@ -242,11 +243,11 @@ struct StartState {
 
 StartState start_state(double T, double p) {
     using Kind = StartState::Kind;
-    const Declare::SubstanceRecord& s = Declare::substance;
-    const Calc::StateTP state = Calc::SolveStateTP(T, p);
+    const models::SubstanceRecord& s = legacy::the_substance;
+    const models::StateTP state = models::SolveStateTP(T, p);
     if (state.status != kSuccess) return {};
     StartState r{.vL = state.vL, .vV = state.vV, .region = state.PhaseRegion};
-    if (Declare::models.EOSOnlyV) {
+    if (legacy::the_models.EOSOnlyV) {
         r.kind = Kind::vapour;
     } else if (T == s.Tcrit && static_cast<float>(p) == static_cast<float>(s.pcrit)) {
         r.kind = Kind::critical;
@@ -289,7 +290,7 @@ double single_volume(const StartState& state) {
 std::string held_text(const StartState& state, std::uint8_t Kind, double T, double p) {
     const bool entropy = Kind == ProcessKind::kIsentropic;
     const auto value = [&](double v) {
-        const thermo::StateValues z = thermo::StateFunctions(T, p, v);
+        const models::StateValues z = models::StateFunctions(T, p, v);
         return entropy ? z.s : z.h;
     };
     if (state.kind != StartState::Kind::twoPhase)
@@ -330,7 +331,7 @@ std::string PhaseText(double T, double p) {
 
 std::array<KappaOffer, 2> KappaOffers(double T1) {
     const auto kappa = [](double T) {
-        const thermo::CpResult ideal = thermo::IdealGasCp(T);
+        const models::CpResult ideal = models::IdealGasCp(T);
         const double cv = ideal.cp - constants::R;
         return ideal.status == kSuccess && cv > 0 ? ideal.cp / cv : 0;
     };
@@ -339,7 +340,7 @@ std::array<KappaOffer, 2> KappaOffers(double T1) {
         return KappaOffer{name + numbers::General(numbers::ToSingle(value)) + " calculated", value};
     };
     return {offer("aus T1 = ", T1),
-            offer("aus T(ref) = ", static_cast<double>(Declare::reference.T0))};
+            offer("aus T(ref) = ", static_cast<double>(legacy::the_reference.T0))};
 }
 
 std::string PolytropicErrorText(double T, double p) {
@@ -347,4 +348,4 @@ std::string PolytropicErrorText(double T, double p) {
            "\np = " + numbers::General(p);
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

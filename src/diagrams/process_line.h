@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
 /// Process lines: what the input asks for, refuses and hands to `CalcCurve`.
-namespace kurve {
+namespace quor::diagrams {
 
 /// `ProcessLineRecord::Kind`.
 namespace ProcessKind {
@@ -45,13 +45,13 @@ struct ProcessInput {
 /// The input that continues the last line: its start is the last point.
 ProcessInput ContinuedFrom(ProcessInput input);
 
-/// Checks an input and takes it into `Declare::processLine`. Empty: taken; else the text of the
+/// Checks an input and takes it into `legacy::the_processLine`. Empty: taken; else the text of the
 /// refusal, and the session is as it was.
 std::string TakeProcessInput(const ProcessInput& input);
 
 /// Runs `draw` with the request and the state parameters of the session set for the process line
-/// of `Declare::processLine`, and sets them back after it.
-void WithProcessLine(Declare::DiagramRequest& request, const std::function<void()>& draw);
+/// of `legacy::the_processLine`, and sets them back after it.
+void WithProcessLine(diagrams::DiagramRequest& request, const std::function<void()>& draw);
 
 /// Text of the note when a line has shrunk to one point because the function of the diagram does
 /// not depend on pressure; empty otherwise.
@@ -74,4 +74,4 @@ std::array<KappaOffer, 2> KappaOffers(double T1);
 /// The texts of a failed polytropic calculation, with the last state.
 std::string PolytropicErrorText(double T, double p);
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -7,11 +7,11 @@
 #include "diagrams/curve_frame.h"
 #include "session/module2.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
-using Declare::session;
+using legacy::the_session;
+using models::StateValues;
 using Module9::Axis;
-using thermo::StateValues;
 
 namespace {
 
@@ -45,16 +45,16 @@ bool is_closed_system(std::int16_t code) {
     return code == 95 || code == 155 || code == 160 || code == 181;
 }
 
-std::optional<thermo::Residual> residual_of(Axis axis) {
+std::optional<models::Residual> residual_of(Axis axis) {
     switch (axis) {
         case Axis::deltas:
-            return thermo::ResS;
+            return models::ResS;
         case Axis::deltah:
-            return thermo::ResH;
+            return models::ResH;
         case Axis::deltag:
-            return thermo::ResG;
+            return models::ResG;
         case Axis::deltacp:
-            return thermo::ResCp;
+            return models::ResCp;
         default:
             return std::nullopt;
     }
@@ -67,7 +67,7 @@ struct State {
 };
 
 std::optional<double> caloric_on_axis(Axis axis, const State& state) {
-    const double factor = Module2::CaloricFactorOf(session.CaloricUnit, state.T);
+    const double factor = session::CaloricFactorOf(the_session.CaloricUnit, state.T);
     const StateValues& f = state.functions;
     if (const auto column = residual_of(axis)) {
         if (!f.table.filled) return std::nullopt;
@@ -79,14 +79,14 @@ std::optional<double> caloric_on_axis(Axis axis, const State& state) {
     if (function == nullptr) return std::nullopt;
     const auto value = value_of(f, function);
     if (!value) return value;
-    const double scale = axis == Axis::Tenvs ? Declare::reference.Tenv * factor : factor;
+    const double scale = axis == Axis::Tenvs ? legacy::the_reference.Tenv * factor : factor;
     return *value * scale;
 }
 
 std::optional<double> on_axis(Axis axis, const State& state) {
-    const auto TF = static_cast<double>(session.TemperatureFactor);
-    const auto PF = static_cast<double>(session.PressureFactor);
-    const double VF = session.VolumeFactor;
+    const auto TF = static_cast<double>(the_session.TemperatureFactor);
+    const auto PF = static_cast<double>(the_session.PressureFactor);
+    const double VF = the_session.VolumeFactor;
     switch (axis) {
         case Axis::T:
             return state.T * TF;
@@ -95,7 +95,7 @@ std::optional<double> on_axis(Axis axis, const State& state) {
         case Axis::v:
             return state.v * VF;
         case Axis::rho:
-            return static_cast<double>(Declare::substance.M) / state.v;
+            return static_cast<double>(legacy::the_substance.M) / state.v;
         case Axis::pv:
             return state.p * PF * state.v * VF;
         case Axis::inverseT:
@@ -104,7 +104,7 @@ std::optional<double> on_axis(Axis axis, const State& state) {
             return std::log(state.p * PF);
         case Axis::jouleThomson:
             if (!state.functions.table.filled) return std::nullopt;
-            return state.functions.table.residual[thermo::JouleThomson];
+            return state.functions.table.residual[models::JouleThomson];
         case Axis::inverseTSlope:
         case Axis::dlnp:
         case Axis::deltaLVh:
@@ -136,7 +136,7 @@ float mark_for_z(std::int16_t code) {
 }  // namespace
 
 Projection ProjectState(std::int16_t DiagramType, double T, double p, double v,
-                        const thermo::StateValues& functions) {
+                        const models::StateValues& functions) {
     const Module9::CatalogueRow* row = Module9::FindRow(DiagramType);
     if (row == nullptr || !shows_states(*row) || !(T > 0) || !(p > 0) || !(v > 0)) return {};
     const State state{DiagramType, T, p, v, functions};
@@ -161,4 +161,4 @@ bool ShowsStates(std::int16_t DiagramType) {
     return row != nullptr && shows_states(*row);
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

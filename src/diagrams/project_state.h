@@ -5,7 +5,7 @@
 #include "diagrams/catalogue.h"
 #include "models/caloric.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 /// A state on the axes of a diagram, in displayed units; z holds T/K, p/kPa or v in m^3/kmol by
 /// its kind (-1, -2, -3).
@@ -17,7 +17,7 @@ struct Projection {
 
 /// Maps a state at T/K, p/kPa, v in m^3/kmol with its caloric values to the axes of a diagram.
 Projection ProjectState(std::int16_t DiagramType, double T, double p, double v,
-                        const thermo::StateValues& functions);
+                        const models::StateValues& functions);
 
 /// True when an axis shows a caloric value, so that `functions` are needed.
 bool NeedsFunctions(std::int16_t DiagramType);
@@ -26,4 +26,4 @@ bool NeedsFunctions(std::int16_t DiagramType);
 /// be drawn in it.
 bool ShowsStates(std::int16_t DiagramType);
 
-}  // namespace kurve
+}  // namespace quor::diagrams

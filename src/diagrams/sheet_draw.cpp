@@ -8,15 +8,15 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "diagrams/catalogue.h"
+#include "legacy/declare.h"
 #include "models/model_tables.h"
-#include "session/declare.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 constexpr std::int16_t kIsochoreDiagram = 5;
 constexpr std::int16_t kFirstProcessLine = 201, kLastProcessLine = 211;
@@ -40,11 +40,11 @@ std::string point(double value, std::string_view mask) {
 }
 
 std::string temperature() {
-    return point(session.DiagramT, "####0.0# K ");
+    return point(the_session.DiagramT, "####0.0# K ");
 }
 
 std::string pressure() {
-    return point(session.DiagramP, "#####0.0# kPa ");
+    return point(the_session.DiagramP, "#####0.0# kPa ");
 }
 
 CurveName plain(const std::string& legend) {
@@ -55,7 +55,7 @@ CurveName process_line_name() {
     constexpr std::array<std::string_view, 7> kKinds{
         "free straight line", "Isotherm",    "Isobar",    "Isochore ",
         "Isentropic",         "Isenthalpic", "Polytropic"};
-    const std::size_t kind = std::min<std::size_t>(Declare::processLine.Kind, kKinds.size() - 1);
+    const std::size_t kind = std::min<std::size_t>(legacy::the_processLine.Kind, kKinds.size() - 1);
     std::string name(kKinds[kind]);
     if (kind == 1) name += " " + temperature();
     if (kind == 2) name += " " + pressure();
@@ -64,22 +64,23 @@ CurveName process_line_name() {
 
 CurveName isochore_name(bool criticalPointMarked, std::int16_t code) {
     if (!criticalPointMarked || code != kIsochoreDiagram)
-        return plain(point(session.DiagramV, "####0.0#### m^3/kmol "));
-    const double vcrit = Declare::eosParameters.vcritCalc;
-    const bool specific = session.UnitMode == 1;
-    const double shown = specific ? session.DiagramV * session.VolumeFactor : session.DiagramV;
+        return plain(point(the_session.DiagramV, "####0.0#### m^3/kmol "));
+    const double vcrit = legacy::the_eosParameters.vcritCalc;
+    const bool specific = the_session.UnitMode == 1;
+    const double shown =
+        specific ? the_session.DiagramV * the_session.VolumeFactor : the_session.DiagramV;
     const std::string volume = point(shown, "###0.0####") + (specific ? " m^3/kg " : " m^3/kmol ");
     // The volume counts as critical when it shows the digits of the critical one.
     constexpr std::string_view kDigits = "###0.0####";
-    if (point(session.DiagramV, kDigits) == point(vcrit, kDigits))
+    if (point(the_session.DiagramV, kDigits) == point(vcrit, kDigits))
         return {volume + " (cr) ", volume + "(cr)"};
-    if (session.DiagramV > vcrit) return {volume + " (V) ", volume + "(V)"};
+    if (the_session.DiagramV > vcrit) return {volume + " (V) ", volume + "(V)"};
     return {volume + " (L) ", volume + "(L)"};
 }
 
 /// Names of the list of equations are padded with blanks.
 std::string equation_name(std::string_view code) {
-    return text::Trim(Calc::VPName(Calc::VPIndex(code)));
+    return text::Trim(models::VPName(models::VPIndex(code)));
 }
 
 std::string database_equation(std::int16_t code) {
@@ -112,8 +113,8 @@ std::string database_equation(std::int16_t code) {
 }
 
 /// The range in which a curve is computed: the coordinates, and what is shown beside them.
-Declare::DiagramRequest computing_request(const DiagramSheet& sheet) {
-    Declare::DiagramRequest request = sheet.request;
+diagrams::DiagramRequest computing_request(const DiagramSheet& sheet) {
+    diagrams::DiagramRequest request = sheet.request;
     const chart::Window shown = chart::ShownWindow(sheet.chart);
     request.xMin = std::min(request.xMin, static_cast<float>(shown.x.min));
     request.xMax = std::max(request.xMax, static_cast<float>(shown.x.max));
@@ -123,7 +124,7 @@ Declare::DiagramRequest computing_request(const DiagramSheet& sheet) {
 }
 
 /// The kinds that complete their texts while they are computed.
-void take_texts(DiagramSheet& sheet, const Declare::DiagramRequest& computed) {
+void take_texts(DiagramSheet& sheet, const diagrams::DiagramRequest& computed) {
     if (computed.title == sheet.request.title && computed.subTitle == sheet.request.subTitle)
         return;
     sheet.request.title = computed.title;
@@ -148,10 +149,10 @@ bool HasBranches(std::int16_t code) {
                        [&](const CodePair& p) { return p.coexistence == code; });
 }
 
-CurveName NameOf(const Declare::DiagramRequest& request, bool criticalPointMarked) {
+CurveName NameOf(const diagrams::DiagramRequest& request, bool criticalPointMarked) {
     if (request.DiagramType >= kFirstProcessLine && request.DiagramType <= kLastProcessLine)
         return process_line_name();
-    if (session.TieLineRequested) return plain("Tie-Line V-L ");
+    if (the_session.TieLineRequested) return plain("Tie-Line V-L ");
     switch (request.sectionKind) {
         case kIsothermal:
             return {"(" + temperature() + ") ", temperature()};
@@ -171,20 +172,20 @@ CurveName NameOf(const Declare::DiagramRequest& request, bool criticalPointMarke
 }
 
 DrawOutcome DrawCurve(DiagramSheet& sheet, const std::string& branch) {
-    Module2::RefreshUnits();
+    session::RefreshUnits();
     DrawOutcome outcome;
-    Declare::CurvePointArray points;
-    kurve::CurveResult result;
-    Declare::DiagramRequest request = computing_request(sheet);
+    diagrams::CurvePointArray points;
+    diagrams::CurveResult result;
+    diagrams::DiagramRequest request = computing_request(sheet);
     {
-        const Module2::BusyPointer busy;
-        result =
-            kurve::CalcCurve(request, points, session.DiagramT, session.DiagramP, session.DiagramV);
+        const session::BusyPointer busy;
+        result = diagrams::CalcCurve(request, points, the_session.DiagramT, the_session.DiagramP,
+                                     the_session.DiagramV);
     }
     outcome.status = result.status;
-    const kurve::StatusText said = kurve::TextOf(result);
+    const diagrams::StatusText said = diagrams::TextOf(result);
     if (!said.text.empty()) dialogs::Tell(said.text, said.title);
-    if (!kurve::IsDrawn(result.status)) return outcome;
+    if (!diagrams::IsDrawn(result.status)) return outcome;
 
     take_texts(sheet, request);
     // The series ends at the range in which it was computed.
@@ -200,23 +201,24 @@ DrawOutcome DrawCurve(DiagramSheet& sheet, const std::string& branch) {
 
 bool DrawBothBranches(DiagramSheet& sheet) {
     if (!HasBranches(sheet.request.DiagramType)) return DrawCurve(sheet).slot >= 0;
-    session.CoexistenceRequested = true;
-    session.VapourFraction = 0;
+    the_session.CoexistenceRequested = true;
+    the_session.VapourFraction = 0;
     bool drawn = DrawCurve(sheet, " (L)").slot >= 0;
     if (drawn) {
-        session.VapourFraction = 1;
+        the_session.VapourFraction = 1;
         drawn = DrawCurve(sheet, " (V)").slot >= 0;
     }
-    session.VapourFraction = 1;
-    session.CoexistenceRequested = false;
+    the_session.VapourFraction = 1;
+    the_session.CoexistenceRequested = false;
     return drawn;
 }
 
 bool Draw(DiagramSheet& sheet) {
-    if (sheet.SwappedAxes || !kurve::HasCurve(sheet.request.DiagramType)) return false;
-    session.CaloricFactor = Module2::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+    if (sheet.SwappedAxes || !diagrams::HasCurve(sheet.request.DiagramType)) return false;
+    the_session.CaloricFactor =
+        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
     if (sheet.request.sectionKind == kProjection) return DrawBothBranches(sheet);
     return DrawCurve(sheet).slot >= 0;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

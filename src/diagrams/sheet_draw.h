@@ -5,12 +5,12 @@
 #include "diagrams/curve.h"
 #include "diagrams/diagram_sheet.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 /// What a run of `DrawCurve` did.
 struct DrawOutcome {
     int slot = -1;            ///< where the curve went; -1 when nothing was stored
-    std::int16_t status = 0;  ///< of `kurve::CalcCurve`
+    std::int16_t status = 0;  ///< of `diagrams::CalcCurve`
 };
 
 /// Computes the curve of the sheet's request with its parameters, tells a status, and stores and
@@ -31,7 +31,7 @@ struct CurveName {
 };
 
 /// The name of the curve that the request stands for, from the parameters of the session.
-CurveName NameOf(const Declare::DiagramRequest& request, bool criticalPointMarked);
+CurveName NameOf(const diagrams::DiagramRequest& request, bool criticalPointMarked);
 
 /// Code of the curve of vapour fractions in the diagram of a code; 0 when there is none.
 std::int16_t CoexistenceCodeOf(std::int16_t DiagramType);
@@ -39,4 +39,4 @@ std::int16_t CoexistenceCodeOf(std::int16_t DiagramType);
 /// True for a curve that depends on the vapour fraction.
 bool HasBranches(std::int16_t code);
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -2,22 +2,22 @@
 
 #include <algorithm>
 
+#include "chart/chart_file.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
 #include "datafiles/xy_file.h"
-#include "diagrams/chart/chart_file.h"
 #include "diagrams/curve.h"
 #include "diagrams/sheet_readout.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
 using chart::Series;
-using Declare::session;
+using legacy::the_session;
 
 constexpr auto kFilter = "picture file (*.oc2)|*.oc2";
 constexpr auto kExtension = ".oc2";
@@ -32,11 +32,11 @@ const Series* used_curve(const DiagramSheet& sheet, int slot) {
 }
 
 std::string in_folder(const std::string& name) {
-    return Module2::HasSeparator(name) ? name : session.FolderDiagram2D + name;
+    return session::HasSeparator(name) ? name : the_session.FolderDiagram2D + name;
 }
 
 std::string with_extension(const std::string& name) {
-    const std::string title = Module2::FileTitle(name);
+    const std::string title = session::FileTitle(name);
     return title.find('.') == std::string::npos ? name + kExtension : name;
 }
 
@@ -84,13 +84,13 @@ bool SaveOC2(const DiagramSheet& sheet) {
         dialogs::ChooseFile({.save = true,
                              .title = "Save this 2D-diagram design",
                              .filter = kFilter,
-                             .folder = session.FolderDiagram2D,
+                             .folder = the_session.FolderDiagram2D,
                              .name = "*.oc2",
                              .defaultExtension = kExtension,
                              .overwritePrompt = true});
     if (!name || name->empty()) return false;
     const std::string path = with_extension(in_folder(*name));
-    session.FolderDiagram2D = Module2::FolderOf(path);
+    the_session.FolderDiagram2D = session::FolderOf(path);
     const chart::FileOutcome saved = chart::SaveChart(sheet.chart, path);
     if (!saved.ok) dialogs::Tell(saved.message, "ERROR", dialogs::Icon::Stop);
     return saved.ok;
@@ -98,8 +98,8 @@ bool SaveOC2(const DiagramSheet& sheet) {
 
 LoadOutcome LoadOC2(DiagramSheet& sheet) {
     if (sheet.SwappedAxes) ChangeXY(sheet);
-    if (session.Diagram2DNotePending) {
-        session.Diagram2DNotePending = false;
+    if (the_session.Diagram2DNotePending) {
+        the_session.Diagram2DNotePending = false;
         dialogs::Tell(
             "If you intend to continue the designing of the\nOC2 diagram please note:\n"
             "1) Do load the OC2 diagram file only for a suited setting \n"
@@ -112,7 +112,7 @@ LoadOutcome LoadOC2(DiagramSheet& sheet) {
     const std::optional<std::string> name =
         dialogs::ChooseFile({.title = "Load a saved pattern (*.oc2)",
                              .filter = kFilter,
-                             .folder = session.FolderDiagram2D,
+                             .folder = the_session.FolderDiagram2D,
                              .name = "*.oc2",
                              .defaultExtension = kExtension});
     if (!name || name->empty()) return LoadOutcome::Cancelled;
@@ -120,7 +120,7 @@ LoadOutcome LoadOC2(DiagramSheet& sheet) {
 }
 
 LoadOutcome LoadOC2(DiagramSheet& sheet, const std::string& file) {
-    session.FolderDiagram2D = Module2::FolderOf(file);
+    the_session.FolderDiagram2D = session::FolderOf(file);
     chart::Chart2D loaded;
     const chart::FileOutcome read = chart::LoadChart(file, loaded);
     if (!read.ok) {
@@ -162,7 +162,7 @@ void TakeLoadedChart(DiagramSheet& sheet, chart::Chart2D chart) {
     }
 
     const chart::Window window = chart::ShownWindow(fresh.chart);
-    Declare::DiagramRequest& r = fresh.request;
+    diagrams::DiagramRequest& r = fresh.request;
     r.xMinDefault = r.xMin = static_cast<float>(window.x.min);
     r.xMaxDefault = r.xMax = static_cast<float>(window.x.max);
     r.yMinDefault = r.yMin = static_cast<float>(window.y.min);
@@ -176,12 +176,12 @@ void TakeLoadedChart(DiagramSheet& sheet, chart::Chart2D chart) {
 bool SaveCurve(const DiagramSheet& sheet, int slot) {
     const Series* series = used_curve(sheet, slot);
     if (series == nullptr) return false;
-    Declare::CurvePointArray points(1);
+    diagrams::CurvePointArray points(1);
     for (std::size_t i = 0; i < series->x.size(); ++i)
         if (chart::IsShown(series->x[i]) && chart::IsShown(series->y[i]))
             points.push_back({series->x[i], series->y[i], 0});
     points[0].x = static_cast<float>(points.size() - 1);
-    return LoadSaveData::SaveCurveAsXY(points);
+    return datafiles::SaveCurveAsXY(points);
 }
 
 std::string CurveTable(const DiagramSheet& sheet, int slot) {
@@ -205,4 +205,4 @@ std::string CurveTable(const DiagramSheet& sheet, int slot) {
     return table;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

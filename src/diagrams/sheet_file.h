@@ -4,7 +4,7 @@
 
 #include "diagrams/diagram_sheet.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 /// Asks for a name and writes the diagram as .oc2; false when nothing was written.
 bool SaveOC2(const DiagramSheet& sheet);
@@ -30,4 +30,4 @@ bool SaveCurve(const DiagramSheet& sheet, int slot);
 /// captions; numbers in the locale's form.
 std::string CurveTable(const DiagramSheet& sheet, int slot);
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -10,19 +10,19 @@
 #include "diagrams/catalogue.h"
 #include "diagrams/project_state.h"
 #include "diagrams/sheet_draw.h"
+#include "legacy/declare.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
-#include "session/declare.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
-using Declare::models;
-using Declare::session;
-using Declare::substance;
+using legacy::the_models;
+using legacy::the_session;
+using legacy::the_substance;
 
 constexpr auto kRefused = "Execution not possible";
 constexpr float kFarT = -1e10F, kFarP = -1e6F, kFarV = -1e8F;
@@ -41,7 +41,7 @@ bool is_one_of(std::int16_t code, std::initializer_list<int> codes) {
 /// Where an axis of the diagram shows a quantity.
 enum class Direction { None, Vertical, Horizontal };
 
-Direction direction_of(const Declare::DiagramRequest& request,
+Direction direction_of(const diagrams::DiagramRequest& request,
                        std::initializer_list<Axis> quantities) {
     const CatalogueRow* row = FindRow(request.DiagramType);
     if (row == nullptr) return Direction::None;
@@ -52,16 +52,16 @@ Direction direction_of(const Declare::DiagramRequest& request,
     return Direction::None;
 }
 
-Direction direction_of_T(const Declare::DiagramRequest& request) {
+Direction direction_of_T(const diagrams::DiagramRequest& request) {
     return direction_of(request, {Axis::T, Axis::inverseT, Axis::inverseTSlope});
 }
-Direction direction_of_p(const Declare::DiagramRequest& request) {
+Direction direction_of_p(const diagrams::DiagramRequest& request) {
     return direction_of(request, {Axis::p, Axis::lnp});
 }
-Direction direction_of_v(const Declare::DiagramRequest& request) {
+Direction direction_of_v(const diagrams::DiagramRequest& request) {
     return direction_of(request, {Axis::v});
 }
-Direction direction_of_rho(const Declare::DiagramRequest& request) {
+Direction direction_of_rho(const diagrams::DiagramRequest& request) {
     return direction_of(request, {Axis::rho});
 }
 
@@ -116,7 +116,7 @@ void remove_line(DiagramSheet& sheet, int labelIndex, std::string_view text) {
 }
 
 bool refuse_vapour_only(const char* text) {
-    if (!models.EOSOnlyV) return false;
+    if (!the_models.EOSOnlyV) return false;
     dialogs::Tell(text, kRefused);
     return true;
 }
@@ -125,13 +125,13 @@ constexpr auto kTooHot = "only possible in the 2-phase region V-L  (T<T(cr))";
 constexpr auto kTooHigh = "only possible in the 2-phase region V-L  (p<p(cr))";
 
 bool refuse_supercritical_T() {
-    if (session.DiagramT < substance.Tcrit) return false;
+    if (the_session.DiagramT < the_substance.Tcrit) return false;
     dialogs::Tell(kTooHot, kRefused);
     return true;
 }
 
 bool refuse_supercritical_p() {
-    if (session.DiagramP < substance.pcrit) return false;
+    if (the_session.DiagramP < the_substance.pcrit) return false;
     dialogs::Tell(kTooHigh, kRefused);
     return true;
 }
@@ -152,7 +152,7 @@ class Borrowed {
     Borrowed& operator=(const Borrowed&) = delete;
 
   private:
-    Declare::DiagramRequest& request_;
+    diagrams::DiagramRequest& request_;
     std::int16_t code_, kind_;
 };
 
@@ -186,7 +186,7 @@ std::int16_t inversion_code(std::int16_t code) {
 }  // namespace
 
 bool OffersMark(const DiagramSheet& sheet, Mark mark) {
-    const Declare::DiagramRequest& r = sheet.request;
+    const diagrams::DiagramRequest& r = sheet.request;
     if (sheet.SwappedAxes) return false;
     switch (mark) {
         case Mark::T:
@@ -198,10 +198,10 @@ bool OffersMark(const DiagramSheet& sheet, Mark mark) {
         case Mark::b:
             return direction_of_v(r) != Direction::None || direction_of_rho(r) != Direction::None;
         case Mark::SCurve:
-            return kurve::HasMetastableBranch(r.DiagramType);
+            return diagrams::HasMetastableBranch(r.DiagramType);
         case Mark::CriticalEx:
         case Mark::CriticalCalc:
-            return r.DiagramType == kLogarithmic || kurve::ShowsStates(r.DiagramType);
+            return r.DiagramType == kLogarithmic || diagrams::ShowsStates(r.DiagramType);
         case Mark::Bisection:
             return r.DiagramType == kRhoTProjection;
         case Mark::Inversion:
@@ -211,7 +211,7 @@ bool OffersMark(const DiagramSheet& sheet, Mark mark) {
             return CoexistenceCodeOf(r.DiagramType) != 0;
         case Mark::TieLine:
             return (r.sectionKind == kIsothermal || r.sectionKind == kIsobaric) &&
-                   kurve::ShowsStates(r.DiagramType);
+                   diagrams::ShowsStates(r.DiagramType);
     }
     return false;
 }
@@ -222,7 +222,7 @@ bool MarkTGrenzen(DiagramSheet& sheet) {
     DeleteMarkerLabels(sheet);
 
     const Direction direction = direction_of_T(sheet.request);
-    const double factor = static_cast<double>(session.TemperatureFactor);
+    const double factor = static_cast<double>(the_session.TemperatureFactor);
     const bool inverse = is_one_of(sheet.request.DiagramType, {kLogarithmic, kSlope});
     int index = LabelIndex::kFirstT;
     const auto line = [&](const char* text, double T) {
@@ -232,12 +232,12 @@ bool MarkTGrenzen(DiagramSheet& sheet) {
         }
         ++index;
     };
-    line("T(cr)", substance.Tcrit);
-    line("T(triple)", substance.Ttriple);
-    if (session.PartialGasCurve) {
+    line("T(cr)", the_substance.Tcrit);
+    line("T(triple)", the_substance.Ttriple);
+    if (the_session.PartialGasCurve) {
         line("                      T(LV) at p",
-             Calc::BoilingTemperature(session.DiagramP, models.VPCode, false).T);
-        line("                      T(LV) at normal pressure", substance.Tboil);
+             models::BoilingTemperature(the_session.DiagramP, the_models.VPCode, false).T);
+        line("                      T(LV) at normal pressure", the_substance.Tboil);
     }
     return HasReferenceLines(sheet);
 }
@@ -248,7 +248,7 @@ bool MarkPressures(DiagramSheet& sheet) {
     DeleteMarkerLabels(sheet);
 
     const Direction direction = direction_of_p(sheet.request);
-    const double factor = static_cast<double>(session.PressureFactor);
+    const double factor = static_cast<double>(the_session.PressureFactor);
     const bool logarithm = sheet.request.DiagramType == kLogarithmic;
     int index = LabelIndex::kFirstP;
     const auto line = [&](const char* text, double p) {
@@ -258,29 +258,31 @@ bool MarkPressures(DiagramSheet& sheet) {
         }
         ++index;
     };
-    line("p(cr)", substance.pcrit);
-    line("p(LV) at T ", Calc::VapourPressure(session.DiagramT, models.VPCode, false).p);
+    line("p(cr)", the_substance.pcrit);
+    line("p(LV) at T ", models::VapourPressure(the_session.DiagramT, the_models.VPCode, false).p);
     line(logarithm ? "Normal-p" : "normal p", constants::kNormalPressure);
     return HasReferenceLines(sheet);
 }
 
 bool MarkVolume(DiagramSheet& sheet) {
     if (!OffersMark(sheet, Mark::v)) return false;
-    const double v = Declare::eosParameters.vcritCalc;
+    const double v = legacy::the_eosParameters.vcritCalc;
     if (!(v > 0)) return false;
     remove_line(sheet, LabelIndex::kVolume, "v(crit)");
     add_line(sheet, direction_of_v(sheet.request),
-             {LabelIndex::kVolume, v * session.VolumeFactor, "v(crit)", kFarV});
+             {LabelIndex::kVolume, v * the_session.VolumeFactor, "v(crit)", kFarV});
     return true;
 }
 
 bool MarkCovolume(DiagramSheet& sheet) {
     if (!OffersMark(sheet, Mark::b)) return false;
-    Declare::EOSState state = Declare::eosState;
-    if (!models.EOSOnlyV)
-        state = Calc::solve_state_tp(Calc::CurrentFluid(), session.DiagramT, substance.pcrit).state;
+    models::EOSState state = legacy::the_eosState;
+    if (!the_models.EOSOnlyV)
+        state = models::solve_state_tp(models::CurrentFluid(), the_session.DiagramT,
+                                       the_substance.pcrit)
+                    .state;
     const double b = state.eosB;
-    if (models.EOSOnlyV || !(b > 0)) {
+    if (the_models.EOSOnlyV || !(b > 0)) {
         dialogs::Tell("possible for cubic EOS only.", kRefused);
         return false;
     }
@@ -288,8 +290,8 @@ bool MarkCovolume(DiagramSheet& sheet) {
     const Direction ofVolume = direction_of_v(sheet.request);
     const bool density = ofVolume == Direction::None;
     add_line(sheet, density ? direction_of_rho(sheet.request) : ofVolume,
-             {LabelIndex::kCovolume, density ? substance.M / b : b * session.VolumeFactor, "v = b",
-              kFarV});
+             {LabelIndex::kCovolume, density ? the_substance.M / b : b * the_session.VolumeFactor,
+              "v = b", kFarV});
     return true;
 }
 
@@ -299,27 +301,27 @@ bool MarkSCurve(DiagramSheet& sheet) {
     const std::int16_t code = sheet.request.DiagramType;
     if (s_curve_is_isothermal(code) && refuse_supercritical_T()) return false;
     if (s_curve_is_isobaric(code) && refuse_supercritical_p()) return false;
-    const Raised requested(session.SCurveRequested);
+    const Raised requested(the_session.SCurveRequested);
     return DrawCurve(sheet).slot >= 0;
 }
 
 bool MarkCriticalPoint(DiagramSheet& sheet, bool experimental) {
     if (!OffersMark(sheet, experimental ? Mark::CriticalEx : Mark::CriticalCalc)) return false;
-    Module2::RefreshUnits();
-    const double v = experimental ? substance.vcritExp : Declare::eosParameters.vcritCalc;
-    const double T = substance.Tcrit, p = substance.pcrit;
+    session::RefreshUnits();
+    const double v = experimental ? the_substance.vcritExp : legacy::the_eosParameters.vcritCalc;
+    const double T = the_substance.Tcrit, p = the_substance.pcrit;
     const std::int16_t code = sheet.request.DiagramType;
-    thermo::StateValues functions;
-    if (kurve::NeedsFunctions(code)) {
+    models::StateValues functions;
+    if (diagrams::NeedsFunctions(code)) {
         // The caloric values belong to the state of the EOS at T(cr) and p(cr).
-        const Calc::StateTP state = Calc::SolveStateTP(T, p);
+        const models::StateTP state = models::SolveStateTP(T, p);
         const double ofState = state.hasV ? state.vV : state.vL;
-        functions = thermo::StateFunctions(T, p, ofState > 0 ? ofState : v);
+        functions = models::StateFunctions(T, p, ofState > 0 ? ofState : v);
     }
     const bool needsVolume =
         direction_of(sheet.request, {Axis::v, Axis::rho, Axis::pv}) != Direction::None;
-    kurve::Projection at;
-    if (v > 0 || !needsVolume) at = kurve::ProjectState(code, T, p, v, functions);
+    diagrams::Projection at;
+    if (v > 0 || !needsVolume) at = diagrams::ProjectState(code, T, p, v, functions);
     if (!at.exists) {
         dialogs::Tell("No critical density available", kRefused);
         return false;
@@ -378,11 +380,11 @@ bool MarkIsohygric(DiagramSheet& sheet, double fraction) {
     if (!OffersMark(sheet, Mark::Isohygric) || !(fraction >= 0 && fraction <= 1)) return false;
     if (!MayMarkIsohygric()) return false;
     const Borrowed code(sheet, CoexistenceCodeOf(sheet.request.DiagramType), kProjection);
-    const Raised requested(session.CoexistenceRequested);
-    session.VapourFraction = fraction;
+    const Raised requested(the_session.CoexistenceRequested);
+    the_session.VapourFraction = fraction;
     const std::string text = " y(V) = " + numbers::GeneralPoint(fraction);
     const DrawOutcome drawn = DrawCurve(sheet, text);
-    session.VapourFraction = 1;
+    the_session.VapourFraction = 1;
     if (drawn.slot < 0) return false;
     sheet.CurveLabels[static_cast<std::size_t>(drawn.slot)].text = text.substr(1);
     return true;
@@ -394,8 +396,8 @@ bool MarkTieLine(DiagramSheet& sheet) {
     const std::int16_t kind = sheet.request.sectionKind;
     if (kind == kIsothermal && refuse_supercritical_T()) return false;
     if (kind == kIsobaric && refuse_supercritical_p()) return false;
-    const Raised requested(session.TieLineRequested);
+    const Raised requested(the_session.TieLineRequested);
     return DrawCurve(sheet).slot >= 0;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

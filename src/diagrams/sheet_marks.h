@@ -7,7 +7,7 @@
 
 /// Lines, points and special curves that are added to a diagram. Each returns true when it added
 /// something; a refusal is said and leaves the sheet as it is.
-namespace Module9 {
+namespace quor::Module9 {
 
 enum class Mark : std::uint8_t {
     T,
@@ -43,4 +43,4 @@ bool MayMarkIsohygric();
 bool MarkIsohygric(DiagramSheet& sheet, double fraction);
 bool MarkTieLine(DiagramSheet& sheet);
 
-}  // namespace Module9
+}  // namespace quor::Module9

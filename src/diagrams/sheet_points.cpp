@@ -9,16 +9,16 @@
 #include "datafiles/xy_points.h"
 #include "diagrams/catalogue.h"
 #include "diagrams/database_functions.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
-using Declare::BatchDataSet;
-using Declare::session;
-using Declare::substance;
+using calculation::BatchDataSet;
+using legacy::the_session;
+using legacy::the_substance;
 using Value = std::optional<double>;
 
 /// A value of the data; 0 means that there is none.
@@ -31,12 +31,12 @@ Value product(Value a, Value b) {
 }
 
 Value volume(Value density) {
-    if (!density || !(substance.M > 0)) return std::nullopt;
-    return substance.M / *density * session.VolumeFactor;
+    if (!density || !(the_substance.M > 0)) return std::nullopt;
+    return the_substance.M / *density * the_session.VolumeFactor;
 }
 
 double caloric(double T) {
-    return Module2::CaloricFactorOf(session.CaloricUnit, T > 0 ? T : session.DiagramT);
+    return session::CaloricFactorOf(the_session.CaloricUnit, T > 0 ? T : the_session.DiagramT);
 }
 
 /// One line of data seen with one of its densities.
@@ -45,9 +45,11 @@ struct Measured {
     Value density;
 
     Value T() const {
-        return product(given(data.T), static_cast<double>(session.TemperatureFactor));
+        return product(given(data.T), static_cast<double>(the_session.TemperatureFactor));
     }
-    Value p() const { return product(given(data.p), static_cast<double>(session.PressureFactor)); }
+    Value p() const {
+        return product(given(data.p), static_cast<double>(the_session.PressureFactor));
+    }
 };
 
 Value on_axis(Axis axis, const Measured& m) {
@@ -107,8 +109,8 @@ MeasuredPoints MapMeasured(std::int16_t DiagramType) {
         points.y.push_back(yf);
         return true;
     };
-    const auto& lines = Declare::BatchData;
-    const auto count = static_cast<std::size_t>(std::max<std::int16_t>(session.BatchCount, 0));
+    const auto& lines = legacy::the_BatchData;
+    const auto count = static_cast<std::size_t>(std::max<std::int16_t>(the_session.BatchCount, 0));
     for (std::size_t i = 1; i <= count && i < lines.size(); ++i) {
         const BatchDataSet& data = lines[i];
         if (data.skip != 0) continue;
@@ -130,7 +132,7 @@ MeasuredPoints MapMeasured(std::int16_t DiagramType) {
 
 bool AddMeasuredPoints(DiagramSheet& sheet) {
     if (!HasFreePointSet(sheet)) return false;
-    Module2::RefreshUnits();
+    session::RefreshUnits();
     MeasuredPoints points = MapMeasured(sheet.request.DiagramType);
     if (sheet.SwappedAxes) std::swap(points.x, points.y);
     bool any = false;
@@ -141,7 +143,7 @@ bool AddMeasuredPoints(DiagramSheet& sheet) {
                       "Execution not possible");
         return false;
     }
-    const std::string file = Module2::FileTitle(session.BatchFile);
+    const std::string file = session::FileTitle(the_session.BatchFile);
     return StorePointSet(sheet, std::move(points.x), std::move(points.y),
                          file.empty() ? "exper. points" : file) >= 0;
 }
@@ -150,7 +152,7 @@ namespace {
 
 MeasuredPoints editor_points(const DiagramSheet& sheet) {
     MeasuredPoints points;
-    for (const Declare::FitPoint& p : LoadSaveData::ActivePoints(Declare::xyPoints)) {
+    for (const datafiles::FitPoint& p : datafiles::ActivePoints(legacy::the_xyPoints)) {
         points.x.push_back(p.x);
         points.y.push_back(p.y);
     }
@@ -159,15 +161,15 @@ MeasuredPoints editor_points(const DiagramSheet& sheet) {
 }
 
 std::string editor_name() {
-    const std::string comment = text::Trim(Declare::xyComment);
+    const std::string comment = text::Trim(legacy::the_xyComment);
     return comment.empty() ? "manual data input" : comment;
 }
 
 }  // namespace
 
-Declare::DiagramRequest RequestOfEditorGraph() {
-    const LoadSaveData::XYGraph& graph = LoadSaveData::xyGraph;
-    Declare::DiagramRequest request;
+diagrams::DiagramRequest RequestOfEditorGraph() {
+    const datafiles::XYGraph& graph = datafiles::xyGraph;
+    diagrams::DiagramRequest request;
     request.title = graph.title;
     request.xLabel = graph.xTitle;
     request.yLabel = graph.yTitle;
@@ -178,7 +180,7 @@ Declare::DiagramRequest RequestOfEditorGraph() {
         min = low - rim;
         max = high + rim;
     };
-    const LoadSaveData::XYRange& range = graph.range;
+    const datafiles::XYRange& range = graph.range;
     widen(range.xMin, range.xMax, request.xMin, request.xMax);
     widen(range.yMin, range.yMax, request.yMin, request.yMax);
     request.xMinDefault = request.xMin;
@@ -189,9 +191,9 @@ Declare::DiagramRequest RequestOfEditorGraph() {
 }
 
 bool AddEditorGraph(DiagramSheet& sheet) {
-    const LoadSaveData::XYGraph& graph = LoadSaveData::xyGraph;
+    const datafiles::XYGraph& graph = datafiles::xyGraph;
     std::vector<float> x, y;
-    for (const Declare::FitPoint& p : graph.points) {
+    for (const datafiles::FitPoint& p : graph.points) {
         x.push_back(p.x);
         y.push_back(p.y);
     }
@@ -204,13 +206,13 @@ bool AddEditorGraph(DiagramSheet& sheet) {
 }
 
 bool AddEditorPoints(DiagramSheet& sheet) {
-    if (!LoadSaveData::EnoughActivePoints(Declare::xyPoints, true)) return false;
+    if (!datafiles::EnoughActivePoints(legacy::the_xyPoints, true)) return false;
     MeasuredPoints points = editor_points(sheet);
     return StorePointSet(sheet, std::move(points.x), std::move(points.y), editor_name()) >= 0;
 }
 
 bool AddEditorCurve(DiagramSheet& sheet) {
-    if (!LoadSaveData::EnoughActivePoints(Declare::xyPoints, false)) return false;
+    if (!datafiles::EnoughActivePoints(legacy::the_xyPoints, false)) return false;
     MeasuredPoints points = editor_points(sheet);
     const int slot = StorePoints(sheet, std::move(points.x), std::move(points.y));
     if (slot < 0) return false;
@@ -218,4 +220,4 @@ bool AddEditorCurve(DiagramSheet& sheet) {
     return true;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -2,7 +2,7 @@
 
 #include "diagrams/diagram_sheet.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 /// x and y of measured data on the axes of a diagram, in displayed units.
 struct MeasuredPoints {
@@ -18,11 +18,11 @@ MeasuredPoints MapMeasured(std::int16_t DiagramType);
 bool AddMeasuredPoints(DiagramSheet& sheet);
 
 /// An empty diagram for the graph that the XY editor has sent, and that graph in it.
-Declare::DiagramRequest RequestOfEditorGraph();
+diagrams::DiagramRequest RequestOfEditorGraph();
 bool AddEditorGraph(DiagramSheet& sheet);
 
 /// The active points of the XY editor's list as a set of points or as a curve.
 bool AddEditorPoints(DiagramSheet& sheet);
 bool AddEditorCurve(DiagramSheet& sheet);
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -6,7 +6,7 @@
 #include "common/numbers.h"
 #include "diagrams/curve.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
@@ -15,9 +15,9 @@ std::size_t at(int index) {
 }
 
 std::string caption_of(float mark) {
-    if (mark == kurve::kMarkT) return "  T/K = ";
-    if (mark == kurve::kMarkP) return " p/kPa= ";
-    if (mark == kurve::kMarkV) return "  v = ";
+    if (mark == diagrams::kMarkT) return "  T/K = ";
+    if (mark == diagrams::kMarkP) return " p/kPa= ";
+    if (mark == diagrams::kMarkV) return "  v = ";
     return {};
 }
 
@@ -98,4 +98,4 @@ LegendAnswer AddLegend(DiagramSheet& sheet) {
     return pointsOnly ? LegendAnswer::DesignPoints : LegendAnswer::DesignCurve;
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

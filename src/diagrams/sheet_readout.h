@@ -6,7 +6,7 @@
 
 #include "diagrams/diagram_sheet.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 /// What lies under the pointer.
 enum class Under : std::uint8_t { Nothing, Curve, PointSet, Text, Legend, Axis };
@@ -32,4 +32,4 @@ enum class LegendAnswer : std::uint8_t { Shown, DesignCurve, DesignPoints };
 /// `mnuAddLegend`: shows the legend, or says why there is none.
 LegendAnswer AddLegend(DiagramSheet& sheet);
 
-}  // namespace Module9
+}  // namespace quor::Module9

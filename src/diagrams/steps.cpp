@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace kurve {
+namespace quor::diagrams {
 
 namespace {
 
@@ -62,4 +62,4 @@ bool Steps::next(double& value) {
     return true;
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace kurve {
+namespace quor::diagrams {
 
 /// The passes of a loop "from start to end with a step". Pass i is at start + i * step, whatever
 /// the rounding of the sums would be; the end belongs to the loop when a pass reaches it within a
@@ -24,4 +24,4 @@ class Steps {
     bool clamp_ = false;
 };
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -8,11 +8,11 @@
 #include "models/model_tables.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 constexpr std::int16_t kPressure = 1, kTemperature = 4;
 constexpr std::int16_t kReduced = 2;  // UnitMode
@@ -56,10 +56,10 @@ const Ranges& ranges_of(std::int16_t kind, bool SCurve) {
 }
 
 std::string axis_text(Axis axis) {
-    const bool reduced = session.UnitMode == kReduced;
+    const bool reduced = the_session.UnitMode == kReduced;
     if (axis == Axis::T) return reduced ? "T(red)" : "T / K";
     if (axis == Axis::p) return reduced ? "p(red)" : "p / kPa";
-    return std::string(AxisText(axis, session.CaloricUnit, session.UnitMode));
+    return std::string(AxisText(axis, the_session.CaloricUnit, the_session.UnitMode));
 }
 
 float single(double value) {
@@ -85,35 +85,35 @@ bool IsCaloric(const SurfaceKind& surface) {
 SurfaceTexts TextsOf(const SurfaceKind& surface) {
     const bool hasZeroPoint = surface.z == Axis::h || surface.z == Axis::s || surface.z == Axis::g;
     return {std::string(surface.title),
-            " for " + Declare::substance.Name + ",  " +
-                text::Trim(Calc::EOSName(Declare::models.EOSModel)),
+            " for " + legacy::the_substance.Name + ",  " +
+                text::Trim(models::EOSName(legacy::the_models.EOSModel)),
             axis_text(surface.x),
             axis_text(surface.y),
             axis_text(surface.z),
             ReferenceText(hasZeroPoint, surface.z == Axis::e)};
 }
 
-Declare::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve) {
+diagrams::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve) {
     constexpr float kVolumeWithoutData = 3.0F;
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     const Ranges& row = ranges_of(Diagram3DKind, SCurve);
-    const auto PF = static_cast<double>(session.PressureFactor);
-    const auto TF = static_cast<double>(session.TemperatureFactor);
+    const auto PF = static_cast<double>(the_session.PressureFactor);
+    const auto TF = static_cast<double>(the_session.TemperatureFactor);
 
-    Declare::Grid3D grid;
+    diagrams::Grid3D grid;
     grid.pMin = single(PF * (row.pLow > 0 ? row.pLow * s.pcrit : row.pLowest));
     grid.pMax = single(PF * row.pHigh * s.pcrit);
     grid.TMin = single(TF * row.TLow * s.Tcrit);
     grid.TMax = single(TF * row.THigh * s.Tcrit);
     if (row.vHigh > 0) {
         const double M = static_cast<double>(s.M);
-        grid.vMax = s.rhocrit > 0 ? single(session.VolumeFactor * row.vHigh * M / s.rhocrit)
+        grid.vMax = s.rhocrit > 0 ? single(the_session.VolumeFactor * row.vHigh * M / s.rhocrit)
                                   : kVolumeWithoutData;
     }
     return grid;
 }
 
-Limits LimitsOf(const Declare::Grid3D& grid, Axis axis) {
+Limits LimitsOf(const diagrams::Grid3D& grid, Axis axis) {
     switch (axis) {
         case Axis::T:
             return {grid.TMin, grid.TMax};
@@ -126,7 +126,7 @@ Limits LimitsOf(const Declare::Grid3D& grid, Axis axis) {
     }
 }
 
-std::string RefusalOf(const Declare::Grid3D& grid, const SurfaceKind& surface) {
+std::string RefusalOf(const diagrams::Grid3D& grid, const SurfaceKind& surface) {
     for (const Axis axis : {surface.x, surface.y, surface.z}) {
         const Limits limits = LimitsOf(grid, axis);
         if (!(limits.low < limits.high))
@@ -136,26 +136,27 @@ std::string RefusalOf(const Declare::Grid3D& grid, const SurfaceKind& surface) {
 }
 
 SurfaceMark CriticalMark(const SurfaceKind& surface) {
-    const Declare::SubstanceRecord& s = Declare::substance;
-    double v = Declare::eosParameters.vcritCalc;
+    const models::SubstanceRecord& s = legacy::the_substance;
+    double v = legacy::the_eosParameters.vcritCalc;
     if (!(v > 0)) v = s.vcritExp;
     if (surface.z == Axis::cp) return {.remark = "at the critical point cp => infinite"};
     if (!(v > 0)) return {.remark = "No critical density available"};
 
     double caloric = 0;
     if (IsCaloric(surface)) {
-        const thermo::StateValues z = thermo::StateFunctions(s.Tcrit, s.pcrit, v);
+        const models::StateValues z = models::StateFunctions(s.Tcrit, s.pcrit, v);
         if (z.status != kSuccess) return {.remark = "No cp(idGas) parameters available"};
-        caloric = CaloricValue(surface, z) * Module2::CaloricFactorOf(session.CaloricUnit, s.Tcrit);
+        caloric =
+            CaloricValue(surface, z) * session::CaloricFactorOf(the_session.CaloricUnit, s.Tcrit);
     }
     const auto place = [&](Axis axis) {
         switch (axis) {
             case Axis::T:
-                return s.Tcrit * static_cast<double>(session.TemperatureFactor);
+                return s.Tcrit * static_cast<double>(the_session.TemperatureFactor);
             case Axis::p:
-                return s.pcrit * static_cast<double>(session.PressureFactor);
+                return s.pcrit * static_cast<double>(the_session.PressureFactor);
             case Axis::v:
-                return v * session.VolumeFactor;
+                return v * the_session.VolumeFactor;
             default:
                 return caloric;
         }
@@ -163,7 +164,7 @@ SurfaceMark CriticalMark(const SurfaceKind& surface) {
     return {place(surface.x), place(surface.y), place(surface.z), kCriticalMarkText, ""};
 }
 
-double CaloricValue(const SurfaceKind& surface, const thermo::StateValues& z) {
+double CaloricValue(const SurfaceKind& surface, const models::StateValues& z) {
     switch (surface.z) {
         case Axis::cp:
             return z.cp;
@@ -178,4 +179,4 @@ double CaloricValue(const SurfaceKind& surface, const thermo::StateValues& z) {
     }
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -6,11 +6,11 @@
 #include <string_view>
 
 #include "diagrams/catalogue.h"
+#include "legacy/declare.h"
 #include "models/caloric.h"
-#include "session/declare.h"
 
 /// The kinds of surfaces: what they show, their texts, ranges and limits.
-namespace Module9 {
+namespace quor::Module9 {
 
 /// One kind of surface z(x, y). Kinds without a title have no menu row.
 struct SurfaceKind {
@@ -33,7 +33,7 @@ struct SurfaceTexts {
 SurfaceTexts TextsOf(const SurfaceKind& surface);
 
 /// Default limits of a kind in displayed units; `SCurve` for the S-shaped isotherms.
-Declare::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve);
+diagrams::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve);
 
 /// Limits of z that mean "no clipping".
 inline constexpr float kNoLowerClip = -0.01111F;
@@ -43,13 +43,13 @@ struct Limits {
     float low = 0, high = 0;
 };
 /// Limits of an axis of a surface: those of its quantity, or the clipping limits of a caloric z.
-Limits LimitsOf(const Declare::Grid3D& grid, Axis axis);
+Limits LimitsOf(const diagrams::Grid3D& grid, Axis axis);
 
 /// Text of the refusal when a lower limit is not below its upper one; empty when all are right.
-std::string RefusalOf(const Declare::Grid3D& grid, const SurfaceKind& surface);
+std::string RefusalOf(const diagrams::Grid3D& grid, const SurfaceKind& surface);
 
 /// The molar caloric value that a surface shows of a state.
-double CaloricValue(const SurfaceKind& surface, const thermo::StateValues& state);
+double CaloricValue(const SurfaceKind& surface, const models::StateValues& state);
 
 /// Label of the critical point.
 inline constexpr auto kCriticalMarkText = "CrP";
@@ -62,4 +62,4 @@ struct SurfaceMark {
 };
 SurfaceMark CriticalMark(const SurfaceKind& surface);
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -13,10 +13,10 @@
 #include "models/state_solver.h"
 #include "session/module2.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 using chart::SurfaceGrid;
-using Declare::session;
+using legacy::the_session;
 using Module9::Axis;
 using Module9::Limits;
 
@@ -26,54 +26,54 @@ constexpr double kInsteadOfNoPressure = 0.05;  // kPa, for a p of 0
 
 /// What the nodes of a surface need; z is computed by one function a kind.
 struct Surface {
-    Calc::Fluid fluid = Calc::CurrentFluid();
+    models::Fluid fluid = models::CurrentFluid();
     const Module9::SurfaceKind& kind;
-    thermo::Surroundings surroundings{};
-    double M = static_cast<double>(Declare::substance.M);
-    double TF = static_cast<double>(session.TemperatureFactor);
-    double PF = static_cast<double>(session.PressureFactor);
-    double VF = session.VolumeFactor;
+    models::Surroundings surroundings{};
+    double M = static_cast<double>(legacy::the_substance.M);
+    double TF = static_cast<double>(the_session.TemperatureFactor);
+    double PF = static_cast<double>(the_session.PressureFactor);
+    double VF = the_session.VolumeFactor;
 };
 
 using Value = std::optional<double>;
 
 Value pressure(const Surface& s, double T, double v) {
-    Declare::EOSState state = Calc::eos_at(s.fluid, T);
-    const Calc::PressureResult r = Calc::pressure_from_Tv(s.fluid, T, v, state);
+    models::EOSState state = models::eos_at(s.fluid, T);
+    const models::PressureResult r = models::pressure_from_Tv(s.fluid, T, v, state);
     if (r.status != kSuccess) return std::nullopt;
     return r.p * s.PF;
 }
 
 /// p(v, T): below Tcrit the states inside the dome stand at its pressure.
 Value pressure_of_node(const Surface& s, const Equilibrium& e, double T, double v) {
-    const bool twoPhase = !session.SCurve3D && e.found && v > e.vL && v < e.vV;
+    const bool twoPhase = !the_session.SCurve3D && e.found && v > e.vL && v < e.vV;
     return twoPhase ? e.p * s.PF : pressure(s, T, v);
 }
 
 /// T(v, p), in the dome the temperature of the equilibrium.
 Value temperature_of_node(const Surface& s, const Equilibrium& e, double v, double p) {
-    if (!session.SCurve3D && e.found && v > e.vL && v < e.vV) return e.T * s.TF;
-    const Calc::TemperatureResult r = Calc::temperature_from_p_rho(s.fluid, p, s.M / v, true);
+    if (!the_session.SCurve3D && e.found && v > e.vL && v < e.vV) return e.T * s.TF;
+    const models::TemperatureResult r = models::temperature_from_p_rho(s.fluid, p, s.M / v, true);
     if (!(r.T > 0)) return std::nullopt;
     return r.T * s.TF;
 }
 
 Value volume_of_node(const Surface& s, double p, double T) {
-    const double v = stable_volume_of(Calc::solve_state_tp(s.fluid, T, p));
+    const double v = stable_volume_of(models::solve_state_tp(s.fluid, T, p));
     if (!(v > 0)) return std::nullopt;
     return v * s.VF;
 }
 
 Value caloric_of_node(const Surface& s, double p, double T) {
-    const double v = stable_volume_of(Calc::solve_state_tp(s.fluid, T, p));
+    const double v = stable_volume_of(models::solve_state_tp(s.fluid, T, p));
     if (!(v > 0)) return std::nullopt;
-    const thermo::StateValues z =
-        thermo::state_functions(s.fluid, Declare::reference, s.surroundings, T, p, v);
+    const models::StateValues z =
+        models::state_functions(s.fluid, legacy::the_reference, s.surroundings, T, p, v);
     const double value = Module9::CaloricValue(s.kind, z);
     const bool isExergy = s.kind.z == Axis::e;
     if (!z.table.filled || (isExergy && z.status != kSuccess)) return std::nullopt;
     if (s.kind.z == Axis::cp && value == 0) return std::nullopt;  // the pole
-    return value * Module2::CaloricFactorOf(session.CaloricUnit, T);
+    return value * session::CaloricFactorOf(the_session.CaloricUnit, T);
 }
 
 /// Limits of z beyond which a node is a hole. v, p and T end at their upper limit; a caloric value
@@ -85,7 +85,7 @@ struct Clip {
 };
 
 Clip clip_of(const Module9::SurfaceKind& kind) {
-    const Limits limits = Module9::LimitsOf(Declare::grid3D, kind.z);
+    const Limits limits = Module9::LimitsOf(legacy::the_grid3D, kind.z);
     Clip clip;
     if (!Module9::IsCaloric(kind)) {
         clip.high = static_cast<double>(limits.high);
@@ -143,15 +143,15 @@ SurfaceGrid Calc_3DArray(int nx, int ny) {
     SurfaceGrid grid;
     grid.resize(std::clamp(nx, kFewestNodes, kMostNodes), std::clamp(ny, kFewestNodes, kMostNodes));
     grid.zBehindHoles.assign(grid.z.size(), grid.hole);
-    const Module9::SurfaceKind* kind = Module9::FindSurface(session.Diagram3DKind);
+    const Module9::SurfaceKind* kind = Module9::FindSurface(the_session.Diagram3DKind);
     if (kind == nullptr) return grid;
-    set_axis(Module9::LimitsOf(Declare::grid3D, kind->x), grid.nx, grid.x0, grid.dx);
-    set_axis(Module9::LimitsOf(Declare::grid3D, kind->y), grid.ny, grid.y0, grid.dy);
+    set_axis(Module9::LimitsOf(legacy::the_grid3D, kind->x), grid.nx, grid.x0, grid.dx);
+    set_axis(Module9::LimitsOf(legacy::the_grid3D, kind->y), grid.ny, grid.y0, grid.dy);
     try {
-        Module2::RefreshUnits();
+        session::RefreshUnits();
         Surface surface{.kind = *kind};
-        thermo::settle_reference(Declare::reference);
-        surface.surroundings = thermo::surroundings_state(surface.fluid, Declare::reference);
+        models::settle_reference(legacy::the_reference);
+        surface.surroundings = models::surroundings_state(surface.fluid, legacy::the_reference);
         fill(grid, surface);
     } catch (const std::exception&) {
         // Units that cannot be had leave nothing to show: the holes stay.
@@ -164,4 +164,4 @@ bool HasSurface(const SurfaceGrid& grid) {
     return std::any_of(grid.z.begin(), grid.z.end(), [&](float z) { return !grid.isHole(z); });
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "diagrams/chart/chart3d.h"
-#include "session/declare.h"
+#include "chart/chart3d.h"
+#include "legacy/declare.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
 /// Most and fewest nodes in one direction, and their number at first.
 inline constexpr int kMostNodes = 201;
@@ -11,9 +11,9 @@ inline constexpr int kFewestNodes = 2;
 inline constexpr int kNodesAtStart = 41;
 
 /// z of the session's surface (`Diagram3DKind`, `SCurve3D`) over nx x ny nodes between the limits
-/// of `Declare::grid3D`, in displayed units. A node without a state is a hole, and one whose z lies
-/// beyond a limit; the value behind such a limit stands in `zBehindHoles`. Never throws: without a
-/// surface the grid has only holes. The numbers of nodes are kept within their bounds.
+/// of `legacy::the_grid3D`, in displayed units. A node without a state is a hole, and one whose z
+/// lies beyond a limit; the value behind such a limit stands in `zBehindHoles`. Never throws:
+/// without a surface the grid has only holes. The numbers of nodes are kept within their bounds.
 chart::SurfaceGrid Calc_3DArray(int nx, int ny);
 
 /// True when at least one node has a value.
@@ -26,4 +26,4 @@ inline constexpr auto kNoSurface =
     "1st: Not enough memory; restart\n"
     "2nd: Insufficient values for axis-ranges";
 
-}  // namespace kurve
+}  // namespace quor::diagrams

@@ -3,29 +3,29 @@
 #include <algorithm>
 #include <cmath>
 
+#include "chart/chart_file.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "diagrams/chart/chart_file.h"
 #include "diagrams/prepare_3d.h"
 #include "session/module2.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 constexpr auto kFilter = "picture file (*.oc3)|*.oc3";
 constexpr auto kExtension = ".oc3";
 constexpr auto kAnyFile = "*.oc3";
 
 std::string in_folder(const std::string& name) {
-    return Module2::HasSeparator(name) ? name : session.FolderDiagram3D + name;
+    return session::HasSeparator(name) ? name : the_session.FolderDiagram3D + name;
 }
 
 std::string with_extension(const std::string& name) {
-    const std::string title = Module2::FileTitle(name);
+    const std::string title = session::FileTitle(name);
     return title.find('.') == std::string::npos ? name + kExtension : name;
 }
 
@@ -54,7 +54,7 @@ bool is_critical_mark(const chart::Marker3D& marker) {
 using Computation = void (*)(chart::Chart3D&, int nx, int ny);
 
 void compute(SurfaceSheet& sheet, Computation what) {
-    const Module2::BusyPointer busy;
+    const session::BusyPointer busy;
     what(sheet.chart, sheet.nx, sheet.ny);
     sheet.given = texts_of(sheet.chart);
 }
@@ -62,16 +62,16 @@ void compute(SurfaceSheet& sheet, Computation what) {
 }  // namespace
 
 void OpenSurface(SurfaceSheet& sheet) {
-    sheet.Diagram3DKind = session.Diagram3DKind;
-    sheet.SCurve3D = session.SCurve3D;
-    sheet.limits = Declare::grid3D;
+    sheet.Diagram3DKind = the_session.Diagram3DKind;
+    sheet.SCurve3D = the_session.SCurve3D;
+    sheet.limits = legacy::the_grid3D;
     compute(sheet, InitGraph3D);
 }
 
 void GiveToSession(const SurfaceSheet& sheet) {
-    session.Diagram3DKind = sheet.Diagram3DKind;
-    session.SCurve3D = sheet.SCurve3D;
-    Declare::grid3D = sheet.limits;
+    the_session.Diagram3DKind = sheet.Diagram3DKind;
+    the_session.SCurve3D = sheet.SCurve3D;
+    legacy::the_grid3D = sheet.limits;
 }
 
 void NewDraw(SurfaceSheet& sheet) {
@@ -86,7 +86,7 @@ void NewDraw(SurfaceSheet& sheet) {
     TellEmptySurface(sheet.chart);
 }
 
-bool SetLimits(SurfaceSheet& sheet, const Declare::Grid3D& limits) {
+bool SetLimits(SurfaceSheet& sheet, const diagrams::Grid3D& limits) {
     const SurfaceKind* kind = FindSurface(sheet.Diagram3DKind);
     if (kind == nullptr) return false;
     const std::string refusal = RefusalOf(limits, *kind);
@@ -100,8 +100,8 @@ bool SetLimits(SurfaceSheet& sheet, const Declare::Grid3D& limits) {
 }
 
 void SetMeshlines(SurfaceSheet& sheet, int nx, int ny) {
-    sheet.nx = std::clamp(nx, kurve::kFewestNodes, kurve::kMostNodes);
-    sheet.ny = std::clamp(ny, kurve::kFewestNodes, kurve::kMostNodes);
+    sheet.nx = std::clamp(nx, diagrams::kFewestNodes, diagrams::kMostNodes);
+    sheet.ny = std::clamp(ny, diagrams::kFewestNodes, diagrams::kMostNodes);
     NewDraw(sheet);
 }
 
@@ -119,13 +119,13 @@ bool SaveOC3(const SurfaceSheet& sheet) {
         dialogs::ChooseFile({.save = true,
                              .title = "Save this diagram design",
                              .filter = kFilter,
-                             .folder = session.FolderDiagram3D,
+                             .folder = the_session.FolderDiagram3D,
                              .name = kAnyFile,
                              .defaultExtension = kExtension,
                              .overwritePrompt = true});
     if (!name || name->empty()) return false;
     const std::string path = with_extension(in_folder(*name));
-    session.FolderDiagram3D = Module2::FolderOf(path);
+    the_session.FolderDiagram3D = session::FolderOf(path);
     const chart::FileOutcome saved = chart::SaveChart(sheet.chart, path);
     if (!saved.ok) dialogs::Tell(saved.message, "ERROR", dialogs::Icon::Stop);
     return saved.ok;
@@ -136,12 +136,12 @@ std::string LoadOC3(SurfaceSheet& sheet) {
     const std::optional<std::string> name =
         dialogs::ChooseFile({.title = "Load a saved pattern (*.oc2)",
                              .filter = kFilter,
-                             .folder = session.FolderDiagram3D,
+                             .folder = the_session.FolderDiagram3D,
                              .name = kAnyFile,
                              .defaultExtension = kExtension});
     if (!name || name->empty()) return {};
     const std::string path = in_folder(*name);
-    session.FolderDiagram3D = Module2::FolderOf(path);
+    the_session.FolderDiagram3D = session::FolderOf(path);
     const chart::FileOutcome read = chart::LoadChart(path, sheet.chart);
     if (read.ok) {
         // Drawing anew gives the texts of this surface, which the file need not show.
@@ -165,4 +165,4 @@ std::string SurfaceReadout(const chart::Chart3D& chart, double x, double y, doub
            part(chart.z.title, z);
 }
 
-}  // namespace Module9
+}  // namespace quor::Module9

@@ -3,25 +3,26 @@
 #include <cstdint>
 #include <string>
 
-#include "diagrams/chart/chart3d.h"
+#include "chart/chart3d.h"
 #include "diagrams/surface.h"
 #include "diagrams/surface_grid.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Module9 {
+namespace quor::Module9 {
 
 /// One surface on the screen: what it shows, its working limits, its chart.
 struct SurfaceSheet {
     std::int16_t Diagram3DKind = 0;
     bool SCurve3D = false;
-    Declare::Grid3D limits;                                    ///< in displayed units
-    int nx = kurve::kNodesAtStart, ny = kurve::kNodesAtStart;  ///< mesh lines of each direction
+    diagrams::Grid3D limits;  ///< in displayed units
+    int nx = diagrams::kNodesAtStart,
+        ny = diagrams::kNodesAtStart;  ///< mesh lines of each direction
     chart::Chart3D chart;
     /// The texts that the chart was given last: drawing anew renews those that were not changed.
     SurfaceTexts given;
 };
 
-/// The surface of the session's kind with the limits of `Declare::grid3D`, computed and with its
+/// The surface of the session's kind with the limits of `legacy::the_grid3D`, computed and with its
 /// texts.
 void OpenSurface(SurfaceSheet& sheet);
 
@@ -34,7 +35,7 @@ void NewDraw(SurfaceSheet& sheet);
 
 /// `cmdCoord3_OK`: takes the limits and draws anew, or tells which are refused. Limits that the
 /// kind does not use stay as they are.
-bool SetLimits(SurfaceSheet& sheet, const Declare::Grid3D& limits);
+bool SetLimits(SurfaceSheet& sheet, const diagrams::Grid3D& limits);
 
 /// `mnuIXIY`: numbers of mesh lines, kept within 2 to 201.
 void SetMeshlines(SurfaceSheet& sheet, int nx, int ny);
@@ -53,4 +54,4 @@ std::string LoadOC3(SurfaceSheet& sheet);
 /// x, y and z of a place on the surface with the titles of the axes.
 std::string SurfaceReadout(const chart::Chart3D& chart, double x, double y, double z);
 
-}  // namespace Module9
+}  // namespace quor::Module9

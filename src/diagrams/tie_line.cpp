@@ -4,9 +4,9 @@
 #include "diagrams/curve_kinds.h"
 #include "diagrams/project_state.h"
 
-namespace kurve {
+namespace quor::diagrams {
 
-using Declare::CurvePoint;
+using diagrams::CurvePoint;
 
 namespace {
 
@@ -17,20 +17,20 @@ CurvePoint as_point(const Projection& at, double z) {
 }  // namespace
 
 bool HasTieLine(std::int16_t sectionKind, double T, double p) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     return sectionKind == Module9::kIsobaric ? p > 0 && p < s.pcrit : T > 0 && T < s.Tcrit;
 }
 
-Declare::TieLine TieLineEnds(std::int16_t DiagramType, std::int16_t sectionKind, double T,
-                             double p) {
+diagrams::TieLine TieLineEnds(std::int16_t DiagramType, std::int16_t sectionKind, double T,
+                              double p) {
     if (!HasTieLine(sectionKind, T, p)) return {};
     const bool isobaric = sectionKind == Module9::kIsobaric;
-    const Calc::Fluid fluid = Calc::CurrentFluid();
+    const models::Fluid fluid = models::CurrentFluid();
     const Equilibrium e = isobaric ? equilibrium_at_p(fluid, p) : equilibrium_at_T(fluid, T);
     if (!e.found) return {};
     const auto project = [&](double v) {
-        const auto functions = NeedsFunctions(DiagramType) ? thermo::StateFunctions(e.T, e.p, v)
-                                                           : thermo::StateValues{};
+        const auto functions = NeedsFunctions(DiagramType) ? models::StateFunctions(e.T, e.p, v)
+                                                           : models::StateValues{};
         return ProjectState(DiagramType, e.T, e.p, v, functions);
     };
     const Projection L = project(e.vL), V = project(e.vV);
@@ -47,8 +47,8 @@ void tie_line(Curve& c) {
         c.status = CurveStatus::kNoTieLine;
         return;
     }
-    const Declare::TieLine ends = TieLineEnds(c.request.DiagramType, kind, c.T, c.p);
-    Declare::tieLine = ends;
+    const diagrams::TieLine ends = TieLineEnds(c.request.DiagramType, kind, c.T, c.p);
+    legacy::the_tieLine = ends;
     if (!ends.exist) {
         c.status = CurveStatus::kNoResult;
         return;
@@ -60,4 +60,4 @@ void tie_line(Curve& c) {
               static_cast<double>(ends.L.z));
 }
 
-}  // namespace kurve
+}  // namespace quor::diagrams

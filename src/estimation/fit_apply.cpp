@@ -7,14 +7,14 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "datafiles/substance_slots.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
-using Declare::CpSet;
-using Declare::SubstanceRecord;
+using models::CpSet;
+using models::SubstanceRecord;
 using numbers::ToSingle;
 
 constexpr const char* kRefused = "Execution not possible";
@@ -89,7 +89,7 @@ void SetCp(SubstanceRecord& s, CpSet& set, std::initializer_list<double> values,
            const AppliedRange& range) {
     Fill(set.c, values);
     SetRange(set, range);
-    LoadSaveData::form_cp_flags(s);
+    datafiles::form_cp_flags(s);
 }
 
 /// Why the results of a model have no place for the chosen phase, empty when they have one.
@@ -210,15 +210,15 @@ AppliedFit apply_fit(const FitState& state, SubstanceRecord& substance) {
 }
 
 void ApplyFit(const FitState& state) {
-    const AppliedFit result = apply_fit(state, Declare::substance);
+    const AppliedFit result = apply_fit(state, legacy::the_substance);
     if (!result.applied) {
         if (!result.message.empty()) dialogs::Tell(result.message, kRefused, dialogs::Icon::Stop);
         return;
     }
-    Declare::session.ResultsOutdated = true;
+    legacy::the_session.ResultsOutdated = true;
     if (!result.message.empty())
         dialogs::Tell(result.message, kSuccess, dialogs::Icon::Information);
     dialogs::Tell(kNowActive, kSuccess, dialogs::Icon::Information);
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -6,7 +6,7 @@
 
 #include "common/dialogs.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -23,7 +23,7 @@ bool IsPressure(const FitModelRow& row) {
 /// Calls `use` with x and y of every active point.
 template <class Use>
 void ForActive(const FitState& state, Use use) {
-    for (const Declare::FitPoint& point : state.FitPoints)
+    for (const datafiles::FitPoint& point : state.FitPoints)
         if (IsActive(point)) use(static_cast<double>(point.x), static_cast<double>(point.y));
 }
 
@@ -178,4 +178,4 @@ std::optional<double> FittedX(const FitState& state, double y) {
     return NoValue();
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

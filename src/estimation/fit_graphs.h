@@ -6,7 +6,7 @@
 
 #include "estimation/fit_models.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 struct GraphPoint {
     double x = 0, y = 0;
@@ -33,4 +33,4 @@ std::optional<FitGraph> LnpGraph(const FitState& state);
 std::optional<double> FittedY(const FitState& state, double x);
 std::optional<double> FittedX(const FitState& state, double y);
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -7,7 +7,7 @@
 #include "estimation/linearised.h"
 #include "estimation/model_functions.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -276,7 +276,7 @@ Parameters StartValues(const FitModelRow& row, bool lg, double Tcr) {
     return start;
 }
 
-bool ChooseModel(FitState& state, std::int16_t number, const Declare::SubstanceRecord& substance) {
+bool ChooseModel(FitState& state, std::int16_t number, const models::SubstanceRecord& substance) {
     const FitModelRow* row = FindModel(number);
     if (row == nullptr) return false;
     state.FitModel = number;
@@ -305,4 +305,4 @@ bool EvaluateFit(const FitState& state, double x, double& y) {
     return row != nullptr && row->model(x, state.FitPar, ContextOf(state), y);
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -7,9 +7,9 @@
 #include <string_view>
 
 #include "estimation/fit_state.h"
-#include "session/substance_record.h"
+#include "models/substance_record.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 enum class FitTab : std::uint8_t { General, VapourPressure, LDensity, Vaporisation, HeatCapacity };
 /// Caption of a tab of the fitting view.
@@ -41,7 +41,7 @@ struct AppliedRange {
 };
 /// Writes parameters (vapour pressure equations in decadic form) into a record.
 using Application = void (*)(const Parameters& par, const AppliedRange& range,
-                             Declare::SubstanceRecord& substance);
+                             models::SubstanceRecord& substance);
 
 /// One correlation that can be fitted.
 struct FitModelRow {
@@ -84,11 +84,11 @@ std::string_view UnitText(FitTab tab);
 /// Sets model, number of parameters, start values, scales, fixed marks and the fields of Tcr and
 /// pcr; results of earlier fits are dropped. False, with nothing changed, for a number without a
 /// model.
-bool ChooseModel(FitState& state, std::int16_t number, const Declare::SubstanceRecord& substance);
+bool ChooseModel(FitState& state, std::int16_t number, const models::SubstanceRecord& substance);
 
 /// L, Tcr and pcr of a state.
 ModelContext ContextOf(const FitState& state);
 /// The function with the parameters of a state; false on a failure.
 bool EvaluateFit(const FitState& state, double x, double& y);
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -19,7 +19,7 @@ bool EvaluateModel(const FitProblem& problem, const Parameters& par, double x, d
 }
 
 bool CalcResiduals(FitProblem& problem, const Parameters& par, int pointIndex, double& res) {
-    const Declare::FitPoint& point = problem.points[static_cast<std::size_t>(pointIndex)];
+    const datafiles::FitPoint& point = problem.points[static_cast<std::size_t>(pointIndex)];
     const double measured = static_cast<double>(point.y);
     double y = 0;
     double residual = std::nan("");
@@ -68,4 +68,4 @@ void CalcAbleitungen(FitProblem& problem, const Parameters& par, int pointIndex,
     }
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

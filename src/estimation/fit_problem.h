@@ -4,11 +4,12 @@
 #include <cstdint>
 #include <span>
 
-#include "session/session_record.h"
+#include "datafiles/fit_point.h"
+#include "legacy/session_record.h"
 
 /// Parameter estimation: the fitting engines, the correlations that can be fitted, the application
 /// of results to the substance, and group contribution methods.
-namespace estimation {
+namespace quor::estimation {
 
 inline constexpr int kMaxPar = 7;  ///< parameters of a model at most
 
@@ -20,7 +21,7 @@ inline constexpr float kInactive = -1.0F;
 /// A standard deviation that could not be had.
 inline constexpr double kNoStdDev = -9999.0;
 
-inline bool IsActive(const Declare::FitPoint& point) {
+inline bool IsActive(const datafiles::FitPoint& point) {
     return point.mark != kInactive;
 }
 
@@ -41,7 +42,7 @@ using ModelFunction = bool (*)(double x, const Parameters& par, const ModelConte
 struct FitProblem {
     ModelFunction model = nullptr;
     ModelContext context;
-    std::span<const Declare::FitPoint> points;
+    std::span<const datafiles::FitPoint> points;
     std::int16_t NInactive = 0;  ///< how many of the points are inactive
     std::int16_t nPar = 0;
     Parameters scale{1, 1, 1, 1, 1, 1, 1};
@@ -67,4 +68,4 @@ void calcFQS_Marquardt(FitProblem& problem, const Parameters& par, double& sumSq
 void CalcAbleitungen(FitProblem& problem, const Parameters& par, int pointIndex, double& res,
                      Parameters& derivatives);
 
-}  // namespace estimation
+}  // namespace quor::estimation

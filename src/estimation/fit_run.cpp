@@ -12,10 +12,10 @@
 #include "estimation/linear_regression.h"
 #include "estimation/marquardt_nash.h"
 #include "estimation/model_functions.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "session/module2.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -29,13 +29,14 @@ float Narrow(double value) {
     return static_cast<float>(std::clamp(value, -most, most));
 }
 
-std::vector<Declare::FitPoint> TpvPoints() {
-    std::vector<Declare::FitPoint> points;
-    const auto& data = Declare::BatchData;
-    const std::size_t end = std::min(
-        data.size(), static_cast<std::size_t>(std::max<int>(Declare::session.BatchCount, 0)) + 1);
+std::vector<datafiles::FitPoint> TpvPoints() {
+    std::vector<datafiles::FitPoint> points;
+    const auto& data = legacy::the_BatchData;
+    const std::size_t end =
+        std::min(data.size(),
+                 static_cast<std::size_t>(std::max<int>(legacy::the_session.BatchCount, 0)) + 1);
     for (std::size_t i = 1; i < end; ++i) {
-        const double y = LoadSaveData::FitColumnValue(data[i], Declare::session.FitColumn);
+        const double y = datafiles::FitColumnValue(data[i], legacy::the_session.FitColumn);
         const bool inactive = data[i].skip != 0 || y == 0;
         points.push_back({Narrow(data[i].T), Narrow(y), inactive ? kInactive : 0.0F});
     }
@@ -111,8 +112,8 @@ std::string SingleText(double value) {
 }  // namespace
 
 void LoadFitPoints(FitState& state) {
-    state.fromTpvEditor = Declare::session.FitDataSource == 1;
-    state.FitPoints = state.fromTpvEditor ? TpvPoints() : Declare::xyPoints;
+    state.fromTpvEditor = legacy::the_session.FitDataSource == 1;
+    state.FitPoints = state.fromTpvEditor ? TpvPoints() : legacy::the_xyPoints;
     if (state.FitPoints.size() > kMostPoints) {
         state.FitPoints.resize(kMostPoints);
         dialogs::Tell("Only the first " + std::to_string(kMostPoints) + " points are used.",
@@ -120,7 +121,7 @@ void LoadFitPoints(FitState& state) {
     }
     state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
     state.NInactive = 0;
-    for (Declare::FitPoint& point : state.FitPoints) {
+    for (datafiles::FitPoint& point : state.FitPoints) {
         if (point.x == 0 || !std::isfinite(point.x) || !std::isfinite(point.y))
             point.mark = kInactive;
         if (!IsActive(point)) ++state.NInactive;
@@ -155,7 +156,7 @@ bool StartFit(FitState& state) {
         dialogs::Tell(refusal, kRefused, dialogs::Icon::Stop);
         return false;
     }
-    const Module2::BusyPointer busy;
+    const session::BusyPointer busy;
     FitProblem problem = MakeProblem(state, *row);
     if (row->basis != nullptr) {
         if (!RunLinear(state, *row, problem)) return false;
@@ -220,4 +221,4 @@ std::string TargetCaption(const std::string& substance) {
            " (cf. editor \"Data / View/Edit Data of the Substance\")";
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

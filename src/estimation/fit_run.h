@@ -4,7 +4,7 @@
 
 #include "estimation/fit_models.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 /// Builds the points from the T-p-V editor (the session's fit source is 1) or the XY editor. Lines
 /// that are switched off, points at x = 0, and lines of the T-p-V editor without a value count as
@@ -44,4 +44,4 @@ std::string DataCaption(FitTab tab);
 /// Where the parameters of a fit go.
 std::string TargetCaption(const std::string& substance);
 
-}  // namespace estimation
+}  // namespace quor::estimation

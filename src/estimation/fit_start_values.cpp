@@ -10,7 +10,7 @@
 #include "estimation/least_squares.h"
 #include "estimation/marquardt_nash.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -75,7 +75,7 @@ struct Proposal {
     Candidate Solve(const Parameters& par, const std::vector<std::size_t>& unknown) {
         Candidate candidate{par};
         rows.clear();
-        for (const Declare::FitPoint& point : state.FitPoints) {
+        for (const datafiles::FitPoint& point : state.FitPoints) {
             LinearisedPoint p;
             if (!IsActive(point) ||
                 !row.linearised(static_cast<double>(point.x), static_cast<double>(point.y), par,
@@ -206,4 +206,4 @@ bool ProposeStartValues(FitState& state) {
     return true;
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

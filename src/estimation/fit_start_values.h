@@ -4,7 +4,7 @@
 
 #include "estimation/fit_models.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 /// Start values that follow from the points by linear least squares on the linearised model. Fixed
 /// parameters keep their start values; parameters that enter non-linearly are searched over a
@@ -15,4 +15,4 @@ std::optional<Parameters> ProposedStartValues(const FitState& state);
 /// values").
 bool ProposeStartValues(FitState& state);
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -4,9 +4,10 @@
 #include <cstdint>
 #include <vector>
 
+#include "datafiles/fit_point.h"
 #include "estimation/fit_problem.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 /// The phase that a fitted heat capacity belongs to (`optcpPhase`).
 enum class CpPhase : std::uint8_t { IdealGas, Liquid, Solid };
@@ -40,7 +41,7 @@ struct FitState {
     std::int16_t NPar = 0;       ///< parameters of the model, at most 7
     std::int16_t NPoints = 0;    ///< size of `FitPoints`
     std::int16_t NInactive = 0;  ///< how many of them are inactive
-    std::vector<Declare::FitPoint> FitPoints;
+    std::vector<datafiles::FitPoint> FitPoints;
     bool fromTpvEditor = false;  ///< where the points come from, else the XY editor
 
     Parameters FitStart{};   ///< the start fields
@@ -63,4 +64,4 @@ struct FitState {
 /// The state of the one fitting view.
 inline FitState fit;
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -6,7 +6,7 @@
 #include "estimation/least_squares.h"
 #include "estimation/student_t.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -45,7 +45,7 @@ void FillDeviations(FitState& state, const FitProblem& problem, const Parameters
     FitReport& report = state.report;
     double sum = 0;
     int count = 0;
-    for (const Declare::FitPoint& point : problem.points) {
+    for (const datafiles::FitPoint& point : problem.points) {
         if (!IsActive(point)) continue;
         const double measured = static_cast<double>(point.y);
         double y = 0;
@@ -182,4 +182,4 @@ std::vector<std::string> FitNotes(const FitState& state) {
     return notes;
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

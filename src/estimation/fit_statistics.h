@@ -5,7 +5,7 @@
 
 #include "estimation/fit_models.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 /// Confidence intervals, correlations and deviations of a fit from its active points, into
 /// `state.report`. The parameters that were adjusted are the free ones that rest on no bound; those
@@ -16,4 +16,4 @@ void FillStatistics(FitState& state, const FitModelRow& row, const FitProblem& p
 /// fit without anything to tell.
 std::vector<std::string> FitNotes(const FitState& state);
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -10,7 +10,7 @@
 #include "common/text.h"
 #include "datafiles/substance_slots.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -249,32 +249,32 @@ void ShowOmega(double Tb, double Tc, double pc) {
                   kRefused, dialogs::Icon::Stop);
 }
 
-void TransferFormation(const Formation& formation, Declare::SubstanceRecord& substance) {
+void TransferFormation(const Formation& formation, models::SubstanceRecord& substance) {
     if (formation.dfh.value_or(0) != 0) substance.dfh = static_cast<float>(*formation.dfh);
     if (formation.dfg.value_or(0) != 0) substance.dfg = static_cast<float>(*formation.dfg);
-    LoadSaveData::FormDerivedValues(substance);
+    datafiles::FormDerivedValues(substance);
 }
 
-void TransferFormation(const Formation& formation, LoadSaveData::EditorTexts& editor) {
-    using LoadSaveData::EditorText;
+void TransferFormation(const Formation& formation, datafiles::EditorTexts& editor) {
+    using datafiles::EditorText;
     if (formation.dfh.value_or(0) != 0)
         editor[kFieldDfh] = EditorText(static_cast<float>(*formation.dfh));
     if (formation.dfg.value_or(0) != 0)
         editor[kFieldDfg] = EditorText(static_cast<float>(*formation.dfg));
 }
 
-void TransferCp(const std::array<double, 4>& cp, Declare::SubstanceRecord& substance) {
-    Declare::CpSet& set = substance.cpPoly;
+void TransferCp(const std::array<double, 4>& cp, models::SubstanceRecord& substance) {
+    models::CpSet& set = substance.cpPoly;
     for (std::size_t i = 0; i < cp.size(); ++i)
         if (cp[i] != 0) set.c[i] = static_cast<float>(cp[i]);
     set.c[4] = kStoredZero;
     set.TLo = kCpTLo;
     set.THi = kCpTHi;
-    LoadSaveData::form_cp_flags(substance);
+    datafiles::form_cp_flags(substance);
 }
 
-void TransferCp(const std::array<double, 4>& cp, LoadSaveData::EditorTexts& editor) {
-    using LoadSaveData::EditorText;
+void TransferCp(const std::array<double, 4>& cp, datafiles::EditorTexts& editor) {
+    using datafiles::EditorText;
     for (std::size_t i = 0; i < cp.size(); ++i)
         if (cp[i] != 0) editor[kFieldCp + i] = EditorText(static_cast<float>(cp[i]));
     editor[kFieldCp + cp.size()] = EditorText(kStoredZero);
@@ -303,4 +303,4 @@ std::string DensityTooltip(const GroupCounts& groups) {
            numbers::General(static_cast<float>(MolarMass(groups))) + " kg/kmol ";
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

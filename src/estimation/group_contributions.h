@@ -7,9 +7,9 @@
 
 #include "datafiles/substance_editor.h"
 #include "estimation/group_table.h"
-#include "session/substance_record.h"
+#include "models/substance_record.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 /// Number of each group in the molecule, in the order of `Groups`.
 using GroupCounts = std::array<int, kGroups>;
@@ -65,10 +65,10 @@ CriticalData CalcCritical(const GroupCounts& groups, double knownTb);
 void ShowOmega(double Tb, double Tc, double pc);
 
 // Transfer of the values that are there and not zero (`cmdApply`).
-void TransferFormation(const Formation& formation, Declare::SubstanceRecord& substance);
-void TransferFormation(const Formation& formation, LoadSaveData::EditorTexts& editor);
-void TransferCp(const std::array<double, 4>& cp, Declare::SubstanceRecord& substance);
-void TransferCp(const std::array<double, 4>& cp, LoadSaveData::EditorTexts& editor);
+void TransferFormation(const Formation& formation, models::SubstanceRecord& substance);
+void TransferFormation(const Formation& formation, datafiles::EditorTexts& editor);
+void TransferCp(const std::array<double, 4>& cp, models::SubstanceRecord& substance);
+void TransferCp(const std::array<double, 4>& cp, datafiles::EditorTexts& editor);
 
 // Texts of the result fields, " ---" where there is no value.
 std::string FormationText(std::optional<double> value);    ///< "#####.000"
@@ -79,4 +79,4 @@ std::string DensityText(std::optional<double> value);      ///< "####.0"
 /// Tooltip of the critical density that was calculated from the critical volume.
 std::string DensityTooltip(const GroupCounts& groups);
 
-}  // namespace estimation
+}  // namespace quor::estimation

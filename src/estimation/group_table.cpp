@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -249,4 +249,4 @@ int GroupAtoms(const Group& group) {
     return atoms;
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

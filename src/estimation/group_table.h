@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-namespace estimation {
+namespace quor::estimation {
 
 inline constexpr int kGroups = 41;
 
@@ -31,4 +31,4 @@ float GroupMolarMass(const Group& group);
 /// Number of atoms of a group.
 int GroupAtoms(const Group& group);
 
-}  // namespace estimation
+}  // namespace quor::estimation

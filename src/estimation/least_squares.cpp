@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -88,4 +88,4 @@ std::array<Parameters, kMaxPar> InverseNormalMatrix(const ReducedProblem& proble
     return result;
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

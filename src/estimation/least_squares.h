@@ -4,7 +4,7 @@
 
 #include "estimation/fit_problem.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 /// A row of a linear least-squares problem: the coefficients and, behind them, the right-hand side.
 using LeastSquaresRow = std::array<double, kMaxPar + 1>;
@@ -25,4 +25,4 @@ Parameters Solution(const ReducedProblem& problem);
 /// Inverse of the normal matrix of a regular problem.
 std::array<Parameters, kMaxPar> InverseNormalMatrix(const ReducedProblem& problem);
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -8,7 +8,7 @@
 #include "common/faults.h"
 #include "estimation/model_functions.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -59,7 +59,7 @@ LinearResult LinearRegressionFit(const FitProblem& problem, BasisFunction basis,
     const auto n = static_cast<std::size_t>(problem.nPar);
     const bool positive = XMustBePositive(problem, basis);
     NormalEquations m{};
-    for (const Declare::FitPoint& point : problem.points) {
+    for (const datafiles::FitPoint& point : problem.points) {
         if (!IsActive(point)) continue;
         if (positive && !(point.x > 0)) {
             dialogs::Tell(
@@ -78,7 +78,7 @@ LinearResult LinearRegressionFit(const FitProblem& problem, BasisFunction basis,
     Parameters result{};
     for (std::size_t i = 0; i < n; ++i) result[i] = m[i][n];
     double sum = 0;
-    for (const Declare::FitPoint& point : problem.points) {
+    for (const datafiles::FitPoint& point : problem.points) {
         if (!IsActive(point)) continue;
         const Parameters b = BasisAt(problem, basis, static_cast<double>(point.x));
         double residual = -static_cast<double>(point.y);
@@ -93,4 +93,4 @@ LinearResult LinearRegressionFit(const FitProblem& problem, BasisFunction basis,
     return {sum, false};
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

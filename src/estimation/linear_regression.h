@@ -2,7 +2,7 @@
 
 #include "estimation/fit_models.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 struct LinearResult {
     double sumSquares = 0;  ///< sum of (y(calc) - y)^2 over the active points
@@ -14,4 +14,4 @@ struct LinearResult {
 /// x must be positive; else a message says so.
 LinearResult LinearRegressionFit(const FitProblem& problem, BasisFunction basis, Parameters& par);
 
-}  // namespace estimation
+}  // namespace quor::estimation

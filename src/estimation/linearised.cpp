@@ -5,7 +5,7 @@
 #include "common/constants.h"
 #include "estimation/model_functions.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -145,4 +145,4 @@ bool LinearisedDipprHeatCapacity(double T, double cp, const Parameters& par, con
     return true;
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -3,7 +3,7 @@
 #include "estimation/fit_models.h"
 
 /// The models in linearised form, for start values: sum of coefficient times parameter = target.
-namespace estimation {
+namespace quor::estimation {
 
 bool LinearisedPolynomial(double x, double y, const Parameters&, const ModelContext&,
                           LinearisedPoint& row);
@@ -36,4 +36,4 @@ bool LinearisedShomate(double T, double cp, const Parameters&, const ModelContex
 bool LinearisedDipprHeatCapacity(double T, double cp, const Parameters& par, const ModelContext&,
                                  LinearisedPoint& row);
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -300,4 +300,4 @@ MarquardtResult MarquardtNashFitting(FitProblem& problem, std::int16_t nActive, 
     return search.Leave(false, par);
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

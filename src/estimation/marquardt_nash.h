@@ -5,7 +5,7 @@
 
 #include "estimation/fit_problem.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 /// Where a parameter stands during a fit.
 enum class Mask : std::int8_t { Free = 1, Fixed = 0, AtUpper = -1, AtLower = -2 };
@@ -62,4 +62,4 @@ bool FactorisePacked(PackedMatrix& a, int n, const std::array<Mask, kMaxPar>& ma
 void SolvePacked(const PackedMatrix& factor, int n, const std::array<Mask, kMaxPar>& mask,
                  Parameters& rhs);
 
-}  // namespace estimation
+}  // namespace quor::estimation

@@ -4,7 +4,7 @@
 
 #include "common/constants.h"
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -202,4 +202,4 @@ bool DipprHeatCapacity(double T, const Parameters& par, const ModelContext&, dou
     return !r.failed;
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

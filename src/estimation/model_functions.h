@@ -6,7 +6,7 @@
 
 /// The correlations that can be fitted, y = f(x; A, B, ...), as plain functions. x is T/K but for
 /// the two general models. They return false on a failure (see `ModelFunction`).
-namespace estimation {
+namespace quor::estimation {
 
 struct PressureResult {
     double p = 0;  ///< kPa
@@ -52,4 +52,4 @@ bool DipprVaporisation(double T, const Parameters& par, const ModelContext& c, d
 bool Shomate(double T, const Parameters& par, const ModelContext&, double& cp);
 bool DipprHeatCapacity(double T, const Parameters& par, const ModelContext&, double& cp);
 
-}  // namespace estimation
+}  // namespace quor::estimation

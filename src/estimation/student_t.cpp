@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-namespace estimation {
+namespace quor::estimation {
 
 namespace {
 
@@ -59,4 +59,4 @@ double StudentTQuantile(double probability, double freedom) {
     return probability > 0.5 ? t : -t;
 }
 
-}  // namespace estimation
+}  // namespace quor::estimation

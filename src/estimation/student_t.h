@@ -1,6 +1,6 @@
 #pragma once
 
-namespace estimation {
+namespace quor::estimation {
 
 /// Regularised incomplete beta function I_x(a, b) for a, b > 0 and 0 <= x <= 1, by the continued
 /// fraction of W. J. Lentz (M. Abramowitz, I. A. Stegun, Handbook of Mathematical
@@ -11,4 +11,4 @@ double IncompleteBeta(double a, double b, double x);
 /// (0 < probability < 1) at `freedom` >= 1 degrees of freedom.
 double StudentTQuantile(double probability, double freedom);
 
-}  // namespace estimation
+}  // namespace quor::estimation

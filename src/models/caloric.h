@@ -6,7 +6,7 @@
 #include "models/cubic_eos.h"
 #include "models/fluid.h"
 
-namespace thermo {
+namespace quor::models {
 
 /// Rows of all tables: 0 V, 1 L.
 inline constexpr int kRowV = 0;
@@ -19,12 +19,12 @@ struct CpResult {
 /// cp of the polynomial forms at T/K > 0: with C0 = 0 it is C1 + C2 T + C3 T^2 + C4/T^2, else
 /// C0 + C1 T + C2 T^2 + C3 T^3 with C4 T^4 for |C4| < 1 and C4/T^2 otherwise. Status -1 for a set
 /// without any coefficient and on a fault.
-CpResult polynomial_cp(const Declare::CpSet& set, double T);
+CpResult polynomial_cp(const models::CpSet& set, double T);
 /// cp = C0 + C1 (x/sinh x)^2 + C3 (y/cosh y)^2 with x = C2/T and y = C4/T (L. A. Aly, L. L. Lee,
 /// Fluid Phase Equilib. 6 (1981) 169-179). Status -1 on a fault, as when exp(C2/T) overflows.
-CpResult sinh_cosh_cp(const Declare::CpSet& set, double T);
+CpResult sinh_cosh_cp(const models::CpSet& set, double T);
 /// cp of the ideal gas by a form of the table of cp forms: 1 polynomial, 2 sinh/cosh, else none.
-CpResult ideal_gas_cp(const Declare::SubstanceRecord& s, std::int16_t form, double T);
+CpResult ideal_gas_cp(const models::SubstanceRecord& s, std::int16_t form, double T);
 
 /// cp of the ideal gas at T/K by the active form; status -1 when there is none or on a fault.
 CpResult IdealGasCp(double T);
@@ -37,8 +37,8 @@ struct IdealGasState {
     Status status = kSuccess;
 };
 /// cp, h, s of the ideal gas at T/K and p/kPa. `reference` must be settled (reference_state.h).
-IdealGasState ideal_gas_functions(const Declare::SubstanceRecord& s, std::int16_t form,
-                                  const Declare::ReferenceState& reference, double T, double p);
+IdealGasState ideal_gas_functions(const models::SubstanceRecord& s, std::int16_t form,
+                                  const models::ReferenceState& reference, double T, double p);
 /// cp, h, s of the ideal gas at T/K and p/kPa, from the active reference state.
 IdealGasState IdealGasFunctions(double T, double p);
 
@@ -71,9 +71,9 @@ struct PhaseTable {
 };
 /// Derivatives and residual functions at T/K, p/kPa, v in m^3/kmol by the equation of `fluid`;
 /// `state` holds a, b, c, d at T.
-PhaseTable residual_functions(const Calc::Fluid& fluid, const Declare::EOSState& state, double T,
+PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState& state, double T,
                               double p, double v);
-/// The same by the active equation; leaves a, b, c, d at T in `Declare::eosState`.
+/// The same by the active equation; leaves a, b, c, d at T in `legacy::the_eosState`.
 PhaseTable ResidualFunctions(double T, double p, double v);
 
 struct StateValues {
@@ -89,16 +89,17 @@ struct Surroundings {
     Status status = kFailure;
 };
 /// State at Tenv, penv of `reference`: L when only L exists there, else V.
-Surroundings surroundings_state(const Calc::Fluid& fluid, const Declare::ReferenceState& reference);
+Surroundings surroundings_state(const models::Fluid& fluid,
+                                const models::ReferenceState& reference);
 
 /// All caloric values at T/K, p/kPa, v in m^3/kmol without process-level records. Status -1 with
 /// zeros when there is no cp form or the equation has no state there; without surroundings only
 /// the exergies are missing (0), with status -1.
-StateValues state_functions(const Calc::Fluid& fluid, const Declare::ReferenceState& reference,
+StateValues state_functions(const models::Fluid& fluid, const models::ReferenceState& reference,
                             const Surroundings& surroundings, double T, double p, double v);
 
 /// All caloric values of a state with its exergies (kJ/kmol, kJ/(kmol K), m/s). It does not disturb
-/// `Declare::vRoots`, `PhaseRegion`, or `eosState` of the caller's state. The surroundings are
+/// `legacy::the_vRoots`, `PhaseRegion`, or `eosState` of the caller's state. The surroundings are
 /// evaluated once and again only when the model, the substance or the reference state changes.
 StateValues StateFunctions(double T, double p, double v);
 
@@ -117,8 +118,8 @@ struct Inflexion {
     std::array<double, 2> secondDerivative{};  ///< d2p/dv2 at v
 };
 /// Points of inflexion at T/K of p = R T/(v - b) - a/((v + c)(v + d)) with v > b.
-Inflexion inflexion_points(const Declare::EOSState& state, double T);
+Inflexion inflexion_points(const models::EOSState& state, double T);
 /// Points of inflexion of the p-v isotherm at T/K, ascending in v; none for V-only models.
 Inflexion InflexionPoints(double T);
 
-}  // namespace thermo
+}  // namespace quor::models

@@ -8,13 +8,13 @@
 #include "models/ji_torvik.h"
 #include "models/model_tables.h"
 
-namespace Calc {
+namespace quor::models {
 
 using constants::R;
-using Declare::EOSParameters;
-using Declare::EOSState;
-using Declare::JiTorvikParameters;
-using Declare::SubstanceRecord;
+using models::EOSParameters;
+using models::EOSState;
+using models::JiTorvikParameters;
+using models::SubstanceRecord;
 
 namespace {
 
@@ -178,7 +178,7 @@ EOSSlopes power_slopes(const EOSParameters& e, double Tcrit, const EOSState& s, 
 }
 
 Status CalcEOSParameters(std::int16_t code) {
-    EOSParameters& e = Declare::eosParameters;
+    EOSParameters& e = legacy::the_eosParameters;
     if (code == 1) {
         // The manual coefficients stay; only what belongs to a built-in model goes.
         e.eosAlphaForm = 1;
@@ -194,7 +194,8 @@ Status CalcEOSParameters(std::int16_t code) {
         }
     }
     try {
-        e = eos_constants(code, Declare::models.EOSOnlyV, Declare::substance, Declare::jiTorvik);
+        e = eos_constants(code, legacy::the_models.EOSOnlyV, legacy::the_substance,
+                          legacy::the_jiTorvik);
     } catch (const faults::Fault&) {
         e = {};
         return 1;
@@ -203,7 +204,7 @@ Status CalcEOSParameters(std::int16_t code) {
 }
 
 void EvalEOSAtT(double T) {
-    Declare::eosState = eos_at(CurrentFluid(), T, Declare::eosState);
+    legacy::the_eosState = eos_at(CurrentFluid(), T, legacy::the_eosState);
 }
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -6,30 +6,30 @@
 
 /// Equations of state, state solvers, equilibrium, vapour pressure, densities, virial
 /// coefficients, enthalpy of vaporisation.
-namespace Calc {
+namespace quor::models {
 
 /// Constants of an equation of state for a substance: `EOSParameters` of the cubic codes 2 to 6 and
 /// their virial twins 11 to 15; all other codes leave them zero. Ji/Torvik (7, 8) takes jtZc of
 /// `jt` and fills its computed coefficients. Throws `faults::Fault` on an arithmetic fault.
-Declare::EOSParameters eos_constants(std::int16_t code, bool onlyV,
-                                     const Declare::SubstanceRecord& substance,
-                                     Declare::JiTorvikParameters& jt);
+models::EOSParameters eos_constants(std::int16_t code, bool onlyV,
+                                    const models::SubstanceRecord& substance,
+                                    models::JiTorvikParameters& jt);
 
 /// a, b, c, d at T/K; T below 1E-6 gives `previous` back.
-Declare::EOSState eos_at(const Fluid& fluid, double T, const Declare::EOSState& previous = {});
+models::EOSState eos_at(const Fluid& fluid, double T, const models::EOSState& previous = {});
 
 /// First and second derivatives of a, b, c, d with respect to T.
 struct EOSSlopes {
     double a1 = 0, a2 = 0, b1 = 0, b2 = 0, c1 = 0, c2 = 0, d1 = 0, d2 = 0;
 };
 /// Analytic derivatives at T/K > 0 by the active model.
-EOSSlopes eos_slopes(const Fluid& fluid, const Declare::EOSState& state, double T);
+EOSSlopes eos_slopes(const Fluid& fluid, const models::EOSState& state, double T);
 /// The same for the power and Soave forms alone, which the V-only models use whatever their code.
-EOSSlopes power_slopes(const Declare::EOSParameters& eos, double Tcrit,
-                       const Declare::EOSState& state, double T);
+EOSSlopes power_slopes(const models::EOSParameters& eos, double Tcrit,
+                       const models::EOSState& state, double T);
 
 /// p/kPa = R T/(v - b) - a/((v + c)(v + d)) of a state; v in m^3/kmol above b.
-inline double cubic_pressure(const Declare::EOSState& s, double T, double v) {
+inline double cubic_pressure(const models::EOSState& s, double T, double v) {
     return constants::R * T / (v - s.eosB) - s.eosA / ((v + s.eosC) * (v + s.eosD));
 }
 
@@ -38,7 +38,7 @@ inline double cubic_pressure(const Declare::EOSState& s, double T, double v) {
 /// present constants.
 Status CalcEOSParameters(std::int16_t code);
 
-/// Fills `Declare::eosState`; T below 1E-6 leaves it as it was.
+/// Fills `legacy::the_eosState`; T below 1E-6 leaves it as it was.
 void EvalEOSAtT(double T);
 
-}  // namespace Calc
+}  // namespace quor::models

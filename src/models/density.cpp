@@ -8,10 +8,10 @@
 #include "common/dialogs.h"
 #include "models/validity.h"
 
-namespace Calc {
+namespace quor::models {
 
 using constants::kPresent;
-using Declare::SubstanceRecord;
+using models::SubstanceRecord;
 
 namespace {
 
@@ -77,7 +77,7 @@ DensityResult density_solid(const SubstanceRecord& s, float temperature) {
 }
 
 DensityResult DensityL(float T, bool warn) {
-    const DensityResult r = density_liquid(Declare::substance, T);
+    const DensityResult r = density_liquid(legacy::the_substance, T);
     if (warn && std::abs(r.deviation) > kSilentDeviation) {
         dialogs::Tell(" temperature" + std::to_string(r.deviation) +
                           " K outside parameter validity\n"
@@ -88,7 +88,7 @@ DensityResult DensityL(float T, bool warn) {
 }
 
 DensityResult DensityS(float T, bool warn) {
-    const SubstanceRecord& s = Declare::substance;
+    const SubstanceRecord& s = legacy::the_substance;
     const DensityResult r = density_solid(s, T);
     if (warn && std::abs(r.deviation) > kSilentDeviation) {
         dialogs::Tell(" Temperature" + std::to_string(r.deviation) +
@@ -100,7 +100,7 @@ DensityResult DensityS(float T, bool warn) {
 }
 
 double DensityLBenson(double T, double Tcrit, double rhocrit, double rhoV,
-                      const Declare::BensonPoint& reference) {
+                      const models::BensonPoint& reference) {
     const auto Tref = static_cast<double>(reference.T);
     if (Tref == Tcrit || !(rhocrit > 0.0)) return 0.0;
     const double sum = static_cast<double>(reference.rhoL) + static_cast<double>(reference.rhoV);
@@ -109,7 +109,7 @@ double DensityLBenson(double T, double Tcrit, double rhocrit, double rhoV,
     return physical(rho) ? rho : 0.0;
 }
 
-bool IsKnown(const Declare::BensonPoint& r) {
+bool IsKnown(const models::BensonPoint& r) {
     return static_cast<double>(r.T) * static_cast<double>(r.p) * static_cast<double>(r.rhoL) *
                static_cast<double>(r.rhoV) >
            kPresent;
@@ -120,4 +120,4 @@ double BensonApproximation(double p, double pcrit, double rhocrit) {
     return rhocrit * (1.981 + 0.18327 * std::log(pcrit / p));
 }
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "common/status.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Calc {
+namespace quor::models {
 
 struct DensityResult {
     double rho = 0;              ///< kg/m^3, 0 when there is none
@@ -20,10 +20,10 @@ struct DensityResult {
 /// 236);
 ///   0 above Tc.
 /// Status -1 with rho 0 for a polynomial value below 1E-10, a negative density, and a fault.
-DensityResult density_liquid(const Declare::SubstanceRecord& s, float T);
+DensityResult density_liquid(const models::SubstanceRecord& s, float T);
 /// Solid density at T/K: the cubic polynomial when both limits are given, s0 + s1 T for TLo = 0, or
 /// 0 when there is neither.
-DensityResult density_solid(const Declare::SubstanceRecord& s, float T);
+DensityResult density_solid(const models::SubstanceRecord& s, float T);
 
 /// The same for the active substance; with `warn` a box tells of more than 5 K outside the range.
 DensityResult DensityL(float T, bool warn);
@@ -34,12 +34,12 @@ DensityResult DensityS(float T, bool warn);
 /// the reference temperature is that of the critical point, rhocrit is not known, or the density
 /// would be negative.
 double DensityLBenson(double T, double Tcrit, double rhocrit, double rhoV,
-                      const Declare::BensonPoint& reference);
+                      const models::BensonPoint& reference);
 
 /// True when all four values of a reference point are known: their product exceeds 1E-6.
-bool IsKnown(const Declare::BensonPoint& reference);
+bool IsKnown(const models::BensonPoint& reference);
 
 /// Benson's estimate of the L density at the normal boiling point; 0 for p <= 1E-6.
 double BensonApproximation(double p, double pcrit, double rhocrit);
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -15,12 +15,12 @@
 #include "models/validity.h"
 #include "models/vapour_pressure.h"
 
-namespace Calc {
+namespace quor::models {
 
 using constants::kLn10;
 using constants::kPresent;
 using constants::R;
-using Declare::SubstanceRecord;
+using models::SubstanceRecord;
 using Result = EnthalpyOfVaporisationResult;
 
 namespace {
@@ -53,10 +53,10 @@ bool fail(Result& r, const char* explanation) {
 }
 
 /// The row of experimental data that may stand in for a missing T or p.
-Declare::BatchDataSet data_row(std::int16_t index) {
+calculation::BatchDataSet data_row(std::int16_t index) {
     const auto i = static_cast<std::size_t>(index);
-    return index > 0 && i < Declare::BatchData.size() ? Declare::BatchData[i]
-                                                      : Declare::BatchDataSet{};
+    return index > 0 && i < legacy::the_BatchData.size() ? legacy::the_BatchData[i]
+                                                         : calculation::BatchDataSet{};
 }
 
 /// p from T, for the methods that need it.
@@ -95,12 +95,12 @@ bool pair_temperature(const Request& q, Result& r) {
 }
 
 bool below_critical(Result& r) {
-    return r.T <= Declare::substance.Tcrit || fail(r, "T > T(cr)!");
+    return r.T <= legacy::the_substance.Tcrit || fail(r, "T > T(cr)!");
 }
 
 /// The fitted equation of the database, with its warning.
 double database_equation(const Request& q, Result& r) {
-    const SubstanceRecord& s = Declare::substance;
+    const SubstanceRecord& s = legacy::the_substance;
     const EnthalpyEquationResult value = enthalpy_equation(s, r.T);
     if (value.status != kSuccess || s.hLVTHi <= 0) throw faults::Fault(faults::kInvalidArgument);
     r.deviation = deviation_of(r.T, {s.hLVTLo, s.hLVTHi});
@@ -140,14 +140,14 @@ double watson(const SubstanceRecord& s, double exponent, double T) {
 
 void set_compressibilities(Result& r) {
     if (!(r.rhoL * r.rhoV > kPresent)) throw faults::Fault(faults::kDivisionByZero);
-    const double ideal = static_cast<double>(Declare::substance.M) * r.p / (R * r.T);
+    const double ideal = static_cast<double>(legacy::the_substance.M) * r.p / (R * r.T);
     r.zV = ideal / r.rhoV;
     r.zL = ideal / r.rhoL;
 }
 
 double benson_density(const Result& r) {
-    const SubstanceRecord& s = Declare::substance;
-    const Declare::BensonPoint& reference = Declare::session.BensonReference;
+    const SubstanceRecord& s = legacy::the_substance;
+    const models::BensonPoint& reference = legacy::the_session.BensonReference;
     return IsKnown(reference) ? DensityLBenson(r.T, s.Tcrit, s.rhocrit, r.rhoV, reference) : 0.0;
 }
 
@@ -175,18 +175,18 @@ double cubic_eos(const Request& q, Result& r) {
     r.rhoV = v.vV > 0 ? M / v.vV : 0;
     r.rhoL = v.vL > 0 ? M / v.vL : 0;
     set_compressibilities(r);
-    const Declare::EOSState eos = eos_at(fluid, r.T);
+    const models::EOSState eos = eos_at(fluid, r.T);
     const auto residual = [&](double volume) {
-        const thermo::PhaseTable table = thermo::residual_functions(fluid, eos, r.T, r.p, volume);
+        const models::PhaseTable table = models::residual_functions(fluid, eos, r.T, r.p, volume);
         if (!table.filled) throw faults::Fault(faults::kInvalidArgument);
-        return table.residual[thermo::ResH];
+        return table.residual[models::ResH];
     };
     return R * (residual(v.vV) - residual(v.vL));
 }
 
 double evaluate(const Request& q, Result& r) {
-    const SubstanceRecord& s = Declare::substance;
-    const float exponent = Declare::models.WatsonN;
+    const SubstanceRecord& s = legacy::the_substance;
+    const float exponent = legacy::the_models.WatsonN;
     switch (q.method) {
         case kDatabaseEquation:
             return database_equation(q, r);
@@ -249,7 +249,7 @@ EnthalpyEquationResult enthalpy_equation(const SubstanceRecord& s, double T) {
 }
 
 EnthalpyEquationResult EnthalpyEquationValue(double T) {
-    return enthalpy_equation(Declare::substance, T);
+    return enthalpy_equation(legacy::the_substance, T);
 }
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "common/status.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Calc {
+namespace quor::models {
 
 struct EnthalpyOfVaporisationResult {
     std::int32_t h = 0;          ///< kJ/kmol, rounded to a whole number
@@ -34,8 +34,8 @@ struct EnthalpyEquationResult {
 /// The database equation A exp(-B Tr) (1 - Tr)^(C + D Tr + E Tr^2 + F Tr^3), Tr = T/Tc of the set,
 /// without a range test. 0 from Tc of the set up to the critical point of the substance; status -1
 /// above both, without a Tc, and on a fault.
-EnthalpyEquationResult enthalpy_equation(const Declare::SubstanceRecord& s, double T);
+EnthalpyEquationResult enthalpy_equation(const models::SubstanceRecord& s, double T);
 /// The same for the active substance.
 EnthalpyEquationResult EnthalpyEquationValue(double T);
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -3,14 +3,14 @@
 #include "common/constants.h"
 #include "models/cubic_eos.h"
 
-namespace Calc {
+namespace quor::models {
 
 namespace {
 
 using constants::R;
 
 /// a = a0 w(x)^2 with x = (T/Tcrit)^0.75; w is a cubic in x below Tcrit and a line above.
-void ji_torvik_a_slopes(const Declare::JiTorvikParameters& jt, double Tcrit, double T,
+void ji_torvik_a_slopes(const models::JiTorvikParameters& jt, double Tcrit, double T,
                         EOSSlopes& s) {
     constexpr double k = 0.76528558;
     const double x = std::pow(T / Tcrit, 0.75);
@@ -36,7 +36,7 @@ void ji_torvik_a_slopes(const Declare::JiTorvikParameters& jt, double Tcrit, dou
 
 /// Form II: b, c and d share the factor 1 - K (1 - T/Tcrit)^2.
 void ji_torvik_volume_slopes(const Fluid& fluid, double T, EOSSlopes& s) {
-    const Declare::JiTorvikParameters& jt = fluid.jt;
+    const models::JiTorvikParameters& jt = fluid.jt;
     const double Tcrit = fluid.substance.Tcrit;
     const double factor1 = 2.0 * jt.jtK * (1.0 - T / Tcrit) / Tcrit;
     const double factor2 = -2.0 * jt.jtK / (Tcrit * Tcrit);
@@ -55,7 +55,7 @@ void ji_torvik_volume_slopes(const Fluid& fluid, double T, EOSSlopes& s) {
 
 }  // namespace
 
-EOSSlopes eos_slopes(const Fluid& fluid, const Declare::EOSState& state, double T) {
+EOSSlopes eos_slopes(const Fluid& fluid, const models::EOSState& state, double T) {
     const double Tcrit = fluid.substance.Tcrit;
     if (fluid.models.EOSModel != 7 && fluid.models.EOSModel != 8)
         return power_slopes(fluid.eos, Tcrit, state, T);
@@ -65,4 +65,4 @@ EOSSlopes eos_slopes(const Fluid& fluid, const Declare::EOSState& state, double 
     return s;
 }
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -2,7 +2,7 @@
 
 #include "models/maxwell.h"
 
-namespace Calc {
+namespace quor::models {
 
 PhaseVolumes equilibrium_volumes(const Fluid& fluid, const StateTP& state, double T) {
     if (state.status == kSuccess && state.vV > 0 && state.vL > 0) return {state.vV, state.vL};
@@ -11,4 +11,4 @@ PhaseVolumes equilibrium_volumes(const Fluid& fluid, const StateTP& state, doubl
     return {found.v[2], found.v[0]};
 }
 
-}  // namespace Calc
+}  // namespace quor::models

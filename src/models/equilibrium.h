@@ -2,7 +2,7 @@
 
 #include "models/state_solver.h"
 
-namespace Calc {
+namespace quor::models {
 
 /// Volumes of both phases of a cubic EOS, m^3/kmol; 0 where there is none.
 struct PhaseVolumes {
@@ -14,4 +14,4 @@ struct PhaseVolumes {
 /// search on the isotherm.
 PhaseVolumes equilibrium_volumes(const Fluid& fluid, const StateTP& state, double T);
 
-}  // namespace Calc
+}  // namespace quor::models

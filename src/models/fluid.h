@@ -1,21 +1,22 @@
 #pragma once
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Calc {
+namespace quor::models {
 
 /// What a kernel needs to know: the substance, the choice of models and the constants that belong
 /// to them. It only refers to the records; they must outlive it.
 struct Fluid {
-    const Declare::SubstanceRecord& substance;
-    const Declare::ModelSelection& models;
-    const Declare::EOSParameters& eos;
-    const Declare::JiTorvikParameters& jt;
+    const models::SubstanceRecord& substance;
+    const models::ModelSelection& models;
+    const models::EOSParameters& eos;
+    const models::JiTorvikParameters& jt;
 };
 
 /// The process-level records as a `Fluid`.
 inline Fluid CurrentFluid() {
-    return {Declare::substance, Declare::models, Declare::eosParameters, Declare::jiTorvik};
+    return {legacy::the_substance, legacy::the_models, legacy::the_eosParameters,
+            legacy::the_jiTorvik};
 }
 
-}  // namespace Calc
+}  // namespace quor::models

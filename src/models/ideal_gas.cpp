@@ -5,7 +5,7 @@
 #include "models/caloric.h"
 #include "models/reference_state.h"
 
-namespace thermo {
+namespace quor::models {
 
 namespace {
 
@@ -19,14 +19,14 @@ struct Polynomial {
     double inverseSquare = 0;  ///< factor of T^-2
 };
 
-Polynomial polynomial_of(const Declare::CpSet& set) {
+Polynomial polynomial_of(const models::CpSet& set) {
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     if (std::fabs(c(0)) < 1e-8) return {c(1), c(2), c(3), 0.0, 0.0, c(4)};
     if (std::fabs(c(4)) < 1.0) return {c(0), c(1), c(2), c(3), c(4), 0.0};
     return {c(0), c(1), c(2), c(3), 0.0, c(4)};
 }
 
-bool has_coefficients(const Declare::CpSet& set) {
+bool has_coefficients(const models::CpSet& set) {
     return std::any_of(set.c.begin(), set.c.end(),
                        [](float c) { return std::fabs(static_cast<double>(c)) > kUnused; });
 }
@@ -38,7 +38,7 @@ struct Difference {
 };
 
 /// The powers of T are taken as (T - T0) times a sum, so that h stays exact close to T0.
-Difference polynomial_difference(const Declare::CpSet& set, double T, double T0) {
+Difference polynomial_difference(const models::CpSet& set, double T, double T0) {
     if (!(T > 0.0) || !(T0 > 0.0)) return {};
     const Polynomial c = polynomial_of(set);
     const double s1 = T + T0;
@@ -59,7 +59,7 @@ struct SinhCosh {
     bool valid;
 };
 
-SinhCosh sinh_cosh_at(const Declare::CpSet& set, double T) {
+SinhCosh sinh_cosh_at(const models::CpSet& set, double T) {
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     const double x = c(2) / T;
     const double y = c(4) / T;
@@ -70,7 +70,7 @@ SinhCosh sinh_cosh_at(const Declare::CpSet& set, double T) {
     return t;
 }
 
-Difference sinh_cosh_difference(const Declare::CpSet& set, double T, double T0) {
+Difference sinh_cosh_difference(const models::CpSet& set, double T, double T0) {
     constexpr double kLowestT = 0.1;
     if (!(T > kLowestT) || !(T0 > kLowestT)) return {};
     const SinhCosh at = sinh_cosh_at(set, T);
@@ -96,14 +96,14 @@ double square(double x) {
 
 }  // namespace
 
-CpResult polynomial_cp(const Declare::CpSet& set, double T) {
+CpResult polynomial_cp(const models::CpSet& set, double T) {
     if (!has_coefficients(set)) return {0.0, kFailure};
     const Polynomial c = polynomial_of(set);
     return checked(c.c0 + T * (c.c1 + T * (c.c2 + T * (c.c3 + T * c.quartic))) +
                    (c.inverseSquare == 0.0 ? 0.0 : c.inverseSquare / (T * T)));
 }
 
-CpResult sinh_cosh_cp(const Declare::CpSet& set, double T) {
+CpResult sinh_cosh_cp(const models::CpSet& set, double T) {
     if (!has_coefficients(set)) return {0.0, kFailure};
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     const double x = c(2) / T;
@@ -115,14 +115,14 @@ CpResult sinh_cosh_cp(const Declare::CpSet& set, double T) {
     return checked(c(0) + c(1) * square(x / sinhX) + c(3) * square(y / coshY));
 }
 
-CpResult ideal_gas_cp(const Declare::SubstanceRecord& s, std::int16_t form, double T) {
+CpResult ideal_gas_cp(const models::SubstanceRecord& s, std::int16_t form, double T) {
     if (form == 1) return polynomial_cp(s.cpPoly, T);
     if (form == 2) return sinh_cosh_cp(s.cpSinh, T);
     return {0.0, kFailure};
 }
 
-IdealGasState ideal_gas_functions(const Declare::SubstanceRecord& s, std::int16_t form,
-                                  const Declare::ReferenceState& reference, double T, double p) {
+IdealGasState ideal_gas_functions(const models::SubstanceRecord& s, std::int16_t form,
+                                  const models::ReferenceState& reference, double T, double p) {
     IdealGasState failure;
     failure.status = kFailure;
     const CpResult cp = ideal_gas_cp(s, form, T);
@@ -140,20 +140,20 @@ IdealGasState ideal_gas_functions(const Declare::SubstanceRecord& s, std::int16_
 }
 
 CpResult IdealGasCp(double T) {
-    return ideal_gas_cp(Declare::substance, Declare::models.CpModel, T);
+    return ideal_gas_cp(legacy::the_substance, legacy::the_models.CpModel, T);
 }
 
 CpResult CpLiquid(double T) {
-    return polynomial_cp(Declare::substance.cpL, T);
+    return polynomial_cp(legacy::the_substance.cpL, T);
 }
 CpResult CpSolid(double T) {
-    return polynomial_cp(Declare::substance.cpS, T);
+    return polynomial_cp(legacy::the_substance.cpS, T);
 }
 
 IdealGasState IdealGasFunctions(double T, double p) {
-    settle_reference(Declare::reference);
-    return ideal_gas_functions(Declare::substance, Declare::models.CpModel, Declare::reference, T,
-                               p);
+    settle_reference(legacy::the_reference);
+    return ideal_gas_functions(legacy::the_substance, legacy::the_models.CpModel,
+                               legacy::the_reference, T, p);
 }
 
-}  // namespace thermo
+}  // namespace quor::models

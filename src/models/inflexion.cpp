@@ -4,10 +4,10 @@
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 
-namespace thermo {
+namespace quor::models {
 
 using constants::R;
-using Declare::EOSState;
+using models::EOSState;
 
 namespace {
 
@@ -86,7 +86,7 @@ void add(Inflexion& r, const EOSState& s, double T, double v) {
     const double D = 1.0 / (v + s.eosD);
     const auto i = static_cast<std::size_t>(r.count++);
     r.v[i] = v;
-    r.p[i] = Calc::cubic_pressure(s, T, v);
+    r.p[i] = models::cubic_pressure(s, T, v);
     r.secondDerivative[i] =
         2.0 * R * T * e * e * e - 2.0 * s.eosA * C * D * (C * C + C * D + D * D);
 }
@@ -115,8 +115,8 @@ Inflexion inflexion_points(const EOSState& state, double T) {
 }
 
 Inflexion InflexionPoints(double T) {
-    if (Declare::models.EOSOnlyV) return {};
-    return inflexion_points(Calc::eos_at(Calc::CurrentFluid(), T), T);
+    if (legacy::the_models.EOSOnlyV) return {};
+    return inflexion_points(models::eos_at(models::CurrentFluid(), T), T);
 }
 
-}  // namespace thermo
+}  // namespace quor::models

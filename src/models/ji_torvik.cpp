@@ -18,11 +18,11 @@
 
 extern char** environ;
 
-namespace Calc {
+namespace quor::models {
 
 namespace {
 
-using Declare::substance;
+using legacy::the_substance;
 
 std::chrono::milliseconds parameterWait{100000};
 bool parametersGiven = false;
@@ -54,7 +54,7 @@ EquationClass equation_class(const std::string& code) {
 std::vector<double> equation_values(const std::string& code) {
     std::vector<double> v;
     double TLo = 0, THi = 0;
-    const auto antoine = [&](const Declare::VPSetAntoine& s) {
+    const auto antoine = [&](const models::VPSetAntoine& s) {
         for (const float x : {s.A, s.B, s.C}) v.push_back(static_cast<double>(x));
         TLo = s.TLo;
         THi = s.THi;
@@ -64,15 +64,15 @@ std::vector<double> equation_values(const std::string& code) {
         TLo = s.TLo;
         THi = s.THi;
     };
-    if (code == "ALP") antoine(substance.ALP);
-    if (code == "AHP") antoine(substance.AHP);
-    if (code == "THO") antoine(substance.THO);
-    if (code == "FRO") list(substance.FRO);
-    if (code == "KFW") list(substance.KFW);
-    if (code == "KFR") list(substance.KFR);
-    if (code == "WAG") list(substance.WAG);
+    if (code == "ALP") antoine(the_substance.ALP);
+    if (code == "AHP") antoine(the_substance.AHP);
+    if (code == "THO") antoine(the_substance.THO);
+    if (code == "FRO") list(the_substance.FRO);
+    if (code == "KFW") list(the_substance.KFW);
+    if (code == "KFR") list(the_substance.KFR);
+    if (code == "WAG") list(the_substance.WAG);
     if (code == "AUG")
-        for (const float x : {substance.AUG.A, substance.AUG.B})
+        for (const float x : {the_substance.AUG.A, the_substance.AUG.B})
             v.push_back(static_cast<double>(x));
     v.resize(10, 0.0);
     v.push_back(TLo);
@@ -81,19 +81,20 @@ std::vector<double> equation_values(const std::string& code) {
 }
 
 std::string exchange_text(std::int16_t code) {
-    const std::string& vp = Declare::models.VPCode;
+    const std::string& vp = legacy::the_models.VPCode;
     const EquationClass kind = equation_class(vp);
     std::vector<double> density;
-    for (const float x : substance.rhoLPar) density.push_back(static_cast<double>(x));
-    density.push_back(substance.rhoLTLo);
-    density.push_back(substance.rhoLTHi);
+    for (const float x : the_substance.rhoLPar) density.push_back(static_cast<double>(x));
+    density.push_back(the_substance.rhoLTLo);
+    density.push_back(the_substance.rhoLTHi);
 
     std::ostringstream out;
     out << (code == 7 ? 10 : 11) << "\r\n"
-        << text::TrimRight(substance.CASRN) << "\r\n"
+        << text::TrimRight(the_substance.CASRN) << "\r\n"
         << kind.kind << ", 1, " << kind.flag << "\r\n"
-        << joined({static_cast<double>(substance.M), static_cast<double>(substance.rhoLTc),
-                   substance.Tcrit, substance.pcrit, substance.rhocrit, substance.omega})
+        << joined({static_cast<double>(the_substance.M), static_cast<double>(the_substance.rhoLTc),
+                   the_substance.Tcrit, the_substance.pcrit, the_substance.rhocrit,
+                   the_substance.omega})
         << "\r\n"
         << joined(density) << "\r\n"
         << joined(equation_values(vp)) << "\r\n";
@@ -131,14 +132,14 @@ bool read_parameters(const std::string& s, std::int16_t code) {
     if (items.size() < needed) return false;
     for (std::size_t i = 1; i < needed; ++i)
         if (!is_number(items[i])) return false;
-    Declare::JiTorvikParameters jt;
+    models::JiTorvikParameters jt;
     jt.jtM = numbers::Val(items[2]);
     jt.jtP = numbers::Val(items[3]);
     jt.jtQ = numbers::Val(items[4]);
     jt.jtZc = numbers::Val(items[5]);
     if (code == 8) jt.jtK = numbers::Val(items[6]);
     if (!(jt.jtZc > 0.0) || !(jt.jtZc < 1.0)) return false;
-    Declare::jiTorvik = jt;
+    legacy::the_jiTorvik = jt;
     return true;
 }
 
@@ -177,18 +178,18 @@ void GiveJiTorvikParameters(bool given) {
 
 Status ObtainJiTorvikParameters(std::int16_t code) {
     if (parametersGiven) return kSuccess;
-    Declare::jiTorvik = {};
+    legacy::the_jiTorvik = {};
 
     namespace fs = std::filesystem;
-    const fs::path folder = Module2::WriteFolder();
+    const fs::path folder = session::WriteFolder();
     const fs::path answer = folder / (code == 7 ? "PARAM_JI.DAT" : "PARA_JI2.DAT");
     std::error_code ignored;
     std::ofstream(folder / "jipar.tmp", std::ios::binary) << exchange_text(code);
     fs::remove(answer, ignored);
     {
-        const Module2::BusyPointer busy;
-        if (Module2::FileExists("djipar.exe"))
-            RunProgram(fs::absolute(Module2::FindFile("djipar.exe")).string(), folder.string(),
+        const session::BusyPointer busy;
+        if (session::FileExists("djipar.exe"))
+            RunProgram(fs::absolute(session::FindFile("djipar.exe")).string(), folder.string(),
                        parameterWait);
     }
     if (!fs::exists(answer, ignored)) {
@@ -202,4 +203,4 @@ Status ObtainJiTorvikParameters(std::int16_t code) {
     return read_parameters(content, code) ? Status{0} : Status{2};
 }
 
-}  // namespace Calc
+}  // namespace quor::models

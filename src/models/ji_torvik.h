@@ -6,7 +6,7 @@
 
 #include "common/status.h"
 
-namespace Calc {
+namespace quor::models {
 
 /// Starts a program in a folder and waits for its end, at most the given time; goes on whether it
 /// ended or not. False when it could not be started.
@@ -25,8 +25,8 @@ void SetJiTorvikWait(std::chrono::milliseconds wait);
 /// parameter file ("No parameter-file generated." is shown) or an unreadable one.
 Status ObtainJiTorvikParameters(std::int16_t code);
 
-/// When set, `ObtainJiTorvikParameters` keeps the values that stand in `Declare::jiTorvik` instead
-/// of asking the program.
+/// When set, `ObtainJiTorvikParameters` keeps the values that stand in `legacy::the_jiTorvik`
+/// instead of asking the program.
 void GiveJiTorvikParameters(bool given);
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -6,10 +6,10 @@
 #include "common/constants.h"
 #include "models/cubic_eos.h"
 
-namespace Calc {
+namespace quor::models {
 
 using constants::R;
-using Declare::EOSState;
+using models::EOSState;
 
 namespace {
 
@@ -209,4 +209,4 @@ Saturation maxwell_temperature(const Fluid& f, double p) {
     return r;
 }
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -2,7 +2,7 @@
 
 #include "models/saturation.h"
 
-namespace Calc {
+namespace quor::models {
 
 /// The two extrema of a subcritical isotherm: p has its minimum at vL and its maximum at vV.
 struct Spinodal {
@@ -10,7 +10,7 @@ struct Spinodal {
     double pL = 0, pV = 0;  ///< kPa; pL may be negative
     bool found = false;     ///< false at and above the critical isotherm
 };
-Spinodal spinodal(const Fluid& fluid, const Declare::EOSState& s, double T);
+Spinodal spinodal(const Fluid& fluid, const models::EOSState& s, double T);
 
 /// p(LV) at 0 < T < Tcrit by a bracketed search on the equal-area condition between the spinodal
 /// pressures. It finds the state wherever the isotherm has a loop.
@@ -19,4 +19,4 @@ Saturation maxwell_pressure(const Fluid& fluid, double T);
 /// T(LV) at 0 < p < pcrit by bracketing T with `maxwell_pressure`.
 Saturation maxwell_temperature(const Fluid& fluid, double p);
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -14,12 +14,12 @@
 #include "session/actions.h"
 #include "session/commands.h"
 
-namespace Calc {
+namespace quor::models {
 
 namespace {
 
 using constants::kPresent;
-using Declare::SubstanceRecord;
+using models::SubstanceRecord;
 
 constexpr std::int16_t kPengRobinson = 6, kRedlichKwong = 4, kManualVirial = 10;
 constexpr std::int16_t kCarruthKobayashi = 3, kWatson = 4, kByCEOS = 7;
@@ -33,7 +33,7 @@ bool has_measured_vp(const SubstanceRecord& s) {
     return s.WAG.TLo > 0 || s.FRO.TLo != 0 || s.ALP.A > 1e-6F || s.AHP.A > 1e-6F;
 }
 
-bool warns_of_missing_omega(const Declare::ModelSelection& m) {
+bool warns_of_missing_omega(const models::ModelSelection& m) {
     return m.HLVModel == kCarruthKobayashi || (m.EOSModel >= 5 && m.EOSModel <= 8) ||
            m.EOSModel >= 14;
 }
@@ -126,16 +126,16 @@ DensityNote LiquidDensityNote(const SubstanceRecord& s) {
 }
 
 ModelChoice::ModelChoice()
-    : keptModels_(Declare::models),
-      keptParameters_(Declare::eosParameters),
-      keptJiTorvik_(Declare::jiTorvik) {
+    : keptModels_(legacy::the_models),
+      keptParameters_(legacy::the_eosParameters),
+      keptJiTorvik_(legacy::the_jiTorvik) {
     Renew();
 }
 
 void ModelChoice::Renew() {
-    const SubstanceRecord& s = Declare::substance;
-    Declare::ModelSelection& m = Declare::models;
-    if (m.EOSModel == kManualVirial) manual_ = Declare::eosParameters;
+    const SubstanceRecord& s = legacy::the_substance;
+    models::ModelSelection& m = legacy::the_models;
+    if (m.EOSModel == kManualVirial) manual_ = legacy::the_eosParameters;
 
     vp_ = VPEntries(s);
     ChooseVP(IndexOf(vp_, m.VPModel));
@@ -157,29 +157,29 @@ void ModelChoice::Renew() {
 }
 
 std::size_t ModelChoice::eosIndex() const {
-    return IndexOf(eos_, Declare::models.EOSModel);
+    return IndexOf(eos_, legacy::the_models.EOSModel);
 }
 std::size_t ModelChoice::vpIndex() const {
-    return IndexOf(vp_, Declare::models.VPModel);
+    return IndexOf(vp_, legacy::the_models.VPModel);
 }
 std::size_t ModelChoice::hlvIndex() const {
-    return IndexOf(hlv_, Declare::models.HLVModel);
+    return IndexOf(hlv_, legacy::the_models.HLVModel);
 }
 std::size_t ModelChoice::cpIndex() const {
-    return IndexOf(cp_, Declare::models.CpModel);
+    return IndexOf(cp_, legacy::the_models.CpModel);
 }
 std::string ModelChoice::watsonText() const {
-    return numbers::GeneralPoint(Declare::models.WatsonN);
+    return numbers::GeneralPoint(legacy::the_models.WatsonN);
 }
 bool ModelChoice::watsonVisible() const {
-    return Declare::models.HLVModel == kWatson;
+    return legacy::the_models.HLVModel == kWatson;
 }
 bool ModelChoice::priorityEnabled() const {
-    return !Declare::models.EOSOnlyV;
+    return !legacy::the_models.EOSOnlyV;
 }
 
 bool ModelChoice::ChooseEOS(std::size_t index) {
-    Declare::ModelSelection& m = Declare::models;
+    models::ModelSelection& m = legacy::the_models;
     if (index >= eos_.size()) return false;
     const bool wasOnlyV = m.EOSOnlyV;
     m.EOSModel = eos_[index].code;
@@ -189,7 +189,7 @@ bool ModelChoice::ChooseEOS(std::size_t index) {
     else if (wasOnlyV)
         m.PriorityCEOS = true;
     if (m.EOSOnlyV != wasOnlyV) {
-        hlv_ = HLVEntries(Declare::substance, m.EOSOnlyV);
+        hlv_ = HLVEntries(legacy::the_substance, m.EOSOnlyV);
         if (m.EOSOnlyV && m.HLVModel == kByCEOS) ChooseHLV(0);
     }
     if (m.EOSModel != kManualVirial) return false;
@@ -201,30 +201,30 @@ bool ModelChoice::ChooseEOS(std::size_t index) {
 
 void ModelChoice::ChooseVP(std::size_t index) {
     if (index >= vp_.size()) return;
-    Declare::models.VPModel = vp_[index].code;
-    Declare::models.VPCode = VPCode(vp_[index].code);
+    legacy::the_models.VPModel = vp_[index].code;
+    legacy::the_models.VPCode = VPCode(vp_[index].code);
 }
 
 void ModelChoice::ChooseHLV(std::size_t index) {
-    if (index < hlv_.size()) Declare::models.HLVModel = hlv_[index].code;
+    if (index < hlv_.size()) legacy::the_models.HLVModel = hlv_[index].code;
 }
 
 void ModelChoice::ChooseCp(std::size_t index) {
-    if (index < cp_.size()) Declare::models.CpModel = cp_[index].code;
+    if (index < cp_.size()) legacy::the_models.CpModel = cp_[index].code;
 }
 
 void ModelChoice::SetWatson(std::string_view typed) {
     const double n = numbers::ValInput(typed);
     constexpr double kLargest = std::numeric_limits<float>::max();
-    Declare::models.WatsonN = std::fabs(n) <= kLargest ? static_cast<float>(n) : 0.0F;
+    legacy::the_models.WatsonN = std::fabs(n) <= kLargest ? static_cast<float>(n) : 0.0F;
 }
 
 void ModelChoice::SetPriorityCEOS(bool ceos) {
-    Declare::models.PriorityCEOS = ceos;
+    legacy::the_models.PriorityCEOS = ceos;
 }
 
 void ModelChoice::SetManualVirial(double b0, double b1, double b2) {
-    Declare::EOSParameters& p = Declare::eosParameters;
+    models::EOSParameters& p = legacy::the_eosParameters;
     p.eosB0 = b0;
     p.eosNB = b1;
     p.eosNV = b2;
@@ -232,8 +232,8 @@ void ModelChoice::SetManualVirial(double b0, double b1, double b2) {
 }
 
 bool ModelChoice::Confirm() {
-    const Declare::ModelSelection& m = Declare::models;
-    const SubstanceRecord& s = Declare::substance;
+    const models::ModelSelection& m = legacy::the_models;
+    const SubstanceRecord& s = legacy::the_substance;
     if (s.omega == 0.0 && warns_of_missing_omega(m))
         dialogs::Tell(
             "No acentric factor available.\nCalculated by using omega = 0\n(Input => data editor)",
@@ -248,18 +248,18 @@ bool ModelChoice::Confirm() {
 }
 
 void ModelChoice::Cancel() {
-    Declare::models = keptModels_;
-    Declare::eosParameters = keptParameters_;
-    Declare::jiTorvik = keptJiTorvik_;
+    legacy::the_models = keptModels_;
+    legacy::the_eosParameters = keptParameters_;
+    legacy::the_jiTorvik = keptJiTorvik_;
 }
 
 void EnableModelCommands() {
-    using Declare::Command;
-    Module2::SetCommands({Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting,
+    using session::Command;
+    session::SetCommands({Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting,
                           Command::mnu2D, Command::mnu3D, Command::mnuData_SaveProject,
                           Command::toolSave, Command::toolReference, Command::toolTank},
                          true);
-    Module2::SetCommands({Command::needsLPhase}, !Declare::models.EOSOnlyV);
+    session::SetCommands({Command::needsLPhase}, !legacy::the_models.EOSOnlyV);
 }
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -5,11 +5,11 @@
 #include <string_view>
 #include <vector>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
 /// Choice of the models of a substance: which ones its data allow, the defaults, and what follows
 /// from a change. The view shows the lists and passes on what the user picks.
-namespace Calc {
+namespace quor::models {
 
 /// One entry of a list: the model's code and its name without outer blanks.
 struct ModelEntry {
@@ -22,19 +22,19 @@ struct ModelEntry {
 using ModelEntries = std::vector<ModelEntry>;
 
 /// Equations of state; those that need an acentric factor only when there is one.
-ModelEntries EOSEntries(const Declare::SubstanceRecord& substance);
+ModelEntries EOSEntries(const models::SubstanceRecord& substance);
 /// Vapour pressure equations, code as `ModelSelection::VPModel`; "none" stands last when the
 /// substance has no measured set.
-ModelEntries VPEntries(const Declare::SubstanceRecord& substance);
+ModelEntries VPEntries(const models::SubstanceRecord& substance);
 /// Methods of the enthalpy of vaporisation; `onlyV` leaves out the one by the cubic EOS.
-ModelEntries HLVEntries(const Declare::SubstanceRecord& substance, bool onlyV);
+ModelEntries HLVEntries(const models::SubstanceRecord& substance, bool onlyV);
 /// Ideal-gas cp forms; never empty.
-ModelEntries CpEntries(const Declare::SubstanceRecord& substance);
+ModelEntries CpEntries(const models::SubstanceRecord& substance);
 /// Watson exponents proposed, as texts with a point; never empty.
-std::vector<std::string> WatsonEntries(const Declare::SubstanceRecord& substance);
+std::vector<std::string> WatsonEntries(const models::SubstanceRecord& substance);
 
 /// The equation of state of a first choice: Peng/Robinson, Redlich/Kwong without acentric factor.
-std::int16_t DefaultEOS(const Declare::SubstanceRecord& substance);
+std::int16_t DefaultEOS(const models::SubstanceRecord& substance);
 
 /// Position of a code in a list, 0 (the first entry) when it is not offered.
 std::size_t IndexOf(const ModelEntries& entries, std::int16_t code);
@@ -43,10 +43,10 @@ std::size_t IndexOf(const ModelEntries& entries, std::int16_t code);
 struct DensityNote {
     std::string state, range;
 };
-DensityNote LiquidDensityNote(const Declare::SubstanceRecord& substance);
+DensityNote LiquidDensityNote(const models::SubstanceRecord& substance);
 
-/// One run of the model view over `Declare::models` and `Declare::substance`. It begins as the view
-/// opens and ends with `Confirm` or `Cancel`.
+/// One run of the model view over `legacy::the_models` and `legacy::the_substance`. It begins as
+/// the view opens and ends with `Confirm` or `Cancel`.
 class ModelChoice {
   public:
     /// Keeps the present selection and brings every model to an entry that is offered.
@@ -95,10 +95,10 @@ class ModelChoice {
     void Cancel();
 
   private:
-    Declare::ModelSelection keptModels_;
-    Declare::EOSParameters keptParameters_;
-    Declare::JiTorvikParameters keptJiTorvik_;
-    Declare::EOSParameters manual_;  ///< holds the last manual coefficients
+    models::ModelSelection keptModels_;
+    models::EOSParameters keptParameters_;
+    models::JiTorvikParameters keptJiTorvik_;
+    models::EOSParameters manual_;  ///< holds the last manual coefficients
     ModelEntries eos_, vp_, hlv_, cp_;
     std::vector<std::string> watson_;
 };
@@ -106,4 +106,4 @@ class ModelChoice {
 /// The commands that a complete choice of models enables, for the present EOS.
 void EnableModelCommands();
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -2,7 +2,7 @@
 
 #include <array>
 
-namespace Calc {
+namespace quor::models {
 
 namespace {
 
@@ -115,4 +115,4 @@ std::string_view FunctionLabel(int index) {
     return at(kFunctionLabels, index);
 }
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -4,7 +4,7 @@
 #include <string_view>
 
 /// Names and codes of all models. Names keep their blanks: lists show them trimmed.
-namespace Calc {
+namespace quor::models {
 
 /// Name of an equation of state, a 35-character text; codes 1 and 9 are empty.
 std::string_view EOSName(std::int16_t code);
@@ -31,4 +31,4 @@ std::string_view CpName(std::int16_t form);
 /// Label of a row of the extended result pages, 0 to 23, 14 characters.
 std::string_view FunctionLabel(int index);
 
-}  // namespace Calc
+}  // namespace quor::models

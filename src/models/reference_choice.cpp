@@ -5,7 +5,7 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 
-namespace thermo {
+namespace quor::models {
 
 namespace {
 
@@ -45,7 +45,7 @@ ReferenceCaptions CaptionsOf(std::int16_t CaloricUnit) {
                                                : kCaptions[0];
 }
 
-ReferenceFields FieldsOf(const Declare::ReferenceState& r, double CaloricFactor) {
+ReferenceFields FieldsOf(const models::ReferenceState& r, double CaloricFactor) {
     const float p0 = r.p0 == 0.0F ? kStandardPressure : r.p0;
     return {r.href * CaloricFactor, r.sref * CaloricFactor, shown(r.T0), shown(p0), r.Tenv, r.penv};
 }
@@ -63,9 +63,9 @@ bool IsEditable(ReferenceOption option, ReferenceField field) {
 }
 
 bool StoreReference(ReferenceOption option, const ReferenceFields& fields, double CaloricFactor,
-                    Declare::ReferenceState& reference) {
+                    models::ReferenceState& reference) {
     try {
-        Declare::ReferenceState r;
+        models::ReferenceState r;
         r.RefMode = ReferenceModeOf(option);
         r.href = faults::divide(fields[FieldH], CaloricFactor);
         r.sref = faults::divide(fields[FieldS], CaloricFactor);
@@ -80,4 +80,4 @@ bool StoreReference(ReferenceOption option, const ReferenceFields& fields, doubl
     }
 }
 
-}  // namespace thermo
+}  // namespace quor::models

@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <string_view>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
 /// What the view of the caloric reference state shows and stores.
-namespace thermo {
+namespace quor::models {
 
 /// Its three options, by their index.
 enum class ReferenceOption { Values, Formation, Conventional };
@@ -28,7 +28,7 @@ enum ReferenceField { FieldH, FieldS, FieldT0, FieldP0, FieldTenv, FieldPenv, kR
 using ReferenceFields = std::array<double, kReferenceFields>;
 
 /// The fields as they stand in a record; h and s times the caloric factor, a p0 of 0 as 101.325.
-ReferenceFields FieldsOf(const Declare::ReferenceState& reference, double CaloricFactor);
+ReferenceFields FieldsOf(const models::ReferenceState& reference, double CaloricFactor);
 
 /// The fields after an option was chosen: that of the quantities of formation sets h(ref) and
 /// s(ref) to 0, T0 to 298.15 and p0 to 101.325.
@@ -41,6 +41,6 @@ bool IsEditable(ReferenceOption option, ReferenceField field);
 /// mode of the option. False, and nothing stored, when that is not a number: a caloric factor of 0,
 /// or a T0 or p0 beyond 32 bits.
 bool StoreReference(ReferenceOption option, const ReferenceFields& fields, double CaloricFactor,
-                    Declare::ReferenceState& reference);
+                    models::ReferenceState& reference);
 
-}  // namespace thermo
+}  // namespace quor::models

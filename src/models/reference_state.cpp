@@ -11,13 +11,13 @@
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
 
-namespace thermo {
+namespace quor::models {
 
 using constants::kPresent;
 using constants::R;
-using Declare::BensonPoint;
-using Declare::ReferenceState;
-using Declare::SubstanceRecord;
+using models::BensonPoint;
+using models::ReferenceState;
+using models::SubstanceRecord;
 
 namespace {
 
@@ -46,8 +46,8 @@ ReferenceBase reference_base(const SubstanceRecord& s, const ReferenceState& ref
 }
 
 ReferenceBase ReferenceValues(double p) {
-    settle_reference(Declare::reference);
-    return reference_base(Declare::substance, Declare::reference, p);
+    settle_reference(legacy::the_reference);
+    return reference_base(legacy::the_substance, legacy::the_reference, p);
 }
 
 namespace {
@@ -72,7 +72,7 @@ struct DensitySource {
 DensitySource density_at_boiling_point(const SubstanceRecord& s, double T) {
     if (s.rhoLboil > kPresent) return {static_cast<double>(s.rhoLboil), " (from database)"};
     if (s.rhoLTLo > 0) {
-        const Calc::DensityResult r = Calc::density_liquid(s, s.Tboil);
+        const models::DensityResult r = models::density_liquid(s, s.Tboil);
         if (r.status == kSuccess) return {r.rho, " (from database-equ. rho(T))"};
     }
     const auto a = [&](std::size_t i) { return static_cast<double>(s.rhoLPar[i]); };
@@ -99,7 +99,7 @@ bool from_boiling_point(const SubstanceRecord& s, BensonProposal& r) {
 bool from_single_density(const SubstanceRecord& s, std::string_view vpCode, BensonProposal& r) {
     if (!(s.rhoLPar[0] > kPresent) || !(s.rhoLPar[2] > kPresent)) return false;
     const auto T = static_cast<double>(s.rhoLPar[2]);
-    const Calc::VapourPressureResult vp = Calc::vapour_pressure(s, T, vpCode);
+    const models::VapourPressureResult vp = models::vapour_pressure(s, T, vpCode);
     if (vp.status != kSuccess) return false;
     r.point = {s.rhoLPar[2], static_cast<float>(vp.p), s.rhoLPar[0], 0.0F};
     r.text =
@@ -111,19 +111,19 @@ bool from_single_density(const SubstanceRecord& s, std::string_view vpCode, Bens
 }
 
 /// V density at the reference point: active EOS, else Pitzer/Curl, else ideal gas.
-std::string add_vapour_density(const Calc::Fluid& fluid, BensonPoint& point) {
+std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
     const auto T = static_cast<double>(point.T);
     const auto p = static_cast<double>(point.p);
     const auto M = static_cast<double>(fluid.substance.M);
 
-    const Calc::StateTP state = Calc::SolveStateTP(T, p);
+    const models::StateTP state = models::SolveStateTP(T, p);
     double rho = state.rhoV;
-    std::string source = "  (from  " + text::Trim(Calc::EOSName(fluid.models.EOSModel)) + ")";
+    std::string source = "  (from  " + text::Trim(models::EOSName(fluid.models.EOSModel)) + ")";
     if (state.status != kSuccess || rho < kPresent) {
         if (fluid.substance.omega != 0.0) {
             constexpr std::int16_t kPitzerCurl = 16;
-            Declare::Bvirial = Calc::SecondVirial(kPitzerCurl, T);
-            rho = M / (R * T / p + Declare::Bvirial);
+            legacy::the_Bvirial = models::SecondVirial(kPitzerCurl, T);
+            rho = M / (R * T / p + legacy::the_Bvirial);
             source = " (using Virial-EOS, PITZER/CURL)";
         }
         if (!(rho >= kPresent) || !std::isfinite(rho)) {
@@ -138,7 +138,7 @@ std::string add_vapour_density(const Calc::Fluid& fluid, BensonPoint& point) {
 }  // namespace
 
 BensonProposal ProposeBensonReference() {
-    const Calc::Fluid fluid = Calc::CurrentFluid();
+    const models::Fluid fluid = models::CurrentFluid();
     BensonProposal r;
     if (!from_boiling_point(fluid.substance, r) &&
         !from_single_density(fluid.substance, fluid.models.VPCode, r))
@@ -147,4 +147,4 @@ BensonProposal ProposeBensonReference() {
     return r;
 }
 
-}  // namespace thermo
+}  // namespace quor::models

@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
 /// Caloric and residual functions, reference state.
-namespace thermo {
+namespace quor::models {
 
 struct ReferenceBase {
     double h = 0;  ///< kJ/kmol
@@ -13,21 +13,21 @@ struct ReferenceBase {
 };
 
 /// Modes 2 and 10 fix T0 and p0 of the record; a p0 of 0 becomes 101.325.
-void settle_reference(Declare::ReferenceState& reference);
+void settle_reference(models::ReferenceState& reference);
 /// Reference enthalpy and entropy of a settled record by its mode (1 zero, 2 conventional, 10
 /// quantities of formation), s corrected from p0 to p/kPa; p <= 0 leaves s as it is.
-ReferenceBase reference_base(const Declare::SubstanceRecord& substance,
-                             const Declare::ReferenceState& reference, double p);
+ReferenceBase reference_base(const models::SubstanceRecord& substance,
+                             const models::ReferenceState& reference, double p);
 
-/// Reference enthalpy and entropy by the mode of `Declare::reference`, s corrected to p/kPa.
+/// Reference enthalpy and entropy by the mode of `legacy::the_reference`, s corrected to p/kPa.
 /// Modes 2 and 10 set T0 and p0 of the record; a p0 of 0 becomes 101.325.
 ReferenceBase ReferenceValues(double p);
 
 struct BensonProposal {
-    Declare::BensonPoint point;
+    models::BensonPoint point;
     std::string text;  ///< lines joined by '\n'; empty when there is no proposal
 };
 /// The second reference point of Benson's method as far as the data allow; zeros when they do not.
 BensonProposal ProposeBensonReference();
 
-}  // namespace thermo
+}  // namespace quor::models

@@ -5,7 +5,7 @@
 #include "models/caloric.h"
 #include "models/virial.h"
 
-namespace thermo {
+namespace quor::models {
 
 namespace {
 
@@ -55,7 +55,7 @@ Attraction attraction(double C, double D, double spread) {
 }
 
 /// Derivatives and residual parts of p = R T/(v - b) - a/((v + c)(v + d)).
-void cubic(const Declare::EOSState& s, const Calc::EOSSlopes& t, double T, double p, double v,
+void cubic(const models::EOSState& s, const models::EOSSlopes& t, double T, double p, double v,
            PressureDerivatives& q, ResidualParts& r) {
     const double e = 1.0 / (v - s.eosB);
     const double C = 1.0 / (v + s.eosC);
@@ -106,7 +106,7 @@ void cubic(const Declare::EOSState& s, const Calc::EOSSlopes& t, double T, doubl
 }
 
 /// Derivatives and residual parts of p = R T/(v - B(T)), with ln(phi*) = B p/(R T).
-void v_only(const Calc::Virial& b, double T, double p, double v, PressureDerivatives& q,
+void v_only(const models::Virial& b, double T, double p, double v, PressureDerivatives& q,
             ResidualParts& r, double& d2LnPhi) {
     const double e = 1.0 / (v - b.B);
     const double RT = R * T;
@@ -172,7 +172,7 @@ bool finite(const Values& values) {
 
 }  // namespace
 
-PhaseTable residual_functions(const Calc::Fluid& fluid, const Declare::EOSState& state, double T,
+PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState& state, double T,
                               double p, double v) {
     if (!(T > 0.0) || !(p > 0.0) || !(v > 0.0)) return {};
     PhaseTable t;
@@ -180,13 +180,13 @@ PhaseTable residual_functions(const Calc::Fluid& fluid, const Declare::EOSState&
     ResidualParts r;
     auto& f = t.residual;
     if (fluid.models.EOSOnlyV) {
-        const Calc::Virial b = Calc::virial(fluid, fluid.models.EOSModel, T);
+        const models::Virial b = models::virial(fluid, fluid.models.EOSModel, T);
         if (!(v > b.B)) return {};
         v_only(b, T, p, v, q, r, f[D2LnPhi]);
         f[ResCp] = r.cv + r.cpMinusCv;
     } else {
         if (!(v - state.eosB >= 1e-17)) return {};
-        cubic(state, Calc::eos_slopes(fluid, state, T), T, p, v, q, r);
+        cubic(state, models::eos_slopes(fluid, state, T), T, p, v, q, r);
         if (!q.pv_vanishes()) {
             f[ResCp] = r.cv + r.cpMinusCv;
             f[D2LnPhi] = -(f[ResCp] / T + 2.0 * r.dLnPhi) / T;
@@ -208,8 +208,8 @@ PhaseTable residual_functions(const Calc::Fluid& fluid, const Declare::EOSState&
 }
 
 PhaseTable ResidualFunctions(double T, double p, double v) {
-    Calc::EvalEOSAtT(T);
-    return residual_functions(Calc::CurrentFluid(), Declare::eosState, T, p, v);
+    models::EvalEOSAtT(T);
+    return residual_functions(models::CurrentFluid(), legacy::the_eosState, T, p, v);
 }
 
-}  // namespace thermo
+}  // namespace quor::models

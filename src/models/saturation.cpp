@@ -7,9 +7,9 @@
 #include "models/maxwell.h"
 #include "models/vapour_pressure.h"
 
-namespace Calc {
+namespace quor::models {
 
-using Declare::EOSState;
+using models::EOSState;
 
 namespace {
 
@@ -289,8 +289,8 @@ Saturation saturation_temperature(const Fluid& f, double p, double Tstart) {
 namespace {
 
 Saturation publish(const Saturation& r) {
-    Declare::vRoots = r.v;
-    Declare::eosState = r.state;
+    legacy::the_vRoots = r.v;
+    legacy::the_eosState = r.state;
     return r;
 }
 
@@ -304,4 +304,4 @@ Saturation SaturationTemperature(double p, double Tstart) {
     return publish(saturation_temperature(CurrentFluid(), p, Tstart));
 }
 
-}  // namespace Calc
+}  // namespace quor::models

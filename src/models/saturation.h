@@ -2,7 +2,7 @@
 
 #include "models/state_solver.h"
 
-namespace Calc {
+namespace quor::models {
 
 /// A saturation state of a cubic EOS. `v` holds the roots at the end, `state` a, b, c, d at T.
 struct Saturation {
@@ -11,7 +11,7 @@ struct Saturation {
     double areaRatio = 0, areaV = 0, areaL = 0;
     std::int16_t nRoots = 0;
     std::array<double, 3> v{};
-    Declare::EOSState state;
+    models::EOSState state;
     Status status = kFailure;
     int rounds = 0;         ///< rounds of the search, by its own count
     bool fallback = false;  ///< the bracketed search had to find the state
@@ -28,9 +28,9 @@ Saturation saturation_temperature(const Fluid& fluid, double p, double Tstart = 
 Saturation search_saturation_pressure(const Fluid& fluid, double T);
 Saturation search_saturation_temperature(const Fluid& fluid, double p, double Tstart = 0);
 
-// The procedures over the process-level records; they fill `Declare::vRoots` and
-// `Declare::eosState`.
+// The procedures over the process-level records; they fill `legacy::the_vRoots` and
+// `legacy::the_eosState`.
 Saturation SaturationPressure(double T);
 Saturation SaturationTemperature(double p, double Tstart = 0);
 
-}  // namespace Calc
+}  // namespace quor::models

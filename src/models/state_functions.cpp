@@ -7,10 +7,10 @@
 #include "models/state_solver.h"
 #include "models/virial.h"
 
-namespace thermo {
+namespace quor::models {
 
-using Calc::Fluid;
-using Declare::ReferenceState;
+using models::Fluid;
+using models::ReferenceState;
 
 namespace {
 
@@ -32,16 +32,16 @@ struct SurroundingsKey {
     bool EOSOnlyV = false;
     double Tcrit = 0, pcrit = 0, omega = 0;
     float M = 0, dfh = 0, dfg = 0, sconv = 0;
-    Declare::EOSParameters eos;
-    Declare::JiTorvikParameters jt;
-    Declare::CpSet cp;
+    models::EOSParameters eos;
+    models::JiTorvikParameters jt;
+    models::CpSet cp;
     ReferenceState reference;
 
     bool operator==(const SurroundingsKey&) const = default;
 };
 
 SurroundingsKey key_of(const Fluid& f, const ReferenceState& reference) {
-    const Declare::SubstanceRecord& s = f.substance;
+    const models::SubstanceRecord& s = f.substance;
     return {f.models.EOSModel,
             f.models.CpModel,
             f.models.EOSOnlyV,
@@ -64,10 +64,10 @@ const Surroundings& current_surroundings() {
     static SurroundingsKey key;
     static Surroundings last;
     static bool valid = false;
-    const Fluid fluid = Calc::CurrentFluid();
-    const SurroundingsKey now = key_of(fluid, Declare::reference);
+    const Fluid fluid = models::CurrentFluid();
+    const SurroundingsKey now = key_of(fluid, legacy::the_reference);
     if (!valid || !(now == key)) {
-        last = surroundings_state(fluid, Declare::reference);
+        last = surroundings_state(fluid, legacy::the_reference);
         key = now;
         valid = true;
     }
@@ -88,14 +88,14 @@ Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& refere
         if (!(p > 0.0)) return {};
         // Where a heavy fluid is liquid in the surroundings the volume may be negative; the virial
         // form still gives a zero for the exergies, which are then right but for a constant.
-        const Calc::Virial b = Calc::virial(fluid, fluid.models.EOSModel, T);
+        const models::Virial b = models::virial(fluid, fluid.models.EOSModel, T);
         z.v = constants::R * T / p + b.B;
         z.h = ideal.h + p * (b.B - T * b.dB);
         z.s = ideal.s - p * b.dB;
         z.u = z.h - p * z.v;
         return std::isfinite(z.u) && std::isfinite(z.s) ? z : Surroundings{};
     }
-    const Calc::StateTP state = Calc::solve_state_tp(fluid, T, p);
+    const models::StateTP state = models::solve_state_tp(fluid, T, p);
     if (state.status != kSuccess) return {};
     const double v = state.hasL && !state.hasV ? state.vL : state.vV;
     const PhaseTable table = residual_functions(fluid, state.state, T, p, v);
@@ -115,7 +115,7 @@ StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
     if (ideal.status != kSuccess) return no_values();
 
     StateValues z;
-    z.table = residual_functions(fluid, Calc::eos_at(fluid, T), T, p, v);
+    z.table = residual_functions(fluid, models::eos_at(fluid, T), T, p, v);
     if (!z.table.filled) return no_values();
     const auto& residual = z.table.residual;
     z.h = ideal.h + constants::R * residual[ResH];
@@ -139,28 +139,28 @@ StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
 }
 
 StateValues StateFunctions(double T, double p, double v) {
-    settle_reference(Declare::reference);
-    return state_functions(Calc::CurrentFluid(), Declare::reference, current_surroundings(), T, p,
-                           v);
+    settle_reference(legacy::the_reference);
+    return state_functions(models::CurrentFluid(), legacy::the_reference, current_surroundings(), T,
+                           p, v);
 }
 
 SaturationValues SaturationFunctions(double T) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     SaturationValues r;
     r.status = kFailure;
-    if (Declare::models.EOSOnlyV) return r;
+    if (legacy::the_models.EOSOnlyV) return r;
     if (T == s.Tcrit) {
-        const double rho = Declare::eosParameters.rhocritCalc;
+        const double rho = legacy::the_eosParameters.rhocritCalc;
         if (!(rho > 0.0)) return r;
         r.p = s.pcrit;
         r.vV = r.vL = static_cast<double>(s.M) / rho;
     } else {
-        const Calc::Saturation sat = Calc::SaturationPressure(T);
+        const models::Saturation sat = models::SaturationPressure(T);
         if (sat.status != kSuccess) return r;
-        const Calc::StateTP state = Calc::SolveStateTP(T, sat.p);
+        const models::StateTP state = models::SolveStateTP(T, sat.p);
         r.p = sat.p;
-        const Calc::PhaseVolumes volumes =
-            Calc::equilibrium_volumes(Calc::CurrentFluid(), state, T);
+        const models::PhaseVolumes volumes =
+            models::equilibrium_volumes(models::CurrentFluid(), state, T);
         r.vV = volumes.vV;
         r.vL = volumes.vL;
         if (!(r.vV > 0.0) || !(r.vL > 0.0)) return r;
@@ -171,4 +171,4 @@ SaturationValues SaturationFunctions(double T) {
     return r;
 }
 
-}  // namespace thermo
+}  // namespace quor::models

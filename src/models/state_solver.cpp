@@ -8,10 +8,10 @@
 #include "models/saturation.h"
 #include "models/virial.h"
 
-namespace Calc {
+namespace quor::models {
 
 using constants::R;
-using Declare::EOSState;
+using models::EOSState;
 
 namespace {
 
@@ -54,7 +54,7 @@ bool find_root(double start, double c2, double c1, double c0, double& v) {
     return false;
 }
 
-std::int16_t region_of(const Declare::SubstanceRecord& s, double T, double p, std::int16_t old) {
+std::int16_t region_of(const models::SubstanceRecord& s, double T, double p, std::int16_t old) {
     const bool at_pcrit = static_cast<float>(p) == static_cast<float>(s.pcrit);
     if ((T == s.Tcrit && at_pcrit) || (T < s.Tcrit && p < s.pcrit)) return 0;
     if (T > s.Tcrit && p > s.pcrit) return 2;
@@ -131,7 +131,7 @@ void decide_three_roots(StateTP& r, const Fluid& f, double T, double p) {
 }
 
 void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
-    const Declare::SubstanceRecord& s = f.substance;
+    const models::SubstanceRecord& s = f.substance;
     const double M = static_cast<double>(s.M);
     const double v = r.v[0];
     r.text = "One solution of the EOS";
@@ -349,29 +349,29 @@ TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
 // ---- the procedures over the process-level records
 
 PressureResult PressureFromTV(double T, double v) {
-    return pressure_from_Tv(CurrentFluid(), T, v, Declare::eosState);
+    return pressure_from_Tv(CurrentFluid(), T, v, legacy::the_eosState);
 }
 
 CubicRoots SolveCubic(double T, double p) {
-    const CubicRoots r = solve_cubic(Declare::eosState, T, p);
-    if (r.status == kSuccess) Declare::vRoots = r.v;
+    const CubicRoots r = solve_cubic(legacy::the_eosState, T, p);
+    if (r.status == kSuccess) legacy::the_vRoots = r.v;
     return r;
 }
 
 StateTP SolveStateTP(double T, double p) {
-    const StateTP r = solve_state_tp(CurrentFluid(), T, p, Declare::PhaseRegion);
-    Declare::PhaseRegion = r.PhaseRegion;
-    Declare::eosState = r.state;
-    if (Declare::models.EOSOnlyV) {
-        Declare::Bvirial = r.Bvirial;
+    const StateTP r = solve_state_tp(CurrentFluid(), T, p, legacy::the_PhaseRegion);
+    legacy::the_PhaseRegion = r.PhaseRegion;
+    legacy::the_eosState = r.state;
+    if (legacy::the_models.EOSOnlyV) {
+        legacy::the_Bvirial = r.Bvirial;
     } else {
-        Declare::vRoots = r.v;
+        legacy::the_vRoots = r.v;
     }
     return r;
 }
 
 Areas AreaRatio(double T, double p) {
-    return area_ratio(Declare::eosState, Declare::vRoots, T, p);
+    return area_ratio(legacy::the_eosState, legacy::the_vRoots, T, p);
 }
 
 TemperatureResult TemperatureFromPRho(double p, double rho, bool singlePhaseOnly) {
@@ -380,4 +380,4 @@ TemperatureResult TemperatureFromPRho(double p, double rho, bool singlePhaseOnly
     return r;
 }
 
-}  // namespace Calc
+}  // namespace quor::models

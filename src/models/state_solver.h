@@ -6,7 +6,7 @@
 #include "common/status.h"
 #include "models/fluid.h"
 
-namespace Calc {
+namespace quor::models {
 
 struct PressureResult {
     double p = 0;  ///< kPa, 0 on failure
@@ -15,7 +15,7 @@ struct PressureResult {
 
 /// p of the active EOS at T/K and v in m^3/kmol. Status -1 for v at or below the covolume
 /// `previous.eosB` (for a V-only model B(T)); `state` receives a, b, c, d at T.
-PressureResult pressure_from_Tv(const Fluid& fluid, double T, double v, Declare::EOSState& state);
+PressureResult pressure_from_Tv(const Fluid& fluid, double T, double v, models::EOSState& state);
 
 /// Volume roots of the cubic form, ascending, m^3/kmol. With one root only v[0] is meaningful.
 struct CubicRoots {
@@ -25,7 +25,7 @@ struct CubicRoots {
 };
 
 /// Roots at T/K and p/kPa (not 0) for given a, b, c, d. Roots below b are dropped.
-CubicRoots solve_cubic(const Declare::EOSState& s, double T, double p);
+CubicRoots solve_cubic(const models::EOSState& s, double T, double p);
 
 /// Equal-area test between three roots at p: 0 at the Maxwell pressure, positive below it (V
 /// stable), negative above it (L stable). Areas in kJ/kmol.
@@ -33,7 +33,7 @@ struct Areas {
     double ratio = 0, V = 0, L = 0;
     Status status = kSuccess;
 };
-Areas area_ratio(const Declare::EOSState& s, const std::array<double, 3>& v, double T, double p);
+Areas area_ratio(const models::EOSState& s, const std::array<double, 3>& v, double T, double p);
 
 /// A state at T and p. Flags, volumes and densities are 0 where the phase is missing.
 struct StateTP {
@@ -44,7 +44,7 @@ struct StateTP {
     std::int16_t nRoots = 0;
     double areaRatio = 0, areaV = 0, areaL = 0;
     std::array<double, 3> v{};  ///< the roots
-    Declare::EOSState state;    ///< a, b, c, d at T
+    models::EOSState state;     ///< a, b, c, d at T
     double Bvirial = 0;
     std::string_view text;  ///< what the solver says of the state
     Status status = kSuccess;
@@ -63,12 +63,12 @@ struct TemperatureResult {
 TemperatureResult temperature_from_p_rho(const Fluid& fluid, double p, double rho,
                                          bool singlePhaseOnly);
 
-// The procedures over the process-level records. They leave `Declare::eosState` at the last T
-// evaluated and `Declare::vRoots` as the last solve.
+// The procedures over the process-level records. They leave `legacy::the_eosState` at the last T
+// evaluated and `legacy::the_vRoots` as the last solve.
 PressureResult PressureFromTV(double T, double v);
 CubicRoots SolveCubic(double T, double p);
 StateTP SolveStateTP(double T, double p);
 Areas AreaRatio(double T, double p);
 TemperatureResult TemperatureFromPRho(double p, double rho, bool singlePhaseOnly);
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -5,7 +5,7 @@
 
 #include "common/numbers.h"
 
-namespace Calc {
+namespace quor::models {
 
 /// Range of validity of a correlation, K; a limit of 0 is not given.
 struct Bounds {
@@ -22,4 +22,4 @@ inline std::int16_t deviation_of(double T, Bounds range) {
     return static_cast<std::int16_t>(std::clamp(numbers::RoundHalfEven(d), -32768.0, 32767.0));
 }
 
-}  // namespace Calc
+}  // namespace quor::models

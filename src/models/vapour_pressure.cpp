@@ -8,15 +8,15 @@
 #include "common/numbers.h"
 #include "models/validity.h"
 
-namespace Calc {
+namespace quor::models {
 
 using constants::kLn10;
 using constants::kNormalPressure;
 using constants::kPresent;
-using Declare::SubstanceRecord;
-using Declare::VPSetAntoine;
-using Declare::VPSetFrost;
-using Declare::VPSetWagner;
+using models::SubstanceRecord;
+using models::VPSetAntoine;
+using models::VPSetFrost;
+using models::VPSetWagner;
 
 namespace {
 
@@ -163,7 +163,7 @@ VapourPressureResult vapour_pressure(const SubstanceRecord& s, double T, std::st
 }
 
 VapourPressureResult VapourPressure(double T, std::string_view code, bool warn) {
-    const VapourPressureResult r = vapour_pressure(Declare::substance, T, code);
+    const VapourPressureResult r = vapour_pressure(legacy::the_substance, T, code);
     if (warn && r.status == kSuccess) warn_of_range(r.deviation, " temperature");
     return r;
 }
@@ -260,7 +260,7 @@ BoilingTemperatureResult boiling_temperature(const SubstanceRecord& s, double p,
 }
 
 BoilingTemperatureResult BoilingTemperature(double p, std::string_view code, bool warn) {
-    const BoilingTemperatureResult r = boiling_temperature(Declare::substance, p, code);
+    const BoilingTemperatureResult r = boiling_temperature(legacy::the_substance, p, code);
     if (warn && r.status == kSuccess) warn_of_range(r.deviation, "Temperature ");
     return r;
 }
@@ -297,7 +297,7 @@ SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, std::strin
 }
 
 SlopeResult VapourPressureSlope(double T, std::string_view code) {
-    return vapour_pressure_slope(Declare::substance, T, code);
+    return vapour_pressure_slope(legacy::the_substance, T, code);
 }
 
 namespace {
@@ -342,16 +342,16 @@ void correlate_vapour_pressure(SubstanceRecord& s, std::int16_t index, double Tc
 void correlate_august(SubstanceRecord& s) {
     const August line = august_line(s);
     const bool usable = std::isfinite(line.A) && std::isfinite(line.B);
-    s.AUG = usable ? Declare::VPSetAugust{static_cast<float>(line.A), static_cast<float>(line.B)}
-                   : Declare::VPSetAugust{};
+    s.AUG = usable ? models::VPSetAugust{static_cast<float>(line.A), static_cast<float>(line.B)}
+                   : models::VPSetAugust{};
 }
 
 void CorrelateVapourPressure(std::int16_t index, double Tcrit, double pcrit, double Tboil) {
-    correlate_vapour_pressure(Declare::substance, index, Tcrit, pcrit, Tboil);
+    correlate_vapour_pressure(legacy::the_substance, index, Tcrit, pcrit, Tboil);
 }
 
 void CorrelateAugust() {
-    correlate_august(Declare::substance);
+    correlate_august(legacy::the_substance);
 }
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -3,9 +3,9 @@
 #include <string_view>
 
 #include "common/status.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 
-namespace Calc {
+namespace quor::models {
 
 struct VapourPressureResult {
     double p = 0;                ///< kPa, 0 on failure
@@ -14,7 +14,7 @@ struct VapourPressureResult {
 };
 
 /// p(LV) at T/K by the equation of a three-letter code. Works for 1E-6 <= T <= Tcrit.
-VapourPressureResult vapour_pressure(const Declare::SubstanceRecord& s, double T,
+VapourPressureResult vapour_pressure(const models::SubstanceRecord& s, double T,
                                      std::string_view code);
 /// The same for the active substance; with `warn` a box tells of more than 10 K outside the range.
 VapourPressureResult VapourPressure(double T, std::string_view code, bool warn);
@@ -26,7 +26,7 @@ struct BoilingTemperatureResult {
 };
 
 /// T(LV) at p/kPa, the inverse of `vapour_pressure`. p above pcrit is a failure.
-BoilingTemperatureResult boiling_temperature(const Declare::SubstanceRecord& s, double p,
+BoilingTemperatureResult boiling_temperature(const models::SubstanceRecord& s, double p,
                                              std::string_view code);
 /// The same for the active substance; with `warn` a box tells of more than 10 K outside the range.
 BoilingTemperatureResult BoilingTemperature(double p, std::string_view code, bool warn = true);
@@ -36,17 +36,17 @@ struct SlopeResult {
     Status status = kSuccess;
 };
 
-SlopeResult vapour_pressure_slope(const Declare::SubstanceRecord& s, double T,
+SlopeResult vapour_pressure_slope(const models::SubstanceRecord& s, double T,
                                   std::string_view code);
 SlopeResult VapourPressureSlope(double T, std::string_view code);
 
 /// Fills KFW, KFR or THO (index 6, 7, 8) of a record from critical point and boiling point.
-void correlate_vapour_pressure(Declare::SubstanceRecord& s, std::int16_t index, double Tcrit,
+void correlate_vapour_pressure(models::SubstanceRecord& s, std::int16_t index, double Tcrit,
                                double pcrit, double Tboil);
 /// Fills AUG of a record from its critical point and boiling point; a fault leaves zeros.
-void correlate_august(Declare::SubstanceRecord& s);
+void correlate_august(models::SubstanceRecord& s);
 
 void CorrelateVapourPressure(std::int16_t index, double Tcrit, double pcrit, double Tboil);
 void CorrelateAugust();
 
-}  // namespace Calc
+}  // namespace quor::models

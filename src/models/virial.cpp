@@ -5,21 +5,21 @@
 #include "common/constants.h"
 #include "models/cubic_eos.h"
 
-namespace Calc {
+namespace quor::models {
 
 using constants::R;
-using Declare::EOSState;
+using models::EOSState;
 
 namespace {
 
 /// a and b at T from the parameter record, whatever the active model.
 EOSState state_from_parameters(const Fluid& f, double T) {
-    Declare::ModelSelection plain = {.EOSModel = 0, .VPCode = ""};
+    models::ModelSelection plain = {.EOSModel = 0, .VPCode = ""};
     const Fluid power{f.substance, plain, f.eos, f.jt};
     return eos_at(power, T);
 }
 
-double pitzer_curl(const Declare::SubstanceRecord& s, double T) {
+double pitzer_curl(const models::SubstanceRecord& s, double T) {
     const double x = s.Tcrit / T;  // 1/Tr
     const double f0 = 0.1445 - 0.33 * x - 0.1385 * x * x - 0.0121 * x * x * x;
     const double f1 = 0.073 + 0.46 * x - 0.5 * x * x - 0.097 * x * x * x - 0.0073 * std::pow(x, 8);
@@ -61,7 +61,7 @@ Virial virial(const Fluid& f, std::int16_t code, double T) {
     if (T < constants::kPresent || code == 0) return r;
 
     if (code == 16) {
-        const Declare::SubstanceRecord& s = f.substance;
+        const models::SubstanceRecord& s = f.substance;
         const double x = s.Tcrit / T;  // 1/Tr
         const double x2 = x * x;
         const double F0 = (0.33 + 0.277 * x + 0.0363 * x2) * x2;
@@ -82,7 +82,7 @@ Virial virial(const Fluid& f, std::int16_t code, double T) {
 }
 
 double SecondVirial(std::int16_t code, double T) {
-    return second_virial(CurrentFluid(), code, T, Declare::eosState);
+    return second_virial(CurrentFluid(), code, T, legacy::the_eosState);
 }
 
 void SecondVirialDerivatives(std::int16_t code, double T, double& dB, double& d2B) {
@@ -91,4 +91,4 @@ void SecondVirialDerivatives(std::int16_t code, double T, double& dB, double& d2
     d2B = v.d2B;
 }
 
-}  // namespace Calc
+}  // namespace quor::models

@@ -2,7 +2,7 @@
 
 #include <map>
 
-namespace actions {
+namespace quor::actions {
 
 namespace {
 
@@ -39,4 +39,4 @@ void Clear() {
     table().clear();
 }
 
-}  // namespace actions
+}  // namespace quor::actions

@@ -6,7 +6,7 @@
 
 /// Actions by name: what a menu row, a tool button or a core routine starts without knowing the
 /// view behind it. A subsystem registers what it can do; whatever has no handler stays disabled.
-namespace actions {
+namespace quor::actions {
 
 using Handler = std::function<void()>;
 
@@ -22,4 +22,4 @@ bool Run(std::string_view id);
 /// Removes all handlers.
 void Clear();
 
-}  // namespace actions
+}  // namespace quor::actions

@@ -1,23 +1,23 @@
 #include "session/commands.h"
 
-namespace Module2 {
+namespace quor::session {
 
 namespace {
 void (*changed)() = nullptr;
 }
 
-void SetCommands(std::initializer_list<Declare::Command> commands, bool enabled) {
-    for (const Declare::Command c : commands)
-        Declare::commandStates.enabled[static_cast<std::size_t>(c)] = enabled;
+void SetCommands(std::initializer_list<session::Command> commands, bool enabled) {
+    for (const session::Command c : commands)
+        session::the_commandStates.enabled[static_cast<std::size_t>(c)] = enabled;
     if (changed != nullptr) changed();
 }
 
-bool IsEnabled(Declare::Command command) {
-    return Declare::commandStates.enabled[static_cast<std::size_t>(command)];
+bool IsEnabled(session::Command command) {
+    return session::the_commandStates.enabled[static_cast<std::size_t>(command)];
 }
 
 void OnCommandsChanged(void (*listener)()) {
     changed = listener;
 }
 
-}  // namespace Module2
+}  // namespace quor::session

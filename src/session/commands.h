@@ -5,7 +5,7 @@
 #include <initializer_list>
 
 /// The commands whose enabling orders the user's work. The core switches them; the frame shows it.
-namespace Declare {
+namespace quor::session {
 
 enum class Command : std::size_t {
     mnuData_Status,
@@ -31,16 +31,16 @@ struct CommandStates {
     std::array<bool, static_cast<std::size_t>(Command::count)> enabled{};
 };
 
-inline CommandStates commandStates;
+inline CommandStates the_commandStates;
 
-}  // namespace Declare
+}  // namespace quor::session
 
-namespace Module2 {
+namespace quor::session {
 
 /// Enables or disables commands and tells the frame (if one listens) that something changed.
-void SetCommands(std::initializer_list<Declare::Command> commands, bool enabled);
-bool IsEnabled(Declare::Command command);
+void SetCommands(std::initializer_list<session::Command> commands, bool enabled);
+bool IsEnabled(session::Command command);
 /// The one listener of changes; an empty function removes it.
 void OnCommandsChanged(void (*listener)());
 
-}  // namespace Module2
+}  // namespace quor::session

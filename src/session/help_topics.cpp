@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "session/menu_catalogue.h"
+#include "app/menu_catalogue.h"
 
-namespace help {
+namespace quor::help {
 
 namespace {
 
@@ -131,4 +131,4 @@ int TopicOfRow(std::string_view name) {
     return -1;
 }
 
-}  // namespace help
+}  // namespace quor::help

@@ -5,7 +5,7 @@
 
 /// Numbers of the help pages. A view opens its page by number; the pages of the models are found by
 /// adding the model's code. The page of a number is the file of that name, such as 2006.html.
-namespace help {
+namespace quor::help {
 
 inline constexpr int kContents = 0;
 inline constexpr int kMainWindow = 110;
@@ -82,4 +82,4 @@ int TopicOfView(std::string_view name);
 /// stands in; -1 for a name that belongs to no menu.
 int TopicOfRow(std::string_view name);
 
-}  // namespace help
+}  // namespace quor::help

@@ -6,10 +6,10 @@
 #include "common/numbers.h"
 #include "session/commands.h"
 
-namespace Module2 {
+namespace quor::session {
 
-using Declare::Command;
-using Declare::session;
+using legacy::the_session;
+using session::Command;
 
 namespace {
 
@@ -23,39 +23,39 @@ void ResetEverything() {
     // The program's folder with its closing separator, as the five folders are kept.
     const std::string folder = (WriteFolder() / "").string();
 
-    session = {};
-    session.DecimalComma = numbers::decimal_mark() == ',';
-    Declare::substance = {};
-    Declare::models = {};
-    Declare::reference = {};
-    Declare::eosParameters = {};
-    Declare::jiTorvik = {};
-    Declare::eosState = {};
-    Declare::vRoots = {};
-    Declare::PhaseRegion = 0;
-    Declare::Bvirial = 0;
-    Declare::BatchData.assign(2, {});
-    Declare::ResultRecords.assign(3, {});
-    Declare::currentResult = {};
-    Declare::lastState = {};
-    Declare::Fu = {};
-    Declare::protocol.clear();
-    Declare::diagram = {};
-    Declare::tieLine = {};
-    Declare::coordinates = {};
-    Declare::processLine = {};
-    Declare::polytropicPoints.clear();
-    Declare::grid3D = {};
-    Declare::substances = {};
-    Declare::xyPoints.clear();
-    Declare::xyComment.clear();
+    the_session = {};
+    the_session.DecimalComma = numbers::decimal_mark() == ',';
+    legacy::the_substance = {};
+    legacy::the_models = {};
+    legacy::the_reference = {};
+    legacy::the_eosParameters = {};
+    legacy::the_jiTorvik = {};
+    legacy::the_eosState = {};
+    legacy::the_vRoots = {};
+    legacy::the_PhaseRegion = 0;
+    legacy::the_Bvirial = 0;
+    legacy::the_BatchData.assign(2, {});
+    legacy::the_ResultRecords.assign(3, {});
+    legacy::the_currentResult = {};
+    legacy::the_lastState = {};
+    legacy::the_Fu = {};
+    legacy::the_protocol.clear();
+    legacy::the_diagram = {};
+    legacy::the_tieLine = {};
+    legacy::the_coordinates = {};
+    legacy::the_processLine = {};
+    legacy::the_polytropicPoints.clear();
+    legacy::the_grid3D = {};
+    legacy::the_substances = {};
+    legacy::the_xyPoints.clear();
+    legacy::the_xyComment.clear();
 
     ResetSession();
 
-    session.FolderBatch = session.FolderDiagram2D = session.FolderDiagram3D = folder;
-    session.FolderXY = session.FolderProject = folder;
-    session.LastSessionFile = folder + "QuorLastSession.QCF";
-    session.ProtocolFile = NewProtocolFileName();
+    the_session.FolderBatch = the_session.FolderDiagram2D = the_session.FolderDiagram3D = folder;
+    the_session.FolderXY = the_session.FolderProject = folder;
+    the_session.LastSessionFile = folder + "QuorLastSession.QCF";
+    the_session.ProtocolFile = NewProtocolFileName();
 
     SetCommands(
         {Command::mnuData_SaveProject, Command::toolSave, Command::toolReference, Command::toolTank,
@@ -66,43 +66,43 @@ void ResetEverything() {
 }
 
 void ResetSession() {
-    session.BatchMode = false;
-    session.SubstanceSet = false;
-    session.CurrentSubstance = 0;
-    Declare::models.HLVModel = 0;
-    Declare::reference = {};
-    Declare::coordinates = {};
-    session.GlobalCalculation = true;
-    Declare::models.PriorityCEOS = true;
-    session.NewSubstanceDiagram = true;
-    Declare::jiTorvik = {};
+    the_session.BatchMode = false;
+    the_session.SubstanceSet = false;
+    the_session.CurrentSubstance = 0;
+    legacy::the_models.HLVModel = 0;
+    legacy::the_reference = {};
+    legacy::the_coordinates = {};
+    the_session.GlobalCalculation = true;
+    legacy::the_models.PriorityCEOS = true;
+    the_session.NewSubstanceDiagram = true;
+    legacy::the_jiTorvik = {};
     SetCommands({Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting, Command::mnu2D,
                  Command::mnu3D, Command::mnuData_SaveProject, Command::toolSave},
                 false);
 }
 
 UnitLabels SetUnits(std::int16_t& UnitMode) {
-    const Declare::SubstanceRecord& fluid = Declare::substance;
+    const models::SubstanceRecord& fluid = legacy::the_substance;
     UnitLabels u{
         .Factor = 1.0, .TemperatureLabel = "K", .PressureLabel = "kPa", .VolumeLabel = "m^3/kmol"};
-    session.PressureFactor = session.TemperatureFactor = 1.0F;
+    the_session.PressureFactor = the_session.TemperatureFactor = 1.0F;
     if (UnitMode == 1) {
         u.Factor = faults::divide(1.0, static_cast<double>(fluid.M));
         u.VolumeLabel = "m^3/kg  ";
     } else if (UnitMode == 2) {
-        if (Declare::eosParameters.vcritCalc > 0) {
-            u.Factor = 1.0 / Declare::eosParameters.vcritCalc;
+        if (legacy::the_eosParameters.vcritCalc > 0) {
+            u.Factor = 1.0 / legacy::the_eosParameters.vcritCalc;
             u.VolumeLabel = "V(red)";
         } else {
             UnitMode = 0;
         }
         if (fluid.Tcrit > 0) {
-            session.TemperatureFactor = static_cast<float>(1.0 / fluid.Tcrit);
+            the_session.TemperatureFactor = static_cast<float>(1.0 / fluid.Tcrit);
             u.TemperatureLabel = "T(red)";
         }
         if (fluid.pcrit > 0) {
             // The label of T names p here: the kPa label stays as it is.
-            session.PressureFactor = static_cast<float>(1.0 / fluid.pcrit);
+            the_session.PressureFactor = static_cast<float>(1.0 / fluid.pcrit);
             u.TemperatureLabel = "p(red)";
         }
     }
@@ -110,11 +110,11 @@ UnitLabels SetUnits(std::int16_t& UnitMode) {
 }
 
 void RefreshUnits() {
-    const UnitLabels u = SetUnits(session.UnitMode);
-    session.VolumeFactor = u.Factor;
-    session.TemperatureLabel = u.TemperatureLabel;
-    session.PressureLabel = u.PressureLabel;
-    session.VolumeLabel = u.VolumeLabel;
+    const UnitLabels u = SetUnits(the_session.UnitMode);
+    the_session.VolumeFactor = u.Factor;
+    the_session.TemperatureLabel = u.TemperatureLabel;
+    the_session.PressureLabel = u.PressureLabel;
+    the_session.VolumeLabel = u.VolumeLabel;
 }
 
 double CaloricFactorOf(std::int16_t CaloricUnit, double T) {
@@ -124,16 +124,16 @@ double CaloricFactorOf(std::int16_t CaloricUnit, double T) {
         case 2:
             return faults::divide(1.0, constants::R * T);
         case 3:
-            return faults::divide(1.0, static_cast<double>(Declare::substance.M));
+            return faults::divide(1.0, static_cast<double>(legacy::the_substance.M));
         default:
             return 1.0;
     }
 }
 
 void BeginBusy() {
-    ++session.BusyDepth;
-    if (session.BusyDepth != 1) return;
-    session.SavedPointer = pointer;
+    ++the_session.BusyDepth;
+    if (the_session.BusyDepth != 1) return;
+    the_session.SavedPointer = pointer;
     if (pointer != kHourglass) {
         pointer = kHourglass;
         dialogs::current().pointer(true);
@@ -141,10 +141,10 @@ void BeginBusy() {
 }
 
 void EndBusy() {
-    --session.BusyDepth;
-    if (session.BusyDepth >= 1) return;
-    pointer = session.SavedPointer;
+    --the_session.BusyDepth;
+    if (the_session.BusyDepth >= 1) return;
+    pointer = the_session.SavedPointer;
     dialogs::current().pointer(pointer == kHourglass);
 }
 
-}  // namespace Module2
+}  // namespace quor::session

@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <string>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 
 /// Session helpers: defaults, units, busy pointer, paths, protocol names.
-namespace Module2 {
+namespace quor::session {
 
 /// Every process-level record gets its default: the state at the start of the program. The
 /// folders follow `ProgramFolder`.
@@ -78,4 +78,4 @@ std::string NewProtocolFileName();
 /// A path shortened for display to about MaxLength characters: its first three, "...", its end.
 std::string ShortenPath(const std::string& Path, int MaxLength);
 
-}  // namespace Module2
+}  // namespace quor::session

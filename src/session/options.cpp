@@ -7,9 +7,9 @@
 #include "common/faults.h"
 #include "session/module2.h"
 
-namespace Module2 {
+namespace quor::session {
 
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 void (*applied)() = nullptr;
@@ -17,40 +17,42 @@ void (*applied)() = nullptr;
 
 OptionChoice OpenOptions() {
     OptionChoice c;
-    c.reducedPossible = Declare::substance.Tcrit * Declare::substance.pcrit > constants::kPresent;
-    if (!c.reducedPossible) session.UnitMode = 0;
-    c.specific = session.CaloricUnit == 3;
-    c.batch = session.BatchMode;
-    c.reduced = session.UnitMode == 2;
-    c.realRange = session.CurveRealRangeOnly;
-    c.sWithoutTieLine = session.CurveSWithoutTieLine;
-    c.sCurvePossible = !Declare::models.EOSOnlyV;
-    c.partialGas = session.PartialGasCurve;
-    c.points = std::clamp<int>(session.PointsPerCurve, kMinPoints, kMaxPoints);
+    c.reducedPossible =
+        legacy::the_substance.Tcrit * legacy::the_substance.pcrit > constants::kPresent;
+    if (!c.reducedPossible) the_session.UnitMode = 0;
+    c.specific = the_session.CaloricUnit == 3;
+    c.batch = the_session.BatchMode;
+    c.reduced = the_session.UnitMode == 2;
+    c.realRange = the_session.CurveRealRangeOnly;
+    c.sWithoutTieLine = the_session.CurveSWithoutTieLine;
+    c.sCurvePossible = !legacy::the_models.EOSOnlyV;
+    c.partialGas = the_session.PartialGasCurve;
+    c.points = std::clamp<int>(the_session.PointsPerCurve, kMinPoints, kMaxPoints);
     return c;
 }
 
 bool ApplyOptions(const OptionChoice& c) {
-    const double oldCaloric = session.CaloricFactor, oldVolume = session.VolumeFactor;
+    const double oldCaloric = the_session.CaloricFactor, oldVolume = the_session.VolumeFactor;
     const std::int16_t caloricUnit = c.specific ? 3 : 0;
     try {
-        const double factor = CaloricFactorOf(caloricUnit, session.DiagramT);
-        session.UnitsChanged = false;
-        session.CaloricUnit = caloricUnit;
-        session.UnitMode = c.reduced ? 2 : c.specific ? 1 : 0;
-        session.CaloricFactor = factor;
+        const double factor = CaloricFactorOf(caloricUnit, the_session.DiagramT);
+        the_session.UnitsChanged = false;
+        the_session.CaloricUnit = caloricUnit;
+        the_session.UnitMode = c.reduced ? 2 : c.specific ? 1 : 0;
+        the_session.CaloricFactor = factor;
         RefreshUnits();
     } catch (const faults::Fault& fault) {
         dialogs::Tell(fault.what(), "Execution not possible", dialogs::Icon::Stop);
         return false;
     }
-    session.CurveRealRangeOnly = c.realRange;
-    session.CurveSWithoutTieLine = c.sWithoutTieLine;
-    session.PartialGasCurve = c.partialGas;
-    session.UnitsChanged = session.CaloricFactor != oldCaloric || session.VolumeFactor != oldVolume;
-    session.PointsPerCurve =
+    the_session.CurveRealRangeOnly = c.realRange;
+    the_session.CurveSWithoutTieLine = c.sWithoutTieLine;
+    the_session.PartialGasCurve = c.partialGas;
+    the_session.UnitsChanged =
+        the_session.CaloricFactor != oldCaloric || the_session.VolumeFactor != oldVolume;
+    the_session.PointsPerCurve =
         static_cast<std::int16_t>(std::clamp(c.points, kMinPoints, kMaxPoints));
-    session.BatchMode = c.batch;
+    the_session.BatchMode = c.batch;
     if (applied != nullptr) applied();
     return true;
 }
@@ -59,4 +61,4 @@ void OnOptionsApplied(void (*listener)()) {
     applied = listener;
 }
 
-}  // namespace Module2
+}  // namespace quor::session

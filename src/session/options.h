@@ -1,6 +1,6 @@
 #pragma once
 
-namespace Module2 {
+namespace quor::session {
 
 /// What the options view shows and sets.
 struct OptionChoice {
@@ -30,4 +30,4 @@ bool ApplyOptions(const OptionChoice& choice);
 /// Who derives the limits of diagrams again after a change; an empty function for none.
 void OnOptionsApplied(void (*listener)());
 
-}  // namespace Module2
+}  // namespace quor::session

@@ -6,7 +6,7 @@
 #include "common/text.h"
 #include "session/module2.h"
 
-namespace Module2 {
+namespace quor::session {
 
 namespace {
 
@@ -113,4 +113,4 @@ std::string ShortenPath(const std::string& Path, int MaxLength) {
     return Path.substr(0, 3) + "..." + Path.substr(static_cast<std::size_t>(p - 1));
 }
 
-}  // namespace Module2
+}  // namespace quor::session

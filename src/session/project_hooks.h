@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace Module2 {
+namespace quor::session {
 
 /// Reading and writing of project files, as the commands of the main window need it. A command
 /// whose function is not set stays disabled.
@@ -19,4 +19,4 @@ inline ProjectHooks& projectHooks() {
     return hooks;
 }
 
-}  // namespace Module2
+}  // namespace quor::session

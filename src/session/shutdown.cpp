@@ -1,9 +1,9 @@
 #include "session/shutdown.h"
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "session/module2.h"
 
-namespace Module2 {
+namespace quor::session {
 
 namespace {
 
@@ -13,7 +13,7 @@ void call(const std::function<void()>& hook) {
 
 void delete_empty_protocol() {
     namespace fs = std::filesystem;
-    const std::string& name = Declare::session.ProtocolFile;
+    const std::string& name = legacy::the_session.ProtocolFile;
     if (name.empty()) return;
     const fs::path file = HasSeparator(name) ? fs::path(name) : WriteFolder() / name;
     std::error_code failed;
@@ -30,12 +30,12 @@ ShutdownHooks& shutdownHooks() {
 
 void Shutdown() {
     const ShutdownHooks& hooks = shutdownHooks();
-    if (Declare::session.ProtocolPending) call(hooks.writeProtocol);
+    if (legacy::the_session.ProtocolPending) call(hooks.writeProtocol);
     delete_empty_protocol();
-    if (!Declare::session.DatabaseFile.empty() && hooks.saveLastSession)
-        hooks.saveLastSession(Declare::session.LastSessionFile);
+    if (!legacy::the_session.DatabaseFile.empty() && hooks.saveLastSession)
+        hooks.saveLastSession(legacy::the_session.LastSessionFile);
     call(hooks.closeFiles);
     call(hooks.closeHelp);
 }
 
-}  // namespace Module2
+}  // namespace quor::session

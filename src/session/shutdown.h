@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-namespace Module2 {
+namespace quor::session {
 
 /// What the end of the program and the project commands need of other subsystems. A function that
 /// is not set does nothing.
@@ -20,4 +20,4 @@ ShutdownHooks& shutdownHooks();
 /// session is saved as a project when a database is open, files and help windows are closed.
 void Shutdown();
 
-}  // namespace Module2
+}  // namespace quor::session

@@ -5,8 +5,10 @@
 #include <cstdio>
 #include <string>
 
+#include "common/whole_file.h"
 #include "datafiles/database_table.h"
-#include "datafiles/whole_file.h"
+
+using namespace quor;
 
 namespace {
 
@@ -19,13 +21,13 @@ int fail(const std::string& message) {
 }
 
 int make_database(const std::string& tablePath, const std::string& databasePath) {
-    const LoadSaveData::FileContent file = LoadSaveData::ReadWhole(tablePath);
+    const datafiles::FileContent file = datafiles::ReadWhole(tablePath);
     if (!file.error.empty()) return fail(file.error);
-    const LoadSaveData::DatabaseTable table = LoadSaveData::ReadDatabaseTable(file.bytes);
+    const datafiles::DatabaseTable table = datafiles::ReadDatabaseTable(file.bytes);
     for (const std::string& error : table.errors) fail(tablePath + ": " + error);
     if (!table.errors.empty()) return kBadTable;
     const std::string error =
-        LoadSaveData::WriteWhole(databasePath, LoadSaveData::DatabaseBytes(table.records));
+        datafiles::WriteWhole(databasePath, datafiles::DatabaseBytes(table.records));
     if (!error.empty()) return fail(error);
     std::printf("%zu substances written to %s\n", table.records.size(), databasePath.c_str());
     return 0;

@@ -10,62 +10,65 @@
 #include "models/vapour_pressure.h"
 #include "support/fluids.h"
 
-using Declare::session;
+using namespace quor;
+
+using legacy::the_session;
 
 void CalcTest::use_fluid(std::string_view name) {
-    Declare::substance = name.empty() ? fluids::ReferencePropane() : fluids::Row(name);
+    legacy::the_substance = name.empty() ? fluids::ReferencePropane() : fluids::Row(name);
 }
 
 void CalcTest::use_models(const Models& m) {
-    Declare::ModelSelection& models = Declare::models;
+    models::ModelSelection& models = legacy::the_models;
     models.EOSModel = m.eos;
-    models.EOSOnlyV = Calc::IsVOnlyEOS(m.eos);
+    models.EOSOnlyV = models::IsVOnlyEOS(m.eos);
     models.VPCode = m.vp;
-    models.VPModel = Calc::VPIndex(m.vp);
+    models.VPModel = models::VPIndex(m.vp);
     models.PriorityCEOS = m.priority && !models.EOSOnlyV;
     models.HLVModel = m.hlv;
     models.WatsonN = 0.38F;
     models.CpModel = m.cp;
-    Calc::CalcEOSParameters(m.eos);
+    models::CalcEOSParameters(m.eos);
     if (m.eos == 10) {
-        Declare::eosParameters.eosB0 = 0.09;
-        Declare::eosParameters.eosNB = 3.0e4;
-        Declare::eosParameters.eosNV = 2.0;
+        legacy::the_eosParameters.eosB0 = 0.09;
+        legacy::the_eosParameters.eosNB = 3.0e4;
+        legacy::the_eosParameters.eosNV = 2.0;
     }
 }
 
 void CalcTest::use_units(int mode) {
-    session.UnitMode = static_cast<std::int16_t>(mode);
-    session.CaloricUnit = mode == 1 ? std::int16_t{3} : std::int16_t{0};
+    the_session.UnitMode = static_cast<std::int16_t>(mode);
+    the_session.CaloricUnit = mode == 1 ? std::int16_t{3} : std::int16_t{0};
 }
 
 void CalcTest::use_benson_reference() {
-    session.BensonReference = thermo::ProposeBensonReference().point;
-    session.BensonReferenceValid = Zentrale::IsBensonReferenceGiven();
+    the_session.BensonReference = models::ProposeBensonReference().point;
+    the_session.BensonReferenceValid = calculation::IsBensonReferenceGiven();
 }
 
-void CalcTest::use_input(const Declare::BatchDataSet& set, bool batch) {
-    session.BatchMode = batch;
-    session.DataSetIndex = batch ? 1 : 0;
-    session.BatchCount = batch ? 1 : 0;
-    Declare::BatchData.assign(2, {});
-    Declare::BatchData[batch ? 1 : 0] = set;
+void CalcTest::use_input(const calculation::BatchDataSet& set, bool batch) {
+    the_session.BatchMode = batch;
+    the_session.DataSetIndex = batch ? 1 : 0;
+    the_session.BatchCount = batch ? 1 : 0;
+    legacy::the_BatchData.assign(2, {});
+    legacy::the_BatchData[batch ? 1 : 0] = set;
 }
 
-Zentrale::CalcCall CalcTest::calculate(std::int16_t mode, bool quiet, bool interactive) {
-    session.CalcMode = mode;
-    Zentrale::CalcCall call{.Mode = mode,
-                            .Index = session.DataSetIndex,
-                            .Quiet = quiet,
-                            .Interactive = interactive,
-                            .Text = Zentrale::ModeTitle(mode)};
-    Zentrale::CalcBatch(call);
+calculation::CalcCall CalcTest::calculate(std::int16_t mode, bool quiet, bool interactive) {
+    the_session.CalcMode = mode;
+    calculation::CalcCall call{.Mode = mode,
+                               .Index = the_session.DataSetIndex,
+                               .Quiet = quiet,
+                               .Interactive = interactive,
+                               .Text = calculation::ModeTitle(mode)};
+    calculation::CalcBatch(call);
     return call;
 }
 
 std::vector<std::string> CalcTest::lines() {
     std::vector<std::string> all;
-    for (const Zentrale::ListLine& line : Zentrale::resultText.Liste) all.push_back(line.text);
+    for (const calculation::ListLine& line : calculation::resultText.Liste)
+        all.push_back(line.text);
     return all;
 }
 

@@ -12,6 +12,8 @@
 #include "calculation/result_text.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 /// Base of the tests of the calculation engine: a fluid, its models, and calls of `CalcBatch`.
 class CalcTest : public SessionTest {
   protected:
@@ -37,10 +39,10 @@ class CalcTest : public SessionTest {
     static void use_benson_reference();
 
     /// One data set as direct input (element 0) or as the only experimental one (element 1).
-    static void use_input(const Declare::BatchDataSet& set, bool batch = false);
+    static void use_input(const calculation::BatchDataSet& set, bool batch = false);
     /// Calculates in `mode` on the present input.
-    static Zentrale::CalcCall calculate(std::int16_t mode, bool quiet = false,
-                                        bool interactive = true);
+    static calculation::CalcCall calculate(std::int16_t mode, bool quiet = false,
+                                           bool interactive = true);
 
     /// Lines of the list.
     static std::vector<std::string> lines();

@@ -18,10 +18,12 @@
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
 
+using namespace quor;
+
 namespace expected {
 
 using constants::R;
-using Declare::session;
+using legacy::the_session;
 
 namespace {
 
@@ -54,35 +56,35 @@ std::string left(const std::string& s, std::size_t width) {
 }
 
 double M() {
-    return static_cast<double>(Declare::substance.M);
+    return static_cast<double>(legacy::the_substance.M);
 }
 
 double volume_factor() {
-    if (session.UnitMode == 1) return 1.0 / M();
-    if (session.UnitMode == 2 && Declare::eosParameters.vcritCalc > 0)
-        return 1.0 / Declare::eosParameters.vcritCalc;
+    if (the_session.UnitMode == 1) return 1.0 / M();
+    if (the_session.UnitMode == 2 && legacy::the_eosParameters.vcritCalc > 0)
+        return 1.0 / legacy::the_eosParameters.vcritCalc;
     return 1.0;
 }
 
 std::string volume_label() {
-    if (session.UnitMode == 1) return "m^3/kg  ";
-    if (session.UnitMode == 2 && Declare::eosParameters.vcritCalc > 0) return "V(red)";
+    if (the_session.UnitMode == 1) return "m^3/kg  ";
+    if (the_session.UnitMode == 2 && legacy::the_eosParameters.vcritCalc > 0) return "V(red)";
     return "m^3/kmol";
 }
 
 double caloric_factor() {
-    return session.CaloricUnit == 3 ? 1.0 / M() : 1.0;
+    return the_session.CaloricUnit == 3 ? 1.0 / M() : 1.0;
 }
 bool specific() {
-    return session.CaloricUnit == 3;
+    return the_session.CaloricUnit == 3;
 }
 bool cubic() {
-    return Calc::IsCubicEOS(Declare::models.EOSModel);
+    return models::IsCubicEOS(legacy::the_models.EOSModel);
 }
 
 double B(double T) {
-    Declare::EOSState state;
-    return Calc::second_virial(Calc::CurrentFluid(), Declare::models.EOSModel, T, state);
+    models::EOSState state;
+    return models::second_virial(models::CurrentFluid(), legacy::the_models.EOSModel, T, state);
 }
 
 /// A phase of the expected state.
@@ -127,8 +129,8 @@ void fail(Work& w, const std::string& message) {
     w.r.list.push_back("Message from Sub CalcBatch" + std::string(25, ' ') + message);
 }
 
-Calc::StateTP solve(Work& w) {
-    const Calc::StateTP s = Calc::solve_state_tp(Calc::CurrentFluid(), w.T, w.p);
+models::StateTP solve(Work& w) {
+    const models::StateTP s = models::solve_state_tp(models::CurrentFluid(), w.T, w.p);
     w.L = {s.hasL, s.vL, s.rhoL};
     w.V = {s.hasV, s.vV, s.rhoV};
     return s;
@@ -139,10 +141,10 @@ std::string at(double T, double p) {
 }
 
 void head_of_functions(Work& w) {
-    const Declare::ReferenceState& ref = Declare::reference;
+    const models::ReferenceState& ref = legacy::the_reference;
     w.r.list.push_back(
-        "Model: " + trimmed(std::string(Calc::EOSName(Declare::models.EOSModel))) +
-        "; ideal-gas cp: " + trimmed(std::string(Calc::CpName(Declare::models.CpModel))));
+        "Model: " + trimmed(std::string(models::EOSName(legacy::the_models.EOSModel))) +
+        "; ideal-gas cp: " + trimmed(std::string(models::CpName(legacy::the_models.CpModel))));
     w.r.list.push_back("Reference state: h = 0, s = 0, ideal gas at " +
                        at(static_cast<double>(ref.T0), static_cast<double>(ref.p0)));
     w.r.list.push_back("Surroundings for exergies: " + at(ref.Tenv, ref.penv));
@@ -150,7 +152,7 @@ void head_of_functions(Work& w) {
 
 /// v, h, s, g, u, a, e(H), e(U), cp, cV, w.
 std::array<double, 11> functions(const Work& w, const Phase& phase) {
-    const thermo::StateValues z = thermo::StateFunctions(w.T, w.p, phase.v);
+    const models::StateValues z = models::StateFunctions(w.T, w.p, phase.v);
     return {phase.v, z.h, z.s, z.g, z.u, z.a, z.eH, z.eU, z.cp, z.cv, z.w};
 }
 
@@ -187,7 +189,7 @@ void mean_functions(Work& w, double y) {
 // ---- Modes ------------------------------------------------------------------------------------
 
 void given_T_rho(Work& w, double rho) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     w.r.par1 = T_text(w.T);
     w.r.par2 = "rho = " + between(rho, 1, 4) + " kg/m^3";
     const double v = M() / rho;
@@ -202,9 +204,9 @@ void given_T_rho(Work& w, double rho) {
         }
         w.p = R * w.T / (v - b);
     } else {
-        const Declare::EOSState eos = Calc::eos_at(Calc::CurrentFluid(), w.T);
+        const models::EOSState eos = models::eos_at(models::CurrentFluid(), w.T);
         if (w.T < s.Tcrit) {
-            const Calc::Saturation sat = Calc::saturation_pressure(Calc::CurrentFluid(), w.T);
+            const models::Saturation sat = models::saturation_pressure(models::CurrentFluid(), w.T);
             w.r.co1 = "vapour pressure by using CEOS: p(LV )= " + pressure(sat.p) + " kPa";
             twoPhase = v >= sat.v[0] && v <= sat.v[2];
             if (twoPhase) {
@@ -218,10 +220,10 @@ void given_T_rho(Work& w, double rho) {
         }
         if (!twoPhase) {
             if (v <= eos.eosB) {
-                fail(w, session.GlobalCalculation ? " (v <= b) ERROR1" : " (v <= b)");
+                fail(w, the_session.GlobalCalculation ? " (v <= b) ERROR1" : " (v <= b)");
                 return;
             }
-            w.p = Calc::cubic_pressure(eos, w.T, v);
+            w.p = models::cubic_pressure(eos, w.T, v);
         }
     }
     if (!twoPhase) solve(w);
@@ -243,7 +245,7 @@ void given_T_p(Work& w) {
 void given_p_rho(Work& w, double rho) {
     w.r.par1 = p_text(w.p);
     w.r.par2 = "rho = " + between(rho, 1, 4) + " kg/m^3";
-    w.T = Calc::temperature_from_p_rho(Calc::CurrentFluid(), w.p, rho, false).T;
+    w.T = models::temperature_from_p_rho(models::CurrentFluid(), w.p, rho, false).T;
     w.r.co2 = " T = " + fix(w.T, 3) + " K";
     solve(w);
     density_lines(w);
@@ -251,62 +253,63 @@ void given_p_rho(Work& w, double rho) {
 }
 
 void partial_phases(Work& w, double vV) {
-    if (!session.BensonReferenceValid || !(vV > 1e-6)) return;
-    const Declare::SubstanceRecord& s = Declare::substance;
-    const Declare::BensonPoint& ref = session.BensonReference;
+    if (!the_session.BensonReferenceValid || !(vV > 1e-6)) return;
+    const models::SubstanceRecord& s = legacy::the_substance;
+    const models::BensonPoint& ref = the_session.BensonReference;
     w.V = {true, vV, M() / vV};
     double rhoL = 0;
-    if (session.LiquidByBenson) {
+    if (the_session.LiquidByBenson) {
         const auto Tref = static_cast<double>(ref.T);
         rhoL = (static_cast<double>(ref.rhoL) + static_cast<double>(ref.rhoV)) * (w.T - s.Tcrit) /
                    (Tref - s.Tcrit) +
                2 * s.rhocrit * (Tref - w.T) / (Tref - s.Tcrit) - w.V.rho;
     } else {
-        rhoL = Calc::density_liquid(s, static_cast<float>(w.T)).rho;
+        rhoL = models::density_liquid(s, static_cast<float>(w.T)).rho;
     }
     w.L = {true, M() / rhoL, rhoL};
-    w.r.list.push_back(std::string(12, ' ') + (session.LiquidByBenson
+    w.r.list.push_back(std::string(12, ' ') + (the_session.LiquidByBenson
                                                    ? "by BENSON's method:"
                                                    : "with database equation rho(T):"));
 }
 
 void hlv_of_eos(Work& w) {
-    const auto r = Calc::EnthalpyOfVaporisation(7, w.T, w.p, Declare::models.VPCode, false);
+    const auto r = models::EnthalpyOfVaporisation(7, w.T, w.p, legacy::the_models.VPCode, false);
     if (r.status != 0) return;
     w.r.Fu[29] = static_cast<double>(r.h) * caloric_factor();
     w.r.Fu[30] = w.r.Fu[29] / w.T;
 }
 
 void equilibrium(Work& w, bool fromT) {
-    const Declare::SubstanceRecord& s = Declare::substance;
-    const Calc::Fluid fluid = Calc::CurrentFluid();
-    const std::string& code = Declare::models.VPCode;
+    const models::SubstanceRecord& s = legacy::the_substance;
+    const models::Fluid fluid = models::CurrentFluid();
+    const std::string& code = legacy::the_models.VPCode;
     w.L.exists = w.V.exists = true;
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
-    const bool eos = session.GlobalCalculation && Declare::models.PriorityCEOS;
+    const bool eos = the_session.GlobalCalculation && legacy::the_models.PriorityCEOS;
     double vL = 0, vV = 0;
     if (eos) {
-        const Calc::Saturation sat = fromT ? Calc::saturation_pressure(fluid, w.T)
-                                           : Calc::saturation_temperature(fluid, w.p);
+        const models::Saturation sat = fromT ? models::saturation_pressure(fluid, w.T)
+                                             : models::saturation_temperature(fluid, w.p);
         (fromT ? w.p : w.T) = fromT ? sat.p : sat.T;
         vL = sat.v[0];
         vV = sat.v[2];
     } else if (fromT) {
-        w.p = Calc::vapour_pressure(s, w.T, code).p;
+        w.p = models::vapour_pressure(s, w.T, code).p;
     } else {
-        w.T = Calc::boiling_temperature(s, w.p, code).T;
+        w.T = models::boiling_temperature(s, w.p, code).T;
     }
     w.r.Fu[0] = w.T;
 
-    if (!session.GlobalCalculation) {
+    if (!the_session.GlobalCalculation) {
         w.r.co1 = fromT ? "p(LV) from actual vapour pressure equation:"
                         : "T(LV) by using actual vapour pressure equation:";
         w.r.co2 = fromT ? pressure(w.p) + " kPa" : fix(w.T, 3) + " K";
         if (!cubic()) {
             vV = R * w.T / w.p + B(w.T);
         } else {
-            const double psat = Calc::saturation_pressure(fluid, w.T).p;
-            const Calc::CubicRoots roots = Calc::solve_cubic(Calc::eos_at(fluid, w.T), w.T, w.p);
+            const double psat = models::saturation_pressure(fluid, w.T).p;
+            const models::CubicRoots roots =
+                models::solve_cubic(models::eos_at(fluid, w.T), w.T, w.p);
             vV = w.p <= psat ? roots.v[static_cast<std::size_t>(roots.count - 1)]
                              : (roots.count == 3 ? roots.v[2] : 0.0);
         }
@@ -329,13 +332,14 @@ void equilibrium(Work& w, bool fromT) {
             (fromT ? "!)" : ")"));
         w.r.list.push_back(std::string(75, '='));
     }
-    if (session.GlobalCalculation) hlv_of_eos(w);
+    if (the_session.GlobalCalculation) hlv_of_eos(w);
     state_of_phases(w);
 }
 
 void vaporisation(Work& w, bool fromT) {
-    const std::int16_t method = Declare::models.HLVModel;
-    const auto r = Calc::EnthalpyOfVaporisation(method, w.T, w.p, Declare::models.VPCode, false);
+    const std::int16_t method = legacy::the_models.HLVModel;
+    const auto r =
+        models::EnthalpyOfVaporisation(method, w.T, w.p, legacy::the_models.VPCode, false);
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     w.T = r.T;
     w.p = r.p;
@@ -373,13 +377,13 @@ void vaporisation(Work& w, bool fromT) {
         list.push_back("z(L) = " + g7(r.zL));
         list.push_back("z(V) = " + g7(r.zV));
         list.push_back("z(V) by using " +
-                       trimmed(std::string(Calc::EOSName(Declare::models.EOSModel))));
+                       trimmed(std::string(models::EOSName(legacy::the_models.EOSModel))));
         list.push_back(method == 6 ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
                                    : "rho_L for z_L by using database function rho_L = Fu(T)");
     }
     if (method != 1) {
         const auto database =
-            Calc::EnthalpyOfVaporisation(1, w.T, w.p, Declare::models.VPCode, false);
+            models::EnthalpyOfVaporisation(1, w.T, w.p, legacy::the_models.VPCode, false);
         list.push_back("(cf. function from data base: " + hLabel + " = " +
                        number(static_cast<double>(database.h) * caloric_factor()));
     }
@@ -424,13 +428,13 @@ void caloric_functions(Work& w) {
 }
 
 double virial_of(std::int16_t code, double T) {
-    Declare::JiTorvikParameters jt;
-    Declare::ModelSelection models = Declare::models;
+    models::JiTorvikParameters jt;
+    models::ModelSelection models = legacy::the_models;
     models.EOSModel = code;
     models.EOSOnlyV = true;
-    const auto eos = Calc::eos_constants(code, true, Declare::substance, jt);
-    Declare::EOSState state;
-    return Calc::second_virial({Declare::substance, models, eos, jt}, code, T, state);
+    const auto eos = models::eos_constants(code, true, legacy::the_substance, jt);
+    models::EOSState state;
+    return models::second_virial({legacy::the_substance, models, eos, jt}, code, T, state);
 }
 
 void virial_coefficients(Work& w) {
@@ -438,24 +442,25 @@ void virial_coefficients(Work& w) {
     const std::string title = "Comparison of Virial Coefficients, [B] = m^3/kmol";
     w.r.list.push_back(title);
     w.r.list.push_back(std::string(title.size(), '='));
-    const std::int16_t active = Declare::models.EOSModel;
+    const std::int16_t active = legacy::the_models.EOSModel;
     for (std::int16_t code = 11; code <= 16; ++code) {
         const double b = virial_of(code, w.T);
-        w.r.list.push_back(left(std::string(Calc::EOSName(code)), 35) +
+        w.r.list.push_back(left(std::string(models::EOSName(code)), 35) +
                            " {B} = " + right(g7(b), 16));
         if (code == active || (active >= 2 && active <= 6 && code == active + 9)) w.r.Fu[41] = b;
     }
     if (active == 0 || active == 10) {
         w.r.Fu[41] = B(w.T);
-        w.r.list.push_back(left(std::string(Calc::EOSName(active)), 35) +
+        w.r.list.push_back(left(std::string(models::EOSName(active)), 35) +
                            " {B} = " + right(g7(B(w.T)), 16));
     }
 }
 
 void cubic_block(Work& w) {
-    const Declare::EOSState s = Calc::eos_at(Calc::CurrentFluid(), w.T);
+    const models::EOSState s = models::eos_at(models::CurrentFluid(), w.T);
     const std::string title = "Paramet. of the generalized cub. EOS (" +
-                              trimmed(std::string(Calc::EOSName(Declare::models.EOSModel))) + "):";
+                              trimmed(std::string(models::EOSName(legacy::the_models.EOSModel))) +
+                              "):";
     w.r.list.push_back("");
     w.r.list.push_back(title);
     w.r.list.push_back(std::string(title.size(), '='));
@@ -466,7 +471,7 @@ void cubic_block(Work& w) {
 }
 
 void common_end(Work& w, std::int16_t mode) {
-    const Declare::SubstanceRecord& s = Declare::substance;
+    const models::SubstanceRecord& s = legacy::the_substance;
     if (cubic() && w.T > 0) {
         if (w.T == s.Tcrit && w.p == s.pcrit)
             w.r.co1 = "=> critical point (T = T(cr), p = p(cr))";
@@ -482,7 +487,7 @@ void common_end(Work& w, std::int16_t mode) {
         w.r.State = "   ";
         return;
     }
-    if (cubic() && ((mode != 6 && mode != 7) || Declare::models.HLVModel == 7)) cubic_block(w);
+    if (cubic() && ((mode != 6 && mode != 7) || legacy::the_models.HLVModel == 7)) cubic_block(w);
     if (!cubic() && mode != 11) {
         w.r.list.push_back("");
         w.r.list.push_back("Virial coeffizient:");
@@ -524,7 +529,7 @@ std::string pressure(double p, int decimals) {
     return p >= 0.01 ? fix(p, decimals) : g7(p);
 }
 
-Result Of(std::int16_t mode, const Declare::BatchDataSet& input) {
+Result Of(std::int16_t mode, const calculation::BatchDataSet& input) {
     Work w;
     const auto rho = static_cast<double>(mode == 2 ? input.rhoL : input.rhoV);
     const bool needsT = mode != 5 && mode != 7 && mode != 13;

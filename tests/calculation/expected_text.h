@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
+
+using namespace quor;
 
 /// What a calculation must show, put together from the kernels of the models and from formats of
 /// the C library: a second way to the same text.
@@ -20,7 +22,7 @@ struct Result {
 };
 
 /// The result of a calculation kind for an input, with the session as it stands.
-Result Of(std::int16_t mode, const Declare::BatchDataSet& input);
+Result Of(std::int16_t mode, const calculation::BatchDataSet& input);
 
 // Numbers with the decimal mark in use.
 

@@ -13,13 +13,15 @@
 #include "models/saturation.h"
 #include "models/state_solver.h"
 
+using namespace quor;
+
 namespace {
 
-using BatchCalc::Deviation;
-using BatchCalc::DeviationText;
-using BatchCalc::ListForm;
-using Declare::BatchDataSet;
-using Declare::session;
+using calculation::BatchDataSet;
+using calculation::Deviation;
+using calculation::DeviationText;
+using calculation::ListForm;
+using legacy::the_session;
 
 /// Lists that compare a model with measured data.
 class BatchList : public CalcTest {
@@ -27,21 +29,21 @@ class BatchList : public CalcTest {
     BatchList() {
         use_fluid();
         use_models({});
-        session.BatchFile = "propane.BAQ";
+        the_session.BatchFile = "propane.BAQ";
     }
 
     static void use_sets(std::int16_t mode, const std::vector<BatchDataSet>& sets) {
-        session.BatchMode = true;
-        session.CalcMode = mode;
-        session.BatchCount = static_cast<std::int16_t>(sets.size());
-        Declare::BatchData.assign(1, {});
-        Declare::BatchData.insert(Declare::BatchData.end(), sets.begin(), sets.end());
+        the_session.BatchMode = true;
+        the_session.CalcMode = mode;
+        the_session.BatchCount = static_cast<std::int16_t>(sets.size());
+        legacy::the_BatchData.assign(1, {});
+        legacy::the_BatchData.insert(legacy::the_BatchData.end(), sets.begin(), sets.end());
     }
 
-    static BatchCalc::ResultList list(bool extended = false, ListForm form = ListForm::File) {
-        BatchCalc::CalculateAllSets();
-        return BatchCalc::MakeResultList(Zentrale::ModeTitle(session.CalcMode),
-                                         session.GlobalCalculation, extended, form);
+    static calculation::ResultList list(bool extended = false, ListForm form = ListForm::File) {
+        calculation::CalculateAllSets();
+        return calculation::MakeResultList(calculation::ModeTitle(the_session.CalcMode),
+                                           the_session.GlobalCalculation, extended, form);
     }
 
     /// Cells of a table row, by the widths of its columns.
@@ -103,7 +105,7 @@ TEST_F(BatchList, HeadAndColumnsOfTheFile) {
               (Cells{"", "K", "kPa", "kg/m^3", "kg/m^3", "kJ/kmol", "", "K", "kPa", "kg/m^3",
                      "kg/m^3", "kJ/kmol", "-", "-", "-", "-", "-"}));
     EXPECT_EQ(lines[11], lines[8]);
-    session.GlobalCalculation = false;
+    the_session.GlobalCalculation = false;
     EXPECT_EQ(list().lines[3],
               "Calculation          : T => p(LV) (partial calculation) (BENSON's method)");
 }
@@ -124,8 +126,8 @@ TEST_F(BatchList, PrintedFormHasItsOwnHead) {
 }
 
 TEST_F(BatchList, RowsCompareCalculatedWithMeasuredValues) {
-    const auto at = [](double T) { return Calc::saturation_pressure(Calc::CurrentFluid(), T); };
-    const double M = static_cast<double>(Declare::substance.M);
+    const auto at = [](double T) { return models::saturation_pressure(models::CurrentFluid(), T); };
+    const double M = static_cast<double>(legacy::the_substance.M);
     const auto s300 = at(300), s320 = at(320);
     // 10 % above and 4 % below the calculated pressures; one liquid density, far too large.
     const double p1 = s300.p / 1.10, p2 = s320.p / 0.96;
@@ -151,10 +153,10 @@ TEST_F(BatchList, RowsCompareCalculatedWithMeasuredValues) {
     EXPECT_EQ(second[0], "3") << "an inactive set is left out";
     EXPECT_EQ(second[13], "(-4. %)");
     EXPECT_EQ(result.lines[14], result.lines[8]) << "a set without result is left out";
-    EXPECT_EQ(result.means[BatchCalc::kP].count, 2);
-    EXPECT_NEAR(*result.means[BatchCalc::kP].value(), 7.0, 1e-4);
-    EXPECT_EQ(result.means[BatchCalc::kRhoL].count, 0) << "500 % and more do not count";
-    EXPECT_FALSE(result.means[BatchCalc::kRhoL].value());
+    EXPECT_EQ(result.means[calculation::kP].count, 2);
+    EXPECT_NEAR(*result.means[calculation::kP].value(), 7.0, 1e-4);
+    EXPECT_EQ(result.means[calculation::kRhoL].count, 0) << "500 % and more do not count";
+    EXPECT_FALSE(result.means[calculation::kRhoL].value());
     const std::string& means = result.lines[15];
     EXPECT_EQ(means.substr(0, 36), "arithmet. mean of ABS(%-deviations):");
     EXPECT_EQ(text::Trim(means.substr(36)), "7.00%");
@@ -163,8 +165,8 @@ TEST_F(BatchList, RowsCompareCalculatedWithMeasuredValues) {
 TEST_F(BatchList, FunctionsOfModeEightStandBelowTheirSet) {
     use_sets(8, {{0, 300, 500}});
     const auto lines = list().lines;
-    const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), 300.0, 500.0);
-    const auto z = thermo::StateFunctions(300, 500, state.v[2]);
+    const auto state = models::solve_state_tp(models::CurrentFluid(), 300.0, 500.0);
+    const auto z = models::StateFunctions(300, 500, state.v[2]);
     EXPECT_EQ(lines[8], "Model: CEOS Peng / Robinson; ideal-gas cp: sinh/cosh equation");
     EXPECT_EQ(lines[9], "Reference state: h = 0, s = 0, ideal gas at 298.15 K, 101.325 kPa");
     EXPECT_EQ(lines[10], "Surroundings for exergies: 298.15 K, 101.325 kPa");
@@ -194,7 +196,7 @@ TEST_F(BatchList, SpecificUnitsDoNotChangeTheList) {
 
 TEST_F(BatchList, ExtendedPartHasAllFunctionsOfASet) {
     use_sets(3, {{0, 300, 500}});
-    session.OutputPage = 4;
+    the_session.OutputPage = 4;
     for (const ListForm form : {ListForm::File, ListForm::Print}) {
         const auto lines = list(true, form).lines;
         const auto begin = std::find(lines.begin(), lines.end(),
@@ -209,22 +211,22 @@ TEST_F(BatchList, ExtendedPartHasAllFunctionsOfASet) {
         EXPECT_EQ(page[4], file
                                ? std::string(30, ' ') + "L-phase" + std::string(13, ' ') + "V-phase"
                                : std::string(36, ' ') + "L" + std::string(19, ' ') + "V");
-        const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), 300.0, 500.0);
-        const auto V = thermo::ResidualFunctions(300, 500, state.v[2]);
+        const auto state = models::solve_state_tp(models::CurrentFluid(), 300.0, 500.0);
+        const auto V = models::ResidualFunctions(300, 500, state.v[2]);
         EXPECT_EQ(page[6],
                   " (dp/dV) at T  : " + std::string(29, ' ') + expected::signed_exp(V.first[1]));
         const std::string label = file ? "       d2p/dV2 : " : "       d2p/dV² : ";
         EXPECT_EQ(page[15], label + std::string(29, ' ') + expected::signed_exp(V.second[1]));
         EXPECT_EQ(page[27].substr(0, 17), " cp/kJ/kmol/K  : ");
     }
-    session.OutputPage = 1;
+    the_session.OutputPage = 1;
     for (const std::string& line : list(true).lines)
         EXPECT_EQ(line.find("for data set"), std::string::npos);
 }
 
 TEST_F(BatchList, IsTheSameWithADecimalComma) {
     use_sets(3, {{0, 300.5, 500.25, 11.5F, 0, 0, 0}});
-    session.OutputPage = 4;
+    the_session.OutputPage = 4;
     const auto point = list(true).lines;
     numbers::set_decimal_mark(',');
     EXPECT_EQ(list(true).lines, point);
@@ -235,7 +237,7 @@ TEST_F(BatchList, EveryModeMakesAList) {
         for (const std::int16_t mode : Codes{1, 2, 3, 4, 5, 6, 7, 8, 13}) {
             SCOPED_TRACE(testing::Message() << eos << " mode " << mode);
             use_models({.eos = eos, .hlv = 2});
-            session.GlobalCalculation = eos == 6;
+            the_session.GlobalCalculation = eos == 6;
             use_benson_reference();
             use_sets(mode, {{0, 300, 900, 19.0F, 510.0F, 15000.0F, 0}});
             const auto result = list();
@@ -245,11 +247,11 @@ TEST_F(BatchList, EveryModeMakesAList) {
 
 TEST_F(BatchList, FileNameGetsFolderAndExtension) {
     use_sets(3, {{0, 300, 500}});
-    EXPECT_TRUE(BatchCalc::ResultFile("one", " T, p => rho", true, false));
+    EXPECT_TRUE(calculation::ResultFile("one", " T, p => rho", true, false));
     EXPECT_TRUE(std::filesystem::exists(folder() / "one.LST"));
-    EXPECT_TRUE(BatchCalc::ResultFile("two.TXT", " T, p => rho", true, false));
+    EXPECT_TRUE(calculation::ResultFile("two.TXT", " T, p => rho", true, false));
     EXPECT_TRUE(std::filesystem::exists(folder() / "two.TXT"));
-    EXPECT_TRUE(BatchCalc::ResultFile((folder() / "three").string(), "x", true, false));
+    EXPECT_TRUE(calculation::ResultFile((folder() / "three").string(), "x", true, false));
     EXPECT_TRUE(std::filesystem::exists(folder() / "three.LST"));
 }
 
@@ -258,34 +260,34 @@ TEST_F(BatchList, FiveThousandSetsTakeSecondsAndLeaveTheSession) {
     for (int i = 0; i < 5000; ++i)
         sets.push_back({0, 150.0 + 0.04 * i, 20.0 + i, 10.0F, 500.0F, 15000.0F, 0});
     use_sets(3, sets);
-    Declare::BatchData[0] = {0, 333, 444, 5.0F, 6.0F, 0, 0};
-    session.DataSetIndex = 7;
-    session.OutputPage = 4;
-    session.EquilibriumFunctions = true;
+    legacy::the_BatchData[0] = {0, 333, 444, 5.0F, 6.0F, 0, 0};
+    the_session.DataSetIndex = 7;
+    the_session.OutputPage = 4;
+    the_session.EquilibriumFunctions = true;
     calculate(8);
-    const std::string text = Zentrale::ResultAsText(Zentrale::resultText);
-    const auto Fu = Declare::Fu;
-    const Declare::LastState last = Declare::lastState;
-    const Declare::Session before = session;
+    const std::string text = calculation::ResultAsText(calculation::resultText);
+    const auto Fu = legacy::the_Fu;
+    const calculation::LastState last = legacy::the_lastState;
+    const legacy::Session before = the_session;
 
     const auto start = std::chrono::steady_clock::now();
-    ASSERT_TRUE(BatchCalc::ResultFile("all", Zentrale::ModeTitle(3), true, true));
-    BatchCalc::PrintResult(Zentrale::ModeTitle(3), true, true);
+    ASSERT_TRUE(calculation::ResultFile("all", calculation::ModeTitle(3), true, true));
+    calculation::PrintResult(calculation::ModeTitle(3), true, true);
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
     EXPECT_LT(took.count(), 20.0) << "with both pages and a debug build";
     RecordProperty("seconds", std::to_string(took.count()));
 
-    EXPECT_EQ(Zentrale::ResultAsText(Zentrale::resultText), text);
-    EXPECT_EQ(Declare::Fu, Fu);
-    EXPECT_EQ(Declare::lastState.v, last.v);
-    EXPECT_EQ(Declare::BatchData[0].T, 333);
-    EXPECT_EQ(session.DataSetIndex, before.DataSetIndex);
-    EXPECT_EQ(session.CalcMode, before.CalcMode);
-    EXPECT_EQ(session.OutputPage, 4);
-    EXPECT_EQ(session.CaloricFactor, before.CaloricFactor);
-    EXPECT_EQ(Declare::ResultRecords.size(), 5001U);
+    EXPECT_EQ(calculation::ResultAsText(calculation::resultText), text);
+    EXPECT_EQ(legacy::the_Fu, Fu);
+    EXPECT_EQ(legacy::the_lastState.v, last.v);
+    EXPECT_EQ(legacy::the_BatchData[0].T, 333);
+    EXPECT_EQ(the_session.DataSetIndex, before.DataSetIndex);
+    EXPECT_EQ(the_session.CalcMode, before.CalcMode);
+    EXPECT_EQ(the_session.OutputPage, 4);
+    EXPECT_EQ(the_session.CaloricFactor, before.CaloricFactor);
+    EXPECT_EQ(legacy::the_ResultRecords.size(), 5001U);
     std::size_t results = 0;
-    for (const auto& record : Declare::ResultRecords) results += record.State != "   ";
+    for (const auto& record : legacy::the_ResultRecords) results += record.State != "   ";
     EXPECT_EQ(results, 5000U);
     EXPECT_TRUE(user.messages.empty()) << user.lastText();
 }
@@ -293,11 +295,11 @@ TEST_F(BatchList, FiveThousandSetsTakeSecondsAndLeaveTheSession) {
 TEST_F(BatchList, TroubleOfAllSetsIsToldOnce) {
     use_sets(3, std::vector<BatchDataSet>(50, {0, 300, 500, 0, 0, 0, 0}));
     use_units(1);
-    Declare::substance.M = 0;
-    BatchCalc::CalculateAllSets();
+    legacy::the_substance.M = 0;
+    calculation::CalculateAllSets();
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "Division by zero");
-    const auto result = BatchCalc::MakeResultList("x", true, false, ListForm::File);
+    const auto result = calculation::MakeResultList("x", true, false, ListForm::File);
     for (const auto& mean : result.means) EXPECT_FALSE(mean.value());
 }
 

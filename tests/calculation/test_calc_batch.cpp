@@ -9,14 +9,16 @@
 #include "models/saturation.h"
 #include "models/virial.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
+using calculation::CalcCall;
+using calculation::resultText;
 using expected::fix;
 using expected::g7;
+using legacy::the_session;
 using testing::Contains;
-using Zentrale::CalcCall;
-using Zentrale::resultText;
 
 /// What the central routine says and does beside its numbers.
 class CalcBatch : public CalcTest {
@@ -26,15 +28,15 @@ class CalcBatch : public CalcTest {
         use_models({});
     }
 
-    static double Tc() { return Declare::substance.Tcrit; }
-    static double pc() { return Declare::substance.pcrit; }
+    static double Tc() { return legacy::the_substance.Tcrit; }
+    static double pc() { return legacy::the_substance.pcrit; }
 
     void expect_error(const std::string& red) {
         EXPECT_EQ(resultText.par1.text, red);
         EXPECT_TRUE(resultText.par1.red);
         EXPECT_TRUE(resultText.Liste.empty());
         EXPECT_EQ(resultText.State, "   ");
-        EXPECT_EQ(Declare::currentResult.State, "   ");
+        EXPECT_EQ(legacy::the_currentResult.State, "   ");
         EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
     }
 };
@@ -68,7 +70,7 @@ TEST_F(CalcBatch, SaysWhichOfTwoValuesIsMissing) {
 }
 
 TEST_F(CalcBatch, RemarksOnTemperaturesBelowTheTriplePointAndGoesOn) {
-    Declare::substance.Ttriple = 250.0F;
+    legacy::the_substance.Ttriple = 250.0F;
     use_input({.T = 240, .p = 1});
     calculate(3);
     ASSERT_EQ(user.messages.size(), 1U);
@@ -86,13 +88,13 @@ TEST_F(CalcBatch, RemarksOnTemperaturesBelowTheTriplePointAndGoesOn) {
 TEST_F(CalcBatch, EverythingOfThePreviousCallIsForgotten) {
     use_input({.T = 300, .p = 1000});
     calculate(8);
-    EXPECT_NE(Declare::Fu[20], 0.0);
-    EXPECT_GT(Declare::lastState.Roots, 0);
+    EXPECT_NE(legacy::the_Fu[20], 0.0);
+    EXPECT_GT(legacy::the_lastState.Roots, 0);
     use_input({});
     calculate(8);
-    for (const double value : Declare::Fu) EXPECT_EQ(value, 0.0);
-    EXPECT_EQ(Declare::lastState.Roots, 0);
-    EXPECT_EQ(Declare::vRoots[0], 0.0);
+    for (const double value : legacy::the_Fu) EXPECT_EQ(value, 0.0);
+    EXPECT_EQ(legacy::the_lastState.Roots, 0);
+    EXPECT_EQ(legacy::the_vRoots[0], 0.0);
     EXPECT_TRUE(resultText.co1.text.empty());
 }
 
@@ -100,7 +102,7 @@ TEST_F(CalcBatch, AnIndexBeyondTheDataHasNoT) {
     use_input({.T = 300, .p = 100});
     for (const std::int16_t index : Codes{-1, 2, 30000}) {
         CalcCall call{.Mode = 3, .Index = index};
-        Zentrale::CalcBatch(call);
+        calculation::CalcBatch(call);
         EXPECT_TRUE(call.Failed);
         EXPECT_EQ(resultText.par1.text, "no T in this data set");
     }
@@ -116,18 +118,18 @@ TEST_F(CalcBatch, CloseToTheCriticalPointIsNamed) {
     EXPECT_EQ(all[0], "Critical point!");
     EXPECT_EQ(all[1], " T(cr) = 369.89 K");
     EXPECT_EQ(all[2], " p(cr) = 4251.20 kPa");
-    EXPECT_EQ(all[3], "rho(cr) = " + fix(Declare::eosParameters.rhocritCalc, 1) + " kg/m^3");
-    EXPECT_EQ(all[4], "  v(cr) = " + g7(Declare::eosParameters.vcritCalc) + " m^3/kmol");
+    EXPECT_EQ(all[3], "rho(cr) = " + fix(legacy::the_eosParameters.rhocritCalc, 1) + " kg/m^3");
+    EXPECT_EQ(all[4], "  v(cr) = " + g7(legacy::the_eosParameters.vcritCalc) + " m^3/kmol");
     use_input({.T = Tc() + 0.06, .p = pc()});
     calculate(3);
     EXPECT_THAT(lines(), testing::Not(Contains("Critical point!")));
 }
 
 TEST_F(CalcBatch, HalfwayBetweenTheVolumesHalfIsVapour) {
-    const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), 310.0);
+    const auto sat = models::saturation_pressure(models::CurrentFluid(), 310.0);
     const double v = 0.5 * (sat.v[0] + sat.v[2]);
     use_input(
-        {.T = 310, .rhoV = static_cast<float>(static_cast<double>(Declare::substance.M) / v)});
+        {.T = 310, .rhoV = static_cast<float>(static_cast<double>(legacy::the_substance.M) / v)});
     calculate(1);
     EXPECT_EQ(resultText.State, "V+L");
     ASSERT_FALSE(lines().empty());
@@ -138,8 +140,8 @@ TEST_F(CalcBatch, HalfwayBetweenTheVolumesHalfIsVapour) {
 
 TEST_F(CalcBatch, VirialVolumeBelowBHasNoPressure) {
     use_models({.eos = 10});
-    Declare::eosParameters.eosB0 = 0.5;
-    Declare::eosParameters.eosNB = 0.0;
+    legacy::the_eosParameters.eosB0 = 0.5;
+    legacy::the_eosParameters.eosNB = 0.0;
     use_input({.T = 300, .rhoV = 100.0F});  // v = 0.44 m^3/kmol
     const CalcCall call = calculate(1);
     EXPECT_TRUE(call.Failed);
@@ -154,7 +156,7 @@ TEST_F(CalcBatch, VolumeBelowTheCovolumeIsReported) {
     const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
     EXPECT_THAT(lines(), Contains(report + " (v <= b) ERROR1"));
     EXPECT_TRUE(resultText.Liste[0].red);
-    session.GlobalCalculation = false;
+    the_session.GlobalCalculation = false;
     calculate(1);
     EXPECT_THAT(lines(), Contains(report + " (v <= b)"));
 }
@@ -192,8 +194,8 @@ TEST_F(CalcBatch, EquilibriumAtTheCriticalPointHasOneVolume) {
         const CalcCall call = calculate(mode);
         EXPECT_FALSE(call.Failed);
         EXPECT_DOUBLE_EQ(call.Pressure, pc());
-        EXPECT_DOUBLE_EQ(Declare::Fu[9], Declare::eosParameters.vcritCalc);
-        EXPECT_DOUBLE_EQ(Declare::Fu[19], Declare::eosParameters.vcritCalc);
+        EXPECT_DOUBLE_EQ(legacy::the_Fu[9], legacy::the_eosParameters.vcritCalc);
+        EXPECT_DOUBLE_EQ(legacy::the_Fu[19], legacy::the_eosParameters.vcritCalc);
         EXPECT_EQ(resultText.co1.text, "=> critical point (T = T(cr), p = p(cr))");
         EXPECT_TRUE(resultText.lblGleich);
     }
@@ -221,7 +223,7 @@ TEST_F(CalcBatch, NamesTheRegionAndItsColumns) {
         use_input({.T = c.T, .p = c.p});
         calculate(3);
         EXPECT_EQ(resultText.co1.text, c.text);
-        EXPECT_EQ(Declare::PhaseRegion, c.region);
+        EXPECT_EQ(legacy::the_PhaseRegion, c.region);
         EXPECT_EQ(resultText.lblLphase, c.L);
         EXPECT_EQ(resultText.lblVphase, c.V);
         EXPECT_EQ(resultText.lblGleich, c.same);
@@ -233,22 +235,22 @@ TEST_F(CalcBatch, NamesTheRegionAndItsColumns) {
 TEST_F(CalcBatch, CaptionsStandAboveTheirColumns) {
     use_input({.T = 300, .p = 997.43});
     calculate(4);
-    const std::string header = Zentrale::PhaseHeader(resultText);
+    const std::string header = calculation::PhaseHeader(resultText);
     EXPECT_EQ(header, std::string(47, ' ') + "L-Phase" + std::string(13, ' ') + "V-Phase");
     EXPECT_EQ(header.size(), lines()[1].size());
     use_input({.T = Tc() + 10, .p = pc() + 10});
     calculate(3);
-    EXPECT_EQ(Zentrale::PhaseHeader(resultText),
+    EXPECT_EQ(calculation::PhaseHeader(resultText),
               std::string(44, ' ') + "L-Phase identical with V-Phase");
 }
 
 TEST_F(CalcBatch, CopiesAsTextAndAsTable) {
     use_input({.T = 300, .p = 100});
     calculate(3);
-    const std::string text = Zentrale::ResultAsText(resultText);
+    const std::string text = calculation::ResultAsText(resultText);
     EXPECT_EQ(text.substr(0, text.find('\n')), "T = 300.000 K");
-    EXPECT_NE(text.find(Zentrale::PhaseHeader(resultText) + "\ndensity "), std::string::npos);
-    const std::string table = Zentrale::ResultAsTable(resultText);
+    EXPECT_NE(text.find(calculation::PhaseHeader(resultText) + "\ndensity "), std::string::npos);
+    const std::string table = calculation::ResultAsTable(resultText);
     EXPECT_NE(table.find("\n\tL-Phase\tV-Phase\ndensity          rho/ (kg/m^3)  =\t\t"),
               std::string::npos)
         << table;
@@ -263,7 +265,7 @@ TEST_F(CalcBatch, AVapourOnlyModelHasNoRegion) {
 }
 
 TEST_F(CalcBatch, WithoutAVapourPressureEquationTheDataSetStandsIn) {
-    session.GlobalCalculation = false;
+    the_session.GlobalCalculation = false;
     use_models({.vp = "000"});
     use_benson_reference();
     use_input({.T = 300});
@@ -278,50 +280,50 @@ TEST_F(CalcBatch, WithoutAVapourPressureEquationTheDataSetStandsIn) {
     use_input({.T = 300, .p = 990.5}, true);
     EXPECT_FALSE(calculate(4).Failed);
     EXPECT_EQ(resultText.co2.text, " p(LV)(from data set) = 990.5 kPa");
-    EXPECT_DOUBLE_EQ(Declare::Fu[1], 990.5);
+    EXPECT_DOUBLE_EQ(legacy::the_Fu[1], 990.5);
     EXPECT_FALSE(calculate(5).Failed);
     EXPECT_EQ(resultText.co2.text, " T(LV) (from data set) = 300.0 K");
-    EXPECT_DOUBLE_EQ(Declare::Fu[0], 300.0);
+    EXPECT_DOUBLE_EQ(legacy::the_Fu[0], 300.0);
 }
 
 TEST_F(CalcBatch, PartialEquilibriumAboveThePressureOfTheEosHasNoVapourVolume) {
-    session.GlobalCalculation = false;
+    the_session.GlobalCalculation = false;
     use_models({.vp = "000"});
     use_benson_reference();
     // Above the loop of the isotherm there is one root, and it is that of the liquid.
     use_input({.T = 300, .p = 3000}, true);
     calculate(4);
     EXPECT_THAT(lines(), Contains("density          rho/ (kg/m^3)  ="));
-    EXPECT_EQ(Declare::Fu[9], 0.0);
-    EXPECT_EQ(Declare::Fu[19], 0.0);
+    EXPECT_EQ(legacy::the_Fu[9], 0.0);
+    EXPECT_EQ(legacy::the_Fu[19], 0.0);
 }
 
 TEST_F(CalcBatch, WithoutASecondReferencePointPartialDensitiesStayEmpty) {
-    session.GlobalCalculation = false;
+    the_session.GlobalCalculation = false;
     use_input({.T = 300});
     const CalcCall call = calculate(4);
     EXPECT_FALSE(call.Failed);
     EXPECT_THAT(lines(), Contains("density          rho/ (kg/m^3)  ="));
     EXPECT_THAT(lines(), Contains("Volume           v/ (m^3/kmol)  ="));
-    EXPECT_EQ(Declare::currentResult.rhoL, 0.0F);
+    EXPECT_EQ(legacy::the_currentResult.rhoL, 0.0F);
 }
 
 TEST_F(CalcBatch, AnAssumedEquilibriumGetsItsLiquidFromBenson) {
     use_models({.eos = 16});
     use_benson_reference();
-    session.AssumedVle = true;
+    the_session.AssumedVle = true;
     use_input({.T = 300, .p = 990});
     const CalcCall call = calculate(3);
     EXPECT_TRUE(call.HasL && call.HasV);
     EXPECT_EQ(resultText.State, "V+L");
     EXPECT_THAT(lines(), Contains("            by BENSON's method:"));
-    const Declare::BensonPoint& ref = session.BensonReference;
+    const models::BensonPoint& ref = the_session.BensonReference;
     const double Tref = static_cast<double>(ref.T);
-    const double rhoV = static_cast<double>(Declare::currentResult.rhoV);
+    const double rhoV = static_cast<double>(legacy::the_currentResult.rhoV);
     const double sum = static_cast<double>(ref.rhoL) + static_cast<double>(ref.rhoV);
-    EXPECT_NEAR(static_cast<double>(Declare::currentResult.rhoL),
+    EXPECT_NEAR(static_cast<double>(legacy::the_currentResult.rhoL),
                 sum * (300 - Tc()) / (Tref - Tc()) +
-                    2 * Declare::substance.rhocrit * (Tref - 300) / (Tref - Tc()) - rhoV,
+                    2 * legacy::the_substance.rhocrit * (Tref - 300) / (Tref - Tc()) - rhoV,
                 1e-3);
 }
 
@@ -335,8 +337,8 @@ TEST_F(CalcBatch, FailedVapourPressureEquationIsReported) {
 }
 
 TEST_F(CalcBatch, EosThatFindsNoEquilibriumIsReported) {
-    Declare::models.EOSOnlyV = false;
-    Declare::models.EOSModel = -1;
+    legacy::the_models.EOSOnlyV = false;
+    legacy::the_models.EOSModel = -1;
     use_input({.T = 300, .p = 900});
     const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
     EXPECT_TRUE(calculate(4).Failed);
@@ -353,7 +355,7 @@ TEST_F(CalcBatch, NoEnthalpyOfVaporisationIsTold) {
     EXPECT_TRUE(resultText.Liste[0].red);
     EXPECT_EQ(resultText.co1.text, "No p available");
     EXPECT_TRUE(resultText.co1.red);
-    EXPECT_EQ(Declare::Fu[29], 0.0);
+    EXPECT_EQ(legacy::the_Fu[29], 0.0);
 }
 
 TEST_F(CalcBatch, MissingHeatCapacityEndsTheFunctionsButNotTheState) {
@@ -372,19 +374,19 @@ TEST_F(CalcBatch, ModeWithoutAFunctionShowsOnlyT) {
     EXPECT_EQ(resultText.par1.text, "T = 300.000 K");
     EXPECT_TRUE(resultText.co1.text.empty() && resultText.co2.text.empty());
     EXPECT_TRUE(lines().empty());
-    EXPECT_DOUBLE_EQ(Declare::Fu[0], 300.0);
+    EXPECT_DOUBLE_EQ(legacy::the_Fu[0], 300.0);
     EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
 }
 
 TEST_F(CalcBatch, PolytropicProcessShowsItsStartAndHidesThePanels) {
-    Declare::processLine.T1 = 310;
-    Declare::processLine.p1 = 450;
+    legacy::the_processLine.T1 = 310;
+    legacy::the_processLine.p1 = 450;
     use_input({});
     calculate(12);
     EXPECT_EQ(resultText.par1.text, "T = 310.000 K");
     EXPECT_EQ(resultText.par2.text, "p = 450.000 kPa");
     EXPECT_TRUE(resultText.panelsHidden);
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 310);
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 310);
     use_input({.T = 300, .p = 100});
     calculate(3);
     EXPECT_FALSE(resultText.panelsHidden);
@@ -397,8 +399,8 @@ TEST_F(CalcBatch, QuietCallsWriteNoList) {
     const CalcCall call = calculate(3, true);
     EXPECT_TRUE(call.HasV);
     EXPECT_TRUE(resultText.Liste.empty());
-    EXPECT_EQ(Declare::currentResult.State, " V ");
-    EXPECT_EQ(Declare::ResultRecords[0].State, " V ");
+    EXPECT_EQ(legacy::the_currentResult.State, " V ");
+    EXPECT_EQ(legacy::the_ResultRecords[0].State, " V ");
 }
 
 TEST_F(CalcBatch, TellsPhasesRootsAndFraction) {
@@ -443,9 +445,9 @@ TEST_F(CalcBatch, DiagnosisNeedsAStateOfTheCubicEos) {
            {20, false}});
     use_models({.priority = false, .hlv = 2});
     check({{3, true}, {4, false}, {5, false}, {6, false}, {7, false}});
-    session.GlobalCalculation = false;
+    the_session.GlobalCalculation = false;
     check({{1, false}, {3, false}, {8, false}});
-    session.GlobalCalculation = true;
+    the_session.GlobalCalculation = true;
     use_models({.eos = 16});
     check({{1, false}, {3, false}, {8, false}});
 }

@@ -4,11 +4,13 @@
 #include "models/saturation.h"
 #include "support/fluids.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
-using Zentrale::CalcCall;
-using Zentrale::resultText;
+using calculation::CalcCall;
+using calculation::resultText;
+using legacy::the_session;
 
 /// Singular and extreme inputs.
 class CalcFaults : public CalcTest {
@@ -18,12 +20,12 @@ class CalcFaults : public CalcTest {
         use_models({});
     }
 
-    static double Tc() { return Declare::substance.Tcrit; }
+    static double Tc() { return legacy::the_substance.Tcrit; }
 };
 
 TEST_F(CalcFaults, ZeroMolarMassInSpecificUnitsEndsInTheGuard) {
     use_units(1);
-    Declare::substance.M = 0;
+    legacy::the_substance.M = 0;
     use_input({.T = 300, .p = 900, .rhoV = 10.0F, .rhoL = 500.0F});
     for (const std::int16_t mode : Codes{1, 2, 3, 4, 5, 6, 7, 8, 11, 13, 16}) {
         SCOPED_TRACE(mode);
@@ -32,34 +34,34 @@ TEST_F(CalcFaults, ZeroMolarMassInSpecificUnitsEndsInTheGuard) {
         ASSERT_EQ(user.messages.size(), 1U);
         EXPECT_EQ(user.lastText(), "Division by zero");
         EXPECT_EQ(user.lastTitle(), "WARNING");
-        EXPECT_EQ(Declare::currentResult.State, "   ");
+        EXPECT_EQ(legacy::the_currentResult.State, "   ");
     }
 }
 
 TEST_F(CalcFaults, ZeroMolarMassInMolarUnitsGivesNoDensityAndNoFault) {
-    Declare::substance.M = 0;
+    legacy::the_substance.M = 0;
     use_input({.T = 300, .p = 900, .rhoV = 10.0F});
     for (const std::int16_t mode : Codes{1, 3, 4, 8, 13}) {
         SCOPED_TRACE(mode);
         calculate(mode);
-        for (const double value : Declare::Fu) EXPECT_TRUE(std::isfinite(value));
+        for (const double value : legacy::the_Fu) EXPECT_TRUE(std::isfinite(value));
         EXPECT_EQ(resultText.co2.text.find("nan"), std::string::npos);
     }
 }
 
 TEST_F(CalcFaults, AReferencePointAtTheCriticalPointGivesNoLiquid) {
-    session.GlobalCalculation = false;
-    Declare::substance.Tcrit = static_cast<double>(static_cast<float>(Tc()));
-    session.BensonReference = {static_cast<float>(Tc()), 4000.0F, 300.0F, 150.0F};
-    session.BensonReferenceValid = true;
+    the_session.GlobalCalculation = false;
+    legacy::the_substance.Tcrit = static_cast<double>(static_cast<float>(Tc()));
+    the_session.BensonReference = {static_cast<float>(Tc()), 4000.0F, 300.0F, 150.0F};
+    the_session.BensonReferenceValid = true;
     use_input({.T = 300});
     calculate(4);
-    EXPECT_EQ(Declare::currentResult.rhoL, 0.0F);
-    for (const double value : Declare::Fu) EXPECT_TRUE(std::isfinite(value));
+    EXPECT_EQ(legacy::the_currentResult.rhoL, 0.0F);
+    for (const double value : legacy::the_Fu) EXPECT_TRUE(std::isfinite(value));
 }
 
 TEST_F(CalcFaults, AValueBeyond32BitsEndsInTheGuard) {
-    Declare::substance.M = 1e38F;
+    legacy::the_substance.M = 1e38F;
     use_input({.T = 300, .p = 1e5});
     const CalcCall call = calculate(3);
     EXPECT_TRUE(call.Failed);
@@ -79,9 +81,9 @@ TEST_F(CalcFaults, NoInputMakesANumberThatIsNone) {
                     const auto rho = static_cast<float>(std::min(p, 1e30));
                     use_input({.T = T, .p = p, .rhoV = rho, .rhoL = rho});
                     for (std::int16_t mode = 1; mode <= 24; ++mode) {
-                        session.GlobalCalculation = global;
+                        the_session.GlobalCalculation = global;
                         calculate(mode, false, false);
-                        for (const double value : Declare::Fu)
+                        for (const double value : legacy::the_Fu)
                             ASSERT_TRUE(std::isfinite(value)) << mode << " " << T << " " << p;
                     }
                 }
@@ -93,12 +95,12 @@ TEST_F(CalcFaults, NoSubstanceAndNoCubicModelMissesAnEquilibrium) {
     for (const std::string& name : fluids::AllNames())
         for (const std::int16_t eos : Codes{2, 3, 4, 5, 6}) {
             use_fluid(name);
-            const Declare::SubstanceRecord& s = Declare::substance;
+            const models::SubstanceRecord& s = legacy::the_substance;
             if (s.Tcrit <= 0 || s.pcrit <= 0 || (eos > 4 && s.omega == 0)) continue;
             use_models({.eos = eos, .vp = "000"});
             for (const double Tr : {0.35, 0.45, 0.6, 0.7, 0.8, 0.9, 0.97, 0.995}) {
                 const double T = Tr * s.Tcrit;
-                const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), T);
+                const auto sat = models::saturation_pressure(models::CurrentFluid(), T);
                 ASSERT_EQ(sat.status, 0);
                 if (sat.p < 1e-5) continue;  // a p below 1E-6 kPa counts as not given
                 SCOPED_TRACE(testing::Message() << name << " eos " << eos << " Tr " << Tr);

@@ -3,12 +3,14 @@
 #include "calc_test.h"
 #include "expected_text.h"
 
+using namespace quor;
+
 namespace {
 
+using calculation::resultText;
 using expected::fix;
 using expected::g7;
 using testing::Contains;
-using Zentrale::resultText;
 
 /// Functions of T from the database: modes 14 to 24.
 class DatabaseFunctions : public CalcTest {
@@ -28,7 +30,7 @@ struct DatabaseCase {
 };
 
 TEST_F(DatabaseFunctions, DatabaseFunctionsTellValueAndValidity) {
-    Declare::SubstanceRecord& s = Declare::substance;
+    models::SubstanceRecord& s = legacy::the_substance;
     s.rhoLPar = {1000.0F, -1.5F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
     s.rhoLTLo = 200;
     s.rhoLTHi = 350;
@@ -75,8 +77,8 @@ TEST_F(DatabaseFunctions, DatabaseFunctionsTellValueAndValidity) {
         EXPECT_EQ(resultText.co1.text,
                   " Calculation by using the Database Function " + c.name + " Fu(T)");
         EXPECT_EQ(resultText.co2.text, T);
-        EXPECT_NE(Declare::Fu[c.fu], 0.0);
-        EXPECT_DOUBLE_EQ(Declare::Fu[0], c.T);
+        EXPECT_NE(legacy::the_Fu[c.fu], 0.0);
+        EXPECT_DOUBLE_EQ(legacy::the_Fu[0], c.T);
         EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
     }
     EXPECT_TRUE(user.messages.empty()) << user.lastText();
@@ -96,11 +98,12 @@ TEST_F(DatabaseFunctions, VapourPressureEquationsAreScaledInReducedUnits) {
             use_units(unit);
             calculate(row.mode);
             const double factor =
-                unit == 2 ? static_cast<double>(static_cast<float>(1.0 / Declare::substance.pcrit))
-                          : 1.0;
+                unit == 2
+                    ? static_cast<double>(static_cast<float>(1.0 / legacy::the_substance.pcrit))
+                    : 1.0;
             ASSERT_FALSE(lines().empty());
             EXPECT_EQ(lines()[0], row.label + g7(row.p * factor) + " kPa");
-            EXPECT_NEAR(Declare::Fu[1], row.p * factor, 1e-9 * row.p);
+            EXPECT_NEAR(legacy::the_Fu[1], row.p * factor, 1e-9 * row.p);
         }
 }
 
@@ -118,7 +121,7 @@ TEST_F(DatabaseFunctions, EachVapourPressureModeReadsItsOwnSet) {
         EXPECT_EQ(resultText.co1.text, std::string(" Calculation by using the Database Function ") +
                                            names[mode - 19] + " Fu(T)");
         // Nitrogen boils at 360 kPa at 90 K (R. Span et al., J. Phys. Chem. Ref. Data 29 (2000)).
-        EXPECT_NEAR(Declare::Fu[1], 360.0, 6.0);
+        EXPECT_NEAR(legacy::the_Fu[1], 360.0, 6.0);
     }
 }
 

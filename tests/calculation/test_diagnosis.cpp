@@ -6,10 +6,12 @@
 #include "models/cubic_eos.h"
 #include "models/saturation.h"
 
+using namespace quor;
+
 namespace {
 
-using Zentrale::DiagnoseLastState;
-using Zentrale::Diagnosis;
+using calculation::DiagnoseLastState;
+using calculation::Diagnosis;
 
 /// The explanation of the roots of the cubic EOS.
 class DiagnosisTest : public CalcTest {
@@ -32,7 +34,7 @@ class DiagnosisTest : public CalcTest {
     }
 
     /// Area between isotherm and p(LV) by the trapezoidal rule.
-    static double area(const std::vector<Zentrale::IsothermPoint>& points, double p) {
+    static double area(const std::vector<calculation::IsothermPoint>& points, double p) {
         double sum = 0;
         for (std::size_t i = 1; i < points.size(); ++i)
             sum += 0.5 * (points[i].p + points[i - 1].p - 2 * p) * (points[i].v - points[i - 1].v);
@@ -48,10 +50,10 @@ TEST_F(DiagnosisTest, ThreeRootsAreNamedByTheirStability) {
     ASSERT_EQ(d.roots.size(), 3U);
     for (std::size_t i = 0; i < 3; ++i) {
         EXPECT_EQ(d.roots[i].caption, "v(" + std::to_string(i + 1) + ") =");
-        EXPECT_EQ(d.roots[i].value, expected::g7(Declare::lastState.v[i]) + " m^3/kmol");
+        EXPECT_EQ(d.roots[i].value, expected::g7(legacy::the_lastState.v[i]) + " m^3/kmol");
         EXPECT_NEAR(
-            Calc::cubic_pressure(Calc::eos_at(Calc::CurrentFluid(), 300), 300, d.roots[i].v), 500,
-            1e-3);
+            models::cubic_pressure(models::eos_at(models::CurrentFluid(), 300), 300, d.roots[i].v),
+            500, 1e-3);
     }
     EXPECT_EQ(notes(d), (Notes{"(metastable)", "(unstable)", "(stable, V-phase)"}));
     EXPECT_EQ(notes(of_state(300, 1200)),
@@ -77,7 +79,7 @@ TEST_F(DiagnosisTest, AreasAreEqual) {
             SCOPED_TRACE(testing::Message() << eos << " " << T);
             use_models({.eos = eos});
             const Diagnosis d = of_state(T, 600);
-            const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), T);
+            const auto sat = models::saturation_pressure(models::CurrentFluid(), T);
             EXPECT_DOUBLE_EQ(d.saturationPressure, sat.p);
             const double below = area(d.areaBelow, sat.p), above = area(d.areaAbove, sat.p);
             EXPECT_LT(below, 0);

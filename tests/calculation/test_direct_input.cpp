@@ -3,13 +3,15 @@
 #include "calculation/start_calculation.h"
 #include "common/numbers.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
-using Zentrale::AcceptInput;
-using Zentrale::DescribeDirectInput;
-using Zentrale::InputResult;
-using Zentrale::resultText;
+using calculation::AcceptInput;
+using calculation::DescribeDirectInput;
+using calculation::InputResult;
+using calculation::resultText;
+using legacy::the_session;
 
 /// The small view that asks for numbers.
 class DirectInput : public CalcTest {
@@ -20,8 +22,8 @@ class DirectInput : public CalcTest {
     }
 
     static void ask(std::int16_t mode) {
-        session.CalcMode = mode;
-        session.InputSituation = static_cast<std::int16_t>(mode + 100);
+        the_session.CalcMode = mode;
+        the_session.InputSituation = static_cast<std::int16_t>(mode + 100);
     }
     static std::vector<std::string> labels(bool amount = false) {
         std::vector<std::string> all;
@@ -67,7 +69,7 @@ TEST_F(DirectInput, AsksForWhatTheModeNeeds) {
 TEST_F(DirectInput, NamesTheUnitOfAVolume) {
     ask(1);
     EXPECT_EQ(DescribeDirectInput().volumeFrame, " Input density kg/m^3 ");
-    Zentrale::ChooseVolumeInput(1);
+    calculation::ChooseVolumeInput(1);
     const char* frames[] = {" Input molar volume, cf. \"Options\" ",
                             " Input specif. volume, cf. Options ",
                             " Input red. volume, cf. Options "};
@@ -86,9 +88,9 @@ TEST_F(DirectInput, NamesTheUnitOfAVolume) {
 TEST_F(DirectInput, StoresAndCalculates) {
     ask(3);
     EXPECT_EQ(AcceptInput({"300", "900,5", "77", ""}), InputResult::Calculated);
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 300);
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].p, 900.5);
-    EXPECT_EQ(Declare::BatchData[0].rhoV, 0.0F) << "a hidden field counts as nothing";
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 300);
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].p, 900.5);
+    EXPECT_EQ(legacy::the_BatchData[0].rhoV, 0.0F) << "a hidden field counts as nothing";
     EXPECT_EQ(resultText.State, " V ");
     EXPECT_EQ(resultText.title, " T, p => rho");
 }
@@ -100,7 +102,7 @@ TEST_F(DirectInput, AllFieldsZeroIsNoInput) {
         expect_refused({"", "", "", ""});
         expect_refused({"abc", "x", "-", "0"});
     }
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 0);
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 0);
 }
 
 TEST_F(DirectInput, OneOfTwoValuesEndsInTheResultView) {
@@ -111,34 +113,34 @@ TEST_F(DirectInput, OneOfTwoValuesEndsInTheResultView) {
 
 TEST_F(DirectInput, AVolumeBecomesADensity) {
     ask(1);
-    Zentrale::ChooseVolumeInput(1);
-    const double M = static_cast<double>(Declare::substance.M);
+    calculation::ChooseVolumeInput(1);
+    const double M = static_cast<double>(legacy::the_substance.M);
     use_units(0);
     AcceptInput({"300", "", "5", ""});
-    EXPECT_FLOAT_EQ(Declare::BatchData[0].rhoV, static_cast<float>(M / 5.0));
+    EXPECT_FLOAT_EQ(legacy::the_BatchData[0].rhoV, static_cast<float>(M / 5.0));
     use_units(1);
     AcceptInput({"300", "", "0,1", ""});
-    EXPECT_FLOAT_EQ(Declare::BatchData[0].rhoV, 10.0F) << "specific volume of 0.1 m^3/kg";
+    EXPECT_FLOAT_EQ(legacy::the_BatchData[0].rhoV, 10.0F) << "specific volume of 0.1 m^3/kg";
     use_units(2);
     AcceptInput({"300", "", "2", ""});
-    EXPECT_FLOAT_EQ(Declare::BatchData[0].rhoV,
-                    static_cast<float>(M / (2.0 * Declare::eosParameters.vcritCalc)));
-    Zentrale::ChooseVolumeInput(0);
+    EXPECT_FLOAT_EQ(legacy::the_BatchData[0].rhoV,
+                    static_cast<float>(M / (2.0 * legacy::the_eosParameters.vcritCalc)));
+    calculation::ChooseVolumeInput(0);
     AcceptInput({"300", "", "2", ""});
-    EXPECT_FLOAT_EQ(Declare::BatchData[0].rhoV, 2.0F);
+    EXPECT_FLOAT_EQ(legacy::the_BatchData[0].rhoV, 2.0F);
 }
 
 TEST_F(DirectInput, ANumberTooLargeIsNoInput) {
     ask(1);
     AcceptInput({"300", "", "5", ""});
     expect_refused({"310", "", "1E300", ""});
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 300) << "nothing changes";
-    session.InputSituation = 4;
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 300) << "nothing changes";
+    the_session.InputSituation = 4;
     expect_refused({"1E60", "1E60", "1", "1"});
 }
 
 TEST_F(DirectInput, TakesAReferencePoint) {
-    session.InputSituation = 4;
+    the_session.InputSituation = 4;
     const auto input = DescribeDirectInput();
     EXPECT_EQ(input.title, "Input: Reference Point");
     EXPECT_EQ(input.command, "OK");
@@ -146,50 +148,51 @@ TEST_F(DirectInput, TakesAReferencePoint) {
               (Labels{"        T/K = ", "  p(LV)/kPa = ", "rho_L/kg/m^3= ", "rho_V/kg/m^3= "}));
     expect_refused({"231", "101.3", "0", "2.4"});
     EXPECT_EQ(AcceptInput({"231", "101.3", "581", "2,4"}), InputResult::ReferenceStored);
-    EXPECT_FLOAT_EQ(session.BensonReference.T, 231.0F);
-    EXPECT_FLOAT_EQ(session.BensonReference.p, 101.3F);
-    EXPECT_FLOAT_EQ(session.BensonReference.rhoL, 581.0F);
-    EXPECT_FLOAT_EQ(session.BensonReference.rhoV, 2.4F);
+    EXPECT_FLOAT_EQ(the_session.BensonReference.T, 231.0F);
+    EXPECT_FLOAT_EQ(the_session.BensonReference.p, 101.3F);
+    EXPECT_FLOAT_EQ(the_session.BensonReference.rhoL, 581.0F);
+    EXPECT_FLOAT_EQ(the_session.BensonReference.rhoV, 2.4F);
 }
 
 TEST_F(DirectInput, TakesATankByMassOrAmount) {
-    session.CalcMode = 9;
-    session.InputSituation = 33;
+    the_session.CalcMode = 9;
+    the_session.InputSituation = 33;
     EXPECT_EQ(DescribeDirectInput().title, "Tank Calculation");
     EXPECT_EQ(labels(), (Labels{"      V/m^3   ", "      m/kg    ", "      T/K     ", ""}));
     EXPECT_EQ(labels(true)[1], "      n/kmol  ");
     expect_refused({"1", "", "300", ""});
     EXPECT_EQ(AcceptInput({"1", "100", "300", ""}), InputResult::TankCalculated);
-    const double level = session.tank.level;
+    const double level = the_session.tank.level;
     EXPECT_GT(level, 10.0);
-    EXPECT_GT(session.tank.p, 900.0F);
-    const std::string amount = numbers::General(100.0 / static_cast<double>(Declare::substance.M));
+    EXPECT_GT(the_session.tank.p, 900.0F);
+    const std::string amount =
+        numbers::General(100.0 / static_cast<double>(legacy::the_substance.M));
     EXPECT_EQ(AcceptInput({"1", amount, "300", ""}, true), InputResult::TankCalculated);
-    EXPECT_NEAR(static_cast<double>(session.tank.m), 100.0, 1e-4);
-    EXPECT_NEAR(session.tank.level, level, 1e-4);
-    session.CalcMode = 10;
-    session.GlobalCalculation = false;
+    EXPECT_NEAR(static_cast<double>(the_session.tank.m), 100.0, 1e-4);
+    EXPECT_NEAR(the_session.tank.level, level, 1e-4);
+    the_session.CalcMode = 10;
+    the_session.GlobalCalculation = false;
     EXPECT_EQ(AcceptInput({"1", "100", "400", ""}), InputResult::TankExit);
 }
 
 TEST_F(DirectInput, ZeroMolarMassEndsInTheGuardOfTheCalculation) {
     use_units(1);
-    Declare::substance.M = 0;
+    legacy::the_substance.M = 0;
     ask(1);
     EXPECT_EQ(DescribeDirectInput().fields[2].label, " rho/kg/m^3 = ");
     EXPECT_EQ(AcceptInput({"300", "", "5", ""}), InputResult::Calculated);
     EXPECT_EQ(user.lastText(), "Division by zero");
-    Zentrale::ChooseVolumeInput(1);
+    calculation::ChooseVolumeInput(1);
     EXPECT_EQ(AcceptInput({"300", "", "5", ""}), InputResult::Refused);
 }
 
 TEST_F(DirectInput, CancelClosesInputAndResult) {
-    const Zentrale::Views before = Zentrale::views();
+    const calculation::Views before = calculation::views();
     std::vector<std::string> closed;
-    Zentrale::views().closeParinput = [&] { closed.emplace_back("frmParinput"); };
-    Zentrale::views().closeResultView = [&] { closed.emplace_back("frmCalcOut"); };
-    Zentrale::CancelInput();
-    Zentrale::views() = before;
+    calculation::views().closeParinput = [&] { closed.emplace_back("frmParinput"); };
+    calculation::views().closeResultView = [&] { closed.emplace_back("frmCalcOut"); };
+    calculation::CancelInput();
+    calculation::views() = before;
     EXPECT_EQ(closed, (std::vector<std::string>{"frmParinput", "frmCalcOut"}));
 }
 

@@ -7,12 +7,14 @@
 #include "models/saturation.h"
 #include "models/state_solver.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
-using Zentrale::IsoGiven;
-using Zentrale::IsoSolve;
-using Zentrale::resultText;
+using calculation::IsoGiven;
+using calculation::IsoSolve;
+using calculation::resultText;
+using legacy::the_session;
 
 /// The second state on a line of a constant function.
 class IsoCalculator : public CalcTest {
@@ -23,16 +25,16 @@ class IsoCalculator : public CalcTest {
     }
 
     static double function(std::int16_t index, bool liquid) {
-        return Declare::Fu[Zentrale::IsoPosition(index, liquid)];
+        return legacy::the_Fu[calculation::IsoPosition(index, liquid)];
     }
 };
 
 TEST_F(IsoCalculator, PositionsAndLabelsOfAllFunctions) {
     const char* labels[] = {"V  = ", "H  = ", "S  = ", "G  = ", "U  = ", "A  = ", "E(H)=", "E(U)="};
     for (std::int16_t i = 1; i <= 8; ++i) {
-        EXPECT_EQ(Zentrale::IsoPosition(i, false), 8U + static_cast<std::size_t>(i));
-        EXPECT_EQ(Zentrale::IsoPosition(i, true), 18U + static_cast<std::size_t>(i));
-        EXPECT_STREQ(Zentrale::IsoLabel(i), labels[i - 1]);
+        EXPECT_EQ(calculation::IsoPosition(i, false), 8U + static_cast<std::size_t>(i));
+        EXPECT_EQ(calculation::IsoPosition(i, true), 18U + static_cast<std::size_t>(i));
+        EXPECT_STREQ(calculation::IsoLabel(i), labels[i - 1]);
     }
 }
 
@@ -60,9 +62,9 @@ TEST_F(IsoCalculator, FindsTOrPForEveryFunctionAndPhase) {
                     const auto solution = IsoSolve(given, f, s.liquid, target);
                     ASSERT_FALSE(solution.failed);
                     EXPECT_NEAR(function(f, s.liquid), target, 2e-5 * std::fabs(target) + 1e-4);
-                    EXPECT_DOUBLE_EQ(
-                        given == IsoGiven::T ? Declare::BatchData[0].p : Declare::BatchData[0].T,
-                        solution.x);
+                    EXPECT_DOUBLE_EQ(given == IsoGiven::T ? legacy::the_BatchData[0].p
+                                                          : legacy::the_BatchData[0].T,
+                                     solution.x);
                     EXPECT_FALSE(resultText.Liste.empty()) << "the result view shows the state";
                 }
 }
@@ -71,29 +73,29 @@ TEST_F(IsoCalculator, IsentropicCompressionFollowsTheEquation) {
     use_input({.T = 320, .p = 300});
     calculate(8);
     const double s = function(3, false);
-    Declare::BatchData[0].p = 900;
+    legacy::the_BatchData[0].p = 900;
     const auto solution = IsoSolve(IsoGiven::p, 3, false, s);
     ASSERT_FALSE(solution.failed);
-    const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), solution.x, 900.0);
+    const auto state = models::solve_state_tp(models::CurrentFluid(), solution.x, 900.0);
     const double v = state.nRoots == 3 ? state.v[2] : state.v[0];
-    EXPECT_NEAR(thermo::StateFunctions(solution.x, 900, v).s, s, 1e-4);
+    EXPECT_NEAR(models::StateFunctions(solution.x, 900, v).s, s, 1e-4);
     EXPECT_GT(solution.x, 320);
 }
 
 TEST_F(IsoCalculator, CloseToSaturationItStaysInThePhase) {
     // Isenthalpic throttling of a vapour just above its saturation temperature.
-    const double Tsat = Calc::saturation_temperature(Calc::CurrentFluid(), 900.0).T;
+    const double Tsat = models::saturation_temperature(models::CurrentFluid(), 900.0).T;
     use_input({.T = Tsat + 0.02, .p = 900});
     calculate(8);
     const double h = function(2, false);
     ASSERT_NE(h, 0.0);
-    Declare::BatchData[0].p = 500;
+    legacy::the_BatchData[0].p = 500;
     auto solution = IsoSolve(IsoGiven::p, 2, false, h);
     ASSERT_FALSE(solution.failed);
     EXPECT_NEAR(function(2, false), h, 0.5);
     // And back: the start lies far from the solution, which lies beside the saturation line.
-    Declare::BatchData[0].p = 900;
-    Declare::BatchData[0].T = 400;
+    legacy::the_BatchData[0].p = 900;
+    legacy::the_BatchData[0].T = 400;
     solution = IsoSolve(IsoGiven::p, 2, false, h);
     ASSERT_FALSE(solution.failed);
     EXPECT_NEAR(solution.x, Tsat + 0.02, 0.01);
@@ -102,15 +104,15 @@ TEST_F(IsoCalculator, CloseToSaturationItStaysInThePhase) {
 TEST_F(IsoCalculator, AMissingPhaseHasNoSolution) {
     use_input({.T = 300, .p = 100});
     calculate(8);
-    const auto Fu = Declare::Fu;
-    const std::string text = Zentrale::ResultAsText(resultText);
+    const auto Fu = legacy::the_Fu;
+    const std::string text = calculation::ResultAsText(resultText);
     const auto solution = IsoSolve(IsoGiven::T, 2, true, 0.0);
     EXPECT_TRUE(solution.failed);
     EXPECT_EQ(solution.x, 0.0);
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 300);
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].p, 100);
-    EXPECT_EQ(Declare::Fu, Fu) << "all is as it was";
-    EXPECT_EQ(Zentrale::ResultAsText(resultText), text);
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 300);
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].p, 100);
+    EXPECT_EQ(legacy::the_Fu, Fu) << "all is as it was";
+    EXPECT_EQ(calculation::ResultAsText(resultText), text);
 }
 
 TEST_F(IsoCalculator, AValueThatNoStateHasEndsTheSearch) {
@@ -132,39 +134,39 @@ TEST_F(IsoCalculator, AFunctionThatDoesNotChangeHasNoSlope) {
 }
 
 TEST_F(IsoCalculator, ViewShowsCalculatesAndResets) {
-    session.IsoFunction = 3;
+    the_session.IsoFunction = 3;
     use_input({.T = 320, .p = 300});
     calculate(3);
-    const std::string text = Zentrale::ResultAsText(resultText);
-    auto iso = Zentrale::OpenIsoCalculator();
-    EXPECT_EQ(Zentrale::ResultAsText(resultText), text) << "opening changes nothing";
+    const std::string text = calculation::ResultAsText(resultText);
+    auto iso = calculation::OpenIsoCalculator();
+    EXPECT_EQ(calculation::ResultAsText(resultText), text) << "opening changes nothing";
     EXPECT_EQ(iso.lblFuConst, "S  = ");
     EXPECT_EQ(iso.givenLabel, "p/kPa =");
     EXPECT_EQ(iso.soughtLabel, "T/K =");
     EXPECT_EQ(iso.txtTpVorgabe, "300");
     EXPECT_FALSE(iso.liquid);
-    const auto state = Calc::solve_state_tp(Calc::CurrentFluid(), 320.0, 300.0);
+    const auto state = models::solve_state_tp(models::CurrentFluid(), 320.0, 300.0);
     const double s =
-        thermo::StateFunctions(320, 300, state.nRoots == 3 ? state.v[2] : state.v[0]).s;
+        models::StateFunctions(320, 300, state.nRoots == 3 ? state.v[2] : state.v[0]).s;
     EXPECT_EQ(iso.txtFuConst, numbers::General(static_cast<float>(s)));
 
-    EXPECT_TRUE(Zentrale::CalculateIso(iso, iso.txtFuConst, "600"));
+    EXPECT_TRUE(calculation::CalculateIso(iso, iso.txtFuConst, "600"));
     EXPECT_NEAR(numbers::Val(iso.txtTpCalc), iso.lastT, 1e-3);
     EXPECT_DOUBLE_EQ(iso.lastP, 600);
     const double T = iso.lastT;
-    EXPECT_FALSE(Zentrale::CalculateIso(iso, "1E12", "700"));
+    EXPECT_FALSE(calculation::CalculateIso(iso, "1E12", "700"));
     EXPECT_EQ(iso.txtTpCalc, "No solution found");
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].p, 600);
-    Zentrale::ResetIso(iso);
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].p, 600);
+    calculation::ResetIso(iso);
     EXPECT_EQ(iso.txtTpVorgabe, "600");
     EXPECT_EQ(iso.txtTpCalc, numbers::General(static_cast<float>(T)));
 
-    Zentrale::ChooseIsoGiven(iso, IsoGiven::T);
+    calculation::ChooseIsoGiven(iso, IsoGiven::T);
     EXPECT_EQ(iso.givenLabel, "  T/K =");
     EXPECT_EQ(iso.soughtLabel, "p/kPa = ");
-    EXPECT_EQ(session.IsoTp, 1);
-    Zentrale::ChooseIsoFunction(iso, 2);
-    EXPECT_EQ(session.IsoFunction, 2);
+    EXPECT_EQ(the_session.IsoTp, 1);
+    calculation::ChooseIsoFunction(iso, 2);
+    EXPECT_EQ(the_session.IsoFunction, 2);
     EXPECT_EQ(iso.lblFuConst, "H  = ");
     EXPECT_EQ(iso.txtFuConst, numbers::General(static_cast<float>(function(2, false))));
     EXPECT_EQ(user.pointer.size() % 2, 0U) << "the busy pointer ends";
@@ -172,9 +174,9 @@ TEST_F(IsoCalculator, ViewShowsCalculatesAndResets) {
 
 TEST_F(IsoCalculator, ResetWithoutAStateHasNoSolution) {
     use_input({.T = 320, .p = 300});
-    auto iso = Zentrale::OpenIsoCalculator();
+    auto iso = calculation::OpenIsoCalculator();
     iso.lastT = iso.lastP = 0;
-    Zentrale::ResetIso(iso);
+    calculation::ResetIso(iso);
     EXPECT_EQ(iso.txtTpCalc, "No solution");
 }
 

@@ -8,11 +8,13 @@
 #include "models/saturation.h"
 #include "models/state_solver.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::BatchDataSet;
-using Declare::session;
-using Zentrale::resultText;
+using calculation::BatchDataSet;
+using calculation::resultText;
+using legacy::the_session;
 
 constexpr std::int16_t kCubic[] = {2, 3, 4, 5, 6};
 constexpr std::int16_t kVapourOnly[] = {0, 10, 11, 12, 13, 14, 15, 16};
@@ -22,20 +24,20 @@ class Modes : public CalcTest {
   protected:
     Modes() { use_fluid(); }
 
-    static double Tc() { return Declare::substance.Tcrit; }
-    static double pc() { return Declare::substance.pcrit; }
-    static double M() { return static_cast<double>(Declare::substance.M); }
+    static double Tc() { return legacy::the_substance.Tcrit; }
+    static double pc() { return legacy::the_substance.pcrit; }
+    static double M() { return static_cast<double>(legacy::the_substance.M); }
 
     /// Calculates once as direct input and once as an experimental data set.
     void expect_text(std::int16_t mode, const BatchDataSet& input) {
         for (const bool batch : {false, true}) {
             SCOPED_TRACE(testing::Message()
-                         << "mode " << mode << " eos " << Declare::models.EOSModel << " units "
-                         << session.UnitMode << " T " << input.T << " p " << input.p << " rho "
+                         << "mode " << mode << " eos " << legacy::the_models.EOSModel << " units "
+                         << the_session.UnitMode << " T " << input.T << " p " << input.p << " rho "
                          << input.rhoV << " batch " << batch);
             use_input(input, batch);
             const expected::Result e = expected::Of(mode, input);
-            const Zentrale::CalcCall call = calculate(mode);
+            const calculation::CalcCall call = calculate(mode);
             EXPECT_EQ(resultText.par1.text, e.par1);
             EXPECT_EQ(resultText.par2.text, e.par2);
             EXPECT_EQ(resultText.co1.text, e.co1);
@@ -44,7 +46,7 @@ class Modes : public CalcTest {
             EXPECT_EQ(call.Failed, e.failed);
             EXPECT_EQ(lines(), e.list);
             for (std::size_t i = 0; i < e.Fu.size(); ++i)
-                EXPECT_NEAR(Declare::Fu[i], e.Fu[i], 1e-9 * std::fabs(e.Fu[i])) << "Fu " << i;
+                EXPECT_NEAR(legacy::the_Fu[i], e.Fu[i], 1e-9 * std::fabs(e.Fu[i])) << "Fu " << i;
             EXPECT_TRUE(user.messages.empty()) << user.lastText();
             ++compared;
         }
@@ -69,7 +71,7 @@ TEST_F(Modes, PressureFromTAndDensityOfCubicModels) {
         use_models({.eos = eos});
         for_all_units([&] {
             for (const double Tr : {0.6, 0.86, 0.97}) {
-                const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), Tr * Tc());
+                const auto sat = models::saturation_pressure(models::CurrentFluid(), Tr * Tc());
                 ASSERT_EQ(sat.status, 0);
                 for (const double v : {1.7 * sat.v[2], 0.4 * sat.v[0] + 0.6 * sat.v[2],
                                        0.9 * sat.v[0] + 0.1 * sat.v[2], 0.995 * sat.v[0]}) {
@@ -101,10 +103,10 @@ TEST_F(Modes, StateAtTAndP) {
         for_all_units([&] {
             expect_text(3, given(0.6 * Tc(), 1.0));
             expect_text(3, given(0.8 * Tc(), 0.005));
-            if (!Declare::models.EOSOnlyV) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
+            if (!legacy::the_models.EOSOnlyV) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
             expect_text(3, given(1.2 * Tc(), 0.5 * pc()));
-            if (Calc::IsCubicEOS(eos)) expect_text(3, given(0.7 * Tc(), 2 * pc()));
-            if (Calc::IsCubicEOS(eos)) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
+            if (models::IsCubicEOS(eos)) expect_text(3, given(0.7 * Tc(), 2 * pc()));
+            if (models::IsCubicEOS(eos)) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
         });
     }
 }
@@ -116,8 +118,8 @@ TEST_F(Modes, TemperatureAtPAndDensity) {
         for_all_units([&] {
             expect_text(13, given(0, 300, 3.0));
             expect_text(13, given(0, 900, 8.0));
-            if (Calc::IsCubicEOS(eos)) expect_text(13, given(0, 1500, 120.0));
-            if (Calc::IsCubicEOS(eos)) expect_text(13, given(0, 6000, 150.0));
+            if (models::IsCubicEOS(eos)) expect_text(13, given(0, 1500, 120.0));
+            if (models::IsCubicEOS(eos)) expect_text(13, given(0, 6000, 150.0));
         });
     }
 }
@@ -143,17 +145,17 @@ TEST_F(Modes, EquilibriumOfTheVapourPressureEquation) {
 }
 
 TEST_F(Modes, PartialEquilibrium) {
-    session.GlobalCalculation = false;
+    the_session.GlobalCalculation = false;
     // Parameters of a rational equation for the saturated liquid of about propane's density.
-    Declare::substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
-    Declare::substance.rhoLTLo = 150;
-    Declare::substance.rhoLTHi = 360;
+    legacy::the_substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    legacy::the_substance.rhoLTLo = 150;
+    legacy::the_substance.rhoLTHi = 360;
     for (const std::int16_t eos : {kCubic[0], kCubic[4], kVapourOnly[0], kVapourOnly[7]}) {
         use_models({.eos = eos});
         use_benson_reference();
-        ASSERT_TRUE(session.BensonReferenceValid);
+        ASSERT_TRUE(the_session.BensonReferenceValid);
         for (const bool benson : {true, false}) {
-            session.LiquidByBenson = benson;
+            the_session.LiquidByBenson = benson;
             for_all_units([&] {
                 for (const double T : {200.0, 280.0, 330.0}) expect_text(4, given(T, 0));
                 for (const double p : {50.0, 800.0}) expect_text(5, given(0, p));
@@ -163,9 +165,9 @@ TEST_F(Modes, PartialEquilibrium) {
 }
 
 TEST_F(Modes, EnthalpyOfVaporisationByAllMethods) {
-    Declare::substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
-    Declare::substance.rhoLTLo = 150;
-    Declare::substance.rhoLTHi = 360;
+    legacy::the_substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    legacy::the_substance.rhoLTLo = 150;
+    legacy::the_substance.rhoLTHi = 360;
     for (const std::int16_t eos : {kCubic[4], kVapourOnly[7]})
         for (std::int16_t method = 1; method <= 7; ++method) {
             if (method == 7 && eos == kVapourOnly[7]) continue;
@@ -186,8 +188,8 @@ TEST_F(Modes, CaloricFunctions) {
             for_all_units([&] {
                 expect_text(8, given(0.75 * Tc(), 100));
                 expect_text(8, given(1.2 * Tc(), 2000));
-                if (Calc::IsCubicEOS(eos)) expect_text(8, given(0.75 * Tc(), 3000));
-                if (Calc::IsCubicEOS(eos)) expect_text(8, given(1.05 * Tc(), 6000));
+                if (models::IsCubicEOS(eos)) expect_text(8, given(0.75 * Tc(), 3000));
+                if (models::IsCubicEOS(eos)) expect_text(8, given(1.05 * Tc(), 6000));
             });
         }
 }
@@ -212,7 +214,7 @@ TEST_F(Modes, TellTheSameWithADecimalComma) {
             expect_text(3, given(320, 300.5));
             expect_text(8, given(320, 300.5));
             expect_text(13, given(0, 300.5, 4.75));
-            if (Calc::IsCubicEOS(eos)) expect_text(4, given(320.25, 0));
+            if (models::IsCubicEOS(eos)) expect_text(4, given(320.25, 0));
             expect_text(11, given(320.25, 0));
         });
     }
@@ -222,7 +224,7 @@ TEST_F(Modes, OtherFluidsAndTheirOwnModels) {
     for (const char* name : {"Water", "Carbon dioxide", "Ammonia", "Nitrogen"}) {
         use_fluid(name);
         use_models(
-            {.eos = 6, .cp = Declare::substance.hasCpSinh ? std::int16_t{2} : std::int16_t{1}});
+            {.eos = 6, .cp = legacy::the_substance.hasCpSinh ? std::int16_t{2} : std::int16_t{1}});
         for_all_units([&] {
             expect_text(4, given(0.85 * Tc(), 0));
             expect_text(3, given(0.9 * Tc(), 0.1 * pc()));

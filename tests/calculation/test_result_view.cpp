@@ -10,11 +10,13 @@
 #include "common/numbers.h"
 #include "common/text.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
-using Zentrale::resultText;
-using Zentrale::ResultView;
+using calculation::resultText;
+using calculation::ResultView;
+using legacy::the_session;
 
 std::string content_of(const std::filesystem::path& path) {
     std::ifstream in(path, std::ios::binary);
@@ -29,16 +31,16 @@ class ResultViewTest : public CalcTest {
         use_models({});
     }
 
-    static void use_sets(const std::vector<Declare::BatchDataSet>& sets) {
-        session.BatchMode = true;
-        session.BatchCount = static_cast<std::int16_t>(sets.size());
-        Declare::BatchData.assign(1, {});
-        Declare::BatchData.insert(Declare::BatchData.end(), sets.begin(), sets.end());
+    static void use_sets(const std::vector<calculation::BatchDataSet>& sets) {
+        the_session.BatchMode = true;
+        the_session.BatchCount = static_cast<std::int16_t>(sets.size());
+        legacy::the_BatchData.assign(1, {});
+        legacy::the_BatchData.insert(legacy::the_BatchData.end(), sets.begin(), sets.end());
     }
 
     static ResultView open(std::int16_t mode) {
-        session.CalcMode = mode;
-        return Zentrale::OpenResultView();
+        the_session.CalcMode = mode;
+        return calculation::OpenResultView();
     }
 };
 
@@ -56,14 +58,14 @@ TEST_F(ResultViewTest, TitlesNameTheCalculation) {
         {12, "Polytropic process"},
         {11, "Comparison of Virial Coefficients"}};
     for (const auto& [mode, title] : titles) {
-        EXPECT_EQ(Zentrale::ModeTitle(static_cast<std::int16_t>(mode)), title);
-        EXPECT_EQ(Zentrale::ResultCaption(static_cast<std::int16_t>(mode)),
+        EXPECT_EQ(calculation::ModeTitle(static_cast<std::int16_t>(mode)), title);
+        EXPECT_EQ(calculation::ResultCaption(static_cast<std::int16_t>(mode)),
                   std::string("Result of the Calculation: ") + title);
     }
-    EXPECT_EQ(Zentrale::ResultCaption(9), "Phases and Pressure in a Tank (global calculation)");
-    session.GlobalCalculation = false;
-    EXPECT_EQ(Zentrale::ModeTitle(4), " T => p(LV) (partial calculation)");
-    EXPECT_EQ(Zentrale::ResultCaption(10),
+    EXPECT_EQ(calculation::ResultCaption(9), "Phases and Pressure in a Tank (global calculation)");
+    the_session.GlobalCalculation = false;
+    EXPECT_EQ(calculation::ModeTitle(4), " T => p(LV) (partial calculation)");
+    EXPECT_EQ(calculation::ResultCaption(10),
               "Phases and Pressure in a Tank (partial calculation, rho_L  by BENSON's method)");
 }
 
@@ -74,13 +76,13 @@ TEST_F(ResultViewTest, DirectModeOpensEmptyAndHidesTheStepping) {
     EXPECT_EQ(view.okCaption, "Close");
     EXPECT_FALSE(view.stepVisible || view.resultOutputVisible);
     EXPECT_TRUE(view.protocolVisible && view.extendedVisible && view.extendedEnabled);
-    EXPECT_EQ(session.OutputPage, 1);
+    EXPECT_EQ(the_session.OutputPage, 1);
     EXPECT_EQ(resultText.par1.text, "no T in this data set");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(ResultViewTest, PanelsFollowTheMode) {
-    session.BatchMode = true;
+    the_session.BatchMode = true;
     const struct {
         std::int16_t mode;
         bool output, protocol, extended;
@@ -95,141 +97,141 @@ TEST_F(ResultViewTest, PanelsFollowTheMode) {
         EXPECT_EQ(view.extendedVisible, c.extended);
     }
     EXPECT_TRUE(open(12).wide);
-    session.GlobalCalculation = false;
+    the_session.GlobalCalculation = false;
     EXPECT_FALSE(open(4).extendedEnabled);
     EXPECT_TRUE(open(3).extendedEnabled);
 }
 
 TEST_F(ResultViewTest, OpensOnTheFirstActiveDataSet) {
     use_sets({{-1, 290, 100}, {0, 300, 100}, {0, 310, 100}});
-    Declare::ResultRecords.assign(9, {});
+    legacy::the_ResultRecords.assign(9, {});
     ResultView view = open(3);
-    EXPECT_EQ(session.DataSetIndex, 2);
+    EXPECT_EQ(the_session.DataSetIndex, 2);
     EXPECT_EQ(view.inputCaption, " Specification value from set #2");
     EXPECT_EQ(view.okCaption, "=>Load");
     EXPECT_TRUE(view.stepVisible && view.resultOutputVisible);
-    EXPECT_EQ(Declare::ResultRecords.size(), 4U);
+    EXPECT_EQ(legacy::the_ResultRecords.size(), 4U);
     EXPECT_EQ(resultText.par1.text, "T = 300.000 K");
-    EXPECT_EQ(Declare::ResultRecords[2].State, " V ");
-    EXPECT_EQ(Declare::ResultRecords[1].State, "   ");
+    EXPECT_EQ(legacy::the_ResultRecords[2].State, " V ");
+    EXPECT_EQ(legacy::the_ResultRecords[1].State, "   ");
 }
 
 TEST_F(ResultViewTest, StepsOverInactiveSetsAndBeepsAtTheEnds) {
     use_sets({{0, 290, 100}, {-1, 300, 100}, {0, 310, 100}, {-1, 320, 100}});
     ResultView view = open(3);
-    EXPECT_EQ(session.DataSetIndex, 1);
-    Zentrale::StepForward(view);
-    EXPECT_EQ(session.DataSetIndex, 3);
+    EXPECT_EQ(the_session.DataSetIndex, 1);
+    calculation::StepForward(view);
+    EXPECT_EQ(the_session.DataSetIndex, 3);
     EXPECT_EQ(view.inputCaption, " Specification value from set #3");
     EXPECT_EQ(resultText.par1.text, "T = 310.000 K");
     EXPECT_EQ(user.beeps, 0);
-    Zentrale::StepForward(view);
+    calculation::StepForward(view);
     EXPECT_EQ(user.beeps, 1);
-    EXPECT_EQ(session.DataSetIndex, 3);
+    EXPECT_EQ(the_session.DataSetIndex, 3);
     EXPECT_EQ(resultText.par1.text, "T = 310.000 K") << "calculates the same set again";
-    Zentrale::StepBackward(view);
-    EXPECT_EQ(session.DataSetIndex, 1);
-    Zentrale::StepBackward(view);
+    calculation::StepBackward(view);
+    EXPECT_EQ(the_session.DataSetIndex, 1);
+    calculation::StepBackward(view);
     EXPECT_EQ(user.beeps, 2);
-    EXPECT_EQ(session.DataSetIndex, 1);
+    EXPECT_EQ(the_session.DataSetIndex, 1);
 }
 
 TEST_F(ResultViewTest, BatchModeWithoutDataHasNoT) {
     use_sets({});
     open(3);
-    EXPECT_EQ(session.DataSetIndex, 1);
+    EXPECT_EQ(the_session.DataSetIndex, 1);
     EXPECT_EQ(resultText.par1.text, "no T in this data set");
 }
 
 TEST_F(ResultViewTest, PagesFollowTheCheckBoxes) {
     use_sets({{0, 300, 500}});
     ResultView view = open(3);
-    Zentrale::SetExtendedPages(view, true, false);
-    EXPECT_EQ(session.OutputPage, 2);
+    calculation::SetExtendedPages(view, true, false);
+    EXPECT_EQ(the_session.OutputPage, 2);
     EXPECT_TRUE(view.funcPrintEnabled);
     EXPECT_TRUE(has_line("Residual Functions:"));
-    Zentrale::SetExtendedPages(view, false, true);
-    EXPECT_EQ(session.OutputPage, 3);
+    calculation::SetExtendedPages(view, false, true);
+    EXPECT_EQ(the_session.OutputPage, 3);
     EXPECT_FALSE(has_line("Residual Functions:"));
-    Zentrale::SetExtendedPages(view, true, true);
-    EXPECT_EQ(session.OutputPage, 4);
-    Zentrale::SetExtendedPages(view, false, false);
-    EXPECT_EQ(session.OutputPage, 1);
+    calculation::SetExtendedPages(view, true, true);
+    EXPECT_EQ(the_session.OutputPage, 4);
+    calculation::SetExtendedPages(view, false, false);
+    EXPECT_EQ(the_session.OutputPage, 1);
     EXPECT_FALSE(view.funcPrintEnabled);
-    Zentrale::SetEquilibriumFunctions(view, true);
+    calculation::SetEquilibriumFunctions(view, true);
     EXPECT_TRUE(has_line("                               thermodynamic Fu(T)"));
-    Zentrale::SetEquilibriumFunctions(view, false);
+    calculation::SetEquilibriumFunctions(view, false);
     EXPECT_FALSE(has_line("                               thermodynamic Fu(T)"));
     view = open(8);
-    Zentrale::SetExtendedPages(view, true, false);
+    calculation::SetExtendedPages(view, true, false);
     EXPECT_FALSE(view.funcPrintEnabled) << "only for modes below 6";
 }
 
 TEST_F(ResultViewTest, RefusedTankLeavesTheViewEmpty) {
-    session.tank = {1.0F, 100.0F, 400.0F, 0, 0};
-    session.GlobalCalculation = false;
+    the_session.tank = {1.0F, 100.0F, 400.0F, 0, 0};
+    the_session.GlobalCalculation = false;
     EXPECT_TRUE(open(10).empty);
 }
 
 TEST_F(ResultViewTest, SeparatorShowsAndSets) {
     const std::pair<char, int> entries[] = {{';', 0}, {',', 1}, {'\t', 2}, {'|', 0}};
     for (const auto& [separator, index] : entries) {
-        session.CsvSeparator = separator;
+        the_session.CsvSeparator = separator;
         EXPECT_EQ(open(3).separatorIndex, index);
     }
-    Zentrale::ChooseSeparator(2);
-    EXPECT_EQ(session.CsvSeparator, '\t');
-    Zentrale::ChooseSeparator(1);
-    EXPECT_EQ(session.CsvSeparator, ',');
-    Zentrale::ChooseSeparator(0);
-    EXPECT_EQ(session.CsvSeparator, ';');
+    calculation::ChooseSeparator(2);
+    EXPECT_EQ(the_session.CsvSeparator, '\t');
+    calculation::ChooseSeparator(1);
+    EXPECT_EQ(the_session.CsvSeparator, ',');
+    calculation::ChooseSeparator(0);
+    EXPECT_EQ(the_session.CsvSeparator, ';');
 }
 
 TEST_F(ResultViewTest, LoadWritesAListAndClosesTheViews) {
-    const Zentrale::Views before = Zentrale::views();
+    const calculation::Views before = calculation::views();
     int closed = 0;
-    Zentrale::views().closeResultView = [&] { ++closed; };
-    Zentrale::views().closeParinput = [&] { ++closed; };
+    calculation::views().closeResultView = [&] { ++closed; };
+    calculation::views().closeParinput = [&] { ++closed; };
     use_sets({{0, 300, 500, 11.0F}});
     const ResultView view = open(3);
     user.fileAnswers = {std::nullopt, (folder() / "list").string()};
-    EXPECT_FALSE(Zentrale::FinishResultView(view, Zentrale::ListTarget::File, false));
+    EXPECT_FALSE(calculation::FinishResultView(view, calculation::ListTarget::File, false));
     EXPECT_EQ(closed, 0) << "a cancel leaves the view open";
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_EQ(user.files[0].title, "Save QUOR result list as ...");
     EXPECT_EQ(user.files[0].filter, "Result file (*.LST)|*.LST");
     EXPECT_EQ(user.files[0].defaultExtension, ".LST");
     EXPECT_TRUE(user.files[0].save && user.files[0].overwritePrompt);
-    EXPECT_TRUE(Zentrale::FinishResultView(view, Zentrale::ListTarget::File, false));
+    EXPECT_TRUE(calculation::FinishResultView(view, calculation::ListTarget::File, false));
     EXPECT_EQ(closed, 2);
     EXPECT_EQ(content_of(folder() / "list.LST").substr(0, 29), "QUOR Results of Calculation\r\n");
-    EXPECT_TRUE(Zentrale::FinishResultView(view, Zentrale::ListTarget::Printer, false));
+    EXPECT_TRUE(calculation::FinishResultView(view, calculation::ListTarget::Printer, false));
     ASSERT_EQ(user.prints.size(), 1U);
     EXPECT_EQ(user.prints[0].font, "COURIER");
     EXPECT_EQ(user.prints[0].text.substr(0, 29), "QUOR: Results of Calculation\n");
-    EXPECT_TRUE(Zentrale::FinishResultView(view, Zentrale::ListTarget::None, false));
-    Zentrale::views() = before;
+    EXPECT_TRUE(calculation::FinishResultView(view, calculation::ListTarget::None, false));
+    calculation::views() = before;
 }
 
 TEST_F(ResultViewTest, UnwritableListTellsAndLeavesTheViewOpen) {
     use_sets({{0, 300, 500}});
     const ResultView view = open(3);
     user.fileAnswers = {(folder() / "no" / "such" / "folder.LST").string()};
-    EXPECT_FALSE(Zentrale::FinishResultView(view, Zentrale::ListTarget::File, false));
+    EXPECT_FALSE(calculation::FinishResultView(view, calculation::ListTarget::File, false));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_NE(user.lastText().find("folder.LST"), std::string::npos);
 }
 
 TEST_F(ResultViewTest, IsoCalculatorNeedsTAndP) {
-    EXPECT_FALSE(Zentrale::PrepareIsoCalculator("", "0"));
+    EXPECT_FALSE(calculation::PrepareIsoCalculator("", "0"));
     EXPECT_EQ(user.lastText(), "not yet a T|p value available!");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_TRUE(Zentrale::PrepareIsoCalculator("300", "500,5"));
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].p, 500.5);
+    EXPECT_TRUE(calculation::PrepareIsoCalculator("300", "500,5"));
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].p, 500.5);
     use_sets({{0, 310, 700}});
-    session.DataSetIndex = 1;
-    EXPECT_TRUE(Zentrale::PrepareIsoCalculator("", ""));
-    EXPECT_DOUBLE_EQ(Declare::BatchData[0].T, 310);
+    the_session.DataSetIndex = 1;
+    EXPECT_TRUE(calculation::PrepareIsoCalculator("", ""));
+    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 310);
 }
 
 // ---- Protocol ---------------------------------------------------------------------------------
@@ -237,22 +239,22 @@ TEST_F(ResultViewTest, IsoCalculatorNeedsTAndP) {
 class Protocol : public ResultViewTest {
   protected:
     std::vector<std::string> file_lines() {
-        return text::Lines(content_of(folder() / session.ProtocolFile));
+        return text::Lines(content_of(folder() / the_session.ProtocolFile));
     }
     void write_state(double T, double p) {
         use_input({.T = T, .p = p});
         calculate(3);
-        Zentrale::AddToProtocol();
+        calculation::AddToProtocol();
     }
 };
 
 TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
-    EXPECT_EQ(session.ProtocolFile, "26151101.CSV");
+    EXPECT_EQ(the_session.ProtocolFile, "26151101.CSV");
     write_state(300, 100);
     write_state(310.5, 200);
-    EXPECT_EQ(session.ProtocolOpen, 2);
-    EXPECT_TRUE(session.ProtocolPending);
-    ASSERT_TRUE(Zentrale::WriteProtocol());
+    EXPECT_EQ(the_session.ProtocolOpen, 2);
+    EXPECT_TRUE(the_session.ProtocolPending);
+    ASSERT_TRUE(calculation::WriteProtocol());
     const std::string bytes = content_of(folder() / "26151101.CSV");
     EXPECT_NE(bytes.find("\r\n"), std::string::npos);
     const auto rows = file_lines();
@@ -273,16 +275,16 @@ TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
     };
     use_input({.T = 300, .p = 100});
     calculate(3);
-    EXPECT_EQ(rows[7], "300;100;" + general(Declare::Fu[9]) + ";");
+    EXPECT_EQ(rows[7], "300;100;" + general(legacy::the_Fu[9]) + ";");
     use_input({.T = 310.5, .p = 200});
     calculate(3);
-    EXPECT_EQ(rows[8], "310.5;200;" + general(Declare::Fu[9]) + ";");
+    EXPECT_EQ(rows[8], "310.5;200;" + general(legacy::the_Fu[9]) + ";");
 }
 
 TEST_F(Protocol, NamesStandForTheirIndices) {
-    for (std::size_t i = 0; i < 42; ++i) Declare::Fu[i] = static_cast<double>(i + 1);
-    Zentrale::AddToProtocol();
-    ASSERT_TRUE(Zentrale::WriteProtocol());
+    for (std::size_t i = 0; i < 42; ++i) legacy::the_Fu[i] = static_cast<double>(i + 1);
+    calculation::AddToProtocol();
+    ASSERT_TRUE(calculation::WriteProtocol());
     const auto rows = file_lines();
     const auto names = text::Split(rows[7], ';');
     ASSERT_EQ(names.size(), 43U);
@@ -301,8 +303,8 @@ TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
     use_input({.T = 300, .p = 100});
     use_units(1);
     calculate(8);
-    Zentrale::AddToProtocol();
-    ASSERT_TRUE(Zentrale::WriteProtocol());
+    calculation::AddToProtocol();
+    ASSERT_TRUE(calculation::WriteProtocol());
     const auto rows = file_lines();
     EXPECT_EQ(rows[3], "units: [T] = K   [p] = kPa   [B] = m^3/kmol    [v] = m^3/kg");
     EXPECT_EQ(rows[4], "specific SI-units for function z: [z] = kJ/kg or kJ/(kg K)");
@@ -317,8 +319,8 @@ TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
 
 TEST_F(Protocol, DecimalCommaWithCommaWarnsInGermanAndGoesOn) {
     numbers::set_decimal_mark(',');
-    session.DecimalComma = true;
-    Zentrale::ChooseSeparator(1);
+    the_session.DecimalComma = true;
+    calculation::ChooseSeparator(1);
     write_state(310.5, 200);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
@@ -326,63 +328,63 @@ TEST_F(Protocol, DecimalCommaWithCommaWarnsInGermanAndGoesOn) {
               "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
               "ist nicht mehr Excel-kompatibel.\nsemicolon recommended");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    ASSERT_TRUE(Zentrale::WriteProtocol());
+    ASSERT_TRUE(calculation::WriteProtocol());
     EXPECT_EQ(file_lines()[7].substr(0, 10), "310,5,200,");
     user.messages.clear();
-    Zentrale::ChooseSeparator(0);
+    calculation::ChooseSeparator(0);
     write_state(310.5, 200);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Protocol, OpenNewCopiesTheFileAndTakesANewName) {
     write_state(300, 100);
-    ASSERT_TRUE(Zentrale::OpenNewProtocol());
-    EXPECT_EQ(session.ProtocolFile, "26151102.CSV");
-    EXPECT_EQ(Zentrale::ProtocolFileTitle(), "26151102.CSV");
-    EXPECT_FALSE(session.ProtocolPending);
-    EXPECT_EQ(session.ProtocolOpen, 0);
-    EXPECT_TRUE(Declare::protocol.empty());
+    ASSERT_TRUE(calculation::OpenNewProtocol());
+    EXPECT_EQ(the_session.ProtocolFile, "26151102.CSV");
+    EXPECT_EQ(calculation::ProtocolFileTitle(), "26151102.CSV");
+    EXPECT_FALSE(the_session.ProtocolPending);
+    EXPECT_EQ(the_session.ProtocolOpen, 0);
+    EXPECT_TRUE(legacy::the_protocol.empty());
     EXPECT_NE(user.clipboard.find("\r\nT\tp\tv(V)\t\r\n300\t100\t"), std::string::npos);
     write_state(301, 100);
-    ASSERT_TRUE(Zentrale::OpenNewProtocol());
+    ASSERT_TRUE(calculation::OpenNewProtocol());
     EXPECT_EQ(user.clipboard.find("\r\n300\t"), std::string::npos) << "a new file starts empty";
 }
 
 TEST_F(Protocol, EmptyFileIsDeleted) {
-    std::ofstream(folder() / session.ProtocolFile).flush();
-    const std::string name = session.ProtocolFile;
-    ASSERT_TRUE(Zentrale::OpenNewProtocol());
+    std::ofstream(folder() / the_session.ProtocolFile).flush();
+    const std::string name = the_session.ProtocolFile;
+    ASSERT_TRUE(calculation::OpenNewProtocol());
     EXPECT_FALSE(std::filesystem::exists(folder() / name));
     EXPECT_TRUE(user.clipboard.empty());
-    std::ofstream(folder() / session.ProtocolFile).flush();
-    Zentrale::CloseProtocol();
-    EXPECT_FALSE(std::filesystem::exists(folder() / session.ProtocolFile));
+    std::ofstream(folder() / the_session.ProtocolFile).flush();
+    calculation::CloseProtocol();
+    EXPECT_FALSE(std::filesystem::exists(folder() / the_session.ProtocolFile));
 }
 
 TEST_F(Protocol, ExitWritesWhatIsPending) {
     write_state(300, 100);
-    Zentrale::CloseProtocol();
-    EXPECT_FALSE(session.ProtocolPending);
+    calculation::CloseProtocol();
+    EXPECT_FALSE(the_session.ProtocolPending);
     EXPECT_EQ(file_lines()[6], "T;p;v(V);");
 }
 
 TEST_F(Protocol, WriteProtectedFileLosesNothing) {
     namespace fs = std::filesystem;
     write_state(300, 100);
-    const fs::path file = folder() / session.ProtocolFile;
+    const fs::path file = folder() / the_session.ProtocolFile;
     std::ofstream(file) << "old";
     fs::permissions(file, fs::perms::owner_read);
-    EXPECT_FALSE(Zentrale::OpenNewProtocol());
+    EXPECT_FALSE(calculation::OpenNewProtocol());
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_NE(user.lastText().find("26151101.CSV could not be written"), std::string::npos);
-    EXPECT_TRUE(session.ProtocolPending);
-    EXPECT_EQ(Declare::protocol.size(), 1U);
-    EXPECT_EQ(session.ProtocolFile, "26151101.CSV");
+    EXPECT_TRUE(the_session.ProtocolPending);
+    EXPECT_EQ(legacy::the_protocol.size(), 1U);
+    EXPECT_EQ(the_session.ProtocolFile, "26151101.CSV");
     EXPECT_EQ(content_of(file), "old");
-    Zentrale::CloseProtocol();
-    EXPECT_TRUE(session.ProtocolPending);
+    calculation::CloseProtocol();
+    EXPECT_TRUE(the_session.ProtocolPending);
     fs::permissions(file, fs::perms::owner_all);
-    EXPECT_TRUE(Zentrale::OpenNewProtocol());
+    EXPECT_TRUE(calculation::OpenNewProtocol());
     EXPECT_NE(user.clipboard.find("300\t100"), std::string::npos);
 }
 
@@ -390,31 +392,31 @@ TEST_F(Protocol, FolderThatTakesNoFileLosesNothing) {
     namespace fs = std::filesystem;
     write_state(300, 100);
     // A folder stands where the new content would be written beside the old one.
-    const fs::path obstacle = folder() / (session.ProtocolFile + ".part");
+    const fs::path obstacle = folder() / (the_session.ProtocolFile + ".part");
     fs::create_directory(obstacle);
-    EXPECT_FALSE(Zentrale::OpenNewProtocol());
-    EXPECT_TRUE(session.ProtocolPending);
-    EXPECT_EQ(Declare::protocol.size(), 1U);
-    EXPECT_FALSE(fs::exists(folder() / session.ProtocolFile));
+    EXPECT_FALSE(calculation::OpenNewProtocol());
+    EXPECT_TRUE(the_session.ProtocolPending);
+    EXPECT_EQ(legacy::the_protocol.size(), 1U);
+    EXPECT_FALSE(fs::exists(folder() / the_session.ProtocolFile));
     fs::remove(obstacle);
-    EXPECT_TRUE(Zentrale::OpenNewProtocol());
+    EXPECT_TRUE(calculation::OpenNewProtocol());
 }
 
 TEST_F(Protocol, UnwritablePathLosesNothing) {
     write_state(300, 100);
-    session.ProtocolFile = (folder() / "gone" / "a.CSV").string();
-    EXPECT_FALSE(Zentrale::OpenNewProtocol());
-    EXPECT_TRUE(session.ProtocolPending);
-    EXPECT_EQ(Declare::protocol.size(), 1U);
-    session.ProtocolFile = "26151101.CSV";
-    EXPECT_TRUE(Zentrale::OpenNewProtocol());
+    the_session.ProtocolFile = (folder() / "gone" / "a.CSV").string();
+    EXPECT_FALSE(calculation::OpenNewProtocol());
+    EXPECT_TRUE(the_session.ProtocolPending);
+    EXPECT_EQ(legacy::the_protocol.size(), 1U);
+    the_session.ProtocolFile = "26151101.CSV";
+    EXPECT_TRUE(calculation::OpenNewProtocol());
 }
 
 TEST_F(Protocol, AValueBeyond32BitsIsRefused) {
-    Declare::Fu[5] = 1e300;
-    Zentrale::AddToProtocol();
+    legacy::the_Fu[5] = 1e300;
+    calculation::AddToProtocol();
     EXPECT_EQ(user.lastText(), "Overflow");
-    EXPECT_FALSE(session.ProtocolPending);
+    EXPECT_FALSE(the_session.ProtocolPending);
 }
 
 }  // namespace

@@ -10,13 +10,15 @@
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
+using calculation::resultText;
 using expected::between;
 using expected::fix;
 using expected::row;
-using Zentrale::resultText;
+using legacy::the_session;
 
 constexpr auto kVolume = "Volume                   V/m^3  = ";
 constexpr auto kMass = "Mass                      m/kg  = ";
@@ -30,13 +32,14 @@ class Tank : public CalcTest {
         use_models({});
     }
 
-    static double M() { return static_cast<double>(Declare::substance.M); }
+    static double M() { return static_cast<double>(legacy::the_substance.M); }
 
     static std::string fill(std::int16_t mode, double V, double m, double T) {
-        session.CalcMode = mode;
-        session.GlobalCalculation = mode == 9;
-        session.tank = {static_cast<float>(V), static_cast<float>(m), static_cast<float>(T), 0, 0};
-        return Zentrale::CalculateTank();
+        the_session.CalcMode = mode;
+        the_session.GlobalCalculation = mode == 9;
+        the_session.tank = {static_cast<float>(V), static_cast<float>(m), static_cast<float>(T), 0,
+                            0};
+        return calculation::CalculateTank();
     }
 
     /// The lines of the content, from volumes and masses of both phases.
@@ -65,14 +68,14 @@ class Tank : public CalcTest {
 
 TEST_F(Tank, DividesItsContentByTheEos) {
     fill(9, 2.0, 200.0, 300.0);
-    const auto sat = Calc::saturation_pressure(Calc::CurrentFluid(), 300.0);
+    const auto sat = models::saturation_pressure(models::CurrentFluid(), 300.0);
     const double rhoL = M() / sat.v[0], rhoV = M() / sat.v[2];
     // Mass balance: VV rhoV + (V - VV) rhoL = m.
     const double VV = (2.0 * rhoL - 200.0) / (rhoL - rhoV);
     EXPECT_EQ(first_lines(6), content(2.0, 200.0, VV, rhoL, rhoV));
     EXPECT_EQ(resultText.State, "V+L");
-    EXPECT_NEAR(session.tank.level, (2.0 - VV) / 2.0 * 100.0, 1e-4);
-    EXPECT_NEAR(static_cast<double>(session.tank.p), sat.p, 1e-3);
+    EXPECT_NEAR(the_session.tank.level, (2.0 - VV) / 2.0 * 100.0, 1e-4);
+    EXPECT_NEAR(static_cast<double>(the_session.tank.p), sat.p, 1e-3);
     EXPECT_EQ(resultText.co2.text, "Vapour pressure p/kPa = " + fix(sat.p, 3));
     EXPECT_TRUE(user.messages.empty());
 }
@@ -83,39 +86,39 @@ TEST_F(Tank, DividesItsContentByThePartialMethod) {
         use_models({.eos = eos});
         use_benson_reference();
         fill(10, 1.0, 150.0, 290.0);
-        const double p = Calc::vapour_pressure(Declare::substance, 290.0, "WAG").p;
-        const double rhoV = Calc::solve_state_tp(Calc::CurrentFluid(), 290.0, p).rhoV;
-        const double rhoL =
-            Calc::DensityLBenson(290.0, Declare::substance.Tcrit, Declare::substance.rhocrit, rhoV,
-                                 session.BensonReference);
+        const double p = models::vapour_pressure(legacy::the_substance, 290.0, "WAG").p;
+        const double rhoV = models::solve_state_tp(models::CurrentFluid(), 290.0, p).rhoV;
+        const double rhoL = models::DensityLBenson(290.0, legacy::the_substance.Tcrit,
+                                                   legacy::the_substance.rhocrit, rhoV,
+                                                   the_session.BensonReference);
         ASSERT_GT(rhoL, 400.0);
         const double VV = (rhoL - 150.0) / (rhoL - rhoV);
         EXPECT_EQ(first_lines(6), content(1.0, 150.0, VV, rhoL, rhoV));
-        EXPECT_NEAR(session.tank.level, (1.0 - VV) * 100.0, 1e-4);
+        EXPECT_NEAR(the_session.tank.level, (1.0 - VV) * 100.0, 1e-4);
         EXPECT_EQ(resultText.co2.text, "Vapour pressure p/kPa = " + fix(p, 3));
         EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
     }
 }
 
 TEST_F(Tank, PartialMethodTakesTheDatabaseEquation) {
-    Declare::substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
-    Declare::substance.rhoLTLo = 150;
-    Declare::substance.rhoLTHi = 360;
-    session.LiquidByBenson = false;
+    legacy::the_substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    legacy::the_substance.rhoLTLo = 150;
+    legacy::the_substance.rhoLTHi = 360;
+    the_session.LiquidByBenson = false;
     fill(10, 1.0, 150.0, 290.0);
-    EXPECT_NEAR(static_cast<double>(Declare::currentResult.rhoL), 870.0 - 1.2 * 290.0, 1e-3);
-    EXPECT_EQ(Zentrale::ModeTitle(10),
+    EXPECT_NEAR(static_cast<double>(legacy::the_currentResult.rhoL), 870.0 - 1.2 * 290.0, 1e-3);
+    EXPECT_EQ(calculation::ModeTitle(10),
               "Phases and Pressure in a Tank (partial calculation, rho_L  (from database)");
 }
 
 TEST_F(Tank, AboveTheLiquidDensityItIsFull) {
     use_benson_reference();
     fill(10, 1.0, 600.0, 300.0);
-    EXPECT_DOUBLE_EQ(session.tank.level, 100.0);
+    EXPECT_DOUBLE_EQ(the_session.tank.level, 100.0);
     EXPECT_EQ(resultText.State, " L ");
     EXPECT_EQ(first_lines(6), content(1.0, 600.0, 0.0, 600.0, 0.0));
     fill(9, 1.0, 540.0, 300.0);
-    EXPECT_DOUBLE_EQ(session.tank.level, 100.0);
+    EXPECT_DOUBLE_EQ(the_session.tank.level, 100.0);
 }
 
 TEST_F(Tank, BelowTheVapourDensityItHoldsOnlyVapour) {
@@ -123,10 +126,10 @@ TEST_F(Tank, BelowTheVapourDensityItHoldsOnlyVapour) {
     for (const std::int16_t mode : Codes{9, 10}) {
         SCOPED_TRACE(mode);
         fill(mode, 1.0, 5.0, 300.0);
-        EXPECT_DOUBLE_EQ(session.tank.level, 0.0);
+        EXPECT_DOUBLE_EQ(the_session.tank.level, 0.0);
         EXPECT_EQ(resultText.State, " V ");
-        const double p = Calc::PressureFromTV(300.0, M() / 5.0).p;
-        EXPECT_NEAR(static_cast<double>(session.tank.p), p, 1e-3);
+        const double p = models::PressureFromTV(300.0, M() / 5.0).p;
+        EXPECT_NEAR(static_cast<double>(the_session.tank.p), p, 1e-3);
         EXPECT_EQ(first_lines(6), content(1.0, 5.0, 1.0, 0.0, 5.0));
     }
 }
@@ -148,7 +151,7 @@ TEST_F(Tank, WithoutAVapourPressureThereIsAnError) {
     EXPECT_EQ(fill(10, 1.0, 100.0, 300.0), "ERROR2");
     EXPECT_EQ(resultText.co2.text, " System pressure p/kPa = (Error)");
     EXPECT_TRUE(resultText.co2.red);
-    EXPECT_DOUBLE_EQ(Zentrale::DescribeTank("ERROR2").level, 100.0);
+    EXPECT_DOUBLE_EQ(calculation::DescribeTank("ERROR2").level, 100.0);
 }
 
 TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
@@ -159,16 +162,16 @@ TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
 
 TEST_F(Tank, OverfilledTankOfTheEosIsAnError) {
     EXPECT_EQ(fill(9, 1.0, 900.0, 300.0), "ERROR1");
-    EXPECT_DOUBLE_EQ(Zentrale::DescribeTank("ERROR1").level, 100.0);
+    EXPECT_DOUBLE_EQ(calculation::DescribeTank("ERROR1").level, 100.0);
 }
 
 TEST_F(Tank, VirialModelBelowBIsAnError) {
     use_models({.eos = 10});
-    Declare::eosParameters.eosB0 = 0.5;
-    Declare::eosParameters.eosNB = 0.0;
+    legacy::the_eosParameters.eosB0 = 0.5;
+    legacy::the_eosParameters.eosNB = 0.0;
     const std::string answer = fill(9, 1.0, 200.0, 300.0);
     EXPECT_EQ(answer, "ERROR3");
-    const Zentrale::TankPicture picture = Zentrale::DescribeTank(answer);
+    const calculation::TankPicture picture = calculation::DescribeTank(answer);
     EXPECT_TRUE(picture.error);
     EXPECT_EQ(picture.levelText, "Error");
     EXPECT_EQ(picture.pText, " Error: v < B");
@@ -176,7 +179,7 @@ TEST_F(Tank, VirialModelBelowBIsAnError) {
 }
 
 TEST_F(Tank, WarnsBelowTheTriplePoint) {
-    Declare::substance.Ttriple = 250.0F;
+    legacy::the_substance.Ttriple = 250.0F;
     fill(9, 1.0, 100.0, 240.0);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "T < T(TP) (Triple Point)");
@@ -187,12 +190,12 @@ TEST_F(Tank, IncompleteDataEndAtOnce) {
     fill(9, 0.0, 100.0, 300.0);
     EXPECT_TRUE(resultText.par1.text.empty());
     EXPECT_TRUE(lines().empty());
-    EXPECT_EQ(session.tank.p, 0.0F);
+    EXPECT_EQ(the_session.tank.p, 0.0F);
 }
 
 TEST_F(Tank, PictureTellsLevelPressureAndPhases) {
-    session.tank = {1.0F, 100.0F, 300.0F, 997.4284F, 16.0919};
-    Zentrale::TankPicture picture = Zentrale::DescribeTank("");
+    the_session.tank = {1.0F, 100.0F, 300.0F, 997.4284F, 16.0919};
+    calculation::TankPicture picture = calculation::DescribeTank("");
     EXPECT_EQ(picture.title, "Tank Calculation (global method) ");
     EXPECT_EQ(picture.caption, "Cylinder shaped tank");
     EXPECT_EQ(picture.levelText, "Filling level 16.09vol.-%");
@@ -200,12 +203,12 @@ TEST_F(Tank, PictureTellsLevelPressureAndPhases) {
     EXPECT_EQ(picture.lowerText, "  L-phase");
     EXPECT_EQ(picture.upperText, "  V-phase");
     EXPECT_FALSE(picture.supercritical);
-    EXPECT_DOUBLE_EQ(picture.section, session.tank.level);
+    EXPECT_DOUBLE_EQ(picture.section, the_session.tank.level);
 
-    session.GlobalCalculation = false;
-    session.tank.p = 20000.25F;
-    session.tank.T = 400.0F;
-    picture = Zentrale::DescribeTank("");
+    the_session.GlobalCalculation = false;
+    the_session.tank.p = 20000.25F;
+    the_session.tank.T = 400.0F;
+    picture = calculation::DescribeTank("");
     EXPECT_EQ(picture.title, "Tank Calculation (partial method)");
     EXPECT_EQ(picture.pText, "p = 20000.25 kPa");
     EXPECT_EQ(picture.lowerText, " supercritical");
@@ -221,8 +224,8 @@ TEST_F(Tank, PictureMirrorsTheUpperHalf) {
                  {99.9, 49.8, false}, {100, 49.8, false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.level);
-        session.tank.level = c.level;
-        const Zentrale::TankPicture picture = Zentrale::DescribeTank("");
+        the_session.tank.level = c.level;
+        const calculation::TankPicture picture = calculation::DescribeTank("");
         EXPECT_NEAR(picture.section, c.section, 1e-9);
         EXPECT_EQ(picture.mirrored, c.mirrored);
         EXPECT_DOUBLE_EQ(picture.level, std::max(0.0, c.level));

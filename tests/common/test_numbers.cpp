@@ -3,6 +3,8 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 
+using namespace quor;
+
 namespace {
 
 using numbers::Format;

@@ -2,6 +2,8 @@
 
 #include "common/text.h"
 
+using namespace quor;
+
 namespace {
 
 TEST(Text, CodePagesConvertUmlautsBothWays) {

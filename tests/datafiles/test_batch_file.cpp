@@ -5,14 +5,16 @@
 #include "session/module2.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 namespace fs = std::filesystem;
 
-using Declare::BatchData;
-using Declare::BatchDataSet;
-using Declare::session;
+using calculation::BatchDataSet;
 using dialogs::Answer;
+using legacy::the_BatchData;
+using legacy::the_session;
 
 constexpr const char* kFile =
     "15.11.2026\r\n"
@@ -26,47 +28,47 @@ constexpr const char* kFile =
 class Batch : public SessionTest {
   protected:
     Batch() {
-        session.SubstanceCount = 2;
-        Declare::substances = {{0, 1, 2},
-                               {"", "C3H8", "CH4"},
-                               {"", "Propane", "Methane"},
-                               {"", "74-98-6     ", "74-82-8     "}};
-        session.CurrentSubstance = 1;
-        Declare::substance.CASRN = "74-98-6     ";
+        the_session.SubstanceCount = 2;
+        legacy::the_substances = {{0, 1, 2},
+                                  {"", "C3H8", "CH4"},
+                                  {"", "Propane", "Methane"},
+                                  {"", "74-98-6     ", "74-82-8     "}};
+        the_session.CurrentSubstance = 1;
+        legacy::the_substance.CASRN = "74-98-6     ";
     }
     bool load(const std::string& bytes, bool append = false) {
         builder::WriteFile(folder() / "D.BAQ", bytes);
-        return LoadSaveData::BatchLoad((folder() / "D.BAQ").string(), append);
+        return datafiles::BatchLoad((folder() / "D.BAQ").string(), append);
     }
 };
 
 TEST_F(Batch, LoadingFillsTheListFromElementOne) {
-    BatchData[0].T = 999;
+    the_BatchData[0].T = 999;
     EXPECT_TRUE(load(kFile));
-    ASSERT_EQ(session.BatchCount, 3);
-    ASSERT_EQ(BatchData.size(), 4U);
-    EXPECT_EQ(BatchData[0].T, 999.0);
-    EXPECT_EQ(BatchData[1].T, 273.15);
-    EXPECT_EQ(BatchData[1].p, 474.5);
-    EXPECT_EQ(BatchData[1].rhoL, 528.6F);
-    EXPECT_EQ(BatchData[1].rhoV, 10.5F);
-    EXPECT_EQ(BatchData[1].hLV, 16500.0F);
-    EXPECT_EQ(BatchData[1].cp, 98.5F);
-    EXPECT_EQ(BatchData[1].skip, 0);
-    EXPECT_EQ(BatchData[3].T, 350.125);
-    EXPECT_EQ(session.BatchFile, "D.BAQ");
-    EXPECT_EQ(session.FolderBatch, (folder() / "").string());
-    EXPECT_EQ(session.BatchComment, "measured by Käthe");
-    EXPECT_EQ(session.BatchCasrn, "74-98-6     ");
+    ASSERT_EQ(the_session.BatchCount, 3);
+    ASSERT_EQ(the_BatchData.size(), 4U);
+    EXPECT_EQ(the_BatchData[0].T, 999.0);
+    EXPECT_EQ(the_BatchData[1].T, 273.15);
+    EXPECT_EQ(the_BatchData[1].p, 474.5);
+    EXPECT_EQ(the_BatchData[1].rhoL, 528.6F);
+    EXPECT_EQ(the_BatchData[1].rhoV, 10.5F);
+    EXPECT_EQ(the_BatchData[1].hLV, 16500.0F);
+    EXPECT_EQ(the_BatchData[1].cp, 98.5F);
+    EXPECT_EQ(the_BatchData[1].skip, 0);
+    EXPECT_EQ(the_BatchData[3].T, 350.125);
+    EXPECT_EQ(the_session.BatchFile, "D.BAQ");
+    EXPECT_EQ(the_session.FolderBatch, (folder() / "").string());
+    EXPECT_EQ(the_session.BatchComment, "measured by Käthe");
+    EXPECT_EQ(the_session.BatchCasrn, "74-98-6     ");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Batch, SavingWritesWhatWasLoaded) {
     load(kFile);
     user.fileAnswers.push_back((folder() / "E.BAQ").string());
-    EXPECT_TRUE(LoadSaveData::BatchSave());
+    EXPECT_TRUE(datafiles::BatchSave());
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
-    EXPECT_EQ(session.BatchFile, "E.BAQ");
+    EXPECT_EQ(the_session.BatchFile, "E.BAQ");
     EXPECT_EQ(user.files[0].title, "Save exper. data as text file *.BAQ");
     EXPECT_EQ(user.files[0].defaultExtension, ".BAQ");
     EXPECT_EQ(user.files[0].filter, "QUOR-specific file (*.BAQ)|*.BAQ");
@@ -78,46 +80,46 @@ TEST_F(Batch, ValuesComeBackExactlyInEitherLocale) {
         numbers::set_decimal_mark(mark);
         const BatchDataSet set{
             .T = 1.0 / 3.0, .p = 1e-7, .rhoV = 0.1F, .rhoL = 1e6F, .hLV = 12345.678F, .cp = 3e-5F};
-        LoadSaveData::RemoveBatchSets(1, session.BatchCount);
-        LoadSaveData::InsertBatchSets(1, std::vector<BatchDataSet>{set});
+        datafiles::RemoveBatchSets(1, the_session.BatchCount);
+        datafiles::InsertBatchSets(1, std::vector<BatchDataSet>{set});
         user.fileAnswers.push_back((folder() / "E.BAQ").string());
-        ASSERT_TRUE(LoadSaveData::BatchSave());
-        ASSERT_TRUE(LoadSaveData::BatchLoad((folder() / "E.BAQ").string(), false));
-        EXPECT_EQ(BatchData[1].T, set.T);
-        EXPECT_EQ(BatchData[1].p, set.p);
-        EXPECT_EQ(BatchData[1].rhoV, set.rhoV);
-        EXPECT_EQ(BatchData[1].rhoL, set.rhoL);
-        EXPECT_EQ(BatchData[1].hLV, set.hLV);
-        EXPECT_EQ(BatchData[1].cp, set.cp);
+        ASSERT_TRUE(datafiles::BatchSave());
+        ASSERT_TRUE(datafiles::BatchLoad((folder() / "E.BAQ").string(), false));
+        EXPECT_EQ(the_BatchData[1].T, set.T);
+        EXPECT_EQ(the_BatchData[1].p, set.p);
+        EXPECT_EQ(the_BatchData[1].rhoV, set.rhoV);
+        EXPECT_EQ(the_BatchData[1].rhoL, set.rhoL);
+        EXPECT_EQ(the_BatchData[1].hLV, set.hLV);
+        EXPECT_EQ(the_BatchData[1].cp, set.cp);
     }
 }
 
 TEST_F(Batch, AppendingGoesBehindTheDataAndToAnEmptyListItIsLoading) {
     EXPECT_TRUE(load(kFile, true));
-    EXPECT_EQ(session.BatchCount, 3);
-    EXPECT_EQ(session.BatchFile, "D.BAQ");
-    BatchData[1].skip = -1;
+    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(the_session.BatchFile, "D.BAQ");
+    the_BatchData[1].skip = -1;
     EXPECT_TRUE(load("d\r\nother comment\r\n74-98-6\r\n1\r\n400,1,2,3,4,5\r\n", true));
-    ASSERT_EQ(session.BatchCount, 4);
-    EXPECT_EQ(BatchData[1].T, 273.15);
-    EXPECT_EQ(BatchData[1].skip, -1);
-    EXPECT_EQ(BatchData[4].T, 400.0);
-    EXPECT_EQ(session.BatchComment, "measured by Käthe");
+    ASSERT_EQ(the_session.BatchCount, 4);
+    EXPECT_EQ(the_BatchData[1].T, 273.15);
+    EXPECT_EQ(the_BatchData[1].skip, -1);
+    EXPECT_EQ(the_BatchData[4].T, 400.0);
+    EXPECT_EQ(the_session.BatchComment, "measured by Käthe");
     EXPECT_TRUE(load(kFile, false));
-    EXPECT_EQ(session.BatchCount, 3);
-    EXPECT_EQ(BatchData[1].skip, 0);
+    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(the_BatchData[1].skip, 0);
 }
 
 TEST_F(Batch, LoadingAsksForAFile) {
     builder::WriteFile(folder() / "D.BAQ", kFile);
     user.fileAnswers.push_back("D.BAQ");
-    EXPECT_TRUE(LoadSaveData::BatchLoad(false));
+    EXPECT_TRUE(datafiles::BatchLoad(false));
     EXPECT_EQ(user.files[0].title, "Open a batch-file of experimental data (*.BAQ)");
     EXPECT_FALSE(user.files[0].save);
     EXPECT_NE(user.files[0].filter.find("*.BAQ"), std::string::npos);
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(LoadSaveData::BatchLoad(false));
-    EXPECT_EQ(session.BatchCount, 3);
+    EXPECT_FALSE(datafiles::BatchLoad(false));
+    EXPECT_EQ(the_session.BatchCount, 3);
 }
 
 TEST_F(Batch, AnUnknownSubstanceIsAskedAbout) {
@@ -125,7 +127,7 @@ TEST_F(Batch, AnUnknownSubstanceIsAskedAbout) {
     bytes.replace(bytes.find("74-98-6"), 7, "99-99-9");
     user.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(load(bytes));
-    EXPECT_EQ(session.BatchCount, 0);
+    EXPECT_EQ(the_session.BatchCount, 0);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(
         user.lastText(),
@@ -133,20 +135,20 @@ TEST_F(Batch, AnUnknownSubstanceIsAskedAbout) {
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(user.messages[0].buttons, dialogs::Buttons::YesNo);
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(session.BatchCount, 3);
+    EXPECT_EQ(the_session.BatchCount, 3);
     EXPECT_EQ(user.messages.size(), 2U);
 }
 
 TEST_F(Batch, WithoutAnActiveSubstanceNothingIsLoaded) {
-    session.CurrentSubstance = 0;
+    the_session.CurrentSubstance = 0;
     EXPECT_FALSE(load(kFile));
     EXPECT_EQ(user.lastText(), "Load a substance!");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(session.BatchCount, 0);
+    EXPECT_EQ(the_session.BatchCount, 0);
 }
 
 TEST_F(Batch, AnotherSubstanceIsAskedAbout) {
-    session.CurrentSubstance = 2;
+    the_session.CurrentSubstance = 2;
     user.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(load(kFile));
     EXPECT_EQ(user.lastText(),
@@ -154,7 +156,7 @@ TEST_F(Batch, AnotherSubstanceIsAskedAbout) {
               "nevertheless?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_TRUE(load(kFile));
-    EXPECT_EQ(session.BatchCount, 3);
+    EXPECT_EQ(the_session.BatchCount, 3);
 }
 
 TEST_F(Batch, SavingOverAFileAsks) {
@@ -162,49 +164,49 @@ TEST_F(Batch, SavingOverAFileAsks) {
     builder::WriteFile(folder() / "E.BAQ", "old");
     user.answers = {Answer::No, Answer::Yes};
     user.fileAnswers = {(folder() / "E").string(), (folder() / "E").string()};
-    EXPECT_FALSE(LoadSaveData::BatchSave());
+    EXPECT_FALSE(datafiles::BatchSave());
     EXPECT_EQ(user.lastText(), "such a file is already existing\nOverwright?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), "old");
-    EXPECT_TRUE(LoadSaveData::BatchSave());
+    EXPECT_TRUE(datafiles::BatchSave());
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
 }
 
 TEST_F(Batch, AFailedSaveIsToldAndNothingIsLost) {
     load(kFile);
     user.fileAnswers.push_back((folder() / "missing" / "E.BAQ").string());
-    EXPECT_FALSE(LoadSaveData::BatchSave());
+    EXPECT_FALSE(datafiles::BatchSave());
     EXPECT_EQ(user.lastText(), "The file E.BAQ could not be written (No such file or directory).");
-    EXPECT_EQ(session.BatchFile, "D.BAQ");
-    EXPECT_EQ(session.BatchCount, 3);
+    EXPECT_EQ(the_session.BatchFile, "D.BAQ");
+    EXPECT_EQ(the_session.BatchCount, 3);
 }
 
 TEST_F(Batch, ChangedDataAreAskedAboutBeforeTheyAreLeft) {
     load(kFile);
-    EXPECT_TRUE(LoadSaveData::BatchSaveFrage(false));
+    EXPECT_TRUE(datafiles::BatchSaveFrage(false));
     EXPECT_TRUE(user.messages.empty());
     user.answers = {Answer::No};
-    EXPECT_TRUE(LoadSaveData::BatchSaveFrage(true));
+    EXPECT_TRUE(datafiles::BatchSaveFrage(true));
     EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     // Yes, and then no name: the data may not be left.
     user.answers = {Answer::Yes};
     user.fileAnswers = {std::nullopt};
-    EXPECT_FALSE(LoadSaveData::BatchSaveFrage(true));
+    EXPECT_FALSE(datafiles::BatchSaveFrage(true));
     user.answers = {Answer::Yes};
     user.fileAnswers = {(folder() / "E.BAQ").string()};
-    EXPECT_TRUE(LoadSaveData::BatchSaveFrage(true));
+    EXPECT_TRUE(datafiles::BatchSaveFrage(true));
     EXPECT_TRUE(fs::exists(folder() / "E.BAQ"));
 }
 
 TEST_F(Batch, ATextInThePlaceOfANumberReadsAsZero) {
     EXPECT_TRUE(load("d\r\nc\r\n74-98-6     \r\n2\r\n300,abc,,x,1e99,5\r\nwhat is this\r\n"));
-    EXPECT_EQ(BatchData[1].T, 300.0);
-    EXPECT_EQ(BatchData[1].p, 0.0);
-    EXPECT_EQ(BatchData[1].rhoL, 0.0F);
-    EXPECT_EQ(BatchData[1].hLV, 0.0F);
-    EXPECT_EQ(BatchData[1].cp, 5.0F);
-    EXPECT_EQ(BatchData[2].T, 0.0);
+    EXPECT_EQ(the_BatchData[1].T, 300.0);
+    EXPECT_EQ(the_BatchData[1].p, 0.0);
+    EXPECT_EQ(the_BatchData[1].rhoL, 0.0F);
+    EXPECT_EQ(the_BatchData[1].hLV, 0.0F);
+    EXPECT_EQ(the_BatchData[1].cp, 5.0F);
+    EXPECT_EQ(the_BatchData[2].T, 0.0);
 }
 
 TEST_F(Batch, FilesThatAreNoneAreToldAndChangeNothing) {
@@ -212,16 +214,16 @@ TEST_F(Batch, FilesThatAreNoneAreToldAndChangeNothing) {
     for (const std::string bytes : {"", "a\r\nb\r\n74-98-6\r\n", "a\r\nb\r\n74-98-6\r\n12\r\n"}) {
         EXPECT_FALSE(load(bytes));
         EXPECT_EQ(user.lastText(), "The file D.BAQ holds no experimental data.");
-        EXPECT_EQ(session.BatchCount, 3);
+        EXPECT_EQ(the_session.BatchCount, 3);
     }
-    EXPECT_FALSE(LoadSaveData::BatchLoad("MISSING.BAQ", false));
+    EXPECT_FALSE(datafiles::BatchLoad("MISSING.BAQ", false));
     EXPECT_EQ(user.lastText(), "The file MISSING.BAQ was not found.");
 }
 
 TEST_F(Batch, AShortenedFileGivesItsWholeSetsAndSaysSo) {
     const std::string bytes = kFile;
     EXPECT_TRUE(load(bytes.substr(0, bytes.find("21.6") + 2)));
-    EXPECT_EQ(session.BatchCount, 1);
+    EXPECT_EQ(the_session.BatchCount, 1);
     EXPECT_EQ(user.lastText(), "The file D.BAQ announces 3 sets of data, but holds only 1.");
     EXPECT_EQ(user.lastTitle(), "WARNING");
 }
@@ -230,7 +232,7 @@ TEST_F(Batch, ALastLineWithoutAnEndCountsWhenTheFileIsComplete) {
     std::string bytes = kFile;
     bytes.resize(bytes.size() - 2);
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(session.BatchCount, 3);
+    EXPECT_EQ(the_session.BatchCount, 3);
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -238,12 +240,12 @@ TEST_F(Batch, AHugeCountIsLimitedByWhatIsThere) {
     std::string bytes = kFile;
     bytes.replace(bytes.find("\r\n3\r\n"), 5, "\r\n4000000000\r\n");
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(session.BatchCount, 3);
+    EXPECT_EQ(the_session.BatchCount, 3);
     bytes = kFile;
     bytes.replace(bytes.find("\r\n3\r\n"), 5, "\r\n-3\r\n");
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(session.BatchCount, 0);
-    EXPECT_GE(BatchData.size(), 2U);
+    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_GE(the_BatchData.size(), 2U);
 }
 
 TEST_F(Batch, MoreSetsThanCanBeCountedAreRefused) {
@@ -252,17 +254,17 @@ TEST_F(Batch, MoreSetsThanCanBeCountedAreRefused) {
     EXPECT_TRUE(load(bytes));
     EXPECT_FALSE(load(bytes, true));
     EXPECT_EQ(user.lastText(), "There is room for 32767 sets of data only.");
-    EXPECT_EQ(session.BatchCount, 20000);
+    EXPECT_EQ(the_session.BatchCount, 20000);
 }
 
 TEST_F(Batch, AColumnIsSavedAsXYWithoutInactiveAndEmptySets) {
     load(kFile);
-    BatchData[2].skip = -1;
+    the_BatchData[2].skip = -1;
     user.fileAnswers = {(folder() / "P.XY").string(), (folder() / "R.XY").string()};
-    EXPECT_TRUE(LoadSaveData::BatchSaveXY(1));
+    EXPECT_TRUE(datafiles::BatchSaveXY(1));
     EXPECT_EQ(builder::ReadFile(folder() / "P.XY"),
               "measured by K\xE4the\r\n.2731500E+03;.4745000E+03\r\n.3501250E+03;.2950000E+04\r\n");
-    EXPECT_TRUE(LoadSaveData::BatchSaveXY(2));
+    EXPECT_TRUE(datafiles::BatchSaveXY(2));
     EXPECT_EQ(builder::ReadFile(folder() / "R.XY"),
               "measured by K\xE4the\r\n.2731500E+03;.5286000E+03\r\n");
 }
@@ -271,7 +273,7 @@ TEST_F(Batch, TheSamplesOfTheDataFolderLoad) {
     int files = 0;
     for (const auto& entry : fs::directory_iterator(std::string(QUOR_SOURCE_DATA) + "/samples")) {
         if (entry.path().extension() != ".BAQ") continue;
-        const auto file = LoadSaveData::ReadBatchText(builder::ReadFile(entry.path()));
+        const auto file = datafiles::ReadBatchText(builder::ReadFile(entry.path()));
         ASSERT_TRUE(file) << entry.path();
         EXPECT_EQ(static_cast<double>(file->sets.size()), file->announced) << entry.path();
         EXPECT_EQ(file->casrn.size(), 12U) << entry.path();

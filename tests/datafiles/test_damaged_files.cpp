@@ -14,16 +14,18 @@
 #include "session/module2.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 /// Truncated, random, mutated and boastful files: no reader crashes, hangs, gives a number that is
 /// none, or leaves the session in halves.
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 class DamagedFiles : public SessionTest {
   protected:
-    DamagedFiles() { LoadSaveData::CloseDatabase(); }
-    ~DamagedFiles() override { LoadSaveData::CloseDatabase(); }
+    DamagedFiles() { datafiles::CloseDatabase(); }
+    ~DamagedFiles() override { datafiles::CloseDatabase(); }
 
     std::string write(const std::string& name, const std::string& bytes) {
         builder::WriteFile(folder() / name, bytes);
@@ -61,51 +63,51 @@ class DamagedFiles : public SessionTest {
     std::mt19937 random{20261115};
 };
 
-bool is_finite(const LoadSaveData::FieldValue& value) {
+bool is_finite(const datafiles::FieldValue& value) {
     if (const float* single = std::get_if<float>(&value)) return std::isfinite(*single);
     if (const double* wide = std::get_if<double>(&value)) return std::isfinite(*wide);
     return true;
 }
 
-void expect_finite(const Declare::SubstanceRecord& record) {
-    for (const LoadSaveData::RecordField& field : LoadSaveData::RecordFields())
+void expect_finite(const models::SubstanceRecord& record) {
+    for (const datafiles::RecordField& field : datafiles::RecordFields())
         for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i)
-            EXPECT_TRUE(is_finite(LoadSaveData::ValueOf(record, {&field, i}))) << field.name;
+            EXPECT_TRUE(is_finite(datafiles::ValueOf(record, {&field, i}))) << field.name;
 }
 
 void expect_consistent_lists() {
     const std::size_t entries =
-        session.DatabaseLoaded ? static_cast<std::size_t>(session.SubstanceCount) + 1 : 0;
-    EXPECT_EQ(Declare::substances.Names.size(), entries);
-    EXPECT_EQ(Declare::substances.Numbers.size(), entries);
-    EXPECT_EQ(Declare::substances.Casrn.size(), entries);
-    EXPECT_EQ(Declare::substances.Formulas.size(), entries);
+        the_session.DatabaseLoaded ? static_cast<std::size_t>(the_session.SubstanceCount) + 1 : 0;
+    EXPECT_EQ(legacy::the_substances.Names.size(), entries);
+    EXPECT_EQ(legacy::the_substances.Numbers.size(), entries);
+    EXPECT_EQ(legacy::the_substances.Casrn.size(), entries);
+    EXPECT_EQ(legacy::the_substances.Formulas.size(), entries);
 }
 
 void read_all_substances() {
-    for (std::int16_t i = 1; i <= std::min<std::int16_t>(session.SubstanceCount, 5); ++i) {
+    for (std::int16_t i = 1; i <= std::min<std::int16_t>(the_session.SubstanceCount, 5); ++i) {
         bool noCriticalData = false;
-        LoadSaveData::ReadSubstance(i, noCriticalData);
-        expect_finite(Declare::substance);
+        datafiles::ReadSubstance(i, noCriticalData);
+        expect_finite(legacy::the_substance);
     }
 }
 
 TEST_F(DamagedFiles, ADatabaseCutAtAnyLengthIsUnusableAndTheOldOneServes) {
     const std::string good = write("GOOD.Q05", builder::Database({builder::Propane()}));
-    LoadSaveData::OpenDatabaseFile(good);
+    datafiles::OpenDatabaseFile(good);
     const std::string whole =
         builder::Database({builder::Plain("a", "1"), builder::Plain("b", "2")});
     for (std::size_t length = 0; length < whole.size(); ++length) {
         ASSERT_TRUE(
-            LoadSaveData::OpenDatabaseFile(write("CUT.Q05", whole.substr(0, length))).notUsable)
+            datafiles::OpenDatabaseFile(write("CUT.Q05", whole.substr(0, length))).notUsable)
             << length;
-        ASSERT_EQ(session.SubstanceCount, 1);
+        ASSERT_EQ(the_session.SubstanceCount, 1);
     }
     expect_consistent_lists();
     bool noCriticalData = true;
-    EXPECT_TRUE(LoadSaveData::ReadSubstance(1, noCriticalData));
-    EXPECT_EQ(Declare::substance.Name, "Propane");
-    EXPECT_FALSE(LoadSaveData::OpenDatabaseFile(write("CUT.Q05", whole)).notUsable);
+    EXPECT_TRUE(datafiles::ReadSubstance(1, noCriticalData));
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_FALSE(datafiles::OpenDatabaseFile(write("CUT.Q05", whole)).notUsable);
 }
 
 TEST_F(DamagedFiles, ARandomDatabaseGivesNoWrongNumbers) {
@@ -116,7 +118,7 @@ TEST_F(DamagedFiles, ARandomDatabaseGivesNoWrongNumbers) {
             bytes[186] = 5;
             bytes[187] = 0;
         }
-        LoadSaveData::OpenDatabaseFile(write("R.Q05", bytes));
+        datafiles::OpenDatabaseFile(write("R.Q05", bytes));
         expect_consistent_lists();
         read_all_substances();
     }
@@ -125,7 +127,7 @@ TEST_F(DamagedFiles, ARandomDatabaseGivesNoWrongNumbers) {
 TEST_F(DamagedFiles, AMutatedDatabaseGivesNoWrongNumbers) {
     const std::string whole = builder::Database({builder::Propane(), builder::Plain("b", "2")});
     for (int round = 0; round < 500; ++round) {
-        LoadSaveData::OpenDatabaseFile(write("M.Q05", mutated(whole)));
+        datafiles::OpenDatabaseFile(write("M.Q05", mutated(whole)));
         expect_consistent_lists();
         read_all_substances();
     }
@@ -135,49 +137,50 @@ TEST_F(DamagedFiles, ADatabaseThatBoastsWithItsCountIsUnusable) {
     std::string bytes = builder::Database({builder::Propane()});
     bytes[186] = '\xFF';
     bytes[187] = '\x7F';
-    EXPECT_TRUE(LoadSaveData::OpenDatabaseFile(write("B.Q05", bytes)).notUsable);
-    EXPECT_FALSE(LoadSaveData::ReadDatabaseLists(folder() / "B.Q05"));
+    EXPECT_TRUE(datafiles::OpenDatabaseFile(write("B.Q05", bytes)).notUsable);
+    EXPECT_FALSE(datafiles::ReadDatabaseLists(folder() / "B.Q05"));
 }
 
 TEST_F(DamagedFiles, AFolderIsNoDatabase) {
     std::filesystem::create_directory(folder() / "D.Q05");
-    EXPECT_TRUE(LoadSaveData::OpenDatabaseFile("D.Q05").notUsable);
-    EXPECT_FALSE(LoadSaveData::ReadDatabaseLists(folder() / "D.Q05"));
+    EXPECT_TRUE(datafiles::OpenDatabaseFile("D.Q05").notUsable);
+    EXPECT_FALSE(datafiles::ReadDatabaseLists(folder() / "D.Q05"));
 }
 
 TEST_F(DamagedFiles, DamagedProjectsLeaveSettingsWithinTheirRanges) {
     write("A.Q05", builder::Database({builder::Propane()}));
-    LoadSaveData::LoadDatabase("A.Q05");
+    datafiles::LoadDatabase("A.Q05");
     bool noCriticalData = false;
-    LoadSaveData::ReadSubstance(1, noCriticalData);
-    session.CurrentSubstance = 1;
-    ASSERT_TRUE(LoadSaveData::SaveProject(false));
-    const std::string whole = builder::ReadFile(session.LastSessionFile);
+    datafiles::ReadSubstance(1, noCriticalData);
+    the_session.CurrentSubstance = 1;
+    ASSERT_TRUE(datafiles::SaveProject(false));
+    const std::string whole = builder::ReadFile(the_session.LastSessionFile);
     for (int round = 0; round < 600; ++round) {
         const std::string bytes = round % 3 == 0 ? random_bytes(random() % 600)
                                   : round % 3 == 1
                                       ? "d\nc\nA.Q05\n74-98-6\n" + random_text(random() % 400)
                                       : mutated(whole);
         const std::string path = write("P.QCF", bytes);
-        LoadSaveData::LoadProject(path);
-        LoadSaveData::PreviewFile(path);
-        EXPECT_GE(session.PointsPerCurve, 50);
-        EXPECT_LE(session.PointsPerCurve, 800);
-        EXPECT_TRUE(session.UnitMode >= 0 && session.UnitMode <= 2);
-        EXPECT_TRUE(session.CaloricUnit >= 0 && session.CaloricUnit <= 3);
-        EXPECT_TRUE(Declare::models.VPModel >= 0 && Declare::models.VPModel <= 8);
-        EXPECT_TRUE(Declare::models.EOSModel >= -1 && Declare::models.EOSModel <= 16);
-        EXPECT_TRUE(Declare::models.HLVModel >= 0 && Declare::models.HLVModel <= 7);
-        EXPECT_TRUE(std::isfinite(session.DiagramT) && std::isfinite(session.CaloricFactor));
-        EXPECT_TRUE(std::isfinite(Declare::models.WatsonN) &&
-                    std::isfinite(Declare::reference.href));
-        EXPECT_EQ(session.CurrentSubstance == 1, Declare::substance.Name == "Propane");
+        datafiles::LoadProject(path);
+        datafiles::PreviewFile(path);
+        EXPECT_GE(the_session.PointsPerCurve, 50);
+        EXPECT_LE(the_session.PointsPerCurve, 800);
+        EXPECT_TRUE(the_session.UnitMode >= 0 && the_session.UnitMode <= 2);
+        EXPECT_TRUE(the_session.CaloricUnit >= 0 && the_session.CaloricUnit <= 3);
+        EXPECT_TRUE(legacy::the_models.VPModel >= 0 && legacy::the_models.VPModel <= 8);
+        EXPECT_TRUE(legacy::the_models.EOSModel >= -1 && legacy::the_models.EOSModel <= 16);
+        EXPECT_TRUE(legacy::the_models.HLVModel >= 0 && legacy::the_models.HLVModel <= 7);
+        EXPECT_TRUE(std::isfinite(the_session.DiagramT) &&
+                    std::isfinite(the_session.CaloricFactor));
+        EXPECT_TRUE(std::isfinite(legacy::the_models.WatsonN) &&
+                    std::isfinite(legacy::the_reference.href));
+        EXPECT_EQ(the_session.CurrentSubstance == 1, legacy::the_substance.Name == "Propane");
         expect_consistent_lists();
     }
 }
 
-void expect_sound_sets(const std::vector<Declare::BatchDataSet>& sets) {
-    for (const Declare::BatchDataSet& s : sets) {
+void expect_sound_sets(const std::vector<calculation::BatchDataSet>& sets) {
+    for (const calculation::BatchDataSet& s : sets) {
         EXPECT_TRUE(std::isfinite(s.T) && std::isfinite(s.p) && std::isfinite(s.rhoL) &&
                     std::isfinite(s.rhoV));
         EXPECT_TRUE(std::isfinite(s.hLV) && std::isfinite(s.cp));
@@ -185,16 +188,17 @@ void expect_sound_sets(const std::vector<Declare::BatchDataSet>& sets) {
 }
 
 TEST_F(DamagedFiles, DamagedDataFilesGiveSoundSetsOrNone) {
-    session.CurrentSubstance = 1;
+    the_session.CurrentSubstance = 1;
     const std::string whole =
         "d\r\nc\r\n74-98-6     "
         "\r\n3\r\n273.15,474.5,528.6,10.5,16500,98.5\r\n300,1,2,3,4,5\r\n350,6,7,8,9,10\r\n";
-    LoadSaveData::BatchLoad(write("D.BAQ", whole), false);
+    datafiles::BatchLoad(write("D.BAQ", whole), false);
     for (std::size_t length = 0; length < whole.size(); ++length) {
-        const std::int16_t before = session.BatchCount;
-        const bool loaded = LoadSaveData::BatchLoad(write("D.BAQ", whole.substr(0, length)), false);
-        EXPECT_TRUE(loaded || session.BatchCount == before);
-        EXPECT_GE(Declare::BatchData.size(), static_cast<std::size_t>(session.BatchCount) + 1);
+        const std::int16_t before = the_session.BatchCount;
+        const bool loaded = datafiles::BatchLoad(write("D.BAQ", whole.substr(0, length)), false);
+        EXPECT_TRUE(loaded || the_session.BatchCount == before);
+        EXPECT_GE(legacy::the_BatchData.size(),
+                  static_cast<std::size_t>(the_session.BatchCount) + 1);
     }
     for (int round = 0; round < 600; ++round) {
         const std::string bytes = round % 3 == 0 ? random_bytes(random() % 600)
@@ -202,11 +206,11 @@ TEST_F(DamagedFiles, DamagedDataFilesGiveSoundSetsOrNone) {
                                       ? "d\nc\n1\n99999999\n" + random_text(random() % 400)
                                       : mutated(whole);
         const std::string path = write("D.BAQ", bytes);
-        LoadSaveData::BatchLoad(path, round % 2 == 0);
-        LoadSaveData::PreviewFile(path);
-        EXPECT_EQ(Declare::BatchData.size(),
-                  std::max<std::size_t>(2, static_cast<std::size_t>(session.BatchCount) + 1));
-        expect_sound_sets(Declare::BatchData);
+        datafiles::BatchLoad(path, round % 2 == 0);
+        datafiles::PreviewFile(path);
+        EXPECT_EQ(legacy::the_BatchData.size(),
+                  std::max<std::size_t>(2, static_cast<std::size_t>(the_session.BatchCount) + 1));
+        expect_sound_sets(legacy::the_BatchData);
     }
 }
 
@@ -215,7 +219,7 @@ TEST_F(DamagedFiles, DamagedPointFilesGiveSoundPoints) {
         const std::string bytes =
             round % 2 == 0 ? random_bytes(random() % 600) : "c\n" + random_text(random() % 600);
         for (const char delimiter : {';', ',', '\t', '\0'})
-            for (const Declare::FitPoint& p : LoadSaveData::ReadXYText(bytes, delimiter).points)
+            for (const datafiles::FitPoint& p : datafiles::ReadXYText(bytes, delimiter).points)
                 EXPECT_TRUE(std::isfinite(p.x) && std::isfinite(p.y));
     }
 }
@@ -224,14 +228,14 @@ TEST_F(DamagedFiles, DamagedSynonymFilesEndTheSearch) {
     const std::string whole =
         "1-1\r\nName_x\r\nONE\r\nTWO\r\n\r\n2-2\r\nOther_y\r\nTHREE\r\n\r\nEND\r\n";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
-        const LoadSaveData::SynonymHit hit =
-            LoadSaveData::FindInSynonyms(whole.substr(0, length), "three");
+        const datafiles::SynonymHit hit =
+            datafiles::FindInSynonyms(whole.substr(0, length), "three");
         EXPECT_TRUE(!hit.found || hit.casrn == "2-2");
     }
     for (int round = 0; round < 300; ++round) {
-        LoadSaveData::FindInSynonyms(mutated(whole), "three");
+        datafiles::FindInSynonyms(mutated(whole), "three");
         write("SYNOM.TXT", random_bytes(500));
-        EXPECT_FALSE(LoadSaveData::SearchSynonyms("no such substance").found);
+        EXPECT_FALSE(datafiles::SearchSynonyms("no such substance").found);
     }
 }
 
@@ -239,22 +243,22 @@ TEST_F(DamagedFiles, DamagedTablesGiveErrorsOrRecords) {
     const std::string whole =
         "formula,name_en,casrn,M,Tcrit,pcrit,WAG_1\nA,\"B\",1,2,3,4,5\nC,D,2,3,4,5,\n";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
-        const LoadSaveData::DatabaseTable table =
-            LoadSaveData::ReadDatabaseTable(whole.substr(0, length));
+        const datafiles::DatabaseTable table =
+            datafiles::ReadDatabaseTable(whole.substr(0, length));
         EXPECT_NE(table.errors.empty(), table.records.empty()) << length;
     }
     for (int round = 0; round < 1000; ++round) {
         const std::string bytes = round % 2 == 0 ? random_bytes(300) : mutated(whole);
-        const LoadSaveData::DatabaseTable table = LoadSaveData::ReadDatabaseTable(bytes);
+        const datafiles::DatabaseTable table = datafiles::ReadDatabaseTable(bytes);
         EXPECT_NE(table.errors.empty(), table.records.empty());
     }
 }
 
 TEST_F(DamagedFiles, AVeryLongLineIsRead) {
     const std::string line(5'000'000, '7');
-    EXPECT_EQ(LoadSaveData::ReadXYText("c\n" + line + ";1\n", ';').points.at(0).x, 0.0F);
-    EXPECT_EQ(LoadSaveData::SplitCsv(line).rows.size(), 1U);
-    const auto file = LoadSaveData::ReadBatchText("d\nc\n1\n1\n" + line + ",1,2,3,4,5\n");
+    EXPECT_EQ(datafiles::ReadXYText("c\n" + line + ";1\n", ';').points.at(0).x, 0.0F);
+    EXPECT_EQ(datafiles::SplitCsv(line).rows.size(), 1U);
+    const auto file = datafiles::ReadBatchText("d\nc\n1\n1\n" + line + ",1,2,3,4,5\n");
     ASSERT_TRUE(file);
     EXPECT_EQ(file->sets.at(0).T, 0.0);
     EXPECT_EQ(file->sets.at(0).p, 1.0);

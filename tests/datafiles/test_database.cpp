@@ -6,17 +6,19 @@
 #include "session/module2.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
-using Declare::substances;
+using datafiles::LoadOutcome;
 using dialogs::Icon;
-using LoadSaveData::LoadOutcome;
+using legacy::the_session;
+using legacy::the_substances;
 
 class Database : public SessionTest {
   protected:
-    Database() { LoadSaveData::CloseDatabase(); }
-    ~Database() override { LoadSaveData::CloseDatabase(); }
+    Database() { datafiles::CloseDatabase(); }
+    ~Database() override { datafiles::CloseDatabase(); }
 
     std::string write(const std::string& name, const std::vector<builder::Substance>& list) {
         return write_bytes(name, builder::Database(list));
@@ -33,54 +35,54 @@ class Database : public SessionTest {
     }
     std::string name_after_reading(std::int16_t index) {
         bool noCriticalData = false;
-        EXPECT_TRUE(LoadSaveData::ReadSubstance(index, noCriticalData));
-        return Declare::substance.Name;
+        EXPECT_TRUE(datafiles::ReadSubstance(index, noCriticalData));
+        return legacy::the_substance.Name;
     }
 };
 
 TEST_F(Database, OpeningBuildsTheLists) {
-    const LoadSaveData::OpenResult result = LoadSaveData::OpenDatabaseFile(write("A.Q05", two()));
+    const datafiles::OpenResult result = datafiles::OpenDatabaseFile(write("A.Q05", two()));
     EXPECT_FALSE(result.notUsable);
     EXPECT_FALSE(result.reserved);
-    EXPECT_EQ(session.SubstanceCount, 2);
-    EXPECT_TRUE(session.DatabaseLoaded);
-    EXPECT_EQ(substances.Numbers, (std::vector<std::int16_t>{0, 1, 417}));
-    ASSERT_EQ(substances.Names.size(), 3U);
-    EXPECT_EQ(substances.Names[2], "Diäthyl ether;ether                     ");
-    EXPECT_EQ(substances.Formulas[1], "C3H8        ");
-    EXPECT_EQ(substances.Casrn[2], "60-29-7     ");
+    EXPECT_EQ(the_session.SubstanceCount, 2);
+    EXPECT_TRUE(the_session.DatabaseLoaded);
+    EXPECT_EQ(the_substances.Numbers, (std::vector<std::int16_t>{0, 1, 417}));
+    ASSERT_EQ(the_substances.Names.size(), 3U);
+    EXPECT_EQ(the_substances.Names[2], "Diäthyl ether;ether                     ");
+    EXPECT_EQ(the_substances.Formulas[1], "C3H8        ");
+    EXPECT_EQ(the_substances.Casrn[2], "60-29-7     ");
 }
 
 TEST_F(Database, AnotherLanguageListsTheOtherNames) {
-    session.EnglishUi = false;
-    LoadSaveData::OpenDatabaseFile(write("A.Q05", two()));
-    EXPECT_EQ(substances.Names[2].substr(0, 6), "Ether ");
+    the_session.EnglishUi = false;
+    datafiles::OpenDatabaseFile(write("A.Q05", two()));
+    EXPECT_EQ(the_substances.Names[2].substr(0, 6), "Ether ");
 }
 
 TEST_F(Database, ANameWithoutFolderIsLookedUpInTheProgramsFolder) {
     write("A.Q05", two());
-    EXPECT_FALSE(LoadSaveData::OpenDatabaseFile("A.Q05").notUsable);
-    EXPECT_TRUE(LoadSaveData::FileExists("A.Q05"));
-    EXPECT_FALSE(LoadSaveData::FileExists(""));
-    EXPECT_FALSE(LoadSaveData::FileExists("B.Q05"));
+    EXPECT_FALSE(datafiles::OpenDatabaseFile("A.Q05").notUsable);
+    EXPECT_TRUE(datafiles::FileExists("A.Q05"));
+    EXPECT_FALSE(datafiles::FileExists(""));
+    EXPECT_FALSE(datafiles::FileExists("B.Q05"));
 }
 
 TEST_F(Database, AMissingFileChangesNothing) {
     const std::string path = write("A.Q05", two());
-    LoadSaveData::OpenDatabaseFile(path);
-    EXPECT_TRUE(LoadSaveData::OpenDatabaseFile("MISSING.Q05").notUsable);
-    EXPECT_EQ(session.SubstanceCount, 2);
-    EXPECT_EQ(LoadSaveData::OpenDatabasePath(), path);
+    datafiles::OpenDatabaseFile(path);
+    EXPECT_TRUE(datafiles::OpenDatabaseFile("MISSING.Q05").notUsable);
+    EXPECT_EQ(the_session.SubstanceCount, 2);
+    EXPECT_EQ(datafiles::OpenDatabasePath(), path);
     EXPECT_EQ(name_after_reading(1), "Propane");
 }
 
 TEST_F(Database, AnUnusableFileDisplacesTheOpenOneButItsListsStay) {
-    LoadSaveData::OpenDatabaseFile(write("A.Q05", two()));
+    datafiles::OpenDatabaseFile(write("A.Q05", two()));
     const std::string empty = write("EMPTY.Q05", {});
-    EXPECT_TRUE(LoadSaveData::OpenDatabaseFile(empty).notUsable);
-    EXPECT_EQ(LoadSaveData::OpenDatabasePath(), empty);
-    EXPECT_EQ(session.SubstanceCount, 2);
-    EXPECT_EQ(substances.Names.size(), 3U);
+    EXPECT_TRUE(datafiles::OpenDatabaseFile(empty).notUsable);
+    EXPECT_EQ(datafiles::OpenDatabasePath(), empty);
+    EXPECT_EQ(the_session.SubstanceCount, 2);
+    EXPECT_EQ(the_substances.Names.size(), 3U);
     // The next selection opens the listed database again, so that the session stays usable.
     EXPECT_EQ(name_after_reading(2), "Diäthyl ether");
 }
@@ -88,15 +90,15 @@ TEST_F(Database, AnUnusableFileDisplacesTheOpenOneButItsListsStay) {
 TEST_F(Database, ANegativeCountIsUnusable) {
     std::string bytes = builder::Database(two());
     bytes[186] = bytes[187] = '\xFF';
-    EXPECT_TRUE(LoadSaveData::OpenDatabaseFile(write_bytes("A.Q05", bytes)).notUsable);
-    EXPECT_FALSE(session.DatabaseLoaded);
+    EXPECT_TRUE(datafiles::OpenDatabaseFile(write_bytes("A.Q05", bytes)).notUsable);
+    EXPECT_FALSE(the_session.DatabaseLoaded);
 }
 
 TEST_F(Database, LoadingAsksForAFileAndRemembersItsTitle) {
-    session.DatabaseFile = "OLD.Q05";
+    the_session.DatabaseFile = "OLD.Q05";
     user.fileAnswers.push_back(write("A.Q05", two()));
-    EXPECT_EQ(LoadSaveData::LoadDatabase(), LoadOutcome::Loaded);
-    EXPECT_EQ(session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Loaded);
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_FALSE(user.files[0].save);
     EXPECT_EQ(user.files[0].title, "Select and load a database");
@@ -107,86 +109,86 @@ TEST_F(Database, LoadingAsksForAFileAndRemembersItsTitle) {
 }
 
 TEST_F(Database, ACancelChangesNothingAndSaysNothing) {
-    session.DatabaseFile = "OLD.Q05";
+    the_session.DatabaseFile = "OLD.Q05";
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_EQ(LoadSaveData::LoadDatabase(), LoadOutcome::Cancelled);
+    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Cancelled);
     user.fileAnswers.push_back("");
-    EXPECT_EQ(LoadSaveData::LoadDatabase(), LoadOutcome::Cancelled);
-    EXPECT_EQ(session.DatabaseFile, "OLD.Q05");
+    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Cancelled);
+    EXPECT_EQ(the_session.DatabaseFile, "OLD.Q05");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Database, AFailureWithoutADatabaseIsARefusal) {
     user.fileAnswers.push_back(write("EMPTY.Q05", {}));
-    EXPECT_EQ(LoadSaveData::LoadDatabase(), LoadOutcome::Failed);
+    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Failed);
     EXPECT_EQ(user.lastText(), "Database EMPTY.Q05 not found or empty resp.");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(user.messages.back().icon, Icon::Stop);
-    EXPECT_FALSE(session.DatabaseLoaded);
-    EXPECT_EQ(session.DatabaseFile, "");
+    EXPECT_FALSE(the_session.DatabaseLoaded);
+    EXPECT_EQ(the_session.DatabaseFile, "");
 }
 
 TEST_F(Database, AFailureWithADatabaseSaysWhichOneIsActive) {
-    LoadSaveData::LoadDatabase(write("A.Q05", two()));
+    datafiles::LoadDatabase(write("A.Q05", two()));
     user.fileAnswers.push_back((folder() / "MISSING.Q05").string());
-    EXPECT_EQ(LoadSaveData::LoadDatabase(), LoadOutcome::Failed);
+    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Failed);
     EXPECT_EQ(user.lastText(),
               "Database MISSING.Q05not found in the QUOR directory or empty resp.\n"
               "Database already loaded A.Q05 is still activ.");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(user.messages.back().icon, Icon::Exclamation);
-    EXPECT_EQ(session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
 }
 
 TEST_F(Database, ReadingFillsTheActiveSubstance) {
-    LoadSaveData::OpenDatabaseFile(write("A.Q05", two()));
+    datafiles::OpenDatabaseFile(write("A.Q05", two()));
     bool noCriticalData = true;
-    EXPECT_TRUE(LoadSaveData::ReadSubstance(1, noCriticalData));
+    EXPECT_TRUE(datafiles::ReadSubstance(1, noCriticalData));
     EXPECT_FALSE(noCriticalData);
-    EXPECT_EQ(Declare::substance.Name, "Propane");
-    EXPECT_EQ(Declare::substance.CASRN, "74-98-6     ");
-    EXPECT_DOUBLE_EQ(Declare::substance.Tcrit, 369.89);
-    EXPECT_EQ(Declare::models.VPCode, "WAG");
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(legacy::the_substance.CASRN, "74-98-6     ");
+    EXPECT_DOUBLE_EQ(legacy::the_substance.Tcrit, 369.89);
+    EXPECT_EQ(legacy::the_models.VPCode, "WAG");
     EXPECT_EQ(name_after_reading(2), "Diäthyl ether");
-    EXPECT_EQ(Declare::models.VPCode, "000");
+    EXPECT_EQ(legacy::the_models.VPCode, "000");
 }
 
 TEST_F(Database, SubstanceZeroIsLeftAlone) {
-    LoadSaveData::OpenDatabaseFile(write("A.Q05", two()));
-    Declare::substance.Name = "as it was";
+    datafiles::OpenDatabaseFile(write("A.Q05", two()));
+    legacy::the_substance.Name = "as it was";
     for (const bool before : {true, false}) {
         bool noCriticalData = before;
-        LoadSaveData::ReadSubstance(0, noCriticalData);
+        datafiles::ReadSubstance(0, noCriticalData);
         EXPECT_EQ(noCriticalData, before);
     }
-    EXPECT_EQ(Declare::substance.Name, "as it was");
+    EXPECT_EQ(legacy::the_substance.Name, "as it was");
 }
 
 TEST_F(Database, AnUnreadableRecordLeavesTheSubstanceAndRaisesTheFlag) {
     const std::string path = write("A.Q05", two());
-    LoadSaveData::OpenDatabaseFile(path);
-    Declare::substance.Name = "as it was";
+    datafiles::OpenDatabaseFile(path);
+    legacy::the_substance.Name = "as it was";
     for (const std::int16_t index : {std::int16_t{3}, std::int16_t{-1}, std::int16_t{32767}}) {
         bool noCriticalData = false;
-        EXPECT_FALSE(LoadSaveData::ReadSubstance(index, noCriticalData));
+        EXPECT_FALSE(datafiles::ReadSubstance(index, noCriticalData));
         EXPECT_TRUE(noCriticalData);
     }
     // The file is cut short behind the program's back.
     std::filesystem::resize_file(path, 684 * 2);
     bool noCriticalData = false;
-    EXPECT_FALSE(LoadSaveData::ReadSubstance(2, noCriticalData));
-    EXPECT_EQ(Declare::substance.Name, "as it was");
+    EXPECT_FALSE(datafiles::ReadSubstance(2, noCriticalData));
+    EXPECT_EQ(legacy::the_substance.Name, "as it was");
     EXPECT_EQ(name_after_reading(1), "Propane");
 }
 
 TEST_F(Database, ASubstanceWithoutCriticalDataIsLoadedAllTheSame) {
     std::vector<builder::Substance> list = two();
     list[1].slots[8] = 0;
-    LoadSaveData::OpenDatabaseFile(write("A.Q05", list));
+    datafiles::OpenDatabaseFile(write("A.Q05", list));
     bool noCriticalData = false;
-    EXPECT_TRUE(LoadSaveData::ReadSubstance(2, noCriticalData));
+    EXPECT_TRUE(datafiles::ReadSubstance(2, noCriticalData));
     EXPECT_TRUE(noCriticalData);
-    EXPECT_EQ(Declare::substance.Name, "Diäthyl ether");
+    EXPECT_EQ(legacy::the_substance.Name, "Diäthyl ether");
 }
 
 TEST_F(Database, FiveThousandSubstancesOpenAtOnce) {
@@ -199,25 +201,25 @@ TEST_F(Database, FiveThousandSubstancesOpenAtOnce) {
     }
     const std::string path = write("BIG.Q05", list);
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_FALSE(LoadSaveData::OpenDatabaseFile(path).notUsable);
+    EXPECT_FALSE(datafiles::OpenDatabaseFile(path).notUsable);
     const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
     EXPECT_LT(took.count(), 200.0);
     RecordProperty("milliseconds", std::to_string(took.count()));
-    EXPECT_EQ(session.SubstanceCount, 5000);
-    EXPECT_EQ(substances.Names[5000].substr(0, 13), "Stoff Ä 5000");
+    EXPECT_EQ(the_session.SubstanceCount, 5000);
+    EXPECT_EQ(the_substances.Names[5000].substr(0, 13), "Stoff Ä 5000");
     EXPECT_EQ(name_after_reading(4321), "Stoff Ä 4321");
 }
 
 TEST_F(Database, TheCountHas16Bits) {
     std::string bytes =
         builder::Database(std::vector<builder::Substance>(32767, builder::Propane()));
-    EXPECT_FALSE(LoadSaveData::OpenDatabaseFile(write_bytes("A.Q05", bytes)).notUsable);
-    EXPECT_EQ(session.SubstanceCount, 32767);
+    EXPECT_FALSE(datafiles::OpenDatabaseFile(write_bytes("A.Q05", bytes)).notUsable);
+    EXPECT_EQ(the_session.SubstanceCount, 32767);
     EXPECT_EQ(name_after_reading(32767), "Propane");
 }
 
 TEST_F(Database, OpeningShowsTheBusyPointer) {
-    LoadSaveData::OpenDatabaseFile(write("A.Q05", two()));
+    datafiles::OpenDatabaseFile(write("A.Q05", two()));
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
 }
 
@@ -235,14 +237,14 @@ class PrivateDatabase : public Database {
         list[0].slots[90] = 270.0F;
         list[0].slots[93] = 0.5F;
         list[0].slots[86] = 1e-37F;
-        LoadSaveData::LoadDatabase(write("A.Q05", list));
+        datafiles::LoadDatabase(write("A.Q05", list));
         bool noCriticalData = false;
-        LoadSaveData::ReadSubstance(1, noCriticalData);
-        session.CurrentSubstance = 1;
+        datafiles::ReadSubstance(1, noCriticalData);
+        the_session.CurrentSubstance = 1;
     }
     std::string save(const std::string& name) {
         user.fileAnswers.push_back((folder() / name).string());
-        EXPECT_TRUE(LoadSaveData::WriteDataBaseQ05());
+        EXPECT_TRUE(datafiles::WriteDataBaseQ05());
         return builder::ReadFile(folder() / name);
     }
     static float slot(const std::string& bytes, std::size_t record, int k) {
@@ -265,10 +267,10 @@ TEST_F(PrivateDatabase, ItsHeaderHoldsTheDateAndACountOfOne) {
 }
 
 TEST_F(PrivateDatabase, ItTakesOverTheRecordAndKeepsTheRest) {
-    Declare::substance.Tcrit = 370.5;
-    Declare::substance.sconv = 999.0F;
-    Declare::substance.ptriple = 888.0F;
-    Declare::substance.WAG.TLo = 150;
+    legacy::the_substance.Tcrit = 370.5;
+    legacy::the_substance.sconv = 999.0F;
+    legacy::the_substance.ptriple = 888.0F;
+    legacy::the_substance.WAG.TLo = 150;
     const std::string bytes = save("P.Q05");
     EXPECT_EQ(bytes.substr(684, 12), "C3H8        ");
     EXPECT_EQ(bytes.substr(684 + 12, 8), "Propane ");
@@ -287,11 +289,11 @@ TEST_F(PrivateDatabase, ItTakesOverTheRecordAndKeepsTheRest) {
 
 TEST_F(PrivateDatabase, ItOpensAsADatabaseOfOneSubstanceWithNumberOne) {
     save("P.Q05");
-    EXPECT_EQ(LoadSaveData::LoadDatabase((folder() / "P.Q05").string()), LoadOutcome::Loaded);
-    EXPECT_EQ(session.SubstanceCount, 1);
-    EXPECT_EQ(substances.Numbers[1], 1);
+    EXPECT_EQ(datafiles::LoadDatabase((folder() / "P.Q05").string()), LoadOutcome::Loaded);
+    EXPECT_EQ(the_session.SubstanceCount, 1);
+    EXPECT_EQ(the_substances.Numbers[1], 1);
     EXPECT_EQ(name_after_reading(1), "Propane");
-    EXPECT_EQ(Declare::substance.sconv, 270.0F);
+    EXPECT_EQ(legacy::the_substance.sconv, 270.0F);
 }
 
 TEST_F(PrivateDatabase, ALongerOlderFileKeepsItsTail) {
@@ -306,7 +308,7 @@ TEST_F(PrivateDatabase, ALongerOlderFileKeepsItsTail) {
 
 TEST_F(PrivateDatabase, TheDialogIsTheOneForPrivateFiles) {
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(LoadSaveData::WriteDataBaseQ05());
+    EXPECT_FALSE(datafiles::WriteDataBaseQ05());
     const dialogs::FileChoice& choice = user.files.back();
     EXPECT_TRUE(choice.save);
     EXPECT_EQ(choice.title, "Saving a Private Database File *.Q05 for the actual substance ");
@@ -318,28 +320,28 @@ TEST_F(PrivateDatabase, TheDialogIsTheOneForPrivateFiles) {
 
 TEST_F(PrivateDatabase, AFailurePassesSilently) {
     user.fileAnswers.push_back((folder() / "missing" / "P.Q05").string());
-    EXPECT_FALSE(LoadSaveData::WriteDataBaseQ05());
+    EXPECT_FALSE(datafiles::WriteDataBaseQ05());
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(PrivateDatabase, WithoutASubstanceNothingIsWritten) {
-    session.CurrentSubstance = 0;
-    EXPECT_FALSE(LoadSaveData::WritePrivateDatabase((folder() / "P.Q05").string()));
+    the_session.CurrentSubstance = 0;
+    EXPECT_FALSE(datafiles::WritePrivateDatabase((folder() / "P.Q05").string()));
     EXPECT_FALSE(std::filesystem::exists(folder() / "P.Q05"));
 }
 
 TEST_F(PrivateDatabase, TheOpenDatabaseIsNeverOverwritten) {
     const std::string before = builder::ReadFile(folder() / "A.Q05");
     user.fileAnswers.push_back((folder() / "A.Q05").string());
-    EXPECT_FALSE(LoadSaveData::WriteDataBaseQ05());
+    EXPECT_FALSE(datafiles::WriteDataBaseQ05());
     EXPECT_EQ(builder::ReadFile(folder() / "A.Q05"), before);
     EXPECT_EQ(user.lastText(), "This file is the database that is open. Choose another name.");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
 
 TEST_F(PrivateDatabase, TheNameGoesIntoTheFieldOfTheLanguage) {
-    session.EnglishUi = false;
-    Declare::substance.Name = "Propan rein";
+    the_session.EnglishUi = false;
+    legacy::the_substance.Name = "Propan rein";
     save("P");
     EXPECT_FALSE(std::filesystem::exists(folder() / "P"));
     const std::string file = builder::ReadFile(folder() / "P.Q05");
@@ -350,14 +352,14 @@ TEST_F(PrivateDatabase, TheNameGoesIntoTheFieldOfTheLanguage) {
 TEST_F(Database, AProjectsDatabaseIsFoundBesideItAndWhereOthersWere) {
     std::filesystem::create_directories(folder() / "elsewhere");
     builder::WriteFile(folder() / "elsewhere" / "X.Q05", builder::Database(two()));
-    EXPECT_EQ(LoadSaveData::FindDatabase("X.Q05", {}), "X.Q05");
-    EXPECT_EQ(LoadSaveData::FindDatabase("X.Q05", folder() / "elsewhere"),
+    EXPECT_EQ(datafiles::FindDatabase("X.Q05", {}), "X.Q05");
+    EXPECT_EQ(datafiles::FindDatabase("X.Q05", folder() / "elsewhere"),
               (folder() / "elsewhere" / "X.Q05").string());
-    EXPECT_EQ(LoadSaveData::LoadDatabase((folder() / "elsewhere" / "X.Q05").string()),
+    EXPECT_EQ(datafiles::LoadDatabase((folder() / "elsewhere" / "X.Q05").string()),
               LoadOutcome::Loaded);
-    EXPECT_EQ(LoadSaveData::FindDatabase("X.Q05", {}), (folder() / "elsewhere" / "X.Q05").string());
+    EXPECT_EQ(datafiles::FindDatabase("X.Q05", {}), (folder() / "elsewhere" / "X.Q05").string());
     write("X.Q05", two());
-    EXPECT_EQ(LoadSaveData::FindDatabase("X.Q05", folder() / "elsewhere"), "X.Q05");
+    EXPECT_EQ(datafiles::FindDatabase("X.Q05", folder() / "elsewhere"), "X.Q05");
 }
 
 }  // namespace

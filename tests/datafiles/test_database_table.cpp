@@ -8,11 +8,13 @@
 #include "support/fluids.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
-using LoadSaveData::DatabaseTable;
-using LoadSaveData::NameField;
-using LoadSaveData::ReadDatabaseTable;
+using datafiles::DatabaseTable;
+using datafiles::NameField;
+using datafiles::ReadDatabaseTable;
 
 constexpr const char* kHead = "formula,name_en,casrn,M,Tcrit,pcrit";
 
@@ -46,7 +48,7 @@ TEST(DatabaseTable, ARowBecomesARecord) {
     EXPECT_EQ(slot(t, 0, 59), 145.0F);
     EXPECT_EQ(slot(t, 0, 60), 369.0F);
     EXPECT_EQ(t.records[0].number, 1);
-    EXPECT_EQ(LoadSaveData::FieldText(t.records[0].formula), "C3H8        ");
+    EXPECT_EQ(datafiles::FieldText(t.records[0].formula), "C3H8        ");
 }
 
 TEST(DatabaseTable, AnEmptyCellIsNothingAndAZeroIsARealZeroButForBounds) {
@@ -158,7 +160,7 @@ TEST(DatabaseTable, MoreSubstancesThanTheCountHoldsAreRefused) {
 }
 
 TEST(DatabaseTable, QuotedCellsHoldCommasQuotesAndLineEnds) {
-    const LoadSaveData::CsvTable t = LoadSaveData::SplitCsv(
+    const datafiles::CsvTable t = datafiles::SplitCsv(
         "\xEF\xBB\xBF"
         "a,\"b,\"\"c\"\"\nd\"\r\n\r\ne,\r\nf");
     ASSERT_EQ(t.rows.size(), 3U);
@@ -177,13 +179,13 @@ class StudentDatabase : public SessionTest {
         const DatabaseTable t =
             ReadDatabaseTable(builder::ReadFile(std::string(QUOR_SOURCE_DATA) + "/substances.csv"));
         for (const std::string& error : t.errors) ADD_FAILURE() << error;
-        builder::WriteFile(folder() / "S.Q05", LoadSaveData::DatabaseBytes(t.records));
-        EXPECT_FALSE(LoadSaveData::OpenDatabaseFile("S.Q05").notUsable);
+        builder::WriteFile(folder() / "S.Q05", datafiles::DatabaseBytes(t.records));
+        EXPECT_FALSE(datafiles::OpenDatabaseFile("S.Q05").notUsable);
     }
-    ~StudentDatabase() override { LoadSaveData::CloseDatabase(); }
+    ~StudentDatabase() override { datafiles::CloseDatabase(); }
 };
 
-void expect_equal(const Declare::CpSet& a, const Declare::CpSet& b) {
+void expect_equal(const models::CpSet& a, const models::CpSet& b) {
     EXPECT_EQ(a.c, b.c);
     EXPECT_EQ(a.TLo, b.TLo);
     EXPECT_EQ(a.THi, b.THi);
@@ -191,16 +193,16 @@ void expect_equal(const Declare::CpSet& a, const Declare::CpSet& b) {
 
 TEST_F(StudentDatabase, EverySubstanceReadsAsItsRowSays) {
     const std::vector<std::string> names = fluids::AllNames();
-    ASSERT_EQ(Declare::session.SubstanceCount, static_cast<int>(names.size()));
+    ASSERT_EQ(legacy::the_session.SubstanceCount, static_cast<int>(names.size()));
     for (std::size_t i = 0; i < names.size(); ++i) {
         SCOPED_TRACE(names[i]);
-        Declare::substance = {};
+        legacy::the_substance = {};
         bool noCriticalData = true;
-        ASSERT_TRUE(LoadSaveData::ReadSubstance(static_cast<std::int16_t>(i + 1), noCriticalData));
+        ASSERT_TRUE(datafiles::ReadSubstance(static_cast<std::int16_t>(i + 1), noCriticalData));
         EXPECT_FALSE(noCriticalData);
         // Read from the table by the tests' own reader.
-        const Declare::SubstanceRecord expected = fluids::Row(names[i]);
-        const Declare::SubstanceRecord& r = Declare::substance;
+        const models::SubstanceRecord expected = fluids::Row(names[i]);
+        const models::SubstanceRecord& r = legacy::the_substance;
         EXPECT_EQ(r.Name, expected.Name);
         EXPECT_EQ(r.Formula, expected.Formula);
         EXPECT_EQ(r.CASRN, expected.CASRN);
@@ -243,14 +245,14 @@ TEST_F(StudentDatabase, EverySubstanceReadsAsItsRowSays) {
 
 TEST_F(StudentDatabase, KnownFiguresOfCarbonDioxideArrive) {
     bool noCriticalData = false;
-    ASSERT_TRUE(LoadSaveData::ReadSubstance(LoadSaveData::FindByCasrn("124-38-9"), noCriticalData));
-    EXPECT_EQ(Declare::substance.Name, "Carbon dioxide");
+    ASSERT_TRUE(datafiles::ReadSubstance(datafiles::FindByCasrn("124-38-9"), noCriticalData));
+    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
     // Span and Wagner (1996): 304.1282 K, 7377.3 kPa, 467.6 kg/m^3; M from the atomic weights.
-    EXPECT_NEAR(Declare::substance.M, 44.0095, 0.001);
-    EXPECT_NEAR(Declare::substance.Tcrit, 304.1282, 0.0001);
-    EXPECT_NEAR(Declare::substance.pcrit, 7377.3, 0.1);
-    EXPECT_NEAR(Declare::substance.rhocrit, 467.6, 0.01);
-    EXPECT_NEAR(Declare::substance.omega, 0.224, 0.001);
+    EXPECT_NEAR(legacy::the_substance.M, 44.0095, 0.001);
+    EXPECT_NEAR(legacy::the_substance.Tcrit, 304.1282, 0.0001);
+    EXPECT_NEAR(legacy::the_substance.pcrit, 7377.3, 0.1);
+    EXPECT_NEAR(legacy::the_substance.rhocrit, 467.6, 0.01);
+    EXPECT_NEAR(legacy::the_substance.omega, 0.224, 0.001);
 }
 
 }  // namespace

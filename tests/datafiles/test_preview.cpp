@@ -3,22 +3,24 @@
 #include "datafiles/preview.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
-using LoadSaveData::FilePreview;
-using LoadSaveData::PreviewFile;
+using datafiles::FilePreview;
+using datafiles::PreviewFile;
+using legacy::the_session;
 
 class Preview : public SessionTest {
   protected:
     Preview() {
-        LoadSaveData::CloseDatabase();
+        datafiles::CloseDatabase();
         builder::WriteFile(folder() / "A.Q05",
                            builder::Database({builder::Plain("Methane;R-50", "74-82-8")}));
         builder::WriteFile(folder() / "B.Q05", builder::Database({builder::Propane()}));
-        LoadSaveData::LoadDatabase("A.Q05");
+        datafiles::LoadDatabase("A.Q05");
     }
-    ~Preview() override { LoadSaveData::CloseDatabase(); }
+    ~Preview() override { datafiles::CloseDatabase(); }
 
     FilePreview of(const std::string& name, const std::string& bytes) {
         builder::WriteFile(folder() / name, bytes);
@@ -33,7 +35,7 @@ TEST_F(Preview, AFileOfDataShowsItsSubstanceAndComment) {
     EXPECT_EQ(p.comment, "Kälte");
     EXPECT_EQ(p.date, "1.2.2026");
     EXPECT_EQ(p.database, "A.Q05");
-    EXPECT_EQ(session.BatchCount, 0);
+    EXPECT_EQ(the_session.BatchCount, 0);
 }
 
 TEST_F(Preview, ADataFileOfAnUnknownSubstanceSaysSo) {
@@ -46,10 +48,10 @@ TEST_F(Preview, AProjectIsLookedUpInItsOwnDatabaseAndTheOpenOneStays) {
     EXPECT_EQ(p.substance, "Propane");
     EXPECT_EQ(p.database, "B.Q05");
     EXPECT_EQ(p.comment, "my project");
-    EXPECT_EQ(session.DatabaseFile, "A.Q05");
-    EXPECT_EQ(LoadSaveData::OpenDatabasePath(), folder() / "A.Q05");
-    EXPECT_EQ(session.SubstanceCount, 1);
-    EXPECT_EQ(Declare::substances.Names[1].substr(0, 8), "Methane;");
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(datafiles::OpenDatabasePath(), folder() / "A.Q05");
+    EXPECT_EQ(the_session.SubstanceCount, 1);
+    EXPECT_EQ(legacy::the_substances.Names[1].substr(0, 8), "Methane;");
 }
 
 TEST_F(Preview, AProjectOfAnUnknownSubstanceOrDatabaseSaysSo) {

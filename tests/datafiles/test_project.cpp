@@ -5,14 +5,16 @@
 #include "session/module2.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 namespace fs = std::filesystem;
 
-using Declare::models;
-using Declare::reference;
-using Declare::session;
-using LoadSaveData::ProjectResult;
+using datafiles::ProjectResult;
+using legacy::the_models;
+using legacy::the_reference;
+using legacy::the_session;
 
 /// The text of a project with settings of its own for every item.
 constexpr const char* kProject =
@@ -52,54 +54,54 @@ constexpr const char* kProject =
 class Project : public SessionTest {
   protected:
     Project() {
-        LoadSaveData::CloseDatabase();
+        datafiles::CloseDatabase();
         builder::WriteFile(folder() / "A.Q05", builder::Database({builder::Plain("Other", "1-1-1"),
                                                                   builder::Propane()}));
     }
-    ~Project() override { LoadSaveData::CloseDatabase(); }
+    ~Project() override { datafiles::CloseDatabase(); }
 
     void open_and_choose() {
-        LoadSaveData::LoadDatabase("A.Q05");
+        datafiles::LoadDatabase("A.Q05");
         choose(2);
     }
     static void choose(std::int16_t index) {
         bool noCriticalData = false;
-        LoadSaveData::ReadSubstance(index, noCriticalData);
-        session.CurrentSubstance = index;
+        datafiles::ReadSubstance(index, noCriticalData);
+        the_session.CurrentSubstance = index;
     }
     ProjectResult load(const std::string& text, const std::string& name = "P.QCF") {
         builder::WriteFile(folder() / name, text);
-        return LoadSaveData::LoadProject((folder() / name).string());
+        return datafiles::LoadProject((folder() / name).string());
     }
     static void expect_settings_of_the_project() {
-        EXPECT_EQ(session.DiagramT, 310.25);
-        EXPECT_EQ(session.DiagramP, 1500.5);
-        EXPECT_EQ(session.DiagramV, 0.125);
-        EXPECT_EQ(session.CaloricFactor, 0.02);
-        EXPECT_EQ(session.UnitMode, 1);
-        EXPECT_EQ(session.CaloricUnit, 3);
-        EXPECT_FALSE(session.CurveRealRangeOnly);
-        EXPECT_EQ(session.PointsPerCurve, 450);
-        EXPECT_EQ(session.CsvSeparator, ',');
-        EXPECT_EQ(models.VPModel, 3);
-        EXPECT_EQ(models.EOSModel, 5);
-        EXPECT_EQ(models.CpModel, 2);
-        EXPECT_EQ(models.HLVModel, 4);
-        EXPECT_EQ(models.WatsonN, 0.375F);
-        EXPECT_FALSE(models.PriorityCEOS);
-        EXPECT_EQ(reference.RefMode, 10);
-        EXPECT_EQ(reference.href, -100.5);
-        EXPECT_EQ(reference.sref, 2.5);
-        EXPECT_EQ(reference.T0, 273.15F);
-        EXPECT_EQ(reference.p0, 100.0F);
-        EXPECT_EQ(reference.Tenv, 288.15);
-        EXPECT_EQ(reference.penv, 95.5);
-        EXPECT_TRUE(session.BatchMode);
-        EXPECT_TRUE(session.CurveSWithoutTieLine);
-        EXPECT_TRUE(session.PartialGasCurve);
-        EXPECT_EQ(session.tank.V, 2.5F);
-        EXPECT_EQ(session.tank.m, 12.5F);
-        EXPECT_EQ(session.tank.T, 299.5F);
+        EXPECT_EQ(the_session.DiagramT, 310.25);
+        EXPECT_EQ(the_session.DiagramP, 1500.5);
+        EXPECT_EQ(the_session.DiagramV, 0.125);
+        EXPECT_EQ(the_session.CaloricFactor, 0.02);
+        EXPECT_EQ(the_session.UnitMode, 1);
+        EXPECT_EQ(the_session.CaloricUnit, 3);
+        EXPECT_FALSE(the_session.CurveRealRangeOnly);
+        EXPECT_EQ(the_session.PointsPerCurve, 450);
+        EXPECT_EQ(the_session.CsvSeparator, ',');
+        EXPECT_EQ(the_models.VPModel, 3);
+        EXPECT_EQ(the_models.EOSModel, 5);
+        EXPECT_EQ(the_models.CpModel, 2);
+        EXPECT_EQ(the_models.HLVModel, 4);
+        EXPECT_EQ(the_models.WatsonN, 0.375F);
+        EXPECT_FALSE(the_models.PriorityCEOS);
+        EXPECT_EQ(the_reference.RefMode, 10);
+        EXPECT_EQ(the_reference.href, -100.5);
+        EXPECT_EQ(the_reference.sref, 2.5);
+        EXPECT_EQ(the_reference.T0, 273.15F);
+        EXPECT_EQ(the_reference.p0, 100.0F);
+        EXPECT_EQ(the_reference.Tenv, 288.15);
+        EXPECT_EQ(the_reference.penv, 95.5);
+        EXPECT_TRUE(the_session.BatchMode);
+        EXPECT_TRUE(the_session.CurveSWithoutTieLine);
+        EXPECT_TRUE(the_session.PartialGasCurve);
+        EXPECT_EQ(the_session.tank.V, 2.5F);
+        EXPECT_EQ(the_session.tank.m, 12.5F);
+        EXPECT_EQ(the_session.tank.T, 299.5F);
     }
 };
 
@@ -110,45 +112,45 @@ TEST_F(Project, EveryItemIsRead) {
     EXPECT_TRUE(result.modelsComplete);
     EXPECT_FALSE(result.noCriticalData);
     expect_settings_of_the_project();
-    EXPECT_EQ(session.DatabaseFile, "A.Q05");
-    EXPECT_EQ(session.CurrentSubstance, 2);
-    EXPECT_EQ(Declare::substance.Name, "Propane");
-    EXPECT_EQ(session.ProjectComment, "my comment");
-    EXPECT_EQ(session.ProjectFile, "P.QCF");
-    EXPECT_EQ(session.FolderProject, (folder() / "").string());
-    EXPECT_TRUE(session.ProjectLoaded);
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(the_session.ProjectComment, "my comment");
+    EXPECT_EQ(the_session.ProjectFile, "P.QCF");
+    EXPECT_EQ(the_session.FolderProject, (folder() / "").string());
+    EXPECT_TRUE(the_session.ProjectLoaded);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Project, WhatFollowsFromTheSettingsIsDerived) {
     load(kProject);
-    EXPECT_EQ(models.VPCode, "FRO");
-    EXPECT_FALSE(models.EOSOnlyV);
-    EXPECT_GT(Declare::eosParameters.vcritCalc, 0.0);
-    EXPECT_NE(Declare::substance.KFW.a[0], 0.0F);
-    EXPECT_NE(Declare::substance.KFR.a[0], 0.0F);
-    EXPECT_NE(Declare::substance.THO.A, 0.0F);
-    EXPECT_EQ(session.VolumeLabel, "m^3/kg  ");
-    EXPECT_DOUBLE_EQ(session.VolumeFactor, 1.0 / static_cast<double>(44.096F));
+    EXPECT_EQ(the_models.VPCode, "FRO");
+    EXPECT_FALSE(the_models.EOSOnlyV);
+    EXPECT_GT(legacy::the_eosParameters.vcritCalc, 0.0);
+    EXPECT_NE(legacy::the_substance.KFW.a[0], 0.0F);
+    EXPECT_NE(legacy::the_substance.KFR.a[0], 0.0F);
+    EXPECT_NE(legacy::the_substance.THO.A, 0.0F);
+    EXPECT_EQ(the_session.VolumeLabel, "m^3/kg  ");
+    EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 1.0 / static_cast<double>(44.096F));
 }
 
 TEST_F(Project, SavingWritesTheItemsInTheirOrder) {
     load(kProject);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("my comment");
-    EXPECT_TRUE(LoadSaveData::SaveProject(true));
+    EXPECT_TRUE(datafiles::SaveProject(true));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
-    EXPECT_EQ(session.ProjectFile, "B.QCF");
+    EXPECT_EQ(the_session.ProjectFile, "B.QCF");
 }
 
 TEST_F(Project, TheDecimalMarkOfTheLocaleDoesNotReachTheFile) {
     load(kProject);
     numbers::set_decimal_mark(',');
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_TRUE(LoadSaveData::SaveProject(true));
+    EXPECT_TRUE(datafiles::SaveProject(true));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
-    Module2::ResetEverything();
-    LoadSaveData::LoadProject((folder() / "B.QCF").string());
+    session::ResetEverything();
+    datafiles::LoadProject((folder() / "B.QCF").string());
     expect_settings_of_the_project();
 }
 
@@ -170,29 +172,29 @@ TEST_F(Project, LineEndsOfOtherSystemsReadTheSame) {
 
 TEST_F(Project, ValuesComeBackExactly) {
     open_and_choose();
-    session.DiagramT = 1.0 / 3.0;
-    session.DiagramP = 123456789.123456789;
-    reference.href = -1e-7;
-    models.WatsonN = 0.1F;
-    session.CsvSeparator = '\t';
+    the_session.DiagramT = 1.0 / 3.0;
+    the_session.DiagramP = 123456789.123456789;
+    the_reference.href = -1e-7;
+    the_models.WatsonN = 0.1F;
+    the_session.CsvSeparator = '\t';
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    ASSERT_TRUE(LoadSaveData::SaveProject(true));
-    Module2::ResetEverything();
-    EXPECT_TRUE(LoadSaveData::LoadProject((folder() / "B.QCF").string()).loaded);
-    EXPECT_EQ(session.DiagramT, 1.0 / 3.0);
-    EXPECT_EQ(session.DiagramP, 123456789.123456789);
-    EXPECT_EQ(reference.href, -1e-7);
-    EXPECT_EQ(models.WatsonN, 0.1F);
-    EXPECT_EQ(session.CsvSeparator, '\t');
+    ASSERT_TRUE(datafiles::SaveProject(true));
+    session::ResetEverything();
+    EXPECT_TRUE(datafiles::LoadProject((folder() / "B.QCF").string()).loaded);
+    EXPECT_EQ(the_session.DiagramT, 1.0 / 3.0);
+    EXPECT_EQ(the_session.DiagramP, 123456789.123456789);
+    EXPECT_EQ(the_reference.href, -1e-7);
+    EXPECT_EQ(the_models.WatsonN, 0.1F);
+    EXPECT_EQ(the_session.CsvSeparator, '\t');
 }
 
 TEST_F(Project, SavingAsksForNameAndComment) {
     open_and_choose();
-    session.ProjectComment = "earlier";
-    session.ProjectFile = "OLD.QCF";
+    the_session.ProjectComment = "earlier";
+    the_session.ProjectFile = "OLD.QCF";
     user.fileAnswers.push_back("B");
     user.inputAnswers.push_back(std::nullopt);
-    EXPECT_TRUE(LoadSaveData::SaveProject(true));
+    EXPECT_TRUE(datafiles::SaveProject(true));
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_TRUE(user.files[0].save);
     EXPECT_EQ(user.files[0].title, "save actual project as ...");
@@ -212,7 +214,7 @@ TEST_F(Project, SavingAsksForNameAndComment) {
 TEST_F(Project, CancellingTheDialogWritesNothing) {
     open_and_choose();
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(LoadSaveData::SaveProject(true));
+    EXPECT_FALSE(datafiles::SaveProject(true));
     EXPECT_TRUE(user.inputs.empty());
 }
 
@@ -221,7 +223,7 @@ TEST_F(Project, AFailedSaveIsToldAndLeavesTheOldFile) {
     builder::WriteFile(folder() / "B.QCF", "old");
     fs::permissions(folder() / "B.QCF", fs::perms::owner_read);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_FALSE(LoadSaveData::SaveProject(true));
+    EXPECT_FALSE(datafiles::SaveProject(true));
     EXPECT_EQ(user.lastText(), "The file B.QCF could not be written (it is write-protected).");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), "old");
@@ -229,28 +231,28 @@ TEST_F(Project, AFailedSaveIsToldAndLeavesTheOldFile) {
 
 TEST_F(Project, TheLastSessionIsSavedWithoutAQuestion) {
     open_and_choose();
-    session.ProjectFile = "MINE.QCF";
-    models.EOSModel = 6;
-    session.DiagramT = 345.5;
-    EXPECT_TRUE(LoadSaveData::SaveProject(false));
+    the_session.ProjectFile = "MINE.QCF";
+    the_models.EOSModel = 6;
+    the_session.DiagramT = 345.5;
+    EXPECT_TRUE(datafiles::SaveProject(false));
     EXPECT_TRUE(user.files.empty());
     EXPECT_TRUE(user.inputs.empty());
-    EXPECT_TRUE(fs::exists(session.LastSessionFile));
-    EXPECT_EQ(session.ProjectFile, "MINE.QCF");
+    EXPECT_TRUE(fs::exists(the_session.LastSessionFile));
+    EXPECT_EQ(the_session.ProjectFile, "MINE.QCF");
 
-    Module2::ResetEverything();
-    const ProjectResult result = LoadSaveData::LoadLastSession();
+    session::ResetEverything();
+    const ProjectResult result = datafiles::LoadLastSession();
     EXPECT_TRUE(result.modelsComplete);
-    EXPECT_EQ(session.DiagramT, 345.5);
-    EXPECT_EQ(models.EOSModel, 6);
-    EXPECT_EQ(Declare::substance.Name, "Propane");
-    EXPECT_EQ(session.ProjectFile, "");
+    EXPECT_EQ(the_session.DiagramT, 345.5);
+    EXPECT_EQ(the_models.EOSModel, 6);
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(the_session.ProjectFile, "");
 }
 
 TEST_F(Project, LoadingAsksForAFile) {
     builder::WriteFile(folder() / "P.QCF", kProject);
     user.fileAnswers.push_back("P.QCF");
-    EXPECT_TRUE(LoadSaveData::LoadProject().loaded);
+    EXPECT_TRUE(datafiles::LoadProject().loaded);
     EXPECT_EQ(user.files[0].title, "Load a project (*.QCF)");
     EXPECT_FALSE(user.files[0].save);
     expect_settings_of_the_project();
@@ -258,17 +260,17 @@ TEST_F(Project, LoadingAsksForAFile) {
 
 TEST_F(Project, ACancelOfLoadingChangesNothing) {
     open_and_choose();
-    session.DiagramT = 111;
+    the_session.DiagramT = 111;
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(LoadSaveData::LoadProject().loaded);
-    EXPECT_EQ(session.DiagramT, 111.0);
-    EXPECT_EQ(session.CurrentSubstance, 2);
+    EXPECT_FALSE(datafiles::LoadProject().loaded);
+    EXPECT_EQ(the_session.DiagramT, 111.0);
+    EXPECT_EQ(the_session.CurrentSubstance, 2);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Project, AMissingOrForeignFileIsToldAndChangesNothing) {
     open_and_choose();
-    EXPECT_FALSE(LoadSaveData::LoadProject("MISSING.QCF").loaded);
+    EXPECT_FALSE(datafiles::LoadProject("MISSING.QCF").loaded);
     EXPECT_EQ(user.lastText(), "The file MISSING.QCF was not found.");
     for (const std::string text :
          {"", "one line", "a\r\nb\r\nc\r\n", "a\r\nb\r\n\r\n74-98-6\r\n1\r\n",
@@ -277,8 +279,8 @@ TEST_F(Project, AMissingOrForeignFileIsToldAndChangesNothing) {
         EXPECT_EQ(user.lastText(), "The file P.QCF is no project file.");
         EXPECT_EQ(user.lastTitle(), "Execution not possible");
     }
-    EXPECT_EQ(session.CurrentSubstance, 2);
-    EXPECT_EQ(session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
 }
 
 TEST_F(Project, AMissingDatabaseLeavesTheOpenOneInPlace) {
@@ -293,18 +295,18 @@ TEST_F(Project, AMissingDatabaseLeavesTheOpenOneInPlace) {
               "Database of the project B.Q05not found in the QUOR directory or empty resp.\n"
               "The actual database A.Q05 is still activ.");
     EXPECT_EQ(user.lastTitle(), "Hint");
-    EXPECT_EQ(session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
     expect_settings_of_the_project();
 }
 
 TEST_F(Project, WithoutAnyDatabaseTheLoadEnds) {
     fs::remove(folder() / "A.Q05");
-    session.DiagramT = 111;
+    the_session.DiagramT = 111;
     EXPECT_FALSE(load(kProject).loaded);
     EXPECT_EQ(user.lastText(), "Database of the project A.Q05not found in the QUOR directory ");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_EQ(session.DiagramT, 111.0);
-    EXPECT_FALSE(session.ProjectLoaded);
+    EXPECT_EQ(the_session.DiagramT, 111.0);
+    EXPECT_FALSE(the_session.ProjectLoaded);
 }
 
 TEST_F(Project, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
@@ -315,14 +317,14 @@ TEST_F(Project, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
     EXPECT_TRUE(result.loaded);
     EXPECT_FALSE(result.substanceFound);
     EXPECT_FALSE(result.modelsComplete);
-    EXPECT_EQ(session.CurrentSubstance, 0);
-    EXPECT_FALSE(session.SubstanceSet);
-    EXPECT_EQ(Declare::substance.Name, "");
-    EXPECT_EQ(session.DiagramT, 310.25);
-    EXPECT_EQ(models.EOSModel, 5);
+    EXPECT_EQ(the_session.CurrentSubstance, 0);
+    EXPECT_FALSE(the_session.SubstanceSet);
+    EXPECT_EQ(legacy::the_substance.Name, "");
+    EXPECT_EQ(the_session.DiagramT, 310.25);
+    EXPECT_EQ(the_models.EOSModel, 5);
     // Specific units need a molar mass.
-    EXPECT_EQ(session.UnitMode, 0);
-    EXPECT_EQ(session.VolumeLabel, "m^3/kmol");
+    EXPECT_EQ(the_session.UnitMode, 0);
+    EXPECT_EQ(the_session.VolumeLabel, "m^3/kmol");
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -345,18 +347,18 @@ TEST_F(Project, AnEquationOfStateOfMinusOneReadsAsZero) {
     std::string text = kProject;
     text.replace(text.find("\r\n5\r\n2\r\n4"), 5, "\r\n-1\r\n");
     load(text);
-    EXPECT_EQ(models.EOSModel, 0);
-    EXPECT_TRUE(models.EOSOnlyV);
-    EXPECT_FALSE(models.PriorityCEOS);
-    EXPECT_EQ(models.CpModel, 2);
+    EXPECT_EQ(the_models.EOSModel, 0);
+    EXPECT_TRUE(the_models.EOSOnlyV);
+    EXPECT_FALSE(the_models.PriorityCEOS);
+    EXPECT_EQ(the_models.CpModel, 2);
 }
 
 TEST_F(Project, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
     std::string text = kProject;
     text.replace(text.find("\r\n3\r\n5\r\n2"), 5, "\r\n0\r\n");
     load(text);
-    EXPECT_EQ(models.VPCode, "WAG");
-    EXPECT_EQ(models.VPModel, 4);
+    EXPECT_EQ(the_models.VPCode, "WAG");
+    EXPECT_EQ(the_models.VPModel, 4);
 }
 
 TEST_F(Project, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
@@ -365,45 +367,45 @@ TEST_F(Project, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
     text.replace(text.find("450"), 3, "999");
     text.replace(text.find("\",\""), 3, "\";;\"");
     load(text);
-    EXPECT_EQ(session.DiagramT, 298.15);
-    EXPECT_EQ(session.PointsPerCurve, 300);
-    EXPECT_EQ(session.CsvSeparator, ';');
-    EXPECT_EQ(session.DiagramP, 1500.5);
-    EXPECT_EQ(models.EOSModel, 5);
+    EXPECT_EQ(the_session.DiagramT, 298.15);
+    EXPECT_EQ(the_session.PointsPerCurve, 300);
+    EXPECT_EQ(the_session.CsvSeparator, ';');
+    EXPECT_EQ(the_session.DiagramP, 1500.5);
+    EXPECT_EQ(the_models.EOSModel, 5);
 }
 
 TEST_F(Project, ATruncatedFileLeavesTheLaterSettings) {
     const std::string text = kProject;
     load(text.substr(0, text.find("450")));
-    EXPECT_EQ(session.DiagramT, 310.25);
-    EXPECT_EQ(session.CaloricUnit, 3);
-    EXPECT_FALSE(session.CurveRealRangeOnly);
-    EXPECT_EQ(session.PointsPerCurve, 300);
-    EXPECT_EQ(models.VPCode, "WAG");
-    EXPECT_EQ(reference.RefMode, 1);
-    EXPECT_EQ(session.tank.T, 0.0F);
+    EXPECT_EQ(the_session.DiagramT, 310.25);
+    EXPECT_EQ(the_session.CaloricUnit, 3);
+    EXPECT_FALSE(the_session.CurveRealRangeOnly);
+    EXPECT_EQ(the_session.PointsPerCurve, 300);
+    EXPECT_EQ(the_models.VPCode, "WAG");
+    EXPECT_EQ(the_reference.RefMode, 1);
+    EXPECT_EQ(the_session.tank.T, 0.0F);
 }
 
 TEST_F(Project, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
     const std::string text = kProject;
     for (std::size_t length = 0; length <= text.size(); ++length) {
         SCOPED_TRACE(length);
-        Module2::ResetEverything();
+        session::ResetEverything();
         load(text.substr(0, length));
         const auto either = [](auto value, auto before, auto after) {
             return value == before || value == after;
         };
-        EXPECT_TRUE(either(session.DiagramT, 298.15, 310.25));
-        EXPECT_TRUE(either(session.DiagramP, 0.0, 1500.5));
-        EXPECT_TRUE(either(session.DiagramV, 0.0, 0.125));
-        EXPECT_TRUE(either(session.CaloricFactor, 1.0, 0.02));
-        EXPECT_TRUE(either(session.PointsPerCurve, 300, 450));
-        EXPECT_TRUE(either(session.CsvSeparator, ';', ','));
-        EXPECT_TRUE(either(reference.href, 0.0, -100.5));
-        EXPECT_TRUE(either(reference.T0, 298.15F, 273.15F));
-        EXPECT_TRUE(either(reference.p0, 101.325F, 100.0F));
-        EXPECT_TRUE(either(session.tank.m, 0.0F, 12.5F));
-        EXPECT_EQ(session.CurrentSubstance == 2, Declare::substance.Name == "Propane");
+        EXPECT_TRUE(either(the_session.DiagramT, 298.15, 310.25));
+        EXPECT_TRUE(either(the_session.DiagramP, 0.0, 1500.5));
+        EXPECT_TRUE(either(the_session.DiagramV, 0.0, 0.125));
+        EXPECT_TRUE(either(the_session.CaloricFactor, 1.0, 0.02));
+        EXPECT_TRUE(either(the_session.PointsPerCurve, 300, 450));
+        EXPECT_TRUE(either(the_session.CsvSeparator, ';', ','));
+        EXPECT_TRUE(either(the_reference.href, 0.0, -100.5));
+        EXPECT_TRUE(either(the_reference.T0, 298.15F, 273.15F));
+        EXPECT_TRUE(either(the_reference.p0, 101.325F, 100.0F));
+        EXPECT_TRUE(either(the_session.tank.m, 0.0F, 12.5F));
+        EXPECT_EQ(the_session.CurrentSubstance == 2, legacy::the_substance.Name == "Propane");
     }
 }
 
@@ -411,7 +413,7 @@ TEST_F(Project, ADatabaseBesideTheProjectIsFound) {
     fs::create_directories(folder() / "work");
     fs::rename(folder() / "A.Q05", folder() / "work" / "A.Q05");
     EXPECT_TRUE(load(kProject, "work/P.QCF").substanceFound);
-    EXPECT_EQ(session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -419,18 +421,18 @@ TEST_F(Project, CommentsKeepTheirUmlautsAndStayOnOneLine) {
     open_and_choose();
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("Kälte\r\nzwei");
-    LoadSaveData::SaveProject(true);
+    datafiles::SaveProject(true);
     const std::string text = builder::ReadFile(folder() / "B.QCF");
     EXPECT_NE(text.find("\r\nK\xE4lte  zwei\r\n"), std::string::npos);
-    LoadSaveData::LoadProject((folder() / "B.QCF").string());
-    EXPECT_EQ(session.ProjectComment, "Kälte  zwei");
+    datafiles::LoadProject((folder() / "B.QCF").string());
+    EXPECT_EQ(the_session.ProjectComment, "Kälte  zwei");
 }
 
 TEST_F(Project, LoadingClosesWhatBelongedToTheSubstance) {
     open_and_choose();
-    session.GlobalCalculation = false;
+    the_session.GlobalCalculation = false;
     load(kProject);
-    EXPECT_TRUE(session.GlobalCalculation);
+    EXPECT_TRUE(the_session.GlobalCalculation);
 }
 
 }  // namespace

@@ -4,11 +4,13 @@
 
 #include "datafiles/record_fields.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::SubstanceRecord;
-using LoadSaveData::FieldPlace;
-using LoadSaveData::SetField;
+using datafiles::FieldPlace;
+using datafiles::SetField;
+using models::SubstanceRecord;
 
 TEST(RecordFields, SingleValuesAreSetByName) {
     SubstanceRecord r;
@@ -106,20 +108,20 @@ TEST(RecordFields, WrongNamesAndValuesAreTold) {
 TEST(RecordFields, EveryFieldIsFoundByItsOwnNameAndTakesAValue) {
     std::set<std::string> names;
     int values = 0;
-    for (const LoadSaveData::RecordField& field : LoadSaveData::RecordFields()) {
+    for (const datafiles::RecordField& field : datafiles::RecordFields()) {
         for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i) {
             const FieldPlace place{&field, i};
             const std::string name = NameOf(place);
             EXPECT_TRUE(names.insert(name).second) << name;
-            const auto found = LoadSaveData::FindField(name);
+            const auto found = datafiles::FindField(name);
             ASSERT_TRUE(found) << name;
             EXPECT_EQ(found->field, &field);
             EXPECT_EQ(found->element, i);
             SubstanceRecord r;
             EXPECT_EQ(SetField(r, name, "1"), "") << name;
-            const auto value = LoadSaveData::GetField(r, name);
+            const auto value = datafiles::GetField(r, name);
             ASSERT_TRUE(value);
-            EXPECT_TRUE(*value != LoadSaveData::ValueOf(SubstanceRecord{}, place)) << name;
+            EXPECT_TRUE(*value != datafiles::ValueOf(SubstanceRecord{}, place)) << name;
             ++values;
         }
     }
@@ -131,8 +133,8 @@ TEST(RecordFields, EveryFieldIsFoundByItsOwnNameAndTakesAValue) {
 
 TEST(RecordFields, ColumnsOfATableHaveTheirSlots) {
     const auto slot = [](const char* column) {
-        const auto place = LoadSaveData::FindColumn(column);
-        return place ? LoadSaveData::SlotOf(*place) : 0;
+        const auto place = datafiles::FindColumn(column);
+        return place ? datafiles::SlotOf(*place) : 0;
     };
     EXPECT_EQ(slot("M"), 1);
     EXPECT_EQ(slot("Ttriple"), 92);

@@ -5,13 +5,15 @@
 #include "session/module2.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
+using datafiles::ComparingForm;
+using datafiles::FindInSynonyms;
+using datafiles::FindSubstance;
+using datafiles::NormaliseName;
 using dialogs::Icon;
-using LoadSaveData::ComparingForm;
-using LoadSaveData::FindInSynonyms;
-using LoadSaveData::FindSubstance;
-using LoadSaveData::NormaliseName;
 
 constexpr const char* kTitle = "ERROR: Selection of a substance";
 
@@ -38,11 +40,12 @@ constexpr const char* kSynonyms =
 class Search : public SessionTest {
   protected:
     Search() {
-        Declare::session.SubstanceCount = 3;
-        Declare::substances.Numbers = {0, 5, 417, 5};
-        Declare::substances.Names = {"", "Cyclohexane;R-C610   ", "Acetic acid   ", "Ethyl äther "};
-        Declare::substances.Casrn = {"", "110-82-7    ", "64-19-7     ", "60-29-7     "};
-        Declare::substances.Formulas = {"", "C6H12       ", "C2H4O2      ", "C4H10O      "};
+        legacy::the_session.SubstanceCount = 3;
+        legacy::the_substances.Numbers = {0, 5, 417, 5};
+        legacy::the_substances.Names = {"", "Cyclohexane;R-C610   ", "Acetic acid   ",
+                                        "Ethyl äther "};
+        legacy::the_substances.Casrn = {"", "110-82-7    ", "64-19-7     ", "60-29-7     "};
+        legacy::the_substances.Formulas = {"", "C6H12       ", "C2H4O2      ", "C4H10O      "};
         builder::WriteFile(folder() / "SYNOM.TXT", text::ToOem(kSynonyms));
     }
 };
@@ -70,7 +73,7 @@ TEST_F(Search, ASynonymIsFoundInAnySpelling) {
 }
 
 TEST_F(Search, AMissIsTold) {
-    const LoadSaveData::SubstanceFound result = FindSubstance("unobtainium");
+    const datafiles::SubstanceFound result = FindSubstance("unobtainium");
     EXPECT_FALSE(result.found);
     EXPECT_EQ(result.index, 0);
     ASSERT_EQ(user.messages.size(), 1U);
@@ -109,27 +112,27 @@ TEST_F(Search, AMissingSynonymFileIsNotedOnce) {
 }
 
 TEST_F(Search, AnEmptySearchFindsNothing) {
-    Declare::substances.Names[2] = "      ";
-    Declare::substances.Casrn[2] = "      ";
+    legacy::the_substances.Names[2] = "      ";
+    legacy::the_substances.Casrn[2] = "      ";
     EXPECT_FALSE(FindSubstance("").found);
     EXPECT_FALSE(FindSubstance("   ").found);
-    EXPECT_EQ(LoadSaveData::FindByCasrn("  "), 0);
+    EXPECT_EQ(datafiles::FindByCasrn("  "), 0);
 }
 
 TEST_F(Search, NumbersAndCasrnsGiveTheirFirstPlace) {
-    EXPECT_EQ(LoadSaveData::FindByNumber(417), 2);
-    EXPECT_EQ(LoadSaveData::FindByNumber(5), 1);
-    EXPECT_EQ(LoadSaveData::FindByNumber(6), 0);
-    EXPECT_EQ(LoadSaveData::FindByNumber(0), 0);
-    EXPECT_EQ(LoadSaveData::FindByCasrn("60-29-7"), 3);
-    EXPECT_EQ(LoadSaveData::FindByCasrn("60-29-7     "), 3);
-    EXPECT_EQ(LoadSaveData::FindByCasrn("60-29"), 0);
+    EXPECT_EQ(datafiles::FindByNumber(417), 2);
+    EXPECT_EQ(datafiles::FindByNumber(5), 1);
+    EXPECT_EQ(datafiles::FindByNumber(6), 0);
+    EXPECT_EQ(datafiles::FindByNumber(0), 0);
+    EXPECT_EQ(datafiles::FindByCasrn("60-29-7"), 3);
+    EXPECT_EQ(datafiles::FindByCasrn("60-29-7     "), 3);
+    EXPECT_EQ(datafiles::FindByCasrn("60-29"), 0);
 }
 
 TEST_F(Search, WithoutADatabaseNothingIsFound) {
-    Module2::ResetEverything();
-    EXPECT_EQ(LoadSaveData::FindByNumber(1), 0);
-    EXPECT_EQ(LoadSaveData::FindByCasrn("60-29-7"), 0);
+    session::ResetEverything();
+    EXPECT_EQ(datafiles::FindByNumber(1), 0);
+    EXPECT_EQ(datafiles::FindByCasrn("60-29-7"), 0);
     EXPECT_FALSE(FindSubstance("Acetic acid").found);
 }
 
@@ -199,7 +202,7 @@ TEST_F(ShippedSynonyms, UsualNamesLeadToTheirSubstance) {
         {"isobutane", "75-28-5"},      {"ammonia", "7664-41-7"},   {"Essigsaeure", "64-19-7"},
         {"methyl alcohol", "67-56-1"}, {"R744", "124-38-9"},       {"dichlormethan", "75-09-2"}};
     for (const auto& [name, casrn] : names)
-        EXPECT_EQ(LoadSaveData::SearchSynonyms(name).casrn, casrn) << name;
+        EXPECT_EQ(datafiles::SearchSynonyms(name).casrn, casrn) << name;
 }
 
 }  // namespace

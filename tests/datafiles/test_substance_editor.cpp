@@ -11,18 +11,20 @@
 #include "support/fluids.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
-using namespace LoadSaveData;
-using Declare::substance;
+using namespace datafiles;
+using legacy::the_substance;
 
 class SubstanceEditor : public SessionTest {
   protected:
     SubstanceEditor() {
-        substance = fluids::ReferencePropane();
-        Declare::models.VPCode = "WAG";
-        Declare::models.VPModel = 4;
-        Declare::models.EOSModel = 6;
+        the_substance = fluids::ReferencePropane();
+        legacy::the_models.VPCode = "WAG";
+        legacy::the_models.VPModel = 4;
+        legacy::the_models.EOSModel = 6;
     }
     static const EditorField& field(int DD) {
         return EditorFieldTable()[static_cast<std::size_t>(DD)];
@@ -30,8 +32,8 @@ class SubstanceEditor : public SessionTest {
 };
 
 /// Every numeric field of a record with a value of its own.
-Declare::SubstanceRecord Numbered() {
-    Declare::SubstanceRecord s;
+models::SubstanceRecord Numbered() {
+    models::SubstanceRecord s;
     s.Name = "Somethane";
     s.Formula = "C2 H9";
     s.CASRN = "12-34-5     ";
@@ -137,10 +139,10 @@ TEST_F(SubstanceEditor, TextsReadBackAsTheSameValue) {
 TEST_F(SubstanceEditor, AnUntouchedFormAppliesToTheSameRecord) {
     for (const std::string& name : fluids::AllNames()) {
         SCOPED_TRACE(name);
-        Declare::SubstanceRecord before = fluids::Row(name);
-        if (before.Tboil > 0) Calc::correlate_august(before);
-        Declare::SubstanceRecord after = before;
-        Declare::ModelSelection models = Declare::models;
+        models::SubstanceRecord before = fluids::Row(name);
+        if (before.Tboil > 0) models::correlate_august(before);
+        models::SubstanceRecord after = before;
+        models::ModelSelection models = legacy::the_models;
         EditorTexts texts = ShowRecord(before);
         apply_editor(texts, after, models);
         for (const EditorField& f : EditorFieldTable())
@@ -155,12 +157,12 @@ TEST_F(SubstanceEditor, AnUntouchedFormAppliesToTheSameRecord) {
 }
 
 TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
-    const Declare::SubstanceRecord numbered = Numbered();
+    const models::SubstanceRecord numbered = Numbered();
     for (const EditorField& f : EditorFieldTable()) {
         if (!f.editable || f.IsText()) continue;
         SCOPED_TRACE(std::string(f.name));
-        Declare::SubstanceRecord s = numbered;
-        Declare::ModelSelection models = Declare::models;
+        models::SubstanceRecord s = numbered;
+        models::ModelSelection models = legacy::the_models;
         EditorTexts texts = ShowRecord(s);
         const auto i = static_cast<std::size_t>(f.DD);
         texts[i] = "1234.5";
@@ -193,24 +195,24 @@ TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
 }
 
 TEST_F(SubstanceEditor, NamesNeverBecomeZeros) {
-    EditorTexts texts = ShowRecord(substance);
+    EditorTexts texts = ShowRecord(the_substance);
     texts[83] = "0";
     texts[84] = " X0 Y ";
     texts[85] = "";
     ApplyEditor(texts);
-    EXPECT_EQ(substance.Name, "0");
+    EXPECT_EQ(the_substance.Name, "0");
     EXPECT_EQ(texts[83], "0");
-    EXPECT_EQ(substance.Formula, "X0 Y");
-    EXPECT_EQ(substance.FormulaCompact, "X0Y");
-    EXPECT_EQ(substance.CASRN, "            ");
+    EXPECT_EQ(the_substance.Formula, "X0 Y");
+    EXPECT_EQ(the_substance.FormulaCompact, "X0Y");
+    EXPECT_EQ(the_substance.CASRN, "            ");
     EXPECT_EQ(texts[85], "<>");
 }
 
 TEST_F(SubstanceEditor, ACommaIsAPointAndOtherKeysAreSwallowed) {
-    EditorTexts texts = ShowRecord(substance);
+    EditorTexts texts = ShowRecord(the_substance);
     texts[0] = "44,5";
     ApplyEditor(texts);
-    EXPECT_EQ(substance.M, 44.5F);
+    EXPECT_EQ(the_substance.M, 44.5F);
     EXPECT_EQ(FilterKey(field(0), ','), '.');
     for (const char c : std::string("0123456789Ee-.\r\b\x7f")) EXPECT_EQ(FilterKey(field(0), c), c);
     for (const char c : std::string("+xD d/ "))
@@ -220,41 +222,41 @@ TEST_F(SubstanceEditor, ACommaIsAPointAndOtherKeysAreSwallowed) {
 }
 
 TEST_F(SubstanceEditor, AValueBeyondItsFieldLeavesTheRecord) {
-    const float before = substance.Tboil;
-    const std::int16_t TLo = substance.ALP.TLo;
-    EditorTexts texts = ShowRecord(substance);
+    const float before = the_substance.Tboil;
+    const std::int16_t TLo = the_substance.ALP.TLo;
+    EditorTexts texts = ShowRecord(the_substance);
     texts[1] = "1E300";
     texts[11] = "99999";
     texts[2] = "90";
     ApplyEditor(texts);
-    EXPECT_EQ(substance.Tboil, before);
+    EXPECT_EQ(the_substance.Tboil, before);
     EXPECT_EQ(texts[1], EditorText(before));
-    EXPECT_EQ(substance.ALP.TLo, TLo);
-    EXPECT_EQ(substance.Ttriple, 90);
+    EXPECT_EQ(the_substance.ALP.TLo, TLo);
+    EXPECT_EQ(the_substance.Ttriple, 90);
 }
 
 TEST_F(SubstanceEditor, SinhFunctionKeepsADenominator) {
-    EditorTexts texts = ShowRecord(substance);
+    EditorTexts texts = ShowRecord(the_substance);
     texts[35] = "500";
     texts[37] = "";
     texts[40] = "200";
     texts[41] = "900";
     ApplyEditor(texts);
-    EXPECT_EQ(substance.cpSinh.c[2], 0.1F);
+    EXPECT_EQ(the_substance.cpSinh.c[2], 0.1F);
     EXPECT_EQ(texts[37], " 0.1");
-    EXPECT_TRUE(substance.hasCpSinh);
+    EXPECT_TRUE(the_substance.hasCpSinh);
     texts[37] = "-1500";
     ApplyEditor(texts);
-    EXPECT_EQ(substance.cpSinh.c[2], 1500);
+    EXPECT_EQ(the_substance.cpSinh.c[2], 1500);
     texts[35] = "";
     texts[37] = "";
     ApplyEditor(texts);
-    EXPECT_EQ(substance.cpSinh.c[2], 0);
-    EXPECT_FALSE(substance.hasCpSinh);
+    EXPECT_EQ(the_substance.cpSinh.c[2], 0);
+    EXPECT_FALSE(the_substance.hasCpSinh);
 }
 
 TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
-    EditorTexts texts = ShowRecord(substance);
+    EditorTexts texts = ShowRecord(the_substance);
     for (const int first : {28, 108, 115}) {
         const auto i = static_cast<std::size_t>(first);
         for (std::size_t k = 0; k < 7; ++k) texts[i + k] = "";
@@ -263,158 +265,160 @@ TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
         texts[i + 6] = "300";
     }
     ApplyEditor(texts);
-    EXPECT_FALSE(substance.hasCpPoly);  // the ideal gas needs C0
-    EXPECT_TRUE(substance.hasCpL);      // a condensed phase C0 or C1
-    EXPECT_TRUE(substance.hasCpS);
+    EXPECT_FALSE(the_substance.hasCpPoly);  // the ideal gas needs C0
+    EXPECT_TRUE(the_substance.hasCpL);      // a condensed phase C0 or C1
+    EXPECT_TRUE(the_substance.hasCpS);
     texts[28] = "30";
     texts[113] = "";
     ApplyEditor(texts);
-    EXPECT_TRUE(substance.hasCpPoly);
-    EXPECT_FALSE(substance.hasCpL);
+    EXPECT_TRUE(the_substance.hasCpPoly);
+    EXPECT_FALSE(the_substance.hasCpL);
 }
 
 TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
-    EditorTexts texts = ShowRecord(substance);
+    EditorTexts texts = ShowRecord(the_substance);
     for (const int DD : {8, 9, 10, 11, 12, 13, 14, 15, 16, 17})
         texts[static_cast<std::size_t>(DD)] = "";
-    Declare::models.VPCode = "000";
-    Declare::models.VPModel = 0;
+    legacy::the_models.VPCode = "000";
+    legacy::the_models.VPModel = 0;
     ApplyEditor(texts);  // WAG is there, but only the Antoine sets are looked at
-    EXPECT_EQ(Declare::models.VPCode, "000");
+    EXPECT_EQ(legacy::the_models.VPCode, "000");
     const char* antoine[] = {"6", "800", "247", "150", "250"};
     for (std::size_t k = 0; k < 5; ++k) texts[13 + k] = antoine[k];
     ApplyEditor(texts);
-    EXPECT_EQ(Declare::models.VPCode, "AHP");
-    EXPECT_EQ(Declare::models.VPModel, Calc::VPIndex("AHP"));
-    Declare::models.VPCode = "000";
+    EXPECT_EQ(legacy::the_models.VPCode, "AHP");
+    EXPECT_EQ(legacy::the_models.VPModel, models::VPIndex("AHP"));
+    legacy::the_models.VPCode = "000";
     for (std::size_t k = 0; k < 5; ++k) texts[8 + k] = antoine[k];
     ApplyEditor(texts);
-    EXPECT_EQ(Declare::models.VPCode, "ALP");
-    Declare::models.VPCode = "WAG";
+    EXPECT_EQ(legacy::the_models.VPCode, "ALP");
+    legacy::the_models.VPCode = "WAG";
     ApplyEditor(texts);
-    EXPECT_EQ(Declare::models.VPCode, "WAG");
+    EXPECT_EQ(legacy::the_models.VPCode, "WAG");
 }
 
 TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
-    EditorTexts texts = ShowRecord(substance);
+    EditorTexts texts = ShowRecord(the_substance);
     texts[1] = "";
     ApplyEditor(texts);
-    EXPECT_NEAR(static_cast<double>(substance.Tboil), 231.04, 0.5);  // propane
-    EXPECT_NEAR(Calc::vapour_pressure(substance, static_cast<double>(substance.Tboil), "WAG").p,
-                101.325, 0.02);
-    EXPECT_EQ(texts[1], EditorText(substance.Tboil));
+    EXPECT_NEAR(static_cast<double>(the_substance.Tboil), 231.04, 0.5);  // propane
+    EXPECT_NEAR(
+        models::vapour_pressure(the_substance, static_cast<double>(the_substance.Tboil), "WAG").p,
+        101.325, 0.02);
+    EXPECT_EQ(texts[1], EditorText(the_substance.Tboil));
     texts[1] = "";
-    Declare::models.VPCode = "000";
+    legacy::the_models.VPCode = "000";
     for (int DD = 8; DD <= 17; ++DD) texts[static_cast<std::size_t>(DD)] = "";
     ApplyEditor(texts);
-    EXPECT_EQ(substance.Tboil, 0);
+    EXPECT_EQ(the_substance.Tboil, 0);
 }
 
 TEST_F(SubstanceEditor, CorrelatedSetsFollowTheCriticalPoint) {
-    EditorTexts texts = ShowRecord(substance);
+    EditorTexts texts = ShowRecord(the_substance);
     texts[1] = "240";
     texts[4] = "400";
     texts[5] = "4000";
     ApplyEditor(texts);
     const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
-    EXPECT_FLOAT_EQ(substance.AUG.B, static_cast<float>(B));
-    EXPECT_FLOAT_EQ(substance.AUG.A, static_cast<float>(std::log(4000.0) - B / 400));
-    EXPECT_EQ(texts[47], EditorText(substance.AUG.B));
+    EXPECT_FLOAT_EQ(the_substance.AUG.B, static_cast<float>(B));
+    EXPECT_FLOAT_EQ(the_substance.AUG.A, static_cast<float>(std::log(4000.0) - B / 400));
+    EXPECT_EQ(texts[47], EditorText(the_substance.AUG.B));
     // Thompson: C = 18 - 0.19 Tboil + 273.15.
-    EXPECT_FLOAT_EQ(substance.THO.C, static_cast<float>(18 - 0.19 * 240 + 273.15));
-    EXPECT_EQ(texts[50], EditorText(substance.THO.C));
+    EXPECT_FLOAT_EQ(the_substance.THO.C, static_cast<float>(18 - 0.19 * 240 + 273.15));
+    EXPECT_EQ(texts[50], EditorText(the_substance.THO.C));
     // Frost-Kalkwarf: E = e Tcrit^f / pcrit.
-    EXPECT_FLOAT_EQ(substance.KFW.a[4], static_cast<float>(0.183218 * 400 * 400 / 4000));
-    EXPECT_FLOAT_EQ(substance.KFR.a[4], static_cast<float>(0.185652 * std::pow(400, 2.5) / 4000));
-    EXPECT_EQ(texts[90], EditorText(substance.KFW.a[4]));
-    EXPECT_EQ(texts[101], EditorText(substance.KFR.a[4]));
+    EXPECT_FLOAT_EQ(the_substance.KFW.a[4], static_cast<float>(0.183218 * 400 * 400 / 4000));
+    EXPECT_FLOAT_EQ(the_substance.KFR.a[4],
+                    static_cast<float>(0.185652 * std::pow(400, 2.5) / 4000));
+    EXPECT_EQ(texts[90], EditorText(the_substance.KFW.a[4]));
+    EXPECT_EQ(texts[101], EditorText(the_substance.KFR.a[4]));
 }
 
 TEST_F(SubstanceEditor, WithoutCriticalDataTheCorrelatedSetsStayEmpty) {
-    substance.pcrit = 0;
-    const EditorTexts texts = ShowRecord(substance);
+    the_substance.pcrit = 0;
+    const EditorTexts texts = ShowRecord(the_substance);
     for (const auto& [first, last] : {std::pair{48, 50}, {86, 107}})
         for (int i = first; i <= last; ++i) EXPECT_EQ(texts[static_cast<std::size_t>(i)], "") << i;
     EXPECT_EQ(texts[5], "<>");
 }
 
 TEST_F(SubstanceEditor, TheFormShowsTheCorrelatedSetsWithoutTouchingTheRecord) {
-    substance.KFW = {};
-    substance.THO = {};
-    const EditorTexts texts = ShowRecord(substance);
+    the_substance.KFW = {};
+    the_substance.THO = {};
+    const EditorTexts texts = ShowRecord(the_substance);
     EXPECT_NE(texts[86], "<>");
     EXPECT_NE(texts[48], "<>");
-    EXPECT_EQ(substance.KFW.a[0], 0);
-    EXPECT_EQ(substance.THO.A, 0);
+    EXPECT_EQ(the_substance.KFW.a[0], 0);
+    EXPECT_EQ(the_substance.THO.A, 0);
 }
 
 TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
-    Declare::models.HLVModel = 4;
-    EditorTexts texts = ShowRecord(substance);
+    legacy::the_models.HLVModel = 4;
+    EditorTexts texts = ShowRecord(the_substance);
     texts[42] = "18000";
     texts[43] = "231";
     ApplyEditor(texts);
-    EXPECT_EQ(Declare::models.HLVModel, 4);
+    EXPECT_EQ(legacy::the_models.HLVModel, 4);
     EXPECT_EQ(user.beeps, 0);
     texts[43] = "";
     ApplyEditor(texts);
-    EXPECT_EQ(Declare::models.HLVModel, 2);
+    EXPECT_EQ(legacy::the_models.HLVModel, 2);
     EXPECT_EQ(user.beeps, 1);
-    Declare::models.HLVModel = 3;
+    legacy::the_models.HLVModel = 3;
     ApplyEditor(texts);
-    EXPECT_EQ(Declare::models.HLVModel, 3);
+    EXPECT_EQ(legacy::the_models.HLVModel, 3);
     EXPECT_EQ(user.beeps, 1);
 }
 
 TEST_F(SubstanceEditor, EosAndUnitsFollow) {
-    Calc::CalcEOSParameters(6);
-    const double before = Declare::eosParameters.eosA0;
-    Declare::session.UnitMode = 1;
-    EditorTexts texts = ShowRecord(substance);
+    models::CalcEOSParameters(6);
+    const double before = legacy::the_eosParameters.eosA0;
+    legacy::the_session.UnitMode = 1;
+    EditorTexts texts = ShowRecord(the_substance);
     texts[0] = "50";
     texts[4] = "400";
     texts[6] = "250";
     ApplyEditor(texts);
-    EXPECT_NEAR(Declare::eosParameters.eosA0 / before, std::pow(400 / 369.89, 2), 1e-9);
-    EXPECT_DOUBLE_EQ(Declare::session.VolumeFactor, 1 / 50.0);
-    EXPECT_DOUBLE_EQ(substance.vcritExp, 50.0 / 250);
-    EXPECT_TRUE(Declare::session.ResultsOutdated);
+    EXPECT_NEAR(legacy::the_eosParameters.eosA0 / before, std::pow(400 / 369.89, 2), 1e-9);
+    EXPECT_DOUBLE_EQ(legacy::the_session.VolumeFactor, 1 / 50.0);
+    EXPECT_DOUBLE_EQ(the_substance.vcritExp, 50.0 / 250);
+    EXPECT_TRUE(legacy::the_session.ResultsOutdated);
     // Manual virial coefficients stay.
-    Declare::models.EOSModel = 10;
-    Declare::eosParameters.eosA0 = 77;
+    legacy::the_models.EOSModel = 10;
+    legacy::the_eosParameters.eosA0 = 77;
     ApplyEditor(texts);
-    EXPECT_EQ(Declare::eosParameters.eosA0, 77);
+    EXPECT_EQ(legacy::the_eosParameters.eosA0, 77);
 }
 
 TEST_F(SubstanceEditor, EntropyOfFormationFollows) {
-    EditorTexts texts = ShowRecord(substance);
+    EditorTexts texts = ShowRecord(the_substance);
     texts[44] = "-100000";
     texts[45] = "-40000";
     ApplyEditor(texts);
-    EXPECT_FLOAT_EQ(substance.dfs, static_cast<float>(-60000 / 298.15));
+    EXPECT_FLOAT_EQ(the_substance.dfs, static_cast<float>(-60000 / 298.15));
     texts[45] = "";
     ApplyEditor(texts);
-    EXPECT_FLOAT_EQ(substance.dfs, static_cast<float>(-60000 / 298.15));
+    EXPECT_FLOAT_EQ(the_substance.dfs, static_cast<float>(-60000 / 298.15));
 }
 
 TEST_F(SubstanceEditor, RecalculationTakesTheFieldsAndLeavesTheRecord) {
-    EditorTexts texts = ShowRecord(substance);
-    const Declare::VPSetAugust AUG = substance.AUG;
+    EditorTexts texts = ShowRecord(the_substance);
+    const models::VPSetAugust AUG = the_substance.AUG;
     texts[1] = "240";
     texts[4] = " 400";
     texts[5] = "4000";
     const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
     Recalculate(EditorCorrelation::August, texts);
     EXPECT_EQ(texts[47], EditorText(static_cast<float>(B)));
-    EXPECT_EQ(texts[50], EditorText(substance.THO.C));
+    EXPECT_EQ(texts[50], EditorText(the_substance.THO.C));
     Recalculate(EditorCorrelation::Antoine, texts);
     EXPECT_EQ(texts[50], EditorText(static_cast<float>(18 - 0.19 * 240 + 273.15)));
     Recalculate(EditorCorrelation::KFW, texts);
     EXPECT_EQ(texts[90], EditorText(static_cast<float>(0.183218 * 400 * 400 / 4000)));
     Recalculate(EditorCorrelation::KFR, texts);
     EXPECT_EQ(texts[102], EditorText(2.5F));
-    EXPECT_EQ(substance.AUG.B, AUG.B);
-    EXPECT_EQ(substance.Tcrit, 369.89);
+    EXPECT_EQ(the_substance.AUG.B, AUG.B);
+    EXPECT_EQ(the_substance.Tcrit, 369.89);
     // Without critical data nothing happens.
     const EditorTexts before = texts;
     texts[4] = "<>";
@@ -425,20 +429,21 @@ TEST_F(SubstanceEditor, RecalculationTakesTheFieldsAndLeavesTheRecord) {
 }
 
 TEST_F(SubstanceEditor, TheTriplePointPressureComesFromEitherSource) {
-    substance.ptriple = 0.00017F;
+    the_substance.ptriple = 0.00017F;
     EXPECT_EQ(TriplePointPressure(false), " 0.00017");
-    substance.Ttriple = 150;
+    the_substance.Ttriple = 150;
     const auto p = TriplePointPressure(true);
     ASSERT_TRUE(p.has_value());
-    EXPECT_EQ(*p, EditorText(static_cast<float>(Calc::vapour_pressure(substance, 150, "WAG").p)));
-    substance.Ttriple = 0;
+    EXPECT_EQ(*p,
+              EditorText(static_cast<float>(models::vapour_pressure(the_substance, 150, "WAG").p)));
+    the_substance.Ttriple = 0;
     EXPECT_FALSE(TriplePointPressure(true).has_value());
     EXPECT_EQ(user.lastText(), "Error while calculating vapour pressure");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
 
 TEST_F(SubstanceEditor, ClosingAsksForChangedFields) {
-    const EditorTexts shown = ShowRecord(substance);
+    const EditorTexts shown = ShowRecord(the_substance);
     EditorTexts now = shown;
     EXPECT_TRUE(MayCloseEditor(shown, now));
     EXPECT_TRUE(user.messages.empty());
@@ -452,7 +457,7 @@ TEST_F(SubstanceEditor, ClosingAsksForChangedFields) {
 
 TEST_F(SubstanceEditor, CaptionsNameEquationAndDatabase) {
     EXPECT_EQ(ActiveEquationCaption(), "actual vapour-pressure equation: Wagner");
-    Declare::session.DatabaseFile = "student.q05";
+    legacy::the_session.DatabaseFile = "student.q05";
     EXPECT_EQ(DatabaseCaption(), "Database loaded:  STUDENT.Q05");
     EXPECT_EQ(kEditorNote, " Note: Any changes are lost without \"Apply\" ");
     EXPECT_EQ(kEditorLegend, "<> = empty");

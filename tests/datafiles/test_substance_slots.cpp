@@ -7,19 +7,21 @@
 #include "models/vapour_pressure.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::SubstanceRecord;
-using LoadSaveData::LoadedSubstance;
-using LoadSaveData::SubstanceFileRecord;
+using datafiles::LoadedSubstance;
+using datafiles::SubstanceFileRecord;
+using models::SubstanceRecord;
 
 SubstanceFileRecord file_of(const builder::Substance& s) {
     const std::string bytes = builder::Record(s);
-    return LoadSaveData::DecodeRecord(std::span<const char, 684>(bytes.data(), 684));
+    return datafiles::DecodeRecord(std::span<const char, 684>(bytes.data(), 684));
 }
 
 LoadedSubstance load(const builder::Substance& s, const SubstanceRecord& previous = {}) {
-    return LoadSaveData::RecordFromSlots(file_of(s), true, previous);
+    return datafiles::RecordFromSlots(file_of(s), true, previous);
 }
 
 /// A record in which every value has a distinct content; bounds rise.
@@ -101,7 +103,7 @@ TEST(SubstanceSlots, TextsAreTrimmedAndTheNameEndsAtTheFirstSemicolon) {
     EXPECT_EQ(r.Formula, " C O2");
     EXPECT_EQ(r.FormulaCompact, "CO2");
     EXPECT_EQ(r.CASRN, "124-38-9    ");
-    EXPECT_EQ(LoadSaveData::RecordFromSlots(file_of(s), false, {}).record.Name, "Kohlensäure");
+    EXPECT_EQ(datafiles::RecordFromSlots(file_of(s), false, {}).record.Name, "Kohlensäure");
 }
 
 TEST(SubstanceSlots, MassAndCriticalDataAreRoundedHalfUpAtTheFifthDecimal) {
@@ -184,8 +186,8 @@ TEST(SubstanceSlots, AMissingBoilingPointComesFromTheEquationAndAugustIsOlder) {
     builder::Substance s = builder::Propane();
     s.slots[11] = 0;
     const SubstanceRecord r = load(s).record;
-    const Calc::VapourPressureResult p =
-        Calc::vapour_pressure(r, static_cast<double>(r.Tboil), "WAG");
+    const models::VapourPressureResult p =
+        models::vapour_pressure(r, static_cast<double>(r.Tboil), "WAG");
     EXPECT_EQ(p.status, kSuccess);
     EXPECT_NEAR(p.p, 101.325, 0.02);
     EXPECT_NEAR(r.Tboil, 231.0, 0.2);
@@ -308,15 +310,15 @@ TEST(SubstanceSlots, APrivateRecordSetsItsSlotsAndKeepsTheOthers) {
     source.nameGerman = "Alles";
     SubstanceFileRecord file = file_of(source);
     SubstanceRecord r;
-    for (const LoadSaveData::RecordField& field : LoadSaveData::RecordFields()) {
+    for (const datafiles::RecordField& field : datafiles::RecordFields()) {
         if (field.slot == 0) continue;
         for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i)
-            ASSERT_EQ(LoadSaveData::SetField(r, LoadSaveData::NameOf({&field, i}), "7"), "");
+            ASSERT_EQ(datafiles::SetField(r, datafiles::NameOf({&field, i}), "7"), "");
     }
     r.Name = "Everything";
     r.Formula = "XY";
     r.CASRN = "9-9-9";
-    LoadSaveData::SlotsFromRecord(r, true, file);
+    datafiles::SlotsFromRecord(r, true, file);
 
     const auto is_set = [](int slot) {
         const std::pair<int, int> ranges[] = {{1, 1},   {7, 11},  {14, 23}, {25, 35},  {37, 41},
@@ -330,10 +332,10 @@ TEST(SubstanceSlots, APrivateRecordSetsItsSlotsAndKeepsTheOthers) {
         EXPECT_EQ(file.values[static_cast<std::size_t>(slot - 1)],
                   is_set(slot) ? 7.0F : static_cast<float>(slot) + 0.25F)
             << slot;
-    EXPECT_EQ(LoadSaveData::FieldText(file.nameEnglish).substr(0, 11), "Everything ");
-    EXPECT_EQ(LoadSaveData::FieldText(file.nameGerman).substr(0, 6), "Alles ");
-    EXPECT_EQ(LoadSaveData::FieldText(file.formula), "XY          ");
-    EXPECT_EQ(LoadSaveData::FieldText(file.casrn), "9-9-9       ");
+    EXPECT_EQ(datafiles::FieldText(file.nameEnglish).substr(0, 11), "Everything ");
+    EXPECT_EQ(datafiles::FieldText(file.nameGerman).substr(0, 6), "Alles ");
+    EXPECT_EQ(datafiles::FieldText(file.formula), "XY          ");
+    EXPECT_EQ(datafiles::FieldText(file.casrn), "9-9-9       ");
     EXPECT_EQ(std::string(file.text5.begin(), file.text5.begin() + 5), "kept ");
     EXPECT_EQ(file.number, 1);
 }
@@ -342,7 +344,7 @@ TEST(SubstanceSlots, AValueBeyond32BitsIsNotWrittenAsInfinity) {
     SubstanceRecord r;
     r.Tcrit = 1e300;
     SubstanceFileRecord file;
-    LoadSaveData::SlotsFromRecord(r, true, file);
+    datafiles::SlotsFromRecord(r, true, file);
     EXPECT_EQ(file.values[6], 0.0F);
 }
 

@@ -6,21 +6,23 @@
 #include "datafiles/xy_points.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::FitPoint;
-using Declare::session;
-using Declare::xyPoints;
+using datafiles::FitPoint;
+using datafiles::ReadXYText;
+using datafiles::XYManipulation;
 using dialogs::Answer;
-using LoadSaveData::ReadXYText;
-using LoadSaveData::XYManipulation;
+using legacy::the_session;
+using legacy::the_xyPoints;
 
 class XY : public SessionTest {
   protected:
     std::string path(const std::string& name) { return (folder() / name).string(); }
     static std::vector<float> xs() {
         std::vector<float> list;
-        for (const FitPoint& p : xyPoints) list.push_back(p.x);
+        for (const FitPoint& p : the_xyPoints) list.push_back(p.x);
         return list;
     }
 };
@@ -74,14 +76,14 @@ TEST(XYText, ValuesAreWrittenWithSevenDecimalsAndAPoint) {
         {1.0F, -2.5F, 0}, {0.0F, 1234567.0F, 0}, {9.99999999F, 1e-37F, 0}, {5, 5, -1}};
     for (const char mark : {'.', ','}) {
         numbers::set_decimal_mark(mark);
-        EXPECT_EQ(LoadSaveData::XYText("comment", points, ';'),
+        EXPECT_EQ(datafiles::XYText("comment", points, ';'),
                   "comment\r\n"
                   ".1000000E+01;-.2500000E+01\r\n"
                   ".0000000E+00;.1234567E+07\r\n"
                   ".1000000E+02;.1000000E-36\r\n");
     }
     numbers::set_decimal_mark('.');
-    EXPECT_EQ(LoadSaveData::XYText("", std::vector<FitPoint>{{1, 2, 0}}, '\t'),
+    EXPECT_EQ(datafiles::XYText("", std::vector<FitPoint>{{1, 2, 0}}, '\t'),
               "\r\n.1000000E+01\t.2000000E+01\r\n");
 }
 
@@ -90,7 +92,7 @@ TEST(XYText, PointsSurviveARoundTripWithEveryDelimiter) {
     for (int i = -40; i < 40; ++i)
         points.push_back({static_cast<float>(std::exp2(i)), static_cast<float>(-i), 0});
     for (const char delimiter : {';', ',', '\t'}) {
-        const auto file = ReadXYText(LoadSaveData::XYText("c", points, delimiter), delimiter);
+        const auto file = ReadXYText(datafiles::XYText("c", points, delimiter), delimiter);
         ASSERT_EQ(file.points.size(), points.size());
         for (std::size_t i = 0; i < points.size(); ++i) {
             EXPECT_NEAR(file.points[i].x / points[i].x, 1.0, 1e-6);
@@ -100,33 +102,33 @@ TEST(XYText, PointsSurviveARoundTripWithEveryDelimiter) {
 }
 
 TEST_F(XY, LoadingReplacesTheListAndTellsTheFile) {
-    xyPoints = {{9, 9, 0}};
+    the_xyPoints = {{9, 9, 0}};
     builder::WriteFile(folder() / "A.XY", "comment\r\n1;2\r\n3;4\r\n");
     user.fileAnswers.push_back("A.XY");
-    EXPECT_EQ(LoadSaveData::XYLoad(), "  Loaded: " + path("A.XY"));
-    EXPECT_EQ(Declare::xyComment, "comment");
+    EXPECT_EQ(datafiles::XYLoad(), "  Loaded: " + path("A.XY"));
+    EXPECT_EQ(legacy::the_xyComment, "comment");
     EXPECT_EQ(xs(), (std::vector<float>{1, 3}));
     EXPECT_EQ(user.files[0].title, "Load (Curve)Points");
     EXPECT_EQ(user.files[0].filter, "x-y Data (*.XY)|*.XY|(*.LRG)|*LRG");
     EXPECT_EQ(user.files[0].name, "*.XY");
-    EXPECT_EQ(session.FolderXY, (folder() / "").string());
+    EXPECT_EQ(the_session.FolderXY, (folder() / "").string());
 }
 
 TEST_F(XY, AMissingFileIsToldAndTheListStays) {
-    xyPoints = {{9, 9, 0}};
-    EXPECT_EQ(LoadSaveData::XYLoad("MISSING.XY"), "");
+    the_xyPoints = {{9, 9, 0}};
+    EXPECT_EQ(datafiles::XYLoad("MISSING.XY"), "");
     EXPECT_EQ(user.lastText(), "The file MISSING.XY was not found.");
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_EQ(LoadSaveData::XYLoad(), "");
-    EXPECT_EQ(xyPoints.size(), 1U);
+    EXPECT_EQ(datafiles::XYLoad(), "");
+    EXPECT_EQ(the_xyPoints.size(), 1U);
 }
 
 TEST_F(XY, SavingWritesTheActivePointsWithTheSessionsSeparator) {
-    xyPoints = {{1, 2, 0}, {3, 4, -1}};
-    Declare::xyComment = "c";
-    session.CsvSeparator = '\t';
+    the_xyPoints = {{1, 2, 0}, {3, 4, -1}};
+    legacy::the_xyComment = "c";
+    the_session.CsvSeparator = '\t';
     user.fileAnswers.push_back("B");
-    EXPECT_TRUE(LoadSaveData::XYSave());
+    EXPECT_TRUE(datafiles::XYSave());
     EXPECT_EQ(builder::ReadFile(folder() / "B.XY"), "c\r\n.1000000E+01\t.2000000E+01\r\n");
     EXPECT_EQ(user.files[0].title, "(Curve)Points Save as ... ");
     EXPECT_EQ(user.files[0].defaultExtension, ".XY");
@@ -135,45 +137,45 @@ TEST_F(XY, SavingWritesTheActivePointsWithTheSessionsSeparator) {
 }
 
 TEST_F(XY, ChangedDataAreAskedAbout) {
-    EXPECT_TRUE(LoadSaveData::XYSaveFrage(false));
+    EXPECT_TRUE(datafiles::XYSaveFrage(false));
     user.answers = {Answer::No, Answer::Yes};
-    EXPECT_TRUE(LoadSaveData::XYSaveFrage(true));
+    EXPECT_TRUE(datafiles::XYSaveFrage(true));
     EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_FALSE(LoadSaveData::XYSaveFrage(true));
+    EXPECT_FALSE(datafiles::XYSaveFrage(true));
 }
 
 TEST_F(XY, ACurveIsSavedWithItsCount) {
-    const Declare::CurvePointArray curve{{2, 0, -1}, {1, 10, 300}, {2, 20, 300}, {3, 30, 300}};
+    const diagrams::CurvePointArray curve{{2, 0, -1}, {1, 10, 300}, {2, 20, 300}, {3, 30, 300}};
     user.fileAnswers = {path("C"), path("C")};
-    EXPECT_TRUE(LoadSaveData::SaveCurveAsXY(curve));
+    EXPECT_TRUE(datafiles::SaveCurveAsXY(curve));
     EXPECT_EQ(builder::ReadFile(folder() / "C.XY"),
               "2 curve points\r\n.1000000E+01;.1000000E+02\r\n.2000000E+01;.2000000E+02\r\n");
     EXPECT_EQ(user.files[0].title, "Save curve as *.XY");
     EXPECT_EQ(user.files[0].filter, "XY text file (*.XY)|*.XY");
     EXPECT_EQ(user.files[0].defaultExtension, ".XY");
     user.answers = {Answer::No};
-    EXPECT_FALSE(LoadSaveData::SaveCurveAsXY(curve));
+    EXPECT_FALSE(datafiles::SaveCurveAsXY(curve));
     EXPECT_EQ(user.lastText(), "such a file is already existing\nOverwright?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     user.fileAnswers = {path("missing/C.XY")};
-    EXPECT_FALSE(LoadSaveData::SaveCurveAsXY(curve));
+    EXPECT_FALSE(datafiles::SaveCurveAsXY(curve));
     EXPECT_EQ(user.lastTitle(), "ERROR");
 }
 
 TEST_F(XY, AHeaderThatAnnouncesTooManyPointsIsNotBelieved) {
     user.fileAnswers = {path("C"), path("D")};
-    EXPECT_TRUE(LoadSaveData::SaveCurveAsXY({{99, 0, 0}, {1, 10, 300}}));
+    EXPECT_TRUE(datafiles::SaveCurveAsXY({{99, 0, 0}, {1, 10, 300}}));
     EXPECT_EQ(builder::ReadFile(folder() / "C.XY"),
               "1 curve points\r\n.1000000E+01;.1000000E+02\r\n");
-    EXPECT_TRUE(LoadSaveData::SaveCurveAsXY({}));
+    EXPECT_TRUE(datafiles::SaveCurveAsXY({}));
     EXPECT_EQ(builder::ReadFile(folder() / "D.XY"), "0 curve points\r\n");
 }
 
 TEST(XYPoints, ManipulationsChangeActiveAndInactivePoints) {
     const auto after = [](XYManipulation what, double W = 0) {
         std::vector<FitPoint> points{{0.25F, 2.0F, 0}, {0.5F, 4.0F, -1}};
-        EXPECT_EQ(LoadSaveData::ManipulateXY(points, what, W), "");
+        EXPECT_EQ(datafiles::ManipulateXY(points, what, W), "");
         EXPECT_EQ(points[1].mark, -1.0F);
         return points;
     };
@@ -193,90 +195,90 @@ TEST(XYPoints, AValueThatDoesNotExistLeavesTheWholeList) {
           std::pair{XYManipulation::InverseY, 0.0F},
           std::pair{XYManipulation::ExponentialY, 1000.0F}}) {
         std::vector<FitPoint> points{{1, 2, 0}, {3, y, 0}};
-        const std::string error = LoadSaveData::ManipulateXY(points, what, 0);
+        const std::string error = datafiles::ManipulateXY(points, what, 0);
         EXPECT_EQ(error.find("Line 2 (x = 3, y = "), 0U);
         EXPECT_EQ(points[0].y, 2.0F);
         EXPECT_EQ(points[1].y, y);
     }
     std::vector<FitPoint> points{{1, 1e38F, 0}};
-    EXPECT_EQ(LoadSaveData::ManipulateXY(points, XYManipulation::MultiplyY, 10),
+    EXPECT_EQ(datafiles::ManipulateXY(points, XYManipulation::MultiplyY, 10),
               "Line 1 (x = 1, y = 1E+38) has no such value; nothing was changed.");
 }
 
 TEST(XYPoints, ColumnsAreSwappedAndLinesSorted) {
     std::vector<FitPoint> points{{3, 1, -1}, {1, 2, 0}, {1, 0, 0}};
-    LoadSaveData::SortByX(points);
+    datafiles::SortByX(points);
     EXPECT_EQ(points[0].y, 2.0F);
     EXPECT_EQ(points[1].y, 0.0F);
     EXPECT_EQ(points[2].mark, -1.0F);
-    LoadSaveData::SortByY(points);
+    datafiles::SortByY(points);
     EXPECT_EQ(points[0].y, 0.0F);
     EXPECT_EQ(points[1].mark, -1.0F);
-    LoadSaveData::SwapXY(points);
+    datafiles::SwapXY(points);
     EXPECT_EQ(points[1].x, 1.0F);
     EXPECT_EQ(points[1].y, 3.0F);
 }
 
 TEST(XYPoints, LinesAreInsertedRemovedAndToggled) {
     std::vector<FitPoint> points{{1, 0, 0}, {2, 0, 0}, {3, 0, 0}};
-    LoadSaveData::InsertXY(points, 2, std::vector<FitPoint>{{10, 0, 0}});
+    datafiles::InsertXY(points, 2, std::vector<FitPoint>{{10, 0, 0}});
     EXPECT_EQ(points[1].x, 10.0F);
-    LoadSaveData::InsertXY(points, 99, std::vector<FitPoint>{{11, 0, 0}});
+    datafiles::InsertXY(points, 99, std::vector<FitPoint>{{11, 0, 0}});
     EXPECT_EQ(points[4].x, 11.0F);
-    LoadSaveData::ToggleXY(points, 5, 9);
-    EXPECT_FALSE(LoadSaveData::IsActive(points[4]));
-    LoadSaveData::ToggleXY(points, 5, 5);
-    EXPECT_TRUE(LoadSaveData::IsActive(points[4]));
-    LoadSaveData::RemoveXY(points, 1, 3);
+    datafiles::ToggleXY(points, 5, 9);
+    EXPECT_FALSE(datafiles::IsActive(points[4]));
+    datafiles::ToggleXY(points, 5, 5);
+    EXPECT_TRUE(datafiles::IsActive(points[4]));
+    datafiles::RemoveXY(points, 1, 3);
     ASSERT_EQ(points.size(), 2U);
     EXPECT_EQ(points[0].x, 3.0F);
-    LoadSaveData::RemoveXY(points, 7, 9);
-    LoadSaveData::RemoveXY(points, -7, 0);
+    datafiles::RemoveXY(points, 7, 9);
+    datafiles::RemoveXY(points, -7, 0);
     EXPECT_EQ(points.size(), 2U);
 }
 
 TEST(XYPoints, ClipboardTablesGoInAndOut) {
-    const auto points = LoadSaveData::XYFromClipboard("x\ty\r\n1,5\t2\r\n\r\n3.5\r\n4\t5\t6\r\n");
+    const auto points = datafiles::XYFromClipboard("x\ty\r\n1,5\t2\r\n\r\n3.5\r\n4\t5\t6\r\n");
     ASSERT_EQ(points.size(), 3U);
     expect_point(points[0], 1.5F, 2.0F);
     expect_point(points[1], 3.5F, 0.0F);
     expect_point(points[2], 4.0F, 5.0F);
-    EXPECT_EQ(LoadSaveData::XYForClipboard(points, 1, 2), "1.5\t2\r\n3.5\t0\r\n");
+    EXPECT_EQ(datafiles::XYForClipboard(points, 1, 2), "1.5\t2\r\n3.5\t0\r\n");
     numbers::set_decimal_mark(',');
-    EXPECT_EQ(LoadSaveData::XYForClipboard(points, 1, 1), "1,5\t2\r\n");
-    EXPECT_EQ(LoadSaveData::XYListText(points), "#    x  y\n1  1,5  2\n2  3,5  0\n3    4  5\n");
+    EXPECT_EQ(datafiles::XYForClipboard(points, 1, 1), "1,5\t2\r\n");
+    EXPECT_EQ(datafiles::XYListText(points), "#    x  y\n1  1,5  2\n2  3,5  0\n3    4  5\n");
     numbers::set_decimal_mark('.');
 }
 
 TEST_F(XY, ADrawingNeedsEnoughActivePoints) {
     const std::vector<FitPoint> none{{1, 1, -1}}, one{{1, 1, 0}, {2, 2, -1}},
         two{{1, 1, 0}, {2, 2, 0}};
-    EXPECT_TRUE(LoadSaveData::EnoughActivePoints(one, true));
-    EXPECT_TRUE(LoadSaveData::EnoughActivePoints(two, false));
+    EXPECT_TRUE(datafiles::EnoughActivePoints(one, true));
+    EXPECT_TRUE(datafiles::EnoughActivePoints(two, false));
     EXPECT_TRUE(user.messages.empty());
-    EXPECT_FALSE(LoadSaveData::EnoughActivePoints(none, true));
+    EXPECT_FALSE(datafiles::EnoughActivePoints(none, true));
     EXPECT_EQ(user.lastText(), "at least one active point!");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_FALSE(LoadSaveData::EnoughActivePoints(one, false));
+    EXPECT_FALSE(datafiles::EnoughActivePoints(one, false));
     EXPECT_EQ(user.lastText(), "at least two active points!");
-    EXPECT_EQ(LoadSaveData::ActivePoints(one).size(), 1U);
+    EXPECT_EQ(datafiles::ActivePoints(one).size(), 1U);
 }
 
 TEST(XYPoints, TheRangeIsThatOfTheActivePoints) {
-    const LoadSaveData::XYRange range =
-        LoadSaveData::RangeOfActive(std::vector<FitPoint>{{1, 5, 0}, {-3, 7, 0}, {99, 99, -1}});
+    const datafiles::XYRange range =
+        datafiles::RangeOfActive(std::vector<FitPoint>{{1, 5, 0}, {-3, 7, 0}, {99, 99, -1}});
     EXPECT_EQ(range.xMin, -3.0F);
     EXPECT_EQ(range.xMax, 1.0F);
     EXPECT_EQ(range.yMin, 5.0F);
     EXPECT_EQ(range.yMax, 7.0F);
-    const LoadSaveData::XYRange none = LoadSaveData::RangeOfActive({});
+    const datafiles::XYRange none = datafiles::RangeOfActive({});
     EXPECT_EQ(none.xMax, -1e37F);
     EXPECT_EQ(none.yMin, 1e37F);
 }
 
 TEST(XYPoints, AGraphHasTheActivePointsAndItsTexts) {
-    const LoadSaveData::XYGraph graph =
-        LoadSaveData::MakeXYGraph(std::vector<FitPoint>{{1, 5, 0}, {9, 9, -1}, {2, 7, 0}}, false);
+    const datafiles::XYGraph graph =
+        datafiles::MakeXYGraph(std::vector<FitPoint>{{1, 5, 0}, {9, 9, -1}, {2, 7, 0}}, false);
     EXPECT_EQ(graph.points.size(), 2U);
     EXPECT_EQ(graph.title, "Experimental points y(T)");
     EXPECT_EQ(graph.xTitle, "T / K");

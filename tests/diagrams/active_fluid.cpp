@@ -2,32 +2,34 @@
 
 #include "diagrams/coordinates.h"
 
-void ActiveFluid::activate(const std::string& name, std::int16_t eos) {
-    Declare::SubstanceRecord& s = Declare::substance;
-    s = fluids::Row(name);
-    Calc::correlate_august(s);
-    for (const std::int16_t index : {std::int16_t{6}, std::int16_t{7}, std::int16_t{8}})
-        Calc::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+using namespace quor;
 
-    Declare::ModelSelection& m = Declare::models;
+void ActiveFluid::activate(const std::string& name, std::int16_t eos) {
+    models::SubstanceRecord& s = legacy::the_substance;
+    s = fluids::Row(name);
+    models::correlate_august(s);
+    for (const std::int16_t index : {std::int16_t{6}, std::int16_t{7}, std::int16_t{8}})
+        models::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+
+    models::ModelSelection& m = legacy::the_models;
     m = {};
     m.EOSModel = eos;
-    m.EOSOnlyV = Calc::IsVOnlyEOS(eos);
+    m.EOSOnlyV = models::IsVOnlyEOS(eos);
     m.PriorityCEOS = !m.EOSOnlyV;
     m.VPModel = 4;
     m.VPCode = "WAG";
     m.CpModel = s.hasCpPoly ? 1 : s.hasCpSinh ? 2 : 0;
     m.HLVModel = 2;
-    ASSERT_EQ(Calc::CalcEOSParameters(eos), kSuccess);
-    Declare::reference.T0 = 298.15F;
-    Declare::coordinates = {};
-    Module9::CalcCoordinateDefaults(Declare::coordinates);
+    ASSERT_EQ(models::CalcEOSParameters(eos), kSuccess);
+    legacy::the_reference.T0 = 298.15F;
+    legacy::the_coordinates = {};
+    Module9::CalcCoordinateDefaults(legacy::the_coordinates);
 }
 
 void ActiveFluid::set_units(std::int16_t CaloricUnit, std::int16_t UnitMode) {
-    Declare::session.CaloricUnit = CaloricUnit;
-    Declare::session.UnitMode = UnitMode;
-    Declare::session.UnitsChanged = true;
-    Module9::CalcCoordinateDefaults(Declare::coordinates);
-    Declare::session.UnitsChanged = false;
+    legacy::the_session.CaloricUnit = CaloricUnit;
+    legacy::the_session.UnitMode = UnitMode;
+    legacy::the_session.UnitsChanged = true;
+    Module9::CalcCoordinateDefaults(legacy::the_coordinates);
+    legacy::the_session.UnitsChanged = false;
 }

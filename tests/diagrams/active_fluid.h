@@ -10,6 +10,8 @@
 #include "support/fluids.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 /// Equal to the digits of a 32-bit float.
 inline bool Close(double a, double b) {
     return std::fabs(a - b) <= 1e-6 * std::fabs(b) + 1e-9;

@@ -2,9 +2,11 @@
 
 #include <map>
 
+#include "app/menu_graph_rows.h"
 #include "diagrams/catalogue.h"
 #include "diagrams/coordinates.h"
-#include "session/menu_graph_rows.h"
+
+using namespace quor;
 
 std::int16_t DiagramOf(std::int16_t code) {
     static const std::map<int, int> shown = {
@@ -21,19 +23,19 @@ std::int16_t SectionKindOf(std::int16_t code) {
     return code == 155 ? Module9::kIsothermal : Module9::kProjection;
 }
 
-Declare::DiagramRequest RequestFor(std::int16_t code) {
-    Declare::DiagramRequest request;
+diagrams::DiagramRequest RequestFor(std::int16_t code) {
+    diagrams::DiagramRequest request;
     request.DiagramType = DiagramOf(code);
-    Module9::FillDiagramWindow(Declare::coordinates, request);
+    Module9::FillDiagramWindow(legacy::the_coordinates, request);
     request.DiagramType = code;
     request.sectionKind = SectionKindOf(code);
     return request;
 }
 
-Drawn Draw(Declare::DiagramRequest request, const Parameters& at) {
+Drawn Draw(diagrams::DiagramRequest request, const Parameters& at) {
     Drawn curve;
     curve.request = std::move(request);
-    curve.result = kurve::CalcCurve(curve.request, curve.all, at.T, at.p, at.v);
+    curve.result = diagrams::CalcCurve(curve.request, curve.all, at.T, at.p, at.v);
     return curve;
 }
 

@@ -4,20 +4,22 @@
 #include <vector>
 
 #include "diagrams/curve.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
+
+using namespace quor;
 
 /// A curve as a view would draw it, for tests.
 struct Drawn {
-    Declare::DiagramRequest request;
-    Declare::CurvePointArray all;  ///< with the header
-    kurve::CurveResult result;
+    diagrams::DiagramRequest request;
+    diagrams::CurvePointArray all;  ///< with the header
+    diagrams::CurveResult result;
 
-    std::span<const Declare::CurvePoint> points() const& { return std::span(all).subspan(1); }
+    std::span<const diagrams::CurvePoint> points() const& { return std::span(all).subspan(1); }
     /// A copy, so that a loop over the points of a temporary holds them.
-    std::vector<Declare::CurvePoint> points() && { return {all.begin() + 1, all.end()}; }
+    std::vector<diagrams::CurvePoint> points() && { return {all.begin() + 1, all.end()}; }
     std::size_t count() const { return all.size() - 1; }
-    const Declare::CurvePoint& first() const { return all.at(1); }
-    const Declare::CurvePoint& last() const { return all.back(); }
+    const diagrams::CurvePoint& first() const { return all.at(1); }
+    const diagrams::CurvePoint& last() const { return all.back(); }
     float mark() const { return all.at(0).z; }
 };
 
@@ -31,9 +33,9 @@ std::int16_t DiagramOf(std::int16_t code);
 /// Section kind of the diagram of a code as the menu sets it.
 std::int16_t SectionKindOf(std::int16_t code);
 /// Request with the default window of the diagram that shows the code.
-Declare::DiagramRequest RequestFor(std::int16_t code);
+diagrams::DiagramRequest RequestFor(std::int16_t code);
 
-Drawn Draw(Declare::DiagramRequest request, const Parameters& at);
+Drawn Draw(diagrams::DiagramRequest request, const Parameters& at);
 Drawn Draw(std::int16_t code, const Parameters& at);
 
 /// The header agrees with the points: their number, and y unused.

@@ -2,11 +2,13 @@
 
 #include <string>
 
+#include "app/menu_graph_rows.h"
 #include "diagrams/active_fluid.h"
 #include "diagrams/catalogue.h"
 #include "diagrams/coordinates.h"
 #include "diagrams/diagram_sheet.h"
-#include "session/menu_graph_rows.h"
+
+using namespace quor;
 
 /// A diagram sheet of propane by Peng and Robinson, as the menu opens it.
 class Sheet : public ActiveFluid {
@@ -17,11 +19,11 @@ class Sheet : public ActiveFluid {
     void open(std::int16_t code) {
         for (const menu::Row& row : menu::graph_rows()) {
             if (row.action != "Diagram2D" || row.code != code) continue;
-            Declare::DiagramRequest request;
+            diagrams::DiagramRequest request;
             request.DiagramType = code;
             request.sectionKind = row.sectionKind;
             request.axisPair = row.axisPair;
-            Module9::FillDiagramWindow(Declare::coordinates, request);
+            Module9::FillDiagramWindow(legacy::the_coordinates, request);
             Module9::FillTexts(request);
             Module9::OpenSheet(sheet, request);
             return;
@@ -30,8 +32,8 @@ class Sheet : public ActiveFluid {
     }
 
     /// A curve with points on the line y = 2 x.
-    static Declare::CurvePointArray line(int points, float z = 0, float mark = 0) {
-        Declare::CurvePointArray all(1);
+    static diagrams::CurvePointArray line(int points, float z = 0, float mark = 0) {
+        diagrams::CurvePointArray all(1);
         for (int i = 1; i <= points; ++i)
             all.push_back({static_cast<float>(i), 2.0F * static_cast<float>(i), z});
         all[0] = {static_cast<float>(points), 0, mark};

@@ -4,21 +4,23 @@
 #include <map>
 #include <set>
 
+#include "app/menu_catalogue.h"
+#include "app/menu_graph_rows.h"
 #include "diagrams/active_fluid.h"
-#include "session/menu_catalogue.h"
-#include "session/menu_graph_rows.h"
+
+using namespace quor;
 
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 using Module9::Axis;
 
 class Catalogue : public ActiveFluid {
   protected:
-    static Declare::DiagramRequest texts(std::int16_t code) {
-        Declare::DiagramRequest request;
+    static diagrams::DiagramRequest texts(std::int16_t code) {
+        diagrams::DiagramRequest request;
         request.DiagramType = code;
-        session.CurveModelName = Module9::CurveModelName(code);
+        the_session.CurveModelName = Module9::CurveModelName(code);
         Module9::FillTexts(request);
         return request;
     }
@@ -219,7 +221,7 @@ TEST_F(Catalogue, VapourPressureDiagramsNameTheirSource) {
     EXPECT_EQ(texts(13).title, "molar Heat of vaporization delta(LV)h = F(T)");
     EXPECT_EQ(texts(13).subTitle, "Propane,  Chen-correlation");
 
-    Declare::models.PriorityCEOS = false;
+    legacy::the_models.PriorityCEOS = false;
     EXPECT_EQ(texts(9).subTitle, "Propane,  vapour press. equ. Wagner");
     EXPECT_EQ(texts(10).title, "Vapour pressure equation Wagner");
     EXPECT_EQ(texts(10).subTitle, "Propane,  Wagner");
@@ -228,7 +230,7 @@ TEST_F(Catalogue, VapourPressureDiagramsNameTheirSource) {
 TEST_F(Catalogue, DatabaseFunctionsTellTheirValidity) {
     activate("Propane");
     const auto with_window = [](std::int16_t code) {
-        Declare::DiagramRequest request = texts(code);
+        diagrams::DiagramRequest request = texts(code);
         request.validityLow = 86;
         request.validityHigh = 369;
         Module9::FillTexts(request);
@@ -258,7 +260,7 @@ TEST_F(Catalogue, DatabaseFunctionsTellTheirValidity) {
     EXPECT_EQ(with_window(309).subTitle,
               "Propane, saturation pressure (database function), validity T = 86 ...369 K");
 
-    Declare::models.CpModel = 2;
+    legacy::the_models.CpModel = 2;
     EXPECT_EQ(with_window(302).subTitle,
               "Propane, ideal gas heat capacity (database functionsinh/cosh function), validity T "
               "= 86 ...369 K");
@@ -296,7 +298,7 @@ TEST_F(Catalogue, ResidualMenuLeadsCrosswise) {
 
 TEST_F(Catalogue, ProjectionsNeedACubicEquation) {
     activate_vapour_only("Propane");
-    Declare::DiagramRequest request;
+    diagrams::DiagramRequest request;
     request.sectionKind = Module9::kProjection;
     const auto answer = [&](std::int16_t code) {
         request.DiagramType = code;
@@ -321,11 +323,11 @@ TEST_F(Catalogue, ProjectionsNeedACubicEquation) {
 
 TEST_F(Catalogue, HeatCapacityNeedsAnIdealGasForm) {
     activate("Propane");
-    Declare::DiagramRequest request;
+    diagrams::DiagramRequest request;
     request.DiagramType = 19;
     request.sectionKind = Module9::kIsobaric;
     EXPECT_TRUE(Module9::AnswerOf(request).opens);
-    Declare::models.CpModel = 0;
+    legacy::the_models.CpModel = 0;
     EXPECT_FALSE(Module9::AnswerOf(request).opens);
     EXPECT_EQ(Module9::AnswerOf(request).text, "No cp(idGas) parameters available");
 }

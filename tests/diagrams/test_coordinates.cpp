@@ -2,61 +2,63 @@
 
 #include <tuple>
 
+#include "app/menu_graph_rows.h"
 #include "common/faults.h"
 #include "diagrams/active_fluid.h"
 #include "diagrams/catalogue.h"
 #include "diagrams/database_functions.h"
 #include "models/caloric.h"
 #include "models/density.h"
-#include "session/menu_graph_rows.h"
+
+using namespace quor;
 
 namespace {
 
-using Declare::coordinates;
-using Declare::DiagramRequest;
-using Declare::eosParameters;
-using Declare::session;
-using Declare::substance;
+using diagrams::DiagramRequest;
+using legacy::the_coordinates;
+using legacy::the_eosParameters;
+using legacy::the_session;
+using legacy::the_substance;
 
 class Coordinates : public ActiveFluid {
   protected:
     static DiagramRequest window(std::int16_t code) {
         DiagramRequest request;
         request.DiagramType = code;
-        Module9::FillDiagramWindow(coordinates, request);
+        Module9::FillDiagramWindow(the_coordinates, request);
         return request;
     }
-    static double M() { return static_cast<double>(substance.M); }
+    static double M() { return static_cast<double>(the_substance.M); }
 };
 
 TEST_F(Coordinates, MolarLimitsFollowTheSubstance) {
     activate("Propane");
-    const auto& d = coordinates;
-    const double vmax = 7 * eosParameters.vcritCalc;
+    const auto& d = the_coordinates;
+    const double vmax = 7 * the_eosParameters.vcritCalc;
     EXPECT_PRED2(Close, d.vMax, vmax);
-    EXPECT_PRED2(Close, d.pvMax, substance.pcrit * vmax);
-    EXPECT_PRED2(Close, d.rhoMax, 3.5 * substance.rhocrit);
-    EXPECT_PRED2(Close, d.vMaxReserve, 1.4 * substance.vcritExp);
+    EXPECT_PRED2(Close, d.pvMax, the_substance.pcrit * vmax);
+    EXPECT_PRED2(Close, d.rhoMax, 3.5 * the_substance.rhocrit);
+    EXPECT_PRED2(Close, d.vMaxReserve, 1.4 * the_substance.vcritExp);
     EXPECT_PRED2(Close, d.vMinReserve, 0.01);
-    EXPECT_PRED2(Close, d.lnpMax, 1.1 * std::log(substance.pcrit));
+    EXPECT_PRED2(Close, d.lnpMax, 1.1 * std::log(the_substance.pcrit));
     EXPECT_EQ(d.lnpMin, -5);
     EXPECT_PRED2(Close, d.invTMax, 1 / (85.525 - 5));
-    EXPECT_PRED2(Close, d.invTMin, 1 / (substance.Tcrit + 10));
+    EXPECT_PRED2(Close, d.invTMin, 1 / (the_substance.Tcrit + 10));
     EXPECT_EQ(d.dlnpMax, -500);
     EXPECT_EQ(d.dlnpMin, -6000);
-    EXPECT_PRED2(Close, d.pMax, 1.4 * substance.pcrit);
+    EXPECT_PRED2(Close, d.pMax, 1.4 * the_substance.pcrit);
     EXPECT_EQ(d.pMin, 0.001F);
-    EXPECT_PRED2(Close, d.TMax, 1.1 * substance.Tcrit);
+    EXPECT_PRED2(Close, d.TMax, 1.1 * the_substance.Tcrit);
     EXPECT_PRED2(Close, d.TMin, 85.525);
     EXPECT_EQ(d.funcMax, 50000);
     EXPECT_EQ(d.funcMin, -50000);
     EXPECT_EQ(d.entropyMax, 250);
     EXPECT_EQ(d.entropyMin, -250);
     EXPECT_EQ(d.cpMin, -10);
-    EXPECT_PRED2(Close, d.cpMax, 2 * thermo::IdealGasCp(substance.Tcrit).cp);
+    EXPECT_PRED2(Close, d.cpMax, 2 * models::IdealGasCp(the_substance.Tcrit).cp);
     EXPECT_EQ(d.vaporisationMin, 0);
     EXPECT_EQ(d.vaporisationMax, 50000);
-    EXPECT_PRED2(Close, d.TMaxResidual, 1.1 * substance.Tcrit);
+    EXPECT_PRED2(Close, d.TMaxResidual, 1.1 * the_substance.Tcrit);
     EXPECT_EQ(d.jtMax, 0.04F);
     EXPECT_EQ(d.jtMin, -0.005F);
     EXPECT_PRED2(Close, d.resEntropyMin, -498.8706);
@@ -71,94 +73,94 @@ TEST_F(Coordinates, MolarLimitsFollowTheSubstance) {
 TEST_F(Coordinates, SpecificAndReducedLimitsCarryTheirFactors) {
     activate("Water");
     set_units(3, 1);
-    EXPECT_PRED2(Close, coordinates.vMax, 7 * eosParameters.vcritCalc / M());
-    EXPECT_PRED2(Close, coordinates.funcMax, 50000 / M());
-    EXPECT_PRED2(Close, coordinates.entropyMin, -250 / M());
-    EXPECT_PRED2(Close, coordinates.pMax, 1.4 * substance.pcrit);
+    EXPECT_PRED2(Close, the_coordinates.vMax, 7 * the_eosParameters.vcritCalc / M());
+    EXPECT_PRED2(Close, the_coordinates.funcMax, 50000 / M());
+    EXPECT_PRED2(Close, the_coordinates.entropyMin, -250 / M());
+    EXPECT_PRED2(Close, the_coordinates.pMax, 1.4 * the_substance.pcrit);
     set_units(0, 2);
-    EXPECT_PRED2(Close, coordinates.vMax, 7.0);
-    EXPECT_PRED2(Close, coordinates.pMax, 1.4);
-    EXPECT_PRED2(Close, coordinates.TMax, 1.1);
-    EXPECT_PRED2(Close, coordinates.TMin, 273.16 / substance.Tcrit);
-    EXPECT_EQ(coordinates.lnpMax, 0.5F);
-    EXPECT_PRED2(Close, coordinates.pvMax, 7.0);
-    EXPECT_PRED2(Close, coordinates.invTMin, substance.Tcrit / (substance.Tcrit + 10));
+    EXPECT_PRED2(Close, the_coordinates.vMax, 7.0);
+    EXPECT_PRED2(Close, the_coordinates.pMax, 1.4);
+    EXPECT_PRED2(Close, the_coordinates.TMax, 1.1);
+    EXPECT_PRED2(Close, the_coordinates.TMin, 273.16 / the_substance.Tcrit);
+    EXPECT_EQ(the_coordinates.lnpMax, 0.5F);
+    EXPECT_PRED2(Close, the_coordinates.pvMax, 7.0);
+    EXPECT_PRED2(Close, the_coordinates.invTMin, the_substance.Tcrit / (the_substance.Tcrit + 10));
 }
 
 TEST_F(Coordinates, PressureAndTemperatureLimitsStayUntilTheUnitsChange) {
     activate("Propane");
-    coordinates.pMax = 77;
-    coordinates.TMax = 500;
-    coordinates.TMin = 100;
-    Module9::CalcCoordinateDefaults(coordinates);
-    EXPECT_EQ(coordinates.pMax, 77);
-    EXPECT_EQ(coordinates.TMax, 500);
-    EXPECT_EQ(coordinates.TMin, 100);
+    the_coordinates.pMax = 77;
+    the_coordinates.TMax = 500;
+    the_coordinates.TMin = 100;
+    Module9::CalcCoordinateDefaults(the_coordinates);
+    EXPECT_EQ(the_coordinates.pMax, 77);
+    EXPECT_EQ(the_coordinates.TMax, 500);
+    EXPECT_EQ(the_coordinates.TMin, 100);
     set_units(0, 0);
-    EXPECT_PRED2(Close, coordinates.pMax, 1.4 * substance.pcrit);
-    EXPECT_PRED2(Close, coordinates.TMax, 1.1 * substance.Tcrit);
+    EXPECT_PRED2(Close, the_coordinates.pMax, 1.4 * the_substance.pcrit);
+    EXPECT_PRED2(Close, the_coordinates.TMax, 1.1 * the_substance.Tcrit);
 }
 
 TEST_F(Coordinates, ReferenceStatesOfFormationShiftTheFunctions) {
     activate("Propane");
     for (const std::int16_t mode : {std::int16_t{2}, std::int16_t{10}}) {
-        Declare::reference.RefMode = mode;
-        Module9::CalcCoordinateDefaults(coordinates);
-        EXPECT_EQ(coordinates.funcMax, 0);
-        EXPECT_EQ(coordinates.funcMin, -300000);
-        EXPECT_EQ(coordinates.entropyMax, 200);
-        EXPECT_EQ(coordinates.entropyMin, -250);
+        legacy::the_reference.RefMode = mode;
+        Module9::CalcCoordinateDefaults(the_coordinates);
+        EXPECT_EQ(the_coordinates.funcMax, 0);
+        EXPECT_EQ(the_coordinates.funcMin, -300000);
+        EXPECT_EQ(the_coordinates.entropyMax, 200);
+        EXPECT_EQ(the_coordinates.entropyMin, -250);
     }
-    Declare::reference.RefMode = 5;
-    coordinates.funcMax = 17;
-    Module9::CalcCoordinateDefaults(coordinates);
-    EXPECT_EQ(coordinates.funcMax, 17) << "any other reference state keeps the limits";
+    legacy::the_reference.RefMode = 5;
+    the_coordinates.funcMax = 17;
+    Module9::CalcCoordinateDefaults(the_coordinates);
+    EXPECT_EQ(the_coordinates.funcMax, 17) << "any other reference state keeps the limits";
 }
 
 TEST_F(Coordinates, WithoutTriplePointTheLimitsComeFromTheCriticalPoint) {
     activate("Propane");
-    substance.Ttriple = 0;
-    coordinates = {};
-    Module9::CalcCoordinateDefaults(coordinates);
-    EXPECT_PRED2(Close, coordinates.invTMax, 2.3 / substance.Tcrit);
-    EXPECT_PRED2(Close, coordinates.TMin, 0.5 * substance.Tcrit);
+    the_substance.Ttriple = 0;
+    the_coordinates = {};
+    Module9::CalcCoordinateDefaults(the_coordinates);
+    EXPECT_PRED2(Close, the_coordinates.invTMax, 2.3 / the_substance.Tcrit);
+    EXPECT_PRED2(Close, the_coordinates.TMin, 0.5 * the_substance.Tcrit);
 }
 
 TEST_F(Coordinates, ATriplePointBelowFiveKelvinsGivesAUsableInverseLimit) {
     activate("Helium");
-    EXPECT_GT(coordinates.invTMax, coordinates.invTMin);
-    EXPECT_PRED2(Close, coordinates.invTMax, 2.3 / substance.Tcrit);
+    EXPECT_GT(the_coordinates.invTMax, the_coordinates.invTMin);
+    EXPECT_PRED2(Close, the_coordinates.invTMax, 2.3 / the_substance.Tcrit);
 }
 
 TEST_F(Coordinates, VapourOnlyEquationsStartLowerAndUseTheMeasuredVolume) {
     activate_vapour_only("Propane");
-    EXPECT_PRED2(Close, coordinates.vMax, 7 * substance.vcritExp);
-    EXPECT_PRED2(Close, coordinates.TMin, 0.3 * 85.525);
-    substance.vcritExp = 0;
-    Module9::CalcCoordinateDefaults(coordinates);
-    EXPECT_EQ(coordinates.vMax, 1.5F);
+    EXPECT_PRED2(Close, the_coordinates.vMax, 7 * the_substance.vcritExp);
+    EXPECT_PRED2(Close, the_coordinates.TMin, 0.3 * 85.525);
+    the_substance.vcritExp = 0;
+    Module9::CalcCoordinateDefaults(the_coordinates);
+    EXPECT_EQ(the_coordinates.vMax, 1.5F);
 }
 
 TEST_F(Coordinates, WithoutACriticalVolumeReducedModeFallsBackToMolarVolumes) {
     activate_vapour_only("Propane");
-    substance.vcritExp = 0;
-    substance.rhocrit = 0;
+    the_substance.vcritExp = 0;
+    the_substance.rhocrit = 0;
     set_units(0, 2);
-    EXPECT_EQ(session.UnitMode, 0);
-    EXPECT_EQ(session.VolumeFactor, 1.0);
-    EXPECT_EQ(coordinates.vMax, 1.5F);
+    EXPECT_EQ(the_session.UnitMode, 0);
+    EXPECT_EQ(the_session.VolumeFactor, 1.0);
+    EXPECT_EQ(the_coordinates.vMax, 1.5F);
 }
 
 TEST_F(Coordinates, WithoutAMolarMassSpecificUnitsAreAFault) {
     activate("Propane");
-    substance.M = 0;
-    session.CaloricUnit = 3;
-    EXPECT_THROW(Module9::CalcCoordinateDefaults(coordinates), faults::Fault);
+    the_substance.M = 0;
+    the_session.CaloricUnit = 3;
+    EXPECT_THROW(Module9::CalcCoordinateDefaults(the_coordinates), faults::Fault);
 }
 
 TEST_F(Coordinates, EachDiagramTakesItsLimits) {
     activate("Propane");
-    const auto& d = coordinates;
+    const auto& d = the_coordinates;
     using Limits = std::pair<float, float>;
     const Limits T{d.TMin, d.TMax}, p{d.pMin, d.pMax}, v{d.vMin, d.vMax}, rho{d.rhoMin, d.rhoMax},
         pv{d.pvMin, d.pvMax}, func{d.funcMin, d.funcMax}, ent{d.entropyMin, d.entropyMax},
@@ -213,13 +215,13 @@ TEST_F(Coordinates, DatabaseWindowsAreTheValidityWidenedByATwentieth) {
     EXPECT_EQ(r.validityHigh, 369);
     EXPECT_PRED2(Close, r.xMin, 86 - 0.05 * (369 - 86));
     EXPECT_PRED2(Close, r.xMax, 369 + 0.05 * (369 - 86));
-    const double low = Calc::density_liquid(substance, 369).rho;
-    const double high = Calc::density_liquid(substance, 86).rho;
+    const double low = models::density_liquid(the_substance, 369).rho;
+    const double high = models::density_liquid(the_substance, 86).rho;
     EXPECT_PRED2(Close, r.yMin, low - 0.05 * (high - low));
     EXPECT_PRED2(Close, r.yMax, high + 0.05 * (high - low));
 
     set_units(0, 2);
-    EXPECT_PRED2(Close, window(300).xMax, (369 + 0.05 * (369 - 86)) / substance.Tcrit);
+    EXPECT_PRED2(Close, window(300).xMax, (369 + 0.05 * (369 - 86)) / the_substance.Tcrit);
 }
 
 TEST_F(Coordinates, DatabaseWindowsShowTheValuesAtBothEnds) {
@@ -231,17 +233,19 @@ TEST_F(Coordinates, DatabaseWindowsShowTheValuesAtBothEnds) {
         EXPECT_PRED2(Close, r.yMin, lo - 0.05 * (hi - lo));
         EXPECT_PRED2(Close, r.yMax, hi + 0.05 * (hi - lo));
     };
-    const auto& s = substance;
-    contains(301, 1 / Calc::density_liquid(s, 217).rho, 1 / Calc::density_liquid(s, 303).rho);
-    contains(302, thermo::polynomial_cp(s.cpPoly, 50).cp / M(),
-             thermo::polynomial_cp(s.cpPoly, 1000).cp / M());
-    contains(303, thermo::polynomial_cp(s.cpL, 217).cp / M(),
-             thermo::polynomial_cp(s.cpL, 273).cp / M());
-    contains(304, thermo::polynomial_cp(s.cpS, 25).cp / M(),
-             thermo::polynomial_cp(s.cpS, 216).cp / M());
-    contains(307, Calc::vapour_pressure(s, 217, "WAG").p, Calc::vapour_pressure(s, 303, "WAG").p);
-    contains(308, Calc::vapour_pressure(s, 217, "ALP").p, Calc::vapour_pressure(s, 273, "ALP").p);
-    contains(310, Calc::density_solid(s, 144).rho, Calc::density_solid(s, 216).rho);
+    const auto& s = the_substance;
+    contains(301, 1 / models::density_liquid(s, 217).rho, 1 / models::density_liquid(s, 303).rho);
+    contains(302, models::polynomial_cp(s.cpPoly, 50).cp / M(),
+             models::polynomial_cp(s.cpPoly, 1000).cp / M());
+    contains(303, models::polynomial_cp(s.cpL, 217).cp / M(),
+             models::polynomial_cp(s.cpL, 273).cp / M());
+    contains(304, models::polynomial_cp(s.cpS, 25).cp / M(),
+             models::polynomial_cp(s.cpS, 216).cp / M());
+    contains(307, models::vapour_pressure(s, 217, "WAG").p,
+             models::vapour_pressure(s, 303, "WAG").p);
+    contains(308, models::vapour_pressure(s, 217, "ALP").p,
+             models::vapour_pressure(s, 273, "ALP").p);
+    contains(310, models::density_solid(s, 144).rho, models::density_solid(s, 216).rho);
 }
 
 TEST_F(Coordinates, ASinglePointDensityIsShownTenKelvinsOnEitherSide) {
@@ -282,7 +286,7 @@ TEST_F(Coordinates, EveryDiagramOfEverySubstanceHasAWindowOfSomeSize) {
             const DiagramRequest r = window(row.code);
             EXPECT_GT(r.xMax, r.xMin) << name << " " << row.code;
             // The data of some substances lack the critical density or a cp form.
-            if (r.yMax == 0 && row.yLimits.high == &Declare::CoordinateDefaults::rhoMax) continue;
+            if (r.yMax == 0 && row.yLimits.high == &diagrams::CoordinateDefaults::rhoMax) continue;
             EXPECT_GT(r.yMax, r.yMin) << name << " " << row.code;
         }
     }

@@ -9,26 +9,32 @@
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/vapour_pressure.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::CurvePoint;
-using Declare::eosParameters;
-using Declare::session;
-using Declare::substance;
-using kurve::Equilibrium;
-using thermo::StateValues;
+using diagrams::CurvePoint;
+using diagrams::Equilibrium;
+using legacy::the_eosParameters;
+using legacy::the_session;
+using legacy::the_substance;
+using models::StateValues;
 
 /// Coexistence curves and all that is drawn over them.
 class Coexistence : public ActiveFluid {
   protected:
-    static double M() { return static_cast<double>(substance.M); }
-    static Equilibrium sat_T(double T) { return kurve::equilibrium_at_T(Calc::CurrentFluid(), T); }
-    static Equilibrium sat_p(double p) { return kurve::equilibrium_at_p(Calc::CurrentFluid(), p); }
+    static double M() { return static_cast<double>(the_substance.M); }
+    static Equilibrium sat_T(double T) {
+        return diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+    }
+    static Equilibrium sat_p(double p) {
+        return diagrams::equilibrium_at_p(models::CurrentFluid(), p);
+    }
     static Drawn dome(std::int16_t code, double fraction) {
-        session.VapourFraction = fraction;
+        the_session.VapourFraction = fraction;
         return Draw(code, {.T = 300, .p = 500});
     }
-    static double mixed(double L, double V) { return (V - L) * session.VapourFraction + L; }
+    static double mixed(double L, double V) { return (V - L) * the_session.VapourFraction + L; }
 };
 
 constexpr std::int16_t kCubics[] = {2, 3, 4, 5, 6};
@@ -47,9 +53,9 @@ TEST_F(Coexistence, TheDomeInPAndVStartsAtTheCriticalPointAndFallsMonotonously) 
                 EXPECT_EQ(curve.result.status, 0);
                 EXPECT_TRUE(HeaderIsRight(curve));
                 EXPECT_EQ(curve.mark(), -1);
-                EXPECT_EQ(curve.first().x, static_cast<float>(eosParameters.vcritCalc));
-                EXPECT_EQ(curve.first().y, static_cast<float>(substance.pcrit));
-                EXPECT_EQ(curve.first().z, static_cast<float>(substance.Tcrit));
+                EXPECT_EQ(curve.first().x, static_cast<float>(the_eosParameters.vcritCalc));
+                EXPECT_EQ(curve.first().y, static_cast<float>(the_substance.pcrit));
+                EXPECT_EQ(curve.first().z, static_cast<float>(the_substance.Tcrit));
                 for (std::size_t i = 2; i < curve.all.size(); ++i) {
                     EXPECT_LT(curve.all[i].y, curve.all[i - 1].y);
                     EXPECT_LT(curve.all[i].z, curve.all[i - 1].z);
@@ -105,7 +111,7 @@ TEST_F(Coexistence, TheDomeHasNoKinks) {
 TEST_F(Coexistence, TheDomeReachesTheTriplePointOrTheEdgeOfTheWindow) {
     for (const char* name : kFluids) {
         activate(name, kPengRobinson);
-        EXPECT_EQ(dome(6, 0).last().z, substance.Ttriple) << "the boiling line";
+        EXPECT_EQ(dome(6, 0).last().z, the_substance.Ttriple) << "the boiling line";
         const Drawn dew = dome(6, 1);
         EXPECT_GT(dew.last().x, dew.request.xMax);
         EXPECT_LT(dew.last().x, 1.01F * dew.request.xMax);
@@ -115,33 +121,33 @@ TEST_F(Coexistence, TheDomeReachesTheTriplePointOrTheEdgeOfTheWindow) {
 TEST_F(Coexistence, EveryPointOfTheDomeIsAnEquilibrium) {
     for (const std::int16_t code : kCubics) {
         activate("Carbon dioxide", code);
-        const Textbook eos(code, substance.Tcrit, substance.pcrit, substance.omega);
+        const Textbook eos(code, the_substance.Tcrit, the_substance.pcrit, the_substance.omega);
         for (const double fraction : kFractions) {
             const Drawn curve = dome(6, fraction);
             for (const CurvePoint& point : curve.points()) {
-                const Equilibrium e = sat_T(std::min<double>(point.z, substance.Tcrit));
+                const Equilibrium e = sat_T(std::min<double>(point.z, the_substance.Tcrit));
                 // z is a 32-bit T: near the critical point the volumes answer to it with a root.
-                const double near = std::sqrt(2e-7 + (1 - point.z / substance.Tcrit) * 0);
+                const double near = std::sqrt(2e-7 + (1 - point.z / the_substance.Tcrit) * 0);
                 EXPECT_NEAR(point.y / e.p, 1, 2e-5);
                 EXPECT_NEAR(point.x / mixed(e.vL, e.vV), 1, 1e-3 + 4 * near);
             }
         }
         // The ends of the tie-line at T satisfy the equation itself.
-        const Equilibrium e = sat_T(0.8 * substance.Tcrit);
+        const Equilibrium e = sat_T(0.8 * the_substance.Tcrit);
         EXPECT_NEAR(eos.pressure(e.T, e.vV) / e.p, 1, 1e-7);
     }
 }
 
 TEST_F(Coexistence, AZoomIntoTheCriticalPointShowsARoundTop) {
     activate("Carbon dioxide");
-    Declare::DiagramRequest request = RequestFor(6);
-    const double vc = eosParameters.vcritCalc, pc = substance.pcrit;
+    diagrams::DiagramRequest request = RequestFor(6);
+    const double vc = the_eosParameters.vcritCalc, pc = the_substance.pcrit;
     request.xMin = static_cast<float>(0.98 * vc);
     request.xMax = static_cast<float>(1.02 * vc);
     request.yMin = static_cast<float>(0.999 * pc);
     request.yMax = static_cast<float>(1.0001 * pc);
     for (const double fraction : {0.0, 1.0}) {
-        session.VapourFraction = fraction;
+        the_session.VapourFraction = fraction;
         const Drawn curve = Draw(request, {});
         EXPECT_EQ(curve.first().y, static_cast<float>(pc));
         // pc - p goes with the square of the distance from vc.
@@ -156,9 +162,9 @@ TEST_F(Coexistence, AZoomIntoTheCriticalPointShowsARoundTop) {
 
 TEST_F(Coexistence, AWindowBelowTheCriticalPressureStartsAtItsUpperEdge) {
     activate("Propane");
-    Declare::DiagramRequest request = RequestFor(6);
+    diagrams::DiagramRequest request = RequestFor(6);
     request.yMax = 2000;
-    session.VapourFraction = 1;
+    the_session.VapourFraction = 1;
     const Drawn curve = Draw(request, {});
     EXPECT_FLOAT_EQ(curve.first().y, 2000.0F);
     EXPECT_FLOAT_EQ(curve.first().z, static_cast<float>(sat_p(2000).T));
@@ -166,9 +172,9 @@ TEST_F(Coexistence, AWindowBelowTheCriticalPressureStartsAtItsUpperEdge) {
 
 TEST_F(Coexistence, AWindowAboveTheCriticalPressureIsEmpty) {
     activate("Propane");
-    Declare::DiagramRequest request = RequestFor(6);
-    request.yMin = static_cast<float>(1.1 * substance.pcrit);
-    request.yMax = static_cast<float>(1.3 * substance.pcrit);
+    diagrams::DiagramRequest request = RequestFor(6);
+    request.yMin = static_cast<float>(1.1 * the_substance.pcrit);
+    request.yMax = static_cast<float>(1.3 * the_substance.pcrit);
     const Drawn curve = Draw(request, {});
     EXPECT_EQ(curve.count(), 0U);
     EXPECT_EQ(curve.result.status, 10);
@@ -176,9 +182,9 @@ TEST_F(Coexistence, AWindowAboveTheCriticalPressureIsEmpty) {
 
 TEST_F(Coexistence, AWindowRightOfTheCriticalVolumeShowsTheDewLineAcrossIt) {
     activate("Propane");
-    Declare::DiagramRequest request = RequestFor(6);
-    request.xMin = static_cast<float>(3 * eosParameters.vcritCalc);
-    session.VapourFraction = 1;
+    diagrams::DiagramRequest request = RequestFor(6);
+    request.xMin = static_cast<float>(3 * the_eosParameters.vcritCalc);
+    the_session.VapourFraction = 1;
     const Drawn curve = Draw(request, {});
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_LE(curve.first().x, request.xMin) << "the line enters through the left edge";
@@ -188,8 +194,8 @@ TEST_F(Coexistence, AWindowRightOfTheCriticalVolumeShowsTheDewLineAcrossIt) {
 
 TEST_F(Coexistence, WithoutTheRealRangeTheBoilingLineGoesOnWithStatusTwo) {
     activate("Propane");
-    session.CurveRealRangeOnly = false;
-    substance.Ttriple = 200;
+    the_session.CurveRealRangeOnly = false;
+    the_substance.Ttriple = 200;
     const Drawn curve = dome(6, 0);
     EXPECT_EQ(curve.result.status, 2);
     EXPECT_LT(curve.last().z, 150);
@@ -205,18 +211,19 @@ TEST_F(Coexistence, DomesOverPressureEndAtTheCriticalPointAndLieOnTheEquilibrium
                 const Drawn curve = dome(code, fraction);
                 EXPECT_TRUE(HeaderIsRight(curve));
                 EXPECT_EQ(curve.mark(), -1);
-                const double vc = eosParameters.vcritCalc;
-                EXPECT_EQ(curve.last().x, static_cast<float>(substance.pcrit));
-                EXPECT_FLOAT_EQ(curve.last().y,
-                                static_cast<float>(code == 27 ? M() / vc : substance.pcrit * vc));
+                const double vc = the_eosParameters.vcritCalc;
+                EXPECT_EQ(curve.last().x, static_cast<float>(the_substance.pcrit));
+                EXPECT_FLOAT_EQ(
+                    curve.last().y,
+                    static_cast<float>(code == 27 ? M() / vc : the_substance.pcrit * vc));
                 for (const CurvePoint& point : curve.points()) {
-                    const Equilibrium e = sat_p(std::min<double>(point.x, substance.pcrit));
+                    const Equilibrium e = sat_p(std::min<double>(point.x, the_substance.pcrit));
                     const double v = mixed(e.vL, e.vV);
                     EXPECT_NEAR(point.y / (code == 27 ? M() / v : e.p * v), 1, 1e-4);
                     EXPECT_NEAR(point.z / e.T, 1, 1e-6);
                 }
                 // Down to the triple point, whatever the step of the window.
-                EXPECT_NEAR(curve.first().x / static_cast<double>(substance.ptriple), 1, 1e-5);
+                EXPECT_NEAR(curve.first().x / static_cast<double>(the_substance.ptriple), 1, 1e-5);
             }
         }
     }
@@ -229,13 +236,13 @@ TEST_F(Coexistence, DomesOverTemperatureStartAtTheCriticalPointAndLieOnTheEquili
             for (const double fraction : kFractions) {
                 const Drawn curve = dome(code, fraction);
                 EXPECT_EQ(curve.mark(), -2);
-                const double vc = eosParameters.vcritCalc;
+                const double vc = the_eosParameters.vcritCalc;
                 EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(code == 7 ? vc : M() / vc));
-                EXPECT_EQ(curve.first().y, static_cast<float>(substance.Tcrit));
+                EXPECT_EQ(curve.first().y, static_cast<float>(the_substance.Tcrit));
                 const double step = (curve.request.yMax - curve.request.yMin) / 300.0 *
                                     (fraction < 0.5 ? 0.5 : 2.0);
                 EXPECT_NEAR(curve.first().y - curve.all[2].y, step, 1e-3);
-                EXPECT_LT(curve.last().y - substance.Ttriple, step);
+                EXPECT_LT(curve.last().y - the_substance.Ttriple, step);
                 for (std::size_t i = 2; i < curve.all.size(); ++i) {
                     const Equilibrium e = sat_T(curve.all[i].y);
                     const double v = mixed(e.vL, e.vV);
@@ -256,8 +263,8 @@ TEST_F(Coexistence, TheDomeOverTemperatureHasBothDensitiesInOneCurve) {
     EXPECT_TRUE(std::is_sorted(curve.points().begin(), curve.points().end(),
                                [](const CurvePoint& a, const CurvePoint& b) { return a.y < b.y; }));
     const CurvePoint& top = curve.all[curve.count() / 2 + 1];
-    EXPECT_EQ(top.x, static_cast<float>(substance.Tcrit));
-    EXPECT_FLOAT_EQ(top.y, static_cast<float>(M() / eosParameters.vcritCalc));
+    EXPECT_EQ(top.x, static_cast<float>(the_substance.Tcrit));
+    EXPECT_FLOAT_EQ(top.y, static_cast<float>(M() / the_eosParameters.vcritCalc));
     for (std::size_t i = 1; i <= curve.count() / 2; ++i) {
         const CurvePoint& gas = curve.all[i];
         const CurvePoint& liquid = curve.all[curve.count() + 1 - i];
@@ -273,7 +280,7 @@ TEST_F(Coexistence, TheRectilinearDiameterIsTheMeanOfTheDensitiesWhereTheVapourI
     const Drawn curve = Draw(80, {});
     EXPECT_EQ(curve.mark(), -2);
     EXPECT_GT(curve.count(), 10U);
-    EXPECT_EQ(curve.first().x, static_cast<float>(substance.Tcrit));
+    EXPECT_EQ(curve.first().x, static_cast<float>(the_substance.Tcrit));
     const double step = 3 * (curve.request.xMax - curve.request.xMin) / 300.0;
     for (std::size_t i = 2; i < curve.all.size(); ++i) {
         const Equilibrium e = sat_T(curve.all[i].x);
@@ -287,12 +294,12 @@ TEST_F(Coexistence, TheRectilinearDiameterIsTheMeanOfTheDensitiesWhereTheVapourI
 
 TEST_F(Coexistence, TheDensityDomeNeedsACriticalVolume) {
     activate("Propane");
-    eosParameters.vcritCalc = 0;
+    the_eosParameters.vcritCalc = 0;
     for (const std::int16_t code : std::initializer_list<std::int16_t>{8, 80}) {
         const Drawn curve = Draw(code, {});
         EXPECT_EQ(curve.result.status, 3);
-        EXPECT_EQ(kurve::TextOf(curve.result).title, "Execution not possible");
-        EXPECT_EQ(kurve::TextOf(curve.result).text, "No critical density available");
+        EXPECT_EQ(diagrams::TextOf(curve.result).title, "Execution not possible");
+        EXPECT_EQ(diagrams::TextOf(curve.result).text, "No critical density available");
     }
 }
 
@@ -300,34 +307,35 @@ TEST_F(Coexistence, VapourPressureComesFromTheEOSOrFromTheEquation) {
     activate("Propane");
     const Drawn eos = Draw(9, {});
     EXPECT_EQ(eos.mark(), 0);
-    EXPECT_EQ(eos.last().x, static_cast<float>(substance.Tcrit));
-    EXPECT_EQ(eos.last().y, static_cast<float>(substance.pcrit)) << "it ends at the critical point";
+    EXPECT_EQ(eos.last().x, static_cast<float>(the_substance.Tcrit));
+    EXPECT_EQ(eos.last().y, static_cast<float>(the_substance.pcrit))
+        << "it ends at the critical point";
     for (std::size_t i = 1; i < eos.count(); ++i) {
         EXPECT_LT(eos.all[i].x, eos.all[i + 1].x);
         EXPECT_NEAR(eos.all[i].y / sat_T(eos.all[i].x).p, 1, 1e-5);
     }
-    Declare::models.PriorityCEOS = false;
+    legacy::the_models.PriorityCEOS = false;
     const Drawn equation = Draw(9, {});
     for (const CurvePoint& point : equation.points())
-        EXPECT_NEAR(point.y / Calc::VapourPressure(point.x, "WAG", false).p, 1, 1e-5);
+        EXPECT_NEAR(point.y / models::VapourPressure(point.x, "WAG", false).p, 1, 1e-5);
 }
 
 TEST_F(Coexistence, LnPOverInverseTIsNearlyStraight) {
     activate("Propane");
     for (const bool byEOS : {true, false}) {
-        Declare::models.PriorityCEOS = byEOS;
+        legacy::the_models.PriorityCEOS = byEOS;
         const Drawn curve = Draw(10, {});
         EXPECT_EQ(curve.mark(), 0);
         for (const CurvePoint& point : curve.points()) {
-            const double T = std::min(1 / static_cast<double>(point.x), substance.Tcrit);
-            const double p = byEOS ? sat_T(T).p : Calc::VapourPressure(T, "WAG", false).p;
+            const double T = std::min(1 / static_cast<double>(point.x), the_substance.Tcrit);
+            const double p = byEOS ? sat_T(T).p : models::VapourPressure(T, "WAG", false).p;
             if (p > 0) {
                 EXPECT_NEAR(point.y, std::log(p), 1e-5) << T;
             }
             EXPECT_GT(std::exp(static_cast<double>(point.y)), 0.0099);
         }
     }
-    Declare::models.PriorityCEOS = true;
+    legacy::the_models.PriorityCEOS = true;
     set_units(0, 2);
     EXPECT_NEAR(Draw(10, {}).first().y, 0, 1e-6) << "ln p(red) is 0 at the critical point";
     EXPECT_NEAR(Draw(10, {}).first().x, 1, 1e-6);
@@ -341,9 +349,9 @@ TEST_F(Coexistence, TheSlopeOfTheVapourPressureIsItsDerivative) {
     for (const CurvePoint& point : curve.points()) {
         const double x = point.x, d = 1e-4 * x;
         const auto lnp = [](double inverse) {
-            return std::log(Calc::VapourPressure(1 / inverse, "WAG", false).p);
+            return std::log(models::VapourPressure(1 / inverse, "WAG", false).p);
         };
-        if (1 / (x - d) < substance.Tcrit) {
+        if (1 / (x - d) < the_substance.Tcrit) {
             EXPECT_NEAR(point.y, (lnp(x + d) - lnp(x - d)) / (2 * d), 2e-4 * std::fabs(point.y));
         }
         if (point.y > largest) at = point.x;
@@ -355,26 +363,26 @@ TEST_F(Coexistence, TheSlopeOfTheVapourPressureIsItsDerivative) {
     EXPECT_TRUE(curve.request.title.ends_with(text)) << curve.request.title;
     const Drawn again = Draw(curve.request, {});
     EXPECT_EQ(again.request.title, curve.request.title) << "the remark is made once";
-    Declare::models.VPCode = "AUG";
-    Declare::DiagramRequest plain = RequestFor(11);
+    legacy::the_models.VPCode = "AUG";
+    diagrams::DiagramRequest plain = RequestFor(11);
     plain.title = "slope";
     EXPECT_EQ(Draw(plain, {}).request.title, "slope");
 }
 
 TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
     activate("Propane");
-    substance.rhoLTLo = 86;
+    the_substance.rhoLTLo = 86;
     for (std::int16_t model = 1; model <= 7; ++model) {
-        Declare::models.HLVModel = model;
-        Declare::models.WatsonN = 0.38F;
+        legacy::the_models.HLVModel = model;
+        legacy::the_models.WatsonN = 0.38F;
         const Drawn curve = Draw(13, {});
         if (model == 6) continue;  // needs a reference point of Benson's method
         EXPECT_EQ(curve.result.status, 0) << model;
         const bool givesPressure = model == 2 || model == 5 || model == 7;
         EXPECT_EQ(curve.mark(), givesPressure ? -2 : 0) << model;
         for (const CurvePoint& point : curve.points()) {
-            EXPECT_LE(point.x, static_cast<float>(substance.Tcrit));
-            const auto r = Calc::EnthalpyOfVaporisation(model, point.x, 0, "WAG", false);
+            EXPECT_LE(point.x, static_cast<float>(the_substance.Tcrit));
+            const auto r = models::EnthalpyOfVaporisation(model, point.x, 0, "WAG", false);
             EXPECT_NEAR(point.y, r.h, 2e-5 * r.h + 20) << model << " " << point.x;
             EXPECT_EQ(point.z > 0, givesPressure);
         }
@@ -403,7 +411,7 @@ TEST_F(Coexistence, FunctionsOverPressureAndTemperatureMatchTheirDiagrams) {
             EXPECT_TRUE(HeaderIsRight(curve));
             EXPECT_EQ(curve.mark(), code < 90 ? -1 : -2);
             const bool overP = code < 90;
-            const double critical = overP ? substance.pcrit : substance.Tcrit;
+            const double critical = overP ? the_substance.pcrit : the_substance.Tcrit;
             if (function != &StateValues::cp) {
                 EXPECT_EQ(curve.first().x, static_cast<float>(critical)) << code;
             }
@@ -411,8 +419,8 @@ TEST_F(Coexistence, FunctionsOverPressureAndTemperatureMatchTheirDiagrams) {
                 const CurvePoint& point = curve.all[i];
                 EXPECT_LT(point.x, curve.all[i - 1].x);
                 const Equilibrium e = overP ? sat_p(point.x) : sat_T(point.x);
-                const double L = thermo::StateFunctions(e.T, e.p, e.vL).*function;
-                const double V = thermo::StateFunctions(e.T, e.p, e.vV).*function;
+                const double L = models::StateFunctions(e.T, e.p, e.vL).*function;
+                const double V = models::StateFunctions(e.T, e.p, e.vV).*function;
                 EXPECT_NEAR(point.y, mixed(L, V), 1e-4 * std::fabs(mixed(L, V)) + 0.05)
                     << code << " " << point.x;
                 EXPECT_NEAR(point.z / (overP ? e.T : e.p), 1, 1e-5);
@@ -434,15 +442,15 @@ TEST_F(Coexistence, FunctionsOverVolumeRunThroughTheCriticalPoint) {
             EXPECT_TRUE(HeaderIsRight(curve));
             EXPECT_EQ(curve.mark(), -1);
             const auto critical = [&](const CurvePoint& point) {
-                return point.x == static_cast<float>(eosParameters.vcritCalc) &&
-                       point.z == static_cast<float>(substance.Tcrit);
+                return point.x == static_cast<float>(the_eosParameters.vcritCalc) &&
+                       point.z == static_cast<float>(the_substance.Tcrit);
             };
             EXPECT_TRUE(critical(curve.first()) || critical(curve.last())) << code;
             for (const CurvePoint& point : curve.points()) {
                 if (critical(point)) continue;
                 const Equilibrium e = sat_T(point.z);
-                const double L = thermo::StateFunctions(e.T, e.p, e.vL).*function;
-                const double V = thermo::StateFunctions(e.T, e.p, e.vV).*function;
+                const double L = models::StateFunctions(e.T, e.p, e.vL).*function;
+                const double V = models::StateFunctions(e.T, e.p, e.vV).*function;
                 EXPECT_NEAR(point.y, mixed(L, V), 1e-4 * std::fabs(mixed(L, V)) + 0.05) << code;
                 EXPECT_NEAR(point.x / mixed(e.vL, e.vV), 1, 1e-3);
                 EXPECT_LE(e.vV, 50.01 * curve.request.xMax);
@@ -461,20 +469,20 @@ TEST_F(Coexistence, PairsOfFunctionsCloseAtTheCriticalPointAndReachTheTriplePoin
     for (const Pair& pair :
          {Pair{96, &StateValues::h, &StateValues::eH}, Pair{120, &StateValues::s, &StateValues::h},
           Pair{121, &StateValues::s, &StateValues::eH}}) {
-        const double scale = pair.code == 121 ? Declare::reference.Tenv : 1;
+        const double scale = pair.code == 121 ? legacy::the_reference.Tenv : 1;
         for (const double fraction : {0.0, 1.0}) {
             const Drawn curve = dome(static_cast<std::int16_t>(pair.code), fraction);
             EXPECT_TRUE(HeaderIsRight(curve));
             EXPECT_EQ(curve.mark(), -2);
-            EXPECT_EQ(curve.last().z, static_cast<float>(substance.pcrit));
+            EXPECT_EQ(curve.last().z, static_cast<float>(the_substance.pcrit));
             // Correlation and EOS differ a little in p at one T, hence not exactly the triple
             // point.
-            EXPECT_NEAR(sat_p(curve.first().z).T, substance.Ttriple, 1.0);
+            EXPECT_NEAR(sat_p(curve.first().z).T, the_substance.Ttriple, 1.0);
             for (const CurvePoint& point : curve.points()) {
-                if (point.z == static_cast<float>(substance.pcrit)) continue;
+                if (point.z == static_cast<float>(the_substance.pcrit)) continue;
                 const Equilibrium e = sat_p(point.z);
-                const StateValues L = thermo::StateFunctions(e.T, e.p, e.vL);
-                const StateValues V = thermo::StateFunctions(e.T, e.p, e.vV);
+                const StateValues L = models::StateFunctions(e.T, e.p, e.vL);
+                const StateValues V = models::StateFunctions(e.T, e.p, e.vV);
                 const double x = mixed(L.*pair.x, V.*pair.x) * scale;
                 const double y = mixed(L.*pair.y, V.*pair.y);
                 EXPECT_NEAR(point.x, x, 1e-4 * std::fabs(x) + 0.05) << pair.code;
@@ -488,9 +496,9 @@ TEST_F(Coexistence, AtFractionZeroAndOneTheIsohygricIsTheBoilingAndTheDewLine) {
     activate("Propane");
     const Drawn boiling = dome(7, 0), dew = dome(7, 1);
     for (const CurvePoint& point : boiling.points())
-        EXPECT_LE(point.x, static_cast<float>(eosParameters.vcritCalc));
+        EXPECT_LE(point.x, static_cast<float>(the_eosParameters.vcritCalc));
     for (const CurvePoint& point : dew.points())
-        EXPECT_GE(point.x, static_cast<float>(eosParameters.vcritCalc));
+        EXPECT_GE(point.x, static_cast<float>(the_eosParameters.vcritCalc));
 }
 
 TEST_F(Coexistence, AVapourEquationHasNone) {
@@ -507,7 +515,7 @@ TEST_F(Coexistence, AVapourEquationHasNone) {
 
 TEST_F(Coexistence, TieLinesAreStraightAndHaveFiftyOnePoints) {
     activate("Propane");
-    session.TieLineRequested = true;
+    the_session.TieLineRequested = true;
     const double T = 300;
     const Equilibrium e = sat_T(T);
     const Drawn curve = Draw(1, {.T = T, .p = 500});
@@ -523,13 +531,13 @@ TEST_F(Coexistence, TieLinesAreStraightAndHaveFiftyOnePoints) {
         EXPECT_NEAR(curve.all[i].x, e.vL + (static_cast<double>(i) - 1) * (e.vV - e.vL) / 50,
                     1e-6 * e.vV);
     }
-    EXPECT_TRUE(Declare::tieLine.exist) << "both ends are kept";
-    EXPECT_EQ(Declare::tieLine.V.x, curve.last().x);
+    EXPECT_TRUE(legacy::the_tieLine.exist) << "both ends are kept";
+    EXPECT_EQ(legacy::the_tieLine.V.x, curve.last().x);
 }
 
 TEST_F(Coexistence, TieLinesOfEveryDiagramJoinBothPhases) {
     activate("Propane");
-    session.TieLineRequested = true;
+    the_session.TieLineRequested = true;
     const Parameters at{.T = 310, .p = 800};
     for (const std::int16_t code : std::initializer_list<std::int16_t>{
              1,  2,   26,  6,  150, 151, 152, 153, 154, 155, 156, 157, 158, 159, 160, 40, 41, 42,
@@ -550,13 +558,13 @@ TEST_F(Coexistence, TieLinesOfEveryDiagramJoinBothPhases) {
 
 TEST_F(Coexistence, AtTheCriticalPointThereIsNoTieLine) {
     activate("Propane");
-    session.TieLineRequested = true;
-    const Parameters critical{.T = substance.Tcrit, .p = substance.pcrit};
+    the_session.TieLineRequested = true;
+    const Parameters critical{.T = the_substance.Tcrit, .p = the_substance.pcrit};
     for (const std::int16_t code : std::initializer_list<std::int16_t>{1, 3, 15, 150}) {
         const Drawn curve = Draw(code, critical);
         EXPECT_EQ(curve.result.status, 4) << code;
         EXPECT_EQ(curve.count(), 0U);
-        EXPECT_EQ(kurve::TextOf(curve.result).text,
+        EXPECT_EQ(diagrams::TextOf(curve.result).text,
                   "Tie-lines possible only for (T < T(cr)) and (p < p(cr))");
     }
 }

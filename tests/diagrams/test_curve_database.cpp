@@ -2,16 +2,18 @@
 #include "diagrams/catalogue.h"
 #include "diagrams/drawn.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
-using Declare::substance;
+using legacy::the_session;
+using legacy::the_substance;
 
 /// Curves of the database functions against the equations as they are published.
 class DatabaseCurves : public ActiveFluid {
   protected:
     static double c(const auto& set, std::size_t i) { return static_cast<double>(set[i]); }
-    static double M() { return static_cast<double>(substance.M); }
+    static double M() { return static_cast<double>(the_substance.M); }
 };
 
 TEST_F(DatabaseCurves, DensityOfTheLiquidIsItsPolynomial) {
@@ -23,11 +25,11 @@ TEST_F(DatabaseCurves, DensityOfTheLiquidIsItsPolynomial) {
     EXPECT_EQ(curve.request.axisPair, "yT");
     EXPECT_EQ(curve.request.validityLow, 86);
     EXPECT_EQ(curve.request.validityHigh, 369);
-    const auto& a = substance.rhoLPar;
+    const auto& a = the_substance.rhoLPar;
     for (const auto& point : curve.points()) {
         const double T = point.x;
         double rho = c(a, 0) + c(a, 1) * T + c(a, 2) * T * T + c(a, 3) * T * T * T;
-        const double Tc = static_cast<double>(substance.rhoLTc);
+        const double Tc = static_cast<double>(the_substance.rhoLTc);
         if (T < Tc) rho += c(a, 6) * std::cbrt(1 - T / Tc);
         EXPECT_NEAR(point.y / rho, 1, 1e-4) << T;
     }
@@ -38,9 +40,9 @@ TEST_F(DatabaseCurves, DensityOfTheLiquidIsItsPolynomial) {
 
 TEST_F(DatabaseCurves, RackettsFormIsSpencersAndDanners) {
     activate("Styrene", kVanDerWaals);
-    const auto& a = substance.rhoLPar;
+    const auto& a = the_substance.rhoLPar;
     for (const auto& point : Draw(300, {}).points()) {
-        const double Tr = point.x / static_cast<double>(substance.rhoLTc);
+        const double Tr = point.x / static_cast<double>(the_substance.rhoLTc);
         if (Tr > 0.999) continue;
         const double rho = c(a, 1) / std::pow(c(a, 2), 1 + std::pow(1 - Tr, c(a, 3)));
         EXPECT_NEAR(point.y / rho, 1, 1e-4);
@@ -49,7 +51,7 @@ TEST_F(DatabaseCurves, RackettsFormIsSpencersAndDanners) {
 
 TEST_F(DatabaseCurves, HeatCapacitiesAreTheirPolynomials) {
     activate("Carbon dioxide");
-    const auto check = [](std::int16_t code, const Declare::CpSet& set, double factor) {
+    const auto check = [](std::int16_t code, const models::CpSet& set, double factor) {
         for (const auto& point : Draw(code, {}).points()) {
             const double T = point.x;
             const double cp =
@@ -59,15 +61,15 @@ TEST_F(DatabaseCurves, HeatCapacitiesAreTheirPolynomials) {
                 << code << " " << T;
         }
     };
-    check(302, substance.cpPoly, 1);
+    check(302, the_substance.cpPoly, 1);
     set_units(3, 1);
-    check(302, substance.cpPoly, 1 / M());
+    check(302, the_substance.cpPoly, 1 / M());
 }
 
 TEST_F(DatabaseCurves, SinhCoshHeatCapacityIsAlysAndLees) {
     activate("Carbon dioxide");
-    Declare::models.CpModel = 2;
-    const auto& set = substance.cpSinh.c;
+    legacy::the_models.CpModel = 2;
+    const auto& set = the_substance.cpSinh.c;
     const Drawn curve = Draw(302, {});
     EXPECT_GT(curve.count(), 290U);
     for (const auto& point : curve.points()) {
@@ -80,9 +82,9 @@ TEST_F(DatabaseCurves, SinhCoshHeatCapacityIsAlysAndLees) {
 
 TEST_F(DatabaseCurves, EnthalpyOfVaporisationIsItsEquation) {
     activate("Propane");
-    const auto& a = substance.hLVPar;
+    const auto& a = the_substance.hLVPar;
     for (const auto& point : Draw(305, {}).points()) {
-        const double Tr = point.x / static_cast<double>(substance.hLVTc);
+        const double Tr = point.x / static_cast<double>(the_substance.hLVTc);
         if (Tr > 0.9999) continue;
         const double exponent = c(a, 2) + c(a, 3) * Tr + c(a, 4) * Tr * Tr + c(a, 5) * Tr * Tr * Tr;
         const double h = c(a, 0) * std::exp(-c(a, 1) * Tr) * std::pow(1 - Tr, exponent);
@@ -94,7 +96,7 @@ TEST_F(DatabaseCurves, VapourPressuresAreTheirEquations) {
     activate("Propane");
     const double ln10 = std::log(10.0);
     const auto pressure = [&](std::int16_t code, double T) {
-        const Declare::SubstanceRecord& s = substance;
+        const models::SubstanceRecord& s = the_substance;
         if (code == 307) {
             const double t = 1 - T / c(s.WAG.a, 8);
             const double X = c(s.WAG.a, 0) * t + c(s.WAG.a, 1) * std::pow(t, 1.5) +
@@ -103,7 +105,7 @@ TEST_F(DatabaseCurves, VapourPressuresAreTheirEquations) {
                              c(s.WAG.a, 6) * std::pow(t, c(s.WAG.a, 7));
             return c(s.WAG.a, 9) * std::exp(c(s.WAG.a, 8) / T * X);
         }
-        const Declare::VPSetAntoine& a = code == 308 ? s.ALP : s.AHP;
+        const models::VPSetAntoine& a = code == 308 ? s.ALP : s.AHP;
         return std::exp(ln10 *
                         (static_cast<double>(a.A) -
                          static_cast<double>(a.B) / (T + static_cast<double>(a.C) - 273.15)));
@@ -116,7 +118,7 @@ TEST_F(DatabaseCurves, VapourPressuresAreTheirEquations) {
             EXPECT_NEAR(point.y / pressure(code, point.x), 1, 2e-4) << code << " " << point.x;
     }
     // Frost and Kalkwarf is implicit: the point satisfies it.
-    const auto& f = substance.FRO.a;
+    const auto& f = the_substance.FRO.a;
     for (const auto& point : Draw(306, {}).points()) {
         const double T = point.x, p = point.y;
         const double rest = c(f, 0) + c(f, 1) / (T + c(f, 2) - 273.15) + c(f, 3) * std::log10(T) +
@@ -141,7 +143,7 @@ TEST_F(DatabaseCurves, TheSolidDensityTellsItsValidity) {
     const Drawn curve = Draw(310, {});
     EXPECT_EQ(curve.request.validityLow, 144);
     EXPECT_EQ(curve.request.validityHigh, 216);
-    const auto& a = substance.rhoSPar;
+    const auto& a = the_substance.rhoSPar;
     for (const auto& point : curve.points()) {
         const double T = point.x;
         EXPECT_NEAR(point.y / (c(a, 0) + T * (c(a, 1) + T * (c(a, 2) + T * c(a, 3)))), 1, 1e-5);

@@ -10,30 +10,32 @@
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::CurvePoint;
-using Declare::session;
-using Declare::substance;
-using thermo::StateValues;
+using diagrams::CurvePoint;
+using legacy::the_session;
+using legacy::the_substance;
+using models::StateValues;
 
 /// Curves of caloric functions: every point against a state evaluated on its own.
 class FunctionCurves : public ActiveFluid {
   protected:
-    static double Tc(double share) { return share * substance.Tcrit; }
-    static double pc(double share) { return share * substance.pcrit; }
-    static kurve::Equilibrium sat_T(double T) {
-        return kurve::equilibrium_at_T(Calc::CurrentFluid(), T);
+    static double Tc(double share) { return share * the_substance.Tcrit; }
+    static double pc(double share) { return share * the_substance.pcrit; }
+    static diagrams::Equilibrium sat_T(double T) {
+        return diagrams::equilibrium_at_T(models::CurrentFluid(), T);
     }
-    static kurve::Equilibrium sat_p(double p) {
-        return kurve::equilibrium_at_p(Calc::CurrentFluid(), p);
+    static diagrams::Equilibrium sat_p(double p) {
+        return diagrams::equilibrium_at_p(models::CurrentFluid(), p);
     }
 
     /// The stable state at T and p by the solver of the system.
     static StateValues stable(double T, double p) {
-        const Calc::StateTP state = Calc::SolveStateTP(T, p);
+        const models::StateTP state = models::SolveStateTP(T, p);
         const bool liquid = state.hasL && !state.hasV;
-        return thermo::StateFunctions(T, p, liquid ? state.vL : state.vV);
+        return models::StateFunctions(T, p, liquid ? state.vL : state.vV);
     }
     /// Do values agree to what a 32-bit coordinate (here T or p) and value let one see?
     static void expect_seen(double drawn, double direct, double slope, double at) {
@@ -101,9 +103,9 @@ TEST_F(FunctionCurves, AnIsobarCrossesTheCoexistenceCurveAtBothEndsOfTheTieLine)
         });
         ASSERT_LT(L + 1, pts.end());
         EXPECT_EQ((L + 1)->x, L->x);
-        EXPECT_FLOAT_EQ(L->y, static_cast<float>(thermo::StateFunctions(e.T, p, e.vL).*row.second));
+        EXPECT_FLOAT_EQ(L->y, static_cast<float>(models::StateFunctions(e.T, p, e.vL).*row.second));
         EXPECT_FLOAT_EQ((L + 1)->y,
-                        static_cast<float>(thermo::StateFunctions(e.T, p, e.vV).*row.second));
+                        static_cast<float>(models::StateFunctions(e.T, p, e.vV).*row.second));
         EXPECT_NEAR((L - 1)->x, e.T - 0.0001, 5e-5) << "the first step of the liquid";
         // Only the Gibbs function is the same at both ends.
         const bool equal = std::fabs(L->y - (L + 1)->y) < 1e-5 * std::fabs(L->y);
@@ -128,7 +130,7 @@ TEST_F(FunctionCurves, AlongAnIsothermDgIsVdp) {
     activate("Carbon dioxide");
     const double T = Tc(1.2);
     const Drawn g = Draw(152, {.T = T}), rho = Draw(26, {.T = T});
-    const double M = static_cast<double>(substance.M);
+    const double M = static_cast<double>(the_substance.M);
     // g falls with x on this curve, rho rises: pair the passes from both ends.
     for (std::size_t i = 2; i < g.count() - 1; ++i) {
         const CurvePoint& high = g.all[i];
@@ -143,7 +145,7 @@ TEST_F(FunctionCurves, AlongAnIsothermDgIsVdp) {
 
 TEST_F(FunctionCurves, IsochoresHoldTheFunctionOfTheirTitle) {
     activate("Propane");
-    const double v = 3 * Declare::eosParameters.vcritCalc;
+    const double v = 3 * legacy::the_eosParameters.vcritCalc;
     for (const auto& row : kIsochoric) {
         const Drawn curve = Draw(code_of(row), {.v = v});
         EXPECT_TRUE(HeaderIsRight(curve));
@@ -151,9 +153,9 @@ TEST_F(FunctionCurves, IsochoresHoldTheFunctionOfTheirTitle) {
         EXPECT_GT(curve.count(), 100U);
         for (const CurvePoint& point : curve.points()) {
             EXPECT_FLOAT_EQ(point.z, static_cast<float>(v));
-            const double p = Calc::PressureFromTV(point.x, v).p;
+            const double p = models::PressureFromTV(point.x, v).p;
             EXPECT_GT(p, 0);
-            const StateValues z = thermo::StateFunctions(point.x, p, v);
+            const StateValues z = models::StateFunctions(point.x, p, v);
             EXPECT_NEAR(point.y, z.*row.second, 1e-6 * std::fabs(z.*row.second) + 0.03);
         }
     }
@@ -190,8 +192,8 @@ TEST_F(FunctionCurves, AnIsothermOverPressurePlacesTheTieLineBetweenItsPhases) {
         return point.x == static_cast<float>(e.p);
     });
     ASSERT_LT(L + 2, pts.end());
-    EXPECT_FLOAT_EQ(L->y, static_cast<float>(thermo::StateFunctions(T, e.p, e.vL).h));
-    EXPECT_FLOAT_EQ((L + 1)->y, static_cast<float>(thermo::StateFunctions(T, e.p, e.vV).h));
+    EXPECT_FLOAT_EQ(L->y, static_cast<float>(models::StateFunctions(T, e.p, e.vL).h));
+    EXPECT_FLOAT_EQ((L + 1)->y, static_cast<float>(models::StateFunctions(T, e.p, e.vV).h));
     EXPECT_GT((L + 2)->y, (L - 1)->y) << "the walk goes from liquid to vapour";
 }
 
@@ -208,8 +210,8 @@ TEST_F(FunctionCurves, IsothermsOverVolumeHoldTheFunctionOfTheirTitle) {
             for (const CurvePoint& point : curve.points()) {
                 const double v = point.x;
                 inside += e.found && v > 1.00001 * e.vL && v < 0.99999 * e.vV ? 1 : 0;
-                const double p = Calc::PressureFromTV(T, v).p;
-                const StateValues z = thermo::StateFunctions(T, p, v);
+                const double p = models::PressureFromTV(T, v).p;
+                const StateValues z = models::StateFunctions(T, p, v);
                 const double tolerance = row.first == 157 || row.first == 160 || row.first == 156
                                              ? 3e-6 * std::fabs(z.*row.second) + 0.2
                                              : 1e-5 * std::fabs(z.*row.second) + 1e-5;
@@ -229,7 +231,7 @@ TEST_F(FunctionCurves, HeatCapacityIsIdealGasPlusResidual) {
     for (const CurvePoint& point : curve.points()) {
         const StateValues z = stable(point.x, p);
         const double expected =
-            thermo::IdealGasCp(point.x).cp + Textbook::R * z.table.residual[thermo::ResCp];
+            models::IdealGasCp(point.x).cp + Textbook::R * z.table.residual[models::ResCp];
         EXPECT_NEAR(point.y / expected, 1, 1e-5);
         EXPECT_NEAR(point.y / z.cp, 1, 1e-5);
     }
@@ -259,7 +261,7 @@ TEST_F(FunctionCurves, ResidualFunctionsVanishWithThePressure) {
         EXPECT_NEAR(curve.last().y, 0, 1e-2) << code;
     }
     for (const std::int16_t code : std::initializer_list<std::int16_t>{40, 41, 42, 43}) {
-        Declare::DiagramRequest request = RequestFor(code);
+        diagrams::DiagramRequest request = RequestFor(code);
         request.xMin = 1e-3F;
         const Drawn curve = Draw(request, {.T = Tc(1.1)});
         EXPECT_EQ(curve.mark(), -1);
@@ -281,7 +283,7 @@ TEST_F(FunctionCurves, ResidualFunctionsAreWhatTheFluidHasMoreThanItsIdealGas) {
             const double t = isobaric ? point.x : T;
             const double q = isobaric ? p : point.x;
             const StateValues z = stable(t, q);
-            const thermo::IdealGasState ideal = thermo::IdealGasFunctions(t, q);
+            const models::IdealGasState ideal = models::IdealGasFunctions(t, q);
             const double expected[] = {z.s - ideal.s, z.h - ideal.h, z.g - (ideal.h - t * ideal.s),
                                        z.cp - ideal.cp};
             EXPECT_NEAR(point.y, expected[column], 3e-6 * std::fabs(expected[column]) + 0.02)
@@ -293,13 +295,13 @@ TEST_F(FunctionCurves, ResidualFunctionsAreWhatTheFluidHasMoreThanItsIdealGas) {
 TEST_F(FunctionCurves, CaloricUnitsApplyAtTheTemperatureOfThePoint) {
     activate("Propane");
     const Parameters at{.T = Tc(1.2), .p = pc(0.3)};
-    const double M = static_cast<double>(substance.M);
+    const double M = static_cast<double>(the_substance.M);
     for (const std::int16_t code : std::initializer_list<std::int16_t>{15, 16, 30, 150, 154}) {
         set_units(0, 0);
-        const Declare::DiagramRequest request = RequestFor(code);
+        const diagrams::DiagramRequest request = RequestFor(code);
         const Drawn molar = Draw(request, at);
         for (const std::int16_t unit : std::initializer_list<std::int16_t>{1, 2, 3}) {
-            session.CaloricUnit = unit;
+            the_session.CaloricUnit = unit;
             const Drawn other = Draw(request, at);
             ASSERT_EQ(other.count(), molar.count());
             for (std::size_t i = 1; i < molar.all.size(); ++i) {
@@ -312,13 +314,13 @@ TEST_F(FunctionCurves, CaloricUnitsApplyAtTheTemperatureOfThePoint) {
                     << code << " unit " << unit;
             }
         }
-        session.CaloricUnit = 0;
+        the_session.CaloricUnit = 0;
     }
 }
 
 TEST_F(FunctionCurves, TheMetastableBranchesJoinBothEndsOfTheTieLine) {
     activate("Propane");
-    session.SCurveRequested = true;
+    the_session.SCurveRequested = true;
     const Parameters at{.T = Tc(0.93), .p = pc(0.6)};
     const auto eT = sat_T(at.T);
     const auto ep = sat_p(at.p);
@@ -345,18 +347,18 @@ TEST_F(FunctionCurves, TheMetastableBranchesJoinBothEndsOfTheTieLine) {
 
 TEST_F(FunctionCurves, MetastableStatesSatisfyTheEquation) {
     activate("Propane");
-    session.SCurveRequested = true;
+    the_session.SCurveRequested = true;
     const double p = pc(0.6);
     const Drawn h = Draw(15, {.p = p}), s = Draw(16, {.p = p});
     ASSERT_EQ(h.count(), s.count());
     for (std::size_t i = 2; i < h.count(); ++i) {
         // Some root of the cubic at T and p has this h and s.
-        Calc::EvalEOSAtT(h.all[i].x);
-        const Calc::CubicRoots roots = Calc::SolveCubic(h.all[i].x, p);
+        models::EvalEOSAtT(h.all[i].x);
+        const models::CubicRoots roots = models::SolveCubic(h.all[i].x, p);
         double best = 1e9;
         for (int k = 0; k < roots.count; ++k) {
             const StateValues z =
-                thermo::StateFunctions(h.all[i].x, p, roots.v[static_cast<std::size_t>(k)]);
+                models::StateFunctions(h.all[i].x, p, roots.v[static_cast<std::size_t>(k)]);
             best = std::min(best, std::fabs(z.h - h.all[i].y) + 300 * std::fabs(z.s - s.all[i].y));
         }
         EXPECT_LT(best, 30) << i;
@@ -365,10 +367,10 @@ TEST_F(FunctionCurves, MetastableStatesSatisfyTheEquation) {
 
 TEST_F(FunctionCurves, PartialGasCurvesEndAtTheCoexistenceCurve) {
     activate_vapour_only("Propane");
-    session.PartialGasCurve = true;
+    the_session.PartialGasCurve = true;
     const double p = 500, T = 300;
-    const double TLV = Calc::BoilingTemperature(p, "WAG", false).T;
-    const double pLV = Calc::VapourPressure(T, "WAG", false).p;
+    const double TLV = models::BoilingTemperature(p, "WAG", false).T;
+    const double pLV = models::VapourPressure(T, "WAG", false).p;
     for (const std::int16_t code : std::initializer_list<std::int16_t>{15, 30})
         EXPECT_EQ(Draw(code, {.p = p}).first().x, static_cast<float>(TLV)) << code;
     for (const std::int16_t code : std::initializer_list<std::int16_t>{150, 40})
@@ -388,15 +390,15 @@ TEST_F(FunctionCurves, PairsOfFunctionsHoldTheStatesOfTheirRange) {
           Pair{24, &StateValues::s, &StateValues::h},
           Pair{23, &StateValues::s, &StateValues::eH}}) {
         const bool isothermal = pair.code == 21 || pair.code > 100;
-        Declare::processLine.RangeStart = isothermal ? 4000 : 420;  // exchanged by the curve
-        Declare::processLine.RangeEnd = isothermal ? 10 : 120;
+        legacy::the_processLine.RangeStart = isothermal ? 4000 : 420;  // exchanged by the curve
+        legacy::the_processLine.RangeEnd = isothermal ? 10 : 120;
         const Drawn curve = Draw(static_cast<std::int16_t>(pair.code), {.T = T, .p = p});
         EXPECT_TRUE(HeaderIsRight(curve));
         EXPECT_EQ(curve.mark(), isothermal ? -2 : -1);
         EXPECT_EQ(curve.count(), 303U) << "301 passes and both ends of the tie-line";
         EXPECT_FLOAT_EQ(curve.first().z, isothermal ? 10.0F : 120.0F);
         EXPECT_FLOAT_EQ(curve.last().z, isothermal ? 4000.0F : 420.0F);
-        const double scale = pair.code == 23 || pair.code == 109 ? Declare::reference.Tenv : 1;
+        const double scale = pair.code == 23 || pair.code == 109 ? legacy::the_reference.Tenv : 1;
         const auto e = isothermal ? sat_T(T) : sat_p(p);
         for (const CurvePoint& point : curve.points()) {
             if (std::fabs(point.z - (isothermal ? e.p : e.T)) < 0.01) continue;
@@ -409,8 +411,8 @@ TEST_F(FunctionCurves, PairsOfFunctionsHoldTheStatesOfTheirRange) {
 
 TEST_F(FunctionCurves, InTheTwoPhaseRegionAnIsothermOfHAndSHasTheSlopeT) {
     activate("Water");
-    Declare::processLine.RangeStart = 1;
-    Declare::processLine.RangeEnd = 22000;
+    legacy::the_processLine.RangeStart = 1;
+    legacy::the_processLine.RangeEnd = 22000;
     const double T = 400;
     const Drawn curve = Draw(107, {.T = T});
     const auto e = sat_T(T);

@@ -7,22 +7,25 @@
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::CurvePoint;
-using Declare::eosParameters;
-using Declare::session;
-using Declare::substance;
+using diagrams::CurvePoint;
+using legacy::the_eosParameters;
+using legacy::the_session;
+using legacy::the_substance;
 
 /// Sections p-v-T: every point satisfies the textbook form of the equation.
 class Sections : public ActiveFluid {
   protected:
     static Textbook textbook() {
-        return {Declare::models.EOSModel, substance.Tcrit, substance.pcrit, substance.omega};
+        return {legacy::the_models.EOSModel, the_substance.Tcrit, the_substance.pcrit,
+                the_substance.omega};
     }
-    static double M() { return static_cast<double>(substance.M); }
-    static double Tc(double share) { return share * substance.Tcrit; }
-    static double pc(double share) { return share * substance.pcrit; }
+    static double M() { return static_cast<double>(the_substance.M); }
+    static double Tc(double share) { return share * the_substance.Tcrit; }
+    static double pc(double share) { return share * the_substance.pcrit; }
 
     /// p(T, v) holds to what 32-bit coordinates let one see, where v is the coarser one.
     static void expect_on_equation(double T, double p, double v) {
@@ -35,7 +38,7 @@ class Sections : public ActiveFluid {
                               [](const CurvePoint& a, const CurvePoint& b) { return a.x < b.x; });
     }
     static double bvirial(double T) {
-        return Calc::virial(Calc::CurrentFluid(), Declare::models.EOSModel, T).B;
+        return models::virial(models::CurrentFluid(), legacy::the_models.EOSModel, T).B;
     }
 };
 
@@ -65,7 +68,7 @@ TEST_F(Sections, ASubcriticalIsothermHasAHorizontalTieLine) {
     activate("Water");
     const double T = Tc(0.9);
     const Drawn curve = Draw(1, {.T = T});
-    const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
     const auto pts = curve.points();
     const auto L = std::find_if(pts.begin(), pts.end(), [&](const CurvePoint& point) {
         return point.x == static_cast<float>(e.vL);
@@ -79,20 +82,20 @@ TEST_F(Sections, ASubcriticalIsothermHasAHorizontalTieLine) {
 
 TEST_F(Sections, AtTheCriticalTemperatureThereIsNoTieLine) {
     activate("Propane");
-    const Drawn curve = Draw(1, {.T = substance.Tcrit});
+    const Drawn curve = Draw(1, {.T = the_substance.Tcrit});
     for (std::size_t i = 2; i < curve.count(); ++i)
         EXPECT_LT(curve.all[i + 1].y, curve.all[i].y) << "strictly falling";
-    const double step = 7 * eosParameters.vcritCalc / 300;
-    EXPECT_NEAR(curve.last().x, 7 * eosParameters.vcritCalc, 1e-6);
+    const double step = 7 * the_eosParameters.vcritCalc / 300;
+    EXPECT_NEAR(curve.last().x, 7 * the_eosParameters.vcritCalc, 1e-6);
     EXPECT_NEAR(curve.last().x - curve.all[curve.count() - 1].x, step, 1e-6);
 }
 
 TEST_F(Sections, TheSShapedIsothermRunsThroughTheDomeAndKeepsItsEnds) {
     activate("Propane");
-    session.CurveSWithoutTieLine = true;
+    the_session.CurveSWithoutTieLine = true;
     const double T = Tc(0.9);
     const Drawn curve = Draw(1, {.T = T});
-    const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
     const auto inside = [&](const CurvePoint& point) {
         return point.x > static_cast<float>(e.vL) && point.x < static_cast<float>(e.vV);
     };
@@ -107,9 +110,9 @@ TEST_F(Sections, TheSShapedIsothermRunsThroughTheDomeAndKeepsItsEnds) {
 
 TEST_F(Sections, TheMetastableIsothermLiesInsideTheDomeOnly) {
     activate("Propane");
-    session.SCurveRequested = true;
+    the_session.SCurveRequested = true;
     const double T = Tc(0.92);
-    const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
     const Drawn curve = Draw(1, {.T = T});
     EXPECT_EQ(curve.first().x, static_cast<float>(e.vL));
     EXPECT_EQ(curve.last().x, static_cast<float>(e.vV));
@@ -152,7 +155,7 @@ TEST_F(Sections, IsothermsOverPressureHoldPvAndDensity) {
 TEST_F(Sections, OverPressureTheVapourEndComesBeforeTheLiquidEnd) {
     activate("Propane");
     const double T = Tc(0.9);
-    const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
     const Drawn curve = Draw(26, {.T = T});
     const auto pts = curve.points();
     const auto V = std::find_if(pts.begin(), pts.end(), [&](const CurvePoint& point) {
@@ -166,7 +169,7 @@ TEST_F(Sections, OverPressureTheVapourEndComesBeforeTheLiquidEnd) {
 
 TEST_F(Sections, APressureOfZeroIsReplaced) {
     activate("Propane");
-    Declare::DiagramRequest request = RequestFor(2);
+    diagrams::DiagramRequest request = RequestFor(2);
     request.xMin = 0;
     EXPECT_FLOAT_EQ(Draw(request, {.T = 300}).first().x, 0.01F);
     EXPECT_FLOAT_EQ(Draw(request, {.T = 400}).first().x, 1e-10F);
@@ -177,9 +180,9 @@ TEST_F(Sections, APressureOfZeroIsReplaced) {
 
 TEST_F(Sections, ThePartialGasCurveEndsAtTheVapourPressure) {
     activate_vapour_only("Propane");
-    session.PartialGasCurve = true;
+    the_session.PartialGasCurve = true;
     const double T = 300;
-    const double pLV = Calc::VapourPressure(T, "WAG", false).p;
+    const double pLV = models::VapourPressure(T, "WAG", false).p;
     for (const std::int16_t code : {std::int16_t{2}, std::int16_t{26}}) {
         const Drawn curve = Draw(code, {.T = T});
         EXPECT_EQ(curve.last().x, static_cast<float>(pLV));
@@ -188,15 +191,15 @@ TEST_F(Sections, ThePartialGasCurveEndsAtTheVapourPressure) {
             EXPECT_NEAR(point.y / (code == 2 ? point.x * v : M() / v), 1, 1e-6);
         }
     }
-    session.PartialGasCurve = false;
+    the_session.PartialGasCurve = false;
     EXPECT_GT(Draw(2, {.T = T}).last().x, static_cast<float>(pLV));
 }
 
 TEST_F(Sections, TheMetastableIsothermOverPressureGoesFromVapourToLiquid) {
     activate("Propane");
-    session.SCurveRequested = true;
+    the_session.SCurveRequested = true;
     const double T = Tc(0.93);
-    const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
     for (const std::int16_t code : {std::int16_t{2}, std::int16_t{26}}) {
         const Drawn curve = Draw(code, {.T = T});
         EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(e.p));
@@ -240,7 +243,7 @@ TEST_F(Sections, IsobarsLieOnTheEquation) {
 TEST_F(Sections, AnIsobarBoilsAtOneTemperature) {
     activate("Water");
     const double p = 1000;
-    const auto e = kurve::equilibrium_at_p(Calc::CurrentFluid(), p);
+    const auto e = diagrams::equilibrium_at_p(models::CurrentFluid(), p);
     const Drawn curve = Draw(3, {.p = p});
     const auto boiling = [&](const CurvePoint& point) {
         return point.y == static_cast<float>(e.T);
@@ -255,9 +258,9 @@ TEST_F(Sections, AnIsobarBoilsAtOneTemperature) {
 
 TEST_F(Sections, TheMetastableIsobarRisesAndFallsBetweenItsEnds) {
     activate("Propane");
-    session.SCurveRequested = true;
+    the_session.SCurveRequested = true;
     const double p = pc(0.6);
-    const auto e = kurve::equilibrium_at_p(Calc::CurrentFluid(), p);
+    const auto e = diagrams::equilibrium_at_p(models::CurrentFluid(), p);
     const Drawn curve = Draw(3, {.p = p});
     EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(e.vL));
     EXPECT_FLOAT_EQ(curve.last().x, static_cast<float>(e.vV));
@@ -287,15 +290,15 @@ TEST_F(Sections, AVapourIsobarSkipsVolumesThatAreNone) {
 
 TEST_F(Sections, TheIsochoreAboveTheCriticalVolumeEndsOnTheDewLine) {
     activate("Carbon dioxide");
-    const double v = 2 * eosParameters.vcritCalc;
+    const double v = 2 * the_eosParameters.vcritCalc;
     const Drawn curve = Draw(5, {.v = v});
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_EQ(curve.mark(), -3);
     EXPECT_TRUE(HeaderIsRight(curve));
-    const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), curve.last().x);
+    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), curve.last().x);
     EXPECT_NEAR(curve.last().y / e.p, 1, 1e-5);
     // One step above the end the state is still gas, one step below it would be wet.
-    EXPECT_GT(kurve::equilibrium_at_T(Calc::CurrentFluid(), curve.all[curve.count() - 1].x).p,
+    EXPECT_GT(diagrams::equilibrium_at_T(models::CurrentFluid(), curve.all[curve.count() - 1].x).p,
               curve.all[curve.count() - 1].y);
     for (std::size_t i = 1; i < curve.count(); ++i) {
         EXPECT_NEAR(textbook().pressure(curve.all[i].x, v) / curve.all[i].y, 1, 1e-6);
@@ -305,49 +308,49 @@ TEST_F(Sections, TheIsochoreAboveTheCriticalVolumeEndsOnTheDewLine) {
 
 TEST_F(Sections, TheIsochoreBelowTheCriticalVolumeEndsOnTheBoilingLine) {
     activate("Carbon dioxide");
-    const double v = 0.6 * eosParameters.vcritCalc;
+    const double v = 0.6 * the_eosParameters.vcritCalc;
     const Drawn curve = Draw(5, {.v = v});
-    const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), curve.last().x);
+    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), curve.last().x);
     EXPECT_NEAR(curve.last().y / e.p, 1, 1e-5);
 }
 
 TEST_F(Sections, WithoutTheRealRangeTheIsochoreGoesOnToTheEndOfTheWindow) {
     activate("Carbon dioxide");
-    session.CurveRealRangeOnly = false;
-    const Drawn curve = Draw(5, {.v = 2 * eosParameters.vcritCalc});
+    the_session.CurveRealRangeOnly = false;
+    const Drawn curve = Draw(5, {.v = 2 * the_eosParameters.vcritCalc});
     EXPECT_EQ(curve.count(), 301U);
     EXPECT_EQ(curve.last().x, curve.request.xMin);
 }
 
 TEST_F(Sections, AnIsochoreWithTheEquationOfTheVapourPressureEndsOnIt) {
     activate("Propane");
-    Declare::models.PriorityCEOS = false;
-    const Drawn curve = Draw(5, {.v = 2 * eosParameters.vcritCalc});
-    EXPECT_NEAR(curve.last().y / Calc::VapourPressure(curve.last().x, "WAG", false).p, 1, 1e-5);
+    legacy::the_models.PriorityCEOS = false;
+    const Drawn curve = Draw(5, {.v = 2 * the_eosParameters.vcritCalc});
+    EXPECT_NEAR(curve.last().y / models::VapourPressure(curve.last().x, "WAG", false).p, 1, 1e-5);
 }
 
 TEST_F(Sections, SpecificAndReducedUnitsShowTheSameStates) {
     activate("Propane");
-    const Parameters at{.T = Tc(1.1), .p = pc(0.5), .v = 1.3 * eosParameters.vcritCalc};
+    const Parameters at{.T = Tc(1.1), .p = pc(0.5), .v = 1.3 * the_eosParameters.vcritCalc};
     for (const std::int16_t code : std::initializer_list<std::int16_t>{1, 2, 26, 3, 4, 5}) {
         set_units(0, 0);
         const Drawn molar = Draw(code, at);
         const auto factor_x = [&] {
-            if (code == 1 || code == 3) return session.VolumeFactor;
+            if (code == 1 || code == 3) return the_session.VolumeFactor;
             if (code == 4) return 1.0;
-            return static_cast<double>(code == 5 ? session.TemperatureFactor
-                                                 : session.PressureFactor);
+            return static_cast<double>(code == 5 ? the_session.TemperatureFactor
+                                                 : the_session.PressureFactor);
         };
         const auto factor_y = [&] {
             if (code == 2)
-                return static_cast<double>(session.PressureFactor) * session.VolumeFactor;
+                return static_cast<double>(the_session.PressureFactor) * the_session.VolumeFactor;
             if (code == 26) return 1.0;
-            return static_cast<double>(code == 3 || code == 4 ? session.TemperatureFactor
-                                                              : session.PressureFactor);
+            return static_cast<double>(code == 3 || code == 4 ? the_session.TemperatureFactor
+                                                              : the_session.PressureFactor);
         };
         for (const auto& [caloric, mode] : {std::pair{3, 1}, std::pair{0, 2}}) {
             set_units(static_cast<std::int16_t>(caloric), static_cast<std::int16_t>(mode));
-            Declare::DiagramRequest request = molar.request;
+            diagrams::DiagramRequest request = molar.request;
             request.xMin = static_cast<float>(request.xMin * factor_x());
             request.xMax = static_cast<float>(request.xMax * factor_x());
             request.yMin = static_cast<float>(request.yMin * factor_y());
@@ -365,9 +368,9 @@ TEST_F(Sections, SpecificAndReducedUnitsShowTheSameStates) {
 
 TEST_F(Sections, ThePointsPerCurveComeFromTheSessionOrTheRequest) {
     activate("Propane");
-    session.PointsPerCurve = 50;
+    the_session.PointsPerCurve = 50;
     EXPECT_EQ(Draw(2, {.T = 400}).count(), 51U);
-    Declare::DiagramRequest request = RequestFor(2);
+    diagrams::DiagramRequest request = RequestFor(2);
     request.PointsPerCurve = 120;
     EXPECT_EQ(Draw(request, {.T = 400}).count(), 121U);
 }

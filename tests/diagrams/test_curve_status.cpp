@@ -5,32 +5,34 @@
 #include "diagrams/drawn.h"
 #include "support/allocation_counter.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::eosParameters;
-using Declare::session;
-using Declare::substance;
-using kurve::TextOf;
+using diagrams::TextOf;
+using legacy::the_eosParameters;
+using legacy::the_session;
+using legacy::the_substance;
 
 class CurveStatusTest : public ActiveFluid {
   protected:
-    static double Tc(double share) { return share * substance.Tcrit; }
-    static double pc(double share) { return share * substance.pcrit; }
+    static double Tc(double share) { return share * the_substance.Tcrit; }
+    static double pc(double share) { return share * the_substance.pcrit; }
 
     /// Every code of the table with parameters that suit most of them.
     static std::vector<std::int16_t> all_codes() {
         std::vector<std::int16_t> codes;
         for (std::int16_t code = 1; code <= 310; ++code)
-            if (kurve::HasCurve(code)) codes.push_back(code);
+            if (diagrams::HasCurve(code)) codes.push_back(code);
         return codes;
     }
     static Parameters middle() {
-        return {.T = Tc(0.9), .p = pc(0.5), .v = 1.5 * eosParameters.vcritCalc};
+        return {.T = Tc(0.9), .p = pc(0.5), .v = 1.5 * the_eosParameters.vcritCalc};
     }
     static void set_range(std::int16_t code) {
         const bool overT = code >= 22 && code <= 24;
-        Declare::processLine.RangeStart = overT ? Tc(0.5) : pc(0.01);
-        Declare::processLine.RangeEnd = overT ? Tc(1.2) : pc(1.1);
+        legacy::the_processLine.RangeStart = overT ? Tc(0.5) : pc(0.01);
+        legacy::the_processLine.RangeEnd = overT ? Tc(1.2) : pc(1.1);
     }
 };
 
@@ -38,7 +40,7 @@ TEST_F(CurveStatusTest, AnEmptyWindowGivesNothingAndStatusZero) {
     activate("Propane");
     for (const std::int16_t code : all_codes()) {
         for (const bool emptyX : {true, false}) {
-            Declare::DiagramRequest request = RequestFor(code);
+            diagrams::DiagramRequest request = RequestFor(code);
             (emptyX ? request.xMax : request.yMax) = emptyX ? request.xMin : request.yMin;
             const Drawn curve = Draw(request, middle());
             EXPECT_EQ(curve.result.status, 0) << code;
@@ -51,13 +53,13 @@ TEST_F(CurveStatusTest, AnEmptyWindowGivesNothingAndStatusZero) {
 
 TEST_F(CurveStatusTest, ACurveOutsideOfTheWindowIsDeliveredWithStatusTen) {
     activate("Propane");
-    Declare::DiagramRequest request = RequestFor(1);
+    diagrams::DiagramRequest request = RequestFor(1);
     request.yMin = 1e8F;
     request.yMax = 2e8F;
     const Drawn curve = Draw(request, {.T = 400});
     EXPECT_EQ(curve.result.status, 10);
     EXPECT_GT(curve.count(), 100U);
-    EXPECT_TRUE(kurve::IsDrawn(10));
+    EXPECT_TRUE(diagrams::IsDrawn(10));
     EXPECT_EQ(TextOf(curve.result).title, "WARNING");
     EXPECT_EQ(TextOf(curve.result).text,
               "Curve outside the actual coordinates\nEnlarge the coordinates");
@@ -65,7 +67,7 @@ TEST_F(CurveStatusTest, ACurveOutsideOfTheWindowIsDeliveredWithStatusTen) {
 
 TEST_F(CurveStatusTest, APointOnTheEdgeOfTheWindowIsOutside) {
     activate("Propane");
-    Declare::DiagramRequest request = RequestFor(26);
+    diagrams::DiagramRequest request = RequestFor(26);
     request.yMin = 0;
     request.yMax = Draw(request, {.T = 400}).first().y;  // only the lowest density touches it
     EXPECT_EQ(Draw(request, {.T = 400}).result.status, 10);
@@ -73,17 +75,17 @@ TEST_F(CurveStatusTest, APointOnTheEdgeOfTheWindowIsOutside) {
 
 TEST_F(CurveStatusTest, BelowTheTriplePointTheRealRangeDecides) {
     activate("Propane");
-    substance.Ttriple = 200;
+    the_substance.Ttriple = 200;
     for (const std::int16_t code : std::initializer_list<std::int16_t>{3, 4, 15, 19, 30, 34}) {
-        session.CurveRealRangeOnly = true;
-        Declare::DiagramRequest request = RequestFor(code);
+        the_session.CurveRealRangeOnly = true;
+        diagrams::DiagramRequest request = RequestFor(code);
         const bool overY = code < 5;
         (overY ? request.yMin : request.xMin) = 120;
         const Drawn real = Draw(request, middle());
         EXPECT_EQ(real.result.status, 0) << code;
         for (const auto& point : real.points()) EXPECT_GE(overY ? point.y : point.x, 200) << code;
 
-        session.CurveRealRangeOnly = false;
+        the_session.CurveRealRangeOnly = false;
         const Drawn whole = Draw(request, middle());
         EXPECT_EQ(whole.result.status, 2) << code;
         EXPECT_GT(whole.count(), real.count()) << code;
@@ -94,16 +96,16 @@ TEST_F(CurveStatusTest, BelowTheTriplePointTheRealRangeDecides) {
 
 TEST_F(CurveStatusTest, TheIsochoreEndsAtTheTriplePoint) {
     activate("Propane");
-    substance.Ttriple = 380;
-    const Drawn curve = Draw(5, {.v = 3 * eosParameters.vcritCalc});
+    the_substance.Ttriple = 380;
+    const Drawn curve = Draw(5, {.v = 3 * the_eosParameters.vcritCalc});
     EXPECT_GE(curve.last().x, 380);
     EXPECT_EQ(curve.result.status, 0);
 }
 
 TEST_F(CurveStatusTest, AnIdealGasIsDrawnBelowTheTriplePointWithStatusTwo) {
     activate("Propane", 0);
-    substance.Ttriple = 200;
-    Declare::DiagramRequest request = RequestFor(15);
+    the_substance.Ttriple = 200;
+    diagrams::DiagramRequest request = RequestFor(15);
     request.xMin = 120;
     const Drawn curve = Draw(request, {.p = 100});
     EXPECT_EQ(curve.result.status, 2);
@@ -112,9 +114,9 @@ TEST_F(CurveStatusTest, AnIdealGasIsDrawnBelowTheTriplePointWithStatusTwo) {
 
 TEST_F(CurveStatusTest, OutsideReplacesTheHintAtTheTriplePoint) {
     activate("Propane");
-    substance.Ttriple = 200;
-    session.CurveRealRangeOnly = false;
-    Declare::DiagramRequest request = RequestFor(15);
+    the_substance.Ttriple = 200;
+    the_session.CurveRealRangeOnly = false;
+    diagrams::DiagramRequest request = RequestFor(15);
     request.xMin = 120;
     request.yMin = 1e7F;
     request.yMax = 2e7F;
@@ -123,13 +125,13 @@ TEST_F(CurveStatusTest, OutsideReplacesTheHintAtTheTriplePoint) {
 
 TEST_F(CurveStatusTest, AFaultEndsTheCurveWithItsText) {
     activate("Propane");
-    const Declare::DiagramRequest request = RequestFor(15);
-    substance.M = 0;
-    session.CaloricUnit = 3;
+    const diagrams::DiagramRequest request = RequestFor(15);
+    the_substance.M = 0;
+    the_session.CaloricUnit = 3;
     const Drawn curve = Draw(request, middle());
     EXPECT_EQ(curve.result.status, -1);
     EXPECT_EQ(curve.result.message, "Division by zero");
-    EXPECT_FALSE(kurve::IsDrawn(-1));
+    EXPECT_FALSE(diagrams::IsDrawn(-1));
     EXPECT_EQ(TextOf(curve.result).title, "Aborted");
     EXPECT_EQ(TextOf(curve.result).text, "Critical error occured:\nDivision by zero");
     EXPECT_TRUE(HeaderIsRight(curve));
@@ -147,15 +149,15 @@ TEST_F(CurveStatusTest, EveryStatusHasItsText) {
               "possibly the V-L coexistence curve was reached\n"
               "Check it by adding the coexistence curve.");
     for (const std::int16_t drawn : std::initializer_list<std::int16_t>{0, 2, 5, 10})
-        EXPECT_TRUE(kurve::IsDrawn(drawn));
+        EXPECT_TRUE(diagrams::IsDrawn(drawn));
     for (const std::int16_t ended : std::initializer_list<std::int16_t>{-2, -1, 3, 4})
-        EXPECT_FALSE(kurve::IsDrawn(ended));
+        EXPECT_FALSE(diagrams::IsDrawn(ended));
 }
 
 TEST_F(CurveStatusTest, EveryDiagramOfTheCatalogueHasACurve) {
     for (const Module9::CatalogueRow& row : Module9::Catalogue())
-        EXPECT_TRUE(kurve::HasCurve(row.code)) << row.code;
-    EXPECT_FALSE(kurve::HasCurve(14));
+        EXPECT_TRUE(diagrams::HasCurve(row.code)) << row.code;
+    EXPECT_FALSE(diagrams::HasCurve(14));
     activate("Propane");
     EXPECT_EQ(Draw(static_cast<std::int16_t>(14), middle()).count(), 0U);
 }
@@ -165,7 +167,7 @@ TEST_F(CurveStatusTest, NoCurveOfAnySubstanceAndModelFaultsOrHoldsANumberThatIsN
     for (const std::string& name : fluids::AllNames()) {
         for (const std::int16_t eos : std::initializer_list<std::int16_t>{2, 4, 6, 15}) {
             activate(name, eos);
-            session.PointsPerCurve = 50;
+            the_session.PointsPerCurve = 50;
             for (const std::int16_t code : all_codes()) {
                 if (code == 105 || code == 190 || (code > 200 && code < 300)) continue;
                 set_range(code);
@@ -196,11 +198,11 @@ TEST_F(CurveStatusTest, NothingAllocatesButThePointArray) {
         // vapour pressure completes the title of its diagram.
         if (code == 13 || code == 11) continue;
         set_range(code);
-        Declare::DiagramRequest request = RequestFor(code);
+        diagrams::DiagramRequest request = RequestFor(code);
         Drawn curve = Draw(request, middle());  // the array has its size now
         const std::size_t before = AllocationCount();
         curve.result =
-            kurve::CalcCurve(curve.request, curve.all, middle().T, middle().p, middle().v);
+            diagrams::CalcCurve(curve.request, curve.all, middle().T, middle().p, middle().v);
         const std::size_t spent = AllocationCount() - before;
         // Database functions write two letters into the request; both fit into the text itself.
         EXPECT_EQ(spent, curve.result.message.empty() ? 0U : spent) << code;

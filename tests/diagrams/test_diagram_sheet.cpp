@@ -4,6 +4,8 @@
 #include "diagrams/sheet_readout.h"
 #include "diagrams/sheet_support.h"
 
+using namespace quor;
+
 namespace {
 
 using Module9::StoreCurve;
@@ -22,8 +24,8 @@ TEST_F(DiagramSheet, OpensWithTheWindowAndTheTextsOfTheRequest) {
     EXPECT_EQ(sheet.chart.header.text, "Isothermal section p - v");
     EXPECT_EQ(sheet.chart.x.title, "v / (m^3/kmol)");
     EXPECT_EQ(sheet.chart.y.title, "p / kPa");
-    EXPECT_DOUBLE_EQ(sheet.chart.x.max, static_cast<double>(Declare::coordinates.vMax));
-    EXPECT_DOUBLE_EQ(sheet.chart.y.max, static_cast<double>(Declare::coordinates.pMax));
+    EXPECT_DOUBLE_EQ(sheet.chart.x.max, static_cast<double>(legacy::the_coordinates.vMax));
+    EXPECT_DOUBLE_EQ(sheet.chart.y.max, static_cast<double>(legacy::the_coordinates.pMax));
     EXPECT_FALSE(sheet.chart.x.automatic);
 }
 
@@ -45,13 +47,13 @@ TEST_F(DiagramSheet, BreaksALongTitleAtBlanks) {
 TEST_F(DiagramSheet, SaysOnWhichReferenceStateCaloricValuesRest) {
     EXPECT_EQ(Module9::ReferenceNote(1), "");
     EXPECT_EQ(Module9::ReferenceNote(19), "");
-    Declare::reference.T0 = 273.15F;
-    Declare::reference.p0 = 0;  // not yet set
+    legacy::the_reference.T0 = 273.15F;
+    legacy::the_reference.p0 = 0;  // not yet set
     EXPECT_EQ(Module9::ReferenceNote(15), "reference state: 273.15 K, 101.325 kPa");
-    Declare::reference.RefMode = 2;
+    legacy::the_reference.RefMode = 2;
     EXPECT_EQ(Module9::ReferenceNote(16), "conventional reference state");
-    Declare::reference.RefMode = 10;
-    Declare::reference.Tenv = 290;
+    legacy::the_reference.RefMode = 10;
+    legacy::the_reference.Tenv = 290;
     EXPECT_EQ(Module9::ReferenceNote(21),
               "reference state: quantities of formation; surroundings: 290 K, 101.325 kPa");
     EXPECT_EQ(Module9::ReferenceNote(18), "surroundings: 290 K, 101.325 kPa");
@@ -89,7 +91,7 @@ TEST_F(DiagramSheet, KeepsTheStyleOfASlot) {
 
 TEST_F(DiagramSheet, CountsOffThePointsBeyondTheWindow) {
     sheet.request.xMax = 6.5F;
-    StoreCurve(sheet, line(10, 300, kurve::kMarkT));
+    StoreCurve(sheet, line(10, 300, diagrams::kMarkT));
     // The line still reaches the edge of the window.
     EXPECT_EQ(curve(0).x, (std::vector<float>{1, 2, 3, 4, 5, 6, 6.5F}));
     EXPECT_EQ(curve(0).y.back(), 13);
@@ -102,7 +104,7 @@ TEST_F(DiagramSheet, CountsOffThePointsBeyondTheWindow) {
 }
 
 TEST_F(DiagramSheet, KeepsTheParameterOfTwelveHundredPoints) {
-    StoreCurve(sheet, line(1500, 300, kurve::kMarkT));
+    StoreCurve(sheet, line(1500, 300, diagrams::kMarkT));
     EXPECT_EQ(curve(0).x.size(), 1500U);
     EXPECT_EQ(sheet.CurveParameters[0][1], 300);
     EXPECT_EQ(sheet.CurveParameters[0][1200], 300);
@@ -112,9 +114,9 @@ TEST_F(DiagramSheet, KeepsTheParameterOfTwelveHundredPoints) {
 }
 
 TEST_F(DiagramSheet, ReadsOutTheParameterByItsMark) {
-    StoreCurve(sheet, line(2, 101.5F, kurve::kMarkP));
-    StoreCurve(sheet, line(2, 0.25F, kurve::kMarkV));
-    StoreCurve(sheet, line(2, 5, kurve::kMarkNone));
+    StoreCurve(sheet, line(2, 101.5F, diagrams::kMarkP));
+    StoreCurve(sheet, line(2, 0.25F, diagrams::kMarkV));
+    StoreCurve(sheet, line(2, 5, diagrams::kMarkNone));
     EXPECT_EQ(Module9::Readout(sheet, {chart::Group::Curves, 0, 0, 0}), " X= 1 Y= 2 p/kPa= 101.5");
     EXPECT_EQ(Module9::Readout(sheet, {chart::Group::Curves, 1, 1, 0}), " X= 2 Y= 4  v = 0.25");
     EXPECT_EQ(Module9::Readout(sheet, {chart::Group::Curves, 2, 1, 0}), " X= 2 Y= 4");
@@ -135,7 +137,7 @@ TEST_F(DiagramSheet, RefusesTheThirteenthSetOfPoints) {
 
 TEST_F(DiagramSheet, TakesBackTheLastAddedCurve) {
     StoreCurve(sheet, line(3));
-    StoreCurve(sheet, line(4, 300, kurve::kMarkT));
+    StoreCurve(sheet, line(4, 300, diagrams::kMarkT));
     ASSERT_TRUE(Module9::Undo(sheet));
     EXPECT_EQ(sheet.CurveCount, 1);
     EXPECT_TRUE(sheet.CurveFree[1]);
@@ -146,7 +148,7 @@ TEST_F(DiagramSheet, TakesBackTheLastAddedCurve) {
 }
 
 TEST_F(DiagramSheet, BringsBackDeletedCurvesWithAllTheirProperties) {
-    for (int i = 0; i < 3; ++i) StoreCurve(sheet, line(3 + i, 300, kurve::kMarkT));
+    for (int i = 0; i < 3; ++i) StoreCurve(sheet, line(3 + i, 300, diagrams::kMarkT));
     Module9::NameCurve(sheet, 1, "middle", "m");
     sheet.chart.curves[1].line.width = 3;
     const chart::Series kept = curve(1);
@@ -157,7 +159,7 @@ TEST_F(DiagramSheet, BringsBackDeletedCurvesWithAllTheirProperties) {
     EXPECT_TRUE(curve(1) == kept);
     EXPECT_EQ(sheet.CurveLabels[1].text, "m");
     EXPECT_EQ(sheet.CurveParameters[1][4], 300);
-    EXPECT_EQ(sheet.CurveMarks[1], kurve::kMarkT);
+    EXPECT_EQ(sheet.CurveMarks[1], diagrams::kMarkT);
 }
 
 TEST_F(DiagramSheet, BringsBackADeletedSetOfPoints) {
@@ -193,7 +195,7 @@ TEST_F(DiagramSheet, DeletesEverything) {
 }
 
 TEST_F(DiagramSheet, DeletesASinglePointOnlyWhereSinglePointsAreShown) {
-    StoreCurve(sheet, line(3, 300, kurve::kMarkT));
+    StoreCurve(sheet, line(3, 300, diagrams::kMarkT));
     EXPECT_FALSE(Module9::DeleteSinglePoint(sheet, 0, 1));
     EXPECT_TRUE(user.messages.empty());
     sheet.chart.curves[0].line.pattern = chart::LinePattern::None;
@@ -212,7 +214,7 @@ TEST_F(DiagramSheet, DeletesASinglePointOnlyWhereSinglePointsAreShown) {
 }
 
 TEST_F(DiagramSheet, RefusesCrossedCoordinates) {
-    const Declare::DiagramRequest before = sheet.request;
+    const diagrams::DiagramRequest before = sheet.request;
     for (const chart::Window& bad :
          {chart::Window{{2, 1}, {0, 1}}, chart::Window{{0, 1}, {5, 5}},
           chart::Window{{0, std::nan("")}, {0, 1}}, chart::Window{{0, 1}, {0, 1e300}}}) {
@@ -242,7 +244,7 @@ TEST_F(DiagramSheet, FitsItsCoordinatesToTheData) {
 TEST_F(DiagramSheet, SwapsDataWindowAndTextsAndBack) {
     StoreCurve(sheet, line(3));
     const chart::Chart2D chartBefore = sheet.chart;
-    const Declare::DiagramRequest before = sheet.request;
+    const diagrams::DiagramRequest before = sheet.request;
     Module9::ChangeXY(sheet);
     EXPECT_TRUE(sheet.SwappedAxes);
     EXPECT_EQ(curve(0).x, (std::vector<float>{2, 4, 6}));

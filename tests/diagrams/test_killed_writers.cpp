@@ -7,19 +7,21 @@
 
 #include "calculation/batch_list.h"
 #include "calculation/protocol.h"
+#include "chart/chart_file.h"
 #include "datafiles/batch_file.h"
 #include "datafiles/database.h"
 #include "datafiles/project.h"
 #include "datafiles/substance_choice.h"
 #include "datafiles/xy_file.h"
 #include "diagrams/active_fluid.h"
-#include "diagrams/chart/chart_file.h"
 #include "support/databases.h"
+
+using namespace quor;
 
 namespace {
 
 namespace fs = std::filesystem;
-using Declare::session;
+using legacy::the_session;
 
 std::string content(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
@@ -37,16 +39,16 @@ class KilledWriters : public ActiveFluid {
     KilledWriters() {
         activate("Propane");
         databases::Write(folder() / "STUDENT.Q05", {databases::Row("Propane")});
-        LoadSaveData::LoadDatabase((folder() / "STUDENT.Q05").string());
-        LoadSaveData::TakeSubstance(1);
+        datafiles::LoadDatabase((folder() / "STUDENT.Q05").string());
+        datafiles::TakeSubstance(1);
         user.inputAnswers.assign(100000, "a comment");
     }
 
     /// Measured data that differ in their number.
     static void data(bool second) {
         const std::size_t sets = second ? 900 : 700;
-        Declare::BatchData.assign(sets + 1, {.T = 300, .p = 500, .rhoV = 11});
-        session.BatchCount = static_cast<std::int16_t>(sets);
+        legacy::the_BatchData.assign(sets + 1, {.T = 300, .p = 500, .rhoV = 11});
+        the_session.BatchCount = static_cast<std::int16_t>(sets);
     }
     void answer(const fs::path& file) {
         user.fileAnswers = {file.string()};
@@ -57,26 +59,26 @@ class KilledWriters : public ActiveFluid {
         return {
             {"project.QCF",
              [this](const fs::path& file, bool second) {
-                 session.ProjectComment = std::string(second ? 9000 : 7000, 'c');
-                 session.LastSessionFile = file.string();
-                 LoadSaveData::SaveProject(false);
+                 the_session.ProjectComment = std::string(second ? 9000 : 7000, 'c');
+                 the_session.LastSessionFile = file.string();
+                 datafiles::SaveProject(false);
              }},
             {"data.BAQ",
              [this](const fs::path& file, bool second) {
                  data(second);
                  answer(file);
-                 LoadSaveData::BatchSave();
+                 datafiles::BatchSave();
              }},
             {"points.XY",
              [this](const fs::path& file, bool second) {
-                 const std::vector<Declare::FitPoint> points(second ? 9000 : 7000, {1, 2, 0});
+                 const std::vector<datafiles::FitPoint> points(second ? 9000 : 7000, {1, 2, 0});
                  answer(file);
-                 LoadSaveData::XYSave("points", points);
+                 datafiles::XYSave("points", points);
              }},
             {"own.Q05",
              [](const fs::path& file, bool second) {
-                 Declare::substance.Name = std::string(second ? 30 : 20, 'n');
-                 LoadSaveData::WritePrivateDatabase(file.string());
+                 legacy::the_substance.Name = std::string(second ? 30 : 20, 'n');
+                 datafiles::WritePrivateDatabase(file.string());
              }},
             {"diagram.oc2",
              [](const fs::path& file, bool second) {
@@ -93,17 +95,17 @@ class KilledWriters : public ActiveFluid {
             {"results.LST",
              [](const fs::path& file, bool second) {
                  data(second);
-                 session.CalcMode = 3;
-                 session.BatchMode = true;
-                 BatchCalc::ResultFile(file.string(), "T, p", true, false);
+                 the_session.CalcMode = 3;
+                 the_session.BatchMode = true;
+                 calculation::ResultFile(file.string(), "T, p", true, false);
              }},
             {"protocol.CSV",
              [](const fs::path& file, bool second) {
-                 Declare::protocol.assign(second ? 90 : 70, {});
-                 for (auto& column : Declare::protocol) column[0] = 300;
-                 session.ProtocolFile = file.filename().string();
-                 session.ProtocolPending = true;
-                 Zentrale::WriteProtocol();
+                 legacy::the_protocol.assign(second ? 90 : 70, {});
+                 for (auto& column : legacy::the_protocol) column[0] = 300;
+                 the_session.ProtocolFile = file.filename().string();
+                 the_session.ProtocolPending = true;
+                 calculation::WriteProtocol();
              }},
         };
     }

@@ -5,12 +5,14 @@
 #include "diagrams/active_fluid.h"
 #include "diagrams/catalogue.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::coordinates;
-using Declare::diagram;
-using Declare::session;
-using Declare::substance;
+using legacy::the_coordinates;
+using legacy::the_diagram;
+using legacy::the_session;
+using legacy::the_substance;
 
 class Prepare2D : public ActiveFluid {
   protected:
@@ -29,11 +31,11 @@ class Prepare2D : public ActiveFluid {
     ~Prepare2D() override { Module9::Views2D() = {}; }
 
     void prepare(std::int16_t code, std::int16_t sectionKind, const char* axisPair) {
-        diagram.DiagramType = code;
-        diagram.sectionKind = sectionKind;
-        diagram.axisPair = axisPair;
+        the_diagram.DiagramType = code;
+        the_diagram.sectionKind = sectionKind;
+        the_diagram.axisPair = axisPair;
         opened.clear();
-        Module9::PrepareDiagram2D(diagram);
+        Module9::PrepareDiagram2D(the_diagram);
     }
 
     std::vector<std::string> opened;
@@ -45,73 +47,74 @@ TEST_F(Prepare2D, OpensTheViewAndTheInputOfItsKind) {
     activate("Propane");
     prepare(1, Module9::kIsothermal, "pv");
     EXPECT_EQ(opened, (Views{"frmGraph2D", "frmTpVSInputBox"}));
-    EXPECT_FALSE(session.DiagramIsProjection);
+    EXPECT_FALSE(the_session.DiagramIsProjection);
     prepare(107, Module9::kIsothermal, "yy");
     EXPECT_EQ(opened, (Views{"frmGraph2D", "frmInputProzessLinien"}));
-    EXPECT_EQ(Declare::processLine.Kind, 7);
+    EXPECT_EQ(legacy::the_processLine.Kind, 7);
     prepare(6, Module9::kProjection, "pv");
     EXPECT_EQ(opened, (Views{"frmGraph2D"}));
-    EXPECT_TRUE(session.DiagramIsProjection);
+    EXPECT_TRUE(the_session.DiagramIsProjection);
     prepare(300, Module9::kDatabase, "yT");
     EXPECT_EQ(opened, (Views{"frmGraph2D", "database 86 369"}));
-    EXPECT_EQ(Module9::ViewCaption(diagram), " Type of Diagram: L-density from data-bank function");
+    EXPECT_EQ(Module9::ViewCaption(the_diagram),
+              " Type of Diagram: L-density from data-bank function");
 }
 
 TEST_F(Prepare2D, ClearsARequestedTieLine) {
     activate("Propane");
-    session.TieLineRequested = true;
+    the_session.TieLineRequested = true;
     prepare(1, Module9::kIsothermal, "pv");
-    EXPECT_FALSE(session.TieLineRequested);
+    EXPECT_FALSE(the_session.TieLineRequested);
 }
 
 TEST_F(Prepare2D, TheFirstDiagramOfASubstanceStartsAtItsCriticalPoint) {
     activate("Propane");
-    session.NewSubstanceDiagram = true;
+    the_session.NewSubstanceDiagram = true;
     prepare(1, Module9::kIsothermal, "pv");
-    EXPECT_FALSE(session.NewSubstanceDiagram);
-    EXPECT_EQ(session.DiagramT, substance.Tcrit);
-    EXPECT_EQ(session.DiagramP, substance.pcrit);
-    EXPECT_EQ(session.DiagramV, Declare::eosParameters.vcritCalc);
-    EXPECT_FLOAT_EQ(coordinates.pMax, static_cast<float>(1.6 * substance.pcrit));
-    EXPECT_FLOAT_EQ(coordinates.TMax, static_cast<float>(1.1 * substance.Tcrit));
-    EXPECT_EQ(diagram.yMax, coordinates.pMax);
+    EXPECT_FALSE(the_session.NewSubstanceDiagram);
+    EXPECT_EQ(the_session.DiagramT, the_substance.Tcrit);
+    EXPECT_EQ(the_session.DiagramP, the_substance.pcrit);
+    EXPECT_EQ(the_session.DiagramV, legacy::the_eosParameters.vcritCalc);
+    EXPECT_FLOAT_EQ(the_coordinates.pMax, static_cast<float>(1.6 * the_substance.pcrit));
+    EXPECT_FLOAT_EQ(the_coordinates.TMax, static_cast<float>(1.1 * the_substance.Tcrit));
+    EXPECT_EQ(the_diagram.yMax, the_coordinates.pMax);
 }
 
 TEST_F(Prepare2D, LaterDiagramsKeepTheStateAndThePressureLimit) {
     activate("Propane");
     prepare(1, Module9::kIsothermal, "pv");
-    session.DiagramT = 300;
-    session.DiagramP = 900;
-    session.DiagramV = 0.5;
+    the_session.DiagramT = 300;
+    the_session.DiagramP = 900;
+    the_session.DiagramV = 0.5;
     prepare(3, Module9::kIsobaric, "Tv");
-    EXPECT_EQ(session.DiagramT, 300);
-    EXPECT_EQ(session.DiagramP, 900);
-    EXPECT_EQ(session.DiagramV, 0.5);
-    EXPECT_FLOAT_EQ(coordinates.pMax, static_cast<float>(1.6 * substance.pcrit));
+    EXPECT_EQ(the_session.DiagramT, 300);
+    EXPECT_EQ(the_session.DiagramP, 900);
+    EXPECT_EQ(the_session.DiagramV, 0.5);
+    EXPECT_FLOAT_EQ(the_coordinates.pMax, static_cast<float>(1.6 * the_substance.pcrit));
 }
 
 TEST_F(Prepare2D, FunctionDiagramsStartAtNormalPressure) {
     activate("Propane");
     prepare(15, Module9::kIsobaric, "yT");
-    EXPECT_EQ(session.DiagramP, 101.325);
-    session.DiagramP = substance.pcrit;
-    session.DiagramV = 0.7;
+    EXPECT_EQ(the_session.DiagramP, 101.325);
+    the_session.DiagramP = the_substance.pcrit;
+    the_session.DiagramV = 0.7;
     prepare(30, Module9::kIsobaric, "yT");
-    EXPECT_EQ(session.DiagramP, 101.325);
-    EXPECT_EQ(session.DiagramV, Declare::eosParameters.vcritCalc);
-    session.DiagramP = substance.pcrit;
+    EXPECT_EQ(the_session.DiagramP, 101.325);
+    EXPECT_EQ(the_session.DiagramV, legacy::the_eosParameters.vcritCalc);
+    the_session.DiagramP = the_substance.pcrit;
     prepare(150, Module9::kIsothermal, "yp");
-    EXPECT_EQ(session.DiagramP, substance.pcrit);
+    EXPECT_EQ(the_session.DiagramP, the_substance.pcrit);
 }
 
 TEST_F(Prepare2D, WithoutACriticalVolumeTheVolumeIsMeasuredOrTwo) {
     activate_vapour_only("Propane");
     prepare(5, Module9::kIsochoric, "pT");
-    EXPECT_EQ(session.DiagramV, substance.vcritExp);
-    session.DiagramV = 0;
-    substance.vcritExp = 0;
+    EXPECT_EQ(the_session.DiagramV, the_substance.vcritExp);
+    the_session.DiagramV = 0;
+    the_substance.vcritExp = 0;
     prepare(5, Module9::kIsochoric, "pT");
-    EXPECT_EQ(session.DiagramV, 2.0);
+    EXPECT_EQ(the_session.DiagramV, 2.0);
 }
 
 TEST_F(Prepare2D, AFaultOfTheViewIsTold) {
@@ -128,17 +131,17 @@ TEST_F(Prepare2D, AFaultOfTheViewIsTold) {
 
 TEST_F(Prepare2D, TheMenuCommandRefusesOrNotes) {
     activate_vapour_only("Propane");
-    diagram.sectionKind = Module9::kProjection;
-    diagram.DiagramType = 6;
-    diagram.axisPair = "pv";
+    the_diagram.sectionKind = Module9::kProjection;
+    the_diagram.DiagramType = 6;
+    the_diagram.axisPair = "pv";
     Module9::OpenDiagram2D();
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_TRUE(opened.empty());
-    diagram.DiagramType = 9;
+    the_diagram.DiagramType = 9;
     Module9::OpenDiagram2D();
     EXPECT_EQ(user.lastTitle(), "Note");
     EXPECT_EQ(opened, (Views{"frmGraph2D"}));
-    EXPECT_EQ(diagram.subTitle, "Propane,  vapour press. equ. Wagner");
+    EXPECT_EQ(the_diagram.subTitle, "Propane,  vapour press. equ. Wagner");
 }
 
 }  // namespace

@@ -3,23 +3,25 @@
 #include <fstream>
 #include <sstream>
 
+#include "chart/chart_file.h"
 #include "common/numbers.h"
-#include "diagrams/chart/chart_file.h"
 #include "diagrams/curve.h"
 #include "diagrams/sheet_draw.h"
 #include "diagrams/sheet_marks.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_support.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 using Module9::LoadOutcome;
 
 class SheetFile : public Sheet {
   protected:
     SheetFile() {
-        session.DiagramT = 300;
+        the_session.DiagramT = 300;
         open(1);
     }
     std::string path(const char* name) const { return (folder() / name).string(); }
@@ -46,7 +48,7 @@ TEST_F(SheetFile, LoadsWhatItSaved) {
     ASSERT_TRUE(Module9::SaveOC2(sheet));
     EXPECT_EQ(user.files[0].title, "Save this 2D-diagram design");
     EXPECT_EQ(user.files[0].filter, "picture file (*.oc2)|*.oc2");
-    EXPECT_EQ(session.FolderDiagram2D, folder().string() + "/");
+    EXPECT_EQ(the_session.FolderDiagram2D, folder().string() + "/");
 
     open(1);
     ASSERT_EQ(Module9::LoadOC2(sheet), LoadOutcome::Loaded);
@@ -188,7 +190,7 @@ TEST_F(SheetFile, WritesACurveAsXY) {
 
 TEST_F(SheetFile, CopiesACurveAsATable) {
     sheet.request.xMax = 100;
-    Module9::StoreCurve(sheet, line(2, 300.5F, kurve::kMarkT));
+    Module9::StoreCurve(sheet, line(2, 300.5F, diagrams::kMarkT));
     EXPECT_EQ(Module9::CurveTable(sheet, 0),
               "v / (m^3/kmol)\tp / kPa\tT/K\n1\t2\t300.5\n2\t4\t300.5\n");
     numbers::set_decimal_mark(',');
@@ -202,18 +204,18 @@ TEST_F(SheetFile, CopiesACurveAsATable) {
 
 class SheetPoints : public SheetFile {
   protected:
-    static void data(std::vector<Declare::BatchDataSet> sets) {
-        Declare::BatchData.resize(1);
-        for (Declare::BatchDataSet& set : sets) Declare::BatchData.push_back(set);
-        session.BatchCount = static_cast<std::int16_t>(sets.size());
+    static void data(std::vector<calculation::BatchDataSet> sets) {
+        legacy::the_BatchData.resize(1);
+        for (calculation::BatchDataSet& set : sets) legacy::the_BatchData.push_back(set);
+        the_session.BatchCount = static_cast<std::int16_t>(sets.size());
     }
-    static constexpr Declare::BatchDataSet kState{0, 300, 500, 10, 0, 0, 0};
-    static constexpr Declare::BatchDataSet kSaturated{0, 300, 998, 21, 490, 14600, 120};
+    static constexpr calculation::BatchDataSet kState{0, 300, 500, 10, 0, 0, 0};
+    static constexpr calculation::BatchDataSet kSaturated{0, 300, 998, 21, 490, 14600, 120};
 };
 
 TEST_F(SheetPoints, MapsStatesToTheAxesOfTheSections) {
     data({kState});
-    const auto M = static_cast<float>(Declare::substance.M);
+    const auto M = static_cast<float>(legacy::the_substance.M);
     struct Expected {
         std::int16_t code;
         float x, y;
@@ -245,12 +247,12 @@ TEST_F(SheetPoints, MapsBothDensitiesOfTheEquilibrium) {
 }
 
 TEST_F(SheetPoints, LeavesOutInactiveLinesAndMissingValues) {
-    Declare::BatchDataSet inactive = kState, withoutT = kState;
+    calculation::BatchDataSet inactive = kState, withoutT = kState;
     inactive.skip = -1;
     withoutT.T = 0;
     data({inactive, withoutT, kState});
     EXPECT_EQ(Module9::MapMeasured(5).x.size(), 1U);
-    session.BatchCount = 500;  // never behind the data
+    the_session.BatchCount = 500;  // never behind the data
     EXPECT_EQ(Module9::MapMeasured(5).x.size(), 1U);
 }
 
@@ -270,17 +272,17 @@ TEST_F(SheetPoints, AddsDataInTheWindowOnly) {
 }
 
 TEST_F(SheetPoints, TakesPointsAndCurveFromTheEditor) {
-    Declare::xyPoints = {{1, 2, 0}};
-    Declare::xyComment = "from paper";
+    legacy::the_xyPoints = {{1, 2, 0}};
+    legacy::the_xyComment = "from paper";
     EXPECT_FALSE(Module9::AddEditorCurve(sheet));
     EXPECT_EQ(user.lastText(), "at least two active points!");
     ASSERT_TRUE(Module9::AddEditorPoints(sheet));
     EXPECT_EQ(sheet.chart.points[0].legend, "from paper");
-    Declare::xyPoints = {{1, 2, 0}, {2, 9, -1}, {3, 4, 0}};
+    legacy::the_xyPoints = {{1, 2, 0}, {2, 9, -1}, {3, 4, 0}};
     sheet.request.xMax = 100;
     ASSERT_TRUE(Module9::AddEditorCurve(sheet));
     EXPECT_EQ(curve(0).y, (std::vector<float>{2, 4}));
-    Declare::xyPoints.clear();
+    legacy::the_xyPoints.clear();
     EXPECT_FALSE(Module9::AddEditorPoints(sheet));
     EXPECT_EQ(user.lastText(), "at least one active point!");
 }

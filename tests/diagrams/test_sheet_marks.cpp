@@ -6,18 +6,20 @@
 #include "diagrams/sheet_support.h"
 #include "models/vapour_pressure.h"
 
+using namespace quor;
+
 namespace {
 
 using chart::Label;
-using Declare::session;
-using Declare::substance;
+using legacy::the_session;
+using legacy::the_substance;
 
 class SheetMarks : public Sheet {
   protected:
     SheetMarks() {
-        session.DiagramT = 300;
-        session.DiagramP = 1000;
-        session.DiagramV = 0.5;
+        the_session.DiagramT = 300;
+        the_session.DiagramP = 1000;
+        the_session.DiagramV = 0.5;
     }
 
     std::vector<chart::Series> lines() const {
@@ -44,7 +46,7 @@ TEST_F(SheetMarks, DrawsAnIsothermAndNamesIt) {
     ASSERT_TRUE(Module9::Draw(sheet));
     EXPECT_EQ(sheet.CurveCount, 1);
     EXPECT_EQ(curve(0).legend, "(300.0 K ) ");
-    EXPECT_EQ(sheet.CurveMarks[0], kurve::kMarkT);
+    EXPECT_EQ(sheet.CurveMarks[0], diagrams::kMarkT);
     EXPECT_EQ(sheet.CurveParameters[0][1], 300);
     // The vapour lies beyond this window; the tie-line leads to its edge.
     EXPECT_EQ(curve(0).x.back(), sheet.request.xMax);
@@ -61,8 +63,8 @@ TEST_F(SheetMarks, NamesCurvesByTheirSection) {
     open(307);
     Module9::Draw(sheet);
     EXPECT_EQ(curve(0).legend, "(Wagner)");
-    Declare::processLine.Kind = 2;
-    Declare::DiagramRequest line = sheet.request;
+    legacy::the_processLine.Kind = 2;
+    diagrams::DiagramRequest line = sheet.request;
     line.DiagramType = 204;
     EXPECT_EQ(Module9::NameOf(line, false).legend, "(Isobar 1000.0 kPa ) ");
 }
@@ -78,13 +80,13 @@ TEST_F(SheetMarks, WritesAPointWhateverTheLocale) {
 TEST_F(SheetMarks, NamesAnIsochoreByItsPhaseWhenTheCriticalPointIsMarked) {
     open(5);
     ASSERT_TRUE(Module9::MarkCriticalPoint(sheet, false));
-    session.DiagramV = 0.5;
+    the_session.DiagramV = 0.5;
     Module9::Draw(sheet);
     EXPECT_EQ(curve(0).legend, "0.5 m^3/kmol  (V) ");
-    session.DiagramV = 0.1;
+    the_session.DiagramV = 0.1;
     Module9::Draw(sheet);
     EXPECT_EQ(curve(1).legend, "0.1 m^3/kmol  (L) ");
-    session.DiagramV = Declare::eosParameters.vcritCalc;
+    the_session.DiagramV = legacy::the_eosParameters.vcritCalc;
     Module9::Draw(sheet);
     EXPECT_NE(curve(2).legend.find(" (cr) "), std::string::npos);
 }
@@ -95,8 +97,8 @@ TEST_F(SheetMarks, DrawsBothBranchesOfAProjection) {
     EXPECT_EQ(sheet.CurveCount, 2);
     EXPECT_EQ(curve(0).legend, "VLE  (L)");
     EXPECT_EQ(curve(1).legend, "VLE  (V)");
-    EXPECT_EQ(session.VapourFraction, 1.0);
-    EXPECT_FALSE(session.CoexistenceRequested);
+    EXPECT_EQ(the_session.VapourFraction, 1.0);
+    EXPECT_FALSE(the_session.CoexistenceRequested);
     open(9);
     ASSERT_TRUE(Module9::Draw(sheet));
     EXPECT_EQ(sheet.CurveCount, 1);
@@ -109,7 +111,7 @@ TEST_F(SheetMarks, AddsTheCoexistenceCurveAndRestoresTheDiagram) {
     EXPECT_EQ(sheet.CurveCount, 2);
     EXPECT_EQ(sheet.request.DiagramType, 1);
     EXPECT_EQ(sheet.request.sectionKind, Module9::kIsothermal);
-    EXPECT_EQ(session.VapourFraction, 1.0);
+    EXPECT_EQ(the_session.VapourFraction, 1.0);
     // In p-T there is one line only.
     open(5);
     ASSERT_TRUE(Module9::MarkCoexistence(sheet));
@@ -140,35 +142,35 @@ TEST_F(SheetMarks, IsohygricsAtTheEndsAreTheBoilingAndTheDewLine) {
     EXPECT_EQ(sheet.CurveLabels[2].text, "y(V) = 0");
     EXPECT_FALSE(Module9::MarkIsohygric(sheet, 1.5));
     EXPECT_FALSE(Module9::MarkIsohygric(sheet, -0.1));
-    EXPECT_EQ(session.VapourFraction, 1.0);
+    EXPECT_EQ(the_session.VapourFraction, 1.0);
 }
 
 TEST_F(SheetMarks, TieLineIsHorizontalInPV) {
     open(1);
     ASSERT_TRUE(Module9::MarkTieLine(sheet));
-    EXPECT_FALSE(session.TieLineRequested);
+    EXPECT_FALSE(the_session.TieLineRequested);
     EXPECT_EQ(curve(0).legend, "Tie-Line V-L ");
     for (const float p : curve(0).y) EXPECT_FLOAT_EQ(p, curve(0).y.front());
 }
 
 TEST_F(SheetMarks, RefusesATieLineAtAndAboveTheCriticalPoint) {
     open(1);
-    session.DiagramT = substance.Tcrit;
+    the_session.DiagramT = the_substance.Tcrit;
     EXPECT_FALSE(Module9::MarkTieLine(sheet));
     expectRefusal("only possible in the 2-phase region V-L  (T<T(cr))");
     open(3);
-    session.DiagramP = substance.pcrit;
+    the_session.DiagramP = the_substance.pcrit;
     EXPECT_FALSE(Module9::MarkTieLine(sheet));
     expectRefusal("only possible in the 2-phase region V-L  (p<p(cr))");
 }
 
 TEST_F(SheetMarks, RefusesTheUnstableRegionAboveTheCriticalPoint) {
     open(26);
-    session.DiagramT = substance.Tcrit;
+    the_session.DiagramT = the_substance.Tcrit;
     EXPECT_FALSE(Module9::MarkSCurve(sheet));
     expectRefusal("only possible in the 2-phase region V-L  (T<T(cr))");
     open(15);
-    session.DiagramP = substance.pcrit + 1;
+    the_session.DiagramP = the_substance.pcrit + 1;
     EXPECT_FALSE(Module9::MarkSCurve(sheet));
     expectRefusal("only possible in the 2-phase region V-L  (p<p(cr))");
 }
@@ -176,14 +178,14 @@ TEST_F(SheetMarks, RefusesTheUnstableRegionAboveTheCriticalPoint) {
 TEST_F(SheetMarks, DrawsTheUnstableRegion) {
     open(1);
     ASSERT_TRUE(Module9::MarkSCurve(sheet));
-    EXPECT_FALSE(session.SCurveRequested);
+    EXPECT_FALSE(the_session.SCurveRequested);
     EXPECT_EQ(sheet.request.DiagramType, 1);
     EXPECT_EQ(sheet.CurveCount, 1);
 }
 
 TEST_F(SheetMarks, RefusesWhatNeedsACubicEquation) {
     activate("Propane", kVirial);
-    session.DiagramT = 300;
+    the_session.DiagramT = 300;
     open(1);
     EXPECT_FALSE(Module9::MarkCoexistence(sheet));
     expectRefusal("V-L coex. curve possible for cubic EOS only.");
@@ -216,7 +218,7 @@ TEST_F(SheetMarks, MarksTemperaturesAcrossTheWindow) {
     ASSERT_TRUE(Module9::MarkTGrenzen(sheet));
     ASSERT_EQ(lines().size(), 2U);  // without the gas part there are no boiling lines
     const chart::Series critical = lines()[0];
-    EXPECT_FLOAT_EQ(critical.y[0], static_cast<float>(substance.Tcrit));
+    EXPECT_FLOAT_EQ(critical.y[0], static_cast<float>(the_substance.Tcrit));
     EXPECT_EQ(critical.x[0], -1e10F);
     EXPECT_FLOAT_EQ(critical.x[1], sheet.request.xMax);
     EXPECT_EQ(label(1)->text, "T(cr)");
@@ -233,7 +235,7 @@ TEST_F(SheetMarks, MarksTemperaturesAcrossTheWindow) {
 }
 
 TEST_F(SheetMarks, LeavesOutTheTripleLineWithoutATriplePoint) {
-    substance.Ttriple = 0;
+    the_substance.Ttriple = 0;
     open(15);
     ASSERT_TRUE(Module9::MarkTGrenzen(sheet));
     ASSERT_EQ(lines().size(), 1U);
@@ -242,23 +244,24 @@ TEST_F(SheetMarks, LeavesOutTheTripleLineWithoutATriplePoint) {
 }
 
 TEST_F(SheetMarks, AddsBoilingTemperaturesToTheGasPart) {
-    session.PartialGasCurve = true;
+    the_session.PartialGasCurve = true;
     open(15);
     ASSERT_TRUE(Module9::MarkTGrenzen(sheet));
     ASSERT_EQ(lines().size(), 4U);
     EXPECT_EQ(label(3)->text, "                      T(LV) at p");
     EXPECT_EQ(label(4)->text, "                      T(LV) at normal pressure");
-    const double TLV = Calc::boiling_temperature(substance, 1000, Declare::models.VPCode).T;
+    const double TLV =
+        models::boiling_temperature(the_substance, 1000, legacy::the_models.VPCode).T;
     EXPECT_NEAR(static_cast<double>(lines()[2].x[0]), TLV, 1e-3);
 }
 
 TEST_F(SheetMarks, MarksInverseTemperaturesAndLogarithmsOfPressures) {
     open(10);
     ASSERT_TRUE(Module9::MarkTGrenzen(sheet));
-    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(1 / substance.Tcrit));
+    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(1 / the_substance.Tcrit));
     ASSERT_TRUE(Module9::MarkPressures(sheet));
     ASSERT_EQ(lines().size(), 3U);
-    EXPECT_FLOAT_EQ(lines()[0].y[0], static_cast<float>(std::log(substance.pcrit)));
+    EXPECT_FLOAT_EQ(lines()[0].y[0], static_cast<float>(std::log(the_substance.pcrit)));
     EXPECT_EQ(label(3)->text, "Normal-p");
     EXPECT_FLOAT_EQ(lines()[2].y[1], std::log(101.325F));
 }
@@ -267,7 +270,7 @@ TEST_F(SheetMarks, MarksPressuresVerticallyOverP) {
     open(2);
     ASSERT_TRUE(Module9::MarkPressures(sheet));
     ASSERT_EQ(lines().size(), 3U);
-    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(substance.pcrit));
+    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(the_substance.pcrit));
     EXPECT_EQ(lines()[0].y[0], -1e6F);
     EXPECT_EQ(label(2)->text, "p(LV) at T ");
     EXPECT_EQ(label(3)->text, "normal p");
@@ -278,16 +281,16 @@ TEST_F(SheetMarks, MarksVolumes) {
     ASSERT_TRUE(Module9::MarkVolume(sheet));
     ASSERT_TRUE(Module9::MarkVolume(sheet));
     ASSERT_EQ(lines().size(), 1U);
-    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(Declare::eosParameters.vcritCalc));
+    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(legacy::the_eosParameters.vcritCalc));
     EXPECT_EQ(lines()[0].y[0], -1e8F);
     ASSERT_TRUE(Module9::MarkCovolume(sheet));
     ASSERT_EQ(lines().size(), 2U);
     // b = 0.0778 R Tc / pc for this equation (D.-Y. Peng, D. B. Robinson, 1976).
-    const double b = 0.0777960739 * 8.31451 * substance.Tcrit / substance.pcrit;
+    const double b = 0.0777960739 * 8.31451 * the_substance.Tcrit / the_substance.pcrit;
     EXPECT_NEAR(static_cast<double>(lines()[1].x[0]), b, 1e-5);
     open(4);
     ASSERT_TRUE(Module9::MarkCovolume(sheet));
-    EXPECT_NEAR(static_cast<double>(lines()[0].x[0]), substance.M / b, 0.2);
+    EXPECT_NEAR(static_cast<double>(lines()[0].x[0]), the_substance.M / b, 0.2);
 }
 
 TEST_F(SheetMarks, MarksTheCriticalPointsOfTheDataAndOfTheEquation) {
@@ -296,9 +299,9 @@ TEST_F(SheetMarks, MarksTheCriticalPointsOfTheDataAndOfTheEquation) {
     ASSERT_TRUE(Module9::MarkCriticalPoint(sheet, false));
     const chart::Series& ex = sheet.chart.points[Module9::kCriticalExSeries];
     const chart::Series& calc = sheet.chart.points[Module9::kCriticalCalcSeries];
-    EXPECT_FLOAT_EQ(ex.x.at(0), static_cast<float>(substance.vcritExp));
-    EXPECT_FLOAT_EQ(calc.x.at(0), static_cast<float>(Declare::eosParameters.vcritCalc));
-    EXPECT_FLOAT_EQ(calc.y.at(0), static_cast<float>(substance.pcrit));
+    EXPECT_FLOAT_EQ(ex.x.at(0), static_cast<float>(the_substance.vcritExp));
+    EXPECT_FLOAT_EQ(calc.x.at(0), static_cast<float>(legacy::the_eosParameters.vcritCalc));
+    EXPECT_FLOAT_EQ(calc.y.at(0), static_cast<float>(the_substance.pcrit));
     EXPECT_EQ(sheet.PointSetCount, 0);
     EXPECT_NE(label(7), nullptr);
     EXPECT_NE(label(8), nullptr);
@@ -315,7 +318,7 @@ TEST_F(SheetMarks, MarksTheCriticalPointInEveryDiagramOfStates) {
 }
 
 TEST_F(SheetMarks, RefusesACriticalPointWithoutAVolume) {
-    substance.vcritExp = 0;
+    the_substance.vcritExp = 0;
     open(1);
     EXPECT_FALSE(Module9::MarkCriticalPoint(sheet, true));
     expectRefusal("No critical density available");

@@ -5,9 +5,11 @@
 #include <cmath>
 #include <vector>
 
+using namespace quor;
+
 namespace {
 
-using kurve::Steps;
+using diagrams::Steps;
 
 std::vector<double> values(Steps loop) {
     std::vector<double> passes;

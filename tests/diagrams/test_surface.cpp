@@ -2,29 +2,31 @@
 
 #include <stdexcept>
 
+#include "app/menu_graph_rows.h"
 #include "diagrams/active_fluid.h"
 #include "diagrams/equilibrium.h"
 #include "diagrams/prepare_3d.h"
 #include "diagrams/surface_grid.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
-#include "session/menu_graph_rows.h"
+
+using namespace quor;
 
 namespace {
 
 using chart::SurfaceGrid;
-using Declare::eosParameters;
-using Declare::grid3D;
-using Declare::session;
-using Declare::substance;
+using legacy::the_eosParameters;
+using legacy::the_grid3D;
+using legacy::the_session;
+using legacy::the_substance;
 
 class Surface : public ActiveFluid {
   protected:
     static SurfaceGrid grid(std::int16_t kind, int nx = 21, int ny = 17, bool SCurve = false) {
-        session.Diagram3DKind = kind;
-        session.SCurve3D = SCurve;
+        the_session.Diagram3DKind = kind;
+        the_session.SCurve3D = SCurve;
         Module9::PrepareDiagram3D();
-        return kurve::Calc_3DArray(nx, ny);
+        return diagrams::Calc_3DArray(nx, ny);
     }
     static double value(const SurfaceGrid& g, int i, int j) { return g.z[g.at(i, j)]; }
     static bool hole(const SurfaceGrid& g, int i, int j) { return g.isHole(g.z[g.at(i, j)]); }
@@ -70,8 +72,8 @@ TEST_F(Surface, TextsStandAsWorded) {
 
 TEST_F(Surface, RangesAreSharesOfTheCriticalValues) {
     activate("Propane");
-    const double pc = substance.pcrit, Tc = substance.Tcrit;
-    const double vc = static_cast<double>(substance.M) / substance.rhocrit;
+    const double pc = the_substance.pcrit, Tc = the_substance.Tcrit;
+    const double vc = static_cast<double>(the_substance.M) / the_substance.rhocrit;
     struct Expected {
         int kind;
         bool SCurve;
@@ -96,8 +98,8 @@ TEST_F(Surface, RangesAreSharesOfTheCriticalValues) {
     set_units(0, 2);
     EXPECT_PRED2(Close, Module9::DefaultGrid(1, false).TMax, 1.3);
     EXPECT_PRED2(Close, Module9::DefaultGrid(1, false).pMin, 500 / pc);
-    EXPECT_PRED2(Close, Module9::DefaultGrid(3, false).vMax, 13 * vc / eosParameters.vcritCalc);
-    substance.rhocrit = 0;
+    EXPECT_PRED2(Close, Module9::DefaultGrid(3, false).vMax, 13 * vc / the_eosParameters.vcritCalc);
+    the_substance.rhocrit = 0;
     EXPECT_EQ(Module9::DefaultGrid(1, false).vMax, 3.0F);
 }
 
@@ -107,7 +109,7 @@ TEST_F(Surface, BelowTheCriticalTemperatureTheTwoPhaseRegionIsAPlane) {
     int plane = 0, points = 0;
     for (int j = 0; j < g.ny; ++j) {
         const double T = g.y(j);
-        const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), T);
+        const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
         for (int i = 0; i < g.nx; ++i) {
             const double v = g.x(i);
             if (hole(g, i, j)) continue;
@@ -116,9 +118,9 @@ TEST_F(Surface, BelowTheCriticalTemperatureTheTwoPhaseRegionIsAPlane) {
                 EXPECT_FLOAT_EQ(static_cast<float>(value(g, i, j)), static_cast<float>(e.p));
                 ++plane;
             } else {
-                EXPECT_NEAR(value(g, i, j) / Calc::PressureFromTV(T, v).p, 1, 1e-6);
+                EXPECT_NEAR(value(g, i, j) / models::PressureFromTV(T, v).p, 1, 1e-6);
             }
-            EXPECT_LE(value(g, i, j), grid3D.pMax);
+            EXPECT_LE(value(g, i, j), the_grid3D.pMax);
         }
     }
     EXPECT_GT(plane, 100);
@@ -133,9 +135,9 @@ TEST_F(Surface, TheSShapedSurfaceFollowsTheEquationEverywhere) {
     for (int j = 0; j < g.ny; ++j)
         for (int i = 0; i < g.nx; ++i) {
             if (hole(g, i, j)) continue;
-            const double p = Calc::PressureFromTV(g.y(j), g.x(i)).p;
+            const double p = models::PressureFromTV(g.y(j), g.x(i)).p;
             EXPECT_NEAR(value(g, i, j), p, 1e-6 * std::fabs(p) + 1e-3);
-            const auto e = kurve::equilibrium_at_T(Calc::CurrentFluid(), g.y(j));
+            const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), g.y(j));
             below += e.found && g.x(i) > e.vL && g.x(i) < e.vV && p < e.p ? 1 : 0;
         }
     EXPECT_GT(below, 5);
@@ -148,7 +150,7 @@ TEST_F(Surface, WhatLiesAboveTheLimitIsAHoleWithTheValueBehindIt) {
     for (std::size_t k = 0; k < g.z.size(); ++k) {
         EXPECT_TRUE(g.isHole(g.z[k]) || g.isHole(g.zBehindHoles[k]));
         if (g.isHole(g.zBehindHoles[k])) continue;
-        EXPECT_GT(g.zBehindHoles[k], grid3D.pMax);
+        EXPECT_GT(g.zBehindHoles[k], the_grid3D.pMax);
         ++behind;
     }
     EXPECT_GT(behind, 10);
@@ -161,10 +163,10 @@ TEST_F(Surface, VolumesAreThoseOfTheStableState) {
     for (int i = 0; i < g.nx; ++i)
         for (int j = 0; j < g.ny; ++j) {
             if (hole(g, i, j)) continue;
-            const Calc::StateTP state = Calc::SolveStateTP(g.y(j), g.x(i));
+            const models::StateTP state = models::SolveStateTP(g.y(j), g.x(i));
             const double v = state.hasV ? state.vV : state.vL;
             EXPECT_NEAR(value(g, i, j) / v, 1, 1e-5);
-            EXPECT_LE(value(g, i, j), grid3D.vMax);
+            EXPECT_LE(value(g, i, j), the_grid3D.vMax);
             ++points;
         }
     EXPECT_GT(points, 300);
@@ -179,13 +181,13 @@ TEST_F(Surface, TemperaturesSatisfyTheEquationOrTheEquilibrium) {
             for (int j = 0; j < g.ny; ++j) {
                 if (hole(g, i, j)) continue;
                 const double v = g.x(i), p = g.y(j), T = value(g, i, j);
-                const auto e = kurve::equilibrium_at_p(Calc::CurrentFluid(), p);
+                const auto e = diagrams::equilibrium_at_p(models::CurrentFluid(), p);
                 if (!SCurve && e.found && v > e.vL && v < e.vV) {
                     EXPECT_FLOAT_EQ(static_cast<float>(T), static_cast<float>(e.T));
                 } else {
-                    EXPECT_NEAR(Calc::PressureFromTV(T, v).p, p, 2e-4 * p + 1);
+                    EXPECT_NEAR(models::PressureFromTV(T, v).p, p, 2e-4 * p + 1);
                 }
-                EXPECT_LE(T, grid3D.TMax);
+                EXPECT_LE(T, the_grid3D.TMax);
                 ++points;
             }
         EXPECT_GT(points, 400);
@@ -195,24 +197,24 @@ TEST_F(Surface, TemperaturesSatisfyTheEquationOrTheEquilibrium) {
 
 TEST_F(Surface, CaloricSurfacesAreDirectEvaluationsOfTheStates) {
     activate("Propane");
-    using Member = double thermo::StateValues::*;
+    using Member = double models::StateValues::*;
     const std::pair<std::int16_t, Member> kinds[] = {
-        {5, &thermo::StateValues::cp},  {7, &thermo::StateValues::h},
-        {8, &thermo::StateValues::s},   {9, &thermo::StateValues::g},
-        {10, &thermo::StateValues::eH}, {11, &thermo::StateValues::eU}};
+        {5, &models::StateValues::cp},  {7, &models::StateValues::h},
+        {8, &models::StateValues::s},   {9, &models::StateValues::g},
+        {10, &models::StateValues::eH}, {11, &models::StateValues::eU}};
     for (const auto& [unit, mode] : {std::pair{0, 0}, std::pair{3, 1}, std::pair{0, 2}}) {
         set_units(static_cast<std::int16_t>(unit), static_cast<std::int16_t>(mode));
-        const double factor = unit == 3 ? 1 / static_cast<double>(substance.M) : 1;
+        const double factor = unit == 3 ? 1 / static_cast<double>(the_substance.M) : 1;
         for (const auto& [kind, member] : kinds) {
             const SurfaceGrid g = grid(kind);
             for (int i = 0; i < g.nx; ++i)
                 for (int j = 0; j < g.ny; ++j) {
-                    double p = g.x(i) / static_cast<double>(session.PressureFactor);
-                    const double T = g.y(j) / static_cast<double>(session.TemperatureFactor);
+                    double p = g.x(i) / static_cast<double>(the_session.PressureFactor);
+                    const double T = g.y(j) / static_cast<double>(the_session.TemperatureFactor);
                     if (p == 0) p = 0.05;
-                    const Calc::StateTP state = Calc::SolveStateTP(T, p);
+                    const models::StateTP state = models::SolveStateTP(T, p);
                     const double v = state.hasV ? state.vV : state.vL;
-                    const double expected = thermo::StateFunctions(T, p, v).*member * factor;
+                    const double expected = models::StateFunctions(T, p, v).*member * factor;
                     ASSERT_FALSE(hole(g, i, j)) << kind;
                     EXPECT_NEAR(value(g, i, j), expected, 1e-5 * std::fabs(expected) + 1e-3);
                 }
@@ -227,13 +229,13 @@ TEST_F(Surface, ClippingLimitsMakeHolesUnlessTheyStandForNone) {
         return std::count_if(g.z.begin(), g.z.end(), [&](float z) { return g.isHole(z); });
     };
     EXPECT_EQ(holes(), 0) << "-0.01111 and 0.01111 clip nothing";
-    grid3D.zMax = 0;
-    g = kurve::Calc_3DArray(21, 17);
+    the_grid3D.zMax = 0;
+    g = diagrams::Calc_3DArray(21, 17);
     const auto above = holes();
     EXPECT_GT(above, 0);
     for (const float z : g.z) EXPECT_TRUE(g.isHole(z) || z <= 0);
-    grid3D.zMin = -5000;
-    g = kurve::Calc_3DArray(21, 17);
+    the_grid3D.zMin = -5000;
+    g = diagrams::Calc_3DArray(21, 17);
     EXPECT_GT(holes(), above);
     for (const float z : g.z) EXPECT_TRUE(g.isHole(z) || (z <= 0 && z >= -5000));
 }
@@ -243,9 +245,9 @@ TEST_F(Surface, NodesLieBetweenTheLimitsAtEqualSteps) {
     const SurfaceGrid g = grid(7, 11, 6);
     EXPECT_EQ(g.nx, 11);
     EXPECT_EQ(g.ny, 6);
-    EXPECT_FLOAT_EQ(static_cast<float>(g.x(0)), grid3D.pMin);
-    EXPECT_FLOAT_EQ(static_cast<float>(g.x(10)), grid3D.pMax);
-    EXPECT_FLOAT_EQ(static_cast<float>(g.y(5)), grid3D.TMax);
+    EXPECT_FLOAT_EQ(static_cast<float>(g.x(0)), the_grid3D.pMin);
+    EXPECT_FLOAT_EQ(static_cast<float>(g.x(10)), the_grid3D.pMax);
+    EXPECT_FLOAT_EQ(static_cast<float>(g.y(5)), the_grid3D.TMax);
     EXPECT_TRUE(g.isComplete());
     EXPECT_EQ(grid(7, 1, 5000).nx, 2);
     EXPECT_EQ(grid(7, 1, 5000).ny, 201);
@@ -253,9 +255,9 @@ TEST_F(Surface, NodesLieBetweenTheLimitsAtEqualSteps) {
 
 TEST_F(Surface, WithoutACpFormThereIsNoCaloricSurface) {
     activate("Propane");
-    Declare::models.CpModel = 0;
+    legacy::the_models.CpModel = 0;
     const SurfaceGrid g = grid(7);
-    EXPECT_FALSE(kurve::HasSurface(g));
+    EXPECT_FALSE(diagrams::HasSurface(g));
     chart::Chart3D chart;
     Module9::InitGraph3D(chart, 11, 11);
     EXPECT_TRUE(Module9::TellEmptySurface(chart));
@@ -267,17 +269,17 @@ TEST_F(Surface, WithoutACpFormThereIsNoCaloricSurface) {
 
 TEST_F(Surface, AFaultOfTheUnitsLeavesHoles) {
     activate("Propane");
-    session.Diagram3DKind = 7;
+    the_session.Diagram3DKind = 7;
     Module9::PrepareDiagram3D();
-    substance.M = 0;
-    session.CaloricUnit = 3;
-    EXPECT_FALSE(kurve::HasSurface(kurve::Calc_3DArray(5, 5)));
+    the_substance.M = 0;
+    the_session.CaloricUnit = 3;
+    EXPECT_FALSE(diagrams::HasSurface(diagrams::Calc_3DArray(5, 5)));
 }
 
 TEST_F(Surface, LimitsMustRise) {
     activate("Propane");
     const auto& kind = *Module9::FindSurface(1);
-    Declare::Grid3D g = Module9::DefaultGrid(1, false);
+    diagrams::Grid3D g = Module9::DefaultGrid(1, false);
     EXPECT_EQ(Module9::RefusalOf(g, kind), "");
     g.TMax = g.TMin;
     EXPECT_EQ(Module9::RefusalOf(g, kind), "Lower limits have to be smaller then upper limits!");
@@ -292,19 +294,19 @@ TEST_F(Surface, TheCriticalPointIsMarkedOnEverySurfaceButThatOfCp) {
     activate("Propane");
     chart::Chart3D chart;
     for (const std::int16_t kind : std::initializer_list<std::int16_t>{1, 3, 4, 7, 8, 9, 10}) {
-        session.Diagram3DKind = kind;
+        the_session.Diagram3DKind = kind;
         chart.markers.clear();
         EXPECT_TRUE(Module9::AddCriticalPoint(chart)) << kind;
         EXPECT_TRUE(Module9::AddCriticalPoint(chart)) << "a second time it is moved, not doubled";
         ASSERT_EQ(chart.markers.size(), 1U);
         EXPECT_EQ(chart.markers[0].text, "CrP");
     }
-    session.Diagram3DKind = 1;
+    the_session.Diagram3DKind = 1;
     Module9::AddCriticalPoint(chart);
-    EXPECT_EQ(chart.markers.back().x, eosParameters.vcritCalc);
-    EXPECT_EQ(chart.markers.back().y, substance.Tcrit);
-    EXPECT_EQ(chart.markers.back().z, substance.pcrit);
-    session.Diagram3DKind = 5;
+    EXPECT_EQ(chart.markers.back().x, the_eosParameters.vcritCalc);
+    EXPECT_EQ(chart.markers.back().y, the_substance.Tcrit);
+    EXPECT_EQ(chart.markers.back().z, the_substance.pcrit);
+    the_session.Diagram3DKind = 5;
     chart.markers.clear();
     EXPECT_FALSE(Module9::AddCriticalPoint(chart));
     EXPECT_EQ(user.lastText(), "at the critical point cp => infinite");
@@ -314,11 +316,11 @@ TEST_F(Surface, PreparationOpensTheViewOrTellsItsFault) {
     activate("Propane");
     int opened = 0;
     Module9::Views3D().openDiagram = [&] { ++opened; };
-    session.Diagram3DKind = 7;
-    grid3D.TMax = 1;
+    the_session.Diagram3DKind = 7;
+    the_grid3D.TMax = 1;
     Module9::PrepareDiagram3D();
     EXPECT_EQ(opened, 1);
-    EXPECT_PRED2(Close, grid3D.TMax, 1.4 * substance.Tcrit) << "the limits are filled anew";
+    EXPECT_PRED2(Close, the_grid3D.TMax, 1.4 * the_substance.Tcrit) << "the limits are filled anew";
     Module9::Views3D().openDiagram = [] { throw std::runtime_error("no component"); };
     Module9::PrepareDiagram3D();
     Module9::Views3D() = {};
@@ -330,19 +332,19 @@ TEST_F(Surface, PreparationOpensTheViewOrTellsItsFault) {
 
 TEST_F(Surface, TheChartTakesLimitsTitlesAndSurface) {
     activate("Propane");
-    session.Diagram3DKind = 1;
-    session.SCurve3D = false;
+    the_session.Diagram3DKind = 1;
+    the_session.SCurve3D = false;
     Module9::PrepareDiagram3D();
     chart::Chart3D chart;
     Module9::InitGraph3D(chart, 15, 13);
     EXPECT_EQ(chart.surface.nx, 15);
     EXPECT_EQ(chart.x.title, "v / (m^3/kmol)");
-    EXPECT_EQ(chart.z.max, static_cast<double>(grid3D.pMax));
+    EXPECT_EQ(chart.z.max, static_cast<double>(the_grid3D.pMax));
     EXPECT_FALSE(chart.z.automatic);
     EXPECT_EQ(chart.header.text, "Pressure p(v, T)");
     EXPECT_EQ(chart.subtitle.text, " for Propane,  CEOS Peng / Robinson");
     EXPECT_FALSE(Module9::TellEmptySurface(chart));
-    session.Diagram3DKind = 7;
+    the_session.Diagram3DKind = 7;
     Module9::PrepareDiagram3D();
     Module9::InitGraph3D(chart, 15, 13);
     EXPECT_TRUE(chart.z.automatic) << "without clipping the axis follows the data";

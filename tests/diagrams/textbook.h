@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdint>
 
+using namespace quor;
+
 /// The cubic equations as their papers write them, as an oracle for curves: van der Waals 2,
 /// Berthelot 3, Redlich/Kwong 4, Soave 5, Peng/Robinson 6. K, kPa, m^3/kmol.
 class Textbook {

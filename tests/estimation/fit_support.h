@@ -9,6 +9,8 @@
 #include "estimation/fit_run.h"
 #include "estimation/marquardt_nash.h"
 
+using namespace quor;
+
 /// Helpers of the tests of the fitting engines and models.
 namespace fit_support {
 
@@ -17,16 +19,16 @@ using estimation::FitState;
 using estimation::ModelContext;
 using estimation::Parameters;
 
-inline std::vector<Declare::FitPoint> Points(const std::vector<std::pair<double, double>>& xy) {
-    std::vector<Declare::FitPoint> points;
+inline std::vector<datafiles::FitPoint> Points(const std::vector<std::pair<double, double>>& xy) {
+    std::vector<datafiles::FitPoint> points;
     for (const auto& [x, y] : xy)
         points.push_back({static_cast<float>(x), static_cast<float>(y), 0.0F});
     return points;
 }
 
-inline std::vector<Declare::FitPoint> Points(const std::vector<double>& x,
-                                             const std::vector<double>& y) {
-    std::vector<Declare::FitPoint> points;
+inline std::vector<datafiles::FitPoint> Points(const std::vector<double>& x,
+                                               const std::vector<double>& y) {
+    std::vector<datafiles::FitPoint> points;
     for (std::size_t i = 0; i < x.size(); ++i)
         points.push_back({static_cast<float>(x[i]), static_cast<float>(y[i]), 0.0F});
     return points;
@@ -34,7 +36,7 @@ inline std::vector<Declare::FitPoint> Points(const std::vector<double>& x,
 
 /// A problem over points that outlive it.
 inline FitProblem Problem(estimation::ModelFunction model, std::int16_t nPar,
-                          const std::vector<Declare::FitPoint>& points) {
+                          const std::vector<datafiles::FitPoint>& points) {
     FitProblem problem;
     problem.model = model;
     problem.nPar = nPar;
@@ -45,8 +47,8 @@ inline FitProblem Problem(estimation::ModelFunction model, std::int16_t nPar,
 }
 
 /// A state with a model and points, as the view has it after choosing the model.
-inline FitState State(std::int16_t model, std::vector<Declare::FitPoint> points,
-                      const Declare::SubstanceRecord& substance = {}, bool lg = false) {
+inline FitState State(std::int16_t model, std::vector<datafiles::FitPoint> points,
+                      const models::SubstanceRecord& substance = {}, bool lg = false) {
     FitState state;
     state.lg = lg;
     estimation::ChooseModel(state, model, substance);

@@ -6,6 +6,8 @@
 #include "common/constants.h"
 #include "estimation/fit_support.h"
 
+using namespace quor;
+
 /// Known parameters of every model, of the size that real fluids have, and points made from them.
 namespace fit_support {
 
@@ -17,8 +19,8 @@ struct Synthetic {
 };
 
 /// A water-like fluid: critical data for the models that need them.
-inline Declare::SubstanceRecord WaterLike() {
-    Declare::SubstanceRecord s;
+inline models::SubstanceRecord WaterLike() {
+    models::SubstanceRecord s;
     s.Tcrit = 647.096;
     s.pcrit = 22064;
     s.Tboil = 373.124F;
@@ -61,10 +63,10 @@ inline std::string NameOf(const Synthetic& set) {
 }
 
 /// Points of the model itself; `count` of them, equally spaced.
-inline std::vector<Declare::FitPoint> SyntheticPoints(const Synthetic& set, int count) {
+inline std::vector<datafiles::FitPoint> SyntheticPoints(const Synthetic& set, int count) {
     FitState state = State(set.model, {}, WaterLike(), set.lg);
     state.FitPar = set.truth;
-    std::vector<Declare::FitPoint> points;
+    std::vector<datafiles::FitPoint> points;
     for (int i = 0; i < count; ++i) {
         const double x = static_cast<double>(
             static_cast<float>(set.from + (set.to - set.from) * i / (count - 1)));

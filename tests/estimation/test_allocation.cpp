@@ -1,6 +1,8 @@
 #include "estimation/synthetic.h"
 #include "support/allocation_counter.h"
 
+using namespace quor;
+
 namespace {
 
 using namespace fit_support;

@@ -7,6 +7,8 @@
 #include "models/vapour_pressure.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 using namespace fit_support;
@@ -15,7 +17,7 @@ using estimation::CpPhase;
 
 class FitApplication : public SessionTest {
   protected:
-    FitApplication() { Declare::substance = WaterLike(); }
+    FitApplication() { legacy::the_substance = WaterLike(); }
 
     /// A state as after a fit that found the truth.
     static FitState fitted(const Synthetic& set) {
@@ -29,30 +31,30 @@ class FitApplication : public SessionTest {
 
     /// The program's own value for a model at T.
     static double own(std::int16_t model, CpPhase phase, double T) {
-        const auto& s = Declare::substance;
+        const auto& s = legacy::the_substance;
         switch (model) {
             case 4:
-                return Calc::vapour_pressure(s, T, "ALP").p;
+                return models::vapour_pressure(s, T, "ALP").p;
             case 5:
             case 6:
             case 7:
-                return Calc::vapour_pressure(s, T, "FRO").p;
+                return models::vapour_pressure(s, T, "FRO").p;
             case 8:
-                return Calc::vapour_pressure(s, T, "WAG").p;
+                return models::vapour_pressure(s, T, "WAG").p;
             case 9:
             case 10:
             case 11:
-                return Calc::density_liquid(s, static_cast<float>(T)).rho;
+                return models::density_liquid(s, static_cast<float>(T)).rho;
             case 14:
             case 15:
-                return Calc::EnthalpyEquationValue(T).h;
+                return models::EnthalpyEquationValue(T).h;
             default:
                 break;
         }
-        Declare::models.CpModel = model == 18 ? 2 : 1;
-        return phase == CpPhase::Liquid  ? thermo::CpLiquid(T).cp
-               : phase == CpPhase::Solid ? thermo::CpSolid(T).cp
-                                         : thermo::IdealGasCp(T).cp;
+        legacy::the_models.CpModel = model == 18 ? 2 : 1;
+        return phase == CpPhase::Liquid  ? models::CpLiquid(T).cp
+               : phase == CpPhase::Solid ? models::CpSolid(T).cp
+                                         : models::IdealGasCp(T).cp;
     }
 
     void expectSuccess(std::size_t boxes) {
@@ -75,7 +77,7 @@ TEST_F(FitApplication, TheProgramsOwnEquationGivesTheFittedFunction) {
             if (set.model == 17 && phase == CpPhase::IdealGas) continue;
             if (set.model == 18 && phase != CpPhase::IdealGas) continue;
             SCOPED_TRACE(NameOf(set) + " phase " + std::to_string(static_cast<int>(phase)));
-            Declare::substance = WaterLike();
+            legacy::the_substance = WaterLike();
             FitState state = fitted(set);
             state.cpPhase = phase;
             ApplyFit(state);
@@ -94,7 +96,7 @@ TEST_F(FitApplication, TheProgramsOwnEquationGivesTheFittedFunction) {
 TEST_F(FitApplication, AntoineGoesToItsLowPressureSet) {
     FitState state = fitted({4, true, {7.1962, 1730.63, 233.426}, 280.4, 449.6});
     ApplyFit(state);
-    const auto& ALP = Declare::substance.ALP;
+    const auto& ALP = legacy::the_substance.ALP;
     EXPECT_EQ(ALP.A, 7.1962F);
     EXPECT_EQ(ALP.B, 1730.63F);
     EXPECT_EQ(ALP.C, 233.426F);
@@ -103,13 +105,13 @@ TEST_F(FitApplication, AntoineGoesToItsLowPressureSet) {
     expectSuccess(2);
     EXPECT_EQ(user.messages[0].text,
               "These parameters are\nincluded in the\nANTOINE (Lo-p) parameter set of QUOR.");
-    EXPECT_TRUE(Declare::session.ResultsOutdated);
+    EXPECT_TRUE(legacy::the_session.ResultsOutdated);
 }
 
 TEST_F(FitApplication, NaturalAntoineParametersAreTurnedIntoDecadicOnes) {
     FitState state = fitted({4, false, {16.5, 3984, 233.4}, 280, 450});
     ApplyFit(state);
-    const auto& ALP = Declare::substance.ALP;
+    const auto& ALP = legacy::the_substance.ALP;
     EXPECT_FLOAT_EQ(ALP.A, static_cast<float>(16.5 / std::log(10.0)));
     EXPECT_FLOAT_EQ(ALP.B, static_cast<float>(3984 / std::log(10.0)));
     EXPECT_EQ(ALP.C, 233.4F);
@@ -119,9 +121,9 @@ TEST_F(FitApplication, NaturalAntoineParametersAreTurnedIntoDecadicOnes) {
 }
 
 TEST_F(FitApplication, FrostFillsItsSetAndClearsTheRest) {
-    Declare::substance.FRO.a.fill(9);
+    legacy::the_substance.FRO.a.fill(9);
     ApplyFit(fitted({5, true, {23.55, -2980, 270.15, -5.62, 3.5}, 300, 620}));
-    const auto& FRO = Declare::substance.FRO;
+    const auto& FRO = legacy::the_substance.FRO;
     EXPECT_EQ(FRO.a, (std::array<float, 9>{23.55F, -2980, 270.15F, -5.62F, 3.5F, 0, 0, 0, 0}));
     EXPECT_EQ(FRO.TLo, 300);
     EXPECT_EQ(FRO.THi, 620);
@@ -137,7 +139,7 @@ TEST_F(FitApplication, ThodosSetFourFollowsTheDecadicB) {
     for (const bool lg : {true, false}) {
         const double factor = lg ? 1 : constants::kLn10;
         ApplyFit(fitted({6, lg, {23.55 * factor, B * factor, 273.15, 0, 3.5 * factor}, 300, 620}));
-        const auto& a = Declare::substance.FRO.a;
+        const auto& a = legacy::the_substance.FRO.a;
         EXPECT_FLOAT_EQ(a[1], -2980);
         EXPECT_FLOAT_EQ(a[3], D);
         EXPECT_FLOAT_EQ(a[4], 3.5F);
@@ -147,7 +149,7 @@ TEST_F(FitApplication, ThodosSetFourFollowsTheDecadicB) {
 
 TEST_F(FitApplication, RiedelTurnsHAsWell) {
     ApplyFit(fitted({7, false, {66.5, -7200, -7, 5.2e-6, 2}, 280, 640}));
-    const auto& a = Declare::substance.FRO.a;
+    const auto& a = legacy::the_substance.FRO.a;
     EXPECT_EQ(a[2], 273.15F);
     EXPECT_EQ(a[3], -7);
     EXPECT_EQ(a[4], 0);
@@ -162,14 +164,14 @@ TEST_F(FitApplication, WagnerTakesItsExponentsAndTheCriticalPointOfTheFields) {
     state.Tcr = 650;
     state.pcr = 22000;
     ApplyFit(state);
-    EXPECT_EQ(Declare::substance.WAG.a,
+    EXPECT_EQ(legacy::the_substance.WAG.a,
               (std::array<float, 10>{-7.77F, 1.48F, -2.77F, 3, -1.3F, 6, 0, 0, 650, 22000}));
     expectSuccess(1);
 }
 
 TEST_F(FitApplication, DensitiesFillTheirPlaces) {
     ApplyFit(fitted({9, false, {98, 0.3, 0.26}, 280, 600}));
-    auto& s = Declare::substance;
+    auto& s = legacy::the_substance;
     EXPECT_EQ(s.rhoLPar, (std::array<float, 7>{0, 98, 0.3F, 0.26F, 0, 0, 0}));
     EXPECT_EQ(s.rhoLTc, 647.096F);
     ApplyFit(fitted({10, false, {420, -1.1, 0.0022, -1.9e-6, 900}, 280, 600}));
@@ -182,7 +184,7 @@ TEST_F(FitApplication, DensitiesFillTheirPlaces) {
 }
 
 TEST_F(FitApplication, EnthalpiesOfVaporisationFillTheirPlaces) {
-    auto& s = Declare::substance;
+    auto& s = legacy::the_substance;
     ApplyFit(fitted({14, false, {54000, -0.3, 0.31}, 280, 600}));
     EXPECT_EQ(s.hLVPar, (std::array<float, 6>{54000, -0.3F, 0.31F, 0, 0, 0}));
     EXPECT_EQ(s.hLVTc, 647.096F);
@@ -194,7 +196,7 @@ TEST_F(FitApplication, EnthalpiesOfVaporisationFillTheirPlaces) {
 }
 
 TEST_F(FitApplication, HeatCapacitiesGoToTheChosenPhase) {
-    auto& s = Declare::substance;
+    auto& s = legacy::the_substance;
     FitState state = fitted({16, false, {32.2, 0.0019, 1.055e-5, -3.6e-9, 0}, 280, 1000});
     ApplyFit(state);
     EXPECT_EQ(s.cpPoly.c, (std::array<float, 5>{32.2F, 0.0019F, 1.055e-5F, -3.6e-9F, 0}));
@@ -237,7 +239,7 @@ TEST_F(FitApplication, AFirstCoefficientOfZeroKeepsItsForm) {
 }
 
 TEST_F(FitApplication, WhatHasNoPlaceIsRefused) {
-    const Declare::SubstanceRecord before = Declare::substance;
+    const models::SubstanceRecord before = legacy::the_substance;
     ApplyFit(fitted({3, true, {22, 2953, -4.9}, 280, 450}));
     EXPECT_EQ(user.lastText(),
               "AUGUST/DUPRÉ-RANKINE are equations not used by QUOR.\n"
@@ -256,26 +258,26 @@ TEST_F(FitApplication, WhatHasNoPlaceIsRefused) {
     for (const std::int16_t general : {std::int16_t{0}, std::int16_t{1}})
         ApplyFit(fitted({general, false, {1, 1, 1}, 1, 5}));
     EXPECT_EQ(user.messages.size(), 3U);
-    EXPECT_EQ(Declare::substance.cpPoly.c, before.cpPoly.c);
-    EXPECT_EQ(Declare::substance.cpSinh.c, before.cpSinh.c);
-    EXPECT_FALSE(Declare::session.ResultsOutdated);
+    EXPECT_EQ(legacy::the_substance.cpPoly.c, before.cpPoly.c);
+    EXPECT_EQ(legacy::the_substance.cpSinh.c, before.cpSinh.c);
+    EXPECT_FALSE(legacy::the_session.ResultsOutdated);
 }
 
 TEST_F(FitApplication, ValuesBeyondTheRecordChangeNothing) {
     FitState state = fitted({4, true, {7.1962, 1e39, 233.426}, 280, 450});
     ApplyFit(state);
     EXPECT_EQ(user.lastText(), "Overflow");
-    EXPECT_EQ(Declare::substance.ALP.A, 0);
+    EXPECT_EQ(legacy::the_substance.ALP.A, 0);
     state.FitPar[1] = 1730;
     state.FitPoints.back().x = 40000;
     ApplyFit(state);
-    EXPECT_EQ(Declare::substance.ALP.A, 0);
+    EXPECT_EQ(legacy::the_substance.ALP.A, 0);
 }
 
 TEST_F(FitApplication, NothingIsAppliedBeforeAFit) {
     FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 280, 450}, 10);
     ApplyFit(state);
-    EXPECT_EQ(Declare::substance.ALP.A, 0);
+    EXPECT_EQ(legacy::the_substance.ALP.A, 0);
     EXPECT_EQ(user.messages.size(), 1U);
 }
 
@@ -283,8 +285,8 @@ TEST_F(FitApplication, DescendingPointsGiveDescendingLimits) {
     FitState state = fitted({4, true, {7.1962, 1730.63, 233.426}, 280, 450});
     std::reverse(state.FitPoints.begin(), state.FitPoints.end());
     ApplyFit(state);
-    EXPECT_EQ(Declare::substance.ALP.TLo, 450);
-    EXPECT_EQ(Declare::substance.ALP.THi, 280);
+    EXPECT_EQ(legacy::the_substance.ALP.TLo, 450);
+    EXPECT_EQ(legacy::the_substance.ALP.THi, 280);
 }
 
 }  // namespace

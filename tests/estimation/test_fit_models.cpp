@@ -5,6 +5,8 @@
 #include "estimation/fit_support.h"
 #include "estimation/model_functions.h"
 
+using namespace quor;
+
 namespace {
 
 using namespace fit_support;
@@ -236,7 +238,7 @@ TEST(FitModels, CatalogueHoldsStartsScalesAndMarks) {
          "",
          "ABCDE"}};
     ASSERT_EQ(rows.size(), estimation::FitModels().size());
-    Declare::SubstanceRecord substance;
+    models::SubstanceRecord substance;
     substance.Tcrit = 500;
     substance.pcrit = 3000;
     for (const Catalogue& expected : rows) {
@@ -273,7 +275,7 @@ TEST(FitModels, ParameterDOfFrostFollowsOnlyARealCriticalTemperature) {
 }
 
 TEST(FitModels, CriticalDataArePresetWhereAModelNeedsThem) {
-    Declare::SubstanceRecord substance;
+    models::SubstanceRecord substance;
     substance.Tcrit = 500;
     substance.pcrit = 3000;
     for (const auto& row : estimation::FitModels()) {

@@ -11,13 +11,15 @@
 #include "estimation/synthetic.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 using namespace fit_support;
-using Declare::session;
 using estimation::FitGraph;
 using estimation::kInactive;
 using estimation::kNoStdDev;
+using legacy::the_session;
 
 class FitRun : public SessionTest {
   protected:
@@ -32,9 +34,9 @@ class FitRun : public SessionTest {
     }
     /// Batch data with all columns told apart.
     void fillBatch() {
-        Declare::BatchData.assign(4, {});
+        legacy::the_BatchData.assign(4, {});
         for (std::size_t i = 1; i < 4; ++i) {
-            auto& d = Declare::BatchData[i];
+            auto& d = legacy::the_BatchData[i];
             const auto k = static_cast<float>(i);
             d.T = 300.0 + static_cast<double>(i);
             d.p = 100.0 * static_cast<double>(i);
@@ -43,8 +45,8 @@ class FitRun : public SessionTest {
             d.hLV = 20000 + k;
             d.cp = 75 + k;
         }
-        session.BatchCount = 3;
-        session.FitDataSource = 1;
+        the_session.BatchCount = 3;
+        the_session.FitDataSource = 1;
     }
 };
 
@@ -53,7 +55,7 @@ TEST_F(FitRun, PointsComeFromTheColumnOfTheTpvEditor) {
     const std::vector<std::pair<std::int16_t, float>> columns{
         {1, 100.0F}, {2, 801.0F}, {3, 9.0F}, {4, 20001.0F}, {5, 76.0F}};
     for (const auto& [column, y] : columns) {
-        session.FitColumn = column;
+        the_session.FitColumn = column;
         FitState state;
         LoadFitPoints(state);
         EXPECT_EQ(state.NPoints, 3);
@@ -67,8 +69,8 @@ TEST_F(FitRun, PointsComeFromTheColumnOfTheTpvEditor) {
 
 TEST_F(FitRun, LinesWithoutTemperatureOrSwitchedOffAreInactive) {
     fillBatch();
-    Declare::BatchData[1].skip = -1;
-    Declare::BatchData[2].T = 0;
+    legacy::the_BatchData[1].skip = -1;
+    legacy::the_BatchData[2].T = 0;
     FitState state;
     LoadFitPoints(state);
     EXPECT_EQ(state.NPoints, 3);
@@ -80,8 +82,8 @@ TEST_F(FitRun, LinesWithoutTemperatureOrSwitchedOffAreInactive) {
 
 TEST_F(FitRun, LinesWithoutAValueInTheColumnAreInactive) {
     fillBatch();
-    Declare::BatchData[3].cp = 0;
-    session.FitColumn = 5;
+    legacy::the_BatchData[3].cp = 0;
+    the_session.FitColumn = 5;
     FitState state;
     LoadFitPoints(state);
     EXPECT_EQ(state.NInactive, 1);
@@ -90,17 +92,17 @@ TEST_F(FitRun, LinesWithoutAValueInTheColumnAreInactive) {
 
 TEST_F(FitRun, ACountBeyondTheDataTakesWhatIsThere) {
     fillBatch();
-    session.BatchCount = 500;
+    the_session.BatchCount = 500;
     FitState state;
     LoadFitPoints(state);
     EXPECT_EQ(state.NPoints, 3);
-    session.BatchCount = -3;
+    the_session.BatchCount = -3;
     LoadFitPoints(state);
     EXPECT_EQ(state.NPoints, 0);
 }
 
 TEST_F(FitRun, PointsComeFromTheXyEditor) {
-    Declare::xyPoints = {{1, 2, 0}, {0, 5, 0}, {3, 0, 0}, {4, 1, kInactive}};
+    legacy::the_xyPoints = {{1, 2, 0}, {0, 5, 0}, {3, 0, 0}, {4, 1, kInactive}};
     FitState state;
     LoadFitPoints(state);
     EXPECT_EQ(state.NPoints, 4);
@@ -108,14 +110,14 @@ TEST_F(FitRun, PointsComeFromTheXyEditor) {
     EXPECT_EQ(state.FitPoints[1].mark, kInactive);
     EXPECT_NE(state.FitPoints[2].mark, kInactive);
     EXPECT_EQ(FitTitle(state), " Fitting y = f(T) (2 (active) sets of data loaded from XY editor");
-    Declare::xyPoints.clear();
+    legacy::the_xyPoints.clear();
     LoadFitPoints(state);
     EXPECT_EQ(FitTitle(state), " Fitting y = f(T) (data not yet loaded)");
 }
 
 TEST_F(FitRun, PointsThatAreNoNumbersAreInactive) {
     const float infinite = std::numeric_limits<float>::infinity();
-    Declare::xyPoints = {{1, infinite, 0}, {2, std::nanf(""), 0}, {infinite, 1, 0}, {4, 1, 0}};
+    legacy::the_xyPoints = {{1, infinite, 0}, {2, std::nanf(""), 0}, {infinite, 1, 0}, {4, 1, 0}};
     FitState state;
     LoadFitPoints(state);
     EXPECT_EQ(state.NInactive, 3);
@@ -129,7 +131,7 @@ TEST_F(FitRun, PointsThatAreNoNumbersAreInactive) {
 }
 
 TEST_F(FitRun, MorePointsThanSixteenBitsCountAreCutAndTold) {
-    Declare::xyPoints.assign(40000, {1, 1, 0});
+    legacy::the_xyPoints.assign(40000, {1, 1, 0});
     FitState state;
     LoadFitPoints(state);
     EXPECT_EQ(state.NPoints, 32767);

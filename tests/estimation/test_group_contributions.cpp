@@ -3,6 +3,8 @@
 #include "common/numbers.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 using namespace estimation;
@@ -313,7 +315,7 @@ TEST_F(Groups41, OmegaIsShownOrItsNeedsAreTold) {
 }
 
 TEST_F(Groups41, FormationGoesToTheRecordAndTheEditor) {
-    Declare::SubstanceRecord s;
+    models::SubstanceRecord s;
     TransferFormation({-217830, -154540}, s);
     EXPECT_FLOAT_EQ(s.dfh, -217830);
     EXPECT_FLOAT_EQ(s.dfg, -154540);
@@ -322,7 +324,7 @@ TEST_F(Groups41, FormationGoesToTheRecordAndTheEditor) {
     TransferFormation({std::nullopt, 0}, s);
     EXPECT_FLOAT_EQ(s.dfh, -217830);
     EXPECT_FLOAT_EQ(s.dfg, -154540);
-    LoadSaveData::EditorTexts editor;
+    datafiles::EditorTexts editor;
     editor[45] = "before";
     TransferFormation({-217830, std::nullopt}, editor);
     EXPECT_EQ(editor[44], "-217830");
@@ -330,14 +332,14 @@ TEST_F(Groups41, FormationGoesToTheRecordAndTheEditor) {
 }
 
 TEST_F(Groups41, CpGoesToTheRecordAndTheEditorWithItsRange) {
-    Declare::SubstanceRecord s;
+    models::SubstanceRecord s;
     s.cpPoly.c[2] = 5;
     TransferCp({10, 0.25, 0, -1.5e-7}, s);
     EXPECT_EQ(s.cpPoly.c, (std::array<float, 5>{10, 0.25F, 5, -1.5e-7F, 1e-37F}));
     EXPECT_EQ(s.cpPoly.TLo, 250);
     EXPECT_EQ(s.cpPoly.THi, 1000);
     EXPECT_TRUE(s.hasCpPoly);
-    LoadSaveData::EditorTexts editor;
+    datafiles::EditorTexts editor;
     editor[30] = " 5";
     TransferCp({10, 0.25, 0, -1.5e-7}, editor);
     EXPECT_EQ(editor[28], " 10");

@@ -2,6 +2,8 @@
 
 #include "estimation/fit_support.h"
 
+using namespace quor;
+
 namespace {
 
 using namespace fit_support;
@@ -137,7 +139,7 @@ TEST(Marquardt, BoundsAreThoseOfEachParameter) {
 
 /// Ten points of which 7 and 8 are inactive: the matrix sees the points 1 to 6, the sum also 9
 /// and 10.
-std::vector<Declare::FitPoint> TwoInactive(double first, double last) {
+std::vector<datafiles::FitPoint> TwoInactive(double first, double last) {
     auto points = Points(std::vector<double>(10, 1.0),
                          {first, first, first, first, first, first, 55, 55, last, last});
     points[6].mark = points[7].mark = estimation::kInactive;

@@ -8,6 +8,8 @@
 #include "estimation/linear_regression.h"
 #include "estimation/model_functions.h"
 
+using namespace quor;
+
 namespace {
 
 using namespace fit_support;

@@ -2,6 +2,8 @@
 
 #include <numbers>
 
+using namespace quor;
+
 namespace {
 
 using estimation::IncompleteBeta;

@@ -3,6 +3,8 @@
 #include "estimation/synthetic.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 using namespace fit_support;

@@ -4,7 +4,9 @@
 #include <cmath>
 #include <functional>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
+
+using namespace quor;
 
 /// The equations of state once more, in extended precision and straight from their formulas: the
 /// oracle of the analytic derivatives. The constants are those of the active model.
@@ -19,11 +21,11 @@ struct Coefficients {
 };
 
 inline Coefficients coefficients(Real T) {
-    const Declare::EOSParameters& e = Declare::eosParameters;
-    const Declare::JiTorvikParameters& jt = Declare::jiTorvik;
-    const Real Tc = Declare::substance.Tcrit;
-    const Real pc = Declare::substance.pcrit;
-    const int code = Declare::models.EOSModel;
+    const models::EOSParameters& e = legacy::the_eosParameters;
+    const models::JiTorvikParameters& jt = legacy::the_jiTorvik;
+    const Real Tc = legacy::the_substance.Tcrit;
+    const Real pc = legacy::the_substance.pcrit;
+    const int code = legacy::the_models.EOSModel;
     if (code == 7 || code == 8) {
         const Real x = std::pow(T / Tc, 0.75L);
         const Real u = 1 - x;
@@ -44,32 +46,32 @@ inline Coefficients coefficients(Real T) {
 
 /// Second virial coefficient of a V-only model but the manual one.
 inline Real virial(Real T) {
-    const int code = Declare::models.EOSModel;
+    const int code = legacy::the_models.EOSModel;
     if (code == 0) return 0;
     if (code == 16) {
-        const Real Tr = T / Declare::substance.Tcrit;
+        const Real Tr = T / legacy::the_substance.Tcrit;
         const Real f0 = 0.1445L - 0.33L / Tr - 0.1385L / (Tr * Tr) - 0.0121L / (Tr * Tr * Tr);
         const Real f1 = 0.073L + 0.46L / Tr - 0.5L / (Tr * Tr) - 0.097L / (Tr * Tr * Tr) -
                         0.0073L / std::pow(Tr, 8.0L);
-        return (f0 + Declare::substance.omega * f1) * R * Declare::substance.Tcrit /
-               Declare::substance.pcrit;
+        return (f0 + legacy::the_substance.omega * f1) * R * legacy::the_substance.Tcrit /
+               legacy::the_substance.pcrit;
     }
     const Coefficients k = coefficients(T);
     return k.b - k.a / (R * T);
 }
 
 inline Real pressure(Real T, Real v) {
-    if (Declare::models.EOSOnlyV) return R * T / (v - virial(T));
+    if (legacy::the_models.EOSOnlyV) return R * T / (v - virial(T));
     const Coefficients k = coefficients(T);
     return R * T / (v - k.b) - k.a / ((v + k.c) * (v + k.d));
 }
 
 inline Real covolume(Real T) {
-    return Declare::models.EOSOnlyV ? virial(T) : coefficients(T).b;
+    return legacy::the_models.EOSOnlyV ? virial(T) : coefficients(T).b;
 }
 
 inline Real ln_phi(Real T, Real p, Real v) {
-    if (Declare::models.EOSOnlyV) return virial(T) * p / (R * T);
+    if (legacy::the_models.EOSOnlyV) return virial(T) * p / (R * T);
     const auto [a, b, c, d] = coefficients(T);
     const Real L0 = std::log(R * T / p / (v - b)) + b / (v - b);
     if (c == d) return L0 - a / (R * T) * (2 * v + c) / ((v + c) * (v + c));

@@ -6,35 +6,37 @@
 #include "models/vapour_pressure.h"
 #include "support/fluids.h"
 
+using namespace quor;
+
 namespace grid {
 
 void ActivateModel(std::int16_t code) {
-    Declare::ModelSelection& m = Declare::models;
+    models::ModelSelection& m = legacy::the_models;
     m = {};
     m.EOSModel = code;
-    m.EOSOnlyV = Calc::IsVOnlyEOS(code);
+    m.EOSOnlyV = models::IsVOnlyEOS(code);
     m.VPModel = 7;
     m.VPCode = "KFR";
     m.WatsonN = 0.38F;
-    m.CpModel = Declare::substance.hasCpSinh ? 2 : 1;
-    Declare::jiTorvik = {.jtK = 0.06, .jtZc = 0.281, .jtM = 0.9, .jtP = 0.55, .jtQ = 0.35};
-    Calc::GiveJiTorvikParameters(true);
-    Calc::CalcEOSParameters(code);
-    Calc::GiveJiTorvikParameters(false);
+    m.CpModel = legacy::the_substance.hasCpSinh ? 2 : 1;
+    legacy::the_jiTorvik = {.jtK = 0.06, .jtZc = 0.281, .jtM = 0.9, .jtP = 0.55, .jtQ = 0.35};
+    models::GiveJiTorvikParameters(true);
+    models::CalcEOSParameters(code);
+    models::GiveJiTorvikParameters(false);
     if (code != 10) return;
     // A manual virial coefficient of the size of the fluid's own.
-    Declare::eosParameters.eosB0 = 0.2;
-    Declare::eosParameters.eosNB = 0.3;
-    Declare::eosParameters.eosNV = 0.4;
+    legacy::the_eosParameters.eosB0 = 0.2;
+    legacy::the_eosParameters.eosNB = 0.3;
+    legacy::the_eosParameters.eosNV = 0.4;
 }
 
 void Activate(const std::string& name, std::int16_t code) {
-    Declare::SubstanceRecord& s = Declare::substance;
+    models::SubstanceRecord& s = legacy::the_substance;
     s = fluids::Row(name);
     constexpr std::int16_t correlated[] = {6, 7, 8};
     for (const std::int16_t index : correlated)
-        Calc::CorrelateVapourPressure(index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
-    Calc::CorrelateAugust();
+        models::CorrelateVapourPressure(index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+    models::CorrelateAugust();
     ActivateModel(code);
 }
 

@@ -5,7 +5,9 @@
 #include <span>
 #include <string>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
+
+using namespace quor;
 
 /// The sweep over all substances and models that the property tests share.
 namespace grid {

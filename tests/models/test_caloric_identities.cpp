@@ -6,10 +6,12 @@
 #include "models/model_grid.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
+using models::StateValues;
 using oracle::Real;
-using thermo::StateValues;
 
 /// Thermodynamic identities between the caloric functions, each by differences of the functions
 /// themselves: they hold whatever the equation of state is.
@@ -26,12 +28,12 @@ struct Fixture {
     }
     /// Steps within which the isobar and the isotherm keep far from an extremum of p.
     double step_T() const {
-        const double gap = std::fabs(T - Declare::substance.Tcrit) / 5;
+        const double gap = std::fabs(T - legacy::the_substance.Tcrit) / 5;
         return std::min({0.002 * T, gap, 0.005 * pv * pv / std::fabs(pvv * pT)});
     }
     /// Within it p stays positive, as a state needs.
     double step_T_at_v() const {
-        const double gap = std::fabs(T - Declare::substance.Tcrit) / 5;
+        const double gap = std::fabs(T - legacy::the_substance.Tcrit) / 5;
         return std::min({0.002 * T, gap, 0.2 * p / std::fabs(pT)});
     }
     double step_p() const { return std::min(0.002 * p, 0.005 * pv * pv / std::fabs(pvv)); }
@@ -44,7 +46,7 @@ struct Fixture {
         return static_cast<double>(oracle::first_derivative(
             [&](Real x) {
                 const auto at = static_cast<double>(x);
-                return f(thermo::StateFunctions(at, p, volume(at, p)));
+                return f(models::StateFunctions(at, p, volume(at, p)));
             },
             T, step_T()));
     }
@@ -52,7 +54,7 @@ struct Fixture {
         return static_cast<double>(oracle::first_derivative(
             [&](Real x) {
                 const auto at = static_cast<double>(x);
-                return f(thermo::StateFunctions(T, at, volume(T, at)));
+                return f(models::StateFunctions(T, at, volume(T, at)));
             },
             p, step_p()));
     }
@@ -61,14 +63,14 @@ struct Fixture {
             [&](Real x) {
                 const auto at = static_cast<double>(x);
                 return f(
-                    thermo::StateFunctions(at, static_cast<double>(oracle::pressure(x, v)), v));
+                    models::StateFunctions(at, static_cast<double>(oracle::pressure(x, v)), v));
             },
             T, step_T_at_v()));
     }
     double slope_v(const Function& f) const {
         return static_cast<double>(oracle::first_derivative(
             [&](Real x) {
-                return f(thermo::StateFunctions(T, static_cast<double>(oracle::pressure(T, x)),
+                return f(models::StateFunctions(T, static_cast<double>(oracle::pressure(T, x)),
                                                 static_cast<double>(x)));
             },
             v, step_v()));
@@ -78,15 +80,15 @@ struct Fixture {
 /// Representative states: compressed liquid, near-critical, metastable or supercritical, gas.
 std::vector<Fixture> states() {
     std::vector<Fixture> all;
-    const bool onlyV = Declare::models.EOSOnlyV;
-    const double RTp = 8.31451 * Declare::substance.Tcrit / Declare::substance.pcrit;
+    const bool onlyV = legacy::the_models.EOSOnlyV;
+    const double RTp = 8.31451 * legacy::the_substance.Tcrit / legacy::the_substance.pcrit;
     for (const double Tr : {0.7, 0.97, 1.2, 2.0}) {
-        const double T = Tr * Declare::substance.Tcrit;
+        const double T = Tr * legacy::the_substance.Tcrit;
         const auto b = static_cast<double>(oracle::covolume(T));
         for (const double v : {onlyV ? 0.8 * RTp : 1.3 * b, 0.45 * RTp, 3 * RTp, 40 * RTp}) {
             if (v < 1.05 * b) continue;
             Fixture f{T, static_cast<double>(oracle::pressure(T, v)), v, 0, 0, 0};
-            const thermo::PhaseTable t = thermo::ResidualFunctions(T, f.p, v);
+            const models::PhaseTable t = models::ResidualFunctions(T, f.p, v);
             if (!t.filled) continue;
             f.pv = t.first[1];
             f.pT = t.first[2];
@@ -101,7 +103,7 @@ std::vector<Fixture> states() {
 
 /// Every identity at one state.
 void check(const Fixture& f, const std::string& at) {
-    const StateValues z = thermo::StateFunctions(f.T, f.p, f.v);
+    const StateValues z = models::StateFunctions(f.T, f.p, f.v);
     ASSERT_EQ(z.status, kSuccess) << at;
     const double RT = 8.31451 * f.T;
     const auto near = [&](double a, double b, double size, const char* what) {
@@ -124,11 +126,11 @@ void check(const Fixture& f, const std::string& at) {
     near(f.slope_T_at_v(a), -z.s, 8.3, "da/dT = -s at v");
     near(f.slope_v(a), -f.p, RT / f.v, "da/dv = -p");
     near(f.slope_v(s), f.pT, 8.3 / f.v, "ds/dv = dp/dT");
-    near(f.slope_p(h), -z.cp * z.table.residual[thermo::JouleThomson], f.v, "dh/dp = -cp mu");
+    near(f.slope_p(h), -z.cp * z.table.residual[models::JouleThomson], f.v, "dh/dp = -cp mu");
 
     // Along the isentrope dv and dT are tied by s_T dT + s_v dv = 0.
     const double slope = f.pv - f.pT * f.slope_v(s) / f.slope_T_at_v(s);
-    const double M = static_cast<double>(Declare::substance.M);
+    const double M = static_cast<double>(legacy::the_substance.M);
     if (slope < 0 && z.cv > 1)
         near(z.w, f.v * std::sqrt(-slope * 1000 / M), 0, "w^2 = dp/drho at s");
 }
@@ -137,7 +139,7 @@ TEST_F(CaloricIdentities, HoldForEverySubstanceAndModel) {
     int checked = 0;
     const auto sweep = [&](const std::string& name) {
         for (const Fixture& f : states()) {
-            const thermo::CpResult cp = thermo::IdealGasCp(f.T);
+            const models::CpResult cp = models::IdealGasCp(f.T);
             if (cp.status != kSuccess || cp.cp < 8.5) continue;
             ++checked;
             check(f, name + ", T " + std::to_string(f.T) + ", v " + std::to_string(f.v));
@@ -154,8 +156,8 @@ TEST_F(CaloricIdentities, HoldInEveryReferenceModeAndCpForm) {
     for (const std::int16_t mode : {std::int16_t{1}, std::int16_t{2}, std::int16_t{10}}) {
         for (const std::int16_t form : {std::int16_t{1}, std::int16_t{2}}) {
             grid::Activate("Propane", 6);
-            Declare::models.CpModel = form;
-            Declare::reference.RefMode = mode;
+            legacy::the_models.CpModel = form;
+            legacy::the_reference.RefMode = mode;
             for (const Fixture& f : states()) check(f, "mode " + std::to_string(mode));
         }
     }

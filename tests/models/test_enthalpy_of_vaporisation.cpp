@@ -12,18 +12,20 @@
 #include "models/vapour_pressure.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 constexpr double R = 8.31451;
 
-using Calc::EnthalpyOfVaporisation;
-using Result = Calc::EnthalpyOfVaporisationResult;
+using models::EnthalpyOfVaporisation;
+using Result = models::EnthalpyOfVaporisationResult;
 
 class Vaporisation : public SessionTest {
   protected:
     Vaporisation() { grid::Activate("Propane", 6); }
 
-    Declare::SubstanceRecord& s = Declare::substance;
+    models::SubstanceRecord& s = legacy::the_substance;
 
     static void expect_failure(const Result& r, const std::string& explanation) {
         EXPECT_EQ(r.status, kFailure);
@@ -32,9 +34,9 @@ class Vaporisation : public SessionTest {
         EXPECT_EQ(r.raw, 0);
     }
     static void data_row(double T, double p) {
-        Declare::BatchData.resize(3);
-        Declare::BatchData[2].T = T;
-        Declare::BatchData[2].p = p;
+        legacy::the_BatchData.resize(3);
+        legacy::the_BatchData[2].T = T;
+        legacy::the_BatchData[2].p = p;
     }
 };
 
@@ -65,7 +67,7 @@ TEST_F(Vaporisation, DatabaseEquationFollowsItsFormula) {
     EXPECT_EQ(r.h, static_cast<std::int32_t>(std::lround(expected)));
     EXPECT_EQ(r.explanation, "delta(LV)h = Fu(T) (by using database equation)");
     EXPECT_EQ(r.p, 0);
-    EXPECT_NEAR(Calc::EnthalpyEquationValue(300).h, expected, 1e-9 * expected);
+    EXPECT_NEAR(models::EnthalpyEquationValue(300).h, expected, 1e-9 * expected);
 }
 
 TEST_F(Vaporisation, DatabaseEquationWarnsBeyondFiveKelvins) {
@@ -97,10 +99,10 @@ TEST_F(Vaporisation, DatabaseEquationWarnsBeyondFiveKelvins) {
 TEST_F(Vaporisation, DatabaseEquationIsMissingWithoutCriticalTemperatureOrRange) {
     const float Tc = s.hLVTc;
     s.hLVTc = 0;
-    EXPECT_EQ(Calc::EnthalpyEquationValue(300).status, kFailure);
+    EXPECT_EQ(models::EnthalpyEquationValue(300).status, kFailure);
     EXPECT_EQ(EnthalpyOfVaporisation(1, 300, 0, "000", true).status, kFailure);
     s.hLVTc = Tc;
-    EXPECT_EQ(Calc::EnthalpyEquationValue(300).status, kSuccess);
+    EXPECT_EQ(models::EnthalpyEquationValue(300).status, kSuccess);
     s.hLVTHi = 0;
     EXPECT_EQ(EnthalpyOfVaporisation(1, 300, 0, "000", true).status, kFailure);
     EXPECT_TRUE(user.messages.empty());
@@ -127,7 +129,7 @@ TEST_F(Vaporisation, CarruthKobayashiFollowsItsFormulaAlsoWithoutAcentricFactor)
 }
 
 TEST_F(Vaporisation, WatsonFollowsItsFormulaAndNamesItsExponent) {
-    Declare::models.WatsonN = 0.4F;
+    legacy::the_models.WatsonN = 0.4F;
     const double ratio = (s.Tcrit - 300) / (s.Tcrit - static_cast<double>(s.WatsonT));
     const double expected =
         static_cast<double>(s.WatsonH) * std::pow(ratio, static_cast<double>(0.4F));
@@ -172,22 +174,22 @@ TEST_F(Vaporisation, AtTheCriticalTemperature) {
 
 TEST_F(Vaporisation, DatabaseEquationThatEndsBelowTheCriticalPointIsZeroUpToIt) {
     s.hLVTc = 369.5F;
-    EXPECT_EQ(Calc::EnthalpyEquationValue(369.7).status, kSuccess);
-    EXPECT_EQ(Calc::EnthalpyEquationValue(369.7).h, 0);
-    EXPECT_EQ(Calc::EnthalpyEquationValue(400).status, kFailure);
+    EXPECT_EQ(models::EnthalpyEquationValue(369.7).status, kSuccess);
+    EXPECT_EQ(models::EnthalpyEquationValue(369.7).h, 0);
+    EXPECT_EQ(models::EnthalpyEquationValue(400).status, kFailure);
 }
 
 /// Methods 5 and 6 by their own formula, from parts that are tested elsewhere.
 TEST_F(Vaporisation, ClausiusClapeyronFollowsItsFormula) {
-    Declare::session.BensonReference = thermo::ProposeBensonReference().point;
+    legacy::the_session.BensonReference = models::ProposeBensonReference().point;
     const double T = 290;
-    const double p = Calc::VapourPressure(T, "WAG", false).p;
-    const double rhoV = Calc::SolveStateTP(T, p).rhoV;
-    const double slope = Calc::VapourPressureSlope(T, "WAG").slope;
+    const double p = models::VapourPressure(T, "WAG", false).p;
+    const double rhoV = models::SolveStateTP(T, p).rhoV;
+    const double slope = models::VapourPressureSlope(T, "WAG").slope;
     const double M = static_cast<double>(s.M);
-    const double rhoL5 = Calc::DensityL(290, false).rho;
+    const double rhoL5 = models::DensityL(290, false).rho;
     const double rhoL6 =
-        Calc::DensityLBenson(T, s.Tcrit, s.rhocrit, rhoV, Declare::session.BensonReference);
+        models::DensityLBenson(T, s.Tcrit, s.rhocrit, rhoV, legacy::the_session.BensonReference);
     for (const auto& [method, rhoL] : {std::pair{5, rhoL5}, std::pair{6, rhoL6}}) {
         const Result r =
             EnthalpyOfVaporisation(static_cast<std::int16_t>(method), T, 0, "WAG", true);
@@ -205,7 +207,7 @@ TEST_F(Vaporisation, ClausiusClapeyronFollowsItsFormula) {
 TEST_F(Vaporisation, ClausiusClapeyronFailsWithoutADensity) {
     EXPECT_EQ(EnthalpyOfVaporisation(6, 290, 0, "WAG", true).status, kFailure)
         << "without a reference point";
-    Declare::session.BensonReference = thermo::ProposeBensonReference().point;
+    legacy::the_session.BensonReference = models::ProposeBensonReference().point;
     s.rhocrit = 0;
     EXPECT_EQ(EnthalpyOfVaporisation(6, 290, 0, "WAG", true).status, kFailure)
         << "without a critical density";
@@ -223,7 +225,7 @@ TEST_F(Vaporisation, ByTheCubicEquationNamesHowTOrPWasFound) {
     const Result fromT = EnthalpyOfVaporisation(7, 300, 0, "000", true);
     EXPECT_EQ(fromT.status, kSuccess);
     EXPECT_EQ(fromT.explanation, "p = p(LV) by using cubic EOS");
-    EXPECT_EQ(fromT.p, Calc::SaturationPressure(300).p);
+    EXPECT_EQ(fromT.p, models::SaturationPressure(300).p);
     const Result fromP = EnthalpyOfVaporisation(7, 0, fromT.p, "000", true);
     EXPECT_EQ(fromP.status, kSuccess);
     EXPECT_EQ(fromP.explanation, "T = T(LV) from cubic  EOS");
@@ -278,7 +280,7 @@ TEST_F(Vaporisation, FromPFindsTByTheVapourPressureEquation) {
          {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}, std::int16_t{4}, std::int16_t{5}}) {
         const Result r = EnthalpyOfVaporisation(method, 0, 500, "WAG", true);
         EXPECT_EQ(r.status, kSuccess) << method;
-        EXPECT_EQ(r.T, Calc::BoilingTemperature(500, "WAG", false).T) << method;
+        EXPECT_EQ(r.T, models::BoilingTemperature(500, "WAG", false).T) << method;
         const Result same = EnthalpyOfVaporisation(method, r.T, 500, "WAG", true);
         EXPECT_EQ(same.h, r.h) << method;
     }

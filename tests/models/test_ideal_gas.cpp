@@ -7,6 +7,8 @@
 #include "support/fluids.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 constexpr double R = 8.31451;
@@ -14,11 +16,13 @@ constexpr double R = 8.31451;
 class IdealGas : public SessionTest {
   protected:
     IdealGas() {
-        Declare::substance.Name = "test gas";
-        Declare::substance.M = 30;
-        Declare::models.CpModel = 1;
+        legacy::the_substance.Name = "test gas";
+        legacy::the_substance.M = 30;
+        legacy::the_models.CpModel = 1;
     }
-    static void polynomial(std::array<float, 5> c) { Declare::substance.cpPoly = {c, 200, 1500}; }
+    static void polynomial(std::array<float, 5> c) {
+        legacy::the_substance.cpPoly = {c, 200, 1500};
+    }
 };
 
 /// Integral by Gauss-Legendre quadrature with five points on each of 40 pieces.
@@ -38,10 +42,10 @@ double integral(const std::function<double(double)>& f, double from, double to) 
 }
 
 void expect_integrals_of_cp(double T, double p, const std::string& at) {
-    const auto cp = [](double x) { return thermo::IdealGasCp(x).cp; };
-    const double T0 = static_cast<double>(Declare::reference.T0);
-    const double p0 = static_cast<double>(Declare::reference.p0);
-    const thermo::IdealGasState z = thermo::IdealGasFunctions(T, p);
+    const auto cp = [](double x) { return models::IdealGasCp(x).cp; };
+    const double T0 = static_cast<double>(legacy::the_reference.T0);
+    const double p0 = static_cast<double>(legacy::the_reference.p0);
+    const models::IdealGasState z = models::IdealGasFunctions(T, p);
     ASSERT_EQ(z.status, kSuccess) << at;
     EXPECT_DOUBLE_EQ(z.cp, cp(T)) << at;
     const double h = integral(cp, T0, T);
@@ -53,16 +57,16 @@ void expect_integrals_of_cp(double T, double p, const std::string& at) {
 TEST_F(IdealGas, PolynomialFormsAreChosenByTheirFirstAndLastCoefficient) {
     const double T = 500;
     polynomial({30, 0.02F, 1e-5F, 2e-9F, 1e-12F});
-    EXPECT_NEAR(thermo::IdealGasCp(T).cp, 30 + 0.02 * T + 1e-5 * T * T + 2e-9 * T * T * T + 0.0625,
+    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 0.02 * T + 1e-5 * T * T + 2e-9 * T * T * T + 0.0625,
                 1e-5);
     polynomial({30, 0.02F, 1e-5F, 2e-9F, 1.0F});
-    EXPECT_NEAR(thermo::IdealGasCp(T).cp, 30 + 10 + 2.5 + 0.25 + 1.0 / (T * T), 1e-5);
+    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 10 + 2.5 + 0.25 + 1.0 / (T * T), 1e-5);
     polynomial({30, 0.02F, 1e-5F, 2e-9F, -2.5e5F});
-    EXPECT_NEAR(thermo::IdealGasCp(T).cp, 30 + 10 + 2.5 + 0.25 - 1, 1e-5);
+    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 10 + 2.5 + 0.25 - 1, 1e-5);
     polynomial({0, 30, 0.02F, 1e-5F, 5e5F});
-    EXPECT_NEAR(thermo::IdealGasCp(T).cp, 30 + 10 + 2.5 + 2, 1e-5);
+    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 10 + 2.5 + 2, 1e-5);
     polynomial({9e-9F, 30, 0.02F, 1e-5F, 0.5F});
-    EXPECT_NEAR(thermo::IdealGasCp(T).cp, 30 + 10 + 2.5 + 0.5 / (T * T), 1e-5);
+    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 10 + 2.5 + 0.5 / (T * T), 1e-5);
 }
 
 TEST_F(IdealGas, EnthalpyAndEntropyAreTheIntegralsOfEveryPolynomialForm) {
@@ -81,10 +85,10 @@ TEST_F(IdealGas, EnthalpyAndEntropyAreTheIntegralsOfEveryPolynomialForm) {
 TEST_F(IdealGas, EnthalpyAndEntropyAreTheIntegralsForEverySubstance) {
     int sets = 0;
     for (const std::string& name : fluids::AllNames()) {
-        Declare::substance = fluids::Row(name);
+        legacy::the_substance = fluids::Row(name);
         for (const std::int16_t form : {std::int16_t{1}, std::int16_t{2}}) {
-            Declare::models.CpModel = form;
-            if (thermo::IdealGasCp(300).status != kSuccess) continue;
+            legacy::the_models.CpModel = form;
+            if (models::IdealGasCp(300).status != kSuccess) continue;
             ++sets;
             for (const double T : {210.0, 400.0, 900.0}) expect_integrals_of_cp(T, 250, name);
         }
@@ -94,11 +98,11 @@ TEST_F(IdealGas, EnthalpyAndEntropyAreTheIntegralsForEverySubstance) {
 
 TEST_F(IdealGas, ReferencePointHasTheReferenceValues) {
     polynomial({30, 0.02F, 0, 0, 0});
-    Declare::reference.T0 = 350;
-    Declare::reference.p0 = 200;
-    Declare::reference.href = 1000;
-    Declare::reference.sref = -3;
-    const thermo::IdealGasState z = thermo::IdealGasFunctions(350, 200);
+    legacy::the_reference.T0 = 350;
+    legacy::the_reference.p0 = 200;
+    legacy::the_reference.href = 1000;
+    legacy::the_reference.sref = -3;
+    const models::IdealGasState z = models::IdealGasFunctions(350, 200);
     EXPECT_EQ(z.status, kSuccess);
     EXPECT_EQ(z.h, 1000);
     EXPECT_EQ(z.s, -3);
@@ -106,22 +110,22 @@ TEST_F(IdealGas, ReferencePointHasTheReferenceValues) {
 
 TEST_F(IdealGas, PressureEntersTheEntropyOnce) {
     polynomial({30, 0, 0, 0, 0});
-    const double low = thermo::IdealGasFunctions(400, 100).s;
-    const double high = thermo::IdealGasFunctions(400, 200).s;
+    const double low = models::IdealGasFunctions(400, 100).s;
+    const double high = models::IdealGasFunctions(400, 200).s;
     EXPECT_NEAR(low - high, R * std::log(2.0), 1e-12);
 }
 
 TEST_F(IdealGas, WithoutPressureTheEntropyIsThatOfTheReferencePressure) {
     polynomial({30, 0, 0, 0, 0});
-    EXPECT_NEAR(thermo::IdealGasFunctions(400, 0).s,
-                thermo::IdealGasFunctions(400, static_cast<double>(Declare::reference.p0)).s,
+    EXPECT_NEAR(models::IdealGasFunctions(400, 0).s,
+                models::IdealGasFunctions(400, static_cast<double>(legacy::the_reference.p0)).s,
                 1e-12);
 }
 
 void expect_no_values() {
-    EXPECT_EQ(thermo::IdealGasCp(300).status, kFailure);
-    EXPECT_EQ(thermo::IdealGasCp(300).cp, 0);
-    const thermo::IdealGasState z = thermo::IdealGasFunctions(300, 100);
+    EXPECT_EQ(models::IdealGasCp(300).status, kFailure);
+    EXPECT_EQ(models::IdealGasCp(300).cp, 0);
+    const models::IdealGasState z = models::IdealGasFunctions(300, 100);
     EXPECT_EQ(z.status, kFailure);
     EXPECT_EQ(z.cp, 0);
     EXPECT_EQ(z.h, 0);
@@ -131,7 +135,7 @@ void expect_no_values() {
 TEST_F(IdealGas, NoCpFormFails) {
     polynomial({30, 0, 0, 0, 0});
     for (const std::int16_t form : {std::int16_t{0}, std::int16_t{3}, std::int16_t{-1}}) {
-        Declare::models.CpModel = form;
+        legacy::the_models.CpModel = form;
         expect_no_values();
     }
 }
@@ -142,43 +146,43 @@ TEST_F(IdealGas, AnAbsentSetFails) {
     expect_no_values();
     polynomial({1e-37F, 1e-37F, 0, 0, 0});
     expect_no_values();
-    Declare::models.CpModel = 2;
+    legacy::the_models.CpModel = 2;
     expect_no_values();
 }
 
 TEST_F(IdealGas, SinhCoshFormFailsWhereItsExponentialsFault) {
-    Declare::models.CpModel = 2;
-    Declare::substance.cpSinh = {{33, 80, 1500, 40, 700}, 200, 1500};
-    EXPECT_EQ(thermo::IdealGasCp(3).status, kSuccess);  // C2/T = 500
-    EXPECT_EQ(thermo::IdealGasCp(2).status, kFailure);  // C2/T = 750 overflows
-    EXPECT_EQ(thermo::IdealGasFunctions(2, 100).status, kFailure);
-    EXPECT_EQ(thermo::IdealGasFunctions(0.1, 100).status, kFailure);
-    EXPECT_EQ(thermo::IdealGasFunctions(0, 100).status, kFailure);
-    EXPECT_EQ(thermo::IdealGasFunctions(-300, 100).status, kFailure);
-    Declare::substance.cpSinh.c[2] = 0;  // x/sinh(x) becomes 0/0
-    EXPECT_EQ(thermo::IdealGasCp(300).status, kFailure);
-    Declare::substance.cpSinh.c[2] = -1500;  // the logarithm of a negative sinh
-    EXPECT_EQ(thermo::IdealGasFunctions(300, 100).status, kFailure);
+    legacy::the_models.CpModel = 2;
+    legacy::the_substance.cpSinh = {{33, 80, 1500, 40, 700}, 200, 1500};
+    EXPECT_EQ(models::IdealGasCp(3).status, kSuccess);  // C2/T = 500
+    EXPECT_EQ(models::IdealGasCp(2).status, kFailure);  // C2/T = 750 overflows
+    EXPECT_EQ(models::IdealGasFunctions(2, 100).status, kFailure);
+    EXPECT_EQ(models::IdealGasFunctions(0.1, 100).status, kFailure);
+    EXPECT_EQ(models::IdealGasFunctions(0, 100).status, kFailure);
+    EXPECT_EQ(models::IdealGasFunctions(-300, 100).status, kFailure);
+    legacy::the_substance.cpSinh.c[2] = 0;  // x/sinh(x) becomes 0/0
+    EXPECT_EQ(models::IdealGasCp(300).status, kFailure);
+    legacy::the_substance.cpSinh.c[2] = -1500;  // the logarithm of a negative sinh
+    EXPECT_EQ(models::IdealGasFunctions(300, 100).status, kFailure);
 }
 
 TEST_F(IdealGas, PolynomialFailsWithoutATemperature) {
     polynomial({30, 0, 0, 0, 1e5F});
-    EXPECT_EQ(thermo::IdealGasFunctions(0, 100).status, kFailure);
-    EXPECT_EQ(thermo::IdealGasFunctions(-10, 100).status, kFailure);
-    Declare::reference.T0 = 0;
-    EXPECT_EQ(thermo::IdealGasFunctions(300, 100).status, kFailure);
+    EXPECT_EQ(models::IdealGasFunctions(0, 100).status, kFailure);
+    EXPECT_EQ(models::IdealGasFunctions(-10, 100).status, kFailure);
+    legacy::the_reference.T0 = 0;
+    EXPECT_EQ(models::IdealGasFunctions(300, 100).status, kFailure);
 }
 
 TEST_F(IdealGas, LiquidAndSolidUseThePolynomialForms) {
-    Declare::SubstanceRecord& s = Declare::substance;
-    EXPECT_EQ(thermo::CpLiquid(300).status, kFailure);
-    EXPECT_EQ(thermo::CpSolid(300).status, kFailure);
+    models::SubstanceRecord& s = legacy::the_substance;
+    EXPECT_EQ(models::CpLiquid(300).status, kFailure);
+    EXPECT_EQ(models::CpSolid(300).status, kFailure);
     s.cpL = {{100, 0.1F, 0, 0, 1e-10F}, 200, 400};
     s.cpS = {{0, 20, 0.1F, 0, 9e4F}, 100, 250};
-    EXPECT_NEAR(thermo::CpLiquid(300).cp, 100 + 30 + 0.81, 1e-5);
-    EXPECT_NEAR(thermo::CpSolid(200).cp, 20 + 20 + 2.25, 1e-5);
+    EXPECT_NEAR(models::CpLiquid(300).cp, 100 + 30 + 0.81, 1e-5);
+    EXPECT_NEAR(models::CpSolid(200).cp, 20 + 20 + 2.25, 1e-5);
     s.cpL.c[4] = -9e6F;
-    EXPECT_NEAR(thermo::CpLiquid(300).cp, 100 + 30 - 100, 1e-5);
+    EXPECT_NEAR(models::CpLiquid(300).cp, 100 + 30 - 100, 1e-5);
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 #include "models/model_grid.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 using oracle::Real;
@@ -24,8 +26,8 @@ TEST_F(InflexionPoints, AreTheSignChangesOfTheSecondDerivative) {
     grid::ForAll(grid::kCubic, [&](const std::string& name) {
         for (const double Tr :
              {0.15, 0.4, 0.7, 0.9, 0.999, 1.0, 1.001, 1.02, 1.05, 1.1, 1.5, 4.0}) {
-            const double T = Tr * Declare::substance.Tcrit;
-            const thermo::Inflexion points = thermo::InflexionPoints(T);
+            const double T = Tr * legacy::the_substance.Tcrit;
+            const models::Inflexion points = models::InflexionPoints(T);
             const std::string at = name + ", Tr " + std::to_string(Tr);
             const oracle::Coefficients k = oracle::coefficients(T);
             const auto b = static_cast<double>(k.b);
@@ -64,18 +66,18 @@ TEST_F(InflexionPoints, AreTheSignChangesOfTheSecondDerivative) {
 
 TEST_F(InflexionPoints, OfVanDerWaalsMeetTheirClosedForms) {
     grid::Activate("Propane", 2);
-    const double a = Declare::eosParameters.eosA0, b = Declare::eosParameters.eosB0;
-    const double Tcrit = Declare::substance.Tcrit;
+    const double a = legacy::the_eosParameters.eosA0, b = legacy::the_eosParameters.eosB0;
+    const double Tcrit = legacy::the_substance.Tcrit;
     // At the critical point the first one is the critical volume 3 b.
-    const thermo::Inflexion critical = thermo::InflexionPoints(Tcrit);
+    const models::Inflexion critical = models::InflexionPoints(Tcrit);
     ASSERT_EQ(critical.count, 2);
     EXPECT_NEAR(critical.v[0], 3 * b, 1e-12 * b);
-    EXPECT_NEAR(critical.p[0], Declare::substance.pcrit, 1e-8);
+    EXPECT_NEAR(critical.p[0], legacy::the_substance.pcrit, 1e-8);
     // Both meet in 4 b where R T = 81 a/(256 b); above that there is none.
     const double Tlast = 81 * a / (256 * b * 8.31451);
     EXPECT_NEAR(Tlast / Tcrit, 2187.0 / 2048, 1e-12);
-    EXPECT_EQ(thermo::InflexionPoints(Tlast * (1 + 1e-9)).count, 0);
-    const thermo::Inflexion last = thermo::InflexionPoints(Tlast * (1 - 1e-9));
+    EXPECT_EQ(models::InflexionPoints(Tlast * (1 + 1e-9)).count, 0);
+    const models::Inflexion last = models::InflexionPoints(Tlast * (1 - 1e-9));
     ASSERT_EQ(last.count, 2);
     EXPECT_NEAR(last.v[0], 4 * b, 1e-3 * b);
     EXPECT_NEAR(last.v[1], 4 * b, 1e-3 * b);
@@ -85,18 +87,18 @@ TEST_F(InflexionPoints, OfVanDerWaalsMeetTheirClosedForms) {
 TEST_F(InflexionPoints, OfVOnlyModelsDoNotExist) {
     for (const std::int16_t code : grid::kVOnly) {
         grid::Activate("Propane", code);
-        EXPECT_EQ(thermo::InflexionPoints(300).count, 0) << code;
+        EXPECT_EQ(models::InflexionPoints(300).count, 0) << code;
     }
 }
 
 TEST_F(InflexionPoints, WithoutAttractionOrTemperatureDoNotExist) {
     grid::Activate("Propane", 6);
-    EXPECT_EQ(thermo::InflexionPoints(0).count, 0);
-    EXPECT_EQ(thermo::InflexionPoints(-5).count, 0);
-    EXPECT_EQ(thermo::inflexion_points({0, 0.05, 0, 0}, 300).count, 0);
-    EXPECT_EQ(thermo::inflexion_points({900, 0, 0, 0}, 300).count, 0);
-    EXPECT_EQ(thermo::inflexion_points({900, 0.05, -0.06, 0}, 300).count, 0);
-    EXPECT_EQ(thermo::inflexion_points({-900, 0.05, 0, 0}, 300).count, 0);
+    EXPECT_EQ(models::InflexionPoints(0).count, 0);
+    EXPECT_EQ(models::InflexionPoints(-5).count, 0);
+    EXPECT_EQ(models::inflexion_points({0, 0.05, 0, 0}, 300).count, 0);
+    EXPECT_EQ(models::inflexion_points({900, 0, 0, 0}, 300).count, 0);
+    EXPECT_EQ(models::inflexion_points({900, 0.05, -0.06, 0}, 300).count, 0);
+    EXPECT_EQ(models::inflexion_points({-900, 0.05, 0, 0}, 300).count, 0);
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include "support/fluids.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -15,13 +17,13 @@ namespace fs = std::filesystem;
 class JiTorvikExchange : public SessionTest {
   protected:
     JiTorvikExchange() {
-        Declare::substance = fluids::ReferencePropane();
-        Declare::models.EOSModel = 7;
-        Declare::models.VPModel = 4;
-        Declare::models.VPCode = "WAG";
-        Calc::SetJiTorvikWait(std::chrono::seconds(20));
+        legacy::the_substance = fluids::ReferencePropane();
+        legacy::the_models.EOSModel = 7;
+        legacy::the_models.VPModel = 4;
+        legacy::the_models.VPCode = "WAG";
+        models::SetJiTorvikWait(std::chrono::seconds(20));
     }
-    ~JiTorvikExchange() override { Calc::SetJiTorvikWait(std::chrono::seconds(100)); }
+    ~JiTorvikExchange() override { models::SetJiTorvikWait(std::chrono::seconds(100)); }
 
     /// Installs a stand-in for the parameter program: a shell script.
     void install(const std::string& script) {
@@ -39,32 +41,33 @@ class JiTorvikExchange : public SessionTest {
 
 TEST_F(JiTorvikExchange, FormOneGetsFourNumbers) {
     install("printf 'Propane 1.0 0.9 0.55\\n0.35, 0.281' > PARAM_JI.DAT");
-    EXPECT_EQ(Calc::CalcEOSParameters(7), kSuccess);
-    EXPECT_EQ(Declare::jiTorvik.jtM, 0.9);
-    EXPECT_EQ(Declare::jiTorvik.jtP, 0.55);
-    EXPECT_EQ(Declare::jiTorvik.jtQ, 0.35);
-    EXPECT_EQ(Declare::jiTorvik.jtZc, 0.281);
-    EXPECT_GT(Declare::eosParameters.vcritCalc, 0);
+    EXPECT_EQ(models::CalcEOSParameters(7), kSuccess);
+    EXPECT_EQ(legacy::the_jiTorvik.jtM, 0.9);
+    EXPECT_EQ(legacy::the_jiTorvik.jtP, 0.55);
+    EXPECT_EQ(legacy::the_jiTorvik.jtQ, 0.35);
+    EXPECT_EQ(legacy::the_jiTorvik.jtZc, 0.281);
+    EXPECT_GT(legacy::the_eosParameters.vcritCalc, 0);
     // The critical point satisfies the equation with these coefficients.
-    Calc::EvalEOSAtT(369.89);
-    EXPECT_NEAR(Calc::cubic_pressure(Declare::eosState, 369.89, Declare::eosParameters.vcritCalc),
-                4251.2, 1e-6 * 4251.2);
+    models::EvalEOSAtT(369.89);
+    EXPECT_NEAR(
+        models::cubic_pressure(legacy::the_eosState, 369.89, legacy::the_eosParameters.vcritCalc),
+        4251.2, 1e-6 * 4251.2);
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}))
         << "the busy pointer shows while it waits";
 }
 
 TEST_F(JiTorvikExchange, FormTwoNeedsAFifthNumber) {
     install("echo '\"Propane, liquid\" 1.0 0.9 0.55 0.35 0.281 0.06' > PARA_JI2.DAT");
-    Declare::models.EOSModel = 8;
-    EXPECT_EQ(Calc::CalcEOSParameters(8), kSuccess);
-    EXPECT_EQ(Declare::jiTorvik.jtK, 0.06);
+    legacy::the_models.EOSModel = 8;
+    EXPECT_EQ(models::CalcEOSParameters(8), kSuccess);
+    EXPECT_EQ(legacy::the_jiTorvik.jtK, 0.06);
     install("echo 'Propane 1.0 0.9 0.55 0.35 0.281' > PARA_JI2.DAT");
-    EXPECT_EQ(Calc::CalcEOSParameters(8), 1);
+    EXPECT_EQ(models::CalcEOSParameters(8), 1);
 }
 
 TEST_F(JiTorvikExchange, TheRequestHoldsTheSubstanceInSixLines) {
     install("exit 0");
-    Calc::CalcEOSParameters(7);
+    models::CalcEOSParameters(7);
     const std::vector<std::string> lines = request();
     ASSERT_EQ(lines.size(), 6U);
     EXPECT_EQ(lines[0], "10");
@@ -86,8 +89,8 @@ TEST_F(JiTorvikExchange, ClassesOfTheVapourPressureEquations) {
     for (const Row& r : {Row{"ALP", "0, 1, 0"}, Row{"THO", "0, 1, 0"}, Row{"AHP", "1, 1, 0"},
                          Row{"AUG", "1, 1, 1"}, Row{"FRO", "2, 1, 0"}, Row{"KFR", "2, 1, 0"},
                          Row{"KFW", "2, 1, 0"}, Row{"WAG", "3, 1, 1"}}) {
-        Declare::models.VPCode = r.code;
-        Calc::CalcEOSParameters(8);
+        legacy::the_models.VPCode = r.code;
+        models::CalcEOSParameters(8);
         EXPECT_EQ(request()[2], r.line) << r.code;
         EXPECT_EQ(request()[0], "11");
         EXPECT_EQ(text::Split(request()[5], ',').size(), 12U) << r.code;
@@ -95,27 +98,27 @@ TEST_F(JiTorvikExchange, ClassesOfTheVapourPressureEquations) {
 }
 
 TEST_F(JiTorvikExchange, AMissingProgramIsTold) {
-    EXPECT_EQ(Calc::CalcEOSParameters(7), 1);
+    EXPECT_EQ(models::CalcEOSParameters(7), 1);
     ASSERT_EQ(user.messages.size(), 2U);
     EXPECT_EQ(user.messages[0].text, "No parameter-file generated.");
     EXPECT_EQ(user.messages[0].title, "Execution not possible");
     EXPECT_EQ(user.messages[1].text, "Error during EOS-parameter calculation");
     EXPECT_EQ(user.messages[1].title, "Execution not possible");
-    EXPECT_EQ(Declare::eosParameters.vcritCalc, 0);
+    EXPECT_EQ(legacy::the_eosParameters.vcritCalc, 0);
 }
 
 TEST_F(JiTorvikExchange, AnOldAnswerIsNotTakenForANewOne) {
     std::ofstream(folder() / "PARAM_JI.DAT") << "old 1 0.9 0.5 0.3 0.28";
     install("exit 0");
-    EXPECT_EQ(Calc::CalcEOSParameters(7), 1);
+    EXPECT_EQ(models::CalcEOSParameters(7), 1);
     EXPECT_EQ(user.messages[0].text, "No parameter-file generated.");
 }
 
 TEST_F(JiTorvikExchange, ALateProgramDoesNotHoldTheSystem) {
     install("sleep 1");
-    Calc::SetJiTorvikWait(std::chrono::milliseconds(50));
+    models::SetJiTorvikWait(std::chrono::milliseconds(50));
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(Calc::CalcEOSParameters(7), 1);
+    EXPECT_EQ(models::CalcEOSParameters(7), 1);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
 }
 
@@ -124,11 +127,11 @@ TEST_F(JiTorvikExchange, AGarbledAnswerIsAFailureWithoutConstants) {
                                "Propane 1 0.9 0.55 0.35 99"}) {
         user.messages.clear();
         install(std::string("printf '%s' '") + answer + "' > PARAM_JI.DAT");
-        EXPECT_EQ(Calc::CalcEOSParameters(7), 1) << answer;
+        EXPECT_EQ(models::CalcEOSParameters(7), 1) << answer;
         ASSERT_EQ(user.messages.size(), 1U) << answer;
         EXPECT_EQ(user.lastText(), "Error during EOS-parameter calculation");
-        EXPECT_EQ(Declare::eosParameters.vcritCalc, 0);
-        EXPECT_EQ(Declare::jiTorvik.jtZc, 0);
+        EXPECT_EQ(legacy::the_eosParameters.vcritCalc, 0);
+        EXPECT_EQ(legacy::the_jiTorvik.jtZc, 0);
     }
 }
 

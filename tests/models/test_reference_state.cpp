@@ -13,6 +13,8 @@
 #include "support/fluids.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 constexpr double R = 8.31451;
@@ -21,8 +23,8 @@ constexpr double kP0 = 101.325F;
 
 class ReferenceState : public SessionTest {
   protected:
-    Declare::ReferenceState& reference = Declare::reference;
-    Declare::SubstanceRecord& s = Declare::substance;
+    models::ReferenceState& reference = legacy::the_reference;
+    models::SubstanceRecord& s = legacy::the_substance;
 };
 
 TEST_F(ReferenceState, OfTheViewIsZeroAndCorrectsTheEntropyToThePressure) {
@@ -33,7 +35,7 @@ TEST_F(ReferenceState, OfTheViewIsZeroAndCorrectsTheEntropyToThePressure) {
         reference.p0 = 50;
         s.dfh = 1000;
         s.sconv = 10;
-        const thermo::ReferenceBase base = thermo::ReferenceValues(100);
+        const models::ReferenceBase base = models::ReferenceValues(100);
         EXPECT_EQ(base.h, 0);
         EXPECT_NEAR(base.s, -R * std::log(2.0), 1e-12);
         EXPECT_EQ(reference.T0, 280.0F);
@@ -50,7 +52,7 @@ TEST_F(ReferenceState, ConventionalAndFormationFixTemperatureAndPressure) {
         reference.RefMode = mode;
         reference.T0 = 280;
         reference.p0 = 50;
-        const thermo::ReferenceBase base = thermo::ReferenceValues(kP0);
+        const models::ReferenceBase base = models::ReferenceValues(kP0);
         EXPECT_EQ(base.h, -104680);
         const double entropy =
             mode == 2 ? static_cast<double>(s.sconv) : (-104680 + 24390) / 298.15;
@@ -62,21 +64,21 @@ TEST_F(ReferenceState, ConventionalAndFormationFixTemperatureAndPressure) {
 
 TEST_F(ReferenceState, PressureOfZeroBecomesNormalPressure) {
     reference.p0 = 0;
-    EXPECT_NEAR(thermo::ReferenceValues(kP0).s, 0, 1e-12);
+    EXPECT_NEAR(models::ReferenceValues(kP0).s, 0, 1e-12);
     EXPECT_EQ(reference.p0, 101.325F);
 }
 
 TEST_F(ReferenceState, WithoutPressureTheEntropyIsNotCorrected) {
     reference.RefMode = 2;
     s.sconv = 200;
-    EXPECT_EQ(thermo::ReferenceValues(0).s, 200);
-    EXPECT_EQ(thermo::ReferenceValues(-1).s, 200);
+    EXPECT_EQ(models::ReferenceValues(0).s, 200);
+    EXPECT_EQ(models::ReferenceValues(-1).s, 200);
 }
 
 TEST_F(ReferenceState, ConventionalIdealGasAtItsReferencePoint) {
     grid::Activate("Propane", 0);
     reference.RefMode = 2;
-    const thermo::IdealGasState z = thermo::IdealGasFunctions(kT0, kP0);
+    const models::IdealGasState z = models::IdealGasFunctions(kT0, kP0);
     EXPECT_EQ(z.h, static_cast<double>(s.dfh));
     EXPECT_NEAR(z.s, static_cast<double>(s.sconv), 1e-12);
 }
@@ -86,7 +88,7 @@ TEST_F(ReferenceState, MissingFormationDataCountAsZero) {
     s.dfh = s.dfg = s.sconv = 0;
     for (const std::int16_t mode : {std::int16_t{2}, std::int16_t{10}}) {
         reference.RefMode = mode;
-        const thermo::IdealGasState z = thermo::IdealGasFunctions(kT0, kP0);
+        const models::IdealGasState z = models::IdealGasFunctions(kT0, kP0);
         EXPECT_EQ(z.status, kSuccess);
         EXPECT_EQ(z.h, 0);
         EXPECT_NEAR(z.s, 0, 1e-12);
@@ -102,17 +104,17 @@ class BensonReference : public SessionTest {
     BensonReference() {
         s = fluids::ReferencePropane();
         grid::ActivateModel(6);
-        Declare::models.VPCode = "WAG";
+        legacy::the_models.VPCode = "WAG";
     }
-    Declare::SubstanceRecord& s = Declare::substance;
+    models::SubstanceRecord& s = legacy::the_substance;
 
-    double eos_density(double T, double p) { return Calc::SolveStateTP(T, p).rhoV; }
+    double eos_density(double T, double p) { return models::SolveStateTP(T, p).rhoV; }
     static std::string thousandths(double value) { return numbers::FormatPoint(value, "##.###"); }
 };
 
 TEST_F(BensonReference, TakesTheDensityAtTheBoilingPointFromTheRecordFirst) {
     s.rhoLboil = 581.25F;
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    const models::BensonProposal r = models::ProposeBensonReference();
     EXPECT_EQ(r.point.T, s.Tboil);
     EXPECT_EQ(r.point.p, 101.3F);
     EXPECT_EQ(r.point.rhoL, 581.25F);
@@ -130,7 +132,7 @@ TEST_F(BensonReference, TakesTheDensityEquationNext) {
     s.rhoLPar = {900, -1.5F, 0, 0, 0, 0, 0};
     s.rhoLTLo = 300;  // 69 K outside: no warning here
     s.rhoLTHi = 350;
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    const models::BensonProposal r = models::ProposeBensonReference();
     EXPECT_NEAR(r.point.rhoL, 900 - 1.5 * static_cast<double>(s.Tboil), 1e-4);
     EXPECT_NE(r.text.find(" rho(L)(ref)/kg/m^3 =553.4 (from database-equ. rho(T))\n"),
               std::string::npos)
@@ -139,7 +141,7 @@ TEST_F(BensonReference, TakesTheDensityEquationNext) {
 }
 
 TEST_F(BensonReference, TakesTheSlopeOfTheMeasuredDensityLast) {
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    const models::BensonProposal r = models::ProposeBensonReference();
     // 500 - 1.3 (231.036 - 298.15): here the slope refers to the temperature of the measurement.
     EXPECT_NEAR(r.point.rhoL, 500 + 1.3 * (298.15 - 231.036), 1e-3);
     EXPECT_NE(r.text.find(" rho(L)(ref)/kg/m^3 =587.2 (calculated from drho/dT)\n"),
@@ -151,7 +153,7 @@ TEST_F(BensonReference, AFailingDensityEquationGivesWayToTheNextSource) {
     s.rhoLPar = {100, -1, 300, -10, 0, 0, 0};
     s.rhoLTLo = 200;
     s.rhoLTHi = 350;
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    const models::BensonProposal r = models::ProposeBensonReference();
     EXPECT_NEAR(r.point.rhoL, 100 - 231.036 + 300, 1e-3);
     EXPECT_NE(r.text.find("(calculated from drho/dT)"), std::string::npos);
 }
@@ -160,11 +162,11 @@ TEST_F(BensonReference, WithoutABoilingPointTheMeasuredPointIsTaken) {
     s.Tboil = 0;
     s.rhoLPar[1] = 0;
     s.rhoLPar[2] = 290.5F;
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    const models::BensonProposal r = models::ProposeBensonReference();
     EXPECT_EQ(r.point.T, 290.5F);
     EXPECT_EQ(r.point.rhoL, 500.0F);
     const double T = static_cast<double>(290.5F);
-    const double p = Calc::VapourPressure(T, "WAG", false).p;
+    const double p = models::VapourPressure(T, "WAG", false).p;
     EXPECT_FLOAT_EQ(r.point.p, static_cast<float>(p));
     const double rhoV = eos_density(T, static_cast<double>(r.point.p));
     EXPECT_EQ(r.text,
@@ -177,41 +179,41 @@ TEST_F(BensonReference, WithoutABoilingPointTheMeasuredPointIsTaken) {
 
 TEST_F(BensonReference, ABoilingPointWithoutDensityIsDroppedForTheMeasuredPoint) {
     s.rhoLPar[1] = 0;
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    const models::BensonProposal r = models::ProposeBensonReference();
     EXPECT_EQ(r.point.T, 298.15F);
     EXPECT_EQ(r.text.find("normal boiling"), std::string::npos);
 }
 
 TEST_F(BensonReference, WithoutAnyDensityThereIsNoProposal) {
     s.rhoLPar = {};
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    const models::BensonProposal r = models::ProposeBensonReference();
     EXPECT_EQ(r.point.T, 0);
     EXPECT_EQ(r.point.p, 0);
     EXPECT_EQ(r.point.rhoL, 0);
     EXPECT_EQ(r.point.rhoV, 0);
     EXPECT_EQ(r.text, "");
     s.Tboil = 0;
-    EXPECT_EQ(thermo::ProposeBensonReference().text, "");
+    EXPECT_EQ(models::ProposeBensonReference().text, "");
 }
 
 TEST_F(BensonReference, AMeasuredPointWithoutVapourPressureIsNoProposal) {
     s.Tboil = 0;
-    Declare::models.VPCode = "000";
-    EXPECT_EQ(thermo::ProposeBensonReference().point.T, 0);
+    legacy::the_models.VPCode = "000";
+    EXPECT_EQ(models::ProposeBensonReference().point.T, 0);
 }
 
 TEST_F(BensonReference, WhereTheEquationHasNoStatePitzerCurlGivesTheVapour) {
     // A manual coefficient below -R T/p leaves no volume.
     grid::ActivateModel(10);
-    Declare::eosParameters.eosB0 = -1000;
-    Declare::models.VPCode = "WAG";
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    legacy::the_eosParameters.eosB0 = -1000;
+    legacy::the_models.VPCode = "WAG";
+    const models::BensonProposal r = models::ProposeBensonReference();
     const double T = static_cast<double>(s.Tboil), p = static_cast<double>(101.3F);
-    const double B = Calc::SecondVirial(16, T);
+    const double B = models::SecondVirial(16, T);
     const double rhoV = static_cast<double>(s.M) / (R * T / p + B);
     EXPECT_FLOAT_EQ(r.point.rhoV, static_cast<float>(rhoV));
-    EXPECT_NEAR(Declare::Bvirial, B, 1e-12);
-    EXPECT_EQ(Declare::models.EOSModel, 10);
+    EXPECT_NEAR(legacy::the_Bvirial, B, 1e-12);
+    EXPECT_EQ(legacy::the_models.EOSModel, 10);
     EXPECT_TRUE(r.text.ends_with("\n rho(V)(ref)/kg/m^3 =" + thousandths(rhoV) +
                                  " (using Virial-EOS, PITZER/CURL)"))
         << r.text;
@@ -219,9 +221,9 @@ TEST_F(BensonReference, WhereTheEquationHasNoStatePitzerCurlGivesTheVapour) {
 
 TEST_F(BensonReference, WithoutAcentricFactorTheIdealGasGivesTheVapour) {
     grid::ActivateModel(10);
-    Declare::eosParameters.eosB0 = -1000;
+    legacy::the_eosParameters.eosB0 = -1000;
     s.omega = 0;
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    const models::BensonProposal r = models::ProposeBensonReference();
     const double rhoV =
         static_cast<double>(s.M) * static_cast<double>(101.3F) / R / static_cast<double>(s.Tboil);
     EXPECT_FLOAT_EQ(r.point.rhoV, static_cast<float>(rhoV));
@@ -231,7 +233,7 @@ TEST_F(BensonReference, WithoutAcentricFactorTheIdealGasGivesTheVapour) {
 
 TEST_F(BensonReference, NumbersHaveAPointInEveryLocale) {
     numbers::set_decimal_mark(',');
-    const thermo::BensonProposal r = thermo::ProposeBensonReference();
+    const models::BensonProposal r = models::ProposeBensonReference();
     EXPECT_EQ(r.text.find(','), std::string::npos) << r.text;
 }
 
@@ -239,11 +241,11 @@ TEST_F(BensonReference, OfEverySubstanceLiesBetweenGasAndLiquid) {
     int proposals = 0;
     for (const std::string& name : fluids::AllNames()) {
         grid::Activate(name, 6);
-        Declare::models.VPCode = "KFR";
-        const thermo::BensonProposal r = thermo::ProposeBensonReference();
+        legacy::the_models.VPCode = "KFR";
+        const models::BensonProposal r = models::ProposeBensonReference();
         if (r.text.empty()) continue;
         ++proposals;
-        EXPECT_TRUE(Calc::IsKnown(r.point)) << name;
+        EXPECT_TRUE(models::IsKnown(r.point)) << name;
         EXPECT_GT(static_cast<double>(r.point.rhoL), 1.2 * s.rhocrit) << name;
         EXPECT_LT(static_cast<double>(r.point.rhoV), 0.3 * s.rhocrit) << name;
     }
@@ -252,18 +254,18 @@ TEST_F(BensonReference, OfEverySubstanceLiesBetweenGasAndLiquid) {
 
 // ---- what the view shows and stores
 
-using thermo::ReferenceField;
-using thermo::ReferenceFields;
-using thermo::ReferenceOption;
+using models::ReferenceField;
+using models::ReferenceFields;
+using models::ReferenceOption;
 
 TEST_F(ReferenceState, OptionsAndModesBelongTogether) {
     for (const auto& [option, mode] :
          {std::pair{ReferenceOption::Values, 1}, std::pair{ReferenceOption::Formation, 10},
           std::pair{ReferenceOption::Conventional, 2}}) {
-        EXPECT_EQ(thermo::ReferenceModeOf(option), mode);
-        EXPECT_EQ(thermo::ReferenceOptionOf(static_cast<std::int16_t>(mode)), option);
+        EXPECT_EQ(models::ReferenceModeOf(option), mode);
+        EXPECT_EQ(models::ReferenceOptionOf(static_cast<std::int16_t>(mode)), option);
     }
-    EXPECT_EQ(thermo::ReferenceOptionOf(0), ReferenceOption::Values);
+    EXPECT_EQ(models::ReferenceOptionOf(0), ReferenceOption::Values);
 }
 
 TEST_F(ReferenceState, CaptionsFollowTheCaloricUnit) {
@@ -272,27 +274,27 @@ TEST_F(ReferenceState, CaptionsFollowTheCaloricUnit) {
                                                             {"h /(R T)", "s /(1/K) "},
                                                             {"h /(kJ/kg)", "s /(kJ/(kg K))"}};
     for (std::int16_t unit = 0; unit < 4; ++unit) {
-        EXPECT_EQ(thermo::CaptionsOf(unit).h, captions[unit].first);
-        EXPECT_EQ(thermo::CaptionsOf(unit).s, captions[unit].second);
+        EXPECT_EQ(models::CaptionsOf(unit).h, captions[unit].first);
+        EXPECT_EQ(models::CaptionsOf(unit).s, captions[unit].second);
     }
-    EXPECT_EQ(thermo::CaptionsOf(9).h, "h /(kJ/kmol)");
+    EXPECT_EQ(models::CaptionsOf(9).h, "h /(kJ/kmol)");
 }
 
 TEST_F(ReferenceState, FieldsShowTheRecordInTheUnitOfTheSession) {
     reference = {
         .RefMode = 1, .href = 4400, .sref = -22, .T0 = 273.15F, .p0 = 0, .Tenv = 290.5, .penv = 99};
-    const ReferenceFields f = thermo::FieldsOf(reference, 1.0 / 44);
-    EXPECT_NEAR(f[thermo::FieldH], 100, 1e-12);
-    EXPECT_NEAR(f[thermo::FieldS], -0.5, 1e-12);
-    EXPECT_EQ(f[thermo::FieldT0], 273.15);  // not 273.149993896484
-    EXPECT_EQ(f[thermo::FieldP0], 101.325);
-    EXPECT_EQ(f[thermo::FieldTenv], 290.5);
-    EXPECT_EQ(f[thermo::FieldPenv], 99);
+    const ReferenceFields f = models::FieldsOf(reference, 1.0 / 44);
+    EXPECT_NEAR(f[models::FieldH], 100, 1e-12);
+    EXPECT_NEAR(f[models::FieldS], -0.5, 1e-12);
+    EXPECT_EQ(f[models::FieldT0], 273.15);  // not 273.149993896484
+    EXPECT_EQ(f[models::FieldP0], 101.325);
+    EXPECT_EQ(f[models::FieldTenv], 290.5);
+    EXPECT_EQ(f[models::FieldPenv], 99);
 }
 
 TEST_F(ReferenceState, StoringDividesByTheCaloricFactorAndKeepsTheOption) {
     const ReferenceFields f = {100, -0.5, 273.15, 100, 0, 99};
-    ASSERT_TRUE(thermo::StoreReference(ReferenceOption::Conventional, f, 1.0 / 44, reference));
+    ASSERT_TRUE(models::StoreReference(ReferenceOption::Conventional, f, 1.0 / 44, reference));
     EXPECT_EQ(reference.RefMode, 2);
     EXPECT_NEAR(reference.href, 4400, 1e-9);
     EXPECT_NEAR(reference.sref, -22, 1e-12);
@@ -305,41 +307,41 @@ TEST_F(ReferenceState, StoringDividesByTheCaloricFactorAndKeepsTheOption) {
 TEST_F(ReferenceState, StoringWhatWasShownChangesNothing) {
     reference.href = 1234.5;
     reference.T0 = 300.1F;
-    const Declare::ReferenceState before = reference;
-    ASSERT_TRUE(thermo::StoreReference(ReferenceOption::Values, thermo::FieldsOf(reference, 1), 1,
+    const models::ReferenceState before = reference;
+    ASSERT_TRUE(models::StoreReference(ReferenceOption::Values, models::FieldsOf(reference, 1), 1,
                                        reference));
     EXPECT_EQ(reference, before);
 }
 
 TEST_F(ReferenceState, StoringFailsAsAWholeWithoutACaloricFactor) {
-    const Declare::ReferenceState before = reference;
+    const models::ReferenceState before = reference;
     const ReferenceFields f = {100, 1, 300, 100, 290, 99};
-    EXPECT_FALSE(thermo::StoreReference(ReferenceOption::Formation, f, 0, reference));
+    EXPECT_FALSE(models::StoreReference(ReferenceOption::Formation, f, 0, reference));
     EXPECT_EQ(reference, before);
     ReferenceFields huge = f;
-    huge[thermo::FieldT0] = 1e300;
-    EXPECT_FALSE(thermo::StoreReference(ReferenceOption::Values, huge, 1, reference));
+    huge[models::FieldT0] = 1e300;
+    EXPECT_FALSE(models::StoreReference(ReferenceOption::Values, huge, 1, reference));
     EXPECT_EQ(reference, before);
 }
 
 TEST_F(ReferenceState, ChoosingFormationSetsItsValues) {
     const ReferenceFields typed = {100, 1, 300, 50, 290, 99};
-    EXPECT_EQ(thermo::AfterChoice(ReferenceOption::Formation, typed),
+    EXPECT_EQ(models::AfterChoice(ReferenceOption::Formation, typed),
               (ReferenceFields{0, 0, 298.15, 101.325, 290, 99}));
-    EXPECT_EQ(thermo::AfterChoice(ReferenceOption::Conventional, typed), typed);
-    EXPECT_EQ(thermo::AfterChoice(ReferenceOption::Values, typed), typed);
+    EXPECT_EQ(models::AfterChoice(ReferenceOption::Conventional, typed), typed);
+    EXPECT_EQ(models::AfterChoice(ReferenceOption::Values, typed), typed);
 }
 
 TEST_F(ReferenceState, OnlyTheValuesOfTheViewCanBeEdited) {
     for (const auto option : {ReferenceOption::Formation, ReferenceOption::Conventional}) {
-        for (const auto field : {thermo::FieldH, thermo::FieldS, thermo::FieldT0, thermo::FieldP0})
-            EXPECT_FALSE(thermo::IsEditable(option, field));
-        EXPECT_TRUE(thermo::IsEditable(option, thermo::FieldTenv));
-        EXPECT_TRUE(thermo::IsEditable(option, thermo::FieldPenv));
+        for (const auto field : {models::FieldH, models::FieldS, models::FieldT0, models::FieldP0})
+            EXPECT_FALSE(models::IsEditable(option, field));
+        EXPECT_TRUE(models::IsEditable(option, models::FieldTenv));
+        EXPECT_TRUE(models::IsEditable(option, models::FieldPenv));
     }
-    for (int field = 0; field < thermo::kReferenceFields; ++field)
+    for (int field = 0; field < models::kReferenceFields; ++field)
         EXPECT_TRUE(
-            thermo::IsEditable(ReferenceOption::Values, static_cast<ReferenceField>(field)));
+            models::IsEditable(ReferenceOption::Values, static_cast<ReferenceField>(field)));
 }
 
 }  // namespace

@@ -8,10 +8,12 @@
 #include "models/virial.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
+using models::PhaseTable;
 using oracle::Real;
-using thermo::PhaseTable;
 
 class Residual : public SessionTest {};
 
@@ -60,7 +62,7 @@ State state_at(double T, double v) {
     s.p = oracle::pressure(s.T, s.v);
     s.width = s.v - oracle::covolume(s.T);
     const Real spread = std::fabs(oracle::covolume(1.001L * s.T) - oracle::covolume(s.T));
-    s.hT = std::min(0.004L * s.T, std::fabs(s.T - Real(Declare::substance.Tcrit)) / 5);
+    s.hT = std::min(0.004L * s.T, std::fabs(s.T - Real(legacy::the_substance.Tcrit)) / 5);
     s.hT = std::min(s.hT, 4e-6L * s.T * s.width / std::max(spread, 1e-6L * s.width));
     s.hv = 0.004L * s.width;
     const auto p_of_v = [&](Real x) { return oracle::pressure(s.T, x); };
@@ -76,11 +78,12 @@ State state_at(double T, double v) {
 /// states.
 std::vector<double> volumes(double T) {
     const auto b = static_cast<double>(oracle::covolume(T));
-    const double RTp = 8.31451 * Declare::substance.Tcrit / Declare::substance.pcrit;
+    const double RTp = 8.31451 * legacy::the_substance.Tcrit / legacy::the_substance.pcrit;
     std::vector<double> v;
-    if (!Declare::models.EOSOnlyV)
+    if (!legacy::the_models.EOSOnlyV)
         for (const double ratio : {1.1, 1.25, 1.6, 2.2}) v.push_back(ratio * b);
-    const double vcrit = Declare::models.EOSOnlyV ? 0.6 * RTp : Declare::eosParameters.vcritCalc;
+    const double vcrit =
+        legacy::the_models.EOSOnlyV ? 0.6 * RTp : legacy::the_eosParameters.vcritCalc;
     for (const double ratio : {0.97, 1.03, 2.0, 7.0, 60.0, 3000.0})
         if (ratio * vcrit > 1.05 * std::max(b, 0.0)) v.push_back(ratio * vcrit);
     return v;
@@ -92,12 +95,12 @@ constexpr double kReducedT[] = {0.35, 0.6, 0.9, 0.995, 1.005, 1.3, 3.0};
 template <class Test>
 void for_states(const std::string& name, Test test) {
     for (const double Tr : kReducedT) {
-        const double T = Tr * Declare::substance.Tcrit;
+        const double T = Tr * legacy::the_substance.Tcrit;
         for (const double v : volumes(T)) {
             const State s = state_at(T, v);
             if (!s.away_from_poles()) continue;
             const std::string at = name + ", Tr " + std::to_string(Tr) + ", v " + std::to_string(v);
-            const PhaseTable t = thermo::ResidualFunctions(T, static_cast<double>(s.p), v);
+            const PhaseTable t = models::ResidualFunctions(T, static_cast<double>(s.p), v);
             ASSERT_TRUE(t.filled) << at;
             test(s, t, at);
         }
@@ -148,10 +151,10 @@ TEST_F(Residual, FugacityCoefficientAndItsSlopesAreThoseOfTheEquation) {
             const auto along_isobar = [&](Real x) { return oracle::ln_phi(x, s.p, s.v_of_T(x)); };
             const Real h = s.isobar_hT();
             const Real floor = 1e-7L;
-            value.meet(t.residual[thermo::LnPhi], oracle::ln_phi(s.T, s.p, s.v), floor, at);
-            first.meet(t.residual[thermo::DLnPhi], oracle::first_derivative(along_isobar, s.T, h),
+            value.meet(t.residual[models::LnPhi], oracle::ln_phi(s.T, s.p, s.v), floor, at);
+            first.meet(t.residual[models::DLnPhi], oracle::first_derivative(along_isobar, s.T, h),
                        floor / s.T, at);
-            second.meet(t.residual[thermo::D2LnPhi],
+            second.meet(t.residual[models::D2LnPhi],
                         oracle::second_derivative(along_isobar, s.T, h), 1e-2L / (s.T * s.T), at);
         });
     };
@@ -174,22 +177,22 @@ TEST_F(Residual, FurtherColumnsFollowFromTheirDefinitions) {
             const auto expect = [&](double actual, double expected, double floor) {
                 EXPECT_NEAR(actual, expected, 1e-9 * std::max(std::fabs(expected), floor)) << at;
             };
-            expect(f[thermo::ResS], -f[0] - T * f[1], 1e-3);
-            expect(f[thermo::ResH], -T * T * f[1], 1e-3 * T);
-            expect(f[thermo::ResG], T * f[0], 1e-3 * T);
-            expect(f[thermo::ResCp], -T * (2 * f[1] + T * f[2]), 1e-2);
-            const double ideal = thermo::IdealGasCp(T).cp;
+            expect(f[models::ResS], -f[0] - T * f[1], 1e-3);
+            expect(f[models::ResH], -T * T * f[1], 1e-3 * T);
+            expect(f[models::ResG], T * f[0], 1e-3 * T);
+            expect(f[models::ResCp], -T * (2 * f[1] + T * f[2]), 1e-2);
+            const double ideal = models::IdealGasCp(T).cp;
             if (!(ideal > 0)) return;
             ++states;
-            expect(f[thermo::Cp], ideal + R * f[thermo::ResCp], R);
+            expect(f[models::Cp], ideal + R * f[models::ResCp], R);
             if (std::fabs(t.first[1]) < 1e-11) return;
-            expect(f[thermo::Cv], f[thermo::Cp] - T * t.first[2] * t.first[4], R);
-            if (std::fabs(f[thermo::Cp]) < 1) return;
-            expect(f[thermo::JouleThomson], (T * t.first[4] - v) / f[thermo::Cp], v / 1000);
-            const double M = static_cast<double>(Declare::substance.M);
-            const double slope = -f[thermo::Cp] / f[thermo::Cv] * t.first[1];
+            expect(f[models::Cv], f[models::Cp] - T * t.first[2] * t.first[4], R);
+            if (std::fabs(f[models::Cp]) < 1) return;
+            expect(f[models::JouleThomson], (T * t.first[4] - v) / f[models::Cp], v / 1000);
+            const double M = static_cast<double>(legacy::the_substance.M);
+            const double slope = -f[models::Cp] / f[models::Cv] * t.first[1];
             const double w = slope > 0 ? v / M * std::sqrt(slope * 1000 * M) : 0;
-            expect(f[thermo::SpeedOfSound], w, 1);
+            expect(f[models::SpeedOfSound], w, 1);
         });
     };
     grid::ForAll(grid::kCubic, sweep);
@@ -200,57 +203,57 @@ TEST_F(Residual, FurtherColumnsFollowFromTheirDefinitions) {
 /// B is that of the typed form b0 - b1/T^b2, its slopes are those of the power law b0 T^b1.
 TEST_F(Residual, ManualVirialFormKeepsThePowerLawSlopes) {
     grid::Activate("Propane", 10);
-    Declare::eosParameters.eosB0 = 0.2;
-    Declare::eosParameters.eosNB = 3.0;
-    Declare::eosParameters.eosNV = 0.5;
+    legacy::the_eosParameters.eosB0 = 0.2;
+    legacy::the_eosParameters.eosNB = 3.0;
+    legacy::the_eosParameters.eosNV = 0.5;
     const double T = 400, R = 8.31451;
     const double B = 0.2 - 3.0 / std::sqrt(T);
     const double b1 = 3 * 0.2 * T * T, b2 = 6 * 0.2 * T;
     const double v = 5, p = R * T / (v - B);
-    const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+    const PhaseTable t = models::ResidualFunctions(T, p, v);
     ASSERT_TRUE(t.filled);
-    EXPECT_NEAR(t.residual[thermo::LnPhi], B * p / (R * T), 1e-12);
-    EXPECT_NEAR(t.residual[thermo::DLnPhi], p / (R * T) * (b1 - B / T), 1e-8);
-    EXPECT_NEAR(t.residual[thermo::D2LnPhi], p / (R * T) / T * (T * b2 - 2 * (b1 - B / T)), 1e-9);
+    EXPECT_NEAR(t.residual[models::LnPhi], B * p / (R * T), 1e-12);
+    EXPECT_NEAR(t.residual[models::DLnPhi], p / (R * T) * (b1 - B / T), 1e-8);
+    EXPECT_NEAR(t.residual[models::D2LnPhi], p / (R * T) / T * (T * b2 - 2 * (b1 - B / T)), 1e-9);
     EXPECT_NEAR(t.first[2], R / (v - B) + R * T / ((v - B) * (v - B)) * b1, 1e-4);
 }
 
 TEST_F(Residual, ManualVirialFormThatOverflowsHasNoState) {
     grid::Activate("Propane", 10);
-    Declare::eosParameters.eosB0 = 0.2;
-    Declare::eosParameters.eosNB = 300;
-    Declare::eosParameters.eosNV = 1;
-    EXPECT_FALSE(thermo::ResidualFunctions(400, 500, 7).filled);
-    EXPECT_EQ(thermo::StateFunctions(400, 500, 7).status, kFailure);
+    legacy::the_eosParameters.eosB0 = 0.2;
+    legacy::the_eosParameters.eosNB = 300;
+    legacy::the_eosParameters.eosNV = 1;
+    EXPECT_FALSE(models::ResidualFunctions(400, 500, 7).filled);
+    EXPECT_EQ(models::StateFunctions(400, 500, 7).status, kFailure);
 }
 
 TEST_F(Residual, IdealGasHasNoResidualPart) {
     grid::Activate("Nitrogen", 0);
     const double T = 320, p = 250, v = 8.31451 * T / p;
-    const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+    const PhaseTable t = models::ResidualFunctions(T, p, v);
     ASSERT_TRUE(t.filled);
-    for (int column = thermo::LnPhi; column <= thermo::JouleThomson; ++column)
+    for (int column = models::LnPhi; column <= models::JouleThomson; ++column)
         EXPECT_EQ(t.residual[static_cast<std::size_t>(column)], 0.0) << column;
-    const double cp = thermo::IdealGasCp(T).cp;
-    EXPECT_DOUBLE_EQ(t.residual[thermo::Cp], cp);
-    EXPECT_DOUBLE_EQ(t.residual[thermo::Cv], cp - 8.31451);
-    const double M = static_cast<double>(Declare::substance.M);
-    EXPECT_NEAR(t.residual[thermo::SpeedOfSound],
+    const double cp = models::IdealGasCp(T).cp;
+    EXPECT_DOUBLE_EQ(t.residual[models::Cp], cp);
+    EXPECT_DOUBLE_EQ(t.residual[models::Cv], cp - 8.31451);
+    const double M = static_cast<double>(legacy::the_substance.M);
+    EXPECT_NEAR(t.residual[models::SpeedOfSound],
                 std::sqrt(cp / (cp - 8.31451) * 8.31451 * T * 1000 / M), 1e-9);
 }
 
 /// At low p ln(phi*) = B p/(R T) with B = b - a/(R T), to the first order.
 TEST_F(Residual, CubicFormsApproachTheirVirialFormAtLowPressure) {
     grid::ForAll(grid::kCubic, [](const std::string& name) {
-        const double T = 1.3 * Declare::substance.Tcrit;
-        Calc::EvalEOSAtT(T);
-        const Declare::EOSState& s = Declare::eosState;
+        const double T = 1.3 * legacy::the_substance.Tcrit;
+        models::EvalEOSAtT(T);
+        const models::EOSState& s = legacy::the_eosState;
         const double RT = 8.31451 * T, B = s.eosB - s.eosA / RT;
-        const double v = 1e5 * s.eosB, p = Calc::cubic_pressure(s, T, v);
-        const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+        const double v = 1e5 * s.eosB, p = models::cubic_pressure(s, T, v);
+        const PhaseTable t = models::ResidualFunctions(T, p, v);
         ASSERT_TRUE(t.filled) << name;
         const double size = std::fabs(s.eosB * p / RT);
-        EXPECT_NEAR(t.residual[thermo::LnPhi], B * p / RT, 1e-3 * size) << name;
+        EXPECT_NEAR(t.residual[models::LnPhi], B * p / RT, 1e-3 * size) << name;
         EXPECT_NEAR(t.first[4], 8.31451 / p, 1e-3 * 8.31451 / p) << name;
     });
 }
@@ -260,27 +263,27 @@ TEST_F(Residual, CubicFormsApproachTheirVirialFormAtLowPressure) {
 TEST_F(Residual, QuotientsOfVanishingDerivativesAreLeftOut) {
     grid::Activate("Methane", 6);
     const double T = 300, v = 1e9, p = 8.31451 * T / v;
-    const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+    const PhaseTable t = models::ResidualFunctions(T, p, v);
     ASSERT_TRUE(t.filled);
     EXPECT_LT(std::fabs(t.first[1]), 1e-11);
     EXPECT_EQ(t.first[3], 0);
     EXPECT_EQ(t.first[4], 0);
     EXPECT_EQ(t.first[5], 0);
     EXPECT_EQ(t.second[2], 0);
-    const double cp = thermo::IdealGasCp(T).cp;
-    EXPECT_NEAR(t.residual[thermo::Cp], cp, 1e-7);
-    EXPECT_NEAR(t.residual[thermo::Cv], cp - 8.31451, 1e-7);
+    const double cp = models::IdealGasCp(T).cp;
+    EXPECT_NEAR(t.residual[models::Cp], cp, 1e-7);
+    EXPECT_NEAR(t.residual[models::Cv], cp - 8.31451, 1e-7);
 }
 
 TEST_F(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
     grid::Activate("Propane", 6);
-    Calc::EvalEOSAtT(300);
-    const double b = Declare::eosState.eosB;
+    models::EvalEOSAtT(300);
+    const double b = legacy::the_eosState.eosB;
     for (const auto& [T, p, v] : {std::array{300.0, 100.0, b}, std::array{300.0, 100.0, 0.5 * b},
                                   std::array{300.0, 100.0, b * (1 + 1e-17)},
                                   std::array{300.0, 0.0, 20.0}, std::array{300.0, -5.0, 0.1},
                                   std::array{0.0, 100.0, 20.0}, std::array{-1.0, 100.0, 20.0}}) {
-        const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+        const PhaseTable t = models::ResidualFunctions(T, p, v);
         EXPECT_FALSE(t.filled) << T << " " << p << " " << v;
         for (const double x : t.residual) EXPECT_EQ(x, 0);
         for (const double x : t.first) EXPECT_EQ(x, 0);
@@ -289,65 +292,65 @@ TEST_F(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
 
 TEST_F(Residual, WithoutCpFormTheResidualColumnsRemain) {
     grid::Activate("Propane", 6);
-    Declare::models.CpModel = 0;
-    const PhaseTable t = thermo::ResidualFunctions(300, 100, 24);
+    legacy::the_models.CpModel = 0;
+    const PhaseTable t = models::ResidualFunctions(300, 100, 24);
     ASSERT_TRUE(t.filled);
-    EXPECT_NE(t.residual[thermo::ResCp], 0);
-    EXPECT_EQ(t.residual[thermo::JouleThomson], 0);
-    EXPECT_EQ(t.residual[thermo::Cv], 0);
-    EXPECT_EQ(t.residual[thermo::Cp], 0);
-    EXPECT_EQ(t.residual[thermo::SpeedOfSound], 0);
+    EXPECT_NE(t.residual[models::ResCp], 0);
+    EXPECT_EQ(t.residual[models::JouleThomson], 0);
+    EXPECT_EQ(t.residual[models::Cv], 0);
+    EXPECT_EQ(t.residual[models::Cp], 0);
+    EXPECT_EQ(t.residual[models::SpeedOfSound], 0);
 }
 
 TEST_F(Residual, WithoutMolarMassThereIsNoSpeedOfSound) {
     grid::Activate("Propane", 6);
-    Declare::substance.M = 0;
-    const PhaseTable t = thermo::ResidualFunctions(300, 100, 24);
+    legacy::the_substance.M = 0;
+    const PhaseTable t = models::ResidualFunctions(300, 100, 24);
     ASSERT_TRUE(t.filled);
-    EXPECT_GT(t.residual[thermo::Cp], 0);
-    EXPECT_EQ(t.residual[thermo::SpeedOfSound], 0);
+    EXPECT_GT(t.residual[models::Cp], 0);
+    EXPECT_EQ(t.residual[models::SpeedOfSound], 0);
 }
 
 TEST_F(Residual, LeavesTheCoefficientsOfItsTemperature) {
     grid::Activate("Propane", 5);
-    Calc::EvalEOSAtT(400);
-    thermo::ResidualFunctions(300, 100, 24);
-    const double left = Declare::eosState.eosA;
-    Calc::EvalEOSAtT(300);
-    EXPECT_EQ(left, Declare::eosState.eosA);
+    models::EvalEOSAtT(400);
+    models::ResidualFunctions(300, 100, 24);
+    const double left = legacy::the_eosState.eosA;
+    models::EvalEOSAtT(300);
+    EXPECT_EQ(left, legacy::the_eosState.eosA);
 }
 
 /// At the critical point of the equation (dp/dV)T is 0: cp has a pole and is left out, all else
 /// keeps its limit. The closed forms are those of van der Waals with z = 3/8.
 TEST_F(Residual, CriticalPointOfVanDerWaalsHasItsLimits) {
     grid::Activate("Propane", 2);
-    const double T = Declare::substance.Tcrit, p = Declare::substance.pcrit, R = 8.31451;
-    const double v = Declare::eosParameters.vcritCalc, a = Declare::eosParameters.eosA0;
-    const PhaseTable t = thermo::ResidualFunctions(T, p, v);
+    const double T = legacy::the_substance.Tcrit, p = legacy::the_substance.pcrit, R = 8.31451;
+    const double v = legacy::the_eosParameters.vcritCalc, a = legacy::the_eosParameters.eosA0;
+    const PhaseTable t = models::ResidualFunctions(T, p, v);
     ASSERT_TRUE(t.filled);
-    EXPECT_NEAR(t.residual[thermo::LnPhi],
+    EXPECT_NEAR(t.residual[models::LnPhi],
                 3.0 / 8 - 1 - 9.0 / 8 - std::log(3.0 / 8) + std::log(1.5), 1e-12);
-    EXPECT_NEAR(R * t.residual[thermo::ResH], p * v - R * T - a / v, 1e-8 * a / v);
-    EXPECT_NEAR(t.residual[thermo::Cv], thermo::IdealGasCp(T).cp - R, 1e-9);
-    EXPECT_NEAR(t.residual[thermo::JouleThomson], (v - v / 3) / R, 1e-9);
-    EXPECT_EQ(t.residual[thermo::Cp], 0);
-    EXPECT_EQ(t.residual[thermo::ResCp], 0);
+    EXPECT_NEAR(R * t.residual[models::ResH], p * v - R * T - a / v, 1e-8 * a / v);
+    EXPECT_NEAR(t.residual[models::Cv], models::IdealGasCp(T).cp - R, 1e-9);
+    EXPECT_NEAR(t.residual[models::JouleThomson], (v - v / 3) / R, 1e-9);
+    EXPECT_EQ(t.residual[models::Cp], 0);
+    EXPECT_EQ(t.residual[models::ResCp], 0);
     EXPECT_EQ(t.first[3], 0);
     // w^2 = v^2 T pT^2/(M cv)
-    const double pT = R / (v - v / 3), M = static_cast<double>(Declare::substance.M);
-    EXPECT_NEAR(t.residual[thermo::SpeedOfSound],
-                v * pT * std::sqrt(1000 * T / (M * t.residual[thermo::Cv])), 1e-6);
+    const double pT = R / (v - v / 3), M = static_cast<double>(legacy::the_substance.M);
+    EXPECT_NEAR(t.residual[models::SpeedOfSound],
+                v * pT * std::sqrt(1000 * T / (M * t.residual[models::Cv])), 1e-6);
 }
 
 TEST_F(Residual, CriticalPointsOfAllModelsHaveFiniteColumns) {
     grid::ForAll(grid::kCubic, [](const std::string& name) {
-        const double T = Declare::substance.Tcrit;
-        const double v = Declare::eosParameters.vcritCalc;
-        const PhaseTable t = thermo::ResidualFunctions(T, Declare::substance.pcrit, v);
+        const double T = legacy::the_substance.Tcrit;
+        const double v = legacy::the_eosParameters.vcritCalc;
+        const PhaseTable t = models::ResidualFunctions(T, legacy::the_substance.pcrit, v);
         ASSERT_TRUE(t.filled) << name;
-        EXPECT_LT(std::fabs(t.residual[thermo::ResH]), 10 * T) << name;
-        if (thermo::IdealGasCp(T).cp > 8.31451) {
-            EXPECT_GT(t.residual[thermo::SpeedOfSound], 0) << name;
+        EXPECT_LT(std::fabs(t.residual[models::ResH]), 10 * T) << name;
+        if (models::IdealGasCp(T).cp > 8.31451) {
+            EXPECT_GT(t.residual[models::SpeedOfSound], 0) << name;
         }
     });
 }

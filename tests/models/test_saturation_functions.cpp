@@ -13,6 +13,8 @@
 #include "models/state_solver.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
 constexpr double R = 8.31451;
@@ -25,11 +27,11 @@ TEST_F(SaturationFunctions, BothPhasesHaveTheSameGibbsFunction) {
     int states = 0;
     grid::ForAll(grid::kCubic, [&](const std::string& name) {
         for (const double Tr : {0.55, 0.7, 0.85, 0.95, 0.99}) {
-            const double T = Tr * Declare::substance.Tcrit;
-            if (thermo::IdealGasCp(T).status != kSuccess) continue;
-            const thermo::SaturationValues z = thermo::SaturationFunctions(T);
+            const double T = Tr * legacy::the_substance.Tcrit;
+            if (models::IdealGasCp(T).status != kSuccess) continue;
+            const models::SaturationValues z = models::SaturationFunctions(T);
             ASSERT_EQ(z.status, kSuccess) << name << " " << Tr;
-            const Calc::Saturation sat = Calc::SaturationPressure(T);
+            const models::Saturation sat = models::SaturationPressure(T);
             ++states;
             EXPECT_NEAR(z.V.g - z.L.g, -(sat.areaV + sat.areaL), 1e-9 * (R * T + std::fabs(z.L.g)))
                 << name << " " << Tr;
@@ -44,25 +46,25 @@ TEST_F(SaturationFunctions, BothPhasesHaveTheSameGibbsFunction) {
 /// Clausius and Clapeyron: delta h = T delta v dp/dT, with the slope of the equation's own p(LV).
 TEST_F(SaturationFunctions, EnthalpyOfVaporisationIsThatOfClausiusAndClapeyron) {
     grid::ForAll(grid::kCubic, [&](const std::string& name) {
-        const Calc::Fluid fluid = Calc::CurrentFluid();
+        const models::Fluid fluid = models::CurrentFluid();
         for (const double Tr : {0.6, 0.8, 0.95}) {
-            const double T = Tr * Declare::substance.Tcrit;
-            const Calc::Saturation sat = Calc::maxwell_pressure(fluid, T);
+            const double T = Tr * legacy::the_substance.Tcrit;
+            const models::Saturation sat = models::maxwell_pressure(fluid, T);
             const auto ln_p = [&](oracle::Real x) {
                 return static_cast<oracle::Real>(
-                    std::log(Calc::maxwell_pressure(fluid, static_cast<double>(x)).p));
+                    std::log(models::maxwell_pressure(fluid, static_cast<double>(x)).p));
             };
             const auto slope = static_cast<double>(oracle::first_derivative(ln_p, T, 0.004 * T));
             const double expected = T * (sat.v[2] - sat.v[0]) * slope * sat.p;
 
             const auto h = [&](double v) {
-                return R * thermo::residual_functions(fluid, sat.state, T, sat.p, v)
-                               .residual[thermo::ResH];
+                return R * models::residual_functions(fluid, sat.state, T, sat.p, v)
+                               .residual[models::ResH];
             };
             EXPECT_NEAR(h(sat.v[2]) - h(sat.v[0]), expected, 1e-7 * expected) << name << " " << Tr;
             // Method 7 works at the pressure of the equal-area search with its own tolerance.
-            const Calc::EnthalpyOfVaporisationResult r =
-                Calc::EnthalpyOfVaporisation(7, T, 0, "KFR", false);
+            const models::EnthalpyOfVaporisationResult r =
+                models::EnthalpyOfVaporisation(7, T, 0, "KFR", false);
             ASSERT_EQ(r.status, kSuccess) << name << " " << Tr;
             EXPECT_NEAR(r.raw, expected, 1e-3 * expected) << name << " " << Tr;
         }
@@ -72,31 +74,32 @@ TEST_F(SaturationFunctions, EnthalpyOfVaporisationIsThatOfClausiusAndClapeyron) 
 TEST_F(SaturationFunctions, AtTheCriticalPointBothPhasesAreOne) {
     for (const std::int16_t code : grid::kCubic) {
         grid::Activate("Propane", code);
-        const thermo::SaturationValues z = thermo::SaturationFunctions(Declare::substance.Tcrit);
+        const models::SaturationValues z = models::SaturationFunctions(legacy::the_substance.Tcrit);
         ASSERT_EQ(z.status, kSuccess) << code;
-        EXPECT_EQ(z.p, Declare::substance.pcrit);
-        EXPECT_NEAR(z.vV, Declare::eosParameters.vcritCalc, 1e-12);
+        EXPECT_EQ(z.p, legacy::the_substance.pcrit);
+        EXPECT_NEAR(z.vV, legacy::the_eosParameters.vcritCalc, 1e-12);
         EXPECT_EQ(z.vV, z.vL);
         EXPECT_EQ(z.V.h, z.L.h);
         EXPECT_EQ(z.V.s, z.L.s);
         // Just below it both phases lie close to that state.
-        const thermo::SaturationValues below =
-            thermo::SaturationFunctions(0.9999 * Declare::substance.Tcrit);
-        EXPECT_NEAR(0.5 * (below.V.h + below.L.h), z.V.h, 0.02 * R * Declare::substance.Tcrit);
+        const models::SaturationValues below =
+            models::SaturationFunctions(0.9999 * legacy::the_substance.Tcrit);
+        EXPECT_NEAR(0.5 * (below.V.h + below.L.h), z.V.h, 0.02 * R * legacy::the_substance.Tcrit);
     }
 }
 
 /// Closer and closer to the critical point both phases still exist and close on each other.
 TEST_F(SaturationFunctions, ExistUpToTheCriticalPoint) {
     grid::ForAll(grid::kCubic, [&](const std::string& name) {
-        const double Tcrit = Declare::substance.Tcrit, vcrit = Declare::eosParameters.vcritCalc;
-        if (thermo::IdealGasCp(Tcrit).status != kSuccess) return;
+        const double Tcrit = legacy::the_substance.Tcrit,
+                     vcrit = legacy::the_eosParameters.vcritCalc;
+        if (models::IdealGasCp(Tcrit).status != kSuccess) return;
         for (const double gap : {1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-12}) {
             const double T = (1 - gap) * Tcrit;
             const std::string at = name + ", 1 - Tr " + std::to_string(gap);
-            const thermo::SaturationValues z = thermo::SaturationFunctions(T);
-            const Calc::EnthalpyOfVaporisationResult r =
-                Calc::EnthalpyOfVaporisation(7, T, 0, "KFR", false);
+            const models::SaturationValues z = models::SaturationFunctions(T);
+            const models::EnthalpyOfVaporisationResult r =
+                models::EnthalpyOfVaporisation(7, T, 0, "KFR", false);
             ASSERT_EQ(z.status, kSuccess) << at;
             ASSERT_EQ(r.status, kSuccess) << at;
             // A cubic equation closes its dome with the square root of the gap.
@@ -112,17 +115,17 @@ TEST_F(SaturationFunctions, ExistUpToTheCriticalPoint) {
 
 TEST_F(SaturationFunctions, FailWithoutEquilibrium) {
     grid::Activate("Propane", 6);
-    EXPECT_EQ(thermo::SaturationFunctions(370).status, kFailure);
-    EXPECT_EQ(thermo::SaturationFunctions(0).status, kFailure);
-    Declare::substance.M = 0;
+    EXPECT_EQ(models::SaturationFunctions(370).status, kFailure);
+    EXPECT_EQ(models::SaturationFunctions(0).status, kFailure);
+    legacy::the_substance.M = 0;
     grid::ActivateModel(6);
-    EXPECT_EQ(thermo::SaturationFunctions(Declare::substance.Tcrit).status, kFailure);
+    EXPECT_EQ(models::SaturationFunctions(legacy::the_substance.Tcrit).status, kFailure);
     grid::Activate("Propane", 16);
-    EXPECT_EQ(thermo::SaturationFunctions(300).status, kFailure);
-    EXPECT_EQ(thermo::SaturationFunctions(Declare::substance.Tcrit).status, kFailure);
+    EXPECT_EQ(models::SaturationFunctions(300).status, kFailure);
+    EXPECT_EQ(models::SaturationFunctions(legacy::the_substance.Tcrit).status, kFailure);
     grid::Activate("Propane", 6);
-    Declare::models.CpModel = 0;
-    EXPECT_EQ(thermo::SaturationFunctions(300).status, kFailure);
+    legacy::the_models.CpModel = 0;
+    EXPECT_EQ(models::SaturationFunctions(300).status, kFailure);
 }
 
 /// Saturation values of published reference equations (p/kPa, densities/kg m^-3, delta(LV)h/kJ
@@ -161,9 +164,9 @@ TEST_F(SaturationFunctions, OfPengRobinsonAgreeWithPublishedValuesWithinTheError
     for (const Published& x : kPublished) {
         grid::Activate(x.name, 6);
         const std::string at = std::string(x.name) + " at " + std::to_string(x.T);
-        const thermo::SaturationValues z = thermo::SaturationFunctions(x.T);
+        const models::SaturationValues z = models::SaturationFunctions(x.T);
         ASSERT_EQ(z.status, kSuccess) << at;
-        const double M = static_cast<double>(Declare::substance.M);
+        const double M = static_cast<double>(legacy::the_substance.M);
         const bool water = at.starts_with("Water");
         EXPECT_NEAR(off(z.p, x.p), 0, water ? 0.11 : 0.04) << at;
         EXPECT_NEAR(off(M / z.vV, x.rhoV), 0, water ? 0.11 : 0.05) << at;
@@ -177,9 +180,9 @@ TEST_F(SaturationFunctions, DatabaseFunctionsAgreeWithPublishedValues) {
     for (const Published& x : kPublished) {
         grid::Activate(x.name, 6);
         const std::string at = std::string(x.name) + " at " + std::to_string(x.T);
-        EXPECT_NEAR(off(Calc::DensityL(static_cast<float>(x.T), false).rho, x.rhoL), 0, 0.002)
+        EXPECT_NEAR(off(models::DensityL(static_cast<float>(x.T), false).rho, x.rhoL), 0, 0.002)
             << at;
-        EXPECT_NEAR(off(thermo::CpLiquid(x.T).cp, x.cpL), 0, 0.012) << at;
+        EXPECT_NEAR(off(models::CpLiquid(x.T).cp, x.cpL), 0, 0.012) << at;
     }
 }
 
@@ -192,12 +195,12 @@ TEST_F(SaturationFunctions, EveryMethodOfTheEnthalpyOfVaporisationAgreesWithPubl
         const auto nearest = [&](const Published& y) { return std::string(y.name) == x.name; };
         const Published& middle =
             *std::next(std::find_if(std::begin(kPublished), std::end(kPublished), nearest));
-        Declare::session.BensonReference = {
+        legacy::the_session.BensonReference = {
             static_cast<float>(middle.T), static_cast<float>(middle.p),
             static_cast<float>(middle.rhoL), static_cast<float>(middle.rhoV)};
         for (std::int16_t method = 1; method <= 7; ++method) {
-            const Calc::EnthalpyOfVaporisationResult r =
-                Calc::EnthalpyOfVaporisation(method, x.T, 0, "WAG", false);
+            const models::EnthalpyOfVaporisationResult r =
+                models::EnthalpyOfVaporisation(method, x.T, 0, "WAG", false);
             const std::string what = std::string(x.name) + " at " + std::to_string(x.T) +
                                      ", method " + std::to_string(method);
             EXPECT_EQ(r.status, kSuccess) << what;

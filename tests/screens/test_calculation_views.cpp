@@ -1,7 +1,11 @@
 #include <filesystem>
 
+#include "gui/calc_view_test.h"
 #include "screens/look.h"
-#include "views/calc_view_test.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
 
 namespace {
 
@@ -140,7 +144,7 @@ void CalculationScreens::lookAtData() {
     lookAt("frmTpvEdit", "frmTpvEdit_volumes");
     look::at(&frame, "frame_data" + suffix);
     click("cmdClose");
-    Declare::session.BatchMode = true;
+    legacy::the_session.BatchMode = true;
     choose("mnuCalc_2");
     click("cmdVor");
     lookAt("frmCalcOut", "frmCalcOut_batch");

@@ -1,5 +1,6 @@
 #include <QPainter>
 
+#include "app/menu_graph_rows.h"
 #include "diagrams/active_fluid.h"
 #include "diagrams/catalogue.h"
 #include "diagrams/coordinates.h"
@@ -9,10 +10,11 @@
 #include "diagrams/sheet_draw.h"
 #include "diagrams/sheet_marks.h"
 #include "diagrams/sheet_readout.h"
-#include "diagrams/views/chart2d_plot.h"
-#include "diagrams/views/chart_qt.h"
+#include "gui/chart/chart2d_plot.h"
+#include "gui/chart/chart_qt.h"
 #include "screens/look.h"
-#include "session/menu_graph_rows.h"
+
+using namespace quor;
 
 namespace {
 
@@ -33,30 +35,30 @@ class ContactSheet : public ActiveFluid {
 
     /// False when the menu refuses the row for this fluid.
     bool openRow(const menu::Row& row) {
-        Declare::diagram.DiagramType = row.code;
-        Declare::diagram.sectionKind = row.sectionKind;
-        Declare::diagram.axisPair = row.axisPair;
-        const bool opens = Module9::AnswerOf(Declare::diagram).opens;
+        legacy::the_diagram.DiagramType = row.code;
+        legacy::the_diagram.sectionKind = row.sectionKind;
+        legacy::the_diagram.axisPair = row.axisPair;
+        const bool opens = Module9::AnswerOf(legacy::the_diagram).opens;
         Module9::OpenDiagram2D();
-        if (opens) Module9::OpenSheet(sheet, Declare::diagram);
+        if (opens) Module9::OpenSheet(sheet, legacy::the_diagram);
         return opens;
     }
 
     /// Sub- and supercritical curves, the coexistence curve where it is offered, and a legend.
     void drawRow(const menu::Row& row) {
-        const Declare::SubstanceRecord& s = Declare::substance;
-        const Declare::CoordinateDefaults& d = Declare::coordinates;
+        const models::SubstanceRecord& s = legacy::the_substance;
+        const diagrams::CoordinateDefaults& d = legacy::the_coordinates;
         if (row.sectionKind == Module9::kProjection || row.sectionKind == Module9::kDatabase) {
             Module9::Draw(sheet);
         } else {
             for (const double reduced : {0.85, 1.05}) {
-                Declare::session.DiagramT = reduced * s.Tcrit;
-                Declare::session.DiagramP = (reduced < 1 ? 0.5 : 1.3) * s.pcrit;
-                Declare::session.DiagramV =
-                    (reduced < 1 ? 2.5 : 0.8) * Declare::eosParameters.vcritCalc;
+                legacy::the_session.DiagramT = reduced * s.Tcrit;
+                legacy::the_session.DiagramP = (reduced < 1 ? 0.5 : 1.3) * s.pcrit;
+                legacy::the_session.DiagramV =
+                    (reduced < 1 ? 2.5 : 0.8) * legacy::the_eosParameters.vcritCalc;
                 const bool overT = row.sectionKind == Module9::kIsobaric;
-                Declare::processLine.RangeStart = static_cast<double>(overT ? d.TMin : d.pMin);
-                Declare::processLine.RangeEnd = static_cast<double>(overT ? d.TMax : d.pMax);
+                legacy::the_processLine.RangeStart = static_cast<double>(overT ? d.TMin : d.pMin);
+                legacy::the_processLine.RangeEnd = static_cast<double>(overT ? d.TMax : d.pMax);
                 Module9::Draw(sheet);
             }
             if (Module9::OffersMark(sheet, Module9::Mark::Coexistence))

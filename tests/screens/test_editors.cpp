@@ -1,12 +1,16 @@
-#include "app/views/wiring.h"
+#include "app/main_window.h"
+#include "app/wiring.h"
 #include "datafiles/xy_file.h"
 #include "estimation/fit_state.h"
+#include "gui/editor_drive.h"
+#include "gui/view_test.h"
+#include "legacy/declare.h"
 #include "screens/look.h"
-#include "session/declare.h"
-#include "session/views/mdiQUOR.h"
 #include "support/databases.h"
-#include "views/editor_drive.h"
-#include "views/view_test.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
 
 namespace {
 
@@ -35,7 +39,7 @@ class EditorScreens : public ViewTest {
     ~EditorScreens() override {
         QApplication::setPalette(light_);
         estimation::fit = {};
-        Declare::xyPoints.clear();
+        legacy::the_xyPoints.clear();
     }
     void darken() {
         QPalette dark(QColor(0x30, 0x33, 0x36), QColor(0x30, 0x33, 0x36));
@@ -44,7 +48,7 @@ class EditorScreens : public ViewTest {
         QApplication::setPalette(dark);
     }
     static void sample(const char* name) {
-        LoadSaveData::XYLoad(std::string(QUOR_SOURCE_DATA) + "/samples/" + name);
+        datafiles::XYLoad(std::string(QUOR_SOURCE_DATA) + "/samples/" + name);
     }
 
     /// Pictures of all tabs of a view.
@@ -57,7 +61,7 @@ class EditorScreens : public ViewTest {
         }
     }
 
-    mdiQUOR frame;
+    MainWindow frame;
     const QPalette light_ = QApplication::palette();
 };
 
@@ -84,7 +88,7 @@ TEST_F(EditorScreens, XyEditor) {
     look::at(&frame, "xy_editor_empty");
     drive::find("frmManuInput")->parentWidget()->close();
     sample("benzene_vapour_pressure.XY");
-    Declare::xyPoints[2].mark = -1;
+    legacy::the_xyPoints[2].mark = -1;
     choose("mnuData_EditXY");
     click("cmdManip");
     drive::mark("XYListe", 4, 6);
@@ -115,7 +119,7 @@ TEST_F(EditorScreens, GroupContributions) {
     }
 }
 
-void look_at_fitting(mdiQUOR& frame, const QString& suffix) {
+void look_at_fitting(MainWindow& frame, const QString& suffix) {
     choose("mnuFitting");
     look::at(&frame, "fitting_menu" + suffix);
     tab("SSTab1", "Vapour pressure");

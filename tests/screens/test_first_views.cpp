@@ -1,13 +1,17 @@
 #include <QDialog>
 
-#include "app/views/wiring.h"
-#include "datafiles/views/frmCmnDlg.h"
+#include "app/help_viewer.h"
+#include "app/main_window.h"
+#include "app/wiring.h"
+#include "gui/data/file_view.h"
+#include "gui/view_test.h"
 #include "screens/look.h"
 #include "session/help_topics.h"
-#include "session/views/help_viewer.h"
-#include "session/views/mdiQUOR.h"
 #include "support/databases.h"
-#include "views/view_test.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
 
 namespace {
 
@@ -39,11 +43,11 @@ class Screens : public ViewTest {
 
     QString student() { return QString::fromStdString((folder() / "STUDENT.Q05").string()); }
 
-    mdiQUOR frame;
+    MainWindow frame;
     const QPalette light_ = QApplication::palette();
 };
 
-void look_at_all(mdiQUOR& frame, ScriptedDialogs& user, const QString& database,
+void look_at_all(MainWindow& frame, ScriptedDialogs& user, const QString& database,
                  const QString& suffix) {
     look::at(drive::find("frmTip"), "tip" + suffix);
     click("cmdOK");
@@ -103,10 +107,10 @@ void look_at_help_and_files(const std::filesystem::path& folder, const QString& 
         look::at(drive::find("frmCmnDlg"), "file_view" + suffix);
         click("cmdOpenCancel");
     });
-    frmCmnDlg::Choose({.title = "Open a batch-file of experimental data (*.BAQ)",
-                       .filter = "QUOR-specific file (*.BAQ)|*.BAQ",
-                       .folder = folder.string(),
-                       .defaultExtension = ".BAQ"});
+    FileView::Choose({.title = "Open a batch-file of experimental data (*.BAQ)",
+                      .filter = "QUOR-specific file (*.BAQ)|*.BAQ",
+                      .folder = folder.string(),
+                      .defaultExtension = ".BAQ"});
 }
 
 TEST_F(Screens, HelpAndFilesInLight) {

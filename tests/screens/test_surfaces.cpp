@@ -1,12 +1,15 @@
 #include <QPainter>
 
+#include "app/menu_graph_rows.h"
 #include "diagrams/active_fluid.h"
 #include "diagrams/prepare_3d.h"
 #include "diagrams/surface_sheet.h"
-#include "diagrams/views/chart3d_paint.h"
-#include "diagrams/views/frmGraph3D.h"
+#include "gui/chart/chart3d_paint.h"
+#include "gui/surfaces/surface_window.h"
 #include "screens/look.h"
-#include "session/menu_graph_rows.h"
+
+using namespace quor;
+using namespace quor::gui;
 
 namespace {
 
@@ -63,8 +66,8 @@ class SurfaceSheets : public ActiveFluid {
     }
 
     static void kind(std::int16_t code, bool SCurve, const QString& name) {
-        Declare::session.Diagram3DKind = code;
-        Declare::session.SCurve3D = SCurve;
+        legacy::the_session.Diagram3DKind = code;
+        legacy::the_session.SCurve3D = SCurve;
         Module9::Views3D() = {};
         Module9::PrepareDiagram3D();
         constexpr int kRows = (static_cast<int>(std::size(kLooks)) + kColumns - 1) / kColumns;
@@ -75,7 +78,7 @@ class SurfaceSheets : public ActiveFluid {
         for (const Look& look : kLooks) {
             Module9::SurfaceSheet sheet;
             Module9::OpenSurface(sheet);
-            EXPECT_TRUE(kurve::HasSurface(sheet.chart.surface)) << code;
+            EXPECT_TRUE(diagrams::HasSurface(sheet.chart.surface)) << code;
             if (code != 5) Module9::AddCriticalPoint(sheet.chart);
             look.apply(sheet.chart);
             const QRect cell(
@@ -104,10 +107,10 @@ TEST_F(SurfaceSheets, Propane) {
 
 TEST_F(SurfaceSheets, TheViewAndItsPanel) {
     activate("Carbon dioxide");
-    Declare::session.Diagram3DKind = 1;
+    legacy::the_session.Diagram3DKind = 1;
     graph3d_views::Install();
     Module9::PrepareDiagram3D();
-    frmGraph3D* view = frmGraph3D::current();
+    SurfaceWindow* view = SurfaceWindow::current();
     ASSERT_NE(view, nullptr);
     view->resize(1100, 720);
     look::at(view, "frmGraph3D");

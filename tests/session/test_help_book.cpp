@@ -1,4 +1,4 @@
-#include "session/help_book.h"
+#include "app/help_book.h"
 
 #include <gtest/gtest.h>
 
@@ -7,9 +7,11 @@
 #include <iterator>
 #include <set>
 
+#include "app/menu_catalogue.h"
 #include "models/model_tables.h"
 #include "session/help_topics.h"
-#include "session/menu_catalogue.h"
+
+using namespace quor;
 
 namespace {
 
@@ -56,7 +58,7 @@ TEST(HelpBook, EveryNumberOfTheViewsHasAPage) {
     }
     for (std::int16_t code = 0; code <= 16; ++code)
         EXPECT_TRUE(b.HasTopic(help::kEquationsOfState + code)) << code;
-    for (std::int16_t code = 0; !Calc::VPName(code).empty(); ++code)
+    for (std::int16_t code = 0; !models::VPName(code).empty(); ++code)
         EXPECT_TRUE(b.HasTopic(help::kVapourPressure + code)) << code;
     for (std::int16_t code = 0; code <= 7; ++code)
         EXPECT_TRUE(b.HasTopic(help::kVaporisation + code)) << code;

@@ -1,16 +1,18 @@
 #include <algorithm>
 #include <set>
 
+#include "app/menu_catalogue.h"
+#include "app/menu_commands.h"
 #include "session/actions.h"
-#include "session/menu_catalogue.h"
-#include "session/menu_commands.h"
 #include "session/module2.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::Command;
-using Declare::session;
+using legacy::the_session;
+using session::Command;
 
 class Menu : public SessionTest {
   protected:
@@ -145,9 +147,9 @@ TEST_F(Menu, DiagramRowsCarryTheirDiagrams) {
             EXPECT_EQ(r.sectionKind, e.sections[i]) << name;
             EXPECT_EQ(r.axisPair, e.axes[i]) << name;
             EXPECT_TRUE(menu::Prepare(r));
-            EXPECT_EQ(Declare::diagram.DiagramType, e.codes[i]);
-            EXPECT_EQ(Declare::diagram.sectionKind, e.sections[i]);
-            EXPECT_EQ(Declare::diagram.axisPair, e.axes[i]);
+            EXPECT_EQ(legacy::the_diagram.DiagramType, e.codes[i]);
+            EXPECT_EQ(legacy::the_diagram.sectionKind, e.sections[i]);
+            EXPECT_EQ(legacy::the_diagram.axisPair, e.axes[i]);
         }
     const auto diagrams = std::count_if(menu::Rows().begin(), menu::Rows().end(),
                                         [](const auto& r) { return r.action == "Diagram2D"; });
@@ -187,7 +189,7 @@ TEST_F(Menu, ACommandSwitchesItsRow) {
         {"mnuData_EditStoffdaten", Command::mnuData_EditStoffdaten}};
     for (const auto& [name, command] : rows) {
         EXPECT_FALSE(menu::Enabled(row(name))) << name;
-        Module2::SetCommands({command}, true);
+        session::SetCommands({command}, true);
         EXPECT_TRUE(menu::Enabled(row(name))) << name;
     }
     for (const char* always :
@@ -201,7 +203,7 @@ TEST_F(Menu, CaptionsFollowTheModeOfCalculation) {
     EXPECT_EQ(menu::Caption(row("mnuCalc_2")), "T, p         => rho, state L/V  + thermod. Fu.");
     EXPECT_EQ(menu::Caption(row("mnuCalc_3")), "p, rho      => T, state L/V     + thermod. Fu.");
     EXPECT_FALSE(menu::Visible(row("mnuCalc_1")));
-    session.BatchMode = true;
+    the_session.BatchMode = true;
     EXPECT_EQ(menu::Caption(row("mnuCalc_0")),
               "columns T, rho(V) => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(row("mnuCalc_1")),
@@ -216,19 +218,19 @@ TEST_F(Menu, CaptionsFollowTheModeOfCalculation) {
 TEST_F(Menu, TheVirialRowNamesParametersOnlyForACubicEquation) {
     EXPECT_EQ(menu::Caption(row("mnuCalc_18")),
               "T => Virial Coefficient B, Parameters of the CEOS");
-    Declare::models.EOSOnlyV = true;
+    legacy::the_models.EOSOnlyV = true;
     EXPECT_EQ(menu::Caption(row("mnuCalc_18")), "T => Virial Coefficient B");
 }
 
 TEST_F(Menu, TheTankIsForDirectOperation) {
     handleAll();
-    Module2::SetCommands({Command::mnuCalcMain, Command::toolTank, Command::needsLPhase}, true);
+    session::SetCommands({Command::mnuCalcMain, Command::toolTank, Command::needsLPhase}, true);
     const menu::ToolButton& tool = menu::ToolButtons().back();
     ASSERT_EQ(tool.index, 15);
     EXPECT_TRUE(menu::Enabled(row("mnuCalc_15")));
     EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
     EXPECT_TRUE(menu::Enabled(tool));
-    session.BatchMode = true;
+    the_session.BatchMode = true;
     EXPECT_FALSE(menu::Enabled(row("mnuCalc_15")));
     EXPECT_FALSE(menu::Enabled(row("mnuCalc_16")));
     EXPECT_FALSE(menu::Enabled(tool));
@@ -236,8 +238,8 @@ TEST_F(Menu, TheTankIsForDirectOperation) {
 
 TEST_F(Menu, TheGlobalTankNeedsALiquidFromTheEquationOfState) {
     handleAll();
-    Module2::SetCommands({Command::mnuCalcMain, Command::toolTank}, true);
-    Declare::models.PriorityCEOS = false;
+    session::SetCommands({Command::mnuCalcMain, Command::toolTank}, true);
+    legacy::the_models.PriorityCEOS = false;
     EXPECT_FALSE(menu::Enabled(row("mnuCalc_15")));
     EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
     EXPECT_TRUE(menu::Enabled(menu::ToolButtons().back()));
@@ -245,9 +247,9 @@ TEST_F(Menu, TheGlobalTankNeedsALiquidFromTheEquationOfState) {
 
 TEST_F(Menu, TheTankButtonGoesWithTheCalculationMenu) {
     handleAll();
-    Module2::SetCommands({Command::toolTank, Command::needsLPhase}, true);
+    session::SetCommands({Command::toolTank, Command::needsLPhase}, true);
     EXPECT_FALSE(menu::Enabled(menu::ToolButtons().back()));
-    Module2::SetCommands({Command::mnuCalcMain}, true);
+    session::SetCommands({Command::mnuCalcMain}, true);
     EXPECT_TRUE(menu::Enabled(menu::ToolButtons().back()));
 }
 
@@ -268,7 +270,7 @@ TEST_F(Menu, ToolButtonsBearTheirTips) {
 
 TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
     handleAll();
-    Declare::SubstanceRecord& s = Declare::substance;
+    models::SubstanceRecord& s = legacy::the_substance;
     const auto enabled = [](const std::string& name) { return menu::Enabled(row(name)); };
     const std::string first = "mnuCalc_sub_database_", second = "mnuCalc_sub_sub_database_";
     for (int i = 1; i <= 6; ++i) EXPECT_FALSE(enabled(first + std::to_string(i))) << i;
@@ -308,27 +310,27 @@ TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
 TEST_F(Menu, ParametersOfTheEOSNeedACompleteChoice) {
     handleAll();
     EXPECT_FALSE(menu::Enabled(row("mnuData_ParameterEOS")));
-    Module2::SetCommands({Command::mnuCalcMain}, true);
+    session::SetCommands({Command::mnuCalcMain}, true);
     EXPECT_TRUE(menu::Enabled(row("mnuData_ParameterEOS")));
 }
 
 TEST_F(Menu, SurfacesOfACubicEquationAskForTheRealBehaviour) {
-    Declare::models.EOSModel = 6;
+    legacy::the_models.EOSModel = 6;
     user.answers = {dialogs::Answer::No};
     EXPECT_TRUE(menu::Prepare(row("mnu3DSub_0")));
-    EXPECT_TRUE(session.SCurve3D);
-    EXPECT_EQ(session.Diagram3DKind, 1);
+    EXPECT_TRUE(the_session.SCurve3D);
+    EXPECT_EQ(the_session.Diagram3DKind, 1);
     EXPECT_EQ(user.lastText(),
               "Draw physically real behaviour?\n"
               "(No = Draw S-shaped curves in the undercritical region)");
     EXPECT_EQ(user.lastTitle(), "for cubic EOS only");
     user.answers = {dialogs::Answer::Yes};
     menu::Prepare(row("mnu3DSub_0"));
-    EXPECT_FALSE(session.SCurve3D);
+    EXPECT_FALSE(the_session.SCurve3D);
 
     const std::size_t asked = user.messages.size();
     menu::Prepare(row("mnu3DSub_5"));
-    Declare::models.EOSOnlyV = true;
+    legacy::the_models.EOSOnlyV = true;
     menu::Prepare(row("mnu3DSub_0"));
     EXPECT_EQ(user.messages.size(), asked);
 }
@@ -340,24 +342,24 @@ TEST_F(Menu, NewDataNeedASubstance) {
 }
 
 TEST_F(Menu, NewDataReplaceOldOnesOnlyAfterAYes) {
-    session.CurrentSubstance = 1;
-    session.BatchCount = 2;
-    session.BatchFile = "old.BAQ";
-    Declare::BatchData.assign(3, {.T = 300});
+    the_session.CurrentSubstance = 1;
+    the_session.BatchCount = 2;
+    the_session.BatchFile = "old.BAQ";
+    legacy::the_BatchData.assign(3, {.T = 300});
     user.answers = {dialogs::Answer::No};
     EXPECT_FALSE(menu::Prepare(row("mnuData_BatchInput")));
     EXPECT_EQ(user.lastText(),
               "Exspecting input of new data;\nthe existing set of data will be deleted.\n"
               "Do you want this?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(session.BatchCount, 2);
+    EXPECT_EQ(the_session.BatchCount, 2);
 
     user.answers = {dialogs::Answer::Yes};
     EXPECT_TRUE(menu::Prepare(row("mnuData_BatchInput")));
-    EXPECT_EQ(session.BatchCount, 0);
-    EXPECT_EQ(session.BatchFile, "");
-    EXPECT_EQ(Declare::BatchData[0].T, 300) << "the direct input stays";
-    EXPECT_EQ(Declare::BatchData[1].T, 0);
+    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(the_session.BatchFile, "");
+    EXPECT_EQ(legacy::the_BatchData[0].T, 300) << "the direct input stays";
+    EXPECT_EQ(legacy::the_BatchData[1].T, 0);
 }
 
 TEST_F(Menu, TheNoteOnSavingAProjectAppearsOnce) {
@@ -373,17 +375,17 @@ TEST_F(Menu, TheNoteOnSavingAProjectAppearsOnce) {
 }
 
 TEST_F(Menu, FittingForgetsTheMeasuredData) {
-    session.BatchCount = 5;
+    the_session.BatchCount = 5;
     menu::Prepare(row("mnuFitting"));
-    EXPECT_EQ(session.BatchCount, 0);
+    EXPECT_EQ(the_session.BatchCount, 0);
 }
 
 TEST_F(Menu, OpeningTheDataMenuOffersToEditWhatIsThere) {
     menu::OpenDataMenu();
-    EXPECT_FALSE(Module2::IsEnabled(Command::mnuData_BatchEdit));
-    session.BatchCount = 1;
+    EXPECT_FALSE(session::IsEnabled(Command::mnuData_BatchEdit));
+    the_session.BatchCount = 1;
     menu::OpenDataMenu();
-    EXPECT_TRUE(Module2::IsEnabled(Command::mnuData_BatchEdit));
+    EXPECT_TRUE(session::IsEnabled(Command::mnuData_BatchEdit));
 }
 
 TEST_F(Menu, AnActionMayReplaceItselfWhileItRuns) {

@@ -1,30 +1,32 @@
 #include "session/options.h"
 
-#include "session/menu_catalogue.h"
+#include "app/menu_catalogue.h"
 #include "session/module2.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 class Options : public SessionTest {
   protected:
     Options() {
-        Declare::substance = fluids::ReferencePropane();
-        Declare::models.EOSModel = 6;
-        Declare::eosParameters.vcritCalc = 0.2;
+        legacy::the_substance = fluids::ReferencePropane();
+        legacy::the_models.EOSModel = 6;
+        legacy::the_eosParameters.vcritCalc = 0.2;
     }
 };
 
 TEST_F(Options, OpenWithTheSettingsOfTheSession) {
-    session.CaloricUnit = 3;
-    session.UnitMode = 2;
-    session.BatchMode = true;
-    session.PointsPerCurve = 450;
-    session.PartialGasCurve = true;
-    const Module2::OptionChoice c = Module2::OpenOptions();
+    the_session.CaloricUnit = 3;
+    the_session.UnitMode = 2;
+    the_session.BatchMode = true;
+    the_session.PointsPerCurve = 450;
+    the_session.PartialGasCurve = true;
+    const session::OptionChoice c = session::OpenOptions();
     EXPECT_TRUE(c.specific && c.reduced && c.batch && c.partialGas && c.realRange);
     EXPECT_EQ(c.points, 450);
     EXPECT_TRUE(c.reducedPossible);
@@ -32,50 +34,50 @@ TEST_F(Options, OpenWithTheSettingsOfTheSession) {
 }
 
 TEST_F(Options, WithoutCriticalDataReducedUnitsAreNotOffered) {
-    Declare::substance.pcrit = 0;
-    session.UnitMode = 2;
-    EXPECT_FALSE(Module2::OpenOptions().reducedPossible);
-    EXPECT_EQ(session.UnitMode, 0);
+    legacy::the_substance.pcrit = 0;
+    the_session.UnitMode = 2;
+    EXPECT_FALSE(session::OpenOptions().reducedPossible);
+    EXPECT_EQ(the_session.UnitMode, 0);
 }
 
 TEST_F(Options, AVOnlyEquationHasNoSCurve) {
-    Declare::models.EOSOnlyV = true;
-    EXPECT_FALSE(Module2::OpenOptions().sCurvePossible);
+    legacy::the_models.EOSOnlyV = true;
+    EXPECT_FALSE(session::OpenOptions().sCurvePossible);
 }
 
 TEST_F(Options, SpecificUnitsSetFactorsAndLabels) {
-    Module2::OptionChoice c = Module2::OpenOptions();
+    session::OptionChoice c = session::OpenOptions();
     c.specific = true;
-    ASSERT_TRUE(Module2::ApplyOptions(c));
-    const double M = static_cast<double>(Declare::substance.M);
-    EXPECT_EQ(session.CaloricUnit, 3);
-    EXPECT_EQ(session.UnitMode, 1);
-    EXPECT_DOUBLE_EQ(session.CaloricFactor, 1 / M);
-    EXPECT_DOUBLE_EQ(session.VolumeFactor, 1 / M);
-    EXPECT_EQ(session.VolumeLabel, "m^3/kg  ");
-    EXPECT_TRUE(session.UnitsChanged);
-    ASSERT_TRUE(Module2::ApplyOptions(Module2::OpenOptions()));
-    EXPECT_FALSE(session.UnitsChanged) << "nothing changed the second time";
+    ASSERT_TRUE(session::ApplyOptions(c));
+    const double M = static_cast<double>(legacy::the_substance.M);
+    EXPECT_EQ(the_session.CaloricUnit, 3);
+    EXPECT_EQ(the_session.UnitMode, 1);
+    EXPECT_DOUBLE_EQ(the_session.CaloricFactor, 1 / M);
+    EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 1 / M);
+    EXPECT_EQ(the_session.VolumeLabel, "m^3/kg  ");
+    EXPECT_TRUE(the_session.UnitsChanged);
+    ASSERT_TRUE(session::ApplyOptions(session::OpenOptions()));
+    EXPECT_FALSE(the_session.UnitsChanged) << "nothing changed the second time";
 }
 
 TEST_F(Options, ReducedUnitsOverrideTheVolumeUnit) {
-    Module2::OptionChoice c = Module2::OpenOptions();
+    session::OptionChoice c = session::OpenOptions();
     c.reduced = true;
-    ASSERT_TRUE(Module2::ApplyOptions(c));
-    EXPECT_EQ(session.UnitMode, 2);
-    EXPECT_DOUBLE_EQ(session.VolumeFactor, 5.0);
-    EXPECT_EQ(session.TemperatureLabel, "p(red)");
+    ASSERT_TRUE(session::ApplyOptions(c));
+    EXPECT_EQ(the_session.UnitMode, 2);
+    EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 5.0);
+    EXPECT_EQ(the_session.TemperatureLabel, "p(red)");
 }
 
 TEST_F(Options, WithoutMolarMassSpecificUnitsAreRefusedAndNothingChanges) {
-    Declare::substance.M = 0;
-    Module2::OptionChoice c = Module2::OpenOptions();
+    legacy::the_substance.M = 0;
+    session::OptionChoice c = session::OpenOptions();
     c.specific = true;
     c.batch = true;
-    EXPECT_FALSE(Module2::ApplyOptions(c));
+    EXPECT_FALSE(session::ApplyOptions(c));
     EXPECT_EQ(user.lastText(), "Division by zero");
-    EXPECT_EQ(session.CaloricUnit, 0);
-    EXPECT_FALSE(session.BatchMode);
+    EXPECT_EQ(the_session.CaloricUnit, 0);
+    EXPECT_FALSE(the_session.BatchMode);
 }
 
 TEST_F(Options, TheCalculationMenuFollowsTheMode) {
@@ -83,9 +85,9 @@ TEST_F(Options, TheCalculationMenuFollowsTheMode) {
     const menu::Row* second = menu::Find("mnuCalc_1");
     const menu::Row* tank = menu::Find("mnuCalc_15");
     ASSERT_TRUE(first != nullptr && second != nullptr && tank != nullptr);
-    Module2::OptionChoice c = Module2::OpenOptions();
+    session::OptionChoice c = session::OpenOptions();
     c.batch = true;
-    Module2::ApplyOptions(c);
+    session::ApplyOptions(c);
     EXPECT_EQ(menu::Caption(*first), "columns T, rho(V) => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(*second), "columns T, rho(L) => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(*menu::Find("mnuCalc_2")),
@@ -95,7 +97,7 @@ TEST_F(Options, TheCalculationMenuFollowsTheMode) {
     EXPECT_TRUE(menu::Visible(*second));
     EXPECT_FALSE(menu::Allowed(*tank));
     c.batch = false;
-    Module2::ApplyOptions(c);
+    session::ApplyOptions(c);
     EXPECT_EQ(menu::Caption(*first), "T, rho      => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(*menu::Find("mnuCalc_2")),
               "T, p         => rho, state L/V  + thermod. Fu.");
@@ -105,18 +107,18 @@ TEST_F(Options, TheCalculationMenuFollowsTheMode) {
 }
 
 TEST_F(Options, PointsStayWithinTheirRange) {
-    Module2::OptionChoice c = Module2::OpenOptions();
+    session::OptionChoice c = session::OpenOptions();
     c.points = 5000;
-    Module2::ApplyOptions(c);
-    EXPECT_EQ(session.PointsPerCurve, Module2::kMaxPoints);
+    session::ApplyOptions(c);
+    EXPECT_EQ(the_session.PointsPerCurve, session::kMaxPoints);
 }
 
 TEST_F(Options, DiagramLimitsAreDerivedAgain) {
     static int calls = 0;
     calls = 0;
-    Module2::OnOptionsApplied([] { ++calls; });
-    Module2::ApplyOptions(Module2::OpenOptions());
-    Module2::OnOptionsApplied(nullptr);
+    session::OnOptionsApplied([] { ++calls; });
+    session::ApplyOptions(session::OpenOptions());
+    session::OnOptionsApplied(nullptr);
     EXPECT_EQ(calls, 1);
 }
 

@@ -7,9 +7,11 @@
 #include "support/fluids.h"
 #include "support/session_test.h"
 
+using namespace quor;
+
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 class Session : public SessionTest {
   protected:
@@ -19,34 +21,34 @@ class Session : public SessionTest {
 };
 
 TEST_F(Session, StartsWithItsDefaults) {
-    EXPECT_EQ(session.CalcMode, 0);
-    EXPECT_TRUE(session.GlobalCalculation);
-    EXPECT_TRUE(session.LiquidByBenson);
-    EXPECT_EQ(session.PointsPerCurve, 300);
-    EXPECT_EQ(session.CsvSeparator, ';');
-    EXPECT_EQ(session.IsoFunction, 1);
-    EXPECT_EQ(session.IsoTp, 2);
-    EXPECT_EQ(Declare::models.EOSModel, -1);
-    EXPECT_EQ(Declare::models.VPCode, "0");
-    EXPECT_EQ(Declare::reference.RefMode, 1);
-    EXPECT_FLOAT_EQ(Declare::reference.p0, 101.325F);
-    EXPECT_EQ(Declare::BatchData.size(), 2U);
-    EXPECT_EQ(Declare::ResultRecords.size(), 3U);
-    EXPECT_EQ(session.LastSessionFile, (folder() / "QuorLastSession.QCF").string());
-    EXPECT_FALSE(Module2::IsEnabled(Declare::Command::mnuCalcMain));
-    EXPECT_FALSE(session.DecimalComma);
+    EXPECT_EQ(the_session.CalcMode, 0);
+    EXPECT_TRUE(the_session.GlobalCalculation);
+    EXPECT_TRUE(the_session.LiquidByBenson);
+    EXPECT_EQ(the_session.PointsPerCurve, 300);
+    EXPECT_EQ(the_session.CsvSeparator, ';');
+    EXPECT_EQ(the_session.IsoFunction, 1);
+    EXPECT_EQ(the_session.IsoTp, 2);
+    EXPECT_EQ(legacy::the_models.EOSModel, -1);
+    EXPECT_EQ(legacy::the_models.VPCode, "0");
+    EXPECT_EQ(legacy::the_reference.RefMode, 1);
+    EXPECT_FLOAT_EQ(legacy::the_reference.p0, 101.325F);
+    EXPECT_EQ(legacy::the_BatchData.size(), 2U);
+    EXPECT_EQ(legacy::the_ResultRecords.size(), 3U);
+    EXPECT_EQ(the_session.LastSessionFile, (folder() / "QuorLastSession.QCF").string());
+    EXPECT_FALSE(session::IsEnabled(session::Command::mnuCalcMain));
+    EXPECT_FALSE(the_session.DecimalComma);
 }
 
 TEST_F(Session, DecimalCommaFollowsTheLocale) {
     numbers::set_decimal_mark(',');
-    Module2::ResetEverything();
-    EXPECT_TRUE(session.DecimalComma);
+    session::ResetEverything();
+    EXPECT_TRUE(the_session.DecimalComma);
 }
 
 TEST_F(Session, ReducedUnitsWithoutCriticalVolumeFallBackToMolar) {
-    Declare::substance.Tcrit = 0;
+    legacy::the_substance.Tcrit = 0;
     std::int16_t mode = 2;
-    const Module2::UnitLabels u = Module2::SetUnits(mode);
+    const session::UnitLabels u = session::SetUnits(mode);
     EXPECT_EQ(mode, 0);
     EXPECT_EQ(u.VolumeLabel, "m^3/kmol");
     EXPECT_EQ(u.TemperatureLabel, "K");
@@ -54,102 +56,102 @@ TEST_F(Session, ReducedUnitsWithoutCriticalVolumeFallBackToMolar) {
 }
 
 TEST_F(Session, ReducedUnitsNameThePressureInTheLabelOfT) {
-    Declare::substance = fluids::ReferencePropane();
-    Declare::eosParameters.vcritCalc = 0.25;
+    legacy::the_substance = fluids::ReferencePropane();
+    legacy::the_eosParameters.vcritCalc = 0.25;
     std::int16_t mode = 2;
-    const Module2::UnitLabels u = Module2::SetUnits(mode);
+    const session::UnitLabels u = session::SetUnits(mode);
     EXPECT_EQ(u.TemperatureLabel, "p(red)");
     EXPECT_EQ(u.PressureLabel, "kPa");
     EXPECT_EQ(u.VolumeLabel, "V(red)");
     EXPECT_DOUBLE_EQ(u.Factor, 4.0);
-    EXPECT_FLOAT_EQ(session.TemperatureFactor, static_cast<float>(1.0 / 369.89));
-    EXPECT_FLOAT_EQ(session.PressureFactor, static_cast<float>(1.0 / 4251.2));
+    EXPECT_FLOAT_EQ(the_session.TemperatureFactor, static_cast<float>(1.0 / 369.89));
+    EXPECT_FLOAT_EQ(the_session.PressureFactor, static_cast<float>(1.0 / 4251.2));
 }
 
 TEST_F(Session, SpecificUnitsDivideByTheMolarMass) {
-    Declare::substance.M = 44.0F;
+    legacy::the_substance.M = 44.0F;
     std::int16_t mode = 1;
-    const Module2::UnitLabels u = Module2::SetUnits(mode);
+    const session::UnitLabels u = session::SetUnits(mode);
     EXPECT_DOUBLE_EQ(u.Factor, 1.0 / 44.0);
     EXPECT_EQ(u.VolumeLabel, "m^3/kg  ");
 }
 
 TEST_F(Session, CaloricFactorFollowsItsUnitForm) {
-    Declare::substance.M = 50.0F;
-    EXPECT_DOUBLE_EQ(Module2::CaloricFactorOf(0, 300), 1.0);
-    EXPECT_DOUBLE_EQ(Module2::CaloricFactorOf(1, 300), 1 / 8.31451);
-    EXPECT_DOUBLE_EQ(Module2::CaloricFactorOf(2, 300), 1 / (8.31451 * 300));
-    EXPECT_DOUBLE_EQ(Module2::CaloricFactorOf(3, 300), 1 / 50.0);
+    legacy::the_substance.M = 50.0F;
+    EXPECT_DOUBLE_EQ(session::CaloricFactorOf(0, 300), 1.0);
+    EXPECT_DOUBLE_EQ(session::CaloricFactorOf(1, 300), 1 / 8.31451);
+    EXPECT_DOUBLE_EQ(session::CaloricFactorOf(2, 300), 1 / (8.31451 * 300));
+    EXPECT_DOUBLE_EQ(session::CaloricFactorOf(3, 300), 1 / 50.0);
 }
 
 TEST_F(Session, BusyPointerNests) {
-    Module2::BeginBusy();
-    Module2::BeginBusy();
-    Module2::EndBusy();
+    session::BeginBusy();
+    session::BeginBusy();
+    session::EndBusy();
     EXPECT_EQ(user.pointer, std::vector<bool>{true});
-    Module2::EndBusy();
+    session::EndBusy();
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
 }
 
 TEST_F(Session, ProtocolNamesCountUp) {
-    EXPECT_EQ(Module2::NewProtocolFileName(), "26151101.CSV");
+    EXPECT_EQ(session::NewProtocolFileName(), "26151101.CSV");
     write("26151101.CSV", "");
     write("26151102.CSV", "x");
-    EXPECT_EQ(Module2::NewProtocolFileName(), "26151103.CSV");
+    EXPECT_EQ(session::NewProtocolFileName(), "26151103.CSV");
 }
 
 TEST_F(Session, ShortenPathKeepsTheStartAndTheEnd) {
-    EXPECT_EQ(Module2::ShortenPath("C:\\short.txt", 50), "C:\\short.txt");
-    EXPECT_EQ(Module2::ShortenPath("C:\\one\\two\\three\\four\\five.txt", 20),
+    EXPECT_EQ(session::ShortenPath("C:\\short.txt", 50), "C:\\short.txt");
+    EXPECT_EQ(session::ShortenPath("C:\\one\\two\\three\\four\\five.txt", 20),
               "C:\\...\\four\\five.txt");
-    EXPECT_EQ(Module2::ShortenPath("/home/user/one/two/five.txt", 18), "/ho.../two/five.txt");
+    EXPECT_EQ(session::ShortenPath("/home/user/one/two/five.txt", 18), "/ho.../two/five.txt");
 }
 
 TEST_F(Session, FilesAreLookedUpInTheProgramsFolder) {
     write("A.TXT", "x");
-    EXPECT_TRUE(Module2::FileExists("A.TXT"));
-    EXPECT_FALSE(Module2::FileExists(""));
-    EXPECT_FALSE(Module2::FileExists("B.TXT"));
-    EXPECT_TRUE(Module2::FileExists((folder() / "A.TXT").string()));
-    EXPECT_EQ(Module2::FileTitle("a/b\\C.Q05"), "C.Q05");
-    EXPECT_EQ(Module2::FolderOf("a/b\\C.Q05"), "a/b\\");
+    EXPECT_TRUE(session::FileExists("A.TXT"));
+    EXPECT_FALSE(session::FileExists(""));
+    EXPECT_FALSE(session::FileExists("B.TXT"));
+    EXPECT_TRUE(session::FileExists((folder() / "A.TXT").string()));
+    EXPECT_EQ(session::FileTitle("a/b\\C.Q05"), "C.Q05");
+    EXPECT_EQ(session::FolderOf("a/b\\C.Q05"), "a/b\\");
 }
 
 TEST_F(Session, AProgramFolderThatCannotBeWrittenSendsNewFilesToTheUsersFolder) {
-    Module2::SetProgramFolder(folder() / "missing", folder() / "user");
-    EXPECT_EQ(Module2::WriteFolder(), folder() / "user");
+    session::SetProgramFolder(folder() / "missing", folder() / "user");
+    EXPECT_EQ(session::WriteFolder(), folder() / "user");
     EXPECT_TRUE(std::filesystem::is_directory(folder() / "user"));
-    Module2::SetProgramFolder(folder());
-    EXPECT_EQ(Module2::WriteFolder(), folder());
+    session::SetProgramFolder(folder());
+    EXPECT_EQ(session::WriteFolder(), folder());
 }
 
 TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
-    using Declare::Command;
+    using session::Command;
     const auto needing = {Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting,
                           Command::mnu2D,       Command::mnu3D,      Command::mnuData_SaveProject,
                           Command::toolSave};
-    Module2::SetCommands(needing, true);
-    session.CurrentSubstance = 7;
-    session.BatchMode = true;
-    Declare::models.HLVModel = 3;
-    Module2::ResetSession();
-    for (const Command c : needing) EXPECT_FALSE(Module2::IsEnabled(c));
-    EXPECT_EQ(session.CurrentSubstance, 0);
-    EXPECT_FALSE(session.BatchMode);
-    EXPECT_EQ(Declare::models.HLVModel, 0);
-    EXPECT_EQ(Declare::reference.RefMode, 1);
+    session::SetCommands(needing, true);
+    the_session.CurrentSubstance = 7;
+    the_session.BatchMode = true;
+    legacy::the_models.HLVModel = 3;
+    session::ResetSession();
+    for (const Command c : needing) EXPECT_FALSE(session::IsEnabled(c));
+    EXPECT_EQ(the_session.CurrentSubstance, 0);
+    EXPECT_FALSE(the_session.BatchMode);
+    EXPECT_EQ(legacy::the_models.HLVModel, 0);
+    EXPECT_EQ(legacy::the_reference.RefMode, 1);
 }
 
 TEST(ModelTables, NamesAreFixedWidthAndCodesInvert) {
-    EXPECT_EQ(Calc::EOSName(6), "CEOS Peng / Robinson               ");
-    EXPECT_EQ(Calc::EOSName(16).size(), 35U);
-    EXPECT_EQ(Calc::EOSName(9), "");
-    EXPECT_EQ(Calc::VPIndex("WAG"), 4);
-    EXPECT_EQ(Calc::VPIndex("xxx"), 0);
-    EXPECT_EQ(Calc::VPCode(8), "THO");
-    EXPECT_EQ(Calc::FunctionLabel(14), "     ln (phi*)");
-    EXPECT_TRUE(Calc::IsVOnlyEOS(0));
-    EXPECT_FALSE(Calc::IsVOnlyEOS(6));
+    EXPECT_EQ(models::EOSName(6), "CEOS Peng / Robinson               ");
+    EXPECT_EQ(models::EOSName(16).size(), 35U);
+    EXPECT_EQ(models::EOSName(9), "");
+    EXPECT_EQ(models::VPIndex("WAG"), 4);
+    EXPECT_EQ(models::VPIndex("xxx"), 0);
+    EXPECT_EQ(models::VPCode(8), "THO");
+    EXPECT_EQ(models::FunctionLabel(14), "     ln (phi*)");
+    EXPECT_TRUE(models::IsVOnlyEOS(0));
+    EXPECT_FALSE(models::IsVOnlyEOS(6));
 }
 
 }  // namespace

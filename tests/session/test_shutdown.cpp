@@ -1,49 +1,51 @@
 #include <fstream>
 
+#include "app/tips.h"
 #include "session/module2.h"
 #include "session/shutdown.h"
-#include "session/tips.h"
 #include "support/session_test.h"
+
+using namespace quor;
 
 namespace {
 
-using Declare::session;
+using legacy::the_session;
 
 class Shutdown : public SessionTest {
   protected:
     Shutdown() {
-        Module2::shutdownHooks() = {
+        session::shutdownHooks() = {
             .writeProtocol = [this] { calls.push_back("protocol"); },
             .saveLastSession = [this](const std::string& file) { calls.push_back("save " + file); },
             .closeFiles = [this] { calls.push_back("files"); },
             .closeHelp = [this] { calls.push_back("help"); }};
     }
-    ~Shutdown() override { Module2::shutdownHooks() = {}; }
+    ~Shutdown() override { session::shutdownHooks() = {}; }
 
     std::vector<std::string> calls;
 };
 
 TEST_F(Shutdown, WithoutADatabaseNoLastSessionIsWritten) {
-    Module2::Shutdown();
+    session::Shutdown();
     EXPECT_EQ(calls, (std::vector<std::string>{"files", "help"}));
 }
 
 TEST_F(Shutdown, PendingProtocolComesFirstAndTheSessionAfterIt) {
-    session.ProtocolPending = true;
-    session.DatabaseFile = "STUDENT.Q05";
-    Module2::Shutdown();
+    the_session.ProtocolPending = true;
+    the_session.DatabaseFile = "STUDENT.Q05";
+    session::Shutdown();
     EXPECT_EQ(calls, (std::vector<std::string>{
                          "protocol", "save " + (folder() / "QuorLastSession.QCF").string(), "files",
                          "help"}));
 }
 
 TEST_F(Shutdown, AnEmptyProtocolFileIsDeletedAndOneWithDataStays) {
-    const std::filesystem::path file = folder() / session.ProtocolFile;
+    const std::filesystem::path file = folder() / the_session.ProtocolFile;
     std::ofstream(file) << "";
-    Module2::Shutdown();
+    session::Shutdown();
     EXPECT_FALSE(std::filesystem::exists(file));
     std::ofstream(file) << "x";
-    Module2::Shutdown();
+    session::Shutdown();
     EXPECT_TRUE(std::filesystem::exists(file));
 }
 
@@ -51,16 +53,16 @@ TEST_F(Shutdown, AProtocolFileWithAFolderIsFoundThere) {
     std::filesystem::create_directory(folder() / "sub");
     const std::filesystem::path file = folder() / "sub" / "P.CSV";
     std::ofstream(file) << "";
-    session.ProtocolFile = file.string();
-    Module2::Shutdown();
+    the_session.ProtocolFile = file.string();
+    session::Shutdown();
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 TEST_F(Shutdown, WithoutHooksNothingHappens) {
-    Module2::shutdownHooks() = {};
-    session.ProtocolPending = true;
-    session.DatabaseFile = "STUDENT.Q05";
-    EXPECT_NO_THROW(Module2::Shutdown());
+    session::shutdownHooks() = {};
+    the_session.ProtocolPending = true;
+    the_session.DatabaseFile = "STUDENT.Q05";
+    EXPECT_NO_THROW(session::Shutdown());
 }
 
 class Tips : public SessionTest {
@@ -72,43 +74,43 @@ class Tips : public SessionTest {
 
 TEST_F(Tips, StartAtARandomLineAndWrapAround) {
     write("QUORTIPS_E.TXT", "one\r\ntwo\r\nthree\r\n");
-    Module2::Tips tips = Module2::LoadTips(4);
+    session::Tips tips = session::LoadTips(4);
     ASSERT_EQ(tips.lines.size(), 3U);
-    EXPECT_EQ(Module2::CurrentTip(tips), "two");
-    Module2::NextTip(tips);
-    EXPECT_EQ(Module2::CurrentTip(tips), "three");
-    Module2::NextTip(tips);
-    EXPECT_EQ(Module2::CurrentTip(tips), "one");
+    EXPECT_EQ(session::CurrentTip(tips), "two");
+    session::NextTip(tips);
+    EXPECT_EQ(session::CurrentTip(tips), "three");
+    session::NextTip(tips);
+    EXPECT_EQ(session::CurrentTip(tips), "one");
 }
 
 TEST_F(Tips, AreReadInTheCodePageOfTheTextFiles) {
     write("QUORTIPS.TXT", "gr\xFC\xDF\n");
-    session.EnglishUi = false;
-    EXPECT_EQ(Module2::CurrentTip(Module2::LoadTips(0)), "grüß");
+    the_session.EnglishUi = false;
+    EXPECT_EQ(session::CurrentTip(session::LoadTips(0)), "grüß");
 }
 
 TEST_F(Tips, AMissingFileIsToldAndLeavesNothing) {
-    Module2::Tips tips = Module2::LoadTips(3);
+    session::Tips tips = session::LoadTips(3);
     EXPECT_TRUE(tips.missing);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "The file QUORTIPS_E.TXTnot found in the QUOR directory ");
-    Module2::NextTip(tips);
-    EXPECT_EQ(Module2::CurrentTip(tips), "");
+    session::NextTip(tips);
+    EXPECT_EQ(session::CurrentTip(tips), "");
 }
 
 TEST_F(Tips, AnEmptyFileShowsNothing) {
     write("QUORTIPS_E.TXT", "\r\n\r\n");
-    Module2::Tips tips = Module2::LoadTips(7);
+    session::Tips tips = session::LoadTips(7);
     EXPECT_FALSE(tips.missing);
-    EXPECT_EQ(Module2::CurrentTip(tips), "");
+    EXPECT_EQ(session::CurrentTip(tips), "");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Tips, StayHiddenOnlyWhenSwitchedOffAndNotAskedFor) {
-    EXPECT_TRUE(Module2::TipsStayHidden(false, false));
-    EXPECT_FALSE(Module2::TipsStayHidden(false, true));
-    EXPECT_FALSE(Module2::TipsStayHidden(true, false));
-    EXPECT_FALSE(Module2::TipsStayHidden(true, true));
+    EXPECT_TRUE(session::TipsStayHidden(false, false));
+    EXPECT_FALSE(session::TipsStayHidden(false, true));
+    EXPECT_FALSE(session::TipsStayHidden(true, false));
+    EXPECT_FALSE(session::TipsStayHidden(true, true));
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 
 #include "datafiles/database_table.h"
 
+using namespace quor;
+
 namespace databases {
 
 namespace {
@@ -40,9 +42,9 @@ std::vector<std::string> heads() {
 }
 
 void write_csv(const std::filesystem::path& file, const std::string& csv) {
-    const LoadSaveData::DatabaseTable table = LoadSaveData::ReadDatabaseTable(csv);
+    const datafiles::DatabaseTable table = datafiles::ReadDatabaseTable(csv);
     if (!table.errors.empty()) throw std::runtime_error(table.errors.front());
-    std::ofstream(file, std::ios::binary) << LoadSaveData::DatabaseBytes(table.records);
+    std::ofstream(file, std::ios::binary) << datafiles::DatabaseBytes(table.records);
 }
 
 }  // namespace

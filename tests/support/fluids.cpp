@@ -7,6 +7,8 @@
 #include <sstream>
 #include <stdexcept>
 
+using namespace quor;
+
 namespace fluids {
 
 namespace {
@@ -73,18 +75,18 @@ double round4(double x) {
     return std::floor(x * 10000.0 + 0.5) / 10000.0;
 }
 
-void read_cp(const Reader& in, const std::string& name, Declare::CpSet& set) {
+void read_cp(const Reader& in, const std::string& name, models::CpSet& set) {
     in.fill(set.c, name + "_", 0);
     set.TLo = in.t(name + "_TLo");
     set.THi = in.t(name + "_THi");
 }
 
-bool has_ideal(const Declare::CpSet& s) {
+bool has_ideal(const models::CpSet& s) {
     return std::fabs(static_cast<double>(s.TLo) * static_cast<double>(s.c[0]) *
                      static_cast<double>(s.THi)) > 1e-6;
 }
 
-bool has_condensed(const Declare::CpSet& s) {
+bool has_condensed(const models::CpSet& s) {
     return (std::fabs(s.c[0]) > 1e-6F || std::fabs(s.c[1]) > 1e-6F) && s.TLo > 0 && s.THi > 0;
 }
 
@@ -96,11 +98,11 @@ std::vector<std::string> AllNames() {
     return names;
 }
 
-Declare::SubstanceRecord Row(std::string_view name) {
+models::SubstanceRecord Row(std::string_view name) {
     for (const CsvRow& row : table()) {
         if (row.at("name_en") != name) continue;
         const Reader in{row};
-        Declare::SubstanceRecord s;
+        models::SubstanceRecord s;
         s.Name = row.at("name_en");
         s.Formula = s.FormulaCompact = row.at("formula");
         s.CASRN = row.at("casrn");
@@ -158,12 +160,12 @@ Declare::SubstanceRecord Row(std::string_view name) {
     throw std::runtime_error("no such substance: " + std::string(name));
 }
 
-Declare::SubstanceRecord ReferencePropane() {
+models::SubstanceRecord ReferencePropane() {
     static const Json fluid = [] {
         std::ifstream in(std::string(QUOR_TEST_DATA) + "/reference_propane.json");
         return Json::parse(in).at("substance");
     }();
-    Declare::SubstanceRecord s;
+    models::SubstanceRecord s;
     s.Name = fluid.at("Name");
     s.Formula = s.FormulaCompact = fluid.at("Formula");
     s.CASRN = fluid.at("CASRN");

@@ -7,6 +7,8 @@
 #include "models/model_tables.h"
 #include "support/fluids.h"
 
+using namespace quor;
+
 namespace reference {
 
 using nlohmann::json;
@@ -23,27 +25,27 @@ std::vector<json> Cases(const std::string& function) {
 }
 
 void Activate(const json& inputs) {
-    Declare::substance = fluids::ReferencePropane();
-    Declare::ModelSelection& m = Declare::models;
+    legacy::the_substance = fluids::ReferencePropane();
+    models::ModelSelection& m = legacy::the_models;
     m = {};
     m.EOSModel = inputs.value("EOSModel", std::int16_t{6});
-    m.EOSOnlyV = Calc::IsVOnlyEOS(m.EOSModel);
+    m.EOSOnlyV = models::IsVOnlyEOS(m.EOSModel);
     m.VPCode = inputs.value("VPCode", std::string("000"));
-    m.VPModel = Calc::VPIndex(m.VPCode);
+    m.VPModel = models::VPIndex(m.VPCode);
     m.CpModel = inputs.value("CpModel", std::int16_t{2});
     m.WatsonN = inputs.value("WatsonN", 0.38F);
     if (inputs.contains("jt")) {
         const json& jt = inputs.at("jt");
-        Declare::jiTorvik = {};
-        Declare::jiTorvik.jtM = jt.at("M");
-        Declare::jiTorvik.jtP = jt.at("P");
-        Declare::jiTorvik.jtQ = jt.at("Q");
-        Declare::jiTorvik.jtZc = jt.at("Zc");
-        Declare::jiTorvik.jtK = jt.at("K");
+        legacy::the_jiTorvik = {};
+        legacy::the_jiTorvik.jtM = jt.at("M");
+        legacy::the_jiTorvik.jtP = jt.at("P");
+        legacy::the_jiTorvik.jtQ = jt.at("Q");
+        legacy::the_jiTorvik.jtZc = jt.at("Zc");
+        legacy::the_jiTorvik.jtK = jt.at("K");
     }
-    Calc::GiveJiTorvikParameters(true);
-    Calc::CalcEOSParameters(m.EOSModel);
-    Calc::GiveJiTorvikParameters(false);
+    models::GiveJiTorvikParameters(true);
+    models::CalcEOSParameters(m.EOSModel);
+    models::GiveJiTorvikParameters(false);
 }
 
 }  // namespace reference

@@ -1,5 +1,7 @@
 #include "support/scripted_dialogs.h"
 
+using namespace quor;
+
 namespace {
 
 template <class T>

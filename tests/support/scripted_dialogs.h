@@ -7,6 +7,8 @@
 
 #include "common/dialogs.h"
 
+using namespace quor;
+
 /// Stands in for the user: records everything the system shows and answers from a script.
 /// A message without a scripted answer gets its default and is recorded as well.
 class ScriptedDialogs {

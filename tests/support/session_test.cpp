@@ -5,13 +5,15 @@
 #include "common/numbers.h"
 #include "session/module2.h"
 
+using namespace quor;
+
 SessionTest::SessionTest() {
     std::string pattern = (std::filesystem::temp_directory_path() / "quor-test-XXXXXX").string();
     folder_ = mkdtemp(pattern.data());
     numbers::set_decimal_mark('.');
-    Module2::SetProgramFolder(folder_);
-    Module2::SetShortDate("15.11.2026");
-    Module2::ResetEverything();
+    session::SetProgramFolder(folder_);
+    session::SetShortDate("15.11.2026");
+    session::ResetEverything();
 }
 
 SessionTest::~SessionTest() {
@@ -19,5 +21,5 @@ SessionTest::~SessionTest() {
     std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, ignored);
     std::filesystem::remove_all(folder_, ignored);
     numbers::set_decimal_mark('.');
-    Module2::SetShortDate("");
+    session::SetShortDate("");
 }

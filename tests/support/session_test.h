@@ -4,8 +4,10 @@
 
 #include <filesystem>
 
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "support/scripted_dialogs.h"
+
+using namespace quor;
 
 /// Base of tests that touch the process-level records: every test starts from the state of a
 /// fresh program, with a folder of its own as the program's folder and a scripted user.

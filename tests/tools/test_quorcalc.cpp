@@ -8,6 +8,8 @@
 #include "session/module2.h"
 #include "tools/quorcalc/commands.h"
 
+using namespace quor;
+
 namespace {
 
 using nlohmann::json;
@@ -20,7 +22,7 @@ struct Outcome {
 
 class Quorcalc : public testing::Test {
   protected:
-    Quorcalc() { Module2::SetProgramFolder(QUOR_BINARY_FOLDER); }
+    Quorcalc() { session::SetProgramFolder(QUOR_BINARY_FOLDER); }
 
     static Outcome call(const std::vector<std::string>& words, const std::string& input = "") {
         std::istringstream in(input);

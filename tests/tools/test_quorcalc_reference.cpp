@@ -9,6 +9,8 @@
 #include "support/reference_cases.h"
 #include "tools/quorcalc/commands.h"
 
+using namespace quor;
+
 namespace {
 
 using nlohmann::json;
@@ -43,7 +45,7 @@ std::vector<std::string> overrides() {
 
 class QuorcalcReference : public testing::Test {
   protected:
-    QuorcalcReference() { Module2::SetProgramFolder(QUOR_BINARY_FOLDER); }
+    QuorcalcReference() { session::SetProgramFolder(QUOR_BINARY_FOLDER); }
 
     static json call(const json& inputs, std::vector<std::string> words) {
         static const std::vector<std::string> sets = overrides();

@@ -4,7 +4,7 @@
 
 #include "tools/quorcalc/commands.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 namespace {
 
@@ -177,4 +177,4 @@ std::vector<std::string> SplitLine(const std::string& line) {
     return words;
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 /// The words of one call, as typed. What is not given stays empty; units are K, kPa, m^3/kmol,
 /// kg/m^3, m^3, kg.
@@ -41,4 +41,4 @@ struct HelpAsked {
     std::string text;
 };
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

@@ -5,28 +5,28 @@
 #include "calculation/calc_modes.h"
 #include "calculation/result_text.h"
 #include "common/text.h"
+#include "common/whole_file.h"
 #include "datafiles/batch_file.h"
-#include "datafiles/whole_file.h"
 #include "models/reference_state.h"
 #include "tools/quorcalc/command_list.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 namespace {
 
 /// The choice of a global or partial calculation, and of the liquid's density in the latter.
 void choose_equilibrium(const Arguments& a) {
-    Declare::Session& s = Declare::session;
+    legacy::Session& s = legacy::the_session;
     if (a.global && a.partial) throw WrongCall{"--global and --partial exclude each other"};
     if (!a.liquid.empty() && a.liquid != "benson" && a.liquid != "rhoT")
         throw WrongCall{"--liquid is benson or rhoT"};
-    s.GlobalCalculation = !a.partial && !(Declare::models.EOSOnlyV && !a.global);
+    s.GlobalCalculation = !a.partial && !(legacy::the_models.EOSOnlyV && !a.global);
     s.LiquidByBenson = a.liquid != "rhoT";
     // A "T, p" calculation is partial when a phase equilibrium is assumed.
     s.AssumedVle = a.partial && a.mode == 3;
     if (!s.BensonReferenceValid) {
-        s.BensonReference = thermo::ProposeBensonReference().point;
-        const Declare::BensonPoint& r = s.BensonReference;
+        s.BensonReference = models::ProposeBensonReference().point;
+        const models::BensonPoint& r = s.BensonReference;
         s.BensonReferenceValid = static_cast<double>(r.T) * static_cast<double>(r.p) *
                                      static_cast<double>(r.rhoL) * static_cast<double>(r.rhoV) >
                                  1e-6;
@@ -45,12 +45,12 @@ std::int16_t code_of_mode(const Arguments& a) {
 }
 
 void fill_input(const Arguments& a) {
-    Declare::BatchDataSet& input = Declare::BatchData[0];
+    calculation::BatchDataSet& input = legacy::the_BatchData[0];
     input.T = a.T.value_or(0);
     input.p = a.p.value_or(0);
     input.rhoV = static_cast<float>(a.rho.value_or(0));
     input.rhoL = input.rhoV;
-    Declare::Tank& tank = Declare::session.tank;
+    calculation::Tank& tank = legacy::the_session.tank;
     tank.T = static_cast<float>(a.T.value_or(0));
     tank.V = static_cast<float>(a.V.value_or(0));
     tank.m = static_cast<float>(a.m.value_or(0));
@@ -60,26 +60,26 @@ Json calc(const Arguments& a) {
     SetUp(a);
     choose_equilibrium(a);
     fill_input(a);
-    Declare::Session& s = Declare::session;
+    legacy::Session& s = legacy::the_session;
     s.OutputPage = page_of(a);
     s.EquilibriumFunctions = a.uhs;
     s.CalcMode = code_of_mode(a);
     if (*a.mode == 9) s.GlobalCalculation = true;
     if (*a.mode == 10) s.GlobalCalculation = false;
 
-    Zentrale::CalcCall call{.Mode = s.CalcMode};
-    Zentrale::CalcBatch(call);
+    calculation::CalcCall call{.Mode = s.CalcMode};
+    calculation::CalcBatch(call);
 
-    const Zentrale::ResultText& r = Zentrale::resultText;
+    const calculation::ResultText& r = calculation::resultText;
     Json fu = Json::array();
-    for (const double value : Declare::Fu) fu.push_back(Number(value));
+    for (const double value : legacy::the_Fu) fu.push_back(Number(value));
     const bool exit = call.Text == "EXIT";
     Json result = {{"status", call.Failed || exit ? -1 : 0},
                    {"par1", r.par1.text},
                    {"par2", r.par2.text},
                    {"co1", r.co1.text},
                    {"co2", r.co2.text},
-                   {"Liste", Zentrale::ListText(r)},
+                   {"Liste", calculation::ListText(r)},
                    {"State", r.State},
                    {"Fu", fu},
                    {"p", Present(call.Pressure)},
@@ -88,16 +88,16 @@ Json calc(const Arguments& a) {
                    {"hasV", call.HasV},
                    {"nRoots", call.Roots},
                    {"exit", exit},
-                   {"text", Zentrale::ResultAsText(r)},
+                   {"text", calculation::ResultAsText(r)},
                    {"messages", Json::array()}};
     return result;
 }
 
 /// The CASRN that a file of experimental data names.
 std::string substance_of(const std::string& file) {
-    const LoadSaveData::FileContent whole = LoadSaveData::ReadWhole(file);
+    const datafiles::FileContent whole = datafiles::ReadWhole(file);
     if (!whole.error.empty()) throw CannotBeDone{whole.error};
-    const auto content = LoadSaveData::ReadBatchText(whole.bytes);
+    const auto content = datafiles::ReadBatchText(whole.bytes);
     if (!content) throw CannotBeDone{"not a file of experimental data: " + file};
     return text::TrimRight(content->casrn);
 }
@@ -109,27 +109,26 @@ Json batch(const Arguments& a) {
     if (call.substance.empty()) call.substance = casrn;
     SetUp(call);
     choose_equilibrium(call);
-    if (!LoadSaveData::BatchLoad(file, false))
-        throw CannotBeDone{"nothing was loaded from " + file};
+    if (!datafiles::BatchLoad(file, false)) throw CannotBeDone{"nothing was loaded from " + file};
 
-    Declare::Session& s = Declare::session;
+    legacy::Session& s = legacy::the_session;
     s.BatchMode = true;
     s.CalcMode = code_of_mode(call);
     s.OutputPage = page_of(call);
-    BatchCalc::CalculateAllSets();
-    const std::string title = Zentrale::ModeTitle(s.CalcMode);
+    calculation::CalculateAllSets();
+    const std::string title = calculation::ModeTitle(s.CalcMode);
     const bool extended = s.OutputPage > 1;
-    const BatchCalc::ResultList list =
-        BatchCalc::MakeResultList(title, s.GlobalCalculation, extended, BatchCalc::ListForm::File);
-    if (!a.lst.empty() && !BatchCalc::ResultFile(std::filesystem::absolute(a.lst).string(), title,
-                                                 s.GlobalCalculation, extended))
+    const calculation::ResultList list = calculation::MakeResultList(
+        title, s.GlobalCalculation, extended, calculation::ListForm::File);
+    if (!a.lst.empty() && !calculation::ResultFile(std::filesystem::absolute(a.lst).string(), title,
+                                                   s.GlobalCalculation, extended))
         throw CannotBeDone{"the list could not be written: " + a.lst};
 
     std::string lines;
     for (const std::string& line : list.lines) lines += line + "\n";
     Json means = Json::object();
     constexpr const char* kNames[] = {"T", "p", "rhoV", "rhoL", "hLV"};
-    for (std::size_t i = 0; i < BatchCalc::kQuantities; ++i) {
+    for (std::size_t i = 0; i < calculation::kQuantities; ++i) {
         const auto value = list.means[i].value();
         means[kNames[i]] = value ? Number(*value) : Json();
     }
@@ -161,4 +160,4 @@ std::vector<Command> CalculationCommands() {
     };
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

@@ -4,7 +4,7 @@
 
 #include "tools/quorcalc/commands.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 /// The database, equations of state, states and saturation.
 std::vector<Command> StateCommands();
@@ -19,4 +19,4 @@ std::vector<Command> SurfaceCommands();
 /// Fits and group contributions.
 std::vector<Command> EstimationCommands();
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

@@ -2,7 +2,7 @@
 
 #include "tools/quorcalc/command_list.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 std::span<const Command> Commands() {
     static const std::vector<Command> table = [] {
@@ -22,4 +22,4 @@ const Command* FindCommand(std::string_view name) {
     return nullptr;
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

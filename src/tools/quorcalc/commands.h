@@ -9,7 +9,7 @@
 #include "tools/quorcalc/arguments.h"
 
 /// quorcalc: the core for scripts, batch runs and checks.
-namespace quorcalc {
+namespace quor::quorcalc {
 
 using Json = nlohmann::ordered_json;
 
@@ -49,4 +49,4 @@ Json Present(double value);
 /// A number, or null when it is not finite.
 Json Number(double value);
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

@@ -1,17 +1,17 @@
 #include <charconv>
 
+#include "app/menu_catalogue.h"
 #include "common/text.h"
 #include "diagrams/catalogue.h"
 #include "diagrams/coordinates.h"
 #include "diagrams/curve.h"
 #include "diagrams/prepare_2d.h"
 #include "diagrams/sheet_draw.h"
-#include "session/menu_catalogue.h"
 #include "session/module2.h"
 #include "tools/quorcalc/command_list.h"
 #include "tools/quorcalc/pictures.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 namespace {
 
@@ -29,7 +29,7 @@ std::vector<float> numbers_of(const std::string& list, const char* option) {
 
 /// Kind of section and axes of a diagram's code, as its menu row sets them; an added curve is a
 /// projection.
-void choose_section(Declare::DiagramRequest& request) {
+void choose_section(diagrams::DiagramRequest& request) {
     for (const menu::Row& row : menu::Rows()) {
         if (row.code != request.DiagramType || !row.control.starts_with("mnuGraf")) continue;
         request.sectionKind = row.sectionKind;
@@ -40,12 +40,12 @@ void choose_section(Declare::DiagramRequest& request) {
 }
 
 /// The diagram of a code with one curve in it, as the diagram view shows it.
-void draw(const Arguments& a, const Declare::DiagramRequest& computed,
-          const Declare::CurvePointArray& points) {
-    Declare::DiagramRequest request = computed;
+void draw(const Arguments& a, const diagrams::DiagramRequest& computed,
+          const diagrams::CurvePointArray& points) {
+    diagrams::DiagramRequest request = computed;
     Module9::PrepareDiagram2D(request);
     // A new substance begins with its critical state: the names of the curve need the asked one.
-    Declare::Session& s = Declare::session;
+    legacy::Session& s = legacy::the_session;
     s.DiagramT = a.T.value_or(s.DiagramT);
     s.DiagramP = a.p.value_or(s.DiagramP);
     s.DiagramV = a.v.value_or(s.DiagramV);
@@ -65,10 +65,10 @@ void draw(const Arguments& a, const Declare::DiagramRequest& computed,
 Json curve(const Arguments& a) {
     int code = 0;
     const auto parsed = std::from_chars(a.type.data(), a.type.data() + a.type.size(), code);
-    if (parsed.ec != std::errc() || !kurve::HasCurve(static_cast<std::int16_t>(code)))
+    if (parsed.ec != std::errc() || !diagrams::HasCurve(static_cast<std::int16_t>(code)))
         throw WrongCall{"--type: no such curve: " + a.type};
     SetUp(a);
-    Declare::Session& s = Declare::session;
+    legacy::Session& s = legacy::the_session;
     if (a.points) {
         if (*a.points < 1 || *a.points > 32000) throw WrongCall{"--points is out of range"};
         s.PointsPerCurve = static_cast<std::int16_t>(*a.points);
@@ -80,11 +80,11 @@ Json curve(const Arguments& a) {
     s.DiagramP = a.p.value_or(0);
     s.DiagramV = a.v.value_or(0);
 
-    Declare::DiagramRequest& request = Declare::diagram;
+    diagrams::DiagramRequest& request = legacy::the_diagram;
     request.DiagramType = static_cast<std::int16_t>(code);
     choose_section(request);
-    Module9::CalcCoordinateDefaults(Declare::coordinates);
-    Module9::FillDiagramWindow(Declare::coordinates, request);
+    Module9::CalcCoordinateDefaults(legacy::the_coordinates);
+    Module9::FillDiagramWindow(legacy::the_coordinates, request);
     if (!a.window.empty()) {
         const std::vector<float> w = numbers_of(a.window, "--window");
         if (w.size() != 4) throw WrongCall{"--window needs xmin,xmax,ymin,ymax"};
@@ -94,22 +94,22 @@ Json curve(const Arguments& a) {
         request.yMax = w[3];
     }
 
-    Declare::CurvePointArray points;
-    const kurve::CurveResult r =
-        kurve::CalcCurve(request, points, a.T.value_or(0), a.p.value_or(0), a.v.value_or(0));
+    diagrams::CurvePointArray points;
+    const diagrams::CurveResult r =
+        diagrams::CalcCurve(request, points, a.T.value_or(0), a.p.value_or(0), a.v.value_or(0));
     Json list = Json::array();
     for (std::size_t i = 1; i < points.size(); ++i)
         list.push_back({Number(static_cast<double>(points[i].x)),
                         Number(static_cast<double>(points[i].y)),
                         Number(static_cast<double>(points[i].z))});
-    const kurve::StatusText told = kurve::TextOf(r);
+    const diagrams::StatusText told = diagrams::TextOf(r);
     if (WantsPicture(a)) {
-        if (!kurve::IsDrawn(r.status))
+        if (!diagrams::IsDrawn(r.status))
             throw CannotBeDone{r.message.empty() ? told.text : r.message};
         draw(a, request, points);
     }
     return {{"status", r.status},
-            {"count", kurve::PointCount(points)},
+            {"count", diagrams::PointCount(points)},
             {"mark", points.empty() ? Json() : Json(static_cast<int>(points.front().z))},
             {"message", r.message.empty() ? told.text : r.message},
             {"points", list}};
@@ -135,4 +135,4 @@ std::vector<Command> CurveCommands() {
              curve_text}};
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

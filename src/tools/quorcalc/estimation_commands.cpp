@@ -9,7 +9,7 @@
 #include "estimation/group_contributions.h"
 #include "tools/quorcalc/command_list.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 namespace {
 
@@ -46,7 +46,7 @@ Json fit(const Arguments& a) {
     if (!a.substance.empty()) SetUp(a);
     FitState state;
     state.lg = a.lg;
-    if (!estimation::ChooseModel(state, static_cast<std::int16_t>(*a.model), Declare::substance))
+    if (!estimation::ChooseModel(state, static_cast<std::int16_t>(*a.model), legacy::the_substance))
         throw WrongCall{"--model: no such model"};
     state.lg = a.lg;
     if (a.lg)
@@ -57,9 +57,9 @@ Json fit(const Arguments& a) {
     if (a.pcr) state.pcr = *a.pcr;
     choose_start(a, state);
 
-    if (LoadSaveData::XYLoad(std::filesystem::absolute(a.file).string()).empty())
+    if (datafiles::XYLoad(std::filesystem::absolute(a.file).string()).empty())
         throw CannotBeDone{"nothing was loaded from " + a.file};
-    Declare::session.FitDataSource = 0;
+    legacy::the_session.FitDataSource = 0;
     estimation::LoadFitPoints(state);
     Json result = {{"status", 0},  {"parameters", Json()}, {"stdDev", Json()},
                    {"SQ", Json()}, {"sR", Json()},         {"failed", true}};
@@ -131,4 +131,4 @@ std::vector<Command> EstimationCommands() {
     };
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

@@ -2,7 +2,7 @@
 
 #include "tools/quorcalc/commands.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 namespace {
 
@@ -37,4 +37,4 @@ void WritePictures(const Arguments& a, const chart::Chart3D& surface) {
     write_all(a, Pictures().drawSurface, surface);
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

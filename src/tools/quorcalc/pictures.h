@@ -3,12 +3,12 @@
 #include <functional>
 #include <string>
 
-#include "diagrams/chart/chart3d.h"
-#include "diagrams/chart/chart_file.h"
+#include "chart/chart3d.h"
+#include "chart/chart_file.h"
 #include "diagrams/diagram_sheet.h"
 #include "tools/quorcalc/arguments.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 /// Draws diagrams into files without a window. The program installs it, so that the commands know
 /// nothing of fonts and painters; where nothing is installed a picture cannot be made.
@@ -31,4 +31,4 @@ bool WantsPicture(const Arguments& arguments);
 void WritePictures(const Arguments& arguments, Module9::DiagramSheet& sheet);
 void WritePictures(const Arguments& arguments, const chart::Chart3D& surface);
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

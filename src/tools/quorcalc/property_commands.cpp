@@ -4,29 +4,29 @@
 #include "models/state_solver.h"
 #include "tools/quorcalc/command_list.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 namespace {
 
-Json density(const Calc::DensityResult& r) {
+Json density(const models::DensityResult& r) {
     return {{"status", r.status}, {"rho", Present(r.rho)}, {"deviation", r.deviation}};
 }
 
 Json rhol(const Arguments& a) {
     SetUp(a);
-    return density(Calc::DensityL(static_cast<float>(*a.T), false));
+    return density(models::DensityL(static_cast<float>(*a.T), false));
 }
 
 Json rhos(const Arguments& a) {
     SetUp(a);
-    return density(Calc::DensityS(static_cast<float>(*a.T), false));
+    return density(models::DensityS(static_cast<float>(*a.T), false));
 }
 
 Json cpid(const Arguments& a) {
     SetUp(a);
-    const thermo::CpResult r = thermo::IdealGasCp(*a.T);
-    const Declare::CpSet& set =
-        Declare::models.CpModel == 1 ? Declare::substance.cpPoly : Declare::substance.cpSinh;
+    const models::CpResult r = models::IdealGasCp(*a.T);
+    const models::CpSet& set = legacy::the_models.CpModel == 1 ? legacy::the_substance.cpPoly
+                                                               : legacy::the_substance.cpSinh;
     const double outside = *a.T < set.TLo ? *a.T - set.TLo : *a.T > set.THi ? *a.T - set.THi : 0.0;
     return {{"status", r.status},
             {"cp", r.status == kSuccess ? Number(r.cp) : Json()},
@@ -36,8 +36,9 @@ Json cpid(const Arguments& a) {
 Json hlv(const Arguments& a) {
     if (!a.T && !a.p) throw WrongCall{"--T or --p is required"};
     SetUp(a);
-    const Calc::EnthalpyOfVaporisationResult r = Calc::EnthalpyOfVaporisation(
-        Declare::models.HLVModel, a.T.value_or(0), a.p.value_or(0), Declare::models.VPCode, false);
+    const models::EnthalpyOfVaporisationResult r =
+        models::EnthalpyOfVaporisation(legacy::the_models.HLVModel, a.T.value_or(0),
+                                       a.p.value_or(0), legacy::the_models.VPCode, false);
     const bool good = r.status == kSuccess;
     Json result = {{"status", r.status},       {"hLV", good ? Json(r.h) : Json()},
                    {"T", Present(r.T)},        {"p", Present(r.p)},
@@ -56,7 +57,7 @@ Json numbers_from(const Array& values, std::size_t first) {
 }
 
 Json phase(double T, double p, double v, Status& status) {
-    const thermo::StateValues r = thermo::StateFunctions(T, p, v);
+    const models::StateValues r = models::StateFunctions(T, p, v);
     if (r.status != kSuccess) {
         status = r.status;
         return Json();
@@ -85,7 +86,7 @@ Json functions(const Arguments& a) {
     if (a.v) {
         result[a.row.empty() ? "V" : a.row] = phase(*a.T, *a.p, *a.v, status);
     } else {
-        const Calc::StateTP state = Calc::SolveStateTP(*a.T, *a.p);
+        const models::StateTP state = models::SolveStateTP(*a.T, *a.p);
         status = state.status;
         if (status == kSuccess && state.hasV) result["V"] = phase(*a.T, *a.p, state.vV, status);
         if (status == kSuccess && state.hasL) result["L"] = phase(*a.T, *a.p, state.vL, status);
@@ -109,4 +110,4 @@ std::vector<Command> PropertyCommands() {
     };
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

@@ -10,7 +10,7 @@
 #include "session/module2.h"
 #include "tools/quorcalc/commands.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 namespace {
 
@@ -34,7 +34,7 @@ Json failure(const std::string& message) {
 bool is_good(const Json& result) {
     const int status = result.at("status");
     return status == 0 ||
-           (result.contains("points") && kurve::IsDrawn(static_cast<std::int16_t>(status)));
+           (result.contains("points") && diagrams::IsDrawn(static_cast<std::int16_t>(status)));
 }
 
 std::string plain_text(const Json& result) {
@@ -93,7 +93,7 @@ Json Execute(const Arguments& a, bool& wrongCall) {
     wrongCall = false;
     messages.clear();
     install_dialogs();
-    Module2::ResetEverything();
+    session::ResetEverything();
     const Command* command = FindCommand(a.command);
     Json result;
     try {
@@ -147,4 +147,4 @@ int Main(const std::vector<std::string>& words, std::istream& in, std::ostream& 
     return wrongCall ? 2 : good ? 0 : 1;
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

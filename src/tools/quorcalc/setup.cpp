@@ -14,9 +14,9 @@
 #include "session/module2.h"
 #include "tools/quorcalc/commands.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
-using Declare::substance;
+using legacy::the_substance;
 
 namespace {
 
@@ -29,10 +29,10 @@ std::optional<double> number(const std::string& s) {
 }
 
 void open_database(const Arguments& a) {
-    const std::string path = a.db.empty() ? Module2::FindFile("STUDENT.Q05").string() : a.db;
-    if (LoadSaveData::OpenDatabaseFile(std::filesystem::absolute(path).string()).notUsable)
-        throw CannotBeDone{"Database " + Module2::FileTitle(path) + " not found or empty resp."};
-    Declare::session.DatabaseFile = Module2::FileTitle(path);
+    const std::string path = a.db.empty() ? session::FindFile("STUDENT.Q05").string() : a.db;
+    if (datafiles::OpenDatabaseFile(std::filesystem::absolute(path).string()).notUsable)
+        throw CannotBeDone{"Database " + session::FileTitle(path) + " not found or empty resp."};
+    legacy::the_session.DatabaseFile = session::FileTitle(path);
 }
 
 /// Position of a substance: "#number", else a name, synonym or CASRN.
@@ -40,9 +40,9 @@ std::int16_t find_substance(const std::string& wanted) {
     std::int16_t index = 0;
     if (!wanted.empty() && wanted.front() == '#') {
         if (const auto n = number(wanted.substr(1)))
-            index = LoadSaveData::FindByNumber(static_cast<std::int16_t>(*n));
+            index = datafiles::FindByNumber(static_cast<std::int16_t>(*n));
     } else {
-        index = LoadSaveData::FindSubstance(wanted).index;
+        index = datafiles::FindSubstance(wanted).index;
     }
     if (index == 0) throw CannotBeDone{"Nothing found: " + wanted};
     return index;
@@ -50,14 +50,14 @@ std::int16_t find_substance(const std::string& wanted) {
 
 void read_substance(const Arguments& a) {
     if (a.substance.empty()) throw WrongCall{"--substance is required"};
-    Declare::session.CurrentSubstance = find_substance(a.substance);
+    legacy::the_session.CurrentSubstance = find_substance(a.substance);
     bool noCriticalData = false;
-    LoadSaveData::ReadSubstance(Declare::session.CurrentSubstance, noCriticalData);
-    Declare::session.SubstanceSet = true;
+    datafiles::ReadSubstance(legacy::the_session.CurrentSubstance, noCriticalData);
+    legacy::the_session.SubstanceSet = true;
 }
 
 double* ji_torvik_field(const std::string& name) {
-    Declare::JiTorvikParameters& jt = Declare::jiTorvik;
+    models::JiTorvikParameters& jt = legacy::the_jiTorvik;
     if (name == "jtM") return &jt.jtM;
     if (name == "jtP") return &jt.jtP;
     if (name == "jtQ") return &jt.jtQ;
@@ -86,15 +86,15 @@ std::vector<Override> overrides(const Arguments& a) {
 }
 
 void store(const Override& o) {
-    const std::string error = LoadSaveData::SetField(substance, o.field, o.value);
+    const std::string error = datafiles::SetField(the_substance, o.field, o.value);
     if (!error.empty()) throw WrongCall{error};
 }
 
 void correlate() {
-    Calc::CorrelateAugust();
+    models::CorrelateAugust();
     for (std::int16_t i = 6; i <= 8; ++i)
-        Calc::CorrelateVapourPressure(i, substance.Tcrit, substance.pcrit,
-                                      static_cast<double>(substance.Tboil));
+        models::CorrelateVapourPressure(i, the_substance.Tcrit, the_substance.pcrit,
+                                        static_cast<double>(the_substance.Tboil));
 }
 
 /// Values of the record that follow from others, where a field they come from was set.
@@ -105,18 +105,21 @@ void refresh_derived(const std::vector<Override>& all) {
         return false;
     };
     if ((was_set("M") || was_set("rhocrit")) && !was_set("vcritExp"))
-        substance.vcritExp =
-            substance.rhocrit > 1e-6 ? static_cast<double>(substance.M) / substance.rhocrit : 0.0;
-    const auto ideal = [](const Declare::CpSet& s) {
+        the_substance.vcritExp = the_substance.rhocrit > 1e-6
+                                     ? static_cast<double>(the_substance.M) / the_substance.rhocrit
+                                     : 0.0;
+    const auto ideal = [](const models::CpSet& s) {
         return std::fabs(static_cast<double>(s.TLo) * static_cast<double>(s.c[0]) * s.THi) > 1e-6;
     };
-    const auto condensed = [](const Declare::CpSet& s) {
+    const auto condensed = [](const models::CpSet& s) {
         return (std::fabs(s.c[0]) > 1e-6F || std::fabs(s.c[1]) > 1e-6F) && s.TLo > 0 && s.THi > 0;
     };
-    if (was_set("cpPoly") && !was_set("hasCpPoly")) substance.hasCpPoly = ideal(substance.cpPoly);
-    if (was_set("cpSinh") && !was_set("hasCpSinh")) substance.hasCpSinh = ideal(substance.cpSinh);
-    if (was_set("cpL") && !was_set("hasCpL")) substance.hasCpL = condensed(substance.cpL);
-    if (was_set("cpS") && !was_set("hasCpS")) substance.hasCpS = condensed(substance.cpS);
+    if (was_set("cpPoly") && !was_set("hasCpPoly"))
+        the_substance.hasCpPoly = ideal(the_substance.cpPoly);
+    if (was_set("cpSinh") && !was_set("hasCpSinh"))
+        the_substance.hasCpSinh = ideal(the_substance.cpSinh);
+    if (was_set("cpL") && !was_set("hasCpL")) the_substance.hasCpL = condensed(the_substance.cpL);
+    if (was_set("cpS") && !was_set("hasCpS")) the_substance.hasCpS = condensed(the_substance.cpS);
 }
 
 void apply_overrides(const std::vector<Override>& all) {
@@ -131,7 +134,7 @@ void apply_overrides(const std::vector<Override>& all) {
             store(o);
         }
     }
-    Calc::GiveJiTorvikParameters(jiTorvik);
+    models::GiveJiTorvikParameters(jiTorvik);
     refresh_derived(all);
     correlate();
     // A correlated set that is given itself stands as it is.
@@ -145,21 +148,21 @@ std::int16_t code_between(int value, int low, int high, const char* option) {
 }
 
 void choose_models(const Arguments& a) {
-    Declare::ModelSelection& m = Declare::models;
+    models::ModelSelection& m = legacy::the_models;
     // The record's own default, which follows overrides of the measured sets.
-    m.VPCode = substance.WAG.TLo > 0   ? "WAG"
-               : substance.FRO.TLo > 0 ? "FRO"
-               : substance.ALP.TLo > 0 ? "ALP"
-               : substance.AHP.TLo > 0 ? "AHP"
-                                       : "000";
-    m.VPModel = Calc::VPIndex(m.VPCode);
-    const Calc::ModelChoice defaults;  // brings every family to an entry that is offered
+    m.VPCode = the_substance.WAG.TLo > 0   ? "WAG"
+               : the_substance.FRO.TLo > 0 ? "FRO"
+               : the_substance.ALP.TLo > 0 ? "ALP"
+               : the_substance.AHP.TLo > 0 ? "AHP"
+                                           : "000";
+    m.VPModel = models::VPIndex(m.VPCode);
+    const models::ModelChoice defaults;  // brings every family to an entry that is offered
 
     if (a.eos) m.EOSModel = code_between(*a.eos, 0, 16, "--eos");
-    m.EOSOnlyV = Calc::IsVOnlyEOS(m.EOSModel);
+    m.EOSOnlyV = models::IsVOnlyEOS(m.EOSModel);
     if (a.vp.size() == 3) {
         m.VPCode = a.vp;
-        m.VPModel = Calc::VPIndex(a.vp);
+        m.VPModel = models::VPIndex(a.vp);
         if (m.VPModel == 0 && a.vp != "000") throw WrongCall{"--vp: no such equation: " + a.vp};
     } else if (!a.vp.empty()) {
         throw WrongCall{"--vp: no such equation: " + a.vp};
@@ -169,21 +172,21 @@ void choose_models(const Arguments& a) {
     if (a.watson) m.WatsonN = static_cast<float>(*a.watson);
     if (!a.priority.empty()) m.PriorityCEOS = a.priority == "ceos";
     if (m.EOSOnlyV) m.PriorityCEOS = false;
-    if (Calc::CalcEOSParameters(m.EOSModel) > 0)
+    if (models::CalcEOSParameters(m.EOSModel) > 0)
         throw CannotBeDone{"Error during EOS-parameter calculation"};
 }
 
 void choose_units(const Arguments& a) {
-    Declare::Session& s = Declare::session;
+    legacy::Session& s = legacy::the_session;
     if (a.units == "specific") s.CaloricUnit = 3;
     s.UnitMode = a.units == "specific" ? 1 : a.units == "reduced" ? 2 : 0;
-    if (s.CaloricUnit == 3 && !(substance.M > 0)) throw CannotBeDone{"Division by zero"};
-    s.CaloricFactor = Module2::CaloricFactorOf(s.CaloricUnit, s.DiagramT);
-    Module2::RefreshUnits();
+    if (s.CaloricUnit == 3 && !(the_substance.M > 0)) throw CannotBeDone{"Division by zero"};
+    s.CaloricFactor = session::CaloricFactorOf(s.CaloricUnit, s.DiagramT);
+    session::RefreshUnits();
 }
 
 void choose_reference(const Arguments& a) {
-    Declare::ReferenceState& r = Declare::reference;
+    models::ReferenceState& r = legacy::the_reference;
     if (a.refmode) r.RefMode = static_cast<std::int16_t>(*a.refmode);
     if (a.href) r.href = *a.href;
     if (a.sref) r.sref = *a.sref;
@@ -200,10 +203,10 @@ void choose_reference(const Arguments& a) {
         if (!value) throw WrongCall{"--benson: not a number: " + parts[i]};
         values[i] = static_cast<float>(*value);
     }
-    Declare::session.BensonReference = {values[0], values[1], values[2], values[3]};
+    legacy::the_session.BensonReference = {values[0], values[1], values[2], values[3]};
     const double product = static_cast<double>(values[0]) * static_cast<double>(values[1]) *
                            static_cast<double>(values[2]) * static_cast<double>(values[3]);
-    Declare::session.BensonReferenceValid = product > 1e-6;
+    legacy::the_session.BensonReferenceValid = product > 1e-6;
 }
 
 }  // namespace
@@ -217,4 +220,4 @@ void SetUp(const Arguments& a) {
     choose_reference(a);
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

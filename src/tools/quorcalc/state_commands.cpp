@@ -12,17 +12,17 @@
 #include "session/module2.h"
 #include "tools/quorcalc/command_list.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 namespace {
 
 Json list(const Arguments& a) {
-    const std::string path = a.db.empty() ? Module2::FindFile("STUDENT.Q05").string() : a.db;
-    if (LoadSaveData::OpenDatabaseFile(std::filesystem::absolute(path).string()).notUsable)
-        throw CannotBeDone{"Database " + Module2::FileTitle(path) + " not found or empty resp."};
-    const Declare::SubstanceLists& lists = Declare::substances;
+    const std::string path = a.db.empty() ? session::FindFile("STUDENT.Q05").string() : a.db;
+    if (datafiles::OpenDatabaseFile(std::filesystem::absolute(path).string()).notUsable)
+        throw CannotBeDone{"Database " + session::FileTitle(path) + " not found or empty resp."};
+    const datafiles::SubstanceLists& lists = legacy::the_substances;
     Json substances = Json::array();
-    for (std::size_t i = 1; i <= static_cast<std::size_t>(Declare::session.SubstanceCount); ++i)
+    for (std::size_t i = 1; i <= static_cast<std::size_t>(legacy::the_session.SubstanceCount); ++i)
         substances.push_back({{"index", i},
                               {"number", lists.Numbers[i]},
                               {"name", text::TrimRight(lists.Names[i])},
@@ -41,7 +41,7 @@ std::string list_text(const Json& result) {
     return out;
 }
 
-Json value_of(const LoadSaveData::FieldPlace& place) {
+Json value_of(const datafiles::FieldPlace& place) {
     return std::visit(
         [](const auto& value) -> Json {
             using T = std::decay_t<decltype(value)>;
@@ -53,13 +53,13 @@ Json value_of(const LoadSaveData::FieldPlace& place) {
                 return value;
             }
         },
-        LoadSaveData::ValueOf(Declare::substance, place));
+        datafiles::ValueOf(legacy::the_substance, place));
 }
 
 Json data(const Arguments& a) {
     SetUp(a);
     Json result = {{"status", 0}};
-    for (const LoadSaveData::RecordField& field : LoadSaveData::RecordFields()) {
+    for (const datafiles::RecordField& field : datafiles::RecordFields()) {
         if (field.count == 0) {
             result[std::string(field.name)] = value_of({&field, 0});
             continue;
@@ -68,16 +68,16 @@ Json data(const Arguments& a) {
         for (std::size_t i = 0; i < field.count; ++i) elements.push_back(value_of({&field, i}));
         result[std::string(field.name)] = elements;
     }
-    result["VPCode"] = Declare::models.VPCode;
+    result["VPCode"] = legacy::the_models.VPCode;
     return result;
 }
 
 Json eos(const Arguments& a) {
     SetUp(a);
-    Calc::EvalEOSAtT(*a.T);
-    const Declare::EOSParameters& e = Declare::eosParameters;
-    const Declare::EOSState& s = Declare::eosState;
-    const Declare::JiTorvikParameters& jt = Declare::jiTorvik;
+    models::EvalEOSAtT(*a.T);
+    const models::EOSParameters& e = legacy::the_eosParameters;
+    const models::EOSState& s = legacy::the_eosState;
+    const models::JiTorvikParameters& jt = legacy::the_jiTorvik;
     return {{"status", 0},
             {"eosA0", e.eosA0},
             {"eosB0", e.eosB0},
@@ -99,8 +99,8 @@ Json eos(const Arguments& a) {
 
 Json pressure(const Arguments& a) {
     SetUp(a);
-    Calc::EvalEOSAtT(*a.T);
-    const Calc::PressureResult r = Calc::PressureFromTV(*a.T, *a.v);
+    models::EvalEOSAtT(*a.T);
+    const models::PressureResult r = models::PressureFromTV(*a.T, *a.v);
     return {{"status", r.status}, {"p", r.status == kSuccess ? Number(r.p) : Json()}};
 }
 
@@ -112,16 +112,16 @@ Json volumes(const std::array<double, 3>& v, int count) {
 
 Json roots(const Arguments& a) {
     SetUp(a);
-    if (Declare::models.EOSOnlyV) throw CannotBeDone{"possible only by using a  cubic EOS"};
+    if (legacy::the_models.EOSOnlyV) throw CannotBeDone{"possible only by using a  cubic EOS"};
     if (!(*a.p > 0) || !(*a.T > 0)) throw CannotBeDone{"T and p have to be > 0"};
-    Calc::EvalEOSAtT(*a.T);
-    const Calc::CubicRoots r = Calc::SolveCubic(*a.T, *a.p);
+    models::EvalEOSAtT(*a.T);
+    const models::CubicRoots r = models::SolveCubic(*a.T, *a.p);
     return {{"status", r.status}, {"v", volumes(r.v, r.count)}, {"count", r.count}};
 }
 
 Json state(const Arguments& a) {
     SetUp(a);
-    const Calc::StateTP r = Calc::SolveStateTP(*a.T, *a.p);
+    const models::StateTP r = models::SolveStateTP(*a.T, *a.p);
     return {{"status", r.status},
             {"hasL", r.hasL},
             {"hasV", r.hasV},
@@ -140,11 +140,11 @@ Json state(const Arguments& a) {
 
 Json temperature(const Arguments& a) {
     SetUp(a);
-    const Calc::TemperatureResult r = Calc::TemperatureFromPRho(*a.p, *a.rho, false);
+    const models::TemperatureResult r = models::TemperatureFromPRho(*a.p, *a.rho, false);
     return {{"status", r.status}, {"T", Present(r.T)}};
 }
 
-Json saturation(const Calc::Saturation& r, const char* key, double value) {
+Json saturation(const models::Saturation& r, const char* key, double value) {
     return {{"status", r.status},
             {key, r.status == kSuccess ? Present(value) : Json()},
             {"areaRatio", Number(r.areaRatio)},
@@ -156,43 +156,43 @@ Json saturation(const Calc::Saturation& r, const char* key, double value) {
 
 Json psat(const Arguments& a) {
     SetUp(a);
-    const Calc::Saturation r = Calc::SaturationPressure(*a.T);
+    const models::Saturation r = models::SaturationPressure(*a.T);
     return saturation(r, "p", r.p);
 }
 
 Json tsat(const Arguments& a) {
     SetUp(a);
-    const Calc::Saturation r = Calc::SaturationTemperature(*a.p);
+    const models::Saturation r = models::SaturationTemperature(*a.p);
     return saturation(r, "T", r.T);
 }
 
 std::string vp_code(const Arguments& a) {
-    return a.code.empty() ? Declare::models.VPCode : a.code;
+    return a.code.empty() ? legacy::the_models.VPCode : a.code;
 }
 
 Json vp(const Arguments& a) {
     SetUp(a);
-    const Calc::VapourPressureResult r = Calc::VapourPressure(*a.T, vp_code(a), false);
+    const models::VapourPressureResult r = models::VapourPressure(*a.T, vp_code(a), false);
     return {{"status", r.status}, {"p", Present(r.p)}, {"deviation", r.deviation}};
 }
 
 Json tboil(const Arguments& a) {
     SetUp(a);
-    const Calc::BoilingTemperatureResult r = Calc::BoilingTemperature(*a.p, vp_code(a), false);
+    const models::BoilingTemperatureResult r = models::BoilingTemperature(*a.p, vp_code(a), false);
     return {{"status", r.status}, {"T", Present(r.T)}, {"deviation", r.deviation}};
 }
 
 Json vpslope(const Arguments& a) {
     SetUp(a);
-    const Calc::SlopeResult r = Calc::VapourPressureSlope(*a.T, vp_code(a));
+    const models::SlopeResult r = models::VapourPressureSlope(*a.T, vp_code(a));
     return {{"status", r.status}, {"slope", Present(r.slope)}};
 }
 
 Json virial(const Arguments& a) {
     SetUp(a);
-    const std::int16_t code = Declare::models.EOSModel;
-    const Calc::Virial r = Calc::virial(Calc::CurrentFluid(), code, *a.T);
-    const bool derivatives = Calc::IsVOnlyEOS(code);
+    const std::int16_t code = legacy::the_models.EOSModel;
+    const models::Virial r = models::virial(models::CurrentFluid(), code, *a.T);
+    const bool derivatives = models::IsVOnlyEOS(code);
     return {{"status", 0},
             {"B", Number(r.B)},
             {"dB", derivatives ? Number(r.dB) : Json()},
@@ -219,4 +219,4 @@ std::vector<Command> StateCommands() {
     };
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

@@ -1,17 +1,17 @@
 #include "diagrams/prepare_3d.h"
 #include "diagrams/surface.h"
 #include "diagrams/surface_grid.h"
-#include "session/declare.h"
+#include "legacy/declare.h"
 #include "tools/quorcalc/command_list.h"
 #include "tools/quorcalc/pictures.h"
 
-namespace quorcalc {
+namespace quor::quorcalc {
 
 namespace {
 
 int nodes_of(const std::optional<int>& given, const char* option) {
-    const int nodes = given.value_or(kurve::kNodesAtStart);
-    if (nodes < kurve::kFewestNodes || nodes > kurve::kMostNodes)
+    const int nodes = given.value_or(diagrams::kNodesAtStart);
+    if (nodes < diagrams::kFewestNodes || nodes > diagrams::kMostNodes)
         throw WrongCall{std::string(option) + " is out of range"};
     return nodes;
 }
@@ -36,13 +36,13 @@ Json surface(const Arguments& a) {
         throw WrongCall{"--kind: no such surface: " + std::to_string(*a.kind)};
     const int nx = nodes_of(a.nx, "--nx"), ny = nodes_of(a.ny, "--ny");
     SetUp(a);
-    Declare::session.Diagram3DKind = kind;
-    Declare::session.SCurve3D = a.scurve && !Declare::models.EOSOnlyV;
+    legacy::the_session.Diagram3DKind = kind;
+    legacy::the_session.SCurve3D = a.scurve && !legacy::the_models.EOSOnlyV;
     Module9::PrepareDiagram3D();
     chart::Chart3D chart;
     Module9::InitGraph3D(chart, nx, ny);
     const chart::SurfaceGrid& grid = chart.surface;
-    if (!kurve::HasSurface(grid)) throw CannotBeDone{"No point of the surface can be computed."};
+    if (!diagrams::HasSurface(grid)) throw CannotBeDone{"No point of the surface can be computed."};
     if (WantsPicture(a)) WritePictures(a, chart);
     return {{"status", 0},   {"x0", grid.x0}, {"dx", grid.dx}, {"y0", grid.y0},
             {"dy", grid.dy}, {"nx", grid.nx}, {"ny", grid.ny}, {"z", values_of(grid)}};
@@ -74,4 +74,4 @@ std::vector<Command> SurfaceCommands() {
              surface_text}};
 }
 
-}  // namespace quorcalc
+}  // namespace quor::quorcalc

@@ -1,0 +1,262 @@
+#include "app/help_viewer.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPointer>
+#include <QShortcut>
+#include <QSplitter>
+#include <QTextBrowser>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "common/dialogs.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "session/actions.h"
+#include "session/help_topics.h"
+#include "session/shutdown.h"
+
+namespace quor::app {
+
+namespace {
+
+constexpr int kPageRole = Qt::UserRole;
+constexpr QSize kFirstSize(980, 680);
+constexpr int kContentsWidth = 290;
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+QToolButton* button(const QString& text, const QString& name, const QString& tip,
+                    const QKeySequence& keys) {
+    auto* made = gui::form::named(new QToolButton, name);
+    made->setText(text);
+    made->setToolTip(tip + " (" + keys.toString(QKeySequence::NativeText) + ")");
+    made->setShortcut(keys);
+    return made;
+}
+
+/// The style of the pages with the colours of the theme in the places that ask for them.
+QString pageStyle(const std::filesystem::path& folder) {
+    QFile file(qt((folder / "help.css").string()));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QPalette colours = QApplication::palette();
+    const bool dark = colours.color(QPalette::Base).lightness() < 128;
+    // The desktop's own colour of links is often too dark for a dark page.
+    const QString link = dark ? "#7ab8f5" : "#1a5fa8";
+    return QString::fromUtf8(file.readAll())
+               .replace("palette(mid)", colours.color(QPalette::Mid).name())
+               .replace("palette(alternate-base)", colours.color(QPalette::AlternateBase).name()) +
+           "a { color: " + link + "; }";
+}
+
+QPointer<HelpViewer>& viewer() {
+    static QPointer<HelpViewer> open;
+    return open;
+}
+
+void show_topic(int topic) {
+    // A modal dialog lets only its own windows be used.
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* parent = modal != nullptr ? modal : gui::shell::FrameWindow();
+    if (viewer() != nullptr && viewer()->parentWidget() != parent) delete viewer();
+    if (viewer() == nullptr) {
+        std::optional<help::Book> book = help::Book::Load(help::Folder());
+        if (!book) {
+            dialogs::Tell("The pages of the help are not there:\n" + help::Folder().string(),
+                          "Execution not possible");
+            return;
+        }
+        viewer() = new HelpViewer(std::move(*book), parent);
+        viewer()->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    viewer()->showTopic(topic);
+    viewer()->show();
+    viewer()->raise();
+    viewer()->activateWindow();
+}
+
+/// The number of the page about what has the focus: a row of an open menu, or a view.
+int topic_at(const QWidget* place) {
+    if (const auto* menu = qobject_cast<const QMenu*>(place))
+        if (const QAction* row = menu->activeAction())
+            if (const int topic = help::TopicOfRow(row->objectName().toStdString()); topic >= 0)
+                return topic;
+    for (const QWidget* at = place; at != nullptr; at = at->parentWidget())
+        if (const int topic = help::TopicOfView(at->objectName().toStdString()); topic >= 0)
+            return topic;
+    return help::kContents;
+}
+
+/// F1 in every window, also in modal dialogs.
+class HelpKey : public QObject {
+  public:
+    explicit HelpKey(QObject* parent) : QObject(parent) {}
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
+        if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return false;
+        if (!gui::shell::ShowHelp(topic_at(static_cast<QWidget*>(watched)))) return false;
+        return true;
+    }
+};
+
+}  // namespace
+
+HelpViewer::HelpViewer(help::Book book, QWidget* parent)
+    : QDialog(parent, Qt::Window), book_(std::move(book)) {
+    setObjectName("helpViewer");
+    setWindowTitle("QUOR-6 Help");
+    setModal(false);
+    resize(kFirstSize);
+
+    page_ = gui::form::named(new QTextBrowser, "helpPage");
+    page_->document()->setDefaultStyleSheet(pageStyle(book_.folder()));
+    page_->document()->setDocumentMargin(2 * gui::theme::kMargin);
+    page_->setSearchPaths({qt(book_.folder().string())});
+    search_ = gui::form::named(new QLineEdit, "helpSearch");
+    search_->setPlaceholderText("Search (Ctrl+F)");
+    search_->setClearButtonEnabled(true);
+    search_->setAccessibleName("Search in the help");
+    contents_ = gui::form::named(new QTreeWidget, "helpContents");
+    contents_->setHeaderHidden(true);
+    contents_->setAccessibleName("Contents");
+    results_ = gui::form::named(new QListWidget, "helpResults");
+    results_->setWordWrap(true);
+    results_->setSpacing(gui::theme::kGap / 2);
+    results_->setAccessibleName("Pages found");
+    results_->hide();
+
+    auto* bar = new QHBoxLayout;
+    QToolButton* back = button("Back", "helpBack", "Page before", Qt::ALT | Qt::Key_Left);
+    QToolButton* forward = button("Forward", "helpForward", "Page after", Qt::ALT | Qt::Key_Right);
+    QToolButton* home = button("Contents", "helpHome", "First page", Qt::ALT | Qt::Key_Home);
+    for (QToolButton* each : {back, forward, home}) bar->addWidget(each);
+    bar->addStretch(1);
+    back->setEnabled(false);
+    forward->setEnabled(false);
+    connect(back, &QToolButton::clicked, page_, &QTextBrowser::backward);
+    connect(forward, &QToolButton::clicked, page_, &QTextBrowser::forward);
+    connect(page_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
+    connect(page_, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
+    connect(home, &QToolButton::clicked, this, [this] { showTopic(help::kContents); });
+    connect(page_, &QTextBrowser::sourceChanged, this, &HelpViewer::markPage);
+
+    auto* left = new QWidget;
+    auto* column = new QVBoxLayout(left);
+    column->setContentsMargins({});
+    column->addWidget(search_);
+    column->addWidget(results_);
+    column->addWidget(contents_);
+    auto* halves = new QSplitter;
+    halves->addWidget(left);
+    halves->addWidget(page_);
+    halves->setStretchFactor(1, 1);
+    halves->setSizes({kContentsWidth, kFirstSize.width() - kContentsWidth});
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(gui::theme::kMargin, gui::theme::kMargin, gui::theme::kMargin,
+                               gui::theme::kMargin);
+    layout->addLayout(bar);
+    layout->addWidget(halves, 1);
+
+    fillContents();
+    connect(contents_, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) {
+        showPage(item->data(0, kPageRole).toString().toStdString());
+    });
+    connect(contents_, &QTreeWidget::itemActivated, this, [this](const QTreeWidgetItem* item) {
+        showPage(item->data(0, kPageRole).toString().toStdString());
+    });
+    const auto open = [this](const QListWidgetItem* item) {
+        showPage(item->data(kPageRole).toString().toStdString());
+    };
+    connect(results_, &QListWidget::itemClicked, this, open);
+    connect(results_, &QListWidget::itemActivated, this, open);
+    connect(search_, &QLineEdit::textChanged, this, &HelpViewer::search);
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, this, [this] {
+        search_->setFocus();
+        search_->selectAll();
+    });
+}
+
+void HelpViewer::fillContents() {
+    QList<QTreeWidgetItem*> path;
+    for (const help::Entry& entry : book_.contents()) {
+        path.resize(std::min<qsizetype>(path.size(), entry.depth));
+        auto* item =
+            path.isEmpty() ? new QTreeWidgetItem(contents_) : new QTreeWidgetItem(path.constLast());
+        item->setText(0, qt(entry.title));
+        item->setData(0, kPageRole, qt(entry.page));
+        path.append(item);
+    }
+    contents_->expandAll();
+}
+
+void HelpViewer::showTopic(int topic) {
+    showPage(book_.PageOf(topic));
+}
+
+void HelpViewer::showPage(const std::string& page) {
+    if (!page.empty()) page_->setSource(QUrl(qt(page)));
+}
+
+void HelpViewer::search(const QString& text) {
+    const std::vector<help::Hit> hits = book_.Search(text.toStdString());
+    results_->clear();
+    for (const help::Hit& hit : hits) {
+        auto* item = new QListWidgetItem(qt(hit.title) + "\n" + qt(hit.excerpt), results_);
+        item->setData(kPageRole, qt(hit.page));
+    }
+    const bool asked = !text.trimmed().isEmpty();
+    if (asked && hits.empty()) {
+        auto* none = new QListWidgetItem("no page found", results_);
+        none->setFlags(Qt::NoItemFlags);
+    }
+    results_->setVisible(asked);
+    contents_->setVisible(!asked);
+}
+
+void HelpViewer::markPage(const QUrl& url) {
+    const QString page = url.toString();
+    QTreeWidgetItem* best = nullptr;
+    for (QTreeWidgetItemIterator it(contents_); *it != nullptr; ++it) {
+        const QString own = (*it)->data(0, kPageRole).toString();
+        if (own == page) {
+            best = *it;
+            break;
+        }
+        if (best == nullptr && !own.isEmpty() && own.section('#', 0, 0) == page.section('#', 0, 0))
+            best = *it;
+    }
+    contents_->setCurrentItem(best);
+}
+
+namespace help_views {
+
+void Install() {
+    gui::shell::SetHelp(show_topic);
+    static const QPointer<HelpKey> key = [] {
+        auto* filter = new HelpKey(qApp);
+        qApp->installEventFilter(filter);
+        return filter;
+    }();
+    actions::RegisterAction("mnuHilfe_Index", [] { gui::shell::ShowHelp(help::kContents); });
+    session::shutdownHooks().closeHelp = CloseAll;
+}
+
+void CloseAll() {
+    delete viewer();
+}
+
+}  // namespace help_views
+
+}  // namespace quor::app

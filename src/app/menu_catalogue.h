@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "session/commands.h"
+
+/// The main menu and the tool bar as data: every row with its control name, caption, what it starts
+/// and when it is enabled. The frame only shows it.
+namespace quor::menu {
+
+enum class Kind { Command, Submenu, Separator };
+
+/// One row of a menu. Texts stand as the user sees them, with their blanks; "&" marks the access
+/// key.
+struct Row {
+    std::string_view parent{};   ///< menu that holds the row; empty for the menu bar
+    std::string_view control{};  ///< control name; rows of a control array share it
+    int index = -1;              ///< index in the control array, -1 outside one
+    std::string_view caption{};
+    Kind kind = Kind::Command;
+    std::string_view action{};   ///< action id that the row runs, see session/actions.h
+    std::string_view submenu{};  ///< name of the menu that a submenu row opens
+    std::optional<session::Command> command{};  ///< command that switches the row
+    std::int16_t code = 0;                      ///< CalcMode, DiagramType or kind of surface
+    std::int16_t sectionKind = 0;               ///< of a diagram, see `diagrams::DiagramRequest`
+    std::string_view axisPair{};                ///< of a diagram
+    std::string_view hint{};                    ///< shown in the status bar
+};
+
+/// All rows, in the order of the menus.
+std::span<const Row> Rows();
+
+/// The object name of a row: its control name, with "_" and the index for a control array.
+std::string Name(const Row& row);
+
+/// The row of an object name; nullptr when there is none.
+const Row* Find(std::string_view name);
+
+/// The row that belongs to a calculation kind in `mnuCalc` or its submenus; nullptr for none.
+const Row* CalculationRow(std::int16_t CalcMode);
+
+/// The present caption: some follow the mode of the Calculation menu and the kind of the EOS.
+std::string Caption(const Row& row);
+
+/// False for a row that the present mode of the Calculation menu does not offer.
+bool Visible(const Row& row);
+
+/// True when the session allows the row, whether or not something handles it yet.
+bool Allowed(const Row& row);
+
+/// True when the session allows the row and an action stands behind it; a submenu needs no action.
+bool Enabled(const Row& row);
+
+/// A button of the tool bar.
+struct ToolButton {
+    int index;  ///< position, 1 to 15
+    std::string_view tooltip;
+    std::string_view icon;    ///< name of the picture
+    std::string_view action;  ///< action id
+    std::optional<session::Command> command;
+};
+
+std::span<const ToolButton> ToolButtons();
+
+/// As `Enabled`, for a tool button.
+bool Enabled(const ToolButton& button);
+
+}  // namespace quor::menu

@@ -1,0 +1,78 @@
+#include "app/menu_commands.h"
+
+#include "common/dialogs.h"
+#include "legacy/declare.h"
+
+namespace quor::menu {
+
+namespace {
+
+using legacy::the_session;
+
+constexpr std::int16_t kSurfaceP = 1, kSurfaceT = 4;
+
+bool prepare_diagram(const Row& row) {
+    legacy::the_diagram.DiagramType = row.code;
+    legacy::the_diagram.sectionKind = row.sectionKind;
+    legacy::the_diagram.axisPair = row.axisPair;
+    return true;
+}
+
+bool prepare_surface(const Row& row) {
+    the_session.Diagram3DKind = row.code;
+    the_session.SCurve3D = false;
+    const bool hasSCurve = row.code == kSurfaceP || row.code == kSurfaceT;
+    if (hasSCurve && !legacy::the_models.EOSOnlyV)
+        the_session.SCurve3D = !dialogs::Ask(
+            "Draw physically real behaviour?\n"
+            "(No = Draw S-shaped curves in the undercritical region)",
+            "for cubic EOS only");
+    return true;
+}
+
+bool prepare_new_data() {
+    if (the_session.CurrentSubstance == 0) {
+        dialogs::Tell("First choose substance!", "friendly remark");
+        return false;
+    }
+    if (the_session.BatchCount > 0 &&
+        !dialogs::Ask("Exspecting input of new data;\nthe existing set of data will be deleted.\n"
+                      "Do you want this?",
+                      "WARNING", dialogs::Icon::Exclamation))
+        return false;
+    the_session.BatchCount = 0;
+    the_session.BatchFile.clear();
+    the_session.BatchComment.clear();
+    the_session.BatchCasrn.clear();
+    legacy::the_BatchData.resize(1);  // the direct input stays
+    legacy::the_BatchData.resize(2);
+    return true;
+}
+
+bool prepare_project_save() {
+    if (the_session.ProjectNotePending)
+        dialogs::Tell(
+            "Please note:\nBefore saving your project the settings\n"
+            "for \"Models\" and \"Options\" must be complete",
+            "Single Note", dialogs::Icon::Information);
+    the_session.ProjectNotePending = false;
+    return true;
+}
+
+}  // namespace
+
+bool Prepare(const Row& row) {
+    if (row.action == "Diagram2D") return prepare_diagram(row);
+    if (row.action == "Diagram3D") return prepare_surface(row);
+    if (row.control == "mnuData_BatchInput") return prepare_new_data();
+    if (row.control == "mnuData_SaveProject") return prepare_project_save();
+    if (row.control == "mnuFitting") the_session.BatchCount = 0;
+    return true;
+}
+
+void OpenDataMenu() {
+    if (the_session.BatchCount > 0)
+        session::SetCommands({session::Command::mnuData_BatchEdit}, true);
+}
+
+}  // namespace quor::menu

@@ -1,0 +1,98 @@
+#include "app/tip_dialog.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QVBoxLayout>
+
+#include "gui/widgets/form.h"
+#include "gui/widgets/settings.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+
+namespace quor::app {
+
+namespace {
+
+constexpr QSize kTextSize(420, 120);
+constexpr int kPicture = 40;
+
+}  // namespace
+
+TipDialog::TipDialog(QWidget* parent) : QDialog(parent) {
+    setObjectName("frmTip");
+    setWindowTitle("Tips");
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    auto* picture = new QLabel;
+    picture->setPixmap(gui::theme::icon("first_steps").pixmap(kPicture, kPicture));
+    picture->setAlignment(Qt::AlignTop);
+    text_ = gui::form::named(new QLabel, "lblTipText");
+    text_->setWordWrap(true);
+    text_->setTextFormat(Qt::PlainText);
+    text_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    text_->setMinimumSize(kTextSize);
+
+    auto* atStartup =
+        gui::form::named(new QCheckBox("&Show Tips at Startup"), "chkLoadTipsAtStartup");
+    atStartup->setChecked(gui::settings::showTipsAtStartup());
+    connect(atStartup, &QCheckBox::toggled, this, gui::settings::setShowTipsAtStartup);
+
+    QPushButton* next = gui::form::button("&Next Tip", "cmdNextTip");
+    connect(next, &QPushButton::clicked, this, [this] {
+        session::NextTip(tips_);
+        showTip();
+    });
+    QPushButton* close = gui::form::button("&Close", "cmdOK");
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this, &QDialog::close);
+
+    auto* tip = new QHBoxLayout;
+    tip->setSpacing(gui::theme::kGroupGap);
+    tip->addWidget(picture);
+    tip->addWidget(text_, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(gui::theme::kGap);
+    buttons->addWidget(atStartup);
+    buttons->addStretch(1);
+    buttons->addWidget(next);
+    buttons->addWidget(close);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(gui::theme::kMargin, gui::theme::kMargin, gui::theme::kMargin,
+                               gui::theme::kMargin);
+    layout->setSpacing(gui::theme::kGroupGap);
+    layout->addLayout(tip, 1);
+    layout->addLayout(buttons);
+
+    tips_ = session::LoadTips(QRandomGenerator::global()->generate());
+    next->setEnabled(tips_.lines.size() > 1);
+    showTip();
+}
+
+void TipDialog::showTip() {
+    text_->setText(QString::fromStdString(session::CurrentTip(tips_)));
+}
+
+void TipDialog::load() {
+    legacy::the_session.TipsHidden = session::TipsStayHidden(gui::settings::showTipsAtStartup(),
+                                                             legacy::the_session.TipsRequested);
+    if (legacy::the_session.TipsHidden || gui::shell::Activate("frmTip")) return;
+    auto* view = new TipDialog(gui::shell::FrameWindow());
+    view->show();
+}
+
+void TipDialog::ShowAtStartup() {
+    legacy::the_session.TipsRequested = false;
+    load();
+}
+
+void TipDialog::ShowOnRequest() {
+    legacy::the_session.TipsRequested = true;
+    load();
+}
+
+}  // namespace quor::app

@@ -1,0 +1,65 @@
+#include "chart/camera.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace quor::chart {
+
+namespace {
+
+constexpr double kEdgeOn = 1e-9;  // a plane seen from its edge shows no side
+
+Point3 scaled(const Point3& p, double factor) {
+    return {p.x * factor, p.y * factor, p.z * factor};
+}
+
+Point3 sum(const Point3& a, const Point3& b) {
+    return {a.x + b.x, a.y + b.y, a.z + b.z};
+}
+
+Point3 unit(const Point3& p) {
+    return scaled(p, 1 / std::sqrt(Camera::dot(p, p)));
+}
+
+}  // namespace
+
+Camera::Camera(const View3D& view, double scale, Point2 centre)
+    : perspective_(view.perspective), xScale_(scale), yScale_(scale), centre_(centre) {
+    const View3D v = Sanitised(view);
+    const double elevation = v.elevation * std::numbers::pi / 180;
+    const double rotation = v.rotation * std::numbers::pi / 180;
+    const double ce = std::cos(elevation), se = std::sin(elevation);
+    const double cr = std::cos(rotation), sr = std::sin(rotation);
+    toViewer_ = {ce * cr, ce * sr, se};
+    right_ = {-sr, cr, 0};
+    up_ = {-se * cr, -se * sr, ce};
+    light_ = unit(sum(sum(scaled(toViewer_, 0.6), scaled(right_, -0.45)), scaled(up_, 0.6)));
+}
+
+Camera Camera::Map(double xScale, double yScale, Point2 centre) {
+    View3D view;
+    SetPreset(view, PresetView::AlongZ);
+    view.perspective = false;
+    Camera camera(view, xScale, centre);
+    camera.yScale_ = yScale;
+    return camera;
+}
+
+Point2 Camera::project(Point3 p) const {
+    const double factor = 1 / depthFactor(p);
+    return {centre_.x + factor * xScale_ * dot(right_, p),
+            centre_.y - factor * yScale_ * dot(up_, p)};
+}
+
+bool Camera::sees(Point3 p, Point3 normal) const {
+    if (!perspective_) return dot(toViewer_, normal) > kEdgeOn;
+    const Point3 viewer = scaled(toViewer_, kDistance);
+    return dot(sum(viewer, scaled(p, -1)), normal) > kEdgeOn;
+}
+
+double Camera::light(Point3 normal) const {
+    return std::clamp(dot(light_, normal), 0.0, 1.0);
+}
+
+}  // namespace quor::chart

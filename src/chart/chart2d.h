@@ -1,0 +1,248 @@
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "chart/chart_style.h"
+
+namespace quor::chart {
+
+/// Stands in x or y of a series for "no point here": the line is interrupted.
+inline constexpr float kHole = 1e30F;
+
+/// True for a number that is drawn: finite and not the hole value.
+inline bool IsShown(float value) {
+    return std::isfinite(value) && std::abs(value) < kHole;
+}
+
+/// A curve or a set of points. x and y have the same length.
+struct Series {
+    std::string legend;    ///< text in the legend; an empty one has no line there
+    bool inLegend = true;  ///< false keeps it out of the legend whatever its text
+    bool visible = true;
+    bool isReference = false;  ///< a reference line: it may reach far outside, fits pass it over
+    std::vector<float> x, y;
+    LineStyle line;
+    SymbolShape symbol = SymbolShape::Hidden;
+    float symbolSize = 7;  ///< pixels of 1/96 inch
+    Colour symbolColour = kInk;
+    friend bool operator==(const Series&, const Series&) = default;
+};
+
+/// The two groups of series.
+enum class Group : std::uint8_t { Curves = 1, Points = 2 };
+
+/// One axis. Spacings of 0 and decimals of -1 leave the choice to the chart.
+struct Axis {
+    double min = 0, max = 1;
+    bool automatic = false;  ///< the window follows the data
+    bool logarithmic = false;
+    double origin = 0;  ///< value at which the other axis crosses
+    bool automaticOrigin = true;
+    double tickSpacing = 0;
+    double gridSpacing = 0;
+    int decimals = -1;
+    bool shown = true;
+    std::string title;
+    Font titleFont;
+    Colour titleColour = kInk;
+    int titleRotation = 0;  ///< degrees counter-clockwise: 0, 90, 180, 270
+    Font numberFont{{}, 9, false, false};
+    Colour colour = kInk;
+    bool gridShown = true;
+    LineStyle grid{LinePattern::Solid, kGridGrey, 1};
+    friend bool operator==(const Axis&, const Axis&) = default;
+};
+
+/// Where the legend stands. `Automatic` takes the corner of the plot area that hides least;
+/// `Free` puts its left top at `place`.
+enum class LegendAnchor : std::uint8_t {
+    Automatic,
+    NorthWest,
+    North,
+    NorthEast,
+    East,
+    SouthEast,
+    South,
+    SouthWest,
+    West,
+    OutsideEast,
+    OutsideSouth,
+    Free
+};
+
+struct Legend {
+    bool shown = false;
+    LegendAnchor anchor = LegendAnchor::Automatic;
+    SheetPlace place;
+    bool vertical = true;  ///< entries under each other, else side by side
+    Font font{{}, 9, false, false};
+    Colour textColour = kInk;
+    Colour background = {255, 255, 255, 230};
+    Frame frame{true, kFrameGrey, 1};
+    friend bool operator==(const Legend&, const Legend&) = default;
+};
+
+/// A text in the diagram, at a point of a series or at a data coordinate. It is drawn only while
+/// its place lies in the window.
+struct Label {
+    int index =
+        0;  ///< what it is to the diagram's logic: below 7 a marker text, 7 and 8 critical points
+    bool onPoint = false;  ///< true: at point `point` of series `series` in `group`
+    Group group = Group::Curves;
+    int series = 0, point = 0;  ///< counted from 0
+    double x = 0, y = 0;        ///< data coordinates when `onPoint` is false
+    std::string text;
+    Font font{{}, 9, false, false};
+    Colour textColour = kInk;
+    Colour background = {255, 255, 255, 0};
+    Frame frame;
+    double dx = 0, dy = 0;   ///< from the place to the text's centre, pixels of 1/96 inch, dy down
+    int rotation = 0;        ///< degrees counter-clockwise
+    bool connector = false;  ///< a thin line from the place to the text
+    bool shown = true;
+    friend bool operator==(const Label&, const Label&) = default;
+};
+
+/// The area between the axes, and the sheet around it.
+struct PlotArea {
+    bool automatic = true;  ///< the chart leaves just the room that numbers and texts need
+    double left = 0.12, top = 0.1, width = 0.8, height = 0.75;  ///< fractions of the sheet
+    Colour background = kWhite;
+    Colour sheet = kWhite;
+    Frame border{true, kInk, 1};
+    Frame sheetBorder{false, kFrameGrey, 1};
+    friend bool operator==(const PlotArea&, const PlotArea&) = default;
+};
+
+/// All that a 2D chart shows. A plain record; the functions below and the files work on it, the
+/// widget paints it.
+struct Chart2D {
+    std::vector<Series> curves;  ///< group 1
+    std::vector<Series> points;  ///< group 2
+    Axis x, y;
+    Axis y2;  ///< the axis at the right: its title, and numbers where it is shown
+    Caption header, footer;
+    Legend legend;
+    bool labelsShown = true;
+    std::vector<Label> labels;
+    PlotArea plotArea;
+    PrintPlace print;
+    Chart2D();
+    friend bool operator==(const Chart2D&, const Chart2D&) = default;
+};
+
+/// The series of a group.
+std::vector<Series>& SeriesOf(Chart2D& chart, Group group);
+const std::vector<Series>& SeriesOf(const Chart2D& chart, Group group);
+
+/// A curve with the default colour, pattern and width of slot `index` (0, 1, ...).
+Series DefaultCurve(int index);
+/// A set of points with the default symbol, size and colour of slot `index`, without a line.
+Series DefaultPointSet(int index);
+
+/// The series at `index` of the group, which is made longer by default series where it is shorter.
+Series& SeriesAt(Chart2D& chart, Group group, int index);
+
+/// The symbol with which the points of a series are drawn: a curve without a line and without a
+/// symbol shows dots.
+SymbolShape ShownSymbol(const Series& series, Group group);
+
+/// A series of the legend.
+struct SeriesRef {
+    Group group;
+    int index;
+    friend bool operator==(const SeriesRef&, const SeriesRef&) = default;
+};
+
+/// The lines of the legend: visible series with points and a legend text, curves first.
+std::vector<SeriesRef> LegendEntries(const Chart2D& chart);
+
+/// Exchanges x and y: the data of all series, windows, scales and texts of the axes, and the
+/// places of labels. Done twice, it restores the chart.
+void SwapAxes(Chart2D& chart);
+
+/// The range of one coordinate.
+struct Range {
+    double min = 0, max = 0;
+    friend bool operator==(const Range&, const Range&) = default;
+};
+
+/// The window in data coordinates.
+struct Window {
+    Range x, y;
+    friend bool operator==(const Window&, const Window&) = default;
+};
+
+/// Extent of all visible points, reference lines and holes passed over; on a logarithmic axis only
+/// values above 0 count. Empty when nothing is to see.
+std::optional<Window> DataExtent(const Chart2D& chart);
+
+/// The window that is shown: the limits of the axes; those of an automatic axis, and limits that
+/// cannot be drawn (not finite, crossed, or not above 0 on a logarithmic axis), follow the data.
+Window ShownWindow(const Chart2D& chart);
+
+/// A window of round numbers around the data, as for the wish "fit"; nothing without data.
+std::optional<Window> FittingWindow(const Chart2D& chart);
+
+/// The range of Y2: its limits, or the window of Y where it is automatic or cannot be drawn.
+Range SecondRange(const Chart2D& chart);
+
+/// Place of a value in a range: 0 at its lower end, 1 at its upper; minus infinity for a value not
+/// above 0 on a logarithmic scale.
+double UnitOf(double value, const Range& range, bool logarithmic);
+
+/// Maps data to the unit square of the window, (0, 0) at its lower left; a logarithmic axis maps
+/// logarithms, and values not above 0 to minus infinity.
+class WindowScale {
+  public:
+    explicit WindowScale(const Chart2D& chart);
+    WindowScale(const Window& window, bool xLogarithmic, bool yLogarithmic)
+        : window_(window), xLog_(xLogarithmic), yLog_(yLogarithmic) {}
+    double u(double x) const { return UnitOf(x, window_.x, xLog_); }
+    double v(double y) const { return UnitOf(y, window_.y, yLog_); }
+    double x(double u) const { return value(u, window_.x, xLog_); }
+    double y(double v) const { return value(v, window_.y, yLog_); }
+    const Window& window() const { return window_; }
+
+  private:
+    static double value(double unit, const Range& range, bool logarithmic);
+    Window window_;
+    bool xLog_, yLog_;
+};
+
+/// A place in the plot area and the size of that area, all in pixels; y upwards from its lower
+/// edge.
+struct PlotPixel {
+    double x = 0, y = 0;
+    double width = 1, height = 1;
+};
+
+/// A point of a series near a pixel.
+struct NearPoint {
+    Group group;
+    int series;
+    int point;        ///< index of the nearest point
+    double distance;  ///< pixels to that point, or to the line
+};
+
+/// The nearest point of the visible series within `limit` pixels; of equal ones that of the series
+/// drawn last. Reference lines do not count.
+std::optional<NearPoint> NearestPoint(const Chart2D& chart, const PlotPixel& pixel, double limit);
+
+/// As `NearestPoint`, but lines are also near between their points: `distance` is that to the
+/// line, `point` its nearest end. Reference lines count.
+std::optional<NearPoint> NearestSeries(const Chart2D& chart, const PlotPixel& pixel, double limit);
+
+/// Deletes a point of a series with the labels on it; labels on later points stay with theirs.
+/// Out of range nothing changes.
+void DeletePoint(Chart2D& chart, Group group, int series, int point);
+
+/// Empties a series and its labels; the slot keeps its style.
+void ClearSeries(Chart2D& chart, Group group, int series);
+
+}  // namespace quor::chart

@@ -1,0 +1,139 @@
+#include "chart/chart3d.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "chart/ticks.h"
+
+namespace quor::chart {
+
+namespace {
+
+bool canBeDrawn(double min, double max) {
+    return std::isfinite(min) && std::isfinite(max) && min < max;
+}
+
+std::optional<Range> extentOfZ(const SurfaceGrid& grid) {
+    Range range{std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
+    for (const float value : grid.z) {
+        if (grid.isHole(value)) continue;
+        range.min = std::min<double>(range.min, value);
+        range.max = std::max<double>(range.max, value);
+    }
+    if (range.min > range.max) return std::nullopt;
+    return range;
+}
+
+Range shownRange(const Axis3D& axis, const std::optional<Range>& data, bool nice) {
+    if (!axis.automatic && canBeDrawn(axis.min, axis.max)) return {axis.min, axis.max};
+    if (!data) return {0, 1};
+    if (!nice && data->min < data->max) return *data;
+    const NiceWindow window = MakeNiceWindow(data->min, data->max, false);
+    return {window.min, window.max};
+}
+
+double orDefault(double value, double fallback) {
+    return std::isfinite(value) ? value : fallback;
+}
+
+}  // namespace
+
+void SurfaceGrid::resize(int columns, int rows) {
+    nx = std::clamp(columns, 0, kMaxNodes);
+    ny = std::clamp(rows, 0, kMaxNodes);
+    z.assign(static_cast<std::size_t>(nx) * static_cast<std::size_t>(ny), hole);
+    zBehindHoles.clear();
+}
+
+bool SurfaceGrid::isComplete() const {
+    const auto nodes =
+        static_cast<std::size_t>(std::max(nx, 0)) * static_cast<std::size_t>(std::max(ny, 0));
+    return nx > 1 && ny > 1 && dx > 0 && dy > 0 && z.size() == nodes &&
+           (zBehindHoles.empty() || zBehindHoles.size() == nodes);
+}
+
+Chart3D::Chart3D() {
+    z.automatic = true;
+    header.font = {{}, 13, true, false};
+    subtitle.font = {{}, 10, false, false};
+    footer.font = {{}, 9, false, false};
+}
+
+Box3D ShownBox(const Chart3D& chart) {
+    const SurfaceGrid& grid = chart.surface;
+    std::optional<Range> x, y;
+    if (grid.nx > 1) x = Range{grid.x(0), grid.x(grid.nx - 1)};
+    if (grid.ny > 1) y = Range{grid.y(0), grid.y(grid.ny - 1)};
+    return {shownRange(chart.x, x, false), shownRange(chart.y, y, false),
+            shownRange(chart.z, extentOfZ(grid), true)};
+}
+
+void SetPreset(View3D& view, PresetView preset) {
+    const View3D start;
+    view.zoom = 1;
+    switch (preset) {
+        case PresetView::Default:
+            view.elevation = start.elevation;
+            view.rotation = start.rotation;
+            return;
+        case PresetView::AlongX:
+            view.elevation = 0;
+            view.rotation = 0;
+            return;
+        case PresetView::AlongY:
+            view.elevation = 0;
+            view.rotation = -90;
+            return;
+        case PresetView::AlongZ:
+            view.elevation = 90;
+            view.rotation = -90;
+            return;
+    }
+}
+
+void Turn(View3D& view, double rotation, double elevation) {
+    view = Sanitised(view);
+    view.elevation = std::clamp(view.elevation + orDefault(elevation, 0), -90.0, 90.0);
+    view.rotation = std::remainder(view.rotation + orDefault(rotation, 0), 360.0);
+}
+
+View3D Sanitised(View3D view) {
+    const View3D start;
+    view.elevation = std::clamp(orDefault(view.elevation, start.elevation), -90.0, 90.0);
+    view.rotation = std::remainder(orDefault(view.rotation, start.rotation), 360.0);
+    view.zoom = std::clamp(orDefault(view.zoom, start.zoom), 0.2, 8.0);
+    return view;
+}
+
+std::vector<double> SectionLevels(const Chart3D& chart) {
+    const Range z = ShownBox(chart).z;
+    const int number = std::clamp(chart.sections.number, 1, 200);
+    std::vector<double> levels;
+    for (int i = 1; i <= number; ++i) levels.push_back(z.min + (z.max - z.min) * i / (number + 1));
+    return levels;
+}
+
+bool ShowsZones(const Chart3D& chart) {
+    const SurfaceStyle& s = chart.style;
+    return s.zoned || s.ceilingZones || s.floorZones || s.projection2D;
+}
+
+std::optional<double> ValueAt(const SurfaceGrid& grid, double x, double y) {
+    if (!grid.isComplete()) return std::nullopt;
+    const double u = (x - grid.x0) / grid.dx, v = (y - grid.y0) / grid.dy;
+    constexpr double kSlack = 1e-9;
+    if (!(u >= -kSlack && u <= grid.nx - 1 + kSlack && v >= -kSlack && v <= grid.ny - 1 + kSlack))
+        return std::nullopt;
+    const int i = std::clamp(static_cast<int>(u), 0, grid.nx - 2);
+    const int j = std::clamp(static_cast<int>(v), 0, grid.ny - 2);
+    const double s = u - i, t = v - j;
+    const double corners[] = {grid.z[grid.at(i, j)], grid.z[grid.at(i + 1, j)],
+                              grid.z[grid.at(i, j + 1)], grid.z[grid.at(i + 1, j + 1)]};
+    for (const double corner : corners)
+        if (grid.isHole(static_cast<float>(corner))) return std::nullopt;
+    return (1 - s) * (1 - t) * corners[0] + s * (1 - t) * corners[1] + (1 - s) * t * corners[2] +
+           s * t * corners[3];
+}
+
+}  // namespace quor::chart

@@ -1,0 +1,324 @@
+#include "chart/chart_file.h"
+
+#include "chart/chart_json.h"
+#include "common/whole_file.h"
+
+namespace quor::chart {
+
+namespace files {
+
+template <class Io>
+void Describe(Io& io, Series& s) {
+    io.field("legend", s.legend);
+    io.field("inLegend", s.inLegend);
+    io.field("visible", s.visible);
+    io.field("isReference", s.isReference);
+    io.field("x", s.x);
+    io.field("y", s.y);
+    io.field("line", s.line);
+    io.field("symbol", s.symbol);
+    io.field("symbolSize", s.symbolSize, 0, 200);
+    io.field("symbolColour", s.symbolColour);
+}
+
+template <class Io>
+void Describe(Io& io, Axis& a) {
+    io.field("min", a.min);
+    io.field("max", a.max);
+    io.field("automatic", a.automatic);
+    io.field("logarithmic", a.logarithmic);
+    io.field("origin", a.origin);
+    io.field("automaticOrigin", a.automaticOrigin);
+    io.field("tickSpacing", a.tickSpacing);
+    io.field("gridSpacing", a.gridSpacing);
+    io.field("decimals", a.decimals, -1, 15);
+    io.field("shown", a.shown);
+    io.field("title", a.title);
+    io.field("titleFont", a.titleFont);
+    io.field("titleColour", a.titleColour);
+    io.field("titleRotation", a.titleRotation);
+    io.field("numberFont", a.numberFont);
+    io.field("colour", a.colour);
+    io.field("gridShown", a.gridShown);
+    io.field("grid", a.grid);
+}
+
+template <class Io>
+void Describe(Io& io, Legend& l) {
+    io.field("shown", l.shown);
+    io.field("anchor", l.anchor);
+    io.field("place", l.place);
+    io.field("vertical", l.vertical);
+    io.field("font", l.font);
+    io.field("textColour", l.textColour);
+    io.field("background", l.background);
+    io.field("frame", l.frame);
+}
+
+template <class Io>
+void Describe(Io& io, Label& l) {
+    io.field("index", l.index);
+    io.field("onPoint", l.onPoint);
+    io.field("group", l.group);
+    io.field("series", l.series);
+    io.field("point", l.point);
+    io.field("x", l.x);
+    io.field("y", l.y);
+    io.field("text", l.text);
+    io.field("font", l.font);
+    io.field("textColour", l.textColour);
+    io.field("background", l.background);
+    io.field("frame", l.frame);
+    io.field("dx", l.dx, -10000, 10000);
+    io.field("dy", l.dy, -10000, 10000);
+    io.field("rotation", l.rotation);
+    io.field("connector", l.connector);
+    io.field("shown", l.shown);
+}
+
+template <class Io>
+void Describe(Io& io, PlotArea& p) {
+    io.field("automatic", p.automatic);
+    io.field("left", p.left, 0, 1);
+    io.field("top", p.top, 0, 1);
+    io.field("width", p.width, 0, 1);
+    io.field("height", p.height, 0, 1);
+    io.field("background", p.background);
+    io.field("sheet", p.sheet);
+    io.field("border", p.border);
+    io.field("sheetBorder", p.sheetBorder);
+}
+
+template <class Io>
+void Describe(Io& io, Chart2D& c) {
+    io.field("curves", c.curves);
+    io.field("points", c.points);
+    io.field("x", c.x);
+    io.field("y", c.y);
+    io.field("y2", c.y2);
+    io.field("header", c.header);
+    io.field("footer", c.footer);
+    io.field("legend", c.legend);
+    io.field("labelsShown", c.labelsShown);
+    io.field("labels", c.labels);
+    io.field("plotArea", c.plotArea);
+    io.field("print", c.print);
+}
+
+template <class Io>
+void Describe(Io& io, SurfaceGrid& g) {
+    io.field("nx", g.nx);
+    io.field("ny", g.ny);
+    io.field("x0", g.x0);
+    io.field("dx", g.dx);
+    io.field("y0", g.y0);
+    io.field("dy", g.dy);
+    io.field("hole", g.hole);
+    io.field("z", g.z);
+    io.field("zBehindHoles", g.zBehindHoles);
+}
+
+template <class Io>
+void Describe(Io& io, Axis3D& a) {
+    io.field("min", a.min);
+    io.field("max", a.max);
+    io.field("automatic", a.automatic);
+    io.field("title", a.title);
+    io.field("decimals", a.decimals, -1, 15);
+    io.field("gridXY", a.gridXY);
+    io.field("gridXZ", a.gridXZ);
+    io.field("gridYZ", a.gridYZ);
+}
+
+template <class Io>
+void Describe(Io& io, View3D& v) {
+    io.field("elevation", v.elevation, -90, 90);
+    io.field("rotation", v.rotation, -360, 360);
+    io.field("perspective", v.perspective);
+    io.field("zoom", v.zoom, 0.2, 8);
+}
+
+template <class Io>
+void Describe(Io& io, Mesh3D& m) {
+    io.field("x", m.x);
+    io.field("y", m.y);
+    io.field("halvedX", m.halvedX);
+    io.field("halvedY", m.halvedY);
+    io.field("colour", m.colour);
+    io.field("width", m.width, 0, 50);
+}
+
+template <class Io>
+void Describe(Io& io, SurfaceStyle& s) {
+    io.field("solid", s.solid);
+    io.field("shaded", s.shaded);
+    io.field("transparent", s.transparent);
+    io.field("contoured", s.contoured);
+    io.field("zoned", s.zoned);
+    io.field("ceilingContours", s.ceilingContours);
+    io.field("ceilingZones", s.ceilingZones);
+    io.field("floorContours", s.floorContours);
+    io.field("floorZones", s.floorZones);
+    io.field("projection2D", s.projection2D);
+    io.field("top", s.top);
+    io.field("bottom", s.bottom);
+}
+
+template <class Io>
+void Describe(Io& io, Sections3D& s) {
+    io.field("number", s.number, 1, 200);
+    io.field("line", s.line);
+}
+
+template <class Io>
+void Describe(Io& io, Marker3D& m) {
+    io.field("x", m.x);
+    io.field("y", m.y);
+    io.field("z", m.z);
+    io.field("text", m.text);
+    io.field("colour", m.colour);
+    io.field("size", m.size, 0, 200);
+    io.field("shown", m.shown);
+}
+
+template <class Io>
+void Describe(Io& io, Chart3D& c) {
+    io.field("surface", c.surface);
+    io.field("x", c.x);
+    io.field("y", c.y);
+    io.field("z", c.z);
+    io.field("view", c.view);
+    io.field("mesh", c.mesh);
+    io.field("style", c.style);
+    io.field("sections", c.sections);
+    io.field("markers", c.markers);
+    io.field("header", c.header);
+    io.field("footer", c.footer);
+    io.field("subtitle", c.subtitle);
+    io.field("titleFont", c.titleFont);
+    io.field("numberFont", c.numberFont);
+    io.field("scaleShown", c.scaleShown);
+    io.field("heightRatio", c.heightRatio, 0.1, 5);
+    io.field("sheet", c.sheet);
+    io.field("planes", c.planes);
+    io.field("grid", c.grid);
+    io.field("print", c.print);
+}
+
+}  // namespace files
+
+namespace {
+
+using files::BadField;
+
+constexpr files::Format kFormat2D{"QUOR-6 2D diagram", 1, 0};
+constexpr files::Format kFormat3D{"QUOR-6 3D diagram", 1, 0};
+
+const files::Format& formatOf(const Chart2D&) {
+    return kFormat2D;
+}
+const files::Format& formatOf(const Chart3D&) {
+    return kFormat3D;
+}
+
+void checkSeries(const std::vector<Series>& group) {
+    for (const Series& series : group)
+        if (series.x.size() != series.y.size())
+            throw BadField("The file is damaged: a series has not as many x as y values.");
+}
+
+void check(const Chart2D& chart) {
+    checkSeries(chart.curves);
+    checkSeries(chart.points);
+}
+
+void check(const Chart3D& chart) {
+    const SurfaceGrid& grid = chart.surface;
+    const bool sized = grid.nx >= 0 && grid.ny >= 0 && grid.nx <= SurfaceGrid::kMaxNodes &&
+                       grid.ny <= SurfaceGrid::kMaxNodes;
+    if (!sized) throw BadField("The file is damaged: the grid has no size that a chart holds.");
+    const auto nodes = static_cast<std::size_t>(grid.nx) * static_cast<std::size_t>(grid.ny);
+    if (grid.z.size() != nodes || (!grid.zBehindHoles.empty() && grid.zBehindHoles.size() != nodes))
+        throw BadField("The file is damaged: the grid has not as many values as nodes.");
+    if (nodes > 0 && !(grid.dx > 0 && grid.dy > 0))
+        throw BadField("The file is damaged: the steps of the grid are not above 0.");
+}
+
+template <class Chart>
+std::string textOf(Chart chart) {
+    files::JsonWriter writer;
+    Describe(writer, chart);
+    return files::Document(formatOf(chart), writer.take());
+}
+
+template <class Chart>
+void readText(std::string_view text, Chart& chart) {
+    const files::Json content = files::Content(formatOf(chart), text);
+    Chart read;
+    files::JsonReader reader(content, "");
+    Describe(reader, read);
+    check(read);
+    chart = std::move(read);
+}
+
+/// Runs an action on a file and turns what goes wrong into an outcome with the file's name.
+template <class Action>
+FileOutcome guarded(Action action, const std::filesystem::path& file = {}) {
+    const auto failed = [&](const std::string& reason) {
+        const std::string name = file.empty() ? "" : file.filename().string() + ": ";
+        return FileOutcome{false, name + reason};
+    };
+    try {
+        action();
+        return {};
+    } catch (const BadField& fault) {
+        return failed(fault.what());
+    } catch (const std::bad_alloc&) {
+        return failed("Not enough memory for the diagram.");
+    } catch (const std::exception&) {
+        return failed("The file is damaged.");
+    }
+}
+
+template <class Chart>
+FileOutcome load(const std::filesystem::path& file, Chart& chart) {
+    return guarded([&] { readText(files::ReadWhole(file), chart); }, file);
+}
+
+template <class Chart>
+FileOutcome save(const Chart& chart, const std::filesystem::path& file) {
+    const std::string error = datafiles::WriteWhole(file, textOf(chart));
+    return {error.empty(), error};
+}
+
+}  // namespace
+
+std::string ToText(const Chart2D& chart) {
+    return textOf(chart);
+}
+std::string ToText(const Chart3D& chart) {
+    return textOf(chart);
+}
+
+FileOutcome FromText(std::string_view text, Chart2D& chart) {
+    return guarded([&] { readText(text, chart); });
+}
+FileOutcome FromText(std::string_view text, Chart3D& chart) {
+    return guarded([&] { readText(text, chart); });
+}
+
+FileOutcome SaveChart(const Chart2D& chart, const std::filesystem::path& file) {
+    return save(chart, file);
+}
+FileOutcome SaveChart(const Chart3D& chart, const std::filesystem::path& file) {
+    return save(chart, file);
+}
+
+FileOutcome LoadChart(const std::filesystem::path& file, Chart2D& chart) {
+    return load(file, chart);
+}
+FileOutcome LoadChart(const std::filesystem::path& file, Chart3D& chart) {
+    return load(file, chart);
+}
+
+}  // namespace quor::chart

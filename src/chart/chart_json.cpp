@@ -1,0 +1,91 @@
+#include "chart/chart_json.h"
+
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace quor::chart::files {
+
+namespace {
+
+constexpr std::uintmax_t kMaxBytes = 32U << 20U;
+constexpr int kMaxDepth = 24;
+
+/// Deepest nesting of lists and groups; texts do not count.
+int depthOf(std::string_view text) {
+    int depth = 0, deepest = 0;
+    bool inText = false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (inText) {
+            if (c == '\\') ++i;
+            if (c == '"') inText = false;
+        } else if (c == '"') {
+            inText = true;
+        } else if (c == '[' || c == '{') {
+            deepest = std::max(deepest, ++depth);
+        } else if (c == ']' || c == '}') {
+            --depth;
+        }
+    }
+    return deepest;
+}
+
+int wholeNumber(const Json& group, const char* name) {
+    const auto it = group.find(name);
+    if (it == group.end() || !it->is_number_integer()) return -1;
+    const auto value = it->get<std::int64_t>();
+    return value < 0 || value > 1000000 ? -1 : static_cast<int>(value);
+}
+
+void checkVersion(const Format& format, const Json& document) {
+    const auto version = document.find("version");
+    const bool present = version != document.end() && version->is_object();
+    const int major = present ? wholeNumber(*version, "major") : -1;
+    const int minor = present ? wholeNumber(*version, "minor") : -1;
+    if (major < 1 || minor < 0) throw BadField("The file is damaged: it names no version.");
+    if (major <= format.major) return;
+    throw BadField("The file was written by a newer version of the program (file version " +
+                   std::to_string(major) + "." + std::to_string(minor) + ", readable up to " +
+                   std::to_string(format.major) + ").");
+}
+
+}  // namespace
+
+std::string Document(const Format& format, Json content) {
+    const Json document{{"format", format.mark},
+                        {"version", {{"major", format.major}, {"minor", format.minor}}},
+                        {"chart", std::move(content)}};
+    return document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+Json Content(const Format& format, std::string_view text) {
+    if (text.size() > kMaxBytes) throw BadField("The file is too large for a saved diagram.");
+    if (depthOf(text) > kMaxDepth) throw BadField("The file is no saved diagram.");
+    const Json document = Json::parse(text, nullptr, false);
+    if (document.is_discarded())
+        throw BadField("The file is damaged or incomplete, or no saved diagram.");
+    if (!document.is_object()) throw BadField("The file is no saved diagram.");
+    const auto mark = document.find("format");
+    if (mark == document.end() || !mark->is_string())
+        throw BadField("The file is no saved diagram.");
+    if (mark->get_ref<const std::string&>() != format.mark)
+        throw BadField("The file holds another kind of diagram.");
+    checkVersion(format, document);
+    const auto content = document.find("chart");
+    if (content == document.end()) throw BadField("The file is damaged: it holds no diagram.");
+    return *content;
+}
+
+std::string ReadWhole(const std::filesystem::path& file) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(file, error);
+    if (error) throw BadField("The file cannot be opened.");
+    if (size > kMaxBytes) throw BadField("The file is too large for a saved diagram.");
+    std::ifstream in(file, std::ios::binary);
+    std::string text{std::istreambuf_iterator<char>(in), {}};
+    if (!in || text.size() != size) throw BadField("The file cannot be read.");
+    return text;
+}
+
+}  // namespace quor::chart::files

@@ -1,0 +1,284 @@
+#include "chart/scene3d.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "chart/scene_parts.h"
+#include "chart/ticks.h"
+
+namespace quor::chart {
+
+namespace scene {
+
+namespace {
+
+constexpr double kBarWidth = 16;
+constexpr double kGap = 6;
+constexpr double kEdge = 10;  // free at the rim of the sheet
+
+/// Digits that tell levels apart which are no round numbers.
+int decimalsOfLevels(const Chart3D& chart, const Box3D& box) {
+    if (chart.z.decimals >= 0) return chart.z.decimals;
+    const double step = (box.z.max - box.z.min) / (chart.sections.number + 1);
+    const double digits = std::ceil(-std::log10(step) + 1);
+    return static_cast<int>(std::clamp(digits, 0.0, 12.0));
+}
+
+std::string levelText(const Chart3D& chart, const Box3D& box, double level) {
+    const double largest = std::max(std::abs(box.z.min), std::abs(box.z.max));
+    const int decimals = decimalsOfLevels(chart, box);
+    // Where the axis shows powers, two digits of the mantissa tell the levels apart.
+    return AxisNumber(level, 1, largest, largest >= 1e6 ? 2 : decimals);
+}
+
+}  // namespace
+
+void Pen::add(std::span<const Point2> corners, SceneShape shape) {
+    shape.first = static_cast<std::uint32_t>(scene_.points.size());
+    shape.count = static_cast<std::uint32_t>(corners.size());
+    scene_.points.insert(scene_.points.end(), corners.begin(), corners.end());
+    scene_.shapes.push_back(shape);
+}
+
+void Pen::fill(std::span<const Point2> corners, Colour colour, bool surface) {
+    SceneShape shape;
+    shape.kind = SceneShape::Kind::Fill;
+    shape.surface = surface;
+    shape.colour = colour;
+    add(corners, shape);
+}
+
+void Pen::line(std::span<const Point2> corners, const LineStyle& style, bool surface) {
+    if (style.pattern == LinePattern::None) return;
+    SceneShape shape;
+    shape.kind = SceneShape::Kind::Line;
+    shape.surface = surface;
+    shape.colour = style.colour;
+    shape.width = style.width;
+    shape.pattern = style.pattern;
+    add(corners, shape);
+}
+
+void Pen::text(Point2 centre, const std::string& text, const Font& font, Colour colour,
+               double rotation) {
+    if (!text.empty()) scene_.texts.push_back({centre, text, font, colour, rotation});
+}
+
+double ScaleWidth(const Chart3D& chart, const Box3D& box, const std::vector<double>& levels,
+                  const MeasureText& measure) {
+    if (!chart.scaleShown || !ShowsZones(chart)) return 0;
+    double widest = 0;
+    for (const double level : levels)
+        widest = std::max(widest, measure(levelText(chart, box, level), chart.numberFont).width);
+    const double title = measure(chart.z.title, chart.titleFont).width;
+    return std::max(kBarWidth + kGap + widest + 2 * kEdge, title + kEdge + kGap);
+}
+
+void PaintScale(const Context& c, Pen& pen) {
+    if (!c.chart.scaleShown || !ShowsZones(c.chart)) return;
+    const auto& levels = c.layout.levels;
+    const double room = c.layout.bottom - c.layout.top;
+    const double barHeight = 0.62 * room;
+    const double left = c.layout.right + kEdge;
+    const double bottom = c.layout.top + room / 2 + barHeight / 2;
+    const double step = barHeight / static_cast<double>(levels.size() + 1);
+    for (std::size_t band = 0; band <= levels.size(); ++band) {
+        const double low = bottom - step * static_cast<double>(band), high = low - step;
+        const std::array corners{Point2{left, low}, Point2{left + kBarWidth, low},
+                                 Point2{left + kBarWidth, high}, Point2{left, high}};
+        pen.fill(corners, BandColour(c.layout, band));
+    }
+    const double top = bottom - barHeight;
+    const std::array rim{Point2{left, bottom}, Point2{left + kBarWidth, bottom},
+                         Point2{left + kBarWidth, top}, Point2{left, top}, Point2{left, bottom}};
+    pen.line(rim, {LinePattern::Solid, kInk, 0.8F});
+    const double textHeight = c.measure("0", c.chart.numberFont).height;
+    const auto every = static_cast<std::size_t>(std::ceil((textHeight + 1) / step));
+    for (std::size_t k = 0; k < levels.size(); k += every) {
+        const double y = bottom - step * static_cast<double>(k + 1);
+        const std::string text = levelText(c.chart, c.layout.box, levels[k]);
+        const double width = c.measure(text, c.chart.numberFont).width;
+        pen.line(std::array{Point2{left + kBarWidth, y}, Point2{left + kBarWidth + 3, y}},
+                 {LinePattern::Solid, kInk, 0.8F});
+        pen.text({left + kBarWidth + kGap + width / 2, y}, text, c.chart.numberFont, kInk);
+    }
+    const TextSize title = c.measure(c.chart.z.title, c.chart.titleFont);
+    const double middle = std::min(left + kBarWidth / 2, c.width - title.width / 2 - kGap);
+    pen.text({std::max(middle, c.layout.right + title.width / 2), top - title.height},
+             c.chart.z.title, c.chart.titleFont, kInk);
+}
+
+double CaptionHeight(const Caption& caption, const MeasureText& measure) {
+    if (caption.text.empty() || !caption.automatic) return 0;
+    return measure(caption.text, caption.font).height + kEdge;
+}
+
+void PaintCaptions(const Context& c, Pen& pen) {
+    const auto paint = [&](const Caption& caption, double automaticY) {
+        const Point2 centre = caption.automatic
+                                  ? Point2{c.width / 2, automaticY}
+                                  : Point2{caption.place.x * c.width, caption.place.y * c.height};
+        pen.text(centre, caption.text, caption.font, caption.colour);
+    };
+    const double header = CaptionHeight(c.chart.header, c.measure);
+    const double subtitle = CaptionHeight(c.chart.subtitle, c.measure);
+    paint(c.chart.header, (kEdge + header) / 2);
+    // The two stand close together: the free edge of the subtitle lies below it.
+    paint(c.chart.subtitle, header + (subtitle - kEdge) / 2 + (header > 0 ? 2 : kEdge));
+    paint(c.chart.footer, c.height - (kEdge + CaptionHeight(c.chart.footer, c.measure)) / 2);
+}
+
+namespace {
+
+void paintMarkers(const Context& c, Pen& pen) {
+    for (const Marker3D& marker : c.chart.markers) {
+        if (!marker.shown) continue;
+        const Point3 at = c.surface.toBox(marker.x, marker.y, marker.z);
+        const double limit = 1 + 1e-6;
+        if (std::abs(at.x) > limit || std::abs(at.y) > limit ||
+            std::abs(at.z) > c.surface.height() * limit)
+            continue;
+        const Point2 pixel = c.layout.camera.project(at);
+        // A marker lies on the surface, though not between nodes where that is sharply bent, so
+        // that only what is clearly nearer hides it.
+        constexpr double kOnSurface = 0.1;
+        const auto surface = c.surface.pick(pixel);
+        const bool hidden = !c.chart.style.projection2D && c.chart.style.solid && surface &&
+                            surface->nearness > c.layout.camera.nearness(at) + kOnSurface;
+        pen.scene().markers.push_back({pixel, marker.size / 2, marker.colour, hidden});
+        const TextSize size = c.measure(marker.text, c.chart.numberFont);
+        const double reach = marker.size / 2 + 3;
+        const Point2 centre{pixel.x + reach + size.width / 2, pixel.y - reach - size.height / 3};
+        if (marker.text.empty()) continue;
+        // Light ground, so that the text can be read on every part of the surface.
+        const double left = centre.x - size.width / 2 - 2, right = centre.x + size.width / 2 + 2;
+        const double top = centre.y - size.height / 2, bottom = centre.y + size.height / 2;
+        pen.fill(std::array{Point2{left, top}, Point2{right, top}, Point2{right, bottom},
+                            Point2{left, bottom}},
+                 {255, 255, 255, 200});
+        pen.text(centre, marker.text, c.chart.numberFont, marker.colour);
+    }
+}
+
+/// Floor and ceiling: those behind the body before it, those in front of it after it.
+void paintProjections(const Context& c, bool behindBody, Pen& pen) {
+    const SurfaceStyle& s = c.chart.style;
+    const double h = c.surface.height();
+    const auto paint = [&](double z, bool zones, bool contours) {
+        const bool front = c.layout.camera.sees({0, 0, z}, {0, 0, z > 0 ? 1.0 : -1.0});
+        if (front == behindBody || !(zones || contours)) return;
+        PaintFlat(c, z, {zones, contours, front}, pen);
+    };
+    paint(-h, s.floorZones, s.floorContours);
+    paint(h, s.ceilingZones, s.ceilingContours);
+}
+
+}  // namespace
+
+}  // namespace scene
+
+namespace {
+
+/// How far the box reaches from its centre, in units of the box.
+struct Outline {
+    double side = 0, up = 0, down = 0;
+};
+
+/// The outline at this elevation from all rotations, so that the body does not swell and shrink
+/// while it turns about the z axis.
+Outline outlineOf(View3D view, double height) {
+    constexpr int kRotations = 36;  // of a quarter turn; the box repeats itself after that
+    Outline outline;
+    for (int k = 0; k < kRotations; ++k) {
+        view.rotation = 90.0 * k / kRotations;
+        const Camera camera(view, 1, {0, 0});
+        for (const double x : {-1.0, 1.0})
+            for (const double y : {-1.0, 1.0})
+                for (const double z : {-height, height}) {
+                    const Point2 p = camera.project({x, y, z});
+                    outline.side = std::max(outline.side, std::abs(p.x));
+                    outline.up = std::max(outline.up, -p.y);
+                    outline.down = std::max(outline.down, p.y);
+                }
+    }
+    return outline;
+}
+
+}  // namespace
+
+Layout3D MakeLayout(const Chart3D& chart, double width, double height, const MeasureText& measure) {
+    constexpr double kLeastScale = 5;  // pixels a unit of the box
+    const Box3D box = ShownBox(chart);
+    std::vector<double> levels = SectionLevels(chart);
+    const double right = width - scene::ScaleWidth(chart, box, levels, measure);
+    const double top =
+        scene::CaptionHeight(chart.header, measure) + scene::CaptionHeight(chart.subtitle, measure);
+    const double bottom = height - scene::CaptionHeight(chart.footer, measure);
+    const double numbers = measure("00000", chart.numberFont).width;
+    const double line = measure("0", chart.titleFont).height;
+    const View3D view = Sanitised(chart.view);
+    if (chart.style.projection2D) {
+        const double left = numbers + 2 * line + 20, below = 2.5 * line + 20;
+        const double w = std::max(right - 20 - left, 4 * kLeastScale);
+        const double h = std::max(bottom - below - (top + 12), 4 * kLeastScale);
+        const Point2 centre{left + w / 2, top + 12 + h / 2};
+        return {box, Camera::Map(w / 2, h / 2, centre), std::move(levels), right, top, bottom};
+    }
+    const Outline outline = outlineOf(view, chart.heightRatio);
+    const double sides = 2 * numbers + 2.5 * line, above = 1.2 * line, below = 4.2 * line;
+    const double w = (right - sides) / (2 * outline.side);
+    const double h = (bottom - top - above - below) / (outline.up + outline.down);
+    const double scale = std::max(std::min(w, h), kLeastScale);
+    // The room that is left over goes half above and half below.
+    const double spare = bottom - top - above - below - scale * (outline.up + outline.down);
+    const Point2 centre{right / 2, top + above + spare / 2 + scale * outline.up};
+    return {box, Camera(view, scale * view.zoom, centre), std::move(levels), right, top, bottom};
+}
+
+Scene3D BuildScene(const Chart3D& chart, double width, double height, const MeasureText& measure) {
+    const Layout3D layout = MakeLayout(chart, width, height, measure);
+    const SurfaceStyle& style = chart.style;
+    const bool cells = style.zoned || style.contoured;
+    const bool flat = style.projection2D || style.ceilingContours || style.ceilingZones ||
+                      style.floorContours || style.floorZones;
+    const SurfaceView surface(chart, layout.box, layout.camera,
+                              cells ? layout.levels : std::vector<double>{});
+    const SurfaceView levelled(chart, layout.box, layout.camera,
+                               flat ? layout.levels : std::vector<double>{});
+    const scene::Context body{chart, layout, surface, measure, width, height};
+    const scene::Context plane{chart, layout, levelled, measure, width, height};
+    Scene3D result;
+    scene::Pen pen(result);
+    scene::PaintPlanes(body, pen);
+    if (style.projection2D) {
+        scene::PaintFlat(plane, surface.height(), {true, style.contoured, false}, pen);
+    } else {
+        scene::paintProjections(plane, true, pen);
+        scene::PaintBody(body, pen);
+        scene::paintProjections(plane, false, pen);
+    }
+    scene::PaintAxes(body, pen);
+    scene::paintMarkers(body, pen);
+    scene::PaintScale(body, pen);
+    scene::PaintCaptions(body, pen);
+    return result;
+}
+
+std::optional<PickedPlace> PickSurface(const Chart3D& chart, double width, double height,
+                                       const MeasureText& measure, Point2 pixel) {
+    const Layout3D layout = MakeLayout(chart, width, height, measure);
+    if (!chart.style.projection2D)
+        return SurfaceView(chart, layout.box, layout.camera, {}).pick(pixel);
+    // The flat map has no height: the place is found on the plane of the map.
+    const Point2 low = layout.camera.project({-1, -1, 0}), high = layout.camera.project({1, 1, 0});
+    const double u = (pixel.x - low.x) / (high.x - low.x);
+    const double v = (pixel.y - low.y) / (high.y - low.y);
+    const auto value = [](double t, const Range& r) { return r.min + t * (r.max - r.min); };
+    const double x = value(u, layout.box.x), y = value(v, layout.box.y);
+    const auto z = ValueAt(chart.surface, x, y);
+    if (!z) return std::nullopt;
+    return PickedPlace{x, y, *z, 0};
+}
+
+}  // namespace quor::chart

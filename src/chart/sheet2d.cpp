@@ -1,0 +1,513 @@
+#include "chart/sheet2d.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "chart/placement.h"
+
+namespace quor::chart {
+
+namespace {
+
+constexpr double kEdge = 10;       // free at the rim of the sheet
+constexpr double kTextGap = 6;     // between numbers, titles and captions
+constexpr double kLeastPlot = 24;  // smallest plot area to each side
+constexpr double kLegendPad = 6;
+constexpr double kLegendGap = 7;  // between sample and text
+constexpr double kColumnGap = 16;
+
+/// Size of the rectangle around a text that is turned.
+TextSize turned(TextSize size, int rotation) {
+    const double angle = rotation * 3.14159265358979323846 / 180;
+    const double c = std::abs(std::cos(angle)), s = std::abs(std::sin(angle));
+    return {c * size.width + s * size.height, s * size.width + c * size.height};
+}
+
+SheetText textAt(double x, double y, TextSize size, int rotation = 0) {
+    const TextSize around = turned(size, rotation);
+    return {x,
+            y,
+            rotation,
+            {x - around.width / 2, y - around.height / 2, around.width, around.height},
+            true};
+}
+
+bool isUpright(int rotation) {
+    return std::abs(rotation) % 180 == 90;
+}
+
+/// The room around the plot area.
+struct Margins {
+    double left = kEdge, top = kEdge, right = kEdge, bottom = kEdge;
+};
+
+class LayoutMaker {
+  public:
+    LayoutMaker(const Chart2D& chart, double width, double height, const MeasureText& measure)
+        : chart_(chart), measure_(measure), scale_(chart) {
+        sheet_.sheet = {0, 0, width, height};
+        sheet_.window = scale_.window();
+    }
+
+    Sheet2D make() {
+        // Ticks depend on the plot area, and its margins on the width of the numbers: the second
+        // pass knows the numbers of the first, the third settles what changed by it.
+        sheet_.plot = plotArea({60, 30, 20, 45});
+        for (int pass = 0; pass < 3; ++pass) {
+            makeTicks();
+            makeLegendSize();
+            sheet_.plot = plotArea(margins());
+        }
+        makeTicks();
+        placeAxes();
+        placeTexts();
+        placeLegend();
+        placeLabels();
+        return std::move(sheet_);
+    }
+
+  private:
+    TextSize sizeOf(const std::string& text, const Font& font) const {
+        return text.empty() ? TextSize{} : measure_(text, font);
+    }
+
+    TextSize titleSize(const Axis& axis) const {
+        return turned(sizeOf(axis.title, axis.titleFont), axis.titleRotation);
+    }
+
+    /// Whole pixels, so that frame and axes are crisp on a screen.
+    SheetRect plotArea(const Margins& m) const {
+        const double w = sheet_.sheet.width, h = sheet_.sheet.height;
+        const PlotArea& area = chart_.plotArea;
+        SheetRect plot =
+            area.automatic
+                ? SheetRect{m.left, m.top, w - m.left - m.right, h - m.top - m.bottom}
+                : SheetRect{area.left * w, area.top * h, area.width * w, area.height * h};
+        plot.left = std::round(plot.left);
+        plot.top = std::round(plot.top);
+        plot.width = std::max(std::round(plot.width), kLeastPlot);
+        plot.height = std::max(std::round(plot.height), kLeastPlot);
+        return plot;
+    }
+
+    void makeTicks() {
+        const auto along = [&](const Axis& axis, const Range& range, double length, bool upright) {
+            TickRequest request;
+            request.min = range.min;
+            request.max = range.max;
+            request.logarithmic = axis.logarithmic;
+            request.spacing = axis.tickSpacing;
+            request.decimals = axis.decimals;
+            request.length = length;
+            request.room = [&, upright](const std::string& text) {
+                const TextSize size = measure_(text, axis.numberFont);
+                return upright ? size.height + 4 : size.width + 10;
+            };
+            return MakeTicks(request);
+        };
+        sheet_.x.ticks = along(chart_.x, sheet_.window.x, sheet_.plot.width, false);
+        sheet_.y.ticks = along(chart_.y, sheet_.window.y, sheet_.plot.height, true);
+        if (chart_.y2.shown)
+            sheet_.y2.ticks = along(chart_.y2, SecondRange(chart_), sheet_.plot.height, true);
+    }
+
+    TextSize widestNumber(const Ticks& ticks, const Axis& axis) const {
+        TextSize widest;
+        for (const Tick& tick : ticks.major) {
+            const TextSize size = sizeOf(tick.text, axis.numberFont);
+            widest.width = std::max(widest.width, size.width);
+            widest.height = std::max(widest.height, size.height);
+        }
+        return widest;
+    }
+
+    static constexpr double kNumberReach = Sheet2D::kTickLength + Sheet2D::kNumberGap;
+
+    /// Height or width that the numbers of an axis take outside the plot area.
+    double numbersOutside(const Axis& axis, double numberSize, double inside) const {
+        if (!axis.shown || numberSize <= 0) return 0;
+        // In coarse steps, so that the plot area does not jump at every turn of the wheel.
+        constexpr double kStep = 8;
+        const double reach = kNumberReach + std::ceil(numberSize / kStep) * kStep;
+        return std::max(0.0, reach - inside);
+    }
+
+    /// How far the x axis line stands above the lower edge of the plot area, in pixels.
+    double xAxisInside() const {
+        if (chart_.y.automaticOrigin) return 0;
+        return std::clamp(scale_.v(chart_.y.origin), 0.0, 1.0) * sheet_.plot.height;
+    }
+    double yAxisInside() const {
+        if (chart_.x.automaticOrigin) return 0;
+        return std::clamp(scale_.u(chart_.x.origin), 0.0, 1.0) * sheet_.plot.width;
+    }
+
+    double captionHeight(const Caption& caption) const {
+        if (caption.text.empty() || !caption.automatic) return 0;
+        return sizeOf(caption.text, caption.font).height + kTextGap;
+    }
+
+    Margins margins() {
+        const TextSize xNumber = widestNumber(sheet_.x.ticks, chart_.x);
+        const TextSize yNumber = widestNumber(sheet_.y.ticks, chart_.y);
+        const TextSize y2Number = widestNumber(sheet_.y2.ticks, chart_.y2);
+        xNumbers_ = numbersOutside(chart_.x, xNumber.height, xAxisInside());
+        yNumbers_ = numbersOutside(chart_.y, yNumber.width, yAxisInside());
+        y2Numbers_ = numbersOutside(chart_.y2, y2Number.width, 0);
+        Margins m;
+        const TextSize xTitle = titleSize(chart_.x), yTitle = titleSize(chart_.y),
+                       y2Title = titleSize(chart_.y2);
+        m.bottom += xNumbers_ + captionHeight(chart_.footer);
+        if (xTitle.height > 0) m.bottom += xTitle.height + kTextGap;
+        // Half of the first and the last number of x overhang the plot area.
+        yNumbers_ = std::max(yNumbers_, xNumber.width / 2 - kEdge / 2);
+        y2Numbers_ = std::max(y2Numbers_, xNumber.width / 2 - kEdge / 2);
+        m.left += yNumbers_;
+        m.top += captionHeight(chart_.header);
+        // A title that lies across stands above its axis.
+        if (yTitle.height > 0 && isUpright(chart_.y.titleRotation))
+            m.left += yTitle.width + kTextGap;
+        else if (yTitle.height > 0)
+            m.top += yTitle.height + kTextGap;
+        m.right += y2Numbers_;
+        if (y2Title.height > 0) m.right += y2Title.width + kTextGap;
+        m.top = std::max(m.top, yNumber.height / 2 + 4);
+        if (chart_.legend.shown && chart_.legend.anchor == LegendAnchor::OutsideEast)
+            m.right += sheet_.legend.width + kTextGap;
+        if (chart_.legend.shown && chart_.legend.anchor == LegendAnchor::OutsideSouth)
+            m.bottom += sheet_.legend.height + kTextGap;
+        return m;
+    }
+
+    double pixelX(double x) const { return sheet_.plot.left + scale_.u(x) * sheet_.plot.width; }
+    double pixelY(double y) const {
+        return sheet_.plot.bottom() - scale_.v(y) * sheet_.plot.height;
+    }
+
+    static void makeGrid(const Axis& axis, const Range& range, SheetAxis& out) {
+        if (!axis.gridShown) return;
+        if (axis.gridSpacing > 0) out.grid = Multiples(range.min, range.max, axis.gridSpacing);
+        if (!out.grid.empty()) return;
+        for (const Tick& tick : out.ticks.major) out.grid.push_back(tick.value);
+        if (axis.logarithmic) out.fineGrid = out.ticks.minor;
+    }
+
+    /// Inside the plot area the other axis would run through the number at the crossing.
+    template <class Pixel>
+    static void clearNumberAtCrossing(Ticks& ticks, double crossing, Pixel pixel) {
+        if (crossing <= 0) return;
+        for (Tick& tick : ticks.major)
+            if (std::abs(pixel(tick.value) - crossing) < 6) tick.text.clear();
+    }
+
+    void placeAxes() {
+        const SheetRect& p = sheet_.plot;
+        makeGrid(chart_.x, sheet_.window.x, sheet_.x);
+        makeGrid(chart_.y, sheet_.window.y, sheet_.y);
+        sheet_.x.line = p.bottom() - xAxisInside();
+        sheet_.y.line = p.left + yAxisInside();
+        sheet_.y2.line = p.right();
+        clearNumberAtCrossing(sheet_.x.ticks, yAxisInside(),
+                              [&](double value) { return scale_.u(value) * p.width; });
+        clearNumberAtCrossing(sheet_.y.ticks, xAxisInside(),
+                              [&](double value) { return scale_.v(value) * p.height; });
+        const double reach = kNumberReach;
+        sheet_.x.numbers = {p.left, sheet_.x.line - 3, p.width,
+                            reach + 3 + widestNumber(sheet_.x.ticks, chart_.x).height};
+        const double yReach = reach + widestNumber(sheet_.y.ticks, chart_.y).width;
+        sheet_.y.numbers = {sheet_.y.line - yReach, p.top, yReach + 3, p.height};
+        const double y2Reach = reach + widestNumber(sheet_.y2.ticks, chart_.y2).width;
+        if (chart_.y2.shown) sheet_.y2.numbers = {p.right() - 3, p.top, y2Reach + 3, p.height};
+    }
+
+    void placeTexts() {
+        const SheetRect& p = sheet_.plot;
+        const double middleX = p.left + p.width / 2, middleY = p.top + p.height / 2;
+        const auto title = [&](const Axis& axis, SheetAxis& out, double x, double y) {
+            if (axis.title.empty()) return;
+            out.title = textAt(x, y, sizeOf(axis.title, axis.titleFont), axis.titleRotation);
+        };
+        const TextSize xs = titleSize(chart_.x), ys = titleSize(chart_.y),
+                       y2s = titleSize(chart_.y2);
+        double below = p.bottom() + xNumbers_ + kTextGap;
+        title(chart_.x, sheet_.x, middleX, below + xs.height / 2);
+        if (xs.height > 0) below += xs.height + kTextGap;
+        double above = p.top - kTextGap;
+        if (isUpright(chart_.y.titleRotation)) {
+            title(chart_.y, sheet_.y, p.left - yNumbers_ - kTextGap - ys.width / 2, middleY);
+        } else {
+            const double left = std::max(kEdge, p.left - yNumbers_);
+            title(chart_.y, sheet_.y, left + ys.width / 2, above - ys.height / 2);
+            if (ys.height > 0) above -= ys.height + kTextGap;
+        }
+        title(chart_.y2, sheet_.y2, p.right() + y2Numbers_ + kTextGap + y2s.width / 2, middleY);
+        const auto caption = [&](const Caption& c, SheetText& out, double y) {
+            if (c.text.empty()) return;
+            const TextSize size = sizeOf(c.text, c.font);
+            out = c.automatic ? textAt(keptOnSheet(middleX, size.width), y, size)
+                              : textAt(c.place.x * sheet_.sheet.width,
+                                       c.place.y * sheet_.sheet.height, size);
+        };
+        caption(chart_.header, sheet_.header,
+                above - sizeOf(chart_.header.text, chart_.header.font).height / 2);
+        const double footer = sizeOf(chart_.footer.text, chart_.footer.font).height;
+        caption(chart_.footer, sheet_.footer,
+                std::min(sheet_.sheet.height - kEdge - footer / 2, 1e9));
+    }
+
+    /// The centre of a text of this width, moved so that the text stays on the sheet.
+    double keptOnSheet(double centre, double width) const {
+        const double half = std::min(width / 2 + kEdge, sheet_.sheet.width / 2);
+        return std::clamp(centre, half, sheet_.sheet.width - half);
+    }
+
+    struct LegendGrid {
+        std::vector<SeriesRef> entries;
+        std::size_t columns = 1, rows = 1;
+        double columnWidth = 0, rowHeight = 0;
+    };
+
+    LegendGrid legendGrid() const {
+        LegendGrid grid;
+        grid.entries = LegendEntries(chart_);
+        const std::size_t n = grid.entries.size();
+        if (n == 0) return grid;
+        double widest = 0, highest = 8;
+        for (const SeriesRef& entry : grid.entries) {
+            const TextSize size = sizeOf(legendText(entry), chart_.legend.font);
+            widest = std::max(widest, size.width);
+            highest = std::max(highest, size.height);
+        }
+        grid.rowHeight = highest + 3;
+        grid.columnWidth = Sheet2D::kSampleWidth + kLegendGap + widest;
+        const auto most = [](double room, double each) {
+            return static_cast<std::size_t>(std::max(1.0, std::floor(room / each)));
+        };
+        if (chart_.legend.vertical) {
+            const std::size_t fit = most(sheet_.plot.height - 4 * kLegendPad, grid.rowHeight);
+            grid.columns = (n + fit - 1) / fit;
+            grid.rows = (n + grid.columns - 1) / grid.columns;
+        } else {
+            const std::size_t fit = most(sheet_.plot.width - 2 * kLegendPad + kColumnGap,
+                                         grid.columnWidth + kColumnGap);
+            grid.rows = (n + fit - 1) / fit;
+            grid.columns = (n + grid.rows - 1) / grid.rows;
+        }
+        return grid;
+    }
+
+    const std::string& legendText(const SeriesRef& entry) const {
+        return SeriesOf(chart_, entry.group)[static_cast<std::size_t>(entry.index)].legend;
+    }
+
+    void makeLegendSize() {
+        sheet_.legend = {};
+        if (!chart_.legend.shown) return;
+        const LegendGrid grid = legendGrid();
+        if (grid.entries.empty()) return;
+        const auto columns = static_cast<double>(grid.columns);
+        sheet_.legend.width =
+            columns * grid.columnWidth + (columns - 1) * kColumnGap + 2 * kLegendPad;
+        sheet_.legend.height = static_cast<double>(grid.rows) * grid.rowHeight + 2 * kLegendPad;
+    }
+
+    void placeLegend() {
+        makeLegendSize();
+        SheetRect& legend = sheet_.legend;
+        if (legend.width <= 0) return;
+        const SheetRect& p = sheet_.plot;
+        LegendAnchor anchor = chart_.legend.anchor;
+        if (anchor == LegendAnchor::Automatic)
+            anchor = BestLegendAnchor(chart_, p.width, p.height, legend.width, legend.height);
+        if (anchor == LegendAnchor::Free) {
+            legend.left = chart_.legend.place.x * sheet_.sheet.width;
+            legend.top = chart_.legend.place.y * sheet_.sheet.height;
+        } else if (anchor == LegendAnchor::OutsideEast) {
+            legend.left = sheet_.sheet.width - kEdge - legend.width;
+            legend.top = p.top;
+        } else if (anchor == LegendAnchor::OutsideSouth) {
+            legend.left = p.left + (p.width - legend.width) / 2;
+            legend.top = sheet_.sheet.height - kEdge - captionHeight(chart_.footer) - legend.height;
+        } else {
+            const LegendSpot spot =
+                SpotOfLegend(anchor, p.width, p.height, legend.width, legend.height);
+            legend.left = p.left + spot.left;
+            legend.top = p.top + spot.top;
+        }
+        const LegendGrid grid = legendGrid();
+        for (std::size_t k = 0; k < grid.entries.size(); ++k) {
+            // Under each other the entries run down the columns, side by side along the rows.
+            const std::size_t column = chart_.legend.vertical ? k / grid.rows : k % grid.columns;
+            const std::size_t row = chart_.legend.vertical ? k % grid.rows : k / grid.columns;
+            LegendLine line;
+            line.series = grid.entries[k];
+            line.sampleLeft = legend.left + kLegendPad +
+                              static_cast<double>(column) * (grid.columnWidth + kColumnGap);
+            line.textLeft = line.sampleLeft + Sheet2D::kSampleWidth + kLegendGap;
+            line.y = legend.top + kLegendPad + (static_cast<double>(row) + 0.5) * grid.rowHeight;
+            sheet_.legendLines.push_back(line);
+        }
+    }
+
+    /// Data coordinates of a label's place, if it has one.
+    std::optional<std::array<double, 2>> placeOf(const Label& label) const {
+        if (!label.onPoint) return std::array{label.x, label.y};
+        const auto& all = SeriesOf(chart_, label.group);
+        if (label.series < 0 || label.series >= static_cast<int>(all.size())) return std::nullopt;
+        const Series& series = all[static_cast<std::size_t>(label.series)];
+        const auto point = static_cast<std::size_t>(std::max(label.point, 0));
+        if (label.point < 0 || point >= series.x.size() || point >= series.y.size() ||
+            !series.visible || !IsShown(series.x[point]) || !IsShown(series.y[point]))
+            return std::nullopt;
+        return std::array<double, 2>{series.x[point], series.y[point]};
+    }
+
+    void placeLabels() {
+        if (!chart_.labelsShown) return;
+        for (std::size_t i = 0; i < chart_.labels.size(); ++i) {
+            const Label& label = chart_.labels[i];
+            if (!label.shown || label.text.empty()) continue;
+            const auto place = placeOf(label);
+            if (!place) continue;
+            const double px = pixelX((*place)[0]), py = pixelY((*place)[1]);
+            constexpr double kSlack = 1;
+            const SheetRect& p = sheet_.plot;
+            const SheetRect wide{p.left - kSlack, p.top - kSlack, p.width + 2 * kSlack,
+                                 p.height + 2 * kSlack};
+            if (!wide.contains(px, py)) continue;
+            const TextSize size = sizeOf(label.text, label.font);
+            const TextSize padded{size.width + 4, size.height + 2};
+            sheet_.labels.push_back({static_cast<int>(i), px, py,
+                                     textAt(px + label.dx, py + label.dy, padded, label.rotation)});
+        }
+    }
+
+    const Chart2D& chart_;
+    const MeasureText& measure_;
+    WindowScale scale_;
+    Sheet2D sheet_;
+    /// What numbers take outside the plot area below, left and right of it.
+    double xNumbers_ = 0, yNumbers_ = 0, y2Numbers_ = 0;
+};
+
+/// The part of the segment a-b inside the rectangle as parameters 0..1 (Liang and Barsky).
+std::optional<std::array<double, 2>> insidePart(const SheetRect& r, SheetPoint a, SheetPoint b) {
+    double t0 = 0, t1 = 1;
+    const double dx = b.x - a.x, dy = b.y - a.y;
+    const std::array<std::array<double, 2>, 4> edges{
+        {{-dx, a.x - r.left}, {dx, r.right() - a.x}, {-dy, a.y - r.top}, {dy, r.bottom() - a.y}}};
+    for (const auto& [p, q] : edges) {
+        if (p == 0) {
+            if (q < 0) return std::nullopt;
+            continue;
+        }
+        if (p < 0)
+            t0 = std::max(t0, q / p);
+        else
+            t1 = std::min(t1, q / p);
+    }
+    if (t0 > t1) return std::nullopt;
+    return std::array{t0, t1};
+}
+
+}  // namespace
+
+namespace {
+
+/// Collects the visible pieces of a line point by point.
+class LineCutter {
+  public:
+    explicit LineCutter(const SheetRect& plot) : plot_(plot) {}
+
+    void interrupt() { hasLast_ = open_ = false; }
+
+    void add(SheetPoint here) {
+        if (hasLast_) addSegment(here);
+        last_ = here;
+        hasLast_ = true;
+    }
+
+    std::vector<std::vector<SheetPoint>> take() { return std::move(lines_); }
+
+  private:
+    void addSegment(SheetPoint here) {
+        const auto part = insidePart(plot_, last_, here);
+        if (!part) {
+            open_ = false;
+            return;
+        }
+        const auto at = [&](double t) {
+            return SheetPoint{last_.x + t * (here.x - last_.x), last_.y + t * (here.y - last_.y)};
+        };
+        const auto [from, to] = *part;
+        if (!open_ || from > 0) lines_.push_back({at(from)});
+        lines_.back().push_back(to == 1 ? here : at(to));
+        open_ = to == 1;
+    }
+
+    SheetRect plot_;
+    SheetPoint last_;
+    bool hasLast_ = false;
+    bool open_ = false;  // the last line goes on at `last_`
+    std::vector<std::vector<SheetPoint>> lines_;
+};
+
+}  // namespace
+
+std::vector<std::vector<SheetPoint>> VisibleLines(const Chart2D& chart, const Series& series,
+                                                  const SheetRect& plot) {
+    const SheetScale scale(chart, plot);
+    const Window& window = scale.window().window();
+    const auto onAxis = [&](float value, const Axis& axis, const Range& range) -> double {
+        // Far enough below the window that a line to it leaves at its edge.
+        const bool below = series.isReference && axis.logarithmic && !(value > 0);
+        return below ? range.min * 1e-6 : value;
+    };
+    LineCutter cutter(plot);
+    for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
+        const SheetPoint here{scale.x(onAxis(series.x[i], chart.x, window.x)),
+                              scale.y(onAxis(series.y[i], chart.y, window.y))};
+        if (IsShown(series.x[i]) && IsShown(series.y[i]) && std::isfinite(here.x) &&
+            std::isfinite(here.y))
+            cutter.add(here);
+        else
+            cutter.interrupt();
+    }
+    return cutter.take();
+}
+
+Sheet2D LayOut(const Chart2D& chart, double width, double height, const MeasureText& measure) {
+    return LayoutMaker(chart, width, height, measure).make();
+}
+
+bool PlaceCurveLabel(const Chart2D& chart, int curve, double fraction, double width, double height,
+                     const MeasureText& measure, Label& label) {
+    const Sheet2D sheet = LayOut(chart, width, height, measure);
+    const SheetRect& plot = sheet.plot;
+    const TextSize size = measure(label.text, label.font);
+    std::optional<LabelSpot> spot;
+    if (fraction < 0) {
+        std::vector<SheetRect> taken;
+        const auto take = [&](SheetRect rect) {
+            rect.left -= plot.left;
+            rect.top -= plot.top;
+            taken.push_back(rect);
+        };
+        if (sheet.legend.width > 0) take(sheet.legend);
+        for (const SheetLabel& other : sheet.labels) take(other.text.rect);
+        spot = BestSpot(chart, curve, plot.width, plot.height, size.width, size.height, taken);
+    } else {
+        spot = SpotAlongCurve(chart, curve, fraction, plot.width, plot.height, size.width,
+                              size.height);
+    }
+    if (!spot) return false;
+    label.onPoint = true;
+    label.group = Group::Curves;
+    label.series = curve;
+    label.point = spot->point;
+    label.dx = spot->dx;
+    label.dy = spot->dy;
+    return true;
+}
+
+}  // namespace quor::chart

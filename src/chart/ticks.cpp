@@ -1,0 +1,271 @@
+#include "chart/ticks.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+#include "common/numbers.h"
+
+namespace quor::chart {
+
+namespace {
+
+constexpr int kMaxTicks = 200;
+constexpr std::size_t kMaxMultiples = 2000;
+constexpr int kMaxDecimals = 15;
+
+/// Next of 1, 2, 5 times a power of ten above `step`.
+double nextStep(double step) {
+    return NiceStep(step * 1.5);
+}
+
+int exponentOf(double value) {
+    return static_cast<int>(std::floor(std::log10(value) + 1e-9));
+}
+
+/// Digits behind the mark that a multiple of `step` needs.
+int decimalsOf(double step) {
+    for (int digits = 0; digits < kMaxDecimals; ++digits) {
+        const double scaled = step * std::pow(10.0, digits);
+        if (std::abs(scaled - std::round(scaled)) < 1e-6 * scaled) return digits;
+    }
+    return kMaxDecimals;
+}
+
+std::string printed(double value, int decimals, char conversion) {
+    const char* format = conversion == 'e' ? "%.*e" : "%.*f";
+    std::array<char, 400> buffer{};
+    std::snprintf(buffer.data(), buffer.size(), format, decimals, value);
+    return buffer.data();
+}
+
+/// "1.500e+06" becomes "1.5e6"; digits given by the user stay.
+std::string powerText(double value, double step, int decimals) {
+    const int exponent = exponentOf(std::abs(value));
+    const int digits = decimals >= 0 ? decimals : decimalsOf(step / std::pow(10.0, exponent));
+    std::string text = printed(value, std::min(digits, kMaxDecimals), 'e');
+    const auto mark = text.find('e');
+    const int power = std::atoi(text.c_str() + mark + 1);
+    std::string mantissa = text.substr(0, mark);
+    if (decimals < 0 && mantissa.find('.') != std::string::npos) {
+        mantissa.erase(mantissa.find_last_not_of('0') + 1);
+        if (mantissa.back() == '.') mantissa.pop_back();
+    }
+    return mantissa + "e" + std::to_string(power);
+}
+
+std::string withLocaleMark(std::string text) {
+    std::replace(text.begin(), text.end(), '.', numbers::decimal_mark());
+    return text;
+}
+
+class Scale {
+  public:
+    explicit Scale(const TickRequest& r) : r_(r) {}
+
+    double pixel(double value) const {
+        const double t = r_.logarithmic ? std::log(value / r_.min) / std::log(r_.max / r_.min)
+                                        : (value - r_.min) / (r_.max - r_.min);
+        return t * r_.length;
+    }
+    double room(const std::string& text) const { return r_.room ? r_.room(text) : 40.0; }
+
+    /// True when no two numbers of the ticks come closer than their room.
+    bool fits(const std::vector<Tick>& ticks) const {
+        const Tick* last = nullptr;
+        for (const Tick& tick : ticks) {
+            if (tick.text.empty()) continue;
+            if (last) {
+                const double gap = pixel(tick.value) - pixel(last->value);
+                if (gap < (room(last->text) + room(tick.text)) / 2) return false;
+            }
+            last = &tick;
+        }
+        return true;
+    }
+
+  private:
+    const TickRequest& r_;
+};
+
+double largest(const TickRequest& r) {
+    return std::max(std::abs(r.min), std::abs(r.max));
+}
+
+std::vector<Tick> linearTicks(const TickRequest& r, double step) {
+    std::vector<Tick> ticks;
+    for (const double value : Multiples(r.min, r.max, step))
+        ticks.push_back({value, AxisNumber(value, step, largest(r), r.decimals)});
+    return ticks;
+}
+
+/// Takes numbers away, leaving those at every 2nd, 5th, 10th ... tick, until none overlap.
+void thinNumbers(std::vector<Tick>& ticks, double step, const Scale& scale) {
+    const std::vector<Tick> all = ticks;
+    for (double every = 2; !scale.fits(ticks) && every < 1e5; every = nextStep(every)) {
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            const double index = std::round(all[i].value / step);
+            ticks[i].text = std::fmod(index, every) == 0 ? all[i].text : std::string();
+        }
+    }
+    if (scale.fits(ticks)) return;
+    for (std::size_t i = 1; i < ticks.size(); ++i) ticks[i].text.clear();
+}
+
+std::vector<double> linearMinor(const TickRequest& r, double step) {
+    const double mantissa = step / std::pow(10.0, exponentOf(step));
+    const double parts = std::abs(mantissa - 2) < 0.01 ? 4 : 5;
+    std::vector<double> minor;
+    for (const double value : Multiples(r.min, r.max, step / parts)) {
+        const double position = value / step;
+        if (std::abs(position - std::round(position)) > 1e-6) minor.push_back(value);
+    }
+    return minor;
+}
+
+Ticks makeLinear(const TickRequest& r) {
+    const Scale scale(r);
+    const double wanted = r.spacing;
+    const double count = wanted > 0 ? (r.max - r.min) / wanted : 0;
+    if (wanted > 0 && count <= kMaxTicks) {
+        Ticks ticks{linearTicks(r, wanted), linearMinor(r, wanted)};
+        thinNumbers(ticks.major, wanted, scale);
+        return ticks;
+    }
+    const double parts = std::clamp(r.length / r.distance, 2.0, 10.0);
+    double step = NiceStep((r.max - r.min) / parts);
+    std::vector<Tick> ticks = linearTicks(r, step);
+    while (!scale.fits(ticks) && step < r.max - r.min) {
+        step = nextStep(step);
+        ticks = linearTicks(r, step);
+    }
+    thinNumbers(ticks, step, scale);
+    return {std::move(ticks), linearMinor(r, step)};
+}
+
+std::string logNumber(const TickRequest& r, double value, int exponent) {
+    // Powers only where plain numbers grow long; the whole axis then shows powers.
+    const bool powers = r.max >= 1e6 || r.min < 0.9e-4;
+    if (powers) return withLocaleMark(powerText(value, std::pow(10.0, exponent), r.decimals));
+    const int digits = r.decimals >= 0 ? r.decimals : std::max(0, -exponent);
+    return withLocaleMark(printed(value, std::min(digits, kMaxDecimals), 'f'));
+}
+
+/// Ticks at `factors` times every `every`-th power of ten.
+std::vector<Tick> decadeTicks(const TickRequest& r, std::initializer_list<int> factors, int every) {
+    std::vector<Tick> ticks;
+    const int first = exponentOf(r.min) - 1, last = exponentOf(r.max) + 1;
+    for (int exponent = first; exponent <= last; ++exponent) {
+        if (exponent % every != 0) continue;
+        for (const int factor : factors) {
+            const double value = factor * std::pow(10.0, exponent);
+            if (value < r.min * (1 - 1e-9) || value > r.max * (1 + 1e-9)) continue;
+            ticks.push_back({value, logNumber(r, value, exponent)});
+        }
+    }
+    return ticks;
+}
+
+std::vector<double> logMinor(const TickRequest& r, int every) {
+    std::vector<double> minor;
+    for (int exponent = exponentOf(r.min) - 1; exponent <= exponentOf(r.max); ++exponent) {
+        for (int factor = 1; factor < 10; ++factor) {
+            if (factor == 1 && exponent % every == 0) continue;
+            if (factor > 1 && every > 1) continue;
+            const double value = factor * std::pow(10.0, exponent);
+            if (value > r.min && value < r.max) minor.push_back(value);
+        }
+    }
+    return minor;
+}
+
+/// Over less than about a decade: linear multiples, as fine as their room on the axis allows.
+Ticks makeShortLogarithmic(const TickRequest& r) {
+    const Scale scale(r);
+    const double parts = std::clamp(r.length / r.distance, 2.0, 8.0);
+    double step = NiceStep((r.max - r.min) / parts / 2);
+    std::vector<Tick> ticks = linearTicks(r, step);
+    while (!scale.fits(ticks) && step < r.max - r.min) {
+        step = nextStep(step);
+        ticks = linearTicks(r, step);
+    }
+    thinNumbers(ticks, step, scale);
+    return {std::move(ticks), {}};
+}
+
+Ticks makeLogarithmic(const TickRequest& r) {
+    const double decades = std::log10(r.max / r.min);
+    if (decades < 1.2) return makeShortLogarithmic(r);
+    const Scale scale(r);
+    std::vector<Tick> fine = decadeTicks(r, {1, 2, 5}, 1);
+    if (fine.size() <= 10 && scale.fits(fine)) return {std::move(fine), logMinor(r, 1)};
+    for (int every = 1; every <= 700; ++every) {
+        std::vector<Tick> ticks = decadeTicks(r, {1}, every);
+        if (ticks.size() <= 12 && scale.fits(ticks)) return {std::move(ticks), logMinor(r, every)};
+    }
+    return makeShortLogarithmic(r);
+}
+
+bool usable(const TickRequest& r) {
+    return std::isfinite(r.min) && std::isfinite(r.max) && r.min < r.max && r.length > 0 &&
+           (!r.logarithmic || r.min > 0);
+}
+
+}  // namespace
+
+Ticks MakeTicks(const TickRequest& request) {
+    if (!usable(request)) return {};
+    return request.logarithmic ? makeLogarithmic(request) : makeLinear(request);
+}
+
+double NiceStep(double rough) {
+    if (!(rough > 0) || !std::isfinite(rough)) return 1;
+    const double power = std::pow(10.0, std::floor(std::log10(rough)));
+    for (const double factor : {1.0, 2.0, 5.0})
+        if (factor * power >= rough * (1 - 1e-9)) return factor * power;
+    return 10 * power;
+}
+
+std::vector<double> Multiples(double min, double max, double step) {
+    std::vector<double> values;
+    if (!(step > 0) || !(min < max)) return values;
+    const double first = std::ceil(min / step - 1e-6), last = std::floor(max / step + 1e-6);
+    if (!(last - first < static_cast<double>(kMaxMultiples))) return values;
+    for (double index = first; index <= last; ++index)
+        values.push_back(index == 0 ? 0.0 : index * step);
+    return values;
+}
+
+std::string AxisNumber(double value, double step, double largest, int decimals) {
+    if (!std::isfinite(value)) return {};
+    const int digits = decimals >= 0 ? std::min(decimals, kMaxDecimals) : decimalsOf(step);
+    const bool powers = largest >= 1e6 || (decimals < 0 && digits > 5);
+    if (powers && value == 0) return "0";
+    if (powers) return withLocaleMark(powerText(value, step, decimals));
+    return withLocaleMark(printed(value, digits, 'f'));
+}
+
+NiceWindow MakeNiceWindow(double min, double max, bool logarithmic) {
+    if (logarithmic && min > 0 && max > 0) {
+        if (max / min < 1.0001) return {min / 2, max * 2};
+        const double decades = std::log10(max / min);
+        if (decades < 1) {
+            const NiceWindow linear = MakeNiceWindow(min, max, false);
+            return {linear.min > 0 ? linear.min : min, linear.max};
+        }
+        return {std::pow(10.0, std::floor(std::log10(min) + 1e-9)),
+                std::pow(10.0, std::ceil(std::log10(max) - 1e-9))};
+    }
+    double span = max - min;
+    if (!(span > 1e-9 * std::max(std::abs(min), std::abs(max)))) {
+        span = min == 0 ? 1 : std::abs(min) * 0.2;
+        min -= span / 2;
+        max += span / 2;
+    }
+    const double step = NiceStep(span / 10);
+    return {std::floor(min / step + 1e-9) * step, std::ceil(max / step - 1e-9) * step};
+}
+
+}  // namespace quor::chart

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+namespace quor::gui {
+
+/// The views of the calculations and what opens them.
+namespace calculation_views {
+
+/// Registers the rows of the Calculation menu and the end of the protocol, and gives the engine
+/// its views.
+void Install();
+
+/// The choice between global and partial calculation, modal; goes on by itself. `forDiagram` when a
+/// diagram waits for it instead of a calculation.
+void OpenCalcIn(bool forDiagram);
+
+/// The first two fields of the input view of a direct calculation, T and p; empty texts when it
+/// asks for something else or is not open.
+std::pair<std::string, std::string> TypedTp();
+
+void OpenIsoCalculator();
+void OpenDiagnosis();
+
+/// The result view, when it is open, shows the texts of the last calculation.
+void RefreshResult();
+
+/// The diagnosis, when it is open, shows the last state again.
+void RefreshDiagnosis();
+
+}  // namespace calculation_views
+
+}  // namespace quor::gui

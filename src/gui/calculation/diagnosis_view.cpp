@@ -1,0 +1,98 @@
+#include "gui/calculation/diagnosis_view.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "common/numbers.h"
+#include "common/text.h"
+#include "gui/calculation/isotherm_plot.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+#include "models/model_tables.h"
+
+namespace quor::gui {
+
+namespace {
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+// General format of a 32-bit value: enough digits for a reader.
+QString shown(double value) {
+    return qt(numbers::General(static_cast<float>(value)));
+}
+
+QString state_text(const calculation::Diagnosis& d) {
+    if (d.roots.empty()) return {};
+    return qt(text::Trim(models::EOSName(legacy::the_models.EOSModel))) + ",  T = " + shown(d.T) +
+           " K,  p = " + shown(d.p) + " kPa";
+}
+
+QString legend_text(const calculation::Diagnosis& d) {
+    if (d.roots.empty()) return {};
+    const QString marks = "dashed: p; full mark: stable root; empty mark: unstable or metastable";
+    if (!(d.saturationPressure > 0)) return marks;
+    return marks + "\ndotted: p(LV) = " + shown(d.saturationPressure) +
+           " kPa, which makes the two coloured areas equal";
+}
+
+}  // namespace
+
+DiagnosisView::DiagnosisView(QWidget* parent) : ChildView("frmCEOSDiagnose", parent) {
+    setWindowIcon(theme::icon("calculate"));
+    state_ = form::named(new QLabel, "lblState");
+    plot_ = new IsothermPlot;
+    legend_ = form::named(form::note(), "lblLegend");
+    auto* grid = form::grid();
+    grid->setContentsMargins({});
+    grid->setHorizontalSpacing(theme::kGroupGap);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        const auto label = [&](const char* name, int column) {
+            auto* one = form::named(new QLabel, QString("%1_%2").arg(name).arg(i + 1));
+            one->setTextInteractionFlags(Qt::TextSelectableByMouse);
+            one->setFont(theme::fixedPitch());
+            grid->addWidget(one, static_cast<int>(i), column);
+            return one;
+        };
+        rows_[i] = {label("lblRoot", 0), label("lblVolume", 1), label("lblNote", 2)};
+        rows_[i].value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+    grid->setColumnStretch(2, 1);
+    QPushButton* close = form::button("Close", "cmdClose");
+    connect(close, &QPushButton::clicked, this, &ChildView::closeView);
+    setDefaultButton(close);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGap);
+    layout->addWidget(state_);
+    layout->addWidget(plot_, 1);
+    layout->addWidget(legend_);
+    layout->addSpacing(theme::kGap);
+    layout->addLayout(grid);
+    layout->addWidget(close, 0, Qt::AlignRight);
+    open();
+}
+
+void DiagnosisView::open() {
+    const calculation::Diagnosis diagnosis = calculation::DiagnoseLastState();
+    setWindowTitle(qt(diagnosis.title));
+    state_->setText(state_text(diagnosis));
+    legend_->setText(legend_text(diagnosis));
+    plot_->showDiagnosis(diagnosis);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        const bool there = i < diagnosis.roots.size();
+        const calculation::RootRow root = there ? diagnosis.roots[i] : calculation::RootRow{};
+        rows_[i].caption->setText(qt(root.caption));
+        rows_[i].value->setText(qt(root.value));
+        rows_[i].note->setText(qt(root.note));
+        for (QLabel* label : {rows_[i].caption, rows_[i].value, rows_[i].note})
+            label->setVisible(there);
+    }
+}
+
+}  // namespace quor::gui

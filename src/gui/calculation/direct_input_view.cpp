@@ -1,0 +1,231 @@
+#include "gui/calculation/direct_input_view.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "calculation/direct_input.h"
+#include "calculation/start_calculation.h"
+#include "common/numbers.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+
+namespace quor::gui {
+
+namespace {
+
+using legacy::the_session;
+
+constexpr std::int16_t kReferenceInput = 4, kTankInput = 33;
+constexpr std::size_t kMass = 1, kRho = 2;
+constexpr int kPicture = 32;
+
+// Two options side by side in a frame; the group knows them by their index.
+QButtonGroup* two_options(QGroupBox* frame, const QString& name, const QString& first,
+                          const QString& second) {
+    auto* group = new QButtonGroup(frame);
+    auto* row = new QHBoxLayout(frame);
+    row->setSpacing(theme::kGroupGap);
+    int index = 0;
+    for (const QString& caption : {first, second}) {
+        auto* option =
+            form::named(new QRadioButton(caption), QString("%1_%2").arg(name).arg(index));
+        group->addButton(option, index++);
+        row->addWidget(option);
+    }
+    row->addStretch(1);
+    return group;
+}
+
+// A value as text, nothing for 0: no value.
+template <class Number>
+std::string shown(Number value) {
+    return value == Number{} ? std::string() : numbers::General(value);
+}
+
+// What the fields stand for, as the session holds it.
+std::array<std::string, 4> texts_of_session() {
+    switch (the_session.InputSituation) {
+        case kReferenceInput: {
+            const models::BensonPoint& r = the_session.BensonReference;
+            return {shown(r.T), shown(r.p), shown(r.rhoL), shown(r.rhoV)};
+        }
+        case kTankInput:
+            return {shown(the_session.tank.V),
+                    shown(the_session.tank.m),
+                    shown(the_session.tank.T),
+                    {}};
+        default: {
+            const calculation::BatchDataSet& input = legacy::the_BatchData.front();
+            return {shown(input.T), shown(input.p), shown(input.rhoV), {}};
+        }
+    }
+}
+
+}  // namespace
+
+DirectInputView::DirectInputView(QWidget* parent) : ChildView("frmParinput", parent) {
+    setWindowIcon(theme::icon("calculate"));
+    setHugs(true);
+    arrange();
+    open();
+}
+
+void DirectInputView::arrange() {
+    auto* grid = form::grid();
+    grid->setContentsMargins({});
+    for (std::size_t i = 0; i < par_.size(); ++i) {
+        par_[i] = form::named(new NumberEdit, QString("par_%1").arg(i));
+        Bz_[i] = form::named(form::caption({}, par_[i]), QString("Bz_%1").arg(i));
+        // The labels are written so that their units stand in one column of a fixed-pitch face.
+        Bz_[i]->setFont(theme::fixedPitch());
+        grid->addWidget(Bz_[i], static_cast<int>(i), 0);
+        grid->addWidget(par_[i], static_cast<int>(i), 1);
+    }
+    grid->setColumnStretch(1, 1);
+
+    volumeFrame_ = form::frame("specific. quantity", "fraRhoVInput");
+    volume_ = two_options(volumeFrame_, "optRhoV", "Rho", "V");
+    connect(volume_, &QButtonGroup::idClicked, this, [this](int index) {
+        calculation::ChooseVolumeInput(index);
+        follow();
+    });
+    amountFrame_ = form::frame("content given as", "fram_n");
+    amount_ = two_options(amountFrame_, "optm_n", "mass m", "amount of substance n");
+    amount_->button(0)->setChecked(true);
+    connect(amount_, &QButtonGroup::idClicked, this, &DirectInputView::follow);
+
+    picture_ = form::named(new QLabel, "Picture1");
+    picture_->setAlignment(Qt::AlignTop);
+    ok_ = form::button("&Calculate", "cmdParameter_OK");
+    connect(ok_, &QPushButton::clicked, this, &DirectInputView::calculate);
+    setDefaultButton(ok_);
+    QPushButton* escape = form::button("Cancel", "cancel");
+    connect(escape, &QPushButton::clicked, this, [this] { cancel(); });
+
+    auto* fields = new QHBoxLayout;
+    fields->setSpacing(theme::kGroupGap);
+    fields->addWidget(picture_);
+    fields->addLayout(grid, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addStretch(1);
+    buttons->addWidget(ok_);
+    buttons->addWidget(escape);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addLayout(fields);
+    layout->addWidget(volumeFrame_);
+    layout->addWidget(amountFrame_);
+    layout->addStretch(1);
+    layout->addLayout(buttons);
+}
+
+void DirectInputView::open() {
+    const bool tank = the_session.InputSituation == kTankInput;
+    picture_->setPixmap(theme::icon(tank ? "tank" : "calculate").pixmap(kPicture, kPicture));
+    volume_->button(the_session.VolumeInput ? 1 : 0)->setChecked(true);
+    follow();
+    refill();
+    for (NumberEdit* field : par_) {
+        if (field->isHidden()) continue;
+        setFocusProxy(field);
+        field->setFocus(Qt::OtherFocusReason);
+        break;
+    }
+}
+
+// Fields, labels and frames of the situation; the texts typed stay.
+void DirectInputView::follow() {
+    const calculation::DirectInput input = calculation::DescribeDirectInput(amount());
+    const auto qt = [](const std::string& s) { return QString::fromStdString(s); };
+    setWindowTitle(qt(input.title));
+    ok_->setText(qt(input.command));
+    for (std::size_t i = 0; i < par_.size(); ++i) {
+        Bz_[i]->setText(qt(input.fields[i].label));
+        Bz_[i]->setVisible(input.fields[i].visible);
+        par_[i]->setVisible(input.fields[i].visible);
+    }
+    volumeFrame_->setVisible(input.volumeFrameVisible);
+    volumeFrame_->setTitle(qt(input.volumeFrame));
+    amountFrame_->setVisible(input.amountFrameVisible);
+    fitWindow();
+}
+
+// A volume or an amount is typed by the user anew: the session holds densities and masses.
+void DirectInputView::refill() {
+    const std::array<std::string, 4> texts = texts_of_session();
+    const bool volume = the_session.VolumeInput && volumeFrame_->isVisibleTo(this);
+    const bool kmol = amount() && amountFrame_->isVisibleTo(this);
+    for (std::size_t i = 0; i < par_.size(); ++i) {
+        const bool converted = (volume && i == kRho) || (kmol && i == kMass);
+        par_[i]->setText(converted ? QString() : QString::fromStdString(texts[i]));
+    }
+}
+
+bool DirectInputView::amount() const {
+    return amount_->checkedId() == 1;
+}
+
+std::string DirectInputView::fieldText(std::size_t index) const {
+    const NumberEdit* field = par_.at(index);
+    return field->isHidden() ? std::string() : field->text().toStdString();
+}
+
+// --------------------------------------------------------------------------------------- commands
+
+// Marks the fields that lack a value; the first of them gets the focus.
+void DirectInputView::markMissing() {
+    NumberEdit* first = nullptr;
+    for (NumberEdit* field : par_) {
+        if (field->isHidden() || field->value() > 0) continue;
+        field->setMark("A value above 0 is needed");
+        if (first == nullptr) first = field;
+    }
+    if (first != nullptr) first->setFocus();
+}
+
+void DirectInputView::calculate() {
+    if (MarkWrongNumber(par_)) return;
+    const std::array<std::string, 4> texts = {fieldText(0), fieldText(1), fieldText(2),
+                                              fieldText(3)};
+    const calculation::Views& views = calculation::views();
+    switch (calculation::AcceptInput(texts, amount())) {
+        case calculation::InputResult::Refused:
+            markMissing();
+            break;
+        case calculation::InputResult::ReferenceStored:
+            closeView();
+            break;
+        case calculation::InputResult::TankExit:
+            views.closeResultView();
+            views.closeTankView();
+            break;
+        case calculation::InputResult::TankCalculated:
+            views.openResultView();
+            views.openTankView();
+            shell::Activate(objectName());
+            break;
+        case calculation::InputResult::Calculated:
+            views.showResultView();
+            break;
+    }
+}
+
+// The second reference point belongs to a view of its own, which stays.
+void DirectInputView::cancel() {
+    if (the_session.InputSituation == kReferenceInput)
+        closeView();
+    else
+        calculation::CancelInput();
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,202 @@
+#include "gui/calculation/iso_calculator_view.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <array>
+
+#include "common/numbers.h"
+#include "gui/calculation/calculation_views.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "session/actions.h"
+#include "session/help_topics.h"
+
+namespace quor::gui {
+
+namespace {
+
+constexpr auto kCurveInput = "mnuData_EditXY";  // action of the XY editor
+constexpr int kFunctionColumns = 2;
+constexpr int kLiquid = 0, kVapour = 1;
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+// Captions of the functions, from index 1 on.
+constexpr const char* kFunctions[] = {"Volume V",         "Enthalpy H",        "Entropy S",
+                                      "Gibbs Function G", "Internal Energy U", "Helmholtz Fu. A",
+                                      "Exergy E(H)",      "Exergy E(U)"};
+
+QString state_text(const calculation::IsoCalculator& iso) {
+    return QString("Last state: T = %1 K,  p = %2 kPa")
+        .arg(qt(numbers::General(static_cast<float>(iso.lastT))),
+             qt(numbers::General(static_cast<float>(iso.lastP))));
+}
+
+}  // namespace
+
+IsoCalculatorView::IsoCalculatorView(QWidget* parent) : ChildView("frmIsoCalc", parent) {
+    setWindowTitle("\"Iso-Calculator\"");
+    setWindowIcon(theme::icon("calculate"));
+    auto* options = new QHBoxLayout;
+    options->setSpacing(theme::kGap);
+    options->addWidget(buildPhase());
+    options->addWidget(buildGiven(), 1);
+    state_ = form::named(form::note(), "lblIsoState");
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addWidget(buildFunctions());
+    layout->addLayout(options);
+    layout->addLayout(buildFields());
+    layout->addWidget(state_);
+    layout->addStretch(1);
+    layout->addLayout(buildButtons());
+    open();
+}
+
+void IsoCalculatorView::open() {
+    iso_ = calculation::OpenIsoCalculator();
+    function_->button(iso_.function)->setChecked(true);
+    phase_->button(iso_.liquid ? kLiquid : kVapour)->setChecked(true);
+    given_->button(static_cast<int>(iso_.given))->setChecked(true);
+    follow();
+    givenValue_->setFocus();
+}
+
+QGroupBox* IsoCalculatorView::buildFunctions() {
+    auto* frame = form::frame("constant function", "fraIsoFu");
+    auto* grid = new QGridLayout(frame);
+    grid->setSpacing(theme::kGap);
+    function_ = new QButtonGroup(this);
+    constexpr int kRows = static_cast<int>(std::size(kFunctions)) / kFunctionColumns;
+    for (int i = 0; i < static_cast<int>(std::size(kFunctions)); ++i) {
+        auto* option =
+            form::named(new QRadioButton(kFunctions[i]), QString("OptIsoFu_%1").arg(i + 1));
+        function_->addButton(option, i + 1);
+        grid->addWidget(option, i % kRows, i / kRows);
+    }
+    connect(function_, &QButtonGroup::idClicked, this, [this](int index) {
+        calculation::ChooseIsoFunction(iso_, static_cast<std::int16_t>(index));
+        follow();
+    });
+    return frame;
+}
+
+QGroupBox* IsoCalculatorView::buildPhase() {
+    auto* frame = form::frame("phase", "fraIsoPhase");
+    auto* row = new QHBoxLayout(frame);
+    row->setSpacing(theme::kGroupGap);
+    phase_ = new QButtonGroup(this);
+    for (const auto& [index, caption] : {std::pair{kLiquid, "L-Phase"}, {kVapour, "V-Phase"}}) {
+        auto* option = form::named(new QRadioButton(caption), QString("optIsoPhase_%1").arg(index));
+        phase_->addButton(option, index);
+        row->addWidget(option);
+    }
+    connect(phase_, &QButtonGroup::idClicked, this, [this](int index) {
+        calculation::ChooseIsoPhase(iso_, index == kLiquid);
+        follow();
+    });
+    return frame;
+}
+
+QGroupBox* IsoCalculatorView::buildGiven() {
+    auto* frame = form::frame("specified", "fraIsoTp");
+    auto* row = new QHBoxLayout(frame);
+    row->setSpacing(theme::kGroupGap);
+    given_ = new QButtonGroup(this);
+    for (const auto& [given, caption] : {std::pair{calculation::IsoGiven::T, "T  (p sought)"},
+                                         {calculation::IsoGiven::p, "p  (T sought)"}}) {
+        const int index = static_cast<int>(given);
+        auto* option = form::named(new QRadioButton(caption), QString("optIsoTp_%1").arg(index));
+        given_->addButton(option, index);
+        row->addWidget(option);
+    }
+    connect(given_, &QButtonGroup::idClicked, this, [this](int index) {
+        calculation::ChooseIsoGiven(iso_, static_cast<calculation::IsoGiven>(index));
+        follow();
+    });
+    return frame;
+}
+
+QLayout* IsoCalculatorView::buildFields() {
+    constant_ = form::named(new NumberEdit, "txtFuConst");
+    constant_->setToolTip(" manual input possible; for unit see \"Options\" ");
+    givenValue_ = form::named(new NumberEdit, "txtTpVorgabe");
+    sought_ = form::named(new QLineEdit, "txtTpCalc");
+    sought_->setReadOnly(true);
+    sought_->setAlignment(Qt::AlignRight);
+    auto* grid = form::grid();
+    grid->setContentsMargins({});
+    const auto row = [&](int n, const QString& name, QWidget* field) {
+        auto* label = form::named(form::caption({}, field), name);
+        label->setFont(theme::fixedPitch());
+        grid->addWidget(label, n, 0);
+        grid->addWidget(field, n, 1);
+        return label;
+    };
+    constantLabel_ = row(0, "lblFuConst", constant_);
+    givenLabel_ = row(1, "lblTpVorgabe", givenValue_);
+    soughtLabel_ = row(2, "lblTpCalc", sought_);
+    grid->setColumnStretch(1, 1);
+    return grid;
+}
+
+QLayout* IsoCalculatorView::buildButtons() {
+    QPushButton* calc = form::button("Calculate", "cmdCalc");
+    connect(calc, &QPushButton::clicked, this, &IsoCalculatorView::calculate);
+    setDefaultButton(calc);
+    QPushButton* reset = form::button("Reset Last", "cmdReset");
+    reset->setToolTip(" Reset to last successful calculation ");
+    connect(reset, &QPushButton::clicked, this, &IsoCalculatorView::reset);
+    QPushButton* curve = form::button("Curve input", "cmdShowManuInput");
+    curve->setEnabled(actions::Has(kCurveInput));
+    connect(curve, &QPushButton::clicked, this, [] { actions::Run(kCurveInput); });
+    QPushButton* page = form::button("Help", "cmdIsoHelp");
+    shell::ConnectHelp(page, help::kIsoCalculator);
+    QPushButton* close = form::button("Close", "cmdEsc");
+    connect(close, &QPushButton::clicked, this, &ChildView::closeView);
+
+    auto* row = new QHBoxLayout;
+    row->setSpacing(theme::kGap);
+    for (QPushButton* one : {curve, page}) row->addWidget(one);
+    row->addStretch(1);
+    for (QPushButton* one : {calc, reset, close}) row->addWidget(one);
+    return row;
+}
+
+void IsoCalculatorView::follow() {
+    constantLabel_->setText(qt(iso_.lblFuConst));
+    constant_->setText(qt(iso_.txtFuConst));
+    givenLabel_->setText(qt(iso_.givenLabel));
+    givenValue_->setText(qt(iso_.txtTpVorgabe));
+    soughtLabel_->setText(qt(iso_.soughtLabel));
+    sought_->setText(qt(iso_.txtTpCalc));
+    state_->setText(state_text(iso_));
+}
+
+void IsoCalculatorView::calculate() {
+    if (MarkWrongNumber(std::array{constant_, givenValue_}, false)) return;
+    calculation::CalculateIso(iso_, constant_->text().toStdString(),
+                              givenValue_->text().toStdString());
+    follow();
+    calculation_views::RefreshResult();
+}
+
+void IsoCalculatorView::reset() {
+    calculation::ResetIso(iso_);
+    follow();
+    calculation_views::RefreshResult();
+}
+
+}  // namespace quor::gui

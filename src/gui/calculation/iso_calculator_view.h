@@ -1,0 +1,49 @@
+#pragma once
+
+#include "calculation/iso_calculator.h"
+#include "gui/widgets/child_view.h"
+
+class QButtonGroup;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+
+namespace quor::gui {
+
+class NumberEdit;
+
+/// The iso-calculator: from a calculated state it keeps one function of a phase constant, takes a
+/// new T or p and finds the other.
+class IsoCalculatorView : public ChildView {
+    Q_OBJECT
+
+  public:
+    explicit IsoCalculatorView(QWidget* parent = nullptr);
+
+    /// Starts anew from the state in the direct input.
+    void open();
+
+  private:
+    QGroupBox* buildFunctions();
+    QGroupBox* buildPhase();
+    QGroupBox* buildGiven();
+    QLayout* buildFields();
+    QLayout* buildButtons();
+    void follow();
+    void calculate();
+    void reset();
+
+    calculation::IsoCalculator iso_;
+    QButtonGroup* function_ = nullptr;
+    QButtonGroup* phase_ = nullptr;
+    QButtonGroup* given_ = nullptr;
+    QLabel* constantLabel_ = nullptr;
+    NumberEdit* constant_ = nullptr;
+    QLabel* givenLabel_ = nullptr;
+    NumberEdit* givenValue_ = nullptr;
+    QLabel* soughtLabel_ = nullptr;
+    QLineEdit* sought_ = nullptr;
+    QLabel* state_ = nullptr;
+};
+
+}  // namespace quor::gui

@@ -1,0 +1,235 @@
+#include "gui/calculation/isotherm_plot.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "common/numbers.h"
+#include "gui/widgets/theme.h"
+
+namespace quor::gui {
+
+namespace {
+
+constexpr double kLogarithmicFrom = 12.0;  // ratio of the last to the first root
+constexpr double kCurveWidth = 2.0, kLineWidth = 1.2, kRootRadius = 4.5;
+constexpr int kPressureTicks = 5, kVolumeTicks = 6, kTickLength = 4;
+constexpr double kBeyondLastRoot = 1.6;
+constexpr float kBehindName = 0.7F;  // how far the name of a root hides what is behind it
+
+// A round number near range/count: 1, 2 or 5 times a power of ten.
+double round_step(double range, int count) {
+    const double raw = range / count;
+    const double power = std::pow(10.0, std::floor(std::log10(raw)));
+    for (const double factor : {1.0, 2.0, 5.0})
+        if (factor * power >= raw) return factor * power;
+    return 10.0 * power;
+}
+
+std::vector<double> linear_ticks(double low, double high, int count) {
+    std::vector<double> ticks;
+    if (!(high > low)) return ticks;
+    const double step = round_step(high - low, count);
+    for (double i = std::ceil(low / step); i * step <= high; ++i) ticks.push_back(i * step);
+    return ticks;
+}
+
+std::vector<double> logarithmic_ticks(double low, double high) {
+    std::vector<double> ticks;
+    if (!(low > 0) || !(high > low)) return ticks;
+    for (double power = std::pow(10.0, std::floor(std::log10(low))); power <= high; power *= 10.0)
+        for (const double factor : {1.0, 2.0, 5.0})
+            if (factor * power >= low && factor * power <= high) ticks.push_back(factor * power);
+    return ticks;
+}
+
+QString tick_text(double value) {
+    return QString::fromStdString(numbers::General(static_cast<float>(value)));
+}
+
+struct Colours {
+    QColor curve = theme::isDark() ? QColor(0x56, 0xb4, 0xe9) : QColor(0x00, 0x72, 0xb2);
+    QColor below{0xe6, 0x9f, 0x00, 0x70};
+    QColor above{0x56, 0xb4, 0xe9, 0x70};
+};
+
+}  // namespace
+
+IsothermPlot::IsothermPlot(QWidget* parent) : QWidget(parent) {
+    setObjectName("pctEOS");
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setAccessibleName("p-v isotherm of the cubic equation of state");
+}
+
+void IsothermPlot::showDiagnosis(const calculation::Diagnosis& diagnosis) {
+    diagnosis_ = diagnosis;
+    update();
+}
+
+QSize IsothermPlot::sizeHint() const {
+    return {470, 300};
+}
+QSize IsothermPlot::minimumSizeHint() const {
+    return {300, 200};
+}
+
+// The limits of the volume axis: the isotherm, but not its long tail.
+double IsothermPlot::vFirst() const {
+    return diagnosis_.isotherm.front().v;
+}
+
+double IsothermPlot::vLast() const {
+    double last = diagnosis_.roots.back().v;
+    if (!diagnosis_.areaAbove.empty()) last = std::max(last, diagnosis_.areaAbove.back().v);
+    return std::min(diagnosis_.isotherm.back().v, kBeyondLastRoot * last);
+}
+
+bool IsothermPlot::isLogarithmic() const {
+    return !diagnosis_.isotherm.empty() && vLast() / vFirst() > kLogarithmicFrom;
+}
+
+QRectF IsothermPlot::area() const {
+    const QFontMetrics metrics = fontMetrics();
+    double left = 0;
+    for (const double p : linear_ticks(diagnosis_.pMin, diagnosis_.pMax, kPressureTicks))
+        left = std::max(left, static_cast<double>(metrics.horizontalAdvance(tick_text(p))));
+    left += 2 * theme::kGap + kTickLength + metrics.lineSpacing();
+    const double bottom = 2.0 * metrics.lineSpacing() + 2 * theme::kGap + kTickLength;
+    return QRectF(rect()).adjusted(left, theme::kMargin, -3 * theme::kMargin, -bottom);
+}
+
+QPointF IsothermPlot::place(double v, double p) const {
+    const QRectF in = area();
+    const bool logarithmic = isLogarithmic();
+    const auto x = [&](double volume) { return logarithmic ? std::log(volume) : volume; };
+    const double tx = (x(v) - x(vFirst())) / (x(vLast()) - x(vFirst()));
+    const double ty = (p - diagnosis_.pMin) / (diagnosis_.pMax - diagnosis_.pMin);
+    return {in.left() + tx * in.width(), in.bottom() - ty * in.height()};
+}
+
+QPolygonF IsothermPlot::polygon(const std::vector<calculation::IsothermPoint>& points) const {
+    // What lies far outside is drawn at a little distance, so that no number gets too large.
+    const double room = diagnosis_.pMax - diagnosis_.pMin;
+    QPolygonF line;
+    for (const calculation::IsothermPoint& q : points)
+        line << place(q.v, std::clamp(q.p, diagnosis_.pMin - room, diagnosis_.pMax + room));
+    return line;
+}
+
+void IsothermPlot::paintAxes(QPainter& painter) const {
+    const QRectF in = area();
+    const QFontMetrics metrics = painter.fontMetrics();
+    QColor grid = palette().color(QPalette::Text);
+    grid.setAlpha(40);
+    const QColor text = palette().color(QPalette::Text);
+
+    for (const double p : linear_ticks(diagnosis_.pMin, diagnosis_.pMax, kPressureTicks)) {
+        const double y = place(vFirst(), p).y();
+        painter.setPen(grid);
+        painter.drawLine(QPointF(in.left(), y), QPointF(in.right(), y));
+        painter.setPen(text);
+        painter.drawLine(QPointF(in.left() - kTickLength, y), QPointF(in.left(), y));
+        const QRectF box(0, y - metrics.height() / 2.0, in.left() - kTickLength - theme::kGap,
+                         metrics.height());
+        painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, tick_text(p));
+    }
+    const std::vector<double> volumes = isLogarithmic()
+                                            ? logarithmic_ticks(vFirst(), vLast())
+                                            : linear_ticks(vFirst(), vLast(), kVolumeTicks);
+    double free = in.left();
+    for (const double v : volumes) {
+        const double x = place(v, diagnosis_.pMin).x();
+        painter.setPen(grid);
+        painter.drawLine(QPointF(x, in.top()), QPointF(x, in.bottom()));
+        painter.setPen(text);
+        painter.drawLine(QPointF(x, in.bottom()), QPointF(x, in.bottom() + kTickLength));
+        const double width = metrics.horizontalAdvance(tick_text(v));
+        if (x - width / 2 < free) continue;
+        painter.drawText(QPointF(x - width / 2,
+                                 in.bottom() + kTickLength + theme::kGap / 2.0 + metrics.ascent()),
+                         tick_text(v));
+        free = x + width / 2 + theme::kGap;
+    }
+    painter.setPen(text);
+    painter.drawRect(in);
+    painter.drawText(QRectF(in.left(), height() - metrics.lineSpacing() - 2.0, in.width(),
+                            metrics.lineSpacing()),
+                     Qt::AlignCenter,
+                     isLogarithmic() ? "v/(m^3/kmol), logarithmic: the areas are equal in p and v"
+                                     : "v/(m^3/kmol)");
+    painter.save();
+    painter.translate(theme::kGap / 2.0, in.center().y());
+    painter.rotate(-90.0);
+    painter.drawText(QRectF(-in.height() / 2, 0, in.height(), metrics.lineSpacing()),
+                     Qt::AlignCenter, "p/kPa");
+    painter.restore();
+}
+
+void IsothermPlot::paintAreas(QPainter& painter) const {
+    const Colours colours;
+    painter.setPen(Qt::NoPen);
+    for (const auto& [points, colour, style] :
+         {std::tuple{&diagnosis_.areaBelow, colours.below, Qt::SolidPattern},
+          std::tuple{&diagnosis_.areaAbove, colours.above, Qt::SolidPattern}}) {
+        if (points->empty()) continue;
+        QPolygonF shape = polygon(*points);
+        shape << place(points->back().v, diagnosis_.saturationPressure)
+              << place(points->front().v, diagnosis_.saturationPressure);
+        painter.setBrush(QBrush(colour, style));
+        painter.drawPolygon(shape);
+    }
+    painter.setBrush(Qt::NoBrush);
+}
+
+void IsothermPlot::paintLines(QPainter& painter) const {
+    const QRectF in = area();
+    const QColor text = palette().color(QPalette::Text);
+    const auto level = [&](double p, Qt::PenStyle style) {
+        const double y = place(vFirst(), p).y();
+        painter.setPen(QPen(text, kLineWidth, style));
+        painter.drawLine(QPointF(in.left(), y), QPointF(in.right(), y));
+    };
+    level(diagnosis_.p, Qt::DashLine);
+    if (diagnosis_.saturationPressure > 0) level(diagnosis_.saturationPressure, Qt::DotLine);
+    painter.setPen(QPen(Colours().curve, kCurveWidth));
+    painter.drawPolyline(polygon(diagnosis_.isotherm));
+}
+
+// A stable root is a full mark, the others are empty ones; each bears its number.
+void IsothermPlot::paintRoots(QPainter& painter) const {
+    const QColor text = palette().color(QPalette::Text);
+    const QFontMetrics metrics = painter.fontMetrics();
+    QColor behind = palette().color(QPalette::Base);
+    behind.setAlphaF(kBehindName);
+    painter.setPen(QPen(text, kLineWidth));
+    int number = 1;
+    for (const calculation::RootRow& root : diagnosis_.roots) {
+        const QPointF at = place(root.v, diagnosis_.p);
+        painter.setBrush(root.stable ? text : palette().color(QPalette::Base));
+        painter.drawEllipse(at, kRootRadius, kRootRadius);
+        const QString name = QString("v(%1)").arg(number++);
+        const QRectF box(at + QPointF(kRootRadius + 2, -kRootRadius - 1 - metrics.height()),
+                         QSizeF(metrics.horizontalAdvance(name), metrics.height()));
+        painter.fillRect(box, behind);
+        painter.drawText(box, Qt::AlignCenter, name);
+    }
+}
+
+void IsothermPlot::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), palette().color(QPalette::Base));
+    if (diagnosis_.isotherm.empty() || diagnosis_.roots.empty()) {
+        painter.drawText(rect(), Qt::AlignCenter, "No state of a cubic equation of state");
+        return;
+    }
+    paintAxes(painter);
+    painter.save();
+    painter.setClipRect(area());
+    paintAreas(painter);
+    paintLines(painter);
+    painter.restore();
+    paintRoots(painter);
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,193 @@
+#include "gui/calculation/partial_choice_dialog.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "calculation/start_calculation.h"
+#include "common/numbers.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+#include "session/help_topics.h"
+
+namespace quor::gui {
+
+namespace {
+
+constexpr int kTextCharacters = 78;  // width of the texts, in characters of average width
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+QLabel* text_block(const QString& name) {
+    auto* label = form::named(new QLabel, name);
+    label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
+    label->setMinimumWidth(kTextCharacters * label->fontMetrics().averageCharWidth());
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    return label;
+}
+
+// Options of a control array, in a column; a click tells the index.
+template <std::size_t N, class Click>
+void add_options(QVBoxLayout* layout, std::array<QRadioButton*, N>& options, const QString& name,
+                 const std::array<const char*, N>& captions, Click click) {
+    for (std::size_t i = 0; i < N; ++i) {
+        options[i] = form::named(new QRadioButton(captions[i]), QString("%1_%2").arg(name).arg(i));
+        QObject::connect(options[i], &QRadioButton::clicked, options[i],
+                         [click, i] { click(static_cast<int>(i)); });
+        layout->addWidget(options[i]);
+    }
+}
+
+// The present reference point in words, as typed.
+QString typed_reference() {
+    const models::BensonPoint& r = legacy::the_session.BensonReference;
+    const auto line = [](const char* label, float value) {
+        return QString("\n %1%2").arg(label, qt(numbers::GeneralPoint(value)));
+    };
+    return "Reference point by manual input:" + line("T(ref)/K           = ", r.T) +
+           line("p(LV)(ref)/kPa     = ", r.p) + line("rho(L)(ref)/kg/m^3 = ", r.rhoL) +
+           line("rho(V)(ref)/kg/m^3 = ", r.rhoV);
+}
+
+}  // namespace
+
+PartialChoiceDialog::PartialChoiceDialog(bool forDiagram, QWidget* parent)
+    : QDialog(parent), choice_(calculation::OpenPartialChoice(forDiagram)) {
+    setObjectName("frmCalcIn");
+    arrange();
+    follow();
+    proposal_->setText(qt(choice_.RefVorschlag));
+}
+
+QWidget* PartialChoiceDialog::buildMode() {
+    modeFrame_ = form::frame("Mode of Calculation", "fraMode");
+    auto* page = form::helpButton("GlobHilfe", "global and partial calculation");
+    shell::ConnectHelp(page, help::kGlobalPartial);
+    auto* options = new QVBoxLayout;
+    options->setSpacing(theme::kGap);
+    add_options<2>(options, global_, "opt_glob", {"Global calculation", "Partial calculation"},
+                   [this](int index) {
+                       calculation::ChooseGlobal(choice_, index);
+                       follow();
+                   });
+    limits_ = text_block("lblRhoLimits");
+    auto* top = new QHBoxLayout;
+    top->addLayout(options, 1);
+    top->addWidget(page, 0, Qt::AlignTop);
+    auto* layout = new QVBoxLayout(modeFrame_);
+    layout->setSpacing(theme::kGap);
+    layout->addLayout(top);
+    layout->addWidget(limits_);
+    return modeFrame_;
+}
+
+QWidget* PartialChoiceDialog::buildDensity() {
+    densityFrame_ = form::frame("L-density", "fraDensity");
+    auto* layout = new QVBoxLayout(densityFrame_);
+    layout->setSpacing(theme::kGap);
+    add_options<2>(layout, density_, "optPartialBenson",
+                   {"rho_L by  BENSON's method", "rho_L by database equ. rho(T)"},
+                   [this](int index) {
+                       calculation::ChooseDensity(choice_, index);
+                       follow();
+                   });
+    range_ = form::named(form::note(), "lblRhoRange");
+    range_->setIndent(3 * theme::kGap);
+    layout->addWidget(range_);
+    return densityFrame_;
+}
+
+QWidget* PartialChoiceDialog::buildReference() {
+    referenceFrame_ = form::frame("Reference  point for BENSON's method", "fraReference");
+    auto* page = form::helpButton("BENSON_HELP", "the second reference point");
+    shell::ConnectHelp(page, help::kReferencePoint);
+    auto* top = new QHBoxLayout;
+    top->addWidget(form::named(new QLabel("Choose one of these options:"), "Bz1"), 1);
+    top->addWidget(page);
+
+    auto* layout = new QVBoxLayout(referenceFrame_);
+    layout->setSpacing(theme::kGap);
+    layout->addLayout(top);
+    add_options<3>(layout, reference_, "Ref_opt",
+                   {"Proposed reference data",
+                    "BENSON's approximation for RhoL(ref) at the normal boiling point",
+                    "Manual input of reference data"},
+                   [this](int index) {
+                       calculation::ChooseReference(choice_, index);
+                       if (choice_.inputEnabled)
+                           proposal_->setText(typed_reference());
+                       else
+                           proposal_->setText(qt(choice_.RefVorschlag));
+                       follow();
+                   });
+    input_ = form::button("Input", "RefInput");
+    connect(input_, &QPushButton::clicked, this, &PartialChoiceDialog::askReference);
+    layout->addWidget(input_, 0, Qt::AlignLeft);
+    proposal_ = text_block("RefVorschlag");
+    proposal_->setFont(theme::fixedPitch());
+    proposal_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    layout->addWidget(proposal_);
+    return referenceFrame_;
+}
+
+void PartialChoiceDialog::arrange() {
+    situation_ = text_block("GlobalSit");
+    QPushButton* ok = form::button("continue...", "OK");
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    escape_ = form::button("&Cancel", "ESC");
+    connect(escape_, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(escape_);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addWidget(situation_);
+    layout->addWidget(buildMode());
+    layout->addWidget(buildDensity());
+    layout->addWidget(buildReference());
+    layout->addLayout(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void PartialChoiceDialog::follow() {
+    const bool choices = choice_.choicesVisible;
+    setWindowTitle(qt(choice_.title));
+    situation_->setText(qt(choice_.GlobalSit));
+    modeFrame_->setVisible(choices && choice_.modeFrameVisible);
+    global_[static_cast<std::size_t>(choice_.globalIndex)]->setChecked(true);
+    global_[0]->setEnabled(choice_.globalEnabled);
+    limits_->setText(qt(choice_.lblRhoLimits));
+    densityFrame_->setVisible(choices && choice_.densityFrameVisible);
+    density_[static_cast<std::size_t>(choice_.densityIndex)]->setChecked(true);
+    density_[1]->setEnabled(choice_.databaseEnabled);
+    range_->setText(qt(choice_.databaseRange));
+    referenceFrame_->setVisible(choices && choice_.referenceFrameVisible);
+    reference_[static_cast<std::size_t>(choice_.referenceIndex)]->setChecked(true);
+    input_->setEnabled(choice_.inputEnabled);
+    escape_->setEnabled(choice_.cancelEnabled);
+}
+
+void PartialChoiceDialog::askReference() {
+    calculation::views().openReferenceInput();
+    proposal_->setText(typed_reference());
+}
+
+void PartialChoiceDialog::reject() {
+    if (choice_.cancelEnabled) QDialog::reject();
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,193 @@
+#include "gui/calculation/result_list.h"
+
+#include <QContextMenuEvent>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <algorithm>
+
+#include "calculation/list_layout.h"
+#include "common/dialogs.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/theme.h"
+
+namespace quor::gui {
+
+namespace {
+
+constexpr int kLinesShown = 18, kSpareCharacters = 6;
+constexpr int kLiquidColumn = 0, kSameColumn = 1, kVapourColumn = 2;  // of the captions
+constexpr std::size_t kCellsOfPhaseRow = 3;                           // label, L, V
+constexpr auto kRedSign = "! ";
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+std::string as_table(const calculation::ListLine& line) {
+    if (line.cells.empty()) return line.text;
+    std::string row;
+    for (const std::string& cell : line.cells)
+        row += (&cell == &line.cells.front() ? "" : "\t") + cell;
+    return row;
+}
+
+bool has_phase_columns(const calculation::ResultText& result) {
+    return std::any_of(result.Liste.begin(), result.Liste.end(),
+                       [](const auto& line) { return line.cells.size() == kCellsOfPhaseRow; });
+}
+
+}  // namespace
+
+ResultList::ResultList(QWidget* parent) : QPlainTextEdit(parent) {
+    setObjectName("Liste");
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setLineWrapMode(QPlainTextEdit::NoWrap);
+    setTabChangesFocus(true);
+    setFont(theme::fixedPitch());
+    setAccessibleName("Results");
+}
+
+void ResultList::showLines(const std::vector<calculation::ListLine>& lines) {
+    lines_ = lines;
+    clear();
+    QTextCursor cursor(document());
+    QTextCharFormat plain, red;
+    red.setForeground(theme::errorColour());
+    for (const calculation::ListLine& line : lines_) {
+        if (&line != &lines_.front()) cursor.insertBlock();
+        if (line.red)
+            cursor.insertText(kRedSign + qt(line.text), red);
+        else
+            cursor.insertText(qt(line.text), plain);
+    }
+    moveCursor(QTextCursor::Start);
+}
+
+void ResultList::copyText() {
+    const QTextCursor cursor = textCursor();
+    const bool part = cursor.hasSelection();
+    dialogs::SetClipboard(part ? cursor.selection().toPlainText().toStdString()
+                               : calculation::ResultAsText(calculation::resultText));
+    Q_EMIT copied(part ? "Selection copied as text" : "Result copied as text");
+}
+
+void ResultList::copyTable() {
+    const QTextCursor cursor = textCursor();
+    if (!cursor.hasSelection()) {
+        dialogs::SetClipboard(calculation::ResultAsTable(calculation::resultText));
+        Q_EMIT copied("Result copied as table");
+        return;
+    }
+    const auto line_at = [&](int position) {
+        return static_cast<std::size_t>(document()->findBlock(position).blockNumber());
+    };
+    std::string table;
+    for (std::size_t i = line_at(cursor.selectionStart());
+         i <= line_at(cursor.selectionEnd()) && i < lines_.size(); ++i)
+        table += as_table(lines_[i]) + "\n";
+    dialogs::SetClipboard(table);
+    Q_EMIT copied("Selection copied as table");
+}
+
+int ResultList::textStart() const {
+    return frameWidth() + static_cast<int>(document()->documentMargin());
+}
+
+int ResultList::advance(std::size_t characters) const {
+    return fontMetrics().horizontalAdvance(QString(static_cast<qsizetype>(characters), '0'));
+}
+
+QSize ResultList::sizeHint() const {
+    const int frame = 2 * textStart();
+    return {advance(calculation::kTableWidth + kSpareCharacters) + frame,
+            kLinesShown * fontMetrics().lineSpacing() + frame};
+}
+
+void ResultList::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        copyText();
+        return;
+    }
+    if (event->key() == Qt::Key_C &&
+        event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
+        copyTable();
+        return;
+    }
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+void ResultList::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu menu(this);
+    menu.setObjectName("ListeMenu");
+    menu.addAction("Copy as text\tCtrl+C", this, &ResultList::copyText)
+        ->setObjectName("mnuCopyText");
+    menu.addAction("Copy as table\tCtrl+Shift+C", this, &ResultList::copyTable)
+        ->setObjectName("mnuCopyTable");
+    menu.addSeparator();
+    menu.addAction("Select all\tCtrl+A", this, &QPlainTextEdit::selectAll)
+        ->setObjectName("mnuSelectAll");
+    menu.exec(event->globalPos());
+}
+
+// The colour of red lines follows the palette.
+void ResultList::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && !lines_.empty()) {
+        const std::vector<calculation::ListLine> lines = lines_;
+        showLines(lines);
+    }
+}
+
+PhaseHead::PhaseHead(ResultList* list, QWidget* parent) : QWidget(parent), list_(list) {
+    grid_ = new QGridLayout(this);
+    grid_->setSpacing(0);
+    const auto label = [&](const QString& name, int column) {
+        auto* one = form::named(new QLabel, name);
+        one->setFont(theme::fixedPitch());
+        one->setAlignment(Qt::AlignRight | Qt::AlignBottom);
+        grid_->addWidget(one, 0, column);
+        return one;
+    };
+    liquid_ = label("lblLphase", kLiquidColumn);
+    same_ = label("lblGleich", kSameColumn);
+    same_->setText("identical with");
+    vapour_ = label("lblVphase", kVapourColumn);
+    grid_->setColumnStretch(kVapourColumn + 1, 1);
+    // The row keeps its height without captions, so that the list does not move.
+    setMinimumHeight(liquid_->fontMetrics().lineSpacing());
+    connect(list->horizontalScrollBar(), &QScrollBar::valueChanged, this, &PhaseHead::align);
+}
+
+void PhaseHead::showCaptions(const calculation::ResultText& result) {
+    const bool columns = has_phase_columns(result);
+    liquid_->setText(qt(result.lblLphase));
+    vapour_->setText(qt(result.lblVphase));
+    liquid_->setVisible(columns);
+    vapour_->setVisible(columns);
+    same_->setVisible(columns && result.lblGleich);
+    align();
+}
+
+// The captions end where their columns end, also when the list is moved sideways.
+void PhaseHead::align() {
+    using calculation::kLabelWidth, calculation::kValueWidth;
+    const int start = list_->textStart() + list_->advance(2 * kLabelWidth) -
+                      list_->horizontalScrollBar()->value();
+    grid_->setContentsMargins(std::max(start, 0), 0, 0, 0);
+    const auto with_blank = [&](const QLabel* label) {
+        return list_->advance(static_cast<std::size_t>(label->text().size()) + 1);
+    };
+    const bool together = !same_->isHidden();
+    const int same = together ? with_blank(same_) : 0;
+    const int vapour = together ? with_blank(vapour_) : list_->advance(kValueWidth);
+    grid_->setColumnMinimumWidth(kSameColumn, same);
+    grid_->setColumnMinimumWidth(kVapourColumn, vapour);
+    grid_->setColumnMinimumWidth(kLiquidColumn, list_->advance(2 * kValueWidth) - vapour - same);
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,369 @@
+#include "gui/calculation/result_view.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "calculation/calc_modes.h"
+#include "calculation/protocol.h"
+#include "calculation/start_calculation.h"
+#include "gui/calculation/calculation_views.h"
+#include "gui/calculation/result_list.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+#include "session/actions.h"
+
+namespace quor::gui {
+
+namespace {
+
+using calculation::resultText;
+using legacy::the_session;
+
+constexpr auto kCurveInput = "mnuData_EditXY";  // action of the XY editor
+constexpr std::int16_t kFunctionsMode = 8;
+constexpr int kWideCharacters = 110;
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+// Without colour a red text is known by its sign; the region's text is bold and begins with "=>".
+bool needs_sign(const calculation::TextField& field) {
+    return field.red && !field.bold && !field.text.empty();
+}
+
+QVBoxLayout* column(QWidget* parent) {
+    auto* layout = new QVBoxLayout(parent);
+    layout->setSpacing(theme::kGap);
+    return layout;
+}
+
+}  // namespace
+
+ResultView::ResultView(QWidget* parent) : ChildView("frmCalcOut", parent) {
+    setWindowIcon(theme::icon("calculate"));
+    list_ = new ResultList;
+    head_ = new PhaseHead(list_);
+    setFocusProxy(list_);
+    status_ = form::named(new QLabel, "statusZeile");
+    status_->setForegroundRole(QPalette::PlaceholderText);
+    connect(list_, &ResultList::copied, status_, &QLabel::setText);
+    arrange();
+    open();
+}
+
+void ResultView::open() {
+    status_->clear();
+    for (QCheckBox* box : {uhs_, pages_[0], pages_[1]}) {
+        const QSignalBlocker quiet(box);
+        box->setChecked(false);
+    }
+    target_[0]->setChecked(true);
+    view_ = calculation::OpenResultView();
+    const QSignalBlocker quiet(separator_);
+    separator_->setCurrentIndex(view_.separatorIndex);
+    setWindowTitle(qt(view_.caption));
+    list_->setMinimumWidth(view_.wide ? list_->advance(kWideCharacters) : 0);
+    setDefaultButton(the_session.CalcMode == kFunctionsMode ? ok_ : nullptr);
+    ok_->setText(qt(view_.okCaption));
+    showResult();
+}
+
+void ResultView::showResult() {
+    show(par1_, resultText.par1);
+    show(par2_, resultText.par2);
+    show(co1_, resultText.co1);
+    show(co2_, resultText.co2);
+    list_->showLines(resultText.Liste);
+    head_->showCaptions(resultText);
+    follow();
+    calculation_views::RefreshDiagnosis();
+}
+
+// ------------------------------------------------------------------------------------------ parts
+
+ResultView::ResultLine ResultView::resultLine(const QString& name) {
+    ResultLine line;
+    line.box = new QWidget;
+    line.sign = form::named(new QLabel("!"), name + "_sign");
+    line.sign->setToolTip("This tells of an error");
+    line.text = form::named(new QLabel, name);
+    line.text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    line.text->setTextFormat(Qt::PlainText);
+    auto* row = new QHBoxLayout(line.box);
+    row->setContentsMargins({});
+    row->setSpacing(theme::kGap);
+    row->addWidget(line.sign);
+    row->addWidget(line.text, 1);
+    return line;
+}
+
+void ResultView::show(const ResultLine& line, const calculation::TextField& field) {
+    line.text->setText(qt(field.text));
+    line.sign->setVisible(needs_sign(field));
+    QFont font = line.box->font();
+    font.setBold(field.bold);
+    line.text->setFont(font);
+    font.setBold(true);
+    line.sign->setFont(font);
+    QPalette colours;
+    if (field.red) colours.setColor(QPalette::WindowText, theme::errorColour());
+    line.text->setPalette(colours);
+    line.sign->setPalette(colours);
+}
+
+QWidget* ResultView::buildSpecification() {
+    specification_ = form::frame("specificated values", "fraBatchVorgabe");
+    par1_ = resultLine("par1");
+    par2_ = resultLine("par2");
+    back_ = form::button("Set backward", "cmdRueck");
+    back_->setShortcut(QKeySequence("Alt+Left"));
+    back_->setToolTip("The data set before this one (Alt+Left)");
+    connect(back_, &QPushButton::clicked, this, [this] { step(calculation::StepBackward); });
+    forward_ = form::button("Set forward", "cmdVor");
+    forward_->setShortcut(QKeySequence("Alt+Right"));
+    forward_->setToolTip("The data set behind this one (Alt+Right)");
+    connect(forward_, &QPushButton::clicked, this, [this] { step(calculation::StepForward); });
+
+    auto* row = new QHBoxLayout(specification_);
+    row->setSpacing(theme::kGroupGap);
+    row->addWidget(par1_.box, 1);
+    row->addWidget(par2_.box, 1);
+    row->addWidget(back_);
+    row->addWidget(forward_);
+    return specification_;
+}
+
+QWidget* ResultView::buildExtended() {
+    extended_ = form::frame("Extended Calculation", "fraCalcErweitert");
+    uhs_ = form::named(new QCheckBox("u, h, s, g ... for the equlibrium L-V"), "chkUHS");
+    pages_[0] =
+        form::named(new QCheckBox("diff. Joule-Thomson coefficients, fugacity coefficients, "
+                                  "mechanical coefficients, residual functions"),
+                    "ResPlus_1");
+    pages_[1] = form::named(new QCheckBox("derivatives with respect to T, p, v"), "ResPlus_2");
+    connect(uhs_, &QCheckBox::toggled, this, [this](bool on) {
+        calculation::SetEquilibriumFunctions(view_, on);
+        showResult();
+    });
+    QVBoxLayout* layout = column(extended_);
+    layout->addWidget(uhs_);
+    for (QCheckBox* box : pages_) {
+        connect(box, &QCheckBox::toggled, this, &ResultView::choosePages);
+        layout->addWidget(box);
+    }
+    return extended_;
+}
+
+QWidget* ResultView::buildOutput() {
+    output_ = form::frame("Result output", "fraResultOutput");
+    constexpr const char* kTargets[] = {"none", " Printer", "File"};
+    auto* row = new QHBoxLayout;
+    row->setSpacing(theme::kGroupGap);
+    for (std::size_t i = 0; i < target_.size(); ++i) {
+        target_[i] =
+            form::named(new QRadioButton(kTargets[i]), QString("optResultPrint_%1").arg(i));
+        row->addWidget(target_[i]);
+    }
+    target_[0]->setChecked(true);
+    row->addStretch(1);
+    funcPrint_ = form::named(new QCheckBox("with extended calculation"), "chkFuncPrint");
+    QVBoxLayout* layout = column(output_);
+    layout->addLayout(row);
+    layout->addWidget(funcPrint_);
+    layout->addStretch(1);
+    return output_;
+}
+
+QWidget* ResultView::buildProtocol() {
+    protocol_ = form::frame("Generate a protocol of the result", "fraProtokoll");
+    auto* frame = form::frame("delimiter for CSV file", "fraSep");
+    frame->setFlat(true);
+    frame->setToolTip("semicolon recommended");
+    separator_ = form::named(new QComboBox, "cmbSep");
+    separator_->setToolTip("semicolon recommended");
+    for (const char* name : calculation::kSeparatorNames) separator_->addItem(name);
+    connect(separator_, &QComboBox::currentIndexChanged, this, calculation::ChooseSeparator);
+    auto* inFrame = new QVBoxLayout(frame);
+    inFrame->setContentsMargins(0, theme::kGap, 0, 0);
+    inFrame->addWidget(separator_);
+
+    QPushButton* write = form::button("Write", "cmdProtokoll");
+    write->setToolTip("Adds this result to the protocol");
+    connect(write, &QPushButton::clicked, this, &ResultView::writeProtocol);
+    openNew_ = form::button("Close file / Open new file", "cmdOpenNew");
+    connect(openNew_, &QPushButton::clicked, this, &ResultView::newProtocol);
+    auto* file = form::named(new QLabel("File:"), "lblFile");
+    protocolName_ = form::named(new QLabel, "lblProtText2");
+    protocolName_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    auto* commands = new QHBoxLayout;
+    commands->setSpacing(theme::kGap);
+    commands->addWidget(write);
+    commands->addWidget(openNew_);
+    auto* name = new QHBoxLayout;
+    name->setSpacing(theme::kGap);
+    name->addWidget(file);
+    name->addWidget(protocolName_, 1);
+    auto* right = new QVBoxLayout;
+    right->setSpacing(theme::kGap);
+    right->addLayout(commands);
+    right->addLayout(name);
+    auto* row = new QHBoxLayout(protocol_);
+    row->setSpacing(theme::kGroupGap);
+    row->addWidget(frame);
+    row->addLayout(right, 1);
+    return protocol_;
+}
+
+QLayout* ResultView::buildButtons() {
+    iso_ = form::button("\"Iso-Calculator\"", "cmdIsoCalc");
+    connect(iso_, &QPushButton::clicked, this, &ResultView::openIsoCalculator);
+    diagnose_ = form::button("Diagnosis of cubic EOS", "cmdCEOSDiagnose");
+    connect(diagnose_, &QPushButton::clicked, this, &ResultView::openDiagnosis);
+    QPushButton* curve = form::button("x-y Curve input", "cmdShowManuInput");
+    curve->setEnabled(actions::Has(kCurveInput));
+    connect(curve, &QPushButton::clicked, this, [] { actions::Run(kCurveInput); });
+    QPushButton* text = form::button("Copy", "cmdCopyText");
+    text->setIcon(theme::icon("copy"));
+    text->setToolTip("Copies the selection, or the whole result, as text (Ctrl+C)");
+    connect(text, &QPushButton::clicked, list_, &ResultList::copyText);
+    QPushButton* table = form::button("Copy as table", "cmdCopyTable");
+    table->setToolTip(
+        "Copies the selection, or the whole result, for a spreadsheet (Ctrl+Shift+C)");
+    connect(table, &QPushButton::clicked, list_, &ResultList::copyTable);
+    ok_ = form::button("=>Load", "cmdCalc_OK");
+    connect(ok_, &QPushButton::clicked, this, &ResultView::finish);
+
+    auto* row = new QHBoxLayout;
+    row->setSpacing(theme::kGap);
+    for (QPushButton* one : {iso_, diagnose_, curve}) row->addWidget(one);
+    row->addStretch(1);
+    for (QPushButton* one : {text, table, ok_}) row->addWidget(one);
+    return row;
+}
+
+void ResultView::arrange() {
+    co1_ = resultLine("co1");
+    co2_ = resultLine("co2");
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGap);
+    layout->addWidget(buildSpecification());
+    layout->addWidget(co1_.box);
+    layout->addWidget(co2_.box);
+    layout->addWidget(head_);
+    layout->addWidget(list_, 1);
+    layout->addWidget(buildExtended());
+    auto* outputs = new QHBoxLayout;
+    outputs->setSpacing(theme::kGap);
+    outputs->addWidget(buildOutput());
+    outputs->addWidget(buildProtocol(), 1);
+    layout->addLayout(outputs);
+    layout->addLayout(buildButtons());
+    layout->addWidget(status_);
+}
+
+// ----------------------------------------------------------------------------------------- state
+
+// Everything but the texts of the result: what is shown and enabled.
+void ResultView::follow() {
+    const bool panels = !resultText.panelsHidden;
+    specification_->setTitle(qt(view_.inputCaption));
+    specification_->setVisible(panels);
+    back_->setVisible(view_.stepVisible);
+    forward_->setVisible(view_.stepVisible);
+    co1_.box->setVisible(panels);
+    co2_.box->setVisible(panels);
+    extended_->setVisible(panels && view_.extendedVisible);
+    extended_->setEnabled(view_.extendedEnabled);
+    output_->setVisible(view_.resultOutputVisible);
+    funcPrint_->setEnabled(view_.funcPrintEnabled);
+    if (!view_.funcPrintEnabled) funcPrint_->setChecked(false);
+    protocol_->setVisible(panels && view_.protocolVisible);
+    iso_->setVisible(panels);
+
+    const calculation::ButtonState& diagnosis = resultText.cmdCEOSDiagnose;
+    diagnose_->setEnabled(diagnosis.enabled);
+    QPalette colours;
+    if (diagnosis.enabled) {
+        colours.setColor(QPalette::Button, QColor::fromRgb(diagnosis.colour));
+        colours.setColor(QPalette::ButtonText, Qt::black);
+    }
+    diagnose_->setPalette(colours);
+    followProtocol();
+    fitWindow();
+}
+
+void ResultView::followProtocol() {
+    openNew_->setEnabled(the_session.ProtocolPending);
+    protocolName_->setText(qt(calculation::ProtocolFileTitle()));
+}
+
+// --------------------------------------------------------------------------------------- commands
+
+void ResultView::step(void (*to)(calculation::ResultView&)) {
+    to(view_);
+    showResult();
+}
+
+void ResultView::choosePages() {
+    calculation::SetExtendedPages(view_, pages_[0]->isChecked(), pages_[1]->isChecked());
+    showResult();
+}
+
+void ResultView::finish() {
+    calculation::ListTarget target = calculation::ListTarget::None;
+    if (target_[1]->isChecked()) target = calculation::ListTarget::Printer;
+    if (target_[2]->isChecked()) target = calculation::ListTarget::File;
+    calculation::FinishResultView(view_, target, funcPrint_->isChecked());
+}
+
+void ResultView::writeProtocol() {
+    calculation::AddToProtocol();
+    followProtocol();
+    status_->setText(the_session.ProtocolOpen == 1
+                         ? QString("1 result in the protocol")
+                         : QString("%1 results in the protocol").arg(the_session.ProtocolOpen));
+}
+
+void ResultView::newProtocol() {
+    const QString written = qt(calculation::ProtocolFileTitle());
+    if (calculation::OpenNewProtocol())
+        status_->setText(written + " written, and copied to the clipboard as a table");
+    followProtocol();
+}
+
+void ResultView::openIsoCalculator() {
+    const auto [T, p] = calculation_views::TypedTp();
+    if (calculation::PrepareIsoCalculator(T, p)) calculation_views::OpenIsoCalculator();
+}
+
+void ResultView::openDiagnosis() {
+    calculation_views::OpenDiagnosis();
+}
+
+void ResultView::cancel() {
+    calculation::views().closeParinput();
+    closeView();
+}
+
+// Pending results of the protocol reach their file before the view goes; what cannot be written
+// stays pending.
+void ResultView::closeEvent(QCloseEvent* event) {
+    if (the_session.ProtocolPending) newProtocol();
+    shell::CloseViews({"frmIsoCalc", "frmCEOSDiagnose"});
+    ChildView::closeEvent(event);
+}
+
+}  // namespace quor::gui

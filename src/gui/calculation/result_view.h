@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+
+#include "calculation/result_text.h"
+#include "calculation/result_view.h"
+#include "gui/widgets/child_view.h"
+
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QRadioButton;
+
+namespace quor::gui {
+
+class PhaseHead;
+class ResultList;
+
+/// The result of a calculation: given values, main result, list, pages of functions. In batch
+/// operation it steps through the data sets; results leave it as a list, as a protocol, or through
+/// the clipboard.
+class ResultView : public ChildView {
+    Q_OBJECT
+
+  public:
+    explicit ResultView(QWidget* parent = nullptr);
+
+    /// The view as it opens for the present mode; calculates.
+    void open();
+    /// Shows the texts of the last calculation.
+    void showResult();
+
+  protected:
+    void cancel() override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    /// A text of the result with the sign in front of it that tells of an error without colour.
+    struct ResultLine {
+        QLabel* sign = nullptr;
+        QLabel* text = nullptr;
+        QWidget* box = nullptr;
+    };
+
+    ResultLine resultLine(const QString& name);
+    static void show(const ResultLine& line, const calculation::TextField& field);
+
+    QWidget* buildSpecification();
+    QWidget* buildExtended();
+    QWidget* buildOutput();
+    QWidget* buildProtocol();
+    QLayout* buildButtons();
+    void arrange();
+
+    void follow();
+    void followProtocol();
+    void step(void (*to)(calculation::ResultView&));
+    void choosePages();
+    void finish();
+    void writeProtocol();
+    void newProtocol();
+    void openIsoCalculator();
+    void openDiagnosis();
+
+    calculation::ResultView view_;
+    ResultLine par1_, par2_, co1_, co2_;
+    ResultList* list_ = nullptr;
+    PhaseHead* head_ = nullptr;
+    QGroupBox* specification_ = nullptr;
+    QPushButton* back_ = nullptr;
+    QPushButton* forward_ = nullptr;
+    QGroupBox* extended_ = nullptr;
+    QCheckBox* uhs_ = nullptr;
+    std::array<QCheckBox*, 2> pages_{};  ///< `ResPlus`(1) and (2)
+    QGroupBox* output_ = nullptr;
+    std::array<QRadioButton*, 3> target_{};
+    QCheckBox* funcPrint_ = nullptr;
+    QGroupBox* protocol_ = nullptr;
+    QComboBox* separator_ = nullptr;
+    QPushButton* openNew_ = nullptr;
+    QLabel* protocolName_ = nullptr;
+    QPushButton* iso_ = nullptr;
+    QPushButton* diagnose_ = nullptr;
+    QPushButton* ok_ = nullptr;
+    QLabel* status_ = nullptr;
+};
+
+}  // namespace quor::gui

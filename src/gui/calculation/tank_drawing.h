@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QWidget>
+
+#include "calculation/tank.h"
+
+namespace quor::gui {
+
+/// A lying cylinder, seen from its front end and a little from the side. The section at its front
+/// shows the share of the volume that the liquid fills as a share of its area.
+class TankDrawing : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit TankDrawing(QWidget* parent = nullptr);
+
+    void showPicture(const calculation::TankPicture& picture);
+
+    /// The circle of the front section, in the coordinates of the widget.
+    QRectF section() const;
+
+    static QColor liquidColour();
+    static QColor vapourColour();
+    static QColor supercriticalColour();
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QPointF depth() const;
+    void paintLiquid(QPainter& painter) const;
+
+    calculation::TankPicture picture_;
+};
+
+}  // namespace quor::gui

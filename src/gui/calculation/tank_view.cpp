@@ -1,0 +1,133 @@
+#include "gui/calculation/tank_view.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPixmap>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "calculation/tank.h"
+#include "common/numbers.h"
+#include "gui/calculation/tank_drawing.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+#include "session/help_topics.h"
+
+namespace quor::gui {
+
+namespace {
+
+constexpr int kSwatch = 14;
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+void set_colour(QLabel* swatch, const QColor& colour) {
+    QPixmap picture(kSwatch, kSwatch);
+    picture.fill(colour);
+    swatch->setPixmap(picture);
+}
+
+QString given_values() {
+    const calculation::Tank& tank = legacy::the_session.tank;
+    return QString("V = %1 m^3\nm = %2 kg\nT = %3 K")
+        .arg(qt(numbers::General(tank.V)), qt(numbers::General(tank.m)),
+             qt(numbers::General(tank.T)));
+}
+
+}  // namespace
+
+TankView::TankView(QWidget* parent) : ChildView("frmKessel", parent) {
+    setWindowIcon(theme::icon("tank"));
+    frame_ = form::frame({}, "fraTank");
+    drawing_ = new TankDrawing;
+    auto* inFrame = new QHBoxLayout(frame_);
+    inFrame->setSpacing(theme::kGroupGap);
+    inFrame->addWidget(drawing_, 1);
+    inFrame->addWidget(buildLegend());
+
+    QPushButton* close = form::button("Close", "cmdClose");
+    connect(close, &QPushButton::clicked, this, &ChildView::closeView);
+    setDefaultButton(close);
+    QPushButton* helpPage = form::button("Help", "cmdHelp");
+    shell::ConnectHelp(helpPage, help::kTank);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addWidget(helpPage);
+    buttons->addStretch(1);
+    buttons->addWidget(close);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGap);
+    layout->addWidget(frame_, 1);
+    layout->addLayout(buttons);
+    open();
+}
+
+QWidget* TankView::buildLegend() {
+    const auto label = [](const QString& name) {
+        auto* one = form::named(new QLabel, name);
+        one->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        return one;
+    };
+    upperColour_ = label("TankUpperColour");
+    upper_ = label("lblTankUpper");
+    lowerColour_ = label("TankLowerColour");
+    lower_ = label("lblTankLower");
+    level_ = label("lblTankLevel");
+    pressure_ = label("lblTankP");
+    hint_ = label("lblTankHint");
+    given_ = label("lblTankGiven");
+    for (QLabel* important : {level_, pressure_}) {
+        QFont font = important->font();
+        font.setBold(true);
+        important->setFont(font);
+    }
+
+    auto* legend = new QWidget;
+    auto* grid = new QGridLayout(legend);
+    grid->setContentsMargins({});
+    grid->setSpacing(theme::kGap);
+    grid->addWidget(upperColour_, 0, 0);
+    grid->addWidget(upper_, 0, 1);
+    grid->addWidget(lowerColour_, 1, 0);
+    grid->addWidget(lower_, 1, 1);
+    grid->setRowStretch(2, 1);
+    int row = 3;
+    for (QLabel* one : {level_, pressure_, hint_, given_}) grid->addWidget(one, row++, 0, 1, 2);
+    grid->setRowStretch(row, 1);
+    grid->setColumnStretch(1, 1);
+    return legend;
+}
+
+void TankView::open() {
+    const calculation::TankPicture picture =
+        calculation::DescribeTank(legacy::the_session.tank.answer);
+    setWindowTitle(qt(picture.title));
+    frame_->setTitle(qt(picture.caption));
+    drawing_->showPicture(picture);
+    level_->setText(qt(picture.levelText));
+    pressure_->setText(qt(picture.pText));
+    hint_->setText(qt(picture.hint));
+    hint_->setVisible(!picture.hint.empty());
+    given_->setText(given_values());
+
+    QPalette colours;
+    if (picture.error) colours.setColor(QPalette::WindowText, theme::errorColour());
+    level_->setPalette(colours);
+    pressure_->setPalette(colours);
+
+    lower_->setText(qt(picture.lowerText));
+    upper_->setText(qt(picture.upperText));
+    set_colour(lowerColour_, picture.supercritical ? TankDrawing::supercriticalColour()
+                                                   : TankDrawing::liquidColour());
+    set_colour(upperColour_, TankDrawing::vapourColour());
+    lowerColour_->setVisible(!picture.lowerText.empty());
+    upperColour_->setVisible(!picture.upperText.empty());
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "gui/widgets/child_view.h"
+
+class QGroupBox;
+class QLabel;
+
+namespace quor::gui {
+
+class TankDrawing;
+
+/// The tank with its filling level, its phases and its pressure.
+class TankView : public ChildView {
+    Q_OBJECT
+
+  public:
+    explicit TankView(QWidget* parent = nullptr);
+
+    /// Shows the tank of the last calculation.
+    void open();
+
+  private:
+    QWidget* buildLegend();
+
+    QGroupBox* frame_ = nullptr;
+    TankDrawing* drawing_ = nullptr;
+    QLabel* given_ = nullptr;
+    QLabel* level_ = nullptr;
+    QLabel* pressure_ = nullptr;
+    QLabel* hint_ = nullptr;
+    QLabel* upper_ = nullptr;
+    QLabel* upperColour_ = nullptr;
+    QLabel* lower_ = nullptr;
+    QLabel* lowerColour_ = nullptr;
+};
+
+}  // namespace quor::gui

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPainter>
+#include <QPen>
+#include <QString>
+
+#include "chart/chart_style.h"
+#include "chart/text_measure.h"
+
+/// From the styles of chart records to Qt's. Lengths are pixels of 1/96 inch, so that a chart
+/// looks the same on screen, in files and on paper; printing scales the painter.
+namespace quor::chart {
+
+QColor ToQt(const Colour& colour);
+/// The face with its size in pixels of 1/96 inch.
+QFont ToQt(const Font& font);
+/// The pen of a line; no pen for `LinePattern::None`.
+QPen ToQt(const LineStyle& line);
+QPen ToQt(const Frame& frame);
+
+inline QString ToQt(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+/// Sizes of texts as `PaintText` sets them.
+MeasureText QtTextMeasure();
+
+/// Paints a text around its centre, turned counter-clockwise by degrees. Numbers in power form
+/// ("2e6") get their exponent raised.
+void PaintText(QPainter& painter, const QPointF& centre, const std::string& text, const Font& font,
+               const Colour& colour, double rotation = 0);
+
+/// Paints the symbol of a point. `size` is its width in pixels; nothing for `Hidden`.
+void PaintSymbol(QPainter& painter, const QPointF& centre, SymbolShape shape, double size,
+                 const Colour& colour);
+
+}  // namespace quor::chart

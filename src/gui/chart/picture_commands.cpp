@@ -1,0 +1,63 @@
+#include "gui/chart/picture_commands.h"
+
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include "common/dialogs.h"
+#include "gui/widgets/shell.h"
+
+namespace quor::gui {
+
+namespace picture_commands {
+
+namespace {
+
+chart::PictureOptions options_of(const Picture& picture) {
+    chart::PictureOptions options;
+    const QSizeF printed = chart::PixelsOfCm(picture.print.width, picture.print.height);
+    if (printed.width() > 1 && printed.height() > 1) {
+        // The proportions of the printed picture at a width that carries the texts.
+        constexpr double kWidth = 900;
+        options.size = printed * (kWidth / printed.width());
+    }
+    options.title = picture.title;
+    return options;
+}
+
+void tell_failure(const chart::FileOutcome& outcome) {
+    if (!outcome.ok) dialogs::Tell(outcome.message, "ERROR", dialogs::Icon::Stop);
+}
+
+}  // namespace
+
+void Copy(const Picture& picture) {
+    chart::CopyPicture(picture.painting, options_of(picture));
+}
+
+void Save(const Picture& picture, const std::string& folder) {
+    const auto name = dialogs::ChooseFile(
+        {.save = true,
+         .title = "Save as Image File",
+         .filter = "PNG image (*.png)|*.png|Bitmap (*.bmp)|*.bmp|SVG drawing (*.svg)|*.svg|"
+                   "PDF document (*.pdf)|*.pdf|Enhanced metafile (*.emf)|*.emf|"
+                   "Windows metafile (*.wmf)|*.wmf",
+         .folder = folder,
+         .defaultExtension = ".png",
+         .overwritePrompt = true});
+    if (!name || name->empty()) return;
+    tell_failure(
+        chart::ExportPicture(picture.painting, QString::fromStdString(*name), options_of(picture)));
+}
+
+void Print(const Picture& picture) {
+    QPrinter printer;
+    printer.setDocName(picture.title);
+    QPrintDialog dialog(&printer, shell::FrameWindow());
+    dialog.setObjectName("PrintDialog");
+    if (dialog.exec() != QDialog::Accepted) return;
+    tell_failure(chart::PrintPicture(picture.painting, printer, picture.print));
+}
+
+}  // namespace picture_commands
+
+}  // namespace quor::gui

@@ -1,0 +1,104 @@
+#include "gui/data/data_field.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QTimer>
+#include <QValidator>
+
+#include "datafiles/substance_file.h"
+
+namespace quor::gui {
+
+namespace {
+
+using datafiles::EditorField;
+
+constexpr int kDigitsShown = 12;
+constexpr int kIndexName = 83, kIndexFormula = 84;
+
+/// What a field takes for a typed character, nothing for one that it swallows.
+std::optional<QChar> filtered(const EditorField& field, QChar typed) {
+    if (typed.unicode() >= 0x80) return std::nullopt;
+    const std::optional<char> taken = datafiles::FilterKey(field, typed.toLatin1());
+    return taken && typed.isPrint() ? std::optional<QChar>(QLatin1Char(*taken)) : std::nullopt;
+}
+
+/// Lets through what the field takes, also from the clipboard, and never refuses a text.
+class DataValidator : public QValidator {
+  public:
+    DataValidator(const EditorField& field, QObject* parent) : QValidator(parent), field_(field) {}
+
+    State validate(QString& input, int& cursor) const override {
+        if (input == "<>") return Acceptable;
+        QString kept;
+        int moved = cursor;
+        for (int i = 0; i < input.size(); ++i) {
+            const std::optional<QChar> taken = filtered(field_, input.at(i));
+            const bool sign = input.at(i) == ' ' && kept.isEmpty();  // stands where a minus would
+            if (sign || taken)
+                kept += sign ? QChar(' ') : *taken;
+            else if (i < cursor)
+                --moved;
+        }
+        input = kept;
+        cursor = moved;
+        return Acceptable;
+    }
+
+  private:
+    const EditorField& field_;
+};
+
+int longest(const EditorField& field) {
+    if (field.DD == kIndexName) return static_cast<int>(datafiles::kNameLength);
+    return static_cast<int>(field.DD == kIndexFormula ? datafiles::kFormulaLength
+                                                      : datafiles::kCasrnLength);
+}
+
+}  // namespace
+
+DataField::DataField(const EditorField& field, QWidget* parent) : QLineEdit(parent), field_(field) {
+    setObjectName(QString("DD_%1").arg(field.DD));
+    setReadOnly(!field.editable);
+    if (!field.editable) setToolTip("not editable");
+    if (field.IsText()) {
+        setMaxLength(longest(field));
+        return;
+    }
+    setAlignment(Qt::AlignLeft);
+    setValidator(new DataValidator(field, this));
+}
+
+void DataField::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    // The press that gives the focus sets the cursor afterwards, so the selection waits for it.
+    if (event->reason() == Qt::MouseFocusReason)
+        QTimer::singleShot(0, this, &QLineEdit::selectAll);
+    else
+        selectAll();
+}
+
+// A key that is swallowed leaves what is selected.
+void DataField::keyPressEvent(QKeyEvent* event) {
+    const QString typed = event->text();
+    const bool command =
+        event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (!field_.IsText() && !command && typed.size() == 1 && typed.at(0).isPrint() &&
+        !filtered(field_, typed.at(0))) {
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+QSize DataField::sizeHint() const {
+    const QSize usual = QLineEdit::sizeHint();
+    return {fontMetrics().horizontalAdvance('0') * kDigitsShown + usual.height() / 2,
+            usual.height()};
+}
+
+QSize DataField::minimumSizeHint() const {
+    return sizeHint();
+}
+
+}  // namespace quor::gui

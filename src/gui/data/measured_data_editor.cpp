@@ -1,0 +1,593 @@
+#include "gui/data/measured_data_editor.h"
+
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "common/dialogs.h"
+#include "common/numbers.h"
+#include "datafiles/batch_file.h"
+#include "datafiles/questions.h"
+#include "gui/data/tpv_table_model.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+#include "session/actions.h"
+#include "session/commands.h"
+
+namespace quor::gui {
+
+namespace {
+
+using datafiles::BatchColumn;
+using legacy::the_session;
+
+constexpr auto kName = "frmTpvEdit";
+constexpr auto kFit = "fit_data", kGraph = "graph_data", kGraphLn = "graph_data_ln";
+constexpr auto kRefusal = "Execution not possible";
+constexpr int kRowPadding = 6, kRowsShown = 14, kColumnCharacters = 13;
+constexpr std::int16_t kFromDataEditor = 1;
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+// The cells of the table are edited in a field for numbers.
+class NumberDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                          const QModelIndex&) const override {
+        auto* field = new NumberEdit(parent);
+        field->setFrame(false);
+        return field;
+    }
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+        auto* field = static_cast<NumberEdit*>(editor);
+        field->setText(index.data(Qt::EditRole).toString());
+        field->selectAll();
+    }
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override {
+        model->setData(index, static_cast<NumberEdit*>(editor)->text(), Qt::EditRole);
+    }
+};
+
+// The options of a control array in one row; the group knows them by their index, from `first` on.
+QButtonGroup* options(QBoxLayout* row, const QString& name, const QStringList& captions,
+                      QObject* parent, int first = 0) {
+    auto* group = new QButtonGroup(parent);
+    int index = first;
+    for (const QString& caption : captions) {
+        auto* option =
+            form::named(new QRadioButton(caption), QString("%1_%2").arg(name).arg(index));
+        group->addButton(option, index++);
+        row->addWidget(option);
+    }
+    row->addStretch(1);
+    group->button(first)->setChecked(true);
+    return group;
+}
+
+}  // namespace
+
+MeasuredDataEditor::MeasuredDataEditor(QWidget* parent) : ChildView(kName, parent) {
+    setWindowTitle(" Experimental data, input /edit");
+    setWindowIcon(theme::icon("data"));
+    model_ = new TpvTableModel(this);
+    arrange();
+    showData();
+}
+
+void MeasuredDataEditor::OpenNew() {
+    OpenPresent();
+    if (auto* view = qobject_cast<MeasuredDataEditor*>(shell::FindView(kName)))
+        view->changed_ = false;
+}
+
+void MeasuredDataEditor::OpenPresent() {
+    if (auto* view = qobject_cast<MeasuredDataEditor*>(shell::FindView(kName))) {
+        view->showData();
+        shell::Activate(kName);
+        return;
+    }
+    shell::OpenChild(new MeasuredDataEditor);
+}
+
+void MeasuredDataEditor::showData() {
+    model_->change([] {});
+    datafiles::BatchUnits units = model_->units();
+    units.M = static_cast<double>(legacy::the_substance.M);
+    model_->setUnits(units);
+    comment_->setText(qt(the_session.BatchComment));
+    density_->button(1)->setToolTip(
+        " applying the input value after re-calculation rho = M n / V (molar mass M/(kg/kmol)= " +
+        qt(numbers::General(legacy::the_substance.M)));
+    followUnits();
+    followTable();
+    if (the_session.BatchCount > 0) markLine(1);
+    followInput();
+    input_[0]->setFocus();
+}
+
+// ------------------------------------------------------------------------------------------ parts
+
+QWidget* MeasuredDataEditor::buildTable() {
+    table_ = form::named(new QTableView, "grdTpV");
+    table_->setModel(model_);
+    table_->setItemDelegate(new NumberDelegate(table_));
+    table_->setSelectionMode(QAbstractItemView::ContiguousSelection);
+    table_->setAlternatingRowColors(true);
+    table_->setTabKeyNavigation(false);
+    table_->setContextMenuPolicy(Qt::CustomContextMenu);
+    table_->horizontalHeader()->setHighlightSections(false);
+    table_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    table_->horizontalHeader()->setMinimumSectionSize(kColumnCharacters *
+                                                      table_->fontMetrics().averageCharWidth());
+    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + kRowPadding);
+    table_->setMinimumHeight(kRowsShown * table_->verticalHeader()->defaultSectionSize());
+    table_->installEventFilter(this);
+    buildMenu();
+    connect(table_, &QWidget::customContextMenuRequested, this,
+            [this](QPoint at) { menu_->popup(table_->viewport()->mapToGlobal(at)); });
+    connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        followTable();
+        followInput();
+    });
+    connect(model_, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex&, const QModelIndex&, const QList<int>& roles) {
+                // A change of units changes only what is displayed.
+                if (roles.isEmpty()) setChanged();
+                followInput();
+            });
+    return table_;
+}
+
+void MeasuredDataEditor::buildMenu() {
+    menu_ = new QMenu(this);
+    menu_->setObjectName("mnuEdit1");
+    menu_->addAction("copy\tCtrl+C", this, &MeasuredDataEditor::copyCells)
+        ->setObjectName("mnuCopy1");
+    menu_->addAction("paste\tCtrl+V", this, &MeasuredDataEditor::pasteLines)
+        ->setObjectName("mnuPaste1");
+    QMenu* erase = menu_->addMenu("delete");
+    erase->setObjectName("mnuErase1");
+    erase->addAction("marked cell(s) => 0\tDel", this, &MeasuredDataEditor::clearCells)
+        ->setObjectName("mnuSubDelNull1");
+    erase->addAction("remove marked line(s)", this, &MeasuredDataEditor::eraseLines)
+        ->setObjectName("mnuSubDelLine1");
+}
+
+QGroupBox* MeasuredDataEditor::buildUnits() {
+    auto* frame = form::frame("Units", "fraUnits");
+    auto* grid = form::grid(frame);
+    const auto row = [&](int n, const QString& caption, const QString& name,
+                         const QStringList& captions) {
+        grid->addWidget(form::caption(caption), n, 0);
+        auto* line = new QHBoxLayout;
+        line->setSpacing(theme::kGroupGap);
+        grid->addLayout(line, n, 1);
+        QButtonGroup* group = options(line, name, captions, this);
+        connect(group, &QButtonGroup::idClicked, this, &MeasuredDataEditor::takeUnits);
+        return group;
+    };
+    temperature_ = row(0, "T", "opt_T_unit", {"K", "°C"});
+    pressure_ = row(1, "p", "opt_p_Unit", {"kPa", "atm", "Torr"});
+    density_ = row(2, "rho", "opt_Rho_Unit", {"density", "mol. volume"});
+    density_->button(0)->setToolTip("kg/m^3");
+    moles_ = form::named(new NumberEdit, "txtMol");
+    moles_->setValue(model_->units().n);
+    connect(moles_, &QLineEdit::editingFinished, this, &MeasuredDataEditor::takeUnits);
+    form::addRow(grid, 3, "n/kmol =", moles_);
+    grid->setColumnStretch(1, 1);
+    return frame;
+}
+
+QGroupBox* MeasuredDataEditor::buildInput() {
+    auto* frame = form::frame("Input", "fraInput");
+    auto* modes = new QVBoxLayout;
+    modes->setSpacing(theme::kGap);
+    mode_ = options(modes, "optInputMode", {"Input mode = Add", "Input mode = Edit"}, this);
+    connect(mode_, &QButtonGroup::idClicked, this, &MeasuredDataEditor::followInput);
+    auto* grid = form::grid();
+    grid->setContentsMargins({});
+    for (int i = 0; i < datafiles::kBatchColumns; ++i) {
+        const auto n = static_cast<std::size_t>(i);
+        input_[n] = form::named(new NumberEdit, QString("txtInput_%1").arg(i));
+        captions_[n] = form::named(form::caption({}, input_[n]), QString("lblInput_%1").arg(i));
+        grid->addWidget(captions_[n], i, 0);
+        unitLabels_[n] = form::named(form::unit({}), QString("lblUnit_%1").arg(i));
+        grid->addWidget(input_[n], i, 1);
+        grid->addWidget(unitLabels_[n], i, 2);
+    }
+    grid->setColumnStretch(1, 1);
+    QPushButton* ok = form::button("OK", "OKinput");
+    ok->setToolTip("Writes the values to a new line, or to the marked line (Enter)");
+    connect(ok, &QPushButton::clicked, this, &MeasuredDataEditor::takeInput);
+    setDefaultButton(ok);
+    auto* layout = new QVBoxLayout(frame);
+    layout->setSpacing(theme::kGap);
+    layout->addLayout(modes);
+    layout->addLayout(grid);
+    layout->addWidget(ok, 0, Qt::AlignRight);
+    return frame;
+}
+
+QGroupBox* MeasuredDataEditor::buildTarget() {
+    auto* frame = form::frame("Column y of graph, fitting and *.XY", "fraFit");
+    auto* row = new QHBoxLayout;
+    row->setSpacing(theme::kGroupGap);
+    target_ = options(row, "optFitFunction", {"p", "rho_L", "rho_V", "delta(LV)h", "cp"}, this, 1);
+    const auto command = [&](const QString& caption, const QString& name, const char* action) {
+        QPushButton* button = form::button(caption, name);
+        button->setEnabled(actions::Has(action));
+        connect(button, &QPushButton::clicked, this, [this, action] { send(action); });
+        return button;
+    };
+    QPushButton* xy = form::button("Save as *.XY", "cmdSaveXY");
+    connect(xy, &QPushButton::clicked, this, [this] { datafiles::BatchSaveXY(fitColumn()); });
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addWidget(command("Meas. point graph  y = f(T)", "cmdGraphFunction", kGraph));
+    buttons->addWidget(command("Meas. point graph  ln{p} = f(1/T)", "cmdlogGraf", kGraphLn));
+    buttons->addWidget(command("Send data to T-y fitting", "cmdFitting", kFit));
+    buttons->addWidget(xy);
+    buttons->addStretch(1);
+    auto* layout = new QVBoxLayout(frame);
+    layout->setSpacing(theme::kGap);
+    layout->addLayout(row);
+    layout->addLayout(buttons);
+    return frame;
+}
+
+QLayout* MeasuredDataEditor::buildLineButtons() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(theme::kGap);
+    const auto command = [&](const QString& caption, const QString& name, const QString& tip,
+                             auto slot) {
+        QPushButton* button = form::button(caption, name);
+        button->setToolTip(tip);
+        connect(button, &QPushButton::clicked, this, slot);
+        row->addWidget(button);
+    };
+    command("Remove marked lines", "cmdErase", {}, &MeasuredDataEditor::eraseLines);
+    command("Line activ/inactiv", "cmdAus", "...excluding that line from graph and fitting ",
+            &MeasuredDataEditor::toggleLines);
+    command("Add clipboard", "cmdClipEinfuegen", "...at the marked position ",
+            &MeasuredDataEditor::pasteLines);
+    command("Sort by T", "TSort", {}, [this] { sortBy(BatchColumn::T); });
+    command("Sort by p", "pSort", {}, [this] { sortBy(BatchColumn::p); });
+    row->addStretch(1);
+    return row;
+}
+
+QLayout* MeasuredDataEditor::buildFileButtons() {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(theme::kGap);
+    const auto command = [&](const QString& caption, const QString& name, auto slot) {
+        QPushButton* button = form::button(caption, name);
+        connect(button, &QPushButton::clicked, this, slot);
+        row->addWidget(button);
+    };
+    command("Load *.BAQ NEW", "cmdBatchLoad", [this] { load(false); });
+    command("&Add. File *.BAQ", "cmdBatchAdd", [this] { load(true); });
+    command("Save as *.BAQ", "cmdBatchSave", &MeasuredDataEditor::save);
+    command("Print table", "cmdPrintTpVListe", [this] {
+        dialogs::Print({.title = windowTitle().trimmed().toStdString(),
+                        .font = "COURIER",
+                        .text = datafiles::BatchTableText(model_->units())});
+    });
+    row->addStretch(1);
+    command("Close", "cmdClose", [this] { cancel(); });
+    return row;
+}
+
+void MeasuredDataEditor::arrange() {
+    comment_ = form::named(new QLineEdit, "txtComment");
+    comment_->setToolTip("Optional comment for BAQ or XY file resp.");
+    comment_->setPlaceholderText("Optional comment for BAQ or XY file resp.");
+    connect(comment_, &QLineEdit::textEdited, this, [this](const QString& typed) {
+        the_session.BatchComment = typed.toStdString();
+        changed_ = true;
+    });
+    file_ = form::named(new QLabel, "lblBatchFile");
+    status_ = form::named(new QLabel, "lblStatus");
+
+    auto* side = new QVBoxLayout;
+    side->setSpacing(theme::kGap);
+    side->addWidget(buildUnits());
+    side->addWidget(buildInput());
+    side->addStretch(1);
+    auto* left = new QVBoxLayout;
+    left->setSpacing(theme::kGap);
+    left->addWidget(buildTable(), 1);
+    left->addLayout(buildLineButtons());
+    auto* top = new QHBoxLayout;
+    top->setSpacing(theme::kGroupGap);
+    top->addLayout(left, 1);
+    top->addLayout(side);
+    auto* comment = new QHBoxLayout;
+    comment->setSpacing(theme::kGap);
+    comment->addWidget(form::caption("Comment", comment_));
+    comment->addWidget(comment_, 1);
+    auto* status = new QHBoxLayout;
+    status->setSpacing(theme::kGroupGap);
+    status->addWidget(status_);
+    status->addStretch(1);
+    status->addWidget(file_);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGap);
+    layout->addLayout(top, 1);
+    layout->addLayout(comment);
+    layout->addWidget(buildTarget());
+    layout->addLayout(buildFileButtons());
+    layout->addLayout(status);
+}
+
+// ----------------------------------------------------------------------------------------- state
+
+MeasuredDataEditor::Lines MeasuredDataEditor::markedLines() const {
+    const QModelIndexList marked = table_->selectionModel()->selectedIndexes();
+    if (marked.isEmpty()) return {0, 0};
+    const auto [first, last] =
+        std::minmax_element(marked.begin(), marked.end(),
+                            [](const auto& a, const auto& b) { return a.row() < b.row(); });
+    return {first->row() + 1, last->row() + 1};
+}
+
+void MeasuredDataEditor::markLine(int line) {
+    const int row = std::min(line, model_->rowCount()) - 1;
+    if (row < 0) return;
+    // Not selectRow(), which would toggle the line while Ctrl is held for a paste.
+    table_->selectionModel()->setCurrentIndex(
+        model_->index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    table_->scrollTo(model_->index(row, 0));
+}
+
+bool MeasuredDataEditor::editMode() const {
+    return mode_->checkedId() == 1;
+}
+
+void MeasuredDataEditor::setChanged() {
+    changed_ = true;
+    if (the_session.BatchCount > 0)
+        session::SetCommands({session::Command::mnuData_BatchEdit}, true);
+}
+
+void MeasuredDataEditor::followTable() {
+    const auto [first, last] = markedLines();
+    if (the_session.BatchCount == 0)
+        status_->setText("empty list");
+    else if (first == 0)
+        status_->setText(QString("%1 lines").arg(the_session.BatchCount));
+    else if (first == last)
+        status_->setText(QString("line %1").arg(first));
+    else
+        status_->setText(QString("lines %1 till %2").arg(first).arg(last));
+    file_->setText(the_session.BatchFile.empty() ? QString()
+                                                 : "File: " + qt(the_session.BatchFile));
+}
+
+void MeasuredDataEditor::followUnits() {
+    moles_->setEnabled(model_->units().volume);
+    for (std::size_t i = 0; i < captions_.size(); ++i) {
+        captions_[i]->setText(model_->name(static_cast<BatchColumn>(i)));
+        unitLabels_[i]->setText(model_->unit(static_cast<BatchColumn>(i)));
+    }
+}
+
+// In edit mode the fields show the marked line.
+void MeasuredDataEditor::followInput() {
+    if (!editMode()) return;
+    const auto [first, last] = markedLines();
+    for (std::size_t i = 0; i < input_.size(); ++i)
+        input_[i]->setText(first == 0
+                               ? QString()
+                               : model_->index(first - 1, static_cast<int>(i)).data().toString());
+}
+
+bool MeasuredDataEditor::takeUnits() {
+    datafiles::BatchUnits units = model_->units();
+    units.T = static_cast<datafiles::TemperatureUnit>(temperature_->checkedId());
+    units.p = static_cast<datafiles::PressureUnit>(pressure_->checkedId());
+    units.volume = density_->checkedId() == 1;
+    const bool amount = moles_->holdsNumber() && moles_->value() > 0;
+    if (amount) units.n = moles_->value();
+    if (!amount) moles_->setMark("An amount above 0 is needed");
+    model_->setUnits(units);
+    followUnits();
+    followInput();
+    return amount;
+}
+
+// --------------------------------------------------------------------------------------- commands
+
+void MeasuredDataEditor::takeInput() {
+    if (MarkWrongNumber(input_) || (density_->checkedId() == 1 && !takeUnits())) return;
+    if (editMode()) {
+        const int line = markedLines().first;
+        if (line == 0) {
+            dialogs::Tell("No marked item!", kRefusal, dialogs::Icon::Stop);
+            return;
+        }
+        const std::array<QString, datafiles::kBatchColumns> typed = [&] {
+            std::array<QString, datafiles::kBatchColumns> texts;
+            for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = input_[i]->text();
+            return texts;
+        }();
+        for (std::size_t i = 0; i < typed.size(); ++i)
+            model_->setData(model_->index(line - 1, static_cast<int>(i)), typed[i], Qt::EditRole);
+        return;
+    }
+    calculation::BatchDataSet set;
+    for (std::size_t i = 0; i < input_.size(); ++i)
+        datafiles::StoreCell(set, static_cast<BatchColumn>(i), input_[i]->text().toStdString(),
+                             model_->units());
+    const bool empty =
+        set.T == 0 && set.p == 0 && set.rhoL == 0 && set.rhoV == 0 && set.hLV == 0 && set.cp == 0;
+    if (empty) {
+        input_[0]->setMark("A value is needed in one field at least");
+        input_[0]->setFocus();
+        return;
+    }
+    model_->change([&] { datafiles::InsertBatchSets(the_session.BatchCount + 1, {&set, 1}); });
+    setChanged();
+    markLine(the_session.BatchCount);
+    for (NumberEdit* field : input_) field->clear();
+    input_[0]->setFocus();
+}
+
+void MeasuredDataEditor::eraseLines() {
+    const auto [first, last] = markedLines();
+    if (!datafiles::ConfirmRemoval(first, last)) return;
+    model_->change([first = first, last = last] { datafiles::RemoveBatchSets(first, last); });
+    setChanged();
+    markLine(first);
+    followTable();
+    followInput();
+}
+
+void MeasuredDataEditor::toggleLines() {
+    const auto [first, last] = markedLines();
+    if (first == 0) {
+        dialogs::Tell("No marked item!", kRefusal, dialogs::Icon::Stop);
+        return;
+    }
+    datafiles::ToggleBatchSets(first, last);
+    Q_EMIT model_->dataChanged(model_->index(first - 1, 0),
+                               model_->index(last - 1, model_->columnCount() - 1));
+    Q_EMIT model_->headerDataChanged(Qt::Vertical, first - 1, last - 1);
+}
+
+void MeasuredDataEditor::pasteLines() {
+    const std::vector<calculation::BatchDataSet> sets =
+        datafiles::SetsFromClipboard(dialogs::Clipboard(), model_->units());
+    if (sets.empty()) {
+        dialogs::Tell("The clipboard holds no lines of numbers.", kRefusal);
+        return;
+    }
+    if (sets.size() + static_cast<std::size_t>(the_session.BatchCount) >
+        datafiles::kMostBatchSets) {
+        dialogs::Tell("There is room for " + std::to_string(datafiles::kMostBatchSets) +
+                          " sets of data only.",
+                      kRefusal, dialogs::Icon::Stop);
+        return;
+    }
+    const int marked = markedLines().first;
+    const int line = marked == 0 ? the_session.BatchCount + 1 : marked;
+    model_->change([&] { datafiles::InsertBatchSets(line, sets); });
+    setChanged();
+    markLine(line);
+    followTable();
+}
+
+void MeasuredDataEditor::copyCells() {
+    const QItemSelection marked = table_->selectionModel()->selection();
+    if (marked.isEmpty()) {
+        dialogs::Tell("No marked item!", kRefusal, dialogs::Icon::Stop);
+        return;
+    }
+    const QItemSelectionRange range = marked.constFirst();
+    QString text;
+    for (int row = range.top(); row <= range.bottom(); ++row) {
+        QStringList cells;
+        for (int column = range.left(); column <= range.right(); ++column)
+            cells << model_->index(row, column).data().toString();
+        text += cells.join('\t') + "\r\n";
+    }
+    dialogs::SetClipboard(text.toStdString());
+}
+
+void MeasuredDataEditor::clearCells() {
+    for (const QModelIndex& cell : table_->selectionModel()->selectedIndexes())
+        model_->setData(cell, QString(), Qt::EditRole);
+}
+
+void MeasuredDataEditor::sortBy(BatchColumn column) {
+    model_->change([column] { datafiles::SortBatchSets(column); });
+    setChanged();
+    markLine(1);
+    followTable();
+}
+
+// New data replace the present ones, which may be worth saving first.
+void MeasuredDataEditor::load(bool append) {
+    if (!append && !datafiles::BatchSaveFrage(changed_)) return;
+    const int before = the_session.BatchCount;
+    bool loaded = false;
+    model_->change([&] { loaded = datafiles::BatchLoad(append); });
+    if (!loaded) {
+        followTable();
+        return;
+    }
+    const bool unsaved = append && before > 0;
+    setChanged();
+    changed_ = unsaved;
+    comment_->setText(qt(the_session.BatchComment));
+    markLine(unsaved ? before + 1 : 1);
+    followTable();
+    followInput();
+    shell::Refresh();
+}
+
+void MeasuredDataEditor::save() {
+    if (datafiles::BatchSave()) changed_ = false;
+    followTable();
+}
+
+int MeasuredDataEditor::fitColumn() const {
+    return target_->checkedId();
+}
+
+void MeasuredDataEditor::send(const char* action) {
+    the_session.FitDataSource = kFromDataEditor;
+    the_session.FitColumn = static_cast<std::int16_t>(fitColumn());
+    actions::Run(action);
+}
+
+// Keys of the table that the table itself would take in another way.
+bool MeasuredDataEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != table_ || event->type() != QEvent::KeyPress)
+        return ChildView::eventFilter(watched, event);
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (key->matches(QKeySequence::Copy)) {
+        copyCells();
+    } else if (key->matches(QKeySequence::Paste)) {
+        pasteLines();
+    } else if (key->matches(QKeySequence::Delete)) {
+        clearCells();
+    } else if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+        if (table_->currentIndex().isValid()) table_->edit(table_->currentIndex());
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void MeasuredDataEditor::closeEvent(QCloseEvent* event) {
+    if (!datafiles::BatchSaveFrage(changed_)) {
+        event->ignore();
+        return;
+    }
+    shell::Refresh();
+    ChildView::closeEvent(event);
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QDialog>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "models/substance_record.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QSortFilterProxyModel;
+class QTableView;
+
+namespace quor::gui {
+
+/// Choice of a substance of the open database: by its place in the list, by name, by a synonym, or
+/// by CASRN. Accepted when a substance was taken over into the session.
+class SubstanceDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit SubstanceDialog(QWidget* parent = nullptr);
+
+    void reject() override;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void buildList();
+    void buildSearch();
+    void arrange();
+    void describe(std::int16_t index);
+    void showEntry(std::int16_t index);
+    void matchEntry(const QString& text);
+    void filterBy(const QString& typed);
+    void selectEntry(std::int16_t index);
+    std::int16_t selectedEntry() const;
+    std::int16_t wantedEntry();
+    void take();
+    void showData();
+
+    QTableView* list_ = nullptr;
+    QSortFilterProxyModel* shown_ = nullptr;
+    QLineEdit* search_ = nullptr;
+    QComboBox* names_ = nullptr;
+    QLabel* formula_ = nullptr;
+    QLabel* note_ = nullptr;
+    QPushButton* ok_ = nullptr;
+    QPushButton* data_ = nullptr;
+    QPushButton* help_ = nullptr;
+    QPushButton* cancel_ = nullptr;
+    /// What a look at the data of another substance replaces for a while.
+    struct Kept {
+        models::SubstanceRecord substance;
+        std::string VPCode;
+    };
+    std::optional<Kept> kept_;
+    std::int16_t present_ = 0;  ///< entry that was selected last
+};
+
+}  // namespace quor::gui

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+#include <functional>
+#include <optional>
+
+#include "datafiles/substance_editor.h"
+
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+class QTabWidget;
+
+namespace quor::gui {
+
+class DataField;
+
+/// All data of the active substance, to look at and to change. Changes reach the session with
+/// "Apply", and a file only by the command that writes a private database.
+class SubstanceEditorView : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// `readOnly` shows the data without any command that changes them.
+    explicit SubstanceEditorView(bool readOnly, QWidget* parent = nullptr);
+
+    void reject() override;
+
+    /// Estimates a part of the data into the texts of the editor.
+    using GroupContributions =
+        std::function<void(datafiles::GroupFrame, datafiles::EditorTexts&, QWidget* parent)>;
+    /// Who does that; an empty function leaves the commands disabled.
+    static void SetGroupContributions(GroupContributions estimate);
+
+  private:
+    QWidget* buildHead();
+    QWidget* buildPage(datafiles::EditorTab tab);
+    QGroupBox* buildFrame(std::size_t spec);
+    void addCommands(std::string_view frameCaption, class QVBoxLayout* layout);
+    QWidget* buildCommands();
+    QPushButton* recalculation(const QString& name, const QString& tip,
+                               datafiles::EditorCorrelation correlation);
+    QPushButton* estimation(const QString& name, datafiles::GroupFrame frame);
+    QWidget* triplePointChoice();
+
+    datafiles::EditorTexts texts() const;
+    void showTexts(const datafiles::EditorTexts& texts);
+    void apply();
+    void writeDatabase();
+    void showTriplePoint(bool fromEquation);
+    void follow();
+
+    bool readOnly_;
+    std::array<DataField*, datafiles::kEditorFields> fields_{};
+    datafiles::EditorTexts shown_;  ///< as last read from the record
+    QTabWidget* tabs_ = nullptr;
+    QLabel* equation_ = nullptr;
+    QLabel* status_ = nullptr;
+    std::array<QRadioButton*, 2> triplePoint_{};
+};
+
+}  // namespace quor::gui

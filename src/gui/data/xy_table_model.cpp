@@ -1,0 +1,86 @@
+#include "gui/data/xy_table_model.h"
+
+#include <QFont>
+
+#include "common/numbers.h"
+#include "datafiles/cell_numbers.h"
+#include "datafiles/xy_points.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+
+namespace quor::gui {
+
+namespace {
+
+constexpr int kColumnX = 0, kColumns = 2;
+
+// The point of a row; the list may have become shorter since the table was shown.
+datafiles::FitPoint* point_of(int row) {
+    return row >= 0 && row < static_cast<int>(legacy::the_xyPoints.size())
+               ? &legacy::the_xyPoints[static_cast<std::size_t>(row)]
+               : nullptr;
+}
+
+}  // namespace
+
+int XyTableModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(legacy::the_xyPoints.size());
+}
+
+int XyTableModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : kColumns;
+}
+
+QVariant XyTableModel::data(const QModelIndex& index, int role) const {
+    const datafiles::FitPoint* point = point_of(index.row());
+    if (point == nullptr) return {};
+    const bool active = datafiles::IsActive(*point);
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::EditRole:
+            return QString::fromStdString(
+                numbers::General(index.column() == kColumnX ? point->x : point->y));
+        case Qt::TextAlignmentRole:
+            return int(Qt::AlignRight | Qt::AlignVCenter);
+        case Qt::ForegroundRole:
+            return active ? QVariant() : theme::quietColour();
+        case Qt::FontRole: {
+            QFont font;
+            font.setItalic(true);
+            return active ? QVariant() : font;
+        }
+        default:
+            return {};
+    }
+}
+
+QVariant XyTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation == Qt::Horizontal)
+        return role == Qt::DisplayRole ? QVariant(section == kColumnX ? "x" : "y") : QVariant();
+    const datafiles::FitPoint* point = point_of(section);
+    if (point == nullptr) return {};
+    const bool active = datafiles::IsActive(*point);
+    if (role == Qt::DisplayRole)
+        return active ? QString::number(section + 1) : QString("(%1)").arg(section + 1);
+    if (role == Qt::ToolTipRole && !active)
+        return "inactive: left out of fitting, drawing and saving";
+    return {};
+}
+
+Qt::ItemFlags XyTableModel::flags(const QModelIndex& index) const {
+    return QAbstractTableModel::flags(index) | Qt::ItemIsEditable;
+}
+
+bool XyTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    datafiles::FitPoint* point = point_of(index.row());
+    if (point == nullptr || role != Qt::EditRole) return false;
+    const std::string typed = numbers::CommaToPoint(value.toString().trimmed().toStdString());
+    // A cell that was only looked at keeps the digits that the table does not show.
+    if (value.toString() == data(index, Qt::EditRole).toString()) return false;
+    if (!datafiles::ParseNumber(typed)) return false;
+    (index.column() == kColumnX ? point->x : point->y) = datafiles::CellSingle(typed);
+    Q_EMIT dataChanged(index, index);
+    return true;
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,73 @@
+#include "gui/diagrams/coordinates_dialog.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <limits>
+
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/theme.h"
+
+namespace quor::gui {
+
+CoordinatesDialog::CoordinatesDialog(Module9::DiagramSheet& sheet, QWidget* parent)
+    : QDialog(parent), sheet_(sheet) {
+    setObjectName("fraCoord");
+    setWindowTitle("Coordinates");
+    const diagrams::DiagramRequest& r = sheet.request;
+    struct Field {
+        const char* caption;
+        float now, proposed;
+    };
+    const std::array<Field, 4> fields{{{"x minimum", r.xMin, r.xMinDefault},
+                                       {"x maximum", r.xMax, r.xMaxDefault},
+                                       {"y minimum", r.yMin, r.yMinDefault},
+                                       {"y maximum", r.yMax, r.yMaxDefault}}};
+    auto* grid = form::grid();
+    grid->setContentsMargins({});
+    // The shortest text that gives the same 32-bit number.
+    const auto show = [](NumberEdit* edit, float value) {
+        edit->setValue(QString::number(static_cast<double>(value), 'g', 7).toDouble());
+    };
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        coord_[i] = form::named(new NumberEdit, QString("coord_%1").arg(i));
+        show(coord_[i], fields[i].now);
+        const std::string& unit = i < 2 ? r.xLabel : r.yLabel;
+        form::addRow(grid, static_cast<int>(i), fields[i].caption, coord_[i],
+                     QString::fromStdString(unit).trimmed());
+    }
+    QPushButton* ok = form::button("&OK", "cmdCoord_OK");
+    ok->setDefault(true);
+    QPushButton* proposed = form::button("&Defaults", "cmdCoord_Default");
+    QPushButton* cancel = form::button("&Cancel", "cmdCoord_Cancel");
+    connect(ok, &QPushButton::clicked, this, &CoordinatesDialog::confirm);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(proposed, &QPushButton::clicked, this, [this, fields, show] {
+        for (std::size_t i = 0; i < fields.size(); ++i) show(coord_[i], fields[i].proposed);
+    });
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addWidget(proposed);
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addLayout(grid);
+    layout->addStretch(1);
+    layout->addLayout(buttons);
+}
+
+void CoordinatesDialog::confirm() {
+    std::array<double, 4> limits{};
+    for (std::size_t i = 0; i < coord_.size(); ++i)
+        limits[i] = coord_[i]->holdsNumber() ? coord_[i]->value()
+                                             : std::numeric_limits<double>::quiet_NaN();
+    if (Module9::SetCoordinates(sheet_, {{limits[0], limits[1]}, {limits[2], limits[3]}}))
+        return accept();
+    coord_[0]->setFocus();
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,86 @@
+#include "gui/diagrams/curve_parameter_dialog.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "diagrams/parameter_input.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/theme.h"
+
+namespace quor::gui {
+
+namespace {
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+}  // namespace
+
+CurveParameterDialog::CurveParameterDialog(std::int16_t sectionKind, QWidget* parent)
+    : QDialog(parent), sectionKind_(sectionKind) {
+    setObjectName("frmTpVSInputBox");
+    setWindowTitle("Parameter Input");
+    const Module9::ParameterField field = Module9::FieldOf(sectionKind);
+
+    value_ = form::named(new NumberEdit, "rText");
+    value_->setValue(field.value);
+    hint_ = form::named(new QLabel(" "), "lblTextHinweis");
+    QPalette red = hint_->palette();
+    red.setColor(QPalette::WindowText, theme::errorColour());
+    hint_->setPalette(red);
+
+    auto* grid = form::grid();
+    grid->setContentsMargins({});
+    grid->addWidget(form::named(new QLabel(qt(field.heading)), "lblHeading"), 0, 1);
+    form::addRow(grid, 1, qt(field.caption), value_, qt(field.unit));
+    grid->addWidget(hint_, 2, 0, 1, 3);
+
+    QPushButton* draw = form::button("&Draw curve", "cmdOKAndDraw");
+    draw->setToolTip(" to the diagram sheet; draw curve automatically  ");
+    draw->setDefault(true);
+    QPushButton* sheet = form::button("&to the Diagram", "cmdOK");
+    sheet->setToolTip("... and start drawing of the curve later (=> button \"Draw Curve\") ");
+    QPushButton* abort = form::button("&Abort Graph", "cmdAbbrechen");
+    connect(draw, &QPushButton::clicked, this, [this] { confirm(true); });
+    connect(sheet, &QPushButton::clicked, this, [this] { confirm(false); });
+    connect(abort, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addWidget(draw);
+    buttons->addWidget(sheet);
+    buttons->addStretch(1);
+    buttons->addWidget(abort);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addLayout(grid);
+    layout->addStretch(1);
+    layout->addLayout(buttons);
+    value_->setFocus();
+    value_->selectAll();
+    connect(value_, &QLineEdit::textEdited, this, [this] { hint_->setText(" "); });
+}
+
+void CurveParameterDialog::confirm(bool draw) {
+    const double typed = value_->holdsNumber() ? value_->value() : 0;
+    switch (Module9::TakeParameter(sectionKind_, typed)) {
+        case Module9::ParameterAnswer::Invalid:
+            hint_->setText(Module9::kInvalidParameter);
+            value_->setMark(Module9::kInvalidParameter);
+            value_->setFocus();
+            value_->selectAll();
+            return;
+        case Module9::ParameterAnswer::Refused:
+            return;
+        case Module9::ParameterAnswer::Taken:
+            break;
+    }
+    drawNow_ = draw;
+    accept();
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,350 @@
+#include "gui/diagrams/process_line_dialog.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QGroupBox>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QThread>
+#include <QVBoxLayout>
+#include <cmath>
+#include <limits>
+
+#include "common/dialogs.h"
+#include "common/numbers.h"
+#include "diagrams/polytropic_exchange.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+
+namespace quor::gui {
+
+namespace {
+
+using legacy::the_processLine;
+using legacy::the_session;
+namespace Kind = diagrams::ProcessKind;
+
+constexpr auto kRefusal = "Execution not possible";
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+constexpr int kPRange = 0, kTRange = 1;              // `optTp`
+constexpr int kLiquid = 0, kVapour = 1;              // `optPhase`
+constexpr int kHomogeneous = 0, kHeterogeneous = 1;  // `optHomoHetero`
+constexpr int kIdealGas = 1;                         // `optIdealEOS`
+
+QString qt(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+double number_in(const NumberEdit* edit) {
+    return edit->holdsNumber() ? edit->value() : kNoNumber;
+}
+
+/// Keeps the window alive while another program works, and lets the user give the wait up.
+class PatientWait {
+  public:
+    explicit PatientWait(QWidget* parent)
+        : box_(QString("Waiting for %1, at most %2 s ...")
+                   .arg(diagrams::kPolytropicProgram)
+                   .arg(diagrams::polytropicRunner().limit.count() / 1000),
+               "Give up", 0, 0, parent),
+          before_(diagrams::polytropicRunner().pass) {
+        box_.setObjectName("polytropicWait");
+        box_.setWindowTitle("Polytropic process");
+        box_.setWindowModality(Qt::WindowModal);
+        box_.setMinimumDuration(0);
+        box_.show();
+        diagrams::polytropicRunner().pass = [this] {
+            QCoreApplication::processEvents();
+            QThread::msleep(kPause);
+            return !box_.wasCanceled();
+        };
+    }
+    ~PatientWait() { diagrams::polytropicRunner().pass = before_; }
+    PatientWait(const PatientWait&) = delete;
+    PatientWait& operator=(const PatientWait&) = delete;
+
+  private:
+    static constexpr unsigned long kPause = 20;  // ms
+    QProgressDialog box_;
+    std::function<bool()> before_;
+};
+
+}  // namespace
+
+ProcessLineDialog::ProcessLineDialog(Purpose purpose, std::function<void()> draw, QWidget* parent)
+    : QDialog(parent), purpose_(purpose), draw_(std::move(draw)), kind_(the_processLine.Kind) {
+    setObjectName("frmInputProzessLinien");
+    setWindowTitle("Input Parameters fpr Processlines");
+    title_ = form::named(new QLabel, "lblTitel");
+    QFont bold = title_->font();
+    bold.setBold(true);
+    title_->setFont(bold);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addWidget(title_);
+    if (isPolytropic())
+        layout->addWidget(buildOptions("Equation of state", "fraIdealEOS",
+                                       {"using actual EOS", "using Id-Gas equation"},
+                                       the_processLine.IdealGasEquation ? kIdealGas : 0, eos_));
+    if (mayBeHeterogeneous())
+        layout->addWidget(buildOptions("Region", "fraHomoHetero",
+                                       {"Process line homogen.", "Process line heterogen. V-L"},
+                                       kHomogeneous, region_));
+    if (asksForRange())
+        layout->addWidget(rangeFrame_ = buildOptions("Range", "fraTp", {"p range", "T range"},
+                                                     the_processLine.RangeIsT != 0, range_));
+    layout->addWidget(buildFields());
+    if (!isLine())
+        layout->addWidget(buildOptions(
+            "Phase at the start", "fraPhase", {"L-Phase", "V-Phase"},
+            legacy::the_models.EOSOnlyV || the_processLine.Phase != 0 ? kVapour : kLiquid, phase_));
+    if (isPolytropic()) layout->addWidget(buildExponents());
+
+    auto* start = new QHBoxLayout;
+    estimate_ = form::button(qt(diagrams::TextsOfProcess(kind_).command), "cmdVScalc");
+    estimate_->setToolTip(qt(diagrams::TextsOfProcess(kind_).commandTip));
+    estimate_->setVisible(!estimate_->text().isEmpty());
+    state_ = form::named(new QLabel, "txtVSCalc");
+    state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    state_->setMinimumHeight(2 * state_->fontMetrics().lineSpacing());
+    start->addWidget(estimate_);
+    start->addWidget(state_, 1);
+    layout->addLayout(start);
+
+    layout->addStretch(1);
+    auto* buttons = new QHBoxLayout;
+    QPushButton* go =
+        form::button(purpose == Purpose::Calculation ? "C&alculate" : "&Draw", "cmdDraw");
+    go->setDefault(true);
+    QPushButton* close = form::button("&Cancel", "cmdClose");
+    buttons->addStretch(1);
+    buttons->addWidget(go);
+    buttons->addWidget(close);
+    layout->addLayout(buttons);
+
+    connect(go, &QPushButton::clicked, this, &ProcessLineDialog::confirm);
+    connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    connect(estimate_, &QPushButton::clicked, this, &ProcessLineDialog::tellStart);
+    for (QButtonGroup* group : {region_, range_})
+        if (group != nullptr) connect(group, &QButtonGroup::idClicked, this, [this] { follow(); });
+    showStart();
+    follow();
+    par_[0]->isVisibleTo(this) ? par_[0]->setFocus() : par_[1]->setFocus();
+}
+
+bool ProcessLineDialog::isLine() const {
+    return kind_ == Kind::kStraightLine;
+}
+
+bool ProcessLineDialog::isPolytropic() const {
+    return kind_ == Kind::kPolytropic;
+}
+
+bool ProcessLineDialog::mayBeHeterogeneous() const {
+    const bool held =
+        kind_ == Kind::kIsochore || kind_ == Kind::kIsentropic || kind_ == Kind::kIsenthalpic;
+    return held && !legacy::the_models.EOSOnlyV;
+}
+
+/// An isotherm runs over p and an isobar over T; a straight line has its own ends.
+bool ProcessLineDialog::asksForRange() const {
+    return kind_ >= Kind::kIsochore && kind_ <= Kind::kPolytropic;
+}
+
+bool ProcessLineDialog::chosen(const QButtonGroup* group, int index) const {
+    return group != nullptr && group->checkedId() == index;
+}
+
+QWidget* ProcessLineDialog::buildFields() {
+    static constexpr const char* kStates[] = {" T1/ K = ", "p1/kPa = ", " T2/ K = ", "p2/kPa = "};
+    static constexpr const char* kEnds[] = {"x1 = ", "y1 = ", "x2 = ", "y2 = "};
+    auto* frame = form::frame(isLine() ? "Ends" : "Initial and final state", "fraPar");
+    auto* grid = form::grid(frame);
+    for (int i = 0; i < 4; ++i) {
+        par_[i] = form::named(new NumberEdit, QString("par_%1").arg(i));
+        parCaption_[i] = form::caption(isLine() ? kEnds[i] : kStates[i], par_[i]);
+        grid->addWidget(parCaption_[i], i / 2, 2 * (i % 2));
+        grid->addWidget(par_[i], i / 2, 2 * (i % 2) + 1);
+        connect(par_[i], &QLineEdit::textEdited, this, [this] { state_->clear(); });
+    }
+    continue_ = form::named(new QCheckBox("Specif. for initial point = final point of last curve"),
+                            "chkEndToBegin");
+    continue_->setToolTip("... useful for continuated curves, e. g. for cyclic processes ");
+    continue_->setEnabled(the_processLine.LastT > 0 && the_processLine.LastP > 0);
+    continue_->setVisible(!isLine());
+    connect(continue_, &QCheckBox::toggled, this, &ProcessLineDialog::continueLast);
+    grid->addWidget(continue_, 2, 0, 1, 4);
+    return frame;
+}
+
+QGroupBox* ProcessLineDialog::buildOptions(const QString& title, const QString& name,
+                                           const QStringList& captions, int chosenIndex,
+                                           QButtonGroup*& group) {
+    QGroupBox* frame = form::frame(title, name);
+    auto* line = new QHBoxLayout(frame);
+    line->setSpacing(theme::kGroupGap);
+    group = new QButtonGroup(this);
+    for (int i = 0; i < captions.size(); ++i) {
+        auto* option = form::named(new QRadioButton(captions[i]),
+                                   QString("opt%1_%2").arg(QString(name).remove(0, 3)).arg(i));
+        option->setChecked(i == chosenIndex);
+        group->addButton(option, i);
+        line->addWidget(option);
+    }
+    line->addStretch(1);
+    return frame;
+}
+
+QGroupBox* ProcessLineDialog::buildExponents() {
+    QGroupBox* frame = form::frame("Exponents", "fraExponents");
+    auto* grid = form::grid(frame);
+    kappa_ = form::named(new QComboBox, "cmbKappa");
+    kappa_->setEditable(true);
+    kappa_->setInsertPolicy(QComboBox::NoInsert);
+    if (the_processLine.Kappa > 0) kappa_->setEditText(qt(numbers::General(the_processLine.Kappa)));
+    exponent_ = form::named(new NumberEdit, "txtExponent");
+    exponent_->setValue(the_processLine.PolytropicExponent);
+    form::addRow(grid, 0, "kappa = cp/cV =", kappa_);
+    form::addRow(grid, 1, "polytropic exponent =", exponent_);
+    connect(kappa_, &QComboBox::activated, this, [this](int index) {
+        kappa_->setEditText(qt(numbers::General(kappa_->itemData(index).toDouble())));
+    });
+    return frame;
+}
+
+/// What the fields begin with: the last input, else the state of the diagram and its range.
+void ProcessLineDialog::showStart() {
+    const diagrams::ProcessLineRecord& r = the_processLine;
+    if (isLine()) {
+        const float ends[] = {r.x1, r.y1, r.x2, r.y2};
+        for (int i = 0; i < 4; ++i) par_[i]->setValue(static_cast<double>(ends[i]));
+        return;
+    }
+    par_[0]->setValue(r.T1 > 0 ? r.T1 : the_session.DiagramT);
+    par_[1]->setValue(r.p1 > 0 ? r.p1 : the_session.DiagramP);
+    if (r.RangeEnd > 0) par_[r.RangeIsT != 0 ? 2 : 3]->setValue(r.RangeEnd);
+    if (isPolytropic()) offerKappa();
+}
+
+/// The offers belong to the temperature of the start.
+void ProcessLineDialog::offerKappa() {
+    const QString typed = kappa_->currentText();
+    kappa_->clear();
+    for (const diagrams::KappaOffer& offer : diagrams::KappaOffers(par_[0]->value()))
+        if (offer.value > 0) kappa_->addItem(qt(offer.text), offer.value);
+    kappa_->setCurrentIndex(-1);
+    kappa_->setEditText(typed);
+}
+
+void ProcessLineDialog::follow() {
+    const bool heterogeneous = chosen(region_, kHeterogeneous);
+    const bool overT = kind_ == Kind::kIsobar || chosen(range_, kTRange);
+    const diagrams::ProcessTexts& texts = diagrams::TextsOfProcess(kind_);
+    title_->setText(purpose_ == Purpose::Calculation
+                        ? QString("Calculation of a Polytropic Process")
+                    : heterogeneous ? qt(texts.heterogeneousTitle)
+                                    : qt(texts.title));
+    // Between the phases T fixes p; the end of the range is T or p alone.
+    const bool shown[] = {isLine() || !heterogeneous || overT, isLine() || !heterogeneous || !overT,
+                          isLine() || overT, isLine() || !overT};
+    for (int i = 0; i < 4; ++i) {
+        par_[i]->setVisible(shown[i]);
+        parCaption_[i]->setVisible(shown[i]);
+    }
+    if (phase_ != nullptr) {
+        phase_->button(kLiquid)->setText(heterogeneous ? "L saturation" : "L-Phase");
+        phase_->button(kVapour)->setText(heterogeneous ? "V saturation" : "V-Phase");
+        phase_->button(kLiquid)->setEnabled(!legacy::the_models.EOSOnlyV);
+    }
+    estimate_->setEnabled(!heterogeneous);
+    state_->clear();
+}
+
+void ProcessLineDialog::continueLast(bool on) {
+    const diagrams::ProcessInput last = diagrams::ContinuedFrom(input());
+    for (int i = 0; i < 2; ++i) {
+        if (on) par_[i]->setValue(last.par[static_cast<std::size_t>(i)]);
+        par_[i]->setReadOnly(on);
+    }
+    if (isPolytropic()) offerKappa();
+    state_->clear();
+}
+
+diagrams::ProcessInput ProcessLineDialog::input() const {
+    diagrams::ProcessInput in;
+    in.Kind = kind_;
+    for (std::size_t i = 0; i < 4; ++i) in.par[i] = number_in(par_[i]);
+    in.RangeIsT = kind_ == Kind::kIsobar || chosen(range_, kTRange);
+    in.Vapour = !chosen(phase_, kLiquid);
+    in.Heterogeneous = chosen(region_, kHeterogeneous);
+    in.IdealGasEquation = chosen(eos_, kIdealGas);
+    in.EndToBegin = continue_->isChecked();
+    if (isPolytropic()) {
+        in.Kappa = numbers::Val(kappa_->currentText().toStdString());
+        in.Exponent = number_in(exponent_);
+    }
+    // The fields show fewer digits than the last point has.
+    return in.EndToBegin ? diagrams::ContinuedFrom(in) : in;
+}
+
+void ProcessLineDialog::tellStart() {
+    const diagrams::ProcessInput in = input();
+    if (!(in.par[0] > 0) || !(in.par[1] > 0)) {
+        dialogs::Tell("Input incomplete or not valid", kRefusal);
+        return;
+    }
+    state_->setText(qt(diagrams::StartStateText(kind_, in.par[0], in.par[1])));
+}
+
+bool ProcessLineDialog::runProgram() {
+    using Code = diagrams::PolytropicCode;
+    Code code = Code::kDone;
+    {
+        const PatientWait wait(this);
+        code = diagrams::RunPolytrope();
+    }
+    switch (code) {
+        case Code::kDone:
+            return true;
+        case Code::kMissingProgram:  // told; a line can still be drawn by the equation of state
+            return purpose_ == Purpose::Line;
+        case Code::kNotWritten:  // told
+            return false;
+        case Code::kGivenUp:
+            state_->setText("given up");
+            return false;
+        default:
+            dialogs::Tell(diagrams::PolytropicErrorText(the_processLine.T1, the_processLine.p1),
+                          kRefusal);
+            return false;
+    }
+}
+
+void ProcessLineDialog::confirm() {
+    const diagrams::ProcessInput in = input();
+    if (isPolytropic() && !std::isfinite(in.Exponent)) {
+        dialogs::Tell("Input incomplete or not valid", kRefusal);
+        return;
+    }
+    const std::string refusal = diagrams::TakeProcessInput(in);
+    if (!refusal.empty()) {
+        dialogs::Tell(refusal, kRefusal);
+        return;
+    }
+    if (isPolytropic()) {
+        state_->setText(qt(diagrams::PhaseText(the_processLine.T1, the_processLine.p1)));
+        if (!runProgram()) return;
+    }
+    draw_();
+    accept();
+}
+
+}  // namespace quor::gui

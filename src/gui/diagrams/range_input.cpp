@@ -1,0 +1,113 @@
+#include "gui/diagrams/range_input.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "common/dialogs.h"
+#include "diagrams/catalogue.h"
+#include "diagrams/parameter_input.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+
+namespace quor::gui {
+
+namespace {
+
+constexpr std::uint8_t kVapourFraction = 8;
+using legacy::the_session;
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+}  // namespace
+
+RangeInput::RangeInput(std::int16_t sectionKind, QWidget* parent)
+    : QDialog(parent),
+      sectionKind_(sectionKind),
+      fraction_(legacy::the_processLine.Kind == kVapourFraction) {
+    setObjectName("frmInputProzessLinien");
+    grid_ = form::grid();
+    grid_->setContentsMargins({});
+    hint_ = form::named(new QLabel(" "), "lblTextHinweis");
+    QPalette red = hint_->palette();
+    red.setColor(QPalette::WindowText, theme::errorColour());
+    hint_->setPalette(red);
+
+    QPushButton* apply = form::button("&Apply and Close", "cmdDraw");
+    fraction_ ? askFraction() : askRange();
+    if (fraction_) apply->setText("&Specific. of y(V)");
+    apply->setDefault(true);
+    connect(apply, &QPushButton::clicked, this, &RangeInput::confirm);
+    QPushButton* close = form::button("&Cancel", "cmdClose");
+    connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addStretch(1);
+    buttons->addWidget(apply);
+    buttons->addWidget(close);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addLayout(grid_);
+    layout->addWidget(hint_);
+    layout->addStretch(1);
+    layout->addLayout(buttons);
+    par_[0]->setFocus();
+    par_[0]->selectAll();
+}
+
+NumberEdit* RangeInput::field(int index, const QString& caption, const QString& unit,
+                              double value) {
+    auto* edit = form::named(new NumberEdit, QString("par_%1").arg(index));
+    edit->setValue(value);
+    form::addRow(grid_, grid_->rowCount(), caption, edit, unit);
+    connect(edit, &QLineEdit::textEdited, this, [this] { hint_->setText(" "); });
+    return edit;
+}
+
+void RangeInput::askRange() {
+    setWindowTitle("Parameter Input");
+    const diagrams::CoordinateDefaults& d = legacy::the_coordinates;
+    const QString T = qt(the_session.TemperatureLabel), p = qt(the_session.PressureLabel);
+    const bool isobaric = sectionKind_ == Module9::kIsobaric;
+    const Module9::ParameterField fixed = Module9::FieldOf(sectionKind_);
+    par_[0] = field(isobaric ? 1 : 0, qt(fixed.caption), qt(fixed.unit), fixed.value);
+    const QString running = isobaric ? "T" : "p";
+    const double low = static_cast<double>(isobaric ? d.TMin : d.pMin);
+    const double high = static_cast<double>(isobaric ? d.TMax : d.pMax);
+    par_[1] = field(isobaric ? 0 : 1, running + "1 = ", isobaric ? T : p, low);
+    par_[2] = field(isobaric ? 2 : 3, running + "2 = ", isobaric ? T : p, high);
+}
+
+void RangeInput::askFraction() {
+    setWindowTitle("Adding a Line of Const. Vapour Fraction y(V)");
+    par_[0] = field(0, "y(V) = ", {}, 0.5);
+    grid_->addWidget(form::note("  vapour fraction (0 <= y(V) <= 1)"), grid_->rowCount(), 0, 1, 3);
+}
+
+double RangeInput::vapourFraction() const {
+    return par_[0]->value();
+}
+
+void RangeInput::confirm() {
+    const auto typed = [](const NumberEdit* edit) {
+        return edit->holdsNumber() ? edit->value() : -1;
+    };
+    if (fraction_) {
+        if (Module9::IsVapourFraction(typed(par_[0]))) return accept();
+        hint_->setText("Input not in the valid range");
+        par_[0]->setMark(hint_->text());
+        return;
+    }
+    const std::string refusal =
+        Module9::TakeRange(sectionKind_, typed(par_[0]), typed(par_[1]), typed(par_[2]));
+    if (refusal.empty()) return accept();
+    dialogs::Tell(refusal, "Execution not possible");
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,52 @@
+#include "gui/estimation/estimation_views.h"
+
+#include "gui/data/substance_editor_view.h"
+#include "gui/estimation/fit_view.h"
+#include "gui/estimation/group_contribution_view.h"
+#include "gui/widgets/shell.h"
+#include "session/actions.h"
+
+namespace quor::gui {
+
+namespace estimation_views {
+
+namespace {
+
+using datafiles::GroupFrame;
+
+constexpr int kFourthPage = 3;
+
+FitView* open_fitting() {
+    if (auto* view = qobject_cast<FitView*>(shell::FindView("frmQFitting"))) {
+        view->loadPoints();
+        shell::Activate("frmQFitting");
+        return view;
+    }
+    auto* view = new FitView;
+    shell::OpenChild(view);
+    return view;
+}
+
+void open_groups(GroupFrame frame) {
+    GroupContributionView view(frame, nullptr, shell::FrameWindow());
+    shell::OpenModal(view);
+}
+
+}  // namespace
+
+void Install() {
+    actions::RegisterAction("mnuFitting", [] { open_fitting()->showTab(kFourthPage); });
+    actions::RegisterAction("fit_data", [] { open_fitting(); });
+    actions::RegisterAction("mnuData_JOBACK_CritData", [] { open_groups(GroupFrame::Critical); });
+    actions::RegisterAction("mnuData_JOBACK_bildung", [] { open_groups(GroupFrame::Formation); });
+    actions::RegisterAction("mnuData_JOBACK_cpIdG", [] { open_groups(GroupFrame::HeatCapacity); });
+    SubstanceEditorView::SetGroupContributions(
+        [](GroupFrame frame, datafiles::EditorTexts& texts, QWidget* parent) {
+            GroupContributionView view(frame, &texts, parent);
+            shell::OpenModal(view);
+        });
+}
+
+}  // namespace estimation_views
+
+}  // namespace quor::gui

@@ -1,0 +1,119 @@
+#include "gui/estimation/fit_graph_frame.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "common/numbers.h"
+#include "gui/chart/chart2d_plot.h"
+#include "gui/estimation/fit_chart.h"
+#include "gui/widgets/child_view.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/theme.h"
+
+namespace quor::gui {
+
+namespace {
+
+using estimation::fit;
+
+constexpr QSize kLeastChart(380, 200);
+constexpr int kValueDigits = 10;
+
+QString general(double value) {
+    return QString::fromStdString(numbers::General(value)).trimmed();
+}
+
+}  // namespace
+
+FitGraphFrame::FitGraphFrame(QWidget* parent) : QGroupBox("Graph", parent) {
+    setObjectName("fraGraph");
+    plot_ = form::named(new chart::Chart2DPlot, "chart");
+    plot_->setMinimumSize(kLeastChart);
+    plot_->show2D(&chart_);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    const auto button = [&](const QString& text, const QString& name,
+                            void (FitGraphFrame::*run)()) {
+        QPushButton* push = form::button(text, name);
+        connect(push, &QPushButton::clicked, this, run);
+        buttons->addWidget(push);
+    };
+    button("&Function", "cmdGraphFunction", &FitGraphFrame::showFunction);
+    button("&Residuals", "cmdGraphResid", &FitGraphFrame::showResiduals);
+    button("&ln p over 1/T", "cmdGraphLnp", &FitGraphFrame::showLnp);
+    buttons->addStretch(1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kGap, theme::kGap, theme::kGap, theme::kGap);
+    layout->setSpacing(theme::kGap);
+    layout->addLayout(buttons);
+    layout->addWidget(plot_, 1);
+    layout->addWidget(buildCalculator());
+}
+
+QWidget* FitGraphFrame::buildCalculator() {
+    auto* box = new QWidget;
+    auto* layout = new QHBoxLayout(box);
+    layout->setContentsMargins({});
+    layout->setSpacing(theme::kGap);
+    direction_[0] = form::named(new QRadioButton("y from T"), "optCalc_0");
+    direction_[1] = form::named(new QRadioButton("T from y"), "optCalc_1");
+    direction_[0]->setChecked(true);
+    value_ = form::named(new NumberEdit, "txtXY");
+    value_->setProperty(kTakesReturn, true);
+    connect(value_, &QLineEdit::returnPressed, this, &FitGraphFrame::calculate);
+    connect(value_, &QLineEdit::textEdited, this, [this] { result_->clear(); });
+    QPushButton* run = form::button("Calculate <Enter>", "cmdCalc");
+    connect(run, &QPushButton::clicked, this, &FitGraphFrame::calculate);
+    result_ = form::named(new QLabel, "lblCalc");
+    result_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    for (QRadioButton* one : direction_) {
+        layout->addWidget(one);
+        connect(one, &QRadioButton::clicked, this, [this] { result_->clear(); });
+    }
+    value_->setMinimumWidth(value_->fontMetrics().horizontalAdvance('0') * kValueDigits);
+    layout->addWidget(value_);
+    layout->addWidget(run);
+    layout->addWidget(result_, 1);
+    return box;
+}
+
+void FitGraphFrame::showFit() {
+    setVisible(fit.fitted);
+    result_->clear();
+    if (fit.fitted) showFunction();
+}
+
+void FitGraphFrame::display(chart::Chart2D chart) {
+    chart_ = std::move(chart);
+    plot_->show2D(&chart_);
+}
+
+void FitGraphFrame::showFunction() {
+    display(estimation::ChartOf(estimation::FunctionGraph(fit), false));
+}
+
+void FitGraphFrame::showResiduals() {
+    display(estimation::ChartOf(estimation::ResidualGraph(fit), true));
+}
+
+void FitGraphFrame::showLnp() {
+    if (const auto graph = estimation::LnpGraph(fit)) display(estimation::ChartOf(*graph, false));
+}
+
+void FitGraphFrame::calculate() {
+    if (!value_->holdsNumber()) {
+        value_->setMark("A number is needed here.");
+        value_->setFocus();
+        return;
+    }
+    const bool forward = direction_[0]->isChecked();
+    const auto result = forward ? estimation::FittedY(fit, value_->value())
+                                : estimation::FittedX(fit, value_->value());
+    result_->setText(result ? (forward ? "y = " : "T = ") + general(*result) : QString());
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QGroupBox>
+#include <array>
+
+#include "chart/chart2d.h"
+
+class QLabel;
+class QRadioButton;
+
+namespace quor::gui {
+
+class NumberEdit;
+
+}  // namespace quor::gui
+
+namespace quor::chart {
+class Chart2DPlot;
+}  // namespace quor::chart
+
+namespace quor::gui {
+
+/// Graphs and single values of a fitted function.
+class FitGraphFrame : public QGroupBox {
+    Q_OBJECT
+
+  public:
+    explicit FitGraphFrame(QWidget* parent = nullptr);
+
+    /// Shows the function of the last fit; without one the frame is hidden.
+    void showFit();
+
+    const chart::Chart2D& shown() const { return chart_; }
+
+  private:
+    QWidget* buildCalculator();
+    void showFunction();
+    void showResiduals();
+    void showLnp();
+    void display(chart::Chart2D chart);
+    void calculate();
+
+    chart::Chart2D chart_;
+    chart::Chart2DPlot* plot_ = nullptr;
+    std::array<QRadioButton*, 2> direction_{};
+    NumberEdit* value_ = nullptr;
+    QLabel* result_ = nullptr;
+};
+
+}  // namespace quor::gui

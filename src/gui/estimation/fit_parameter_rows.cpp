@@ -1,0 +1,235 @@
+#include "gui/estimation/fit_parameter_rows.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolButton>
+
+#include "common/numbers.h"
+#include "estimation/fit_run.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/theme.h"
+
+namespace quor::gui {
+
+namespace {
+
+using estimation::fit;
+using estimation::FitModelRow;
+
+constexpr int kStartDigits = 17, kResultDigits = 18, kDeviationDigits = 13;
+constexpr auto kNone = " ---";
+
+enum Column { kLabel, kStart, kFixed, kLeft, kResult, kStdDev, kInterval };
+
+QString qt(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+QString number(double value) {
+    return qt(numbers::General(value)).trimmed();
+}
+
+/// Seven digits suffice for what says how uncertain a value is.
+QString rough(double value) {
+    if (value == estimation::kNoStdDev) return kNone;
+    return qt(numbers::General(static_cast<float>(value))).trimmed();
+}
+
+QLineEdit* output(const QString& name, int digits) {
+    auto* field = form::named(new QLineEdit, name);
+    field->setReadOnly(true);
+    field->setAlignment(Qt::AlignRight);
+    field->setFocusPolicy(Qt::ClickFocus);
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance('0') * digits);
+    return field;
+}
+
+QToolButton* arrow(const QString& text, const QString& name, const QString& tip) {
+    auto* button = form::named(new QToolButton, name);
+    button->setText(text);
+    button->setToolTip(tip);
+    return button;
+}
+
+/// Shows a number with its first digits in sight.
+void showNumber(QLineEdit* field, const QString& text) {
+    field->setText(text);
+    field->setCursorPosition(0);
+}
+
+/// Writes a value back when it was typed; what still shows it keeps all digits.
+void take(const NumberEdit* field, double& value) {
+    if (field->text() != number(value)) value = field->value();
+}
+
+}  // namespace
+
+FitParameterRows::FitParameterRows(QWidget* parent) : QWidget(parent) {
+    auto* grid = form::grid(this);
+    grid->setContentsMargins({});
+    const auto head = [&](const QString& text, int column) {
+        auto* label = new QLabel(text);
+        grid->addWidget(label, 0, column, Qt::AlignHCenter);
+        return label;
+    };
+    head("start value", kStart);
+    head("fixed", kFixed);
+    resultHeads_ = {nullptr, head("result", kResult), head("std. deviation", kStdDev),
+                    head("95 % interval", kInterval)};
+    leftAll_ = arrow("<<", "cmdLeftAll", " apply all result-parameters as new starting values ");
+    connect(leftAll_, &QToolButton::clicked, this, &FitParameterRows::takeAllResults);
+    grid->addWidget(leftAll_, 0, kLeft, Qt::AlignHCenter);
+    for (int i = 0; i < estimation::kMaxPar; ++i)
+        rows_[static_cast<std::size_t>(i)] = buildRow(grid, i);
+
+    const auto below = [&](const QString& text, const QString& name, int row, QLabel*& caption,
+                           NumberEdit*& field) {
+        field = form::named(new NumberEdit, name);
+        caption = form::caption(text, field);
+        grid->addWidget(caption, row, kLabel);
+        grid->addWidget(field, row, kStart);
+    };
+    below("Tcr/K = ", "txtTcr", estimation::kMaxPar + 1, TcrCaption_, Tcr_);
+    below("pcr/kPa = ", "txtpcr", estimation::kMaxPar + 2, pcrCaption_, pcr_);
+    grid->setRowStretch(estimation::kMaxPar + 3, 1);
+    grid->setColumnStretch(kResult, 1);
+    keepPlaces();
+}
+
+// Results come and go without moving anything else.
+void FitParameterRows::keepPlaces() {
+    const auto keep = [](QWidget* part) {
+        if (part == nullptr) return;
+        QSizePolicy policy = part->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(policy);
+    };
+    for (QWidget* head : resultHeads_) keep(head);
+    keep(leftAll_);
+    for (const Row& row : rows_)
+        for (QWidget* part :
+             std::initializer_list<QWidget*>{row.result, row.stdDev, row.interval, row.left})
+            keep(part);
+}
+
+FitParameterRows::Row FitParameterRows::buildRow(QGridLayout* grid, int i) {
+    const QString index = QString("_%1").arg(i);
+    Row row{};
+    row.start = form::named(new NumberEdit, "txtStart" + index);
+    row.start->setMinimumWidth(row.start->fontMetrics().horizontalAdvance('0') * kStartDigits);
+    row.label = form::caption({}, row.start);
+    row.label->setObjectName("lblPar" + index);
+    row.fixed = form::named(new QCheckBox, "chkFix" + index);
+    row.fixed->setToolTip(" held at its start value ");
+    row.result = output("txtResult" + index, kResultDigits);
+    row.stdDev = output("txtStdDev" + index, kDeviationDigits);
+    row.interval = output("txtInterval" + index, kDeviationDigits);
+    row.left = arrow("<", "cmdleft" + index, " apply result as new starting value ");
+    connect(row.fixed, &QCheckBox::clicked, this, [this, i](bool on) { fix(i, on); });
+    connect(row.left, &QToolButton::clicked, this, [this, i] { takeResult(i); });
+    const int line = i + 1;
+    grid->addWidget(row.label, line, kLabel);
+    grid->addWidget(row.start, line, kStart);
+    grid->addWidget(row.fixed, line, kFixed, Qt::AlignHCenter);
+    grid->addWidget(row.left, line, kLeft, Qt::AlignHCenter);
+    grid->addWidget(row.result, line, kResult);
+    grid->addWidget(row.stdDev, line, kStdDev);
+    grid->addWidget(row.interval, line, kInterval);
+    return row;
+}
+
+void FitParameterRows::showModel() {
+    const FitModelRow* model = estimation::FindModel(fit.FitModel);
+    if (model == nullptr) return;
+    for (int i = 0; i < estimation::kMaxPar; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        const bool used = i < model->NPar;
+        Row& row = rows_[k];
+        row.label->setText(qt(model->labels[k]));
+        row.fixed->setChecked(fit.FitFixed[k]);
+        if (!used) fit.FitStart[k] = 0;
+        // A parameter that follows from the others cannot be chosen.
+        row.fixed->setEnabled(model->computed != i);
+        for (QWidget* part : std::initializer_list<QWidget*>{row.label, row.start, row.fixed})
+            part->setVisible(used);
+        shade(i);
+    }
+    for (QWidget* part : std::initializer_list<QWidget*>{TcrCaption_, Tcr_})
+        part->setVisible(model->needsTcr);
+    for (QWidget* part : std::initializer_list<QWidget*>{pcrCaption_, pcr_})
+        part->setVisible(model->needsPcr);
+    Tcr_->setText(number(fit.Tcr));
+    pcr_->setText(number(fit.pcr));
+    showStartValues();
+    showResults();
+}
+
+void FitParameterRows::showStartValues() {
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        const bool used = static_cast<int>(i) < fit.NPar;
+        showNumber(rows_[i].start, used ? number(fit.FitStart[i]) : " 0");
+    }
+}
+
+void FitParameterRows::showResults() {
+    const FitModelRow* model = estimation::FindModel(fit.FitModel);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        const Row& row = rows_[i];
+        const bool used = fit.fitted && static_cast<int>(i) < fit.NPar;
+        const bool computed = model != nullptr && model->computed == static_cast<int>(i);
+        for (QWidget* part :
+             std::initializer_list<QWidget*>{row.result, row.stdDev, row.interval, row.left})
+            part->setVisible(used);
+        if (!used) continue;
+        showNumber(row.result, number(fit.FitPar[i]));
+        row.stdDev->setText(computed ? QString() : rough(fit.FitStdDev[i]));
+        const double half = fit.report.halfWidth[i];
+        const bool adjusted = !fit.FitFixed[i] && !computed && half != estimation::kNoStdDev;
+        row.interval->setText(adjusted && half > 0 ? "± " + rough(half) : QString());
+    }
+    for (QWidget* head : resultHeads_)
+        if (head != nullptr) head->setVisible(fit.fitted);
+    leftAll_->setVisible(fit.fitted);
+}
+
+void FitParameterRows::read() {
+    for (std::size_t i = 0; i < rows_.size(); ++i)
+        if (static_cast<int>(i) < fit.NPar) take(rows_[i].start, fit.FitStart[i]);
+    take(Tcr_, fit.Tcr);
+    take(pcr_, fit.pcr);
+}
+
+void FitParameterRows::fix(int i, bool fixed) {
+    const auto k = static_cast<std::size_t>(i);
+    fit.FitFixed[k] = fixed;
+    if (rows_[k].start->text().trimmed().isEmpty()) rows_[k].start->setText(" 0.");
+    shade(i);
+}
+
+// The row of a fixed parameter is grey; its start value can still be typed.
+void FitParameterRows::shade(int i) {
+    const auto k = static_cast<std::size_t>(i);
+    QPalette colours;
+    if (fit.FitFixed[k]) {
+        colours.setColor(QPalette::Text, theme::quietColour());
+        colours.setColor(QPalette::WindowText, theme::quietColour());
+    }
+    for (QWidget* part : std::initializer_list<QWidget*>{rows_[k].label, rows_[k].start})
+        part->setPalette(colours);
+}
+
+void FitParameterRows::takeResult(int i) {
+    estimation::TakeResultAsStart(fit, i);
+    const auto k = static_cast<std::size_t>(i);
+    showNumber(rows_[k].start, number(fit.FitStart[k]));
+}
+
+void FitParameterRows::takeAllResults() {
+    estimation::TakeAllResultsAsStart(fit);
+    showStartValues();
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,138 @@
+#include "gui/estimation/fit_quality_frame.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "common/numbers.h"
+#include "estimation/fit_run.h"
+#include "estimation/fit_statistics.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/theme.h"
+
+namespace quor::gui {
+
+namespace {
+
+using estimation::fit;
+using estimation::FitModelRow;
+
+constexpr int kCellPadding = 6;
+
+QString qt(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+QString percent(double value) {
+    return qt(numbers::General(static_cast<float>(value))).trimmed() + " %";
+}
+
+QString deviations() {
+    const estimation::FitReport& report = fit.report;
+    if (!report.hasDeviations) return {};
+    return "mean deviation " + percent(report.meanDeviation) + ", largest " +
+           percent(report.largestDeviation) + " at " +
+           qt(numbers::General(static_cast<float>(report.largestAt))).trimmed();
+}
+
+/// The name of a parameter without what follows it on its label.
+QString shortLabel(const FitModelRow& row, std::size_t i) {
+    return qt(row.labels[i]).section(' ', 0, 0);
+}
+
+}  // namespace
+
+FitQualityFrame::FitQualityFrame(QWidget* parent) : QGroupBox(parent) {
+    setObjectName("fraFQS");
+    SQ_ = form::named(new QLabel, "lblSQ");
+    sR_ = form::named(new QLabel, "lblsR");
+    for (QLabel* figure : {SQ_, sR_}) {
+        figure->setFont(theme::fixedPitch());
+        figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+    deviations_ = form::named(new QLabel, "lblDeviations");
+    explanation_ = form::named(form::note(), "lblExplanation");
+    notes_ = form::named(new QLabel, "lblNotes");
+    notes_->setWordWrap(true);
+    QPalette colours = notes_->palette();
+    colours.setColor(QPalette::WindowText, theme::errorColour());
+    notes_->setPalette(colours);
+
+    correlationCaption_ = new QLabel("correlation of the parameters");
+    correlation_ = form::named(new QTableWidget, "tblCorrelation");
+    correlation_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    correlation_->setSelectionMode(QAbstractItemView::ContiguousSelection);
+    correlation_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    correlation_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    correlation_->verticalHeader()->setDefaultSectionSize(correlation_->fontMetrics().height() +
+                                                          kCellPadding);
+
+    auto* figures = new QHBoxLayout;
+    figures->setSpacing(theme::kGroupGap);
+    figures->addWidget(SQ_);
+    figures->addWidget(sR_);
+    figures->addStretch(1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kGap, theme::kGap, theme::kGap, theme::kGap);
+    layout->setSpacing(theme::kGap);
+    layout->addLayout(figures);
+    layout->addWidget(deviations_);
+    layout->addWidget(notes_);
+    layout->addWidget(explanation_);
+    layout->addWidget(correlationCaption_);
+    layout->addWidget(correlation_);
+}
+
+void FitQualityFrame::showFit() {
+    setVisible(fit.fitted);
+    if (!fit.fitted) return;
+    const estimation::QualityTexts texts = estimation::QualityOf(fit);
+    setTitle(qt(texts.caption));
+    SQ_->setText(qt(texts.SQ));
+    sR_->setText(qt(texts.sR));
+    explanation_->setText(qt(texts.explainSQ) + "\n" + qt(texts.explainSR) + "\n" +
+                          qt(texts.symbols));
+    deviations_->setText(deviations());
+    deviations_->setVisible(!deviations_->text().isEmpty());
+    QStringList notes;
+    for (const std::string& note : estimation::FitNotes(fit)) notes << qt(note);
+    notes_->setText(notes.join('\n'));
+    notes_->setVisible(!notes.isEmpty());
+    showCorrelation();
+}
+
+void FitQualityFrame::showCorrelation() {
+    const FitModelRow* model = estimation::FindModel(fit.FitModel);
+    const estimation::FitReport& report = fit.report;
+    correlation_->setVisible(report.hasCorrelation);
+    correlationCaption_->setVisible(report.hasCorrelation);
+    if (model == nullptr || !report.hasCorrelation) return;
+    std::vector<std::size_t> adjusted;
+    QStringList names;
+    for (std::size_t i = 0; i < static_cast<std::size_t>(model->NPar); ++i) {
+        if (report.correlation[i][i] == 0) continue;
+        adjusted.push_back(i);
+        names << shortLabel(*model, i);
+    }
+    const int n = static_cast<int>(adjusted.size());
+    correlation_->setRowCount(n);
+    correlation_->setColumnCount(n);
+    correlation_->setHorizontalHeaderLabels(names);
+    correlation_->setVerticalHeaderLabels(names);
+    for (int row = 0; row < n; ++row)
+        for (int column = 0; column < n; ++column) {
+            const double r = report.correlation[adjusted[static_cast<std::size_t>(row)]]
+                                               [adjusted[static_cast<std::size_t>(column)]];
+            auto* cell = new QTableWidgetItem(qt(numbers::Format(r, "0.0000;-0.0000")));
+            cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            correlation_->setItem(row, column, cell);
+        }
+    const int height = correlation_->horizontalHeader()->sizeHint().height() +
+                       n * correlation_->verticalHeader()->defaultSectionSize() +
+                       2 * correlation_->frameWidth();
+    correlation_->setFixedHeight(height);
+}
+
+}  // namespace quor::gui

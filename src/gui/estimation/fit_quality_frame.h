@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QGroupBox>
+
+class QLabel;
+class QTableWidget;
+
+namespace quor::gui {
+
+/// How good a fit is: sum of squares, residual standard deviation, deviations, what went wrong, and
+/// how the parameters depend on each other.
+class FitQualityFrame : public QGroupBox {
+    Q_OBJECT
+
+  public:
+    explicit FitQualityFrame(QWidget* parent = nullptr);
+
+    /// Shows the figures of the last fit; without one the frame is hidden.
+    void showFit();
+
+  private:
+    void showCorrelation();
+
+    QLabel* SQ_ = nullptr;
+    QLabel* sR_ = nullptr;
+    QLabel* deviations_ = nullptr;
+    QLabel* explanation_ = nullptr;
+    QLabel* notes_ = nullptr;
+    QLabel* correlationCaption_ = nullptr;
+    QTableWidget* correlation_ = nullptr;
+};
+
+}  // namespace quor::gui

@@ -1,0 +1,290 @@
+#include "gui/estimation/fit_view.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "common/dialogs.h"
+#include "estimation/fit_apply.h"
+#include "estimation/fit_run.h"
+#include "estimation/fit_start_values.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+#include "session/actions.h"
+#include "session/help_topics.h"
+
+namespace quor::gui {
+
+namespace {
+
+using estimation::fit;
+using estimation::FitModelRow;
+using estimation::FitTab;
+
+constexpr int kTabs = 5;
+constexpr int kModelsPerColumn = 3;
+constexpr auto kXYEditor = "mnuData_EditXY";
+constexpr auto kTpvEditor = "mnuData_BatchEdit";
+constexpr std::array kPhases{"ideal gas", "liquid", "solid"};
+
+QString qt(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+bool isLinear() {
+    const FitModelRow* row = estimation::FindModel(fit.FitModel);
+    return row != nullptr && row->basis != nullptr;
+}
+
+}  // namespace
+
+FitView::FitView(QWidget* parent) : ChildView("frmQFitting", parent) {
+    setWindowTitle("   Fitting");
+    title_ = form::named(new QLabel, "lblTitle");
+    rows_ = new FitParameterRows;
+    quality_ = new FitQualityFrame;
+    graph_ = new FitGraphFrame;
+    for (QWidget* part : std::initializer_list<QWidget*>{quality_, graph_}) {
+        QSizePolicy policy = part->sizePolicy();
+        policy.setRetainSizeWhenHidden(part == graph_);
+        part->setSizePolicy(policy);
+    }
+
+    auto* left = new QVBoxLayout;
+    left->setSpacing(theme::kGroupGap);
+    left->addWidget(buildTabs());
+    left->addWidget(buildEquation());
+    left->addWidget(rows_);
+    left->addStretch(1);
+    left->addWidget(buildCommands());
+    auto* right = new QVBoxLayout;
+    right->setSpacing(theme::kGroupGap);
+    right->addWidget(quality_);
+    right->addWidget(graph_, 1);
+
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(theme::kGroupGap);
+    columns->addLayout(left);
+    columns->addLayout(right, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGap);
+    layout->addWidget(title_);
+    layout->addLayout(columns, 1);
+    setDefaultButton(start_);
+    setFocusProxy(start_);
+
+    fit.lg = false;
+    fit.FitLogSQ = false;
+    fit.cpPhase = estimation::CpPhase::IdealGas;
+    models_->button(0)->setChecked(true);
+    chooseModel(0);
+    showTab(0);
+    loadPoints();
+}
+
+QWidget* FitView::buildTabs() {
+    models_ = new QButtonGroup(this);
+    tabs_ = form::named(new QTabWidget, "SSTab1");
+    tabs_->setUsesScrollButtons(false);
+    for (int tab = 0; tab < kTabs; ++tab)
+        tabs_->addTab(buildPage(tab), qt(estimation::TabCaption(static_cast<FitTab>(tab))));
+    data_ = form::named(new QLabel, "lblData");
+    tabs_->setCornerWidget(data_);
+    connect(tabs_, &QTabWidget::currentChanged, this, &FitView::showTab);
+    connect(models_, &QButtonGroup::idClicked, this, &FitView::chooseModel);
+    return tabs_;
+}
+
+QWidget* FitView::buildPage(int tab) {
+    auto* page = new QWidget;
+    auto* grid = form::grid(page);
+    int n = 0;
+    for (const FitModelRow& row : estimation::FitModels()) {
+        if (static_cast<int>(row.tab) != tab) continue;
+        auto* option =
+            form::named(new QRadioButton(qt(row.name)), QString("optFit_%1").arg(row.number));
+        models_->addButton(option, row.number);
+        grid->addWidget(option, n % kModelsPerColumn, n / kModelsPerColumn);
+        ++n;
+    }
+    int next = grid->rowCount();
+    if (static_cast<FitTab>(tab) == FitTab::HeatCapacity) {
+        auto* box = new QHBoxLayout;
+        box->setSpacing(theme::kGap);
+        box->addWidget(new QLabel("Phase:"));
+        auto* phases = new QButtonGroup(this);
+        for (std::size_t i = 0; i < kPhases.size(); ++i) {
+            const int id = static_cast<int>(i);
+            auto* option =
+                form::named(new QRadioButton(kPhases[i]), QString("optcpPhase_%1").arg(id));
+            option->setChecked(i == 0);
+            phases->addButton(option, id);
+            box->addWidget(option);
+        }
+        box->addStretch(1);
+        connect(phases, &QButtonGroup::idClicked, this,
+                [](int id) { fit.cpPhase = static_cast<estimation::CpPhase>(id); });
+        grid->addLayout(box, next++, 0, 1, 2);
+    }
+    const std::string_view units = estimation::UnitText(static_cast<FitTab>(tab));
+    if (!units.empty()) grid->addWidget(form::note(qt(units)), next++, 0, 1, 2);
+    grid->setRowStretch(next, 1);
+    grid->setColumnStretch(1, 1);
+    return page;
+}
+
+QWidget* FitView::buildEquation() {
+    auto* box = new QWidget;
+    auto* layout = new QVBoxLayout(box);
+    layout->setContentsMargins({});
+    layout->setSpacing(theme::kGap);
+    equation_ = form::named(new QLabel, "lblEquation");
+    equation_->setWordWrap(true);
+    equation_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    remark_ = form::named(new QLabel, "lblRemark");
+    lg_ = form::named(new QCheckBox("l&g instead of ln"), "chkLg");
+    connect(lg_, &QCheckBox::clicked, this, &FitView::changeForm);
+    layout->addWidget(equation_);
+    layout->addWidget(remark_);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(theme::kGroupGap);
+    row->addWidget(lg_);
+    for (const std::size_t i : {0U, 1U}) {
+        logFit_[i] = form::named(new QRadioButton(qt(estimation::LogFitCaption(i == 1))),
+                                 QString("optLogFit_%1").arg(static_cast<int>(i)));
+        logFit_[i]->setChecked(i == 0);
+        connect(logFit_[i], &QRadioButton::clicked, this, [i] { fit.FitLogSQ = i == 1; });
+        row->addWidget(logFit_[i]);
+    }
+    row->addStretch(1);
+    layout->addLayout(row);
+    return box;
+}
+
+QWidget* FitView::buildCommands() {
+    start_ = form::button("&Start", "cmdStart");
+    connect(start_, &QPushButton::clicked, this, &FitView::start);
+    QPushButton* proposal = form::button("&Propose start values", "cmdPropose");
+    proposal->setToolTip(" from the points, by least squares on the linearised equation ");
+    connect(proposal, &QPushButton::clicked, this, &FitView::propose);
+    apply_ = form::button("&Apply parameters", "cmdApply");
+    connect(apply_, &QPushButton::clicked, this, &FitView::apply);
+    target_ = form::named(form::note(), "lblTarget");
+    QPushButton* xy = form::button("Data import    &XY-editor", "cmdGotoXYEditor");
+    xy->setEnabled(actions::Has(kXYEditor));
+    connect(xy, &QPushButton::clicked, this, [] { actions::Run(kXYEditor); });
+    QPushButton* tpv = form::button("Data import &T-p-V-editor", "cmdGotoTpvEditor");
+    tpv->setEnabled(actions::Has(kTpvEditor));
+    connect(tpv, &QPushButton::clicked, this, [] { actions::Run(kTpvEditor); });
+    QPushButton* print = form::button("P&rint", "cmdPrint");
+    connect(print, &QPushButton::clicked, this, [this] {
+        dialogs::Print(
+            {.title = "Fitting", .font = "COURIER", .text = form::textOf(this).toStdString()});
+    });
+    QPushButton* help = form::button("&Help", "Hilfe");
+    shell::ConnectHelp(help, help::kFitting);
+    QPushButton* close = form::button("&Close", "ESC");
+    connect(close, &QPushButton::clicked, this, &FitView::closeView);
+
+    auto* box = new QWidget;
+    auto* grid = form::grid(box);
+    grid->setContentsMargins({});
+    grid->addWidget(start_, 0, 0);
+    grid->addWidget(proposal, 0, 1);
+    grid->addWidget(close, 0, 2);
+    grid->addWidget(help, 0, 3);
+    grid->addWidget(apply_, 1, 0);
+    grid->addWidget(target_, 1, 1, 1, 3);
+    grid->addWidget(xy, 2, 0);
+    grid->addWidget(tpv, 2, 1);
+    grid->addWidget(print, 2, 2);
+    grid->setColumnStretch(3, 1);
+    return box;
+}
+
+void FitView::loadPoints() {
+    estimation::LoadFitPoints(fit);
+    title_->setText(qt(estimation::FitTitle(fit)));
+    const std::string& substance = legacy::the_substance.Name;
+    target_->setText(substance.empty() ? QString() : qt(estimation::TargetCaption(substance)));
+    apply_->setEnabled(!substance.empty());
+    dropResults();
+}
+
+void FitView::showTab(int index) {
+    tabs_->setCurrentIndex(index);
+    data_->setText(qt(estimation::DataCaption(static_cast<FitTab>(index))));
+}
+
+void FitView::chooseModel(int number) {
+    if (!estimation::ChooseModel(fit, static_cast<std::int16_t>(number), legacy::the_substance))
+        return;
+    for (QRadioButton* option : logFit_) option->setEnabled(!isLinear());
+    showEquation();
+    rows_->showModel();
+    showResults();
+}
+
+void FitView::showEquation() {
+    const FitModelRow* row = estimation::FindModel(fit.FitModel);
+    if (row == nullptr) return;
+    lg_->setVisible(!row->captionLg.empty());
+    lg_->setChecked(fit.lg);
+    equation_->setText(qt(estimation::EquationCaption(*row, fit.lg)));
+    remark_->setText(qt(row->remark));
+    remark_->setVisible(!row->remark.empty());
+}
+
+// The start values of the other form come in as long as nobody has changed them.
+void FitView::changeForm(bool lg) {
+    const FitModelRow* row = estimation::FindModel(fit.FitModel);
+    if (row == nullptr) return;
+    rows_->read();
+    const double Tcr = legacy::the_substance.Tcrit;
+    const bool untouched = fit.FitStart == estimation::StartValues(*row, fit.lg, Tcr);
+    fit.lg = lg;
+    if (untouched) fit.FitStart = estimation::StartValues(*row, fit.lg, Tcr);
+    rows_->showStartValues();
+    showEquation();
+    dropResults();
+}
+
+void FitView::start() {
+    rows_->read();
+    if (estimation::StartFit(fit)) showResults();
+}
+
+void FitView::propose() {
+    rows_->read();
+    if (estimation::ProposeStartValues(fit)) rows_->showStartValues();
+}
+
+void FitView::apply() {
+    estimation::ApplyFit(fit);
+    shell::Refresh();
+}
+
+void FitView::dropResults() {
+    fit.fitted = false;
+    showResults();
+}
+
+void FitView::showResults() {
+    rows_->showResults();
+    quality_->showFit();
+    graph_->showFit();
+    // What the parts need is known once they have laid out themselves.
+    for (const QWidget* part : std::initializer_list<QWidget*>{rows_, quality_, graph_})
+        part->layout()->activate();
+    fitWindow();
+}
+
+}  // namespace quor::gui

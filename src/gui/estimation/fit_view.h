@@ -1,0 +1,65 @@
+#pragma once
+
+#include <array>
+
+#include "estimation/fit_state.h"
+#include "gui/estimation/fit_graph_frame.h"
+#include "gui/estimation/fit_parameter_rows.h"
+#include "gui/estimation/fit_quality_frame.h"
+#include "gui/widgets/child_view.h"
+
+class QButtonGroup;
+class QCheckBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+class QTabWidget;
+
+namespace quor::gui {
+
+/// Fits one of the correlations of the system to the points of an editor, shows how well it does,
+/// and brings the parameters into the data of the active substance.
+class FitView : public ChildView {
+    Q_OBJECT
+
+  public:
+    explicit FitView(QWidget* parent = nullptr);
+
+    /// Takes the points from the editor that the session names.
+    void loadPoints();
+    /// Brings a tab to the front, counted from 0.
+    void showTab(int index);
+
+  private:
+    QWidget* buildTabs();
+    QWidget* buildPage(int tab);
+    QWidget* buildEquation();
+    QWidget* buildCommands();
+
+    void chooseModel(int number);
+    void changeForm(bool lg);
+    void start();
+    void propose();
+    void apply();
+    /// The results of the last fit are no longer those of what stands in the view.
+    void dropResults();
+    void showEquation();
+    void showResults();
+
+    QLabel* title_ = nullptr;
+    QLabel* data_ = nullptr;
+    QLabel* target_ = nullptr;
+    QLabel* equation_ = nullptr;
+    QLabel* remark_ = nullptr;
+    QTabWidget* tabs_ = nullptr;
+    QButtonGroup* models_ = nullptr;
+    QCheckBox* lg_ = nullptr;
+    std::array<QRadioButton*, 2> logFit_{};
+    QPushButton* start_ = nullptr;
+    QPushButton* apply_ = nullptr;
+    FitParameterRows* rows_ = nullptr;
+    FitQualityFrame* quality_ = nullptr;
+    FitGraphFrame* graph_ = nullptr;
+};
+
+}  // namespace quor::gui

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+
+namespace quor::gui {
+
+class NumberEdit;
+
+/// Input of the coefficients of the manual virial form B = b0 - b1/T^b2.
+class ManualVirialDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// Shows the present coefficients.
+    explicit ManualVirialDialog(QWidget* parent = nullptr);
+
+    double coefficient(std::size_t index) const;
+
+  private:
+    void confirm();
+
+    std::array<NumberEdit*, 3> fields_{};
+};
+
+}  // namespace quor::gui

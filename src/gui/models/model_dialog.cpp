@@ -1,0 +1,234 @@
+#include "gui/models/model_dialog.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "gui/models/manual_virial_dialog.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+#include "session/actions.h"
+#include "session/help_topics.h"
+
+namespace quor::gui {
+
+namespace {
+
+constexpr auto kEditData = "mnuData_EditStoffdaten";  // action of the substance data editor
+constexpr int kListCharacters = 38;
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+QComboBox* list(const QString& name) {
+    auto* box = form::named(new QComboBox, name);
+    box->setMinimumContentsLength(kListCharacters);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMaxVisibleItems(20);
+    return box;
+}
+
+}  // namespace
+
+ModelDialog::ModelDialog(QWidget* parent) : QDialog(parent) {
+    setObjectName("frmQModell");
+    setWindowTitle(" Select the calculation models for " + qt(legacy::the_substance.Name));
+    build();
+    arrange();
+    connectLists();
+    follow();
+    eos_->setFocus();
+}
+
+void ModelDialog::build() {
+    eos_ = list("EOSKombi");
+    vp_ = list("pKombi");
+    hlv_ = list("HLVKombi");
+    cp_ = list("cpKombi");
+    watson_ = form::named(new QComboBox, "WatsonKombi");
+    watson_->setEditable(true);
+    watson_->setInsertPolicy(QComboBox::NoInsert);
+    for (const std::string& exponent : choice_.watson()) watson_->addItem(qt(exponent));
+    watson_->setEditText(qt(choice_.watsonText()));
+    watsonCaption_ = form::caption("&WATSON-exponent:", watson_);
+    watsonCaption_->setObjectName("lblWatson");
+
+    fillLists();
+
+    priorityFrame_ = form::frame("Vapour Pressure P(LV) or Boiling Temperature T(LV)", "fraPrior");
+    priority_[0] = form::named(new QRadioButton("cu&bic equation of state (CEOS)"), "PriorOpt_0");
+    priority_[1] = form::named(new QRadioButton("Va&pour pressure equation"), "PriorOpt_1");
+}
+
+void ModelDialog::arrange() {
+    const models::DensityNote density = models::LiquidDensityNote(legacy::the_substance);
+    auto* grid = form::grid();
+    grid->setContentsMargins({});
+    const auto row = [&](int n, const QString& caption, QWidget* field, const QString& help,
+                         const QString& about) {
+        form::addRow(grid, n, caption, field);
+        QToolButton* button = form::helpButton(help, about);
+        grid->addWidget(button, n, 2);
+        return button;
+    };
+    QToolButton* eosHelp = row(0, "&Equation of State", eos_, "EOSHilfe", "equation of state");
+    QToolButton* vpHelp =
+        row(1, "&Vapour pressure equation", vp_, "pHilfe", "vapour pressure equation");
+    QToolButton* hlvHelp =
+        row(2, "Enthalpy of vapori&zation", hlv_, "HLVHilfe", "enthalpy of vaporization");
+    grid->addWidget(watsonCaption_, 3, 0);
+    grid->addWidget(watson_, 3, 1, Qt::AlignLeft);
+    QToolButton* cpHelp =
+        row(4, "&Ideal-gas heat capacity", cp_, "cpHilfe", "ideal-gas heat capacity");
+    densityState_ = form::named(new QLabel(qt(density.state)), "Rx1");
+    densityRange_ = form::named(new QLabel(qt(density.range)), "Rx2");
+    QToolButton* rhoHelp =
+        row(5, "L-Density = F(T) ", densityState_, "RhoLHilfe", "liquid density");
+    grid->addWidget(densityRange_, 6, 1);
+    grid->setColumnStretch(1, 1);
+
+    QToolButton* priorityHelp = form::helpButton("PriorHilfe", "priority");
+    auto* options = new QVBoxLayout;
+    options->setSpacing(theme::kGap);
+    options->addWidget(new QLabel("Calculated by means of"));
+    options->addWidget(priority_[0]);
+    options->addWidget(priority_[1]);
+    auto* inFrame = new QHBoxLayout(priorityFrame_);
+    inFrame->addLayout(options, 1);
+    inFrame->addWidget(priorityHelp, 0, Qt::AlignTop);
+
+    QPushButton* ok = form::button("Models &OK", "OKModell");
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &ModelDialog::confirm);
+    QPushButton* cancel = form::button("&Cancel", "cmdEsc");
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    QPushButton* showData = form::button("Show Data", "cmdData");
+    showData->setEnabled(actions::Has(kEditData));
+    connect(showData, &QPushButton::clicked, this, &ModelDialog::editData);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addWidget(showData);
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addLayout(grid);
+    layout->addWidget(priorityFrame_);
+    layout->addStretch(1);
+    layout->addLayout(buttons);
+
+    // The pages of the first three follow the model that is selected.
+    struct Help {
+        QToolButton* button;
+        int topic;
+        const std::int16_t* code;
+    };
+    const models::ModelSelection& m = legacy::the_models;
+    for (const Help& h :
+         {Help{eosHelp, help::kEquationsOfState, &m.EOSModel},
+          Help{vpHelp, help::kVapourPressure, &m.VPModel},
+          Help{hlvHelp, help::kVaporisation, &m.HLVModel}, Help{cpHelp, help::kIdealGasCp, nullptr},
+          Help{rhoHelp, help::kLiquidDensity, nullptr},
+          Help{priorityHelp, help::kPriority, nullptr}}) {
+        h.button->setEnabled(shell::HelpAvailable());
+        connect(h.button, &QToolButton::clicked, this,
+                [h] { shell::ShowHelp(h.topic + (h.code == nullptr ? 0 : *h.code)); });
+    }
+}
+
+void ModelDialog::connectLists() {
+    const auto index = [](int row) { return static_cast<std::size_t>(row); };
+    connect(eos_, &QComboBox::currentIndexChanged, this, [this, index](int row) {
+        if (row < 0) return;
+        const bool manual = choice_.ChooseEOS(index(row));
+        follow();
+        if (manual) askManualVirial();
+    });
+    connect(vp_, &QComboBox::currentIndexChanged, this, [this, index](int row) {
+        if (row >= 0) choice_.ChooseVP(index(row));
+    });
+    connect(hlv_, &QComboBox::currentIndexChanged, this, [this, index](int row) {
+        if (row < 0) return;
+        choice_.ChooseHLV(index(row));
+        follow();
+    });
+    connect(cp_, &QComboBox::currentIndexChanged, this, [this, index](int row) {
+        if (row >= 0) choice_.ChooseCp(index(row));
+    });
+    connect(watson_, &QComboBox::editTextChanged, this,
+            [this](const QString& typed) { choice_.SetWatson(typed.toStdString()); });
+    connect(priority_[0], &QRadioButton::toggled, this, [this](bool ceos) {
+        if (choice_.priorityEnabled()) choice_.SetPriorityCEOS(ceos);
+    });
+}
+
+void ModelDialog::fillLists() {
+    fill(eos_, choice_.eos(), choice_.eosIndex());
+    fill(vp_, choice_.vp(), choice_.vpIndex());
+    fill(hlv_, choice_.hlv(), choice_.hlvIndex());
+    fill(cp_, choice_.cp(), choice_.cpIndex());
+}
+
+// What can be chosen follows the data as they stand after the editor.
+void ModelDialog::editData() {
+    actions::Run(kEditData);
+    choice_.Renew();
+    fillLists();
+    const QSignalBlocker quiet(watson_);
+    watson_->clear();
+    for (const std::string& exponent : choice_.watson()) watson_->addItem(qt(exponent));
+    watson_->setEditText(qt(choice_.watsonText()));
+    const models::DensityNote density = models::LiquidDensityNote(legacy::the_substance);
+    densityState_->setText(qt(density.state));
+    densityRange_->setText(qt(density.range));
+    setWindowTitle(" Select the calculation models for " + qt(legacy::the_substance.Name));
+    follow();
+}
+
+void ModelDialog::fill(QComboBox* box, const models::ModelEntries& entries, std::size_t index) {
+    const QSignalBlocker quiet(box);
+    box->clear();
+    for (const models::ModelEntry& entry : entries) box->addItem(qt(entry.text), entry.code);
+    box->setCurrentIndex(static_cast<int>(index));
+}
+
+void ModelDialog::follow() {
+    if (static_cast<std::size_t>(hlv_->count()) != choice_.hlv().size())
+        fill(hlv_, choice_.hlv(), choice_.hlvIndex());
+    watsonCaption_->setVisible(choice_.watsonVisible());
+    watson_->setVisible(choice_.watsonVisible());
+    priorityFrame_->setEnabled(choice_.priorityEnabled());
+    const QSignalBlocker quiet0(priority_[0]), quiet1(priority_[1]);
+    priority_[0]->setChecked(legacy::the_models.PriorityCEOS);
+    priority_[1]->setChecked(!legacy::the_models.PriorityCEOS);
+}
+
+void ModelDialog::askManualVirial() {
+    ManualVirialDialog input(this);
+    if (shell::OpenModal(input) != QDialog::Accepted) return;
+    choice_.SetManualVirial(input.coefficient(0), input.coefficient(1), input.coefficient(2));
+}
+
+void ModelDialog::confirm() {
+    if (choice_.Confirm()) accept();
+}
+
+void ModelDialog::reject() {
+    choice_.Cancel();
+    QDialog::reject();
+}
+
+}  // namespace quor::gui

@@ -1,0 +1,174 @@
+#include "gui/models/reference_state_dialog.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "common/dialogs.h"
+#include "common/faults.h"
+#include "gui/widgets/form.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "legacy/declare.h"
+#include "session/help_topics.h"
+#include "session/module2.h"
+
+namespace quor::gui {
+
+namespace {
+
+using models::ReferenceOption;
+
+QString qt(std::string_view s) {
+    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+}
+
+models::ReferenceCaptions captions() {
+    return models::CaptionsOf(legacy::the_session.CaloricUnit);
+}
+
+// The factor of the present substance: that of the session is as old as the last calculation.
+double present_factor() {
+    const legacy::Session& session = legacy::the_session;
+    try {
+        return session::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+    } catch (const faults::Fault&) {
+        return session.CaloricFactor;
+    }
+}
+
+// The first option names the quantities in the unit of the session.
+QString values_caption() {
+    const models::ReferenceCaptions c = captions();
+    return qt(c.h).trimmed() + " and " + qt(c.s).trimmed() + " of the ideal gas at To, po as below";
+}
+
+}  // namespace
+
+ReferenceStateDialog::ReferenceStateDialog(QWidget* parent)
+    : QDialog(parent), factor_(present_factor()) {
+    setObjectName("frmReferenz");
+    setWindowTitle(" Calculation of Thermodynamic Functions Z");
+    arrange();
+    const models::ReferenceState& reference = legacy::the_reference;
+    const ReferenceOption present = models::ReferenceOptionOf(reference.RefMode);
+    options_->button(static_cast<int>(present))->setChecked(true);
+    fill(models::FieldsOf(reference, factor_));
+    enable(present);
+}
+
+QLayout* ReferenceStateDialog::buildOptions() {
+    options_ = new QButtonGroup(this);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(theme::kGap);
+    const std::array<QString, 3> texts = {
+        values_caption(),
+        "Z(ref) = quantity of formation for ideal gas state at To=298.15 and normal pressure\n"
+        "from elements in the stable state",
+        "Conventional Reference State (cf. Help)"};
+    for (int i = 0; i < static_cast<int>(texts.size()); ++i) {
+        auto* option = form::named(new QRadioButton(texts[static_cast<std::size_t>(i)]),
+                                   QString("opt_HNull_%1").arg(i));
+        options_->addButton(option, i);
+        column->addWidget(option);
+    }
+    connect(options_, &QButtonGroup::idClicked, this,
+            [this](int index) { choose(static_cast<ReferenceOption>(index)); });
+    return column;
+}
+
+QLayout* ReferenceStateDialog::buildFields() {
+    const models::ReferenceCaptions c = captions();
+    const std::array<QString, models::kReferenceFields> names = {qt(c.h),  qt(c.s), "To/K",
+                                                                 "po/kPa", "T/K",   "p/kPa"};
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        fields_[i] = form::named(new NumberEdit, QString("T_%1").arg(i));
+    const auto group = [&](const QString& title, const QString& name, int first, int last) {
+        auto* frame = form::frame(title, name);
+        auto* grid = form::grid(frame);
+        for (int i = first; i <= last; ++i) {
+            const auto n = static_cast<std::size_t>(i);
+            auto* label =
+                form::named(form::caption(names[n], fields_[n]), QString("lblT_%1").arg(i));
+            grid->addWidget(label, i - first, 0);
+            grid->addWidget(fields_[n], i - first, 1);
+        }
+        grid->setColumnStretch(1, 1);
+        grid->setRowStretch(last - first + 1, 1);
+        return frame;
+    };
+    auto* row = new QHBoxLayout;
+    row->setSpacing(theme::kGap);
+    row->addWidget(group("Reference state", "fraReference", models::FieldH, models::FieldP0), 1);
+    row->addWidget(
+        group("Surroundings (exergies)", "fraSurroundings", models::FieldTenv, models::FieldPenv),
+        1);
+    return row;
+}
+
+void ReferenceStateDialog::arrange() {
+    QPushButton* ok = form::button("OK", "OK");
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &ReferenceStateDialog::confirm);
+    QPushButton* escape = form::button("Cancel", "ESC");
+    connect(escape, &QPushButton::clicked, this, &QDialog::reject);
+    QPushButton* page = form::button("Help", "cmdReferenzHelp");
+    shell::ConnectHelp(page, help::kReferenceState);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addWidget(page);
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(escape);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addLayout(buildOptions());
+    layout->addLayout(buildFields());
+    layout->addStretch(1);
+    layout->addLayout(buttons);
+}
+
+void ReferenceStateDialog::fill(const models::ReferenceFields& fields) {
+    filled_ = fields;
+    for (std::size_t i = 0; i < fields_.size(); ++i) fields_[i]->setValue(fields[i]);
+}
+
+models::ReferenceOption ReferenceStateDialog::option() const {
+    return static_cast<ReferenceOption>(options_->checkedId());
+}
+
+models::ReferenceFields ReferenceStateDialog::typed() const {
+    models::ReferenceFields values;
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        values[i] = fields_[i]->isModified() ? fields_[i]->value() : filled_[i];
+    return values;
+}
+
+void ReferenceStateDialog::choose(ReferenceOption chosen) {
+    if (chosen == ReferenceOption::Formation) fill(models::AfterChoice(chosen, typed()));
+    enable(chosen);
+}
+
+void ReferenceStateDialog::enable(ReferenceOption chosen) {
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        fields_[i]->setEnabled(models::IsEditable(chosen, static_cast<models::ReferenceField>(i)));
+}
+
+void ReferenceStateDialog::confirm() {
+    if (MarkWrongNumber(fields_)) return;
+    if (!models::StoreReference(option(), typed(), factor_, legacy::the_reference)) {
+        dialogs::Tell("A number is beyond the range of its field.", "Execution not possible");
+        return;
+    }
+    accept();
+}
+
+}  // namespace quor::gui

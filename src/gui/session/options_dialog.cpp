@@ -1,0 +1,192 @@
+#include "gui/session/options_dialog.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "gui/widgets/form.h"
+#include "gui/widgets/shell.h"
+#include "gui/widgets/theme.h"
+#include "session/actions.h"
+#include "session/help_topics.h"
+
+namespace quor::gui {
+
+namespace {
+
+constexpr auto kReferenceState = "frmReferenz";  // action of the reference view
+constexpr int kSmallStep = 10, kLargeStep = 50;
+
+QVBoxLayout* column(QWidget* box) {
+    auto* layout = new QVBoxLayout(box);
+    layout->setSpacing(theme::kGap);
+    return layout;
+}
+
+QRadioButton* option(const QString& text, const QString& name, const QString& tip, bool on) {
+    auto* button = form::named(new QRadioButton(text), name);
+    button->setToolTip(tip);
+    button->setChecked(on);
+    return button;
+}
+
+QCheckBox* check(const QString& text, const QString& name, bool on) {
+    auto* box = form::named(new QCheckBox(text), name);
+    box->setChecked(on);
+    return box;
+}
+
+}  // namespace
+
+OptionsDialog::OptionsDialog(QWidget* parent) : QDialog(parent), opened_(session::OpenOptions()) {
+    setObjectName("frmOptions");
+    setWindowTitle("   Options");
+
+    QPushButton* ok = form::button("OK", "cmdOK");
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &OptionsDialog::apply);
+    QPushButton* cancel = form::button("Cancel", "cmdClose");
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+
+    auto* upper = new QHBoxLayout;
+    upper->setSpacing(theme::kGroupGap);
+    upper->addWidget(modeFrame());
+    upper->addWidget(unitFrame());
+    upper->addWidget(referenceFrame());
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
+    layout->setSpacing(theme::kGroupGap);
+    layout->addLayout(upper);
+    layout->addWidget(curveFrame());
+    layout->addWidget(resolutionFrame());
+    layout->addStretch(1);
+    layout->addLayout(buttons);
+}
+
+QWidget* OptionsDialog::modeFrame() {
+    QGroupBox* box = form::frame("Mode of calculation", "fraMode");
+    mode_[0] = option("&direct calculation", "OptCalcMode_0",
+                      " Single input T, p, ... => calculation ", !opened_.batch);
+    mode_[1] = option("&batch calculation", "OptCalcMode_1",
+                      " processing of a \"batch list\" with specificated values T, p, ...; input "
+                      "under \"Data / exper. data..\" ",
+                      opened_.batch);
+    QVBoxLayout* layout = column(box);
+    layout->addWidget(mode_[0]);
+    layout->addWidget(mode_[1]);
+    layout->addWidget(form::note("(concerning only the menue \"Calculations\")"));
+    layout->addStretch(1);
+    return box;
+}
+
+QWidget* OptionsDialog::unitFrame() {
+    QGroupBox* box = form::frame("Units", "fraUnits");
+    unit_[0] = option("&molar quantities", "optMolarSpez_0", " e. g. kJ/kmol or m^3/kmol ",
+                      !opened_.specific);
+    unit_[1] = option("&specific quantities", "optMolarSpez_1", " e. g. kJ/kg or m^3/kg ",
+                      opened_.specific);
+    QGroupBox* inner = form::frame("reduced quantities for T, p, V", "fraReduced");
+    reduced_ = check("&reduced quantities z(red) = z/z(cr)", "chkReduziert", opened_.reduced);
+    reduced_->setEnabled(opened_.reducedPossible);
+    column(inner)->addWidget(reduced_);
+    QVBoxLayout* layout = column(box);
+    layout->addWidget(unit_[0]);
+    layout->addWidget(unit_[1]);
+    layout->addWidget(inner);
+    return box;
+}
+
+QWidget* OptionsDialog::referenceFrame() {
+    QGroupBox* box = form::frame("Reference state for thermodynamic", "fraReference");
+    QPushButton* view = form::button("&Viewing / Setting", "Command1");
+    view->setEnabled(actions::Has(kReferenceState));
+    connect(view, &QPushButton::clicked, this, [] { actions::Run(kReferenceState); });
+    QToolButton* help = form::helpButton("cmdReferenzHelp", "reference state");
+    shell::ConnectHelp(help, help::kReferenceState);
+    auto* row = new QHBoxLayout;
+    row->addWidget(view, 1);
+    row->addWidget(help);
+    QVBoxLayout* layout = column(box);
+    layout->addWidget(new QLabel("functions"));
+    layout->addLayout(row);
+    layout->addStretch(1);
+    return box;
+}
+
+QWidget* OptionsDialog::curveFrame() {
+    QGroupBox* box = form::frame("Curves of diagrams", "fraCurves");
+    realRange_ = check("draw real &range (T>T(trip) or p> p(trip) resp.)", "chkCurveTpRestricted",
+                       opened_.realRange);
+    QToolButton* help = form::helpButton("cmdRealBreichHelp", "draw real range");
+    shell::ConnectHelp(help, help::kRealRange);
+    sCurve_ = check("for cubic EOS: at T < T(cr) only draw S-shaped curve &without tie line",
+                    "chkSKurveOhneKonnode", opened_.sWithoutTieLine);
+    sCurve_->setEnabled(opened_.sCurvePossible);
+    partialGas_ = check(
+        "partial curve \"&gas phase\" z(T), isobaric or z(p), isothermal; i. e. draw only curve "
+        "for T > T(LV) or p < p(LV) resp.",
+        "chkPartialKurve", opened_.partialGas);
+    partialGas_->setToolTip(" active only for virial EOS ");
+    auto* first = new QHBoxLayout;
+    first->addWidget(realRange_, 1);
+    first->addWidget(help);
+    QVBoxLayout* layout = column(box);
+    layout->addLayout(first);
+    layout->addWidget(sCurve_);
+    layout->addWidget(partialGas_);
+    return box;
+}
+
+QWidget* OptionsDialog::resolutionFrame() {
+    QGroupBox* box = form::frame("curve resolution", "fraResolution");
+    points_ = form::named(new QSlider(Qt::Horizontal), "Slider1_punktdichte");
+    points_->setRange(session::kMinPoints, session::kMaxPoints);
+    points_->setSingleStep(kSmallStep);
+    points_->setPageStep(kLargeStep);
+    points_->setTickInterval(kLargeStep);
+    points_->setTickPosition(QSlider::TicksBelow);
+    points_->setValue(opened_.points);
+    points_->setAccessibleName("points per curve");
+    auto* value = form::named(new QLabel(QString::number(opened_.points)), "Label54");
+    value->setMinimumWidth(value->fontMetrics().horizontalAdvance("8888"));
+    connect(points_, &QSlider::valueChanged, value, qOverload<int>(&QLabel::setNum));
+    auto* row = new QHBoxLayout(box);
+    row->setSpacing(theme::kGap);
+    row->addWidget(form::named(new QLabel(QString::number(session::kMinPoints)), "lblSlideMin"));
+    row->addWidget(points_, 1);
+    row->addWidget(form::named(new QLabel(QString::number(session::kMaxPoints)), "lblSlideMax"));
+    row->addSpacing(theme::kGroupGap);
+    row->addWidget(value);
+    row->addWidget(new QLabel("points per curve"));
+    return box;
+}
+
+void OptionsDialog::apply() {
+    session::OptionChoice c = opened_;
+    c.batch = mode_[1]->isChecked();
+    c.specific = unit_[1]->isChecked();
+    c.reduced = reduced_->isEnabled() && reduced_->isChecked();
+    c.realRange = realRange_->isChecked();
+    c.sWithoutTieLine = sCurve_->isChecked();
+    c.partialGas = partialGas_->isChecked();
+    c.points = points_->value();
+    if (!session::ApplyOptions(c)) return;
+    // The axes of an open diagram are no longer valid in other units.
+    actions::Run("CalcCoordinateDefaults");
+    if (legacy::the_session.UnitsChanged) shell::CloseViews({"frmGraph2D", "frmGraph3D"});
+    shell::Refresh();
+    accept();
+}
+
+}  // namespace quor::gui

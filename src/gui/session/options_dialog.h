@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+
+#include "legacy/declare.h"
+#include "session/options.h"
+
+class QCheckBox;
+class QRadioButton;
+class QSlider;
+
+namespace quor::gui {
+
+/// Units, calculation mode and curve options of the session. OK applies them at once, Cancel leaves
+/// everything as it was.
+class OptionsDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit OptionsDialog(QWidget* parent = nullptr);
+
+  private:
+    QWidget* modeFrame();
+    QWidget* unitFrame();
+    QWidget* curveFrame();
+    QWidget* resolutionFrame();
+    QWidget* referenceFrame();
+    void apply();
+
+    const session::OptionChoice opened_;
+    std::array<QRadioButton*, 2> mode_{}, unit_{};
+    QCheckBox* reduced_ = nullptr;
+    QCheckBox* realRange_ = nullptr;
+    QCheckBox* sCurve_ = nullptr;
+    QCheckBox* partialGas_ = nullptr;
+    QSlider* points_ = nullptr;
+};
+
+}  // namespace quor::gui

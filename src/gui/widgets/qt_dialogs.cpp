@@ -1,0 +1,252 @@
+#include "gui/widgets/qt_dialogs.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <algorithm>
+
+#include "common/text.h"
+
+namespace quor::dialogs {
+
+namespace {
+
+QString qt(const std::string& s) {
+    return QString::fromStdString(s);
+}
+
+QWidget* front_window() {
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    return QApplication::activeWindow();
+}
+
+// A box must be readable whatever the pointer says of running work.
+class PlainPointer {
+  public:
+    PlainPointer() {
+        while (QApplication::overrideCursor() != nullptr) {
+            kept_.push_back(*QApplication::overrideCursor());
+            QApplication::restoreOverrideCursor();
+        }
+    }
+    ~PlainPointer() {
+        for (auto it = kept_.rbegin(); it != kept_.rend(); ++it)
+            QApplication::setOverrideCursor(*it);
+    }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+  private:
+    std::vector<QCursor> kept_;
+};
+
+QMessageBox::Icon icon_of(Icon icon) {
+    switch (icon) {
+        case Icon::Information:
+            return QMessageBox::Information;
+        case Icon::Exclamation:
+            return QMessageBox::Warning;
+        case Icon::Question:
+            return QMessageBox::Question;
+        case Icon::Stop:
+            return QMessageBox::Critical;
+        case Icon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttons_of(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::YesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Buttons::OkCancel:
+            return QMessageBox::Ok | QMessageBox::Cancel;
+        case Buttons::YesNoCancel:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case Buttons::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton button_of(Answer answer) {
+    switch (answer) {
+        case Answer::Yes:
+            return QMessageBox::Yes;
+        case Answer::No:
+            return QMessageBox::No;
+        case Answer::Cancel:
+            return QMessageBox::Cancel;
+        case Answer::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+// What Escape and the close button of the box mean: never more than No.
+QMessageBox::StandardButton escape_of(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::YesNo:
+            return QMessageBox::No;
+        case Buttons::OkCancel:
+        case Buttons::YesNoCancel:
+            return QMessageBox::Cancel;
+        case Buttons::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer answer_of(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        case QMessageBox::Cancel:
+            return Answer::Cancel;
+        default:
+            return Answer::Ok;
+    }
+}
+
+Answer message(const Message& m) {
+    const PlainPointer plain;
+    QMessageBox box(icon_of(m.icon), qt(m.title), qt(m.text), buttons_of(m.buttons),
+                    front_window());
+    box.setObjectName("MessageBox");
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setDefaultButton(button_of(m.defaultAnswer));
+    box.setEscapeButton(escape_of(m.buttons));
+    return answer_of(box.exec());
+}
+
+std::optional<std::string> input(const Input& i) {
+    const PlainPointer plain;
+    QInputDialog box(front_window());
+    box.setObjectName("InputBox");
+    box.setWindowTitle(qt(i.title));
+    box.setLabelText(qt(i.text));
+    box.setTextValue(qt(i.proposal));
+    if (box.exec() != QDialog::Accepted) return std::nullopt;
+    return box.textValue().toStdString();
+}
+
+std::optional<std::string> file(const FileChoice& c) {
+    const PlainPointer plain;
+    QFileDialog box(front_window(), qt(c.title));
+    box.setObjectName("FileDialog");
+    box.setNameFilters(toolkit_filter(c.filter).split(";;", Qt::SkipEmptyParts));
+    box.setAcceptMode(c.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    box.setFileMode(c.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    box.setOption(QFileDialog::DontConfirmOverwrite, !c.overwritePrompt);
+    if (!c.folder.empty()) box.setDirectory(QDir::fromNativeSeparators(qt(c.folder)));
+    if (!c.defaultExtension.empty()) {
+        const QString extension = qt(c.defaultExtension);
+        box.setDefaultSuffix(extension.startsWith('.') ? extension.mid(1) : extension);
+    }
+    if (!c.name.empty()) box.selectFile(qt(c.name));
+    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return std::nullopt;
+    return QDir::toNativeSeparators(box.selectedFiles().constFirst()).toStdString();
+}
+
+void print(const PrintJob& job) {
+    const PlainPointer plain;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(qt(job.title));
+    QPrintDialog box(&printer, front_window());
+    box.setObjectName("PrintDialog");
+    if (box.exec() == QDialog::Accepted) print_text(printer, job);
+}
+
+void pointer(bool busy) {
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+constexpr double kLargestPoints = 10.0, kSmallestPoints = 5.0;
+
+// The largest face up to 10 points in which the longest line fits the page.
+QFont fitting_font(const QPainter& painter, const PrintJob& job,
+                   const std::vector<std::string>& lines, int width) {
+    QFont font(job.font.empty() ? "Courier New" : qt(job.font));
+    font.setStyleHint(QFont::Monospace);
+    font.setFixedPitch(true);
+    font.setPointSizeF(kLargestPoints);
+    int longest = 1;
+    const QFontMetrics metrics(font, painter.device());
+    for (const std::string& line : lines)
+        longest = std::max(longest, metrics.horizontalAdvance(qt(line)));
+    if (longest > width)
+        font.setPointSizeF(std::max(kSmallestPoints, kLargestPoints * width / longest));
+    return font;
+}
+
+}  // namespace
+
+QString toolkit_filter(const std::string& filter) {
+    const std::vector<std::string> parts = text::Split(filter, '|');
+    QStringList entries;
+    for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
+        // The toolkit reads the patterns from the last parentheses, so they stand there even when
+        // the caption names them already.
+        QString caption = qt(parts[i]);
+        const qsizetype paren = caption.lastIndexOf('(');
+        if (paren > 0 && caption.indexOf('*', paren) > paren)
+            caption = caption.left(paren).trimmed();
+        const QString patterns = qt(text::ReplaceAll(parts[i + 1], ";", " "));
+        entries << caption + " (" + patterns + ")";
+    }
+    return entries.join(";;");
+}
+
+void print_text(QPrinter& printer, const PrintJob& job) {
+    QPainter painter;
+    if (!painter.begin(&printer)) return;
+    const std::vector<std::string> lines = text::Lines(job.text);
+    const QRect page(0, 0, painter.device()->width(), painter.device()->height());
+    painter.setFont(fitting_font(painter, job, lines, page.width()));
+
+    const int lineHeight = painter.fontMetrics().lineSpacing();
+    const int head = 2 * lineHeight;
+    const int linesAPage = std::max(1, (page.height() - head) / lineHeight);
+    const std::size_t pages =
+        std::max<std::size_t>(1, (lines.size() + static_cast<std::size_t>(linesAPage) - 1) /
+                                     static_cast<std::size_t>(linesAPage));
+    std::size_t next = 0;
+    for (std::size_t n = 1; n <= pages; ++n) {
+        if (n > 1) printer.newPage();
+        const QRect headLine(0, 0, page.width(), lineHeight);
+        painter.drawText(headLine, Qt::AlignLeft, qt(job.title));
+        painter.drawText(headLine, Qt::AlignRight, QString("%1 / %2").arg(n).arg(pages));
+        for (int row = 0; row < linesAPage && next < lines.size(); ++row, ++next)
+            painter.drawText(0, head + row * lineHeight + painter.fontMetrics().ascent(),
+                             qt(lines[next]));
+    }
+}
+
+Functions desktop() {
+    return {
+        .message = message,
+        .input = input,
+        .file = file,
+        .print = print,
+        .setClipboard = [](const std::string& s) { QApplication::clipboard()->setText(qt(s)); },
+        .clipboard = [] { return QApplication::clipboard()->text().toStdString(); },
+        .pointer = pointer,
+        .beep = [] { QApplication::beep(); },
+    };
+}
+
+}  // namespace quor::dialogs

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "calculation/result_records.h"
+#include "models/reference_record.h"
+
+namespace quor::legacy {
+
+/// All that more than one view or calculation must see of a run of the program.
+struct Session {
+    // Calculation control
+    std::int16_t CalcMode = 0;
+    bool BatchMode = false;
+    std::int16_t InputSituation = 0;  ///< 4 reference point, 33 tank, 100 + CalcMode direct input
+    bool GlobalCalculation = true;
+    bool LiquidByBenson = true;
+    bool AssumedVle = false;
+    models::BensonPoint BensonReference;
+    bool BensonReferenceValid = false;
+    std::int16_t OutputPage = 1;
+    bool EquilibriumFunctions = false;
+    std::int16_t DataSetIndex = 0;
+    bool VolumeInput = false;  ///< a volume is typed instead of a density
+
+    // Units
+    std::int16_t UnitMode = 0;     ///< 0 molar, 1 specific, 2 reduced
+    std::int16_t CaloricUnit = 0;  ///< 0 kJ/kmol, 1 K, 2 R T, 3 kJ/kg
+    double CaloricFactor = 1.0;
+    double VolumeFactor = 1.0;
+    float PressureFactor = 1.0F, TemperatureFactor = 1.0F;
+    std::string TemperatureLabel = "K", PressureLabel = "kPa", VolumeLabel = "m^3/kmol";
+    bool UnitsChanged = false;
+
+    // Diagrams
+    double DiagramT = 298.15;  ///< K; also the divisor of CaloricUnit 2
+    double DiagramP = 0;       ///< kPa
+    double DiagramV = 0;       ///< m^3/kmol
+    std::int16_t PointsPerCurve = 300;
+    bool CurveRealRangeOnly = true;
+    bool CurveSWithoutTieLine = false;
+    bool PartialGasCurve = false;
+    bool NewSubstanceDiagram = true;
+    bool DiagramIsProjection = false;
+    bool TieLineRequested = false;
+    bool SCurveRequested = false;
+    bool CoexistenceRequested = false;
+    double VapourFraction = 1.0;
+    std::int16_t Diagram3DKind = 0;
+    bool SCurve3D = false;
+    std::string CurveModelName;  ///< model of the current diagram, as its subtitle shows it
+
+    // Files and folders
+    std::string FolderBatch, FolderDiagram2D, FolderDiagram3D, FolderXY, FolderProject;
+    std::string LastSessionFile;
+    std::string ProjectFile;
+    std::string ProjectComment;
+    bool ProjectLoaded = false;
+    std::string ProtocolFile;
+    char CsvSeparator = ';';
+    std::int16_t ProtocolOpen = 0;  ///< number of columns written to the protocol store
+    bool ProtocolPending = false;   ///< unwritten columns exist
+    std::string DatabaseFile;
+    std::string DatabasePath;  ///< the file whose lists are loaded, with its folder
+    bool DatabaseLoaded = false;
+    std::int16_t SubstanceCount = 0;
+    std::int16_t CurrentSubstance = 0;
+    bool SubstanceSet = false;
+    std::int16_t BatchCount = 0;
+    std::string BatchFile;
+    std::string BatchComment;
+    std::string BatchCasrn;          ///< CASRN of the batch file's substance
+    std::int16_t FitDataSource = 0;  ///< 1: the data editor, else the XY editor
+    std::int16_t FitColumn = 1;      ///< 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
+    bool ResultsOutdated = false;
+
+    // Iso-calculator
+    std::int16_t IsoFunction = 1;
+    std::int16_t IsoTp = 2;
+
+    // Environment and one-time flags
+    bool DecimalComma = false;
+    bool EnglishUi = true;
+    bool TipsHidden = false;
+    bool TipsRequested = false;
+    bool Diagram2DNotePending = true;
+    bool ProjectNotePending = true;
+    bool SynonymNotePending = true;  ///< the note of a missing synonym file is still to come
+    std::int16_t BusyDepth = 0;
+    std::int16_t SavedPointer = 0;
+
+    calculation::Tank tank;
+};
+
+}  // namespace quor::legacy

@@ -1,0 +1,338 @@
+#include "chart/chart_file.h"
+
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <random>
+
+#include "chart/chart_samples.h"
+
+using namespace quor;
+
+namespace {
+
+using chart::Chart2D;
+using chart::Chart3D;
+using chart::Group;
+
+/// A chart in which no field has its default.
+Chart2D filledChart() {
+    Chart2D c;
+    chart::Series s = samples::curveOf([](double x) { return 0.1 * x; }, 0.1, 7, 20);
+    s.legend = "T = 300 K, \"Größe\" \\ end";
+    s.inLegend = false;
+    s.visible = false;
+    s.isReference = true;
+    s.line = {chart::LinePattern::DashDotted, {1, 2, 3, 4}, 2.5F};
+    s.symbol = chart::SymbolShape::Triangle4;
+    s.symbolSize = 9;
+    s.symbolColour = {9, 8, 7, 6};
+    s.x[3] = chart::kHole;
+    c.curves = {s, chart::DefaultCurve(1)};
+    c.points = {chart::DefaultPointSet(3)};
+    c.x = {-1,           5,         true,
+           true,         0.5,       false,
+           0.25,         0.125,     3,
+           false,        "x title", {"Serif", 14, true, true},
+           {1, 1, 1, 1}, 90,        {"Mono", 8, true, true},
+           {2, 2, 2, 2}, false,     {chart::LinePattern::Dotted, {3, 3, 3, 3}, 3}};
+    c.y.title = "y title";
+    c.y2.shown = true;
+    c.header = {"header", {"Serif", 20, false, true}, {5, 5, 5, 5}, false, {0.25, 0.75}};
+    c.footer.text = "footer";
+    c.legend = {true,         chart::LegendAnchor::Free, {0.1, 0.2},
+                false,        {"Serif", 7, true, false}, {1, 2, 1, 2},
+                {3, 4, 3, 4}, {false, {5, 6, 5, 6}, 2}};
+    c.labelsShown = false;
+    c.labels = {{7,
+                 true,
+                 Group::Points,
+                 3,
+                 4,
+                 1.5,
+                 2.5,
+                 "critical",
+                 {"Serif", 11, true, true},
+                 {1, 2, 3, 4},
+                 {4, 3, 2, 1},
+                 {true, {7, 7, 7, 7}, 3},
+                 12,
+                 -13,
+                 45,
+                 true,
+                 false}};
+    c.plotArea = {false,
+                  0.2,
+                  0.3,
+                  0.4,
+                  0.5,
+                  {1, 1, 2, 2},
+                  {2, 2, 1, 1},
+                  {false, {1, 3, 1, 3}, 4},
+                  {true, {3, 1, 3, 1}, 5}};
+    c.print = {1, 2, 3, 4};
+    return c;
+}
+
+Chart3D filledSurface() {
+    Chart3D c = samples::surfaceOf(samples::bumps, samples::twoHoles, 9, 7);
+    c.surface.zBehindHoles.assign(c.surface.z.size(), 2.5F);
+    c.x = {-3, 4, false, "x", 2, false, false, false};
+    c.z.automatic = false;
+    c.view = {-33, 111, false, 2.5};
+    c.mesh = {false, true, true, true, {1, 2, 3, 4}, 3};
+    c.style = {false, false, true, true, true,         true,
+               true,  true,  true, true, {1, 2, 3, 4}, {4, 3, 2, 1}};
+    c.sections = {17, {chart::LinePattern::Dashed, {1, 1, 1, 1}, 4}};
+    c.markers = {{1, 2, 3, "CrP", {1, 1, 1, 1}, 12, false}};
+    c.header.text = "header";
+    c.footer.text = "footer";
+    c.titleFont = {"Serif", 15, true, true};
+    c.numberFont.size = 6;
+    c.scaleShown = false;
+    c.heightRatio = 1.5;
+    c.sheet = {1, 2, 3, 4};
+    c.planes = {5, 6, 7, 8};
+    c.grid.pattern = chart::LinePattern::Dotted;
+    c.print.left = 7;
+    return c;
+}
+
+class ChartFile : public testing::Test {
+  protected:
+    ChartFile() {
+        folder_ = std::filesystem::temp_directory_path() /
+                  ("quor-chart-" + std::to_string(std::random_device()()));
+        std::filesystem::create_directory(folder_);
+    }
+    ~ChartFile() override { std::filesystem::remove_all(folder_); }
+
+    std::filesystem::path file(const char* name) const { return folder_ / name; }
+    static void write(const std::filesystem::path& path, const std::string& text) {
+        std::ofstream(path, std::ios::binary) << text;
+    }
+
+    std::filesystem::path folder_;
+};
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const auto at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
+}
+
+template <class Chart>
+void expectRefused(const std::string& text, const std::string& reason, const Chart& present) {
+    Chart c = present;
+    const chart::FileOutcome outcome = chart::FromText(text, c);
+    EXPECT_FALSE(outcome.ok) << reason;
+    EXPECT_NE(outcome.message.find(reason), std::string::npos) << outcome.message;
+    EXPECT_EQ(c, present) << "the chart has changed";
+}
+
+TEST_F(ChartFile, EveryFieldOfA2DChartSurvives) {
+    const Chart2D before = filledChart();
+    ASSERT_TRUE(SaveChart(before, file("a.oc2")).ok);
+    Chart2D after;
+    const auto outcome = LoadChart(file("a.oc2"), after);
+    EXPECT_TRUE(outcome.ok) << outcome.message;
+    EXPECT_EQ(after, before);
+}
+
+TEST_F(ChartFile, EveryFieldOfA3DChartSurvives) {
+    const Chart3D before = filledSurface();
+    ASSERT_TRUE(SaveChart(before, file("a.oc3")).ok);
+    Chart3D after;
+    const auto outcome = LoadChart(file("a.oc3"), after);
+    EXPECT_TRUE(outcome.ok) << outcome.message;
+    EXPECT_EQ(after, before);
+}
+
+TEST_F(ChartFile, FloatsSurviveToTheLastBit) {
+    std::mt19937 random(1);
+    std::uniform_real_distribution<float> exponent(-37, 29), mantissa(-1, 1);
+    Chart2D before;
+    chart::Series& s = chart::SeriesAt(before, Group::Curves, 0);
+    for (int i = 0; i < 20000; ++i) {
+        s.x.push_back(mantissa(random) * std::pow(10.0F, exponent(random)));
+        s.y.push_back(static_cast<float>(i) / 7);
+    }
+    Chart2D after;
+    ASSERT_TRUE(chart::FromText(chart::ToText(before), after).ok);
+    EXPECT_EQ(after.curves[0].x, s.x);
+    EXPECT_EQ(after.curves[0].y, s.y);
+}
+
+TEST_F(ChartFile, ValuesThatAreNoNumbersBecomeHoles) {
+    Chart2D before;
+    chart::Series& s = chart::SeriesAt(before, Group::Curves, 0);
+    s.x = {1, std::numeric_limits<float>::infinity(), 3};
+    s.y = {std::numeric_limits<float>::quiet_NaN(), 2, 3};
+    Chart2D after;
+    ASSERT_TRUE(chart::FromText(chart::ToText(before), after).ok);
+    EXPECT_EQ(after.curves[0].x, (std::vector<float>{1, chart::kHole, 3}));
+    EXPECT_EQ(after.curves[0].y, (std::vector<float>{chart::kHole, 2, 3}));
+}
+
+TEST_F(ChartFile, ThirtySeriesAndDeletedCurvesAreKept) {
+    Chart2D before;
+    chart::SeriesAt(before, Group::Curves, 29).x = {1, 2};
+    before.curves[29].y = {3, 4};
+    Chart2D after;
+    ASSERT_TRUE(chart::FromText(chart::ToText(before), after).ok);
+    ASSERT_EQ(after.curves.size(), 30U);
+    EXPECT_TRUE(after.curves[4].x.empty());
+    EXPECT_EQ(after.curves[29].y[1], 4);
+}
+
+TEST_F(ChartFile, OtherFilesAreRefusedByName) {
+    const Chart2D present = filledChart();
+    expectRefused("", "damaged or incomplete", present);
+    expectRefused("QUOR", "damaged or incomplete", present);
+    expectRefused("[1, 2]", "no saved diagram", present);
+    expectRefused("{\"a\": 1}", "no saved diagram", present);
+    expectRefused(chart::ToText(filledSurface()), "another kind of diagram", present);
+    expectRefused(chart::ToText(present), "another kind of diagram", filledSurface());
+}
+
+TEST_F(ChartFile, ANewerMainVersionIsRefusedWithItsNumber) {
+    const Chart2D present = filledChart();
+    const std::string text = chart::ToText(present);
+    expectRefused(replaced(text, "\"major\": 1", "\"major\": 2"), "newer version", present);
+    expectRefused(replaced(text, "\"major\": 1", "\"major\": 2"), "2.0", present);
+    expectRefused(replaced(text, "\"major\": 1", "\"major\": -3"), "names no version", present);
+    expectRefused(replaced(text, "\"version\"", "\"verzion\""), "names no version", present);
+}
+
+TEST_F(ChartFile, ANewerMinorVersionMayBringUnknownFields) {
+    const Chart2D before = filledChart();
+    std::string text = replaced(chart::ToText(before), "\"minor\": 0", "\"minor\": 9");
+    text = replaced(text, "\"labelsShown\"", "\"glow\": {\"a\": [1]}, \"labelsShown\"");
+    text = replaced(text, "\"Triangle 4\"", "\"Hexagon\"");
+    Chart2D after;
+    const auto outcome = chart::FromText(text, after);
+    ASSERT_TRUE(outcome.ok) << outcome.message;
+    Chart2D expected = before;
+    expected.curves[0].symbol = chart::Series().symbol;
+    EXPECT_EQ(after, expected);
+}
+
+TEST_F(ChartFile, MissingFieldsKeepTheirDefaults) {
+    Chart2D c = filledChart();
+    const auto outcome = chart::FromText(
+        R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0}, "chart": {}})", c);
+    EXPECT_TRUE(outcome.ok) << outcome.message;
+    EXPECT_EQ(c, Chart2D());
+}
+
+TEST_F(ChartFile, FieldsOfAWrongKindAreNamed) {
+    const Chart2D present = filledChart();
+    const std::string text = chart::ToText(present);
+    expectRefused(replaced(text, "\"labelsShown\": false", "\"labelsShown\": 3"),
+                  "\"labelsShown\" is not true or false", present);
+    expectRefused(replaced(text, "\"symbolSize\": 9.0", "\"symbolSize\": \"big\""),
+                  "\"curves 1, symbolSize\" is not a number", present);
+    expectRefused(replaced(text, "\"title\": \"x title\"", "\"title\": null"),
+                  "\"x, title\" is not a text", present);
+    expectRefused(replaced(text, "\"decimals\": 3", "\"decimals\": 3.5"), "a whole number",
+                  present);
+    expectRefused(replaced(text, "\"min\": -1.0", "\"min\": 1e999"), "", present);
+}
+
+TEST_F(ChartFile, SeriesOfUnequalLengthAreRefused) {
+    const Chart2D present;
+    expectRefused(
+        R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0},
+            "chart": {"curves": [{"x": [1, 2], "y": [1]}]}})",
+        "not as many x as y", present);
+}
+
+TEST_F(ChartFile, GridsWithoutTheirValuesAreRefused) {
+    const Chart3D present = filledSurface();
+    const auto with = [](const std::string& surface) {
+        return R"({"format": "QUOR-6 3D diagram", "version": {"major": 1, "minor": 0},
+                   "chart": {"surface": )" +
+               surface + "}}";
+    };
+    expectRefused(with(R"({"nx": 2, "ny": 2, "z": [1, 2, 3]})"), "as many values as nodes",
+                  present);
+    expectRefused(with(R"({"nx": -2, "ny": -2, "z": [1, 2, 3, 4]})"), "no size", present);
+    expectRefused(with(R"({"nx": 100000, "ny": 100000, "z": []})"), "no size", present);
+    expectRefused(with(R"({"nx": 2, "ny": 2, "dx": 0, "z": [1, 2, 3, 4]})"), "steps", present);
+}
+
+TEST_F(ChartFile, NumbersBeyondTheirRangeAreDrawnAtItsEnd) {
+    Chart2D c;
+    ASSERT_TRUE(chart::FromText(
+                    R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0},
+            "chart": {"header": {"font": {"size": 1e9}}, "print": {"width": -5}}})",
+                    c)
+                    .ok);
+    EXPECT_FLOAT_EQ(c.header.font.size, 200);
+    EXPECT_DOUBLE_EQ(c.print.width, 1);
+}
+
+TEST_F(ChartFile, EveryTruncatedFileIsRefused) {
+    const Chart2D present;
+    const std::string text = chart::ToText(filledChart());
+    for (std::size_t length = 0; length + 2 < text.size(); length += 37) {
+        Chart2D c = present;
+        EXPECT_FALSE(chart::FromText(text.substr(0, length), c).ok) << length;
+        EXPECT_EQ(c, present);
+    }
+}
+
+TEST_F(ChartFile, MutatedFilesNeverChangeTheChartHalfWay) {
+    std::mt19937 random(99);
+    const Chart2D present = filledChart();
+    const std::string text = chart::ToText(present);
+    const std::string surface = chart::ToText(filledSurface());
+    for (int trial = 0; trial < 3000; ++trial) {
+        std::string mutated = trial % 2 == 0 ? text : surface;
+        for (unsigned k = 0; k <= random() % 4; ++k)
+            mutated[random() % mutated.size()] = static_cast<char>(random() % 256);
+        Chart2D c = present;
+        if (const auto outcome = chart::FromText(mutated, c); !outcome.ok) {
+            EXPECT_EQ(c, present);
+            EXPECT_FALSE(outcome.message.empty());
+        }
+        Chart3D d;
+        const bool read = chart::FromText(mutated, d).ok;
+        EXPECT_TRUE(read || d == Chart3D());
+    }
+}
+
+TEST_F(ChartFile, DeepAndHugeFilesAreRefused) {
+    const Chart2D present;
+    expectRefused(std::string(1000000, '['), "no saved diagram", present);
+    expectRefused(std::string(40U << 20U, ' '), "too large", present);
+    Chart2D many;
+    many.labels.resize(4001);
+    expectRefused(chart::ToText(many), "a length that a chart holds", present);
+}
+
+TEST_F(ChartFile, FilesThatCannotBeUsedAreNamed) {
+    Chart2D c = filledChart();
+    const Chart2D before = c;
+    const auto missing = LoadChart(file("none.oc2"), c);
+    EXPECT_EQ(missing.message, "none.oc2: The file cannot be opened.");
+    EXPECT_EQ(c, before);
+    const auto nowhere = SaveChart(c, file("no such folder") / "a.oc2");
+    EXPECT_TRUE(nowhere.message.starts_with("The file a.oc2 could not be written"))
+        << nowhere.message;
+    write(file("bad.oc2"), "{");
+    EXPECT_EQ(LoadChart(file("bad.oc2"), c).message,
+              "bad.oc2: The file is damaged or incomplete, or no saved diagram.");
+}
+
+TEST_F(ChartFile, SavingReplacesAFileAndLeavesNoRemains) {
+    write(file("a.oc2"), "old");
+    ASSERT_TRUE(SaveChart(filledChart(), file("a.oc2")).ok);
+    Chart2D c;
+    EXPECT_TRUE(LoadChart(file("a.oc2"), c).ok);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_),
+                            std::filesystem::directory_iterator()),
+              1);
+}
+
+}  // namespace

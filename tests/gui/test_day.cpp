@@ -1,0 +1,155 @@
+#include <fstream>
+#include <iterator>
+
+#include "app/open_file.h"
+#include "calculation/protocol.h"
+#include "datafiles/database.h"
+#include "gui/editor_drive.h"
+#include "gui/graph_test.h"
+#include "models/vapour_pressure.h"
+#include "session/module2.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
+
+namespace {
+
+namespace fs = std::filesystem;
+using drive::choose;
+using drive::click;
+using drive::read;
+using drive::type;
+using drive::when;
+using legacy::the_session;
+
+/// A working day of one user.
+class Day : public GraphTest {
+  protected:
+    std::string path(const char* name) const { return (folder() / name).string(); }
+    static std::string content(const fs::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    void options(std::initializer_list<const char*> clicks) {
+        const std::vector<const char*> all(clicks);
+        when("frmOptions", [all] {
+            for (const char* name : all) click(name);
+            click("cmdOK");
+        });
+        choose("mnuOptions");
+    }
+    void state(const char* T, const char* p) {
+        type("par_0", T);
+        type("par_1", p);
+        click("cmdParameter_OK");
+    }
+};
+
+TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
+    // Two states and their protocol.
+    user.answers = {dialogs::Answer::No};
+    choose("mnuCalc_2");
+    state("300", "500");
+    click("cmdProtokoll");
+    state("310", "600");
+    click("cmdProtokoll");
+    click("cmdOpenNew");
+    const std::string protocol = content(folder() / "26151101.CSV");
+    EXPECT_NE(protocol.find("300;500;"), std::string::npos) << protocol;
+    EXPECT_NE(protocol.find("310;600;"), std::string::npos) << protocol;
+
+    // A diagram with marks and a process line, saved.
+    openIsotherm("300");
+    choose("mnuMarkKoex");
+    choose("mnuMarkCritPointEx");
+    when("frmInputProzessLinien", [] {
+        type("par_0", "290");
+        type("par_1", "500");
+        type("par_2", "360");
+        click("cmdDraw");
+    });
+    choose("mnuAddProcessLine_2");
+    EXPECT_GE(sheet().CurveCount, 3);
+    user.fileAnswers = {path("day.oc2")};
+    choose("mnuSaveOC2");
+    EXPECT_TRUE(fs::exists(path("day.oc2")));
+    choose("mnuHaupt");
+
+    // Measured data against the model, as a list.
+    open_file::Open(std::string(QUOR_SOURCE_DATA) + "/samples/propane_saturation.BAQ");
+    ASSERT_GT(the_session.BatchCount, 10);
+    options({"OptCalcMode_1"});
+    when("frmCalcIn", [] { click("OK"); });
+    choose("mnuCalc_5");
+    click("optResultPrint_2");
+    user.fileAnswers = {path("day.LST")};
+    click("cmdCalc_OK");
+    EXPECT_NE(content(path("day.LST")).find("arithmet. mean of ABS(%-deviations):"),
+              std::string::npos);
+
+    // The same data are fitted and taken into the substance.
+    choose("mnuData_BatchEdit");
+    click("optFitFunction_1");
+    click("cmdFitting");
+    drive::tab("SSTab1", "Vapour pressure");
+    click("optFit_4");  // Antoine, below the normal boiling point
+    click("cmdPropose");
+    click("cmdStart");
+    ASSERT_TRUE(drive::isVisible("fraFQS"));
+    user.messages.clear();
+    click("cmdApply");
+    ASSERT_EQ(user.messages.size(), 2U);
+    EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
+    const calculation::BatchDataSet& measured = legacy::the_BatchData[20];
+    const double fitted = models::VapourPressure(measured.T, "ALP", false).p;
+    EXPECT_NEAR(fitted, measured.p, 0.03 * measured.p);
+    const double T = measured.T;
+    click("ESC");
+
+    // The substance with its new parameters goes to a database of one's own.
+    when("frmBankEdit", [this] {
+        user.fileAnswers = {path("MINE.Q05")};
+        click("WriteDataBaseQ05");
+        click("ESC");
+    });
+    choose("mnuData_EditStoffdaten");
+    EXPECT_TRUE(fs::exists(path("MINE.Q05")));
+    user.fileAnswers = {path("MINE.Q05")};
+    when("frmStoffWahl", [] { click("StoffOK"); });
+    when("frmQModell", [] { click("OKModell"); });
+    click("Toolbar1_2");
+    EXPECT_EQ(the_session.DatabaseFile, "MINE.Q05");
+
+    // Specific units, and the project of the day.
+    options({"OptCalcMode_0", "optMolarSpez_1"});
+    user.fileAnswers = {path("day.QCF")};
+    user.inputAnswers = {"a working day"};
+    choose("mnuData_SaveProject");
+    const models::ModelSelection models = legacy::the_models;
+    choose("mnuData_Exit");
+    EXPECT_FALSE(frame->isVisible());
+    frame.reset();
+    datafiles::CloseDatabase();
+    session::ResetEverything();
+
+    // The next morning.
+    start();
+    EXPECT_TRUE(legacy::the_substance.Name.empty());
+    click("Toolbar1_4");
+    EXPECT_EQ(the_session.DatabaseFile, "MINE.Q05");
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(the_session.CaloricUnit, 3);
+    EXPECT_FALSE(the_session.BatchMode);
+    EXPECT_EQ(legacy::the_models.EOSModel, models.EOSModel);
+    EXPECT_EQ(legacy::the_models.VPCode, models.VPCode);
+    EXPECT_EQ(legacy::the_models.HLVModel, models.HLVModel);
+    EXPECT_EQ(legacy::the_models.CpModel, models.CpModel);
+    EXPECT_NEAR(models::VapourPressure(T, "ALP", false).p, fitted, 1e-5 * fitted);
+    openIsotherm("300");
+    user.fileAnswers = {path("day.oc2")};
+    choose("mnuLoadOC2");
+    EXPECT_GE(sheet().CurveCount, 3);
+}
+
+}  // namespace

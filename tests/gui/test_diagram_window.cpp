@@ -1,0 +1,557 @@
+#include <QClipboard>
+#include <QDockWidget>
+#include <QFile>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QTabBar>
+#include <QWheelEvent>
+
+#include "chart/chart_file.h"
+#include "common/numbers.h"
+#include "gui/chart/chart2d_plot.h"
+#include "gui/chart/chart2d_widget.h"
+#include "gui/diagrams/diagram_window.h"
+#include "gui/graph_test.h"
+#include "legacy/declare.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
+
+namespace {
+
+using drive::choose;
+using drive::click;
+using drive::offers;
+using drive::read;
+using drive::type;
+using drive::when;
+using legacy::the_session;
+
+class Graph2D : public GraphTest {
+  protected:
+    QString path(const char* name) const {
+        return QString::fromStdString((folder() / name).string());
+    }
+    void answerFile(const QString& name) { user.fileAnswers.push_back(name.toStdString()); }
+
+    /// Pixel of a place given as fractions of the plot area, (0, 0) at its left top.
+    static QPoint plotPixel(double fx, double fy) {
+        const chart::SheetRect& plot = canvas()->sheet().plot;
+        return {static_cast<int>(plot.left + fx * plot.width),
+                static_cast<int>(plot.top + fy * plot.height)};
+    }
+    static QPoint curvePixel(int slot, std::size_t point) {
+        const chart::SheetScale scale(sheet().chart, canvas()->sheet().plot);
+        const chart::Series& s = curve(slot);
+        return {static_cast<int>(std::lround(scale.x(static_cast<double>(s.x.at(point))))),
+                static_cast<int>(std::lround(scale.y(static_cast<double>(s.y.at(point)))))};
+    }
+    static void repaint() {
+        canvas()->findChild<chart::Chart2DPlot*>()->replot();
+        drive::settle();
+    }
+};
+
+TEST_F(Graph2D, OpensByTheMenuAndDrawsTheCurveOfTheParameter) {
+    openIsotherm("300");
+    ASSERT_NE(DiagramWindow::current(), nullptr);
+    EXPECT_EQ(read("frmGraph2D"), " Type of Diagram: Isothermal section p - v");
+    EXPECT_EQ(sheet().CurveCount, 1);
+    EXPECT_EQ(the_session.DiagramT, 300);
+    EXPECT_EQ(read("lblParameter"), "T = 300.0 K");
+    EXPECT_EQ(curve(0).legend, "(300.0 K ) ");
+}
+
+TEST_F(Graph2D, AsksAgainForAnInvalidParameter) {
+    when("frmTpVSInputBox", [] {
+        EXPECT_EQ(read("frmTpVSInputBox"), "Parameter Input");
+        type("rText", "0.5");
+        click("cmdOKAndDraw");
+        EXPECT_EQ(read("lblTextHinweis"), "this input not within valid range!");
+        type("rText", "310");
+        click("cmdOK");
+    });
+    choose("mnuGraf_sub_cut_1");
+    EXPECT_EQ(sheet().CurveCount, 0);
+    EXPECT_EQ(the_session.DiagramT, 310);
+    click("cmdDraw");
+    EXPECT_EQ(sheet().CurveCount, 1);
+}
+
+TEST_F(Graph2D, ClosesTheEmptyDiagramOnAbort) {
+    when("frmTpVSInputBox", [] { click("cmdAbbrechen"); });
+    choose("mnuGraf_sub_cut_1");
+    EXPECT_EQ(DiagramWindow::current(), nullptr);
+    openIsotherm();
+    when("frmTpVSInputBox", [] { click("cmdAbbrechen"); });
+    click("cmdParameter");
+    EXPECT_NE(DiagramWindow::current(), nullptr);
+}
+
+TEST_F(Graph2D, OpensEveryRowOfTheMenuAndDraws) {
+    for (const menu::Row& row : menu::Rows()) {
+        if (row.action != "Diagram2D") continue;
+        const QString name = QString::fromStdString(menu::Name(row));
+        if (!offers(name)) {
+            ADD_FAILURE() << name.toStdString() << " is disabled";
+            continue;
+        }
+        const bool asksRange = row.axisPair == "yy";
+        const bool asks = row.sectionKind != 5 && row.sectionKind != 7;
+        if (asks && !asksRange) when("frmTpVSInputBox", [] { click("cmdOKAndDraw"); });
+        if (asksRange) when("frmInputProzessLinien", [] { click("cmdDraw"); });
+        const std::size_t messages = user.messages.size();
+        choose(name);
+        if (user.messages.size() > messages && DiagramWindow::current() == nullptr) {
+            // The substance has no data for this function of the database.
+            EXPECT_EQ(row.sectionKind, 7) << name.toStdString() << user.lastText();
+            continue;
+        }
+        ASSERT_NE(DiagramWindow::current(), nullptr) << name.toStdString();
+        if (row.sectionKind == 5) click("cmdDraw");
+        EXPECT_GE(sheet().CurveCount, 1) << name.toStdString() << ": " << user.lastText();
+        choose("mnuHaupt");
+        drive::settle();
+        EXPECT_EQ(DiagramWindow::current(), nullptr);
+    }
+}
+
+TEST_F(Graph2D, ClosesWithItsSurfacesWhenTheUnitsChange) {
+    openIsotherm();
+    openIsotherm("320");
+    choose("mnu3DSub_5");
+    ASSERT_NE(drive::find("frmGraph3D"), nullptr);
+    when("frmOptions", [] {
+        click("optMolarSpez_1");
+        click("cmdClose");
+    });
+    choose("mnuOptions");
+    EXPECT_NE(DiagramWindow::current(), nullptr) << "a cancel changes nothing";
+    when("frmOptions", [] {
+        click("optMolarSpez_1");
+        click("cmdOK");
+    });
+    choose("mnuOptions");
+    drive::settle();
+    EXPECT_EQ(DiagramWindow::current(), nullptr);
+    EXPECT_EQ(drive::find("frmGraph3D"), nullptr);
+}
+
+TEST_F(Graph2D, RefusesTheTwentyFifthCurve) {
+    openIsotherm();
+    for (int i = 1; i < 24; ++i) click("cmdDraw");
+    EXPECT_EQ(sheet().CurveCount, 24);
+    user.messages.clear();
+    click("cmdDraw");
+    EXPECT_EQ(user.lastText(), "Maximum 24 curves possible\nDelete existing curves");
+    EXPECT_EQ(sheet().CurveCount, 24);
+}
+
+TEST_F(Graph2D, GivesTheSlotOfADeletedCurveToTheNext) {
+    openIsotherm("300");
+    for (const char* T : {"310", "320", "330", "340"}) drawAt(T);
+    EXPECT_EQ(sheet().CurveCount, 5);
+    choose("mnuSubDelKurv_3");
+    EXPECT_EQ(sheet().CurveCount, 4);
+    EXPECT_FALSE(offers("mnuSubDelKurv_3"));
+    EXPECT_TRUE(offers("mnuSubDelKurv_4"));
+    drawAt("350");
+    EXPECT_EQ(curve(2).legend, "(350.0 K ) ");
+    choose("mnuSubDelKurv_0");
+    EXPECT_EQ(sheet().CurveCount, 0);
+    EXPECT_FALSE(offers("mnuDelTotal"));
+}
+
+TEST_F(Graph2D, TakesBackByCtrlZ) {
+    openIsotherm("300");
+    drawAt("320");
+    choose("mnuSubDelKurv_1");
+    EXPECT_EQ(sheet().CurveCount, 1);
+    choose("cmdUndo");
+    EXPECT_EQ(sheet().CurveCount, 2);
+    EXPECT_EQ(curve(0).legend, "(300.0 K ) ");
+    choose("cmdUndo");
+    EXPECT_EQ(sheet().CurveCount, 1);
+    EXPECT_EQ(drive::action("cmdUndo")->shortcut(), QKeySequence(QKeySequence::Undo));
+}
+
+TEST_F(Graph2D, ShowsTheLegendAndLeadsToTheDesignWithoutTexts) {
+    openIsotherm();
+    choose("mnuAddLegend");
+    EXPECT_TRUE(sheet().chart.legend.shown);
+    choose("mnuDelLegend");
+    EXPECT_FALSE(sheet().chart.legend.shown);
+    choose("mnuKurvenDesign");
+    type("txtLegend", "");
+    choose("mnuAddLegend");
+    EXPECT_EQ(user.lastText(), "No legend texts given\n=> Designing curve");
+    EXPECT_FALSE(sheet().chart.legend.shown);
+    EXPECT_TRUE(drive::isVisible("tabKurven"));
+    choose("cmdLegendInfo");
+    EXPECT_EQ(user.lastTitle(), "How to delete a single legend entry");
+    choose("cmdMsgDelPoint");
+    EXPECT_EQ(user.lastTitle(), "How to delete a single curve point");
+}
+
+TEST_F(Graph2D, DesignsACurveAtOnce) {
+    openIsotherm();
+    drawAt("320");
+    choose("mnuKurvenDesign");
+    auto* tabs = drive::get<QTabBar>("tabKurven");
+    EXPECT_TRUE(tabs->isTabVisible(1));
+    EXPECT_FALSE(tabs->isTabVisible(2));
+    EXPECT_EQ(tabs->tabText(0), "C. 1");
+    tabs->setCurrentIndex(0);
+    type("txtLegend", "first");
+    EXPECT_EQ(curve(0).legend, "first");
+    drive::select("cmbKStil", "Curve dashed");
+    EXPECT_EQ(curve(0).line.pattern, chart::LinePattern::Dashed);
+    drive::get<QDoubleSpinBox>("UpDown1_KBreite")->setValue(3);
+    EXPECT_EQ(curve(0).line.width, 3);
+    click("chkLegend1");
+    EXPECT_FALSE(curve(0).inLegend);
+    when("ColourDialog", [] {
+        auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+        dialog->setCurrentColor(QColor(1, 2, 3));
+        dialog->accept();
+    });
+    click("cmdKurvenFarbe");
+    EXPECT_EQ(curve(0).line.colour, chart::Rgb(0x010203));
+    type("txtLabel", "here");
+    EXPECT_EQ(sheet().CurveLabels[0].text, "here");
+    EXPECT_EQ(curve(1).legend, "(320.0 K ) ");
+}
+
+TEST_F(Graph2D, AddsMarksAndDeletesThem) {
+    openIsotherm();
+    choose("mnuMarkKoex");
+    EXPECT_EQ(sheet().CurveCount, 3);
+    choose("mnuMarkKonnode");
+    EXPECT_EQ(curve(3).legend, "Tie-Line V-L ");
+    choose("mnuMarkP");
+    EXPECT_TRUE(offers("mnuDelMarkTP"));
+    choose("mnuDelMarkTP");
+    choose("mnuDelMarkLabels");
+    EXPECT_FALSE(offers("mnuDelMarkTP"));
+    choose("mnuMarkCritPointCalc");
+    choose("mnuMarkCritPointEx");
+    EXPECT_TRUE(offers("mnuDelCritPointEx"));
+    choose("mnuDelCritPointEx");
+    EXPECT_FALSE(offers("mnuDelCritPointEx"));
+    EXPECT_TRUE(offers("mnuDelCritPointCalc"));
+    EXPECT_FALSE(offers("mnuMarkHalbierende"));
+    EXPECT_FALSE(offers("mnuMarkT"));
+    choose("mnuMarkV");
+    choose("mnuMarkB");
+    choose("mnuDelTotal");
+    EXPECT_EQ(sheet().CurveCount, 0);
+    EXPECT_TRUE(sheet().chart.labels.empty());
+}
+
+TEST_F(Graph2D, RefusesTieLineAndMetastableBranchAboveTheCriticalPoint) {
+    openIsotherm("400");
+    for (const char* row : {"mnuMarkKonnode", "mnuMarkSKurve"}) {
+        user.messages.clear();
+        choose(row);
+        EXPECT_EQ(user.lastText(), "only possible in the 2-phase region V-L  (T<T(cr))") << row;
+        EXPECT_EQ(user.lastTitle(), "Execution not possible");
+        EXPECT_EQ(sheet().CurveCount, 1);
+    }
+}
+
+TEST_F(Graph2D, DrawsAnIsohygric) {
+    openIsotherm();
+    when("frmInputProzessLinien", [] {
+        EXPECT_EQ(read("frmInputProzessLinien"), "Adding a Line of Const. Vapour Fraction y(V)");
+        type("par_0", "1.5");
+        click("cmdDraw");
+        EXPECT_EQ(read("lblTextHinweis"), "Input not in the valid range");
+        type("par_0", "0.25");
+        click("cmdDraw");
+    });
+    choose("mnuMarkIsohygre");
+    EXPECT_EQ(sheet().CurveCount, 2);
+    EXPECT_EQ(curve(1).legend, "VLE  y(V) = 0.25");
+}
+
+TEST_F(Graph2D, ChangesTheCoordinatesAndRefusesCrossedOnes) {
+    openIsotherm();
+    when("fraCoord", [this] {
+        type("coord_0", "2");
+        type("coord_1", "1");
+        click("cmdCoord_OK");
+        EXPECT_EQ(user.lastText(), "Lower limit has to smaller than upper limit.");
+        EXPECT_EQ(user.lastTitle(), "INPUT ERROR");
+        type("coord_0", "0,1");
+        type("coord_1", "3");
+        type("coord_2", "10");
+        type("coord_3", "5000");
+        click("cmdCoord_OK");
+    });
+    click("mnuCoord");
+    EXPECT_FLOAT_EQ(sheet().request.xMin, 0.1F);
+    EXPECT_EQ(sheet().request.xMax, 3);
+    EXPECT_EQ(sheet().chart.y.max, 5000);
+}
+
+TEST_F(Graph2D, ZoomsByRectangleAndWheelAndResets) {
+    openIsotherm();
+    repaint();
+    const chart::Window before = chart::ShownWindow(sheet().chart);
+    EXPECT_FALSE(drive::isEnabled("cmdZoomReset"));
+    QTest::mousePress(surface(), Qt::LeftButton, {}, plotPixel(0.25, 0.6));
+    QTest::mouseMove(surface(), plotPixel(0.5, 0.8));
+    QTest::mouseRelease(surface(), Qt::LeftButton, {}, plotPixel(0.75, 0.9));
+    repaint();
+    const chart::Window zoomed = chart::ShownWindow(sheet().chart);
+    const double width = before.x.max - before.x.min;
+    EXPECT_NEAR(zoomed.x.min, before.x.min + 0.25 * width, 0.01 * width);
+    EXPECT_NEAR(zoomed.x.max, before.x.min + 0.75 * width, 0.01 * width);
+    EXPECT_LT(zoomed.y.max, before.y.max);
+
+    const QPointF middle = plotPixel(0.5, 0.5);
+    QWheelEvent wheel(middle, canvas()->mapToGlobal(middle), {}, QPoint(0, 120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(surface(), &wheel);
+    const chart::Window closer = chart::ShownWindow(sheet().chart);
+    EXPECT_LT(closer.x.max - closer.x.min, 0.95 * (zoomed.x.max - zoomed.x.min));
+
+    click("cmdZoomReset");
+    EXPECT_TRUE(chart::ShownWindow(sheet().chart) == before);
+    EXPECT_FALSE(drive::isEnabled("cmdZoomReset"));
+}
+
+TEST_F(Graph2D, PansByTheMiddleButtonAndFitsByDoubleClick) {
+    openIsotherm();
+    repaint();
+    const chart::Window before = chart::ShownWindow(sheet().chart);
+    QTest::mousePress(surface(), Qt::MiddleButton, {}, plotPixel(0.5, 0.5));
+    QTest::mouseMove(surface(), plotPixel(0.4, 0.5));
+    QTest::mouseRelease(surface(), Qt::MiddleButton, {}, plotPixel(0.4, 0.5));
+    repaint();
+    const chart::Window moved = chart::ShownWindow(sheet().chart);
+    const double width = before.x.max - before.x.min;
+    EXPECT_NEAR(moved.x.min - before.x.min, 0.1 * width, 0.01 * width);
+    EXPECT_NEAR(moved.x.max - moved.x.min, width, 1e-6 * width);
+    QTest::mouseDClick(surface(), Qt::LeftButton, {}, plotPixel(0.9, 0.05));
+    const chart::Window fitted = chart::ShownWindow(sheet().chart);
+    const std::optional<chart::Window> data = chart::DataExtent(sheet().chart);
+    EXPECT_LE(fitted.y.min, data->y.min);
+    EXPECT_GE(fitted.y.max, data->y.max);
+}
+
+TEST_F(Graph2D, ReadsOutTheNearestPointWithItsParameter) {
+    openIsotherm("400");
+    repaint();
+    QTest::mouseMove(surface(), curvePixel(0, curve(0).x.size() / 2));
+    drive::settle();
+    EXPECT_TRUE(read("lblReadout").contains(" X= ")) << read("lblReadout").toStdString();
+    EXPECT_TRUE(read("lblReadout").contains("  T/K = 400"));
+    EXPECT_TRUE(read("lblReadout").contains("  Right-click =>"));
+    QTest::mouseMove(surface(), plotPixel(0.9, 0.05));
+    drive::settle();
+    EXPECT_TRUE(read("lblReadout").contains("X = "));
+}
+
+TEST_F(Graph2D, OpensTheDesignOfWhatIsUnderThePointer) {
+    openIsotherm("400");
+    drawAt("450");
+    repaint();
+    QTest::mouseClick(surface(), Qt::RightButton, {}, curvePixel(1, curve(1).x.size() / 2));
+    drive::settle();
+    EXPECT_EQ(drive::get<QTabBar>("tabKurven")->currentIndex(), 1);
+    repaint();
+    const chart::SheetText& title = canvas()->sheet().header;
+    QTest::mouseClick(surface(), Qt::RightButton, {},
+                      QPoint(static_cast<int>(title.x), static_cast<int>(title.y)));
+    drive::settle();
+    EXPECT_TRUE(drive::isVisible("txtHeader"));
+    drive::get<QPlainTextEdit>("txtHeader")->setPlainText("My diagram");
+    EXPECT_EQ(sheet().chart.header.text, "My diagram");
+}
+
+TEST_F(Graph2D, DeletesASinglePointByAClick) {
+    openIsotherm("400");
+    sheet().chart.curves[0].line.pattern = chart::LinePattern::None;
+    DiagramWindow::current()->refresh();
+    repaint();
+    const std::size_t before = curve(0).x.size();
+    user.answers = {dialogs::Answer::Yes};
+    QTest::mouseClick(surface(), Qt::LeftButton, {}, curvePixel(0, before / 2));
+    drive::settle();
+    EXPECT_EQ(user.lastTitle(), "Delete a Curve Point");
+    EXPECT_EQ(curve(0).x.size(), before - 1);
+}
+
+TEST_F(Graph2D, SwapsTheAxesWithRestrictedCommands) {
+    openIsotherm();
+    const std::vector<float> x = curve(0).x;
+    click("cmdChangeXY");
+    EXPECT_EQ(curve(0).y, x);
+    for (const char* name : {"cmdDraw", "cmdZoom", "cmdZoomReset", "mnuCoord"})
+        EXPECT_FALSE(drive::isEnabled(name)) << name;
+    EXPECT_FALSE(offers("mnuMarkKoex"));
+    EXPECT_EQ(drive::action("cmdChangeXY")->toolTip(),
+              "changing of the axis (in the changed state there are restricted possibilities for "
+              "designing)");
+    click("cmdChangeXY");
+    EXPECT_EQ(curve(0).x, x);
+    EXPECT_EQ(drive::action("cmdChangeXY")->toolTip(), " changing x- and y-axis ");
+}
+
+TEST_F(Graph2D, SavesAndLoadsADiagramAfterASwap) {
+    openIsotherm();
+    choose("mnuMarkKoex");
+    answerFile(path("d.oc2"));
+    choose("mnuSaveOC2");
+    const chart::Chart2D saved = sheet().chart;
+    click("cmdDraw");
+    click("cmdChangeXY");
+    answerFile(path("d.oc2"));
+    choose("mnuLoadOC2");
+    EXPECT_FALSE(sheet().SwappedAxes);
+    EXPECT_EQ(read("frmGraph2D"), "Filename: d.oc2");
+    EXPECT_EQ(sheet().CurveCount, 3);
+    EXPECT_EQ(curve(1).x, saved.curves[1].x);
+    EXPECT_EQ(sheet().chart.header, saved.header);
+    EXPECT_TRUE(drive::isEnabled("cmdDraw"));
+}
+
+TEST_F(Graph2D, ClosesOnADamagedFileWithAReason) {
+    openIsotherm();
+    QFile bad(path("bad.oc2"));
+    ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
+    bad.write("{\"format\":");
+    bad.close();
+    answerFile(path("bad.oc2"));
+    choose("mnuLoadOC2");
+    EXPECT_EQ(DiagramWindow::current(), nullptr);
+    EXPECT_EQ(drive::find("frmGraph2D"), nullptr);
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_NE(user.lastText().find("bad.oc2"), std::string::npos);
+}
+
+TEST_F(Graph2D, SetsLogarithmicAxes) {
+    openIsotherm("400");
+    click("cmdYLog");
+    EXPECT_TRUE(sheet().chart.y.logarithmic);
+    repaint();
+    EXPECT_GT(canvas()->sheet().y.ticks.major.size(), 1U);
+    click("cmdYLog");
+    EXPECT_FALSE(sheet().chart.y.logarithmic);
+    click("cmdXLog");
+    EXPECT_TRUE(sheet().chart.x.logarithmic);
+}
+
+TEST_F(Graph2D, AddsMeasuredPointsAndTellsWhenThereAreNone) {
+    openIsotherm();
+    choose("mnuAddPunkte");
+    EXPECT_EQ(user.lastText(), "No experimental points in this range of the diagram ");
+    legacy::the_BatchData.resize(1);
+    legacy::the_BatchData.push_back({0, 300, 500, 60, 0, 0, 0});
+    the_session.BatchCount = 1;
+    user.messages.clear();
+    for (int i = 0; i < 12; ++i) choose("mnuAddPunkte");
+    EXPECT_EQ(sheet().PointSetCount, 12);
+    EXPECT_TRUE(user.messages.empty());
+    choose("mnuAddPunkte");
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    choose("mnuPunktDesign");
+    type("txtLegPoints", "set one");
+    EXPECT_EQ(sheet().chart.points.back().legend, "set one") << "the last set is in front";
+    drive::select("cmbPunktStil", "Star");
+    EXPECT_EQ(sheet().chart.points.back().symbol, chart::SymbolShape::Star);
+    choose("mnuSubDelPoints_0");
+    EXPECT_EQ(sheet().PointSetCount, 0);
+}
+
+TEST_F(Graph2D, TakesPointsOfTheEditor) {
+    openIsotherm();
+    legacy::the_xyPoints = {{0.5F, 1000, 0}, {1, 2000, 0}};
+    choose("cmdManuPoints");
+    choose("cmdManuKurve");
+    EXPECT_EQ(sheet().PointSetCount, 1);
+    EXPECT_EQ(sheet().CurveCount, 2);
+}
+
+TEST_F(Graph2D, WritesPicturesOfEveryFormat) {
+    openIsotherm();
+    struct Format {
+        const char* name;
+        QByteArray begin;
+    };
+    for (const Format& f :
+         {Format{"a.png", "\x89PNG"}, Format{"a.bmp", "BM"}, Format{"a.svg", "<?xml"},
+          Format{"a.pdf", "%PDF"}, Format{"a.emf", QByteArray("\1\0\0\0", 4)},
+          Format{"a.wmf", "\xd7\xcd\xc6\x9a"}}) {
+        answerFile(path(f.name));
+        choose("mnuBild_1");
+        QFile file(path(f.name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << f.name;
+        EXPECT_TRUE(file.readAll().startsWith(f.begin)) << f.name;
+    }
+    answerFile(path("no/folder/a.png"));
+    choose("mnuBild_1");
+    EXPECT_EQ(user.lastTitle(), "ERROR");
+    choose("mnuBild_0");
+    EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasImage());
+}
+
+TEST_F(Graph2D, WritesAndCopiesACurve) {
+    openIsotherm();
+    answerFile(path("c.XY"));
+    choose("cmdSaveCurveAsXY");
+    QFile file(path("c.XY"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readLine().trimmed(),
+              QByteArray::number(static_cast<qulonglong>(curve(0).x.size())) + " curve points");
+    choose("cmdCopyTable");
+    const QString table = QString::fromStdString(user.clipboard);
+    EXPECT_EQ(table.count('\n'), static_cast<qsizetype>(curve(0).x.size()) + 1);
+    EXPECT_TRUE(table.startsWith("v / (m^3/kmol)\tp / kPa\tT/K\n"));
+}
+
+TEST_F(Graph2D, KeepsSeveralDiagramsApart) {
+    openIsotherm("300");
+    DiagramWindow* first = DiagramWindow::current();
+    when("frmTpVSInputBox", [] {
+        type("rText", "2000");
+        click("cmdOKAndDraw");
+    });
+    choose("mnuGraf_sub_cut_5");
+    DiagramWindow* second = DiagramWindow::current();
+    ASSERT_NE(first, second);
+    EXPECT_EQ(legacy::the_diagram.DiagramType, 3);
+    the_session.DiagramT = 444;
+    first->becomeCurrent();
+    EXPECT_EQ(legacy::the_diagram.DiagramType, 1);
+    EXPECT_EQ(the_session.DiagramT, 300);
+    first->draw();
+    EXPECT_EQ(first->sheet().CurveCount, 2);
+    EXPECT_EQ(second->sheet().CurveCount, 1);
+    shell::CloseViews({"frmGraph2D"});
+    drive::settle();
+    EXPECT_EQ(DiagramWindow::current(), nullptr);
+}
+
+TEST_F(Graph2D, AddsTexts) {
+    openIsotherm();
+    user.inputAnswers = {std::string("a note")};
+    choose("mnuAddText");
+    EXPECT_TRUE(Module9::HasTexts(sheet()));
+    choose("mnuDelTexts");
+    EXPECT_FALSE(Module9::HasTexts(sheet()));
+}
+
+TEST_F(Graph2D, SetsTheScalingByValues) {
+    openIsotherm();
+    choose("mnuAxesDesign");
+    type("txtXTickValue", "0,5");
+    click("optScaling_1");
+    EXPECT_DOUBLE_EQ(sheet().chart.x.tickSpacing, 0.5);
+    click("optScaling_0");
+    EXPECT_EQ(sheet().chart.x.tickSpacing, 0);
+}
+
+}  // namespace

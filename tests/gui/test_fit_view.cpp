@@ -1,0 +1,654 @@
+#include <cmath>
+
+#include "datafiles/xy_file.h"
+#include "estimation/fit_models.h"
+#include "gui/data/editor_views.h"
+#include "gui/editor_drive.h"
+#include "gui/estimation/estimation_views.h"
+#include "gui/estimation/fit_view.h"
+#include "gui/frame_test.h"
+#include "legacy/declare.h"
+#include "models/caloric.h"
+#include "models/vapour_pressure.h"
+#include "support/fluids.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
+
+namespace {
+
+using drive::click;
+using drive::read;
+using drive::tab;
+using drive::type;
+using estimation::fit;
+using legacy::the_session;
+using legacy::the_substance;
+using legacy::the_xyPoints;
+
+constexpr auto kRefused = "Execution not possible";
+
+QString indexed(const char* name, int i) {
+    return QString("%1_%2").arg(name).arg(i);
+}
+
+double number(const QString& name) {
+    return read(name).toDouble();
+}
+
+class Fitting : public ViewTest {
+  protected:
+    Fitting() {
+        fit = {};
+        the_xyPoints.clear();
+        the_substance = fluids::Row("Benzene");
+        editor_views::Install();
+        estimation_views::Install();
+    }
+    void TearDown() override {
+        ViewTest::TearDown();
+        fit = {};
+        the_xyPoints.clear();
+        legacy::the_BatchData.assign(2, {});
+    }
+
+    static void sample(const std::string& name) {
+        ASSERT_FALSE(datafiles::XYLoad(std::string(QUOR_SOURCE_DATA) + "/samples/" + name).empty());
+    }
+    static void open() {
+        the_session.FitDataSource = 0;
+        actions::Run("fit_data");
+        drive::settle();
+    }
+    static void choose(const QString& page, int model) {
+        tab("SSTab1", page);
+        click(indexed("optFit", model));
+    }
+    /// Points of a function at equal distances.
+    template <class Function>
+    static void points(int n, double from, double to, Function f) {
+        the_xyPoints.clear();
+        for (int i = 0; i < n; ++i) {
+            const double x = from + (to - from) * i / (n - 1);
+            the_xyPoints.push_back({static_cast<float>(x), static_cast<float>(f(x)), 0});
+        }
+    }
+};
+
+TEST_F(Fitting, OpensOnTheGeneralTabWithTheFirstModel) {
+    open();
+    EXPECT_EQ(drive::find("frmQFitting")->windowTitle(), "   Fitting");
+    EXPECT_EQ(drive::tabInFront("SSTab1"), "General");
+    EXPECT_TRUE(drive::isChecked("optFit_0"));
+    EXPECT_EQ(read("lblTitle"), " Fitting y = f(T) (data not yet loaded)");
+    EXPECT_EQ(read("lblEquation"), "y = A + B x + C  x^2 + D  x^3 + E x^4 + F x^5");
+    EXPECT_EQ(read("lblTarget"),
+              "... in the actually loaded data of Benzene (cf. editor \"Data / View/Edit Data of "
+              "the Substance\")");
+    for (const char* hidden : {"fraFQS", "fraGraph", "txtResult_0", "cmdLeftAll", "chkLg"})
+        EXPECT_FALSE(drive::isVisible(hidden)) << hidden;
+}
+
+// What every model shows: its tab, its option, its start values, its fixed marks.
+struct Shown {
+    const char* page;
+    int model;
+    const char* option;
+    std::vector<double> start;
+    std::vector<int> fixed;
+    std::vector<const char*> labels;
+    bool Tcr = false, pcr = false, lg = false;
+};
+
+TEST_F(Fitting, EveryModelShowsItsParameters) {
+    the_substance.Tcrit = 562.05;
+    the_substance.pcrit = 4894;
+    const double D0 = 1.8 * -5000 / 562.05 + 2.67;
+    const std::vector<Shown> all{
+        {"General",
+         0,
+         "Polynomial",
+         {1, 1, 1, 0, 0, 0},
+         {3, 4, 5},
+         {"A = ", "B = ", "C = ", "D = ", "E = ", "F = "}},
+        {"General",
+         1,
+         "Combi-expression",
+         {1, 1, 1, 0, 0, 0, 0},
+         {5, 6},
+         {"A = ", "B = ", "C = ", "D = ", "E = ", "F = ", "G = "}},
+        {"Vapour pressure",
+         3,
+         "AUGUST, DUPRÉ-RANKINE",
+         {20, 1500, -1},
+         {},
+         {"A = ", "B = ", "D = "},
+         false,
+         false,
+         true},
+        {"Vapour pressure",
+         4,
+         "ANTOINE",
+         {10, 3000, 200},
+         {},
+         {"A = ", "B = ", "C = "},
+         false,
+         false,
+         true},
+        {"Vapour pressure",
+         5,
+         "FROST-KALKWARF",
+         {50, -5000, 273.15, D0, 5},
+         {2},
+         {"A = ", "B = ", "C = ", "D = ", "E = "},
+         false,
+         false,
+         true},
+        {"Vapour pressure",
+         6,
+         "FROST-KALKWARF/THODOS",
+         {20, -12 * 562.05 / 1.8, 273.15, 5, 5},
+         {2, 3},
+         {"A = ", "B = ", "C = ", "D = ", "E = "},
+         true,
+         false,
+         true},
+        {"Vapour pressure",
+         7,
+         " RIEDEL/PLANK/MILLER equation",
+         {20, -1500, -1, 1e-5, 2},
+         {4},
+         {"A = ", "B = ", "D = ", "H = ", "I = "},
+         false,
+         false,
+         true},
+        {"Vapour pressure",
+         8,
+         "WAGNER",
+         {1, 1, 1, 1},
+         {},
+         {"A = ", "B = ", "C = ", "D = "},
+         true,
+         true,
+         false},
+        {"L-Density", 9, "RACKETT  (DIPPR)", {75, 0.3, 0.24}, {}, {"A = ", "B = ", "C = "}, true},
+        {"L-Density",
+         10,
+         "LEUNA equation",
+         {500, -1, 0.002, -2e-6, 500},
+         {},
+         {"A = ", "B = ", "C = ", "D = ", "E = "},
+         true},
+        {"L-Density",
+         11,
+         "Polynomial",
+         {600, 1, -0.001, -1e-6},
+         {},
+         {"A = ", "B = ", "C = ", "D = "}},
+        {"delta(LV)h",
+         14,
+         "MAJER equation",
+         {30000, 0.3, 0.3},
+         {},
+         {"A = ", "alpha = ", "beta = "},
+         true},
+        {"delta(LV)h",
+         15,
+         "DIPPR equation",
+         {30000, 0.3, 0.3, 0, 0},
+         {},
+         {"A = ", "B = ", "C = ", "D = ", "E = "},
+         true},
+        {"Heat capac.",
+         16,
+         "Polynomial",
+         {20, 0.02, -1e-5, -1e-8, 0},
+         {},
+         {"A = ", "B = ", "C = ", "D = ", "E = "}},
+        {"Heat capac.",
+         17,
+         "SHOMATE equation",
+         {30, 0.2, -2e-5, -1e-8, -1e6},
+         {},
+         {"A = ", "B = ", "C = ", "D = ", "E = "}},
+        {"Heat capac.",
+         18,
+         "DIPPR equation cp(IdGas)",
+         {60, 300, 1500, 200, 500},
+         {},
+         {"A = ", "B = ", "C = ", "D = ", "E = "}}};
+    open();
+    for (const Shown& one : all) {
+        choose(one.page, one.model);
+        SCOPED_TRACE(one.model);
+        EXPECT_EQ(read(indexed("optFit", one.model)), one.option);
+        for (int i = 0; i < 7; ++i) {
+            const bool used = i < static_cast<int>(one.start.size());
+            const auto k = static_cast<std::size_t>(i);
+            ASSERT_EQ(drive::isVisible(indexed("txtStart", i)), used) << i;
+            EXPECT_EQ(drive::isVisible(indexed("chkFix", i)), used) << i;
+            if (!used) {
+                EXPECT_EQ(read(indexed("txtStart", i)), " 0") << i;
+                continue;
+            }
+            EXPECT_EQ(read(indexed("lblPar", i)), one.labels[k]) << i;
+            EXPECT_NEAR(number(indexed("txtStart", i)), one.start[k],
+                        1e-12 * std::fabs(one.start[k]))
+                << i;
+            const bool fixed = std::find(one.fixed.begin(), one.fixed.end(), i) != one.fixed.end();
+            EXPECT_EQ(drive::isChecked(indexed("chkFix", i)), fixed) << i;
+        }
+        EXPECT_EQ(drive::isVisible("txtTcr"), one.Tcr);
+        EXPECT_EQ(drive::isVisible("txtpcr"), one.pcr);
+        EXPECT_EQ(drive::isVisible("chkLg"), one.lg);
+        EXPECT_DOUBLE_EQ(number("txtTcr"), one.Tcr ? 562.05 : 0);
+        EXPECT_DOUBLE_EQ(number("txtpcr"), one.pcr ? 4894 : 0);
+    }
+}
+
+TEST_F(Fitting, TabsNameTheirDataAndUnits) {
+    open();
+    EXPECT_EQ(read("lblData"), "y = f(T)");
+    tab("SSTab1", "Vapour pressure");
+    EXPECT_EQ(read("lblData"), "p = f(T)");
+    tab("SSTab1", "Heat capac.");
+    EXPECT_EQ(read("lblData"), "y = f(T)");
+    EXPECT_TRUE(drive::isVisible("optcpPhase_0"));
+}
+
+TEST_F(Fitting, TheDecadicFormHasItsCaptionAndStartValues) {
+    open();
+    choose("Vapour pressure", 4);
+    EXPECT_EQ(read("lblEquation"), "ln(p/kPa) = A - B / (C + t/°C)");
+    click("chkLg");
+    EXPECT_EQ(read("lblEquation"), "lg(p/kPa) = A - B / (C + t/°C)");
+    EXPECT_EQ(number("txtStart_0"), 5);
+    EXPECT_EQ(number("txtStart_1"), 1500);
+    type("txtStart_0", "6");
+    click("chkLg");
+    EXPECT_EQ(number("txtStart_0"), 6) << "what was typed stays";
+    choose("Vapour pressure", 8);
+    EXPECT_FALSE(drive::isVisible("chkLg"));
+}
+
+TEST_F(Fitting, WithoutDataItRefuses) {
+    open();
+    click("cmdStart");
+    EXPECT_EQ(user.lastText(),
+              "data not yet available\nmanual data input or loading data via file necessary");
+    EXPECT_EQ(user.lastTitle(), kRefused);
+    EXPECT_FALSE(drive::isVisible("fraFQS"));
+}
+
+TEST_F(Fitting, CriticalDataAreNeededWhereTheModelHasThem) {
+    sample("benzene_vapour_pressure.XY");
+    the_substance.Tcrit = 0;
+    open();
+    choose("Vapour pressure", 6);
+    click("cmdStart");
+    EXPECT_EQ(user.lastText(), "Tcr is needed for the correlation of parameter D.");
+    choose("Vapour pressure", 8);
+    click("cmdStart");
+    EXPECT_EQ(user.lastText(), "Tcr needed");
+    type("txtTcr", "562");
+    type("txtpcr", "0");
+    click("cmdStart");
+    EXPECT_EQ(user.lastText(), "pcr needed");
+    for (const auto& [page, model] :
+         {std::pair{"L-Density", 9}, {"L-Density", 10}, {"delta(LV)h", 14}, {"delta(LV)h", 15}}) {
+        choose(page, model);
+        click("cmdStart");
+        EXPECT_EQ(user.lastText(), "Tcr needed") << model;
+    }
+}
+
+TEST_F(Fitting, AsManyPointsAsParametersAreTooFew) {
+    points(6, 1, 6, [](double x) { return x; });
+    open();
+    click("cmdStart");
+    EXPECT_EQ(
+        user.lastText(),
+        "The number of the (active) measuring points has to be greater than the number of the "
+        "parameters!\nDo complete the data in the data editor.");
+    the_xyPoints.push_back({7, 7, -1});
+    open();
+    click("cmdStart");
+    EXPECT_EQ(user.messages.size(), 2U) << "an inactive point does not count";
+}
+
+TEST_F(Fitting, APolynomialIsFittedAndUsed) {
+    points(11, 0.5, 5.5, [](double x) { return 3 - 2 * x + 0.5 * x * x; });
+    open();
+    EXPECT_EQ(read("lblTitle"),
+              " Fitting y = f(T) (11 (active) sets of data loaded from XY editor");
+    click("cmdStart");
+    EXPECT_TRUE(user.messages.empty());
+    EXPECT_NEAR(number("txtResult_0"), 3, 1e-5);
+    EXPECT_NEAR(number("txtResult_1"), -2, 1e-5);
+    EXPECT_NEAR(number("txtResult_2"), 0.5, 1e-5);
+    EXPECT_EQ(number("txtResult_3"), 0);
+    EXPECT_EQ(read("fraFQS"), "Quality of the fitting (N = 11, NPar = 6)");
+    EXPECT_TRUE(read("lblSQ").startsWith("SQ = "));
+    EXPECT_TRUE(read("lblsR").startsWith("s(R) = "));
+    EXPECT_EQ(read("lblExplanation"),
+              "sum of squares SQ = sum[(y(i),calc - y(i),exp)^2]\n"
+              "resid. standard deviation s(R) = SQRT(FQS / (N -NPar))\n"
+              " SQRT = square root, N = number of measuring points, NPar = number of adjustable "
+              "parameters ");
+    EXPECT_TRUE(drive::isVisible("tblCorrelation"));
+    EXPECT_EQ(drive::lines("tblCorrelation"), 3);
+    EXPECT_EQ(drive::cell("tblCorrelation", 2, 2), "1.0000");
+    EXPECT_EQ(drive::cell("tblCorrelation", 1, 3), drive::cell("tblCorrelation", 3, 1));
+
+    type("txtXY", "2");
+    click("cmdCalc");
+    EXPECT_TRUE(read("lblCalc").startsWith("y = "));
+    EXPECT_NEAR(read("lblCalc").mid(4).toDouble(), 1, 1e-5);
+    // 3 - 2 x + x^2/2 = 9 has its root nearest to the points at x = 6.
+    click("optCalc_1");
+    type("txtXY", "9");
+    drive::press("txtXY", Qt::Key_Return);
+    EXPECT_TRUE(read("lblCalc").startsWith("T = "));
+    EXPECT_NEAR(read("lblCalc").mid(4).toDouble(), 6, 1e-4);
+    type("txtXY", "-1000");
+    click("cmdCalc");
+    EXPECT_EQ(user.lastTitle(), "Error");
+    EXPECT_EQ(read("lblCalc"), "");
+    type("txtXY", "");
+    click("cmdCalc");
+    EXPECT_EQ(drive::find("txtXY")->toolTip(), "A number is needed here.");
+}
+
+TEST_F(Fitting, ResultsBecomeStartValues) {
+    points(11, 1, 6, [](double x) { return 3 - 2 * x; });
+    open();
+    click("cmdStart");
+    click("cmdleft_1");
+    EXPECT_EQ(read("txtStart_1"), read("txtResult_1"));
+    EXPECT_EQ(number("txtStart_0"), 1);
+    click("cmdLeftAll");
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(read(indexed("txtStart", i)), read(indexed("txtResult", i))) << i;
+    EXPECT_TRUE(fit.FitStart == fit.FitPar);
+}
+
+TEST_F(Fitting, ANewModelHidesTheResultsOfTheLast) {
+    points(11, 1, 6, [](double x) { return 3 - 2 * x; });
+    open();
+    click("cmdStart");
+    EXPECT_TRUE(drive::isVisible("fraGraph"));
+    click("optFit_1");
+    for (const char* hidden : {"fraFQS", "fraGraph", "txtResult_0", "cmdleft_0"})
+        EXPECT_FALSE(drive::isVisible(hidden)) << hidden;
+}
+
+TEST_F(Fitting, AFixedRowIsGreyAndReadsZeroWhenItWasEmpty) {
+    open();
+    click("chkFix_3");
+    EXPECT_FALSE(fit.FitFixed[3]);
+    const QColor normal = drive::find("txtStart_3")->palette().color(QPalette::Text);
+    type("txtStart_3", "");
+    click("chkFix_3");
+    EXPECT_TRUE(fit.FitFixed[3]);
+    EXPECT_EQ(read("txtStart_3"), " 0.");
+    EXPECT_NE(drive::find("txtStart_3")->palette().color(QPalette::Text), normal);
+}
+
+TEST_F(Fitting, AFixedParameterKeepsItsStartValue) {
+    sample("benzene_vapour_pressure.XY");
+    open();
+    choose("Vapour pressure", 4);
+    type("txtStart_2", "220,79");
+    click("chkFix_2");
+    click("cmdPropose");
+    EXPECT_DOUBLE_EQ(number("txtStart_2"), 220.79);
+    click("cmdStart");
+    EXPECT_DOUBLE_EQ(number("txtResult_2"), 220.79);
+    EXPECT_EQ(read("txtInterval_2"), "");
+    EXPECT_NE(read("txtInterval_1"), "");
+}
+
+TEST_F(Fitting, TheSumOfSquaresMayBeOneOfLogarithms) {
+    sample("benzene_vapour_pressure.XY");
+    open();
+    EXPECT_FALSE(drive::isEnabled("optLogFit_1")) << "a linear model has no such choice";
+    choose("Vapour pressure", 4);
+    EXPECT_EQ(read("optLogFit_0"), "SQ using y difference");
+    EXPECT_EQ(read("optLogFit_1"), "SQ using ln(y) difference ");
+    click("cmdPropose");
+    click("cmdStart");
+    EXPECT_TRUE(
+        read("lblExplanation").startsWith("sum of squares SQ = sum[(p(i),calc - p(i),exp)^2]"));
+    const QString plain = read("lblSQ");
+    click("optLogFit_1");
+    click("cmdStart");
+    EXPECT_TRUE(read("lblExplanation").contains("ln("));
+    EXPECT_NE(read("lblSQ"), plain);
+}
+
+/// A sample of vapour pressures fitted to its end and applied: the program's own equation then
+/// gives the measured pressures.
+TEST_F(Fitting, AMeasuredVapourPressureCurveReachesTheSubstance) {
+    sample("benzene_vapour_pressure.XY");
+    const std::vector<datafiles::FitPoint> measured = the_xyPoints;
+    for (const bool lg : {false, true}) {
+        SCOPED_TRACE(lg);
+        the_substance.ALP = {};
+        fit = {};
+        open();
+        choose("Vapour pressure", 4);
+        if (drive::isChecked("chkLg") != lg) click("chkLg");
+        click("cmdPropose");
+        click("cmdStart");
+        ASSERT_TRUE(drive::isVisible("fraFQS"));
+        EXPECT_FALSE(drive::isVisible("lblNotes")) << read("lblNotes").toStdString();
+        EXPECT_TRUE(read("lblDeviations").startsWith("mean deviation "));
+        user.messages.clear();
+        click("cmdApply");
+        ASSERT_EQ(user.messages.size(), 2U);
+        EXPECT_EQ(user.messages[0].text,
+                  std::string("These parameters are") +
+                      (lg ? "" : " (after re-calculation to lg)") +
+                      "\nincluded in the\nANTOINE (Lo-p) parameter set of QUOR.");
+        EXPECT_EQ(user.messages[1].title, "Parameters succuessfully applied");
+        EXPECT_EQ(user.messages[1].text,
+                  "These parameters are activ now in the resp. database function of QUOR\n"
+                  "and can be viewed/edited under \"Data/Data editor\".\n\n"
+                  "Single value calculations y=f(T) can be carried out\n"
+                  "under \"Calculation / Database functions\".");
+        EXPECT_EQ(the_substance.ALP.TLo, 313);
+        for (const datafiles::FitPoint& p : measured) {
+            const auto result =
+                models::vapour_pressure(the_substance, static_cast<double>(p.x), "ALP");
+            EXPECT_NEAR(result.p, static_cast<double>(p.y), 0.03 * static_cast<double>(p.y));
+        }
+        EXPECT_TRUE(the_session.ResultsOutdated);
+        the_session.ResultsOutdated = false;
+    }
+}
+
+TEST_F(Fitting, TheResultIsPrinted) {
+    sample("benzene_vapour_pressure.XY");
+    open();
+    choose("Vapour pressure", 4);
+    click("cmdPropose");
+    click("cmdStart");
+    click("cmdPrint");
+    ASSERT_EQ(user.prints.size(), 1U);
+    const std::string& text = user.prints[0].text;
+    for (const char* name : {"txtResult_0", "txtResult_2", "lblDeviations", "lblEquation"})
+        EXPECT_NE(text.find(read(name).toStdString()), std::string::npos) << name << "\n" << text;
+    EXPECT_NE(text.find("ANTOINE"), std::string::npos) << "the chosen model";
+    EXPECT_NE(text.find("1.0000"), std::string::npos) << "the correlation matrix";
+    EXPECT_EQ(text.find("WAGNER"), std::string::npos) << "what is not chosen is left out";
+}
+
+TEST_F(Fitting, AugustIsFittedButNotApplied) {
+    sample("benzene_vapour_pressure.XY");
+    open();
+    choose("Vapour pressure", 3);
+    click("cmdPropose");
+    click("cmdStart");
+    EXPECT_TRUE(drive::isVisible("fraFQS"));
+    const models::VPSetAntoine before = the_substance.ALP;
+    click("cmdApply");
+    EXPECT_EQ(user.lastText(),
+              "AUGUST/DUPRÉ-RANKINE are equations not used by QUOR.\nIf you want to use AUGUST, "
+              "chooce ANTOINE C-fixed = 273.15");
+    EXPECT_EQ(the_substance.ALP.A, before.A);
+}
+
+TEST_F(Fitting, TheThodosFormShowsItsComputedParameter) {
+    sample("benzene_vapour_pressure.XY");
+    open();
+    choose("Vapour pressure", 6);
+    EXPECT_FALSE(drive::isEnabled("chkFix_3"));
+    EXPECT_EQ(read("lblRemark"), " parameter D, THODOS correlated: D = 1.80 /Tcr * B + 2.67 ");
+    click("cmdPropose");
+    click("cmdStart");
+    const double B = number("txtResult_1");
+    EXPECT_NEAR(number("txtResult_3"), 1.8 * B / (std::log(10.0) * the_substance.Tcrit) + 2.67,
+                1e-6);
+    EXPECT_EQ(read("txtStdDev_3"), "");
+    EXPECT_NE(read("txtStdDev_1"), "");
+}
+
+TEST_F(Fitting, HeatCapacitiesGoToTheirPhase) {
+    sample("ethanol_liquid_cp.XY");
+    open();
+    choose("Heat capac.", 17);
+    click("cmdPropose");
+    click("cmdStart");
+    const models::CpSet gas = the_substance.cpPoly, solid = the_substance.cpS;
+    click("cmdApply");
+    EXPECT_EQ(the_substance.cpPoly, gas) << "nothing of this model is stored for the ideal gas";
+    click("optcpPhase_1");
+    click("cmdApply");
+    EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
+    EXPECT_TRUE(the_substance.hasCpL);
+    for (const datafiles::FitPoint& p : the_xyPoints)
+        EXPECT_NEAR(models::CpLiquid(static_cast<double>(p.x)).cp, static_cast<double>(p.y),
+                    0.02 * static_cast<double>(p.y));
+    EXPECT_EQ(the_substance.cpS, solid);
+    choose("Heat capac.", 18);
+    click("cmdApply");
+    EXPECT_EQ(user.lastText(), "The DIPPR function for cp is only available for cp(IdGas)");
+}
+
+TEST_F(Fitting, GraphsShowFunctionResidualsAndLogarithms) {
+    sample("benzene_vapour_pressure.XY");
+    open();
+    choose("Vapour pressure", 4);
+    click("cmdPropose");
+    click("cmdStart");
+    const auto& chart = drive::get<FitGraphFrame>("fraGraph")->shown();
+    EXPECT_EQ(chart.header.text, "fitted function y(T)");
+    EXPECT_EQ(chart.x.title, "T / K");
+    EXPECT_EQ(chart.y.title, "p/ kPa");
+    ASSERT_EQ(chart.points.size(), 1U);
+    EXPECT_EQ(chart.points[0].x.size(), the_xyPoints.size());
+    EXPECT_GT(chart.curves[0].x.size(), 100U);
+    const double width = static_cast<double>(the_xyPoints.back().x - the_xyPoints.front().x);
+    EXPECT_NEAR(chart.x.max - chart.x.min, 1.1 * width, 1e-6 * width);
+    click("cmdGraphResid");
+    EXPECT_EQ(chart.header.text, "residuals of the fitting, absolute");
+    EXPECT_EQ(chart.y.title, "(p(calc) - p(exp)) / kPa");
+    EXPECT_LT(chart.y.min, 0);
+    EXPECT_GT(chart.y.max, 0);
+    click("cmdGraphLnp");
+    EXPECT_EQ(chart.header.text, "fitted function ln{p} = f(1/T))");
+    EXPECT_EQ(chart.x.title, "1/ (T/K)");
+    EXPECT_EQ(chart.y.title, "ln (p/kPa)");
+    EXPECT_NEAR(chart.points[0].y[0], std::log(static_cast<double>(the_xyPoints[0].y)), 1e-5);
+    click("cmdGraphFunction");
+    EXPECT_EQ(chart.header.text, "fitted function y(T)");
+}
+
+TEST_F(Fitting, LogarithmsOfZerosAreRefused) {
+    points(11, 0, 5, [](double x) { return x; });
+    open();
+    type("txtStart_0", "0");
+    click("cmdStart");
+    click("cmdGraphLnp");
+    EXPECT_EQ(user.lastText(), "T- and p-column may not contain zero values!");
+    EXPECT_EQ(user.lastTitle(), kRefused);
+    EXPECT_EQ(drive::get<FitGraphFrame>("fraGraph")->shown().header.text, "fitted function y(T)");
+}
+
+TEST_F(Fitting, AFitThatWentWrongSaysSo) {
+    points(12, 300, 400, [](double x) { return 100 - 0.1 * x; });
+    open();
+    choose("Heat capac.", 16);
+    click("cmdStart");
+    ASSERT_TRUE(drive::isVisible("lblNotes"));
+    EXPECT_TRUE(read("lblNotes").contains("Without influence on the function: E."))
+        << read("lblNotes").toStdString();
+}
+
+TEST_F(Fitting, TheTpvEditorIsASourceToo) {
+    legacy::the_BatchData.assign(5, {});
+    for (std::size_t i = 1; i < 5; ++i) {
+        legacy::the_BatchData[i].T = 300 + 10.0 * static_cast<double>(i);
+        legacy::the_BatchData[i].p = 5.0 * static_cast<double>(i);
+    }
+    legacy::the_BatchData[3].skip = 1;
+    the_session.BatchCount = 4;
+    the_session.FitDataSource = 1;
+    the_session.FitColumn = 1;
+    actions::Run("fit_data");
+    drive::settle();
+    EXPECT_EQ(read("lblTitle"),
+              " Fitting y = f(T) (3 (active) sets of data loaded from T-p-V editor");
+}
+
+TEST_F(Fitting, TheXyEditorSendsItsPoints) {
+    open();
+    click("cmdGotoXYEditor");
+    ASSERT_TRUE(drive::isVisible("frmManuInput"));
+    for (const char* x : {"1", "2", "3"}) {
+        type("txtX", x);
+        type("txtY", x);
+        click("OKinput");
+    }
+    the_session.FitDataSource = 1;
+    click("cmdFitting");
+    EXPECT_EQ(read("lblTitle"), " Fitting y = f(T) (3 (active) sets of data loaded from XY editor");
+    EXPECT_FALSE(drive::isEnabled("cmdGotoTpvEditor")) << "nobody opens that editor here";
+    user.answers.push_back(dialogs::Answer::No);
+    drive::find("frmManuInput")->close();
+}
+
+TEST_F(Fitting, WithoutASubstanceThereIsNothingToApplyTo) {
+    the_substance = {};
+    open();
+    EXPECT_FALSE(drive::isEnabled("cmdApply"));
+    EXPECT_EQ(read("lblTarget"), "");
+}
+
+TEST_F(Fitting, AFitOfTwoHundredPointsIsDoneAtOnce) {
+    points(200, 250, 500, [](double T) { return std::exp(14 - 2800 / (T - 50)); });
+    open();
+    choose("Vapour pressure", 4);
+    click("cmdPropose");
+    click("cmdStart");
+    EXPECT_NEAR(number("txtResult_0"), 14, 1e-3);
+    EXPECT_NEAR(number("txtResult_1"), 2800, 1);
+    EXPECT_NEAR(number("txtResult_2"), 223.15, 0.05);
+}
+
+class FittingInFrame : public FrameTest {};
+
+TEST_F(FittingInFrame, TheMenuOpensTheFourthPageAndClearsTheData) {
+    start();
+    openSubstance("Carbon dioxide");
+    the_session.BatchCount = 3;
+    drive::choose("mnuFitting");
+    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(drive::tabInFront("SSTab1"), "delta(LV)h");
+    EXPECT_TRUE(drive::isChecked("optFit_0"));
+    drive::press("frmQFitting", Qt::Key_Escape);
+    EXPECT_EQ(drive::find("frmQFitting"), nullptr);
+}
+
+}  // namespace

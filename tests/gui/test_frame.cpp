@@ -1,0 +1,585 @@
+#include <QElapsedTimer>
+#include <fstream>
+#include <iostream>
+
+#include "gui/frame_test.h"
+#include "gui/widgets/settings.h"
+#include "session/commands.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
+
+namespace {
+
+using drive::choose;
+using drive::click;
+using drive::isVisible;
+using drive::offers;
+using drive::read;
+using legacy::the_session;
+
+class Frame : public FrameTest {};
+
+const QStringList kSubstanceRows = {"mnuStoff"};
+const QStringList kModelRows = {"mnu2D", "mnu3D", "mnuCalcMain"};
+
+bool enabled(const QString& name) {
+    return drive::action(name)->isEnabled();
+}
+
+TEST_F(Frame, StartsEmptyAndOffersADatabaseFirst) {
+    start();
+    EXPECT_EQ(frame->windowTitle(),
+              "QUOR-6   Thermodynamic Calculations of States and Processes for Pure Substances");
+    EXPECT_TRUE(offers("mnuData_OpenBank"));
+    EXPECT_TRUE(offers("mnuData_Status"));
+    EXPECT_TRUE(drive::isEnabled("Toolbar1_2"));
+    for (const char* name : {"mnuStoff", "mnuModel", "mnu2D", "mnu3D", "mnuCalcMain", "mnuFitting",
+                             "mnuOptions", "mnuData_SaveProject", "mnuData_BatchInput",
+                             "mnuData_BatchEdit", "mnuData_EditStoffdaten", "mnuData_ParameterEOS"})
+        EXPECT_FALSE(enabled(name)) << name;
+    for (const char* name : {"Toolbar1_7", "Toolbar1_15"}) EXPECT_FALSE(drive::isEnabled(name));
+    for (int panel = 1; panel <= 3; ++panel)
+        EXPECT_EQ(read(QString("StatusBar1_%1").arg(panel)), "");
+    EXPECT_EQ(read("StatusBar1_4"), "15.11.2026");
+    EXPECT_NE(frame->findChild<QWidget*>("frmPhantom"), nullptr);
+}
+
+TEST_F(Frame, EveryRowOfTheCatalogueIsThere) {
+    start();
+    for (const menu::Row& row : menu::Rows()) {
+        if (row.kind == menu::Kind::Separator) continue;
+        const QAction* action = drive::action(QString::fromStdString(menu::Name(row)));
+        EXPECT_EQ(action->text().toStdString(), menu::Caption(row));
+        EXPECT_EQ(action->isVisible(), menu::Visible(row)) << menu::Name(row);
+    }
+}
+
+TEST_F(Frame, ToolButtonsBearTheirTips) {
+    start();
+    for (const menu::ToolButton& button : menu::ToolButtons()) {
+        const auto* tool = drive::get<QToolButton>(QString("Toolbar1_%1").arg(button.index));
+        EXPECT_EQ(tool->toolTip().toStdString(), button.tooltip);
+        EXPECT_FALSE(tool->icon().isNull());
+    }
+}
+
+TEST_F(Frame, CommandsOpenStepByStep) {
+    start();
+    user.fileAnswers.push_back((folder() / "STUDENT.Q05").string());
+    drive::when("frmStoffWahl", [] {
+        EXPECT_TRUE(enabled("mnuStoff")) << "a database is open";
+        EXPECT_FALSE(enabled("mnuModel"));
+        drive::type("Text1", "Carbon dioxide");
+        click("StoffOK");
+    });
+    drive::when("frmQModell", [] {
+        EXPECT_TRUE(enabled("mnuModel")) << "a substance is chosen";
+        for (const QString& name : kModelRows) EXPECT_FALSE(enabled(name));
+        click("OKModell");
+    });
+    click("Toolbar1_2");
+    for (const QString& name : kModelRows) EXPECT_TRUE(enabled(name)) << "models are confirmed";
+    EXPECT_TRUE(enabled("mnuData_ParameterEOS"));
+    EXPECT_EQ(read("StatusBar1_1"), "Carbon dioxide");
+    EXPECT_EQ(read("StatusBar1_2"), "CEOS Peng / Robinson (Priority!)");
+    EXPECT_EQ(read("StatusBar1_3"), "Vapour press. equ.: Wagner");
+    EXPECT_TRUE(user.messages.empty());
+}
+
+// With a handler behind every row only the state of the work decides. The columns: after start,
+// with a database, with a substance, with models, with another database.
+struct Stage {
+    const char* row;
+    const char* enabled;  ///< five marks, '+' enabled, '-' disabled
+};
+constexpr Stage kStages[] = {
+    {"mnuData_OpenBank", "+++++"},
+    {"mnuData_Status", "+++++"},
+    {"mnuData_LoadLastSession", "+++++"},
+    {"mnuData_LoadProject", "+++++"},
+    {"mnuData_SaveProject", "---++"},
+    {"mnuData_BatchInput", "-++++"},
+    {"mnuData_BatchEdit", "-----"},
+    {"mnuData_EditStoffdaten", "-++++"},
+    {"mnuData_EditXY", "+++++"},
+    {"mnuData_ParameterEOS", "---+-"},
+    {"mnuJOBACK", "+++++"},
+    {"mnuData_JOBACK_CritData", "+++++"},
+    {"mnuData_Exit", "+++++"},
+    {"mnuStoff", "-++++"},
+    {"mnuModel", "--++-"},
+    {"mnu2D", "---+-"},
+    {"mnu3D", "---+-"},
+    {"mnuCalcMain", "---+-"},
+    {"mnuFitting", "---+-"},
+    {"mnuOptions", "---+-"},
+    {"mnuWindow", "+++++"},
+    {"mnuHilfe", "+++++"},
+    {"mnuHilfe_About", "+++++"},
+    {"mnuHilfe_Index", "+++++"},
+    {"mnuHilfe_Tip", "+++++"},
+    {"mnuInfo", "+++++"},
+    {"Toolbar1_2", "+++++"},
+    {"Toolbar1_4", "+++++"},
+    {"Toolbar1_6", "+++++"},
+    {"Toolbar1_7", "---++"},
+    {"Toolbar1_11", "---++"},
+    {"Toolbar1_15", "---+-"},
+};
+
+TEST_F(Frame, EveryCommandIsEnabledInItsTurn) {
+    start();
+    for (const menu::Row& row : menu::Rows())
+        if (!row.action.empty() && !actions::Has(row.action))
+            actions::RegisterAction(row.action, [] {});
+    actions::RegisterAction("frmReferenz", [] {});
+    shell::Refresh();
+    const auto check = [](std::size_t stage) {
+        for (const Stage& s : kStages)
+            EXPECT_EQ(enabled(s.row), s.enabled[stage] == '+') << s.row << " at stage " << stage;
+    };
+    check(0);
+    user.fileAnswers.push_back((folder() / "STUDENT.Q05").string());
+    drive::when("frmStoffWahl", [&] {
+        check(1);
+        drive::type("Text1", "Carbon dioxide");
+        click("StoffOK");
+    });
+    drive::when("frmQModell", [&] {
+        check(2);
+        click("OKModell");
+    });
+    click("Toolbar1_2");
+    check(3);
+    user.fileAnswers.push_back((folder() / "STUDENT.Q05").string());
+    drive::when("frmStoffWahl", [] { click("ESC"); });
+    click("Toolbar1_2");
+    check(4);
+}
+
+TEST_F(Frame, ADatabaseThatIsNotChosenChangesNothing) {
+    start();
+    user.fileAnswers.push_back(std::nullopt);
+    choose("mnuData_OpenBank");
+    ASSERT_EQ(user.files.size(), 1U);
+    EXPECT_EQ(user.files[0].title, "Select and load a database");
+    EXPECT_FALSE(enabled("mnuStoff"));
+}
+
+TEST_F(Frame, AnotherDatabaseDisablesTheCalculationUntilANewChoice) {
+    start();
+    openSubstance("Carbon dioxide");
+    user.fileAnswers.push_back((folder() / "STUDENT.Q05").string());
+    drive::when("frmStoffWahl", [] { click("ESC"); });
+    choose("mnuData_OpenBank");
+    for (const char* name : {"mnuModel", "mnu2D", "mnu3D", "mnuCalcMain"})
+        EXPECT_FALSE(enabled(name)) << name;
+    EXPECT_FALSE(drive::isEnabled("Toolbar1_15"));
+    EXPECT_TRUE(enabled("mnuStoff"));
+    choose("mnuData_Status");
+    EXPECT_NE(user.lastText().find("\n... no substance\n"), std::string::npos) << user.lastText();
+}
+
+TEST_F(Frame, LeavingTheModelViewKeepsTheCalculationDisabled) {
+    start();
+    user.fileAnswers.push_back((folder() / "STUDENT.Q05").string());
+    drive::when("frmStoffWahl", [] {
+        drive::type("Text1", "Carbon dioxide");
+        click("StoffOK");
+    });
+    drive::when("frmQModell", [] { drive::press("EOSKombi", Qt::Key_Escape); });
+    click("Toolbar1_2");
+    EXPECT_TRUE(enabled("mnuModel"));
+    EXPECT_FALSE(enabled("mnuCalcMain"));
+    EXPECT_EQ(legacy::the_models.EOSModel, -1);
+    EXPECT_EQ(read("StatusBar1_2"), "");
+}
+
+TEST_F(Frame, ACalculationRowRunsTheHandlerOfItsMode) {
+    int runs = 0;
+    start();
+    actions::RegisterAction("CalcMode_3", [&] { ++runs; });
+    openSubstance("Carbon dioxide");
+    EXPECT_TRUE(offers("mnuCalc_2"));
+    choose("mnuCalc_2");
+    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(Frame, TheTankButtonTakesTheMethodThatHasPriority) {
+    std::vector<int> runs;
+    start();
+    actions::RegisterAction("CalcMode_9", [&] { runs.push_back(9); });
+    actions::RegisterAction("CalcMode_10", [&] { runs.push_back(10); });
+    openSubstance("Carbon dioxide");
+    click("Toolbar1_15");
+    legacy::the_models.PriorityCEOS = false;
+    click("Toolbar1_15");
+    EXPECT_EQ(runs, (std::vector<int>{9, 10}));
+}
+
+TEST_F(Frame, OpeningTheCalculationMenuClosesTheViewsOfTheLastOne) {
+    start();
+    openSubstance("Carbon dioxide");
+    for (const char* name : {"frmCalcOut", "frmParinput", "frmGraph2D"}) {
+        auto* view = new QWidget;
+        view->setObjectName(name);
+        shell::OpenChild(view);
+    }
+    EXPECT_NE(shell::FindView("frmCalcOut"), nullptr);
+    drive::open("mnuCalc_2");
+    drive::settle();
+    EXPECT_EQ(shell::FindView("frmCalcOut"), nullptr);
+    EXPECT_EQ(shell::FindView("frmParinput"), nullptr);
+    EXPECT_NE(shell::FindView("frmGraph2D"), nullptr);
+}
+
+TEST_F(Frame, BatchOperationWithoutDataIsToldAndTheMenuOpens) {
+    start();
+    actions::RegisterAction("CalcMode_3", [] {});
+    openSubstance("Carbon dioxide");
+    the_session.BatchMode = true;
+    drive::open("mnuCalc_2");
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_TRUE(offers("mnuCalc_2"));
+    EXPECT_EQ(drive::action("mnuCalc_2")->text(),
+              "columns T, p         => rho, state L/V  + thermod. Fu.");
+    EXPECT_TRUE(drive::action("mnuCalc_1")->isVisible());
+}
+
+TEST_F(Frame, ADiagramRowPreparesItsDiagram) {
+    start();
+    int runs = 0;
+    actions::RegisterAction("Diagram2D", [&] { ++runs; });
+    openSubstance("Carbon dioxide");
+    choose("mnuGraf_sub_proj_8");
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(legacy::the_diagram.DiagramType, 90);
+    EXPECT_EQ(legacy::the_diagram.axisPair, "yT");
+}
+
+TEST_F(Frame, StatusAndParametersAreReported) {
+    start();
+    choose("mnuData_Status");
+    EXPECT_EQ(user.lastText(), "... not yet a database");
+    EXPECT_EQ(user.lastTitle(), " loaded ...");
+    openSubstance("Carbon dioxide");
+    choose("mnuData_Status");
+    EXPECT_EQ(user.lastText(),
+              "... database STUDENT.Q05\n  with 3 substance(s)\n"
+              "... substance: CO2  124-38-9  Carbon dioxide (#1)\n"
+              "    CEOS Peng / Robinson (Priority!),  Vapour press. equ.: Wagner\n"
+              "... exper. T-p-rho-HLV-cp data: none\n"
+              "(for more parameters loaded see \"Options\")");
+    choose("mnuData_ParameterEOS");
+    EXPECT_EQ(user.lastTitle(), " Parameters of the EOS ");
+    EXPECT_TRUE(user.lastText().starts_with("Parameter for CEOS Peng / Robinson\n"));
+}
+
+TEST_F(Frame, MeasuredDataCanBeEditedOnceThereAreSome) {
+    start();
+    int edits = 0;
+    actions::RegisterAction("mnuData_BatchEdit", [&] { ++edits; });
+    drive::open("mnuData_BatchEdit");
+    EXPECT_FALSE(offers("mnuData_BatchEdit"));
+    the_session.BatchCount = 3;
+    choose("mnuData_BatchEdit");
+    EXPECT_EQ(edits, 1);
+}
+
+TEST_F(Frame, OpeningTheDataMenuClosesInputViews) {
+    start();
+    for (const char* name : {"frmCalcOut", "frmParinput"}) {
+        auto* view = new QWidget;
+        view->setObjectName(name);
+        shell::OpenChild(view);
+    }
+    drive::open("mnuData_Status");
+    drive::settle();
+    EXPECT_EQ(shell::FindView("frmParinput"), nullptr);
+    EXPECT_NE(shell::FindView("frmCalcOut"), nullptr);
+}
+
+TEST_F(Frame, FirstStepsComeAndGo) {
+    start();
+    EXPECT_FALSE(isVisible("Picture1"));
+    click("cmdErstnutzer");
+    EXPECT_TRUE(isVisible("Picture1"));
+    EXPECT_EQ(read("lblFirstSteps_0"), "In case you are not yet familiar with QUOR:");
+    EXPECT_EQ(read("lblFirstSteps_1"), "(1)  Begin with a new project (Click at the left icon)");
+    EXPECT_EQ(read("cmdErstnutzer"), "First Steps    (on/off)  ");
+    click("cmdErstnutzer");
+    EXPECT_FALSE(isVisible("Picture1"));
+    click("cmdErstnutzer");
+    QWidget* panel = drive::find("Picture1");
+    const QPoint onLabel = drive::find("lblFirstSteps_2")->geometry().center();
+    QTest::mouseClick(frame->windowHandle(), Qt::LeftButton, {},
+                      panel->mapTo(frame.get(), onLabel));
+    EXPECT_FALSE(isVisible("Picture1"));
+}
+
+TEST_F(Frame, FirstStepsInviteANewUserOnce) {
+    start();
+    frame->InviteFirstUser();
+    EXPECT_TRUE(isVisible("Picture1"));
+    click("cmdErstnutzer");
+    frame->InviteFirstUser();
+    EXPECT_FALSE(isVisible("Picture1"));
+}
+
+TEST_F(Frame, TipsShowAtStartUntilSwitchedOff) {
+    frame = std::make_unique<MainWindow>();
+    frame->show();
+    frame->StartUp();
+    ASSERT_TRUE(isVisible("frmTip"));
+    EXPECT_FALSE(the_session.TipsHidden);
+    const QString first = read("lblTipText");
+    EXPECT_FALSE(first.isEmpty());
+    click("cmdNextTip");
+    EXPECT_NE(read("lblTipText"), first);
+    EXPECT_TRUE(drive::isChecked("chkLoadTipsAtStartup"));
+    click("chkLoadTipsAtStartup");
+    EXPECT_FALSE(settings::showTipsAtStartup()) << "written at once";
+    click("cmdOK");
+    EXPECT_FALSE(isVisible("frmTip"));
+
+    frame->StartUp();
+    EXPECT_FALSE(isVisible("frmTip"));
+    EXPECT_TRUE(the_session.TipsHidden);
+    choose("mnuHilfe_Tip");
+    EXPECT_TRUE(isVisible("frmTip"));
+    EXPECT_FALSE(drive::isChecked("chkLoadTipsAtStartup"));
+}
+
+TEST_F(Frame, TheTipsSettingIsANumberInSectionOptions) {
+    settings::setShowTipsAtStartup(false);
+    EXPECT_EQ(QSettings("QUOR", "QUOR-6").value("Options/Show Tips at Startup").toString(), "0");
+    settings::setShowTipsAtStartup(true);
+    EXPECT_EQ(QSettings("QUOR", "QUOR-6").value("Options/Show Tips at Startup").toString(), "1");
+}
+
+TEST_F(Frame, AMissingTipsFileIsToldOnceAndTheViewStaysEmpty) {
+    std::filesystem::remove(folder() / "QUORTIPS_E.TXT");
+    frame = std::make_unique<MainWindow>();
+    frame->show();
+    frame->StartUp();
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(read("lblTipText"), "");
+    EXPECT_FALSE(drive::isEnabled("cmdNextTip"));
+}
+
+class FrameWithoutProjects : public FrameTest {
+    void connect() override { session::projectHooks() = {}; }
+};
+
+TEST_F(FrameWithoutProjects, ProjectRowsWaitForTheirReader) {
+    start();
+    for (const char* row : {"mnuData_LoadLastSession", "mnuData_LoadProject"})
+        EXPECT_FALSE(offers(row)) << row;
+    EXPECT_FALSE(drive::isEnabled("Toolbar1_4"));
+    EXPECT_FALSE(drive::isEnabled("Toolbar1_6"));
+}
+
+class FrameWithProjects : public FrameTest {
+  protected:
+    void connect() override {
+        session::projectHooks() = {.choose = [this] { return chosen; },
+                                   .load =
+                                       [this](const std::string& file) {
+                                           loaded.push_back(file);
+                                           EXPECT_EQ(the_session.CurrentSubstance, 0)
+                                               << "reset first";
+                                           the_session.CurrentSubstance = 1;
+                                           legacy::the_substance.Name = "Carbon dioxide";
+                                           legacy::the_models.EOSModel = 6;
+                                           return works;
+                                       },
+                                   .save = [this] { ++saves; }};
+    }
+
+    std::optional<std::string> chosen;
+    std::vector<std::string> loaded;
+    bool works = true;
+    int saves = 0;
+};
+
+TEST_F(FrameWithProjects, TheLastSessionEnablesEverything) {
+    start();
+    std::ofstream(the_session.LastSessionFile) << "x";
+    the_session.CurrentSubstance = 5;
+    click("Toolbar1_4");
+    EXPECT_EQ(loaded, std::vector<std::string>{the_session.LastSessionFile});
+    for (const char* name : {"mnuStoff", "mnuModel", "mnu2D", "mnu3D", "mnuCalcMain"})
+        EXPECT_TRUE(enabled(name)) << name;
+    EXPECT_TRUE(drive::isEnabled("Toolbar1_7"));
+    EXPECT_TRUE(the_session.ProjectLoaded);
+    EXPECT_EQ(read("StatusBar1_2"), "CEOS Peng / Robinson (Priority!)");
+}
+
+TEST_F(FrameWithProjects, WithoutALastSessionTheSessionStaysAsItIs) {
+    start();
+    the_session.CurrentSubstance = 5;
+    click("Toolbar1_4");
+    EXPECT_TRUE(loaded.empty());
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_EQ(the_session.CurrentSubstance, 5);
+}
+
+TEST_F(FrameWithProjects, AProjectThatFailsEnablesNothing) {
+    start();
+    works = false;
+    chosen = "mine.QCF";
+    click("Toolbar1_6");
+    EXPECT_EQ(loaded, std::vector<std::string>{"mine.QCF"});
+    EXPECT_FALSE(enabled("mnuCalcMain"));
+    EXPECT_FALSE(the_session.ProjectLoaded);
+}
+
+TEST_F(FrameWithProjects, CancellingTheChoiceOfAProjectChangesNothing) {
+    start();
+    the_session.CurrentSubstance = 5;
+    click("Toolbar1_6");
+    EXPECT_TRUE(loaded.empty());
+    EXPECT_EQ(the_session.CurrentSubstance, 5);
+}
+
+TEST_F(FrameWithProjects, SavingAProjectNotesOnceWhatMustBeComplete) {
+    start();
+    openSubstance("Carbon dioxide");
+    click("Toolbar1_7");
+    EXPECT_EQ(user.lastTitle(), "Single Note");
+    choose("mnuData_SaveProject");
+    EXPECT_EQ(saves, 2);
+    EXPECT_EQ(user.messages.size(), 1U);
+}
+
+TEST_F(Frame, ExitAndTheCloseButtonEndTheSessionAlike) {
+    for (const bool byMenu : {true, false}) {
+        start();
+        std::vector<std::string> calls;
+        session::shutdownHooks() = {
+            .writeProtocol = [&] { calls.push_back("protocol"); },
+            .saveLastSession = [&](const std::string&) { calls.push_back("session"); },
+            .closeFiles = [&] { calls.push_back("files"); },
+            .closeHelp = [&] { calls.push_back("help"); }};
+        the_session.ProtocolPending = true;
+        the_session.DatabaseFile = "STUDENT.Q05";
+        const std::filesystem::path empty = folder() / the_session.ProtocolFile;
+        std::ofstream(empty) << "";
+        if (byMenu)
+            choose("mnuData_Exit");
+        else
+            frame->close();
+        EXPECT_FALSE(frame->isVisible());
+        EXPECT_EQ(calls, (std::vector<std::string>{"protocol", "session", "files", "help"}));
+        EXPECT_FALSE(std::filesystem::exists(empty));
+    }
+}
+
+class Stubborn : public QWidget {
+  public:
+    bool refuses = true;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override { event->setAccepted(!refuses); }
+};
+
+TEST_F(Frame, AViewThatRefusesToCloseKeepsTheProgramOpen) {
+    start();
+    int ends = 0;
+    session::shutdownHooks().closeFiles = [&] { ++ends; };
+    auto* view = new Stubborn;
+    view->setObjectName("frmTpvEdit");
+    shell::OpenChild(view);
+    EXPECT_FALSE(frame->close());
+    EXPECT_TRUE(frame->isVisible());
+    EXPECT_EQ(ends, 0);
+    view->refuses = false;
+    EXPECT_TRUE(frame->close());
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(Frame, ViewsReopenWhereTheyWere) {
+    start();
+    const auto open = [] {
+        auto* view = new QWidget;
+        view->setObjectName("frmGraph2D");
+        view->setMinimumSize(200, 100);
+        shell::OpenChild(view);
+        return view->parentWidget();
+    };
+    QWidget* window = open();
+    const QRect place(120, 90, 420, 330);
+    window->setGeometry(place);
+    shell::CloseViews({"frmGraph2D"});
+    drive::settle();
+    EXPECT_EQ(open()->geometry(), place);
+}
+
+TEST_F(Frame, TheWindowMenuListsTheOpenViews) {
+    start();
+    for (const char* title : {"First", "Second"}) {
+        auto* view = new QWidget;
+        view->setObjectName(title);
+        view->setWindowTitle(title);
+        shell::OpenChild(view);
+    }
+    auto* menu = frame->findChild<QMenu*>("mnuWindow");
+    Q_EMIT menu->aboutToShow();
+    QStringList titles;
+    for (const QAction* action : menu->actions())
+        if (action->isCheckable()) titles << action->text();
+    EXPECT_EQ(titles, (QStringList{"First", "Second"}));
+    menu->actions().at(4)->trigger();
+    EXPECT_EQ(shell::FindView("First")->window(), frame.get());
+    drive::action("mnuWindow_CloseAll")->trigger();
+    drive::settle();
+    EXPECT_EQ(shell::FindView("First"), nullptr);
+}
+
+TEST_F(Frame, IdentityTellsWhetherAViewIsOpen) {
+    start();
+    auto* view = new QWidget;
+    view->setObjectName("frmGraph2D");
+    EXPECT_FALSE(shell::IsFormOpen(view));
+    shell::OpenChild(view);
+    EXPECT_TRUE(shell::IsFormOpen(view));
+    EXPECT_TRUE(shell::Activate("frmGraph2D"));
+    shell::CloseViews({"frmGraph2D"});
+    drive::settle();
+    EXPECT_FALSE(shell::IsFormOpen(view)) << "the pointer is dead by now";
+    EXPECT_FALSE(shell::IsFormOpen(nullptr));
+    EXPECT_FALSE(shell::Activate("frmGraph2D"));
+}
+
+TEST_F(Frame, HelpMenuRowsSpeakOfTheProgram) {
+    start();
+    choose("mnuHilfe_About");
+    EXPECT_NE(user.lastText().find("GNU General Public License"), std::string::npos);
+    choose("mnuInfo");
+    EXPECT_NE(user.lastText().find(folder().string()), std::string::npos);
+}
+
+TEST_F(Frame, StartsWithoutDelay) {
+    QElapsedTimer clock;
+    clock.start();
+    start();
+    std::cout << "start " << clock.elapsed() << " ms\n";
+    EXPECT_LT(clock.elapsed(), 1000) << "with room for a busy machine";
+}
+
+TEST_F(Frame, TheModelViewOpensAtOnce) {
+    start();
+    openSubstance("Carbon dioxide");
+    QElapsedTimer clock;
+    drive::when("frmQModell", [&] {
+        std::cout << "model view " << clock.elapsed() << " ms\n";
+        EXPECT_LT(clock.elapsed(), 500) << "with room for a busy machine";
+        click("OKModell");
+    });
+    clock.start();
+    choose("mnuModel");
+}
+
+}  // namespace

@@ -1,0 +1,541 @@
+#include "common/numbers.h"
+#include "gui/calc_view_test.h"
+#include "gui/editor_drive.h"
+#include "gui/widgets/number_edit.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
+
+namespace {
+
+using drive::cell;
+using drive::choose;
+using drive::click;
+using drive::isEnabled;
+using drive::isVisible;
+using drive::lineHead;
+using drive::lines;
+using drive::mark;
+using drive::read;
+using drive::type;
+using legacy::the_BatchData;
+using legacy::the_session;
+
+constexpr double kM = 44.009;  // carbon dioxide, kg/kmol
+
+class MeasuredDataEditorTest : public CalcViewTest {
+  protected:
+    MeasuredDataEditorTest() { startProject("Carbon dioxide"); }
+
+    /// The editor with three lines: T and p falling, and one value of each other column.
+    void openWithData() {
+        useData({{0, 280, 300, 5.5F, 900, 0, 0},
+                 {0, 270, 200, 4.5F, 950, 10000, 0},
+                 {0, 290, 100, 3.5F, 850, 0, 80}});
+        choose("mnuData_BatchEdit");
+        user.messages.clear();
+    }
+
+    static calculation::BatchDataSet set(int line) {
+        return the_BatchData.at(static_cast<std::size_t>(line));
+    }
+
+    /// Types the six input fields in the order of the columns.
+    static void typeInput(std::initializer_list<const char*> texts) {
+        int i = 0;
+        for (const char* text : texts) type(QString("txtInput_%1").arg(i++), text);
+    }
+
+    static std::vector<double> temperatures() {
+        std::vector<double> all;
+        for (int i = 1; i <= the_session.BatchCount; ++i) all.push_back(set(i).T);
+        return all;
+    }
+
+    std::string path(const char* name) const { return (folder() / name).string(); }
+};
+
+constexpr auto kGrid = "grdTpV";
+
+// -------------------------------------------------------------------------------- opening, input
+
+TEST_F(MeasuredDataEditorTest, OpensEmptyForNewData) {
+    choose("mnuData_BatchInput");
+    EXPECT_EQ(read("frmTpvEdit"), " Experimental data, input /edit");
+    EXPECT_EQ(lines(kGrid), 0);
+    EXPECT_EQ(read("lblStatus"), "empty list");
+    EXPECT_TRUE(drive::isChecked("optInputMode_0"));
+    EXPECT_EQ(read("optInputMode_0"), "Input mode = Add");
+    EXPECT_EQ(read("optInputMode_1"), "Input mode = Edit");
+    EXPECT_EQ(read("cmdBatchLoad"), "Load *.BAQ NEW");
+    EXPECT_EQ(read("cmdBatchAdd"), "&Add. File *.BAQ");
+    EXPECT_EQ(read("cmdErase"), "Remove marked lines");
+    EXPECT_EQ(read("cmdClipEinfuegen"), "Add clipboard");
+    EXPECT_EQ(read("cmdSaveXY"), "Save as *.XY");
+    EXPECT_EQ(read("cmdPrintTpVListe"), "Print table");
+    EXPECT_EQ(read("cmdFitting"), "Send data to T-y fitting");
+    EXPECT_EQ(read("cmdlogGraf"), "Meas. point graph  ln{p} = f(1/T)");
+    EXPECT_EQ(drive::get("cmdAus")->toolTip(), "...excluding that line from graph and fitting ");
+    EXPECT_EQ(drive::get("cmdClipEinfuegen")->toolTip(), "...at the marked position ");
+    const QAbstractItemModel* model = drive::get<QAbstractItemView>(kGrid)->model();
+    QStringList heads;
+    for (int i = 0; i < model->columnCount(); ++i)
+        heads << model->headerData(i, Qt::Horizontal).toString();
+    EXPECT_EQ(heads, QStringList({"T\nK", "p\nkPa", "rho_L\nkg/m^3", "rho_V\nkg/m^3",
+                                  "delta(LV)h\nkJ/kmol", "cp\nkJ/(kmol K)"}));
+}
+
+TEST_F(MeasuredDataEditorTest, AsksBeforeNewDataReplaceThePresentOnes) {
+    useData({{0, 280, 300, 0, 0, 0, 0}});
+    user.answers = {dialogs::Answer::No};
+    choose("mnuData_BatchInput");
+    EXPECT_FALSE(isVisible("frmTpvEdit"));
+    EXPECT_EQ(the_session.BatchCount, 1);
+    user.answers = {dialogs::Answer::Yes};
+    choose("mnuData_BatchInput");
+    EXPECT_TRUE(isVisible("frmTpvEdit"));
+    EXPECT_EQ(the_session.BatchCount, 0);
+}
+
+TEST_F(MeasuredDataEditorTest, AddsALineByEnter) {
+    choose("mnuData_BatchInput");
+    typeInput({"300", "5000", "", "128,5", "", "40"});
+    drive::press("txtInput_5", Qt::Key_Return);
+    ASSERT_EQ(the_session.BatchCount, 1);
+    EXPECT_EQ(set(1).T, 300.0);
+    EXPECT_EQ(set(1).p, 5000.0);
+    EXPECT_EQ(set(1).rhoL, 0.0F);
+    EXPECT_EQ(set(1).rhoV, 128.5F);
+    EXPECT_EQ(set(1).cp, 40.0F);
+    EXPECT_EQ(read("lblStatus"), "line 1");
+    EXPECT_EQ(cell(kGrid, 1, 4), "128.5");
+    EXPECT_EQ(cell(kGrid, 1, 3), "");
+    // The next line can be typed at once.
+    EXPECT_EQ(read("txtInput_0"), "");
+    EXPECT_EQ(frame.focusWidget()->objectName(), "txtInput_0");
+    type("txtInput_0", "310");
+    click("OKinput");
+    EXPECT_EQ(the_session.BatchCount, 2);
+    EXPECT_EQ(read("lblStatus"), "line 2");
+    EXPECT_TRUE(drive::offers("mnuData_BatchEdit"));
+}
+
+TEST_F(MeasuredDataEditorTest, AddsNoLineWithoutAValue) {
+    choose("mnuData_BatchInput");
+    click("OKinput");
+    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_TRUE(drive::get<NumberEdit>("txtInput_0")->isMarked());
+    type("txtInput_1", "5e");
+    click("OKinput");
+    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_TRUE(drive::get<NumberEdit>("txtInput_1")->isMarked());
+}
+
+TEST_F(MeasuredDataEditorTest, EditsTheMarkedLine) {
+    openWithData();
+    click("optInputMode_1");
+    mark(kGrid, 2, 2);
+    EXPECT_EQ(read("lblStatus"), "line 2");
+    EXPECT_EQ(read("txtInput_0"), "270");
+    EXPECT_EQ(read("txtInput_4"), "10000");
+    EXPECT_EQ(read("txtInput_5"), "");
+    type("txtInput_1", "205.25");
+    type("txtInput_4", "");
+    click("OKinput");
+    EXPECT_EQ(set(2).p, 205.25);
+    EXPECT_EQ(set(2).hLV, 0.0F);
+    EXPECT_EQ(set(2).rhoL, 950.0F);
+    EXPECT_EQ(the_session.BatchCount, 3);
+}
+
+TEST_F(MeasuredDataEditorTest, KeepsTheDigitsThatTheTableDoesNotShow) {
+    useData({{0, 280.123456, 300.1234567, 5.5F, 0, 0, 0}});
+    choose("mnuData_BatchEdit");
+    EXPECT_EQ(cell(kGrid, 1, 1), "280.123");
+    EXPECT_EQ(cell(kGrid, 1, 2), "300.12346");
+    click("optInputMode_1");
+    mark(kGrid, 1, 1);
+    type("txtInput_3", "6");
+    click("OKinput");
+    EXPECT_EQ(set(1).T, 280.123456);
+    EXPECT_EQ(set(1).p, 300.1234567);
+    EXPECT_EQ(set(1).rhoV, 6.0F);
+}
+
+TEST_F(MeasuredDataEditorTest, EditsACellInTheTable) {
+    openWithData();
+    auto* table = drive::usable<QTableView>(kGrid);
+    table->setFocus();
+    table->setCurrentIndex(table->model()->index(0, 1));
+    drive::press(kGrid, Qt::Key_Return);
+    auto* field = table->findChild<NumberEdit*>();
+    ASSERT_NE(field, nullptr);
+    EXPECT_EQ(field->text(), "300");
+    field->selectAll();
+    QTest::keyClicks(field, "3x12,5");
+    QTest::keyClick(field, Qt::Key_Return);
+    drive::settle();
+    EXPECT_EQ(set(1).p, 312.5);
+    EXPECT_EQ(the_session.BatchCount, 3);
+}
+
+// --------------------------------------------------------------------------------------- units
+
+TEST_F(MeasuredDataEditorTest, StoresInputInKelvinKilopascalAndDensity) {
+    choose("mnuData_BatchInput");
+    click("opt_T_unit_1");
+    click("opt_p_Unit_1");
+    EXPECT_EQ(read("lblUnit_0"), "°C");
+    EXPECT_EQ(read("lblUnit_1"), "atm");
+    typeInput({"25", "2"});
+    click("OKinput");
+    EXPECT_DOUBLE_EQ(set(1).T, 298.15);
+    EXPECT_DOUBLE_EQ(set(1).p, 202.65);
+    click("opt_p_Unit_2");
+    typeInput({"0", "760"});
+    click("OKinput");
+    EXPECT_DOUBLE_EQ(set(2).T, 273.15);
+    EXPECT_NEAR(set(2).p, 101.325, 1e-12);
+    EXPECT_EQ(cell(kGrid, 1, 1), "25");
+    EXPECT_EQ(cell(kGrid, 1, 2), "1520");
+    click("opt_p_Unit_0");
+    click("opt_T_unit_0");
+    EXPECT_EQ(cell(kGrid, 1, 1), "298.15");
+    EXPECT_EQ(cell(kGrid, 1, 2), "202.65");
+}
+
+TEST_F(MeasuredDataEditorTest, TakesVolumesOfAnAmountOfSubstance) {
+    choose("mnuData_BatchInput");
+    EXPECT_FALSE(isEnabled("txtMol"));
+    EXPECT_EQ(read("lblInput_2"), "rho_L");
+    click("opt_Rho_Unit_1");
+    EXPECT_TRUE(isEnabled("txtMol"));
+    EXPECT_EQ(read("lblInput_2"), "v_L");
+    EXPECT_EQ(read("lblInput_3"), "v_V");
+    EXPECT_EQ(read("lblUnit_3"), "m^3");
+    EXPECT_EQ(drive::get("opt_Rho_Unit_1")->toolTip(),
+              " applying the input value after re-calculation rho = M n / V (molar mass "
+              "M/(kg/kmol)= 44.009");
+    type("txtMol", "2");
+    typeInput({"300", "5000", "0.1", "0.8"});
+    click("OKinput");
+    EXPECT_NEAR(static_cast<double>(set(1).rhoL), kM * 2 / 0.1, 1e-4);
+    EXPECT_NEAR(static_cast<double>(set(1).rhoV), kM * 2 / 0.8, 1e-5);
+    EXPECT_EQ(cell(kGrid, 1, 4), "0.8");
+    click("opt_Rho_Unit_0");
+    EXPECT_EQ(cell(kGrid, 1, 4), "110.0225");
+    click("opt_Rho_Unit_1");
+    type("txtMol", "0");
+    typeInput({"310", "5000", "", "0.8"});
+    click("OKinput");
+    EXPECT_TRUE(drive::get<NumberEdit>("txtMol")->isMarked());
+    EXPECT_EQ(the_session.BatchCount, 1);
+}
+
+TEST_F(MeasuredDataEditorTest, ShowsAndTakesNumbersWithADecimalComma) {
+    numbers::set_decimal_mark(',');
+    choose("mnuData_BatchInput");
+    typeInput({"300,25", "101,325"});
+    click("OKinput");
+    typeInput({"301.5", "99.5"});
+    click("OKinput");
+    EXPECT_EQ(set(1).T, 300.25);
+    EXPECT_EQ(set(2).T, 301.5);
+    EXPECT_EQ(cell(kGrid, 1, 2), "101,325");
+    EXPECT_EQ(cell(kGrid, 2, 2), "99,5");
+}
+
+TEST_F(MeasuredDataEditorTest, AChangeOfUnitsIsNoChangeOfData) {
+    openWithData();
+    for (const char* option : {"opt_T_unit_1", "opt_p_Unit_2", "opt_Rho_Unit_1"}) click(option);
+    click("cmdClose");
+    EXPECT_FALSE(isVisible("frmTpvEdit"));
+    EXPECT_TRUE(user.messages.empty()) << user.lastText();
+    EXPECT_EQ(set(1).p, 300.0);
+}
+
+// ------------------------------------------------------------------------------- lines and order
+
+TEST_F(MeasuredDataEditorTest, SortsByTemperatureAndPressureWithTheActivityOfEachLine) {
+    openWithData();
+    mark(kGrid, 1, 1);
+    click("cmdAus");
+    EXPECT_EQ(lineHead(kGrid, 1), "(1)");
+    EXPECT_NE(set(1).skip, 0);
+    click("TSort");
+    EXPECT_EQ(temperatures(), (std::vector<double>{270, 280, 290}));
+    EXPECT_EQ(set(1).skip, 0);
+    EXPECT_NE(set(2).skip, 0);
+    EXPECT_EQ(lineHead(kGrid, 2), "(2)");
+    click("pSort");
+    EXPECT_EQ(temperatures(), (std::vector<double>{290, 270, 280}));
+    EXPECT_NE(set(3).skip, 0);
+    mark(kGrid, 2, 3);
+    click("cmdAus");
+    EXPECT_NE(set(2).skip, 0);
+    EXPECT_EQ(set(3).skip, 0);
+    EXPECT_EQ(lineHead(kGrid, 3), "3");
+}
+
+TEST_F(MeasuredDataEditorTest, RemovesMarkedLinesAfterAQuestion) {
+    openWithData();
+    mark(kGrid, 1, 2);
+    user.answers = {dialogs::Answer::No};
+    click("cmdErase");
+    EXPECT_EQ(user.lastText(), "lines 1 till 2 really remove?");
+    EXPECT_EQ(user.lastTitle(), "WARNING");
+    EXPECT_EQ(the_session.BatchCount, 3);
+    user.answers = {dialogs::Answer::Yes};
+    click("cmdErase");
+    EXPECT_EQ(temperatures(), (std::vector<double>{290}));
+    EXPECT_EQ(read("lblStatus"), "line 1");
+    user.answers = {dialogs::Answer::Yes};
+    click("cmdErase");
+    EXPECT_EQ(user.lastText(), "line 1 really remove?");
+    EXPECT_EQ(read("lblStatus"), "empty list");
+}
+
+TEST_F(MeasuredDataEditorTest, RefusesLineCommandsWithoutAMark) {
+    openWithData();
+    drive::get<QTableView>(kGrid)->clearSelection();
+    for (const char* command : {"cmdErase", "cmdAus"}) {
+        user.messages.clear();
+        click(command);
+        ASSERT_EQ(user.messages.size(), 1U) << command;
+        EXPECT_EQ(user.lastText(), "No marked item!");
+        EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    }
+    click("optInputMode_1");
+    user.messages.clear();
+    click("OKinput");
+    EXPECT_EQ(user.lastText(), "No marked item!");
+    EXPECT_EQ(the_session.BatchCount, 3);
+}
+
+TEST_F(MeasuredDataEditorTest, InsertsTheClipboardAtTheMarkedLine) {
+    openWithData();
+    mark(kGrid, 2, 2);
+    user.clipboard = "T\tp\r\n250\t1\t\t2,5\r\n251\t2\r\n";
+    click("cmdClipEinfuegen");
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 250, 251, 270, 290}));
+    EXPECT_EQ(set(2).rhoV, 2.5F);
+    EXPECT_EQ(read("lblStatus"), "line 2");
+    user.clipboard = "no numbers";
+    user.messages.clear();
+    click("cmdClipEinfuegen");
+    EXPECT_EQ(user.lastText(), "The clipboard holds no lines of numbers.");
+    EXPECT_EQ(the_session.BatchCount, 5);
+}
+
+TEST_F(MeasuredDataEditorTest, OffersClipboardAndErasingInItsMenu) {
+    openWithData();
+    mark(kGrid, 1, 2);
+    drive::popupRow("mnuCopy1")->trigger();
+    EXPECT_EQ(user.clipboard, "280\t300\t900\t5.5\t\t\r\n270\t200\t950\t4.5\t10000\t\r\n");
+    mark(kGrid, 3, 3);
+    drive::popupRow("mnuPaste1")->trigger();
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 280, 270, 290}));
+    EXPECT_EQ(set(4).hLV, 10000.0F);
+
+    auto* table = drive::get<QTableView>(kGrid);
+    table->selectionModel()->select({table->model()->index(0, 1), table->model()->index(1, 2)},
+                                    QItemSelectionModel::ClearAndSelect);
+    drive::popupRow("mnuSubDelNull1")->trigger();
+    EXPECT_EQ(set(1).p, 0.0);
+    EXPECT_EQ(set(2).rhoL, 0.0F);
+    EXPECT_EQ(set(2).T, 270.0);
+    EXPECT_EQ(cell(kGrid, 1, 2), "");
+    user.answers = {dialogs::Answer::Yes};
+    drive::popupRow("mnuSubDelLine1")->trigger();
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 290}));
+    EXPECT_EQ(drive::popupRow("mnuPaste1")->text().section('\t', 0, 0), "paste");
+    EXPECT_EQ(drive::popupRow("mnuSubDelNull1")->text().section('\t', 0, 0), "marked cell(s) => 0");
+    EXPECT_EQ(drive::popupRow("mnuSubDelLine1")->text(), "remove marked line(s)");
+    EXPECT_EQ(drive::get<QMenu>("mnuEdit1")->findChild<QMenu*>("mnuErase1")->title(), "delete");
+}
+
+TEST_F(MeasuredDataEditorTest, KnowsTheKeysOfTheClipboard) {
+    openWithData();
+    drive::usable(kGrid)->setFocus();
+    mark(kGrid, 1, 1);
+    drive::press(kGrid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(user.clipboard, "280\t300\t900\t5.5\t\t\r\n");
+    mark(kGrid, 3, 3);
+    drive::press(kGrid, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 280, 290}));
+    drive::press(kGrid, Qt::Key_Delete);
+    EXPECT_EQ(set(3).T, 0.0);
+    EXPECT_EQ(the_session.BatchCount, 4);
+}
+
+// --------------------------------------------------------------------------------------- files
+
+TEST_F(MeasuredDataEditorTest, SavesAndLoadsAFile) {
+    openWithData();
+    type("txtComment", "measured by hand");
+    user.fileAnswers = {path("co2.BAQ")};
+    click("cmdBatchSave");
+    ASSERT_FALSE(user.files.empty());
+    EXPECT_EQ(user.files.back().title, "Save exper. data as text file *.BAQ");
+    EXPECT_EQ(user.files.back().filter, "QUOR-specific file (*.BAQ)|*.BAQ");
+    EXPECT_EQ(read("lblBatchFile"), "File: co2.BAQ");
+    click("cmdClose");
+    EXPECT_TRUE(user.messages.empty()) << user.lastText();
+
+    user.answers = {dialogs::Answer::Yes};
+    choose("mnuData_BatchInput");
+    EXPECT_EQ(lines(kGrid), 0);
+    EXPECT_EQ(read("txtComment"), "");
+    user.fileAnswers = {path("co2.BAQ")};
+    click("cmdBatchLoad");
+    EXPECT_EQ(user.files.back().title, "Open a batch-file of experimental data (*.BAQ)");
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 290}));
+    EXPECT_EQ(read("txtComment"), "measured by hand");
+    EXPECT_EQ(read("lblStatus"), "line 1");
+    // What was just loaded is not unsaved.
+    user.messages.clear();
+    click("cmdClose");
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(MeasuredDataEditorTest, AppendsAFile) {
+    openWithData();
+    user.fileAnswers = {path("co2.BAQ")};
+    click("cmdBatchSave");
+    user.fileAnswers = {path("co2.BAQ")};
+    click("cmdBatchAdd");
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 290, 280, 270, 290}));
+    EXPECT_EQ(read("lblStatus"), "line 4");
+    user.messages.clear();
+    user.answers = {dialogs::Answer::No};
+    click("cmdClose");
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
+    EXPECT_FALSE(isVisible("frmTpvEdit"));
+}
+
+TEST_F(MeasuredDataEditorTest, AsksToSaveBeforeItClosesAndStaysWhenSavingIsCancelled) {
+    openWithData();
+    click("TSort");
+    user.answers = {dialogs::Answer::Yes};
+    user.fileAnswers = {std::nullopt};
+    click("cmdClose");
+    EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
+    EXPECT_TRUE(isVisible("frmTpvEdit"));
+    user.answers = {dialogs::Answer::Yes};
+    user.fileAnswers = {path("sorted.BAQ")};
+    drive::press("txtInput_0", Qt::Key_Escape);
+    EXPECT_FALSE(isVisible("frmTpvEdit"));
+    EXPECT_FALSE(content(folder() / "sorted.BAQ").empty());
+}
+
+TEST_F(MeasuredDataEditorTest, AsksToSaveBeforeAnotherFileReplacesChangedData) {
+    openWithData();
+    user.fileAnswers = {path("co2.BAQ")};
+    click("cmdBatchSave");
+    click("pSort");
+    user.messages.clear();
+    user.answers = {dialogs::Answer::No};
+    user.fileAnswers = {path("co2.BAQ")};
+    click("cmdBatchLoad");
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 290}));
+}
+
+TEST_F(MeasuredDataEditorTest, StaysUnsavedWhenItIsOpenedOnceMore) {
+    openWithData();
+    click("TSort");
+    choose("mnuData_BatchEdit");
+    user.answers = {dialogs::Answer::No};
+    click("cmdClose");
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
+    // New data are not what was changed.
+    openWithData();
+    click("TSort");
+    user.answers = {dialogs::Answer::Yes};
+    choose("mnuData_BatchInput");
+    user.messages.clear();
+    click("cmdClose");
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(MeasuredDataEditorTest, KeepsTheDataWhenAFileCannotBeRead) {
+    openWithData();
+    std::ofstream(folder() / "empty.BAQ").close();
+    user.fileAnswers = {path("empty.BAQ")};
+    click("cmdBatchLoad");
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_EQ(lines(kGrid), 3);
+    user.fileAnswers = {std::nullopt};
+    click("cmdBatchAdd");
+    EXPECT_EQ(lines(kGrid), 3);
+    user.messages.clear();
+    click("cmdClose");
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(MeasuredDataEditorTest, SavesAColumnAsXYFile) {
+    openWithData();
+    click("optFitFunction_2");
+    user.fileAnswers = {path("density.XY")};
+    click("cmdSaveXY");
+    const std::string text = content(folder() / "density.XY");
+    EXPECT_EQ(text, read("txtComment").toStdString() +
+                        "\r\n.2800000E+03;.9000000E+03\r\n.2700000E+03;.9500000E+03\r\n"
+                        ".2900000E+03;.8500000E+03\r\n");
+}
+
+TEST_F(MeasuredDataEditorTest, PrintsTheTable) {
+    openWithData();
+    mark(kGrid, 2, 2);
+    click("cmdAus");
+    click("cmdPrintTpVListe");
+    ASSERT_EQ(user.prints.size(), 1U);
+    EXPECT_EQ(user.prints[0].font, "COURIER");
+    EXPECT_NE(user.prints[0].text.find("(2)"), std::string::npos);
+    EXPECT_NE(user.prints[0].text.find("rho_L/(kg/m^3)"), std::string::npos);
+}
+
+// ------------------------------------------------------------------------------ other commands
+
+TEST_F(MeasuredDataEditorTest, SendsItsDataToFittingAndGraphsOnceTheseAreThere) {
+    for (const char* action : {"fit_data", "graph_data", "graph_data_ln"})
+        actions::RegisterAction(action, {});
+    openWithData();
+    for (const char* button : {"cmdFitting", "cmdGraphFunction", "cmdlogGraf"})
+        EXPECT_FALSE(isEnabled(button)) << button;
+    click("cmdClose");
+
+    std::string called;
+    for (const char* action : {"fit_data", "graph_data", "graph_data_ln"})
+        actions::RegisterAction(action, [&called, action] { called = action; });
+    openWithData();
+    click("optFitFunction_4");
+    for (const auto& [button, action] : {std::pair{"cmdFitting", "fit_data"},
+                                         {"cmdGraphFunction", "graph_data"},
+                                         {"cmdlogGraf", "graph_data_ln"}}) {
+        the_session.FitColumn = 0;
+        click(button);
+        EXPECT_EQ(called, action);
+        EXPECT_EQ(the_session.FitColumn, 4);
+        EXPECT_EQ(the_session.FitDataSource, 1);
+    }
+}
+
+TEST_F(MeasuredDataEditorTest, HoldsFiveThousandLines) {
+    legacy::the_BatchData.assign(5001, {0, 300, 100, 1.7F, 0, 0, 0});
+    the_session.BatchCount = 5000;
+    choose("mnuData_BatchEdit");
+    EXPECT_EQ(lines(kGrid), 5000);
+    const auto start = std::chrono::steady_clock::now();
+    click("TSort");
+    click("opt_T_unit_1");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_EQ(cell(kGrid, 5000, 1), "26.85");
+}
+
+}  // namespace

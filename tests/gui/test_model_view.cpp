@@ -1,0 +1,215 @@
+#include "gui/frame_test.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
+
+namespace {
+
+using drive::click;
+using drive::entries;
+using drive::isVisible;
+using drive::read;
+using drive::select;
+using legacy::the_models;
+
+class ModelView : public FrameTest {
+  protected:
+    void inView(const QString& substance, const std::function<void()>& what) {
+        start();
+        user.fileAnswers.push_back((folder() / "STUDENT.Q05").string());
+        drive::when("frmStoffWahl", [substance] {
+            drive::type("Text1", substance);
+            click("StoffOK");
+        });
+        drive::when("frmQModell", what);
+        click("Toolbar1_2");
+    }
+};
+
+TEST_F(ModelView, OffersWhatTheDataAllow) {
+    inView("Carbon dioxide", [] {
+        EXPECT_EQ(drive::find("frmQModell")->windowTitle(),
+                  " Select the calculation models for Carbon dioxide");
+        EXPECT_EQ(entries("EOSKombi").size(), 15);
+        EXPECT_EQ(read("EOSKombi"), "CEOS Peng / Robinson");
+        EXPECT_EQ(entries("pKombi").first(), "Wagner");
+        EXPECT_EQ(entries("HLVKombi").last(), "by using CEOS ('global calculation')");
+        EXPECT_TRUE(drive::isChecked("PriorOpt_0"));
+        EXPECT_FALSE(isVisible("WatsonKombi"));
+        EXPECT_EQ(read("Rx1"), "Parameters available from data base");
+        EXPECT_TRUE(drive::isEnabled("cmdData"));
+        EXPECT_TRUE(drive::isEnabled("EOSHilfe"));
+        click("cmdEsc");
+    });
+}
+
+TEST_F(ModelView, WithoutAcentricFactorTheListIsShorter) {
+    inView("Argon", [] {
+        EXPECT_EQ(entries("EOSKombi").size(), 8);
+        EXPECT_EQ(read("EOSKombi"), "CEOS Redlich / Kwong");
+        click("OKModell");
+    });
+    EXPECT_EQ(the_models.EOSModel, 4);
+    EXPECT_EQ(read("StatusBar1_2"), "CEOS Redlich / Kwong (Priority!)");
+}
+
+TEST_F(ModelView, AVirialEquationDisablesThePriority) {
+    inView("Carbon dioxide", [] {
+        select("HLVKombi", "by using CEOS ('global calculation')");
+        select("EOSKombi", "VIRIAL Equ. Pitzer / Curl");
+        EXPECT_FALSE(drive::isEnabled("fraPrior"));
+        EXPECT_TRUE(drive::isChecked("PriorOpt_1"));
+        EXPECT_FALSE(entries("HLVKombi").contains("by using CEOS ('global calculation')"));
+        EXPECT_EQ(drive::get<QComboBox>("HLVKombi")->currentIndex(), 0);
+        click("OKModell");
+    });
+    EXPECT_TRUE(the_models.EOSOnlyV);
+    EXPECT_EQ(read("StatusBar1_2"), "VIRIAL Equ. Pitzer / Curl");
+    EXPECT_EQ(read("StatusBar1_3"), "Vapour press. equ.: Wagner");
+
+    drive::when("frmQModell", [] {
+        select("EOSKombi", "CEOS van der Waals");
+        EXPECT_TRUE(drive::isEnabled("fraPrior"));
+        EXPECT_TRUE(drive::isChecked("PriorOpt_0"));
+        EXPECT_TRUE(entries("HLVKombi").contains("by using CEOS ('global calculation')"));
+        click("OKModell");
+    });
+    drive::choose("mnuModel");
+    EXPECT_TRUE(the_models.PriorityCEOS);
+}
+
+TEST_F(ModelView, ThePriorityIsChosen) {
+    inView("Carbon dioxide", [] {
+        click("PriorOpt_1");
+        click("OKModell");
+    });
+    EXPECT_FALSE(the_models.PriorityCEOS);
+    EXPECT_EQ(read("StatusBar1_3"), "Vapour press. equ.: Wagner (Priority!)");
+    drive::when("frmQModell", [] {
+        EXPECT_TRUE(drive::isChecked("PriorOpt_1"));
+        click("PriorOpt_0");
+        click("OKModell");
+    });
+    drive::choose("mnuModel");
+    EXPECT_TRUE(the_models.PriorityCEOS);
+}
+
+TEST_F(ModelView, TheWatsonExponentIsTyped) {
+    inView("Carbon dioxide", [] {
+        select("HLVKombi", "Watson-correlation");
+        EXPECT_TRUE(isVisible("WatsonKombi"));
+        EXPECT_EQ(read("WatsonKombi"), "0.38");
+        drive::type("WatsonKombi", "0,35");
+        click("OKModell");
+    });
+    EXPECT_FLOAT_EQ(the_models.WatsonN, 0.35F);
+    EXPECT_EQ(the_models.HLVModel, 4);
+}
+
+TEST_F(ModelView, TheManualVirialFormAsksForItsCoefficients) {
+    inView("Carbon dioxide", [] {
+        drive::when("frmBParInput", [] {
+            EXPECT_EQ(drive::find("frmBParInput")->windowTitle(), "Input of Virial Coefficient");
+            EXPECT_EQ(read("par_0"), "0");
+            drive::type("par_0", "0,05");
+            drive::type("par_1", "2.5E3");
+            drive::type("par_2", "1.6x");
+            EXPECT_EQ(read("par_2"), "1.6") << "only characters of a number are taken";
+            click("cmdParameter_OK");
+        });
+        select("EOSKombi", "VIRIAL Equ., Manual Input");
+        click("OKModell");
+    });
+    EXPECT_EQ(the_models.EOSModel, 10);
+    EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.05);
+    EXPECT_EQ(legacy::the_eosParameters.eosNB, 2500.0);
+    EXPECT_EQ(legacy::the_eosParameters.eosNV, 1.6);
+}
+
+TEST_F(ModelView, CancellingTheCoefficientsLeavesThem) {
+    inView("Carbon dioxide", [] {
+        drive::when("frmBParInput", [] {
+            drive::type("par_0", "7");
+            click("cancel");
+        });
+        select("EOSKombi", "VIRIAL Equ., Manual Input");
+        click("OKModell");
+    });
+    EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.0);
+}
+
+TEST_F(ModelView, AnIncompleteCoefficientIsMarked) {
+    inView("Carbon dioxide", [] {
+        drive::when("frmBParInput", [] {
+            drive::type("par_1", "-");
+            click("cmdParameter_OK");
+            EXPECT_TRUE(isVisible("frmBParInput"));
+            EXPECT_EQ(drive::find("par_1")->toolTip(), "This is not a number");
+            drive::type("par_1", "3");
+            EXPECT_EQ(drive::find("par_1")->toolTip(), "");
+            click("cmdParameter_OK");
+        });
+        select("EOSKombi", "VIRIAL Equ., Manual Input");
+        click("OKModell");
+    });
+    EXPECT_EQ(legacy::the_eosParameters.eosNB, 3.0);
+}
+
+TEST_F(ModelView, CarruthKobayashiWithoutAcentricFactorWarnsAndRuns) {
+    inView("Argon", [] {
+        select("HLVKombi", "Carruth/Kobayashi-correlation");
+        click("OKModell");
+    });
+    EXPECT_EQ(user.lastTitle(), "WARNING");
+    EXPECT_EQ(the_models.HLVModel, 3);
+    EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
+}
+
+TEST_F(ModelView, JiTorvikWithoutItsProgramKeepsTheViewOpen) {
+    inView("Carbon dioxide", [this] {
+        select("EOSKombi", "CEOS Ji / Torvik I");
+        click("OKModell");
+        EXPECT_TRUE(isVisible("frmQModell"));
+        EXPECT_EQ(user.messages.front().text, "No parameter-file generated.");
+        select("EOSKombi", "CEOS Soave / Redlich / Kwong");
+        click("OKModell");
+    });
+    EXPECT_EQ(the_models.EOSModel, 5);
+    EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
+}
+
+TEST_F(ModelView, EscapeRestoresTheFormerModels) {
+    start();
+    openSubstance("Carbon dioxide");
+    drive::when("frmQModell", [] {
+        select("EOSKombi", "CEOS van der Waals");
+        select("pKombi", "AUGUST (correlated)");
+        select("HLVKombi", "Chen-correlation");
+        click("PriorOpt_1");
+        drive::press("EOSKombi", Qt::Key_Escape);
+    });
+    drive::choose("mnuModel");
+    EXPECT_EQ(the_models.EOSModel, 6);
+    EXPECT_EQ(the_models.VPCode, "WAG");
+    EXPECT_TRUE(the_models.PriorityCEOS);
+    EXPECT_EQ(read("StatusBar1_2"), "CEOS Peng / Robinson (Priority!)");
+}
+
+std::vector<int> pages;
+
+TEST_F(ModelView, HelpOpensAtThePageOfTheModel) {
+    pages.clear();
+    inView("Carbon dioxide", [] {
+        shell::SetHelp([](int topic) { pages.push_back(topic); });
+        click("EOSHilfe");
+        select("EOSKombi", "CEOS van der Waals");
+        click("EOSHilfe");
+        click("pHilfe");
+        click("cmdEsc");
+    });
+    shell::SetHelp(nullptr);
+    EXPECT_EQ(pages, (std::vector<int>{2006, 2002, 2104}));
+}
+
+}  // namespace

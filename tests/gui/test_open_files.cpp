@@ -1,0 +1,141 @@
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <fstream>
+
+#include "datafiles/project.h"
+#include "gui/diagrams/diagram_window.h"
+#include "gui/graph_test.h"
+#include "gui/widgets/settings.h"
+#include "legacy/declare.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
+
+namespace {
+
+namespace fs = std::filesystem;
+using drive::choose;
+using drive::click;
+using drive::when;
+using legacy::the_session;
+
+/// Files that come to the frame from outside.
+class OpenFiles : public GraphTest {
+  protected:
+    std::string path(const char* name) const { return (folder() / name).string(); }
+
+    void drop(const std::vector<std::string>& files) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const std::string& file : files)
+            urls << QUrl::fromLocalFile(QString::fromStdString(file));
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(200, 200), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(frame.get(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event(QPointF(200, 200), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(frame.get(), &event);
+        drive::settle();
+    }
+    void answerChoice(const char* substance) {
+        when("frmStoffWahl", [substance] {
+            drive::type("Text1", substance);
+            click("StoffOK");
+        });
+        when("frmQModell", [] { click("OKModell"); });
+    }
+};
+
+TEST_F(OpenFiles, ADatabaseIsOpenedAsByItsRow) {
+    fs::create_directory(folder() / "other");
+    databases::Write(folder() / "other" / "OWN.Q05", {databases::Row("Water")});
+    answerChoice("Water");
+    drop({path("other/OWN.Q05")});
+    EXPECT_EQ(the_session.DatabaseFile, "OWN.Q05");
+    EXPECT_EQ(legacy::the_substance.Name, "Water");
+    EXPECT_EQ(settings::recentFiles().constFirst().toStdString(), path("other/OWN.Q05"));
+}
+
+TEST_F(OpenFiles, AProjectIsLoaded) {
+    user.fileAnswers = {path("mine.QCF")};
+    datafiles::SaveProject(true);
+    databases::Write(folder() / "SECOND.Q05", {databases::Row("Water")});
+    answerChoice("Water");
+    drop({path("SECOND.Q05")});
+    ASSERT_EQ(legacy::the_substance.Name, "Water");
+    drop({path("mine.QCF")});
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(settings::recentFiles().constFirst().toStdString(), path("mine.QCF"));
+}
+
+TEST_F(OpenFiles, ExperimentalDataOpenInTheirTable) {
+    fs::copy(fs::path(QUOR_SOURCE_DATA) / "samples" / "propane_saturation.BAQ", folder());
+    drop({path("propane_saturation.BAQ")});
+    EXPECT_TRUE(drive::isVisible("frmTpvEdit"));
+    EXPECT_EQ(the_session.BatchCount, 28);
+    // Data of another substance are asked about, as by the command of the table.
+    fs::copy(fs::path(QUOR_SOURCE_DATA) / "samples" / "water_saturation.BAQ", folder());
+    user.answers = {dialogs::Answer::No, dialogs::Answer::No};
+    user.messages.clear();
+    drop({path("water_saturation.BAQ")});
+    ASSERT_FALSE(user.messages.empty());
+    EXPECT_NE(user.messages.front().text.find("substance not found in the actual data base"),
+              std::string::npos)
+        << user.messages.front().text;
+    EXPECT_EQ(the_session.BatchFile, "propane_saturation.BAQ");
+}
+
+TEST_F(OpenFiles, PointsOpenInTheEditor) {
+    fs::copy(fs::path(QUOR_SOURCE_DATA) / "samples" / "propane_vapour_pressure.XY", folder());
+    drop({path("propane_vapour_pressure.XY")});
+    EXPECT_TRUE(drive::isVisible("frmManuInput"));
+    EXPECT_GT(legacy::the_xyPoints.size(), 5U);
+}
+
+TEST_F(OpenFiles, ADiagramIsShown) {
+    openIsotherm();
+    user.fileAnswers = {path("saved.oc2")};
+    choose("mnuSaveOC2");
+    ASSERT_TRUE(fs::exists(folder() / "saved.oc2"));
+    choose("mnuHaupt");
+    drive::settle();
+    ASSERT_EQ(DiagramWindow::current(), nullptr);
+    drop({path("saved.oc2")});
+    ASSERT_NE(DiagramWindow::current(), nullptr);
+    EXPECT_EQ(sheet().CurveCount, 1);
+    EXPECT_TRUE(drive::read("frmGraph2D").endsWith("saved.oc2"));
+}
+
+TEST_F(OpenFiles, OtherFilesAreRefused) {
+    std::ofstream(folder() / "notes.txt") << "x";
+    drop({path("notes.txt"), path("gone.QCF")});
+    ASSERT_EQ(user.messages.size(), 2U);
+    EXPECT_EQ(user.messages[0].text, "This is no file of QUOR-6:\n" + path("notes.txt"));
+    EXPECT_EQ(user.messages[1].text, "File not found:\n" + path("gone.QCF"));
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+}
+
+TEST_F(OpenFiles, TheMenuOffersRecentFilesAndDropsMissingOnes) {
+    drive::open("mnuData_OpenBank");
+    auto* recent = frame->findChild<QMenu*>("mnuData_Recent");
+    ASSERT_NE(recent, nullptr);
+    ASSERT_EQ(recent->actions().size(), 1);
+    EXPECT_TRUE(recent->isEnabled());
+    EXPECT_TRUE(recent->actions().constFirst()->text().contains("STUDENT.Q05"));
+    answerChoice("Propane");
+    recent->actions().constFirst()->trigger();
+    drive::settle();
+    EXPECT_TRUE(user.messages.empty()) << user.lastText();
+
+    fs::remove(folder() / "STUDENT.Q05");
+    drive::open("mnuData_OpenBank");
+    recent->actions().constFirst()->trigger();
+    EXPECT_EQ(user.lastText(), "File not found:\n" + path("STUDENT.Q05"));
+    drive::open("mnuData_OpenBank");
+    EXPECT_TRUE(recent->actions().isEmpty());
+    EXPECT_FALSE(recent->isEnabled());
+}
+
+}  // namespace

@@ -1,0 +1,112 @@
+#include "app/wiring.h"
+#include "datafiles/database.h"
+#include "gui/frame_test.h"
+#include "models/saturation.h"
+#include "session/module2.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
+
+namespace {
+
+using legacy::the_session;
+
+/// The frame with the real project files and the real end of the program behind it.
+class Projects : public FrameTest {
+  protected:
+    void startProgram() { start(); }
+    void endProgram() {
+        frame->close();
+        drive::settle();
+        frame.reset();
+        session::ResetEverything();
+    }
+};
+
+TEST_F(Projects, TheLastSessionComesBackAsItWas) {
+    startProgram();
+    openSubstance("Carbon dioxide");
+    drive::when("frmOptions", [] {
+        drive::click("optMolarSpez_1");
+        drive::click("cmdOK");
+    });
+    drive::choose("mnuOptions");
+    ASSERT_EQ(the_session.CaloricUnit, 3);
+    const models::ModelSelection models = legacy::the_models;
+    const double p = models::SaturationPressure(280).p;
+    ASSERT_GT(p, 0);
+    endProgram();
+    EXPECT_TRUE(std::filesystem::exists(folder() / "QuorLastSession.QCF"));
+
+    startProgram();
+    EXPECT_TRUE(the_session.DatabaseFile.empty());
+    drive::click("Toolbar1_4");
+    EXPECT_EQ(the_session.DatabaseFile, "STUDENT.Q05");
+    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
+    EXPECT_EQ(the_session.CaloricUnit, 3);
+    EXPECT_EQ(the_session.VolumeLabel, "m^3/kg  ");
+    EXPECT_EQ(legacy::the_models.EOSModel, models.EOSModel);
+    EXPECT_EQ(legacy::the_models.VPCode, models.VPCode);
+    EXPECT_EQ(legacy::the_models.HLVModel, models.HLVModel);
+    EXPECT_EQ(legacy::the_models.PriorityCEOS, models.PriorityCEOS);
+    EXPECT_TRUE(session::IsEnabled(session::Command::mnuCalcMain));
+    EXPECT_NEAR(models::SaturationPressure(280).p, p, 1e-9 * p)
+        << "the constants of the EOS are there";
+}
+
+TEST_F(Projects, WithoutADatabaseNoLastSessionIsWritten) {
+    startProgram();
+    endProgram();
+    EXPECT_FALSE(std::filesystem::exists(folder() / "QuorLastSession.QCF"));
+}
+
+TEST_F(Projects, ASavedProjectIsLoadedFromItsFile) {
+    startProgram();
+    openSubstance("Carbon dioxide");
+    const std::string file = (folder() / "work.QCF").string();
+    user.fileAnswers.push_back(file);
+    user.inputAnswers.push_back("a comment");
+    drive::choose("mnuData_SaveProject");
+    EXPECT_TRUE(std::filesystem::exists(file));
+    EXPECT_EQ(user.messages.front().title, "Single Note");
+    openSubstance("Argon");
+    ASSERT_EQ(legacy::the_substance.Name, "Argon");
+    user.fileAnswers.push_back(file);
+    drive::choose("mnuData_LoadProject");
+    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
+    EXPECT_EQ(legacy::the_models.EOSModel, 6);
+}
+
+TEST_F(Projects, AMissingSubstanceLeavesTheDatabaseAtHand) {
+    startProgram();
+    openSubstance("Carbon dioxide");
+    const std::string file = (folder() / "work.QCF").string();
+    user.fileAnswers.push_back(file);
+    drive::choose("mnuData_SaveProject");
+    databases::Write(folder() / "STUDENT.Q05", {databases::Row("Argon")});
+    user.fileAnswers.push_back(file);
+    drive::choose("mnuData_LoadProject");
+    EXPECT_TRUE(legacy::the_substance.Name.empty());
+    EXPECT_TRUE(session::IsEnabled(session::Command::mnuStoff));
+    EXPECT_FALSE(session::IsEnabled(session::Command::mnuCalcMain));
+}
+
+TEST_F(Projects, ADatabaseElsewhereIsFoundAgain) {
+    std::filesystem::create_directory(folder() / "mine");
+    databases::Write(folder() / "mine" / "MINE.Q05", {databases::Row("Propane")});
+    startProgram();
+    user.fileAnswers.push_back((folder() / "mine" / "MINE.Q05").string());
+    drive::when("frmStoffWahl", [] {
+        drive::type("Text1", "Propane");
+        drive::click("StoffOK");
+    });
+    drive::when("frmQModell", [] { drive::click("OKModell"); });
+    drive::click("Toolbar1_2");
+    endProgram();
+    startProgram();
+    drive::click("Toolbar1_4");
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+}
+
+}  // namespace

@@ -1,0 +1,220 @@
+#include "common/numbers.h"
+#include "gui/calc_view_test.h"
+#include "gui/widgets/number_edit.h"
+#include "session/module2.h"
+
+using namespace quor;
+using namespace quor::app;
+using namespace quor::gui;
+
+namespace {
+
+using drive::click;
+using drive::isChecked;
+using drive::isEnabled;
+using drive::read;
+using drive::type;
+using legacy::the_reference;
+using legacy::the_session;
+
+constexpr double kR = 8.31451, kM = 44.009;
+
+class ReferenceStateDialogTest : public CalcViewTest {
+  protected:
+    /// Opens the view by its tool button and says what is done in it.
+    static void inView(std::function<void()> what) {
+        drive::when("frmReferenz", std::move(what));
+        click("Toolbar1_11");
+    }
+
+    static QStringList fields() {
+        QStringList texts;
+        for (int i = 0; i < 6; ++i) texts << read(QString("T_%1").arg(i));
+        return texts;
+    }
+
+    static std::string enabledFields() {
+        std::string pattern;
+        for (int i = 0; i < 6; ++i) pattern += isEnabled(QString("T_%1").arg(i)) ? '1' : '0';
+        return pattern;
+    }
+};
+
+TEST_F(ReferenceStateDialogTest, IsReachedOnceTheModelsAreChosen) {
+    EXPECT_FALSE(drive::action("Toolbar1_11")->isEnabled());
+    startProject("Carbon dioxide");
+    inView([] {
+        EXPECT_EQ(read("frmReferenz"), " Calculation of Thermodynamic Functions Z");
+        EXPECT_TRUE(read("opt_HNull_0").startsWith("h "));
+        EXPECT_EQ(read("opt_HNull_1").replace('\n', ' '),
+                  "Z(ref) = quantity of formation for ideal gas state at To=298.15 and normal "
+                  "pressure from elements in the stable state");
+        EXPECT_EQ(read("opt_HNull_2"), "Conventional Reference State (cf. Help)");
+        EXPECT_TRUE(isChecked("opt_HNull_0"));
+        EXPECT_EQ(fields(), QStringList({"0", "0", "298.15", "101.325", "298.15", "101.325"}));
+        click("ESC");
+    });
+}
+
+TEST_F(ReferenceStateDialogTest, NamesHAndSInTheUnitOfTheSession) {
+    startProject("Carbon dioxide");
+    struct Case {
+        std::int16_t unit;
+        const char *h, *s;
+    };
+    for (const Case& c :
+         {Case{0, "h /(kJ/kmol)", "s /(kJ/kmol/K)"}, Case{1, "h /K", "s /R"},
+          Case{2, "h /(R T)", "s /(1/K) "}, Case{3, "h /(kJ/kg)", "s /(kJ/(kg K))"}}) {
+        the_session.CaloricUnit = c.unit;
+        inView([&] {
+            EXPECT_EQ(read("lblT_0"), c.h);
+            EXPECT_EQ(read("lblT_1"), c.s);
+            EXPECT_TRUE(read("opt_HNull_0").startsWith(QString(c.h).trimmed()));
+            click("ESC");
+        });
+    }
+}
+
+TEST_F(ReferenceStateDialogTest, StoresTheFieldsInTheUnitsOfTheRecord) {
+    startProject("Carbon dioxide");
+    struct Case {
+        std::int16_t unit;
+        double factor;
+    };
+    for (const Case& c :
+         {Case{0, 1.0}, Case{1, 1 / kR}, Case{2, 1 / (kR * 298.15)}, Case{3, 1 / kM}}) {
+        the_session.CaloricUnit = c.unit;
+        inView([] {
+            const char* typed[] = {"100", "-2,5", "273.15", "100", "290", "95.5"};
+            for (int i = 0; i < 6; ++i) type(QString("T_%1").arg(i), typed[i]);
+            drive::press("T_5", Qt::Key_Return);
+        });
+        EXPECT_EQ(the_reference.RefMode, 1);
+        EXPECT_NEAR(the_reference.href, 100 / c.factor, 1e-4 * 100 / c.factor) << c.unit;
+        EXPECT_NEAR(the_reference.sref, -2.5 / c.factor, 1e-4 * 2.5 / c.factor) << c.unit;
+        EXPECT_EQ(the_reference.T0, 273.15F);
+        EXPECT_EQ(the_reference.p0, 100.0F);
+        EXPECT_EQ(the_reference.Tenv, 290.0);
+        EXPECT_EQ(the_reference.penv, 95.5);
+        // What is shown again is what was typed.
+        inView([] {
+            EXPECT_NEAR(read("T_0").toDouble(), 100, 1e-9);
+            EXPECT_NEAR(read("T_1").toDouble(), -2.5, 1e-9);
+            click("ESC");
+        });
+    }
+}
+
+TEST_F(ReferenceStateDialogTest, SetsTheQuantitiesOfFormation) {
+    startProject("Carbon dioxide");
+    the_reference.href = 500;
+    the_reference.T0 = 300;
+    the_reference.Tenv = 285;
+    inView([] {
+        EXPECT_EQ(enabledFields(), "111111");
+        click("opt_HNull_1");
+        EXPECT_EQ(enabledFields(), "000011");
+        EXPECT_EQ(fields(), QStringList({"0", "0", "298.15", "101.325", "285", "101.325"}));
+        click("opt_HNull_0");
+        EXPECT_EQ(enabledFields(), "111111");
+        click("opt_HNull_1");
+        click("OK");
+    });
+    EXPECT_EQ(the_reference.RefMode, 10);
+    EXPECT_EQ(the_reference.href, 0.0);
+    EXPECT_EQ(the_reference.T0, 298.15F);
+    EXPECT_EQ(the_reference.p0, 101.325F);
+    EXPECT_EQ(the_reference.Tenv, 285.0);
+    inView([] {
+        EXPECT_TRUE(isChecked("opt_HNull_1"));
+        EXPECT_EQ(enabledFields(), "000011");
+        click("ESC");
+    });
+}
+
+TEST_F(ReferenceStateDialogTest, SetsTheConventionalState) {
+    startProject("Carbon dioxide");
+    inView([] {
+        click("opt_HNull_2");
+        EXPECT_EQ(enabledFields(), "000011");
+        click("OK");
+    });
+    EXPECT_EQ(the_reference.RefMode, 2);
+    // The list of a calculation names it.
+    drive::choose("mnuCalc_11");
+    calculate("350", "4000");
+    EXPECT_TRUE(lists("Reference state: conventional h and s"));
+}
+
+TEST_F(ReferenceStateDialogTest, ShiftsTheEnthalpyOfTheNextCalculation) {
+    startProject("Carbon dioxide");
+    drive::choose("mnuCalc_11");
+    calculate("350", "4000");
+    const double h = legacy::the_Fu[10], s = legacy::the_Fu[11];
+    inView([] {
+        type("T_0", "1000");
+        type("T_1", "10");
+        click("OK");
+    });
+    calculate("350", "4000");
+    EXPECT_NEAR(legacy::the_Fu[10], h + 1000, 1e-6);
+    EXPECT_NEAR(legacy::the_Fu[11], s + 10, 1e-9);
+}
+
+TEST_F(ReferenceStateDialogTest, StoresNoSurroundingsOfZeroAndNoPressureOfZero) {
+    startProject("Carbon dioxide");
+    the_reference.p0 = 0;
+    inView([] {
+        EXPECT_EQ(read("T_3"), "101.325");
+        type("T_4", "0");
+        click("OK");
+    });
+    EXPECT_EQ(the_reference.p0, 101.325F);
+    EXPECT_EQ(the_reference.Tenv, 1e-6);
+}
+
+TEST_F(ReferenceStateDialogTest, ChangesNothingOnCancel) {
+    startProject("Carbon dioxide");
+    const models::ReferenceState before = the_reference;
+    for (const bool escape : {false, true})
+        inView([escape] {
+            click("opt_HNull_1");
+            type("T_4", "280");
+            if (escape)
+                drive::press("T_4", Qt::Key_Escape);
+            else
+                click("ESC");
+        });
+    EXPECT_EQ(the_reference, before);
+}
+
+TEST_F(ReferenceStateDialogTest, MarksATextThatIsNoNumber) {
+    startProject("Carbon dioxide");
+    const models::ReferenceState before = the_reference;
+    inView([&] {
+        type("T_2", "3e");
+        click("OK");
+        EXPECT_TRUE(drive::get<NumberEdit>("T_2")->isMarked());
+        EXPECT_EQ(the_reference, before);
+        type("T_2", "1e300");
+        user.messages.clear();
+        click("OK");
+        ASSERT_EQ(user.messages.size(), 1U);
+        EXPECT_EQ(user.lastText(), "A number is beyond the range of its field.");
+        EXPECT_EQ(the_reference, before);
+        click("ESC");
+    });
+}
+
+TEST_F(ReferenceStateDialogTest, ShowsNumbersWithADecimalComma) {
+    numbers::set_decimal_mark(',');
+    startProject("Carbon dioxide");
+    inView([] {
+        EXPECT_EQ(read("T_2"), "298,15");
+        type("T_2", "273,15");
+        click("OK");
+    });
+    EXPECT_EQ(the_reference.T0, 273.15F);
+}
+
+}  // namespace

@@ -1,0 +1,249 @@
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPrinter>
+#include <fstream>
+
+#include "common/numbers.h"
+#include "gui/view_test.h"
+#include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_dialogs.h"
+#include "gui/widgets/theme.h"
+
+using namespace quor;
+using namespace quor::gui;
+
+namespace {
+
+class NumberField : public ViewTest {
+  protected:
+    NumberField() {
+        field.setObjectName("field");
+        field.show();
+    }
+    double typed(const QString& text) {
+        drive::type("field", text);
+        return field.value();
+    }
+    NumberEdit field;
+};
+
+TEST_F(NumberField, TakesPointAndComma) {
+    for (const char mark : {'.', ','}) {
+        numbers::set_decimal_mark(mark);
+        EXPECT_EQ(typed("273.15"), 273.15);
+        EXPECT_EQ(typed("273,15"), 273.15);
+        EXPECT_EQ(typed("-1.5e-3"), -0.0015);
+        EXPECT_EQ(typed(""), 0.0);
+    }
+}
+
+TEST_F(NumberField, TakesNothingButCharactersOfANumber) {
+    drive::type("field", "1a2;34.5.6");
+    EXPECT_EQ(field.text(), "1234.56");
+    drive::type("field", "abc");
+    EXPECT_EQ(field.text(), "1234.56") << "what cannot be typed does not delete either";
+}
+
+TEST_F(NumberField, ShowsTheDecimalMarkOfTheLocale) {
+    numbers::set_decimal_mark(',');
+    field.setValue(0.25);
+    EXPECT_EQ(field.text(), "0,25");
+    EXPECT_EQ(field.value(), 0.25);
+}
+
+TEST_F(NumberField, SelectsItsTextOnFocus) {
+    QWidget window;
+    QLineEdit other(&window);
+    NumberEdit second(&window);
+    second.setGeometry(0, 40, 100, 30);
+    second.setValue(12);
+    window.show();
+    other.setFocus();
+    drive::settle();
+    second.setFocus(Qt::TabFocusReason);
+    drive::settle();
+    EXPECT_EQ(second.selectedText(), "12");
+}
+
+TEST_F(NumberField, AMarkStaysUntilSomethingIsTyped) {
+    field.setMark("too small");
+    EXPECT_TRUE(field.isMarked());
+    EXPECT_EQ(field.toolTip(), "too small");
+    field.setMark("too large");
+    EXPECT_EQ(field.actions().size(), 1);
+    drive::type("field", "5");
+    EXPECT_FALSE(field.isMarked());
+    EXPECT_TRUE(field.actions().isEmpty());
+}
+
+TEST_F(NumberField, KnowsAnIncompleteNumber) {
+    for (const char* whole : {"1", "-1.5", ".5", "1E5", " 2,5 ", "1e-3"}) {
+        field.setText(whole);
+        EXPECT_TRUE(field.holdsNumber()) << whole;
+    }
+    for (const char* part : {"", "-", ".", "1E", "1E-"}) {
+        field.setText(part);
+        EXPECT_FALSE(field.holdsNumber()) << part;
+    }
+}
+
+TEST(ToolkitFilter, TurnsPairsIntoEntries) {
+    EXPECT_EQ(dialogs::toolkit_filter("Database (*.Q05)|*.Q05"), "Database (*.Q05)");
+    EXPECT_EQ(dialogs::toolkit_filter("Project|*.QCF|All files|*.*"),
+              "Project (*.QCF);;All files (*.*)");
+    EXPECT_EQ(dialogs::toolkit_filter("Points (*.XY; *.LRG)|*.XY;*.LRG"), "Points (*.XY *.LRG)");
+    EXPECT_EQ(dialogs::toolkit_filter(""), "");
+}
+
+class DesktopDialogs : public ViewTest {
+  protected:
+    const dialogs::Functions desktop = dialogs::desktop();
+};
+
+TEST_F(DesktopDialogs, AMessageBoxAnswersWithItsButton) {
+    drive::when("MessageBox", [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        EXPECT_EQ(box->text(), "Overwright?");
+        EXPECT_EQ(box->icon(), QMessageBox::Warning);
+        EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
+        QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
+    });
+    EXPECT_EQ(desktop.message({.text = "Overwright?",
+                               .title = "WARNING",
+                               .icon = dialogs::Icon::Exclamation,
+                               .buttons = dialogs::Buttons::YesNo,
+                               .defaultAnswer = dialogs::Answer::No}),
+              dialogs::Answer::Yes);
+}
+
+TEST_F(DesktopDialogs, EscapeNeverMeansMoreThanNo) {
+    using dialogs::Answer;
+    using dialogs::Buttons;
+    const std::vector<std::pair<Buttons, Answer>> all = {{Buttons::Ok, Answer::Ok},
+                                                         {Buttons::YesNo, Answer::No},
+                                                         {Buttons::OkCancel, Answer::Cancel},
+                                                         {Buttons::YesNoCancel, Answer::Cancel}};
+    for (const auto& [buttons, expected] : all) {
+        drive::when("MessageBox",
+                    [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+        EXPECT_EQ(desktop.message({.text = "?", .title = "t", .buttons = buttons}), expected);
+    }
+}
+
+TEST_F(DesktopDialogs, ABoxIsReadableWhileWorkRuns) {
+    desktop.pointer(true);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    drive::when("MessageBox", [] {
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
+    });
+    desktop.message({.text = "?", .title = "t"});
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    desktop.pointer(false);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(DesktopDialogs, AnInputBoxGivesTheTextOrNothing) {
+    drive::when("InputBox", [] {
+        auto* box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        EXPECT_EQ(box->textValue(), "old");
+        box->setTextValue("new");
+        box->accept();
+    });
+    EXPECT_EQ(desktop.input({.text = "comment", .title = "t", .proposal = "old"}), "new");
+    drive::when("InputBox",
+                [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    EXPECT_EQ(desktop.input({.text = "comment", .title = "t"}), std::nullopt);
+}
+
+TEST_F(DesktopDialogs, ASaveDialogAddsTheExtension) {
+    drive::when("FileDialog", [this] {
+        auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        EXPECT_EQ(box->windowTitle(), "Save");
+        EXPECT_EQ(box->directory().absolutePath().toStdString(), folder().string());
+        EXPECT_EQ(box->nameFilters(), QStringList{"Project (*.QCF)"});
+        box->selectFile("mine");
+        static_cast<QDialog*>(box)->accept();
+    });
+    EXPECT_EQ(desktop.file({.save = true,
+                            .title = "Save",
+                            .filter = "Project (*.QCF)|*.QCF",
+                            .folder = folder().string(),
+                            .name = {},
+                            .defaultExtension = ".QCF"}),
+              (folder() / "mine.QCF").string());
+}
+
+TEST_F(DesktopDialogs, AnOpenDialogTakesExistingFilesOnly) {
+    std::ofstream(folder() / "A.Q05") << "x";
+    drive::when("FileDialog", [] {
+        auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        EXPECT_EQ(box->fileMode(), QFileDialog::ExistingFile);
+        box->selectFile("A.Q05");
+        static_cast<QDialog*>(box)->accept();
+    });
+    EXPECT_EQ(desktop.file({.title = "Open",
+                            .filter = "Database (*.Q05)|*.Q05",
+                            .folder = folder().string(),
+                            .name = {}}),
+              (folder() / "A.Q05").string());
+    drive::when("FileDialog",
+                [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    EXPECT_EQ(desktop.file({.title = "Open",
+                            .filter = "Database (*.Q05)|*.Q05",
+                            .folder = folder().string(),
+                            .name = {}}),
+              std::nullopt);
+}
+
+TEST_F(DesktopDialogs, TheClipboardCarriesText) {
+    desktop.setClipboard("T\t300");
+    EXPECT_EQ(desktop.clipboard(), "T\t300");
+}
+
+TEST_F(DesktopDialogs, ATextIsPrintedPageByPage) {
+    const auto pages = [this](int lines, const std::string& line) {
+        const std::string file = (folder() / "list.pdf").string();
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(QString::fromStdString(file));
+        std::string text;
+        for (int i = 0; i < lines; ++i) text += line + "\n";
+        dialogs::print_text(printer, {.title = "List", .font = "COURIER", .text = text});
+        std::ifstream in(file, std::ios::binary);
+        const std::string pdf((std::istreambuf_iterator<char>(in)), {});
+        EXPECT_TRUE(pdf.starts_with("%PDF"));
+        std::size_t count = 0;
+        for (std::size_t at = pdf.find("/Type /Page\n"); at != std::string::npos;
+             at = pdf.find("/Type /Page\n", at + 1))
+            ++count;
+        return count;
+    };
+    EXPECT_EQ(pages(1, "x"), 1U);
+    EXPECT_EQ(pages(0, ""), 1U);
+    const std::size_t many = pages(500, "T = 300.000 K");
+    EXPECT_GE(many, 5U);
+    EXPECT_LE(many, 12U);
+    EXPECT_LT(pages(500, std::string(160, 'x')), many) << "long lines are set smaller";
+}
+
+TEST(Theme, EveryPictureIsThere) {
+    for (const char* name :
+         {"app", "new_project", "last_session", "open_project", "save_project", "reference_state",
+          "tank", "first_steps", "help", "print", "copy", "undo", "zoom_in", "zoom_fit"})
+        EXPECT_FALSE(theme::icon(name).pixmap(24, 24).isNull()) << name;
+}
+
+TEST(Theme, ErrorsStandOutOnLightAndDark) {
+    const QPalette kept = QApplication::palette();
+    for (const QColor window : {QColor(Qt::white), QColor(0x30, 0x30, 0x30)}) {
+        QApplication::setPalette(QPalette(window));
+        EXPECT_EQ(theme::isDark(), window.lightness() < 128);
+        EXPECT_GT(std::abs(theme::errorColour().lightness() - window.lightness()), 90);
+    }
+    QApplication::setPalette(kept);
+}
+
+}  // namespace
