@@ -52,7 +52,7 @@ void turning(benchmark::State& state, chart::Chart3D c,
     for (auto _ : state) {
         Turn(c.view, 3, 0);
         QPainter painter(&image);
-        PaintChart3D(painter, QRectF(0, 0, kWidth, kHeight), c, quality);
+        paintChart3D(painter, QRectF(0, 0, kWidth, kHeight), c, quality);
     }
     state.counters["frames/s"] =
         benchmark::Counter(static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
@@ -81,7 +81,7 @@ void BM_PaintSheetOfTwentyFourCurves(benchmark::State& state) {
     startApplication();
     chart::Chart2D c;
     for (int k = 0; k < 24; ++k) {
-        chart::Series& s = chart::SeriesAt(c, chart::Group::Curves, k);
+        chart::Series& s = chart::series_at(c, chart::Group::Curves, k);
         for (int i = 0; i < 300; ++i) {
             s.x.push_back(static_cast<float>(i) / 300);
             s.y.push_back(static_cast<float>(0.03 * k + 0.2 * std::sin(0.02 * i + k)));
@@ -92,7 +92,7 @@ void BM_PaintSheetOfTwentyFourCurves(benchmark::State& state) {
     QImage image(kWidth, kHeight, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
         QPainter painter(&image);
-        PaintChart2D(painter, QRectF(0, 0, kWidth, kHeight), c);
+        paintChart2D(painter, QRectF(0, 0, kWidth, kHeight), c);
     }
 }
 BENCHMARK(BM_PaintSheetOfTwentyFourCurves)->Unit(benchmark::kMillisecond);

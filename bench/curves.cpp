@@ -14,7 +14,7 @@ namespace {
 
 /// Propane with Peng/Robinson, a vapour pressure equation and a polynomial cp.
 void activate() {
-    session::ResetEverything();
+    session::reset_everything();
     models::SubstanceRecord& s = legacy::the_substance;
     s.M = 44.0956F;
     s.Tcrit = 369.89;
@@ -32,8 +32,8 @@ void activate() {
     legacy::the_models.VPModel = 7;
     legacy::the_models.VPCode = "KFR";
     legacy::the_models.CpModel = 1;
-    models::CalcEOSParameters(6);
-    Module9::CalcCoordinateDefaults(legacy::the_coordinates);
+    models::calc_eos_parameters(6);
+    Module9::calc_coordinate_defaults(legacy::the_coordinates);
 }
 
 void run(benchmark::State& state, std::int16_t code, double fraction) {
@@ -41,11 +41,11 @@ void run(benchmark::State& state, std::int16_t code, double fraction) {
     legacy::the_session.VapourFraction = fraction;
     diagrams::DiagramRequest request;
     request.DiagramType = code;
-    Module9::FillDiagramWindow(legacy::the_coordinates, request);
+    Module9::fill_diagram_window(legacy::the_coordinates, request);
     diagrams::CurvePointArray points;
     for (auto _ : state)
-        benchmark::DoNotOptimize(diagrams::CalcCurve(request, points, 333, 1500, 0.3));
-    state.counters["points"] = static_cast<double>(diagrams::PointCount(points));
+        benchmark::DoNotOptimize(diagrams::calc_curve(request, points, 333, 1500, 0.3));
+    state.counters["points"] = static_cast<double>(diagrams::point_count(points));
 }
 
 // Aim: below 0.2 ms.
@@ -84,8 +84,8 @@ BENCHMARK(BM_Inversion)->Unit(benchmark::kMillisecond);
 void BM_Surface(benchmark::State& state) {
     activate();
     legacy::the_session.Diagram3DKind = static_cast<std::int16_t>(state.range(0));
-    legacy::the_grid3D = Module9::DefaultGrid(legacy::the_session.Diagram3DKind, false);
-    for (auto _ : state) benchmark::DoNotOptimize(diagrams::Calc_3DArray(101, 101));
+    legacy::the_grid3D = Module9::default_grid(legacy::the_session.Diagram3DKind, false);
+    for (auto _ : state) benchmark::DoNotOptimize(diagrams::calc_3_d_array(101, 101));
 }
 BENCHMARK(BM_Surface)->Arg(1)->Arg(3)->Arg(4)->Arg(7)->Unit(benchmark::kMillisecond);
 

@@ -15,33 +15,33 @@ namespace {
 std::string database_of(std::int64_t count) {
     std::vector<datafiles::SubstanceFileRecord> records(static_cast<std::size_t>(count));
     for (std::size_t i = 0; i < records.size(); ++i) {
-        datafiles::SetFieldText(records[i].nameEnglish, "Äther " + std::to_string(i));
+        datafiles::set_field_text(records[i].nameEnglish, "Äther " + std::to_string(i));
         records[i].values[6] = 400.0F;
         records[i].values[7] = 4000.0F;
     }
     const std::filesystem::path path = std::filesystem::temp_directory_path() / "quor-bench.Q05";
-    const std::string bytes = datafiles::DatabaseBytes(records);
+    const std::string bytes = datafiles::database_bytes(records);
     std::ofstream(path, std::ios::binary)
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return path.string();
 }
 
 void BM_OpenDatabaseFile(benchmark::State& state) {
-    session::ResetEverything();
+    session::reset_everything();
     const std::string path = database_of(state.range(0));
-    for (auto _ : state) benchmark::DoNotOptimize(datafiles::OpenDatabaseFile(path));
-    datafiles::CloseDatabase();
+    for (auto _ : state) benchmark::DoNotOptimize(datafiles::open_database_file(path));
+    datafiles::close_database();
     std::filesystem::remove(path);
 }
 BENCHMARK(BM_OpenDatabaseFile)->Arg(180)->Arg(5000)->Unit(benchmark::kMillisecond);
 
 void BM_ReadSubstance(benchmark::State& state) {
-    session::ResetEverything();
+    session::reset_everything();
     const std::string path = database_of(5000);
-    datafiles::OpenDatabaseFile(path);
+    datafiles::open_database_file(path);
     bool noCriticalData = false;
     for (auto _ : state) benchmark::DoNotOptimize(datafiles::ReadSubstance(4000, noCriticalData));
-    datafiles::CloseDatabase();
+    datafiles::close_database();
     std::filesystem::remove(path);
 }
 BENCHMARK(BM_ReadSubstance)->Unit(benchmark::kMicrosecond);

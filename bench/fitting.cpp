@@ -48,7 +48,7 @@ void SevenParameters(benchmark::State& state) {
     for (auto _ : state) {
         Parameters par{1, 1, 0.4, 0.04, 0.7, 0.3, 0.03};
         Parameters stdDev{};
-        const MarquardtResult r = MarquardtNashFitting(problem, 200, par, stdDev);
+        const MarquardtResult r = marquardt_nash_fitting(problem, 200, par, stdDev);
         if (r.failed) state.SkipWithError("the fit ended at its limit");
         benchmark::DoNotOptimize(par);
     }
@@ -63,43 +63,43 @@ void Model(benchmark::State& state, std::int16_t number, const Parameters& truth
     water.pcrit = 22064;
     FitState fit_state;
     fit_state.lg = true;
-    ChooseModel(fit_state, number, water);
+    choose_model(fit_state, number, water);
     fit_state.FitPar = truth;
     fit_state.FitPoints = Points(200, from, to, [&](double x) {
         double y = 0;
-        EvaluateFit(fit_state, x, y);
+        evaluate_fit(fit_state, x, y);
         return y;
     });
     fit_state.NPoints = 200;
     fit_state.FitLogSQ = true;
     for (auto _ : state) {
         FitState run = fit_state;
-        if (!StartFit(run)) state.SkipWithError("the fit was refused");
+        if (!start_fit(run)) state.SkipWithError("the fit was refused");
         benchmark::DoNotOptimize(run);
     }
 }
 BENCHMARK_CAPTURE(Model, Antoine, 4, Parameters{7.1962, 1730.63, 233.426}, 280, 450)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Model, FrostKalkwarf, 5, Parameters{23.55, -2980, 273.15, -5.62, 3.5}, 300, 620)
+BENCHMARK_CAPTURE(Model, frost_kalkwarf, 5, Parameters{23.55, -2980, 273.15, -5.62, 3.5}, 300, 620)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Model, Wagner, 8, Parameters{-7.77, 1.48, -2.77, -1.3}, 280, 640)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Model, CombiExpression, 1, Parameters{3, -2, 0.5, 0.125, 7, 1, 1}, 0.5, 4)
+BENCHMARK_CAPTURE(Model, combi_expression, 1, Parameters{3, -2, 0.5, 0.125, 7, 1, 1}, 0.5, 4)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Model, DipprHeatCapacity, 18, Parameters{33363, 26790, 2610.5, 8896, 1169}, 200,
+BENCHMARK_CAPTURE(Model, dippr_heat_capacity, 18, Parameters{33363, 26790, 2610.5, 8896, 1169}, 200,
                   1500)
     ->Unit(benchmark::kMillisecond);
 
 void ProposedStarts(benchmark::State& state) {
     FitState fit_state;
-    ChooseModel(fit_state, 18, {});
+    choose_model(fit_state, 18, {});
     fit_state.FitPar = {33363, 26790, 2610.5, 8896, 1169};
     fit_state.FitPoints = Points(200, 200, 1500, [&](double x) {
         double y = 0;
-        EvaluateFit(fit_state, x, y);
+        evaluate_fit(fit_state, x, y);
         return y;
     });
-    for (auto _ : state) benchmark::DoNotOptimize(ProposedStartValues(fit_state));
+    for (auto _ : state) benchmark::DoNotOptimize(proposed_start_values(fit_state));
 }
 BENCHMARK(ProposedStarts)->Unit(benchmark::kMillisecond);
 

@@ -24,12 +24,12 @@ void activate(std::int16_t code) {
     legacy::the_models.EOSModel = code;
     legacy::the_models.VPModel = 7;
     legacy::the_models.VPCode = "KFR";
-    models::CalcEOSParameters(code);
+    models::calc_eos_parameters(code);
 }
 
 void BM_SolveCubic(benchmark::State& state) {
     activate(6);
-    models::EvalEOSAtT(300.0);
+    models::eval_eos_at_t(300.0);
     for (auto _ : state) benchmark::DoNotOptimize(models::SolveCubic(300.0, 900.0));
 }
 BENCHMARK(BM_SolveCubic);

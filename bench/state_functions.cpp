@@ -27,11 +27,11 @@ void activate(std::int16_t code, std::int16_t cpForm) {
     models::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
     legacy::the_models = {};
     legacy::the_models.EOSModel = code;
-    legacy::the_models.EOSOnlyV = models::IsVOnlyEOS(code);
+    legacy::the_models.EOSOnlyV = models::is_v_only_eos(code);
     legacy::the_models.VPModel = 7;
     legacy::the_models.VPCode = "KFR";
     legacy::the_models.CpModel = cpForm;
-    models::CalcEOSParameters(code);
+    models::calc_eos_parameters(code);
 }
 
 void BM_StateFunctions(benchmark::State& state) {

@@ -26,28 +26,28 @@ using legacy::the_session;
 using session::Command;
 
 void show(const datafiles::Report& report) {
-    dialogs::Tell(report.text, report.title, dialogs::Icon::Information);
+    dialogs::tell(report.text, report.title, dialogs::Icon::Information);
 }
 
 void close_results_and_input() {
-    gui::shell::CloseViews(gui::shell::ResultViews() + gui::shell::InputViews());
+    gui::shell::closeViews(gui::shell::resultViews() + gui::shell::inputViews());
 }
 
 // The commands of a session that a project has restored.
 void enable_restored_session() {
-    session::SetCommands({Command::mnuData_Status, Command::mnuStoff, Command::mnuModel,
-                          Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput,
-                          Command::mnuData_SaveProject},
-                         true);
-    models::EnableModelCommands();
+    session::set_commands({Command::mnuData_Status, Command::mnuStoff, Command::mnuModel,
+                           Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput,
+                           Command::mnuData_SaveProject},
+                          true);
+    models::enable_model_commands();
     the_session.ProjectLoaded = true;
-    session::RefreshUnits();
+    session::refresh_units();
 }
 
 void load_project(const std::string& file) {
     close_results_and_input();
-    session::ResetSession();
-    if (session::projectHooks().load(file)) {
+    session::reset_session();
+    if (session::project_hooks().load(file)) {
         enable_restored_session();
         if (file != the_session.LastSessionFile)
             gui::settings::rememberFile(QString::fromStdString(file));
@@ -57,50 +57,50 @@ void load_project(const std::string& file) {
 
 }  // namespace
 
-void OpenDatabase() {
+void openDatabase() {
     close_results_and_input();
-    if (datafiles::LoadDatabase() != datafiles::LoadOutcome::Loaded) return;
+    if (datafiles::load_database() != datafiles::LoadOutcome::Loaded) return;
     gui::settings::rememberFile(QString::fromStdString(the_session.DatabasePath));
     gui::settings::rememberDatabaseFolder(
-        QString::fromStdString(session::FolderOf(the_session.DatabasePath)));
+        QString::fromStdString(session::folder_of(the_session.DatabasePath)));
     // The substance of the former database has no place in this one.
     the_session.CurrentSubstance = 0;
     the_session.SubstanceSet = false;
-    session::SetCommands({Command::mnuModel, Command::mnuCalcMain, Command::mnuOptions,
-                          Command::mnuFitting, Command::mnu2D, Command::mnu3D},
-                         false);
-    session::SetCommands(
+    session::set_commands({Command::mnuModel, Command::mnuCalcMain, Command::mnuOptions,
+                           Command::mnuFitting, Command::mnu2D, Command::mnu3D},
+                          false);
+    session::set_commands(
         {Command::mnuStoff, Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput}, true);
-    ChooseSubstance();
+    chooseSubstance();
 }
 
-void ChooseSubstance() {
-    gui::SubstanceDialog view(gui::shell::FrameWindow());
-    if (gui::shell::OpenModal(view) != QDialog::Accepted) return;
+void chooseSubstance() {
+    gui::SubstanceDialog view(gui::shell::frameWindow());
+    if (gui::shell::openModal(view) != QDialog::Accepted) return;
     close_results_and_input();
-    ChooseModels();
+    chooseModels();
 }
 
-void ChooseModels() {
-    gui::ModelDialog view(gui::shell::FrameWindow());
-    gui::shell::OpenModal(view);
+void chooseModels() {
+    gui::ModelDialog view(gui::shell::frameWindow());
+    gui::shell::openModal(view);
     gui::shell::Refresh();
 }
 
-void ShowStatus() {
-    show(datafiles::StatusReport());
+void showStatus() {
+    show(datafiles::status_report());
 }
 
-void ShowParameters() {
-    show(datafiles::ParameterReport());
+void showParameters() {
+    show(datafiles::parameter_report());
 }
 
-void ShowTips() {
-    TipDialog::ShowOnRequest();
+void showTips() {
+    TipDialog::showOnRequest();
 }
 
-void ShowAbout() {
-    dialogs::Tell(
+void showAbout() {
+    dialogs::tell(
         "QUOR-6   Thermodynamic Calculations of States and Processes for Pure Substances\n\n"
         "Version " +
             QApplication::applicationVersion().toStdString() +
@@ -109,19 +109,19 @@ void ShowAbout() {
         "About the Program", dialogs::Icon::Information);
 }
 
-void ShowInformation() {
+void showInformation() {
     const auto name_or_none = [](const std::string& s) { return s.empty() ? "none" : s; };
-    dialogs::Tell("Program folder: " + session::ProgramFolder().string() +
-                      "\nFolder of your files: " + session::WriteFolder().string() +
+    dialogs::tell("Program folder: " + session::program_folder().string() +
+                      "\nFolder of your files: " + session::write_folder().string() +
                       "\n\nDatabase: " + name_or_none(the_session.DatabaseFile) +
                       "\nProject: " + name_or_none(the_session.ProjectFile) + "\nProtocol file: " +
                       name_or_none(the_session.ProtocolFile) + "\n\nQt " + std::string(qVersion()),
                   "Information", dialogs::Icon::Information);
 }
 
-void LoadLastSession() {
-    if (!session::FileExists(the_session.LastSessionFile)) {
-        dialogs::Tell("There is no last session yet:\n" + the_session.LastSessionFile,
+void load_last_session() {
+    if (!session::file_exists(the_session.LastSessionFile)) {
+        dialogs::tell("There is no last session yet:\n" + the_session.LastSessionFile,
                       "Execution not possible");
         return;
     }
@@ -129,12 +129,12 @@ void LoadLastSession() {
 }
 
 void LoadProject() {
-    if (const std::optional<std::string> file = session::projectHooks().choose())
+    if (const std::optional<std::string> file = session::project_hooks().choose())
         load_project(*file);
 }
 
-void SaveProject() {
-    session::projectHooks().save();
+void save_project() {
+    session::project_hooks().save();
 }
 
 }  // namespace frame_commands

@@ -8,21 +8,21 @@ namespace quor::app {
 namespace frame_commands {
 
 /// "Open Database" and "New project": choose a database, then a substance and the models.
-void OpenDatabase();
+void openDatabase();
 /// Substance choice, followed by the model choice.
-void ChooseSubstance();
-void ChooseModels();
+void chooseSubstance();
+void chooseModels();
 
-void ShowStatus();
-void ShowParameters();
-void ShowTips();
-void ShowAbout();
-void ShowInformation();
+void showStatus();
+void showParameters();
+void showTips();
+void showAbout();
+void showInformation();
 
 /// Projects; the reader and writer are hooks of session/project_hooks.h.
-void LoadLastSession();
+void load_last_session();
 void LoadProject();
-void SaveProject();
+void save_project();
 
 }  // namespace frame_commands
 

@@ -57,7 +57,7 @@ std::string excerpt_at(const std::string& text, std::size_t place) {
     if (from == std::string::npos || from > place) from = place;
     std::size_t to = text.find(' ', std::min(text.size(), from + kLength));
     if (to == std::string::npos) to = text.size();
-    return text::Trim(text.substr(from, to - from));
+    return text::trim(text.substr(from, to - from));
 }
 
 }  // namespace
@@ -89,7 +89,7 @@ std::string PlainText(std::string_view html) {
     text.erase(
         std::unique(text.begin(), text.end(), [](char a, char b) { return a == ' ' && b == ' '; }),
         text.end());
-    return text::Trim(text);
+    return text::trim(text);
 }
 
 std::optional<Book> Book::Load(const fs::path& folder) {
@@ -130,7 +130,7 @@ std::optional<Book> Book::Load(const fs::path& folder) {
     return book;
 }
 
-bool Book::HasTopic(int topic) const {
+bool Book::has_topic(int topic) const {
     return std::any_of(topics_.begin(), topics_.end(),
                        [topic](const Topic& t) { return t.number == topic; });
 }
@@ -162,7 +162,7 @@ std::vector<Hit> Book::Search(std::string_view text) const {
 }
 
 fs::path Folder() {
-    return session::DataFolder() / "help";
+    return session::data_folder() / "help";
 }
 
 }  // namespace quor::help

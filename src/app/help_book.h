@@ -34,7 +34,7 @@ class Book {
 
     /// The page of a number; the first page when the number has none.
     std::string PageOf(int topic) const;
-    bool HasTopic(int topic) const;
+    bool has_topic(int topic) const;
 
     /// Pages that hold all words of the text, whatever their case: those with the words in their
     /// title come first. Nothing for a text without letters and digits.

@@ -66,12 +66,12 @@ QPointer<HelpViewer>& viewer() {
 void show_topic(int topic) {
     // A modal dialog lets only its own windows be used.
     QWidget* modal = QApplication::activeModalWidget();
-    QWidget* parent = modal != nullptr ? modal : gui::shell::FrameWindow();
+    QWidget* parent = modal != nullptr ? modal : gui::shell::frameWindow();
     if (viewer() != nullptr && viewer()->parentWidget() != parent) delete viewer();
     if (viewer() == nullptr) {
         std::optional<help::Book> book = help::Book::Load(help::Folder());
         if (!book) {
-            dialogs::Tell("The pages of the help are not there:\n" + help::Folder().string(),
+            dialogs::tell("The pages of the help are not there:\n" + help::Folder().string(),
                           "Execution not possible");
             return;
         }
@@ -88,10 +88,10 @@ void show_topic(int topic) {
 int topic_at(const QWidget* place) {
     if (const auto* menu = qobject_cast<const QMenu*>(place))
         if (const QAction* row = menu->activeAction())
-            if (const int topic = help::TopicOfRow(row->objectName().toStdString()); topic >= 0)
+            if (const int topic = help::topic_of_row(row->objectName().toStdString()); topic >= 0)
                 return topic;
     for (const QWidget* at = place; at != nullptr; at = at->parentWidget())
-        if (const int topic = help::TopicOfView(at->objectName().toStdString()); topic >= 0)
+        if (const int topic = help::topic_of_view(at->objectName().toStdString()); topic >= 0)
             return topic;
     return help::kContents;
 }
@@ -105,7 +105,7 @@ class HelpKey : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
         if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return false;
-        if (!gui::shell::ShowHelp(topic_at(static_cast<QWidget*>(watched)))) return false;
+        if (!gui::shell::showHelp(topic_at(static_cast<QWidget*>(watched)))) return false;
         return true;
     }
 };
@@ -243,17 +243,17 @@ void HelpViewer::markPage(const QUrl& url) {
 namespace help_views {
 
 void Install() {
-    gui::shell::SetHelp(show_topic);
+    gui::shell::setHelp(show_topic);
     static const QPointer<HelpKey> key = [] {
         auto* filter = new HelpKey(qApp);
         qApp->installEventFilter(filter);
         return filter;
     }();
-    actions::RegisterAction("mnuHilfe_Index", [] { gui::shell::ShowHelp(help::kContents); });
-    session::shutdownHooks().closeHelp = CloseAll;
+    actions::register_action("mnuHilfe_Index", [] { gui::shell::showHelp(help::kContents); });
+    session::shutdown_hooks().closeHelp = closeAll;
 }
 
-void CloseAll() {
+void closeAll() {
     delete viewer();
 }
 

@@ -42,7 +42,7 @@ namespace help_views {
 /// Help buttons, F1 and the menu row open pages from now on.
 void Install();
 /// Closes the window of the help.
-void CloseAll();
+void closeAll();
 
 }  // namespace help_views
 

@@ -26,18 +26,18 @@ int main(int argc, char* argv[]) {
     const auto folder = [](const QString& path) {
         return std::filesystem::path(path.toStdString());
     };
-    session::SetProgramFolder(
+    session::set_program_folder(
         folder(QApplication::applicationDirPath()),
         folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
     numbers::set_decimal_mark(QLocale().decimalPoint() == "," ? ',' : '.');
     dialogs::current() = dialogs::desktop();
 
-    wiring::ConnectViews();
-    gui::editor_views::InstallFileView();
+    wiring::connectViews();
+    gui::editor_views::installFileView();
     MainWindow frame;
     frame.show();
-    frame.StartUp();
-    frame.InviteFirstUser();
+    frame.startUp();
+    frame.inviteFirstUser();
     for (const QString& file : QApplication::arguments().mid(1))
         open_file::Open(file.toStdString());
     return QApplication::exec();

@@ -69,7 +69,7 @@ MainWindow::MainWindow() {
     setObjectName("mdiQUOR");
     setWindowTitle(kBanner);
     theFrame = this;
-    gui::shell::SetFrame(this);
+    gui::shell::setFrame(this);
 
     area_ = new WorkArea(this);
     area_->setObjectName("area");
@@ -84,7 +84,7 @@ MainWindow::MainWindow() {
     buildStatusBar();
     buildToolBar();
 
-    session::OnCommandsChanged([] {
+    session::on_commands_changed([] {
         if (theFrame != nullptr) theFrame->refresh();
     });
     auto* exit = new QShortcut(QKeySequence("Alt+F4"), this);
@@ -102,27 +102,27 @@ MainWindow::MainWindow() {
         Qt::DirectConnection);
 }
 
-void MainWindow::SetFileOpener(FileOpener opener) {
+void MainWindow::setFileOpener(FileOpener opener) {
     fileOpener = opener;
 }
 
 MainWindow::~MainWindow() {
-    actions::RegisterAction("mnuData_Exit", {});
-    session::OnCommandsChanged(nullptr);
-    gui::shell::SetFrame(nullptr);
+    actions::register_action("mnuData_Exit", {});
+    session::on_commands_changed(nullptr);
+    gui::shell::setFrame(nullptr);
     theFrame = nullptr;
 }
 
-void MainWindow::StartUp() {
+void MainWindow::startUp() {
     firstSteps_->hide();
-    session::ResetEverything();
+    session::reset_everything();
     registerProjectActions();
-    panels_[3]->setText(qt(session::ShortDate()));
-    TipDialog::ShowAtStartup();
+    panels_[3]->setText(qt(session::short_date()));
+    TipDialog::showAtStartup();
     refresh();
 }
 
-void MainWindow::InviteFirstUser() {
+void MainWindow::inviteFirstUser() {
     constexpr auto kSeen = "Options/First Steps Seen";
     QSettings store = gui::settings::store();
     if (store.value(kSeen, false).toBool()) return;
@@ -133,28 +133,28 @@ void MainWindow::InviteFirstUser() {
 // ---------------------------------------------------------------------------------------- commands
 
 void MainWindow::registerActions() {
-    using actions::RegisterAction;
-    RegisterAction("mnuData_OpenBank", frame_commands::OpenDatabase);
-    RegisterAction("mnuData_Status", frame_commands::ShowStatus);
-    RegisterAction("mnuData_ParameterEOS", frame_commands::ShowParameters);
-    RegisterAction("mnuData_Exit", [this] { close(); });
-    RegisterAction("mnuStoff", frame_commands::ChooseSubstance);
-    RegisterAction("mnuModel", frame_commands::ChooseModels);
-    RegisterAction("mnuHilfe_About", frame_commands::ShowAbout);
-    RegisterAction("mnuHilfe_Tip", frame_commands::ShowTips);
-    RegisterAction("mnuInfo", frame_commands::ShowInformation);
+    using actions::register_action;
+    register_action("mnuData_OpenBank", frame_commands::openDatabase);
+    register_action("mnuData_Status", frame_commands::showStatus);
+    register_action("mnuData_ParameterEOS", frame_commands::showParameters);
+    register_action("mnuData_Exit", [this] { close(); });
+    register_action("mnuStoff", frame_commands::chooseSubstance);
+    register_action("mnuModel", frame_commands::chooseModels);
+    register_action("mnuHilfe_About", frame_commands::showAbout);
+    register_action("mnuHilfe_Tip", frame_commands::showTips);
+    register_action("mnuInfo", frame_commands::showInformation);
 }
 
 void MainWindow::registerProjectActions() {
-    const session::ProjectHooks& hooks = session::projectHooks();
-    using actions::RegisterAction;
-    if (hooks.load) RegisterAction("mnuData_LoadLastSession", frame_commands::LoadLastSession);
+    const session::ProjectHooks& hooks = session::project_hooks();
+    using actions::register_action;
+    if (hooks.load) register_action("mnuData_LoadLastSession", frame_commands::load_last_session);
     if (hooks.load && hooks.choose)
-        RegisterAction("mnuData_LoadProject", frame_commands::LoadProject);
-    if (hooks.save) RegisterAction("mnuData_SaveProject", frame_commands::SaveProject);
+        register_action("mnuData_LoadProject", frame_commands::LoadProject);
+    if (hooks.save) register_action("mnuData_SaveProject", frame_commands::save_project);
 }
 
-void MainWindow::RunRow(const menu::Row& row) {
+void MainWindow::runRow(const menu::Row& row) {
     if (!menu::Enabled(row) || !menu::Prepare(row)) return;
     actions::Run(row.action);
     refresh();
@@ -162,10 +162,10 @@ void MainWindow::RunRow(const menu::Row& row) {
 
 void MainWindow::menuOpens(const QString& menuName) {
     if (menuName == "mnuData") {
-        gui::shell::CloseViews(gui::shell::InputViews());
-        menu::OpenDataMenu();
+        gui::shell::closeViews(gui::shell::inputViews());
+        menu::open_data_menu();
     } else if (menuName == "mnuCalcMain") {
-        calculation::PrepareCalculationMenu();
+        calculation::prepare_calculation_menu();
     }
     refresh();
 }
@@ -192,7 +192,7 @@ void MainWindow::buildMenus() {
             action = sub->menuAction();
         } else {
             action = new QAction(this);
-            connect(action, &QAction::triggered, this, [this, &row] { RunRow(row); });
+            connect(action, &QAction::triggered, this, [this, &row] { runRow(row); });
             if (parent != nullptr)
                 parent->addAction(action);
             else
@@ -237,7 +237,7 @@ void MainWindow::fillRecentFiles(QMenu* menu) {
     menu->setEnabled(fileOpener != nullptr && !files.isEmpty());
     for (qsizetype i = 0; i < files.size(); ++i) {
         const QString& file = files[i];
-        const QString shown = qt(session::ShortenPath(file.toStdString(), kRecentCharacters));
+        const QString shown = qt(session::shorten_path(file.toStdString(), kRecentCharacters));
         QAction* action =
             menu->addAction(QString("&%1  %2").arg(i + 1).arg(QString(shown).replace('&', "&&")));
         action->setObjectName(QString("mnuData_Recent_%1").arg(i));
@@ -254,11 +254,11 @@ void MainWindow::refresh() {
         action->setVisible(menu::Visible(row));
         action->setEnabled(menu::Enabled(row));
     }
-    for (const menu::ToolButton& button : menu::ToolButtons())
+    for (const menu::ToolButton& button : menu::tool_buttons())
         if (QAction* action = toolActions_.value(button.index))
             action->setEnabled(menu::Enabled(button));
     const datafiles::StatusPanels texts =
-        datafiles::PanelTexts(session::IsEnabled(session::Command::mnuCalcMain));
+        datafiles::panel_texts(session::is_enabled(session::Command::mnuCalcMain));
     panels_[0]->setText(qt(texts.substance));
     panels_[1]->setText(qt(texts.eos));
     panels_[2]->setText(qt(texts.vapourPressure));
@@ -267,7 +267,7 @@ void MainWindow::refresh() {
 // ---------------------------------------------------------------------------- children and closing
 
 void MainWindow::addChild(QWidget* view) {
-    area_->OpenView(view);
+    area_->openView(view);
 }
 
 void MainWindow::setFirstStepsVisible(bool visible) {
@@ -293,7 +293,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     // A view with something unsaved may refuse, and then everything stays.
-    if (!area_->CloseAllViews()) {
+    if (!area_->closeAllViews()) {
         event->ignore();
         return;
     }
@@ -313,7 +313,7 @@ void MainWindow::buildToolBar() {
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->setIconSize(kToolIcon);
     int last = 0;
-    for (const menu::ToolButton& button : menu::ToolButtons()) {
+    for (const menu::ToolButton& button : menu::tool_buttons()) {
         // A gap in the numbering is a separator on the bar.
         if (last != 0 && button.index > last + 1) bar->addSeparator();
         last = button.index;
@@ -361,9 +361,9 @@ void MainWindow::buildStatusBar() {
 void MainWindow::runTool(const menu::ToolButton& button) {
     const menu::Row* row = menu::Find(button.action);
     if (button.command == session::Command::toolTank)
-        row = menu::CalculationRow(legacy::the_models.PriorityCEOS ? kTankGlobal : kTankPartial);
+        row = menu::calculation_row(legacy::the_models.PriorityCEOS ? kTankGlobal : kTankPartial);
     if (row != nullptr)
-        RunRow(*row);
+        runRow(*row);
     else
         actions::Run(button.action);
 }

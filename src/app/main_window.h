@@ -27,18 +27,18 @@ class MainWindow : public QMainWindow, private gui::shell::Frame {
     ~MainWindow() override;
 
     /// The start of the program: all defaults, name tables, tips.
-    void StartUp();
+    void startUp();
 
     /// Shows the first-steps panel to a user who has never seen it.
-    void InviteFirstUser();
+    void inviteFirstUser();
 
     /// Who opens a file that is dropped on the window or chosen among the recent ones; at first
     /// nobody.
     using FileOpener = void (*)(const std::string& file);
-    static void SetFileOpener(FileOpener opener);
+    static void setFileOpener(FileOpener opener);
 
     /// Runs what a menu row stands for, as if it had been chosen; nothing when it is disabled.
-    void RunRow(const menu::Row& row);
+    void runRow(const menu::Row& row);
 
   protected:
     void closeEvent(QCloseEvent* event) override;

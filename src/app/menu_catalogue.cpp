@@ -231,7 +231,7 @@ bool allowed_by_session(const Row& row) {
     // The tank is a calculation of direct operation; its global method needs both phases from the
     // equation of state.
     if (is_calc_row(row, kRowTankGlobal))
-        return !legacy::the_session.BatchMode && session::IsEnabled(Command::needsLPhase);
+        return !legacy::the_session.BatchMode && session::is_enabled(Command::needsLPhase);
     if (is_calc_row(row, kRowTankPartial)) return !legacy::the_session.BatchMode;
     if (row.control == kDatabase || row.control == kSaturation)
         return has_database_function(row.code);
@@ -239,7 +239,7 @@ bool allowed_by_session(const Row& row) {
 }
 
 bool command_allows(const std::optional<Command>& needed) {
-    return !needed || session::IsEnabled(*needed);
+    return !needed || session::is_enabled(*needed);
 }
 
 }  // namespace
@@ -267,7 +267,7 @@ const Row* Find(std::string_view name) {
     return nullptr;
 }
 
-const Row* CalculationRow(std::int16_t CalcMode) {
+const Row* calculation_row(std::int16_t CalcMode) {
     for (const Row& row : Rows())
         if (row.kind == Kind::Command && row.code == CalcMode && row.control.starts_with(kCalc))
             return &row;
@@ -286,15 +286,15 @@ bool Visible(const Row& row) {
     return !is_calc_row(row, kRowL) || legacy::the_session.BatchMode;
 }
 
-bool Allowed(const Row& row) {
+bool allowed(const Row& row) {
     return command_allows(row.command) && allowed_by_session(row);
 }
 
 bool Enabled(const Row& row) {
-    return Allowed(row) && (row.kind == Kind::Submenu || actions::Has(row.action));
+    return allowed(row) && (row.kind == Kind::Submenu || actions::has(row.action));
 }
 
-std::span<const ToolButton> ToolButtons() {
+std::span<const ToolButton> tool_buttons() {
     return kToolButtons;
 }
 
@@ -302,10 +302,10 @@ bool Enabled(const ToolButton& button) {
     if (!command_allows(button.command)) return false;
     // The tank is a row of the Calculation menu: it is there when that menu is.
     if (button.command == Command::toolTank) {
-        const Row* row = CalculationRow(legacy::the_models.PriorityCEOS ? 9 : 10);
-        return session::IsEnabled(Command::mnuCalcMain) && row != nullptr && Enabled(*row);
+        const Row* row = calculation_row(legacy::the_models.PriorityCEOS ? 9 : 10);
+        return session::is_enabled(Command::mnuCalcMain) && row != nullptr && Enabled(*row);
     }
-    return actions::Has(button.action);
+    return actions::has(button.action);
 }
 
 }  // namespace quor::menu

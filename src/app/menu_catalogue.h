@@ -41,7 +41,7 @@ std::string Name(const Row& row);
 const Row* Find(std::string_view name);
 
 /// The row that belongs to a calculation kind in `mnuCalc` or its submenus; nullptr for none.
-const Row* CalculationRow(std::int16_t CalcMode);
+const Row* calculation_row(std::int16_t CalcMode);
 
 /// The present caption: some follow the mode of the Calculation menu and the kind of the EOS.
 std::string Caption(const Row& row);
@@ -50,7 +50,7 @@ std::string Caption(const Row& row);
 bool Visible(const Row& row);
 
 /// True when the session allows the row, whether or not something handles it yet.
-bool Allowed(const Row& row);
+bool allowed(const Row& row);
 
 /// True when the session allows the row and an action stands behind it; a submenu needs no action.
 bool Enabled(const Row& row);
@@ -64,7 +64,7 @@ struct ToolButton {
     std::optional<session::Command> command;
 };
 
-std::span<const ToolButton> ToolButtons();
+std::span<const ToolButton> tool_buttons();
 
 /// As `Enabled`, for a tool button.
 bool Enabled(const ToolButton& button);

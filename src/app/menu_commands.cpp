@@ -23,7 +23,7 @@ bool prepare_surface(const Row& row) {
     the_session.SCurve3D = false;
     const bool hasSCurve = row.code == kSurfaceP || row.code == kSurfaceT;
     if (hasSCurve && !legacy::the_models.EOSOnlyV)
-        the_session.SCurve3D = !dialogs::Ask(
+        the_session.SCurve3D = !dialogs::ask(
             "Draw physically real behaviour?\n"
             "(No = Draw S-shaped curves in the undercritical region)",
             "for cubic EOS only");
@@ -32,11 +32,11 @@ bool prepare_surface(const Row& row) {
 
 bool prepare_new_data() {
     if (the_session.CurrentSubstance == 0) {
-        dialogs::Tell("First choose substance!", "friendly remark");
+        dialogs::tell("First choose substance!", "friendly remark");
         return false;
     }
     if (the_session.BatchCount > 0 &&
-        !dialogs::Ask("Exspecting input of new data;\nthe existing set of data will be deleted.\n"
+        !dialogs::ask("Exspecting input of new data;\nthe existing set of data will be deleted.\n"
                       "Do you want this?",
                       "WARNING", dialogs::Icon::Exclamation))
         return false;
@@ -51,7 +51,7 @@ bool prepare_new_data() {
 
 bool prepare_project_save() {
     if (the_session.ProjectNotePending)
-        dialogs::Tell(
+        dialogs::tell(
             "Please note:\nBefore saving your project the settings\n"
             "for \"Models\" and \"Options\" must be complete",
             "Single Note", dialogs::Icon::Information);
@@ -70,9 +70,9 @@ bool Prepare(const Row& row) {
     return true;
 }
 
-void OpenDataMenu() {
+void open_data_menu() {
     if (the_session.BatchCount > 0)
-        session::SetCommands({session::Command::mnuData_BatchEdit}, true);
+        session::set_commands({session::Command::mnuData_BatchEdit}, true);
 }
 
 }  // namespace quor::menu

@@ -10,6 +10,6 @@ namespace quor::menu {
 bool Prepare(const Row& row);
 
 /// The Data menu opens: measured data can be edited once there are some.
-void OpenDataMenu();
+void open_data_menu();
 
 }  // namespace quor::menu

@@ -54,21 +54,21 @@ void open_project(const std::string& file) {
 
 void open_data(const std::string& file) {
     // An open table asks about its changes first, and may stay.
-    gui::shell::CloseViews({"frmTpvEdit"});
-    if (gui::shell::FindView("frmTpvEdit") == nullptr && datafiles::BatchLoad(file, false))
+    gui::shell::closeViews({"frmTpvEdit"});
+    if (gui::shell::findView("frmTpvEdit") == nullptr && datafiles::batch_load(file, false))
         actions::Run("mnuData_BatchEdit");
 }
 
 void open_points(const std::string& file) {
     actions::Run("mnuData_EditXY");
     const OneAnswer answer(file);
-    if (auto* editor = qobject_cast<gui::XyEditor*>(gui::shell::FindView("frmManuInput")))
+    if (auto* editor = qobject_cast<gui::XyEditor*>(gui::shell::findView("frmManuInput")))
         editor->load();
 }
 
 void open_diagram(const std::string& file) {
-    if (!session::IsEnabled(session::Command::mnu2D)) {
-        dialogs::Tell("Load a substance!", "WARNING");
+    if (!session::is_enabled(session::Command::mnu2D)) {
+        dialogs::tell("Load a substance!", "WARNING");
         return;
     }
     gui::DiagramWindow::Open();
@@ -93,7 +93,7 @@ void Open(const std::string& file) {
     const std::filesystem::path path = std::filesystem::absolute(file, ignored);
     if (!std::filesystem::is_regular_file(path, ignored)) {
         gui::settings::forgetFile(QString::fromStdString(file));
-        dialogs::Tell("File not found:\n" + path.string(), kRefusal, dialogs::Icon::Stop);
+        dialogs::tell("File not found:\n" + path.string(), kRefusal, dialogs::Icon::Stop);
         return;
     }
     const std::string extension =
@@ -104,7 +104,7 @@ void Open(const std::string& file) {
             gui::shell::Refresh();
             return;
         }
-    dialogs::Tell("This is no file of QUOR-6:\n" + path.string(), kRefusal);
+    dialogs::tell("This is no file of QUOR-6:\n" + path.string(), kRefusal);
 }
 
 }  // namespace open_file

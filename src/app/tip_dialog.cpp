@@ -44,7 +44,7 @@ TipDialog::TipDialog(QWidget* parent) : QDialog(parent) {
 
     QPushButton* next = gui::form::button("&Next Tip", "cmdNextTip");
     connect(next, &QPushButton::clicked, this, [this] {
-        session::NextTip(tips_);
+        session::next_tip(tips_);
         showTip();
     });
     QPushButton* close = gui::form::button("&Close", "cmdOK");
@@ -68,29 +68,29 @@ TipDialog::TipDialog(QWidget* parent) : QDialog(parent) {
     layout->addLayout(tip, 1);
     layout->addLayout(buttons);
 
-    tips_ = session::LoadTips(QRandomGenerator::global()->generate());
+    tips_ = session::load_tips(QRandomGenerator::global()->generate());
     next->setEnabled(tips_.lines.size() > 1);
     showTip();
 }
 
 void TipDialog::showTip() {
-    text_->setText(QString::fromStdString(session::CurrentTip(tips_)));
+    text_->setText(QString::fromStdString(session::current_tip(tips_)));
 }
 
 void TipDialog::load() {
-    legacy::the_session.TipsHidden = session::TipsStayHidden(gui::settings::showTipsAtStartup(),
-                                                             legacy::the_session.TipsRequested);
-    if (legacy::the_session.TipsHidden || gui::shell::Activate("frmTip")) return;
-    auto* view = new TipDialog(gui::shell::FrameWindow());
+    legacy::the_session.TipsHidden = session::tips_stay_hidden(gui::settings::showTipsAtStartup(),
+                                                               legacy::the_session.TipsRequested);
+    if (legacy::the_session.TipsHidden || gui::shell::activate("frmTip")) return;
+    auto* view = new TipDialog(gui::shell::frameWindow());
     view->show();
 }
 
-void TipDialog::ShowAtStartup() {
+void TipDialog::showAtStartup() {
     legacy::the_session.TipsRequested = false;
     load();
 }
 
-void TipDialog::ShowOnRequest() {
+void TipDialog::showOnRequest() {
     legacy::the_session.TipsRequested = true;
     load();
 }

@@ -16,9 +16,9 @@ class TipDialog : public QDialog {
   public:
     /// At the start of the program: shows the view unless the user switched tips off, which is
     /// kept in `TipsHidden`.
-    static void ShowAtStartup();
+    static void showAtStartup();
     /// On request: shows it in any case.
-    static void ShowOnRequest();
+    static void showOnRequest();
 
   private:
     explicit TipDialog(QWidget* parent);

@@ -10,37 +10,37 @@
 
 namespace quor::session {
 
-std::string TipsFile() {
+std::string tips_file() {
     return legacy::the_session.EnglishUi ? "QUORTIPS_E.TXT" : "QUORTIPS.TXT";
 }
 
-Tips LoadTips(std::uint32_t randomNumber) {
+Tips load_tips(std::uint32_t randomNumber) {
     Tips tips;
-    const std::string name = TipsFile();
-    std::ifstream in(FindFile(name), std::ios::binary);
+    const std::string name = tips_file();
+    std::ifstream in(find_file(name), std::ios::binary);
     if (!in) {
         tips.missing = true;
-        dialogs::Tell("The file " + name + "not found in the QUOR directory ", "Tips");
+        dialogs::tell("The file " + name + "not found in the QUOR directory ", "Tips");
         return tips;
     }
     std::ostringstream content;
     content << in.rdbuf();
-    for (std::string& line : text::Lines(text::FromAnsi(content.str())))
-        if (!text::Trim(line).empty()) tips.lines.push_back(std::move(line));
+    for (std::string& line : text::Lines(text::from_ansi(content.str())))
+        if (!text::trim(line).empty()) tips.lines.push_back(std::move(line));
     if (!tips.lines.empty()) tips.current = randomNumber % tips.lines.size();
     return tips;
 }
 
-const std::string& CurrentTip(const Tips& tips) {
+const std::string& current_tip(const Tips& tips) {
     static const std::string none;
     return tips.lines.empty() ? none : tips.lines[tips.current];
 }
 
-void NextTip(Tips& tips) {
+void next_tip(Tips& tips) {
     if (!tips.lines.empty()) tips.current = (tips.current + 1) % tips.lines.size();
 }
 
-bool TipsStayHidden(bool showAtStartup, bool requested) {
+bool tips_stay_hidden(bool showAtStartup, bool requested) {
     return !showAtStartup && !requested;
 }
 

@@ -14,20 +14,20 @@ struct Tips {
 };
 
 /// "QUORTIPS_E.TXT", or "QUORTIPS.TXT" when the interface is not English.
-std::string TipsFile();
+std::string tips_file();
 
 /// Reads the tips file and starts at the line that the random number picks. A missing file gives no
 /// lines and is reported to the user; blank lines are no tips.
-Tips LoadTips(std::uint32_t randomNumber);
+Tips load_tips(std::uint32_t randomNumber);
 
 /// The line shown, empty when there is none.
-const std::string& CurrentTip(const Tips& tips);
+const std::string& current_tip(const Tips& tips);
 
 /// Moves to the next line; behind the last comes the first.
-void NextTip(Tips& tips);
+void next_tip(Tips& tips);
 
 /// True when the view of the tips unloads at once: tips at start-up are switched off and nobody
 /// asked for them.
-bool TipsStayHidden(bool showAtStartup, bool requested);
+bool tips_stay_hidden(bool showAtStartup, bool requested);
 
 }  // namespace quor::session

@@ -34,55 +34,55 @@ using session::Command;
 bool load_project(const std::string& file) {
     const datafiles::ProjectResult r = datafiles::LoadProject(file);
     if (r.loaded && !r.modelsComplete) {
-        session::SetCommands({Command::mnuData_Status, Command::mnuStoff,
-                              Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput},
-                             true);
-        session::SetCommands({Command::mnuModel}, r.substanceFound);
+        session::set_commands({Command::mnuData_Status, Command::mnuStoff,
+                               Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput},
+                              true);
+        session::set_commands({Command::mnuModel}, r.substanceFound);
     }
     return r.modelsComplete;
 }
 
 void connect_projects() {
-    session::ProjectHooks& hooks = session::projectHooks();
-    hooks.choose = datafiles::ChooseProject;
+    session::ProjectHooks& hooks = session::project_hooks();
+    hooks.choose = datafiles::choose_project;
     hooks.load = load_project;
-    hooks.save = [] { datafiles::SaveProject(true); };
+    hooks.save = [] { datafiles::save_project(true); };
     // A project names its database without a folder: those used lately are where it may lie.
     for (const QString& folder : gui::settings::databaseFolders())
-        datafiles::AddDatabaseFolder(folder.toStdString());
+        datafiles::add_database_folder(folder.toStdString());
 }
 
 void connect_shutdown() {
-    session::ShutdownHooks& hooks = session::shutdownHooks();
-    hooks.writeProtocol = calculation::CloseProtocol;
-    hooks.saveLastSession = [](const std::string&) { datafiles::SaveProject(false); };
-    hooks.closeFiles = datafiles::CloseDatabase;
+    session::ShutdownHooks& hooks = session::shutdown_hooks();
+    hooks.writeProtocol = calculation::close_protocol;
+    hooks.saveLastSession = [](const std::string&) { datafiles::save_project(false); };
+    hooks.closeFiles = datafiles::close_database;
 }
 
 void open_reference() {
-    gui::ReferenceStateDialog view(gui::shell::FrameWindow());
-    gui::shell::OpenModal(view);
+    gui::ReferenceStateDialog view(gui::shell::frameWindow());
+    gui::shell::openModal(view);
 }
 
 }  // namespace
 
-void ConnectViews() {
-    using actions::RegisterAction;
+void connectViews() {
+    using actions::register_action;
     connect_projects();
     connect_shutdown();
     gui::calculation_views::Install();
-    RegisterAction("frmReferenz", open_reference);
-    RegisterAction("mnuData_BatchInput", gui::MeasuredDataEditor::OpenNew);
-    RegisterAction("mnuData_BatchEdit", gui::MeasuredDataEditor::OpenPresent);
+    register_action("frmReferenz", open_reference);
+    register_action("mnuData_BatchInput", gui::MeasuredDataEditor::openNew);
+    register_action("mnuData_BatchEdit", gui::MeasuredDataEditor::openPresent);
     gui::graph2d_views::Install();
     gui::graph3d_views::Install();
-    RegisterAction("mnuOptions", [] {
-        gui::OptionsDialog view(gui::shell::FrameWindow());
-        gui::shell::OpenModal(view);
+    register_action("mnuOptions", [] {
+        gui::OptionsDialog view(gui::shell::frameWindow());
+        gui::shell::openModal(view);
     });
     gui::editor_views::Install();
     help_views::Install();
-    MainWindow::SetFileOpener(open_file::Open);
+    MainWindow::setFileOpener(open_file::Open);
     gui::estimation_views::Install();
 }
 

@@ -7,7 +7,7 @@ namespace wiring {
 
 /// Registers everything that the program can do. A row of the menu without a handler stays
 /// disabled.
-void ConnectViews();
+void connectViews();
 
 }  // namespace wiring
 

@@ -43,7 +43,7 @@ void WorkArea::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange) takePalette();
 }
 
-void WorkArea::OpenView(QWidget* view) {
+void WorkArea::openView(QWidget* view) {
     auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
     if (window == nullptr) {
         window = addSubWindow(view);
@@ -59,7 +59,7 @@ void WorkArea::OpenView(QWidget* view) {
     setActiveSubWindow(window);
 }
 
-bool WorkArea::CloseAllViews() {
+bool WorkArea::closeAllViews() {
     const QList<QMdiSubWindow*> windows = subWindowList();
     for (QMdiSubWindow* window : windows)
         if (!window->close()) return false;

@@ -13,10 +13,10 @@ class WorkArea : public QMdiArea {
 
     /// Opens a view in a window of its own, or brings that window to the front. Its place comes
     /// from the last time it was open.
-    void OpenView(QWidget* view);
+    void openView(QWidget* view);
 
     /// Closes all views; false when one refuses.
-    bool CloseAllViews();
+    bool closeAllViews();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -73,12 +73,12 @@ using Cells = std::array<std::string, kColumns.size()>;
 std::string row_of(const Cells& cells) {
     std::string line;
     for (std::size_t i = 0; i < cells.size(); ++i)
-        line += text::PadLeft(cells[i], kColumns[i].width);
-    return text::TrimRight(line);
+        line += text::pad_left(cells[i], kColumns[i].width);
+    return text::trim_right(line);
 }
 
 std::string number_or_blank(double value) {
-    return std::fabs(value) > 0 ? numbers::GeneralPoint(static_cast<float>(value)) : std::string();
+    return std::fabs(value) > 0 ? numbers::general_point(static_cast<float>(value)) : std::string();
 }
 
 Values experimental_values(const calculation::BatchDataSet& set) {
@@ -88,7 +88,7 @@ Values experimental_values(const calculation::BatchDataSet& set) {
 
 /// True for what the calculation kind takes as given: it is not compared with itself.
 bool is_given(std::int16_t mode, std::size_t quantity) {
-    const unsigned asks = calculation::ModeOf(mode).asks;
+    const unsigned asks = calculation::mode_of(mode).asks;
     switch (quantity) {
         case kT:
             return (asks & calculation::kAsksT) != 0;
@@ -146,7 +146,7 @@ const HeadTexts& head_texts(ListForm form) {
 }
 
 std::string note_on_calculation(const HeadTexts& texts, bool global) {
-    if (!calculation::IsEquilibrium(the_session.CalcMode)) return {};
+    if (!calculation::is_equilibrium(the_session.CalcMode)) return {};
     if (global) return std::string(" ") + texts.byEos;
     return the_session.LiquidByBenson ? " (BENSON's method)" : "";
 }
@@ -161,13 +161,13 @@ void add_head(std::vector<std::string>& lines, const std::string& title, bool gl
     lines.emplace_back(texts.title);
     lines.emplace_back();
     lines.push_back(texts.substance + legacy::the_substance.Name);
-    lines.push_back(texts.calculation + text::Trim(title) + note_on_calculation(texts, global));
-    lines.push_back(texts.model + text::Trim(models::EOSName(legacy::the_models.EOSModel)));
-    lines.push_back(texts.equation + text::Trim(models::VPName(legacy::the_models.VPModel)));
+    lines.push_back(texts.calculation + text::trim(title) + note_on_calculation(texts, global));
+    lines.push_back(texts.model + text::trim(models::EOSName(legacy::the_models.EOSModel)));
+    lines.push_back(texts.equation + text::trim(models::vp_name(legacy::the_models.VPModel)));
     lines.push_back(texts.count + std::to_string(the_session.BatchCount));
     lines.push_back(texts.file + the_session.BatchFile);
     if (!shows_functions(extended)) return;
-    for (std::string& line : calculation::ReferenceLines(true, calculation::Numbers::Point))
+    for (std::string& line : calculation::reference_lines(true, calculation::Numbers::Point))
         lines.push_back(std::move(line));
 }
 
@@ -198,7 +198,7 @@ void add_row(ResultList& list, std::size_t index, const calculation::BatchDataSe
         cells[7 + i] = number_or_blank(calculated[i]);
         const auto deviation = Deviation(calculated[i], measured[i]);
         if (!deviation) continue;
-        cells[kFirstDeviation + i] = DeviationText(*deviation);
+        cells[kFirstDeviation + i] = deviation_text(*deviation);
         if (!(std::fabs(*deviation) < kLargest)) continue;
         list.means[i].sum += static_cast<double>(std::fabs(*deviation));
         ++list.means[i].count;
@@ -223,27 +223,27 @@ void add_functions(std::vector<std::string>& lines, const calculation::ResultRec
     const auto value = [](const calculation::PhaseFunctions& phase, std::size_t i,
                           const char* mark) {
         const bool exists = phase.caloric[calculation::kVolume] > 0;
-        return exists ? text::PadLeft(numbers::GeneralPoint(static_cast<float>(phase.caloric[i])),
-                                      kNumber) +
+        return exists ? text::pad_left(numbers::general_point(static_cast<float>(phase.caloric[i])),
+                                       kNumber) +
                             mark
                       : std::string();
     };
     for (const FunctionLine& line : kFunctionLines)
-        lines.push_back(text::PadRight(line.label, kLabel) +
+        lines.push_back(text::pad_right(line.label, kLabel) +
                         value(record.FuL, line.function, " (L)") +
                         value(record.FuV, line.function, " (V)"));
 }
 
 void add_means(ResultList& list) {
     const std::string title = "arithmet. mean of ABS(%-deviations):";
-    std::string line = text::PadRight(title, width_of_columns(kFirstDeviation));
+    std::string line = text::pad_right(title, width_of_columns(kFirstDeviation));
     for (std::size_t i = 0; i < kQuantities; ++i) {
         const auto mean = list.means[i].value();
-        line += text::PadLeft(mean ? numbers::FormatPoint(*mean, "###0.00") + "%" : std::string(),
-                              kColumns[kFirstDeviation + i].width);
+        line += text::pad_left(mean ? numbers::format_point(*mean, "###0.00") + "%" : std::string(),
+                               kColumns[kFirstDeviation + i].width);
     }
     list.lines.push_back(rule());
-    list.lines.push_back(text::TrimRight(line));
+    list.lines.push_back(text::trim_right(line));
 }
 
 // ---- Extended part ----------------------------------------------------------------------------
@@ -269,12 +269,12 @@ std::string function_label(int index, ListForm form) {
 
 std::string phase_row(const std::string& label, const std::string& L, const std::string& V) {
     constexpr std::size_t kLabel = 17, kNumber = 20;
-    return text::TrimRight(text::PadRight(label, kLabel) + text::PadLeft(L, kNumber) +
-                           text::PadLeft(V, kNumber));
+    return text::trim_right(text::pad_right(label, kLabel) + text::pad_left(L, kNumber) +
+                            text::pad_left(V, kNumber));
 }
 
 std::string volume_text(float rho) {
-    return rho > 0 ? numbers::GeneralPoint(legacy::the_substance.M / rho) : std::string();
+    return rho > 0 ? numbers::general_point(legacy::the_substance.M / rho) : std::string();
 }
 
 void add_extended(std::vector<std::string>& lines, std::size_t index,
@@ -285,8 +285,8 @@ void add_extended(std::vector<std::string>& lines, std::size_t index,
     const bool file = form == ListForm::File;
     const double T = record.T > 0 ? static_cast<double>(record.T) : set.T;
     const auto value = [](float rho, const calculation::PhaseFunctions& phase, int i) {
-        return rho > 0 ? numbers::FormatPoint(phase.extended[static_cast<std::size_t>(i)],
-                                              " 0.0000E+00;-0.0000E+00")
+        return rho > 0 ? numbers::format_point(phase.extended[static_cast<std::size_t>(i)],
+                                               " 0.0000E+00;-0.0000E+00")
                        : std::string();
     };
     lines.emplace_back();
@@ -299,7 +299,7 @@ void add_extended(std::vector<std::string>& lines, std::size_t index,
     for (int i = 0; i < kLabels; ++i) {
         const std::string label = function_label(i, form);
         if (label.empty()) continue;
-        lines.push_back(phase_row(text::PadRight(label, kLabelWidth) + " : ",
+        lines.push_back(phase_row(text::pad_right(label, kLabelWidth) + " : ",
                                   value(record.rhoL, record.FuL, i),
                                   value(record.rhoV, record.FuV, i)));
     }
@@ -340,7 +340,7 @@ void for_each_result(Visit visit) {
 
 std::string file_name(const std::string& name) {
     if (name.starts_with("LPT")) return name;
-    return datafiles::TargetPath(name, session::WriteFolder().string(), ".LST");
+    return datafiles::target_path(name, session::write_folder().string(), ".LST");
 }
 
 }  // namespace
@@ -352,21 +352,21 @@ std::optional<float> Deviation(double calculated, double experimental) {
     return static_cast<float>(std::min(deviation, kLargest));
 }
 
-std::string DeviationText(float deviation) {
+std::string deviation_text(float deviation) {
     constexpr float kLargest = 500.0F;
     if (!(std::fabs(deviation) < kLargest)) return "(dev.> 500%!)";
     return std::string("(")
-        .append(numbers::FormatPoint(static_cast<double>(deviation), "####.##"))
+        .append(numbers::format_point(static_cast<double>(deviation), "####.##"))
         .append(" %)");
 }
 
-void CalculateAllSets() {
+void calculate_all_sets() {
     const session::BusyPointer busy;
     const EachMessageOnce once;
     const calculation::CalculationSnapshot before;
     legacy::the_ResultRecords.resize(set_count() + 1);
     for (calculation::ResultRecord& record : legacy::the_ResultRecords) record.State = "   ";
-    const std::string title = calculation::ModeTitle(the_session.CalcMode);
+    const std::string title = calculation::mode_title(the_session.CalcMode);
     for (std::size_t i = 1; i <= set_count() && i < legacy::the_BatchData.size(); ++i) {
         if (legacy::the_BatchData[i].skip != 0) continue;
         calculation::CalcCall call{.Mode = the_session.CalcMode,
@@ -379,7 +379,7 @@ void CalculateAllSets() {
     before.restore();
 }
 
-ResultList MakeResultList(const std::string& title, bool global, bool extended, ListForm form) {
+ResultList make_result_list(const std::string& title, bool global, bool extended, ListForm form) {
     ResultList list;
     add_head(list.lines, title, global, extended, form);
     add_column_heads(list.lines);
@@ -397,20 +397,20 @@ ResultList MakeResultList(const std::string& title, bool global, bool extended, 
     return list;
 }
 
-void PrintResult(const std::string& title, bool global, bool extended) {
-    CalculateAllSets();
+void print_result(const std::string& title, bool global, bool extended) {
+    calculate_all_sets();
     std::string text;
-    for (const std::string& line : MakeResultList(title, global, extended, ListForm::Print).lines)
+    for (const std::string& line : make_result_list(title, global, extended, ListForm::Print).lines)
         text += line + '\n';
     dialogs::Print({.title = title, .font = "COURIER", .text = text});
 }
 
-bool ResultFile(const std::string& name, const std::string& title, bool global, bool extended) {
-    CalculateAllSets();
-    const ResultList list = MakeResultList(title, global, extended, ListForm::File);
+bool result_file(const std::string& name, const std::string& title, bool global, bool extended) {
+    calculate_all_sets();
+    const ResultList list = make_result_list(title, global, extended, ListForm::File);
     const std::string error =
-        datafiles::WriteWhole(file_name(name), datafiles::AnsiLines(list.lines));
-    if (!error.empty()) dialogs::Tell(error, "WARNING");
+        datafiles::write_whole(file_name(name), datafiles::ansi_lines(list.lines));
+    if (!error.empty()) dialogs::tell(error, "WARNING");
     return error.empty();
 }
 

@@ -26,7 +26,7 @@ struct Mean {
 /// (calculated/experimental - 1) 100 as a 32-bit value; nothing unless both exceed 1E-6.
 std::optional<float> Deviation(double calculated, double experimental);
 /// "(1.25 %)", or "(dev.> 500%!)" from 500 % on.
-std::string DeviationText(float deviation);
+std::string deviation_text(float deviation);
 
 /// Where a list goes; both forms have the same content.
 enum class ListForm { File, Print };
@@ -39,16 +39,16 @@ struct ResultList {
 
 /// Calculates every active data set in `CalcMode`, quietly, so that `ResultRecords` is complete.
 /// All else of the session stays as it was; a message that repeats is shown once.
-void CalculateAllSets();
+void calculate_all_sets();
 
 /// The list of all data sets that have a result. `extended` adds the pages of functions when the
 /// session shows them.
-ResultList MakeResultList(const std::string& title, bool global, bool extended, ListForm form);
+ResultList make_result_list(const std::string& title, bool global, bool extended, ListForm form);
 
 /// Calculates, and prints the list or writes it to a file: a name without "." gets ".LST", one
 /// without a folder goes to the program's folder, and one that begins with "LPT" stands as it is.
-/// `ResultFile` is false, after a message, when the file could not be written.
-void PrintResult(const std::string& title, bool global, bool extended);
-bool ResultFile(const std::string& name, const std::string& title, bool global, bool extended);
+/// `result_file` is false, after a message, when the file could not be written.
+void print_result(const std::string& title, bool global, bool extended);
+bool result_file(const std::string& name, const std::string& title, bool global, bool extended);
 
 }  // namespace quor::calculation

@@ -25,38 +25,38 @@ using ModeFunction = void (*)(Job&);
 
 /// The work of each mode, by its code.
 constexpr std::array<ModeFunction, 25> kModeFunctions = {
-    nullptr,                 // 0: none
-    GivenTRho,               // 1
-    GivenTRho,               // 2
-    GivenTp,                 // 3
-    EquilibriumState,        // 4
-    EquilibriumState,        // 5
-    EnthalpyOfVaporisation,  // 6
-    EnthalpyOfVaporisation,  // 7
-    CaloricFunctions,        // 8
-    GivenTRho,               // 9
-    GivenTRho,               // 10
-    VirialCoefficients,      // 11
-    PolytropicProcess,       // 12
-    GivenPRho,               // 13
-    DatabaseFunction,        // 14
-    DatabaseFunction,        // 15
-    DatabaseFunction,        // 16
-    DatabaseFunction,        // 17
-    DatabaseFunction,        // 18
-    DatabaseFunction,        // 19
-    DatabaseFunction,        // 20
-    DatabaseFunction,        // 21
-    DatabaseFunction,        // 22
-    NoFunction,              // 23
-    DatabaseFunction,        // 24
+    nullptr,                   // 0: none
+    given_t_rho,               // 1
+    given_t_rho,               // 2
+    given_tp,                  // 3
+    equilibrium_state,         // 4
+    equilibrium_state,         // 5
+    enthalpy_of_vaporisation,  // 6
+    enthalpy_of_vaporisation,  // 7
+    caloric_functions,         // 8
+    given_t_rho,               // 9
+    given_t_rho,               // 10
+    VirialCoefficients,        // 11
+    polytropic_process,        // 12
+    given_p_rho,               // 13
+    DatabaseFunction,          // 14
+    DatabaseFunction,          // 15
+    DatabaseFunction,          // 16
+    DatabaseFunction,          // 17
+    DatabaseFunction,          // 18
+    DatabaseFunction,          // 19
+    DatabaseFunction,          // 20
+    DatabaseFunction,          // 21
+    DatabaseFunction,          // 22
+    no_function,               // 23
+    DatabaseFunction,          // 24
 };
 
 constexpr std::int16_t kVirialMode = 11, kPolytropicMode = 12;
 constexpr std::int16_t kByCubicEos = 7;
 
 bool is_cubic() {
-    return models::IsCubicEOS(legacy::the_models.EOSModel) && !legacy::the_models.EOSOnlyV;
+    return models::is_cubic_eos(legacy::the_models.EOSModel) && !legacy::the_models.EOSOnlyV;
 }
 
 /// Everything that a call leaves behind starts empty.
@@ -68,9 +68,9 @@ void begin(Job& job) {
     resultText.title = job.call.Text.empty() ? title : job.call.Text;
     *job.call.Results = {};
     legacy::the_currentResult = {};
-    session::RefreshUnits();
+    session::refresh_units();
     the_session.CaloricFactor =
-        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
+        session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
 }
 
 // ---- Common end -------------------------------------------------------------------------------
@@ -97,7 +97,7 @@ std::optional<RegionText> region_of(double T, double p) {
 /// Captions of the columns and the words on the region. A function of the database belongs to no
 /// state, so that it has no region.
 void tell_region(const Job& job) {
-    if (legacy::the_models.EOSOnlyV || IsDatabaseFunction(job.mode()) || job.T < kPresent) return;
+    if (legacy::the_models.EOSOnlyV || is_database_function(job.mode()) || job.T < kPresent) return;
     if (const auto region = region_of(job.T, job.p)) {
         legacy::the_PhaseRegion = region->region;
         if (region->region == 1) resultText.lblVphase = "L-Phase";
@@ -109,19 +109,19 @@ void tell_region(const Job& job) {
 
 bool shows_cubic_parameters(const Job& job) {
     if (!is_cubic() || !(job.T > kPresent)) return false;
-    if (job.mode() == kPolytropicMode || IsDatabaseFunction(job.mode())) return false;
-    return !IsVaporisation(job.mode()) || legacy::the_models.HLVModel == kByCubicEos;
+    if (job.mode() == kPolytropicMode || is_database_function(job.mode())) return false;
+    return !is_vaporisation(job.mode()) || legacy::the_models.HLVModel == kByCubicEos;
 }
 
 void add_cubic_parameters(Job& job) {
     constexpr std::size_t kNumberWidth = 16;
-    models::EvalEOSAtT(job.T);
+    models::eval_eos_at_t(job.T);
     const models::EOSState& s = legacy::the_eosState;
     job.list.blank();
     job.list.underlined("Paramet. of the generalized cub. EOS (" +
-                        text::Trim(models::EOSName(legacy::the_models.EOSModel)) + "):");
+                        text::trim(models::EOSName(legacy::the_models.EOSModel)) + "):");
     const auto line = [&](const char* name, double value) {
-        job.list.add(name + text::PadLeft(Value32(value), kNumberWidth));
+        job.list.add(name + text::pad_left(value32(value), kNumberWidth));
     };
     line("  A =", s.eosA);
     line("  B =", s.eosB);
@@ -132,7 +132,7 @@ void add_cubic_parameters(Job& job) {
 bool shows_virial_coefficient(const Job& job) {
     return legacy::the_models.EOSOnlyV && job.T > kPresent && job.mode() != 0 &&
            job.mode() != kVirialMode && job.mode() != kPolytropicMode &&
-           !IsDatabaseFunction(job.mode());
+           !is_database_function(job.mode());
 }
 
 void add_virial_coefficient(Job& job) {
@@ -140,16 +140,16 @@ void add_virial_coefficient(Job& job) {
     const double B = models::SecondVirial(legacy::the_models.EOSModel, job.T);
     job.list.blank();
     job.list.add("Virial coeffizient:");
-    job.list.add("  B =" + text::PadLeft(Value32(B), kNumberWidth) + " m^3/kmol");
+    job.list.add("  B =" + text::pad_left(value32(B), kNumberWidth) + " m^3/kmol");
 }
 
 /// The diagnosis needs a state that the cubic EOS itself has found.
 bool can_diagnose(const Job& job) {
     const std::int16_t mode = job.mode();
     if (job.error || !is_cubic() || !the_session.GlobalCalculation) return false;
-    if (mode == kVirialMode || mode == kPolytropicMode || IsDatabaseFunction(mode)) return false;
-    if (IsEquilibrium(mode)) return legacy::the_models.PriorityCEOS;
-    return !IsVaporisation(mode) || legacy::the_models.HLVModel == kByCubicEos;
+    if (mode == kVirialMode || mode == kPolytropicMode || is_database_function(mode)) return false;
+    if (is_equilibrium(mode)) return legacy::the_models.PriorityCEOS;
+    return !is_vaporisation(mode) || legacy::the_models.HLVModel == kByCubicEos;
 }
 
 void keep_record(Job& job) {
@@ -162,7 +162,7 @@ void keep_record(Job& job) {
 }
 
 void set_fraction(Job& job) {
-    if (IsTank(job.mode())) return;
+    if (is_tank(job.mode())) return;
     if (!job.V.exists) {
         job.call.FractionV = 0;
     } else if (!job.L.exists) {
@@ -193,7 +193,7 @@ std::string text_so_far(const Job& job) {
 void tell_fault(Job& job, const char* reason) {
     job.error = true;
     keep_record(job);
-    dialogs::Tell(reason + text_so_far(job), "WARNING");
+    dialogs::tell(reason + text_so_far(job), "WARNING");
 }
 
 }  // namespace
@@ -202,7 +202,7 @@ void CalcBatch(CalcCall& call) {
     call.Pressure = 0;
     call.HasL = call.HasV = call.Failed = false;
     call.Roots = 0;
-    Job job{.call = call, .input = DataSet(call.Index)};
+    Job job{.call = call, .input = data_set(call.Index)};
     try {
         begin(job);
         const auto i = static_cast<std::size_t>(call.Mode);

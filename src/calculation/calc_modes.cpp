@@ -90,57 +90,57 @@ bool is_pressure_row_possible(int row) {
 
 }  // namespace
 
-const ModeInfo& ModeOf(std::int16_t mode) {
+const ModeInfo& mode_of(std::int16_t mode) {
     static constexpr ModeInfo kNone;
     const auto found = std::find_if(kModes.begin(), kModes.end(),
                                     [&](const ModeInfo& m) { return m.mode == mode; });
     return found == kModes.end() ? kNone : *found;
 }
 
-std::int16_t ModeOfRow(Menu menu, int row) {
+std::int16_t mode_of_row(Menu menu, int row) {
     for (const ModeInfo& m : kModes)
         if (m.menu == menu && m.row == row && row >= 0) return m.mode;
     return 0;
 }
 
-bool IsTank(std::int16_t mode) {
+bool is_tank(std::int16_t mode) {
     return mode == 9 || mode == 10;
 }
-bool IsDatabaseFunction(std::int16_t mode) {
+bool is_database_function(std::int16_t mode) {
     return mode >= 14 && mode <= 24;
 }
-bool IsEquilibrium(std::int16_t mode) {
+bool is_equilibrium(std::int16_t mode) {
     return mode == 4 || mode == 5;
 }
-bool IsVaporisation(std::int16_t mode) {
+bool is_vaporisation(std::int16_t mode) {
     return mode == 6 || mode == 7;
 }
 
-std::string ModeTitle(std::int16_t mode) {
-    const std::string title = ModeOf(mode).title;
-    if (IsTank(mode)) {
+std::string mode_title(std::int16_t mode) {
+    const std::string title = mode_of(mode).title;
+    if (is_tank(mode)) {
         if (the_session.GlobalCalculation) return title + " (global calculation)";
         return title + " (partial calculation, rho_L " +
                (the_session.LiquidByBenson ? " by BENSON's method)" : " (from database)");
     }
-    if (IsEquilibrium(mode))
+    if (is_equilibrium(mode))
         return title +
                (the_session.GlobalCalculation ? " (global calculation)" : " (partial calculation)");
     if (mode == 8) return title + " (global calculation)";
     return title;
 }
 
-std::string ResultCaption(std::int16_t mode) {
-    return IsTank(mode) ? ModeTitle(mode) : "Result of the Calculation: " + ModeTitle(mode);
+std::string result_caption(std::int16_t mode) {
+    return is_tank(mode) ? mode_title(mode) : "Result of the Calculation: " + mode_title(mode);
 }
 
-bool IsRowPossible(Menu menu, int row) {
+bool is_row_possible(Menu menu, int row) {
     if (menu == Menu::Database) return is_database_row_possible(row);
     if (menu == Menu::Pressure) return is_pressure_row_possible(row);
-    return ModeOfRow(menu, row) != 0;
+    return mode_of_row(menu, row) != 0;
 }
 
-std::string VirialRowCaption() {
+std::string virial_row_caption() {
     return legacy::the_models.EOSOnlyV ? "T => Virial Coefficient B"
                                        : "T => Virial Coefficient B, Parameters of the CEOS";
 }

@@ -18,7 +18,7 @@ constexpr auto kStableL = "(stable, L-phase)", kStableV = "(stable, V-phase)";
 constexpr auto kMetastable = "(metastable)", kUnstable = "(unstable)";
 
 RootRow root_row(int number, double v, const char* note) {
-    return {"v(" + std::to_string(number) + ") =", Value32(v) + " m^3/kmol", note, v,
+    return {"v(" + std::to_string(number) + ") =", value32(v) + " m^3/kmol", note, v,
             note == kStableL || note == kStableV};
 }
 
@@ -76,18 +76,18 @@ void set_limits(Diagnosis& d, const models::EOSState& s, double vFirst, double v
 
 }  // namespace
 
-Diagnosis DiagnoseLastState() {
+Diagnosis diagnose_last_state() {
     const calculation::LastState& last = legacy::the_lastState;
     Diagnosis d;
     d.title = "Cubic Equation of State";
-    if (!models::IsCubicEOS(legacy::the_models.EOSModel) || !(last.T > 0) || !(last.p > 0) ||
+    if (!models::is_cubic_eos(legacy::the_models.EOSModel) || !(last.T > 0) || !(last.p > 0) ||
         !(last.v[0] > 0))
         return d;
     d.T = last.T;
     d.p = last.p;
     d.roots = root_rows(last);
 
-    const models::Fluid fluid = models::CurrentFluid();
+    const models::Fluid fluid = models::current_fluid();
     const models::EOSState s = models::eos_at(fluid, d.T);
     double vFirst = d.roots.front().v, vLast = d.roots.back().v;
     if (d.T < legacy::the_substance.Tcrit) {

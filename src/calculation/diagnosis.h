@@ -37,6 +37,6 @@ struct Diagnosis {
 };
 
 /// The diagnosis of `legacy::the_lastState` with the active cubic EOS; empty without a state.
-Diagnosis DiagnoseLastState();
+Diagnosis diagnose_last_state();
 
 }  // namespace quor::calculation

@@ -64,7 +64,7 @@ DirectInput tank_input(bool amount) {
 
 DirectInput state_input() {
     DirectInput input{"Input \"Direct calculation\" ", "&Calculate", {}, false, {}, false};
-    const unsigned asks = ModeOf(the_session.CalcMode).asks;
+    const unsigned asks = mode_of(the_session.CalcMode).asks;
     if ((asks & kAsksT) != 0) input.fields[kT] = {true, "      T/K     "};
     if ((asks & kAsksP) != 0) input.fields[kP] = {true, "      p/kPa = "};
     if ((asks & kAsksRho) == 0) return input;
@@ -79,7 +79,7 @@ DirectInput state_input() {
 Values values_of(const DirectInput& input, const std::array<std::string, 4>& texts) {
     Values values{};
     for (std::size_t i = 0; i < values.size(); ++i)
-        if (input.fields[i].visible) values[i] = numbers::ValInput(texts[i]);
+        if (input.fields[i].visible) values[i] = numbers::val_input(texts[i]);
     return values;
 }
 
@@ -97,20 +97,20 @@ double sum(const Values& values) {
 }
 
 InputResult refuse() {
-    dialogs::Tell("no valid input", "Execution not possible");
+    dialogs::tell("no valid input", "Execution not possible");
     return InputResult::Refused;
 }
 
 InputResult store_reference(const Values& v) {
-    the_session.BensonReference = {numbers::ToSingle(v[0]), numbers::ToSingle(v[1]),
-                                   numbers::ToSingle(v[2]), numbers::ToSingle(v[3])};
+    the_session.BensonReference = {numbers::to_single(v[0]), numbers::to_single(v[1]),
+                                   numbers::to_single(v[2]), numbers::to_single(v[3])};
     return InputResult::ReferenceStored;
 }
 
 InputResult calculate_tank(const Values& v, bool amount) {
-    const float V = numbers::ToSingle(v[0]), T = numbers::ToSingle(v[2]);
+    const float V = numbers::to_single(v[0]), T = numbers::to_single(v[2]);
     const float m =
-        numbers::ToSingle(amount ? v[1] * static_cast<double>(legacy::the_substance.M) : v[1]);
+        numbers::to_single(amount ? v[1] * static_cast<double>(legacy::the_substance.M) : v[1]);
     the_session.tank.V = V;
     the_session.tank.m = m;
     the_session.tank.T = T;
@@ -119,40 +119,40 @@ InputResult calculate_tank(const Values& v, bool amount) {
 
 double density_of(double typed) {
     if (typed == 0.0 || !the_session.VolumeInput) return typed;
-    session::RefreshUnits();
+    session::refresh_units();
     const auto M = static_cast<double>(legacy::the_substance.M);
     return faults::divide(M, typed / the_session.VolumeFactor);
 }
 
 InputResult calculate_state(const Values& v) {
-    const float rho = numbers::ToSingle(density_of(v[kRho]));
-    const float rhoL = numbers::ToSingle(v[kRhoL]);
+    const float rho = numbers::to_single(density_of(v[kRho]));
+    const float rhoL = numbers::to_single(v[kRhoL]);
     calculation::BatchDataSet& input = legacy::the_BatchData.front();
     input.T = v[kT];
     input.p = v[kP];
     input.rhoV = rho;
     input.rhoL = rhoL;
     CalcCall call{
-        .Mode = the_session.CalcMode, .Index = 0, .Text = ModeTitle(the_session.CalcMode)};
+        .Mode = the_session.CalcMode, .Index = 0, .Text = mode_title(the_session.CalcMode)};
     CalcBatch(call);
     return InputResult::Calculated;
 }
 
 }  // namespace
 
-DirectInput DescribeDirectInput(bool amount) {
+DirectInput describe_direct_input(bool amount) {
     if (the_session.InputSituation == kReferenceInput) return reference_input();
     if (the_session.InputSituation == kTankInput) return tank_input(amount);
     return state_input();
 }
 
-void ChooseVolumeInput(int index) {
+void choose_volume_input(int index) {
     the_session.VolumeInput = index == 1;
 }
 
-InputResult AcceptInput(const std::array<std::string, 4>& texts, bool amount) {
+InputResult accept_input(const std::array<std::string, 4>& texts, bool amount) {
     try {
-        const DirectInput input = DescribeDirectInput(amount);
+        const DirectInput input = describe_direct_input(amount);
         const Values values = values_of(input, texts);
         const bool direct = the_session.InputSituation != kReferenceInput &&
                             the_session.InputSituation != kTankInput;
@@ -169,7 +169,7 @@ std::string CalculateTank() {
     CalcCall call{.Mode = the_session.CalcMode,
                   .Index = 0,
                   .Interactive = false,
-                  .Text = ModeTitle(the_session.CalcMode)};
+                  .Text = mode_title(the_session.CalcMode)};
     CalcBatch(call);
     the_session.tank.p = 0;
     the_session.tank.level = 0;
@@ -180,7 +180,7 @@ std::string CalculateTank() {
     return call.Text;
 }
 
-void CancelInput() {
+void cancel_input() {
     views().closeParinput();
     views().closeResultView();
 }

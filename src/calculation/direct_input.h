@@ -22,10 +22,10 @@ struct DirectInput {
 };
 
 /// `amount` is true when the tank's content is typed in kmol.
-DirectInput DescribeDirectInput(bool amount = false);
+DirectInput describe_direct_input(bool amount = false);
 
 /// `optRhoV` click: 0 density, 1 volume.
-void ChooseVolumeInput(int index);
+void choose_volume_input(int index);
 
 /// How an input ended.
 enum class InputResult {
@@ -37,12 +37,12 @@ enum class InputResult {
 };
 
 /// `cmdParameter_OK` with the texts of the four fields. Checks, stores, and calculates.
-InputResult AcceptInput(const std::array<std::string, 4>& texts, bool amount = false);
+InputResult accept_input(const std::array<std::string, 4>& texts, bool amount = false);
 
 /// `CalcBatch` of the tank, with its results into the session. Returns the text that came back.
 std::string CalculateTank();
 
 /// `cancel`: closes the input and the result view.
-void CancelInput();
+void cancel_input();
 
 }  // namespace quor::calculation

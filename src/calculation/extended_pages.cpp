@@ -66,14 +66,14 @@ void store(Job& job, const PhaseDerivatives& d, std::size_t joule_thomson,
            calculation::PhaseFunctions& record) {
     if (!d.exists) return;
     record.extended = in_label_order(d);
-    StoreFu(job, joule_thomson, d.table.residual[models::JouleThomson]);
-    for (std::size_t i = 0; i < 3; ++i) StoreFu(job, 35 + i, d.mechanical[i]);
+    store_fu(job, joule_thomson, d.table.residual[models::JouleThomson]);
+    for (std::size_t i = 0; i < 3; ++i) store_fu(job, 35 + i, d.mechanical[i]);
 }
 
 /// A label of 14 characters and a colon.
 std::string label(int index) {
     constexpr std::size_t kWidth = 14;
-    return text::PadRight(models::FunctionLabel(index), kWidth) + " : ";
+    return text::pad_right(models::FunctionLabel(index), kWidth) + " : ";
 }
 
 /// The row of a value of both phases; `of` takes it from a phase.
@@ -92,7 +92,7 @@ void residual_page(Job& job, const PhaseDerivatives& L, const PhaseDerivatives& 
     list.rule('*', kRule);
     list.add("diff. Joule-Thomson coefficients; fugacity coeff.; residual functions");
     list.rule('*', kRule);
-    for (std::string& line : ReferenceLines(false)) list.add(std::move(line));
+    for (std::string& line : reference_lines(false)) list.add(std::move(line));
     list.add(std::string(models::FunctionLabel(21)) + " (Joule-Thomson coefficient [K/kPa]):");
     if (has_heat_capacity(job.T))
         value_row(job, "", L, V, kSigned,
@@ -170,19 +170,19 @@ void show_functions(Job& job, const PhasePair& pair) {
         list.add_red("no Result");
         return;
     }
-    for (std::string& line : ReferenceLines()) list.add(std::move(line));
-    FunctionTable(job, pair, TableKind::Page);
+    for (std::string& line : reference_lines()) list.add(std::move(line));
+    function_table(job, pair, TableKind::Page);
 }
 
 void function_page(Job& job) {
-    const PhasePair pair = FunctionsOfPhases(job);
+    const PhasePair pair = functions_of_phases(job);
     if (!job.call.Quiet) show_functions(job, pair);
     if (pair.failed()) return;
-    StoreFunctions(job, pair);
+    store_functions(job, pair);
     const auto replace_a = [&](std::size_t first, const std::optional<FunctionValues>& phase) {
         if (phase)
-            StoreFu(job, first + kA,
-                    the_session.CaloricFactor * (phase->z[kU] - job.p * phase->z[kVolume]));
+            store_fu(job, first + kA,
+                     the_session.CaloricFactor * (phase->z[kU] - job.p * phase->z[kVolume]));
     };
     replace_a(kFuL, pair.L);
     replace_a(kFuV, pair.V);
@@ -194,14 +194,14 @@ bool solve_again(Job& job) {
     const models::StateTP state = models::SolveStateTP(job.T, job.p);
     if (state.status != kSuccess) return false;
     const bool equilibrium = job.L.exists && job.V.exists && state.nRoots == 3;
-    TakeState(job, state);
+    take_state(job, state);
     if (equilibrium) job.L.exists = job.V.exists = true;
     return true;
 }
 
 bool ends_in_a_state(std::int16_t mode) {
-    return mode >= 1 && mode != 11 && mode != 12 && !IsVaporisation(mode) &&
-           !IsDatabaseFunction(mode);
+    return mode >= 1 && mode != 11 && mode != 12 && !is_vaporisation(mode) &&
+           !is_database_function(mode);
 }
 
 }  // namespace

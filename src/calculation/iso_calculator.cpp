@@ -29,7 +29,7 @@ CalcCall calculate(bool quiet) {
                   .Index = 0,
                   .Quiet = quiet,
                   .Interactive = !quiet,
-                  .Text = ModeTitle(kFunctionsMode)};
+                  .Text = mode_title(kFunctionsMode)};
     CalcBatch(call);
     return call;
 }
@@ -168,10 +168,10 @@ std::string shown(double value) {
 /// The fields of the view from the state that it keeps.
 void refill(IsoCalculator& iso) {
     const bool givenT = iso.given == IsoGiven::T;
-    iso.lblFuConst = IsoLabel(iso.function);
+    iso.lblFuConst = iso_label(iso.function);
     iso.givenLabel = givenT ? "  T/K =" : "p/kPa =";
     iso.soughtLabel = givenT ? "p/kPa = " : "T/K =";
-    iso.txtFuConst = shown(iso.values[IsoPosition(iso.function, iso.liquid)]);
+    iso.txtFuConst = shown(iso.values[iso_position(iso.function, iso.liquid)]);
     iso.txtTpVorgabe = shown(givenT ? iso.lastT : iso.lastP);
     iso.txtTpCalc = shown(givenT ? iso.lastP : iso.lastT);
 }
@@ -184,18 +184,18 @@ void keep(IsoCalculator& iso) {
 
 }  // namespace
 
-const char* IsoLabel(std::int16_t function) {
+const char* iso_label(std::int16_t function) {
     return kLabels[static_cast<std::size_t>(std::clamp<int>(function, kIsoV, kIsoEU) - 1)];
 }
 
-std::size_t IsoPosition(std::int16_t function, bool liquid) {
+std::size_t iso_position(std::int16_t function, bool liquid) {
     const auto index = static_cast<std::size_t>(std::clamp<int>(function, kIsoV, kIsoEU) - 1);
     return index + (liquid ? kFuL : kFuV);
 }
 
-IsoSolution IsoSolve(IsoGiven given, std::int16_t function, bool liquid, double target) {
+IsoSolution iso_solve(IsoGiven given, std::int16_t function, bool liquid, double target) {
     const CalculationSnapshot before;
-    Search search(given, IsoPosition(function, liquid), liquid, target);
+    Search search(given, iso_position(function, liquid), liquid, target);
     const std::optional<double> x = search.solve();
     if (!x) {
         before.restore();
@@ -206,7 +206,7 @@ IsoSolution IsoSolve(IsoGiven given, std::int16_t function, bool liquid, double 
     return {*x, false};
 }
 
-IsoCalculator OpenIsoCalculator() {
+IsoCalculator open_iso_calculator() {
     IsoCalculator iso;
     iso.function = std::clamp<std::int16_t>(the_session.IsoFunction, kIsoV, kIsoEU);
     iso.given =
@@ -221,32 +221,32 @@ IsoCalculator OpenIsoCalculator() {
     return iso;
 }
 
-void ChooseIsoFunction(IsoCalculator& iso, std::int16_t function) {
+void choose_iso_function(IsoCalculator& iso, std::int16_t function) {
     iso.function = the_session.IsoFunction = std::clamp<std::int16_t>(function, kIsoV, kIsoEU);
     refill(iso);
 }
 
-void ChooseIsoPhase(IsoCalculator& iso, bool liquid) {
+void choose_iso_phase(IsoCalculator& iso, bool liquid) {
     iso.liquid = liquid;
     refill(iso);
 }
 
-void ChooseIsoGiven(IsoCalculator& iso, IsoGiven given) {
+void choose_iso_given(IsoCalculator& iso, IsoGiven given) {
     iso.given = given;
     the_session.IsoTp = static_cast<std::int16_t>(given);
     refill(iso);
 }
 
-bool CalculateIso(IsoCalculator& iso, const std::string& fuConst, const std::string& given) {
+bool calculate_iso(IsoCalculator& iso, const std::string& fuConst, const std::string& given) {
     const session::BusyPointer busy;
-    const double target = numbers::ValInput(fuConst);
-    const double value = numbers::ValInput(given);
+    const double target = numbers::val_input(fuConst);
+    const double value = numbers::val_input(given);
     iso.txtFuConst = fuConst;
     iso.txtTpVorgabe = given;
     calculation::BatchDataSet& input = legacy::the_BatchData.front();
     const calculation::BatchDataSet before = input;
     (iso.given == IsoGiven::T ? input.T : input.p) = value;
-    const IsoSolution solution = IsoSolve(iso.given, iso.function, iso.liquid, target);
+    const IsoSolution solution = iso_solve(iso.given, iso.function, iso.liquid, target);
     if (solution.failed) {
         input = before;
         iso.txtTpCalc = "No solution found";
@@ -257,7 +257,7 @@ bool CalculateIso(IsoCalculator& iso, const std::string& fuConst, const std::str
     return true;
 }
 
-void ResetIso(IsoCalculator& iso) {
+void reset_iso(IsoCalculator& iso) {
     calculation::BatchDataSet& input = legacy::the_BatchData.front();
     input.T = iso.lastT;
     input.p = iso.lastP;

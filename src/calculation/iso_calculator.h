@@ -13,9 +13,9 @@ enum IsoFunction : std::int16_t { kIsoV = 1, kIsoH, kIsoS, kIsoG, kIsoU, kIsoA, 
 enum class IsoGiven : std::int16_t { T = 1, p = 2 };
 
 /// Label of `lblFuConst`: "V  = ", "H  = ", ...
-const char* IsoLabel(std::int16_t function);
+const char* iso_label(std::int16_t function);
 /// Element of `Fu` that holds a function (1 to 8) of the L or the V phase.
-std::size_t IsoPosition(std::int16_t function, bool liquid);
+std::size_t iso_position(std::int16_t function, bool liquid);
 
 struct IsoSolution {
     double x = 0;  ///< T/K or p/kPa, 0 on failure
@@ -24,7 +24,7 @@ struct IsoSolution {
 /// Finds T (given p) or p (given T), starting from the direct input, where the function of the
 /// phase has the target value (in the units of `Fu`). On success the direct input holds the state
 /// and `CalcBatch` has run on it; on failure all is as it was.
-IsoSolution IsoSolve(IsoGiven given, std::int16_t function, bool liquid, double target);
+IsoSolution iso_solve(IsoGiven given, std::int16_t function, bool liquid, double target);
 
 /// What `IsoCalculatorView` shows and keeps.
 struct IsoCalculator {
@@ -39,14 +39,14 @@ struct IsoCalculator {
 };
 
 /// The view over the state in the direct input, with the session's choice of function.
-IsoCalculator OpenIsoCalculator();
+IsoCalculator open_iso_calculator();
 /// Clicks of `OptIsoFu`, `optIsoPhase` and `optIsoTp`.
-void ChooseIsoFunction(IsoCalculator& iso, std::int16_t function);
-void ChooseIsoPhase(IsoCalculator& iso, bool liquid);
-void ChooseIsoGiven(IsoCalculator& iso, IsoGiven given);
+void choose_iso_function(IsoCalculator& iso, std::int16_t function);
+void choose_iso_phase(IsoCalculator& iso, bool liquid);
+void choose_iso_given(IsoCalculator& iso, IsoGiven given);
 /// `cmdCalc` with the texts of the view's two input fields. False without a solution.
-bool CalculateIso(IsoCalculator& iso, const std::string& fuConst, const std::string& given);
+bool calculate_iso(IsoCalculator& iso, const std::string& fuConst, const std::string& given);
 /// `cmdReset`: back to the last successful calculation.
-void ResetIso(IsoCalculator& iso);
+void reset_iso(IsoCalculator& iso);
 
 }  // namespace quor::calculation

@@ -31,104 +31,105 @@ bool remarks_on_triple_point(std::int16_t mode) {
 
 }  // namespace
 
-calculation::BatchDataSet DataSet(std::int16_t index) {
+calculation::BatchDataSet data_set(std::int16_t index) {
     const auto i = static_cast<std::size_t>(index);
     return index >= 0 && i < legacy::the_BatchData.size() ? legacy::the_BatchData[i]
                                                           : calculation::BatchDataSet{};
 }
 
-bool FetchT(Job& job) {
+bool fetch_t(Job& job) {
     if (!(job.input.T >= kPresent)) return missing(job, resultText.par1, "no T in this data set");
     job.T = job.input.T;
-    StoreFu(job, 0, job.T);
+    store_fu(job, 0, job.T);
     if (job.T < static_cast<double>(legacy::the_substance.Ttriple) && job.call.Interactive &&
         !legacy::the_models.EOSOnlyV && remarks_on_triple_point(job.mode()))
-        dialogs::Tell("T < T(TP) (Triple Point)", "Remark");
+        dialogs::tell("T < T(TP) (Triple Point)", "Remark");
     return true;
 }
 
-bool FetchP(Job& job) {
+bool fetch_p(Job& job) {
     if (!(job.input.p >= kPresent)) return missing(job, resultText.par1, "No p in this data set");
     job.p = job.input.p;
-    StoreFu(job, 1, job.p);
+    store_fu(job, 1, job.p);
     return true;
 }
 
-bool FetchRho(Job& job) {
+bool fetch_rho(Job& job) {
     return job.rho() >= kPresent || missing(job, resultText.par1, "no rho in this data set");
 }
 
-std::string TemperatureText(double T) {
+std::string temperature_text(double T) {
     return "T = " + numbers::Format(T, "###0.000 K");
 }
 
-std::string PressureText(double p) {
+std::string pressure_text(double p) {
     return "p = " + PressureValue(p, "####0.000", " kPa");
 }
 
-std::string DensityText(double rho) {
+std::string density_text(double rho) {
     return "rho = " + numbers::Format(rho, "###0.0###") + " kg/m^3";
 }
 
-std::string ErrorCode(Status status) {
+std::string error_code(Status status) {
     return " (E" + std::to_string(status) + ")";
 }
 
-void ReportCalcError(Job& job, const std::string& text) {
+void report_calc_error(Job& job, const std::string& text) {
     constexpr std::size_t kIndent = 25;
     job.error = true;
     job.list.add_red("Message from Sub CalcBatch" + std::string(kIndent, ' ') + text);
 }
 
-void StoreFu(Job& job, std::size_t index, double value) {
+void store_fu(Job& job, std::size_t index, double value) {
     (*job.call.Results)[index] = faults::finite(value);
 }
 
-void TakeState(Job& job, const models::StateTP& state) {
+void take_state(Job& job, const models::StateTP& state) {
     job.L = {state.hasL, state.vL, state.rhoL};
     job.V = {state.hasV, state.vV, state.rhoV};
     job.Roots = state.nRoots;
     job.stateText = state.text;
 }
 
-bool SolveState(Job& job) {
+bool solve_state(Job& job) {
     const models::StateTP state = models::SolveStateTP(job.T, job.p);
     if (state.status != kSuccess) {
-        ReportCalcError(job, ErrorCode(state.status));
+        report_calc_error(job, error_code(state.status));
         return false;
     }
-    TakeState(job, state);
+    take_state(job, state);
     return true;
 }
 
-SaturationVolumes VolumesOf(const models::Saturation& saturation) {
+SaturationVolumes volumes_of(const models::Saturation& saturation) {
     if (saturation.T == legacy::the_substance.Tcrit)
         return {legacy::the_eosParameters.vcritCalc, legacy::the_eosParameters.vcritCalc};
     return {saturation.v[0], saturation.nRoots == 3 ? saturation.v[2] : saturation.v[0]};
 }
 
-PhaseState PhaseAt(double v) {
+PhaseState phase_at(double v) {
     const auto M = static_cast<double>(legacy::the_substance.M);
     return v > kPresent ? PhaseState{true, v, M / v} : PhaseState{true, 0.0, 0.0};
 }
 
-void AddPartialPhases(Job& job, double vV) {
+void add_partial_phases(Job& job, double vV) {
     constexpr std::size_t kIndent = 12;
     if (!the_session.BensonReferenceValid || !(vV > kPresent)) return;
     const models::SubstanceRecord& s = legacy::the_substance;
-    job.V = PhaseAt(vV);
+    job.V = phase_at(vV);
     job.L = {true, 0.0, 0.0};
-    const double rhoL = the_session.LiquidByBenson
-                            ? models::DensityLBenson(job.T, s.Tcrit, s.rhocrit, job.V.rho,
-                                                     the_session.BensonReference)
-                            : models::DensityL(static_cast<float>(job.T), job.call.Interactive).rho;
+    const double rhoL =
+        the_session.LiquidByBenson
+            ? models::density_l_benson(job.T, s.Tcrit, s.rhocrit, job.V.rho,
+                                       the_session.BensonReference)
+            : models::density_l(static_cast<float>(job.T), job.call.Interactive).rho;
     if (faults::finite(rhoL) > kPresent) job.L = {true, static_cast<double>(s.M) / rhoL, rhoL};
     job.list.add(std::string(kIndent, ' ') + (the_session.LiquidByBenson
                                                   ? "by BENSON's method:"
                                                   : "with database equation rho(T):"));
 }
 
-void KeepLastState(Job& job) {
+void keep_last_state(Job& job) {
     calculation::LastState& last = legacy::the_lastState;
     last.T = job.T;
     last.p = job.p;
@@ -140,30 +141,30 @@ void KeepLastState(Job& job) {
     last.messages[1] = job.stateText;
 }
 
-void DensityLines(Job& job) {
-    session::RefreshUnits();
+void density_lines(Job& job) {
+    session::refresh_units();
     const auto density = [](const PhaseState& phase) {
-        return phase.exists && phase.rho > 0 ? Value32(phase.rho) : std::string();
+        return phase.exists && phase.rho > 0 ? value32(phase.rho) : std::string();
     };
     const auto volume = [](const PhaseState& phase) {
-        return phase.exists && phase.v > 0 ? Value32(phase.v * the_session.VolumeFactor)
+        return phase.exists && phase.v > 0 ? value32(phase.v * the_session.VolumeFactor)
                                            : std::string();
     };
     job.list.row("density", "rho/ (kg/m^3)  = ", {density(job.L), density(job.V)});
     job.list.row("Volume",
                  "v/ (" + the_session.VolumeLabel + ")  = ", {volume(job.L), volume(job.V)});
-    StoreFu(job, 9, job.V.exists ? job.V.v * the_session.VolumeFactor : 0.0);
-    StoreFu(job, 19, job.L.exists ? job.L.v * the_session.VolumeFactor : 0.0);
+    store_fu(job, 9, job.V.exists ? job.V.v * the_session.VolumeFactor : 0.0);
+    store_fu(job, 19, job.L.exists ? job.L.v * the_session.VolumeFactor : 0.0);
 }
 
-void StoreRecord(Job& job) {
+void store_record(Job& job) {
     calculation::ResultRecord& r = job.record;
     if (job.L.exists || job.V.exists)
         r.State = job.L.exists && job.V.exists ? "V+L" : job.V.exists ? " V " : " L ";
-    if (job.V.exists) r.rhoV = numbers::ToSingle(job.V.rho);
-    if (job.L.exists) r.rhoL = numbers::ToSingle(job.L.rho);
-    r.p = numbers::ToSingle(job.p);
-    StoreFu(job, 1, job.p);
+    if (job.V.exists) r.rhoV = numbers::to_single(job.V.rho);
+    if (job.L.exists) r.rhoL = numbers::to_single(job.L.rho);
+    r.p = numbers::to_single(job.p);
+    store_fu(job, 1, job.p);
 }
 
 }  // namespace quor::calculation

@@ -38,65 +38,65 @@ struct Job {
 };
 
 /// Element `index` of the data, an empty set beyond them.
-calculation::BatchDataSet DataSet(std::int16_t index);
+calculation::BatchDataSet data_set(std::int16_t index);
 
 // Input. Each tells in red what is missing, sets the error flag and returns false.
 
 /// T of the data set into the job and `Fu`(0); may remark on T below the triple point.
-bool FetchT(Job& job);
+bool fetch_t(Job& job);
 /// p of the data set into the job and `Fu`(1).
-bool FetchP(Job& job);
+bool fetch_p(Job& job);
 /// The density of the data set.
-bool FetchRho(Job& job);
+bool fetch_rho(Job& job);
 
 // Texts.
 
-std::string TemperatureText(double T);  ///< "T = 300.000 K"
-std::string PressureText(double p);     ///< "p = 101.325 kPa"
-std::string DensityText(double rho);    ///< "rho = 1.25 kg/m^3"
+std::string temperature_text(double T);  ///< "T = 300.000 K"
+std::string pressure_text(double p);     ///< "p = 101.325 kPa"
+std::string density_text(double rho);    ///< "rho = 1.25 kg/m^3"
 /// " (E-1)" for a solver's status.
-std::string ErrorCode(Status status);
+std::string error_code(Status status);
 
 /// The error report: the error flag, a red message in the list and the end of the mode's work.
-void ReportCalcError(Job& job, const std::string& text);
+void report_calc_error(Job& job, const std::string& text);
 
 // Results.
 
 /// A finite value into `Fu`, or the fault "Overflow".
-void StoreFu(Job& job, std::size_t index, double value);
+void store_fu(Job& job, std::size_t index, double value);
 /// Phases, volumes and densities of the job from a solution of `SolveStateTP`.
-void TakeState(Job& job, const models::StateTP& state);
+void take_state(Job& job, const models::StateTP& state);
 /// `SolveStateTP` at T and p of the job; a failure goes to the error report.
-bool SolveState(Job& job);
+bool solve_state(Job& job);
 /// The volumes of a saturation state; at the critical point those of the model.
 struct SaturationVolumes {
     double vL = 0, vV = 0;  ///< m^3/kmol
 };
-SaturationVolumes VolumesOf(const models::Saturation& saturation);
+SaturationVolumes volumes_of(const models::Saturation& saturation);
 /// A phase with v and the density that belongs to it.
-PhaseState PhaseAt(double v);
+PhaseState phase_at(double v);
 /// The L phase by Benson's method or the database equation, as the session chooses, with the
 /// heading that says so. Does nothing without a valid second reference point or a V volume.
-void AddPartialPhases(Job& job, double vV);
+void add_partial_phases(Job& job, double vV);
 /// The record of the last state, for the diagnosis.
-void KeepLastState(Job& job);
+void keep_last_state(Job& job);
 /// Lines with density and volume of both phases; also `Fu`(9) and `Fu`(19).
-void DensityLines(Job& job);
+void density_lines(Job& job);
 /// State, p and densities of the job into its result record; also `Fu`(1).
-void StoreRecord(Job& job);
+void store_record(Job& job);
 
 // The work of the modes; each file of modes holds its own.
 
-void GivenTRho(Job& job);               ///< 1, 2, 9, 10
-void GivenTp(Job& job);                 ///< 3
-void GivenPRho(Job& job);               ///< 13
-void EquilibriumState(Job& job);        ///< 4, 5
-void EnthalpyOfVaporisation(Job& job);  ///< 6, 7
-void CaloricFunctions(Job& job);        ///< 8
-void VirialCoefficients(Job& job);      ///< 11
-void PolytropicProcess(Job& job);       ///< 12
-void DatabaseFunction(Job& job);        ///< 14 to 22, 24
-void NoFunction(Job& job);              ///< 23
+void given_t_rho(Job& job);               ///< 1, 2, 9, 10
+void given_tp(Job& job);                  ///< 3
+void given_p_rho(Job& job);               ///< 13
+void equilibrium_state(Job& job);         ///< 4, 5
+void enthalpy_of_vaporisation(Job& job);  ///< 6, 7
+void caloric_functions(Job& job);         ///< 8
+void VirialCoefficients(Job& job);        ///< 11
+void polytropic_process(Job& job);        ///< 12
+void DatabaseFunction(Job& job);          ///< 14 to 22, 24
+void no_function(Job& job);               ///< 23
 
 /// Pages of derivatives, residual and caloric functions as the session asks for them.
 void ExtendedPages(Job& job);

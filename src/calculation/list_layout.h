@@ -20,18 +20,18 @@ struct PhaseTexts {
 };
 
 /// A line of text without cells.
-ListLine PlainLine(std::string text);
+ListLine plain_line(std::string text);
 /// A line of text that tells of an error.
-ListLine RedLine(std::string text);
+ListLine red_line(std::string text);
 /// A line of `count` equal characters.
-ListLine RuleLine(char c, std::size_t count);
+ListLine rule_line(char c, std::size_t count);
 /// A row of the table; a long name runs into the label's place when there is no label.
 ListLine PhaseRow(std::string_view name, std::string_view label, const PhaseTexts& values);
 /// A label with its sign of equation in a field of 17 characters: "h/ (kJ/kmol)   = ".
-std::string LabelField(std::string_view label);
+std::string label_field(std::string_view label);
 
 /// Text of a 32-bit value in general format. Throws `faults::Fault` when the value is too large.
-std::string Value32(double value);
+std::string value32(double value);
 /// A pressure/kPa by a mask that has no unit, below 0.01 kPa as a 32-bit value; `unit` stands
 /// behind either.
 std::string PressureValue(double p, std::string_view mask, std::string_view unit = "");
@@ -39,10 +39,10 @@ std::string PressureValue(double p, std::string_view mask, std::string_view unit
 /// The growing text of a list.
 class ListBuilder {
   public:
-    void add(std::string text) { lines_.push_back(PlainLine(std::move(text))); }
-    void add_red(std::string text) { lines_.push_back(RedLine(std::move(text))); }
+    void add(std::string text) { lines_.push_back(plain_line(std::move(text))); }
+    void add_red(std::string text) { lines_.push_back(red_line(std::move(text))); }
     void add(ListLine line) { lines_.push_back(std::move(line)); }
-    void rule(char c, std::size_t count) { lines_.push_back(RuleLine(c, count)); }
+    void rule(char c, std::size_t count) { lines_.push_back(rule_line(c, count)); }
     /// A title with a line of '=' of its length below it.
     void underlined(const std::string& title);
     void row(std::string_view name, std::string_view label, const PhaseTexts& values) {

@@ -51,7 +51,7 @@ Range density_range(const std::array<float, N>& parameters, std::int16_t TLo, st
     constexpr int kAround = 10;
     if (TLo != 0) return {TLo, THi};
     if (!(static_cast<double>(parameters[2]) > kPresent)) return {};
-    const int point = numbers::ToInt16(static_cast<double>(parameters[2]));
+    const int point = numbers::to_int16(static_cast<double>(parameters[2]));
     return {static_cast<std::int16_t>(point - kAround), static_cast<std::int16_t>(point + kAround)};
 }
 
@@ -65,27 +65,27 @@ Value density(Job& job) {
     const bool liquid = job.mode() == 14;
     const auto T = static_cast<float>(job.T);
     const models::DensityResult r =
-        liquid ? models::DensityL(T, false) : models::DensityS(T, false);
+        liquid ? models::density_l(T, false) : models::density_s(T, false);
     const Range range = liquid ? density_range(s.rhoLPar, s.rhoLTLo, s.rhoLTHi)
                                : density_range(s.rhoSPar, s.rhoSTLo, s.rhoSTHi);
     if (r.status != kSuccess || !(r.rho > 0)) return {0.0, kFailure, range};
     const auto M = static_cast<double>(s.M);
-    job.list.add((liquid ? " rho(L) = " : " rho(S) = ") + Value32(r.rho) + " kg/m^3");
+    job.list.add((liquid ? " rho(L) = " : " rho(S) = ") + value32(r.rho) + " kg/m^3");
     job.list.add("v  /m^3/kmol = " + numbers::Format(M / r.rho, "##0.000###"));
     job.list.add("v  /m^3/kg   = " + numbers::Format(1.0 / r.rho, "##0.000###"));
-    if (liquid) StoreFu(job, 4, r.rho);
-    StoreFu(job, 19, M / r.rho * the_session.VolumeFactor);
+    if (liquid) store_fu(job, 4, r.rho);
+    store_fu(job, 19, M / r.rho * the_session.VolumeFactor);
     return {r.rho, kSuccess, range};
 }
 
 Value vaporisation(Job& job) {
     const Range range{legacy::the_substance.hLVTLo, legacy::the_substance.hLVTHi};
-    const models::EnthalpyEquationResult r = models::EnthalpyEquationValue(job.T);
+    const models::EnthalpyEquationResult r = models::enthalpy_equation_value(job.T);
     if (r.status != kSuccess) return {0.0, kFailure, range};
     const double h = r.h * the_session.CaloricFactor;
-    job.list.add(" delta(LV)h = " + Value32(h) + unit_of(kEnergyUnits));
-    StoreFu(job, 29, h);
-    StoreFu(job, 30, h / job.T);
+    job.list.add(" delta(LV)h = " + value32(h) + unit_of(kEnergyUnits));
+    store_fu(job, 29, h);
+    store_fu(job, 30, h / job.T);
     return {h, kSuccess, range};
 }
 
@@ -102,16 +102,16 @@ Value heat_capacity(Job& job) {
     const models::SubstanceRecord& s = legacy::the_substance;
     const CapacityRow& row = kCapacities[job.mode() - 16];
     const models::CpResult r = job.mode() == 16   ? models::IdealGasCp(job.T)
-                               : job.mode() == 17 ? models::CpLiquid(job.T)
-                                                  : models::CpSolid(job.T);
+                               : job.mode() == 17 ? models::cp_liquid(job.T)
+                                                  : models::cp_solid(job.T);
     const Range range = limits(job.mode() == 17                  ? s.cpL
                                : job.mode() == 18                ? s.cpS
                                : legacy::the_models.CpModel == 1 ? s.cpPoly
                                                                  : s.cpSinh);
     if (r.status != kSuccess) return {0.0, kFailure, range};
     const double cp = r.cp * the_session.CaloricFactor;
-    job.list.add(row.label + Value32(cp) + unit_of(kCapacityUnits));
-    StoreFu(job, row.fu, cp);
+    job.list.add(row.label + value32(cp) + unit_of(kCapacityUnits));
+    store_fu(job, row.fu, cp);
     return {cp, kSuccess, range};
 }
 
@@ -146,8 +146,8 @@ Value vapour_pressure(Job& job) {
     if (r.status != kSuccess) return {0.0, kFailure, range};
     const double p = r.p * static_cast<double>(the_session.PressureFactor);
     job.p = r.p;
-    job.list.add(row.label + Value32(p) + " kPa");
-    StoreFu(job, 1, p);
+    job.list.add(row.label + value32(p) + " kPa");
+    store_fu(job, 1, p);
     return {p, kSuccess, range};
 }
 
@@ -161,7 +161,7 @@ void warn_outside(const Job& job, const Range& range) {
     constexpr double kAllowed = 10.0;
     if (!range.known()) return;
     if (job.T >= range.TLo - kAllowed && job.T <= range.THi + kAllowed) return;
-    dialogs::Tell("T more than 10 K outside the T-limits of the equation\n(T/K = " +
+    dialogs::tell("T more than 10 K outside the T-limits of the equation\n(T/K = " +
                       std::to_string(range.TLo) + "..." + std::to_string(range.THi) + ")",
                   "WARNING");
 }
@@ -169,27 +169,27 @@ void warn_outside(const Job& job, const Range& range) {
 }  // namespace
 
 void DatabaseFunction(Job& job) {
-    if (!FetchT(job)) return;
-    session::RefreshUnits();
+    if (!fetch_t(job)) return;
+    session::refresh_units();
     const Value result = evaluate(job);
     warn_outside(job, result.range);
     if (result.status != kSuccess) {
         job.error = true;
-        dialogs::Tell("calculation error occured", "Execution not possible");
+        dialogs::tell("calculation error occured", "Execution not possible");
         return;
     }
-    resultText.par1.text = TemperatureText(job.T);
+    resultText.par1.text = temperature_text(job.T);
     resultText.co1.text = std::string(" Calculation by using the Database Function ") +
-                          ModeOf(job.mode()).title + " Fu(T)";
-    resultText.co2.text = TemperatureText(job.T);
+                          mode_of(job.mode()).title + " Fu(T)";
+    resultText.co2.text = temperature_text(job.T);
     if (!result.range.known()) return;
     job.list.add("The function is valid within the following temperature limits:");
     job.list.add(" T(Lo)/K = " + std::to_string(result.range.TLo));
     job.list.add(" T(Hi)/K = " + std::to_string(result.range.THi));
 }
 
-void NoFunction(Job& job) {
-    if (FetchT(job)) resultText.par1.text = TemperatureText(job.T);
+void no_function(Job& job) {
+    if (fetch_t(job)) resultText.par1.text = temperature_text(job.T);
 }
 
 }  // namespace quor::calculation

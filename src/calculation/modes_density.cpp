@@ -47,9 +47,9 @@ bool fetch_liquid_density(Job& job) {
 }
 
 bool fetch_input(Job& job) {
-    if (IsTank(job.mode())) return FetchTank(job);
-    if (!FetchT(job)) return false;
-    return job.mode() == kLiquidMode ? fetch_liquid_density(job) : FetchRho(job);
+    if (is_tank(job.mode())) return fetch_tank(job);
+    if (!fetch_t(job)) return false;
+    return job.mode() == kLiquidMode ? fetch_liquid_density(job) : fetch_rho(job);
 }
 
 bool vapour_only_pressure(Job& job, const Location& at) {
@@ -57,23 +57,23 @@ bool vapour_only_pressure(Job& job, const Location& at) {
     if (at.v <= B) {
         resultText.co2 = {" p = , no p-solution (V < B)", true, false};
         job.error = true;
-        if (IsTank(job.mode())) job.call.Text = "ERROR3";
+        if (is_tank(job.mode())) job.call.Text = "ERROR3";
         return false;
     }
     job.p = faults::finite(R * job.T / (at.v - B));
-    job.V = PhaseAt(at.v);
+    job.V = phase_at(at.v);
     return true;
 }
 
 /// p on the isotherm of a cubic EOS at the given volume.
 bool pressure_on_isotherm(Job& job, double v) {
     // The covolume that the solver tests against is the one of this temperature.
-    models::EvalEOSAtT(job.T);
-    const models::PressureResult r = models::PressureFromTV(job.T, v);
+    models::eval_eos_at_t(job.T);
+    const models::PressureResult r = models::pressure_from_tv(job.T, v);
     if (r.status != kSuccess) {
         const bool global = the_session.GlobalCalculation;
         if (global) job.call.Text = "ERROR1";
-        ReportCalcError(job, global ? " (v <= b) ERROR1" : " (v <= b)");
+        report_calc_error(job, global ? " (v <= b) ERROR1" : " (v <= b)");
         return false;
     }
     job.p = r.p;
@@ -84,23 +84,23 @@ bool pressure_on_isotherm(Job& job, double v) {
 bool subcritical_pressure(Job& job, Location& at) {
     const models::Saturation saturation = models::SaturationPressure(job.T);
     if (saturation.status != kSuccess || saturation.p < kPresent) {
-        ReportCalcError(job, ErrorCode(saturation.status));
+        report_calc_error(job, error_code(saturation.status));
         return false;
     }
     at.pLV = saturation.p;
     job.Roots = 3;
-    const auto [vL, vV] = VolumesOf(saturation);
+    const auto [vL, vV] = volumes_of(saturation);
     if (at.v > vV) {
-        job.V = PhaseAt(at.v);
+        job.V = phase_at(at.v);
         return pressure_on_isotherm(job, at.v);
     }
     if (at.v < vL) {
-        job.L = PhaseAt(at.v);
+        job.L = phase_at(at.v);
         at.y = 0;
         return pressure_on_isotherm(job, at.v);
     }
-    job.L = PhaseAt(vL);
-    job.V = PhaseAt(vV);
+    job.L = phase_at(vL);
+    job.V = phase_at(vV);
     job.p = at.pLV;
     at.twoPhase = vV > vL;
     if (at.twoPhase) at.y = (at.v - vL) / (vV - vL);
@@ -110,15 +110,15 @@ bool subcritical_pressure(Job& job, Location& at) {
 bool find_pressure(Job& job, Location& at) {
     if (legacy::the_models.EOSOnlyV) return vapour_only_pressure(job, at);
     if (job.T < legacy::the_substance.Tcrit) return subcritical_pressure(job, at);
-    job.V = PhaseAt(at.v);
+    job.V = phase_at(at.v);
     return pressure_on_isotherm(job, at.v);
 }
 
 /// Outside the two-phase region the solver names the phases at T and p; inside it they are known.
 bool confirm_phases(Job& job, const Location& at) {
     if (at.twoPhase) return true;
-    if (job.p > 0) return SolveState(job);
-    ReportCalcError(job, ErrorCode(kFailure));
+    if (job.p > 0) return solve_state(job);
+    report_calc_error(job, error_code(kFailure));
     return false;
 }
 
@@ -140,26 +140,26 @@ constexpr MeanRow kMeanRows[] = {
 /// Functions of the two-phase mixture. Caloric rows need an ideal-gas cp.
 void mean_functions(Job& job, const Location& at) {
     const bool molar = the_session.CaloricUnit == 0;
-    const PhasePair pair = FunctionsOfPhases(job);
+    const PhasePair pair = functions_of_phases(job);
     const bool caloric = pair.L && pair.V && !pair.failed();
     ListBuilder& list = job.list;
     list.blank();
     list.underlined(std::string(molar ? "molar global functions" : "specific global functions") +
                     "  z = y(V) z(V) + (1 - y(V) z(L)");
     if (caloric)
-        for (std::string& line : ReferenceLines()) list.add(std::move(line));
+        for (std::string& line : reference_lines()) list.add(std::move(line));
 
     const double v = at.y * job.V.v + (1 - at.y) * job.L.v;
     list.add("Density rho       = " +
-             Value32(faults::divide(static_cast<double>(legacy::the_substance.M), v)) + "  kg/m^3");
-    list.add("Volume  v         = " + Value32(v * the_session.VolumeFactor) + "  " +
-             text::TrimRight(the_session.VolumeLabel));
+             value32(faults::divide(static_cast<double>(legacy::the_substance.M), v)) + "  kg/m^3");
+    list.add("Volume  v         = " + value32(v * the_session.VolumeFactor) + "  " +
+             text::trim_right(the_session.VolumeLabel));
     if (!caloric) return;
     for (const MeanRow& row : kMeanRows) {
         const double z = at.y * pair.V->z[row.function] + (1 - at.y) * pair.L->z[row.function];
         const char* unit =
             row.perKelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)") : (molar ? "kJ/kmol" : "kJ/kg");
-        list.add(row.label + Value32(z * the_session.CaloricFactor) + "  " + unit);
+        list.add(row.label + value32(z * the_session.CaloricFactor) + "  " + unit);
     }
 }
 
@@ -175,25 +175,25 @@ void partial_tank(Job& job) {
         tell_pressure(job, false);
         return;
     }
-    DensityLines(job);
+    density_lines(job);
     tell_pressure(job, job.L.exists && job.V.exists);
-    StoreRecord(job);
+    store_record(job);
 }
 
 /// Content of a tank whose phases the EOS has found.
 TankContent content_of_tank(const Job& job, const Location& at) {
     const auto V = static_cast<double>(the_session.tank.V);
     const auto m = static_cast<double>(the_session.tank.m);
-    if (at.twoPhase) return DivideTank(V, m, job.L.rho, job.V.rho);
-    return at.y > 0 ? DivideTank(V, m, 0.0, m / V) : DivideTank(V, m, m / V, 0.0);
+    if (at.twoPhase) return divide_tank(V, m, job.L.rho, job.V.rho);
+    return at.y > 0 ? divide_tank(V, m, 0.0, m / V) : divide_tank(V, m, m / V, 0.0);
 }
 
 }  // namespace
 
-void GivenTRho(Job& job) {
+void given_t_rho(Job& job) {
     if (!fetch_input(job)) return;
-    resultText.par1.text = TemperatureText(job.T);
-    resultText.par2.text = DensityText(job.rho());
+    resultText.par1.text = temperature_text(job.T);
+    resultText.par2.text = density_text(job.rho());
     if (job.mode() == kPartialTankMode) {
         partial_tank(job);
         return;
@@ -201,21 +201,21 @@ void GivenTRho(Job& job) {
 
     Location at{.v = static_cast<double>(legacy::the_substance.M) / job.rho()};
     if (!find_pressure(job, at)) return;
-    if (at.twoPhase && !IsTank(job.mode()))
+    if (at.twoPhase && !is_tank(job.mode()))
         job.list.add(std::string(22, ' ') +
                      "Vapour fraction y(V) = " + numbers::Format(at.y, "0.0#######"));
     if (at.pLV > kPresent)
         resultText.co1.text =
             "vapour pressure by using CEOS: p(LV )= " + PressureValue(at.pLV, "###0.000", " kPa");
-    if (job.mode() == kGlobalTankMode) TankLines(job, content_of_tank(job, at));
+    if (job.mode() == kGlobalTankMode) tank_lines(job, content_of_tank(job, at));
     if (!confirm_phases(job, at)) return;
-    if (!legacy::the_models.EOSOnlyV) KeepLastState(job);
-    DensityLines(job);
+    if (!legacy::the_models.EOSOnlyV) keep_last_state(job);
+    density_lines(job);
     const bool twoPhase = job.L.exists && job.V.exists && job.T < legacy::the_substance.Tcrit &&
                           job.p < legacy::the_substance.pcrit;
     if (twoPhase) mean_functions(job, at);
     tell_pressure(job, twoPhase);
-    StoreRecord(job);
+    store_record(job);
 }
 
 }  // namespace quor::calculation

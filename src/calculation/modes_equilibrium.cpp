@@ -34,15 +34,15 @@ std::string pressure_value(double p) {
 bool fetch_given(Job& job) {
     const models::SubstanceRecord& s = legacy::the_substance;
     job.L.exists = job.V.exists = true;
-    if (given_T(job) ? !FetchT(job) : !FetchP(job)) return false;
-    const std::string given = given_T(job) ? TemperatureText(job.T) : PressureText(job.p);
+    if (given_T(job) ? !fetch_t(job) : !fetch_p(job)) return false;
+    const std::string given = given_T(job) ? temperature_text(job.T) : pressure_text(job.p);
     if (given_T(job) ? job.T > s.Tcrit : job.p > s.pcrit) {
         resultText.par1 = {given + (given_T(job) ? " > T(cr) !!!" : " > p(cr) !!!"), true, false};
         job.error = true;
         return false;
     }
     resultText.par1.text = given;
-    if (given_T(job)) models::EvalEOSAtT(job.T);
+    if (given_T(job)) models::eval_eos_at_t(job.T);
     return true;
 }
 
@@ -60,7 +60,7 @@ bool solve_by_equation(Job& job) {
         job.T = r.T;
         status = r.status;
     }
-    if (status != kSuccess) ReportCalcError(job, ErrorCode(status));
+    if (status != kSuccess) report_calc_error(job, error_code(status));
     return status == kSuccess;
 }
 
@@ -97,7 +97,7 @@ double partial_vapour_volume(Job& job) {
         return faults::finite(R * job.T / job.p +
                               models::SecondVirial(legacy::the_models.EOSModel, job.T));
     const models::Saturation saturation = models::SaturationPressure(job.T);
-    models::EvalEOSAtT(job.T);
+    models::eval_eos_at_t(job.T);
     const models::CubicRoots roots = models::SolveCubic(job.T, job.p);
     if (roots.status != kSuccess) return 0.0;
     if (job.p <= saturation.p) return roots.v[static_cast<std::size_t>(roots.count - 1)];
@@ -108,9 +108,9 @@ bool partial_equilibrium(Job& job) {
     if (!find_partial_point(job)) return false;
     const double vV = partial_vapour_volume(job);
     job.Roots = 3;
-    if (!legacy::the_models.EOSOnlyV) KeepLastState(job);
-    AddPartialPhases(job, vV);
-    DensityLines(job);
+    if (!legacy::the_models.EOSOnlyV) keep_last_state(job);
+    add_partial_phases(job, vV);
+    density_lines(job);
     return true;
 }
 
@@ -118,7 +118,7 @@ bool equilibrium_of_eos(Job& job) {
     const models::Saturation r =
         given_T(job) ? models::SaturationPressure(job.T) : models::SaturationTemperature(job.p);
     if (r.status != kSuccess) {
-        ReportCalcError(job, (given_T(job) ? "" : " T(LV) = ") + ErrorCode(r.status));
+        report_calc_error(job, (given_T(job) ? "" : " T(LV) = ") + error_code(r.status));
         return false;
     }
     (given_T(job) ? job.p : job.T) = given_T(job) ? r.p : r.T;
@@ -126,13 +126,13 @@ bool equilibrium_of_eos(Job& job) {
         given_T(job) ? "p(LV) by using the cubic EOS: " : "T(LV) by using cubic EOS";
     resultText.co2.text = given_T(job) ? " p(LV) = " + pressure_value(job.p)
                                        : " T(LV) = " + numbers::Format(job.T, "####.000 K");
-    const auto [vL, vV] = VolumesOf(r);
-    job.L = PhaseAt(vL);
-    job.V = PhaseAt(vV);
+    const auto [vL, vV] = volumes_of(r);
+    job.L = phase_at(vL);
+    job.V = phase_at(vV);
     job.Roots = r.nRoots;
-    KeepLastState(job);
+    keep_last_state(job);
     job.list.add(std::string(12, ' ') + "by using cubic EOS:");
-    DensityLines(job);
+    density_lines(job);
     return true;
 }
 
@@ -154,27 +154,27 @@ bool equilibrium_of_equation(Job& job) {
 void add_enthalpy_of_vaporisation(Job& job) {
     constexpr std::int16_t kByCubicEos = 7;
     const std::int16_t method = legacy::the_models.HLVModel;
-    const models::EnthalpyOfVaporisationResult r = models::EnthalpyOfVaporisation(
+    const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
         kByCubicEos, job.T, job.p, legacy::the_models.VPCode, method == 5 || method == 6);
     const auto h = static_cast<double>(r.h);
     if (r.status != kSuccess) return;
     job.record.hLV = static_cast<float>(h);
-    StoreFu(job, 29, h * the_session.CaloricFactor);
-    if (job.T > 0) StoreFu(job, 30, h * the_session.CaloricFactor / job.T);
+    store_fu(job, 29, h * the_session.CaloricFactor);
+    if (job.T > 0) store_fu(job, 30, h * the_session.CaloricFactor / job.T);
 }
 
 }  // namespace
 
-void EquilibriumState(Job& job) {
+void equilibrium_state(Job& job) {
     if (!fetch_given(job)) return;
     const bool found = !the_session.GlobalCalculation    ? partial_equilibrium(job)
                        : legacy::the_models.PriorityCEOS ? equilibrium_of_eos(job)
                                                          : equilibrium_of_equation(job);
     if (!found) return;
-    StoreFu(job, 0, job.T);
+    store_fu(job, 0, job.T);
     if (the_session.GlobalCalculation) add_enthalpy_of_vaporisation(job);
-    StoreRecord(job);
-    if (!given_T(job)) job.record.T = numbers::ToSingle(job.T);
+    store_record(job);
+    if (!given_T(job)) job.record.T = numbers::to_single(job.T);
 }
 
 }  // namespace quor::calculation

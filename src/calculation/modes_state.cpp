@@ -21,8 +21,8 @@ constexpr double kNearTcrit = 0.05;  // K
 constexpr double kNearPcrit = 0.02;  // kPa
 
 void tell_given_state(const Job& job) {
-    resultText.par1.text = TemperatureText(job.T);
-    resultText.par2.text = PressureText(job.p);
+    resultText.par1.text = temperature_text(job.T);
+    resultText.par2.text = pressure_text(job.p);
 }
 
 bool is_critical_point(const Job& job) {
@@ -37,7 +37,7 @@ void critical_point_lines(Job& job) {
     job.list.add(" p(cr) = " + numbers::Format(legacy::the_substance.pcrit, "#####.00 kPa"));
     if (!(eos.vcritCalc > kPresent)) return;
     job.list.add("rho(cr) = " + numbers::Format(eos.rhocritCalc, "####.0") + " kg/m^3");
-    job.list.add("  v(cr) = " + Value32(eos.vcritCalc) + " m^3/kmol");
+    job.list.add("  v(cr) = " + value32(eos.vcritCalc) + " m^3/kmol");
 }
 
 /// A given volume well between the outer roots is a mixture of both phases, even when the
@@ -52,26 +52,26 @@ void keep_both_phases(Job& job) {
 
 }  // namespace
 
-void GivenTp(Job& job) {
-    if (!FetchT(job) || !FetchP(job)) return;
+void given_tp(Job& job) {
+    if (!fetch_t(job) || !fetch_p(job)) return;
     tell_given_state(job);
     if (is_critical_point(job)) critical_point_lines(job);
     if (legacy::the_models.EOSOnlyV)
         resultText.co2.text = " Virialcoeff. B = " +
-                              Value32(models::SecondVirial(legacy::the_models.EOSModel, job.T)) +
+                              value32(models::SecondVirial(legacy::the_models.EOSModel, job.T)) +
                               "  m^3/kmol";
-    if (!SolveState(job)) return;
-    KeepLastState(job);
+    if (!solve_state(job)) return;
+    keep_last_state(job);
     resultText.co1.text = job.stateText;
-    if (the_session.AssumedVle) AddPartialPhases(job, job.V.v);
-    DensityLines(job);
-    StoreRecord(job);
+    if (the_session.AssumedVle) add_partial_phases(job, job.V.v);
+    density_lines(job);
+    store_record(job);
 }
 
-void GivenPRho(Job& job) {
-    if (!FetchP(job) || !FetchRho(job)) return;
-    resultText.par1.text = PressureText(job.p);
-    resultText.par2.text = DensityText(job.rho());
+void given_p_rho(Job& job) {
+    if (!fetch_p(job) || !fetch_rho(job)) return;
+    resultText.par1.text = pressure_text(job.p);
+    resultText.par2.text = density_text(job.rho());
     const models::TemperatureResult r = models::TemperatureFromPRho(job.p, job.rho(), false);
     if (r.status != kSuccess || !(r.T > 0)) {
         resultText.co2 = {" Error", true, false};
@@ -79,30 +79,30 @@ void GivenPRho(Job& job) {
         return;
     }
     job.T = r.T;
-    StoreFu(job, 0, job.T);
+    store_fu(job, 0, job.T);
     resultText.co2.text = " T = " + numbers::Format(job.T, "###0.000 K");
-    if (!SolveState(job)) return;
+    if (!solve_state(job)) return;
     keep_both_phases(job);
-    KeepLastState(job);
-    DensityLines(job);
-    StoreRecord(job);
-    job.record.T = numbers::ToSingle(job.T);
+    keep_last_state(job);
+    density_lines(job);
+    store_record(job);
+    job.record.T = numbers::to_single(job.T);
 }
 
-void CaloricFunctions(Job& job) {
-    if (!FetchT(job) || !FetchP(job)) return;
+void caloric_functions(Job& job) {
+    if (!fetch_t(job) || !fetch_p(job)) return;
     tell_given_state(job);
-    if (!SolveState(job)) return;
-    KeepLastState(job);
-    const PhasePair pair = FunctionsOfPhases(job);
+    if (!solve_state(job)) return;
+    keep_last_state(job);
+    const PhasePair pair = functions_of_phases(job);
     if (pair.failed()) {
-        ReportCalcError(job, ErrorCode(kFailure));
+        report_calc_error(job, error_code(kFailure));
         return;
     }
-    StoreFunctions(job, pair);
-    for (std::string& line : ReferenceLines()) job.list.add(std::move(line));
-    FunctionTable(job, pair, TableKind::Mode8);
-    StoreRecord(job);
+    store_functions(job, pair);
+    for (std::string& line : reference_lines()) job.list.add(std::move(line));
+    function_table(job, pair, TableKind::Mode8);
+    store_record(job);
 }
 
 namespace {
@@ -110,11 +110,11 @@ namespace {
 /// A column of the list of the process, wide enough for the labels of all units.
 std::string column(const std::string& text) {
     constexpr std::size_t kWidth = 17;
-    return text::PadLeft(text, kWidth);
+    return text::pad_left(text, kWidth);
 }
 
 std::string value_column(double value) {
-    return column(std::isfinite(value) ? numbers::General(numbers::ToSingle(value)) : "");
+    return column(std::isfinite(value) ? numbers::General(numbers::to_single(value)) : "");
 }
 
 /// The states of the process, one a line; a value that the program did not give stays empty.
@@ -122,12 +122,12 @@ void list_process(Job& job) {
     const diagrams::ProcessLineRecord& process = legacy::the_processLine;
     job.list.add("Polytropic process, n = " + numbers::General(process.PolytropicExponent) +
                  ", kappa = " + numbers::General(process.Kappa));
-    for (std::string& line : ReferenceLines()) job.list.add(std::move(line));
+    for (std::string& line : reference_lines()) job.list.add(std::move(line));
     job.list.add(column("T/K") + column("p/kPa") + column("v/(" + the_session.VolumeLabel + ")") +
-                 column(text::Trim(CaloricLabel(kH))) + column(text::Trim(CaloricLabel(kS))));
+                 column(text::trim(caloric_label(kH))) + column(text::trim(caloric_label(kS))));
     const double factor = the_session.CaloricFactor;
     for (const diagrams::PolytropicPoint& point : legacy::the_polytropicPoints) {
-        the_session.CaloricFactor = session::CaloricFactorOf(the_session.CaloricUnit, point.T);
+        the_session.CaloricFactor = session::caloric_factor_of(the_session.CaloricUnit, point.T);
         std::string line = value_column(point.T) + value_column(point.p);
         const models::StateTP state = models::SolveStateTP(point.T, point.p);
         const bool liquid = state.hasL && (!state.hasV || process.Phase == 0);
@@ -147,14 +147,14 @@ void list_process(Job& job) {
 
 }  // namespace
 
-void PolytropicProcess(Job& job) {
+void polytropic_process(Job& job) {
     const diagrams::ProcessLineRecord& process = legacy::the_processLine;
     calculation::BatchDataSet& input = legacy::the_BatchData.front();
     input.T = process.T1;
     input.p = process.p1;
     job.input = input;
     resultText.panelsHidden = true;
-    if (!FetchT(job) || !FetchP(job)) return;
+    if (!fetch_t(job) || !fetch_p(job)) return;
     tell_given_state(job);
     if (!legacy::the_polytropicPoints.empty()) list_process(job);
 }

@@ -45,8 +45,8 @@ std::string caloric_number(double value) {
 
 bool fetch_given(Job& job) {
     const models::SubstanceRecord& s = legacy::the_substance;
-    if (given_T(job) ? !FetchT(job) : !FetchP(job)) return false;
-    const std::string given = given_T(job) ? TemperatureText(job.T) : PressureText(job.p);
+    if (given_T(job) ? !fetch_t(job) : !fetch_p(job)) return false;
+    const std::string given = given_T(job) ? temperature_text(job.T) : pressure_text(job.p);
     if (given_T(job) ? job.T >= s.Tcrit : job.p >= s.pcrit) {
         resultText.par1 = {given + (given_T(job) ? " >= T(cr) !!!" : " >= p(cr) !!!"), true, false};
         job.error = true;
@@ -60,9 +60,9 @@ void compressibility_lines(Job& job, const models::EnthalpyOfVaporisationResult&
     const std::int16_t method = legacy::the_models.HLVModel;
     if (method != kDatabaseDensity && method != kBenson) return;
     job.list.add("Following compressibility factors z were used:");
-    job.list.add("z(L) = " + Value32(r.zL));
-    job.list.add("z(V) = " + Value32(r.zV));
-    job.list.add("z(V) by using " + text::Trim(models::EOSName(legacy::the_models.EOSModel)));
+    job.list.add("z(L) = " + value32(r.zL));
+    job.list.add("z(V) = " + value32(r.zV));
+    job.list.add("z(V) by using " + text::trim(models::EOSName(legacy::the_models.EOSModel)));
     job.list.add(method == kBenson ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
                                    : "rho_L for z_L by using database function rho_L = Fu(T)");
 }
@@ -70,7 +70,7 @@ void compressibility_lines(Job& job, const models::EnthalpyOfVaporisationResult&
 /// The database equation beside any other method.
 void comparison_line(Job& job) {
     if (legacy::the_models.HLVModel == kDatabase || legacy::the_substance.hLVTHi <= 0) return;
-    const models::EnthalpyOfVaporisationResult r = models::EnthalpyOfVaporisation(
+    const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
         kDatabase, job.T, job.p, legacy::the_models.VPCode, false, job.call.Index);
     if (r.status != kSuccess) return;
     job.list.add(std::string("(cf. function from data base: ") + labels().h + " = " +
@@ -79,7 +79,7 @@ void comparison_line(Job& job) {
 
 void result_lines(Job& job, const models::EnthalpyOfVaporisationResult& r, double h, double s) {
     constexpr std::size_t kRule = 70;
-    const std::string method = text::Trim(models::HLVName(legacy::the_models.HLVModel));
+    const std::string method = text::trim(models::hlv_name(legacy::the_models.HLVModel));
     resultText.co1 = {r.explanation, false, false};
     if (given_T(job)) {
         if (job.p > kPresent)
@@ -98,9 +98,9 @@ void result_lines(Job& job, const models::EnthalpyOfVaporisationResult& r, doubl
 
 }  // namespace
 
-void EnthalpyOfVaporisation(Job& job) {
+void enthalpy_of_vaporisation(Job& job) {
     if (!fetch_given(job)) return;
-    const models::EnthalpyOfVaporisationResult r = models::EnthalpyOfVaporisation(
+    const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
         legacy::the_models.HLVModel, job.T, job.p, legacy::the_models.VPCode, job.call.Interactive,
         job.call.Index);
     if (r.status != kSuccess) {
@@ -111,22 +111,22 @@ void EnthalpyOfVaporisation(Job& job) {
     }
     job.T = r.T;
     job.p = r.p;
-    StoreFu(job, 0, job.T);
+    store_fu(job, 0, job.T);
     job.L = {true, r.rhoL > 0 ? static_cast<double>(legacy::the_substance.M) / r.rhoL : 0.0,
              r.rhoL};
     job.V = {true, r.rhoV > 0 ? static_cast<double>(legacy::the_substance.M) / r.rhoV : 0.0,
              r.rhoV};
     job.Roots = 3;
-    if (!legacy::the_models.EOSOnlyV) KeepLastState(job);
-    DensityLines(job);
-    StoreRecord(job);
+    if (!legacy::the_models.EOSOnlyV) keep_last_state(job);
+    density_lines(job);
+    store_record(job);
 
     const double h = static_cast<double>(r.h) * the_session.CaloricFactor;
     const double s = faults::divide(h, job.T);
     job.record.hLV = static_cast<float>(r.h);
-    if (!given_T(job)) job.record.T = numbers::ToSingle(job.T);
-    StoreFu(job, 29, h);
-    StoreFu(job, 30, s);
+    if (!given_T(job)) job.record.T = numbers::to_single(job.T);
+    store_fu(job, 29, h);
+    store_fu(job, 30, s);
     result_lines(job, r, h, s);
 }
 

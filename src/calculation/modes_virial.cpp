@@ -33,22 +33,22 @@ double active_virial(double T) {
     if (code >= kFirstCubic && code <= kLastTwin)
         return virial_of(static_cast<std::int16_t>(code + kToTwin), T);
     models::EOSState state;
-    return models::second_virial(models::CurrentFluid(), code, T, state);
+    return models::second_virial(models::current_fluid(), code, T, state);
 }
 
 void virial_line(Job& job, std::int16_t code, double B) {
     constexpr std::size_t kNumberWidth = 16;
-    const std::string name = text::PadRight(models::EOSName(code), kNameWidth);
-    const std::string value = Value32(B);
+    const std::string name = text::pad_right(models::EOSName(code), kNameWidth);
+    const std::string value = value32(B);
     job.list.add(
-        {name + " {B} = " + text::PadLeft(value, kNumberWidth), false, {text::Trim(name), value}});
+        {name + " {B} = " + text::pad_left(value, kNumberWidth), false, {text::trim(name), value}});
 }
 
 }  // namespace
 
 void VirialCoefficients(Job& job) {
-    if (!FetchT(job)) return;
-    resultText.par1.text = TemperatureText(job.T);
+    if (!fetch_t(job)) return;
+    resultText.par1.text = temperature_text(job.T);
     job.list.underlined("Comparison of Virial Coefficients, [B] = m^3/kmol");
     for (std::int16_t code = kFirstVirial; code <= kLastVirial; ++code)
         virial_line(job, code, virial_of(code, job.T));
@@ -58,7 +58,7 @@ void VirialCoefficients(Job& job) {
     const bool listed = (active >= kFirstCubic && active <= kLastTwin) ||
                         (active >= kFirstVirial && active <= kLastVirial);
     if (!listed) virial_line(job, active, B);
-    StoreFu(job, 41, B);
+    store_fu(job, 41, B);
 }
 
 }  // namespace quor::calculation

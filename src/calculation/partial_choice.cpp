@@ -63,7 +63,7 @@ enum class Situation { Vaporisation, CubicVle, Cubic, EquationOnly, VapourOnlyVl
 Situation situation_of_session() {
     const models::ModelSelection& models = legacy::the_models;
     const bool vle = the_session.CalcMode == kGivenTp && the_session.AssumedVle;
-    if (IsVaporisation(the_session.CalcMode) && models.HLVModel == kBensonVaporisation)
+    if (is_vaporisation(the_session.CalcMode) && models.HLVModel == kBensonVaporisation)
         return Situation::Vaporisation;
     if (models.EOSOnlyV) return vle ? Situation::VapourOnlyVle : Situation::VapourOnly;
     if (vle) return Situation::CubicVle;
@@ -132,7 +132,7 @@ void take_approximation(PartialChoice& choice) {
         choice.RefVorschlag = "No normal boiling point available";
         return;
     }
-    const double rhoL = models::BensonApproximation(kPressure, s.pcrit, s.rhocrit);
+    const double rhoL = models::benson_approximation(kPressure, s.pcrit, s.rhocrit);
     const models::StateTP state =
         models::SolveStateTP(static_cast<double>(s.Tboil), static_cast<double>(kStoredPressure));
     const double rhoV = state.status == kSuccess ? state.rhoV : 0.0;
@@ -140,19 +140,19 @@ void take_approximation(PartialChoice& choice) {
     choice.RefVorschlag =
         "Reference point calculated by using BENSON's formula for rho_L:\n"
         " T(ref)/K           = " +
-        numbers::FormatPoint(static_cast<double>(point.T), "####.#") +
+        numbers::format_point(static_cast<double>(point.T), "####.#") +
         " (normal boiling point)\n"
         " p(LV)(ref)/kPa     = 101.325  (normal pressure)\n"
         " rho(L)(ref)/kg/m^3 = " +
-        numbers::FormatPoint(rhoL, "####.#") +
+        numbers::format_point(rhoL, "####.#") +
         " (BENSON's approximation)\n"
         " rho(V)(ref)/kg/m^3 = " +
-        numbers::FormatPoint(rhoV, "##.###") + " (" +
-        text::Trim(models::EOSName(legacy::the_models.EOSModel)) + ")";
+        numbers::format_point(rhoV, "##.###") + " (" +
+        text::trim(models::EOSName(legacy::the_models.EOSModel)) + ")";
 }
 
 void take_proposal(PartialChoice& choice) {
-    const models::BensonProposal proposal = models::ProposeBensonReference();
+    const models::BensonProposal proposal = models::propose_benson_reference();
     the_session.BensonReference = proposal.point;
     choice.RefVorschlag =
         "Proposal for the reference point according to situation:\n" +
@@ -163,7 +163,7 @@ void take_proposal(PartialChoice& choice) {
 void settle_calculation(PartialChoice& choice, Situation situation) {
     switch (situation) {
         case Situation::Cubic:
-            ChooseGlobal(choice, the_session.CalcMode == kPartialTank ? kPartial : kGlobal);
+            choose_global(choice, the_session.CalcMode == kPartialTank ? kPartial : kGlobal);
             break;
         case Situation::EquationOnly:
             the_session.GlobalCalculation = the_session.CalcMode != kPartialTank;
@@ -175,14 +175,14 @@ void settle_calculation(PartialChoice& choice, Situation situation) {
             choice.referenceFrameVisible = true;
             break;
         default:
-            ChooseGlobal(choice, kPartial);
+            choose_global(choice, kPartial);
             break;
     }
 }
 
 }  // namespace
 
-PartialChoice OpenPartialChoice(bool forDiagram) {
+PartialChoice open_partial_choice(bool forDiagram) {
     const Situation situation = situation_of_session();
     PartialChoice choice;
     choice.forDiagram = forDiagram;
@@ -198,9 +198,9 @@ PartialChoice OpenPartialChoice(bool forDiagram) {
     return choice;
 }
 
-void ChooseGlobal(PartialChoice& choice, int index) {
+void choose_global(PartialChoice& choice, int index) {
     if (index == kGlobal && legacy::the_models.EOSOnlyV) {
-        dialogs::Tell(
+        dialogs::tell(
             "Global calculation only possible by using a cubic EOS (=> Window \"Models\").",
             "Execution not possible");
         index = kPartial;
@@ -213,7 +213,7 @@ void ChooseGlobal(PartialChoice& choice, int index) {
     }
 }
 
-void ChooseDensity(PartialChoice& choice, int index) {
+void choose_density(PartialChoice& choice, int index) {
     the_session.LiquidByBenson = index == kBenson;
     choice.densityIndex = index;
     choice.referenceFrameVisible = the_session.LiquidByBenson;
@@ -239,15 +239,15 @@ void ChooseReference(PartialChoice& choice, int index) {
     }
 }
 
-bool IsBensonReferenceGiven() {
+bool is_benson_reference_given() {
     const models::BensonPoint& r = the_session.BensonReference;
     return static_cast<double>(r.T) * static_cast<double>(r.p) * static_cast<double>(r.rhoL) *
                static_cast<double>(r.rhoV) >
            kPresent;
 }
 
-void ConfirmPartialChoice(const PartialChoice& choice) {
-    the_session.BensonReferenceValid = IsBensonReferenceGiven();
+void confirm_partial_choice(const PartialChoice& choice) {
+    the_session.BensonReferenceValid = is_benson_reference_given();
     views().closeParinput();
     if (choice.forDiagram) {
         views().prepareDiagram();

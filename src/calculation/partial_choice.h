@@ -32,20 +32,20 @@ struct PartialChoice {
 
 /// The view as it opens. Resets the reference point and takes the proposed one. `forDiagram` when
 /// the current diagram waits for the choice.
-PartialChoice OpenPartialChoice(bool forDiagram = false);
+PartialChoice open_partial_choice(bool forDiagram = false);
 
 /// `opt_glob` click; a V-only EOS refuses the global calculation.
-void ChooseGlobal(PartialChoice& choice, int index);
+void choose_global(PartialChoice& choice, int index);
 /// `optPartialBenson` click.
-void ChooseDensity(PartialChoice& choice, int index);
+void choose_density(PartialChoice& choice, int index);
 /// `Ref_opt` click.
 void ChooseReference(PartialChoice& choice, int index);
 
 /// True when the four values of the second reference point are given.
-bool IsBensonReferenceGiven();
+bool is_benson_reference_given();
 
 /// `OK`, after the view has closed itself: goes on to the diagram, or to the result and the input
 /// view.
-void ConfirmPartialChoice(const PartialChoice& choice);
+void confirm_partial_choice(const PartialChoice& choice);
 
 }  // namespace quor::calculation

@@ -46,16 +46,16 @@ std::size_t unit_form() {
 
 std::string label_of(const Row& row) {
     if (row.function == kVolume) return "v/ (" + the_session.VolumeLabel + ")  = ";
-    if (row.function == kSound) return LabelField("as/ (m/s)");
-    return LabelField(row.labels[unit_form()]);
+    if (row.function == kSound) return label_field("as/ (m/s)");
+    return label_field(row.labels[unit_form()]);
 }
 
 void store_phase(Job& job, const std::optional<FunctionValues>& phase, std::size_t first,
                  std::size_t sound, calculation::PhaseFunctions& record) {
     if (!phase || phase->status != kSuccess) return;
     const auto scaled = Scaled(*phase);
-    for (std::size_t i = kVolume; i <= kCv; ++i) StoreFu(job, first + i, scaled[i]);
-    StoreFu(job, sound, scaled[kSound]);
+    for (std::size_t i = kVolume; i <= kCv; ++i) store_fu(job, first + i, scaled[i]);
+    store_fu(job, sound, scaled[kSound]);
     record.caloric = phase->z;
 }
 
@@ -64,8 +64,8 @@ std::string value_text(const std::optional<FunctionValues>& phase, Function func
     if (!phase || phase->status != kSuccess) return {};
     const auto scaled = Scaled(*phase);
     if (function == kA && kind == TableKind::Page)
-        return Value32(scaled[kU] - the_session.CaloricFactor * p * phase->z[kVolume]);
-    return Value32(scaled[function]);
+        return value32(scaled[kU] - the_session.CaloricFactor * p * phase->z[kVolume]);
+    return value32(scaled[function]);
 }
 
 }  // namespace
@@ -82,26 +82,26 @@ std::array<double, kFunctionCount> Scaled(const FunctionValues& molar) {
     return z;
 }
 
-PhasePair FunctionsOfPhases(const Job& job) {
+PhasePair functions_of_phases(const Job& job) {
     PhasePair pair;
     if (job.L.exists && job.L.v > 0) pair.L = FunctionsAt(job.T, job.p, job.L.v);
     if (job.V.exists && job.V.v > 0) pair.V = FunctionsAt(job.T, job.p, job.V.v);
     return pair;
 }
 
-void StoreFunctions(Job& job, const PhasePair& pair) {
+void store_functions(Job& job, const PhasePair& pair) {
     store_phase(job, pair.L, kFuL, kFuSoundL, job.record.FuL);
     store_phase(job, pair.V, kFuV, kFuSoundV, job.record.FuV);
 }
 
-void FunctionTable(Job& job, const PhasePair& pair, TableKind kind) {
+void function_table(Job& job, const PhasePair& pair, TableKind kind) {
     for (const Row& row : kRows)
         job.list.row(row.name, label_of(row),
                      {value_text(pair.L, row.function, kind, job.p),
                       value_text(pair.V, row.function, kind, job.p)});
 }
 
-const char* CaloricLabel(Function function) {
+const char* caloric_label(Function function) {
     return kRows[function].labels[unit_form()];
 }
 

@@ -35,10 +35,10 @@ struct PhasePair {
     bool failed() const { return (L && L->status != kSuccess) || (V && V->status != kSuccess); }
 };
 /// Functions of the job's phases; a phase without a volume counts as missing.
-PhasePair FunctionsOfPhases(const Job& job);
+PhasePair functions_of_phases(const Job& job);
 
 /// Functions of a phase into `Fu` and the result record.
-void StoreFunctions(Job& job, const PhasePair& pair);
+void store_functions(Job& job, const PhasePair& pair);
 
 /// How the table of functions is made.
 enum class TableKind {
@@ -46,9 +46,9 @@ enum class TableKind {
     Page    ///< the page of u, h, s, g: a is u - p v there
 };
 /// The table of eleven functions with a column for each phase.
-void FunctionTable(Job& job, const PhasePair& pair, TableKind kind);
+void function_table(Job& job, const PhasePair& pair, TableKind kind);
 
 /// Label of a caloric quantity in the unit form of the session: "h/ (kJ/kmol) " and the like.
-const char* CaloricLabel(Function function);
+const char* caloric_label(Function function);
 
 }  // namespace quor::calculation

@@ -69,7 +69,7 @@ void add_unit_lines(std::vector<std::string>& lines) {
 
 std::vector<std::string> protocol_lines() {
     const std::array<bool, kRows> kept = kept_rows();
-    const std::vector<std::string> names = text::Split(kNames, ';');
+    const std::vector<std::string> names = text::split(kNames, ';');
     bool reference = false;
     std::string heads;
     for (std::size_t row = 0; row < kRows; ++row) {
@@ -80,7 +80,7 @@ std::vector<std::string> protocol_lines() {
 
     std::vector<std::string> lines;
     lines.push_back("QUOR-6: p-V-T Calculations of States and Processes - Protocol from " +
-                    session::ShortDate());
+                    session::short_date());
     lines.push_back(legacy::the_substance.Name);
     lines.push_back(legacy::the_substance.Formula);
     add_unit_lines(lines);
@@ -97,18 +97,19 @@ std::vector<std::string> protocol_lines() {
 }
 
 fs::path protocol_path() {
-    return datafiles::InFolder(the_session.ProtocolFile, session::WriteFolder().string());
+    return datafiles::InFolder(the_session.ProtocolFile, session::write_folder().string());
 }
 
 /// The protocol as a table with tabs, into the clipboard. False when the file cannot be read.
 bool copy_to_clipboard(const fs::path& path) {
-    const datafiles::FileContent content = datafiles::ReadWhole(path);
+    const datafiles::FileContent content = datafiles::read_whole(path);
     if (!content.error.empty()) {
-        dialogs::Tell(content.error, "WARNING");
+        dialogs::tell(content.error, "WARNING");
         return false;
     }
-    const std::string table = text::FromAnsi(content.bytes);
-    dialogs::SetClipboard(text::ReplaceAll(table, std::string(1, the_session.CsvSeparator), "\t"));
+    const std::string table = text::from_ansi(content.bytes);
+    dialogs::set_clipboard(
+        text::replace_all(table, std::string(1, the_session.CsvSeparator), "\t"));
     return true;
 }
 
@@ -122,9 +123,9 @@ bool delete_if_empty(const fs::path& path) {
 
 }  // namespace
 
-void AddToProtocol() {
+void add_to_protocol() {
     if (the_session.DecimalComma && the_session.CsvSeparator == ',')
-        dialogs::Tell(
+        dialogs::tell(
             "Bei Computereinstellung \"Deutschland\" (Dezimalzeichen Komma)\n"
             "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
             "ist nicht mehr Excel-kompatibel.\n"
@@ -133,9 +134,9 @@ void AddToProtocol() {
     Column column{};
     try {
         for (std::size_t row = 0; row < kRows; ++row)
-            column[row] = numbers::ToSingle(legacy::the_Fu[row]);
+            column[row] = numbers::to_single(legacy::the_Fu[row]);
     } catch (const faults::Fault& fault) {
-        dialogs::Tell(fault.what(), "WARNING");
+        dialogs::tell(fault.what(), "WARNING");
         return;
     }
     legacy::the_protocol.push_back(column);
@@ -143,40 +144,40 @@ void AddToProtocol() {
     ++the_session.ProtocolOpen;
 }
 
-bool WriteProtocol() {
+bool write_protocol() {
     if (!the_session.ProtocolPending) return true;
     const session::BusyPointer busy;
     const std::string error =
-        datafiles::WriteWhole(protocol_path(), datafiles::AnsiLines(protocol_lines()));
+        datafiles::write_whole(protocol_path(), datafiles::ansi_lines(protocol_lines()));
     if (error.empty()) return true;
-    dialogs::Tell(error, "WARNING");
+    dialogs::tell(error, "WARNING");
     return false;
 }
 
-bool OpenNewProtocol() {
+bool open_new_protocol() {
     const bool pending = the_session.ProtocolPending;
-    if (!WriteProtocol()) return false;
+    if (!write_protocol()) return false;
     const fs::path path = protocol_path();
     std::error_code error;
     if (!delete_if_empty(path) && (pending || fs::exists(path, error)))
         if (!copy_to_clipboard(path)) return false;
-    the_session.ProtocolFile = session::NewProtocolFileName();
+    the_session.ProtocolFile = session::new_protocol_file_name();
     the_session.ProtocolPending = false;
     the_session.ProtocolOpen = 0;
     legacy::the_protocol.clear();
     return true;
 }
 
-std::string ProtocolFileTitle() {
-    return session::FileTitle(the_session.ProtocolFile);
+std::string protocol_file_title() {
+    return session::file_title(the_session.ProtocolFile);
 }
 
-void CloseProtocol() {
-    if (WriteProtocol()) the_session.ProtocolPending = false;
+void close_protocol() {
+    if (write_protocol()) the_session.ProtocolPending = false;
     delete_if_empty(protocol_path());
 }
 
-void ChooseSeparator(int index) {
+void choose_separator(int index) {
     constexpr char kSeparators[] = {';', ',', '\t'};
     if (index >= 0 && index < 3) the_session.CsvSeparator = kSeparators[index];
 }

@@ -15,7 +15,7 @@ constexpr std::int16_t kFormation = 10;
 
 std::string general(double value, Numbers how) {
     const auto single = static_cast<float>(value);
-    return how == Numbers::Point ? numbers::GeneralPoint(single) : numbers::General(single);
+    return how == Numbers::Point ? numbers::general_point(single) : numbers::General(single);
 }
 
 std::string at(double T, double p, Numbers how) {
@@ -23,8 +23,8 @@ std::string at(double T, double p, Numbers how) {
 }
 
 std::string models_line() {
-    return "Model: " + text::Trim(models::EOSName(legacy::the_models.EOSModel)) +
-           "; ideal-gas cp: " + text::Trim(models::CpName(legacy::the_models.CpModel));
+    return "Model: " + text::trim(models::EOSName(legacy::the_models.EOSModel)) +
+           "; ideal-gas cp: " + text::trim(models::cp_name(legacy::the_models.CpModel));
 }
 
 std::string zero_line(const models::ReferenceState& r, Numbers how) {
@@ -45,7 +45,7 @@ std::string zero_line(const models::ReferenceState& r, Numbers how) {
 
 }  // namespace
 
-std::vector<std::string> ReferenceLines(bool exergies, Numbers how) {
+std::vector<std::string> reference_lines(bool exergies, Numbers how) {
     // Asking for the values settles T0 and p0 of the kinds that fix them.
     models::ReferenceValues(0.0);
     const models::ReferenceState& r = legacy::the_reference;
@@ -56,7 +56,7 @@ std::vector<std::string> ReferenceLines(bool exergies, Numbers how) {
 
 std::string ReferenceLine() {
     std::string all;
-    for (const std::string& line : ReferenceLines()) all += (all.empty() ? "" : "; ") + line;
+    for (const std::string& line : reference_lines()) all += (all.empty() ? "" : "; ") + line;
     return all;
 }
 

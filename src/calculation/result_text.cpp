@@ -34,22 +34,22 @@ std::string ListText(const ResultText& result) {
     return all;
 }
 
-std::string PhaseHeader(const ResultText& result) {
+std::string phase_header(const ResultText& result) {
     const std::string blanks(2 * kLabelWidth, ' ');
     if (result.lblGleich)
-        return blanks + text::PadLeft(result.lblLphase + " identical with " + result.lblVphase,
-                                      2 * kValueWidth);
-    return blanks + text::PadLeft(result.lblLphase, kValueWidth) +
-           text::PadLeft(result.lblVphase, kValueWidth);
+        return blanks + text::pad_left(result.lblLphase + " identical with " + result.lblVphase,
+                                       2 * kValueWidth);
+    return blanks + text::pad_left(result.lblLphase, kValueWidth) +
+           text::pad_left(result.lblVphase, kValueWidth);
 }
 
-std::string ResultAsText(const ResultText& result) {
+std::string result_as_text(const ResultText& result) {
     std::string all = fields_as_text(result);
-    if (has_phase_columns(result)) all += PhaseHeader(result) + '\n';
+    if (has_phase_columns(result)) all += phase_header(result) + '\n';
     return all + with_break(ListText(result));
 }
 
-std::string ResultAsTable(const ResultText& result) {
+std::string result_as_table(const ResultText& result) {
     std::string all = fields_as_text(result);
     if (has_phase_columns(result)) all += '\t' + result.lblLphase + '\t' + result.lblVphase + '\n';
     for (const ListLine& line : result.Liste) {

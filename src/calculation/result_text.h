@@ -52,11 +52,11 @@ std::string ListText(const ResultText& result);
 
 /// The captions of the two value columns of `Liste`, set above those columns; with `lblGleich` the
 /// words "identical with" stand between them.
-std::string PhaseHeader(const ResultText& result);
+std::string phase_header(const ResultText& result);
 
 /// The whole result as readable text and as a table with tabs between the cells: for the clipboard
 /// and the command line.
-std::string ResultAsText(const ResultText& result);
-std::string ResultAsTable(const ResultText& result);
+std::string result_as_text(const ResultText& result);
+std::string result_as_table(const ResultText& result);
 
 }  // namespace quor::calculation

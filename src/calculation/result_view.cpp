@@ -21,7 +21,7 @@ namespace {
 constexpr std::int16_t kVirialMode = 11, kPolytropicMode = 12, kFirstWithoutList = 6;
 
 bool is_active(std::int16_t index) {
-    return DataSet(index).skip == 0;
+    return data_set(index).skip == 0;
 }
 
 /// The next active data set from `index` on in steps of `step`, 0 when there is none.
@@ -48,11 +48,11 @@ void step(ResultView& view, std::int16_t by) {
         the_session.DataSetIndex = next;
     }
     name_data_set(view);
-    Recalculate(view);
+    recalculate(view);
 }
 
 bool is_without_list(std::int16_t mode) {
-    return mode == kVirialMode || IsDatabaseFunction(mode);
+    return mode == kVirialMode || is_database_function(mode);
 }
 
 /// Which panels of the view belong to a mode.
@@ -61,11 +61,11 @@ void set_panels(ResultView& view, std::int16_t mode) {
         view.okCaption = "Close";
         view.stepVisible = view.resultOutputVisible = false;
     }
-    if (IsTank(mode)) view.protocolVisible = false;
+    if (is_tank(mode)) view.protocolVisible = false;
     if (is_without_list(mode)) view.resultOutputVisible = false;
     view.wide = mode == kPolytropicMode;
-    view.extendedVisible = !IsVaporisation(mode) && !is_without_list(mode);
-    view.extendedEnabled = !IsEquilibrium(mode) || the_session.GlobalCalculation;
+    view.extendedVisible = !is_vaporisation(mode) && !is_without_list(mode);
+    view.extendedEnabled = !is_equilibrium(mode) || the_session.GlobalCalculation;
 }
 
 int separator_index() {
@@ -81,16 +81,16 @@ int separator_index() {
 
 }  // namespace
 
-ResultView OpenResultView() {
+ResultView open_result_view() {
     const std::int16_t mode = the_session.CalcMode;
     ResultView view;
     the_session.EquilibriumFunctions = false;
     the_session.OutputPage = 1;
     set_panels(view, mode);
-    if (!IsTank(mode))
+    if (!is_tank(mode))
         legacy::the_ResultRecords.resize(static_cast<std::size_t>(the_session.BatchCount) + 1);
-    view.title = ModeTitle(mode);
-    view.caption = ResultCaption(mode);
+    view.title = mode_title(mode);
+    view.caption = result_caption(mode);
     if (the_session.BatchMode) {
         const std::int16_t first = next_active(1, 1);
         the_session.DataSetIndex = first == 0 ? std::int16_t{1} : first;
@@ -100,49 +100,49 @@ ResultView OpenResultView() {
     name_data_set(view);
     for (calculation::ResultRecord& record : legacy::the_ResultRecords) record.State = "   ";
     view.separatorIndex = separator_index();
-    Recalculate(view);
+    recalculate(view);
     return view;
 }
 
-void Recalculate(ResultView& view) {
+void recalculate(ResultView& view) {
     CalcCall call{
         .Mode = the_session.CalcMode, .Index = the_session.DataSetIndex, .Text = view.title};
     CalcBatch(call);
     view.empty = call.Text == "EXIT";
 }
 
-void StepForward(ResultView& view) {
+void step_forward(ResultView& view) {
     step(view, 1);
 }
-void StepBackward(ResultView& view) {
+void step_backward(ResultView& view) {
     step(view, -1);
 }
 
-void SetEquilibriumFunctions(ResultView& view, bool on) {
+void set_equilibrium_functions(ResultView& view, bool on) {
     the_session.EquilibriumFunctions = on;
-    Recalculate(view);
+    recalculate(view);
 }
 
-void SetExtendedPages(ResultView& view, bool functions, bool derivatives) {
+void set_extended_pages(ResultView& view, bool functions, bool derivatives) {
     the_session.OutputPage =
         static_cast<std::int16_t>(1 + (functions ? 1 : 0) + (derivatives ? 2 : 0));
     view.funcPrintEnabled = the_session.OutputPage > 1 && the_session.CalcMode < kFirstWithoutList;
-    Recalculate(view);
+    recalculate(view);
 }
 
-bool FinishResultView(const ResultView& view, ListTarget target, bool withExtended) {
+bool finish_result_view(const ResultView& view, ListTarget target, bool withExtended) {
     if (target == ListTarget::Printer)
-        calculation::PrintResult(view.title, the_session.GlobalCalculation, withExtended);
+        calculation::print_result(view.title, the_session.GlobalCalculation, withExtended);
     if (target == ListTarget::File) {
-        const auto name = dialogs::ChooseFile({.save = true,
-                                               .title = "Save QUOR result list as ...",
-                                               .filter = "Result file (*.LST)|*.LST",
-                                               .folder = session::WriteFolder().string(),
-                                               .defaultExtension = ".LST",
-                                               .overwritePrompt = true});
+        const auto name = dialogs::choose_file({.save = true,
+                                                .title = "Save QUOR result list as ...",
+                                                .filter = "Result file (*.LST)|*.LST",
+                                                .folder = session::write_folder().string(),
+                                                .defaultExtension = ".LST",
+                                                .overwritePrompt = true});
         if (!name) return false;
-        if (!calculation::ResultFile(*name, view.title, the_session.GlobalCalculation,
-                                     withExtended))
+        if (!calculation::result_file(*name, view.title, the_session.GlobalCalculation,
+                                      withExtended))
             return false;
     }
     views().closeResultView();
@@ -150,13 +150,13 @@ bool FinishResultView(const ResultView& view, ListTarget target, bool withExtend
     return true;
 }
 
-bool PrepareIsoCalculator(const std::string& T, const std::string& p) {
+bool prepare_iso_calculator(const std::string& T, const std::string& p) {
     calculation::BatchDataSet& input = legacy::the_BatchData.front();
-    const calculation::BatchDataSet set = DataSet(the_session.DataSetIndex);
-    const double givenT = the_session.BatchMode ? set.T : numbers::ValInput(T);
-    const double givenP = the_session.BatchMode ? set.p : numbers::ValInput(p);
+    const calculation::BatchDataSet set = data_set(the_session.DataSetIndex);
+    const double givenT = the_session.BatchMode ? set.T : numbers::val_input(T);
+    const double givenP = the_session.BatchMode ? set.p : numbers::val_input(p);
     if (!(givenT > kPresent) && !(givenP > kPresent)) {
-        dialogs::Tell("not yet a T|p value available!", "Execution not possible");
+        dialogs::tell("not yet a T|p value available!", "Execution not possible");
         return false;
     }
     input.T = givenT;

@@ -26,28 +26,28 @@ struct ResultView {
 inline constexpr const char* kSeparatorNames[] = {"semicolon", "comma", "Tab"};
 
 /// The view as it opens: resets pages and results, chooses the first active data set, calculates.
-ResultView OpenResultView();
+ResultView open_result_view();
 
 /// `CalcBatch` of the present mode and data set with the view's title.
-void Recalculate(ResultView& view);
+void recalculate(ResultView& view);
 
 /// `cmdVor` and `cmdRueck`: the next active data set forward or backward; a beep at the ends.
-void StepForward(ResultView& view);
-void StepBackward(ResultView& view);
+void step_forward(ResultView& view);
+void step_backward(ResultView& view);
 
 /// `chkUHS` click.
-void SetEquilibriumFunctions(ResultView& view, bool on);
+void set_equilibrium_functions(ResultView& view, bool on);
 /// `ResPlus` click: whether `ResPlus`(1) and `ResPlus`(2) are checked.
-void SetExtendedPages(ResultView& view, bool functions, bool derivatives);
+void set_extended_pages(ResultView& view, bool functions, bool derivatives);
 
 /// `optResultPrint`: where a list of results goes.
 enum class ListTarget { None, Printer, File };
 /// `cmdCalc_OK`: the list of results as asked. False when the user cancelled or the file could not
 /// be written; the views then stay open, else they close.
-bool FinishResultView(const ResultView& view, ListTarget target, bool withExtended);
+bool finish_result_view(const ResultView& view, ListTarget target, bool withExtended);
 
 /// `cmdIsoCalc` with the first two fields of the input view: true when the iso-calculator can open.
 /// In batch mode the present data set stands in. T and p then stand in the direct input.
-bool PrepareIsoCalculator(const std::string& T, const std::string& p);
+bool prepare_iso_calculator(const std::string& T, const std::string& p);
 
 }  // namespace quor::calculation

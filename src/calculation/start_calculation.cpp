@@ -16,7 +16,7 @@ constexpr std::int16_t kBensonVaporisation = 6;
 constexpr std::uint8_t kPolytropicKind = 6;
 
 bool asks_for_vle() {
-    return dialogs::Ask(
+    return dialogs::ask(
         "Do you intend to describe a VLE?\n\n"
         "Selecting \"Yes\" => the existence of a L-phase is assumed\n\n"
         "and a \"partial calulation\" is carried out",
@@ -25,9 +25,9 @@ bool asks_for_vle() {
 
 /// Kinds that need the choice of a global or partial calculation, or a second reference point.
 bool needs_preparation(std::int16_t mode) {
-    if (IsEquilibrium(mode)) return true;
+    if (is_equilibrium(mode)) return true;
     if (mode == kGivenTp) return the_session.AssumedVle;
-    return IsVaporisation(mode) && legacy::the_models.HLVModel == kBensonVaporisation;
+    return is_vaporisation(mode) && legacy::the_models.HLVModel == kBensonVaporisation;
 }
 
 }  // namespace
@@ -43,12 +43,12 @@ void StartCalculation() {
     if (mode == 0) mode = kGivenTRho;
     if (mode == kLiquid && legacy::the_models.EOSOnlyV) {
         mode = 0;
-        dialogs::Tell("possible only by using a  cubic EOS", "Execution not possible");
+        dialogs::tell("possible only by using a  cubic EOS", "Execution not possible");
         return;
     }
     if (direct) {
         the_session.InputSituation =
-            IsTank(mode) ? kTankInput : static_cast<std::int16_t>(mode + kDirectInput);
+            is_tank(mode) ? kTankInput : static_cast<std::int16_t>(mode + kDirectInput);
         if (mode == kPartialTank) {
             the_session.AssumedVle = false;
             views().openCalcIn();
@@ -68,20 +68,20 @@ void StartCalculation() {
     if (direct) views().openParinput();
 }
 
-void RunCalculation(std::int16_t CalcMode) {
+void run_calculation(std::int16_t CalcMode) {
     the_session.CalcMode = CalcMode;
     if (CalcMode == kPolytropic) {
         legacy::the_processLine.Kind = kPolytropicKind;
         legacy::the_processLine.FromCalculation = true;
     }
-    if (IsTank(CalcMode)) the_session.GlobalCalculation = CalcMode == kGlobalTank;
+    if (is_tank(CalcMode)) the_session.GlobalCalculation = CalcMode == kGlobalTank;
     StartCalculation();
-    if (IsTank(the_session.CalcMode)) views().closeResultView();
+    if (is_tank(the_session.CalcMode)) views().closeResultView();
 }
 
-void PrepareCalculationMenu() {
+void prepare_calculation_menu() {
     if (the_session.BatchMode && the_session.BatchCount == 0)
-        dialogs::Tell(
+        dialogs::tell(
             "This mode of calculation is possible only when \n"
             "batch data (= exper. T-p-rho,..-data) are available.\n\n"
             "Enter batch-data\n"

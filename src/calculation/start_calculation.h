@@ -31,10 +31,10 @@ void StartCalculation();
 
 /// What a row of the Calculation menu does: sets the mode and what belongs to it, starts it, and
 /// closes the result view behind a tank.
-void RunCalculation(std::int16_t CalcMode);
+void run_calculation(std::int16_t CalcMode);
 
 /// Before the Calculation menu opens: tells that batch mode has no data, closes the views of the
 /// last calculation.
-void PrepareCalculationMenu();
+void prepare_calculation_menu();
 
 }  // namespace quor::calculation

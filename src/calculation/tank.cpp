@@ -23,15 +23,15 @@ constexpr std::int16_t kPartialTankMode = 10;
 double liquid_density(const Job& job, double rhoV) {
     const models::SubstanceRecord& s = legacy::the_substance;
     if (!the_session.LiquidByBenson)
-        return models::DensityL(static_cast<float>(job.T), job.call.Interactive).rho;
+        return models::density_l(static_cast<float>(job.T), job.call.Interactive).rho;
     if (!the_session.BensonReferenceValid) return 0.0;
     return faults::finite(
-        models::DensityLBenson(job.T, s.Tcrit, s.rhocrit, rhoV, the_session.BensonReference));
+        models::density_l_benson(job.T, s.Tcrit, s.rhocrit, rhoV, the_session.BensonReference));
 }
 
 }  // namespace
 
-TankContent DivideTank(double V, double m, double rhoL, double rhoV) {
+TankContent divide_tank(double V, double m, double rhoL, double rhoV) {
     TankContent c{V, m, 0.0, rhoL, rhoV, 0.0};
     if (rhoV <= 0) return c;
     if (rhoL <= 0) {
@@ -44,7 +44,7 @@ TankContent DivideTank(double V, double m, double rhoL, double rhoV) {
     return c;
 }
 
-bool FetchTank(Job& job) {
+bool fetch_tank(Job& job) {
     const calculation::Tank& tank = the_session.tank;
     const auto V = static_cast<double>(tank.V);
     const auto m = static_cast<double>(tank.m);
@@ -55,7 +55,7 @@ bool FetchTank(Job& job) {
     }
     const models::SubstanceRecord& s = legacy::the_substance;
     if (job.mode() == kPartialTankMode && T >= s.Tcrit) {
-        dialogs::Tell(
+        dialogs::tell(
             "\"Partial Calculation\" - usable only for phase equilibria (T < T(cr))\n"
             "(T(cr)/K =" +
                 numbers::General(s.Tcrit) + ")",
@@ -65,12 +65,12 @@ bool FetchTank(Job& job) {
         return false;
     }
     if (T < static_cast<double>(s.Ttriple) && !job.call.Interactive && !legacy::the_models.EOSOnlyV)
-        dialogs::Tell("T < T(TP) (Triple Point)", "WARNING");
+        dialogs::tell("T < T(TP) (Triple Point)", "WARNING");
     job.T = T;
-    StoreFu(job, 0, T);
+    store_fu(job, 0, T);
     job.input = {};
     job.input.T = T;
-    job.input.rhoV = numbers::ToSingle(m / V);
+    job.input.rhoV = numbers::to_single(m / V);
     return true;
 }
 
@@ -87,11 +87,11 @@ bool PartialTank(Job& job) {
         return false;
     }
     job.p = saturation.p;
-    if (!SolveState(job)) return false;
+    if (!solve_state(job)) return false;
     const double rhoV = job.V.rho > 0 ? job.V.rho : 0.0;
     const double rhoL = liquid_density(job, rhoV);
     if (!(rhoV > 0) || !(rhoL > kPresent)) {
-        ReportCalcError(job, rhoV > 0 ? " (no rho_L)" : " (no rho_V)");
+        report_calc_error(job, rhoV > 0 ? " (no rho_L)" : " (no rho_V)");
         return false;
     }
 
@@ -101,26 +101,26 @@ bool PartialTank(Job& job) {
     TankContent content{V, m, 0.0, 0.0, 0.0, 0.0};
     if (rho >= rhoL) {
         job.L = {true, v, rho};
-        content = DivideTank(V, m, rho, 0.0);
+        content = divide_tank(V, m, rho, 0.0);
     } else if (rho <= rhoV) {
-        const models::PressureResult gas = models::PressureFromTV(job.T, v);
+        const models::PressureResult gas = models::pressure_from_tv(job.T, v);
         if (gas.status != kSuccess) {
-            ReportCalcError(job, ErrorCode(gas.status));
+            report_calc_error(job, error_code(gas.status));
             return false;
         }
         job.p = gas.p;
         job.V = {true, v, rho};
-        content = DivideTank(V, m, 0.0, rho);
+        content = divide_tank(V, m, 0.0, rho);
     } else {
         job.L = {true, M / rhoL, rhoL};
         job.V = {true, M / rhoV, rhoV};
-        content = DivideTank(V, m, rhoL, rhoV);
+        content = divide_tank(V, m, rhoL, rhoV);
     }
-    TankLines(job, content);
+    tank_lines(job, content);
     return true;
 }
 
-void TankLines(Job& job, const TankContent& c) {
+void tank_lines(Job& job, const TankContent& c) {
     constexpr auto kAmount = "##0.0000##";
     const auto M = static_cast<double>(legacy::the_substance.M);
     const double mL = (c.V - c.VV) * c.rhoL;
@@ -140,10 +140,10 @@ void TankLines(Job& job, const TankContent& c) {
     row("Mass                      m/kg  =  ", mL, mV, kAmount);
     row("amount of substance      n/kmol =  ", faults::divide(mL, M), faults::divide(mV, M),
         "##0.0000");
-    job.call.FractionV = numbers::ToSingle(c.level());
+    job.call.FractionV = numbers::to_single(c.level());
 }
 
-TankPicture DescribeTank(const std::string& answer) {
+TankPicture describe_tank(const std::string& answer) {
     constexpr double kHalf = 50.0, kLargestMirrored = 99.85, kLargest = 49.8, kSmallest = 1e-6;
     constexpr double kLargePressure = 10000.0;
     const calculation::Tank& tank = the_session.tank;
@@ -160,7 +160,7 @@ TankPicture DescribeTank(const std::string& answer) {
         picture.levelText = "Error";
     } else {
         picture.levelText =
-            "Filling level " + numbers::FormatPoint(picture.level, "##0.0#") + "vol.-%";
+            "Filling level " + numbers::format_point(picture.level, "##0.0#") + "vol.-%";
         picture.lowerText = picture.supercritical ? " supercritical" : "  L-phase";
         picture.upperText = picture.supercritical ? "" : "  V-phase";
     }

@@ -18,17 +18,17 @@ struct TankContent {
 };
 
 /// Divides volume V and mass m between phases of density rhoL and rhoV.
-TankContent DivideTank(double V, double m, double rhoL, double rhoV);
+TankContent divide_tank(double V, double m, double rhoL, double rhoV);
 
 /// V, m and T of the session, or false when they do not describe a tank.
-bool FetchTank(Job& job);
+bool fetch_tank(Job& job);
 
 /// The partial method: V density from the EOS, L density by Benson's method or the database
 /// equation, p from the vapour pressure equation. False after an error.
 bool PartialTank(Job& job);
 
 /// Lines of the content and `FractionV`.
-void TankLines(Job& job, const TankContent& content);
+void tank_lines(Job& job, const TankContent& content);
 
 /// What `TankView` shows.
 struct TankPicture {
@@ -49,6 +49,6 @@ struct TankPicture {
 };
 
 /// The picture of the last tank calculation; `answer` is the text that `CalcBatch` gave back.
-TankPicture DescribeTank(const std::string& answer);
+TankPicture describe_tank(const std::string& answer);
 
 }  // namespace quor::calculation

@@ -5,7 +5,7 @@
 
 namespace quor::calculation {
 
-double LevelHeight(double share) {
+double level_height(double share) {
     constexpr int kHalvings = 60;
     if (!(share > 0.0)) return 0.0;
     if (share >= 1.0) return 1.0;

@@ -26,7 +26,7 @@ Point3 unit(const Point3& p) {
 
 Camera::Camera(const View3D& view, double scale, Point2 centre)
     : perspective_(view.perspective), xScale_(scale), yScale_(scale), centre_(centre) {
-    const View3D v = Sanitised(view);
+    const View3D v = sanitised(view);
     const double elevation = v.elevation * std::numbers::pi / 180;
     const double rotation = v.rotation * std::numbers::pi / 180;
     const double ce = std::cos(elevation), se = std::sin(elevation);
@@ -37,9 +37,9 @@ Camera::Camera(const View3D& view, double scale, Point2 centre)
     light_ = unit(sum(sum(scaled(toViewer_, 0.6), scaled(right_, -0.45)), scaled(up_, 0.6)));
 }
 
-Camera Camera::Map(double xScale, double yScale, Point2 centre) {
+Camera Camera::map(double xScale, double yScale, Point2 centre) {
     View3D view;
-    SetPreset(view, PresetView::AlongZ);
+    set_preset(view, PresetView::AlongZ);
     view.perspective = false;
     Camera camera(view, xScale, centre);
     camera.yScale_ = yScale;
@@ -47,7 +47,7 @@ Camera Camera::Map(double xScale, double yScale, Point2 centre) {
 }
 
 Point2 Camera::project(Point3 p) const {
-    const double factor = 1 / depthFactor(p);
+    const double factor = 1 / depth_factor(p);
     return {centre_.x + factor * xScale_ * dot(right_, p),
             centre_.y - factor * yScale_ * dot(up_, p)};
 }

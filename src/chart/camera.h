@@ -24,7 +24,7 @@ class Camera {
     Camera(const View3D& view, double scale, Point2 centre);
 
     /// A flat map: x to the right and y upwards with scales of their own, seen from above.
-    static Camera Map(double xScale, double yScale, Point2 centre);
+    static Camera map(double xScale, double yScale, Point2 centre);
 
     Point2 project(Point3 p) const;
 
@@ -36,13 +36,13 @@ class Camera {
 
     /// What divides lengths at `p` compared with lengths at the box's centre: 1 without
     /// perspective, smaller for near places.
-    double depthFactor(Point3 p) const {
+    double depth_factor(Point3 p) const {
         return perspective_ ? (kDistance - nearness(p)) / kDistance : 1;
     }
 
     /// Position on the x-y plane from which the surface is seen: the viewer's place with
     /// perspective, else a place far away in his direction.
-    Point2 viewerInPlan() const {
+    Point2 viewer_in_plan() const {
         const double reach = perspective_ ? kDistance : 1e6;
         return {toViewer_.x * reach, toViewer_.y * reach};
     }

@@ -15,7 +15,7 @@ namespace {
 class Extent {
   public:
     explicit Extent(bool logarithmic) : logarithmic_(logarithmic) {}
-    bool takes(float value) const { return IsShown(value) && (!logarithmic_ || value > 0); }
+    bool takes(float value) const { return is_shown(value) && (!logarithmic_ || value > 0); }
     void add(float value) {
         low_ = std::min<double>(low_, value);
         high_ = std::max<double>(high_, value);
@@ -29,28 +29,28 @@ class Extent {
     double high_ = -std::numeric_limits<double>::infinity();
 };
 
-bool canBeDrawn(const Range& range, bool logarithmic) {
+bool can_be_drawn(const Range& range, bool logarithmic) {
     return std::isfinite(range.min) && std::isfinite(range.max) && range.min < range.max &&
            (!logarithmic || range.min > 0);
 }
 
-Range shownRange(const Axis& axis, const std::optional<Range>& data) {
+Range shown_range(const Axis& axis, const std::optional<Range>& data) {
     const Range fixed{axis.min, axis.max};
-    if (!axis.automatic && canBeDrawn(fixed, axis.logarithmic)) return fixed;
+    if (!axis.automatic && can_be_drawn(fixed, axis.logarithmic)) return fixed;
     if (axis.logarithmic && !axis.automatic && std::isfinite(axis.max) && axis.max > 0) {
         // A logarithmic axis from 0 or below begins with the least value of the data instead.
         const double low = data && data->min < axis.max ? data->min : axis.max / 1000;
         return {low, axis.max};
     }
     if (!data) return axis.logarithmic ? Range{0.1, 10} : Range{0, 1};
-    const NiceWindow nice = MakeNiceWindow(data->min, data->max, axis.logarithmic);
+    const NiceWindow nice = make_nice_window(data->min, data->max, axis.logarithmic);
     return {nice.min, nice.max};
 }
 
 template <class Visit>
-void forEachSeries(const Chart2D& chart, Visit visit) {
+void for_each_series(const Chart2D& chart, Visit visit) {
     for (const Group group : {Group::Curves, Group::Points}) {
-        const auto& all = SeriesOf(chart, group);
+        const auto& all = series_of(chart, group);
         for (std::size_t i = 0; i < all.size(); ++i) visit(group, static_cast<int>(i), all[i]);
     }
 }
@@ -63,17 +63,17 @@ struct Pixel {
     double x, y;
 };
 
-double squaredDistance(Pixel a, Pixel b) {
+double squared_distance(Pixel a, Pixel b) {
     return (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);
 }
 
 /// Squared distance of p from the segment a-b.
-double squaredDistance(Pixel p, Pixel a, Pixel b) {
-    const double length2 = squaredDistance(a, b);
-    if (!(length2 > 0)) return squaredDistance(p, a);
+double squared_distance(Pixel p, Pixel a, Pixel b) {
+    const double length2 = squared_distance(a, b);
+    if (!(length2 > 0)) return squared_distance(p, a);
     const double t = ((p.x - a.x) * (b.x - a.x) + (p.y - a.y) * (b.y - a.y)) / length2;
     const double s = std::clamp(t, 0.0, 1.0);
-    return squaredDistance(p, {a.x + s * (b.x - a.x), a.y + s * (b.y - a.y)});
+    return squared_distance(p, {a.x + s * (b.x - a.x), a.y + s * (b.y - a.y)});
 }
 
 class PixelScale {
@@ -81,7 +81,7 @@ class PixelScale {
     PixelScale(const Chart2D& chart, double width, double height)
         : scale_(chart), width_(width), height_(height) {}
     std::optional<Pixel> of(const Series& series, std::size_t i) const {
-        if (!IsShown(series.x[i]) || !IsShown(series.y[i])) return std::nullopt;
+        if (!is_shown(series.x[i]) || !is_shown(series.y[i])) return std::nullopt;
         const Pixel p{scale_.u(series.x[i]) * width_, scale_.v(series.y[i]) * height_};
         if (!std::isfinite(p.x) || !std::isfinite(p.y)) return std::nullopt;
         return p;
@@ -92,10 +92,10 @@ class PixelScale {
     double width_, height_;
 };
 
-bool takesPart(const Series& series, Group group) {
+bool takes_part(const Series& series, Group group) {
     if (!series.visible || pointCount(series) == 0) return false;
     return series.line.pattern != LinePattern::None ||
-           ShownSymbol(series, group) != SymbolShape::Hidden;
+           shown_symbol(series, group) != SymbolShape::Hidden;
 }
 
 }  // namespace
@@ -109,54 +109,54 @@ Chart2D::Chart2D() {
     y2.gridShown = false;
 }
 
-std::vector<Series>& SeriesOf(Chart2D& chart, Group group) {
+std::vector<Series>& series_of(Chart2D& chart, Group group) {
     return group == Group::Curves ? chart.curves : chart.points;
 }
 
-const std::vector<Series>& SeriesOf(const Chart2D& chart, Group group) {
+const std::vector<Series>& series_of(const Chart2D& chart, Group group) {
     return group == Group::Curves ? chart.curves : chart.points;
 }
 
-Series DefaultCurve(int index) {
+Series default_curve(int index) {
     Series series;
-    series.line = {DefaultPattern(index), DefaultColour(index), 1.5F};
+    series.line = {default_pattern(index), default_colour(index), 1.5F};
     series.symbolColour = series.line.colour;
     return series;
 }
 
-Series DefaultPointSet(int index) {
+Series default_point_set(int index) {
     Series series;
-    series.line = {LinePattern::None, DefaultColour(index), 1};
-    series.symbol = DefaultSymbol(index);
+    series.line = {LinePattern::None, default_colour(index), 1};
+    series.symbol = default_symbol(index);
     series.symbolColour = series.line.colour;
     return series;
 }
 
-Series& SeriesAt(Chart2D& chart, Group group, int index) {
-    auto& all = SeriesOf(chart, group);
+Series& series_at(Chart2D& chart, Group group, int index) {
+    auto& all = series_of(chart, group);
     while (static_cast<int>(all.size()) <= index) {
         const int next = static_cast<int>(all.size());
-        all.push_back(group == Group::Curves ? DefaultCurve(next) : DefaultPointSet(next));
+        all.push_back(group == Group::Curves ? default_curve(next) : default_point_set(next));
     }
     return all[static_cast<std::size_t>(std::max(index, 0))];
 }
 
-SymbolShape ShownSymbol(const Series& series, Group group) {
+SymbolShape shown_symbol(const Series& series, Group group) {
     const bool bare = series.line.pattern == LinePattern::None &&
                       series.symbol == SymbolShape::Hidden && group == Group::Curves;
     return bare ? SymbolShape::Dot : series.symbol;
 }
 
-std::vector<SeriesRef> LegendEntries(const Chart2D& chart) {
+std::vector<SeriesRef> legend_entries(const Chart2D& chart) {
     std::vector<SeriesRef> entries;
-    forEachSeries(chart, [&](Group group, int index, const Series& series) {
+    for_each_series(chart, [&](Group group, int index, const Series& series) {
         if (series.inLegend && !series.legend.empty() && series.visible && pointCount(series) > 0)
             entries.push_back({group, index});
     });
     return entries;
 }
 
-void SwapAxes(Chart2D& chart) {
+void swap_axes(Chart2D& chart) {
     for (auto* group : {&chart.curves, &chart.points})
         for (Series& series : *group) std::swap(series.x, series.y);
     std::swap(chart.x, chart.y);
@@ -165,10 +165,10 @@ void SwapAxes(Chart2D& chart) {
     for (Label& label : chart.labels) std::swap(label.x, label.y);
 }
 
-std::optional<Window> DataExtent(const Chart2D& chart) {
+std::optional<Window> data_extent(const Chart2D& chart) {
     Extent x(chart.x.logarithmic), y(chart.y.logarithmic);
-    forEachSeries(chart, [&](Group group, int, const Series& series) {
-        if (series.isReference || !takesPart(series, group)) return;
+    for_each_series(chart, [&](Group group, int, const Series& series) {
+        if (series.isReference || !takes_part(series, group)) return;
         for (std::size_t i = 0; i < pointCount(series); ++i) {
             if (!x.takes(series.x[i]) || !y.takes(series.y[i])) continue;
             x.add(series.x[i]);
@@ -179,28 +179,28 @@ std::optional<Window> DataExtent(const Chart2D& chart) {
     return Window{x.range(), y.range()};
 }
 
-Window ShownWindow(const Chart2D& chart) {
+Window shown_window(const Chart2D& chart) {
     const auto needsData = [](const Axis& axis) {
-        return axis.automatic || !canBeDrawn({axis.min, axis.max}, axis.logarithmic);
+        return axis.automatic || !can_be_drawn({axis.min, axis.max}, axis.logarithmic);
     };
     std::optional<Window> data;
-    if (needsData(chart.x) || needsData(chart.y)) data = DataExtent(chart);
-    return {shownRange(chart.x, data ? std::optional(data->x) : std::nullopt),
-            shownRange(chart.y, data ? std::optional(data->y) : std::nullopt)};
+    if (needsData(chart.x) || needsData(chart.y)) data = data_extent(chart);
+    return {shown_range(chart.x, data ? std::optional(data->x) : std::nullopt),
+            shown_range(chart.y, data ? std::optional(data->y) : std::nullopt)};
 }
 
-std::optional<Window> FittingWindow(const Chart2D& chart) {
-    const auto data = DataExtent(chart);
+std::optional<Window> fitting_window(const Chart2D& chart) {
+    const auto data = data_extent(chart);
     if (!data) return std::nullopt;
-    const NiceWindow x = MakeNiceWindow(data->x.min, data->x.max, chart.x.logarithmic);
-    const NiceWindow y = MakeNiceWindow(data->y.min, data->y.max, chart.y.logarithmic);
+    const NiceWindow x = make_nice_window(data->x.min, data->x.max, chart.x.logarithmic);
+    const NiceWindow y = make_nice_window(data->y.min, data->y.max, chart.y.logarithmic);
     return Window{{x.min, x.max}, {y.min, y.max}};
 }
 
-Range SecondRange(const Chart2D& chart) {
+Range second_range(const Chart2D& chart) {
     const Range own{chart.y2.min, chart.y2.max};
-    if (!chart.y2.automatic && canBeDrawn(own, chart.y2.logarithmic)) return own;
-    return ShownWindow(chart).y;
+    if (!chart.y2.automatic && can_be_drawn(own, chart.y2.logarithmic)) return own;
+    return shown_window(chart).y;
 }
 
 double UnitOf(double value, const Range& range, bool logarithmic) {
@@ -210,23 +210,23 @@ double UnitOf(double value, const Range& range, bool logarithmic) {
 }
 
 WindowScale::WindowScale(const Chart2D& chart)
-    : window_(ShownWindow(chart)), xLog_(chart.x.logarithmic), yLog_(chart.y.logarithmic) {}
+    : window_(shown_window(chart)), xLog_(chart.x.logarithmic), yLog_(chart.y.logarithmic) {}
 
 double WindowScale::value(double unit, const Range& range, bool logarithmic) {
     if (!logarithmic) return range.min + unit * (range.max - range.min);
     return range.min * std::pow(range.max / range.min, unit);
 }
 
-std::optional<NearPoint> NearestPoint(const Chart2D& chart, const PlotPixel& pixel, double limit) {
+std::optional<NearPoint> nearest_point(const Chart2D& chart, const PlotPixel& pixel, double limit) {
     const PixelScale scale(chart, pixel.width, pixel.height);
     std::optional<NearPoint> best;
     double best2 = limit * limit;
-    forEachSeries(chart, [&](Group group, int index, const Series& series) {
-        if (series.isReference || !takesPart(series, group)) return;
+    for_each_series(chart, [&](Group group, int index, const Series& series) {
+        if (series.isReference || !takes_part(series, group)) return;
         for (std::size_t i = 0; i < pointCount(series); ++i) {
             const auto p = scale.of(series, i);
             if (!p) continue;
-            const double d2 = squaredDistance({pixel.x, pixel.y}, *p);
+            const double d2 = squared_distance({pixel.x, pixel.y}, *p);
             if (d2 > best2) continue;
             best2 = d2;
             best = NearPoint{group, index, static_cast<int>(i), std::sqrt(d2)};
@@ -235,13 +235,14 @@ std::optional<NearPoint> NearestPoint(const Chart2D& chart, const PlotPixel& pix
     return best;
 }
 
-std::optional<NearPoint> NearestSeries(const Chart2D& chart, const PlotPixel& pixel, double limit) {
+std::optional<NearPoint> nearest_series(const Chart2D& chart, const PlotPixel& pixel,
+                                        double limit) {
     const PixelScale scale(chart, pixel.width, pixel.height);
     const Pixel here{pixel.x, pixel.y};
     std::optional<NearPoint> best;
     double best2 = limit * limit;
-    forEachSeries(chart, [&](Group group, int index, const Series& series) {
-        if (!takesPart(series, group)) return;
+    for_each_series(chart, [&](Group group, int index, const Series& series) {
+        if (!takes_part(series, group)) return;
         const bool line = series.line.pattern != LinePattern::None;
         std::optional<Pixel> last;
         for (std::size_t i = 0; i < pointCount(series); ++i) {
@@ -249,11 +250,11 @@ std::optional<NearPoint> NearestSeries(const Chart2D& chart, const PlotPixel& pi
             if (p) {
                 const bool segment = line && last;
                 const double d2 =
-                    segment ? squaredDistance(here, *last, *p) : squaredDistance(here, *p);
+                    segment ? squared_distance(here, *last, *p) : squared_distance(here, *p);
                 if (d2 <= best2) {
                     best2 = d2;
                     const bool before =
-                        segment && squaredDistance(here, *last) < squaredDistance(here, *p);
+                        segment && squared_distance(here, *last) < squared_distance(here, *p);
                     best = NearPoint{group, index, static_cast<int>(before ? i - 1 : i),
                                      std::sqrt(d2)};
                 }
@@ -264,8 +265,8 @@ std::optional<NearPoint> NearestSeries(const Chart2D& chart, const PlotPixel& pi
     return best;
 }
 
-void DeletePoint(Chart2D& chart, Group group, int series, int point) {
-    auto& all = SeriesOf(chart, group);
+void delete_point(Chart2D& chart, Group group, int series, int point) {
+    auto& all = series_of(chart, group);
     if (series < 0 || series >= static_cast<int>(all.size())) return;
     Series& target = all[static_cast<std::size_t>(series)];
     if (point < 0 || point >= static_cast<int>(pointCount(target))) return;
@@ -280,8 +281,8 @@ void DeletePoint(Chart2D& chart, Group group, int series, int point) {
         if (onSeries(label) && label.point > point) --label.point;
 }
 
-void ClearSeries(Chart2D& chart, Group group, int series) {
-    auto& all = SeriesOf(chart, group);
+void clear_series(Chart2D& chart, Group group, int series) {
+    auto& all = series_of(chart, group);
     if (series < 0 || series >= static_cast<int>(all.size())) return;
     Series& target = all[static_cast<std::size_t>(series)];
     target.x.clear();

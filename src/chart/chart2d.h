@@ -15,7 +15,7 @@ namespace quor::chart {
 inline constexpr float kHole = 1e30F;
 
 /// True for a number that is drawn: finite and not the hole value.
-inline bool IsShown(float value) {
+inline bool is_shown(float value) {
     return std::isfinite(value) && std::abs(value) < kHole;
 }
 
@@ -137,20 +137,20 @@ struct Chart2D {
 };
 
 /// The series of a group.
-std::vector<Series>& SeriesOf(Chart2D& chart, Group group);
-const std::vector<Series>& SeriesOf(const Chart2D& chart, Group group);
+std::vector<Series>& series_of(Chart2D& chart, Group group);
+const std::vector<Series>& series_of(const Chart2D& chart, Group group);
 
 /// A curve with the default colour, pattern and width of slot `index` (0, 1, ...).
-Series DefaultCurve(int index);
+Series default_curve(int index);
 /// A set of points with the default symbol, size and colour of slot `index`, without a line.
-Series DefaultPointSet(int index);
+Series default_point_set(int index);
 
 /// The series at `index` of the group, which is made longer by default series where it is shorter.
-Series& SeriesAt(Chart2D& chart, Group group, int index);
+Series& series_at(Chart2D& chart, Group group, int index);
 
 /// The symbol with which the points of a series are drawn: a curve without a line and without a
 /// symbol shows dots.
-SymbolShape ShownSymbol(const Series& series, Group group);
+SymbolShape shown_symbol(const Series& series, Group group);
 
 /// A series of the legend.
 struct SeriesRef {
@@ -160,11 +160,11 @@ struct SeriesRef {
 };
 
 /// The lines of the legend: visible series with points and a legend text, curves first.
-std::vector<SeriesRef> LegendEntries(const Chart2D& chart);
+std::vector<SeriesRef> legend_entries(const Chart2D& chart);
 
 /// Exchanges x and y: the data of all series, windows, scales and texts of the axes, and the
 /// places of labels. Done twice, it restores the chart.
-void SwapAxes(Chart2D& chart);
+void swap_axes(Chart2D& chart);
 
 /// The range of one coordinate.
 struct Range {
@@ -180,17 +180,17 @@ struct Window {
 
 /// Extent of all visible points, reference lines and holes passed over; on a logarithmic axis only
 /// values above 0 count. Empty when nothing is to see.
-std::optional<Window> DataExtent(const Chart2D& chart);
+std::optional<Window> data_extent(const Chart2D& chart);
 
 /// The window that is shown: the limits of the axes; those of an automatic axis, and limits that
 /// cannot be drawn (not finite, crossed, or not above 0 on a logarithmic axis), follow the data.
-Window ShownWindow(const Chart2D& chart);
+Window shown_window(const Chart2D& chart);
 
 /// A window of round numbers around the data, as for the wish "fit"; nothing without data.
-std::optional<Window> FittingWindow(const Chart2D& chart);
+std::optional<Window> fitting_window(const Chart2D& chart);
 
 /// The range of Y2: its limits, or the window of Y where it is automatic or cannot be drawn.
-Range SecondRange(const Chart2D& chart);
+Range second_range(const Chart2D& chart);
 
 /// Place of a value in a range: 0 at its lower end, 1 at its upper; minus infinity for a value not
 /// above 0 on a logarithmic scale.
@@ -232,17 +232,17 @@ struct NearPoint {
 
 /// The nearest point of the visible series within `limit` pixels; of equal ones that of the series
 /// drawn last. Reference lines do not count.
-std::optional<NearPoint> NearestPoint(const Chart2D& chart, const PlotPixel& pixel, double limit);
+std::optional<NearPoint> nearest_point(const Chart2D& chart, const PlotPixel& pixel, double limit);
 
-/// As `NearestPoint`, but lines are also near between their points: `distance` is that to the
+/// As `nearest_point`, but lines are also near between their points: `distance` is that to the
 /// line, `point` its nearest end. Reference lines count.
-std::optional<NearPoint> NearestSeries(const Chart2D& chart, const PlotPixel& pixel, double limit);
+std::optional<NearPoint> nearest_series(const Chart2D& chart, const PlotPixel& pixel, double limit);
 
 /// Deletes a point of a series with the labels on it; labels on later points stay with theirs.
 /// Out of range nothing changes.
-void DeletePoint(Chart2D& chart, Group group, int series, int point);
+void delete_point(Chart2D& chart, Group group, int series, int point);
 
 /// Empties a series and its labels; the slot keeps its style.
-void ClearSeries(Chart2D& chart, Group group, int series);
+void clear_series(Chart2D& chart, Group group, int series);
 
 }  // namespace quor::chart

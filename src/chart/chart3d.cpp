@@ -10,14 +10,14 @@ namespace quor::chart {
 
 namespace {
 
-bool canBeDrawn(double min, double max) {
+bool can_be_drawn(double min, double max) {
     return std::isfinite(min) && std::isfinite(max) && min < max;
 }
 
-std::optional<Range> extentOfZ(const SurfaceGrid& grid) {
+std::optional<Range> extent_of_z(const SurfaceGrid& grid) {
     Range range{std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
     for (const float value : grid.z) {
-        if (grid.isHole(value)) continue;
+        if (grid.is_hole(value)) continue;
         range.min = std::min<double>(range.min, value);
         range.max = std::max<double>(range.max, value);
     }
@@ -25,15 +25,15 @@ std::optional<Range> extentOfZ(const SurfaceGrid& grid) {
     return range;
 }
 
-Range shownRange(const Axis3D& axis, const std::optional<Range>& data, bool nice) {
-    if (!axis.automatic && canBeDrawn(axis.min, axis.max)) return {axis.min, axis.max};
+Range shown_range(const Axis3D& axis, const std::optional<Range>& data, bool nice) {
+    if (!axis.automatic && can_be_drawn(axis.min, axis.max)) return {axis.min, axis.max};
     if (!data) return {0, 1};
     if (!nice && data->min < data->max) return *data;
-    const NiceWindow window = MakeNiceWindow(data->min, data->max, false);
+    const NiceWindow window = make_nice_window(data->min, data->max, false);
     return {window.min, window.max};
 }
 
-double orDefault(double value, double fallback) {
+double or_default(double value, double fallback) {
     return std::isfinite(value) ? value : fallback;
 }
 
@@ -46,7 +46,7 @@ void SurfaceGrid::resize(int columns, int rows) {
     zBehindHoles.clear();
 }
 
-bool SurfaceGrid::isComplete() const {
+bool SurfaceGrid::is_complete() const {
     const auto nodes =
         static_cast<std::size_t>(std::max(nx, 0)) * static_cast<std::size_t>(std::max(ny, 0));
     return nx > 1 && ny > 1 && dx > 0 && dy > 0 && z.size() == nodes &&
@@ -60,16 +60,16 @@ Chart3D::Chart3D() {
     footer.font = {{}, 9, false, false};
 }
 
-Box3D ShownBox(const Chart3D& chart) {
+Box3D shown_box(const Chart3D& chart) {
     const SurfaceGrid& grid = chart.surface;
     std::optional<Range> x, y;
     if (grid.nx > 1) x = Range{grid.x(0), grid.x(grid.nx - 1)};
     if (grid.ny > 1) y = Range{grid.y(0), grid.y(grid.ny - 1)};
-    return {shownRange(chart.x, x, false), shownRange(chart.y, y, false),
-            shownRange(chart.z, extentOfZ(grid), true)};
+    return {shown_range(chart.x, x, false), shown_range(chart.y, y, false),
+            shown_range(chart.z, extent_of_z(grid), true)};
 }
 
-void SetPreset(View3D& view, PresetView preset) {
+void set_preset(View3D& view, PresetView preset) {
     const View3D start;
     view.zoom = 1;
     switch (preset) {
@@ -93,34 +93,34 @@ void SetPreset(View3D& view, PresetView preset) {
 }
 
 void Turn(View3D& view, double rotation, double elevation) {
-    view = Sanitised(view);
-    view.elevation = std::clamp(view.elevation + orDefault(elevation, 0), -90.0, 90.0);
-    view.rotation = std::remainder(view.rotation + orDefault(rotation, 0), 360.0);
+    view = sanitised(view);
+    view.elevation = std::clamp(view.elevation + or_default(elevation, 0), -90.0, 90.0);
+    view.rotation = std::remainder(view.rotation + or_default(rotation, 0), 360.0);
 }
 
-View3D Sanitised(View3D view) {
+View3D sanitised(View3D view) {
     const View3D start;
-    view.elevation = std::clamp(orDefault(view.elevation, start.elevation), -90.0, 90.0);
-    view.rotation = std::remainder(orDefault(view.rotation, start.rotation), 360.0);
-    view.zoom = std::clamp(orDefault(view.zoom, start.zoom), 0.2, 8.0);
+    view.elevation = std::clamp(or_default(view.elevation, start.elevation), -90.0, 90.0);
+    view.rotation = std::remainder(or_default(view.rotation, start.rotation), 360.0);
+    view.zoom = std::clamp(or_default(view.zoom, start.zoom), 0.2, 8.0);
     return view;
 }
 
-std::vector<double> SectionLevels(const Chart3D& chart) {
-    const Range z = ShownBox(chart).z;
+std::vector<double> section_levels(const Chart3D& chart) {
+    const Range z = shown_box(chart).z;
     const int number = std::clamp(chart.sections.number, 1, 200);
     std::vector<double> levels;
     for (int i = 1; i <= number; ++i) levels.push_back(z.min + (z.max - z.min) * i / (number + 1));
     return levels;
 }
 
-bool ShowsZones(const Chart3D& chart) {
+bool shows_zones(const Chart3D& chart) {
     const SurfaceStyle& s = chart.style;
     return s.zoned || s.ceilingZones || s.floorZones || s.projection2D;
 }
 
-std::optional<double> ValueAt(const SurfaceGrid& grid, double x, double y) {
-    if (!grid.isComplete()) return std::nullopt;
+std::optional<double> value_at(const SurfaceGrid& grid, double x, double y) {
+    if (!grid.is_complete()) return std::nullopt;
     const double u = (x - grid.x0) / grid.dx, v = (y - grid.y0) / grid.dy;
     constexpr double kSlack = 1e-9;
     if (!(u >= -kSlack && u <= grid.nx - 1 + kSlack && v >= -kSlack && v <= grid.ny - 1 + kSlack))
@@ -131,7 +131,7 @@ std::optional<double> ValueAt(const SurfaceGrid& grid, double x, double y) {
     const double corners[] = {grid.z[grid.at(i, j)], grid.z[grid.at(i + 1, j)],
                               grid.z[grid.at(i, j + 1)], grid.z[grid.at(i + 1, j + 1)]};
     for (const double corner : corners)
-        if (grid.isHole(static_cast<float>(corner))) return std::nullopt;
+        if (grid.is_hole(static_cast<float>(corner))) return std::nullopt;
     return (1 - s) * (1 - t) * corners[0] + s * (1 - t) * corners[1] + (1 - s) * t * corners[2] +
            s * t * corners[3];
 }

@@ -28,14 +28,14 @@ struct SurfaceGrid {
     void resize(int columns, int rows);
     /// True for a grid of at least 2 x 2 nodes whose arrays have its size and whose steps are above
     /// 0; no other is drawn.
-    bool isComplete() const;
+    bool is_complete() const;
     std::size_t at(int i, int j) const {
         return static_cast<std::size_t>(i) * static_cast<std::size_t>(ny) +
                static_cast<std::size_t>(j);
     }
     double x(int i) const { return x0 + i * dx; }
     double y(int j) const { return y0 + j * dy; }
-    bool isHole(float value) const { return value == hole || !IsShown(value); }
+    bool is_hole(float value) const { return value == hole || !is_shown(value); }
     friend bool operator==(const SurfaceGrid&, const SurfaceGrid&) = default;
 };
 
@@ -81,7 +81,7 @@ struct SurfaceStyle {
     bool ceilingContours = false, ceilingZones = false;  ///< projected onto the top of the box
     bool floorContours = false, floorZones = false;      ///< projected onto its bottom
     bool projection2D = false;                           ///< a flat map of x and y, coloured by z
-    Colour top = Rgb(0x7FB2D9), bottom = Rgb(0xE0B27A);  ///< sides of a surface without zones
+    Colour top = rgb(0x7FB2D9), bottom = rgb(0xE0B27A);  ///< sides of a surface without zones
     friend bool operator==(const SurfaceStyle&, const SurfaceStyle&) = default;
 };
 
@@ -96,7 +96,7 @@ struct Sections3D {
 struct Marker3D {
     double x = 0, y = 0, z = 0;
     std::string text;
-    Colour colour = Rgb(0xC00000);
+    Colour colour = rgb(0xC00000);
     float size = 8;  ///< pixels of 1/96 inch
     bool shown = true;
     friend bool operator==(const Marker3D&, const Marker3D&) = default;
@@ -118,8 +118,8 @@ struct Chart3D {
     bool scaleShown = true;                ///< the legend of colours, where colours stand for z
     double heightRatio = 0.8;              ///< height of the box over its sides, 0.1 to 5
     Colour sheet = kWhite;
-    Colour planes = Rgb(0xF5F6F8);  ///< back planes of the box
-    LineStyle grid{LinePattern::Solid, Rgb(0xC4C9D0), 0.8F};
+    Colour planes = rgb(0xF5F6F8);  ///< back planes of the box
+    LineStyle grid{LinePattern::Solid, rgb(0xC4C9D0), 0.8F};
     PrintPlace print;
     Chart3D();
     friend bool operator==(const Chart3D&, const Chart3D&) = default;
@@ -132,25 +132,25 @@ struct Box3D {
 };
 
 /// The limits of the axes; automatic ones, and limits that cannot be drawn, follow the data.
-Box3D ShownBox(const Chart3D& chart);
+Box3D shown_box(const Chart3D& chart);
 
 /// Sets elevation and rotation to a preset and the zoom to 1.
-void SetPreset(View3D& view, PresetView preset);
+void set_preset(View3D& view, PresetView preset);
 
 /// Turns by degrees: elevation stays within -90 to 90, rotation within -180 to 180.
 void Turn(View3D& view, double rotation, double elevation);
 
 /// Elevation, rotation and zoom brought into their ranges; what is not a number becomes default.
-View3D Sanitised(View3D view);
+View3D sanitised(View3D view);
 
 /// The z of the sections, ascending: `number` levels that divide the shown z range into number + 1
 /// equal bands.
-std::vector<double> SectionLevels(const Chart3D& chart);
+std::vector<double> section_levels(const Chart3D& chart);
 
 /// True when colours stand for z somewhere in the chart, so that the scale is of use.
-bool ShowsZones(const Chart3D& chart);
+bool shows_zones(const Chart3D& chart);
 
 /// Value of the surface at a place between the nodes (bilinear), empty outside and in holes.
-std::optional<double> ValueAt(const SurfaceGrid& grid, double x, double y);
+std::optional<double> value_at(const SurfaceGrid& grid, double x, double y);
 
 }  // namespace quor::chart

@@ -214,22 +214,22 @@ using files::BadField;
 constexpr files::Format kFormat2D{"QUOR-6 2D diagram", 1, 0};
 constexpr files::Format kFormat3D{"QUOR-6 3D diagram", 1, 0};
 
-const files::Format& formatOf(const Chart2D&) {
+const files::Format& format_of(const Chart2D&) {
     return kFormat2D;
 }
-const files::Format& formatOf(const Chart3D&) {
+const files::Format& format_of(const Chart3D&) {
     return kFormat3D;
 }
 
-void checkSeries(const std::vector<Series>& group) {
+void check_series(const std::vector<Series>& group) {
     for (const Series& series : group)
         if (series.x.size() != series.y.size())
             throw BadField("The file is damaged: a series has not as many x as y values.");
 }
 
 void check(const Chart2D& chart) {
-    checkSeries(chart.curves);
-    checkSeries(chart.points);
+    check_series(chart.curves);
+    check_series(chart.points);
 }
 
 void check(const Chart3D& chart) {
@@ -248,12 +248,12 @@ template <class Chart>
 std::string textOf(Chart chart) {
     files::JsonWriter writer;
     Describe(writer, chart);
-    return files::Document(formatOf(chart), writer.take());
+    return files::document(format_of(chart), writer.take());
 }
 
 template <class Chart>
-void readText(std::string_view text, Chart& chart) {
-    const files::Json content = files::Content(formatOf(chart), text);
+void read_text(std::string_view text, Chart& chart) {
+    const files::Json content = files::Content(format_of(chart), text);
     Chart read;
     files::JsonReader reader(content, "");
     Describe(reader, read);
@@ -282,42 +282,42 @@ FileOutcome guarded(Action action, const std::filesystem::path& file = {}) {
 
 template <class Chart>
 FileOutcome load(const std::filesystem::path& file, Chart& chart) {
-    return guarded([&] { readText(files::ReadWhole(file), chart); }, file);
+    return guarded([&] { read_text(files::read_whole(file), chart); }, file);
 }
 
 template <class Chart>
 FileOutcome save(const Chart& chart, const std::filesystem::path& file) {
-    const std::string error = datafiles::WriteWhole(file, textOf(chart));
+    const std::string error = datafiles::write_whole(file, textOf(chart));
     return {error.empty(), error};
 }
 
 }  // namespace
 
-std::string ToText(const Chart2D& chart) {
+std::string to_text(const Chart2D& chart) {
     return textOf(chart);
 }
-std::string ToText(const Chart3D& chart) {
+std::string to_text(const Chart3D& chart) {
     return textOf(chart);
 }
 
-FileOutcome FromText(std::string_view text, Chart2D& chart) {
-    return guarded([&] { readText(text, chart); });
+FileOutcome from_text(std::string_view text, Chart2D& chart) {
+    return guarded([&] { read_text(text, chart); });
 }
-FileOutcome FromText(std::string_view text, Chart3D& chart) {
-    return guarded([&] { readText(text, chart); });
-}
-
-FileOutcome SaveChart(const Chart2D& chart, const std::filesystem::path& file) {
-    return save(chart, file);
-}
-FileOutcome SaveChart(const Chart3D& chart, const std::filesystem::path& file) {
-    return save(chart, file);
+FileOutcome from_text(std::string_view text, Chart3D& chart) {
+    return guarded([&] { read_text(text, chart); });
 }
 
-FileOutcome LoadChart(const std::filesystem::path& file, Chart2D& chart) {
+FileOutcome save_chart(const Chart2D& chart, const std::filesystem::path& file) {
+    return save(chart, file);
+}
+FileOutcome save_chart(const Chart3D& chart, const std::filesystem::path& file) {
+    return save(chart, file);
+}
+
+FileOutcome load_chart(const std::filesystem::path& file, Chart2D& chart) {
     return load(file, chart);
 }
-FileOutcome LoadChart(const std::filesystem::path& file, Chart3D& chart) {
+FileOutcome load_chart(const std::filesystem::path& file, Chart3D& chart) {
     return load(file, chart);
 }
 

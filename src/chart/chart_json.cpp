@@ -12,7 +12,7 @@ constexpr std::uintmax_t kMaxBytes = 32U << 20U;
 constexpr int kMaxDepth = 24;
 
 /// Deepest nesting of lists and groups; texts do not count.
-int depthOf(std::string_view text) {
+int depth_of(std::string_view text) {
     int depth = 0, deepest = 0;
     bool inText = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -38,7 +38,7 @@ int wholeNumber(const Json& group, const char* name) {
     return value < 0 || value > 1000000 ? -1 : static_cast<int>(value);
 }
 
-void checkVersion(const Format& format, const Json& document) {
+void check_version(const Format& format, const Json& document) {
     const auto version = document.find("version");
     const bool present = version != document.end() && version->is_object();
     const int major = present ? wholeNumber(*version, "major") : -1;
@@ -52,7 +52,7 @@ void checkVersion(const Format& format, const Json& document) {
 
 }  // namespace
 
-std::string Document(const Format& format, Json content) {
+std::string document(const Format& format, Json content) {
     const Json document{{"format", format.mark},
                         {"version", {{"major", format.major}, {"minor", format.minor}}},
                         {"chart", std::move(content)}};
@@ -61,7 +61,7 @@ std::string Document(const Format& format, Json content) {
 
 Json Content(const Format& format, std::string_view text) {
     if (text.size() > kMaxBytes) throw BadField("The file is too large for a saved diagram.");
-    if (depthOf(text) > kMaxDepth) throw BadField("The file is no saved diagram.");
+    if (depth_of(text) > kMaxDepth) throw BadField("The file is no saved diagram.");
     const Json document = Json::parse(text, nullptr, false);
     if (document.is_discarded())
         throw BadField("The file is damaged or incomplete, or no saved diagram.");
@@ -71,13 +71,13 @@ Json Content(const Format& format, std::string_view text) {
         throw BadField("The file is no saved diagram.");
     if (mark->get_ref<const std::string&>() != format.mark)
         throw BadField("The file holds another kind of diagram.");
-    checkVersion(format, document);
+    check_version(format, document);
     const auto content = document.find("chart");
     if (content == document.end()) throw BadField("The file is damaged: it holds no diagram.");
     return *content;
 }
 
-std::string ReadWhole(const std::filesystem::path& file) {
+std::string read_whole(const std::filesystem::path& file) {
     std::error_code error;
     const auto size = std::filesystem::file_size(file, error);
     if (error) throw BadField("The file cannot be opened.");

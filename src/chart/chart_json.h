@@ -53,7 +53,7 @@ struct EnumNames<LegendAnchor> {
 };
 
 /// A double that prints with few digits and narrows to the same float.
-inline double FewDigits(float value) {
+inline double few_digits(float value) {
     std::array<char, 40> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
     double wide = 0;
@@ -69,7 +69,7 @@ class JsonWriter {
     void field(const char* name, int& value) { json_[name] = value; }
     void field(const char* name, double& value) { json_[name] = std::isfinite(value) ? value : 0; }
     void field(const char* name, float& value) {
-        json_[name] = std::isfinite(value) ? FewDigits(value) : 0;
+        json_[name] = std::isfinite(value) ? few_digits(value) : 0;
     }
     void field(const char* name, std::string& value) { json_[name] = value; }
     void field(const char* name, Colour& c) { json_[name] = Json::array({c.r, c.g, c.b, c.a}); }
@@ -78,7 +78,7 @@ class JsonWriter {
         Json list = Json::array();
         list.get_ref<Json::array_t&>().reserve(values.size());
         for (const float value : values)
-            list.push_back(IsShown(value) ? Json(FewDigits(value)) : Json());
+            list.push_back(is_shown(value) ? Json(few_digits(value)) : Json());
         json_[name] = std::move(list);
     }
     /// A number with limits; they act when it is read.
@@ -287,12 +287,12 @@ struct Format {
 };
 
 /// The text of a file with this content.
-std::string Document(const Format& format, Json content);
+std::string document(const Format& format, Json content);
 
 /// The content of a file's text; throws `BadField` when it is none of this format.
 Json Content(const Format& format, std::string_view text);
 
 /// Reads a whole file; throws `BadField` when it cannot be read or is too large.
-std::string ReadWhole(const std::filesystem::path& file);
+std::string read_whole(const std::filesystem::path& file);
 
 }  // namespace quor::chart::files

@@ -15,15 +15,15 @@ struct Colour {
 };
 
 /// A colour from 0xRRGGBB.
-constexpr Colour Rgb(std::uint32_t value) {
+constexpr Colour rgb(std::uint32_t value) {
     return {static_cast<std::uint8_t>(value >> 16 & 0xFF),
             static_cast<std::uint8_t>(value >> 8 & 0xFF), static_cast<std::uint8_t>(value & 0xFF)};
 }
 
-inline constexpr Colour kWhite = Rgb(0xFFFFFF);
-inline constexpr Colour kInk = Rgb(0x202124);        ///< texts and axes on the white sheet
-inline constexpr Colour kGridGrey = Rgb(0xD0D4D9);   ///< grid lines
-inline constexpr Colour kFrameGrey = Rgb(0x8A9099);  ///< frames of legends and labels
+inline constexpr Colour kWhite = rgb(0xFFFFFF);
+inline constexpr Colour kInk = rgb(0x202124);        ///< texts and axes on the white sheet
+inline constexpr Colour kGridGrey = rgb(0xD0D4D9);   ///< grid lines
+inline constexpr Colour kFrameGrey = rgb(0x8A9099);  ///< frames of legends and labels
 
 /// A face; an empty family is the program's sans serif face. Size in points (1/72 inch).
 struct Font {

@@ -45,7 +45,7 @@ constexpr std::size_t kHeaderBytes = 108;
 enum class Object : std::uint32_t { Pen = 1, Brush = 3, Font = 5 };
 constexpr std::uint32_t kHandles = 7;
 
-std::uint32_t penStyle(const MetaPen& pen) {
+std::uint32_t pen_style(const MetaPen& pen) {
     const std::uint32_t cap = pen.cap == Cap::Round ? 0U : pen.cap == Cap::Square ? 0x100U : 0x200U;
     const std::uint32_t join = pen.join == Join::Round   ? 0U
                                : pen.join == Join::Bevel ? 0x1000U
@@ -57,12 +57,12 @@ std::u16string widened(const std::string& ascii) {
     return {ascii.begin(), ascii.end()};
 }
 
-void putName(Bytes& out, const std::u16string& name, std::size_t characters) {
+void put_name(Bytes& out, const std::u16string& name, std::size_t characters) {
     for (std::size_t i = 0; i < characters; ++i)
         out.u16(i < name.size() && i + 1 < characters ? name[i] : 0U);
 }
 
-MetaRect boundsOf(std::span<const MetaPoint> points) {
+MetaRect bounds_of(std::span<const MetaPoint> points) {
     MetaRect box{points[0].x, points[0].y, points[0].x, points[0].y};
     for (const MetaPoint& p : points) {
         box.left = std::min(box.left, p.x);
@@ -77,10 +77,10 @@ class EmfWriter : public Writer {
   public:
     EmfWriter(const MetaSize& size, std::string title) : size_(size), title_(std::move(title)) {
         put(kSetMapMode, [](Bytes& b) { b.u32(kAnisotropic); });
-        putPair(kSetWindowOrg, 0, 0);
-        putPair(kSetWindowExt, size.width, size.height);
-        putPair(kSetViewportOrg, 0, 0);
-        putPair(kSetViewportExt, size.width, size.height);
+        put_pair(kSetWindowOrg, 0, 0);
+        put_pair(kSetWindowExt, size.width, size.height);
+        put_pair(kSetViewportOrg, 0, 0);
+        put_pair(kSetViewportExt, size.width, size.height);
         put(kSetBkMode, [](Bytes& b) { b.u32(kTransparentBackground); });
         put(kSetTextAlign, [](Bytes& b) { b.u32(kAlignBaseline); });
         put(kSaveDc, [](Bytes&) {});
@@ -88,11 +88,11 @@ class EmfWriter : public Writer {
 
     void polyline(std::span<const MetaPoint> points, const MetaPen& pen) override {
         if (points.size() < 2) return;
-        usePen(pen);
+        use_pen(pen);
         put(kPolyline, [&](Bytes& b) {
-            putRect(b, boundsOf(points));
+            put_rect(b, bounds_of(points));
             b.u32(static_cast<std::uint32_t>(points.size()));
-            for (const MetaPoint& p : points) putPoint(b, p);
+            for (const MetaPoint& p : points) put_point(b, p);
         });
     }
 
@@ -105,43 +105,43 @@ class EmfWriter : public Writer {
             all.insert(all.end(), polygon.begin(), polygon.end());
         }
         if (count == 0) return;
-        useNoPen();
-        useBrush(OnPaper(colour));
-        useMode(kSetPolyFillMode, winding ? kFillWinding : kFillAlternate, fillMode_);
+        use_no_pen();
+        use_brush(on_paper(colour));
+        use_mode(kSetPolyFillMode, winding ? kFillWinding : kFillAlternate, fillMode_);
         const bool translucent = colour.a < 255;
-        if (translucent) useMode(kSetRop2, kMaskPen, rop_);
+        if (translucent) use_mode(kSetRop2, kMaskPen, rop_);
         put(kPolyPolygon, [&](Bytes& b) {
-            putRect(b, boundsOf(all));
+            put_rect(b, bounds_of(all));
             b.u32(static_cast<std::uint32_t>(count));
             b.u32(static_cast<std::uint32_t>(all.size()));
             for (const Polygon& polygon : polygons)
                 if (polygon.size() >= 3) b.u32(static_cast<std::uint32_t>(polygon.size()));
-            for (const MetaPoint& p : all) putPoint(b, p);
+            for (const MetaPoint& p : all) put_point(b, p);
         });
-        if (translucent) useMode(kSetRop2, kCopyPen, rop_);
+        if (translucent) use_mode(kSetRop2, kCopyPen, rop_);
     }
 
     void text(const MetaText& t) override {
         if (t.text.empty()) return;
-        useFont(t.font);
-        useMode(kSetTextColor, ColorRef(OnPaper(t.colour)), textColour_);
+        use_font(t.font);
+        use_mode(kSetTextColor, color_ref(on_paper(t.colour)), textColour_);
         put(kExtTextOut, [&](Bytes& b) {
             // Bounds of -1 leave them to the reader.
-            putRect(b, {0, 0, -1, -1});
+            put_rect(b, {0, 0, -1, -1});
             b.u32(kAdvancedGraphics);
-            putFloat(b, 1);
-            putFloat(b, 1);
-            putPoint(b, t.baseline);
+            put_float(b, 1);
+            put_float(b, 1);
+            put_point(b, t.baseline);
             const auto characters = static_cast<std::uint32_t>(t.text.size());
             b.u32(characters);
             constexpr std::uint32_t kFixedPart = 76;
             b.u32(kFixedPart);
             b.u32(0);  // options
-            putRect(b, {0, 0, -1, -1});
+            put_rect(b, {0, 0, -1, -1});
             const std::uint32_t textBytes = (characters * 2 + 3) / 4 * 4;
             b.u32(kFixedPart + textBytes);
             for (const char16_t c : t.text) b.u16(c);
-            b.padTo(4);
+            b.pad_to(4);
             for (const std::int32_t advance : t.advances) b.i32(advance);
         });
     }
@@ -149,8 +149,8 @@ class EmfWriter : public Writer {
     void clip(const std::optional<MetaRect>& rect) override {
         put(kRestoreDc, [](Bytes& b) { b.i32(-1); });
         put(kSaveDc, [](Bytes&) {});
-        forgetState();
-        if (rect) put(kIntersectClipRect, [&](Bytes& b) { putRect(b, *rect); });
+        forget_state();
+        if (rect) put(kIntersectClipRect, [&](Bytes& b) { put_rect(b, *rect); });
     }
 
     bool holds(const std::u16string&) const override { return true; }
@@ -178,31 +178,31 @@ class EmfWriter : public Writer {
         ++records_;
     }
 
-    static void putPoint(Bytes& b, const MetaPoint& p) {
+    static void put_point(Bytes& b, const MetaPoint& p) {
         b.i32(p.x);
         b.i32(p.y);
     }
-    static void putRect(Bytes& b, const MetaRect& r) {
+    static void put_rect(Bytes& b, const MetaRect& r) {
         b.i32(r.left);
         b.i32(r.top);
         b.i32(r.right);
         b.i32(r.bottom);
     }
-    static void putFloat(Bytes& b, float value) {
+    static void put_float(Bytes& b, float value) {
         std::uint32_t bits = 0;
         static_assert(sizeof bits == sizeof value);
         std::copy_n(reinterpret_cast<const char*>(&value), sizeof bits,
                     reinterpret_cast<char*>(&bits));
         b.u32(bits);
     }
-    void putPair(Record type, std::int32_t x, std::int32_t y) {
+    void put_pair(Record type, std::int32_t x, std::int32_t y) {
         put(type, [&](Bytes& b) {
             b.i32(x);
             b.i32(y);
         });
     }
 
-    void useMode(Record type, std::uint32_t value, std::optional<std::uint32_t>& current) {
+    void use_mode(Record type, std::uint32_t value, std::optional<std::uint32_t>& current) {
         if (current == value) return;
         current = value;
         put(type, [&](Bytes& b) { b.u32(value); });
@@ -228,38 +228,38 @@ class EmfWriter : public Writer {
         put(kSelectObject, [&](Bytes& b) { b.u32(handle); });
     }
 
-    void usePen(const MetaPen& pen) {
+    void use_pen(const MetaPen& pen) {
         if (pen_ == pen && !nullPen_) return;
         nullPen_ = false;
         pen_ = pen;
         exchange(Object::Pen, kExtCreatePen, [&](Bytes& b) {
             b.zeros(16);  // no bitmap
-            b.u32(penStyle(pen));
+            b.u32(pen_style(pen));
             b.i32(std::max(pen.width, 1));
             b.u32(kBrushSolid);
-            b.u32(ColorRef(OnPaper(pen.colour)));
+            b.u32(color_ref(on_paper(pen.colour)));
             b.u32(0);  // hatch
             b.u32(0);  // style entries
         });
     }
 
-    void useNoPen() {
+    void use_no_pen() {
         if (nullPen_) return;
         nullPen_ = true;
         select(kStockNullPen);
     }
 
-    void useBrush(Colour colour) {
+    void use_brush(Colour colour) {
         if (brush_ == colour) return;
         brush_ = colour;
         exchange(Object::Brush, kCreateBrush, [&](Bytes& b) {
             b.u32(kBrushSolid);
-            b.u32(ColorRef(colour));
+            b.u32(color_ref(colour));
             b.u32(0);  // hatch
         });
     }
 
-    void useFont(const MetaFont& font) {
+    void use_font(const MetaFont& font) {
         if (font_ == font) return;
         font_ = font;
         exchange(Object::Font, kCreateFont, [&](Bytes& b) {
@@ -274,14 +274,14 @@ class EmfWriter : public Writer {
             b.u8(1);     // default character set
             b.zeros(4);  // precisions, quality, pitch
             const std::u16string name = widened(font.family);
-            putName(b, name, 32);
-            putName(b, name, 64);
+            put_name(b, name, 32);
+            put_name(b, name, 64);
             b.zeros(64 + 24 + 12);  // style name, numbers, panose
         });
     }
 
     /// After a restore of the device context its initial objects are selected.
-    void forgetState() {
+    void forget_state() {
         pen_.reset();
         brush_.reset();
         font_.reset();
@@ -308,8 +308,8 @@ class EmfWriter : public Writer {
         Bytes b;
         b.u32(kHeader);
         b.u32(static_cast<std::uint32_t>(headerSize));
-        putRect(b, {0, 0, size_.width - 1, size_.height - 1});
-        putRect(b, {0, 0, hundredths(size_.width), hundredths(size_.height)});
+        put_rect(b, {0, 0, size_.width - 1, size_.height - 1});
+        put_rect(b, {0, 0, hundredths(size_.width), hundredths(size_.height)});
         b.u32(0x464D4520);  // " EMF"
         b.u32(0x00010000);
         b.u32(static_cast<std::uint32_t>(headerSize + body_.size()));
@@ -327,7 +327,7 @@ class EmfWriter : public Writer {
         b.i32(kDeviceMillimetres * 1000);
         b.i32(kDeviceMillimetres * 1000);
         for (const char16_t c : description) b.u16(c);
-        b.padTo(4);
+        b.pad_to(4);
         return b;
     }
 
@@ -345,7 +345,7 @@ class EmfWriter : public Writer {
 
 }  // namespace
 
-std::unique_ptr<Writer> MakeEmfWriter(const MetaSize& size, const std::string& title) {
+std::unique_ptr<Writer> make_emf_writer(const MetaSize& size, const std::string& title) {
     return std::make_unique<EmfWriter>(size, title);
 }
 

@@ -25,7 +25,7 @@ class Bytes {
     }
     void i32(std::int32_t value) { u32(static_cast<std::uint32_t>(value)); }
     void zeros(std::size_t count) { data_.insert(data_.end(), count, 0); }
-    void padTo(std::size_t multiple) {
+    void pad_to(std::size_t multiple) {
         while (data_.size() % multiple != 0) data_.push_back(0);
     }
     void append(const Bytes& other) {
@@ -39,14 +39,14 @@ class Bytes {
 };
 
 /// COLORREF of a colour without its alpha.
-inline std::uint32_t ColorRef(const Colour& c) {
+inline std::uint32_t color_ref(const Colour& c) {
     return static_cast<std::uint32_t>(c.r) | static_cast<std::uint32_t>(c.g) << 8 |
            static_cast<std::uint32_t>(c.b) << 16;
 }
 
 /// What a metafile paints for a colour: translucent ones lie over white paper.
-inline Colour OnPaper(const Colour& c) {
-    return Over(c, kWhite);
+inline Colour on_paper(const Colour& c) {
+    return over(c, kWhite);
 }
 
 // Values of the formats that both have in common.

@@ -79,8 +79,8 @@ struct MetaSize {
 };
 
 /// Enhanced metafile (.emf).
-std::unique_ptr<Writer> MakeEmfWriter(const MetaSize& size, const std::string& title);
+std::unique_ptr<Writer> make_emf_writer(const MetaSize& size, const std::string& title);
 /// Windows metafile with the placeable header (.wmf). Sides up to 32767 units.
-std::unique_ptr<Writer> MakeWmfWriter(const MetaSize& size);
+std::unique_ptr<Writer> make_wmf_writer(const MetaSize& size);
 
 }  // namespace quor::chart::metafile

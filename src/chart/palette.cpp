@@ -45,39 +45,39 @@ std::size_t wrapped(int index, std::size_t size) {
 
 }  // namespace
 
-Colour DefaultColour(int index) {
-    return Rgb(kCurveColours[wrapped(index, kPaletteSize)]);
+Colour default_colour(int index) {
+    return rgb(kCurveColours[wrapped(index, kPaletteSize)]);
 }
 
-LinePattern DefaultPattern(int index) {
+LinePattern default_pattern(int index) {
     constexpr std::array kPatterns{LinePattern::Solid, LinePattern::Dashed,
                                    LinePattern::DashDotted};
     return kPatterns[wrapped(index, kPaletteSize) / 8];
 }
 
-SymbolShape DefaultSymbol(int index) {
+SymbolShape default_symbol(int index) {
     return kPointSymbols[wrapped(index, kPointSymbols.size())];
 }
 
-Colour ScaleColour(double fraction) {
+Colour scale_colour(double fraction) {
     const double position = std::clamp(fraction, 0.0, 1.0) * (kScaleNodes.size() - 1);
     const auto node = std::min(static_cast<std::size_t>(position), kScaleNodes.size() - 2);
     const double t = position - static_cast<double>(node);
-    const Colour a = Rgb(kScaleNodes[node]), b = Rgb(kScaleNodes[node + 1]);
+    const Colour a = rgb(kScaleNodes[node]), b = rgb(kScaleNodes[node + 1]);
     return {mix(a.r, b.r, t), mix(a.g, b.g, t), mix(a.b, b.b, t)};
 }
 
-double Luminance(Colour colour) {
+double luminance(Colour colour) {
     return 0.2126 * linear(colour.r) + 0.7152 * linear(colour.g) + 0.0722 * linear(colour.b);
 }
 
-double Lightness(Colour colour) {
-    const double y = Luminance(colour);
+double lightness(Colour colour) {
+    const double y = luminance(colour);
     // CIE 15: the linear piece holds below (6/29)^3.
     return y > 216.0 / 24389.0 ? 116.0 * std::cbrt(y) - 16.0 : 24389.0 / 27.0 * y;
 }
 
-Colour Over(Colour colour, Colour paper) {
+Colour over(Colour colour, Colour paper) {
     const double t = colour.a / 255.0;
     return {mix(paper.r, colour.r, t), mix(paper.g, colour.g, t), mix(paper.b, colour.b, t)};
 }

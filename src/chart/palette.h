@@ -8,27 +8,27 @@ inline constexpr int kPaletteSize = 24;
 
 /// Colour of the curve with this index (0, 1, ...), repeating after 24. Three groups of eight; in
 /// a group all colours stay apart for readers with protanopia, deuteranopia and tritanopia, and
-/// have eight different grey values. The groups differ by `DefaultPattern`.
-Colour DefaultColour(int index);
+/// have eight different grey values. The groups differ by `default_pattern`.
+Colour default_colour(int index);
 
-/// Line pattern that goes with `DefaultColour`: solid, dashed, dash-dotted by groups of eight.
-LinePattern DefaultPattern(int index);
+/// Line pattern that goes with `default_colour`: solid, dashed, dash-dotted by groups of eight.
+LinePattern default_pattern(int index);
 
 /// Symbol of the point set with this index (0, 1, ...): filled and open shapes in turn.
-SymbolShape DefaultSymbol(int index);
+SymbolShape default_symbol(int index);
 
 /// Colour at a fraction 0..1 of the scale for surfaces: dark blue over green to light yellow, with
 /// lightness that rises all the way, so that it also reads in grey.
-Colour ScaleColour(double fraction);
+Colour scale_colour(double fraction);
 
 /// Relative luminance of sRGB, 0 (black) to 1 (white), IEC 61966-2-1.
-double Luminance(Colour colour);
+double luminance(Colour colour);
 
 /// Lightness L* of CIE 1976 for the D65 white, 0 to 100.
-double Lightness(Colour colour);
+double lightness(Colour colour);
 
 /// `colour` laid with its alpha over `paper`; the result is opaque.
-Colour Over(Colour colour, Colour paper);
+Colour over(Colour colour, Colour paper);
 
 /// Channels multiplied by `factor` >= 0 and cut at white; alpha stays.
 Colour Scaled(Colour colour, double factor);

@@ -24,7 +24,7 @@ struct Box {
 };
 
 /// Part of the segment a-b inside the box in pixels of length (Liang and Barsky's clipping).
-double lengthInside(const Box& box, Pixel a, Pixel b) {
+double length_inside(const Box& box, Pixel a, Pixel b) {
     // Most pieces of a drawing lie far from the box.
     if (std::max(a.x, b.x) < box.left || std::min(a.x, b.x) > box.right ||
         std::max(a.y, b.y) < box.top || std::min(a.y, b.y) > box.bottom)
@@ -55,7 +55,7 @@ class Drawing {
     Drawing(const Chart2D& chart, double width, double height)
         : scale_(chart), width_(width), height_(height) {
         for (const Group group : {Group::Curves, Group::Points})
-            for (const Series& series : SeriesOf(chart, group)) add(series, group);
+            for (const Series& series : series_of(chart, group)) add(series, group);
         for (const Label& label : chart.labels) add(chart, label);
     }
 
@@ -70,7 +70,7 @@ class Drawing {
     double hidden(const Box& box, double limit = std::numeric_limits<double>::infinity()) const {
         double sum = 0;
         for (const auto& [a, b] : pieces_) {
-            sum += lengthInside(box, a, b);
+            sum += length_inside(box, a, b);
             if (sum > limit) return sum;
         }
         for (const Pixel p : marks_) sum += box.contains(p) ? kMarkWeight : 0;
@@ -83,11 +83,11 @@ class Drawing {
     void add(const Series& series, Group group) {
         if (!series.visible) return;
         const bool line = series.line.pattern != LinePattern::None;
-        const bool symbols = ShownSymbol(series, group) != SymbolShape::Hidden;
+        const bool symbols = shown_symbol(series, group) != SymbolShape::Hidden;
         std::optional<Pixel> last;
         for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
             std::optional<Pixel> p;
-            if (IsShown(series.x[i]) && IsShown(series.y[i])) p = place(series.x[i], series.y[i]);
+            if (is_shown(series.x[i]) && is_shown(series.y[i])) p = place(series.x[i], series.y[i]);
             if (p && symbols) marks_.push_back(*p);
             if (p && last && line) pieces_.push_back({*last, *p});
             last = p;
@@ -113,13 +113,13 @@ struct PathPoint {
 };
 
 /// The points of a curve inside the plot area with the length of line up to each.
-std::vector<PathPoint> pathInWindow(const Drawing& drawing, const Series& series, double width,
-                                    double height) {
+std::vector<PathPoint> path_in_window(const Drawing& drawing, const Series& series, double width,
+                                      double height) {
     const Box area{-0.5, -0.5, width + 0.5, height + 0.5};
     std::vector<PathPoint> path;
     double length = 0;
     for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
-        if (!IsShown(series.x[i]) || !IsShown(series.y[i])) continue;
+        if (!is_shown(series.x[i]) || !is_shown(series.y[i])) continue;
         const auto p = drawing.place(series.x[i], series.y[i]);
         if (!p || !area.contains(*p)) continue;
         if (!path.empty()) length += std::hypot(p->x - path.back().at.x, p->y - path.back().at.y);
@@ -151,7 +151,7 @@ struct Standing {
 };
 
 /// Offset of the centre of a text so that it stands free beside a line of this direction.
-Pixel besideLine(Pixel along, double textWidth, double textHeight, const Standing& standing) {
+Pixel beside_line(Pixel along, double textWidth, double textHeight, const Standing& standing) {
     constexpr double kGap = 3;
     Pixel normal{along.y, -along.x};
     if (normal.y > 0 || (normal.y == 0 && normal.x < 0)) normal = {-normal.x, -normal.y};
@@ -161,17 +161,17 @@ Pixel besideLine(Pixel along, double textWidth, double textHeight, const Standin
     return {standing.side * normal.x * reach, standing.side * normal.y * reach};
 }
 
-Box boxAround(Pixel centre, double width, double height) {
+Box box_around(Pixel centre, double width, double height) {
     return {centre.x - width / 2, centre.y - height / 2, centre.x + width / 2,
             centre.y + height / 2};
 }
 
 /// The offset, on the other side of the line where this keeps the text in the plot area better,
 /// and pushed inside.
-Pixel keptInside(Pixel at, Pixel offset, double width, double height, double textWidth,
-                 double textHeight) {
+Pixel kept_inside(Pixel at, Pixel offset, double width, double height, double textWidth,
+                  double textHeight) {
     const auto overhang = [&](Pixel o) {
-        const Box box = boxAround({at.x + o.x, at.y + o.y}, textWidth, textHeight);
+        const Box box = box_around({at.x + o.x, at.y + o.y}, textWidth, textHeight);
         return std::max(0.0, -box.left) + std::max(0.0, -box.top) +
                std::max(0.0, box.right - width) + std::max(0.0, box.bottom - height);
     };
@@ -184,7 +184,7 @@ Pixel keptInside(Pixel at, Pixel offset, double width, double height, double tex
     return {x - at.x, y - at.y};
 }
 
-const Series* curveAt(const Chart2D& chart, int curve) {
+const Series* curve_at(const Chart2D& chart, int curve) {
     if (curve < 0 || curve >= static_cast<int>(chart.curves.size())) return nullptr;
     return &chart.curves[static_cast<std::size_t>(curve)];
 }
@@ -197,35 +197,35 @@ struct Placed {
 Placed placeAt(const std::vector<PathPoint>& path, double fraction, double width, double height,
                double textWidth, double textHeight, const Standing& standing = {}) {
     const PathPoint& point = pointAt(path, fraction);
-    const Pixel beside = besideLine(direction(path, point), textWidth, textHeight, standing);
-    const Pixel offset = keptInside(point.at, beside, width, height, textWidth, textHeight);
+    const Pixel beside = beside_line(direction(path, point), textWidth, textHeight, standing);
+    const Pixel offset = kept_inside(point.at, beside, width, height, textWidth, textHeight);
     const Box box =
-        boxAround({point.at.x + offset.x, point.at.y + offset.y}, textWidth, textHeight);
+        box_around({point.at.x + offset.x, point.at.y + offset.y}, textWidth, textHeight);
     return {{point.index, offset.x, offset.y}, box};
 }
 
 }  // namespace
 
-std::optional<LabelSpot> SpotAlongCurve(const Chart2D& chart, int curve, double fraction,
-                                        double width, double height, double textWidth,
-                                        double textHeight) {
-    const Series* series = curveAt(chart, curve);
+std::optional<LabelSpot> spot_along_curve(const Chart2D& chart, int curve, double fraction,
+                                          double width, double height, double textWidth,
+                                          double textHeight) {
+    const Series* series = curve_at(chart, curve);
     if (!series) return std::nullopt;
     const Drawing drawing(chart, width, height);
-    const auto path = pathInWindow(drawing, *series, width, height);
+    const auto path = path_in_window(drawing, *series, width, height);
     if (path.empty()) return std::nullopt;
     return placeAt(path, fraction, width, height, textWidth, textHeight).spot;
 }
 
-std::optional<LabelSpot> BestSpot(const Chart2D& chart, int curve, double width, double height,
-                                  double textWidth, double textHeight,
-                                  std::span<const SheetRect> taken) {
+std::optional<LabelSpot> best_spot(const Chart2D& chart, int curve, double width, double height,
+                                   double textWidth, double textHeight,
+                                   std::span<const SheetRect> taken) {
     constexpr int kTrials = 37, kDistances = 3;
     constexpr double kOnText = 1000, kAway = 4, kOtherSide = 1;  // beside pixels of hidden line
-    const Series* series = curveAt(chart, curve);
+    const Series* series = curve_at(chart, curve);
     if (!series) return std::nullopt;
     const Drawing drawing(chart, width, height);
-    const auto path = pathInWindow(drawing, *series, width, height);
+    const auto path = path_in_window(drawing, *series, width, height);
     if (path.empty()) return std::nullopt;
     std::optional<LabelSpot> best;
     double least = std::numeric_limits<double>::infinity();
@@ -249,8 +249,8 @@ std::optional<LabelSpot> BestSpot(const Chart2D& chart, int curve, double width,
     return best;
 }
 
-LegendSpot SpotOfLegend(LegendAnchor anchor, double width, double height, double legendWidth,
-                        double legendHeight) {
+LegendSpot spot_of_legend(LegendAnchor anchor, double width, double height, double legendWidth,
+                          double legendHeight) {
     constexpr double kGap = 8;
     const double right = width - legendWidth - kGap, bottom = height - legendHeight - kGap;
     const double middleX = (width - legendWidth) / 2, middleY = (height - legendHeight) / 2;
@@ -274,8 +274,8 @@ LegendSpot SpotOfLegend(LegendAnchor anchor, double width, double height, double
     }
 }
 
-LegendAnchor BestLegendAnchor(const Chart2D& chart, double width, double height, double legendWidth,
-                              double legendHeight) {
+LegendAnchor best_legend_anchor(const Chart2D& chart, double width, double height,
+                                double legendWidth, double legendHeight) {
     constexpr std::array kCandidates{LegendAnchor::NorthEast, LegendAnchor::NorthWest,
                                      LegendAnchor::SouthEast, LegendAnchor::SouthWest,
                                      LegendAnchor::North,     LegendAnchor::South,
@@ -284,7 +284,7 @@ LegendAnchor BestLegendAnchor(const Chart2D& chart, double width, double height,
     LegendAnchor best = kCandidates.front();
     double least = std::numeric_limits<double>::infinity();
     for (const LegendAnchor anchor : kCandidates) {
-        const auto spot = SpotOfLegend(anchor, width, height, legendWidth, legendHeight);
+        const auto spot = spot_of_legend(anchor, width, height, legendWidth, legendHeight);
         const double hidden =
             drawing.hidden({spot.left, spot.top, spot.left + legendWidth, spot.top + legendHeight});
         if (hidden < least - 1e-9) {

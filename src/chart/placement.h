@@ -19,28 +19,28 @@ struct LabelSpot {
 /// curve that lies in the window, measured along the line in the plot area of `width` x `height`
 /// pixels. The text stands square to the curve beside it, inside the plot area where possible.
 /// Empty when no point of the curve lies in the window.
-std::optional<LabelSpot> SpotAlongCurve(const Chart2D& chart, int curve, double fraction,
-                                        double width, double height, double textWidth,
-                                        double textHeight);
+std::optional<LabelSpot> spot_along_curve(const Chart2D& chart, int curve, double fraction,
+                                          double width, double height, double textWidth,
+                                          double textHeight);
 
 /// The spot at which the text hides least of the curves, points and markers and stands on none of
 /// the `taken` rectangles (in pixels of the plot area) if that can be; it leaves the middle of the
-/// curve, its upper side and its neighbourhood only for that. Empty as for `SpotAlongCurve`.
-std::optional<LabelSpot> BestSpot(const Chart2D& chart, int curve, double width, double height,
-                                  double textWidth, double textHeight,
-                                  std::span<const SheetRect> taken = {});
+/// curve, its upper side and its neighbourhood only for that. Empty as for `spot_along_curve`.
+std::optional<LabelSpot> best_spot(const Chart2D& chart, int curve, double width, double height,
+                                   double textWidth, double textHeight,
+                                   std::span<const SheetRect> taken = {});
 
 /// The inner place of the legend that hides least of the series, for a legend of
 /// `legendWidth` x `legendHeight` in a plot area of `width` x `height` pixels.
-LegendAnchor BestLegendAnchor(const Chart2D& chart, double width, double height, double legendWidth,
-                              double legendHeight);
+LegendAnchor best_legend_anchor(const Chart2D& chart, double width, double height,
+                                double legendWidth, double legendHeight);
 
 /// Left top of a legend with this anchor (not `Automatic`, `Free` or an outside one), in pixels of
 /// the plot area, y downwards.
 struct LegendSpot {
     double left, top;
 };
-LegendSpot SpotOfLegend(LegendAnchor anchor, double width, double height, double legendWidth,
-                        double legendHeight);
+LegendSpot spot_of_legend(LegendAnchor anchor, double width, double height, double legendWidth,
+                          double legendHeight);
 
 }  // namespace quor::chart

@@ -18,7 +18,7 @@ constexpr double kGap = 6;
 constexpr double kEdge = 10;  // free at the rim of the sheet
 
 /// Digits that tell levels apart which are no round numbers.
-int decimalsOfLevels(const Chart3D& chart, const Box3D& box) {
+int decimals_of_levels(const Chart3D& chart, const Box3D& box) {
     if (chart.z.decimals >= 0) return chart.z.decimals;
     const double step = (box.z.max - box.z.min) / (chart.sections.number + 1);
     const double digits = std::ceil(-std::log10(step) + 1);
@@ -27,9 +27,9 @@ int decimalsOfLevels(const Chart3D& chart, const Box3D& box) {
 
 std::string levelText(const Chart3D& chart, const Box3D& box, double level) {
     const double largest = std::max(std::abs(box.z.min), std::abs(box.z.max));
-    const int decimals = decimalsOfLevels(chart, box);
+    const int decimals = decimals_of_levels(chart, box);
     // Where the axis shows powers, two digits of the mantissa tell the levels apart.
-    return AxisNumber(level, 1, largest, largest >= 1e6 ? 2 : decimals);
+    return axis_number(level, 1, largest, largest >= 1e6 ? 2 : decimals);
 }
 
 }  // namespace
@@ -65,9 +65,9 @@ void Pen::text(Point2 centre, const std::string& text, const Font& font, Colour 
     if (!text.empty()) scene_.texts.push_back({centre, text, font, colour, rotation});
 }
 
-double ScaleWidth(const Chart3D& chart, const Box3D& box, const std::vector<double>& levels,
-                  const MeasureText& measure) {
-    if (!chart.scaleShown || !ShowsZones(chart)) return 0;
+double scale_width(const Chart3D& chart, const Box3D& box, const std::vector<double>& levels,
+                   const MeasureText& measure) {
+    if (!chart.scaleShown || !shows_zones(chart)) return 0;
     double widest = 0;
     for (const double level : levels)
         widest = std::max(widest, measure(levelText(chart, box, level), chart.numberFont).width);
@@ -75,8 +75,8 @@ double ScaleWidth(const Chart3D& chart, const Box3D& box, const std::vector<doub
     return std::max(kBarWidth + kGap + widest + 2 * kEdge, title + kEdge + kGap);
 }
 
-void PaintScale(const Context& c, Pen& pen) {
-    if (!c.chart.scaleShown || !ShowsZones(c.chart)) return;
+void paint_scale(const Context& c, Pen& pen) {
+    if (!c.chart.scaleShown || !shows_zones(c.chart)) return;
     const auto& levels = c.layout.levels;
     const double room = c.layout.bottom - c.layout.top;
     const double barHeight = 0.62 * room;
@@ -87,7 +87,7 @@ void PaintScale(const Context& c, Pen& pen) {
         const double low = bottom - step * static_cast<double>(band), high = low - step;
         const std::array corners{Point2{left, low}, Point2{left + kBarWidth, low},
                                  Point2{left + kBarWidth, high}, Point2{left, high}};
-        pen.fill(corners, BandColour(c.layout, band));
+        pen.fill(corners, band_colour(c.layout, band));
     }
     const double top = bottom - barHeight;
     const std::array rim{Point2{left, bottom}, Point2{left + kBarWidth, bottom},
@@ -109,32 +109,32 @@ void PaintScale(const Context& c, Pen& pen) {
              c.chart.z.title, c.chart.titleFont, kInk);
 }
 
-double CaptionHeight(const Caption& caption, const MeasureText& measure) {
+double caption_height(const Caption& caption, const MeasureText& measure) {
     if (caption.text.empty() || !caption.automatic) return 0;
     return measure(caption.text, caption.font).height + kEdge;
 }
 
-void PaintCaptions(const Context& c, Pen& pen) {
+void paint_captions(const Context& c, Pen& pen) {
     const auto paint = [&](const Caption& caption, double automaticY) {
         const Point2 centre = caption.automatic
                                   ? Point2{c.width / 2, automaticY}
                                   : Point2{caption.place.x * c.width, caption.place.y * c.height};
         pen.text(centre, caption.text, caption.font, caption.colour);
     };
-    const double header = CaptionHeight(c.chart.header, c.measure);
-    const double subtitle = CaptionHeight(c.chart.subtitle, c.measure);
+    const double header = caption_height(c.chart.header, c.measure);
+    const double subtitle = caption_height(c.chart.subtitle, c.measure);
     paint(c.chart.header, (kEdge + header) / 2);
     // The two stand close together: the free edge of the subtitle lies below it.
     paint(c.chart.subtitle, header + (subtitle - kEdge) / 2 + (header > 0 ? 2 : kEdge));
-    paint(c.chart.footer, c.height - (kEdge + CaptionHeight(c.chart.footer, c.measure)) / 2);
+    paint(c.chart.footer, c.height - (kEdge + caption_height(c.chart.footer, c.measure)) / 2);
 }
 
 namespace {
 
-void paintMarkers(const Context& c, Pen& pen) {
+void paint_markers(const Context& c, Pen& pen) {
     for (const Marker3D& marker : c.chart.markers) {
         if (!marker.shown) continue;
-        const Point3 at = c.surface.toBox(marker.x, marker.y, marker.z);
+        const Point3 at = c.surface.to_box(marker.x, marker.y, marker.z);
         const double limit = 1 + 1e-6;
         if (std::abs(at.x) > limit || std::abs(at.y) > limit ||
             std::abs(at.z) > c.surface.height() * limit)
@@ -162,13 +162,13 @@ void paintMarkers(const Context& c, Pen& pen) {
 }
 
 /// Floor and ceiling: those behind the body before it, those in front of it after it.
-void paintProjections(const Context& c, bool behindBody, Pen& pen) {
+void paint_projections(const Context& c, bool behindBody, Pen& pen) {
     const SurfaceStyle& s = c.chart.style;
     const double h = c.surface.height();
     const auto paint = [&](double z, bool zones, bool contours) {
         const bool front = c.layout.camera.sees({0, 0, z}, {0, 0, z > 0 ? 1.0 : -1.0});
         if (front == behindBody || !(zones || contours)) return;
-        PaintFlat(c, z, {zones, contours, front}, pen);
+        paint_flat(c, z, {zones, contours, front}, pen);
     };
     paint(-h, s.floorZones, s.floorContours);
     paint(h, s.ceilingZones, s.ceilingContours);
@@ -187,7 +187,7 @@ struct Outline {
 
 /// The outline at this elevation from all rotations, so that the body does not swell and shrink
 /// while it turns about the z axis.
-Outline outlineOf(View3D view, double height) {
+Outline outline_of(View3D view, double height) {
     constexpr int kRotations = 36;  // of a quarter turn; the box repeats itself after that
     Outline outline;
     for (int k = 0; k < kRotations; ++k) {
@@ -207,25 +207,26 @@ Outline outlineOf(View3D view, double height) {
 
 }  // namespace
 
-Layout3D MakeLayout(const Chart3D& chart, double width, double height, const MeasureText& measure) {
+Layout3D make_layout(const Chart3D& chart, double width, double height,
+                     const MeasureText& measure) {
     constexpr double kLeastScale = 5;  // pixels a unit of the box
-    const Box3D box = ShownBox(chart);
-    std::vector<double> levels = SectionLevels(chart);
-    const double right = width - scene::ScaleWidth(chart, box, levels, measure);
-    const double top =
-        scene::CaptionHeight(chart.header, measure) + scene::CaptionHeight(chart.subtitle, measure);
-    const double bottom = height - scene::CaptionHeight(chart.footer, measure);
+    const Box3D box = shown_box(chart);
+    std::vector<double> levels = section_levels(chart);
+    const double right = width - scene::scale_width(chart, box, levels, measure);
+    const double top = scene::caption_height(chart.header, measure) +
+                       scene::caption_height(chart.subtitle, measure);
+    const double bottom = height - scene::caption_height(chart.footer, measure);
     const double numbers = measure("00000", chart.numberFont).width;
     const double line = measure("0", chart.titleFont).height;
-    const View3D view = Sanitised(chart.view);
+    const View3D view = sanitised(chart.view);
     if (chart.style.projection2D) {
         const double left = numbers + 2 * line + 20, below = 2.5 * line + 20;
         const double w = std::max(right - 20 - left, 4 * kLeastScale);
         const double h = std::max(bottom - below - (top + 12), 4 * kLeastScale);
         const Point2 centre{left + w / 2, top + 12 + h / 2};
-        return {box, Camera::Map(w / 2, h / 2, centre), std::move(levels), right, top, bottom};
+        return {box, Camera::map(w / 2, h / 2, centre), std::move(levels), right, top, bottom};
     }
-    const Outline outline = outlineOf(view, chart.heightRatio);
+    const Outline outline = outline_of(view, chart.heightRatio);
     const double sides = 2 * numbers + 2.5 * line, above = 1.2 * line, below = 4.2 * line;
     const double w = (right - sides) / (2 * outline.side);
     const double h = (bottom - top - above - below) / (outline.up + outline.down);
@@ -236,8 +237,8 @@ Layout3D MakeLayout(const Chart3D& chart, double width, double height, const Mea
     return {box, Camera(view, scale * view.zoom, centre), std::move(levels), right, top, bottom};
 }
 
-Scene3D BuildScene(const Chart3D& chart, double width, double height, const MeasureText& measure) {
-    const Layout3D layout = MakeLayout(chart, width, height, measure);
+Scene3D build_scene(const Chart3D& chart, double width, double height, const MeasureText& measure) {
+    const Layout3D layout = make_layout(chart, width, height, measure);
     const SurfaceStyle& style = chart.style;
     const bool cells = style.zoned || style.contoured;
     const bool flat = style.projection2D || style.ceilingContours || style.ceilingZones ||
@@ -250,24 +251,24 @@ Scene3D BuildScene(const Chart3D& chart, double width, double height, const Meas
     const scene::Context plane{chart, layout, levelled, measure, width, height};
     Scene3D result;
     scene::Pen pen(result);
-    scene::PaintPlanes(body, pen);
+    scene::paint_planes(body, pen);
     if (style.projection2D) {
-        scene::PaintFlat(plane, surface.height(), {true, style.contoured, false}, pen);
+        scene::paint_flat(plane, surface.height(), {true, style.contoured, false}, pen);
     } else {
-        scene::paintProjections(plane, true, pen);
-        scene::PaintBody(body, pen);
-        scene::paintProjections(plane, false, pen);
+        scene::paint_projections(plane, true, pen);
+        scene::paint_body(body, pen);
+        scene::paint_projections(plane, false, pen);
     }
-    scene::PaintAxes(body, pen);
-    scene::paintMarkers(body, pen);
-    scene::PaintScale(body, pen);
-    scene::PaintCaptions(body, pen);
+    scene::paint_axes(body, pen);
+    scene::paint_markers(body, pen);
+    scene::paint_scale(body, pen);
+    scene::paint_captions(body, pen);
     return result;
 }
 
-std::optional<PickedPlace> PickSurface(const Chart3D& chart, double width, double height,
-                                       const MeasureText& measure, Point2 pixel) {
-    const Layout3D layout = MakeLayout(chart, width, height, measure);
+std::optional<PickedPlace> pick_surface(const Chart3D& chart, double width, double height,
+                                        const MeasureText& measure, Point2 pixel) {
+    const Layout3D layout = make_layout(chart, width, height, measure);
     if (!chart.style.projection2D)
         return SurfaceView(chart, layout.box, layout.camera, {}).pick(pixel);
     // The flat map has no height: the place is found on the plane of the map.
@@ -276,7 +277,7 @@ std::optional<PickedPlace> PickSurface(const Chart3D& chart, double width, doubl
     const double v = (pixel.y - low.y) / (high.y - low.y);
     const auto value = [](double t, const Range& r) { return r.min + t * (r.max - r.min); };
     const double x = value(u, layout.box.x), y = value(v, layout.box.y);
-    const auto z = ValueAt(chart.surface, x, y);
+    const auto z = value_at(chart.surface, x, y);
     if (!z) return std::nullopt;
     return PickedPlace{x, y, *z, 0};
 }

@@ -54,13 +54,13 @@ struct Layout3D {
     double right;  ///< right edge of the room for the box; the scale of colours stands beyond it
     double top, bottom;  ///< edges of the room between header and footer
 };
-Layout3D MakeLayout(const Chart3D& chart, double width, double height, const MeasureText& measure);
+Layout3D make_layout(const Chart3D& chart, double width, double height, const MeasureText& measure);
 
 /// The picture of a chart on a sheet of `width` x `height` pixels of 1/96 inch.
-Scene3D BuildScene(const Chart3D& chart, double width, double height, const MeasureText& measure);
+Scene3D build_scene(const Chart3D& chart, double width, double height, const MeasureText& measure);
 
 /// x, y and z of the surface at a pixel of that picture.
-std::optional<PickedPlace> PickSurface(const Chart3D& chart, double width, double height,
-                                       const MeasureText& measure, Point2 pixel);
+std::optional<PickedPlace> pick_surface(const Chart3D& chart, double width, double height,
+                                        const MeasureText& measure, Point2 pixel);
 
 }  // namespace quor::chart

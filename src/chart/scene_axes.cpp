@@ -21,7 +21,7 @@ struct TextBox {
     }
 };
 
-TextBox boxAround(Point2 centre, TextSize size) {
+TextBox box_around(Point2 centre, TextSize size) {
     return {centre.x - size.width / 2, centre.y - size.height / 2, centre.x + size.width / 2,
             centre.y + size.height / 2};
 }
@@ -56,7 +56,7 @@ class BoxView {
     }
 
     /// True when this side of the box stands between the viewer and the body.
-    bool isFront(const Plane& plane) const {
+    bool is_front(const Plane& plane) const {
         Point3 at, normal;
         component(at, plane.normal) = plane.sign * limit(plane.normal);
         component(normal, plane.normal) = plane.sign;
@@ -80,12 +80,12 @@ std::array<Direction, 2> others(Direction d) {
     return {Direction::X, Direction::Y};
 }
 
-const Axis3D& axisOf(const Chart3D& chart, Direction d) {
+const Axis3D& axis_of(const Chart3D& chart, Direction d) {
     return d == Direction::X ? chart.x : d == Direction::Y ? chart.y : chart.z;
 }
 
 /// Whether an axis has grid lines on the planes with this normal.
-bool gridWanted(const Axis3D& axis, Direction normal) {
+bool grid_wanted(const Axis3D& axis, Direction normal) {
     if (normal == Direction::X) return axis.gridYZ;
     return normal == Direction::Y ? axis.gridXZ : axis.gridXY;
 }
@@ -98,19 +98,19 @@ struct Edge {
     Point2 a, b;      ///< pixels of the ends
 };
 
-double lengthOf(const Edge& edge) {
+double length_of(const Edge& edge) {
     return std::hypot(edge.b.x - edge.a.x, edge.b.y - edge.a.y);
 }
 
 /// The edge of the box's outline on which the axis stands: for x and y the lowest on the picture,
 /// for z the leftmost. None when the axis points at the viewer.
-std::optional<Edge> outlineEdge(const BoxView& view, Direction d) {
+std::optional<Edge> outline_edge(const BoxView& view, Direction d) {
     const auto [p, q] = others(d);
     std::optional<Edge> best;
     double bestScore = 0;
     for (const double sp : {-1.0, 1.0}) {
         for (const double sq : {-1.0, 1.0}) {
-            const bool pFront = view.isFront({p, sp}), qFront = view.isFront({q, sq});
+            const bool pFront = view.is_front({p, sp}), qFront = view.is_front({q, sq});
             if (pFront == qFront) continue;
             Edge edge;
             edge.d = d;
@@ -129,7 +129,7 @@ std::optional<Edge> outlineEdge(const BoxView& view, Direction d) {
             bestScore = score;
         }
     }
-    if (!best || lengthOf(*best) < kShortestAxis) return std::nullopt;
+    if (!best || length_of(*best) < kShortestAxis) return std::nullopt;
     return best;
 }
 
@@ -139,18 +139,18 @@ Point2 unit(double x, double y) {
 }
 
 /// The ticks of a direction, as its axis on the picture bears them.
-Ticks ticksOf(const Context& c, const BoxView& view, Direction d) {
+Ticks ticks_of(const Context& c, const BoxView& view, Direction d) {
     TickRequest request;
     request.min = view.range(d).min;
     request.max = view.range(d).max;
-    request.decimals = axisOf(c.chart, d).decimals;
+    request.decimals = axis_of(c.chart, d).decimals;
     request.length = 250;  // of an axis that points at the viewer
     request.distance = kTickDistance;
-    const auto edge = outlineEdge(view, d);
+    const auto edge = outline_edge(view, d);
     if (edge) {
-        const double near = view.camera().depthFactor(edge->from);
-        const double far = view.camera().depthFactor(edge->to);
-        request.length = lengthOf(*edge) * std::min(near, far) / std::max(near, far);
+        const double near = view.camera().depth_factor(edge->from);
+        const double far = view.camera().depth_factor(edge->to);
+        request.length = length_of(*edge) * std::min(near, far) / std::max(near, far);
         const Point2 along = unit(edge->b.x - edge->a.x, edge->b.y - edge->a.y);
         // Numbers clear each other sideways or above each other.
         request.room = [&c, along](const std::string& text) {
@@ -160,7 +160,7 @@ Ticks ticksOf(const Context& c, const BoxView& view, Direction d) {
             return std::min(sideways, above);
         };
     }
-    return MakeTicks(request);
+    return make_ticks(request);
 }
 
 /// Paints one axis on its edge.
@@ -179,8 +179,8 @@ class AxisPainter {
 
     void paint() {
         pen_.line(std::array{edge_.a, edge_.b}, {LinePattern::Solid, kInk, 1.2F});
-        const Ticks ticks = ticksOf(c_, view_, edge_.d);
-        for (const Tick& tick : ticks.major) paintTick(tick);
+        const Ticks ticks = ticks_of(c_, view_, edge_.d);
+        for (const Tick& tick : ticks.major) paint_tick(tick);
         paintTitle();
     }
 
@@ -193,7 +193,7 @@ class AxisPainter {
 
     /// Direction of a tick on the picture: along the back plane, or square to the axis where that
     /// runs along the axis itself.
-    Point2 tickDirection(const Point3& at) const {
+    Point2 tick_direction(const Point3& at) const {
         // Numbers beside the upright axis stay clear of those of the axis at its foot.
         if (edge_.d == Direction::Z) return normal_;
         const Point2 p = view_.project(at);
@@ -208,9 +208,9 @@ class AxisPainter {
         return std::abs(dir.x) * size.width + std::abs(dir.y) * size.height;
     }
 
-    void paintTick(const Tick& tick) {
+    void paint_tick(const Tick& tick) {
         const Point3 at = placeOf(tick.value);
-        const Point2 p = view_.project(at), dir = tickDirection(at);
+        const Point2 p = view_.project(at), dir = tick_direction(at);
         const Point2 end{p.x + kTickLength * dir.x, p.y + kTickLength * dir.y};
         pen_.line(std::array{p, end}, {LinePattern::Solid, kInk, 1});
         if (tick.text.empty()) return;
@@ -218,7 +218,7 @@ class AxisPainter {
         const double reach = kTickLength + kGap + extent(dir, size) / 2;
         const Point2 centre{p.x + reach * dir.x, p.y + reach * dir.y};
         // Numbers of two axes that meet in a corner keep a distance.
-        const TextBox box = boxAround(centre, {size.width + kGap, size.height});
+        const TextBox box = box_around(centre, {size.width + kGap, size.height});
         const auto hit = [&](const TextBox& other) { return box.overlaps(other); };
         if (std::any_of(taken_.begin(), taken_.end(), hit)) return;
         taken_.push_back(box);
@@ -229,7 +229,7 @@ class AxisPainter {
     }
 
     void paintTitle() {
-        const std::string& title = axisOf(c_.chart, edge_.d).title;
+        const std::string& title = axis_of(c_.chart, edge_.d).title;
         if (title.empty()) return;
         const bool upright = std::abs(along_.y) > 0.85;
         TextSize size = c_.measure(title, c_.chart.titleFont);
@@ -241,7 +241,7 @@ class AxisPainter {
                               std::max(c_.width - size.width / 2 - 2, c_.width / 2));
         centre.y = std::clamp(centre.y, std::min(size.height / 2 + 2, c_.height / 2),
                               std::max(c_.height - size.height / 2 - 2, c_.height / 2));
-        taken_.push_back(boxAround(centre, size));
+        taken_.push_back(box_around(centre, size));
         pen_.text(centre, title, c_.chart.titleFont, kInk, upright ? 90 : 0);
     }
 
@@ -254,7 +254,7 @@ class AxisPainter {
     double reach_ = kTickLength;
 };
 
-void paintPlane(const Context& c, const BoxView& view, const Plane& plane, Pen& pen) {
+void paint_plane(const Context& c, const BoxView& view, const Plane& plane, Pen& pen) {
     const auto [p, q] = others(plane.normal);
     const auto at = [&](double cp, double cq) {
         Point3 point;
@@ -267,8 +267,8 @@ void paintPlane(const Context& c, const BoxView& view, const Plane& plane, Pen& 
     const std::array corners{at(-lp, -lq), at(lp, -lq), at(lp, lq), at(-lp, lq)};
     pen.fill(corners, c.chart.planes);
     const auto lines = [&](Direction d, auto ends) {
-        if (!gridWanted(axisOf(c.chart, d), plane.normal)) return;
-        const Ticks ticks = ticksOf(c, view, d);
+        if (!grid_wanted(axis_of(c.chart, d), plane.normal)) return;
+        const Ticks ticks = ticks_of(c, view, d);
         for (const Tick& tick : ticks.major)
             pen.line(ends(view.coordinate(d, tick.value)), c.chart.grid);
     };
@@ -282,18 +282,18 @@ void paintPlane(const Context& c, const BoxView& view, const Plane& plane, Pen& 
 
 }  // namespace
 
-void PaintPlanes(const Context& context, Pen& pen) {
+void paint_planes(const Context& context, Pen& pen) {
     const BoxView view(context);
     for (const Direction d : kDirections)
         for (const double sign : {-1.0, 1.0})
-            if (!view.isFront({d, sign})) paintPlane(context, view, {d, sign}, pen);
+            if (!view.is_front({d, sign})) paint_plane(context, view, {d, sign}, pen);
 }
 
-void PaintAxes(const Context& context, Pen& pen) {
+void paint_axes(const Context& context, Pen& pen) {
     const BoxView view(context);
     std::vector<TextBox> taken;
     for (const Direction d : {Direction::Z, Direction::X, Direction::Y})
-        if (const auto edge = outlineEdge(view, d))
+        if (const auto edge = outline_edge(view, d))
             AxisPainter(context, view, *edge, pen, taken).paint();
 }
 

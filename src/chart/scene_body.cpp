@@ -15,14 +15,14 @@ constexpr std::uint8_t kBeforeTheBody = 105;  // alpha of zones through which th
 constexpr double kAmbient = 0.55;             // brightness in full shade
 constexpr double kDirect = 0.52;              // added in full light
 
-std::vector<Point2> pixelsOf(std::span<const PieceCorner> corners) {
+std::vector<Point2> pixels_of(std::span<const PieceCorner> corners) {
     std::vector<Point2> pixels;
     pixels.reserve(corners.size());
     for (const PieceCorner& c : corners) pixels.push_back(c.pixel);
     return pixels;
 }
 
-std::size_t bandOf(const std::vector<double>& levels, double z) {
+std::size_t band_of(const std::vector<double>& levels, double z) {
     return static_cast<std::size_t>(std::upper_bound(levels.begin(), levels.end(), z) -
                                     levels.begin());
 }
@@ -32,7 +32,7 @@ struct ZRange {
     double high = -std::numeric_limits<double>::infinity();
 };
 
-ZRange rangeOf(std::span<const PieceCorner> corners) {
+ZRange range_of(std::span<const PieceCorner> corners) {
     ZRange range;
     for (const PieceCorner& c : corners) {
         range.low = std::min(range.low, c.z);
@@ -43,10 +43,10 @@ ZRange rangeOf(std::span<const PieceCorner> corners) {
 
 /// Calls `visit(corners, band)` for the part of a piece in each band of z.
 template <class Visit>
-void forEachBand(std::span<const PieceCorner> corners, const Layout3D& layout, Visit visit) {
+void for_each_band(std::span<const PieceCorner> corners, const Layout3D& layout, Visit visit) {
     const auto& levels = layout.levels;
-    const ZRange range = rangeOf(corners);
-    const std::size_t first = bandOf(levels, range.low), last = bandOf(levels, range.high);
+    const ZRange range = range_of(corners);
+    const std::size_t first = band_of(levels, range.low), last = band_of(levels, range.high);
     if (first == last) {
         visit(corners, first);
         return;
@@ -55,19 +55,19 @@ void forEachBand(std::span<const PieceCorner> corners, const Layout3D& layout, V
     for (std::size_t band = first; band <= last; ++band) {
         const double low = band == 0 ? -kFar : levels[band - 1];
         const double high = band == levels.size() ? kFar : levels[band];
-        const auto part = BetweenLevels(corners, low, high, layout.camera);
+        const auto part = between_levels(corners, low, high, layout.camera);
         if (part.size() >= 3) visit(std::span<const PieceCorner>(part), band);
     }
 }
 
 /// Calls `visit(ends)` for every contour line of a piece.
 template <class Visit>
-void forEachContour(std::span<const PieceCorner> corners, const Layout3D& layout, Visit visit) {
-    const ZRange range = rangeOf(corners);
+void for_each_contour(std::span<const PieceCorner> corners, const Layout3D& layout, Visit visit) {
+    const ZRange range = range_of(corners);
     const auto& levels = layout.levels;
     const auto first = std::upper_bound(levels.begin(), levels.end(), range.low);
     for (auto level = first; level != levels.end() && *level <= range.high; ++level)
-        if (const auto ends = LevelSegment(corners, *level)) visit(*ends);
+        if (const auto ends = level_segment(corners, *level)) visit(*ends);
 }
 
 class Body {
@@ -78,9 +78,9 @@ class Body {
     }
 
     void paint(const Piece& piece) {
-        if (chart_.style.solid) paintFill(piece);
-        paintMesh(piece);
-        if (chart_.style.contoured) paintContours(piece);
+        if (chart_.style.solid) paint_fill(piece);
+        paint_mesh(piece);
+        if (chart_.style.contoured) paint_contours(piece);
     }
 
   private:
@@ -94,18 +94,18 @@ class Body {
         return colour;
     }
 
-    void paintFill(const Piece& piece) {
+    void paint_fill(const Piece& piece) {
         if (!chart_.style.zoned) {
             const Colour side = piece.seenFromTop ? chart_.style.top : chart_.style.bottom;
-            pen_.fill(pixelsOf(piece.corners), tinted(side, piece), true);
+            pen_.fill(pixels_of(piece.corners), tinted(side, piece), true);
             return;
         }
-        forEachBand(piece.corners, layout_, [&](auto corners, std::size_t band) {
-            pen_.fill(pixelsOf(corners), tinted(BandColour(layout_, band), piece), true);
+        for_each_band(piece.corners, layout_, [&](auto corners, std::size_t band) {
+            pen_.fill(pixels_of(corners), tinted(band_colour(layout_, band), piece), true);
         });
     }
 
-    bool isMeshLine(const PieceCorner& corner) const {
+    bool is_mesh_line(const PieceCorner& corner) const {
         const Mesh3D& mesh = chart_.mesh;
         const SurfaceGrid& grid = chart_.surface;
         const auto drawn = [&](bool wanted, bool halved, int nodes) {
@@ -126,11 +126,11 @@ class Body {
     }
 
     /// The drawn edges of a piece, those that follow each other as one line.
-    void paintMesh(const Piece& piece) {
+    void paint_mesh(const Piece& piece) {
         const auto corners = piece.corners;
         const std::size_t n = corners.size();
         const auto drawn = [&](std::size_t k) {
-            return corners[k % n].edgeDrawn && isMeshLine(corners[k % n]);
+            return corners[k % n].edgeDrawn && is_mesh_line(corners[k % n]);
         };
         std::size_t start = 0;
         while (start < n && drawn(start)) ++start;  // an edge that is not drawn, if any
@@ -146,8 +146,8 @@ class Body {
         }
     }
 
-    void paintContours(const Piece& piece) {
-        forEachContour(piece.corners, layout_, [&](const std::array<Point3, 2>& ends) {
+    void paint_contours(const Piece& piece) {
+        for_each_contour(piece.corners, layout_, [&](const std::array<Point3, 2>& ends) {
             const std::array pixels{layout_.camera.project(ends[0]),
                                     layout_.camera.project(ends[1])};
             pen_.line(pixels, chart_.sections.line, true);
@@ -162,32 +162,32 @@ class Body {
 
 }  // namespace
 
-Colour BandColour(const Layout3D& layout, std::size_t band) {
+Colour band_colour(const Layout3D& layout, std::size_t band) {
     const auto count = static_cast<double>(layout.levels.size());
-    return ScaleColour(count > 0 ? static_cast<double>(band) / count : 0.5);
+    return scale_colour(count > 0 ? static_cast<double>(band) / count : 0.5);
 }
 
-void PaintBody(const Context& context, Pen& pen) {
+void paint_body(const Context& context, Pen& pen) {
     Body body(context, pen);
-    context.surface.forEachPiece([&](const Piece& piece) { body.paint(piece); });
+    context.surface.for_each_piece([&](const Piece& piece) { body.paint(piece); });
 }
 
-void PaintFlat(const Context& context, double boxZ, const FlatParts& parts, Pen& pen) {
+void paint_flat(const Context& context, double boxZ, const FlatParts& parts, Pen& pen) {
     const auto onPlane = [&](Point3 p) { return context.layout.camera.project({p.x, p.y, boxZ}); };
     if (parts.zones) {
-        context.surface.forEachPiece([&](const Piece& piece) {
-            forEachBand(piece.corners, context.layout, [&](auto corners, std::size_t band) {
+        context.surface.for_each_piece([&](const Piece& piece) {
+            for_each_band(piece.corners, context.layout, [&](auto corners, std::size_t band) {
                 std::vector<Point2> pixels;
                 for (const PieceCorner& c : corners) pixels.push_back(onPlane(c.at));
-                Colour colour = BandColour(context.layout, band);
+                Colour colour = band_colour(context.layout, band);
                 if (parts.translucent) colour.a = kBeforeTheBody;
                 pen.fill(pixels, colour, true);
             });
         });
     }
     if (!parts.contours) return;
-    context.surface.forEachPiece([&](const Piece& piece) {
-        forEachContour(piece.corners, context.layout, [&](const std::array<Point3, 2>& ends) {
+    context.surface.for_each_piece([&](const Piece& piece) {
+        for_each_contour(piece.corners, context.layout, [&](const std::array<Point3, 2>& ends) {
             const std::array pixels{onPlane(ends[0]), onPlane(ends[1])};
             pen.line(pixels, context.chart.sections.line, true);
         });

@@ -34,31 +34,31 @@ struct Context {
 };
 
 /// Colour of the band of z with this number, 0 below the first level.
-Colour BandColour(const Layout3D& layout, std::size_t band);
+Colour band_colour(const Layout3D& layout, std::size_t band);
 
 /// The surface with its mesh, bands and contour lines.
-void PaintBody(const Context& context, Pen& pen);
+void paint_body(const Context& context, Pen& pen);
 
 /// The flat picture of the surface on the plane at `boxZ`, with the parts that are wanted;
 /// translucent when it stands before the surface.
 struct FlatParts {
     bool zones, contours, translucent;
 };
-void PaintFlat(const Context& context, double boxZ, const FlatParts& parts, Pen& pen);
+void paint_flat(const Context& context, double boxZ, const FlatParts& parts, Pen& pen);
 
 /// Back planes of the box with their grids.
-void PaintPlanes(const Context& context, Pen& pen);
+void paint_planes(const Context& context, Pen& pen);
 
 /// Axes with ticks, numbers and titles on edges of the box's outline.
-void PaintAxes(const Context& context, Pen& pen);
+void paint_axes(const Context& context, Pen& pen);
 
 /// The legend of colours at the right, and the width it takes.
-void PaintScale(const Context& context, Pen& pen);
-double ScaleWidth(const Chart3D& chart, const Box3D& box, const std::vector<double>& levels,
-                  const MeasureText& measure);
+void paint_scale(const Context& context, Pen& pen);
+double scale_width(const Chart3D& chart, const Box3D& box, const std::vector<double>& levels,
+                   const MeasureText& measure);
 
 /// Header, subtitle and footer, and the height that each keeps free.
-void PaintCaptions(const Context& context, Pen& pen);
-double CaptionHeight(const Caption& caption, const MeasureText& measure);
+void paint_captions(const Context& context, Pen& pen);
+double caption_height(const Caption& caption, const MeasureText& measure);
 
 }  // namespace quor::chart::scene

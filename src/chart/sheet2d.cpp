@@ -23,7 +23,7 @@ TextSize turned(TextSize size, int rotation) {
     return {c * size.width + s * size.height, s * size.width + c * size.height};
 }
 
-SheetText textAt(double x, double y, TextSize size, int rotation = 0) {
+SheetText text_at(double x, double y, TextSize size, int rotation = 0) {
     const TextSize around = turned(size, rotation);
     return {x,
             y,
@@ -32,7 +32,7 @@ SheetText textAt(double x, double y, TextSize size, int rotation = 0) {
             true};
 }
 
-bool isUpright(int rotation) {
+bool is_upright(int rotation) {
     return std::abs(rotation) % 180 == 90;
 }
 
@@ -55,13 +55,13 @@ class LayoutMaker {
         sheet_.plot = plotArea({60, 30, 20, 45});
         for (int pass = 0; pass < 3; ++pass) {
             makeTicks();
-            makeLegendSize();
+            make_legend_size();
             sheet_.plot = plotArea(margins());
         }
         makeTicks();
-        placeAxes();
-        placeTexts();
-        placeLegend();
+        place_axes();
+        place_texts();
+        place_legend();
         placeLabels();
         return std::move(sheet_);
     }
@@ -71,7 +71,7 @@ class LayoutMaker {
         return text.empty() ? TextSize{} : measure_(text, font);
     }
 
-    TextSize titleSize(const Axis& axis) const {
+    TextSize title_size(const Axis& axis) const {
         return turned(sizeOf(axis.title, axis.titleFont), axis.titleRotation);
     }
 
@@ -103,15 +103,15 @@ class LayoutMaker {
                 const TextSize size = measure_(text, axis.numberFont);
                 return upright ? size.height + 4 : size.width + 10;
             };
-            return MakeTicks(request);
+            return make_ticks(request);
         };
         sheet_.x.ticks = along(chart_.x, sheet_.window.x, sheet_.plot.width, false);
         sheet_.y.ticks = along(chart_.y, sheet_.window.y, sheet_.plot.height, true);
         if (chart_.y2.shown)
-            sheet_.y2.ticks = along(chart_.y2, SecondRange(chart_), sheet_.plot.height, true);
+            sheet_.y2.ticks = along(chart_.y2, second_range(chart_), sheet_.plot.height, true);
     }
 
-    TextSize widestNumber(const Ticks& ticks, const Axis& axis) const {
+    TextSize widest_number(const Ticks& ticks, const Axis& axis) const {
         TextSize widest;
         for (const Tick& tick : ticks.major) {
             const TextSize size = sizeOf(tick.text, axis.numberFont);
@@ -124,7 +124,7 @@ class LayoutMaker {
     static constexpr double kNumberReach = Sheet2D::kTickLength + Sheet2D::kNumberGap;
 
     /// Height or width that the numbers of an axis take outside the plot area.
-    double numbersOutside(const Axis& axis, double numberSize, double inside) const {
+    double numbers_outside(const Axis& axis, double numberSize, double inside) const {
         if (!axis.shown || numberSize <= 0) return 0;
         // In coarse steps, so that the plot area does not jump at every turn of the wheel.
         constexpr double kStep = 8;
@@ -133,11 +133,11 @@ class LayoutMaker {
     }
 
     /// How far the x axis line stands above the lower edge of the plot area, in pixels.
-    double xAxisInside() const {
+    double x_axis_inside() const {
         if (chart_.y.automaticOrigin) return 0;
         return std::clamp(scale_.v(chart_.y.origin), 0.0, 1.0) * sheet_.plot.height;
     }
-    double yAxisInside() const {
+    double y_axis_inside() const {
         if (chart_.x.automaticOrigin) return 0;
         return std::clamp(scale_.u(chart_.x.origin), 0.0, 1.0) * sheet_.plot.width;
     }
@@ -148,15 +148,15 @@ class LayoutMaker {
     }
 
     Margins margins() {
-        const TextSize xNumber = widestNumber(sheet_.x.ticks, chart_.x);
-        const TextSize yNumber = widestNumber(sheet_.y.ticks, chart_.y);
-        const TextSize y2Number = widestNumber(sheet_.y2.ticks, chart_.y2);
-        xNumbers_ = numbersOutside(chart_.x, xNumber.height, xAxisInside());
-        yNumbers_ = numbersOutside(chart_.y, yNumber.width, yAxisInside());
-        y2Numbers_ = numbersOutside(chart_.y2, y2Number.width, 0);
+        const TextSize xNumber = widest_number(sheet_.x.ticks, chart_.x);
+        const TextSize yNumber = widest_number(sheet_.y.ticks, chart_.y);
+        const TextSize y2Number = widest_number(sheet_.y2.ticks, chart_.y2);
+        xNumbers_ = numbers_outside(chart_.x, xNumber.height, x_axis_inside());
+        yNumbers_ = numbers_outside(chart_.y, yNumber.width, y_axis_inside());
+        y2Numbers_ = numbers_outside(chart_.y2, y2Number.width, 0);
         Margins m;
-        const TextSize xTitle = titleSize(chart_.x), yTitle = titleSize(chart_.y),
-                       y2Title = titleSize(chart_.y2);
+        const TextSize xTitle = title_size(chart_.x), yTitle = title_size(chart_.y),
+                       y2Title = title_size(chart_.y2);
         m.bottom += xNumbers_ + captionHeight(chart_.footer);
         if (xTitle.height > 0) m.bottom += xTitle.height + kTextGap;
         // Half of the first and the last number of x overhang the plot area.
@@ -165,7 +165,7 @@ class LayoutMaker {
         m.left += yNumbers_;
         m.top += captionHeight(chart_.header);
         // A title that lies across stands above its axis.
-        if (yTitle.height > 0 && isUpright(chart_.y.titleRotation))
+        if (yTitle.height > 0 && is_upright(chart_.y.titleRotation))
             m.left += yTitle.width + kTextGap;
         else if (yTitle.height > 0)
             m.top += yTitle.height + kTextGap;
@@ -179,14 +179,14 @@ class LayoutMaker {
         return m;
     }
 
-    double pixelX(double x) const { return sheet_.plot.left + scale_.u(x) * sheet_.plot.width; }
-    double pixelY(double y) const {
+    double pixel_x(double x) const { return sheet_.plot.left + scale_.u(x) * sheet_.plot.width; }
+    double pixel_y(double y) const {
         return sheet_.plot.bottom() - scale_.v(y) * sheet_.plot.height;
     }
 
-    static void makeGrid(const Axis& axis, const Range& range, SheetAxis& out) {
+    static void make_grid(const Axis& axis, const Range& range, SheetAxis& out) {
         if (!axis.gridShown) return;
-        if (axis.gridSpacing > 0) out.grid = Multiples(range.min, range.max, axis.gridSpacing);
+        if (axis.gridSpacing > 0) out.grid = multiples(range.min, range.max, axis.gridSpacing);
         if (!out.grid.empty()) return;
         for (const Tick& tick : out.ticks.major) out.grid.push_back(tick.value);
         if (axis.logarithmic) out.fineGrid = out.ticks.minor;
@@ -194,46 +194,46 @@ class LayoutMaker {
 
     /// Inside the plot area the other axis would run through the number at the crossing.
     template <class Pixel>
-    static void clearNumberAtCrossing(Ticks& ticks, double crossing, Pixel pixel) {
+    static void clear_number_at_crossing(Ticks& ticks, double crossing, Pixel pixel) {
         if (crossing <= 0) return;
         for (Tick& tick : ticks.major)
             if (std::abs(pixel(tick.value) - crossing) < 6) tick.text.clear();
     }
 
-    void placeAxes() {
+    void place_axes() {
         const SheetRect& p = sheet_.plot;
-        makeGrid(chart_.x, sheet_.window.x, sheet_.x);
-        makeGrid(chart_.y, sheet_.window.y, sheet_.y);
-        sheet_.x.line = p.bottom() - xAxisInside();
-        sheet_.y.line = p.left + yAxisInside();
+        make_grid(chart_.x, sheet_.window.x, sheet_.x);
+        make_grid(chart_.y, sheet_.window.y, sheet_.y);
+        sheet_.x.line = p.bottom() - x_axis_inside();
+        sheet_.y.line = p.left + y_axis_inside();
         sheet_.y2.line = p.right();
-        clearNumberAtCrossing(sheet_.x.ticks, yAxisInside(),
-                              [&](double value) { return scale_.u(value) * p.width; });
-        clearNumberAtCrossing(sheet_.y.ticks, xAxisInside(),
-                              [&](double value) { return scale_.v(value) * p.height; });
+        clear_number_at_crossing(sheet_.x.ticks, y_axis_inside(),
+                                 [&](double value) { return scale_.u(value) * p.width; });
+        clear_number_at_crossing(sheet_.y.ticks, x_axis_inside(),
+                                 [&](double value) { return scale_.v(value) * p.height; });
         const double reach = kNumberReach;
         sheet_.x.numbers = {p.left, sheet_.x.line - 3, p.width,
-                            reach + 3 + widestNumber(sheet_.x.ticks, chart_.x).height};
-        const double yReach = reach + widestNumber(sheet_.y.ticks, chart_.y).width;
+                            reach + 3 + widest_number(sheet_.x.ticks, chart_.x).height};
+        const double yReach = reach + widest_number(sheet_.y.ticks, chart_.y).width;
         sheet_.y.numbers = {sheet_.y.line - yReach, p.top, yReach + 3, p.height};
-        const double y2Reach = reach + widestNumber(sheet_.y2.ticks, chart_.y2).width;
+        const double y2Reach = reach + widest_number(sheet_.y2.ticks, chart_.y2).width;
         if (chart_.y2.shown) sheet_.y2.numbers = {p.right() - 3, p.top, y2Reach + 3, p.height};
     }
 
-    void placeTexts() {
+    void place_texts() {
         const SheetRect& p = sheet_.plot;
         const double middleX = p.left + p.width / 2, middleY = p.top + p.height / 2;
         const auto title = [&](const Axis& axis, SheetAxis& out, double x, double y) {
             if (axis.title.empty()) return;
-            out.title = textAt(x, y, sizeOf(axis.title, axis.titleFont), axis.titleRotation);
+            out.title = text_at(x, y, sizeOf(axis.title, axis.titleFont), axis.titleRotation);
         };
-        const TextSize xs = titleSize(chart_.x), ys = titleSize(chart_.y),
-                       y2s = titleSize(chart_.y2);
+        const TextSize xs = title_size(chart_.x), ys = title_size(chart_.y),
+                       y2s = title_size(chart_.y2);
         double below = p.bottom() + xNumbers_ + kTextGap;
         title(chart_.x, sheet_.x, middleX, below + xs.height / 2);
         if (xs.height > 0) below += xs.height + kTextGap;
         double above = p.top - kTextGap;
-        if (isUpright(chart_.y.titleRotation)) {
+        if (is_upright(chart_.y.titleRotation)) {
             title(chart_.y, sheet_.y, p.left - yNumbers_ - kTextGap - ys.width / 2, middleY);
         } else {
             const double left = std::max(kEdge, p.left - yNumbers_);
@@ -244,9 +244,9 @@ class LayoutMaker {
         const auto caption = [&](const Caption& c, SheetText& out, double y) {
             if (c.text.empty()) return;
             const TextSize size = sizeOf(c.text, c.font);
-            out = c.automatic ? textAt(keptOnSheet(middleX, size.width), y, size)
-                              : textAt(c.place.x * sheet_.sheet.width,
-                                       c.place.y * sheet_.sheet.height, size);
+            out = c.automatic ? text_at(kept_on_sheet(middleX, size.width), y, size)
+                              : text_at(c.place.x * sheet_.sheet.width,
+                                        c.place.y * sheet_.sheet.height, size);
         };
         caption(chart_.header, sheet_.header,
                 above - sizeOf(chart_.header.text, chart_.header.font).height / 2);
@@ -256,7 +256,7 @@ class LayoutMaker {
     }
 
     /// The centre of a text of this width, moved so that the text stays on the sheet.
-    double keptOnSheet(double centre, double width) const {
+    double kept_on_sheet(double centre, double width) const {
         const double half = std::min(width / 2 + kEdge, sheet_.sheet.width / 2);
         return std::clamp(centre, half, sheet_.sheet.width - half);
     }
@@ -267,9 +267,9 @@ class LayoutMaker {
         double columnWidth = 0, rowHeight = 0;
     };
 
-    LegendGrid legendGrid() const {
+    LegendGrid legend_grid() const {
         LegendGrid grid;
-        grid.entries = LegendEntries(chart_);
+        grid.entries = legend_entries(chart_);
         const std::size_t n = grid.entries.size();
         if (n == 0) return grid;
         double widest = 0, highest = 8;
@@ -297,13 +297,13 @@ class LayoutMaker {
     }
 
     const std::string& legendText(const SeriesRef& entry) const {
-        return SeriesOf(chart_, entry.group)[static_cast<std::size_t>(entry.index)].legend;
+        return series_of(chart_, entry.group)[static_cast<std::size_t>(entry.index)].legend;
     }
 
-    void makeLegendSize() {
+    void make_legend_size() {
         sheet_.legend = {};
         if (!chart_.legend.shown) return;
-        const LegendGrid grid = legendGrid();
+        const LegendGrid grid = legend_grid();
         if (grid.entries.empty()) return;
         const auto columns = static_cast<double>(grid.columns);
         sheet_.legend.width =
@@ -311,14 +311,14 @@ class LayoutMaker {
         sheet_.legend.height = static_cast<double>(grid.rows) * grid.rowHeight + 2 * kLegendPad;
     }
 
-    void placeLegend() {
-        makeLegendSize();
+    void place_legend() {
+        make_legend_size();
         SheetRect& legend = sheet_.legend;
         if (legend.width <= 0) return;
         const SheetRect& p = sheet_.plot;
         LegendAnchor anchor = chart_.legend.anchor;
         if (anchor == LegendAnchor::Automatic)
-            anchor = BestLegendAnchor(chart_, p.width, p.height, legend.width, legend.height);
+            anchor = best_legend_anchor(chart_, p.width, p.height, legend.width, legend.height);
         if (anchor == LegendAnchor::Free) {
             legend.left = chart_.legend.place.x * sheet_.sheet.width;
             legend.top = chart_.legend.place.y * sheet_.sheet.height;
@@ -330,11 +330,11 @@ class LayoutMaker {
             legend.top = sheet_.sheet.height - kEdge - captionHeight(chart_.footer) - legend.height;
         } else {
             const LegendSpot spot =
-                SpotOfLegend(anchor, p.width, p.height, legend.width, legend.height);
+                spot_of_legend(anchor, p.width, p.height, legend.width, legend.height);
             legend.left = p.left + spot.left;
             legend.top = p.top + spot.top;
         }
-        const LegendGrid grid = legendGrid();
+        const LegendGrid grid = legend_grid();
         for (std::size_t k = 0; k < grid.entries.size(); ++k) {
             // Under each other the entries run down the columns, side by side along the rows.
             const std::size_t column = chart_.legend.vertical ? k / grid.rows : k % grid.columns;
@@ -352,12 +352,12 @@ class LayoutMaker {
     /// Data coordinates of a label's place, if it has one.
     std::optional<std::array<double, 2>> placeOf(const Label& label) const {
         if (!label.onPoint) return std::array{label.x, label.y};
-        const auto& all = SeriesOf(chart_, label.group);
+        const auto& all = series_of(chart_, label.group);
         if (label.series < 0 || label.series >= static_cast<int>(all.size())) return std::nullopt;
         const Series& series = all[static_cast<std::size_t>(label.series)];
         const auto point = static_cast<std::size_t>(std::max(label.point, 0));
         if (label.point < 0 || point >= series.x.size() || point >= series.y.size() ||
-            !series.visible || !IsShown(series.x[point]) || !IsShown(series.y[point]))
+            !series.visible || !is_shown(series.x[point]) || !is_shown(series.y[point]))
             return std::nullopt;
         return std::array<double, 2>{series.x[point], series.y[point]};
     }
@@ -369,7 +369,7 @@ class LayoutMaker {
             if (!label.shown || label.text.empty()) continue;
             const auto place = placeOf(label);
             if (!place) continue;
-            const double px = pixelX((*place)[0]), py = pixelY((*place)[1]);
+            const double px = pixel_x((*place)[0]), py = pixel_y((*place)[1]);
             constexpr double kSlack = 1;
             const SheetRect& p = sheet_.plot;
             const SheetRect wide{p.left - kSlack, p.top - kSlack, p.width + 2 * kSlack,
@@ -377,8 +377,9 @@ class LayoutMaker {
             if (!wide.contains(px, py)) continue;
             const TextSize size = sizeOf(label.text, label.font);
             const TextSize padded{size.width + 4, size.height + 2};
-            sheet_.labels.push_back({static_cast<int>(i), px, py,
-                                     textAt(px + label.dx, py + label.dy, padded, label.rotation)});
+            sheet_.labels.push_back(
+                {static_cast<int>(i), px, py,
+                 text_at(px + label.dx, py + label.dy, padded, label.rotation)});
         }
     }
 
@@ -391,7 +392,7 @@ class LayoutMaker {
 };
 
 /// The part of the segment a-b inside the rectangle as parameters 0..1 (Liang and Barsky).
-std::optional<std::array<double, 2>> insidePart(const SheetRect& r, SheetPoint a, SheetPoint b) {
+std::optional<std::array<double, 2>> inside_part(const SheetRect& r, SheetPoint a, SheetPoint b) {
     double t0 = 0, t1 = 1;
     const double dx = b.x - a.x, dy = b.y - a.y;
     const std::array<std::array<double, 2>, 4> edges{
@@ -422,7 +423,7 @@ class LineCutter {
     void interrupt() { hasLast_ = open_ = false; }
 
     void add(SheetPoint here) {
-        if (hasLast_) addSegment(here);
+        if (hasLast_) add_segment(here);
         last_ = here;
         hasLast_ = true;
     }
@@ -430,8 +431,8 @@ class LineCutter {
     std::vector<std::vector<SheetPoint>> take() { return std::move(lines_); }
 
   private:
-    void addSegment(SheetPoint here) {
-        const auto part = insidePart(plot_, last_, here);
+    void add_segment(SheetPoint here) {
+        const auto part = inside_part(plot_, last_, here);
         if (!part) {
             open_ = false;
             return;
@@ -454,8 +455,8 @@ class LineCutter {
 
 }  // namespace
 
-std::vector<std::vector<SheetPoint>> VisibleLines(const Chart2D& chart, const Series& series,
-                                                  const SheetRect& plot) {
+std::vector<std::vector<SheetPoint>> visible_lines(const Chart2D& chart, const Series& series,
+                                                   const SheetRect& plot) {
     const SheetScale scale(chart, plot);
     const Window& window = scale.window().window();
     const auto onAxis = [&](float value, const Axis& axis, const Range& range) -> double {
@@ -467,7 +468,7 @@ std::vector<std::vector<SheetPoint>> VisibleLines(const Chart2D& chart, const Se
     for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
         const SheetPoint here{scale.x(onAxis(series.x[i], chart.x, window.x)),
                               scale.y(onAxis(series.y[i], chart.y, window.y))};
-        if (IsShown(series.x[i]) && IsShown(series.y[i]) && std::isfinite(here.x) &&
+        if (is_shown(series.x[i]) && is_shown(series.y[i]) && std::isfinite(here.x) &&
             std::isfinite(here.y))
             cutter.add(here);
         else
@@ -476,13 +477,13 @@ std::vector<std::vector<SheetPoint>> VisibleLines(const Chart2D& chart, const Se
     return cutter.take();
 }
 
-Sheet2D LayOut(const Chart2D& chart, double width, double height, const MeasureText& measure) {
+Sheet2D lay_out(const Chart2D& chart, double width, double height, const MeasureText& measure) {
     return LayoutMaker(chart, width, height, measure).make();
 }
 
-bool PlaceCurveLabel(const Chart2D& chart, int curve, double fraction, double width, double height,
-                     const MeasureText& measure, Label& label) {
-    const Sheet2D sheet = LayOut(chart, width, height, measure);
+bool place_curve_label(const Chart2D& chart, int curve, double fraction, double width,
+                       double height, const MeasureText& measure, Label& label) {
+    const Sheet2D sheet = lay_out(chart, width, height, measure);
     const SheetRect& plot = sheet.plot;
     const TextSize size = measure(label.text, label.font);
     std::optional<LabelSpot> spot;
@@ -495,10 +496,10 @@ bool PlaceCurveLabel(const Chart2D& chart, int curve, double fraction, double wi
         };
         if (sheet.legend.width > 0) take(sheet.legend);
         for (const SheetLabel& other : sheet.labels) take(other.text.rect);
-        spot = BestSpot(chart, curve, plot.width, plot.height, size.width, size.height, taken);
+        spot = best_spot(chart, curve, plot.width, plot.height, size.width, size.height, taken);
     } else {
-        spot = SpotAlongCurve(chart, curve, fraction, plot.width, plot.height, size.width,
-                              size.height);
+        spot = spot_along_curve(chart, curve, fraction, plot.width, plot.height, size.width,
+                                size.height);
     }
     if (!spot) return false;
     label.onPoint = true;

@@ -69,7 +69,7 @@ struct Sheet2D {
     static constexpr double kNumberGap = 4;  ///< between tick and number
 };
 
-Sheet2D LayOut(const Chart2D& chart, double width, double height, const MeasureText& measure);
+Sheet2D lay_out(const Chart2D& chart, double width, double height, const MeasureText& measure);
 
 /// A place on a sheet in pixels, y down.
 struct SheetPoint {
@@ -85,8 +85,8 @@ class SheetScale {
         : scale_(window, xLogarithmic, yLogarithmic), plot_(plot) {}
     double x(double value) const { return plot_.left + scale_.u(value) * plot_.width; }
     double y(double value) const { return plot_.bottom() - scale_.v(value) * plot_.height; }
-    double valueOfX(double pixel) const { return scale_.x((pixel - plot_.left) / plot_.width); }
-    double valueOfY(double pixel) const {
+    double value_of_x(double pixel) const { return scale_.x((pixel - plot_.left) / plot_.width); }
+    double value_of_y(double pixel) const {
         return scale_.y((plot_.bottom() - pixel) / plot_.height);
     }
     const WindowScale& window() const { return scale_; }
@@ -99,13 +99,13 @@ class SheetScale {
 /// The lines of a series inside the plot area, cut at its edges, so that they need no clipping
 /// where they are painted. Holes, and values not above 0 on a logarithmic axis, interrupt them; a
 /// reference line from below 0 begins at the edge of a logarithmic axis.
-std::vector<std::vector<SheetPoint>> VisibleLines(const Chart2D& chart, const Series& series,
-                                                  const SheetRect& plot);
+std::vector<std::vector<SheetPoint>> visible_lines(const Chart2D& chart, const Series& series,
+                                                   const SheetRect& plot);
 
 /// Puts the label of a curve beside it at `fraction` (0..1) along the part of the curve in the
 /// window; a negative fraction takes the place that hides least. Returns false and changes
 /// nothing when the curve is not in the window.
-bool PlaceCurveLabel(const Chart2D& chart, int curve, double fraction, double width, double height,
-                     const MeasureText& measure, Label& label);
+bool place_curve_label(const Chart2D& chart, int curve, double fraction, double width,
+                       double height, const MeasureText& measure, Label& label);
 
 }  // namespace quor::chart

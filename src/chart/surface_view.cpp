@@ -22,7 +22,7 @@ Point3 cross(const Point3& a, const Point3& b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
-Point3 upwardUnit(Point3 n) {
+Point3 upward_unit(Point3 n) {
     const double length = std::sqrt(Camera::dot(n, n));
     if (!(length > 0)) return {0, 0, 1};
     const double factor = n.z < 0 ? -1 / length : 1 / length;
@@ -31,14 +31,14 @@ Point3 upwardUnit(Point3 n) {
 
 /// Twice the area of the projected triangle, positive where its upper side is seen (corners run
 /// counter-clockwise from above, and pixels have y down).
-double signedArea(Point2 a, Point2 b, Point2 c) {
+double signed_area(Point2 a, Point2 b, Point2 c) {
     return -((b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x));
 }
 
 /// Cells 0..count-1 of one direction, far ones first, for a viewer at `viewer`; `edge(i)` is the
 /// lower edge of cell i.
 template <class Edge>
-std::vector<int> farFirst(int count, double viewer, Edge edge) {
+std::vector<int> far_first(int count, double viewer, Edge edge) {
     std::vector<int> order;
     order.reserve(static_cast<std::size_t>(count));
     int below = 0;
@@ -48,7 +48,7 @@ std::vector<int> farFirst(int count, double viewer, Edge edge) {
     return order;
 }
 
-std::vector<int> rankOf(const std::vector<int>& order) {
+std::vector<int> rank_of(const std::vector<int>& order) {
     std::vector<int> rank(order.size());
     for (std::size_t k = 0; k < order.size(); ++k)
         rank[static_cast<std::size_t>(order[k])] = static_cast<int>(k);
@@ -89,26 +89,26 @@ SurfaceView::SurfaceView(const Chart3D& chart, const Box3D& box, const Camera& c
       camera_(camera),
       levels_(std::move(levels)),
       height_(chart.heightRatio) {
-    if (!grid_.isComplete()) return;
-    fillNodes();
-    const Point2 viewer = camera.viewerInPlan();
-    columns_ = farFirst(grid_.nx - 1, viewer.x, [&](int i) { return node(i, 0).at.x; });
-    rows_ = farFirst(grid_.ny - 1, viewer.y, [&](int j) { return node(0, j).at.y; });
-    columnRank_ = rankOf(columns_);
-    rowRank_ = rankOf(rows_);
+    if (!grid_.is_complete()) return;
+    fill_nodes();
+    const Point2 viewer = camera.viewer_in_plan();
+    columns_ = far_first(grid_.nx - 1, viewer.x, [&](int i) { return node(i, 0).at.x; });
+    rows_ = far_first(grid_.ny - 1, viewer.y, [&](int j) { return node(0, j).at.y; });
+    columnRank_ = rank_of(columns_);
+    rowRank_ = rank_of(rows_);
 }
 
-void SurfaceView::fillNodes() {
+void SurfaceView::fill_nodes() {
     nodes_.resize(grid_.z.size());
     for (int i = 0; i < grid_.nx; ++i) {
         for (int j = 0; j < grid_.ny; ++j) {
             Node& n = nodes_[grid_.at(i, j)];
             float z = grid_.z[grid_.at(i, j)];
-            if (grid_.isHole(z) && !grid_.zBehindHoles.empty())
+            if (grid_.is_hole(z) && !grid_.zBehindHoles.empty())
                 z = grid_.zBehindHoles[grid_.at(i, j)];
-            n.known = !grid_.isHole(z);
+            n.known = !grid_.is_hole(z);
             n.z = n.known ? z : box_.z.min;
-            n.at = toBox(grid_.x(i), grid_.y(j), n.z);
+            n.at = to_box(grid_.x(i), grid_.y(j), n.z);
             const auto within = [](double value, double limit) {
                 return std::abs(value) <= limit + kSlack;
             };
@@ -118,26 +118,26 @@ void SurfaceView::fillNodes() {
     }
 }
 
-Point3 SurfaceView::toBox(double x, double y, double z) const {
+Point3 SurfaceView::to_box(double x, double y, double z) const {
     const auto scaled = [](double value, const Range& range) {
         return 2 * (value - range.min) / (range.max - range.min) - 1;
     };
     return {scaled(x, box_.x), scaled(y, box_.y), height_ * scaled(z, box_.z)};
 }
 
-bool SurfaceView::isWhole(int i, int j) const {
+bool SurfaceView::is_whole(int i, int j) const {
     if (i < 0 || j < 0 || i >= grid_.nx - 1 || j >= grid_.ny - 1) return false;
     const auto good = [&](int a, int b) { return node(a, b).known && node(a, b).inside; };
     return good(i, j) && good(i + 1, j) && good(i, j + 1) && good(i + 1, j + 1);
 }
 
-bool SurfaceView::crossesLevel(double low, double high) const {
+bool SurfaceView::crosses_level(double low, double high) const {
     const auto it = std::upper_bound(levels_.begin(), levels_.end(), low);
     return it != levels_.end() && *it <= high;
 }
 
-bool SurfaceView::drawsEdgeTo(int i, int j, int neighbourI, int neighbourJ) const {
-    if (!isWhole(neighbourI, neighbourJ)) return true;
+bool SurfaceView::draws_edge_to(int i, int j, int neighbourI, int neighbourJ) const {
+    if (!is_whole(neighbourI, neighbourJ)) return true;
     const auto rank = [](const std::vector<int>& ranks, int k) {
         return ranks[static_cast<std::size_t>(k)];
     };
@@ -150,10 +150,10 @@ SurfaceView::Cell SurfaceView::cell(int i, int j) const {
         const Node& n = node(a, b);
         return PieceCorner{n.at, n.z, n.pixel, edge, drawn, line};
     };
-    return {corner(i, j, EdgeKind::ConstY, j, drawsEdgeTo(i, j, i, j - 1)),
-            corner(i + 1, j, EdgeKind::ConstX, i + 1, drawsEdgeTo(i, j, i + 1, j)),
-            corner(i + 1, j + 1, EdgeKind::ConstY, j + 1, drawsEdgeTo(i, j, i, j + 1)),
-            corner(i, j + 1, EdgeKind::ConstX, i, drawsEdgeTo(i, j, i - 1, j))};
+    return {corner(i, j, EdgeKind::ConstY, j, draws_edge_to(i, j, i, j - 1)),
+            corner(i + 1, j, EdgeKind::ConstX, i + 1, draws_edge_to(i, j, i + 1, j)),
+            corner(i + 1, j + 1, EdgeKind::ConstY, j + 1, draws_edge_to(i, j, i, j + 1)),
+            corner(i, j + 1, EdgeKind::ConstX, i, draws_edge_to(i, j, i - 1, j))};
 }
 
 int SurfaceView::triangles(int i, int j, std::array<std::array<PieceCorner, 3>, 2>& parts) const {
@@ -182,7 +182,7 @@ int SurfaceView::triangles(int i, int j, std::array<std::array<PieceCorner, 3>, 
     parts[0] = triangle(start, EdgeKind::Inner);
     parts[1] = triangle(start + 2, EdgeKind::Inner);
     // The corner in the middle of each part tells on which side of the diagonal it lies.
-    const Point2 viewer = camera_.viewerInPlan();
+    const Point2 viewer = camera_.viewer_in_plan();
     const Point3& a = corners[start].at;
     const Point3& b = corners[start + 2].at;
     const auto side = [&](double x, double y) {
@@ -193,9 +193,9 @@ int SurfaceView::triangles(int i, int j, std::array<std::array<PieceCorner, 3>, 
     return 2;
 }
 
-void SurfaceView::paintClipped(std::span<const PieceCorner> corners,
-                               const PaintPiece& paint) const {
-    const Point3 normal = upwardUnit(
+void SurfaceView::paint_clipped(std::span<const PieceCorner> corners,
+                                const PaintPiece& paint) const {
+    const Point3 normal = upward_unit(
         cross(difference(corners[1].at, corners[0].at), difference(corners[2].at, corners[0].at)));
     const bool fromTop = camera_.sees(corners[0].at, normal);
     const auto inside = [&](const PieceCorner& c) {
@@ -224,47 +224,47 @@ void SurfaceView::paintClipped(std::span<const PieceCorner> corners,
     if (rest.size() >= 3) paint({rest, normal, fromTop});
 }
 
-void SurfaceView::paintCell(int i, int j, const PaintPiece& paint) const {
+void SurfaceView::paint_cell(int i, int j, const PaintPiece& paint) const {
     std::array<std::array<PieceCorner, 3>, 2> parts;
-    if (isWhole(i, j)) {
+    if (is_whole(i, j)) {
         const Cell corners = cell(i, j);
         const auto [low, high] =
             std::minmax({corners[0].z, corners[1].z, corners[2].z, corners[3].z});
         const auto area = [&](std::size_t a, std::size_t b, std::size_t c) {
-            return signedArea(corners[a].pixel, corners[b].pixel, corners[c].pixel);
+            return signed_area(corners[a].pixel, corners[b].pixel, corners[c].pixel);
         };
         // A cell that shows the same side everywhere is one polygon; a folded one is two.
         const bool top = area(0, 1, 2) >= 0;
         const bool oneSide = (area(2, 3, 0) >= 0) == top && (area(1, 2, 3) >= 0) == top &&
                              (area(3, 0, 1) >= 0) == top;
-        if (oneSide && !crossesLevel(low, high)) {
-            const Point3 normal = upwardUnit(cross(difference(corners[2].at, corners[0].at),
-                                                   difference(corners[3].at, corners[1].at)));
+        if (oneSide && !crosses_level(low, high)) {
+            const Point3 normal = upward_unit(cross(difference(corners[2].at, corners[0].at),
+                                                    difference(corners[3].at, corners[1].at)));
             paint({corners, normal, top});
             return;
         }
     }
     const int count = triangles(i, j, parts);
-    for (int k = 0; k < count; ++k) paintClipped(parts[static_cast<std::size_t>(k)], paint);
+    for (int k = 0; k < count; ++k) paint_clipped(parts[static_cast<std::size_t>(k)], paint);
 }
 
-void SurfaceView::forEachPiece(const PaintPiece& paint) const {
+void SurfaceView::for_each_piece(const PaintPiece& paint) const {
     for (const int j : rows_)
-        for (const int i : columns_) paintCell(i, j, paint);
+        for (const int i : columns_) paint_cell(i, j, paint);
 }
 
-std::optional<PickedPlace> SurfaceView::pickTriangle(
+std::optional<PickedPlace> SurfaceView::pick_triangle(
     const std::array<const PieceCorner*, 3>& corners, Point2 pixel) const {
-    const double whole = signedArea(corners[0]->pixel, corners[1]->pixel, corners[2]->pixel);
+    const double whole = signed_area(corners[0]->pixel, corners[1]->pixel, corners[2]->pixel);
     if (std::abs(whole) < 1e-12) return std::nullopt;
     std::array<double, 3> share{};
     double sum = 0;
     for (std::size_t k = 0; k < 3; ++k) {
         share[k] =
-            signedArea(pixel, corners[(k + 1) % 3]->pixel, corners[(k + 2) % 3]->pixel) / whole;
+            signed_area(pixel, corners[(k + 1) % 3]->pixel, corners[(k + 2) % 3]->pixel) / whole;
         if (share[k] < -1e-9) return std::nullopt;
         // Shares of the picture become shares of the triangle in space.
-        share[k] /= camera_.depthFactor(corners[k]->at);
+        share[k] /= camera_.depth_factor(corners[k]->at);
         sum += share[k];
     }
     Point3 at;
@@ -281,9 +281,9 @@ std::optional<PickedPlace> SurfaceView::pickTriangle(
     return PickedPlace{value(at.x, box_.x), value(at.y, box_.y), z, camera_.nearness(at)};
 }
 
-bool SurfaceView::mayCover(int i, int j, Point2 pixel) const {
+bool SurfaceView::may_cover(int i, int j, Point2 pixel) const {
     // Corners outside the box may stand behind the viewer; only whole cells have a sure extent.
-    if (!isWhole(i, j)) return true;
+    if (!is_whole(i, j)) return true;
     const std::array corners{node(i, j).pixel, node(i + 1, j).pixel, node(i, j + 1).pixel,
                              node(i + 1, j + 1).pixel};
     const auto [left, right] =
@@ -298,19 +298,19 @@ std::optional<PickedPlace> SurfaceView::pick(Point2 pixel) const {
     const auto test = [&](const Piece& piece) {
         const auto& c = piece.corners;
         for (std::size_t k = 2; k < c.size(); ++k)
-            if (auto place = pickTriangle({&c[0], &c[k - 1], &c[k]}, pixel)) found = place;
+            if (auto place = pick_triangle({&c[0], &c[k - 1], &c[k]}, pixel)) found = place;
     };
     for (auto row = rows_.rbegin(); row != rows_.rend(); ++row) {
         for (auto column = columns_.rbegin(); column != columns_.rend(); ++column) {
-            if (mayCover(*column, *row, pixel)) paintCell(*column, *row, test);
+            if (may_cover(*column, *row, pixel)) paint_cell(*column, *row, test);
             if (found) return found;
         }
     }
     return found;
 }
 
-std::vector<PieceCorner> BetweenLevels(std::span<const PieceCorner> corners, double low,
-                                       double high, const Camera& camera) {
+std::vector<PieceCorner> between_levels(std::span<const PieceCorner> corners, double low,
+                                        double high, const Camera& camera) {
     std::vector<PieceCorner> rest(corners.begin(), corners.end());
     cut(
         rest, [low](const PieceCorner& c) { return c.z - low; }, EdgeKind::Inner, camera);
@@ -319,8 +319,8 @@ std::vector<PieceCorner> BetweenLevels(std::span<const PieceCorner> corners, dou
     return rest;
 }
 
-std::optional<std::array<Point3, 2>> LevelSegment(std::span<const PieceCorner> corners,
-                                                  double level) {
+std::optional<std::array<Point3, 2>> level_segment(std::span<const PieceCorner> corners,
+                                                   double level) {
     std::array<Point3, 2> ends;
     std::size_t found = 0;
     for (std::size_t k = 0; k < corners.size() && found < 2; ++k) {

@@ -57,13 +57,13 @@ class SurfaceView {
                 std::vector<double> levels);
 
     /// Calls `paint` for every piece, far ones first. Nothing for an incomplete grid.
-    void forEachPiece(const PaintPiece& paint) const;
+    void for_each_piece(const PaintPiece& paint) const;
 
     /// The nearest place of the surface at a pixel.
     std::optional<PickedPlace> pick(Point2 pixel) const;
 
     /// A place in data units as a place in the box.
-    Point3 toBox(double x, double y, double z) const;
+    Point3 to_box(double x, double y, double z) const;
     /// Half the height of the box.
     double height() const { return height_; }
 
@@ -77,19 +77,19 @@ class SurfaceView {
     };
     using Cell = std::array<PieceCorner, 4>;
 
-    void fillNodes();
+    void fill_nodes();
     const Node& node(int i, int j) const { return nodes_[grid_.at(i, j)]; }
-    bool isWhole(int i, int j) const;
-    bool crossesLevel(double low, double high) const;
-    bool drawsEdgeTo(int i, int j, int neighbourI, int neighbourJ) const;
+    bool is_whole(int i, int j) const;
+    bool crosses_level(double low, double high) const;
+    bool draws_edge_to(int i, int j, int neighbourI, int neighbourJ) const;
     Cell cell(int i, int j) const;
     /// The triangles of a cell, that on the viewer's side last; one or none beside a hole.
     int triangles(int i, int j, std::array<std::array<PieceCorner, 3>, 2>& parts) const;
-    void paintCell(int i, int j, const PaintPiece& paint) const;
-    void paintClipped(std::span<const PieceCorner> corners, const PaintPiece& paint) const;
-    std::optional<PickedPlace> pickTriangle(const std::array<const PieceCorner*, 3>& corners,
-                                            Point2 pixel) const;
-    bool mayCover(int i, int j, Point2 pixel) const;
+    void paint_cell(int i, int j, const PaintPiece& paint) const;
+    void paint_clipped(std::span<const PieceCorner> corners, const PaintPiece& paint) const;
+    std::optional<PickedPlace> pick_triangle(const std::array<const PieceCorner*, 3>& corners,
+                                             Point2 pixel) const;
+    bool may_cover(int i, int j, Point2 pixel) const;
 
     const SurfaceGrid& grid_;
     Box3D box_;
@@ -103,11 +103,11 @@ class SurfaceView {
 
 /// A flat convex polygon cut down to the part between two levels of z; empty where it lies outside.
 /// New edges along a cut are `Inner`.
-std::vector<PieceCorner> BetweenLevels(std::span<const PieceCorner> corners, double low,
-                                       double high, const Camera& camera);
+std::vector<PieceCorner> between_levels(std::span<const PieceCorner> corners, double low,
+                                        double high, const Camera& camera);
 
 /// The segment in which a flat convex polygon has this z, if any.
-std::optional<std::array<Point3, 2>> LevelSegment(std::span<const PieceCorner> corners,
-                                                  double level);
+std::optional<std::array<Point3, 2>> level_segment(std::span<const PieceCorner> corners,
+                                                   double level);
 
 }  // namespace quor::chart

@@ -6,29 +6,29 @@ namespace quor::chart {
 
 namespace {
 
-bool isDigit(char c) {
+bool is_digit(char c) {
     return c >= '0' && c <= '9';
 }
 
-bool isMantissa(std::string_view s) {
+bool is_mantissa(std::string_view s) {
     if (!s.empty() && s.front() == '-') s.remove_prefix(1);
-    return !s.empty() && isDigit(s.front()) && std::all_of(s.begin(), s.end(), [](char c) {
-        return isDigit(c) || c == '.' || c == ',';
+    return !s.empty() && is_digit(s.front()) && std::all_of(s.begin(), s.end(), [](char c) {
+        return is_digit(c) || c == '.' || c == ',';
     });
 }
 
-bool isWholeNumber(std::string_view s) {
+bool is_whole_number(std::string_view s) {
     if (!s.empty() && s.front() == '-') s.remove_prefix(1);
-    return !s.empty() && std::all_of(s.begin(), s.end(), isDigit);
+    return !s.empty() && std::all_of(s.begin(), s.end(), is_digit);
 }
 
 }  // namespace
 
-std::optional<PowerText> AsPower(const std::string& text) {
+std::optional<PowerText> as_power(const std::string& text) {
     const auto mark = text.find('e');
     if (mark == std::string::npos) return std::nullopt;
     const std::string mantissa = text.substr(0, mark), exponent = text.substr(mark + 1);
-    if (!isMantissa(mantissa) || !isWholeNumber(exponent)) return std::nullopt;
+    if (!is_mantissa(mantissa) || !is_whole_number(exponent)) return std::nullopt;
     return PowerText{mantissa == "1" ? "" : mantissa, exponent};
 }
 

@@ -24,6 +24,6 @@ struct PowerText {
 };
 
 /// The parts of a text that is a number in power form, else nothing.
-std::optional<PowerText> AsPower(const std::string& text);
+std::optional<PowerText> as_power(const std::string& text);
 
 }  // namespace quor::chart

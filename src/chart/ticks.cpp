@@ -17,16 +17,16 @@ constexpr std::size_t kMaxMultiples = 2000;
 constexpr int kMaxDecimals = 15;
 
 /// Next of 1, 2, 5 times a power of ten above `step`.
-double nextStep(double step) {
-    return NiceStep(step * 1.5);
+double next_step(double step) {
+    return nice_step(step * 1.5);
 }
 
-int exponentOf(double value) {
+int exponent_of(double value) {
     return static_cast<int>(std::floor(std::log10(value) + 1e-9));
 }
 
 /// Digits behind the mark that a multiple of `step` needs.
-int decimalsOf(double step) {
+int decimals_of(double step) {
     for (int digits = 0; digits < kMaxDecimals; ++digits) {
         const double scaled = step * std::pow(10.0, digits);
         if (std::abs(scaled - std::round(scaled)) < 1e-6 * scaled) return digits;
@@ -42,9 +42,9 @@ std::string printed(double value, int decimals, char conversion) {
 }
 
 /// "1.500e+06" becomes "1.5e6"; digits given by the user stay.
-std::string powerText(double value, double step, int decimals) {
-    const int exponent = exponentOf(std::abs(value));
-    const int digits = decimals >= 0 ? decimals : decimalsOf(step / std::pow(10.0, exponent));
+std::string power_text(double value, double step, int decimals) {
+    const int exponent = exponent_of(std::abs(value));
+    const int digits = decimals >= 0 ? decimals : decimals_of(step / std::pow(10.0, exponent));
     std::string text = printed(value, std::min(digits, kMaxDecimals), 'e');
     const auto mark = text.find('e');
     const int power = std::atoi(text.c_str() + mark + 1);
@@ -56,7 +56,7 @@ std::string powerText(double value, double step, int decimals) {
     return mantissa + "e" + std::to_string(power);
 }
 
-std::string withLocaleMark(std::string text) {
+std::string with_locale_mark(std::string text) {
     std::replace(text.begin(), text.end(), '.', numbers::decimal_mark());
     return text;
 }
@@ -96,15 +96,15 @@ double largest(const TickRequest& r) {
 
 std::vector<Tick> linearTicks(const TickRequest& r, double step) {
     std::vector<Tick> ticks;
-    for (const double value : Multiples(r.min, r.max, step))
-        ticks.push_back({value, AxisNumber(value, step, largest(r), r.decimals)});
+    for (const double value : multiples(r.min, r.max, step))
+        ticks.push_back({value, axis_number(value, step, largest(r), r.decimals)});
     return ticks;
 }
 
 /// Takes numbers away, leaving those at every 2nd, 5th, 10th ... tick, until none overlap.
-void thinNumbers(std::vector<Tick>& ticks, double step, const Scale& scale) {
+void thin_numbers(std::vector<Tick>& ticks, double step, const Scale& scale) {
     const std::vector<Tick> all = ticks;
-    for (double every = 2; !scale.fits(ticks) && every < 1e5; every = nextStep(every)) {
+    for (double every = 2; !scale.fits(ticks) && every < 1e5; every = next_step(every)) {
         for (std::size_t i = 0; i < all.size(); ++i) {
             const double index = std::round(all[i].value / step);
             ticks[i].text = std::fmod(index, every) == 0 ? all[i].text : std::string();
@@ -114,63 +114,64 @@ void thinNumbers(std::vector<Tick>& ticks, double step, const Scale& scale) {
     for (std::size_t i = 1; i < ticks.size(); ++i) ticks[i].text.clear();
 }
 
-std::vector<double> linearMinor(const TickRequest& r, double step) {
-    const double mantissa = step / std::pow(10.0, exponentOf(step));
+std::vector<double> linear_minor(const TickRequest& r, double step) {
+    const double mantissa = step / std::pow(10.0, exponent_of(step));
     const double parts = std::abs(mantissa - 2) < 0.01 ? 4 : 5;
     std::vector<double> minor;
-    for (const double value : Multiples(r.min, r.max, step / parts)) {
+    for (const double value : multiples(r.min, r.max, step / parts)) {
         const double position = value / step;
         if (std::abs(position - std::round(position)) > 1e-6) minor.push_back(value);
     }
     return minor;
 }
 
-Ticks makeLinear(const TickRequest& r) {
+Ticks make_linear(const TickRequest& r) {
     const Scale scale(r);
     const double wanted = r.spacing;
     const double count = wanted > 0 ? (r.max - r.min) / wanted : 0;
     if (wanted > 0 && count <= kMaxTicks) {
-        Ticks ticks{linearTicks(r, wanted), linearMinor(r, wanted)};
-        thinNumbers(ticks.major, wanted, scale);
+        Ticks ticks{linearTicks(r, wanted), linear_minor(r, wanted)};
+        thin_numbers(ticks.major, wanted, scale);
         return ticks;
     }
     const double parts = std::clamp(r.length / r.distance, 2.0, 10.0);
-    double step = NiceStep((r.max - r.min) / parts);
+    double step = nice_step((r.max - r.min) / parts);
     std::vector<Tick> ticks = linearTicks(r, step);
     while (!scale.fits(ticks) && step < r.max - r.min) {
-        step = nextStep(step);
+        step = next_step(step);
         ticks = linearTicks(r, step);
     }
-    thinNumbers(ticks, step, scale);
-    return {std::move(ticks), linearMinor(r, step)};
+    thin_numbers(ticks, step, scale);
+    return {std::move(ticks), linear_minor(r, step)};
 }
 
-std::string logNumber(const TickRequest& r, double value, int exponent) {
+std::string log_number(const TickRequest& r, double value, int exponent) {
     // Powers only where plain numbers grow long; the whole axis then shows powers.
     const bool powers = r.max >= 1e6 || r.min < 0.9e-4;
-    if (powers) return withLocaleMark(powerText(value, std::pow(10.0, exponent), r.decimals));
+    if (powers) return with_locale_mark(power_text(value, std::pow(10.0, exponent), r.decimals));
     const int digits = r.decimals >= 0 ? r.decimals : std::max(0, -exponent);
-    return withLocaleMark(printed(value, std::min(digits, kMaxDecimals), 'f'));
+    return with_locale_mark(printed(value, std::min(digits, kMaxDecimals), 'f'));
 }
 
 /// Ticks at `factors` times every `every`-th power of ten.
-std::vector<Tick> decadeTicks(const TickRequest& r, std::initializer_list<int> factors, int every) {
+std::vector<Tick> decade_ticks(const TickRequest& r, std::initializer_list<int> factors,
+                               int every) {
     std::vector<Tick> ticks;
-    const int first = exponentOf(r.min) - 1, last = exponentOf(r.max) + 1;
+    const int first = exponent_of(r.min) - 1, last = exponent_of(r.max) + 1;
     for (int exponent = first; exponent <= last; ++exponent) {
         if (exponent % every != 0) continue;
         for (const int factor : factors) {
             const double value = factor * std::pow(10.0, exponent);
             if (value < r.min * (1 - 1e-9) || value > r.max * (1 + 1e-9)) continue;
-            ticks.push_back({value, logNumber(r, value, exponent)});
+            ticks.push_back({value, log_number(r, value, exponent)});
         }
     }
     return ticks;
 }
 
-std::vector<double> logMinor(const TickRequest& r, int every) {
+std::vector<double> log_minor(const TickRequest& r, int every) {
     std::vector<double> minor;
-    for (int exponent = exponentOf(r.min) - 1; exponent <= exponentOf(r.max); ++exponent) {
+    for (int exponent = exponent_of(r.min) - 1; exponent <= exponent_of(r.max); ++exponent) {
         for (int factor = 1; factor < 10; ++factor) {
             if (factor == 1 && exponent % every == 0) continue;
             if (factor > 1 && every > 1) continue;
@@ -182,30 +183,30 @@ std::vector<double> logMinor(const TickRequest& r, int every) {
 }
 
 /// Over less than about a decade: linear multiples, as fine as their room on the axis allows.
-Ticks makeShortLogarithmic(const TickRequest& r) {
+Ticks make_short_logarithmic(const TickRequest& r) {
     const Scale scale(r);
     const double parts = std::clamp(r.length / r.distance, 2.0, 8.0);
-    double step = NiceStep((r.max - r.min) / parts / 2);
+    double step = nice_step((r.max - r.min) / parts / 2);
     std::vector<Tick> ticks = linearTicks(r, step);
     while (!scale.fits(ticks) && step < r.max - r.min) {
-        step = nextStep(step);
+        step = next_step(step);
         ticks = linearTicks(r, step);
     }
-    thinNumbers(ticks, step, scale);
+    thin_numbers(ticks, step, scale);
     return {std::move(ticks), {}};
 }
 
-Ticks makeLogarithmic(const TickRequest& r) {
+Ticks make_logarithmic(const TickRequest& r) {
     const double decades = std::log10(r.max / r.min);
-    if (decades < 1.2) return makeShortLogarithmic(r);
+    if (decades < 1.2) return make_short_logarithmic(r);
     const Scale scale(r);
-    std::vector<Tick> fine = decadeTicks(r, {1, 2, 5}, 1);
-    if (fine.size() <= 10 && scale.fits(fine)) return {std::move(fine), logMinor(r, 1)};
+    std::vector<Tick> fine = decade_ticks(r, {1, 2, 5}, 1);
+    if (fine.size() <= 10 && scale.fits(fine)) return {std::move(fine), log_minor(r, 1)};
     for (int every = 1; every <= 700; ++every) {
-        std::vector<Tick> ticks = decadeTicks(r, {1}, every);
-        if (ticks.size() <= 12 && scale.fits(ticks)) return {std::move(ticks), logMinor(r, every)};
+        std::vector<Tick> ticks = decade_ticks(r, {1}, every);
+        if (ticks.size() <= 12 && scale.fits(ticks)) return {std::move(ticks), log_minor(r, every)};
     }
-    return makeShortLogarithmic(r);
+    return make_short_logarithmic(r);
 }
 
 bool usable(const TickRequest& r) {
@@ -215,12 +216,12 @@ bool usable(const TickRequest& r) {
 
 }  // namespace
 
-Ticks MakeTicks(const TickRequest& request) {
+Ticks make_ticks(const TickRequest& request) {
     if (!usable(request)) return {};
-    return request.logarithmic ? makeLogarithmic(request) : makeLinear(request);
+    return request.logarithmic ? make_logarithmic(request) : make_linear(request);
 }
 
-double NiceStep(double rough) {
+double nice_step(double rough) {
     if (!(rough > 0) || !std::isfinite(rough)) return 1;
     const double power = std::pow(10.0, std::floor(std::log10(rough)));
     for (const double factor : {1.0, 2.0, 5.0})
@@ -228,7 +229,7 @@ double NiceStep(double rough) {
     return 10 * power;
 }
 
-std::vector<double> Multiples(double min, double max, double step) {
+std::vector<double> multiples(double min, double max, double step) {
     std::vector<double> values;
     if (!(step > 0) || !(min < max)) return values;
     const double first = std::ceil(min / step - 1e-6), last = std::floor(max / step + 1e-6);
@@ -238,21 +239,21 @@ std::vector<double> Multiples(double min, double max, double step) {
     return values;
 }
 
-std::string AxisNumber(double value, double step, double largest, int decimals) {
+std::string axis_number(double value, double step, double largest, int decimals) {
     if (!std::isfinite(value)) return {};
-    const int digits = decimals >= 0 ? std::min(decimals, kMaxDecimals) : decimalsOf(step);
+    const int digits = decimals >= 0 ? std::min(decimals, kMaxDecimals) : decimals_of(step);
     const bool powers = largest >= 1e6 || (decimals < 0 && digits > 5);
     if (powers && value == 0) return "0";
-    if (powers) return withLocaleMark(powerText(value, step, decimals));
-    return withLocaleMark(printed(value, digits, 'f'));
+    if (powers) return with_locale_mark(power_text(value, step, decimals));
+    return with_locale_mark(printed(value, digits, 'f'));
 }
 
-NiceWindow MakeNiceWindow(double min, double max, bool logarithmic) {
+NiceWindow make_nice_window(double min, double max, bool logarithmic) {
     if (logarithmic && min > 0 && max > 0) {
         if (max / min < 1.0001) return {min / 2, max * 2};
         const double decades = std::log10(max / min);
         if (decades < 1) {
-            const NiceWindow linear = MakeNiceWindow(min, max, false);
+            const NiceWindow linear = make_nice_window(min, max, false);
             return {linear.min > 0 ? linear.min : min, linear.max};
         }
         return {std::pow(10.0, std::floor(std::log10(min) + 1e-9)),
@@ -264,7 +265,7 @@ NiceWindow MakeNiceWindow(double min, double max, bool logarithmic) {
         min -= span / 2;
         max += span / 2;
     }
-    const double step = NiceStep(span / 10);
+    const double step = nice_step(span / 10);
     return {std::floor(min / step + 1e-9) * step, std::ceil(max / step - 1e-9) * step};
 }
 

@@ -33,24 +33,24 @@ struct Ticks {
 /// Ticks at multiples of 1, 2 or 5 times a power of ten, or of the wanted spacing; on a
 /// logarithmic axis over more than a decade at powers of ten. Never more than some hundred: a
 /// spacing too small for the window falls back to the automatic one.
-Ticks MakeTicks(const TickRequest& request);
+Ticks make_ticks(const TickRequest& request);
 
 /// Least of 1, 2, 5 times a power of ten that is not below `rough` > 0.
-double NiceStep(double rough);
+double nice_step(double rough);
 
 /// Multiples of `step` in the window, those within a millionth of a step of its ends included;
 /// empty when they were more than 2000.
-std::vector<double> Multiples(double min, double max, double step);
+std::vector<double> multiples(double min, double max, double step);
 
 /// The number of an axis: `decimals` digits, or as many as multiples of `step` need when it is
 /// negative. Powers ("2e6") where the largest number of the axis, `largest`, is from 1e6 up, or
 /// where more than 5 digits behind the mark are needed. With the locale's decimal mark.
-std::string AxisNumber(double value, double step, double largest, int decimals);
+std::string axis_number(double value, double step, double largest, int decimals);
 
 /// A window of round numbers around [min, max]. Equal limits are set apart.
 struct NiceWindow {
     double min, max;
 };
-NiceWindow MakeNiceWindow(double min, double max, bool logarithmic);
+NiceWindow make_nice_window(double min, double max, bool logarithmic);
 
 }  // namespace quor::chart

@@ -63,21 +63,21 @@ class WmfWriter : public Writer {
   public:
     explicit WmfWriter(const MetaSize& size) : size_(size) {
         put(kSetMapMode, [](Bytes& b) { b.u16(kAnisotropic); });
-        putPair(kSetWindowOrg, 0, 0);
-        putPair(kSetWindowExt, size.height, size.width);
+        put_pair(kSetWindowOrg, 0, 0);
+        put_pair(kSetWindowExt, size.height, size.width);
         put(kSetBkMode, [](Bytes& b) { b.u16(kTransparentBackground); });
         put(kSetTextAlign, [](Bytes& b) { b.u16(kAlignBaseline); });
         put(kSaveDc, [](Bytes&) {});
     }
 
     void polyline(std::span<const MetaPoint> points, const MetaPen& pen) override {
-        usePen(pen);
+        use_pen(pen);
         // A line longer than a record goes on in the next one from the same point.
         for (std::size_t first = 0; first + 1 < points.size(); first += kMostPoints - 1) {
             const auto part = points.subspan(first, std::min(kMostPoints, points.size() - first));
             put(kPolyline, [&](Bytes& b) {
                 b.u16(static_cast<std::uint32_t>(part.size()));
-                for (const MetaPoint& p : part) putPoint(b, p);
+                for (const MetaPoint& p : part) put_point(b, p);
             });
         }
     }
@@ -87,25 +87,25 @@ class WmfWriter : public Writer {
         for (const Polygon& polygon : polygons)
             if (polygon.size() >= 3 && polygon.size() <= kMostPoints) used.push_back(&polygon);
         if (used.empty()) return;
-        useNoPen();
-        useBrush(OnPaper(colour));
-        useMode(kSetPolyFillMode, winding ? kFillWinding : kFillAlternate, fillMode_);
+        use_no_pen();
+        use_brush(on_paper(colour));
+        use_mode(kSetPolyFillMode, winding ? kFillWinding : kFillAlternate, fillMode_);
         const bool translucent = colour.a < 255;
-        if (translucent) useMode(kSetRop2, kMaskPen, rop_);
+        if (translucent) use_mode(kSetRop2, kMaskPen, rop_);
         put(kPolyPolygon, [&](Bytes& b) {
             b.u16(static_cast<std::uint32_t>(used.size()));
             for (const Polygon* polygon : used) b.u16(static_cast<std::uint32_t>(polygon->size()));
             for (const Polygon* polygon : used)
-                for (const MetaPoint& p : *polygon) putPoint(b, p);
+                for (const MetaPoint& p : *polygon) put_point(b, p);
         });
-        if (translucent) useMode(kSetRop2, kCopyPen, rop_);
+        if (translucent) use_mode(kSetRop2, kCopyPen, rop_);
     }
 
     void text(const MetaText& t) override {
-        const std::string bytes = text::ToAnsi(utf8(t.text));
+        const std::string bytes = text::to_ansi(utf8(t.text));
         if (bytes.empty()) return;
-        useFont(t.font);
-        const std::uint32_t colour = ColorRef(OnPaper(t.colour));
+        use_font(t.font);
+        const std::uint32_t colour = color_ref(on_paper(t.colour));
         if (textColour_ != colour) {
             textColour_ = colour;
             put(kSetTextColor, [&](Bytes& b) { b.u32(colour); });
@@ -116,7 +116,7 @@ class WmfWriter : public Writer {
             b.u16(static_cast<std::uint32_t>(bytes.size()));
             b.u16(0);  // options
             for (const char c : bytes) b.u8(static_cast<std::uint8_t>(c));
-            b.padTo(2);
+            b.pad_to(2);
             for (const std::int32_t advance : t.advances) b.i16(short16(advance));
         });
     }
@@ -124,7 +124,7 @@ class WmfWriter : public Writer {
     void clip(const std::optional<MetaRect>& rect) override {
         put(kRestoreDc, [](Bytes& b) { b.i16(-1); });
         put(kSaveDc, [](Bytes&) {});
-        forgetState();
+        forget_state();
         if (!rect) return;
         put(kIntersectClipRect, [&](Bytes& b) {
             b.i16(short16(rect->bottom));
@@ -136,7 +136,7 @@ class WmfWriter : public Writer {
 
     /// Only characters of the code page 1252, one byte each.
     bool holds(const std::u16string& text) const override {
-        const std::string bytes = text::ToAnsi(utf8(text));
+        const std::string bytes = text::to_ansi(utf8(text));
         const auto marks = [](const auto& s) { return std::count(s.begin(), s.end(), '?'); };
         return bytes.size() == text.size() && marks(bytes) == marks(text);
     }
@@ -144,7 +144,7 @@ class WmfWriter : public Writer {
     std::vector<std::uint8_t> finish() override {
         put(kRestoreDc, [](Bytes& b) { b.i16(-1); });
         put(kEof, [](Bytes&) {});
-        Bytes file = placeableHeader();
+        Bytes file = placeable_header();
         constexpr std::uint32_t kHeaderWords = 9;
         file.u16(1);
         file.u16(kHeaderWords);
@@ -162,7 +162,7 @@ class WmfWriter : public Writer {
     void put(Record function, Fill fillIn) {
         Bytes data;
         fillIn(data);
-        data.padTo(2);
+        data.pad_to(2);
         const auto words = static_cast<std::uint32_t>((data.size() + 6) / 2);
         largestRecord_ = std::max(largestRecord_, words);
         body_.u32(words);
@@ -170,17 +170,17 @@ class WmfWriter : public Writer {
         body_.append(data);
     }
 
-    static void putPoint(Bytes& b, const MetaPoint& p) {
+    static void put_point(Bytes& b, const MetaPoint& p) {
         b.i16(short16(p.x));
         b.i16(short16(p.y));
     }
-    void putPair(Record function, std::int32_t first, std::int32_t second) {
+    void put_pair(Record function, std::int32_t first, std::int32_t second) {
         put(function, [&](Bytes& b) {
             b.i16(short16(first));
             b.i16(short16(second));
         });
     }
-    void useMode(Record function, std::uint32_t value, std::optional<std::uint32_t>& current) {
+    void use_mode(Record function, std::uint32_t value, std::optional<std::uint32_t>& current) {
         if (current == value) return;
         current = value;
         put(function, [&](Bytes& b) { b.u16(value); });
@@ -201,35 +201,35 @@ class WmfWriter : public Writer {
         place = fresh;
     }
 
-    void createPen(std::uint32_t style, std::int32_t width, Colour colour) {
+    void create_pen(std::uint32_t style, std::int32_t width, Colour colour) {
         exchange(penPlace_, kCreatePen, [&](Bytes& b) {
             b.u16(style);
             b.i16(short16(width));
             b.i16(0);
-            b.u32(ColorRef(colour));
+            b.u32(color_ref(colour));
         });
     }
-    void usePen(const MetaPen& pen) {
+    void use_pen(const MetaPen& pen) {
         if (pen_ == pen && !nullPen_) return;
         pen_ = pen;
         nullPen_ = false;
-        createPen(0, std::max(pen.width, 1), OnPaper(pen.colour));
+        create_pen(0, std::max(pen.width, 1), on_paper(pen.colour));
     }
-    void useNoPen() {
+    void use_no_pen() {
         if (nullPen_) return;
         nullPen_ = true;
-        createPen(kPenNull, 0, kWhite);
+        create_pen(kPenNull, 0, kWhite);
     }
-    void useBrush(Colour colour) {
+    void use_brush(Colour colour) {
         if (brush_ == colour) return;
         brush_ = colour;
         exchange(brushPlace_, kCreateBrush, [&](Bytes& b) {
             b.u16(kBrushSolid);
-            b.u32(ColorRef(colour));
+            b.u32(color_ref(colour));
             b.u16(0);  // hatch
         });
     }
-    void useFont(const MetaFont& font) {
+    void use_font(const MetaFont& font) {
         if (font_ == font) return;
         font_ = font;
         exchange(fontPlace_, kCreateFont, [&](Bytes& b) {
@@ -240,14 +240,14 @@ class WmfWriter : public Writer {
             b.u16(font.bold ? kBoldWeight : kNormalWeight);
             b.u8(font.italic ? 1 : 0);
             b.zeros(7);  // no lines, character set 0, precisions, quality, pitch
-            const std::string name = text::ToAnsi(font.family).substr(0, 31);
+            const std::string name = text::to_ansi(font.family).substr(0, 31);
             for (const char c : name) b.u8(static_cast<std::uint8_t>(c));
             b.u8(0);
         });
     }
 
     /// After a restore of the device context its initial objects are selected.
-    void forgetState() {
+    void forget_state() {
         pen_.reset();
         nullPen_ = false;
         brush_.reset();
@@ -257,7 +257,7 @@ class WmfWriter : public Writer {
         textColour_.reset();
     }
 
-    Bytes placeableHeader() const {
+    Bytes placeable_header() const {
         Bytes b;
         b.u32(kPlaceableKey);
         b.u16(0);
@@ -289,7 +289,7 @@ class WmfWriter : public Writer {
 
 }  // namespace
 
-std::unique_ptr<Writer> MakeWmfWriter(const MetaSize& size) {
+std::unique_ptr<Writer> make_wmf_writer(const MetaSize& size) {
     return std::make_unique<WmfWriter>(size);
 }
 

@@ -24,11 +24,11 @@ Answer Show(const Message& message) {
     return current().message(message);
 }
 
-void Tell(const std::string& text, const std::string& title, Icon icon) {
+void tell(const std::string& text, const std::string& title, Icon icon) {
     Show({.text = text, .title = title, .icon = icon});
 }
 
-bool Ask(const std::string& text, const std::string& title, Icon icon, bool defaultYes) {
+bool ask(const std::string& text, const std::string& title, Icon icon, bool defaultYes) {
     return Show({.text = text,
                  .title = title,
                  .icon = icon,
@@ -36,16 +36,16 @@ bool Ask(const std::string& text, const std::string& title, Icon icon, bool defa
                  .defaultAnswer = defaultYes ? Answer::Yes : Answer::No}) == Answer::Yes;
 }
 
-std::optional<std::string> AskInput(const Input& input) {
+std::optional<std::string> ask_input(const Input& input) {
     return current().input(input);
 }
-std::optional<std::string> ChooseFile(const FileChoice& choice) {
+std::optional<std::string> choose_file(const FileChoice& choice) {
     return current().file(choice);
 }
 void Print(const PrintJob& job) {
     current().print(job);
 }
-void SetClipboard(const std::string& text) {
+void set_clipboard(const std::string& text) {
     current().setClipboard(text);
 }
 std::string Clipboard() {

@@ -61,14 +61,14 @@ Functions silent();
 
 Answer Show(const Message& message);
 /// A box with one OK button.
-void Tell(const std::string& text, const std::string& title, Icon icon = Icon::Exclamation);
+void tell(const std::string& text, const std::string& title, Icon icon = Icon::Exclamation);
 /// A Yes/No box; true for Yes.
-bool Ask(const std::string& text, const std::string& title, Icon icon = Icon::Question,
+bool ask(const std::string& text, const std::string& title, Icon icon = Icon::Question,
          bool defaultYes = true);
-std::optional<std::string> AskInput(const Input& input);
-std::optional<std::string> ChooseFile(const FileChoice& choice);
+std::optional<std::string> ask_input(const Input& input);
+std::optional<std::string> choose_file(const FileChoice& choice);
 void Print(const PrintJob& job);
-void SetClipboard(const std::string& text);
+void set_clipboard(const std::string& text);
 std::string Clipboard();
 void Beep();
 

@@ -237,7 +237,7 @@ void set_decimal_mark(char m) {
 std::string Format(double value, std::string_view mask) {
     return format_with(value, mask, mark);
 }
-std::string FormatPoint(double value, std::string_view mask) {
+std::string format_point(double value, std::string_view mask) {
     return format_with(value, mask, '.');
 }
 
@@ -247,37 +247,37 @@ std::string General(float value) {
 std::string General(double value) {
     return general(value, 15, mark);
 }
-std::string GeneralPoint(float value) {
+std::string general_point(float value) {
     return general(static_cast<double>(value), 7, '.');
 }
-std::string GeneralPoint(double value) {
+std::string general_point(double value) {
     return general(value, 15, '.');
 }
 
-double Val(std::string_view s) {
+double val(std::string_view s) {
     return leading_number(s, false);
 }
-double ValInput(std::string_view s) {
+double val_input(std::string_view s) {
     return leading_number(s, true);
 }
 
-double RoundHalfEven(double value) {
+double round_half_even(double value) {
     return std::nearbyint(value);
 }
 
-std::int16_t ToInt16(double value) {
+std::int16_t to_int16(double value) {
     const double r = std::nearbyint(value);
     if (!(r >= -32768.0 && r <= 32767.0)) throw faults::Fault(faults::kOverflow);
     return static_cast<std::int16_t>(r);
 }
 
-std::int32_t ToInt32(double value) {
+std::int32_t to_int32(double value) {
     const double r = std::nearbyint(value);
     if (!(r >= -2147483648.0 && r <= 2147483647.0)) throw faults::Fault(faults::kOverflow);
     return static_cast<std::int32_t>(r);
 }
 
-float ToSingle(double value) {
+float to_single(double value) {
     if (!(std::fabs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
         throw faults::Fault(faults::kOverflow);
     return static_cast<float>(value);
@@ -286,11 +286,11 @@ float ToSingle(double value) {
 double Int(double value) {
     return std::floor(value);
 }
-double Round4(double value) {
+double round4(double value) {
     return std::floor(value * 10000.0 + 0.5) / 10000.0;
 }
 
-std::string CommaToPoint(std::string s) {
+std::string comma_to_point(std::string s) {
     for (char& c : s)
         if (c == ',') c = '.';
     return s;

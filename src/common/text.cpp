@@ -62,35 +62,35 @@ class Converter {
 
 }  // namespace
 
-std::string TrimRight(std::string_view s) {
+std::string trim_right(std::string_view s) {
     while (!s.empty() && is_blank(s.back())) s.remove_suffix(1);
     return std::string(s);
 }
 
-std::string TrimLeft(std::string_view s) {
+std::string trim_left(std::string_view s) {
     while (!s.empty() && is_blank(s.front())) s.remove_prefix(1);
     return std::string(s);
 }
 
-std::string Trim(std::string_view s) {
-    return TrimLeft(TrimRight(s));
+std::string trim(std::string_view s) {
+    return trim_left(trim_right(s));
 }
 
-std::string RemoveBlanks(std::string_view s) {
+std::string remove_blanks(std::string_view s) {
     std::string r;
     for (const char c : s)
         if (!is_blank(c)) r += c;
     return r;
 }
 
-std::string ReplaceAll(std::string s, std::string_view from, std::string_view to) {
+std::string replace_all(std::string s, std::string_view from, std::string_view to) {
     if (from.empty()) return s;
     for (std::size_t i = s.find(from); i != std::string::npos; i = s.find(from, i + to.size()))
         s.replace(i, from.size(), to);
     return s;
 }
 
-std::string ToUpper(std::string_view s) {
+std::string to_upper(std::string_view s) {
     std::string r(s);
     for (std::size_t i = 0; i < r.size(); ++i) {
         auto c = static_cast<unsigned char>(r[i]);
@@ -105,7 +105,7 @@ std::string ToUpper(std::string_view s) {
     return r;
 }
 
-std::vector<std::string> Split(std::string_view s, char separator) {
+std::vector<std::string> split(std::string_view s, char separator) {
     std::vector<std::string> parts;
     for (;;) {
         const std::size_t i = s.find(separator);
@@ -122,7 +122,7 @@ std::size_t Length(std::string_view s) {
     return n;
 }
 
-std::string PadRight(std::string_view s, std::size_t width) {
+std::string pad_right(std::string_view s, std::size_t width) {
     std::string r;
     std::size_t n = 0;
     for (const char c : s) {
@@ -136,24 +136,24 @@ std::string PadRight(std::string_view s, std::size_t width) {
     return r;
 }
 
-std::string PadLeft(std::string_view s, std::size_t width) {
+std::string pad_left(std::string_view s, std::size_t width) {
     const std::size_t n = Length(s);
     return (n < width ? std::string(width - n, ' ') : std::string()) + std::string(s);
 }
 
-std::string FromAnsi(std::string_view bytes) {
+std::string from_ansi(std::string_view bytes) {
     static const Converter convert("CP1252", "UTF-8");
     return convert(bytes);
 }
-std::string ToAnsi(std::string_view s) {
+std::string to_ansi(std::string_view s) {
     static const Converter convert("UTF-8", "CP1252");
     return convert(s);
 }
-std::string FromOem(std::string_view bytes) {
+std::string from_oem(std::string_view bytes) {
     static const Converter convert("CP850", "UTF-8");
     return convert(bytes);
 }
-std::string ToOem(std::string_view s) {
+std::string to_oem(std::string_view s) {
     static const Converter convert("UTF-8", "CP850");
     return convert(s);
 }

@@ -7,28 +7,28 @@
 /// Texts: trimming, code pages, fixed fields. Strings are UTF-8 in memory.
 namespace quor::text {
 
-std::string TrimRight(std::string_view s);
-std::string TrimLeft(std::string_view s);
-std::string Trim(std::string_view s);
-std::string RemoveBlanks(std::string_view s);
-std::string ReplaceAll(std::string s, std::string_view from, std::string_view to);
+std::string trim_right(std::string_view s);
+std::string trim_left(std::string_view s);
+std::string trim(std::string_view s);
+std::string remove_blanks(std::string_view s);
+std::string replace_all(std::string s, std::string_view from, std::string_view to);
 /// Upper case, with the umlauts and accented letters of Latin-1.
-std::string ToUpper(std::string_view s);
+std::string to_upper(std::string_view s);
 /// Parts between separators; an empty text gives one empty part.
-std::vector<std::string> Split(std::string_view s, char separator);
+std::vector<std::string> split(std::string_view s, char separator);
 /// Number of characters, not bytes.
 std::size_t Length(std::string_view s);
 /// The first `width` characters, padded with blanks on the right.
-std::string PadRight(std::string_view s, std::size_t width);
+std::string pad_right(std::string_view s, std::size_t width);
 /// Padded with blanks on the left; a longer text stays whole.
-std::string PadLeft(std::string_view s, std::size_t width);
+std::string pad_left(std::string_view s, std::size_t width);
 
 /// Conversions between UTF-8 and the single-byte pages of the files. What cannot be converted
 /// becomes '?'.
-std::string FromAnsi(std::string_view bytes);  ///< code page 1252 to UTF-8
-std::string ToAnsi(std::string_view s);        ///< UTF-8 to code page 1252
-std::string FromOem(std::string_view bytes);   ///< code page 850 to UTF-8
-std::string ToOem(std::string_view s);         ///< UTF-8 to code page 850
+std::string from_ansi(std::string_view bytes);  ///< code page 1252 to UTF-8
+std::string to_ansi(std::string_view s);        ///< UTF-8 to code page 1252
+std::string from_oem(std::string_view bytes);   ///< code page 850 to UTF-8
+std::string to_oem(std::string_view s);         ///< UTF-8 to code page 850
 
 /// Lines of a text with CR LF, LF or CR ends; a last line end gives no further line.
 std::vector<std::string> Lines(std::string_view s);

@@ -36,7 +36,7 @@ bool is_write_protected(const fs::path& path) {
 
 }  // namespace
 
-FileContent ReadWhole(const fs::path& path, std::size_t largest) {
+FileContent read_whole(const fs::path& path, std::size_t largest) {
     std::error_code error;
     if (!fs::is_regular_file(path, error)) return {{}, sentence(path, "was not found", {})};
     const std::uintmax_t size = fs::file_size(path, error);
@@ -55,7 +55,7 @@ FileContent ReadWhole(const fs::path& path, std::size_t largest) {
     return content;
 }
 
-std::string WriteWhole(const fs::path& path, std::string_view bytes) {
+std::string write_whole(const fs::path& path, std::string_view bytes) {
     std::error_code error;
     // A link stays a link: the file that it names is replaced.
     const fs::path target = fs::is_symlink(path, error) ? fs::weakly_canonical(path, error) : path;
@@ -84,22 +84,22 @@ std::string WriteWhole(const fs::path& path, std::string_view bytes) {
 }
 
 std::string InFolder(const std::string& name, const std::string& folder) {
-    return session::HasSeparator(name) ? name : (fs::path(folder) / name).string();
+    return session::has_separator(name) ? name : (fs::path(folder) / name).string();
 }
 
-std::string TargetPath(const std::string& name, const std::string& folder,
-                       std::string_view extension) {
-    const bool bare = session::FileTitle(name).find('.') == std::string::npos;
+std::string target_path(const std::string& name, const std::string& folder,
+                        std::string_view extension) {
+    const bool bare = session::file_title(name).find('.') == std::string::npos;
     return InFolder(bare ? name + std::string(extension) : name, folder);
 }
 
-std::string AnsiLines(const std::vector<std::string>& lines) {
+std::string ansi_lines(const std::vector<std::string>& lines) {
     std::string all;
     for (const std::string& line : lines) all += line + "\r\n";
-    return text::ToAnsi(all);
+    return text::to_ansi(all);
 }
 
-std::string OneLine(std::string s) {
+std::string one_line(std::string s) {
     for (char& c : s)
         if (c == '\r' || c == '\n' || c == '\t' || c == '\0') c = ' ';
     return s;

@@ -18,25 +18,25 @@ struct FileContent {
 };
 
 /// A regular file as a whole, at most `largest` bytes.
-FileContent ReadWhole(const std::filesystem::path& path, std::size_t largest = kLargestTextFile);
+FileContent read_whole(const std::filesystem::path& path, std::size_t largest = kLargestTextFile);
 
 /// Writes a file as a whole or not at all: beside it first, then renamed into its place, so that
 /// a crash or a full disk leaves the old content. Returns an empty text, or a sentence for the
 /// user that names the file and the reason.
-std::string WriteWhole(const std::filesystem::path& path, std::string_view bytes);
+std::string write_whole(const std::filesystem::path& path, std::string_view bytes);
 
 /// Where a file of that name is written: a name without a folder goes to `folder`; a title
 /// without a "." gets `extension` (".BAQ").
-std::string TargetPath(const std::string& name, const std::string& folder,
-                       std::string_view extension);
+std::string target_path(const std::string& name, const std::string& folder,
+                        std::string_view extension);
 
 /// The name with `folder` in front when it has none of its own.
 std::string InFolder(const std::string& name, const std::string& folder);
 
 /// Lines joined with CR LF, each one ended, in the ANSI code page.
-std::string AnsiLines(const std::vector<std::string>& lines);
+std::string ansi_lines(const std::vector<std::string>& lines);
 
 /// One line of text: line ends and tabs become blanks.
-std::string OneLine(std::string text);
+std::string one_line(std::string text);
 
 }  // namespace quor::datafiles

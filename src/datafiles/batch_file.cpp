@@ -28,39 +28,39 @@ constexpr const char* kWarning = "WARNING";
 constexpr std::size_t kHeadLines = 4;
 
 BatchDataSet read_set(std::string_view line) {
-    const std::vector<std::string> cells = text::Split(line, ',');
+    const std::vector<std::string> cells = text::split(line, ',');
     const auto cell = [&](std::size_t i) {
         return i < cells.size() ? std::string_view(cells[i]) : "";
     };
     BatchDataSet set;
-    set.T = CellNumber(cell(0));
-    set.p = CellNumber(cell(1));
-    set.rhoL = CellSingle(cell(2));
-    set.rhoV = CellSingle(cell(3));
-    set.hLV = CellSingle(cell(4));
-    set.cp = CellSingle(cell(5));
+    set.T = cell_number(cell(0));
+    set.p = cell_number(cell(1));
+    set.rhoL = cell_single(cell(2));
+    set.rhoV = cell_single(cell(3));
+    set.hLV = cell_single(cell(4));
+    set.cp = cell_single(cell(5));
     return set;
 }
 
 std::string set_line(const BatchDataSet& s) {
-    return Exact(s.T) + "," + Exact(s.p) + "," + Exact(s.rhoL) + "," + Exact(s.rhoV) + "," +
-           Exact(s.hLV) + "," + Exact(s.cp);
+    return exact(s.T) + "," + exact(s.p) + "," + exact(s.rhoL) + "," + exact(s.rhoV) + "," +
+           exact(s.hLV) + "," + exact(s.cp);
 }
 
 /// The questions before data are taken over; true when they may be.
 bool may_load(const std::string& casrn) {
-    const std::int16_t index = FindByCasrn(casrn);
-    if (index == 0 && !dialogs::Ask(text::PadRight(casrn, kCasrnLength) +
+    const std::int16_t index = find_by_casrn(casrn);
+    if (index == 0 && !dialogs::ask(text::pad_right(casrn, kCasrnLength) +
                                         "substance not found in the actual data base\n"
                                         "    Load data nevertheless?",
                                     kWarning, dialogs::Icon::Exclamation))
         return false;
     if (the_session.CurrentSubstance == 0) {
-        dialogs::Tell("Load a substance!", kWarning);
+        dialogs::tell("Load a substance!", kWarning);
         return false;
     }
     const bool other = index != 0 && index != the_session.CurrentSubstance;
-    return !other || dialogs::Ask(
+    return !other || dialogs::ask(
                          "You are trying to load a data set \nfor different substance!\n\n"
                          "Load T-p-rho data nevertheless?",
                          kWarning, dialogs::Icon::Exclamation);
@@ -72,19 +72,19 @@ std::optional<BatchFileContent> read_file(const std::string& path) {
     std::optional<BatchFileContent> file;
     {
         const session::BusyPointer busy;
-        content = ReadWhole(path);
-        if (content.error.empty()) file = ReadBatchText(content.bytes);
+        content = read_whole(path);
+        if (content.error.empty()) file = read_batch_text(content.bytes);
     }
     if (file) return file;
-    const std::string title = session::FileTitle(path);
-    dialogs::Tell(content.error.empty() ? "The file " + title + " holds no experimental data."
+    const std::string title = session::file_title(path);
+    dialogs::tell(content.error.empty() ? "The file " + title + " holds no experimental data."
                                         : content.error,
                   kRefusal, dialogs::Icon::Stop);
     return std::nullopt;
 }
 
 void tell_missing_sets(const BatchFileContent& file, const std::string& title) {
-    dialogs::Tell("The file " + title + " announces " + Exact(file.announced) +
+    dialogs::tell("The file " + title + " announces " + exact(file.announced) +
                       " sets of data, but holds only " + std::to_string(file.sets.size()) + ".",
                   kWarning);
 }
@@ -100,23 +100,23 @@ std::span<const BatchDataSet> loaded_sets() {
 bool save_to(const std::string& path) {
     const std::span<const BatchDataSet> sets = loaded_sets();
     const std::string error =
-        WriteWhole(path, BatchText({.date = session::ShortDate(),
-                                    .comment = the_session.BatchComment,
-                                    .casrn = legacy::the_substance.CASRN,
-                                    .announced = static_cast<double>(sets.size()),
-                                    .sets = {sets.begin(), sets.end()}}));
+        write_whole(path, BatchText({.date = session::short_date(),
+                                     .comment = the_session.BatchComment,
+                                     .casrn = legacy::the_substance.CASRN,
+                                     .announced = static_cast<double>(sets.size()),
+                                     .sets = {sets.begin(), sets.end()}}));
     if (error.empty()) return true;
-    dialogs::Tell(error, kRefusal, dialogs::Icon::Stop);
+    dialogs::tell(error, kRefusal, dialogs::Icon::Stop);
     return false;
 }
 
 }  // namespace
 
-std::optional<BatchFileContent> ReadBatchText(const std::string& ansiText) {
-    const std::vector<std::string> lines = text::Lines(text::FromAnsi(ansiText));
+std::optional<BatchFileContent> read_batch_text(const std::string& ansiText) {
+    const std::vector<std::string> lines = text::Lines(text::from_ansi(ansiText));
     if (lines.size() < kHeadLines) return std::nullopt;
     BatchFileContent file{.date = lines[0], .comment = lines[1], .casrn = lines[2]};
-    file.announced = std::max(0.0, CellNumber(lines[3]));
+    file.announced = std::max(0.0, cell_number(lines[3]));
     for (std::size_t i = kHeadLines; i < lines.size(); ++i) {
         if (static_cast<double>(file.sets.size()) + 1.0 > file.announced) break;
         file.sets.push_back(read_set(lines[i]));
@@ -131,73 +131,75 @@ std::optional<BatchFileContent> ReadBatchText(const std::string& ansiText) {
 }
 
 std::string BatchText(const BatchFileContent& file) {
-    std::string text = AnsiLines({OneLine(file.date), OneLine(file.comment),
-                                  text::PadRight(file.casrn, kCasrnLength), Exact(file.announced)});
+    std::string text =
+        ansi_lines({one_line(file.date), one_line(file.comment),
+                    text::pad_right(file.casrn, kCasrnLength), exact(file.announced)});
     for (const BatchDataSet& set : file.sets) text += set_line(set) + "\r\n";
     return text;
 }
 
-bool BatchLoad(bool append) {
+bool batch_load(bool append) {
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.title = "Open a batch-file of experimental data (*.BAQ)",
-                             .filter = kFilter,
-                             .folder = the_session.FolderBatch,
-                             .defaultExtension = kExtension});
-    return name && !name->empty() && BatchLoad(*name, append);
+        dialogs::choose_file({.title = "Open a batch-file of experimental data (*.BAQ)",
+                              .filter = kFilter,
+                              .folder = the_session.FolderBatch,
+                              .defaultExtension = kExtension});
+    return name && !name->empty() && batch_load(*name, append);
 }
 
-bool BatchLoad(const std::string& name, bool append) {
+bool batch_load(const std::string& name, bool append) {
     const std::string path = InFolder(name, the_session.FolderBatch);
-    const std::string title = session::FileTitle(path);
+    const std::string title = session::file_title(path);
     const std::optional<BatchFileContent> file = read_file(path);
     if (!file || !may_load(file->casrn)) return false;
 
     const std::size_t kept = append ? static_cast<std::size_t>(the_session.BatchCount) : 0;
     if (kept + file->sets.size() > kMostBatchSets) {
-        dialogs::Tell("There is room for " + std::to_string(kMostBatchSets) + " sets of data only.",
+        dialogs::tell("There is room for " + std::to_string(kMostBatchSets) + " sets of data only.",
                       kRefusal, dialogs::Icon::Stop);
         return false;
     }
     if (static_cast<double>(file->sets.size()) < file->announced) tell_missing_sets(*file, title);
     if (kept == 0) {
-        RemoveBatchSets(1, the_session.BatchCount);
+        remove_batch_sets(1, the_session.BatchCount);
         the_session.BatchFile = title;
         the_session.BatchComment = file->comment;
         the_session.BatchCasrn = file->casrn;
     }
-    InsertBatchSets(the_session.BatchCount + 1, file->sets);
-    the_session.FolderBatch = session::FolderOf(path);
+    insert_batch_sets(the_session.BatchCount + 1, file->sets);
+    the_session.FolderBatch = session::folder_of(path);
     return true;
 }
 
-bool BatchSave() {
+bool batch_save() {
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.save = true,
-                             .title = "Save exper. data as text file *.BAQ",
-                             .filter = kFilter,
-                             .folder = the_session.FolderBatch,
-                             .name = the_session.BatchFile,
-                             .defaultExtension = kExtension});
+        dialogs::choose_file({.save = true,
+                              .title = "Save exper. data as text file *.BAQ",
+                              .filter = kFilter,
+                              .folder = the_session.FolderBatch,
+                              .name = the_session.BatchFile,
+                              .defaultExtension = kExtension});
     if (!name || name->empty()) return false;
-    const std::string path = TargetPath(*name, the_session.FolderBatch, kExtension);
-    if (!MayReplace(path) || !save_to(path)) return false;
-    the_session.BatchFile = session::FileTitle(path);
-    the_session.FolderBatch = session::FolderOf(path);
-    the_session.BatchCasrn = text::PadRight(legacy::the_substance.CASRN, kCasrnLength);
+    const std::string path = target_path(*name, the_session.FolderBatch, kExtension);
+    if (!may_replace(path) || !save_to(path)) return false;
+    the_session.BatchFile = session::file_title(path);
+    the_session.FolderBatch = session::folder_of(path);
+    the_session.BatchCasrn = text::pad_right(legacy::the_substance.CASRN, kCasrnLength);
     return true;
 }
 
-bool BatchSaveFrage(bool changed) {
-    return !changed || !AskToSaveNow() || BatchSave();
+bool batch_save_frage(bool changed) {
+    return !changed || !ask_to_save_now() || batch_save();
 }
 
-bool BatchSaveXY(int column) {
+bool batch_save_xy(int column) {
     std::vector<datafiles::FitPoint> points;
     for (const BatchDataSet& set : loaded_sets()) {
-        const double y = FitColumnValue(set, column);
-        if (set.skip == 0 && y != 0) points.push_back({SingleOrZero(set.T), SingleOrZero(y), 0});
+        const double y = fit_column_value(set, column);
+        if (set.skip == 0 && y != 0)
+            points.push_back({single_or_zero(set.T), single_or_zero(y), 0});
     }
-    return XYSave(the_session.BatchComment, points);
+    return xy_save(the_session.BatchComment, points);
 }
 
 }  // namespace quor::datafiles

@@ -38,10 +38,10 @@ double density_of(const BatchDataSet& set, BatchColumn column) {
 }
 
 BatchDataSet set_from_line(std::string_view line, const BatchUnits& units) {
-    const std::vector<std::string> cells = text::Split(line, '\t');
+    const std::vector<std::string> cells = text::split(line, '\t');
     BatchDataSet set;
     for (int i = 0; i < kBatchColumns && static_cast<std::size_t>(i) < cells.size(); ++i)
-        StoreCell(set, static_cast<BatchColumn>(i), cells[static_cast<std::size_t>(i)], units);
+        store_cell(set, static_cast<BatchColumn>(i), cells[static_cast<std::size_t>(i)], units);
     return set;
 }
 
@@ -65,16 +65,16 @@ void set_size(std::size_t count) {
 }
 
 double sort_key(const BatchDataSet& set, BatchColumn column) {
-    return column == BatchColumn::T ? set.T : FitColumnValue(set, static_cast<int>(column));
+    return column == BatchColumn::T ? set.T : fit_column_value(set, static_cast<int>(column));
 }
 
 }  // namespace
 
-double StoredTemperature(double typed, TemperatureUnit unit) {
+double stored_temperature(double typed, TemperatureUnit unit) {
     return unit == TemperatureUnit::Celsius ? typed + kZeroCelsius : typed;
 }
 
-double StoredPressure(double typed, PressureUnit unit) {
+double stored_pressure(double typed, PressureUnit unit) {
     switch (unit) {
         case PressureUnit::atm:
             return typed * kNormalPressure;
@@ -85,35 +85,35 @@ double StoredPressure(double typed, PressureUnit unit) {
     }
 }
 
-double StoredDensity(double typed, const BatchUnits& units) {
+double stored_density(double typed, const BatchUnits& units) {
     return units.volume ? mass_over(typed, units) : typed;
 }
 
-double ShownTemperature(double T, TemperatureUnit unit) {
+double shown_temperature(double T, TemperatureUnit unit) {
     return rounded(unit == TemperatureUnit::Celsius ? T - kZeroCelsius : T, 1000.0);
 }
 
-double ShownPressure(double p, PressureUnit unit) {
+double shown_pressure(double p, PressureUnit unit) {
     double shown = p;
     if (unit == PressureUnit::atm) shown = p / kNormalPressure;
     if (unit == PressureUnit::Torr) shown = p / kNormalPressure * kTorrPerAtm;
     return rounded(shown, 100000.0);
 }
 
-double ShownDensity(double rho, const BatchUnits& units) {
+double shown_density(double rho, const BatchUnits& units) {
     return units.volume ? mass_over(rho, units) : rho;
 }
 
-std::string CellText(const BatchDataSet& set, BatchColumn column, const BatchUnits& units) {
+std::string cell_text(const BatchDataSet& set, BatchColumn column, const BatchUnits& units) {
     switch (column) {
         case BatchColumn::T:
-            return set.T == 0 ? "" : numbers::General(ShownTemperature(set.T, units.T));
+            return set.T == 0 ? "" : numbers::General(shown_temperature(set.T, units.T));
         case BatchColumn::p:
-            return set.p == 0 ? "" : numbers::General(ShownPressure(set.p, units.p));
+            return set.p == 0 ? "" : numbers::General(shown_pressure(set.p, units.p));
         case BatchColumn::rhoL:
         case BatchColumn::rhoV: {
             const double rho = density_of(set, column);
-            return rho == 0 ? "" : numbers::General(SingleOrZero(ShownDensity(rho, units)));
+            return rho == 0 ? "" : numbers::General(single_or_zero(shown_density(rho, units)));
         }
         case BatchColumn::hLV:
             return set.hLV == 0 ? "" : numbers::General(set.hLV);
@@ -123,50 +123,50 @@ std::string CellText(const BatchDataSet& set, BatchColumn column, const BatchUni
     return {};
 }
 
-void StoreCell(BatchDataSet& set, BatchColumn column, std::string_view typed,
-               const BatchUnits& units) {
+void store_cell(BatchDataSet& set, BatchColumn column, std::string_view typed,
+                const BatchUnits& units) {
     const bool empty = typed.find_first_of("0123456789") == std::string_view::npos;
-    const double value = CellNumberInput(typed);
+    const double value = cell_number_input(typed);
     switch (column) {
         case BatchColumn::T:
-            set.T = empty ? 0 : StoredTemperature(value, units.T);
+            set.T = empty ? 0 : stored_temperature(value, units.T);
             break;
         case BatchColumn::p:
-            set.p = StoredPressure(value, units.p);
+            set.p = stored_pressure(value, units.p);
             break;
         case BatchColumn::rhoL:
-            set.rhoL = SingleOrZero(StoredDensity(value, units));
+            set.rhoL = single_or_zero(stored_density(value, units));
             break;
         case BatchColumn::rhoV:
-            set.rhoV = SingleOrZero(StoredDensity(value, units));
+            set.rhoV = single_or_zero(stored_density(value, units));
             break;
         case BatchColumn::hLV:
-            set.hLV = SingleOrZero(value);
+            set.hLV = single_or_zero(value);
             break;
         case BatchColumn::cp:
-            set.cp = SingleOrZero(value);
+            set.cp = single_or_zero(value);
             break;
     }
 }
 
-std::vector<BatchDataSet> SetsFromClipboard(std::string_view table, const BatchUnits& units) {
+std::vector<BatchDataSet> sets_from_clipboard(std::string_view table, const BatchUnits& units) {
     std::vector<BatchDataSet> sets;
-    for (const std::string& line : DataLines(table)) sets.push_back(set_from_line(line, units));
+    for (const std::string& line : data_lines(table)) sets.push_back(set_from_line(line, units));
     return sets;
 }
 
-std::string SetsForClipboard(int first, int last, const BatchUnits& units) {
+std::string sets_for_clipboard(int first, int last, const BatchUnits& units) {
     const Lines lines = in_table(first, last);
     std::string table;
     for (std::ptrdiff_t i = lines.first; i < lines.last; ++i)
         for (int c = 0; c < kBatchColumns; ++c)
-            table += CellText(the_BatchData[static_cast<std::size_t>(i)],
-                              static_cast<BatchColumn>(c), units) +
+            table += cell_text(the_BatchData[static_cast<std::size_t>(i)],
+                               static_cast<BatchColumn>(c), units) +
                      (c + 1 < kBatchColumns ? "\t" : "\r\n");
     return table;
 }
 
-std::string BatchTableText(const BatchUnits& units) {
+std::string batch_table_text(const BatchUnits& units) {
     static constexpr std::array<const char*, 3> pressures{"p/kPa", "p/atm", "p/Torr"};
     std::vector<std::vector<std::string>> rows;
     rows.push_back(
@@ -178,13 +178,13 @@ std::string BatchTableText(const BatchUnits& units) {
         const std::string number = std::to_string(i);
         std::vector<std::string> row{set.skip == 0 ? number : "(" + number + ")"};
         for (int c = 0; c < kBatchColumns; ++c)
-            row.push_back(CellText(set, static_cast<BatchColumn>(c), units));
+            row.push_back(cell_text(set, static_cast<BatchColumn>(c), units));
         rows.push_back(std::move(row));
     }
-    return AlignedColumns(rows);
+    return aligned_columns(rows);
 }
 
-void InsertBatchSets(int position, std::span<const BatchDataSet> sets) {
+void insert_batch_sets(int position, std::span<const BatchDataSet> sets) {
     const auto count = static_cast<std::size_t>(the_session.BatchCount);
     const std::size_t room = kMostBatchSets - count;
     const std::span<const BatchDataSet> taken = sets.first(std::min(sets.size(), room));
@@ -194,14 +194,14 @@ void InsertBatchSets(int position, std::span<const BatchDataSet> sets) {
     set_size(count + taken.size());
 }
 
-void RemoveBatchSets(int first, int last) {
+void remove_batch_sets(int first, int last) {
     const Lines lines = in_table(first, last);
     const auto removed = static_cast<std::size_t>(lines.last - lines.first);
     the_BatchData.erase(the_BatchData.begin() + lines.first, the_BatchData.begin() + lines.last);
     set_size(static_cast<std::size_t>(the_session.BatchCount) - removed);
 }
 
-void ToggleBatchSets(int first, int last) {
+void toggle_batch_sets(int first, int last) {
     const Lines lines = in_table(first, last);
     for (std::ptrdiff_t i = lines.first; i < lines.last; ++i) {
         std::int16_t& skip = the_BatchData[static_cast<std::size_t>(i)].skip;
@@ -209,7 +209,7 @@ void ToggleBatchSets(int first, int last) {
     }
 }
 
-void SortBatchSets(BatchColumn column) {
+void sort_batch_sets(BatchColumn column) {
     const Lines lines = in_table(1, the_session.BatchCount);
     std::stable_sort(the_BatchData.begin() + lines.first, the_BatchData.begin() + lines.last,
                      [&](const BatchDataSet& a, const BatchDataSet& b) {
@@ -217,7 +217,7 @@ void SortBatchSets(BatchColumn column) {
                      });
 }
 
-double FitColumnValue(const BatchDataSet& set, int column) {
+double fit_column_value(const BatchDataSet& set, int column) {
     switch (column) {
         case 1:
             return set.p;

@@ -28,40 +28,40 @@ enum class BatchColumn { T, p, rhoL, rhoV, hLV, cp };
 inline constexpr int kBatchColumns = 6;
 
 /// From the typed to the stored value: K, kPa, kg/m^3. A volume of 0 gives 0, no density.
-double StoredTemperature(double typed, TemperatureUnit unit);
-double StoredPressure(double typed, PressureUnit unit);
-double StoredDensity(double typed, const BatchUnits& units);
+double stored_temperature(double typed, TemperatureUnit unit);
+double stored_pressure(double typed, PressureUnit unit);
+double stored_density(double typed, const BatchUnits& units);
 
 /// From the stored to the shown value: T rounded to 3, p to 5 decimals in the unit chosen.
-double ShownTemperature(double T, TemperatureUnit unit);
-double ShownPressure(double p, PressureUnit unit);
-double ShownDensity(double rho, const BatchUnits& units);
+double shown_temperature(double T, TemperatureUnit unit);
+double shown_pressure(double p, PressureUnit unit);
+double shown_density(double rho, const BatchUnits& units);
 
 /// A cell as shown, in the locale's number form; empty where the set has no value (0).
-std::string CellText(const calculation::BatchDataSet& set, BatchColumn column,
-                     const BatchUnits& units);
+std::string cell_text(const calculation::BatchDataSet& set, BatchColumn column,
+                      const BatchUnits& units);
 /// Stores what was typed into a cell, point or comma as decimal mark. An empty cell stores 0, "no
 /// value", and so does a text that is no number or a value that the column cannot hold.
-void StoreCell(calculation::BatchDataSet& set, BatchColumn column, std::string_view typed,
-               const BatchUnits& units);
+void store_cell(calculation::BatchDataSet& set, BatchColumn column, std::string_view typed,
+                const BatchUnits& units);
 
 /// Sets from tab-separated lines of numbers in the order of the columns. Empty lines, and a first
 /// line of headings, are left out.
-std::vector<calculation::BatchDataSet> SetsFromClipboard(std::string_view text,
-                                                         const BatchUnits& units);
+std::vector<calculation::BatchDataSet> sets_from_clipboard(std::string_view text,
+                                                           const BatchUnits& units);
 /// The lines `first` to `last` (from 1) tab-separated, numbers in the locale's form.
-std::string SetsForClipboard(int first, int last, const BatchUnits& units);
+std::string sets_for_clipboard(int first, int last, const BatchUnits& units);
 /// The whole table in aligned columns for the printer, inactive lines in brackets.
-std::string BatchTableText(const BatchUnits& units);
+std::string batch_table_text(const BatchUnits& units);
 
 /// Operations on `BatchData`, lines 1 to `BatchCount`; element 0, the direct input, stays. Lines
 /// beyond the table are ignored.
-void InsertBatchSets(int position, std::span<const calculation::BatchDataSet> sets);
-void RemoveBatchSets(int first, int last);
-void ToggleBatchSets(int first, int last);  ///< active becomes inactive and back
-void SortBatchSets(BatchColumn column);     ///< ascending; equal ones keep their order
+void insert_batch_sets(int position, std::span<const calculation::BatchDataSet> sets);
+void remove_batch_sets(int first, int last);
+void toggle_batch_sets(int first, int last);  ///< active becomes inactive and back
+void sort_batch_sets(BatchColumn column);     ///< ascending; equal ones keep their order
 
 /// The value of a column by the number that the fitting knows: 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp.
-double FitColumnValue(const calculation::BatchDataSet& set, int column);
+double fit_column_value(const calculation::BatchDataSet& set, int column);
 
 }  // namespace quor::datafiles

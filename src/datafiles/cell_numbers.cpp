@@ -12,7 +12,7 @@ namespace quor::datafiles {
 
 namespace {
 
-/// `numbers::Val` gives the largest double where a number is too large for one.
+/// `numbers::val` gives the largest double where a number is too large for one.
 double or_zero(double value) {
     return std::fabs(value) < std::numeric_limits<double>::max() ? value : 0.0;
 }
@@ -22,32 +22,32 @@ std::string shortest(Real value) {
     if (!std::isfinite(value)) return "0";
     std::array<char, 64> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
-    return text::ToUpper(
+    return text::to_upper(
         std::string_view(buffer.data(), static_cast<std::size_t>(end - buffer.data())));
 }
 
 }  // namespace
 
-double CellNumber(std::string_view cell) {
-    return or_zero(numbers::Val(cell));
+double cell_number(std::string_view cell) {
+    return or_zero(numbers::val(cell));
 }
-double CellNumberInput(std::string_view cell) {
-    return or_zero(numbers::ValInput(cell));
+double cell_number_input(std::string_view cell) {
+    return or_zero(numbers::val_input(cell));
 }
-float CellSingle(std::string_view cell) {
-    return SingleOrZero(CellNumber(cell));
+float cell_single(std::string_view cell) {
+    return single_or_zero(cell_number(cell));
 }
-float CellSingleInput(std::string_view cell) {
-    return SingleOrZero(CellNumberInput(cell));
+float cell_single_input(std::string_view cell) {
+    return single_or_zero(cell_number_input(cell));
 }
 
-float SingleOrZero(double value) {
+float single_or_zero(double value) {
     const double largest = static_cast<double>(std::numeric_limits<float>::max());
     return std::fabs(value) <= largest ? static_cast<float>(value) : 0.0F;
 }
 
-std::optional<double> ParseNumber(std::string_view cell) {
-    const std::string trimmed = text::Trim(cell);
+std::optional<double> parse_number(std::string_view cell) {
+    const std::string trimmed = text::trim(cell);
     const char* first = trimmed.data() + (trimmed.starts_with('+') ? 1 : 0);
     const char* last = trimmed.data() + trimmed.size();
     double value = 0;
@@ -56,10 +56,10 @@ std::optional<double> ParseNumber(std::string_view cell) {
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
-std::string Exact(double value) {
+std::string exact(double value) {
     return shortest(value);
 }
-std::string Exact(float value) {
+std::string exact(float value) {
     return shortest(value);
 }
 

@@ -56,7 +56,7 @@ class Splitter {
 
 }  // namespace
 
-CsvTable SplitCsv(std::string_view csv) {
+CsvTable split_csv(std::string_view csv) {
     constexpr std::string_view mark = "\xEF\xBB\xBF";
     if (csv.starts_with(mark)) csv.remove_prefix(mark.size());
     return Splitter().run(csv);

@@ -20,6 +20,6 @@ struct CsvTable {
 
 /// Splits a text of comma-separated values. A cell in double quotes may hold commas, line ends and
 /// doubled quotes. A byte order mark is left out.
-CsvTable SplitCsv(std::string_view csv);
+CsvTable split_csv(std::string_view csv);
 
 }  // namespace quor::datafiles

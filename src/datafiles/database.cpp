@@ -53,7 +53,7 @@ std::optional<SubstanceFileRecord> read_record(std::istream& in, std::size_t rec
     in.clear();
     in.seekg(static_cast<std::streamoff>((record - 1) * kRecordSize));
     if (!in.read(bytes.data(), kRecordSize)) return std::nullopt;
-    return DecodeRecord(bytes);
+    return decode_record(bytes);
 }
 
 /// The fields of the lists, without decoding the values.
@@ -61,10 +61,10 @@ void add_to(SubstanceLists& lists, std::span<const char, kRecordSize> record) {
     constexpr std::size_t nameAt = kFormulaLength;
     constexpr std::size_t casrnAt = kFormulaLength + 2 * kNameLength;
     constexpr std::size_t numberAt = 186;
-    lists.Formulas.push_back(FieldText(record.subspan<0, kFormulaLength>()));
-    lists.Names.push_back(
-        FieldText(record.subspan(nameAt + (the_session.EnglishUi ? 0 : kNameLength), kNameLength)));
-    lists.Casrn.push_back(FieldText(record.subspan<casrnAt, kCasrnLength>()));
+    lists.Formulas.push_back(field_text(record.subspan<0, kFormulaLength>()));
+    lists.Names.push_back(field_text(
+        record.subspan(nameAt + (the_session.EnglishUi ? 0 : kNameLength), kNameLength)));
+    lists.Casrn.push_back(field_text(record.subspan<casrnAt, kCasrnLength>()));
     const auto low = static_cast<unsigned char>(record[numberAt]);
     const auto high = static_cast<unsigned char>(record[numberAt + 1]);
     lists.Numbers.push_back(static_cast<std::int16_t>(low | (high << 8)));
@@ -110,26 +110,26 @@ bool is_same_file(const fs::path& a, const fs::path& b) {
 
 void tell_unusable(const std::string& title) {
     if (the_session.DatabaseLoaded) {
-        dialogs::Tell("Database " + title + "not found in the QUOR directory or empty resp.\n" +
+        dialogs::tell("Database " + title + "not found in the QUOR directory or empty resp.\n" +
                           "Database already loaded " + the_session.DatabaseFile +
                           " is still activ.",
                       "WARNING", dialogs::Icon::Exclamation);
     } else {
-        dialogs::Tell("Database " + title + " not found or empty resp.", "Execution not possible",
+        dialogs::tell("Database " + title + " not found or empty resp.", "Execution not possible",
                       dialogs::Icon::Stop);
     }
 }
 
 }  // namespace
 
-bool FileExists(const std::string& name) {
-    return session::FileExists(name);
+bool file_exists(const std::string& name) {
+    return session::file_exists(name);
 }
 
-OpenResult OpenDatabaseFile(const std::string& path) {
-    if (!FileExists(path)) return {.notUsable = true};
+OpenResult open_database_file(const std::string& path) {
+    if (!file_exists(path)) return {.notUsable = true};
     const session::BusyPointer busy;
-    channel().open(session::FindFile(path));
+    channel().open(session::find_file(path));
     std::optional<SubstanceLists> lists;
     if (channel().stream.is_open()) lists = read_lists(channel().stream);
     if (!lists) return {.notUsable = true};
@@ -141,25 +141,25 @@ OpenResult OpenDatabaseFile(const std::string& path) {
     return {};
 }
 
-LoadOutcome LoadDatabase() {
+LoadOutcome load_database() {
     const std::optional<std::string> path =
-        dialogs::ChooseFile({.title = "Select and load a database",
-                             .filter = "Database (*.Q05)|*.Q05",
-                             .folder = (session::DataFolder() / "").string(),
-                             .name = the_session.DatabaseFile,
-                             .defaultExtension = ".Q05"});
-    return path ? LoadDatabase(*path) : LoadOutcome::Cancelled;
+        dialogs::choose_file({.title = "Select and load a database",
+                              .filter = "Database (*.Q05)|*.Q05",
+                              .folder = (session::data_folder() / "").string(),
+                              .name = the_session.DatabaseFile,
+                              .defaultExtension = ".Q05"});
+    return path ? load_database(*path) : LoadOutcome::Cancelled;
 }
 
-LoadOutcome LoadDatabase(const std::string& path) {
-    const std::string title = session::FileTitle(path);
+LoadOutcome load_database(const std::string& path) {
+    const std::string title = session::file_title(path);
     if (title.empty()) return LoadOutcome::Cancelled;
-    if (OpenDatabaseFile(path).notUsable) {
+    if (open_database_file(path).notUsable) {
         tell_unusable(title);
         return LoadOutcome::Failed;
     }
     the_session.DatabaseFile = title;
-    AddDatabaseFolder(fs::path(the_session.DatabasePath).parent_path());
+    add_database_folder(fs::path(the_session.DatabasePath).parent_path());
     return LoadOutcome::Loaded;
 }
 
@@ -170,28 +170,28 @@ bool ReadSubstance(std::int16_t index, bool& noCriticalData) {
         noCriticalData = true;
         return false;
     }
-    LoadedSubstance loaded = RecordFromSlots(*file, the_session.EnglishUi, legacy::the_substance);
+    LoadedSubstance loaded = record_from_slots(*file, the_session.EnglishUi, legacy::the_substance);
     noCriticalData = loaded.noCriticalData;
     legacy::the_substance = std::move(loaded.record);
     legacy::the_models.VPCode = std::move(loaded.VPCode);
     return true;
 }
 
-bool WriteDataBaseQ05() {
-    const std::optional<std::string> path = dialogs::ChooseFile(
+bool write_data_base_q05() {
+    const std::optional<std::string> path = dialogs::choose_file(
         {.save = true,
          .title = "Saving a Private Database File *.Q05 for the actual substance ",
          .filter = "Database (*.Q05)|*.Q05",
-         .folder = (session::WriteFolder() / "").string(),
+         .folder = (session::write_folder() / "").string(),
          .defaultExtension = ".Q05",
          .overwritePrompt = true});
-    return path && !path->empty() && WritePrivateDatabase(*path);
+    return path && !path->empty() && write_private_database(*path);
 }
 
-bool WritePrivateDatabase(const std::string& path) {
-    const fs::path target = TargetPath(path, session::WriteFolder().string(), ".Q05");
+bool write_private_database(const std::string& path) {
+    const fs::path target = target_path(path, session::write_folder().string(), ".Q05");
     if (is_same_file(target, the_session.DatabasePath)) {
-        dialogs::Tell("This file is the database that is open. Choose another name.",
+        dialogs::tell("This file is the database that is open. Choose another name.",
                       "Execution not possible", dialogs::Icon::Stop);
         return false;
     }
@@ -200,48 +200,48 @@ bool WritePrivateDatabase(const std::string& path) {
     if (!buffer) return false;
 
     // An older, longer file keeps what lies behind the second record.
-    std::string bytes = ReadWhole(target, kLargestDatabase).bytes;
+    std::string bytes = read_whole(target, kLargestDatabase).bytes;
     bytes.resize(std::max(bytes.size(), 2 * kRecordSize), '\0');
     const auto put = [&](std::size_t record) {
-        const RecordBytes encoded = EncodeRecord(*buffer);
+        const RecordBytes encoded = encode_record(*buffer);
         std::copy(encoded.begin(), encoded.end(),
                   bytes.begin() + static_cast<std::ptrdiff_t>((record - 1) * kRecordSize));
     };
     const auto substanceFormula = buffer->formula;
     const auto substanceGermanName = buffer->nameGerman;
-    SetFieldText(buffer->formula, session::ShortDate());
-    SetFieldText(buffer->nameGerman, "");
+    set_field_text(buffer->formula, session::short_date());
+    set_field_text(buffer->nameGerman, "");
     buffer->number = 1;
     put(1);
     buffer->formula = substanceFormula;
     buffer->nameGerman = substanceGermanName;
-    SlotsFromRecord(legacy::the_substance, the_session.EnglishUi, *buffer);
+    slots_from_record(legacy::the_substance, the_session.EnglishUi, *buffer);
     put(2);
-    return WriteWhole(target, bytes).empty();
+    return write_whole(target, bytes).empty();
 }
 
-void CloseDatabase() {
+void close_database() {
     channel().close();
 }
 
-fs::path OpenDatabasePath() {
+fs::path open_database_path() {
     return channel().path;
 }
 
-std::optional<SubstanceLists> ReadDatabaseLists(const fs::path& path) {
+std::optional<SubstanceLists> read_database_lists(const fs::path& path) {
     std::error_code ignored;
     if (!fs::is_regular_file(path, ignored)) return std::nullopt;
     std::ifstream in(path, std::ios::binary);
     return in ? read_lists(in) : std::nullopt;
 }
 
-void AddDatabaseFolder(const fs::path& folder) {
+void add_database_folder(const fs::path& folder) {
     if (std::find(folders().begin(), folders().end(), folder) == folders().end())
         folders().push_back(folder);
 }
 
-std::string FindDatabase(const std::string& title, const fs::path& folder) {
-    if (FileExists(title)) return title;
+std::string find_database(const std::string& title, const fs::path& folder) {
+    if (file_exists(title)) return title;
     std::vector<fs::path> places{folder};
     places.insert(places.end(), folders().begin(), folders().end());
     for (const fs::path& place : places) {

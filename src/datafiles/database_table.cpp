@@ -48,7 +48,7 @@ int numbered_slot(std::string_view name) {
 class TableReader {
   public:
     DatabaseTable run(std::string_view csv) {
-        const CsvTable csvTable = SplitCsv(csv);
+        const CsvTable csvTable = split_csv(csv);
         if (!csvTable.error.empty()) {
             complain(csvTable.error);
         } else if (csvTable.rows.empty()) {
@@ -74,7 +74,7 @@ class TableReader {
         line_ = row.line;
         std::set<std::string> seen;
         for (const std::string& cell : row.cells) {
-            const std::string name = text::Trim(cell);
+            const std::string name = text::trim(cell);
             if (!seen.insert(name).second) complain(name, "this column is there twice.");
             columns_.push_back(column_of(name));
         }
@@ -89,10 +89,10 @@ class TableReader {
             column.isText = column.isText || known == name;
         if (column.isText) return column;
         column.slot = numbered_slot(name);
-        if (const auto place = FindColumn(name)) column.slot = SlotOf(*place);
+        if (const auto place = find_column(name)) column.slot = SlotOf(*place);
         if (column.slot == 0) complain(name, "there is no such column.");
-        const auto place = FindSlot(column.slot);
-        column.isBound = place && IsBound(*place->field);
+        const auto place = find_slot(column.slot);
+        column.isBound = place && is_bound(*place->field);
         return column;
     }
 
@@ -115,7 +115,7 @@ class TableReader {
         SubstanceFileRecord record;
         texts_.clear();
         for (std::size_t i = 0; i < columns_.size(); ++i) {
-            const std::string cell = text::Trim(row.cells[i]);
+            const std::string cell = text::trim(row.cells[i]);
             if (columns_[i].isText) {
                 texts_[columns_[i].name] = cell;
             } else if (columns_[i].slot != 0 && !cell.empty()) {
@@ -130,7 +130,7 @@ class TableReader {
     }
 
     float slot_value(const Column& column, const std::string& cell) {
-        const std::optional<double> value = ParseNumber(cell);
+        const std::optional<double> value = parse_number(cell);
         if (!value) {
             complain(column.name, "\"" + cell + "\" is not a number.");
             return 0;
@@ -146,9 +146,9 @@ class TableReader {
 
     /// A bound of 0 is never a real zero: it says that there is no range.
     float bound_value(const Column& column, double value) {
-        const double kelvin = numbers::RoundHalfEven(value);
+        const double kelvin = numbers::round_half_even(value);
         if (kelvin < 0 || kelvin > 32767) {
-            complain(column.name, Exact(value) + " is no temperature bound.");
+            complain(column.name, exact(value) + " is no temperature bound.");
             return 0;
         }
         return static_cast<float>(kelvin);
@@ -156,7 +156,7 @@ class TableReader {
 
     void check_bounds(const SubstanceFileRecord& record) {
         for (std::size_t i = 0; i + 1 < kSlotCount; ++i) {
-            const auto low = FindSlot(static_cast<int>(i) + 1);
+            const auto low = find_slot(static_cast<int>(i) + 1);
             if (!low || !low->field->name.ends_with("TLo")) continue;
             // The upper bound of every set stands in the slot behind the lower one.
             if (record.values[i] > record.values[i + 1])
@@ -167,8 +167,8 @@ class TableReader {
     void fill_texts(SubstanceFileRecord& record) {
         if (texts_["name_en"].empty()) complain("name_en", "the name is missing.");
         put(record.formula, "formula", texts_["formula"]);
-        put(record.nameEnglish, "name_en", NameField(texts_["name_en"], texts_["synonyms_en"]));
-        put(record.nameGerman, "name_de", NameField(texts_["name_de"], texts_["synonyms_de"]));
+        put(record.nameEnglish, "name_en", name_field(texts_["name_en"], texts_["synonyms_en"]));
+        put(record.nameGerman, "name_de", name_field(texts_["name_de"], texts_["synonyms_de"]));
         put(record.casrn, "casrn", texts_["casrn"]);
         if (texts_["casrn"].empty()) return;
         const auto [first, isNew] = casrnLines_.try_emplace(texts_["casrn"], line_);
@@ -181,9 +181,9 @@ class TableReader {
         if (text::Length(text) > field.size())
             complain(column, "\"" + text + "\" is longer than " + std::to_string(field.size()) +
                                  " characters.");
-        if (text::FromAnsi(text::ToAnsi(text)) != text)
+        if (text::from_ansi(text::to_ansi(text)) != text)
             complain(column, "\"" + text + "\" has a character that a database cannot hold.");
-        SetFieldText(field, text);
+        set_field_text(field, text);
     }
 
     std::int16_t substance_number() {
@@ -192,7 +192,7 @@ class TableReader {
             const std::size_t next = table_.records.size() + 1;
             return static_cast<std::int16_t>(std::min(next, kMostSubstances));
         }
-        const std::optional<double> value = ParseNumber(cell);
+        const std::optional<double> value = parse_number(cell);
         if (!value || *value < 1 || *value > 32767 || *value != std::floor(*value)) {
             complain("number", "\"" + cell + "\" is no substance number.");
             return 0;
@@ -209,15 +209,15 @@ class TableReader {
 
 }  // namespace
 
-DatabaseTable ReadDatabaseTable(std::string_view csv) {
+DatabaseTable read_database_table(std::string_view csv) {
     return TableReader().run(csv);
 }
 
-std::string DatabaseBytes(std::span<const SubstanceFileRecord> records) {
+std::string database_bytes(std::span<const SubstanceFileRecord> records) {
     std::string bytes;
     bytes.reserve((records.size() + 1) * kRecordSize);
     const auto append = [&](const SubstanceFileRecord& record) {
-        const RecordBytes encoded = EncodeRecord(record);
+        const RecordBytes encoded = encode_record(record);
         bytes.append(encoded.begin(), encoded.end());
     };
     append({.number = static_cast<std::int16_t>(records.size())});
@@ -225,12 +225,12 @@ std::string DatabaseBytes(std::span<const SubstanceFileRecord> records) {
     return bytes;
 }
 
-std::string NameField(std::string_view name, std::string_view synonyms) {
+std::string name_field(std::string_view name, std::string_view synonyms) {
     std::string all(name);
     all.append(";").append(synonyms);
     std::string field;
-    for (const std::string& part : text::Split(all, ';')) {
-        const std::string one = text::Trim(part);
+    for (const std::string& part : text::split(all, ';')) {
+        const std::string one = text::trim(part);
         if (one.empty()) continue;
         const std::string longer = field.empty() ? one : field + ";" + one;
         if (!field.empty() && text::Length(longer) > kNameLength) break;

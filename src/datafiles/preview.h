@@ -14,6 +14,6 @@ struct FilePreview {
 
 /// The head of a .BAQ or .QCF file, by the last three letters of its name; all empty for any other
 /// file and for one that cannot be read. The session and its open database stay as they are.
-FilePreview PreviewFile(const std::string& path);
+FilePreview preview_file(const std::string& path);
 
 }  // namespace quor::datafiles

@@ -32,15 +32,15 @@ constexpr std::size_t kLargestProject = std::size_t{1} << 20;
 
 std::string project_text(const std::string& comment) {
     const std::string casrn = the_session.CurrentSubstance == 0 ? "" : the_substance.CASRN;
-    return AnsiLines({session::ShortDate(), OneLine(comment), the_session.DatabaseFile,
-                      text::PadRight(casrn, kCasrnLength)}) +
-           ProjectItemLines();
+    return ansi_lines({session::short_date(), one_line(comment), the_session.DatabaseFile,
+                       text::pad_right(casrn, kCasrnLength)}) +
+           project_item_lines();
 }
 
 /// The lines of a project. A last line that is cut short does not count, for "29" may be the rest
 /// of "298.15"; a file of full length needs no line end at its end.
 std::vector<std::string> whole_lines(const std::string& ansiText) {
-    std::vector<std::string> lines = text::Lines(text::FromAnsi(ansiText));
+    std::vector<std::string> lines = text::Lines(text::from_ansi(ansiText));
     const bool open = !ansiText.empty() && ansiText.back() != '\n' && ansiText.back() != '\r';
     if (open && lines.size() < kHeadLines + kProjectItems) lines.pop_back();
     return lines;
@@ -53,16 +53,16 @@ bool is_plain(const std::string& line) {
 
 /// Opens the database of a project. False when there is none at all.
 bool open_database(const std::string& title, const std::string& projectFolder) {
-    if (!OpenDatabaseFile(FindDatabase(title, projectFolder)).notUsable) {
+    if (!open_database_file(find_database(title, projectFolder)).notUsable) {
         the_session.DatabaseFile = title;
         return true;
     }
     if (!the_session.DatabaseLoaded) {
-        dialogs::Tell("Database of the project " + title + "not found in the QUOR directory ",
+        dialogs::tell("Database of the project " + title + "not found in the QUOR directory ",
                       kRefusal, dialogs::Icon::Stop);
         return false;
     }
-    dialogs::Tell("Database of the project " + title +
+    dialogs::tell("Database of the project " + title +
                       "not found in the QUOR directory or empty resp.\nThe actual database " +
                       the_session.DatabaseFile + " is still activ.",
                   "Hint", dialogs::Icon::Exclamation);
@@ -70,7 +70,7 @@ bool open_database(const std::string& title, const std::string& projectFolder) {
 }
 
 void tell_no_critical_data() {
-    dialogs::Tell(
+    dialogs::tell(
         "T(cr) and/or p(cr) not available in the database.\n"
         "(lacking critical data can be completed by the user in data-base editor)\n"
         "For " +
@@ -80,7 +80,7 @@ void tell_no_critical_data() {
 
 /// Makes the substance of a project active, as far as the database has it.
 void read_substance(const std::string& casrn, ProjectResult& result) {
-    the_session.CurrentSubstance = FindByCasrn(casrn);
+    the_session.CurrentSubstance = find_by_casrn(casrn);
     result.substanceFound = the_session.CurrentSubstance != 0 &&
                             ReadSubstance(the_session.CurrentSubstance, result.noCriticalData);
     the_session.SubstanceSet = result.substanceFound;
@@ -95,7 +95,7 @@ void read_substance(const std::string& casrn, ProjectResult& result) {
         the_substance.Tboil > 0 && the_substance.Tcrit > 0 && the_substance.pcrit > 0;
     if (!complete) return;
     for (const char* code : {"KFW", "KFR", "THO"})
-        models::CorrelateVapourPressure(models::VPIndex(code), the_substance.Tcrit,
+        models::CorrelateVapourPressure(models::vp_index(code), the_substance.Tcrit,
                                         the_substance.pcrit,
                                         static_cast<double>(the_substance.Tboil));
 }
@@ -104,43 +104,44 @@ void read_substance(const std::string& casrn, ProjectResult& result) {
 void derive_from_settings(ProjectResult& result) {
     const bool offered = the_models.EOSModel >= 0 && !models::EOSName(the_models.EOSModel).empty();
     if (!offered) the_models.EOSModel = 0;
-    the_models.EOSOnlyV = models::IsVOnlyEOS(the_models.EOSModel);
+    the_models.EOSOnlyV = models::is_v_only_eos(the_models.EOSModel);
     if (the_models.EOSOnlyV) the_models.PriorityCEOS = false;
     // Index 0 leaves the choice to the sets of the substance.
     if (the_models.VPModel != 0) the_models.VPCode = models::VPCode(the_models.VPModel);
-    the_models.VPModel = models::VPIndex(the_models.VPCode);
+    the_models.VPModel = models::vp_index(the_models.VPCode);
 
     if (result.substanceFound && !result.noCriticalData) {
         const bool keeps = the_models.EOSModel == kManualVirial;
-        result.modelsComplete = keeps || models::CalcEOSParameters(the_models.EOSModel) == kSuccess;
+        result.modelsComplete =
+            keeps || models::calc_eos_parameters(the_models.EOSModel) == kSuccess;
     }
     try {
-        session::RefreshUnits();
+        session::refresh_units();
     } catch (const faults::Fault&) {
         // Specific units need a molar mass.
         the_session.UnitMode = 0;
-        session::RefreshUnits();
+        session::refresh_units();
     }
 }
 
 ProjectResult load(const std::string& path) {
-    const FileContent file = ReadWhole(path, kLargestProject);
+    const FileContent file = read_whole(path, kLargestProject);
     const std::optional<ProjectHead> head =
-        file.error.empty() ? ReadProjectHead(file.bytes) : std::nullopt;
+        file.error.empty() ? read_project_head(file.bytes) : std::nullopt;
     if (!head) {
-        dialogs::Tell(file.error.empty()
-                          ? "The file " + session::FileTitle(path) + " is no project file."
+        dialogs::tell(file.error.empty()
+                          ? "The file " + session::file_title(path) + " is no project file."
                           : file.error,
                       kRefusal, dialogs::Icon::Stop);
         return {};
     }
-    if (!open_database(head->database, session::FolderOf(path))) return {};
+    if (!open_database(head->database, session::folder_of(path))) return {};
 
-    session::ResetSession();
+    session::reset_session();
     ProjectResult result{.loaded = true};
     read_substance(head->casrn, result);
     const std::vector<std::string> lines = whole_lines(file.bytes);
-    ReadProjectItems(std::span(lines).subspan(kHeadLines));
+    read_project_items(std::span(lines).subspan(kHeadLines));
     derive_from_settings(result);
     the_session.ProjectComment = head->comment;
     the_session.ProjectLoaded = true;
@@ -148,60 +149,60 @@ ProjectResult load(const std::string& path) {
 }
 
 void remember_project(const std::string& path) {
-    the_session.ProjectFile = session::FileTitle(path);
-    the_session.FolderProject = session::FolderOf(path);
+    the_session.ProjectFile = session::file_title(path);
+    the_session.FolderProject = session::folder_of(path);
 }
 
 }  // namespace
 
-std::optional<ProjectHead> ReadProjectHead(const std::string& ansiText) {
+std::optional<ProjectHead> read_project_head(const std::string& ansiText) {
     const std::vector<std::string> lines = whole_lines(ansiText);
     if (lines.size() < kHeadLines) return std::nullopt;
-    ProjectHead head{lines[0], lines[1], text::Trim(lines[2]), lines[3]};
+    ProjectHead head{lines[0], lines[1], text::trim(lines[2]), lines[3]};
     const bool valid = !head.database.empty() && is_plain(head.database) && is_plain(head.casrn) &&
-                       text::Length(text::TrimRight(head.casrn)) <= kCasrnLength;
+                       text::Length(text::trim_right(head.casrn)) <= kCasrnLength;
     return valid ? std::optional(std::move(head)) : std::nullopt;
 }
 
-bool SaveProject(bool asDialog) {
+bool save_project(bool asDialog) {
     if (!asDialog)
-        return WriteWhole(the_session.LastSessionFile, project_text(the_session.ProjectComment))
+        return write_whole(the_session.LastSessionFile, project_text(the_session.ProjectComment))
             .empty();
 
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.save = true,
-                             .title = "save actual project as ...",
-                             .filter = kFilter,
-                             .folder = the_session.FolderProject,
-                             .name = the_session.ProjectFile,
-                             .defaultExtension = kExtension,
-                             .overwritePrompt = true});
+        dialogs::choose_file({.save = true,
+                              .title = "save actual project as ...",
+                              .filter = kFilter,
+                              .folder = the_session.FolderProject,
+                              .name = the_session.ProjectFile,
+                              .defaultExtension = kExtension,
+                              .overwritePrompt = true});
     if (!name || name->empty()) return false;
-    const std::string path = TargetPath(*name, the_session.FolderProject, kExtension);
+    const std::string path = target_path(*name, the_session.FolderProject, kExtension);
     the_session.ProjectComment =
-        dialogs::AskInput({.text = "Input text for comment\n<Cancel> = No Comment",
-                           .title = " File comment (optional) ",
-                           .proposal = the_session.ProjectComment})
+        dialogs::ask_input({.text = "Input text for comment\n<Cancel> = No Comment",
+                            .title = " File comment (optional) ",
+                            .proposal = the_session.ProjectComment})
             .value_or("");
-    const std::string error = WriteWhole(path, project_text(the_session.ProjectComment));
+    const std::string error = write_whole(path, project_text(the_session.ProjectComment));
     if (!error.empty()) {
-        dialogs::Tell(error, kRefusal, dialogs::Icon::Stop);
+        dialogs::tell(error, kRefusal, dialogs::Icon::Stop);
         return false;
     }
     remember_project(path);
     return true;
 }
 
-std::optional<std::string> ChooseProject() {
-    std::optional<std::string> name = dialogs::ChooseFile({.title = "Load a project (*.QCF)",
-                                                           .filter = kFilter,
-                                                           .folder = the_session.FolderProject,
-                                                           .defaultExtension = kExtension});
+std::optional<std::string> choose_project() {
+    std::optional<std::string> name = dialogs::choose_file({.title = "Load a project (*.QCF)",
+                                                            .filter = kFilter,
+                                                            .folder = the_session.FolderProject,
+                                                            .defaultExtension = kExtension});
     return name && !name->empty() ? name : std::nullopt;
 }
 
 ProjectResult LoadProject() {
-    const std::optional<std::string> name = ChooseProject();
+    const std::optional<std::string> name = choose_project();
     return name ? LoadProject(*name) : ProjectResult{};
 }
 
@@ -213,7 +214,7 @@ ProjectResult LoadProject(const std::string& name) {
     return result;
 }
 
-ProjectResult LoadLastSession() {
+ProjectResult load_last_session() {
     return LoadProject(the_session.LastSessionFile);
 }
 

@@ -18,10 +18,10 @@ struct ProjectResult {
 /// Saves the session as a project. With a dialog it asks for name and comment; without, it writes
 /// the last session (`LastSessionFile`) without a question. False when nothing was written; with
 /// the dialog a failure is told.
-bool SaveProject(bool asDialog);
+bool save_project(bool asDialog);
 
 /// Asks for a project file; nothing on a cancel.
-std::optional<std::string> ChooseProject();
+std::optional<std::string> choose_project();
 /// Asks for a project and loads it. A cancel changes nothing.
 ProjectResult LoadProject();
 /// Loads a project: resets the session, opens its database, reads its substance and restores its
@@ -29,13 +29,13 @@ ProjectResult LoadProject();
 /// project, or when no database can be had.
 ProjectResult LoadProject(const std::string& name);
 /// Loads the project that the last run has left.
-ProjectResult LoadLastSession();
+ProjectResult load_last_session();
 
 /// The first four lines of a project file.
 struct ProjectHead {
     std::string date{}, comment{}, database{}, casrn{};
 };
 /// The head of a project's text; nothing when it is none.
-std::optional<ProjectHead> ReadProjectHead(const std::string& ansiText);
+std::optional<ProjectHead> read_project_head(const std::string& ansiText);
 
 }  // namespace quor::datafiles

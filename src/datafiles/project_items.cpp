@@ -73,8 +73,8 @@ const std::array<Item, kProjectItems>& items() {
 }
 
 struct Write {
-    std::string operator()(const double* value) const { return Exact(*value); }
-    std::string operator()(const float* value) const { return Exact(*value); }
+    std::string operator()(const double* value) const { return exact(*value); }
+    std::string operator()(const float* value) const { return exact(*value); }
     std::string operator()(const std::int16_t* value) const { return std::to_string(*value); }
     std::string operator()(const bool* value) const { return *value ? "#TRUE#" : "#FALSE#"; }
     std::string operator()(const Flag16& value) const { return *value.flag ? "-1" : "0"; }
@@ -86,14 +86,14 @@ struct Read {
     double lowest, highest;
 
     std::optional<double> number() const {
-        const std::optional<double> value = ParseNumber(numbers::CommaToPoint(line));
+        const std::optional<double> value = parse_number(numbers::comma_to_point(line));
         return value && *value >= lowest && *value <= highest ? value : std::nullopt;
     }
     std::optional<bool> truth() const {
-        const std::string word = text::ToUpper(line);
+        const std::string word = text::to_upper(line);
         if (word == "#TRUE#") return true;
         if (word == "#FALSE#") return false;
-        const std::optional<double> value = ParseNumber(line);
+        const std::optional<double> value = parse_number(line);
         return value ? std::optional(*value != 0) : std::nullopt;
     }
 
@@ -102,7 +102,7 @@ struct Read {
         if (const std::optional<double> value = number()) *setting = static_cast<float>(*value);
     }
     void operator()(std::int16_t* setting) const {
-        if (const std::optional<double> value = number()) *setting = numbers::ToInt16(*value);
+        if (const std::optional<double> value = number()) *setting = numbers::to_int16(*value);
     }
     void operator()(bool* setting) const { *setting = truth().value_or(*setting); }
     void operator()(const Flag16& setting) const {
@@ -116,18 +116,18 @@ struct Read {
 
 }  // namespace
 
-std::string ProjectItemLines() {
+std::string project_item_lines() {
     std::string lines;
     for (const Item& item : items()) lines += std::visit(Write{}, item.setting) + "\r\n";
     return lines;
 }
 
-void ReadProjectItems(std::span<const std::string> lines) {
+void read_project_items(std::span<const std::string> lines) {
     const std::size_t count = std::min(lines.size(), kProjectItems);
     for (std::size_t i = 0; i < count; ++i) {
         const Item& item = items()[i];
         // The separator may be a tab: only the blanks round its quotes go.
-        std::visit(Read{text::Trim(lines[i]), item.lowest, item.highest}, item.setting);
+        std::visit(Read{text::trim(lines[i]), item.lowest, item.highest}, item.setting);
     }
 }
 

@@ -7,13 +7,13 @@ namespace quor::datafiles {
 
 /// A file about to be written: asks "such a file is already existing" when there is one. True when
 /// it may be written.
-bool MayReplace(const std::string& path);
+bool may_replace(const std::string& path);
 
 /// "Data not yet saved." "Save now?"; true for Yes.
-bool AskToSaveNow();
+bool ask_to_save_now();
 
 /// Before marked lines are removed: asks about line `first`, or the lines `first` to `last`
 /// (from 1). Without a mark (first below 1) it says so. True when they shall go.
-bool ConfirmRemoval(int first, int last);
+bool confirm_removal(int first, int last);
 
 }  // namespace quor::datafiles

@@ -255,22 +255,22 @@ struct Store {
     std::string_view name, value;
 
     std::string operator()(float* field) const {
-        const std::optional<double> number = ParseNumber(value);
+        const std::optional<double> number = parse_number(value);
         if (!number || std::fabs(*number) > static_cast<double>(std::numeric_limits<float>::max()))
             return not_a(name, value, "number");
         *field = static_cast<float>(*number);
         return {};
     }
     std::string operator()(double* field) const {
-        const std::optional<double> number = ParseNumber(value);
+        const std::optional<double> number = parse_number(value);
         if (!number) return not_a(name, value, "number");
         *field = *number;
         return {};
     }
     std::string operator()(std::int16_t* field) const {
-        const std::optional<double> number = ParseNumber(value);
+        const std::optional<double> number = parse_number(value);
         if (!number || std::fabs(*number) > 32767.0) return not_a(name, value, "whole number");
-        *field = numbers::ToInt16(*number);
+        *field = numbers::to_int16(*number);
         return {};
     }
     std::string operator()(bool* field) const {
@@ -286,11 +286,11 @@ struct Store {
 
 }  // namespace
 
-std::span<const RecordField> RecordFields() {
+std::span<const RecordField> record_fields() {
     return kFields;
 }
 
-std::optional<FieldPlace> FindField(std::string_view name) {
+std::optional<FieldPlace> find_field(std::string_view name) {
     for (const RecordField& f : kFields) {
         if (f.count == 0) {
             if (f.name == name) return FieldPlace{&f, 0};
@@ -304,7 +304,7 @@ std::optional<FieldPlace> FindField(std::string_view name) {
     return std::nullopt;
 }
 
-std::optional<FieldPlace> FindColumn(std::string_view column) {
+std::optional<FieldPlace> find_column(std::string_view column) {
     for (const RecordField& f : kFields) {
         if (f.column.empty()) continue;
         if (f.count == 0) {
@@ -318,7 +318,7 @@ std::optional<FieldPlace> FindColumn(std::string_view column) {
     return std::nullopt;
 }
 
-std::optional<FieldPlace> FindSlot(int slot) {
+std::optional<FieldPlace> find_slot(int slot) {
     for (const RecordField& f : kFields) {
         const int width = f.count == 0 ? 1 : static_cast<int>(f.count);
         if (f.slot != 0 && slot >= f.slot && slot < f.slot + width)
@@ -331,41 +331,41 @@ int SlotOf(const FieldPlace& place) {
     return place.field->slot == 0 ? 0 : place.field->slot + static_cast<int>(place.element);
 }
 
-std::string NameOf(const FieldPlace& place) {
+std::string name_of(const FieldPlace& place) {
     const RecordField& f = *place.field;
     if (f.count == 0) return std::string(f.name);
     if (!f.letters.empty()) return sentence({f.name, ".", f.letters.substr(place.element, 1)});
     return sentence({f.name, ".", std::to_string(place.element + 1)});
 }
 
-bool IsBound(const RecordField& field) {
+bool is_bound(const RecordField& field) {
     Record any;
     return std::holds_alternative<std::int16_t*>(field.at(any, 0));
 }
 
-FieldRef Locate(SubstanceRecord& record, const FieldPlace& place) {
+FieldRef locate(SubstanceRecord& record, const FieldPlace& place) {
     return place.field->at(record, place.element);
 }
 
 FieldValue ValueOf(const SubstanceRecord& record, const FieldPlace& place) {
     // The accessors serve reading and writing alike; nothing is written here.
-    const FieldRef ref = Locate(const_cast<SubstanceRecord&>(record), place);
+    const FieldRef ref = locate(const_cast<SubstanceRecord&>(record), place);
     return std::visit([](const auto* field) { return FieldValue(*field); }, ref);
 }
 
-std::optional<FieldValue> GetField(const SubstanceRecord& record, std::string_view name) {
-    const std::optional<FieldPlace> place = FindField(name);
+std::optional<FieldValue> get_field(const SubstanceRecord& record, std::string_view name) {
+    const std::optional<FieldPlace> place = find_field(name);
     return place ? std::optional(ValueOf(record, *place)) : std::nullopt;
 }
 
-std::string SetField(SubstanceRecord& record, std::string_view name, std::string_view value) {
-    const std::optional<FieldPlace> place = FindField(name);
+std::string set_field(SubstanceRecord& record, std::string_view name, std::string_view value) {
+    const std::optional<FieldPlace> place = find_field(name);
     if (!place) return unknown_field(name);
-    const std::string error = std::visit(Store{name, value}, Locate(record, *place));
+    const std::string error = std::visit(Store{name, value}, locate(record, *place));
     if (!error.empty()) return error;
     // Both texts have a form of their own in the record.
-    if (name == "Formula") record.FormulaCompact = text::RemoveBlanks(record.Formula);
-    if (name == "CASRN") record.CASRN = text::PadRight(record.CASRN, 12);
+    if (name == "Formula") record.FormulaCompact = text::remove_blanks(record.Formula);
+    if (name == "CASRN") record.CASRN = text::pad_right(record.CASRN, 12);
     return {};
 }
 

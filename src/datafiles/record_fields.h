@@ -32,7 +32,7 @@ struct RecordField {
 };
 
 /// All fields in the order of the record.
-std::span<const RecordField> RecordFields();
+std::span<const RecordField> record_fields();
 
 /// A field, or one element (from 0) of a set.
 struct FieldPlace {
@@ -42,27 +42,27 @@ struct FieldPlace {
 
 /// The place of a name: "M", "WAG.1" (elements count from 1), "ALP.A", "WAG.TLo". Nothing for an
 /// unknown name and for a set without an element.
-std::optional<FieldPlace> FindField(std::string_view name);
+std::optional<FieldPlace> find_field(std::string_view name);
 /// The place of a table's column: "M", "WAG_1", "ALP_A", "cpPoly_0", "rhoL_1", "WAG_TLo".
-std::optional<FieldPlace> FindColumn(std::string_view column);
+std::optional<FieldPlace> find_column(std::string_view column);
 /// The place that a slot of a file fills, if any.
-std::optional<FieldPlace> FindSlot(int slot);
+std::optional<FieldPlace> find_slot(int slot);
 /// The slot of a place, 0 when it has none.
 int SlotOf(const FieldPlace& place);
-/// Name of a place, as `FindField` reads it.
-std::string NameOf(const FieldPlace& place);
+/// Name of a place, as `find_field` reads it.
+std::string name_of(const FieldPlace& place);
 /// True for a temperature bound, which is a whole number of kelvins and 0 for "none".
-bool IsBound(const RecordField& field);
+bool is_bound(const RecordField& field);
 
-FieldRef Locate(models::SubstanceRecord& record, const FieldPlace& place);
+FieldRef locate(models::SubstanceRecord& record, const FieldPlace& place);
 FieldValue ValueOf(const models::SubstanceRecord& record, const FieldPlace& place);
 
 /// The value of a named field; nothing when there is no such field.
-std::optional<FieldValue> GetField(const models::SubstanceRecord& record, std::string_view name);
+std::optional<FieldValue> get_field(const models::SubstanceRecord& record, std::string_view name);
 /// Stores a value as it stands, without the rules of a database: a number with a point, a whole
 /// number for a temperature bound, "1" or "0" ("true", "false") for a flag, a text for a text.
 /// Returns an empty text, or a sentence about what is wrong; the record is then unchanged.
-std::string SetField(models::SubstanceRecord& record, std::string_view name,
-                     std::string_view value);
+std::string set_field(models::SubstanceRecord& record, std::string_view name,
+                      std::string_view value);
 
 }  // namespace quor::datafiles

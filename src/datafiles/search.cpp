@@ -25,15 +25,15 @@ std::int16_t first_place(std::size_t entries, const Fits& fits) {
 void note_missing_synonyms() {
     if (!the_session.SynonymNotePending) return;
     the_session.SynonymNotePending = false;
-    dialogs::Tell(
+    dialogs::tell(
         "The file SYNOM.TXT was not found in the QUOR directory.\n"
         "Substances are found by their exact name or CASRN only.",
         "Remark", dialogs::Icon::Information);
 }
 
 void tell_not_involved(const SynonymHit& block) {
-    const std::string name = text::Split(block.line, '_').front();
-    dialogs::Tell(
+    const std::string name = text::split(block.line, '_').front();
+    dialogs::tell(
         " This substance is not involved in the database \n" + name + "\nCASRN " + block.casrn,
         kTitle, dialogs::Icon::Exclamation);
 }
@@ -41,20 +41,20 @@ void tell_not_involved(const SynonymHit& block) {
 }  // namespace
 
 SubstanceFound FindSubstance(const std::string& search) {
-    const std::string wanted = text::TrimRight(search);
+    const std::string wanted = text::trim_right(search);
     const std::int16_t exact = first_place(the_substances.Names.size(), [&](std::size_t i) {
-        return !wanted.empty() && (wanted == text::TrimRight(the_substances.Names[i]) ||
-                                   wanted == text::TrimRight(the_substances.Casrn[i]));
+        return !wanted.empty() && (wanted == text::trim_right(the_substances.Names[i]) ||
+                                   wanted == text::trim_right(the_substances.Casrn[i]));
     });
     if (exact != 0) return {exact, true};
 
-    const SynonymHit block = SearchSynonyms(wanted);
+    const SynonymHit block = search_synonyms(wanted);
     if (block.fileMissing) note_missing_synonyms();
     if (!block.found || block.casrn.empty()) {
-        dialogs::Tell("Nothing found.", kTitle, dialogs::Icon::Exclamation);
+        dialogs::tell("Nothing found.", kTitle, dialogs::Icon::Exclamation);
         return {};
     }
-    const std::int16_t index = FindByCasrn(block.casrn);
+    const std::int16_t index = find_by_casrn(block.casrn);
     if (index == 0) {
         tell_not_involved(block);
         return {};
@@ -62,16 +62,16 @@ SubstanceFound FindSubstance(const std::string& search) {
     return {index, true};
 }
 
-std::int16_t FindByNumber(std::int16_t number) {
+std::int16_t find_by_number(std::int16_t number) {
     return first_place(the_substances.Numbers.size(),
                        [&](std::size_t i) { return the_substances.Numbers[i] == number; });
 }
 
-std::int16_t FindByCasrn(const std::string& casrn) {
-    const std::string wanted = text::TrimRight(casrn);
+std::int16_t find_by_casrn(const std::string& casrn) {
+    const std::string wanted = text::trim_right(casrn);
     if (wanted.empty()) return 0;
     return first_place(the_substances.Casrn.size(), [&](std::size_t i) {
-        return text::TrimRight(the_substances.Casrn[i]) == wanted;
+        return text::trim_right(the_substances.Casrn[i]) == wanted;
     });
 }
 

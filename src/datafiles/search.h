@@ -15,8 +15,8 @@ struct SubstanceFound {
 SubstanceFound FindSubstance(const std::string& search);
 
 /// Place of a substance number in the lists, 0 if none.
-std::int16_t FindByNumber(std::int16_t number);
+std::int16_t find_by_number(std::int16_t number);
 /// Place of a CASRN in the lists, blanks at the end aside; 0 if none and for an empty one.
-std::int16_t FindByCasrn(const std::string& casrn);
+std::int16_t find_by_casrn(const std::string& casrn);
 
 }  // namespace quor::datafiles

@@ -15,12 +15,12 @@ namespace {
 using legacy::the_session;
 
 std::string trimmed(std::string_view s) {
-    return text::Trim(s);
+    return text::trim(s);
 }
 
 std::string substance_lines() {
     const models::SubstanceRecord& s = legacy::the_substance;
-    const StatusPanels panels = PanelTexts(legacy::the_models.EOSModel >= 0);
+    const StatusPanels panels = panel_texts(legacy::the_models.EOSModel >= 0);
     std::string lines = "... substance: ";
     lines += s.Formula + "  " + trimmed(s.CASRN) + "  " + s.Name;
     lines += " (#" + std::to_string(the_session.CurrentSubstance) + ")";
@@ -36,7 +36,7 @@ std::string name_by_casrn(const std::string& casrn) {
     const std::string wanted = trimmed(casrn);
     if (wanted.empty()) return {};
     for (std::size_t i = 1; i < lists.Casrn.size() && i < lists.Names.size(); ++i)
-        if (trimmed(lists.Casrn[i]) == wanted) return trimmed(text::Split(lists.Names[i], ';')[0]);
+        if (trimmed(lists.Casrn[i]) == wanted) return trimmed(text::split(lists.Names[i], ';')[0]);
     return {};
 }
 
@@ -49,8 +49,8 @@ std::string batch_lines() {
         lines += the_session.BatchCount == 1 ? " set of data" : " sets of data";
         return lines + " available,\nnot yet saved.";
     }
-    lines += "... batch file" + session::FileTitle(the_session.BatchFile);
-    const std::string folder = session::FolderOf(the_session.BatchFile);
+    lines += "... batch file" + session::file_title(the_session.BatchFile);
+    const std::string folder = session::folder_of(the_session.BatchFile);
     const std::string& source = folder.empty() ? the_session.FolderBatch : folder;
     if (source.size() > 2) lines += "\n  from " + source;
     lines += "\n  with " + count + " sets of data";
@@ -62,19 +62,19 @@ std::string batch_lines() {
 
 }  // namespace
 
-StatusPanels PanelTexts(bool modelsComplete) {
+StatusPanels panel_texts(bool modelsComplete) {
     const models::ModelSelection& m = legacy::the_models;
     StatusPanels panels;
     if (the_session.CurrentSubstance != 0) panels.substance = legacy::the_substance.Name;
     if (!modelsComplete) return panels;
     constexpr std::string_view kPriority = " (Priority!)";
     panels.eos = trimmed(models::EOSName(m.EOSModel));
-    panels.vapourPressure = "Vapour press. equ.: " + trimmed(models::VPName(m.VPModel));
+    panels.vapourPressure = "Vapour press. equ.: " + trimmed(models::vp_name(m.VPModel));
     if (!m.EOSOnlyV) (m.PriorityCEOS ? panels.eos : panels.vapourPressure) += kPriority;
     return panels;
 }
 
-Report StatusReport() {
+Report status_report() {
     Report report{.title = " loaded ...", .text = {}};
     if (the_session.DatabaseFile.empty()) {
         report.text = "... not yet a database";
@@ -92,7 +92,7 @@ Report StatusReport() {
     return report;
 }
 
-Report ParameterReport() {
+Report parameter_report() {
     const models::EOSParameters& e = legacy::the_eosParameters;
     const std::int16_t code = legacy::the_models.EOSModel;
     Report report{.title = " Parameters of the EOS ", .text = {}};

@@ -11,10 +11,10 @@ struct Report {
 };
 
 /// "Loaded are ...": database, substance, models and experimental data of the session.
-Report StatusReport();
+Report status_report();
 
 /// The constants of the active equation of state and its critical volume.
-Report ParameterReport();
+Report parameter_report();
 
 /// Texts of the first three panels of the status bar; empty as long as there is nothing to name.
 struct StatusPanels {
@@ -23,6 +23,6 @@ struct StatusPanels {
 
 /// Substance and models. Of two models that both give p(LV) the one with priority is marked. The
 /// models stay empty without a complete choice.
-StatusPanels PanelTexts(bool modelsComplete);
+StatusPanels panel_texts(bool modelsComplete);
 
 }  // namespace quor::datafiles

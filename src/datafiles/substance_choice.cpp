@@ -22,7 +22,7 @@ constexpr std::int16_t kFirstCorrelated = 6, kLastCorrelated = 8;
 
 void question_batch_data() {
     if (the_session.BatchCount == 0) return;
-    if (!dialogs::Ask("Loaded exper. data (batch data) delete now?", "Batch data",
+    if (!dialogs::ask("Loaded exper. data (batch data) delete now?", "Batch data",
                       dialogs::Icon::Question, false))
         return;
     the_session.BatchCount = 0;
@@ -34,7 +34,7 @@ void question_batch_data() {
 }
 
 void tell_no_critical_data() {
-    dialogs::Tell(
+    dialogs::tell(
         "T(cr) and/or p(cr) not available in the data base\n"
         "(lacking critical data can be completed by the user in data-base editor)\n\n"
         "With  " +
@@ -46,7 +46,7 @@ void tell_no_critical_data() {
 void compute_dependents() {
     const models::SubstanceRecord& s = legacy::the_substance;
     const std::int16_t eos = legacy::the_models.EOSModel;
-    if (eos >= 0) models::CalcEOSParameters(eos);
+    if (eos >= 0) models::calc_eos_parameters(eos);
     if (static_cast<double>(s.Tboil) <= constants::kPresent) return;
     for (std::int16_t i = kFirstCorrelated; i <= kLastCorrelated; ++i)
         models::CorrelateVapourPressure(i, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
@@ -54,34 +54,34 @@ void compute_dependents() {
 
 }  // namespace
 
-std::vector<std::string> NamesOf(std::string_view nameField) {
+std::vector<std::string> names_of(std::string_view nameField) {
     std::vector<std::string> names;
-    for (const std::string& part : text::Split(nameField, ';')) {
-        std::string name = text::Trim(part);
+    for (const std::string& part : text::split(nameField, ';')) {
+        std::string name = text::trim(part);
         if (names.empty() || !name.empty()) names.push_back(std::move(name));
     }
     return names;
 }
 
-std::string FirstNameOf(std::string_view nameField) {
-    return text::Trim(nameField.substr(0, nameField.find(';')));
+std::string first_name_of(std::string_view nameField) {
+    return text::trim(nameField.substr(0, nameField.find(';')));
 }
 
-std::string FormulaAndCasrn(std::int16_t index) {
+std::string formula_and_casrn(std::int16_t index) {
     const auto i = static_cast<std::size_t>(index);
     const datafiles::SubstanceLists& lists = legacy::the_substances;
     if (index < 1 || i >= lists.Formulas.size() || i >= lists.Casrn.size()) return {};
-    return text::TrimRight(lists.Formulas[i]) + " CASRN: " + text::TrimRight(lists.Casrn[i]);
+    return text::trim_right(lists.Formulas[i]) + " CASRN: " + text::trim_right(lists.Casrn[i]);
 }
 
-bool TakeSubstance(std::int16_t index) {
-    session::ResetSession();
-    session::SetCommands({Command::mnuModel}, false);
+bool take_substance(std::int16_t index) {
+    session::reset_session();
+    session::set_commands({Command::mnuModel}, false);
     question_batch_data();
 
     bool noCriticalData = false;
     if (!ReadSubstance(index, noCriticalData)) {
-        dialogs::Tell(
+        dialogs::tell(
             "The substance could not be read from the database " + the_session.DatabaseFile,
             kRefused, dialogs::Icon::Stop);
         return false;
@@ -94,7 +94,7 @@ bool TakeSubstance(std::int16_t index) {
     the_session.SubstanceSet = true;
     const session::BusyPointer busy;
     compute_dependents();
-    session::SetCommands({Command::mnuModel}, true);
+    session::set_commands({Command::mnuModel}, true);
     return true;
 }
 

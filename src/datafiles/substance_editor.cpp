@@ -47,7 +47,7 @@ constexpr std::int16_t kIndexKFR = 7;
 constexpr std::int16_t kIndexTHO = 8;
 
 const EditorField& Field(int DD) {
-    return EditorFieldTable()[static_cast<std::size_t>(DD)];
+    return editor_field_table()[static_cast<std::size_t>(DD)];
 }
 
 /// Numbers carry a blank where a minus sign would stand.
@@ -56,61 +56,61 @@ std::string Signed(std::string number) {
 }
 
 template <class Real>
-std::string ShownNumber(Real value) {
+std::string shown_number(Real value) {
     if (value == 0) return kEmpty;
     if (std::fabs(static_cast<double>(value)) < kLargestStoredZero) return kZero;
-    const std::string general = numbers::GeneralPoint(value);
-    const bool whole = static_cast<Real>(numbers::Val(general)) == value;
-    return Signed(whole ? general : Exact(value));
+    const std::string general = numbers::general_point(value);
+    const bool whole = static_cast<Real>(numbers::val(general)) == value;
+    return Signed(whole ? general : exact(value));
 }
 
 /// A value of the record as the editor shows it.
 struct Shown {
-    std::string operator()(float value) const { return EditorText(value); }
-    std::string operator()(double value) const { return EditorText(value); }
+    std::string operator()(float value) const { return editor_text(value); }
+    std::string operator()(double value) const { return editor_text(value); }
     std::string operator()(std::int16_t value) const {
-        return EditorText(static_cast<float>(value));
+        return editor_text(static_cast<float>(value));
     }
     std::string operator()(bool) const { return {}; }
-    std::string operator()(const std::string& value) const { return text::TrimRight(value); }
+    std::string operator()(const std::string& value) const { return text::trim_right(value); }
 };
 
-std::string ShownText(const EditorField& field, const SubstanceRecord& s) {
-    return std::visit(Shown{}, ValueOf(s, PlaceOf(field)));
+std::string shown_text(const EditorField& field, const SubstanceRecord& s) {
+    return std::visit(Shown{}, ValueOf(s, place_of(field)));
 }
 
-void ShowBlock(const FieldBlock& block, const SubstanceRecord& s, EditorTexts& texts) {
+void show_block(const FieldBlock& block, const SubstanceRecord& s, EditorTexts& texts) {
     for (int i = block.first; i < block.first + block.count; ++i)
-        texts[static_cast<std::size_t>(i)] = ShownText(Field(i), s);
+        texts[static_cast<std::size_t>(i)] = shown_text(Field(i), s);
 }
 
-void ClearBlock(const FieldBlock& block, EditorTexts& texts) {
+void clear_block(const FieldBlock& block, EditorTexts& texts) {
     for (int i = block.first; i < block.first + block.count; ++i)
         texts[static_cast<std::size_t>(i)].clear();
 }
 
-bool HasCriticalData(const SubstanceRecord& s) {
+bool has_critical_data(const SubstanceRecord& s) {
     return s.Tcrit >= kPresent && s.pcrit >= kPresent;
 }
 
-void CorrelateSets(SubstanceRecord& s) {
+void correlate_sets(SubstanceRecord& s) {
     for (const std::int16_t index : {kIndexKFW, kIndexKFR, kIndexTHO})
         models::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
 }
 
-void ShowCorrelatedSets(const SubstanceRecord& s, EditorTexts& texts) {
+void show_correlated_sets(const SubstanceRecord& s, EditorTexts& texts) {
     for (const FieldBlock& block : {kThompsonBlock, kVanDerWaalsBlock, kRedlichBlock})
-        ShowBlock(block, s, texts);
+        show_block(block, s, texts);
 }
 
 /// The user's zeros become 1E-37, empty fields "<>".
-void NormaliseTexts(EditorTexts& texts) {
-    for (const EditorField& field : EditorFieldTable()) {
+void normalise_texts(EditorTexts& texts) {
+    for (const EditorField& field : editor_field_table()) {
         std::string& content = texts[static_cast<std::size_t>(field.DD)];
-        const std::string trimmed = text::Trim(content);
+        const std::string trimmed = text::trim(content);
         if (trimmed.empty()) {
             content = kEmpty;
-        } else if (!field.IsText() && trimmed != kEmpty && numbers::ValInput(trimmed) == 0) {
+        } else if (!field.is_text() && trimmed != kEmpty && numbers::val_input(trimmed) == 0) {
             content = kStoredZeroText;
         }
     }
@@ -120,61 +120,61 @@ void NormaliseTexts(EditorTexts& texts) {
 struct Read {
     std::string content;
 
-    double Number() const { return numbers::ValInput(content); }
-    void operator()(float* field) const { *field = numbers::ToSingle(Number()); }
-    void operator()(double* field) const { *field = CellNumberInput(content); }
-    void operator()(std::int16_t* field) const { *field = numbers::ToInt16(Number()); }
+    double Number() const { return numbers::val_input(content); }
+    void operator()(float* field) const { *field = numbers::to_single(Number()); }
+    void operator()(double* field) const { *field = cell_number_input(content); }
+    void operator()(std::int16_t* field) const { *field = numbers::to_int16(Number()); }
     void operator()(bool*) const {}
     void operator()(std::string* field) const { *field = content; }
 };
 
 /// Reads one field. A text that still shows the value leaves it, so that no digit is lost.
-void ReadField(const EditorField& field, const std::string& content, SubstanceRecord& s) {
-    if (content == ShownText(field, s)) return;
-    const std::string trimmed = text::Trim(content);
-    std::visit(Read{trimmed == kEmpty ? "" : trimmed}, Locate(s, PlaceOf(field)));
+void read_field(const EditorField& field, const std::string& content, SubstanceRecord& s) {
+    if (content == shown_text(field, s)) return;
+    const std::string trimmed = text::trim(content);
+    std::visit(Read{trimmed == kEmpty ? "" : trimmed}, locate(s, place_of(field)));
 }
 
 /// The measured equations that a substance without an active one is searched for.
-void ChooseEquation(const SubstanceRecord& s, models::ModelSelection& models) {
+void choose_equation(const SubstanceRecord& s, models::ModelSelection& models) {
     if (models.VPCode != "000") return;
     if (s.AHP.TLo > 0) models.VPCode = "AHP";
     if (s.ALP.TLo > 0) models.VPCode = "ALP";
-    models.VPModel = models::VPIndex(models.VPCode);
+    models.VPModel = models::vp_index(models.VPCode);
 }
 
 }  // namespace
 
-std::string EditorText(float value) {
-    return ShownNumber(value);
+std::string editor_text(float value) {
+    return shown_number(value);
 }
 
-std::string EditorText(double value) {
-    const float single = SingleOrZero(value);
-    return static_cast<double>(single) == value ? ShownNumber(single) : ShownNumber(value);
+std::string editor_text(double value) {
+    const float single = single_or_zero(value);
+    return static_cast<double>(single) == value ? shown_number(single) : shown_number(value);
 }
 
-EditorTexts ShowRecord(const SubstanceRecord& substance) {
+EditorTexts show_record(const SubstanceRecord& substance) {
     SubstanceRecord s = substance;
-    if (HasCriticalData(s)) CorrelateSets(s);
+    if (has_critical_data(s)) correlate_sets(s);
     EditorTexts texts;
-    for (const EditorField& field : EditorFieldTable())
-        texts[static_cast<std::size_t>(field.DD)] = ShownText(field, s);
-    if (!HasCriticalData(s))
+    for (const EditorField& field : editor_field_table())
+        texts[static_cast<std::size_t>(field.DD)] = shown_text(field, s);
+    if (!has_critical_data(s))
         for (const FieldBlock& block : {kThompsonBlock, kVanDerWaalsBlock, kRedlichBlock})
-            ClearBlock(block, texts);
+            clear_block(block, texts);
     return texts;
 }
 
-std::optional<char> FilterKey(const EditorField& field, char typed) {
+std::optional<char> filter_key(const EditorField& field, char typed) {
     constexpr std::string_view accepted = "0123456789Ee-.\r\n\b\x7f";
-    if (field.IsText()) return typed;
+    if (field.is_text()) return typed;
     if (typed == ',') return '.';
     return accepted.find(typed) == std::string_view::npos ? std::nullopt : std::optional(typed);
 }
 
-void FormDerivedValues(SubstanceRecord& s) {
-    s.FormulaCompact = text::RemoveBlanks(s.Formula);
+void form_derived_values(SubstanceRecord& s) {
+    s.FormulaCompact = text::remove_blanks(s.Formula);
     s.vcritExp = s.rhocrit > kPresent ? static_cast<double>(s.M) / s.rhocrit : 0;
     mend_sinh(s.cpSinh);
     form_cp_flags(s);
@@ -183,18 +183,18 @@ void FormDerivedValues(SubstanceRecord& s) {
 
 EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::ModelSelection& models) {
     EditorApplied applied;
-    NormaliseTexts(texts);
-    for (const EditorField& field : EditorFieldTable()) {
+    normalise_texts(texts);
+    for (const EditorField& field : editor_field_table()) {
         if (!field.editable) continue;
         try {
-            ReadField(field, texts[static_cast<std::size_t>(field.DD)], s);
+            read_field(field, texts[static_cast<std::size_t>(field.DD)], s);
         } catch (const faults::Fault&) {
-            texts[static_cast<std::size_t>(field.DD)] = ShownText(field, s);
+            texts[static_cast<std::size_t>(field.DD)] = shown_text(field, s);
         }
     }
-    s.CASRN = text::PadRight(s.CASRN, kCasrnLength);
-    FormDerivedValues(s);
-    ChooseEquation(s, models);
+    s.CASRN = text::pad_right(s.CASRN, kCasrnLength);
+    form_derived_values(s);
+    choose_equation(s, models);
 
     if (!(static_cast<double>(s.Tboil) > kPresent) && models.VPCode != "000") {
         const models::BoilingTemperatureResult boiling =
@@ -208,17 +208,17 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
         models.HLVModel = 2;
         applied.watsonDropped = true;
     }
-    if (HasCriticalData(s)) {
-        CorrelateSets(s);
-        ShowCorrelatedSets(s, texts);
+    if (has_critical_data(s)) {
+        correlate_sets(s);
+        show_correlated_sets(s, texts);
     }
-    ShowBlock(kAugustBlock, s, texts);
+    show_block(kAugustBlock, s, texts);
     for (std::string& content : texts)
         if (content == kStoredZeroText) content = kZero;
     for (const int computed : {kTboil, kCpSinhC2})
-        if (numbers::ValInput(texts[static_cast<std::size_t>(computed)]) !=
-            numbers::Val(ShownText(Field(computed), s)))
-            texts[static_cast<std::size_t>(computed)] = ShownText(Field(computed), s);
+        if (numbers::val_input(texts[static_cast<std::size_t>(computed)]) !=
+            numbers::val(shown_text(Field(computed), s)))
+            texts[static_cast<std::size_t>(computed)] = shown_text(Field(computed), s);
     return applied;
 }
 
@@ -226,36 +226,36 @@ void ApplyEditor(EditorTexts& texts) {
     constexpr std::int16_t kManualVirial = 10;  // its coefficients were typed in and stay
     models::ModelSelection& models = legacy::the_models;
     if (apply_editor(texts, legacy::the_substance, models).watsonDropped) dialogs::Beep();
-    if (HasCriticalData(legacy::the_substance) && models.EOSModel >= 0 &&
+    if (has_critical_data(legacy::the_substance) && models.EOSModel >= 0 &&
         models.EOSModel != kManualVirial)
-        models::CalcEOSParameters(models.EOSModel);
-    if (HasCriticalData(legacy::the_substance) && legacy::the_session.CurrentSubstance > 0 &&
+        models::calc_eos_parameters(models.EOSModel);
+    if (has_critical_data(legacy::the_substance) && legacy::the_session.CurrentSubstance > 0 &&
         !legacy::the_session.SubstanceSet) {
         legacy::the_session.SubstanceSet = true;
-        session::SetCommands({session::Command::mnuModel}, true);
+        session::set_commands({session::Command::mnuModel}, true);
     }
-    session::RefreshUnits();
+    session::refresh_units();
     legacy::the_session.ResultsOutdated = true;
 }
 
-void Recalculate(EditorCorrelation correlation, EditorTexts& texts) {
+void recalculate(EditorCorrelation correlation, EditorTexts& texts) {
     const auto number = [&](int DD) {
-        const std::string content = text::Trim(texts[static_cast<std::size_t>(DD)]);
-        return content == kEmpty ? 0.0 : numbers::ValInput(content);
+        const std::string content = text::trim(texts[static_cast<std::size_t>(DD)]);
+        return content == kEmpty ? 0.0 : numbers::val_input(content);
     };
     SubstanceRecord s;
     s.Tcrit = number(kTcrit);
     s.pcrit = number(kPcrit);
     s.Tboil = static_cast<float>(number(kTboil));
-    if (!HasCriticalData(s)) return;
+    if (!has_critical_data(s)) return;
     const auto correlate = [&](std::int16_t index, const FieldBlock& block) {
         models::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
-        ShowBlock(block, s, texts);
+        show_block(block, s, texts);
     };
     switch (correlation) {
         case EditorCorrelation::August:
             models::correlate_august(s);
-            ShowBlock(kAugustBlock, s, texts);
+            show_block(kAugustBlock, s, texts);
             break;
         case EditorCorrelation::Antoine:
             correlate(kIndexTHO, kThompsonBlock);
@@ -269,50 +269,50 @@ void Recalculate(EditorCorrelation correlation, EditorTexts& texts) {
     }
 }
 
-std::optional<std::string> TriplePointPressure(bool fromEquation) {
+std::optional<std::string> triple_point_pressure(bool fromEquation) {
     const SubstanceRecord& s = legacy::the_substance;
-    if (!fromEquation) return EditorText(s.ptriple);
+    if (!fromEquation) return editor_text(s.ptriple);
     const models::VapourPressureResult result =
         models::vapour_pressure(s, static_cast<double>(s.Ttriple), legacy::the_models.VPCode);
     if (result.status != kSuccess) {
-        dialogs::Tell("Error while calculating vapour pressure", "Execution not possible",
+        dialogs::tell("Error while calculating vapour pressure", "Execution not possible",
                       dialogs::Icon::Stop);
         return std::nullopt;
     }
-    return EditorText(static_cast<float>(result.p));
+    return editor_text(static_cast<float>(result.p));
 }
 
-bool MayCloseEditor(const EditorTexts& shown, const EditorTexts& now) {
+bool may_close_editor(const EditorTexts& shown, const EditorTexts& now) {
     if (shown == now) return true;
-    return dialogs::Ask("Your changes are lost here (use \"Apply\")\n\nClose nevertheless?",
+    return dialogs::ask("Your changes are lost here (use \"Apply\")\n\nClose nevertheless?",
                         "WARNING", dialogs::Icon::Exclamation, false);
 }
 
-std::string ActiveEquationCaption() {
+std::string active_equation_caption() {
     return "actual vapour-pressure equation: " +
-           text::Trim(models::VPName(legacy::the_models.VPModel));
+           text::trim(models::vp_name(legacy::the_models.VPModel));
 }
 
-std::string DatabaseCaption() {
+std::string database_caption() {
     return "Database loaded:  " +
-           text::ToUpper(session::FileTitle(legacy::the_session.DatabaseFile));
+           text::to_upper(session::file_title(legacy::the_session.DatabaseFile));
 }
 
-std::string EditorReport(const EditorTexts& texts) {
+std::string editor_report(const EditorTexts& texts) {
     constexpr std::size_t kCaption = 34, kValue = 20;
     std::string report;
     EditorTab tab = EditorTab::Head;
     std::string_view frame;
-    for (const EditorField& field : EditorFieldTable()) {
-        if (field.tab != tab) report += "\n" + text::Trim(EditorTabCaption(field.tab)) + "\n";
+    for (const EditorField& field : editor_field_table()) {
+        if (field.tab != tab) report += "\n" + text::trim(editor_tab_caption(field.tab)) + "\n";
         if (field.tab != tab || field.frame != frame)
-            if (!field.frame.empty()) report += "  " + text::Trim(field.frame) + "\n";
+            if (!field.frame.empty()) report += "  " + text::trim(field.frame) + "\n";
         tab = field.tab;
         frame = field.frame;
         std::string line =
-            "    " + text::PadRight(text::Trim(field.caption), kCaption) +
-            text::PadLeft(text::Trim(texts[static_cast<std::size_t>(field.DD)]), kValue);
-        if (!field.unit.empty()) line += " " + text::Trim(field.unit);
+            "    " + text::pad_right(text::trim(field.caption), kCaption) +
+            text::pad_left(text::trim(texts[static_cast<std::size_t>(field.DD)]), kValue);
+        if (!field.unit.empty()) line += " " + text::trim(field.unit);
         report += line + "\n";
     }
     return report;

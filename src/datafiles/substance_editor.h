@@ -23,7 +23,7 @@ enum class EditorTab : std::uint8_t {
     HeatCapacity,
     Vaporisation
 };
-std::string_view EditorTabCaption(EditorTab tab);
+std::string_view editor_tab_caption(EditorTab tab);
 
 /// One field of the editor.
 struct EditorField {
@@ -32,16 +32,16 @@ struct EditorField {
     std::string_view frame;    ///< caption of its frame
     std::string_view caption;  ///< of the field itself, with its unit where there is one
     std::string_view unit;     ///< empty for numbers without a unit
-    std::string_view name;     ///< of the record's field, as `FindField` reads it
+    std::string_view name;     ///< of the record's field, as `find_field` reads it
     bool editable = true;
 
-    bool IsText() const { return DD >= 83 && DD <= 85; }
+    bool is_text() const { return DD >= 83 && DD <= 85; }
 };
 
 /// All fields, ordered by their index.
-std::span<const EditorField, kEditorFields> EditorFieldTable();
+std::span<const EditorField, kEditorFields> editor_field_table();
 /// The place of a field in a record.
-FieldPlace PlaceOf(const EditorField& field);
+FieldPlace place_of(const EditorField& field);
 
 /// The part of the data that a group contribution method estimates.
 enum class GroupFrame : std::uint8_t { Critical, Formation, HeatCapacity };
@@ -50,24 +50,24 @@ enum class GroupFrame : std::uint8_t { Critical, Formation, HeatCapacity };
 using EditorTexts = std::array<std::string, kEditorFields>;
 
 /// The data as a list for the printer: all fields by tab and frame.
-std::string EditorReport(const EditorTexts& texts);
+std::string editor_report(const EditorTexts& texts);
 
 /// A value as the editor shows it: "<>" for none, " 0" for the stored zero 1E-37; a positive number
 /// has a blank in front. 32-bit values read back as the same value.
-std::string EditorText(float value);
-std::string EditorText(double value);
+std::string editor_text(float value);
+std::string editor_text(double value);
 
 /// Texts of all fields of a record. The correlated sets are computed from its critical data and
 /// boiling point; they stay empty where the critical data are missing.
-EditorTexts ShowRecord(const models::SubstanceRecord& substance);
+EditorTexts show_record(const models::SubstanceRecord& substance);
 
 /// The character that a field takes for a typed one ("," becomes "."), nothing for one that it
 /// swallows. Names take every character.
-std::optional<char> FilterKey(const EditorField& field, char typed);
+std::optional<char> filter_key(const EditorField& field, char typed);
 
 /// Values of a record that follow from others: the compact formula, |C2| of the sinh/cosh function,
 /// the cp flags, the critical volume and the entropy of formation.
-void FormDerivedValues(models::SubstanceRecord& substance);
+void form_derived_values(models::SubstanceRecord& substance);
 
 /// What an application of the editor to a record did beside reading the fields.
 struct EditorApplied {
@@ -84,19 +84,19 @@ void ApplyEditor(EditorTexts& texts);
 /// A correlation that the editor computes from its fields without touching the record.
 enum class EditorCorrelation : std::uint8_t { August, Antoine, KFW, KFR };
 /// Writes the fields of the correlation; they stay as they are without critical data.
-void Recalculate(EditorCorrelation correlation, EditorTexts& texts);
+void recalculate(EditorCorrelation correlation, EditorTexts& texts);
 
 /// Text of the triple point pressure: of the record, or from the active vapour pressure equation at
 /// the triple point. Nothing, after a message, when the equation has no value there.
-std::optional<std::string> TriplePointPressure(bool fromEquation);
+std::optional<std::string> triple_point_pressure(bool fromEquation);
 
 /// True when the view may close: nothing was changed, or the user gives the changes up.
-bool MayCloseEditor(const EditorTexts& shown, const EditorTexts& now);
+bool may_close_editor(const EditorTexts& shown, const EditorTexts& now);
 
 /// "actual vapour-pressure equation:" with the name of the active one.
-std::string ActiveEquationCaption();
+std::string active_equation_caption();
 /// "Database loaded:  " with the title of the file.
-std::string DatabaseCaption();
+std::string database_caption();
 inline constexpr std::string_view kEditorNote = " Note: Any changes are lost without \"Apply\" ";
 inline constexpr std::string_view kEditorLegend = "<> = empty";
 

@@ -154,18 +154,18 @@ constexpr std::array<EditorField, kEditorFields> kTable{{
 
 }  // namespace
 
-std::string_view EditorTabCaption(EditorTab tab) {
+std::string_view editor_tab_caption(EditorTab tab) {
     constexpr std::array<std::string_view, 6> captions{
         "", "Single Values", "Vapour Pressure", "L-Density", "Heat Capacity", "delta(LV)h"};
     return captions[static_cast<std::size_t>(tab)];
 }
 
-FieldPlace PlaceOf(const EditorField& field) {
+FieldPlace place_of(const EditorField& field) {
     // The names of the table are those of the record: each is found.
-    return FindField(field.name).value_or(FieldPlace{});
+    return find_field(field.name).value_or(FieldPlace{});
 }
 
-std::span<const EditorField, kEditorFields> EditorFieldTable() {
+std::span<const EditorField, kEditorFields> editor_field_table() {
     return kTable;
 }
 

@@ -47,7 +47,7 @@ bool is_control(char c) {
 
 }  // namespace
 
-SubstanceFileRecord DecodeRecord(std::span<const char, kRecordSize> bytes) {
+SubstanceFileRecord decode_record(std::span<const char, kRecordSize> bytes) {
     SubstanceFileRecord r;
     Cursor<const char> in{bytes.data()};
     in.text(r.formula);
@@ -61,7 +61,7 @@ SubstanceFileRecord DecodeRecord(std::span<const char, kRecordSize> bytes) {
     return r;
 }
 
-RecordBytes EncodeRecord(const SubstanceFileRecord& r) {
+RecordBytes encode_record(const SubstanceFileRecord& r) {
     RecordBytes bytes{};
     Cursor<char> out{bytes.data()};
     out.put_text(r.formula);
@@ -75,18 +75,18 @@ RecordBytes EncodeRecord(const SubstanceFileRecord& r) {
     return bytes;
 }
 
-std::string FieldText(std::span<const char> field) {
+std::string field_text(std::span<const char> field) {
     std::string bytes(field.begin(), field.end());
     std::replace_if(bytes.begin(), bytes.end(), is_control, ' ');
-    return text::FromAnsi(bytes);
+    return text::from_ansi(bytes);
 }
 
-std::string FirstName(std::string_view nameField) {
-    return text::TrimRight(nameField.substr(0, nameField.find(';')));
+std::string first_name(std::string_view nameField) {
+    return text::trim_right(nameField.substr(0, nameField.find(';')));
 }
 
-void SetFieldText(std::span<char> field, std::string_view utf8) {
-    const std::string bytes = text::ToAnsi(text::PadRight(utf8, field.size()));
+void set_field_text(std::span<char> field, std::string_view utf8) {
+    const std::string bytes = text::to_ansi(text::pad_right(utf8, field.size()));
     std::fill(field.begin(), field.end(), ' ');
     std::copy_n(bytes.begin(), std::min(bytes.size(), field.size()), field.begin());
 }

@@ -18,7 +18,7 @@ inline constexpr std::size_t kCasrnLength = 12;
 inline constexpr float kRealZero = 1e-37F;
 
 template <std::size_t N>
-constexpr std::array<char, N> Blanks() {
+constexpr std::array<char, N> blanks() {
     std::array<char, N> blanks{};
     blanks.fill(' ');
     return blanks;
@@ -27,26 +27,26 @@ constexpr std::array<char, N> Blanks() {
 /// One record of a database, the header or a substance. Texts are kept as the bytes of the file
 /// (code page 1252, blank-padded), so that what nobody changes goes back as it came.
 struct SubstanceFileRecord {
-    std::array<char, kFormulaLength> formula = Blanks<kFormulaLength>();  ///< header: date
-    std::array<char, kNameLength> nameEnglish = Blanks<kNameLength>();
-    std::array<char, kNameLength> nameGerman = Blanks<kNameLength>();
-    std::array<char, kCasrnLength> casrn = Blanks<kCasrnLength>();
-    std::array<char, 41> text5 = Blanks<41>();
-    std::array<char, 41> text6 = Blanks<41>();
+    std::array<char, kFormulaLength> formula = blanks<kFormulaLength>();  ///< header: date
+    std::array<char, kNameLength> nameEnglish = blanks<kNameLength>();
+    std::array<char, kNameLength> nameGerman = blanks<kNameLength>();
+    std::array<char, kCasrnLength> casrn = blanks<kCasrnLength>();
+    std::array<char, 41> text5 = blanks<41>();
+    std::array<char, 41> text6 = blanks<41>();
     std::int16_t number = 0;  ///< substance number; header: number of substances
     std::array<float, kSlotCount> values{};
 };
 
 using RecordBytes = std::array<char, kRecordSize>;
 
-SubstanceFileRecord DecodeRecord(std::span<const char, kRecordSize> bytes);
-RecordBytes EncodeRecord(const SubstanceFileRecord& record);
+SubstanceFileRecord decode_record(std::span<const char, kRecordSize> bytes);
+RecordBytes encode_record(const SubstanceFileRecord& record);
 
 /// A text field as UTF-8 with its full width; control characters become blanks.
-std::string FieldText(std::span<const char> field);
+std::string field_text(std::span<const char> field);
 /// The name of a name field: what stands before the first ";", without blanks at its end.
-std::string FirstName(std::string_view nameField);
+std::string first_name(std::string_view nameField);
 /// Writes a text into a field: as many characters as it holds, padded with blanks.
-void SetFieldText(std::span<char> field, std::string_view utf8);
+void set_field_text(std::span<char> field, std::string_view utf8);
 
 }  // namespace quor::datafiles

@@ -36,7 +36,7 @@ struct FromSlot {
     void operator()(float* field) const { *field = value; }
     void operator()(double* field) const { *field = static_cast<double>(value); }
     void operator()(std::int16_t* field) const {
-        const double kelvin = numbers::RoundHalfEven(static_cast<double>(value));
+        const double kelvin = numbers::round_half_even(static_cast<double>(value));
         *field = std::fabs(kelvin) <= 32767.0 ? static_cast<std::int16_t>(kelvin) : std::int16_t{0};
     }
     void operator()(bool*) const {}
@@ -44,8 +44,8 @@ struct FromSlot {
 };
 
 struct ToSlot {
-    float operator()(float value) const { return SingleOrZero(static_cast<double>(value)); }
-    float operator()(double value) const { return SingleOrZero(value); }
+    float operator()(float value) const { return single_or_zero(static_cast<double>(value)); }
+    float operator()(double value) const { return single_or_zero(value); }
     float operator()(std::int16_t value) const { return static_cast<float>(value); }
     float operator()(bool) const { return 0.0F; }
     float operator()(const std::string&) const { return 0.0F; }
@@ -53,7 +53,7 @@ struct ToSlot {
 
 template <class Action>
 void for_each_slot(const Action& action) {
-    for (const RecordField& field : RecordFields()) {
+    for (const RecordField& field : record_fields()) {
         if (field.slot == 0) continue;
         for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i)
             action(field, FieldPlace{&field, i});
@@ -113,23 +113,23 @@ void form_cp_flags(SubstanceRecord& r) {
     r.hasCpS = condensed_cp_exists(r.cpS);
 }
 
-LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
-                                const SubstanceRecord& previous) {
+LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
+                                  const SubstanceRecord& previous) {
     LoadedSubstance loaded;
     SubstanceRecord& r = loaded.record;
-    r.Formula = text::TrimRight(FieldText(file.formula));
-    r.FormulaCompact = text::RemoveBlanks(r.Formula);
-    r.Name = FirstName(FieldText(english ? file.nameEnglish : file.nameGerman));
-    r.CASRN = FieldText(file.casrn);
+    r.Formula = text::trim_right(field_text(file.formula));
+    r.FormulaCompact = text::remove_blanks(r.Formula);
+    r.Name = first_name(field_text(english ? file.nameEnglish : file.nameGerman));
+    r.CASRN = field_text(file.casrn);
 
     for_each_slot([&](const RecordField& field, const FieldPlace& place) {
         const float value = slot_of(file, field.slot + static_cast<int>(place.element));
-        std::visit(FromSlot{value}, Locate(r, place));
+        std::visit(FromSlot{value}, locate(r, place));
     });
 
-    r.M = SingleOrZero(numbers::Round4(static_cast<double>(r.M)));
-    r.Tcrit = numbers::Round4(r.Tcrit);
-    r.pcrit = numbers::Round4(r.pcrit);
+    r.M = single_or_zero(numbers::round4(static_cast<double>(r.M)));
+    r.Tcrit = numbers::round4(r.Tcrit);
+    r.pcrit = numbers::round4(r.pcrit);
     loaded.noCriticalData = r.Tcrit < kPresent || r.pcrit < kPresent;
     if (static_cast<double>(r.Ttriple) < kPresent) r.Ttriple = slot_of(file, kSlotSecondTripleT);
     r.vcritExp = r.rhocrit > kPresent ? static_cast<double>(r.M) / r.rhocrit : 0.0;
@@ -138,7 +138,7 @@ LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
     models::correlate_august(r);
     loaded.VPCode = best_vapour_pressure_code(r);
     if (!(static_cast<double>(r.Tboil) > kPresent) && loaded.VPCode != "000")
-        r.Tboil = SingleOrZero(
+        r.Tboil = single_or_zero(
             models::boiling_temperature(r, constants::kNormalPressure, loaded.VPCode).T);
 
     mend_sinh(r.cpSinh);
@@ -148,10 +148,10 @@ LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
     return loaded;
 }
 
-void SlotsFromRecord(const SubstanceRecord& record, bool english, SubstanceFileRecord& file) {
-    SetFieldText(file.formula, record.Formula);
-    SetFieldText(english ? file.nameEnglish : file.nameGerman, record.Name);
-    SetFieldText(file.casrn, record.CASRN);
+void slots_from_record(const SubstanceRecord& record, bool english, SubstanceFileRecord& file) {
+    set_field_text(file.formula, record.Formula);
+    set_field_text(english ? file.nameEnglish : file.nameGerman, record.Name);
+    set_field_text(file.casrn, record.CASRN);
     file.number = 1;
     for_each_slot([&](const RecordField& field, const FieldPlace& place) {
         if (!field.inPrivateFile) return;

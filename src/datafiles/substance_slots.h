@@ -19,8 +19,8 @@ struct LoadedSubstance {
 /// the flags of the cp functions. `english` chooses the name field. `dfs` keeps its value of
 /// `previous` where `dfh` or `dfg` is missing. The correlated sets KFW, KFR and THO come out empty.
 /// A slot that holds no finite number, or a bound beyond 16 bits, counts as absent.
-LoadedSubstance RecordFromSlots(const SubstanceFileRecord& file, bool english,
-                                const models::SubstanceRecord& previous);
+LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
+                                  const models::SubstanceRecord& previous);
 
 /// Makes C2 of the sinh/cosh function absolute, and not zero where C0 is there.
 void mend_sinh(models::CpSet& set);
@@ -33,7 +33,7 @@ std::string best_vapour_pressure_code(const models::SubstanceRecord& record);
 
 /// Puts a substance into a file record: formula, name (in the field of the language), CASRN,
 /// number 1, and the slots that a private file takes over. All else stays as it is.
-void SlotsFromRecord(const models::SubstanceRecord& record, bool english,
-                     SubstanceFileRecord& file);
+void slots_from_record(const models::SubstanceRecord& record, bool english,
+                       SubstanceFileRecord& file);
 
 }  // namespace quor::datafiles

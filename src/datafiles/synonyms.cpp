@@ -54,7 +54,7 @@ class LineReader {
   public:
     explicit LineReader(std::string_view text) : rest_(text) {}
 
-    bool atEnd() const { return rest_.empty(); }
+    bool at_end() const { return rest_.empty(); }
     std::string_view next() {
         const std::size_t end = rest_.find('\n');
         std::string_view line = rest_.substr(0, end);
@@ -63,9 +63,9 @@ class LineReader {
         return line;
     }
     /// The next line that is not empty; empty at the end.
-    std::string_view nextFilled() {
+    std::string_view next_filled() {
         std::string_view line;
-        while (line.empty() && !atEnd()) line = next();
+        while (line.empty() && !at_end()) line = next();
         return line;
     }
 
@@ -75,44 +75,44 @@ class LineReader {
 
 }  // namespace
 
-std::string NormaliseName(std::string_view name) {
-    std::string s = text::RemoveBlanks(text::ToUpper(name));
-    for (const auto& [from, to] : kSpellings) s = text::ReplaceAll(std::move(s), from, to);
+std::string normalise_name(std::string_view name) {
+    std::string s = text::remove_blanks(text::to_upper(name));
+    for (const auto& [from, to] : kSpellings) s = text::replace_all(std::move(s), from, to);
     s = oxides(std::move(s));
-    for (const auto& [from, to] : kAbbreviations) s = text::ReplaceAll(std::move(s), from, to);
+    for (const auto& [from, to] : kAbbreviations) s = text::replace_all(std::move(s), from, to);
     return s;
 }
 
-std::string ComparingForm(std::string_view normalised) {
+std::string comparing_form(std::string_view normalised) {
     std::string form;
     for (const char c : normalised)
         if (c != '-' && c != '(' && c != ')' && c != '.') form += c;
     return form;
 }
 
-SynonymHit FindInSynonyms(std::string_view file, std::string_view search) {
-    const std::string casrn = text::TrimRight(search);
-    const std::string wanted = ComparingForm(NormaliseName(search));
+SynonymHit find_in_synonyms(std::string_view file, std::string_view search) {
+    const std::string casrn = text::trim_right(search);
+    const std::string wanted = comparing_form(normalise_name(search));
     LineReader lines(file);
-    while (!lines.atEnd()) {
+    while (!lines.at_end()) {
         SynonymHit block;
-        block.casrn = lines.nextFilled();
+        block.casrn = lines.next_filled();
         if (block.casrn == kEnd) return block;
         block.line = lines.next();
         block.found = !casrn.empty() && block.casrn == casrn;
         if (block.found) return block;
         for (std::string_view line = lines.next(); !line.empty(); line = lines.next()) {
-            block.found = !wanted.empty() && ComparingForm(line) == wanted;
+            block.found = !wanted.empty() && comparing_form(line) == wanted;
             if (block.found) return block;
         }
     }
     return {};
 }
 
-SynonymHit SearchSynonyms(const std::string& search) {
-    const FileContent file = ReadWhole(session::FindFile(std::string(kFile)));
+SynonymHit search_synonyms(const std::string& search) {
+    const FileContent file = read_whole(session::find_file(std::string(kFile)));
     if (!file.error.empty()) return {.fileMissing = true};
-    return FindInSynonyms(text::FromOem(file.bytes), search);
+    return find_in_synonyms(text::from_oem(file.bytes), search);
 }
 
 }  // namespace quor::datafiles

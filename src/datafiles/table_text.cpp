@@ -9,26 +9,26 @@ namespace quor::datafiles {
 namespace {
 
 bool begins_number(const std::string& cell) {
-    const std::string s = text::Trim(cell);
+    const std::string s = text::trim(cell);
     const std::size_t i = s.find_first_not_of("+-.,");
     return i != std::string::npos && s[i] >= '0' && s[i] <= '9';
 }
 
 bool is_heading(const std::string& line) {
-    const std::vector<std::string> cells = text::Split(line, '\t');
+    const std::vector<std::string> cells = text::split(line, '\t');
     return std::none_of(cells.begin(), cells.end(), begins_number);
 }
 
 }  // namespace
 
-std::vector<std::string> DataLines(std::string_view table) {
+std::vector<std::string> data_lines(std::string_view table) {
     std::vector<std::string> lines = text::Lines(table);
-    std::erase_if(lines, [](const std::string& line) { return text::Trim(line).empty(); });
+    std::erase_if(lines, [](const std::string& line) { return text::trim(line).empty(); });
     if (!lines.empty() && is_heading(lines.front())) lines.erase(lines.begin());
     return lines;
 }
 
-std::string AlignedColumns(const std::vector<std::vector<std::string>>& rows) {
+std::string aligned_columns(const std::vector<std::vector<std::string>>& rows) {
     std::vector<std::size_t> widths;
     for (const auto& row : rows) {
         widths.resize(std::max(widths.size(), row.size()), 0);
@@ -39,8 +39,8 @@ std::string AlignedColumns(const std::vector<std::vector<std::string>>& rows) {
     for (const auto& row : rows) {
         std::string line;
         for (std::size_t c = 0; c < row.size(); ++c)
-            line += (c == 0 ? "" : "  ") + text::PadLeft(row[c], widths[c]);
-        all += text::TrimRight(line) + "\n";
+            line += (c == 0 ? "" : "  ") + text::pad_left(row[c], widths[c]);
+        all += text::trim_right(line) + "\n";
     }
     return all;
 }

@@ -31,12 +31,12 @@ char delimiter_of(std::string_view line, char delimiter) {
 }
 
 float coordinate(std::string_view cell) {
-    return CellSingle(numbers::CommaToPoint(std::string(cell)));
+    return cell_single(numbers::comma_to_point(std::string(cell)));
 }
 
 FitPoint read_point(const std::string& line, char delimiter) {
     const char found = delimiter_of(line, delimiter);
-    std::vector<std::string> cells = text::Split(line, found);
+    std::vector<std::string> cells = text::split(line, found);
     // Columns set apart by blanks may have any number of them.
     if (found == ' ') std::erase(cells, "");
     cells.resize(std::max<std::size_t>(cells.size(), 2));
@@ -44,94 +44,95 @@ FitPoint read_point(const std::string& line, char delimiter) {
 }
 
 std::string number(float value) {
-    return numbers::FormatPoint(std::isfinite(value) ? static_cast<double>(value) : 0.0, kMask);
+    return numbers::format_point(std::isfinite(value) ? static_cast<double>(value) : 0.0, kMask);
 }
 
 bool write(const std::string& path, const std::string& text, const std::string& failureTitle) {
-    const std::string error = WriteWhole(path, text);
+    const std::string error = write_whole(path, text);
     if (error.empty()) {
-        the_session.FolderXY = session::FolderOf(path);
+        the_session.FolderXY = session::folder_of(path);
         return true;
     }
-    dialogs::Tell(error, failureTitle, dialogs::Icon::Stop);
+    dialogs::tell(error, failureTitle, dialogs::Icon::Stop);
     return false;
 }
 
 }  // namespace
 
-XYFileContent ReadXYText(const std::string& ansiText, char delimiter) {
-    const std::vector<std::string> lines = text::Lines(text::FromAnsi(ansiText));
+XYFileContent read_xy_text(const std::string& ansiText, char delimiter) {
+    const std::vector<std::string> lines = text::Lines(text::from_ansi(ansiText));
     XYFileContent file;
     if (lines.empty()) return file;
     file.comment = lines.front();
     for (auto line = lines.begin() + 1; line != lines.end(); ++line)
-        if (!text::Trim(*line).empty()) file.points.push_back(read_point(*line, delimiter));
+        if (!text::trim(*line).empty()) file.points.push_back(read_point(*line, delimiter));
     return file;
 }
 
-std::string XYText(const std::string& comment, std::span<const FitPoint> points, char delimiter) {
-    std::string all = AnsiLines({OneLine(comment)});
+std::string xy_text(const std::string& comment, std::span<const FitPoint> points, char delimiter) {
+    std::string all = ansi_lines({one_line(comment)});
     for (const FitPoint& p : points)
         if (IsActive(p)) all += number(p.x) + delimiter + number(p.y) + "\r\n";
     return all;
 }
 
-std::string XYLoad() {
+std::string xy_load() {
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.title = "Load (Curve)Points",
-                             .filter = "x-y Data (*.XY)|*.XY|(*.LRG)|*LRG",
-                             .folder = the_session.FolderXY,
-                             .name = "*.XY",
-                             .defaultExtension = kExtension});
-    return name && !name->empty() ? XYLoad(*name) : std::string();
+        dialogs::choose_file({.title = "Load (Curve)Points",
+                              .filter = "x-y Data (*.XY)|*.XY|(*.LRG)|*LRG",
+                              .folder = the_session.FolderXY,
+                              .name = "*.XY",
+                              .defaultExtension = kExtension});
+    return name && !name->empty() ? xy_load(*name) : std::string();
 }
 
-std::string XYLoad(const std::string& name) {
+std::string xy_load(const std::string& name) {
     const std::string path = InFolder(name, the_session.FolderXY);
     const session::BusyPointer busy;
-    const FileContent file = ReadWhole(path);
+    const FileContent file = read_whole(path);
     if (!file.error.empty()) {
-        dialogs::Tell(file.error, "Execution not possible", dialogs::Icon::Stop);
+        dialogs::tell(file.error, "Execution not possible", dialogs::Icon::Stop);
         return {};
     }
-    XYFileContent content = ReadXYText(file.bytes, the_session.CsvSeparator);
+    XYFileContent content = read_xy_text(file.bytes, the_session.CsvSeparator);
     legacy::the_xyComment = std::move(content.comment);
     legacy::the_xyPoints = std::move(content.points);
-    the_session.FolderXY = session::FolderOf(path);
+    the_session.FolderXY = session::folder_of(path);
     return "  Loaded: " + path;
 }
 
-bool XYSave() {
-    return XYSave(legacy::the_xyComment, legacy::the_xyPoints);
+bool xy_save() {
+    return xy_save(legacy::the_xyComment, legacy::the_xyPoints);
 }
 
-bool XYSave(const std::string& comment, std::span<const FitPoint> points) {
+bool xy_save(const std::string& comment, std::span<const FitPoint> points) {
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.save = true,
-                             .title = "(Curve)Points Save as ... ",
-                             .filter = "x-y Data (*.XY)|*.XY",
-                             .folder = the_session.FolderXY,
-                             .defaultExtension = kExtension,
-                             .overwritePrompt = true});
+        dialogs::choose_file({.save = true,
+                              .title = "(Curve)Points Save as ... ",
+                              .filter = "x-y Data (*.XY)|*.XY",
+                              .folder = the_session.FolderXY,
+                              .defaultExtension = kExtension,
+                              .overwritePrompt = true});
     if (!name || name->empty()) return false;
-    const std::string path = TargetPath(*name, the_session.FolderXY, kExtension);
-    return write(path, XYText(comment, points, the_session.CsvSeparator), "Execution not possible");
+    const std::string path = target_path(*name, the_session.FolderXY, kExtension);
+    return write(path, xy_text(comment, points, the_session.CsvSeparator),
+                 "Execution not possible");
 }
 
-bool XYSaveFrage(bool changed) {
-    return !changed || !AskToSaveNow() || XYSave();
+bool xy_save_frage(bool changed) {
+    return !changed || !ask_to_save_now() || xy_save();
 }
 
-bool SaveCurveAsXY(const diagrams::CurvePointArray& curve) {
+bool save_curve_as_xy(const diagrams::CurvePointArray& curve) {
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.save = true,
-                             .title = "Save curve as *.XY",
-                             .filter = "XY text file (*.XY)|*.XY",
-                             .folder = the_session.FolderXY,
-                             .defaultExtension = kExtension});
+        dialogs::choose_file({.save = true,
+                              .title = "Save curve as *.XY",
+                              .filter = "XY text file (*.XY)|*.XY",
+                              .folder = the_session.FolderXY,
+                              .defaultExtension = kExtension});
     if (!name || name->empty()) return false;
-    const std::string path = TargetPath(*name, the_session.FolderXY, kExtension);
-    if (!MayReplace(path)) return false;
+    const std::string path = target_path(*name, the_session.FolderXY, kExtension);
+    if (!may_replace(path)) return false;
 
     // The header says how many of the elements behind it are points.
     const auto announced = curve.empty() ? 0.0F : std::max(curve.front().x, 0.0F);
@@ -139,7 +140,7 @@ bool SaveCurveAsXY(const diagrams::CurvePointArray& curve) {
     for (std::size_t i = 1; i < curve.size() && static_cast<float>(i) <= announced; ++i)
         points.push_back({curve[i].x, curve[i].y, 0.0F});
     const std::string comment = std::to_string(points.size()) + " curve points";
-    return write(path, XYText(comment, points, the_session.CsvSeparator), "ERROR");
+    return write(path, xy_text(comment, points, the_session.CsvSeparator), "ERROR");
 }
 
 }  // namespace quor::datafiles

@@ -21,26 +21,26 @@ struct XYFileContent {
 /// delimiter, y right of it, up to a further one; a comma in a number is a decimal mark. A line
 /// without the delimiter is split at the first of ";", tab, blank that it has. Empty lines are
 /// left out.
-XYFileContent ReadXYText(const std::string& ansiText, char delimiter);
+XYFileContent read_xy_text(const std::string& ansiText, char delimiter);
 /// The text of a file with the active points.
-std::string XYText(const std::string& comment, std::span<const datafiles::FitPoint> points,
-                   char delimiter);
+std::string xy_text(const std::string& comment, std::span<const datafiles::FitPoint> points,
+                    char delimiter);
 
 /// Asks for a file and takes its points and comment into the XY editor's list. Empty on a cancel
 /// or a failure (which is told), else the line for the status bar, "  Loaded: " and the file.
-std::string XYLoad();
+std::string xy_load();
 /// The same for a known file.
-std::string XYLoad(const std::string& name);
+std::string xy_load(const std::string& name);
 
 /// Asks for a name and writes the active points of the editor's list. False when nothing was
 /// written.
-bool XYSave();
+bool xy_save();
 /// The same for any points.
-bool XYSave(const std::string& comment, std::span<const datafiles::FitPoint> points);
+bool xy_save(const std::string& comment, std::span<const datafiles::FitPoint> points);
 /// Before the list is left: asks whether to save when it is `changed`. True when it may be left.
-bool XYSaveFrage(bool changed);
+bool xy_save_frage(bool changed);
 
 /// Asks for a name and writes a curve. False when nothing was written.
-bool SaveCurveAsXY(const diagrams::CurvePointArray& curve);
+bool save_curve_as_xy(const diagrams::CurvePointArray& curve);
 
 }  // namespace quor::datafiles

@@ -61,7 +61,7 @@ bool IsActive(const FitPoint& point) {
     return point.mark != kInactiveMark;
 }
 
-std::string ManipulateXY(std::vector<FitPoint>& points, XYManipulation what, double W) {
+std::string manipulate_xy(std::vector<FitPoint>& points, XYManipulation what, double W) {
     std::vector<FitPoint> result;
     result.reserve(points.size());
     for (const FitPoint& p : points) {
@@ -74,26 +74,26 @@ std::string ManipulateXY(std::vector<FitPoint>& points, XYManipulation what, dou
     return {};
 }
 
-void SwapXY(std::span<FitPoint> points) {
+void swap_xy(std::span<FitPoint> points) {
     for (FitPoint& p : points) std::swap(p.x, p.y);
 }
 
-void SortByX(std::span<FitPoint> points) {
+void sort_by_x(std::span<FitPoint> points) {
     std::stable_sort(points.begin(), points.end(),
                      [](const FitPoint& a, const FitPoint& b) { return a.x < b.x; });
 }
 
-void SortByY(std::span<FitPoint> points) {
+void sort_by_y(std::span<FitPoint> points) {
     std::stable_sort(points.begin(), points.end(),
                      [](const FitPoint& a, const FitPoint& b) { return a.y < b.y; });
 }
 
-void RemoveXY(std::vector<FitPoint>& points, int first, int last) {
+void remove_xy(std::vector<FitPoint>& points, int first, int last) {
     const Lines lines = in_list(points.size(), first, last);
     points.erase(points.begin() + lines.first, points.begin() + lines.last);
 }
 
-void ToggleXY(std::span<FitPoint> points, int first, int last) {
+void toggle_xy(std::span<FitPoint> points, int first, int last) {
     const Lines lines = in_list(points.size(), first, last);
     for (std::ptrdiff_t i = lines.first; i < lines.last; ++i) {
         FitPoint& p = points[static_cast<std::size_t>(i)];
@@ -101,23 +101,23 @@ void ToggleXY(std::span<FitPoint> points, int first, int last) {
     }
 }
 
-void InsertXY(std::vector<FitPoint>& points, int position, std::span<const FitPoint> more) {
+void insert_xy(std::vector<FitPoint>& points, int position, std::span<const FitPoint> more) {
     const auto at =
         std::clamp<std::ptrdiff_t>(position - 1, 0, static_cast<std::ptrdiff_t>(points.size()));
     points.insert(points.begin() + at, more.begin(), more.end());
 }
 
-std::vector<FitPoint> XYFromClipboard(std::string_view table) {
+std::vector<FitPoint> xy_from_clipboard(std::string_view table) {
     std::vector<FitPoint> points;
-    for (const std::string& line : DataLines(table)) {
-        const std::vector<std::string> cells = text::Split(line, '\t');
-        points.push_back(
-            {CellSingleInput(cells[0]), cells.size() > 1 ? CellSingleInput(cells[1]) : 0.0F, 0.0F});
+    for (const std::string& line : data_lines(table)) {
+        const std::vector<std::string> cells = text::split(line, '\t');
+        points.push_back({cell_single_input(cells[0]),
+                          cells.size() > 1 ? cell_single_input(cells[1]) : 0.0F, 0.0F});
     }
     return points;
 }
 
-std::string XYForClipboard(std::span<const FitPoint> points, int first, int last) {
+std::string xy_for_clipboard(std::span<const FitPoint> points, int first, int last) {
     const Lines lines = in_list(points.size(), first, last);
     std::string table;
     for (std::ptrdiff_t i = lines.first; i < lines.last; ++i) {
@@ -127,31 +127,31 @@ std::string XYForClipboard(std::span<const FitPoint> points, int first, int last
     return table;
 }
 
-std::string XYListText(std::span<const FitPoint> points) {
+std::string xy_list_text(std::span<const FitPoint> points) {
     std::vector<std::vector<std::string>> rows{{"#", "x", "y"}};
     for (std::size_t i = 0; i < points.size(); ++i) {
         const std::string number = std::to_string(i + 1);
         rows.push_back({IsActive(points[i]) ? number : "(" + number + ")",
                         numbers::General(points[i].x), numbers::General(points[i].y)});
     }
-    return AlignedColumns(rows);
+    return aligned_columns(rows);
 }
 
-std::vector<FitPoint> ActivePoints(std::span<const FitPoint> points) {
+std::vector<FitPoint> active_points(std::span<const FitPoint> points) {
     std::vector<FitPoint> active;
     std::copy_if(points.begin(), points.end(), std::back_inserter(active), IsActive);
     return active;
 }
 
-bool EnoughActivePoints(std::span<const FitPoint> points, bool asPoints) {
+bool enough_active_points(std::span<const FitPoint> points, bool asPoints) {
     const auto active = std::count_if(points.begin(), points.end(), IsActive);
     if (active >= (asPoints ? 1 : 2)) return true;
-    dialogs::Tell(asPoints ? "at least one active point!" : "at least two active points!",
+    dialogs::tell(asPoints ? "at least one active point!" : "at least two active points!",
                   "Execution not possible", dialogs::Icon::Stop);
     return false;
 }
 
-XYRange RangeOfActive(std::span<const FitPoint> points) {
+XYRange range_of_active(std::span<const FitPoint> points) {
     XYRange range;
     for (const FitPoint& p : points) {
         if (!IsActive(p)) continue;
@@ -163,12 +163,12 @@ XYRange RangeOfActive(std::span<const FitPoint> points) {
     return range;
 }
 
-XYGraph MakeXYGraph(std::span<const FitPoint> points, bool asPoints) {
+XYGraph make_xy_graph(std::span<const FitPoint> points, bool asPoints) {
     return {.title = "Experimental points y(T)",
             .xTitle = "T / K",
             .yTitle = "y",
-            .points = ActivePoints(points),
-            .range = RangeOfActive(points),
+            .points = active_points(points),
+            .range = range_of_active(points),
             .asPoints = asPoints};
 }
 

@@ -100,11 +100,11 @@ constexpr auto kReducedRules = std::to_array<ReducedRule>({
 });
 
 std::string eos_name() {
-    return text::Trim(models::EOSName(the_models.EOSModel));
+    return text::trim(models::EOSName(the_models.EOSModel));
 }
 
 std::string vapour_pressure_name() {
-    return text::Trim(models::VPName(the_models.VPModel));
+    return text::trim(models::vp_name(the_models.VPModel));
 }
 
 /// Code 10 draws the equilibrium of the EOS only where the EOS has priority and has one.
@@ -119,8 +119,8 @@ std::string title_of(const CatalogueRow& row) {
                                         : "Vapour pressure equation " + vapour_pressure_name();
     if (row.code == 301 && the_session.CaloricUnit == kSpecific)
         title = "specific" + title.substr(std::string_view("molar").size());
-    if (const std::string_view equation = PressureEquationOf(row.code); !equation.empty())
-        title += text::Trim(models::VPName(models::VPIndex(equation)));
+    if (const std::string_view equation = pressure_equation_of(row.code); !equation.empty())
+        title += text::trim(models::vp_name(models::vp_index(equation)));
     if (row.prefixed)
         title.insert(0, the_session.CaloricUnit == kSpecific ? "specific " : "molar ");
     return title;
@@ -140,7 +140,7 @@ std::string sub_title_of(const CatalogueRow& row, const diagrams::DiagramRequest
         case SubTitle::database:
             return name + validity_text(row, request);
         case SubTitle::vaporisation:
-            return name + ",  " + text::Trim(models::HLVName(the_models.HLVModel));
+            return name + ",  " + text::trim(models::hlv_name(the_models.HLVModel));
         case SubTitle::vapourPressure:
             if (!vapour_pressure_by_eos())
                 return name + ",  vapour press. equ. " + vapour_pressure_name();
@@ -152,7 +152,7 @@ std::string sub_title_of(const CatalogueRow& row, const diagrams::DiagramRequest
 
 /// The volume of the database equation is molar or specific, never reduced.
 std::string_view axis_text_of(std::int16_t code, Axis axis) {
-    if (code == 301 && axis == Axis::v) return kVolumeTexts[LiquidVolumeIsSpecific() ? 1 : 0];
+    if (code == 301 && axis == Axis::v) return kVolumeTexts[liquid_volume_is_specific() ? 1 : 0];
     return AxisText(axis, the_session.CaloricUnit, the_session.UnitMode);
 }
 
@@ -166,7 +166,7 @@ std::string_view AxisText(Axis axis, std::int16_t CaloricUnit, std::int16_t Unit
     return kAxisTexts[static_cast<std::size_t>(axis)][unit];
 }
 
-ReducedText ReducedTextOf(std::int16_t DiagramType) {
+ReducedText reduced_text_of(std::int16_t DiagramType) {
     ReducedText text;
     for (const ReducedRule& rule : kReducedRules) {
         if (DiagramType < rule.first || DiagramType > rule.last) continue;
@@ -182,14 +182,14 @@ std::string CurveModelName(std::int16_t DiagramType) {
 }
 
 void FillTexts(diagrams::DiagramRequest& request) {
-    const CatalogueRow* row = FindRow(request.DiagramType);
+    const CatalogueRow* row = find_row(request.DiagramType);
     if (row == nullptr) return;
     request.title = title_of(*row);
     request.subTitle = sub_title_of(*row, request);
     request.xLabel = axis_text_of(row->code, row->x);
     request.yLabel = axis_text_of(row->code, row->y);
     if (the_session.UnitMode != kReduced) return;
-    const ReducedText reduced = ReducedTextOf(row->code);
+    const ReducedText reduced = reduced_text_of(row->code);
     if (!reduced.x.empty()) request.xLabel = reduced.x;
     if (!reduced.y.empty()) request.yLabel = reduced.y;
 }

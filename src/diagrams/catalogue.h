@@ -80,11 +80,11 @@ struct CatalogueRow {
 std::span<const CatalogueRow> Catalogue();
 
 /// The row of a code; nullptr when the catalogue has none.
-const CatalogueRow* FindRow(std::int16_t DiagramType);
+const CatalogueRow* find_row(std::int16_t DiagramType);
 
 /// The diagram in which an added curve is drawn: 150 for the equilibrium curve 70. The code itself
 /// for a diagram, and for a code of no diagram.
-std::int16_t DiagramOfCurve(std::int16_t code);
+std::int16_t diagram_of_curve(std::int16_t code);
 
 /// Text of an axis by `CaloricUnit` (0 to 3) and `UnitMode` (0 to 2), before reduced overrides.
 std::string_view AxisText(Axis axis, std::int16_t CaloricUnit, std::int16_t UnitMode);
@@ -93,7 +93,7 @@ std::string_view AxisText(Axis axis, std::int16_t CaloricUnit, std::int16_t Unit
 struct ReducedText {
     std::string_view x, y;  ///< empty: the text of the catalogue stays
 };
-ReducedText ReducedTextOf(std::int16_t DiagramType);
+ReducedText reduced_text_of(std::int16_t DiagramType);
 
 /// Title, axis texts and subtitle of `request.DiagramType` for the session's units and models.
 /// A code without a row leaves them as they are.

@@ -176,7 +176,7 @@ constexpr auto kAdded = std::to_array<AddedCurve>({
 
 }  // namespace
 
-std::int16_t DiagramOfCurve(std::int16_t code) {
+std::int16_t diagram_of_curve(std::int16_t code) {
     for (const AddedCurve& curve : kAdded)
         if (curve.code == code) return curve.diagram;
     return code;
@@ -186,7 +186,7 @@ std::span<const CatalogueRow> Catalogue() {
     return kRows;
 }
 
-const CatalogueRow* FindRow(std::int16_t DiagramType) {
+const CatalogueRow* find_row(std::int16_t DiagramType) {
     const auto row =
         std::lower_bound(kRows.begin(), kRows.end(), DiagramType,
                          [](const CatalogueRow& r, std::int16_t code) { return r.code < code; });

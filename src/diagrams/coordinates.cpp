@@ -20,7 +20,7 @@ using diagrams::DiagramRequest;
 using legacy::the_session;
 
 float single(double value) {
-    return numbers::ToSingle(value);
+    return numbers::to_single(value);
 }
 
 void set_function_limits(CoordinateDefaults& d, double factor) {
@@ -67,8 +67,8 @@ void widen(double& low, double& high) {
 }
 
 void set_database_window(DiagramRequest& request) {
-    const Validity validity = ValidityOf(request.DiagramType);
-    const ValueRange values = ValueRangeOf(request.DiagramType);
+    const Validity validity = validity_of(request.DiagramType);
+    const ValueRange values = value_range_of(request.DiagramType);
     request.validityLow = single(validity.low);
     request.validityHigh = single(validity.high);
 
@@ -85,10 +85,10 @@ void set_database_window(DiagramRequest& request) {
 
 }  // namespace
 
-void CalcCoordinateDefaults(CoordinateDefaults& d) {
-    session::RefreshUnits();
+void calc_coordinate_defaults(CoordinateDefaults& d) {
+    session::refresh_units();
     the_session.CaloricFactor =
-        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
+        session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
 
     const models::SubstanceRecord& s = legacy::the_substance;
     const auto PF = static_cast<double>(the_session.PressureFactor);
@@ -130,10 +130,10 @@ void CalcCoordinateDefaults(CoordinateDefaults& d) {
     d.resEnthalpyMax = single(1000 * CF);
 }
 
-void FillDiagramWindow(const CoordinateDefaults& d, DiagramRequest& request) {
+void fill_diagram_window(const CoordinateDefaults& d, DiagramRequest& request) {
     request.xMin = d.TMin;
     request.xMax = d.TMax;
-    if (const CatalogueRow* row = FindRow(DiagramOfCurve(request.DiagramType))) {
+    if (const CatalogueRow* row = find_row(diagram_of_curve(request.DiagramType))) {
         if (row->xLimits.low != nullptr) {
             request.xMin = d.*row->xLimits.low;
             request.xMax = d.*row->xLimits.high;

@@ -137,8 +137,8 @@ std::int16_t final_status(const Curve& c) {
 
 }  // namespace
 
-CurveResult CalcCurve(diagrams::DiagramRequest& request, diagrams::CurvePointArray& points,
-                      double T, double p, double v) {
+CurveResult calc_curve(diagrams::DiagramRequest& request, diagrams::CurvePointArray& points,
+                       double T, double p, double v) {
     points.assign(1, {});
     Curve curve(request, points, T, p, v);
     if (curve.dX == 0 || curve.dY == 0) return {};
@@ -156,20 +156,20 @@ CurveResult CalcCurve(diagrams::DiagramRequest& request, diagrams::CurvePointArr
     return result;
 }
 
-std::size_t PointCount(const diagrams::CurvePointArray& points) {
+std::size_t point_count(const diagrams::CurvePointArray& points) {
     return points.empty() ? 0 : points.size() - 1;
 }
 
-float MarkOf(std::int16_t DiagramType) {
+float mark_of(std::int16_t DiagramType) {
     const CurveKind* kind = kind_of(DiagramType);
     return kind == nullptr ? kMarkNone : kind->mark;
 }
 
-bool HasCurve(std::int16_t DiagramType) {
+bool has_curve(std::int16_t DiagramType) {
     return kind_of(DiagramType) != nullptr;
 }
 
-bool HasMetastableBranch(std::int16_t DiagramType) {
+bool has_metastable_branch(std::int16_t DiagramType) {
     const auto within = [DiagramType](int first, int last) {
         return DiagramType >= first && DiagramType <= last;
     };
@@ -177,7 +177,7 @@ bool HasMetastableBranch(std::int16_t DiagramType) {
            within(40, 43) || within(150, 160);
 }
 
-bool IsDrawn(std::int16_t status) {
+bool is_drawn(std::int16_t status) {
     return status == CurveStatus::kComplete || status == CurveStatus::kBelowTriple ||
            status == CurveStatus::kEndedEarly || status == CurveStatus::kOutside;
 }

@@ -9,7 +9,7 @@
 /// Curve computation, process lines, grids.
 namespace quor::diagrams {
 
-/// What `CalcCurve` reports beside its points.
+/// What `calc_curve` reports beside its points.
 namespace CurveStatus {
 inline constexpr std::int16_t kComplete = 0;
 inline constexpr std::int16_t kFault = -1;       ///< a run-time error; the message is its text
@@ -36,18 +36,18 @@ struct CurveResult {
 /// parameters T/K, p/kPa, v in m^3/kmol that its kind needs. `points` gets the header and the
 /// points; an empty window gives a header with a count of 0 and status 0. Database functions and
 /// the slope of the vapour pressure complete the request's texts. Never throws.
-CurveResult CalcCurve(diagrams::DiagramRequest& request, diagrams::CurvePointArray& points,
-                      double T, double p, double v);
+CurveResult calc_curve(diagrams::DiagramRequest& request, diagrams::CurvePointArray& points,
+                       double T, double p, double v);
 
 /// Number of points behind the header.
-std::size_t PointCount(const diagrams::CurvePointArray& points);
+std::size_t point_count(const diagrams::CurvePointArray& points);
 
 /// Mark of the curves of a code; kMarkNone for an unknown one.
-float MarkOf(std::int16_t DiagramType);
-/// True when `CalcCurve` has a kind of curve for the code.
-bool HasCurve(std::int16_t DiagramType);
+float mark_of(std::int16_t DiagramType);
+/// True when `calc_curve` has a kind of curve for the code.
+bool has_curve(std::int16_t DiagramType);
 /// True for a curve with an unstable and metastable branch of its own (`SCurveRequested`).
-bool HasMetastableBranch(std::int16_t DiagramType);
+bool has_metastable_branch(std::int16_t DiagramType);
 
 /// What a view tells of a result, empty texts for status 0 and for what needs no word.
 struct StatusText {
@@ -55,6 +55,6 @@ struct StatusText {
 };
 StatusText TextOf(const CurveResult& result);
 /// True when the curve is drawn in spite of its status.
-bool IsDrawn(std::int16_t status);
+bool is_drawn(std::int16_t status);
 
 }  // namespace quor::diagrams

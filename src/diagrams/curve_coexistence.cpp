@@ -208,7 +208,7 @@ void walk_rho_T(Curve& c, double step, Add add) {
         add(e);
         p = e.p;
     }
-    c.SortByY();
+    c.sort_by_y();
 }
 
 }  // namespace

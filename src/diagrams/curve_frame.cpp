@@ -18,7 +18,7 @@ Curve::Curve(diagrams::DiagramRequest& requestOfCurve, diagrams::CurvePointArray
              double TOfCurve, double pOfCurve, double vOfCurve)
     : request(requestOfCurve),
       points(pointsOfCurve),
-      fluid(models::CurrentFluid()),
+      fluid(models::current_fluid()),
       substance(legacy::the_substance),
       T(TOfCurve),
       p(pOfCurve),
@@ -34,7 +34,7 @@ Curve::Curve(diagrams::DiagramRequest& requestOfCurve, diagrams::CurvePointArray
 }
 
 void Curve::prepare() {
-    session::RefreshUnits();
+    session::refresh_units();
     TF = static_cast<double>(the_session.TemperatureFactor);
     PF = static_cast<double>(the_session.PressureFactor);
     VF = the_session.VolumeFactor;
@@ -53,7 +53,7 @@ void Curve::prepare() {
 }
 
 void Curve::push(double x, double y, double z) {
-    points.push_back({numbers::ToSingle(x), numbers::ToSingle(y), numbers::ToSingle(z)});
+    points.push_back({numbers::to_single(x), numbers::to_single(y), numbers::to_single(z)});
 }
 
 void Curve::add(double x, double y, double z) {
@@ -92,7 +92,7 @@ bool Curve::partial_gas() const {
 }
 
 double Curve::caloric(double temperature) const {
-    return session::CaloricFactorOf(the_session.CaloricUnit, temperature);
+    return session::caloric_factor_of(the_session.CaloricUnit, temperature);
 }
 
 std::optional<double> Curve::pressure(double temperature, double volume) const {
@@ -152,11 +152,11 @@ void sort_by(diagrams::CurvePointArray& points, float CurvePoint::*coordinate) {
 
 }  // namespace
 
-void Curve::SortByX() {
+void Curve::sort_by_x() {
     sort_by(points, &CurvePoint::x);
 }
 
-void Curve::SortByY() {
+void Curve::sort_by_y() {
     sort_by(points, &CurvePoint::y);
 }
 

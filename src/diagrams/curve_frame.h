@@ -65,8 +65,8 @@ class Curve {
     models::StateValues functions(double temperature, double pressure, double volume) const;
 
     /// Ascending in x or y; points with equal values keep their order.
-    void SortByX();
-    void SortByY();
+    void sort_by_x();
+    void sort_by_y();
 
   private:
     void push(double x, double y, double z);

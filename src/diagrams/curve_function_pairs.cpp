@@ -10,7 +10,7 @@ namespace {
 constexpr double kLowestPressure = 0.01;
 
 void add_state(Curve& c, double T, double p, double v, double z) {
-    const Projection at = ProjectState(c.request.DiagramType, T, p, v, c.functions(T, p, v));
+    const Projection at = project_state(c.request.DiagramType, T, p, v, c.functions(T, p, v));
     if (at.exists) c.add(at.x, at.y, z);
 }
 

@@ -142,7 +142,7 @@ void isobar_with_crossing(Curve& c, Y y) {
         }
         add_at(c, y, T * c.TF, T, c.p, c.stable_volume(T, c.p), c.p);
     }
-    c.SortByX();
+    c.sort_by_x();
 }
 
 /// Isobars that do not place the ends of the tie-line.
@@ -171,7 +171,7 @@ void isochore(Curve& c, Y y) {
         if (*p <= 0) break;
         add_at(c, y, x, T, *p, c.v, c.v);
     }
-    c.SortByX();
+    c.sort_by_x();
 }
 
 // ---- the walk along an isotherm over p
@@ -248,7 +248,7 @@ void isotherm_over_v(Curve& c, Y y) {
     if (!e.found) return;
     for (const double v : {e.vL, e.vV})
         if (const Ordinate value = y(c, c.T, e.p, v)) c.add(v * c.VF, *value, e.p);
-    c.SortByX();
+    c.sort_by_x();
 }
 
 /// |cV|: the value of a metastable state may be negative.

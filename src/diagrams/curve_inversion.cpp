@@ -62,7 +62,7 @@ std::optional<double> halved(const Curve& c, double p, double a, double b, doubl
 }
 
 /// Walks T from a start until the coefficient changes its sign.
-std::optional<double> FindInversionTemperature(const Curve& c, double p, const Search& search) {
+std::optional<double> find_inversion_temperature(const Curve& c, double p, const Search& search) {
     constexpr int kMostSteps = 300;
     constexpr double kFinest = 0.001;  // K
     double T = search.start, step = search.step;
@@ -97,7 +97,7 @@ double upper_start(const Curve& c) {
     const double walkingStep = -10 * scale_of_steps(c);
     const double first = Tcrit < 200 ? 400 : 5 * Tcrit;
     const auto search_from = [&](double start) {
-        return FindInversionTemperature(c, kLowPressure, {start, walkingStep, 1, 2 * start});
+        return find_inversion_temperature(c, kLowPressure, {start, walkingStep, 1, 2 * start});
     };
     for (int i = 0; i < kTries; ++i) {
         const double start = first - i * kBetween;
@@ -113,7 +113,7 @@ double upper_start(const Curve& c) {
         const auto value = stable_throttling(c, start, kLowPressure);
         if (!value || *value >= 0) continue;
         const double step = std::fmin(walkingStep, -start / 100);
-        const auto T = FindInversionTemperature(c, kLowPressure, {start, step, 1, 2 * start});
+        const auto T = find_inversion_temperature(c, kLowPressure, {start, step, 1, 2 * start});
         return T.value_or(0);
     }
     return 0;
@@ -136,7 +136,7 @@ void inversion_pv_p(Curve& c) {
     for (double x; up.next(x);) {
         const double p = pressure_of(x);
         const Search search{1.3 * T, -10 * scale, 1, 1.5 * T};
-        const auto found = FindInversionTemperature(c, p, search);
+        const auto found = find_inversion_temperature(c, p, search);
         if (!found) continue;
         T = *found;
         add_inversion(c, p, T);
@@ -147,7 +147,7 @@ void inversion_pv_p(Curve& c) {
     Steps down = Steps::plain(c.xMax, c.xMin, -2 * c.dX);
     for (double x; down.next(x);) {
         const double p = pressure_of(x);
-        if (const auto found = FindInversionTemperature(c, p, fromBelow))
+        if (const auto found = find_inversion_temperature(c, p, fromBelow))
             add_inversion(c, p, *found);
     }
 }
@@ -166,7 +166,7 @@ std::optional<double> dense_throttling(const Curve& c, double T, double p) {
 }
 
 /// Secant search on p at T from a start; 0 when it fails.
-double FindInversionPressure(const Curve& c, double T, double start) {
+double find_inversion_pressure(const Curve& c, double T, double start) {
     constexpr int kRounds = 200;
     constexpr double kDifference = 0.0001;  // kPa
     constexpr double kEnough = 0.001;
@@ -238,7 +238,7 @@ void inversion_p_T(Curve& c) {
     Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX / 3);
     for (double x; loop.next(x);) {
         const double T = x / c.TF < kPresent ? kLowestT : x / c.TF;
-        double found = p > 0 ? FindInversionPressure(c, T, p) : 0;
+        double found = p > 0 ? find_inversion_pressure(c, T, p) : 0;
         if (!(found > 0)) found = scan_inversion_pressure(c, T);
         const double pLV = T < c.substance.Tcrit ? equilibrium_at_T(c.fluid, T).p : 0;
         if (found > pLV) {

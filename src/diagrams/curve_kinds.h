@@ -2,7 +2,7 @@
 
 #include "diagrams/curve_frame.h"
 
-/// One function a kind of curve; `CalcCurve` finds it by the code of the request.
+/// One function a kind of curve; `calc_curve` finds it by the code of the request.
 namespace quor::diagrams {
 
 // Sections p-v-T (curve_sections.cpp).

@@ -19,7 +19,7 @@ constexpr int kLiquid = 0;  // `ProcessLineRecord::Phase`
 
 /// Adds a state to the line on the axes of the diagram and keeps it as the last one.
 void add_state(Curve& c, double T, double p, double v, const StateValues& functions) {
-    const Projection at = ProjectState(the_processLine.BaseDiagramType, T, p, v, functions);
+    const Projection at = project_state(the_processLine.BaseDiagramType, T, p, v, functions);
     if (!at.exists) return;
     c.add(at.x, at.y, at.z);
     the_processLine.LastT = T;
@@ -27,7 +27,7 @@ void add_state(Curve& c, double T, double p, double v, const StateValues& functi
 }
 
 void add_state(Curve& c, double T, double p, double v) {
-    const bool needed = NeedsFunctions(the_processLine.BaseDiagramType);
+    const bool needed = needs_functions(the_processLine.BaseDiagramType);
     add_state(c, T, p, v, needed ? c.functions(T, p, v) : StateValues{});
 }
 
@@ -198,8 +198,8 @@ void process_isoline(Curve& c) {
     bool stopped = false;
     Steps loop = range(c, overT ? 0.4 : 0.8);
     for (double running; loop.next(running);) {
-        const double found = overT ? SolveIsolinePressure(c, function, running, *fixed, p)
-                                   : SolveIsoline(c, function, running, *fixed, T);
+        const double found = overT ? solve_isoline_pressure(c, function, running, *fixed, p)
+                                   : solve_isoline(c, function, running, *fixed, T);
         if (!(found > 0)) {
             stopped = true;
             break;

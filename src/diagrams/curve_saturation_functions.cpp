@@ -170,7 +170,7 @@ void saturation_functions_over_v(Curve& c) {
     std::reverse(c.points.begin() + 1, c.points.end());
     add(critical);
     // Sorting must not tear the line: a function that turns on the way keeps the order of T.
-    if (fraction == 0 && course_of(c.points) == Course::falling) c.SortByY();
+    if (fraction == 0 && course_of(c.points) == Course::falling) c.sort_by_y();
 }
 
 namespace {

@@ -70,7 +70,7 @@ void subcritical_isotherm_over_p(Curve& c) {
     }
     add_over_p(c, e.p, e.vV);
     add_over_p(c, e.p, e.vL);
-    c.SortByX();
+    c.sort_by_x();
 }
 
 /// The isotherm inside the dome, from the vapour to the liquid.
@@ -146,7 +146,7 @@ void isotherm_p_v(Curve& c) {
     if (simple) return;
     c.add(e.vL * c.VF, e.p * c.PF, c.T);
     c.add(e.vV * c.VF, e.p * c.PF, c.T);
-    c.SortByX();
+    c.sort_by_x();
 }
 
 void isotherm_over_p(Curve& c) {
@@ -171,7 +171,7 @@ void isobar_T_v(Curve& c) {
         add_on_isobar(c, c.atP.T, c.atP.vL);
         add_on_isobar(c, c.atP.T, c.atP.vV);
     }
-    c.SortByX();
+    c.sort_by_x();
 }
 
 void isochore_p_T(Curve& c) {

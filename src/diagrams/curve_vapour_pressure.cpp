@@ -47,7 +47,7 @@ void vapour_pressure_p_T(Curve& c) {
         p = saturation_pressure(c, T, p);
         if (p > kPresent) c.add(x, p * c.PF, 0);
     }
-    c.SortByX();
+    c.sort_by_x();
 }
 
 void vapour_pressure_logarithmic(Curve& c) {
@@ -91,13 +91,13 @@ void heat_of_vaporisation(Curve& c) {
     for (double x; loop.next(x);) {
         const double T = x / c.TF;
         if (!(T > 0) || T > c.substance.Tcrit || !c.is_real_at_T(T)) continue;
-        const auto r = models::EnthalpyOfVaporisation(m.HLVModel, T, 0, m.VPCode, false);
+        const auto r = models::enthalpy_of_vaporisation(m.HLVModel, T, 0, m.VPCode, false);
         if (r.status != kSuccess) continue;
         hasPressure = hasPressure || r.p > 0;
         c.add(x, r.h * c.caloric(T), r.p > 0 ? r.p : 0);
     }
     c.mark = hasPressure ? kMarkP : kMarkNone;
-    c.SortByX();
+    c.sort_by_x();
 }
 
 }  // namespace quor::diagrams

@@ -51,7 +51,7 @@ std::optional<double> solid_density(double T) {
 }
 
 std::optional<double> caloric(double T, double value, Status status) {
-    return times(if_present(value, status), session::CaloricFactorOf(the_session.CaloricUnit, T));
+    return times(if_present(value, status), session::caloric_factor_of(the_session.CaloricUnit, T));
 }
 
 Validity range(std::int16_t low, std::int16_t high) {
@@ -86,13 +86,13 @@ Validity cp_range(const models::CpSet& set) {
 /// the equation, which then ends a little below it.
 std::optional<double> end_value(std::int16_t code, double T) {
     constexpr double kBelow = 0.01;  // K
-    if (const auto value = DatabaseValue(code, T)) return value;
+    if (const auto value = database_value(code, T)) return value;
     const SubstanceRecord& s = legacy::the_substance;
     double top = s.Tcrit;
     if (const auto Tset = static_cast<double>(s.WAG.a[8]);
-        PressureEquationOf(code) == "WAG" && Tset > 0)
+        pressure_equation_of(code) == "WAG" && Tset > 0)
         top = std::min(top, Tset);
-    return DatabaseValue(code, std::min(T, top) - kBelow);
+    return database_value(code, std::min(T, top) - kBelow);
 }
 
 bool is_density(std::int16_t code) {
@@ -101,27 +101,27 @@ bool is_density(std::int16_t code) {
 
 }  // namespace
 
-std::string_view PressureEquationOf(std::int16_t code) {
+std::string_view pressure_equation_of(std::int16_t code) {
     const int index = code - kFirstPressure;
     if (index < 0 || index >= static_cast<int>(kPressureEquations.size())) return {};
     return kPressureEquations[static_cast<std::size_t>(index)];
 }
 
-bool LiquidVolumeIsSpecific() {
+bool liquid_volume_is_specific() {
     constexpr std::int16_t kSpecificMode = 1, kReducedMode = 2, kSpecificUnit = 3;
     return the_session.UnitMode == kSpecificMode ||
            (the_session.UnitMode == kReducedMode && the_session.CaloricUnit == kSpecificUnit);
 }
 
-double LiquidVolumeFactor() {
-    return LiquidVolumeIsSpecific()
+double liquid_volume_factor() {
+    return liquid_volume_is_specific()
                ? faults::divide(1.0, static_cast<double>(legacy::the_substance.M))
                : 1.0;
 }
 
-std::optional<double> DatabaseValue(std::int16_t code, double T) {
+std::optional<double> database_value(std::int16_t code, double T) {
     if (!(T > 0)) return std::nullopt;
-    if (const std::string_view equation = PressureEquationOf(code); !equation.empty()) {
+    if (const std::string_view equation = pressure_equation_of(code); !equation.empty()) {
         const auto r = models::vapour_pressure(legacy::the_substance, T, equation);
         return times(if_present(r.p, r.status), static_cast<double>(the_session.PressureFactor));
     }
@@ -133,22 +133,22 @@ std::optional<double> DatabaseValue(std::int16_t code, double T) {
         case kVolumeL: {
             const std::optional<double> rho = liquid_density(T);
             if (!rho) return rho;
-            return static_cast<double>(legacy::the_substance.M) * LiquidVolumeFactor() / *rho;
+            return static_cast<double>(legacy::the_substance.M) * liquid_volume_factor() / *rho;
         }
         case kCpIdeal: {
             const models::CpResult r = models::IdealGasCp(T);
             return caloric(T, r.cp, r.status);
         }
         case kCpL: {
-            const models::CpResult r = models::CpLiquid(T);
+            const models::CpResult r = models::cp_liquid(T);
             return caloric(T, r.cp, r.status);
         }
         case kCpS: {
-            const models::CpResult r = models::CpSolid(T);
+            const models::CpResult r = models::cp_solid(T);
             return caloric(T, r.cp, r.status);
         }
         case kVaporisation: {
-            const models::EnthalpyEquationResult r = models::EnthalpyEquationValue(T);
+            const models::EnthalpyEquationResult r = models::enthalpy_equation_value(T);
             return caloric(T, r.h, r.status);
         }
         default:
@@ -156,9 +156,9 @@ std::optional<double> DatabaseValue(std::int16_t code, double T) {
     }
 }
 
-Validity ValidityOf(std::int16_t code) {
+Validity validity_of(std::int16_t code) {
     const SubstanceRecord& s = legacy::the_substance;
-    if (const std::string_view equation = PressureEquationOf(code); !equation.empty())
+    if (const std::string_view equation = pressure_equation_of(code); !equation.empty())
         return pressure_range(equation);
     switch (code) {
         case kDensityL:
@@ -180,12 +180,12 @@ Validity ValidityOf(std::int16_t code) {
 }
 
 bool HasDatabaseFunction(std::int16_t code) {
-    const Validity v = ValidityOf(code);
+    const Validity v = validity_of(code);
     return v.high > v.low && end_value(code, v.low) && end_value(code, v.high);
 }
 
-ValueRange ValueRangeOf(std::int16_t code) {
-    const Validity validity = ValidityOf(code);
+ValueRange value_range_of(std::int16_t code) {
+    const Validity validity = validity_of(code);
     const double atLow = end_value(code, validity.low).value_or(0);
     const double atHigh = end_value(code, validity.high).value_or(0);
     ValueRange r{std::min(atLow, atHigh), std::max(atLow, atHigh)};

@@ -45,7 +45,7 @@ void remember(DiagramSheet& sheet, UndoStep step) {
 
 SavedCurve saved_curve(DiagramSheet& sheet, int slot) {
     const auto& z = sheet.CurveParameters[at(slot)];
-    Series& series = chart::SeriesAt(sheet.chart, Group::Curves, slot);
+    Series& series = chart::series_at(sheet.chart, Group::Curves, slot);
     const std::size_t kept = std::min(series.x.size() + 1, z.size());
     return {slot,
             sheet.CurveFree[at(slot)],
@@ -56,7 +56,7 @@ SavedCurve saved_curve(DiagramSheet& sheet, int slot) {
 }
 
 SavedPointSet saved_points(DiagramSheet& sheet, int slot) {
-    return {slot, sheet.PointSetFree[at(slot)], chart::SeriesAt(sheet.chart, Group::Points, slot)};
+    return {slot, sheet.PointSetFree[at(slot)], chart::series_at(sheet.chart, Group::Points, slot)};
 }
 
 /// Where the line between two points reaches an x that lies between theirs.
@@ -92,7 +92,7 @@ void count_slots(DiagramSheet& sheet) {
 }
 
 void clear_curve(DiagramSheet& sheet, int slot) {
-    chart::ClearSeries(sheet.chart, Group::Curves, slot);
+    chart::clear_series(sheet.chart, Group::Curves, slot);
     erase_label_of(sheet, slot);
     sheet.CurveFree[at(slot)] = true;
     sheet.CurveLabels[at(slot)] = {};
@@ -101,7 +101,7 @@ void clear_curve(DiagramSheet& sheet, int slot) {
 }
 
 void clear_point_set(DiagramSheet& sheet, int slot) {
-    chart::ClearSeries(sheet.chart, Group::Points, slot);
+    chart::clear_series(sheet.chart, Group::Points, slot);
     sheet.PointSetFree[at(slot)] = true;
 }
 
@@ -161,18 +161,18 @@ std::string state_text(double T, double p) {
 
 }  // namespace
 
-std::string ReferenceNote(std::int16_t DiagramType) {
-    const CatalogueRow* row = FindRow(DiagramType);
+std::string reference_note(std::int16_t DiagramType) {
+    const CatalogueRow* row = find_row(DiagramType);
     if (row == nullptr) return {};
     const bool exergy = shows_any(*row, {Axis::e});
     if (!exergy && !shows_any(*row, {Axis::h, Axis::hSpaced, Axis::s, Axis::g, Axis::a, Axis::u}))
         return {};
     const bool zeroPoint =
         !(exergy && row->y == Axis::e && row->x != Axis::h && row->x != Axis::hSpaced);
-    return ReferenceText(zeroPoint, exergy);
+    return reference_text(zeroPoint, exergy);
 }
 
-std::string ReferenceText(bool zeroPoint, bool surroundings) {
+std::string reference_text(bool zeroPoint, bool surroundings) {
     const models::ReferenceState& r = legacy::the_reference;
     const std::string around =
         surroundings ? "surroundings: " + state_text(r.Tenv, r.penv) : std::string();
@@ -192,10 +192,10 @@ DiagramSheet::DiagramSheet() : CurveParameters(kMaxCurves) {
     PointSetFree.fill(true);
 }
 
-std::string WrapTitle(const std::string& title, std::size_t length) {
+std::string wrap_title(const std::string& title, std::size_t length) {
     std::string wrapped;
     std::size_t inLine = 0;
-    for (const std::string& word : text::Split(title, ' ')) {
+    for (const std::string& word : text::split(title, ' ')) {
         const std::size_t more = text::Length(word);
         if (inLine > 0 && inLine + 1 + more > length) {
             wrapped += '\n';
@@ -210,30 +210,30 @@ std::string WrapTitle(const std::string& title, std::size_t length) {
     return wrapped;
 }
 
-void ShowTexts(DiagramSheet& sheet) {
-    sheet.chart.header.text = WrapTitle(text::Trim(sheet.request.title), kHeaderLine);
-    sheet.chart.footer.text = WrapTitle(text::Trim(sheet.request.subTitle), kFooterLine);
-    const std::string note = ReferenceNote(sheet.request.DiagramType);
-    if (!note.empty()) sheet.chart.footer.text += "\n" + WrapTitle(note, kFooterLine);
-    sheet.chart.x.title = text::Trim(sheet.request.xLabel);
-    sheet.chart.y.title = text::Trim(sheet.request.yLabel);
+void show_texts(DiagramSheet& sheet) {
+    sheet.chart.header.text = wrap_title(text::trim(sheet.request.title), kHeaderLine);
+    sheet.chart.footer.text = wrap_title(text::trim(sheet.request.subTitle), kFooterLine);
+    const std::string note = reference_note(sheet.request.DiagramType);
+    if (!note.empty()) sheet.chart.footer.text += "\n" + wrap_title(note, kFooterLine);
+    sheet.chart.x.title = text::trim(sheet.request.xLabel);
+    sheet.chart.y.title = text::trim(sheet.request.yLabel);
 }
 
-void OpenSheet(DiagramSheet& sheet, const diagrams::DiagramRequest& request) {
+void open_sheet(DiagramSheet& sheet, const diagrams::DiagramRequest& request) {
     sheet = DiagramSheet();
     sheet.request = request;
-    ShowTexts(sheet);
+    show_texts(sheet);
     show_window(sheet, {{request.xMin, request.xMax}, {request.yMin, request.yMax}});
-    TakeParameters(sheet);
+    take_parameters(sheet);
 }
 
-void TakeParameters(DiagramSheet& sheet) {
+void take_parameters(DiagramSheet& sheet) {
     sheet.T = legacy::the_session.DiagramT;
     sheet.p = legacy::the_session.DiagramP;
     sheet.v = legacy::the_session.DiagramV;
 }
 
-void GiveToSession(const DiagramSheet& sheet) {
+void give_to_session(const DiagramSheet& sheet) {
     legacy::the_diagram = sheet.request;
     legacy::the_session.DiagramT = sheet.T;
     legacy::the_session.DiagramP = sheet.p;
@@ -242,11 +242,11 @@ void GiveToSession(const DiagramSheet& sheet) {
     legacy::the_session.CurveModelName = CurveModelName(sheet.request.DiagramType);
 }
 
-int StoreCurve(DiagramSheet& sheet, const diagrams::CurvePointArray& points) {
+int store_curve(DiagramSheet& sheet, const diagrams::CurvePointArray& points) {
     const int slot = lowest_free(sheet.CurveFree);
     if (slot < 0) {
         sheet.CurveCount = kMaxCurves;
-        dialogs::Tell(
+        dialogs::tell(
             "Maximum " + std::to_string(kMaxCurves) + " curves possible\nDelete existing curves",
             "WARNING");
         return -1;
@@ -257,7 +257,7 @@ int StoreCurve(DiagramSheet& sheet, const diagrams::CurvePointArray& points) {
     while (end > 1 && points[end - 1].x >= sheet.request.xMax) --end;
     if (end <= 1) end = points.size();
 
-    Series& series = chart::SeriesAt(sheet.chart, Group::Curves, slot);
+    Series& series = chart::series_at(sheet.chart, Group::Curves, slot);
     series.x.clear();
     series.y.clear();
     series.visible = true;
@@ -279,29 +279,29 @@ int StoreCurve(DiagramSheet& sheet, const diagrams::CurvePointArray& points) {
     return slot;
 }
 
-int StorePoints(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y) {
+int store_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y) {
     diagrams::CurvePointArray points(1);
     for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i)
         points.push_back({x[i], y[i], 0});
     points[0].x = static_cast<float>(points.size() - 1);
-    return StoreCurve(sheet, points);
+    return store_curve(sheet, points);
 }
 
-bool HasFreePointSet(const DiagramSheet& sheet) {
+bool has_free_point_set(const DiagramSheet& sheet) {
     if (lowest_free(sheet.PointSetFree) >= 0) return true;
-    dialogs::Tell("Maximum " + std::to_string(kMaxPointSets) +
+    dialogs::tell("Maximum " + std::to_string(kMaxPointSets) +
                       " sets of experimental points possible\n"
                       "Delete the experimental points if exist",
                   "Execution not possible");
     return false;
 }
 
-int StorePointSet(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
-                  const std::string& legend) {
-    if (!HasFreePointSet(sheet)) return -1;
+int store_point_set(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
+                    const std::string& legend) {
+    if (!has_free_point_set(sheet)) return -1;
     const int slot = lowest_free(sheet.PointSetFree);
     remember(sheet, {{}, {saved_points(sheet, slot)}});
-    Series& series = chart::SeriesAt(sheet.chart, Group::Points, slot);
+    Series& series = chart::series_at(sheet.chart, Group::Points, slot);
     series.x = std::move(x);
     series.y = std::move(y);
     series.legend = legend;
@@ -311,15 +311,16 @@ int StorePointSet(DiagramSheet& sheet, std::vector<float> x, std::vector<float> 
     return slot;
 }
 
-void NameCurve(DiagramSheet& sheet, int slot, const std::string& legend, const std::string& label) {
+void name_curve(DiagramSheet& sheet, int slot, const std::string& legend,
+                const std::string& label) {
     if (!is_curve(slot)) return;
-    chart::SeriesAt(sheet.chart, Group::Curves, slot).legend = legend;
+    chart::series_at(sheet.chart, Group::Curves, slot).legend = legend;
     sheet.CurveLabels[at(slot)].text = label;
 }
 
 // ---------------------------------------------------------------------------------------- deleting
 
-void DeleteCurve(DiagramSheet& sheet, int number) {
+void delete_curve(DiagramSheet& sheet, int number) {
     UndoStep step;
     for (int slot = 0; slot < kMaxCurves; ++slot) {
         if (number != 0 && slot != number - 1) continue;
@@ -331,7 +332,7 @@ void DeleteCurve(DiagramSheet& sheet, int number) {
     count_slots(sheet);
 }
 
-void DeletePointSet(DiagramSheet& sheet, int number) {
+void delete_point_set(DiagramSheet& sheet, int number) {
     UndoStep step;
     for (int slot = 0; slot < kMaxPointSets; ++slot) {
         if (number != 0 && slot != number - 1) continue;
@@ -343,7 +344,7 @@ void DeletePointSet(DiagramSheet& sheet, int number) {
     count_slots(sheet);
 }
 
-void DeleteTotal(DiagramSheet& sheet) {
+void delete_total(DiagramSheet& sheet) {
     UndoStep step;
     for (int slot = 0; slot < kMaxCurves; ++slot)
         if (!sheet.CurveFree[at(slot)]) step.curves.push_back(saved_curve(sheet, slot));
@@ -353,51 +354,51 @@ void DeleteTotal(DiagramSheet& sheet) {
     for (const SavedPointSet& set : step.points) clear_point_set(sheet, set.slot);
     remember(sheet, std::move(step));
     count_slots(sheet);
-    DeleteReferenceLines(sheet);
-    DeleteCriticalPoint(sheet, true);
-    DeleteCriticalPoint(sheet, false);
+    delete_reference_lines(sheet);
+    delete_critical_point(sheet, true);
+    delete_critical_point(sheet, false);
     sheet.chart.labels.clear();
     sheet.chart.legend.shown = false;
 }
 
-void DeleteReferenceLines(DiagramSheet& sheet) {
+void delete_reference_lines(DiagramSheet& sheet) {
     auto& curves = sheet.chart.curves;
     if (static_cast<int>(curves.size()) > kFirstReferenceLine)
         curves.resize(at(kFirstReferenceLine));
 }
 
-void DeleteMarkerLabels(DiagramSheet& sheet) {
+void delete_marker_labels(DiagramSheet& sheet) {
     erase_labels(sheet, 0, LabelIndex::kMarkerEnd);
 }
 
-void DeleteCriticalPoint(DiagramSheet& sheet, bool experimental) {
-    chart::ClearSeries(sheet.chart, Group::Points,
-                       experimental ? kCriticalExSeries : kCriticalCalcSeries);
+void delete_critical_point(DiagramSheet& sheet, bool experimental) {
+    chart::clear_series(sheet.chart, Group::Points,
+                        experimental ? kCriticalExSeries : kCriticalCalcSeries);
     const int index = experimental ? LabelIndex::kCriticalEx : LabelIndex::kCriticalCalc;
     erase_labels(sheet, index, index + 1);
 }
 
-void DeleteCurveLabels(DiagramSheet& sheet) {
+void delete_curve_labels(DiagramSheet& sheet) {
     for (CurveLabel& label : sheet.CurveLabels) label.shown = false;
     erase_labels(sheet, LabelIndex::kFirstCurve, LabelIndex::kFirstCurve + kMaxCurves);
 }
 
-void DeleteTexts(DiagramSheet& sheet) {
+void delete_texts(DiagramSheet& sheet) {
     std::erase_if(sheet.chart.labels,
                   [](const chart::Label& l) { return l.index >= LabelIndex::kFirstText; });
 }
 
-bool DeleteSinglePoint(DiagramSheet& sheet, int slot, int point) {
+bool delete_single_point(DiagramSheet& sheet, int slot, int point) {
     if (!is_curve(slot) || sheet.CurveFree[at(slot)]) return false;
-    const Series& series = chart::SeriesAt(sheet.chart, Group::Curves, slot);
+    const Series& series = chart::series_at(sheet.chart, Group::Curves, slot);
     if (series.line.pattern != chart::LinePattern::None) return false;
     if (point < 0 || point >= static_cast<int>(series.x.size())) return false;
     const std::string question = "point x =" + numbers::General(series.x[at(point)]) +
                                  ",  y =" + numbers::General(series.y[at(point)]) +
                                  " Really delete?";
-    if (!dialogs::Ask(question, "Delete a Curve Point")) return false;
+    if (!dialogs::ask(question, "Delete a Curve Point")) return false;
     remember(sheet, {{saved_curve(sheet, slot)}, {}});
-    chart::DeletePoint(sheet.chart, Group::Curves, slot, point);
+    chart::delete_point(sheet.chart, Group::Curves, slot, point);
     auto& z = sheet.CurveParameters[at(slot)];
     if (at(point) + 1 < z.size()) {
         std::move(z.begin() + point + 2, z.end(), z.begin() + point + 1);
@@ -412,7 +413,7 @@ bool Undo(DiagramSheet& sheet) {
     sheet.undo.pop_back();
     for (const SavedCurve& curve : step.curves) {
         clear_curve(sheet, curve.slot);
-        Series& series = chart::SeriesAt(sheet.chart, Group::Curves, curve.slot);
+        Series& series = chart::series_at(sheet.chart, Group::Curves, curve.slot);
         series = curve.series;
         sheet.CurveFree[at(curve.slot)] = curve.free;
         sheet.CurveLabels[at(curve.slot)] = curve.label;
@@ -421,47 +422,47 @@ bool Undo(DiagramSheet& sheet) {
                   sheet.CurveParameters[at(curve.slot)].begin());
     }
     for (const SavedPointSet& set : step.points) {
-        chart::SeriesAt(sheet.chart, Group::Points, set.slot) = set.series;
+        chart::series_at(sheet.chart, Group::Points, set.slot) = set.series;
         sheet.PointSetFree[at(set.slot)] = set.free;
     }
     count_slots(sheet);
     return true;
 }
 
-bool HasReferenceLines(const DiagramSheet& sheet) {
+bool has_reference_lines(const DiagramSheet& sheet) {
     const auto& curves = sheet.chart.curves;
     return std::any_of(curves.begin(), curves.end(),
                        [](const Series& s) { return s.isReference && !s.x.empty(); });
 }
 
-bool HasMarkerLabels(const DiagramSheet& sheet) {
+bool has_marker_labels(const DiagramSheet& sheet) {
     return has_labels(sheet, 0, LabelIndex::kMarkerEnd);
 }
 
-bool HasCriticalPoint(const DiagramSheet& sheet, bool experimental) {
+bool has_critical_point(const DiagramSheet& sheet, bool experimental) {
     const int index = experimental ? LabelIndex::kCriticalEx : LabelIndex::kCriticalCalc;
     return has_labels(sheet, index, index + 1);
 }
 
-bool HasCurveLabels(const DiagramSheet& sheet) {
+bool has_curve_labels(const DiagramSheet& sheet) {
     return has_labels(sheet, LabelIndex::kFirstCurve, LabelIndex::kFirstCurve + kMaxCurves);
 }
 
-bool HasTexts(const DiagramSheet& sheet) {
+bool has_texts(const DiagramSheet& sheet) {
     return std::any_of(sheet.chart.labels.begin(), sheet.chart.labels.end(),
                        [](const chart::Label& l) { return l.index >= LabelIndex::kFirstText; });
 }
 
-bool HasAnything(const DiagramSheet& sheet) {
-    return sheet.CurveCount > 0 || sheet.PointSetCount > 0 || HasReferenceLines(sheet) ||
+bool has_anything(const DiagramSheet& sheet) {
+    return sheet.CurveCount > 0 || sheet.PointSetCount > 0 || has_reference_lines(sheet) ||
            !sheet.chart.labels.empty();
 }
 
 // ------------------------------------------------------------------------------------------ window
 
-bool SetCoordinates(DiagramSheet& sheet, const chart::Window& window) {
+bool set_coordinates(DiagramSheet& sheet, const chart::Window& window) {
     if (!is_range(window.x) || !is_range(window.y)) {
-        dialogs::Tell("Lower limit has to smaller than upper limit.", "INPUT ERROR");
+        dialogs::tell("Lower limit has to smaller than upper limit.", "INPUT ERROR");
         return false;
     }
     keep_coordinates(sheet, window);
@@ -469,27 +470,27 @@ bool SetCoordinates(DiagramSheet& sheet, const chart::Window& window) {
     return true;
 }
 
-void FollowWindow(DiagramSheet& sheet) {
+void follow_window(DiagramSheet& sheet) {
     stretch_reference_lines(sheet);
 }
 
 bool Fit(DiagramSheet& sheet) {
-    const std::optional<chart::Window> window = chart::FittingWindow(sheet.chart);
+    const std::optional<chart::Window> window = chart::fitting_window(sheet.chart);
     if (!window || !is_range(window->x) || !is_range(window->y)) return false;
     keep_coordinates(sheet, *window);
     show_window(sheet, *window);
     return true;
 }
 
-void DefaultCoordinates(DiagramSheet& sheet) {
+void default_coordinates(DiagramSheet& sheet) {
     const diagrams::DiagramRequest& r = sheet.request;
     const chart::Window window{{r.xMinDefault, r.xMaxDefault}, {r.yMinDefault, r.yMaxDefault}};
-    if (is_range(window.x) && is_range(window.y)) SetCoordinates(sheet, window);
+    if (is_range(window.x) && is_range(window.y)) set_coordinates(sheet, window);
 }
 
-void ChangeXY(DiagramSheet& sheet) {
+void change_xy(DiagramSheet& sheet) {
     sheet.SwappedAxes = !sheet.SwappedAxes;
-    chart::SwapAxes(sheet.chart);
+    chart::swap_axes(sheet.chart);
     diagrams::DiagramRequest& r = sheet.request;
     std::swap(r.xMin, r.yMin);
     std::swap(r.xMax, r.yMax);
@@ -503,11 +504,11 @@ void ChangeXY(DiagramSheet& sheet) {
     }
 }
 
-void SetLogarithmic(DiagramSheet& sheet, bool xAxis, bool on) {
+void set_logarithmic(DiagramSheet& sheet, bool xAxis, bool on) {
     (xAxis ? sheet.chart.x : sheet.chart.y).logarithmic = on;
 }
 
-void SetScaling(DiagramSheet& sheet, int index, const Scaling& values) {
+void set_scaling(DiagramSheet& sheet, int index, const Scaling& values) {
     sheet.manualScaling = index == 1;
     const Scaling scaling = sheet.manualScaling ? values : Scaling{};
     const auto positive = [](double value) {
@@ -526,8 +527,8 @@ void SetScaling(DiagramSheet& sheet, int index, const Scaling& values) {
 
 // ------------------------------------------------------------------------------------------ labels
 
-void PlaceLabels(DiagramSheet& sheet, double width, double height,
-                 const chart::MeasureText& measure) {
+void place_labels(DiagramSheet& sheet, double width, double height,
+                  const chart::MeasureText& measure) {
     // Labels keep out of each other's way in the order of their curves, wherever they stood before.
     for (chart::Label& label : sheet.chart.labels)
         if (label.index >= LabelIndex::kFirstCurve &&
@@ -549,11 +550,11 @@ void PlaceLabels(DiagramSheet& sheet, double width, double height,
             labels.erase(found);
         } else {
             label.index = index;
-            label.textColour = chart::SeriesAt(sheet.chart, Group::Curves, slot).line.colour;
+            label.textColour = chart::series_at(sheet.chart, Group::Curves, slot).line.colour;
         }
         label.text = wanted.text;
-        label.shown =
-            chart::PlaceCurveLabel(sheet.chart, slot, wanted.shift, width, height, measure, label);
+        label.shown = chart::place_curve_label(sheet.chart, slot, wanted.shift, width, height,
+                                               measure, label);
         if (!label.shown) {
             label.onPoint = true;
             label.series = slot;
@@ -562,7 +563,7 @@ void PlaceLabels(DiagramSheet& sheet, double width, double height,
     }
 }
 
-void AddText(DiagramSheet& sheet, const std::string& text) {
+void add_text(DiagramSheet& sheet, const std::string& text) {
     if (text.empty()) return;
     int index = LabelIndex::kFirstText;
     for (const chart::Label& l : sheet.chart.labels) index = std::max(index, l.index + 1);

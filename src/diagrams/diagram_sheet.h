@@ -85,77 +85,77 @@ struct DiagramSheet {
 };
 
 /// An empty sheet for a request: window, header, footer and axis texts.
-void OpenSheet(DiagramSheet& sheet, const diagrams::DiagramRequest& request);
+void open_sheet(DiagramSheet& sheet, const diagrams::DiagramRequest& request);
 
 /// The texts of the request go to header, footer and axes.
-void ShowTexts(DiagramSheet& sheet);
+void show_texts(DiagramSheet& sheet);
 
 /// On which reference state and surroundings the caloric values of a diagram rest; empty for one
 /// without such values.
-std::string ReferenceNote(std::int16_t DiagramType);
+std::string reference_note(std::int16_t DiagramType);
 /// The same of any diagram: the state in which h and s are zero, the surroundings of exergies.
-std::string ReferenceText(bool zeroPoint, bool surroundings);
+std::string reference_text(bool zeroPoint, bool surroundings);
 
 /// Makes the sheet the diagram of the session, and takes over what the session has for it.
-void GiveToSession(const DiagramSheet& sheet);
-void TakeParameters(DiagramSheet& sheet);
+void give_to_session(const DiagramSheet& sheet);
+void take_parameters(DiagramSheet& sheet);
 
 /// Puts a curve into the lowest free slot; the number of the slot, or -1 after the refusal when
 /// there is none. Points from the end on that lie at or beyond `xMax` are left out, unless that
 /// would leave nothing; the line to the first of them is drawn up to the window's edge.
-int StoreCurve(DiagramSheet& sheet, const diagrams::CurvePointArray& points);
+int store_curve(DiagramSheet& sheet, const diagrams::CurvePointArray& points);
 
 /// The same for points without a parameter.
-int StorePoints(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y);
+int store_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y);
 
 /// Puts a set of points into the lowest free slot of them; -1 after the refusal.
-int StorePointSet(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
-                  const std::string& legend);
+int store_point_set(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
+                    const std::string& legend);
 /// False, and said, when all sets of points are in use.
-bool HasFreePointSet(const DiagramSheet& sheet);
+bool has_free_point_set(const DiagramSheet& sheet);
 
 /// Sets legend text and label of a curve.
-void NameCurve(DiagramSheet& sheet, int slot, const std::string& legend, const std::string& label);
+void name_curve(DiagramSheet& sheet, int slot, const std::string& legend, const std::string& label);
 
 // ---- Deleting. Numbers count from 1 as the menus do, 0 means all.
 
-void DeleteCurve(DiagramSheet& sheet, int number);
-void DeletePointSet(DiagramSheet& sheet, int number);
+void delete_curve(DiagramSheet& sheet, int number);
+void delete_point_set(DiagramSheet& sheet, int number);
 /// Everything but texts of the axes, header and footer.
-void DeleteTotal(DiagramSheet& sheet);
-void DeleteReferenceLines(DiagramSheet& sheet);
-void DeleteMarkerLabels(DiagramSheet& sheet);
-void DeleteCriticalPoint(DiagramSheet& sheet, bool experimental);
-void DeleteCurveLabels(DiagramSheet& sheet);
-void DeleteTexts(DiagramSheet& sheet);
+void delete_total(DiagramSheet& sheet);
+void delete_reference_lines(DiagramSheet& sheet);
+void delete_marker_labels(DiagramSheet& sheet);
+void delete_critical_point(DiagramSheet& sheet, bool experimental);
+void delete_curve_labels(DiagramSheet& sheet);
+void delete_texts(DiagramSheet& sheet);
 /// Asks for, and removes, a point of a curve that shows single points only.
-bool DeleteSinglePoint(DiagramSheet& sheet, int slot, int point);
+bool delete_single_point(DiagramSheet& sheet, int slot, int point);
 
 /// Takes back the last added or deleted curves or sets of points; false when there is nothing.
 bool Undo(DiagramSheet& sheet);
 
-bool HasReferenceLines(const DiagramSheet& sheet);
-bool HasMarkerLabels(const DiagramSheet& sheet);
-bool HasCriticalPoint(const DiagramSheet& sheet, bool experimental);
-bool HasCurveLabels(const DiagramSheet& sheet);
-bool HasTexts(const DiagramSheet& sheet);
-bool HasAnything(const DiagramSheet& sheet);
+bool has_reference_lines(const DiagramSheet& sheet);
+bool has_marker_labels(const DiagramSheet& sheet);
+bool has_critical_point(const DiagramSheet& sheet, bool experimental);
+bool has_curve_labels(const DiagramSheet& sheet);
+bool has_texts(const DiagramSheet& sheet);
+bool has_anything(const DiagramSheet& sheet);
 
 // ---- Window
 
 /// Window and computing range. Refused, and said, when a lower limit is not below its upper one.
-bool SetCoordinates(DiagramSheet& sheet, const chart::Window& window);
+bool set_coordinates(DiagramSheet& sheet, const chart::Window& window);
 /// After the user has zoomed or panned the shown window: what spans the window reaches its new end.
 /// The coordinates stay.
-void FollowWindow(DiagramSheet& sheet);
+void follow_window(DiagramSheet& sheet);
 /// The window goes to the data, as new coordinates; false without data.
 bool Fit(DiagramSheet& sheet);
 /// The window as it was first proposed.
-void DefaultCoordinates(DiagramSheet& sheet);
+void default_coordinates(DiagramSheet& sheet);
 
 /// `cmdChangeXY`: exchanges the axes with all that belongs to them.
-void ChangeXY(DiagramSheet& sheet);
-void SetLogarithmic(DiagramSheet& sheet, bool xAxis, bool on);
+void change_xy(DiagramSheet& sheet);
+void set_logarithmic(DiagramSheet& sheet, bool xAxis, bool on);
 
 /// Spacings and digits as typed; 0 or less leaves a value to the chart, digits below 0 too.
 struct Scaling {
@@ -163,20 +163,20 @@ struct Scaling {
     int xDigits = -1, yDigits = -1;
 };
 /// `optScaling`: index 0 leaves grid, ticks and digits to the chart, 1 takes the values.
-void SetScaling(DiagramSheet& sheet, int index, const Scaling& values);
+void set_scaling(DiagramSheet& sheet, int index, const Scaling& values);
 
 /// Labels of the curves, placed for a sheet of this size.
-void PlaceLabels(DiagramSheet& sheet, double width, double height,
-                 const chart::MeasureText& measure);
+void place_labels(DiagramSheet& sheet, double width, double height,
+                  const chart::MeasureText& measure);
 
 /// A free text in the middle of the window.
-void AddText(DiagramSheet& sheet, const std::string& text);
+void add_text(DiagramSheet& sheet, const std::string& text);
 
 /// Lengths in characters at which header and footer, in their faces, still fit a small diagram.
 inline constexpr std::size_t kHeaderLine = 50, kFooterLine = 70;
 
 /// A title with line ends at blanks, so that a line has at most `length` characters; a longer word
 /// stays whole.
-std::string WrapTitle(const std::string& title, std::size_t length);
+std::string wrap_title(const std::string& title, std::size_t length);
 
 }  // namespace quor::Module9

@@ -115,7 +115,7 @@ double size_of(Function function, double T) {
 
 }  // namespace
 
-double SolveIsoline(const Curve& c, Function function, double p, double value, double startT) {
+double solve_isoline(const Curve& c, Function function, double p, double value, double startT) {
     if (!(p > 0) || !(startT > 0)) return 0;
     const Excess excess{c, function, value};
     const auto over_T = [&](double T) { return excess(T, p); };
@@ -124,8 +124,8 @@ double SolveIsoline(const Curve& c, Function function, double p, double value, d
     return found > 0 ? found : widening(over_T, startT, size);
 }
 
-double SolveIsolinePressure(const Curve& c, Function function, double T, double value,
-                            double startP) {
+double solve_isoline_pressure(const Curve& c, Function function, double T, double value,
+                              double startP) {
     if (!(T > 0) || !(startP > 0)) return 0;
     const Excess excess{c, function, value};
     const auto over_p = [&](double p) { return excess(T, p); };

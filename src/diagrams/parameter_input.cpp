@@ -31,7 +31,7 @@ double PF() {
 double covolume() {
     if (legacy::the_models.EOSOnlyV) return 0;
     const models::StateTP state = models::solve_state_tp(
-        models::CurrentFluid(), the_session.DiagramT, legacy::the_substance.pcrit);
+        models::current_fluid(), the_session.DiagramT, legacy::the_substance.pcrit);
     return state.state.eosB;
 }
 
@@ -52,11 +52,11 @@ ParameterAnswer take_v(double typed) {
     const double v = typed / the_session.VolumeFactor;
     const double b = covolume();
     if (b > 0 && v <= b) {
-        dialogs::Tell("v < b not possible", "Execution not possible");
+        dialogs::tell("v < b not possible", "Execution not possible");
         return ParameterAnswer::Refused;
     }
     if (b > 0 && v < kNearCovolume * b)
-        dialogs::Tell("There are possibly problems during calculation", "WARNING");
+        dialogs::tell("There are possibly problems during calculation", "WARNING");
     the_session.DiagramV = v;
     return ParameterAnswer::Taken;
 }
@@ -69,7 +69,7 @@ std::string shown(double value, const char* plain, const std::string& unit) {
 
 }  // namespace
 
-ParameterField FieldOf(std::int16_t sectionKind) {
+ParameterField field_of(std::int16_t sectionKind) {
     switch (sectionKind) {
         case kIsobaric:
             return {"Isobar", "p = ", the_session.PressureLabel, the_session.DiagramP * PF()};
@@ -81,7 +81,7 @@ ParameterField FieldOf(std::int16_t sectionKind) {
     }
 }
 
-std::string ShownParameter(std::int16_t sectionKind) {
+std::string shown_parameter(std::int16_t sectionKind) {
     switch (sectionKind) {
         case kIsothermal:
             return "T = " + shown(the_session.DiagramT * TF(), "####0.0", "K");
@@ -95,7 +95,7 @@ std::string ShownParameter(std::int16_t sectionKind) {
     }
 }
 
-ParameterAnswer TakeParameter(std::int16_t sectionKind, double typed) {
+ParameterAnswer take_parameter(std::int16_t sectionKind, double typed) {
     if (!std::isfinite(typed)) return ParameterAnswer::Invalid;
     if (sectionKind == kIsochoric) {
         const ParameterAnswer answer = take_v(typed);
@@ -104,11 +104,11 @@ ParameterAnswer TakeParameter(std::int16_t sectionKind, double typed) {
         return ParameterAnswer::Invalid;
     }
     the_session.CaloricFactor =
-        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
+        session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
     return ParameterAnswer::Taken;
 }
 
-std::string TakeRange(std::int16_t sectionKind, double fixed, double start, double end) {
+std::string take_range(std::int16_t sectionKind, double fixed, double start, double end) {
     const bool runsInT = sectionKind == kIsobaric;
     for (const double value : {fixed, start, end}) {
         if (!std::isfinite(value)) return "Input incomplete or not valid";
@@ -123,11 +123,11 @@ std::string TakeRange(std::int16_t sectionKind, double fixed, double start, doub
     legacy::the_processLine.RangeStart = start / factor;
     legacy::the_processLine.RangeEnd = end / factor;
     the_session.CaloricFactor =
-        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
+        session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
     return {};
 }
 
-bool IsVapourFraction(double fraction) {
+bool is_vapour_fraction(double fraction) {
     return std::isfinite(fraction) && fraction >= 0 && fraction <= 1;
 }
 

@@ -13,23 +13,23 @@ struct ParameterField {
     std::string unit;
     double value = 0;  ///< in displayed units
 };
-ParameterField FieldOf(std::int16_t sectionKind);
+ParameterField field_of(std::int16_t sectionKind);
 
 /// The value in the line of captions of the diagram.
-std::string ShownParameter(std::int16_t sectionKind);
+std::string shown_parameter(std::int16_t sectionKind);
 
 inline constexpr auto kInvalidParameter = "this input not within valid range!";
 
 /// Takes a typed value, in displayed units, into the session. False when it is out of range (the
 /// input says `kInvalidParameter`) or refused by a box.
 enum class ParameterAnswer : std::uint8_t { Taken, Invalid, Refused };
-ParameterAnswer TakeParameter(std::int16_t sectionKind, double typed);
+ParameterAnswer take_parameter(std::int16_t sectionKind, double typed);
 
 /// Range of a function-function diagram in displayed units: the fixed parameter, and start and end
 /// of the running one. Empty text: taken into the session; else the reason of the refusal.
-std::string TakeRange(std::int16_t sectionKind, double fixed, double start, double end);
+std::string take_range(std::int16_t sectionKind, double fixed, double start, double end);
 
 /// A vapour fraction; false outside 0 to 1.
-bool IsVapourFraction(double fraction);
+bool is_vapour_fraction(double fraction);
 
 }  // namespace quor::Module9

@@ -54,7 +54,7 @@ class Lines {
     void add(int value) { out_ += std::to_string(value) + "\r\n"; }
     void add(const std::string& value) { out_ += value + "\r\n"; }
     void add(double value) {
-        out_ += numbers::FormatPoint(std::isfinite(value) ? value : 0.0, "0.0000000E+00") + "\r\n";
+        out_ += numbers::format_point(std::isfinite(value) ? value : 0.0, "0.0000000E+00") + "\r\n";
     }
     void zeros(int count) {
         for (int i = 0; i < count; ++i) add(0.0);
@@ -75,7 +75,7 @@ double start_volume() {
 
 /// h, s, g, u, a, both exergies, cp, cV in the unit of the session, and the speed of sound.
 void add_functions(Lines& lines, const models::StateValues& z) {
-    const double factor = session::CaloricFactorOf(the_session.CaloricUnit, the_processLine.T1);
+    const double factor = session::caloric_factor_of(the_session.CaloricUnit, the_processLine.T1);
     for (const double value : {z.h, z.s, z.g, z.u, z.a, z.eH, z.eU, z.cp, z.cv})
         lines.add(value * factor);
     lines.add(z.w);
@@ -100,13 +100,13 @@ void add_derivatives(Lines& lines, const models::StateValues& z) {
 
 }  // namespace
 
-int PolytropicDiagramNumber(std::int16_t DiagramType) {
+int polytropic_diagram_number(std::int16_t DiagramType) {
     for (const Numbered& row : kNumbers)
         if (row.code == DiagramType) return row.number;
     return 0;
 }
 
-std::string PolytropicRequestText() {
+std::string polytropic_request_text() {
     constexpr std::int16_t kSpecificUnit = 3;
     const diagrams::ProcessLineRecord& r = the_processLine;
     const double v = start_volume();
@@ -120,7 +120,7 @@ std::string PolytropicRequestText() {
     lines.add(r.PolytropicMode == 1 ? 1 : 2);
     lines.add(r.Heterogeneous ? 1 : 0);
     lines.add(r.EndToBegin ? 1 : 0);
-    lines.add(PolytropicDiagramNumber(r.BaseDiagramType));
+    lines.add(polytropic_diagram_number(r.BaseDiagramType));
     lines.add(static_cast<int>(the_session.PointsPerCurve));
     lines.add(static_cast<int>(the_session.UnitMode));
     lines.add(static_cast<double>(legacy::the_substance.M));
@@ -146,8 +146,8 @@ namespace {
 
 /// A number of a field; a decimal comma counts where it does not separate the fields.
 std::optional<double> number_of(std::string_view field) {
-    std::string s = text::Trim(field);
-    if (the_session.CsvSeparator != ',') s = numbers::CommaToPoint(s);
+    std::string s = text::trim(field);
+    if (the_session.CsvSeparator != ',') s = numbers::comma_to_point(s);
     if (s.starts_with('+')) s.erase(0, 1);
     double value = 0;
     const auto [end, error] = std::from_chars(s.data(), s.data() + s.size(), value);
@@ -160,7 +160,7 @@ std::optional<double> number_of(std::string_view field) {
 /// A field of a point: empty or above the limit is a value that is missing.
 std::optional<double> point_value(std::string_view field) {
     constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
-    if (text::Trim(field).empty()) return kNone;
+    if (text::trim(field).empty()) return kNone;
     const std::optional<double> value = number_of(field);
     if (value && !(*value <= kMissing)) return kNone;
     return value;
@@ -175,7 +175,7 @@ std::optional<std::vector<double>> take_free_fields(const std::vector<std::strin
         std::string line = lines[next++];
         for (char& c : line)
             if (c == ',' || c == '\t' || c == ';') c = ' ';
-        for (const std::string& item : text::Split(line, ' ')) {
+        for (const std::string& item : text::split(line, ' ')) {
             if (item.empty()) continue;
             const std::optional<double> value = number_of(item);
             if (!value || values.size() == wanted) return std::nullopt;
@@ -188,7 +188,7 @@ std::optional<std::vector<double>> take_free_fields(const std::vector<std::strin
 std::optional<diagrams::PolytropicPoint> point_of(const std::string& line) {
     diagrams::PolytropicPoint point;
     std::size_t column = 0;
-    for (const std::string& field : text::Split(line, the_session.CsvSeparator)) {
+    for (const std::string& field : text::split(line, the_session.CsvSeparator)) {
         const std::optional<double> value = point_value(field);
         if (!value) return std::nullopt;
         if (column == 0) point.T = *value;
@@ -202,7 +202,7 @@ std::optional<diagrams::PolytropicPoint> point_of(const std::string& line) {
 
 }  // namespace
 
-bool TakePolytropicAnswer(std::string_view content) {
+bool take_polytropic_answer(std::string_view content) {
     const std::vector<std::string> lines = text::Lines(content);
     std::size_t next = 0;
     const auto head = take_free_fields(lines, next, kHeadValues + 1 + kProcessValues);
@@ -212,7 +212,7 @@ bool TakePolytropicAnswer(std::string_view content) {
 
     std::vector<diagrams::PolytropicPoint> points;
     for (; next < lines.size() && points.size() < static_cast<std::size_t>(count); ++next) {
-        if (text::Trim(lines[next]).empty()) continue;
+        if (text::trim(lines[next]).empty()) continue;
         std::optional<diagrams::PolytropicPoint> point = point_of(lines[next]);
         if (!point) return false;
         points.push_back(std::move(*point));
@@ -224,11 +224,11 @@ bool TakePolytropicAnswer(std::string_view content) {
     return true;
 }
 
-PolytropicRunner& polytropicRunner() {
+PolytropicRunner& polytropic_runner() {
     static PolytropicRunner runner{
         .start =
             [](const std::string& program, const std::string& folder) {
-                return models::RunProgram(program, folder, std::chrono::milliseconds(0));
+                return models::run_program(program, folder, std::chrono::milliseconds(0));
             },
         .pass =
             [] {
@@ -242,7 +242,7 @@ PolytropicRunner& polytropicRunner() {
 namespace {
 
 PolytropicCode wait_for(const fs::path& mark) {
-    const PolytropicRunner& runner = polytropicRunner();
+    const PolytropicRunner& runner = polytropic_runner();
     const auto end = std::chrono::steady_clock::now() + runner.limit;
     std::error_code ignored;
     while (!fs::exists(mark, ignored)) {
@@ -254,31 +254,31 @@ PolytropicCode wait_for(const fs::path& mark) {
 
 }  // namespace
 
-PolytropicCode RunPolytrope() {
+PolytropicCode run_polytrope() {
     legacy::the_polytropicPoints.clear();
     const std::string name = kPolytropicProgram;
-    if (!session::FileExists(name)) {
-        dialogs::Tell("File " + name + " not found in in QUOR directory", "Execution not possible");
+    if (!session::file_exists(name)) {
+        dialogs::tell("File " + name + " not found in in QUOR directory", "Execution not possible");
         return PolytropicCode::kMissingProgram;
     }
-    const fs::path folder = session::WriteFolder();
+    const fs::path folder = session::write_folder();
     const fs::path answer = folder / "FROM_DAL.DAT", mark = folder / "WRITEEND.END";
-    const std::string request = text::ToAnsi(PolytropicRequestText());
-    if (!datafiles::WriteWhole(folder / "TO_DAL.DAT", request).empty()) {
-        dialogs::Tell("error to_DAL", "Execution not possible");
+    const std::string request = text::to_ansi(polytropic_request_text());
+    if (!datafiles::write_whole(folder / "TO_DAL.DAT", request).empty()) {
+        dialogs::tell("error to_DAL", "Execution not possible");
         return PolytropicCode::kNotWritten;
     }
     const session::BusyPointer busy;
     std::error_code ignored;
     fs::remove(answer, ignored);
     fs::remove(mark, ignored);
-    const std::string program = fs::absolute(session::FindFile(name)).string();
-    if (!polytropicRunner().start || !polytropicRunner().start(program, folder.string()))
+    const std::string program = fs::absolute(session::find_file(name)).string();
+    if (!polytropic_runner().start || !polytropic_runner().start(program, folder.string()))
         return PolytropicCode::kNotStarted;
     if (const PolytropicCode waited = wait_for(mark); waited != PolytropicCode::kDone)
         return waited;
-    const datafiles::FileContent content = datafiles::ReadWhole(answer);
-    const bool taken = content.error.empty() && TakePolytropicAnswer(content.bytes);
+    const datafiles::FileContent content = datafiles::read_whole(answer);
+    const bool taken = content.error.empty() && take_polytropic_answer(content.bytes);
     return taken ? PolytropicCode::kDone : PolytropicCode::kUnreadable;
 }
 

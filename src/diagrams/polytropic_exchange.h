@@ -23,7 +23,7 @@ struct PolytropicRunner {
     std::chrono::milliseconds limit{50000};  ///< how long the answer may take
 };
 /// The runner in use; at first a real child process and a short sleep.
-PolytropicRunner& polytropicRunner();
+PolytropicRunner& polytropic_runner();
 
 /// What became of a run.
 enum class PolytropicCode : std::int16_t {
@@ -38,15 +38,15 @@ enum class PolytropicCode : std::int16_t {
 
 /// Asks the program for the process of `legacy::the_processLine` and takes its answer into
 /// `legacy::the_polytropicPoints` and `PolytropicValues`. On any failure the points are empty.
-PolytropicCode RunPolytrope();
+PolytropicCode run_polytrope();
 
 /// The text of TO_DAL.DAT: one value a line, for the process of `legacy::the_processLine`.
-std::string PolytropicRequestText();
+std::string polytropic_request_text();
 
 /// Reads the text of FROM_DAL.DAT into the session; false, and nothing taken, when it is garbled.
-bool TakePolytropicAnswer(std::string_view text);
+bool take_polytropic_answer(std::string_view text);
 
 /// Number of a diagram in the list of the program; 0 when it has none.
-int PolytropicDiagramNumber(std::int16_t DiagramType);
+int polytropic_diagram_number(std::int16_t DiagramType);
 
 }  // namespace quor::diagrams

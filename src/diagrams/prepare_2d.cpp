@@ -25,8 +25,9 @@ void settle_state_parameters(std::int16_t code) {
     if (the_session.NewSubstanceDiagram) {
         the_session.DiagramT = s.Tcrit;
         d.TMax =
-            numbers::ToSingle(s.Tcrit * 1.1 * static_cast<double>(the_session.TemperatureFactor));
-        d.pMax = numbers::ToSingle(s.pcrit * 1.6 * static_cast<double>(the_session.PressureFactor));
+            numbers::to_single(s.Tcrit * 1.1 * static_cast<double>(the_session.TemperatureFactor));
+        d.pMax =
+            numbers::to_single(s.pcrit * 1.6 * static_cast<double>(the_session.PressureFactor));
     }
     if (the_session.NewSubstanceDiagram || the_session.DiagramP == s.pcrit) {
         const bool nearNormalPressure = code >= 13 && code <= 99;
@@ -47,7 +48,7 @@ void call(const std::function<void()>& view) {
 }
 
 void open_views(const DiagramRequest& request) {
-    const Diagram2DViews& views = Views2D();
+    const Diagram2DViews& views = views2_d();
     call(views.openDiagram);
     if (request.sectionKind == kDatabase) {
         if (views.showDatabaseFunction)
@@ -67,39 +68,39 @@ void open_views(const DiagramRequest& request) {
 
 }  // namespace
 
-Diagram2DViews& Views2D() {
+Diagram2DViews& views2_d() {
     static Diagram2DViews views;
     return views;
 }
 
-std::string ViewCaption(const DiagramRequest& request) {
+std::string view_caption(const DiagramRequest& request) {
     return " Type of Diagram: " + request.title;
 }
 
-void PrepareDiagram2D(DiagramRequest& request) {
+void prepare_diagram2_d(DiagramRequest& request) {
     try {
         the_session.CurveModelName = CurveModelName(request.DiagramType);
-        session::RefreshUnits();
+        session::refresh_units();
         settle_state_parameters(request.DiagramType);
         the_session.CaloricFactor =
-            session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
-        FillDiagramWindow(legacy::the_coordinates, request);
+            session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
+        fill_diagram_window(legacy::the_coordinates, request);
         FillTexts(request);
         the_session.DiagramIsProjection = request.sectionKind == kProjection;
         open_views(request);
     } catch (const std::exception&) {
-        dialogs::Tell(
+        dialogs::tell(
             "The registration of the 2D graph module \\...\\olch8x2.ocx during the installation "
             "process failed.\nPlease carry out the registration manually (c.f. our website)",
             "Execution not possible");
     }
 }
 
-void OpenDiagram2D() {
+void open_diagram2_d() {
     const OpeningAnswer answer = AnswerOf(legacy::the_diagram);
     if (!answer.text.empty())
-        dialogs::Tell(answer.text, answer.opens ? "Note" : "Execution not possible");
-    if (answer.opens) PrepareDiagram2D(legacy::the_diagram);
+        dialogs::tell(answer.text, answer.opens ? "Note" : "Execution not possible");
+    if (answer.opens) prepare_diagram2_d(legacy::the_diagram);
 }
 
 }  // namespace quor::Module9

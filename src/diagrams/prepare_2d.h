@@ -16,18 +16,18 @@ struct Diagram2DViews {
     /// Draws the curve of a database function between two temperatures in K.
     std::function<void(float low, float high)> showDatabaseFunction;
 };
-Diagram2DViews& Views2D();
+Diagram2DViews& views2_d();
 
 /// Fills the request for its `DiagramType`, `sectionKind` and `axisPair`: state parameters of the
 /// session, window, texts. Then opens the diagram and the input that belongs to it. A fault while
 /// the view opens is told.
-void PrepareDiagram2D(diagrams::DiagramRequest& request);
+void prepare_diagram2_d(diagrams::DiagramRequest& request);
 
 /// The menu command: says what has to be said of `legacy::the_diagram`, and prepares it unless that
 /// was a refusal.
-void OpenDiagram2D();
+void open_diagram2_d();
 
 /// Caption of the diagram's view.
-std::string ViewCaption(const diagrams::DiagramRequest& request);
+std::string view_caption(const diagrams::DiagramRequest& request);
 
 }  // namespace quor::Module9

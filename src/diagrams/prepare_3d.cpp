@@ -22,56 +22,56 @@ void set_axis(chart::Axis3D& axis, const Limits& limits, const std::string& titl
 
 }  // namespace
 
-Diagram3DViews& Views3D() {
+Diagram3DViews& views3_d() {
     static Diagram3DViews views;
     return views;
 }
 
-void PrepareDiagram3D() {
+void prepare_diagram3_d() {
     try {
-        session::RefreshUnits();
+        session::refresh_units();
         the_session.CaloricFactor =
-            session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
-        legacy::the_grid3D = DefaultGrid(the_session.Diagram3DKind, the_session.SCurve3D);
-        if (Views3D().openDiagram) Views3D().openDiagram();
+            session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
+        legacy::the_grid3D = default_grid(the_session.Diagram3DKind, the_session.SCurve3D);
+        if (views3_d().openDiagram) views3_d().openDiagram();
     } catch (const std::exception&) {
-        dialogs::Tell(
+        dialogs::tell(
             "The registration of the 3D graph module \\...\\olch8x3.ocx during the installation "
             "process failed.\nPlease carry out the registration manually (c.f. our website)",
             "Execution not possible");
     }
 }
 
-void InitGraph3D(chart::Chart3D& chart, int nx, int ny) {
+void init_graph3_d(chart::Chart3D& chart, int nx, int ny) {
     constexpr auto kFamily = "Arial";
     constexpr float kTitle = 15, kText = 10, kNumbers = 9;
     chart.header.font = {kFamily, kTitle, true, false};
     chart.subtitle.font = chart.titleFont = {kFamily, kText, false, false};
     chart.numberFont = chart.footer.font = {kFamily, kNumbers, false, false};
-    RenewSurface(chart, nx, ny);
+    renew_surface(chart, nx, ny);
 }
 
-void RenewSurface(chart::Chart3D& chart, int nx, int ny) {
-    const SurfaceKind* kind = FindSurface(the_session.Diagram3DKind);
+void renew_surface(chart::Chart3D& chart, int nx, int ny) {
+    const SurfaceKind* kind = find_surface(the_session.Diagram3DKind);
     if (kind == nullptr) return;
     const SurfaceTexts texts = TextsOf(*kind);
     chart.header.text = texts.title;
     chart.subtitle.text = texts.subTitle;
     chart.footer.text = texts.note;
-    set_axis(chart.x, LimitsOf(legacy::the_grid3D, kind->x), texts.xLabel);
-    set_axis(chart.y, LimitsOf(legacy::the_grid3D, kind->y), texts.yLabel);
-    const Limits z = LimitsOf(legacy::the_grid3D, kind->z);
+    set_axis(chart.x, limits_of(legacy::the_grid3D, kind->x), texts.xLabel);
+    set_axis(chart.y, limits_of(legacy::the_grid3D, kind->y), texts.yLabel);
+    const Limits z = limits_of(legacy::the_grid3D, kind->z);
     set_axis(chart.z, z, texts.zLabel);
     chart.z.automatic = IsCaloric(*kind) && (z.low == kNoLowerClip || z.high == kNoUpperClip);
-    chart.surface = diagrams::Calc_3DArray(nx, ny);
+    chart.surface = diagrams::calc_3_d_array(nx, ny);
 }
 
-bool AddCriticalPoint(chart::Chart3D& chart) {
-    const SurfaceKind* kind = FindSurface(the_session.Diagram3DKind);
+bool add_critical_point(chart::Chart3D& chart) {
+    const SurfaceKind* kind = find_surface(the_session.Diagram3DKind);
     if (kind == nullptr) return false;
-    const SurfaceMark mark = CriticalMark(*kind);
+    const SurfaceMark mark = critical_mark(*kind);
     if (!mark.remark.empty()) {
-        dialogs::Tell(mark.remark, "Note", dialogs::Icon::Information);
+        dialogs::tell(mark.remark, "Note", dialogs::Icon::Information);
         return false;
     }
     std::erase_if(chart.markers, [&](const chart::Marker3D& m) { return m.text == mark.text; });
@@ -79,9 +79,9 @@ bool AddCriticalPoint(chart::Chart3D& chart) {
     return true;
 }
 
-bool TellEmptySurface(const chart::Chart3D& chart) {
-    if (diagrams::HasSurface(chart.surface)) return false;
-    dialogs::Tell(diagrams::kNoSurface, "Remark");
+bool tell_empty_surface(const chart::Chart3D& chart) {
+    if (diagrams::has_surface(chart.surface)) return false;
+    dialogs::tell(diagrams::kNoSurface, "Remark");
     return true;
 }
 

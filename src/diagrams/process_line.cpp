@@ -85,7 +85,7 @@ std::string refuse_heterogeneous(double start, double end, bool rangeIsT) {
 
 std::string take_straight_line(const ProcessInput& input) {
     if (!all_finite(input.par)) return kIncomplete;
-    const auto single = [](double x) { return numbers::ToSingle(x); };
+    const auto single = [](double x) { return numbers::to_single(x); };
     diagrams::ProcessLineRecord r = the_processLine;
     r.x1 = single(input.par[0]);
     r.y1 = single(input.par[1]);
@@ -99,7 +99,7 @@ std::string take_straight_line(const ProcessInput& input) {
 
 /// T1 and p1 of a heterogeneous line lie on the coexistence curve.
 bool complete_saturated_start(diagrams::ProcessLineRecord& r) {
-    const models::Fluid fluid = models::CurrentFluid();
+    const models::Fluid fluid = models::current_fluid();
     const Equilibrium e =
         r.RangeIsT != 0 ? equilibrium_at_T(fluid, r.T1) : equilibrium_at_p(fluid, r.p1);
     if (!e.found) return false;
@@ -148,22 +148,22 @@ std::string take_fraction(const ProcessInput& input) {
 
 }  // namespace
 
-const ProcessTexts& TextsOfProcess(std::uint8_t Kind) {
+const ProcessTexts& texts_of_process(std::uint8_t Kind) {
     return kTexts[std::min<std::size_t>(Kind, kTexts.size() - 1)];
 }
 
-std::int16_t ProcessCode(std::uint8_t Kind, std::int16_t DiagramType) {
+std::int16_t process_code(std::uint8_t Kind, std::int16_t DiagramType) {
     constexpr std::array<std::int16_t, 7> kCodes = {201, 202, 204, 206, 210, 210, 211};
     return Kind < kCodes.size() ? kCodes[Kind] : DiagramType;
 }
 
-ProcessInput ContinuedFrom(ProcessInput input) {
+ProcessInput continued_from(ProcessInput input) {
     input.par[0] = the_processLine.LastT;
     input.par[1] = the_processLine.LastP;
     return input;
 }
 
-std::string TakeProcessInput(const ProcessInput& input) {
+std::string take_process_input(const ProcessInput& input) {
     if (input.Kind == ProcessKind::kStraightLine) return take_straight_line(input);
     if (input.Kind == ProcessKind::kVapourFraction) return take_fraction(input);
     return take_states(input);
@@ -177,7 +177,7 @@ class Borrowed {
     explicit Borrowed(diagrams::DiagramRequest& request)
         : request_(request), T_(the_session.DiagramT), p_(the_session.DiagramP) {
         the_processLine.SavedDiagramType = the_processLine.BaseDiagramType = request.DiagramType;
-        request.DiagramType = ProcessCode(the_processLine.Kind, request.DiagramType);
+        request.DiagramType = process_code(the_processLine.Kind, request.DiagramType);
         if (the_processLine.Kind == ProcessKind::kIsotherm)
             the_session.DiagramT = the_processLine.T1;
         if (the_processLine.Kind == ProcessKind::kIsobar) the_session.DiagramP = the_processLine.p1;
@@ -197,13 +197,13 @@ class Borrowed {
 
 }  // namespace
 
-void WithProcessLine(diagrams::DiagramRequest& request, const std::function<void()>& draw) {
+void with_process_line(diagrams::DiagramRequest& request, const std::function<void()>& draw) {
     const Borrowed borrowed(request);
     draw();
 }
 
-std::string OnePointNote(std::int16_t DiagramType, std::span<const float> x,
-                         std::span<const float> y) {
+std::string one_point_note(std::int16_t DiagramType, std::span<const float> x,
+                           std::span<const float> y) {
     const bool listed = (DiagramType >= 13 && DiagramType <= 15) ||
                         (DiagramType >= 90 && DiagramType <= 99) || DiagramType == 183;
     if (!listed || x.empty()) return {};
@@ -221,7 +221,8 @@ std::string volume_text(const char* name, double v) {
     const bool specific = the_session.UnitMode == 1;
     const double M = static_cast<double>(legacy::the_substance.M);
     const double shown = specific && M > 0 ? v / M : v;
-    return name + numbers::General(numbers::ToSingle(shown)) + (specific ? " m^3/kg" : " m^3/kmol");
+    return name + numbers::General(numbers::to_single(shown)) +
+           (specific ? " m^3/kg" : " m^3/kmol");
 }
 
 std::string caloric_text(const char* name, double value, bool entropy) {
@@ -231,7 +232,7 @@ std::string caloric_text(const char* name, double value, bool entropy) {
     const double shown = specific && M > 0 ? value / M : value;
     const char* unit =
         entropy ? (specific ? " kJ/(kg K)" : " kJ/(kmol K)") : (specific ? " kJ/kg" : " kJ/kmol");
-    return name + numbers::General(numbers::ToSingle(shown)) + unit;
+    return name + numbers::General(numbers::to_single(shown)) + unit;
 }
 
 /// What a state at T and p is to a process: its phase, with both volumes in the equilibrium.
@@ -301,7 +302,7 @@ std::string held_text(const StartState& state, std::uint8_t Kind, double T, doub
 
 }  // namespace
 
-std::string StartStateText(std::uint8_t Kind, double T, double p) {
+std::string start_state_text(std::uint8_t Kind, double T, double p) {
     const StartState state = start_state(T, p);
     if (state.kind == StartState::Kind::none) return {};
     std::string text = state.kind == StartState::Kind::twoPhase
@@ -313,7 +314,7 @@ std::string StartStateText(std::uint8_t Kind, double T, double p) {
     return text;
 }
 
-std::string PhaseText(double T, double p) {
+std::string phase_text(double T, double p) {
     using Kind = StartState::Kind;
     switch (start_state(T, p).kind) {
         case Kind::none:
@@ -329,7 +330,7 @@ std::string PhaseText(double T, double p) {
     }
 }
 
-std::array<KappaOffer, 2> KappaOffers(double T1) {
+std::array<KappaOffer, 2> kappa_offers(double T1) {
     const auto kappa = [](double T) {
         const models::CpResult ideal = models::IdealGasCp(T);
         const double cv = ideal.cp - constants::R;
@@ -337,13 +338,14 @@ std::array<KappaOffer, 2> KappaOffers(double T1) {
     };
     const auto offer = [&](const char* name, double T) {
         const double value = kappa(T);
-        return KappaOffer{name + numbers::General(numbers::ToSingle(value)) + " calculated", value};
+        return KappaOffer{name + numbers::General(numbers::to_single(value)) + " calculated",
+                          value};
     };
     return {offer("aus T1 = ", T1),
             offer("aus T(ref) = ", static_cast<double>(legacy::the_reference.T0))};
 }
 
-std::string PolytropicErrorText(double T, double p) {
+std::string polytropic_error_text(double T, double p) {
     return "Error while the polytropic calculation\nT = " + numbers::General(T) +
            "\np = " + numbers::General(p);
 }

@@ -8,7 +8,7 @@
 
 #include "legacy/declare.h"
 
-/// Process lines: what the input asks for, refuses and hands to `CalcCurve`.
+/// Process lines: what the input asks for, refuses and hands to `calc_curve`.
 namespace quor::diagrams {
 
 /// `ProcessLineRecord::Kind`.
@@ -23,10 +23,10 @@ struct ProcessTexts {
     std::string_view title, heterogeneousTitle;
     std::string_view command, commandTip;  ///< of `cmdVScalc`; empty: there is none
 };
-const ProcessTexts& TextsOfProcess(std::uint8_t Kind);
+const ProcessTexts& texts_of_process(std::uint8_t Kind);
 
 /// Code of the curve of a kind; the code of the diagram for kind 7 and any other.
-std::int16_t ProcessCode(std::uint8_t Kind, std::int16_t DiagramType);
+std::int16_t process_code(std::uint8_t Kind, std::int16_t DiagramType);
 
 /// What a user has typed, in K and kPa, for a straight line in displayed units. A field that is
 /// empty or no number is not finite.
@@ -43,35 +43,35 @@ struct ProcessInput {
 };
 
 /// The input that continues the last line: its start is the last point.
-ProcessInput ContinuedFrom(ProcessInput input);
+ProcessInput continued_from(ProcessInput input);
 
 /// Checks an input and takes it into `legacy::the_processLine`. Empty: taken; else the text of the
 /// refusal, and the session is as it was.
-std::string TakeProcessInput(const ProcessInput& input);
+std::string take_process_input(const ProcessInput& input);
 
 /// Runs `draw` with the request and the state parameters of the session set for the process line
 /// of `legacy::the_processLine`, and sets them back after it.
-void WithProcessLine(diagrams::DiagramRequest& request, const std::function<void()>& draw);
+void with_process_line(diagrams::DiagramRequest& request, const std::function<void()>& draw);
 
 /// Text of the note when a line has shrunk to one point because the function of the diagram does
 /// not depend on pressure; empty otherwise.
-std::string OnePointNote(std::int16_t DiagramType, std::span<const float> x,
-                         std::span<const float> y);
+std::string one_point_note(std::int16_t DiagramType, std::span<const float> x,
+                           std::span<const float> y);
 
 /// What `cmdVScalc` writes of the state T1, p1 of the form: volume and phase, entropy or enthalpy
 /// by kind, in the units of the session.
-std::string StartStateText(std::uint8_t Kind, double T, double p);
+std::string start_state_text(std::uint8_t Kind, double T, double p);
 /// The line of the phase alone, for the polytropic input.
-std::string PhaseText(double T, double p);
+std::string phase_text(double T, double p);
 
 /// The values that `cmbKappa` offers for cp/cV of the ideal gas.
 struct KappaOffer {
     std::string text;
     double value;
 };
-std::array<KappaOffer, 2> KappaOffers(double T1);
+std::array<KappaOffer, 2> kappa_offers(double T1);
 
 /// The texts of a failed polytropic calculation, with the last state.
-std::string PolytropicErrorText(double T, double p);
+std::string polytropic_error_text(double T, double p);
 
 }  // namespace quor::diagrams

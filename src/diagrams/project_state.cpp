@@ -67,7 +67,7 @@ struct State {
 };
 
 std::optional<double> caloric_on_axis(Axis axis, const State& state) {
-    const double factor = session::CaloricFactorOf(the_session.CaloricUnit, state.T);
+    const double factor = session::caloric_factor_of(the_session.CaloricUnit, state.T);
     const StateValues& f = state.functions;
     if (const auto column = residual_of(axis)) {
         if (!f.table.filled) return std::nullopt;
@@ -129,15 +129,15 @@ bool shows_states(const Module9::CatalogueRow& row) {
 
 /// z of a diagram whose own curves have no parameter: both axes hold two of T, p, v already.
 float mark_for_z(std::int16_t code) {
-    const float mark = MarkOf(code);
+    const float mark = mark_of(code);
     return mark == kMarkNone ? kMarkV : mark;
 }
 
 }  // namespace
 
-Projection ProjectState(std::int16_t DiagramType, double T, double p, double v,
-                        const models::StateValues& functions) {
-    const Module9::CatalogueRow* row = Module9::FindRow(DiagramType);
+Projection project_state(std::int16_t DiagramType, double T, double p, double v,
+                         const models::StateValues& functions) {
+    const Module9::CatalogueRow* row = Module9::find_row(DiagramType);
     if (row == nullptr || !shows_states(*row) || !(T > 0) || !(p > 0) || !(v > 0)) return {};
     const State state{DiagramType, T, p, v, functions};
     const auto x = on_axis(row->x, state);
@@ -151,13 +151,13 @@ Projection ProjectState(std::int16_t DiagramType, double T, double p, double v,
     return r;
 }
 
-bool NeedsFunctions(std::int16_t DiagramType) {
-    const Module9::CatalogueRow* row = Module9::FindRow(DiagramType);
+bool needs_functions(std::int16_t DiagramType) {
+    const Module9::CatalogueRow* row = Module9::find_row(DiagramType);
     return row != nullptr && (is_caloric(row->x) || is_caloric(row->y));
 }
 
 bool ShowsStates(std::int16_t DiagramType) {
-    const Module9::CatalogueRow* row = Module9::FindRow(DiagramType);
+    const Module9::CatalogueRow* row = Module9::find_row(DiagramType);
     return row != nullptr && shows_states(*row);
 }
 

@@ -16,11 +16,11 @@ struct Projection {
 };
 
 /// Maps a state at T/K, p/kPa, v in m^3/kmol with its caloric values to the axes of a diagram.
-Projection ProjectState(std::int16_t DiagramType, double T, double p, double v,
-                        const models::StateValues& functions);
+Projection project_state(std::int16_t DiagramType, double T, double p, double v,
+                         const models::StateValues& functions);
 
 /// True when an axis shows a caloric value, so that `functions` are needed.
-bool NeedsFunctions(std::int16_t DiagramType);
+bool needs_functions(std::int16_t DiagramType);
 
 /// True when the states of the fluid have a place in the diagram: process lines and tie-lines can
 /// be drawn in it.

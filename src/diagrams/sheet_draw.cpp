@@ -36,7 +36,7 @@ constexpr auto kOwnBranches =
     std::to_array<std::int16_t>({6, 7, 12, 27, 90, 91, 92, 93, 94, 95, 106});
 
 std::string point(double value, std::string_view mask) {
-    return numbers::FormatPoint(value, mask);
+    return numbers::format_point(value, mask);
 }
 
 std::string temperature() {
@@ -80,7 +80,7 @@ CurveName isochore_name(bool criticalPointMarked, std::int16_t code) {
 
 /// Names of the list of equations are padded with blanks.
 std::string equation_name(std::string_view code) {
-    return text::Trim(models::VPName(models::VPIndex(code)));
+    return text::trim(models::vp_name(models::vp_index(code)));
 }
 
 std::string database_equation(std::int16_t code) {
@@ -115,7 +115,7 @@ std::string database_equation(std::int16_t code) {
 /// The range in which a curve is computed: the coordinates, and what is shown beside them.
 diagrams::DiagramRequest computing_request(const DiagramSheet& sheet) {
     diagrams::DiagramRequest request = sheet.request;
-    const chart::Window shown = chart::ShownWindow(sheet.chart);
+    const chart::Window shown = chart::shown_window(sheet.chart);
     request.xMin = std::min(request.xMin, static_cast<float>(shown.x.min));
     request.xMax = std::max(request.xMax, static_cast<float>(shown.x.max));
     request.yMin = std::min(request.yMin, static_cast<float>(shown.y.min));
@@ -129,18 +129,18 @@ void take_texts(DiagramSheet& sheet, const diagrams::DiagramRequest& computed) {
         return;
     sheet.request.title = computed.title;
     sheet.request.subTitle = computed.subTitle;
-    ShowTexts(sheet);
+    show_texts(sheet);
 }
 
 }  // namespace
 
-std::int16_t CoexistenceCodeOf(std::int16_t DiagramType) {
+std::int16_t coexistence_code_of(std::int16_t DiagramType) {
     const auto found = std::find_if(kCoexistence.begin(), kCoexistence.end(),
                                     [&](const CodePair& p) { return p.diagram == DiagramType; });
     return found == kCoexistence.end() ? std::int16_t{0} : found->coexistence;
 }
 
-bool HasBranches(std::int16_t code) {
+bool has_branches(std::int16_t code) {
     if (std::find(kOwnBranches.begin(), kOwnBranches.end(), code) != kOwnBranches.end())
         return true;
     constexpr std::int16_t kVapourPressure = 9;
@@ -149,7 +149,7 @@ bool HasBranches(std::int16_t code) {
                        [&](const CodePair& p) { return p.coexistence == code; });
 }
 
-CurveName NameOf(const diagrams::DiagramRequest& request, bool criticalPointMarked) {
+CurveName name_of(const diagrams::DiagramRequest& request, bool criticalPointMarked) {
     if (request.DiagramType >= kFirstProcessLine && request.DiagramType <= kLastProcessLine)
         return process_line_name();
     if (the_session.TieLineRequested) return plain("Tie-Line V-L ");
@@ -171,42 +171,42 @@ CurveName NameOf(const diagrams::DiagramRequest& request, bool criticalPointMark
     }
 }
 
-DrawOutcome DrawCurve(DiagramSheet& sheet, const std::string& branch) {
-    session::RefreshUnits();
+DrawOutcome draw_curve(DiagramSheet& sheet, const std::string& branch) {
+    session::refresh_units();
     DrawOutcome outcome;
     diagrams::CurvePointArray points;
     diagrams::CurveResult result;
     diagrams::DiagramRequest request = computing_request(sheet);
     {
         const session::BusyPointer busy;
-        result = diagrams::CalcCurve(request, points, the_session.DiagramT, the_session.DiagramP,
-                                     the_session.DiagramV);
+        result = diagrams::calc_curve(request, points, the_session.DiagramT, the_session.DiagramP,
+                                      the_session.DiagramV);
     }
     outcome.status = result.status;
     const diagrams::StatusText said = diagrams::TextOf(result);
-    if (!said.text.empty()) dialogs::Tell(said.text, said.title);
-    if (!diagrams::IsDrawn(result.status)) return outcome;
+    if (!said.text.empty()) dialogs::tell(said.text, said.title);
+    if (!diagrams::is_drawn(result.status)) return outcome;
 
     take_texts(sheet, request);
     // The series ends at the range in which it was computed.
     std::swap(sheet.request.xMax, request.xMax);
-    outcome.slot = StoreCurve(sheet, points);
+    outcome.slot = store_curve(sheet, points);
     std::swap(sheet.request.xMax, request.xMax);
     if (outcome.slot < 0) return outcome;
-    const bool marked = HasCriticalPoint(sheet, true) || HasCriticalPoint(sheet, false);
-    const CurveName name = NameOf(sheet.request, marked);
-    NameCurve(sheet, outcome.slot, name.legend + branch, name.label + branch);
+    const bool marked = has_critical_point(sheet, true) || has_critical_point(sheet, false);
+    const CurveName name = name_of(sheet.request, marked);
+    name_curve(sheet, outcome.slot, name.legend + branch, name.label + branch);
     return outcome;
 }
 
-bool DrawBothBranches(DiagramSheet& sheet) {
-    if (!HasBranches(sheet.request.DiagramType)) return DrawCurve(sheet).slot >= 0;
+bool draw_both_branches(DiagramSheet& sheet) {
+    if (!has_branches(sheet.request.DiagramType)) return draw_curve(sheet).slot >= 0;
     the_session.CoexistenceRequested = true;
     the_session.VapourFraction = 0;
-    bool drawn = DrawCurve(sheet, " (L)").slot >= 0;
+    bool drawn = draw_curve(sheet, " (L)").slot >= 0;
     if (drawn) {
         the_session.VapourFraction = 1;
-        drawn = DrawCurve(sheet, " (V)").slot >= 0;
+        drawn = draw_curve(sheet, " (V)").slot >= 0;
     }
     the_session.VapourFraction = 1;
     the_session.CoexistenceRequested = false;
@@ -214,11 +214,11 @@ bool DrawBothBranches(DiagramSheet& sheet) {
 }
 
 bool Draw(DiagramSheet& sheet) {
-    if (sheet.SwappedAxes || !diagrams::HasCurve(sheet.request.DiagramType)) return false;
+    if (sheet.SwappedAxes || !diagrams::has_curve(sheet.request.DiagramType)) return false;
     the_session.CaloricFactor =
-        session::CaloricFactorOf(the_session.CaloricUnit, the_session.DiagramT);
-    if (sheet.request.sectionKind == kProjection) return DrawBothBranches(sheet);
-    return DrawCurve(sheet).slot >= 0;
+        session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
+    if (sheet.request.sectionKind == kProjection) return draw_both_branches(sheet);
+    return draw_curve(sheet).slot >= 0;
 }
 
 }  // namespace quor::Module9

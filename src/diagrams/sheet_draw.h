@@ -7,15 +7,15 @@
 
 namespace quor::Module9 {
 
-/// What a run of `DrawCurve` did.
+/// What a run of `draw_curve` did.
 struct DrawOutcome {
     int slot = -1;            ///< where the curve went; -1 when nothing was stored
-    std::int16_t status = 0;  ///< of `diagrams::CalcCurve`
+    std::int16_t status = 0;  ///< of `diagrams::calc_curve`
 };
 
 /// Computes the curve of the sheet's request with its parameters, tells a status, and stores and
 /// names the curve. `branch` follows its legend text.
-DrawOutcome DrawCurve(DiagramSheet& sheet, const std::string& branch = {});
+DrawOutcome draw_curve(DiagramSheet& sheet, const std::string& branch = {});
 
 /// `cmdDraw` of the diagram: one curve, in a projection with two branches both of them. False when
 /// nothing was drawn.
@@ -23,7 +23,7 @@ bool Draw(DiagramSheet& sheet);
 
 /// Draws the two branches of the coexistence curve of the sheet's code: boiling and dew line, one
 /// run where they are the same line.
-bool DrawBothBranches(DiagramSheet& sheet);
+bool draw_both_branches(DiagramSheet& sheet);
 
 /// Legend text and label of a curve.
 struct CurveName {
@@ -31,12 +31,12 @@ struct CurveName {
 };
 
 /// The name of the curve that the request stands for, from the parameters of the session.
-CurveName NameOf(const diagrams::DiagramRequest& request, bool criticalPointMarked);
+CurveName name_of(const diagrams::DiagramRequest& request, bool criticalPointMarked);
 
 /// Code of the curve of vapour fractions in the diagram of a code; 0 when there is none.
-std::int16_t CoexistenceCodeOf(std::int16_t DiagramType);
+std::int16_t coexistence_code_of(std::int16_t DiagramType);
 
 /// True for a curve that depends on the vapour fraction.
-bool HasBranches(std::int16_t code);
+bool has_branches(std::int16_t code);
 
 }  // namespace quor::Module9

@@ -32,11 +32,11 @@ const Series* used_curve(const DiagramSheet& sheet, int slot) {
 }
 
 std::string in_folder(const std::string& name) {
-    return session::HasSeparator(name) ? name : the_session.FolderDiagram2D + name;
+    return session::has_separator(name) ? name : the_session.FolderDiagram2D + name;
 }
 
 std::string with_extension(const std::string& name) {
-    const std::string title = session::FileTitle(name);
+    const std::string title = session::file_title(name);
     return title.find('.') == std::string::npos ? name + kExtension : name;
 }
 
@@ -67,40 +67,40 @@ void keep_what_has_a_slot(chart::Chart2D& chart) {
     }
     std::erase_if(chart.labels, [&](const chart::Label& l) {
         if (!l.onPoint) return false;
-        const auto& group = chart::SeriesOf(chart, l.group);
+        const auto& group = chart::series_of(chart, l.group);
         return l.series < 0 || at(l.series) >= group.size() || group[at(l.series)].x.empty();
     });
 }
 
 }  // namespace
 
-bool SaveOC2(const DiagramSheet& sheet) {
+bool save_oc2(const DiagramSheet& sheet) {
     if (sheet.SwappedAxes &&
-        !dialogs::Ask("Recommendation: Do not save the diagram in the rotated state (x<=>y).\n"
+        !dialogs::ask("Recommendation: Do not save the diagram in the rotated state (x<=>y).\n"
                       "Continue?",
                       "WARNING", dialogs::Icon::Exclamation))
         return false;
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.save = true,
-                             .title = "Save this 2D-diagram design",
-                             .filter = kFilter,
-                             .folder = the_session.FolderDiagram2D,
-                             .name = "*.oc2",
-                             .defaultExtension = kExtension,
-                             .overwritePrompt = true});
+        dialogs::choose_file({.save = true,
+                              .title = "Save this 2D-diagram design",
+                              .filter = kFilter,
+                              .folder = the_session.FolderDiagram2D,
+                              .name = "*.oc2",
+                              .defaultExtension = kExtension,
+                              .overwritePrompt = true});
     if (!name || name->empty()) return false;
     const std::string path = with_extension(in_folder(*name));
-    the_session.FolderDiagram2D = session::FolderOf(path);
-    const chart::FileOutcome saved = chart::SaveChart(sheet.chart, path);
-    if (!saved.ok) dialogs::Tell(saved.message, "ERROR", dialogs::Icon::Stop);
+    the_session.FolderDiagram2D = session::folder_of(path);
+    const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
+    if (!saved.ok) dialogs::tell(saved.message, "ERROR", dialogs::Icon::Stop);
     return saved.ok;
 }
 
-LoadOutcome LoadOC2(DiagramSheet& sheet) {
-    if (sheet.SwappedAxes) ChangeXY(sheet);
+LoadOutcome load_oc2(DiagramSheet& sheet) {
+    if (sheet.SwappedAxes) change_xy(sheet);
     if (the_session.Diagram2DNotePending) {
         the_session.Diagram2DNotePending = false;
-        dialogs::Tell(
+        dialogs::tell(
             "If you intend to continue the designing of the\nOC2 diagram please note:\n"
             "1) Do load the OC2 diagram file only for a suited setting \n"
             "   of the type of the the diagram.\n"
@@ -110,29 +110,29 @@ LoadOutcome LoadOC2(DiagramSheet& sheet) {
             "Single Note", dialogs::Icon::Information);
     }
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.title = "Load a saved pattern (*.oc2)",
-                             .filter = kFilter,
-                             .folder = the_session.FolderDiagram2D,
-                             .name = "*.oc2",
-                             .defaultExtension = kExtension});
+        dialogs::choose_file({.title = "Load a saved pattern (*.oc2)",
+                              .filter = kFilter,
+                              .folder = the_session.FolderDiagram2D,
+                              .name = "*.oc2",
+                              .defaultExtension = kExtension});
     if (!name || name->empty()) return LoadOutcome::Cancelled;
-    return LoadOC2(sheet, in_folder(*name));
+    return load_oc2(sheet, in_folder(*name));
 }
 
-LoadOutcome LoadOC2(DiagramSheet& sheet, const std::string& file) {
-    the_session.FolderDiagram2D = session::FolderOf(file);
+LoadOutcome load_oc2(DiagramSheet& sheet, const std::string& file) {
+    the_session.FolderDiagram2D = session::folder_of(file);
     chart::Chart2D loaded;
-    const chart::FileOutcome read = chart::LoadChart(file, loaded);
+    const chart::FileOutcome read = chart::load_chart(file, loaded);
     if (!read.ok) {
-        dialogs::Tell(read.message, "Execution not possible", dialogs::Icon::Stop);
+        dialogs::tell(read.message, "Execution not possible", dialogs::Icon::Stop);
         return LoadOutcome::Failed;
     }
-    TakeLoadedChart(sheet, std::move(loaded));
+    take_loaded_chart(sheet, std::move(loaded));
     sheet.loadedFile = file;
     return LoadOutcome::Loaded;
 }
 
-void TakeLoadedChart(DiagramSheet& sheet, chart::Chart2D chart) {
+void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart) {
     DiagramSheet fresh;
     fresh.request = sheet.request;
     fresh.T = sheet.T;
@@ -161,7 +161,7 @@ void TakeLoadedChart(DiagramSheet& sheet, chart::Chart2D chart) {
         ++fresh.PointSetCount;
     }
 
-    const chart::Window window = chart::ShownWindow(fresh.chart);
+    const chart::Window window = chart::shown_window(fresh.chart);
     diagrams::DiagramRequest& r = fresh.request;
     r.xMinDefault = r.xMin = static_cast<float>(window.x.min);
     r.xMaxDefault = r.xMax = static_cast<float>(window.x.max);
@@ -173,28 +173,28 @@ void TakeLoadedChart(DiagramSheet& sheet, chart::Chart2D chart) {
     sheet = std::move(fresh);
 }
 
-bool SaveCurve(const DiagramSheet& sheet, int slot) {
+bool save_curve(const DiagramSheet& sheet, int slot) {
     const Series* series = used_curve(sheet, slot);
     if (series == nullptr) return false;
     diagrams::CurvePointArray points(1);
     for (std::size_t i = 0; i < series->x.size(); ++i)
-        if (chart::IsShown(series->x[i]) && chart::IsShown(series->y[i]))
+        if (chart::is_shown(series->x[i]) && chart::is_shown(series->y[i]))
             points.push_back({series->x[i], series->y[i], 0});
     points[0].x = static_cast<float>(points.size() - 1);
-    return datafiles::SaveCurveAsXY(points);
+    return datafiles::save_curve_as_xy(points);
 }
 
-std::string CurveTable(const DiagramSheet& sheet, int slot) {
+std::string curve_table(const DiagramSheet& sheet, int slot) {
     const Series* series = used_curve(sheet, slot);
     if (series == nullptr) return {};
-    const std::string parameter = text::Trim(ParameterCaption(sheet, slot));
+    const std::string parameter = text::trim(parameter_caption(sheet, slot));
     const bool hasParameter = !parameter.empty();
     std::string table = sheet.chart.x.title + '\t' + sheet.chart.y.title;
     if (hasParameter) table += '\t' + parameter;
     table += '\n';
     const auto& z = sheet.CurveParameters[at(slot)];
     for (std::size_t i = 0; i < series->x.size(); ++i) {
-        if (!chart::IsShown(series->x[i]) || !chart::IsShown(series->y[i])) continue;
+        if (!chart::is_shown(series->x[i]) || !chart::is_shown(series->y[i])) continue;
         table += numbers::General(series->x[i]) + '\t' + numbers::General(series->y[i]);
         if (hasParameter) {
             table += '\t';

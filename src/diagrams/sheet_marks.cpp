@@ -27,7 +27,7 @@ using legacy::the_substance;
 constexpr auto kRefused = "Execution not possible";
 constexpr float kFarT = -1e10F, kFarP = -1e6F, kFarV = -1e8F;
 constexpr double kPlaceOfText = 1.0 / 6.0;  // of the window
-constexpr chart::Colour kMarkColour = chart::Rgb(0x6B7280);
+constexpr chart::Colour kMarkColour = chart::rgb(0x6B7280);
 
 constexpr std::int16_t kLogarithmic = 10, kSlope = 11;
 constexpr std::int16_t kRhoTProjection = 8, kBisectionCode = 80;
@@ -43,7 +43,7 @@ enum class Direction { None, Vertical, Horizontal };
 
 Direction direction_of(const diagrams::DiagramRequest& request,
                        std::initializer_list<Axis> quantities) {
-    const CatalogueRow* row = FindRow(request.DiagramType);
+    const CatalogueRow* row = find_row(request.DiagramType);
     if (row == nullptr) return Direction::None;
     for (const Axis quantity : quantities) {
         if (row->x == quantity) return Direction::Vertical;
@@ -75,7 +75,7 @@ struct ReferenceLine {
 /// A line across the window with a text at one sixth of it.
 void add_line(DiagramSheet& sheet, Direction direction, const ReferenceLine& line) {
     auto& curves = sheet.chart.curves;
-    chart::SeriesAt(sheet.chart, chart::Group::Curves, kFirstReferenceLine - 1);
+    chart::series_at(sheet.chart, chart::Group::Curves, kFirstReferenceLine - 1);
     chart::Series series;
     series.isReference = true;
     series.inLegend = false;
@@ -117,7 +117,7 @@ void remove_line(DiagramSheet& sheet, int labelIndex, std::string_view text) {
 
 bool refuse_vapour_only(const char* text) {
     if (!the_models.EOSOnlyV) return false;
-    dialogs::Tell(text, kRefused);
+    dialogs::tell(text, kRefused);
     return true;
 }
 
@@ -126,13 +126,13 @@ constexpr auto kTooHigh = "only possible in the 2-phase region V-L  (p<p(cr))";
 
 bool refuse_supercritical_T() {
     if (the_session.DiagramT < the_substance.Tcrit) return false;
-    dialogs::Tell(kTooHot, kRefused);
+    dialogs::tell(kTooHot, kRefused);
     return true;
 }
 
 bool refuse_supercritical_p() {
     if (the_session.DiagramP < the_substance.pcrit) return false;
-    dialogs::Tell(kTooHigh, kRefused);
+    dialogs::tell(kTooHigh, kRefused);
     return true;
 }
 
@@ -185,7 +185,7 @@ std::int16_t inversion_code(std::int16_t code) {
 
 }  // namespace
 
-bool OffersMark(const DiagramSheet& sheet, Mark mark) {
+bool offers_mark(const DiagramSheet& sheet, Mark mark) {
     const diagrams::DiagramRequest& r = sheet.request;
     if (sheet.SwappedAxes) return false;
     switch (mark) {
@@ -198,7 +198,7 @@ bool OffersMark(const DiagramSheet& sheet, Mark mark) {
         case Mark::b:
             return direction_of_v(r) != Direction::None || direction_of_rho(r) != Direction::None;
         case Mark::SCurve:
-            return diagrams::HasMetastableBranch(r.DiagramType);
+            return diagrams::has_metastable_branch(r.DiagramType);
         case Mark::CriticalEx:
         case Mark::CriticalCalc:
             return r.DiagramType == kLogarithmic || diagrams::ShowsStates(r.DiagramType);
@@ -208,7 +208,7 @@ bool OffersMark(const DiagramSheet& sheet, Mark mark) {
             return inversion_code(r.DiagramType) != 0;
         case Mark::Coexistence:
         case Mark::Isohygric:
-            return CoexistenceCodeOf(r.DiagramType) != 0;
+            return coexistence_code_of(r.DiagramType) != 0;
         case Mark::TieLine:
             return (r.sectionKind == kIsothermal || r.sectionKind == kIsobaric) &&
                    diagrams::ShowsStates(r.DiagramType);
@@ -216,10 +216,10 @@ bool OffersMark(const DiagramSheet& sheet, Mark mark) {
     return false;
 }
 
-bool MarkTGrenzen(DiagramSheet& sheet) {
-    if (!OffersMark(sheet, Mark::T)) return false;
-    DeleteReferenceLines(sheet);
-    DeleteMarkerLabels(sheet);
+bool mark_t_grenzen(DiagramSheet& sheet) {
+    if (!offers_mark(sheet, Mark::T)) return false;
+    delete_reference_lines(sheet);
+    delete_marker_labels(sheet);
 
     const Direction direction = direction_of_T(sheet.request);
     const double factor = static_cast<double>(the_session.TemperatureFactor);
@@ -239,13 +239,13 @@ bool MarkTGrenzen(DiagramSheet& sheet) {
              models::BoilingTemperature(the_session.DiagramP, the_models.VPCode, false).T);
         line("                      T(LV) at normal pressure", the_substance.Tboil);
     }
-    return HasReferenceLines(sheet);
+    return has_reference_lines(sheet);
 }
 
-bool MarkPressures(DiagramSheet& sheet) {
-    if (!OffersMark(sheet, Mark::p)) return false;
-    DeleteReferenceLines(sheet);
-    DeleteMarkerLabels(sheet);
+bool mark_pressures(DiagramSheet& sheet) {
+    if (!offers_mark(sheet, Mark::p)) return false;
+    delete_reference_lines(sheet);
+    delete_marker_labels(sheet);
 
     const Direction direction = direction_of_p(sheet.request);
     const double factor = static_cast<double>(the_session.PressureFactor);
@@ -261,11 +261,11 @@ bool MarkPressures(DiagramSheet& sheet) {
     line("p(cr)", the_substance.pcrit);
     line("p(LV) at T ", models::VapourPressure(the_session.DiagramT, the_models.VPCode, false).p);
     line(logarithm ? "Normal-p" : "normal p", constants::kNormalPressure);
-    return HasReferenceLines(sheet);
+    return has_reference_lines(sheet);
 }
 
-bool MarkVolume(DiagramSheet& sheet) {
-    if (!OffersMark(sheet, Mark::v)) return false;
+bool mark_volume(DiagramSheet& sheet) {
+    if (!offers_mark(sheet, Mark::v)) return false;
     const double v = legacy::the_eosParameters.vcritCalc;
     if (!(v > 0)) return false;
     remove_line(sheet, LabelIndex::kVolume, "v(crit)");
@@ -274,16 +274,16 @@ bool MarkVolume(DiagramSheet& sheet) {
     return true;
 }
 
-bool MarkCovolume(DiagramSheet& sheet) {
-    if (!OffersMark(sheet, Mark::b)) return false;
+bool mark_covolume(DiagramSheet& sheet) {
+    if (!offers_mark(sheet, Mark::b)) return false;
     models::EOSState state = legacy::the_eosState;
     if (!the_models.EOSOnlyV)
-        state = models::solve_state_tp(models::CurrentFluid(), the_session.DiagramT,
+        state = models::solve_state_tp(models::current_fluid(), the_session.DiagramT,
                                        the_substance.pcrit)
                     .state;
     const double b = state.eosB;
     if (the_models.EOSOnlyV || !(b > 0)) {
-        dialogs::Tell("possible for cubic EOS only.", kRefused);
+        dialogs::tell("possible for cubic EOS only.", kRefused);
         return false;
     }
     remove_line(sheet, LabelIndex::kCovolume, "v = b");
@@ -295,24 +295,24 @@ bool MarkCovolume(DiagramSheet& sheet) {
     return true;
 }
 
-bool MarkSCurve(DiagramSheet& sheet) {
-    if (!OffersMark(sheet, Mark::SCurve)) return false;
+bool mark_s_curve(DiagramSheet& sheet) {
+    if (!offers_mark(sheet, Mark::SCurve)) return false;
     if (refuse_vapour_only("V-L coex. curve possible for cubic EOS only.")) return false;
     const std::int16_t code = sheet.request.DiagramType;
     if (s_curve_is_isothermal(code) && refuse_supercritical_T()) return false;
     if (s_curve_is_isobaric(code) && refuse_supercritical_p()) return false;
     const Raised requested(the_session.SCurveRequested);
-    return DrawCurve(sheet).slot >= 0;
+    return draw_curve(sheet).slot >= 0;
 }
 
-bool MarkCriticalPoint(DiagramSheet& sheet, bool experimental) {
-    if (!OffersMark(sheet, experimental ? Mark::CriticalEx : Mark::CriticalCalc)) return false;
-    session::RefreshUnits();
+bool mark_critical_point(DiagramSheet& sheet, bool experimental) {
+    if (!offers_mark(sheet, experimental ? Mark::CriticalEx : Mark::CriticalCalc)) return false;
+    session::refresh_units();
     const double v = experimental ? the_substance.vcritExp : legacy::the_eosParameters.vcritCalc;
     const double T = the_substance.Tcrit, p = the_substance.pcrit;
     const std::int16_t code = sheet.request.DiagramType;
     models::StateValues functions;
-    if (diagrams::NeedsFunctions(code)) {
+    if (diagrams::needs_functions(code)) {
         // The caloric values belong to the state of the EOS at T(cr) and p(cr).
         const models::StateTP state = models::SolveStateTP(T, p);
         const double ofState = state.hasV ? state.vV : state.vL;
@@ -321,16 +321,16 @@ bool MarkCriticalPoint(DiagramSheet& sheet, bool experimental) {
     const bool needsVolume =
         direction_of(sheet.request, {Axis::v, Axis::rho, Axis::pv}) != Direction::None;
     diagrams::Projection at;
-    if (v > 0 || !needsVolume) at = diagrams::ProjectState(code, T, p, v, functions);
+    if (v > 0 || !needsVolume) at = diagrams::project_state(code, T, p, v, functions);
     if (!at.exists) {
-        dialogs::Tell("No critical density available", kRefused);
+        dialogs::tell("No critical density available", kRefused);
         return false;
     }
 
-    DeleteCriticalPoint(sheet, experimental);
+    delete_critical_point(sheet, experimental);
     const int slot = experimental ? kCriticalExSeries : kCriticalCalcSeries;
-    chart::Series& series = chart::SeriesAt(sheet.chart, chart::Group::Points, slot);
-    series = chart::DefaultPointSet(slot);
+    chart::Series& series = chart::series_at(sheet.chart, chart::Group::Points, slot);
+    series = chart::default_point_set(slot);
     series.inLegend = false;
     series.symbol = experimental ? chart::SymbolShape::Box : chart::SymbolShape::Circle;
     series.symbolColour = chart::kInk;
@@ -349,55 +349,55 @@ bool MarkCriticalPoint(DiagramSheet& sheet, bool experimental) {
     return true;
 }
 
-bool MarkBisection(DiagramSheet& sheet) {
-    if (!OffersMark(sheet, Mark::Bisection)) return false;
+bool mark_bisection(DiagramSheet& sheet) {
+    if (!offers_mark(sheet, Mark::Bisection)) return false;
     const Borrowed code(sheet, kBisectionCode, sheet.request.sectionKind);
-    const DrawOutcome drawn = DrawCurve(sheet);
+    const DrawOutcome drawn = draw_curve(sheet);
     if (drawn.slot < 0) return false;
-    NameCurve(sheet, drawn.slot, "rho-bisection line", "");
+    name_curve(sheet, drawn.slot, "rho-bisection line", "");
     return true;
 }
 
-bool MarkInversion(DiagramSheet& sheet) {
-    if (!OffersMark(sheet, Mark::Inversion)) return false;
+bool mark_inversion(DiagramSheet& sheet) {
+    if (!offers_mark(sheet, Mark::Inversion)) return false;
     if (refuse_vapour_only("Inversion curve only possible by cubic EOS")) return false;
     const Borrowed code(sheet, inversion_code(sheet.request.DiagramType), kInversion);
-    return DrawCurve(sheet).slot >= 0;
+    return draw_curve(sheet).slot >= 0;
 }
 
-bool MarkCoexistence(DiagramSheet& sheet) {
-    if (!OffersMark(sheet, Mark::Coexistence)) return false;
+bool mark_coexistence(DiagramSheet& sheet) {
+    if (!offers_mark(sheet, Mark::Coexistence)) return false;
     if (refuse_vapour_only("V-L coex. curve possible for cubic EOS only.")) return false;
-    const Borrowed code(sheet, CoexistenceCodeOf(sheet.request.DiagramType), kProjection);
-    return DrawBothBranches(sheet);
+    const Borrowed code(sheet, coexistence_code_of(sheet.request.DiagramType), kProjection);
+    return draw_both_branches(sheet);
 }
 
-bool MayMarkIsohygric() {
+bool may_mark_isohygric() {
     return !refuse_vapour_only("Isohygrics - possible only using cubic EOS");
 }
 
-bool MarkIsohygric(DiagramSheet& sheet, double fraction) {
-    if (!OffersMark(sheet, Mark::Isohygric) || !(fraction >= 0 && fraction <= 1)) return false;
-    if (!MayMarkIsohygric()) return false;
-    const Borrowed code(sheet, CoexistenceCodeOf(sheet.request.DiagramType), kProjection);
+bool mark_isohygric(DiagramSheet& sheet, double fraction) {
+    if (!offers_mark(sheet, Mark::Isohygric) || !(fraction >= 0 && fraction <= 1)) return false;
+    if (!may_mark_isohygric()) return false;
+    const Borrowed code(sheet, coexistence_code_of(sheet.request.DiagramType), kProjection);
     const Raised requested(the_session.CoexistenceRequested);
     the_session.VapourFraction = fraction;
-    const std::string text = " y(V) = " + numbers::GeneralPoint(fraction);
-    const DrawOutcome drawn = DrawCurve(sheet, text);
+    const std::string text = " y(V) = " + numbers::general_point(fraction);
+    const DrawOutcome drawn = draw_curve(sheet, text);
     the_session.VapourFraction = 1;
     if (drawn.slot < 0) return false;
     sheet.CurveLabels[static_cast<std::size_t>(drawn.slot)].text = text.substr(1);
     return true;
 }
 
-bool MarkTieLine(DiagramSheet& sheet) {
-    if (!OffersMark(sheet, Mark::TieLine)) return false;
+bool mark_tie_line(DiagramSheet& sheet) {
+    if (!offers_mark(sheet, Mark::TieLine)) return false;
     if (refuse_vapour_only("Tie-line V-L - possible only using cubic EOS")) return false;
     const std::int16_t kind = sheet.request.sectionKind;
     if (kind == kIsothermal && refuse_supercritical_T()) return false;
     if (kind == kIsobaric && refuse_supercritical_p()) return false;
     const Raised requested(the_session.TieLineRequested);
-    return DrawCurve(sheet).slot >= 0;
+    return draw_curve(sheet).slot >= 0;
 }
 
 }  // namespace quor::Module9

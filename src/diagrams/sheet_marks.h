@@ -26,21 +26,21 @@ enum class Mark : std::uint8_t {
 
 /// False where the kind of diagram has no place for the mark. What only the models forbid stays
 /// offered, and is refused with a reason.
-bool OffersMark(const DiagramSheet& sheet, Mark mark);
+bool offers_mark(const DiagramSheet& sheet, Mark mark);
 
-bool MarkTGrenzen(DiagramSheet& sheet);
-bool MarkPressures(DiagramSheet& sheet);
-bool MarkVolume(DiagramSheet& sheet);
-bool MarkCovolume(DiagramSheet& sheet);
-bool MarkSCurve(DiagramSheet& sheet);
-bool MarkCriticalPoint(DiagramSheet& sheet, bool experimental);
-bool MarkBisection(DiagramSheet& sheet);
-bool MarkInversion(DiagramSheet& sheet);
-bool MarkCoexistence(DiagramSheet& sheet);
+bool mark_t_grenzen(DiagramSheet& sheet);
+bool mark_pressures(DiagramSheet& sheet);
+bool mark_volume(DiagramSheet& sheet);
+bool mark_covolume(DiagramSheet& sheet);
+bool mark_s_curve(DiagramSheet& sheet);
+bool mark_critical_point(DiagramSheet& sheet, bool experimental);
+bool mark_bisection(DiagramSheet& sheet);
+bool mark_inversion(DiagramSheet& sheet);
+bool mark_coexistence(DiagramSheet& sheet);
 /// Refuses an isohygric with a V-only equation; the fraction is asked for afterwards.
-bool MayMarkIsohygric();
+bool may_mark_isohygric();
 /// The line of a vapour fraction, 0 to 1.
-bool MarkIsohygric(DiagramSheet& sheet, double fraction);
-bool MarkTieLine(DiagramSheet& sheet);
+bool mark_isohygric(DiagramSheet& sheet, double fraction);
+bool mark_tie_line(DiagramSheet& sheet);
 
 }  // namespace quor::Module9

@@ -36,7 +36,7 @@ Value volume(Value density) {
 }
 
 double caloric(double T) {
-    return session::CaloricFactorOf(the_session.CaloricUnit, T > 0 ? T : the_session.DiagramT);
+    return session::caloric_factor_of(the_session.CaloricUnit, T > 0 ? T : the_session.DiagramT);
 }
 
 /// One line of data seen with one of its densities.
@@ -89,22 +89,22 @@ bool shows_coexistence(std::int16_t code) {
 }
 
 bool in_window(const DiagramSheet& sheet, float x, float y) {
-    const chart::Window w = chart::ShownWindow(sheet.chart);
+    const chart::Window w = chart::shown_window(sheet.chart);
     return static_cast<double>(x) >= w.x.min && static_cast<double>(x) <= w.x.max &&
            static_cast<double>(y) >= w.y.min && static_cast<double>(y) <= w.y.max;
 }
 
 }  // namespace
 
-MeasuredPoints MapMeasured(std::int16_t DiagramType) {
+MeasuredPoints map_measured(std::int16_t DiagramType) {
     MeasuredPoints points;
-    const CatalogueRow* row = FindRow(DiagramType);
+    const CatalogueRow* row = find_row(DiagramType);
     if (row == nullptr) return points;
     const auto add = [&](const Measured& measured) {
         const Value x = on_axis(row->x, measured), y = on_axis(row->y, measured);
         if (!x || !y) return false;
         const auto xf = static_cast<float>(*x), yf = static_cast<float>(*y);
-        if (!chart::IsShown(xf) || !chart::IsShown(yf)) return false;
+        if (!chart::is_shown(xf) || !chart::is_shown(yf)) return false;
         points.x.push_back(xf);
         points.y.push_back(yf);
         return true;
@@ -130,29 +130,29 @@ MeasuredPoints MapMeasured(std::int16_t DiagramType) {
     return points;
 }
 
-bool AddMeasuredPoints(DiagramSheet& sheet) {
-    if (!HasFreePointSet(sheet)) return false;
-    session::RefreshUnits();
-    MeasuredPoints points = MapMeasured(sheet.request.DiagramType);
+bool add_measured_points(DiagramSheet& sheet) {
+    if (!has_free_point_set(sheet)) return false;
+    session::refresh_units();
+    MeasuredPoints points = map_measured(sheet.request.DiagramType);
     if (sheet.SwappedAxes) std::swap(points.x, points.y);
     bool any = false;
     for (std::size_t i = 0; i < points.x.size(); ++i)
         any = any || in_window(sheet, points.x[i], points.y[i]);
     if (!any) {
-        dialogs::Tell("No experimental points in this range of the diagram ",
+        dialogs::tell("No experimental points in this range of the diagram ",
                       "Execution not possible");
         return false;
     }
-    const std::string file = session::FileTitle(the_session.BatchFile);
-    return StorePointSet(sheet, std::move(points.x), std::move(points.y),
-                         file.empty() ? "exper. points" : file) >= 0;
+    const std::string file = session::file_title(the_session.BatchFile);
+    return store_point_set(sheet, std::move(points.x), std::move(points.y),
+                           file.empty() ? "exper. points" : file) >= 0;
 }
 
 namespace {
 
 MeasuredPoints editor_points(const DiagramSheet& sheet) {
     MeasuredPoints points;
-    for (const datafiles::FitPoint& p : datafiles::ActivePoints(legacy::the_xyPoints)) {
+    for (const datafiles::FitPoint& p : datafiles::active_points(legacy::the_xyPoints)) {
         points.x.push_back(p.x);
         points.y.push_back(p.y);
     }
@@ -161,13 +161,13 @@ MeasuredPoints editor_points(const DiagramSheet& sheet) {
 }
 
 std::string editor_name() {
-    const std::string comment = text::Trim(legacy::the_xyComment);
+    const std::string comment = text::trim(legacy::the_xyComment);
     return comment.empty() ? "manual data input" : comment;
 }
 
 }  // namespace
 
-diagrams::DiagramRequest RequestOfEditorGraph() {
+diagrams::DiagramRequest request_of_editor_graph() {
     const datafiles::XYGraph& graph = datafiles::xyGraph;
     diagrams::DiagramRequest request;
     request.title = graph.title;
@@ -190,7 +190,7 @@ diagrams::DiagramRequest RequestOfEditorGraph() {
     return request;
 }
 
-bool AddEditorGraph(DiagramSheet& sheet) {
+bool add_editor_graph(DiagramSheet& sheet) {
     const datafiles::XYGraph& graph = datafiles::xyGraph;
     std::vector<float> x, y;
     for (const datafiles::FitPoint& p : graph.points) {
@@ -198,25 +198,26 @@ bool AddEditorGraph(DiagramSheet& sheet) {
         y.push_back(p.y);
     }
     if (x.empty()) return false;
-    if (graph.asPoints) return StorePointSet(sheet, std::move(x), std::move(y), editor_name()) >= 0;
-    const int slot = StorePoints(sheet, std::move(x), std::move(y));
+    if (graph.asPoints)
+        return store_point_set(sheet, std::move(x), std::move(y), editor_name()) >= 0;
+    const int slot = store_points(sheet, std::move(x), std::move(y));
     if (slot < 0) return false;
-    NameCurve(sheet, slot, editor_name(), "");
+    name_curve(sheet, slot, editor_name(), "");
     return true;
 }
 
-bool AddEditorPoints(DiagramSheet& sheet) {
-    if (!datafiles::EnoughActivePoints(legacy::the_xyPoints, true)) return false;
+bool add_editor_points(DiagramSheet& sheet) {
+    if (!datafiles::enough_active_points(legacy::the_xyPoints, true)) return false;
     MeasuredPoints points = editor_points(sheet);
-    return StorePointSet(sheet, std::move(points.x), std::move(points.y), editor_name()) >= 0;
+    return store_point_set(sheet, std::move(points.x), std::move(points.y), editor_name()) >= 0;
 }
 
-bool AddEditorCurve(DiagramSheet& sheet) {
-    if (!datafiles::EnoughActivePoints(legacy::the_xyPoints, false)) return false;
+bool add_editor_curve(DiagramSheet& sheet) {
+    if (!datafiles::enough_active_points(legacy::the_xyPoints, false)) return false;
     MeasuredPoints points = editor_points(sheet);
-    const int slot = StorePoints(sheet, std::move(points.x), std::move(points.y));
+    const int slot = store_points(sheet, std::move(points.x), std::move(points.y));
     if (slot < 0) return false;
-    NameCurve(sheet, slot, editor_name(), "");
+    name_curve(sheet, slot, editor_name(), "");
     return true;
 }
 

@@ -11,18 +11,18 @@ struct MeasuredPoints {
 
 /// Maps the active lines of the experimental data to the axes of a code. A line without the values
 /// that the diagram needs gives no point; one with both densities gives two in a projection.
-MeasuredPoints MapMeasured(std::int16_t DiagramType);
+MeasuredPoints map_measured(std::int16_t DiagramType);
 
 /// `ZeigePunkte`: adds the experimental data as a set of points. Refused, and said, when all sets
 /// are in use or no point lies in the window.
-bool AddMeasuredPoints(DiagramSheet& sheet);
+bool add_measured_points(DiagramSheet& sheet);
 
 /// An empty diagram for the graph that the XY editor has sent, and that graph in it.
-diagrams::DiagramRequest RequestOfEditorGraph();
-bool AddEditorGraph(DiagramSheet& sheet);
+diagrams::DiagramRequest request_of_editor_graph();
+bool add_editor_graph(DiagramSheet& sheet);
 
 /// The active points of the XY editor's list as a set of points or as a curve.
-bool AddEditorPoints(DiagramSheet& sheet);
-bool AddEditorCurve(DiagramSheet& sheet);
+bool add_editor_points(DiagramSheet& sheet);
+bool add_editor_curve(DiagramSheet& sheet);
 
 }  // namespace quor::Module9

@@ -28,15 +28,15 @@ float parameter_of(const DiagramSheet& sheet, int slot, int point) {
 
 }  // namespace
 
-std::string ParameterCaption(const DiagramSheet& sheet, int slot) {
+std::string parameter_caption(const DiagramSheet& sheet, int slot) {
     std::string caption = caption_of(sheet.CurveMarks[at(slot)]);
     const std::size_t end = caption.find('=');
     if (end != std::string::npos) caption.resize(end);
     return caption;
 }
 
-std::string Readout(const DiagramSheet& sheet, const chart::NearPoint& near) {
-    const auto& group = chart::SeriesOf(sheet.chart, near.group);
+std::string readout(const DiagramSheet& sheet, const chart::NearPoint& near) {
+    const auto& group = chart::series_of(sheet.chart, near.group);
     if (near.series < 0 || at(near.series) >= group.size()) return {};
     const chart::Series& series = group[at(near.series)];
     if (near.point < 0 || at(near.point) >= series.x.size()) return {};
@@ -52,7 +52,7 @@ std::string Readout(const DiagramSheet& sheet, const chart::NearPoint& near) {
     return text;
 }
 
-std::string PlaceText(double x, double y) {
+std::string place_text(double x, double y) {
     return "X = " + numbers::General(static_cast<float>(x)) +
            "  Y = " + numbers::General(static_cast<float>(y));
 }
@@ -68,8 +68,8 @@ std::string Hint(Under what) {
     }
 }
 
-void ExplainLegend() {
-    dialogs::Tell(
+void explain_legend() {
+    dialogs::tell(
         "In the legend an entry is only shown when for a curve or an exper. \n"
         " point resp. there is a legend text (at least 1 character).\n"
         "When on the resp. tabstrip the legend text will be \n"
@@ -77,8 +77,8 @@ void ExplainLegend() {
         "How to delete a single legend entry", dialogs::Icon::Information);
 }
 
-void ExplainPointDeletion() {
-    dialogs::Tell(
+void explain_point_deletion() {
+    dialogs::tell(
         "1st) Change the the curve style from\n"
         "    \"Curve solid\" to \"Single points only\".\n"
         "2nd) Left-Click on the point in question\n"
@@ -86,13 +86,13 @@ void ExplainPointDeletion() {
         "How to delete a single curve point", dialogs::Icon::Information);
 }
 
-LegendAnswer AddLegend(DiagramSheet& sheet) {
-    if (!chart::LegendEntries(sheet.chart).empty()) {
+LegendAnswer add_legend(DiagramSheet& sheet) {
+    if (!chart::legend_entries(sheet.chart).empty()) {
         sheet.chart.legend.shown = true;
         return LegendAnswer::Shown;
     }
     const bool pointsOnly = sheet.CurveCount == 0 && sheet.PointSetCount > 0;
-    dialogs::Tell(std::string("No legend texts given\n") +
+    dialogs::tell(std::string("No legend texts given\n") +
                       (pointsOnly ? "=> Designing exper. points" : "=> Designing curve"),
                   "Execution not possible");
     return pointsOnly ? LegendAnswer::DesignPoints : LegendAnswer::DesignCurve;

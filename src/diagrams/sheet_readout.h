@@ -12,24 +12,24 @@ namespace quor::Module9 {
 enum class Under : std::uint8_t { Nothing, Curve, PointSet, Text, Legend, Axis };
 
 /// Name of the parameter that the points of a curve carry, " T/K" and the like; empty for none.
-std::string ParameterCaption(const DiagramSheet& sheet, int slot);
+std::string parameter_caption(const DiagramSheet& sheet, int slot);
 
 /// Text of the status line for a point of the chart: X, Y and the curve's parameter there.
-std::string Readout(const DiagramSheet& sheet, const chart::NearPoint& near);
+std::string readout(const DiagramSheet& sheet, const chart::NearPoint& near);
 
 /// Text for a place without a point near by, in data coordinates.
-std::string PlaceText(double x, double y);
+std::string place_text(double x, double y);
 
 /// What a right click would do.
 std::string Hint(Under what);
 
 /// What `cmdLegendInfo` and `cmdMsgDelPoint` explain.
-void ExplainLegend();
-void ExplainPointDeletion();
+void explain_legend();
+void explain_point_deletion();
 
 /// Where the user is led who wants a legend although nothing has a legend text.
 enum class LegendAnswer : std::uint8_t { Shown, DesignCurve, DesignPoints };
 /// `mnuAddLegend`: shows the legend, or says why there is none.
-LegendAnswer AddLegend(DiagramSheet& sheet);
+LegendAnswer add_legend(DiagramSheet& sheet);
 
 }  // namespace quor::Module9

@@ -63,16 +63,16 @@ std::string axis_text(Axis axis) {
 }
 
 float single(double value) {
-    return numbers::ToSingle(value);
+    return numbers::to_single(value);
 }
 
 }  // namespace
 
-std::span<const SurfaceKind> SurfaceKinds() {
+std::span<const SurfaceKind> surface_kinds() {
     return kKinds;
 }
 
-const SurfaceKind* FindSurface(std::int16_t Diagram3DKind) {
+const SurfaceKind* find_surface(std::int16_t Diagram3DKind) {
     for (const SurfaceKind& row : kKinds)
         if (row.kind == Diagram3DKind) return &row;
     return nullptr;
@@ -86,14 +86,14 @@ SurfaceTexts TextsOf(const SurfaceKind& surface) {
     const bool hasZeroPoint = surface.z == Axis::h || surface.z == Axis::s || surface.z == Axis::g;
     return {std::string(surface.title),
             " for " + legacy::the_substance.Name + ",  " +
-                text::Trim(models::EOSName(legacy::the_models.EOSModel)),
+                text::trim(models::EOSName(legacy::the_models.EOSModel)),
             axis_text(surface.x),
             axis_text(surface.y),
             axis_text(surface.z),
-            ReferenceText(hasZeroPoint, surface.z == Axis::e)};
+            reference_text(hasZeroPoint, surface.z == Axis::e)};
 }
 
-diagrams::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve) {
+diagrams::Grid3D default_grid(std::int16_t Diagram3DKind, bool SCurve) {
     constexpr float kVolumeWithoutData = 3.0F;
     const models::SubstanceRecord& s = legacy::the_substance;
     const Ranges& row = ranges_of(Diagram3DKind, SCurve);
@@ -113,7 +113,7 @@ diagrams::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve) {
     return grid;
 }
 
-Limits LimitsOf(const diagrams::Grid3D& grid, Axis axis) {
+Limits limits_of(const diagrams::Grid3D& grid, Axis axis) {
     switch (axis) {
         case Axis::T:
             return {grid.TMin, grid.TMax};
@@ -126,16 +126,16 @@ Limits LimitsOf(const diagrams::Grid3D& grid, Axis axis) {
     }
 }
 
-std::string RefusalOf(const diagrams::Grid3D& grid, const SurfaceKind& surface) {
+std::string refusal_of(const diagrams::Grid3D& grid, const SurfaceKind& surface) {
     for (const Axis axis : {surface.x, surface.y, surface.z}) {
-        const Limits limits = LimitsOf(grid, axis);
+        const Limits limits = limits_of(grid, axis);
         if (!(limits.low < limits.high))
             return "Lower limits have to be smaller then upper limits!";
     }
     return {};
 }
 
-SurfaceMark CriticalMark(const SurfaceKind& surface) {
+SurfaceMark critical_mark(const SurfaceKind& surface) {
     const models::SubstanceRecord& s = legacy::the_substance;
     double v = legacy::the_eosParameters.vcritCalc;
     if (!(v > 0)) v = s.vcritExp;
@@ -146,8 +146,8 @@ SurfaceMark CriticalMark(const SurfaceKind& surface) {
     if (IsCaloric(surface)) {
         const models::StateValues z = models::StateFunctions(s.Tcrit, s.pcrit, v);
         if (z.status != kSuccess) return {.remark = "No cp(idGas) parameters available"};
-        caloric =
-            CaloricValue(surface, z) * session::CaloricFactorOf(the_session.CaloricUnit, s.Tcrit);
+        caloric = caloric_value(surface, z) *
+                  session::caloric_factor_of(the_session.CaloricUnit, s.Tcrit);
     }
     const auto place = [&](Axis axis) {
         switch (axis) {
@@ -164,7 +164,7 @@ SurfaceMark CriticalMark(const SurfaceKind& surface) {
     return {place(surface.x), place(surface.y), place(surface.z), kCriticalMarkText, ""};
 }
 
-double CaloricValue(const SurfaceKind& surface, const models::StateValues& z) {
+double caloric_value(const SurfaceKind& surface, const models::StateValues& z) {
     switch (surface.z) {
         case Axis::cp:
             return z.cp;

@@ -19,9 +19,9 @@ struct SurfaceKind {
     Axis x, y, z;
     bool isClosedSystem = false;  ///< an exergy of U instead of one of H
 };
-std::span<const SurfaceKind> SurfaceKinds();
+std::span<const SurfaceKind> surface_kinds();
 /// The row of a kind; nullptr when there is none.
-const SurfaceKind* FindSurface(std::int16_t Diagram3DKind);
+const SurfaceKind* find_surface(std::int16_t Diagram3DKind);
 
 /// True for a surface of caloric values over p and T.
 bool IsCaloric(const SurfaceKind& surface);
@@ -33,7 +33,7 @@ struct SurfaceTexts {
 SurfaceTexts TextsOf(const SurfaceKind& surface);
 
 /// Default limits of a kind in displayed units; `SCurve` for the S-shaped isotherms.
-diagrams::Grid3D DefaultGrid(std::int16_t Diagram3DKind, bool SCurve);
+diagrams::Grid3D default_grid(std::int16_t Diagram3DKind, bool SCurve);
 
 /// Limits of z that mean "no clipping".
 inline constexpr float kNoLowerClip = -0.01111F;
@@ -43,13 +43,13 @@ struct Limits {
     float low = 0, high = 0;
 };
 /// Limits of an axis of a surface: those of its quantity, or the clipping limits of a caloric z.
-Limits LimitsOf(const diagrams::Grid3D& grid, Axis axis);
+Limits limits_of(const diagrams::Grid3D& grid, Axis axis);
 
 /// Text of the refusal when a lower limit is not below its upper one; empty when all are right.
-std::string RefusalOf(const diagrams::Grid3D& grid, const SurfaceKind& surface);
+std::string refusal_of(const diagrams::Grid3D& grid, const SurfaceKind& surface);
 
 /// The molar caloric value that a surface shows of a state.
-double CaloricValue(const SurfaceKind& surface, const models::StateValues& state);
+double caloric_value(const SurfaceKind& surface, const models::StateValues& state);
 
 /// Label of the critical point.
 inline constexpr auto kCriticalMarkText = "CrP";
@@ -60,6 +60,6 @@ struct SurfaceMark {
     std::string text{};    ///< label of the mark
     std::string remark{};  ///< said instead of a mark, when there is none
 };
-SurfaceMark CriticalMark(const SurfaceKind& surface);
+SurfaceMark critical_mark(const SurfaceKind& surface);
 
 }  // namespace quor::Module9

@@ -26,7 +26,7 @@ constexpr double kInsteadOfNoPressure = 0.05;  // kPa, for a p of 0
 
 /// What the nodes of a surface need; z is computed by one function a kind.
 struct Surface {
-    models::Fluid fluid = models::CurrentFluid();
+    models::Fluid fluid = models::current_fluid();
     const Module9::SurfaceKind& kind;
     models::Surroundings surroundings{};
     double M = static_cast<double>(legacy::the_substance.M);
@@ -69,11 +69,11 @@ Value caloric_of_node(const Surface& s, double p, double T) {
     if (!(v > 0)) return std::nullopt;
     const models::StateValues z =
         models::state_functions(s.fluid, legacy::the_reference, s.surroundings, T, p, v);
-    const double value = Module9::CaloricValue(s.kind, z);
+    const double value = Module9::caloric_value(s.kind, z);
     const bool isExergy = s.kind.z == Axis::e;
     if (!z.table.filled || (isExergy && z.status != kSuccess)) return std::nullopt;
     if (s.kind.z == Axis::cp && value == 0) return std::nullopt;  // the pole
-    return value * session::CaloricFactorOf(the_session.CaloricUnit, T);
+    return value * session::caloric_factor_of(the_session.CaloricUnit, T);
 }
 
 /// Limits of z beyond which a node is a hole. v, p and T end at their upper limit; a caloric value
@@ -85,7 +85,7 @@ struct Clip {
 };
 
 Clip clip_of(const Module9::SurfaceKind& kind) {
-    const Limits limits = Module9::LimitsOf(legacy::the_grid3D, kind.z);
+    const Limits limits = Module9::limits_of(legacy::the_grid3D, kind.z);
     Clip clip;
     if (!Module9::IsCaloric(kind)) {
         clip.high = static_cast<double>(limits.high);
@@ -97,7 +97,7 @@ Clip clip_of(const Module9::SurfaceKind& kind) {
 }
 
 void store(SurfaceGrid& grid, const Clip& clip, int i, int j, Value z) {
-    if (!z || !chart::IsShown(static_cast<float>(*z))) return;
+    if (!z || !chart::is_shown(static_cast<float>(*z))) return;
     std::vector<float>& target = clip.cuts(*z) ? grid.zBehindHoles : grid.z;
     target[grid.at(i, j)] = static_cast<float>(*z);
 }
@@ -139,16 +139,16 @@ void set_axis(const Limits& limits, int nodes, double& start, double& step) {
 
 }  // namespace
 
-SurfaceGrid Calc_3DArray(int nx, int ny) {
+SurfaceGrid calc_3_d_array(int nx, int ny) {
     SurfaceGrid grid;
     grid.resize(std::clamp(nx, kFewestNodes, kMostNodes), std::clamp(ny, kFewestNodes, kMostNodes));
     grid.zBehindHoles.assign(grid.z.size(), grid.hole);
-    const Module9::SurfaceKind* kind = Module9::FindSurface(the_session.Diagram3DKind);
+    const Module9::SurfaceKind* kind = Module9::find_surface(the_session.Diagram3DKind);
     if (kind == nullptr) return grid;
-    set_axis(Module9::LimitsOf(legacy::the_grid3D, kind->x), grid.nx, grid.x0, grid.dx);
-    set_axis(Module9::LimitsOf(legacy::the_grid3D, kind->y), grid.ny, grid.y0, grid.dy);
+    set_axis(Module9::limits_of(legacy::the_grid3D, kind->x), grid.nx, grid.x0, grid.dx);
+    set_axis(Module9::limits_of(legacy::the_grid3D, kind->y), grid.ny, grid.y0, grid.dy);
     try {
-        session::RefreshUnits();
+        session::refresh_units();
         Surface surface{.kind = *kind};
         models::settle_reference(legacy::the_reference);
         surface.surroundings = models::surroundings_state(surface.fluid, legacy::the_reference);
@@ -160,8 +160,8 @@ SurfaceGrid Calc_3DArray(int nx, int ny) {
     return grid;
 }
 
-bool HasSurface(const SurfaceGrid& grid) {
-    return std::any_of(grid.z.begin(), grid.z.end(), [&](float z) { return !grid.isHole(z); });
+bool has_surface(const SurfaceGrid& grid) {
+    return std::any_of(grid.z.begin(), grid.z.end(), [&](float z) { return !grid.is_hole(z); });
 }
 
 }  // namespace quor::diagrams

@@ -14,10 +14,10 @@ inline constexpr int kNodesAtStart = 41;
 /// of `legacy::the_grid3D`, in displayed units. A node without a state is a hole, and one whose z
 /// lies beyond a limit; the value behind such a limit stands in `zBehindHoles`. Never throws:
 /// without a surface the grid has only holes. The numbers of nodes are kept within their bounds.
-chart::SurfaceGrid Calc_3DArray(int nx, int ny);
+chart::SurfaceGrid calc_3_d_array(int nx, int ny);
 
 /// True when at least one node has a value.
-bool HasSurface(const chart::SurfaceGrid& grid);
+bool has_surface(const chart::SurfaceGrid& grid);
 
 /// What is said of a surface of which nothing is to be seen.
 inline constexpr auto kNoSurface =

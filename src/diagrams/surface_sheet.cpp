@@ -21,11 +21,11 @@ constexpr auto kExtension = ".oc3";
 constexpr auto kAnyFile = "*.oc3";
 
 std::string in_folder(const std::string& name) {
-    return session::HasSeparator(name) ? name : the_session.FolderDiagram3D + name;
+    return session::has_separator(name) ? name : the_session.FolderDiagram3D + name;
 }
 
 std::string with_extension(const std::string& name) {
-    const std::string title = session::FileTitle(name);
+    const std::string title = session::file_title(name);
     return title.find('.') == std::string::npos ? name + kExtension : name;
 }
 
@@ -61,104 +61,104 @@ void compute(SurfaceSheet& sheet, Computation what) {
 
 }  // namespace
 
-void OpenSurface(SurfaceSheet& sheet) {
+void open_surface(SurfaceSheet& sheet) {
     sheet.Diagram3DKind = the_session.Diagram3DKind;
     sheet.SCurve3D = the_session.SCurve3D;
     sheet.limits = legacy::the_grid3D;
-    compute(sheet, InitGraph3D);
+    compute(sheet, init_graph3_d);
 }
 
-void GiveToSession(const SurfaceSheet& sheet) {
+void give_to_session(const SurfaceSheet& sheet) {
     the_session.Diagram3DKind = sheet.Diagram3DKind;
     the_session.SCurve3D = sheet.SCurve3D;
     legacy::the_grid3D = sheet.limits;
 }
 
-void NewDraw(SurfaceSheet& sheet) {
-    GiveToSession(sheet);
+void new_draw(SurfaceSheet& sheet) {
+    give_to_session(sheet);
     const SurfaceTexts shown = texts_of(sheet.chart), given = sheet.given;
-    compute(sheet, RenewSurface);
+    compute(sheet, renew_surface);
     keep_changed_texts(sheet.chart, shown, given);
-    if (HasCriticalMark(sheet)) {
-        RemoveCriticalMark(sheet);
-        AddCriticalPoint(sheet.chart);
+    if (has_critical_mark(sheet)) {
+        remove_critical_mark(sheet);
+        add_critical_point(sheet.chart);
     }
-    TellEmptySurface(sheet.chart);
+    tell_empty_surface(sheet.chart);
 }
 
 bool SetLimits(SurfaceSheet& sheet, const diagrams::Grid3D& limits) {
-    const SurfaceKind* kind = FindSurface(sheet.Diagram3DKind);
+    const SurfaceKind* kind = find_surface(sheet.Diagram3DKind);
     if (kind == nullptr) return false;
-    const std::string refusal = RefusalOf(limits, *kind);
+    const std::string refusal = refusal_of(limits, *kind);
     if (!refusal.empty()) {
-        dialogs::Tell(refusal, "INPUT ERROR");
+        dialogs::tell(refusal, "INPUT ERROR");
         return false;
     }
     sheet.limits = limits;
-    NewDraw(sheet);
+    new_draw(sheet);
     return true;
 }
 
-void SetMeshlines(SurfaceSheet& sheet, int nx, int ny) {
+void set_meshlines(SurfaceSheet& sheet, int nx, int ny) {
     sheet.nx = std::clamp(nx, diagrams::kFewestNodes, diagrams::kMostNodes);
     sheet.ny = std::clamp(ny, diagrams::kFewestNodes, diagrams::kMostNodes);
-    NewDraw(sheet);
+    new_draw(sheet);
 }
 
-bool HasCriticalMark(const SurfaceSheet& sheet) {
+bool has_critical_mark(const SurfaceSheet& sheet) {
     const auto& markers = sheet.chart.markers;
     return std::any_of(markers.begin(), markers.end(), is_critical_mark);
 }
 
-void RemoveCriticalMark(SurfaceSheet& sheet) {
+void remove_critical_mark(SurfaceSheet& sheet) {
     std::erase_if(sheet.chart.markers, is_critical_mark);
 }
 
-bool SaveOC3(const SurfaceSheet& sheet) {
+bool save_oc3(const SurfaceSheet& sheet) {
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.save = true,
-                             .title = "Save this diagram design",
-                             .filter = kFilter,
-                             .folder = the_session.FolderDiagram3D,
-                             .name = kAnyFile,
-                             .defaultExtension = kExtension,
-                             .overwritePrompt = true});
+        dialogs::choose_file({.save = true,
+                              .title = "Save this diagram design",
+                              .filter = kFilter,
+                              .folder = the_session.FolderDiagram3D,
+                              .name = kAnyFile,
+                              .defaultExtension = kExtension,
+                              .overwritePrompt = true});
     if (!name || name->empty()) return false;
     const std::string path = with_extension(in_folder(*name));
-    the_session.FolderDiagram3D = session::FolderOf(path);
-    const chart::FileOutcome saved = chart::SaveChart(sheet.chart, path);
-    if (!saved.ok) dialogs::Tell(saved.message, "ERROR", dialogs::Icon::Stop);
+    the_session.FolderDiagram3D = session::folder_of(path);
+    const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
+    if (!saved.ok) dialogs::tell(saved.message, "ERROR", dialogs::Icon::Stop);
     return saved.ok;
 }
 
-std::string LoadOC3(SurfaceSheet& sheet) {
+std::string load_oc3(SurfaceSheet& sheet) {
     // The title names the other kind of file.
     const std::optional<std::string> name =
-        dialogs::ChooseFile({.title = "Load a saved pattern (*.oc2)",
-                             .filter = kFilter,
-                             .folder = the_session.FolderDiagram3D,
-                             .name = kAnyFile,
-                             .defaultExtension = kExtension});
+        dialogs::choose_file({.title = "Load a saved pattern (*.oc2)",
+                              .filter = kFilter,
+                              .folder = the_session.FolderDiagram3D,
+                              .name = kAnyFile,
+                              .defaultExtension = kExtension});
     if (!name || name->empty()) return {};
     const std::string path = in_folder(*name);
-    the_session.FolderDiagram3D = session::FolderOf(path);
-    const chart::FileOutcome read = chart::LoadChart(path, sheet.chart);
+    the_session.FolderDiagram3D = session::folder_of(path);
+    const chart::FileOutcome read = chart::load_chart(path, sheet.chart);
     if (read.ok) {
         // Drawing anew gives the texts of this surface, which the file need not show.
         sheet.given = texts_of(sheet.chart);
         return path;
     }
-    dialogs::Tell(read.message, "Execution not possible", dialogs::Icon::Stop);
+    dialogs::tell(read.message, "Execution not possible", dialogs::Icon::Stop);
     return {};
 }
 
-std::string SurfaceReadout(const chart::Chart3D& chart, double x, double y, double z) {
+std::string surface_readout(const chart::Chart3D& chart, double x, double y, double z) {
     // More digits than these are not in a value between two nodes.
     constexpr int kDigits = 5;
     const auto part = [](const std::string& title, double value) {
         const double size = value == 0 ? 0 : std::floor(std::log10(std::fabs(value)));
         const double step = std::pow(10, size - (kDigits - 1));
-        return text::Trim(title) + " = " +
+        return text::trim(title) + " = " +
                numbers::General(static_cast<float>(std::round(value / step) * step));
     };
     return part(chart.x.title, x) + "     " + part(chart.y.title, y) + "     " +

@@ -16,22 +16,22 @@ CurvePoint as_point(const Projection& at, double z) {
 
 }  // namespace
 
-bool HasTieLine(std::int16_t sectionKind, double T, double p) {
+bool has_tie_line(std::int16_t sectionKind, double T, double p) {
     const models::SubstanceRecord& s = legacy::the_substance;
     return sectionKind == Module9::kIsobaric ? p > 0 && p < s.pcrit : T > 0 && T < s.Tcrit;
 }
 
-diagrams::TieLine TieLineEnds(std::int16_t DiagramType, std::int16_t sectionKind, double T,
-                              double p) {
-    if (!HasTieLine(sectionKind, T, p)) return {};
+diagrams::TieLine tie_line_ends(std::int16_t DiagramType, std::int16_t sectionKind, double T,
+                                double p) {
+    if (!has_tie_line(sectionKind, T, p)) return {};
     const bool isobaric = sectionKind == Module9::kIsobaric;
-    const models::Fluid fluid = models::CurrentFluid();
+    const models::Fluid fluid = models::current_fluid();
     const Equilibrium e = isobaric ? equilibrium_at_p(fluid, p) : equilibrium_at_T(fluid, T);
     if (!e.found) return {};
     const auto project = [&](double v) {
-        const auto functions = NeedsFunctions(DiagramType) ? models::StateFunctions(e.T, e.p, v)
-                                                           : models::StateValues{};
-        return ProjectState(DiagramType, e.T, e.p, v, functions);
+        const auto functions = needs_functions(DiagramType) ? models::StateFunctions(e.T, e.p, v)
+                                                            : models::StateValues{};
+        return project_state(DiagramType, e.T, e.p, v, functions);
     };
     const Projection L = project(e.vL), V = project(e.vV);
     if (!L.exists || !V.exists) return {};
@@ -43,11 +43,11 @@ void tie_line(Curve& c) {
     constexpr int kParts = 50;
     const std::int16_t kind = c.request.sectionKind;
     c.mark = kind == Module9::kIsobaric ? kMarkP : kMarkT;
-    if (!HasTieLine(kind, c.T, c.p)) {
+    if (!has_tie_line(kind, c.T, c.p)) {
         c.status = CurveStatus::kNoTieLine;
         return;
     }
-    const diagrams::TieLine ends = TieLineEnds(c.request.DiagramType, kind, c.T, c.p);
+    const diagrams::TieLine ends = tie_line_ends(c.request.DiagramType, kind, c.T, c.p);
     legacy::the_tieLine = ends;
     if (!ends.exist) {
         c.status = CurveStatus::kNoResult;

@@ -15,7 +15,7 @@ namespace {
 
 using models::CpSet;
 using models::SubstanceRecord;
-using numbers::ToSingle;
+using numbers::to_single;
 
 constexpr const char* kRefused = "Execution not possible";
 constexpr std::string_view kNoAugust =
@@ -44,32 +44,32 @@ template <std::size_t N>
 void Fill(std::array<float, N>& target, std::initializer_list<double> values) {
     target.fill(0);
     std::size_t i = 0;
-    for (const double v : values) target[i++] = ToSingle(v);
+    for (const double v : values) target[i++] = to_single(v);
 }
 
 template <class Set>
-void SetRange(Set& set, const AppliedRange& range) {
+void set_range(Set& set, const AppliedRange& range) {
     set.TLo = range.TLo;
     set.THi = range.THi;
 }
 
-void SetDensity(SubstanceRecord& s, std::initializer_list<double> values, double Tcr,
-                const AppliedRange& range) {
+void set_density(SubstanceRecord& s, std::initializer_list<double> values, double Tcr,
+                 const AppliedRange& range) {
     Fill(s.rhoLPar, values);
-    s.rhoLTc = ToSingle(Tcr);
+    s.rhoLTc = to_single(Tcr);
     s.rhoLTLo = range.TLo;
     s.rhoLTHi = range.THi;
 }
 
-void SetVaporisation(SubstanceRecord& s, std::initializer_list<double> values,
-                     const AppliedRange& range) {
+void set_vaporisation(SubstanceRecord& s, std::initializer_list<double> values,
+                      const AppliedRange& range) {
     Fill(s.hLVPar, values);
-    s.hLVTc = ToSingle(range.Tcr);
+    s.hLVTc = to_single(range.Tcr);
     s.hLVTLo = range.TLo;
     s.hLVTHi = range.THi;
 }
 
-CpSet& CpOf(SubstanceRecord& s, CpPhase phase) {
+CpSet& cp_of(SubstanceRecord& s, CpPhase phase) {
     switch (phase) {
         case CpPhase::Liquid:
             return s.cpL;
@@ -81,19 +81,19 @@ CpSet& CpOf(SubstanceRecord& s, CpPhase phase) {
 }
 
 /// A first coefficient that keeps the forms that begin with it.
-double Present(double first) {
+double present(double first) {
     return std::fabs(first) < kLeastCoefficient ? kLeastCoefficient : first;
 }
 
-void SetCp(SubstanceRecord& s, CpSet& set, std::initializer_list<double> values,
-           const AppliedRange& range) {
+void set_cp(SubstanceRecord& s, CpSet& set, std::initializer_list<double> values,
+            const AppliedRange& range) {
     Fill(set.c, values);
-    SetRange(set, range);
+    set_range(set, range);
     datafiles::form_cp_flags(s);
 }
 
 /// Why the results of a model have no place for the chosen phase, empty when they have one.
-std::string_view Refusal(const FitState& state) {
+std::string_view refusal(const FitState& state) {
     switch (state.FitModel) {
         case 3:
             return kNoAugust;
@@ -106,7 +106,7 @@ std::string_view Refusal(const FitState& state) {
     }
 }
 
-Parameters DecadicParameters(const FitState& state, const FitModelRow& row) {
+Parameters decadic_parameters(const FitState& state, const FitModelRow& row) {
     Parameters par = state.FitPar;
     if (state.lg) return par;
     for (std::size_t i = 0; i < par.size(); ++i)
@@ -114,7 +114,7 @@ Parameters DecadicParameters(const FitState& state, const FitModelRow& row) {
     return par;
 }
 
-std::string SetMessage(const FitState& state, const FitModelRow& row) {
+std::string set_message(const FitState& state, const FitModelRow& row) {
     if (row.appliedTo.empty()) return {};
     std::string text = "These parameters are";
     if (!state.lg) text += " (after re-calculation to lg)";
@@ -124,101 +124,103 @@ std::string SetMessage(const FitState& state, const FitModelRow& row) {
 
 }  // namespace
 
-void ApplyAntoine(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    s.ALP = {ToSingle(par[0]), ToSingle(par[1]), ToSingle(par[2]), range.TLo, range.THi};
+void apply_antoine(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+    s.ALP = {to_single(par[0]), to_single(par[1]), to_single(par[2]), range.TLo, range.THi};
 }
 
-void ApplyFrost(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+void apply_frost(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
     Fill(s.FRO.a, {par[0], par[1], par[2], par[3], par[4]});
-    SetRange(s.FRO, range);
+    set_range(s.FRO, range);
 }
 
-void ApplyFrostThodos(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+void apply_frost_thodos(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
     Parameters all = par;
     all[3] = 1.8 * par[1] / range.Tcr + 2.67;
-    ApplyFrost(all, range, s);
+    apply_frost(all, range, s);
 }
 
-void ApplyRiedel(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+void apply_riedel(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
     Fill(s.FRO.a, {par[0], par[1], constants::kZeroCelsius, par[2], 0, 0, 0, par[3], par[4]});
-    SetRange(s.FRO, range);
+    set_range(s.FRO, range);
 }
 
-void ApplyWagner(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+void apply_wagner(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
     Fill(s.WAG.a, {par[0], par[1], par[2], 3, par[3], 6, 0, 0, range.Tcr, range.pcr});
-    SetRange(s.WAG, range);
+    set_range(s.WAG, range);
 }
 
-void ApplyRackett(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    SetDensity(s, {0, par[0], par[1], par[2]}, range.Tcr, range);
+void apply_rackett(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+    set_density(s, {0, par[0], par[1], par[2]}, range.Tcr, range);
 }
 
-void ApplyLeuna(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    SetDensity(s, {Present(par[0]), par[1], par[2], par[3], 0, 0, par[4]}, range.Tcr, range);
+void apply_leuna(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+    set_density(s, {present(par[0]), par[1], par[2], par[3], 0, 0, par[4]}, range.Tcr, range);
 }
 
-void ApplyDensityPolynomial(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    SetDensity(s, {Present(par[0]), par[1], par[2], par[3]}, 0, range);
+void apply_density_polynomial(const Parameters& par, const AppliedRange& range,
+                              SubstanceRecord& s) {
+    set_density(s, {present(par[0]), par[1], par[2], par[3]}, 0, range);
 }
 
-void ApplyMajer(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    SetVaporisation(s, {par[0], par[1], par[2]}, range);
+void apply_majer(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+    set_vaporisation(s, {par[0], par[1], par[2]}, range);
 }
 
-void ApplyDipprVaporisation(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    SetVaporisation(s, {par[0], 0, par[1], par[2], par[3], par[4]}, range);
+void apply_dippr_vaporisation(const Parameters& par, const AppliedRange& range,
+                              SubstanceRecord& s) {
+    set_vaporisation(s, {par[0], 0, par[1], par[2], par[3], par[4]}, range);
 }
 
-void ApplyCpPolynomial(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+void apply_cp_polynomial(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
     // The fitted function ends with D T^3: E has no part in it, and a C4 would have one.
-    SetCp(s, CpOf(s, range.phase), {Present(par[0]), par[1], par[2], par[3], 0}, range);
+    set_cp(s, cp_of(s, range.phase), {present(par[0]), par[1], par[2], par[3], 0}, range);
 }
 
-void ApplyShomate(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+void apply_shomate(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
     // The form with C0 and an inverse square is the fitted function; an E so small that the form
     // would be another one is not seen in a heat capacity.
     const double E = std::fabs(par[4]) < kLeastInverseSquare ? 0 : par[4];
-    SetCp(s, CpOf(s, range.phase), {Present(par[0]), par[1], par[2], par[3], E}, range);
+    set_cp(s, cp_of(s, range.phase), {present(par[0]), par[1], par[2], par[3], E}, range);
 }
 
-void ApplyCpSinh(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
+void apply_cp_sinh(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
     // u/sinh(u) is even: the record holds |C2|.
-    SetCp(s, s.cpSinh, {par[0], par[1], std::fabs(par[2]), par[3], par[4]}, range);
+    set_cp(s, s.cpSinh, {par[0], par[1], std::fabs(par[2]), par[3], par[4]}, range);
 }
 
 AppliedFit apply_fit(const FitState& state, SubstanceRecord& substance) {
-    const FitModelRow* row = FindModel(state.FitModel);
+    const FitModelRow* row = find_model(state.FitModel);
     if (row == nullptr) return {};
-    if (const std::string_view refusal = Refusal(state); !refusal.empty())
-        return {false, std::string(refusal)};
+    if (const std::string_view reason = refusal(state); !reason.empty())
+        return {false, std::string(reason)};
     if (row->apply == nullptr) return {};
     if (!state.fitted || state.FitPoints.empty()) return {false, std::string(kNoResults)};
     try {
         AppliedRange range;
-        range.TLo = numbers::ToInt16(static_cast<double>(state.FitPoints.front().x));
-        range.THi = numbers::ToInt16(static_cast<double>(state.FitPoints.back().x));
+        range.TLo = numbers::to_int16(static_cast<double>(state.FitPoints.front().x));
+        range.THi = numbers::to_int16(static_cast<double>(state.FitPoints.back().x));
         range.Tcr = state.Tcr;
         range.pcr = state.pcr;
         range.phase = state.cpPhase;
         SubstanceRecord changed = substance;
-        row->apply(DecadicParameters(state, *row), range, changed);
+        row->apply(decadic_parameters(state, *row), range, changed);
         substance = changed;
     } catch (const faults::Fault& fault) {
         return {false, fault.what()};
     }
-    return {true, SetMessage(state, *row)};
+    return {true, set_message(state, *row)};
 }
 
 void ApplyFit(const FitState& state) {
     const AppliedFit result = apply_fit(state, legacy::the_substance);
     if (!result.applied) {
-        if (!result.message.empty()) dialogs::Tell(result.message, kRefused, dialogs::Icon::Stop);
+        if (!result.message.empty()) dialogs::tell(result.message, kRefused, dialogs::Icon::Stop);
         return;
     }
     legacy::the_session.ResultsOutdated = true;
     if (!result.message.empty())
-        dialogs::Tell(result.message, kSuccess, dialogs::Icon::Information);
-    dialogs::Tell(kNowActive, kSuccess, dialogs::Icon::Information);
+        dialogs::tell(result.message, kSuccess, dialogs::Icon::Information);
+    dialogs::tell(kNowActive, kSuccess, dialogs::Icon::Information);
 }
 
 }  // namespace quor::estimation

@@ -20,21 +20,22 @@ AppliedFit apply_fit(const FitState& state, models::SubstanceRecord& substance);
 void ApplyFit(const FitState& state);
 
 // Targets of the models in the record.
-void ApplyAntoine(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
-void ApplyFrost(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
-void ApplyFrostThodos(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
-void ApplyRiedel(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
-void ApplyWagner(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
-void ApplyRackett(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
-void ApplyLeuna(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
-void ApplyDensityPolynomial(const Parameters& par, const AppliedRange& range,
-                            models::SubstanceRecord& s);
-void ApplyMajer(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
-void ApplyDipprVaporisation(const Parameters& par, const AppliedRange& range,
-                            models::SubstanceRecord& s);
-void ApplyCpPolynomial(const Parameters& par, const AppliedRange& range,
-                       models::SubstanceRecord& s);
-void ApplyShomate(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
-void ApplyCpSinh(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
+void apply_antoine(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
+void apply_frost(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
+void apply_frost_thodos(const Parameters& par, const AppliedRange& range,
+                        models::SubstanceRecord& s);
+void apply_riedel(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
+void apply_wagner(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
+void apply_rackett(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
+void apply_leuna(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
+void apply_density_polynomial(const Parameters& par, const AppliedRange& range,
+                              models::SubstanceRecord& s);
+void apply_majer(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
+void apply_dippr_vaporisation(const Parameters& par, const AppliedRange& range,
+                              models::SubstanceRecord& s);
+void apply_cp_polynomial(const Parameters& par, const AppliedRange& range,
+                         models::SubstanceRecord& s);
+void apply_shomate(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
+void apply_cp_sinh(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);
 
 }  // namespace quor::estimation

@@ -16,13 +16,13 @@ constexpr int kSearchIntervals = 400;  // of the points' range, when x is sought
 constexpr int kSearchWidths = 10;      // how far beyond the points x is sought, in their width
 constexpr int kBisections = 200;
 
-bool IsPressure(const FitModelRow& row) {
+bool is_pressure(const FitModelRow& row) {
     return row.tab == FitTab::VapourPressure;
 }
 
 /// Calls `use` with x and y of every active point.
 template <class Use>
-void ForActive(const FitState& state, Use use) {
+void for_active(const FitState& state, Use use) {
     for (const datafiles::FitPoint& point : state.FitPoints)
         if (IsActive(point)) use(static_cast<double>(point.x), static_cast<double>(point.y));
 }
@@ -31,7 +31,7 @@ struct Range {
     double low = std::numeric_limits<double>::infinity();
     double high = -std::numeric_limits<double>::infinity();
 
-    void Include(double v) {
+    void include(double v) {
         low = std::min(low, v);
         high = std::max(high, v);
     }
@@ -41,12 +41,12 @@ struct Range {
 };
 
 /// Axis ranges from the points alone.
-void SetAxes(FitGraph& graph) {
+void set_axes(FitGraph& graph) {
     Range x;
     Range y;
     for (const GraphPoint& p : graph.points) {
-        x.Include(p.x);
-        y.Include(p.y);
+        x.include(p.x);
+        y.include(p.y);
     }
     if (x.Empty()) return;
     x = x.Widened();
@@ -58,13 +58,13 @@ void SetAxes(FitGraph& graph) {
 }
 
 const FitModelRow* RowOf(const FitState& state) {
-    return FindModel(state.FitModel);
+    return find_model(state.FitModel);
 }
 
 /// f(x) - y of the fitted function, NaN where it has no value.
 double Difference(const FitState& state, double x, double y) {
     double value = 0;
-    if (!EvaluateFit(state, x, value) || !std::isfinite(value)) return std::nan("");
+    if (!evaluate_fit(state, x, value) || !std::isfinite(value)) return std::nan("");
     return value - y;
 }
 
@@ -80,38 +80,38 @@ double Bisect(const FitState& state, double low, double high, double y) {
                                                                                         : high;
 }
 
-std::optional<double> NoValue() {
-    dialogs::Tell("The fitted function has no result for this value.", "Error",
+std::optional<double> no_value() {
+    dialogs::tell("The fitted function has no result for this value.", "Error",
                   dialogs::Icon::Stop);
     return std::nullopt;
 }
 
 }  // namespace
 
-FitGraph ResidualGraph(const FitState& state) {
+FitGraph residual_graph(const FitState& state) {
     FitGraph graph;
     const FitModelRow* row = RowOf(state);
     if (row == nullptr) return graph;
     graph.title = "residuals of the fitting, absolute";
-    graph.yTitle = IsPressure(*row) ? "(p(calc) - p(exp)) / kPa" : "(y(calc) - y(exp))";
+    graph.yTitle = is_pressure(*row) ? "(p(calc) - p(exp)) / kPa" : "(y(calc) - y(exp))";
     graph.xTitle = "T / K";
-    ForActive(state, [&](double x, double y) {
+    for_active(state, [&](double x, double y) {
         const double residual = Difference(state, x, y);
         if (std::isfinite(residual)) graph.points.push_back({x, residual});
     });
-    SetAxes(graph);
+    set_axes(graph);
     return graph;
 }
 
-FitGraph FunctionGraph(const FitState& state) {
+FitGraph function_graph(const FitState& state) {
     FitGraph graph;
     const FitModelRow* row = RowOf(state);
     if (row == nullptr) return graph;
     graph.title = "fitted function y(T)";
-    graph.yTitle = IsPressure(*row) ? "p/ kPa" : "y";
+    graph.yTitle = is_pressure(*row) ? "p/ kPa" : "y";
     graph.xTitle = row->tab == FitTab::General ? "x" : "T / K";
-    ForActive(state, [&](double x, double y) { graph.points.push_back({x, y}); });
-    SetAxes(graph);
+    for_active(state, [&](double x, double y) { graph.points.push_back({x, y}); });
+    set_axes(graph);
     for (int i = 0; i <= kCurveIntervals && !graph.points.empty(); ++i) {
         const double x = graph.xMin + (graph.xMax - graph.xMin) * i / kCurveIntervals;
         const double y = Difference(state, x, 0);
@@ -120,11 +120,11 @@ FitGraph FunctionGraph(const FitState& state) {
     return graph;
 }
 
-std::optional<FitGraph> LnpGraph(const FitState& state) {
+std::optional<FitGraph> lnp_graph(const FitState& state) {
     const bool positive = std::all_of(state.FitPoints.begin(), state.FitPoints.end(),
                                       [](const auto& p) { return p.x > 0 && p.y > 0; });
     if (!positive) {
-        dialogs::Tell("T- and p-column may not contain zero values!", "Execution not possible",
+        dialogs::tell("T- and p-column may not contain zero values!", "Execution not possible",
                       dialogs::Icon::Stop);
         return std::nullopt;
     }
@@ -132,8 +132,8 @@ std::optional<FitGraph> LnpGraph(const FitState& state) {
     graph.title = "fitted function ln{p} = f(1/T))";
     graph.yTitle = "ln (p/kPa)";
     graph.xTitle = "1/ (T/K)";
-    ForActive(state, [&](double T, double p) { graph.points.push_back({1 / T, std::log(p)}); });
-    SetAxes(graph);
+    for_active(state, [&](double T, double p) { graph.points.push_back({1 / T, std::log(p)}); });
+    set_axes(graph);
     for (int i = 0; i <= kCurveIntervals && !graph.points.empty(); ++i) {
         const double x = graph.xMin + (graph.xMax - graph.xMin) * i / kCurveIntervals;
         const double p = x > 0 ? Difference(state, 1 / x, 0) : 0;
@@ -142,15 +142,15 @@ std::optional<FitGraph> LnpGraph(const FitState& state) {
     return graph;
 }
 
-std::optional<double> FittedY(const FitState& state, double x) {
+std::optional<double> fitted_y(const FitState& state, double x) {
     const double y = Difference(state, x, 0);
-    return std::isfinite(y) ? std::optional(y) : NoValue();
+    return std::isfinite(y) ? std::optional(y) : no_value();
 }
 
-std::optional<double> FittedX(const FitState& state, double y) {
+std::optional<double> fitted_x(const FitState& state, double y) {
     Range range;
-    ForActive(state, [&](double x, double) { range.Include(x); });
-    if (range.Empty() || !std::isfinite(y)) return NoValue();
+    for_active(state, [&](double x, double) { range.include(x); });
+    if (range.Empty() || !std::isfinite(y)) return no_value();
     const double middle = 0.5 * (range.low + range.high);
     const double width = range.Width() > 0 ? range.Width() : std::fmax(std::fabs(middle), 1.0);
     const double step = width / kSearchIntervals;
@@ -175,7 +175,7 @@ std::optional<double> FittedX(const FitState& state, double y) {
             value[side] = d;
         }
     }
-    return NoValue();
+    return no_value();
 }
 
 }  // namespace quor::estimation

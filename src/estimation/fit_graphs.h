@@ -21,16 +21,16 @@ struct FitGraph {
 };
 
 /// Residuals of the active points over x (`cmdGraphResid`).
-FitGraph ResidualGraph(const FitState& state);
+FitGraph residual_graph(const FitState& state);
 /// Active points and the fitted function over x (`cmdGraphFunction`).
-FitGraph FunctionGraph(const FitState& state);
+FitGraph function_graph(const FitState& state);
 /// ln p of the active points and of the fitted function over 1/T (`cmdGraphLnp`); nothing, after a
 /// message, when a T or a p is not positive.
-std::optional<FitGraph> LnpGraph(const FitState& state);
+std::optional<FitGraph> lnp_graph(const FitState& state);
 
 /// y of the fitted function at x, or x at y, the one closest to the points (`cmdCalc`). Nothing,
 /// after a message with the title "Error", when there is none.
-std::optional<double> FittedY(const FitState& state, double x);
-std::optional<double> FittedX(const FitState& state, double y);
+std::optional<double> fitted_y(const FitState& state, double x);
+std::optional<double> fitted_x(const FitState& state, double y);
 
 }  // namespace quor::estimation

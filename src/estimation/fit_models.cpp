@@ -35,8 +35,8 @@ const std::array<FitModelRow, 16> kModels{{
      .fixed = {false, false, false, true, true, true},
      .caption = "y = A + B x + C  x^2 + D  x^3 + E x^4 + F x^5",
      .model = Polynomial,
-     .basis = PolynomialBasis,
-     .linearised = LinearisedPolynomial},
+     .basis = polynomial_basis,
+     .linearised = linearised_polynomial},
     {.number = 1,
      .tab = FitTab::General,
      .name = "Combi-expression",
@@ -45,9 +45,9 @@ const std::array<FitModelRow, 16> kModels{{
      .startLg = {1, 1, 1, 0, 0, 0, 0},
      .fixed = {false, false, false, false, false, true, true},
      .caption = "y = A + B x + C  x^2 + D  x^3 + E/x + F/x^2 + G ln(x)",
-     .model = CombiExpression,
-     .basis = CombiBasis,
-     .linearised = LinearisedCombi},
+     .model = combi_expression,
+     .basis = combi_basis,
+     .linearised = linearised_combi},
     {.number = 3,
      .tab = FitTab::VapourPressure,
      .name = "AUGUST, DUPRÉ-RANKINE",
@@ -59,7 +59,7 @@ const std::array<FitModelRow, 16> kModels{{
      .caption = "ln(p/kPa) = A - B / (T/K) + D ln(T/K)",
      .captionLg = "lg(p/kPa) = A - B / (T/K) + D lg(T/K)",
      .model = August,
-     .linearised = LinearisedAugust,
+     .linearised = linearised_august,
      .logarithmic = {true, true}},
     {.number = 4,
      .tab = FitTab::VapourPressure,
@@ -71,9 +71,9 @@ const std::array<FitModelRow, 16> kModels{{
      .caption = "ln(p/kPa) = A - B / (C + t/°C)",
      .captionLg = "lg(p/kPa) = A - B / (C + t/°C)",
      .model = Antoine,
-     .linearised = LinearisedAntoine,
+     .linearised = linearised_antoine,
      .search = {{{2, 50, 350}}},
-     .apply = ApplyAntoine,
+     .apply = apply_antoine,
      .logarithmic = {true, true},
      .appliedTo = "ANTOINE (Lo-p) parameter set of QUOR.",
      .extended = kIncluded},
@@ -87,10 +87,10 @@ const std::array<FitModelRow, 16> kModels{{
      .fixed = {false, false, true},
      .caption = kFrostCaption,
      .captionLg = kFrostCaptionLg,
-     .model = FrostKalkwarf,
-     .linearised = LinearisedFrost,
+     .model = frost_kalkwarf,
+     .linearised = linearised_frost,
      .search = {{{2, 223.15, 323.15}}},
-     .apply = ApplyFrost,
+     .apply = apply_frost,
      .logarithmic = {true, true, false, false, true},
      .appliedTo = kFrostSet,
      .extended = kIncludedExtended},
@@ -107,10 +107,10 @@ const std::array<FitModelRow, 16> kModels{{
      .remark = " parameter D, THODOS correlated: D = 1.80 /Tcr * B + 2.67 ",
      .needsTcr = true,
      .computed = 3,
-     .model = FrostKalkwarfThodos,
-     .linearised = LinearisedFrostThodos,
+     .model = frost_kalkwarf_thodos,
+     .linearised = linearised_frost_thodos,
      .search = {{{2, 223.15, 323.15}}},
-     .apply = ApplyFrostThodos,
+     .apply = apply_frost_thodos,
      .logarithmic = {true, true, false, false, true},
      .appliedTo = kFrostSet,
      .extended = kIncludedExtended},
@@ -125,10 +125,10 @@ const std::array<FitModelRow, 16> kModels{{
      .labels = {"A = ", "B = ", "D = ", "H = ", "I = "},
      .caption = "ln(p/kPa) = A + B / (T/K) + D ln(T/K) + H(T/K)^I",
      .captionLg = "lg(p/kPa) = A + B / (T/K) + D lg(T/K) + H(T/K)^I",
-     .model = RiedelPlankMiller,
-     .linearised = LinearisedRiedel,
+     .model = riedel_plank_miller,
+     .linearised = linearised_riedel,
      .search = {{{4, 1, 6}}},
-     .apply = ApplyRiedel,
+     .apply = apply_riedel,
      .logarithmic = {true, true, false, true},
      .appliedTo = kFrostSet,
      .extended = kIncludedExtended},
@@ -142,8 +142,8 @@ const std::array<FitModelRow, 16> kModels{{
      .needsTcr = true,
      .needsPcr = true,
      .model = Wagner,
-     .linearised = LinearisedWagner,
-     .apply = ApplyWagner},
+     .linearised = linearised_wagner,
+     .apply = apply_wagner},
     {.number = 9,
      .tab = FitTab::LDensity,
      .name = "RACKETT  (DIPPR)",
@@ -152,11 +152,11 @@ const std::array<FitModelRow, 16> kModels{{
      .startLg = {75, 0.3, 0.24},
      .caption = "rho(L) = A / ( B^(X^C) )    mit X = 1 + T/Tcr",
      .needsTcr = true,
-     .model = Rackett,
-     .linearised = LinearisedRackett,
+     .model = rackett,
+     .linearised = linearised_rackett,
      .logged = {true, true},
      .search = {{{2, 0.1, 0.6}}},
-     .apply = ApplyRackett},
+     .apply = apply_rackett},
     {.number = 10,
      .tab = FitTab::LDensity,
      .name = "LEUNA equation",
@@ -166,9 +166,9 @@ const std::array<FitModelRow, 16> kModels{{
      .scale = {1, 1, 1e-3, 1e-6, 1, 1, 1},
      .caption = "rho(L) = A + B (T/K) + C (T/K)^2 + D (T/K)^3 + E (1 - T/Tcr)^1/3",
      .needsTcr = true,
-     .model = Leuna,
-     .linearised = LinearisedLeuna,
-     .apply = ApplyLeuna},
+     .model = leuna,
+     .linearised = linearised_leuna,
+     .apply = apply_leuna},
     {.number = 11,
      .tab = FitTab::LDensity,
      .name = "Polynomial",
@@ -178,8 +178,8 @@ const std::array<FitModelRow, 16> kModels{{
      .scale = {10, 1, 1e-3, 1e-6, 1, 1, 1},
      .caption = "rho(L) = A + B T +  C  T^2 +  D T^3 +  E T^4",
      .model = Cubic,
-     .linearised = LinearisedCubic,
-     .apply = ApplyDensityPolynomial},
+     .linearised = linearised_cubic,
+     .apply = apply_density_polynomial},
     {.number = 14,
      .tab = FitTab::Vaporisation,
      .name = "MAJER equation",
@@ -190,10 +190,10 @@ const std::array<FitModelRow, 16> kModels{{
      .labels = {"A = ", "alpha = ", "beta = "},
      .caption = "delta(LV)h = A*(1-Tr)^beta  exp(-alpha Tr)",
      .needsTcr = true,
-     .model = Majer,
-     .linearised = LinearisedMajer,
+     .model = majer,
+     .linearised = linearised_majer,
      .logged = {true},
-     .apply = ApplyMajer},
+     .apply = apply_majer},
     {.number = 15,
      .tab = FitTab::Vaporisation,
      .name = "DIPPR equation",
@@ -203,10 +203,10 @@ const std::array<FitModelRow, 16> kModels{{
      .scale = {1000, 1, 1, 1, 1, 1, 1},
      .caption = "delta(LV)h = A*(1-Tr)^(B + C*Tr + D*Tr^2 + E*Tr^3)",
      .needsTcr = true,
-     .model = DipprVaporisation,
-     .linearised = LinearisedDipprVaporisation,
+     .model = dippr_vaporisation,
+     .linearised = linearised_dippr_vaporisation,
      .logged = {true},
-     .apply = ApplyDipprVaporisation},
+     .apply = apply_dippr_vaporisation},
     {.number = 16,
      .tab = FitTab::HeatCapacity,
      .name = "Polynomial",
@@ -216,8 +216,8 @@ const std::array<FitModelRow, 16> kModels{{
      .scale = {1, 1, 1e-5, 1e-8, 1e-10, 1, 1},
      .caption = "cp = A + B T +  C  T^2 +  D T^3 +  E T^4",
      .model = Cubic,
-     .linearised = LinearisedCubic,
-     .apply = ApplyCpPolynomial},
+     .linearised = linearised_cubic,
+     .apply = apply_cp_polynomial},
     {.number = 17,
      .tab = FitTab::HeatCapacity,
      .name = "SHOMATE equation",
@@ -226,9 +226,9 @@ const std::array<FitModelRow, 16> kModels{{
      .startLg = {30, 0.2, -2e-5, -1e-8, -1e6},
      .scale = {1, 1, 1e-5, 1e-8, 1e6, 1, 1},
      .caption = "cp = A + B T +  C T^2 + DT^3 +  E/ (T^2)",
-     .model = Shomate,
-     .linearised = LinearisedShomate,
-     .apply = ApplyShomate},
+     .model = shomate,
+     .linearised = linearised_shomate,
+     .apply = apply_shomate},
     {.number = 18,
      .tab = FitTab::HeatCapacity,
      .name = "DIPPR equation cp(IdGas)",
@@ -237,21 +237,21 @@ const std::array<FitModelRow, 16> kModels{{
      .startLg = {60, 300, 1500, 200, 500},
      .scale = {1000, 1000, 1000, 1000, 1000, 1, 1},
      .caption = "cp = A + B*((C/T)/sinh(C/T))^2 + D*((E/T)/cosh(E/T))^2",
-     .model = DipprHeatCapacity,
-     .linearised = LinearisedDipprHeatCapacity,
+     .model = dippr_heat_capacity,
+     .linearised = linearised_dippr_heat_capacity,
      .search = {{{2, 200, 4000}, {4, 100, 3000}}},
-     .apply = ApplyCpSinh},
+     .apply = apply_cp_sinh},
 }};
 
 }  // namespace
 
-std::string_view TabCaption(FitTab tab) {
+std::string_view tab_caption(FitTab tab) {
     constexpr std::array<std::string_view, 5> captions{"General", "Vapour pressure", "L-Density",
                                                        "delta(LV)h", "Heat capac."};
     return captions[static_cast<std::size_t>(tab)];
 }
 
-std::string_view UnitText(FitTab tab) {
+std::string_view unit_text(FitTab tab) {
     constexpr std::array<std::string_view, 5> units{
         "", "", "liquid density     [rho(L)] = kg/m^3",
         "mol. enthalpy of vapor.     [delta(LV)h] = kJ/kmol, Tr = T/T(cr)",
@@ -259,25 +259,25 @@ std::string_view UnitText(FitTab tab) {
     return units[static_cast<std::size_t>(tab)];
 }
 
-std::span<const FitModelRow> FitModels() {
+std::span<const FitModelRow> fit_models() {
     return kModels;
 }
 
-const FitModelRow* FindModel(std::int16_t number) {
+const FitModelRow* find_model(std::int16_t number) {
     const auto it = std::find_if(kModels.begin(), kModels.end(),
                                  [number](const FitModelRow& row) { return row.number == number; });
     return it == kModels.end() ? nullptr : &*it;
 }
 
-Parameters StartValues(const FitModelRow& row, bool lg, double Tcr) {
+Parameters start_values(const FitModelRow& row, bool lg, double Tcr) {
     Parameters start = lg && !row.captionLg.empty() ? row.startLg : row.start;
     if (row.number == 5 && Tcr > kLeastTcritForD) start[3] = 1.8 * start[1] / Tcr + 2.67;
     if (row.number == 6) start[1] = -12 * Tcr / 1.8;
     return start;
 }
 
-bool ChooseModel(FitState& state, std::int16_t number, const models::SubstanceRecord& substance) {
-    const FitModelRow* row = FindModel(number);
+bool choose_model(FitState& state, std::int16_t number, const models::SubstanceRecord& substance) {
+    const FitModelRow* row = find_model(number);
     if (row == nullptr) return false;
     state.FitModel = number;
     state.NPar = row->NPar;
@@ -285,7 +285,7 @@ bool ChooseModel(FitState& state, std::int16_t number, const models::SubstanceRe
     state.FitFixed = row->fixed;
     state.Tcr = row->needsTcr ? substance.Tcrit : 0;
     state.pcr = row->needsPcr ? substance.pcrit : 0;
-    state.FitStart = StartValues(*row, state.lg, substance.Tcrit);
+    state.FitStart = start_values(*row, state.lg, substance.Tcrit);
     state.fitted = false;
     state.FitPar = {};
     state.FitStdDev = {};
@@ -294,15 +294,15 @@ bool ChooseModel(FitState& state, std::int16_t number, const models::SubstanceRe
     return true;
 }
 
-ModelContext ContextOf(const FitState& state) {
-    const FitModelRow* row = FindModel(state.FitModel);
+ModelContext context_of(const FitState& state) {
+    const FitModelRow* row = find_model(state.FitModel);
     const bool decadic = state.lg && row != nullptr && !row->captionLg.empty();
     return {decadic ? constants::kLn10 : 1.0, state.Tcr, state.pcr};
 }
 
-bool EvaluateFit(const FitState& state, double x, double& y) {
-    const FitModelRow* row = FindModel(state.FitModel);
-    return row != nullptr && row->model(x, state.FitPar, ContextOf(state), y);
+bool evaluate_fit(const FitState& state, double x, double& y) {
+    const FitModelRow* row = find_model(state.FitModel);
+    return row != nullptr && row->model(x, state.FitPar, context_of(state), y);
 }
 
 }  // namespace quor::estimation

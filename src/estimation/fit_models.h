@@ -13,7 +13,7 @@ namespace quor::estimation {
 
 enum class FitTab : std::uint8_t { General, VapourPressure, LDensity, Vaporisation, HeatCapacity };
 /// Caption of a tab of the fitting view.
-std::string_view TabCaption(FitTab tab);
+std::string_view tab_caption(FitTab tab);
 
 /// Basis functions of a linear model at x.
 using BasisFunction = void (*)(double x, Parameters& basis);
@@ -72,23 +72,23 @@ struct FitModelRow {
 };
 
 /// All models in the order of the view.
-std::span<const FitModelRow> FitModels();
+std::span<const FitModelRow> fit_models();
 /// The row of a model number, nullptr for a number that is never fitted.
-const FitModelRow* FindModel(std::int16_t number);
+const FitModelRow* find_model(std::int16_t number);
 
 /// Start values of a model. `Tcr` is the critical temperature in K that two of them follow.
-Parameters StartValues(const FitModelRow& row, bool lg, double Tcr);
+Parameters start_values(const FitModelRow& row, bool lg, double Tcr);
 /// The line of units that belongs to the models of a tab, empty for none.
-std::string_view UnitText(FitTab tab);
+std::string_view unit_text(FitTab tab);
 
 /// Sets model, number of parameters, start values, scales, fixed marks and the fields of Tcr and
 /// pcr; results of earlier fits are dropped. False, with nothing changed, for a number without a
 /// model.
-bool ChooseModel(FitState& state, std::int16_t number, const models::SubstanceRecord& substance);
+bool choose_model(FitState& state, std::int16_t number, const models::SubstanceRecord& substance);
 
 /// L, Tcr and pcr of a state.
-ModelContext ContextOf(const FitState& state);
+ModelContext context_of(const FitState& state);
 /// The function with the parameters of a state; false on a failure.
-bool EvaluateFit(const FitState& state, double x, double& y);
+bool evaluate_fit(const FitState& state, double x, double& y);
 
 }  // namespace quor::estimation

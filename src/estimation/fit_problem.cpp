@@ -11,19 +11,19 @@ constexpr double kDerivativeStep = 1.7e-7;
 
 }  // namespace
 
-bool EvaluateModel(const FitProblem& problem, const Parameters& par, double x, double& y) {
+bool evaluate_model(const FitProblem& problem, const Parameters& par, double x, double& y) {
     Parameters own{};
     const auto n = static_cast<std::size_t>(problem.nPar);
     for (std::size_t i = 0; i < n; ++i) own[i] = par[i] * problem.scale[i];
     return problem.model(x, own, problem.context, y) && std::isfinite(y);
 }
 
-bool CalcResiduals(FitProblem& problem, const Parameters& par, int pointIndex, double& res) {
+bool calc_residuals(FitProblem& problem, const Parameters& par, int pointIndex, double& res) {
     const datafiles::FitPoint& point = problem.points[static_cast<std::size_t>(pointIndex)];
     const double measured = static_cast<double>(point.y);
     double y = 0;
     double residual = std::nan("");
-    if (EvaluateModel(problem, par, static_cast<double>(point.x), y)) {
+    if (evaluate_model(problem, par, static_cast<double>(point.x), y)) {
         if (!problem.logarithmic) {
             residual = y - measured;
         } else if (y > 0 && measured > 0) {
@@ -38,31 +38,31 @@ bool CalcResiduals(FitProblem& problem, const Parameters& par, int pointIndex, d
     return true;
 }
 
-void calcFQS_Marquardt(FitProblem& problem, const Parameters& par, double& sumSquares,
-                       std::int16_t& evalCount) {
+void calc_fqs_marquardt(FitProblem& problem, const Parameters& par, double& sumSquares,
+                        std::int16_t& evalCount) {
     ++evalCount;
     sumSquares = 0;
     double res = 0;
     const int count = static_cast<int>(problem.points.size());
     for (int i = 0; i < count; ++i) {
         if (!IsActive(problem.points[static_cast<std::size_t>(i)])) continue;
-        CalcResiduals(problem, par, i, res);
+        calc_residuals(problem, par, i, res);
         sumSquares += res * res;
     }
 }
 
-void CalcAbleitungen(FitProblem& problem, const Parameters& par, int pointIndex, double& res,
-                     Parameters& derivatives) {
+void calc_ableitungen(FitProblem& problem, const Parameters& par, int pointIndex, double& res,
+                      Parameters& derivatives) {
     Parameters moved = par;
     double r1 = 0;
     for (std::size_t j = 0; j < static_cast<std::size_t>(problem.nPar); ++j) {
         const double h = (std::fabs(par[j]) + kDerivativeStep) * kDerivativeStep;
-        CalcResiduals(problem, par, pointIndex, res);
+        calc_residuals(problem, par, pointIndex, res);
         // Where already the first step fails it shows the base residual, so that a point outside of
         // the model's range has no derivative rather than a senseless one.
         if (j == 0) r1 = res;
         moved[j] = par[j] + h;
-        CalcResiduals(problem, moved, pointIndex, r1);
+        calc_residuals(problem, moved, pointIndex, r1);
         derivatives[j] = (r1 - res) / h;
         moved[j] = par[j];
     }

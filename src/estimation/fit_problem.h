@@ -52,20 +52,20 @@ struct FitProblem {
 };
 
 /// y(calc) of one x with scaled parameters; false on a failure.
-bool EvaluateModel(const FitProblem& problem, const Parameters& par, double x, double& y);
+bool evaluate_model(const FitProblem& problem, const Parameters& par, double x, double& y);
 
 /// Residual y(calc) - y(exp), or ln y(calc) - ln y(exp), of the point with that index from 0. When
 /// the evaluation fails `res` keeps the value that it had, and the result is false.
-bool CalcResiduals(FitProblem& problem, const Parameters& par, int pointIndex, double& res);
+bool calc_residuals(FitProblem& problem, const Parameters& par, int pointIndex, double& res);
 
 /// Sum of the squares of the residuals of all active points at `par`; counts `evalCount` up by one.
 /// The sum may be infinite, never NaN.
-void calcFQS_Marquardt(FitProblem& problem, const Parameters& par, double& sumSquares,
-                       std::int16_t& evalCount);
+void calc_fqs_marquardt(FitProblem& problem, const Parameters& par, double& sumSquares,
+                        std::int16_t& evalCount);
 
 /// Residual of a point and its forward differences with respect to all parameters, the fixed ones
 /// included. `res` keeps its value when the evaluation fails.
-void CalcAbleitungen(FitProblem& problem, const Parameters& par, int pointIndex, double& res,
-                     Parameters& derivatives);
+void calc_ableitungen(FitProblem& problem, const Parameters& par, int pointIndex, double& res,
+                      Parameters& derivatives);
 
 }  // namespace quor::estimation

@@ -24,27 +24,27 @@ constexpr const char* kRefused = "Execution not possible";
 constexpr std::size_t kMostPoints = std::numeric_limits<std::int16_t>::max();
 
 /// Narrowing that keeps a value beyond 32 bits at their end.
-float Narrow(double value) {
+float narrow(double value) {
     constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
     return static_cast<float>(std::clamp(value, -most, most));
 }
 
-std::vector<datafiles::FitPoint> TpvPoints() {
+std::vector<datafiles::FitPoint> tpv_points() {
     std::vector<datafiles::FitPoint> points;
     const auto& data = legacy::the_BatchData;
     const std::size_t end =
         std::min(data.size(),
                  static_cast<std::size_t>(std::max<int>(legacy::the_session.BatchCount, 0)) + 1);
     for (std::size_t i = 1; i < end; ++i) {
-        const double y = datafiles::FitColumnValue(data[i], legacy::the_session.FitColumn);
+        const double y = datafiles::fit_column_value(data[i], legacy::the_session.FitColumn);
         const bool inactive = data[i].skip != 0 || y == 0;
-        points.push_back({Narrow(data[i].T), Narrow(y), inactive ? kInactive : 0.0F});
+        points.push_back({narrow(data[i].T), narrow(y), inactive ? kInactive : 0.0F});
     }
     return points;
 }
 
 /// The refusal of a fit in the order of the tests, empty when it may run.
-std::string Refusal(const FitState& state, const FitModelRow& row) {
+std::string refusal(const FitState& state, const FitModelRow& row) {
     if (state.NPoints == 0)
         return "data not yet available\nmanual data input or loading data via file necessary";
     if (row.needsTcr && state.Tcr < constants::kPresent)
@@ -58,25 +58,25 @@ std::string Refusal(const FitState& state, const FitModelRow& row) {
     return {};
 }
 
-double FiniteOr(double value, double otherwise) {
+double finite_or(double value, double otherwise) {
     return std::isfinite(value) ? value : otherwise;
 }
 
-bool RunLinear(FitState& state, const FitModelRow& row, const FitProblem& problem) {
-    const LinearResult result = LinearRegressionFit(problem, row.basis, state.FitPar);
+bool run_linear(FitState& state, const FitModelRow& row, const FitProblem& problem) {
+    const LinearResult result = linear_regression_fit(problem, row.basis, state.FitPar);
     if (result.failed) return false;
     state.report = {};
     state.SQ = result.sumSquares;
     return true;
 }
 
-void RunMarquardt(FitState& state, FitProblem& problem) {
+void run_marquardt(FitState& state, FitProblem& problem) {
     const auto n = static_cast<std::size_t>(problem.nPar);
     Parameters par{};
     Parameters stdDev{};
     for (std::size_t i = 0; i < n; ++i) par[i] = state.FitStart[i] / problem.scale[i];
     const auto active = static_cast<std::int16_t>(state.NPoints - state.NInactive);
-    const MarquardtResult result = MarquardtNashFitting(problem, active, par, stdDev);
+    const MarquardtResult result = marquardt_nash_fitting(problem, active, par, stdDev);
     state.report = {};
     for (std::size_t i = 0; i < n; ++i) {
         state.FitPar[i] = par[i] * problem.scale[i];
@@ -97,13 +97,13 @@ void RunMarquardt(FitState& state, FitProblem& problem) {
 }
 
 /// The direct solver gives no standard deviations of its own: they come with the statistics.
-void CompleteLinearResult(FitState& state) {
+void complete_linear_result(FitState& state) {
     for (std::size_t i = 0; i < kMaxPar; ++i)
         state.FitStdDev[i] = state.FitFixed[i] ? 0 : state.report.stdDev[i];
     state.report.singular = state.report.freedom > 0 && !state.report.hasCorrelation;
 }
 
-std::string SingleText(double value) {
+std::string single_text(double value) {
     constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
     return std::fabs(value) <= most ? numbers::General(static_cast<float>(value))
                                     : numbers::General(value);
@@ -111,12 +111,12 @@ std::string SingleText(double value) {
 
 }  // namespace
 
-void LoadFitPoints(FitState& state) {
+void load_fit_points(FitState& state) {
     state.fromTpvEditor = legacy::the_session.FitDataSource == 1;
-    state.FitPoints = state.fromTpvEditor ? TpvPoints() : legacy::the_xyPoints;
+    state.FitPoints = state.fromTpvEditor ? tpv_points() : legacy::the_xyPoints;
     if (state.FitPoints.size() > kMostPoints) {
         state.FitPoints.resize(kMostPoints);
-        dialogs::Tell("Only the first " + std::to_string(kMostPoints) + " points are used.",
+        dialogs::tell("Only the first " + std::to_string(kMostPoints) + " points are used.",
                       "WARNING");
     }
     state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
@@ -128,17 +128,17 @@ void LoadFitPoints(FitState& state) {
     }
 }
 
-std::string FitTitle(const FitState& state) {
+std::string fit_title(const FitState& state) {
     if (state.NPoints == 0) return " Fitting y = f(T) (data not yet loaded)";
     return " Fitting y = f(T) (" + std::to_string(state.NPoints - state.NInactive) +
            (state.fromTpvEditor ? " (active) sets of data loaded from T-p-V editor"
                                 : " (active) sets of data loaded from XY editor");
 }
 
-FitProblem MakeProblem(const FitState& state, const FitModelRow& row) {
+FitProblem make_problem(const FitState& state, const FitModelRow& row) {
     FitProblem problem;
     problem.model = row.model;
-    problem.context = ContextOf(state);
+    problem.context = context_of(state);
     problem.points = state.FitPoints;
     problem.NInactive = state.NInactive;
     problem.nPar = row.NPar;
@@ -149,42 +149,42 @@ FitProblem MakeProblem(const FitState& state, const FitModelRow& row) {
     return problem;
 }
 
-bool StartFit(FitState& state) {
-    const FitModelRow* row = FindModel(state.FitModel);
+bool start_fit(FitState& state) {
+    const FitModelRow* row = find_model(state.FitModel);
     if (row == nullptr) return false;
-    if (const std::string refusal = Refusal(state, *row); !refusal.empty()) {
-        dialogs::Tell(refusal, kRefused, dialogs::Icon::Stop);
+    if (const std::string reason = refusal(state, *row); !reason.empty()) {
+        dialogs::tell(reason, kRefused, dialogs::Icon::Stop);
         return false;
     }
     const session::BusyPointer busy;
-    FitProblem problem = MakeProblem(state, *row);
+    FitProblem problem = make_problem(state, *row);
     if (row->basis != nullptr) {
-        if (!RunLinear(state, *row, problem)) return false;
+        if (!run_linear(state, *row, problem)) return false;
     } else {
-        RunMarquardt(state, problem);
+        run_marquardt(state, problem);
     }
     if (row->computed >= 0)
         state.FitPar[static_cast<std::size_t>(row->computed)] =
-            ThodosD(state.FitPar[1], problem.context);
-    FillStatistics(state, *row, problem);
-    if (row->basis != nullptr) CompleteLinearResult(state);
-    state.sR = FiniteOr(std::sqrt(state.SQ / (state.NPoints - state.NInactive - state.NPar)), 0);
+            thodos_d(state.FitPar[1], problem.context);
+    fill_statistics(state, *row, problem);
+    if (row->basis != nullptr) complete_linear_result(state);
+    state.sR = finite_or(std::sqrt(state.SQ / (state.NPoints - state.NInactive - state.NPar)), 0);
     state.fitted = true;
     return true;
 }
 
-void TakeResultAsStart(FitState& state, int parameter) {
+void take_result_as_start(FitState& state, int parameter) {
     if (!state.fitted || parameter < 0 || parameter >= state.NPar) return;
     const auto i = static_cast<std::size_t>(parameter);
     state.FitStart[i] = state.FitPar[i];
 }
 
-void TakeAllResultsAsStart(FitState& state) {
-    for (int i = 0; i < state.NPar; ++i) TakeResultAsStart(state, i);
+void take_all_results_as_start(FitState& state) {
+    for (int i = 0; i < state.NPar; ++i) take_result_as_start(state, i);
 }
 
-QualityTexts QualityOf(const FitState& state) {
-    const FitModelRow* row = FindModel(state.FitModel);
+QualityTexts quality_of(const FitState& state) {
+    const FitModelRow* row = find_model(state.FitModel);
     const bool pressure = row != nullptr && row->tab == FitTab::VapourPressure;
     const bool logarithmic = state.FitLogSQ && row != nullptr && row->basis == nullptr;
     const std::string y = pressure ? "p" : "y";
@@ -192,8 +192,8 @@ QualityTexts QualityOf(const FitState& state) {
     texts.caption =
         "Quality of the fitting (N = " + std::to_string(state.NPoints - state.NInactive) +
         ", NPar = " + std::to_string(state.NPar) + ")";
-    texts.SQ = "SQ = " + SingleText(state.SQ);
-    texts.sR = "s(R) = " + SingleText(state.sR);
+    texts.SQ = "SQ = " + single_text(state.SQ);
+    texts.sR = "s(R) = " + single_text(state.sR);
     texts.explainSQ =
         logarithmic ? "sum of squares SQ = sum[ln((" + y + "(i),calc) - ln(" + y + "(i),exp))^2]"
                     : "sum of squares SQ = sum[(" + y + "(i),calc - " + y + "(i),exp)^2]";
@@ -204,19 +204,19 @@ QualityTexts QualityOf(const FitState& state) {
     return texts;
 }
 
-std::string LogFitCaption(bool logarithmic) {
+std::string log_fit_caption(bool logarithmic) {
     return logarithmic ? "SQ using ln(y) difference " : "SQ using y difference";
 }
 
-std::string EquationCaption(const FitModelRow& row, bool lg) {
+std::string equation_caption(const FitModelRow& row, bool lg) {
     return std::string(lg && !row.captionLg.empty() ? row.captionLg : row.caption);
 }
 
-std::string DataCaption(FitTab tab) {
+std::string data_caption(FitTab tab) {
     return tab == FitTab::VapourPressure ? "p = f(T)" : "y = f(T)";
 }
 
-std::string TargetCaption(const std::string& substance) {
+std::string target_caption(const std::string& substance) {
     return "... in the actually loaded data of " + substance +
            " (cf. editor \"Data / View/Edit Data of the Substance\")";
 }

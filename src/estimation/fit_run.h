@@ -9,21 +9,21 @@ namespace quor::estimation {
 /// Builds the points from the T-p-V editor (the session's fit source is 1) or the XY editor. Lines
 /// that are switched off, points at x = 0, and lines of the T-p-V editor without a value count as
 /// inactive.
-void LoadFitPoints(FitState& state);
+void load_fit_points(FitState& state);
 
 /// Title line of the fitting view.
-std::string FitTitle(const FitState& state);
+std::string fit_title(const FitState& state);
 
 /// The problem of the chosen model and the points of a state, which must outlive it.
-FitProblem MakeProblem(const FitState& state, const FitModelRow& row);
+FitProblem make_problem(const FitState& state, const FitModelRow& row);
 
 /// Validates, runs the engine and fills the results of the state (`cmdStart`). False after a
 /// message, with the state as it was.
-bool StartFit(FitState& state);
+bool start_fit(FitState& state);
 
 /// Copies a result, or all of them, to the start fields.
-void TakeResultAsStart(FitState& state, int parameter);
-void TakeAllResultsAsStart(FitState& state);
+void take_result_as_start(FitState& state, int parameter);
+void take_all_results_as_start(FitState& state);
 
 /// Texts of the frame of quality figures.
 struct QualityTexts {
@@ -33,15 +33,15 @@ struct QualityTexts {
     std::string explainSR;  ///< what s(R) is
     std::string symbols;    ///< the symbols in both
 };
-QualityTexts QualityOf(const FitState& state);
+QualityTexts quality_of(const FitState& state);
 
 /// Caption of the choice between the two sums of squares.
-std::string LogFitCaption(bool logarithmic);
+std::string log_fit_caption(bool logarithmic);
 /// Caption of the equation of a model, of its decadic form with `lg`.
-std::string EquationCaption(const FitModelRow& row, bool lg);
+std::string equation_caption(const FitModelRow& row, bool lg);
 /// Caption of the data of a tab: "y = f(T)" or "p = f(T)".
-std::string DataCaption(FitTab tab);
+std::string data_caption(FitTab tab);
 /// Where the parameters of a fit go.
-std::string TargetCaption(const std::string& substance);
+std::string target_caption(const std::string& substance);
 
 }  // namespace quor::estimation

@@ -25,7 +25,7 @@ struct Candidate {
     int rows = 0;                                              // points that serve
     double squares = std::numeric_limits<double>::infinity();  // of the linearised residuals
 
-    bool BetterThan(const Candidate& other) const {
+    bool better_than(const Candidate& other) const {
         return rows > other.rows || (rows == other.rows && squares < other.squares);
     }
 };
@@ -37,10 +37,10 @@ struct Proposal {
     std::vector<LeastSquaresRow> rows;  // of the last solution, kept for its memory
 
     Proposal(const FitState& s, const FitModelRow& r)
-        : state(s), row(r), problem(MakeProblem(s, r)) {}
+        : state(s), row(r), problem(make_problem(s, r)) {}
 
     /// Ranges of the free parameters that enter non-linearly; the others are out of the search.
-    std::array<SearchRange, 2> SearchedRanges() const {
+    std::array<SearchRange, 2> searched_ranges() const {
         std::array<SearchRange, 2> ranges = row.search;
         for (SearchRange& r : ranges)
             if (r.parameter >= 0 && problem.fixed[static_cast<std::size_t>(r.parameter)])
@@ -49,7 +49,7 @@ struct Proposal {
     }
 
     /// Free parameters of the linear solution, without the last `held` of them.
-    std::vector<std::size_t> Unknowns(int held) const {
+    std::vector<std::size_t> unknowns(int held) const {
         std::vector<std::size_t> unknown;
         for (int i = 0; i < row.NPar; ++i) {
             const bool searched = i == row.search[0].parameter || i == row.search[1].parameter;
@@ -61,11 +61,11 @@ struct Proposal {
     }
 
     /// A parameter as it stands in the linearised form.
-    double InLinearForm(std::size_t i, double value) const {
+    double in_linear_form(std::size_t i, double value) const {
         return row.logged[i] ? std::log(value) : value;
     }
 
-    bool WithinBounds(std::size_t i, double value) const {
+    bool within_bounds(std::size_t i, double value) const {
         if (row.basis != nullptr) return std::isfinite(value);
         const double scaled = value / row.scale[i];
         return scaled >= kBounds[i].lower && scaled <= kBounds[i].upper;
@@ -87,18 +87,18 @@ struct Proposal {
                 p.coefficient[unknown[k]] = 0;
             }
             for (std::size_t i = 0; i < static_cast<std::size_t>(row.NPar); ++i)
-                if (p.coefficient[i] != 0) p.target -= p.coefficient[i] * InLinearForm(i, par[i]);
+                if (p.coefficient[i] != 0) p.target -= p.coefficient[i] * in_linear_form(i, par[i]);
             r[kMaxPar] = p.target;
             rows.push_back(r);
         }
         const auto count = static_cast<int>(rows.size());
-        const ReducedProblem reduced = Reduce(rows, static_cast<int>(unknown.size()));
+        const ReducedProblem reduced = reduce(rows, static_cast<int>(unknown.size()));
         if (count == 0 || !reduced.regular || !std::isfinite(reduced.restSquares)) return candidate;
-        const Parameters solution = Solution(reduced);
+        const Parameters solved = solution(reduced);
         for (std::size_t k = 0; k < unknown.size(); ++k) {
             const std::size_t i = unknown[k];
-            candidate.par[i] = row.logged[i] ? std::exp(solution[k]) : solution[k];
-            if (!WithinBounds(i, candidate.par[i])) return candidate;
+            candidate.par[i] = row.logged[i] ? std::exp(solved[k]) : solved[k];
+            if (!within_bounds(i, candidate.par[i])) return candidate;
         }
         candidate.rows = count;
         candidate.squares = reduced.restSquares;
@@ -106,7 +106,7 @@ struct Proposal {
     }
 
     /// The best of a grid over the ranges, or `best` where none is better.
-    Candidate Scan(const std::array<SearchRange, 2>& ranges,
+    Candidate scan(const std::array<SearchRange, 2>& ranges,
                    const std::vector<std::size_t>& unknown, Candidate best) {
         const auto place = [](Parameters& par, const SearchRange& r, int step) {
             if (r.parameter < 0) return;
@@ -118,14 +118,14 @@ struct Proposal {
                 place(par, ranges[0], a);
                 place(par, ranges[1], b);
                 const Candidate candidate = Solve(par, unknown);
-                if (candidate.BetterThan(best)) best = candidate;
+                if (candidate.better_than(best)) best = candidate;
             }
         }
         return best;
     }
 
     /// A range of the given width about the best value.
-    static SearchRange About(const Candidate& best, const SearchRange& range, double width) {
+    static SearchRange about(const Candidate& best, const SearchRange& range, double width) {
         if (range.parameter < 0) return range;
         const double centre = best.par[static_cast<std::size_t>(range.parameter)];
         return {range.parameter, centre - 0.5 * width, centre + 0.5 * width};
@@ -135,8 +135,8 @@ struct Proposal {
     Candidate Refine(std::array<SearchRange, 2> ranges, int passes,
                      const std::vector<std::size_t>& unknown, Candidate best) {
         for (int pass = 0; best.rows > 0 && pass < passes; ++pass) {
-            for (SearchRange& r : ranges) r = About(best, r, 0.5 * (r.to - r.from));
-            best = Scan(ranges, unknown, best);
+            for (SearchRange& r : ranges) r = about(best, r, 0.5 * (r.to - r.from));
+            best = scan(ranges, unknown, best);
         }
         return best;
     }
@@ -148,17 +148,17 @@ struct Proposal {
     }
 
     Candidate Search(const std::vector<std::size_t>& unknown) {
-        const std::array<SearchRange, 2> whole = SearchedRanges();
+        const std::array<SearchRange, 2> whole = searched_ranges();
         const auto parts = [](const SearchRange& r) { return r.parameter < 0 ? 1 : kParts; };
-        if (parts(whole[0]) * parts(whole[1]) == 1) return Scan(whole, unknown, {});
+        if (parts(whole[0]) * parts(whole[1]) == 1) return scan(whole, unknown, {});
         Candidate best;
         std::array<SearchRange, 2> bestPart{};
         for (int a = 0; a < parts(whole[0]); ++a) {
             for (int b = 0; b < parts(whole[1]); ++b) {
                 const std::array<SearchRange, 2> part{Part(whole[0], a), Part(whole[1], b)};
                 const Candidate found =
-                    Refine(part, kCoarsePasses, unknown, Scan(part, unknown, {}));
-                if (!found.BetterThan(best)) continue;
+                    Refine(part, kCoarsePasses, unknown, scan(part, unknown, {}));
+                if (!found.better_than(best)) continue;
                 best = found;
                 bestPart = part;
             }
@@ -167,7 +167,7 @@ struct Proposal {
     }
 
     /// True when the model itself has a value at every active point.
-    bool Evaluates(const Parameters& par) const {
+    bool evaluates(const Parameters& par) const {
         return std::all_of(state.FitPoints.begin(), state.FitPoints.end(), [&](const auto& point) {
             double y = 0;
             return !IsActive(point) ||
@@ -179,26 +179,26 @@ struct Proposal {
 
 }  // namespace
 
-std::optional<Parameters> ProposedStartValues(const FitState& state) {
-    const FitModelRow* row = FindModel(state.FitModel);
+std::optional<Parameters> proposed_start_values(const FitState& state) {
+    const FitModelRow* row = find_model(state.FitModel);
     if (row == nullptr) return std::nullopt;
     Proposal proposal(state, *row);
     std::optional<Parameters> first;
     // Points that cannot tell all parameters apart still give the leading ones.
-    const auto unknowns = static_cast<int>(proposal.Unknowns(0).size());
+    const auto unknowns = static_cast<int>(proposal.unknowns(0).size());
     for (int held = 0; held < unknowns; ++held) {
-        const Candidate best = proposal.Search(proposal.Unknowns(held));
+        const Candidate best = proposal.Search(proposal.unknowns(held));
         if (best.rows == 0) continue;
-        if (proposal.Evaluates(best.par)) return best.par;
+        if (proposal.evaluates(best.par)) return best.par;
         if (!first) first = best.par;
     }
     return first;
 }
 
-bool ProposeStartValues(FitState& state) {
-    const std::optional<Parameters> proposal = ProposedStartValues(state);
+bool propose_start_values(FitState& state) {
+    const std::optional<Parameters> proposal = proposed_start_values(state);
     if (!proposal) {
-        dialogs::Tell("These points do not suffice for start values of this model.",
+        dialogs::tell("These points do not suffice for start values of this model.",
                       "Execution not possible", dialogs::Icon::Stop);
         return false;
     }

@@ -18,9 +18,9 @@ constexpr double kLeastScale = 1e-3;
 
 /// Residual of a point and its derivatives with respect to all parameters; false where they cannot
 /// be had.
-bool ResidualRow(FitProblem& problem, BasisFunction basis, const Parameters& par, int point,
-                 Parameters& derivative, double& r) {
-    if (!CalcResiduals(problem, par, point, r)) return false;
+bool residual_row(FitProblem& problem, BasisFunction basis, const Parameters& par, int point,
+                  Parameters& derivative, double& r) {
+    if (!calc_residuals(problem, par, point, r)) return false;
     if (basis != nullptr) {
         basis(static_cast<double>(problem.points[static_cast<std::size_t>(point)].x), derivative);
         return true;
@@ -32,16 +32,16 @@ bool ResidualRow(FitProblem& problem, BasisFunction basis, const Parameters& par
         double above = 0;
         double below = 0;
         moved[j] = par[j] + h;
-        if (!CalcResiduals(problem, moved, point, above)) return false;
+        if (!calc_residuals(problem, moved, point, above)) return false;
         moved[j] = par[j] - h;
-        if (!CalcResiduals(problem, moved, point, below)) return false;
+        if (!calc_residuals(problem, moved, point, below)) return false;
         moved[j] = par[j];
         derivative[j] = (above - below) / (2 * h);
     }
     return true;
 }
 
-void FillDeviations(FitState& state, const FitProblem& problem, const Parameters& par) {
+void fill_deviations(FitState& state, const FitProblem& problem, const Parameters& par) {
     FitReport& report = state.report;
     double sum = 0;
     int count = 0;
@@ -49,7 +49,7 @@ void FillDeviations(FitState& state, const FitProblem& problem, const Parameters
         if (!IsActive(point)) continue;
         const double measured = static_cast<double>(point.y);
         double y = 0;
-        if (!EvaluateModel(problem, par, static_cast<double>(point.x), y)) {
+        if (!evaluate_model(problem, par, static_cast<double>(point.x), y)) {
             ++report.failedPoints;
             continue;
         }
@@ -73,13 +73,13 @@ struct Sensitivities {
     std::vector<double> residuals;
 };
 
-Sensitivities SensitivitiesAt(const Parameters& par, FitProblem problem, BasisFunction basis) {
+Sensitivities sensitivities_at(const Parameters& par, FitProblem problem, BasisFunction basis) {
     Sensitivities result;
     for (int i = 0; i < static_cast<int>(problem.points.size()); ++i) {
         Parameters d{};
         double r = 0;
         if (!IsActive(problem.points[static_cast<std::size_t>(i)])) continue;
-        if (!ResidualRow(problem, basis, par, i, d, r)) continue;
+        if (!residual_row(problem, basis, par, i, d, r)) continue;
         result.derivatives.push_back(d);
         result.residuals.push_back(r);
     }
@@ -87,9 +87,9 @@ Sensitivities SensitivitiesAt(const Parameters& par, FitProblem problem, BasisFu
 }
 
 /// The parameters that the points determine; free ones without influence are marked in the report.
-std::vector<std::size_t> AdjustedParameters(const FitProblem& problem,
-                                            const std::vector<Parameters>& derivatives,
-                                            FitReport& report) {
+std::vector<std::size_t> adjusted_parameters(const FitProblem& problem,
+                                             const std::vector<Parameters>& derivatives,
+                                             FitReport& report) {
     std::vector<std::size_t> adjusted;
     for (std::size_t j = 0; j < static_cast<std::size_t>(problem.nPar); ++j) {
         if (problem.fixed[j] || report.onBound[j]) continue;
@@ -101,8 +101,8 @@ std::vector<std::size_t> AdjustedParameters(const FitProblem& problem,
     return adjusted;
 }
 
-void FillIntervals(FitReport& report, const Sensitivities& found, const Parameters& scale,
-                   const std::vector<std::size_t>& adjusted) {
+void fill_intervals(FitReport& report, const Sensitivities& found, const Parameters& scale,
+                    const std::vector<std::size_t>& adjusted) {
     std::vector<LeastSquaresRow> rows(found.residuals.size());
     double squares = 0;
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -110,11 +110,11 @@ void FillIntervals(FitReport& report, const Sensitivities& found, const Paramete
             rows[i][k] = found.derivatives[i][adjusted[k]];
         squares += found.residuals[i] * found.residuals[i];
     }
-    const ReducedProblem reduced = Reduce(rows, static_cast<int>(adjusted.size()));
+    const ReducedProblem reduced = reduce(rows, static_cast<int>(adjusted.size()));
     if (!reduced.regular || !std::isfinite(squares)) return;
 
-    const std::array<Parameters, kMaxPar> inverse = InverseNormalMatrix(reduced);
-    const double t = StudentTQuantile(0.5 * (1 + kConfidence), report.freedom);
+    const std::array<Parameters, kMaxPar> inverse = inverse_normal_matrix(reduced);
+    const double t = student_t_quantile(0.5 * (1 + kConfidence), report.freedom);
     const double variance = squares / report.freedom;
     for (std::size_t a = 0; a < adjusted.size(); ++a) {
         const std::size_t i = adjusted[a];
@@ -132,26 +132,26 @@ void FillIntervals(FitReport& report, const Sensitivities& found, const Paramete
 
 }  // namespace
 
-void FillStatistics(FitState& state, const FitModelRow& row, const FitProblem& problem) {
+void fill_statistics(FitState& state, const FitModelRow& row, const FitProblem& problem) {
     FitReport& report = state.report;
     report.stdDev.fill(kNoStdDev);
     report.halfWidth.fill(kNoStdDev);
     Parameters par{};
     for (std::size_t i = 0; i < static_cast<std::size_t>(problem.nPar); ++i)
         par[i] = state.FitPar[i] / problem.scale[i];
-    FillDeviations(state, problem, par);
+    fill_deviations(state, problem, par);
 
-    const Sensitivities found = SensitivitiesAt(par, problem, row.basis);
+    const Sensitivities found = sensitivities_at(par, problem, row.basis);
     const std::vector<std::size_t> adjusted =
-        AdjustedParameters(problem, found.derivatives, report);
+        adjusted_parameters(problem, found.derivatives, report);
     report.freedom = static_cast<int>(found.residuals.size()) - static_cast<int>(adjusted.size());
     if (!adjusted.empty() && report.freedom > 0)
-        FillIntervals(report, found, problem.scale, adjusted);
+        fill_intervals(report, found, problem.scale, adjusted);
 }
 
-std::vector<std::string> FitNotes(const FitState& state) {
+std::vector<std::string> fit_notes(const FitState& state) {
     std::vector<std::string> notes;
-    const FitModelRow* row = FindModel(state.FitModel);
+    const FitModelRow* row = find_model(state.FitModel);
     if (row == nullptr || !state.fitted) return notes;
     const FitReport& report = state.report;
     const auto named = [&](const Flags& flags) {

@@ -34,25 +34,25 @@ constexpr float kStoredZero = 1e-37F;
 constexpr std::size_t kFieldDfh = 44, kFieldDfg = 45, kFieldCp = 28, kFieldCpTLo = 33,
                       kFieldCpTHi = 34;
 
-bool IsMissing(float increment) {
+bool is_missing(float increment) {
     return increment == kMissing;
 }
 
-void TellMissing(std::string_view group) {
-    dialogs::Tell(
+void tell_missing(std::string_view group) {
+    dialogs::tell(
         "The increment (" + std::string(group) + ") is not available for this calculation.",
         kRefused, dialogs::Icon::Stop);
 }
 
 /// Tells of the first group of the molecule that lacks one of the increments.
-void TellWhatLacks(const GroupCounts& groups, std::initializer_list<Increment> increments) {
+void tell_what_lacks(const GroupCounts& groups, std::initializer_list<Increment> increments) {
     for (std::size_t i = 0; i < kGroups; ++i) {
         const Group& group = Groups()[i];
         const bool lacks = std::any_of(increments.begin(), increments.end(), [&](Increment k) {
-            return IsMissing(group.increment[static_cast<std::size_t>(k)]);
+            return is_missing(group.increment[static_cast<std::size_t>(k)]);
         });
         if (groups[i] == 0 || !lacks) continue;
-        TellMissing(group.name);
+        tell_missing(group.name);
         return;
     }
 }
@@ -61,21 +61,21 @@ std::optional<double> Finite(double value) {
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
-std::optional<double> CriticalTemperature(const GroupCounts& groups, double Tb) {
-    const std::optional<double> S = SumOf(groups, Increment::Tc);
+std::optional<double> critical_temperature(const GroupCounts& groups, double Tb) {
+    const std::optional<double> S = sum_of(groups, Increment::Tc);
     if (!S) return std::nullopt;
     const double share = 0.584 + 0.965 * *S - *S * *S;
     return share > 0 ? Finite(Tb / share) : std::nullopt;
 }
 
-std::optional<double> CriticalPressure(const GroupCounts& groups) {
-    const std::optional<double> S = SumOf(groups, Increment::pc);
+std::optional<double> critical_pressure(const GroupCounts& groups) {
+    const std::optional<double> S = sum_of(groups, Increment::pc);
     if (!S) return std::nullopt;
-    const double root = 0.113 + 0.0032 * NumberOfAtoms(groups) - *S;
+    const double root = 0.113 + 0.0032 * number_of_atoms(groups) - *S;
     return root > 0 ? Finite(100 / (root * root)) : std::nullopt;
 }
 
-std::optional<std::size_t> GroupByName(std::string_view name) {
+std::optional<std::size_t> group_by_name(std::string_view name) {
     if (name.starts_with('#')) {
         std::size_t position = 0;
         const auto [end, error] =
@@ -99,14 +99,14 @@ std::string Shown(std::optional<double> value, std::string_view mask) {
 
 }  // namespace
 
-std::optional<GroupCounts> ParseGroups(std::string_view list) {
+std::optional<GroupCounts> parse_groups(std::string_view list) {
     GroupCounts counts{};
-    if (text::Trim(list).empty()) return counts;
-    for (const std::string& part : text::Split(list, ',')) {
+    if (text::trim(list).empty()) return counts;
+    for (const std::string& part : text::split(list, ',')) {
         const std::size_t equals = part.rfind('=');
         if (equals == std::string::npos) return std::nullopt;
-        const std::optional<std::size_t> group = GroupByName(text::Trim(part.substr(0, equals)));
-        const std::string number = text::Trim(part.substr(equals + 1));
+        const std::optional<std::size_t> group = group_by_name(text::trim(part.substr(0, equals)));
+        const std::string number = text::trim(part.substr(equals + 1));
         int count = 0;
         const auto [end, error] =
             std::from_chars(number.data(), number.data() + number.size(), count);
@@ -118,79 +118,79 @@ std::optional<GroupCounts> ParseGroups(std::string_view list) {
     return counts;
 }
 
-int GroupCount(std::string_view field) {
+int group_count(std::string_view field) {
     return static_cast<int>(
-        std::clamp(numbers::Val(field), 0.0, static_cast<double>(kMostOfAGroup)));
+        std::clamp(numbers::val(field), 0.0, static_cast<double>(kMostOfAGroup)));
 }
 
-double MolarMass(const GroupCounts& groups) {
+double molar_mass(const GroupCounts& groups) {
     double mass = 0;
     for (std::size_t i = 0; i < kGroups; ++i)
-        mass += groups[i] * static_cast<double>(GroupMolarMass(Groups()[i]));
+        mass += groups[i] * static_cast<double>(group_molar_mass(Groups()[i]));
     return mass;
 }
 
-int NumberOfAtoms(const GroupCounts& groups) {
+int number_of_atoms(const GroupCounts& groups) {
     int atoms = 0;
-    for (std::size_t i = 0; i < kGroups; ++i) atoms += groups[i] * GroupAtoms(Groups()[i]);
+    for (std::size_t i = 0; i < kGroups; ++i) atoms += groups[i] * group_atoms(Groups()[i]);
     return atoms;
 }
 
-bool AnyGroup(const GroupCounts& groups) {
+bool any_group(const GroupCounts& groups) {
     return std::any_of(groups.begin(), groups.end(), [](int count) { return count != 0; });
 }
 
-std::optional<double> SumOf(const GroupCounts& groups, Increment increment) {
+std::optional<double> sum_of(const GroupCounts& groups, Increment increment) {
     double sum = 0;
     for (std::size_t i = 0; i < kGroups; ++i) {
         if (groups[i] == 0) continue;
         const float value = Groups()[i].increment[static_cast<std::size_t>(increment)];
-        if (IsMissing(value)) return std::nullopt;
+        if (is_missing(value)) return std::nullopt;
         sum += groups[i] * static_cast<double>(value);
     }
     return sum;
 }
 
-Formation JobackFormation(const GroupCounts& groups) {
+Formation joback_formation(const GroupCounts& groups) {
     Formation result;
-    if (!AnyGroup(groups)) return result;
-    if (const auto S = SumOf(groups, Increment::dfh)) result.dfh = 1000 * *S + kDfh0;
-    if (const auto S = SumOf(groups, Increment::dfg)) result.dfg = 1000 * *S + kDfg0;
+    if (!any_group(groups)) return result;
+    if (const auto S = sum_of(groups, Increment::dfh)) result.dfh = 1000 * *S + kDfh0;
+    if (const auto S = sum_of(groups, Increment::dfg)) result.dfg = 1000 * *S + kDfg0;
     return result;
 }
 
-std::optional<std::array<double, 4>> JobackCp(const GroupCounts& groups) {
-    if (!AnyGroup(groups)) return std::nullopt;
+std::optional<std::array<double, 4>> joback_cp(const GroupCounts& groups) {
+    if (!any_group(groups)) return std::nullopt;
     constexpr std::array<Increment, 4> columns{Increment::cpA, Increment::cpB, Increment::cpC,
                                                Increment::cpD};
     std::array<double, 4> cp{};
     for (std::size_t i = 0; i < cp.size(); ++i) {
-        const std::optional<double> S = SumOf(groups, columns[i]);
+        const std::optional<double> S = sum_of(groups, columns[i]);
         if (!S) return std::nullopt;
         cp[i] = *S + kCp0[i];
     }
     return cp;
 }
 
-std::optional<double> JobackBoilingPoint(const GroupCounts& groups) {
-    const std::optional<double> S = SumOf(groups, Increment::Tb);
-    if (!AnyGroup(groups) || !S) return std::nullopt;
+std::optional<double> joback_boiling_point(const GroupCounts& groups) {
+    const std::optional<double> S = sum_of(groups, Increment::Tb);
+    if (!any_group(groups) || !S) return std::nullopt;
     return kTb0 + *S;
 }
 
-CriticalData JobackCritical(const GroupCounts& groups, std::optional<double> Tb) {
+CriticalData joback_critical(const GroupCounts& groups, std::optional<double> Tb) {
     CriticalData result;
-    if (!AnyGroup(groups) || groups[kImine] != 0) return result;
-    result.Tb = Tb ? Tb : JobackBoilingPoint(groups);
-    if (const auto S = SumOf(groups, Increment::Tf)) result.Tf = kTf0 + *S;
-    if (result.Tb) result.Tc = CriticalTemperature(groups, *result.Tb);
-    result.pc = CriticalPressure(groups);
-    if (const auto S = SumOf(groups, Increment::Vc)) result.Vc = (17.5 + *S) / 1000;
-    if (result.Vc && *result.Vc > 0) result.rhoc = Finite(MolarMass(groups) / *result.Vc);
+    if (!any_group(groups) || groups[kImine] != 0) return result;
+    result.Tb = Tb ? Tb : joback_boiling_point(groups);
+    if (const auto S = sum_of(groups, Increment::Tf)) result.Tf = kTf0 + *S;
+    if (result.Tb) result.Tc = critical_temperature(groups, *result.Tb);
+    result.pc = critical_pressure(groups);
+    if (const auto S = sum_of(groups, Increment::Vc)) result.Vc = (17.5 + *S) / 1000;
+    if (result.Vc && *result.Vc > 0) result.rhoc = Finite(molar_mass(groups) / *result.Vc);
     return result;
 }
 
-std::optional<double> LeeKeslerOmega(double Tb, double Tc, double pc) {
+std::optional<double> lee_kesler_omega(double Tb, double Tc, double pc) {
     if (!(Tb > kPresent) || !(Tc > kPresent) || !(pc > kPresent) || !(Tb < Tc)) return std::nullopt;
     const double theta = Tb / Tc;
     const double lnp = std::log(pc / kAtmosphere);
@@ -201,24 +201,24 @@ std::optional<double> LeeKeslerOmega(double Tb, double Tc, double pc) {
     return beta == 0 ? std::nullopt : Finite(alpha / beta);
 }
 
-Formation CalcFormation(const GroupCounts& groups) {
-    TellWhatLacks(groups, {Increment::dfh, Increment::dfg});
-    return JobackFormation(groups);
+Formation calc_formation(const GroupCounts& groups) {
+    tell_what_lacks(groups, {Increment::dfh, Increment::dfg});
+    return joback_formation(groups);
 }
 
-std::optional<std::array<double, 4>> CalcCp(const GroupCounts& groups) {
-    TellWhatLacks(groups, {Increment::cpA});
-    return JobackCp(groups);
+std::optional<std::array<double, 4>> calc_cp(const GroupCounts& groups) {
+    tell_what_lacks(groups, {Increment::cpA});
+    return joback_cp(groups);
 }
 
-CriticalData CalcCritical(const GroupCounts& groups, double knownTb) {
+CriticalData calc_critical(const GroupCounts& groups, double knownTb) {
     if (groups[kImine] != 0) {
-        TellMissing(Groups()[kImine].name);
+        tell_missing(Groups()[kImine].name);
         return {};
     }
-    const std::optional<double> estimate = JobackBoilingPoint(groups);
+    const std::optional<double> estimate = joback_boiling_point(groups);
     if (!estimate) return {};
-    TellWhatLacks(groups, {Increment::Vc, Increment::Tf});
+    tell_what_lacks(groups, {Increment::Vc, Increment::Tf});
 
     constexpr const char* kQuestion =
         "If there an experimental value of the normal boiling point\n"
@@ -229,41 +229,41 @@ CriticalData CalcCritical(const GroupCounts& groups, double knownTb) {
         "T(LV),NP /K";
     const double proposal = knownTb > kPresent ? knownTb : *estimate;
     const std::optional<std::string> answer =
-        dialogs::AskInput({kQuestion, "Input Normal Boiling Temperature T(LV), NP",
-                           numbers::Format(proposal, "#####.0")});
-    const double typed = answer ? numbers::Val(numbers::CommaToPoint(*answer)) : 0;
-    return JobackCritical(groups, typed > kPresent ? typed : *estimate);
+        dialogs::ask_input({kQuestion, "Input Normal Boiling Temperature T(LV), NP",
+                            numbers::Format(proposal, "#####.0")});
+    const double typed = answer ? numbers::val(numbers::comma_to_point(*answer)) : 0;
+    return joback_critical(groups, typed > kPresent ? typed : *estimate);
 }
 
-void ShowOmega(double Tb, double Tc, double pc) {
-    const std::optional<double> omega = LeeKeslerOmega(Tb, Tc, pc);
+void show_omega(double Tb, double Tc, double pc) {
+    const std::optional<double> omega = lee_kesler_omega(Tb, Tc, pc);
     if (omega) {
-        dialogs::Tell(" omega = " + numbers::Format(*omega, "0.000"), "Acentric Factor",
+        dialogs::tell(" omega = " + numbers::Format(*omega, "0.000"), "Acentric Factor",
                       dialogs::Icon::Information);
         return;
     }
     const bool complete = Tb > kPresent && Tc > kPresent && pc > kPresent;
-    dialogs::Tell(complete ? "T(LV),NP has to be lower than T(cr)."
+    dialogs::tell(complete ? "T(LV),NP has to be lower than T(cr)."
                            : "Acentric Factor omega\nby using the LEE/KESLER method\n"
                              "T(LV),NP, T(cr) and p(cr)\nare needed",
                   kRefused, dialogs::Icon::Stop);
 }
 
-void TransferFormation(const Formation& formation, models::SubstanceRecord& substance) {
+void transfer_formation(const Formation& formation, models::SubstanceRecord& substance) {
     if (formation.dfh.value_or(0) != 0) substance.dfh = static_cast<float>(*formation.dfh);
     if (formation.dfg.value_or(0) != 0) substance.dfg = static_cast<float>(*formation.dfg);
-    datafiles::FormDerivedValues(substance);
+    datafiles::form_derived_values(substance);
 }
 
-void TransferFormation(const Formation& formation, datafiles::EditorTexts& editor) {
-    using datafiles::EditorText;
+void transfer_formation(const Formation& formation, datafiles::EditorTexts& editor) {
+    using datafiles::editor_text;
     if (formation.dfh.value_or(0) != 0)
-        editor[kFieldDfh] = EditorText(static_cast<float>(*formation.dfh));
+        editor[kFieldDfh] = editor_text(static_cast<float>(*formation.dfh));
     if (formation.dfg.value_or(0) != 0)
-        editor[kFieldDfg] = EditorText(static_cast<float>(*formation.dfg));
+        editor[kFieldDfg] = editor_text(static_cast<float>(*formation.dfg));
 }
 
-void TransferCp(const std::array<double, 4>& cp, models::SubstanceRecord& substance) {
+void transfer_cp(const std::array<double, 4>& cp, models::SubstanceRecord& substance) {
     models::CpSet& set = substance.cpPoly;
     for (std::size_t i = 0; i < cp.size(); ++i)
         if (cp[i] != 0) set.c[i] = static_cast<float>(cp[i]);
@@ -273,34 +273,34 @@ void TransferCp(const std::array<double, 4>& cp, models::SubstanceRecord& substa
     datafiles::form_cp_flags(substance);
 }
 
-void TransferCp(const std::array<double, 4>& cp, datafiles::EditorTexts& editor) {
-    using datafiles::EditorText;
+void transfer_cp(const std::array<double, 4>& cp, datafiles::EditorTexts& editor) {
+    using datafiles::editor_text;
     for (std::size_t i = 0; i < cp.size(); ++i)
-        if (cp[i] != 0) editor[kFieldCp + i] = EditorText(static_cast<float>(cp[i]));
-    editor[kFieldCp + cp.size()] = EditorText(kStoredZero);
-    editor[kFieldCpTLo] = EditorText(static_cast<float>(kCpTLo));
-    editor[kFieldCpTHi] = EditorText(static_cast<float>(kCpTHi));
+        if (cp[i] != 0) editor[kFieldCp + i] = editor_text(static_cast<float>(cp[i]));
+    editor[kFieldCp + cp.size()] = editor_text(kStoredZero);
+    editor[kFieldCpTLo] = editor_text(static_cast<float>(kCpTLo));
+    editor[kFieldCpTHi] = editor_text(static_cast<float>(kCpTHi));
 }
 
-std::string FormationText(std::optional<double> value) {
+std::string formation_text(std::optional<double> value) {
     return Shown(value, "#####.000");
 }
-std::string TemperatureText(std::optional<double> value) {
+std::string temperature_text(std::optional<double> value) {
     return Shown(value, "####.0");
 }
-std::string PressureText(std::optional<double> value) {
+std::string pressure_text(std::optional<double> value) {
     return Shown(value, "#####.000");
 }
 std::string VolumeText(std::optional<double> value) {
     return Shown(value, "0.####");
 }
-std::string DensityText(std::optional<double> value) {
+std::string density_text(std::optional<double> value) {
     return Shown(value, "####.0");
 }
 
-std::string DensityTooltip(const GroupCounts& groups) {
+std::string density_tooltip(const GroupCounts& groups) {
     return "critical density calculated from v(cr) by using M = " +
-           numbers::General(static_cast<float>(MolarMass(groups))) + " kg/kmol ";
+           numbers::General(static_cast<float>(molar_mass(groups))) + " kg/kmol ";
 }
 
 }  // namespace quor::estimation

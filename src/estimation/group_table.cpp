@@ -236,14 +236,14 @@ std::span<const Group, kGroups> Groups() {
     return kTable;
 }
 
-float GroupMolarMass(const Group& group) {
+float group_molar_mass(const Group& group) {
     float mass = 0;
     for (std::size_t i = 0; i < group.atoms.size(); ++i)
         mass += static_cast<float>(group.atoms[i]) * kAtomicWeight[i];
     return mass;
 }
 
-int GroupAtoms(const Group& group) {
+int group_atoms(const Group& group) {
     int atoms = 0;
     for (const std::uint8_t n : group.atoms) atoms += n;
     return atoms;

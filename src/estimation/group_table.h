@@ -27,8 +27,8 @@ struct Group {
 std::span<const Group, kGroups> Groups();
 
 /// Molar mass of a group in kg/kmol from its atoms.
-float GroupMolarMass(const Group& group);
+float group_molar_mass(const Group& group);
 /// Number of atoms of a group.
-int GroupAtoms(const Group& group);
+int group_atoms(const Group& group);
 
 }  // namespace quor::estimation

@@ -11,7 +11,7 @@ constexpr double kDependent = 1e-8;
 
 }  // namespace
 
-ReducedProblem Reduce(std::vector<LeastSquaresRow>& rows, int columns) {
+ReducedProblem reduce(std::vector<LeastSquaresRow>& rows, int columns) {
     ReducedProblem problem;
     problem.columns = columns;
     const auto n = static_cast<std::size_t>(columns);
@@ -55,7 +55,7 @@ ReducedProblem Reduce(std::vector<LeastSquaresRow>& rows, int columns) {
     return problem;
 }
 
-Parameters Solution(const ReducedProblem& problem) {
+Parameters solution(const ReducedProblem& problem) {
     const auto n = static_cast<std::size_t>(problem.columns);
     Parameters x{};
     for (std::size_t j = n; j-- > 0;) {
@@ -67,7 +67,7 @@ Parameters Solution(const ReducedProblem& problem) {
     return x;
 }
 
-std::array<Parameters, kMaxPar> InverseNormalMatrix(const ReducedProblem& problem) {
+std::array<Parameters, kMaxPar> inverse_normal_matrix(const ReducedProblem& problem) {
     const auto n = static_cast<std::size_t>(problem.columns);
     std::array<Parameters, kMaxPar> inverse{};  // of the triangle, column by column
     for (std::size_t c = 0; c < n; ++c) {

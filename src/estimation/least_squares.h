@@ -19,10 +19,10 @@ struct ReducedProblem {
 };
 
 /// Reduces the rows (they are used up). The right-hand side stands in the last element of each row.
-ReducedProblem Reduce(std::vector<LeastSquaresRow>& rows, int columns);
+ReducedProblem reduce(std::vector<LeastSquaresRow>& rows, int columns);
 /// Solution of a regular problem.
-Parameters Solution(const ReducedProblem& problem);
+Parameters solution(const ReducedProblem& problem);
 /// Inverse of the normal matrix of a regular problem.
-std::array<Parameters, kMaxPar> InverseNormalMatrix(const ReducedProblem& problem);
+std::array<Parameters, kMaxPar> inverse_normal_matrix(const ReducedProblem& problem);
 
 }  // namespace quor::estimation

@@ -20,13 +20,13 @@ using NormalEquations = std::array<Row, kMaxPar>;
 /// Parameters of the combi-expression whose basis needs x > 0.
 constexpr std::array<std::size_t, 3> kNeedPositiveX{4, 5, 6};
 
-bool XMustBePositive(const FitProblem& problem, BasisFunction basis) {
-    return basis == CombiBasis && std::any_of(kNeedPositiveX.begin(), kNeedPositiveX.end(),
-                                              [&](std::size_t i) { return !problem.fixed[i]; });
+bool x_must_be_positive(const FitProblem& problem, BasisFunction basis) {
+    return basis == combi_basis && std::any_of(kNeedPositiveX.begin(), kNeedPositiveX.end(),
+                                               [&](std::size_t i) { return !problem.fixed[i]; });
 }
 
 /// Basis functions at x, 0 for parameters that are left out.
-Parameters BasisAt(const FitProblem& problem, BasisFunction basis, double x) {
+Parameters basis_at(const FitProblem& problem, BasisFunction basis, double x) {
     Parameters b{};
     basis(x, b);
     for (std::size_t i = 0; i < kMaxPar; ++i)
@@ -35,7 +35,7 @@ Parameters BasisAt(const FitProblem& problem, BasisFunction basis, double x) {
 }
 
 /// Gauss-Jordan elimination in place. A column without a pivot is left alone.
-void Eliminate(NormalEquations& m, std::size_t n) {
+void eliminate(NormalEquations& m, std::size_t n) {
     for (std::size_t c = 0; c < n; ++c) {
         if (m[c][c] == 0) {
             std::size_t r = c + 1;
@@ -55,38 +55,39 @@ void Eliminate(NormalEquations& m, std::size_t n) {
 
 }  // namespace
 
-LinearResult LinearRegressionFit(const FitProblem& problem, BasisFunction basis, Parameters& par) {
+LinearResult linear_regression_fit(const FitProblem& problem, BasisFunction basis,
+                                   Parameters& par) {
     const auto n = static_cast<std::size_t>(problem.nPar);
-    const bool positive = XMustBePositive(problem, basis);
+    const bool positive = x_must_be_positive(problem, basis);
     NormalEquations m{};
     for (const datafiles::FitPoint& point : problem.points) {
         if (!IsActive(point)) continue;
         if (positive && !(point.x > 0)) {
-            dialogs::Tell(
+            dialogs::tell(
                 "For this fitting model all actíve x-values have to be greater than zero.",
                 kRefused, dialogs::Icon::Stop);
             return {0, true};
         }
-        const Parameters b = BasisAt(problem, basis, static_cast<double>(point.x));
+        const Parameters b = basis_at(problem, basis, static_cast<double>(point.x));
         for (std::size_t i = 0; i < n; ++i) {
             for (std::size_t j = 0; j < n; ++j) m[i][j] += b[i] * b[j];
             m[i][n] += b[i] * static_cast<double>(point.y);
         }
     }
-    Eliminate(m, n);
+    eliminate(m, n);
 
     Parameters result{};
     for (std::size_t i = 0; i < n; ++i) result[i] = m[i][n];
     double sum = 0;
     for (const datafiles::FitPoint& point : problem.points) {
         if (!IsActive(point)) continue;
-        const Parameters b = BasisAt(problem, basis, static_cast<double>(point.x));
+        const Parameters b = basis_at(problem, basis, static_cast<double>(point.x));
         double residual = -static_cast<double>(point.y);
         for (std::size_t i = 0; i < n; ++i) residual += result[i] * b[i];
         sum += residual * residual;
     }
     if (!std::isfinite(sum)) {
-        dialogs::Tell(faults::kOverflow, kRefused, dialogs::Icon::Stop);
+        dialogs::tell(faults::kOverflow, kRefused, dialogs::Icon::Stop);
         return {0, true};
     }
     par = result;

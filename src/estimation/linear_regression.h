@@ -12,6 +12,6 @@ struct LinearResult {
 /// Direct least squares of the models that are linear in their parameters. A fixed parameter is
 /// left out of the model: its result is 0. With a parameter of 1/x, 1/x^2 or ln x free every active
 /// x must be positive; else a message says so.
-LinearResult LinearRegressionFit(const FitProblem& problem, BasisFunction basis, Parameters& par);
+LinearResult linear_regression_fit(const FitProblem& problem, BasisFunction basis, Parameters& par);
 
 }  // namespace quor::estimation

@@ -5,35 +5,35 @@
 /// The models in linearised form, for start values: sum of coefficient times parameter = target.
 namespace quor::estimation {
 
-bool LinearisedPolynomial(double x, double y, const Parameters&, const ModelContext&,
-                          LinearisedPoint& row);
-bool LinearisedCombi(double x, double y, const Parameters&, const ModelContext&,
-                     LinearisedPoint& row);
-bool LinearisedAugust(double T, double p, const Parameters&, const ModelContext& c,
-                      LinearisedPoint& row);
-bool LinearisedAntoine(double T, double p, const Parameters& par, const ModelContext& c,
-                       LinearisedPoint& row);
-bool LinearisedFrost(double T, double p, const Parameters& par, const ModelContext& c,
-                     LinearisedPoint& row);
-bool LinearisedFrostThodos(double T, double p, const Parameters& par, const ModelContext& c,
+bool linearised_polynomial(double x, double y, const Parameters&, const ModelContext&,
                            LinearisedPoint& row);
-bool LinearisedRiedel(double T, double p, const Parameters& par, const ModelContext& c,
+bool linearised_combi(double x, double y, const Parameters&, const ModelContext&,
                       LinearisedPoint& row);
-bool LinearisedWagner(double T, double p, const Parameters&, const ModelContext& c,
+bool linearised_august(double T, double p, const Parameters&, const ModelContext& c,
+                       LinearisedPoint& row);
+bool linearised_antoine(double T, double p, const Parameters& par, const ModelContext& c,
+                        LinearisedPoint& row);
+bool linearised_frost(double T, double p, const Parameters& par, const ModelContext& c,
                       LinearisedPoint& row);
-bool LinearisedRackett(double T, double rho, const Parameters& par, const ModelContext& c,
+bool linearised_frost_thodos(double T, double p, const Parameters& par, const ModelContext& c,
+                             LinearisedPoint& row);
+bool linearised_riedel(double T, double p, const Parameters& par, const ModelContext& c,
                        LinearisedPoint& row);
-bool LinearisedLeuna(double T, double rho, const Parameters&, const ModelContext& c,
-                     LinearisedPoint& row);
-bool LinearisedCubic(double T, double y, const Parameters&, const ModelContext&,
-                     LinearisedPoint& row);
-bool LinearisedMajer(double T, double h, const Parameters&, const ModelContext& c,
-                     LinearisedPoint& row);
-bool LinearisedDipprVaporisation(double T, double h, const Parameters&, const ModelContext& c,
-                                 LinearisedPoint& row);
-bool LinearisedShomate(double T, double cp, const Parameters&, const ModelContext&,
+bool linearised_wagner(double T, double p, const Parameters&, const ModelContext& c,
                        LinearisedPoint& row);
-bool LinearisedDipprHeatCapacity(double T, double cp, const Parameters& par, const ModelContext&,
-                                 LinearisedPoint& row);
+bool linearised_rackett(double T, double rho, const Parameters& par, const ModelContext& c,
+                        LinearisedPoint& row);
+bool linearised_leuna(double T, double rho, const Parameters&, const ModelContext& c,
+                      LinearisedPoint& row);
+bool linearised_cubic(double T, double y, const Parameters&, const ModelContext&,
+                      LinearisedPoint& row);
+bool linearised_majer(double T, double h, const Parameters&, const ModelContext& c,
+                      LinearisedPoint& row);
+bool linearised_dippr_vaporisation(double T, double h, const Parameters&, const ModelContext& c,
+                                   LinearisedPoint& row);
+bool linearised_shomate(double T, double cp, const Parameters&, const ModelContext&,
+                        LinearisedPoint& row);
+bool linearised_dippr_heat_capacity(double T, double cp, const Parameters& par, const ModelContext&,
+                                    LinearisedPoint& row);
 
 }  // namespace quor::estimation

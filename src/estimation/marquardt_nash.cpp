@@ -14,7 +14,7 @@ constexpr double kPhi = 1;        // additive damping
 constexpr double kRelTest = 10;   // offset of the test of equality
 constexpr double kEps = 3e-16;    // machine precision as taken by the method
 
-bool IsFree(Mask m) {
+bool is_free(Mask m) {
     return m == Mask::Free;
 }
 
@@ -43,20 +43,20 @@ struct Search {
           evaluationLimit(kEvaluationsPerParameter * p.nPar) {}
 
     /// Masks from the fixed marks; starts outside of the bounds move to them.
-    void PlaceStart(const Parameters& start) {
+    void place_start(const Parameters& start) {
         B = start;
         masked = static_cast<int>(n);
         for (std::size_t i = 0; i < n; ++i) {
             mask[i] = problem.fixed[i] ? Mask::Fixed : Mask::Free;
-            if (IsFree(mask[i])) {
+            if (is_free(mask[i])) {
                 --masked;
-                PlaceWithinBounds(i);
+                place_within_bounds(i);
             }
             X[i] = B[i];
         }
     }
 
-    void PlaceWithinBounds(std::size_t i) {
+    void place_within_bounds(std::size_t i) {
         if (B[i] < kBounds[i].lower) {
             B[i] = kBounds[i].lower;
             mask[i] = Mask::AtLower;
@@ -74,13 +74,13 @@ struct Search {
 
     /// Sum of squares at B; false when the limit of evaluations is passed.
     bool Evaluate() {
-        calcFQS_Marquardt(problem, B, sum, result.evaluations);
+        calc_fqs_marquardt(problem, B, sum, result.evaluations);
         return result.evaluations <= evaluationLimit;
     }
 
     /// Normal matrix and gradient at B; false when the limit of matrices is passed. The loop ends
     /// before the last points of the list when some are inactive, while the sum takes in all.
-    bool BuildMatrix() {
+    bool build_matrix() {
         lambda = kDecrease * lambda / kIncrease;
         best = sum;
         C.fill(0);
@@ -89,10 +89,10 @@ struct Search {
         const int count = static_cast<int>(problem.points.size()) - problem.NInactive;
         for (int i = 0; i < count; ++i) {
             if (!IsActive(problem.points[static_cast<std::size_t>(i)])) continue;
-            CalcAbleitungen(problem, B, i, residual, d);
+            calc_ableitungen(problem, B, i, residual, d);
             for (std::size_t j = 0; j < n; ++j) {
                 g[j] += residual * d[j];
-                for (std::size_t k = 0; k <= j; ++k) C[PackedIndex(j, k)] += d[j] * d[k];
+                for (std::size_t k = 0; k <= j; ++k) C[packed_index(j, k)] += d[j] * d[k];
             }
         }
         if (++result.matrices > kMatrixLimit) return false;
@@ -101,7 +101,7 @@ struct Search {
     }
 
     /// A parameter on a bound is set free when the gradient leads back into the range.
-    void ReleaseBounds() {
+    void release_bounds() {
         for (std::size_t i = 0; i < n; ++i) {
             if (mask[i] != Mask::AtUpper && mask[i] != Mask::AtLower) continue;
             if ((static_cast<double>(mask[i]) + 1.5) * g[i] > 0) {
@@ -113,18 +113,18 @@ struct Search {
     }
 
     /// The damped step into `delta`; false when the matrix is singular or the step leads uphill.
-    bool FindStep() {
+    bool find_step() {
         for (std::size_t j = 0; j < n; ++j) {
-            for (std::size_t k = 0; k < j; ++k) A[PackedIndex(j, k)] = C[PackedIndex(j, k)];
-            const std::size_t q = PackedIndex(j, j);
+            for (std::size_t k = 0; k < j; ++k) A[packed_index(j, k)] = C[packed_index(j, k)];
+            const std::size_t q = packed_index(j, j);
             A[q] = (1 + lambda) * C[q] + kPhi * lambda;
             delta[j] = -g[j];
         }
-        if (!FactorisePacked(A, static_cast<int>(n), mask)) return false;
-        SolvePacked(A, static_cast<int>(n), mask, delta);
+        if (!factorise_packed(A, static_cast<int>(n), mask)) return false;
+        solve_packed(A, static_cast<int>(n), mask, delta);
         double gradproj = 0;
         for (std::size_t i = 0; i < n; ++i) {
-            if (!IsFree(mask[i])) delta[i] = 0;
+            if (!is_free(mask[i])) delta[i] = 0;
             if (!std::isfinite(delta[i])) return false;
             gradproj += g[i] * delta[i];
         }
@@ -132,7 +132,7 @@ struct Search {
     }
 
     /// The share of the step that the bounds allow.
-    double StepLength() const {
+    double step_length() const {
         double alpha = 1;
         for (std::size_t i = 0; i < n; ++i) {
             if (delta[i] == 0) continue;
@@ -144,7 +144,7 @@ struct Search {
     }
 
     /// B = X + alpha delta; true when no parameter changed: the search has converged.
-    bool TakeStep(double alpha) {
+    bool take_step(double alpha) {
         int equal = 0;
         for (std::size_t i = 0; i < n; ++i) {
             if (mask[i] == Mask::Fixed) continue;
@@ -158,9 +158,9 @@ struct Search {
     }
 
     /// Parameters that an accepted step has brought onto a bound rest there.
-    void MarkBounds() {
+    void mark_bounds() {
         for (std::size_t i = 0; i < n; ++i) {
-            if (!IsFree(mask[i])) continue;
+            if (!is_free(mask[i])) continue;
             const auto [lower, upper] = kBounds[i];
             if (B[i] - lower <= (std::fabs(lower) + kEps) * kEps) {
                 mask[i] = Mask::AtLower;
@@ -173,10 +173,10 @@ struct Search {
     enum class Try { Accepted, Converged, Limit };
 
     /// Damps more and more until a step lowers the sum or none changes the parameters any more.
-    Try Improve() {
+    Try improve() {
         for (;;) {
-            if (FindStep()) {
-                if (TakeStep(StepLength())) return Try::Converged;
+            if (find_step()) {
+                if (take_step(step_length())) return Try::Converged;
                 if (!Evaluate()) return Try::Limit;
                 if (sum < best) return Try::Accepted;
             }
@@ -187,11 +187,11 @@ struct Search {
         }
     }
 
-    void Statistics(int nActive, Parameters& stdDev) {
+    void statistics(int nActive, Parameters& stdDev) {
         result.hasStdDev = true;
         const int freedom = nActive - (static_cast<int>(n) - masked);
         A = C;
-        const bool regular = FactorisePacked(A, static_cast<int>(n), mask);
+        const bool regular = factorise_packed(A, static_cast<int>(n), mask);
         result.singular = !regular;
         if (freedom <= 0 || !regular) {
             for (std::size_t j = 0; j < n; ++j) stdDev[j] = kNoStdDev;
@@ -201,14 +201,14 @@ struct Search {
         for (std::size_t j = 0; j < n; ++j) {
             Parameters unit{};
             unit[j] = 1;
-            SolvePacked(A, static_cast<int>(n), mask, unit);
+            solve_packed(A, static_cast<int>(n), mask, unit);
             const double s = std::sqrt(std::fabs(variance) * unit[j]);
             stdDev[j] = std::isfinite(s) ? s : kNoStdDev;
         }
     }
 
     /// One pass of small probes round the result; false when the limit of evaluations is passed.
-    bool PostAnalysis() {
+    bool post_analysis() {
         const double h0 = 10 * std::sqrt(kEps);
         for (std::size_t i = 0; i < n; ++i) {
             if (mask[i] == Mask::Fixed) continue;
@@ -241,48 +241,48 @@ struct Search {
 
 }  // namespace
 
-bool FactorisePacked(PackedMatrix& a, int n, const std::array<Mask, kMaxPar>& mask) {
+bool factorise_packed(PackedMatrix& a, int n, const std::array<Mask, kMaxPar>& mask) {
     const auto size = static_cast<std::size_t>(n);
     for (std::size_t j = 0; j < size; ++j) {
         for (std::size_t i = j; i < size; ++i) {
-            double s = a[PackedIndex(i, j)];
-            for (std::size_t k = 0; k < j; ++k) s -= a[PackedIndex(i, k)] * a[PackedIndex(j, k)];
-            a[PackedIndex(i, j)] = s;
+            double s = a[packed_index(i, j)];
+            for (std::size_t k = 0; k < j; ++k) s -= a[packed_index(i, k)] * a[packed_index(j, k)];
+            a[packed_index(i, j)] = s;
         }
         double f = 0;
-        if (IsFree(mask[j])) {
-            const double pivot = a[PackedIndex(j, j)];
+        if (is_free(mask[j])) {
+            const double pivot = a[packed_index(j, j)];
             if (!(pivot > 0) || !std::isfinite(pivot)) return false;
             f = 1 / std::sqrt(pivot);
         }
         for (std::size_t i = j; i < size; ++i)
-            a[PackedIndex(i, j)] = f == 0 ? 0 : f * a[PackedIndex(i, j)];
+            a[packed_index(i, j)] = f == 0 ? 0 : f * a[packed_index(i, j)];
     }
     return true;
 }
 
-void SolvePacked(const PackedMatrix& factor, int n, const std::array<Mask, kMaxPar>& mask,
-                 Parameters& rhs) {
+void solve_packed(const PackedMatrix& factor, int n, const std::array<Mask, kMaxPar>& mask,
+                  Parameters& rhs) {
     const auto size = static_cast<std::size_t>(n);
     for (std::size_t i = 0; i < size; ++i) {
-        for (std::size_t k = 0; k < i; ++k) rhs[i] -= factor[PackedIndex(i, k)] * rhs[k];
-        rhs[i] = IsFree(mask[i]) ? rhs[i] / factor[PackedIndex(i, i)] : 0;
+        for (std::size_t k = 0; k < i; ++k) rhs[i] -= factor[packed_index(i, k)] * rhs[k];
+        rhs[i] = is_free(mask[i]) ? rhs[i] / factor[packed_index(i, i)] : 0;
     }
     for (std::size_t i = size; i-- > 0;) {
-        for (std::size_t k = i + 1; k < size; ++k) rhs[i] -= factor[PackedIndex(k, i)] * rhs[k];
-        rhs[i] = IsFree(mask[i]) ? rhs[i] / factor[PackedIndex(i, i)] : 0;
+        for (std::size_t k = i + 1; k < size; ++k) rhs[i] -= factor[packed_index(k, i)] * rhs[k];
+        rhs[i] = is_free(mask[i]) ? rhs[i] / factor[packed_index(i, i)] : 0;
     }
 }
 
-MarquardtResult MarquardtNashFitting(FitProblem& problem, std::int16_t nActive, Parameters& par,
-                                     Parameters& stdDev) {
+MarquardtResult marquardt_nash_fitting(FitProblem& problem, std::int16_t nActive, Parameters& par,
+                                       Parameters& stdDev) {
     Search search(problem);
-    search.PlaceStart(par);
+    search.place_start(par);
     if (!search.Evaluate()) return search.Leave(true, par);
     for (bool converged = false; !converged;) {
-        if (!search.BuildMatrix()) return search.Leave(true, par);
-        search.ReleaseBounds();
-        switch (search.Improve()) {
+        if (!search.build_matrix()) return search.Leave(true, par);
+        search.release_bounds();
+        switch (search.improve()) {
             case Search::Try::Limit:
                 return search.Leave(true, par);
             case Search::Try::Converged:
@@ -290,12 +290,12 @@ MarquardtResult MarquardtNashFitting(FitProblem& problem, std::int16_t nActive, 
                 break;
             case Search::Try::Accepted:
                 ++search.result.accepted;
-                search.MarkBounds();
+                search.mark_bounds();
                 break;
         }
     }
-    search.Statistics(nActive, stdDev);
-    if (!search.PostAnalysis()) return search.Leave(true, par);
+    search.statistics(nActive, stdDev);
+    if (!search.post_analysis()) return search.Leave(true, par);
     search.B = search.X;
     return search.Leave(false, par);
 }

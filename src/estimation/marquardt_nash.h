@@ -43,23 +43,23 @@ struct MarquardtResult {
 /// parameters. `par` holds scaled start values and takes the result; `stdDev` takes the standard
 /// deviations in scaled units, -9999 where there are none, and stays as it was when the fit fails.
 /// `nActive` is the number of active points.
-MarquardtResult MarquardtNashFitting(FitProblem& problem, std::int16_t nActive, Parameters& par,
-                                     Parameters& stdDev);
+MarquardtResult marquardt_nash_fitting(FitProblem& problem, std::int16_t nActive, Parameters& par,
+                                       Parameters& stdDev);
 
 /// A lower triangle packed by rows.
 inline constexpr std::size_t kPacked = kMaxPar * (kMaxPar + 1) / 2;
 using PackedMatrix = std::array<double, kPacked>;
 
 /// Index of row `i`, column `j` <= i, both from 0.
-constexpr std::size_t PackedIndex(std::size_t i, std::size_t j) {
+constexpr std::size_t packed_index(std::size_t i, std::size_t j) {
     return i * (i + 1) / 2 + j;
 }
 
 /// Packed Cholesky factorisation in place of the rows and columns whose mask is free; all others
 /// become 0. False when a pivot is not positive.
-bool FactorisePacked(PackedMatrix& a, int n, const std::array<Mask, kMaxPar>& mask);
-/// Solves with a factor of `FactorisePacked`; parameters that are not free get 0.
-void SolvePacked(const PackedMatrix& factor, int n, const std::array<Mask, kMaxPar>& mask,
-                 Parameters& rhs);
+bool factorise_packed(PackedMatrix& a, int n, const std::array<Mask, kMaxPar>& mask);
+/// Solves with a factor of `factorise_packed`; parameters that are not free get 0.
+void solve_packed(const PackedMatrix& factor, int n, const std::array<Mask, kMaxPar>& mask,
+                  Parameters& rhs);
 
 }  // namespace quor::estimation

@@ -23,7 +23,7 @@ bool Finite(double y) {
     return std::isfinite(y);
 }
 
-double CubicValue(double T, const Parameters& par) {
+double cubic_value(double T, const Parameters& par) {
     return par[0] + T * (par[1] + T * (par[2] + T * par[3]));
 }
 
@@ -36,7 +36,7 @@ double cosh(double x) {
     return (std::exp(x) + std::exp(-x)) * 0.5;
 }
 
-double ThodosD(double B, const ModelContext& context) {
+double thodos_d(double B, const ModelContext& context) {
     // D = 1.80 B/Tcr + 2.67 with B of the decadic form.
     const double decadicB = context.L == 1.0 ? B / kLn10 : B;
     return 1.8 * decadicB / context.Tcr + 2.67;
@@ -48,7 +48,7 @@ PressureResult p0_FRO(double T, const Parameters& par, const ModelContext& conte
     if (!(T > 0) || C - kZeroCelsius + T == 0) return failure;
     if (thodos && context.Tcr == 0) return failure;
     const double L = context.L;
-    const double D = thodos ? ThodosD(B, context) : givenD;
+    const double D = thodos ? thodos_d(B, context) : givenD;
     const double explicitPart = B / (C - kZeroCelsius + T) + A + D * std::log(T) / L;
 
     double p = std::exp(L * explicitPart);
@@ -90,13 +90,13 @@ CpSinhResult cpSinh(double T, const Parameters& par) {
     return {cp, !Finite(cp)};
 }
 
-void PolynomialBasis(double x, Parameters& basis) {
+void polynomial_basis(double x, Parameters& basis) {
     basis = {};
     double power = 1;
     for (std::size_t i = 0; i < 6; ++i, power *= x) basis[i] = power;
 }
 
-void CombiBasis(double x, Parameters& basis) {
+void combi_basis(double x, Parameters& basis) {
     basis = {1, x, x * x, x * x * x, 1 / x, 1 / (x * x), std::log(x)};
 }
 
@@ -106,7 +106,7 @@ bool Polynomial(double x, const Parameters& par, const ModelContext&, double& y)
     return Finite(y);
 }
 
-bool CombiExpression(double x, const Parameters& par, const ModelContext&, double& y) {
+bool combi_expression(double x, const Parameters& par, const ModelContext&, double& y) {
     const auto [A, B, C, D, E, F, G] = par;
     if (x == 0 && (E != 0 || F != 0)) return false;
     if (!(x > 0) && G != 0) return false;
@@ -132,19 +132,19 @@ bool Antoine(double T, const Parameters& par, const ModelContext& c, double& p) 
     return Finite(p);
 }
 
-bool FrostKalkwarf(double T, const Parameters& par, const ModelContext& c, double& p) {
+bool frost_kalkwarf(double T, const Parameters& par, const ModelContext& c, double& p) {
     const PressureResult r = p0_FRO(T, par, c, false);
     p = r.p;
     return !r.failed;
 }
 
-bool FrostKalkwarfThodos(double T, const Parameters& par, const ModelContext& c, double& p) {
+bool frost_kalkwarf_thodos(double T, const Parameters& par, const ModelContext& c, double& p) {
     const PressureResult r = p0_FRO(T, par, c, true);
     p = r.p;
     return !r.failed;
 }
 
-bool RiedelPlankMiller(double T, const Parameters& par, const ModelContext& c, double& p) {
+bool riedel_plank_miller(double T, const Parameters& par, const ModelContext& c, double& p) {
     if (!(T > 0)) return false;
     const auto [A, B, D, H, I, unused6, unused7] = par;
     p = std::exp(c.L * A + c.L * B / T + D * std::log(T) + c.L * H * std::pow(T, I));
@@ -157,7 +157,7 @@ bool Wagner(double T, const Parameters& par, const ModelContext& c, double& p) {
     return !r.failed;
 }
 
-bool Rackett(double T, const Parameters& par, const ModelContext& c, double& rho) {
+bool rackett(double T, const Parameters& par, const ModelContext& c, double& rho) {
     const auto [A, B, C, unused4, unused5, unused6, unused7] = par;
     const double divisor = std::pow(B, 1 + std::pow(1 - T / c.Tcr, C));
     if (divisor == 0 || !Finite(divisor)) return false;
@@ -165,17 +165,17 @@ bool Rackett(double T, const Parameters& par, const ModelContext& c, double& rho
     return Finite(rho);
 }
 
-bool Leuna(double T, const Parameters& par, const ModelContext& c, double& rho) {
-    rho = CubicValue(T, par) + par[4] * std::pow(1 - T / c.Tcr, 1.0 / 3.0);
+bool leuna(double T, const Parameters& par, const ModelContext& c, double& rho) {
+    rho = cubic_value(T, par) + par[4] * std::pow(1 - T / c.Tcr, 1.0 / 3.0);
     return Finite(rho);
 }
 
 bool Cubic(double T, const Parameters& par, const ModelContext&, double& y) {
-    y = CubicValue(T, par);
+    y = cubic_value(T, par);
     return Finite(y);
 }
 
-bool Majer(double T, const Parameters& par, const ModelContext& c, double& h) {
+bool majer(double T, const Parameters& par, const ModelContext& c, double& h) {
     if (!(c.Tcr > 0)) return false;
     const auto [A, alpha, beta, unused4, unused5, unused6, unused7] = par;
     const double Tr = T / c.Tcr;
@@ -183,20 +183,20 @@ bool Majer(double T, const Parameters& par, const ModelContext& c, double& h) {
     return Finite(h);
 }
 
-bool DipprVaporisation(double T, const Parameters& par, const ModelContext& c, double& h) {
+bool dippr_vaporisation(double T, const Parameters& par, const ModelContext& c, double& h) {
     const auto [A, B, C, D, E, unused6, unused7] = par;
     const double Tr = T / c.Tcr;
     h = A * std::pow(1 - Tr, B + Tr * (C + Tr * (D + Tr * E)));
     return Finite(h);
 }
 
-bool Shomate(double T, const Parameters& par, const ModelContext&, double& cp) {
+bool shomate(double T, const Parameters& par, const ModelContext&, double& cp) {
     if (!(T > 0)) return false;
-    cp = CubicValue(T, par) + par[4] / (T * T);
+    cp = cubic_value(T, par) + par[4] / (T * T);
     return Finite(cp);
 }
 
-bool DipprHeatCapacity(double T, const Parameters& par, const ModelContext&, double& cp) {
+bool dippr_heat_capacity(double T, const Parameters& par, const ModelContext&, double& cp) {
     const CpSinhResult r = cpSinh(T, par);
     cp = r.cp;
     return !r.failed;

@@ -28,28 +28,28 @@ double sinh(double x);  ///< (exp(x) - exp(-x)) 0.5; may be infinite
 double cosh(double x);  ///< (exp(x) + exp(-x)) 0.5; may be infinite
 
 /// Parameter D of the Thodos correlation that belongs to B in the form of L.
-double ThodosD(double B, const ModelContext& context);
+double thodos_d(double B, const ModelContext& context);
 
 /// Basis functions of the two linear models at x.
-void PolynomialBasis(double x, Parameters& basis);  ///< 1, x, ..., x^5
-void CombiBasis(double x, Parameters& basis);       ///< 1, x, x^2, x^3, 1/x, 1/x^2, ln x
+void polynomial_basis(double x, Parameters& basis);  ///< 1, x, ..., x^5
+void combi_basis(double x, Parameters& basis);       ///< 1, x, x^2, x^3, 1/x, 1/x^2, ln x
 
 bool Polynomial(double x, const Parameters& par, const ModelContext&, double& y);
 /// Terms with a zero parameter are left out, so that x may be 0 or negative where they allow it.
-bool CombiExpression(double x, const Parameters& par, const ModelContext&, double& y);
+bool combi_expression(double x, const Parameters& par, const ModelContext&, double& y);
 bool August(double T, const Parameters& par, const ModelContext& c, double& p);
 bool Antoine(double T, const Parameters& par, const ModelContext& c, double& p);
-bool FrostKalkwarf(double T, const Parameters& par, const ModelContext& c, double& p);
-bool FrostKalkwarfThodos(double T, const Parameters& par, const ModelContext& c, double& p);
-bool RiedelPlankMiller(double T, const Parameters& par, const ModelContext& c, double& p);
+bool frost_kalkwarf(double T, const Parameters& par, const ModelContext& c, double& p);
+bool frost_kalkwarf_thodos(double T, const Parameters& par, const ModelContext& c, double& p);
+bool riedel_plank_miller(double T, const Parameters& par, const ModelContext& c, double& p);
 bool Wagner(double T, const Parameters& par, const ModelContext& c, double& p);
-bool Rackett(double T, const Parameters& par, const ModelContext& c, double& rho);
-bool Leuna(double T, const Parameters& par, const ModelContext& c, double& rho);
+bool rackett(double T, const Parameters& par, const ModelContext& c, double& rho);
+bool leuna(double T, const Parameters& par, const ModelContext& c, double& rho);
 /// A + B T + C T^2 + D T^3, for L density and heat capacity.
 bool Cubic(double T, const Parameters& par, const ModelContext&, double& y);
-bool Majer(double T, const Parameters& par, const ModelContext& c, double& h);
-bool DipprVaporisation(double T, const Parameters& par, const ModelContext& c, double& h);
-bool Shomate(double T, const Parameters& par, const ModelContext&, double& cp);
-bool DipprHeatCapacity(double T, const Parameters& par, const ModelContext&, double& cp);
+bool majer(double T, const Parameters& par, const ModelContext& c, double& h);
+bool dippr_vaporisation(double T, const Parameters& par, const ModelContext& c, double& h);
+bool shomate(double T, const Parameters& par, const ModelContext&, double& cp);
+bool dippr_heat_capacity(double T, const Parameters& par, const ModelContext&, double& cp);
 
 }  // namespace quor::estimation

@@ -12,7 +12,7 @@ constexpr double kFractionTolerance = 1e-15;
 constexpr int kBisections = 1100;  // as many halvings as a double can tell apart
 
 /// The continued fraction; converges fast for x < (a + 1)/(a + b + 2).
-double BetaFraction(double a, double b, double x) {
+double beta_fraction(double a, double b, double x) {
     constexpr double tiny = 1e-300;
     const auto guard = [](double v) { return std::fabs(v) < tiny ? tiny : v; };
     double c = 1;
@@ -34,16 +34,16 @@ double BetaFraction(double a, double b, double x) {
 
 }  // namespace
 
-double IncompleteBeta(double a, double b, double x) {
+double incomplete_beta(double a, double b, double x) {
     if (!(x > 0)) return 0;
     if (x >= 1) return 1;
     const double front = std::exp(std::lgamma(a + b) - std::lgamma(a) - std::lgamma(b) +
                                   a * std::log(x) + b * std::log1p(-x));
-    if (x < (a + 1) / (a + b + 2)) return front * BetaFraction(a, b, x) / a;
-    return 1 - front * BetaFraction(b, a, 1 - x) / b;
+    if (x < (a + 1) / (a + b + 2)) return front * beta_fraction(a, b, x) / a;
+    return 1 - front * beta_fraction(b, a, 1 - x) / b;
 }
 
-double StudentTQuantile(double probability, double freedom) {
+double student_t_quantile(double probability, double freedom) {
     if (probability == 0.5) return 0;
     // Both tails together hold I_x(freedom/2, 1/2) with x = freedom/(freedom + t^2).
     const double tail = probability > 0.5 ? 1 - probability : probability;
@@ -52,7 +52,7 @@ double StudentTQuantile(double probability, double freedom) {
     for (int i = 0; i < kBisections; ++i) {
         const double middle = 0.5 * (low + high);
         if (!(middle > low && middle < high)) break;
-        (IncompleteBeta(0.5 * freedom, 0.5, middle) < 2 * tail ? low : high) = middle;
+        (incomplete_beta(0.5 * freedom, 0.5, middle) < 2 * tail ? low : high) = middle;
     }
     const double x = std::fmax(high, std::numeric_limits<double>::min());
     const double t = std::sqrt(freedom * (1 - x) / x);

@@ -11,7 +11,7 @@
 #include "models/substance_record.h"
 
 /// The process-level records: one session, one substance, one choice of models. Nothing here
-/// computes; `session::ResetEverything` gives every record its default.
+/// computes; `session::reset_everything` gives every record its default.
 namespace quor::legacy {
 
 inline Session the_session;

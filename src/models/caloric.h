@@ -29,8 +29,8 @@ CpResult ideal_gas_cp(const models::SubstanceRecord& s, std::int16_t form, doubl
 /// cp of the ideal gas at T/K by the active form; status -1 when there is none or on a fault.
 CpResult IdealGasCp(double T);
 /// cp of the liquid and of the solid by the database polynomial.
-CpResult CpLiquid(double T);
-CpResult CpSolid(double T);
+CpResult cp_liquid(double T);
+CpResult cp_solid(double T);
 
 struct IdealGasState {
     double cp = 0, h = 0, s = 0;  ///< kJ/(kmol K), kJ/kmol, kJ/(kmol K)

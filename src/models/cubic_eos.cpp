@@ -177,7 +177,7 @@ EOSSlopes power_slopes(const EOSParameters& e, double Tcrit, const EOSState& s, 
     return d;
 }
 
-Status CalcEOSParameters(std::int16_t code) {
+Status calc_eos_parameters(std::int16_t code) {
     EOSParameters& e = legacy::the_eosParameters;
     if (code == 1) {
         // The manual coefficients stay; only what belongs to a built-in model goes.
@@ -187,8 +187,8 @@ Status CalcEOSParameters(std::int16_t code) {
     }
     e = {};
     if (code == 7 || code == 8) {
-        if (ObtainJiTorvikParameters(code) > 0) {
-            dialogs::Tell("Error during EOS-parameter calculation", "Execution not possible",
+        if (obtain_ji_torvik_parameters(code) > 0) {
+            dialogs::tell("Error during EOS-parameter calculation", "Execution not possible",
                           dialogs::Icon::Stop);
             return 1;
         }
@@ -203,8 +203,8 @@ Status CalcEOSParameters(std::int16_t code) {
     return kSuccess;
 }
 
-void EvalEOSAtT(double T) {
-    legacy::the_eosState = eos_at(CurrentFluid(), T, legacy::the_eosState);
+void eval_eos_at_t(double T) {
+    legacy::the_eosState = eos_at(current_fluid(), T, legacy::the_eosState);
 }
 
 }  // namespace quor::models

@@ -36,9 +36,9 @@ inline double cubic_pressure(const models::EOSState& s, double T, double v) {
 /// Constants for a code into the process-level records. Status 0, or 1 after a message when the
 /// Ji/Torvik parameters could not be had, or silently on an arithmetic fault. Code 1 keeps the
 /// present constants.
-Status CalcEOSParameters(std::int16_t code);
+Status calc_eos_parameters(std::int16_t code);
 
 /// Fills `legacy::the_eosState`; T below 1E-6 leaves it as it was.
-void EvalEOSAtT(double T);
+void eval_eos_at_t(double T);
 
 }  // namespace quor::models

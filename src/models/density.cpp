@@ -76,10 +76,10 @@ DensityResult density_solid(const SubstanceRecord& s, float temperature) {
     return physical(r.rho) ? r : failed();
 }
 
-DensityResult DensityL(float T, bool warn) {
+DensityResult density_l(float T, bool warn) {
     const DensityResult r = density_liquid(legacy::the_substance, T);
     if (warn && std::abs(r.deviation) > kSilentDeviation) {
-        dialogs::Tell(" temperature" + std::to_string(r.deviation) +
+        dialogs::tell(" temperature" + std::to_string(r.deviation) +
                           " K outside parameter validity\n"
                           "(for temperature range cf. window \"Models\")",
                       "Warning concerning the equation rho_L = Fu(T)");
@@ -87,11 +87,11 @@ DensityResult DensityL(float T, bool warn) {
     return r;
 }
 
-DensityResult DensityS(float T, bool warn) {
+DensityResult density_s(float T, bool warn) {
     const SubstanceRecord& s = legacy::the_substance;
     const DensityResult r = density_solid(s, T);
     if (warn && std::abs(r.deviation) > kSilentDeviation) {
-        dialogs::Tell(" Temperature" + std::to_string(r.deviation) +
+        dialogs::tell(" Temperature" + std::to_string(r.deviation) +
                           " K outside T-range of the parameters\n(range of validity: " +
                           std::to_string(s.rhoSTLo) + " ... " + std::to_string(s.rhoSTHi) + ")",
                       "Warning concerning the function rho(S) = Fu(T)");
@@ -99,8 +99,8 @@ DensityResult DensityS(float T, bool warn) {
     return r;
 }
 
-double DensityLBenson(double T, double Tcrit, double rhocrit, double rhoV,
-                      const models::BensonPoint& reference) {
+double density_l_benson(double T, double Tcrit, double rhocrit, double rhoV,
+                        const models::BensonPoint& reference) {
     const auto Tref = static_cast<double>(reference.T);
     if (Tref == Tcrit || !(rhocrit > 0.0)) return 0.0;
     const double sum = static_cast<double>(reference.rhoL) + static_cast<double>(reference.rhoV);
@@ -109,13 +109,13 @@ double DensityLBenson(double T, double Tcrit, double rhocrit, double rhoV,
     return physical(rho) ? rho : 0.0;
 }
 
-bool IsKnown(const models::BensonPoint& r) {
+bool is_known(const models::BensonPoint& r) {
     return static_cast<double>(r.T) * static_cast<double>(r.p) * static_cast<double>(r.rhoL) *
                static_cast<double>(r.rhoV) >
            kPresent;
 }
 
-double BensonApproximation(double p, double pcrit, double rhocrit) {
+double benson_approximation(double p, double pcrit, double rhocrit) {
     if (p <= kPresent || !(pcrit > 0.0)) return 0.0;
     return rhocrit * (1.981 + 0.18327 * std::log(pcrit / p));
 }

@@ -26,20 +26,20 @@ DensityResult density_liquid(const models::SubstanceRecord& s, float T);
 DensityResult density_solid(const models::SubstanceRecord& s, float T);
 
 /// The same for the active substance; with `warn` a box tells of more than 5 K outside the range.
-DensityResult DensityL(float T, bool warn);
-DensityResult DensityS(float T, bool warn);
+DensityResult density_l(float T, bool warn);
+DensityResult density_s(float T, bool warn);
 
 /// L density at T/K by Benson's method (the law of rectilinear diameter of Cailletet and Mathias);
 /// rhoV is the V density at T. Only the sum of the densities of the reference point enters. 0 when
 /// the reference temperature is that of the critical point, rhocrit is not known, or the density
 /// would be negative.
-double DensityLBenson(double T, double Tcrit, double rhocrit, double rhoV,
-                      const models::BensonPoint& reference);
+double density_l_benson(double T, double Tcrit, double rhocrit, double rhoV,
+                        const models::BensonPoint& reference);
 
 /// True when all four values of a reference point are known: their product exceeds 1E-6.
-bool IsKnown(const models::BensonPoint& reference);
+bool is_known(const models::BensonPoint& reference);
 
 /// Benson's estimate of the L density at the normal boiling point; 0 for p <= 1E-6.
-double BensonApproximation(double p, double pcrit, double rhocrit);
+double benson_approximation(double p, double pcrit, double rhocrit);
 
 }  // namespace quor::models

@@ -106,7 +106,7 @@ double database_equation(const Request& q, Result& r) {
     r.deviation = deviation_of(r.T, {s.hLVTLo, s.hLVTHi});
     constexpr int kSilentDeviation = 5;
     if (q.warn && std::abs(r.deviation) > kSilentDeviation) {
-        dialogs::Tell("Temperature " + std::to_string(r.deviation) +
+        dialogs::tell("Temperature " + std::to_string(r.deviation) +
                           " K outside parameter validity\n"
                           "(cf. Data/Parameters delta(LV)h = Fu(T))",
                       "Warning concerning equation delta(LV)h = Fu(T)");
@@ -148,14 +148,14 @@ void set_compressibilities(Result& r) {
 double benson_density(const Result& r) {
     const SubstanceRecord& s = legacy::the_substance;
     const models::BensonPoint& reference = legacy::the_session.BensonReference;
-    return IsKnown(reference) ? DensityLBenson(r.T, s.Tcrit, s.rhocrit, r.rhoV, reference) : 0.0;
+    return is_known(reference) ? density_l_benson(r.T, s.Tcrit, s.rhocrit, r.rhoV, reference) : 0.0;
 }
 
 /// Clausius and Clapeyron with the slope of the vapour pressure equation, the V density of the EOS
 /// and the L density of the method.
 double clausius_clapeyron(const Request& q, Result& r) {
     r.rhoV = SolveStateTP(r.T, r.p).rhoV;
-    r.rhoL = q.method == kDatabaseDensity ? DensityL(static_cast<float>(r.T), q.warn).rho
+    r.rhoL = q.method == kDatabaseDensity ? density_l(static_cast<float>(r.T), q.warn).rho
                                           : benson_density(r);
     set_compressibilities(r);
     const SlopeResult slope = VapourPressureSlope(r.T, q.vpCode);
@@ -167,7 +167,7 @@ double clausius_clapeyron(const Request& q, Result& r) {
 /// Residual enthalpies of both phases of the cubic EOS. Where T or p was found here both phases
 /// exist; a given pair may lie beside the equilibrium and then has one of them.
 double cubic_eos(const Request& q, Result& r) {
-    const Fluid fluid = CurrentFluid();
+    const Fluid fluid = current_fluid();
     const StateTP state = SolveStateTP(r.T, r.p);
     const PhaseVolumes v =
         q.paired ? equilibrium_volumes(fluid, state, r.T) : PhaseVolumes{state.vV, state.vL};
@@ -208,9 +208,9 @@ double evaluate(const Request& q, Result& r) {
 
 }  // namespace
 
-EnthalpyOfVaporisationResult EnthalpyOfVaporisation(std::int16_t method, double T, double p,
-                                                    std::string_view vpCode, bool warn,
-                                                    std::int16_t dataSet) {
+EnthalpyOfVaporisationResult enthalpy_of_vaporisation(std::int16_t method, double T, double p,
+                                                      std::string_view vpCode, bool warn,
+                                                      std::int16_t dataSet) {
     const Request request{method, vpCode, warn, dataSet, !given(T) || !given(p)};
     Result r;
     r.T = T;
@@ -224,7 +224,7 @@ EnthalpyOfVaporisationResult EnthalpyOfVaporisation(std::int16_t method, double 
     if (!given(T) && (!pair_temperature(request, r) || !below_critical(r))) return r;
     try {
         r.raw = faults::finite(evaluate(request, r));
-        r.h = numbers::ToInt32(r.raw);
+        r.h = numbers::to_int32(r.raw);
     } catch (const faults::Fault&) {
         r.raw = 0;
         r.h = 0;
@@ -248,7 +248,7 @@ EnthalpyEquationResult enthalpy_equation(const SubstanceRecord& s, double T) {
     return {h, kSuccess};
 }
 
-EnthalpyEquationResult EnthalpyEquationValue(double T) {
+EnthalpyEquationResult enthalpy_equation_value(double T) {
     return enthalpy_equation(legacy::the_substance, T);
 }
 

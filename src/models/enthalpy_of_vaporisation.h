@@ -23,9 +23,9 @@ struct EnthalpyOfVaporisationResult {
 /// delta(LV)h by method 1 to 7 at T/K or p/kPa (a value <= 1E-6 is not given and is found from the
 /// other). `dataSet` is the index of the experimental data row that may stand in for a missing
 /// p or T, 0 for none. `warn` allows message boxes of range warnings.
-EnthalpyOfVaporisationResult EnthalpyOfVaporisation(std::int16_t method, double T, double p,
-                                                    std::string_view vpCode, bool warn,
-                                                    std::int16_t dataSet = 0);
+EnthalpyOfVaporisationResult enthalpy_of_vaporisation(std::int16_t method, double T, double p,
+                                                      std::string_view vpCode, bool warn,
+                                                      std::int16_t dataSet = 0);
 
 struct EnthalpyEquationResult {
     double h = 0;  ///< kJ/kmol
@@ -36,6 +36,6 @@ struct EnthalpyEquationResult {
 /// above both, without a Tc, and on a fault.
 EnthalpyEquationResult enthalpy_equation(const models::SubstanceRecord& s, double T);
 /// The same for the active substance.
-EnthalpyEquationResult EnthalpyEquationValue(double T);
+EnthalpyEquationResult enthalpy_equation_value(double T);
 
 }  // namespace quor::models

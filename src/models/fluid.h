@@ -14,7 +14,7 @@ struct Fluid {
 };
 
 /// The process-level records as a `Fluid`.
-inline Fluid CurrentFluid() {
+inline Fluid current_fluid() {
     return {legacy::the_substance, legacy::the_models, legacy::the_eosParameters,
             legacy::the_jiTorvik};
 }

@@ -143,10 +143,10 @@ CpResult IdealGasCp(double T) {
     return ideal_gas_cp(legacy::the_substance, legacy::the_models.CpModel, T);
 }
 
-CpResult CpLiquid(double T) {
+CpResult cp_liquid(double T) {
     return polynomial_cp(legacy::the_substance.cpL, T);
 }
-CpResult CpSolid(double T) {
+CpResult cp_solid(double T) {
     return polynomial_cp(legacy::the_substance.cpS, T);
 }
 

@@ -116,7 +116,7 @@ Inflexion inflexion_points(const EOSState& state, double T) {
 
 Inflexion InflexionPoints(double T) {
     if (legacy::the_models.EOSOnlyV) return {};
-    return inflexion_points(models::eos_at(models::CurrentFluid(), T), T);
+    return inflexion_points(models::eos_at(models::current_fluid(), T), T);
 }
 
 }  // namespace quor::models

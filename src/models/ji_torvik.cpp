@@ -28,7 +28,7 @@ std::chrono::milliseconds parameterWait{100000};
 bool parametersGiven = false;
 
 std::string number(double value) {
-    return numbers::FormatPoint(value, "0.00000000E+00");
+    return numbers::format_point(value, "0.00000000E+00");
 }
 
 std::string joined(const std::vector<double>& values) {
@@ -90,7 +90,7 @@ std::string exchange_text(std::int16_t code) {
 
     std::ostringstream out;
     out << (code == 7 ? 10 : 11) << "\r\n"
-        << text::TrimRight(the_substance.CASRN) << "\r\n"
+        << text::trim_right(the_substance.CASRN) << "\r\n"
         << kind.kind << ", 1, " << kind.flag << "\r\n"
         << joined({static_cast<double>(the_substance.M), static_cast<double>(the_substance.rhoLTc),
                    the_substance.Tcrit, the_substance.pcrit, the_substance.rhocrit,
@@ -133,11 +133,11 @@ bool read_parameters(const std::string& s, std::int16_t code) {
     for (std::size_t i = 1; i < needed; ++i)
         if (!is_number(items[i])) return false;
     models::JiTorvikParameters jt;
-    jt.jtM = numbers::Val(items[2]);
-    jt.jtP = numbers::Val(items[3]);
-    jt.jtQ = numbers::Val(items[4]);
-    jt.jtZc = numbers::Val(items[5]);
-    if (code == 8) jt.jtK = numbers::Val(items[6]);
+    jt.jtM = numbers::val(items[2]);
+    jt.jtP = numbers::val(items[3]);
+    jt.jtQ = numbers::val(items[4]);
+    jt.jtZc = numbers::val(items[5]);
+    if (code == 8) jt.jtK = numbers::val(items[6]);
     if (!(jt.jtZc > 0.0) || !(jt.jtZc < 1.0)) return false;
     legacy::the_jiTorvik = jt;
     return true;
@@ -145,8 +145,8 @@ bool read_parameters(const std::string& s, std::int16_t code) {
 
 }  // namespace
 
-bool RunProgram(const std::string& program, const std::string& folder,
-                std::chrono::milliseconds wait) {
+bool run_program(const std::string& program, const std::string& folder,
+                 std::chrono::milliseconds wait) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
@@ -169,31 +169,31 @@ bool RunProgram(const std::string& program, const std::string& folder,
     return true;
 }
 
-void SetJiTorvikWait(std::chrono::milliseconds wait) {
+void set_ji_torvik_wait(std::chrono::milliseconds wait) {
     parameterWait = wait;
 }
-void GiveJiTorvikParameters(bool given) {
+void give_ji_torvik_parameters(bool given) {
     parametersGiven = given;
 }
 
-Status ObtainJiTorvikParameters(std::int16_t code) {
+Status obtain_ji_torvik_parameters(std::int16_t code) {
     if (parametersGiven) return kSuccess;
     legacy::the_jiTorvik = {};
 
     namespace fs = std::filesystem;
-    const fs::path folder = session::WriteFolder();
+    const fs::path folder = session::write_folder();
     const fs::path answer = folder / (code == 7 ? "PARAM_JI.DAT" : "PARA_JI2.DAT");
     std::error_code ignored;
     std::ofstream(folder / "jipar.tmp", std::ios::binary) << exchange_text(code);
     fs::remove(answer, ignored);
     {
         const session::BusyPointer busy;
-        if (session::FileExists("djipar.exe"))
-            RunProgram(fs::absolute(session::FindFile("djipar.exe")).string(), folder.string(),
-                       parameterWait);
+        if (session::file_exists("djipar.exe"))
+            run_program(fs::absolute(session::find_file("djipar.exe")).string(), folder.string(),
+                        parameterWait);
     }
     if (!fs::exists(answer, ignored)) {
-        dialogs::Tell("No parameter-file generated.", "Execution not possible");
+        dialogs::tell("No parameter-file generated.", "Execution not possible");
         return 1;
     }
     std::ifstream in(answer, std::ios::binary);

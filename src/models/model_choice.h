@@ -22,28 +22,28 @@ struct ModelEntry {
 using ModelEntries = std::vector<ModelEntry>;
 
 /// Equations of state; those that need an acentric factor only when there is one.
-ModelEntries EOSEntries(const models::SubstanceRecord& substance);
+ModelEntries eos_entries(const models::SubstanceRecord& substance);
 /// Vapour pressure equations, code as `ModelSelection::VPModel`; "none" stands last when the
 /// substance has no measured set.
-ModelEntries VPEntries(const models::SubstanceRecord& substance);
+ModelEntries vp_entries(const models::SubstanceRecord& substance);
 /// Methods of the enthalpy of vaporisation; `onlyV` leaves out the one by the cubic EOS.
-ModelEntries HLVEntries(const models::SubstanceRecord& substance, bool onlyV);
+ModelEntries hlv_entries(const models::SubstanceRecord& substance, bool onlyV);
 /// Ideal-gas cp forms; never empty.
-ModelEntries CpEntries(const models::SubstanceRecord& substance);
+ModelEntries cp_entries(const models::SubstanceRecord& substance);
 /// Watson exponents proposed, as texts with a point; never empty.
-std::vector<std::string> WatsonEntries(const models::SubstanceRecord& substance);
+std::vector<std::string> watson_entries(const models::SubstanceRecord& substance);
 
 /// The equation of state of a first choice: Peng/Robinson, Redlich/Kwong without acentric factor.
-std::int16_t DefaultEOS(const models::SubstanceRecord& substance);
+std::int16_t default_eos(const models::SubstanceRecord& substance);
 
 /// Position of a code in a list, 0 (the first entry) when it is not offered.
-std::size_t IndexOf(const ModelEntries& entries, std::int16_t code);
+std::size_t index_of(const ModelEntries& entries, std::int16_t code);
 
 /// What the view says of the liquid density: its source and range of validity.
 struct DensityNote {
     std::string state, range;
 };
-DensityNote LiquidDensityNote(const models::SubstanceRecord& substance);
+DensityNote liquid_density_note(const models::SubstanceRecord& substance);
 
 /// One run of the model view over `legacy::the_models` and `legacy::the_substance`. It begins as
 /// the view opens and ends with `Confirm` or `Cancel`.
@@ -54,7 +54,7 @@ class ModelChoice {
 
     /// Builds the lists anew after the data of the substance were edited; what `Cancel` brings back
     /// stays.
-    void Renew();
+    void renew();
 
     const ModelEntries& eos() const { return eos_; }
     const ModelEntries& vp() const { return vp_; }
@@ -63,28 +63,28 @@ class ModelChoice {
     const std::vector<std::string>& watson() const { return watson_; }
 
     /// Positions of the selected entries.
-    std::size_t eosIndex() const;
+    std::size_t eos_index() const;
     std::size_t vpIndex() const;
-    std::size_t hlvIndex() const;
-    std::size_t cpIndex() const;
+    std::size_t hlv_index() const;
+    std::size_t cp_index() const;
     /// Watson exponent as text.
-    std::string watsonText() const;
+    std::string watson_text() const;
 
     /// True when the Watson exponent is asked for.
-    bool watsonVisible() const;
+    bool watson_visible() const;
     /// True when p(LV) may come from the EOS, so that the user chooses the priority.
-    bool priorityEnabled() const;
+    bool priority_enabled() const;
 
     /// Selects an equation of state. True when the manual virial coefficients must be asked for.
-    bool ChooseEOS(std::size_t index);
-    void ChooseVP(std::size_t index);
-    void ChooseHLV(std::size_t index);
-    void ChooseCp(std::size_t index);
+    bool choose_eos(std::size_t index);
+    void choose_vp(std::size_t index);
+    void choose_hlv(std::size_t index);
+    void choose_cp(std::size_t index);
     /// The exponent as typed; a text without a number is 0.
-    void SetWatson(std::string_view text);
-    void SetPriorityCEOS(bool ceos);
+    void set_watson(std::string_view text);
+    void set_priority_ceos(bool ceos);
     /// Coefficients of the manual virial form B = b0 - b1/T^b2, m^3/kmol.
-    void SetManualVirial(double b0, double b1, double b2);
+    void set_manual_virial(double b0, double b1, double b2);
 
     /// "Models OK": warns of a missing acentric factor, computes what the selection needs, and
     /// enables the commands of a complete choice. False when the EOS parameters fail; the view
@@ -104,6 +104,6 @@ class ModelChoice {
 };
 
 /// The commands that a complete choice of models enables, for the present EOS.
-void EnableModelCommands();
+void enable_model_commands();
 
 }  // namespace quor::models

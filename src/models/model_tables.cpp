@@ -81,17 +81,17 @@ std::string_view at(const Table& table, int index) {
 std::string_view EOSName(std::int16_t code) {
     return at(kEOSNames, code);
 }
-bool IsCubicEOS(std::int16_t code) {
+bool is_cubic_eos(std::int16_t code) {
     return code >= 2 && code <= 8;
 }
-bool IsVOnlyEOS(std::int16_t code) {
+bool is_v_only_eos(std::int16_t code) {
     return code == 0 || code > 9;
 }
-bool EOSNeedsOmega(std::int16_t code) {
+bool eos_needs_omega(std::int16_t code) {
     return (code >= 5 && code <= 8) || code >= 14;
 }
 
-std::string_view VPName(std::int16_t index) {
+std::string_view vp_name(std::int16_t index) {
     return index >= 0 && index < kVPCount ? kVP[static_cast<std::size_t>(index)].name : "";
 }
 
@@ -99,16 +99,16 @@ std::string_view VPCode(std::int16_t index) {
     return index >= 0 && index < kVPCount ? kVP[static_cast<std::size_t>(index)].code : "000";
 }
 
-std::int16_t VPIndex(std::string_view code) {
+std::int16_t vp_index(std::string_view code) {
     for (std::int16_t i = 1; i < kVPCount; ++i)
         if (kVP[static_cast<std::size_t>(i)].code == code) return i;
     return 0;
 }
 
-std::string_view HLVName(std::int16_t method) {
+std::string_view hlv_name(std::int16_t method) {
     return at(kHLVNames, method);
 }
-std::string_view CpName(std::int16_t form) {
+std::string_view cp_name(std::int16_t form) {
     return at(kCpNames, form);
 }
 std::string_view FunctionLabel(int index) {

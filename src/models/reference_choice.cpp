@@ -25,32 +25,32 @@ constexpr std::array<ReferenceCaptions, 4> kCaptions = {{{"h /(kJ/kmol)", "s /(k
 
 /// A 32-bit value as its user typed it, without the digits that widening adds.
 double shown(float value) {
-    return numbers::Val(numbers::GeneralPoint(value));
+    return numbers::val(numbers::general_point(value));
 }
 
 }  // namespace
 
-std::int16_t ReferenceModeOf(ReferenceOption option) {
+std::int16_t reference_mode_of(ReferenceOption option) {
     return kModes[static_cast<std::size_t>(option)];
 }
 
-ReferenceOption ReferenceOptionOf(std::int16_t RefMode) {
+ReferenceOption reference_option_of(std::int16_t RefMode) {
     if (RefMode == 10) return ReferenceOption::Formation;
     if (RefMode == 2) return ReferenceOption::Conventional;
     return ReferenceOption::Values;
 }
 
-ReferenceCaptions CaptionsOf(std::int16_t CaloricUnit) {
+ReferenceCaptions captions_of(std::int16_t CaloricUnit) {
     return CaloricUnit >= 0 && CaloricUnit < 4 ? kCaptions[static_cast<std::size_t>(CaloricUnit)]
                                                : kCaptions[0];
 }
 
-ReferenceFields FieldsOf(const models::ReferenceState& r, double CaloricFactor) {
+ReferenceFields fields_of(const models::ReferenceState& r, double CaloricFactor) {
     const float p0 = r.p0 == 0.0F ? kStandardPressure : r.p0;
     return {r.href * CaloricFactor, r.sref * CaloricFactor, shown(r.T0), shown(p0), r.Tenv, r.penv};
 }
 
-ReferenceFields AfterChoice(ReferenceOption option, ReferenceFields fields) {
+ReferenceFields after_choice(ReferenceOption option, ReferenceFields fields) {
     if (option != ReferenceOption::Formation) return fields;
     fields[FieldH] = fields[FieldS] = 0.0;
     fields[FieldT0] = shown(kStandardTemperature);
@@ -58,7 +58,7 @@ ReferenceFields AfterChoice(ReferenceOption option, ReferenceFields fields) {
     return fields;
 }
 
-bool IsEditable(ReferenceOption option, ReferenceField field) {
+bool is_editable(ReferenceOption option, ReferenceField field) {
     return option == ReferenceOption::Values || field == FieldTenv || field == FieldPenv;
 }
 
@@ -66,11 +66,11 @@ bool StoreReference(ReferenceOption option, const ReferenceFields& fields, doubl
                     models::ReferenceState& reference) {
     try {
         models::ReferenceState r;
-        r.RefMode = ReferenceModeOf(option);
+        r.RefMode = reference_mode_of(option);
         r.href = faults::divide(fields[FieldH], CaloricFactor);
         r.sref = faults::divide(fields[FieldS], CaloricFactor);
-        r.T0 = numbers::ToSingle(fields[FieldT0]);
-        r.p0 = numbers::ToSingle(fields[FieldP0]);
+        r.T0 = numbers::to_single(fields[FieldT0]);
+        r.p0 = numbers::to_single(fields[FieldP0]);
         r.Tenv = fields[FieldTenv] == 0.0 ? kLowestTenv : faults::finite(fields[FieldTenv]);
         r.penv = faults::finite(fields[FieldPenv]);
         reference = r;

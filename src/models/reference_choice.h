@@ -13,14 +13,14 @@ namespace quor::models {
 enum class ReferenceOption { Values, Formation, Conventional };
 
 /// `RefMode` of an option (1, 10, 2), and the option of a mode; other modes are values of the view.
-std::int16_t ReferenceModeOf(ReferenceOption option);
-ReferenceOption ReferenceOptionOf(std::int16_t RefMode);
+std::int16_t reference_mode_of(ReferenceOption option);
+ReferenceOption reference_option_of(std::int16_t RefMode);
 
 struct ReferenceCaptions {
     std::string_view h, s;
 };
 /// Captions of h and s for a unit form (0 kJ/kmol, 1 K, 2 R T, 3 kJ/kg).
-ReferenceCaptions CaptionsOf(std::int16_t CaloricUnit);
+ReferenceCaptions captions_of(std::int16_t CaloricUnit);
 
 /// The fields of the view in their order: h(ref) and s(ref) in the unit of the session, T0/K,
 /// p0/kPa, Tenv/K, penv/kPa.
@@ -28,14 +28,14 @@ enum ReferenceField { FieldH, FieldS, FieldT0, FieldP0, FieldTenv, FieldPenv, kR
 using ReferenceFields = std::array<double, kReferenceFields>;
 
 /// The fields as they stand in a record; h and s times the caloric factor, a p0 of 0 as 101.325.
-ReferenceFields FieldsOf(const models::ReferenceState& reference, double CaloricFactor);
+ReferenceFields fields_of(const models::ReferenceState& reference, double CaloricFactor);
 
 /// The fields after an option was chosen: that of the quantities of formation sets h(ref) and
 /// s(ref) to 0, T0 to 298.15 and p0 to 101.325.
-ReferenceFields AfterChoice(ReferenceOption option, ReferenceFields fields);
+ReferenceFields after_choice(ReferenceOption option, ReferenceFields fields);
 
 /// True when the user may edit a field: h(ref), s(ref), T0 and p0 only with the values of the view.
-bool IsEditable(ReferenceOption option, ReferenceField field);
+bool is_editable(ReferenceOption option, ReferenceField field);
 
 /// What OK stores: the fields, h and s divided by the caloric factor, a Tenv of 0 as 1E-6, and the
 /// mode of the option. False, and nothing stored, when that is not a number: a caloric factor of 0,

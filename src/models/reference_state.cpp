@@ -53,10 +53,10 @@ ReferenceBase ReferenceValues(double p) {
 namespace {
 
 std::string tenths(double value) {
-    return numbers::FormatPoint(value, "####.#");
+    return numbers::format_point(value, "####.#");
 }
 std::string thousandths(double value) {
-    return numbers::FormatPoint(value, "##.###");
+    return numbers::format_point(value, "##.###");
 }
 
 std::string rho_liquid_line(double rho, const char* source) {
@@ -118,7 +118,7 @@ std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
 
     const models::StateTP state = models::SolveStateTP(T, p);
     double rho = state.rhoV;
-    std::string source = "  (from  " + text::Trim(models::EOSName(fluid.models.EOSModel)) + ")";
+    std::string source = "  (from  " + text::trim(models::EOSName(fluid.models.EOSModel)) + ")";
     if (state.status != kSuccess || rho < kPresent) {
         if (fluid.substance.omega != 0.0) {
             constexpr std::int16_t kPitzerCurl = 16;
@@ -137,8 +137,8 @@ std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
 
 }  // namespace
 
-BensonProposal ProposeBensonReference() {
-    const models::Fluid fluid = models::CurrentFluid();
+BensonProposal propose_benson_reference() {
+    const models::Fluid fluid = models::current_fluid();
     BensonProposal r;
     if (!from_boiling_point(fluid.substance, r) &&
         !from_single_density(fluid.substance, fluid.models.VPCode, r))

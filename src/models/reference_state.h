@@ -28,6 +28,6 @@ struct BensonProposal {
     std::string text;  ///< lines joined by '\n'; empty when there is no proposal
 };
 /// The second reference point of Benson's method as far as the data allow; zeros when they do not.
-BensonProposal ProposeBensonReference();
+BensonProposal propose_benson_reference();
 
 }  // namespace quor::models

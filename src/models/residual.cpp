@@ -208,8 +208,8 @@ PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState
 }
 
 PhaseTable ResidualFunctions(double T, double p, double v) {
-    models::EvalEOSAtT(T);
-    return residual_functions(models::CurrentFluid(), legacy::the_eosState, T, p, v);
+    models::eval_eos_at_t(T);
+    return residual_functions(models::current_fluid(), legacy::the_eosState, T, p, v);
 }
 
 }  // namespace quor::models

@@ -297,11 +297,11 @@ Saturation publish(const Saturation& r) {
 }  // namespace
 
 Saturation SaturationPressure(double T) {
-    return publish(saturation_pressure(CurrentFluid(), T));
+    return publish(saturation_pressure(current_fluid(), T));
 }
 
 Saturation SaturationTemperature(double p, double Tstart) {
-    return publish(saturation_temperature(CurrentFluid(), p, Tstart));
+    return publish(saturation_temperature(current_fluid(), p, Tstart));
 }
 
 }  // namespace quor::models

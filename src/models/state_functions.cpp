@@ -64,7 +64,7 @@ const Surroundings& current_surroundings() {
     static SurroundingsKey key;
     static Surroundings last;
     static bool valid = false;
-    const Fluid fluid = models::CurrentFluid();
+    const Fluid fluid = models::current_fluid();
     const SurroundingsKey now = key_of(fluid, legacy::the_reference);
     if (!valid || !(now == key)) {
         last = surroundings_state(fluid, legacy::the_reference);
@@ -140,8 +140,8 @@ StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
 
 StateValues StateFunctions(double T, double p, double v) {
     settle_reference(legacy::the_reference);
-    return state_functions(models::CurrentFluid(), legacy::the_reference, current_surroundings(), T,
-                           p, v);
+    return state_functions(models::current_fluid(), legacy::the_reference, current_surroundings(),
+                           T, p, v);
 }
 
 SaturationValues SaturationFunctions(double T) {
@@ -160,7 +160,7 @@ SaturationValues SaturationFunctions(double T) {
         const models::StateTP state = models::SolveStateTP(T, sat.p);
         r.p = sat.p;
         const models::PhaseVolumes volumes =
-            models::equilibrium_volumes(models::CurrentFluid(), state, T);
+            models::equilibrium_volumes(models::current_fluid(), state, T);
         r.vV = volumes.vV;
         r.vL = volumes.vL;
         if (!(r.vV > 0.0) || !(r.vL > 0.0)) return r;

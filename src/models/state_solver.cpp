@@ -348,8 +348,8 @@ TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
 
 // ---- the procedures over the process-level records
 
-PressureResult PressureFromTV(double T, double v) {
-    return pressure_from_Tv(CurrentFluid(), T, v, legacy::the_eosState);
+PressureResult pressure_from_tv(double T, double v) {
+    return pressure_from_Tv(current_fluid(), T, v, legacy::the_eosState);
 }
 
 CubicRoots SolveCubic(double T, double p) {
@@ -359,7 +359,7 @@ CubicRoots SolveCubic(double T, double p) {
 }
 
 StateTP SolveStateTP(double T, double p) {
-    const StateTP r = solve_state_tp(CurrentFluid(), T, p, legacy::the_PhaseRegion);
+    const StateTP r = solve_state_tp(current_fluid(), T, p, legacy::the_PhaseRegion);
     legacy::the_PhaseRegion = r.PhaseRegion;
     legacy::the_eosState = r.state;
     if (legacy::the_models.EOSOnlyV) {
@@ -375,8 +375,8 @@ Areas AreaRatio(double T, double p) {
 }
 
 TemperatureResult TemperatureFromPRho(double p, double rho, bool singlePhaseOnly) {
-    const TemperatureResult r = temperature_from_p_rho(CurrentFluid(), p, rho, singlePhaseOnly);
-    if (r.T > 0) EvalEOSAtT(r.T);
+    const TemperatureResult r = temperature_from_p_rho(current_fluid(), p, rho, singlePhaseOnly);
+    if (r.T > 0) eval_eos_at_t(r.T);
     return r;
 }
 

@@ -65,7 +65,7 @@ TemperatureResult temperature_from_p_rho(const Fluid& fluid, double p, double rh
 
 // The procedures over the process-level records. They leave `legacy::the_eosState` at the last T
 // evaluated and `legacy::the_vRoots` as the last solve.
-PressureResult PressureFromTV(double T, double v);
+PressureResult pressure_from_tv(double T, double v);
 CubicRoots SolveCubic(double T, double p);
 StateTP SolveStateTP(double T, double p);
 Areas AreaRatio(double T, double p);

@@ -19,7 +19,7 @@ inline bool both_given(Bounds range) {
 /// Whole kelvins of T/K outside a range, negative below it, a tie to the even one.
 inline std::int16_t deviation_of(double T, Bounds range) {
     const double d = T < range.TLo ? T - range.TLo : T > range.THi ? T - range.THi : 0.0;
-    return static_cast<std::int16_t>(std::clamp(numbers::RoundHalfEven(d), -32768.0, 32767.0));
+    return static_cast<std::int16_t>(std::clamp(numbers::round_half_even(d), -32768.0, 32767.0));
 }
 
 }  // namespace quor::models

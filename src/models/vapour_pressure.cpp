@@ -114,7 +114,7 @@ double frost_pressure(const Frost& f, double T, Status& status) {
 
 void warn_of_range(std::int16_t deviation, const char* beginning) {
     if (std::abs(deviation) <= 10) return;
-    dialogs::Tell(beginning + numbers::Format(deviation, "0") +
+    dialogs::tell(beginning + numbers::Format(deviation, "0") +
                       " K outside parameter validity\n(cf. Data/Parameters vapour pressure equ.)",
                   "Warning concerning vapour pressure equation");
 }
@@ -139,7 +139,7 @@ VapourPressureResult vapour_pressure(const SubstanceRecord& s, double T, std::st
         if (s.AUG.B == 0) return r;
         p = std::exp(static_cast<double>(s.AUG.A) + static_cast<double>(s.AUG.B) / T);
         const double Tb = static_cast<double>(s.Tboil);
-        if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::RoundHalfEven(T - Tb));
+        if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
     } else if (code == "WAG") {
         if (!has_wagner(s.WAG)) return r;
         const double Tset = static_cast<double>(s.WAG.a[8]);
@@ -240,7 +240,7 @@ BoilingTemperatureResult boiling_temperature(const SubstanceRecord& s, double p,
         if (Tb < kPresent) return r;
         const August line = august_line(s);
         T = line.B / (std::log(p) - line.A);
-        if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::RoundHalfEven(T - Tb));
+        if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
     } else if (code == "WAG") {
         if (!has_wagner(s.WAG)) return r;
         T = wagner_temperature(s, p);

@@ -82,11 +82,11 @@ Virial virial(const Fluid& f, std::int16_t code, double T) {
 }
 
 double SecondVirial(std::int16_t code, double T) {
-    return second_virial(CurrentFluid(), code, T, legacy::the_eosState);
+    return second_virial(current_fluid(), code, T, legacy::the_eosState);
 }
 
-void SecondVirialDerivatives(std::int16_t code, double T, double& dB, double& d2B) {
-    const Virial v = virial(CurrentFluid(), code, T);
+void second_virial_derivatives(std::int16_t code, double T, double& dB, double& d2B) {
+    const Virial v = virial(current_fluid(), code, T);
     dB = v.dB;
     d2B = v.d2B;
 }

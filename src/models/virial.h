@@ -20,6 +20,6 @@ Virial virial(const Fluid& fluid, std::int16_t code, double T);
 
 /// B(T) by the process-level records; leaves a, b, c, d at T in `legacy::the_eosState`.
 double SecondVirial(std::int16_t code, double T);
-void SecondVirialDerivatives(std::int16_t code, double T, double& dB, double& d2B);
+void second_virial_derivatives(std::int16_t code, double T, double& dB, double& d2B);
 
 }  // namespace quor::models

@@ -15,14 +15,14 @@ Table& table() {
 
 }  // namespace
 
-void RegisterAction(std::string_view id, Handler handler) {
+void register_action(std::string_view id, Handler handler) {
     if (handler)
         table().insert_or_assign(std::string(id), std::move(handler));
     else if (const auto it = table().find(id); it != table().end())
         table().erase(it);
 }
 
-bool Has(std::string_view id) {
+bool has(std::string_view id) {
     return table().find(id) != table().end();
 }
 
@@ -35,7 +35,7 @@ bool Run(std::string_view id) {
     return true;
 }
 
-void Clear() {
+void clear() {
     table().clear();
 }
 

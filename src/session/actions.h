@@ -11,15 +11,15 @@ namespace quor::actions {
 using Handler = std::function<void()>;
 
 /// Registers a handler under an action id, in place of an earlier one; an empty handler removes it.
-void RegisterAction(std::string_view id, Handler handler);
+void register_action(std::string_view id, Handler handler);
 
 /// True when a handler is registered.
-bool Has(std::string_view id);
+bool has(std::string_view id);
 
 /// Runs the handler; false when there is none.
 bool Run(std::string_view id);
 
 /// Removes all handlers.
-void Clear();
+void clear();
 
 }  // namespace quor::actions

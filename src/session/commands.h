@@ -38,9 +38,9 @@ inline CommandStates the_commandStates;
 namespace quor::session {
 
 /// Enables or disables commands and tells the frame (if one listens) that something changed.
-void SetCommands(std::initializer_list<session::Command> commands, bool enabled);
-bool IsEnabled(session::Command command);
+void set_commands(std::initializer_list<session::Command> commands, bool enabled);
+bool is_enabled(session::Command command);
 /// The one listener of changes; an empty function removes it.
-void OnCommandsChanged(void (*listener)());
+void on_commands_changed(void (*listener)());
 
 }  // namespace quor::session

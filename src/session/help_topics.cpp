@@ -111,16 +111,16 @@ std::string_view menu_above(std::string_view menuName) {
 
 }  // namespace
 
-std::span<const NamedTopic> ViewTopics() {
+std::span<const NamedTopic> view_topics() {
     return kViews;
 }
 
-int TopicOfView(std::string_view name) {
+int topic_of_view(std::string_view name) {
     return find(kViews, name);
 }
 
-int TopicOfRow(std::string_view name) {
-    for (const menu::ToolButton& button : menu::ToolButtons())
+int topic_of_row(std::string_view name) {
+    for (const menu::ToolButton& button : menu::tool_buttons())
         if (name == "Toolbar1_" + std::to_string(button.index)) name = button.action;
     if (const int own = find(kRows, name); own >= 0) return own;
     const menu::Row* row = menu::Find(name);

@@ -19,9 +19,9 @@ std::int16_t pointer = 0;  // code of the pointer now shown
 
 }  // namespace
 
-void ResetEverything() {
+void reset_everything() {
     // The program's folder with its closing separator, as the five folders are kept.
-    const std::string folder = (WriteFolder() / "").string();
+    const std::string folder = (write_folder() / "").string();
 
     the_session = {};
     the_session.DecimalComma = numbers::decimal_mark() == ',';
@@ -50,22 +50,22 @@ void ResetEverything() {
     legacy::the_xyPoints.clear();
     legacy::the_xyComment.clear();
 
-    ResetSession();
+    reset_session();
 
     the_session.FolderBatch = the_session.FolderDiagram2D = the_session.FolderDiagram3D = folder;
     the_session.FolderXY = the_session.FolderProject = folder;
     the_session.LastSessionFile = folder + "QuorLastSession.QCF";
-    the_session.ProtocolFile = NewProtocolFileName();
+    the_session.ProtocolFile = new_protocol_file_name();
 
-    SetCommands(
+    set_commands(
         {Command::mnuData_SaveProject, Command::toolSave, Command::toolReference, Command::toolTank,
          Command::mnuData_BatchInput, Command::mnuData_BatchEdit, Command::mnuData_EditStoffdaten,
          Command::mnuStoff, Command::mnuModel, Command::needsLPhase},
         false);
-    SetCommands({Command::mnuData_Status}, true);
+    set_commands({Command::mnuData_Status}, true);
 }
 
-void ResetSession() {
+void reset_session() {
     the_session.BatchMode = false;
     the_session.SubstanceSet = false;
     the_session.CurrentSubstance = 0;
@@ -76,12 +76,12 @@ void ResetSession() {
     legacy::the_models.PriorityCEOS = true;
     the_session.NewSubstanceDiagram = true;
     legacy::the_jiTorvik = {};
-    SetCommands({Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting, Command::mnu2D,
-                 Command::mnu3D, Command::mnuData_SaveProject, Command::toolSave},
-                false);
+    set_commands({Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting, Command::mnu2D,
+                  Command::mnu3D, Command::mnuData_SaveProject, Command::toolSave},
+                 false);
 }
 
-UnitLabels SetUnits(std::int16_t& UnitMode) {
+UnitLabels set_units(std::int16_t& UnitMode) {
     const models::SubstanceRecord& fluid = legacy::the_substance;
     UnitLabels u{
         .Factor = 1.0, .TemperatureLabel = "K", .PressureLabel = "kPa", .VolumeLabel = "m^3/kmol"};
@@ -109,15 +109,15 @@ UnitLabels SetUnits(std::int16_t& UnitMode) {
     return u;
 }
 
-void RefreshUnits() {
-    const UnitLabels u = SetUnits(the_session.UnitMode);
+void refresh_units() {
+    const UnitLabels u = set_units(the_session.UnitMode);
     the_session.VolumeFactor = u.Factor;
     the_session.TemperatureLabel = u.TemperatureLabel;
     the_session.PressureLabel = u.PressureLabel;
     the_session.VolumeLabel = u.VolumeLabel;
 }
 
-double CaloricFactorOf(std::int16_t CaloricUnit, double T) {
+double caloric_factor_of(std::int16_t CaloricUnit, double T) {
     switch (CaloricUnit) {
         case 1:
             return 1.0 / constants::R;
@@ -130,7 +130,7 @@ double CaloricFactorOf(std::int16_t CaloricUnit, double T) {
     }
 }
 
-void BeginBusy() {
+void begin_busy() {
     ++the_session.BusyDepth;
     if (the_session.BusyDepth != 1) return;
     the_session.SavedPointer = pointer;
@@ -140,7 +140,7 @@ void BeginBusy() {
     }
 }
 
-void EndBusy() {
+void end_busy() {
     --the_session.BusyDepth;
     if (the_session.BusyDepth >= 1) return;
     pointer = the_session.SavedPointer;

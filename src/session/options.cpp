@@ -15,7 +15,7 @@ namespace {
 void (*applied)() = nullptr;
 }
 
-OptionChoice OpenOptions() {
+OptionChoice open_options() {
     OptionChoice c;
     c.reducedPossible =
         legacy::the_substance.Tcrit * legacy::the_substance.pcrit > constants::kPresent;
@@ -31,18 +31,18 @@ OptionChoice OpenOptions() {
     return c;
 }
 
-bool ApplyOptions(const OptionChoice& c) {
+bool apply_options(const OptionChoice& c) {
     const double oldCaloric = the_session.CaloricFactor, oldVolume = the_session.VolumeFactor;
     const std::int16_t caloricUnit = c.specific ? 3 : 0;
     try {
-        const double factor = CaloricFactorOf(caloricUnit, the_session.DiagramT);
+        const double factor = caloric_factor_of(caloricUnit, the_session.DiagramT);
         the_session.UnitsChanged = false;
         the_session.CaloricUnit = caloricUnit;
         the_session.UnitMode = c.reduced ? 2 : c.specific ? 1 : 0;
         the_session.CaloricFactor = factor;
-        RefreshUnits();
+        refresh_units();
     } catch (const faults::Fault& fault) {
-        dialogs::Tell(fault.what(), "Execution not possible", dialogs::Icon::Stop);
+        dialogs::tell(fault.what(), "Execution not possible", dialogs::Icon::Stop);
         return false;
     }
     the_session.CurveRealRangeOnly = c.realRange;
@@ -57,7 +57,7 @@ bool ApplyOptions(const OptionChoice& c) {
     return true;
 }
 
-void OnOptionsApplied(void (*listener)()) {
+void on_options_applied(void (*listener)()) {
     applied = listener;
 }
 

@@ -20,14 +20,14 @@ inline constexpr int kMaxPoints = 800;
 
 /// The session's settings as the view opens. Without critical data the unit mode falls back to
 /// molar.
-OptionChoice OpenOptions();
+OptionChoice open_options();
 
 /// Takes a choice over: units and their factors, curve options, the mode of the Calculation menu.
 /// `UnitsChanged` of the session tells whether a factor changed. False when the units cannot be
 /// had (no molar mass): a message tells it and nothing changes.
-bool ApplyOptions(const OptionChoice& choice);
+bool apply_options(const OptionChoice& choice);
 
 /// Who derives the limits of diagrams again after a change; an empty function for none.
-void OnOptionsApplied(void (*listener)());
+void on_options_applied(void (*listener)());
 
 }  // namespace quor::session

@@ -24,10 +24,10 @@ std::string two_digits(int n) {
 
 }  // namespace
 
-const fs::path& ProgramFolder() {
+const fs::path& program_folder() {
     return programFolder;
 }
-const fs::path& WriteFolder() {
+const fs::path& write_folder() {
     return writeFolder;
 }
 
@@ -40,46 +40,46 @@ fs::path shared_folder() {
 
 }  // namespace
 
-fs::path DataFolder() {
+fs::path data_folder() {
     std::error_code ignored;
     return fs::is_directory(shared_folder(), ignored) ? shared_folder() : programFolder;
 }
 
-void SetProgramFolder(const fs::path& folder, const fs::path& userFolder) {
+void set_program_folder(const fs::path& folder, const fs::path& userFolder) {
     programFolder = folder;
     // Nothing is written beside an installed program, not even by an administrator.
-    const bool own = DataFolder() == programFolder && access(folder.c_str(), W_OK) == 0;
+    const bool own = data_folder() == programFolder && access(folder.c_str(), W_OK) == 0;
     writeFolder = own || userFolder.empty() ? folder : userFolder;
     std::error_code ignored;
     fs::create_directories(writeFolder, ignored);
 }
 
-fs::path FindFile(const std::string& name) {
-    if (HasSeparator(name)) return name;
+fs::path find_file(const std::string& name) {
+    if (has_separator(name)) return name;
     std::error_code ignored;
     for (const fs::path& folder : {writeFolder, programFolder, shared_folder()})
         if (fs::exists(folder / name, ignored)) return folder / name;
     return programFolder / name;
 }
 
-bool FileExists(const std::string& name) {
+bool file_exists(const std::string& name) {
     std::error_code ignored;
-    return !name.empty() && fs::is_regular_file(FindFile(name), ignored);
+    return !name.empty() && fs::is_regular_file(find_file(name), ignored);
 }
 
-bool HasSeparator(const std::string& path) {
+bool has_separator(const std::string& path) {
     return path.find_first_of("/\\") != std::string::npos;
 }
 
-std::string FileTitle(const std::string& path) {
+std::string file_title(const std::string& path) {
     return path.substr(path.find_last_of("/\\") + 1);
 }
 
-std::string FolderOf(const std::string& path) {
+std::string folder_of(const std::string& path) {
     return path.substr(0, path.find_last_of("/\\") + 1);
 }
 
-std::string ShortDate() {
+std::string short_date() {
     if (!fixedDate.empty()) return fixedDate;
     const std::time_t now = std::time(nullptr);
     std::tm parts{};
@@ -89,12 +89,12 @@ std::string ShortDate() {
     return buffer;
 }
 
-void SetShortDate(const std::string& date) {
+void set_short_date(const std::string& date) {
     fixedDate = date;
 }
 
-std::string NewProtocolFileName() {
-    const std::string date = ShortDate();
+std::string new_protocol_file_name() {
+    const std::string date = short_date();
     const std::string day = date.substr(date.size() - 2) + date.substr(0, 2) + date.substr(3, 2);
     std::error_code ignored;
     for (int n = 1;; ++n) {
@@ -103,7 +103,7 @@ std::string NewProtocolFileName() {
     }
 }
 
-std::string ShortenPath(const std::string& Path, int MaxLength) {
+std::string shorten_path(const std::string& Path, int MaxLength) {
     const int length = static_cast<int>(Path.size());
     if (length <= MaxLength) return Path;
     // Positions are counted from 1.

@@ -14,7 +14,7 @@ struct ProjectHooks {
     std::function<void()> save;                          ///< asks for a name and writes
 };
 
-inline ProjectHooks& projectHooks() {
+inline ProjectHooks& project_hooks() {
     static ProjectHooks hooks;
     return hooks;
 }

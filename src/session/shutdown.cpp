@@ -15,7 +15,7 @@ void delete_empty_protocol() {
     namespace fs = std::filesystem;
     const std::string& name = legacy::the_session.ProtocolFile;
     if (name.empty()) return;
-    const fs::path file = HasSeparator(name) ? fs::path(name) : WriteFolder() / name;
+    const fs::path file = has_separator(name) ? fs::path(name) : write_folder() / name;
     std::error_code failed;
     if (fs::is_regular_file(file, failed) && fs::file_size(file, failed) == 0 && !failed)
         fs::remove(file, failed);
@@ -23,13 +23,13 @@ void delete_empty_protocol() {
 
 }  // namespace
 
-ShutdownHooks& shutdownHooks() {
+ShutdownHooks& shutdown_hooks() {
     static ShutdownHooks hooks;
     return hooks;
 }
 
 void Shutdown() {
-    const ShutdownHooks& hooks = shutdownHooks();
+    const ShutdownHooks& hooks = shutdown_hooks();
     if (legacy::the_session.ProtocolPending) call(hooks.writeProtocol);
     delete_empty_protocol();
     if (!legacy::the_session.DatabaseFile.empty() && hooks.saveLastSession)

@@ -14,7 +14,7 @@ struct ShutdownHooks {
     std::function<void()> closeHelp;   ///< closes all help windows
 };
 
-ShutdownHooks& shutdownHooks();
+ShutdownHooks& shutdown_hooks();
 
 /// The end of a session: pending protocol data are written, an empty protocol file is deleted, the
 /// session is saved as a project when a database is open, files and help windows are closed.

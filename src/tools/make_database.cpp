@@ -21,13 +21,13 @@ int fail(const std::string& message) {
 }
 
 int make_database(const std::string& tablePath, const std::string& databasePath) {
-    const datafiles::FileContent file = datafiles::ReadWhole(tablePath);
+    const datafiles::FileContent file = datafiles::read_whole(tablePath);
     if (!file.error.empty()) return fail(file.error);
-    const datafiles::DatabaseTable table = datafiles::ReadDatabaseTable(file.bytes);
+    const datafiles::DatabaseTable table = datafiles::read_database_table(file.bytes);
     for (const std::string& error : table.errors) fail(tablePath + ": " + error);
     if (!table.errors.empty()) return kBadTable;
     const std::string error =
-        datafiles::WriteWhole(databasePath, datafiles::DatabaseBytes(table.records));
+        datafiles::write_whole(databasePath, datafiles::database_bytes(table.records));
     if (!error.empty()) return fail(error);
     std::printf("%zu substances written to %s\n", table.records.size(), databasePath.c_str());
     return 0;

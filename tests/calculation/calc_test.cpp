@@ -21,14 +21,14 @@ void CalcTest::use_fluid(std::string_view name) {
 void CalcTest::use_models(const Models& m) {
     models::ModelSelection& models = legacy::the_models;
     models.EOSModel = m.eos;
-    models.EOSOnlyV = models::IsVOnlyEOS(m.eos);
+    models.EOSOnlyV = models::is_v_only_eos(m.eos);
     models.VPCode = m.vp;
-    models.VPModel = models::VPIndex(m.vp);
+    models.VPModel = models::vp_index(m.vp);
     models.PriorityCEOS = m.priority && !models.EOSOnlyV;
     models.HLVModel = m.hlv;
     models.WatsonN = 0.38F;
     models.CpModel = m.cp;
-    models::CalcEOSParameters(m.eos);
+    models::calc_eos_parameters(m.eos);
     if (m.eos == 10) {
         legacy::the_eosParameters.eosB0 = 0.09;
         legacy::the_eosParameters.eosNB = 3.0e4;
@@ -42,8 +42,8 @@ void CalcTest::use_units(int mode) {
 }
 
 void CalcTest::use_benson_reference() {
-    the_session.BensonReference = models::ProposeBensonReference().point;
-    the_session.BensonReferenceValid = calculation::IsBensonReferenceGiven();
+    the_session.BensonReference = models::propose_benson_reference().point;
+    the_session.BensonReferenceValid = calculation::is_benson_reference_given();
 }
 
 void CalcTest::use_input(const calculation::BatchDataSet& set, bool batch) {
@@ -60,7 +60,7 @@ calculation::CalcCall CalcTest::calculate(std::int16_t mode, bool quiet, bool in
                                .Index = the_session.DataSetIndex,
                                .Quiet = quiet,
                                .Interactive = interactive,
-                               .Text = calculation::ModeTitle(mode)};
+                               .Text = calculation::mode_title(mode)};
     calculation::CalcBatch(call);
     return call;
 }

@@ -79,12 +79,12 @@ bool specific() {
     return the_session.CaloricUnit == 3;
 }
 bool cubic() {
-    return models::IsCubicEOS(legacy::the_models.EOSModel);
+    return models::is_cubic_eos(legacy::the_models.EOSModel);
 }
 
 double B(double T) {
     models::EOSState state;
-    return models::second_virial(models::CurrentFluid(), legacy::the_models.EOSModel, T, state);
+    return models::second_virial(models::current_fluid(), legacy::the_models.EOSModel, T, state);
 }
 
 /// A phase of the expected state.
@@ -130,7 +130,7 @@ void fail(Work& w, const std::string& message) {
 }
 
 models::StateTP solve(Work& w) {
-    const models::StateTP s = models::solve_state_tp(models::CurrentFluid(), w.T, w.p);
+    const models::StateTP s = models::solve_state_tp(models::current_fluid(), w.T, w.p);
     w.L = {s.hasL, s.vL, s.rhoL};
     w.V = {s.hasV, s.vV, s.rhoV};
     return s;
@@ -144,7 +144,7 @@ void head_of_functions(Work& w) {
     const models::ReferenceState& ref = legacy::the_reference;
     w.r.list.push_back(
         "Model: " + trimmed(std::string(models::EOSName(legacy::the_models.EOSModel))) +
-        "; ideal-gas cp: " + trimmed(std::string(models::CpName(legacy::the_models.CpModel))));
+        "; ideal-gas cp: " + trimmed(std::string(models::cp_name(legacy::the_models.CpModel))));
     w.r.list.push_back("Reference state: h = 0, s = 0, ideal gas at " +
                        at(static_cast<double>(ref.T0), static_cast<double>(ref.p0)));
     w.r.list.push_back("Surroundings for exergies: " + at(ref.Tenv, ref.penv));
@@ -204,9 +204,10 @@ void given_T_rho(Work& w, double rho) {
         }
         w.p = R * w.T / (v - b);
     } else {
-        const models::EOSState eos = models::eos_at(models::CurrentFluid(), w.T);
+        const models::EOSState eos = models::eos_at(models::current_fluid(), w.T);
         if (w.T < s.Tcrit) {
-            const models::Saturation sat = models::saturation_pressure(models::CurrentFluid(), w.T);
+            const models::Saturation sat =
+                models::saturation_pressure(models::current_fluid(), w.T);
             w.r.co1 = "vapour pressure by using CEOS: p(LV )= " + pressure(sat.p) + " kPa";
             twoPhase = v >= sat.v[0] && v <= sat.v[2];
             if (twoPhase) {
@@ -245,7 +246,7 @@ void given_T_p(Work& w) {
 void given_p_rho(Work& w, double rho) {
     w.r.par1 = p_text(w.p);
     w.r.par2 = "rho = " + between(rho, 1, 4) + " kg/m^3";
-    w.T = models::temperature_from_p_rho(models::CurrentFluid(), w.p, rho, false).T;
+    w.T = models::temperature_from_p_rho(models::current_fluid(), w.p, rho, false).T;
     w.r.co2 = " T = " + fix(w.T, 3) + " K";
     solve(w);
     density_lines(w);
@@ -273,7 +274,7 @@ void partial_phases(Work& w, double vV) {
 }
 
 void hlv_of_eos(Work& w) {
-    const auto r = models::EnthalpyOfVaporisation(7, w.T, w.p, legacy::the_models.VPCode, false);
+    const auto r = models::enthalpy_of_vaporisation(7, w.T, w.p, legacy::the_models.VPCode, false);
     if (r.status != 0) return;
     w.r.Fu[29] = static_cast<double>(r.h) * caloric_factor();
     w.r.Fu[30] = w.r.Fu[29] / w.T;
@@ -281,7 +282,7 @@ void hlv_of_eos(Work& w) {
 
 void equilibrium(Work& w, bool fromT) {
     const models::SubstanceRecord& s = legacy::the_substance;
-    const models::Fluid fluid = models::CurrentFluid();
+    const models::Fluid fluid = models::current_fluid();
     const std::string& code = legacy::the_models.VPCode;
     w.L.exists = w.V.exists = true;
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
@@ -339,7 +340,7 @@ void equilibrium(Work& w, bool fromT) {
 void vaporisation(Work& w, bool fromT) {
     const std::int16_t method = legacy::the_models.HLVModel;
     const auto r =
-        models::EnthalpyOfVaporisation(method, w.T, w.p, legacy::the_models.VPCode, false);
+        models::enthalpy_of_vaporisation(method, w.T, w.p, legacy::the_models.VPCode, false);
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     w.T = r.T;
     w.p = r.p;
@@ -383,7 +384,7 @@ void vaporisation(Work& w, bool fromT) {
     }
     if (method != 1) {
         const auto database =
-            models::EnthalpyOfVaporisation(1, w.T, w.p, legacy::the_models.VPCode, false);
+            models::enthalpy_of_vaporisation(1, w.T, w.p, legacy::the_models.VPCode, false);
         list.push_back("(cf. function from data base: " + hLabel + " = " +
                        number(static_cast<double>(database.h) * caloric_factor()));
     }
@@ -457,7 +458,7 @@ void virial_coefficients(Work& w) {
 }
 
 void cubic_block(Work& w) {
-    const models::EOSState s = models::eos_at(models::CurrentFluid(), w.T);
+    const models::EOSState s = models::eos_at(models::current_fluid(), w.T);
     const std::string title = "Paramet. of the generalized cub. EOS (" +
                               trimmed(std::string(models::EOSName(legacy::the_models.EOSModel))) +
                               "):";

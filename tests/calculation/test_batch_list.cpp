@@ -19,7 +19,7 @@ namespace {
 
 using calculation::BatchDataSet;
 using calculation::Deviation;
-using calculation::DeviationText;
+using calculation::deviation_text;
 using calculation::ListForm;
 using legacy::the_session;
 
@@ -41,9 +41,9 @@ class BatchList : public CalcTest {
     }
 
     static calculation::ResultList list(bool extended = false, ListForm form = ListForm::File) {
-        calculation::CalculateAllSets();
-        return calculation::MakeResultList(calculation::ModeTitle(the_session.CalcMode),
-                                           the_session.GlobalCalculation, extended, form);
+        calculation::calculate_all_sets();
+        return calculation::make_result_list(calculation::mode_title(the_session.CalcMode),
+                                             the_session.GlobalCalculation, extended, form);
     }
 
     /// Cells of a table row, by the widths of its columns.
@@ -53,7 +53,7 @@ class BatchList : public CalcTest {
         std::vector<std::string> all;
         std::size_t at = 0;
         for (const std::size_t width : kWidths) {
-            all.push_back(at < line.size() ? text::Trim(line.substr(at, width)) : "");
+            all.push_back(at < line.size() ? text::trim(line.substr(at, width)) : "");
             at += width;
         }
         return all;
@@ -73,13 +73,13 @@ TEST_F(BatchList, DeviationNeedsBothValues) {
 }
 
 TEST_F(BatchList, DeviationIsWrittenWithAPoint) {
-    EXPECT_EQ(DeviationText(2.5F), "(2.5 %)");
-    EXPECT_EQ(DeviationText(-12.346F), "(-12.35 %)");
-    EXPECT_EQ(DeviationText(499.99F), "(499.99 %)");
-    EXPECT_EQ(DeviationText(500.0F), "(dev.> 500%!)");
-    EXPECT_EQ(DeviationText(-500.0F), "(dev.> 500%!)");
+    EXPECT_EQ(deviation_text(2.5F), "(2.5 %)");
+    EXPECT_EQ(deviation_text(-12.346F), "(-12.35 %)");
+    EXPECT_EQ(deviation_text(499.99F), "(499.99 %)");
+    EXPECT_EQ(deviation_text(500.0F), "(dev.> 500%!)");
+    EXPECT_EQ(deviation_text(-500.0F), "(dev.> 500%!)");
     numbers::set_decimal_mark(',');
-    EXPECT_EQ(DeviationText(2.5F), "(2.5 %)");
+    EXPECT_EQ(deviation_text(2.5F), "(2.5 %)");
 }
 
 TEST_F(BatchList, HeadAndColumnsOfTheFile) {
@@ -126,7 +126,9 @@ TEST_F(BatchList, PrintedFormHasItsOwnHead) {
 }
 
 TEST_F(BatchList, RowsCompareCalculatedWithMeasuredValues) {
-    const auto at = [](double T) { return models::saturation_pressure(models::CurrentFluid(), T); };
+    const auto at = [](double T) {
+        return models::saturation_pressure(models::current_fluid(), T);
+    };
     const double M = static_cast<double>(legacy::the_substance.M);
     const auto s300 = at(300), s320 = at(320);
     // 10 % above and 4 % below the calculated pressures; one liquid density, far too large.
@@ -159,13 +161,13 @@ TEST_F(BatchList, RowsCompareCalculatedWithMeasuredValues) {
     EXPECT_FALSE(result.means[calculation::kRhoL].value());
     const std::string& means = result.lines[15];
     EXPECT_EQ(means.substr(0, 36), "arithmet. mean of ABS(%-deviations):");
-    EXPECT_EQ(text::Trim(means.substr(36)), "7.00%");
+    EXPECT_EQ(text::trim(means.substr(36)), "7.00%");
 }
 
 TEST_F(BatchList, FunctionsOfModeEightStandBelowTheirSet) {
     use_sets(8, {{0, 300, 500}});
     const auto lines = list().lines;
-    const auto state = models::solve_state_tp(models::CurrentFluid(), 300.0, 500.0);
+    const auto state = models::solve_state_tp(models::current_fluid(), 300.0, 500.0);
     const auto z = models::StateFunctions(300, 500, state.v[2]);
     EXPECT_EQ(lines[8], "Model: CEOS Peng / Robinson; ideal-gas cp: sinh/cosh equation");
     EXPECT_EQ(lines[9], "Reference state: h = 0, s = 0, ideal gas at 298.15 K, 101.325 kPa");
@@ -211,7 +213,7 @@ TEST_F(BatchList, ExtendedPartHasAllFunctionsOfASet) {
         EXPECT_EQ(page[4], file
                                ? std::string(30, ' ') + "L-phase" + std::string(13, ' ') + "V-phase"
                                : std::string(36, ' ') + "L" + std::string(19, ' ') + "V");
-        const auto state = models::solve_state_tp(models::CurrentFluid(), 300.0, 500.0);
+        const auto state = models::solve_state_tp(models::current_fluid(), 300.0, 500.0);
         const auto V = models::ResidualFunctions(300, 500, state.v[2]);
         EXPECT_EQ(page[6],
                   " (dp/dV) at T  : " + std::string(29, ' ') + expected::signed_exp(V.first[1]));
@@ -247,11 +249,11 @@ TEST_F(BatchList, EveryModeMakesAList) {
 
 TEST_F(BatchList, FileNameGetsFolderAndExtension) {
     use_sets(3, {{0, 300, 500}});
-    EXPECT_TRUE(calculation::ResultFile("one", " T, p => rho", true, false));
+    EXPECT_TRUE(calculation::result_file("one", " T, p => rho", true, false));
     EXPECT_TRUE(std::filesystem::exists(folder() / "one.LST"));
-    EXPECT_TRUE(calculation::ResultFile("two.TXT", " T, p => rho", true, false));
+    EXPECT_TRUE(calculation::result_file("two.TXT", " T, p => rho", true, false));
     EXPECT_TRUE(std::filesystem::exists(folder() / "two.TXT"));
-    EXPECT_TRUE(calculation::ResultFile((folder() / "three").string(), "x", true, false));
+    EXPECT_TRUE(calculation::result_file((folder() / "three").string(), "x", true, false));
     EXPECT_TRUE(std::filesystem::exists(folder() / "three.LST"));
 }
 
@@ -265,19 +267,19 @@ TEST_F(BatchList, FiveThousandSetsTakeSecondsAndLeaveTheSession) {
     the_session.OutputPage = 4;
     the_session.EquilibriumFunctions = true;
     calculate(8);
-    const std::string text = calculation::ResultAsText(calculation::resultText);
+    const std::string text = calculation::result_as_text(calculation::resultText);
     const auto Fu = legacy::the_Fu;
     const calculation::LastState last = legacy::the_lastState;
     const legacy::Session before = the_session;
 
     const auto start = std::chrono::steady_clock::now();
-    ASSERT_TRUE(calculation::ResultFile("all", calculation::ModeTitle(3), true, true));
-    calculation::PrintResult(calculation::ModeTitle(3), true, true);
+    ASSERT_TRUE(calculation::result_file("all", calculation::mode_title(3), true, true));
+    calculation::print_result(calculation::mode_title(3), true, true);
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
     EXPECT_LT(took.count(), 20.0) << "with both pages and a debug build";
     RecordProperty("seconds", std::to_string(took.count()));
 
-    EXPECT_EQ(calculation::ResultAsText(calculation::resultText), text);
+    EXPECT_EQ(calculation::result_as_text(calculation::resultText), text);
     EXPECT_EQ(legacy::the_Fu, Fu);
     EXPECT_EQ(legacy::the_lastState.v, last.v);
     EXPECT_EQ(legacy::the_BatchData[0].T, 333);
@@ -296,10 +298,10 @@ TEST_F(BatchList, TroubleOfAllSetsIsToldOnce) {
     use_sets(3, std::vector<BatchDataSet>(50, {0, 300, 500, 0, 0, 0, 0}));
     use_units(1);
     legacy::the_substance.M = 0;
-    calculation::CalculateAllSets();
+    calculation::calculate_all_sets();
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "Division by zero");
-    const auto result = calculation::MakeResultList("x", true, false, ListForm::File);
+    const auto result = calculation::make_result_list("x", true, false, ListForm::File);
     for (const auto& mean : result.means) EXPECT_FALSE(mean.value());
 }
 

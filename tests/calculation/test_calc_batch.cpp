@@ -126,7 +126,7 @@ TEST_F(CalcBatch, CloseToTheCriticalPointIsNamed) {
 }
 
 TEST_F(CalcBatch, HalfwayBetweenTheVolumesHalfIsVapour) {
-    const auto sat = models::saturation_pressure(models::CurrentFluid(), 310.0);
+    const auto sat = models::saturation_pressure(models::current_fluid(), 310.0);
     const double v = 0.5 * (sat.v[0] + sat.v[2]);
     use_input(
         {.T = 310, .rhoV = static_cast<float>(static_cast<double>(legacy::the_substance.M) / v)});
@@ -135,7 +135,7 @@ TEST_F(CalcBatch, HalfwayBetweenTheVolumesHalfIsVapour) {
     ASSERT_FALSE(lines().empty());
     const std::string label = std::string(22, ' ') + "Vapour fraction y(V) = ";
     ASSERT_EQ(lines()[0].substr(0, label.size()), label);
-    EXPECT_NEAR(numbers::Val(lines()[0].substr(label.size())), 0.5, 1e-7);
+    EXPECT_NEAR(numbers::val(lines()[0].substr(label.size())), 0.5, 1e-7);
 }
 
 TEST_F(CalcBatch, VirialVolumeBelowBHasNoPressure) {
@@ -235,22 +235,22 @@ TEST_F(CalcBatch, NamesTheRegionAndItsColumns) {
 TEST_F(CalcBatch, CaptionsStandAboveTheirColumns) {
     use_input({.T = 300, .p = 997.43});
     calculate(4);
-    const std::string header = calculation::PhaseHeader(resultText);
+    const std::string header = calculation::phase_header(resultText);
     EXPECT_EQ(header, std::string(47, ' ') + "L-Phase" + std::string(13, ' ') + "V-Phase");
     EXPECT_EQ(header.size(), lines()[1].size());
     use_input({.T = Tc() + 10, .p = pc() + 10});
     calculate(3);
-    EXPECT_EQ(calculation::PhaseHeader(resultText),
+    EXPECT_EQ(calculation::phase_header(resultText),
               std::string(44, ' ') + "L-Phase identical with V-Phase");
 }
 
 TEST_F(CalcBatch, CopiesAsTextAndAsTable) {
     use_input({.T = 300, .p = 100});
     calculate(3);
-    const std::string text = calculation::ResultAsText(resultText);
+    const std::string text = calculation::result_as_text(resultText);
     EXPECT_EQ(text.substr(0, text.find('\n')), "T = 300.000 K");
-    EXPECT_NE(text.find(calculation::PhaseHeader(resultText) + "\ndensity "), std::string::npos);
-    const std::string table = calculation::ResultAsTable(resultText);
+    EXPECT_NE(text.find(calculation::phase_header(resultText) + "\ndensity "), std::string::npos);
+    const std::string table = calculation::result_as_table(resultText);
     EXPECT_NE(table.find("\n\tL-Phase\tV-Phase\ndensity          rho/ (kg/m^3)  =\t\t"),
               std::string::npos)
         << table;

@@ -100,7 +100,7 @@ TEST_F(CalcFaults, NoSubstanceAndNoCubicModelMissesAnEquilibrium) {
             use_models({.eos = eos, .vp = "000"});
             for (const double Tr : {0.35, 0.45, 0.6, 0.7, 0.8, 0.9, 0.97, 0.995}) {
                 const double T = Tr * s.Tcrit;
-                const auto sat = models::saturation_pressure(models::CurrentFluid(), T);
+                const auto sat = models::saturation_pressure(models::current_fluid(), T);
                 ASSERT_EQ(sat.status, 0);
                 if (sat.p < 1e-5) continue;  // a p below 1E-6 kPa counts as not given
                 SCOPED_TRACE(testing::Message() << name << " eos " << eos << " Tr " << Tr);

@@ -10,7 +10,7 @@ using namespace quor;
 
 namespace {
 
-using calculation::DiagnoseLastState;
+using calculation::diagnose_last_state;
 using calculation::Diagnosis;
 
 /// The explanation of the roots of the cubic EOS.
@@ -24,7 +24,7 @@ class DiagnosisTest : public CalcTest {
     static Diagnosis of_state(double T, double p) {
         use_input({.T = T, .p = p});
         calculate(3);
-        return DiagnoseLastState();
+        return diagnose_last_state();
     }
 
     static std::vector<std::string> notes(const Diagnosis& d) {
@@ -52,7 +52,7 @@ TEST_F(DiagnosisTest, ThreeRootsAreNamedByTheirStability) {
         EXPECT_EQ(d.roots[i].caption, "v(" + std::to_string(i + 1) + ") =");
         EXPECT_EQ(d.roots[i].value, expected::g7(legacy::the_lastState.v[i]) + " m^3/kmol");
         EXPECT_NEAR(
-            models::cubic_pressure(models::eos_at(models::CurrentFluid(), 300), 300, d.roots[i].v),
+            models::cubic_pressure(models::eos_at(models::current_fluid(), 300), 300, d.roots[i].v),
             500, 1e-3);
     }
     EXPECT_EQ(notes(d), (Notes{"(metastable)", "(unstable)", "(stable, V-phase)"}));
@@ -60,7 +60,7 @@ TEST_F(DiagnosisTest, ThreeRootsAreNamedByTheirStability) {
               (Notes{"(stable, L-phase)", "(unstable)", "(metastable)"}));
     use_input({.T = 300});
     calculate(4);
-    EXPECT_EQ(notes(DiagnoseLastState()),
+    EXPECT_EQ(notes(diagnose_last_state()),
               (Notes{"(stable, L-phase)", "(unstable)", "(stable, V-phase)"}));
 }
 
@@ -79,7 +79,7 @@ TEST_F(DiagnosisTest, AreasAreEqual) {
             SCOPED_TRACE(testing::Message() << eos << " " << T);
             use_models({.eos = eos});
             const Diagnosis d = of_state(T, 600);
-            const auto sat = models::saturation_pressure(models::CurrentFluid(), T);
+            const auto sat = models::saturation_pressure(models::current_fluid(), T);
             EXPECT_DOUBLE_EQ(d.saturationPressure, sat.p);
             const double below = area(d.areaBelow, sat.p), above = area(d.areaAbove, sat.p);
             EXPECT_LT(below, 0);
@@ -110,7 +110,7 @@ TEST_F(DiagnosisTest, IsothermCoversTheRootsAndStaysInTheWindow) {
 TEST_F(DiagnosisTest, WithoutAStateThereIsNothingToShow) {
     use_input({});
     calculate(3);
-    const Diagnosis d = DiagnoseLastState();
+    const Diagnosis d = diagnose_last_state();
     EXPECT_TRUE(d.roots.empty() && d.isotherm.empty());
     use_models({.eos = 16});
     EXPECT_TRUE(of_state(300, 100).roots.empty());

@@ -50,8 +50,8 @@ TEST_F(ExtendedPages, ResidualFunctionsOfBothPhases) {
     the_session.OutputPage = 2;
     use_input({.T = 300});
     calculate(4);
-    const auto sat = models::saturation_pressure(models::CurrentFluid(), 300.0);
-    const auto state = models::solve_state_tp(models::CurrentFluid(), 300.0, sat.p);
+    const auto sat = models::saturation_pressure(models::current_fluid(), 300.0);
+    const auto state = models::solve_state_tp(models::current_fluid(), 300.0, sat.p);
     const auto L = table_at(300, sat.p, state.v[0]), V = table_at(300, sat.p, state.v[2]);
     const std::string stars(74, '*'), mechanical(68, '*');
     std::vector<std::string> e = {
@@ -92,7 +92,7 @@ TEST_F(ExtendedPages, OnePhaseLeavesTheOtherColumnEmpty) {
     the_session.OutputPage = 4;
     use_input({.T = 300, .p = 500});
     calculate(3);
-    const auto state = models::solve_state_tp(models::CurrentFluid(), 300.0, 500.0);
+    const auto state = models::solve_state_tp(models::current_fluid(), 300.0, 500.0);
     const auto V = table_at(300, 500, state.v[2]);
     EXPECT_TRUE(has_line(row("     ln (phi*) : ", "", "", signed_exp(V.residual[0]))));
     EXPECT_TRUE(has_line(row(" (dp/dV) at T  : ", "", "", signed_exp(V.first[1]))));
@@ -107,7 +107,7 @@ TEST_F(ExtendedPages, OnePhaseLeavesTheOtherColumnEmpty) {
 }
 
 TEST_F(ExtendedPages, DerivativesFollowTheUnitOfVolume) {
-    const auto state = models::solve_state_tp(models::CurrentFluid(), 300.0, 500.0);
+    const auto state = models::solve_state_tp(models::current_fluid(), 300.0, 500.0);
     const auto V = table_at(300, 500, state.v[2]);
     const double M = static_cast<double>(legacy::the_substance.M);
     const auto points = models::InflexionPoints(300.0);
@@ -161,8 +161,8 @@ TEST_F(ExtendedPages, FunctionsOfTheEquilibrium) {
         use_units(unit);
         use_input({.T = 300});
         calculate(4);
-        const auto sat = models::saturation_pressure(models::CurrentFluid(), 300.0);
-        const auto state = models::solve_state_tp(models::CurrentFluid(), 300.0, sat.p);
+        const auto sat = models::saturation_pressure(models::current_fluid(), 300.0);
+        const auto state = models::solve_state_tp(models::current_fluid(), 300.0, sat.p);
         const auto L = models::StateFunctions(300, sat.p, state.v[0]);
         const auto V = models::StateFunctions(300, sat.p, state.v[2]);
         const double f = unit == 1 ? 1.0 / static_cast<double>(legacy::the_substance.M) : 1.0;

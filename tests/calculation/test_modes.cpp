@@ -71,7 +71,7 @@ TEST_F(Modes, PressureFromTAndDensityOfCubicModels) {
         use_models({.eos = eos});
         for_all_units([&] {
             for (const double Tr : {0.6, 0.86, 0.97}) {
-                const auto sat = models::saturation_pressure(models::CurrentFluid(), Tr * Tc());
+                const auto sat = models::saturation_pressure(models::current_fluid(), Tr * Tc());
                 ASSERT_EQ(sat.status, 0);
                 for (const double v : {1.7 * sat.v[2], 0.4 * sat.v[0] + 0.6 * sat.v[2],
                                        0.9 * sat.v[0] + 0.1 * sat.v[2], 0.995 * sat.v[0]}) {
@@ -105,8 +105,8 @@ TEST_F(Modes, StateAtTAndP) {
             expect_text(3, given(0.8 * Tc(), 0.005));
             if (!legacy::the_models.EOSOnlyV) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
             expect_text(3, given(1.2 * Tc(), 0.5 * pc()));
-            if (models::IsCubicEOS(eos)) expect_text(3, given(0.7 * Tc(), 2 * pc()));
-            if (models::IsCubicEOS(eos)) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
+            if (models::is_cubic_eos(eos)) expect_text(3, given(0.7 * Tc(), 2 * pc()));
+            if (models::is_cubic_eos(eos)) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
         });
     }
 }
@@ -118,8 +118,8 @@ TEST_F(Modes, TemperatureAtPAndDensity) {
         for_all_units([&] {
             expect_text(13, given(0, 300, 3.0));
             expect_text(13, given(0, 900, 8.0));
-            if (models::IsCubicEOS(eos)) expect_text(13, given(0, 1500, 120.0));
-            if (models::IsCubicEOS(eos)) expect_text(13, given(0, 6000, 150.0));
+            if (models::is_cubic_eos(eos)) expect_text(13, given(0, 1500, 120.0));
+            if (models::is_cubic_eos(eos)) expect_text(13, given(0, 6000, 150.0));
         });
     }
 }
@@ -180,7 +180,7 @@ TEST_F(Modes, EnthalpyOfVaporisationByAllMethods) {
         }
 }
 
-TEST_F(Modes, CaloricFunctions) {
+TEST_F(Modes, caloric_functions) {
     for (const std::int16_t eos :
          {kCubic[1], kCubic[3], kCubic[4], kVapourOnly[0], kVapourOnly[5], kVapourOnly[7]})
         for (const std::int16_t cp : {std::int16_t{1}, std::int16_t{2}}) {
@@ -188,8 +188,8 @@ TEST_F(Modes, CaloricFunctions) {
             for_all_units([&] {
                 expect_text(8, given(0.75 * Tc(), 100));
                 expect_text(8, given(1.2 * Tc(), 2000));
-                if (models::IsCubicEOS(eos)) expect_text(8, given(0.75 * Tc(), 3000));
-                if (models::IsCubicEOS(eos)) expect_text(8, given(1.05 * Tc(), 6000));
+                if (models::is_cubic_eos(eos)) expect_text(8, given(0.75 * Tc(), 3000));
+                if (models::is_cubic_eos(eos)) expect_text(8, given(1.05 * Tc(), 6000));
             });
         }
 }
@@ -214,7 +214,7 @@ TEST_F(Modes, TellTheSameWithADecimalComma) {
             expect_text(3, given(320, 300.5));
             expect_text(8, given(320, 300.5));
             expect_text(13, given(0, 300.5, 4.75));
-            if (models::IsCubicEOS(eos)) expect_text(4, given(320.25, 0));
+            if (models::is_cubic_eos(eos)) expect_text(4, given(320.25, 0));
             expect_text(11, given(320.25, 0));
         });
     }

@@ -40,7 +40,7 @@ class ResultViewTest : public CalcTest {
 
     static ResultView open(std::int16_t mode) {
         the_session.CalcMode = mode;
-        return calculation::OpenResultView();
+        return calculation::open_result_view();
     }
 };
 
@@ -58,14 +58,14 @@ TEST_F(ResultViewTest, TitlesNameTheCalculation) {
         {12, "Polytropic process"},
         {11, "Comparison of Virial Coefficients"}};
     for (const auto& [mode, title] : titles) {
-        EXPECT_EQ(calculation::ModeTitle(static_cast<std::int16_t>(mode)), title);
-        EXPECT_EQ(calculation::ResultCaption(static_cast<std::int16_t>(mode)),
+        EXPECT_EQ(calculation::mode_title(static_cast<std::int16_t>(mode)), title);
+        EXPECT_EQ(calculation::result_caption(static_cast<std::int16_t>(mode)),
                   std::string("Result of the Calculation: ") + title);
     }
-    EXPECT_EQ(calculation::ResultCaption(9), "Phases and Pressure in a Tank (global calculation)");
+    EXPECT_EQ(calculation::result_caption(9), "Phases and Pressure in a Tank (global calculation)");
     the_session.GlobalCalculation = false;
-    EXPECT_EQ(calculation::ModeTitle(4), " T => p(LV) (partial calculation)");
-    EXPECT_EQ(calculation::ResultCaption(10),
+    EXPECT_EQ(calculation::mode_title(4), " T => p(LV) (partial calculation)");
+    EXPECT_EQ(calculation::result_caption(10),
               "Phases and Pressure in a Tank (partial calculation, rho_L  by BENSON's method)");
 }
 
@@ -120,18 +120,18 @@ TEST_F(ResultViewTest, StepsOverInactiveSetsAndBeepsAtTheEnds) {
     use_sets({{0, 290, 100}, {-1, 300, 100}, {0, 310, 100}, {-1, 320, 100}});
     ResultView view = open(3);
     EXPECT_EQ(the_session.DataSetIndex, 1);
-    calculation::StepForward(view);
+    calculation::step_forward(view);
     EXPECT_EQ(the_session.DataSetIndex, 3);
     EXPECT_EQ(view.inputCaption, " Specification value from set #3");
     EXPECT_EQ(resultText.par1.text, "T = 310.000 K");
     EXPECT_EQ(user.beeps, 0);
-    calculation::StepForward(view);
+    calculation::step_forward(view);
     EXPECT_EQ(user.beeps, 1);
     EXPECT_EQ(the_session.DataSetIndex, 3);
     EXPECT_EQ(resultText.par1.text, "T = 310.000 K") << "calculates the same set again";
-    calculation::StepBackward(view);
+    calculation::step_backward(view);
     EXPECT_EQ(the_session.DataSetIndex, 1);
-    calculation::StepBackward(view);
+    calculation::step_backward(view);
     EXPECT_EQ(user.beeps, 2);
     EXPECT_EQ(the_session.DataSetIndex, 1);
 }
@@ -146,24 +146,24 @@ TEST_F(ResultViewTest, BatchModeWithoutDataHasNoT) {
 TEST_F(ResultViewTest, PagesFollowTheCheckBoxes) {
     use_sets({{0, 300, 500}});
     ResultView view = open(3);
-    calculation::SetExtendedPages(view, true, false);
+    calculation::set_extended_pages(view, true, false);
     EXPECT_EQ(the_session.OutputPage, 2);
     EXPECT_TRUE(view.funcPrintEnabled);
     EXPECT_TRUE(has_line("Residual Functions:"));
-    calculation::SetExtendedPages(view, false, true);
+    calculation::set_extended_pages(view, false, true);
     EXPECT_EQ(the_session.OutputPage, 3);
     EXPECT_FALSE(has_line("Residual Functions:"));
-    calculation::SetExtendedPages(view, true, true);
+    calculation::set_extended_pages(view, true, true);
     EXPECT_EQ(the_session.OutputPage, 4);
-    calculation::SetExtendedPages(view, false, false);
+    calculation::set_extended_pages(view, false, false);
     EXPECT_EQ(the_session.OutputPage, 1);
     EXPECT_FALSE(view.funcPrintEnabled);
-    calculation::SetEquilibriumFunctions(view, true);
+    calculation::set_equilibrium_functions(view, true);
     EXPECT_TRUE(has_line("                               thermodynamic Fu(T)"));
-    calculation::SetEquilibriumFunctions(view, false);
+    calculation::set_equilibrium_functions(view, false);
     EXPECT_FALSE(has_line("                               thermodynamic Fu(T)"));
     view = open(8);
-    calculation::SetExtendedPages(view, true, false);
+    calculation::set_extended_pages(view, true, false);
     EXPECT_FALSE(view.funcPrintEnabled) << "only for modes below 6";
 }
 
@@ -179,11 +179,11 @@ TEST_F(ResultViewTest, SeparatorShowsAndSets) {
         the_session.CsvSeparator = separator;
         EXPECT_EQ(open(3).separatorIndex, index);
     }
-    calculation::ChooseSeparator(2);
+    calculation::choose_separator(2);
     EXPECT_EQ(the_session.CsvSeparator, '\t');
-    calculation::ChooseSeparator(1);
+    calculation::choose_separator(1);
     EXPECT_EQ(the_session.CsvSeparator, ',');
-    calculation::ChooseSeparator(0);
+    calculation::choose_separator(0);
     EXPECT_EQ(the_session.CsvSeparator, ';');
 }
 
@@ -195,21 +195,21 @@ TEST_F(ResultViewTest, LoadWritesAListAndClosesTheViews) {
     use_sets({{0, 300, 500, 11.0F}});
     const ResultView view = open(3);
     user.fileAnswers = {std::nullopt, (folder() / "list").string()};
-    EXPECT_FALSE(calculation::FinishResultView(view, calculation::ListTarget::File, false));
+    EXPECT_FALSE(calculation::finish_result_view(view, calculation::ListTarget::File, false));
     EXPECT_EQ(closed, 0) << "a cancel leaves the view open";
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_EQ(user.files[0].title, "Save QUOR result list as ...");
     EXPECT_EQ(user.files[0].filter, "Result file (*.LST)|*.LST");
     EXPECT_EQ(user.files[0].defaultExtension, ".LST");
     EXPECT_TRUE(user.files[0].save && user.files[0].overwritePrompt);
-    EXPECT_TRUE(calculation::FinishResultView(view, calculation::ListTarget::File, false));
+    EXPECT_TRUE(calculation::finish_result_view(view, calculation::ListTarget::File, false));
     EXPECT_EQ(closed, 2);
     EXPECT_EQ(content_of(folder() / "list.LST").substr(0, 29), "QUOR Results of Calculation\r\n");
-    EXPECT_TRUE(calculation::FinishResultView(view, calculation::ListTarget::Printer, false));
+    EXPECT_TRUE(calculation::finish_result_view(view, calculation::ListTarget::Printer, false));
     ASSERT_EQ(user.prints.size(), 1U);
     EXPECT_EQ(user.prints[0].font, "COURIER");
     EXPECT_EQ(user.prints[0].text.substr(0, 29), "QUOR: Results of Calculation\n");
-    EXPECT_TRUE(calculation::FinishResultView(view, calculation::ListTarget::None, false));
+    EXPECT_TRUE(calculation::finish_result_view(view, calculation::ListTarget::None, false));
     calculation::views() = before;
 }
 
@@ -217,20 +217,20 @@ TEST_F(ResultViewTest, UnwritableListTellsAndLeavesTheViewOpen) {
     use_sets({{0, 300, 500}});
     const ResultView view = open(3);
     user.fileAnswers = {(folder() / "no" / "such" / "folder.LST").string()};
-    EXPECT_FALSE(calculation::FinishResultView(view, calculation::ListTarget::File, false));
+    EXPECT_FALSE(calculation::finish_result_view(view, calculation::ListTarget::File, false));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_NE(user.lastText().find("folder.LST"), std::string::npos);
 }
 
 TEST_F(ResultViewTest, IsoCalculatorNeedsTAndP) {
-    EXPECT_FALSE(calculation::PrepareIsoCalculator("", "0"));
+    EXPECT_FALSE(calculation::prepare_iso_calculator("", "0"));
     EXPECT_EQ(user.lastText(), "not yet a T|p value available!");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_TRUE(calculation::PrepareIsoCalculator("300", "500,5"));
+    EXPECT_TRUE(calculation::prepare_iso_calculator("300", "500,5"));
     EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].p, 500.5);
     use_sets({{0, 310, 700}});
     the_session.DataSetIndex = 1;
-    EXPECT_TRUE(calculation::PrepareIsoCalculator("", ""));
+    EXPECT_TRUE(calculation::prepare_iso_calculator("", ""));
     EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 310);
 }
 
@@ -244,7 +244,7 @@ class Protocol : public ResultViewTest {
     void write_state(double T, double p) {
         use_input({.T = T, .p = p});
         calculate(3);
-        calculation::AddToProtocol();
+        calculation::add_to_protocol();
     }
 };
 
@@ -254,7 +254,7 @@ TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
     write_state(310.5, 200);
     EXPECT_EQ(the_session.ProtocolOpen, 2);
     EXPECT_TRUE(the_session.ProtocolPending);
-    ASSERT_TRUE(calculation::WriteProtocol());
+    ASSERT_TRUE(calculation::write_protocol());
     const std::string bytes = content_of(folder() / "26151101.CSV");
     EXPECT_NE(bytes.find("\r\n"), std::string::npos);
     const auto rows = file_lines();
@@ -283,10 +283,10 @@ TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
 
 TEST_F(Protocol, NamesStandForTheirIndices) {
     for (std::size_t i = 0; i < 42; ++i) legacy::the_Fu[i] = static_cast<double>(i + 1);
-    calculation::AddToProtocol();
-    ASSERT_TRUE(calculation::WriteProtocol());
+    calculation::add_to_protocol();
+    ASSERT_TRUE(calculation::write_protocol());
     const auto rows = file_lines();
-    const auto names = text::Split(rows[7], ';');
+    const auto names = text::split(rows[7], ';');
     ASSERT_EQ(names.size(), 43U);
     EXPECT_EQ(names[9], "v(V)");
     EXPECT_EQ(names[16], " eU(V)");
@@ -296,15 +296,15 @@ TEST_F(Protocol, NamesStandForTheirIndices) {
     EXPECT_EQ(names[38], "delta(L)");
     EXPECT_EQ(names[41], "B");
     EXPECT_EQ(names[42], "");
-    EXPECT_EQ(text::Split(rows[8], ';')[41], "42");
+    EXPECT_EQ(text::split(rows[8], ';')[41], "42");
 }
 
 TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
     use_input({.T = 300, .p = 100});
     use_units(1);
     calculate(8);
-    calculation::AddToProtocol();
-    ASSERT_TRUE(calculation::WriteProtocol());
+    calculation::add_to_protocol();
+    ASSERT_TRUE(calculation::write_protocol());
     const auto rows = file_lines();
     EXPECT_EQ(rows[3], "units: [T] = K   [p] = kPa   [B] = m^3/kmol    [v] = m^3/kg");
     EXPECT_EQ(rows[4], "specific SI-units for function z: [z] = kJ/kg or kJ/(kg K)");
@@ -320,7 +320,7 @@ TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
 TEST_F(Protocol, DecimalCommaWithCommaWarnsInGermanAndGoesOn) {
     numbers::set_decimal_mark(',');
     the_session.DecimalComma = true;
-    calculation::ChooseSeparator(1);
+    calculation::choose_separator(1);
     write_state(310.5, 200);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
@@ -328,42 +328,42 @@ TEST_F(Protocol, DecimalCommaWithCommaWarnsInGermanAndGoesOn) {
               "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
               "ist nicht mehr Excel-kompatibel.\nsemicolon recommended");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    ASSERT_TRUE(calculation::WriteProtocol());
+    ASSERT_TRUE(calculation::write_protocol());
     EXPECT_EQ(file_lines()[7].substr(0, 10), "310,5,200,");
     user.messages.clear();
-    calculation::ChooseSeparator(0);
+    calculation::choose_separator(0);
     write_state(310.5, 200);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Protocol, OpenNewCopiesTheFileAndTakesANewName) {
     write_state(300, 100);
-    ASSERT_TRUE(calculation::OpenNewProtocol());
+    ASSERT_TRUE(calculation::open_new_protocol());
     EXPECT_EQ(the_session.ProtocolFile, "26151102.CSV");
-    EXPECT_EQ(calculation::ProtocolFileTitle(), "26151102.CSV");
+    EXPECT_EQ(calculation::protocol_file_title(), "26151102.CSV");
     EXPECT_FALSE(the_session.ProtocolPending);
     EXPECT_EQ(the_session.ProtocolOpen, 0);
     EXPECT_TRUE(legacy::the_protocol.empty());
     EXPECT_NE(user.clipboard.find("\r\nT\tp\tv(V)\t\r\n300\t100\t"), std::string::npos);
     write_state(301, 100);
-    ASSERT_TRUE(calculation::OpenNewProtocol());
+    ASSERT_TRUE(calculation::open_new_protocol());
     EXPECT_EQ(user.clipboard.find("\r\n300\t"), std::string::npos) << "a new file starts empty";
 }
 
 TEST_F(Protocol, EmptyFileIsDeleted) {
     std::ofstream(folder() / the_session.ProtocolFile).flush();
     const std::string name = the_session.ProtocolFile;
-    ASSERT_TRUE(calculation::OpenNewProtocol());
+    ASSERT_TRUE(calculation::open_new_protocol());
     EXPECT_FALSE(std::filesystem::exists(folder() / name));
     EXPECT_TRUE(user.clipboard.empty());
     std::ofstream(folder() / the_session.ProtocolFile).flush();
-    calculation::CloseProtocol();
+    calculation::close_protocol();
     EXPECT_FALSE(std::filesystem::exists(folder() / the_session.ProtocolFile));
 }
 
 TEST_F(Protocol, ExitWritesWhatIsPending) {
     write_state(300, 100);
-    calculation::CloseProtocol();
+    calculation::close_protocol();
     EXPECT_FALSE(the_session.ProtocolPending);
     EXPECT_EQ(file_lines()[6], "T;p;v(V);");
 }
@@ -374,17 +374,17 @@ TEST_F(Protocol, WriteProtectedFileLosesNothing) {
     const fs::path file = folder() / the_session.ProtocolFile;
     std::ofstream(file) << "old";
     fs::permissions(file, fs::perms::owner_read);
-    EXPECT_FALSE(calculation::OpenNewProtocol());
+    EXPECT_FALSE(calculation::open_new_protocol());
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_NE(user.lastText().find("26151101.CSV could not be written"), std::string::npos);
     EXPECT_TRUE(the_session.ProtocolPending);
     EXPECT_EQ(legacy::the_protocol.size(), 1U);
     EXPECT_EQ(the_session.ProtocolFile, "26151101.CSV");
     EXPECT_EQ(content_of(file), "old");
-    calculation::CloseProtocol();
+    calculation::close_protocol();
     EXPECT_TRUE(the_session.ProtocolPending);
     fs::permissions(file, fs::perms::owner_all);
-    EXPECT_TRUE(calculation::OpenNewProtocol());
+    EXPECT_TRUE(calculation::open_new_protocol());
     EXPECT_NE(user.clipboard.find("300\t100"), std::string::npos);
 }
 
@@ -394,27 +394,27 @@ TEST_F(Protocol, FolderThatTakesNoFileLosesNothing) {
     // A folder stands where the new content would be written beside the old one.
     const fs::path obstacle = folder() / (the_session.ProtocolFile + ".part");
     fs::create_directory(obstacle);
-    EXPECT_FALSE(calculation::OpenNewProtocol());
+    EXPECT_FALSE(calculation::open_new_protocol());
     EXPECT_TRUE(the_session.ProtocolPending);
     EXPECT_EQ(legacy::the_protocol.size(), 1U);
     EXPECT_FALSE(fs::exists(folder() / the_session.ProtocolFile));
     fs::remove(obstacle);
-    EXPECT_TRUE(calculation::OpenNewProtocol());
+    EXPECT_TRUE(calculation::open_new_protocol());
 }
 
 TEST_F(Protocol, UnwritablePathLosesNothing) {
     write_state(300, 100);
     the_session.ProtocolFile = (folder() / "gone" / "a.CSV").string();
-    EXPECT_FALSE(calculation::OpenNewProtocol());
+    EXPECT_FALSE(calculation::open_new_protocol());
     EXPECT_TRUE(the_session.ProtocolPending);
     EXPECT_EQ(legacy::the_protocol.size(), 1U);
     the_session.ProtocolFile = "26151101.CSV";
-    EXPECT_TRUE(calculation::OpenNewProtocol());
+    EXPECT_TRUE(calculation::open_new_protocol());
 }
 
 TEST_F(Protocol, AValueBeyond32BitsIsRefused) {
     legacy::the_Fu[5] = 1e300;
-    calculation::AddToProtocol();
+    calculation::add_to_protocol();
     EXPECT_EQ(user.lastText(), "Overflow");
     EXPECT_FALSE(the_session.ProtocolPending);
 }

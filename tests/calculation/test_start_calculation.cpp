@@ -30,7 +30,7 @@ class StartCalculation : public CalcTest {
     using Names = std::vector<std::string>;
     Names run(std::int16_t mode) {
         opened.clear();
-        calculation::RunCalculation(mode);
+        calculation::run_calculation(mode);
         return opened;
     }
 
@@ -113,11 +113,11 @@ TEST_F(StartCalculation, PolytropicProcessHasItsOwnView) {
 }
 
 TEST_F(StartCalculation, MenuTellsThatBatchModeHasNoData) {
-    calculation::PrepareCalculationMenu();
+    calculation::prepare_calculation_menu();
     EXPECT_TRUE(user.messages.empty());
     EXPECT_EQ(opened, (Names{"-frmCalcOut", "-frmParinput", "-frmKessel"}));
     the_session.BatchMode = true;
-    calculation::PrepareCalculationMenu();
+    calculation::prepare_calculation_menu();
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(
         user.lastText(),
@@ -133,29 +133,30 @@ TEST_F(StartCalculation, MenuRowsAndModesBelongTogether) {
                                         {6, 5},  {8, 6},   {9, 7},  {11, 8}, {13, 12},
                                         {15, 9}, {16, 10}, {18, 11}};
     for (const auto& [row, mode] : rows)
-        EXPECT_EQ(calculation::ModeOfRow(Menu::Calculation, row), mode);
+        EXPECT_EQ(calculation::mode_of_row(Menu::Calculation, row), mode);
     for (const int separator : {4, 7, 10, 12, 14, 17, 19, -1})
-        EXPECT_EQ(calculation::ModeOfRow(Menu::Calculation, separator), 0);
+        EXPECT_EQ(calculation::mode_of_row(Menu::Calculation, separator), 0);
     const std::pair<int, int> database[] = {{1, 14}, {2, 24}, {3, 15}, {4, 16}, {5, 17}, {6, 18}};
     for (const auto& [row, mode] : database)
-        EXPECT_EQ(calculation::ModeOfRow(Menu::Database, row), mode);
+        EXPECT_EQ(calculation::mode_of_row(Menu::Database, row), mode);
     for (int row = 0; row < 4; ++row)
-        EXPECT_EQ(calculation::ModeOfRow(Menu::Pressure, row), 19 + row);
+        EXPECT_EQ(calculation::mode_of_row(Menu::Pressure, row), 19 + row);
 }
 
 TEST_F(StartCalculation, DatabaseRowsFollowTheData) {
-    using calculation::IsRowPossible;
+    using calculation::is_row_possible;
     using calculation::Menu;
     // Propane has a density, delta(LV)h, cp of the ideal gas, WAG and ALP.
     const bool database[] = {false, true, false, true, true, false, false};
     const bool pressure[] = {false, true, true, false};
     for (int row = 0; row < 7; ++row)
-        EXPECT_EQ(IsRowPossible(Menu::Database, row), database[row]) << row;
+        EXPECT_EQ(is_row_possible(Menu::Database, row), database[row]) << row;
     for (int row = 0; row < 4; ++row)
-        EXPECT_EQ(IsRowPossible(Menu::Pressure, row), pressure[row]) << row;
-    EXPECT_EQ(calculation::VirialRowCaption(), "T => Virial Coefficient B, Parameters of the CEOS");
+        EXPECT_EQ(is_row_possible(Menu::Pressure, row), pressure[row]) << row;
+    EXPECT_EQ(calculation::virial_row_caption(),
+              "T => Virial Coefficient B, Parameters of the CEOS");
     use_models({.eos = 16});
-    EXPECT_EQ(calculation::VirialRowCaption(), "T => Virial Coefficient B");
+    EXPECT_EQ(calculation::virial_row_caption(), "T => Virial Coefficient B");
 }
 
 // ---- PartialChoiceDialog
@@ -166,7 +167,7 @@ using PartialChoice = StartCalculation;
 TEST_F(PartialChoice, CubicEosOffersBothCalculations) {
     the_session.CalcMode = 4;
     the_session.GlobalCalculation = false;
-    auto choice = calculation::OpenPartialChoice();
+    auto choice = calculation::open_partial_choice();
     EXPECT_EQ(choice.title, "Choose \"Global-/Partial Calculation\" for Phase Equilibrium V-L");
     EXPECT_TRUE(the_session.GlobalCalculation);
     EXPECT_EQ(choice.globalIndex, 0);
@@ -179,7 +180,7 @@ TEST_F(PartialChoice, CubicEosOffersBothCalculations) {
                                     "phases L and V "),
               0U);
 
-    calculation::ChooseGlobal(choice, 1);
+    calculation::choose_global(choice, 1);
     EXPECT_FALSE(the_session.GlobalCalculation);
     EXPECT_TRUE(choice.densityFrameVisible && choice.referenceFrameVisible);
     EXPECT_FALSE(choice.databaseEnabled);
@@ -194,16 +195,16 @@ TEST_F(PartialChoice, DatabaseDensityIsOfferedWhereItExists) {
     legacy::the_substance.rhoLTLo = 150;
     legacy::the_substance.rhoLTHi = 360;
     the_session.CalcMode = 4;
-    auto choice = calculation::OpenPartialChoice();
-    calculation::ChooseGlobal(choice, 1);
+    auto choice = calculation::open_partial_choice();
+    calculation::choose_global(choice, 1);
     EXPECT_TRUE(choice.databaseEnabled);
     EXPECT_EQ(choice.databaseRange, "valid in the range T/K =150...360");
-    calculation::ChooseDensity(choice, 1);
+    calculation::choose_density(choice, 1);
     EXPECT_FALSE(the_session.LiquidByBenson);
     EXPECT_FALSE(choice.referenceFrameVisible);
     EXPECT_EQ(choice.lblRhoLimits,
               "The L-density is calculated by means of the database equation rho_L = F(T).");
-    calculation::ChooseDensity(choice, 0);
+    calculation::choose_density(choice, 0);
     EXPECT_TRUE(the_session.LiquidByBenson && choice.referenceFrameVisible);
     EXPECT_EQ(choice.lblRhoLimits, "The L-density is calculated by means of BENSON's method.");
 }
@@ -211,14 +212,14 @@ TEST_F(PartialChoice, DatabaseDensityIsOfferedWhereItExists) {
 TEST_F(PartialChoice, VirialEosRefusesTheGlobalCalculation) {
     use_models({.eos = 16});
     the_session.CalcMode = 5;
-    auto choice = calculation::OpenPartialChoice();
+    auto choice = calculation::open_partial_choice();
     EXPECT_FALSE(the_session.GlobalCalculation);
     EXPECT_EQ(choice.globalIndex, 1);
     EXPECT_EQ(choice.GlobalSit.find(
                   "The selected EOS can only be used for the calculation of the V-phase."),
               0U);
     EXPECT_TRUE(user.messages.empty());
-    calculation::ChooseGlobal(choice, 0);
+    calculation::choose_global(choice, 0);
     EXPECT_EQ(user.lastText(),
               "Global calculation only possible by using a cubic EOS (=> Window \"Models\").");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
@@ -230,7 +231,7 @@ TEST_F(PartialChoice, VapourPressurePriorityLeavesNothingToChoose) {
     use_models({.priority = false});
     the_session.CalcMode = 4;
     the_session.GlobalCalculation = false;
-    const auto choice = calculation::OpenPartialChoice();
+    const auto choice = calculation::open_partial_choice();
     EXPECT_EQ(choice.title, "Situation of Calculation");
     EXPECT_FALSE(choice.choicesVisible || choice.cancelEnabled);
     EXPECT_EQ(choice.GlobalSit,
@@ -244,7 +245,7 @@ TEST_F(PartialChoice, TankIsAlwaysPartial) {
         use_models({.priority = priority});
         the_session.CalcMode = 10;
         the_session.GlobalCalculation = false;
-        const auto choice = calculation::OpenPartialChoice();
+        const auto choice = calculation::open_partial_choice();
         EXPECT_FALSE(the_session.GlobalCalculation);
         EXPECT_FALSE(choice.globalEnabled);
     }
@@ -253,7 +254,7 @@ TEST_F(PartialChoice, TankIsAlwaysPartial) {
 TEST_F(PartialChoice, AssumedEquilibriumAndVaporisationNeedASecondPoint) {
     the_session.CalcMode = 3;
     the_session.AssumedVle = true;
-    auto choice = calculation::OpenPartialChoice();
+    auto choice = calculation::open_partial_choice();
     EXPECT_FALSE(the_session.GlobalCalculation);
     EXPECT_EQ(choice.GlobalSit.find(
                   "Assumption: The specificated values exactly describe the phase equlibrium.\n"),
@@ -262,7 +263,7 @@ TEST_F(PartialChoice, AssumedEquilibriumAndVaporisationNeedASecondPoint) {
     the_session.AssumedVle = false;
     the_session.CalcMode = 6;
     use_models({.hlv = 6});
-    choice = calculation::OpenPartialChoice();
+    choice = calculation::open_partial_choice();
     EXPECT_FALSE(choice.modeFrameVisible);
     EXPECT_TRUE(choice.referenceFrameVisible);
     EXPECT_EQ(choice.GlobalSit.find(
@@ -273,14 +274,14 @@ TEST_F(PartialChoice, AssumedEquilibriumAndVaporisationNeedASecondPoint) {
 TEST_F(PartialChoice, ReferencePointIsProposedApproximatedOrTyped) {
     the_session.CalcMode = 4;
     the_session.BensonReferenceValid = true;
-    auto choice = calculation::OpenPartialChoice();
+    auto choice = calculation::open_partial_choice();
     EXPECT_FALSE(the_session.BensonReferenceValid);
     EXPECT_EQ(the_session.InputSituation, 4);
     EXPECT_FALSE(choice.inputEnabled);
     EXPECT_EQ(
         choice.RefVorschlag.find("Proposal for the reference point according to situation:\n"), 0U);
     EXPECT_FLOAT_EQ(the_session.BensonReference.T, legacy::the_substance.Tboil);
-    EXPECT_TRUE(calculation::IsBensonReferenceGiven());
+    EXPECT_TRUE(calculation::is_benson_reference_given());
 
     calculation::ChooseReference(choice, 1);
     EXPECT_EQ(the_session.BensonReference.p, 101.335F);
@@ -315,43 +316,43 @@ TEST_F(PartialChoice, WithoutDataThereIsNoProposal) {
     legacy::the_substance.Tboil = 0;
     legacy::the_substance.rhoLPar = {};
     the_session.CalcMode = 4;
-    auto choice = calculation::OpenPartialChoice();
-    EXPECT_FALSE(calculation::IsBensonReferenceGiven());
+    auto choice = calculation::open_partial_choice();
+    EXPECT_FALSE(calculation::is_benson_reference_given());
     EXPECT_NE(choice.RefVorschlag.find("No data available"), std::string::npos);
     calculation::ChooseReference(choice, 1);
     EXPECT_EQ(choice.RefVorschlag, "No normal boiling point available");
     opened.clear();
-    calculation::ConfirmPartialChoice(choice);
+    calculation::confirm_partial_choice(choice);
     EXPECT_FALSE(the_session.BensonReferenceValid);
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmCalcOut", "frmParinput"}));
 }
 
 TEST_F(PartialChoice, GoesOnToResultInputOrDiagram) {
     the_session.CalcMode = 5;
-    auto choice = calculation::OpenPartialChoice();
+    auto choice = calculation::open_partial_choice();
     opened.clear();
-    calculation::ConfirmPartialChoice(choice);
+    calculation::confirm_partial_choice(choice);
     EXPECT_TRUE(the_session.BensonReferenceValid);
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmCalcOut", "frmParinput"}));
     EXPECT_EQ(the_session.InputSituation, 105);
 
     the_session.CalcMode = 10;
-    choice = calculation::OpenPartialChoice();
+    choice = calculation::open_partial_choice();
     opened.clear();
-    calculation::ConfirmPartialChoice(choice);
+    calculation::confirm_partial_choice(choice);
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmParinput"}));
     EXPECT_EQ(the_session.InputSituation, 33);
 
     the_session.BatchMode = true;
     the_session.CalcMode = 4;
-    choice = calculation::OpenPartialChoice();
+    choice = calculation::open_partial_choice();
     opened.clear();
-    calculation::ConfirmPartialChoice(choice);
+    calculation::confirm_partial_choice(choice);
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmCalcOut"}));
 
-    choice = calculation::OpenPartialChoice(true);
+    choice = calculation::open_partial_choice(true);
     opened.clear();
-    calculation::ConfirmPartialChoice(choice);
+    calculation::confirm_partial_choice(choice);
     EXPECT_EQ(opened, (Names{"-frmParinput", "diagram"}));
 }
 

@@ -68,7 +68,7 @@ class Tank : public CalcTest {
 
 TEST_F(Tank, DividesItsContentByTheEos) {
     fill(9, 2.0, 200.0, 300.0);
-    const auto sat = models::saturation_pressure(models::CurrentFluid(), 300.0);
+    const auto sat = models::saturation_pressure(models::current_fluid(), 300.0);
     const double rhoL = M() / sat.v[0], rhoV = M() / sat.v[2];
     // Mass balance: VV rhoV + (V - VV) rhoL = m.
     const double VV = (2.0 * rhoL - 200.0) / (rhoL - rhoV);
@@ -87,10 +87,10 @@ TEST_F(Tank, DividesItsContentByThePartialMethod) {
         use_benson_reference();
         fill(10, 1.0, 150.0, 290.0);
         const double p = models::vapour_pressure(legacy::the_substance, 290.0, "WAG").p;
-        const double rhoV = models::solve_state_tp(models::CurrentFluid(), 290.0, p).rhoV;
-        const double rhoL = models::DensityLBenson(290.0, legacy::the_substance.Tcrit,
-                                                   legacy::the_substance.rhocrit, rhoV,
-                                                   the_session.BensonReference);
+        const double rhoV = models::solve_state_tp(models::current_fluid(), 290.0, p).rhoV;
+        const double rhoL = models::density_l_benson(290.0, legacy::the_substance.Tcrit,
+                                                     legacy::the_substance.rhocrit, rhoV,
+                                                     the_session.BensonReference);
         ASSERT_GT(rhoL, 400.0);
         const double VV = (rhoL - 150.0) / (rhoL - rhoV);
         EXPECT_EQ(first_lines(6), content(1.0, 150.0, VV, rhoL, rhoV));
@@ -107,7 +107,7 @@ TEST_F(Tank, PartialMethodTakesTheDatabaseEquation) {
     the_session.LiquidByBenson = false;
     fill(10, 1.0, 150.0, 290.0);
     EXPECT_NEAR(static_cast<double>(legacy::the_currentResult.rhoL), 870.0 - 1.2 * 290.0, 1e-3);
-    EXPECT_EQ(calculation::ModeTitle(10),
+    EXPECT_EQ(calculation::mode_title(10),
               "Phases and Pressure in a Tank (partial calculation, rho_L  (from database)");
 }
 
@@ -128,7 +128,7 @@ TEST_F(Tank, BelowTheVapourDensityItHoldsOnlyVapour) {
         fill(mode, 1.0, 5.0, 300.0);
         EXPECT_DOUBLE_EQ(the_session.tank.level, 0.0);
         EXPECT_EQ(resultText.State, " V ");
-        const double p = models::PressureFromTV(300.0, M() / 5.0).p;
+        const double p = models::pressure_from_tv(300.0, M() / 5.0).p;
         EXPECT_NEAR(static_cast<double>(the_session.tank.p), p, 1e-3);
         EXPECT_EQ(first_lines(6), content(1.0, 5.0, 1.0, 0.0, 5.0));
     }
@@ -151,7 +151,7 @@ TEST_F(Tank, WithoutAVapourPressureThereIsAnError) {
     EXPECT_EQ(fill(10, 1.0, 100.0, 300.0), "ERROR2");
     EXPECT_EQ(resultText.co2.text, " System pressure p/kPa = (Error)");
     EXPECT_TRUE(resultText.co2.red);
-    EXPECT_DOUBLE_EQ(calculation::DescribeTank("ERROR2").level, 100.0);
+    EXPECT_DOUBLE_EQ(calculation::describe_tank("ERROR2").level, 100.0);
 }
 
 TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
@@ -162,7 +162,7 @@ TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
 
 TEST_F(Tank, OverfilledTankOfTheEosIsAnError) {
     EXPECT_EQ(fill(9, 1.0, 900.0, 300.0), "ERROR1");
-    EXPECT_DOUBLE_EQ(calculation::DescribeTank("ERROR1").level, 100.0);
+    EXPECT_DOUBLE_EQ(calculation::describe_tank("ERROR1").level, 100.0);
 }
 
 TEST_F(Tank, VirialModelBelowBIsAnError) {
@@ -171,7 +171,7 @@ TEST_F(Tank, VirialModelBelowBIsAnError) {
     legacy::the_eosParameters.eosNB = 0.0;
     const std::string answer = fill(9, 1.0, 200.0, 300.0);
     EXPECT_EQ(answer, "ERROR3");
-    const calculation::TankPicture picture = calculation::DescribeTank(answer);
+    const calculation::TankPicture picture = calculation::describe_tank(answer);
     EXPECT_TRUE(picture.error);
     EXPECT_EQ(picture.levelText, "Error");
     EXPECT_EQ(picture.pText, " Error: v < B");
@@ -195,7 +195,7 @@ TEST_F(Tank, IncompleteDataEndAtOnce) {
 
 TEST_F(Tank, PictureTellsLevelPressureAndPhases) {
     the_session.tank = {1.0F, 100.0F, 300.0F, 997.4284F, 16.0919};
-    calculation::TankPicture picture = calculation::DescribeTank("");
+    calculation::TankPicture picture = calculation::describe_tank("");
     EXPECT_EQ(picture.title, "Tank Calculation (global method) ");
     EXPECT_EQ(picture.caption, "Cylinder shaped tank");
     EXPECT_EQ(picture.levelText, "Filling level 16.09vol.-%");
@@ -208,7 +208,7 @@ TEST_F(Tank, PictureTellsLevelPressureAndPhases) {
     the_session.GlobalCalculation = false;
     the_session.tank.p = 20000.25F;
     the_session.tank.T = 400.0F;
-    picture = calculation::DescribeTank("");
+    picture = calculation::describe_tank("");
     EXPECT_EQ(picture.title, "Tank Calculation (partial method)");
     EXPECT_EQ(picture.pText, "p = 20000.25 kPa");
     EXPECT_EQ(picture.lowerText, " supercritical");
@@ -225,7 +225,7 @@ TEST_F(Tank, PictureMirrorsTheUpperHalf) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.level);
         the_session.tank.level = c.level;
-        const calculation::TankPicture picture = calculation::DescribeTank("");
+        const calculation::TankPicture picture = calculation::describe_tank("");
         EXPECT_NEAR(picture.section, c.section, 1e-9);
         EXPECT_EQ(picture.mirrored, c.mirrored);
         EXPECT_DOUBLE_EQ(picture.level, std::max(0.0, c.level));

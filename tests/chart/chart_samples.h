@@ -23,7 +23,7 @@ inline chart::MeasureText plainMeasure() {
 /// A curve through the points of a function.
 template <class Function>
 chart::Series curveOf(Function f, double from, double to, int points) {
-    chart::Series series = chart::DefaultCurve(0);
+    chart::Series series = chart::default_curve(0);
     for (int i = 0; i < points; ++i) {
         const double x = from + (to - from) * i / (points - 1);
         series.x.push_back(static_cast<float>(x));

@@ -19,11 +19,11 @@ using chart::SymbolShape;
 
 Chart2D twoCurves() {
     Chart2D c;
-    chart::SeriesAt(c, Group::Curves, 0) =
+    chart::series_at(c, Group::Curves, 0) =
         samples::curveOf([](double x) { return x * x; }, 0, 3, 31);
-    chart::SeriesAt(c, Group::Curves, 1) =
+    chart::series_at(c, Group::Curves, 1) =
         samples::curveOf([](double x) { return 9 - 3 * x; }, 0, 3, 4);
-    chart::Series& set = chart::SeriesAt(c, Group::Points, 0);
+    chart::Series& set = chart::series_at(c, Group::Points, 0);
     set.x = {1, 2};
     set.y = {8, 7};
     c.x.max = 3;
@@ -42,38 +42,38 @@ TEST(Chart2D, ListsOfStylesAreThoseOfTheDesignTabs) {
 
 TEST(Chart2D, NewSlotsHaveDefaultStyles) {
     Chart2D c;
-    chart::SeriesAt(c, Group::Curves, 9).legend = "tenth";
+    chart::series_at(c, Group::Curves, 9).legend = "tenth";
     ASSERT_EQ(c.curves.size(), 10U);
     EXPECT_EQ(c.curves[9].line.pattern, LinePattern::Dashed);
     EXPECT_NE(c.curves[0].line.colour, c.curves[1].line.colour);
     EXPECT_FLOAT_EQ(c.curves[0].line.width, 1.5F);
-    EXPECT_EQ(chart::SeriesAt(c, Group::Points, 0).line.pattern, LinePattern::None);
+    EXPECT_EQ(chart::series_at(c, Group::Points, 0).line.pattern, LinePattern::None);
 }
 
 TEST(Chart2D, ACurveOfSinglePointsShowsDotsUntilItHasASymbol) {
-    Series curve = chart::DefaultCurve(0);
-    EXPECT_EQ(chart::ShownSymbol(curve, Group::Curves), SymbolShape::Hidden);
+    Series curve = chart::default_curve(0);
+    EXPECT_EQ(chart::shown_symbol(curve, Group::Curves), SymbolShape::Hidden);
     curve.line.pattern = LinePattern::None;
-    EXPECT_EQ(chart::ShownSymbol(curve, Group::Curves), SymbolShape::Dot);
+    EXPECT_EQ(chart::shown_symbol(curve, Group::Curves), SymbolShape::Dot);
     curve.symbol = SymbolShape::Star;
-    EXPECT_EQ(chart::ShownSymbol(curve, Group::Curves), SymbolShape::Star);
-    Series set = chart::DefaultPointSet(0);
+    EXPECT_EQ(chart::shown_symbol(curve, Group::Curves), SymbolShape::Star);
+    Series set = chart::default_point_set(0);
     set.symbol = SymbolShape::Hidden;
-    EXPECT_EQ(chart::ShownSymbol(set, Group::Points), SymbolShape::Hidden);
+    EXPECT_EQ(chart::shown_symbol(set, Group::Points), SymbolShape::Hidden);
 }
 
 TEST(Chart2D, TheLegendListsSeriesWithAText) {
     Chart2D c = twoCurves();
-    EXPECT_TRUE(LegendEntries(c).empty());
+    EXPECT_TRUE(legend_entries(c).empty());
     c.points[0].legend = "data";
     c.curves[1].legend = "second";
     const std::vector<chart::SeriesRef> both{{Group::Curves, 1}, {Group::Points, 0}};
-    EXPECT_EQ(LegendEntries(c), both);
+    EXPECT_EQ(legend_entries(c), both);
     c.curves[1].inLegend = false;
-    EXPECT_EQ(LegendEntries(c).size(), 1U);
+    EXPECT_EQ(legend_entries(c).size(), 1U);
     c.points[0].x.clear();
     c.points[0].y.clear();
-    EXPECT_TRUE(LegendEntries(c).empty());
+    EXPECT_TRUE(legend_entries(c).empty());
 }
 
 TEST(Chart2D, SwappingTwiceRestoresTheChart) {
@@ -85,14 +85,14 @@ TEST(Chart2D, SwappingTwiceRestoresTheChart) {
     c.labels[0].x = 2;
     c.labels[0].y = 5;
     const Chart2D before = c;
-    SwapAxes(c);
+    swap_axes(c);
     EXPECT_EQ(c.x.title, "p");
     EXPECT_TRUE(c.x.logarithmic);
     EXPECT_EQ(c.x.titleRotation, before.x.titleRotation);
     EXPECT_EQ(c.curves[0].x, before.curves[0].y);
     EXPECT_EQ(c.labels[0].x, 5);
     EXPECT_EQ(c.x.max, 9);
-    SwapAxes(c);
+    swap_axes(c);
     EXPECT_EQ(c, before);
 }
 
@@ -102,17 +102,17 @@ TEST(Chart2D, DataExtentPassesOverHolesAndReferenceLines) {
     c.curves[0].y.push_back(4);
     c.curves[0].x.push_back(std::numeric_limits<float>::quiet_NaN());
     c.curves[0].y.push_back(1e6F);
-    Series& mark = chart::SeriesAt(c, Group::Curves, 2);
+    Series& mark = chart::series_at(c, Group::Curves, 2);
     mark.x = {1, 1};
     mark.y = {-1e10F, 1e10F};
     mark.isReference = true;
-    const auto extent = DataExtent(c);
+    const auto extent = data_extent(c);
     ASSERT_TRUE(extent);
     EXPECT_EQ(extent->x, (chart::Range{0, 3}));
     EXPECT_EQ(extent->y, (chart::Range{0, 9}));
     c.y.logarithmic = true;
-    EXPECT_GT(DataExtent(c)->y.min, 0);
-    EXPECT_FALSE(DataExtent(Chart2D()));
+    EXPECT_GT(data_extent(c)->y.min, 0);
+    EXPECT_FALSE(data_extent(Chart2D()));
 }
 
 TEST(Chart2D, AWindowThatCannotBeDrawnFollowsTheData) {
@@ -120,13 +120,13 @@ TEST(Chart2D, AWindowThatCannotBeDrawnFollowsTheData) {
     c.x.min = 5;
     c.x.max = 2;
     c.y.max = std::numeric_limits<double>::quiet_NaN();
-    const chart::Window window = ShownWindow(c);
+    const chart::Window window = shown_window(c);
     EXPECT_LE(window.x.min, 0);
     EXPECT_GE(window.x.max, 3);
     EXPECT_GE(window.y.max, 9);
     c = twoCurves();
     c.y.logarithmic = true;  // its lower limit is 0
-    const chart::Range y = ShownWindow(c).y;
+    const chart::Range y = shown_window(c).y;
     EXPECT_GT(y.min, 0);
     EXPECT_DOUBLE_EQ(y.max, 9);
 }
@@ -134,11 +134,11 @@ TEST(Chart2D, AWindowThatCannotBeDrawnFollowsTheData) {
 TEST(Chart2D, FittingHoldsAllPoints) {
     Chart2D c = twoCurves();
     c.points[0].x = {-7.3F, 12.2F};
-    const auto window = FittingWindow(c);
+    const auto window = fitting_window(c);
     ASSERT_TRUE(window);
     EXPECT_LE(window->x.min, -7.3);
     EXPECT_GE(window->x.max, 12.2);
-    EXPECT_FALSE(FittingWindow(Chart2D()));
+    EXPECT_FALSE(fitting_window(Chart2D()));
 }
 
 TEST(Chart2D, TheScaleMapsThereAndBack) {
@@ -171,10 +171,10 @@ TEST(Chart2D, TheNearestPointIsTheNearestOfAll) {
         };
         for (const Series& s : c.curves) look(s);
         look(c.points[0]);
-        const auto near = NearestPoint(c, {x, y, w, h}, 1e6);
+        const auto near = nearest_point(c, {x, y, w, h}, 1e6);
         ASSERT_TRUE(near);
         EXPECT_NEAR(near->distance, best, 1e-6);
-        const Series& s = SeriesOf(c, near->group)[static_cast<std::size_t>(near->series)];
+        const Series& s = series_of(c, near->group)[static_cast<std::size_t>(near->series)];
         const auto i = static_cast<std::size_t>(near->point);
         EXPECT_NEAR(std::hypot(static_cast<double>(s.x[i]) / 3 * w - x,
                                static_cast<double>(s.y[i]) / 9 * h - y),
@@ -186,25 +186,25 @@ TEST(Chart2D, OnlyWhatIsWithinTheLimitIsNear) {
     const Chart2D c = twoCurves();
     // The straight line from (0, 9) to (3, 0) runs through the middle of the plot area.
     const chart::PlotPixel onLine{225, 225, 450, 450};
-    const auto line = NearestSeries(c, onLine, 6);
+    const auto line = nearest_series(c, onLine, 6);
     ASSERT_TRUE(line);
     EXPECT_EQ(line->series, 1);
     EXPECT_NEAR(line->distance, 0, 1e-4);
-    EXPECT_FALSE(NearestPoint(c, onLine, 6));
+    EXPECT_FALSE(nearest_point(c, onLine, 6));
     // 20 pixels square to that line, which falls 450 pixels over 450.
     const double off = 20 / std::sqrt(2.0);
-    EXPECT_NEAR(NearestSeries(c, {225 + off, 225 + off, 450, 450}, 30)->distance, 20, 1e-3);
-    EXPECT_FALSE(NearestSeries(c, {225 + off, 225 + off, 450, 450}, 19));
+    EXPECT_NEAR(nearest_series(c, {225 + off, 225 + off, 450, 450}, 30)->distance, 20, 1e-3);
+    EXPECT_FALSE(nearest_series(c, {225 + off, 225 + off, 450, 450}, 19));
 }
 
 TEST(Chart2D, AHoleInterruptsTheLineForThePointer) {
     Chart2D c;
-    Series& s = chart::SeriesAt(c, Group::Curves, 0);
+    Series& s = chart::series_at(c, Group::Curves, 0);
     s.x = {0, chart::kHole, 1};
     s.y = {0.5F, 0.5F, 0.5F};
-    EXPECT_FALSE(NearestSeries(c, {50, 50, 100, 100}, 10));
+    EXPECT_FALSE(nearest_series(c, {50, 50, 100, 100}, 10));
     s.x[1] = 0.9F;
-    EXPECT_TRUE(NearestSeries(c, {50, 50, 100, 100}, 10));
+    EXPECT_TRUE(nearest_series(c, {50, 50, 100, 100}, 10));
 }
 
 TEST(Chart2D, InvisibleSeriesAndReferenceLinesHaveNoNearestPoint) {
@@ -212,8 +212,8 @@ TEST(Chart2D, InvisibleSeriesAndReferenceLinesHaveNoNearestPoint) {
     c.points.clear();
     c.curves[0].visible = false;
     c.curves[1].isReference = true;
-    EXPECT_FALSE(NearestPoint(c, {0, 0, 100, 100}, 1e5));
-    const auto line = NearestSeries(c, {0, 100, 100, 100}, 1e5);
+    EXPECT_FALSE(nearest_point(c, {0, 0, 100, 100}, 1e5));
+    const auto line = nearest_series(c, {0, 100, 100, 100}, 1e5);
     ASSERT_TRUE(line);
     EXPECT_EQ(line->series, 1);
 }
@@ -228,15 +228,15 @@ TEST(Chart2D, DeletingAPointTakesItsLabelsAndMovesTheOthers) {
         label.text = std::to_string(point);
         c.labels.push_back(label);
     }
-    DeletePoint(c, Group::Curves, 1, 1);
+    delete_point(c, Group::Curves, 1, 1);
     EXPECT_EQ(c.curves[1].x, (std::vector<float>{0, 2, 3}));
     ASSERT_EQ(c.labels.size(), 2U);
     EXPECT_EQ(c.labels[0].point, 0);
     EXPECT_EQ(c.labels[1].text, "2");
     EXPECT_EQ(c.labels[1].point, 1);
     const Chart2D before = c;
-    DeletePoint(c, Group::Curves, 1, 99);
-    DeletePoint(c, Group::Points, 7, 0);
+    delete_point(c, Group::Curves, 1, 99);
+    delete_point(c, Group::Points, 7, 0);
     EXPECT_EQ(c, before);
 }
 
@@ -248,12 +248,12 @@ TEST(Chart2D, AClearedSeriesKeepsItsStyle) {
     label.onPoint = true;
     label.series = 1;
     c.labels.push_back(label);
-    ClearSeries(c, Group::Curves, 1);
+    clear_series(c, Group::Curves, 1);
     EXPECT_TRUE(c.curves[1].x.empty());
     EXPECT_TRUE(c.curves[1].legend.empty());
     EXPECT_TRUE(c.labels.empty());
     EXPECT_FLOAT_EQ(c.curves[1].line.width, 4);
-    ClearSeries(c, Group::Curves, 17);
+    clear_series(c, Group::Curves, 17);
     EXPECT_EQ(c.curves.size(), 2U);
 }
 
@@ -261,7 +261,7 @@ TEST(ChartPlacement, ATextBesideACurveDoesNotCoverIt) {
     Chart2D c = twoCurves();
     const double w = 600, h = 400, tw = 60, th = 14;
     for (const double fraction : {0.1, 0.3, 0.5, 0.7, 0.9}) {
-        const auto spot = SpotAlongCurve(c, 0, fraction, w, h, tw, th);
+        const auto spot = spot_along_curve(c, 0, fraction, w, h, tw, th);
         ASSERT_TRUE(spot);
         const auto point = static_cast<std::size_t>(spot->point);
         const double cx = static_cast<double>(c.curves[0].x[point]) / 3 * w + spot->dx;
@@ -282,27 +282,27 @@ TEST(ChartPlacement, ATextBesideACurveDoesNotCoverIt) {
 TEST(ChartPlacement, TheFractionRunsAlongTheVisiblePartOfTheCurve) {
     Chart2D c = twoCurves();
     c.x.max = 1.5;  // the second half of both curves is outside
-    const auto first = SpotAlongCurve(c, 0, 0, 600, 400, 40, 12);
-    const auto last = SpotAlongCurve(c, 0, 1, 600, 400, 40, 12);
+    const auto first = spot_along_curve(c, 0, 0, 600, 400, 40, 12);
+    const auto last = spot_along_curve(c, 0, 1, 600, 400, 40, 12);
     ASSERT_TRUE(first && last);
     EXPECT_EQ(first->point, 0);
     EXPECT_EQ(last->point, 15);
     c.x.min = 50;
     c.x.max = 60;
-    EXPECT_FALSE(SpotAlongCurve(c, 0, 0.5, 600, 400, 40, 12));
-    EXPECT_FALSE(SpotAlongCurve(c, 9, 0.5, 600, 400, 40, 12));
-    EXPECT_FALSE(BestSpot(c, 0, 600, 400, 40, 12));
+    EXPECT_FALSE(spot_along_curve(c, 0, 0.5, 600, 400, 40, 12));
+    EXPECT_FALSE(spot_along_curve(c, 9, 0.5, 600, 400, 40, 12));
+    EXPECT_FALSE(best_spot(c, 0, 600, 400, 40, 12));
 }
 
 TEST(ChartPlacement, LabelsOfCurvesThatCoincideStandBesideEachOther) {
     Chart2D c;
     for (int i = 0; i < 6; ++i)
-        chart::SeriesAt(c, Group::Curves, i) =
+        chart::series_at(c, Group::Curves, i) =
             samples::curveOf([](double x) { return x; }, 0, 1, 50);
     const double w = 600, h = 400, tw = 70, th = 14;
     std::vector<chart::SheetRect> taken{{w - 150, 0, 150, 100}};  // a legend
     for (int i = 0; i < 6; ++i) {
-        const auto spot = BestSpot(c, i, w, h, tw, th, taken);
+        const auto spot = best_spot(c, i, w, h, tw, th, taken);
         ASSERT_TRUE(spot);
         const Series& s = c.curves[static_cast<std::size_t>(i)];
         const auto point = static_cast<std::size_t>(spot->point);
@@ -320,13 +320,13 @@ TEST(ChartPlacement, LabelsOfCurvesThatCoincideStandBesideEachOther) {
 TEST(ChartPlacement, TheLegendTakesAFreeCorner) {
     Chart2D c;
     // A line from the left top to the right bottom leaves the other two corners.
-    Series& s = chart::SeriesAt(c, Group::Curves, 0);
+    Series& s = chart::series_at(c, Group::Curves, 0);
     s = samples::curveOf([](double x) { return 1 - x; }, 0, 1, 50);
-    const auto anchor = BestLegendAnchor(c, 600, 400, 150, 80);
+    const auto anchor = best_legend_anchor(c, 600, 400, 150, 80);
     EXPECT_EQ(anchor, chart::LegendAnchor::NorthEast);
-    Series& t = chart::SeriesAt(c, Group::Curves, 1);
+    Series& t = chart::series_at(c, Group::Curves, 1);
     t = samples::curveOf([](double) { return 0.9; }, 0, 1, 50);
-    EXPECT_EQ(BestLegendAnchor(c, 600, 400, 150, 80), chart::LegendAnchor::SouthWest);
+    EXPECT_EQ(best_legend_anchor(c, 600, 400, 150, 80), chart::LegendAnchor::SouthWest);
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ std::optional<double> nearnessAt(const std::vector<PieceCorner>& piece, Point2 p
         for (std::size_t i = 0; i < 3; ++i) {
             const double share = area(pixel, t[(i + 1) % 3]->pixel, t[(i + 2) % 3]->pixel) / whole;
             inside = inside && share >= 0;
-            const double weight = share / camera.depthFactor(t[i]->at);
+            const double weight = share / camera.depth_factor(t[i]->at);
             sum += weight;
             depth += weight * camera.nearness(t[i]->at);
         }
@@ -54,14 +54,14 @@ std::optional<double> nearnessAt(const std::vector<PieceCorner>& piece, Point2 p
 
 TEST(Chart3D, TheGridKnowsItsNodes) {
     chart::SurfaceGrid grid;
-    EXPECT_FALSE(grid.isComplete());
+    EXPECT_FALSE(grid.is_complete());
     grid.resize(3, 4);
-    EXPECT_TRUE(grid.isComplete());
+    EXPECT_TRUE(grid.is_complete());
     EXPECT_EQ(grid.z.size(), 12U);
-    EXPECT_TRUE(grid.isHole(grid.z[5]));
+    EXPECT_TRUE(grid.is_hole(grid.z[5]));
     EXPECT_EQ(grid.at(2, 1), 9U);
     grid.dx = 0;
-    EXPECT_FALSE(grid.isComplete());
+    EXPECT_FALSE(grid.is_complete());
     grid.resize(5000, -3);
     EXPECT_EQ(grid.nx, chart::SurfaceGrid::kMaxNodes);
     EXPECT_EQ(grid.ny, 0);
@@ -72,28 +72,28 @@ TEST(Chart3D, ValuesBetweenNodesAreBilinear) {
     const Chart3D c = samples::surfaceOf(f, samples::noHole, 9, 9);
     for (const double x : {-1.0, -0.3, 0.77, 1.0})
         for (const double y : {-1.0, 0.11, 0.9})
-            EXPECT_NEAR(chart::ValueAt(c.surface, x, y).value(), f(x, y), 1e-5);
-    EXPECT_FALSE(chart::ValueAt(c.surface, 1.2, 0));
-    EXPECT_FALSE(chart::ValueAt(bumpy().surface, 0.4, -0.3));
-    EXPECT_FALSE(chart::ValueAt(chart::SurfaceGrid(), 0, 0));
+            EXPECT_NEAR(chart::value_at(c.surface, x, y).value(), f(x, y), 1e-5);
+    EXPECT_FALSE(chart::value_at(c.surface, 1.2, 0));
+    EXPECT_FALSE(chart::value_at(bumpy().surface, 0.4, -0.3));
+    EXPECT_FALSE(chart::value_at(chart::SurfaceGrid(), 0, 0));
 }
 
 TEST(Chart3D, TheBoxFollowsTheData) {
     Chart3D c = bumpy();
-    const chart::Box3D box = ShownBox(c);
+    const chart::Box3D box = shown_box(c);
     EXPECT_EQ(box.x, (chart::Range{-1, 1}));
     for (const float z : c.surface.z)
-        if (!c.surface.isHole(z)) {
+        if (!c.surface.is_hole(z)) {
             EXPECT_GE(z, box.z.min);
             EXPECT_LE(z, box.z.max);
         }
     c.z.automatic = false;
     c.z.min = -2;
     c.z.max = 5;
-    EXPECT_EQ(ShownBox(c).z, (chart::Range{-2, 5}));
+    EXPECT_EQ(shown_box(c).z, (chart::Range{-2, 5}));
     c.z.max = -7;
-    EXPECT_LT(ShownBox(c).z.min, ShownBox(c).z.max);
-    EXPECT_EQ(ShownBox(Chart3D()).z, (chart::Range{0, 1}));
+    EXPECT_LT(shown_box(c).z.min, shown_box(c).z.max);
+    EXPECT_EQ(shown_box(Chart3D()).z, (chart::Range{0, 1}));
 }
 
 TEST(Chart3D, SectionsDivideTheHeightEqually) {
@@ -102,9 +102,9 @@ TEST(Chart3D, SectionsDivideTheHeightEqually) {
     c.z.min = 10;
     c.z.max = 20;
     c.sections.number = 4;
-    EXPECT_EQ(SectionLevels(c), (std::vector<double>{12, 14, 16, 18}));
+    EXPECT_EQ(section_levels(c), (std::vector<double>{12, 14, 16, 18}));
     c.sections.number = -5;
-    EXPECT_EQ(SectionLevels(c).size(), 1U);
+    EXPECT_EQ(section_levels(c).size(), 1U);
 }
 
 TEST(Chart3D, TurningStaysWithinItsBounds) {
@@ -116,14 +116,14 @@ TEST(Chart3D, TurningStaysWithinItsBounds) {
     Turn(view, std::numeric_limits<double>::quiet_NaN(), -1000);
     EXPECT_DOUBLE_EQ(view.elevation, -90);
     view.zoom = std::numeric_limits<double>::infinity();
-    EXPECT_DOUBLE_EQ(Sanitised(view).zoom, 1);
+    EXPECT_DOUBLE_EQ(sanitised(view).zoom, 1);
 }
 
 TEST(ChartCamera, PresetsLookAlongTheAxes) {
     chart::View3D view;
     view.perspective = false;
     const auto seen = [&](chart::PresetView preset, Point3 p) {
-        SetPreset(view, preset);
+        set_preset(view, preset);
         return Camera(view, 100, {0, 0}).project(p);
     };
     const auto near = [](Point2 p, double x, double y) {
@@ -142,7 +142,7 @@ TEST(ChartCamera, PresetsLookAlongTheAxes) {
 
 TEST(ChartCamera, PerspectiveEnlargesWhatIsNear) {
     chart::View3D view;
-    SetPreset(view, chart::PresetView::AlongY);
+    set_preset(view, chart::PresetView::AlongY);
     const Camera camera(view, 100, {0, 0});
     const double nearSide = camera.project({1, -1, 0}).x, farSide = camera.project({1, 1, 0}).x;
     EXPECT_GT(nearSide, 100);
@@ -162,9 +162,9 @@ TEST(ChartSurface, WhatIsPaintedLastIsNearestFromEverySide) {
             for (double rotation = -180; rotation < 180; rotation += 24) {
                 chart::View3D view{elevation, rotation, perspective, 1};
                 const Camera camera(view, 180, {0, 0});
-                const SurfaceView surface(c, ShownBox(c), camera, {});
+                const SurfaceView surface(c, shown_box(c), camera, {});
                 std::vector<std::vector<PieceCorner>> pieces;
-                surface.forEachPiece([&](const Piece& piece) {
+                surface.for_each_piece([&](const Piece& piece) {
                     pieces.emplace_back(piece.corners.begin(), piece.corners.end());
                 });
                 for (int k = 0; k < 500; ++k) {
@@ -198,9 +198,9 @@ TEST(ChartSurface, EveryEdgeOfTheGridIsDrawnOnce) {
     for (const double rotation : {-135.0, -60.0, 20.0, 100.0}) {
         chart::View3D view{30, rotation, true, 1};
         const Camera camera(view, 100, {0, 0});
-        const SurfaceView surface(c, ShownBox(c), camera, {});
+        const SurfaceView surface(c, shown_box(c), camera, {});
         int constX = 0, constY = 0;
-        surface.forEachPiece([&](const Piece& piece) {
+        surface.for_each_piece([&](const Piece& piece) {
             for (const PieceCorner& corner : piece.corners) {
                 if (!corner.edgeDrawn) continue;
                 if (corner.edge == EdgeKind::ConstX) ++constX;
@@ -224,7 +224,7 @@ double planArea(std::span<const PieceCorner> corners) {
 
 double planArea(const SurfaceView& surface) {
     double sum = 0;
-    surface.forEachPiece([&](const Piece& piece) { sum += planArea(piece.corners); });
+    surface.for_each_piece([&](const Piece& piece) { sum += planArea(piece.corners); });
     return sum;
 }
 
@@ -233,7 +233,7 @@ TEST(ChartSurface, CellsBesideAHoleKeepATriangle) {
     const Chart3D c = samples::surfaceOf(samples::bumps, middle, 5, 5);
     const Camera camera(chart::View3D(), 100, {0, 0});
     // One node of 25 is missing: each of the four cells around it keeps half of its 0.25.
-    EXPECT_NEAR(planArea(SurfaceView(c, ShownBox(c), camera, {})), 4 - 4 * 0.125, 1e-9);
+    EXPECT_NEAR(planArea(SurfaceView(c, shown_box(c), camera, {})), 4 - 4 * 0.125, 1e-9);
 }
 
 TEST(ChartSurface, ASurfaceBehindHolesIsCutExactlyAtTheLimit) {
@@ -244,14 +244,14 @@ TEST(ChartSurface, ASurfaceBehindHolesIsCutExactlyAtTheLimit) {
     c.z.min = -1;
     c.z.max = 0.3;
     const Camera camera(chart::View3D(), 100, {0, 0});
-    EXPECT_NEAR(planArea(SurfaceView(c, ShownBox(c), camera, {})), 1.2 * 2, 1e-5);
+    EXPECT_NEAR(planArea(SurfaceView(c, shown_box(c), camera, {})), 1.2 * 2, 1e-5);
     c.surface.zBehindHoles.assign(c.surface.z.size(), c.surface.hole);
     for (int i = 0; i < 6; ++i)
         for (int j = 0; j < 6; ++j)
             c.surface.zBehindHoles[c.surface.at(i, j)] = static_cast<float>(c.surface.x(i));
-    const SurfaceView cut(c, ShownBox(c), camera, {});
+    const SurfaceView cut(c, shown_box(c), camera, {});
     EXPECT_NEAR(planArea(cut), 1.3 * 2, 1e-5);
-    cut.forEachPiece([&](const Piece& piece) {
+    cut.for_each_piece([&](const Piece& piece) {
         for (const PieceCorner& corner : piece.corners) EXPECT_LE(corner.z, 0.3 + 1e-6);
     });
 }
@@ -264,8 +264,8 @@ TEST(ChartSurface, ASteepEdgeFarBeyondTheLimitDoesNoHarm) {
     c.z.automatic = false;
     c.z.max = 1;
     const Camera camera(chart::View3D(), 100, {450, 350});
-    const SurfaceView surface(c, ShownBox(c), camera, {});
-    surface.forEachPiece([&](const Piece& piece) {
+    const SurfaceView surface(c, shown_box(c), camera, {});
+    surface.for_each_piece([&](const Piece& piece) {
         for (const PieceCorner& corner : piece.corners) {
             EXPECT_TRUE(std::isfinite(corner.pixel.x) && std::isfinite(corner.pixel.y));
             EXPECT_LE(std::abs(corner.at.z), surface.height() + 1e-6);
@@ -282,21 +282,21 @@ TEST(ChartSurface, LimitsOfXAndYCutTheSurface) {
     c.y.max = 2;
     const Camera camera(chart::View3D(), 100, {0, 0});
     // The whole width of the box is covered, and half of its depth.
-    EXPECT_NEAR(planArea(SurfaceView(c, ShownBox(c), camera, {})), 2.0 * 1.0, 1e-6);
+    EXPECT_NEAR(planArea(SurfaceView(c, shown_box(c), camera, {})), 2.0 * 1.0, 1e-6);
 }
 
 TEST(ChartSurface, BandsOfZTogetherAreTheWholeSurface) {
     const Chart3D c = bumpy(21, 21);
     const Camera camera(chart::View3D(), 100, {0, 0});
     const std::vector<double> levels{-1, -0.5, 0, 0.5, 1};
-    const SurfaceView surface(c, ShownBox(c), camera, levels);
+    const SurfaceView surface(c, shown_box(c), camera, levels);
     double bands = 0, whole = 0;
-    surface.forEachPiece([&](const Piece& piece) {
+    surface.for_each_piece([&](const Piece& piece) {
         whole += planArea(piece.corners);
         double low = -1e9;
         for (std::size_t k = 0; k <= levels.size(); ++k) {
             const double high = k < levels.size() ? levels[k] : 1e9;
-            const auto part = BetweenLevels(piece.corners, low, high, camera);
+            const auto part = between_levels(piece.corners, low, high, camera);
             for (const PieceCorner& corner : part) {
                 EXPECT_GE(corner.z, low - 1e-9);
                 EXPECT_LE(corner.z, high + 1e-9);
@@ -312,10 +312,10 @@ TEST(ChartSurface, ContourLinesOfAPlaneAreStraightAndWhole) {
     const Chart3D c = samples::surfaceOf([](double x, double) { return x; }, samples::noHole, 8, 8);
     const Camera camera(chart::View3D(), 100, {0, 0});
     const double level = 0.31;
-    const SurfaceView surface(c, ShownBox(c), camera, {level});
+    const SurfaceView surface(c, shown_box(c), camera, {level});
     double length = 0;
-    surface.forEachPiece([&](const Piece& piece) {
-        const auto line = LevelSegment(piece.corners, level);
+    surface.for_each_piece([&](const Piece& piece) {
+        const auto line = level_segment(piece.corners, level);
         if (!line) return;
         for (const Point3& p : *line) EXPECT_NEAR(p.x, level, 1e-6);
         length += std::abs((*line)[1].y - (*line)[0].y);
@@ -326,10 +326,10 @@ TEST(ChartSurface, ContourLinesOfAPlaneAreStraightAndWhole) {
 TEST(ChartSurface, AContourThroughNodesIsFoundOnce) {
     const Chart3D c = samples::surfaceOf([](double x, double) { return x; }, samples::noHole, 9, 9);
     const Camera camera(chart::View3D(), 100, {0, 0});
-    const SurfaceView surface(c, ShownBox(c), camera, {0});  // 0 is a line of nodes
+    const SurfaceView surface(c, shown_box(c), camera, {0});  // 0 is a line of nodes
     double length = 0;
-    surface.forEachPiece([&](const Piece& piece) {
-        if (const auto line = LevelSegment(piece.corners, 0))
+    surface.for_each_piece([&](const Piece& piece) {
+        if (const auto line = level_segment(piece.corners, 0))
             length += std::abs((*line)[1].y - (*line)[0].y);
     });
     EXPECT_NEAR(length, 2, 1e-6);
@@ -342,19 +342,19 @@ TEST(ChartSurface, ThePickedPlaceLiesUnderThePixel) {
         Chart3D c = bumpy(41, 41);
         c.view.perspective = perspective;
         const auto measure = samples::plainMeasure();
-        const chart::Layout3D layout = MakeLayout(c, 900, 700, measure);
+        const chart::Layout3D layout = make_layout(c, 900, 700, measure);
         const SurfaceView surface(c, layout.box, layout.camera, {});
         int found = 0;
         for (int k = 0; k < 400; ++k) {
             const Point2 pixel{x(random), y(random)};
-            const auto place = PickSurface(c, 900, 700, measure, pixel);
+            const auto place = pick_surface(c, 900, 700, measure, pixel);
             if (!place) continue;
             ++found;
-            const Point2 back = layout.camera.project(surface.toBox(place->x, place->y, place->z));
+            const Point2 back = layout.camera.project(surface.to_box(place->x, place->y, place->z));
             EXPECT_NEAR(back.x, pixel.x, 1e-6);
             EXPECT_NEAR(back.y, pixel.y, 1e-6);
             // Triangles and the bilinear cell differ by their curvature only.
-            const auto z = chart::ValueAt(c.surface, place->x, place->y);
+            const auto z = chart::value_at(c.surface, place->x, place->y);
             if (z) {
                 EXPECT_NEAR(place->z, *z, 0.02);
             }
@@ -365,28 +365,28 @@ TEST(ChartSurface, ThePickedPlaceLiesUnderThePixel) {
 
 TEST(ChartSurface, NothingIsPickedInAHoleOrBesideTheBody) {
     Chart3D c = bumpy(41, 41);
-    SetPreset(c.view, chart::PresetView::AlongZ);
+    set_preset(c.view, chart::PresetView::AlongZ);
     const auto measure = samples::plainMeasure();
-    const chart::Layout3D layout = MakeLayout(c, 900, 700, measure);
+    const chart::Layout3D layout = make_layout(c, 900, 700, measure);
     const SurfaceView surface(c, layout.box, layout.camera, {});
-    const Point2 hole = layout.camera.project(surface.toBox(0.4, -0.3, 0));
-    EXPECT_FALSE(PickSurface(c, 900, 700, measure, hole));
-    EXPECT_FALSE(PickSurface(c, 900, 700, measure, {2, 2}));
-    const Point2 solid = layout.camera.project(surface.toBox(-0.5, -0.5, 0));
-    EXPECT_TRUE(PickSurface(c, 900, 700, measure, solid));
+    const Point2 hole = layout.camera.project(surface.to_box(0.4, -0.3, 0));
+    EXPECT_FALSE(pick_surface(c, 900, 700, measure, hole));
+    EXPECT_FALSE(pick_surface(c, 900, 700, measure, {2, 2}));
+    const Point2 solid = layout.camera.project(surface.to_box(-0.5, -0.5, 0));
+    EXPECT_TRUE(pick_surface(c, 900, 700, measure, solid));
 }
 
 TEST(ChartSurface, TheFlatMapReadsTheSameValues) {
     Chart3D c = bumpy(41, 41);
     c.style.projection2D = true;
     const auto measure = samples::plainMeasure();
-    const chart::Layout3D layout = MakeLayout(c, 900, 700, measure);
+    const chart::Layout3D layout = make_layout(c, 900, 700, measure);
     const Point2 pixel = layout.camera.project({-0.5, -0.25, 0});
-    const auto place = PickSurface(c, 900, 700, measure, pixel);
+    const auto place = pick_surface(c, 900, 700, measure, pixel);
     ASSERT_TRUE(place);
     EXPECT_NEAR(place->x, -0.5, 1e-9);
     EXPECT_NEAR(place->y, -0.25, 1e-9);
-    EXPECT_NEAR(place->z, chart::ValueAt(c.surface, -0.5, -0.25).value(), 1e-9);
+    EXPECT_NEAR(place->z, chart::value_at(c.surface, -0.5, -0.25).value(), 1e-9);
 }
 
 }  // namespace

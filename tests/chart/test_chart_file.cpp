@@ -28,8 +28,8 @@ Chart2D filledChart() {
     s.symbolSize = 9;
     s.symbolColour = {9, 8, 7, 6};
     s.x[3] = chart::kHole;
-    c.curves = {s, chart::DefaultCurve(1)};
-    c.points = {chart::DefaultPointSet(3)};
+    c.curves = {s, chart::default_curve(1)};
+    c.points = {chart::default_point_set(3)};
     c.x = {-1,           5,         true,
            true,         0.5,       false,
            0.25,         0.125,     3,
@@ -124,7 +124,7 @@ std::string replaced(std::string text, const std::string& from, const std::strin
 template <class Chart>
 void expectRefused(const std::string& text, const std::string& reason, const Chart& present) {
     Chart c = present;
-    const chart::FileOutcome outcome = chart::FromText(text, c);
+    const chart::FileOutcome outcome = chart::from_text(text, c);
     EXPECT_FALSE(outcome.ok) << reason;
     EXPECT_NE(outcome.message.find(reason), std::string::npos) << outcome.message;
     EXPECT_EQ(c, present) << "the chart has changed";
@@ -132,18 +132,18 @@ void expectRefused(const std::string& text, const std::string& reason, const Cha
 
 TEST_F(ChartFile, EveryFieldOfA2DChartSurvives) {
     const Chart2D before = filledChart();
-    ASSERT_TRUE(SaveChart(before, file("a.oc2")).ok);
+    ASSERT_TRUE(save_chart(before, file("a.oc2")).ok);
     Chart2D after;
-    const auto outcome = LoadChart(file("a.oc2"), after);
+    const auto outcome = load_chart(file("a.oc2"), after);
     EXPECT_TRUE(outcome.ok) << outcome.message;
     EXPECT_EQ(after, before);
 }
 
 TEST_F(ChartFile, EveryFieldOfA3DChartSurvives) {
     const Chart3D before = filledSurface();
-    ASSERT_TRUE(SaveChart(before, file("a.oc3")).ok);
+    ASSERT_TRUE(save_chart(before, file("a.oc3")).ok);
     Chart3D after;
-    const auto outcome = LoadChart(file("a.oc3"), after);
+    const auto outcome = load_chart(file("a.oc3"), after);
     EXPECT_TRUE(outcome.ok) << outcome.message;
     EXPECT_EQ(after, before);
 }
@@ -152,34 +152,34 @@ TEST_F(ChartFile, FloatsSurviveToTheLastBit) {
     std::mt19937 random(1);
     std::uniform_real_distribution<float> exponent(-37, 29), mantissa(-1, 1);
     Chart2D before;
-    chart::Series& s = chart::SeriesAt(before, Group::Curves, 0);
+    chart::Series& s = chart::series_at(before, Group::Curves, 0);
     for (int i = 0; i < 20000; ++i) {
         s.x.push_back(mantissa(random) * std::pow(10.0F, exponent(random)));
         s.y.push_back(static_cast<float>(i) / 7);
     }
     Chart2D after;
-    ASSERT_TRUE(chart::FromText(chart::ToText(before), after).ok);
+    ASSERT_TRUE(chart::from_text(chart::to_text(before), after).ok);
     EXPECT_EQ(after.curves[0].x, s.x);
     EXPECT_EQ(after.curves[0].y, s.y);
 }
 
 TEST_F(ChartFile, ValuesThatAreNoNumbersBecomeHoles) {
     Chart2D before;
-    chart::Series& s = chart::SeriesAt(before, Group::Curves, 0);
+    chart::Series& s = chart::series_at(before, Group::Curves, 0);
     s.x = {1, std::numeric_limits<float>::infinity(), 3};
     s.y = {std::numeric_limits<float>::quiet_NaN(), 2, 3};
     Chart2D after;
-    ASSERT_TRUE(chart::FromText(chart::ToText(before), after).ok);
+    ASSERT_TRUE(chart::from_text(chart::to_text(before), after).ok);
     EXPECT_EQ(after.curves[0].x, (std::vector<float>{1, chart::kHole, 3}));
     EXPECT_EQ(after.curves[0].y, (std::vector<float>{chart::kHole, 2, 3}));
 }
 
 TEST_F(ChartFile, ThirtySeriesAndDeletedCurvesAreKept) {
     Chart2D before;
-    chart::SeriesAt(before, Group::Curves, 29).x = {1, 2};
+    chart::series_at(before, Group::Curves, 29).x = {1, 2};
     before.curves[29].y = {3, 4};
     Chart2D after;
-    ASSERT_TRUE(chart::FromText(chart::ToText(before), after).ok);
+    ASSERT_TRUE(chart::from_text(chart::to_text(before), after).ok);
     ASSERT_EQ(after.curves.size(), 30U);
     EXPECT_TRUE(after.curves[4].x.empty());
     EXPECT_EQ(after.curves[29].y[1], 4);
@@ -191,13 +191,13 @@ TEST_F(ChartFile, OtherFilesAreRefusedByName) {
     expectRefused("QUOR", "damaged or incomplete", present);
     expectRefused("[1, 2]", "no saved diagram", present);
     expectRefused("{\"a\": 1}", "no saved diagram", present);
-    expectRefused(chart::ToText(filledSurface()), "another kind of diagram", present);
-    expectRefused(chart::ToText(present), "another kind of diagram", filledSurface());
+    expectRefused(chart::to_text(filledSurface()), "another kind of diagram", present);
+    expectRefused(chart::to_text(present), "another kind of diagram", filledSurface());
 }
 
 TEST_F(ChartFile, ANewerMainVersionIsRefusedWithItsNumber) {
     const Chart2D present = filledChart();
-    const std::string text = chart::ToText(present);
+    const std::string text = chart::to_text(present);
     expectRefused(replaced(text, "\"major\": 1", "\"major\": 2"), "newer version", present);
     expectRefused(replaced(text, "\"major\": 1", "\"major\": 2"), "2.0", present);
     expectRefused(replaced(text, "\"major\": 1", "\"major\": -3"), "names no version", present);
@@ -206,11 +206,11 @@ TEST_F(ChartFile, ANewerMainVersionIsRefusedWithItsNumber) {
 
 TEST_F(ChartFile, ANewerMinorVersionMayBringUnknownFields) {
     const Chart2D before = filledChart();
-    std::string text = replaced(chart::ToText(before), "\"minor\": 0", "\"minor\": 9");
+    std::string text = replaced(chart::to_text(before), "\"minor\": 0", "\"minor\": 9");
     text = replaced(text, "\"labelsShown\"", "\"glow\": {\"a\": [1]}, \"labelsShown\"");
     text = replaced(text, "\"Triangle 4\"", "\"Hexagon\"");
     Chart2D after;
-    const auto outcome = chart::FromText(text, after);
+    const auto outcome = chart::from_text(text, after);
     ASSERT_TRUE(outcome.ok) << outcome.message;
     Chart2D expected = before;
     expected.curves[0].symbol = chart::Series().symbol;
@@ -219,7 +219,7 @@ TEST_F(ChartFile, ANewerMinorVersionMayBringUnknownFields) {
 
 TEST_F(ChartFile, MissingFieldsKeepTheirDefaults) {
     Chart2D c = filledChart();
-    const auto outcome = chart::FromText(
+    const auto outcome = chart::from_text(
         R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0}, "chart": {}})", c);
     EXPECT_TRUE(outcome.ok) << outcome.message;
     EXPECT_EQ(c, Chart2D());
@@ -227,7 +227,7 @@ TEST_F(ChartFile, MissingFieldsKeepTheirDefaults) {
 
 TEST_F(ChartFile, FieldsOfAWrongKindAreNamed) {
     const Chart2D present = filledChart();
-    const std::string text = chart::ToText(present);
+    const std::string text = chart::to_text(present);
     expectRefused(replaced(text, "\"labelsShown\": false", "\"labelsShown\": 3"),
                   "\"labelsShown\" is not true or false", present);
     expectRefused(replaced(text, "\"symbolSize\": 9.0", "\"symbolSize\": \"big\""),
@@ -263,7 +263,7 @@ TEST_F(ChartFile, GridsWithoutTheirValuesAreRefused) {
 
 TEST_F(ChartFile, NumbersBeyondTheirRangeAreDrawnAtItsEnd) {
     Chart2D c;
-    ASSERT_TRUE(chart::FromText(
+    ASSERT_TRUE(chart::from_text(
                     R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0},
             "chart": {"header": {"font": {"size": 1e9}}, "print": {"width": -5}}})",
                     c)
@@ -274,10 +274,10 @@ TEST_F(ChartFile, NumbersBeyondTheirRangeAreDrawnAtItsEnd) {
 
 TEST_F(ChartFile, EveryTruncatedFileIsRefused) {
     const Chart2D present;
-    const std::string text = chart::ToText(filledChart());
+    const std::string text = chart::to_text(filledChart());
     for (std::size_t length = 0; length + 2 < text.size(); length += 37) {
         Chart2D c = present;
-        EXPECT_FALSE(chart::FromText(text.substr(0, length), c).ok) << length;
+        EXPECT_FALSE(chart::from_text(text.substr(0, length), c).ok) << length;
         EXPECT_EQ(c, present);
     }
 }
@@ -285,19 +285,19 @@ TEST_F(ChartFile, EveryTruncatedFileIsRefused) {
 TEST_F(ChartFile, MutatedFilesNeverChangeTheChartHalfWay) {
     std::mt19937 random(99);
     const Chart2D present = filledChart();
-    const std::string text = chart::ToText(present);
-    const std::string surface = chart::ToText(filledSurface());
+    const std::string text = chart::to_text(present);
+    const std::string surface = chart::to_text(filledSurface());
     for (int trial = 0; trial < 3000; ++trial) {
         std::string mutated = trial % 2 == 0 ? text : surface;
         for (unsigned k = 0; k <= random() % 4; ++k)
             mutated[random() % mutated.size()] = static_cast<char>(random() % 256);
         Chart2D c = present;
-        if (const auto outcome = chart::FromText(mutated, c); !outcome.ok) {
+        if (const auto outcome = chart::from_text(mutated, c); !outcome.ok) {
             EXPECT_EQ(c, present);
             EXPECT_FALSE(outcome.message.empty());
         }
         Chart3D d;
-        const bool read = chart::FromText(mutated, d).ok;
+        const bool read = chart::from_text(mutated, d).ok;
         EXPECT_TRUE(read || d == Chart3D());
     }
 }
@@ -308,28 +308,28 @@ TEST_F(ChartFile, DeepAndHugeFilesAreRefused) {
     expectRefused(std::string(40U << 20U, ' '), "too large", present);
     Chart2D many;
     many.labels.resize(4001);
-    expectRefused(chart::ToText(many), "a length that a chart holds", present);
+    expectRefused(chart::to_text(many), "a length that a chart holds", present);
 }
 
 TEST_F(ChartFile, FilesThatCannotBeUsedAreNamed) {
     Chart2D c = filledChart();
     const Chart2D before = c;
-    const auto missing = LoadChart(file("none.oc2"), c);
+    const auto missing = load_chart(file("none.oc2"), c);
     EXPECT_EQ(missing.message, "none.oc2: The file cannot be opened.");
     EXPECT_EQ(c, before);
-    const auto nowhere = SaveChart(c, file("no such folder") / "a.oc2");
+    const auto nowhere = save_chart(c, file("no such folder") / "a.oc2");
     EXPECT_TRUE(nowhere.message.starts_with("The file a.oc2 could not be written"))
         << nowhere.message;
     write(file("bad.oc2"), "{");
-    EXPECT_EQ(LoadChart(file("bad.oc2"), c).message,
+    EXPECT_EQ(load_chart(file("bad.oc2"), c).message,
               "bad.oc2: The file is damaged or incomplete, or no saved diagram.");
 }
 
 TEST_F(ChartFile, SavingReplacesAFileAndLeavesNoRemains) {
     write(file("a.oc2"), "old");
-    ASSERT_TRUE(SaveChart(filledChart(), file("a.oc2")).ok);
+    ASSERT_TRUE(save_chart(filledChart(), file("a.oc2")).ok);
     Chart2D c;
-    EXPECT_TRUE(LoadChart(file("a.oc2"), c).ok);
+    EXPECT_TRUE(load_chart(file("a.oc2"), c).ok);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_),
                             std::filesystem::directory_iterator()),
               1);

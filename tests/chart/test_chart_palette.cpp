@@ -58,10 +58,10 @@ double distance(const Vector& a, const Vector& b) {
 TEST(ChartPalette, ColoursOfOnePatternStayApartForAllEyes) {
     for (int a = 0; a < chart::kPaletteSize; ++a) {
         for (int b = 0; b < a; ++b) {
-            if (chart::DefaultPattern(a) != chart::DefaultPattern(b)) continue;
+            if (chart::default_pattern(a) != chart::default_pattern(b)) continue;
             for (const Matrix& eye : kEyes)
-                EXPECT_GT(distance(seen(chart::DefaultColour(a), eye),
-                                   seen(chart::DefaultColour(b), eye)),
+                EXPECT_GT(distance(seen(chart::default_colour(a), eye),
+                                   seen(chart::default_colour(b), eye)),
                           20)
                     << a << " and " << b;
         }
@@ -72,8 +72,8 @@ TEST(ChartPalette, ColoursOfOnePatternDifferInGreyAndStandOutFromPaper) {
     for (int first = 0; first < chart::kPaletteSize; first += 8) {
         std::set<int> steps;
         for (int k = first; k < first + 8; ++k) {
-            const double lightness = seen(chart::DefaultColour(k), kEyes[0])[0];
-            EXPECT_NEAR(chart::Lightness(chart::DefaultColour(k)), lightness, 0.1);
+            const double lightness = seen(chart::default_colour(k), kEyes[0])[0];
+            EXPECT_NEAR(chart::lightness(chart::default_colour(k)), lightness, 0.1);
             EXPECT_LT(lightness, 72);
             EXPECT_GT(lightness, 20);
             steps.insert(static_cast<int>(std::lround(lightness * 10)));
@@ -88,35 +88,35 @@ TEST(ChartPalette, ColoursOfOnePatternDifferInGreyAndStandOutFromPaper) {
 }
 
 TEST(ChartPalette, RepeatsAfterTheLastColour) {
-    EXPECT_EQ(chart::DefaultColour(24), chart::DefaultColour(0));
-    EXPECT_EQ(chart::DefaultColour(-1), chart::DefaultColour(23));
-    EXPECT_EQ(chart::DefaultPattern(0), chart::LinePattern::Solid);
-    EXPECT_EQ(chart::DefaultPattern(8), chart::LinePattern::Dashed);
-    EXPECT_EQ(chart::DefaultPattern(16), chart::LinePattern::DashDotted);
+    EXPECT_EQ(chart::default_colour(24), chart::default_colour(0));
+    EXPECT_EQ(chart::default_colour(-1), chart::default_colour(23));
+    EXPECT_EQ(chart::default_pattern(0), chart::LinePattern::Solid);
+    EXPECT_EQ(chart::default_pattern(8), chart::LinePattern::Dashed);
+    EXPECT_EQ(chart::default_pattern(16), chart::LinePattern::DashDotted);
 }
 
 TEST(ChartPalette, TheScaleOfSurfacesGetsLighterAllTheWay) {
     double last = -1;
     for (int k = 0; k <= 100; ++k) {
-        const double lightness = chart::Lightness(chart::ScaleColour(k / 100.0));
+        const double lightness = chart::lightness(chart::scale_colour(k / 100.0));
         EXPECT_GT(lightness, last) << k;
         last = lightness;
     }
-    EXPECT_EQ(chart::ScaleColour(-1), chart::ScaleColour(0));
-    EXPECT_EQ(chart::ScaleColour(2), chart::ScaleColour(1));
+    EXPECT_EQ(chart::scale_colour(-1), chart::scale_colour(0));
+    EXPECT_EQ(chart::scale_colour(2), chart::scale_colour(1));
 }
 
 TEST(ChartPalette, TwelvePointSetsHaveTwelveSymbols) {
     std::set<chart::SymbolShape> shapes;
-    for (int k = 0; k < 12; ++k) shapes.insert(chart::DefaultSymbol(k));
+    for (int k = 0; k < 12; ++k) shapes.insert(chart::default_symbol(k));
     EXPECT_EQ(shapes.size(), 12U);
     EXPECT_FALSE(shapes.contains(chart::SymbolShape::Hidden));
 }
 
 TEST(ChartPalette, TranslucentColoursMixWithThePaper) {
-    EXPECT_EQ(chart::Over({0, 0, 0, 0}, chart::kWhite), chart::kWhite);
-    EXPECT_EQ(chart::Over({10, 20, 30, 255}, chart::kWhite), (Colour{10, 20, 30, 255}));
-    EXPECT_EQ(chart::Over({0, 100, 200, 51}, chart::kWhite), (Colour{204, 224, 244, 255}));
+    EXPECT_EQ(chart::over({0, 0, 0, 0}, chart::kWhite), chart::kWhite);
+    EXPECT_EQ(chart::over({10, 20, 30, 255}, chart::kWhite), (Colour{10, 20, 30, 255}));
+    EXPECT_EQ(chart::over({0, 100, 200, 51}, chart::kWhite), (Colour{204, 224, 244, 255}));
 }
 
 }  // namespace

@@ -23,12 +23,12 @@ Chart3D bumpy(int n = 21) {
 }
 
 Scene3D sceneOf(const Chart3D& c) {
-    return BuildScene(c, kWidth, kHeight, samples::plainMeasure());
+    return build_scene(c, kWidth, kHeight, samples::plainMeasure());
 }
 
 /// The outline of the projected box, counter-clockwise.
 std::vector<Point2> hullOf(const Chart3D& c) {
-    const chart::Layout3D layout = MakeLayout(c, kWidth, kHeight, samples::plainMeasure());
+    const chart::Layout3D layout = make_layout(c, kWidth, kHeight, samples::plainMeasure());
     std::vector<Point2> corners;
     for (const double x : {-1.0, 1.0})
         for (const double y : {-1.0, 1.0})
@@ -129,7 +129,7 @@ TEST(ChartScene, TheSizeStaysWhileTheBodyTurnsAboutTheVertical) {
     c.view.perspective = false;
     const auto upright = [&](double rotation) {
         c.view.rotation = rotation;
-        const auto layout = MakeLayout(c, kWidth, kHeight, samples::plainMeasure());
+        const auto layout = make_layout(c, kWidth, kHeight, samples::plainMeasure());
         return layout.camera.project({0, 0, -1}).y - layout.camera.project({0, 0, 1}).y;
     };
     for (const double rotation : {-90.0, 0.0, 33.0, 120.0})
@@ -190,7 +190,7 @@ TEST(ChartScene, ZonesTakeTheColoursOfTheirBands) {
             seen.push_back(s.colour);
     ASSERT_EQ(seen.size(), 4U);
     for (int band = 0; band < 4; ++band)
-        EXPECT_NE(std::find(seen.begin(), seen.end(), chart::ScaleColour(band / 3.0)), seen.end());
+        EXPECT_NE(std::find(seen.begin(), seen.end(), chart::scale_colour(band / 3.0)), seen.end());
 }
 
 TEST(ChartScene, ATransparentSurfaceIsTranslucent) {
@@ -235,7 +235,7 @@ TEST(ChartScene, AxesThatPointAtTheViewerBearNoNumbers) {
     Chart3D c = bumpy(5);
     c.view.perspective = false;
     const auto shows = [&](chart::PresetView preset, const std::string& title) {
-        SetPreset(c.view, preset);
+        set_preset(c.view, preset);
         const Scene3D scene = sceneOf(c);
         return std::any_of(scene.texts.begin(), scene.texts.end(),
                            [&](const SceneText& t) { return t.text == title; });
@@ -273,8 +273,8 @@ TEST(ChartScene, AnEmptyOrBrokenSurfaceDrawsTheBoxAlone) {
     EXPECT_GT(sceneOf(c).shapes.size(), 3U);
     c.surface.nx = c.surface.ny = 10;  // without values
     EXPECT_EQ(countOf(sceneOf(c), SceneShape::Kind::Fill), 0);
-    EXPECT_FALSE(PickSurface(c, kWidth, kHeight, samples::plainMeasure(), {450, 350}));
-    EXPECT_GT(BuildScene(c, 3, 3, samples::plainMeasure()).shapes.size(), 0U);
+    EXPECT_FALSE(pick_surface(c, kWidth, kHeight, samples::plainMeasure(), {450, 350}));
+    EXPECT_GT(build_scene(c, 3, 3, samples::plainMeasure()).shapes.size(), 0U);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ using chart::SheetRect;
 Chart2D fullChart() {
     Chart2D c;
     for (int k = 0; k < 24; ++k) {
-        Series& s = chart::SeriesAt(c, Group::Curves, k);
+        Series& s = chart::series_at(c, Group::Curves, k);
         s = samples::curveOf([&](double x) { return (k + 1) * 0.04 * x; }, 0, 4, 40);
         s.legend = "curve " + std::to_string(k + 1);
     }
@@ -62,7 +62,7 @@ TEST(ChartSheet, NothingCoversAnythingElseInAnySize) {
                 c.y2.title = "second";
                 c.legend.anchor = anchor;
                 c.legend.vertical = anchor == LegendAnchor::OutsideEast;
-                const Sheet2D s = LayOut(c, w, h, samples::plainMeasure());
+                const Sheet2D s = lay_out(c, w, h, samples::plainMeasure());
                 auto all = parts(s);
                 all.push_back(s.legend);
                 for (std::size_t a = 0; a < all.size(); ++a) {
@@ -80,7 +80,7 @@ TEST(ChartSheet, NothingCoversAnythingElseInAnySize) {
 TEST(ChartSheet, TitlesStayClearOfTheNumbers) {
     Chart2D c = fullChart();
     c.y.max = 123456;
-    const Sheet2D s = LayOut(c, 900, 650, samples::plainMeasure());
+    const Sheet2D s = lay_out(c, 900, 650, samples::plainMeasure());
     EXPECT_FALSE(overlap(s.y.title.rect, s.y.numbers));
     EXPECT_FALSE(overlap(s.x.title.rect, s.x.numbers));
     expectInside(s.y.numbers, s.sheet, "numbers of y");
@@ -88,9 +88,9 @@ TEST(ChartSheet, TitlesStayClearOfTheNumbers) {
 
 TEST(ChartSheet, TheWidthOfTheNumbersDecidesTheMargin) {
     Chart2D c = fullChart();
-    const double narrow = LayOut(c, 900, 650, samples::plainMeasure()).plot.left;
+    const double narrow = lay_out(c, 900, 650, samples::plainMeasure()).plot.left;
     c.y.max = 500000;
-    EXPECT_GT(LayOut(c, 900, 650, samples::plainMeasure()).plot.left, narrow + 20);
+    EXPECT_GT(lay_out(c, 900, 650, samples::plainMeasure()).plot.left, narrow + 20);
 }
 
 TEST(ChartSheet, AFixedPlotAreaStandsWhereItIsSet) {
@@ -100,7 +100,7 @@ TEST(ChartSheet, AFixedPlotAreaStandsWhereItIsSet) {
     c.plotArea.top = 0.1;
     c.plotArea.width = 0.5;
     c.plotArea.height = 0.6;
-    const SheetRect plot = LayOut(c, 1000, 500, samples::plainMeasure()).plot;
+    const SheetRect plot = lay_out(c, 1000, 500, samples::plainMeasure()).plot;
     EXPECT_DOUBLE_EQ(plot.left, 200);
     EXPECT_DOUBLE_EQ(plot.top, 50);
     EXPECT_DOUBLE_EQ(plot.width, 500);
@@ -109,7 +109,7 @@ TEST(ChartSheet, AFixedPlotAreaStandsWhereItIsSet) {
 
 TEST(ChartSheet, ATinySheetStillHasAPlotArea) {
     for (const double side : {1.0, 20.0, 80.0}) {
-        const Sheet2D s = LayOut(fullChart(), side, side, samples::plainMeasure());
+        const Sheet2D s = lay_out(fullChart(), side, side, samples::plainMeasure());
         EXPECT_GE(s.plot.width, 10);
         EXPECT_GE(s.plot.height, 10);
     }
@@ -120,14 +120,14 @@ TEST(ChartSheet, TheAxesCrossAtTheOrigin) {
     c.x.min = -4;
     c.y.min = -4;
     c.x.automaticOrigin = c.y.automaticOrigin = false;
-    const Sheet2D s = LayOut(c, 900, 650, samples::plainMeasure());
+    const Sheet2D s = lay_out(c, 900, 650, samples::plainMeasure());
     EXPECT_NEAR(s.y.line, s.plot.left + s.plot.width / 2, 1e-9);
     EXPECT_NEAR(s.x.line, s.plot.top + s.plot.height / 2, 1e-9);
     for (const chart::Tick& tick : s.x.ticks.major)
         EXPECT_EQ(tick.text.empty(), tick.value == 0) << tick.value;
     c.x.origin = 77;  // outside: the axis keeps to the edge
-    EXPECT_DOUBLE_EQ(LayOut(c, 900, 650, samples::plainMeasure()).y.line,
-                     LayOut(c, 900, 650, samples::plainMeasure()).plot.right());
+    EXPECT_DOUBLE_EQ(lay_out(c, 900, 650, samples::plainMeasure()).y.line,
+                     lay_out(c, 900, 650, samples::plainMeasure()).plot.right());
 }
 
 TEST(ChartSheet, GridAndTicksHaveSpacingsOfTheirOwn) {
@@ -135,7 +135,7 @@ TEST(ChartSheet, GridAndTicksHaveSpacingsOfTheirOwn) {
     c.x.tickSpacing = 1;
     c.x.gridSpacing = 0.5;
     c.y.gridShown = false;
-    const Sheet2D s = LayOut(c, 900, 650, samples::plainMeasure());
+    const Sheet2D s = lay_out(c, 900, 650, samples::plainMeasure());
     EXPECT_EQ(s.x.ticks.major.size(), 5U);
     EXPECT_EQ(s.x.grid.size(), 9U);
     EXPECT_TRUE(s.y.grid.empty());
@@ -156,7 +156,7 @@ TEST(ChartSheet, LabelsFollowTheirPlacesAndVanishWithThem) {
     onPlace.x = 2;
     onPlace.y = 3;
     c.labels.push_back(onPlace);
-    const Sheet2D s = LayOut(c, 900, 650, samples::plainMeasure());
+    const Sheet2D s = lay_out(c, 900, 650, samples::plainMeasure());
     ASSERT_EQ(s.labels.size(), 2U);
     const auto& curve = c.curves[2];
     EXPECT_NEAR(s.labels[0].placeX,
@@ -164,26 +164,26 @@ TEST(ChartSheet, LabelsFollowTheirPlacesAndVanishWithThem) {
     EXPECT_NEAR(s.labels[0].text.x - s.labels[0].placeX, 10, 1e-9);
     EXPECT_NEAR(s.labels[1].placeY, s.plot.top + 0.25 * s.plot.height, 1e-6);
     c.x.max = 1;  // both places leave the window
-    EXPECT_TRUE(LayOut(c, 900, 650, samples::plainMeasure()).labels.empty());
+    EXPECT_TRUE(lay_out(c, 900, 650, samples::plainMeasure()).labels.empty());
     c.x.max = 4;
     c.labels[0].point = 4000;
     c.labels[1].shown = false;
-    EXPECT_TRUE(LayOut(c, 900, 650, samples::plainMeasure()).labels.empty());
+    EXPECT_TRUE(lay_out(c, 900, 650, samples::plainMeasure()).labels.empty());
     c.labels[1].shown = true;
     c.labelsShown = false;
-    EXPECT_TRUE(LayOut(c, 900, 650, samples::plainMeasure()).labels.empty());
+    EXPECT_TRUE(lay_out(c, 900, 650, samples::plainMeasure()).labels.empty());
 }
 
 TEST(ChartSheet, ACurveLabelIsPlacedBesideItsCurve) {
     Chart2D c = fullChart();
     chart::Label label;
     label.text = "300 K";
-    ASSERT_TRUE(PlaceCurveLabel(c, 5, -1, 900, 650, samples::plainMeasure(), label));
+    ASSERT_TRUE(place_curve_label(c, 5, -1, 900, 650, samples::plainMeasure(), label));
     EXPECT_TRUE(label.onPoint);
     EXPECT_EQ(label.series, 5);
     EXPECT_GT(std::hypot(label.dx, label.dy), 5);
     chart::Label untouched;
-    EXPECT_FALSE(PlaceCurveLabel(c, 77, 0.5, 900, 650, samples::plainMeasure(), untouched));
+    EXPECT_FALSE(place_curve_label(c, 77, 0.5, 900, 650, samples::plainMeasure(), untouched));
     EXPECT_EQ(untouched, chart::Label());
 }
 
@@ -193,12 +193,12 @@ TEST(ChartSheet, VisibleLinesAreThePartInsideThePlotArea) {
     const SheetRect plot{100, 50, 400, 300};
     for (int trial = 0; trial < 50; ++trial) {
         Chart2D c;
-        Series s = chart::DefaultCurve(0);
+        Series s = chart::default_curve(0);
         for (int i = 0; i < 30; ++i) {
             s.x.push_back(i % 11 == 10 ? chart::kHole : unit(random));
             s.y.push_back(unit(random));
         }
-        const auto lines = VisibleLines(c, s, plot);
+        const auto lines = visible_lines(c, s, plot);
         const auto onLine = [&](double x, double y) {
             for (const auto& line : lines)
                 for (std::size_t k = 1; k < line.size(); ++k) {
@@ -237,7 +237,7 @@ TEST(ChartSheet, ALineThatStaysInsideIsOnePiece) {
     Chart2D c;
     const Series s =
         samples::curveOf([](double x) { return 0.5 + 0.4 * std::sin(9 * x); }, 0, 1, 99);
-    const auto lines = VisibleLines(c, s, {0, 0, 500, 500});
+    const auto lines = visible_lines(c, s, {0, 0, 500, 500});
     ASSERT_EQ(lines.size(), 1U);
     EXPECT_EQ(lines[0].size(), 99U);
 }
@@ -250,11 +250,11 @@ TEST(ChartSheet, AReferenceLineCrossesTheWholeWindow) {
         c.y.min = 0.001;
         c.y.max = 1000;
         c.y.logarithmic = logarithmic;
-        Series s = chart::DefaultCurve(0);
+        Series s = chart::default_curve(0);
         s.isReference = true;
         s.x = {300, 300};
         s.y = {-1e10F, 1000};
-        const auto lines = VisibleLines(c, s, {0, 0, 400, 300});
+        const auto lines = visible_lines(c, s, {0, 0, 400, 300});
         ASSERT_EQ(lines.size(), 1U);
         EXPECT_NEAR(lines[0].front().y, 300, 1e-3);
         EXPECT_NEAR(lines[0].back().y, 0, 1e-3);
@@ -267,18 +267,18 @@ TEST(ChartSheet, ValuesThatALogarithmicAxisLacksInterruptTheLine) {
     c.y.min = 0.1;
     c.y.max = 10;
     c.y.logarithmic = true;
-    Series s = chart::DefaultCurve(0);
+    Series s = chart::default_curve(0);
     s.x = {0, 0.25F, 0.5F, 0.75F, 1};
     s.y = {1, 2, -1, 2, 1};
-    EXPECT_EQ(VisibleLines(c, s, {0, 0, 100, 100}).size(), 2U);
+    EXPECT_EQ(visible_lines(c, s, {0, 0, 100, 100}).size(), 2U);
 }
 
 TEST(ChartSheet, NumbersInPowerFormAreTakenApart) {
-    EXPECT_EQ(chart::AsPower("2.5e6"), (chart::PowerText{"2.5", "6"}));
-    EXPECT_EQ(chart::AsPower("1e-3"), (chart::PowerText{"", "-3"}));
-    EXPECT_EQ(chart::AsPower("-1,5e10"), (chart::PowerText{"-1,5", "10"}));
+    EXPECT_EQ(chart::as_power("2.5e6"), (chart::PowerText{"2.5", "6"}));
+    EXPECT_EQ(chart::as_power("1e-3"), (chart::PowerText{"", "-3"}));
+    EXPECT_EQ(chart::as_power("-1,5e10"), (chart::PowerText{"-1,5", "10"}));
     for (const char* text : {"", "e", "1e", "e5", "water", "he4", "3.5", "1e5x"})
-        EXPECT_FALSE(chart::AsPower(text)) << text;
+        EXPECT_FALSE(chart::as_power(text)) << text;
 }
 
 }  // namespace

@@ -57,34 +57,34 @@ void expectClear(const TickRequest& r, const Ticks& ticks) {
 }
 
 TEST(ChartTicks, StandAtRoundValues) {
-    EXPECT_EQ(texts(MakeTicks(request(0, 5, 300))),
+    EXPECT_EQ(texts(make_ticks(request(0, 5, 300))),
               (std::vector<std::string>{"0", "1", "2", "3", "4", "5"}));
-    EXPECT_EQ(texts(MakeTicks(request(0.13, 0.87, 250))),
+    EXPECT_EQ(texts(make_ticks(request(0.13, 0.87, 250))),
               (std::vector<std::string>{"0.2", "0.4", "0.6", "0.8"}));
-    EXPECT_EQ(texts(MakeTicks(request(-40, 160, 250))),
+    EXPECT_EQ(texts(make_ticks(request(-40, 160, 250))),
               (std::vector<std::string>{"0", "50", "100", "150"}));
 }
 
 TEST(ChartTicks, LargeAndSmallNumbersBecomePowers) {
-    EXPECT_EQ(texts(MakeTicks(request(0, 2e6, 250))),
+    EXPECT_EQ(texts(make_ticks(request(0, 2e6, 250))),
               (std::vector<std::string>{"0", "5e5", "1e6", "1.5e6", "2e6"}));
-    EXPECT_EQ(chart::AxisNumber(2e-7, 1e-7, 1e-6, -1), "2e-7");
-    EXPECT_EQ(chart::AxisNumber(0, 1e-7, 1e-6, -1), "0");
-    EXPECT_EQ(chart::AxisNumber(123456, 1000, 200000, -1), "123456");
+    EXPECT_EQ(chart::axis_number(2e-7, 1e-7, 1e-6, -1), "2e-7");
+    EXPECT_EQ(chart::axis_number(0, 1e-7, 1e-6, -1), "0");
+    EXPECT_EQ(chart::axis_number(123456, 1000, 200000, -1), "123456");
 }
 
 TEST(ChartTicks, DigitsAndSpacingOfTheUserHold) {
     TickRequest r = request(0, 1, 600);
     r.spacing = 0.25;
     r.decimals = 3;
-    EXPECT_EQ(texts(MakeTicks(r)),
+    EXPECT_EQ(texts(make_ticks(r)),
               (std::vector<std::string>{"0.000", "0.250", "0.500", "0.750", "1.000"}));
 }
 
 TEST(ChartTicks, ATooDenseSpacingKeepsItsTicksAndThinsItsNumbers) {
     TickRequest r = request(0, 10, 200);
     r.spacing = 0.5;
-    const Ticks ticks = MakeTicks(r);
+    const Ticks ticks = make_ticks(r);
     EXPECT_EQ(ticks.major.size(), 21U);
     EXPECT_LT(texts(ticks).size(), 21U);
     EXPECT_GE(texts(ticks).size(), 2U);
@@ -94,7 +94,7 @@ TEST(ChartTicks, ATooDenseSpacingKeepsItsTicksAndThinsItsNumbers) {
 TEST(ChartTicks, ASpacingFarTooSmallFallsBackToTheAutomaticOne) {
     TickRequest r = request(0, 1000, 400);
     r.spacing = 1e-9;
-    const Ticks ticks = MakeTicks(r);
+    const Ticks ticks = make_ticks(r);
     EXPECT_GT(ticks.major.size(), 2U);
     EXPECT_LT(ticks.major.size(), 30U);
 }
@@ -102,11 +102,11 @@ TEST(ChartTicks, ASpacingFarTooSmallFallsBackToTheAutomaticOne) {
 TEST(ChartTicks, ALogarithmicAxisShowsPowersOfTen) {
     TickRequest r = request(0.001, 1e5, 500);
     r.logarithmic = true;
-    EXPECT_EQ(texts(MakeTicks(r)), (std::vector<std::string>{"0.001", "0.01", "0.1", "1", "10",
-                                                             "100", "1000", "10000", "100000"}));
+    EXPECT_EQ(texts(make_ticks(r)), (std::vector<std::string>{"0.001", "0.01", "0.1", "1", "10",
+                                                              "100", "1000", "10000", "100000"}));
     r.min = 1;
     r.max = 1e12;
-    const auto powers = texts(MakeTicks(r));
+    const auto powers = texts(make_ticks(r));
     EXPECT_EQ(powers.front(), "1e0");
     EXPECT_EQ(powers.back(), "1e12");
 }
@@ -114,7 +114,7 @@ TEST(ChartTicks, ALogarithmicAxisShowsPowersOfTen) {
 TEST(ChartTicks, ALogarithmicAxisBelowADecadeStillHasNumbers) {
     TickRequest r = request(120, 380, 400);
     r.logarithmic = true;
-    EXPECT_GE(texts(MakeTicks(r)).size(), 3U);
+    EXPECT_GE(texts(make_ticks(r)).size(), 3U);
 }
 
 TEST(ChartTicks, NumbersNeverOverlapInAnyWindow) {
@@ -131,7 +131,7 @@ TEST(ChartTicks, NumbersNeverOverlapInAnyWindow) {
             r.min = size * (0.01 + unit(random));
             r.max = r.min * std::pow(10, 0.01 + 9 * unit(random));
         }
-        const Ticks ticks = MakeTicks(r);
+        const Ticks ticks = make_ticks(r);
         EXPECT_LE(ticks.major.size(), 202U);
         expectClear(r, ticks);
         EXPECT_TRUE(std::is_sorted(ticks.minor.begin(), ticks.minor.end()));
@@ -145,7 +145,7 @@ TEST(ChartTicks, AnAxisOfUsualLengthHasAtLeastTwoNumbers) {
         const double size = std::pow(10, -3 + 7 * unit(random));
         TickRequest r = request(size * unit(random), 0, 300);
         r.max = r.min + size;
-        EXPECT_GE(texts(MakeTicks(r)).size(), 2U) << r.min << " to " << r.max;
+        EXPECT_GE(texts(make_ticks(r)).size(), 2U) << r.min << " to " << r.max;
     }
 }
 
@@ -153,25 +153,25 @@ TEST(ChartTicks, WindowsThatCannotBeDrawnHaveNone) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double inf = std::numeric_limits<double>::infinity();
     for (const auto& [min, max] : {std::pair{1.0, 1.0}, {2.0, 1.0}, {nan, 1.0}, {0.0, inf}})
-        EXPECT_TRUE(MakeTicks(request(min, max, 300)).major.empty());
+        EXPECT_TRUE(make_ticks(request(min, max, 300)).major.empty());
     TickRequest r = request(-1, 10, 300);
     r.logarithmic = true;
-    EXPECT_TRUE(MakeTicks(r).major.empty());
+    EXPECT_TRUE(make_ticks(r).major.empty());
 }
 
 TEST(ChartTicks, TheLocalesDecimalMarkIsUsed) {
     numbers::set_decimal_mark(',');
-    const auto shown = texts(MakeTicks(request(0, 1, 200)));
+    const auto shown = texts(make_ticks(request(0, 1, 200)));
     numbers::set_decimal_mark('.');
     EXPECT_EQ(shown, (std::vector<std::string>{"0,0", "0,5", "1,0"}));
 }
 
 TEST(ChartTicks, NiceStepIsTheNextOfOneTwoFive) {
-    EXPECT_DOUBLE_EQ(chart::NiceStep(0.11), 0.2);
-    EXPECT_DOUBLE_EQ(chart::NiceStep(1), 1);
-    EXPECT_DOUBLE_EQ(chart::NiceStep(2.1), 5);
-    EXPECT_DOUBLE_EQ(chart::NiceStep(7e8), 1e9);
-    EXPECT_DOUBLE_EQ(chart::NiceStep(-3), 1);
+    EXPECT_DOUBLE_EQ(chart::nice_step(0.11), 0.2);
+    EXPECT_DOUBLE_EQ(chart::nice_step(1), 1);
+    EXPECT_DOUBLE_EQ(chart::nice_step(2.1), 5);
+    EXPECT_DOUBLE_EQ(chart::nice_step(7e8), 1e9);
+    EXPECT_DOUBLE_EQ(chart::nice_step(-3), 1);
 }
 
 TEST(ChartTicks, NiceWindowsHoldTheDataAndAreNotMuchWider) {
@@ -179,15 +179,15 @@ TEST(ChartTicks, NiceWindowsHoldTheDataAndAreNotMuchWider) {
     std::uniform_real_distribution<double> unit(-1, 1);
     for (int trial = 0; trial < 2000; ++trial) {
         const double a = unit(random) * 1000, b = a + std::abs(unit(random)) * 300 + 1e-3;
-        const auto window = chart::MakeNiceWindow(a, b, false);
+        const auto window = chart::make_nice_window(a, b, false);
         EXPECT_LE(window.min, a);
         EXPECT_GE(window.max, b);
         EXPECT_LE(window.max - window.min, 1.5 * (b - a));
     }
-    const auto flat = chart::MakeNiceWindow(5, 5, false);
+    const auto flat = chart::make_nice_window(5, 5, false);
     EXPECT_LT(flat.min, 5);
     EXPECT_GT(flat.max, 5);
-    const auto decades = chart::MakeNiceWindow(0.02, 3000, true);
+    const auto decades = chart::make_nice_window(0.02, 3000, true);
     EXPECT_DOUBLE_EQ(decades.min, 0.01);
     EXPECT_DOUBLE_EQ(decades.max, 10000);
 }

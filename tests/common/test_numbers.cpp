@@ -52,8 +52,8 @@ TEST(Numbers, TheLocalesDecimalMarkIsHonoured) {
     const DecimalComma comma;
     EXPECT_EQ(Format(1.5, "0.00"), "1,50");
     EXPECT_EQ(numbers::General(1.5F), "1,5");
-    EXPECT_EQ(numbers::FormatPoint(1.5, "0.00"), "1.50");
-    EXPECT_EQ(numbers::CommaToPoint("1,5"), "1.5");
+    EXPECT_EQ(numbers::format_point(1.5, "0.00"), "1.50");
+    EXPECT_EQ(numbers::comma_to_point("1,5"), "1.5");
 }
 
 TEST(Numbers, GeneralFormatsCarrySevenAndFifteenDigits) {
@@ -65,24 +65,24 @@ TEST(Numbers, GeneralFormatsCarrySevenAndFifteenDigits) {
 }
 
 TEST(Numbers, ValReadsTheLeadingNumberOnly) {
-    EXPECT_DOUBLE_EQ(numbers::Val("  12.5 K"), 12.5);
-    EXPECT_DOUBLE_EQ(numbers::Val("1E3"), 1000.0);
-    EXPECT_DOUBLE_EQ(numbers::Val("-2.5e-2x"), -0.025);
-    EXPECT_DOUBLE_EQ(numbers::Val("abc"), 0.0);
-    EXPECT_DOUBLE_EQ(numbers::Val(""), 0.0);
-    EXPECT_DOUBLE_EQ(numbers::Val("12,5"), 12.0);
-    EXPECT_DOUBLE_EQ(numbers::ValInput("12,5"), 12.5);
-    EXPECT_DOUBLE_EQ(numbers::Val("1E-999"), 0.0);
+    EXPECT_DOUBLE_EQ(numbers::val("  12.5 K"), 12.5);
+    EXPECT_DOUBLE_EQ(numbers::val("1E3"), 1000.0);
+    EXPECT_DOUBLE_EQ(numbers::val("-2.5e-2x"), -0.025);
+    EXPECT_DOUBLE_EQ(numbers::val("abc"), 0.0);
+    EXPECT_DOUBLE_EQ(numbers::val(""), 0.0);
+    EXPECT_DOUBLE_EQ(numbers::val("12,5"), 12.0);
+    EXPECT_DOUBLE_EQ(numbers::val_input("12,5"), 12.5);
+    EXPECT_DOUBLE_EQ(numbers::val("1E-999"), 0.0);
 }
 
 TEST(Numbers, WholeNumbersAreRoundedHalfToEven) {
-    EXPECT_EQ(numbers::ToInt16(2.5), 2);
-    EXPECT_EQ(numbers::ToInt16(3.5), 4);
-    EXPECT_EQ(numbers::ToInt32(-1.5), -2);
-    EXPECT_THROW(numbers::ToInt16(40000.0), faults::Fault);
-    EXPECT_THROW(numbers::ToSingle(1e39), faults::Fault);
+    EXPECT_EQ(numbers::to_int16(2.5), 2);
+    EXPECT_EQ(numbers::to_int16(3.5), 4);
+    EXPECT_EQ(numbers::to_int32(-1.5), -2);
+    EXPECT_THROW(numbers::to_int16(40000.0), faults::Fault);
+    EXPECT_THROW(numbers::to_single(1e39), faults::Fault);
     EXPECT_DOUBLE_EQ(numbers::Int(-0.5), -1.0);
-    EXPECT_DOUBLE_EQ(numbers::Round4(1.00005), 1.0001);
+    EXPECT_DOUBLE_EQ(numbers::round4(1.00005), 1.0001);
 }
 
 }  // namespace

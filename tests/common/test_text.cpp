@@ -7,25 +7,25 @@ using namespace quor;
 namespace {
 
 TEST(Text, CodePagesConvertUmlautsBothWays) {
-    EXPECT_EQ(text::FromAnsi("\xC4thanol"), "Äthanol");
-    EXPECT_EQ(text::ToAnsi("Äthanol"), "\xC4thanol");
-    EXPECT_EQ(text::FromOem("\x8Ether"), "Äther");
-    EXPECT_EQ(text::ToOem("Äther"), "\x8Ether");
+    EXPECT_EQ(text::from_ansi("\xC4thanol"), "Äthanol");
+    EXPECT_EQ(text::to_ansi("Äthanol"), "\xC4thanol");
+    EXPECT_EQ(text::from_oem("\x8Ether"), "Äther");
+    EXPECT_EQ(text::to_oem("Äther"), "\x8Ether");
 }
 
 TEST(Text, WhatAPageDoesNotHoldBecomesAQuestionMark) {
-    EXPECT_EQ(text::ToAnsi("a\xE2\x86\x92z"), "a?z");
+    EXPECT_EQ(text::to_ansi("a\xE2\x86\x92z"), "a?z");
 }
 
 TEST(Text, FixedFieldsCountCharactersNotBytes) {
-    EXPECT_EQ(text::PadRight("Ä", 3), "Ä  ");
-    EXPECT_EQ(text::PadRight("ÄÖÜ", 2), "ÄÖ");
-    EXPECT_EQ(text::PadLeft("Ä", 3), "  Ä");
+    EXPECT_EQ(text::pad_right("Ä", 3), "Ä  ");
+    EXPECT_EQ(text::pad_right("ÄÖÜ", 2), "ÄÖ");
+    EXPECT_EQ(text::pad_left("Ä", 3), "  Ä");
     EXPECT_EQ(text::Length("Äbc"), 3U);
 }
 
 TEST(Text, UpperCaseKnowsUmlauts) {
-    EXPECT_EQ(text::ToUpper("äthyl öl ü é ß"), "ÄTHYL ÖL Ü É ß");
+    EXPECT_EQ(text::to_upper("äthyl öl ü é ß"), "ÄTHYL ÖL Ü É ß");
 }
 
 TEST(Text, LinesEndWithAnyLineEnd) {
@@ -34,10 +34,10 @@ TEST(Text, LinesEndWithAnyLineEnd) {
 }
 
 TEST(Text, TrimsAndSplits) {
-    EXPECT_EQ(text::Trim("  a b "), "a b");
-    EXPECT_EQ(text::RemoveBlanks(" a b "), "ab");
-    EXPECT_EQ(text::Split("a;;b", ';'), (std::vector<std::string>{"a", "", "b"}));
-    EXPECT_EQ(text::ReplaceAll("aXbX", "X", "YY"), "aYYbYY");
+    EXPECT_EQ(text::trim("  a b "), "a b");
+    EXPECT_EQ(text::remove_blanks(" a b "), "ab");
+    EXPECT_EQ(text::split("a;;b", ';'), (std::vector<std::string>{"a", "", "b"}));
+    EXPECT_EQ(text::replace_all("aXbX", "X", "YY"), "aYYbYY");
 }
 
 }  // namespace

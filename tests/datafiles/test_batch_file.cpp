@@ -38,7 +38,7 @@ class Batch : public SessionTest {
     }
     bool load(const std::string& bytes, bool append = false) {
         builder::WriteFile(folder() / "D.BAQ", bytes);
-        return datafiles::BatchLoad((folder() / "D.BAQ").string(), append);
+        return datafiles::batch_load((folder() / "D.BAQ").string(), append);
     }
 };
 
@@ -66,7 +66,7 @@ TEST_F(Batch, LoadingFillsTheListFromElementOne) {
 TEST_F(Batch, SavingWritesWhatWasLoaded) {
     load(kFile);
     user.fileAnswers.push_back((folder() / "E.BAQ").string());
-    EXPECT_TRUE(datafiles::BatchSave());
+    EXPECT_TRUE(datafiles::batch_save());
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
     EXPECT_EQ(the_session.BatchFile, "E.BAQ");
     EXPECT_EQ(user.files[0].title, "Save exper. data as text file *.BAQ");
@@ -80,11 +80,11 @@ TEST_F(Batch, ValuesComeBackExactlyInEitherLocale) {
         numbers::set_decimal_mark(mark);
         const BatchDataSet set{
             .T = 1.0 / 3.0, .p = 1e-7, .rhoV = 0.1F, .rhoL = 1e6F, .hLV = 12345.678F, .cp = 3e-5F};
-        datafiles::RemoveBatchSets(1, the_session.BatchCount);
-        datafiles::InsertBatchSets(1, std::vector<BatchDataSet>{set});
+        datafiles::remove_batch_sets(1, the_session.BatchCount);
+        datafiles::insert_batch_sets(1, std::vector<BatchDataSet>{set});
         user.fileAnswers.push_back((folder() / "E.BAQ").string());
-        ASSERT_TRUE(datafiles::BatchSave());
-        ASSERT_TRUE(datafiles::BatchLoad((folder() / "E.BAQ").string(), false));
+        ASSERT_TRUE(datafiles::batch_save());
+        ASSERT_TRUE(datafiles::batch_load((folder() / "E.BAQ").string(), false));
         EXPECT_EQ(the_BatchData[1].T, set.T);
         EXPECT_EQ(the_BatchData[1].p, set.p);
         EXPECT_EQ(the_BatchData[1].rhoV, set.rhoV);
@@ -113,12 +113,12 @@ TEST_F(Batch, AppendingGoesBehindTheDataAndToAnEmptyListItIsLoading) {
 TEST_F(Batch, LoadingAsksForAFile) {
     builder::WriteFile(folder() / "D.BAQ", kFile);
     user.fileAnswers.push_back("D.BAQ");
-    EXPECT_TRUE(datafiles::BatchLoad(false));
+    EXPECT_TRUE(datafiles::batch_load(false));
     EXPECT_EQ(user.files[0].title, "Open a batch-file of experimental data (*.BAQ)");
     EXPECT_FALSE(user.files[0].save);
     EXPECT_NE(user.files[0].filter.find("*.BAQ"), std::string::npos);
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(datafiles::BatchLoad(false));
+    EXPECT_FALSE(datafiles::batch_load(false));
     EXPECT_EQ(the_session.BatchCount, 3);
 }
 
@@ -164,18 +164,18 @@ TEST_F(Batch, SavingOverAFileAsks) {
     builder::WriteFile(folder() / "E.BAQ", "old");
     user.answers = {Answer::No, Answer::Yes};
     user.fileAnswers = {(folder() / "E").string(), (folder() / "E").string()};
-    EXPECT_FALSE(datafiles::BatchSave());
+    EXPECT_FALSE(datafiles::batch_save());
     EXPECT_EQ(user.lastText(), "such a file is already existing\nOverwright?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), "old");
-    EXPECT_TRUE(datafiles::BatchSave());
+    EXPECT_TRUE(datafiles::batch_save());
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
 }
 
 TEST_F(Batch, AFailedSaveIsToldAndNothingIsLost) {
     load(kFile);
     user.fileAnswers.push_back((folder() / "missing" / "E.BAQ").string());
-    EXPECT_FALSE(datafiles::BatchSave());
+    EXPECT_FALSE(datafiles::batch_save());
     EXPECT_EQ(user.lastText(), "The file E.BAQ could not be written (No such file or directory).");
     EXPECT_EQ(the_session.BatchFile, "D.BAQ");
     EXPECT_EQ(the_session.BatchCount, 3);
@@ -183,19 +183,19 @@ TEST_F(Batch, AFailedSaveIsToldAndNothingIsLost) {
 
 TEST_F(Batch, ChangedDataAreAskedAboutBeforeTheyAreLeft) {
     load(kFile);
-    EXPECT_TRUE(datafiles::BatchSaveFrage(false));
+    EXPECT_TRUE(datafiles::batch_save_frage(false));
     EXPECT_TRUE(user.messages.empty());
     user.answers = {Answer::No};
-    EXPECT_TRUE(datafiles::BatchSaveFrage(true));
+    EXPECT_TRUE(datafiles::batch_save_frage(true));
     EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     // Yes, and then no name: the data may not be left.
     user.answers = {Answer::Yes};
     user.fileAnswers = {std::nullopt};
-    EXPECT_FALSE(datafiles::BatchSaveFrage(true));
+    EXPECT_FALSE(datafiles::batch_save_frage(true));
     user.answers = {Answer::Yes};
     user.fileAnswers = {(folder() / "E.BAQ").string()};
-    EXPECT_TRUE(datafiles::BatchSaveFrage(true));
+    EXPECT_TRUE(datafiles::batch_save_frage(true));
     EXPECT_TRUE(fs::exists(folder() / "E.BAQ"));
 }
 
@@ -216,7 +216,7 @@ TEST_F(Batch, FilesThatAreNoneAreToldAndChangeNothing) {
         EXPECT_EQ(user.lastText(), "The file D.BAQ holds no experimental data.");
         EXPECT_EQ(the_session.BatchCount, 3);
     }
-    EXPECT_FALSE(datafiles::BatchLoad("MISSING.BAQ", false));
+    EXPECT_FALSE(datafiles::batch_load("MISSING.BAQ", false));
     EXPECT_EQ(user.lastText(), "The file MISSING.BAQ was not found.");
 }
 
@@ -261,10 +261,10 @@ TEST_F(Batch, AColumnIsSavedAsXYWithoutInactiveAndEmptySets) {
     load(kFile);
     the_BatchData[2].skip = -1;
     user.fileAnswers = {(folder() / "P.XY").string(), (folder() / "R.XY").string()};
-    EXPECT_TRUE(datafiles::BatchSaveXY(1));
+    EXPECT_TRUE(datafiles::batch_save_xy(1));
     EXPECT_EQ(builder::ReadFile(folder() / "P.XY"),
               "measured by K\xE4the\r\n.2731500E+03;.4745000E+03\r\n.3501250E+03;.2950000E+04\r\n");
-    EXPECT_TRUE(datafiles::BatchSaveXY(2));
+    EXPECT_TRUE(datafiles::batch_save_xy(2));
     EXPECT_EQ(builder::ReadFile(folder() / "R.XY"),
               "measured by K\xE4the\r\n.2731500E+03;.5286000E+03\r\n");
 }
@@ -273,7 +273,7 @@ TEST_F(Batch, TheSamplesOfTheDataFolderLoad) {
     int files = 0;
     for (const auto& entry : fs::directory_iterator(std::string(QUOR_SOURCE_DATA) + "/samples")) {
         if (entry.path().extension() != ".BAQ") continue;
-        const auto file = datafiles::ReadBatchText(builder::ReadFile(entry.path()));
+        const auto file = datafiles::read_batch_text(builder::ReadFile(entry.path()));
         ASSERT_TRUE(file) << entry.path();
         EXPECT_EQ(static_cast<double>(file->sets.size()), file->announced) << entry.path();
         EXPECT_EQ(file->casrn.size(), 12U) << entry.path();

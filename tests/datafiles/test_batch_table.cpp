@@ -12,7 +12,7 @@ using calculation::BatchDataSet;
 using datafiles::BatchColumn;
 using datafiles::BatchUnits;
 using datafiles::PressureUnit;
-using datafiles::StoreCell;
+using datafiles::store_cell;
 using datafiles::TemperatureUnit;
 using legacy::the_BatchData;
 using legacy::the_session;
@@ -22,7 +22,7 @@ class BatchTable : public SessionTest {
     static void fill(std::initializer_list<double> temperatures) {
         std::vector<BatchDataSet> sets;
         for (const double T : temperatures) sets.push_back({.T = T});
-        datafiles::InsertBatchSets(1, sets);
+        datafiles::insert_batch_sets(1, sets);
     }
     static std::vector<double> temperatures() {
         std::vector<double> list;
@@ -33,47 +33,47 @@ class BatchTable : public SessionTest {
 };
 
 TEST(BatchUnits, TypedValuesAreStoredInTheSystemsUnits) {
-    EXPECT_DOUBLE_EQ(datafiles::StoredTemperature(25, TemperatureUnit::Celsius), 298.15);
-    EXPECT_EQ(datafiles::StoredTemperature(25, TemperatureUnit::K), 25.0);
-    EXPECT_DOUBLE_EQ(datafiles::StoredPressure(2, PressureUnit::atm), 202.65);
-    EXPECT_DOUBLE_EQ(datafiles::StoredPressure(760, PressureUnit::Torr), 101.325);
-    EXPECT_EQ(datafiles::StoredPressure(5, PressureUnit::kPa), 5.0);
+    EXPECT_DOUBLE_EQ(datafiles::stored_temperature(25, TemperatureUnit::Celsius), 298.15);
+    EXPECT_EQ(datafiles::stored_temperature(25, TemperatureUnit::K), 25.0);
+    EXPECT_DOUBLE_EQ(datafiles::stored_pressure(2, PressureUnit::atm), 202.65);
+    EXPECT_DOUBLE_EQ(datafiles::stored_pressure(760, PressureUnit::Torr), 101.325);
+    EXPECT_EQ(datafiles::stored_pressure(5, PressureUnit::kPa), 5.0);
     const BatchUnits volume{.volume = true, .n = 2, .M = 44};
-    EXPECT_DOUBLE_EQ(datafiles::StoredDensity(0.5, volume), 176.0);
-    EXPECT_EQ(datafiles::StoredDensity(0, volume), 0.0);
-    EXPECT_EQ(datafiles::StoredDensity(500, {}), 500.0);
+    EXPECT_DOUBLE_EQ(datafiles::stored_density(0.5, volume), 176.0);
+    EXPECT_EQ(datafiles::stored_density(0, volume), 0.0);
+    EXPECT_EQ(datafiles::stored_density(500, {}), 500.0);
 }
 
 TEST(BatchUnits, StoredValuesAreShownRoundedInTheUnitChosen) {
-    EXPECT_DOUBLE_EQ(datafiles::ShownTemperature(298.15049, TemperatureUnit::K), 298.15);
-    EXPECT_DOUBLE_EQ(datafiles::ShownTemperature(298.1506, TemperatureUnit::K), 298.151);
-    EXPECT_DOUBLE_EQ(datafiles::ShownTemperature(298.15, TemperatureUnit::Celsius), 25.0);
-    EXPECT_DOUBLE_EQ(datafiles::ShownPressure(101.325, PressureUnit::atm), 1.0);
-    EXPECT_DOUBLE_EQ(datafiles::ShownPressure(101.325, PressureUnit::Torr), 760.0);
-    EXPECT_DOUBLE_EQ(datafiles::ShownPressure(1.0000049, PressureUnit::kPa), 1.0);
-    EXPECT_DOUBLE_EQ(datafiles::ShownPressure(1.000006, PressureUnit::kPa), 1.00001);
-    EXPECT_DOUBLE_EQ(datafiles::ShownDensity(176, {.volume = true, .n = 2, .M = 44}), 0.5);
+    EXPECT_DOUBLE_EQ(datafiles::shown_temperature(298.15049, TemperatureUnit::K), 298.15);
+    EXPECT_DOUBLE_EQ(datafiles::shown_temperature(298.1506, TemperatureUnit::K), 298.151);
+    EXPECT_DOUBLE_EQ(datafiles::shown_temperature(298.15, TemperatureUnit::Celsius), 25.0);
+    EXPECT_DOUBLE_EQ(datafiles::shown_pressure(101.325, PressureUnit::atm), 1.0);
+    EXPECT_DOUBLE_EQ(datafiles::shown_pressure(101.325, PressureUnit::Torr), 760.0);
+    EXPECT_DOUBLE_EQ(datafiles::shown_pressure(1.0000049, PressureUnit::kPa), 1.0);
+    EXPECT_DOUBLE_EQ(datafiles::shown_pressure(1.000006, PressureUnit::kPa), 1.00001);
+    EXPECT_DOUBLE_EQ(datafiles::shown_density(176, {.volume = true, .n = 2, .M = 44}), 0.5);
 }
 
 TEST(BatchUnits, EveryUnitGoesThereAndBack) {
     for (const auto unit : {TemperatureUnit::K, TemperatureUnit::Celsius})
-        EXPECT_NEAR(datafiles::ShownTemperature(datafiles::StoredTemperature(36.6, unit), unit),
+        EXPECT_NEAR(datafiles::shown_temperature(datafiles::stored_temperature(36.6, unit), unit),
                     36.6, 1e-9);
     for (const auto unit : {PressureUnit::kPa, PressureUnit::atm, PressureUnit::Torr})
-        EXPECT_NEAR(datafiles::ShownPressure(datafiles::StoredPressure(12.5, unit), unit), 12.5,
+        EXPECT_NEAR(datafiles::shown_pressure(datafiles::stored_pressure(12.5, unit), unit), 12.5,
                     1e-9);
 }
 
 TEST_F(BatchTable, CellsTakePointAndComma) {
     BatchDataSet set;
     const BatchUnits celsius{.T = TemperatureUnit::Celsius};
-    StoreCell(set, BatchColumn::T, "25", celsius);
+    store_cell(set, BatchColumn::T, "25", celsius);
     EXPECT_DOUBLE_EQ(set.T, 298.15);
-    StoreCell(set, BatchColumn::T, "26,5", celsius);
+    store_cell(set, BatchColumn::T, "26,5", celsius);
     EXPECT_DOUBLE_EQ(set.T, 299.65);
-    StoreCell(set, BatchColumn::p, " 101.5 ", {});
+    store_cell(set, BatchColumn::p, " 101.5 ", {});
     EXPECT_EQ(set.p, 101.5);
-    StoreCell(set, BatchColumn::hLV, "1,5E4", {});
+    store_cell(set, BatchColumn::hLV, "1,5E4", {});
     EXPECT_EQ(set.hLV, 15000.0F);
 }
 
@@ -82,7 +82,7 @@ TEST_F(BatchTable, AnEmptyCellAndATextStoreNoValue) {
     for (const char* typed : {"", "  ", "n.a."}) {
         BatchDataSet set{.T = 1, .p = 1, .rhoV = 1, .rhoL = 1, .hLV = 1, .cp = 1};
         for (int c = 0; c < datafiles::kBatchColumns; ++c)
-            StoreCell(set, static_cast<BatchColumn>(c), typed, celsius);
+            store_cell(set, static_cast<BatchColumn>(c), typed, celsius);
         EXPECT_EQ(set.T, 0.0);
         EXPECT_EQ(set.p, 0.0);
         EXPECT_EQ(set.rhoV, 0.0F);
@@ -90,27 +90,27 @@ TEST_F(BatchTable, AnEmptyCellAndATextStoreNoValue) {
         EXPECT_EQ(set.hLV, 0.0F);
         EXPECT_EQ(set.cp, 0.0F);
         for (int c = 0; c < datafiles::kBatchColumns; ++c)
-            EXPECT_EQ(datafiles::CellText(set, static_cast<BatchColumn>(c), celsius), "");
+            EXPECT_EQ(datafiles::cell_text(set, static_cast<BatchColumn>(c), celsius), "");
     }
     BatchDataSet set;
-    StoreCell(set, BatchColumn::T, "0", celsius);
+    store_cell(set, BatchColumn::T, "0", celsius);
     EXPECT_DOUBLE_EQ(set.T, 273.15);
-    EXPECT_EQ(datafiles::CellText(set, BatchColumn::T, celsius), "0");
+    EXPECT_EQ(datafiles::cell_text(set, BatchColumn::T, celsius), "0");
 }
 
 TEST_F(BatchTable, CellsShowTheLocalesDecimalMark) {
     const BatchDataSet set{
         .T = 300.5, .p = 1.5, .rhoV = 2.5F, .rhoL = 500.25F, .hLV = 1.0F, .cp = 75.5F};
-    EXPECT_EQ(datafiles::CellText(set, BatchColumn::T, {}), "300.5");
-    EXPECT_EQ(datafiles::CellText(set, BatchColumn::rhoL, {}), "500.25");
+    EXPECT_EQ(datafiles::cell_text(set, BatchColumn::T, {}), "300.5");
+    EXPECT_EQ(datafiles::cell_text(set, BatchColumn::rhoL, {}), "500.25");
     numbers::set_decimal_mark(',');
-    EXPECT_EQ(datafiles::CellText(set, BatchColumn::T, {}), "300,5");
-    EXPECT_EQ(datafiles::CellText(set, BatchColumn::rhoV, {}), "2,5");
-    EXPECT_EQ(datafiles::CellText(set, BatchColumn::cp, {}), "75,5");
+    EXPECT_EQ(datafiles::cell_text(set, BatchColumn::T, {}), "300,5");
+    EXPECT_EQ(datafiles::cell_text(set, BatchColumn::rhoV, {}), "2,5");
+    EXPECT_EQ(datafiles::cell_text(set, BatchColumn::cp, {}), "75,5");
 }
 
 TEST_F(BatchTable, AClipboardTableBecomesSetsInTheOrderOfTheScreen) {
-    const auto sets = datafiles::SetsFromClipboard(
+    const auto sets = datafiles::sets_from_clipboard(
         "T\tp\trho(L)\r\n25\t1\t500,5\t2.5\t16000\t75\r\n\r\n30\t1,5\r\n",
         {.T = TemperatureUnit::Celsius, .p = PressureUnit::atm});
     ASSERT_EQ(sets.size(), 2U);
@@ -128,11 +128,12 @@ TEST_F(BatchTable, AClipboardTableBecomesSetsInTheOrderOfTheScreen) {
 TEST_F(BatchTable, CopiedLinesPasteAsTheSameSets) {
     for (const char mark : {'.', ','}) {
         numbers::set_decimal_mark(mark);
-        datafiles::RemoveBatchSets(1, 100);
-        datafiles::InsertBatchSets(
+        datafiles::remove_batch_sets(1, 100);
+        datafiles::insert_batch_sets(
             1, std::vector<BatchDataSet>{{.T = 300.5, .p = 101.25, .rhoL = 500.5F},
                                          {.T = 310, .cp = 1.5F}});
-        const auto sets = datafiles::SetsFromClipboard(datafiles::SetsForClipboard(1, 2, {}), {});
+        const auto sets =
+            datafiles::sets_from_clipboard(datafiles::sets_for_clipboard(1, 2, {}), {});
         ASSERT_EQ(sets.size(), 2U);
         EXPECT_EQ(sets[0].T, 300.5);
         EXPECT_EQ(sets[0].p, 101.25);
@@ -145,10 +146,10 @@ TEST_F(BatchTable, CopiedLinesPasteAsTheSameSets) {
 TEST_F(BatchTable, SetsAreInsertedAtTheMarkedPosition) {
     the_BatchData[0].T = -1;
     fill({1, 2, 3});
-    datafiles::InsertBatchSets(2, std::vector<BatchDataSet>{{.T = 10}, {.T = 11}});
+    datafiles::insert_batch_sets(2, std::vector<BatchDataSet>{{.T = 10}, {.T = 11}});
     EXPECT_EQ(temperatures(), (std::vector<double>{1, 10, 11, 2, 3}));
-    datafiles::InsertBatchSets(99, std::vector<BatchDataSet>{{.T = 12}});
-    datafiles::InsertBatchSets(-5, std::vector<BatchDataSet>{{.T = 9}});
+    datafiles::insert_batch_sets(99, std::vector<BatchDataSet>{{.T = 12}});
+    datafiles::insert_batch_sets(-5, std::vector<BatchDataSet>{{.T = 9}});
     EXPECT_EQ(temperatures(), (std::vector<double>{9, 1, 10, 11, 2, 3, 12}));
     EXPECT_EQ(the_BatchData[0].T, -1.0);
     EXPECT_EQ(the_BatchData.size(), 8U);
@@ -156,12 +157,12 @@ TEST_F(BatchTable, SetsAreInsertedAtTheMarkedPosition) {
 
 TEST_F(BatchTable, MarkedLinesAreRemoved) {
     fill({1, 2, 3, 4});
-    datafiles::RemoveBatchSets(2, 3);
+    datafiles::remove_batch_sets(2, 3);
     EXPECT_EQ(temperatures(), (std::vector<double>{1, 4}));
-    datafiles::RemoveBatchSets(5, 9);
-    datafiles::RemoveBatchSets(3, 1);
+    datafiles::remove_batch_sets(5, 9);
+    datafiles::remove_batch_sets(3, 1);
     EXPECT_EQ(temperatures(), (std::vector<double>{1, 4}));
-    datafiles::RemoveBatchSets(-3, 99);
+    datafiles::remove_batch_sets(-3, 99);
     EXPECT_EQ(the_session.BatchCount, 0);
     EXPECT_EQ(the_BatchData.size(), 2U);
     EXPECT_EQ(the_BatchData[1].T, 0.0);
@@ -172,21 +173,21 @@ TEST_F(BatchTable, SortingKeepsTheMarkWithItsLine) {
     the_BatchData[1].skip = -1;
     the_BatchData[2].p = 5;
     the_BatchData[3].p = 4;
-    datafiles::SortBatchSets(BatchColumn::T);
+    datafiles::sort_batch_sets(BatchColumn::T);
     EXPECT_EQ(temperatures(), (std::vector<double>{1, 1, 2, 3}));
     EXPECT_EQ(the_BatchData[4].skip, -1);
     EXPECT_EQ(the_BatchData[1].p, 5.0);
-    datafiles::SortBatchSets(BatchColumn::p);
+    datafiles::sort_batch_sets(BatchColumn::p);
     EXPECT_EQ(temperatures(), (std::vector<double>{1, 3, 2, 1}));
     EXPECT_EQ(the_BatchData[2].skip, -1);
 }
 
 TEST_F(BatchTable, ActivityIsToggled) {
     fill({1, 2, 3});
-    datafiles::ToggleBatchSets(2, 3);
+    datafiles::toggle_batch_sets(2, 3);
     EXPECT_EQ(the_BatchData[1].skip, 0);
     EXPECT_EQ(the_BatchData[2].skip, -1);
-    datafiles::ToggleBatchSets(3, 7);
+    datafiles::toggle_batch_sets(3, 7);
     EXPECT_EQ(the_BatchData[2].skip, -1);
     EXPECT_EQ(the_BatchData[3].skip, 0);
 }
@@ -196,11 +197,11 @@ TEST_F(BatchTable, ThePrintedTableHasAlignedColumns) {
     the_BatchData[2].skip = -1;
     the_BatchData[2].p = 5;
     EXPECT_EQ(
-        datafiles::BatchTableText({}),
+        datafiles::batch_table_text({}),
         "  #    T/K  p/kPa  rho_L/(kg/m^3)  rho_V/(kg/m^3)  delta(LV)h/(kJ/kmol)  cp/(kJ/kmol/K)\n"
         "  1  300.5\n"
         "(2)   1000      5\n");
-    const std::string volumes = datafiles::BatchTableText(
+    const std::string volumes = datafiles::batch_table_text(
         {.T = TemperatureUnit::Celsius, .p = PressureUnit::Torr, .volume = true});
     EXPECT_EQ(volumes.substr(0, volumes.find('\n')),
               "  #    T/°C    p/Torr  v_L/m^3  v_V/m^3  delta(LV)h/(kJ/kmol)  cp/(kJ/kmol/K)");
@@ -209,18 +210,18 @@ TEST_F(BatchTable, ThePrintedTableHasAlignedColumns) {
 TEST_F(BatchTable, FitColumnsAreNumberedFromPressure) {
     const BatchDataSet set{.T = 9, .p = 1, .rhoV = 3, .rhoL = 2, .hLV = 4, .cp = 5};
     for (int column = 1; column <= 5; ++column)
-        EXPECT_EQ(datafiles::FitColumnValue(set, column), column);
-    EXPECT_EQ(datafiles::FitColumnValue(set, 6), 0.0);
+        EXPECT_EQ(datafiles::fit_column_value(set, column), column);
+    EXPECT_EQ(datafiles::fit_column_value(set, 6), 0.0);
 }
 
 TEST_F(BatchTable, RemovalIsAskedAbout) {
     user.answers = {dialogs::Answer::Yes, dialogs::Answer::No};
-    EXPECT_TRUE(datafiles::ConfirmRemoval(3, 3));
+    EXPECT_TRUE(datafiles::confirm_removal(3, 3));
     EXPECT_EQ(user.lastText(), "line 3 really remove?");
-    EXPECT_FALSE(datafiles::ConfirmRemoval(3, 7));
+    EXPECT_FALSE(datafiles::confirm_removal(3, 7));
     EXPECT_EQ(user.lastText(), "lines 3 till 7 really remove?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_FALSE(datafiles::ConfirmRemoval(0, 0));
+    EXPECT_FALSE(datafiles::confirm_removal(0, 0));
     EXPECT_EQ(user.lastText(), "No marked item!");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }

@@ -24,8 +24,8 @@ using legacy::the_session;
 
 class DamagedFiles : public SessionTest {
   protected:
-    DamagedFiles() { datafiles::CloseDatabase(); }
-    ~DamagedFiles() override { datafiles::CloseDatabase(); }
+    DamagedFiles() { datafiles::close_database(); }
+    ~DamagedFiles() override { datafiles::close_database(); }
 
     std::string write(const std::string& name, const std::string& bytes) {
         builder::WriteFile(folder() / name, bytes);
@@ -70,7 +70,7 @@ bool is_finite(const datafiles::FieldValue& value) {
 }
 
 void expect_finite(const models::SubstanceRecord& record) {
-    for (const datafiles::RecordField& field : datafiles::RecordFields())
+    for (const datafiles::RecordField& field : datafiles::record_fields())
         for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i)
             EXPECT_TRUE(is_finite(datafiles::ValueOf(record, {&field, i}))) << field.name;
 }
@@ -94,12 +94,12 @@ void read_all_substances() {
 
 TEST_F(DamagedFiles, ADatabaseCutAtAnyLengthIsUnusableAndTheOldOneServes) {
     const std::string good = write("GOOD.Q05", builder::Database({builder::Propane()}));
-    datafiles::OpenDatabaseFile(good);
+    datafiles::open_database_file(good);
     const std::string whole =
         builder::Database({builder::Plain("a", "1"), builder::Plain("b", "2")});
     for (std::size_t length = 0; length < whole.size(); ++length) {
         ASSERT_TRUE(
-            datafiles::OpenDatabaseFile(write("CUT.Q05", whole.substr(0, length))).notUsable)
+            datafiles::open_database_file(write("CUT.Q05", whole.substr(0, length))).notUsable)
             << length;
         ASSERT_EQ(the_session.SubstanceCount, 1);
     }
@@ -107,7 +107,7 @@ TEST_F(DamagedFiles, ADatabaseCutAtAnyLengthIsUnusableAndTheOldOneServes) {
     bool noCriticalData = true;
     EXPECT_TRUE(datafiles::ReadSubstance(1, noCriticalData));
     EXPECT_EQ(legacy::the_substance.Name, "Propane");
-    EXPECT_FALSE(datafiles::OpenDatabaseFile(write("CUT.Q05", whole)).notUsable);
+    EXPECT_FALSE(datafiles::open_database_file(write("CUT.Q05", whole)).notUsable);
 }
 
 TEST_F(DamagedFiles, ARandomDatabaseGivesNoWrongNumbers) {
@@ -118,7 +118,7 @@ TEST_F(DamagedFiles, ARandomDatabaseGivesNoWrongNumbers) {
             bytes[186] = 5;
             bytes[187] = 0;
         }
-        datafiles::OpenDatabaseFile(write("R.Q05", bytes));
+        datafiles::open_database_file(write("R.Q05", bytes));
         expect_consistent_lists();
         read_all_substances();
     }
@@ -127,7 +127,7 @@ TEST_F(DamagedFiles, ARandomDatabaseGivesNoWrongNumbers) {
 TEST_F(DamagedFiles, AMutatedDatabaseGivesNoWrongNumbers) {
     const std::string whole = builder::Database({builder::Propane(), builder::Plain("b", "2")});
     for (int round = 0; round < 500; ++round) {
-        datafiles::OpenDatabaseFile(write("M.Q05", mutated(whole)));
+        datafiles::open_database_file(write("M.Q05", mutated(whole)));
         expect_consistent_lists();
         read_all_substances();
     }
@@ -137,23 +137,23 @@ TEST_F(DamagedFiles, ADatabaseThatBoastsWithItsCountIsUnusable) {
     std::string bytes = builder::Database({builder::Propane()});
     bytes[186] = '\xFF';
     bytes[187] = '\x7F';
-    EXPECT_TRUE(datafiles::OpenDatabaseFile(write("B.Q05", bytes)).notUsable);
-    EXPECT_FALSE(datafiles::ReadDatabaseLists(folder() / "B.Q05"));
+    EXPECT_TRUE(datafiles::open_database_file(write("B.Q05", bytes)).notUsable);
+    EXPECT_FALSE(datafiles::read_database_lists(folder() / "B.Q05"));
 }
 
 TEST_F(DamagedFiles, AFolderIsNoDatabase) {
     std::filesystem::create_directory(folder() / "D.Q05");
-    EXPECT_TRUE(datafiles::OpenDatabaseFile("D.Q05").notUsable);
-    EXPECT_FALSE(datafiles::ReadDatabaseLists(folder() / "D.Q05"));
+    EXPECT_TRUE(datafiles::open_database_file("D.Q05").notUsable);
+    EXPECT_FALSE(datafiles::read_database_lists(folder() / "D.Q05"));
 }
 
 TEST_F(DamagedFiles, DamagedProjectsLeaveSettingsWithinTheirRanges) {
     write("A.Q05", builder::Database({builder::Propane()}));
-    datafiles::LoadDatabase("A.Q05");
+    datafiles::load_database("A.Q05");
     bool noCriticalData = false;
     datafiles::ReadSubstance(1, noCriticalData);
     the_session.CurrentSubstance = 1;
-    ASSERT_TRUE(datafiles::SaveProject(false));
+    ASSERT_TRUE(datafiles::save_project(false));
     const std::string whole = builder::ReadFile(the_session.LastSessionFile);
     for (int round = 0; round < 600; ++round) {
         const std::string bytes = round % 3 == 0 ? random_bytes(random() % 600)
@@ -162,7 +162,7 @@ TEST_F(DamagedFiles, DamagedProjectsLeaveSettingsWithinTheirRanges) {
                                       : mutated(whole);
         const std::string path = write("P.QCF", bytes);
         datafiles::LoadProject(path);
-        datafiles::PreviewFile(path);
+        datafiles::preview_file(path);
         EXPECT_GE(the_session.PointsPerCurve, 50);
         EXPECT_LE(the_session.PointsPerCurve, 800);
         EXPECT_TRUE(the_session.UnitMode >= 0 && the_session.UnitMode <= 2);
@@ -192,10 +192,10 @@ TEST_F(DamagedFiles, DamagedDataFilesGiveSoundSetsOrNone) {
     const std::string whole =
         "d\r\nc\r\n74-98-6     "
         "\r\n3\r\n273.15,474.5,528.6,10.5,16500,98.5\r\n300,1,2,3,4,5\r\n350,6,7,8,9,10\r\n";
-    datafiles::BatchLoad(write("D.BAQ", whole), false);
+    datafiles::batch_load(write("D.BAQ", whole), false);
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const std::int16_t before = the_session.BatchCount;
-        const bool loaded = datafiles::BatchLoad(write("D.BAQ", whole.substr(0, length)), false);
+        const bool loaded = datafiles::batch_load(write("D.BAQ", whole.substr(0, length)), false);
         EXPECT_TRUE(loaded || the_session.BatchCount == before);
         EXPECT_GE(legacy::the_BatchData.size(),
                   static_cast<std::size_t>(the_session.BatchCount) + 1);
@@ -206,8 +206,8 @@ TEST_F(DamagedFiles, DamagedDataFilesGiveSoundSetsOrNone) {
                                       ? "d\nc\n1\n99999999\n" + random_text(random() % 400)
                                       : mutated(whole);
         const std::string path = write("D.BAQ", bytes);
-        datafiles::BatchLoad(path, round % 2 == 0);
-        datafiles::PreviewFile(path);
+        datafiles::batch_load(path, round % 2 == 0);
+        datafiles::preview_file(path);
         EXPECT_EQ(legacy::the_BatchData.size(),
                   std::max<std::size_t>(2, static_cast<std::size_t>(the_session.BatchCount) + 1));
         expect_sound_sets(legacy::the_BatchData);
@@ -219,7 +219,7 @@ TEST_F(DamagedFiles, DamagedPointFilesGiveSoundPoints) {
         const std::string bytes =
             round % 2 == 0 ? random_bytes(random() % 600) : "c\n" + random_text(random() % 600);
         for (const char delimiter : {';', ',', '\t', '\0'})
-            for (const datafiles::FitPoint& p : datafiles::ReadXYText(bytes, delimiter).points)
+            for (const datafiles::FitPoint& p : datafiles::read_xy_text(bytes, delimiter).points)
                 EXPECT_TRUE(std::isfinite(p.x) && std::isfinite(p.y));
     }
 }
@@ -229,13 +229,13 @@ TEST_F(DamagedFiles, DamagedSynonymFilesEndTheSearch) {
         "1-1\r\nName_x\r\nONE\r\nTWO\r\n\r\n2-2\r\nOther_y\r\nTHREE\r\n\r\nEND\r\n";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         const datafiles::SynonymHit hit =
-            datafiles::FindInSynonyms(whole.substr(0, length), "three");
+            datafiles::find_in_synonyms(whole.substr(0, length), "three");
         EXPECT_TRUE(!hit.found || hit.casrn == "2-2");
     }
     for (int round = 0; round < 300; ++round) {
-        datafiles::FindInSynonyms(mutated(whole), "three");
+        datafiles::find_in_synonyms(mutated(whole), "three");
         write("SYNOM.TXT", random_bytes(500));
-        EXPECT_FALSE(datafiles::SearchSynonyms("no such substance").found);
+        EXPECT_FALSE(datafiles::search_synonyms("no such substance").found);
     }
 }
 
@@ -244,21 +244,21 @@ TEST_F(DamagedFiles, DamagedTablesGiveErrorsOrRecords) {
         "formula,name_en,casrn,M,Tcrit,pcrit,WAG_1\nA,\"B\",1,2,3,4,5\nC,D,2,3,4,5,\n";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         const datafiles::DatabaseTable table =
-            datafiles::ReadDatabaseTable(whole.substr(0, length));
+            datafiles::read_database_table(whole.substr(0, length));
         EXPECT_NE(table.errors.empty(), table.records.empty()) << length;
     }
     for (int round = 0; round < 1000; ++round) {
         const std::string bytes = round % 2 == 0 ? random_bytes(300) : mutated(whole);
-        const datafiles::DatabaseTable table = datafiles::ReadDatabaseTable(bytes);
+        const datafiles::DatabaseTable table = datafiles::read_database_table(bytes);
         EXPECT_NE(table.errors.empty(), table.records.empty());
     }
 }
 
 TEST_F(DamagedFiles, AVeryLongLineIsRead) {
     const std::string line(5'000'000, '7');
-    EXPECT_EQ(datafiles::ReadXYText("c\n" + line + ";1\n", ';').points.at(0).x, 0.0F);
-    EXPECT_EQ(datafiles::SplitCsv(line).rows.size(), 1U);
-    const auto file = datafiles::ReadBatchText("d\nc\n1\n1\n" + line + ",1,2,3,4,5\n");
+    EXPECT_EQ(datafiles::read_xy_text("c\n" + line + ";1\n", ';').points.at(0).x, 0.0F);
+    EXPECT_EQ(datafiles::split_csv(line).rows.size(), 1U);
+    const auto file = datafiles::read_batch_text("d\nc\n1\n1\n" + line + ",1,2,3,4,5\n");
     ASSERT_TRUE(file);
     EXPECT_EQ(file->sets.at(0).T, 0.0);
     EXPECT_EQ(file->sets.at(0).p, 1.0);

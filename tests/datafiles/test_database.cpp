@@ -17,8 +17,8 @@ using legacy::the_substances;
 
 class Database : public SessionTest {
   protected:
-    Database() { datafiles::CloseDatabase(); }
-    ~Database() override { datafiles::CloseDatabase(); }
+    Database() { datafiles::close_database(); }
+    ~Database() override { datafiles::close_database(); }
 
     std::string write(const std::string& name, const std::vector<builder::Substance>& list) {
         return write_bytes(name, builder::Database(list));
@@ -41,7 +41,7 @@ class Database : public SessionTest {
 };
 
 TEST_F(Database, OpeningBuildsTheLists) {
-    const datafiles::OpenResult result = datafiles::OpenDatabaseFile(write("A.Q05", two()));
+    const datafiles::OpenResult result = datafiles::open_database_file(write("A.Q05", two()));
     EXPECT_FALSE(result.notUsable);
     EXPECT_FALSE(result.reserved);
     EXPECT_EQ(the_session.SubstanceCount, 2);
@@ -55,32 +55,32 @@ TEST_F(Database, OpeningBuildsTheLists) {
 
 TEST_F(Database, AnotherLanguageListsTheOtherNames) {
     the_session.EnglishUi = false;
-    datafiles::OpenDatabaseFile(write("A.Q05", two()));
+    datafiles::open_database_file(write("A.Q05", two()));
     EXPECT_EQ(the_substances.Names[2].substr(0, 6), "Ether ");
 }
 
 TEST_F(Database, ANameWithoutFolderIsLookedUpInTheProgramsFolder) {
     write("A.Q05", two());
-    EXPECT_FALSE(datafiles::OpenDatabaseFile("A.Q05").notUsable);
-    EXPECT_TRUE(datafiles::FileExists("A.Q05"));
-    EXPECT_FALSE(datafiles::FileExists(""));
-    EXPECT_FALSE(datafiles::FileExists("B.Q05"));
+    EXPECT_FALSE(datafiles::open_database_file("A.Q05").notUsable);
+    EXPECT_TRUE(datafiles::file_exists("A.Q05"));
+    EXPECT_FALSE(datafiles::file_exists(""));
+    EXPECT_FALSE(datafiles::file_exists("B.Q05"));
 }
 
 TEST_F(Database, AMissingFileChangesNothing) {
     const std::string path = write("A.Q05", two());
-    datafiles::OpenDatabaseFile(path);
-    EXPECT_TRUE(datafiles::OpenDatabaseFile("MISSING.Q05").notUsable);
+    datafiles::open_database_file(path);
+    EXPECT_TRUE(datafiles::open_database_file("MISSING.Q05").notUsable);
     EXPECT_EQ(the_session.SubstanceCount, 2);
-    EXPECT_EQ(datafiles::OpenDatabasePath(), path);
+    EXPECT_EQ(datafiles::open_database_path(), path);
     EXPECT_EQ(name_after_reading(1), "Propane");
 }
 
 TEST_F(Database, AnUnusableFileDisplacesTheOpenOneButItsListsStay) {
-    datafiles::OpenDatabaseFile(write("A.Q05", two()));
+    datafiles::open_database_file(write("A.Q05", two()));
     const std::string empty = write("EMPTY.Q05", {});
-    EXPECT_TRUE(datafiles::OpenDatabaseFile(empty).notUsable);
-    EXPECT_EQ(datafiles::OpenDatabasePath(), empty);
+    EXPECT_TRUE(datafiles::open_database_file(empty).notUsable);
+    EXPECT_EQ(datafiles::open_database_path(), empty);
     EXPECT_EQ(the_session.SubstanceCount, 2);
     EXPECT_EQ(the_substances.Names.size(), 3U);
     // The next selection opens the listed database again, so that the session stays usable.
@@ -90,14 +90,14 @@ TEST_F(Database, AnUnusableFileDisplacesTheOpenOneButItsListsStay) {
 TEST_F(Database, ANegativeCountIsUnusable) {
     std::string bytes = builder::Database(two());
     bytes[186] = bytes[187] = '\xFF';
-    EXPECT_TRUE(datafiles::OpenDatabaseFile(write_bytes("A.Q05", bytes)).notUsable);
+    EXPECT_TRUE(datafiles::open_database_file(write_bytes("A.Q05", bytes)).notUsable);
     EXPECT_FALSE(the_session.DatabaseLoaded);
 }
 
 TEST_F(Database, LoadingAsksForAFileAndRemembersItsTitle) {
     the_session.DatabaseFile = "OLD.Q05";
     user.fileAnswers.push_back(write("A.Q05", two()));
-    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Loaded);
+    EXPECT_EQ(datafiles::load_database(), LoadOutcome::Loaded);
     EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_FALSE(user.files[0].save);
@@ -111,16 +111,16 @@ TEST_F(Database, LoadingAsksForAFileAndRemembersItsTitle) {
 TEST_F(Database, ACancelChangesNothingAndSaysNothing) {
     the_session.DatabaseFile = "OLD.Q05";
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Cancelled);
+    EXPECT_EQ(datafiles::load_database(), LoadOutcome::Cancelled);
     user.fileAnswers.push_back("");
-    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Cancelled);
+    EXPECT_EQ(datafiles::load_database(), LoadOutcome::Cancelled);
     EXPECT_EQ(the_session.DatabaseFile, "OLD.Q05");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Database, AFailureWithoutADatabaseIsARefusal) {
     user.fileAnswers.push_back(write("EMPTY.Q05", {}));
-    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Failed);
+    EXPECT_EQ(datafiles::load_database(), LoadOutcome::Failed);
     EXPECT_EQ(user.lastText(), "Database EMPTY.Q05 not found or empty resp.");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(user.messages.back().icon, Icon::Stop);
@@ -129,9 +129,9 @@ TEST_F(Database, AFailureWithoutADatabaseIsARefusal) {
 }
 
 TEST_F(Database, AFailureWithADatabaseSaysWhichOneIsActive) {
-    datafiles::LoadDatabase(write("A.Q05", two()));
+    datafiles::load_database(write("A.Q05", two()));
     user.fileAnswers.push_back((folder() / "MISSING.Q05").string());
-    EXPECT_EQ(datafiles::LoadDatabase(), LoadOutcome::Failed);
+    EXPECT_EQ(datafiles::load_database(), LoadOutcome::Failed);
     EXPECT_EQ(user.lastText(),
               "Database MISSING.Q05not found in the QUOR directory or empty resp.\n"
               "Database already loaded A.Q05 is still activ.");
@@ -141,7 +141,7 @@ TEST_F(Database, AFailureWithADatabaseSaysWhichOneIsActive) {
 }
 
 TEST_F(Database, ReadingFillsTheActiveSubstance) {
-    datafiles::OpenDatabaseFile(write("A.Q05", two()));
+    datafiles::open_database_file(write("A.Q05", two()));
     bool noCriticalData = true;
     EXPECT_TRUE(datafiles::ReadSubstance(1, noCriticalData));
     EXPECT_FALSE(noCriticalData);
@@ -154,7 +154,7 @@ TEST_F(Database, ReadingFillsTheActiveSubstance) {
 }
 
 TEST_F(Database, SubstanceZeroIsLeftAlone) {
-    datafiles::OpenDatabaseFile(write("A.Q05", two()));
+    datafiles::open_database_file(write("A.Q05", two()));
     legacy::the_substance.Name = "as it was";
     for (const bool before : {true, false}) {
         bool noCriticalData = before;
@@ -166,7 +166,7 @@ TEST_F(Database, SubstanceZeroIsLeftAlone) {
 
 TEST_F(Database, AnUnreadableRecordLeavesTheSubstanceAndRaisesTheFlag) {
     const std::string path = write("A.Q05", two());
-    datafiles::OpenDatabaseFile(path);
+    datafiles::open_database_file(path);
     legacy::the_substance.Name = "as it was";
     for (const std::int16_t index : {std::int16_t{3}, std::int16_t{-1}, std::int16_t{32767}}) {
         bool noCriticalData = false;
@@ -184,7 +184,7 @@ TEST_F(Database, AnUnreadableRecordLeavesTheSubstanceAndRaisesTheFlag) {
 TEST_F(Database, ASubstanceWithoutCriticalDataIsLoadedAllTheSame) {
     std::vector<builder::Substance> list = two();
     list[1].slots[8] = 0;
-    datafiles::OpenDatabaseFile(write("A.Q05", list));
+    datafiles::open_database_file(write("A.Q05", list));
     bool noCriticalData = false;
     EXPECT_TRUE(datafiles::ReadSubstance(2, noCriticalData));
     EXPECT_TRUE(noCriticalData);
@@ -201,7 +201,7 @@ TEST_F(Database, FiveThousandSubstancesOpenAtOnce) {
     }
     const std::string path = write("BIG.Q05", list);
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_FALSE(datafiles::OpenDatabaseFile(path).notUsable);
+    EXPECT_FALSE(datafiles::open_database_file(path).notUsable);
     const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
     EXPECT_LT(took.count(), 200.0);
     RecordProperty("milliseconds", std::to_string(took.count()));
@@ -213,13 +213,13 @@ TEST_F(Database, FiveThousandSubstancesOpenAtOnce) {
 TEST_F(Database, TheCountHas16Bits) {
     std::string bytes =
         builder::Database(std::vector<builder::Substance>(32767, builder::Propane()));
-    EXPECT_FALSE(datafiles::OpenDatabaseFile(write_bytes("A.Q05", bytes)).notUsable);
+    EXPECT_FALSE(datafiles::open_database_file(write_bytes("A.Q05", bytes)).notUsable);
     EXPECT_EQ(the_session.SubstanceCount, 32767);
     EXPECT_EQ(name_after_reading(32767), "Propane");
 }
 
 TEST_F(Database, OpeningShowsTheBusyPointer) {
-    datafiles::OpenDatabaseFile(write("A.Q05", two()));
+    datafiles::open_database_file(write("A.Q05", two()));
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
 }
 
@@ -237,14 +237,14 @@ class PrivateDatabase : public Database {
         list[0].slots[90] = 270.0F;
         list[0].slots[93] = 0.5F;
         list[0].slots[86] = 1e-37F;
-        datafiles::LoadDatabase(write("A.Q05", list));
+        datafiles::load_database(write("A.Q05", list));
         bool noCriticalData = false;
         datafiles::ReadSubstance(1, noCriticalData);
         the_session.CurrentSubstance = 1;
     }
     std::string save(const std::string& name) {
         user.fileAnswers.push_back((folder() / name).string());
-        EXPECT_TRUE(datafiles::WriteDataBaseQ05());
+        EXPECT_TRUE(datafiles::write_data_base_q05());
         return builder::ReadFile(folder() / name);
     }
     static float slot(const std::string& bytes, std::size_t record, int k) {
@@ -289,7 +289,7 @@ TEST_F(PrivateDatabase, ItTakesOverTheRecordAndKeepsTheRest) {
 
 TEST_F(PrivateDatabase, ItOpensAsADatabaseOfOneSubstanceWithNumberOne) {
     save("P.Q05");
-    EXPECT_EQ(datafiles::LoadDatabase((folder() / "P.Q05").string()), LoadOutcome::Loaded);
+    EXPECT_EQ(datafiles::load_database((folder() / "P.Q05").string()), LoadOutcome::Loaded);
     EXPECT_EQ(the_session.SubstanceCount, 1);
     EXPECT_EQ(the_substances.Numbers[1], 1);
     EXPECT_EQ(name_after_reading(1), "Propane");
@@ -308,7 +308,7 @@ TEST_F(PrivateDatabase, ALongerOlderFileKeepsItsTail) {
 
 TEST_F(PrivateDatabase, TheDialogIsTheOneForPrivateFiles) {
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(datafiles::WriteDataBaseQ05());
+    EXPECT_FALSE(datafiles::write_data_base_q05());
     const dialogs::FileChoice& choice = user.files.back();
     EXPECT_TRUE(choice.save);
     EXPECT_EQ(choice.title, "Saving a Private Database File *.Q05 for the actual substance ");
@@ -320,20 +320,20 @@ TEST_F(PrivateDatabase, TheDialogIsTheOneForPrivateFiles) {
 
 TEST_F(PrivateDatabase, AFailurePassesSilently) {
     user.fileAnswers.push_back((folder() / "missing" / "P.Q05").string());
-    EXPECT_FALSE(datafiles::WriteDataBaseQ05());
+    EXPECT_FALSE(datafiles::write_data_base_q05());
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(PrivateDatabase, WithoutASubstanceNothingIsWritten) {
     the_session.CurrentSubstance = 0;
-    EXPECT_FALSE(datafiles::WritePrivateDatabase((folder() / "P.Q05").string()));
+    EXPECT_FALSE(datafiles::write_private_database((folder() / "P.Q05").string()));
     EXPECT_FALSE(std::filesystem::exists(folder() / "P.Q05"));
 }
 
 TEST_F(PrivateDatabase, TheOpenDatabaseIsNeverOverwritten) {
     const std::string before = builder::ReadFile(folder() / "A.Q05");
     user.fileAnswers.push_back((folder() / "A.Q05").string());
-    EXPECT_FALSE(datafiles::WriteDataBaseQ05());
+    EXPECT_FALSE(datafiles::write_data_base_q05());
     EXPECT_EQ(builder::ReadFile(folder() / "A.Q05"), before);
     EXPECT_EQ(user.lastText(), "This file is the database that is open. Choose another name.");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
@@ -352,14 +352,14 @@ TEST_F(PrivateDatabase, TheNameGoesIntoTheFieldOfTheLanguage) {
 TEST_F(Database, AProjectsDatabaseIsFoundBesideItAndWhereOthersWere) {
     std::filesystem::create_directories(folder() / "elsewhere");
     builder::WriteFile(folder() / "elsewhere" / "X.Q05", builder::Database(two()));
-    EXPECT_EQ(datafiles::FindDatabase("X.Q05", {}), "X.Q05");
-    EXPECT_EQ(datafiles::FindDatabase("X.Q05", folder() / "elsewhere"),
+    EXPECT_EQ(datafiles::find_database("X.Q05", {}), "X.Q05");
+    EXPECT_EQ(datafiles::find_database("X.Q05", folder() / "elsewhere"),
               (folder() / "elsewhere" / "X.Q05").string());
-    EXPECT_EQ(datafiles::LoadDatabase((folder() / "elsewhere" / "X.Q05").string()),
+    EXPECT_EQ(datafiles::load_database((folder() / "elsewhere" / "X.Q05").string()),
               LoadOutcome::Loaded);
-    EXPECT_EQ(datafiles::FindDatabase("X.Q05", {}), (folder() / "elsewhere" / "X.Q05").string());
+    EXPECT_EQ(datafiles::find_database("X.Q05", {}), (folder() / "elsewhere" / "X.Q05").string());
     write("X.Q05", two());
-    EXPECT_EQ(datafiles::FindDatabase("X.Q05", folder() / "elsewhere"), "X.Q05");
+    EXPECT_EQ(datafiles::find_database("X.Q05", folder() / "elsewhere"), "X.Q05");
 }
 
 }  // namespace

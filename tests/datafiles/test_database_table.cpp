@@ -13,8 +13,8 @@ using namespace quor;
 namespace {
 
 using datafiles::DatabaseTable;
-using datafiles::NameField;
-using datafiles::ReadDatabaseTable;
+using datafiles::name_field;
+using datafiles::read_database_table;
 
 constexpr const char* kHead = "formula,name_en,casrn,M,Tcrit,pcrit";
 
@@ -25,7 +25,7 @@ std::string with_head(std::string_view moreColumns, std::string_view rows) {
 }
 
 DatabaseTable table(std::string_view moreColumns, std::string_view row) {
-    return ReadDatabaseTable(with_head(moreColumns, row));
+    return read_database_table(with_head(moreColumns, row));
 }
 
 float slot(const DatabaseTable& t, std::size_t record, int k) {
@@ -48,7 +48,7 @@ TEST(DatabaseTable, ARowBecomesARecord) {
     EXPECT_EQ(slot(t, 0, 59), 145.0F);
     EXPECT_EQ(slot(t, 0, 60), 369.0F);
     EXPECT_EQ(t.records[0].number, 1);
-    EXPECT_EQ(datafiles::FieldText(t.records[0].formula), "C3H8        ");
+    EXPECT_EQ(datafiles::field_text(t.records[0].formula), "C3H8        ");
 }
 
 TEST(DatabaseTable, AnEmptyCellIsNothingAndAZeroIsARealZeroButForBounds) {
@@ -90,15 +90,15 @@ TEST(DatabaseTable, NumbersCountUpOrAreGiven) {
 }
 
 TEST(DatabaseTable, SynonymsStandBehindTheNameAsFarAsWholeOnesFit) {
-    EXPECT_EQ(NameField("Ethane", ""), "Ethane");
-    EXPECT_EQ(NameField("Ethane", "R-170; bimethyl"), "Ethane;R-170;bimethyl");
+    EXPECT_EQ(name_field("Ethane", ""), "Ethane");
+    EXPECT_EQ(name_field("Ethane", "R-170; bimethyl"), "Ethane;R-170;bimethyl");
     // 40 characters exactly, then one too many: the rest is left out even where a shorter one
     // follows.
-    EXPECT_EQ(NameField("0123456789012345678", "01234567890123456789"),
+    EXPECT_EQ(name_field("0123456789012345678", "01234567890123456789"),
               "0123456789012345678;01234567890123456789");
-    EXPECT_EQ(NameField("0123456789012345678", "012345678901234567890;x"), "0123456789012345678");
-    EXPECT_EQ(NameField("Ameisensäure; Methansäure", "HCOOH"), "Ameisensäure;Methansäure;HCOOH");
-    EXPECT_EQ(NameField("ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ", "ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ"),
+    EXPECT_EQ(name_field("0123456789012345678", "012345678901234567890;x"), "0123456789012345678");
+    EXPECT_EQ(name_field("Ameisensäure; Methansäure", "HCOOH"), "Ameisensäure;Methansäure;HCOOH");
+    EXPECT_EQ(name_field("ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ", "ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ"),
               "ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ;ÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜÄÖÜ");
 }
 
@@ -115,7 +115,7 @@ TEST(DatabaseTable, TextsAreWrittenInTheAnsiCodePage) {
 }
 
 TEST(DatabaseTable, BadTablesAreToldWithLineAndColumn) {
-    const auto first = [](const std::string& csv) { return ReadDatabaseTable(csv).errors.at(0); };
+    const auto first = [](const std::string& csv) { return read_database_table(csv).errors.at(0); };
     const auto first_row = [&](std::string_view rows) { return first(with_head("", rows)); };
     EXPECT_EQ(first(""), "The table is empty.");
     EXPECT_EQ(first_row(""), "The table has no substances.");
@@ -148,7 +148,7 @@ TEST(DatabaseTable, BadTablesAreToldWithLineAndColumn) {
 TEST(DatabaseTable, ABadTableGivesNoRecordsAndNoFloodOfErrors) {
     std::string csv = with_head("", "");
     for (int i = 0; i < 1000; ++i) csv.append("A,A,").append(std::to_string(i)).append(",x,1,1\n");
-    const DatabaseTable t = ReadDatabaseTable(csv);
+    const DatabaseTable t = read_database_table(csv);
     EXPECT_TRUE(t.records.empty());
     EXPECT_EQ(t.errors.size(), 20U);
 }
@@ -156,11 +156,11 @@ TEST(DatabaseTable, ABadTableGivesNoRecordsAndNoFloodOfErrors) {
 TEST(DatabaseTable, MoreSubstancesThanTheCountHoldsAreRefused) {
     std::string csv = with_head("", "");
     for (int i = 0; i < 32768; ++i) csv.append("A,A,").append(std::to_string(i)).append(",1,1,1\n");
-    EXPECT_EQ(ReadDatabaseTable(csv).errors.at(0), "A database holds at most 32767 substances.");
+    EXPECT_EQ(read_database_table(csv).errors.at(0), "A database holds at most 32767 substances.");
 }
 
 TEST(DatabaseTable, QuotedCellsHoldCommasQuotesAndLineEnds) {
-    const datafiles::CsvTable t = datafiles::SplitCsv(
+    const datafiles::CsvTable t = datafiles::split_csv(
         "\xEF\xBB\xBF"
         "a,\"b,\"\"c\"\"\nd\"\r\n\r\ne,\r\nf");
     ASSERT_EQ(t.rows.size(), 3U);
@@ -176,13 +176,13 @@ TEST(DatabaseTable, QuotedCellsHoldCommasQuotesAndLineEnds) {
 class StudentDatabase : public SessionTest {
   protected:
     StudentDatabase() {
-        const DatabaseTable t =
-            ReadDatabaseTable(builder::ReadFile(std::string(QUOR_SOURCE_DATA) + "/substances.csv"));
+        const DatabaseTable t = read_database_table(
+            builder::ReadFile(std::string(QUOR_SOURCE_DATA) + "/substances.csv"));
         for (const std::string& error : t.errors) ADD_FAILURE() << error;
-        builder::WriteFile(folder() / "S.Q05", datafiles::DatabaseBytes(t.records));
-        EXPECT_FALSE(datafiles::OpenDatabaseFile("S.Q05").notUsable);
+        builder::WriteFile(folder() / "S.Q05", datafiles::database_bytes(t.records));
+        EXPECT_FALSE(datafiles::open_database_file("S.Q05").notUsable);
     }
-    ~StudentDatabase() override { datafiles::CloseDatabase(); }
+    ~StudentDatabase() override { datafiles::close_database(); }
 };
 
 void expect_equal(const models::CpSet& a, const models::CpSet& b) {
@@ -245,7 +245,7 @@ TEST_F(StudentDatabase, EverySubstanceReadsAsItsRowSays) {
 
 TEST_F(StudentDatabase, KnownFiguresOfCarbonDioxideArrive) {
     bool noCriticalData = false;
-    ASSERT_TRUE(datafiles::ReadSubstance(datafiles::FindByCasrn("124-38-9"), noCriticalData));
+    ASSERT_TRUE(datafiles::ReadSubstance(datafiles::find_by_casrn("124-38-9"), noCriticalData));
     EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
     // Span and Wagner (1996): 304.1282 K, 7377.3 kPa, 467.6 kg/m^3; M from the atomic weights.
     EXPECT_NEAR(legacy::the_substance.M, 44.0095, 0.001);

@@ -8,23 +8,23 @@ using namespace quor;
 namespace {
 
 using datafiles::FilePreview;
-using datafiles::PreviewFile;
+using datafiles::preview_file;
 using legacy::the_session;
 
 class Preview : public SessionTest {
   protected:
     Preview() {
-        datafiles::CloseDatabase();
+        datafiles::close_database();
         builder::WriteFile(folder() / "A.Q05",
                            builder::Database({builder::Plain("Methane;R-50", "74-82-8")}));
         builder::WriteFile(folder() / "B.Q05", builder::Database({builder::Propane()}));
-        datafiles::LoadDatabase("A.Q05");
+        datafiles::load_database("A.Q05");
     }
-    ~Preview() override { datafiles::CloseDatabase(); }
+    ~Preview() override { datafiles::close_database(); }
 
     FilePreview of(const std::string& name, const std::string& bytes) {
         builder::WriteFile(folder() / name, bytes);
-        return PreviewFile((folder() / name).string());
+        return preview_file((folder() / name).string());
     }
 };
 
@@ -49,7 +49,7 @@ TEST_F(Preview, AProjectIsLookedUpInItsOwnDatabaseAndTheOpenOneStays) {
     EXPECT_EQ(p.database, "B.Q05");
     EXPECT_EQ(p.comment, "my project");
     EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
-    EXPECT_EQ(datafiles::OpenDatabasePath(), folder() / "A.Q05");
+    EXPECT_EQ(datafiles::open_database_path(), folder() / "A.Q05");
     EXPECT_EQ(the_session.SubstanceCount, 1);
     EXPECT_EQ(legacy::the_substances.Names[1].substr(0, 8), "Methane;");
 }
@@ -64,7 +64,7 @@ TEST_F(Preview, AProjectOfAnUnknownSubstanceOrDatabaseSaysSo) {
 TEST_F(Preview, OtherAndDamagedFilesShowNothing) {
     for (const FilePreview& p :
          {of("X.TXT", "1\r\n2\r\n3\r\n4\r\n"), of("P.QCF", "1\r\n2\r\n"), of("D.BAQ", ""),
-          PreviewFile("MISSING.BAQ"), PreviewFile(""), PreviewFile(folder().string())}) {
+          preview_file("MISSING.BAQ"), preview_file(""), preview_file(folder().string())}) {
         EXPECT_EQ(p.substance, "");
         EXPECT_EQ(p.database, "");
         EXPECT_EQ(p.comment, "");

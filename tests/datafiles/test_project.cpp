@@ -54,14 +54,14 @@ constexpr const char* kProject =
 class Project : public SessionTest {
   protected:
     Project() {
-        datafiles::CloseDatabase();
+        datafiles::close_database();
         builder::WriteFile(folder() / "A.Q05", builder::Database({builder::Plain("Other", "1-1-1"),
                                                                   builder::Propane()}));
     }
-    ~Project() override { datafiles::CloseDatabase(); }
+    ~Project() override { datafiles::close_database(); }
 
     void open_and_choose() {
-        datafiles::LoadDatabase("A.Q05");
+        datafiles::load_database("A.Q05");
         choose(2);
     }
     static void choose(std::int16_t index) {
@@ -138,7 +138,7 @@ TEST_F(Project, SavingWritesTheItemsInTheirOrder) {
     load(kProject);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("my comment");
-    EXPECT_TRUE(datafiles::SaveProject(true));
+    EXPECT_TRUE(datafiles::save_project(true));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
     EXPECT_EQ(the_session.ProjectFile, "B.QCF");
 }
@@ -147,9 +147,9 @@ TEST_F(Project, TheDecimalMarkOfTheLocaleDoesNotReachTheFile) {
     load(kProject);
     numbers::set_decimal_mark(',');
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_TRUE(datafiles::SaveProject(true));
+    EXPECT_TRUE(datafiles::save_project(true));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
-    session::ResetEverything();
+    session::reset_everything();
     datafiles::LoadProject((folder() / "B.QCF").string());
     expect_settings_of_the_project();
 }
@@ -178,8 +178,8 @@ TEST_F(Project, ValuesComeBackExactly) {
     the_models.WatsonN = 0.1F;
     the_session.CsvSeparator = '\t';
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    ASSERT_TRUE(datafiles::SaveProject(true));
-    session::ResetEverything();
+    ASSERT_TRUE(datafiles::save_project(true));
+    session::reset_everything();
     EXPECT_TRUE(datafiles::LoadProject((folder() / "B.QCF").string()).loaded);
     EXPECT_EQ(the_session.DiagramT, 1.0 / 3.0);
     EXPECT_EQ(the_session.DiagramP, 123456789.123456789);
@@ -194,7 +194,7 @@ TEST_F(Project, SavingAsksForNameAndComment) {
     the_session.ProjectFile = "OLD.QCF";
     user.fileAnswers.push_back("B");
     user.inputAnswers.push_back(std::nullopt);
-    EXPECT_TRUE(datafiles::SaveProject(true));
+    EXPECT_TRUE(datafiles::save_project(true));
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_TRUE(user.files[0].save);
     EXPECT_EQ(user.files[0].title, "save actual project as ...");
@@ -214,7 +214,7 @@ TEST_F(Project, SavingAsksForNameAndComment) {
 TEST_F(Project, CancellingTheDialogWritesNothing) {
     open_and_choose();
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(datafiles::SaveProject(true));
+    EXPECT_FALSE(datafiles::save_project(true));
     EXPECT_TRUE(user.inputs.empty());
 }
 
@@ -223,7 +223,7 @@ TEST_F(Project, AFailedSaveIsToldAndLeavesTheOldFile) {
     builder::WriteFile(folder() / "B.QCF", "old");
     fs::permissions(folder() / "B.QCF", fs::perms::owner_read);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_FALSE(datafiles::SaveProject(true));
+    EXPECT_FALSE(datafiles::save_project(true));
     EXPECT_EQ(user.lastText(), "The file B.QCF could not be written (it is write-protected).");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), "old");
@@ -234,14 +234,14 @@ TEST_F(Project, TheLastSessionIsSavedWithoutAQuestion) {
     the_session.ProjectFile = "MINE.QCF";
     the_models.EOSModel = 6;
     the_session.DiagramT = 345.5;
-    EXPECT_TRUE(datafiles::SaveProject(false));
+    EXPECT_TRUE(datafiles::save_project(false));
     EXPECT_TRUE(user.files.empty());
     EXPECT_TRUE(user.inputs.empty());
     EXPECT_TRUE(fs::exists(the_session.LastSessionFile));
     EXPECT_EQ(the_session.ProjectFile, "MINE.QCF");
 
-    session::ResetEverything();
-    const ProjectResult result = datafiles::LoadLastSession();
+    session::reset_everything();
+    const ProjectResult result = datafiles::load_last_session();
     EXPECT_TRUE(result.modelsComplete);
     EXPECT_EQ(the_session.DiagramT, 345.5);
     EXPECT_EQ(the_models.EOSModel, 6);
@@ -390,7 +390,7 @@ TEST_F(Project, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
     const std::string text = kProject;
     for (std::size_t length = 0; length <= text.size(); ++length) {
         SCOPED_TRACE(length);
-        session::ResetEverything();
+        session::reset_everything();
         load(text.substr(0, length));
         const auto either = [](auto value, auto before, auto after) {
             return value == before || value == after;
@@ -421,7 +421,7 @@ TEST_F(Project, CommentsKeepTheirUmlautsAndStayOnOneLine) {
     open_and_choose();
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("Kälte\r\nzwei");
-    datafiles::SaveProject(true);
+    datafiles::save_project(true);
     const std::string text = builder::ReadFile(folder() / "B.QCF");
     EXPECT_NE(text.find("\r\nK\xE4lte  zwei\r\n"), std::string::npos);
     datafiles::LoadProject((folder() / "B.QCF").string());

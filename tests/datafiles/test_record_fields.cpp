@@ -9,16 +9,16 @@ using namespace quor;
 namespace {
 
 using datafiles::FieldPlace;
-using datafiles::SetField;
+using datafiles::set_field;
 using models::SubstanceRecord;
 
 TEST(RecordFields, SingleValuesAreSetByName) {
     SubstanceRecord r;
-    EXPECT_EQ(SetField(r, "M", "44.0956"), "");
-    EXPECT_EQ(SetField(r, "Tcrit", "369.89"), "");
-    EXPECT_EQ(SetField(r, "omega", "-0.0022"), "");
-    EXPECT_EQ(SetField(r, "vcritExp", "0.2"), "");
-    EXPECT_EQ(SetField(r, "rhoLboil", "580.5"), "");
+    EXPECT_EQ(set_field(r, "M", "44.0956"), "");
+    EXPECT_EQ(set_field(r, "Tcrit", "369.89"), "");
+    EXPECT_EQ(set_field(r, "omega", "-0.0022"), "");
+    EXPECT_EQ(set_field(r, "vcritExp", "0.2"), "");
+    EXPECT_EQ(set_field(r, "rhoLboil", "580.5"), "");
     EXPECT_EQ(r.M, 44.0956F);
     EXPECT_EQ(r.Tcrit, 369.89);
     EXPECT_EQ(r.omega, -0.0022);
@@ -28,16 +28,16 @@ TEST(RecordFields, SingleValuesAreSetByName) {
 
 TEST(RecordFields, ElementsCountFromOne) {
     SubstanceRecord r;
-    EXPECT_EQ(SetField(r, "WAG.1", "-7.77"), "");
-    EXPECT_EQ(SetField(r, "WAG.10", "4251.2"), "");
-    EXPECT_EQ(SetField(r, "WAG.TLo", "217"), "");
-    EXPECT_EQ(SetField(r, "FRO.9", "2"), "");
-    EXPECT_EQ(SetField(r, "cpSinh.5", "1.5"), "");
-    EXPECT_EQ(SetField(r, "rhoLPar.7", "3"), "");
-    EXPECT_EQ(SetField(r, "rhoSPar.4", "4"), "");
-    EXPECT_EQ(SetField(r, "hLVPar.6", "5"), "");
-    EXPECT_EQ(SetField(r, "KFW.1", "6"), "");
-    EXPECT_EQ(SetField(r, "AUG.2", "-2500"), "");
+    EXPECT_EQ(set_field(r, "WAG.1", "-7.77"), "");
+    EXPECT_EQ(set_field(r, "WAG.10", "4251.2"), "");
+    EXPECT_EQ(set_field(r, "WAG.TLo", "217"), "");
+    EXPECT_EQ(set_field(r, "FRO.9", "2"), "");
+    EXPECT_EQ(set_field(r, "cpSinh.5", "1.5"), "");
+    EXPECT_EQ(set_field(r, "rhoLPar.7", "3"), "");
+    EXPECT_EQ(set_field(r, "rhoSPar.4", "4"), "");
+    EXPECT_EQ(set_field(r, "hLVPar.6", "5"), "");
+    EXPECT_EQ(set_field(r, "KFW.1", "6"), "");
+    EXPECT_EQ(set_field(r, "AUG.2", "-2500"), "");
     EXPECT_EQ(r.WAG.a[0], -7.77F);
     EXPECT_EQ(r.WAG.a[9], 4251.2F);
     EXPECT_EQ(r.WAG.TLo, 217);
@@ -52,10 +52,10 @@ TEST(RecordFields, ElementsCountFromOne) {
 
 TEST(RecordFields, AntoineConstantsGoByLetterAndByNumber) {
     SubstanceRecord r;
-    EXPECT_EQ(SetField(r, "ALP.A", "5.9"), "");
-    EXPECT_EQ(SetField(r, "ALP.2", "803"), "");
-    EXPECT_EQ(SetField(r, "AHP.C", "247"), "");
-    EXPECT_EQ(SetField(r, "THO.B", "9"), "");
+    EXPECT_EQ(set_field(r, "ALP.A", "5.9"), "");
+    EXPECT_EQ(set_field(r, "ALP.2", "803"), "");
+    EXPECT_EQ(set_field(r, "AHP.C", "247"), "");
+    EXPECT_EQ(set_field(r, "THO.B", "9"), "");
     EXPECT_EQ(r.ALP.A, 5.9F);
     EXPECT_EQ(r.ALP.B, 803.0F);
     EXPECT_EQ(r.AHP.C, 247.0F);
@@ -64,62 +64,62 @@ TEST(RecordFields, AntoineConstantsGoByLetterAndByNumber) {
 
 TEST(RecordFields, TextsAndFlagsAreFieldsToo) {
     SubstanceRecord r;
-    EXPECT_EQ(SetField(r, "Name", "Ammonia 3"), "");
-    EXPECT_EQ(SetField(r, "Formula", "N H3"), "");
-    EXPECT_EQ(SetField(r, "CASRN", "7664-41-7"), "");
-    EXPECT_EQ(SetField(r, "hasCpL", "1"), "");
+    EXPECT_EQ(set_field(r, "Name", "Ammonia 3"), "");
+    EXPECT_EQ(set_field(r, "Formula", "N H3"), "");
+    EXPECT_EQ(set_field(r, "CASRN", "7664-41-7"), "");
+    EXPECT_EQ(set_field(r, "hasCpL", "1"), "");
     EXPECT_EQ(r.Name, "Ammonia 3");
     EXPECT_EQ(r.Formula, "N H3");
     EXPECT_EQ(r.FormulaCompact, "NH3");
     EXPECT_EQ(r.CASRN, "7664-41-7   ");
     EXPECT_TRUE(r.hasCpL);
-    EXPECT_EQ(SetField(r, "hasCpL", "false"), "");
+    EXPECT_EQ(set_field(r, "hasCpL", "false"), "");
     EXPECT_FALSE(r.hasCpL);
 }
 
 TEST(RecordFields, AValueIsStoredAsItStands) {
     SubstanceRecord r;
-    EXPECT_EQ(SetField(r, "Tcrit", "369.123456"), "");
+    EXPECT_EQ(set_field(r, "Tcrit", "369.123456"), "");
     EXPECT_EQ(r.Tcrit, 369.123456);
-    EXPECT_EQ(SetField(r, "cpSinh.3", "-5"), "");
+    EXPECT_EQ(set_field(r, "cpSinh.3", "-5"), "");
     EXPECT_EQ(r.cpSinh.c[2], -5.0F);
-    EXPECT_EQ(SetField(r, "WAG.TLo", "216.5"), "");
+    EXPECT_EQ(set_field(r, "WAG.TLo", "216.5"), "");
     EXPECT_EQ(r.WAG.TLo, 216);
 }
 
 TEST(RecordFields, WrongNamesAndValuesAreTold) {
     SubstanceRecord r;
     r.M = 3;
-    EXPECT_EQ(SetField(r, "Mass", "1"), "There is no field \"Mass\".");
-    EXPECT_EQ(SetField(r, "WAG", "1"), "WAG has 10 elements: name one of them, as WAG.1.");
-    EXPECT_EQ(SetField(r, "WAG.11", "1"), "There is no field \"WAG.11\".");
-    EXPECT_EQ(SetField(r, "WAG.0", "1"), "There is no field \"WAG.0\".");
-    EXPECT_EQ(SetField(r, "WAG.A", "1"), "There is no field \"WAG.A\".");
-    EXPECT_EQ(SetField(r, "M", "heavy"), "\"heavy\" is no number for M.");
-    EXPECT_EQ(SetField(r, "M", "1e99"), "\"1e99\" is no number for M.");
-    EXPECT_EQ(SetField(r, "M", "nan"), "\"nan\" is no number for M.");
-    EXPECT_EQ(SetField(r, "M", ""), "\"\" is no number for M.");
-    EXPECT_EQ(SetField(r, "M", "1,5"), "\"1,5\" is no number for M.");
-    EXPECT_EQ(SetField(r, "WAG.TLo", "40000"), "\"40000\" is no whole number for WAG.TLo.");
-    EXPECT_EQ(SetField(r, "hasCpL", "perhaps"), "\"perhaps\" is no flag for hasCpL.");
+    EXPECT_EQ(set_field(r, "Mass", "1"), "There is no field \"Mass\".");
+    EXPECT_EQ(set_field(r, "WAG", "1"), "WAG has 10 elements: name one of them, as WAG.1.");
+    EXPECT_EQ(set_field(r, "WAG.11", "1"), "There is no field \"WAG.11\".");
+    EXPECT_EQ(set_field(r, "WAG.0", "1"), "There is no field \"WAG.0\".");
+    EXPECT_EQ(set_field(r, "WAG.A", "1"), "There is no field \"WAG.A\".");
+    EXPECT_EQ(set_field(r, "M", "heavy"), "\"heavy\" is no number for M.");
+    EXPECT_EQ(set_field(r, "M", "1e99"), "\"1e99\" is no number for M.");
+    EXPECT_EQ(set_field(r, "M", "nan"), "\"nan\" is no number for M.");
+    EXPECT_EQ(set_field(r, "M", ""), "\"\" is no number for M.");
+    EXPECT_EQ(set_field(r, "M", "1,5"), "\"1,5\" is no number for M.");
+    EXPECT_EQ(set_field(r, "WAG.TLo", "40000"), "\"40000\" is no whole number for WAG.TLo.");
+    EXPECT_EQ(set_field(r, "hasCpL", "perhaps"), "\"perhaps\" is no flag for hasCpL.");
     EXPECT_EQ(r.M, 3.0F);
 }
 
 TEST(RecordFields, EveryFieldIsFoundByItsOwnNameAndTakesAValue) {
     std::set<std::string> names;
     int values = 0;
-    for (const datafiles::RecordField& field : datafiles::RecordFields()) {
+    for (const datafiles::RecordField& field : datafiles::record_fields()) {
         for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i) {
             const FieldPlace place{&field, i};
-            const std::string name = NameOf(place);
+            const std::string name = name_of(place);
             EXPECT_TRUE(names.insert(name).second) << name;
-            const auto found = datafiles::FindField(name);
+            const auto found = datafiles::find_field(name);
             ASSERT_TRUE(found) << name;
             EXPECT_EQ(found->field, &field);
             EXPECT_EQ(found->element, i);
             SubstanceRecord r;
-            EXPECT_EQ(SetField(r, name, "1"), "") << name;
-            const auto value = datafiles::GetField(r, name);
+            EXPECT_EQ(set_field(r, name, "1"), "") << name;
+            const auto value = datafiles::get_field(r, name);
             ASSERT_TRUE(value);
             EXPECT_TRUE(*value != datafiles::ValueOf(SubstanceRecord{}, place)) << name;
             ++values;
@@ -133,7 +133,7 @@ TEST(RecordFields, EveryFieldIsFoundByItsOwnNameAndTakesAValue) {
 
 TEST(RecordFields, ColumnsOfATableHaveTheirSlots) {
     const auto slot = [](const char* column) {
-        const auto place = datafiles::FindColumn(column);
+        const auto place = datafiles::find_column(column);
         return place ? datafiles::SlotOf(*place) : 0;
     };
     EXPECT_EQ(slot("M"), 1);

@@ -9,10 +9,10 @@ using namespace quor;
 
 namespace {
 
-using datafiles::ComparingForm;
-using datafiles::FindInSynonyms;
+using datafiles::comparing_form;
+using datafiles::find_in_synonyms;
 using datafiles::FindSubstance;
-using datafiles::NormaliseName;
+using datafiles::normalise_name;
 using dialogs::Icon;
 
 constexpr const char* kTitle = "ERROR: Selection of a substance";
@@ -46,7 +46,7 @@ class Search : public SessionTest {
                                         "Ethyl äther "};
         legacy::the_substances.Casrn = {"", "110-82-7    ", "64-19-7     ", "60-29-7     "};
         legacy::the_substances.Formulas = {"", "C6H12       ", "C2H4O2      ", "C4H10O      "};
-        builder::WriteFile(folder() / "SYNOM.TXT", text::ToOem(kSynonyms));
+        builder::WriteFile(folder() / "SYNOM.TXT", text::to_oem(kSynonyms));
     }
 };
 
@@ -116,79 +116,79 @@ TEST_F(Search, AnEmptySearchFindsNothing) {
     legacy::the_substances.Casrn[2] = "      ";
     EXPECT_FALSE(FindSubstance("").found);
     EXPECT_FALSE(FindSubstance("   ").found);
-    EXPECT_EQ(datafiles::FindByCasrn("  "), 0);
+    EXPECT_EQ(datafiles::find_by_casrn("  "), 0);
 }
 
 TEST_F(Search, NumbersAndCasrnsGiveTheirFirstPlace) {
-    EXPECT_EQ(datafiles::FindByNumber(417), 2);
-    EXPECT_EQ(datafiles::FindByNumber(5), 1);
-    EXPECT_EQ(datafiles::FindByNumber(6), 0);
-    EXPECT_EQ(datafiles::FindByNumber(0), 0);
-    EXPECT_EQ(datafiles::FindByCasrn("60-29-7"), 3);
-    EXPECT_EQ(datafiles::FindByCasrn("60-29-7     "), 3);
-    EXPECT_EQ(datafiles::FindByCasrn("60-29"), 0);
+    EXPECT_EQ(datafiles::find_by_number(417), 2);
+    EXPECT_EQ(datafiles::find_by_number(5), 1);
+    EXPECT_EQ(datafiles::find_by_number(6), 0);
+    EXPECT_EQ(datafiles::find_by_number(0), 0);
+    EXPECT_EQ(datafiles::find_by_casrn("60-29-7"), 3);
+    EXPECT_EQ(datafiles::find_by_casrn("60-29-7     "), 3);
+    EXPECT_EQ(datafiles::find_by_casrn("60-29"), 0);
 }
 
 TEST_F(Search, WithoutADatabaseNothingIsFound) {
-    session::ResetEverything();
-    EXPECT_EQ(datafiles::FindByNumber(1), 0);
-    EXPECT_EQ(datafiles::FindByCasrn("60-29-7"), 0);
+    session::reset_everything();
+    EXPECT_EQ(datafiles::find_by_number(1), 0);
+    EXPECT_EQ(datafiles::find_by_casrn("60-29-7"), 0);
     EXPECT_FALSE(FindSubstance("Acetic acid").found);
 }
 
 TEST(NormaliseName, UsesUpperCaseWithUmlautsAndNoBlanks) {
-    EXPECT_EQ(NormaliseName(" ö l ü ß é"), "ÖLÜßÉ");
+    EXPECT_EQ(normalise_name(" ö l ü ß é"), "ÖLÜßÉ");
 }
 
 TEST(NormaliseName, BringsVariantsToOneSpelling) {
-    EXPECT_EQ(NormaliseName("Äthanol"), "ETHANOL");
-    EXPECT_EQ(NormaliseName("äthylenglykol"), "ETHYLENGLYCOL");
-    EXPECT_EQ(NormaliseName("Karbonyl sulphid"), "CARBONYLSULFID");
-    EXPECT_EQ(NormaliseName("Azeton"), "ACETON");
-    EXPECT_EQ(NormaliseName("sek-butanol"), "SEC-BUTANOL");
-    EXPECT_EQ(NormaliseName("Zyklopentan"), "CYCLOPENTAN");
-    EXPECT_EQ(NormaliseName("Zyclopentan"), "CYCLOPENTAN");
-    EXPECT_EQ(NormaliseName("Cyklopentan"), "CYCLOPENTAN");
-    EXPECT_EQ(NormaliseName("Dekan"), "DECAN");
-    EXPECT_EQ(NormaliseName("m-Kresol"), "M-CRESOL");
+    EXPECT_EQ(normalise_name("Äthanol"), "ETHANOL");
+    EXPECT_EQ(normalise_name("äthylenglykol"), "ETHYLENGLYCOL");
+    EXPECT_EQ(normalise_name("Karbonyl sulphid"), "CARBONYLSULFID");
+    EXPECT_EQ(normalise_name("Azeton"), "ACETON");
+    EXPECT_EQ(normalise_name("sek-butanol"), "SEC-BUTANOL");
+    EXPECT_EQ(normalise_name("Zyklopentan"), "CYCLOPENTAN");
+    EXPECT_EQ(normalise_name("Zyclopentan"), "CYCLOPENTAN");
+    EXPECT_EQ(normalise_name("Cyklopentan"), "CYCLOPENTAN");
+    EXPECT_EQ(normalise_name("Dekan"), "DECAN");
+    EXPECT_EQ(normalise_name("m-Kresol"), "M-CRESOL");
 }
 
 TEST(NormaliseName, OxydBecomesOxidUnlessAnIFollows) {
-    EXPECT_EQ(NormaliseName("Kohlendioxyd"), "KOHLENDIOXID");
-    EXPECT_EQ(NormaliseName("oxyd oxydul"), "OXIDOXIDUL");
-    EXPECT_EQ(NormaliseName("Oxydiethyl"), "OXYDIETHYL");
-    EXPECT_EQ(NormaliseName("oxyd-oxydi"), "OXID-OXYDI");
+    EXPECT_EQ(normalise_name("Kohlendioxyd"), "KOHLENDIOXID");
+    EXPECT_EQ(normalise_name("oxyd oxydul"), "OXIDOXIDUL");
+    EXPECT_EQ(normalise_name("Oxydiethyl"), "OXYDIETHYL");
+    EXPECT_EQ(normalise_name("oxyd-oxydi"), "OXID-OXYDI");
 }
 
 TEST(NormaliseName, WritesAbbreviationsOut) {
-    EXPECT_EQ(NormaliseName("Me-chlorid"), "METHYLCHLORID");
-    EXPECT_EQ(NormaliseName("et-benzol"), "ETHYLBENZOL");
-    EXPECT_EQ(NormaliseName("Ameisensaeure"), "AMEISENSÄURE");
+    EXPECT_EQ(normalise_name("Me-chlorid"), "METHYLCHLORID");
+    EXPECT_EQ(normalise_name("et-benzol"), "ETHYLBENZOL");
+    EXPECT_EQ(normalise_name("Ameisensaeure"), "AMEISENSÄURE");
 }
 
 TEST(NormaliseName, TheComparingFormHasNoPunctuation) {
-    EXPECT_EQ(ComparingForm(NormaliseName("n-(Hexa.dekan)")), "NHEXADECAN");
-    EXPECT_EQ(ComparingForm("1,2-DIPHENYL"), "1,2DIPHENYL");
+    EXPECT_EQ(comparing_form(normalise_name("n-(Hexa.dekan)")), "NHEXADECAN");
+    EXPECT_EQ(comparing_form("1,2-DIPHENYL"), "1,2DIPHENYL");
 }
 
 TEST(Synonyms, TheFirstHitWins) {
     const std::string file = "1\nA_a\nX\n\n2\nB_b\nX\n\nEND\n";
-    EXPECT_EQ(FindInSynonyms(file, "x").casrn, "1");
-    EXPECT_EQ(FindInSynonyms(file, "2").line, "B_b");
-    EXPECT_FALSE(FindInSynonyms(file, "y").found);
-    EXPECT_EQ(FindInSynonyms(file, "y").casrn, "END");
+    EXPECT_EQ(find_in_synonyms(file, "x").casrn, "1");
+    EXPECT_EQ(find_in_synonyms(file, "2").line, "B_b");
+    EXPECT_FALSE(find_in_synonyms(file, "y").found);
+    EXPECT_EQ(find_in_synonyms(file, "y").casrn, "END");
 }
 
 TEST(Synonyms, AFileWithoutAnEndIsReadToItsEnd) {
-    EXPECT_EQ(FindInSynonyms("1\nA_a\nX", "x").casrn, "1");
-    EXPECT_FALSE(FindInSynonyms("1\nA_a\nX", "z").found);
-    EXPECT_FALSE(FindInSynonyms("", "z").found);
-    EXPECT_FALSE(FindInSynonyms("\n\n\n1\n", "z").found);
-    EXPECT_EQ(FindInSynonyms("\n\n1\nA\nX\n\n\n\n2\nB\nY\n", "y").casrn, "2");
+    EXPECT_EQ(find_in_synonyms("1\nA_a\nX", "x").casrn, "1");
+    EXPECT_FALSE(find_in_synonyms("1\nA_a\nX", "z").found);
+    EXPECT_FALSE(find_in_synonyms("", "z").found);
+    EXPECT_FALSE(find_in_synonyms("\n\n\n1\n", "z").found);
+    EXPECT_EQ(find_in_synonyms("\n\n1\nA\nX\n\n\n\n2\nB\nY\n", "y").casrn, "2");
 }
 
 TEST(Synonyms, OnlyPunctuationIsNoHitForOnlyPunctuation) {
-    EXPECT_FALSE(FindInSynonyms("1\nA\n-\n\nEND\n", "-").found);
+    EXPECT_FALSE(find_in_synonyms("1\nA\n-\n\nEND\n", "-").found);
 }
 
 class ShippedSynonyms : public SessionTest {};
@@ -202,7 +202,7 @@ TEST_F(ShippedSynonyms, UsualNamesLeadToTheirSubstance) {
         {"isobutane", "75-28-5"},      {"ammonia", "7664-41-7"},   {"Essigsaeure", "64-19-7"},
         {"methyl alcohol", "67-56-1"}, {"R744", "124-38-9"},       {"dichlormethan", "75-09-2"}};
     for (const auto& [name, casrn] : names)
-        EXPECT_EQ(datafiles::SearchSynonyms(name).casrn, casrn) << name;
+        EXPECT_EQ(datafiles::search_synonyms(name).casrn, casrn) << name;
 }
 
 }  // namespace

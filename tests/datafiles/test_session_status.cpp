@@ -21,14 +21,14 @@ class SessionStatus : public SessionTest {
         legacy::the_models.EOSModel = 6;
         legacy::the_models.VPModel = 4;
     }
-    static std::string text() { return datafiles::StatusReport().text; }
+    static std::string text() { return datafiles::status_report().text; }
 };
 
 const std::string kHead = "... database STUDENT.Q05\n  with 96 substance(s)\n";
 const std::string kFoot = "\n(for more parameters loaded see \"Options\")";
 
 TEST_F(SessionStatus, WithoutADatabaseThatIsAll) {
-    EXPECT_EQ(datafiles::StatusReport().title, " loaded ...");
+    EXPECT_EQ(datafiles::status_report().title, " loaded ...");
     EXPECT_EQ(text(), "... not yet a database");
 }
 
@@ -78,20 +78,20 @@ TEST_F(SessionStatus, DataOfAFileNameTheirSource) {
 
 TEST_F(SessionStatus, PanelsMarkTheModelWithPriority) {
     loadPropane();
-    datafiles::StatusPanels panels = datafiles::PanelTexts(true);
+    datafiles::StatusPanels panels = datafiles::panel_texts(true);
     EXPECT_EQ(panels.substance, "Propane");
     EXPECT_EQ(panels.eos, "CEOS Peng / Robinson (Priority!)");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
     legacy::the_models.PriorityCEOS = false;
-    panels = datafiles::PanelTexts(true);
+    panels = datafiles::panel_texts(true);
     EXPECT_EQ(panels.eos, "CEOS Peng / Robinson");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner (Priority!)");
     legacy::the_models.EOSModel = 16;
     legacy::the_models.EOSOnlyV = true;
-    panels = datafiles::PanelTexts(true);
+    panels = datafiles::panel_texts(true);
     EXPECT_EQ(panels.eos, "VIRIAL Equ. Pitzer / Curl");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
-    panels = datafiles::PanelTexts(false);
+    panels = datafiles::panel_texts(false);
     EXPECT_EQ(panels.substance, "Propane");
     EXPECT_EQ(panels.eos, "");
     EXPECT_EQ(panels.vapourPressure, "");
@@ -99,9 +99,9 @@ TEST_F(SessionStatus, PanelsMarkTheModelWithPriority) {
 
 TEST_F(SessionStatus, ParametersOfTheIdealGasAndOfPitzerCurlAreOneSentence) {
     legacy::the_models.EOSModel = 0;
-    EXPECT_EQ(datafiles::ParameterReport().text, "Selected: Ideal gas equation");
+    EXPECT_EQ(datafiles::parameter_report().text, "Selected: Ideal gas equation");
     legacy::the_models.EOSModel = 16;
-    EXPECT_EQ(datafiles::ParameterReport().text,
+    EXPECT_EQ(datafiles::parameter_report().text,
               "Parameters of PITZER/CURL equation \ncf. Help in the window \"Models\"");
 }
 
@@ -111,7 +111,7 @@ TEST_F(SessionStatus, ParametersAreListedWithTheCriticalVolume) {
         .eosA0 = 1.5, .eosB0 = 0.025, .eosC0 = 0, .eosD0 = 0.25, .eosNA = -0.5};
     legacy::the_eosParameters.vcritCalc = 0.25;
     legacy::the_eosParameters.rhocritCalc = 176;
-    const datafiles::Report report = datafiles::ParameterReport();
+    const datafiles::Report report = datafiles::parameter_report();
     EXPECT_EQ(report.title, " Parameters of the EOS ");
     EXPECT_EQ(report.text,
               "Parameter for CEOS Redlich / Kwong\n\n"

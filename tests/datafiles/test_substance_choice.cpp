@@ -22,34 +22,34 @@ class SubstanceChoice : public SessionTest {
         propane["synonyms_en"] = "R-290; Dimethylmethane";
         databases::Write(folder() / "TEST.Q05",
                          {databases::Row("Carbon dioxide"), propane, noCritical});
-        datafiles::OpenDatabaseFile((folder() / "TEST.Q05").string());
+        datafiles::open_database_file((folder() / "TEST.Q05").string());
         user.pointer.clear();
     }
-    ~SubstanceChoice() override { datafiles::CloseDatabase(); }
+    ~SubstanceChoice() override { datafiles::close_database(); }
 };
 
 TEST_F(SubstanceChoice, NamesBehindTheFirstAreFurtherNames) {
     using Names = std::vector<std::string>;
-    EXPECT_EQ(datafiles::NamesOf("Propane;R-290; Dimethylmethane   "),
+    EXPECT_EQ(datafiles::names_of("Propane;R-290; Dimethylmethane   "),
               (Names{"Propane", "R-290", "Dimethylmethane"}));
-    EXPECT_EQ(datafiles::NamesOf("Water      "), Names{"Water"});
-    EXPECT_EQ(datafiles::NamesOf(""), Names{""});
-    EXPECT_EQ(datafiles::NamesOf("Water;;"), Names{"Water"});
-    EXPECT_EQ(datafiles::FirstNameOf(" Propane ;R-290"), "Propane");
-    EXPECT_EQ(datafiles::FirstNameOf("Water   "), "Water");
+    EXPECT_EQ(datafiles::names_of("Water      "), Names{"Water"});
+    EXPECT_EQ(datafiles::names_of(""), Names{""});
+    EXPECT_EQ(datafiles::names_of("Water;;"), Names{"Water"});
+    EXPECT_EQ(datafiles::first_name_of(" Propane ;R-290"), "Propane");
+    EXPECT_EQ(datafiles::first_name_of("Water   "), "Water");
 }
 
 TEST_F(SubstanceChoice, FormulaAndCasrnOfAnEntry) {
-    EXPECT_EQ(datafiles::FormulaAndCasrn(1), "CO2 CASRN: 124-38-9");
-    EXPECT_EQ(datafiles::FormulaAndCasrn(0), "");
-    EXPECT_EQ(datafiles::FormulaAndCasrn(4), "");
+    EXPECT_EQ(datafiles::formula_and_casrn(1), "CO2 CASRN: 124-38-9");
+    EXPECT_EQ(datafiles::formula_and_casrn(0), "");
+    EXPECT_EQ(datafiles::formula_and_casrn(4), "");
 }
 
 TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
     legacy::the_models.EOSModel = 6;
     legacy::the_models.HLVModel = 3;
-    session::SetCommands({Command::mnuCalcMain, Command::mnu2D}, true);
-    EXPECT_TRUE(datafiles::TakeSubstance(2));
+    session::set_commands({Command::mnuCalcMain, Command::mnu2D}, true);
+    EXPECT_TRUE(datafiles::take_substance(2));
     EXPECT_EQ(the_session.CurrentSubstance, 2);
     EXPECT_TRUE(the_session.SubstanceSet);
     EXPECT_EQ(legacy::the_substance.Name, "Propane");
@@ -57,9 +57,9 @@ TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
                 0.0778 * 8.31451 * legacy::the_substance.Tcrit / legacy::the_substance.pcrit, 1e-5);
     EXPECT_NE(legacy::the_substance.THO.A, 0.0F);
     EXPECT_EQ(legacy::the_models.HLVModel, 0) << "a new substance begins a new session";
-    EXPECT_TRUE(session::IsEnabled(Command::mnuModel));
-    EXPECT_FALSE(session::IsEnabled(Command::mnuCalcMain)) << "until the models are confirmed";
-    EXPECT_FALSE(session::IsEnabled(Command::mnu2D));
+    EXPECT_TRUE(session::is_enabled(Command::mnuModel));
+    EXPECT_FALSE(session::is_enabled(Command::mnuCalcMain)) << "until the models are confirmed";
+    EXPECT_FALSE(session::is_enabled(Command::mnu2D));
     EXPECT_TRUE(user.messages.empty());
     ASSERT_FALSE(user.pointer.empty());
     EXPECT_FALSE(user.pointer.back()) << "the busy pointer is gone";
@@ -70,22 +70,22 @@ TEST_F(SubstanceChoice, LoadedDataAreDeletedAfterAYesOnly) {
     the_session.BatchFile = "x.BAQ";
     legacy::the_BatchData.assign(3, {.T = 250});
     user.answers = {dialogs::Answer::No};
-    EXPECT_TRUE(datafiles::TakeSubstance(1));
+    EXPECT_TRUE(datafiles::take_substance(1));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "Loaded exper. data (batch data) delete now?");
     EXPECT_EQ(user.lastTitle(), "Batch data");
     EXPECT_EQ(the_session.BatchCount, 2);
 
     user.answers = {dialogs::Answer::Yes};
-    EXPECT_TRUE(datafiles::TakeSubstance(2));
+    EXPECT_TRUE(datafiles::take_substance(2));
     EXPECT_EQ(the_session.BatchCount, 0);
     EXPECT_EQ(the_session.BatchFile, "");
     EXPECT_EQ(legacy::the_BatchData.at(1).T, 0);
 }
 
 TEST_F(SubstanceChoice, WithoutCriticalDataNothingCanBeCalculated) {
-    session::SetCommands({Command::mnuModel, Command::mnuCalcMain}, true);
-    EXPECT_FALSE(datafiles::TakeSubstance(3));
+    session::set_commands({Command::mnuModel, Command::mnuCalcMain}, true);
+    EXPECT_FALSE(datafiles::take_substance(3));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
               "T(cr) and/or p(cr) not available in the data base\n"
@@ -94,15 +94,15 @@ TEST_F(SubstanceChoice, WithoutCriticalDataNothingCanBeCalculated) {
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Stop);
     EXPECT_FALSE(the_session.SubstanceSet);
-    EXPECT_FALSE(session::IsEnabled(Command::mnuModel));
-    EXPECT_FALSE(session::IsEnabled(Command::mnuCalcMain));
+    EXPECT_FALSE(session::is_enabled(Command::mnuModel));
+    EXPECT_FALSE(session::is_enabled(Command::mnuCalcMain));
 }
 
 TEST_F(SubstanceChoice, ADatabaseThatHasVanishedIsTold) {
     the_session.DatabaseFile = "TEST.Q05";
-    datafiles::CloseDatabase();
+    datafiles::close_database();
     std::filesystem::remove(folder() / "TEST.Q05");
-    EXPECT_FALSE(datafiles::TakeSubstance(1));
+    EXPECT_FALSE(datafiles::take_substance(1));
     EXPECT_EQ(user.lastText(), "The substance could not be read from the database TEST.Q05");
     EXPECT_EQ(the_session.CurrentSubstance, 0);
 }

@@ -27,7 +27,7 @@ class SubstanceEditor : public SessionTest {
         legacy::the_models.EOSModel = 6;
     }
     static const EditorField& field(int DD) {
-        return EditorFieldTable()[static_cast<std::size_t>(DD)];
+        return editor_field_table()[static_cast<std::size_t>(DD)];
     }
 };
 
@@ -38,7 +38,7 @@ models::SubstanceRecord Numbered() {
     s.Formula = "C2 H9";
     s.CASRN = "12-34-5     ";
     int value = 300;
-    for (const EditorField& f : EditorFieldTable()) {
+    for (const EditorField& f : editor_field_table()) {
         ++value;
         struct Put {
             int v;
@@ -48,7 +48,7 @@ models::SubstanceRecord Numbered() {
             void operator()(bool*) const {}
             void operator()(std::string*) const {}
         };
-        std::visit(Put{value}, Locate(s, PlaceOf(f)));
+        std::visit(Put{value}, locate(s, place_of(f)));
     }
     return s;
 }
@@ -57,8 +57,8 @@ TEST_F(SubstanceEditor, EveryFieldHasItsIndexAndItsOwnPlace) {
     std::set<std::string> places;
     for (int i = 0; i < kEditorFields; ++i) {
         EXPECT_EQ(field(i).DD, i);
-        ASSERT_TRUE(FindField(field(i).name).has_value()) << field(i).name;
-        EXPECT_TRUE(places.insert(NameOf(PlaceOf(field(i)))).second) << i;
+        ASSERT_TRUE(find_field(field(i).name).has_value()) << field(i).name;
+        EXPECT_TRUE(places.insert(name_of(place_of(field(i)))).second) << i;
         EXPECT_FALSE(field(i).caption.empty()) << i;
     }
 }
@@ -89,9 +89,9 @@ TEST_F(SubstanceEditor, FieldsStandWhereTheyAreKnown) {
                   {122, 122, "sconv", "sconv", "Caloric Data"}};
     for (const auto& b : blocks) {
         SCOPED_TRACE(b.frame);
-        EXPECT_EQ(PlaceOf(field(b.first)).field, FindField(b.name)->field);
-        EXPECT_EQ(PlaceOf(field(b.first)).element, FindField(b.name)->element);
-        EXPECT_EQ(PlaceOf(field(b.last)).field, FindField(b.lastName)->field);
+        EXPECT_EQ(place_of(field(b.first)).field, find_field(b.name)->field);
+        EXPECT_EQ(place_of(field(b.first)).element, find_field(b.name)->element);
+        EXPECT_EQ(place_of(field(b.last)).field, find_field(b.lastName)->field);
         for (int i = b.first; i <= b.last; ++i) EXPECT_EQ(field(i).frame, b.frame);
     }
     for (const auto& [DD, name] : {std::pair{0, "M"},
@@ -112,28 +112,28 @@ TEST_F(SubstanceEditor, FieldsStandWhereTheyAreKnown) {
     for (int i = 0; i < kEditorFields; ++i) {
         const bool correlated = (i >= 46 && i <= 50) || (i >= 86 && i <= 107);
         EXPECT_EQ(field(i).editable, !correlated) << i;
-        EXPECT_EQ(field(i).IsText(), i >= 83 && i <= 85) << i;
+        EXPECT_EQ(field(i).is_text(), i >= 83 && i <= 85) << i;
     }
 }
 
 TEST_F(SubstanceEditor, NothingAndZeroHaveTheirTexts) {
-    EXPECT_EQ(EditorText(0.0F), "<>");
-    EXPECT_EQ(EditorText(0.0), "<>");
-    EXPECT_EQ(EditorText(1e-37F), " 0");
-    EXPECT_EQ(EditorText(1e-37), " 0");
-    EXPECT_EQ(EditorText(static_cast<double>(1e-37F)), " 0");
-    EXPECT_EQ(EditorText(44.0956F), " 44.0956");
-    EXPECT_EQ(EditorText(-7.5F), "-7.5");
-    EXPECT_EQ(EditorText(1e-30F), " 1E-30");
-    EXPECT_EQ(EditorText(369.89), " 369.89");
-    EXPECT_EQ(EditorText(static_cast<double>(220.478F)), " 220.478");
+    EXPECT_EQ(editor_text(0.0F), "<>");
+    EXPECT_EQ(editor_text(0.0), "<>");
+    EXPECT_EQ(editor_text(1e-37F), " 0");
+    EXPECT_EQ(editor_text(1e-37), " 0");
+    EXPECT_EQ(editor_text(static_cast<double>(1e-37F)), " 0");
+    EXPECT_EQ(editor_text(44.0956F), " 44.0956");
+    EXPECT_EQ(editor_text(-7.5F), "-7.5");
+    EXPECT_EQ(editor_text(1e-30F), " 1E-30");
+    EXPECT_EQ(editor_text(369.89), " 369.89");
+    EXPECT_EQ(editor_text(static_cast<double>(220.478F)), " 220.478");
 }
 
 TEST_F(SubstanceEditor, TextsReadBackAsTheSameValue) {
     for (const float v :
          {0.1F, 123.456789F, 1.0F / 3, -2.71828183e-7F, 5.2053e7F, 16777217.0F, 3e38F})
-        EXPECT_EQ(std::stof(EditorText(v)), v);
-    for (const double v : {0.1, 369.8912345678, 1.0 / 3}) EXPECT_EQ(std::stod(EditorText(v)), v);
+        EXPECT_EQ(std::stof(editor_text(v)), v);
+    for (const double v : {0.1, 369.8912345678, 1.0 / 3}) EXPECT_EQ(std::stod(editor_text(v)), v);
 }
 
 TEST_F(SubstanceEditor, AnUntouchedFormAppliesToTheSameRecord) {
@@ -143,11 +143,11 @@ TEST_F(SubstanceEditor, AnUntouchedFormAppliesToTheSameRecord) {
         if (before.Tboil > 0) models::correlate_august(before);
         models::SubstanceRecord after = before;
         models::ModelSelection models = legacy::the_models;
-        EditorTexts texts = ShowRecord(before);
+        EditorTexts texts = show_record(before);
         apply_editor(texts, after, models);
-        for (const EditorField& f : EditorFieldTable())
+        for (const EditorField& f : editor_field_table())
             if (f.editable) {
-                EXPECT_EQ(ValueOf(after, PlaceOf(f)), ValueOf(before, PlaceOf(f))) << f.name;
+                EXPECT_EQ(ValueOf(after, place_of(f)), ValueOf(before, place_of(f))) << f.name;
             }
         EXPECT_EQ(after.hasCpPoly, before.hasCpPoly);
         EXPECT_EQ(after.hasCpSinh, before.hasCpSinh);
@@ -158,12 +158,12 @@ TEST_F(SubstanceEditor, AnUntouchedFormAppliesToTheSameRecord) {
 
 TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
     const models::SubstanceRecord numbered = Numbered();
-    for (const EditorField& f : EditorFieldTable()) {
-        if (!f.editable || f.IsText()) continue;
+    for (const EditorField& f : editor_field_table()) {
+        if (!f.editable || f.is_text()) continue;
         SCOPED_TRACE(std::string(f.name));
         models::SubstanceRecord s = numbered;
         models::ModelSelection models = legacy::the_models;
-        EditorTexts texts = ShowRecord(s);
+        EditorTexts texts = show_record(s);
         const auto i = static_cast<std::size_t>(f.DD);
         texts[i] = "1234.5";
         apply_editor(texts, s, models);
@@ -174,15 +174,16 @@ TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
                 else
                     return -1;
             },
-            ValueOf(s, PlaceOf(f)));
-        EXPECT_EQ(stored, IsBound(*PlaceOf(f).field) ? 1234 : 1234.5);  // bounds round half to even
+            ValueOf(s, place_of(f)));
+        EXPECT_EQ(stored,
+                  is_bound(*place_of(f).field) ? 1234 : 1234.5);  // bounds round half to even
 
         texts[i] = "0";
         apply_editor(texts, s, models);
-        const bool bound = IsBound(*PlaceOf(f).field);
+        const bool bound = is_bound(*place_of(f).field);
         EXPECT_EQ(texts[i], f.DD == 37 ? " 0.1" : " 0");
         if (!bound && f.DD != 37) {
-            EXPECT_EQ(ShowRecord(s)[i], " 0");
+            EXPECT_EQ(show_record(s)[i], " 0");
         }
 
         texts[i] = "";
@@ -190,12 +191,12 @@ TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
         if (f.DD == 37) continue;  // C2 of the sinh/cosh function is never left without a value
         if (f.DD == 1) continue;   // the boiling point is computed anew
         EXPECT_EQ(texts[i], "<>");
-        EXPECT_EQ(ShowRecord(s)[i], "<>");
+        EXPECT_EQ(show_record(s)[i], "<>");
     }
 }
 
 TEST_F(SubstanceEditor, NamesNeverBecomeZeros) {
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     texts[83] = "0";
     texts[84] = " X0 Y ";
     texts[85] = "";
@@ -209,34 +210,35 @@ TEST_F(SubstanceEditor, NamesNeverBecomeZeros) {
 }
 
 TEST_F(SubstanceEditor, ACommaIsAPointAndOtherKeysAreSwallowed) {
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     texts[0] = "44,5";
     ApplyEditor(texts);
     EXPECT_EQ(the_substance.M, 44.5F);
-    EXPECT_EQ(FilterKey(field(0), ','), '.');
-    for (const char c : std::string("0123456789Ee-.\r\b\x7f")) EXPECT_EQ(FilterKey(field(0), c), c);
+    EXPECT_EQ(filter_key(field(0), ','), '.');
+    for (const char c : std::string("0123456789Ee-.\r\b\x7f"))
+        EXPECT_EQ(filter_key(field(0), c), c);
     for (const char c : std::string("+xD d/ "))
-        EXPECT_FALSE(FilterKey(field(0), c).has_value()) << c;
-    EXPECT_EQ(FilterKey(field(83), 'x'), 'x');
-    EXPECT_EQ(FilterKey(field(83), ','), ',');
+        EXPECT_FALSE(filter_key(field(0), c).has_value()) << c;
+    EXPECT_EQ(filter_key(field(83), 'x'), 'x');
+    EXPECT_EQ(filter_key(field(83), ','), ',');
 }
 
 TEST_F(SubstanceEditor, AValueBeyondItsFieldLeavesTheRecord) {
     const float before = the_substance.Tboil;
     const std::int16_t TLo = the_substance.ALP.TLo;
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     texts[1] = "1E300";
     texts[11] = "99999";
     texts[2] = "90";
     ApplyEditor(texts);
     EXPECT_EQ(the_substance.Tboil, before);
-    EXPECT_EQ(texts[1], EditorText(before));
+    EXPECT_EQ(texts[1], editor_text(before));
     EXPECT_EQ(the_substance.ALP.TLo, TLo);
     EXPECT_EQ(the_substance.Ttriple, 90);
 }
 
 TEST_F(SubstanceEditor, SinhFunctionKeepsADenominator) {
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     texts[35] = "500";
     texts[37] = "";
     texts[40] = "200";
@@ -256,7 +258,7 @@ TEST_F(SubstanceEditor, SinhFunctionKeepsADenominator) {
 }
 
 TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     for (const int first : {28, 108, 115}) {
         const auto i = static_cast<std::size_t>(first);
         for (std::size_t k = 0; k < 7; ++k) texts[i + k] = "";
@@ -276,7 +278,7 @@ TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
 }
 
 TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     for (const int DD : {8, 9, 10, 11, 12, 13, 14, 15, 16, 17})
         texts[static_cast<std::size_t>(DD)] = "";
     legacy::the_models.VPCode = "000";
@@ -287,7 +289,7 @@ TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
     for (std::size_t k = 0; k < 5; ++k) texts[13 + k] = antoine[k];
     ApplyEditor(texts);
     EXPECT_EQ(legacy::the_models.VPCode, "AHP");
-    EXPECT_EQ(legacy::the_models.VPModel, models::VPIndex("AHP"));
+    EXPECT_EQ(legacy::the_models.VPModel, models::vp_index("AHP"));
     legacy::the_models.VPCode = "000";
     for (std::size_t k = 0; k < 5; ++k) texts[8 + k] = antoine[k];
     ApplyEditor(texts);
@@ -298,14 +300,14 @@ TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
 }
 
 TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     texts[1] = "";
     ApplyEditor(texts);
     EXPECT_NEAR(static_cast<double>(the_substance.Tboil), 231.04, 0.5);  // propane
     EXPECT_NEAR(
         models::vapour_pressure(the_substance, static_cast<double>(the_substance.Tboil), "WAG").p,
         101.325, 0.02);
-    EXPECT_EQ(texts[1], EditorText(the_substance.Tboil));
+    EXPECT_EQ(texts[1], editor_text(the_substance.Tboil));
     texts[1] = "";
     legacy::the_models.VPCode = "000";
     for (int DD = 8; DD <= 17; ++DD) texts[static_cast<std::size_t>(DD)] = "";
@@ -314,7 +316,7 @@ TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
 }
 
 TEST_F(SubstanceEditor, CorrelatedSetsFollowTheCriticalPoint) {
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     texts[1] = "240";
     texts[4] = "400";
     texts[5] = "4000";
@@ -322,21 +324,21 @@ TEST_F(SubstanceEditor, CorrelatedSetsFollowTheCriticalPoint) {
     const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
     EXPECT_FLOAT_EQ(the_substance.AUG.B, static_cast<float>(B));
     EXPECT_FLOAT_EQ(the_substance.AUG.A, static_cast<float>(std::log(4000.0) - B / 400));
-    EXPECT_EQ(texts[47], EditorText(the_substance.AUG.B));
+    EXPECT_EQ(texts[47], editor_text(the_substance.AUG.B));
     // Thompson: C = 18 - 0.19 Tboil + 273.15.
     EXPECT_FLOAT_EQ(the_substance.THO.C, static_cast<float>(18 - 0.19 * 240 + 273.15));
-    EXPECT_EQ(texts[50], EditorText(the_substance.THO.C));
+    EXPECT_EQ(texts[50], editor_text(the_substance.THO.C));
     // Frost-Kalkwarf: E = e Tcrit^f / pcrit.
     EXPECT_FLOAT_EQ(the_substance.KFW.a[4], static_cast<float>(0.183218 * 400 * 400 / 4000));
     EXPECT_FLOAT_EQ(the_substance.KFR.a[4],
                     static_cast<float>(0.185652 * std::pow(400, 2.5) / 4000));
-    EXPECT_EQ(texts[90], EditorText(the_substance.KFW.a[4]));
-    EXPECT_EQ(texts[101], EditorText(the_substance.KFR.a[4]));
+    EXPECT_EQ(texts[90], editor_text(the_substance.KFW.a[4]));
+    EXPECT_EQ(texts[101], editor_text(the_substance.KFR.a[4]));
 }
 
 TEST_F(SubstanceEditor, WithoutCriticalDataTheCorrelatedSetsStayEmpty) {
     the_substance.pcrit = 0;
-    const EditorTexts texts = ShowRecord(the_substance);
+    const EditorTexts texts = show_record(the_substance);
     for (const auto& [first, last] : {std::pair{48, 50}, {86, 107}})
         for (int i = first; i <= last; ++i) EXPECT_EQ(texts[static_cast<std::size_t>(i)], "") << i;
     EXPECT_EQ(texts[5], "<>");
@@ -345,7 +347,7 @@ TEST_F(SubstanceEditor, WithoutCriticalDataTheCorrelatedSetsStayEmpty) {
 TEST_F(SubstanceEditor, TheFormShowsTheCorrelatedSetsWithoutTouchingTheRecord) {
     the_substance.KFW = {};
     the_substance.THO = {};
-    const EditorTexts texts = ShowRecord(the_substance);
+    const EditorTexts texts = show_record(the_substance);
     EXPECT_NE(texts[86], "<>");
     EXPECT_NE(texts[48], "<>");
     EXPECT_EQ(the_substance.KFW.a[0], 0);
@@ -354,7 +356,7 @@ TEST_F(SubstanceEditor, TheFormShowsTheCorrelatedSetsWithoutTouchingTheRecord) {
 
 TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
     legacy::the_models.HLVModel = 4;
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     texts[42] = "18000";
     texts[43] = "231";
     ApplyEditor(texts);
@@ -371,10 +373,10 @@ TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
 }
 
 TEST_F(SubstanceEditor, EosAndUnitsFollow) {
-    models::CalcEOSParameters(6);
+    models::calc_eos_parameters(6);
     const double before = legacy::the_eosParameters.eosA0;
     legacy::the_session.UnitMode = 1;
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     texts[0] = "50";
     texts[4] = "400";
     texts[6] = "250";
@@ -391,7 +393,7 @@ TEST_F(SubstanceEditor, EosAndUnitsFollow) {
 }
 
 TEST_F(SubstanceEditor, EntropyOfFormationFollows) {
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     texts[44] = "-100000";
     texts[45] = "-40000";
     ApplyEditor(texts);
@@ -402,21 +404,21 @@ TEST_F(SubstanceEditor, EntropyOfFormationFollows) {
 }
 
 TEST_F(SubstanceEditor, RecalculationTakesTheFieldsAndLeavesTheRecord) {
-    EditorTexts texts = ShowRecord(the_substance);
+    EditorTexts texts = show_record(the_substance);
     const models::VPSetAugust AUG = the_substance.AUG;
     texts[1] = "240";
     texts[4] = " 400";
     texts[5] = "4000";
     const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
-    Recalculate(EditorCorrelation::August, texts);
-    EXPECT_EQ(texts[47], EditorText(static_cast<float>(B)));
-    EXPECT_EQ(texts[50], EditorText(the_substance.THO.C));
-    Recalculate(EditorCorrelation::Antoine, texts);
-    EXPECT_EQ(texts[50], EditorText(static_cast<float>(18 - 0.19 * 240 + 273.15)));
-    Recalculate(EditorCorrelation::KFW, texts);
-    EXPECT_EQ(texts[90], EditorText(static_cast<float>(0.183218 * 400 * 400 / 4000)));
-    Recalculate(EditorCorrelation::KFR, texts);
-    EXPECT_EQ(texts[102], EditorText(2.5F));
+    recalculate(EditorCorrelation::August, texts);
+    EXPECT_EQ(texts[47], editor_text(static_cast<float>(B)));
+    EXPECT_EQ(texts[50], editor_text(the_substance.THO.C));
+    recalculate(EditorCorrelation::Antoine, texts);
+    EXPECT_EQ(texts[50], editor_text(static_cast<float>(18 - 0.19 * 240 + 273.15)));
+    recalculate(EditorCorrelation::KFW, texts);
+    EXPECT_EQ(texts[90], editor_text(static_cast<float>(0.183218 * 400 * 400 / 4000)));
+    recalculate(EditorCorrelation::KFR, texts);
+    EXPECT_EQ(texts[102], editor_text(2.5F));
     EXPECT_EQ(the_substance.AUG.B, AUG.B);
     EXPECT_EQ(the_substance.Tcrit, 369.89);
     // Without critical data nothing happens.
@@ -424,44 +426,44 @@ TEST_F(SubstanceEditor, RecalculationTakesTheFieldsAndLeavesTheRecord) {
     texts[4] = "<>";
     EditorTexts expected = before;
     expected[4] = "<>";
-    Recalculate(EditorCorrelation::August, texts);
+    recalculate(EditorCorrelation::August, texts);
     EXPECT_EQ(texts, expected);
 }
 
 TEST_F(SubstanceEditor, TheTriplePointPressureComesFromEitherSource) {
     the_substance.ptriple = 0.00017F;
-    EXPECT_EQ(TriplePointPressure(false), " 0.00017");
+    EXPECT_EQ(triple_point_pressure(false), " 0.00017");
     the_substance.Ttriple = 150;
-    const auto p = TriplePointPressure(true);
+    const auto p = triple_point_pressure(true);
     ASSERT_TRUE(p.has_value());
-    EXPECT_EQ(*p,
-              EditorText(static_cast<float>(models::vapour_pressure(the_substance, 150, "WAG").p)));
+    EXPECT_EQ(
+        *p, editor_text(static_cast<float>(models::vapour_pressure(the_substance, 150, "WAG").p)));
     the_substance.Ttriple = 0;
-    EXPECT_FALSE(TriplePointPressure(true).has_value());
+    EXPECT_FALSE(triple_point_pressure(true).has_value());
     EXPECT_EQ(user.lastText(), "Error while calculating vapour pressure");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
 
 TEST_F(SubstanceEditor, ClosingAsksForChangedFields) {
-    const EditorTexts shown = ShowRecord(the_substance);
+    const EditorTexts shown = show_record(the_substance);
     EditorTexts now = shown;
-    EXPECT_TRUE(MayCloseEditor(shown, now));
+    EXPECT_TRUE(may_close_editor(shown, now));
     EXPECT_TRUE(user.messages.empty());
     now[7] = "0.2";
     user.answers = {dialogs::Answer::No, dialogs::Answer::Yes};
-    EXPECT_FALSE(MayCloseEditor(shown, now));
+    EXPECT_FALSE(may_close_editor(shown, now));
     EXPECT_EQ(user.lastText(), "Your changes are lost here (use \"Apply\")\n\nClose nevertheless?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_TRUE(MayCloseEditor(shown, now));
+    EXPECT_TRUE(may_close_editor(shown, now));
 }
 
 TEST_F(SubstanceEditor, CaptionsNameEquationAndDatabase) {
-    EXPECT_EQ(ActiveEquationCaption(), "actual vapour-pressure equation: Wagner");
+    EXPECT_EQ(active_equation_caption(), "actual vapour-pressure equation: Wagner");
     legacy::the_session.DatabaseFile = "student.q05";
-    EXPECT_EQ(DatabaseCaption(), "Database loaded:  STUDENT.Q05");
+    EXPECT_EQ(database_caption(), "Database loaded:  STUDENT.Q05");
     EXPECT_EQ(kEditorNote, " Note: Any changes are lost without \"Apply\" ");
     EXPECT_EQ(kEditorLegend, "<> = empty");
-    EXPECT_EQ(EditorTabCaption(EditorTab::SingleValues), "Single Values");
+    EXPECT_EQ(editor_tab_caption(EditorTab::SingleValues), "Single Values");
 }
 
 }  // namespace

@@ -13,11 +13,11 @@ namespace {
 using datafiles::SubstanceFileRecord;
 
 SubstanceFileRecord decode(const std::string& bytes) {
-    return datafiles::DecodeRecord(std::span<const char, 684>(bytes.data(), 684));
+    return datafiles::decode_record(std::span<const char, 684>(bytes.data(), 684));
 }
 
 std::string encode(const SubstanceFileRecord& record) {
-    const datafiles::RecordBytes bytes = datafiles::EncodeRecord(record);
+    const datafiles::RecordBytes bytes = datafiles::encode_record(record);
     return {bytes.begin(), bytes.end()};
 }
 
@@ -31,10 +31,10 @@ TEST(SubstanceFile, EveryFieldLiesAtItsOffset) {
                          .text5 = "five",
                          .text6 = "six"};
     const SubstanceFileRecord r = decode(builder::Record(s));
-    EXPECT_EQ(datafiles::FieldText(r.formula), "C2H6O       ");
-    EXPECT_EQ(datafiles::FieldText(r.nameEnglish), "Ethanol;alcohol                         ");
-    EXPECT_EQ(datafiles::FieldText(r.nameGerman).substr(0, 8), "Äthanol");
-    EXPECT_EQ(datafiles::FieldText(r.casrn), "64-17-5     ");
+    EXPECT_EQ(datafiles::field_text(r.formula), "C2H6O       ");
+    EXPECT_EQ(datafiles::field_text(r.nameEnglish), "Ethanol;alcohol                         ");
+    EXPECT_EQ(datafiles::field_text(r.nameGerman).substr(0, 8), "Äthanol");
+    EXPECT_EQ(datafiles::field_text(r.casrn), "64-17-5     ");
     EXPECT_EQ(std::string(r.text5.begin(), r.text5.begin() + 5), "five ");
     EXPECT_EQ(std::string(r.text6.begin(), r.text6.begin() + 4), "six ");
     EXPECT_EQ(r.number, -2);
@@ -74,16 +74,16 @@ TEST(SubstanceFile, SpecialFloatsGoThroughTheCodecUnchanged) {
 
 TEST(SubstanceFile, TextFieldsCountCharactersAndCutAtTheirWidth) {
     std::array<char, 5> field{};
-    datafiles::SetFieldText(field, "ÄÖÜäöü");
+    datafiles::set_field_text(field, "ÄÖÜäöü");
     EXPECT_EQ(std::string(field.begin(), field.end()), "\xC4\xD6\xDC\xE4\xF6");
-    datafiles::SetFieldText(field, "ß");
+    datafiles::set_field_text(field, "ß");
     EXPECT_EQ(std::string(field.begin(), field.end()), "\xDF    ");
-    EXPECT_EQ(datafiles::FieldText(field), "ß    ");
+    EXPECT_EQ(datafiles::field_text(field), "ß    ");
 }
 
 TEST(SubstanceFile, ControlCharactersOfADamagedFileBecomeBlanks) {
     const std::array<char, 6> field{'a', '\0', '\n', 'b', '\x1B', '\t'};
-    EXPECT_EQ(datafiles::FieldText(field), "a  b  ");
+    EXPECT_EQ(datafiles::field_text(field), "a  b  ");
 }
 
 TEST(SubstanceFile, AnEmptyRecordHasBlankTexts) {

@@ -17,11 +17,11 @@ using models::SubstanceRecord;
 
 SubstanceFileRecord file_of(const builder::Substance& s) {
     const std::string bytes = builder::Record(s);
-    return datafiles::DecodeRecord(std::span<const char, 684>(bytes.data(), 684));
+    return datafiles::decode_record(std::span<const char, 684>(bytes.data(), 684));
 }
 
 LoadedSubstance load(const builder::Substance& s, const SubstanceRecord& previous = {}) {
-    return datafiles::RecordFromSlots(file_of(s), true, previous);
+    return datafiles::record_from_slots(file_of(s), true, previous);
 }
 
 /// A record in which every value has a distinct content; bounds rise.
@@ -103,7 +103,7 @@ TEST(SubstanceSlots, TextsAreTrimmedAndTheNameEndsAtTheFirstSemicolon) {
     EXPECT_EQ(r.Formula, " C O2");
     EXPECT_EQ(r.FormulaCompact, "CO2");
     EXPECT_EQ(r.CASRN, "124-38-9    ");
-    EXPECT_EQ(datafiles::RecordFromSlots(file_of(s), false, {}).record.Name, "Kohlensäure");
+    EXPECT_EQ(datafiles::record_from_slots(file_of(s), false, {}).record.Name, "Kohlensäure");
 }
 
 TEST(SubstanceSlots, MassAndCriticalDataAreRoundedHalfUpAtTheFifthDecimal) {
@@ -310,15 +310,15 @@ TEST(SubstanceSlots, APrivateRecordSetsItsSlotsAndKeepsTheOthers) {
     source.nameGerman = "Alles";
     SubstanceFileRecord file = file_of(source);
     SubstanceRecord r;
-    for (const datafiles::RecordField& field : datafiles::RecordFields()) {
+    for (const datafiles::RecordField& field : datafiles::record_fields()) {
         if (field.slot == 0) continue;
         for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i)
-            ASSERT_EQ(datafiles::SetField(r, datafiles::NameOf({&field, i}), "7"), "");
+            ASSERT_EQ(datafiles::set_field(r, datafiles::name_of({&field, i}), "7"), "");
     }
     r.Name = "Everything";
     r.Formula = "XY";
     r.CASRN = "9-9-9";
-    datafiles::SlotsFromRecord(r, true, file);
+    datafiles::slots_from_record(r, true, file);
 
     const auto is_set = [](int slot) {
         const std::pair<int, int> ranges[] = {{1, 1},   {7, 11},  {14, 23}, {25, 35},  {37, 41},
@@ -332,10 +332,10 @@ TEST(SubstanceSlots, APrivateRecordSetsItsSlotsAndKeepsTheOthers) {
         EXPECT_EQ(file.values[static_cast<std::size_t>(slot - 1)],
                   is_set(slot) ? 7.0F : static_cast<float>(slot) + 0.25F)
             << slot;
-    EXPECT_EQ(datafiles::FieldText(file.nameEnglish).substr(0, 11), "Everything ");
-    EXPECT_EQ(datafiles::FieldText(file.nameGerman).substr(0, 6), "Alles ");
-    EXPECT_EQ(datafiles::FieldText(file.formula), "XY          ");
-    EXPECT_EQ(datafiles::FieldText(file.casrn), "9-9-9       ");
+    EXPECT_EQ(datafiles::field_text(file.nameEnglish).substr(0, 11), "Everything ");
+    EXPECT_EQ(datafiles::field_text(file.nameGerman).substr(0, 6), "Alles ");
+    EXPECT_EQ(datafiles::field_text(file.formula), "XY          ");
+    EXPECT_EQ(datafiles::field_text(file.casrn), "9-9-9       ");
     EXPECT_EQ(std::string(file.text5.begin(), file.text5.begin() + 5), "kept ");
     EXPECT_EQ(file.number, 1);
 }
@@ -344,7 +344,7 @@ TEST(SubstanceSlots, AValueBeyond32BitsIsNotWrittenAsInfinity) {
     SubstanceRecord r;
     r.Tcrit = 1e300;
     SubstanceFileRecord file;
-    datafiles::SlotsFromRecord(r, true, file);
+    datafiles::slots_from_record(r, true, file);
     EXPECT_EQ(file.values[6], 0.0F);
 }
 

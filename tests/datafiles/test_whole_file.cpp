@@ -24,15 +24,15 @@ class WholeFile : public SessionTest {
 
 TEST_F(WholeFile, WhatIsWrittenIsRead) {
     const std::string bytes("a\0b\r\nc", 6);
-    EXPECT_EQ(datafiles::WriteWhole(folder() / "A.TXT", bytes), "");
-    const datafiles::FileContent content = datafiles::ReadWhole(folder() / "A.TXT");
+    EXPECT_EQ(datafiles::write_whole(folder() / "A.TXT", bytes), "");
+    const datafiles::FileContent content = datafiles::read_whole(folder() / "A.TXT");
     EXPECT_EQ(content.error, "");
     EXPECT_EQ(content.bytes, bytes);
 }
 
 TEST_F(WholeFile, AWriteLeavesNothingBesideTheFile) {
-    EXPECT_EQ(datafiles::WriteWhole(folder() / "A.TXT", "old"), "");
-    EXPECT_EQ(datafiles::WriteWhole(folder() / "A.TXT", "new"), "");
+    EXPECT_EQ(datafiles::write_whole(folder() / "A.TXT", "old"), "");
+    EXPECT_EQ(datafiles::write_whole(folder() / "A.TXT", "new"), "");
     EXPECT_EQ(builder::ReadFile(folder() / "A.TXT"), "new");
     EXPECT_EQ(files_in_folder(), 1U);
 }
@@ -41,7 +41,7 @@ TEST_F(WholeFile, APartLeftByAKilledWriteDoesNotHinderTheNextOne) {
     builder::WriteFile(folder() / "A.TXT", "old");
     builder::WriteFile(folder() / "A.TXT.part", "half of the ne");
     EXPECT_EQ(builder::ReadFile(folder() / "A.TXT"), "old");
-    EXPECT_EQ(datafiles::WriteWhole(folder() / "A.TXT", "new"), "");
+    EXPECT_EQ(datafiles::write_whole(folder() / "A.TXT", "new"), "");
     EXPECT_EQ(builder::ReadFile(folder() / "A.TXT"), "new");
     EXPECT_EQ(files_in_folder(), 1U);
 }
@@ -50,7 +50,7 @@ TEST_F(WholeFile, AFailedWriteLeavesTheOldContent) {
     builder::WriteFile(folder() / "A.TXT", "old");
     // A folder stands where the new content would be prepared.
     fs::create_directory(folder() / "A.TXT.part");
-    const std::string error = datafiles::WriteWhole(folder() / "A.TXT", "new");
+    const std::string error = datafiles::write_whole(folder() / "A.TXT", "new");
     EXPECT_EQ(error.find("The file A.TXT could not be written ("), 0U) << error;
     EXPECT_EQ(builder::ReadFile(folder() / "A.TXT"), "old");
 }
@@ -58,7 +58,7 @@ TEST_F(WholeFile, AFailedWriteLeavesTheOldContent) {
 TEST_F(WholeFile, AWriteProtectedFileStays) {
     builder::WriteFile(folder() / "A.TXT", "old");
     fs::permissions(folder() / "A.TXT", fs::perms::owner_read);
-    EXPECT_EQ(datafiles::WriteWhole(folder() / "A.TXT", "new"),
+    EXPECT_EQ(datafiles::write_whole(folder() / "A.TXT", "new"),
               "The file A.TXT could not be written (it is write-protected).");
     EXPECT_EQ(builder::ReadFile(folder() / "A.TXT"), "old");
 }
@@ -67,15 +67,15 @@ TEST_F(WholeFile, AFullDiskIsToldAndHarmsNothing) {
     if (!fs::exists("/dev/full")) GTEST_SKIP() << "no device that is always full";
     builder::WriteFile(folder() / "A.TXT", "old");
     fs::create_symlink("/dev/full", folder() / "A.TXT.part");
-    const std::string error = datafiles::WriteWhole(folder() / "A.TXT", std::string(100000, 'x'));
+    const std::string error = datafiles::write_whole(folder() / "A.TXT", std::string(100000, 'x'));
     EXPECT_EQ(error, "The file A.TXT could not be written (No space left on device).");
     EXPECT_EQ(builder::ReadFile(folder() / "A.TXT"), "old");
 }
 
 TEST_F(WholeFile, AFolderThatIsMissingIsTold) {
-    const std::string error = datafiles::WriteWhole(folder() / "missing" / "A.TXT", "x");
+    const std::string error = datafiles::write_whole(folder() / "missing" / "A.TXT", "x");
     EXPECT_EQ(error, "The file A.TXT could not be written (No such file or directory).");
-    EXPECT_EQ(datafiles::WriteWhole(folder(), "x").find("it is a folder") != std::string::npos,
+    EXPECT_EQ(datafiles::write_whole(folder(), "x").find("it is a folder") != std::string::npos,
               true);
 }
 
@@ -89,7 +89,7 @@ TEST_F(WholeFile, AWriterKilledAtAnyMomentLeavesOldOrNewContent) {
         const pid_t writer = fork();
         ASSERT_GE(writer, 0);
         if (writer == 0) {
-            for (int i = 1;; ++i) (void)datafiles::WriteWhole(path, contents[i % 2]);
+            for (int i = 1;; ++i) (void)datafiles::write_whole(path, contents[i % 2]);
         }
         usleep(static_cast<useconds_t>(200 + 61 * round));
         kill(writer, SIGKILL);
@@ -105,7 +105,7 @@ TEST_F(WholeFile, AWriterKilledAtAnyMomentLeavesOldOrNewContent) {
 TEST_F(WholeFile, ALinkStaysALink) {
     builder::WriteFile(folder() / "real.TXT", "old");
     fs::create_symlink(folder() / "real.TXT", folder() / "link.TXT");
-    EXPECT_EQ(datafiles::WriteWhole(folder() / "link.TXT", "new"), "");
+    EXPECT_EQ(datafiles::write_whole(folder() / "link.TXT", "new"), "");
     EXPECT_TRUE(fs::is_symlink(folder() / "link.TXT"));
     EXPECT_EQ(builder::ReadFile(folder() / "real.TXT"), "new");
 }
@@ -113,30 +113,30 @@ TEST_F(WholeFile, ALinkStaysALink) {
 TEST_F(WholeFile, PermissionsOfTheOldFileStay) {
     builder::WriteFile(folder() / "A.TXT", "old");
     fs::permissions(folder() / "A.TXT", fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_EQ(datafiles::WriteWhole(folder() / "A.TXT", "new"), "");
+    EXPECT_EQ(datafiles::write_whole(folder() / "A.TXT", "new"), "");
     EXPECT_EQ(fs::status(folder() / "A.TXT").permissions(),
               fs::perms::owner_read | fs::perms::owner_write);
 }
 
 TEST_F(WholeFile, FoldersMissingAndLargeFilesAreRefused) {
-    EXPECT_EQ(datafiles::ReadWhole(folder() / "no.TXT").error, "The file no.TXT was not found.");
-    EXPECT_NE(datafiles::ReadWhole(folder()).error, "");
+    EXPECT_EQ(datafiles::read_whole(folder() / "no.TXT").error, "The file no.TXT was not found.");
+    EXPECT_NE(datafiles::read_whole(folder()).error, "");
     builder::WriteFile(folder() / "A.TXT", "12345");
-    EXPECT_EQ(datafiles::ReadWhole(folder() / "A.TXT", 4).error,
+    EXPECT_EQ(datafiles::read_whole(folder() / "A.TXT", 4).error,
               "The file A.TXT is too large (5 bytes).");
-    EXPECT_EQ(datafiles::ReadWhole(folder() / "A.TXT", 5).bytes, "12345");
+    EXPECT_EQ(datafiles::read_whole(folder() / "A.TXT", 5).bytes, "12345");
 }
 
 TEST_F(WholeFile, NamesGetTheirFolderAndExtension) {
-    EXPECT_EQ(datafiles::TargetPath("data", "/x/", ".BAQ"), "/x/data.BAQ");
-    EXPECT_EQ(datafiles::TargetPath("data.txt", "/x", ".BAQ"), "/x/data.txt");
-    EXPECT_EQ(datafiles::TargetPath("/y.z/data", "/x/", ".BAQ"), "/y.z/data.BAQ");
+    EXPECT_EQ(datafiles::target_path("data", "/x/", ".BAQ"), "/x/data.BAQ");
+    EXPECT_EQ(datafiles::target_path("data.txt", "/x", ".BAQ"), "/x/data.txt");
+    EXPECT_EQ(datafiles::target_path("/y.z/data", "/x/", ".BAQ"), "/y.z/data.BAQ");
     EXPECT_EQ(datafiles::InFolder("data", "/x"), "/x/data");
 }
 
 TEST_F(WholeFile, LinesAreAnsiWithCarriageReturns) {
-    EXPECT_EQ(datafiles::AnsiLines({"Äther", ""}), "\xC4ther\r\n\r\n");
-    EXPECT_EQ(datafiles::OneLine("a\r\nb\tc"), "a  b c");
+    EXPECT_EQ(datafiles::ansi_lines({"Äther", ""}), "\xC4ther\r\n\r\n");
+    EXPECT_EQ(datafiles::one_line("a\r\nb\tc"), "a  b c");
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ using namespace quor;
 namespace {
 
 using datafiles::FitPoint;
-using datafiles::ReadXYText;
+using datafiles::read_xy_text;
 using datafiles::XYManipulation;
 using dialogs::Answer;
 using legacy::the_session;
@@ -34,7 +34,7 @@ void expect_point(const FitPoint& p, float x, float y) {
 }
 
 TEST(XYText, ADecimalCommaReadsBesideASemicolon) {
-    const auto file = ReadXYText("K\xE4lte\r\n1,5;2,25\r\n.3000000E+03;.1000000E-02\r\n", ';');
+    const auto file = read_xy_text("K\xE4lte\r\n1,5;2,25\r\n.3000000E+03;.1000000E-02\r\n", ';');
     EXPECT_EQ(file.comment, "Kälte");
     ASSERT_EQ(file.points.size(), 2U);
     expect_point(file.points[0], 1.5F, 2.25F);
@@ -42,19 +42,19 @@ TEST(XYText, ADecimalCommaReadsBesideASemicolon) {
 }
 
 TEST(XYText, WithACommaTheLineSplitsAtTheFirstOne) {
-    const auto file = ReadXYText("c\n1.5,2.25,7\n1,5,2\n", ',');
+    const auto file = read_xy_text("c\n1.5,2.25,7\n1,5,2\n", ',');
     expect_point(file.points[0], 1.5F, 2.25F);
     expect_point(file.points[1], 1.0F, 5.0F);
 }
 
 TEST(XYText, FurtherFieldsAreIgnored) {
-    const auto file = ReadXYText("c\n1;2;3;4\n5;6;\n", ';');
+    const auto file = read_xy_text("c\n1;2;3;4\n5;6;\n", ';');
     expect_point(file.points[0], 1.0F, 2.0F);
     expect_point(file.points[1], 5.0F, 6.0F);
 }
 
 TEST(XYText, ALineWithoutTheDelimiterIsSplitAtAnother) {
-    const auto file = ReadXYText("c\n1,5;2\n1,5\t3\n  1.5   4  \n7\n\t8\n", '|');
+    const auto file = read_xy_text("c\n1,5;2\n1,5\t3\n  1.5   4  \n7\n\t8\n", '|');
     ASSERT_EQ(file.points.size(), 5U);
     expect_point(file.points[0], 1.5F, 2.0F);
     expect_point(file.points[1], 1.5F, 3.0F);
@@ -64,11 +64,11 @@ TEST(XYText, ALineWithoutTheDelimiterIsSplitAtAnother) {
 }
 
 TEST(XYText, EmptyLinesGiveNoPointsAndTextsGiveZero) {
-    const auto file = ReadXYText("c\n\n1;2\n   \nabc;1e99\n\n", ';');
+    const auto file = read_xy_text("c\n\n1;2\n   \nabc;1e99\n\n", ';');
     ASSERT_EQ(file.points.size(), 2U);
     expect_point(file.points[1], 0.0F, 0.0F);
-    EXPECT_TRUE(ReadXYText("", ';').points.empty());
-    EXPECT_EQ(ReadXYText("only a comment", ';').comment, "only a comment");
+    EXPECT_TRUE(read_xy_text("", ';').points.empty());
+    EXPECT_EQ(read_xy_text("only a comment", ';').comment, "only a comment");
 }
 
 TEST(XYText, ValuesAreWrittenWithSevenDecimalsAndAPoint) {
@@ -76,14 +76,14 @@ TEST(XYText, ValuesAreWrittenWithSevenDecimalsAndAPoint) {
         {1.0F, -2.5F, 0}, {0.0F, 1234567.0F, 0}, {9.99999999F, 1e-37F, 0}, {5, 5, -1}};
     for (const char mark : {'.', ','}) {
         numbers::set_decimal_mark(mark);
-        EXPECT_EQ(datafiles::XYText("comment", points, ';'),
+        EXPECT_EQ(datafiles::xy_text("comment", points, ';'),
                   "comment\r\n"
                   ".1000000E+01;-.2500000E+01\r\n"
                   ".0000000E+00;.1234567E+07\r\n"
                   ".1000000E+02;.1000000E-36\r\n");
     }
     numbers::set_decimal_mark('.');
-    EXPECT_EQ(datafiles::XYText("", std::vector<FitPoint>{{1, 2, 0}}, '\t'),
+    EXPECT_EQ(datafiles::xy_text("", std::vector<FitPoint>{{1, 2, 0}}, '\t'),
               "\r\n.1000000E+01\t.2000000E+01\r\n");
 }
 
@@ -92,7 +92,7 @@ TEST(XYText, PointsSurviveARoundTripWithEveryDelimiter) {
     for (int i = -40; i < 40; ++i)
         points.push_back({static_cast<float>(std::exp2(i)), static_cast<float>(-i), 0});
     for (const char delimiter : {';', ',', '\t'}) {
-        const auto file = ReadXYText(datafiles::XYText("c", points, delimiter), delimiter);
+        const auto file = read_xy_text(datafiles::xy_text("c", points, delimiter), delimiter);
         ASSERT_EQ(file.points.size(), points.size());
         for (std::size_t i = 0; i < points.size(); ++i) {
             EXPECT_NEAR(file.points[i].x / points[i].x, 1.0, 1e-6);
@@ -105,7 +105,7 @@ TEST_F(XY, LoadingReplacesTheListAndTellsTheFile) {
     the_xyPoints = {{9, 9, 0}};
     builder::WriteFile(folder() / "A.XY", "comment\r\n1;2\r\n3;4\r\n");
     user.fileAnswers.push_back("A.XY");
-    EXPECT_EQ(datafiles::XYLoad(), "  Loaded: " + path("A.XY"));
+    EXPECT_EQ(datafiles::xy_load(), "  Loaded: " + path("A.XY"));
     EXPECT_EQ(legacy::the_xyComment, "comment");
     EXPECT_EQ(xs(), (std::vector<float>{1, 3}));
     EXPECT_EQ(user.files[0].title, "Load (Curve)Points");
@@ -116,10 +116,10 @@ TEST_F(XY, LoadingReplacesTheListAndTellsTheFile) {
 
 TEST_F(XY, AMissingFileIsToldAndTheListStays) {
     the_xyPoints = {{9, 9, 0}};
-    EXPECT_EQ(datafiles::XYLoad("MISSING.XY"), "");
+    EXPECT_EQ(datafiles::xy_load("MISSING.XY"), "");
     EXPECT_EQ(user.lastText(), "The file MISSING.XY was not found.");
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_EQ(datafiles::XYLoad(), "");
+    EXPECT_EQ(datafiles::xy_load(), "");
     EXPECT_EQ(the_xyPoints.size(), 1U);
 }
 
@@ -128,7 +128,7 @@ TEST_F(XY, SavingWritesTheActivePointsWithTheSessionsSeparator) {
     legacy::the_xyComment = "c";
     the_session.CsvSeparator = '\t';
     user.fileAnswers.push_back("B");
-    EXPECT_TRUE(datafiles::XYSave());
+    EXPECT_TRUE(datafiles::xy_save());
     EXPECT_EQ(builder::ReadFile(folder() / "B.XY"), "c\r\n.1000000E+01\t.2000000E+01\r\n");
     EXPECT_EQ(user.files[0].title, "(Curve)Points Save as ... ");
     EXPECT_EQ(user.files[0].defaultExtension, ".XY");
@@ -137,45 +137,45 @@ TEST_F(XY, SavingWritesTheActivePointsWithTheSessionsSeparator) {
 }
 
 TEST_F(XY, ChangedDataAreAskedAbout) {
-    EXPECT_TRUE(datafiles::XYSaveFrage(false));
+    EXPECT_TRUE(datafiles::xy_save_frage(false));
     user.answers = {Answer::No, Answer::Yes};
-    EXPECT_TRUE(datafiles::XYSaveFrage(true));
+    EXPECT_TRUE(datafiles::xy_save_frage(true));
     EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_FALSE(datafiles::XYSaveFrage(true));
+    EXPECT_FALSE(datafiles::xy_save_frage(true));
 }
 
 TEST_F(XY, ACurveIsSavedWithItsCount) {
     const diagrams::CurvePointArray curve{{2, 0, -1}, {1, 10, 300}, {2, 20, 300}, {3, 30, 300}};
     user.fileAnswers = {path("C"), path("C")};
-    EXPECT_TRUE(datafiles::SaveCurveAsXY(curve));
+    EXPECT_TRUE(datafiles::save_curve_as_xy(curve));
     EXPECT_EQ(builder::ReadFile(folder() / "C.XY"),
               "2 curve points\r\n.1000000E+01;.1000000E+02\r\n.2000000E+01;.2000000E+02\r\n");
     EXPECT_EQ(user.files[0].title, "Save curve as *.XY");
     EXPECT_EQ(user.files[0].filter, "XY text file (*.XY)|*.XY");
     EXPECT_EQ(user.files[0].defaultExtension, ".XY");
     user.answers = {Answer::No};
-    EXPECT_FALSE(datafiles::SaveCurveAsXY(curve));
+    EXPECT_FALSE(datafiles::save_curve_as_xy(curve));
     EXPECT_EQ(user.lastText(), "such a file is already existing\nOverwright?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     user.fileAnswers = {path("missing/C.XY")};
-    EXPECT_FALSE(datafiles::SaveCurveAsXY(curve));
+    EXPECT_FALSE(datafiles::save_curve_as_xy(curve));
     EXPECT_EQ(user.lastTitle(), "ERROR");
 }
 
 TEST_F(XY, AHeaderThatAnnouncesTooManyPointsIsNotBelieved) {
     user.fileAnswers = {path("C"), path("D")};
-    EXPECT_TRUE(datafiles::SaveCurveAsXY({{99, 0, 0}, {1, 10, 300}}));
+    EXPECT_TRUE(datafiles::save_curve_as_xy({{99, 0, 0}, {1, 10, 300}}));
     EXPECT_EQ(builder::ReadFile(folder() / "C.XY"),
               "1 curve points\r\n.1000000E+01;.1000000E+02\r\n");
-    EXPECT_TRUE(datafiles::SaveCurveAsXY({}));
+    EXPECT_TRUE(datafiles::save_curve_as_xy({}));
     EXPECT_EQ(builder::ReadFile(folder() / "D.XY"), "0 curve points\r\n");
 }
 
 TEST(XYPoints, ManipulationsChangeActiveAndInactivePoints) {
     const auto after = [](XYManipulation what, double W = 0) {
         std::vector<FitPoint> points{{0.25F, 2.0F, 0}, {0.5F, 4.0F, -1}};
-        EXPECT_EQ(datafiles::ManipulateXY(points, what, W), "");
+        EXPECT_EQ(datafiles::manipulate_xy(points, what, W), "");
         EXPECT_EQ(points[1].mark, -1.0F);
         return points;
     };
@@ -195,90 +195,90 @@ TEST(XYPoints, AValueThatDoesNotExistLeavesTheWholeList) {
           std::pair{XYManipulation::InverseY, 0.0F},
           std::pair{XYManipulation::ExponentialY, 1000.0F}}) {
         std::vector<FitPoint> points{{1, 2, 0}, {3, y, 0}};
-        const std::string error = datafiles::ManipulateXY(points, what, 0);
+        const std::string error = datafiles::manipulate_xy(points, what, 0);
         EXPECT_EQ(error.find("Line 2 (x = 3, y = "), 0U);
         EXPECT_EQ(points[0].y, 2.0F);
         EXPECT_EQ(points[1].y, y);
     }
     std::vector<FitPoint> points{{1, 1e38F, 0}};
-    EXPECT_EQ(datafiles::ManipulateXY(points, XYManipulation::MultiplyY, 10),
+    EXPECT_EQ(datafiles::manipulate_xy(points, XYManipulation::MultiplyY, 10),
               "Line 1 (x = 1, y = 1E+38) has no such value; nothing was changed.");
 }
 
 TEST(XYPoints, ColumnsAreSwappedAndLinesSorted) {
     std::vector<FitPoint> points{{3, 1, -1}, {1, 2, 0}, {1, 0, 0}};
-    datafiles::SortByX(points);
+    datafiles::sort_by_x(points);
     EXPECT_EQ(points[0].y, 2.0F);
     EXPECT_EQ(points[1].y, 0.0F);
     EXPECT_EQ(points[2].mark, -1.0F);
-    datafiles::SortByY(points);
+    datafiles::sort_by_y(points);
     EXPECT_EQ(points[0].y, 0.0F);
     EXPECT_EQ(points[1].mark, -1.0F);
-    datafiles::SwapXY(points);
+    datafiles::swap_xy(points);
     EXPECT_EQ(points[1].x, 1.0F);
     EXPECT_EQ(points[1].y, 3.0F);
 }
 
 TEST(XYPoints, LinesAreInsertedRemovedAndToggled) {
     std::vector<FitPoint> points{{1, 0, 0}, {2, 0, 0}, {3, 0, 0}};
-    datafiles::InsertXY(points, 2, std::vector<FitPoint>{{10, 0, 0}});
+    datafiles::insert_xy(points, 2, std::vector<FitPoint>{{10, 0, 0}});
     EXPECT_EQ(points[1].x, 10.0F);
-    datafiles::InsertXY(points, 99, std::vector<FitPoint>{{11, 0, 0}});
+    datafiles::insert_xy(points, 99, std::vector<FitPoint>{{11, 0, 0}});
     EXPECT_EQ(points[4].x, 11.0F);
-    datafiles::ToggleXY(points, 5, 9);
+    datafiles::toggle_xy(points, 5, 9);
     EXPECT_FALSE(datafiles::IsActive(points[4]));
-    datafiles::ToggleXY(points, 5, 5);
+    datafiles::toggle_xy(points, 5, 5);
     EXPECT_TRUE(datafiles::IsActive(points[4]));
-    datafiles::RemoveXY(points, 1, 3);
+    datafiles::remove_xy(points, 1, 3);
     ASSERT_EQ(points.size(), 2U);
     EXPECT_EQ(points[0].x, 3.0F);
-    datafiles::RemoveXY(points, 7, 9);
-    datafiles::RemoveXY(points, -7, 0);
+    datafiles::remove_xy(points, 7, 9);
+    datafiles::remove_xy(points, -7, 0);
     EXPECT_EQ(points.size(), 2U);
 }
 
 TEST(XYPoints, ClipboardTablesGoInAndOut) {
-    const auto points = datafiles::XYFromClipboard("x\ty\r\n1,5\t2\r\n\r\n3.5\r\n4\t5\t6\r\n");
+    const auto points = datafiles::xy_from_clipboard("x\ty\r\n1,5\t2\r\n\r\n3.5\r\n4\t5\t6\r\n");
     ASSERT_EQ(points.size(), 3U);
     expect_point(points[0], 1.5F, 2.0F);
     expect_point(points[1], 3.5F, 0.0F);
     expect_point(points[2], 4.0F, 5.0F);
-    EXPECT_EQ(datafiles::XYForClipboard(points, 1, 2), "1.5\t2\r\n3.5\t0\r\n");
+    EXPECT_EQ(datafiles::xy_for_clipboard(points, 1, 2), "1.5\t2\r\n3.5\t0\r\n");
     numbers::set_decimal_mark(',');
-    EXPECT_EQ(datafiles::XYForClipboard(points, 1, 1), "1,5\t2\r\n");
-    EXPECT_EQ(datafiles::XYListText(points), "#    x  y\n1  1,5  2\n2  3,5  0\n3    4  5\n");
+    EXPECT_EQ(datafiles::xy_for_clipboard(points, 1, 1), "1,5\t2\r\n");
+    EXPECT_EQ(datafiles::xy_list_text(points), "#    x  y\n1  1,5  2\n2  3,5  0\n3    4  5\n");
     numbers::set_decimal_mark('.');
 }
 
 TEST_F(XY, ADrawingNeedsEnoughActivePoints) {
     const std::vector<FitPoint> none{{1, 1, -1}}, one{{1, 1, 0}, {2, 2, -1}},
         two{{1, 1, 0}, {2, 2, 0}};
-    EXPECT_TRUE(datafiles::EnoughActivePoints(one, true));
-    EXPECT_TRUE(datafiles::EnoughActivePoints(two, false));
+    EXPECT_TRUE(datafiles::enough_active_points(one, true));
+    EXPECT_TRUE(datafiles::enough_active_points(two, false));
     EXPECT_TRUE(user.messages.empty());
-    EXPECT_FALSE(datafiles::EnoughActivePoints(none, true));
+    EXPECT_FALSE(datafiles::enough_active_points(none, true));
     EXPECT_EQ(user.lastText(), "at least one active point!");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_FALSE(datafiles::EnoughActivePoints(one, false));
+    EXPECT_FALSE(datafiles::enough_active_points(one, false));
     EXPECT_EQ(user.lastText(), "at least two active points!");
-    EXPECT_EQ(datafiles::ActivePoints(one).size(), 1U);
+    EXPECT_EQ(datafiles::active_points(one).size(), 1U);
 }
 
 TEST(XYPoints, TheRangeIsThatOfTheActivePoints) {
     const datafiles::XYRange range =
-        datafiles::RangeOfActive(std::vector<FitPoint>{{1, 5, 0}, {-3, 7, 0}, {99, 99, -1}});
+        datafiles::range_of_active(std::vector<FitPoint>{{1, 5, 0}, {-3, 7, 0}, {99, 99, -1}});
     EXPECT_EQ(range.xMin, -3.0F);
     EXPECT_EQ(range.xMax, 1.0F);
     EXPECT_EQ(range.yMin, 5.0F);
     EXPECT_EQ(range.yMax, 7.0F);
-    const datafiles::XYRange none = datafiles::RangeOfActive({});
+    const datafiles::XYRange none = datafiles::range_of_active({});
     EXPECT_EQ(none.xMax, -1e37F);
     EXPECT_EQ(none.yMin, 1e37F);
 }
 
 TEST(XYPoints, AGraphHasTheActivePointsAndItsTexts) {
     const datafiles::XYGraph graph =
-        datafiles::MakeXYGraph(std::vector<FitPoint>{{1, 5, 0}, {9, 9, -1}, {2, 7, 0}}, false);
+        datafiles::make_xy_graph(std::vector<FitPoint>{{1, 5, 0}, {9, 9, -1}, {2, 7, 0}}, false);
     EXPECT_EQ(graph.points.size(), 2U);
     EXPECT_EQ(graph.title, "Experimental points y(T)");
     EXPECT_EQ(graph.xTitle, "T / K");

@@ -14,22 +14,22 @@ void ActiveFluid::activate(const std::string& name, std::int16_t eos) {
     models::ModelSelection& m = legacy::the_models;
     m = {};
     m.EOSModel = eos;
-    m.EOSOnlyV = models::IsVOnlyEOS(eos);
+    m.EOSOnlyV = models::is_v_only_eos(eos);
     m.PriorityCEOS = !m.EOSOnlyV;
     m.VPModel = 4;
     m.VPCode = "WAG";
     m.CpModel = s.hasCpPoly ? 1 : s.hasCpSinh ? 2 : 0;
     m.HLVModel = 2;
-    ASSERT_EQ(models::CalcEOSParameters(eos), kSuccess);
+    ASSERT_EQ(models::calc_eos_parameters(eos), kSuccess);
     legacy::the_reference.T0 = 298.15F;
     legacy::the_coordinates = {};
-    Module9::CalcCoordinateDefaults(legacy::the_coordinates);
+    Module9::calc_coordinate_defaults(legacy::the_coordinates);
 }
 
 void ActiveFluid::set_units(std::int16_t CaloricUnit, std::int16_t UnitMode) {
     legacy::the_session.CaloricUnit = CaloricUnit;
     legacy::the_session.UnitMode = UnitMode;
     legacy::the_session.UnitsChanged = true;
-    Module9::CalcCoordinateDefaults(legacy::the_coordinates);
+    Module9::calc_coordinate_defaults(legacy::the_coordinates);
     legacy::the_session.UnitsChanged = false;
 }

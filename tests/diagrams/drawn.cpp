@@ -26,7 +26,7 @@ std::int16_t SectionKindOf(std::int16_t code) {
 diagrams::DiagramRequest RequestFor(std::int16_t code) {
     diagrams::DiagramRequest request;
     request.DiagramType = DiagramOf(code);
-    Module9::FillDiagramWindow(legacy::the_coordinates, request);
+    Module9::fill_diagram_window(legacy::the_coordinates, request);
     request.DiagramType = code;
     request.sectionKind = SectionKindOf(code);
     return request;
@@ -35,7 +35,7 @@ diagrams::DiagramRequest RequestFor(std::int16_t code) {
 Drawn Draw(diagrams::DiagramRequest request, const Parameters& at) {
     Drawn curve;
     curve.request = std::move(request);
-    curve.result = diagrams::CalcCurve(curve.request, curve.all, at.T, at.p, at.v);
+    curve.result = diagrams::calc_curve(curve.request, curve.all, at.T, at.p, at.v);
     return curve;
 }
 

@@ -23,9 +23,9 @@ class Sheet : public ActiveFluid {
             request.DiagramType = code;
             request.sectionKind = row.sectionKind;
             request.axisPair = row.axisPair;
-            Module9::FillDiagramWindow(legacy::the_coordinates, request);
+            Module9::fill_diagram_window(legacy::the_coordinates, request);
             Module9::FillTexts(request);
-            Module9::OpenSheet(sheet, request);
+            Module9::open_sheet(sheet, request);
             return;
         }
         FAIL() << "no row of code " << code;

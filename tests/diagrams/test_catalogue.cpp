@@ -280,7 +280,7 @@ TEST_F(Catalogue, EveryMenuRowHasItsDiagram) {
     for (const menu::Row& row : menu::graph_rows()) {
         if (row.action != "Diagram2D") continue;
         ++rows;
-        const Module9::CatalogueRow* found = Module9::FindRow(row.code);
+        const Module9::CatalogueRow* found = Module9::find_row(row.code);
         ASSERT_NE(found, nullptr) << row.caption;
         EXPECT_FALSE(found->title.empty()) << row.caption;
         EXPECT_EQ(row.sectionKind == Module9::kDatabase, found->xLimits.low == nullptr);

@@ -25,7 +25,7 @@ class Coordinates : public ActiveFluid {
     static DiagramRequest window(std::int16_t code) {
         DiagramRequest request;
         request.DiagramType = code;
-        Module9::FillDiagramWindow(the_coordinates, request);
+        Module9::fill_diagram_window(the_coordinates, request);
         return request;
     }
     static double M() { return static_cast<double>(the_substance.M); }
@@ -92,7 +92,7 @@ TEST_F(Coordinates, PressureAndTemperatureLimitsStayUntilTheUnitsChange) {
     the_coordinates.pMax = 77;
     the_coordinates.TMax = 500;
     the_coordinates.TMin = 100;
-    Module9::CalcCoordinateDefaults(the_coordinates);
+    Module9::calc_coordinate_defaults(the_coordinates);
     EXPECT_EQ(the_coordinates.pMax, 77);
     EXPECT_EQ(the_coordinates.TMax, 500);
     EXPECT_EQ(the_coordinates.TMin, 100);
@@ -105,7 +105,7 @@ TEST_F(Coordinates, ReferenceStatesOfFormationShiftTheFunctions) {
     activate("Propane");
     for (const std::int16_t mode : {std::int16_t{2}, std::int16_t{10}}) {
         legacy::the_reference.RefMode = mode;
-        Module9::CalcCoordinateDefaults(the_coordinates);
+        Module9::calc_coordinate_defaults(the_coordinates);
         EXPECT_EQ(the_coordinates.funcMax, 0);
         EXPECT_EQ(the_coordinates.funcMin, -300000);
         EXPECT_EQ(the_coordinates.entropyMax, 200);
@@ -113,7 +113,7 @@ TEST_F(Coordinates, ReferenceStatesOfFormationShiftTheFunctions) {
     }
     legacy::the_reference.RefMode = 5;
     the_coordinates.funcMax = 17;
-    Module9::CalcCoordinateDefaults(the_coordinates);
+    Module9::calc_coordinate_defaults(the_coordinates);
     EXPECT_EQ(the_coordinates.funcMax, 17) << "any other reference state keeps the limits";
 }
 
@@ -121,7 +121,7 @@ TEST_F(Coordinates, WithoutTriplePointTheLimitsComeFromTheCriticalPoint) {
     activate("Propane");
     the_substance.Ttriple = 0;
     the_coordinates = {};
-    Module9::CalcCoordinateDefaults(the_coordinates);
+    Module9::calc_coordinate_defaults(the_coordinates);
     EXPECT_PRED2(Close, the_coordinates.invTMax, 2.3 / the_substance.Tcrit);
     EXPECT_PRED2(Close, the_coordinates.TMin, 0.5 * the_substance.Tcrit);
 }
@@ -137,7 +137,7 @@ TEST_F(Coordinates, VapourOnlyEquationsStartLowerAndUseTheMeasuredVolume) {
     EXPECT_PRED2(Close, the_coordinates.vMax, 7 * the_substance.vcritExp);
     EXPECT_PRED2(Close, the_coordinates.TMin, 0.3 * 85.525);
     the_substance.vcritExp = 0;
-    Module9::CalcCoordinateDefaults(the_coordinates);
+    Module9::calc_coordinate_defaults(the_coordinates);
     EXPECT_EQ(the_coordinates.vMax, 1.5F);
 }
 
@@ -155,7 +155,7 @@ TEST_F(Coordinates, WithoutAMolarMassSpecificUnitsAreAFault) {
     activate("Propane");
     the_substance.M = 0;
     the_session.CaloricUnit = 3;
-    EXPECT_THROW(Module9::CalcCoordinateDefaults(the_coordinates), faults::Fault);
+    EXPECT_THROW(Module9::calc_coordinate_defaults(the_coordinates), faults::Fault);
 }
 
 TEST_F(Coordinates, EachDiagramTakesItsLimits) {

@@ -25,10 +25,10 @@ class Coexistence : public ActiveFluid {
   protected:
     static double M() { return static_cast<double>(the_substance.M); }
     static Equilibrium sat_T(double T) {
-        return diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+        return diagrams::equilibrium_at_T(models::current_fluid(), T);
     }
     static Equilibrium sat_p(double p) {
-        return diagrams::equilibrium_at_p(models::CurrentFluid(), p);
+        return diagrams::equilibrium_at_p(models::current_fluid(), p);
     }
     static Drawn dome(std::int16_t code, double fraction) {
         the_session.VapourFraction = fraction;
@@ -382,7 +382,7 @@ TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
         EXPECT_EQ(curve.mark(), givesPressure ? -2 : 0) << model;
         for (const CurvePoint& point : curve.points()) {
             EXPECT_LE(point.x, static_cast<float>(the_substance.Tcrit));
-            const auto r = models::EnthalpyOfVaporisation(model, point.x, 0, "WAG", false);
+            const auto r = models::enthalpy_of_vaporisation(model, point.x, 0, "WAG", false);
             EXPECT_NEAR(point.y, r.h, 2e-5 * r.h + 20) << model << " " << point.x;
             EXPECT_EQ(point.z > 0, givesPressure);
         }

@@ -25,10 +25,10 @@ class FunctionCurves : public ActiveFluid {
     static double Tc(double share) { return share * the_substance.Tcrit; }
     static double pc(double share) { return share * the_substance.pcrit; }
     static diagrams::Equilibrium sat_T(double T) {
-        return diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+        return diagrams::equilibrium_at_T(models::current_fluid(), T);
     }
     static diagrams::Equilibrium sat_p(double p) {
-        return diagrams::equilibrium_at_p(models::CurrentFluid(), p);
+        return diagrams::equilibrium_at_p(models::current_fluid(), p);
     }
 
     /// The stable state at T and p by the solver of the system.
@@ -153,7 +153,7 @@ TEST_F(FunctionCurves, IsochoresHoldTheFunctionOfTheirTitle) {
         EXPECT_GT(curve.count(), 100U);
         for (const CurvePoint& point : curve.points()) {
             EXPECT_FLOAT_EQ(point.z, static_cast<float>(v));
-            const double p = models::PressureFromTV(point.x, v).p;
+            const double p = models::pressure_from_tv(point.x, v).p;
             EXPECT_GT(p, 0);
             const StateValues z = models::StateFunctions(point.x, p, v);
             EXPECT_NEAR(point.y, z.*row.second, 1e-6 * std::fabs(z.*row.second) + 0.03);
@@ -210,7 +210,7 @@ TEST_F(FunctionCurves, IsothermsOverVolumeHoldTheFunctionOfTheirTitle) {
             for (const CurvePoint& point : curve.points()) {
                 const double v = point.x;
                 inside += e.found && v > 1.00001 * e.vL && v < 0.99999 * e.vV ? 1 : 0;
-                const double p = models::PressureFromTV(T, v).p;
+                const double p = models::pressure_from_tv(T, v).p;
                 const StateValues z = models::StateFunctions(T, p, v);
                 const double tolerance = row.first == 157 || row.first == 160 || row.first == 156
                                              ? 3e-6 * std::fabs(z.*row.second) + 0.2
@@ -353,7 +353,7 @@ TEST_F(FunctionCurves, MetastableStatesSatisfyTheEquation) {
     ASSERT_EQ(h.count(), s.count());
     for (std::size_t i = 2; i < h.count(); ++i) {
         // Some root of the cubic at T and p has this h and s.
-        models::EvalEOSAtT(h.all[i].x);
+        models::eval_eos_at_t(h.all[i].x);
         const models::CubicRoots roots = models::SolveCubic(h.all[i].x, p);
         double best = 1e9;
         for (int k = 0; k < roots.count; ++k) {

@@ -94,11 +94,11 @@ TEST_F(Inversion, OverTemperatureTheCurveEndsOnTheCoexistenceCurve) {
         activate(name);
         const Drawn curve = over_temperature(1.1 * the_substance.Tcrit);
         EXPECT_EQ(curve.mark(), -3);
-        const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), curve.last().x);
+        const auto e = diagrams::equilibrium_at_T(models::current_fluid(), curve.last().x);
         EXPECT_NEAR(curve.last().y / e.p, 1, 1e-4);
         EXPECT_NEAR(curve.last().z / e.vL, 1, 1e-4);
         for (std::size_t i = 1; i < curve.count(); ++i) {
-            const auto here = diagrams::equilibrium_at_T(models::CurrentFluid(), curve.all[i].x);
+            const auto here = diagrams::equilibrium_at_T(models::current_fluid(), curve.all[i].x);
             EXPECT_GT(curve.all[i].y, here.p);
             EXPECT_NEAR(coefficient(curve.all[i].x, curve.all[i].y, curve.all[i].z), 0, 2e-7);
         }

@@ -38,7 +38,7 @@ class Sections : public ActiveFluid {
                               [](const CurvePoint& a, const CurvePoint& b) { return a.x < b.x; });
     }
     static double bvirial(double T) {
-        return models::virial(models::CurrentFluid(), legacy::the_models.EOSModel, T).B;
+        return models::virial(models::current_fluid(), legacy::the_models.EOSModel, T).B;
     }
 };
 
@@ -68,7 +68,7 @@ TEST_F(Sections, ASubcriticalIsothermHasAHorizontalTieLine) {
     activate("Water");
     const double T = Tc(0.9);
     const Drawn curve = Draw(1, {.T = T});
-    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), T);
     const auto pts = curve.points();
     const auto L = std::find_if(pts.begin(), pts.end(), [&](const CurvePoint& point) {
         return point.x == static_cast<float>(e.vL);
@@ -95,7 +95,7 @@ TEST_F(Sections, TheSShapedIsothermRunsThroughTheDomeAndKeepsItsEnds) {
     the_session.CurveSWithoutTieLine = true;
     const double T = Tc(0.9);
     const Drawn curve = Draw(1, {.T = T});
-    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), T);
     const auto inside = [&](const CurvePoint& point) {
         return point.x > static_cast<float>(e.vL) && point.x < static_cast<float>(e.vV);
     };
@@ -112,7 +112,7 @@ TEST_F(Sections, TheMetastableIsothermLiesInsideTheDomeOnly) {
     activate("Propane");
     the_session.SCurveRequested = true;
     const double T = Tc(0.92);
-    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), T);
     const Drawn curve = Draw(1, {.T = T});
     EXPECT_EQ(curve.first().x, static_cast<float>(e.vL));
     EXPECT_EQ(curve.last().x, static_cast<float>(e.vV));
@@ -155,7 +155,7 @@ TEST_F(Sections, IsothermsOverPressureHoldPvAndDensity) {
 TEST_F(Sections, OverPressureTheVapourEndComesBeforeTheLiquidEnd) {
     activate("Propane");
     const double T = Tc(0.9);
-    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), T);
     const Drawn curve = Draw(26, {.T = T});
     const auto pts = curve.points();
     const auto V = std::find_if(pts.begin(), pts.end(), [&](const CurvePoint& point) {
@@ -199,7 +199,7 @@ TEST_F(Sections, TheMetastableIsothermOverPressureGoesFromVapourToLiquid) {
     activate("Propane");
     the_session.SCurveRequested = true;
     const double T = Tc(0.93);
-    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), T);
     for (const std::int16_t code : {std::int16_t{2}, std::int16_t{26}}) {
         const Drawn curve = Draw(code, {.T = T});
         EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(e.p));
@@ -243,7 +243,7 @@ TEST_F(Sections, IsobarsLieOnTheEquation) {
 TEST_F(Sections, AnIsobarBoilsAtOneTemperature) {
     activate("Water");
     const double p = 1000;
-    const auto e = diagrams::equilibrium_at_p(models::CurrentFluid(), p);
+    const auto e = diagrams::equilibrium_at_p(models::current_fluid(), p);
     const Drawn curve = Draw(3, {.p = p});
     const auto boiling = [&](const CurvePoint& point) {
         return point.y == static_cast<float>(e.T);
@@ -260,7 +260,7 @@ TEST_F(Sections, TheMetastableIsobarRisesAndFallsBetweenItsEnds) {
     activate("Propane");
     the_session.SCurveRequested = true;
     const double p = pc(0.6);
-    const auto e = diagrams::equilibrium_at_p(models::CurrentFluid(), p);
+    const auto e = diagrams::equilibrium_at_p(models::current_fluid(), p);
     const Drawn curve = Draw(3, {.p = p});
     EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(e.vL));
     EXPECT_FLOAT_EQ(curve.last().x, static_cast<float>(e.vV));
@@ -295,10 +295,10 @@ TEST_F(Sections, TheIsochoreAboveTheCriticalVolumeEndsOnTheDewLine) {
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_EQ(curve.mark(), -3);
     EXPECT_TRUE(HeaderIsRight(curve));
-    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), curve.last().x);
+    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), curve.last().x);
     EXPECT_NEAR(curve.last().y / e.p, 1, 1e-5);
     // One step above the end the state is still gas, one step below it would be wet.
-    EXPECT_GT(diagrams::equilibrium_at_T(models::CurrentFluid(), curve.all[curve.count() - 1].x).p,
+    EXPECT_GT(diagrams::equilibrium_at_T(models::current_fluid(), curve.all[curve.count() - 1].x).p,
               curve.all[curve.count() - 1].y);
     for (std::size_t i = 1; i < curve.count(); ++i) {
         EXPECT_NEAR(textbook().pressure(curve.all[i].x, v) / curve.all[i].y, 1, 1e-6);
@@ -310,7 +310,7 @@ TEST_F(Sections, TheIsochoreBelowTheCriticalVolumeEndsOnTheBoilingLine) {
     activate("Carbon dioxide");
     const double v = 0.6 * the_eosParameters.vcritCalc;
     const Drawn curve = Draw(5, {.v = v});
-    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), curve.last().x);
+    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), curve.last().x);
     EXPECT_NEAR(curve.last().y / e.p, 1, 1e-5);
 }
 

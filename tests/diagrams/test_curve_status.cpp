@@ -23,7 +23,7 @@ class CurveStatusTest : public ActiveFluid {
     static std::vector<std::int16_t> all_codes() {
         std::vector<std::int16_t> codes;
         for (std::int16_t code = 1; code <= 310; ++code)
-            if (diagrams::HasCurve(code)) codes.push_back(code);
+            if (diagrams::has_curve(code)) codes.push_back(code);
         return codes;
     }
     static Parameters middle() {
@@ -59,7 +59,7 @@ TEST_F(CurveStatusTest, ACurveOutsideOfTheWindowIsDeliveredWithStatusTen) {
     const Drawn curve = Draw(request, {.T = 400});
     EXPECT_EQ(curve.result.status, 10);
     EXPECT_GT(curve.count(), 100U);
-    EXPECT_TRUE(diagrams::IsDrawn(10));
+    EXPECT_TRUE(diagrams::is_drawn(10));
     EXPECT_EQ(TextOf(curve.result).title, "WARNING");
     EXPECT_EQ(TextOf(curve.result).text,
               "Curve outside the actual coordinates\nEnlarge the coordinates");
@@ -131,7 +131,7 @@ TEST_F(CurveStatusTest, AFaultEndsTheCurveWithItsText) {
     const Drawn curve = Draw(request, middle());
     EXPECT_EQ(curve.result.status, -1);
     EXPECT_EQ(curve.result.message, "Division by zero");
-    EXPECT_FALSE(diagrams::IsDrawn(-1));
+    EXPECT_FALSE(diagrams::is_drawn(-1));
     EXPECT_EQ(TextOf(curve.result).title, "Aborted");
     EXPECT_EQ(TextOf(curve.result).text, "Critical error occured:\nDivision by zero");
     EXPECT_TRUE(HeaderIsRight(curve));
@@ -149,15 +149,15 @@ TEST_F(CurveStatusTest, EveryStatusHasItsText) {
               "possibly the V-L coexistence curve was reached\n"
               "Check it by adding the coexistence curve.");
     for (const std::int16_t drawn : std::initializer_list<std::int16_t>{0, 2, 5, 10})
-        EXPECT_TRUE(diagrams::IsDrawn(drawn));
+        EXPECT_TRUE(diagrams::is_drawn(drawn));
     for (const std::int16_t ended : std::initializer_list<std::int16_t>{-2, -1, 3, 4})
-        EXPECT_FALSE(diagrams::IsDrawn(ended));
+        EXPECT_FALSE(diagrams::is_drawn(ended));
 }
 
 TEST_F(CurveStatusTest, EveryDiagramOfTheCatalogueHasACurve) {
     for (const Module9::CatalogueRow& row : Module9::Catalogue())
-        EXPECT_TRUE(diagrams::HasCurve(row.code)) << row.code;
-    EXPECT_FALSE(diagrams::HasCurve(14));
+        EXPECT_TRUE(diagrams::has_curve(row.code)) << row.code;
+    EXPECT_FALSE(diagrams::has_curve(14));
     activate("Propane");
     EXPECT_EQ(Draw(static_cast<std::int16_t>(14), middle()).count(), 0U);
 }
@@ -202,7 +202,7 @@ TEST_F(CurveStatusTest, NothingAllocatesButThePointArray) {
         Drawn curve = Draw(request, middle());  // the array has its size now
         const std::size_t before = AllocationCount();
         curve.result =
-            diagrams::CalcCurve(curve.request, curve.all, middle().T, middle().p, middle().v);
+            diagrams::calc_curve(curve.request, curve.all, middle().T, middle().p, middle().v);
         const std::size_t spent = AllocationCount() - before;
         // Database functions write two letters into the request; both fit into the text itself.
         EXPECT_EQ(spent, curve.result.message.empty() ? 0U : spent) << code;

@@ -16,10 +16,10 @@ using legacy::the_substance;
 class DomeEquilibrium : public ActiveFluid {
   protected:
     static Equilibrium at_T(double T) {
-        return diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+        return diagrams::equilibrium_at_T(models::current_fluid(), T);
     }
     static Equilibrium at_p(double p) {
-        return diagrams::equilibrium_at_p(models::CurrentFluid(), p);
+        return diagrams::equilibrium_at_p(models::current_fluid(), p);
     }
     static Textbook textbook(std::int16_t code) {
         return {code, the_substance.Tcrit, the_substance.pcrit, the_substance.omega};
@@ -117,7 +117,7 @@ TEST_F(DomeEquilibrium, ANearStartGivesTheSameState) {
     const Equilibrium alone = at_T(T);
     for (const double factor : {0.5, 0.97, 1.03, 1.6, 5.0}) {
         const Equilibrium e =
-            diagrams::equilibrium_at_T(models::CurrentFluid(), T, factor * alone.p);
+            diagrams::equilibrium_at_T(models::current_fluid(), T, factor * alone.p);
         ASSERT_TRUE(e.found);
         EXPECT_NEAR(e.p / alone.p, 1.0, 1e-11);
         EXPECT_NEAR(e.vL / alone.vL, 1.0, 1e-10);

@@ -39,8 +39,8 @@ class KilledWriters : public ActiveFluid {
     KilledWriters() {
         activate("Propane");
         databases::Write(folder() / "STUDENT.Q05", {databases::Row("Propane")});
-        datafiles::LoadDatabase((folder() / "STUDENT.Q05").string());
-        datafiles::TakeSubstance(1);
+        datafiles::load_database((folder() / "STUDENT.Q05").string());
+        datafiles::take_substance(1);
         user.inputAnswers.assign(100000, "a comment");
     }
 
@@ -61,43 +61,43 @@ class KilledWriters : public ActiveFluid {
              [this](const fs::path& file, bool second) {
                  the_session.ProjectComment = std::string(second ? 9000 : 7000, 'c');
                  the_session.LastSessionFile = file.string();
-                 datafiles::SaveProject(false);
+                 datafiles::save_project(false);
              }},
             {"data.BAQ",
              [this](const fs::path& file, bool second) {
                  data(second);
                  answer(file);
-                 datafiles::BatchSave();
+                 datafiles::batch_save();
              }},
             {"points.XY",
              [this](const fs::path& file, bool second) {
                  const std::vector<datafiles::FitPoint> points(second ? 9000 : 7000, {1, 2, 0});
                  answer(file);
-                 datafiles::XYSave("points", points);
+                 datafiles::xy_save("points", points);
              }},
             {"own.Q05",
              [](const fs::path& file, bool second) {
                  legacy::the_substance.Name = std::string(second ? 30 : 20, 'n');
-                 datafiles::WritePrivateDatabase(file.string());
+                 datafiles::write_private_database(file.string());
              }},
             {"diagram.oc2",
              [](const fs::path& file, bool second) {
                  chart::Chart2D chart;
-                 chart::SeriesAt(chart, chart::Group::Curves, 0).x.assign(second ? 9000 : 7000, 1);
-                 (void)chart::SaveChart(chart, file);
+                 chart::series_at(chart, chart::Group::Curves, 0).x.assign(second ? 9000 : 7000, 1);
+                 (void)chart::save_chart(chart, file);
              }},
             {"surface.oc3",
              [](const fs::path& file, bool second) {
                  chart::Chart3D chart;
                  chart.header.text = std::string(second ? 9000 : 7000, 't');
-                 (void)chart::SaveChart(chart, file);
+                 (void)chart::save_chart(chart, file);
              }},
             {"results.LST",
              [](const fs::path& file, bool second) {
                  data(second);
                  the_session.CalcMode = 3;
                  the_session.BatchMode = true;
-                 calculation::ResultFile(file.string(), "T, p", true, false);
+                 calculation::result_file(file.string(), "T, p", true, false);
              }},
             {"protocol.CSV",
              [](const fs::path& file, bool second) {
@@ -105,7 +105,7 @@ class KilledWriters : public ActiveFluid {
                  for (auto& column : legacy::the_protocol) column[0] = 300;
                  the_session.ProtocolFile = file.filename().string();
                  the_session.ProtocolPending = true;
-                 calculation::WriteProtocol();
+                 calculation::write_protocol();
              }},
         };
     }

@@ -17,7 +17,7 @@ using legacy::the_substance;
 class Prepare2D : public ActiveFluid {
   protected:
     Prepare2D() {
-        Module9::Views2D() = {
+        Module9::views2_d() = {
             .openDiagram = [this] { opened.emplace_back("frmGraph2D"); },
             .openParameterInput = [this] { opened.emplace_back("frmTpVSInputBox"); },
             .openRangeInput = [this] { opened.emplace_back("frmInputProzessLinien"); },
@@ -28,14 +28,14 @@ class Prepare2D : public ActiveFluid {
                 },
         };
     }
-    ~Prepare2D() override { Module9::Views2D() = {}; }
+    ~Prepare2D() override { Module9::views2_d() = {}; }
 
     void prepare(std::int16_t code, std::int16_t sectionKind, const char* axisPair) {
         the_diagram.DiagramType = code;
         the_diagram.sectionKind = sectionKind;
         the_diagram.axisPair = axisPair;
         opened.clear();
-        Module9::PrepareDiagram2D(the_diagram);
+        Module9::prepare_diagram2_d(the_diagram);
     }
 
     std::vector<std::string> opened;
@@ -56,7 +56,7 @@ TEST_F(Prepare2D, OpensTheViewAndTheInputOfItsKind) {
     EXPECT_TRUE(the_session.DiagramIsProjection);
     prepare(300, Module9::kDatabase, "yT");
     EXPECT_EQ(opened, (Views{"frmGraph2D", "database 86 369"}));
-    EXPECT_EQ(Module9::ViewCaption(the_diagram),
+    EXPECT_EQ(Module9::view_caption(the_diagram),
               " Type of Diagram: L-density from data-bank function");
 }
 
@@ -119,7 +119,7 @@ TEST_F(Prepare2D, WithoutACriticalVolumeTheVolumeIsMeasuredOrTwo) {
 
 TEST_F(Prepare2D, AFaultOfTheViewIsTold) {
     activate("Propane");
-    Module9::Views2D().openDiagram = [] { throw std::runtime_error("no component"); };
+    Module9::views2_d().openDiagram = [] { throw std::runtime_error("no component"); };
     prepare(1, Module9::kIsothermal, "pv");
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
@@ -134,11 +134,11 @@ TEST_F(Prepare2D, TheMenuCommandRefusesOrNotes) {
     the_diagram.sectionKind = Module9::kProjection;
     the_diagram.DiagramType = 6;
     the_diagram.axisPair = "pv";
-    Module9::OpenDiagram2D();
+    Module9::open_diagram2_d();
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_TRUE(opened.empty());
     the_diagram.DiagramType = 9;
-    Module9::OpenDiagram2D();
+    Module9::open_diagram2_d();
     EXPECT_EQ(user.lastTitle(), "Note");
     EXPECT_EQ(opened, (Views{"frmGraph2D"}));
     EXPECT_EQ(the_diagram.subTitle, "Propane,  vapour press. equ. Wagner");

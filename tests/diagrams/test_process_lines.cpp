@@ -40,7 +40,7 @@ class ProcessLines : public ActiveFluid {
         request.xMin = request.yMin = -1e9F;
         request.xMax = request.yMax = 1e9F;
         Drawn curve;
-        diagrams::WithProcessLine(request, [&] {
+        diagrams::with_process_line(request, [&] {
             curve = Draw(request, {.T = the_session.DiagramT, .p = the_session.DiagramP});
         });
         EXPECT_EQ(request.DiagramType, diagram) << "the code is restored";
@@ -69,7 +69,7 @@ class ProcessLines : public ActiveFluid {
             x.push_back(point.x);
             y.push_back(point.y);
         }
-        return diagrams::OnePointNote(diagram, x, y);
+        return diagrams::one_point_note(diagram, x, y);
     }
     static double s_of(double T, double p) { return stable(T, p).s; }
     static double h_of(double T, double p) { return stable(T, p).h; }
@@ -85,7 +85,7 @@ TEST_F(ProcessLines, AStraightLineHasFiftyOnePoints) {
          {std::array<double, 4>{1, 10, 3, 110}, std::array<double, 4>{2, 10, 2, 110},
           std::array<double, 4>{-5, 7, 5, 7}}) {
         in.par = ends;
-        EXPECT_EQ(diagrams::TakeProcessInput(in), "");
+        EXPECT_EQ(diagrams::take_process_input(in), "");
         const Drawn curve = run(1);
         EXPECT_EQ(curve.result.status, 0);
         EXPECT_EQ(curve.count(), 51U);
@@ -99,14 +99,14 @@ TEST_F(ProcessLines, AStraightLineHasFiftyOnePoints) {
         }
     }
     in.par = {1, 2, 1, 2};
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "specification of the range is not valid ");
+    EXPECT_EQ(diagrams::take_process_input(in), "specification of the range is not valid ");
     in.par = {1, 2, kNone, 2};
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "Input incomplete or not valid");
+    EXPECT_EQ(diagrams::take_process_input(in), "Input incomplete or not valid");
 }
 
 TEST_F(ProcessLines, AnIsothermHoldsTAndEndsOnTheRange) {
     activate("Propane");
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsotherm, 300, 100, false, 900)), "");
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsotherm, 300, 100, false, 900)), "");
     const Drawn curve = run(1);
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_EQ(curve.count(), 301U);
@@ -126,17 +126,17 @@ TEST_F(ProcessLines, ThePhaseChoosesTheRoot) {
     activate("Propane");
     ProcessInput in = input(Kind::kIsotherm, 300, 500, false, 900);
     in.Vapour = false;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "");
-    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), 300);
+    EXPECT_EQ(diagrams::take_process_input(in), "");
+    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), 300);
     for (const auto& point : run(1).points()) EXPECT_LT(point.x, 1.1 * e.vL);
     in.Vapour = true;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "");
+    EXPECT_EQ(diagrams::take_process_input(in), "");
     for (const auto& point : run(1).points()) EXPECT_GT(point.x, 0.9 * e.vV);
 }
 
 TEST_F(ProcessLines, AnIsobarHoldsP) {
     activate("Propane");
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsobar, 300, 500, true, 420)), "");
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsobar, 300, 500, true, 420)), "");
     const Drawn curve = run(15);
     EXPECT_EQ(curve.count(), 301U);
     for (const auto& point : curve.points()) {
@@ -149,15 +149,15 @@ TEST_F(ProcessLines, AnIsobarHoldsP) {
 TEST_F(ProcessLines, AnIsochoreHoldsItsVolumeOverTAndOverP) {
     activate("Propane");
     for (const bool overT : {true, false}) {
-        EXPECT_EQ(
-            diagrams::TakeProcessInput(input(Kind::kIsochore, 300, 500, overT, overT ? 450 : 900)),
-            "");
+        EXPECT_EQ(diagrams::take_process_input(
+                      input(Kind::kIsochore, 300, 500, overT, overT ? 450 : 900)),
+                  "");
         const double v = models::SolveStateTP(300, 500).vV;
         const Drawn curve = run(5);
         EXPECT_EQ(curve.result.status, 0);
         EXPECT_EQ(curve.count(), 301U);
         for (const auto& point : curve.points()) {
-            EXPECT_NEAR(models::PressureFromTV(point.x, v).p / point.y, 1, 1e-5);
+            EXPECT_NEAR(models::pressure_from_tv(point.x, v).p / point.y, 1, 1e-5);
             EXPECT_FLOAT_EQ(point.z, static_cast<float>(v));
         }
     }
@@ -171,7 +171,7 @@ TEST_F(ProcessLines, IsentropicsAndIsenthalpicsHoldTheirFunction) {
             for (const bool overT : {false, true}) {
                 // Over T an isenthalpic ends where p is 0, for propane 6.5 K below the start.
                 const double end = overT ? Tc(1.09) : pc(0.1);
-                EXPECT_EQ(diagrams::TakeProcessInput(input(kind, T1, p1, overT, end)), "");
+                EXPECT_EQ(diagrams::take_process_input(input(kind, T1, p1, overT, end)), "");
                 const Drawn curve = run(5);  // T and p of every state
                 EXPECT_EQ(curve.result.status, 0) << name << int{kind} << overT;
                 EXPECT_EQ(curve.count(), overT ? 751U : 376U);
@@ -194,14 +194,14 @@ TEST_F(ProcessLines, IsentropicsAndIsenthalpicsHoldTheirFunction) {
 TEST_F(ProcessLines, AnIsentropicThatMeetsTheCoexistenceCurveEndsEarly) {
     activate("Propane");
     const double T1 = 320, p1 = 1400;  // a little superheated
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsentropic, T1, p1, false, 10)), "");
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsentropic, T1, p1, false, 10)), "");
     // Propane's dew line leans to the right: choose water, whose leans to the left.
     activate("Water");
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsentropic, 500, 1000, false, 10)), "");
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsentropic, 500, 1000, false, 10)), "");
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, 5);
     EXPECT_GT(curve.count(), 2U);
-    const auto e = diagrams::equilibrium_at_p(models::CurrentFluid(), curve.last().y);
+    const auto e = diagrams::equilibrium_at_p(models::current_fluid(), curve.last().y);
     EXPECT_GT(curve.last().x, e.T) << "still vapour";
     EXPECT_LT(curve.last().x, e.T + 20) << "and close to the dew line";
     EXPECT_EQ(diagrams::TextOf(curve.result).title, "Remark");
@@ -211,7 +211,7 @@ TEST_F(ProcessLines, AnIsentropicWithoutAnyStateHasNoResult) {
     activate("Propane");
     // The start state cannot be solved with this volume phase: no entropy, no line.
     legacy::the_models.CpModel = 0;
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsentropic, 300, 500, false, 900)), "");
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsentropic, 300, 500, false, 900)), "");
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, -2);
     EXPECT_EQ(curve.result.message, "no result with these input data");
@@ -220,8 +220,8 @@ TEST_F(ProcessLines, AnIsentropicWithoutAnyStateHasNoResult) {
 TEST_F(ProcessLines, AnIsentropicWhoseFirstSearchFailsHasNoResult) {
     activate("Water");
     // Wet: the saturated vapour at the start, and all of the range lies inside the dome.
-    const auto e = diagrams::equilibrium_at_p(models::CurrentFluid(), 1000);
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsentropic, e.T + 0.5, 1000, false, 900)),
+    const auto e = diagrams::equilibrium_at_p(models::current_fluid(), 1000);
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsentropic, e.T + 0.5, 1000, false, 900)),
               "");
     the_processLine.RangeStart = 950;
     const Drawn curve = run(5);
@@ -246,7 +246,7 @@ TEST_F(ProcessLines, HeterogeneousLinesHoldTheirQuantityOverTheTieLines) {
             input(c.kind, c.overT ? c.start : kNone, c.overT ? kNone : c.start, c.overT, c.end);
         in.Vapour = c.vapour;
         in.Heterogeneous = true;
-        ASSERT_EQ(diagrams::TakeProcessInput(in), "");
+        ASSERT_EQ(diagrams::take_process_input(in), "");
         const std::int16_t diagram = c.kind == Kind::kIsochore     ? 1
                                      : c.kind == Kind::kIsentropic ? 16
                                                                    : 15;
@@ -258,12 +258,12 @@ TEST_F(ProcessLines, HeterogeneousLinesHoldTheirQuantityOverTheTieLines) {
             EXPECT_NEAR(diagram == 1 ? point.x : point.y, held, 2e-6 * std::fabs(held) + 1e-6);
             // T and p are those of the equilibrium.
             const double T = diagram == 1 ? point.z : point.x;
-            const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+            const auto e = diagrams::equilibrium_at_T(models::current_fluid(), T);
             EXPECT_NEAR((diagram == 1 ? point.y : point.z) / e.p, 1, 1e-5);
         }
         // The held value is that of the saturated start.
-        const auto e = c.overT ? diagrams::equilibrium_at_T(models::CurrentFluid(), c.start)
-                               : diagrams::equilibrium_at_p(models::CurrentFluid(), c.start);
+        const auto e = c.overT ? diagrams::equilibrium_at_T(models::current_fluid(), c.start)
+                               : diagrams::equilibrium_at_p(models::current_fluid(), c.start);
         const double v = c.vapour ? e.vV : e.vL;
         const StateValues z = models::StateFunctions(e.T, e.p, v);
         const double expected = diagram == 1 ? v : diagram == 16 ? z.s : z.h;
@@ -276,18 +276,18 @@ TEST_F(ProcessLines, AHeterogeneousLineThatLeavesTheDomeEndsEarly) {
     // Heating the saturated vapour at constant entropy leads out of the dome.
     ProcessInput in = input(Kind::kIsentropic, 400, kNone, true, 500);
     in.Heterogeneous = true;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "");
+    EXPECT_EQ(diagrams::take_process_input(in), "");
     EXPECT_EQ(run(16).result.status, -2) << "not one step inside";
     // At constant enthalpy the vapour becomes wet, and dry again beyond the largest h of the dew
     // line: there the line leaves the dome.
     in = input(Kind::kIsenthalpic, 400, kNone, true, 640);
     in.Heterogeneous = true;
     in.Vapour = true;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "");
+    EXPECT_EQ(diagrams::take_process_input(in), "");
     const Drawn curve = run(15);
     EXPECT_EQ(curve.result.status, 5);
-    const auto last = diagrams::equilibrium_at_T(models::CurrentFluid(), the_processLine.LastT);
-    const auto first = diagrams::equilibrium_at_T(models::CurrentFluid(), 400);
+    const auto last = diagrams::equilibrium_at_T(models::current_fluid(), the_processLine.LastT);
+    const auto first = diagrams::equilibrium_at_T(models::current_fluid(), 400);
     const double hFirst = models::StateFunctions(400, first.p, first.vV).h;
     const double hLast = models::StateFunctions(last.T, last.p, last.vV).h;
     EXPECT_GT(hLast, hFirst);
@@ -298,20 +298,20 @@ TEST_F(ProcessLines, CpHasNoValueInsideTheDome) {
     activate("Water");
     ProcessInput in = input(Kind::kIsentropic, 550, kNone, true, 350);
     in.Heterogeneous = true;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "");
+    EXPECT_EQ(diagrams::take_process_input(in), "");
     EXPECT_EQ(run(19).result.status, -2);
     EXPECT_EQ(run(34).result.status, -2);
 }
 
 TEST_F(ProcessLines, TheNextLineBeginsWhereTheLastOneEnded) {
     activate("Propane");
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsobar, 300, 500, true, 420)), "");
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsobar, 300, 500, true, 420)), "");
     run(1);
     const ProcessInput next =
-        diagrams::ContinuedFrom(input(Kind::kIsentropic, kNone, kNone, false, 2000));
+        diagrams::continued_from(input(Kind::kIsentropic, kNone, kNone, false, 2000));
     EXPECT_EQ(next.par[0], 420);
     EXPECT_EQ(next.par[1], 500);
-    EXPECT_EQ(diagrams::TakeProcessInput(next), "");
+    EXPECT_EQ(diagrams::take_process_input(next), "");
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_FLOAT_EQ(curve.first().x, 420);
@@ -320,7 +320,7 @@ TEST_F(ProcessLines, TheNextLineBeginsWhereTheLastOneEnded) {
 
 TEST_F(ProcessLines, LinesAreDrawnOnTheAxesOfEveryDiagramOfStates) {
     activate("Propane");
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsobar, 300, 500, true, 420)), "");
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsobar, 300, 500, true, 420)), "");
     for (const Module9::CatalogueRow& row : Module9::Catalogue()) {
         if (row.title.empty()) continue;
         const Drawn curve = run(row.code);
@@ -335,7 +335,7 @@ TEST_F(ProcessLines, APolytropicLineHoldsPTimesVToTheN) {
             ProcessInput in = input(Kind::kPolytropic, 400, 500, overT, overT ? 420 : 900);
             in.Exponent = n;
             in.Kappa = 1.13;
-            EXPECT_EQ(diagrams::TakeProcessInput(in), "");
+            EXPECT_EQ(diagrams::take_process_input(in), "");
             const Drawn curve = run(1);
             ASSERT_GT(curve.count(), 100U) << n << overT;
             const double v1 = models::SolveStateTP(400, 500).vV;
@@ -350,7 +350,7 @@ TEST_F(ProcessLines, APolytropicWithExponentOneOverPIsTheIsothermOfAnIdealGas) {
     ProcessInput in = input(Kind::kPolytropic, 400, 500, false, 900);
     in.Exponent = 1;
     in.Kappa = 1.13;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "");
+    EXPECT_EQ(diagrams::take_process_input(in), "");
     const Drawn curve = run(5);
     for (const auto& point : curve.points()) EXPECT_NEAR(point.x, 400, 2e-3);
 }
@@ -362,10 +362,10 @@ struct Search {
     diagrams::Function function;
 
     double temperature(double p, double value, double start) const {
-        return diagrams::SolveIsoline(curve, function, p, value, start);
+        return diagrams::solve_isoline(curve, function, p, value, start);
     }
     double pressure(double T, double value, double start) const {
-        return diagrams::SolveIsolinePressure(curve, function, T, value, start);
+        return diagrams::solve_isoline_pressure(curve, function, T, value, start);
     }
 };
 
@@ -381,7 +381,7 @@ TEST_F(ProcessLines, TheSearchFindsWhatAFineGridFinds) {
         int found = 0, none = 0;
         for (const double pr : {0.01, 0.5, 0.99, 1.0, 1.01, 3.0}) {
             const double p = pc(pr);
-            const auto e = diagrams::equilibrium_at_p(models::CurrentFluid(), p);
+            const auto e = diagrams::equilibrium_at_p(models::current_fluid(), p);
             for (double Tr = 0.55; Tr < 1.6; Tr += 0.013) {
                 // Every value of the grid is that of a state: the search must find this one,
                 // from starts on either side of it, also close to the dome.
@@ -434,10 +434,10 @@ TEST_F(ProcessLines, ThePressureSearchFindsTheNearState) {
 
 TEST_F(ProcessLines, IncompleteInputIsRefusedAndLeavesTheSession) {
     activate("Propane");
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsobar, 300, 500, true, 420)), "");
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsobar, 300, 500, true, 420)), "");
     const auto before = the_processLine.RangeEnd;
     const auto refused = [&](const ProcessInput& in, const std::string& text) {
-        EXPECT_EQ(diagrams::TakeProcessInput(in), text);
+        EXPECT_EQ(diagrams::take_process_input(in), text);
         EXPECT_EQ(the_processLine.RangeEnd, before);
         EXPECT_EQ(the_processLine.Kind, Kind::kIsobar);
     };
@@ -457,7 +457,7 @@ TEST_F(ProcessLines, TheEndsOfAHeterogeneousLineMustHaveAnEquilibrium) {
         ProcessInput in =
             input(Kind::kIsentropic, overT ? start : kNone, overT ? kNone : start, overT, end);
         in.Heterogeneous = true;
-        return diagrams::TakeProcessInput(in);
+        return diagrams::take_process_input(in);
     };
     EXPECT_EQ(text(false, 100, 5000), "pressure for the final tie-line has to be p <= p(cr) = " +
                                           numbers::General(the_substance.pcrit) + " kPa");
@@ -466,10 +466,10 @@ TEST_F(ProcessLines, TheEndsOfAHeterogeneousLineMustHaveAnEquilibrium) {
     EXPECT_EQ(text(true, 400, 300), "temperature for the initial tie-line has to be <= T(cr) = " +
                                         numbers::General(the_substance.Tcrit));
     EXPECT_EQ(text(true, 300, 350), "");
-    EXPECT_NEAR(the_processLine.p1, diagrams::equilibrium_at_T(models::CurrentFluid(), 300).p,
+    EXPECT_NEAR(the_processLine.p1, diagrams::equilibrium_at_T(models::current_fluid(), 300).p,
                 1e-9);
     EXPECT_EQ(text(false, 100, 500), "");
-    EXPECT_NEAR(the_processLine.T1, diagrams::equilibrium_at_p(models::CurrentFluid(), 100).T,
+    EXPECT_NEAR(the_processLine.T1, diagrams::equilibrium_at_p(models::current_fluid(), 100).T,
                 1e-9);
     EXPECT_EQ(text(false, 9000, 500), "specificated p and T have to be > 0")
         << "no equilibrium at the start";
@@ -480,17 +480,17 @@ TEST_F(ProcessLines, PolytropicInputIsChecked) {
     ProcessInput in = input(Kind::kPolytropic, 400, 500, true, 450);
     in.Exponent = 1;
     in.Kappa = 1.2;
-    EXPECT_EQ(diagrams::TakeProcessInput(in),
+    EXPECT_EQ(diagrams::take_process_input(in),
               "The condition polytropic exp. n = 1 (=> isotherm) is in\n"
               "contradiction to your specification of \"T range\" ");
     in.Exponent = 1.3;
     in.Kappa = 0;
-    EXPECT_EQ(diagrams::TakeProcessInput(in),
+    EXPECT_EQ(diagrams::take_process_input(in),
               "not yet a valid kappa available\nInput your value or click on the\n"
               "ComboBox to apply one of the offered values");
     in.Kappa = 1.2;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "");
-    EXPECT_EQ(diagrams::PolytropicErrorText(300, 500),
+    EXPECT_EQ(diagrams::take_process_input(in), "");
+    EXPECT_EQ(diagrams::polytropic_error_text(300, 500),
               "Error while the polytropic calculation\nT = 300\np = 500");
 }
 
@@ -498,11 +498,11 @@ TEST_F(ProcessLines, AVapourFractionLiesBetweenZeroAndOne) {
     ProcessInput in;
     in.Kind = Kind::kVapourFraction;
     in.VapourFraction = 1.1;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "Input not in the valid range");
+    EXPECT_EQ(diagrams::take_process_input(in), "Input not in the valid range");
     in.VapourFraction = kNone;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "Input not in the valid range");
+    EXPECT_EQ(diagrams::take_process_input(in), "Input not in the valid range");
     in.VapourFraction = 0.3;
-    EXPECT_EQ(diagrams::TakeProcessInput(in), "");
+    EXPECT_EQ(diagrams::take_process_input(in), "");
     EXPECT_EQ(the_session.VapourFraction, 0.3);
 }
 
@@ -510,19 +510,19 @@ TEST_F(ProcessLines, CodesAndTitlesFollowTheKind) {
     const std::pair<int, int> codes[] = {{0, 201}, {1, 202}, {2, 204}, {3, 206},
                                          {4, 210}, {5, 210}, {6, 211}, {7, 107}};
     for (const auto& [kind, code] : codes)
-        EXPECT_EQ(diagrams::ProcessCode(static_cast<std::uint8_t>(kind), 107), code);
-    EXPECT_EQ(diagrams::TextsOfProcess(3).title, "Adding an Isochore");
-    EXPECT_EQ(diagrams::TextsOfProcess(3).heterogeneousTitle,
+        EXPECT_EQ(diagrams::process_code(static_cast<std::uint8_t>(kind), 107), code);
+    EXPECT_EQ(diagrams::texts_of_process(3).title, "Adding an Isochore");
+    EXPECT_EQ(diagrams::texts_of_process(3).heterogeneousTitle,
               "Adding an Isochore in the Heterogeneous Region V- L");
-    EXPECT_EQ(diagrams::TextsOfProcess(4).title, "Adding an Isentropic (= adiabatic reversible)");
-    EXPECT_EQ(diagrams::TextsOfProcess(4).command, "calc. s");
-    EXPECT_EQ(diagrams::TextsOfProcess(5).commandTip, " fixed value of the enthalpy ");
-    EXPECT_EQ(diagrams::TextsOfProcess(8).title, "Adding a Line of Const. Vapour Fraction y(V)");
+    EXPECT_EQ(diagrams::texts_of_process(4).title, "Adding an Isentropic (= adiabatic reversible)");
+    EXPECT_EQ(diagrams::texts_of_process(4).command, "calc. s");
+    EXPECT_EQ(diagrams::texts_of_process(5).commandTip, " fixed value of the enthalpy ");
+    EXPECT_EQ(diagrams::texts_of_process(8).title, "Adding a Line of Const. Vapour Fraction y(V)");
 }
 
 TEST_F(ProcessLines, ALineOfOnePointIsExplained) {
     activate("Propane", 0);  // h of the ideal gas depends on T alone
-    EXPECT_EQ(diagrams::TakeProcessInput(input(Kind::kIsotherm, 300, 100, false, 900)), "");
+    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsotherm, 300, 100, false, 900)), "");
     EXPECT_EQ(note(15),
               "There is only one point drawn because this function is independent on pressure");
     EXPECT_EQ(note(16), "");
@@ -534,39 +534,39 @@ TEST_F(ProcessLines, TheStartStateIsDescribed) {
     activate("Propane");
     const auto volume = [](double v) { return numbers::General(static_cast<float>(v)); };
     const double vV = models::SolveStateTP(300, 500).vV;
-    EXPECT_EQ(diagrams::StartStateText(Kind::kIsotherm, 300, 500),
+    EXPECT_EQ(diagrams::start_state_text(Kind::kIsotherm, 300, 500),
               " v = " + volume(vV) + " m^3/kmol V-Phase");
-    EXPECT_EQ(diagrams::PhaseText(300, 500), "    V-Phase");
+    EXPECT_EQ(diagrams::phase_text(300, 500), "    V-Phase");
     const double vL = models::SolveStateTP(300, 3000).vL;
-    EXPECT_EQ(diagrams::StartStateText(Kind::kIsochore, 300, 3000),
+    EXPECT_EQ(diagrams::start_state_text(Kind::kIsochore, 300, 3000),
               " v = " + volume(vL) + " m^3/kmol L-Phase");
-    EXPECT_EQ(diagrams::PhaseText(300, 3000), "    L-Phase");
-    const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), 300);
-    EXPECT_EQ(diagrams::PhaseText(300, e.p), "    phase equilibr. V-L");
-    EXPECT_TRUE(diagrams::StartStateText(Kind::kIsentropic, 300, e.p).starts_with(" v(L) = "));
-    EXPECT_NE(diagrams::StartStateText(Kind::kIsentropic, 300, e.p).find(" heterogen. L + V"),
+    EXPECT_EQ(diagrams::phase_text(300, 3000), "    L-Phase");
+    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), 300);
+    EXPECT_EQ(diagrams::phase_text(300, e.p), "    phase equilibr. V-L");
+    EXPECT_TRUE(diagrams::start_state_text(Kind::kIsentropic, 300, e.p).starts_with(" v(L) = "));
+    EXPECT_NE(diagrams::start_state_text(Kind::kIsentropic, 300, e.p).find(" heterogen. L + V"),
               std::string::npos);
-    EXPECT_NE(diagrams::StartStateText(Kind::kIsentropic, 300, e.p).find(" s(V) = "),
+    EXPECT_NE(diagrams::start_state_text(Kind::kIsentropic, 300, e.p).find(" s(V) = "),
               std::string::npos);
-    EXPECT_NE(diagrams::StartStateText(Kind::kIsenthalpic, 300, 500).find(" h = "),
+    EXPECT_NE(diagrams::start_state_text(Kind::kIsenthalpic, 300, 500).find(" h = "),
               std::string::npos);
-    EXPECT_EQ(diagrams::PhaseText(the_substance.Tcrit, the_substance.pcrit), "    critical point");
+    EXPECT_EQ(diagrams::phase_text(the_substance.Tcrit, the_substance.pcrit), "    critical point");
     EXPECT_TRUE(
-        diagrams::StartStateText(Kind::kIsotherm, 300, 9000).ends_with("    supercritical (L)"));
+        diagrams::start_state_text(Kind::kIsotherm, 300, 9000).ends_with("    supercritical (L)"));
     EXPECT_TRUE(
-        diagrams::StartStateText(Kind::kIsotherm, 450, 900).ends_with("    supercritical (V)"));
+        diagrams::start_state_text(Kind::kIsotherm, 450, 900).ends_with("    supercritical (V)"));
     EXPECT_TRUE(
-        diagrams::StartStateText(Kind::kIsotherm, 450, 9000).ends_with("supercritical (L = V)"));
+        diagrams::start_state_text(Kind::kIsotherm, 450, 9000).ends_with("supercritical (L = V)"));
     set_units(3, 1);
-    EXPECT_NE(diagrams::StartStateText(Kind::kIsentropic, 300, 500).find(" kJ/(kg K)"),
+    EXPECT_NE(diagrams::start_state_text(Kind::kIsentropic, 300, 500).find(" kJ/(kg K)"),
               std::string::npos);
-    EXPECT_NE(diagrams::StartStateText(Kind::kIsenthalpic, 300, 500).find(" m^3/kg"),
+    EXPECT_NE(diagrams::start_state_text(Kind::kIsenthalpic, 300, 500).find(" m^3/kg"),
               std::string::npos);
 }
 
 TEST_F(ProcessLines, KappaIsThatOfTheIdealGas) {
     activate("Argon");
-    const auto offers = diagrams::KappaOffers(300);
+    const auto offers = diagrams::kappa_offers(300);
     EXPECT_NEAR(offers[0].value, 5.0 / 3.0, 1e-3);
     EXPECT_TRUE(offers[0].text.starts_with("aus T1 = "));
     EXPECT_TRUE(offers[1].text.starts_with("aus T(ref) = "));

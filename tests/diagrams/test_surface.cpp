@@ -25,17 +25,17 @@ class Surface : public ActiveFluid {
     static SurfaceGrid grid(std::int16_t kind, int nx = 21, int ny = 17, bool SCurve = false) {
         the_session.Diagram3DKind = kind;
         the_session.SCurve3D = SCurve;
-        Module9::PrepareDiagram3D();
-        return diagrams::Calc_3DArray(nx, ny);
+        Module9::prepare_diagram3_d();
+        return diagrams::calc_3_d_array(nx, ny);
     }
     static double value(const SurfaceGrid& g, int i, int j) { return g.z[g.at(i, j)]; }
-    static bool hole(const SurfaceGrid& g, int i, int j) { return g.isHole(g.z[g.at(i, j)]); }
+    static bool hole(const SurfaceGrid& g, int i, int j) { return g.is_hole(g.z[g.at(i, j)]); }
 };
 
 TEST_F(Surface, TextsStandAsWorded) {
     activate("Propane");
     const auto texts = [](std::int16_t kind) {
-        return Module9::TextsOf(*Module9::FindSurface(kind));
+        return Module9::TextsOf(*Module9::find_surface(kind));
     };
     EXPECT_EQ(texts(1).title, "Pressure p(v, T)");
     EXPECT_EQ(texts(3).title, "Volume  v(p, T)");
@@ -66,7 +66,7 @@ TEST_F(Surface, TextsStandAsWorded) {
     EXPECT_EQ(texts(1).zLabel, "p(red)");
     for (const menu::Row& row : menu::graph_rows()) {
         if (row.action != "Diagram3D") continue;
-        EXPECT_NE(Module9::FindSurface(row.code), nullptr) << row.caption;
+        EXPECT_NE(Module9::find_surface(row.code), nullptr) << row.caption;
     }
 }
 
@@ -85,7 +85,7 @@ TEST_F(Surface, RangesAreSharesOfTheCriticalValues) {
                               Expected{4, false, 0.05 * pc, 1.6 * pc, 0.4 * Tc, 2 * Tc, 13 * vc},
                               Expected{5, false, 0, 1.8 * pc, 0.75 * Tc, 1.4 * Tc, 0},
                               Expected{10, false, 0, 1.8 * pc, 0.75 * Tc, 1.4 * Tc, 0}}) {
-        const auto g = Module9::DefaultGrid(static_cast<std::int16_t>(e.kind), e.SCurve);
+        const auto g = Module9::default_grid(static_cast<std::int16_t>(e.kind), e.SCurve);
         EXPECT_PRED2(Close, g.pMin, e.pMin) << e.kind;
         EXPECT_PRED2(Close, g.pMax, e.pMax) << e.kind;
         EXPECT_PRED2(Close, g.TMin, e.TMin) << e.kind;
@@ -96,11 +96,12 @@ TEST_F(Surface, RangesAreSharesOfTheCriticalValues) {
         EXPECT_EQ(g.zMax, 0.01111F);
     }
     set_units(0, 2);
-    EXPECT_PRED2(Close, Module9::DefaultGrid(1, false).TMax, 1.3);
-    EXPECT_PRED2(Close, Module9::DefaultGrid(1, false).pMin, 500 / pc);
-    EXPECT_PRED2(Close, Module9::DefaultGrid(3, false).vMax, 13 * vc / the_eosParameters.vcritCalc);
+    EXPECT_PRED2(Close, Module9::default_grid(1, false).TMax, 1.3);
+    EXPECT_PRED2(Close, Module9::default_grid(1, false).pMin, 500 / pc);
+    EXPECT_PRED2(Close, Module9::default_grid(3, false).vMax,
+                 13 * vc / the_eosParameters.vcritCalc);
     the_substance.rhocrit = 0;
-    EXPECT_EQ(Module9::DefaultGrid(1, false).vMax, 3.0F);
+    EXPECT_EQ(Module9::default_grid(1, false).vMax, 3.0F);
 }
 
 TEST_F(Surface, BelowTheCriticalTemperatureTheTwoPhaseRegionIsAPlane) {
@@ -109,7 +110,7 @@ TEST_F(Surface, BelowTheCriticalTemperatureTheTwoPhaseRegionIsAPlane) {
     int plane = 0, points = 0;
     for (int j = 0; j < g.ny; ++j) {
         const double T = g.y(j);
-        const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), T);
+        const auto e = diagrams::equilibrium_at_T(models::current_fluid(), T);
         for (int i = 0; i < g.nx; ++i) {
             const double v = g.x(i);
             if (hole(g, i, j)) continue;
@@ -118,7 +119,7 @@ TEST_F(Surface, BelowTheCriticalTemperatureTheTwoPhaseRegionIsAPlane) {
                 EXPECT_FLOAT_EQ(static_cast<float>(value(g, i, j)), static_cast<float>(e.p));
                 ++plane;
             } else {
-                EXPECT_NEAR(value(g, i, j) / models::PressureFromTV(T, v).p, 1, 1e-6);
+                EXPECT_NEAR(value(g, i, j) / models::pressure_from_tv(T, v).p, 1, 1e-6);
             }
             EXPECT_LE(value(g, i, j), the_grid3D.pMax);
         }
@@ -135,9 +136,9 @@ TEST_F(Surface, TheSShapedSurfaceFollowsTheEquationEverywhere) {
     for (int j = 0; j < g.ny; ++j)
         for (int i = 0; i < g.nx; ++i) {
             if (hole(g, i, j)) continue;
-            const double p = models::PressureFromTV(g.y(j), g.x(i)).p;
+            const double p = models::pressure_from_tv(g.y(j), g.x(i)).p;
             EXPECT_NEAR(value(g, i, j), p, 1e-6 * std::fabs(p) + 1e-3);
-            const auto e = diagrams::equilibrium_at_T(models::CurrentFluid(), g.y(j));
+            const auto e = diagrams::equilibrium_at_T(models::current_fluid(), g.y(j));
             below += e.found && g.x(i) > e.vL && g.x(i) < e.vV && p < e.p ? 1 : 0;
         }
     EXPECT_GT(below, 5);
@@ -148,8 +149,8 @@ TEST_F(Surface, WhatLiesAboveTheLimitIsAHoleWithTheValueBehindIt) {
     const SurfaceGrid g = grid(1, 31, 31);
     int behind = 0;
     for (std::size_t k = 0; k < g.z.size(); ++k) {
-        EXPECT_TRUE(g.isHole(g.z[k]) || g.isHole(g.zBehindHoles[k]));
-        if (g.isHole(g.zBehindHoles[k])) continue;
+        EXPECT_TRUE(g.is_hole(g.z[k]) || g.is_hole(g.zBehindHoles[k]));
+        if (g.is_hole(g.zBehindHoles[k])) continue;
         EXPECT_GT(g.zBehindHoles[k], the_grid3D.pMax);
         ++behind;
     }
@@ -181,11 +182,11 @@ TEST_F(Surface, TemperaturesSatisfyTheEquationOrTheEquilibrium) {
             for (int j = 0; j < g.ny; ++j) {
                 if (hole(g, i, j)) continue;
                 const double v = g.x(i), p = g.y(j), T = value(g, i, j);
-                const auto e = diagrams::equilibrium_at_p(models::CurrentFluid(), p);
+                const auto e = diagrams::equilibrium_at_p(models::current_fluid(), p);
                 if (!SCurve && e.found && v > e.vL && v < e.vV) {
                     EXPECT_FLOAT_EQ(static_cast<float>(T), static_cast<float>(e.T));
                 } else {
-                    EXPECT_NEAR(models::PressureFromTV(T, v).p, p, 2e-4 * p + 1);
+                    EXPECT_NEAR(models::pressure_from_tv(T, v).p, p, 2e-4 * p + 1);
                 }
                 EXPECT_LE(T, the_grid3D.TMax);
                 ++points;
@@ -226,18 +227,18 @@ TEST_F(Surface, ClippingLimitsMakeHolesUnlessTheyStandForNone) {
     activate("Propane");
     SurfaceGrid g = grid(7);
     const auto holes = [&] {
-        return std::count_if(g.z.begin(), g.z.end(), [&](float z) { return g.isHole(z); });
+        return std::count_if(g.z.begin(), g.z.end(), [&](float z) { return g.is_hole(z); });
     };
     EXPECT_EQ(holes(), 0) << "-0.01111 and 0.01111 clip nothing";
     the_grid3D.zMax = 0;
-    g = diagrams::Calc_3DArray(21, 17);
+    g = diagrams::calc_3_d_array(21, 17);
     const auto above = holes();
     EXPECT_GT(above, 0);
-    for (const float z : g.z) EXPECT_TRUE(g.isHole(z) || z <= 0);
+    for (const float z : g.z) EXPECT_TRUE(g.is_hole(z) || z <= 0);
     the_grid3D.zMin = -5000;
-    g = diagrams::Calc_3DArray(21, 17);
+    g = diagrams::calc_3_d_array(21, 17);
     EXPECT_GT(holes(), above);
-    for (const float z : g.z) EXPECT_TRUE(g.isHole(z) || (z <= 0 && z >= -5000));
+    for (const float z : g.z) EXPECT_TRUE(g.is_hole(z) || (z <= 0 && z >= -5000));
 }
 
 TEST_F(Surface, NodesLieBetweenTheLimitsAtEqualSteps) {
@@ -248,7 +249,7 @@ TEST_F(Surface, NodesLieBetweenTheLimitsAtEqualSteps) {
     EXPECT_FLOAT_EQ(static_cast<float>(g.x(0)), the_grid3D.pMin);
     EXPECT_FLOAT_EQ(static_cast<float>(g.x(10)), the_grid3D.pMax);
     EXPECT_FLOAT_EQ(static_cast<float>(g.y(5)), the_grid3D.TMax);
-    EXPECT_TRUE(g.isComplete());
+    EXPECT_TRUE(g.is_complete());
     EXPECT_EQ(grid(7, 1, 5000).nx, 2);
     EXPECT_EQ(grid(7, 1, 5000).ny, 201);
 }
@@ -257,10 +258,10 @@ TEST_F(Surface, WithoutACpFormThereIsNoCaloricSurface) {
     activate("Propane");
     legacy::the_models.CpModel = 0;
     const SurfaceGrid g = grid(7);
-    EXPECT_FALSE(diagrams::HasSurface(g));
+    EXPECT_FALSE(diagrams::has_surface(g));
     chart::Chart3D chart;
-    Module9::InitGraph3D(chart, 11, 11);
-    EXPECT_TRUE(Module9::TellEmptySurface(chart));
+    Module9::init_graph3_d(chart, 11, 11);
+    EXPECT_TRUE(Module9::tell_empty_surface(chart));
     EXPECT_EQ(user.lastTitle(), "Remark");
     EXPECT_EQ(user.lastText(),
               "If no function area is drawn within the x-y-z space\ntwo reasons possible:\n"
@@ -270,24 +271,24 @@ TEST_F(Surface, WithoutACpFormThereIsNoCaloricSurface) {
 TEST_F(Surface, AFaultOfTheUnitsLeavesHoles) {
     activate("Propane");
     the_session.Diagram3DKind = 7;
-    Module9::PrepareDiagram3D();
+    Module9::prepare_diagram3_d();
     the_substance.M = 0;
     the_session.CaloricUnit = 3;
-    EXPECT_FALSE(diagrams::HasSurface(diagrams::Calc_3DArray(5, 5)));
+    EXPECT_FALSE(diagrams::has_surface(diagrams::calc_3_d_array(5, 5)));
 }
 
 TEST_F(Surface, LimitsMustRise) {
     activate("Propane");
-    const auto& kind = *Module9::FindSurface(1);
-    diagrams::Grid3D g = Module9::DefaultGrid(1, false);
-    EXPECT_EQ(Module9::RefusalOf(g, kind), "");
+    const auto& kind = *Module9::find_surface(1);
+    diagrams::Grid3D g = Module9::default_grid(1, false);
+    EXPECT_EQ(Module9::refusal_of(g, kind), "");
     g.TMax = g.TMin;
-    EXPECT_EQ(Module9::RefusalOf(g, kind), "Lower limits have to be smaller then upper limits!");
-    g = Module9::DefaultGrid(7, false);
-    EXPECT_EQ(Module9::RefusalOf(g, *Module9::FindSurface(7)), "");
+    EXPECT_EQ(Module9::refusal_of(g, kind), "Lower limits have to be smaller then upper limits!");
+    g = Module9::default_grid(7, false);
+    EXPECT_EQ(Module9::refusal_of(g, *Module9::find_surface(7)), "");
     g.zMin = 10;
     g.zMax = -10;
-    EXPECT_NE(Module9::RefusalOf(g, *Module9::FindSurface(7)), "");
+    EXPECT_NE(Module9::refusal_of(g, *Module9::find_surface(7)), "");
 }
 
 TEST_F(Surface, TheCriticalPointIsMarkedOnEverySurfaceButThatOfCp) {
@@ -296,34 +297,34 @@ TEST_F(Surface, TheCriticalPointIsMarkedOnEverySurfaceButThatOfCp) {
     for (const std::int16_t kind : std::initializer_list<std::int16_t>{1, 3, 4, 7, 8, 9, 10}) {
         the_session.Diagram3DKind = kind;
         chart.markers.clear();
-        EXPECT_TRUE(Module9::AddCriticalPoint(chart)) << kind;
-        EXPECT_TRUE(Module9::AddCriticalPoint(chart)) << "a second time it is moved, not doubled";
+        EXPECT_TRUE(Module9::add_critical_point(chart)) << kind;
+        EXPECT_TRUE(Module9::add_critical_point(chart)) << "a second time it is moved, not doubled";
         ASSERT_EQ(chart.markers.size(), 1U);
         EXPECT_EQ(chart.markers[0].text, "CrP");
     }
     the_session.Diagram3DKind = 1;
-    Module9::AddCriticalPoint(chart);
+    Module9::add_critical_point(chart);
     EXPECT_EQ(chart.markers.back().x, the_eosParameters.vcritCalc);
     EXPECT_EQ(chart.markers.back().y, the_substance.Tcrit);
     EXPECT_EQ(chart.markers.back().z, the_substance.pcrit);
     the_session.Diagram3DKind = 5;
     chart.markers.clear();
-    EXPECT_FALSE(Module9::AddCriticalPoint(chart));
+    EXPECT_FALSE(Module9::add_critical_point(chart));
     EXPECT_EQ(user.lastText(), "at the critical point cp => infinite");
 }
 
 TEST_F(Surface, PreparationOpensTheViewOrTellsItsFault) {
     activate("Propane");
     int opened = 0;
-    Module9::Views3D().openDiagram = [&] { ++opened; };
+    Module9::views3_d().openDiagram = [&] { ++opened; };
     the_session.Diagram3DKind = 7;
     the_grid3D.TMax = 1;
-    Module9::PrepareDiagram3D();
+    Module9::prepare_diagram3_d();
     EXPECT_EQ(opened, 1);
     EXPECT_PRED2(Close, the_grid3D.TMax, 1.4 * the_substance.Tcrit) << "the limits are filled anew";
-    Module9::Views3D().openDiagram = [] { throw std::runtime_error("no component"); };
-    Module9::PrepareDiagram3D();
-    Module9::Views3D() = {};
+    Module9::views3_d().openDiagram = [] { throw std::runtime_error("no component"); };
+    Module9::prepare_diagram3_d();
+    Module9::views3_d() = {};
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(user.lastText(),
               "The registration of the 3D graph module \\...\\olch8x3.ocx during the installation "
@@ -334,19 +335,19 @@ TEST_F(Surface, TheChartTakesLimitsTitlesAndSurface) {
     activate("Propane");
     the_session.Diagram3DKind = 1;
     the_session.SCurve3D = false;
-    Module9::PrepareDiagram3D();
+    Module9::prepare_diagram3_d();
     chart::Chart3D chart;
-    Module9::InitGraph3D(chart, 15, 13);
+    Module9::init_graph3_d(chart, 15, 13);
     EXPECT_EQ(chart.surface.nx, 15);
     EXPECT_EQ(chart.x.title, "v / (m^3/kmol)");
     EXPECT_EQ(chart.z.max, static_cast<double>(the_grid3D.pMax));
     EXPECT_FALSE(chart.z.automatic);
     EXPECT_EQ(chart.header.text, "Pressure p(v, T)");
     EXPECT_EQ(chart.subtitle.text, " for Propane,  CEOS Peng / Robinson");
-    EXPECT_FALSE(Module9::TellEmptySurface(chart));
+    EXPECT_FALSE(Module9::tell_empty_surface(chart));
     the_session.Diagram3DKind = 7;
-    Module9::PrepareDiagram3D();
-    Module9::InitGraph3D(chart, 15, 13);
+    Module9::prepare_diagram3_d();
+    Module9::init_graph3_d(chart, 15, 13);
     EXPECT_TRUE(chart.z.automatic) << "without clipping the axis follows the data";
 }
 

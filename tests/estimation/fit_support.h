@@ -51,7 +51,7 @@ inline FitState State(std::int16_t model, std::vector<datafiles::FitPoint> point
                       const models::SubstanceRecord& substance = {}, bool lg = false) {
     FitState state;
     state.lg = lg;
-    estimation::ChooseModel(state, model, substance);
+    estimation::choose_model(state, model, substance);
     state.FitPoints = std::move(points);
     state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
     for (const auto& point : state.FitPoints)

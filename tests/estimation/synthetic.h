@@ -58,7 +58,7 @@ inline const std::vector<Synthetic>& AllSynthetic() {
 }
 
 /// A name for messages: "5 lg".
-inline std::string NameOf(const Synthetic& set) {
+inline std::string name_of(const Synthetic& set) {
     return std::to_string(set.model) + (set.lg ? " lg" : " ln");
 }
 
@@ -71,7 +71,7 @@ inline std::vector<datafiles::FitPoint> SyntheticPoints(const Synthetic& set, in
         const double x = static_cast<double>(
             static_cast<float>(set.from + (set.to - set.from) * i / (count - 1)));
         double y = 0;
-        if (!EvaluateFit(state, x, y)) continue;
+        if (!evaluate_fit(state, x, y)) continue;
         points.push_back({static_cast<float>(x), static_cast<float>(y), 0.0F});
     }
     return points;
@@ -89,7 +89,7 @@ inline double WorstDeviation(const FitState& state) {
     double worst = 0;
     for (const auto& p : state.FitPoints) {
         double y = 0;
-        if (!EvaluateFit(state, static_cast<double>(p.x), y))
+        if (!evaluate_fit(state, static_cast<double>(p.x), y))
             return std::numeric_limits<double>::infinity();
         worst = std::max(worst, std::fabs(y / static_cast<double>(p.y) - 1));
     }

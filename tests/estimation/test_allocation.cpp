@@ -10,13 +10,13 @@ using namespace fit_support;
 TEST(Allocation, TheSearchAllocatesNothing) {
     for (const Synthetic& set : AllSynthetic()) {
         const FitState state = SyntheticState(set, 40);
-        const estimation::FitModelRow& row = *estimation::FindModel(set.model);
-        FitProblem problem = MakeProblem(state, row);
+        const estimation::FitModelRow& row = *estimation::find_model(set.model);
+        FitProblem problem = make_problem(state, row);
         Parameters par{}, stdDev{};
         for (std::size_t i = 0; i < 7; ++i) par[i] = set.truth[i] / row.scale[i];
         const std::size_t before = AllocationCount();
-        MarquardtNashFitting(problem, 40, par, stdDev);
-        EXPECT_EQ(AllocationCount(), before) << NameOf(set);
+        marquardt_nash_fitting(problem, 40, par, stdDev);
+        EXPECT_EQ(AllocationCount(), before) << name_of(set);
     }
 }
 

@@ -47,13 +47,13 @@ class FitApplication : public SessionTest {
                 return models::density_liquid(s, static_cast<float>(T)).rho;
             case 14:
             case 15:
-                return models::EnthalpyEquationValue(T).h;
+                return models::enthalpy_equation_value(T).h;
             default:
                 break;
         }
         legacy::the_models.CpModel = model == 18 ? 2 : 1;
-        return phase == CpPhase::Liquid  ? models::CpLiquid(T).cp
-               : phase == CpPhase::Solid ? models::CpSolid(T).cp
+        return phase == CpPhase::Liquid  ? models::cp_liquid(T).cp
+               : phase == CpPhase::Solid ? models::cp_solid(T).cp
                                          : models::IdealGasCp(T).cp;
     }
 
@@ -76,7 +76,7 @@ TEST_F(FitApplication, TheProgramsOwnEquationGivesTheFittedFunction) {
             if (set.model < 16 && phase != CpPhase::IdealGas) continue;
             if (set.model == 17 && phase == CpPhase::IdealGas) continue;
             if (set.model == 18 && phase != CpPhase::IdealGas) continue;
-            SCOPED_TRACE(NameOf(set) + " phase " + std::to_string(static_cast<int>(phase)));
+            SCOPED_TRACE(name_of(set) + " phase " + std::to_string(static_cast<int>(phase)));
             legacy::the_substance = WaterLike();
             FitState state = fitted(set);
             state.cpPhase = phase;
@@ -85,7 +85,7 @@ TEST_F(FitApplication, TheProgramsOwnEquationGivesTheFittedFunction) {
                 const double T = static_cast<double>(
                     static_cast<float>(set.from + (set.to - set.from) * i / 20));
                 double y = 0;
-                ASSERT_TRUE(EvaluateFit(state, T, y));
+                ASSERT_TRUE(evaluate_fit(state, T, y));
                 // The record holds 32 bits.
                 EXPECT_NEAR(own(set.model, phase, T) / y, 1, 1e-5) << T;
             }
@@ -217,7 +217,7 @@ TEST_F(FitApplication, APolynomialWithAStrayEStillGivesTheFittedFunction) {
     FitState state = fitted({16, false, {32.2, 0.0019, 1.055e-5, -3.6e-9, 1e-10}, 280, 1000});
     ApplyFit(state);
     double y = 0;
-    ASSERT_TRUE(EvaluateFit(state, 900, y));
+    ASSERT_TRUE(evaluate_fit(state, 900, y));
     EXPECT_NEAR(own(16, CpPhase::IdealGas, 900) / y, 1, 1e-6);
 }
 
@@ -233,7 +233,7 @@ TEST_F(FitApplication, AFirstCoefficientOfZeroKeepsItsForm) {
         shomate.cpPhase = CpPhase::Liquid;
         ApplyFit(shomate);
         double y = 0;
-        ASSERT_TRUE(EvaluateFit(shomate, 500, y));
+        ASSERT_TRUE(evaluate_fit(shomate, 500, y));
         EXPECT_NEAR(own(17, CpPhase::Liquid, 500), y, 1e-4) << E;
     }
 }

@@ -10,9 +10,9 @@ using namespace quor;
 namespace {
 
 using namespace fit_support;
-using estimation::FindModel;
+using estimation::find_model;
 using estimation::FitTab;
-using estimation::StartValues;
+using estimation::start_values;
 
 constexpr double kLn10 = 2.30258509299405;
 const ModelContext kNatural{1, 600, 4000};
@@ -21,13 +21,13 @@ const ModelContext kDecadic{kLn10, 600, 4000};
 double Value(std::int16_t model, double x, const Parameters& par,
              const ModelContext& c = kNatural) {
     double y = 0;
-    EXPECT_TRUE(FindModel(model)->model(x, par, c, y)) << model;
+    EXPECT_TRUE(find_model(model)->model(x, par, c, y)) << model;
     return y;
 }
 
 bool Fails(std::int16_t model, double x, const Parameters& par, const ModelContext& c = kNatural) {
     double y = 0;
-    return !FindModel(model)->model(x, par, c, y);
+    return !find_model(model)->model(x, par, c, y);
 }
 
 TEST(FitModels, ExplicitFormulasAreThoseOfTheirCaptions) {
@@ -60,7 +60,7 @@ TEST(FitModels, ExplicitFormulasAreThoseOfTheirCaptions) {
 }
 
 TEST(FitModels, TheHeatCapacityPolynomialIsTheCubicOne) {
-    EXPECT_EQ(FindModel(16)->model, FindModel(11)->model);
+    EXPECT_EQ(find_model(16)->model, find_model(11)->model);
     EXPECT_EQ(Value(16, 300, {20, 0.02, -1e-5, -1e-8, 0}),
               Value(16, 300, {20, 0.02, -1e-5, -1e-8, 7}));
 }
@@ -81,8 +81,8 @@ TEST(FitModels, FrostKalkwarfSolvesItsEquation) {
 }
 
 TEST(FitModels, ThodosComputesDFromB) {
-    EXPECT_DOUBLE_EQ(estimation::ThodosD(-3000, kDecadic), 1.8 * -3000 / 600 + 2.67);
-    EXPECT_DOUBLE_EQ(estimation::ThodosD(-3000 * kLn10, kNatural), 1.8 * -3000 / 600 + 2.67);
+    EXPECT_DOUBLE_EQ(estimation::thodos_d(-3000, kDecadic), 1.8 * -3000 / 600 + 2.67);
+    EXPECT_DOUBLE_EQ(estimation::thodos_d(-3000 * kLn10, kNatural), 1.8 * -3000 / 600 + 2.67);
     // The fourth parameter has no influence, E is the fifth.
     const double D = 1.8 * -2980 / 600 + 2.67;
     for (const double unused : {0.0, 99.0})
@@ -237,13 +237,13 @@ TEST(FitModels, CatalogueHoldsStartsScalesAndMarks) {
          {1000, 1000, 1000, 1000, 1000, 1, 1},
          "",
          "ABCDE"}};
-    ASSERT_EQ(rows.size(), estimation::FitModels().size());
+    ASSERT_EQ(rows.size(), estimation::fit_models().size());
     models::SubstanceRecord substance;
     substance.Tcrit = 500;
     substance.pcrit = 3000;
     for (const Catalogue& expected : rows) {
         SCOPED_TRACE(expected.name);
-        const estimation::FitModelRow* row = FindModel(expected.number);
+        const estimation::FitModelRow* row = find_model(expected.number);
         ASSERT_NE(row, nullptr);
         EXPECT_EQ(row->name, expected.name);
         for (const bool lg : {false, true}) {
@@ -268,17 +268,17 @@ TEST(FitModels, CatalogueHoldsStartsScalesAndMarks) {
 }
 
 TEST(FitModels, ParameterDOfFrostFollowsOnlyARealCriticalTemperature) {
-    EXPECT_EQ(StartValues(*FindModel(5), false, 10)[3], -5);
-    EXPECT_EQ(StartValues(*FindModel(5), true, 0)[3], -5);
-    EXPECT_DOUBLE_EQ(StartValues(*FindModel(5), false, 10.5)[3], 1.8 * -5000 / 10.5 + 2.67);
-    EXPECT_DOUBLE_EQ(StartValues(*FindModel(6), true, 500)[1], -12.0 * 500 / 1.8);
+    EXPECT_EQ(start_values(*find_model(5), false, 10)[3], -5);
+    EXPECT_EQ(start_values(*find_model(5), true, 0)[3], -5);
+    EXPECT_DOUBLE_EQ(start_values(*find_model(5), false, 10.5)[3], 1.8 * -5000 / 10.5 + 2.67);
+    EXPECT_DOUBLE_EQ(start_values(*find_model(6), true, 500)[1], -12.0 * 500 / 1.8);
 }
 
 TEST(FitModels, CriticalDataArePresetWhereAModelNeedsThem) {
     models::SubstanceRecord substance;
     substance.Tcrit = 500;
     substance.pcrit = 3000;
-    for (const auto& row : estimation::FitModels()) {
+    for (const auto& row : estimation::fit_models()) {
         const bool needsTcr = row.number == 6 || (row.number >= 8 && row.number <= 10) ||
                               row.number == 14 || row.number == 15;
         const FitState state = State(row.number, {}, substance);
@@ -288,38 +288,39 @@ TEST(FitModels, CriticalDataArePresetWhereAModelNeedsThem) {
 }
 
 TEST(FitModels, OnlyTheModelsThreeToSevenHaveADecadicForm) {
-    for (const auto& row : estimation::FitModels()) {
+    for (const auto& row : estimation::fit_models()) {
         const bool decadic = row.number >= 3 && row.number <= 7;
         EXPECT_EQ(!row.captionLg.empty(), decadic) << row.number;
         FitState state = State(row.number, {}, {}, true);
-        EXPECT_EQ(ContextOf(state).L, decadic ? kLn10 : 1.0);
+        EXPECT_EQ(context_of(state).L, decadic ? kLn10 : 1.0);
         state.lg = false;
-        EXPECT_EQ(ContextOf(state).L, 1.0);
+        EXPECT_EQ(context_of(state).L, 1.0);
     }
-    EXPECT_EQ(estimation::EquationCaption(*FindModel(4), false), "ln(p/kPa) = A - B / (C + t/°C)");
-    EXPECT_EQ(estimation::EquationCaption(*FindModel(4), true), "lg(p/kPa) = A - B / (C + t/°C)");
-    EXPECT_EQ(estimation::EquationCaption(*FindModel(8), true),
+    EXPECT_EQ(estimation::equation_caption(*find_model(4), false),
+              "ln(p/kPa) = A - B / (C + t/°C)");
+    EXPECT_EQ(estimation::equation_caption(*find_model(4), true), "lg(p/kPa) = A - B / (C + t/°C)");
+    EXPECT_EQ(estimation::equation_caption(*find_model(8), true),
               "ln(p/pcr) = (A X + B X^1.5 + C X^3 + D X^6) / (T/Tcr)  (mit X = 1 - T/Tcr)");
-    EXPECT_EQ(FindModel(6)->remark, " parameter D, THODOS correlated: D = 1.80 /Tcr * B + 2.67 ");
+    EXPECT_EQ(find_model(6)->remark, " parameter D, THODOS correlated: D = 1.80 /Tcr * B + 2.67 ");
 }
 
 TEST(FitModels, TabsCarryTheirCaptionsAndUnits) {
-    EXPECT_EQ(TabCaption(FitTab::General), "General");
-    EXPECT_EQ(TabCaption(FitTab::VapourPressure), "Vapour pressure");
-    EXPECT_EQ(TabCaption(FitTab::LDensity), "L-Density");
-    EXPECT_EQ(TabCaption(FitTab::Vaporisation), "delta(LV)h");
-    EXPECT_EQ(TabCaption(FitTab::HeatCapacity), "Heat capac.");
-    EXPECT_EQ(UnitText(FindModel(9)->tab), "liquid density     [rho(L)] = kg/m^3");
-    EXPECT_EQ(UnitText(FindModel(14)->tab),
+    EXPECT_EQ(tab_caption(FitTab::General), "General");
+    EXPECT_EQ(tab_caption(FitTab::VapourPressure), "Vapour pressure");
+    EXPECT_EQ(tab_caption(FitTab::LDensity), "L-Density");
+    EXPECT_EQ(tab_caption(FitTab::Vaporisation), "delta(LV)h");
+    EXPECT_EQ(tab_caption(FitTab::HeatCapacity), "Heat capac.");
+    EXPECT_EQ(unit_text(find_model(9)->tab), "liquid density     [rho(L)] = kg/m^3");
+    EXPECT_EQ(unit_text(find_model(14)->tab),
               "mol. enthalpy of vapor.     [delta(LV)h] = kJ/kmol, Tr = T/T(cr)");
-    EXPECT_EQ(UnitText(FindModel(18)->tab),
+    EXPECT_EQ(unit_text(find_model(18)->tab),
               "mol. heat capacity       [cp] = kJ/(kmol K),  [T] = K ");
-    EXPECT_EQ(UnitText(FindModel(3)->tab), "");
+    EXPECT_EQ(unit_text(find_model(3)->tab), "");
 }
 
 TEST(FitModels, AnUnknownNumberChangesNothing) {
     FitState state = State(9, {});
-    EXPECT_FALSE(ChooseModel(state, 12, {}));
+    EXPECT_FALSE(choose_model(state, 12, {}));
     EXPECT_EQ(state.FitModel, 9);
     EXPECT_EQ(state.NPar, 3);
 }

@@ -25,7 +25,7 @@ class FitRun : public SessionTest {
   protected:
     void expectRefusal(FitState& state, const std::string& text) {
         const std::size_t before = user.messages.size();
-        EXPECT_FALSE(StartFit(state));
+        EXPECT_FALSE(start_fit(state));
         ASSERT_EQ(user.messages.size(), before + 1);
         EXPECT_EQ(user.messages.back().text, text);
         EXPECT_EQ(user.messages.back().title, "Execution not possible");
@@ -57,12 +57,12 @@ TEST_F(FitRun, PointsComeFromTheColumnOfTheTpvEditor) {
     for (const auto& [column, y] : columns) {
         the_session.FitColumn = column;
         FitState state;
-        LoadFitPoints(state);
+        load_fit_points(state);
         EXPECT_EQ(state.NPoints, 3);
         EXPECT_EQ(state.NInactive, 0);
         EXPECT_EQ(state.FitPoints[0].x, 301.0F);
         EXPECT_EQ(state.FitPoints[0].y, y);
-        EXPECT_EQ(FitTitle(state),
+        EXPECT_EQ(fit_title(state),
                   " Fitting y = f(T) (3 (active) sets of data loaded from T-p-V editor");
     }
 }
@@ -72,7 +72,7 @@ TEST_F(FitRun, LinesWithoutTemperatureOrSwitchedOffAreInactive) {
     legacy::the_BatchData[1].skip = -1;
     legacy::the_BatchData[2].T = 0;
     FitState state;
-    LoadFitPoints(state);
+    load_fit_points(state);
     EXPECT_EQ(state.NPoints, 3);
     EXPECT_EQ(state.NInactive, 2);
     EXPECT_EQ(state.FitPoints[0].mark, kInactive);
@@ -85,7 +85,7 @@ TEST_F(FitRun, LinesWithoutAValueInTheColumnAreInactive) {
     legacy::the_BatchData[3].cp = 0;
     the_session.FitColumn = 5;
     FitState state;
-    LoadFitPoints(state);
+    load_fit_points(state);
     EXPECT_EQ(state.NInactive, 1);
     EXPECT_EQ(state.FitPoints[2].mark, kInactive);
 }
@@ -94,37 +94,37 @@ TEST_F(FitRun, ACountBeyondTheDataTakesWhatIsThere) {
     fillBatch();
     the_session.BatchCount = 500;
     FitState state;
-    LoadFitPoints(state);
+    load_fit_points(state);
     EXPECT_EQ(state.NPoints, 3);
     the_session.BatchCount = -3;
-    LoadFitPoints(state);
+    load_fit_points(state);
     EXPECT_EQ(state.NPoints, 0);
 }
 
 TEST_F(FitRun, PointsComeFromTheXyEditor) {
     legacy::the_xyPoints = {{1, 2, 0}, {0, 5, 0}, {3, 0, 0}, {4, 1, kInactive}};
     FitState state;
-    LoadFitPoints(state);
+    load_fit_points(state);
     EXPECT_EQ(state.NPoints, 4);
     EXPECT_EQ(state.NInactive, 2);
     EXPECT_EQ(state.FitPoints[1].mark, kInactive);
     EXPECT_NE(state.FitPoints[2].mark, kInactive);
-    EXPECT_EQ(FitTitle(state), " Fitting y = f(T) (2 (active) sets of data loaded from XY editor");
+    EXPECT_EQ(fit_title(state), " Fitting y = f(T) (2 (active) sets of data loaded from XY editor");
     legacy::the_xyPoints.clear();
-    LoadFitPoints(state);
-    EXPECT_EQ(FitTitle(state), " Fitting y = f(T) (data not yet loaded)");
+    load_fit_points(state);
+    EXPECT_EQ(fit_title(state), " Fitting y = f(T) (data not yet loaded)");
 }
 
 TEST_F(FitRun, PointsThatAreNoNumbersAreInactive) {
     const float infinite = std::numeric_limits<float>::infinity();
     legacy::the_xyPoints = {{1, infinite, 0}, {2, std::nanf(""), 0}, {infinite, 1, 0}, {4, 1, 0}};
     FitState state;
-    LoadFitPoints(state);
+    load_fit_points(state);
     EXPECT_EQ(state.NInactive, 3);
     // Even an active one never brings a result that is no number.
     FitState raw = State(11, Points({{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}, {6, 6}}));
     raw.FitPoints[2].y = std::nanf("");
-    ASSERT_TRUE(StartFit(raw));
+    ASSERT_TRUE(start_fit(raw));
     for (const double p : raw.FitPar) EXPECT_TRUE(std::isfinite(p));
     EXPECT_TRUE(std::isfinite(raw.SQ));
     EXPECT_TRUE(std::isfinite(raw.sR));
@@ -133,7 +133,7 @@ TEST_F(FitRun, PointsThatAreNoNumbersAreInactive) {
 TEST_F(FitRun, MorePointsThanSixteenBitsCountAreCutAndTold) {
     legacy::the_xyPoints.assign(40000, {1, 1, 0});
     FitState state;
-    LoadFitPoints(state);
+    load_fit_points(state);
     EXPECT_EQ(state.NPoints, 32767);
     EXPECT_EQ(user.messages.size(), 1U);
 }
@@ -164,12 +164,12 @@ TEST_F(FitRun, RefusalsComeInTheirOrder) {
     expectRefusal(state, tooFew);
     state.FitPoints[2].mark = 0;
     state.NInactive = 0;
-    EXPECT_TRUE(StartFit(state));
+    EXPECT_TRUE(start_fit(state));
 }
 
 TEST_F(FitRun, TheBusyPointerShowsDuringAFit) {
     FitState state = State(11, Points({{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}}));
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
 }
 
@@ -178,7 +178,7 @@ TEST_F(FitRun, StartsAndResultsAreInTheirOwnUnits) {
     FitState state = SyntheticState({11, false, {620, 3.2, -0.0072, 3.1e-6}, 280, 450}, 20);
     state.FitStart = {620, 1, 0, 0};
     state.FitFixed = {true, false, false, false};
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_DOUBLE_EQ(state.FitPar[0], 620);
     EXPECT_NEAR(state.FitPar[1], 3.2, 1e-4);
     EXPECT_EQ(state.FitStdDev[0], 0);
@@ -187,7 +187,7 @@ TEST_F(FitRun, StartsAndResultsAreInTheirOwnUnits) {
 TEST_F(FitRun, MissingStandardDeviationsTakeNoScale) {
     FitState state =
         SyntheticState({16, false, {32.2, 0.0019, 1.055e-5, -3.6e-9, 0}, 280, 1000}, 20);
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(state.FitStdDev[i], kNoStdDev);
     EXPECT_TRUE(state.report.singular);
     EXPECT_TRUE(state.report.withoutInfluence[4]);
@@ -201,7 +201,7 @@ TEST_F(FitRun, ThodosShowsDAndNoDeviationForIt) {
     state.FitFixed[3] = false;  // a computed parameter is never adjusted
     state.FitStart = {23, -2900, 273.15, 5, 4};
     state.FitLogSQ = true;
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_NEAR(state.FitPar[3], 1.8 * state.FitPar[1] / 647.096 + 2.67, 1e-9);
     EXPECT_EQ(state.FitStdDev[3], 0);
     EXPECT_FALSE(state.report.singular);
@@ -210,23 +210,23 @@ TEST_F(FitRun, ThodosShowsDAndNoDeviationForIt) {
 TEST_F(FitRun, ResultsBecomeStarts) {
     FitState state = SyntheticState({11, false, {620, 3.2, -0.0072, 3.1e-6}, 280, 450}, 20);
     const Parameters start = state.FitStart;
-    TakeAllResultsAsStart(state);  // nothing is fitted yet
+    take_all_results_as_start(state);  // nothing is fitted yet
     EXPECT_EQ(state.FitStart, start);
-    ASSERT_TRUE(StartFit(state));
-    TakeResultAsStart(state, 1);
+    ASSERT_TRUE(start_fit(state));
+    take_result_as_start(state, 1);
     EXPECT_EQ(state.FitStart[0], start[0]);
     EXPECT_EQ(state.FitStart[1], state.FitPar[1]);
-    TakeAllResultsAsStart(state);
+    take_all_results_as_start(state);
     for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(state.FitStart[i], state.FitPar[i]);
-    TakeResultAsStart(state, 7);
-    TakeResultAsStart(state, -1);
+    take_result_as_start(state, 7);
+    take_result_as_start(state, -1);
 }
 
 TEST_F(FitRun, AFixedParameterOfALinearModelIsLeftOut) {
     FitState state = State(0, Points({{1, 2}, {2, 4}, {3, 7}, {4, 8}, {5, 9}, {6, 13}, {7, 15}}));
     state.FitFixed = {true, false, true, true, true, true};
     state.FitStart = {100, 100, 100, 100, 100, 100};
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_EQ(state.FitPar[0], 0);
     EXPECT_NEAR(state.FitPar[1], (2 + 8 + 21 + 32 + 45 + 78 + 105) / 140.0, 1e-12);
     EXPECT_EQ(state.FitStdDev[0], 0);
@@ -239,20 +239,20 @@ TEST_F(FitRun, CombiExpressionNeedsPositiveXForItsLastTerms) {
     expectRefusal(state,
                   "For this fitting model all actíve x-values have to be greater than zero.");
     state.FitFixed = {false, false, false, false, true, true, true};
-    EXPECT_TRUE(StartFit(state));
+    EXPECT_TRUE(start_fit(state));
     // A point at x = 0 as the engine may meet it.
     auto zero = points;
     zero[0].x = 0;
-    FitProblem problem = MakeProblem(state, *estimation::FindModel(1));
+    FitProblem problem = make_problem(state, *estimation::find_model(1));
     problem.points = zero;
     Parameters par{};
-    EXPECT_FALSE(LinearRegressionFit(problem, estimation::CombiBasis, par).failed);
+    EXPECT_FALSE(linear_regression_fit(problem, estimation::combi_basis, par).failed);
     problem.fixed[6] = false;
-    EXPECT_TRUE(LinearRegressionFit(problem, estimation::CombiBasis, par).failed);
+    EXPECT_TRUE(linear_regression_fit(problem, estimation::combi_basis, par).failed);
     // An inactive point does not count.
     zero[0].mark = kInactive;
     problem.points = zero;
-    EXPECT_FALSE(LinearRegressionFit(problem, estimation::CombiBasis, par).failed);
+    EXPECT_FALSE(linear_regression_fit(problem, estimation::combi_basis, par).failed);
 }
 
 TEST_F(FitRun, DependentTermsOfALinearModelAreLeftAlone) {
@@ -260,7 +260,7 @@ TEST_F(FitRun, DependentTermsOfALinearModelAreLeftAlone) {
     FitState state =
         State(0, Points({{1, 5}, {1, 7}, {1, 6}, {1, 6}, {-1, 1}, {-1, 3}, {-1, 2}, {-1, 2}}));
     state.FitFixed = {false, false, false, false, true, true};
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_DOUBLE_EQ(state.FitPar[0], 4);
     EXPECT_DOUBLE_EQ(state.FitPar[1], 2);
     EXPECT_EQ(state.FitPar[2], 0);
@@ -285,7 +285,7 @@ TEST_F(FitRun, QualityTextsAreThoseOfTheModel) {
     state.NInactive = 1;
     state.SQ = 0.0123456789;
     state.sR = 0.25;
-    const estimation::QualityTexts texts = QualityOf(state);
+    const estimation::QualityTexts texts = quality_of(state);
     EXPECT_EQ(texts.caption, "Quality of the fitting (N = 4, NPar = 3)");
     EXPECT_EQ(texts.SQ, "SQ = 0.01234568");
     EXPECT_EQ(texts.sR, "s(R) = 0.25");
@@ -295,14 +295,14 @@ TEST_F(FitRun, QualityTextsAreThoseOfTheModel) {
               " SQRT = square root, N = number of measuring points, NPar = number of adjustable "
               "parameters ");
     state.FitLogSQ = true;
-    EXPECT_EQ(QualityOf(state).explainSQ,
+    EXPECT_EQ(quality_of(state).explainSQ,
               "sum of squares SQ = sum[ln((p(i),calc) - ln(p(i),exp))^2]");
-    EXPECT_EQ(QualityOf(State(9, {})).explainSQ,
+    EXPECT_EQ(quality_of(State(9, {})).explainSQ,
               "sum of squares SQ = sum[(y(i),calc - y(i),exp)^2]");
-    EXPECT_EQ(estimation::LogFitCaption(true), "SQ using ln(y) difference ");
-    EXPECT_EQ(estimation::LogFitCaption(false), "SQ using y difference");
+    EXPECT_EQ(estimation::log_fit_caption(true), "SQ using ln(y) difference ");
+    EXPECT_EQ(estimation::log_fit_caption(false), "SQ using y difference");
     numbers::set_decimal_mark(',');
-    EXPECT_EQ(QualityOf(state).SQ, "SQ = 0,01234568");
+    EXPECT_EQ(quality_of(state).SQ, "SQ = 0,01234568");
 }
 
 TEST_F(FitRun, ResidualDeviationDividesByAllParameters) {
@@ -310,16 +310,16 @@ TEST_F(FitRun, ResidualDeviationDividesByAllParameters) {
         0,
         Points({{1, 2}, {2, 4.2}, {3, 5.9}, {4, 8.1}, {5, 9.8}, {6, 12.3}, {7, 13.9}, {8, 16.2}}));
     state.FitFixed = {false, false, true, true, true, true};
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     // 8 points, 6 parameters although four of them are fixed.
     EXPECT_NEAR(state.sR, std::sqrt(state.SQ / 2), 1e-12);
 }
 
 TEST_F(FitRun, CaptionsFollowTabAndSubstance) {
-    EXPECT_EQ(estimation::DataCaption(estimation::FitTab::VapourPressure), "p = f(T)");
-    EXPECT_EQ(estimation::DataCaption(estimation::FitTab::General), "y = f(T)");
+    EXPECT_EQ(estimation::data_caption(estimation::FitTab::VapourPressure), "p = f(T)");
+    EXPECT_EQ(estimation::data_caption(estimation::FitTab::General), "y = f(T)");
     EXPECT_EQ(
-        estimation::TargetCaption("Propane"),
+        estimation::target_caption("Propane"),
         "... in the actually loaded data of Propane (cf. editor \"Data / View/Edit Data of the "
         "Substance\")");
 }
@@ -344,7 +344,7 @@ TEST_F(FitRun, ConfidenceIntervalsOfALineAreTheClosedFormOnes) {
     }
     FitState state = State(0, points);
     state.FitFixed = {false, false, true, true, true, true};
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     const double t5 = 2.570581836;  // two-sided 95 % point at 5 degrees of freedom
     EXPECT_EQ(state.report.freedom, 5);
     EXPECT_NEAR(state.report.halfWidth[0], t5 * std::sqrt(squares / 5 * sxx / det), 1e-8);
@@ -363,12 +363,12 @@ TEST_F(FitRun, ConfidenceIntervalsTakeAllActivePoints) {
     FitState full = State(11, points);
     full.FitFixed = {false, false, true, true};
     full.FitStart = {1, 1, 0, 0};
-    ASSERT_TRUE(StartFit(full));
+    ASSERT_TRUE(start_fit(full));
     points.insert(points.begin(), {9, 99, kInactive});
     FitState gap = State(11, points);
     gap.FitFixed = full.FitFixed;
     gap.FitStart = full.FitPar;  // the search stays where all points have their least sum
-    ASSERT_TRUE(StartFit(gap));
+    ASSERT_TRUE(start_fit(gap));
     EXPECT_NEAR(gap.FitPar[1], full.FitPar[1], 1e-3);
     EXPECT_EQ(gap.report.freedom, 5);
     EXPECT_NEAR(gap.report.halfWidth[1] / full.report.halfWidth[1], 1, 1e-3);
@@ -377,9 +377,9 @@ TEST_F(FitRun, ConfidenceIntervalsTakeAllActivePoints) {
 
 TEST_F(FitRun, NotesTellWhatHappened) {
     FitState state = State(4, Points({{300, 3.5}, {320, 10.5}, {340, 27}, {360, 62}, {373, 101}}));
-    EXPECT_TRUE(FitNotes(state).empty());
+    EXPECT_TRUE(fit_notes(state).empty());
     state.fitted = true;
-    EXPECT_TRUE(FitNotes(state).empty());
+    EXPECT_TRUE(fit_notes(state).empty());
     state.report.endedAtLimit = true;
     state.report.onBound[1] = true;
     state.report.onBound[2] = true;
@@ -388,7 +388,7 @@ TEST_F(FitRun, NotesTellWhatHappened) {
     state.report.failedEvaluations = 12;
     state.report.failedPoints = 2;
     state.report.withoutInfluence[0] = true;
-    const std::vector<std::string> notes = FitNotes(state);
+    const std::vector<std::string> notes = fit_notes(state);
     ASSERT_EQ(notes.size(), 7U);
     EXPECT_EQ(notes[1], "On a bound of its range: B, C.");
     EXPECT_EQ(notes[2], "Without influence on the function: A.");
@@ -398,7 +398,7 @@ TEST_F(FitRun, NotesTellWhatHappened) {
 TEST_F(FitRun, AFitThatCannotMoveSaysSo) {
     // Far away the exponential vanishes: no derivative can be seen.
     FitState state = SyntheticState({6, true, {23.55, -2980, 273.15, 0, 3.5}, 300, 620}, 30);
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_TRUE(state.report.endedAtStart);
     EXPECT_FALSE(state.report.endedAtLimit);
 }
@@ -410,7 +410,7 @@ TEST_F(FitRun, AParameterOnItsBoundIsToldAndHasNoInterval) {
     FitState state = State(11, Points(xy));
     state.FitFixed = {false, false, true, true};
     state.FitStart = {10, 1, 0, 0};
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_DOUBLE_EQ(state.FitPar[0], 50000);
     EXPECT_TRUE(state.report.onBound[0]);
     EXPECT_EQ(state.report.halfWidth[0], kNoStdDev);
@@ -423,7 +423,7 @@ TEST_F(FitRun, TheGraphOfTheFunctionHoldsPointsAndCurve) {
     state.FitPar = {7.1962, 1730.63, 233.426};
     state.fitted = true;
     state.FitPoints[4].mark = kInactive;
-    const FitGraph graph = FunctionGraph(state);
+    const FitGraph graph = function_graph(state);
     EXPECT_EQ(graph.title, "fitted function y(T)");
     EXPECT_EQ(graph.yTitle, "p/ kPa");
     EXPECT_EQ(graph.xTitle, "T / K");
@@ -439,10 +439,10 @@ TEST_F(FitRun, TheGraphOfTheFunctionHoldsPointsAndCurve) {
     EXPECT_EQ(graph.curve.front().x, graph.xMin);
     EXPECT_NEAR(graph.curve.back().x, graph.xMax, 1e-9);
 
-    EXPECT_EQ(FunctionGraph(SyntheticState(AllSynthetic()[0], 9)).xTitle, "x");
-    EXPECT_EQ(FunctionGraph(SyntheticState(AllSynthetic()[0], 9)).yTitle, "y");
+    EXPECT_EQ(function_graph(SyntheticState(AllSynthetic()[0], 9)).xTitle, "x");
+    EXPECT_EQ(function_graph(SyntheticState(AllSynthetic()[0], 9)).yTitle, "y");
     const FitGraph density =
-        FunctionGraph(SyntheticState({11, false, {620, 3.2, 0, 0}, 280, 450}, 9));
+        function_graph(SyntheticState({11, false, {620, 3.2, 0, 0}, 280, 450}, 9));
     EXPECT_EQ(density.xTitle, "T / K");
     EXPECT_EQ(density.yTitle, "y");
 }
@@ -450,7 +450,7 @@ TEST_F(FitRun, TheGraphOfTheFunctionHoldsPointsAndCurve) {
 TEST_F(FitRun, TheGraphOfResidualsIsCalcMinusExp) {
     FitState state = State(11, Points({{10, 5}, {20, 9}, {30, 16}}));
     state.FitPar = {0, 0.5, 0, 0};
-    const FitGraph graph = ResidualGraph(state);
+    const FitGraph graph = residual_graph(state);
     EXPECT_EQ(graph.title, "residuals of the fitting, absolute");
     EXPECT_EQ(graph.yTitle, "(y(calc) - y(exp))");
     EXPECT_EQ(graph.xTitle, "T / K");
@@ -458,13 +458,13 @@ TEST_F(FitRun, TheGraphOfResidualsIsCalcMinusExp) {
     EXPECT_DOUBLE_EQ(graph.points[1].y, 1);
     EXPECT_DOUBLE_EQ(graph.points[2].y, -1);
     EXPECT_TRUE(graph.curve.empty());
-    EXPECT_EQ(ResidualGraph(State(4, {})).yTitle, "(p(calc) - p(exp)) / kPa");
+    EXPECT_EQ(residual_graph(State(4, {})).yTitle, "(p(calc) - p(exp)) / kPa");
 }
 
 TEST_F(FitRun, TheLogarithmicGraphNeedsPositiveValues) {
     FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 300, 400}, 11);
     state.FitPar = {7.1962, 1730.63, 233.426};
-    const auto graph = LnpGraph(state);
+    const auto graph = lnp_graph(state);
     ASSERT_TRUE(graph.has_value());
     EXPECT_EQ(graph->title, "fitted function ln{p} = f(1/T))");
     EXPECT_EQ(graph->yTitle, "ln (p/kPa)");
@@ -475,7 +475,7 @@ TEST_F(FitRun, TheLogarithmicGraphNeedsPositiveValues) {
     for (const bool zeroT : {true, false}) {
         FitState bad = state;
         (zeroT ? bad.FitPoints[3].x : bad.FitPoints[3].y) = 0;
-        EXPECT_FALSE(LnpGraph(bad).has_value());
+        EXPECT_FALSE(lnp_graph(bad).has_value());
         EXPECT_EQ(user.lastText(), "T- and p-column may not contain zero values!");
         EXPECT_EQ(user.lastTitle(), "Execution not possible");
     }
@@ -483,16 +483,16 @@ TEST_F(FitRun, TheLogarithmicGraphNeedsPositiveValues) {
 
 TEST_F(FitRun, SingleValuesGoBothWays) {
     for (const Synthetic& set : AllSynthetic()) {
-        SCOPED_TRACE(NameOf(set));
+        SCOPED_TRACE(name_of(set));
         FitState state = SyntheticState(set, 30);
         state.FitPar = set.truth;
         const double x = set.from + 0.37 * (set.to - set.from);
-        const auto y = FittedY(state, x);
+        const auto y = fitted_y(state, x);
         ASSERT_TRUE(y.has_value());
-        const auto back = FittedX(state, *y);
+        const auto back = fitted_x(state, *y);
         ASSERT_TRUE(back.has_value());
         double again = 0;
-        ASSERT_TRUE(EvaluateFit(state, *back, again));
+        ASSERT_TRUE(evaluate_fit(state, *back, again));
         EXPECT_NEAR(again, *y, 1e-9 * std::fabs(*y));
         if (set.model <= 1) continue;  // those are not monotonous
         EXPECT_NEAR(*back, x, 1e-5 * x);
@@ -503,19 +503,19 @@ TEST_F(FitRun, SingleValuesGoBothWays) {
 TEST_F(FitRun, SingleValuesThatDoNotExistAreTold) {
     FitState state = SyntheticState({8, false, {-7.77, 1.48, -2.77, -1.3}, 300, 640}, 20);
     state.FitPar = {-7.77, 1.48, -2.77, -1.3};
-    EXPECT_FALSE(FittedY(state, 700).has_value());
+    EXPECT_FALSE(fitted_y(state, 700).has_value());
     EXPECT_EQ(user.lastTitle(), "Error");
-    EXPECT_FALSE(FittedX(state, 30000).has_value());
+    EXPECT_FALSE(fitted_x(state, 30000).has_value());
     EXPECT_EQ(user.messages.size(), 2U);
-    EXPECT_FALSE(FittedX(State(11, {}), 1).has_value());
+    EXPECT_FALSE(fitted_x(State(11, {}), 1).has_value());
 }
 
 TEST_F(FitRun, APoleIsNoResult) {
     // 1/x jumps from minus to plus infinity at 0: it is nowhere 0.
     FitState state = State(1, Points({{1, 1}, {2, 0.5}, {3, 1 / 3.0}, {4, 0.25}}));
     state.FitPar = {0, 0, 0, 0, 1, 0, 0};
-    EXPECT_FALSE(FittedX(state, 0).has_value());
-    const auto x = FittedX(state, 0.8);
+    EXPECT_FALSE(fitted_x(state, 0).has_value());
+    const auto x = fitted_x(state, 0.8);
     ASSERT_TRUE(x.has_value());
     EXPECT_NEAR(*x, 1.25, 1e-9);
 }

@@ -10,13 +10,13 @@ namespace {
 using namespace estimation;
 
 GroupCounts Molecule(std::string_view groups) {
-    const auto counts = ParseGroups(groups);
+    const auto counts = parse_groups(groups);
     EXPECT_TRUE(counts.has_value()) << groups;
     return counts.value_or(GroupCounts{});
 }
 
 double CpAt(const GroupCounts& groups, double T) {
-    const auto c = JobackCp(groups);
+    const auto c = joback_cp(groups);
     EXPECT_TRUE(c.has_value());
     return c ? (*c)[0] + T * ((*c)[1] + T * ((*c)[2] + T * (*c)[3])) : 0;
 }
@@ -94,8 +94,8 @@ TEST_F(Groups41, OnlyTwoGroupsLackIncrements) {
 }
 
 TEST_F(Groups41, AtomsAndMassesAreThoseOfTheGroups) {
-    EXPECT_FLOAT_EQ(GroupMolarMass(Groups()[0]), 15.03494F);
-    EXPECT_EQ(GroupAtoms(Groups()[0]), 4);
+    EXPECT_FLOAT_EQ(group_molar_mass(Groups()[0]), 15.03494F);
+    EXPECT_EQ(group_atoms(Groups()[0]), 4);
     // C3H8O, C6H6, C2H4O2, CHClF2, C2H3N, CH3NO2, C4H4S, C6H7N, C5H5N, C3H3Br, CH3I.
     const struct {
         const char* groups;
@@ -114,8 +114,8 @@ TEST_F(Groups41, AtomsAndMassesAreThoseOfTheGroups) {
                      {"-CH3=1,-I=1", 141.939, 5}};
     for (const auto& m : molecules) {
         const GroupCounts groups = Molecule(m.groups);
-        EXPECT_NEAR(MolarMass(groups), m.M, 0.003) << m.groups;
-        EXPECT_EQ(NumberOfAtoms(groups), m.atoms) << m.groups;
+        EXPECT_NEAR(molar_mass(groups), m.M, 0.003) << m.groups;
+        EXPECT_EQ(number_of_atoms(groups), m.atoms) << m.groups;
     }
 }
 
@@ -123,14 +123,14 @@ TEST_F(Groups41, AcetoneIsTheWorkedExample) {
     // Worked example of the Joback method in its usual form, where the boiling point starts at
     // 198.2 K and the freezing point at 122.5 K; here they start at 198 K and 122 K.
     const GroupCounts acetone = Molecule("-CH3=2,>C=O (nonring)=1");
-    const CriticalData c = JobackCritical(acetone, 322.11);
-    EXPECT_NEAR(JobackBoilingPoint(acetone).value(), 322.11 - 0.2, 1e-3);
+    const CriticalData c = joback_critical(acetone, 322.11);
+    EXPECT_NEAR(joback_boiling_point(acetone).value(), 322.11 - 0.2, 1e-3);
     EXPECT_NEAR(c.Tf.value(), 173.5 - 0.5, 1e-3);
     EXPECT_NEAR(c.Tc.value(), 500.5590, 1e-3);
     EXPECT_NEAR(c.pc.value(), 4802.50, 0.01);
     EXPECT_NEAR(c.Vc.value(), 0.2095, 1e-7);
     EXPECT_NEAR(c.rhoc.value(), 58.080 / 0.2095, 0.01);
-    const Formation f = JobackFormation(acetone);
+    const Formation f = joback_formation(acetone);
     EXPECT_NEAR(f.dfh.value(), -217830, 0.1);
     EXPECT_NEAR(f.dfg.value(), -154540, 0.1);
     EXPECT_NEAR(CpAt(acetone, 300), 75.3264, 1e-3);
@@ -140,27 +140,27 @@ TEST_F(Groups41, EthylphenolIsTheWorkedExampleOfTheHandbook) {
     // 2-ethylphenol in B. E. Poling et al., The Properties of Gases and Liquids, 5th ed., ch. 2,
     // with the experimental boiling point of 477.67 K.
     const GroupCounts groups = Molecule("-CH3=1,-CH2-=1,=CH- (ring)=4,=C< (ring)=2,-OH (phenol)=1");
-    const CriticalData c = JobackCritical(groups, 477.67);
+    const CriticalData c = joback_critical(groups, 477.67);
     EXPECT_NEAR(c.Tc.value(), 698.1, 0.1);
     EXPECT_NEAR(c.pc.value(), 4409, 1);
     EXPECT_NEAR(c.Vc.value(), 0.3415, 1e-6);
     // Without it the groups give 489.54 K (198 + 291.54), and 715.5 K.
-    const CriticalData estimated = JobackCritical(groups);
+    const CriticalData estimated = joback_critical(groups);
     EXPECT_NEAR(estimated.Tb.value(), 198 + 23.58 + 22.88 + 4 * 26.73 + 2 * 31.01 + 76.34, 1e-3);
     EXPECT_NEAR(estimated.Tc.value() / estimated.Tb.value(), c.Tc.value() / 477.67, 1e-9);
 }
 
 TEST_F(Groups41, PropanolFollowsTheTable) {
     const GroupCounts groups = Molecule("-CH3=2,>CH-=1,-OH (alcohol)=1");
-    EXPECT_EQ(numbers::Format(MolarMass(groups), "0.0"), "60.1");
-    const CriticalData c = JobackCritical(groups, 355.41);
+    EXPECT_EQ(numbers::Format(molar_mass(groups), "0.0"), "60.1");
+    const CriticalData c = joback_critical(groups, 355.41);
     const double S = 2 * 0.0141 + 0.0164 + 0.0741;
     EXPECT_NEAR(c.Tc.value(), 355.41 / (0.584 + 0.965 * S - S * S), 1e-3);
     EXPECT_NEAR(c.pc.value(), 100 / std::pow(0.113 + 0.0032 * 12 - (-0.0024 + 0.0020 + 0.0112), 2),
                 0.01);
     EXPECT_NEAR(c.Vc.value(), (17.5 + 130 + 41 + 28) / 1000, 1e-7);
     EXPECT_NEAR(c.Tf.value(), 122 - 10.2 + 12.64 + 44.45, 1e-3);
-    const auto cp = JobackCp(groups);
+    const auto cp = joback_cp(groups);
     ASSERT_TRUE(cp.has_value());
     EXPECT_NEAR((*cp)[0], 39 - 23 + 25.7 - 37.93, 1e-5);
     EXPECT_NEAR((*cp)[1], -0.01616 + 0.204 - 0.0691 + 0.21, 1e-8);
@@ -200,12 +200,12 @@ TEST_F(Groups41, EstimatesLieNearMeasuredValues) {
     for (const Known& k : known) {
         SCOPED_TRACE(k.groups);
         const GroupCounts groups = Molecule(k.groups);
-        const CriticalData c = JobackCritical(groups, k.Tb);
+        const CriticalData c = joback_critical(groups, k.Tb);
         EXPECT_NEAR(c.Tc.value() / k.Tc, 1, 0.035);
         EXPECT_NEAR(c.pc.value() / k.pc, 1, 0.15);
         EXPECT_NEAR(c.Vc.value() / k.Vc, 1, 0.07);
-        EXPECT_NEAR(JobackBoilingPoint(groups).value(), k.Tb, 45);
-        const Formation f = JobackFormation(groups);
+        EXPECT_NEAR(joback_boiling_point(groups).value(), k.Tb, 45);
+        const Formation f = joback_formation(groups);
         EXPECT_NEAR(f.dfh.value(), k.dfh, 35000);
         EXPECT_NEAR(f.dfg.value(), k.dfg, 35000);
         EXPECT_NEAR(CpAt(groups, 298.15) / k.cp298, 1, 0.06);
@@ -214,12 +214,12 @@ TEST_F(Groups41, EstimatesLieNearMeasuredValues) {
 
 TEST_F(Groups41, NoGroupGivesNoValue) {
     const GroupCounts none{};
-    EXPECT_FALSE(JobackBoilingPoint(none));
-    EXPECT_FALSE(JobackCp(none));
-    EXPECT_FALSE(JobackFormation(none).dfh);
-    EXPECT_FALSE(JobackCritical(none).Tc);
-    EXPECT_EQ(FormationText(std::nullopt), " ---");
-    const CriticalData c = CalcCritical(none, 300);
+    EXPECT_FALSE(joback_boiling_point(none));
+    EXPECT_FALSE(joback_cp(none));
+    EXPECT_FALSE(joback_formation(none).dfh);
+    EXPECT_FALSE(joback_critical(none).Tc);
+    EXPECT_EQ(formation_text(std::nullopt), " ---");
+    const CriticalData c = calc_critical(none, 300);
     EXPECT_FALSE(c.pc);
     EXPECT_TRUE(user.inputs.empty());
     EXPECT_TRUE(user.messages.empty());
@@ -227,38 +227,38 @@ TEST_F(Groups41, NoGroupGivesNoValue) {
 
 TEST_F(Groups41, TheImineGroupRefusesCriticalData) {
     const GroupCounts groups = Molecule("-CH3=1,=NH=1");
-    const CriticalData c = CalcCritical(groups, 300);
+    const CriticalData c = calc_critical(groups, 300);
     EXPECT_FALSE(c.Tb || c.Tf || c.Tc || c.pc || c.Vc || c.rhoc);
     EXPECT_EQ(user.lastText(), "The increment (=NH) is not available for this calculation.");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_TRUE(user.inputs.empty());
-    EXPECT_FALSE(JobackCritical(groups, 300).Tc);
+    EXPECT_FALSE(joback_critical(groups, 300).Tc);
     // The other quantities have their increments.
-    EXPECT_NEAR(CalcFormation(groups).dfh.value(), 68290 - 76450 + 93700, 0.1);
-    EXPECT_TRUE(CalcCp(groups).has_value());
+    EXPECT_NEAR(calc_formation(groups).dfh.value(), 68290 - 76450 + 93700, 0.1);
+    EXPECT_TRUE(calc_cp(groups).has_value());
     EXPECT_EQ(user.messages.size(), 1U);
 }
 
 TEST_F(Groups41, TheAzoGroupLacksWhatWasNeverPublished) {
     const GroupCounts groups = Molecule("-CH3=2,-N= (nonring)=2");
-    const CriticalData c = CalcCritical(groups, 0);
+    const CriticalData c = calc_critical(groups, 0);
     EXPECT_TRUE(c.Tb && c.Tc && c.pc);
     EXPECT_FALSE(c.Vc || c.Tf || c.rhoc);
     EXPECT_EQ(user.lastText(),
               "The increment (-N= (nonring)) is not available for this calculation.");
     EXPECT_EQ(user.messages.size(), 1U);
-    const Formation f = CalcFormation(groups);
+    const Formation f = calc_formation(groups);
     EXPECT_NEAR(f.dfh.value(), 68290 - 152900 + 47220, 0.1);
     EXPECT_FALSE(f.dfg);
-    EXPECT_EQ(FormationText(f.dfg), " ---");
-    EXPECT_FALSE(CalcCp(groups));
+    EXPECT_EQ(formation_text(f.dfg), " ---");
+    EXPECT_FALSE(calc_cp(groups));
     EXPECT_EQ(user.messages.size(), 3U);
 }
 
 TEST_F(Groups41, TheBoilingPointIsAskedFor) {
     const GroupCounts groups = Molecule("-CH3=2,>C=O (nonring)=1");
     user.inputAnswers = {"329,4"};
-    CriticalData c = CalcCritical(groups, 0);
+    CriticalData c = calc_critical(groups, 0);
     ASSERT_EQ(user.inputs.size(), 1U);
     EXPECT_EQ(user.inputs[0].title, "Input Normal Boiling Temperature T(LV), NP");
     EXPECT_EQ(user.inputs[0].text,
@@ -271,44 +271,44 @@ TEST_F(Groups41, TheBoilingPointIsAskedFor) {
     EXPECT_NEAR(c.Tc.value(), 500.5590 / 322.11 * 329.4, 1e-3);
 
     user.inputAnswers = {""};
-    c = CalcCritical(groups, 329.22);
+    c = calc_critical(groups, 329.22);
     EXPECT_EQ(user.inputs[1].proposal, "329.2");
     EXPECT_NEAR(c.Tb.value(), 321.91, 1e-3);  // an empty answer keeps the estimate
     user.inputAnswers = {std::nullopt};
-    EXPECT_NEAR(CalcCritical(groups, 329.22).Tb.value(), 321.91, 1e-3);
+    EXPECT_NEAR(calc_critical(groups, 329.22).Tb.value(), 321.91, 1e-3);
     user.inputAnswers = {"nonsense"};
-    EXPECT_NEAR(CalcCritical(groups, 329.22).Tb.value(), 321.91, 1e-3);
+    EXPECT_NEAR(calc_critical(groups, 329.22).Tb.value(), 321.91, 1e-3);
 }
 
 TEST_F(Groups41, SenselessMoleculesHaveNoCriticalData) {
     // So many alcohol groups drive the denominator of Tc below zero.
-    const CriticalData c = JobackCritical(Molecule("-OH (alcohol)=40"));
+    const CriticalData c = joback_critical(Molecule("-OH (alcohol)=40"));
     EXPECT_FALSE(c.Tc);
-    const CriticalData acid = JobackCritical(Molecule("-OH (phenol)=99"));
+    const CriticalData acid = joback_critical(Molecule("-OH (phenol)=99"));
     EXPECT_FALSE(acid.pc);
     EXPECT_FALSE(acid.rhoc);  // Vc is negative
 }
 
 TEST_F(Groups41, LeeKeslerGivesKnownAcentricFactors) {
     // Measured: propane 0.152, n-hexane 0.301, benzene 0.210, n-decane 0.488, toluene 0.264.
-    EXPECT_NEAR(LeeKeslerOmega(231.04, 369.83, 4248).value(), 0.152, 0.006);
-    EXPECT_NEAR(LeeKeslerOmega(341.88, 507.6, 3025).value(), 0.301, 0.006);
-    EXPECT_NEAR(LeeKeslerOmega(353.24, 562.05, 4895).value(), 0.210, 0.006);
-    EXPECT_NEAR(LeeKeslerOmega(447.3, 617.7, 2110).value(), 0.488, 0.01);
-    EXPECT_NEAR(LeeKeslerOmega(383.78, 591.75, 4108).value(), 0.264, 0.006);
-    EXPECT_FALSE(LeeKeslerOmega(0, 500, 3000));
-    EXPECT_FALSE(LeeKeslerOmega(300, 0, 3000));
-    EXPECT_FALSE(LeeKeslerOmega(300, 500, 0));
-    EXPECT_FALSE(LeeKeslerOmega(500, 500, 3000));
+    EXPECT_NEAR(lee_kesler_omega(231.04, 369.83, 4248).value(), 0.152, 0.006);
+    EXPECT_NEAR(lee_kesler_omega(341.88, 507.6, 3025).value(), 0.301, 0.006);
+    EXPECT_NEAR(lee_kesler_omega(353.24, 562.05, 4895).value(), 0.210, 0.006);
+    EXPECT_NEAR(lee_kesler_omega(447.3, 617.7, 2110).value(), 0.488, 0.01);
+    EXPECT_NEAR(lee_kesler_omega(383.78, 591.75, 4108).value(), 0.264, 0.006);
+    EXPECT_FALSE(lee_kesler_omega(0, 500, 3000));
+    EXPECT_FALSE(lee_kesler_omega(300, 0, 3000));
+    EXPECT_FALSE(lee_kesler_omega(300, 500, 0));
+    EXPECT_FALSE(lee_kesler_omega(500, 500, 3000));
 }
 
 TEST_F(Groups41, OmegaIsShownOrItsNeedsAreTold) {
-    ShowOmega(231.04, 369.83, 4248);
+    show_omega(231.04, 369.83, 4248);
     EXPECT_EQ(user.lastTitle(), "Acentric Factor");
-    const double omega = LeeKeslerOmega(231.04, 369.83, 4248).value();
+    const double omega = lee_kesler_omega(231.04, 369.83, 4248).value();
     EXPECT_EQ(user.lastText(),
               " omega = 0." + std::to_string(static_cast<int>(omega * 1000 + 0.5)));
-    ShowOmega(231.04, 0, 4248);
+    show_omega(231.04, 0, 4248);
     EXPECT_EQ(user.lastText(),
               "Acentric Factor omega\nby using the LEE/KESLER method\n"
               "T(LV),NP, T(cr) and p(cr)\nare needed");
@@ -316,17 +316,17 @@ TEST_F(Groups41, OmegaIsShownOrItsNeedsAreTold) {
 
 TEST_F(Groups41, FormationGoesToTheRecordAndTheEditor) {
     models::SubstanceRecord s;
-    TransferFormation({-217830, -154540}, s);
+    transfer_formation({-217830, -154540}, s);
     EXPECT_FLOAT_EQ(s.dfh, -217830);
     EXPECT_FLOAT_EQ(s.dfg, -154540);
     EXPECT_FLOAT_EQ(s.dfs, static_cast<float>((-217830.0 + 154540.0) / 298.15));
     // Values that are missing or zero leave what is there.
-    TransferFormation({std::nullopt, 0}, s);
+    transfer_formation({std::nullopt, 0}, s);
     EXPECT_FLOAT_EQ(s.dfh, -217830);
     EXPECT_FLOAT_EQ(s.dfg, -154540);
     datafiles::EditorTexts editor;
     editor[45] = "before";
-    TransferFormation({-217830, std::nullopt}, editor);
+    transfer_formation({-217830, std::nullopt}, editor);
     EXPECT_EQ(editor[44], "-217830");
     EXPECT_EQ(editor[45], "before");
 }
@@ -334,14 +334,14 @@ TEST_F(Groups41, FormationGoesToTheRecordAndTheEditor) {
 TEST_F(Groups41, CpGoesToTheRecordAndTheEditorWithItsRange) {
     models::SubstanceRecord s;
     s.cpPoly.c[2] = 5;
-    TransferCp({10, 0.25, 0, -1.5e-7}, s);
+    transfer_cp({10, 0.25, 0, -1.5e-7}, s);
     EXPECT_EQ(s.cpPoly.c, (std::array<float, 5>{10, 0.25F, 5, -1.5e-7F, 1e-37F}));
     EXPECT_EQ(s.cpPoly.TLo, 250);
     EXPECT_EQ(s.cpPoly.THi, 1000);
     EXPECT_TRUE(s.hasCpPoly);
     datafiles::EditorTexts editor;
     editor[30] = " 5";
-    TransferCp({10, 0.25, 0, -1.5e-7}, editor);
+    transfer_cp({10, 0.25, 0, -1.5e-7}, editor);
     EXPECT_EQ(editor[28], " 10");
     EXPECT_EQ(editor[29], " 0.25");
     EXPECT_EQ(editor[30], " 5");
@@ -352,16 +352,16 @@ TEST_F(Groups41, CpGoesToTheRecordAndTheEditorWithItsRange) {
 }
 
 TEST_F(Groups41, TextsHaveTheirFormats) {
-    EXPECT_EQ(FormationText(-217830.04), "-217830.040");
-    EXPECT_EQ(TemperatureText(500.559), "500.6");
-    EXPECT_EQ(PressureText(4802.5), "4802.500");
+    EXPECT_EQ(formation_text(-217830.04), "-217830.040");
+    EXPECT_EQ(temperature_text(500.559), "500.6");
+    EXPECT_EQ(pressure_text(4802.5), "4802.500");
     EXPECT_EQ(VolumeText(0.2095), "0.2095");
     EXPECT_EQ(VolumeText(0.21), "0.21");
-    EXPECT_EQ(DensityText(277.23), "277.2");
-    EXPECT_EQ(DensityTooltip(Molecule("-CH3=1")),
+    EXPECT_EQ(density_text(277.23), "277.2");
+    EXPECT_EQ(density_tooltip(Molecule("-CH3=1")),
               "critical density calculated from v(cr) by using M = 15.03494 kg/kmol ");
     numbers::set_decimal_mark(',');
-    EXPECT_EQ(PressureText(4802.5), "4802,500");
+    EXPECT_EQ(pressure_text(4802.5), "4802,500");
 }
 
 TEST_F(Groups41, ListsOfGroupsAreRead) {
@@ -369,22 +369,22 @@ TEST_F(Groups41, ListsOfGroupsAreRead) {
     expected[0] = 2;
     expected[2] = 1;
     expected[19] = 1;
-    EXPECT_EQ(ParseGroups("-CH3=2, >CH-=1 ,-OH (alcohol)=1"), expected);
-    EXPECT_EQ(ParseGroups("#1=1,#3=1,#20=1,#1=1"), expected);
-    EXPECT_EQ(ParseGroups(""), GroupCounts{});
+    EXPECT_EQ(parse_groups("-CH3=2, >CH-=1 ,-OH (alcohol)=1"), expected);
+    EXPECT_EQ(parse_groups("#1=1,#3=1,#20=1,#1=1"), expected);
+    EXPECT_EQ(parse_groups(""), GroupCounts{});
     GroupCounts ring{};
     ring[10] = 6;
-    EXPECT_EQ(ParseGroups("-CH2- (ring)=6"), ring);
+    EXPECT_EQ(parse_groups("-CH2- (ring)=6"), ring);
     GroupCounts imine{};
     imine[35] = 1;
     imine[9] = 2;
-    EXPECT_EQ(ParseGroups("=NH=1,-=C-=2"), imine);
+    EXPECT_EQ(parse_groups("=NH=1,-=C-=2"), imine);
     for (const char* bad : {"-CH3", "-CH3=", "-CH3=x", "-CH3=-1", "CH3=1", "#0=1", "#42=1", "#=1",
                             "#x=1", "-CH3=1,,", "-CH3=99999", "-O- (ring) (ring)=1"})
-        EXPECT_FALSE(ParseGroups(bad).has_value()) << bad;
-    EXPECT_EQ(GroupCount(""), 0);
-    EXPECT_EQ(GroupCount(" 3"), 3);
-    EXPECT_EQ(GroupCount("12345678"), 9999);
+        EXPECT_FALSE(parse_groups(bad).has_value()) << bad;
+    EXPECT_EQ(group_count(""), 0);
+    EXPECT_EQ(group_count(" 3"), 3);
+    EXPECT_EQ(group_count("12345678"), 9999);
 }
 
 }  // namespace

@@ -7,15 +7,15 @@ using namespace quor;
 namespace {
 
 using namespace fit_support;
-using estimation::FactorisePacked;
+using estimation::factorise_packed;
 using estimation::kBounds;
 using estimation::kNoStdDev;
-using estimation::MarquardtNashFitting;
+using estimation::marquardt_nash_fitting;
 using estimation::MarquardtResult;
 using estimation::Mask;
-using estimation::PackedIndex;
+using estimation::packed_index;
 using estimation::PackedMatrix;
-using estimation::SolvePacked;
+using estimation::solve_packed;
 
 std::int16_t Active(const FitProblem& problem) {
     return static_cast<std::int16_t>(static_cast<int>(problem.points.size()) - problem.NInactive);
@@ -44,7 +44,7 @@ TEST(Marquardt, AStraightLineIsTheClosedFormOne) {
 
     FitProblem problem = Problem(Line, 2, points);
     Parameters par{100, -50}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, Active(problem), par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, Active(problem), par, stdDev);
     EXPECT_FALSE(r.failed);
     EXPECT_NEAR(par[0], intercept, 1e-6);
     EXPECT_NEAR(par[1], slope, 1e-6);
@@ -58,7 +58,7 @@ TEST(Marquardt, AllParametersFixedEndsAtTheStart) {
     FitProblem problem = Problem(Line, 2, points);
     problem.fixed = {true, true};
     Parameters par{0.25, 2}, stdDev{7, 7};
-    const MarquardtResult r = MarquardtNashFitting(problem, 3, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
     EXPECT_FALSE(r.failed);
     EXPECT_EQ(par[0], 0.25);
     EXPECT_EQ(par[1], 2);
@@ -73,7 +73,7 @@ TEST(Marquardt, AFixedParameterKeepsItsValue) {
     FitProblem problem = Problem(Line, 2, points);
     problem.fixed = {true, false};
     Parameters par{1, 0}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, 4, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
     // Through (0, 1): slope = sum x (y - 1) / sum x^2.
     EXPECT_EQ(par[0], 1);
     EXPECT_NEAR(par[1], (4 + 12 + 24 + 40) / 30.0, 1e-7);
@@ -87,7 +87,7 @@ TEST(Marquardt, AStartBeyondABoundMovesOntoItAndLeavesItInwards) {
     FitProblem problem = Problem(Constant, 1, points);
     for (const double start : {9000.0, -9000.0}) {
         Parameters par{start}, stdDev{};
-        const MarquardtResult r = MarquardtNashFitting(problem, 3, par, stdDev);
+        const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
         EXPECT_FALSE(r.failed);
         EXPECT_NEAR(par[0], 3, 1e-6);
         EXPECT_EQ(r.mask[0], Mask::Free);
@@ -99,7 +99,7 @@ TEST(Marquardt, AParameterRestsOnItsBoundWhenTheGradientLeadsOut) {
     const auto points = Points({{1, 7000}, {2, 7000}, {3, 7000}});
     FitProblem problem = Problem(Constant, 1, points);
     Parameters par{6000}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, 3, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
     EXPECT_EQ(par[0], 5000);
     EXPECT_EQ(r.mask[0], Mask::AtUpper);
     EXPECT_EQ(stdDev[0], 0);
@@ -112,7 +112,7 @@ TEST(Marquardt, AStepIsCutShortAtABoundAndTheOthersGoOn) {
     const auto points = Points({{1, 6002}, {2, 6004}, {3, 6006}, {4, 6008}});
     FitProblem problem = Problem(Line, 2, points);
     Parameters par{1, 1}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, 4, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
     EXPECT_FALSE(r.failed);
     EXPECT_NEAR(par[0], 5000, 1e-9);
     EXPECT_EQ(r.mask[0], Mask::AtUpper);
@@ -123,7 +123,7 @@ TEST(Marquardt, AStartExactlyOnABoundWithAnOutwardGradientStays) {
     const auto points = Points({{1, -7000}, {2, -7000}, {3, -7000}});
     FitProblem problem = Problem(Constant, 1, points);
     Parameters par{-5000}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, 3, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
     EXPECT_FALSE(r.failed);
     EXPECT_EQ(par[0], -5000);
     EXPECT_EQ(r.accepted, 0);
@@ -150,7 +150,7 @@ TEST(Marquardt, LastPointsBehindInactiveOnesDoNotEnterTheMatrix) {
     const auto points = TwoInactive(0, 100);
     FitProblem problem = Problem(Constant, 1, points);
     Parameters par{0}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, Active(problem), par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, Active(problem), par, stdDev);
     // The matrix sees only zeros: no gradient, although 25 would have the least sum of squares.
     EXPECT_NEAR(par[0], 0, 1e-12);
     EXPECT_DOUBLE_EQ(r.minimum, 20000);
@@ -161,7 +161,7 @@ TEST(Marquardt, StepsThatOnlyTheMatrixLikesAreRejected) {
     const auto points = TwoInactive(0, 100);
     FitProblem problem = Problem(Constant, 1, points);
     Parameters par{25}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, Active(problem), par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, Active(problem), par, stdDev);
     EXPECT_GT(r.evaluations, 5);
     EXPECT_NEAR(par[0], 25, 1e-5);
 }
@@ -171,12 +171,12 @@ TEST(Marquardt, NoDegreeOfFreedomGivesNoStandardDeviation) {
     FitProblem problem = Problem(Line, 2, points);
     problem.NInactive = 0;
     Parameters par{0, 0}, stdDev{};
-    MarquardtNashFitting(problem, 2, par, stdDev);
+    marquardt_nash_fitting(problem, 2, par, stdDev);
     EXPECT_EQ(stdDev[0], kNoStdDev);
     EXPECT_EQ(stdDev[1], kNoStdDev);
     // One parameter fixed leaves a degree of freedom.
     problem.fixed = {true, false};
-    MarquardtNashFitting(problem, 2, par, stdDev);
+    marquardt_nash_fitting(problem, 2, par, stdDev);
     EXPECT_GT(stdDev[1], 0);
 }
 
@@ -189,7 +189,7 @@ TEST(Marquardt, ASingularMatrixGivesNoStandardDeviationButAFit) {
     const auto points = Points({{1, 2}, {2, 4.1}, {3, 5.9}, {4, 8}});
     FitProblem problem = Problem(SecondWithoutInfluence, 2, points);
     Parameters par{0, 42}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, 4, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
     EXPECT_FALSE(r.failed);
     EXPECT_TRUE(r.singular);
     EXPECT_NEAR(par[0], (2 + 8.2 + 17.7 + 32) / 30, 1e-6);
@@ -202,7 +202,7 @@ TEST(Marquardt, TheSumReturnedIsTheOneOfTheLastProbe) {
     const auto points = Points({{1, 1}, {2, 2}, {3, 6}});
     FitProblem problem = Problem(Constant, 1, points);
     Parameters par{0}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, 3, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
     const double probe = par[0] + ProbeStep(par[0]);
     const double squares = std::pow(probe - 1, 2) + std::pow(probe - 2, 2) + std::pow(probe - 6, 2);
     EXPECT_NEAR(par[0], 3, 1e-6);
@@ -224,7 +224,7 @@ TEST(Marquardt, TheLimitOfMatricesEndsTheFit) {
     const auto points = Points({{1, 0}, {2, 0}, {3, 0}, {4, 0}});
     FitProblem problem = Problem(EverBetter, 2, points);
     Parameters par{1, 1}, stdDev{5, 5};
-    const MarquardtResult r = MarquardtNashFitting(problem, 4, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
     EXPECT_TRUE(r.failed);
     EXPECT_EQ(r.matrices, 251);
     EXPECT_FALSE(r.hasStdDev);
@@ -236,7 +236,7 @@ TEST(Marquardt, TheLimitOfEvaluationsEndsTheFit) {
     const auto points = Points({{1, 0}, {2, 0}, {3, 0}, {4, 0}});
     FitProblem problem = Problem(EverBetter, 1, points);
     Parameters par{1}, stdDev{5};
-    const MarquardtResult r = MarquardtNashFitting(problem, 4, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
     EXPECT_TRUE(r.failed);
     EXPECT_EQ(r.evaluations, 201);
     EXPECT_EQ(stdDev[0], 5);
@@ -251,7 +251,7 @@ TEST(Marquardt, SumsBeyondEveryNumberEndTheFit) {
     const auto points = Points({{1, 0}, {2, 0}, {3, 0}});
     FitProblem problem = Problem(BeyondEveryNumber, 1, points);
     Parameters par{1}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, 3, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
     EXPECT_TRUE(r.failed);
     EXPECT_TRUE(std::isfinite(r.sumSquares));
     EXPECT_TRUE(std::isfinite(par[0]));
@@ -266,16 +266,16 @@ TEST(Marquardt, AFailedEvaluationLeavesTheResidualAsItWas) {
     const auto points = Points({{1, 10}, {3, 1}, {1.5, 20}, {4, 2}});
     FitProblem problem = Problem(FailsBelowTwo, 1, points);
     double res = 0.125;
-    EXPECT_FALSE(CalcResiduals(problem, {2}, 0, res));
+    EXPECT_FALSE(calc_residuals(problem, {2}, 0, res));
     EXPECT_EQ(res, 0.125);
-    EXPECT_TRUE(CalcResiduals(problem, {2}, 1, res));
+    EXPECT_TRUE(calc_residuals(problem, {2}, 1, res));
     EXPECT_EQ(res, 5);
     EXPECT_EQ(problem.failedEvaluations, 1);
 
     // The first point counts 0, the third repeats the residual of the second.
     double sum = 0;
     std::int16_t count = 41;
-    calcFQS_Marquardt(problem, {2}, sum, count);
+    calc_fqs_marquardt(problem, {2}, sum, count);
     EXPECT_EQ(sum, 0 + 25 + 25 + 36);
     EXPECT_EQ(count, 42);
     EXPECT_EQ(problem.failedEvaluations, 3);
@@ -286,12 +286,12 @@ TEST(Marquardt, LogarithmicResidualsFailForValuesThatAreNotPositive) {
     FitProblem problem = Problem(Constant, 1, points);
     problem.logarithmic = true;
     double res = 7;
-    EXPECT_TRUE(CalcResiduals(problem, {3}, 0, res));
+    EXPECT_TRUE(calc_residuals(problem, {3}, 0, res));
     EXPECT_DOUBLE_EQ(res, std::log(3.0) - std::log(2.0));
-    EXPECT_FALSE(CalcResiduals(problem, {3}, 1, res));
-    EXPECT_FALSE(CalcResiduals(problem, {3}, 2, res));
-    EXPECT_FALSE(CalcResiduals(problem, {-3}, 0, res));
-    EXPECT_FALSE(CalcResiduals(problem, {0}, 0, res));
+    EXPECT_FALSE(calc_residuals(problem, {3}, 1, res));
+    EXPECT_FALSE(calc_residuals(problem, {3}, 2, res));
+    EXPECT_FALSE(calc_residuals(problem, {-3}, 0, res));
+    EXPECT_FALSE(calc_residuals(problem, {0}, 0, res));
     EXPECT_DOUBLE_EQ(res, std::log(3.0) - std::log(2.0));
 }
 
@@ -308,7 +308,7 @@ TEST(Marquardt, DerivativesAreForwardDifferencesOfAllParameters) {
     const Parameters par{0.3, -0.7};
     double res = 0;
     Parameters d{};
-    CalcAbleitungen(problem, par, 0, res, d);
+    calc_ableitungen(problem, par, 0, res, d);
     const auto f = [](double a, double b) { return 10 * a * std::exp(0.5 * b * 2) - 5; };
     EXPECT_DOUBLE_EQ(res, f(0.3, -0.7));
     const double h0 = (0.3 + 1.7e-7) * 1.7e-7, h1 = (0.7 + 1.7e-7) * 1.7e-7;
@@ -323,7 +323,7 @@ TEST(Marquardt, AStepFromZeroIsLostInLargeValues) {
     const auto points = Points({{1, 6000}, {2, 6000}, {3, 6000}});
     FitProblem problem = Problem(Constant, 1, points);
     Parameters par{0}, stdDev{};
-    const MarquardtResult r = MarquardtNashFitting(problem, 3, par, stdDev);
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
     EXPECT_EQ(r.accepted, 0);
     EXPECT_NEAR(par[0], 0, 1e-12);
 }
@@ -333,7 +333,7 @@ TEST(Marquardt, APointOutsideOfTheModelsRangeHasNoDerivative) {
     FitProblem problem = Problem(FailsBelowTwo, 1, points);
     double res = 3;
     Parameters d{9};
-    CalcAbleitungen(problem, {2}, 0, res, d);
+    calc_ableitungen(problem, {2}, 0, res, d);
     EXPECT_EQ(res, 3);
     EXPECT_EQ(d[0], 0);
 }
@@ -343,11 +343,11 @@ TEST(Marquardt, PackedCholeskySolvesWithAMask) {
     const double full[3][3] = {{4, 2, 1}, {2, 5, 3}, {1, 3, 6}};
     PackedMatrix a{};
     for (std::size_t i = 0; i < 3; ++i)
-        for (std::size_t j = 0; j <= i; ++j) a[PackedIndex(i, j)] = full[i][j];
+        for (std::size_t j = 0; j <= i; ++j) a[packed_index(i, j)] = full[i][j];
     std::array<Mask, 7> mask{Mask::Free, Mask::Fixed, Mask::Free};
-    ASSERT_TRUE(FactorisePacked(a, 3, mask));
+    ASSERT_TRUE(factorise_packed(a, 3, mask));
     Parameters x{9, 100, 8};
-    SolvePacked(a, 3, mask, x);
+    solve_packed(a, 3, mask, x);
     // [4 1; 1 6] x = [9; 8] has the determinant 23.
     EXPECT_NEAR(x[0], (9 * 6 - 8) / 23.0, 1e-14);
     EXPECT_EQ(x[1], 0);
@@ -356,15 +356,15 @@ TEST(Marquardt, PackedCholeskySolvesWithAMask) {
 
 TEST(Marquardt, PackedCholeskyRefusesAPivotThatIsNotPositive) {
     PackedMatrix a{};
-    a[PackedIndex(0, 0)] = 1;
-    a[PackedIndex(1, 0)] = 2;
-    a[PackedIndex(1, 1)] = 4;
-    EXPECT_FALSE(FactorisePacked(a, 2, {Mask::Free, Mask::Free}));
+    a[packed_index(0, 0)] = 1;
+    a[packed_index(1, 0)] = 2;
+    a[packed_index(1, 1)] = 4;
+    EXPECT_FALSE(factorise_packed(a, 2, {Mask::Free, Mask::Free}));
     PackedMatrix held = a;
-    EXPECT_TRUE(FactorisePacked(held, 2, {Mask::Free, Mask::AtUpper}));
+    EXPECT_TRUE(factorise_packed(held, 2, {Mask::Free, Mask::AtUpper}));
     PackedMatrix infinite{};
     infinite[0] = std::numeric_limits<double>::infinity();
-    EXPECT_FALSE(FactorisePacked(infinite, 1, {Mask::Free}));
+    EXPECT_FALSE(factorise_packed(infinite, 1, {Mask::Free}));
 }
 
 }  // namespace

@@ -117,8 +117,8 @@ TEST(Nist, NonlinearSetsGiveTheirCertifiedResults) {
             const auto n = static_cast<std::size_t>(set.nPar);
             Parameters par{}, stdDev{};
             for (std::size_t i = 0; i < n; ++i) par[i] = start[i] / set.scale[i];
-            const auto r = MarquardtNashFitting(problem, static_cast<std::int16_t>(points.size()),
-                                                par, stdDev);
+            const auto r = marquardt_nash_fitting(problem, static_cast<std::int16_t>(points.size()),
+                                                  par, stdDev);
             EXPECT_FALSE(r.failed);
             EXPECT_NEAR(r.minimum / set.squares, 1, 1e-5);
             for (std::size_t i = 0; i < n; ++i) {
@@ -144,7 +144,7 @@ TEST(Nist, TwoHundredPointsWithSevenParametersTakeBelowFiftyMilliseconds) {
     Parameters par{}, stdDev{};
     for (std::size_t i = 0; i < 7; ++i) par[i] = thurber.starts[0][i] / thurber.scale[i];
     const auto start = std::chrono::steady_clock::now();
-    const auto r = MarquardtNashFitting(problem, 200, par, stdDev);
+    const auto r = marquardt_nash_fitting(problem, 200, par, stdDev);
     const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
     EXPECT_FALSE(r.failed);
     EXPECT_LT(time.count(), 50);
@@ -160,10 +160,10 @@ TEST(Nist, Mgh10IsAnAntoineEquation) {
     FitState state = State(4, Points(x, y));
     state.FitStart = {std::log(0.02), -4000, 250 + 273.15};
     state.FitLogSQ = true;  // the logarithmic sum leads close to the other one
-    ASSERT_TRUE(StartFit(state));
-    TakeAllResultsAsStart(state);
+    ASSERT_TRUE(start_fit(state));
+    take_all_results_as_start(state);
     state.FitLogSQ = false;
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_NEAR(std::exp(state.FitPar[0]) / 5.6096364710E-03, 1, 1e-5);
     EXPECT_NEAR(state.FitPar[1] / -6.1813463463E+03, 1, 1e-6);
     EXPECT_NEAR((state.FitPar[2] - 273.15) / 3.4522363462E+02, 1, 1e-6);
@@ -185,7 +185,7 @@ TEST(Nist, NorrisIsTheLinearModelWithTwoParameters) {
                 {0.5, 0.2}});
     FitState state = State(0, points);
     state.FitFixed = {false, false, true, true, true, true};
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_NEAR(state.FitPar[0] / -0.262323073774029, 1, 1e-5);
     EXPECT_NEAR(state.FitPar[1] / 1.00211681802045, 1, 3e-8);
     EXPECT_NEAR(state.FitStdDev[0] / 0.232818234301152, 1, 1e-5);
@@ -208,16 +208,16 @@ TEST(Nist, WamplerPolynomialsHaveTheirCoefficients) {
     // The normal equations of a fifth degree lose about half of the digits.
     FitState state = State(0, Points(x, y1));
     state.FitFixed = {};
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     for (std::size_t i = 0; i < 6; ++i) EXPECT_NEAR(state.FitPar[i], 1, 2e-4) << i;
 
     state.FitPoints = Points(x, y2);
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     for (std::size_t i = 0; i < 6; ++i)
         EXPECT_NEAR(state.FitPar[i] * std::pow(10, i), 1, 1e-3) << i;
 
     state.FitPoints = Points(x, y3);
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     const double deviation[] = {2152.32624678170, 2363.55173469681, 779.343524331583,
                                 101.475507550350, 5.64566512170752, 0.112324854679312};
     for (std::size_t i = 0; i < 6; ++i) {

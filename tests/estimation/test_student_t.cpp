@@ -6,8 +6,8 @@ using namespace quor;
 
 namespace {
 
-using estimation::IncompleteBeta;
-using estimation::StudentTQuantile;
+using estimation::incomplete_beta;
+using estimation::student_t_quantile;
 
 TEST(StudentT, QuantilesAreThoseOfTheTables) {
     // Two-sided 95 % and 99 % points, as in every table of the distribution.
@@ -19,43 +19,43 @@ TEST(StudentT, QuantilesAreThoseOfTheTables) {
                  {20, 2.08596345, 2.84533971}, {30, 2.04227246, 2.74999565},
                  {60, 2.00029782, 2.66028303}, {120, 1.97993041, 2.61742114}};
     for (const auto& row : table) {
-        EXPECT_NEAR(StudentTQuantile(0.975, row.freedom), row.t95, 6e-9 * row.t95) << row.freedom;
-        EXPECT_NEAR(StudentTQuantile(0.995, row.freedom), row.t99, 6e-9 * row.t99) << row.freedom;
+        EXPECT_NEAR(student_t_quantile(0.975, row.freedom), row.t95, 6e-9 * row.t95) << row.freedom;
+        EXPECT_NEAR(student_t_quantile(0.995, row.freedom), row.t99, 6e-9 * row.t99) << row.freedom;
     }
 }
 
 TEST(StudentT, OneAndTwoDegreesOfFreedomFollowTheirClosedForms) {
     for (const double p : {0.5001, 0.6, 0.75, 0.9, 0.99, 0.9999, 1 - 1e-9}) {
         const double cauchy = std::tan(std::numbers::pi * (p - 0.5));
-        EXPECT_NEAR(StudentTQuantile(p, 1) / cauchy, 1, 2e-7) << p;
+        EXPECT_NEAR(student_t_quantile(p, 1) / cauchy, 1, 2e-7) << p;
         const double two = (2 * p - 1) / std::sqrt(2 * p * (1 - p));
-        EXPECT_NEAR(StudentTQuantile(p, 2) / two, 1, 2e-7) << p;
+        EXPECT_NEAR(student_t_quantile(p, 2) / two, 1, 2e-7) << p;
     }
 }
 
 TEST(StudentT, LargeFreedomApproachesTheNormalDistribution) {
-    EXPECT_NEAR(StudentTQuantile(0.975, 1e6),
+    EXPECT_NEAR(student_t_quantile(0.975, 1e6),
                 1.959963985 + (1.959963985 + std::pow(1.959963985, 3)) / 4e6, 1e-8);
 }
 
 TEST(StudentT, LowerQuantilesMirrorTheUpperOnes) {
-    EXPECT_DOUBLE_EQ(StudentTQuantile(0.5, 7), 0);
+    EXPECT_DOUBLE_EQ(student_t_quantile(0.5, 7), 0);
     for (const double p : {0.51, 0.7, 0.975})
-        EXPECT_NEAR(StudentTQuantile(1 - p, 7), -StudentTQuantile(p, 7), 1e-9);
+        EXPECT_NEAR(student_t_quantile(1 - p, 7), -student_t_quantile(p, 7), 1e-9);
 }
 
 TEST(StudentT, IncompleteBetaFollowsItsClosedForms) {
     for (const double x : {0.0, 0.001, 0.1, 0.35, 0.5, 0.77, 0.999, 1.0}) {
-        EXPECT_NEAR(IncompleteBeta(1, 1, x), x, 1e-14);
-        EXPECT_NEAR(IncompleteBeta(3, 1, x), x * x * x, 1e-14);
-        EXPECT_NEAR(IncompleteBeta(1, 4, x), 1 - std::pow(1 - x, 4), 1e-14);
-        EXPECT_NEAR(IncompleteBeta(0.5, 0.5, x), 2 / std::numbers::pi * std::asin(std::sqrt(x)),
+        EXPECT_NEAR(incomplete_beta(1, 1, x), x, 1e-14);
+        EXPECT_NEAR(incomplete_beta(3, 1, x), x * x * x, 1e-14);
+        EXPECT_NEAR(incomplete_beta(1, 4, x), 1 - std::pow(1 - x, 4), 1e-14);
+        EXPECT_NEAR(incomplete_beta(0.5, 0.5, x), 2 / std::numbers::pi * std::asin(std::sqrt(x)),
                     1e-13);
         // Three successes of five: sum of binomial terms.
         const double tail = 10 * std::pow(x, 3) * std::pow(1 - x, 2) +
                             5 * std::pow(x, 4) * (1 - x) + std::pow(x, 5);
-        EXPECT_NEAR(IncompleteBeta(3, 3, x), tail, 1e-14);
-        EXPECT_NEAR(IncompleteBeta(2.5, 7, x) + IncompleteBeta(7, 2.5, 1 - x), 1, 1e-13);
+        EXPECT_NEAR(incomplete_beta(3, 3, x), tail, 1e-14);
+        EXPECT_NEAR(incomplete_beta(2.5, 7, x) + incomplete_beta(7, 2.5, 1 - x), 1, 1e-13);
     }
 }
 

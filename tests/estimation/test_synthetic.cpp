@@ -9,14 +9,14 @@ namespace {
 
 using namespace fit_support;
 using estimation::kNoStdDev;
-using estimation::ProposedStartValues;
-using estimation::ProposeStartValues;
+using estimation::propose_start_values;
+using estimation::proposed_start_values;
 
 class SyntheticFit : public SessionTest {};
 
 TEST_F(SyntheticFit, EveryModelIsThere) {
     std::vector<std::int16_t> numbers;
-    for (const auto& row : estimation::FitModels()) numbers.push_back(row.number);
+    for (const auto& row : estimation::fit_models()) numbers.push_back(row.number);
     EXPECT_EQ(numbers,
               (std::vector<std::int16_t>{0, 1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 14, 15, 16, 17, 18}));
     for (const std::int16_t number : numbers) {
@@ -26,24 +26,24 @@ TEST_F(SyntheticFit, EveryModelIsThere) {
         })) << number;
     }
     for (const int placeholder : {2, 12, 13, 19, -1})
-        EXPECT_EQ(estimation::FindModel(static_cast<std::int16_t>(placeholder)), nullptr);
+        EXPECT_EQ(estimation::find_model(static_cast<std::int16_t>(placeholder)), nullptr);
 }
 
 TEST_F(SyntheticFit, KnownParametersComeBackFromProposedStarts) {
     for (const Synthetic& set : AllSynthetic()) {
         for (const bool logarithmic : {false, true}) {
-            SCOPED_TRACE(NameOf(set) + (logarithmic ? " log" : " plain"));
+            SCOPED_TRACE(name_of(set) + (logarithmic ? " log" : " plain"));
             FitState state = SyntheticState(set, 40);
             ASSERT_EQ(state.NPoints, 40);
             state.FitLogSQ = logarithmic;
-            ASSERT_TRUE(ProposeStartValues(state));
-            ASSERT_TRUE(StartFit(state));
+            ASSERT_TRUE(propose_start_values(state));
+            ASSERT_TRUE(start_fit(state));
             EXPECT_LT(WorstDeviation(state), 5e-6);
             EXPECT_FALSE(state.report.endedAtLimit);
             EXPECT_EQ(state.report.failedPoints, 0);
             for (int i = 0; i < state.NPar; ++i) {
                 const auto k = static_cast<std::size_t>(i);
-                if (estimation::FindModel(set.model)->computed == i) continue;
+                if (estimation::find_model(set.model)->computed == i) continue;
                 // Points of 32 bits leave strongly correlated parameters a little room.
                 EXPECT_NEAR(state.FitPar[k], set.truth[k], 2e-3 * std::fabs(set.truth[k])) << i;
             }
@@ -56,16 +56,16 @@ TEST_F(SyntheticFit, TheModelsOwnStartsLeadToTheResultOrSayThatTheyDoNot) {
     int lost = 0;
     for (const Synthetic& set : AllSynthetic()) {
         for (const bool logarithmic : {false, true}) {
-            SCOPED_TRACE(NameOf(set) + (logarithmic ? " log" : " plain"));
+            SCOPED_TRACE(name_of(set) + (logarithmic ? " log" : " plain"));
             FitState state = SyntheticState(set, 40);
             state.FitLogSQ = logarithmic;
-            ASSERT_TRUE(StartFit(state));
+            ASSERT_TRUE(start_fit(state));
             if (WorstDeviation(state) < 5e-6) continue;
             ++lost;
             // The implicit and the sinh/cosh forms have no value far away from their parameters.
             EXPECT_TRUE(set.model == 5 || set.model == 6 || set.model == 18);
             EXPECT_FALSE(logarithmic);
-            EXPECT_FALSE(FitNotes(state).empty());
+            EXPECT_FALSE(fit_notes(state).empty());
         }
     }
     EXPECT_LE(lost, 5);
@@ -74,14 +74,14 @@ TEST_F(SyntheticFit, TheModelsOwnStartsLeadToTheResultOrSayThatTheyDoNot) {
 TEST_F(SyntheticFit, StandardDeviationsAgreeWithTheStatisticsOfAllPoints) {
     for (const Synthetic& set : AllSynthetic()) {
         if (set.model == 16) continue;  // its E has no influence
-        SCOPED_TRACE(NameOf(set));
+        SCOPED_TRACE(name_of(set));
         FitState state = SyntheticState(set, 40);
         // An error that alternates from point to point, 0.1 per cent.
         for (std::size_t i = 0; i < state.FitPoints.size(); ++i)
             state.FitPoints[i].y *= i % 2 == 0 ? 1.001F : 0.999F;
         state.FitLogSQ = true;
-        ASSERT_TRUE(ProposeStartValues(state));
-        ASSERT_TRUE(StartFit(state));
+        ASSERT_TRUE(propose_start_values(state));
+        ASSERT_TRUE(start_fit(state));
         ASSERT_TRUE(state.report.hasCorrelation);
         for (int i = 0; i < state.NPar; ++i) {
             const auto k = static_cast<std::size_t>(i);
@@ -97,14 +97,14 @@ TEST_F(SyntheticFit, ProposalsHonourFixedParameters) {
     FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 280, 450}, 30);
     state.FitFixed = {false, false, true};
     state.FitStart[2] = 230;
-    const auto proposal = ProposedStartValues(state);
+    const auto proposal = proposed_start_values(state);
     ASSERT_TRUE(proposal.has_value());
     EXPECT_EQ((*proposal)[2], 230);
     EXPECT_NEAR((*proposal)[1], 1730.63, 50);
 
     state.FitFixed = {true, false, false};
     state.FitStart = {7.1962, 0, 200};
-    const auto second = ProposedStartValues(state);
+    const auto second = proposed_start_values(state);
     ASSERT_TRUE(second.has_value());
     EXPECT_EQ((*second)[0], 7.1962);
     EXPECT_NEAR((*second)[1], 1730.63, 0.1);
@@ -114,7 +114,7 @@ TEST_F(SyntheticFit, ProposalsHonourFixedParameters) {
 TEST_F(SyntheticFit, ProposalsHoldWhatThePointsCannotTell) {
     // Two points tell two parameters apart; the third keeps its start value.
     FitState state = State(3, Points({{300, 3.5}, {350, 41.7}}), WaterLike());
-    const auto proposal = ProposedStartValues(state);
+    const auto proposal = proposed_start_values(state);
     ASSERT_TRUE(proposal.has_value());
     EXPECT_EQ((*proposal)[2], -1);
     for (const auto& p : state.FitPoints) {
@@ -127,7 +127,7 @@ TEST_F(SyntheticFit, ProposalsHoldWhatThePointsCannotTell) {
 TEST_F(SyntheticFit, AProposalThatCannotBeHadIsTold) {
     FitState state = State(8, Points({{300, -1}, {350, 0}}), WaterLike());
     const Parameters before = state.FitStart;
-    EXPECT_FALSE(ProposeStartValues(state));
+    EXPECT_FALSE(propose_start_values(state));
     EXPECT_EQ(state.FitStart, before);
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(user.messages.size(), 1U);
@@ -136,7 +136,7 @@ TEST_F(SyntheticFit, AProposalThatCannotBeHadIsTold) {
 TEST_F(SyntheticFit, ProposalsNeverRunByThemselves) {
     FitState state = SyntheticState({11, false, {620, 3.2, -0.0072, 3.1e-6}, 280, 450}, 20);
     const Parameters start = state.FitStart;
-    ASSERT_TRUE(StartFit(state));
+    ASSERT_TRUE(start_fit(state));
     EXPECT_EQ(state.FitStart, start);
 }
 

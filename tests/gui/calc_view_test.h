@@ -19,9 +19,9 @@ class CalcViewTest : public ViewTest {
   protected:
     CalcViewTest() {
         settings::setShowTipsAtStartup(false);
-        wiring::ConnectViews();
+        wiring::connectViews();
         frame.show();
-        frame.StartUp();
+        frame.startUp();
     }
 
     /// "New project": the database, a substance, its models as `choose` leaves them.

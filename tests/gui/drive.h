@@ -22,8 +22,6 @@
 #include <stdexcept>
 #include <string>
 
-using namespace quor;
-
 /// Drives real widgets as a user does, by their object names. What is not there, hidden or disabled
 /// cannot be used: the functions then throw, which fails the test.
 namespace drive {

@@ -5,8 +5,6 @@
 
 #include "gui/drive.h"
 
-using namespace quor;
-
 namespace drive {
 
 /// Brings the tab with that caption to the front.

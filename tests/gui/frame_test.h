@@ -30,11 +30,11 @@ class FrameTest : public ViewTest {
 
     /// Starts the program as its user finds it.
     void start() {
-        wiring::ConnectViews();
+        wiring::connectViews();
         connect();
         frame = std::make_unique<MainWindow>();
         frame->show();
-        frame->StartUp();
+        frame->startUp();
         drive::settle();
         if (drive::find("frmTip") != nullptr) drive::click("cmdOK");
     }

@@ -23,10 +23,10 @@ using chart::Group;
 class Chart2DView : public testing::Test {
   protected:
     Chart2DView() : widget_(chart_) {
-        auto& curve = chart::SeriesAt(chart_, Group::Curves, 0);
+        auto& curve = chart::series_at(chart_, Group::Curves, 0);
         curve = samples::curveOf([](double x) { return 2 * x; }, 0, 5, 51);
         curve.legend = "line";
-        auto& set = chart::SeriesAt(chart_, Group::Points, 0);
+        auto& set = chart::series_at(chart_, Group::Points, 0);
         set.x = {1, 2};
         set.y = {8, 9};
         chart_.x.max = 5;
@@ -319,7 +319,7 @@ TEST_F(Chart2DView, ThePictureWithoutAWindowIsThatOfTheWidget) {
     const QImage shown = widget_.grab().toImage().convertToFormat(QImage::Format_RGB32);
     QImage painted(shown.size(), QImage::Format_RGB32);
     QPainter painter(&painted);
-    PaintChart2D(painter, QRectF(QPointF(0, 0), shown.size()), chart_);
+    paintChart2D(painter, QRectF(QPointF(0, 0), shown.size()), chart_);
     painter.end();
     int different = 0;
     for (int y = 0; y < shown.height(); ++y)
@@ -332,7 +332,7 @@ TEST_F(Chart2DView, ThePictureWithoutAWindowIsThatOfTheWidget) {
 
 TEST_F(Chart2DView, AFullSheetAnswersWithinAFrame) {
     for (int k = 0; k < 24; ++k)
-        chart::SeriesAt(chart_, Group::Curves, k) =
+        chart::series_at(chart_, Group::Curves, k) =
             samples::curveOf([&](double x) { return 0.1 * k * x; }, 0, 5, 1200);
     widget_.refresh();
     QElapsedTimer timer;

@@ -18,7 +18,7 @@ QImage pictureOf(const Chart3D& c, QSize size = {900, 700}) {
     QImage picture(size, QImage::Format_RGB32);
     picture.fill(Qt::magenta);
     QPainter painter(&picture);
-    PaintChart3D(painter, QRectF(QPointF(0, 0), size), c);
+    paintChart3D(painter, QRectF(QPointF(0, 0), size), c);
     return picture;
 }
 
@@ -131,7 +131,7 @@ TEST(Chart3DPicture, SaveAndLoadGiveTheSamePicture) {
     c.style.zoned = c.style.contoured = c.style.ceilingContours = true;
     c.markers.push_back({0.1, 0.1, 0.2, "CrP"});
     Chart3D loaded;
-    ASSERT_TRUE(chart::FromText(chart::ToText(c), loaded).ok);
+    ASSERT_TRUE(chart::from_text(chart::to_text(c), loaded).ok);
     EXPECT_EQ(pictureOf(c), pictureOf(loaded));
     loaded.view.rotation += 5;
     EXPECT_NE(pictureOf(c), pictureOf(loaded));
@@ -142,7 +142,7 @@ TEST(Chart3DPicture, NoSeamsRunBetweenTheCells) {
     c.mesh.x = c.mesh.y = false;
     c.style.shaded = false;
     c.z.automatic = false;
-    SetPreset(c.view, chart::PresetView::AlongZ);
+    set_preset(c.view, chart::PresetView::AlongZ);
     for (const double rotation : {-90.0, -73.0, -31.0}) {
         c.view.rotation = rotation;
         const QImage picture = pictureOf(c);
@@ -160,11 +160,11 @@ TEST(Chart3DPicture, AHoleShowsWhatIsBehindIt) {
         samples::surfaceOf([](double, double) { return 0.5; },
                            [](double x, double y) { return std::hypot(x, y) < 0.3; }, 41, 41);
     c.z.automatic = false;
-    SetPreset(c.view, chart::PresetView::AlongZ);
+    set_preset(c.view, chart::PresetView::AlongZ);
     const QImage picture = pictureOf(c);
     const QColor planes(c.planes.r, c.planes.g, c.planes.b);
     const chart::Layout3D layout =
-        MakeLayout(c, 900, 700, [](const std::string&, const chart::Font&) {
+        make_layout(c, 900, 700, [](const std::string&, const chart::Font&) {
             return chart::TextSize{20, 14};
         });
     const chart::Point2 centre = layout.camera.project({0.05, 0.05, 0});

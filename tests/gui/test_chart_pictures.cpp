@@ -45,7 +45,7 @@ Chart3D surface() {
 }
 
 QByteArray bytesOf(PictureFormat format) {
-    return chart::PictureBytes(chart::PaintingOf(sheet()), format, {});
+    return chart::pictureBytes(chart::paintingOf(sheet()), format, {});
 }
 
 std::uint32_t u16(const QByteArray& b, qsizetype at) {
@@ -89,16 +89,16 @@ TEST(ChartPictures, TheFormatFollowsTheExtension) {
     EXPECT_FALSE(chart::FormatOf("c.doc"));
     EXPECT_FALSE(chart::FormatOf("emf"));
     for (const char* extension : {"png", "bmp", "svg", "pdf", "emf", "wmf"})
-        EXPECT_TRUE(chart::PictureFilters().contains(QString("(*.%1)").arg(extension)));
+        EXPECT_TRUE(chart::pictureFilters().contains(QString("(*.%1)").arg(extension)));
 }
 
 TEST(ChartPictures, ImagesHaveTheirSizeAndResolution) {
     PictureOptions options;
-    options.size = chart::PixelsOfCm(12, 8);
+    options.size = chart::pixelsOfCm(12, 8);
     options.dotsPerInch = 300;
     for (const PictureFormat format : {PictureFormat::Png, PictureFormat::Bmp}) {
         const QImage image =
-            QImage::fromData(chart::PictureBytes(chart::PaintingOf(sheet()), format, options));
+            QImage::fromData(chart::pictureBytes(chart::paintingOf(sheet()), format, options));
         EXPECT_NEAR(image.width(), 12 / 2.54 * 300, 1);
         EXPECT_NEAR(image.height(), 8 / 2.54 * 300, 1);
         EXPECT_NEAR(image.dotsPerMeterX() * 0.0254, 300, 1);
@@ -111,9 +111,9 @@ TEST(ChartPictures, ALargerResolutionIsTheSamePicture) {
     coarse.dotsPerInch = 96;
     fine.dotsPerInch = 192;
     const QImage a = QImage::fromData(
-        chart::PictureBytes(chart::PaintingOf(surface()), PictureFormat::Png, coarse));
+        chart::pictureBytes(chart::paintingOf(surface()), PictureFormat::Png, coarse));
     const QImage b = QImage::fromData(
-        chart::PictureBytes(chart::PaintingOf(surface()), PictureFormat::Png, fine));
+        chart::pictureBytes(chart::paintingOf(surface()), PictureFormat::Png, fine));
     const QImage small = b.scaled(a.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     double sum = 0;
     for (int y = 0; y < a.height(); ++y)
@@ -124,8 +124,8 @@ TEST(ChartPictures, ALargerResolutionIsTheSamePicture) {
 
 TEST(ChartPictures, SvgHoldsLinesAndTextsAndNoImage) {
     for (const chart::Painting& painting :
-         {chart::PaintingOf(sheet()), chart::PaintingOf(surface())}) {
-        QXmlStreamReader xml(chart::PictureBytes(painting, PictureFormat::Svg, {}));
+         {chart::paintingOf(sheet()), chart::paintingOf(surface())}) {
+        QXmlStreamReader xml(chart::pictureBytes(painting, PictureFormat::Svg, {}));
         std::map<QString, int> elements;
         QString texts;
         while (!xml.atEnd()) {
@@ -145,7 +145,7 @@ TEST(ChartPictures, SvgLinesKeepToThePlotArea) {
     c.y.max = 1;  // most of both curves is outside
     PictureOptions options;
     options.size = {900, 650};
-    QXmlStreamReader xml(chart::PictureBytes(chart::PaintingOf(c), PictureFormat::Svg, options));
+    QXmlStreamReader xml(chart::pictureBytes(chart::paintingOf(c), PictureFormat::Svg, options));
     int lines = 0;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement || xml.name() != u"polyline") continue;
@@ -165,7 +165,7 @@ TEST(ChartPictures, PdfIsAPageOfTheSizeWithoutImages) {
     PictureOptions options;
     options.size = {960, 480};
     const QByteArray pdf =
-        chart::PictureBytes(chart::PaintingOf(surface()), PictureFormat::Pdf, options);
+        chart::pictureBytes(chart::paintingOf(surface()), PictureFormat::Pdf, options);
     EXPECT_TRUE(pdf.startsWith("%PDF-"));
     EXPECT_TRUE(pdf.trimmed().endsWith("%%EOF"));
     EXPECT_TRUE(pdf.contains("/MediaBox [0 0 720")) << "960 / 96 inches of 72 points";
@@ -178,8 +178,8 @@ TEST(ChartPictures, EmfIsMadeOfVectorRecords) {
     options.size = {960, 640};
     options.title = "Isotherms";
     for (const chart::Painting& painting :
-         {chart::PaintingOf(sheet()), chart::PaintingOf(surface())}) {
-        const QByteArray emf = chart::PictureBytes(painting, PictureFormat::Emf, options);
+         {chart::paintingOf(sheet()), chart::paintingOf(surface())}) {
+        const QByteArray emf = chart::pictureBytes(painting, PictureFormat::Emf, options);
         ASSERT_GT(emf.size(), 108);
         EXPECT_EQ(u32(emf, 0), 1U);
         EXPECT_EQ(emf.mid(40, 4), " EMF");
@@ -202,7 +202,7 @@ TEST(ChartPictures, EmfIsMadeOfVectorRecords) {
 
 TEST(ChartPictures, EmfObjectsAreSelectedAliveAndNeverDeletedInUse) {
     const QByteArray emf =
-        chart::PictureBytes(chart::PaintingOf(surface()), PictureFormat::Emf, {});
+        chart::pictureBytes(chart::paintingOf(surface()), PictureFormat::Emf, {});
     std::map<std::uint32_t, bool> alive;
     std::map<std::uint32_t, bool> selected;
     const std::uint32_t handles = u16(emf, 56);
@@ -269,7 +269,7 @@ TEST(ChartPictures, EmfLinesRunWhereTheCurveLies) {
     c.plotArea.width = c.plotArea.height = 0.5;
     PictureOptions options;
     options.size = {960, 480};
-    const QByteArray emf = chart::PictureBytes(chart::PaintingOf(c), PictureFormat::Emf, options);
+    const QByteArray emf = chart::pictureBytes(chart::paintingOf(c), PictureFormat::Emf, options);
     bool found = false;
     for (qsizetype at = 0; at < emf.size(); at += u32(emf, at + 4)) {
         if (u32(emf, at) != kEmfPolyline || u32(emf, at + 24) != 11) continue;
@@ -306,10 +306,10 @@ TEST(ChartPictures, DashesBecomeLinesOfTheirLength) {
 TEST(ChartPictures, TranslucentAreasLetDarkThingsShowThrough) {
     Chart3D c = surface();
     EXPECT_EQ(
-        emfRecords(chart::PictureBytes(chart::PaintingOf(c), PictureFormat::Emf, {}))[kEmfRop], 0);
+        emfRecords(chart::pictureBytes(chart::paintingOf(c), PictureFormat::Emf, {}))[kEmfRop], 0);
     c.style.transparent = true;
     EXPECT_GT(
-        emfRecords(chart::PictureBytes(chart::PaintingOf(c), PictureFormat::Emf, {}))[kEmfRop],
+        emfRecords(chart::pictureBytes(chart::paintingOf(c), PictureFormat::Emf, {}))[kEmfRop],
         100);
 }
 
@@ -317,7 +317,7 @@ TEST(ChartPictures, WmfHasThePlaceableHeaderAndVectorRecords) {
     PictureOptions options;
     options.size = {960, 640};
     const QByteArray wmf =
-        chart::PictureBytes(chart::PaintingOf(sheet()), PictureFormat::Wmf, options);
+        chart::pictureBytes(chart::paintingOf(sheet()), PictureFormat::Wmf, options);
     ASSERT_GT(wmf.size(), 40);
     EXPECT_EQ(u32(wmf, 0), 0x9AC6CDD7U);
     EXPECT_EQ(u16(wmf, 10), 12000U);
@@ -371,7 +371,7 @@ TEST(ChartPictures, AVeryLargeWmfStaysWithinSixteenBits) {
     PictureOptions options;
     options.size = {9000, 3000};
     const QByteArray wmf =
-        chart::PictureBytes(chart::PaintingOf(sheet()), PictureFormat::Wmf, options);
+        chart::pictureBytes(chart::paintingOf(sheet()), PictureFormat::Wmf, options);
     EXPECT_LE(u16(wmf, 10), 32767U);
     EXPECT_NEAR(u16(wmf, 10) * 96.0 / u16(wmf, 14), 9000, 40) << "the size in inches is kept";
 }
@@ -383,7 +383,7 @@ TEST(ChartPictures, OfficeProgramsOpenTheMetafiles) {
     QStringList files;
     for (const char* name : {"a.emf", "b.wmf"}) {
         files << folder.filePath(name);
-        ASSERT_TRUE(chart::ExportPicture(chart::PaintingOf(sheet()), files.back(), {}).ok);
+        ASSERT_TRUE(chart::exportPicture(chart::paintingOf(sheet()), files.back(), {}).ok);
     }
     QProcess process;
     process.start(office, QStringList{"-env:UserInstallation=file://" + folder.filePath("profile"),
@@ -406,26 +406,26 @@ TEST(ChartPictures, FilesAppearWholeOrAreRefusedByName) {
     QTemporaryDir folder;
     for (const char* extension : {"png", "bmp", "svg", "pdf", "emf", "wmf"}) {
         const QString file = folder.filePath(QString("a.%1").arg(extension));
-        const auto outcome = chart::ExportPicture(chart::PaintingOf(surface()), file, {});
+        const auto outcome = chart::exportPicture(chart::paintingOf(surface()), file, {});
         EXPECT_TRUE(outcome.ok) << outcome.message;
         EXPECT_GT(QFile(file).size(), 1000);
     }
-    EXPECT_NE(chart::ExportPicture(chart::PaintingOf(sheet()), folder.filePath("a.doc"), {})
+    EXPECT_NE(chart::exportPicture(chart::paintingOf(sheet()), folder.filePath("a.doc"), {})
                   .message.find("a.doc: The extension of the name tells no picture format"),
               std::string::npos);
     EXPECT_EQ(
-        chart::ExportPicture(chart::PaintingOf(sheet()), folder.filePath("no/a.png"), {}).message,
+        chart::exportPicture(chart::paintingOf(sheet()), folder.filePath("no/a.png"), {}).message,
         "a.png: The file cannot be written.");
     PictureOptions endless;
     endless.size = {1e9, 1e9};
     EXPECT_EQ(
-        chart::ExportPicture(chart::PaintingOf(sheet()), folder.filePath("b.png"), endless).message,
+        chart::exportPicture(chart::paintingOf(sheet()), folder.filePath("b.png"), endless).message,
         "A picture of this size cannot be made.");
     EXPECT_FALSE(QFile::exists(folder.filePath("b.png")));
 }
 
 TEST(ChartPictures, TheClipboardHoldsAnImageAndVectors) {
-    const auto data = chart::ClipboardData(chart::PaintingOf(sheet()), {});
+    const auto data = chart::clipboardData(chart::paintingOf(sheet()), {});
     EXPECT_TRUE(data->hasImage());
     EXPECT_TRUE(data->data("image/svg+xml").contains("<svg"));
     EXPECT_EQ(data->data("image/x-emf").mid(40, 4), " EMF");

@@ -130,8 +130,8 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     choose("mnuData_Exit");
     EXPECT_FALSE(frame->isVisible());
     frame.reset();
-    datafiles::CloseDatabase();
-    session::ResetEverything();
+    datafiles::close_database();
+    session::reset_everything();
 
     // The next morning.
     start();

@@ -89,7 +89,7 @@ TEST_F(DiagnosisViewTest, DrawsTheIsothermWithItsRootsAndTheEqualAreas) {
     click("cmdCEOSDiagnose");
     auto* plot = drive::get<IsothermPlot>("pctEOS");
     plot->resize(900, 600);
-    const calculation::Diagnosis d = calculation::DiagnoseLastState();
+    const calculation::Diagnosis d = calculation::diagnose_last_state();
     ASSERT_EQ(d.roots.size(), 3U);
     EXPECT_NEAR(area(d.areaBelow, d.saturationPressure), -area(d.areaAbove, d.saturationPressure),
                 0.01 * area(d.areaAbove, d.saturationPressure));

@@ -217,7 +217,7 @@ TEST_F(Graph2D, DesignsACurveAtOnce) {
         dialog->accept();
     });
     click("cmdKurvenFarbe");
-    EXPECT_EQ(curve(0).line.colour, chart::Rgb(0x010203));
+    EXPECT_EQ(curve(0).line.colour, chart::rgb(0x010203));
     type("txtLabel", "here");
     EXPECT_EQ(sheet().CurveLabels[0].text, "here");
     EXPECT_EQ(curve(1).legend, "(320.0 K ) ");
@@ -298,13 +298,13 @@ TEST_F(Graph2D, ChangesTheCoordinatesAndRefusesCrossedOnes) {
 TEST_F(Graph2D, ZoomsByRectangleAndWheelAndResets) {
     openIsotherm();
     repaint();
-    const chart::Window before = chart::ShownWindow(sheet().chart);
+    const chart::Window before = chart::shown_window(sheet().chart);
     EXPECT_FALSE(drive::isEnabled("cmdZoomReset"));
     QTest::mousePress(surface(), Qt::LeftButton, {}, plotPixel(0.25, 0.6));
     QTest::mouseMove(surface(), plotPixel(0.5, 0.8));
     QTest::mouseRelease(surface(), Qt::LeftButton, {}, plotPixel(0.75, 0.9));
     repaint();
-    const chart::Window zoomed = chart::ShownWindow(sheet().chart);
+    const chart::Window zoomed = chart::shown_window(sheet().chart);
     const double width = before.x.max - before.x.min;
     EXPECT_NEAR(zoomed.x.min, before.x.min + 0.25 * width, 0.01 * width);
     EXPECT_NEAR(zoomed.x.max, before.x.min + 0.75 * width, 0.01 * width);
@@ -314,29 +314,29 @@ TEST_F(Graph2D, ZoomsByRectangleAndWheelAndResets) {
     QWheelEvent wheel(middle, canvas()->mapToGlobal(middle), {}, QPoint(0, 120), Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(surface(), &wheel);
-    const chart::Window closer = chart::ShownWindow(sheet().chart);
+    const chart::Window closer = chart::shown_window(sheet().chart);
     EXPECT_LT(closer.x.max - closer.x.min, 0.95 * (zoomed.x.max - zoomed.x.min));
 
     click("cmdZoomReset");
-    EXPECT_TRUE(chart::ShownWindow(sheet().chart) == before);
+    EXPECT_TRUE(chart::shown_window(sheet().chart) == before);
     EXPECT_FALSE(drive::isEnabled("cmdZoomReset"));
 }
 
 TEST_F(Graph2D, PansByTheMiddleButtonAndFitsByDoubleClick) {
     openIsotherm();
     repaint();
-    const chart::Window before = chart::ShownWindow(sheet().chart);
+    const chart::Window before = chart::shown_window(sheet().chart);
     QTest::mousePress(surface(), Qt::MiddleButton, {}, plotPixel(0.5, 0.5));
     QTest::mouseMove(surface(), plotPixel(0.4, 0.5));
     QTest::mouseRelease(surface(), Qt::MiddleButton, {}, plotPixel(0.4, 0.5));
     repaint();
-    const chart::Window moved = chart::ShownWindow(sheet().chart);
+    const chart::Window moved = chart::shown_window(sheet().chart);
     const double width = before.x.max - before.x.min;
     EXPECT_NEAR(moved.x.min - before.x.min, 0.1 * width, 0.01 * width);
     EXPECT_NEAR(moved.x.max - moved.x.min, width, 1e-6 * width);
     QTest::mouseDClick(surface(), Qt::LeftButton, {}, plotPixel(0.9, 0.05));
-    const chart::Window fitted = chart::ShownWindow(sheet().chart);
-    const std::optional<chart::Window> data = chart::DataExtent(sheet().chart);
+    const chart::Window fitted = chart::shown_window(sheet().chart);
+    const std::optional<chart::Window> data = chart::data_extent(sheet().chart);
     EXPECT_LE(fitted.y.min, data->y.min);
     EXPECT_GE(fitted.y.max, data->y.max);
 }
@@ -530,7 +530,7 @@ TEST_F(Graph2D, KeepsSeveralDiagramsApart) {
     first->draw();
     EXPECT_EQ(first->sheet().CurveCount, 2);
     EXPECT_EQ(second->sheet().CurveCount, 1);
-    shell::CloseViews({"frmGraph2D"});
+    shell::closeViews({"frmGraph2D"});
     drive::settle();
     EXPECT_EQ(DiagramWindow::current(), nullptr);
 }
@@ -539,9 +539,9 @@ TEST_F(Graph2D, AddsTexts) {
     openIsotherm();
     user.inputAnswers = {std::string("a note")};
     choose("mnuAddText");
-    EXPECT_TRUE(Module9::HasTexts(sheet()));
+    EXPECT_TRUE(Module9::has_texts(sheet()));
     choose("mnuDelTexts");
-    EXPECT_FALSE(Module9::HasTexts(sheet()));
+    EXPECT_FALSE(Module9::has_texts(sheet()));
 }
 
 TEST_F(Graph2D, SetsTheScalingByValues) {

@@ -119,7 +119,7 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
 
     the_session.UnitMode = 1;
     the_session.CaloricUnit = 3;
-    session::RefreshUnits();
+    session::refresh_units();
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input specif. volume, cf. Options ");
     EXPECT_EQ(read("Bz_2"), "  V/m^3/kg  = ");
@@ -130,7 +130,7 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     EXPECT_NEAR(static_cast<double>(input().rhoV), 80.0, 1e-4);
 
     the_session.UnitMode = 2;
-    session::RefreshUnits();
+    session::refresh_units();
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input red. volume, cf. Options ");
     EXPECT_EQ(read("Bz_2"), "  V/(m^3/m^3)= ");

@@ -85,7 +85,7 @@ TEST_F(FileViewTest, ShowsTheFilesOfItsKindAndWhatTheMarkedOneIsAbout) {
 
 TEST_F(FileViewTest, AProjectTellsItsSubstanceToo) {
     user.fileAnswers = {path("mine.QCF")};
-    datafiles::SaveProject(true);
+    datafiles::save_project(true);
     ASSERT_TRUE(fs::exists(folder() / "mine.QCF"));
     dialogs::FileChoice projects = choice();
     projects.filter = "Project (*.QCF)|*.QCF";
@@ -205,16 +205,16 @@ TEST_F(FileViewTest, SavingTakesANewNameAndItsExtension) {
 }
 
 TEST_F(FileViewTest, StandsInForTheDialogOfTheDesktopForItsKindsOnly) {
-    editor_views::InstallFileView();
+    editor_views::installFileView();
     when(kView, [] {
         type("txtOpenFile", "propane.BAQ");
         click("cmdOpenOK");
     });
-    EXPECT_EQ(dialogs::ChooseFile(choice()), path("propane.BAQ"));
+    EXPECT_EQ(dialogs::choose_file(choice()), path("propane.BAQ"));
     user.fileAnswers = {path("other.XY")};
     dialogs::FileChoice other = choice();
     other.filter = "x-y Data (*.XY)|*.XY";
-    EXPECT_EQ(dialogs::ChooseFile(other), path("other.XY"));
+    EXPECT_EQ(dialogs::choose_file(other), path("other.XY"));
 }
 
 }  // namespace

@@ -54,7 +54,8 @@ class Fitting : public ViewTest {
     }
 
     static void sample(const std::string& name) {
-        ASSERT_FALSE(datafiles::XYLoad(std::string(QUOR_SOURCE_DATA) + "/samples/" + name).empty());
+        ASSERT_FALSE(
+            datafiles::xy_load(std::string(QUOR_SOURCE_DATA) + "/samples/" + name).empty());
     }
     static void open() {
         the_session.FitDataSource = 0;
@@ -528,7 +529,7 @@ TEST_F(Fitting, HeatCapacitiesGoToTheirPhase) {
     EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
     EXPECT_TRUE(the_substance.hasCpL);
     for (const datafiles::FitPoint& p : the_xyPoints)
-        EXPECT_NEAR(models::CpLiquid(static_cast<double>(p.x)).cp, static_cast<double>(p.y),
+        EXPECT_NEAR(models::cp_liquid(static_cast<double>(p.x)).cp, static_cast<double>(p.y),
                     0.02 * static_cast<double>(p.y));
     EXPECT_EQ(the_substance.cpS, solid);
     choose("Heat capac.", 18);

@@ -58,7 +58,7 @@ TEST_F(Frame, EveryRowOfTheCatalogueIsThere) {
 
 TEST_F(Frame, ToolButtonsBearTheirTips) {
     start();
-    for (const menu::ToolButton& button : menu::ToolButtons()) {
+    for (const menu::ToolButton& button : menu::tool_buttons()) {
         const auto* tool = drive::get<QToolButton>(QString("Toolbar1_%1").arg(button.index));
         EXPECT_EQ(tool->toolTip().toStdString(), button.tooltip);
         EXPECT_FALSE(tool->icon().isNull());
@@ -132,9 +132,9 @@ constexpr Stage kStages[] = {
 TEST_F(Frame, EveryCommandIsEnabledInItsTurn) {
     start();
     for (const menu::Row& row : menu::Rows())
-        if (!row.action.empty() && !actions::Has(row.action))
-            actions::RegisterAction(row.action, [] {});
-    actions::RegisterAction("frmReferenz", [] {});
+        if (!row.action.empty() && !actions::has(row.action))
+            actions::register_action(row.action, [] {});
+    actions::register_action("frmReferenz", [] {});
     shell::Refresh();
     const auto check = [](std::size_t stage) {
         for (const Stage& s : kStages)
@@ -200,7 +200,7 @@ TEST_F(Frame, LeavingTheModelViewKeepsTheCalculationDisabled) {
 TEST_F(Frame, ACalculationRowRunsTheHandlerOfItsMode) {
     int runs = 0;
     start();
-    actions::RegisterAction("CalcMode_3", [&] { ++runs; });
+    actions::register_action("CalcMode_3", [&] { ++runs; });
     openSubstance("Carbon dioxide");
     EXPECT_TRUE(offers("mnuCalc_2"));
     choose("mnuCalc_2");
@@ -210,8 +210,8 @@ TEST_F(Frame, ACalculationRowRunsTheHandlerOfItsMode) {
 TEST_F(Frame, TheTankButtonTakesTheMethodThatHasPriority) {
     std::vector<int> runs;
     start();
-    actions::RegisterAction("CalcMode_9", [&] { runs.push_back(9); });
-    actions::RegisterAction("CalcMode_10", [&] { runs.push_back(10); });
+    actions::register_action("CalcMode_9", [&] { runs.push_back(9); });
+    actions::register_action("CalcMode_10", [&] { runs.push_back(10); });
     openSubstance("Carbon dioxide");
     click("Toolbar1_15");
     legacy::the_models.PriorityCEOS = false;
@@ -225,19 +225,19 @@ TEST_F(Frame, OpeningTheCalculationMenuClosesTheViewsOfTheLastOne) {
     for (const char* name : {"frmCalcOut", "frmParinput", "frmGraph2D"}) {
         auto* view = new QWidget;
         view->setObjectName(name);
-        shell::OpenChild(view);
+        shell::openChild(view);
     }
-    EXPECT_NE(shell::FindView("frmCalcOut"), nullptr);
+    EXPECT_NE(shell::findView("frmCalcOut"), nullptr);
     drive::open("mnuCalc_2");
     drive::settle();
-    EXPECT_EQ(shell::FindView("frmCalcOut"), nullptr);
-    EXPECT_EQ(shell::FindView("frmParinput"), nullptr);
-    EXPECT_NE(shell::FindView("frmGraph2D"), nullptr);
+    EXPECT_EQ(shell::findView("frmCalcOut"), nullptr);
+    EXPECT_EQ(shell::findView("frmParinput"), nullptr);
+    EXPECT_NE(shell::findView("frmGraph2D"), nullptr);
 }
 
 TEST_F(Frame, BatchOperationWithoutDataIsToldAndTheMenuOpens) {
     start();
-    actions::RegisterAction("CalcMode_3", [] {});
+    actions::register_action("CalcMode_3", [] {});
     openSubstance("Carbon dioxide");
     the_session.BatchMode = true;
     drive::open("mnuCalc_2");
@@ -251,7 +251,7 @@ TEST_F(Frame, BatchOperationWithoutDataIsToldAndTheMenuOpens) {
 TEST_F(Frame, ADiagramRowPreparesItsDiagram) {
     start();
     int runs = 0;
-    actions::RegisterAction("Diagram2D", [&] { ++runs; });
+    actions::register_action("Diagram2D", [&] { ++runs; });
     openSubstance("Carbon dioxide");
     choose("mnuGraf_sub_proj_8");
     EXPECT_EQ(runs, 1);
@@ -280,7 +280,7 @@ TEST_F(Frame, StatusAndParametersAreReported) {
 TEST_F(Frame, MeasuredDataCanBeEditedOnceThereAreSome) {
     start();
     int edits = 0;
-    actions::RegisterAction("mnuData_BatchEdit", [&] { ++edits; });
+    actions::register_action("mnuData_BatchEdit", [&] { ++edits; });
     drive::open("mnuData_BatchEdit");
     EXPECT_FALSE(offers("mnuData_BatchEdit"));
     the_session.BatchCount = 3;
@@ -293,12 +293,12 @@ TEST_F(Frame, OpeningTheDataMenuClosesInputViews) {
     for (const char* name : {"frmCalcOut", "frmParinput"}) {
         auto* view = new QWidget;
         view->setObjectName(name);
-        shell::OpenChild(view);
+        shell::openChild(view);
     }
     drive::open("mnuData_Status");
     drive::settle();
-    EXPECT_EQ(shell::FindView("frmParinput"), nullptr);
-    EXPECT_NE(shell::FindView("frmCalcOut"), nullptr);
+    EXPECT_EQ(shell::findView("frmParinput"), nullptr);
+    EXPECT_NE(shell::findView("frmCalcOut"), nullptr);
 }
 
 TEST_F(Frame, FirstStepsComeAndGo) {
@@ -321,17 +321,17 @@ TEST_F(Frame, FirstStepsComeAndGo) {
 
 TEST_F(Frame, FirstStepsInviteANewUserOnce) {
     start();
-    frame->InviteFirstUser();
+    frame->inviteFirstUser();
     EXPECT_TRUE(isVisible("Picture1"));
     click("cmdErstnutzer");
-    frame->InviteFirstUser();
+    frame->inviteFirstUser();
     EXPECT_FALSE(isVisible("Picture1"));
 }
 
 TEST_F(Frame, TipsShowAtStartUntilSwitchedOff) {
     frame = std::make_unique<MainWindow>();
     frame->show();
-    frame->StartUp();
+    frame->startUp();
     ASSERT_TRUE(isVisible("frmTip"));
     EXPECT_FALSE(the_session.TipsHidden);
     const QString first = read("lblTipText");
@@ -344,7 +344,7 @@ TEST_F(Frame, TipsShowAtStartUntilSwitchedOff) {
     click("cmdOK");
     EXPECT_FALSE(isVisible("frmTip"));
 
-    frame->StartUp();
+    frame->startUp();
     EXPECT_FALSE(isVisible("frmTip"));
     EXPECT_TRUE(the_session.TipsHidden);
     choose("mnuHilfe_Tip");
@@ -363,14 +363,14 @@ TEST_F(Frame, AMissingTipsFileIsToldOnceAndTheViewStaysEmpty) {
     std::filesystem::remove(folder() / "QUORTIPS_E.TXT");
     frame = std::make_unique<MainWindow>();
     frame->show();
-    frame->StartUp();
+    frame->startUp();
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(read("lblTipText"), "");
     EXPECT_FALSE(drive::isEnabled("cmdNextTip"));
 }
 
 class FrameWithoutProjects : public FrameTest {
-    void connect() override { session::projectHooks() = {}; }
+    void connect() override { session::project_hooks() = {}; }
 };
 
 TEST_F(FrameWithoutProjects, ProjectRowsWaitForTheirReader) {
@@ -384,18 +384,18 @@ TEST_F(FrameWithoutProjects, ProjectRowsWaitForTheirReader) {
 class FrameWithProjects : public FrameTest {
   protected:
     void connect() override {
-        session::projectHooks() = {.choose = [this] { return chosen; },
-                                   .load =
-                                       [this](const std::string& file) {
-                                           loaded.push_back(file);
-                                           EXPECT_EQ(the_session.CurrentSubstance, 0)
-                                               << "reset first";
-                                           the_session.CurrentSubstance = 1;
-                                           legacy::the_substance.Name = "Carbon dioxide";
-                                           legacy::the_models.EOSModel = 6;
-                                           return works;
-                                       },
-                                   .save = [this] { ++saves; }};
+        session::project_hooks() = {.choose = [this] { return chosen; },
+                                    .load =
+                                        [this](const std::string& file) {
+                                            loaded.push_back(file);
+                                            EXPECT_EQ(the_session.CurrentSubstance, 0)
+                                                << "reset first";
+                                            the_session.CurrentSubstance = 1;
+                                            legacy::the_substance.Name = "Carbon dioxide";
+                                            legacy::the_models.EOSModel = 6;
+                                            return works;
+                                        },
+                                    .save = [this] { ++saves; }};
     }
 
     std::optional<std::string> chosen;
@@ -458,7 +458,7 @@ TEST_F(Frame, ExitAndTheCloseButtonEndTheSessionAlike) {
     for (const bool byMenu : {true, false}) {
         start();
         std::vector<std::string> calls;
-        session::shutdownHooks() = {
+        session::shutdown_hooks() = {
             .writeProtocol = [&] { calls.push_back("protocol"); },
             .saveLastSession = [&](const std::string&) { calls.push_back("session"); },
             .closeFiles = [&] { calls.push_back("files"); },
@@ -488,10 +488,10 @@ class Stubborn : public QWidget {
 TEST_F(Frame, AViewThatRefusesToCloseKeepsTheProgramOpen) {
     start();
     int ends = 0;
-    session::shutdownHooks().closeFiles = [&] { ++ends; };
+    session::shutdown_hooks().closeFiles = [&] { ++ends; };
     auto* view = new Stubborn;
     view->setObjectName("frmTpvEdit");
-    shell::OpenChild(view);
+    shell::openChild(view);
     EXPECT_FALSE(frame->close());
     EXPECT_TRUE(frame->isVisible());
     EXPECT_EQ(ends, 0);
@@ -506,13 +506,13 @@ TEST_F(Frame, ViewsReopenWhereTheyWere) {
         auto* view = new QWidget;
         view->setObjectName("frmGraph2D");
         view->setMinimumSize(200, 100);
-        shell::OpenChild(view);
+        shell::openChild(view);
         return view->parentWidget();
     };
     QWidget* window = open();
     const QRect place(120, 90, 420, 330);
     window->setGeometry(place);
-    shell::CloseViews({"frmGraph2D"});
+    shell::closeViews({"frmGraph2D"});
     drive::settle();
     EXPECT_EQ(open()->geometry(), place);
 }
@@ -523,7 +523,7 @@ TEST_F(Frame, TheWindowMenuListsTheOpenViews) {
         auto* view = new QWidget;
         view->setObjectName(title);
         view->setWindowTitle(title);
-        shell::OpenChild(view);
+        shell::openChild(view);
     }
     auto* menu = frame->findChild<QMenu*>("mnuWindow");
     Q_EMIT menu->aboutToShow();
@@ -532,25 +532,25 @@ TEST_F(Frame, TheWindowMenuListsTheOpenViews) {
         if (action->isCheckable()) titles << action->text();
     EXPECT_EQ(titles, (QStringList{"First", "Second"}));
     menu->actions().at(4)->trigger();
-    EXPECT_EQ(shell::FindView("First")->window(), frame.get());
+    EXPECT_EQ(shell::findView("First")->window(), frame.get());
     drive::action("mnuWindow_CloseAll")->trigger();
     drive::settle();
-    EXPECT_EQ(shell::FindView("First"), nullptr);
+    EXPECT_EQ(shell::findView("First"), nullptr);
 }
 
 TEST_F(Frame, IdentityTellsWhetherAViewIsOpen) {
     start();
     auto* view = new QWidget;
     view->setObjectName("frmGraph2D");
-    EXPECT_FALSE(shell::IsFormOpen(view));
-    shell::OpenChild(view);
-    EXPECT_TRUE(shell::IsFormOpen(view));
-    EXPECT_TRUE(shell::Activate("frmGraph2D"));
-    shell::CloseViews({"frmGraph2D"});
+    EXPECT_FALSE(shell::isFormOpen(view));
+    shell::openChild(view);
+    EXPECT_TRUE(shell::isFormOpen(view));
+    EXPECT_TRUE(shell::activate("frmGraph2D"));
+    shell::closeViews({"frmGraph2D"});
     drive::settle();
-    EXPECT_FALSE(shell::IsFormOpen(view)) << "the pointer is dead by now";
-    EXPECT_FALSE(shell::IsFormOpen(nullptr));
-    EXPECT_FALSE(shell::Activate("frmGraph2D"));
+    EXPECT_FALSE(shell::isFormOpen(view)) << "the pointer is dead by now";
+    EXPECT_FALSE(shell::isFormOpen(nullptr));
+    EXPECT_FALSE(shell::activate("frmGraph2D"));
 }
 
 TEST_F(Frame, HelpMenuRowsSpeakOfTheProgram) {

@@ -32,7 +32,7 @@ class Help : public FrameTest {
                               folder() / "help", std::filesystem::copy_options::recursive);
     }
     void TearDown() override {
-        help_views::CloseAll();
+        help_views::closeAll();
         FrameTest::TearDown();
     }
     static QString page() { return drive::get<QTextBrowser>("helpPage")->source().toString(); }
@@ -65,7 +65,7 @@ TEST_F(Help, EveryEntryOfTheContentsShowsItsPage) {
 TEST_F(Help, BackForwardAndHomeFollowTheReader) {
     choose("mnuHilfe_Index");
     EXPECT_FALSE(drive::isEnabled("helpBack"));
-    shell::ShowHelp(help::kTank);
+    shell::showHelp(help::kTank);
     EXPECT_EQ(page(), "3500.html");
     click("helpBack");
     EXPECT_EQ(page(), "0.html");
@@ -101,10 +101,10 @@ TEST_F(Help, HelpButtonsOfADialogOpenTheirPagesInFrontOfIt) {
         drive::type("Text1", "Propane");
         click("Hilfe");
         EXPECT_EQ(page(), "1000.html");
-        help_views::CloseAll();
+        help_views::closeAll();
         drive::press("Text1", Qt::Key_F1);
         EXPECT_EQ(page(), "1000.html") << "F1 does what the button does";
-        help_views::CloseAll();
+        help_views::closeAll();
         click("StoffOK");
     });
     when("frmQModell", [] {
@@ -114,10 +114,10 @@ TEST_F(Help, HelpButtonsOfADialogOpenTheirPagesInFrontOfIt) {
         search->setFocus();
         QTest::keyClicks(search, "Wagner");
         EXPECT_GE(drive::get<QListWidget>("helpResults")->count(), 1) << "usable over the dialog";
-        help_views::CloseAll();
+        help_views::closeAll();
         click("cpHilfe");
         EXPECT_EQ(page(), "2400.html");
-        help_views::CloseAll();
+        help_views::closeAll();
         click("OKModell");
     });
     click("Toolbar1_2");

@@ -183,7 +183,7 @@ TEST_F(IsoCalculatorViewTest, TakesAConstantThatIsTypedWithADecimalComma) {
     type("txtFuConst", "1,0");
     type("txtTpVorgabe", "350,0");
     click("cmdCalc");
-    const double p = numbers::ValInput(read("txtTpCalc").toStdString());
+    const double p = numbers::val_input(read("txtTpCalc").toStdString());
     EXPECT_GT(p, 2500);
     EXPECT_LT(p, 2910);
     EXPECT_NEAR(functionAt(350, p, 1, false), 1.0, 1e-5);

@@ -504,7 +504,7 @@ TEST_F(MeasuredDataEditorTest, PrintsTheTable) {
 
 TEST_F(MeasuredDataEditorTest, SendsItsDataToFittingAndGraphsOnceTheseAreThere) {
     for (const char* action : {"fit_data", "graph_data", "graph_data_ln"})
-        actions::RegisterAction(action, {});
+        actions::register_action(action, {});
     openWithData();
     for (const char* button : {"cmdFitting", "cmdGraphFunction", "cmdlogGraf"})
         EXPECT_FALSE(isEnabled(button)) << button;
@@ -512,7 +512,7 @@ TEST_F(MeasuredDataEditorTest, SendsItsDataToFittingAndGraphsOnceTheseAreThere) 
 
     std::string called;
     for (const char* action : {"fit_data", "graph_data", "graph_data_ln"})
-        actions::RegisterAction(action, [&called, action] { called = action; });
+        actions::register_action(action, [&called, action] { called = action; });
     openWithData();
     click("optFitFunction_4");
     for (const auto& [button, action] : {std::pair{"cmdFitting", "fit_data"},

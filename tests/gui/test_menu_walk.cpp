@@ -43,7 +43,7 @@ class MenuWalk : public FrameTest {
     }
     void TearDown() override {
         watch_.stop();
-        help_views::CloseAll();
+        help_views::closeAll();
         FrameTest::TearDown();
     }
 
@@ -66,7 +66,7 @@ class MenuWalk : public FrameTest {
     }
     void closeAll() {
         frame->findChild<QMdiArea*>("area")->closeAllSubWindows();
-        help_views::CloseAll();
+        help_views::closeAll();
         drive::settle();
     }
 
@@ -82,7 +82,7 @@ TEST_F(MenuWalk, EveryRowDoesSomethingAndHasAnActionBehindIt) {
         if (row.kind != menu::Kind::Command) continue;
         const QString name = QString::fromStdString(menu::Name(row));
         if (name == "mnuData_Exit") continue;  // walked last
-        EXPECT_TRUE(actions::Has(row.action)) << name.toStdString() << " has no action";
+        EXPECT_TRUE(actions::has(row.action)) << name.toStdString() << " has no action";
         if (!menu::Visible(row)) continue;
         if (!row.parent.empty()) drive::open(name);  // menus bring their rows up to date
         EXPECT_TRUE(menu::Enabled(row)) << name.toStdString() << " is disabled";
@@ -111,7 +111,7 @@ TEST_F(MenuWalk, EveryRowDoesSomethingAndHasAnActionBehindIt) {
 }
 
 TEST_F(MenuWalk, EveryToolButtonDoesSomething) {
-    for (const menu::ToolButton& button : menu::ToolButtons()) {
+    for (const menu::ToolButton& button : menu::tool_buttons()) {
         closeAll();
         user.fileAnswers = {(folder() / "mine.QCF").string()};
         const QString name = QString("Toolbar1_%1").arg(button.index);

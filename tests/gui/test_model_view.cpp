@@ -201,14 +201,14 @@ std::vector<int> pages;
 TEST_F(ModelView, HelpOpensAtThePageOfTheModel) {
     pages.clear();
     inView("Carbon dioxide", [] {
-        shell::SetHelp([](int topic) { pages.push_back(topic); });
+        shell::setHelp([](int topic) { pages.push_back(topic); });
         click("EOSHilfe");
         select("EOSKombi", "CEOS van der Waals");
         click("EOSHilfe");
         click("pHilfe");
         click("cmdEsc");
     });
-    shell::SetHelp(nullptr);
+    shell::setHelp(nullptr);
     EXPECT_EQ(pages, (std::vector<int>{2006, 2002, 2104}));
 }
 

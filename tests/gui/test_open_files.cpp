@@ -60,7 +60,7 @@ TEST_F(OpenFiles, ADatabaseIsOpenedAsByItsRow) {
 
 TEST_F(OpenFiles, AProjectIsLoaded) {
     user.fileAnswers = {path("mine.QCF")};
-    datafiles::SaveProject(true);
+    datafiles::save_project(true);
     databases::Write(folder() / "SECOND.Q05", {databases::Row("Water")});
     answerChoice("Water");
     drop({path("SECOND.Q05")});

@@ -76,7 +76,7 @@ TEST_F(OptionsView, WhatIsNotPossibleIsDisabled) {
 
 TEST_F(OptionsView, TheReferenceViewOpensFromHere) {
     int opened = 0;
-    actions::RegisterAction("frmReferenz", [&] { ++opened; });
+    actions::register_action("frmReferenz", [&] { ++opened; });
     open();
     click("Command1");
     EXPECT_EQ(opened, 1);

@@ -36,8 +36,8 @@ QString row(int kind) {
 
 class ProcessInput : public GraphTest {
   protected:
-    ProcessInput() : runner_(diagrams::polytropicRunner()) {}
-    ~ProcessInput() override { diagrams::polytropicRunner() = runner_; }
+    ProcessInput() : runner_(diagrams::polytropic_runner()) {}
+    ~ProcessInput() override { diagrams::polytropic_runner() = runner_; }
 
     /// p-v with an isotherm and room for all lines of these tests.
     void openWide() {
@@ -92,7 +92,7 @@ class ProcessInput : public GraphTest {
     void bringProgram() { std::ofstream(folder() / diagrams::kPolytropicProgram) << "a program"; }
     /// A stand-in that writes its answer and its end mark.
     void answerWith(const std::string& text) {
-        diagrams::polytropicRunner().start = [text](const std::string&, const std::string& where) {
+        diagrams::polytropic_runner().start = [text](const std::string&, const std::string& where) {
             std::ofstream(where + "/FROM_DAL.DAT", std::ios::binary) << text;
             std::ofstream(where + "/WRITEEND.END");
             return true;
@@ -370,7 +370,7 @@ TEST_F(ProcessInput, TheAnswerOfTheProgramIsDrawn) {
 TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
     openIsotherm();
     bringProgram();
-    diagrams::polytropicRunner().start = [](const std::string&, const std::string&) {
+    diagrams::polytropic_runner().start = [](const std::string&, const std::string&) {
         return true;
     };
     bool seen = false;
@@ -398,8 +398,8 @@ TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
 TEST_F(ProcessInput, NoAnswerInTimeAndAGarbledOneAreTold) {
     openIsotherm();
     bringProgram();
-    diagrams::polytropicRunner().limit = std::chrono::milliseconds(30);
-    diagrams::polytropicRunner().start = [](const std::string&, const std::string&) {
+    diagrams::polytropic_runner().limit = std::chrono::milliseconds(30);
+    diagrams::polytropic_runner().start = [](const std::string&, const std::string&) {
         return true;
     };
     const auto fails = [this] {

@@ -20,7 +20,7 @@ class Projects : public FrameTest {
         frame->close();
         drive::settle();
         frame.reset();
-        session::ResetEverything();
+        session::reset_everything();
     }
 };
 
@@ -50,7 +50,7 @@ TEST_F(Projects, TheLastSessionComesBackAsItWas) {
     EXPECT_EQ(legacy::the_models.VPCode, models.VPCode);
     EXPECT_EQ(legacy::the_models.HLVModel, models.HLVModel);
     EXPECT_EQ(legacy::the_models.PriorityCEOS, models.PriorityCEOS);
-    EXPECT_TRUE(session::IsEnabled(session::Command::mnuCalcMain));
+    EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain));
     EXPECT_NEAR(models::SaturationPressure(280).p, p, 1e-9 * p)
         << "the constants of the EOS are there";
 }
@@ -88,8 +88,8 @@ TEST_F(Projects, AMissingSubstanceLeavesTheDatabaseAtHand) {
     user.fileAnswers.push_back(file);
     drive::choose("mnuData_LoadProject");
     EXPECT_TRUE(legacy::the_substance.Name.empty());
-    EXPECT_TRUE(session::IsEnabled(session::Command::mnuStoff));
-    EXPECT_FALSE(session::IsEnabled(session::Command::mnuCalcMain));
+    EXPECT_TRUE(session::is_enabled(session::Command::mnuStoff));
+    EXPECT_FALSE(session::is_enabled(session::Command::mnuCalcMain));
 }
 
 TEST_F(Projects, ADatabaseElsewhereIsFoundAgain) {

@@ -598,7 +598,7 @@ TEST_F(ResultViewTest, OpensAgainWhenANewCalculationFindsItClosed) {
 TEST_F(ResultViewTest, OpensTheXYEditorOnceThereIsOne) {
     startProject("Carbon dioxide");
     int opened = 0;
-    actions::RegisterAction("mnuData_EditXY", [&] { ++opened; });
+    actions::register_action("mnuData_EditXY", [&] { ++opened; });
     chooseTp();
     click("cmdShowManuInput");
     EXPECT_EQ(opened, 1);

@@ -17,8 +17,8 @@ using namespace quor::gui;
 
 namespace {
 
+using datafiles::editor_field_table;
 using datafiles::EditorField;
-using datafiles::EditorFieldTable;
 using datafiles::EditorTab;
 using drive::click;
 using drive::read;
@@ -40,7 +40,7 @@ double number_in(const models::SubstanceRecord& record, const EditorField& field
         double operator()(bool) const { return NAN; }
         double operator()(const std::string&) const { return NAN; }
     };
-    return std::visit(Number{}, datafiles::ValueOf(record, datafiles::PlaceOf(field)));
+    return std::visit(Number{}, datafiles::ValueOf(record, datafiles::place_of(field)));
 }
 
 class BankEdit : public ViewTest {
@@ -48,8 +48,8 @@ class BankEdit : public ViewTest {
     BankEdit() {
         const std::filesystem::path file = folder() / "ONE.Q05";
         databases::Write(file, {databases::Row("Carbon dioxide")});
-        datafiles::LoadDatabase(file.string());
-        datafiles::TakeSubstance(1);
+        datafiles::load_database(file.string());
+        datafiles::take_substance(1);
         the_models.VPCode = "WAG";
         the_models.VPModel = 4;
         the_models.EOSModel = 6;
@@ -59,8 +59,8 @@ class BankEdit : public ViewTest {
         user.answers.assign(4, dialogs::Answer::Yes);  // what is left open is given up
         if (view) view->close();
         view.reset();
-        SubstanceEditorView::SetGroupContributions({});
-        datafiles::CloseDatabase();
+        SubstanceEditorView::setGroupContributions({});
+        datafiles::close_database();
         ViewTest::TearDown();
     }
 
@@ -72,12 +72,12 @@ class BankEdit : public ViewTest {
     /// Brings the tab of a field to the front.
     static void reach(const EditorField& field) {
         if (field.tab == EditorTab::Head) return;
-        const std::string_view caption = datafiles::EditorTabCaption(field.tab);
+        const std::string_view caption = datafiles::editor_tab_caption(field.tab);
         drive::tab("SSTab1",
                    QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
     }
     static void typeInto(int DD, const QString& text) {
-        reach(EditorFieldTable()[static_cast<std::size_t>(DD)]);
+        reach(editor_field_table()[static_cast<std::size_t>(DD)]);
         type(name_of(DD), text);
     }
 
@@ -90,20 +90,20 @@ TEST_F(BankEdit, ShowsEveryFieldOfTheRecord) {
     the_substance.Name = "Somethane";
     the_substance.Formula = "C2 H9";
     the_substance.CASRN = "12-34-5     ";
-    for (const EditorField& field : EditorFieldTable()) {
+    for (const EditorField& field : editor_field_table()) {
         ++value;
-        if (field.IsText()) continue;
-        ASSERT_EQ(datafiles::SetField(the_substance, field.name, std::to_string(value)), "")
+        if (field.is_text()) continue;
+        ASSERT_EQ(datafiles::set_field(the_substance, field.name, std::to_string(value)), "")
             << field.name;
     }
     open();
     value = 300;
-    for (const EditorField& field : EditorFieldTable()) {
+    for (const EditorField& field : editor_field_table()) {
         ++value;
         reach(field);
         ASSERT_TRUE(drive::isVisible(name_of(field.DD))) << field.DD;
         const bool correlated = field.name.starts_with("KF") || field.name.starts_with("THO");
-        if (field.IsText() || correlated) continue;
+        if (field.is_text() || correlated) continue;
         EXPECT_EQ(read(name_of(field.DD)).toStdString(), " " + std::to_string(value)) << field.name;
     }
     EXPECT_EQ(read("DD_83"), "Somethane");
@@ -139,20 +139,20 @@ TEST_F(BankEdit, WithoutCriticalDataTheCorrelatedSetsAreEmpty) {
 TEST_F(BankEdit, EveryFieldTakesAValue) {
     open();
     int value = 200;
-    for (const EditorField& field : EditorFieldTable()) {
+    for (const EditorField& field : editor_field_table()) {
         reach(field);
         if (!field.editable) {
             EXPECT_TRUE(drive::get<QLineEdit>(name_of(field.DD))->isReadOnly()) << field.DD;
             continue;
         }
         type(name_of(field.DD),
-             field.IsText() ? QString("Text%1").arg(field.DD) : QString::number(++value));
+             field.is_text() ? QString("Text%1").arg(field.DD) : QString::number(++value));
     }
     click("OK");
     EXPECT_TRUE(user.messages.empty());
     value = 200;
-    for (const EditorField& field : EditorFieldTable()) {
-        if (!field.editable || field.IsText()) continue;
+    for (const EditorField& field : editor_field_table()) {
+        if (!field.editable || field.is_text()) continue;
         EXPECT_EQ(number_in(the_substance, field), ++value) << field.name;
     }
     EXPECT_EQ(the_substance.Name, "Text83");
@@ -333,8 +333,8 @@ TEST_F(BankEdit, PrintsAllFieldsOfAllTabs) {
     ASSERT_EQ(user.prints.size(), 1U);
     EXPECT_EQ(user.prints[0].font, "COURIER");
     const std::string& text = user.prints[0].text;
-    for (const EditorField& field : EditorFieldTable())
-        EXPECT_NE(text.find(text::Trim(field.caption)), std::string::npos) << field.caption;
+    for (const EditorField& field : editor_field_table())
+        EXPECT_NE(text.find(text::trim(field.caption)), std::string::npos) << field.caption;
     EXPECT_NE(text.find("44.5"), std::string::npos) << "what is typed is printed";
     EXPECT_NE(text.find("\nVapour Pressure\n"), std::string::npos) << text;
 }
@@ -350,7 +350,7 @@ TEST_F(BankEdit, WritesAPrivateDatabaseWithWhatIsTyped) {
     EXPECT_EQ(the_substance.Name, "My dioxide") << "writing applies first";
     view->close();
 
-    ASSERT_EQ(datafiles::LoadDatabase((folder() / "MINE.Q05").string()),
+    ASSERT_EQ(datafiles::load_database((folder() / "MINE.Q05").string()),
               datafiles::LoadOutcome::Loaded);
     EXPECT_EQ(the_session.SubstanceCount, 1);
     bool noCriticalData = true;
@@ -375,7 +375,7 @@ TEST_F(BankEdit, ACancelledFileKeepsTheChangesInTheSession) {
 TEST_F(BankEdit, GroupContributionsFillTheFieldsOfTheirFrame) {
     using datafiles::GroupFrame;
     std::vector<GroupFrame> asked;
-    SubstanceEditorView::SetGroupContributions(
+    SubstanceEditorView::setGroupContributions(
         [&](GroupFrame frame, datafiles::EditorTexts& texts, QWidget*) {
             asked.push_back(frame);
             texts[44] = "-1234";
@@ -393,7 +393,7 @@ TEST_F(BankEdit, GroupContributionsFillTheFieldsOfTheirFrame) {
 
 TEST_F(BankEdit, ALookChangesNothing) {
     open(true);
-    for (const EditorField& field : EditorFieldTable())
+    for (const EditorField& field : editor_field_table())
         EXPECT_TRUE(drive::get<QLineEdit>(name_of(field.DD))->isReadOnly()) << field.DD;
     for (const char* command :
          {"OK", "WriteDataBaseQ05", "cmdJOBACKCrit", "cmdJOBACKBildung", "cmdApplyJOBACKcp",
@@ -412,7 +412,7 @@ TEST_F(BankEdit, HelpButtonsAreOffWithoutHelpAndOpenTheirPages) {
     view->close();
     static std::vector<int> pages;
     pages.clear();
-    shell::SetHelp([](int page) { pages.push_back(page); });
+    shell::setHelp([](int page) { pages.push_back(page); });
     open();
     for (const char* button : kButtons) drive::get<QAbstractButton>(button)->click();
     EXPECT_EQ(pages.size(), kButtons.size());
@@ -494,7 +494,7 @@ TEST_F(BankEditInFrame, CompletedCriticalDataOpenTheChoiceOfModels) {
     EXPECT_TRUE(drive::offers("mnuModel"));
     drive::when("frmQModell", [] { click("OKModell"); });
     drive::choose("mnuModel");
-    EXPECT_TRUE(drive::offers("mnuCalc_2") || session::IsEnabled(session::Command::mnuCalcMain));
+    EXPECT_TRUE(drive::offers("mnuCalc_2") || session::is_enabled(session::Command::mnuCalcMain));
 }
 
 }  // namespace

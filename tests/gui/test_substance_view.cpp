@@ -181,8 +181,8 @@ TEST_F(SubstanceView, EscapeLeavesTheSubstanceAsItWas) {
 TEST_F(SubstanceView, ALookAtOtherDataLeavesTheSubstanceAsItWas) {
     std::vector<std::string> shown;
     start();
-    actions::RegisterAction("ShowSubstanceData",
-                            [&] { shown.push_back(legacy::the_substance.Name); });
+    actions::register_action("ShowSubstanceData",
+                             [&] { shown.push_back(legacy::the_substance.Name); });
     openSubstance("Carbon dioxide");
     drive::when("frmStoffWahl", [] {
         drive::select("StoffListe", "Argon");

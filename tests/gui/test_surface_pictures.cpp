@@ -21,7 +21,7 @@ using chart::Point2;
 using chart::Point3;
 
 constexpr int kWidth = 700, kHeight = 560;
-constexpr chart::Colour kUpper = chart::Rgb(0x0000FF), kLower = chart::Rgb(0xFF0000);
+constexpr chart::Colour kUpper = chart::rgb(0x0000FF), kLower = chart::rgb(0xFF0000);
 
 enum class Seen : char { Nothing, Upper, Lower };
 
@@ -30,7 +30,7 @@ class DepthBuffer {
   public:
     explicit DepthBuffer(const Chart3D& c)
         : chart_(c),
-          layout_(MakeLayout(c, kWidth, kHeight, chart::QtTextMeasure())),
+          layout_(make_layout(c, kWidth, kHeight, chart::qtTextMeasure())),
           seen_(kWidth * kHeight, Seen::Nothing),
           depth_(kWidth * kHeight, -std::numeric_limits<double>::infinity()) {
         const chart::SurfaceGrid& g = c.surface;
@@ -65,14 +65,14 @@ class DepthBuffer {
     std::optional<Corner> corner(int i, int j) const {
         const chart::SurfaceGrid& g = chart_.surface;
         float z = g.z[g.at(i, j)];
-        if (g.isHole(z) && !g.zBehindHoles.empty()) z = g.zBehindHoles[g.at(i, j)];
-        if (g.isHole(z)) return std::nullopt;
+        if (g.is_hole(z) && !g.zBehindHoles.empty()) z = g.zBehindHoles[g.at(i, j)];
+        if (g.is_hole(z)) return std::nullopt;
         const auto scaled = [](double v, const chart::Range& r) {
             return 2 * (v - r.min) / (r.max - r.min) - 1;
         };
         const Point3 p{scaled(g.x(i), layout_.box.x), scaled(g.y(j), layout_.box.y),
                        chart_.heightRatio * scaled(static_cast<double>(z), layout_.box.z)};
-        return Corner{p, layout_.camera.project(p), 1 / layout_.camera.depthFactor(p)};
+        return Corner{p, layout_.camera.project(p), 1 / layout_.camera.depth_factor(p)};
     }
 
     void cell(int i, int j) {
@@ -164,7 +164,7 @@ void compare(const Chart3D& chart, const char* what) {
                 c.view = {elevation, rotation, perspective, 1};
                 QImage picture(kWidth, kHeight, QImage::Format_RGB32);
                 QPainter painter(&picture);
-                PaintChart3D(painter, picture.rect(), c);
+                paintChart3D(painter, picture.rect(), c);
                 painter.end();
                 const DepthBuffer truth(c);
                 int wrong = 0, compared = 0;
@@ -218,9 +218,9 @@ TEST(SurfacePicture, TheEdgeAtALimitIsCleanInTheMap) {
     c.scaleShown = false;
     QImage picture(kWidth, kHeight, QImage::Format_RGB32);
     QPainter painter(&picture);
-    PaintChart3D(painter, picture.rect(), c);
+    paintChart3D(painter, picture.rect(), c);
     painter.end();
-    const chart::Layout3D layout = MakeLayout(c, kWidth, kHeight, chart::QtTextMeasure());
+    const chart::Layout3D layout = make_layout(c, kWidth, kHeight, chart::qtTextMeasure());
     // The contour z = 3 is the ellipse x^2 + 0.4 y^2 = 1/3 - 0.15: inside it is the ground,
     // outside the surface. Chords of the cells stay within a hundredth of it.
     const double radius = std::sqrt(1.0 / 3 - 0.15);

@@ -55,7 +55,7 @@ class Graph3D : public FrameTest {
     static QImage picture(const chart::Chart3D& c) {
         QImage image(700, 560, QImage::Format_RGB32);
         QPainter painter(&image);
-        PaintChart3D(painter, image.rect(), c);
+        paintChart3D(painter, image.rect(), c);
         return image;
     }
     static QImage picture() { return picture(shown()); }
@@ -104,7 +104,7 @@ TEST_F(Graph3D, EveryRowOfTheMenuOpensItsSurface) {
         EXPECT_EQ(shown().subtitle.text, " for Propane,  CEOS Peng / Robinson");
         EXPECT_EQ(shown().surface.nx, 41);
         EXPECT_EQ(shown().surface.ny, 41);
-        EXPECT_TRUE(diagrams::HasSurface(shown().surface)) << e.row;
+        EXPECT_TRUE(diagrams::has_surface(shown().surface)) << e.row;
         EXPECT_EQ(user.messages.size(), e.kind == 1 || e.kind == 4 ? 1U : 0U) << e.row;
         EXPECT_FALSE(user.pointer.empty()) << "the pointer is busy meanwhile";
         EXPECT_FALSE(user.pointer.back());
@@ -168,7 +168,7 @@ TEST_F(Graph3D, TakesNewLimitsAndComputesAnew) {
     EXPECT_EQ(shown().surface.y(0), 300);
     EXPECT_DOUBLE_EQ(shown().surface.y(40), 450);
     EXPECT_NE(shown().surface, before);
-    for (const float z : shown().surface.z) EXPECT_TRUE(shown().surface.isHole(z) || z <= 0);
+    for (const float z : shown().surface.z) EXPECT_TRUE(shown().surface.is_hole(z) || z <= 0);
     limits([] {
         EXPECT_EQ(read("txtTMin"), "300");
         click("cmdCoord3_Default");
@@ -196,7 +196,7 @@ TEST_F(Graph3D, RefusesLimitsThatDoNotRise) {
         click("cmdCoord3_Cancel");
     });
     EXPECT_EQ(shown().surface, before);
-    EXPECT_EQ(sheet().limits, Module9::DefaultGrid(7, false));
+    EXPECT_EQ(sheet().limits, Module9::default_grid(7, false));
 }
 
 TEST_F(Graph3D, TellsWhenNothingIsToBeSeen) {
@@ -280,7 +280,7 @@ TEST_F(Graph3D, ReadsThePlaceUnderThePointer) {
     EXPECT_TRUE(parts[1].startsWith("T / K = "));
     EXPECT_TRUE(parts[2].startsWith("g / (kJ/kmol) = "));
     const auto number = [](const QString& part) {
-        return numbers::Val(part.section("= ", 1).replace(',', '.').toStdString());
+        return numbers::val(part.section("= ", 1).replace(',', '.').toStdString());
     };
     EXPECT_NEAR(number(parts[0]), place->x, 1e-4 * std::fabs(place->x));
     EXPECT_NEAR(number(parts[1]), place->y, 1e-4 * std::fabs(place->y));
@@ -537,7 +537,7 @@ TEST_F(Graph3D, TheSurfaceInUseIsTheOneOfTheSession) {
 }
 
 TEST_F(Graph3D, AFaultWhileTheViewOpensIsTold) {
-    Module9::Views3D().openDiagram = [] { throw std::bad_alloc(); };
+    Module9::views3_d().openDiagram = [] { throw std::bad_alloc(); };
     choose(kEnthalpyRow);
     graph3d_views::Install();
     EXPECT_TRUE(user.lastText().starts_with(

@@ -344,7 +344,7 @@ TEST_F(ManuInput, TheDiagramTakesTheActivePoints) {
     drive::find("frmManuInput")->close();
     drive::settle();
     int drawn = 0;
-    actions::RegisterAction("graph_xy", [&] { ++drawn; });
+    actions::register_action("graph_xy", [&] { ++drawn; });
     open();
     click("cmdDrawManu");
     EXPECT_EQ(user.lastText(), "at least one active point!");
@@ -380,7 +380,7 @@ TEST_F(ManuInput, TheFittingTakesThisList) {
     drive::find("frmManuInput")->close();
     drive::settle();
     int sent = 0;
-    actions::RegisterAction("fit_data", [&] { ++sent; });
+    actions::register_action("fit_data", [&] { ++sent; });
     the_session.FitDataSource = 1;
     open();
     click("cmdFitting");

@@ -20,10 +20,10 @@ class ViewTest : public SessionTest {
         for (const QSettings::Format format : {QSettings::NativeFormat, QSettings::IniFormat})
             QSettings::setPath(format, QSettings::UserScope,
                                QString::fromStdString((folder() / "settings").string()));
-        actions::Clear();
-        session::projectHooks() = {};
-        session::shutdownHooks() = {};
-        shell::SetHelp(nullptr);
+        actions::clear();
+        session::project_hooks() = {};
+        session::shutdown_hooks() = {};
+        shell::setHelp(nullptr);
     }
 
     void TearDown() override {
@@ -33,8 +33,8 @@ class ViewTest : public SessionTest {
         for (QWidget* top : QApplication::topLevelWidgets())
             if (top->isVisible()) top->close();
         drive::settle();
-        actions::Clear();
-        session::projectHooks() = {};
-        session::shutdownHooks() = {};
+        actions::clear();
+        session::project_hooks() = {};
+        session::shutdown_hooks() = {};
     }
 };

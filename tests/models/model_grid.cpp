@@ -14,15 +14,15 @@ void ActivateModel(std::int16_t code) {
     models::ModelSelection& m = legacy::the_models;
     m = {};
     m.EOSModel = code;
-    m.EOSOnlyV = models::IsVOnlyEOS(code);
+    m.EOSOnlyV = models::is_v_only_eos(code);
     m.VPModel = 7;
     m.VPCode = "KFR";
     m.WatsonN = 0.38F;
     m.CpModel = legacy::the_substance.hasCpSinh ? 2 : 1;
     legacy::the_jiTorvik = {.jtK = 0.06, .jtZc = 0.281, .jtM = 0.9, .jtP = 0.55, .jtQ = 0.35};
-    models::GiveJiTorvikParameters(true);
-    models::CalcEOSParameters(code);
-    models::GiveJiTorvikParameters(false);
+    models::give_ji_torvik_parameters(true);
+    models::calc_eos_parameters(code);
+    models::give_ji_torvik_parameters(false);
     if (code != 10) return;
     // A manual virial coefficient of the size of the fluid's own.
     legacy::the_eosParameters.eosB0 = 0.2;
@@ -30,7 +30,7 @@ void ActivateModel(std::int16_t code) {
     legacy::the_eosParameters.eosNV = 0.4;
 }
 
-void Activate(const std::string& name, std::int16_t code) {
+void activate(const std::string& name, std::int16_t code) {
     models::SubstanceRecord& s = legacy::the_substance;
     s = fluids::Row(name);
     constexpr std::int16_t correlated[] = {6, 7, 8};
@@ -44,7 +44,7 @@ void ForAll(std::span<const std::int16_t> codes,
             const std::function<void(const std::string&)>& test) {
     for (const std::string& name : fluids::AllNames()) {
         if (codes.empty()) continue;
-        Activate(name, codes.front());
+        activate(name, codes.front());
         for (const std::int16_t code : codes) {
             ActivateModel(code);
             test(name + ", model " + std::to_string(code));

@@ -17,7 +17,7 @@ inline constexpr std::int16_t kVOnly[] = {0, 10, 11, 12, 13, 14, 15, 16};
 
 /// Makes a substance of the table and an equation of state the active ones, with given Ji/Torvik
 /// parameters, correlated vapour pressure sets and the first cp form that the substance has.
-void Activate(const std::string& name, std::int16_t code);
+void activate(const std::string& name, std::int16_t code);
 
 /// The same for a record, which stays as it is.
 void ActivateModel(std::int16_t code);

@@ -155,7 +155,7 @@ TEST_F(CaloricIdentities, HoldForEverySubstanceAndModel) {
 TEST_F(CaloricIdentities, HoldInEveryReferenceModeAndCpForm) {
     for (const std::int16_t mode : {std::int16_t{1}, std::int16_t{2}, std::int16_t{10}}) {
         for (const std::int16_t form : {std::int16_t{1}, std::int16_t{2}}) {
-            grid::Activate("Propane", 6);
+            grid::activate("Propane", 6);
             legacy::the_models.CpModel = form;
             legacy::the_reference.RefMode = mode;
             for (const Fixture& f : states()) check(f, "mode " + std::to_string(mode));

@@ -28,18 +28,18 @@ class Density : public SessionTest {
 
 TEST_F(Density, OfASinglePointKeepsItsShortForm) {
     liquid({1000, -1, 300, 0, 0, 0, 0}, 0, 0, 0);
-    const models::DensityResult r = models::DensityL(300, true);
+    const models::DensityResult r = models::density_l(300, true);
     EXPECT_EQ(r.rho, 700);
     EXPECT_EQ(r.status, kSuccess);
     EXPECT_EQ(r.deviation, 0);
     // It has no range, so it never warns.
-    EXPECT_EQ(models::DensityL(900, true).rho, 100);
+    EXPECT_EQ(models::density_l(900, true).rho, 100);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Density, OfASinglePointThatWouldBeNegativeFails) {
     liquid({1000, -1, 300, 0, 0, 0, 0}, 0, 0, 0);
-    const models::DensityResult r = models::DensityL(1100, false);
+    const models::DensityResult r = models::density_l(1100, false);
     EXPECT_EQ(r.status, kFailure);
     EXPECT_EQ(r.rho, 0);
 }
@@ -48,51 +48,51 @@ TEST_F(Density, PolynomialHasARationalAndAPowerTerm) {
     liquid({900, -0.5F, 1e-3F, -2e-6F, 0, 0, 0}, 500, 200, 480);
     const double T = 300;
     const double plain = 900 - 0.5 * T + 1e-3 * T * T - 2e-6 * T * T * T;
-    EXPECT_NEAR(models::DensityL(300, false).rho, plain, 1e-4);
+    EXPECT_NEAR(models::density_l(300, false).rho, plain, 1e-4);
     s.rhoLPar[4] = 4000;
     s.rhoLPar[5] = -100;
-    EXPECT_NEAR(models::DensityL(300, false).rho, plain + 20, 1e-4);
+    EXPECT_NEAR(models::density_l(300, false).rho, plain + 20, 1e-4);
     s.rhoLPar[6] = 50;
-    EXPECT_NEAR(models::DensityL(300, false).rho, plain + 20 + 50 * std::cbrt(0.4), 1e-4);
+    EXPECT_NEAR(models::density_l(300, false).rho, plain + 20 + 50 * std::cbrt(0.4), 1e-4);
     // At and above Tc of the equation the power term is left out.
     const double at500 = 900 - 250 + 250 - 250 + 4000.0 / 400;
-    EXPECT_NEAR(models::DensityL(500, false).rho, at500, 1e-3);
+    EXPECT_NEAR(models::density_l(500, false).rho, at500, 1e-3);
 }
 
 TEST_F(Density, PolynomialWithANegativeFirstTermIsUsed) {
     liquid({-100, 2, 0, 0, 0, 0, 0}, 500, 200, 480);
-    EXPECT_NEAR(models::DensityL(300, false).rho, 500, 1e-9);
+    EXPECT_NEAR(models::density_l(300, false).rho, 500, 1e-9);
 }
 
 TEST_F(Density, PolynomialBelowItsLowestValueFails) {
     liquid({100, -1, 0, 0, 0, 0, 0}, 500, 50, 480);
-    EXPECT_EQ(models::DensityL(99, false).rho, 1);
-    EXPECT_EQ(models::DensityL(100, false).status, kFailure);
-    EXPECT_EQ(models::DensityL(150, true).status, kFailure);
-    EXPECT_EQ(models::DensityL(150, true).rho, 0);
+    EXPECT_EQ(models::density_l(99, false).rho, 1);
+    EXPECT_EQ(models::density_l(100, false).status, kFailure);
+    EXPECT_EQ(models::density_l(150, true).status, kFailure);
+    EXPECT_EQ(models::density_l(150, true).rho, 0);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Density, PoleOfTheRationalTermFails) {
     liquid({900, 0, 0, 0, 50, -300, 0}, 500, 200, 480);
-    EXPECT_EQ(models::DensityL(300, false).status, kFailure);
-    EXPECT_EQ(models::DensityL(300, false).rho, 0);
+    EXPECT_EQ(models::density_l(300, false).status, kFailure);
+    EXPECT_EQ(models::density_l(300, false).rho, 0);
 }
 
 TEST_F(Density, PowerFormIsUsedWithoutAFirstTerm) {
     liquid({0, 70, 0.25F, 0.3F, 0, 0, 0}, 500, 200, 500);
     const double expected = 70 / std::pow(0.25, 1 + std::pow(0.4, 0.30000001192092896));
-    EXPECT_NEAR(models::DensityL(300, false).rho, expected, 1e-9);
-    EXPECT_NEAR(models::DensityL(500, false).rho, 280, 1e-9);
-    EXPECT_EQ(models::DensityL(501, false).rho, 0);
-    EXPECT_EQ(models::DensityL(501, false).status, kSuccess);
+    EXPECT_NEAR(models::density_l(300, false).rho, expected, 1e-9);
+    EXPECT_NEAR(models::density_l(500, false).rho, 280, 1e-9);
+    EXPECT_EQ(models::density_l(501, false).rho, 0);
+    EXPECT_EQ(models::density_l(501, false).status, kSuccess);
 }
 
 TEST_F(Density, WithoutAnyParameterThereIsNone) {
-    const models::DensityResult r = models::DensityL(300, true);
+    const models::DensityResult r = models::density_l(300, true);
     EXPECT_EQ(r.rho, 0);
     EXPECT_TRUE(user.messages.empty());
-    EXPECT_EQ(models::DensityS(300, true).rho, 0);
+    EXPECT_EQ(models::density_s(300, true).rho, 0);
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -100,7 +100,7 @@ TEST_F(Density, LiquidWarnsBeyondFiveKelvins) {
     liquid({900, -1, 0, 0, 0, 0, 0}, 500, 200, 400);
     const auto messages = [&](float T) {
         user.messages.clear();
-        models::DensityL(T, true);
+        models::density_l(T, true);
         return user.messages.size();
     };
     EXPECT_EQ(messages(300), 0U);
@@ -118,38 +118,38 @@ TEST_F(Density, LiquidWarnsBeyondFiveKelvins) {
     EXPECT_EQ(user.lastText(),
               " temperature-6 K outside parameter validity\n"
               "(for temperature range cf. window \"Models\")");
-    EXPECT_EQ(models::DensityL(406, true).rho, 494);
-    EXPECT_EQ(models::DensityL(406, true).deviation, 6);
+    EXPECT_EQ(models::density_l(406, true).rho, 494);
+    EXPECT_EQ(models::density_l(406, true).deviation, 6);
     user.messages.clear();
-    models::DensityL(450, false);
+    models::density_l(450, false);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Density, SolidWarnsBeyondFiveKelvins) {
     solid({1500, -0.5F, 1e-3F, -1e-6F}, 100, 200);
-    EXPECT_NEAR(models::DensityS(150, true).rho, 1500 - 75 + 22.5 - 3.375, 1e-4);
+    EXPECT_NEAR(models::density_s(150, true).rho, 1500 - 75 + 22.5 - 3.375, 1e-4);
     EXPECT_TRUE(user.messages.empty());
-    models::DensityS(205, true);
-    models::DensityS(95, true);
+    models::density_s(205, true);
+    models::density_s(95, true);
     EXPECT_TRUE(user.messages.empty());
-    models::DensityS(206, true);
+    models::density_s(206, true);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastTitle(), "Warning concerning the function rho(S) = Fu(T)");
     EXPECT_EQ(
         user.lastText(),
         " Temperature6 K outside T-range of the parameters\n(range of validity: 100 ... 200)");
-    EXPECT_EQ(models::DensityS(94, true).deviation, -6);
+    EXPECT_EQ(models::density_s(94, true).deviation, -6);
     EXPECT_EQ(user.messages.size(), 2U);
 }
 
 TEST_F(Density, SolidOfASinglePointIsALine) {
     solid({1200, -0.4F, 0, 0}, 0, 0);
-    EXPECT_NEAR(models::DensityS(100, true).rho, 1160, 1e-4);
+    EXPECT_NEAR(models::density_s(100, true).rho, 1160, 1e-4);
     solid({0, -0.4F, 0, 0}, 0, 0);
-    EXPECT_EQ(models::DensityS(100, true).rho, 0);
+    EXPECT_EQ(models::density_s(100, true).rho, 0);
     // One limit alone is no range.
     solid({1200, -0.4F, 0, 0}, 100, 0);
-    EXPECT_EQ(models::DensityS(100, true).rho, 0);
+    EXPECT_EQ(models::density_s(100, true).rho, 0);
 }
 
 TEST_F(Density, EveryEquationOfTheTableGivesALiquidInsideItsRange) {
@@ -162,7 +162,7 @@ TEST_F(Density, EveryEquationOfTheTableGivesALiquidInsideItsRange) {
         double last = 1e9;
         for (const float T :
              {static_cast<float>(s.rhoLTLo + 1), middle, static_cast<float>(s.rhoLTHi - 1)}) {
-            const models::DensityResult r = models::DensityL(T, true);
+            const models::DensityResult r = models::density_l(T, true);
             EXPECT_EQ(r.status, kSuccess) << name;
             EXPECT_GT(r.rho, 0.5 * s.rhocrit) << name;
             if (T > middle || name != "Water") {
@@ -177,36 +177,36 @@ TEST_F(Density, EveryEquationOfTheTableGivesALiquidInsideItsRange) {
 
 TEST_F(Density, OfBensonReturnsTheReferencePointAndTheCriticalDensity) {
     const models::BensonPoint ref{300, 200, 800, 5};
-    EXPECT_TRUE(models::IsKnown(ref));
-    EXPECT_NEAR(models::DensityLBenson(300, 500, 250, 5, ref), 800, 1e-10);
-    EXPECT_NEAR(models::DensityLBenson(300, 500, 250, 7, ref), 798, 1e-10);
-    EXPECT_NEAR(models::DensityLBenson(500, 500, 250, 200, ref), 300, 1e-10);
+    EXPECT_TRUE(models::is_known(ref));
+    EXPECT_NEAR(models::density_l_benson(300, 500, 250, 5, ref), 800, 1e-10);
+    EXPECT_NEAR(models::density_l_benson(300, 500, 250, 7, ref), 798, 1e-10);
+    EXPECT_NEAR(models::density_l_benson(500, 500, 250, 200, ref), 300, 1e-10);
     // Half way the sum of both densities is the mean of both ends.
-    EXPECT_NEAR(models::DensityLBenson(400, 500, 250, 40, ref), 0.5 * (805 + 500) - 40, 1e-10);
+    EXPECT_NEAR(models::density_l_benson(400, 500, 250, 40, ref), 0.5 * (805 + 500) - 40, 1e-10);
 }
 
 TEST_F(Density, OfBensonNeedsOnlyTheSumOfTheReferenceDensities) {
-    const double a = models::DensityLBenson(350, 500, 250, 20, {300, 200, 800, 5});
-    const double b = models::DensityLBenson(350, 500, 250, 20, {300, 200, 5, 800});
+    const double a = models::density_l_benson(350, 500, 250, 20, {300, 200, 800, 5});
+    const double b = models::density_l_benson(350, 500, 250, 20, {300, 200, 5, 800});
     EXPECT_EQ(a, b);
 }
 
 TEST_F(Density, OfBensonIsZeroWithoutCriticalDensityOrDistance) {
-    EXPECT_EQ(models::DensityLBenson(350, 500, 0, 20, {300, 200, 800, 5}), 0);
-    EXPECT_EQ(models::DensityLBenson(350, 300, 250, 20, {300, 200, 800, 5}), 0);
-    EXPECT_EQ(models::DensityLBenson(350, 500, 250, 2000, {300, 200, 800, 5}), 0);
-    EXPECT_FALSE(models::IsKnown({300, 0, 800, 5}));
-    EXPECT_FALSE(models::IsKnown({}));
+    EXPECT_EQ(models::density_l_benson(350, 500, 0, 20, {300, 200, 800, 5}), 0);
+    EXPECT_EQ(models::density_l_benson(350, 300, 250, 20, {300, 200, 800, 5}), 0);
+    EXPECT_EQ(models::density_l_benson(350, 500, 250, 2000, {300, 200, 800, 5}), 0);
+    EXPECT_FALSE(models::is_known({300, 0, 800, 5}));
+    EXPECT_FALSE(models::is_known({}));
 }
 
 TEST_F(Density, BensonsApproximationAtTheBoilingPoint) {
-    EXPECT_NEAR(models::BensonApproximation(100, 100 * std::exp(1.0), 250), 250 * (1.981 + 0.18327),
-                1e-9);
-    EXPECT_EQ(models::BensonApproximation(1e-6, 4000, 250), 0);
-    EXPECT_EQ(models::BensonApproximation(0, 4000, 250), 0);
-    EXPECT_EQ(models::BensonApproximation(100, 0, 250), 0);
+    EXPECT_NEAR(models::benson_approximation(100, 100 * std::exp(1.0), 250),
+                250 * (1.981 + 0.18327), 1e-9);
+    EXPECT_EQ(models::benson_approximation(1e-6, 4000, 250), 0);
+    EXPECT_EQ(models::benson_approximation(0, 4000, 250), 0);
+    EXPECT_EQ(models::benson_approximation(100, 0, 250), 0);
     // Propane boils with 580.9 kg/m^3 (E. W. Lemmon et al., J. Chem. Eng. Data 54 (2009) 3141).
-    EXPECT_NEAR(models::BensonApproximation(101.3, 4251.2, 220.4781), 580.9, 0.02 * 580.9);
+    EXPECT_NEAR(models::benson_approximation(101.3, 4251.2, 220.4781), 580.9, 0.02 * 580.9);
 }
 
 }  // namespace

@@ -175,14 +175,14 @@ TEST_F(IdealGas, PolynomialFailsWithoutATemperature) {
 
 TEST_F(IdealGas, LiquidAndSolidUseThePolynomialForms) {
     models::SubstanceRecord& s = legacy::the_substance;
-    EXPECT_EQ(models::CpLiquid(300).status, kFailure);
-    EXPECT_EQ(models::CpSolid(300).status, kFailure);
+    EXPECT_EQ(models::cp_liquid(300).status, kFailure);
+    EXPECT_EQ(models::cp_solid(300).status, kFailure);
     s.cpL = {{100, 0.1F, 0, 0, 1e-10F}, 200, 400};
     s.cpS = {{0, 20, 0.1F, 0, 9e4F}, 100, 250};
-    EXPECT_NEAR(models::CpLiquid(300).cp, 100 + 30 + 0.81, 1e-5);
-    EXPECT_NEAR(models::CpSolid(200).cp, 20 + 20 + 2.25, 1e-5);
+    EXPECT_NEAR(models::cp_liquid(300).cp, 100 + 30 + 0.81, 1e-5);
+    EXPECT_NEAR(models::cp_solid(200).cp, 20 + 20 + 2.25, 1e-5);
     s.cpL.c[4] = -9e6F;
-    EXPECT_NEAR(models::CpLiquid(300).cp, 100 + 30 - 100, 1e-5);
+    EXPECT_NEAR(models::cp_liquid(300).cp, 100 + 30 - 100, 1e-5);
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ TEST_F(InflexionPoints, AreTheSignChangesOfTheSecondDerivative) {
 }
 
 TEST_F(InflexionPoints, OfVanDerWaalsMeetTheirClosedForms) {
-    grid::Activate("Propane", 2);
+    grid::activate("Propane", 2);
     const double a = legacy::the_eosParameters.eosA0, b = legacy::the_eosParameters.eosB0;
     const double Tcrit = legacy::the_substance.Tcrit;
     // At the critical point the first one is the critical volume 3 b.
@@ -86,13 +86,13 @@ TEST_F(InflexionPoints, OfVanDerWaalsMeetTheirClosedForms) {
 
 TEST_F(InflexionPoints, OfVOnlyModelsDoNotExist) {
     for (const std::int16_t code : grid::kVOnly) {
-        grid::Activate("Propane", code);
+        grid::activate("Propane", code);
         EXPECT_EQ(models::InflexionPoints(300).count, 0) << code;
     }
 }
 
 TEST_F(InflexionPoints, WithoutAttractionOrTemperatureDoNotExist) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     EXPECT_EQ(models::InflexionPoints(0).count, 0);
     EXPECT_EQ(models::InflexionPoints(-5).count, 0);
     EXPECT_EQ(models::inflexion_points({0, 0.05, 0, 0}, 300).count, 0);

@@ -23,47 +23,47 @@ std::vector<int> codes(const ModelEntries& entries) {
 class ModelChoiceOf : public SessionTest {
   protected:
     ModelChoiceOf() {
-        actions::Clear();
+        actions::clear();
         the_substance = fluids::ReferencePropane();
         the_substance.Name = "Propane";
         for (models::VPSetAntoine* set : {&the_substance.ALP, &the_substance.AHP}) set->A = 5.0F;
         the_substance.FRO.TLo = the_substance.WAG.TLo = 100;
     }
     static void chooseEOS(ModelChoice& choice, std::int16_t code) {
-        choice.ChooseEOS(models::IndexOf(choice.eos(), code));
+        choice.choose_eos(models::index_of(choice.eos(), code));
     }
     static void chooseHLV(ModelChoice& choice, std::int16_t method) {
-        choice.ChooseHLV(models::IndexOf(choice.hlv(), method));
+        choice.choose_hlv(models::index_of(choice.hlv(), method));
     }
 };
 
 TEST_F(ModelChoiceOf, EquationsOfStateDependOnTheAcentricFactor) {
-    EXPECT_EQ(codes(models::EOSEntries(the_substance)),
+    EXPECT_EQ(codes(models::eos_entries(the_substance)),
               (std::vector<int>{0, 2, 3, 4, 5, 6, 7, 8, 10, 16, 11, 12, 13, 14, 15}));
     the_substance.omega = 0;
-    EXPECT_EQ(codes(models::EOSEntries(the_substance)),
+    EXPECT_EQ(codes(models::eos_entries(the_substance)),
               (std::vector<int>{0, 2, 3, 4, 10, 11, 12, 13}));
     // Helium and hydrogen have negative ones.
     the_substance.omega = -0.39;
-    EXPECT_EQ(models::EOSEntries(the_substance).size(), 15U);
+    EXPECT_EQ(models::eos_entries(the_substance).size(), 15U);
 }
 
 TEST_F(ModelChoiceOf, NamesAreShownWithoutOuterBlanks) {
-    EXPECT_EQ(models::EOSEntries(the_substance)[5].text, "CEOS Peng / Robinson");
-    EXPECT_EQ(models::VPEntries(the_substance)[0].text, "Wagner");
-    EXPECT_EQ(models::VPEntries(the_substance)[1].text, "FROST/KALKWARF");
-    EXPECT_EQ(models::CpEntries({})[0].text, "(no equation available)");
+    EXPECT_EQ(models::eos_entries(the_substance)[5].text, "CEOS Peng / Robinson");
+    EXPECT_EQ(models::vp_entries(the_substance)[0].text, "Wagner");
+    EXPECT_EQ(models::vp_entries(the_substance)[1].text, "FROST/KALKWARF");
+    EXPECT_EQ(models::cp_entries({})[0].text, "(no equation available)");
 }
 
 TEST_F(ModelChoiceOf, FirstEquationIsPengRobinsonOrRedlichKwong) {
     const ModelChoice withOmega;
     EXPECT_EQ(the_models.EOSModel, 6);
-    EXPECT_EQ(withOmega.eos()[withOmega.eosIndex()].text, "CEOS Peng / Robinson");
+    EXPECT_EQ(withOmega.eos()[withOmega.eos_index()].text, "CEOS Peng / Robinson");
     the_models.EOSModel = -1;
     the_substance.omega = 0;
     const ModelChoice without;
     EXPECT_EQ(the_models.EOSModel, 4);
-    EXPECT_EQ(without.eos()[without.eosIndex()].text, "CEOS Redlich / Kwong");
+    EXPECT_EQ(without.eos()[without.eos_index()].text, "CEOS Redlich / Kwong");
 }
 
 TEST_F(ModelChoiceOf, AnEquationThatIsNotOfferedAnyMoreGivesWayToTheDefault) {
@@ -73,22 +73,22 @@ TEST_F(ModelChoiceOf, AnEquationThatIsNotOfferedAnyMoreGivesWayToTheDefault) {
     const ModelChoice choice;
     EXPECT_EQ(the_models.EOSModel, 4);
     EXPECT_FALSE(the_models.EOSOnlyV);
-    EXPECT_TRUE(choice.priorityEnabled());
+    EXPECT_TRUE(choice.priority_enabled());
 }
 
 TEST_F(ModelChoiceOf, VapourPressureEquationsAreThoseWithData) {
     models::SubstanceRecord s;
-    EXPECT_EQ(codes(models::VPEntries(s)), std::vector<int>{0});
+    EXPECT_EQ(codes(models::vp_entries(s)), std::vector<int>{0});
     s.Tboil = 231.0F;
-    EXPECT_EQ(codes(models::VPEntries(s)), (std::vector<int>{6, 7, 8, 0}));
+    EXPECT_EQ(codes(models::vp_entries(s)), (std::vector<int>{6, 7, 8, 0}));
     s.AUG = {14.0F, -2200.0F};
-    EXPECT_EQ(codes(models::VPEntries(s)), (std::vector<int>{5, 6, 7, 8, 0}));
+    EXPECT_EQ(codes(models::vp_entries(s)), (std::vector<int>{5, 6, 7, 8, 0}));
     s.AHP.A = 4.0F;
-    EXPECT_EQ(codes(models::VPEntries(s)), (std::vector<int>{2, 5, 6, 7, 8}));
+    EXPECT_EQ(codes(models::vp_entries(s)), (std::vector<int>{2, 5, 6, 7, 8}));
     s.ALP.A = 4.0F;
     s.FRO.TLo = 100;
     s.WAG.TLo = 100;
-    EXPECT_EQ(codes(models::VPEntries(s)), (std::vector<int>{4, 3, 1, 2, 5, 6, 7, 8}));
+    EXPECT_EQ(codes(models::vp_entries(s)), (std::vector<int>{4, 3, 1, 2, 5, 6, 7, 8}));
 }
 
 TEST_F(ModelChoiceOf, NoVapourPressureModelYetMeansTheFirstEntry) {
@@ -106,7 +106,7 @@ TEST_F(ModelChoiceOf, TheVapourPressureCodeFollowsTheEntry) {
                                                           {4, "WAG"}, {5, "AUG"}, {6, "KFW"},
                                                           {7, "KFR"}, {8, "THO"}};
     for (const auto& [index, code] : all) {
-        choice.ChooseVP(models::IndexOf(choice.vp(), static_cast<std::int16_t>(index)));
+        choice.choose_vp(models::index_of(choice.vp(), static_cast<std::int16_t>(index)));
         EXPECT_EQ(the_models.VPModel, index);
         EXPECT_EQ(the_models.VPCode, code);
     }
@@ -118,24 +118,24 @@ TEST_F(ModelChoiceOf, TheVapourPressureCodeFollowsTheEntry) {
 
 TEST_F(ModelChoiceOf, MethodsOfVaporisationDependOnDataAndEquation) {
     models::SubstanceRecord s;
-    EXPECT_EQ(codes(models::HLVEntries(s, true)), (std::vector<int>{2, 3, 6}));
-    EXPECT_EQ(codes(models::HLVEntries(s, false)), (std::vector<int>{2, 3, 6, 7}));
+    EXPECT_EQ(codes(models::hlv_entries(s, true)), (std::vector<int>{2, 3, 6}));
+    EXPECT_EQ(codes(models::hlv_entries(s, false)), (std::vector<int>{2, 3, 6, 7}));
     s.hLVTHi = 300;
     s.WatsonH = 18000;
     s.WatsonT = 231;
     s.rhoLTLo = 90;
-    EXPECT_EQ(codes(models::HLVEntries(s, false)), (std::vector<int>{1, 2, 3, 4, 5, 6, 7}));
+    EXPECT_EQ(codes(models::hlv_entries(s, false)), (std::vector<int>{1, 2, 3, 4, 5, 6, 7}));
     s.WatsonT = 0;
-    EXPECT_EQ(codes(models::HLVEntries(s, false)), (std::vector<int>{1, 2, 3, 5, 6, 7}));
+    EXPECT_EQ(codes(models::hlv_entries(s, false)), (std::vector<int>{1, 2, 3, 5, 6, 7}));
 }
 
 TEST_F(ModelChoiceOf, TheIdealGasFormAvailableIsTaken) {
-    EXPECT_EQ(codes(models::CpEntries({})), std::vector<int>{0});
+    EXPECT_EQ(codes(models::cp_entries({})), std::vector<int>{0});
     models::SubstanceRecord s;
     s.hasCpSinh = true;
-    EXPECT_EQ(codes(models::CpEntries(s)), std::vector<int>{2});
+    EXPECT_EQ(codes(models::cp_entries(s)), std::vector<int>{2});
     s.hasCpPoly = true;
-    EXPECT_EQ(codes(models::CpEntries(s)), (std::vector<int>{1, 2}));
+    EXPECT_EQ(codes(models::cp_entries(s)), (std::vector<int>{1, 2}));
 
     the_substance.hasCpPoly = false;
     the_substance.hasCpSinh = true;
@@ -149,32 +149,32 @@ TEST_F(ModelChoiceOf, TheIdealGasFormAvailableIsTaken) {
 
 TEST_F(ModelChoiceOf, WatsonExponentsComeFromTheReducedBoilingTemperature) {
     models::SubstanceRecord s;
-    EXPECT_EQ(models::WatsonEntries(s), std::vector<std::string>{"0.38"});
+    EXPECT_EQ(models::watson_entries(s), std::vector<std::string>{"0.38"});
     s.Tcrit = 1000;
     s.Tboil = 570.0F;
-    EXPECT_EQ(models::WatsonEntries(s), (std::vector<std::string>{"0.38", "0.30"}));
+    EXPECT_EQ(models::watson_entries(s), (std::vector<std::string>{"0.38", "0.30"}));
     s.Tboil = 650.0F;
     // 0.74 * 0.65 - 0.116
-    EXPECT_EQ(models::WatsonEntries(s), (std::vector<std::string>{"0.38", "0.365"}));
+    EXPECT_EQ(models::watson_entries(s), (std::vector<std::string>{"0.38", "0.365"}));
     s.Tboil = 710.0F;
-    EXPECT_EQ(models::WatsonEntries(s), (std::vector<std::string>{"0.38", "0.41"}));
+    EXPECT_EQ(models::watson_entries(s), (std::vector<std::string>{"0.38", "0.41"}));
 }
 
 TEST_F(ModelChoiceOf, TheWatsonExponentIsShownForItsMethodOnly) {
     ModelChoice choice;
     EXPECT_FLOAT_EQ(the_models.WatsonN, 0.38F);
-    EXPECT_EQ(choice.watsonText(), "0.38");
+    EXPECT_EQ(choice.watson_text(), "0.38");
     chooseHLV(choice, 4);
-    EXPECT_TRUE(choice.watsonVisible());
+    EXPECT_TRUE(choice.watson_visible());
     chooseHLV(choice, 2);
-    EXPECT_FALSE(choice.watsonVisible());
-    choice.SetWatson("0,4");
+    EXPECT_FALSE(choice.watson_visible());
+    choice.set_watson("0,4");
     EXPECT_FLOAT_EQ(the_models.WatsonN, 0.4F);
-    choice.SetWatson("1e300");
+    choice.set_watson("1e300");
     EXPECT_EQ(the_models.WatsonN, 0.0F) << "no float holds it";
-    choice.SetWatson("0.41");
+    choice.set_watson("0.41");
     const ModelChoice again;
-    EXPECT_EQ(again.watsonText(), "0.41");
+    EXPECT_EQ(again.watson_text(), "0.41");
 }
 
 TEST_F(ModelChoiceOf, AnEquationForTheVapourOnlyTakesPriorityAndTheGlobalMethodAway) {
@@ -183,7 +183,7 @@ TEST_F(ModelChoiceOf, AnEquationForTheVapourOnlyTakesPriorityAndTheGlobalMethodA
     chooseEOS(choice, 11);
     EXPECT_TRUE(the_models.EOSOnlyV);
     EXPECT_FALSE(the_models.PriorityCEOS);
-    EXPECT_FALSE(choice.priorityEnabled());
+    EXPECT_FALSE(choice.priority_enabled());
     EXPECT_EQ(the_models.HLVModel, choice.hlv()[0].code);
     for (const int code : codes(choice.hlv())) EXPECT_NE(code, 7);
 
@@ -192,13 +192,13 @@ TEST_F(ModelChoiceOf, AnEquationForTheVapourOnlyTakesPriorityAndTheGlobalMethodA
     chooseEOS(choice, 5);
     EXPECT_FALSE(the_models.EOSOnlyV);
     EXPECT_TRUE(the_models.PriorityCEOS) << "back at a cubic equation it has priority again";
-    EXPECT_TRUE(choice.priorityEnabled());
+    EXPECT_TRUE(choice.priority_enabled());
     EXPECT_EQ(codes(choice.hlv()).back(), 7);
 }
 
 TEST_F(ModelChoiceOf, AnotherCubicEquationKeepsThePriority) {
     ModelChoice choice;
-    choice.SetPriorityCEOS(false);
+    choice.set_priority_ceos(false);
     chooseEOS(choice, 4);
     EXPECT_FALSE(the_models.PriorityCEOS);
 }
@@ -211,13 +211,13 @@ TEST_F(ModelChoiceOf, TheIdealGasIsForTheVapourOnly) {
 
 TEST_F(ModelChoiceOf, TheManualFormAsksForItsCoefficientsAndKeepsThem) {
     ModelChoice choice;
-    models::CalcEOSParameters(6);
-    EXPECT_TRUE(choice.ChooseEOS(models::IndexOf(choice.eos(), 10)));
+    models::calc_eos_parameters(6);
+    EXPECT_TRUE(choice.choose_eos(models::index_of(choice.eos(), 10)));
     EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.0);
     EXPECT_EQ(legacy::the_eosParameters.vcritCalc, 0.0) << "nothing of the former equation is left";
-    choice.SetManualVirial(0.05, 1500, 1.6);
+    choice.set_manual_virial(0.05, 1500, 1.6);
     chooseEOS(choice, 6);
-    EXPECT_TRUE(choice.ChooseEOS(models::IndexOf(choice.eos(), 10)));
+    EXPECT_TRUE(choice.choose_eos(models::index_of(choice.eos(), 10)));
     EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.05)
         << "the coefficients typed before are proposed";
     EXPECT_EQ(legacy::the_eosParameters.eosNB, 1500.0);
@@ -227,7 +227,7 @@ TEST_F(ModelChoiceOf, TheManualFormAsksForItsCoefficientsAndKeepsThem) {
 
     ModelChoice again;
     chooseEOS(again, 6);
-    EXPECT_TRUE(again.ChooseEOS(models::IndexOf(again.eos(), 10)));
+    EXPECT_TRUE(again.choose_eos(models::index_of(again.eos(), 10)));
     EXPECT_EQ(legacy::the_eosParameters.eosNV, 1.6);
 }
 
@@ -235,7 +235,7 @@ TEST_F(ModelChoiceOf, ConfirmingComputesWhatTheSelectionNeeds) {
     the_substance.KFW = {};
     ModelChoice choice;
     chooseEOS(choice, 4);
-    choice.ChooseVP(models::IndexOf(choice.vp(), 6));
+    choice.choose_vp(models::index_of(choice.vp(), 6));
     EXPECT_TRUE(choice.Confirm());
     EXPECT_NEAR(legacy::the_eosParameters.eosB0,
                 0.08664 * 8.31451 * the_substance.Tcrit / the_substance.pcrit, 1e-6);
@@ -246,22 +246,22 @@ TEST_F(ModelChoiceOf, ConfirmingComputesWhatTheSelectionNeeds) {
 TEST_F(ModelChoiceOf, ConfirmingEnablesTheCommandsOfACompleteChoice) {
     using session::Command;
     int prepared = 0;
-    actions::RegisterAction("CalcCoordinateDefaults", [&] { ++prepared; });
+    actions::register_action("CalcCoordinateDefaults", [&] { ++prepared; });
     ModelChoice choice;
     const auto all = {Command::mnuCalcMain, Command::mnuOptions,    Command::mnuFitting,
                       Command::mnu2D,       Command::mnu3D,         Command::mnuData_SaveProject,
                       Command::toolSave,    Command::toolReference, Command::toolTank};
-    for (const Command c : all) EXPECT_FALSE(session::IsEnabled(c));
+    for (const Command c : all) EXPECT_FALSE(session::is_enabled(c));
     EXPECT_TRUE(choice.Confirm());
-    for (const Command c : all) EXPECT_TRUE(session::IsEnabled(c));
-    EXPECT_TRUE(session::IsEnabled(Command::needsLPhase));
+    for (const Command c : all) EXPECT_TRUE(session::is_enabled(c));
+    EXPECT_TRUE(session::is_enabled(Command::needsLPhase));
     EXPECT_EQ(prepared, 1);
 
     ModelChoice virial;
     chooseEOS(virial, 11);
     EXPECT_TRUE(virial.Confirm());
-    EXPECT_TRUE(session::IsEnabled(Command::mnuCalcMain));
-    EXPECT_FALSE(session::IsEnabled(Command::needsLPhase));
+    EXPECT_TRUE(session::is_enabled(Command::mnuCalcMain));
+    EXPECT_FALSE(session::is_enabled(Command::needsLPhase));
 }
 
 TEST_F(ModelChoiceOf, AMissingAcentricFactorIsToldAndTheCalculationGoesOn) {
@@ -274,7 +274,7 @@ TEST_F(ModelChoiceOf, AMissingAcentricFactorIsToldAndTheCalculationGoesOn) {
               "No acentric factor available.\nCalculated by using omega = 0\n"
               "(Input => data editor)");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_TRUE(session::IsEnabled(session::Command::mnuCalcMain));
+    EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain));
 }
 
 TEST_F(ModelChoiceOf, NoWarningWithoutNeedOfAnAcentricFactor) {
@@ -291,7 +291,7 @@ TEST_F(ModelChoiceOf, WithoutParametersOfJiTorvikTheViewStaysOpen) {
     EXPECT_FALSE(choice.Confirm());
     ASSERT_FALSE(user.messages.empty());
     EXPECT_EQ(user.messages.front().text, "No parameter-file generated.");
-    EXPECT_FALSE(session::IsEnabled(session::Command::mnuCalcMain));
+    EXPECT_FALSE(session::is_enabled(session::Command::mnuCalcMain));
 }
 
 TEST_F(ModelChoiceOf, CancellingRestoresEverything) {
@@ -301,12 +301,12 @@ TEST_F(ModelChoiceOf, CancellingRestoresEverything) {
     const models::EOSParameters keptParameters = legacy::the_eosParameters;
 
     ModelChoice choice;
-    choice.ChooseVP(2);
+    choice.choose_vp(2);
     chooseHLV(choice, 4);
-    choice.SetWatson("0.5");
-    choice.SetPriorityCEOS(false);
+    choice.set_watson("0.5");
+    choice.set_priority_ceos(false);
     chooseEOS(choice, 10);
-    choice.SetManualVirial(1, 2, 3);
+    choice.set_manual_virial(1, 2, 3);
     choice.Cancel();
     EXPECT_EQ(the_models.EOSModel, keptModels.EOSModel);
     EXPECT_EQ(the_models.EOSOnlyV, keptModels.EOSOnlyV);
@@ -330,28 +330,28 @@ TEST_F(ModelChoiceOf, CancellingTheFirstChoiceLeavesNone) {
 TEST_F(ModelChoiceOf, TheDensityNoteTellsTheRange) {
     the_substance.rhoLTLo = 86;
     the_substance.rhoLTHi = 369;
-    EXPECT_EQ(models::LiquidDensityNote(the_substance).state,
+    EXPECT_EQ(models::liquid_density_note(the_substance).state,
               "Parameters available from data base");
-    EXPECT_EQ(models::LiquidDensityNote(the_substance).range, "Valid for T/K=86 ...369 K");
+    EXPECT_EQ(models::liquid_density_note(the_substance).range, "Valid for T/K=86 ...369 K");
     the_substance.rhoLTLo = 0;
-    EXPECT_EQ(models::LiquidDensityNote(the_substance).state, "Parameters not available");
-    EXPECT_EQ(models::LiquidDensityNote(the_substance).range, "");
+    EXPECT_EQ(models::liquid_density_note(the_substance).state, "Parameters not available");
+    EXPECT_EQ(models::liquid_density_note(the_substance).range, "");
 }
 
 // Every row of the table can be chosen with every equation that its data allow.
 TEST_F(ModelChoiceOf, EverySubstanceGetsACompleteChoice) {
     for (const std::string& name : fluids::AllNames()) {
-        session::SetCommands({session::Command::mnuCalcMain}, false);
+        session::set_commands({session::Command::mnuCalcMain}, false);
         the_substance = fluids::Row(name);
         the_models = {};
         ModelChoice choice;
-        EXPECT_LT(choice.eosIndex(), choice.eos().size()) << name;
-        EXPECT_EQ(choice.hlv()[choice.hlvIndex()].code, the_models.HLVModel) << name;
+        EXPECT_LT(choice.eos_index(), choice.eos().size()) << name;
+        EXPECT_EQ(choice.hlv()[choice.hlv_index()].code, the_models.HLVModel) << name;
         EXPECT_EQ(choice.vp()[choice.vpIndex()].code, the_models.VPModel) << name;
-        EXPECT_EQ(choice.cp()[choice.cpIndex()].code, the_models.CpModel) << name;
+        EXPECT_EQ(choice.cp()[choice.cp_index()].code, the_models.CpModel) << name;
         EXPECT_TRUE(choice.Confirm()) << name;
         EXPECT_GT(legacy::the_eosParameters.vcritCalc, 0.0) << name;
-        EXPECT_TRUE(session::IsEnabled(session::Command::mnuCalcMain)) << name;
+        EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain)) << name;
     }
 }
 
@@ -360,7 +360,7 @@ TEST_F(ModelChoiceOf, ListsFollowDataThatWereEditedMeanwhile) {
     ModelChoice choice;
     EXPECT_EQ(the_models.EOSModel, 6);
     the_substance.omega = 0;
-    choice.Renew();
+    choice.renew();
     EXPECT_EQ(choice.eos().size(), 8U);
     EXPECT_EQ(the_models.EOSModel, 4) << "Redlich/Kwong, without acentric factor";
     choice.Cancel();

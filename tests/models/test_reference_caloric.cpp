@@ -60,7 +60,7 @@ TEST_F(CaloricReference, DerivativesAndResidualFunctions) {
     for (const json& c : cases) {
         const json& in = c.at("inputs");
         const std::string id = c.at("id");
-        reference::Activate(in);
+        reference::activate(in);
         const double p = in.at("p"), v = in.at("v"), T = in.at("T");
         const models::PhaseTable t = models::ResidualFunctions(T, p, v);
         ASSERT_TRUE(t.filled) << id;
@@ -81,7 +81,7 @@ TEST_F(CaloricReference, StatesInEveryReferenceModeAndCpForm) {
         const json& in = c.at("inputs");
         const std::string id = c.at("id");
         for (const auto& [key, expected] : c.at("expected").at("state").items()) {
-            reference::Activate(in);
+            reference::activate(in);
             if (key == "user") {
                 set_reference(1, in.at("user"));
             } else {
@@ -101,7 +101,7 @@ TEST_F(CaloricReference, IdealGas) {
         const json& in = c.at("inputs");
         const json& e = c.at("expected");
         const std::string id = c.at("id");
-        reference::Activate(in);
+        reference::activate(in);
         set_reference(in.at("RefMode"));
         const models::IdealGasState z = models::IdealGasFunctions(in.at("T"), in.at("p"));
         EXPECT_EQ(z.status, e.at("status")) << id;
@@ -116,7 +116,7 @@ TEST_F(CaloricReference, BothPhasesAtSaturation) {
         const json& in = c.at("inputs");
         const json& e = c.at("expected");
         const std::string id = c.at("id");
-        reference::Activate(in);
+        reference::activate(in);
         set_reference(1);
         const models::SaturationValues z = models::SaturationFunctions(in.at("T"));
         EXPECT_EQ(z.status, e.at("status")) << id;
@@ -136,10 +136,10 @@ TEST_F(CaloricReference, LiquidAndSolidDensities) {
         const json& in = c.at("inputs");
         const json& e = c.at("expected");
         legacy::the_substance = fluids::ReferencePropane();
-        const models::DensityResult L = models::DensityL(in.at("T"), false);
+        const models::DensityResult L = models::density_l(in.at("T"), false);
         EXPECT_EQ(L.status, e.at("status")) << c.at("id");
         near(L.rho, e.at("rhoL"), 1e-9, 0, c.at("id"));
-        near(models::DensityS(in.at("T"), false).rho, e.at("rhoS"), 1e-9, 0, c.at("id"));
+        near(models::density_s(in.at("T"), false).rho, e.at("rhoS"), 1e-9, 0, c.at("id"));
     }
 }
 
@@ -163,17 +163,17 @@ TEST_F(CaloricReference, EnthalpiesOfVaporisation) {
     for (const json& c : cases) {
         const json& in = c.at("inputs");
         const std::string id = c.at("id"), code = in.at("VPCode");
-        reference::Activate(in);
+        reference::activate(in);
         const json& b = in.at("BensonReference");
         legacy::the_session.BensonReference = {b.at(0), b.at(1), b.at(2), b.at(3)};
         // KFR is implicit in p and solved to 1E-4; its inverse likewise.
         const double relative = code == "KFR" ? 2e-4 : 1e-9;
         const std::int16_t method = in.at("method");
-        expect_vaporisation(models::EnthalpyOfVaporisation(method, in.at("T"), 0, code, false),
+        expect_vaporisation(models::enthalpy_of_vaporisation(method, in.at("T"), 0, code, false),
                             c.at("expected"), relative, id);
         if (c.contains("fromP")) {
             expect_vaporisation(
-                models::EnthalpyOfVaporisation(method, 0, c.at("fromP").at("p"), code, false),
+                models::enthalpy_of_vaporisation(method, 0, c.at("fromP").at("p"), code, false),
                 c.at("fromP").at("expected"), std::max(relative, 1e-7), id + " from p");
         }
     }

@@ -76,7 +76,7 @@ TEST_F(ReferenceState, WithoutPressureTheEntropyIsNotCorrected) {
 }
 
 TEST_F(ReferenceState, ConventionalIdealGasAtItsReferencePoint) {
-    grid::Activate("Propane", 0);
+    grid::activate("Propane", 0);
     reference.RefMode = 2;
     const models::IdealGasState z = models::IdealGasFunctions(kT0, kP0);
     EXPECT_EQ(z.h, static_cast<double>(s.dfh));
@@ -84,7 +84,7 @@ TEST_F(ReferenceState, ConventionalIdealGasAtItsReferencePoint) {
 }
 
 TEST_F(ReferenceState, MissingFormationDataCountAsZero) {
-    grid::Activate("Propane", 0);
+    grid::activate("Propane", 0);
     s.dfh = s.dfg = s.sconv = 0;
     for (const std::int16_t mode : {std::int16_t{2}, std::int16_t{10}}) {
         reference.RefMode = mode;
@@ -109,12 +109,12 @@ class BensonReference : public SessionTest {
     models::SubstanceRecord& s = legacy::the_substance;
 
     double eos_density(double T, double p) { return models::SolveStateTP(T, p).rhoV; }
-    static std::string thousandths(double value) { return numbers::FormatPoint(value, "##.###"); }
+    static std::string thousandths(double value) { return numbers::format_point(value, "##.###"); }
 };
 
 TEST_F(BensonReference, TakesTheDensityAtTheBoilingPointFromTheRecordFirst) {
     s.rhoLboil = 581.25F;
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     EXPECT_EQ(r.point.T, s.Tboil);
     EXPECT_EQ(r.point.p, 101.3F);
     EXPECT_EQ(r.point.rhoL, 581.25F);
@@ -132,7 +132,7 @@ TEST_F(BensonReference, TakesTheDensityEquationNext) {
     s.rhoLPar = {900, -1.5F, 0, 0, 0, 0, 0};
     s.rhoLTLo = 300;  // 69 K outside: no warning here
     s.rhoLTHi = 350;
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     EXPECT_NEAR(r.point.rhoL, 900 - 1.5 * static_cast<double>(s.Tboil), 1e-4);
     EXPECT_NE(r.text.find(" rho(L)(ref)/kg/m^3 =553.4 (from database-equ. rho(T))\n"),
               std::string::npos)
@@ -141,7 +141,7 @@ TEST_F(BensonReference, TakesTheDensityEquationNext) {
 }
 
 TEST_F(BensonReference, TakesTheSlopeOfTheMeasuredDensityLast) {
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     // 500 - 1.3 (231.036 - 298.15): here the slope refers to the temperature of the measurement.
     EXPECT_NEAR(r.point.rhoL, 500 + 1.3 * (298.15 - 231.036), 1e-3);
     EXPECT_NE(r.text.find(" rho(L)(ref)/kg/m^3 =587.2 (calculated from drho/dT)\n"),
@@ -153,7 +153,7 @@ TEST_F(BensonReference, AFailingDensityEquationGivesWayToTheNextSource) {
     s.rhoLPar = {100, -1, 300, -10, 0, 0, 0};
     s.rhoLTLo = 200;
     s.rhoLTHi = 350;
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     EXPECT_NEAR(r.point.rhoL, 100 - 231.036 + 300, 1e-3);
     EXPECT_NE(r.text.find("(calculated from drho/dT)"), std::string::npos);
 }
@@ -162,7 +162,7 @@ TEST_F(BensonReference, WithoutABoilingPointTheMeasuredPointIsTaken) {
     s.Tboil = 0;
     s.rhoLPar[1] = 0;
     s.rhoLPar[2] = 290.5F;
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     EXPECT_EQ(r.point.T, 290.5F);
     EXPECT_EQ(r.point.rhoL, 500.0F);
     const double T = static_cast<double>(290.5F);
@@ -179,27 +179,27 @@ TEST_F(BensonReference, WithoutABoilingPointTheMeasuredPointIsTaken) {
 
 TEST_F(BensonReference, ABoilingPointWithoutDensityIsDroppedForTheMeasuredPoint) {
     s.rhoLPar[1] = 0;
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     EXPECT_EQ(r.point.T, 298.15F);
     EXPECT_EQ(r.text.find("normal boiling"), std::string::npos);
 }
 
 TEST_F(BensonReference, WithoutAnyDensityThereIsNoProposal) {
     s.rhoLPar = {};
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     EXPECT_EQ(r.point.T, 0);
     EXPECT_EQ(r.point.p, 0);
     EXPECT_EQ(r.point.rhoL, 0);
     EXPECT_EQ(r.point.rhoV, 0);
     EXPECT_EQ(r.text, "");
     s.Tboil = 0;
-    EXPECT_EQ(models::ProposeBensonReference().text, "");
+    EXPECT_EQ(models::propose_benson_reference().text, "");
 }
 
 TEST_F(BensonReference, AMeasuredPointWithoutVapourPressureIsNoProposal) {
     s.Tboil = 0;
     legacy::the_models.VPCode = "000";
-    EXPECT_EQ(models::ProposeBensonReference().point.T, 0);
+    EXPECT_EQ(models::propose_benson_reference().point.T, 0);
 }
 
 TEST_F(BensonReference, WhereTheEquationHasNoStatePitzerCurlGivesTheVapour) {
@@ -207,7 +207,7 @@ TEST_F(BensonReference, WhereTheEquationHasNoStatePitzerCurlGivesTheVapour) {
     grid::ActivateModel(10);
     legacy::the_eosParameters.eosB0 = -1000;
     legacy::the_models.VPCode = "WAG";
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     const double T = static_cast<double>(s.Tboil), p = static_cast<double>(101.3F);
     const double B = models::SecondVirial(16, T);
     const double rhoV = static_cast<double>(s.M) / (R * T / p + B);
@@ -223,7 +223,7 @@ TEST_F(BensonReference, WithoutAcentricFactorTheIdealGasGivesTheVapour) {
     grid::ActivateModel(10);
     legacy::the_eosParameters.eosB0 = -1000;
     s.omega = 0;
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     const double rhoV =
         static_cast<double>(s.M) * static_cast<double>(101.3F) / R / static_cast<double>(s.Tboil);
     EXPECT_FLOAT_EQ(r.point.rhoV, static_cast<float>(rhoV));
@@ -233,19 +233,19 @@ TEST_F(BensonReference, WithoutAcentricFactorTheIdealGasGivesTheVapour) {
 
 TEST_F(BensonReference, NumbersHaveAPointInEveryLocale) {
     numbers::set_decimal_mark(',');
-    const models::BensonProposal r = models::ProposeBensonReference();
+    const models::BensonProposal r = models::propose_benson_reference();
     EXPECT_EQ(r.text.find(','), std::string::npos) << r.text;
 }
 
 TEST_F(BensonReference, OfEverySubstanceLiesBetweenGasAndLiquid) {
     int proposals = 0;
     for (const std::string& name : fluids::AllNames()) {
-        grid::Activate(name, 6);
+        grid::activate(name, 6);
         legacy::the_models.VPCode = "KFR";
-        const models::BensonProposal r = models::ProposeBensonReference();
+        const models::BensonProposal r = models::propose_benson_reference();
         if (r.text.empty()) continue;
         ++proposals;
-        EXPECT_TRUE(models::IsKnown(r.point)) << name;
+        EXPECT_TRUE(models::is_known(r.point)) << name;
         EXPECT_GT(static_cast<double>(r.point.rhoL), 1.2 * s.rhocrit) << name;
         EXPECT_LT(static_cast<double>(r.point.rhoV), 0.3 * s.rhocrit) << name;
     }
@@ -262,10 +262,10 @@ TEST_F(ReferenceState, OptionsAndModesBelongTogether) {
     for (const auto& [option, mode] :
          {std::pair{ReferenceOption::Values, 1}, std::pair{ReferenceOption::Formation, 10},
           std::pair{ReferenceOption::Conventional, 2}}) {
-        EXPECT_EQ(models::ReferenceModeOf(option), mode);
-        EXPECT_EQ(models::ReferenceOptionOf(static_cast<std::int16_t>(mode)), option);
+        EXPECT_EQ(models::reference_mode_of(option), mode);
+        EXPECT_EQ(models::reference_option_of(static_cast<std::int16_t>(mode)), option);
     }
-    EXPECT_EQ(models::ReferenceOptionOf(0), ReferenceOption::Values);
+    EXPECT_EQ(models::reference_option_of(0), ReferenceOption::Values);
 }
 
 TEST_F(ReferenceState, CaptionsFollowTheCaloricUnit) {
@@ -274,16 +274,16 @@ TEST_F(ReferenceState, CaptionsFollowTheCaloricUnit) {
                                                             {"h /(R T)", "s /(1/K) "},
                                                             {"h /(kJ/kg)", "s /(kJ/(kg K))"}};
     for (std::int16_t unit = 0; unit < 4; ++unit) {
-        EXPECT_EQ(models::CaptionsOf(unit).h, captions[unit].first);
-        EXPECT_EQ(models::CaptionsOf(unit).s, captions[unit].second);
+        EXPECT_EQ(models::captions_of(unit).h, captions[unit].first);
+        EXPECT_EQ(models::captions_of(unit).s, captions[unit].second);
     }
-    EXPECT_EQ(models::CaptionsOf(9).h, "h /(kJ/kmol)");
+    EXPECT_EQ(models::captions_of(9).h, "h /(kJ/kmol)");
 }
 
 TEST_F(ReferenceState, FieldsShowTheRecordInTheUnitOfTheSession) {
     reference = {
         .RefMode = 1, .href = 4400, .sref = -22, .T0 = 273.15F, .p0 = 0, .Tenv = 290.5, .penv = 99};
-    const ReferenceFields f = models::FieldsOf(reference, 1.0 / 44);
+    const ReferenceFields f = models::fields_of(reference, 1.0 / 44);
     EXPECT_NEAR(f[models::FieldH], 100, 1e-12);
     EXPECT_NEAR(f[models::FieldS], -0.5, 1e-12);
     EXPECT_EQ(f[models::FieldT0], 273.15);  // not 273.149993896484
@@ -308,7 +308,7 @@ TEST_F(ReferenceState, StoringWhatWasShownChangesNothing) {
     reference.href = 1234.5;
     reference.T0 = 300.1F;
     const models::ReferenceState before = reference;
-    ASSERT_TRUE(models::StoreReference(ReferenceOption::Values, models::FieldsOf(reference, 1), 1,
+    ASSERT_TRUE(models::StoreReference(ReferenceOption::Values, models::fields_of(reference, 1), 1,
                                        reference));
     EXPECT_EQ(reference, before);
 }
@@ -326,22 +326,22 @@ TEST_F(ReferenceState, StoringFailsAsAWholeWithoutACaloricFactor) {
 
 TEST_F(ReferenceState, ChoosingFormationSetsItsValues) {
     const ReferenceFields typed = {100, 1, 300, 50, 290, 99};
-    EXPECT_EQ(models::AfterChoice(ReferenceOption::Formation, typed),
+    EXPECT_EQ(models::after_choice(ReferenceOption::Formation, typed),
               (ReferenceFields{0, 0, 298.15, 101.325, 290, 99}));
-    EXPECT_EQ(models::AfterChoice(ReferenceOption::Conventional, typed), typed);
-    EXPECT_EQ(models::AfterChoice(ReferenceOption::Values, typed), typed);
+    EXPECT_EQ(models::after_choice(ReferenceOption::Conventional, typed), typed);
+    EXPECT_EQ(models::after_choice(ReferenceOption::Values, typed), typed);
 }
 
 TEST_F(ReferenceState, OnlyTheValuesOfTheViewCanBeEdited) {
     for (const auto option : {ReferenceOption::Formation, ReferenceOption::Conventional}) {
         for (const auto field : {models::FieldH, models::FieldS, models::FieldT0, models::FieldP0})
-            EXPECT_FALSE(models::IsEditable(option, field));
-        EXPECT_TRUE(models::IsEditable(option, models::FieldTenv));
-        EXPECT_TRUE(models::IsEditable(option, models::FieldPenv));
+            EXPECT_FALSE(models::is_editable(option, field));
+        EXPECT_TRUE(models::is_editable(option, models::FieldTenv));
+        EXPECT_TRUE(models::is_editable(option, models::FieldPenv));
     }
     for (int field = 0; field < models::kReferenceFields; ++field)
         EXPECT_TRUE(
-            models::IsEditable(ReferenceOption::Values, static_cast<ReferenceField>(field)));
+            models::is_editable(ReferenceOption::Values, static_cast<ReferenceField>(field)));
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ TEST_F(ReferenceValues, ConstantsOfEveryEquation) {
     const auto cases = reference::Cases("CalcEOSParameters");
     ASSERT_FALSE(cases.empty());
     for (const json& c : cases) {
-        reference::Activate(c.at("inputs"));
+        reference::activate(c.at("inputs"));
         const json& e = c.at("expected");
         const std::string id = c.at("id");
         near(legacy::the_eosParameters.eosA0, e.at("eosA0"), 1e-9, id);
@@ -52,8 +52,8 @@ TEST_F(ReferenceValues, ConstantsOfEveryEquation) {
 
 TEST_F(ReferenceValues, CoefficientsAtT) {
     for (const json& c : reference::Cases("EvalEOSAtT")) {
-        reference::Activate(c.at("inputs"));
-        models::EvalEOSAtT(c.at("inputs").at("T"));
+        reference::activate(c.at("inputs"));
+        models::eval_eos_at_t(c.at("inputs").at("T"));
         const json& e = c.at("expected");
         near(legacy::the_eosState.eosA, e.at("a"), 1e-9, c.at("id"));
         near(legacy::the_eosState.eosB, e.at("b"), 1e-9, c.at("id"));
@@ -65,9 +65,10 @@ TEST_F(ReferenceValues, CoefficientsAtT) {
 TEST_F(ReferenceValues, PressureAtTAndV) {
     for (const json& c : reference::Cases("PressureFromTV")) {
         const json& in = c.at("inputs");
-        reference::Activate(in);
-        if (in.contains("precededByEvalEOSAtT")) models::EvalEOSAtT(in.at("precededByEvalEOSAtT"));
-        const models::PressureResult r = models::PressureFromTV(in.at("T"), in.at("v"));
+        reference::activate(in);
+        if (in.contains("precededByEvalEOSAtT"))
+            models::eval_eos_at_t(in.at("precededByEvalEOSAtT"));
+        const models::PressureResult r = models::pressure_from_tv(in.at("T"), in.at("v"));
         EXPECT_EQ(r.status, c.at("expected").at("status")) << c.at("id");
         near(r.p, c.at("expected").at("p"), 1e-9, c.at("id"));
     }
@@ -78,7 +79,7 @@ TEST_F(ReferenceValues, StatesAtTAndP) {
         const json& in = c.at("inputs");
         const json& e = c.at("expected");
         const std::string id = c.at("id");
-        reference::Activate(in);
+        reference::activate(in);
         const models::StateTP r = models::SolveStateTP(in.at("T"), in.at("p"));
         if (e.at("vV") < 0.0) {
             // A volume below zero has no physical sense: the system reports it as a failure.
@@ -109,7 +110,7 @@ TEST_F(ReferenceValues, SaturationPressures) {
         const json& in = c.at("inputs");
         const json& e = c.at("expected");
         const std::string id = c.at("id");
-        reference::Activate(in);
+        reference::activate(in);
         const models::Saturation r = models::SaturationPressure(in.at("T"));
         EXPECT_EQ(r.status, e.at("status")) << id;
         near(r.p, e.at("p"), c.value("tolRel", 1e-9), id);
@@ -126,7 +127,7 @@ TEST_F(ReferenceValues, SaturationTemperatures) {
         const json& in = c.at("inputs");
         const json& e = c.at("expected");
         const std::string id = c.at("id");
-        reference::Activate(in);
+        reference::activate(in);
         const models::Saturation r =
             models::SaturationTemperature(in.at("p"), in.value("Tstart", 0.0));
         EXPECT_EQ(r.status, e.at("status")) << id;
@@ -142,7 +143,7 @@ TEST_F(ReferenceValues, TemperaturesFromPressureAndDensity) {
         const json& in = c.at("inputs");
         const json& e = c.at("expected");
         const std::string id = c.at("id");
-        reference::Activate(in);
+        reference::activate(in);
         const models::TemperatureResult r =
             models::TemperatureFromPRho(in.at("p"), in.at("rho"), false);
         EXPECT_EQ(r.status, e.at("status")) << id;
@@ -158,11 +159,11 @@ TEST_F(ReferenceValues, TemperaturesFromPressureAndDensity) {
 TEST_F(ReferenceValues, SecondVirialCoefficients) {
     for (const json& c : reference::Cases("SecondVirial")) {
         const json& in = c.at("inputs");
-        reference::Activate(in);
+        reference::activate(in);
         double dB = 0, d2B = 0;
         near(models::SecondVirial(in.at("EOSModel"), in.at("T")), c.at("expected").at("B"), 1e-9,
              c.at("id"));
-        models::SecondVirialDerivatives(in.at("EOSModel"), in.at("T"), dB, d2B);
+        models::second_virial_derivatives(in.at("EOSModel"), in.at("T"), dB, d2B);
         near(dB, c.at("expected").at("dB"), 1e-9, c.at("id"));
         near(d2B, c.at("expected").at("d2B"), 1e-9, c.at("id"));
     }

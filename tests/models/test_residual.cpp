@@ -202,7 +202,7 @@ TEST_F(Residual, FurtherColumnsFollowFromTheirDefinitions) {
 
 /// B is that of the typed form b0 - b1/T^b2, its slopes are those of the power law b0 T^b1.
 TEST_F(Residual, ManualVirialFormKeepsThePowerLawSlopes) {
-    grid::Activate("Propane", 10);
+    grid::activate("Propane", 10);
     legacy::the_eosParameters.eosB0 = 0.2;
     legacy::the_eosParameters.eosNB = 3.0;
     legacy::the_eosParameters.eosNV = 0.5;
@@ -219,7 +219,7 @@ TEST_F(Residual, ManualVirialFormKeepsThePowerLawSlopes) {
 }
 
 TEST_F(Residual, ManualVirialFormThatOverflowsHasNoState) {
-    grid::Activate("Propane", 10);
+    grid::activate("Propane", 10);
     legacy::the_eosParameters.eosB0 = 0.2;
     legacy::the_eosParameters.eosNB = 300;
     legacy::the_eosParameters.eosNV = 1;
@@ -228,7 +228,7 @@ TEST_F(Residual, ManualVirialFormThatOverflowsHasNoState) {
 }
 
 TEST_F(Residual, IdealGasHasNoResidualPart) {
-    grid::Activate("Nitrogen", 0);
+    grid::activate("Nitrogen", 0);
     const double T = 320, p = 250, v = 8.31451 * T / p;
     const PhaseTable t = models::ResidualFunctions(T, p, v);
     ASSERT_TRUE(t.filled);
@@ -246,7 +246,7 @@ TEST_F(Residual, IdealGasHasNoResidualPart) {
 TEST_F(Residual, CubicFormsApproachTheirVirialFormAtLowPressure) {
     grid::ForAll(grid::kCubic, [](const std::string& name) {
         const double T = 1.3 * legacy::the_substance.Tcrit;
-        models::EvalEOSAtT(T);
+        models::eval_eos_at_t(T);
         const models::EOSState& s = legacy::the_eosState;
         const double RT = 8.31451 * T, B = s.eosB - s.eosA / RT;
         const double v = 1e5 * s.eosB, p = models::cubic_pressure(s, T, v);
@@ -261,7 +261,7 @@ TEST_F(Residual, CubicFormsApproachTheirVirialFormAtLowPressure) {
 /// In a gas so thin that derivatives fall below 1E-11 the quotients are left out, and the heat
 /// capacities still are those of the ideal gas.
 TEST_F(Residual, QuotientsOfVanishingDerivativesAreLeftOut) {
-    grid::Activate("Methane", 6);
+    grid::activate("Methane", 6);
     const double T = 300, v = 1e9, p = 8.31451 * T / v;
     const PhaseTable t = models::ResidualFunctions(T, p, v);
     ASSERT_TRUE(t.filled);
@@ -276,8 +276,8 @@ TEST_F(Residual, QuotientsOfVanishingDerivativesAreLeftOut) {
 }
 
 TEST_F(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
-    grid::Activate("Propane", 6);
-    models::EvalEOSAtT(300);
+    grid::activate("Propane", 6);
+    models::eval_eos_at_t(300);
     const double b = legacy::the_eosState.eosB;
     for (const auto& [T, p, v] : {std::array{300.0, 100.0, b}, std::array{300.0, 100.0, 0.5 * b},
                                   std::array{300.0, 100.0, b * (1 + 1e-17)},
@@ -291,7 +291,7 @@ TEST_F(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
 }
 
 TEST_F(Residual, WithoutCpFormTheResidualColumnsRemain) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     legacy::the_models.CpModel = 0;
     const PhaseTable t = models::ResidualFunctions(300, 100, 24);
     ASSERT_TRUE(t.filled);
@@ -303,7 +303,7 @@ TEST_F(Residual, WithoutCpFormTheResidualColumnsRemain) {
 }
 
 TEST_F(Residual, WithoutMolarMassThereIsNoSpeedOfSound) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     legacy::the_substance.M = 0;
     const PhaseTable t = models::ResidualFunctions(300, 100, 24);
     ASSERT_TRUE(t.filled);
@@ -312,18 +312,18 @@ TEST_F(Residual, WithoutMolarMassThereIsNoSpeedOfSound) {
 }
 
 TEST_F(Residual, LeavesTheCoefficientsOfItsTemperature) {
-    grid::Activate("Propane", 5);
-    models::EvalEOSAtT(400);
+    grid::activate("Propane", 5);
+    models::eval_eos_at_t(400);
     models::ResidualFunctions(300, 100, 24);
     const double left = legacy::the_eosState.eosA;
-    models::EvalEOSAtT(300);
+    models::eval_eos_at_t(300);
     EXPECT_EQ(left, legacy::the_eosState.eosA);
 }
 
 /// At the critical point of the equation (dp/dV)T is 0: cp has a pole and is left out, all else
 /// keeps its limit. The closed forms are those of van der Waals with z = 3/8.
 TEST_F(Residual, CriticalPointOfVanDerWaalsHasItsLimits) {
-    grid::Activate("Propane", 2);
+    grid::activate("Propane", 2);
     const double T = legacy::the_substance.Tcrit, p = legacy::the_substance.pcrit, R = 8.31451;
     const double v = legacy::the_eosParameters.vcritCalc, a = legacy::the_eosParameters.eosA0;
     const PhaseTable t = models::ResidualFunctions(T, p, v);

@@ -46,7 +46,7 @@ TEST_F(SaturationFunctions, BothPhasesHaveTheSameGibbsFunction) {
 /// Clausius and Clapeyron: delta h = T delta v dp/dT, with the slope of the equation's own p(LV).
 TEST_F(SaturationFunctions, EnthalpyOfVaporisationIsThatOfClausiusAndClapeyron) {
     grid::ForAll(grid::kCubic, [&](const std::string& name) {
-        const models::Fluid fluid = models::CurrentFluid();
+        const models::Fluid fluid = models::current_fluid();
         for (const double Tr : {0.6, 0.8, 0.95}) {
             const double T = Tr * legacy::the_substance.Tcrit;
             const models::Saturation sat = models::maxwell_pressure(fluid, T);
@@ -64,7 +64,7 @@ TEST_F(SaturationFunctions, EnthalpyOfVaporisationIsThatOfClausiusAndClapeyron) 
             EXPECT_NEAR(h(sat.v[2]) - h(sat.v[0]), expected, 1e-7 * expected) << name << " " << Tr;
             // Method 7 works at the pressure of the equal-area search with its own tolerance.
             const models::EnthalpyOfVaporisationResult r =
-                models::EnthalpyOfVaporisation(7, T, 0, "KFR", false);
+                models::enthalpy_of_vaporisation(7, T, 0, "KFR", false);
             ASSERT_EQ(r.status, kSuccess) << name << " " << Tr;
             EXPECT_NEAR(r.raw, expected, 1e-3 * expected) << name << " " << Tr;
         }
@@ -73,7 +73,7 @@ TEST_F(SaturationFunctions, EnthalpyOfVaporisationIsThatOfClausiusAndClapeyron) 
 
 TEST_F(SaturationFunctions, AtTheCriticalPointBothPhasesAreOne) {
     for (const std::int16_t code : grid::kCubic) {
-        grid::Activate("Propane", code);
+        grid::activate("Propane", code);
         const models::SaturationValues z = models::SaturationFunctions(legacy::the_substance.Tcrit);
         ASSERT_EQ(z.status, kSuccess) << code;
         EXPECT_EQ(z.p, legacy::the_substance.pcrit);
@@ -99,7 +99,7 @@ TEST_F(SaturationFunctions, ExistUpToTheCriticalPoint) {
             const std::string at = name + ", 1 - Tr " + std::to_string(gap);
             const models::SaturationValues z = models::SaturationFunctions(T);
             const models::EnthalpyOfVaporisationResult r =
-                models::EnthalpyOfVaporisation(7, T, 0, "KFR", false);
+                models::enthalpy_of_vaporisation(7, T, 0, "KFR", false);
             ASSERT_EQ(z.status, kSuccess) << at;
             ASSERT_EQ(r.status, kSuccess) << at;
             // A cubic equation closes its dome with the square root of the gap.
@@ -114,16 +114,16 @@ TEST_F(SaturationFunctions, ExistUpToTheCriticalPoint) {
 }
 
 TEST_F(SaturationFunctions, FailWithoutEquilibrium) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     EXPECT_EQ(models::SaturationFunctions(370).status, kFailure);
     EXPECT_EQ(models::SaturationFunctions(0).status, kFailure);
     legacy::the_substance.M = 0;
     grid::ActivateModel(6);
     EXPECT_EQ(models::SaturationFunctions(legacy::the_substance.Tcrit).status, kFailure);
-    grid::Activate("Propane", 16);
+    grid::activate("Propane", 16);
     EXPECT_EQ(models::SaturationFunctions(300).status, kFailure);
     EXPECT_EQ(models::SaturationFunctions(legacy::the_substance.Tcrit).status, kFailure);
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     legacy::the_models.CpModel = 0;
     EXPECT_EQ(models::SaturationFunctions(300).status, kFailure);
 }
@@ -162,7 +162,7 @@ double off(double value, double published) {
 /// not its strength.
 TEST_F(SaturationFunctions, OfPengRobinsonAgreeWithPublishedValuesWithinTheErrorOfTheModel) {
     for (const Published& x : kPublished) {
-        grid::Activate(x.name, 6);
+        grid::activate(x.name, 6);
         const std::string at = std::string(x.name) + " at " + std::to_string(x.T);
         const models::SaturationValues z = models::SaturationFunctions(x.T);
         ASSERT_EQ(z.status, kSuccess) << at;
@@ -178,11 +178,11 @@ TEST_F(SaturationFunctions, OfPengRobinsonAgreeWithPublishedValuesWithinTheError
 
 TEST_F(SaturationFunctions, DatabaseFunctionsAgreeWithPublishedValues) {
     for (const Published& x : kPublished) {
-        grid::Activate(x.name, 6);
+        grid::activate(x.name, 6);
         const std::string at = std::string(x.name) + " at " + std::to_string(x.T);
-        EXPECT_NEAR(off(models::DensityL(static_cast<float>(x.T), false).rho, x.rhoL), 0, 0.002)
+        EXPECT_NEAR(off(models::density_l(static_cast<float>(x.T), false).rho, x.rhoL), 0, 0.002)
             << at;
-        EXPECT_NEAR(off(models::CpLiquid(x.T).cp, x.cpL), 0, 0.012) << at;
+        EXPECT_NEAR(off(models::cp_liquid(x.T).cp, x.cpL), 0, 0.012) << at;
     }
 }
 
@@ -190,7 +190,7 @@ TEST_F(SaturationFunctions, DatabaseFunctionsAgreeWithPublishedValues) {
 TEST_F(SaturationFunctions, EveryMethodOfTheEnthalpyOfVaporisationAgreesWithPublishedValues) {
     constexpr double kError[] = {0, 0.0005, 0.08, 0.04, 0.05, 0.06, 0.06, 0.05};
     for (const Published& x : kPublished) {
-        grid::Activate(x.name, 6);
+        grid::activate(x.name, 6);
         // The method of Benson from a published reference point in the middle of the dome.
         const auto nearest = [&](const Published& y) { return std::string(y.name) == x.name; };
         const Published& middle =
@@ -200,7 +200,7 @@ TEST_F(SaturationFunctions, EveryMethodOfTheEnthalpyOfVaporisationAgreesWithPubl
             static_cast<float>(middle.rhoL), static_cast<float>(middle.rhoV)};
         for (std::int16_t method = 1; method <= 7; ++method) {
             const models::EnthalpyOfVaporisationResult r =
-                models::EnthalpyOfVaporisation(method, x.T, 0, "WAG", false);
+                models::enthalpy_of_vaporisation(method, x.T, 0, "WAG", false);
             const std::string what = std::string(x.name) + " at " + std::to_string(x.T) +
                                      ", method " + std::to_string(method);
             EXPECT_EQ(r.status, kSuccess) << what;

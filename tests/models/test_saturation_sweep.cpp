@@ -40,7 +40,7 @@ class Saturation : public SessionTest {
         m.EOSModel = code;
         m.VPModel = s.WAG.TLo > 0 ? 4 : s.FRO.TLo > 0 ? 3 : 0;
         m.VPCode = m.VPModel == 4 ? "WAG" : m.VPModel == 3 ? "FRO" : "000";
-        return models::CalcEOSParameters(code) == kSuccess;
+        return models::calc_eos_parameters(code) == kSuccess;
     }
 
     static constexpr std::int16_t kCubic[] = {2, 3, 4, 5, 6};
@@ -153,7 +153,7 @@ TEST_F(Saturation, TemperatureOfThePressureIsTheTemperatureAgain) {
                 // entropy of vaporisation; the marching search stops at a step of 0.0005 K, a tenth
                 // of the one before.
                 const double dT = 1e-4 * T;
-                const models::Fluid fluid = models::CurrentFluid();
+                const models::Fluid fluid = models::current_fluid();
                 const double dpdT = (models::maxwell_pressure(fluid, T).p -
                                      models::maxwell_pressure(fluid, T - dT).p) /
                                     dT;
@@ -177,8 +177,8 @@ TEST_F(Saturation, BracketedSearchAgreesWithTheSecantSearch) {
         for (const double Tr : {0.5, 0.7, 0.9, 0.99}) {
             const double T = Tr * legacy::the_substance.Tcrit;
             const models::Saturation secant =
-                models::search_saturation_pressure(models::CurrentFluid(), T);
-            const models::Saturation exact = models::maxwell_pressure(models::CurrentFluid(), T);
+                models::search_saturation_pressure(models::current_fluid(), T);
+            const models::Saturation exact = models::maxwell_pressure(models::current_fluid(), T);
             ASSERT_EQ(secant.status, kSuccess);
             EXPECT_NEAR(secant.p, exact.p, 5e-5 * exact.p) << code << " " << Tr;
             EXPECT_NEAR(ln_phi(exact.state, T, exact.p, exact.v[0]),
@@ -189,12 +189,12 @@ TEST_F(Saturation, BracketedSearchAgreesWithTheSecantSearch) {
 
 TEST_F(Saturation, BracketedSearchServesTheJiTorvikForms) {
     for (const std::int16_t code : {std::int16_t{7}, std::int16_t{8}}) {
-        reference::Activate(
+        reference::activate(
             {{"EOSModel", code},
              {"jt", {{"M", 0.9}, {"P", 0.55}, {"Q", 0.35}, {"Zc", 0.281}, {"K", 0.06}}}});
         for (const double Tr : {0.3, 0.5, 0.7, 0.9, 0.99, 0.9999}) {
             const double T = Tr * 369.89;
-            const models::Saturation s = models::maxwell_pressure(models::CurrentFluid(), T);
+            const models::Saturation s = models::maxwell_pressure(models::current_fluid(), T);
             ASSERT_EQ(s.status, kSuccess);
             EXPECT_NEAR(ln_phi(s.state, T, s.p, s.v[0]), ln_phi(s.state, T, s.p, s.v[2]), 1e-9)
                 << code << " " << Tr;

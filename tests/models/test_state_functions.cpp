@@ -20,7 +20,7 @@ class StateFunctions : public SessionTest {
   protected:
     /// The same state with surroundings that are evaluated anew.
     static StateValues afresh(double T, double p, double v) {
-        const models::Fluid fluid = models::CurrentFluid();
+        const models::Fluid fluid = models::current_fluid();
         models::settle_reference(legacy::the_reference);
         return models::state_functions(fluid, legacy::the_reference,
                                        models::surroundings_state(fluid, legacy::the_reference), T,
@@ -37,7 +37,7 @@ class StateFunctions : public SessionTest {
 
 /// Argon has a constant cp, so that every value of its ideal gas has a closed form.
 TEST_F(StateFunctions, OfAMonatomicIdealGasAreItsClosedForms) {
-    grid::Activate("Argon", 0);
+    grid::activate("Argon", 0);
     const double cp = 2.5 * R;
     ASSERT_NEAR(models::IdealGasCp(500).cp, cp, 1e-3);
     legacy::the_substance.cpSinh = {{static_cast<float>(cp), 0, 0.1F, 0, 0}, 100, 1500};
@@ -67,7 +67,7 @@ TEST_F(StateFunctions, OfAMonatomicIdealGasAreItsClosedForms) {
 
 TEST_F(StateFunctions, ExergiesOfTheSurroundingsAreZero) {
     for (const char* name : {"Water", "Propane", "Nitrogen"}) {
-        grid::Activate(name, 6);
+        grid::activate(name, 6);
         const double T = legacy::the_reference.Tenv, p = legacy::the_reference.penv;
         const models::StateTP state = models::SolveStateTP(T, p);
         const StateValues z = models::StateFunctions(T, p, state.hasV ? state.vV : state.vL);
@@ -78,23 +78,23 @@ TEST_F(StateFunctions, ExergiesOfTheSurroundingsAreZero) {
 }
 
 TEST_F(StateFunctions, SurroundingsAreLiquidWhereOnlyLiquidExists) {
-    grid::Activate("Water", 6);
+    grid::activate("Water", 6);
     const models::StateTP state = models::SolveStateTP(298.15, 101.325);
     ASSERT_TRUE(state.hasL && !state.hasV);
     const models::Surroundings water =
-        models::surroundings_state(models::CurrentFluid(), legacy::the_reference);
+        models::surroundings_state(models::current_fluid(), legacy::the_reference);
     EXPECT_EQ(water.status, kSuccess);
     EXPECT_EQ(water.v, state.vL);
-    grid::Activate("Nitrogen", 6);
+    grid::activate("Nitrogen", 6);
     const models::Surroundings nitrogen =
-        models::surroundings_state(models::CurrentFluid(), legacy::the_reference);
+        models::surroundings_state(models::current_fluid(), legacy::the_reference);
     EXPECT_EQ(nitrogen.v, models::SolveStateTP(298.15, 101.325).vV);
 }
 
 /// Close to the surroundings a fluid that is a gas there has the same zero from the V-only forms.
 TEST_F(StateFunctions, SurroundingsOfVOnlyModelsAreTheirOwnStates) {
     for (const std::int16_t code : {std::int16_t{0}, std::int16_t{14}, std::int16_t{16}}) {
-        grid::Activate("Methane", code);
+        grid::activate("Methane", code);
         const models::StateTP state = models::SolveStateTP(298.15, 101.325);
         const StateValues z = models::StateFunctions(298.15, 101.325, state.vV);
         EXPECT_NEAR(z.eH, 0, 1e-8) << code;
@@ -103,7 +103,7 @@ TEST_F(StateFunctions, SurroundingsOfVOnlyModelsAreTheirOwnStates) {
 }
 
 TEST_F(StateFunctions, OfAHeavyFluidByAVirialEquationDoNotFailForTheirSurroundings) {
-    grid::Activate("n-Hexadecane", 16);
+    grid::activate("n-Hexadecane", 16);
     const models::StateTP state = models::SolveStateTP(700, 100);
     ASSERT_EQ(state.status, kSuccess);
     ASSERT_NE(models::SolveStateTP(298.15, 101.325).status, kSuccess);
@@ -114,7 +114,7 @@ TEST_F(StateFunctions, OfAHeavyFluidByAVirialEquationDoNotFailForTheirSurroundin
 
 /// Exergy of a flow cannot be negative where the surroundings are the stable state.
 TEST_F(StateFunctions, FlowExergyAtThePressureOfTheSurroundingsIsNeverNegative) {
-    grid::Activate("Nitrogen", 6);
+    grid::activate("Nitrogen", 6);
     for (const double T : {150.0, 250.0, 297.0, 299.0, 400.0, 900.0}) {
         const double v = models::SolveStateTP(T, 101.325).vV;
         EXPECT_GE(models::StateFunctions(T, 101.325, v).eH, 0) << T;
@@ -122,7 +122,7 @@ TEST_F(StateFunctions, FlowExergyAtThePressureOfTheSurroundingsIsNeverNegative) 
 }
 
 TEST_F(StateFunctions, FollowEveryChangeOfWhatTheSurroundingsDependOn) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     const double T = 400, p = 800, v = models::SolveStateTP(T, p).vV;
     const auto check = [&](const std::string& what) {
         const StateValues before = models::StateFunctions(T, p, v);
@@ -153,7 +153,7 @@ TEST_F(StateFunctions, FollowEveryChangeOfWhatTheSurroundingsDependOn) {
     changed("Ji/Torvik II");
     legacy::the_jiTorvik.jtK = 0.05;
     changed("Ji/Torvik parameter");
-    grid::Activate("n-Butane", 8);
+    grid::activate("n-Butane", 8);
     changed("substance");
     grid::ActivateModel(16);
     changed("Pitzer/Curl");
@@ -162,7 +162,7 @@ TEST_F(StateFunctions, FollowEveryChangeOfWhatTheSurroundingsDependOn) {
 }
 
 TEST_F(StateFunctions, FollowTheReferenceState) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     const double T = 400, p = 800, v = models::SolveStateTP(T, p).vV;
     const StateValues plain = models::StateFunctions(T, p, v);
     legacy::the_reference.href = 500;
@@ -180,7 +180,7 @@ TEST_F(StateFunctions, FollowTheReferenceState) {
 }
 
 TEST_F(StateFunctions, LeaveTheScratchOfTheCallerAlone) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     const double T = 300, p = 500;
     const models::StateTP state = models::SolveStateTP(T, p);
     const auto roots = legacy::the_vRoots;
@@ -199,7 +199,7 @@ TEST_F(StateFunctions, LeaveTheScratchOfTheCallerAlone) {
 }
 
 TEST_F(StateFunctions, WithoutSurroundingsOnlyTheExergiesAreMissing) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     legacy::the_reference.penv = 0;
     const StateValues z = models::StateFunctions(400, 800, 4);
     EXPECT_EQ(z.status, kFailure);
@@ -210,7 +210,7 @@ TEST_F(StateFunctions, WithoutSurroundingsOnlyTheExergiesAreMissing) {
 }
 
 TEST_F(StateFunctions, FailWithZerosWithoutACpFormOrAState) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     const double b = legacy::the_eosParameters.eosB0;
     const auto expect_nothing = [](const StateValues& z) {
         EXPECT_EQ(z.status, kFailure);
@@ -226,7 +226,7 @@ TEST_F(StateFunctions, FailWithZerosWithoutACpFormOrAState) {
 }
 
 TEST_F(StateFunctions, OfASurroundingsTemperatureOfNearlyZeroFailWithoutNumbersThatAreNone) {
-    grid::Activate("Propane", 6);
+    grid::activate("Propane", 6);
     legacy::the_reference.Tenv = 1e-6;  // what the view stores for 0
     const StateValues z = models::StateFunctions(400, 800, 4);
     EXPECT_EQ(z.status, kFailure);

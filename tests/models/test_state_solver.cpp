@@ -24,7 +24,7 @@ class StateSolver : public SessionTest {
         legacy::the_models.EOSOnlyV = onlyV;
         legacy::the_models.VPModel = 4;
         legacy::the_models.VPCode = "WAG";
-        ASSERT_EQ(models::CalcEOSParameters(code), kSuccess);
+        ASSERT_EQ(models::calc_eos_parameters(code), kSuccess);
     }
 };
 
@@ -36,7 +36,7 @@ TEST_F(StateSolver, EveryRootSatisfiesTheEquation) {
             for (const double Tr : {0.3, 0.5, 0.7, 0.9, 1.0, 1.3, 3.0}) {
                 for (const double pr : {1e-7, 1e-4, 0.01, 0.2, 0.9, 2.0, 20.0}) {
                     const double T = Tr * the_substance.Tcrit, p = pr * the_substance.pcrit;
-                    models::EvalEOSAtT(T);
+                    models::eval_eos_at_t(T);
                     const models::CubicRoots roots = models::SolveCubic(T, p);
                     ASSERT_EQ(roots.status, kSuccess)
                         << name << " " << code << " " << Tr << " " << pr;
@@ -66,7 +66,7 @@ TEST_F(StateSolver, EveryRootSatisfiesTheEquation) {
 TEST_F(StateSolver, NoRootIsLostWhereVapourIsABillionTimesThinnerThanLiquid) {
     activate("n-Dodecane", 6);
     const double T = 0.25 * the_substance.Tcrit;
-    models::EvalEOSAtT(T);
+    models::eval_eos_at_t(T);
     const models::CubicRoots roots = models::SolveCubic(T, 1e-12);
     ASSERT_EQ(roots.count, 3);
     const models::EOSState& s = legacy::the_eosState;
@@ -96,11 +96,11 @@ TEST_F(StateSolver, OfThreeRootsWithTwoBelowTheCovolumeTheLargestStays) {
 
 TEST_F(StateSolver, PressureOfAVolumeAtTheCovolumeFails) {
     activate("Carbon dioxide", 6);
-    models::EvalEOSAtT(300);
+    models::eval_eos_at_t(300);
     const double b = legacy::the_eosState.eosB;
-    EXPECT_EQ(models::PressureFromTV(300, b).status, kFailure);
-    EXPECT_EQ(models::PressureFromTV(300, b).p, 0);
-    EXPECT_EQ(models::PressureFromTV(300, 1.01 * b).status, kSuccess);
+    EXPECT_EQ(models::pressure_from_tv(300, b).status, kFailure);
+    EXPECT_EQ(models::pressure_from_tv(300, b).p, 0);
+    EXPECT_EQ(models::pressure_from_tv(300, 1.01 * b).status, kSuccess);
 }
 
 TEST_F(StateSolver, AStateOnTheBoundaryHasBothPhases) {
@@ -164,7 +164,7 @@ TEST_F(StateSolver, AVOnlyVolumeBelowZeroIsAFailure) {
     EXPECT_EQ(s.status, kFailure);
     EXPECT_FALSE(s.hasV);
     EXPECT_EQ(s.rhoV, 0);
-    EXPECT_EQ(models::PressureFromTV(200, -0.01).status, kFailure);
+    EXPECT_EQ(models::pressure_from_tv(200, -0.01).status, kFailure);
 }
 
 TEST_F(StateSolver, ZeroPressureAndTemperatureAreFailures) {
@@ -179,8 +179,8 @@ TEST_F(StateSolver, TemperatureIsTheInverseOfPressureInOnePhase) {
         activate("Ammonia", code);
         for (const double T : {450.0, 600.0, 900.0}) {
             for (const double v : {0.15, 0.5, 3.0}) {
-                models::EvalEOSAtT(T);
-                const double p = models::PressureFromTV(T, v).p;
+                models::eval_eos_at_t(T);
+                const double p = models::pressure_from_tv(T, v).p;
                 const models::TemperatureResult r =
                     models::TemperatureFromPRho(p, static_cast<double>(the_substance.M) / v, false);
                 EXPECT_NEAR(r.T, T, 2e-5 * T) << code << " " << T << " " << v;
@@ -216,9 +216,9 @@ TEST_F(StateSolver, ADensityBeyondTheCovolumeHasNoTemperature) {
 TEST_F(StateSolver, TemperatureNeedsNoBoilingPoint) {
     activate("Propane", 6);
     the_substance.Tboil = 0;
-    models::EvalEOSAtT(350);
+    models::eval_eos_at_t(350);
     const double v = 2.5;
-    const double p = models::PressureFromTV(350, v).p;
+    const double p = models::pressure_from_tv(350, v).p;
     EXPECT_NEAR(models::TemperatureFromPRho(p, static_cast<double>(the_substance.M) / v, false).T,
                 350, 0.01);
 }
@@ -234,7 +234,7 @@ TEST_F(StateSolver, AVOnlyTemperatureIsFoundByIteration) {
 TEST_F(StateSolver, EqualAreaRatioChangesSignAtTheMaxwellPressure) {
     activate("Propane", 2);
     const models::Saturation sat = models::SaturationPressure(300);
-    models::EvalEOSAtT(300);
+    models::eval_eos_at_t(300);
     models::SolveCubic(300, 0.95 * sat.p);
     EXPECT_GT(models::AreaRatio(300, 0.95 * sat.p).ratio, 0);
     models::SolveCubic(300, 1.05 * sat.p);
@@ -245,13 +245,13 @@ TEST_F(StateSolver, EqualAreaRatioChangesSignAtTheMaxwellPressure) {
 
 TEST_F(StateSolver, VanDerWaalsConstantsAtTheCriticalPoint) {
     activate("Propane", 2);
-    models::EvalEOSAtT(the_substance.Tcrit);
+    models::eval_eos_at_t(the_substance.Tcrit);
     const double Rp = R * the_substance.Tcrit / the_substance.pcrit;
     EXPECT_DOUBLE_EQ(legacy::the_eosState.eosA, 27.0 / 64.0 * R * R * the_substance.Tcrit *
                                                     the_substance.Tcrit / the_substance.pcrit);
     EXPECT_DOUBLE_EQ(legacy::the_eosState.eosB, Rp / 8);
     activate("Propane", 3);
-    models::EvalEOSAtT(the_substance.Tcrit);
+    models::eval_eos_at_t(the_substance.Tcrit);
     EXPECT_NEAR(
         legacy::the_eosState.eosA,
         27.0 / 64.0 * R * R * the_substance.Tcrit * the_substance.Tcrit / the_substance.pcrit,
@@ -261,7 +261,7 @@ TEST_F(StateSolver, VanDerWaalsConstantsAtTheCriticalPoint) {
 TEST_F(StateSolver, CriticalPointIsAnInflexionOfTheCriticalIsotherm) {
     for (const std::int16_t code : std::initializer_list<std::int16_t>{2, 3, 4, 5}) {
         activate("Propane", code);
-        models::EvalEOSAtT(the_substance.Tcrit);
+        models::eval_eos_at_t(the_substance.Tcrit);
         const double v = legacy::the_eosParameters.vcritCalc, h = 1e-4 * v;
         const auto p = [&](double x) {
             return models::cubic_pressure(legacy::the_eosState, the_substance.Tcrit, x);
@@ -275,15 +275,15 @@ TEST_F(StateSolver, SoaveFactorWithoutAcentricFactorIs048) {
     the_substance = fluids::Row("Propane");
     the_substance.omega = 0;
     legacy::the_models.EOSModel = 5;
-    models::CalcEOSParameters(5);
+    models::calc_eos_parameters(5);
     EXPECT_EQ(legacy::the_eosParameters.eosNA, 0.48);
 }
 
 TEST_F(StateSolver, EvaluationAtZeroKelvinKeepsTheLastValues) {
     activate("Propane", 6);
-    models::EvalEOSAtT(300);
+    models::eval_eos_at_t(300);
     const double a = legacy::the_eosState.eosA;
-    models::EvalEOSAtT(0);
+    models::eval_eos_at_t(0);
     EXPECT_EQ(legacy::the_eosState.eosA, a);
 }
 
@@ -300,16 +300,16 @@ TEST_F(StateSolver, MissingCriticalDataGiveStatusOneAndNoConstants) {
     the_substance = fluids::Row("Propane");
     the_substance.pcrit = 0;
     legacy::the_models.EOSModel = 6;
-    EXPECT_EQ(models::CalcEOSParameters(6), 1);
+    EXPECT_EQ(models::calc_eos_parameters(6), 1);
     EXPECT_EQ(legacy::the_eosParameters.eosA0, 0);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(StateSolver, ManualVirialCoefficientsSurviveOnlyTheNeutralCode) {
     legacy::the_eosParameters.eosB0 = 0.1;
-    models::CalcEOSParameters(1);
+    models::calc_eos_parameters(1);
     EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.1);
-    models::CalcEOSParameters(10);
+    models::calc_eos_parameters(10);
     EXPECT_EQ(legacy::the_eosParameters.eosB0, 0);
 }
 

@@ -20,7 +20,7 @@ class VirialCoefficients : public SessionTest {
         the_substance = fluids::Row(name);
         legacy::the_models.EOSModel = code;
         legacy::the_models.EOSOnlyV = true;
-        ASSERT_EQ(models::CalcEOSParameters(code), kSuccess);
+        ASSERT_EQ(models::calc_eos_parameters(code), kSuccess);
     }
 };
 
@@ -78,7 +78,7 @@ TEST_F(VirialCoefficients, DerivativesAreThoseOfTheCoefficient) {
                                    8.0 / 315 * (B(T + 3 * h) + B(T - 3 * h)) -
                                    1.0 / 560 * (B(T + 4 * h) + B(T - 4 * h))) /
                                   (h * h);
-            const models::Virial v = models::virial(models::CurrentFluid(), code, T);
+            const models::Virial v = models::virial(models::current_fluid(), code, T);
             EXPECT_NEAR(v.dB, first, 1e-7 * std::fabs(first)) << code << " " << T;
             EXPECT_NEAR(v.d2B, second, 1e-6 * std::fabs(second)) << code << " " << T;
         }
@@ -93,7 +93,7 @@ TEST_F(VirialCoefficients, ManualFormTakesItsThreeNumbers) {
     EXPECT_DOUBLE_EQ(models::SecondVirial(10, 300), 0.05 - 12.0 / std::pow(300, 0.9));
     // Its derivatives stay those of b = b0 T^b1, which the caloric functions rely on.
     double dB = 0, d2B = 0;
-    models::SecondVirialDerivatives(10, 300, dB, d2B);
+    models::second_virial_derivatives(10, 300, dB, d2B);
     const double b = 0.05 * std::pow(300, 12.0);
     EXPECT_DOUBLE_EQ(dB, 12.0 * b / 300);
     EXPECT_NEAR(d2B, 12.0 * 11.0 * b / 90000, 1e-9 * d2B);

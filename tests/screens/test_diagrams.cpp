@@ -24,7 +24,7 @@ constexpr int kColumns = 4, kRowsOfSheet = 4;
 /// Every diagram of the catalogue for a fluid, with the curves a user draws first.
 class ContactSheet : public ActiveFluid {
   protected:
-    ContactSheet() { Module9::Views2D() = {}; }  // the sheets are painted, no window opens
+    ContactSheet() { Module9::views2_d() = {}; }  // the sheets are painted, no window opens
 
     static std::vector<const menu::Row*> rows() {
         std::vector<const menu::Row*> all;
@@ -39,8 +39,8 @@ class ContactSheet : public ActiveFluid {
         legacy::the_diagram.sectionKind = row.sectionKind;
         legacy::the_diagram.axisPair = row.axisPair;
         const bool opens = Module9::AnswerOf(legacy::the_diagram).opens;
-        Module9::OpenDiagram2D();
-        if (opens) Module9::OpenSheet(sheet, legacy::the_diagram);
+        Module9::open_diagram2_d();
+        if (opens) Module9::open_sheet(sheet, legacy::the_diagram);
         return opens;
     }
 
@@ -61,20 +61,20 @@ class ContactSheet : public ActiveFluid {
                 legacy::the_processLine.RangeEnd = static_cast<double>(overT ? d.TMax : d.pMax);
                 Module9::Draw(sheet);
             }
-            if (Module9::OffersMark(sheet, Module9::Mark::Coexistence))
-                Module9::MarkCoexistence(sheet);
+            if (Module9::offers_mark(sheet, Module9::Mark::Coexistence))
+                Module9::mark_coexistence(sheet);
         }
-        Module9::AddLegend(sheet);
+        Module9::add_legend(sheet);
     }
 
     void paint(QPainter& painter, const QRect& cell) {
-        Module9::PlaceLabels(sheet, cell.width(), cell.height(), chart::QtTextMeasure());
-        chart::PaintChart2D(painter, cell, sheet.chart);
+        Module9::place_labels(sheet, cell.width(), cell.height(), chart::qtTextMeasure());
+        chart::paintChart2D(painter, cell, sheet.chart);
     }
 
     void checkTexts(const QSize& size, const std::string& what) {
         const chart::Sheet2D laid =
-            chart::LayOut(sheet.chart, size.width(), size.height(), chart::QtTextMeasure());
+            chart::lay_out(sheet.chart, size.width(), size.height(), chart::qtTextMeasure());
         for (const chart::SheetText* text :
              {&laid.header, &laid.footer, &laid.x.title, &laid.y.title}) {
             if (!text->shown) continue;

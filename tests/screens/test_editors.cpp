@@ -25,8 +25,8 @@ class EditorScreens : public ViewTest {
     EditorScreens() {
         databases::WriteAll(folder() / "STUDENT.Q05");
         frame.show();
-        wiring::ConnectViews();
-        frame.StartUp();
+        wiring::connectViews();
+        frame.startUp();
         if (drive::find("frmTip") != nullptr) click("cmdOK");
         user.fileAnswers = {(folder() / "STUDENT.Q05").string()};
         when("frmStoffWahl", [] {
@@ -48,7 +48,7 @@ class EditorScreens : public ViewTest {
         QApplication::setPalette(dark);
     }
     static void sample(const char* name) {
-        datafiles::XYLoad(std::string(QUOR_SOURCE_DATA) + "/samples/" + name);
+        datafiles::xy_load(std::string(QUOR_SOURCE_DATA) + "/samples/" + name);
     }
 
     /// Pictures of all tabs of a view.

@@ -30,7 +30,7 @@ class Screens : public ViewTest {
             std::filesystem::copy_file(data / name, folder() / name);
         databases::WriteAll(folder() / "STUDENT.Q05");
         frame.show();
-        frame.StartUp();
+        frame.startUp();
     }
     ~Screens() override { QApplication::setPalette(light_); }
 
@@ -92,13 +92,13 @@ void look_at_help_and_files(const std::filesystem::path& folder, const QString& 
     std::filesystem::copy(data.parent_path() / "help", folder / "help",
                           std::filesystem::copy_options::recursive);
     help_views::Install();
-    shell::ShowHelp(help::kEquationsOfState + 6);
+    shell::showHelp(help::kEquationsOfState + 6);
     look::at(drive::find("helpViewer"), "help_formula" + suffix);
-    shell::ShowHelp(help::kSurfaces);
+    shell::showHelp(help::kSurfaces);
     type("helpSearch", "polytropic");
     look::at(drive::find("helpViewer"), "help_search" + suffix);
-    help_views::CloseAll();
-    shell::SetHelp(nullptr);
+    help_views::closeAll();
+    shell::setHelp(nullptr);
 
     for (const char* name : {"propane_saturation.BAQ", "water_saturation.BAQ"})
         std::filesystem::copy_file(data / "samples" / name, folder / name);

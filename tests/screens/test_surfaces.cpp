@@ -68,8 +68,8 @@ class SurfaceSheets : public ActiveFluid {
     static void kind(std::int16_t code, bool SCurve, const QString& name) {
         legacy::the_session.Diagram3DKind = code;
         legacy::the_session.SCurve3D = SCurve;
-        Module9::Views3D() = {};
-        Module9::PrepareDiagram3D();
+        Module9::views3_d() = {};
+        Module9::prepare_diagram3_d();
         constexpr int kRows = (static_cast<int>(std::size(kLooks)) + kColumns - 1) / kColumns;
         QImage picture(kCell.width() * kColumns, kCell.height() * kRows, QImage::Format_RGB32);
         picture.fill(Qt::white);
@@ -77,13 +77,13 @@ class SurfaceSheets : public ActiveFluid {
         int place = 0;
         for (const Look& look : kLooks) {
             Module9::SurfaceSheet sheet;
-            Module9::OpenSurface(sheet);
-            EXPECT_TRUE(diagrams::HasSurface(sheet.chart.surface)) << code;
-            if (code != 5) Module9::AddCriticalPoint(sheet.chart);
+            Module9::open_surface(sheet);
+            EXPECT_TRUE(diagrams::has_surface(sheet.chart.surface)) << code;
+            if (code != 5) Module9::add_critical_point(sheet.chart);
             look.apply(sheet.chart);
             const QRect cell(
                 QPoint(place % kColumns * kCell.width(), place / kColumns * kCell.height()), kCell);
-            chart::PaintChart3D(painter, cell, sheet.chart);
+            chart::paintChart3D(painter, cell, sheet.chart);
             painter.setPen(Qt::gray);
             painter.drawText(cell.adjusted(4, 0, 0, -2), Qt::AlignLeft | Qt::AlignBottom,
                              look.name);
@@ -109,7 +109,7 @@ TEST_F(SurfaceSheets, TheViewAndItsPanel) {
     activate("Carbon dioxide");
     legacy::the_session.Diagram3DKind = 1;
     graph3d_views::Install();
-    Module9::PrepareDiagram3D();
+    Module9::prepare_diagram3_d();
     SurfaceWindow* view = SurfaceWindow::current();
     ASSERT_NE(view, nullptr);
     view->resize(1100, 720);
@@ -119,7 +119,7 @@ TEST_F(SurfaceSheets, TheViewAndItsPanel) {
         look::at(view, QString("frmGraph3D_%1").arg(page).toLower());
     }
     view->close();
-    Module9::Views3D() = {};
+    Module9::views3_d() = {};
 }
 
 }  // namespace

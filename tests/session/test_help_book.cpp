@@ -49,19 +49,20 @@ TEST(HelpBook, EveryNumberOfTheViewsHasAPage) {
                             help::kPriority,    help::kManualVirial,      help::kReferencePoint,
                             help::kTriplePoint, help::kCorrelatedAntoine, help::kWatsonPoint,
                             help::kRealRange};
-    for (const help::NamedTopic& view : help::ViewTopics()) topics.push_back(view.topic);
+    for (const help::NamedTopic& view : help::view_topics()) topics.push_back(view.topic);
     for (const menu::Row& row : menu::Rows())
-        if (row.kind != menu::Kind::Separator) topics.push_back(help::TopicOfRow(menu::Name(row)));
+        if (row.kind != menu::Kind::Separator)
+            topics.push_back(help::topic_of_row(menu::Name(row)));
     for (const int topic : topics) {
-        EXPECT_TRUE(b.HasTopic(topic)) << topic;
+        EXPECT_TRUE(b.has_topic(topic)) << topic;
         EXPECT_TRUE(exists(b.PageOf(topic))) << topic << " " << b.PageOf(topic);
     }
     for (std::int16_t code = 0; code <= 16; ++code)
-        EXPECT_TRUE(b.HasTopic(help::kEquationsOfState + code)) << code;
-    for (std::int16_t code = 0; !models::VPName(code).empty(); ++code)
-        EXPECT_TRUE(b.HasTopic(help::kVapourPressure + code)) << code;
+        EXPECT_TRUE(b.has_topic(help::kEquationsOfState + code)) << code;
+    for (std::int16_t code = 0; !models::vp_name(code).empty(); ++code)
+        EXPECT_TRUE(b.has_topic(help::kVapourPressure + code)) << code;
     for (std::int16_t code = 0; code <= 7; ++code)
-        EXPECT_TRUE(b.HasTopic(help::kVaporisation + code)) << code;
+        EXPECT_TRUE(b.has_topic(help::kVaporisation + code)) << code;
     EXPECT_EQ(b.PageOf(help::kEquationsOfState + 6), "2006.html");
     EXPECT_EQ(b.PageOf(-7), "0.html") << "a number without a page opens the first one";
 }

@@ -16,8 +16,8 @@ using session::Command;
 
 class Menu : public SessionTest {
   protected:
-    Menu() { actions::Clear(); }
-    ~Menu() override { actions::Clear(); }
+    Menu() { actions::clear(); }
+    ~Menu() override { actions::clear(); }
 
     static const menu::Row& row(std::string_view name) {
         const menu::Row* found = menu::Find(name);
@@ -27,7 +27,7 @@ class Menu : public SessionTest {
     // Everything has a handler, so that only the session decides.
     static void handleAll() {
         for (const menu::Row& r : menu::Rows())
-            if (!r.action.empty()) actions::RegisterAction(r.action, [] {});
+            if (!r.action.empty()) actions::register_action(r.action, [] {});
     }
 };
 
@@ -85,8 +85,8 @@ TEST_F(Menu, RowsOfTheCalculationMenuStartTheirModes) {
     }
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(row("mnuCalc_sub_sub_database_" + std::to_string(i)).code, 19 + i);
-    EXPECT_EQ(menu::Name(*menu::CalculationRow(9)), "mnuCalc_15");
-    EXPECT_EQ(menu::CalculationRow(23), nullptr);
+    EXPECT_EQ(menu::Name(*menu::calculation_row(9)), "mnuCalc_15");
+    EXPECT_EQ(menu::calculation_row(23), nullptr);
 }
 
 TEST_F(Menu, DiagramRowsCarryTheirDiagrams) {
@@ -165,11 +165,11 @@ TEST_F(Menu, SurfaceRowsCarryTheirKinds) {
 
 TEST_F(Menu, ARowWithoutAHandlerIsDisabled) {
     const menu::Row& status = row("mnuData_Status");
-    EXPECT_TRUE(menu::Allowed(status));
+    EXPECT_TRUE(menu::allowed(status));
     EXPECT_FALSE(menu::Enabled(status));
-    actions::RegisterAction("mnuData_Status", [] {});
+    actions::register_action("mnuData_Status", [] {});
     EXPECT_TRUE(menu::Enabled(status));
-    actions::RegisterAction("mnuData_Status", {});
+    actions::register_action("mnuData_Status", {});
     EXPECT_FALSE(menu::Enabled(status));
 }
 
@@ -189,7 +189,7 @@ TEST_F(Menu, ACommandSwitchesItsRow) {
         {"mnuData_EditStoffdaten", Command::mnuData_EditStoffdaten}};
     for (const auto& [name, command] : rows) {
         EXPECT_FALSE(menu::Enabled(row(name))) << name;
-        session::SetCommands({command}, true);
+        session::set_commands({command}, true);
         EXPECT_TRUE(menu::Enabled(row(name))) << name;
     }
     for (const char* always :
@@ -224,8 +224,8 @@ TEST_F(Menu, TheVirialRowNamesParametersOnlyForACubicEquation) {
 
 TEST_F(Menu, TheTankIsForDirectOperation) {
     handleAll();
-    session::SetCommands({Command::mnuCalcMain, Command::toolTank, Command::needsLPhase}, true);
-    const menu::ToolButton& tool = menu::ToolButtons().back();
+    session::set_commands({Command::mnuCalcMain, Command::toolTank, Command::needsLPhase}, true);
+    const menu::ToolButton& tool = menu::tool_buttons().back();
     ASSERT_EQ(tool.index, 15);
     EXPECT_TRUE(menu::Enabled(row("mnuCalc_15")));
     EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
@@ -238,19 +238,19 @@ TEST_F(Menu, TheTankIsForDirectOperation) {
 
 TEST_F(Menu, TheGlobalTankNeedsALiquidFromTheEquationOfState) {
     handleAll();
-    session::SetCommands({Command::mnuCalcMain, Command::toolTank}, true);
+    session::set_commands({Command::mnuCalcMain, Command::toolTank}, true);
     legacy::the_models.PriorityCEOS = false;
     EXPECT_FALSE(menu::Enabled(row("mnuCalc_15")));
     EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
-    EXPECT_TRUE(menu::Enabled(menu::ToolButtons().back()));
+    EXPECT_TRUE(menu::Enabled(menu::tool_buttons().back()));
 }
 
 TEST_F(Menu, TheTankButtonGoesWithTheCalculationMenu) {
     handleAll();
-    session::SetCommands({Command::toolTank, Command::needsLPhase}, true);
-    EXPECT_FALSE(menu::Enabled(menu::ToolButtons().back()));
-    session::SetCommands({Command::mnuCalcMain}, true);
-    EXPECT_TRUE(menu::Enabled(menu::ToolButtons().back()));
+    session::set_commands({Command::toolTank, Command::needsLPhase}, true);
+    EXPECT_FALSE(menu::Enabled(menu::tool_buttons().back()));
+    session::set_commands({Command::mnuCalcMain}, true);
+    EXPECT_TRUE(menu::Enabled(menu::tool_buttons().back()));
 }
 
 TEST_F(Menu, ToolButtonsBearTheirTips) {
@@ -261,10 +261,10 @@ TEST_F(Menu, ToolButtonsBearTheirTips) {
         {7, " Save actual project "},
         {11, "Reference State for Thermodynamic"},
         {15, " Tank calculation "}};
-    ASSERT_EQ(menu::ToolButtons().size(), tips.size());
+    ASSERT_EQ(menu::tool_buttons().size(), tips.size());
     for (std::size_t i = 0; i < tips.size(); ++i) {
-        EXPECT_EQ(menu::ToolButtons()[i].index, tips[i].first);
-        EXPECT_EQ(menu::ToolButtons()[i].tooltip, tips[i].second);
+        EXPECT_EQ(menu::tool_buttons()[i].index, tips[i].first);
+        EXPECT_EQ(menu::tool_buttons()[i].tooltip, tips[i].second);
     }
 }
 
@@ -310,7 +310,7 @@ TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
 TEST_F(Menu, ParametersOfTheEOSNeedACompleteChoice) {
     handleAll();
     EXPECT_FALSE(menu::Enabled(row("mnuData_ParameterEOS")));
-    session::SetCommands({Command::mnuCalcMain}, true);
+    session::set_commands({Command::mnuCalcMain}, true);
     EXPECT_TRUE(menu::Enabled(row("mnuData_ParameterEOS")));
 }
 
@@ -381,17 +381,17 @@ TEST_F(Menu, FittingForgetsTheMeasuredData) {
 }
 
 TEST_F(Menu, OpeningTheDataMenuOffersToEditWhatIsThere) {
-    menu::OpenDataMenu();
-    EXPECT_FALSE(session::IsEnabled(Command::mnuData_BatchEdit));
+    menu::open_data_menu();
+    EXPECT_FALSE(session::is_enabled(Command::mnuData_BatchEdit));
     the_session.BatchCount = 1;
-    menu::OpenDataMenu();
-    EXPECT_TRUE(session::IsEnabled(Command::mnuData_BatchEdit));
+    menu::open_data_menu();
+    EXPECT_TRUE(session::is_enabled(Command::mnuData_BatchEdit));
 }
 
 TEST_F(Menu, AnActionMayReplaceItselfWhileItRuns) {
     int first = 0, second = 0;
-    actions::RegisterAction("x", [&] {
-        actions::RegisterAction("x", [&] { ++second; });
+    actions::register_action("x", [&] {
+        actions::register_action("x", [&] { ++second; });
         ++first;
     });
     EXPECT_TRUE(actions::Run("x"));

@@ -26,7 +26,7 @@ TEST_F(Options, OpenWithTheSettingsOfTheSession) {
     the_session.BatchMode = true;
     the_session.PointsPerCurve = 450;
     the_session.PartialGasCurve = true;
-    const session::OptionChoice c = session::OpenOptions();
+    const session::OptionChoice c = session::open_options();
     EXPECT_TRUE(c.specific && c.reduced && c.batch && c.partialGas && c.realRange);
     EXPECT_EQ(c.points, 450);
     EXPECT_TRUE(c.reducedPossible);
@@ -36,19 +36,19 @@ TEST_F(Options, OpenWithTheSettingsOfTheSession) {
 TEST_F(Options, WithoutCriticalDataReducedUnitsAreNotOffered) {
     legacy::the_substance.pcrit = 0;
     the_session.UnitMode = 2;
-    EXPECT_FALSE(session::OpenOptions().reducedPossible);
+    EXPECT_FALSE(session::open_options().reducedPossible);
     EXPECT_EQ(the_session.UnitMode, 0);
 }
 
 TEST_F(Options, AVOnlyEquationHasNoSCurve) {
     legacy::the_models.EOSOnlyV = true;
-    EXPECT_FALSE(session::OpenOptions().sCurvePossible);
+    EXPECT_FALSE(session::open_options().sCurvePossible);
 }
 
 TEST_F(Options, SpecificUnitsSetFactorsAndLabels) {
-    session::OptionChoice c = session::OpenOptions();
+    session::OptionChoice c = session::open_options();
     c.specific = true;
-    ASSERT_TRUE(session::ApplyOptions(c));
+    ASSERT_TRUE(session::apply_options(c));
     const double M = static_cast<double>(legacy::the_substance.M);
     EXPECT_EQ(the_session.CaloricUnit, 3);
     EXPECT_EQ(the_session.UnitMode, 1);
@@ -56,14 +56,14 @@ TEST_F(Options, SpecificUnitsSetFactorsAndLabels) {
     EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 1 / M);
     EXPECT_EQ(the_session.VolumeLabel, "m^3/kg  ");
     EXPECT_TRUE(the_session.UnitsChanged);
-    ASSERT_TRUE(session::ApplyOptions(session::OpenOptions()));
+    ASSERT_TRUE(session::apply_options(session::open_options()));
     EXPECT_FALSE(the_session.UnitsChanged) << "nothing changed the second time";
 }
 
 TEST_F(Options, ReducedUnitsOverrideTheVolumeUnit) {
-    session::OptionChoice c = session::OpenOptions();
+    session::OptionChoice c = session::open_options();
     c.reduced = true;
-    ASSERT_TRUE(session::ApplyOptions(c));
+    ASSERT_TRUE(session::apply_options(c));
     EXPECT_EQ(the_session.UnitMode, 2);
     EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 5.0);
     EXPECT_EQ(the_session.TemperatureLabel, "p(red)");
@@ -71,10 +71,10 @@ TEST_F(Options, ReducedUnitsOverrideTheVolumeUnit) {
 
 TEST_F(Options, WithoutMolarMassSpecificUnitsAreRefusedAndNothingChanges) {
     legacy::the_substance.M = 0;
-    session::OptionChoice c = session::OpenOptions();
+    session::OptionChoice c = session::open_options();
     c.specific = true;
     c.batch = true;
-    EXPECT_FALSE(session::ApplyOptions(c));
+    EXPECT_FALSE(session::apply_options(c));
     EXPECT_EQ(user.lastText(), "Division by zero");
     EXPECT_EQ(the_session.CaloricUnit, 0);
     EXPECT_FALSE(the_session.BatchMode);
@@ -85,9 +85,9 @@ TEST_F(Options, TheCalculationMenuFollowsTheMode) {
     const menu::Row* second = menu::Find("mnuCalc_1");
     const menu::Row* tank = menu::Find("mnuCalc_15");
     ASSERT_TRUE(first != nullptr && second != nullptr && tank != nullptr);
-    session::OptionChoice c = session::OpenOptions();
+    session::OptionChoice c = session::open_options();
     c.batch = true;
-    session::ApplyOptions(c);
+    session::apply_options(c);
     EXPECT_EQ(menu::Caption(*first), "columns T, rho(V) => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(*second), "columns T, rho(L) => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(*menu::Find("mnuCalc_2")),
@@ -95,9 +95,9 @@ TEST_F(Options, TheCalculationMenuFollowsTheMode) {
     EXPECT_EQ(menu::Caption(*menu::Find("mnuCalc_3")),
               "columns p, rho(V) => T, state L/V     + thermod. Fu.");
     EXPECT_TRUE(menu::Visible(*second));
-    EXPECT_FALSE(menu::Allowed(*tank));
+    EXPECT_FALSE(menu::allowed(*tank));
     c.batch = false;
-    session::ApplyOptions(c);
+    session::apply_options(c);
     EXPECT_EQ(menu::Caption(*first), "T, rho      => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(*menu::Find("mnuCalc_2")),
               "T, p         => rho, state L/V  + thermod. Fu.");
@@ -107,18 +107,18 @@ TEST_F(Options, TheCalculationMenuFollowsTheMode) {
 }
 
 TEST_F(Options, PointsStayWithinTheirRange) {
-    session::OptionChoice c = session::OpenOptions();
+    session::OptionChoice c = session::open_options();
     c.points = 5000;
-    session::ApplyOptions(c);
+    session::apply_options(c);
     EXPECT_EQ(the_session.PointsPerCurve, session::kMaxPoints);
 }
 
 TEST_F(Options, DiagramLimitsAreDerivedAgain) {
     static int calls = 0;
     calls = 0;
-    session::OnOptionsApplied([] { ++calls; });
-    session::ApplyOptions(session::OpenOptions());
-    session::OnOptionsApplied(nullptr);
+    session::on_options_applied([] { ++calls; });
+    session::apply_options(session::open_options());
+    session::on_options_applied(nullptr);
     EXPECT_EQ(calls, 1);
 }
 

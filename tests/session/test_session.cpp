@@ -35,20 +35,20 @@ TEST_F(Session, StartsWithItsDefaults) {
     EXPECT_EQ(legacy::the_BatchData.size(), 2U);
     EXPECT_EQ(legacy::the_ResultRecords.size(), 3U);
     EXPECT_EQ(the_session.LastSessionFile, (folder() / "QuorLastSession.QCF").string());
-    EXPECT_FALSE(session::IsEnabled(session::Command::mnuCalcMain));
+    EXPECT_FALSE(session::is_enabled(session::Command::mnuCalcMain));
     EXPECT_FALSE(the_session.DecimalComma);
 }
 
 TEST_F(Session, DecimalCommaFollowsTheLocale) {
     numbers::set_decimal_mark(',');
-    session::ResetEverything();
+    session::reset_everything();
     EXPECT_TRUE(the_session.DecimalComma);
 }
 
 TEST_F(Session, ReducedUnitsWithoutCriticalVolumeFallBackToMolar) {
     legacy::the_substance.Tcrit = 0;
     std::int16_t mode = 2;
-    const session::UnitLabels u = session::SetUnits(mode);
+    const session::UnitLabels u = session::set_units(mode);
     EXPECT_EQ(mode, 0);
     EXPECT_EQ(u.VolumeLabel, "m^3/kmol");
     EXPECT_EQ(u.TemperatureLabel, "K");
@@ -59,7 +59,7 @@ TEST_F(Session, ReducedUnitsNameThePressureInTheLabelOfT) {
     legacy::the_substance = fluids::ReferencePropane();
     legacy::the_eosParameters.vcritCalc = 0.25;
     std::int16_t mode = 2;
-    const session::UnitLabels u = session::SetUnits(mode);
+    const session::UnitLabels u = session::set_units(mode);
     EXPECT_EQ(u.TemperatureLabel, "p(red)");
     EXPECT_EQ(u.PressureLabel, "kPa");
     EXPECT_EQ(u.VolumeLabel, "V(red)");
@@ -71,58 +71,58 @@ TEST_F(Session, ReducedUnitsNameThePressureInTheLabelOfT) {
 TEST_F(Session, SpecificUnitsDivideByTheMolarMass) {
     legacy::the_substance.M = 44.0F;
     std::int16_t mode = 1;
-    const session::UnitLabels u = session::SetUnits(mode);
+    const session::UnitLabels u = session::set_units(mode);
     EXPECT_DOUBLE_EQ(u.Factor, 1.0 / 44.0);
     EXPECT_EQ(u.VolumeLabel, "m^3/kg  ");
 }
 
 TEST_F(Session, CaloricFactorFollowsItsUnitForm) {
     legacy::the_substance.M = 50.0F;
-    EXPECT_DOUBLE_EQ(session::CaloricFactorOf(0, 300), 1.0);
-    EXPECT_DOUBLE_EQ(session::CaloricFactorOf(1, 300), 1 / 8.31451);
-    EXPECT_DOUBLE_EQ(session::CaloricFactorOf(2, 300), 1 / (8.31451 * 300));
-    EXPECT_DOUBLE_EQ(session::CaloricFactorOf(3, 300), 1 / 50.0);
+    EXPECT_DOUBLE_EQ(session::caloric_factor_of(0, 300), 1.0);
+    EXPECT_DOUBLE_EQ(session::caloric_factor_of(1, 300), 1 / 8.31451);
+    EXPECT_DOUBLE_EQ(session::caloric_factor_of(2, 300), 1 / (8.31451 * 300));
+    EXPECT_DOUBLE_EQ(session::caloric_factor_of(3, 300), 1 / 50.0);
 }
 
 TEST_F(Session, BusyPointerNests) {
-    session::BeginBusy();
-    session::BeginBusy();
-    session::EndBusy();
+    session::begin_busy();
+    session::begin_busy();
+    session::end_busy();
     EXPECT_EQ(user.pointer, std::vector<bool>{true});
-    session::EndBusy();
+    session::end_busy();
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
 }
 
 TEST_F(Session, ProtocolNamesCountUp) {
-    EXPECT_EQ(session::NewProtocolFileName(), "26151101.CSV");
+    EXPECT_EQ(session::new_protocol_file_name(), "26151101.CSV");
     write("26151101.CSV", "");
     write("26151102.CSV", "x");
-    EXPECT_EQ(session::NewProtocolFileName(), "26151103.CSV");
+    EXPECT_EQ(session::new_protocol_file_name(), "26151103.CSV");
 }
 
 TEST_F(Session, ShortenPathKeepsTheStartAndTheEnd) {
-    EXPECT_EQ(session::ShortenPath("C:\\short.txt", 50), "C:\\short.txt");
-    EXPECT_EQ(session::ShortenPath("C:\\one\\two\\three\\four\\five.txt", 20),
+    EXPECT_EQ(session::shorten_path("C:\\short.txt", 50), "C:\\short.txt");
+    EXPECT_EQ(session::shorten_path("C:\\one\\two\\three\\four\\five.txt", 20),
               "C:\\...\\four\\five.txt");
-    EXPECT_EQ(session::ShortenPath("/home/user/one/two/five.txt", 18), "/ho.../two/five.txt");
+    EXPECT_EQ(session::shorten_path("/home/user/one/two/five.txt", 18), "/ho.../two/five.txt");
 }
 
 TEST_F(Session, FilesAreLookedUpInTheProgramsFolder) {
     write("A.TXT", "x");
-    EXPECT_TRUE(session::FileExists("A.TXT"));
-    EXPECT_FALSE(session::FileExists(""));
-    EXPECT_FALSE(session::FileExists("B.TXT"));
-    EXPECT_TRUE(session::FileExists((folder() / "A.TXT").string()));
-    EXPECT_EQ(session::FileTitle("a/b\\C.Q05"), "C.Q05");
-    EXPECT_EQ(session::FolderOf("a/b\\C.Q05"), "a/b\\");
+    EXPECT_TRUE(session::file_exists("A.TXT"));
+    EXPECT_FALSE(session::file_exists(""));
+    EXPECT_FALSE(session::file_exists("B.TXT"));
+    EXPECT_TRUE(session::file_exists((folder() / "A.TXT").string()));
+    EXPECT_EQ(session::file_title("a/b\\C.Q05"), "C.Q05");
+    EXPECT_EQ(session::folder_of("a/b\\C.Q05"), "a/b\\");
 }
 
 TEST_F(Session, AProgramFolderThatCannotBeWrittenSendsNewFilesToTheUsersFolder) {
-    session::SetProgramFolder(folder() / "missing", folder() / "user");
-    EXPECT_EQ(session::WriteFolder(), folder() / "user");
+    session::set_program_folder(folder() / "missing", folder() / "user");
+    EXPECT_EQ(session::write_folder(), folder() / "user");
     EXPECT_TRUE(std::filesystem::is_directory(folder() / "user"));
-    session::SetProgramFolder(folder());
-    EXPECT_EQ(session::WriteFolder(), folder());
+    session::set_program_folder(folder());
+    EXPECT_EQ(session::write_folder(), folder());
 }
 
 TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
@@ -130,12 +130,12 @@ TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
     const auto needing = {Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting,
                           Command::mnu2D,       Command::mnu3D,      Command::mnuData_SaveProject,
                           Command::toolSave};
-    session::SetCommands(needing, true);
+    session::set_commands(needing, true);
     the_session.CurrentSubstance = 7;
     the_session.BatchMode = true;
     legacy::the_models.HLVModel = 3;
-    session::ResetSession();
-    for (const Command c : needing) EXPECT_FALSE(session::IsEnabled(c));
+    session::reset_session();
+    for (const Command c : needing) EXPECT_FALSE(session::is_enabled(c));
     EXPECT_EQ(the_session.CurrentSubstance, 0);
     EXPECT_FALSE(the_session.BatchMode);
     EXPECT_EQ(legacy::the_models.HLVModel, 0);
@@ -146,12 +146,12 @@ TEST(ModelTables, NamesAreFixedWidthAndCodesInvert) {
     EXPECT_EQ(models::EOSName(6), "CEOS Peng / Robinson               ");
     EXPECT_EQ(models::EOSName(16).size(), 35U);
     EXPECT_EQ(models::EOSName(9), "");
-    EXPECT_EQ(models::VPIndex("WAG"), 4);
-    EXPECT_EQ(models::VPIndex("xxx"), 0);
+    EXPECT_EQ(models::vp_index("WAG"), 4);
+    EXPECT_EQ(models::vp_index("xxx"), 0);
     EXPECT_EQ(models::VPCode(8), "THO");
     EXPECT_EQ(models::FunctionLabel(14), "     ln (phi*)");
-    EXPECT_TRUE(models::IsVOnlyEOS(0));
-    EXPECT_FALSE(models::IsVOnlyEOS(6));
+    EXPECT_TRUE(models::is_v_only_eos(0));
+    EXPECT_FALSE(models::is_v_only_eos(6));
 }
 
 }  // namespace

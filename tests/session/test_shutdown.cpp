@@ -14,13 +14,13 @@ using legacy::the_session;
 class Shutdown : public SessionTest {
   protected:
     Shutdown() {
-        session::shutdownHooks() = {
+        session::shutdown_hooks() = {
             .writeProtocol = [this] { calls.push_back("protocol"); },
             .saveLastSession = [this](const std::string& file) { calls.push_back("save " + file); },
             .closeFiles = [this] { calls.push_back("files"); },
             .closeHelp = [this] { calls.push_back("help"); }};
     }
-    ~Shutdown() override { session::shutdownHooks() = {}; }
+    ~Shutdown() override { session::shutdown_hooks() = {}; }
 
     std::vector<std::string> calls;
 };
@@ -59,7 +59,7 @@ TEST_F(Shutdown, AProtocolFileWithAFolderIsFoundThere) {
 }
 
 TEST_F(Shutdown, WithoutHooksNothingHappens) {
-    session::shutdownHooks() = {};
+    session::shutdown_hooks() = {};
     the_session.ProtocolPending = true;
     the_session.DatabaseFile = "STUDENT.Q05";
     EXPECT_NO_THROW(session::Shutdown());
@@ -74,43 +74,43 @@ class Tips : public SessionTest {
 
 TEST_F(Tips, StartAtARandomLineAndWrapAround) {
     write("QUORTIPS_E.TXT", "one\r\ntwo\r\nthree\r\n");
-    session::Tips tips = session::LoadTips(4);
+    session::Tips tips = session::load_tips(4);
     ASSERT_EQ(tips.lines.size(), 3U);
-    EXPECT_EQ(session::CurrentTip(tips), "two");
-    session::NextTip(tips);
-    EXPECT_EQ(session::CurrentTip(tips), "three");
-    session::NextTip(tips);
-    EXPECT_EQ(session::CurrentTip(tips), "one");
+    EXPECT_EQ(session::current_tip(tips), "two");
+    session::next_tip(tips);
+    EXPECT_EQ(session::current_tip(tips), "three");
+    session::next_tip(tips);
+    EXPECT_EQ(session::current_tip(tips), "one");
 }
 
 TEST_F(Tips, AreReadInTheCodePageOfTheTextFiles) {
     write("QUORTIPS.TXT", "gr\xFC\xDF\n");
     the_session.EnglishUi = false;
-    EXPECT_EQ(session::CurrentTip(session::LoadTips(0)), "grüß");
+    EXPECT_EQ(session::current_tip(session::load_tips(0)), "grüß");
 }
 
 TEST_F(Tips, AMissingFileIsToldAndLeavesNothing) {
-    session::Tips tips = session::LoadTips(3);
+    session::Tips tips = session::load_tips(3);
     EXPECT_TRUE(tips.missing);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "The file QUORTIPS_E.TXTnot found in the QUOR directory ");
-    session::NextTip(tips);
-    EXPECT_EQ(session::CurrentTip(tips), "");
+    session::next_tip(tips);
+    EXPECT_EQ(session::current_tip(tips), "");
 }
 
 TEST_F(Tips, AnEmptyFileShowsNothing) {
     write("QUORTIPS_E.TXT", "\r\n\r\n");
-    session::Tips tips = session::LoadTips(7);
+    session::Tips tips = session::load_tips(7);
     EXPECT_FALSE(tips.missing);
-    EXPECT_EQ(session::CurrentTip(tips), "");
+    EXPECT_EQ(session::current_tip(tips), "");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Tips, StayHiddenOnlyWhenSwitchedOffAndNotAskedFor) {
-    EXPECT_TRUE(session::TipsStayHidden(false, false));
-    EXPECT_FALSE(session::TipsStayHidden(false, true));
-    EXPECT_FALSE(session::TipsStayHidden(true, false));
-    EXPECT_FALSE(session::TipsStayHidden(true, true));
+    EXPECT_TRUE(session::tips_stay_hidden(false, false));
+    EXPECT_FALSE(session::tips_stay_hidden(false, true));
+    EXPECT_FALSE(session::tips_stay_hidden(true, false));
+    EXPECT_FALSE(session::tips_stay_hidden(true, true));
 }
 
 }  // namespace

@@ -42,9 +42,9 @@ std::vector<std::string> heads() {
 }
 
 void write_csv(const std::filesystem::path& file, const std::string& csv) {
-    const datafiles::DatabaseTable table = datafiles::ReadDatabaseTable(csv);
+    const datafiles::DatabaseTable table = datafiles::read_database_table(csv);
     if (!table.errors.empty()) throw std::runtime_error(table.errors.front());
-    std::ofstream(file, std::ios::binary) << datafiles::DatabaseBytes(table.records);
+    std::ofstream(file, std::ios::binary) << datafiles::database_bytes(table.records);
 }
 
 }  // namespace

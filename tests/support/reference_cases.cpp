@@ -24,14 +24,14 @@ std::vector<json> Cases(const std::string& function) {
     return selected;
 }
 
-void Activate(const json& inputs) {
+void activate(const json& inputs) {
     legacy::the_substance = fluids::ReferencePropane();
     models::ModelSelection& m = legacy::the_models;
     m = {};
     m.EOSModel = inputs.value("EOSModel", std::int16_t{6});
-    m.EOSOnlyV = models::IsVOnlyEOS(m.EOSModel);
+    m.EOSOnlyV = models::is_v_only_eos(m.EOSModel);
     m.VPCode = inputs.value("VPCode", std::string("000"));
-    m.VPModel = models::VPIndex(m.VPCode);
+    m.VPModel = models::vp_index(m.VPCode);
     m.CpModel = inputs.value("CpModel", std::int16_t{2});
     m.WatsonN = inputs.value("WatsonN", 0.38F);
     if (inputs.contains("jt")) {
@@ -43,9 +43,9 @@ void Activate(const json& inputs) {
         legacy::the_jiTorvik.jtZc = jt.at("Zc");
         legacy::the_jiTorvik.jtK = jt.at("K");
     }
-    models::GiveJiTorvikParameters(true);
-    models::CalcEOSParameters(m.EOSModel);
-    models::GiveJiTorvikParameters(false);
+    models::give_ji_torvik_parameters(true);
+    models::calc_eos_parameters(m.EOSModel);
+    models::give_ji_torvik_parameters(false);
 }
 
 }  // namespace reference

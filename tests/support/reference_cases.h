@@ -12,6 +12,6 @@ std::vector<nlohmann::json> Cases(const std::string& function);
 
 /// Makes the reference propane and the models of a case the active ones: EOS code, vapour pressure
 /// equation, cp form, Ji/Torvik parameters; the constants follow.
-void Activate(const nlohmann::json& inputs);
+void activate(const nlohmann::json& inputs);
 
 }  // namespace reference

@@ -11,9 +11,9 @@ SessionTest::SessionTest() {
     std::string pattern = (std::filesystem::temp_directory_path() / "quor-test-XXXXXX").string();
     folder_ = mkdtemp(pattern.data());
     numbers::set_decimal_mark('.');
-    session::SetProgramFolder(folder_);
-    session::SetShortDate("15.11.2026");
-    session::ResetEverything();
+    session::set_program_folder(folder_);
+    session::set_short_date("15.11.2026");
+    session::reset_everything();
 }
 
 SessionTest::~SessionTest() {
@@ -21,5 +21,5 @@ SessionTest::~SessionTest() {
     std::filesystem::permissions(folder_, std::filesystem::perms::owner_all, ignored);
     std::filesystem::remove_all(folder_, ignored);
     numbers::set_decimal_mark('.');
-    session::SetShortDate("");
+    session::set_short_date("");
 }

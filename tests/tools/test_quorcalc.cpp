@@ -22,7 +22,7 @@ struct Outcome {
 
 class Quorcalc : public testing::Test {
   protected:
-    Quorcalc() { session::SetProgramFolder(QUOR_BINARY_FOLDER); }
+    Quorcalc() { session::set_program_folder(QUOR_BINARY_FOLDER); }
 
     static Outcome call(const std::vector<std::string>& words, const std::string& input = "") {
         std::istringstream in(input);
@@ -291,7 +291,7 @@ TEST_F(Quorcalc, TheProgramItselfReadsNoEnvironmentAndPrintsJson) {
 }
 
 TEST(QuorcalcLines, AreSplitAtBlanksOutsideQuotes) {
-    EXPECT_EQ(quorcalc::SplitLine("a  'b c' \"d\" \"\" e\"f g\""),
+    EXPECT_EQ(quorcalc::split_line("a  'b c' \"d\" \"\" e\"f g\""),
               (std::vector<std::string>{"a", "b c", "d", "", "ef g"}));
 }
 

@@ -45,7 +45,7 @@ std::vector<std::string> overrides() {
 
 class QuorcalcReference : public testing::Test {
   protected:
-    QuorcalcReference() { session::SetProgramFolder(QUOR_BINARY_FOLDER); }
+    QuorcalcReference() { session::set_program_folder(QUOR_BINARY_FOLDER); }
 
     static json call(const json& inputs, std::vector<std::string> words) {
         static const std::vector<std::string> sets = overrides();
@@ -174,7 +174,7 @@ TEST_F(QuorcalcReference, EnthalpiesOfVaporisation) {
     }
 }
 
-TEST_F(QuorcalcReference, CaloricFunctions) {
+TEST_F(QuorcalcReference, caloric_functions) {
     for (const json& c : reference::Cases("ResidualFunctions+StateFunctions")) {
         const json& in = c.at("inputs");
         for (const auto& [key, e] : c.at("expected").at("state").items()) {

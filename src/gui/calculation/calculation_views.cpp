@@ -33,7 +33,7 @@ constexpr std::int16_t kLastMode = 24, kDirectInput = 100;
 
 template <class View>
 View* open_view(const QString& name) {
-    return qobject_cast<View*>(shell::FindView(name));
+    return qobject_cast<View*>(shell::findView(name));
 }
 
 // Where a view stands on first use. Later its place is the one that the user gave it.
@@ -60,11 +60,11 @@ template <class View>
 void open_or_renew(const QString& name, Corner corner) {
     if (View* view = open_view<View>(name)) {
         view->open();
-        shell::Activate(name);
+        shell::activate(name);
         return;
     }
     auto* view = new View;
-    shell::OpenChild(view);
+    shell::openChild(view);
     place(view, corner);
 }
 
@@ -79,7 +79,7 @@ void show_result() {
         return;
     }
     view->showResult();
-    shell::Activate("frmCalcOut");
+    shell::activate("frmCalcOut");
 }
 
 void open_input() {
@@ -92,7 +92,7 @@ void open_tank() {
 
 // The input of the reference point stands in front of the view that asks for it.
 void ask_reference() {
-    QDialog dialog(shell::FrameWindow());
+    QDialog dialog(shell::frameWindow());
     dialog.setObjectName("frmParinput");
     auto* input = new DirectInputView;
     input->setObjectName("frmParinput_form");
@@ -100,14 +100,14 @@ void ask_reference() {
     auto* layout = new QVBoxLayout(&dialog);
     layout->setContentsMargins({});
     layout->addWidget(input);
-    shell::OpenModal(dialog);
+    shell::openModal(dialog);
 }
 
 void register_rows() {
     for (std::int16_t mode = 1; mode <= kLastMode; ++mode) {
-        if (calculation::ModeOf(mode).menu == calculation::Menu::None) continue;
-        actions::RegisterAction("CalcMode_" + std::to_string(mode),
-                                [mode] { calculation::RunCalculation(mode); });
+        if (calculation::mode_of(mode).menu == calculation::Menu::None) continue;
+        actions::register_action("CalcMode_" + std::to_string(mode),
+                                 [mode] { calculation::run_calculation(mode); });
     }
 }
 
@@ -118,29 +118,29 @@ void Install() {
     views.openCalcIn = [] { OpenCalcIn(false); };
     views.openResultView = open_result;
     views.showResultView = show_result;
-    views.closeResultView = [] { shell::CloseViews({"frmCalcOut"}); };
+    views.closeResultView = [] { shell::closeViews({"frmCalcOut"}); };
     views.openParinput = open_input;
     views.openReferenceInput = ask_reference;
-    views.closeParinput = [] { shell::CloseViews({"frmParinput"}); };
+    views.closeParinput = [] { shell::closeViews({"frmParinput"}); };
     views.openTankView = open_tank;
-    views.closeTankView = [] { shell::CloseViews({"frmKessel"}); };
+    views.closeTankView = [] { shell::closeViews({"frmKessel"}); };
     register_rows();
-    session::shutdownHooks().writeProtocol = calculation::CloseProtocol;
+    session::shutdown_hooks().writeProtocol = calculation::close_protocol;
 }
 
 void OpenCalcIn(bool forDiagram) {
-    PartialChoiceDialog view(forDiagram, shell::FrameWindow());
-    if (shell::OpenModal(view) == QDialog::Accepted)
-        calculation::ConfirmPartialChoice(view.choice());
+    PartialChoiceDialog view(forDiagram, shell::frameWindow());
+    if (shell::openModal(view) == QDialog::Accepted)
+        calculation::confirm_partial_choice(view.choice());
 }
 
-std::pair<std::string, std::string> TypedTp() {
+std::pair<std::string, std::string> typedTp() {
     const auto* input = open_view<DirectInputView>("frmParinput");
     if (input == nullptr || the_session.InputSituation <= kDirectInput) return {};
     return {input->fieldText(0), input->fieldText(1)};
 }
 
-void OpenIsoCalculator() {
+void open_iso_calculator() {
     open_or_renew<IsoCalculatorView>("frmIsoCalc", Corner::BottomLeft);
 }
 
@@ -148,11 +148,11 @@ void OpenDiagnosis() {
     open_or_renew<DiagnosisView>("frmCEOSDiagnose", Corner::BottomLeft);
 }
 
-void RefreshResult() {
+void refreshResult() {
     if (auto* view = open_view<ResultView>("frmCalcOut")) view->showResult();
 }
 
-void RefreshDiagnosis() {
+void refreshDiagnosis() {
     if (auto* view = open_view<DiagnosisView>("frmCEOSDiagnose")) view->open();
 }
 

@@ -18,16 +18,16 @@ void OpenCalcIn(bool forDiagram);
 
 /// The first two fields of the input view of a direct calculation, T and p; empty texts when it
 /// asks for something else or is not open.
-std::pair<std::string, std::string> TypedTp();
+std::pair<std::string, std::string> typedTp();
 
-void OpenIsoCalculator();
+void open_iso_calculator();
 void OpenDiagnosis();
 
 /// The result view, when it is open, shows the texts of the last calculation.
-void RefreshResult();
+void refreshResult();
 
 /// The diagnosis, when it is open, shows the last state again.
-void RefreshDiagnosis();
+void refreshDiagnosis();
 
 }  // namespace calculation_views
 

@@ -28,7 +28,7 @@ QString shown(double value) {
 
 QString state_text(const calculation::Diagnosis& d) {
     if (d.roots.empty()) return {};
-    return qt(text::Trim(models::EOSName(legacy::the_models.EOSModel))) + ",  T = " + shown(d.T) +
+    return qt(text::trim(models::EOSName(legacy::the_models.EOSModel))) + ",  T = " + shown(d.T) +
            " K,  p = " + shown(d.p) + " kPa";
 }
 
@@ -79,7 +79,7 @@ DiagnosisView::DiagnosisView(QWidget* parent) : ChildView("frmCEOSDiagnose", par
 }
 
 void DiagnosisView::open() {
-    const calculation::Diagnosis diagnosis = calculation::DiagnoseLastState();
+    const calculation::Diagnosis diagnosis = calculation::diagnose_last_state();
     setWindowTitle(qt(diagnosis.title));
     state_->setText(state_text(diagnosis));
     legend_->setText(legend_text(diagnosis));

@@ -94,7 +94,7 @@ void DirectInputView::arrange() {
     volumeFrame_ = form::frame("specific. quantity", "fraRhoVInput");
     volume_ = two_options(volumeFrame_, "optRhoV", "Rho", "V");
     connect(volume_, &QButtonGroup::idClicked, this, [this](int index) {
-        calculation::ChooseVolumeInput(index);
+        calculation::choose_volume_input(index);
         follow();
     });
     amountFrame_ = form::frame("content given as", "fram_n");
@@ -145,7 +145,7 @@ void DirectInputView::open() {
 
 // Fields, labels and frames of the situation; the texts typed stay.
 void DirectInputView::follow() {
-    const calculation::DirectInput input = calculation::DescribeDirectInput(amount());
+    const calculation::DirectInput input = calculation::describe_direct_input(amount());
     const auto qt = [](const std::string& s) { return QString::fromStdString(s); };
     setWindowTitle(qt(input.title));
     ok_->setText(qt(input.command));
@@ -194,11 +194,11 @@ void DirectInputView::markMissing() {
 }
 
 void DirectInputView::calculate() {
-    if (MarkWrongNumber(par_)) return;
+    if (markWrongNumber(par_)) return;
     const std::array<std::string, 4> texts = {fieldText(0), fieldText(1), fieldText(2),
                                               fieldText(3)};
     const calculation::Views& views = calculation::views();
-    switch (calculation::AcceptInput(texts, amount())) {
+    switch (calculation::accept_input(texts, amount())) {
         case calculation::InputResult::Refused:
             markMissing();
             break;
@@ -212,7 +212,7 @@ void DirectInputView::calculate() {
         case calculation::InputResult::TankCalculated:
             views.openResultView();
             views.openTankView();
-            shell::Activate(objectName());
+            shell::activate(objectName());
             break;
         case calculation::InputResult::Calculated:
             views.showResultView();
@@ -225,7 +225,7 @@ void DirectInputView::cancel() {
     if (the_session.InputSituation == kReferenceInput)
         closeView();
     else
-        calculation::CancelInput();
+        calculation::cancel_input();
 }
 
 }  // namespace quor::gui

@@ -66,7 +66,7 @@ IsoCalculatorView::IsoCalculatorView(QWidget* parent) : ChildView("frmIsoCalc", 
 }
 
 void IsoCalculatorView::open() {
-    iso_ = calculation::OpenIsoCalculator();
+    iso_ = calculation::open_iso_calculator();
     function_->button(iso_.function)->setChecked(true);
     phase_->button(iso_.liquid ? kLiquid : kVapour)->setChecked(true);
     given_->button(static_cast<int>(iso_.given))->setChecked(true);
@@ -87,7 +87,7 @@ QGroupBox* IsoCalculatorView::buildFunctions() {
         grid->addWidget(option, i % kRows, i / kRows);
     }
     connect(function_, &QButtonGroup::idClicked, this, [this](int index) {
-        calculation::ChooseIsoFunction(iso_, static_cast<std::int16_t>(index));
+        calculation::choose_iso_function(iso_, static_cast<std::int16_t>(index));
         follow();
     });
     return frame;
@@ -104,7 +104,7 @@ QGroupBox* IsoCalculatorView::buildPhase() {
         row->addWidget(option);
     }
     connect(phase_, &QButtonGroup::idClicked, this, [this](int index) {
-        calculation::ChooseIsoPhase(iso_, index == kLiquid);
+        calculation::choose_iso_phase(iso_, index == kLiquid);
         follow();
     });
     return frame;
@@ -123,7 +123,7 @@ QGroupBox* IsoCalculatorView::buildGiven() {
         row->addWidget(option);
     }
     connect(given_, &QButtonGroup::idClicked, this, [this](int index) {
-        calculation::ChooseIsoGiven(iso_, static_cast<calculation::IsoGiven>(index));
+        calculation::choose_iso_given(iso_, static_cast<calculation::IsoGiven>(index));
         follow();
     });
     return frame;
@@ -160,10 +160,10 @@ QLayout* IsoCalculatorView::buildButtons() {
     reset->setToolTip(" Reset to last successful calculation ");
     connect(reset, &QPushButton::clicked, this, &IsoCalculatorView::reset);
     QPushButton* curve = form::button("Curve input", "cmdShowManuInput");
-    curve->setEnabled(actions::Has(kCurveInput));
+    curve->setEnabled(actions::has(kCurveInput));
     connect(curve, &QPushButton::clicked, this, [] { actions::Run(kCurveInput); });
     QPushButton* page = form::button("Help", "cmdIsoHelp");
-    shell::ConnectHelp(page, help::kIsoCalculator);
+    shell::connectHelp(page, help::kIsoCalculator);
     QPushButton* close = form::button("Close", "cmdEsc");
     connect(close, &QPushButton::clicked, this, &ChildView::closeView);
 
@@ -186,17 +186,17 @@ void IsoCalculatorView::follow() {
 }
 
 void IsoCalculatorView::calculate() {
-    if (MarkWrongNumber(std::array{constant_, givenValue_}, false)) return;
-    calculation::CalculateIso(iso_, constant_->text().toStdString(),
-                              givenValue_->text().toStdString());
+    if (markWrongNumber(std::array{constant_, givenValue_}, false)) return;
+    calculation::calculate_iso(iso_, constant_->text().toStdString(),
+                               givenValue_->text().toStdString());
     follow();
-    calculation_views::RefreshResult();
+    calculation_views::refreshResult();
 }
 
 void IsoCalculatorView::reset() {
-    calculation::ResetIso(iso_);
+    calculation::reset_iso(iso_);
     follow();
-    calculation_views::RefreshResult();
+    calculation_views::refreshResult();
 }
 
 }  // namespace quor::gui

@@ -51,7 +51,7 @@ void add_options(QVBoxLayout* layout, std::array<QRadioButton*, N>& options, con
 QString typed_reference() {
     const models::BensonPoint& r = legacy::the_session.BensonReference;
     const auto line = [](const char* label, float value) {
-        return QString("\n %1%2").arg(label, qt(numbers::GeneralPoint(value)));
+        return QString("\n %1%2").arg(label, qt(numbers::general_point(value)));
     };
     return "Reference point by manual input:" + line("T(ref)/K           = ", r.T) +
            line("p(LV)(ref)/kPa     = ", r.p) + line("rho(L)(ref)/kg/m^3 = ", r.rhoL) +
@@ -61,7 +61,7 @@ QString typed_reference() {
 }  // namespace
 
 PartialChoiceDialog::PartialChoiceDialog(bool forDiagram, QWidget* parent)
-    : QDialog(parent), choice_(calculation::OpenPartialChoice(forDiagram)) {
+    : QDialog(parent), choice_(calculation::open_partial_choice(forDiagram)) {
     setObjectName("frmCalcIn");
     arrange();
     follow();
@@ -71,12 +71,12 @@ PartialChoiceDialog::PartialChoiceDialog(bool forDiagram, QWidget* parent)
 QWidget* PartialChoiceDialog::buildMode() {
     modeFrame_ = form::frame("Mode of Calculation", "fraMode");
     auto* page = form::helpButton("GlobHilfe", "global and partial calculation");
-    shell::ConnectHelp(page, help::kGlobalPartial);
+    shell::connectHelp(page, help::kGlobalPartial);
     auto* options = new QVBoxLayout;
     options->setSpacing(theme::kGap);
     add_options<2>(options, global_, "opt_glob", {"Global calculation", "Partial calculation"},
                    [this](int index) {
-                       calculation::ChooseGlobal(choice_, index);
+                       calculation::choose_global(choice_, index);
                        follow();
                    });
     limits_ = text_block("lblRhoLimits");
@@ -97,7 +97,7 @@ QWidget* PartialChoiceDialog::buildDensity() {
     add_options<2>(layout, density_, "optPartialBenson",
                    {"rho_L by  BENSON's method", "rho_L by database equ. rho(T)"},
                    [this](int index) {
-                       calculation::ChooseDensity(choice_, index);
+                       calculation::choose_density(choice_, index);
                        follow();
                    });
     range_ = form::named(form::note(), "lblRhoRange");
@@ -109,7 +109,7 @@ QWidget* PartialChoiceDialog::buildDensity() {
 QWidget* PartialChoiceDialog::buildReference() {
     referenceFrame_ = form::frame("Reference  point for BENSON's method", "fraReference");
     auto* page = form::helpButton("BENSON_HELP", "the second reference point");
-    shell::ConnectHelp(page, help::kReferencePoint);
+    shell::connectHelp(page, help::kReferencePoint);
     auto* top = new QHBoxLayout;
     top->addWidget(form::named(new QLabel("Choose one of these options:"), "Bz1"), 1);
     top->addWidget(page);

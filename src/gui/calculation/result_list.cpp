@@ -71,15 +71,15 @@ void ResultList::showLines(const std::vector<calculation::ListLine>& lines) {
 void ResultList::copyText() {
     const QTextCursor cursor = textCursor();
     const bool part = cursor.hasSelection();
-    dialogs::SetClipboard(part ? cursor.selection().toPlainText().toStdString()
-                               : calculation::ResultAsText(calculation::resultText));
+    dialogs::set_clipboard(part ? cursor.selection().toPlainText().toStdString()
+                                : calculation::result_as_text(calculation::resultText));
     Q_EMIT copied(part ? "Selection copied as text" : "Result copied as text");
 }
 
 void ResultList::copyTable() {
     const QTextCursor cursor = textCursor();
     if (!cursor.hasSelection()) {
-        dialogs::SetClipboard(calculation::ResultAsTable(calculation::resultText));
+        dialogs::set_clipboard(calculation::result_as_table(calculation::resultText));
         Q_EMIT copied("Result copied as table");
         return;
     }
@@ -90,7 +90,7 @@ void ResultList::copyTable() {
     for (std::size_t i = line_at(cursor.selectionStart());
          i <= line_at(cursor.selectionEnd()) && i < lines_.size(); ++i)
         table += as_table(lines_[i]) + "\n";
-    dialogs::SetClipboard(table);
+    dialogs::set_clipboard(table);
     Q_EMIT copied("Selection copied as table");
 }
 

@@ -69,7 +69,7 @@ void ResultView::open() {
         box->setChecked(false);
     }
     target_[0]->setChecked(true);
-    view_ = calculation::OpenResultView();
+    view_ = calculation::open_result_view();
     const QSignalBlocker quiet(separator_);
     separator_->setCurrentIndex(view_.separatorIndex);
     setWindowTitle(qt(view_.caption));
@@ -87,7 +87,7 @@ void ResultView::showResult() {
     list_->showLines(resultText.Liste);
     head_->showCaptions(resultText);
     follow();
-    calculation_views::RefreshDiagnosis();
+    calculation_views::refreshDiagnosis();
 }
 
 // ------------------------------------------------------------------------------------------ parts
@@ -129,11 +129,11 @@ QWidget* ResultView::buildSpecification() {
     back_ = form::button("Set backward", "cmdRueck");
     back_->setShortcut(QKeySequence("Alt+Left"));
     back_->setToolTip("The data set before this one (Alt+Left)");
-    connect(back_, &QPushButton::clicked, this, [this] { step(calculation::StepBackward); });
+    connect(back_, &QPushButton::clicked, this, [this] { step(calculation::step_backward); });
     forward_ = form::button("Set forward", "cmdVor");
     forward_->setShortcut(QKeySequence("Alt+Right"));
     forward_->setToolTip("The data set behind this one (Alt+Right)");
-    connect(forward_, &QPushButton::clicked, this, [this] { step(calculation::StepForward); });
+    connect(forward_, &QPushButton::clicked, this, [this] { step(calculation::step_forward); });
 
     auto* row = new QHBoxLayout(specification_);
     row->setSpacing(theme::kGroupGap);
@@ -153,7 +153,7 @@ QWidget* ResultView::buildExtended() {
                     "ResPlus_1");
     pages_[1] = form::named(new QCheckBox("derivatives with respect to T, p, v"), "ResPlus_2");
     connect(uhs_, &QCheckBox::toggled, this, [this](bool on) {
-        calculation::SetEquilibriumFunctions(view_, on);
+        calculation::set_equilibrium_functions(view_, on);
         showResult();
     });
     QVBoxLayout* layout = column(extended_);
@@ -193,7 +193,7 @@ QWidget* ResultView::buildProtocol() {
     separator_ = form::named(new QComboBox, "cmbSep");
     separator_->setToolTip("semicolon recommended");
     for (const char* name : calculation::kSeparatorNames) separator_->addItem(name);
-    connect(separator_, &QComboBox::currentIndexChanged, this, calculation::ChooseSeparator);
+    connect(separator_, &QComboBox::currentIndexChanged, this, calculation::choose_separator);
     auto* inFrame = new QVBoxLayout(frame);
     inFrame->setContentsMargins(0, theme::kGap, 0, 0);
     inFrame->addWidget(separator_);
@@ -232,7 +232,7 @@ QLayout* ResultView::buildButtons() {
     diagnose_ = form::button("Diagnosis of cubic EOS", "cmdCEOSDiagnose");
     connect(diagnose_, &QPushButton::clicked, this, &ResultView::openDiagnosis);
     QPushButton* curve = form::button("x-y Curve input", "cmdShowManuInput");
-    curve->setEnabled(actions::Has(kCurveInput));
+    curve->setEnabled(actions::has(kCurveInput));
     connect(curve, &QPushButton::clicked, this, [] { actions::Run(kCurveInput); });
     QPushButton* text = form::button("Copy", "cmdCopyText");
     text->setIcon(theme::icon("copy"));
@@ -307,7 +307,7 @@ void ResultView::follow() {
 
 void ResultView::followProtocol() {
     openNew_->setEnabled(the_session.ProtocolPending);
-    protocolName_->setText(qt(calculation::ProtocolFileTitle()));
+    protocolName_->setText(qt(calculation::protocol_file_title()));
 }
 
 // --------------------------------------------------------------------------------------- commands
@@ -318,7 +318,7 @@ void ResultView::step(void (*to)(calculation::ResultView&)) {
 }
 
 void ResultView::choosePages() {
-    calculation::SetExtendedPages(view_, pages_[0]->isChecked(), pages_[1]->isChecked());
+    calculation::set_extended_pages(view_, pages_[0]->isChecked(), pages_[1]->isChecked());
     showResult();
 }
 
@@ -326,11 +326,11 @@ void ResultView::finish() {
     calculation::ListTarget target = calculation::ListTarget::None;
     if (target_[1]->isChecked()) target = calculation::ListTarget::Printer;
     if (target_[2]->isChecked()) target = calculation::ListTarget::File;
-    calculation::FinishResultView(view_, target, funcPrint_->isChecked());
+    calculation::finish_result_view(view_, target, funcPrint_->isChecked());
 }
 
 void ResultView::writeProtocol() {
-    calculation::AddToProtocol();
+    calculation::add_to_protocol();
     followProtocol();
     status_->setText(the_session.ProtocolOpen == 1
                          ? QString("1 result in the protocol")
@@ -338,15 +338,15 @@ void ResultView::writeProtocol() {
 }
 
 void ResultView::newProtocol() {
-    const QString written = qt(calculation::ProtocolFileTitle());
-    if (calculation::OpenNewProtocol())
+    const QString written = qt(calculation::protocol_file_title());
+    if (calculation::open_new_protocol())
         status_->setText(written + " written, and copied to the clipboard as a table");
     followProtocol();
 }
 
 void ResultView::openIsoCalculator() {
-    const auto [T, p] = calculation_views::TypedTp();
-    if (calculation::PrepareIsoCalculator(T, p)) calculation_views::OpenIsoCalculator();
+    const auto [T, p] = calculation_views::typedTp();
+    if (calculation::prepare_iso_calculator(T, p)) calculation_views::open_iso_calculator();
 }
 
 void ResultView::openDiagnosis() {
@@ -362,7 +362,7 @@ void ResultView::cancel() {
 // stays pending.
 void ResultView::closeEvent(QCloseEvent* event) {
     if (the_session.ProtocolPending) newProtocol();
-    shell::CloseViews({"frmIsoCalc", "frmCEOSDiagnose"});
+    shell::closeViews({"frmIsoCalc", "frmCEOSDiagnose"});
     ChildView::closeEvent(event);
 }
 

@@ -98,7 +98,7 @@ QSize TankDrawing::minimumSizeHint() const {
 
 void TankDrawing::paintLiquid(QPainter& painter) const {
     const QRectF end = section();
-    const double height = calculation::LevelHeight(picture_.level / 100.0);
+    const double height = calculation::level_height(picture_.level / 100.0);
     if (height <= 0.0) return;
     const QPainterPath front = segment(end, height);
     painter.setPen(Qt::NoPen);
@@ -130,7 +130,7 @@ void TankDrawing::paintEvent(QPaintEvent*) {
     painter.drawEllipse(end);
     if (parts) {
         painter.setBrush(liquidColour());
-        painter.drawPath(segment(end, calculation::LevelHeight(picture_.level / 100.0)));
+        painter.drawPath(segment(end, calculation::level_height(picture_.level / 100.0)));
     }
 
     painter.setBrush(Qt::NoBrush);

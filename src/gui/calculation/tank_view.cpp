@@ -54,7 +54,7 @@ TankView::TankView(QWidget* parent) : ChildView("frmKessel", parent) {
     connect(close, &QPushButton::clicked, this, &ChildView::closeView);
     setDefaultButton(close);
     QPushButton* helpPage = form::button("Help", "cmdHelp");
-    shell::ConnectHelp(helpPage, help::kTank);
+    shell::connectHelp(helpPage, help::kTank);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(helpPage);
@@ -106,7 +106,7 @@ QWidget* TankView::buildLegend() {
 
 void TankView::open() {
     const calculation::TankPicture picture =
-        calculation::DescribeTank(legacy::the_session.tank.answer);
+        calculation::describe_tank(legacy::the_session.tank.answer);
     setWindowTitle(qt(picture.title));
     frame_->setTitle(qt(picture.caption));
     drawing_->showPicture(picture);

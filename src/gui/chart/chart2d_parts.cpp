@@ -29,13 +29,13 @@ void paintFrame(QPainter& painter, const QRectF& rect, const Frame& frame) {
 
 void paintTitle(QPainter& painter, const Axis& axis, const SheetText& place) {
     if (place.shown)
-        PaintText(painter, {place.x, place.y}, axis.title, axis.titleFont, axis.titleColour,
+        paintText(painter, {place.x, place.y}, axis.title, axis.titleFont, axis.titleColour,
                   place.rotation);
 }
 
 void paintCaption(QPainter& painter, const Caption& caption, const SheetText& place) {
     if (place.shown)
-        PaintText(painter, {place.x, place.y}, caption.text, caption.font, caption.colour);
+        paintText(painter, {place.x, place.y}, caption.text, caption.font, caption.colour);
 }
 
 void paintLabel(QPainter& painter, const Label& label, const SheetLabel& place) {
@@ -46,7 +46,7 @@ void paintLabel(QPainter& painter, const Label& label, const SheetLabel& place) 
     painter.setPen(ToQt(label.frame));
     painter.setBrush(label.background.a > 0 ? QBrush(ToQt(label.background)) : QBrush(Qt::NoBrush));
     if (label.frame.shown || label.background.a > 0) painter.drawRect(toQt(place.text.rect));
-    PaintText(painter, {place.text.x, place.text.y}, label.text, label.font, label.textColour,
+    paintText(painter, {place.text.x, place.text.y}, label.text, label.font, label.textColour,
               place.text.rotation);
 }
 
@@ -56,25 +56,26 @@ void paintLegend(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) 
     painter.setPen(ToQt(legend.frame));
     painter.setBrush(ToQt(legend.background));
     painter.drawRect(toQt(sheet.legend));
-    const MeasureText measure = QtTextMeasure();
+    const MeasureText measure = qtTextMeasure();
     for (const LegendLine& line : sheet.legendLines) {
         const Series& series =
-            SeriesOf(chart, line.series.group)[static_cast<std::size_t>(line.series.index)];
+            series_of(chart, line.series.group)[static_cast<std::size_t>(line.series.index)];
         const double right = line.sampleLeft + Sheet2D::kSampleWidth;
         painter.setPen(ToQt(series.line));
         painter.setBrush(Qt::NoBrush);
         painter.drawLine(QPointF(line.sampleLeft, line.y), QPointF(right, line.y));
-        PaintSymbol(painter, {(line.sampleLeft + right) / 2, line.y},
-                    ShownSymbol(series, line.series.group), series.symbolSize, series.symbolColour);
+        paintSymbol(painter, {(line.sampleLeft + right) / 2, line.y},
+                    shown_symbol(series, line.series.group), series.symbolSize,
+                    series.symbolColour);
         const double width = measure(series.legend, legend.font).width;
-        PaintText(painter, {line.textLeft + width / 2, line.y}, series.legend, legend.font,
+        paintText(painter, {line.textLeft + width / 2, line.y}, series.legend, legend.font,
                   legend.textColour);
     }
 }
 
 }  // namespace
 
-void PaintSheetBackground(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
+void paintSheetBackground(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
     painter.fillRect(toQt(sheet.sheet), ToQt(chart.plotArea.sheet));
     painter.fillRect(toQt(sheet.plot), ToQt(chart.plotArea.background));
     const double inset = chart.plotArea.sheetBorder.width / 2.0;
@@ -82,7 +83,7 @@ void PaintSheetBackground(QPainter& painter, const Chart2D& chart, const Sheet2D
                chart.plotArea.sheetBorder);
 }
 
-void PaintGrid(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
+void paintGrid(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
     const SheetScale pixels(chart, sheet.plot);
     const SheetRect& p = sheet.plot;
     const auto upright = [&](const std::vector<double>& values, const LineStyle& style) {
@@ -109,10 +110,10 @@ void PaintLines(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
     painter.setBrush(Qt::NoBrush);
     std::vector<QPointF> points;
     for (const Group group : {Group::Curves, Group::Points}) {
-        for (const Series& series : SeriesOf(chart, group)) {
+        for (const Series& series : series_of(chart, group)) {
             if (!series.visible || series.line.pattern == LinePattern::None) continue;
             painter.setPen(ToQt(series.line));
-            for (const auto& line : VisibleLines(chart, series, sheet.plot)) {
+            for (const auto& line : visible_lines(chart, series, sheet.plot)) {
                 points.clear();
                 for (const SheetPoint& p : line) points.emplace_back(p.x, p.y);
                 painter.drawPolyline(points.data(), static_cast<int>(points.size()));
@@ -121,29 +122,29 @@ void PaintLines(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
     }
 }
 
-void PaintSymbols(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
+void paintSymbols(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
     const SheetScale pixels(chart, sheet.plot);
     const SheetRect& p = sheet.plot;
     constexpr double kSlack = 0.5;  // a point on the frame is drawn whole
     const SheetRect area{p.left - kSlack, p.top - kSlack, p.width + 2 * kSlack,
                          p.height + 2 * kSlack};
     for (const Group group : {Group::Curves, Group::Points}) {
-        for (const Series& series : SeriesOf(chart, group)) {
-            const SymbolShape shape = ShownSymbol(series, group);
+        for (const Series& series : series_of(chart, group)) {
+            const SymbolShape shape = shown_symbol(series, group);
             if (!series.visible || shape == SymbolShape::Hidden) continue;
             for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
-                if (!IsShown(series.x[i]) || !IsShown(series.y[i])) continue;
+                if (!is_shown(series.x[i]) || !is_shown(series.y[i])) continue;
                 const QPointF at(pixels.x(series.x[i]), pixels.y(series.y[i]));
                 if (area.contains(at.x(), at.y()))
-                    PaintSymbol(painter, at, shape, series.symbolSize, series.symbolColour);
+                    paintSymbol(painter, at, shape, series.symbolSize, series.symbolColour);
             }
         }
     }
 }
 
-void PaintAxes(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
+void paint_axes(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
     const SheetScale pixels(chart, sheet.plot);
-    const MeasureText measure = QtTextMeasure();
+    const MeasureText measure = qtTextMeasure();
     const SheetRect& p = sheet.plot;
     paintFrame(painter, toQt(p), chart.plotArea.border);
     const auto linePen = [](const Axis& axis) { return QPen(ToQt(axis.colour), 1); };
@@ -160,7 +161,7 @@ void PaintAxes(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
             painter.setPen(linePen(chart.x));
             painter.drawLine(QPointF(x, line), QPointF(x, line + Sheet2D::kTickLength));
             const TextSize size = measure(tick.text, chart.x.numberFont);
-            PaintText(painter, {x, line + kReach + size.height / 2}, tick.text, chart.x.numberFont,
+            paintText(painter, {x, line + kReach + size.height / 2}, tick.text, chart.x.numberFont,
                       chart.x.colour);
         }
     }
@@ -177,18 +178,18 @@ void PaintAxes(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
             painter.drawLine(QPointF(on.line, y),
                              QPointF(on.line + outward * Sheet2D::kTickLength, y));
             const TextSize size = measure(tick.text, axis.numberFont);
-            PaintText(painter, {on.line + outward * (kReach + size.width / 2), y}, tick.text,
+            paintText(painter, {on.line + outward * (kReach + size.width / 2), y}, tick.text,
                       axis.numberFont, axis.colour);
         }
     };
     upright(chart.y, sheet.y, -1, [&](double value) { return pixels.y(value); });
-    const Range y2 = SecondRange(chart);
+    const Range y2 = second_range(chart);
     upright(chart.y2, sheet.y2, 1, [&](double value) {
         return p.bottom() - UnitOf(value, y2, chart.y2.logarithmic) * p.height;
     });
 }
 
-void PaintTexts(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
+void paintTexts(QPainter& painter, const Chart2D& chart, const Sheet2D& sheet) {
     paintTitle(painter, chart.x, sheet.x.title);
     paintTitle(painter, chart.y, sheet.y.title);
     paintTitle(painter, chart.y2, sheet.y2.title);

@@ -16,12 +16,12 @@ struct Part {
     PaintPart paint;
 };
 
-constexpr std::array<Part, 6> kParts{{{"background", PaintSheetBackground},
-                                      {"grid", PaintGrid},
+constexpr std::array<Part, 6> kParts{{{"background", paintSheetBackground},
+                                      {"grid", paintGrid},
                                       {"main", PaintLines},
-                                      {"main", PaintSymbols},
-                                      {"axes", PaintAxes},
-                                      {"legend", PaintTexts}}};
+                                      {"main", paintSymbols},
+                                      {"axes", paint_axes},
+                                      {"legend", paintTexts}}};
 
 /// A part of the sheet as an object of the plot library.
 class PartLayer : public QCPLayerable {
@@ -77,7 +77,7 @@ void Chart2DPlot::show2D(const Chart2D* chart) {
 
 void Chart2DPlot::layOutSheet() {
     const QSize size = viewport().size();
-    sheet_ = LayOut(chart(), size.width(), size.height(), QtTextMeasure());
+    sheet_ = lay_out(chart(), size.width(), size.height(), qtTextMeasure());
     const SheetRect& p = sheet_.plot;
     // The library counts the lowest pixel row as the lower edge, hence one row further down.
     axisRect()->setMargins({static_cast<int>(p.left), static_cast<int>(p.top) + 1,
@@ -87,9 +87,9 @@ void Chart2DPlot::layOutSheet() {
     setAxis(yAxis, sheet_.window.y, chart().y.logarithmic);
 }
 
-void PaintChart2D(QPainter& painter, const QRectF& rect, const Chart2D& chart) {
+void paintChart2D(QPainter& painter, const QRectF& rect, const Chart2D& chart) {
     if (rect.width() < 1 || rect.height() < 1) return;
-    const Sheet2D sheet = LayOut(chart, rect.width(), rect.height(), QtTextMeasure());
+    const Sheet2D sheet = lay_out(chart, rect.width(), rect.height(), qtTextMeasure());
     painter.save();
     painter.translate(rect.topLeft());
     const QPaintEngine* engine = painter.paintEngine();

@@ -30,6 +30,6 @@ class Chart2DPlot : public QCustomPlot {
 
 /// Paints the chart into `rect`. Works on every painter: widgets, images, files, printers. A unit
 /// of the painter's coordinates is taken for 1/96 inch.
-void PaintChart2D(QPainter& painter, const QRectF& rect, const Chart2D& chart);
+void paintChart2D(QPainter& painter, const QRectF& rect, const Chart2D& chart);
 
 }  // namespace quor::chart

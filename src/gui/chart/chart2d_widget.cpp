@@ -128,8 +128,8 @@ ChartHit Chart2DWidget::hitAt(const QPointF& place) const {
     const Sheet2D& s = sheet();
     const SheetScale scale(chart_, s.plot);
     ChartHit hit;
-    hit.x = scale.valueOfX(place.x());
-    hit.y = scale.valueOfY(place.y());
+    hit.x = scale.value_of_x(place.x());
+    hit.y = scale.value_of_y(place.y());
     hit.inPlot = s.plot.contains(place.x(), place.y());
     const auto found = [&](ChartPart part) {
         hit.part = part;
@@ -152,8 +152,8 @@ ChartHit Chart2DWidget::hitAt(const QPointF& place) const {
         const PlotPixel pixel{place.x() - s.plot.left, s.plot.bottom() - place.y(), s.plot.width,
                               s.plot.height};
         // A point goes before the line it lies on.
-        auto near = NearestPoint(chart_, pixel, kNear);
-        if (!near) near = NearestSeries(chart_, pixel, kNear);
+        auto near = nearest_point(chart_, pixel, kNear);
+        if (!near) near = nearest_series(chart_, pixel, kNear);
         if (near) {
             hit.group = near->group;
             hit.series = near->series;
@@ -168,7 +168,7 @@ ChartHit Chart2DWidget::hitAt(const QPointF& place) const {
 }
 
 void Chart2DWidget::rememberWindow() {
-    if (!unzoomed_) unzoomed_ = ShownWindow(chart_);
+    if (!unzoomed_) unzoomed_ = shown_window(chart_);
 }
 
 bool Chart2DWidget::setWindow(const Window& window) {
@@ -195,7 +195,7 @@ void Chart2DWidget::resetZoom() {
 }
 
 void Chart2DWidget::fit() {
-    if (const auto window = FittingWindow(chart_)) setWindow(*window);
+    if (const auto window = fitting_window(chart_)) setWindow(*window);
 }
 
 void Chart2DWidget::zoom(double factor) {
@@ -214,8 +214,8 @@ void Chart2DWidget::zoomAbout(const QPointF& place, double factor) {
 
 void Chart2DWidget::zoomIntoRectangle(const QRectF& rect) {
     const SheetScale scale(chart_, sheet().plot);
-    setWindow({{scale.valueOfX(rect.left()), scale.valueOfX(rect.right())},
-               {scale.valueOfY(rect.bottom()), scale.valueOfY(rect.top())}});
+    setWindow({{scale.value_of_x(rect.left()), scale.value_of_x(rect.right())},
+               {scale.value_of_y(rect.bottom()), scale.value_of_y(rect.top())}});
 }
 
 void Chart2DWidget::pan(const QPointF& place) {
@@ -224,8 +224,8 @@ void Chart2DWidget::pan(const QPointF& place) {
                            sheet().plot);
     const SheetRect& p = sheet().plot;
     const QPointF way = place - pressed_;
-    setWindow({{scale.valueOfX(p.left - way.x()), scale.valueOfX(p.right() - way.x())},
-               {scale.valueOfY(p.bottom() - way.y()), scale.valueOfY(p.top - way.y())}});
+    setWindow({{scale.value_of_x(p.left - way.x()), scale.value_of_x(p.right() - way.x())},
+               {scale.value_of_y(p.bottom() - way.y()), scale.value_of_y(p.top - way.y())}});
 }
 
 void Chart2DWidget::dragPart(const QPointF& place) {
@@ -267,7 +267,7 @@ void Chart2DWidget::beginDrag(const QPointF& place, Qt::MouseButton button) {
     moved_ = false;
     button_ = button;
     pressedHit_ = hitAt(place);
-    pressedWindow_ = ShownWindow(chart_);
+    pressedWindow_ = shown_window(chart_);
     drag_ = Drag::None;
     if (button == Qt::MiddleButton && pressedHit_.inPlot && zoomEnabled_) drag_ = Drag::Pan;
     if (button != Qt::LeftButton) return;

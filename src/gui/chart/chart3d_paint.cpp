@@ -168,10 +168,10 @@ void paintShapes(QPainter& painter, const Scene3D& scene, const QSizeF& size, co
 
 }  // namespace
 
-void PaintChart3D(QPainter& painter, const QRectF& rect, const Chart3D& chart,
+void paintChart3D(QPainter& painter, const QRectF& rect, const Chart3D& chart,
                   PaintQuality quality) {
     if (rect.width() < 1 || rect.height() < 1) return;
-    const Scene3D scene = BuildScene(chart, rect.width(), rect.height(), QtTextMeasure());
+    const Scene3D scene = build_scene(chart, rect.width(), rect.height(), qtTextMeasure());
     painter.save();
     painter.translate(rect.topLeft());
     painter.setClipRect(QRectF(QPointF(0, 0), rect.size()), Qt::IntersectClip);
@@ -180,7 +180,7 @@ void PaintChart3D(QPainter& painter, const QRectF& rect, const Chart3D& chart,
     painter.setRenderHint(QPainter::Antialiasing, true);
     for (const SceneMarker& marker : scene.markers) paintMarker(painter, marker);
     for (const SceneText& text : scene.texts)
-        PaintText(painter, {text.centre.x, text.centre.y}, text.text, text.font, text.colour,
+        paintText(painter, {text.centre.x, text.centre.y}, text.text, text.font, text.colour,
                   text.rotation);
     painter.restore();
 }

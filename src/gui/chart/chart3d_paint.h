@@ -13,7 +13,7 @@ enum class PaintQuality { Fine, Turning };
 
 /// Paints the chart into `rect`. Works on every painter: widgets, images, files, printers. A unit
 /// of the painter's coordinates is taken for 1/96 inch.
-void PaintChart3D(QPainter& painter, const QRectF& rect, const Chart3D& chart,
+void paintChart3D(QPainter& painter, const QRectF& rect, const Chart3D& chart,
                   PaintQuality quality = PaintQuality::Fine);
 
 }  // namespace quor::chart

@@ -41,14 +41,14 @@ void Chart3DWidget::changed() {
 }
 
 void Chart3DWidget::setPreset(PresetView preset) {
-    SetPreset(chart_.view, preset);
+    set_preset(chart_.view, preset);
     changed();
 }
 
 void Chart3DWidget::zoom(double factor) {
     if (!(factor > 0)) return;
     chart_.view.zoom *= factor;
-    chart_.view = Sanitised(chart_.view);
+    chart_.view = sanitised(chart_.view);
     changed();
 }
 
@@ -59,7 +59,7 @@ void Chart3DWidget::turn(double rotation, double elevation) {
 }
 
 std::optional<PickedPlace> Chart3DWidget::placeAt(const QPointF& place) const {
-    return PickSurface(chart_, width(), height(), QtTextMeasure(), {place.x(), place.y()});
+    return pick_surface(chart_, width(), height(), qtTextMeasure(), {place.x(), place.y()});
 }
 
 void Chart3DWidget::report(const QPointF& place) {
@@ -71,7 +71,7 @@ void Chart3DWidget::report(const QPointF& place) {
 
 void Chart3DWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    PaintChart3D(painter, rect(), chart_,
+    paintChart3D(painter, rect(), chart_,
                  rest_.isActive() ? PaintQuality::Turning : PaintQuality::Fine);
 }
 

@@ -25,7 +25,7 @@ QString baseText(const PowerText& power) {
 
 QSizeF textSize(const std::string& text, const QFont& font) {
     const QFontMetricsF metrics(font);
-    const auto power = AsPower(text);
+    const auto power = as_power(text);
     if (!power) return metrics.size(0, ToQt(text));
     const double exponent =
         QFontMetricsF(exponentFont(font)).horizontalAdvance(ToQt(power->exponent));
@@ -148,14 +148,14 @@ QPen ToQt(const Frame& frame) {
     return pen;
 }
 
-MeasureText QtTextMeasure() {
+MeasureText qtTextMeasure() {
     return [](const std::string& text, const Font& font) {
         const QSizeF size = textSize(text, ToQt(font));
         return TextSize{size.width(), size.height()};
     };
 }
 
-void PaintText(QPainter& painter, const QPointF& centre, const std::string& text, const Font& font,
+void paintText(QPainter& painter, const QPointF& centre, const std::string& text, const Font& font,
                const Colour& colour, double rotation) {
     if (text.empty()) return;
     painter.save();
@@ -164,7 +164,7 @@ void PaintText(QPainter& painter, const QPointF& centre, const std::string& text
     painter.translate(centre);
     if (rotation != 0) painter.rotate(-rotation);
     const QSizeF size = textSize(text, painter.font());
-    if (const auto power = AsPower(text)) {
+    if (const auto power = as_power(text)) {
         paintPower(painter, *power, size.width());
     } else {
         // The box is wider than the text, so that another device's metrics never clip it.
@@ -174,7 +174,7 @@ void PaintText(QPainter& painter, const QPointF& centre, const std::string& text
     painter.restore();
 }
 
-void PaintSymbol(QPainter& painter, const QPointF& centre, SymbolShape shape, double size,
+void paintSymbol(QPainter& painter, const QPointF& centre, SymbolShape shape, double size,
                  const Colour& colour) {
     if (shape == SymbolShape::Hidden || !(size > 0)) return;
     const double half = size / 2;

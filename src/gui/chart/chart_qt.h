@@ -24,16 +24,16 @@ inline QString ToQt(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-/// Sizes of texts as `PaintText` sets them.
-MeasureText QtTextMeasure();
+/// Sizes of texts as `paintText` sets them.
+MeasureText qtTextMeasure();
 
 /// Paints a text around its centre, turned counter-clockwise by degrees. Numbers in power form
 /// ("2e6") get their exponent raised.
-void PaintText(QPainter& painter, const QPointF& centre, const std::string& text, const Font& font,
+void paintText(QPainter& painter, const QPointF& centre, const std::string& text, const Font& font,
                const Colour& colour, double rotation = 0);
 
 /// Paints the symbol of a point. `size` is its width in pixels; nothing for `Hidden`.
-void PaintSymbol(QPainter& painter, const QPointF& centre, SymbolShape shape, double size,
+void paintSymbol(QPainter& painter, const QPointF& centre, SymbolShape shape, double size,
                  const Colour& colour);
 
 }  // namespace quor::chart

@@ -36,8 +36,8 @@ std::unique_ptr<metafile::Writer> makeWriter(MetafileKind kind, const QSizeF& si
                                              const QString& title) {
     const metafile::MetaSize units = metaSize(kind, size);
     if (kind == MetafileKind::Emf)
-        return metafile::MakeEmfWriter(units, title.toLatin1().toStdString());
-    return metafile::MakeWmfWriter(units);
+        return metafile::make_emf_writer(units, title.toLatin1().toStdString());
+    return metafile::make_wmf_writer(units);
 }
 
 Colour colourOf(const QColor& colour, double opacity) {

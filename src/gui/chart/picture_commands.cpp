@@ -14,7 +14,7 @@ namespace {
 
 chart::PictureOptions options_of(const Picture& picture) {
     chart::PictureOptions options;
-    const QSizeF printed = chart::PixelsOfCm(picture.print.width, picture.print.height);
+    const QSizeF printed = chart::pixelsOfCm(picture.print.width, picture.print.height);
     if (printed.width() > 1 && printed.height() > 1) {
         // The proportions of the printed picture at a width that carries the texts.
         constexpr double kWidth = 900;
@@ -25,7 +25,7 @@ chart::PictureOptions options_of(const Picture& picture) {
 }
 
 void tell_failure(const chart::FileOutcome& outcome) {
-    if (!outcome.ok) dialogs::Tell(outcome.message, "ERROR", dialogs::Icon::Stop);
+    if (!outcome.ok) dialogs::tell(outcome.message, "ERROR", dialogs::Icon::Stop);
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ void Copy(const Picture& picture) {
 }
 
 void Save(const Picture& picture, const std::string& folder) {
-    const auto name = dialogs::ChooseFile(
+    const auto name = dialogs::choose_file(
         {.save = true,
          .title = "Save as Image File",
          .filter = "PNG image (*.png)|*.png|Bitmap (*.bmp)|*.bmp|SVG drawing (*.svg)|*.svg|"
@@ -46,13 +46,13 @@ void Save(const Picture& picture, const std::string& folder) {
          .overwritePrompt = true});
     if (!name || name->empty()) return;
     tell_failure(
-        chart::ExportPicture(picture.painting, QString::fromStdString(*name), options_of(picture)));
+        chart::exportPicture(picture.painting, QString::fromStdString(*name), options_of(picture)));
 }
 
 void Print(const Picture& picture) {
     QPrinter printer;
     printer.setDocName(picture.title);
-    QPrintDialog dialog(&printer, shell::FrameWindow());
+    QPrintDialog dialog(&printer, shell::frameWindow());
     dialog.setObjectName("PrintDialog");
     if (dialog.exec() != QDialog::Accepted) return;
     tell_failure(chart::PrintPicture(picture.painting, printer, picture.print));

@@ -119,12 +119,12 @@ FileOutcome failed(const QString& text) {
 
 }  // namespace
 
-Painting PaintingOf(const Chart2D& chart) {
-    return [chart](QPainter& painter, const QRectF& rect) { PaintChart2D(painter, rect, chart); };
+Painting paintingOf(const Chart2D& chart) {
+    return [chart](QPainter& painter, const QRectF& rect) { paintChart2D(painter, rect, chart); };
 }
 
-Painting PaintingOf(const Chart3D& chart) {
-    return [chart](QPainter& painter, const QRectF& rect) { PaintChart3D(painter, rect, chart); };
+Painting paintingOf(const Chart3D& chart) {
+    return [chart](QPainter& painter, const QRectF& rect) { paintChart3D(painter, rect, chart); };
 }
 
 std::optional<PictureFormat> FormatOf(const QString& fileName) {
@@ -134,17 +134,17 @@ std::optional<PictureFormat> FormatOf(const QString& fileName) {
     return std::nullopt;
 }
 
-QString PictureFilters() {
+QString pictureFilters() {
     QStringList filters;
     for (const FormatRow& row : kFormats) filters << QString::fromLatin1(row.filter);
     return filters.join(QStringLiteral(";;"));
 }
 
-QSizeF PixelsOfCm(double widthCm, double heightCm) {
+QSizeF pixelsOfCm(double widthCm, double heightCm) {
     return QSizeF(widthCm, heightCm) * (kPixelsPerInch / kCmPerInch);
 }
 
-QByteArray PictureBytes(const Painting& painting, PictureFormat format,
+QByteArray pictureBytes(const Painting& painting, PictureFormat format,
                         const PictureOptions& options) {
     if (!canBePainted(options.size)) return {};
     switch (format) {
@@ -164,14 +164,14 @@ QByteArray PictureBytes(const Painting& painting, PictureFormat format,
     return {};
 }
 
-FileOutcome ExportPicture(const Painting& painting, const QString& file,
+FileOutcome exportPicture(const Painting& painting, const QString& file,
                           const PictureOptions& options) {
     const auto format = FormatOf(file);
     if (!format)
         return failed(QStringLiteral("%1: The extension of the name tells no picture format "
                                      "(png, bmp, svg, pdf, emf, wmf).")
                           .arg(QFileInfo(file).fileName()));
-    const QByteArray bytes = PictureBytes(painting, *format, options);
+    const QByteArray bytes = pictureBytes(painting, *format, options);
     if (bytes.isEmpty()) return failed(QStringLiteral("A picture of this size cannot be made."));
     QSaveFile out(file);
     const bool written =
@@ -181,23 +181,23 @@ FileOutcome ExportPicture(const Painting& painting, const QString& file,
         QStringLiteral("%1: The file cannot be written.").arg(QFileInfo(file).fileName()));
 }
 
-std::unique_ptr<QMimeData> ClipboardData(const Painting& painting, const PictureOptions& options) {
+std::unique_ptr<QMimeData> clipboardData(const Painting& painting, const PictureOptions& options) {
     auto data = std::make_unique<QMimeData>();
     const QImage image = imageOf(painting, options);
     if (!image.isNull()) data->setImageData(image);
     data->setData(QStringLiteral("image/svg+xml"),
-                  PictureBytes(painting, PictureFormat::Svg, options));
+                  pictureBytes(painting, PictureFormat::Svg, options));
     data->setData(QStringLiteral("image/x-emf"),
-                  PictureBytes(painting, PictureFormat::Emf, options));
+                  pictureBytes(painting, PictureFormat::Emf, options));
     return data;
 }
 
 void CopyPicture(const Painting& painting, const PictureOptions& options) {
-    QGuiApplication::clipboard()->setMimeData(ClipboardData(painting, options).release());
+    QGuiApplication::clipboard()->setMimeData(clipboardData(painting, options).release());
 }
 
 FileOutcome PrintPicture(const Painting& painting, QPrinter& printer, const PrintPlace& place) {
-    const QSizeF size = PixelsOfCm(place.width, place.height);
+    const QSizeF size = pixelsOfCm(place.width, place.height);
     if (!canBePainted(size)) return failed(QStringLiteral("The picture has no size to print."));
     QPainter painter;
     printer.setFullPage(true);  // places count from the corner of the sheet of paper

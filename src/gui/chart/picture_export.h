@@ -18,8 +18,8 @@ namespace quor::chart {
 using Painting = std::function<void(QPainter&, const QRectF&)>;
 
 /// The painting of a chart; the chart is copied.
-Painting PaintingOf(const Chart2D& chart);
-Painting PaintingOf(const Chart3D& chart);
+Painting paintingOf(const Chart2D& chart);
+Painting paintingOf(const Chart3D& chart);
 
 enum class PictureFormat { Png, Bmp, Svg, Pdf, Emf, Wmf };
 
@@ -27,7 +27,7 @@ enum class PictureFormat { Png, Bmp, Svg, Pdf, Emf, Wmf };
 std::optional<PictureFormat> FormatOf(const QString& fileName);
 
 /// Filters of a save dialog for all formats, in one line as Qt wants it.
-QString PictureFilters();
+QString pictureFilters();
 
 struct PictureOptions {
     QSizeF size{900, 650};     ///< pixels of 1/96 inch
@@ -36,20 +36,20 @@ struct PictureOptions {
 };
 
 /// Size in pixels of 1/96 inch for a size in cm.
-QSizeF PixelsOfCm(double widthCm, double heightCm);
+QSizeF pixelsOfCm(double widthCm, double heightCm);
 
 /// The whole file as bytes; empty when it cannot be made. SVG, PDF, EMF and WMF are vectors.
-QByteArray PictureBytes(const Painting& painting, PictureFormat format,
+QByteArray pictureBytes(const Painting& painting, PictureFormat format,
                         const PictureOptions& options);
 
 /// Writes a picture; the format follows the file's extension. The file appears whole or not at
 /// all.
-FileOutcome ExportPicture(const Painting& painting, const QString& file,
+FileOutcome exportPicture(const Painting& painting, const QString& file,
                           const PictureOptions& options);
 
 /// The picture for the clipboard: an image, and the same as SVG and EMF for programs that take
 /// vectors.
-std::unique_ptr<QMimeData> ClipboardData(const Painting& painting, const PictureOptions& options);
+std::unique_ptr<QMimeData> clipboardData(const Painting& painting, const PictureOptions& options);
 void CopyPicture(const Painting& painting, const PictureOptions& options);
 
 /// Prints the picture at a place on the first page. Refused when the place has no size.

@@ -19,7 +19,7 @@ constexpr int kIndexName = 83, kIndexFormula = 84;
 /// What a field takes for a typed character, nothing for one that it swallows.
 std::optional<QChar> filtered(const EditorField& field, QChar typed) {
     if (typed.unicode() >= 0x80) return std::nullopt;
-    const std::optional<char> taken = datafiles::FilterKey(field, typed.toLatin1());
+    const std::optional<char> taken = datafiles::filter_key(field, typed.toLatin1());
     return taken && typed.isPrint() ? std::optional<QChar>(QLatin1Char(*taken)) : std::nullopt;
 }
 
@@ -61,7 +61,7 @@ DataField::DataField(const EditorField& field, QWidget* parent) : QLineEdit(pare
     setObjectName(QString("DD_%1").arg(field.DD));
     setReadOnly(!field.editable);
     if (!field.editable) setToolTip("not editable");
-    if (field.IsText()) {
+    if (field.is_text()) {
         setMaxLength(longest(field));
         return;
     }
@@ -83,7 +83,7 @@ void DataField::keyPressEvent(QKeyEvent* event) {
     const QString typed = event->text();
     const bool command =
         event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    if (!field_.IsText() && !command && typed.size() == 1 && typed.at(0).isPrint() &&
+    if (!field_.is_text() && !command && typed.size() == 1 && typed.at(0).isPrint() &&
         !filtered(field_, typed.at(0))) {
         event->accept();
         return;

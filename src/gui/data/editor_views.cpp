@@ -18,31 +18,31 @@ namespace {
 // The editor stands in front of the view that asks for it.
 void open_substance_data(bool readOnly) {
     QWidget* asking = QApplication::activeModalWidget();
-    SubstanceEditorView view(readOnly, asking != nullptr ? asking : shell::FrameWindow());
-    shell::OpenModal(view);
+    SubstanceEditorView view(readOnly, asking != nullptr ? asking : shell::frameWindow());
+    shell::openModal(view);
 }
 
 void open_xy_editor() {
-    if (auto* view = qobject_cast<XyEditor*>(shell::FindView("frmManuInput"))) {
+    if (auto* view = qobject_cast<XyEditor*>(shell::findView("frmManuInput"))) {
         view->showList();
-        shell::Activate("frmManuInput");
+        shell::activate("frmManuInput");
         return;
     }
-    shell::OpenChild(new XyEditor);
+    shell::openChild(new XyEditor);
 }
 
 }  // namespace
 
 void Install() {
-    actions::RegisterAction("mnuData_EditStoffdaten", [] { open_substance_data(false); });
-    actions::RegisterAction("ShowSubstanceData", [] { open_substance_data(true); });
-    actions::RegisterAction("mnuData_EditXY", open_xy_editor);
+    actions::register_action("mnuData_EditStoffdaten", [] { open_substance_data(false); });
+    actions::register_action("ShowSubstanceData", [] { open_substance_data(true); });
+    actions::register_action("mnuData_EditXY", open_xy_editor);
 }
 
-void InstallFileView() {
+void installFileView() {
     dialogs::current().file = [others =
                                    dialogs::current().file](const dialogs::FileChoice& choice) {
-        return FileView::Serves(choice) ? FileView::Choose(choice) : others(choice);
+        return FileView::serves(choice) ? FileView::Choose(choice) : others(choice);
     };
 }
 

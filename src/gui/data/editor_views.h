@@ -10,7 +10,7 @@ void Install();
 
 /// Files of experimental data and projects are chosen in the view with a preview from now on, all
 /// others as before.
-void InstallFileView();
+void installFileView();
 
 }  // namespace editor_views
 

@@ -32,7 +32,7 @@ QString qt(const std::string& s) {
 
 /// The pattern of "Caption|*.EXT|Caption|*.EXT": its first one.
 QString pattern_of(const std::string& filter) {
-    const std::vector<std::string> parts = text::Split(filter, '|');
+    const std::vector<std::string> parts = text::split(filter, '|');
     return parts.size() > 1 ? qt(parts[1]) : QStringLiteral("*");
 }
 
@@ -134,14 +134,14 @@ FileView::FileView(const dialogs::FileChoice& choice, QWidget* parent)
     name_->setFocus();
 }
 
-bool FileView::Serves(const dialogs::FileChoice& choice) {
+bool FileView::serves(const dialogs::FileChoice& choice) {
     const QString pattern = pattern_of(choice.filter).toUpper();
     return pattern == "*.BAQ" || pattern == "*.QCF";
 }
 
 std::optional<std::string> FileView::Choose(const dialogs::FileChoice& choice) {
-    FileView view(choice, shell::FrameWindow());
-    if (shell::OpenModal(view) != QDialog::Accepted) return std::nullopt;
+    FileView view(choice, shell::frameWindow());
+    if (shell::openModal(view) != QDialog::Accepted) return std::nullopt;
     return view.file();
 }
 
@@ -156,8 +156,8 @@ QString FileView::pathOf(const QString& name) const {
 void FileView::showFolder(const QString& path) {
     const QDir folder(path);
     folder_ = folder.absolutePath();
-    path_->setText(
-        qt(session::ShortenPath(QDir::toNativeSeparators(folder_).toStdString(), kPathCharacters)));
+    path_->setText(qt(
+        session::shorten_path(QDir::toNativeSeparators(folder_).toStdString(), kPathCharacters)));
     path_->setToolTip(QDir::toNativeSeparators(folder_));
     folders_->clear();
     if (!folder.isRoot()) folders_->addItem("..");
@@ -175,7 +175,8 @@ void FileView::marked() {
     const QListWidgetItem* item = files_->currentItem();
     const bool has = item != nullptr && item->isSelected();
     const datafiles::FilePreview told =
-        has ? datafiles::PreviewFile(pathOf(item->text()).toStdString()) : datafiles::FilePreview{};
+        has ? datafiles::preview_file(pathOf(item->text()).toStdString())
+            : datafiles::FilePreview{};
     substance_->setText(qt(told.substance));
     substance_->setCursorPosition(0);
     database_->setText(qt(told.database));
@@ -217,7 +218,7 @@ void FileView::take(const QString& name) {
     if (QFileInfo(path).suffix().isEmpty() && (choice_.save || !QFileInfo::exists(path)))
         path += extension;
     if (!choice_.save && !QFileInfo::exists(path)) {
-        dialogs::Tell("file not found in the QUOR directory", name.toStdString(),
+        dialogs::tell("file not found in the QUOR directory", name.toStdString(),
                       dialogs::Icon::Stop);
         pattern_ = firstPattern_;
         showFiles();
@@ -226,7 +227,7 @@ void FileView::take(const QString& name) {
         return;
     }
     if (choice_.save && choice_.overwritePrompt && QFileInfo::exists(path) &&
-        !dialogs::Ask("such a file is already existing\nOverwright?", "WARNING"))
+        !dialogs::ask("such a file is already existing\nOverwright?", "WARNING"))
         return;
     chosen_ = path;
     accept();
@@ -236,9 +237,9 @@ void FileView::removeFile() {
     const QListWidgetItem* item = files_->currentItem();
     if (item == nullptr || !item->isSelected()) return;
     const std::string name = item->text().toStdString();
-    if (!dialogs::Ask("File " + name + " Really delete?", "Confirm deleting files")) return;
+    if (!dialogs::ask("File " + name + " Really delete?", "Confirm deleting files")) return;
     if (!QFile::remove(pathOf(item->text())))
-        dialogs::Tell("The file cannot be deleted.", name, dialogs::Icon::Stop);
+        dialogs::tell("The file cannot be deleted.", name, dialogs::Icon::Stop);
     showFiles();
 }
 

@@ -26,7 +26,7 @@ class FileView : public QDialog {
     /// Asks for a file; nothing when the user cancels.
     static std::optional<std::string> Choose(const dialogs::FileChoice& choice);
     /// True for the kinds of files that the view tells something about.
-    static bool Serves(const dialogs::FileChoice& choice);
+    static bool serves(const dialogs::FileChoice& choice);
 
     /// The chosen file with its folder.
     std::string file() const;

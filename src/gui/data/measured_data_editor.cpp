@@ -93,19 +93,19 @@ MeasuredDataEditor::MeasuredDataEditor(QWidget* parent) : ChildView(kName, paren
     showData();
 }
 
-void MeasuredDataEditor::OpenNew() {
-    OpenPresent();
-    if (auto* view = qobject_cast<MeasuredDataEditor*>(shell::FindView(kName)))
+void MeasuredDataEditor::openNew() {
+    openPresent();
+    if (auto* view = qobject_cast<MeasuredDataEditor*>(shell::findView(kName)))
         view->changed_ = false;
 }
 
-void MeasuredDataEditor::OpenPresent() {
-    if (auto* view = qobject_cast<MeasuredDataEditor*>(shell::FindView(kName))) {
+void MeasuredDataEditor::openPresent() {
+    if (auto* view = qobject_cast<MeasuredDataEditor*>(shell::findView(kName))) {
         view->showData();
-        shell::Activate(kName);
+        shell::activate(kName);
         return;
     }
-    shell::OpenChild(new MeasuredDataEditor);
+    shell::openChild(new MeasuredDataEditor);
 }
 
 void MeasuredDataEditor::showData() {
@@ -235,12 +235,12 @@ QGroupBox* MeasuredDataEditor::buildTarget() {
     target_ = options(row, "optFitFunction", {"p", "rho_L", "rho_V", "delta(LV)h", "cp"}, this, 1);
     const auto command = [&](const QString& caption, const QString& name, const char* action) {
         QPushButton* button = form::button(caption, name);
-        button->setEnabled(actions::Has(action));
+        button->setEnabled(actions::has(action));
         connect(button, &QPushButton::clicked, this, [this, action] { send(action); });
         return button;
     };
     QPushButton* xy = form::button("Save as *.XY", "cmdSaveXY");
-    connect(xy, &QPushButton::clicked, this, [this] { datafiles::BatchSaveXY(fitColumn()); });
+    connect(xy, &QPushButton::clicked, this, [this] { datafiles::batch_save_xy(fitColumn()); });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(command("Meas. point graph  y = f(T)", "cmdGraphFunction", kGraph));
@@ -290,7 +290,7 @@ QLayout* MeasuredDataEditor::buildFileButtons() {
     command("Print table", "cmdPrintTpVListe", [this] {
         dialogs::Print({.title = windowTitle().trimmed().toStdString(),
                         .font = "COURIER",
-                        .text = datafiles::BatchTableText(model_->units())});
+                        .text = datafiles::batch_table_text(model_->units())});
     });
     row->addStretch(1);
     command("Close", "cmdClose", [this] { cancel(); });
@@ -368,7 +368,7 @@ bool MeasuredDataEditor::editMode() const {
 void MeasuredDataEditor::setChanged() {
     changed_ = true;
     if (the_session.BatchCount > 0)
-        session::SetCommands({session::Command::mnuData_BatchEdit}, true);
+        session::set_commands({session::Command::mnuData_BatchEdit}, true);
 }
 
 void MeasuredDataEditor::followTable() {
@@ -420,11 +420,11 @@ bool MeasuredDataEditor::takeUnits() {
 // --------------------------------------------------------------------------------------- commands
 
 void MeasuredDataEditor::takeInput() {
-    if (MarkWrongNumber(input_) || (density_->checkedId() == 1 && !takeUnits())) return;
+    if (markWrongNumber(input_) || (density_->checkedId() == 1 && !takeUnits())) return;
     if (editMode()) {
         const int line = markedLines().first;
         if (line == 0) {
-            dialogs::Tell("No marked item!", kRefusal, dialogs::Icon::Stop);
+            dialogs::tell("No marked item!", kRefusal, dialogs::Icon::Stop);
             return;
         }
         const std::array<QString, datafiles::kBatchColumns> typed = [&] {
@@ -438,8 +438,8 @@ void MeasuredDataEditor::takeInput() {
     }
     calculation::BatchDataSet set;
     for (std::size_t i = 0; i < input_.size(); ++i)
-        datafiles::StoreCell(set, static_cast<BatchColumn>(i), input_[i]->text().toStdString(),
-                             model_->units());
+        datafiles::store_cell(set, static_cast<BatchColumn>(i), input_[i]->text().toStdString(),
+                              model_->units());
     const bool empty =
         set.T == 0 && set.p == 0 && set.rhoL == 0 && set.rhoV == 0 && set.hLV == 0 && set.cp == 0;
     if (empty) {
@@ -447,7 +447,7 @@ void MeasuredDataEditor::takeInput() {
         input_[0]->setFocus();
         return;
     }
-    model_->change([&] { datafiles::InsertBatchSets(the_session.BatchCount + 1, {&set, 1}); });
+    model_->change([&] { datafiles::insert_batch_sets(the_session.BatchCount + 1, {&set, 1}); });
     setChanged();
     markLine(the_session.BatchCount);
     for (NumberEdit* field : input_) field->clear();
@@ -456,8 +456,8 @@ void MeasuredDataEditor::takeInput() {
 
 void MeasuredDataEditor::eraseLines() {
     const auto [first, last] = markedLines();
-    if (!datafiles::ConfirmRemoval(first, last)) return;
-    model_->change([first = first, last = last] { datafiles::RemoveBatchSets(first, last); });
+    if (!datafiles::confirm_removal(first, last)) return;
+    model_->change([first = first, last = last] { datafiles::remove_batch_sets(first, last); });
     setChanged();
     markLine(first);
     followTable();
@@ -467,10 +467,10 @@ void MeasuredDataEditor::eraseLines() {
 void MeasuredDataEditor::toggleLines() {
     const auto [first, last] = markedLines();
     if (first == 0) {
-        dialogs::Tell("No marked item!", kRefusal, dialogs::Icon::Stop);
+        dialogs::tell("No marked item!", kRefusal, dialogs::Icon::Stop);
         return;
     }
-    datafiles::ToggleBatchSets(first, last);
+    datafiles::toggle_batch_sets(first, last);
     Q_EMIT model_->dataChanged(model_->index(first - 1, 0),
                                model_->index(last - 1, model_->columnCount() - 1));
     Q_EMIT model_->headerDataChanged(Qt::Vertical, first - 1, last - 1);
@@ -478,21 +478,21 @@ void MeasuredDataEditor::toggleLines() {
 
 void MeasuredDataEditor::pasteLines() {
     const std::vector<calculation::BatchDataSet> sets =
-        datafiles::SetsFromClipboard(dialogs::Clipboard(), model_->units());
+        datafiles::sets_from_clipboard(dialogs::Clipboard(), model_->units());
     if (sets.empty()) {
-        dialogs::Tell("The clipboard holds no lines of numbers.", kRefusal);
+        dialogs::tell("The clipboard holds no lines of numbers.", kRefusal);
         return;
     }
     if (sets.size() + static_cast<std::size_t>(the_session.BatchCount) >
         datafiles::kMostBatchSets) {
-        dialogs::Tell("There is room for " + std::to_string(datafiles::kMostBatchSets) +
+        dialogs::tell("There is room for " + std::to_string(datafiles::kMostBatchSets) +
                           " sets of data only.",
                       kRefusal, dialogs::Icon::Stop);
         return;
     }
     const int marked = markedLines().first;
     const int line = marked == 0 ? the_session.BatchCount + 1 : marked;
-    model_->change([&] { datafiles::InsertBatchSets(line, sets); });
+    model_->change([&] { datafiles::insert_batch_sets(line, sets); });
     setChanged();
     markLine(line);
     followTable();
@@ -501,7 +501,7 @@ void MeasuredDataEditor::pasteLines() {
 void MeasuredDataEditor::copyCells() {
     const QItemSelection marked = table_->selectionModel()->selection();
     if (marked.isEmpty()) {
-        dialogs::Tell("No marked item!", kRefusal, dialogs::Icon::Stop);
+        dialogs::tell("No marked item!", kRefusal, dialogs::Icon::Stop);
         return;
     }
     const QItemSelectionRange range = marked.constFirst();
@@ -512,7 +512,7 @@ void MeasuredDataEditor::copyCells() {
             cells << model_->index(row, column).data().toString();
         text += cells.join('\t') + "\r\n";
     }
-    dialogs::SetClipboard(text.toStdString());
+    dialogs::set_clipboard(text.toStdString());
 }
 
 void MeasuredDataEditor::clearCells() {
@@ -521,7 +521,7 @@ void MeasuredDataEditor::clearCells() {
 }
 
 void MeasuredDataEditor::sortBy(BatchColumn column) {
-    model_->change([column] { datafiles::SortBatchSets(column); });
+    model_->change([column] { datafiles::sort_batch_sets(column); });
     setChanged();
     markLine(1);
     followTable();
@@ -529,10 +529,10 @@ void MeasuredDataEditor::sortBy(BatchColumn column) {
 
 // New data replace the present ones, which may be worth saving first.
 void MeasuredDataEditor::load(bool append) {
-    if (!append && !datafiles::BatchSaveFrage(changed_)) return;
+    if (!append && !datafiles::batch_save_frage(changed_)) return;
     const int before = the_session.BatchCount;
     bool loaded = false;
-    model_->change([&] { loaded = datafiles::BatchLoad(append); });
+    model_->change([&] { loaded = datafiles::batch_load(append); });
     if (!loaded) {
         followTable();
         return;
@@ -548,7 +548,7 @@ void MeasuredDataEditor::load(bool append) {
 }
 
 void MeasuredDataEditor::save() {
-    if (datafiles::BatchSave()) changed_ = false;
+    if (datafiles::batch_save()) changed_ = false;
     followTable();
 }
 
@@ -582,7 +582,7 @@ bool MeasuredDataEditor::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MeasuredDataEditor::closeEvent(QCloseEvent* event) {
-    if (!datafiles::BatchSaveFrage(changed_)) {
+    if (!datafiles::batch_save_frage(changed_)) {
         event->ignore();
         return;
     }

@@ -30,8 +30,8 @@ class MeasuredDataEditor : public ChildView {
 
     /// Opens the editor on the data of the session. One that is open comes to the front; what is
     /// unsaved in it stays so, unless the data are new.
-    static void OpenNew();
-    static void OpenPresent();
+    static void openNew();
+    static void openPresent();
 
   protected:
     void closeEvent(QCloseEvent* event) override;

@@ -115,10 +115,10 @@ void SubstanceDialog::arrange() {
     connect(ok_, &QPushButton::clicked, this, &SubstanceDialog::take);
     data_ = form::button("&Show Data", "cmdDaten");
     data_->setToolTip("...but not editable from here ");
-    data_->setEnabled(actions::Has(kShowData));
+    data_->setEnabled(actions::has(kShowData));
     connect(data_, &QPushButton::clicked, this, &SubstanceDialog::showData);
     help_ = form::button("&Help", "Hilfe");
-    shell::ConnectHelp(help_, help::kSubstanceChoice);
+    shell::connectHelp(help_, help::kSubstanceChoice);
     cancel_ = form::button("&Cancel", "ESC");
     connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -157,10 +157,10 @@ void SubstanceDialog::arrange() {
 // Shows names, formula and CASRN of an entry.
 void SubstanceDialog::describe(std::int16_t index) {
     const std::vector<std::string> names =
-        datafiles::NamesOf(legacy::the_substances.Names[static_cast<std::size_t>(index)]);
+        datafiles::names_of(legacy::the_substances.Names[static_cast<std::size_t>(index)]);
     names_->clear();
     for (const std::string& name : names) names_->addItem(QString::fromStdString(name));
-    formula_->setText(QString::fromStdString(datafiles::FormulaAndCasrn(index)));
+    formula_->setText(QString::fromStdString(datafiles::formula_and_casrn(index)));
 }
 
 // The entry was picked in the list: its name goes into the field.
@@ -231,7 +231,7 @@ void SubstanceDialog::take() {
     }
     selectEntry(found);
     kept_.reset();
-    if (datafiles::TakeSubstance(found)) accept();
+    if (datafiles::take_substance(found)) accept();
 }
 
 void SubstanceDialog::showData() {

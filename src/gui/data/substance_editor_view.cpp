@@ -23,9 +23,9 @@ namespace quor::gui {
 
 namespace {
 
+using datafiles::editor_field_table;
 using datafiles::EditorCorrelation;
 using datafiles::EditorField;
-using datafiles::EditorFieldTable;
 using datafiles::EditorTab;
 using datafiles::EditorTexts;
 using datafiles::GroupFrame;
@@ -81,7 +81,7 @@ QString qt(std::string_view s) {
 }
 
 QWidget* withHelp(QToolButton* help, int topic, QWidget* beside) {
-    shell::ConnectHelp(help, topic);
+    shell::connectHelp(help, topic);
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins({});
@@ -93,7 +93,7 @@ QWidget* withHelp(QToolButton* help, int topic, QWidget* beside) {
 
 }  // namespace
 
-void SubstanceEditorView::SetGroupContributions(GroupContributions estimate) {
+void SubstanceEditorView::setGroupContributions(GroupContributions estimate) {
     group_contributions() = std::move(estimate);
 }
 
@@ -103,7 +103,7 @@ SubstanceEditorView::SubstanceEditorView(bool readOnly, QWidget* parent)
     setWindowTitle("View/Edit Data");
     // The order of their making is the order in which Tab goes through them: the head comes first.
     for (const bool head : {true, false})
-        for (const EditorField& field : EditorFieldTable()) {
+        for (const EditorField& field : editor_field_table()) {
             if ((field.tab == EditorTab::Head) != head) continue;
             auto* edit = new DataField(field, this);
             if (readOnly_) edit->setReadOnly(true);
@@ -111,7 +111,7 @@ SubstanceEditorView::SubstanceEditorView(bool readOnly, QWidget* parent)
         }
     tabs_ = form::named(new QTabWidget, "SSTab1");
     for (const EditorTab tab : kTabs)
-        tabs_->addTab(buildPage(tab), qt(datafiles::EditorTabCaption(tab)));
+        tabs_->addTab(buildPage(tab), qt(datafiles::editor_tab_caption(tab)));
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(theme::kMargin, theme::kMargin, theme::kMargin, theme::kMargin);
@@ -120,7 +120,7 @@ SubstanceEditorView::SubstanceEditorView(bool readOnly, QWidget* parent)
     layout->addWidget(tabs_, 1);
     layout->addWidget(buildCommands());
 
-    showTexts(datafiles::ShowRecord(legacy::the_substance));
+    showTexts(datafiles::show_record(legacy::the_substance));
     shown_ = texts();
     follow();
     fields_[0]->setFocus();
@@ -132,7 +132,7 @@ QWidget* SubstanceEditorView::buildHead() {
     layout->setContentsMargins({});
     layout->setSpacing(theme::kGap);
     for (const int DD : {83, 84, 85}) {
-        const EditorField& field = EditorFieldTable()[static_cast<std::size_t>(DD)];
+        const EditorField& field = editor_field_table()[static_cast<std::size_t>(DD)];
         DataField* edit = fields_[static_cast<std::size_t>(DD)];
         layout->addWidget(form::caption(qt(field.caption), edit));
         layout->addWidget(edit, DD == 83 ? 3 : 1);
@@ -180,7 +180,7 @@ QGroupBox* SubstanceEditorView::buildFrame(std::size_t spec) {
     grid->setContentsMargins({});
     int n = 0;
     bool editable = true;
-    for (const EditorField& field : EditorFieldTable()) {
+    for (const EditorField& field : editor_field_table()) {
         if (field.tab != f.tab || field.frame != f.caption) continue;
         DataField* edit = fields_[static_cast<std::size_t>(field.DD)];
         const int row = n / f.fieldsPerRow, column = 2 * (n % f.fieldsPerRow);
@@ -201,7 +201,7 @@ QGroupBox* SubstanceEditorView::buildFrame(std::size_t spec) {
 void SubstanceEditorView::addCommands(std::string_view frameCaption, QVBoxLayout* layout) {
     const auto help = [&](const char* name, const QString& about, int topic) {
         QToolButton* button = form::helpButton(name, about);
-        shell::ConnectHelp(button, topic);
+        shell::connectHelp(button, topic);
         layout->addWidget(button, 0, Qt::AlignRight);
     };
     if (frameCaption == "General Data") layout->addWidget(triplePointChoice());
@@ -242,7 +242,7 @@ QPushButton* SubstanceEditorView::recalculation(const QString& name, const QStri
     button->setEnabled(!readOnly_);
     connect(button, &QPushButton::clicked, this, [this, correlation] {
         EditorTexts now = texts();
-        datafiles::Recalculate(correlation, now);
+        datafiles::recalculate(correlation, now);
         showTexts(now);
     });
     return button;
@@ -286,12 +286,12 @@ QWidget* SubstanceEditorView::buildCommands() {
     QPushButton* close = form::button("&Close", "ESC");
     connect(close, &QPushButton::clicked, this, &SubstanceEditorView::reject);
     QPushButton* help = form::button("&Help", "Hilfe");
-    shell::ConnectHelp(help, help::kSubstanceData);
+    shell::connectHelp(help, help::kSubstanceData);
     QPushButton* print = form::button("&Print", "cmdPrint");
     connect(print, &QPushButton::clicked, this, [this] {
         dialogs::Print({.title = legacy::the_substance.Name,
                         .font = "COURIER",
-                        .text = datafiles::EditorReport(texts())});
+                        .text = datafiles::editor_report(texts())});
     });
     QPushButton* write = form::button("&Save *.Q05", "WriteDataBaseQ05");
     write->setToolTip(" such a file *.Q05 only contains the components of this project ");
@@ -302,7 +302,7 @@ QWidget* SubstanceEditorView::buildCommands() {
                     "lblWriteDataBase");
     about->setBuddy(write);
 
-    status_ = form::named(new QLabel(qt(datafiles::DatabaseCaption())), "statusZeile");
+    status_ = form::named(new QLabel(qt(datafiles::database_caption())), "statusZeile");
     auto* note = form::named(
         new QLabel(readOnly_ ? "...but not editable from here " : qt(datafiles::kEditorNote)),
         "lblNote");
@@ -347,7 +347,7 @@ void SubstanceEditorView::showTexts(const EditorTexts& texts) {
 // What the session says of the substance stands in several places of the view.
 void SubstanceEditorView::follow() {
     setWindowTitle("View/Edit Data   " + qt(legacy::the_substance.Name));
-    equation_->setText(qt(datafiles::ActiveEquationCaption()));
+    equation_->setText(qt(datafiles::active_equation_caption()));
 }
 
 void SubstanceEditorView::apply() {
@@ -361,11 +361,11 @@ void SubstanceEditorView::apply() {
 
 void SubstanceEditorView::writeDatabase() {
     apply();
-    datafiles::WriteDataBaseQ05();
+    datafiles::write_data_base_q05();
 }
 
 void SubstanceEditorView::showTriplePoint(bool fromEquation) {
-    if (const auto text = datafiles::TriplePointPressure(fromEquation)) {
+    if (const auto text = datafiles::triple_point_pressure(fromEquation)) {
         fields_[kTriplePressure]->setText(qt(*text));
         return;
     }
@@ -373,7 +373,7 @@ void SubstanceEditorView::showTriplePoint(bool fromEquation) {
 }
 
 void SubstanceEditorView::reject() {
-    if (readOnly_ || datafiles::MayCloseEditor(shown_, texts())) QDialog::reject();
+    if (readOnly_ || datafiles::may_close_editor(shown_, texts())) QDialog::reject();
 }
 
 }  // namespace quor::gui

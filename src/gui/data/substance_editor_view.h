@@ -32,7 +32,7 @@ class SubstanceEditorView : public QDialog {
     using GroupContributions =
         std::function<void(datafiles::GroupFrame, datafiles::EditorTexts&, QWidget* parent)>;
     /// Who does that; an empty function leaves the commands disabled.
-    static void SetGroupContributions(GroupContributions estimate);
+    static void setGroupContributions(GroupContributions estimate);
 
   private:
     QWidget* buildHead();

@@ -16,11 +16,11 @@ QString cell(std::size_t entry, int column) {
     const datafiles::SubstanceLists& lists = legacy::the_substances;
     switch (column) {
         case SubstanceListModel::Name:
-            return qt(datafiles::FirstNameOf(lists.Names[entry]));
+            return qt(datafiles::first_name_of(lists.Names[entry]));
         case SubstanceListModel::Formula:
-            return qt(text::TrimRight(lists.Formulas[entry]));
+            return qt(text::trim_right(lists.Formulas[entry]));
         case SubstanceListModel::Casrn:
-            return qt(text::TrimRight(lists.Casrn[entry]));
+            return qt(text::trim_right(lists.Casrn[entry]));
         default:
             return {};
     }
@@ -46,7 +46,7 @@ QVariant SubstanceListModel::data(const QModelIndex& index, int role) const {
         case Qt::EditRole:
             return cell(entry, index.column());
         case Qt::ToolTipRole:
-            return index.column() == Name ? qt(text::TrimRight(lists.Names[entry])) : QVariant();
+            return index.column() == Name ? qt(text::trim_right(lists.Names[entry])) : QVariant();
         case SearchRole:
             return qt(lists.Names[entry] + " " + lists.Formulas[entry] + " " + lists.Casrn[entry]);
         case IndexRole:

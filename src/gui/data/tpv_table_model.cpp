@@ -40,7 +40,7 @@ QVariant TpvTableModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
         case Qt::EditRole:
-            return QString::fromStdString(datafiles::CellText(*set, column_of(index), units_));
+            return QString::fromStdString(datafiles::cell_text(*set, column_of(index), units_));
         case Qt::TextAlignmentRole:
             return int(Qt::AlignRight | Qt::AlignVCenter);
         case Qt::ForegroundRole:
@@ -80,7 +80,7 @@ bool TpvTableModel::setData(const QModelIndex& index, const QVariant& value, int
     const QString typed = value.toString();
     // A cell that was only looked at keeps the digits that the table does not show.
     if (typed == data(index, Qt::EditRole).toString()) return false;
-    datafiles::StoreCell(*set, column_of(index), typed.toStdString(), units_);
+    datafiles::store_cell(*set, column_of(index), typed.toStdString(), units_);
     Q_EMIT dataChanged(index, index);
     return true;
 }

@@ -97,7 +97,7 @@ XyEditor::XyEditor(QWidget* parent) : ChildView("frmManuInput", parent) {
     buildMenu();
 
     QPushButton* help = form::button("&Help", "Hilfe");
-    shell::ConnectHelp(help, help::kXYEditor);
+    shell::connectHelp(help, help::kXYEditor);
     QPushButton* close = form::button("&Close", "ESC");
     connect(close, &QPushButton::clicked, this, &XyEditor::closeView);
     status_ = form::named(new QLabel, "statusZeile");
@@ -284,9 +284,9 @@ QWidget* XyEditor::buildLines() {
                 [this, run] { change([run] { run(the_xyPoints); }); });
         place(button);
     };
-    reorder("Sort by &x", "XSort", " ascending ", datafiles::SortByX);
-    reorder("Sort by &y", "YSort", " ascending ", datafiles::SortByY);
-    reorder("x <==> y", "cmdChangeXY", " changing x- and y-column ", datafiles::SwapXY);
+    reorder("Sort by &x", "XSort", " ascending ", datafiles::sort_by_x);
+    reorder("Sort by &y", "YSort", " ascending ", datafiles::sort_by_y);
+    reorder("x <==> y", "cmdChangeXY", " changing x- and y-column ", datafiles::swap_xy);
     QPushButton* manip = form::button("Modify val&ues", "cmdManip");
     manip->setCheckable(true);
     connect(manip, &QPushButton::toggled, this, [this](bool shown) {
@@ -326,11 +326,11 @@ QWidget* XyEditor::buildTargets() {
     drawAs_[1] = option("as curve", "optIsPoints_1");
     drawAs_[0]->setChecked(true);
     QPushButton* drawing = form::button("&Draw", "cmdDrawManu");
-    drawing->setEnabled(actions::Has(kDrawAction));
+    drawing->setEnabled(actions::has(kDrawAction));
     connect(drawing, &QPushButton::clicked, this, &XyEditor::draw);
     QPushButton* fitting = form::button("Send data to &fitting module", "cmdFitting");
     fitting->setToolTip("... and opening fitting module ");
-    fitting->setEnabled(actions::Has(kFitAction));
+    fitting->setEnabled(actions::has(kFitAction));
     connect(fitting, &QPushButton::clicked, this, &XyEditor::fit);
     auto* layout = column(box);
     auto* row = new QHBoxLayout;
@@ -405,12 +405,12 @@ void XyEditor::showMarkedInFields() {
 void XyEditor::takeInput() {
     const int line = marked().first;
     if (!adding() && line < 1) {
-        dialogs::Tell("No marked item!", kRefused, dialogs::Icon::Stop);
+        dialogs::tell("No marked item!", kRefused, dialogs::Icon::Stop);
         return;
     }
     if (!complete(x_) || !complete(y_)) return;
-    const datafiles::FitPoint typed{datafiles::CellSingleInput(x_->text().toStdString()),
-                                    datafiles::CellSingleInput(y_->text().toStdString()), 0.0F};
+    const datafiles::FitPoint typed{datafiles::cell_single_input(x_->text().toStdString()),
+                                    datafiles::cell_single_input(y_->text().toStdString()), 0.0F};
     if (!adding()) {
         change([&] {
             datafiles::FitPoint& point = the_xyPoints[static_cast<std::size_t>(line - 1)];
@@ -430,17 +430,17 @@ void XyEditor::takeInput() {
 
 void XyEditor::removeMarked() {
     const Marked lines = marked();
-    if (!datafiles::ConfirmRemoval(lines.first, lines.last)) return;
-    change([&] { datafiles::RemoveXY(the_xyPoints, lines.first, lines.last); });
+    if (!datafiles::confirm_removal(lines.first, lines.last)) return;
+    change([&] { datafiles::remove_xy(the_xyPoints, lines.first, lines.last); });
 }
 
 void XyEditor::toggleMarked() {
     const Marked lines = marked();
     if (lines.first < 1) {
-        dialogs::Tell("No marked item!", kRefused, dialogs::Icon::Stop);
+        dialogs::tell("No marked item!", kRefused, dialogs::Icon::Stop);
         return;
     }
-    change([&] { datafiles::ToggleXY(the_xyPoints, lines.first, lines.last); });
+    change([&] { datafiles::toggle_xy(the_xyPoints, lines.first, lines.last); });
 }
 
 void XyEditor::zeroMarkedCells() {
@@ -451,16 +451,17 @@ void XyEditor::zeroMarkedCells() {
 void XyEditor::copy() {
     const Marked lines = marked();
     if (lines.first < 1) return;
-    dialogs::SetClipboard(datafiles::XYForClipboard(the_xyPoints, lines.first, lines.last));
+    dialogs::set_clipboard(datafiles::xy_for_clipboard(the_xyPoints, lines.first, lines.last));
 }
 
 // The lines go in at the marked place, behind the last one without a mark.
 void XyEditor::paste() {
-    const std::vector<datafiles::FitPoint> more = datafiles::XYFromClipboard(dialogs::Clipboard());
+    const std::vector<datafiles::FitPoint> more =
+        datafiles::xy_from_clipboard(dialogs::Clipboard());
     if (more.empty()) return;
     const int marking = marked().first;
     const int place = marking > 0 ? marking : model_->rowCount() + 1;
-    change([&] { datafiles::InsertXY(the_xyPoints, place, more); });
+    change([&] { datafiles::insert_xy(the_xyPoints, place, more); });
     mark(place, place + static_cast<int>(more.size()) - 1);
 }
 
@@ -471,18 +472,18 @@ void XyEditor::manipulate() {
     if (row.needsW && !complete(W_)) return;
     std::string error;
     const bool before = changed_;
-    change([&] { error = datafiles::ManipulateXY(the_xyPoints, row.what, W_->value()); });
+    change([&] { error = datafiles::manipulate_xy(the_xyPoints, row.what, W_->value()); });
     if (error.empty()) return;
     changed_ = before;
-    dialogs::Tell(error, kRefused, dialogs::Icon::Stop);
+    dialogs::tell(error, kRefused, dialogs::Icon::Stop);
 }
 
 // ------------------------------------------------------------------------- files and other targets
 
 void XyEditor::load() {
-    if (!datafiles::XYSaveFrage(changed_)) return;
+    if (!datafiles::xy_save_frage(changed_)) return;
     std::string loaded;
-    model_->change([&] { loaded = datafiles::XYLoad(); });
+    model_->change([&] { loaded = datafiles::xy_load(); });
     if (loaded.empty()) return;
     changed_ = false;
     showList();
@@ -491,19 +492,19 @@ void XyEditor::load() {
 }
 
 void XyEditor::save() {
-    if (datafiles::XYSave()) changed_ = false;
+    if (datafiles::xy_save()) changed_ = false;
 }
 
 void XyEditor::print() {
     dialogs::Print({.title = the_xyComment.empty() ? "x-y data" : the_xyComment,
                     .font = "COURIER",
-                    .text = datafiles::XYListText(the_xyPoints)});
+                    .text = datafiles::xy_list_text(the_xyPoints)});
 }
 
 void XyEditor::draw() {
     const bool asPoints = drawAs_[0]->isChecked();
-    if (!datafiles::EnoughActivePoints(the_xyPoints, asPoints)) return;
-    datafiles::xyGraph = datafiles::MakeXYGraph(the_xyPoints, asPoints);
+    if (!datafiles::enough_active_points(the_xyPoints, asPoints)) return;
+    datafiles::xyGraph = datafiles::make_xy_graph(the_xyPoints, asPoints);
     actions::Run(kDrawAction);
 }
 
@@ -513,7 +514,7 @@ void XyEditor::fit() {
 }
 
 void XyEditor::closeEvent(QCloseEvent* event) {
-    if (!datafiles::XYSaveFrage(changed_)) {
+    if (!datafiles::xy_save_frage(changed_)) {
         event->ignore();
         return;
     }

@@ -74,11 +74,11 @@ Qt::ItemFlags XyTableModel::flags(const QModelIndex& index) const {
 bool XyTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     datafiles::FitPoint* point = point_of(index.row());
     if (point == nullptr || role != Qt::EditRole) return false;
-    const std::string typed = numbers::CommaToPoint(value.toString().trimmed().toStdString());
+    const std::string typed = numbers::comma_to_point(value.toString().trimmed().toStdString());
     // A cell that was only looked at keeps the digits that the table does not show.
     if (value.toString() == data(index, Qt::EditRole).toString()) return false;
-    if (!datafiles::ParseNumber(typed)) return false;
-    (index.column() == kColumnX ? point->x : point->y) = datafiles::CellSingle(typed);
+    if (!datafiles::parse_number(typed)) return false;
+    (index.column() == kColumnX ? point->x : point->y) = datafiles::cell_single(typed);
     Q_EMIT dataChanged(index, index);
     return true;
 }

@@ -65,7 +65,7 @@ void CoordinatesDialog::confirm() {
     for (std::size_t i = 0; i < coord_.size(); ++i)
         limits[i] = coord_[i]->holdsNumber() ? coord_[i]->value()
                                              : std::numeric_limits<double>::quiet_NaN();
-    if (Module9::SetCoordinates(sheet_, {{limits[0], limits[1]}, {limits[2], limits[3]}}))
+    if (Module9::set_coordinates(sheet_, {{limits[0], limits[1]}, {limits[2], limits[3]}}))
         return accept();
     coord_[0]->setFocus();
 }

@@ -23,7 +23,7 @@ CurveParameterDialog::CurveParameterDialog(std::int16_t sectionKind, QWidget* pa
     : QDialog(parent), sectionKind_(sectionKind) {
     setObjectName("frmTpVSInputBox");
     setWindowTitle("Parameter Input");
-    const Module9::ParameterField field = Module9::FieldOf(sectionKind);
+    const Module9::ParameterField field = Module9::field_of(sectionKind);
 
     value_ = form::named(new NumberEdit, "rText");
     value_->setValue(field.value);
@@ -67,7 +67,7 @@ CurveParameterDialog::CurveParameterDialog(std::int16_t sectionKind, QWidget* pa
 
 void CurveParameterDialog::confirm(bool draw) {
     const double typed = value_->holdsNumber() ? value_->value() : 0;
-    switch (Module9::TakeParameter(sectionKind_, typed)) {
+    switch (Module9::take_parameter(sectionKind_, typed)) {
         case Module9::ParameterAnswer::Invalid:
             hint_->setText(Module9::kInvalidParameter);
             value_->setMark(Module9::kInvalidParameter);

@@ -134,7 +134,7 @@ void DesignPanel::showHit(const chart::ChartHit& hit) {
 
 chart::Series* DesignPanel::series(Group group) const {
     const int slot = group == Group::Curves ? curve() : pointSet();
-    return slot < 0 ? nullptr : &chart::SeriesAt(sheet_.chart, group, slot);
+    return slot < 0 ? nullptr : &chart::series_at(sheet_.chart, group, slot);
 }
 
 // ------------------------------------------------------------------------------------------- pages
@@ -335,9 +335,10 @@ void DesignPanel::applyScaling() {
         return edit->holdsNumber() ? static_cast<int>(std::clamp(edit->value(), -1.0, 15.0)) : -1;
     };
     const bool manual = findChild<QRadioButton*>("optScaling_1")->isChecked();
-    Module9::SetScaling(sheet_, manual ? 1 : 0,
-                        {value("txtXTickValue"), value("txtYTickValue"), value("txtXGridValue"),
-                         value("txtYGridValue"), digits("txtXZiffValue"), digits("txtYZiffValue")});
+    Module9::set_scaling(
+        sheet_, manual ? 1 : 0,
+        {value("txtXTickValue"), value("txtYTickValue"), value("txtXGridValue"),
+         value("txtYGridValue"), digits("txtXZiffValue"), digits("txtYZiffValue")});
     apply();
 }
 

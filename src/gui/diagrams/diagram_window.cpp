@@ -60,7 +60,7 @@ DiagramWindow* DiagramWindow::current() {
 void DiagramWindow::Open() {
     const std::size_t others = openDiagrams().size();
     auto* view = new DiagramWindow(legacy::the_diagram);
-    shell::OpenChild(view);
+    shell::openChild(view);
     // A further diagram does not hide the one before.
     auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
     if (window != nullptr && others > 0) window->move(window->pos() + QPoint(kCascade, kCascade));
@@ -71,7 +71,7 @@ DiagramWindow::DiagramWindow(const diagrams::DiagramRequest& request) {
     setWindowIcon(theme::icon("graph2d"));
     setContextMenuPolicy(Qt::NoContextMenu);
     setFocusPolicy(Qt::StrongFocus);
-    Module9::OpenSheet(sheet_, request);
+    Module9::open_sheet(sheet_, request);
     setCaption();
 
     canvas_ = new chart::Chart2DWidget(sheet_.chart, this);
@@ -108,7 +108,7 @@ DiagramWindow::~DiagramWindow() {
 }
 
 void DiagramWindow::becomeCurrent() {
-    if (openDiagrams().use(this)) Module9::GiveToSession(sheet_);
+    if (openDiagrams().use(this)) Module9::give_to_session(sheet_);
 }
 
 void DiagramWindow::showEvent(QShowEvent* event) {
@@ -129,7 +129,8 @@ void DiagramWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void DiagramWindow::setCaption(const QString& file) {
-    setWindowTitle(file.isEmpty() ? qt(Module9::ViewCaption(sheet_.request)) : "Filename: " + file);
+    setWindowTitle(file.isEmpty() ? qt(Module9::view_caption(sheet_.request))
+                                  : "Filename: " + file);
 }
 
 void DiagramWindow::closeView() {
@@ -155,14 +156,14 @@ void DiagramWindow::ShowDatabaseFunction(float low, float high) {
 }
 
 void DiagramWindow::abortWhenEmpty() {
-    if (!Module9::HasAnything(sheet_)) closeView();
+    if (!Module9::has_anything(sheet_)) closeView();
 }
 
 void DiagramWindow::askParameter() {
     becomeCurrent();
-    CurveParameterDialog box(sheet_.request.sectionKind, shell::FrameWindow());
-    if (shell::OpenModal(box) != QDialog::Accepted) return abortWhenEmpty();
-    Module9::TakeParameters(sheet_);
+    CurveParameterDialog box(sheet_.request.sectionKind, shell::frameWindow());
+    if (shell::openModal(box) != QDialog::Accepted) return abortWhenEmpty();
+    Module9::take_parameters(sheet_);
     if (box.drawNow()) return draw();
     refresh();
 }
@@ -170,19 +171,19 @@ void DiagramWindow::askParameter() {
 void DiagramWindow::askRange() {
     becomeCurrent();
     legacy::the_processLine.Kind = kRangeInput;
-    RangeInput box(sheet_.request.sectionKind, shell::FrameWindow());
-    if (shell::OpenModal(box) != QDialog::Accepted) return abortWhenEmpty();
-    Module9::TakeParameters(sheet_);
+    RangeInput box(sheet_.request.sectionKind, shell::frameWindow());
+    if (shell::openModal(box) != QDialog::Accepted) return abortWhenEmpty();
+    Module9::take_parameters(sheet_);
     draw();
 }
 
 void DiagramWindow::askIsohygric() {
     becomeCurrent();
-    if (!Module9::MayMarkIsohygric()) return;
+    if (!Module9::may_mark_isohygric()) return;
     legacy::the_processLine.Kind = kFractionInput;
-    RangeInput box(sheet_.request.sectionKind, shell::FrameWindow());
-    if (shell::OpenModal(box) != QDialog::Accepted) return;
-    Module9::MarkIsohygric(sheet_, box.vapourFraction());
+    RangeInput box(sheet_.request.sectionKind, shell::frameWindow());
+    if (shell::openModal(box) != QDialog::Accepted) return;
+    Module9::mark_isohygric(sheet_, box.vapourFraction());
     refresh();
 }
 
@@ -191,40 +192,40 @@ void DiagramWindow::askProcessLine(std::uint8_t kind) {
     legacy::the_processLine.Kind = kind;
     legacy::the_processLine.BaseDiagramType = sheet_.request.DiagramType;
     ProcessLineDialog box(
-        ProcessLineDialog::Purpose::Line, [this] { drawProcessLine(); }, shell::FrameWindow());
-    shell::OpenModal(box);
+        ProcessLineDialog::Purpose::Line, [this] { drawProcessLine(); }, shell::frameWindow());
+    shell::openModal(box);
 }
 
 void DiagramWindow::drawProcessLine() {
     Module9::DrawOutcome outcome;
-    diagrams::WithProcessLine(sheet_.request, [&] { outcome = Module9::DrawCurve(sheet_); });
+    diagrams::with_process_line(sheet_.request, [&] { outcome = Module9::draw_curve(sheet_); });
     // The answer of the polytropic program belongs to this line alone.
     legacy::the_polytropicPoints.clear();
     if (outcome.slot >= 0) {
         const auto& curve = sheet_.chart.curves[static_cast<std::size_t>(outcome.slot)];
         const std::string note =
-            diagrams::OnePointNote(sheet_.request.DiagramType, curve.x, curve.y);
-        if (!note.empty()) dialogs::Tell(note, "Note");
+            diagrams::one_point_note(sheet_.request.DiagramType, curve.x, curve.y);
+        if (!note.empty()) dialogs::tell(note, "Note");
     }
     refresh();
 }
 
 void DiagramWindow::askCoordinates() {
-    CoordinatesDialog box(sheet_, shell::FrameWindow());
-    if (shell::OpenModal(box) != QDialog::Accepted) return;
+    CoordinatesDialog box(sheet_, shell::frameWindow());
+    if (shell::openModal(box) != QDialog::Accepted) return;
     canvas_->forgetZoom();
     refresh();
 }
 
 void DiagramWindow::askText() {
-    const auto typed = dialogs::AskInput({"Text", "Additional text", ""});
+    const auto typed = dialogs::ask_input({"Text", "Additional text", ""});
     if (!typed || typed->empty()) return;
-    Module9::AddText(sheet_, *typed);
+    Module9::add_text(sheet_, *typed);
     refresh();
 }
 
 void DiagramWindow::addLegend() {
-    switch (Module9::AddLegend(sheet_)) {
+    switch (Module9::add_legend(sheet_)) {
         case Module9::LegendAnswer::DesignCurve:
             return design("curves");
         case Module9::LegendAnswer::DesignPoints:
@@ -236,7 +237,7 @@ void DiagramWindow::addLegend() {
 
 void DiagramWindow::load() {
     becomeCurrent();
-    switch (Module9::LoadOC2(sheet_)) {
+    switch (Module9::load_oc2(sheet_)) {
         case Module9::LoadOutcome::Loaded:
             break;
         case Module9::LoadOutcome::Failed:
@@ -244,7 +245,7 @@ void DiagramWindow::load() {
         case Module9::LoadOutcome::Cancelled:
             return refresh();
     }
-    setCaption(qt(session::FileTitle(sheet_.loadedFile)));
+    setCaption(qt(session::file_title(sheet_.loadedFile)));
     canvas_->forgetZoom();
     refresh();
 }
@@ -256,12 +257,12 @@ void DiagramWindow::refresh() {
     panel_->follow();
     canvas_->setZoomEnabled(!sheet_.SwappedAxes);
     parameter_->setText(
-        sheet_.SwappedAxes ? QString() : qt(Module9::ShownParameter(sheet_.request.sectionKind)));
+        sheet_.SwappedAxes ? QString() : qt(Module9::shown_parameter(sheet_.request.sectionKind)));
     followMenus();
 }
 
 void DiagramWindow::paintSheet() {
-    Module9::PlaceLabels(sheet_, canvas_->width(), canvas_->height(), chart::QtTextMeasure());
+    Module9::place_labels(sheet_, canvas_->width(), canvas_->height(), chart::qtTextMeasure());
     canvas_->refresh();
 }
 
@@ -298,9 +299,9 @@ void DiagramWindow::showReadout(const chart::ChartHit& hit) {
     Module9::Under under = Module9::Under::Nothing;
     std::string text;
     if (hit.part == ChartPart::Curve || hit.part == ChartPart::PointSet)
-        text = Module9::Readout(sheet_, {hit.group, hit.series, hit.point, 0});
+        text = Module9::readout(sheet_, {hit.group, hit.series, hit.point, 0});
     else if (hit.inPlot)
-        text = Module9::PlaceText(hit.x, hit.y);
+        text = Module9::place_text(hit.x, hit.y);
     if (hit.part == ChartPart::Legend) under = Module9::Under::Legend;
     if (hit.part == ChartPart::Label || hit.part == ChartPart::Header ||
         hit.part == ChartPart::Footer)
@@ -311,7 +312,7 @@ void DiagramWindow::showReadout(const chart::ChartHit& hit) {
 void DiagramWindow::clicked(const chart::ChartHit& hit) {
     becomeCurrent();
     if (hit.part == chart::ChartPart::Curve &&
-        Module9::DeleteSinglePoint(sheet_, hit.series, hit.point))
+        Module9::delete_single_point(sheet_, hit.series, hit.point))
         refresh();
 }
 
@@ -322,7 +323,7 @@ void DiagramWindow::connectCanvas() {
     connect(canvas_, &Chart2DWidget::rightClicked, this, &DiagramWindow::designHit);
     connect(canvas_, &Chart2DWidget::partMoved, this, &DiagramWindow::refresh);
     connect(canvas_, &Chart2DWidget::windowChanged, this, [this] {
-        Module9::FollowWindow(sheet_);
+        Module9::follow_window(sheet_);
         refresh();
     });
     connect(canvas_, &Chart2DWidget::mouseReleased, this,
@@ -342,7 +343,7 @@ void open_from_menu() {
     constexpr std::int16_t kVaporisation = 13, kByBenson = 6, kVaporisationAtT = 6;
     const bool needsReference = legacy::the_diagram.DiagramType == kVaporisation &&
                                 legacy::the_models.HLVModel == kByBenson;
-    if (!needsReference) return Module9::OpenDiagram2D();
+    if (!needsReference) return Module9::open_diagram2_d();
     const std::int16_t mode = std::exchange(legacy::the_session.CalcMode, kVaporisationAtT);
     calculation_views::OpenCalcIn(true);
     legacy::the_session.CalcMode = mode;
@@ -351,28 +352,28 @@ void open_from_menu() {
 /// The XY editor's graph gets a diagram of its own, in which nothing is computed.
 void open_editor_graph() {
     const diagrams::DiagramRequest before =
-        std::exchange(legacy::the_diagram, Module9::RequestOfEditorGraph());
+        std::exchange(legacy::the_diagram, Module9::request_of_editor_graph());
     DiagramWindow::Open();
     legacy::the_diagram = before;
     DiagramWindow* view = DiagramWindow::current();
-    Module9::AddEditorGraph(view->sheet());
+    Module9::add_editor_graph(view->sheet());
     view->refresh();
 }
 
 }  // namespace
 
 void Install() {
-    calculation::views().prepareDiagram = Module9::OpenDiagram2D;
+    calculation::views().prepareDiagram = Module9::open_diagram2_d;
     const auto calculate_process = [] {
         ProcessLineDialog box(
             ProcessLineDialog::Purpose::Calculation, [] { calculation::views().openResultView(); },
-            shell::FrameWindow());
-        shell::OpenModal(box);
+            shell::frameWindow());
+        shell::openModal(box);
         legacy::the_polytropicPoints.clear();
         legacy::the_processLine.FromCalculation = false;
     };
     calculation::views().openProcessView = calculate_process;
-    Module9::Views2D() = {
+    Module9::views2_d() = {
         .openDiagram = DiagramWindow::Open,
         .openParameterInput =
             [] {
@@ -388,10 +389,10 @@ void Install() {
                     view->ShowDatabaseFunction(low, high);
             },
     };
-    actions::RegisterAction("Diagram2D", open_from_menu);
-    actions::RegisterAction("graph_xy", open_editor_graph);
-    actions::RegisterAction("CalcCoordinateDefaults",
-                            [] { Module9::CalcCoordinateDefaults(legacy::the_coordinates); });
+    actions::register_action("Diagram2D", open_from_menu);
+    actions::register_action("graph_xy", open_editor_graph);
+    actions::register_action("CalcCoordinateDefaults",
+                             [] { Module9::calc_coordinate_defaults(legacy::the_coordinates); });
 }
 
 }  // namespace graph2d_views

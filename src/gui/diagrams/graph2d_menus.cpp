@@ -77,25 +77,25 @@ void DiagramWindow::mark(QMenu* menu, const QString& caption, const QString& nam
 void DiagramWindow::buildMarkMenu() {
     QMenu* menu = addMenu(this, menuBar(), "&Add ...", "mnuMark");
     mark(menu, "V-L coexistence curve (projection)", "mnuMarkKoex", Mark::Coexistence,
-         Module9::MarkCoexistence);
+         Module9::mark_coexistence);
     marks_.push_back({command(menu, "Line of constant vapour fraction (Isohygric)",
                               "mnuMarkIsohygre", [this] { askIsohygric(); }),
                       Mark::Isohygric});
-    mark(menu, "Tie-line Vapour-Liquid", "mnuMarkKonnode", Mark::TieLine, Module9::MarkTieLine);
-    mark(menu, "unstable/metastable region", "mnuMarkSKurve", Mark::SCurve, Module9::MarkSCurve);
+    mark(menu, "Tie-line Vapour-Liquid", "mnuMarkKonnode", Mark::TieLine, Module9::mark_tie_line);
+    mark(menu, "unstable/metastable region", "mnuMarkSKurve", Mark::SCurve, Module9::mark_s_curve);
     mark(menu, "Inversion Curve Joule-Thomson Effect", "mnuMarkInversion", Mark::Inversion,
-         Module9::MarkInversion);
+         Module9::mark_inversion);
     mark(menu, "rho-bisection line (CAILLETET/MATHIAS)", "mnuMarkHalbierende", Mark::Bisection,
-         Module9::MarkBisection);
+         Module9::mark_bisection);
     menu->addSeparator();
-    mark(menu, "T Marker", "mnuMarkT", Mark::T, Module9::MarkTGrenzen);
-    mark(menu, "p Marker", "mnuMarkP", Mark::p, Module9::MarkPressures);
-    mark(menu, "V-Mark (V(cr) calculated)", "mnuMarkV", Mark::v, Module9::MarkVolume);
-    mark(menu, "Marker v = B", "mnuMarkB", Mark::b, Module9::MarkCovolume);
+    mark(menu, "T Marker", "mnuMarkT", Mark::T, Module9::mark_t_grenzen);
+    mark(menu, "p Marker", "mnuMarkP", Mark::p, Module9::mark_pressures);
+    mark(menu, "V-Mark (V(cr) calculated)", "mnuMarkV", Mark::v, Module9::mark_volume);
+    mark(menu, "Marker v = B", "mnuMarkB", Mark::b, Module9::mark_covolume);
     mark(menu, "Critical point (experimental)", "mnuMarkCritPointEx", Mark::CriticalEx,
-         [](DiagramSheet& s) { return Module9::MarkCriticalPoint(s, true); });
+         [](DiagramSheet& s) { return Module9::mark_critical_point(s, true); });
     mark(menu, "Critical point (calculated)", "mnuMarkCritPointCalc", Mark::CriticalCalc,
-         [](DiagramSheet& s) { return Module9::MarkCriticalPoint(s, false); });
+         [](DiagramSheet& s) { return Module9::mark_critical_point(s, false); });
     menu->addSeparator();
 
     QMenu* lines = addSubmenu(menu, "Process line", kProcessLine);
@@ -109,16 +109,16 @@ void DiagramWindow::buildMarkMenu() {
     menu->addSeparator();
 
     command(menu, "Experimental points", "mnuAddPunkte", [this] {
-        Module9::AddMeasuredPoints(sheet_);
+        Module9::add_measured_points(sheet_);
         refresh();
     });
     QMenu* editor = addSubmenu(menu, "From the XY editor", "mnuManuXY");
     command(editor, "as points", "cmdManuPoints", [this] {
-        Module9::AddEditorPoints(sheet_);
+        Module9::add_editor_points(sheet_);
         refresh();
     });
     command(editor, "as curve", "cmdManuKurve", [this] {
-        Module9::AddEditorCurve(sheet_);
+        Module9::add_editor_curve(sheet_);
         refresh();
     });
     menu->addSeparator();
@@ -155,15 +155,15 @@ void DiagramWindow::buildDeleteMenu() {
     undo->setIcon(theme::icon("undo"));
     addAction(undo);
     menu->addSeparator();
-    rule(command(menu, "Everything", "mnuDelTotal", remove(Module9::DeleteTotal)),
-         [this] { return Module9::HasAnything(sheet_); });
+    rule(command(menu, "Everything", "mnuDelTotal", remove(Module9::delete_total)),
+         [this] { return Module9::has_anything(sheet_); });
 
     QMenu* curves = addSubmenu(menu, "Curves", "mnuDelKurv");
     rule(curves->menuAction(), [this] { return sheet_.CurveCount > 0; });
     for (int n = 0; n <= Module9::kMaxCurves; ++n) {
         QAction* row = command(curves, n == 0 ? "All" : QString("Curve %1").arg(n),
                                QString("mnuSubDelKurv_%1").arg(n), [this, n] {
-                                   Module9::DeleteCurve(sheet_, n);
+                                   Module9::delete_curve(sheet_, n);
                                    refresh();
                                });
         rule(row,
@@ -174,7 +174,7 @@ void DiagramWindow::buildDeleteMenu() {
     for (int n = 0; n <= Module9::kMaxPointSets; ++n) {
         QAction* row = command(points, n == 0 ? "All" : QString("Point Set %1").arg(n),
                                QString("mnuSubDelPoints_%1").arg(n), [this, n] {
-                                   Module9::DeletePointSet(sheet_, n);
+                                   Module9::delete_point_set(sheet_, n);
                                    refresh();
                                });
         rule(row, [this, n] {
@@ -182,28 +182,29 @@ void DiagramWindow::buildDeleteMenu() {
         });
     }
     command(menu, "How to delete a single curve point", "cmdMsgDelPoint",
-            Module9::ExplainPointDeletion);
+            Module9::explain_point_deletion);
     menu->addSeparator();
-    rule(command(menu, "Markers", "mnuDelMarkTP", remove(Module9::DeleteReferenceLines)),
-         [this] { return Module9::HasReferenceLines(sheet_) || Module9::HasMarkerLabels(sheet_); });
+    rule(command(menu, "Markers", "mnuDelMarkTP", remove(Module9::delete_reference_lines)), [this] {
+        return Module9::has_reference_lines(sheet_) || Module9::has_marker_labels(sheet_);
+    });
     rule(command(menu, "Texts of the markers", "mnuDelMarkLabels",
-                 remove(Module9::DeleteMarkerLabels)),
-         [this] { return Module9::HasMarkerLabels(sheet_); });
+                 remove(Module9::delete_marker_labels)),
+         [this] { return Module9::has_marker_labels(sheet_); });
     rule(command(menu, "Critical point (experimental)", "mnuDelCritPointEx",
-                 remove([](DiagramSheet& s) { Module9::DeleteCriticalPoint(s, true); })),
-         [this] { return Module9::HasCriticalPoint(sheet_, true); });
+                 remove([](DiagramSheet& s) { Module9::delete_critical_point(s, true); })),
+         [this] { return Module9::has_critical_point(sheet_, true); });
     rule(command(menu, "Critical point (calculated)", "mnuDelCritPointCalc",
-                 remove([](DiagramSheet& s) { Module9::DeleteCriticalPoint(s, false); })),
-         [this] { return Module9::HasCriticalPoint(sheet_, false); });
+                 remove([](DiagramSheet& s) { Module9::delete_critical_point(s, false); })),
+         [this] { return Module9::has_critical_point(sheet_, false); });
     menu->addSeparator();
     rule(command(menu, "Legend", "mnuDelLegend",
                  remove([](DiagramSheet& s) { s.chart.legend.shown = false; })),
          [this] { return sheet_.chart.legend.shown; });
-    command(menu, "How to delete a single legend entry", "cmdLegendInfo", Module9::ExplainLegend);
-    rule(command(menu, "Curve labels", "mnuDelLabels", remove(Module9::DeleteCurveLabels)),
-         [this] { return Module9::HasCurveLabels(sheet_); });
-    rule(command(menu, "Additional texts", "mnuDelTexts", remove(Module9::DeleteTexts)),
-         [this] { return Module9::HasTexts(sheet_); });
+    command(menu, "How to delete a single legend entry", "cmdLegendInfo", Module9::explain_legend);
+    rule(command(menu, "Curve labels", "mnuDelLabels", remove(Module9::delete_curve_labels)),
+         [this] { return Module9::has_curve_labels(sheet_); });
+    rule(command(menu, "Additional texts", "mnuDelTexts", remove(Module9::delete_texts)),
+         [this] { return Module9::has_texts(sheet_); });
 }
 
 void DiagramWindow::buildDesignMenu() {
@@ -226,11 +227,11 @@ void DiagramWindow::buildPictureMenu() {
 void DiagramWindow::buildFileMenu() {
     QMenu* menu = addMenu(this, menuBar(), "&File", "mnuFile");
     command(menu, "Load a diagram ...", "mnuLoadOC2", [this] { load(); });
-    command(menu, "Save the diagram ...", "mnuSaveOC2", [this] { Module9::SaveOC2(sheet_); });
+    command(menu, "Save the diagram ...", "mnuSaveOC2", [this] { Module9::save_oc2(sheet_); });
     menu->addSeparator();
     const auto hasCurve = [this] { return sheet_.CurveCount > 0; };
     rules_.emplace_back(command(menu, "Save curve as .XY ...", "cmdSaveCurveAsXY",
-                                [this] { Module9::SaveCurve(sheet_, curveInUse()); }),
+                                [this] { Module9::save_curve(sheet_, curveInUse()); }),
                         hasCurve);
     rules_.emplace_back(
         command(menu, "Copy points of the curve", "cmdCopyTable", [this] { copyTable(); }),
@@ -257,7 +258,7 @@ void DiagramWindow::buildToolBar() {
 
     QAction* drawing = button("Draw Curve", "cmdDraw", "Draw a curve (Enter)", [this] { draw(); });
     drawing->setIcon(theme::icon("graph2d"));
-    const bool computes = diagrams::HasCurve(sheet_.request.DiagramType);
+    const bool computes = diagrams::has_curve(sheet_.request.DiagramType);
     rules_.emplace_back(drawing, [this, computes] { return computes && !sheet_.SwappedAxes; });
     const std::int16_t kind = sheet_.request.sectionKind;
     if (computes && kind != Module9::kProjection && kind != Module9::kDatabase) {
@@ -296,7 +297,7 @@ void DiagramWindow::buildToolBar() {
     bar->addSeparator();
 
     button("x <=> y", "cmdChangeXY", " changing x- and y-axis ", [this] {
-        Module9::ChangeXY(sheet_);
+        Module9::change_xy(sheet_);
         canvas_->forgetZoom();
         refresh();
     });
@@ -305,14 +306,15 @@ void DiagramWindow::buildToolBar() {
                               xAxis ? "Logarithmic x axis" : "Logarithmic y axis", [] {});
         log->setCheckable(true);
         connect(log, &QAction::triggered, this, [this, xAxis](bool on) {
-            Module9::SetLogarithmic(sheet_, xAxis, on);
+            Module9::set_logarithmic(sheet_, xAxis, on);
             refresh();
         });
     }
 }
 
 void DiagramWindow::followMenus() {
-    for (const MarkRow& row : marks_) row.action->setEnabled(Module9::OffersMark(sheet_, row.kind));
+    for (const MarkRow& row : marks_)
+        row.action->setEnabled(Module9::offers_mark(sheet_, row.kind));
     for (const auto& [action, when] : rules_) action->setEnabled(when());
     const auto set = [this](const char* name, bool on) {
         if (auto* action = findChild<QAction*>(name)) action->setChecked(on);
@@ -331,7 +333,7 @@ void DiagramWindow::followMenus() {
 namespace {
 
 picture_commands::Picture pictureOf(const chart::Chart2D& c) {
-    return {chart::PaintingOf(c), c.print, QString::fromStdString(c.header.text)};
+    return {chart::paintingOf(c), c.print, QString::fromStdString(c.header.text)};
 }
 
 }  // namespace
@@ -349,8 +351,8 @@ void DiagramWindow::printPicture() {
 }
 
 void DiagramWindow::copyTable() {
-    const std::string table = Module9::CurveTable(sheet_, curveInUse());
-    if (!table.empty()) dialogs::SetClipboard(table);
+    const std::string table = Module9::curve_table(sheet_, curveInUse());
+    if (!table.empty()) dialogs::set_clipboard(table);
 }
 
 }  // namespace quor::gui

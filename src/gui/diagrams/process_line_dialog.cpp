@@ -51,21 +51,21 @@ class PatientWait {
     explicit PatientWait(QWidget* parent)
         : box_(QString("Waiting for %1, at most %2 s ...")
                    .arg(diagrams::kPolytropicProgram)
-                   .arg(diagrams::polytropicRunner().limit.count() / 1000),
+                   .arg(diagrams::polytropic_runner().limit.count() / 1000),
                "Give up", 0, 0, parent),
-          before_(diagrams::polytropicRunner().pass) {
+          before_(diagrams::polytropic_runner().pass) {
         box_.setObjectName("polytropicWait");
         box_.setWindowTitle("Polytropic process");
         box_.setWindowModality(Qt::WindowModal);
         box_.setMinimumDuration(0);
         box_.show();
-        diagrams::polytropicRunner().pass = [this] {
+        diagrams::polytropic_runner().pass = [this] {
             QCoreApplication::processEvents();
             QThread::msleep(kPause);
             return !box_.wasCanceled();
         };
     }
-    ~PatientWait() { diagrams::polytropicRunner().pass = before_; }
+    ~PatientWait() { diagrams::polytropic_runner().pass = before_; }
     PatientWait(const PatientWait&) = delete;
     PatientWait& operator=(const PatientWait&) = delete;
 
@@ -109,8 +109,8 @@ ProcessLineDialog::ProcessLineDialog(Purpose purpose, std::function<void()> draw
     if (isPolytropic()) layout->addWidget(buildExponents());
 
     auto* start = new QHBoxLayout;
-    estimate_ = form::button(qt(diagrams::TextsOfProcess(kind_).command), "cmdVScalc");
-    estimate_->setToolTip(qt(diagrams::TextsOfProcess(kind_).commandTip));
+    estimate_ = form::button(qt(diagrams::texts_of_process(kind_).command), "cmdVScalc");
+    estimate_->setToolTip(qt(diagrams::texts_of_process(kind_).commandTip));
     estimate_->setVisible(!estimate_->text().isEmpty());
     state_ = form::named(new QLabel, "txtVSCalc");
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -238,7 +238,7 @@ void ProcessLineDialog::showStart() {
 void ProcessLineDialog::offerKappa() {
     const QString typed = kappa_->currentText();
     kappa_->clear();
-    for (const diagrams::KappaOffer& offer : diagrams::KappaOffers(par_[0]->value()))
+    for (const diagrams::KappaOffer& offer : diagrams::kappa_offers(par_[0]->value()))
         if (offer.value > 0) kappa_->addItem(qt(offer.text), offer.value);
     kappa_->setCurrentIndex(-1);
     kappa_->setEditText(typed);
@@ -247,7 +247,7 @@ void ProcessLineDialog::offerKappa() {
 void ProcessLineDialog::follow() {
     const bool heterogeneous = chosen(region_, kHeterogeneous);
     const bool overT = kind_ == Kind::kIsobar || chosen(range_, kTRange);
-    const diagrams::ProcessTexts& texts = diagrams::TextsOfProcess(kind_);
+    const diagrams::ProcessTexts& texts = diagrams::texts_of_process(kind_);
     title_->setText(purpose_ == Purpose::Calculation
                         ? QString("Calculation of a Polytropic Process")
                     : heterogeneous ? qt(texts.heterogeneousTitle)
@@ -269,7 +269,7 @@ void ProcessLineDialog::follow() {
 }
 
 void ProcessLineDialog::continueLast(bool on) {
-    const diagrams::ProcessInput last = diagrams::ContinuedFrom(input());
+    const diagrams::ProcessInput last = diagrams::continued_from(input());
     for (int i = 0; i < 2; ++i) {
         if (on) par_[i]->setValue(last.par[static_cast<std::size_t>(i)]);
         par_[i]->setReadOnly(on);
@@ -288,20 +288,20 @@ diagrams::ProcessInput ProcessLineDialog::input() const {
     in.IdealGasEquation = chosen(eos_, kIdealGas);
     in.EndToBegin = continue_->isChecked();
     if (isPolytropic()) {
-        in.Kappa = numbers::Val(kappa_->currentText().toStdString());
+        in.Kappa = numbers::val(kappa_->currentText().toStdString());
         in.Exponent = number_in(exponent_);
     }
     // The fields show fewer digits than the last point has.
-    return in.EndToBegin ? diagrams::ContinuedFrom(in) : in;
+    return in.EndToBegin ? diagrams::continued_from(in) : in;
 }
 
 void ProcessLineDialog::tellStart() {
     const diagrams::ProcessInput in = input();
     if (!(in.par[0] > 0) || !(in.par[1] > 0)) {
-        dialogs::Tell("Input incomplete or not valid", kRefusal);
+        dialogs::tell("Input incomplete or not valid", kRefusal);
         return;
     }
-    state_->setText(qt(diagrams::StartStateText(kind_, in.par[0], in.par[1])));
+    state_->setText(qt(diagrams::start_state_text(kind_, in.par[0], in.par[1])));
 }
 
 bool ProcessLineDialog::runProgram() {
@@ -309,7 +309,7 @@ bool ProcessLineDialog::runProgram() {
     Code code = Code::kDone;
     {
         const PatientWait wait(this);
-        code = diagrams::RunPolytrope();
+        code = diagrams::run_polytrope();
     }
     switch (code) {
         case Code::kDone:
@@ -322,7 +322,7 @@ bool ProcessLineDialog::runProgram() {
             state_->setText("given up");
             return false;
         default:
-            dialogs::Tell(diagrams::PolytropicErrorText(the_processLine.T1, the_processLine.p1),
+            dialogs::tell(diagrams::polytropic_error_text(the_processLine.T1, the_processLine.p1),
                           kRefusal);
             return false;
     }
@@ -331,16 +331,16 @@ bool ProcessLineDialog::runProgram() {
 void ProcessLineDialog::confirm() {
     const diagrams::ProcessInput in = input();
     if (isPolytropic() && !std::isfinite(in.Exponent)) {
-        dialogs::Tell("Input incomplete or not valid", kRefusal);
+        dialogs::tell("Input incomplete or not valid", kRefusal);
         return;
     }
-    const std::string refusal = diagrams::TakeProcessInput(in);
+    const std::string refusal = diagrams::take_process_input(in);
     if (!refusal.empty()) {
-        dialogs::Tell(refusal, kRefusal);
+        dialogs::tell(refusal, kRefusal);
         return;
     }
     if (isPolytropic()) {
-        state_->setText(qt(diagrams::PhaseText(the_processLine.T1, the_processLine.p1)));
+        state_->setText(qt(diagrams::phase_text(the_processLine.T1, the_processLine.p1)));
         if (!runProgram()) return;
     }
     draw_();

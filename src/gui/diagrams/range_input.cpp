@@ -75,7 +75,7 @@ void RangeInput::askRange() {
     const diagrams::CoordinateDefaults& d = legacy::the_coordinates;
     const QString T = qt(the_session.TemperatureLabel), p = qt(the_session.PressureLabel);
     const bool isobaric = sectionKind_ == Module9::kIsobaric;
-    const Module9::ParameterField fixed = Module9::FieldOf(sectionKind_);
+    const Module9::ParameterField fixed = Module9::field_of(sectionKind_);
     par_[0] = field(isobaric ? 1 : 0, qt(fixed.caption), qt(fixed.unit), fixed.value);
     const QString running = isobaric ? "T" : "p";
     const double low = static_cast<double>(isobaric ? d.TMin : d.pMin);
@@ -99,15 +99,15 @@ void RangeInput::confirm() {
         return edit->holdsNumber() ? edit->value() : -1;
     };
     if (fraction_) {
-        if (Module9::IsVapourFraction(typed(par_[0]))) return accept();
+        if (Module9::is_vapour_fraction(typed(par_[0]))) return accept();
         hint_->setText("Input not in the valid range");
         par_[0]->setMark(hint_->text());
         return;
     }
     const std::string refusal =
-        Module9::TakeRange(sectionKind_, typed(par_[0]), typed(par_[1]), typed(par_[2]));
+        Module9::take_range(sectionKind_, typed(par_[0]), typed(par_[1]), typed(par_[2]));
     if (refusal.empty()) return accept();
-    dialogs::Tell(refusal, "Execution not possible");
+    dialogs::tell(refusal, "Execution not possible");
 }
 
 }  // namespace quor::gui

@@ -17,33 +17,33 @@ using datafiles::GroupFrame;
 constexpr int kFourthPage = 3;
 
 FitView* open_fitting() {
-    if (auto* view = qobject_cast<FitView*>(shell::FindView("frmQFitting"))) {
+    if (auto* view = qobject_cast<FitView*>(shell::findView("frmQFitting"))) {
         view->loadPoints();
-        shell::Activate("frmQFitting");
+        shell::activate("frmQFitting");
         return view;
     }
     auto* view = new FitView;
-    shell::OpenChild(view);
+    shell::openChild(view);
     return view;
 }
 
 void open_groups(GroupFrame frame) {
-    GroupContributionView view(frame, nullptr, shell::FrameWindow());
-    shell::OpenModal(view);
+    GroupContributionView view(frame, nullptr, shell::frameWindow());
+    shell::openModal(view);
 }
 
 }  // namespace
 
 void Install() {
-    actions::RegisterAction("mnuFitting", [] { open_fitting()->showTab(kFourthPage); });
-    actions::RegisterAction("fit_data", [] { open_fitting(); });
-    actions::RegisterAction("mnuData_JOBACK_CritData", [] { open_groups(GroupFrame::Critical); });
-    actions::RegisterAction("mnuData_JOBACK_bildung", [] { open_groups(GroupFrame::Formation); });
-    actions::RegisterAction("mnuData_JOBACK_cpIdG", [] { open_groups(GroupFrame::HeatCapacity); });
-    SubstanceEditorView::SetGroupContributions(
+    actions::register_action("mnuFitting", [] { open_fitting()->showTab(kFourthPage); });
+    actions::register_action("fit_data", [] { open_fitting(); });
+    actions::register_action("mnuData_JOBACK_CritData", [] { open_groups(GroupFrame::Critical); });
+    actions::register_action("mnuData_JOBACK_bildung", [] { open_groups(GroupFrame::Formation); });
+    actions::register_action("mnuData_JOBACK_cpIdG", [] { open_groups(GroupFrame::HeatCapacity); });
+    SubstanceEditorView::setGroupContributions(
         [](GroupFrame frame, datafiles::EditorTexts& texts, QWidget* parent) {
             GroupContributionView view(frame, &texts, parent);
-            shell::OpenModal(view);
+            shell::openModal(view);
         });
 }
 

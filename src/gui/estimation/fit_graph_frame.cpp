@@ -93,15 +93,15 @@ void FitGraphFrame::display(chart::Chart2D chart) {
 }
 
 void FitGraphFrame::showFunction() {
-    display(estimation::ChartOf(estimation::FunctionGraph(fit), false));
+    display(estimation::chartOf(estimation::function_graph(fit), false));
 }
 
 void FitGraphFrame::showResiduals() {
-    display(estimation::ChartOf(estimation::ResidualGraph(fit), true));
+    display(estimation::chartOf(estimation::residual_graph(fit), true));
 }
 
 void FitGraphFrame::showLnp() {
-    if (const auto graph = estimation::LnpGraph(fit)) display(estimation::ChartOf(*graph, false));
+    if (const auto graph = estimation::lnp_graph(fit)) display(estimation::chartOf(*graph, false));
 }
 
 void FitGraphFrame::calculate() {
@@ -111,8 +111,8 @@ void FitGraphFrame::calculate() {
         return;
     }
     const bool forward = direction_[0]->isChecked();
-    const auto result = forward ? estimation::FittedY(fit, value_->value())
-                                : estimation::FittedX(fit, value_->value());
+    const auto result = forward ? estimation::fitted_y(fit, value_->value())
+                                : estimation::fitted_x(fit, value_->value());
     result_->setText(result ? (forward ? "y = " : "T = ") + general(*result) : QString());
 }
 

@@ -142,7 +142,7 @@ FitParameterRows::Row FitParameterRows::buildRow(QGridLayout* grid, int i) {
 }
 
 void FitParameterRows::showModel() {
-    const FitModelRow* model = estimation::FindModel(fit.FitModel);
+    const FitModelRow* model = estimation::find_model(fit.FitModel);
     if (model == nullptr) return;
     for (int i = 0; i < estimation::kMaxPar; ++i) {
         const auto k = static_cast<std::size_t>(i);
@@ -175,7 +175,7 @@ void FitParameterRows::showStartValues() {
 }
 
 void FitParameterRows::showResults() {
-    const FitModelRow* model = estimation::FindModel(fit.FitModel);
+    const FitModelRow* model = estimation::find_model(fit.FitModel);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const Row& row = rows_[i];
         const bool used = fit.fitted && static_cast<int>(i) < fit.NPar;
@@ -222,13 +222,13 @@ void FitParameterRows::shade(int i) {
 }
 
 void FitParameterRows::takeResult(int i) {
-    estimation::TakeResultAsStart(fit, i);
+    estimation::take_result_as_start(fit, i);
     const auto k = static_cast<std::size_t>(i);
     showNumber(rows_[k].start, number(fit.FitStart[k]));
 }
 
 void FitParameterRows::takeAllResults() {
-    estimation::TakeAllResultsAsStart(fit);
+    estimation::take_all_results_as_start(fit);
     showStartValues();
 }
 

@@ -88,7 +88,7 @@ FitQualityFrame::FitQualityFrame(QWidget* parent) : QGroupBox(parent) {
 void FitQualityFrame::showFit() {
     setVisible(fit.fitted);
     if (!fit.fitted) return;
-    const estimation::QualityTexts texts = estimation::QualityOf(fit);
+    const estimation::QualityTexts texts = estimation::quality_of(fit);
     setTitle(qt(texts.caption));
     SQ_->setText(qt(texts.SQ));
     sR_->setText(qt(texts.sR));
@@ -97,14 +97,14 @@ void FitQualityFrame::showFit() {
     deviations_->setText(deviations());
     deviations_->setVisible(!deviations_->text().isEmpty());
     QStringList notes;
-    for (const std::string& note : estimation::FitNotes(fit)) notes << qt(note);
+    for (const std::string& note : estimation::fit_notes(fit)) notes << qt(note);
     notes_->setText(notes.join('\n'));
     notes_->setVisible(!notes.isEmpty());
     showCorrelation();
 }
 
 void FitQualityFrame::showCorrelation() {
-    const FitModelRow* model = estimation::FindModel(fit.FitModel);
+    const FitModelRow* model = estimation::find_model(fit.FitModel);
     const estimation::FitReport& report = fit.report;
     correlation_->setVisible(report.hasCorrelation);
     correlationCaption_->setVisible(report.hasCorrelation);

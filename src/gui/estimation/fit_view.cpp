@@ -39,7 +39,7 @@ QString qt(std::string_view s) {
 }
 
 bool isLinear() {
-    const FitModelRow* row = estimation::FindModel(fit.FitModel);
+    const FitModelRow* row = estimation::find_model(fit.FitModel);
     return row != nullptr && row->basis != nullptr;
 }
 
@@ -95,7 +95,7 @@ QWidget* FitView::buildTabs() {
     tabs_ = form::named(new QTabWidget, "SSTab1");
     tabs_->setUsesScrollButtons(false);
     for (int tab = 0; tab < kTabs; ++tab)
-        tabs_->addTab(buildPage(tab), qt(estimation::TabCaption(static_cast<FitTab>(tab))));
+        tabs_->addTab(buildPage(tab), qt(estimation::tab_caption(static_cast<FitTab>(tab))));
     data_ = form::named(new QLabel, "lblData");
     tabs_->setCornerWidget(data_);
     connect(tabs_, &QTabWidget::currentChanged, this, &FitView::showTab);
@@ -107,7 +107,7 @@ QWidget* FitView::buildPage(int tab) {
     auto* page = new QWidget;
     auto* grid = form::grid(page);
     int n = 0;
-    for (const FitModelRow& row : estimation::FitModels()) {
+    for (const FitModelRow& row : estimation::fit_models()) {
         if (static_cast<int>(row.tab) != tab) continue;
         auto* option =
             form::named(new QRadioButton(qt(row.name)), QString("optFit_%1").arg(row.number));
@@ -134,7 +134,7 @@ QWidget* FitView::buildPage(int tab) {
                 [](int id) { fit.cpPhase = static_cast<estimation::CpPhase>(id); });
         grid->addLayout(box, next++, 0, 1, 2);
     }
-    const std::string_view units = estimation::UnitText(static_cast<FitTab>(tab));
+    const std::string_view units = estimation::unit_text(static_cast<FitTab>(tab));
     if (!units.empty()) grid->addWidget(form::note(qt(units)), next++, 0, 1, 2);
     grid->setRowStretch(next, 1);
     grid->setColumnStretch(1, 1);
@@ -158,7 +158,7 @@ QWidget* FitView::buildEquation() {
     row->setSpacing(theme::kGroupGap);
     row->addWidget(lg_);
     for (const std::size_t i : {0U, 1U}) {
-        logFit_[i] = form::named(new QRadioButton(qt(estimation::LogFitCaption(i == 1))),
+        logFit_[i] = form::named(new QRadioButton(qt(estimation::log_fit_caption(i == 1))),
                                  QString("optLogFit_%1").arg(static_cast<int>(i)));
         logFit_[i]->setChecked(i == 0);
         connect(logFit_[i], &QRadioButton::clicked, this, [i] { fit.FitLogSQ = i == 1; });
@@ -179,10 +179,10 @@ QWidget* FitView::buildCommands() {
     connect(apply_, &QPushButton::clicked, this, &FitView::apply);
     target_ = form::named(form::note(), "lblTarget");
     QPushButton* xy = form::button("Data import    &XY-editor", "cmdGotoXYEditor");
-    xy->setEnabled(actions::Has(kXYEditor));
+    xy->setEnabled(actions::has(kXYEditor));
     connect(xy, &QPushButton::clicked, this, [] { actions::Run(kXYEditor); });
     QPushButton* tpv = form::button("Data import &T-p-V-editor", "cmdGotoTpvEditor");
-    tpv->setEnabled(actions::Has(kTpvEditor));
+    tpv->setEnabled(actions::has(kTpvEditor));
     connect(tpv, &QPushButton::clicked, this, [] { actions::Run(kTpvEditor); });
     QPushButton* print = form::button("P&rint", "cmdPrint");
     connect(print, &QPushButton::clicked, this, [this] {
@@ -190,7 +190,7 @@ QWidget* FitView::buildCommands() {
             {.title = "Fitting", .font = "COURIER", .text = form::textOf(this).toStdString()});
     });
     QPushButton* help = form::button("&Help", "Hilfe");
-    shell::ConnectHelp(help, help::kFitting);
+    shell::connectHelp(help, help::kFitting);
     QPushButton* close = form::button("&Close", "ESC");
     connect(close, &QPushButton::clicked, this, &FitView::closeView);
 
@@ -211,21 +211,21 @@ QWidget* FitView::buildCommands() {
 }
 
 void FitView::loadPoints() {
-    estimation::LoadFitPoints(fit);
-    title_->setText(qt(estimation::FitTitle(fit)));
+    estimation::load_fit_points(fit);
+    title_->setText(qt(estimation::fit_title(fit)));
     const std::string& substance = legacy::the_substance.Name;
-    target_->setText(substance.empty() ? QString() : qt(estimation::TargetCaption(substance)));
+    target_->setText(substance.empty() ? QString() : qt(estimation::target_caption(substance)));
     apply_->setEnabled(!substance.empty());
     dropResults();
 }
 
 void FitView::showTab(int index) {
     tabs_->setCurrentIndex(index);
-    data_->setText(qt(estimation::DataCaption(static_cast<FitTab>(index))));
+    data_->setText(qt(estimation::data_caption(static_cast<FitTab>(index))));
 }
 
 void FitView::chooseModel(int number) {
-    if (!estimation::ChooseModel(fit, static_cast<std::int16_t>(number), legacy::the_substance))
+    if (!estimation::choose_model(fit, static_cast<std::int16_t>(number), legacy::the_substance))
         return;
     for (QRadioButton* option : logFit_) option->setEnabled(!isLinear());
     showEquation();
@@ -234,24 +234,24 @@ void FitView::chooseModel(int number) {
 }
 
 void FitView::showEquation() {
-    const FitModelRow* row = estimation::FindModel(fit.FitModel);
+    const FitModelRow* row = estimation::find_model(fit.FitModel);
     if (row == nullptr) return;
     lg_->setVisible(!row->captionLg.empty());
     lg_->setChecked(fit.lg);
-    equation_->setText(qt(estimation::EquationCaption(*row, fit.lg)));
+    equation_->setText(qt(estimation::equation_caption(*row, fit.lg)));
     remark_->setText(qt(row->remark));
     remark_->setVisible(!row->remark.empty());
 }
 
 // The start values of the other form come in as long as nobody has changed them.
 void FitView::changeForm(bool lg) {
-    const FitModelRow* row = estimation::FindModel(fit.FitModel);
+    const FitModelRow* row = estimation::find_model(fit.FitModel);
     if (row == nullptr) return;
     rows_->read();
     const double Tcr = legacy::the_substance.Tcrit;
-    const bool untouched = fit.FitStart == estimation::StartValues(*row, fit.lg, Tcr);
+    const bool untouched = fit.FitStart == estimation::start_values(*row, fit.lg, Tcr);
     fit.lg = lg;
-    if (untouched) fit.FitStart = estimation::StartValues(*row, fit.lg, Tcr);
+    if (untouched) fit.FitStart = estimation::start_values(*row, fit.lg, Tcr);
     rows_->showStartValues();
     showEquation();
     dropResults();
@@ -259,12 +259,12 @@ void FitView::changeForm(bool lg) {
 
 void FitView::start() {
     rows_->read();
-    if (estimation::StartFit(fit)) showResults();
+    if (estimation::start_fit(fit)) showResults();
 }
 
 void FitView::propose() {
     rows_->read();
-    if (estimation::ProposeStartValues(fit)) rows_->showStartValues();
+    if (estimation::propose_start_values(fit)) rows_->showStartValues();
 }
 
 void FitView::apply() {

@@ -249,7 +249,7 @@ QWidget* GroupContributionView::buildCommands() {
                         .text = form::textOf(this).toStdString()});
     });
     QPushButton* help = form::button("&Help", "Hilfe");
-    shell::ConnectHelp(help, help::kGroupContributions);
+    shell::connectHelp(help, help::kGroupContributions);
     QPushButton* close = form::button("&Close", "cmdEsc");
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     layout->addWidget(clear);
@@ -264,17 +264,17 @@ QWidget* GroupContributionView::buildCommands() {
 estimation::GroupCounts GroupContributionView::counts() const {
     estimation::GroupCounts counts{};
     for (std::size_t i = 0; i < counts.size(); ++i)
-        counts[i] = estimation::GroupCount(groups_[i]->text().toStdString());
+        counts[i] = estimation::group_count(groups_[i]->text().toStdString());
     return counts;
 }
 
 double GroupContributionView::knownBoilingPoint() const {
-    return editor_ != nullptr ? numbers::ValInput((*editor_)[kFieldTboil])
+    return editor_ != nullptr ? numbers::val_input((*editor_)[kFieldTboil])
                               : static_cast<double>(legacy::the_substance.Tboil);
 }
 
 void GroupContributionView::showMolarMass() {
-    molarMass_->setText(general(estimation::MolarMass(counts())));
+    molarMass_->setText(general(estimation::molar_mass(counts())));
 }
 
 void GroupContributionView::clearResults() {
@@ -305,41 +305,41 @@ void GroupContributionView::reset() {
 void GroupContributionView::calculateCritical() {
     clearResults();
     const estimation::GroupCounts groups = counts();
-    critical_ = estimation::CalcCritical(groups, knownBoilingPoint());
-    Tb_->setText(qt(estimation::TemperatureText(critical_.Tb)));
-    Tf_->setText(qt(estimation::TemperatureText(critical_.Tf)));
-    Tc_->setText(qt(estimation::TemperatureText(critical_.Tc)));
-    pc_->setText(qt(estimation::PressureText(critical_.pc)));
+    critical_ = estimation::calc_critical(groups, knownBoilingPoint());
+    Tb_->setText(qt(estimation::temperature_text(critical_.Tb)));
+    Tf_->setText(qt(estimation::temperature_text(critical_.Tf)));
+    Tc_->setText(qt(estimation::temperature_text(critical_.Tc)));
+    pc_->setText(qt(estimation::pressure_text(critical_.pc)));
     Vc_->setText(qt(estimation::VolumeText(critical_.Vc)));
-    rhoc_->setText(qt(estimation::DensityText(critical_.rhoc)));
-    if (critical_.rhoc) rhoc_->setToolTip(qt(estimation::DensityTooltip(groups)));
+    rhoc_->setText(qt(estimation::density_text(critical_.rhoc)));
+    if (critical_.rhoc) rhoc_->setToolTip(qt(estimation::density_tooltip(groups)));
 }
 
 void GroupContributionView::calculateFormation() {
     clearResults();
-    formation_ = estimation::CalcFormation(counts());
-    dfh_->setText(qt(estimation::FormationText(formation_.dfh)));
-    dfg_->setText(qt(estimation::FormationText(formation_.dfg)));
+    formation_ = estimation::calc_formation(counts());
+    dfh_->setText(qt(estimation::formation_text(formation_.dfh)));
+    dfg_->setText(qt(estimation::formation_text(formation_.dfg)));
     offerTransfer(formation_.dfh || formation_.dfg);
 }
 
 void GroupContributionView::calculateHeatCapacity() {
     clearResults();
-    cp_ = estimation::CalcCp(counts());
+    cp_ = estimation::calc_cp(counts());
     if (!cp_) return;
     for (std::size_t i = 0; i < C_.size(); ++i) C_[i]->setText(general((*cp_)[i]));
     offerTransfer(true);
 }
 
 void GroupContributionView::showOmega() {
-    estimation::ShowOmega(critical_.Tb.value_or(0), critical_.Tc.value_or(0),
-                          critical_.pc.value_or(0));
+    estimation::show_omega(critical_.Tb.value_or(0), critical_.Tc.value_or(0),
+                           critical_.pc.value_or(0));
 }
 
 void GroupContributionView::apply() {
     const auto transfer = [&](auto& target) {
-        if (frame_ == GroupFrame::Formation) estimation::TransferFormation(formation_, target);
-        if (frame_ == GroupFrame::HeatCapacity && cp_) estimation::TransferCp(*cp_, target);
+        if (frame_ == GroupFrame::Formation) estimation::transfer_formation(formation_, target);
+        if (frame_ == GroupFrame::HeatCapacity && cp_) estimation::transfer_cp(*cp_, target);
     };
     if (editor_ != nullptr) {
         transfer(*editor_);

@@ -53,7 +53,7 @@ double ManualVirialDialog::coefficient(std::size_t index) const {
 }
 
 void ManualVirialDialog::confirm() {
-    if (!MarkWrongNumber(fields_)) accept();
+    if (!markWrongNumber(fields_)) accept();
 }
 
 }  // namespace quor::gui

@@ -59,7 +59,7 @@ void ModelDialog::build() {
     watson_->setEditable(true);
     watson_->setInsertPolicy(QComboBox::NoInsert);
     for (const std::string& exponent : choice_.watson()) watson_->addItem(qt(exponent));
-    watson_->setEditText(qt(choice_.watsonText()));
+    watson_->setEditText(qt(choice_.watson_text()));
     watsonCaption_ = form::caption("&WATSON-exponent:", watson_);
     watsonCaption_->setObjectName("lblWatson");
 
@@ -71,7 +71,7 @@ void ModelDialog::build() {
 }
 
 void ModelDialog::arrange() {
-    const models::DensityNote density = models::LiquidDensityNote(legacy::the_substance);
+    const models::DensityNote density = models::liquid_density_note(legacy::the_substance);
     auto* grid = form::grid();
     grid->setContentsMargins({});
     const auto row = [&](int n, const QString& caption, QWidget* field, const QString& help,
@@ -113,7 +113,7 @@ void ModelDialog::arrange() {
     QPushButton* cancel = form::button("&Cancel", "cmdEsc");
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     QPushButton* showData = form::button("Show Data", "cmdData");
-    showData->setEnabled(actions::Has(kEditData));
+    showData->setEnabled(actions::has(kEditData));
     connect(showData, &QPushButton::clicked, this, &ModelDialog::editData);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
@@ -143,9 +143,9 @@ void ModelDialog::arrange() {
           Help{hlvHelp, help::kVaporisation, &m.HLVModel}, Help{cpHelp, help::kIdealGasCp, nullptr},
           Help{rhoHelp, help::kLiquidDensity, nullptr},
           Help{priorityHelp, help::kPriority, nullptr}}) {
-        h.button->setEnabled(shell::HelpAvailable());
+        h.button->setEnabled(shell::helpAvailable());
         connect(h.button, &QToolButton::clicked, this,
-                [h] { shell::ShowHelp(h.topic + (h.code == nullptr ? 0 : *h.code)); });
+                [h] { shell::showHelp(h.topic + (h.code == nullptr ? 0 : *h.code)); });
     }
 }
 
@@ -153,45 +153,45 @@ void ModelDialog::connectLists() {
     const auto index = [](int row) { return static_cast<std::size_t>(row); };
     connect(eos_, &QComboBox::currentIndexChanged, this, [this, index](int row) {
         if (row < 0) return;
-        const bool manual = choice_.ChooseEOS(index(row));
+        const bool manual = choice_.choose_eos(index(row));
         follow();
         if (manual) askManualVirial();
     });
     connect(vp_, &QComboBox::currentIndexChanged, this, [this, index](int row) {
-        if (row >= 0) choice_.ChooseVP(index(row));
+        if (row >= 0) choice_.choose_vp(index(row));
     });
     connect(hlv_, &QComboBox::currentIndexChanged, this, [this, index](int row) {
         if (row < 0) return;
-        choice_.ChooseHLV(index(row));
+        choice_.choose_hlv(index(row));
         follow();
     });
     connect(cp_, &QComboBox::currentIndexChanged, this, [this, index](int row) {
-        if (row >= 0) choice_.ChooseCp(index(row));
+        if (row >= 0) choice_.choose_cp(index(row));
     });
     connect(watson_, &QComboBox::editTextChanged, this,
-            [this](const QString& typed) { choice_.SetWatson(typed.toStdString()); });
+            [this](const QString& typed) { choice_.set_watson(typed.toStdString()); });
     connect(priority_[0], &QRadioButton::toggled, this, [this](bool ceos) {
-        if (choice_.priorityEnabled()) choice_.SetPriorityCEOS(ceos);
+        if (choice_.priority_enabled()) choice_.set_priority_ceos(ceos);
     });
 }
 
 void ModelDialog::fillLists() {
-    fill(eos_, choice_.eos(), choice_.eosIndex());
+    fill(eos_, choice_.eos(), choice_.eos_index());
     fill(vp_, choice_.vp(), choice_.vpIndex());
-    fill(hlv_, choice_.hlv(), choice_.hlvIndex());
-    fill(cp_, choice_.cp(), choice_.cpIndex());
+    fill(hlv_, choice_.hlv(), choice_.hlv_index());
+    fill(cp_, choice_.cp(), choice_.cp_index());
 }
 
 // What can be chosen follows the data as they stand after the editor.
 void ModelDialog::editData() {
     actions::Run(kEditData);
-    choice_.Renew();
+    choice_.renew();
     fillLists();
     const QSignalBlocker quiet(watson_);
     watson_->clear();
     for (const std::string& exponent : choice_.watson()) watson_->addItem(qt(exponent));
-    watson_->setEditText(qt(choice_.watsonText()));
-    const models::DensityNote density = models::LiquidDensityNote(legacy::the_substance);
+    watson_->setEditText(qt(choice_.watson_text()));
+    const models::DensityNote density = models::liquid_density_note(legacy::the_substance);
     densityState_->setText(qt(density.state));
     densityRange_->setText(qt(density.range));
     setWindowTitle(" Select the calculation models for " + qt(legacy::the_substance.Name));
@@ -207,10 +207,10 @@ void ModelDialog::fill(QComboBox* box, const models::ModelEntries& entries, std:
 
 void ModelDialog::follow() {
     if (static_cast<std::size_t>(hlv_->count()) != choice_.hlv().size())
-        fill(hlv_, choice_.hlv(), choice_.hlvIndex());
-    watsonCaption_->setVisible(choice_.watsonVisible());
-    watson_->setVisible(choice_.watsonVisible());
-    priorityFrame_->setEnabled(choice_.priorityEnabled());
+        fill(hlv_, choice_.hlv(), choice_.hlv_index());
+    watsonCaption_->setVisible(choice_.watson_visible());
+    watson_->setVisible(choice_.watson_visible());
+    priorityFrame_->setEnabled(choice_.priority_enabled());
     const QSignalBlocker quiet0(priority_[0]), quiet1(priority_[1]);
     priority_[0]->setChecked(legacy::the_models.PriorityCEOS);
     priority_[1]->setChecked(!legacy::the_models.PriorityCEOS);
@@ -218,8 +218,8 @@ void ModelDialog::follow() {
 
 void ModelDialog::askManualVirial() {
     ManualVirialDialog input(this);
-    if (shell::OpenModal(input) != QDialog::Accepted) return;
-    choice_.SetManualVirial(input.coefficient(0), input.coefficient(1), input.coefficient(2));
+    if (shell::openModal(input) != QDialog::Accepted) return;
+    choice_.set_manual_virial(input.coefficient(0), input.coefficient(1), input.coefficient(2));
 }
 
 void ModelDialog::confirm() {

@@ -30,14 +30,14 @@ QString qt(std::string_view s) {
 }
 
 models::ReferenceCaptions captions() {
-    return models::CaptionsOf(legacy::the_session.CaloricUnit);
+    return models::captions_of(legacy::the_session.CaloricUnit);
 }
 
 // The factor of the present substance: that of the session is as old as the last calculation.
 double present_factor() {
     const legacy::Session& session = legacy::the_session;
     try {
-        return session::CaloricFactorOf(session.CaloricUnit, session.DiagramT);
+        return session::caloric_factor_of(session.CaloricUnit, session.DiagramT);
     } catch (const faults::Fault&) {
         return session.CaloricFactor;
     }
@@ -57,9 +57,9 @@ ReferenceStateDialog::ReferenceStateDialog(QWidget* parent)
     setWindowTitle(" Calculation of Thermodynamic Functions Z");
     arrange();
     const models::ReferenceState& reference = legacy::the_reference;
-    const ReferenceOption present = models::ReferenceOptionOf(reference.RefMode);
+    const ReferenceOption present = models::reference_option_of(reference.RefMode);
     options_->button(static_cast<int>(present))->setChecked(true);
-    fill(models::FieldsOf(reference, factor_));
+    fill(models::fields_of(reference, factor_));
     enable(present);
 }
 
@@ -119,7 +119,7 @@ void ReferenceStateDialog::arrange() {
     QPushButton* escape = form::button("Cancel", "ESC");
     connect(escape, &QPushButton::clicked, this, &QDialog::reject);
     QPushButton* page = form::button("Help", "cmdReferenzHelp");
-    shell::ConnectHelp(page, help::kReferenceState);
+    shell::connectHelp(page, help::kReferenceState);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(page);
@@ -153,19 +153,19 @@ models::ReferenceFields ReferenceStateDialog::typed() const {
 }
 
 void ReferenceStateDialog::choose(ReferenceOption chosen) {
-    if (chosen == ReferenceOption::Formation) fill(models::AfterChoice(chosen, typed()));
+    if (chosen == ReferenceOption::Formation) fill(models::after_choice(chosen, typed()));
     enable(chosen);
 }
 
 void ReferenceStateDialog::enable(ReferenceOption chosen) {
     for (std::size_t i = 0; i < fields_.size(); ++i)
-        fields_[i]->setEnabled(models::IsEditable(chosen, static_cast<models::ReferenceField>(i)));
+        fields_[i]->setEnabled(models::is_editable(chosen, static_cast<models::ReferenceField>(i)));
 }
 
 void ReferenceStateDialog::confirm() {
-    if (MarkWrongNumber(fields_)) return;
+    if (markWrongNumber(fields_)) return;
     if (!models::StoreReference(option(), typed(), factor_, legacy::the_reference)) {
-        dialogs::Tell("A number is beyond the range of its field.", "Execution not possible");
+        dialogs::tell("A number is beyond the range of its field.", "Execution not possible");
         return;
     }
     accept();

@@ -43,7 +43,7 @@ QCheckBox* check(const QString& text, const QString& name, bool on) {
 
 }  // namespace
 
-OptionsDialog::OptionsDialog(QWidget* parent) : QDialog(parent), opened_(session::OpenOptions()) {
+OptionsDialog::OptionsDialog(QWidget* parent) : QDialog(parent), opened_(session::open_options()) {
     setObjectName("frmOptions");
     setWindowTitle("   Options");
 
@@ -110,10 +110,10 @@ QWidget* OptionsDialog::unitFrame() {
 QWidget* OptionsDialog::referenceFrame() {
     QGroupBox* box = form::frame("Reference state for thermodynamic", "fraReference");
     QPushButton* view = form::button("&Viewing / Setting", "Command1");
-    view->setEnabled(actions::Has(kReferenceState));
+    view->setEnabled(actions::has(kReferenceState));
     connect(view, &QPushButton::clicked, this, [] { actions::Run(kReferenceState); });
     QToolButton* help = form::helpButton("cmdReferenzHelp", "reference state");
-    shell::ConnectHelp(help, help::kReferenceState);
+    shell::connectHelp(help, help::kReferenceState);
     auto* row = new QHBoxLayout;
     row->addWidget(view, 1);
     row->addWidget(help);
@@ -129,7 +129,7 @@ QWidget* OptionsDialog::curveFrame() {
     realRange_ = check("draw real &range (T>T(trip) or p> p(trip) resp.)", "chkCurveTpRestricted",
                        opened_.realRange);
     QToolButton* help = form::helpButton("cmdRealBreichHelp", "draw real range");
-    shell::ConnectHelp(help, help::kRealRange);
+    shell::connectHelp(help, help::kRealRange);
     sCurve_ = check("for cubic EOS: at T < T(cr) only draw S-shaped curve &without tie line",
                     "chkSKurveOhneKonnode", opened_.sWithoutTieLine);
     sCurve_->setEnabled(opened_.sCurvePossible);
@@ -181,10 +181,10 @@ void OptionsDialog::apply() {
     c.sWithoutTieLine = sCurve_->isChecked();
     c.partialGas = partialGas_->isChecked();
     c.points = points_->value();
-    if (!session::ApplyOptions(c)) return;
+    if (!session::apply_options(c)) return;
     // The axes of an open diagram are no longer valid in other units.
     actions::Run("CalcCoordinateDefaults");
-    if (legacy::the_session.UnitsChanged) shell::CloseViews({"frmGraph2D", "frmGraph3D"});
+    if (legacy::the_session.UnitsChanged) shell::closeViews({"frmGraph2D", "frmGraph3D"});
     shell::Refresh();
     accept();
 }

@@ -36,7 +36,7 @@ QMenu* addMenu(QWidget* view, QMenuBar* bar, const QString& caption, const QStri
 }
 
 picture_commands::Picture pictureOf(const chart::Chart3D& c) {
-    return {chart::PaintingOf(c), c.print, QString::fromStdString(c.header.text)};
+    return {chart::paintingOf(c), c.print, QString::fromStdString(c.header.text)};
 }
 
 }  // namespace
@@ -67,7 +67,7 @@ QAction* SurfaceWindow::toggle(QMenu* menu, const QString& caption, const QStrin
 void SurfaceWindow::buildFileMenu() {
     QMenu* menu = addMenu(this, menuBar(), "&File", "mnuFile");
     command(menu, "Load a diagram ...", "mnuLoadOC3", [this] { loadOC3(); });
-    command(menu, "Save the diagram ...", "mnuSaveOC3", [this] { Module9::SaveOC3(sheet_); });
+    command(menu, "Save the diagram ...", "mnuSaveOC3", [this] { Module9::save_oc3(sheet_); });
     menu->addSeparator();
     command(menu, "Back to the main menu", "mnuHaupt", [this] { closeView(); });
 }
@@ -77,7 +77,7 @@ void SurfaceWindow::buildAddMenu() {
     QAction* critical =
         command(menu, "Critical point", "mnuAddCritPoint", [this] { markCritical(); });
     critical->setCheckable(true);
-    rules_.emplace_back(critical, [this] { return Module9::HasCriticalMark(sheet_); });
+    rules_.emplace_back(critical, [this] { return Module9::has_critical_mark(sheet_); });
 }
 
 void SurfaceWindow::buildViewMenu() {

@@ -85,7 +85,7 @@ SurfaceLimitsDialog::SurfaceLimitsDialog(Module9::SurfaceSheet& sheet, QWidget* 
     grid->setContentsMargins({});
     QVBoxLayout* layout = column(this);
     layout->addLayout(grid);
-    const Module9::SurfaceKind* kind = Module9::FindSurface(sheet.Diagram3DKind);
+    const Module9::SurfaceKind* kind = Module9::find_surface(sheet.Diagram3DKind);
     for (const LimitRow& row : kLimits) {
         if (kind == nullptr || !is_used(row, *kind)) continue;
         auto* edit = form::named(new NumberEdit, row.name);
@@ -104,8 +104,8 @@ SurfaceLimitsDialog::SurfaceLimitsDialog(Module9::SurfaceSheet& sheet, QWidget* 
     connect(ok, &QPushButton::clicked, this, &SurfaceLimitsDialog::confirm);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(proposed, &QPushButton::clicked, this, [this] {
-        session::RefreshUnits();
-        show(Module9::DefaultGrid(sheet_.Diagram3DKind, sheet_.SCurve3D));
+        session::refresh_units();
+        show(Module9::default_grid(sheet_.Diagram3DKind, sheet_.SCurve3D));
     });
     QHBoxLayout* buttons = buttonRow();
     buttons->addWidget(proposed);
@@ -126,7 +126,7 @@ void SurfaceLimitsDialog::show(const Grid3D& limits) {
 void SurfaceLimitsDialog::confirm() {
     std::vector<NumberEdit*> edits;
     for (const Field& field : fields_) edits.push_back(field.edit);
-    if (MarkWrongNumber(edits, false)) return;
+    if (markWrongNumber(edits, false)) return;
     Grid3D limits = sheet_.limits;
     for (const Field& field : fields_)
         limits.*field.limit = static_cast<float>(field.edit->value());
@@ -152,7 +152,7 @@ MeshlinesDialog::MeshlinesDialog(Module9::SurfaceSheet& sheet, QWidget* parent) 
     ok->setDefault(true);
     QPushButton* cancel = form::button("&Cancel", "cmdIXIY_Cancel");
     connect(ok, &QPushButton::clicked, this, [this, &sheet, nx, ny] {
-        Module9::SetMeshlines(sheet, nx->value(), ny->value());
+        Module9::set_meshlines(sheet, nx->value(), ny->value());
         accept();
     });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -43,18 +43,18 @@ SurfaceWindow* SurfaceWindow::current() {
 void SurfaceWindow::Open() {
     const std::size_t others = openSurfaces().size();
     auto* view = new SurfaceWindow;
-    shell::OpenChild(view);
+    shell::openChild(view);
     // A further surface does not hide the one before.
     auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
     if (window != nullptr && others > 0) window->move(window->pos() + QPoint(kCascade, kCascade));
-    Module9::TellEmptySurface(view->sheet_.chart);
+    Module9::tell_empty_surface(view->sheet_.chart);
 }
 
 SurfaceWindow::SurfaceWindow() {
     setObjectName("frmGraph3D");
     setWindowIcon(theme::icon("graph3d"));
     setContextMenuPolicy(Qt::NoContextMenu);
-    Module9::OpenSurface(sheet_);
+    Module9::open_surface(sheet_);
     setCaption();
 
     canvas_ = new chart::Chart3DWidget(sheet_.chart, this);
@@ -83,7 +83,7 @@ SurfaceWindow::SurfaceWindow() {
 
     using chart::Chart3DWidget;
     connect(canvas_, &Chart3DWidget::surfaceMoved, this, [this](double x, double y, double z) {
-        status_->setText(qt(Module9::SurfaceReadout(sheet_.chart, x, y, z)));
+        status_->setText(qt(Module9::surface_readout(sheet_.chart, x, y, z)));
     });
     connect(canvas_, &Chart3DWidget::surfaceLeft, this, [this] { status_->setText(kHint); });
     connect(canvas_, &Chart3DWidget::viewChanged, this, &SurfaceWindow::followView);
@@ -98,7 +98,7 @@ SurfaceWindow::~SurfaceWindow() {
 }
 
 void SurfaceWindow::becomeCurrent() {
-    if (openSurfaces().use(this)) Module9::GiveToSession(sheet_);
+    if (openSurfaces().use(this)) Module9::give_to_session(sheet_);
 }
 
 void SurfaceWindow::showEvent(QShowEvent* event) {
@@ -125,33 +125,33 @@ void SurfaceWindow::closeView() {
 // ---------------------------------------------------------------------------------------- commands
 
 void SurfaceWindow::newDraw() {
-    Module9::NewDraw(sheet_);
+    Module9::new_draw(sheet_);
     setCaption();
     refresh();
 }
 
 void SurfaceWindow::askLimits() {
-    SurfaceLimitsDialog box(sheet_, shell::FrameWindow());
-    if (shell::OpenModal(box) == QDialog::Accepted) refresh();
+    SurfaceLimitsDialog box(sheet_, shell::frameWindow());
+    if (shell::openModal(box) == QDialog::Accepted) refresh();
 }
 
 void SurfaceWindow::askMeshlines() {
-    MeshlinesDialog box(sheet_, shell::FrameWindow());
-    if (shell::OpenModal(box) == QDialog::Accepted) refresh();
+    MeshlinesDialog box(sheet_, shell::frameWindow());
+    if (shell::openModal(box) == QDialog::Accepted) refresh();
 }
 
 void SurfaceWindow::markCritical() {
-    if (Module9::HasCriticalMark(sheet_))
-        Module9::RemoveCriticalMark(sheet_);
+    if (Module9::has_critical_mark(sheet_))
+        Module9::remove_critical_mark(sheet_);
     else
-        Module9::AddCriticalPoint(sheet_.chart);
+        Module9::add_critical_point(sheet_.chart);
     refresh();
 }
 
 void SurfaceWindow::loadOC3() {
-    const std::string file = Module9::LoadOC3(sheet_);
+    const std::string file = Module9::load_oc3(sheet_);
     if (file.empty()) return;
-    setCaption(qt(session::FileTitle(file)));
+    setCaption(qt(session::file_title(file)));
     refresh();
 }
 
@@ -177,8 +177,8 @@ void SurfaceWindow::refresh() {
 namespace graph3d_views {
 
 void Install() {
-    Module9::Views3D() = {.openDiagram = SurfaceWindow::Open};
-    actions::RegisterAction("Diagram3D", Module9::PrepareDiagram3D);
+    Module9::views3_d() = {.openDiagram = SurfaceWindow::Open};
+    actions::register_action("Diagram3D", Module9::prepare_diagram3_d);
 }
 
 }  // namespace graph3d_views

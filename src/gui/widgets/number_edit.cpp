@@ -39,7 +39,7 @@ NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent) {
 }
 
 double NumberEdit::value() const {
-    return numbers::ValInput(text().toStdString());
+    return numbers::val_input(text().toStdString());
 }
 
 bool NumberEdit::holdsNumber() const {
@@ -91,7 +91,7 @@ QSize NumberEdit::sizeHint() const {
     return {fontMetrics().horizontalAdvance('0') * kDigitsShown + usual.height(), usual.height()};
 }
 
-bool MarkWrongNumber(std::span<NumberEdit* const> fields, bool mayBeEmpty) {
+bool markWrongNumber(std::span<NumberEdit* const> fields, bool mayBeEmpty) {
     for (NumberEdit* field : fields) {
         const bool empty = field->text().trimmed().isEmpty();
         if (field->isHidden() || field->holdsNumber() || (empty && mayBeEmpty)) continue;

@@ -39,6 +39,6 @@ class NumberEdit : public QLineEdit {
 
 /// Marks the first visible field whose text is no number, and gives it the focus. True when there
 /// is one; an empty field is none as long as `mayBeEmpty`.
-bool MarkWrongNumber(std::span<NumberEdit* const> fields, bool mayBeEmpty = true);
+bool markWrongNumber(std::span<NumberEdit* const> fields, bool mayBeEmpty = true);
 
 }  // namespace quor::gui

@@ -196,7 +196,7 @@ QFont fitting_font(const QPainter& painter, const PrintJob& job,
 }  // namespace
 
 QString toolkit_filter(const std::string& filter) {
-    const std::vector<std::string> parts = text::Split(filter, '|');
+    const std::vector<std::string> parts = text::split(filter, '|');
     QStringList entries;
     for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
         // The toolkit reads the patterns from the last parentheses, so they stand there even when
@@ -205,7 +205,7 @@ QString toolkit_filter(const std::string& filter) {
         const qsizetype paren = caption.lastIndexOf('(');
         if (paren > 0 && caption.indexOf('*', paren) > paren)
             caption = caption.left(paren).trimmed();
-        const QString patterns = qt(text::ReplaceAll(parts[i + 1], ";", " "));
+        const QString patterns = qt(text::replace_all(parts[i + 1], ";", " "));
         entries << caption + " (" + patterns + ")";
     }
     return entries.join(";;");

@@ -29,15 +29,15 @@ bool is_open(const QWidget* view) {
 
 }  // namespace
 
-void SetFrame(Frame* newFrame) {
+void setFrame(Frame* newFrame) {
     frame = newFrame;
 }
 
-QWidget* FrameWindow() {
+QWidget* frameWindow() {
     return frame == nullptr ? nullptr : frame->window();
 }
 
-void OpenChild(QWidget* view) {
+void openChild(QWidget* view) {
     if (frame != nullptr) {
         frame->addChild(view);
         return;
@@ -46,7 +46,7 @@ void OpenChild(QWidget* view) {
     view->show();
 }
 
-int OpenModal(QDialog& dialog) {
+int openModal(QDialog& dialog) {
     const QString name = dialog.objectName();
     settings::restorePlace(&dialog, name);
     const int result = dialog.exec();
@@ -54,7 +54,7 @@ int OpenModal(QDialog& dialog) {
     return result;
 }
 
-QWidget* FindView(const QString& name) {
+QWidget* findView(const QString& name) {
     for (QWidget* top : QApplication::topLevelWidgets()) {
         if (top->objectName() == name && is_open(top)) return top;
         for (const QMdiSubWindow* sub : top->findChildren<QMdiSubWindow*>()) {
@@ -65,7 +65,7 @@ QWidget* FindView(const QString& name) {
     return nullptr;
 }
 
-bool IsFormOpen(const QWidget* view) {
+bool isFormOpen(const QWidget* view) {
     if (view == nullptr) return false;
     const QWidgetList all = QApplication::allWidgets();
     // The pointer may be that of a view that has gone: compare first, look into it afterwards.
@@ -74,8 +74,8 @@ bool IsFormOpen(const QWidget* view) {
     return false;
 }
 
-bool Activate(const QString& name) {
-    QWidget* view = FindView(name);
+bool activate(const QString& name) {
+    QWidget* view = findView(name);
     if (view == nullptr) return false;
     QWidget* window = outer_window(view);
     window->show();
@@ -88,18 +88,18 @@ bool Activate(const QString& name) {
     return true;
 }
 
-void CloseViews(const QStringList& names) {
+void closeViews(const QStringList& names) {
     // A name may stand for several views; one that refuses to close ends its row.
     for (const QString& name : names)
-        while (QWidget* view = FindView(name))
+        while (QWidget* view = findView(name))
             if (!outer_window(view)->close()) break;
 }
 
-QStringList ResultViews() {
+QStringList resultViews() {
     return {"frmCalcOut", "frmKessel", "frmCEOSDiagnose", "frmIsoCalc"};
 }
 
-QStringList InputViews() {
+QStringList inputViews() {
     return {"frmParinput", "frmTpVSInputBox"};
 }
 
@@ -107,22 +107,22 @@ void Refresh() {
     if (frame != nullptr) frame->refresh();
 }
 
-bool HelpAvailable() {
+bool helpAvailable() {
     return helpPages != nullptr;
 }
 
-bool ShowHelp(int topic) {
+bool showHelp(int topic) {
     if (helpPages == nullptr) return false;
     helpPages(topic);
     return true;
 }
 
-void ConnectHelp(QAbstractButton* button, int topic) {
-    button->setEnabled(HelpAvailable());
-    QObject::connect(button, &QAbstractButton::clicked, button, [topic] { ShowHelp(topic); });
+void connectHelp(QAbstractButton* button, int topic) {
+    button->setEnabled(helpAvailable());
+    QObject::connect(button, &QAbstractButton::clicked, button, [topic] { showHelp(topic); });
 }
 
-void SetHelp(void (*show)(int topic)) {
+void setHelp(void (*show)(int topic)) {
     helpPages = show;
 }
 

@@ -28,45 +28,45 @@ class Frame {
 };
 
 /// The main window in use; nullptr when it has gone.
-void SetFrame(Frame* frame);
-QWidget* FrameWindow();
+void setFrame(Frame* frame);
+QWidget* frameWindow();
 
 /// Opens a view inside the frame, or brings it to the front when it is open already. Its object
 /// name must be set: it is the key under which size and place are remembered. The view is deleted
 /// as it closes.
-void OpenChild(QWidget* view);
+void openChild(QWidget* view);
 
 /// Runs a dialog in front of the frame and remembers its place. Returns `QDialog::Accepted` or
 /// `QDialog::Rejected`.
-int OpenModal(QDialog& dialog);
+int openModal(QDialog& dialog);
 
 /// The open view of that object name; nullptr when there is none.
-QWidget* FindView(const QString& name);
+QWidget* findView(const QString& name);
 
 /// True when that very view is among the open ones.
-bool IsFormOpen(const QWidget* view);
+bool isFormOpen(const QWidget* view);
 
 /// Brings an open view to the front and gives it the focus; false when it is not open.
-bool Activate(const QString& name);
+bool activate(const QString& name);
 
 /// Closes the open views of these names.
-void CloseViews(const QStringList& names);
+void closeViews(const QStringList& names);
 
 /// The views of results and of input, which make room for a new task.
-QStringList ResultViews();
-QStringList InputViews();
+QStringList resultViews();
+QStringList inputViews();
 
 /// Menus, tool bar and status bar follow the session again.
 void Refresh();
 
 /// True when help pages can be shown.
-bool HelpAvailable();
+bool helpAvailable();
 /// Opens a help page by its number; false without help.
-bool ShowHelp(int topic);
+bool showHelp(int topic);
 /// Makes a button open a help page; without help the button is disabled.
-void ConnectHelp(QAbstractButton* button, int topic);
+void connectHelp(QAbstractButton* button, int topic);
 /// Who shows help pages; an empty function for none.
-void SetHelp(void (*show)(int topic));
+void setHelp(void (*show)(int topic));
 
 }  // namespace shell
 

@@ -123,7 +123,7 @@ Arguments Parse(std::vector<std::string> words) {
     app.fallthrough();
     app.require_subcommand(1);
     add_common_options(app, a);
-    for (const Command& c : Commands()) {
+    for (const Command& c : commands()) {
         CLI::App* sub = app.add_subcommand(std::string(c.name), std::string(c.help));
         sub->final_callback([&a, name = std::string(c.name)] { a.command = name; });
         for (std::string_view option : c.options) {
@@ -150,7 +150,7 @@ Arguments Parse(std::vector<std::string> words) {
     return a;
 }
 
-std::vector<std::string> SplitLine(const std::string& line) {
+std::vector<std::string> split_line(const std::string& line) {
     std::vector<std::string> words;
     std::string word;
     bool any = false;

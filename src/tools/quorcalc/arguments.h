@@ -32,7 +32,7 @@ struct Arguments {
 Arguments Parse(std::vector<std::string> words);
 
 /// The words of a line: separated by blanks, quoted where they hold blanks.
-std::vector<std::string> SplitLine(const std::string& line);
+std::vector<std::string> split_line(const std::string& line);
 
 struct WrongCall {
     std::string message;

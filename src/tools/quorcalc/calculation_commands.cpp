@@ -25,7 +25,7 @@ void choose_equilibrium(const Arguments& a) {
     // A "T, p" calculation is partial when a phase equilibrium is assumed.
     s.AssumedVle = a.partial && a.mode == 3;
     if (!s.BensonReferenceValid) {
-        s.BensonReference = models::ProposeBensonReference().point;
+        s.BensonReference = models::propose_benson_reference().point;
         const models::BensonPoint& r = s.BensonReference;
         s.BensonReferenceValid = static_cast<double>(r.T) * static_cast<double>(r.p) *
                                      static_cast<double>(r.rhoL) * static_cast<double>(r.rhoV) >
@@ -57,7 +57,7 @@ void fill_input(const Arguments& a) {
 }
 
 Json calc(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     choose_equilibrium(a);
     fill_input(a);
     legacy::Session& s = legacy::the_session;
@@ -82,24 +82,24 @@ Json calc(const Arguments& a) {
                    {"Liste", calculation::ListText(r)},
                    {"State", r.State},
                    {"Fu", fu},
-                   {"p", Present(call.Pressure)},
+                   {"p", present(call.Pressure)},
                    {"FractionV", static_cast<double>(call.FractionV)},
                    {"hasL", call.HasL},
                    {"hasV", call.HasV},
                    {"nRoots", call.Roots},
                    {"exit", exit},
-                   {"text", calculation::ResultAsText(r)},
+                   {"text", calculation::result_as_text(r)},
                    {"messages", Json::array()}};
     return result;
 }
 
 /// The CASRN that a file of experimental data names.
 std::string substance_of(const std::string& file) {
-    const datafiles::FileContent whole = datafiles::ReadWhole(file);
+    const datafiles::FileContent whole = datafiles::read_whole(file);
     if (!whole.error.empty()) throw CannotBeDone{whole.error};
-    const auto content = datafiles::ReadBatchText(whole.bytes);
+    const auto content = datafiles::read_batch_text(whole.bytes);
     if (!content) throw CannotBeDone{"not a file of experimental data: " + file};
-    return text::TrimRight(content->casrn);
+    return text::trim_right(content->casrn);
 }
 
 Json batch(const Arguments& a) {
@@ -107,21 +107,21 @@ Json batch(const Arguments& a) {
     Arguments call = a;
     const std::string casrn = substance_of(file);
     if (call.substance.empty()) call.substance = casrn;
-    SetUp(call);
+    set_up(call);
     choose_equilibrium(call);
-    if (!datafiles::BatchLoad(file, false)) throw CannotBeDone{"nothing was loaded from " + file};
+    if (!datafiles::batch_load(file, false)) throw CannotBeDone{"nothing was loaded from " + file};
 
     legacy::Session& s = legacy::the_session;
     s.BatchMode = true;
     s.CalcMode = code_of_mode(call);
     s.OutputPage = page_of(call);
-    calculation::CalculateAllSets();
-    const std::string title = calculation::ModeTitle(s.CalcMode);
+    calculation::calculate_all_sets();
+    const std::string title = calculation::mode_title(s.CalcMode);
     const bool extended = s.OutputPage > 1;
-    const calculation::ResultList list = calculation::MakeResultList(
+    const calculation::ResultList list = calculation::make_result_list(
         title, s.GlobalCalculation, extended, calculation::ListForm::File);
-    if (!a.lst.empty() && !calculation::ResultFile(std::filesystem::absolute(a.lst).string(), title,
-                                                   s.GlobalCalculation, extended))
+    if (!a.lst.empty() && !calculation::result_file(std::filesystem::absolute(a.lst).string(),
+                                                    title, s.GlobalCalculation, extended))
         throw CannotBeDone{"the list could not be written: " + a.lst};
 
     std::string lines;
@@ -145,7 +145,7 @@ std::string calc_text(const Json& result) {
 
 }  // namespace
 
-std::vector<Command> CalculationCommands() {
+std::vector<Command> calculation_commands() {
     return {
         {"calc",
          "a whole calculation by its mode, with the texts of the result view",

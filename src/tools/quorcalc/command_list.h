@@ -7,16 +7,16 @@
 namespace quor::quorcalc {
 
 /// The database, equations of state, states and saturation.
-std::vector<Command> StateCommands();
+std::vector<Command> state_commands();
 /// Densities, enthalpy of vaporisation, ideal-gas cp, caloric functions.
-std::vector<Command> PropertyCommands();
+std::vector<Command> property_commands();
 /// Whole calculations and batch runs.
-std::vector<Command> CalculationCommands();
+std::vector<Command> calculation_commands();
 /// Curves of diagrams.
-std::vector<Command> CurveCommands();
+std::vector<Command> curve_commands();
 /// Surfaces over p, v and T.
-std::vector<Command> SurfaceCommands();
+std::vector<Command> surface_commands();
 /// Fits and group contributions.
-std::vector<Command> EstimationCommands();
+std::vector<Command> estimation_commands();
 
 }  // namespace quor::quorcalc

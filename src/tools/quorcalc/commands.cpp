@@ -4,11 +4,11 @@
 
 namespace quor::quorcalc {
 
-std::span<const Command> Commands() {
+std::span<const Command> commands() {
     static const std::vector<Command> table = [] {
         std::vector<Command> all;
-        for (const auto& part : {StateCommands(), PropertyCommands(), CalculationCommands(),
-                                 CurveCommands(), SurfaceCommands(), EstimationCommands()})
+        for (const auto& part : {state_commands(), property_commands(), calculation_commands(),
+                                 curve_commands(), surface_commands(), estimation_commands()})
             all.insert(all.end(), part.begin(), part.end());
         all.push_back({"run", "each line of a file is one call; one JSON object a line", {"FILE"}});
         return all;
@@ -16,8 +16,8 @@ std::span<const Command> Commands() {
     return table;
 }
 
-const Command* FindCommand(std::string_view name) {
-    for (const Command& c : Commands())
+const Command* find_command(std::string_view name) {
+    for (const Command& c : commands())
         if (c.name == name) return &c;
     return nullptr;
 }

@@ -28,16 +28,16 @@ struct Command {
     std::string (*text)(const Json& result) = nullptr;
 };
 
-std::span<const Command> Commands();
-const Command* FindCommand(std::string_view name);
+std::span<const Command> commands();
+const Command* find_command(std::string_view name);
 
 /// Brings the session to the state that the options ask for: database, substance, overrides,
 /// models, units, reference state. Throws `CannotBeDone` or `WrongCall`.
-void SetUp(const Arguments& arguments);
+void set_up(const Arguments& arguments);
 
 /// Runs one parsed call from a fresh session and gives its result; never throws. A calculation
 /// that cannot be done has status -1, a wrong call `wrongCall` set.
-Json Execute(const Arguments& arguments, bool& wrongCall);
+Json execute(const Arguments& arguments, bool& wrongCall);
 
 /// The whole program: words behind the program's name, exit code back. Results go to `out`,
 /// messages to `err`.
@@ -45,7 +45,7 @@ int Main(const std::vector<std::string>& words, std::istream& in, std::ostream& 
          std::ostream& err);
 
 /// A number, or null for what is not there (0) or not finite.
-Json Present(double value);
+Json present(double value);
 /// A number, or null when it is not finite.
 Json Number(double value);
 

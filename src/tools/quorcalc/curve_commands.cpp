@@ -17,7 +17,7 @@ namespace {
 
 std::vector<float> numbers_of(const std::string& list, const char* option) {
     std::vector<float> values;
-    for (const std::string& part : text::Split(list, ',')) {
+    for (const std::string& part : text::split(list, ',')) {
         float value = 0;
         const auto result = std::from_chars(part.data(), part.data() + part.size(), value);
         if (result.ec != std::errc() || result.ptr != part.data() + part.size())
@@ -43,7 +43,7 @@ void choose_section(diagrams::DiagramRequest& request) {
 void draw(const Arguments& a, const diagrams::DiagramRequest& computed,
           const diagrams::CurvePointArray& points) {
     diagrams::DiagramRequest request = computed;
-    Module9::PrepareDiagram2D(request);
+    Module9::prepare_diagram2_d(request);
     // A new substance begins with its critical state: the names of the curve need the asked one.
     legacy::Session& s = legacy::the_session;
     s.DiagramT = a.T.value_or(s.DiagramT);
@@ -54,20 +54,20 @@ void draw(const Arguments& a, const diagrams::DiagramRequest& computed,
     request.yMin = computed.yMin;
     request.yMax = computed.yMax;
     Module9::DiagramSheet sheet;
-    Module9::OpenSheet(sheet, request);
-    const int slot = Module9::StoreCurve(sheet, points);
+    Module9::open_sheet(sheet, request);
+    const int slot = Module9::store_curve(sheet, points);
     if (slot < 0) throw CannotBeDone{"The curve has no points to draw."};
-    const Module9::CurveName name = Module9::NameOf(request, false);
-    Module9::NameCurve(sheet, slot, name.legend, name.label);
-    WritePictures(a, sheet);
+    const Module9::CurveName name = Module9::name_of(request, false);
+    Module9::name_curve(sheet, slot, name.legend, name.label);
+    write_pictures(a, sheet);
 }
 
 Json curve(const Arguments& a) {
     int code = 0;
     const auto parsed = std::from_chars(a.type.data(), a.type.data() + a.type.size(), code);
-    if (parsed.ec != std::errc() || !diagrams::HasCurve(static_cast<std::int16_t>(code)))
+    if (parsed.ec != std::errc() || !diagrams::has_curve(static_cast<std::int16_t>(code)))
         throw WrongCall{"--type: no such curve: " + a.type};
-    SetUp(a);
+    set_up(a);
     legacy::Session& s = legacy::the_session;
     if (a.points) {
         if (*a.points < 1 || *a.points > 32000) throw WrongCall{"--points is out of range"};
@@ -83,8 +83,8 @@ Json curve(const Arguments& a) {
     diagrams::DiagramRequest& request = legacy::the_diagram;
     request.DiagramType = static_cast<std::int16_t>(code);
     choose_section(request);
-    Module9::CalcCoordinateDefaults(legacy::the_coordinates);
-    Module9::FillDiagramWindow(legacy::the_coordinates, request);
+    Module9::calc_coordinate_defaults(legacy::the_coordinates);
+    Module9::fill_diagram_window(legacy::the_coordinates, request);
     if (!a.window.empty()) {
         const std::vector<float> w = numbers_of(a.window, "--window");
         if (w.size() != 4) throw WrongCall{"--window needs xmin,xmax,ymin,ymax"};
@@ -96,20 +96,20 @@ Json curve(const Arguments& a) {
 
     diagrams::CurvePointArray points;
     const diagrams::CurveResult r =
-        diagrams::CalcCurve(request, points, a.T.value_or(0), a.p.value_or(0), a.v.value_or(0));
+        diagrams::calc_curve(request, points, a.T.value_or(0), a.p.value_or(0), a.v.value_or(0));
     Json list = Json::array();
     for (std::size_t i = 1; i < points.size(); ++i)
         list.push_back({Number(static_cast<double>(points[i].x)),
                         Number(static_cast<double>(points[i].y)),
                         Number(static_cast<double>(points[i].z))});
     const diagrams::StatusText told = diagrams::TextOf(r);
-    if (WantsPicture(a)) {
-        if (!diagrams::IsDrawn(r.status))
+    if (wants_picture(a)) {
+        if (!diagrams::is_drawn(r.status))
             throw CannotBeDone{r.message.empty() ? told.text : r.message};
         draw(a, request, points);
     }
     return {{"status", r.status},
-            {"count", diagrams::PointCount(points)},
+            {"count", diagrams::point_count(points)},
             {"mark", points.empty() ? Json() : Json(static_cast<int>(points.front().z))},
             {"message", r.message.empty() ? told.text : r.message},
             {"points", list}};
@@ -126,7 +126,7 @@ std::string curve_text(const Json& result) {
 
 }  // namespace
 
-std::vector<Command> CurveCommands() {
+std::vector<Command> curve_commands() {
     return {{"curve",
              "points of a curve of a diagram",
              {"type!", "T", "p", "v", "window", "points", "fraction", "scurve", "tieline", "png",

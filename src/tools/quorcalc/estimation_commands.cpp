@@ -26,14 +26,14 @@ double to_number(const std::string& s, const char* option) {
 void choose_start(const Arguments& a, FitState& state) {
     const auto count = static_cast<std::size_t>(state.NPar);
     if (!a.start.empty()) {
-        const std::vector<std::string> parts = text::Split(a.start, ',');
+        const std::vector<std::string> parts = text::split(a.start, ',');
         if (parts.size() > count) throw WrongCall{"--start has too many values"};
         for (std::size_t i = 0; i < parts.size(); ++i)
             state.FitStart[i] = to_number(parts[i], "--start");
     }
     if (a.fix.empty()) return;
     state.FitFixed = {};
-    for (const std::string& part : text::Split(a.fix, ',')) {
+    for (const std::string& part : text::split(a.fix, ',')) {
         const double i = to_number(part, "--fix");
         if (i < 1 || i > static_cast<double>(count))
             throw WrongCall{"--fix: no such parameter: " + part};
@@ -43,27 +43,28 @@ void choose_start(const Arguments& a, FitState& state) {
 
 Json fit(const Arguments& a) {
     // A fit needs points; the substance only lends its critical data.
-    if (!a.substance.empty()) SetUp(a);
+    if (!a.substance.empty()) set_up(a);
     FitState state;
     state.lg = a.lg;
-    if (!estimation::ChooseModel(state, static_cast<std::int16_t>(*a.model), legacy::the_substance))
+    if (!estimation::choose_model(state, static_cast<std::int16_t>(*a.model),
+                                  legacy::the_substance))
         throw WrongCall{"--model: no such model"};
     state.lg = a.lg;
     if (a.lg)
         state.FitStart =
-            estimation::StartValues(*estimation::FindModel(state.FitModel), true, state.Tcr);
+            estimation::start_values(*estimation::find_model(state.FitModel), true, state.Tcr);
     state.FitLogSQ = a.log;
     if (a.Tcr) state.Tcr = *a.Tcr;
     if (a.pcr) state.pcr = *a.pcr;
     choose_start(a, state);
 
-    if (datafiles::XYLoad(std::filesystem::absolute(a.file).string()).empty())
+    if (datafiles::xy_load(std::filesystem::absolute(a.file).string()).empty())
         throw CannotBeDone{"nothing was loaded from " + a.file};
     legacy::the_session.FitDataSource = 0;
-    estimation::LoadFitPoints(state);
+    estimation::load_fit_points(state);
     Json result = {{"status", 0},  {"parameters", Json()}, {"stdDev", Json()},
                    {"SQ", Json()}, {"sR", Json()},         {"failed", true}};
-    if (!estimation::StartFit(state)) {
+    if (!estimation::start_fit(state)) {
         result["status"] = -1;
         return result;
     }
@@ -91,11 +92,11 @@ Json optional(const std::optional<double>& value) {
 }
 
 Json groups(const Arguments& a) {
-    const auto counts = estimation::ParseGroups(a.groups);
+    const auto counts = estimation::parse_groups(a.groups);
     if (!counts) throw WrongCall{"--groups cannot be read: " + a.groups};
-    const estimation::CriticalData critical = estimation::JobackCritical(*counts, a.Tb);
-    const estimation::Formation formation = estimation::JobackFormation(*counts);
-    const auto cp = estimation::JobackCp(*counts);
+    const estimation::CriticalData critical = estimation::joback_critical(*counts, a.Tb);
+    const estimation::Formation formation = estimation::joback_formation(*counts);
+    const auto cp = estimation::joback_cp(*counts);
     Json coefficients;
     if (cp) {
         coefficients = Json::array();
@@ -103,10 +104,10 @@ Json groups(const Arguments& a) {
     }
     std::optional<double> omega;
     if (critical.Tb && critical.Tc && critical.pc)
-        omega = estimation::LeeKeslerOmega(*critical.Tb, *critical.Tc, *critical.pc);
-    const bool any = estimation::AnyGroup(*counts);
+        omega = estimation::lee_kesler_omega(*critical.Tb, *critical.Tc, *critical.pc);
+    const bool any = estimation::any_group(*counts);
     return {{"status", any ? 0 : -1},
-            {"M", any ? Json(estimation::MolarMass(*counts)) : Json()},
+            {"M", any ? Json(estimation::molar_mass(*counts)) : Json()},
             {"Tb", optional(critical.Tb)},
             {"Tf", optional(critical.Tf)},
             {"Tc", optional(critical.Tc)},
@@ -121,7 +122,7 @@ Json groups(const Arguments& a) {
 
 }  // namespace
 
-std::vector<Command> EstimationCommands() {
+std::vector<Command> estimation_commands() {
     return {
         {"fit",
          "fits a correlation to the points of an .XY file",

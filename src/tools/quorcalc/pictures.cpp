@@ -20,21 +20,21 @@ void write_all(const Arguments& a, const Draw& draw, Chart& chart) {
 
 }  // namespace
 
-PictureDrawer& Pictures() {
+PictureDrawer& pictures() {
     static PictureDrawer drawer;
     return drawer;
 }
 
-bool WantsPicture(const Arguments& a) {
+bool wants_picture(const Arguments& a) {
     return !a.png.empty() || !a.svg.empty() || !a.pdf.empty();
 }
 
-void WritePictures(const Arguments& a, Module9::DiagramSheet& sheet) {
-    write_all(a, Pictures().drawSheet, sheet);
+void write_pictures(const Arguments& a, Module9::DiagramSheet& sheet) {
+    write_all(a, pictures().drawSheet, sheet);
 }
 
-void WritePictures(const Arguments& a, const chart::Chart3D& surface) {
-    write_all(a, Pictures().drawSurface, surface);
+void write_pictures(const Arguments& a, const chart::Chart3D& surface) {
+    write_all(a, pictures().drawSurface, surface);
 }
 
 }  // namespace quor::quorcalc

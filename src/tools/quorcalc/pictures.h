@@ -22,13 +22,13 @@ struct PictureDrawer {
                           const std::string& file)>
         drawSurface;
 };
-PictureDrawer& Pictures();
+PictureDrawer& pictures();
 
 /// True when the call asks for a picture.
-bool WantsPicture(const Arguments& arguments);
+bool wants_picture(const Arguments& arguments);
 
 /// Writes every picture that the call asks for. Throws `CannotBeDone` with the reason.
-void WritePictures(const Arguments& arguments, Module9::DiagramSheet& sheet);
-void WritePictures(const Arguments& arguments, const chart::Chart3D& surface);
+void write_pictures(const Arguments& arguments, Module9::DiagramSheet& sheet);
+void write_pictures(const Arguments& arguments, const chart::Chart3D& surface);
 
 }  // namespace quor::quorcalc

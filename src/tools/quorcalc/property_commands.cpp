@@ -9,21 +9,21 @@ namespace quor::quorcalc {
 namespace {
 
 Json density(const models::DensityResult& r) {
-    return {{"status", r.status}, {"rho", Present(r.rho)}, {"deviation", r.deviation}};
+    return {{"status", r.status}, {"rho", present(r.rho)}, {"deviation", r.deviation}};
 }
 
 Json rhol(const Arguments& a) {
-    SetUp(a);
-    return density(models::DensityL(static_cast<float>(*a.T), false));
+    set_up(a);
+    return density(models::density_l(static_cast<float>(*a.T), false));
 }
 
 Json rhos(const Arguments& a) {
-    SetUp(a);
-    return density(models::DensityS(static_cast<float>(*a.T), false));
+    set_up(a);
+    return density(models::density_s(static_cast<float>(*a.T), false));
 }
 
 Json cpid(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     const models::CpResult r = models::IdealGasCp(*a.T);
     const models::CpSet& set = legacy::the_models.CpModel == 1 ? legacy::the_substance.cpPoly
                                                                : legacy::the_substance.cpSinh;
@@ -35,15 +35,15 @@ Json cpid(const Arguments& a) {
 
 Json hlv(const Arguments& a) {
     if (!a.T && !a.p) throw WrongCall{"--T or --p is required"};
-    SetUp(a);
+    set_up(a);
     const models::EnthalpyOfVaporisationResult r =
-        models::EnthalpyOfVaporisation(legacy::the_models.HLVModel, a.T.value_or(0),
-                                       a.p.value_or(0), legacy::the_models.VPCode, false);
+        models::enthalpy_of_vaporisation(legacy::the_models.HLVModel, a.T.value_or(0),
+                                         a.p.value_or(0), legacy::the_models.VPCode, false);
     const bool good = r.status == kSuccess;
     Json result = {{"status", r.status},       {"hLV", good ? Json(r.h) : Json()},
-                   {"T", Present(r.T)},        {"p", Present(r.p)},
-                   {"zV", Present(r.zV)},      {"zL", Present(r.zL)},
-                   {"rhoV", Present(r.rhoV)},  {"rhoL", Present(r.rhoL)},
+                   {"T", present(r.T)},        {"p", present(r.p)},
+                   {"zV", present(r.zV)},      {"zL", present(r.zL)},
+                   {"rhoV", present(r.rhoV)},  {"rhoL", present(r.rhoL)},
                    {"deviation", r.deviation}, {"explanation", r.explanation}};
     if (!good) result["message"] = r.explanation.empty() ? "no Result" : r.explanation;
     return result;
@@ -80,7 +80,7 @@ Json phase(double T, double p, double v, Status& status) {
 
 Json functions(const Arguments& a) {
     if (!a.row.empty() && a.row != "V" && a.row != "L") throw WrongCall{"--row is V or L"};
-    SetUp(a);
+    set_up(a);
     Json result = {{"status", 0}, {"V", Json()}, {"L", Json()}};
     Status status = kSuccess;
     if (a.v) {
@@ -97,7 +97,7 @@ Json functions(const Arguments& a) {
 
 }  // namespace
 
-std::vector<Command> PropertyCommands() {
+std::vector<Command> property_commands() {
     return {
         {"rhol", "saturated liquid density of the database equation", {"T!"}, rhol},
         {"rhos", "solid density of the database equation", {"T!"}, rhos},

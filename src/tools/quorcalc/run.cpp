@@ -34,7 +34,7 @@ Json failure(const std::string& message) {
 bool is_good(const Json& result) {
     const int status = result.at("status");
     return status == 0 ||
-           (result.contains("points") && diagrams::IsDrawn(static_cast<std::int16_t>(status)));
+           (result.contains("points") && diagrams::is_drawn(static_cast<std::int16_t>(status)));
 }
 
 std::string plain_text(const Json& result) {
@@ -59,14 +59,14 @@ int run_file(const Arguments& a, std::istream& in, std::ostream& out, std::ostre
     int worst = 0;
     std::string line;
     while (std::getline(source, line)) {
-        const std::vector<std::string> words = SplitLine(line);
+        const std::vector<std::string> words = split_line(line);
         if (words.empty() || words.front().starts_with('#')) continue;
         Json result;
         bool wrongCall = false;
         try {
             const Arguments call = Parse(words);
             if (call.command == "run") throw WrongCall{"run does not nest"};
-            result = Execute(call, wrongCall);
+            result = execute(call, wrongCall);
         } catch (const WrongCall& e) {
             result = failure(e.message);
             wrongCall = true;
@@ -85,16 +85,16 @@ int run_file(const Arguments& a, std::istream& in, std::ostream& out, std::ostre
 Json Number(double value) {
     return std::isfinite(value) ? Json(value) : Json();
 }
-Json Present(double value) {
+Json present(double value) {
     return value == 0 ? Json() : Number(value);
 }
 
-Json Execute(const Arguments& a, bool& wrongCall) {
+Json execute(const Arguments& a, bool& wrongCall) {
     wrongCall = false;
     messages.clear();
     install_dialogs();
-    session::ResetEverything();
-    const Command* command = FindCommand(a.command);
+    session::reset_everything();
+    const Command* command = find_command(a.command);
     Json result;
     try {
         if (command == nullptr) throw WrongCall{"no such command: " + a.command};
@@ -133,12 +133,12 @@ int Main(const std::vector<std::string>& words, std::istream& in, std::ostream& 
     if (a.command == "run") return run_file(a, in, out, err);
 
     bool wrongCall = false;
-    const Json result = Execute(a, wrongCall);
+    const Json result = execute(a, wrongCall);
     const bool good = is_good(result);
     if (!good || result.value("exit", false)) {
         err << "quorcalc: " << result.value("message", std::string("no result")) << "\n";
     }
-    const Command* command = FindCommand(a.command);
+    const Command* command = find_command(a.command);
     if (a.json) {
         out << result.dump() << "\n";
     } else if (good && command != nullptr) {

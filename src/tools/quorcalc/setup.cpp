@@ -29,10 +29,10 @@ std::optional<double> number(const std::string& s) {
 }
 
 void open_database(const Arguments& a) {
-    const std::string path = a.db.empty() ? session::FindFile("STUDENT.Q05").string() : a.db;
-    if (datafiles::OpenDatabaseFile(std::filesystem::absolute(path).string()).notUsable)
-        throw CannotBeDone{"Database " + session::FileTitle(path) + " not found or empty resp."};
-    legacy::the_session.DatabaseFile = session::FileTitle(path);
+    const std::string path = a.db.empty() ? session::find_file("STUDENT.Q05").string() : a.db;
+    if (datafiles::open_database_file(std::filesystem::absolute(path).string()).notUsable)
+        throw CannotBeDone{"Database " + session::file_title(path) + " not found or empty resp."};
+    legacy::the_session.DatabaseFile = session::file_title(path);
 }
 
 /// Position of a substance: "#number", else a name, synonym or CASRN.
@@ -40,7 +40,7 @@ std::int16_t find_substance(const std::string& wanted) {
     std::int16_t index = 0;
     if (!wanted.empty() && wanted.front() == '#') {
         if (const auto n = number(wanted.substr(1)))
-            index = datafiles::FindByNumber(static_cast<std::int16_t>(*n));
+            index = datafiles::find_by_number(static_cast<std::int16_t>(*n));
     } else {
         index = datafiles::FindSubstance(wanted).index;
     }
@@ -86,7 +86,7 @@ std::vector<Override> overrides(const Arguments& a) {
 }
 
 void store(const Override& o) {
-    const std::string error = datafiles::SetField(the_substance, o.field, o.value);
+    const std::string error = datafiles::set_field(the_substance, o.field, o.value);
     if (!error.empty()) throw WrongCall{error};
 }
 
@@ -134,7 +134,7 @@ void apply_overrides(const std::vector<Override>& all) {
             store(o);
         }
     }
-    models::GiveJiTorvikParameters(jiTorvik);
+    models::give_ji_torvik_parameters(jiTorvik);
     refresh_derived(all);
     correlate();
     // A correlated set that is given itself stands as it is.
@@ -155,14 +155,14 @@ void choose_models(const Arguments& a) {
                : the_substance.ALP.TLo > 0 ? "ALP"
                : the_substance.AHP.TLo > 0 ? "AHP"
                                            : "000";
-    m.VPModel = models::VPIndex(m.VPCode);
+    m.VPModel = models::vp_index(m.VPCode);
     const models::ModelChoice defaults;  // brings every family to an entry that is offered
 
     if (a.eos) m.EOSModel = code_between(*a.eos, 0, 16, "--eos");
-    m.EOSOnlyV = models::IsVOnlyEOS(m.EOSModel);
+    m.EOSOnlyV = models::is_v_only_eos(m.EOSModel);
     if (a.vp.size() == 3) {
         m.VPCode = a.vp;
-        m.VPModel = models::VPIndex(a.vp);
+        m.VPModel = models::vp_index(a.vp);
         if (m.VPModel == 0 && a.vp != "000") throw WrongCall{"--vp: no such equation: " + a.vp};
     } else if (!a.vp.empty()) {
         throw WrongCall{"--vp: no such equation: " + a.vp};
@@ -172,7 +172,7 @@ void choose_models(const Arguments& a) {
     if (a.watson) m.WatsonN = static_cast<float>(*a.watson);
     if (!a.priority.empty()) m.PriorityCEOS = a.priority == "ceos";
     if (m.EOSOnlyV) m.PriorityCEOS = false;
-    if (models::CalcEOSParameters(m.EOSModel) > 0)
+    if (models::calc_eos_parameters(m.EOSModel) > 0)
         throw CannotBeDone{"Error during EOS-parameter calculation"};
 }
 
@@ -181,8 +181,8 @@ void choose_units(const Arguments& a) {
     if (a.units == "specific") s.CaloricUnit = 3;
     s.UnitMode = a.units == "specific" ? 1 : a.units == "reduced" ? 2 : 0;
     if (s.CaloricUnit == 3 && !(the_substance.M > 0)) throw CannotBeDone{"Division by zero"};
-    s.CaloricFactor = session::CaloricFactorOf(s.CaloricUnit, s.DiagramT);
-    session::RefreshUnits();
+    s.CaloricFactor = session::caloric_factor_of(s.CaloricUnit, s.DiagramT);
+    session::refresh_units();
 }
 
 void choose_reference(const Arguments& a) {
@@ -195,7 +195,7 @@ void choose_reference(const Arguments& a) {
     if (a.Tenv) r.Tenv = *a.Tenv == 0 ? 1e-6 : *a.Tenv;
     if (a.penv) r.penv = *a.penv;
     if (a.benson.empty()) return;
-    const std::vector<std::string> parts = text::Split(a.benson, ',');
+    const std::vector<std::string> parts = text::split(a.benson, ',');
     if (parts.size() != 4) throw WrongCall{"--benson needs T,p,rhoL,rhoV"};
     std::array<float, 4> values{};
     for (std::size_t i = 0; i < 4; ++i) {
@@ -211,7 +211,7 @@ void choose_reference(const Arguments& a) {
 
 }  // namespace
 
-void SetUp(const Arguments& a) {
+void set_up(const Arguments& a) {
     open_database(a);
     read_substance(a);
     apply_overrides(overrides(a));

@@ -17,26 +17,26 @@ namespace quor::quorcalc {
 namespace {
 
 Json list(const Arguments& a) {
-    const std::string path = a.db.empty() ? session::FindFile("STUDENT.Q05").string() : a.db;
-    if (datafiles::OpenDatabaseFile(std::filesystem::absolute(path).string()).notUsable)
-        throw CannotBeDone{"Database " + session::FileTitle(path) + " not found or empty resp."};
+    const std::string path = a.db.empty() ? session::find_file("STUDENT.Q05").string() : a.db;
+    if (datafiles::open_database_file(std::filesystem::absolute(path).string()).notUsable)
+        throw CannotBeDone{"Database " + session::file_title(path) + " not found or empty resp."};
     const datafiles::SubstanceLists& lists = legacy::the_substances;
     Json substances = Json::array();
     for (std::size_t i = 1; i <= static_cast<std::size_t>(legacy::the_session.SubstanceCount); ++i)
         substances.push_back({{"index", i},
                               {"number", lists.Numbers[i]},
-                              {"name", text::TrimRight(lists.Names[i])},
-                              {"formula", text::TrimRight(lists.Formulas[i])},
-                              {"casrn", text::TrimRight(lists.Casrn[i])}});
+                              {"name", text::trim_right(lists.Names[i])},
+                              {"formula", text::trim_right(lists.Formulas[i])},
+                              {"casrn", text::trim_right(lists.Casrn[i])}});
     return {{"status", 0}, {"substances", substances}};
 }
 
 std::string list_text(const Json& result) {
     std::string out;
     for (const Json& s : result.at("substances"))
-        out += text::PadLeft(std::to_string(s.at("index").get<int>()), 5) + "  " +
-               text::PadRight(s.at("casrn").get<std::string>(), 13) +
-               text::PadRight(s.at("formula").get<std::string>(), 13) +
+        out += text::pad_left(std::to_string(s.at("index").get<int>()), 5) + "  " +
+               text::pad_right(s.at("casrn").get<std::string>(), 13) +
+               text::pad_right(s.at("formula").get<std::string>(), 13) +
                s.at("name").get<std::string>() + "\n";
     return out;
 }
@@ -46,7 +46,7 @@ Json value_of(const datafiles::FieldPlace& place) {
         [](const auto& value) -> Json {
             using T = std::decay_t<decltype(value)>;
             if constexpr (std::is_same_v<T, std::string>) {
-                return text::TrimRight(value);
+                return text::trim_right(value);
             } else if constexpr (std::is_same_v<T, float>) {
                 return static_cast<double>(value);
             } else {
@@ -57,9 +57,9 @@ Json value_of(const datafiles::FieldPlace& place) {
 }
 
 Json data(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     Json result = {{"status", 0}};
-    for (const datafiles::RecordField& field : datafiles::RecordFields()) {
+    for (const datafiles::RecordField& field : datafiles::record_fields()) {
         if (field.count == 0) {
             result[std::string(field.name)] = value_of({&field, 0});
             continue;
@@ -73,8 +73,8 @@ Json data(const Arguments& a) {
 }
 
 Json eos(const Arguments& a) {
-    SetUp(a);
-    models::EvalEOSAtT(*a.T);
+    set_up(a);
+    models::eval_eos_at_t(*a.T);
     const models::EOSParameters& e = legacy::the_eosParameters;
     const models::EOSState& s = legacy::the_eosState;
     const models::JiTorvikParameters& jt = legacy::the_jiTorvik;
@@ -98,9 +98,9 @@ Json eos(const Arguments& a) {
 }
 
 Json pressure(const Arguments& a) {
-    SetUp(a);
-    models::EvalEOSAtT(*a.T);
-    const models::PressureResult r = models::PressureFromTV(*a.T, *a.v);
+    set_up(a);
+    models::eval_eos_at_t(*a.T);
+    const models::PressureResult r = models::pressure_from_tv(*a.T, *a.v);
     return {{"status", r.status}, {"p", r.status == kSuccess ? Number(r.p) : Json()}};
 }
 
@@ -111,24 +111,24 @@ Json volumes(const std::array<double, 3>& v, int count) {
 }
 
 Json roots(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     if (legacy::the_models.EOSOnlyV) throw CannotBeDone{"possible only by using a  cubic EOS"};
     if (!(*a.p > 0) || !(*a.T > 0)) throw CannotBeDone{"T and p have to be > 0"};
-    models::EvalEOSAtT(*a.T);
+    models::eval_eos_at_t(*a.T);
     const models::CubicRoots r = models::SolveCubic(*a.T, *a.p);
     return {{"status", r.status}, {"v", volumes(r.v, r.count)}, {"count", r.count}};
 }
 
 Json state(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     const models::StateTP r = models::SolveStateTP(*a.T, *a.p);
     return {{"status", r.status},
             {"hasL", r.hasL},
             {"hasV", r.hasV},
-            {"rhoL", Present(r.rhoL)},
-            {"rhoV", Present(r.rhoV)},
-            {"vL", Present(r.vL)},
-            {"vV", Present(r.vV)},
+            {"rhoL", present(r.rhoL)},
+            {"rhoV", present(r.rhoV)},
+            {"vL", present(r.vL)},
+            {"vV", present(r.vV)},
             {"nRoots", r.nRoots},
             {"areaRatio", Number(r.areaRatio)},
             {"areaL", Number(r.areaL)},
@@ -139,14 +139,14 @@ Json state(const Arguments& a) {
 }
 
 Json temperature(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     const models::TemperatureResult r = models::TemperatureFromPRho(*a.p, *a.rho, false);
-    return {{"status", r.status}, {"T", Present(r.T)}};
+    return {{"status", r.status}, {"T", present(r.T)}};
 }
 
 Json saturation(const models::Saturation& r, const char* key, double value) {
     return {{"status", r.status},
-            {key, r.status == kSuccess ? Present(value) : Json()},
+            {key, r.status == kSuccess ? present(value) : Json()},
             {"areaRatio", Number(r.areaRatio)},
             {"areaL", Number(r.areaL)},
             {"areaV", Number(r.areaV)},
@@ -155,13 +155,13 @@ Json saturation(const models::Saturation& r, const char* key, double value) {
 }
 
 Json psat(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     const models::Saturation r = models::SaturationPressure(*a.T);
     return saturation(r, "p", r.p);
 }
 
 Json tsat(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     const models::Saturation r = models::SaturationTemperature(*a.p);
     return saturation(r, "T", r.T);
 }
@@ -171,28 +171,28 @@ std::string vp_code(const Arguments& a) {
 }
 
 Json vp(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     const models::VapourPressureResult r = models::VapourPressure(*a.T, vp_code(a), false);
-    return {{"status", r.status}, {"p", Present(r.p)}, {"deviation", r.deviation}};
+    return {{"status", r.status}, {"p", present(r.p)}, {"deviation", r.deviation}};
 }
 
 Json tboil(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     const models::BoilingTemperatureResult r = models::BoilingTemperature(*a.p, vp_code(a), false);
-    return {{"status", r.status}, {"T", Present(r.T)}, {"deviation", r.deviation}};
+    return {{"status", r.status}, {"T", present(r.T)}, {"deviation", r.deviation}};
 }
 
 Json vpslope(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     const models::SlopeResult r = models::VapourPressureSlope(*a.T, vp_code(a));
-    return {{"status", r.status}, {"slope", Present(r.slope)}};
+    return {{"status", r.status}, {"slope", present(r.slope)}};
 }
 
 Json virial(const Arguments& a) {
-    SetUp(a);
+    set_up(a);
     const std::int16_t code = legacy::the_models.EOSModel;
-    const models::Virial r = models::virial(models::CurrentFluid(), code, *a.T);
-    const bool derivatives = models::IsVOnlyEOS(code);
+    const models::Virial r = models::virial(models::current_fluid(), code, *a.T);
+    const bool derivatives = models::is_v_only_eos(code);
     return {{"status", 0},
             {"B", Number(r.B)},
             {"dB", derivatives ? Number(r.dB) : Json()},
@@ -201,7 +201,7 @@ Json virial(const Arguments& a) {
 
 }  // namespace
 
-std::vector<Command> StateCommands() {
+std::vector<Command> state_commands() {
     return {
         {"list", "substances of the database", {}, list, list_text},
         {"data", "every field of the substance record", {}, data},

@@ -23,7 +23,7 @@ Json values_of(const chart::SurfaceGrid& grid) {
         Json column = Json::array();
         for (int j = 0; j < grid.ny; ++j) {
             const float z = grid.z[grid.at(i, j)];
-            column.push_back(grid.isHole(z) ? Json() : Number(static_cast<double>(z)));
+            column.push_back(grid.is_hole(z) ? Json() : Number(static_cast<double>(z)));
         }
         columns.push_back(std::move(column));
     }
@@ -32,18 +32,19 @@ Json values_of(const chart::SurfaceGrid& grid) {
 
 Json surface(const Arguments& a) {
     const auto kind = static_cast<std::int16_t>(*a.kind);
-    if (kind != *a.kind || Module9::FindSurface(kind) == nullptr)
+    if (kind != *a.kind || Module9::find_surface(kind) == nullptr)
         throw WrongCall{"--kind: no such surface: " + std::to_string(*a.kind)};
     const int nx = nodes_of(a.nx, "--nx"), ny = nodes_of(a.ny, "--ny");
-    SetUp(a);
+    set_up(a);
     legacy::the_session.Diagram3DKind = kind;
     legacy::the_session.SCurve3D = a.scurve && !legacy::the_models.EOSOnlyV;
-    Module9::PrepareDiagram3D();
+    Module9::prepare_diagram3_d();
     chart::Chart3D chart;
-    Module9::InitGraph3D(chart, nx, ny);
+    Module9::init_graph3_d(chart, nx, ny);
     const chart::SurfaceGrid& grid = chart.surface;
-    if (!diagrams::HasSurface(grid)) throw CannotBeDone{"No point of the surface can be computed."};
-    if (WantsPicture(a)) WritePictures(a, chart);
+    if (!diagrams::has_surface(grid))
+        throw CannotBeDone{"No point of the surface can be computed."};
+    if (wants_picture(a)) write_pictures(a, chart);
     return {{"status", 0},   {"x0", grid.x0}, {"dx", grid.dx}, {"y0", grid.y0},
             {"dy", grid.dy}, {"nx", grid.nx}, {"ny", grid.ny}, {"z", values_of(grid)}};
 }
@@ -66,7 +67,7 @@ std::string surface_text(const Json& result) {
 
 }  // namespace
 
-std::vector<Command> SurfaceCommands() {
+std::vector<Command> surface_commands() {
     return {{"surface",
              "values of a surface over a regular grid",
              {"kind!", "nx", "ny", "scurve", "png", "svg", "pdf"},

@@ -24,7 +24,7 @@ void start_painting() {
 chart::FileOutcome write(const chart::Painting& painting, const std::string& format,
                          const std::string& file, const chart::PictureOptions& options) {
     const auto kind = chart::FormatOf("picture." + QString::fromStdString(format));
-    const QByteArray bytes = kind ? chart::PictureBytes(painting, *kind, options) : QByteArray();
+    const QByteArray bytes = kind ? chart::pictureBytes(painting, *kind, options) : QByteArray();
     if (bytes.isEmpty()) return {false, "A picture of this size cannot be made."};
     QSaveFile out(QString::fromStdString(file));
     if (out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.commit())
@@ -37,21 +37,21 @@ chart::FileOutcome draw_sheet(Module9::DiagramSheet& sheet, const std::string& f
     start_painting();
     chart::PictureOptions options;
     options.title = QString::fromStdString(sheet.request.title);
-    Module9::PlaceLabels(sheet, options.size.width(), options.size.height(),
-                         chart::QtTextMeasure());
-    return write(chart::PaintingOf(sheet.chart), format, file, options);
+    Module9::place_labels(sheet, options.size.width(), options.size.height(),
+                          chart::qtTextMeasure());
+    return write(chart::paintingOf(sheet.chart), format, file, options);
 }
 
 chart::FileOutcome draw_surface(const chart::Chart3D& surface, const std::string& format,
                                 const std::string& file) {
     start_painting();
-    return write(chart::PaintingOf(surface), format, file, {});
+    return write(chart::paintingOf(surface), format, file, {});
 }
 
 }  // namespace
 
 void Install() {
-    quorcalc::Pictures() = {.drawSheet = draw_sheet, .drawSurface = draw_surface};
+    quorcalc::pictures() = {.drawSheet = draw_sheet, .drawSurface = draw_surface};
 }
 
 }  // namespace quor::picture_drawer
