@@ -1,4 +1,5 @@
 #include "calculation/diagnosis.h"
+#include "legacy/current_fluid.h"
 
 #include <algorithm>
 #include <array>

@@ -2,6 +2,7 @@
 
 #include "calculation/job.h"
 #include "common/text.h"
+#include "legacy/current_fluid.h"
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/virial.h"

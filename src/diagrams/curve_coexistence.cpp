@@ -46,7 +46,7 @@ class DomeWalk {
         }
         const Equilibrium next = equilibrium_at_T(c.fluid, T, guess(T));
         if (!next.found || !(next.p > 0) || next.p >= c.substance.pcrit) return finish();
-        const double vcrit = c.fluid.eos.vcritCalc;
+        const double vcrit = c.fluid.eos().vcritCalc;
         if (next.vL > vcrit || next.vV < vcrit) return finish();
 
         const double moved =
@@ -70,7 +70,7 @@ class DomeWalk {
 
     /// Where the walk has to end: at the triple point, or nowhere.
     double lowest_T() const {
-        const bool realOnly = the_session.CurveRealRangeOnly && c.fluid.models.EOSModel > 0;
+        const bool realOnly = the_session.CurveRealRangeOnly && c.fluid.models().EOSModel > 0;
         return realOnly ? static_cast<double>(c.substance.Ttriple) : 0;
     }
 
@@ -193,11 +193,11 @@ namespace {
 template <class Add>
 void walk_rho_T(Curve& c, double step, Add add) {
     const Equilibrium critical = critical_point(c.fluid);
-    if (!(c.fluid.eos.vcritCalc > kPresent) || !critical.found) {
+    if (!(c.fluid.eos().vcritCalc > kPresent) || !critical.found) {
         c.status = CurveStatus::kNoCriticalVolume;
         return;
     }
-    c.add(critical.T * c.TF, c.M / c.fluid.eos.vcritCalc, critical.p);
+    c.add(critical.T * c.TF, c.M / c.fluid.eos().vcritCalc, critical.p);
     double p = 0;
     Steps loop = Steps::plain(critical.T * c.TF, c.xMin, -step).within(c.xMin, c.xMax);
     for (double x; loop.next(x);) {

@@ -51,7 +51,7 @@ class Curve {
 
     bool subcritical_T() const { return T < substance.Tcrit; }
     bool subcritical_p() const { return p < substance.pcrit; }
-    bool vapour_only() const { return fluid.models.EOSOnlyV; }
+    bool vapour_only() const { return fluid.models().EOSOnlyV; }
     /// The gas part of a V-only curve is all that is wanted.
     bool partial_gas() const;
 

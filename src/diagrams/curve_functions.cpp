@@ -69,7 +69,8 @@ struct ResidualOrdinate {
 /// Real heat capacity: the ideal gas and the residual part.
 struct HeatCapacityOrdinate {
     Ordinate operator()(const Curve& c, double T, double p, double v) const {
-        const models::CpResult ideal = models::ideal_gas_cp(c.substance, c.fluid.models.CpModel, T);
+        const models::CpResult ideal =
+            models::ideal_gas_cp(c.substance, c.fluid.models().CpModel, T);
         const Ordinate residual = ResidualOrdinate{models::ResCp}(c, T, p, v);
         if (ideal.status != kSuccess || !residual) return std::nullopt;
         return ideal.cp * c.caloric(T) + *residual;
@@ -80,7 +81,7 @@ struct JouleThomsonOrdinate {
     Ordinate operator()(const Curve& c, double T, double p, double v) const {
         const models::PhaseTable table =
             models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
-        const bool hasCp = models::ideal_gas_cp(c.substance, c.fluid.models.CpModel, T).cp > 0;
+        const bool hasCp = models::ideal_gas_cp(c.substance, c.fluid.models().CpModel, T).cp > 0;
         if (!table.filled || !hasCp) return std::nullopt;
         return table.residual[models::JouleThomson];
     }

@@ -16,7 +16,7 @@ namespace {
 
 /// p(LV) at T/K by the EOS or by the equation; 0 where there is none. `near` is a close pressure.
 double saturation_pressure(const Curve& c, double T, double near) {
-    const models::ModelSelection& m = c.fluid.models;
+    const models::ModelSelection& m = c.fluid.models();
     if (m.PriorityCEOS && !m.EOSOnlyV) return equilibrium_at_T(c.fluid, T, near).p;
     return models::vapour_pressure(c.substance, T, m.VPCode).p;
 }
@@ -63,7 +63,7 @@ void vapour_pressure_slope(Curve& c) {
     constexpr double kBelowAll = -37000;
     constexpr std::string_view kCaption = "; maximum at T/K = ";
     constexpr std::array<std::string_view, 4> kWithMaximum = {"FRO", "WAG", "KFW", "KFR"};
-    const std::string& code = c.fluid.models.VPCode;
+    const std::string& code = c.fluid.models().VPCode;
 
     double largest = kBelowAll, xLargest = 0;
     over_inverse_T(c, [&](double x, double T) {
@@ -85,7 +85,7 @@ void vapour_pressure_slope(Curve& c) {
 }
 
 void heat_of_vaporisation(Curve& c) {
-    const models::ModelSelection& m = c.fluid.models;
+    const models::ModelSelection& m = c.fluid.models();
     bool hasPressure = false;
     Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX);
     for (double x; loop.next(x);) {

@@ -17,8 +17,8 @@ namespace {
 constexpr double kCriticalShare = 1e-5;
 
 bool has_equilibrium(const Fluid& f) {
-    return f.models.EOSModel >= 2 && !f.models.EOSOnlyV && f.substance.Tcrit > 0 &&
-           f.substance.pcrit > 0 && f.eos.vcritCalc > 0;
+    return f.models().EOSModel >= 2 && !f.models().EOSOnlyV && f.substance().Tcrit > 0 &&
+           f.substance().pcrit > 0 && f.eos().vcritCalc > 0;
 }
 
 /// Newton steps on ln p towards equal areas: d(area)/d(ln p) = -p (vV - vL). False when p leaves
@@ -61,14 +61,14 @@ Equilibrium from_search(const Fluid& f, double T) {
 /// The end of the dome by the law that every cubic EOS follows there: the half width goes with the
 /// root of Tcrit - T, its middle and p are linear in T.
 Equilibrium near_critical(const Fluid& f, double T) {
-    const double Tcrit = f.substance.Tcrit;
+    const double Tcrit = f.substance().Tcrit;
     const Equilibrium edge = from_search(f, Tcrit * (1 - kCriticalShare));
     if (!edge.found) return {};
     const double share = (1 - T / Tcrit) / kCriticalShare;
-    const double vcrit = f.eos.vcritCalc;
+    const double vcrit = f.eos().vcritCalc;
     const double middle = vcrit + (0.5 * (edge.vL + edge.vV) - vcrit) * share;
     const double half = 0.5 * (edge.vV - edge.vL) * std::sqrt(share);
-    const double p = f.substance.pcrit + (edge.p - f.substance.pcrit) * share;
+    const double p = f.substance().pcrit + (edge.p - f.substance().pcrit) * share;
     return {T, p, middle - half, middle + half, models::eos_at(f, T), true};
 }
 
@@ -76,12 +76,13 @@ Equilibrium near_critical(const Fluid& f, double T) {
 
 Equilibrium critical_point(const Fluid& f) {
     if (!has_equilibrium(f)) return {};
-    const double T = f.substance.Tcrit;
-    return {T, f.substance.pcrit, f.eos.vcritCalc, f.eos.vcritCalc, models::eos_at(f, T), true};
+    const double T = f.substance().Tcrit;
+    return {T,   f.substance().pcrit, f.eos().vcritCalc, f.eos().vcritCalc, models::eos_at(f, T),
+            true};
 }
 
 Equilibrium equilibrium_at_T(const Fluid& f, double T, double pStart) {
-    const double Tcrit = f.substance.Tcrit;
+    const double Tcrit = f.substance().Tcrit;
     if (!has_equilibrium(f) || !(T > 0) || T > Tcrit) return {};
     if (T == Tcrit) return critical_point(f);
     if (1 - T / Tcrit < kCriticalShare) return near_critical(f, T);
@@ -98,8 +99,8 @@ Equilibrium equilibrium_at_T(const Fluid& f, double T, double pStart) {
 Equilibrium equilibrium_at_p(const Fluid& f, double p, double TStart) {
     constexpr int kSteps = 60;
     constexpr double kTolerance = 1e-13;
-    const double Tcrit = f.substance.Tcrit;
-    const double pcrit = f.substance.pcrit;
+    const double Tcrit = f.substance().Tcrit;
+    const double pcrit = f.substance().pcrit;
     if (!has_equilibrium(f) || !(p > 0) || p > pcrit) return {};
     if (p == pcrit) return critical_point(f);
 

@@ -1,4 +1,5 @@
 #include "diagrams/parameter_input.h"
+#include "legacy/current_fluid.h"
 
 #include <cmath>
 

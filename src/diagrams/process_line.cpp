@@ -1,4 +1,5 @@
 #include "diagrams/process_line.h"
+#include "legacy/current_fluid.h"
 
 #include <algorithm>
 #include <cmath>

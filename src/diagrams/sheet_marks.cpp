@@ -1,4 +1,5 @@
 #include "diagrams/sheet_marks.h"
+#include "legacy/current_fluid.h"
 
 #include <cmath>
 #include <initializer_list>

@@ -1,4 +1,5 @@
 #include "diagrams/surface_grid.h"
+#include "legacy/current_fluid.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,5 @@
 #include "diagrams/tie_line.h"
+#include "legacy/current_fluid.h"
 
 #include "diagrams/catalogue.h"
 #include "diagrams/curve_kinds.h"

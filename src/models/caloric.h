@@ -5,6 +5,7 @@
 #include "common/status.h"
 #include "models/cubic_eos.h"
 #include "models/fluid.h"
+#include "models/reference_record.h"
 
 namespace quor::models {
 

@@ -1,4 +1,5 @@
 #include "models/cubic_eos.h"
+#include "legacy/current_fluid.h"
 
 #include <cmath>
 
@@ -50,19 +51,19 @@ void ji_torvik_coefficients(const SubstanceRecord& s, JiTorvikParameters& jt) {
 }
 
 EOSState ji_torvik_state(const Fluid& f, double T) {
-    const JiTorvikParameters& jt = f.jt;
-    const double Tr = T / f.substance.Tcrit;
+    const JiTorvikParameters& jt = f.jt();
+    const double Tr = T / f.substance().Tcrit;
     const double x = std::pow(Tr, 0.75);
     const double u = 1 - x;
     const double w =
         Tr > 1 ? 1 + u * jt.jtM : (u * jt.jtQ + jt.jtP) * u * (0.76528558 - x) + u * jt.jtM + 1;
-    const double B = jt.jtOmegaB * R * f.substance.Tcrit / f.substance.pcrit;
+    const double B = jt.jtOmegaB * R * f.substance().Tcrit / f.substance().pcrit;
     const double s = std::sqrt(jt.jtOmegaC * jt.jtOmegaC + 4 * jt.jtOmegaC);
     EOSState e{.eosA = jt.jtA0 * w * w,
                .eosB = B,
                .eosC = 0.5 * (jt.jtOmegaC - s) * B,
                .eosD = 0.5 * (jt.jtOmegaC + s) * B};
-    if (f.models.EOSModel == 8) {
+    if (f.models().EOSModel == 8) {
         const double factor = 1 - jt.jtK * (1 - Tr) * (1 - Tr);
         e.eosB *= factor;
         e.eosC *= factor;
@@ -137,22 +138,25 @@ EOSParameters eos_constants(std::int16_t code, bool onlyV, const SubstanceRecord
     return e;
 }
 
-EOSState eos_at(const Fluid& f, double T, const EOSState& previous) {
-    if (T < constants::kPresent) return previous;
-    if (f.models.EOSModel == 7 || f.models.EOSModel == 8) return ji_torvik_state(f, T);
-
-    const EOSParameters& e = f.eos;
+EOSState power_state(const EOSParameters& e, double Tcrit, double T) {
     EOSState s{.eosA = 0,
                .eosB = e.eosB0 * power_of_T(T, e.eosNB),
                .eosC = e.eosC0 * power_of_T(T, e.eosNC),
                .eosD = e.eosD0 * power_of_T(T, e.eosND)};
     if (e.eosAlphaForm == 2) {
-        const double root = 1 + e.eosNA * (1 - std::sqrt(T / f.substance.Tcrit));
+        const double root = 1 + e.eosNA * (1 - std::sqrt(T / Tcrit));
         s.eosA = e.eosA0 * root * root;
     } else {
         s.eosA = e.eosA0 * power_of_T(T, e.eosNA);
     }
     return s;
+}
+
+EOSState eos_at(const Fluid& f, double T, const EOSState& previous) {
+    if (T < constants::kPresent) return previous;
+    if (f.models().EOSModel == 7 || f.models().EOSModel == 8) return ji_torvik_state(f, T);
+
+    return power_state(f.eos(), f.substance().Tcrit, T);
 }
 
 EOSSlopes power_slopes(const EOSParameters& e, double Tcrit, const EOSState& s, double T) {

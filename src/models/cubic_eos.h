@@ -15,6 +15,9 @@ models::EOSParameters eos_constants(std::int16_t code, bool onlyV,
                                     const models::SubstanceRecord& substance,
                                     models::JiTorvikParameters& jt);
 
+/// a, b, c, d at T/K > 0 by the power and Soave forms of the constants, whatever the model.
+models::EOSState power_state(const models::EOSParameters& eos, double Tcrit, double T);
+
 /// a, b, c, d at T/K; T below 1E-6 gives `previous` back.
 models::EOSState eos_at(const Fluid& fluid, double T, const models::EOSState& previous = {});
 

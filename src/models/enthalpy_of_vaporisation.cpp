@@ -1,4 +1,5 @@
 #include "models/enthalpy_of_vaporisation.h"
+#include "legacy/current_fluid.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -171,7 +172,7 @@ double cubic_eos(const Request& q, Result& r) {
     const StateTP state = SolveStateTP(r.T, r.p);
     const PhaseVolumes v =
         q.paired ? equilibrium_volumes(fluid, state, r.T) : PhaseVolumes{state.vV, state.vL};
-    const auto M = static_cast<double>(fluid.substance.M);
+    const auto M = static_cast<double>(fluid.substance().M);
     r.rhoV = v.vV > 0 ? M / v.vV : 0;
     r.rhoL = v.vL > 0 ? M / v.vL : 0;
     set_compressibilities(r);

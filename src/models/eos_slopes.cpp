@@ -36,12 +36,12 @@ void ji_torvik_a_slopes(const models::JiTorvikParameters& jt, double Tcrit, doub
 
 /// Form II: b, c and d share the factor 1 - K (1 - T/Tcrit)^2.
 void ji_torvik_volume_slopes(const Fluid& fluid, double T, EOSSlopes& s) {
-    const models::JiTorvikParameters& jt = fluid.jt;
-    const double Tcrit = fluid.substance.Tcrit;
+    const models::JiTorvikParameters& jt = fluid.jt();
+    const double Tcrit = fluid.substance().Tcrit;
     const double factor1 = 2.0 * jt.jtK * (1.0 - T / Tcrit) / Tcrit;
     const double factor2 = -2.0 * jt.jtK / (Tcrit * Tcrit);
 
-    const double B = jt.jtOmegaB * R * Tcrit / fluid.substance.pcrit;
+    const double B = jt.jtOmegaB * R * Tcrit / fluid.substance().pcrit;
     const double root = std::sqrt(jt.jtOmegaC * jt.jtOmegaC + 4.0 * jt.jtOmegaC);
     const double C = 0.5 * (jt.jtOmegaC - root) * B;
     const double D = 0.5 * (jt.jtOmegaC + root) * B;
@@ -56,12 +56,12 @@ void ji_torvik_volume_slopes(const Fluid& fluid, double T, EOSSlopes& s) {
 }  // namespace
 
 EOSSlopes eos_slopes(const Fluid& fluid, const models::EOSState& state, double T) {
-    const double Tcrit = fluid.substance.Tcrit;
-    if (fluid.models.EOSModel != 7 && fluid.models.EOSModel != 8)
-        return power_slopes(fluid.eos, Tcrit, state, T);
+    const double Tcrit = fluid.substance().Tcrit;
+    if (fluid.models().EOSModel != 7 && fluid.models().EOSModel != 8)
+        return power_slopes(fluid.eos(), Tcrit, state, T);
     EOSSlopes s;
-    ji_torvik_a_slopes(fluid.jt, Tcrit, T, s);
-    if (fluid.models.EOSModel == 8) ji_torvik_volume_slopes(fluid, T, s);
+    ji_torvik_a_slopes(fluid.jt(), Tcrit, T, s);
+    if (fluid.models().EOSModel == 8) ji_torvik_volume_slopes(fluid, T, s);
     return s;
 }
 

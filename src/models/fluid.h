@@ -1,22 +1,41 @@
 #pragma once
 
-#include "legacy/declare.h"
+#include <memory>
+
+#include "models/eos_records.h"
+#include "models/model_selection.h"
+#include "models/substance_record.h"
 
 namespace quor::models {
 
-/// What a kernel needs to know: the substance, the choice of models and the constants that belong
-/// to them. It only refers to the records; they must outlive it.
-struct Fluid {
-    const models::SubstanceRecord& substance;
-    const models::ModelSelection& models;
-    const models::EOSParameters& eos;
-    const models::JiTorvikParameters& jt;
-};
+/// A substance with a choice of models and the constants that follow from both. A value that never
+/// changes: copies share it, and threads may use it at once.
+class Fluid {
+  public:
+    /// A fluid without data and without an equation of state.
+    Fluid() : Fluid({}, {}, {}, {}) {}
+    /// `eos` and `jt` are the constants that belong to the substance and the choice.
+    Fluid(SubstanceRecord substance, ModelSelection models, EOSParameters eos,
+          JiTorvikParameters jt)
+        : parts_(std::make_shared<const Parts>(
+              Parts{std::move(substance), std::move(models), eos, jt})) {}
 
-/// The process-level records as a `Fluid`.
-inline Fluid current_fluid() {
-    return {legacy::the_substance, legacy::the_models, legacy::the_eosParameters,
-            legacy::the_jiTorvik};
-}
+    const SubstanceRecord& substance() const { return parts_->substance; }
+    const ModelSelection& models() const { return parts_->models; }
+    const EOSParameters& eos() const { return parts_->eos; }
+    const JiTorvikParameters& jt() const { return parts_->jt; }
+
+    /// True when both stand for the very same value, not only for equal ones.
+    bool is_same(const Fluid& other) const { return parts_ == other.parts_; }
+
+  private:
+    struct Parts {
+        SubstanceRecord substance;
+        ModelSelection models;
+        EOSParameters eos;
+        JiTorvikParameters jt;
+    };
+    std::shared_ptr<const Parts> parts_;
+};
 
 }  // namespace quor::models

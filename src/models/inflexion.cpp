@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "common/constants.h"
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 

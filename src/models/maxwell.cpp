@@ -106,7 +106,7 @@ Saturation at_critical_volume(const EOSState& s, double T, double v) {
 
 Spinodal spinodal(const Fluid& f, const EOSState& s, double T) {
     Spinodal r;
-    const double middle = steepest_volume(s, T, f.eos.vcritCalc);
+    const double middle = steepest_volume(s, T, f.eos().vcritCalc);
     r.vL = r.vV = middle;
     r.pL = r.pV = cubic_pressure(s, T, middle);
     const auto g = [&](double w) { return slope(s, T, s.eosB + w); };
@@ -172,8 +172,8 @@ Saturation maxwell_temperature(const Fluid& f, double p) {
     // ln p(LV) over 1/T is nearly straight: regula falsi (Illinois) on it.
     const double target = std::log(p);
     const auto excess = [&](double x) { return std::log(maxwell_pressure(f, 1 / x).p) - target; };
-    double hi = 1 / f.substance.Tcrit;
-    double fhi = std::log(f.substance.pcrit) - target;
+    double hi = 1 / f.substance().Tcrit;
+    double fhi = std::log(f.substance().pcrit) - target;
     double lo = hi, flo = fhi;
     for (int i = 0; i < 400 && flo > 0; ++i) {
         hi = lo;

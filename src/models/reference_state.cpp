@@ -1,4 +1,5 @@
 #include "models/reference_state.h"
+#include "legacy/current_fluid.h"
 
 #include <cmath>
 
@@ -114,13 +115,13 @@ bool from_single_density(const SubstanceRecord& s, std::string_view vpCode, Bens
 std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
     const auto T = static_cast<double>(point.T);
     const auto p = static_cast<double>(point.p);
-    const auto M = static_cast<double>(fluid.substance.M);
+    const auto M = static_cast<double>(fluid.substance().M);
 
     const models::StateTP state = models::SolveStateTP(T, p);
     double rho = state.rhoV;
-    std::string source = "  (from  " + text::trim(models::EOSName(fluid.models.EOSModel)) + ")";
+    std::string source = "  (from  " + text::trim(models::EOSName(fluid.models().EOSModel)) + ")";
     if (state.status != kSuccess || rho < kPresent) {
-        if (fluid.substance.omega != 0.0) {
+        if (fluid.substance().omega != 0.0) {
             constexpr std::int16_t kPitzerCurl = 16;
             legacy::the_Bvirial = models::SecondVirial(kPitzerCurl, T);
             rho = M / (R * T / p + legacy::the_Bvirial);
@@ -140,8 +141,8 @@ std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
 BensonProposal propose_benson_reference() {
     const models::Fluid fluid = models::current_fluid();
     BensonProposal r;
-    if (!from_boiling_point(fluid.substance, r) &&
-        !from_single_density(fluid.substance, fluid.models.VPCode, r))
+    if (!from_boiling_point(fluid.substance(), r) &&
+        !from_single_density(fluid.substance(), fluid.models().VPCode, r))
         return {};
     r.text += add_vapour_density(fluid, r.point);
     return r;

@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "common/constants.h"
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/virial.h"
 
@@ -179,8 +180,8 @@ PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState
     PressureDerivatives q;
     ResidualParts r;
     auto& f = t.residual;
-    if (fluid.models.EOSOnlyV) {
-        const models::Virial b = models::virial(fluid, fluid.models.EOSModel, T);
+    if (fluid.models().EOSOnlyV) {
+        const models::Virial b = models::virial(fluid, fluid.models().EOSModel, T);
         if (!(v > b.B)) return {};
         v_only(b, T, p, v, q, r, f[D2LnPhi]);
         f[ResCp] = r.cv + r.cpMinusCv;
@@ -199,9 +200,9 @@ PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState
     f[ResG] = T * r.lnPhi;
     fill_derivatives(q, t);
 
-    const CpResult ideal = ideal_gas_cp(fluid.substance, fluid.models.CpModel, T);
+    const CpResult ideal = ideal_gas_cp(fluid.substance(), fluid.models().CpModel, T);
     if (ideal.status == kSuccess && ideal.cp > 0.0)
-        fill_heat_capacities(q, r, ideal.cp, static_cast<double>(fluid.substance.M), T, v, t);
+        fill_heat_capacities(q, r, ideal.cp, static_cast<double>(fluid.substance().M), T, v, t);
 
     t.filled = finite(t.first) && finite(t.second) && finite(t.residual);
     return t.filled ? t : PhaseTable{};

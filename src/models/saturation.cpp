@@ -1,4 +1,5 @@
 #include "models/saturation.h"
+#include "legacy/current_fluid.h"
 
 #include <cmath>
 
@@ -21,17 +22,17 @@ bool equal_as_single(double a, double b) {
 /// of a mass density, on purpose: callers there read T and p only.
 Saturation critical_state(const Fluid& f) {
     Saturation r;
-    r.T = f.substance.Tcrit;
-    r.p = f.substance.pcrit;
+    r.T = f.substance().Tcrit;
+    r.p = f.substance().pcrit;
     r.nRoots = 3;
-    if (f.eos.rhocritCalc > 0) r.v = {1 / f.eos.rhocritCalc, 0, 1 / f.eos.rhocritCalc};
+    if (f.eos().rhocritCalc > 0) r.v = {1 / f.eos().rhocritCalc, 0, 1 / f.eos().rhocritCalc};
     r.state = eos_at(f, r.T);
     r.status = kSuccess;
     return r;
 }
 
 bool has_no_equilibrium(const Fluid& f) {
-    return f.models.EOSModel == -1 || f.models.EOSOnlyV;
+    return f.models().EOSModel == -1 || f.models().EOSOnlyV;
 }
 
 /// One trial of a search: the roots and, with three of them, the areas.
@@ -62,8 +63,8 @@ void take(Saturation& r, const Trial& t) {
 
 double start_pressure(const Fluid& f, double T) {
     double p = 0;
-    if (f.models.VPModel != 0) p = vapour_pressure(f.substance, T, f.models.VPCode).p;
-    if (p < 1e-6) p = std::exp(T * std::log(f.substance.pcrit) / f.substance.Tcrit);
+    if (f.models().VPModel != 0) p = vapour_pressure(f.substance(), T, f.models().VPCode).p;
+    if (p < 1e-6) p = std::exp(T * std::log(f.substance().pcrit) / f.substance().Tcrit);
     return p;
 }
 
@@ -79,11 +80,11 @@ Saturation search_saturation_pressure(const Fluid& f, double T) {
     constexpr double kFirstStep = 0.01;  // of p; negative with one root
     constexpr double kDamping = 0.1;
 
-    if (T == f.substance.Tcrit) return critical_state(f);
+    if (T == f.substance().Tcrit) return critical_state(f);
     Saturation r;
     r.T = T;
     r.state = eos_at(f, T);
-    if (T >= f.substance.Tcrit || has_no_equilibrium(f)) return r;
+    if (T >= f.substance().Tcrit || has_no_equilibrium(f)) return r;
 
     double p = start_pressure(f, T);
     double step = 0, previousP = 0, previousRatio = 0, previousSide = 0;
@@ -94,7 +95,7 @@ Saturation search_saturation_pressure(const Fluid& f, double T) {
         take(r, t);
         if (t.roots.count == 1) {
             // The trial lies outside the loop of the isotherm: walk towards it.
-            const bool liquidLike = t.roots.v[0] < f.eos.vcritCalc;
+            const bool liquidLike = t.roots.v[0] < f.eos().vcritCalc;
             const double side = liquidLike ? -1 : t.roots.v[0];
             if (++oneRoot == 1) {
                 step *= kDamping;
@@ -128,7 +129,7 @@ Saturation search_saturation_pressure(const Fluid& f, double T) {
         }
         p += step;
         if (!std::isfinite(p)) return r;
-        if (equal_as_single(p, f.substance.pcrit)) {
+        if (equal_as_single(p, f.substance().pcrit)) {
             r.p = p;
             r.status = kSuccess;
             return r;
@@ -155,7 +156,8 @@ Saturation search_temperature_by_secant(const Fluid& f, double p, double Tstart)
 
     Saturation r;
     r.p = p;
-    double T = Tstart != 0 ? Tstart : std::log(p) * f.substance.Tcrit / std::log(f.substance.pcrit);
+    double T =
+        Tstart != 0 ? Tstart : std::log(p) * f.substance().Tcrit / std::log(f.substance().pcrit);
     double step = 0, previousT = 0, previousRatio = 0, previousSide = 0;
     int oneRoot = 0, threeRoots = 0, restarts = 0;
     while (++r.rounds <= kCap) {
@@ -165,7 +167,7 @@ Saturation search_temperature_by_secant(const Fluid& f, double p, double Tstart)
         take(r, t);
         if (t.roots.count == 1) {
             if (++oneRoot > kCap) return r;
-            const bool liquidLike = t.roots.v[0] < f.eos.vcritCalc;
+            const bool liquidLike = t.roots.v[0] < f.eos().vcritCalc;
             const double side = liquidLike ? -1 : t.roots.v[0];
             if (oneRoot == 1) {
                 step *= kDamping;
@@ -202,7 +204,7 @@ Saturation search_temperature_by_secant(const Fluid& f, double p, double Tstart)
         }
         T += step;
         if (!std::isfinite(T)) return r;
-        if (equal_as_single(T, f.substance.Tcrit)) {
+        if (equal_as_single(T, f.substance().Tcrit)) {
             r.T = T;
             r.status = kSuccess;
             return r;
@@ -224,8 +226,8 @@ Saturation search_temperature_by_marching(const Fluid& f, double p) {
 
     Saturation r;
     r.p = p;
-    double step = (f.substance.pcrit - p) / 100;
-    double T = f.substance.Tcrit + step;
+    double step = (f.substance().pcrit - p) / 100;
+    double T = f.substance().Tcrit + step;
     double previousRatio = p;
     while (++r.rounds <= kCap) {
         T -= step;
@@ -258,19 +260,19 @@ Saturation search_temperature_by_marching(const Fluid& f, double p) {
 
 Saturation search_saturation_temperature(const Fluid& f, double p, double Tstart) {
     constexpr double kSteepIsotherms = 0.02;  // of pcrit
-    if (!has_no_equilibrium(f) && p == f.substance.pcrit) return critical_state(f);
+    if (!has_no_equilibrium(f) && p == f.substance().pcrit) return critical_state(f);
     Saturation r;
     r.p = p;
-    if (!(p > 0) || p > f.substance.pcrit || has_no_equilibrium(f)) return r;
-    return p / f.substance.pcrit < kSteepIsotherms ? search_temperature_by_marching(f, p)
-                                                   : search_temperature_by_secant(f, p, Tstart);
+    if (!(p > 0) || p > f.substance().pcrit || has_no_equilibrium(f)) return r;
+    return p / f.substance().pcrit < kSteepIsotherms ? search_temperature_by_marching(f, p)
+                                                     : search_temperature_by_secant(f, p, Tstart);
 }
 
 Saturation saturation_pressure(const Fluid& f, double T) {
     Saturation r = search_saturation_pressure(f, T);
     if (r.status == kSuccess) return r;
     r.p = 0;
-    if (has_no_equilibrium(f) || !(T > 0) || !(T < f.substance.Tcrit)) return r;
+    if (has_no_equilibrium(f) || !(T > 0) || !(T < f.substance().Tcrit)) return r;
     Saturation found = maxwell_pressure(f, T);
     found.rounds = r.rounds;
     return found;
@@ -280,7 +282,7 @@ Saturation saturation_temperature(const Fluid& f, double p, double Tstart) {
     Saturation r = search_saturation_temperature(f, p, Tstart);
     if (r.status == kSuccess) return r;
     r.T = 0;
-    if (has_no_equilibrium(f) || !(p > 0) || !(p < f.substance.pcrit)) return r;
+    if (has_no_equilibrium(f) || !(p > 0) || !(p < f.substance().pcrit)) return r;
     Saturation found = maxwell_temperature(f, p);
     found.rounds = r.rounds;
     return found;

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/equilibrium.h"
 #include "models/reference_state.h"
@@ -41,10 +42,10 @@ struct SurroundingsKey {
 };
 
 SurroundingsKey key_of(const Fluid& f, const ReferenceState& reference) {
-    const models::SubstanceRecord& s = f.substance;
-    return {f.models.EOSModel,
-            f.models.CpModel,
-            f.models.EOSOnlyV,
+    const models::SubstanceRecord& s = f.substance();
+    return {f.models().EOSModel,
+            f.models().CpModel,
+            f.models().EOSOnlyV,
             s.Tcrit,
             s.pcrit,
             s.omega,
@@ -52,9 +53,9 @@ SurroundingsKey key_of(const Fluid& f, const ReferenceState& reference) {
             s.dfh,
             s.dfg,
             s.sconv,
-            f.eos,
-            f.jt,
-            f.models.CpModel == 1 ? s.cpPoly : s.cpSinh,
+            f.eos(),
+            f.jt(),
+            f.models().CpModel == 1 ? s.cpPoly : s.cpSinh,
             reference};
 }
 
@@ -80,15 +81,15 @@ Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& refere
     const double T = reference.Tenv;
     const double p = reference.penv;
     const IdealGasState ideal =
-        ideal_gas_functions(fluid.substance, fluid.models.CpModel, reference, T, p);
+        ideal_gas_functions(fluid.substance(), fluid.models().CpModel, reference, T, p);
     if (ideal.status != kSuccess) return {};
     Surroundings z;
     z.status = kSuccess;
-    if (fluid.models.EOSOnlyV) {
+    if (fluid.models().EOSOnlyV) {
         if (!(p > 0.0)) return {};
         // Where a heavy fluid is liquid in the surroundings the volume may be negative; the virial
         // form still gives a zero for the exergies, which are then right but for a constant.
-        const models::Virial b = models::virial(fluid, fluid.models.EOSModel, T);
+        const models::Virial b = models::virial(fluid, fluid.models().EOSModel, T);
         z.v = constants::R * T / p + b.B;
         z.h = ideal.h + p * (b.B - T * b.dB);
         z.s = ideal.s - p * b.dB;
@@ -111,7 +112,7 @@ Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& refere
 StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
                             const Surroundings& surroundings, double T, double p, double v) {
     const IdealGasState ideal =
-        ideal_gas_functions(fluid.substance, fluid.models.CpModel, reference, T, p);
+        ideal_gas_functions(fluid.substance(), fluid.models().CpModel, reference, T, p);
     if (ideal.status != kSuccess) return no_values();
 
     StateValues z;

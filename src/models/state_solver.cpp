@@ -1,4 +1,5 @@
 #include "models/state_solver.h"
+#include "legacy/current_fluid.h"
 
 #include <algorithm>
 #include <cmath>
@@ -96,20 +97,20 @@ StateTP solve_v_only(const Fluid& f, double T, double p, std::int16_t region) {
     StateTP r;
     r.PhaseRegion = region;
     r.text = "EOS for the V-phase only!";
-    r.Bvirial = second_virial(f, f.models.EOSModel, T, r.state);
+    r.Bvirial = second_virial(f, f.models().EOSModel, T, r.state);
     const double v = R * T / p + r.Bvirial;
     if (!(v > 0) || !std::isfinite(v)) {
         r.status = kFailure;
         return r;
     }
-    set_v(r, v, static_cast<double>(f.substance.M));
+    set_v(r, v, static_cast<double>(f.substance().M));
     return r;
 }
 
 /// Three roots: the stable one follows from the equal-area test.
 void decide_three_roots(StateTP& r, const Fluid& f, double T, double p) {
     constexpr double kOnBoundary = 0.001;
-    const double M = static_cast<double>(f.substance.M);
+    const double M = static_cast<double>(f.substance().M);
     const double b = r.state.eosB;
     r.text = "3 V-solutions of the EOS";
     const bool accepted =
@@ -126,12 +127,12 @@ void decide_three_roots(StateTP& r, const Fluid& f, double T, double p) {
     r.areaV = areas.V;
     r.areaL = areas.L;
     if (std::fabs(areas.ratio) < kOnBoundary) return;
-    r.hasV = areas.ratio >= kOnBoundary || T > f.substance.Tcrit;
+    r.hasV = areas.ratio >= kOnBoundary || T > f.substance().Tcrit;
     r.hasL = !r.hasV;
 }
 
 void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
-    const models::SubstanceRecord& s = f.substance;
+    const models::SubstanceRecord& s = f.substance();
     const double M = static_cast<double>(s.M);
     const double v = r.v[0];
     r.text = "One solution of the EOS";
@@ -139,14 +140,14 @@ void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
         set_v(r, v, M);
         set_l(r, v, M);
     } else if (T <= s.Tcrit && p <= s.pcrit) {
-        if (v > f.eos.vcritCalc) set_v(r, v, M);
-        if (v < f.eos.vcritCalc) set_l(r, v, M);
+        if (v > f.eos().vcritCalc) set_v(r, v, M);
+        if (v < f.eos().vcritCalc) set_l(r, v, M);
     } else {
         set_v(r, v, M);
         set_l(r, v, M);
         r.text = "One solution of the EOS;supercritical";
     }
-    if (std::fabs(v - f.eos.vcritCalc) < 0.001) {
+    if (std::fabs(v - f.eos().vcritCalc) < 0.001) {
         r.PhaseRegion = 4;
         set_v(r, v, M);
         set_l(r, v, M);
@@ -156,8 +157,8 @@ void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
 }  // namespace
 
 PressureResult pressure_from_Tv(const Fluid& f, double T, double v, EOSState& state) {
-    if (f.models.EOSOnlyV) {
-        state.eosB = second_virial(f, f.models.EOSModel, T, state);
+    if (f.models().EOSOnlyV) {
+        state.eosB = second_virial(f, f.models().EOSModel, T, state);
         if (v <= state.eosB || v <= 0) return {0, kFailure};
         const double p = R * T / (v - state.eosB);
         return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
@@ -222,10 +223,10 @@ Areas area_ratio(const EOSState& s, const std::array<double, 3>& v, double T, do
 
 StateTP solve_state_tp(const Fluid& f, double T, double p, std::int16_t region) {
     if (!(p > 0) || !(T > 0)) return no_state(region, "No solution found");
-    if (f.models.EOSOnlyV) return solve_v_only(f, T, p, region);
+    if (f.models().EOSOnlyV) return solve_v_only(f, T, p, region);
 
     StateTP r;
-    r.PhaseRegion = region_of(f.substance, T, p, region);
+    r.PhaseRegion = region_of(f.substance(), T, p, region);
     r.state = eos_at(f, T);
     const CubicRoots roots = solve_cubic(r.state, T, p);
     r.v = roots.v;
@@ -253,7 +254,7 @@ TemperatureResult v_only_temperature(const Fluid& f, double p, double v) {
     EOSState state;
     for (int i = 0; i < 1000; ++i) {
         const double old = T;
-        T = (v - second_virial(f, f.models.EOSModel, old, state)) * p / R;
+        T = (v - second_virial(f, f.models().EOSModel, old, state)) * p / R;
         if (!std::isfinite(T)) return {0, kFailure};
         if (T <= 0) return {0, kSuccess};
         if (std::fabs(T - old) < 0.001) return {T, kSuccess};
@@ -267,7 +268,7 @@ double bracketed_temperature(const Fluid& f, double p, double v) {
         const EOSState s = eos_at(f, T);
         return v > s.eosB ? cubic_pressure(s, T, v) - p : std::nan("");
     };
-    double low = f.substance.Tcrit, high = low;
+    double low = f.substance().Tcrit, high = low;
     for (int i = 0; i < 60 && !(excess(low) < 0); ++i) low *= 0.8;
     for (int i = 0; i < 60 && !(excess(high) > 0); ++i) high *= 1.5;
     if (!(excess(low) < 0) || !(excess(high) > 0)) return 0;
@@ -284,8 +285,9 @@ TemperatureResult newton_temperature(const Fluid& f, double p, double v, int& ro
         const EOSState s = eos_at(f, T);
         return (s.eosA / ((v + s.eosC) * (v + s.eosD)) + p) * (v - s.eosB) / R - T;
     };
-    double T = p < f.substance.pcrit ? static_cast<double>(f.substance.Tboil) : f.substance.Tcrit;
-    if (T < constants::kPresent) T = 0.7 * f.substance.Tcrit;
+    double T =
+        p < f.substance().pcrit ? static_cast<double>(f.substance().Tboil) : f.substance().Tcrit;
+    if (T < constants::kPresent) T = 0.7 * f.substance().Tcrit;
     for (;;) {
         if (++rounds > kTemperatureRounds) return {0, kFailure};
         const double value = function(T);
@@ -304,12 +306,12 @@ TemperatureResult dome_temperature(const Fluid& f, double p, double T, int round
         const Saturation sat = saturation_temperature(f, p);
         return TemperatureResult{sat.T, sat.status};
     };
-    if (p < f.substance.pcrit / 1.5) return direct();
+    if (p < f.substance().pcrit / 1.5) return direct();
     for (;;) {
         if (++rounds > kTemperatureRounds) return direct();
         const double psat = saturation_pressure(f, T).p;
         if (psat == 0) {
-            T -= f.substance.Tcrit / 10;
+            T -= f.substance().Tcrit / 10;
             if (T <= 0) return direct();
             continue;
         }
@@ -325,9 +327,9 @@ TemperatureResult dome_temperature(const Fluid& f, double p, double T, int round
 
 TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
                                          bool singlePhaseOnly) {
-    const double v = static_cast<double>(f.substance.M) / rho;
+    const double v = static_cast<double>(f.substance().M) / rho;
     if (!(p > 0) || !(v > 0) || !std::isfinite(v)) return {0, kFailure};
-    if (f.models.EOSOnlyV) return v_only_temperature(f, p, v);
+    if (f.models().EOSOnlyV) return v_only_temperature(f, p, v);
 
     int rounds = 0;
     TemperatureResult r = newton_temperature(f, p, v, rounds);
@@ -336,7 +338,7 @@ TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
         if (T == 0) return r;
         r = {T, kSuccess};
     }
-    if (r.T >= f.substance.Tcrit || singlePhaseOnly) return r;
+    if (r.T >= f.substance().Tcrit || singlePhaseOnly) return r;
 
     const EOSState s = eos_at(f, r.T);
     if (solve_cubic(s, r.T, p).count != 3) return r;

@@ -1,4 +1,5 @@
 #include "models/virial.h"
+#include "legacy/current_fluid.h"
 
 #include <cmath>
 
@@ -11,13 +12,6 @@ using constants::R;
 using models::EOSState;
 
 namespace {
-
-/// a and b at T from the parameter record, whatever the active model.
-EOSState state_from_parameters(const Fluid& f, double T) {
-    models::ModelSelection plain = {.EOSModel = 0, .VPCode = ""};
-    const Fluid power{f.substance, plain, f.eos, f.jt};
-    return eos_at(power, T);
-}
 
 double pitzer_curl(const models::SubstanceRecord& s, double T) {
     const double x = s.Tcrit / T;  // 1/Tr
@@ -46,11 +40,11 @@ double second_virial(const Fluid& f, std::int16_t code, double T, EOSState& stat
         default:
             break;
     }
-    const EOSState power = state_from_parameters(f, T);
+    const EOSState power = power_state(f.eos(), f.substance().Tcrit, T);
     state.eosA = power.eosA;
     state.eosB = power.eosB;
-    if (code == 10) return f.eos.eosB0 - f.eos.eosNB / std::pow(T, f.eos.eosNV);
-    if (code == 16) return pitzer_curl(f.substance, T);
+    if (code == 10) return f.eos().eosB0 - f.eos().eosNB / std::pow(T, f.eos().eosNV);
+    if (code == 16) return pitzer_curl(f.substance(), T);
     return 0;
 }
 
@@ -61,7 +55,7 @@ Virial virial(const Fluid& f, std::int16_t code, double T) {
     if (T < constants::kPresent || code == 0) return r;
 
     if (code == 16) {
-        const models::SubstanceRecord& s = f.substance;
+        const models::SubstanceRecord& s = f.substance();
         const double x = s.Tcrit / T;  // 1/Tr
         const double x2 = x * x;
         const double F0 = (0.33 + 0.277 * x + 0.0363 * x2) * x2;
@@ -74,7 +68,7 @@ Virial virial(const Fluid& f, std::int16_t code, double T) {
     }
     // All other codes: the derivatives of b - a/(R T) with a and b in the power and Soave forms,
     // the manual form included.
-    const EOSSlopes d = power_slopes(f.eos, f.substance.Tcrit, state, T);
+    const EOSSlopes d = power_slopes(f.eos(), f.substance().Tcrit, state, T);
     const double lag = state.eosA / T - d.a1;
     r.dB = lag / (R * T) + d.b1;
     r.d2B = d.b2 - (2 * lag + T * d.a2) / (R * T) / T;

@@ -1,4 +1,5 @@
 #include "expected_text.h"
+#include "legacy/current_fluid.h"
 
 #include <cmath>
 #include <cstdio>

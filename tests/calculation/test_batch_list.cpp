@@ -9,6 +9,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "expected_text.h"
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

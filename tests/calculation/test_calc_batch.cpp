@@ -5,6 +5,7 @@
 #include "calculation/partial_choice.h"
 #include "common/numbers.h"
 #include "expected_text.h"
+#include "legacy/current_fluid.h"
 #include "models/cubic_eos.h"
 #include "models/saturation.h"
 #include "models/virial.h"

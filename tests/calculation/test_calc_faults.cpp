@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "calc_test.h"
+#include "legacy/current_fluid.h"
 #include "models/saturation.h"
 #include "support/fluids.h"
 

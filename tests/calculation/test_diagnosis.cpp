@@ -3,6 +3,7 @@
 #include "calc_test.h"
 #include "calculation/diagnosis.h"
 #include "expected_text.h"
+#include "legacy/current_fluid.h"
 #include "models/cubic_eos.h"
 #include "models/saturation.h"
 

@@ -3,6 +3,7 @@
 #include "calc_test.h"
 #include "common/numbers.h"
 #include "expected_text.h"
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

@@ -3,6 +3,7 @@
 #include "calc_test.h"
 #include "calculation/iso_calculator.h"
 #include "common/numbers.h"
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

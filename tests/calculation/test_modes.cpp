@@ -4,6 +4,7 @@
 #include "calculation/calc_modes.h"
 #include "common/numbers.h"
 #include "expected_text.h"
+#include "legacy/current_fluid.h"
 #include "models/model_tables.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

@@ -5,6 +5,7 @@
 #include "calculation/direct_input.h"
 #include "calculation/tank.h"
 #include "expected_text.h"
+#include "legacy/current_fluid.h"
 #include "models/density.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

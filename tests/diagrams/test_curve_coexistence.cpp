@@ -5,6 +5,7 @@
 #include "diagrams/drawn.h"
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/vapour_pressure.h"

@@ -6,6 +6,7 @@
 #include "diagrams/drawn.h"
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"

@@ -4,6 +4,7 @@
 #include "diagrams/drawn.h"
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
+#include "legacy/current_fluid.h"
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
 

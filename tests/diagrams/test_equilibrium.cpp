@@ -1,4 +1,5 @@
 #include "diagrams/equilibrium.h"
+#include "legacy/current_fluid.h"
 
 #include <algorithm>
 

@@ -10,6 +10,7 @@
 #include "diagrams/process_line.h"
 #include "diagrams/project_state.h"
 #include "diagrams/textbook.h"
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
 

@@ -1,4 +1,5 @@
 #include "diagrams/surface.h"
+#include "legacy/current_fluid.h"
 
 #include <stdexcept>
 

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/density.h"

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "common/constants.h"
+#include "legacy/current_fluid.h"
 #include "models/cubic_eos.h"
 #include "models/maxwell.h"
 #include "models/saturation.h"

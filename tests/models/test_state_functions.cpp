@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/model_grid.h"

@@ -1,3 +1,4 @@
+#include "legacy/current_fluid.h"
 #include "models/virial.h"
 
 #include <cmath>

@@ -3,6 +3,7 @@
 #include "common/text.h"
 #include "datafiles/database.h"
 #include "datafiles/record_fields.h"
+#include "legacy/current_fluid.h"
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/saturation.h"
