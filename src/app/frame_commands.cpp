@@ -62,7 +62,7 @@ void openDatabase() {
     if (datafiles::load_database() != datafiles::LoadOutcome::Loaded) return;
     gui::settings::rememberFile(QString::fromStdString(the_session.DatabasePath));
     gui::settings::rememberDatabaseFolder(
-        QString::fromStdString(session::folder_of(the_session.DatabasePath)));
+        QString::fromStdString(paths::folder_of(the_session.DatabasePath)));
     // The substance of the former database has no place in this one.
     the_session.CurrentSubstance = 0;
     the_session.SubstanceSet = false;
@@ -111,8 +111,8 @@ void showAbout() {
 
 void showInformation() {
     const auto name_or_none = [](const std::string& s) { return s.empty() ? "none" : s; };
-    dialogs::tell("Program folder: " + session::program_folder().string() +
-                      "\nFolder of your files: " + session::write_folder().string() +
+    dialogs::tell("Program folder: " + legacy::the_places.program_folder().string() +
+                      "\nFolder of your files: " + legacy::the_places.write_folder().string() +
                       "\n\nDatabase: " + name_or_none(the_session.DatabaseFile) +
                       "\nProject: " + name_or_none(the_session.ProjectFile) + "\nProtocol file: " +
                       name_or_none(the_session.ProtocolFile) + "\n\nQt " + std::string(qVersion()),
@@ -120,7 +120,7 @@ void showInformation() {
 }
 
 void load_last_session() {
-    if (!session::file_exists(the_session.LastSessionFile)) {
+    if (!legacy::the_places.file_exists(the_session.LastSessionFile)) {
         dialogs::tell("There is no last session yet:\n" + the_session.LastSessionFile,
                       "Execution not possible");
         return;

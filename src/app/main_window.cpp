@@ -117,7 +117,7 @@ void MainWindow::startUp() {
     firstSteps_->hide();
     session::reset_everything();
     registerProjectActions();
-    panels_[3]->setText(qt(session::short_date()));
+    panels_[3]->setText(qt(legacy::the_places.short_date()));
     TipDialog::showAtStartup();
     refresh();
 }
@@ -237,7 +237,7 @@ void MainWindow::fillRecentFiles(QMenu* menu) {
     menu->setEnabled(fileOpener != nullptr && !files.isEmpty());
     for (qsizetype i = 0; i < files.size(); ++i) {
         const QString& file = files[i];
-        const QString shown = qt(session::shorten_path(file.toStdString(), kRecentCharacters));
+        const QString shown = qt(paths::shorten_path(file.toStdString(), kRecentCharacters));
         QAction* action =
             menu->addAction(QString("&%1  %2").arg(i + 1).arg(QString(shown).replace('&', "&&")));
         action->setObjectName(QString("mnuData_Recent_%1").arg(i));

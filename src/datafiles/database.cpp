@@ -145,7 +145,7 @@ LoadOutcome load_database() {
     const std::optional<std::string> path =
         dialogs::choose_file({.title = "Select and load a database",
                               .filter = "Database (*.Q05)|*.Q05",
-                              .folder = (session::data_folder() / "").string(),
+                              .folder = (legacy::the_places.data_folder() / "").string(),
                               .name = the_session.DatabaseFile,
                               .defaultExtension = ".Q05"});
     return path ? load_database(*path) : LoadOutcome::Cancelled;

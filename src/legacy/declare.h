@@ -1,6 +1,7 @@
 #pragma once
 
 #include "calculation/result_records.h"
+#include "common/paths.h"
 #include "datafiles/fit_point.h"
 #include "datafiles/substance_lists.h"
 #include "diagrams/diagram_records.h"
@@ -14,6 +15,7 @@
 /// computes; `session::reset_everything` gives every record its default.
 namespace quor::legacy {
 
+inline Places the_places;  ///< set at the start of the program
 inline Session the_session;
 inline models::SubstanceRecord the_substance;
 inline models::ModelSelection the_models;

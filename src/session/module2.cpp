@@ -21,7 +21,7 @@ std::int16_t pointer = 0;  // code of the pointer now shown
 
 void reset_everything() {
     // The program's folder with its closing separator, as the five folders are kept.
-    const std::string folder = (write_folder() / "").string();
+    const std::string folder = (legacy::the_places.write_folder() / "").string();
 
     the_session = {};
     the_session.DecimalComma = numbers::decimal_mark() == ',';
@@ -55,7 +55,7 @@ void reset_everything() {
     the_session.FolderBatch = the_session.FolderDiagram2D = the_session.FolderDiagram3D = folder;
     the_session.FolderXY = the_session.FolderProject = folder;
     the_session.LastSessionFile = folder + "QuorLastSession.QCF";
-    the_session.ProtocolFile = new_protocol_file_name();
+    the_session.ProtocolFile = legacy::the_places.new_protocol_file_name();
 
     set_commands(
         {Command::mnuData_SaveProject, Command::toolSave, Command::toolReference, Command::toolTank,

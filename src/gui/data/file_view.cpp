@@ -156,8 +156,8 @@ QString FileView::pathOf(const QString& name) const {
 void FileView::showFolder(const QString& path) {
     const QDir folder(path);
     folder_ = folder.absolutePath();
-    path_->setText(qt(
-        session::shorten_path(QDir::toNativeSeparators(folder_).toStdString(), kPathCharacters)));
+    path_->setText(
+        qt(paths::shorten_path(QDir::toNativeSeparators(folder_).toStdString(), kPathCharacters)));
     path_->setToolTip(QDir::toNativeSeparators(folder_));
     folders_->clear();
     if (!folder.isRoot()) folders_->addItem("..");

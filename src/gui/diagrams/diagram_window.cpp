@@ -245,7 +245,7 @@ void DiagramWindow::load() {
         case Module9::LoadOutcome::Cancelled:
             return refresh();
     }
-    setCaption(qt(session::file_title(sheet_.loadedFile)));
+    setCaption(qt(paths::file_title(sheet_.loadedFile)));
     canvas_->forgetZoom();
     refresh();
 }

@@ -151,7 +151,7 @@ void SurfaceWindow::markCritical() {
 void SurfaceWindow::loadOC3() {
     const std::string file = Module9::load_oc3(sheet_);
     if (file.empty()) return;
-    setCaption(qt(session::file_title(file)));
+    setCaption(qt(paths::file_title(file)));
     refresh();
 }
 

@@ -29,10 +29,11 @@ std::optional<double> number(const std::string& s) {
 }
 
 void open_database(const Arguments& a) {
-    const std::string path = a.db.empty() ? session::find_file("STUDENT.Q05").string() : a.db;
+    const std::string path =
+        a.db.empty() ? legacy::the_places.find_file("STUDENT.Q05").string() : a.db;
     if (datafiles::open_database_file(std::filesystem::absolute(path).string()).notUsable)
-        throw CannotBeDone{"Database " + session::file_title(path) + " not found or empty resp."};
-    legacy::the_session.DatabaseFile = session::file_title(path);
+        throw CannotBeDone{"Database " + paths::file_title(path) + " not found or empty resp."};
+    legacy::the_session.DatabaseFile = paths::file_title(path);
 }
 
 /// Position of a substance: "#number", else a name, synonym or CASRN.

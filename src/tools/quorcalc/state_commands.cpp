@@ -18,9 +18,10 @@ namespace quor::quorcalc {
 namespace {
 
 Json list(const Arguments& a) {
-    const std::string path = a.db.empty() ? session::find_file("STUDENT.Q05").string() : a.db;
+    const std::string path =
+        a.db.empty() ? legacy::the_places.find_file("STUDENT.Q05").string() : a.db;
     if (datafiles::open_database_file(std::filesystem::absolute(path).string()).notUsable)
-        throw CannotBeDone{"Database " + session::file_title(path) + " not found or empty resp."};
+        throw CannotBeDone{"Database " + paths::file_title(path) + " not found or empty resp."};
     const datafiles::SubstanceLists& lists = legacy::the_substances;
     Json substances = Json::array();
     for (std::size_t i = 1; i <= static_cast<std::size_t>(legacy::the_session.SubstanceCount); ++i)
