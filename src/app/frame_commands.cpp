@@ -4,8 +4,6 @@
 
 #include "app/tip_dialog.h"
 #include "common/dialogs.h"
-#include "datafiles/database.h"
-#include "datafiles/session_status.h"
 #include "gui/data/substance_dialog.h"
 #include "gui/models/model_dialog.h"
 #include "gui/widgets/settings.h"
@@ -15,6 +13,8 @@
 #include "session/commands.h"
 #include "session/module2.h"
 #include "session/project_hooks.h"
+#include "session/session_status.h"
+#include "session/substance_session.h"
 
 namespace quor::app {
 
@@ -25,7 +25,7 @@ namespace {
 using legacy::the_session;
 using session::Command;
 
-void show(const datafiles::Report& report) {
+void show(const session::Report& report) {
     dialogs::tell(report.text, report.title, dialogs::Icon::Information);
 }
 
@@ -45,9 +45,11 @@ void enable_restored_session() {
 }
 
 void load_project(const std::string& file) {
+    const session::ProjectHooks& hooks = session::project_hooks();
+    if (hooks.check && !hooks.check(file)) return;
     close_results_and_input();
     session::reset_session();
-    if (session::project_hooks().load(file)) {
+    if (hooks.load(file)) {
         enable_restored_session();
         if (file != the_session.LastSessionFile)
             gui::settings::rememberFile(QString::fromStdString(file));
@@ -59,10 +61,10 @@ void load_project(const std::string& file) {
 
 void openDatabase() {
     close_results_and_input();
-    if (datafiles::load_database() != datafiles::LoadOutcome::Loaded) return;
-    gui::settings::rememberFile(QString::fromStdString(the_session.DatabasePath));
-    gui::settings::rememberDatabaseFolder(
-        QString::fromStdString(paths::folder_of(the_session.DatabasePath)));
+    if (session::load_database() != session::LoadOutcome::Loaded) return;
+    const std::string file = legacy::the_database.path().string();
+    gui::settings::rememberFile(QString::fromStdString(file));
+    gui::settings::rememberDatabaseFolder(QString::fromStdString(paths::folder_of(file)));
     // The substance of the former database has no place in this one.
     the_session.CurrentSubstance = 0;
     the_session.SubstanceSet = false;
@@ -88,11 +90,11 @@ void chooseModels() {
 }
 
 void showStatus() {
-    show(datafiles::status_report());
+    show(session::status_report());
 }
 
 void showParameters() {
-    show(datafiles::parameter_report());
+    show(session::parameter_report());
 }
 
 void showTips() {

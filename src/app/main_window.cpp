@@ -22,7 +22,6 @@
 #include "app/tip_dialog.h"
 #include "app/work_area.h"
 #include "calculation/start_calculation.h"
-#include "datafiles/session_status.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/settings.h"
 #include "gui/widgets/theme.h"
@@ -31,6 +30,7 @@
 #include "session/commands.h"
 #include "session/module2.h"
 #include "session/project_hooks.h"
+#include "session/session_status.h"
 #include "session/shutdown.h"
 
 namespace quor::app {
@@ -257,8 +257,8 @@ void MainWindow::refresh() {
     for (const menu::ToolButton& button : menu::tool_buttons())
         if (QAction* action = toolActions_.value(button.index))
             action->setEnabled(menu::Enabled(button));
-    const datafiles::StatusPanels texts =
-        datafiles::panel_texts(session::is_enabled(session::Command::mnuCalcMain));
+    const session::StatusPanels texts =
+        session::panel_texts(session::is_enabled(session::Command::mnuCalcMain));
     panels_[0]->setText(qt(texts.substance));
     panels_[1]->setText(qt(texts.eos));
     panels_[2]->setText(qt(texts.vapourPressure));

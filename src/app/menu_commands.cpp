@@ -2,6 +2,7 @@
 
 #include "common/dialogs.h"
 #include "legacy/declare.h"
+#include "session/measured_data_session.h"
 
 namespace quor::menu {
 
@@ -40,12 +41,7 @@ bool prepare_new_data() {
                       "Do you want this?",
                       "WARNING", dialogs::Icon::Exclamation))
         return false;
-    the_session.BatchCount = 0;
-    the_session.BatchFile.clear();
-    the_session.BatchComment.clear();
-    the_session.BatchCasrn.clear();
-    legacy::the_BatchData.resize(1);  // the direct input stays
-    legacy::the_BatchData.resize(2);
+    session::clear_measured_data();
     return true;
 }
 

@@ -6,11 +6,11 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "datafiles/xy_file.h"
 #include "diagrams/curve.h"
 #include "diagrams/sheet_readout.h"
 #include "legacy/declare.h"
 #include "session/module2.h"
+#include "session/xy_session.h"
 
 namespace quor::Module9 {
 
@@ -176,12 +176,11 @@ void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart) {
 bool save_curve(const DiagramSheet& sheet, int slot) {
     const Series* series = used_curve(sheet, slot);
     if (series == nullptr) return false;
-    diagrams::CurvePointArray points(1);
+    std::vector<datafiles::FitPoint> points;
     for (std::size_t i = 0; i < series->x.size(); ++i)
         if (chart::is_shown(series->x[i]) && chart::is_shown(series->y[i]))
             points.push_back({series->x[i], series->y[i], 0});
-    points[0].x = static_cast<float>(points.size() - 1);
-    return datafiles::save_curve_as_xy(points);
+    return session::save_curve_as_xy(points);
 }
 
 std::string curve_table(const DiagramSheet& sheet, int slot) {

@@ -11,6 +11,7 @@
 #include "diagrams/database_functions.h"
 #include "legacy/declare.h"
 #include "session/module2.h"
+#include "session/xy_session.h"
 
 namespace quor::Module9 {
 
@@ -168,7 +169,7 @@ std::string editor_name() {
 }  // namespace
 
 diagrams::DiagramRequest request_of_editor_graph() {
-    const datafiles::XYGraph& graph = datafiles::xyGraph;
+    const datafiles::XYGraph& graph = legacy::the_xyGraph;
     diagrams::DiagramRequest request;
     request.title = graph.title;
     request.xLabel = graph.xTitle;
@@ -191,7 +192,7 @@ diagrams::DiagramRequest request_of_editor_graph() {
 }
 
 bool add_editor_graph(DiagramSheet& sheet) {
-    const datafiles::XYGraph& graph = datafiles::xyGraph;
+    const datafiles::XYGraph& graph = legacy::the_xyGraph;
     std::vector<float> x, y;
     for (const datafiles::FitPoint& p : graph.points) {
         x.push_back(p.x);
@@ -207,13 +208,13 @@ bool add_editor_graph(DiagramSheet& sheet) {
 }
 
 bool add_editor_points(DiagramSheet& sheet) {
-    if (!datafiles::enough_active_points(legacy::the_xyPoints, true)) return false;
+    if (!session::enough_active_points(legacy::the_xyPoints, true)) return false;
     MeasuredPoints points = editor_points(sheet);
     return store_point_set(sheet, std::move(points.x), std::move(points.y), editor_name()) >= 0;
 }
 
 bool add_editor_curve(DiagramSheet& sheet) {
-    if (!datafiles::enough_active_points(legacy::the_xyPoints, false)) return false;
+    if (!session::enough_active_points(legacy::the_xyPoints, false)) return false;
     MeasuredPoints points = editor_points(sheet);
     const int slot = store_points(sheet, std::move(points.x), std::move(points.y));
     if (slot < 0) return false;

@@ -7,7 +7,7 @@
 #include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
-#include "datafiles/batch_table.h"
+#include "datafiles/measured_table.h"
 #include "estimation/fit_statistics.h"
 #include "estimation/linear_regression.h"
 #include "estimation/marquardt_nash.h"

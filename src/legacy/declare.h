@@ -2,8 +2,10 @@
 
 #include "calculation/result_records.h"
 #include "common/paths.h"
-#include "datafiles/fit_point.h"
-#include "datafiles/substance_lists.h"
+#include "datafiles/database.h"
+#include "datafiles/synonyms.h"
+#include "datafiles/xy_file.h"
+#include "datafiles/xy_points.h"
 #include "diagrams/diagram_records.h"
 #include "legacy/session_record.h"
 #include "models/eos_records.h"
@@ -44,8 +46,13 @@ inline std::vector<diagrams::PolytropicPoint>
     the_polytropicPoints;  ///< of the last polytropic calculation
 inline diagrams::Grid3D the_grid3D;
 
-inline datafiles::SubstanceLists the_substances;
-inline std::vector<datafiles::FitPoint> the_xyPoints;  ///< the XY editor's list, from element 0
-inline std::string the_xyComment;
+inline datafiles::Database the_database;
+inline std::vector<std::filesystem::path> the_databaseFolders;  ///< where databases were, once
+inline datafiles::Synonyms the_synonyms;
+inline std::filesystem::path the_synonymFile;  ///< that the synonyms were read from
+inline datafiles::XyData the_xyData;           ///< the XY editor's list
+inline std::vector<datafiles::FitPoint>& the_xyPoints = the_xyData.points;
+inline std::string& the_xyComment = the_xyData.comment;
+inline datafiles::XYGraph the_xyGraph;  ///< sent last; the action "graph_xy" shows it
 
 }  // namespace quor::legacy

@@ -63,16 +63,14 @@ struct Session {
     char CsvSeparator = ';';
     std::int16_t ProtocolOpen = 0;  ///< number of columns written to the protocol store
     bool ProtocolPending = false;   ///< unwritten columns exist
-    std::string DatabaseFile;
-    std::string DatabasePath;  ///< the file whose lists are loaded, with its folder
-    bool DatabaseLoaded = false;
-    std::int16_t SubstanceCount = 0;
+    std::string DatabaseFile;       ///< title of the open database
     std::int16_t CurrentSubstance = 0;
     bool SubstanceSet = false;
     std::int16_t BatchCount = 0;
     std::string BatchFile;
     std::string BatchComment;
-    std::string BatchCasrn;          ///< CASRN of the batch file's substance
+    std::string BatchCasrn;          ///< CASRN of the data's substance
+    double BatchMolarMass = 0;       ///< of that substance, kg/kmol
     std::int16_t FitDataSource = 0;  ///< 1: the data editor, else the XY editor
     std::int16_t FitColumn = 1;      ///< 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
     bool ResultsOutdated = false;

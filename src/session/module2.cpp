@@ -46,9 +46,9 @@ void reset_everything() {
     legacy::the_processLine = {};
     legacy::the_polytropicPoints.clear();
     legacy::the_grid3D = {};
-    legacy::the_substances = {};
-    legacy::the_xyPoints.clear();
-    legacy::the_xyComment.clear();
+    legacy::the_database = {};
+    legacy::the_xyData = {};
+    legacy::the_xyGraph = {};
 
     reset_session();
 

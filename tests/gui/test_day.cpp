@@ -3,7 +3,6 @@
 
 #include "app/open_file.h"
 #include "calculation/protocol.h"
-#include "datafiles/database.h"
 #include "gui/editor_drive.h"
 #include "gui/graph_test.h"
 #include "models/vapour_pressure.h"
@@ -130,7 +129,6 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     choose("mnuData_Exit");
     EXPECT_FALSE(frame->isVisible());
     frame.reset();
-    datafiles::close_database();
     session::reset_everything();
 
     // The next morning.

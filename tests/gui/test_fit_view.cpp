@@ -1,6 +1,5 @@
 #include <cmath>
 
-#include "datafiles/xy_file.h"
 #include "estimation/fit_models.h"
 #include "gui/data/editor_views.h"
 #include "gui/editor_drive.h"
@@ -10,6 +9,7 @@
 #include "legacy/declare.h"
 #include "models/caloric.h"
 #include "models/vapour_pressure.h"
+#include "session/xy_session.h"
 #include "support/fluids.h"
 
 using namespace quor;
@@ -54,8 +54,7 @@ class Fitting : public ViewTest {
     }
 
     static void sample(const std::string& name) {
-        ASSERT_FALSE(
-            datafiles::xy_load(std::string(QUOR_SOURCE_DATA) + "/samples/" + name).empty());
+        ASSERT_TRUE(session::load_xy(std::string(QUOR_SOURCE_DATA) + "/samples/" + name));
     }
     static void open() {
         the_session.FitDataSource = 0;

@@ -1,5 +1,4 @@
 #include "app/wiring.h"
-#include "datafiles/database.h"
 #include "gui/frame_test.h"
 #include "models/saturation.h"
 #include "session/module2.h"

@@ -2,13 +2,12 @@
 #include <set>
 
 #include "common/text.h"
-#include "datafiles/database.h"
-#include "datafiles/substance_choice.h"
 #include "datafiles/substance_editor.h"
 #include "gui/data/substance_editor_view.h"
 #include "gui/editor_drive.h"
 #include "gui/frame_test.h"
 #include "session/commands.h"
+#include "session/substance_session.h"
 #include "support/databases.h"
 
 using namespace quor;
@@ -48,8 +47,8 @@ class BankEdit : public ViewTest {
     BankEdit() {
         const std::filesystem::path file = folder() / "ONE.Q05";
         databases::Write(file, {databases::Row("Carbon dioxide")});
-        datafiles::load_database(file.string());
-        datafiles::take_substance(1);
+        session::load_database(file.string());
+        session::take_substance(1);
         the_models.VPCode = "WAG";
         the_models.VPModel = 4;
         the_models.EOSModel = 6;
@@ -60,7 +59,6 @@ class BankEdit : public ViewTest {
         if (view) view->close();
         view.reset();
         SubstanceEditorView::setGroupContributions({});
-        datafiles::close_database();
         ViewTest::TearDown();
     }
 
@@ -93,7 +91,7 @@ TEST_F(BankEdit, ShowsEveryFieldOfTheRecord) {
     for (const EditorField& field : editor_field_table()) {
         ++value;
         if (field.is_text()) continue;
-        ASSERT_EQ(datafiles::set_field(the_substance, field.name, std::to_string(value)), "")
+        ASSERT_TRUE(datafiles::set_field(the_substance, field.name, std::to_string(value)))
             << field.name;
     }
     open();
@@ -350,13 +348,13 @@ TEST_F(BankEdit, WritesAPrivateDatabaseWithWhatIsTyped) {
     EXPECT_EQ(the_substance.Name, "My dioxide") << "writing applies first";
     view->close();
 
-    ASSERT_EQ(datafiles::load_database((folder() / "MINE.Q05").string()),
-              datafiles::LoadOutcome::Loaded);
-    EXPECT_EQ(the_session.SubstanceCount, 1);
-    bool noCriticalData = true;
+    ASSERT_EQ(session::load_database((folder() / "MINE.Q05").string()),
+              session::LoadOutcome::Loaded);
+    EXPECT_EQ(legacy::the_database.size(), 1U);
     the_substance = {};
-    ASSERT_TRUE(datafiles::ReadSubstance(1, noCriticalData));
-    EXPECT_FALSE(noCriticalData);
+    const Result<session::SubstanceRead> read = session::read_substance(1);
+    ASSERT_TRUE(read);
+    EXPECT_FALSE(read->noCriticalData);
     EXPECT_EQ(the_substance.Name, "My dioxide");
     EXPECT_EQ(the_substance.M, 44.5F);
     EXPECT_EQ(the_substance.sconv, 213.8F) << "a private file keeps the entropy of its source";

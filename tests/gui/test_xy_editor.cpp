@@ -357,13 +357,13 @@ TEST_F(ManuInput, TheDiagramTakesTheActivePoints) {
     click("optIsPoints_0");
     click("cmdDrawManu");
     EXPECT_EQ(drawn, 1);
-    EXPECT_TRUE(datafiles::xyGraph.asPoints);
+    EXPECT_TRUE(legacy::the_xyGraph.asPoints);
     add("310", "7");
     add("400", "70");
     click("cmdAus");
     click("optIsPoints_1");
     click("cmdDrawManu");
-    const datafiles::XYGraph& graph = datafiles::xyGraph;
+    const datafiles::XYGraph& graph = legacy::the_xyGraph;
     EXPECT_EQ(drawn, 2);
     EXPECT_FALSE(graph.asPoints);
     EXPECT_EQ(graph.points.size(), 2U);

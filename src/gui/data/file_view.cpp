@@ -175,7 +175,8 @@ void FileView::marked() {
     const QListWidgetItem* item = files_->currentItem();
     const bool has = item != nullptr && item->isSelected();
     const datafiles::FilePreview told =
-        has ? datafiles::preview_file(pathOf(item->text()).toStdString())
+        has ? datafiles::preview_file(pathOf(item->text()).toStdString(), legacy::the_database,
+                                      legacy::the_places, legacy::the_databaseFolders)
             : datafiles::FilePreview{};
     substance_->setText(qt(told.substance));
     substance_->setCursorPosition(0);

@@ -6,8 +6,9 @@
 #include "calculation/result_text.h"
 #include "common/text.h"
 #include "common/whole_file.h"
-#include "datafiles/batch_file.h"
+#include "datafiles/measured_data.h"
 #include "models/reference_state.h"
+#include "session/measured_data_session.h"
 #include "tools/quorcalc/command_list.h"
 
 namespace quor::quorcalc {
@@ -95,11 +96,11 @@ Json calc(const Arguments& a) {
 
 /// The CASRN that a file of experimental data names.
 std::string substance_of(const std::string& file) {
-    const datafiles::FileContent whole = datafiles::read_whole(file);
-    if (!whole.error.empty()) throw CannotBeDone{whole.error};
-    const auto content = datafiles::read_batch_text(whole.bytes);
+    const Result<std::string> whole = files::read_whole(file);
+    if (!whole) throw CannotBeDone{whole.reason()};
+    const auto content = datafiles::read_measured_data(*whole, file);
     if (!content) throw CannotBeDone{"not a file of experimental data: " + file};
-    return text::trim_right(content->casrn);
+    return text::trim_right(content->data.casrn);
 }
 
 Json batch(const Arguments& a) {
@@ -109,7 +110,8 @@ Json batch(const Arguments& a) {
     if (call.substance.empty()) call.substance = casrn;
     set_up(call);
     choose_equilibrium(call);
-    if (!datafiles::batch_load(file, false)) throw CannotBeDone{"nothing was loaded from " + file};
+    if (!session::load_measured_data(file, false))
+        throw CannotBeDone{"nothing was loaded from " + file};
 
     legacy::Session& s = legacy::the_session;
     s.BatchMode = true;

@@ -3,10 +3,11 @@
 
 #include "common/numbers.h"
 #include "common/text.h"
-#include "datafiles/xy_file.h"
 #include "estimation/fit_models.h"
 #include "estimation/fit_run.h"
 #include "estimation/group_contributions.h"
+#include "legacy/declare.h"
+#include "session/xy_session.h"
 #include "tools/quorcalc/command_list.h"
 
 namespace quor::quorcalc {
@@ -58,7 +59,7 @@ Json fit(const Arguments& a) {
     if (a.pcr) state.pcr = *a.pcr;
     choose_start(a, state);
 
-    if (datafiles::xy_load(std::filesystem::absolute(a.file).string()).empty())
+    if (!session::load_xy(std::filesystem::absolute(a.file).string()))
         throw CannotBeDone{"nothing was loaded from " + a.file};
     legacy::the_session.FitDataSource = 0;
     estimation::load_fit_points(state);

@@ -5,7 +5,6 @@
 
 #include "common/dialogs.h"
 #include "common/faults.h"
-#include "datafiles/database.h"
 #include "diagrams/curve.h"
 #include "session/module2.h"
 #include "tools/quorcalc/commands.h"

@@ -1,10 +1,10 @@
-#include "datafiles/questions.h"
+#include "session/questions.h"
 
 #include <filesystem>
 
 #include "common/dialogs.h"
 
-namespace quor::datafiles {
+namespace quor::session {
 
 bool may_replace(const std::string& path) {
     std::error_code ignored;
@@ -28,4 +28,4 @@ bool confirm_removal(int first, int last) {
     return dialogs::ask(question, "WARNING", dialogs::Icon::Exclamation);
 }
 
-}  // namespace quor::datafiles
+}  // namespace quor::session

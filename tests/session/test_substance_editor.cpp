@@ -8,6 +8,7 @@
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
+#include "session/substance_session.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -200,7 +201,7 @@ TEST_F(SubstanceEditor, NamesNeverBecomeZeros) {
     texts[83] = "0";
     texts[84] = " X0 Y ";
     texts[85] = "";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(the_substance.Name, "0");
     EXPECT_EQ(texts[83], "0");
     EXPECT_EQ(the_substance.Formula, "X0 Y");
@@ -212,7 +213,7 @@ TEST_F(SubstanceEditor, NamesNeverBecomeZeros) {
 TEST_F(SubstanceEditor, ACommaIsAPointAndOtherKeysAreSwallowed) {
     EditorTexts texts = show_record(the_substance);
     texts[0] = "44,5";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(the_substance.M, 44.5F);
     EXPECT_EQ(filter_key(field(0), ','), '.');
     for (const char c : std::string("0123456789Ee-.\r\b\x7f"))
@@ -230,7 +231,7 @@ TEST_F(SubstanceEditor, AValueBeyondItsFieldLeavesTheRecord) {
     texts[1] = "1E300";
     texts[11] = "99999";
     texts[2] = "90";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(the_substance.Tboil, before);
     EXPECT_EQ(texts[1], editor_text(before));
     EXPECT_EQ(the_substance.ALP.TLo, TLo);
@@ -243,16 +244,16 @@ TEST_F(SubstanceEditor, SinhFunctionKeepsADenominator) {
     texts[37] = "";
     texts[40] = "200";
     texts[41] = "900";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(the_substance.cpSinh.c[2], 0.1F);
     EXPECT_EQ(texts[37], " 0.1");
     EXPECT_TRUE(the_substance.hasCpSinh);
     texts[37] = "-1500";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(the_substance.cpSinh.c[2], 1500);
     texts[35] = "";
     texts[37] = "";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(the_substance.cpSinh.c[2], 0);
     EXPECT_FALSE(the_substance.hasCpSinh);
 }
@@ -266,13 +267,13 @@ TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
         texts[i + 5] = "200";
         texts[i + 6] = "300";
     }
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_FALSE(the_substance.hasCpPoly);  // the ideal gas needs C0
     EXPECT_TRUE(the_substance.hasCpL);      // a condensed phase C0 or C1
     EXPECT_TRUE(the_substance.hasCpS);
     texts[28] = "30";
     texts[113] = "";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_TRUE(the_substance.hasCpPoly);
     EXPECT_FALSE(the_substance.hasCpL);
 }
@@ -283,26 +284,26 @@ TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
         texts[static_cast<std::size_t>(DD)] = "";
     legacy::the_models.VPCode = "000";
     legacy::the_models.VPModel = 0;
-    ApplyEditor(texts);  // WAG is there, but only the Antoine sets are looked at
+    session::apply_editor(texts);  // WAG is there, but only the Antoine sets are looked at
     EXPECT_EQ(legacy::the_models.VPCode, "000");
     const char* antoine[] = {"6", "800", "247", "150", "250"};
     for (std::size_t k = 0; k < 5; ++k) texts[13 + k] = antoine[k];
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(legacy::the_models.VPCode, "AHP");
     EXPECT_EQ(legacy::the_models.VPModel, models::vp_index("AHP"));
     legacy::the_models.VPCode = "000";
     for (std::size_t k = 0; k < 5; ++k) texts[8 + k] = antoine[k];
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(legacy::the_models.VPCode, "ALP");
     legacy::the_models.VPCode = "WAG";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(legacy::the_models.VPCode, "WAG");
 }
 
 TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
     EditorTexts texts = show_record(the_substance);
     texts[1] = "";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_NEAR(static_cast<double>(the_substance.Tboil), 231.04, 0.5);  // propane
     EXPECT_NEAR(
         models::vapour_pressure(the_substance, static_cast<double>(the_substance.Tboil), "WAG").p,
@@ -311,7 +312,7 @@ TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
     texts[1] = "";
     legacy::the_models.VPCode = "000";
     for (int DD = 8; DD <= 17; ++DD) texts[static_cast<std::size_t>(DD)] = "";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(the_substance.Tboil, 0);
 }
 
@@ -320,7 +321,7 @@ TEST_F(SubstanceEditor, CorrelatedSetsFollowTheCriticalPoint) {
     texts[1] = "240";
     texts[4] = "400";
     texts[5] = "4000";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
     EXPECT_FLOAT_EQ(the_substance.AUG.B, static_cast<float>(B));
     EXPECT_FLOAT_EQ(the_substance.AUG.A, static_cast<float>(std::log(4000.0) - B / 400));
@@ -359,15 +360,15 @@ TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
     EditorTexts texts = show_record(the_substance);
     texts[42] = "18000";
     texts[43] = "231";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(legacy::the_models.HLVModel, 4);
     EXPECT_EQ(user.beeps, 0);
     texts[43] = "";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(legacy::the_models.HLVModel, 2);
     EXPECT_EQ(user.beeps, 1);
     legacy::the_models.HLVModel = 3;
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(legacy::the_models.HLVModel, 3);
     EXPECT_EQ(user.beeps, 1);
 }
@@ -380,7 +381,7 @@ TEST_F(SubstanceEditor, EosAndUnitsFollow) {
     texts[0] = "50";
     texts[4] = "400";
     texts[6] = "250";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_NEAR(legacy::the_eosParameters.eosA0 / before, std::pow(400 / 369.89, 2), 1e-9);
     EXPECT_DOUBLE_EQ(legacy::the_session.VolumeFactor, 1 / 50.0);
     EXPECT_DOUBLE_EQ(the_substance.vcritExp, 50.0 / 250);
@@ -388,7 +389,7 @@ TEST_F(SubstanceEditor, EosAndUnitsFollow) {
     // Manual virial coefficients stay.
     legacy::the_models.EOSModel = 10;
     legacy::the_eosParameters.eosA0 = 77;
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_EQ(legacy::the_eosParameters.eosA0, 77);
 }
 
@@ -396,10 +397,10 @@ TEST_F(SubstanceEditor, EntropyOfFormationFollows) {
     EditorTexts texts = show_record(the_substance);
     texts[44] = "-100000";
     texts[45] = "-40000";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_FLOAT_EQ(the_substance.dfs, static_cast<float>(-60000 / 298.15));
     texts[45] = "";
-    ApplyEditor(texts);
+    session::apply_editor(texts);
     EXPECT_FLOAT_EQ(the_substance.dfs, static_cast<float>(-60000 / 298.15));
 }
 
@@ -432,14 +433,14 @@ TEST_F(SubstanceEditor, RecalculationTakesTheFieldsAndLeavesTheRecord) {
 
 TEST_F(SubstanceEditor, TheTriplePointPressureComesFromEitherSource) {
     the_substance.ptriple = 0.00017F;
-    EXPECT_EQ(triple_point_pressure(false), " 0.00017");
+    EXPECT_EQ(session::triple_point_pressure(false), " 0.00017");
     the_substance.Ttriple = 150;
-    const auto p = triple_point_pressure(true);
+    const auto p = session::triple_point_pressure(true);
     ASSERT_TRUE(p.has_value());
     EXPECT_EQ(
         *p, editor_text(static_cast<float>(models::vapour_pressure(the_substance, 150, "WAG").p)));
     the_substance.Ttriple = 0;
-    EXPECT_FALSE(triple_point_pressure(true).has_value());
+    EXPECT_FALSE(session::triple_point_pressure(true).has_value());
     EXPECT_EQ(user.lastText(), "Error while calculating vapour pressure");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
@@ -447,20 +448,20 @@ TEST_F(SubstanceEditor, TheTriplePointPressureComesFromEitherSource) {
 TEST_F(SubstanceEditor, ClosingAsksForChangedFields) {
     const EditorTexts shown = show_record(the_substance);
     EditorTexts now = shown;
-    EXPECT_TRUE(may_close_editor(shown, now));
+    EXPECT_TRUE(session::may_close_editor(shown, now));
     EXPECT_TRUE(user.messages.empty());
     now[7] = "0.2";
     user.answers = {dialogs::Answer::No, dialogs::Answer::Yes};
-    EXPECT_FALSE(may_close_editor(shown, now));
+    EXPECT_FALSE(session::may_close_editor(shown, now));
     EXPECT_EQ(user.lastText(), "Your changes are lost here (use \"Apply\")\n\nClose nevertheless?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_TRUE(may_close_editor(shown, now));
+    EXPECT_TRUE(session::may_close_editor(shown, now));
 }
 
 TEST_F(SubstanceEditor, CaptionsNameEquationAndDatabase) {
-    EXPECT_EQ(active_equation_caption(), "actual vapour-pressure equation: Wagner");
+    EXPECT_EQ(session::active_equation_caption(), "actual vapour-pressure equation: Wagner");
     legacy::the_session.DatabaseFile = "student.q05";
-    EXPECT_EQ(database_caption(), "Database loaded:  STUDENT.Q05");
+    EXPECT_EQ(session::database_caption(), "Database loaded:  STUDENT.Q05");
     EXPECT_EQ(kEditorNote, " Note: Any changes are lost without \"Apply\" ");
     EXPECT_EQ(kEditorLegend, "<> = empty");
     EXPECT_EQ(editor_tab_caption(EditorTab::SingleValues), "Single Values");

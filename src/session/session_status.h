@@ -3,7 +3,7 @@
 #include <string>
 
 /// What the session reports of itself: texts only, the frame shows them.
-namespace quor::datafiles {
+namespace quor::session {
 
 struct Report {
     std::string title;
@@ -25,4 +25,4 @@ struct StatusPanels {
 /// models stay empty without a complete choice.
 StatusPanels panel_texts(bool modelsComplete);
 
-}  // namespace quor::datafiles
+}  // namespace quor::session

@@ -1,4 +1,4 @@
-#include "datafiles/database_builder.h"
+#include "support/database_builder.h"
 
 #include <cstring>
 #include <fstream>

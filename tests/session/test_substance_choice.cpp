@@ -1,6 +1,6 @@
-#include "datafiles/database.h"
-#include "datafiles/substance_choice.h"
+#include "datafiles/search.h"
 #include "session/commands.h"
+#include "session/substance_session.h"
 #include "support/databases.h"
 #include "support/session_test.h"
 
@@ -22,10 +22,9 @@ class SubstanceChoice : public SessionTest {
         propane["synonyms_en"] = "R-290; Dimethylmethane";
         databases::Write(folder() / "TEST.Q05",
                          {databases::Row("Carbon dioxide"), propane, noCritical});
-        datafiles::open_database_file((folder() / "TEST.Q05").string());
+        EXPECT_TRUE(session::open_database((folder() / "TEST.Q05").string()));
         user.pointer.clear();
     }
-    ~SubstanceChoice() override { datafiles::close_database(); }
 };
 
 TEST_F(SubstanceChoice, NamesBehindTheFirstAreFurtherNames) {
@@ -40,16 +39,15 @@ TEST_F(SubstanceChoice, NamesBehindTheFirstAreFurtherNames) {
 }
 
 TEST_F(SubstanceChoice, FormulaAndCasrnOfAnEntry) {
-    EXPECT_EQ(datafiles::formula_and_casrn(1), "CO2 CASRN: 124-38-9");
-    EXPECT_EQ(datafiles::formula_and_casrn(0), "");
-    EXPECT_EQ(datafiles::formula_and_casrn(4), "");
+    EXPECT_EQ(datafiles::formula_and_casrn(legacy::the_database.entries()[0]),
+              "CO2 CASRN: 124-38-9");
 }
 
 TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
     legacy::the_models.EOSModel = 6;
     legacy::the_models.HLVModel = 3;
     session::set_commands({Command::mnuCalcMain, Command::mnu2D}, true);
-    EXPECT_TRUE(datafiles::take_substance(2));
+    EXPECT_TRUE(session::take_substance(2));
     EXPECT_EQ(the_session.CurrentSubstance, 2);
     EXPECT_TRUE(the_session.SubstanceSet);
     EXPECT_EQ(legacy::the_substance.Name, "Propane");
@@ -70,14 +68,14 @@ TEST_F(SubstanceChoice, LoadedDataAreDeletedAfterAYesOnly) {
     the_session.BatchFile = "x.BAQ";
     legacy::the_BatchData.assign(3, {.T = 250});
     user.answers = {dialogs::Answer::No};
-    EXPECT_TRUE(datafiles::take_substance(1));
+    EXPECT_TRUE(session::take_substance(1));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "Loaded exper. data (batch data) delete now?");
     EXPECT_EQ(user.lastTitle(), "Batch data");
     EXPECT_EQ(the_session.BatchCount, 2);
 
     user.answers = {dialogs::Answer::Yes};
-    EXPECT_TRUE(datafiles::take_substance(2));
+    EXPECT_TRUE(session::take_substance(2));
     EXPECT_EQ(the_session.BatchCount, 0);
     EXPECT_EQ(the_session.BatchFile, "");
     EXPECT_EQ(legacy::the_BatchData.at(1).T, 0);
@@ -85,7 +83,7 @@ TEST_F(SubstanceChoice, LoadedDataAreDeletedAfterAYesOnly) {
 
 TEST_F(SubstanceChoice, WithoutCriticalDataNothingCanBeCalculated) {
     session::set_commands({Command::mnuModel, Command::mnuCalcMain}, true);
-    EXPECT_FALSE(datafiles::take_substance(3));
+    EXPECT_FALSE(session::take_substance(3));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
               "T(cr) and/or p(cr) not available in the data base\n"
@@ -98,11 +96,10 @@ TEST_F(SubstanceChoice, WithoutCriticalDataNothingCanBeCalculated) {
     EXPECT_FALSE(session::is_enabled(Command::mnuCalcMain));
 }
 
-TEST_F(SubstanceChoice, ADatabaseThatHasVanishedIsTold) {
+TEST_F(SubstanceChoice, ADatabaseThatCanNoLongerBeReadIsTold) {
     the_session.DatabaseFile = "TEST.Q05";
-    datafiles::close_database();
-    std::filesystem::remove(folder() / "TEST.Q05");
-    EXPECT_FALSE(datafiles::take_substance(1));
+    std::filesystem::resize_file(folder() / "TEST.Q05", 0);
+    EXPECT_FALSE(session::take_substance(1));
     EXPECT_EQ(user.lastText(), "The substance could not be read from the database TEST.Q05");
     EXPECT_EQ(the_session.CurrentSubstance, 0);
 }

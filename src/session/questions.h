@@ -3,7 +3,7 @@
 #include <string>
 
 /// Questions that several files and lists ask in the same words.
-namespace quor::datafiles {
+namespace quor::session {
 
 /// A file about to be written: asks "such a file is already existing" when there is one. True when
 /// it may be written.
@@ -16,4 +16,4 @@ bool ask_to_save_now();
 /// (from 1). Without a mark (first below 1) it says so. True when they shall go.
 bool confirm_removal(int first, int last);
 
-}  // namespace quor::datafiles
+}  // namespace quor::session

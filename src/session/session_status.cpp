@@ -1,14 +1,14 @@
-#include "datafiles/session_status.h"
+#include "session/session_status.h"
 
 #include <algorithm>
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "datafiles/search.h"
 #include "legacy/declare.h"
 #include "models/model_tables.h"
-#include "session/module2.h"
 
-namespace quor::datafiles {
+namespace quor::session {
 
 namespace {
 
@@ -32,12 +32,9 @@ std::string substance_lines() {
 
 // Name of a substance of the open database, empty when its CASRN is not there.
 std::string name_by_casrn(const std::string& casrn) {
-    const datafiles::SubstanceLists& lists = legacy::the_substances;
-    const std::string wanted = trimmed(casrn);
-    if (wanted.empty()) return {};
-    for (std::size_t i = 1; i < lists.Casrn.size() && i < lists.Names.size(); ++i)
-        if (trimmed(lists.Casrn[i]) == wanted) return trimmed(text::split(lists.Names[i], ';')[0]);
-    return {};
+    const auto place = datafiles::find_by_casrn(legacy::the_database, trimmed(casrn));
+    if (!place) return {};
+    return datafiles::first_name_of(legacy::the_database.entries()[*place].name);
 }
 
 std::string batch_lines() {
@@ -49,8 +46,8 @@ std::string batch_lines() {
         lines += the_session.BatchCount == 1 ? " set of data" : " sets of data";
         return lines + " available,\nnot yet saved.";
     }
-    lines += "... batch file" + session::file_title(the_session.BatchFile);
-    const std::string folder = session::folder_of(the_session.BatchFile);
+    lines += "... batch file" + paths::file_title(the_session.BatchFile);
+    const std::string folder = paths::folder_of(the_session.BatchFile);
     const std::string& source = folder.empty() ? the_session.FolderBatch : folder;
     if (source.size() > 2) lines += "\n  from " + source;
     lines += "\n  with " + count + " sets of data";
@@ -83,7 +80,7 @@ Report status_report() {
     report.text = "... database ";
     report.text += the_session.DatabaseFile;
     report.text += "\n  with ";
-    report.text += std::to_string(the_session.SubstanceCount);
+    report.text += std::to_string(legacy::the_database.size());
     report.text += " substance(s)\n";
     report.text += the_session.CurrentSubstance == 0 ? "... no substance" : substance_lines();
     report.text += '\n';
@@ -128,4 +125,4 @@ Report parameter_report() {
     return report;
 }
 
-}  // namespace quor::datafiles
+}  // namespace quor::session

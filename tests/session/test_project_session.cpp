@@ -1,8 +1,9 @@
 #include "common/numbers.h"
-#include "datafiles/database.h"
-#include "datafiles/database_builder.h"
-#include "datafiles/project.h"
+#include "models/virial.h"
 #include "session/module2.h"
+#include "session/project_session.h"
+#include "session/substance_session.h"
+#include "support/database_builder.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -11,10 +12,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using datafiles::ProjectResult;
 using legacy::the_models;
 using legacy::the_reference;
 using legacy::the_session;
+using session::ProjectResult;
 
 /// The text of a project with settings of its own for every item.
 constexpr const char* kProject =
@@ -51,27 +52,24 @@ constexpr const char* kProject =
     "12.5\r\n"     // 31 tank m
     "299.5\r\n";   // 32 tank T
 
-class Project : public SessionTest {
+class ProjectSession : public SessionTest {
   protected:
-    Project() {
-        datafiles::close_database();
+    ProjectSession() {
         builder::WriteFile(folder() / "A.Q05", builder::Database({builder::Plain("Other", "1-1-1"),
                                                                   builder::Propane()}));
     }
-    ~Project() override { datafiles::close_database(); }
 
     void open_and_choose() {
-        datafiles::load_database("A.Q05");
+        session::load_database("A.Q05");
         choose(2);
     }
     static void choose(std::int16_t index) {
-        bool noCriticalData = false;
-        datafiles::ReadSubstance(index, noCriticalData);
+        (void)session::read_substance(index);
         the_session.CurrentSubstance = index;
     }
     ProjectResult load(const std::string& text, const std::string& name = "P.QCF") {
         builder::WriteFile(folder() / name, text);
-        return datafiles::LoadProject((folder() / name).string());
+        return session::load_project((folder() / name).string());
     }
     static void expect_settings_of_the_project() {
         EXPECT_EQ(the_session.DiagramT, 310.25);
@@ -105,7 +103,7 @@ class Project : public SessionTest {
     }
 };
 
-TEST_F(Project, EveryItemIsRead) {
+TEST_F(ProjectSession, EveryItemIsRead) {
     const ProjectResult result = load(kProject);
     EXPECT_TRUE(result.loaded);
     EXPECT_TRUE(result.substanceFound);
@@ -122,7 +120,7 @@ TEST_F(Project, EveryItemIsRead) {
     EXPECT_TRUE(user.messages.empty());
 }
 
-TEST_F(Project, WhatFollowsFromTheSettingsIsDerived) {
+TEST_F(ProjectSession, WhatFollowsFromTheSettingsIsDerived) {
     load(kProject);
     EXPECT_EQ(the_models.VPCode, "FRO");
     EXPECT_FALSE(the_models.EOSOnlyV);
@@ -134,27 +132,27 @@ TEST_F(Project, WhatFollowsFromTheSettingsIsDerived) {
     EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 1.0 / static_cast<double>(44.096F));
 }
 
-TEST_F(Project, SavingWritesTheItemsInTheirOrder) {
+TEST_F(ProjectSession, SavingWritesTheItemsInTheirOrder) {
     load(kProject);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("my comment");
-    EXPECT_TRUE(datafiles::save_project(true));
+    EXPECT_TRUE(session::save_project(true));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
     EXPECT_EQ(the_session.ProjectFile, "B.QCF");
 }
 
-TEST_F(Project, TheDecimalMarkOfTheLocaleDoesNotReachTheFile) {
+TEST_F(ProjectSession, TheDecimalMarkOfTheLocaleDoesNotReachTheFile) {
     load(kProject);
     numbers::set_decimal_mark(',');
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_TRUE(datafiles::save_project(true));
+    EXPECT_TRUE(session::save_project(true));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
     session::reset_everything();
-    datafiles::LoadProject((folder() / "B.QCF").string());
+    session::load_project((folder() / "B.QCF").string());
     expect_settings_of_the_project();
 }
 
-TEST_F(Project, AFileWithDecimalCommasReadsTheSame) {
+TEST_F(ProjectSession, AFileWithDecimalCommasReadsTheSame) {
     std::string text = kProject;
     for (std::size_t i = text.find("310.25"); i < text.size(); ++i)
         if (text[i] == '.') text[i] = ',';
@@ -162,7 +160,7 @@ TEST_F(Project, AFileWithDecimalCommasReadsTheSame) {
     expect_settings_of_the_project();
 }
 
-TEST_F(Project, LineEndsOfOtherSystemsReadTheSame) {
+TEST_F(ProjectSession, LineEndsOfOtherSystemsReadTheSame) {
     std::string text;
     for (const char c : std::string(kProject))
         if (c != '\r') text += c;
@@ -170,7 +168,7 @@ TEST_F(Project, LineEndsOfOtherSystemsReadTheSame) {
     expect_settings_of_the_project();
 }
 
-TEST_F(Project, ValuesComeBackExactly) {
+TEST_F(ProjectSession, ValuesComeBackExactly) {
     open_and_choose();
     the_session.DiagramT = 1.0 / 3.0;
     the_session.DiagramP = 123456789.123456789;
@@ -178,9 +176,9 @@ TEST_F(Project, ValuesComeBackExactly) {
     the_models.WatsonN = 0.1F;
     the_session.CsvSeparator = '\t';
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    ASSERT_TRUE(datafiles::save_project(true));
+    ASSERT_TRUE(session::save_project(true));
     session::reset_everything();
-    EXPECT_TRUE(datafiles::LoadProject((folder() / "B.QCF").string()).loaded);
+    EXPECT_TRUE(session::load_project((folder() / "B.QCF").string()).loaded);
     EXPECT_EQ(the_session.DiagramT, 1.0 / 3.0);
     EXPECT_EQ(the_session.DiagramP, 123456789.123456789);
     EXPECT_EQ(the_reference.href, -1e-7);
@@ -188,13 +186,13 @@ TEST_F(Project, ValuesComeBackExactly) {
     EXPECT_EQ(the_session.CsvSeparator, '\t');
 }
 
-TEST_F(Project, SavingAsksForNameAndComment) {
+TEST_F(ProjectSession, SavingAsksForNameAndComment) {
     open_and_choose();
     the_session.ProjectComment = "earlier";
     the_session.ProjectFile = "OLD.QCF";
     user.fileAnswers.push_back("B");
     user.inputAnswers.push_back(std::nullopt);
-    EXPECT_TRUE(datafiles::save_project(true));
+    EXPECT_TRUE(session::save_project(true));
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_TRUE(user.files[0].save);
     EXPECT_EQ(user.files[0].title, "save actual project as ...");
@@ -211,37 +209,37 @@ TEST_F(Project, SavingAsksForNameAndComment) {
     EXPECT_EQ(text.substr(0, 46), "15.11.2026\r\n\r\nA.Q05\r\n74-98-6     \r\n298.15\r\n0\r\n");
 }
 
-TEST_F(Project, CancellingTheDialogWritesNothing) {
+TEST_F(ProjectSession, CancellingTheDialogWritesNothing) {
     open_and_choose();
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(datafiles::save_project(true));
+    EXPECT_FALSE(session::save_project(true));
     EXPECT_TRUE(user.inputs.empty());
 }
 
-TEST_F(Project, AFailedSaveIsToldAndLeavesTheOldFile) {
+TEST_F(ProjectSession, AFailedSaveIsToldAndLeavesTheOldFile) {
     open_and_choose();
     builder::WriteFile(folder() / "B.QCF", "old");
     fs::permissions(folder() / "B.QCF", fs::perms::owner_read);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_FALSE(datafiles::save_project(true));
+    EXPECT_FALSE(session::save_project(true));
     EXPECT_EQ(user.lastText(), "The file B.QCF could not be written (it is write-protected).");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), "old");
 }
 
-TEST_F(Project, TheLastSessionIsSavedWithoutAQuestion) {
+TEST_F(ProjectSession, TheLastSessionIsSavedWithoutAQuestion) {
     open_and_choose();
     the_session.ProjectFile = "MINE.QCF";
     the_models.EOSModel = 6;
     the_session.DiagramT = 345.5;
-    EXPECT_TRUE(datafiles::save_project(false));
+    EXPECT_TRUE(session::save_project(false));
     EXPECT_TRUE(user.files.empty());
     EXPECT_TRUE(user.inputs.empty());
     EXPECT_TRUE(fs::exists(the_session.LastSessionFile));
     EXPECT_EQ(the_session.ProjectFile, "MINE.QCF");
 
     session::reset_everything();
-    const ProjectResult result = datafiles::load_last_session();
+    const ProjectResult result = session::load_last_session();
     EXPECT_TRUE(result.modelsComplete);
     EXPECT_EQ(the_session.DiagramT, 345.5);
     EXPECT_EQ(the_models.EOSModel, 6);
@@ -249,28 +247,28 @@ TEST_F(Project, TheLastSessionIsSavedWithoutAQuestion) {
     EXPECT_EQ(the_session.ProjectFile, "");
 }
 
-TEST_F(Project, LoadingAsksForAFile) {
+TEST_F(ProjectSession, LoadingAsksForAFile) {
     builder::WriteFile(folder() / "P.QCF", kProject);
     user.fileAnswers.push_back("P.QCF");
-    EXPECT_TRUE(datafiles::LoadProject().loaded);
+    EXPECT_TRUE(session::load_project().loaded);
     EXPECT_EQ(user.files[0].title, "Load a project (*.QCF)");
     EXPECT_FALSE(user.files[0].save);
     expect_settings_of_the_project();
 }
 
-TEST_F(Project, ACancelOfLoadingChangesNothing) {
+TEST_F(ProjectSession, ACancelOfLoadingChangesNothing) {
     open_and_choose();
     the_session.DiagramT = 111;
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(datafiles::LoadProject().loaded);
+    EXPECT_FALSE(session::load_project().loaded);
     EXPECT_EQ(the_session.DiagramT, 111.0);
     EXPECT_EQ(the_session.CurrentSubstance, 2);
     EXPECT_TRUE(user.messages.empty());
 }
 
-TEST_F(Project, AMissingOrForeignFileIsToldAndChangesNothing) {
+TEST_F(ProjectSession, AMissingOrForeignFileIsToldAndChangesNothing) {
     open_and_choose();
-    EXPECT_FALSE(datafiles::LoadProject("MISSING.QCF").loaded);
+    EXPECT_FALSE(session::load_project("MISSING.QCF").loaded);
     EXPECT_EQ(user.lastText(), "The file MISSING.QCF was not found.");
     for (const std::string text :
          {"", "one line", "a\r\nb\r\nc\r\n", "a\r\nb\r\n\r\n74-98-6\r\n1\r\n",
@@ -283,7 +281,7 @@ TEST_F(Project, AMissingOrForeignFileIsToldAndChangesNothing) {
     EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
 }
 
-TEST_F(Project, AMissingDatabaseLeavesTheOpenOneInPlace) {
+TEST_F(ProjectSession, AMissingDatabaseLeavesTheOpenOneInPlace) {
     open_and_choose();
     std::string text = kProject;
     text.replace(text.find("A.Q05"), 5, "B.Q05");
@@ -299,7 +297,7 @@ TEST_F(Project, AMissingDatabaseLeavesTheOpenOneInPlace) {
     expect_settings_of_the_project();
 }
 
-TEST_F(Project, WithoutAnyDatabaseTheLoadEnds) {
+TEST_F(ProjectSession, WithoutAnyDatabaseTheLoadEnds) {
     fs::remove(folder() / "A.Q05");
     the_session.DiagramT = 111;
     EXPECT_FALSE(load(kProject).loaded);
@@ -309,7 +307,7 @@ TEST_F(Project, WithoutAnyDatabaseTheLoadEnds) {
     EXPECT_FALSE(the_session.ProjectLoaded);
 }
 
-TEST_F(Project, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
+TEST_F(ProjectSession, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
     open_and_choose();
     std::string text = kProject;
     text.replace(text.find("74-98-6"), 7, "99-99-9");
@@ -328,7 +326,7 @@ TEST_F(Project, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
     EXPECT_TRUE(user.messages.empty());
 }
 
-TEST_F(Project, MissingCriticalDataAreTold) {
+TEST_F(ProjectSession, MissingCriticalDataAreTold) {
     builder::Substance propane = builder::Propane();
     propane.slots[7] = 0;
     builder::WriteFile(folder() / "A.Q05", builder::Database({propane}));
@@ -343,7 +341,7 @@ TEST_F(Project, MissingCriticalDataAreTold) {
     EXPECT_EQ(user.lastTitle(), "WARNING");
 }
 
-TEST_F(Project, AnEquationOfStateOfMinusOneReadsAsZero) {
+TEST_F(ProjectSession, AnEquationOfStateOfMinusOneReadsAsZero) {
     std::string text = kProject;
     text.replace(text.find("\r\n5\r\n2\r\n4"), 5, "\r\n-1\r\n");
     load(text);
@@ -353,7 +351,7 @@ TEST_F(Project, AnEquationOfStateOfMinusOneReadsAsZero) {
     EXPECT_EQ(the_models.CpModel, 2);
 }
 
-TEST_F(Project, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
+TEST_F(ProjectSession, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
     std::string text = kProject;
     text.replace(text.find("\r\n3\r\n5\r\n2"), 5, "\r\n0\r\n");
     load(text);
@@ -361,7 +359,7 @@ TEST_F(Project, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
     EXPECT_EQ(the_models.VPModel, 4);
 }
 
-TEST_F(Project, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
+TEST_F(ProjectSession, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
     std::string text = kProject;
     text.replace(text.find("310.25"), 6, "warm!!");
     text.replace(text.find("450"), 3, "999");
@@ -374,7 +372,7 @@ TEST_F(Project, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
     EXPECT_EQ(the_models.EOSModel, 5);
 }
 
-TEST_F(Project, ATruncatedFileLeavesTheLaterSettings) {
+TEST_F(ProjectSession, ATruncatedFileLeavesTheLaterSettings) {
     const std::string text = kProject;
     load(text.substr(0, text.find("450")));
     EXPECT_EQ(the_session.DiagramT, 310.25);
@@ -386,7 +384,7 @@ TEST_F(Project, ATruncatedFileLeavesTheLaterSettings) {
     EXPECT_EQ(the_session.tank.T, 0.0F);
 }
 
-TEST_F(Project, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
+TEST_F(ProjectSession, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
     const std::string text = kProject;
     for (std::size_t length = 0; length <= text.size(); ++length) {
         SCOPED_TRACE(length);
@@ -409,7 +407,52 @@ TEST_F(Project, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
     }
 }
 
-TEST_F(Project, ADatabaseBesideTheProjectIsFound) {
+/// The told project with the manual virial equation.
+std::string manual_virial_project() {
+    std::string text = kProject;
+    text.replace(text.find("\r\n3\r\n5\r\n2"), 8, "\r\n3\r\n10\r\n");
+    return text;
+}
+
+TEST_F(ProjectSession, TheManualVirialEquationComesBackWithItsCoefficients) {
+    load(manual_virial_project() + "b0=-0.2\r\nb1=15\r\nb2=0.5\r\n");
+    ASSERT_EQ(the_models.EOSModel, 10);
+    const auto B = [] { return models::virial(models::current_fluid(), 10, 400).B; };
+    EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12) << "b0 - b1/T^b2";
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    ASSERT_TRUE(session::save_project(true));
+
+    session::reset_everything();
+    load(kProject);  // another equation in between
+    EXPECT_TRUE(session::load_project((folder() / "B.QCF").string()).modelsComplete);
+    EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12);
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(ProjectSession, AManualVirialEquationWithoutCoefficientsIsAskedForAnew) {
+    load(kProject);
+    ASSERT_NE(legacy::the_eosParameters.eosB0, 0.0);
+    const ProjectResult result = load(manual_virial_project());
+    EXPECT_TRUE(result.substanceFound);
+    EXPECT_FALSE(result.modelsComplete) << "the models have to be chosen";
+    EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.0) << "nothing of another equation stays";
+    EXPECT_EQ(user.lastText(),
+              "The project holds no coefficients b0, b1, b2 of its virial equation.\n"
+              "Choose the equation of state again.");
+}
+
+TEST_F(ProjectSession, AFileThatIsNoProjectIsRefusedBeforeAnythingChanges) {
+    open_and_choose();
+    builder::WriteFile(folder() / "X.QCF", "no project");
+    EXPECT_FALSE(session::may_load_project((folder() / "X.QCF").string()));
+    EXPECT_EQ(user.lastText(), "The file X.QCF is no project file.");
+    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    builder::WriteFile(folder() / "P.QCF", kProject);
+    EXPECT_TRUE(session::may_load_project((folder() / "P.QCF").string()));
+    EXPECT_EQ(the_session.CurrentSubstance, 2) << "only looked at";
+}
+
+TEST_F(ProjectSession, ADatabaseBesideTheProjectIsFound) {
     fs::create_directories(folder() / "work");
     fs::rename(folder() / "A.Q05", folder() / "work" / "A.Q05");
     EXPECT_TRUE(load(kProject, "work/P.QCF").substanceFound);
@@ -417,18 +460,18 @@ TEST_F(Project, ADatabaseBesideTheProjectIsFound) {
     EXPECT_TRUE(user.messages.empty());
 }
 
-TEST_F(Project, CommentsKeepTheirUmlautsAndStayOnOneLine) {
+TEST_F(ProjectSession, CommentsKeepTheirUmlautsAndStayOnOneLine) {
     open_and_choose();
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("Kälte\r\nzwei");
-    datafiles::save_project(true);
+    session::save_project(true);
     const std::string text = builder::ReadFile(folder() / "B.QCF");
     EXPECT_NE(text.find("\r\nK\xE4lte  zwei\r\n"), std::string::npos);
-    datafiles::LoadProject((folder() / "B.QCF").string());
+    session::load_project((folder() / "B.QCF").string());
     EXPECT_EQ(the_session.ProjectComment, "Kälte  zwei");
 }
 
-TEST_F(Project, LoadingClosesWhatBelongedToTheSubstance) {
+TEST_F(ProjectSession, LoadingClosesWhatBelongedToTheSubstance) {
     open_and_choose();
     the_session.GlobalCalculation = false;
     load(kProject);

@@ -1,8 +1,9 @@
 #include "common/numbers.h"
-#include "datafiles/batch_file.h"
-#include "datafiles/batch_table.h"
-#include "datafiles/database_builder.h"
+#include "datafiles/measured_table.h"
+#include "legacy/measured_data.h"
+#include "session/measured_data_session.h"
 #include "session/module2.h"
+#include "support/database_builder.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -11,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using calculation::BatchDataSet;
+using datafiles::MeasuredPoint;
 using dialogs::Answer;
 using legacy::the_BatchData;
 using legacy::the_session;
@@ -25,24 +26,22 @@ constexpr const char* kFile =
     "300,997.7,489.5,21.6,0,0\r\n"
     "350.125,2950,0,0,0,0\r\n";
 
-class Batch : public SessionTest {
+class MeasuredDataSession : public SessionTest {
   protected:
-    Batch() {
-        the_session.SubstanceCount = 2;
-        legacy::the_substances = {{0, 1, 2},
-                                  {"", "C3H8", "CH4"},
-                                  {"", "Propane", "Methane"},
-                                  {"", "74-98-6     ", "74-82-8     "}};
+    MeasuredDataSession() {
+        legacy::the_database = {
+            "TEST.Q05",
+            {{1, "C3H8", "Propane", "74-98-6     "}, {2, "CH4", "Methane", "74-82-8     "}}};
         the_session.CurrentSubstance = 1;
         legacy::the_substance.CASRN = "74-98-6     ";
     }
     bool load(const std::string& bytes, bool append = false) {
         builder::WriteFile(folder() / "D.BAQ", bytes);
-        return datafiles::batch_load((folder() / "D.BAQ").string(), append);
+        return session::load_measured_data((folder() / "D.BAQ").string(), append);
     }
 };
 
-TEST_F(Batch, LoadingFillsTheListFromElementOne) {
+TEST_F(MeasuredDataSession, LoadingFillsTheListFromElementOne) {
     the_BatchData[0].T = 999;
     EXPECT_TRUE(load(kFile));
     ASSERT_EQ(the_session.BatchCount, 3);
@@ -63,10 +62,10 @@ TEST_F(Batch, LoadingFillsTheListFromElementOne) {
     EXPECT_TRUE(user.messages.empty());
 }
 
-TEST_F(Batch, SavingWritesWhatWasLoaded) {
+TEST_F(MeasuredDataSession, SavingWritesWhatWasLoaded) {
     load(kFile);
     user.fileAnswers.push_back((folder() / "E.BAQ").string());
-    EXPECT_TRUE(datafiles::batch_save());
+    EXPECT_TRUE(session::save_measured_data());
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
     EXPECT_EQ(the_session.BatchFile, "E.BAQ");
     EXPECT_EQ(user.files[0].title, "Save exper. data as text file *.BAQ");
@@ -75,16 +74,15 @@ TEST_F(Batch, SavingWritesWhatWasLoaded) {
     EXPECT_FALSE(user.files[0].overwritePrompt);
 }
 
-TEST_F(Batch, ValuesComeBackExactlyInEitherLocale) {
+TEST_F(MeasuredDataSession, ValuesComeBackExactlyInEitherLocale) {
     for (const char mark : {'.', ','}) {
         numbers::set_decimal_mark(mark);
-        const BatchDataSet set{
+        const MeasuredPoint set{
             .T = 1.0 / 3.0, .p = 1e-7, .rhoV = 0.1F, .rhoL = 1e6F, .hLV = 12345.678F, .cp = 3e-5F};
-        datafiles::remove_batch_sets(1, the_session.BatchCount);
-        datafiles::insert_batch_sets(1, std::vector<BatchDataSet>{set});
+        legacy::set_measured_data({.points = {set}, .casrn = "74-98-6     "});
         user.fileAnswers.push_back((folder() / "E.BAQ").string());
-        ASSERT_TRUE(datafiles::batch_save());
-        ASSERT_TRUE(datafiles::batch_load((folder() / "E.BAQ").string(), false));
+        ASSERT_TRUE(session::save_measured_data());
+        ASSERT_TRUE(session::load_measured_data((folder() / "E.BAQ").string(), false));
         EXPECT_EQ(the_BatchData[1].T, set.T);
         EXPECT_EQ(the_BatchData[1].p, set.p);
         EXPECT_EQ(the_BatchData[1].rhoV, set.rhoV);
@@ -94,7 +92,7 @@ TEST_F(Batch, ValuesComeBackExactlyInEitherLocale) {
     }
 }
 
-TEST_F(Batch, AppendingGoesBehindTheDataAndToAnEmptyListItIsLoading) {
+TEST_F(MeasuredDataSession, AppendingGoesBehindTheDataAndToAnEmptyListItIsLoading) {
     EXPECT_TRUE(load(kFile, true));
     EXPECT_EQ(the_session.BatchCount, 3);
     EXPECT_EQ(the_session.BatchFile, "D.BAQ");
@@ -110,19 +108,19 @@ TEST_F(Batch, AppendingGoesBehindTheDataAndToAnEmptyListItIsLoading) {
     EXPECT_EQ(the_BatchData[1].skip, 0);
 }
 
-TEST_F(Batch, LoadingAsksForAFile) {
+TEST_F(MeasuredDataSession, LoadingAsksForAFile) {
     builder::WriteFile(folder() / "D.BAQ", kFile);
     user.fileAnswers.push_back("D.BAQ");
-    EXPECT_TRUE(datafiles::batch_load(false));
+    EXPECT_TRUE(session::load_measured_data(false));
     EXPECT_EQ(user.files[0].title, "Open a batch-file of experimental data (*.BAQ)");
     EXPECT_FALSE(user.files[0].save);
     EXPECT_NE(user.files[0].filter.find("*.BAQ"), std::string::npos);
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(datafiles::batch_load(false));
+    EXPECT_FALSE(session::load_measured_data(false));
     EXPECT_EQ(the_session.BatchCount, 3);
 }
 
-TEST_F(Batch, AnUnknownSubstanceIsAskedAbout) {
+TEST_F(MeasuredDataSession, AnUnknownSubstanceIsAskedAbout) {
     std::string bytes = kFile;
     bytes.replace(bytes.find("74-98-6"), 7, "99-99-9");
     user.answers = {Answer::No, Answer::Yes};
@@ -139,7 +137,7 @@ TEST_F(Batch, AnUnknownSubstanceIsAskedAbout) {
     EXPECT_EQ(user.messages.size(), 2U);
 }
 
-TEST_F(Batch, WithoutAnActiveSubstanceNothingIsLoaded) {
+TEST_F(MeasuredDataSession, WithoutAnActiveSubstanceNothingIsLoaded) {
     the_session.CurrentSubstance = 0;
     EXPECT_FALSE(load(kFile));
     EXPECT_EQ(user.lastText(), "Load a substance!");
@@ -147,7 +145,7 @@ TEST_F(Batch, WithoutAnActiveSubstanceNothingIsLoaded) {
     EXPECT_EQ(the_session.BatchCount, 0);
 }
 
-TEST_F(Batch, AnotherSubstanceIsAskedAbout) {
+TEST_F(MeasuredDataSession, AnotherSubstanceIsAskedAbout) {
     the_session.CurrentSubstance = 2;
     user.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(load(kFile));
@@ -159,47 +157,47 @@ TEST_F(Batch, AnotherSubstanceIsAskedAbout) {
     EXPECT_EQ(the_session.BatchCount, 3);
 }
 
-TEST_F(Batch, SavingOverAFileAsks) {
+TEST_F(MeasuredDataSession, SavingOverAFileAsks) {
     load(kFile);
     builder::WriteFile(folder() / "E.BAQ", "old");
     user.answers = {Answer::No, Answer::Yes};
     user.fileAnswers = {(folder() / "E").string(), (folder() / "E").string()};
-    EXPECT_FALSE(datafiles::batch_save());
+    EXPECT_FALSE(session::save_measured_data());
     EXPECT_EQ(user.lastText(), "such a file is already existing\nOverwright?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), "old");
-    EXPECT_TRUE(datafiles::batch_save());
+    EXPECT_TRUE(session::save_measured_data());
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
 }
 
-TEST_F(Batch, AFailedSaveIsToldAndNothingIsLost) {
+TEST_F(MeasuredDataSession, AFailedSaveIsToldAndNothingIsLost) {
     load(kFile);
     user.fileAnswers.push_back((folder() / "missing" / "E.BAQ").string());
-    EXPECT_FALSE(datafiles::batch_save());
+    EXPECT_FALSE(session::save_measured_data());
     EXPECT_EQ(user.lastText(), "The file E.BAQ could not be written (No such file or directory).");
     EXPECT_EQ(the_session.BatchFile, "D.BAQ");
     EXPECT_EQ(the_session.BatchCount, 3);
 }
 
-TEST_F(Batch, ChangedDataAreAskedAboutBeforeTheyAreLeft) {
+TEST_F(MeasuredDataSession, ChangedDataAreAskedAboutBeforeTheyAreLeft) {
     load(kFile);
-    EXPECT_TRUE(datafiles::batch_save_frage(false));
+    EXPECT_TRUE(session::may_leave_measured_data(false));
     EXPECT_TRUE(user.messages.empty());
     user.answers = {Answer::No};
-    EXPECT_TRUE(datafiles::batch_save_frage(true));
+    EXPECT_TRUE(session::may_leave_measured_data(true));
     EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     // Yes, and then no name: the data may not be left.
     user.answers = {Answer::Yes};
     user.fileAnswers = {std::nullopt};
-    EXPECT_FALSE(datafiles::batch_save_frage(true));
+    EXPECT_FALSE(session::may_leave_measured_data(true));
     user.answers = {Answer::Yes};
     user.fileAnswers = {(folder() / "E.BAQ").string()};
-    EXPECT_TRUE(datafiles::batch_save_frage(true));
+    EXPECT_TRUE(session::may_leave_measured_data(true));
     EXPECT_TRUE(fs::exists(folder() / "E.BAQ"));
 }
 
-TEST_F(Batch, ATextInThePlaceOfANumberReadsAsZero) {
+TEST_F(MeasuredDataSession, ATextInThePlaceOfANumberReadsAsZero) {
     EXPECT_TRUE(load("d\r\nc\r\n74-98-6     \r\n2\r\n300,abc,,x,1e99,5\r\nwhat is this\r\n"));
     EXPECT_EQ(the_BatchData[1].T, 300.0);
     EXPECT_EQ(the_BatchData[1].p, 0.0);
@@ -209,18 +207,18 @@ TEST_F(Batch, ATextInThePlaceOfANumberReadsAsZero) {
     EXPECT_EQ(the_BatchData[2].T, 0.0);
 }
 
-TEST_F(Batch, FilesThatAreNoneAreToldAndChangeNothing) {
+TEST_F(MeasuredDataSession, FilesThatAreNoneAreToldAndChangeNothing) {
     load(kFile);
     for (const std::string bytes : {"", "a\r\nb\r\n74-98-6\r\n", "a\r\nb\r\n74-98-6\r\n12\r\n"}) {
         EXPECT_FALSE(load(bytes));
         EXPECT_EQ(user.lastText(), "The file D.BAQ holds no experimental data.");
         EXPECT_EQ(the_session.BatchCount, 3);
     }
-    EXPECT_FALSE(datafiles::batch_load("MISSING.BAQ", false));
+    EXPECT_FALSE(session::load_measured_data("MISSING.BAQ", false));
     EXPECT_EQ(user.lastText(), "The file MISSING.BAQ was not found.");
 }
 
-TEST_F(Batch, AShortenedFileGivesItsWholeSetsAndSaysSo) {
+TEST_F(MeasuredDataSession, AShortenedFileGivesItsWholeSetsAndSaysSo) {
     const std::string bytes = kFile;
     EXPECT_TRUE(load(bytes.substr(0, bytes.find("21.6") + 2)));
     EXPECT_EQ(the_session.BatchCount, 1);
@@ -228,7 +226,7 @@ TEST_F(Batch, AShortenedFileGivesItsWholeSetsAndSaysSo) {
     EXPECT_EQ(user.lastTitle(), "WARNING");
 }
 
-TEST_F(Batch, ALastLineWithoutAnEndCountsWhenTheFileIsComplete) {
+TEST_F(MeasuredDataSession, ALastLineWithoutAnEndCountsWhenTheFileIsComplete) {
     std::string bytes = kFile;
     bytes.resize(bytes.size() - 2);
     EXPECT_TRUE(load(bytes));
@@ -236,7 +234,7 @@ TEST_F(Batch, ALastLineWithoutAnEndCountsWhenTheFileIsComplete) {
     EXPECT_TRUE(user.messages.empty());
 }
 
-TEST_F(Batch, AHugeCountIsLimitedByWhatIsThere) {
+TEST_F(MeasuredDataSession, AHugeCountIsLimitedByWhatIsThere) {
     std::string bytes = kFile;
     bytes.replace(bytes.find("\r\n3\r\n"), 5, "\r\n4000000000\r\n");
     EXPECT_TRUE(load(bytes));
@@ -248,7 +246,7 @@ TEST_F(Batch, AHugeCountIsLimitedByWhatIsThere) {
     EXPECT_GE(the_BatchData.size(), 2U);
 }
 
-TEST_F(Batch, MoreSetsThanCanBeCountedAreRefused) {
+TEST_F(MeasuredDataSession, MoreSetsThanCanBeCountedAreRefused) {
     std::string bytes = "d\r\nc\r\n74-98-6\r\n20000\r\n";
     for (int i = 0; i < 20000; ++i) bytes += "300,1,2,3,4,5\r\n";
     EXPECT_TRUE(load(bytes));
@@ -257,27 +255,47 @@ TEST_F(Batch, MoreSetsThanCanBeCountedAreRefused) {
     EXPECT_EQ(the_session.BatchCount, 20000);
 }
 
-TEST_F(Batch, AColumnIsSavedAsXYWithoutInactiveAndEmptySets) {
+TEST_F(MeasuredDataSession, AColumnIsSavedAsXYWithoutInactiveAndEmptySets) {
     load(kFile);
     the_BatchData[2].skip = -1;
     user.fileAnswers = {(folder() / "P.XY").string(), (folder() / "R.XY").string()};
-    EXPECT_TRUE(datafiles::batch_save_xy(1));
+    EXPECT_TRUE(session::save_measured_column(1));
     EXPECT_EQ(builder::ReadFile(folder() / "P.XY"),
               "measured by K\xE4the\r\n.2731500E+03;.4745000E+03\r\n.3501250E+03;.2950000E+04\r\n");
-    EXPECT_TRUE(datafiles::batch_save_xy(2));
+    EXPECT_TRUE(session::save_measured_column(2));
     EXPECT_EQ(builder::ReadFile(folder() / "R.XY"),
               "measured by K\xE4the\r\n.2731500E+03;.5286000E+03\r\n");
 }
 
-TEST_F(Batch, TheSamplesOfTheDataFolderLoad) {
+TEST_F(MeasuredDataSession, DataOfAnotherSubstanceKeepItsMolarMass) {
+    builder::WriteFile(folder() / "T.Q05",
+                       builder::Database({builder::Propane(), builder::Plain("b", "74-82-8")}));
+    legacy::the_database = *datafiles::Database::open(folder() / "T.Q05");
+    legacy::the_substance.M = 18.0F;  // the active substance is another one
+    the_session.CurrentSubstance = 2;
+    EXPECT_TRUE(load(kFile));
+    EXPECT_NEAR(legacy::measured_data().M, 44.096, 1e-3) << "propane's, as the database has it";
+    EXPECT_EQ(legacy::measured_data().casrn, "74-98-6     ");
+}
+
+TEST_F(MeasuredDataSession, SavedDataKeepTheirSubstance) {
+    load(kFile);
+    legacy::the_substance.CASRN = "7732-18-5   ";
+    user.fileAnswers.push_back((folder() / "E.BAQ").string());
+    EXPECT_TRUE(session::save_measured_data());
+    EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
+}
+
+TEST_F(MeasuredDataSession, TheSamplesOfTheDataFolderLoad) {
     int files = 0;
     for (const auto& entry : fs::directory_iterator(std::string(QUOR_SOURCE_DATA) + "/samples")) {
         if (entry.path().extension() != ".BAQ") continue;
-        const auto file = datafiles::read_batch_text(builder::ReadFile(entry.path()));
+        const auto file =
+            datafiles::read_measured_data(builder::ReadFile(entry.path()), "sample.BAQ");
         ASSERT_TRUE(file) << entry.path();
-        EXPECT_EQ(static_cast<double>(file->sets.size()), file->announced) << entry.path();
-        EXPECT_EQ(file->casrn.size(), 12U) << entry.path();
-        for (const BatchDataSet& set : file->sets) EXPECT_GT(set.T, 0.0) << entry.path();
+        EXPECT_EQ(static_cast<double>(file->data.points.size()), file->announced) << entry.path();
+        EXPECT_EQ(file->data.casrn.size(), 12U) << entry.path();
+        for (const MeasuredPoint& set : file->data.points) EXPECT_GT(set.T, 0.0) << entry.path();
         ++files;
     }
     EXPECT_GE(files, 3);

@@ -3,7 +3,10 @@
 #include <optional>
 #include <string>
 
-namespace quor::datafiles {
+#include "datafiles/project_file.h"
+
+/// The session as a project, and back.
+namespace quor::session {
 
 /// What the loading of a project has brought about.
 struct ProjectResult {
@@ -22,20 +25,18 @@ bool save_project(bool asDialog);
 
 /// Asks for a project file; nothing on a cancel.
 std::optional<std::string> choose_project();
+/// True when a file is a project that can be loaded; else it says why not. Nothing changes.
+bool may_load_project(const std::string& name);
 /// Asks for a project and loads it. A cancel changes nothing.
-ProjectResult LoadProject();
+ProjectResult load_project();
 /// Loads a project: resets the session, opens its database, reads its substance and restores its
 /// settings. What cannot be had is told, and the rest goes on. Nothing changes when the file is no
 /// project, or when no database can be had.
-ProjectResult LoadProject(const std::string& name);
+ProjectResult load_project(const std::string& name);
 /// Loads the project that the last run has left.
 ProjectResult load_last_session();
 
-/// The first four lines of a project file.
-struct ProjectHead {
-    std::string date{}, comment{}, database{}, casrn{};
-};
-/// The head of a project's text; nothing when it is none.
-std::optional<ProjectHead> read_project_head(const std::string& ansiText);
+/// The present session as the content of a project.
+datafiles::ProjectContent present_project();
 
-}  // namespace quor::datafiles
+}  // namespace quor::session

@@ -1,4 +1,4 @@
-#include "datafiles/session_status.h"
+#include "session/session_status.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -12,7 +12,7 @@ class SessionStatus : public SessionTest {
   protected:
     void loadPropane() {
         the_session.DatabaseFile = "STUDENT.Q05";
-        the_session.SubstanceCount = 96;
+        legacy::the_database = student();
         the_session.CurrentSubstance = 45;
         legacy::the_substance = fluids::ReferencePropane();
         legacy::the_substance.Name = "Propane";
@@ -21,20 +21,27 @@ class SessionStatus : public SessionTest {
         legacy::the_models.EOSModel = 6;
         legacy::the_models.VPModel = 4;
     }
-    static std::string text() { return datafiles::status_report().text; }
+    /// A database of 96 substances.
+    static datafiles::Database student() {
+        std::vector<datafiles::DatabaseEntry> entries(96);
+        entries[0] = {.name = "Ethane", .casrn = "74-84-0     "};
+        entries[1] = {.name = "Propane;R-290", .casrn = "74-98-6     "};
+        return {"STUDENT.Q05", entries};
+    }
+    static std::string text() { return session::status_report().text; }
 };
 
 const std::string kHead = "... database STUDENT.Q05\n  with 96 substance(s)\n";
 const std::string kFoot = "\n(for more parameters loaded see \"Options\")";
 
 TEST_F(SessionStatus, WithoutADatabaseThatIsAll) {
-    EXPECT_EQ(datafiles::status_report().title, " loaded ...");
+    EXPECT_EQ(session::status_report().title, " loaded ...");
     EXPECT_EQ(text(), "... not yet a database");
 }
 
 TEST_F(SessionStatus, ADatabaseWithoutASubstance) {
     the_session.DatabaseFile = "STUDENT.Q05";
-    the_session.SubstanceCount = 96;
+    legacy::the_database = student();
     EXPECT_EQ(text(), kHead + "... no substance\n... exper. T-p-rho-HLV-cp data: none" + kFoot);
 }
 
@@ -68,8 +75,6 @@ TEST_F(SessionStatus, DataOfAFileNameTheirSource) {
     the_session.FolderBatch = "x";
     EXPECT_EQ(text().find("  from "), std::string::npos) << "a source of two characters is none";
 
-    legacy::the_substances.Names = {"", "Ethane", "Propane;R-290"};
-    legacy::the_substances.Casrn = {"", "74-84-0     ", "74-98-6     "};
     the_session.BatchCasrn = "74-98-6";
     the_session.BatchComment = " own measurements";
     EXPECT_NE(text().find("\n    substance: Propane\n    file comment own measurements\n"),
@@ -78,20 +83,20 @@ TEST_F(SessionStatus, DataOfAFileNameTheirSource) {
 
 TEST_F(SessionStatus, PanelsMarkTheModelWithPriority) {
     loadPropane();
-    datafiles::StatusPanels panels = datafiles::panel_texts(true);
+    session::StatusPanels panels = session::panel_texts(true);
     EXPECT_EQ(panels.substance, "Propane");
     EXPECT_EQ(panels.eos, "CEOS Peng / Robinson (Priority!)");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
     legacy::the_models.PriorityCEOS = false;
-    panels = datafiles::panel_texts(true);
+    panels = session::panel_texts(true);
     EXPECT_EQ(panels.eos, "CEOS Peng / Robinson");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner (Priority!)");
     legacy::the_models.EOSModel = 16;
     legacy::the_models.EOSOnlyV = true;
-    panels = datafiles::panel_texts(true);
+    panels = session::panel_texts(true);
     EXPECT_EQ(panels.eos, "VIRIAL Equ. Pitzer / Curl");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
-    panels = datafiles::panel_texts(false);
+    panels = session::panel_texts(false);
     EXPECT_EQ(panels.substance, "Propane");
     EXPECT_EQ(panels.eos, "");
     EXPECT_EQ(panels.vapourPressure, "");
@@ -99,9 +104,9 @@ TEST_F(SessionStatus, PanelsMarkTheModelWithPriority) {
 
 TEST_F(SessionStatus, ParametersOfTheIdealGasAndOfPitzerCurlAreOneSentence) {
     legacy::the_models.EOSModel = 0;
-    EXPECT_EQ(datafiles::parameter_report().text, "Selected: Ideal gas equation");
+    EXPECT_EQ(session::parameter_report().text, "Selected: Ideal gas equation");
     legacy::the_models.EOSModel = 16;
-    EXPECT_EQ(datafiles::parameter_report().text,
+    EXPECT_EQ(session::parameter_report().text,
               "Parameters of PITZER/CURL equation \ncf. Help in the window \"Models\"");
 }
 
@@ -111,7 +116,7 @@ TEST_F(SessionStatus, ParametersAreListedWithTheCriticalVolume) {
         .eosA0 = 1.5, .eosB0 = 0.025, .eosC0 = 0, .eosD0 = 0.25, .eosNA = -0.5};
     legacy::the_eosParameters.vcritCalc = 0.25;
     legacy::the_eosParameters.rhocritCalc = 176;
-    const datafiles::Report report = datafiles::parameter_report();
+    const session::Report report = session::parameter_report();
     EXPECT_EQ(report.title, " Parameters of the EOS ");
     EXPECT_EQ(report.text,
               "Parameter for CEOS Redlich / Kwong\n\n"
