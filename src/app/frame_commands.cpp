@@ -5,6 +5,7 @@
 #include "app/tip_dialog.h"
 #include "common/dialogs.h"
 #include "gui/data/substance_dialog.h"
+#include "gui/estimation/fit_view.h"
 #include "gui/models/model_dialog.h"
 #include "gui/widgets/settings.h"
 #include "gui/widgets/shell.h"
@@ -78,7 +79,9 @@ void openDatabase() {
 
 void chooseSubstance() {
     gui::SubstanceDialog view(gui::shell::frameWindow());
-    if (gui::shell::openModal(view) != QDialog::Accepted) return;
+    const bool chosen = gui::shell::openModal(view) == QDialog::Accepted;
+    gui::FitView::followSubstance();
+    if (!chosen) return;
     close_results_and_input();
     chooseModels();
 }

@@ -224,7 +224,7 @@ TEST_F(DamagedFiles, DamagedTablesGiveErrorsOrRecords) {
 TEST_F(DamagedFiles, AVeryLongLineIsRead) {
     const std::string line(5'000'000, '7');
     EXPECT_EQ(datafiles::read_xy_text("c\n" + line + ";1\n", ';').points.at(0).x, 0.0F);
-    EXPECT_EQ(datafiles::split_csv(line).rows.size(), 1U);
+    EXPECT_EQ(datafiles::split_csv(line)->size(), 1U);
     const auto file =
         datafiles::read_measured_data("d\nc\n1\n1\n" + line + ",1,2,3,4,5\n", "D.BAQ");
     ASSERT_TRUE(file);

@@ -495,4 +495,35 @@ TEST_F(BankEditInFrame, CompletedCriticalDataOpenTheChoiceOfModels) {
     EXPECT_TRUE(drive::offers("mnuCalc_2") || session::is_enabled(session::Command::mnuCalcMain));
 }
 
+TEST_F(BankEdit, ChangesOfFieldsAreTakenBackAndMadeAgain) {
+    open();
+    const QString M = drive::read("DD_0");
+    const QString name = drive::read("DD_83");
+    drive::type("DD_83", "My dioxide");
+    drive::press("DD_83", Qt::Key_Tab);
+    drive::type("DD_0", "44.5");
+    drive::press("DD_0", Qt::Key_Tab);
+    EXPECT_EQ(view->undoName(), "Change molar mass /(kg/kmol)");
+    drive::press("DD_0", Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(drive::read("DD_0"), M);
+    EXPECT_EQ(drive::read("DD_83"), "My dioxide");
+    drive::press("DD_0", Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(drive::read("DD_83"), name);
+    drive::press("DD_0", Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(drive::read("DD_83"), "My dioxide");
+    EXPECT_EQ(view->redoName(), "Change molar mass /(kg/kmol)");
+}
+
+TEST_F(BankEdit, AnUndoneApplicationShowsTheFormerFields) {
+    open();
+    const QString before = drive::read("DD_46");  // of the August set, computed by an application
+    reach(datafiles::editor_field_table()[4]);
+    drive::type("DD_4", "310");
+    drive::click("OK");
+    EXPECT_EQ(view->undoName(), "Apply");
+    EXPECT_NE(drive::read("DD_46"), before);
+    drive::press("OK", Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(drive::read("DD_46"), before);
+}
+
 }  // namespace

@@ -1,4 +1,5 @@
 #include "common/numbers.h"
+#include "legacy/current_fluid.h"
 #include "models/virial.h"
 #include "session/module2.h"
 #include "session/project_session.h"

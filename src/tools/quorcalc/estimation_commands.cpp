@@ -1,6 +1,7 @@
 #include <charconv>
 #include <filesystem>
 
+#include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
 #include "estimation/fit_models.h"
@@ -47,8 +48,8 @@ Json fit(const Arguments& a) {
     if (!a.substance.empty()) set_up(a);
     FitState state;
     state.lg = a.lg;
-    if (!estimation::choose_model(state, static_cast<std::int16_t>(*a.model),
-                                  legacy::the_substance))
+    state.substance = legacy::the_substance;
+    if (!estimation::choose_model(state, static_cast<std::int16_t>(*a.model)))
         throw WrongCall{"--model: no such model"};
     state.lg = a.lg;
     if (a.lg)
@@ -61,14 +62,17 @@ Json fit(const Arguments& a) {
 
     if (!session::load_xy(std::filesystem::absolute(a.file).string()))
         throw CannotBeDone{"nothing was loaded from " + a.file};
-    legacy::the_session.FitDataSource = 0;
-    estimation::load_fit_points(state);
+    if (const auto note = estimation::set_fit_points(state, legacy::the_xyData.points, false))
+        dialogs::tell(*note, "WARNING");
     Json result = {{"status", 0},  {"parameters", Json()}, {"stdDev", Json()},
                    {"SQ", Json()}, {"sR", Json()},         {"failed", true}};
-    if (!estimation::start_fit(state)) {
+    Result<FitState> fitted = estimation::run_fit(state);
+    if (!fitted) {
+        dialogs::tell(fitted.reason(), "Execution not possible", dialogs::Icon::Stop);
         result["status"] = -1;
         return result;
     }
+    state = *std::move(fitted);
     Json parameters = Json::array(), deviations = Json::array();
     for (std::size_t i = 0; i < static_cast<std::size_t>(state.NPar); ++i) {
         parameters.push_back(Number(state.FitPar[i]));
