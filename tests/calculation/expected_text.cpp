@@ -1,5 +1,7 @@
 #include "expected_text.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include <cmath>
 #include <cstdio>
@@ -275,7 +277,7 @@ void partial_phases(Work& w, double vV) {
 }
 
 void hlv_of_eos(Work& w) {
-    const auto r = models::enthalpy_of_vaporisation(7, w.T, w.p, legacy::the_models.VPCode, false);
+    const auto r = models::enthalpy_of_vaporisation(7, w.T, w.p, legacy::the_models.VPModel, false);
     if (r.status != 0) return;
     w.r.Fu[29] = static_cast<double>(r.h) * caloric_factor();
     w.r.Fu[30] = w.r.Fu[29] / w.T;
@@ -284,7 +286,7 @@ void hlv_of_eos(Work& w) {
 void equilibrium(Work& w, bool fromT) {
     const models::SubstanceRecord& s = legacy::the_substance;
     const models::Fluid fluid = models::current_fluid();
-    const std::string& code = legacy::the_models.VPCode;
+    const std::string& code = legacy::the_models.VPModel;
     w.L.exists = w.V.exists = true;
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     const bool eos = the_session.GlobalCalculation && legacy::the_models.PriorityCEOS;
@@ -341,7 +343,7 @@ void equilibrium(Work& w, bool fromT) {
 void vaporisation(Work& w, bool fromT) {
     const std::int16_t method = legacy::the_models.HLVModel;
     const auto r =
-        models::enthalpy_of_vaporisation(method, w.T, w.p, legacy::the_models.VPCode, false);
+        models::enthalpy_of_vaporisation(method, w.T, w.p, legacy::the_models.VPModel, false);
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     w.T = r.T;
     w.p = r.p;
@@ -385,7 +387,7 @@ void vaporisation(Work& w, bool fromT) {
     }
     if (method != 1) {
         const auto database =
-            models::enthalpy_of_vaporisation(1, w.T, w.p, legacy::the_models.VPCode, false);
+            models::enthalpy_of_vaporisation(1, w.T, w.p, legacy::the_models.VPModel, false);
         list.push_back("(cf. function from data base: " + hLabel + " = " +
                        number(static_cast<double>(database.h) * caloric_factor()));
     }
@@ -432,7 +434,7 @@ void caloric_functions(Work& w) {
 double virial_of(std::int16_t code, double T) {
     models::JiTorvikParameters jt;
     models::ModelSelection models = legacy::the_models;
-    models.EOSModel = code;
+    models.EOSModel = codes::eos(code);
     models.EOSOnlyV = true;
     const auto eos = models::eos_constants(code, true, legacy::the_substance, jt);
     models::EOSState state;

@@ -6,6 +6,7 @@
 #include "calculation/tank.h"
 #include "expected_text.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/density.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

@@ -1,4 +1,6 @@
 #include "diagrams/active_fluid.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include "diagrams/coordinates.h"
 
@@ -13,13 +15,13 @@ void ActiveFluid::activate(const std::string& name, std::int16_t eos) {
 
     models::ModelSelection& m = legacy::the_models;
     m = {};
-    m.EOSModel = eos;
+    m.EOSModel = codes::eos(eos);
     m.EOSOnlyV = models::is_v_only_eos(eos);
     m.PriorityCEOS = !m.EOSOnlyV;
-    m.VPModel = 4;
-    m.VPCode = "WAG";
-    m.CpModel = s.hasCpPoly ? 1 : s.hasCpSinh ? 2 : 0;
-    m.HLVModel = 2;
+    m.VPModel = codes::vp(4);
+    m.VPModel = codes::vp("WAG");
+    m.CpModel = codes::cp(s.hasCpPoly ? 1 : s.hasCpSinh ? 2 : 0);
+    m.HLVModel = codes::hlv(2);
     ASSERT_EQ(models::calc_eos_parameters(eos), kSuccess);
     legacy::the_reference.T0 = 298.15F;
     legacy::the_coordinates = {};

@@ -6,9 +6,11 @@
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/vapour_pressure.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -364,7 +366,7 @@ TEST_F(Coexistence, TheSlopeOfTheVapourPressureIsItsDerivative) {
     EXPECT_TRUE(curve.request.title.ends_with(text)) << curve.request.title;
     const Drawn again = Draw(curve.request, {});
     EXPECT_EQ(again.request.title, curve.request.title) << "the remark is made once";
-    legacy::the_models.VPCode = "AUG";
+    legacy::the_models.VPModel = codes::vp("AUG");
     diagrams::DiagramRequest plain = RequestFor(11);
     plain.title = "slope";
     EXPECT_EQ(Draw(plain, {}).request.title, "slope");
@@ -374,7 +376,7 @@ TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
     activate("Propane");
     the_substance.rhoLTLo = 86;
     for (std::int16_t model = 1; model <= 7; ++model) {
-        legacy::the_models.HLVModel = model;
+        legacy::the_models.HLVModel = codes::hlv(model);
         legacy::the_models.WatsonN = 0.38F;
         const Drawn curve = Draw(13, {});
         if (model == 6) continue;  // needs a reference point of Benson's method

@@ -5,6 +5,7 @@
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
 

@@ -1,4 +1,5 @@
 #include "estimation/fit_apply.h"
+#include "legacy/wrappers.h"
 
 #include "estimation/synthetic.h"
 #include "models/caloric.h"

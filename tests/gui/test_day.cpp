@@ -6,6 +6,7 @@
 #include "datafiles/database.h"
 #include "gui/editor_drive.h"
 #include "gui/graph_test.h"
+#include "legacy/wrappers.h"
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
 
@@ -142,7 +143,7 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     EXPECT_EQ(the_session.CaloricUnit, 3);
     EXPECT_FALSE(the_session.BatchMode);
     EXPECT_EQ(legacy::the_models.EOSModel, models.EOSModel);
-    EXPECT_EQ(legacy::the_models.VPCode, models.VPCode);
+    EXPECT_EQ(legacy::the_models.VPModel, models.VPModel);
     EXPECT_EQ(legacy::the_models.HLVModel, models.HLVModel);
     EXPECT_EQ(legacy::the_models.CpModel, models.CpModel);
     EXPECT_NEAR(models::VapourPressure(T, "ALP", false).p, fitted, 1e-5 * fitted);

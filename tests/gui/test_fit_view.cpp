@@ -8,6 +8,7 @@
 #include "gui/estimation/fit_view.h"
 #include "gui/frame_test.h"
 #include "legacy/declare.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/vapour_pressure.h"
 #include "support/fluids.h"

@@ -340,9 +340,9 @@ namespace {
 
 /// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
 void open_from_menu() {
-    constexpr std::int16_t kVaporisation = 13, kByBenson = 6, kVaporisationAtT = 6;
+    constexpr std::int16_t kVaporisation = 13, kVaporisationAtT = 6;
     const bool needsReference = legacy::the_diagram.DiagramType == kVaporisation &&
-                                legacy::the_models.HLVModel == kByBenson;
+                                legacy::the_models.HLVModel == models::VaporisationModel::benson;
     if (!needsReference) return Module9::open_diagram2_d();
     const std::int16_t mode = std::exchange(legacy::the_session.CalcMode, kVaporisationAtT);
     calculation_views::OpenCalcIn(true);

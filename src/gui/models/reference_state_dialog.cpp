@@ -30,7 +30,7 @@ QString qt(std::string_view s) {
 }
 
 models::ReferenceCaptions captions() {
-    return models::captions_of(legacy::the_session.CaloricUnit);
+    return models::captions_of(static_cast<models::CaloricUnit>(legacy::the_session.CaloricUnit));
 }
 
 // The factor of the present substance: that of the session is as old as the last calculation.
