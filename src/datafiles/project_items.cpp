@@ -67,10 +67,10 @@ const std::array<Item, kProjectItems>& items() {
         {&the_session.CurveRealRangeOnly},            // 11
         {&the_session.PointsPerCurve, 50, 800},       // 12
         {&the_session.CsvSeparator},                  // 13
-        {&the_models.VPModel},                        // 14
-        {&the_models.EOSModel},                       // 15
-        {&the_models.CpModel},                        // 16
-        {&the_models.HLVModel},                       // 17
+        {&the_models.VPModel, -1, 16},                // 14
+        {&the_models.EOSModel, -1, 16},               // 15
+        {&the_models.CpModel, -1, 16},                // 16
+        {&the_models.HLVModel, -1, 16},               // 17
         {&the_models.WatsonN, -kAny, kAny},           // 18
         {&the_models.PriorityCEOS},                   // 19
         {&the_reference.RefMode, 0, 10},              // 20
@@ -109,7 +109,6 @@ struct Read {
 
     std::optional<double> number() const {
         const std::optional<double> value = parse_number(numbers::comma_to_point(line));
-        if (lowest == highest) return value;
         return value && *value >= lowest && *value <= highest ? value : std::nullopt;
     }
     std::optional<bool> truth() const {

@@ -73,6 +73,15 @@ void tell_ranges(const EnthalpyOfVaporisationResult& r) {
 
 }  // namespace
 
+Fluid current_fluid() {
+    using namespace legacy;
+    static Fluid last;
+    const bool same = last.models() == the_models && last.eos() == the_eosParameters &&
+                      last.jt() == the_jiTorvik && last.substance() == the_substance;
+    if (!same) last = Fluid(the_substance, the_models, the_eosParameters, the_jiTorvik);
+    return last;
+}
+
 Status obtain_ji_torvik_parameters(Eos eos) {
     if (parametersGiven) return kSuccess;
     legacy::the_jiTorvik = {};

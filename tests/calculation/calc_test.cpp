@@ -23,14 +23,13 @@ void CalcTest::use_fluid(std::string_view name) {
 void CalcTest::use_models(const Models& m) {
     models::ModelSelection& models = legacy::the_models;
     models.EOSModel = codes::eos(m.eos);
-    models.EOSOnlyV = models::is_v_only_eos(m.eos);
+    models.EOSOnlyV = models::is_v_only(codes::eos(m.eos));
     models.VPModel = codes::vp(m.vp);
-    models.VPModel = codes::vp(models::vp_index(m.vp));
     models.PriorityCEOS = m.priority && !models.EOSOnlyV;
     models.HLVModel = codes::hlv(m.hlv);
     models.WatsonN = 0.38F;
     models.CpModel = codes::cp(m.cp);
-    models::calc_eos_parameters(m.eos);
+    models::calc_eos_parameters(codes::eos(m.eos));
     if (m.eos == 10) {
         legacy::the_eosParameters.eosB0 = 0.09;
         legacy::the_eosParameters.eosNB = 3.0e4;

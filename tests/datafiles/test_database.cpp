@@ -4,6 +4,7 @@
 #include "datafiles/database.h"
 #include "datafiles/database_builder.h"
 #include "session/module2.h"
+#include "support/codes.h"
 #include "support/session_test.h"
 
 using namespace quor;

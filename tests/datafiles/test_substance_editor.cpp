@@ -291,7 +291,7 @@ TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
     for (std::size_t k = 0; k < 5; ++k) texts[13 + k] = antoine[k];
     ApplyEditor(texts);
     EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "AHP");
-    EXPECT_EQ(legacy::the_models.VPModel, models::vp_index("AHP"));
+    EXPECT_EQ(legacy::the_models.VPModel, codes::vp("AHP"));
     legacy::the_models.VPModel = codes::vp("000");
     for (std::size_t k = 0; k < 5; ++k) texts[8 + k] = antoine[k];
     ApplyEditor(texts);
@@ -306,9 +306,10 @@ TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
     texts[1] = "";
     ApplyEditor(texts);
     EXPECT_NEAR(static_cast<double>(the_substance.Tboil), 231.04, 0.5);  // propane
-    EXPECT_NEAR(
-        models::vapour_pressure(the_substance, static_cast<double>(the_substance.Tboil), "WAG").p,
-        101.325, 0.02);
+    EXPECT_NEAR(models::vapour_pressure(the_substance, static_cast<double>(the_substance.Tboil),
+                                        codes::vp("WAG"))
+                    .p,
+                101.325, 0.02);
     EXPECT_EQ(texts[1], editor_text(the_substance.Tboil));
     texts[1] = "";
     legacy::the_models.VPModel = codes::vp("000");
@@ -375,7 +376,7 @@ TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
 }
 
 TEST_F(SubstanceEditor, EosAndUnitsFollow) {
-    models::calc_eos_parameters(6);
+    models::calc_eos_parameters(codes::eos(6));
     const double before = legacy::the_eosParameters.eosA0;
     legacy::the_session.UnitMode = 1;
     EditorTexts texts = show_record(the_substance);
@@ -438,8 +439,8 @@ TEST_F(SubstanceEditor, TheTriplePointPressureComesFromEitherSource) {
     the_substance.Ttriple = 150;
     const auto p = triple_point_pressure(true);
     ASSERT_TRUE(p.has_value());
-    EXPECT_EQ(
-        *p, editor_text(static_cast<float>(models::vapour_pressure(the_substance, 150, "WAG").p)));
+    EXPECT_EQ(*p, editor_text(static_cast<float>(
+                      models::vapour_pressure(the_substance, 150, codes::vp("WAG")).p)));
     the_substance.Ttriple = 0;
     EXPECT_FALSE(triple_point_pressure(true).has_value());
     EXPECT_EQ(user.lastText(), "Error while calculating vapour pressure");

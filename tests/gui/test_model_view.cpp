@@ -1,4 +1,5 @@
 #include "gui/frame_test.h"
+#include "support/codes.h"
 
 using namespace quor;
 using namespace quor::app;

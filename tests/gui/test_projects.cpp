@@ -4,6 +4,7 @@
 #include "legacy/wrappers.h"
 #include "models/saturation.h"
 #include "session/module2.h"
+#include "support/codes.h"
 
 using namespace quor;
 using namespace quor::app;

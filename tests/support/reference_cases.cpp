@@ -31,9 +31,8 @@ void activate(const json& inputs) {
     models::ModelSelection& m = legacy::the_models;
     m = {};
     m.EOSModel = codes::eos(inputs.value("EOSModel", std::int16_t{6}));
-    m.EOSOnlyV = models::is_v_only_eos(m.EOSModel);
+    m.EOSOnlyV = models::is_v_only(m.EOSModel);
     m.VPModel = codes::vp(inputs.value("VPCode", std::string("000")));
-    m.VPModel = codes::vp(models::vp_index(m.VPModel));
     m.CpModel = codes::cp(inputs.value("CpModel", std::int16_t{2}));
     m.WatsonN = inputs.value("WatsonN", 0.38F);
     if (inputs.contains("jt")) {
