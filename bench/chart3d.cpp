@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <cmath>
 
-#include "gui/chart/chart2d_plot.h"
+#include "gui/chart/chart2d_paint.h"
 #include "gui/chart/chart3d_paint.h"
 
 using namespace quor;

@@ -174,17 +174,15 @@ void paintText(QPainter& painter, const QPointF& centre, const std::string& text
     painter.restore();
 }
 
-void paintSymbol(QPainter& painter, const QPointF& centre, SymbolShape shape, double size,
-                 const Colour& colour) {
+void paintSymbols(QPainter& painter, std::span<const QPointF> places, SymbolShape shape,
+                  double size, const Colour& colour) {
     if (shape == SymbolShape::Hidden || !(size > 0)) return;
-    const double half = size / 2;
-    QPainterPath path = symbolPath(shape);
-    path = QTransform::fromScale(half, half).map(path).translated(centre);
+    const QPainterPath path = QTransform::fromScale(size / 2, size / 2).map(symbolPath(shape));
     QPen pen(ToQt(colour), std::clamp(size / 6, 1.0, 3.0));
     pen.setJoinStyle(Qt::MiterJoin);
     painter.setPen(pen);
     painter.setBrush(isFilled(shape) ? QBrush(ToQt(colour)) : QBrush(Qt::NoBrush));
-    painter.drawPath(path);
+    for (const QPointF& place : places) painter.drawPath(path.translated(place));
 }
 
 }  // namespace quor::chart

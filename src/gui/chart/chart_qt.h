@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPen>
 #include <QString>
+#include <span>
 
 #include "chart/chart_style.h"
 #include "chart/text_measure.h"
@@ -32,8 +33,8 @@ MeasureText qtTextMeasure();
 void paintText(QPainter& painter, const QPointF& centre, const std::string& text, const Font& font,
                const Colour& colour, double rotation = 0);
 
-/// Paints the symbol of a point. `size` is its width in pixels; nothing for `Hidden`.
-void paintSymbol(QPainter& painter, const QPointF& centre, SymbolShape shape, double size,
-                 const Colour& colour);
+/// Paints the symbols of points. `size` is the width of one in pixels; nothing for `Hidden`.
+void paintSymbols(QPainter& painter, std::span<const QPointF> places, SymbolShape shape,
+                  double size, const Colour& colour);
 
 }  // namespace quor::chart

@@ -13,7 +13,7 @@
 #include <array>
 #include <cmath>
 
-#include "gui/chart/chart2d_plot.h"
+#include "gui/chart/chart2d_paint.h"
 #include "gui/chart/chart3d_paint.h"
 #include "gui/chart/metafile_device.h"
 
