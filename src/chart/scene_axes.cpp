@@ -255,7 +255,8 @@ class AxisPainter {
 };
 
 void paint_plane(const Context& c, const BoxView& view, const Plane& plane, Pen& pen) {
-    const auto [p, q] = others(plane.normal);
+    const auto around = others(plane.normal);
+    const Direction p = around[0], q = around[1];
     const auto at = [&](double cp, double cq) {
         Point3 point;
         component(point, plane.normal) = plane.sign * view.limit(plane.normal);
