@@ -182,7 +182,7 @@ class PictureMaker {
         const Range range = second_range(chart_);
         if (chart_.y2.shown)
             add_upright_axis(chart_.y2, sheet().y2, 1, [&](double v) {
-                return p.bottom() - UnitOf(v, range, chart_.y2.logarithmic) * p.height;
+                return p.bottom() - unit_of(v, range, chart_.y2.logarithmic) * p.height;
             });
     }
 

@@ -90,7 +90,7 @@ class Chart2DView : public testing::Test {
 
 TEST_F(Chart2DView, TheCurveIsPaintedWhereItsDataLie) {
     const QImage picture = widget_.grab().toImage();
-    const QColor colour = chart::ToQt(chart_.curves[0].line.colour);
+    const QColor colour = chart::toQt(chart_.curves[0].line.colour);
     for (const double x : {0.7, 1.3, 2.9, 4.4}) {
         const QPointF at = widget_.pixelOf(x, 2 * x);
         const QColor seen = picture.pixelColor(at.toPoint());

@@ -8,7 +8,7 @@ namespace quor::chart {
 
 namespace {
 
-QRectF toQt(const SheetRect& r) {
+QRectF rectOf(const SheetRect& r) {
     return {r.left, r.top, r.width, r.height};
 }
 
@@ -18,13 +18,13 @@ class ItemPainter {
     explicit ItemPainter(QPainter& painter) : painter_(painter) {}
 
     void operator()(const PictureBox& box) {
-        painter_.setPen(ToQt(box.frame));
-        painter_.setBrush(box.fill.a > 0 ? QBrush(ToQt(box.fill)) : QBrush(Qt::NoBrush));
-        painter_.drawRect(toQt(box.rect));
+        painter_.setPen(toQt(box.frame));
+        painter_.setBrush(box.fill.a > 0 ? QBrush(toQt(box.fill)) : QBrush(Qt::NoBrush));
+        painter_.drawRect(rectOf(box.rect));
     }
 
     void operator()(const PictureLine& line) {
-        QPen pen = ToQt(line.style);
+        QPen pen = toQt(line.style);
         if (line.squareEnds) pen.setCapStyle(Qt::SquareCap);
         painter_.setPen(pen);
         painter_.setBrush(Qt::NoBrush);
@@ -60,7 +60,7 @@ class ItemPainter {
 
 void paintPicture(QPainter& painter, const Picture2D& picture) {
     painter.save();
-    painter.fillRect(toQt(picture.sheet.sheet), ToQt(picture.paper));
+    painter.fillRect(rectOf(picture.sheet.sheet), toQt(picture.paper));
     const QPaintEngine* engine = painter.paintEngine();
     // Lines of one pixel fill whole pixels of an image when they run along pixel centres.
     if (engine && engine->type() == QPaintEngine::Raster) painter.translate(0.5, 0.5);

@@ -14,14 +14,14 @@
 /// looks the same on screen, in files and on paper; printing scales the painter.
 namespace quor::chart {
 
-QColor ToQt(const Colour& colour);
+QColor toQt(const Colour& colour);
 /// The face with its size in pixels of 1/96 inch.
-QFont ToQt(const Font& font);
+QFont toQt(const Font& font);
 /// The pen of a line; no pen for `LinePattern::None`.
-QPen ToQt(const LineStyle& line);
-QPen ToQt(const Frame& frame);
+QPen toQt(const LineStyle& line);
+QPen toQt(const Frame& frame);
 
-inline QString ToQt(const std::string& text) {
+inline QString toQt(const std::string& text) {
     return QString::fromStdString(text);
 }
 

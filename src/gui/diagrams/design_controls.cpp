@@ -29,7 +29,7 @@ QString qt(std::string_view s) {
 
 QIcon swatch(const chart::Colour& c) {
     QPixmap pixmap(28, 14);
-    pixmap.fill(chart::ToQt(c));
+    pixmap.fill(chart::toQt(c));
     return pixmap;
 }
 
@@ -113,7 +113,7 @@ void DesignControls::colour(QFormLayout* into, const QString& caption, const QSt
     connect(button, &QPushButton::clicked, this, [this, field] {
         chart::Colour* target = field();
         if (target == nullptr) return;
-        QColorDialog dialog(chart::ToQt(*target), this);
+        QColorDialog dialog(chart::toQt(*target), this);
         dialog.setObjectName("ColourDialog");
         dialog.setOption(QColorDialog::ShowAlphaChannel);
         if (dialog.exec() != QDialog::Accepted) return;
