@@ -15,6 +15,7 @@
 
 #include "gui/chart/chart_qt.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 
 namespace quor::gui {
@@ -22,10 +23,6 @@ namespace quor::gui {
 namespace {
 
 constexpr int kTextLines = 2;
-
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
 
 QIcon swatch(const chart::Colour& c) {
     QPixmap pixmap(28, 14);

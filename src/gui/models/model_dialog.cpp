@@ -13,6 +13,7 @@
 
 #include "gui/models/manual_virial_dialog.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -25,10 +26,6 @@ namespace {
 
 constexpr auto kEditData = "mnuData_EditStoffdaten";  // action of the substance data editor
 constexpr int kListCharacters = 38;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QComboBox* list(const QString& name) {
     auto* box = form::named(new QComboBox, name);
