@@ -9,7 +9,6 @@
 #include "gui/chart/chart3d_paint.h"
 
 using namespace quor;
-using namespace quor::gui;
 
 namespace {
 
