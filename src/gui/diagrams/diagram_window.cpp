@@ -27,6 +27,7 @@
 #include "gui/diagrams/process_line_dialog.h"
 #include "gui/diagrams/range_input.h"
 #include "gui/diagrams/views_in_use.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -45,10 +46,6 @@ constexpr std::uint8_t kRangeInput = 7, kFractionInput = 8;
 ViewsInUse<DiagramWindow>& openDiagrams() {
     static ViewsInUse<DiagramWindow> all;
     return all;
-}
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 
 #include "gui/models/manual_virial_dialog.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "models/model_codes.h"
@@ -23,10 +24,6 @@ namespace quor::gui {
 namespace {
 
 constexpr int kListCharacters = 38;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QComboBox* list(const QString& name) {
     auto* box = form::named(new QComboBox, name);
