@@ -1,4 +1,5 @@
 #include "calculation/calc_batch.h"
+#include "legacy/wrappers.h"
 
 #include <array>
 #include <exception>
@@ -53,10 +54,9 @@ constexpr std::array<ModeFunction, 25> kModeFunctions = {
 };
 
 constexpr std::int16_t kVirialMode = 11, kPolytropicMode = 12;
-constexpr std::int16_t kByCubicEos = 7;
 
 bool is_cubic() {
-    return models::is_cubic_eos(legacy::the_models.EOSModel) && !legacy::the_models.EOSOnlyV;
+    return models::is_cubic(legacy::the_models.EOSModel) && !legacy::the_models.EOSOnlyV;
 }
 
 /// Everything that a call leaves behind starts empty.
@@ -110,7 +110,8 @@ void tell_region(const Job& job) {
 bool shows_cubic_parameters(const Job& job) {
     if (!is_cubic() || !(job.T > kPresent)) return false;
     if (job.mode() == kPolytropicMode || is_database_function(job.mode())) return false;
-    return !is_vaporisation(job.mode()) || legacy::the_models.HLVModel == kByCubicEos;
+    return !is_vaporisation(job.mode()) ||
+           legacy::the_models.HLVModel == models::VaporisationModel::cubicEos;
 }
 
 void add_cubic_parameters(Job& job) {
@@ -149,7 +150,8 @@ bool can_diagnose(const Job& job) {
     if (job.error || !is_cubic() || !the_session.GlobalCalculation) return false;
     if (mode == kVirialMode || mode == kPolytropicMode || is_database_function(mode)) return false;
     if (is_equilibrium(mode)) return legacy::the_models.PriorityCEOS;
-    return !is_vaporisation(mode) || legacy::the_models.HLVModel == kByCubicEos;
+    return !is_vaporisation(mode) ||
+           legacy::the_models.HLVModel == models::VaporisationModel::cubicEos;
 }
 
 void keep_record(Job& job) {

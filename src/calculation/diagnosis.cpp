@@ -81,7 +81,7 @@ Diagnosis diagnose_last_state() {
     const calculation::LastState& last = legacy::the_lastState;
     Diagnosis d;
     d.title = "Cubic Equation of State";
-    if (!models::is_cubic_eos(legacy::the_models.EOSModel) || !(last.T > 0) || !(last.p > 0) ||
+    if (!models::is_cubic(legacy::the_models.EOSModel) || !(last.T > 0) || !(last.p > 0) ||
         !(last.v[0] > 0))
         return d;
     d.T = last.T;

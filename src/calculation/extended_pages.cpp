@@ -8,6 +8,7 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/model_tables.h"
 #include "models/state_solver.h"

@@ -1,4 +1,5 @@
 #include "calculation/job.h"
+#include "legacy/wrappers.h"
 
 #include "calculation/calc_modes.h"
 #include "common/constants.h"

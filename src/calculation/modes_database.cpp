@@ -8,9 +8,11 @@
 #include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/density.h"
 #include "models/enthalpy_of_vaporisation.h"
+#include "models/model_tables.h"
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
 
@@ -80,7 +82,7 @@ Value density(Job& job) {
 
 Value vaporisation(Job& job) {
     const Range range{legacy::the_substance.hLVTLo, legacy::the_substance.hLVTHi};
-    const models::EnthalpyEquationResult r = models::enthalpy_equation_value(job.T);
+    const models::EnthalpyEquationResult r = models::EnthalpyEquationValue(job.T);
     if (r.status != kSuccess) return {0.0, kFailure, range};
     const double h = r.h * the_session.CaloricFactor;
     job.list.add(" delta(LV)h = " + value32(h) + unit_of(kEnergyUnits));
@@ -104,10 +106,11 @@ Value heat_capacity(Job& job) {
     const models::CpResult r = job.mode() == 16   ? models::IdealGasCp(job.T)
                                : job.mode() == 17 ? models::cp_liquid(job.T)
                                                   : models::cp_solid(job.T);
-    const Range range = limits(job.mode() == 17                  ? s.cpL
-                               : job.mode() == 18                ? s.cpS
-                               : legacy::the_models.CpModel == 1 ? s.cpPoly
-                                                                 : s.cpSinh);
+    const Range range =
+        limits(job.mode() == 17                                           ? s.cpL
+               : job.mode() == 18                                         ? s.cpS
+               : legacy::the_models.CpModel == models::CpForm::polynomial ? s.cpPoly
+                                                                          : s.cpSinh);
     if (r.status != kSuccess) return {0.0, kFailure, range};
     const double cp = r.cp * the_session.CaloricFactor;
     job.list.add(row.label + value32(cp) + unit_of(kCapacityUnits));
@@ -141,7 +144,8 @@ Range pressure_range(std::int16_t mode) {
 
 Value vapour_pressure(Job& job) {
     const PressureRow& row = kPressures[job.mode() - 19];
-    const models::VapourPressureResult r = models::VapourPressure(job.T, row.code, false);
+    const models::VapourPressureResult r =
+        models::VapourPressure(job.T, models::vp_of_code(row.code), false);
     const Range range = pressure_range(job.mode());
     if (r.status != kSuccess) return {0.0, kFailure, range};
     const double p = r.p * static_cast<double>(the_session.PressureFactor);

@@ -9,6 +9,7 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/saturation.h"
 #include "models/virial.h"

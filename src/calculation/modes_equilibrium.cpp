@@ -5,6 +5,7 @@
 #include "common/constants.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/saturation.h"
@@ -48,7 +49,7 @@ bool fetch_given(Job& job) {
 
 /// p(LV) or T(LV) by the active vapour pressure equation into the job.
 bool solve_by_equation(Job& job) {
-    const std::string& code = legacy::the_models.VPCode;
+    const models::VapourPressureEquation code = legacy::the_models.VPModel;
     const bool warn = job.call.Interactive;
     Status status = kFailure;
     if (given_T(job)) {
@@ -82,7 +83,8 @@ bool take_from_data_set(Job& job) {
 }
 
 bool find_partial_point(Job& job) {
-    if (legacy::the_models.VPModel <= 0) return take_from_data_set(job);
+    if (legacy::the_models.VPModel == models::VapourPressureEquation::none)
+        return take_from_data_set(job);
     if (!solve_by_equation(job)) return false;
     resultText.co1.text = given_T(job) ? "p(LV) from actual vapour pressure equation:"
                                        : "T(LV) by using actual vapour pressure equation:";
@@ -152,10 +154,11 @@ bool equilibrium_of_equation(Job& job) {
 
 /// delta(LV)h by the cubic EOS, as a whole number of kJ/kmol.
 void add_enthalpy_of_vaporisation(Job& job) {
-    constexpr std::int16_t kByCubicEos = 7;
-    const std::int16_t method = legacy::the_models.HLVModel;
+    const models::VaporisationModel method = legacy::the_models.HLVModel;
     const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
-        kByCubicEos, job.T, job.p, legacy::the_models.VPCode, method == 5 || method == 6);
+        models::VaporisationModel::cubicEos, job.T, job.p, legacy::the_models.VPModel,
+        method == models::VaporisationModel::databaseDensity ||
+            method == models::VaporisationModel::benson);
     const auto h = static_cast<double>(r.h);
     if (r.status != kSuccess) return;
     job.record.hLV = static_cast<float>(h);

@@ -6,6 +6,7 @@
 #include "common/constants.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "legacy/wrappers.h"
 #include "models/virial.h"
 #include "session/module2.h"
 

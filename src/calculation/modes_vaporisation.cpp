@@ -5,7 +5,9 @@
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "legacy/wrappers.h"
 #include "models/enthalpy_of_vaporisation.h"
+#include "models/model_codes.h"
 #include "models/model_tables.h"
 
 /// Modes 6 and 7: the enthalpy of vaporisation by the chosen method.
@@ -57,7 +59,7 @@ bool fetch_given(Job& job) {
 }
 
 void compressibility_lines(Job& job, const models::EnthalpyOfVaporisationResult& r) {
-    const std::int16_t method = legacy::the_models.HLVModel;
+    const std::int16_t method = models::code_of(legacy::the_models.HLVModel);
     if (method != kDatabaseDensity && method != kBenson) return;
     job.list.add("Following compressibility factors z were used:");
     job.list.add("z(L) = " + value32(r.zL));
@@ -69,9 +71,12 @@ void compressibility_lines(Job& job, const models::EnthalpyOfVaporisationResult&
 
 /// The database equation beside any other method.
 void comparison_line(Job& job) {
-    if (legacy::the_models.HLVModel == kDatabase || legacy::the_substance.hLVTHi <= 0) return;
-    const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
-        kDatabase, job.T, job.p, legacy::the_models.VPCode, false, job.call.Index);
+    if (legacy::the_models.HLVModel == models::VaporisationModel::databaseEquation ||
+        legacy::the_substance.hLVTHi <= 0)
+        return;
+    const models::EnthalpyOfVaporisationResult r =
+        models::enthalpy_of_vaporisation(models::VaporisationModel::databaseEquation, job.T, job.p,
+                                         legacy::the_models.VPModel, false, job.call.Index);
     if (r.status != kSuccess) return;
     job.list.add(std::string("(cf. function from data base: ") + labels().h + " = " +
                  caloric_number(static_cast<double>(r.h) * the_session.CaloricFactor));
@@ -101,7 +106,7 @@ void result_lines(Job& job, const models::EnthalpyOfVaporisationResult& r, doubl
 void enthalpy_of_vaporisation(Job& job) {
     if (!fetch_given(job)) return;
     const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
-        legacy::the_models.HLVModel, job.T, job.p, legacy::the_models.VPCode, job.call.Interactive,
+        legacy::the_models.HLVModel, job.T, job.p, legacy::the_models.VPModel, job.call.Interactive,
         job.call.Index);
     if (r.status != kSuccess) {
         resultText.co1 = {r.explanation, true, false};

@@ -1,4 +1,5 @@
 #include "calculation/partial_choice.h"
+#include "legacy/wrappers.h"
 
 #include "calculation/calc_modes.h"
 #include "calculation/start_calculation.h"
@@ -63,7 +64,8 @@ enum class Situation { Vaporisation, CubicVle, Cubic, EquationOnly, VapourOnlyVl
 Situation situation_of_session() {
     const models::ModelSelection& models = legacy::the_models;
     const bool vle = the_session.CalcMode == kGivenTp && the_session.AssumedVle;
-    if (is_vaporisation(the_session.CalcMode) && models.HLVModel == kBensonVaporisation)
+    if (is_vaporisation(the_session.CalcMode) &&
+        models.HLVModel == models::VaporisationModel::benson)
         return Situation::Vaporisation;
     if (models.EOSOnlyV) return vle ? Situation::VapourOnlyVle : Situation::VapourOnly;
     if (vle) return Situation::CubicVle;

@@ -1,4 +1,5 @@
 #include "calculation/phase_functions.h"
+#include "legacy/wrappers.h"
 
 #include "common/faults.h"
 #include "common/numbers.h"

@@ -1,4 +1,5 @@
 #include "calculation/reference_lines.h"
+#include "legacy/wrappers.h"
 
 #include "common/numbers.h"
 #include "common/text.h"

@@ -12,7 +12,6 @@ namespace {
 constexpr std::int16_t kGivenTRho = 1, kLiquid = 2, kGivenTp = 3;
 constexpr std::int16_t kGlobalTank = 9, kPartialTank = 10, kPolytropic = 12;
 constexpr std::int16_t kTankInput = 33, kDirectInput = 100;
-constexpr std::int16_t kBensonVaporisation = 6;
 constexpr std::uint8_t kPolytropicKind = 6;
 
 bool asks_for_vle() {
@@ -27,7 +26,8 @@ bool asks_for_vle() {
 bool needs_preparation(std::int16_t mode) {
     if (is_equilibrium(mode)) return true;
     if (mode == kGivenTp) return the_session.AssumedVle;
-    return is_vaporisation(mode) && legacy::the_models.HLVModel == kBensonVaporisation;
+    return is_vaporisation(mode) &&
+           legacy::the_models.HLVModel == models::VaporisationModel::benson;
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "calculation/tank.h"
+#include "legacy/wrappers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -80,7 +81,7 @@ bool PartialTank(Job& job) {
     const double rho = m / V;
 
     const models::VapourPressureResult saturation =
-        models::VapourPressure(job.T, legacy::the_models.VPCode, job.call.Interactive);
+        models::VapourPressure(job.T, legacy::the_models.VPModel, job.call.Interactive);
     if (!(saturation.p > 0)) {
         job.call.Text = "ERROR2";
         job.error = true;

@@ -1,6 +1,7 @@
 #include "datafiles/project_file.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <span>
 #include <string_view>
@@ -12,7 +13,7 @@
 #include "common/whole_file.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/substance_file.h"
-#include "models/model_tables.h"
+#include "models/model_codes.h"
 
 namespace quor::datafiles {
 
@@ -31,8 +32,25 @@ struct Flag16 {
     Member<bool> flag;
 };
 
-using Setting = std::variant<Member<double>, Member<float>, Member<std::int16_t>, Member<bool>,
-                             Flag16, Member<char>>;
+using Setting =
+    std::variant<Member<double>, Member<float>, Member<std::int16_t>, Member<bool>, Flag16,
+                 Member<char>, Member<models::Eos>, Member<models::VapourPressureEquation>,
+                 Member<models::VaporisationModel>, Member<models::CpForm>>;
+
+// The numbers under which a project knows the models. Index 0 leaves the vapour pressure equation
+// to the sets of the substance.
+std::optional<models::Eos> of_code(int code, models::Eos) {
+    return models::eos_of_code(code);
+}
+std::optional<models::VapourPressureEquation> of_code(int code, models::VapourPressureEquation) {
+    return code == 0 ? std::nullopt : models::vapour_pressure_of_code(code);
+}
+std::optional<models::VaporisationModel> of_code(int code, models::VaporisationModel) {
+    return models::vaporisation_of_code(code);
+}
+std::optional<models::CpForm> of_code(int code, models::CpForm) {
+    return models::cp_form_of_code(code);
+}
 
 struct Item {
     Setting setting;
@@ -43,34 +61,34 @@ using P = ProjectSettings;
 
 const std::array<Item, kItems>& items() {
     static const std::array<Item, kItems> list{{
-        {&P::diagramT, 0, kAny},                             // 5
-        {&P::diagramP, 0, kAny},                             // 6
-        {&P::diagramV, 0, kAny},                             // 7
-        {&P::caloricFactor, kTiny, kAny},                    // 8
-        {&P::unitMode, 0, 2},                                // 9
-        {&P::caloricUnit, 0, 3},                             // 10
-        {&P::curveRealRangeOnly},                            // 11
-        {&P::pointsPerCurve, 50, 800},                       // 12
-        {&P::csvSeparator},                                  // 13
-        {&P::vapourPressureModel, 0, models::kVPCount - 1},  // 14
-        {&P::eosModel, -1, 16},                              // 15
-        {&P::cpModel, 0, 2},                                 // 16
-        {&P::hLVModel, 0, 7},                                // 17
-        {&P::watsonN, -kAny, kAny},                          // 18
-        {&P::priorityCEOS},                                  // 19
-        {&P::referenceMode, 0, 10},                          // 20
-        {&P::href, -kAny, kAny},                             // 21
-        {&P::sref, -kAny, kAny},                             // 22
-        {&P::T0, 0, kAny},                                   // 23
-        {&P::p0, 0, kAny},                                   // 24
-        {&P::Tenv, 0, kAny},                                 // 25
-        {&P::penv, 0, kAny},                                 // 26
-        {Flag16{&P::batchMode}},                             // 27
-        {Flag16{&P::curveSWithoutTieLine}},                  // 28
-        {Flag16{&P::partialGasCurve}},                       // 29
-        {&P::tankV, 0, kAny},                                // 30
-        {&P::tankM, 0, kAny},                                // 31
-        {&P::tankT, 0, kAny},                                // 32
+        {&P::diagramT, 0, kAny},             // 5
+        {&P::diagramP, 0, kAny},             // 6
+        {&P::diagramV, 0, kAny},             // 7
+        {&P::caloricFactor, kTiny, kAny},    // 8
+        {&P::unitMode, 0, 2},                // 9
+        {&P::caloricUnit, 0, 3},             // 10
+        {&P::curveRealRangeOnly},            // 11
+        {&P::pointsPerCurve, 50, 800},       // 12
+        {&P::csvSeparator},                  // 13
+        {&P::vapourPressure, -1, 16},        // 14
+        {&P::eos, -1, 16},                   // 15
+        {&P::cpForm, -1, 16},                // 16
+        {&P::vaporisation, -1, 16},          // 17
+        {&P::watsonN, -kAny, kAny},          // 18
+        {&P::priorityCEOS},                  // 19
+        {&P::referenceMode, 0, 10},          // 20
+        {&P::href, -kAny, kAny},             // 21
+        {&P::sref, -kAny, kAny},             // 22
+        {&P::T0, 0, kAny},                   // 23
+        {&P::p0, 0, kAny},                   // 24
+        {&P::Tenv, 0, kAny},                 // 25
+        {&P::penv, 0, kAny},                 // 26
+        {Flag16{&P::batchMode}},             // 27
+        {Flag16{&P::curveSWithoutTieLine}},  // 28
+        {Flag16{&P::partialGasCurve}},       // 29
+        {&P::tankV, 0, kAny},                // 30
+        {&P::tankM, 0, kAny},                // 31
+        {&P::tankT, 0, kAny},                // 32
     }};
     return list;
 }
@@ -81,6 +99,10 @@ struct Shown {
     std::string operator()(std::int16_t value) const { return std::to_string(value); }
     std::string operator()(bool value) const { return value ? "#TRUE#" : "#FALSE#"; }
     std::string operator()(char value) const { return {'"', value, '"'}; }
+    template <class Model>
+    std::string operator()(Model value) const {
+        return std::to_string(models::code_of(value));
+    }
 };
 
 struct Write {
@@ -120,6 +142,11 @@ struct Read {
     }
     void operator()(Member<std::int16_t> member) const {
         if (const auto value = number()) settings.*member = numbers::to_int16(*value);
+    }
+    template <class Model>
+    void operator()(Member<Model> member) const {
+        if (const auto value = number())
+            settings.*member = of_code(numbers::to_int16(*value), Model{});
     }
     void operator()(Member<bool> member) const { settings.*member = truth(); }
     void operator()(const Flag16& value) const { settings.*value.flag = truth(); }
@@ -170,11 +197,11 @@ std::optional<double> labelled(std::span<const std::string> lines, std::string_v
 }
 
 /// The equation, when all of its coefficients are there.
-std::optional<ManualVirial> read_virial(std::span<const std::string> lines) {
+std::optional<models::ManualVirial> read_virial(std::span<const std::string> lines) {
     const std::optional<double> b0 = labelled(lines, "b0="), b1 = labelled(lines, "b1="),
                                 b2 = labelled(lines, "b2=");
     if (!b0 || !b1 || !b2) return std::nullopt;
-    return ManualVirial{*b0, *b1, *b2};
+    return models::ManualVirial{*b0, *b1, *b2};
 }
 
 }  // namespace

@@ -1,23 +1,16 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 
 #include "common/result.h"
+#include "models/model_selection.h"
 
 namespace quor::datafiles {
 
-/// Coefficients of the manual virial equation B = b0 - b1/T^b2, B in m^3/kmol and T in K.
-struct ManualVirial {
-    double b0 = 0, b1 = 0, b2 = 0;
-
-    bool operator==(const ManualVirial&) const = default;
-};
-
 /// The typed items 5 to 32 of a project file, in their order. What a file does not tell, or tells
-/// as no value of its kind or beyond its range, is missing. Codes are those of the file.
+/// as no value of its kind or beyond its range, is missing.
 struct ProjectSettings {
     std::optional<double> diagramT, diagramP, diagramV;  ///< state parameters of the diagram
     std::optional<double> caloricFactor;
@@ -26,10 +19,11 @@ struct ProjectSettings {
     std::optional<bool> curveRealRangeOnly;
     std::optional<std::int16_t> pointsPerCurve;
     std::optional<char> csvSeparator;
-    std::optional<std::int16_t> vapourPressureModel;
-    std::optional<std::int16_t> eosModel;
-    std::optional<std::int16_t> cpModel;
-    std::optional<std::int16_t> hLVModel;
+    /// Missing also where the choice is left to the sets of the substance.
+    std::optional<models::VapourPressureEquation> vapourPressure;
+    std::optional<models::Eos> eos;
+    std::optional<models::CpForm> cpForm;
+    std::optional<models::VaporisationModel> vaporisation;
     std::optional<float> watsonN;
     std::optional<bool> priorityCEOS;
     std::optional<std::int16_t> referenceMode;
@@ -49,7 +43,7 @@ struct ProjectContent {
     std::string casrn{};     ///< of the substance, 12 characters
     ProjectSettings settings{};
     /// Stands behind the items, where a reader that does not know it never looks.
-    std::optional<ManualVirial> manualVirial{};
+    std::optional<models::ManualVirial> manualVirial{};
 };
 
 /// Text files of projects beyond this size are refused.

@@ -86,7 +86,7 @@ void recalculate(EditorCorrelation correlation, EditorTexts& texts);
 /// Text of the triple point pressure from a vapour pressure equation at the triple point; refused
 /// when the equation has no value there.
 Result<std::string> triple_point_pressure(const models::SubstanceRecord& substance,
-                                          const std::string& VPCode);
+                                          models::VapourPressureEquation equation);
 
 inline constexpr std::string_view kEditorNote = " Note: Any changes are lost without \"Apply\" ";
 inline constexpr std::string_view kEditorLegend = "<> = empty";

@@ -5,7 +5,7 @@
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/search.h"
-#include "legacy/declare.h"
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
@@ -16,18 +16,17 @@ namespace quor::session {
 
 namespace {
 
-using datafiles::ManualVirial;
 using datafiles::ProjectContent;
 using datafiles::ProjectSettings;
 using legacy::the_models;
 using legacy::the_reference;
 using legacy::the_session;
 using legacy::the_substance;
+using models::ManualVirial;
 
 constexpr const char* kFilter = "Project (*.QCF)|*.QCF";
 constexpr const char* kExtension = ".QCF";
 constexpr const char* kRefusal = "Execution not possible";
-constexpr std::int16_t kManualVirial = 10;
 
 /// Calls `both` with every setting of the session and its place in a project's settings.
 template <class Settings, class Both>
@@ -41,10 +40,10 @@ void for_each_setting(Settings& s, const Both& both) {
     both(the_session.CurveRealRangeOnly, s.curveRealRangeOnly);
     both(the_session.PointsPerCurve, s.pointsPerCurve);
     both(the_session.CsvSeparator, s.csvSeparator);
-    both(the_models.VPModel, s.vapourPressureModel);
-    both(the_models.EOSModel, s.eosModel);
-    both(the_models.CpModel, s.cpModel);
-    both(the_models.HLVModel, s.hLVModel);
+    both(the_models.VPModel, s.vapourPressure);
+    both(the_models.EOSModel, s.eos);
+    both(the_models.CpModel, s.cpForm);
+    both(the_models.HLVModel, s.vaporisation);
     both(the_models.WatsonN, s.watsonN);
     both(the_models.PriorityCEOS, s.priorityCEOS);
     both(the_reference.RefMode, s.referenceMode);
@@ -122,7 +121,7 @@ void read_project_substance(const std::string& casrn, ProjectResult& result) {
         the_substance.Tboil > 0 && the_substance.Tcrit > 0 && the_substance.pcrit > 0;
     if (!complete) return;
     for (const char* code : {"KFW", "KFR", "THO"})
-        models::CorrelateVapourPressure(models::vp_index(code), the_substance.Tcrit,
+        models::CorrelateVapourPressure(models::vp_of_code(code), the_substance.Tcrit,
                                         the_substance.pcrit,
                                         static_cast<double>(the_substance.Tboil));
 }
@@ -130,32 +129,28 @@ void read_project_substance(const std::string& casrn, ProjectResult& result) {
 /// Takes the coefficients of the manual virial equation; false when the project has none. Nothing
 /// of another equation stays behind it.
 bool take_virial(const std::optional<ManualVirial>& virial) {
-    const bool cleared = models::calc_eos_parameters(kManualVirial) == kSuccess;
-    if (!virial) {
+    const ManualVirial taken = virial.value_or(ManualVirial{});
+    legacy::the_eosParameters = {};
+    legacy::the_eosParameters.eosB0 = taken.b0;
+    legacy::the_eosParameters.eosNB = taken.b1;
+    legacy::the_eosParameters.eosNV = taken.b2;
+    const bool computed = models::calc_eos_parameters(models::Eos::manualVirial) == kSuccess;
+    if (!virial)
         dialogs::tell(
             "The project holds no coefficients b0, b1, b2 of its virial equation.\n"
             "Choose the equation of state again.",
             "WARNING", dialogs::Icon::Exclamation);
-        return false;
-    }
-    legacy::the_eosParameters.eosB0 = virial->b0;
-    legacy::the_eosParameters.eosNB = virial->b1;
-    legacy::the_eosParameters.eosNV = virial->b2;
-    return cleared;
+    return computed && virial;
 }
 
-/// What follows from the settings: codes, constants of the equation of state, factors and labels.
+/// What follows from the settings: constants of the equation of state, factors and labels.
 void derive_from_settings(const std::optional<ManualVirial>& virial, ProjectResult& result) {
-    const bool offered = the_models.EOSModel >= 0 && !models::EOSName(the_models.EOSModel).empty();
-    if (!offered) the_models.EOSModel = 0;
-    the_models.EOSOnlyV = models::is_v_only_eos(the_models.EOSModel);
+    if (the_models.EOSModel == models::Eos::none) the_models.EOSModel = models::Eos::idealGas;
+    the_models.EOSOnlyV = models::is_v_only(the_models.EOSModel);
     if (the_models.EOSOnlyV) the_models.PriorityCEOS = false;
-    // Index 0 leaves the choice to the sets of the substance.
-    if (the_models.VPModel != 0) the_models.VPCode = models::VPCode(the_models.VPModel);
-    the_models.VPModel = models::vp_index(the_models.VPCode);
 
     if (result.substanceFound && !result.noCriticalData) {
-        const bool manual = the_models.EOSModel == kManualVirial;
+        const bool manual = the_models.EOSModel == models::Eos::manualVirial;
         result.modelsComplete = manual
                                     ? take_virial(virial)
                                     : models::calc_eos_parameters(the_models.EOSModel) == kSuccess;
@@ -215,7 +210,7 @@ datafiles::ProjectContent present_project() {
                            .database = the_session.DatabaseFile,
                            .casrn = the_session.CurrentSubstance == 0 ? "" : the_substance.CASRN};
     for_each_setting(content.settings, [](const auto& own, auto& told) { told = own; });
-    if (the_models.EOSModel == kManualVirial) {
+    if (the_models.EOSModel == models::Eos::manualVirial) {
         const models::EOSParameters& e = legacy::the_eosParameters;
         content.manualVirial = ManualVirial{e.eosB0, e.eosNB, e.eosNV};
     }

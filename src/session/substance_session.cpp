@@ -7,8 +7,9 @@
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/search.h"
-#include "legacy/declare.h"
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
+#include "models/model_choice.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
 #include "session/commands.h"
@@ -25,8 +26,6 @@ using legacy::the_database;
 using legacy::the_session;
 
 constexpr const char* kRefused = "Execution not possible";
-constexpr std::int16_t kFirstCorrelated = 6, kLastCorrelated = 8;
-constexpr std::int16_t kManualVirial = 10;  // its coefficients were typed in and stay
 
 bool is_same_file(const fs::path& a, const fs::path& b) {
     std::error_code ignored;
@@ -93,11 +92,12 @@ void tell_no_critical_data() {
 // Equation of state and correlated vapour pressure sets follow the new critical data.
 void compute_dependents() {
     const models::SubstanceRecord& s = legacy::the_substance;
-    const std::int16_t eos = legacy::the_models.EOSModel;
-    if (eos >= 0) models::calc_eos_parameters(eos);
+    const models::Eos eos = legacy::the_models.EOSModel;
+    if (eos != models::Eos::none) models::calc_eos_parameters(eos);
     if (static_cast<double>(s.Tboil) <= constants::kPresent) return;
-    for (std::int16_t i = kFirstCorrelated; i <= kLastCorrelated; ++i)
-        models::CorrelateVapourPressure(i, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+    using enum models::VapourPressureEquation;
+    for (const auto equation : {frostVanDerWaals, frostRedlichKwong, thompson})
+        models::CorrelateVapourPressure(equation, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
 }
 
 bool has_critical_data(const models::SubstanceRecord& s) {
@@ -163,7 +163,11 @@ Result<SubstanceRead> read_substance(std::int16_t index) {
         the_database.read(place_of(index), legacy::the_substance.dfs);
     if (!loaded) return loaded.failure();
     legacy::the_substance = std::move(loaded->record);
-    legacy::the_models.VPCode = std::move(loaded->VPCode);
+    // The equation in use stays where the substance has it.
+    auto& equation = legacy::the_models.VPModel;
+    const auto offered = models::vp_entries(legacy::the_substance);
+    if (offered[models::index_of(offered, equation)].model != equation)
+        equation = models::vp_of_code(loaded->VPCode);
     return SubstanceRead{loaded->noCriticalData};
 }
 
@@ -227,7 +231,9 @@ void apply_editor(datafiles::EditorTexts& texts) {
     const models::SubstanceRecord& substance = legacy::the_substance;
     if (datafiles::apply_editor(texts, legacy::the_substance, models).watsonDropped)
         dialogs::Beep();
-    if (has_critical_data(substance) && models.EOSModel >= 0 && models.EOSModel != kManualVirial)
+    // The coefficients of the manual virial equation were typed in and stay.
+    if (has_critical_data(substance) && models.EOSModel != models::Eos::none &&
+        models.EOSModel != models::Eos::manualVirial)
         models::calc_eos_parameters(models.EOSModel);
     if (has_critical_data(substance) && the_session.CurrentSubstance > 0 &&
         !the_session.SubstanceSet) {
@@ -241,7 +247,8 @@ void apply_editor(datafiles::EditorTexts& texts) {
 std::optional<std::string> triple_point_pressure(bool fromEquation) {
     const models::SubstanceRecord& s = legacy::the_substance;
     if (!fromEquation) return datafiles::editor_text(s.ptriple);
-    const Result<std::string> text = datafiles::triple_point_pressure(s, legacy::the_models.VPCode);
+    const Result<std::string> text =
+        datafiles::triple_point_pressure(s, legacy::the_models.VPModel);
     if (text) return *text;
     dialogs::tell(text.reason(), kRefused, dialogs::Icon::Stop);
     return std::nullopt;

@@ -1,4 +1,6 @@
 #include "calc_test.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include <algorithm>
 
@@ -20,15 +22,14 @@ void CalcTest::use_fluid(std::string_view name) {
 
 void CalcTest::use_models(const Models& m) {
     models::ModelSelection& models = legacy::the_models;
-    models.EOSModel = m.eos;
-    models.EOSOnlyV = models::is_v_only_eos(m.eos);
-    models.VPCode = m.vp;
-    models.VPModel = models::vp_index(m.vp);
+    models.EOSModel = codes::eos(m.eos);
+    models.EOSOnlyV = models::is_v_only(codes::eos(m.eos));
+    models.VPModel = codes::vp(m.vp);
     models.PriorityCEOS = m.priority && !models.EOSOnlyV;
-    models.HLVModel = m.hlv;
+    models.HLVModel = codes::hlv(m.hlv);
     models.WatsonN = 0.38F;
-    models.CpModel = m.cp;
-    models::calc_eos_parameters(m.eos);
+    models.CpModel = codes::cp(m.cp);
+    models::calc_eos_parameters(codes::eos(m.eos));
     if (m.eos == 10) {
         legacy::the_eosParameters.eosB0 = 0.09;
         legacy::the_eosParameters.eosNB = 3.0e4;

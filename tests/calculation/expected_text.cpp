@@ -1,5 +1,7 @@
 #include "expected_text.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include <cmath>
 #include <cstdio>
@@ -80,12 +82,12 @@ bool specific() {
     return the_session.CaloricUnit == 3;
 }
 bool cubic() {
-    return models::is_cubic_eos(legacy::the_models.EOSModel);
+    return models::is_cubic(legacy::the_models.EOSModel);
 }
 
 double B(double T) {
     models::EOSState state;
-    return models::second_virial(models::current_fluid(), legacy::the_models.EOSModel, T, state);
+    return models::second_virial(models::current_fluid(), T, state);
 }
 
 /// A phase of the expected state.
@@ -275,7 +277,8 @@ void partial_phases(Work& w, double vV) {
 }
 
 void hlv_of_eos(Work& w) {
-    const auto r = models::enthalpy_of_vaporisation(7, w.T, w.p, legacy::the_models.VPCode, false);
+    const auto r = models::enthalpy_of_vaporisation(codes::hlv(7), w.T, w.p,
+                                                    legacy::the_models.VPModel, false);
     if (r.status != 0) return;
     w.r.Fu[29] = static_cast<double>(r.h) * caloric_factor();
     w.r.Fu[30] = w.r.Fu[29] / w.T;
@@ -284,7 +287,7 @@ void hlv_of_eos(Work& w) {
 void equilibrium(Work& w, bool fromT) {
     const models::SubstanceRecord& s = legacy::the_substance;
     const models::Fluid fluid = models::current_fluid();
-    const std::string& code = legacy::the_models.VPCode;
+    const models::VapourPressureEquation code = legacy::the_models.VPModel;
     w.L.exists = w.V.exists = true;
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     const bool eos = the_session.GlobalCalculation && legacy::the_models.PriorityCEOS;
@@ -339,9 +342,9 @@ void equilibrium(Work& w, bool fromT) {
 }
 
 void vaporisation(Work& w, bool fromT) {
-    const std::int16_t method = legacy::the_models.HLVModel;
-    const auto r =
-        models::enthalpy_of_vaporisation(method, w.T, w.p, legacy::the_models.VPCode, false);
+    const std::int16_t method = models::code_of(legacy::the_models.HLVModel);
+    const auto r = models::enthalpy_of_vaporisation(codes::hlv(method), w.T, w.p,
+                                                    legacy::the_models.VPModel, false);
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     w.T = r.T;
     w.p = r.p;
@@ -384,8 +387,8 @@ void vaporisation(Work& w, bool fromT) {
                                    : "rho_L for z_L by using database function rho_L = Fu(T)");
     }
     if (method != 1) {
-        const auto database =
-            models::enthalpy_of_vaporisation(1, w.T, w.p, legacy::the_models.VPCode, false);
+        const auto database = models::enthalpy_of_vaporisation(codes::hlv(1), w.T, w.p,
+                                                               legacy::the_models.VPModel, false);
         list.push_back("(cf. function from data base: " + hLabel + " = " +
                        number(static_cast<double>(database.h) * caloric_factor()));
     }
@@ -430,13 +433,8 @@ void caloric_functions(Work& w) {
 }
 
 double virial_of(std::int16_t code, double T) {
-    models::JiTorvikParameters jt;
-    models::ModelSelection models = legacy::the_models;
-    models.EOSModel = code;
-    models.EOSOnlyV = true;
-    const auto eos = models::eos_constants(code, true, legacy::the_substance, jt);
     models::EOSState state;
-    return models::second_virial({legacy::the_substance, models, eos, jt}, code, T, state);
+    return models::second_virial(models::current_fluid().with(codes::eos(code)).value(), T, state);
 }
 
 void virial_coefficients(Work& w) {
@@ -444,16 +442,16 @@ void virial_coefficients(Work& w) {
     const std::string title = "Comparison of Virial Coefficients, [B] = m^3/kmol";
     w.r.list.push_back(title);
     w.r.list.push_back(std::string(title.size(), '='));
-    const std::int16_t active = legacy::the_models.EOSModel;
+    const std::int16_t active = models::code_of(legacy::the_models.EOSModel);
     for (std::int16_t code = 11; code <= 16; ++code) {
         const double b = virial_of(code, w.T);
-        w.r.list.push_back(left(std::string(models::EOSName(code)), 35) +
+        w.r.list.push_back(left(std::string(models::EOSName(codes::eos(code))), 35) +
                            " {B} = " + right(g7(b), 16));
         if (code == active || (active >= 2 && active <= 6 && code == active + 9)) w.r.Fu[41] = b;
     }
     if (active == 0 || active == 10) {
         w.r.Fu[41] = B(w.T);
-        w.r.list.push_back(left(std::string(models::EOSName(active)), 35) +
+        w.r.list.push_back(left(std::string(models::EOSName(codes::eos(active))), 35) +
                            " {B} = " + right(g7(B(w.T)), 16));
     }
 }
@@ -489,7 +487,8 @@ void common_end(Work& w, std::int16_t mode) {
         w.r.State = "   ";
         return;
     }
-    if (cubic() && ((mode != 6 && mode != 7) || legacy::the_models.HLVModel == 7)) cubic_block(w);
+    if (cubic() && ((mode != 6 && mode != 7) || legacy::the_models.HLVModel == codes::hlv(7)))
+        cubic_block(w);
     if (!cubic() && mode != 11) {
         w.r.list.push_back("");
         w.r.list.push_back("Virial coeffizient:");

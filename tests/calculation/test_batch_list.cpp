@@ -10,6 +10,7 @@
 #include "common/text.h"
 #include "expected_text.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

@@ -9,6 +9,7 @@
 #include "models/cubic_eos.h"
 #include "models/saturation.h"
 #include "models/virial.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -339,7 +340,7 @@ TEST_F(CalcBatch, FailedVapourPressureEquationIsReported) {
 
 TEST_F(CalcBatch, EosThatFindsNoEquilibriumIsReported) {
     legacy::the_models.EOSOnlyV = false;
-    legacy::the_models.EOSModel = -1;
+    legacy::the_models.EOSModel = codes::eos(-1);
     use_input({.T = 300, .p = 900});
     const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
     EXPECT_TRUE(calculate(4).Failed);

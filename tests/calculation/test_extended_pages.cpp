@@ -4,6 +4,7 @@
 #include "common/numbers.h"
 #include "expected_text.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

@@ -4,6 +4,7 @@
 #include "calculation/iso_calculator.h"
 #include "common/numbers.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

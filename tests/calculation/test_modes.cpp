@@ -8,6 +8,7 @@
 #include "models/model_tables.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -33,7 +34,8 @@ class Modes : public CalcTest {
     void expect_text(std::int16_t mode, const BatchDataSet& input) {
         for (const bool batch : {false, true}) {
             SCOPED_TRACE(testing::Message()
-                         << "mode " << mode << " eos " << legacy::the_models.EOSModel << " units "
+                         << "mode " << mode << " eos "
+                         << models::code_of(legacy::the_models.EOSModel) << " units "
                          << the_session.UnitMode << " T " << input.T << " p " << input.p << " rho "
                          << input.rhoV << " batch " << batch);
             use_input(input, batch);
@@ -106,8 +108,8 @@ TEST_F(Modes, StateAtTAndP) {
             expect_text(3, given(0.8 * Tc(), 0.005));
             if (!legacy::the_models.EOSOnlyV) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
             expect_text(3, given(1.2 * Tc(), 0.5 * pc()));
-            if (models::is_cubic_eos(eos)) expect_text(3, given(0.7 * Tc(), 2 * pc()));
-            if (models::is_cubic_eos(eos)) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
+            if (models::is_cubic(codes::eos(eos))) expect_text(3, given(0.7 * Tc(), 2 * pc()));
+            if (models::is_cubic(codes::eos(eos))) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
         });
     }
 }
@@ -119,8 +121,8 @@ TEST_F(Modes, TemperatureAtPAndDensity) {
         for_all_units([&] {
             expect_text(13, given(0, 300, 3.0));
             expect_text(13, given(0, 900, 8.0));
-            if (models::is_cubic_eos(eos)) expect_text(13, given(0, 1500, 120.0));
-            if (models::is_cubic_eos(eos)) expect_text(13, given(0, 6000, 150.0));
+            if (models::is_cubic(codes::eos(eos))) expect_text(13, given(0, 1500, 120.0));
+            if (models::is_cubic(codes::eos(eos))) expect_text(13, given(0, 6000, 150.0));
         });
     }
 }
@@ -189,8 +191,8 @@ TEST_F(Modes, caloric_functions) {
             for_all_units([&] {
                 expect_text(8, given(0.75 * Tc(), 100));
                 expect_text(8, given(1.2 * Tc(), 2000));
-                if (models::is_cubic_eos(eos)) expect_text(8, given(0.75 * Tc(), 3000));
-                if (models::is_cubic_eos(eos)) expect_text(8, given(1.05 * Tc(), 6000));
+                if (models::is_cubic(codes::eos(eos))) expect_text(8, given(0.75 * Tc(), 3000));
+                if (models::is_cubic(codes::eos(eos))) expect_text(8, given(1.05 * Tc(), 6000));
             });
         }
 }
@@ -215,7 +217,7 @@ TEST_F(Modes, TellTheSameWithADecimalComma) {
             expect_text(3, given(320, 300.5));
             expect_text(8, given(320, 300.5));
             expect_text(13, given(0, 300.5, 4.75));
-            if (models::is_cubic_eos(eos)) expect_text(4, given(320.25, 0));
+            if (models::is_cubic(codes::eos(eos))) expect_text(4, given(320.25, 0));
             expect_text(11, given(320.25, 0));
         });
     }

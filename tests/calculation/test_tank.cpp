@@ -6,10 +6,12 @@
 #include "calculation/tank.h"
 #include "expected_text.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/density.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -87,7 +89,7 @@ TEST_F(Tank, DividesItsContentByThePartialMethod) {
         use_models({.eos = eos});
         use_benson_reference();
         fill(10, 1.0, 150.0, 290.0);
-        const double p = models::vapour_pressure(legacy::the_substance, 290.0, "WAG").p;
+        const double p = models::vapour_pressure(legacy::the_substance, 290.0, codes::vp("WAG")).p;
         const double rhoV = models::solve_state_tp(models::current_fluid(), 290.0, p).rhoV;
         const double rhoL = models::density_l_benson(290.0, legacy::the_substance.Tcrit,
                                                      legacy::the_substance.rhocrit, rhoV,

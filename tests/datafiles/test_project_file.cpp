@@ -4,10 +4,10 @@ using namespace quor;
 
 namespace {
 
-using datafiles::ManualVirial;
 using datafiles::project_text;
 using datafiles::ProjectContent;
 using datafiles::read_project;
+using models::ManualVirial;
 
 constexpr std::size_t kTold = 32;  // lines that every reader knows
 
@@ -15,7 +15,7 @@ ProjectContent manual_project() {
     ProjectContent content{
         .date = "15.11.2026", .comment = "c", .database = "A.Q05", .casrn = "74-98-6     "};
     content.settings.diagramT = 300.5;
-    content.settings.eosModel = std::int16_t{10};
+    content.settings.eos = models::Eos::manualVirial;
     content.settings.tankT = 280.0F;
     content.manualVirial = ManualVirial{-0.275, 1.0 / 3.0, 1e-7};
     return content;
@@ -29,7 +29,7 @@ TEST(ProjectFile, CoefficientsOfTheManualVirialEquationComeBackExactly) {
     const auto read = read_project(project_text(manual_project()), "P.QCF");
     ASSERT_TRUE(read);
     EXPECT_EQ(read->manualVirial, manual_project().manualVirial);
-    EXPECT_EQ(read->settings.eosModel, 10);
+    EXPECT_EQ(read->settings.eos, models::Eos::manualVirial);
     EXPECT_EQ(read->settings.tankT, 280.0F);
 }
 
@@ -60,6 +60,15 @@ TEST(ProjectFile, ASettingThatIsNotToldStaysOut) {
     EXPECT_EQ(read->settings.diagramT, 300.5);
     EXPECT_EQ(read->settings.diagramP, std::nullopt);
     EXPECT_EQ(read->settings.csvSeparator, std::nullopt);
+}
+
+TEST(ProjectFile, NumbersThatNoModelHasAreMissing) {
+    std::string text = project_text(manual_project());
+    // Item 15, the equation of state.
+    text.replace(text.find("\r\n10\r\n"), 6, "\r\n9\r\n");
+    const auto read = read_project(text, "P.QCF");
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->settings.eos, std::nullopt);
 }
 
 TEST(ProjectFile, AnotherFileIsRefusedByName) {

@@ -1,5 +1,6 @@
 #include "gui/calc_view_test.h"
 #include "gui/widgets/number_edit.h"
+#include "support/codes.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -192,7 +193,7 @@ TEST_F(PartialChoiceDialogTest, AllowsOnlyThePartialTank) {
 
 TEST_F(PartialChoiceDialogTest, AsksOnlyForTheReferencePointOfTheEnthalpyOfVaporisation) {
     startProject("Carbon dioxide");
-    legacy::the_models.HLVModel = 6;
+    legacy::the_models.HLVModel = codes::hlv(6);
     when("frmCalcIn", [] {
         EXPECT_FALSE(isVisible("fraMode"));
         EXPECT_FALSE(isVisible("fraDensity"));

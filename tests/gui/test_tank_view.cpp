@@ -1,6 +1,7 @@
 #include "calculation/start_calculation.h"
 #include "gui/calc_view_test.h"
 #include "gui/calculation/tank_drawing.h"
+#include "legacy/wrappers.h"
 #include "models/saturation.h"
 
 using namespace quor;

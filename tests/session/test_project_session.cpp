@@ -4,6 +4,7 @@
 #include "session/module2.h"
 #include "session/project_session.h"
 #include "session/substance_session.h"
+#include "support/codes.h"
 #include "support/database_builder.h"
 #include "support/session_test.h"
 
@@ -82,10 +83,10 @@ class ProjectSession : public SessionTest {
         EXPECT_FALSE(the_session.CurveRealRangeOnly);
         EXPECT_EQ(the_session.PointsPerCurve, 450);
         EXPECT_EQ(the_session.CsvSeparator, ',');
-        EXPECT_EQ(the_models.VPModel, 3);
-        EXPECT_EQ(the_models.EOSModel, 5);
-        EXPECT_EQ(the_models.CpModel, 2);
-        EXPECT_EQ(the_models.HLVModel, 4);
+        EXPECT_EQ(models::code_of(the_models.VPModel), 3);
+        EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
+        EXPECT_EQ(models::code_of(the_models.CpModel), 2);
+        EXPECT_EQ(models::code_of(the_models.HLVModel), 4);
         EXPECT_EQ(the_models.WatsonN, 0.375F);
         EXPECT_FALSE(the_models.PriorityCEOS);
         EXPECT_EQ(the_reference.RefMode, 10);
@@ -123,7 +124,7 @@ TEST_F(ProjectSession, EveryItemIsRead) {
 
 TEST_F(ProjectSession, WhatFollowsFromTheSettingsIsDerived) {
     load(kProject);
-    EXPECT_EQ(the_models.VPCode, "FRO");
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "FRO");
     EXPECT_FALSE(the_models.EOSOnlyV);
     EXPECT_GT(legacy::the_eosParameters.vcritCalc, 0.0);
     EXPECT_NE(legacy::the_substance.KFW.a[0], 0.0F);
@@ -231,7 +232,7 @@ TEST_F(ProjectSession, AFailedSaveIsToldAndLeavesTheOldFile) {
 TEST_F(ProjectSession, TheLastSessionIsSavedWithoutAQuestion) {
     open_and_choose();
     the_session.ProjectFile = "MINE.QCF";
-    the_models.EOSModel = 6;
+    the_models.EOSModel = codes::eos(6);
     the_session.DiagramT = 345.5;
     EXPECT_TRUE(session::save_project(false));
     EXPECT_TRUE(user.files.empty());
@@ -243,7 +244,7 @@ TEST_F(ProjectSession, TheLastSessionIsSavedWithoutAQuestion) {
     const ProjectResult result = session::load_last_session();
     EXPECT_TRUE(result.modelsComplete);
     EXPECT_EQ(the_session.DiagramT, 345.5);
-    EXPECT_EQ(the_models.EOSModel, 6);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 6);
     EXPECT_EQ(legacy::the_substance.Name, "Propane");
     EXPECT_EQ(the_session.ProjectFile, "");
 }
@@ -320,7 +321,7 @@ TEST_F(ProjectSession, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
     EXPECT_FALSE(the_session.SubstanceSet);
     EXPECT_EQ(legacy::the_substance.Name, "");
     EXPECT_EQ(the_session.DiagramT, 310.25);
-    EXPECT_EQ(the_models.EOSModel, 5);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
     // Specific units need a molar mass.
     EXPECT_EQ(the_session.UnitMode, 0);
     EXPECT_EQ(the_session.VolumeLabel, "m^3/kmol");
@@ -346,18 +347,18 @@ TEST_F(ProjectSession, AnEquationOfStateOfMinusOneReadsAsZero) {
     std::string text = kProject;
     text.replace(text.find("\r\n5\r\n2\r\n4"), 5, "\r\n-1\r\n");
     load(text);
-    EXPECT_EQ(the_models.EOSModel, 0);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 0);
     EXPECT_TRUE(the_models.EOSOnlyV);
     EXPECT_FALSE(the_models.PriorityCEOS);
-    EXPECT_EQ(the_models.CpModel, 2);
+    EXPECT_EQ(models::code_of(the_models.CpModel), 2);
 }
 
 TEST_F(ProjectSession, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
     std::string text = kProject;
     text.replace(text.find("\r\n3\r\n5\r\n2"), 5, "\r\n0\r\n");
     load(text);
-    EXPECT_EQ(the_models.VPCode, "WAG");
-    EXPECT_EQ(the_models.VPModel, 4);
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
+    EXPECT_EQ(models::code_of(the_models.VPModel), 4);
 }
 
 TEST_F(ProjectSession, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
@@ -370,7 +371,7 @@ TEST_F(ProjectSession, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
     EXPECT_EQ(the_session.PointsPerCurve, 300);
     EXPECT_EQ(the_session.CsvSeparator, ';');
     EXPECT_EQ(the_session.DiagramP, 1500.5);
-    EXPECT_EQ(the_models.EOSModel, 5);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
 }
 
 TEST_F(ProjectSession, ATruncatedFileLeavesTheLaterSettings) {
@@ -380,7 +381,7 @@ TEST_F(ProjectSession, ATruncatedFileLeavesTheLaterSettings) {
     EXPECT_EQ(the_session.CaloricUnit, 3);
     EXPECT_FALSE(the_session.CurveRealRangeOnly);
     EXPECT_EQ(the_session.PointsPerCurve, 300);
-    EXPECT_EQ(the_models.VPCode, "WAG");
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
     EXPECT_EQ(the_reference.RefMode, 1);
     EXPECT_EQ(the_session.tank.T, 0.0F);
 }
@@ -417,8 +418,8 @@ std::string manual_virial_project() {
 
 TEST_F(ProjectSession, TheManualVirialEquationComesBackWithItsCoefficients) {
     load(manual_virial_project() + "b0=-0.2\r\nb1=15\r\nb2=0.5\r\n");
-    ASSERT_EQ(the_models.EOSModel, 10);
-    const auto B = [] { return models::virial(models::current_fluid(), 10, 400).B; };
+    ASSERT_EQ(the_models.EOSModel, models::Eos::manualVirial);
+    const auto B = [] { return models::virial(models::current_fluid(), 400).B; };
     EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12) << "b0 - b1/T^b2";
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     ASSERT_TRUE(session::save_project(true));

@@ -15,6 +15,7 @@
 #include "gui/calculation/calculation_views.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "session/actions.h"
@@ -27,10 +28,6 @@ namespace {
 constexpr auto kCurveInput = "mnuData_EditXY";  // action of the XY editor
 constexpr int kFunctionColumns = 2;
 constexpr int kLiquid = 0, kVapour = 1;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 // Captions of the functions, from index 1 on.
 constexpr const char* kFunctions[] = {"Volume V",         "Enthalpy H",        "Entropy S",

@@ -11,6 +11,7 @@
 #include "calculation/start_calculation.h"
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -21,10 +22,6 @@ namespace quor::gui {
 namespace {
 
 constexpr int kTextCharacters = 78;  // width of the texts, in characters of average width
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QLabel* text_block(const QString& name) {
     auto* label = form::named(new QLabel, name);

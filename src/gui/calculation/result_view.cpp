@@ -17,6 +17,7 @@
 #include "gui/calculation/calculation_views.h"
 #include "gui/calculation/result_list.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -32,10 +33,6 @@ using legacy::the_session;
 constexpr auto kCurveInput = "mnuData_EditXY";  // action of the XY editor
 constexpr std::int16_t kFunctionsMode = 8;
 constexpr int kWideCharacters = 110;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 // Without colour a red text is known by its sign; the region's text is bold and begins with "=>".
 bool needs_sign(const calculation::TextField& field) {

@@ -240,7 +240,7 @@ void SubstanceDialog::showData() {
     const std::int16_t found = wantedEntry();
     if (found == 0) return;
     selectEntry(found);
-    if (!kept_) kept_ = Kept{legacy::the_substance, legacy::the_models.VPCode};
+    if (!kept_) kept_ = Kept{legacy::the_substance, legacy::the_models.VPModel};
     if (session::read_substance(found)) actions::Run(kShowData);
 }
 
@@ -248,7 +248,7 @@ void SubstanceDialog::showData() {
 void SubstanceDialog::reject() {
     if (kept_) {
         legacy::the_substance = kept_->substance;
-        legacy::the_models.VPCode = kept_->VPCode;
+        legacy::the_models.VPModel = kept_->equation;
     }
     QDialog::reject();
 }

@@ -2,14 +2,11 @@
 
 #include "common/text.h"
 #include "datafiles/search.h"
+#include "gui/widgets/qt_text.h"
 
 namespace quor::gui {
 
 namespace {
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QString cell(const datafiles::DatabaseEntry& entry, int column) {
     switch (column) {

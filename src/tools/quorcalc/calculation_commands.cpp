@@ -7,6 +7,7 @@
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/measured_data.h"
+#include "legacy/wrappers.h"
 #include "models/reference_state.h"
 #include "session/measured_data_session.h"
 #include "tools/quorcalc/command_list.h"

@@ -1,3 +1,4 @@
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/density.h"
 #include "models/enthalpy_of_vaporisation.h"
@@ -25,8 +26,9 @@ Json rhos(const Arguments& a) {
 Json cpid(const Arguments& a) {
     set_up(a);
     const models::CpResult r = models::IdealGasCp(*a.T);
-    const models::CpSet& set = legacy::the_models.CpModel == 1 ? legacy::the_substance.cpPoly
-                                                               : legacy::the_substance.cpSinh;
+    const models::CpSet& set = legacy::the_models.CpModel == models::CpForm::polynomial
+                                   ? legacy::the_substance.cpPoly
+                                   : legacy::the_substance.cpSinh;
     const double outside = *a.T < set.TLo ? *a.T - set.TLo : *a.T > set.THi ? *a.T - set.THi : 0.0;
     return {{"status", r.status},
             {"cp", r.status == kSuccess ? Number(r.cp) : Json()},
@@ -38,7 +40,7 @@ Json hlv(const Arguments& a) {
     set_up(a);
     const models::EnthalpyOfVaporisationResult r =
         models::enthalpy_of_vaporisation(legacy::the_models.HLVModel, a.T.value_or(0),
-                                         a.p.value_or(0), legacy::the_models.VPCode, false);
+                                         a.p.value_or(0), legacy::the_models.VPModel, false);
     const bool good = r.status == kSuccess;
     Json result = {{"status", r.status},       {"hLV", good ? Json(r.h) : Json()},
                    {"T", present(r.T)},        {"p", present(r.p)},
