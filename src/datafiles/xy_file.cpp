@@ -18,7 +18,6 @@ namespace quor::datafiles {
 namespace {
 
 using datafiles::FitPoint;
-using diagrams::CurvePoint;
 using legacy::the_session;
 
 constexpr const char* kExtension = ".XY";
@@ -123,7 +122,7 @@ bool xy_save_frage(bool changed) {
     return !changed || !ask_to_save_now() || xy_save();
 }
 
-bool save_curve_as_xy(const diagrams::CurvePointArray& curve) {
+bool save_curve_as_xy(std::span<const FitPoint> points) {
     const std::optional<std::string> name =
         dialogs::choose_file({.save = true,
                               .title = "Save curve as *.XY",
@@ -134,11 +133,6 @@ bool save_curve_as_xy(const diagrams::CurvePointArray& curve) {
     const std::string path = target_path(*name, the_session.FolderXY, kExtension);
     if (!may_replace(path)) return false;
 
-    // The header says how many of the elements behind it are points.
-    const auto announced = curve.empty() ? 0.0F : std::max(curve.front().x, 0.0F);
-    std::vector<FitPoint> points;
-    for (std::size_t i = 1; i < curve.size() && static_cast<float>(i) <= announced; ++i)
-        points.push_back({curve[i].x, curve[i].y, 0.0F});
     const std::string comment = std::to_string(points.size()) + " curve points";
     return write(path, xy_text(comment, points, the_session.CsvSeparator), "ERROR");
 }

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "datafiles/fit_point.h"
-#include "diagrams/diagram_records.h"
 #include "legacy/session_record.h"
 
 namespace quor::datafiles {
@@ -41,6 +40,6 @@ bool xy_save(const std::string& comment, std::span<const datafiles::FitPoint> po
 bool xy_save_frage(bool changed);
 
 /// Asks for a name and writes a curve. False when nothing was written.
-bool save_curve_as_xy(const diagrams::CurvePointArray& curve);
+bool save_curve_as_xy(std::span<const FitPoint> curve);
 
 }  // namespace quor::datafiles

@@ -3,7 +3,9 @@
 #include "calculation/result_records.h"
 #include "datafiles/fit_point.h"
 #include "datafiles/substance_lists.h"
-#include "diagrams/diagram_records.h"
+#include "diagrams/coordinate_defaults.h"
+#include "diagrams/diagram.h"
+#include "diagrams/process.h"
 #include "legacy/session_record.h"
 #include "models/eos_records.h"
 #include "models/model_selection.h"
@@ -34,13 +36,9 @@ inline calculation::LastState the_lastState;
 inline calculation::FuArray the_Fu{};
 inline std::vector<std::array<float, 42>> the_protocol;  ///< one entry per written calculation
 
-inline diagrams::DiagramRequest the_diagram;
-inline diagrams::TieLine the_tieLine;  ///< of the last curve that crossed or asked for one
+inline const diagrams::Diagram* the_diagram = nullptr;  ///< chosen last in the menu
 inline diagrams::CoordinateDefaults the_coordinates;
-inline diagrams::ProcessLineRecord the_processLine;
-inline std::vector<diagrams::PolytropicPoint>
-    the_polytropicPoints;  ///< of the last polytropic calculation
-inline diagrams::Grid3D the_grid3D;
+inline diagrams::ProcessLine the_processLine;  ///< with the points of the last polytropic process
 
 inline datafiles::SubstanceLists the_substances;
 inline std::vector<datafiles::FitPoint> the_xyPoints;  ///< the XY editor's list, from element 0

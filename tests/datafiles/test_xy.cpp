@@ -146,7 +146,7 @@ TEST_F(XY, ChangedDataAreAskedAbout) {
 }
 
 TEST_F(XY, ACurveIsSavedWithItsCount) {
-    const diagrams::CurvePointArray curve{{2, 0, -1}, {1, 10, 300}, {2, 20, 300}, {3, 30, 300}};
+    const std::vector<datafiles::FitPoint> curve{{1, 10, 0}, {2, 20, 0}};
     user.fileAnswers = {path("C"), path("C")};
     EXPECT_TRUE(datafiles::save_curve_as_xy(curve));
     EXPECT_EQ(builder::ReadFile(folder() / "C.XY"),
@@ -163,9 +163,9 @@ TEST_F(XY, ACurveIsSavedWithItsCount) {
     EXPECT_EQ(user.lastTitle(), "ERROR");
 }
 
-TEST_F(XY, AHeaderThatAnnouncesTooManyPointsIsNotBelieved) {
+TEST_F(XY, ACurveOfAnyLengthIsSavedWithItsCount) {
     user.fileAnswers = {path("C"), path("D")};
-    EXPECT_TRUE(datafiles::save_curve_as_xy({{99, 0, 0}, {1, 10, 300}}));
+    EXPECT_TRUE(datafiles::save_curve_as_xy(std::vector<datafiles::FitPoint>{{1, 10, 0}}));
     EXPECT_EQ(builder::ReadFile(folder() / "C.XY"),
               "1 curve points\r\n.1000000E+01;.1000000E+02\r\n");
     EXPECT_TRUE(datafiles::save_curve_as_xy({}));
