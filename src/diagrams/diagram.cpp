@@ -107,7 +107,8 @@ std::string title_of(const Diagram& row, const Basis& basis) {
                    : "Vapour pressure equation " + vapour_pressure_name(basis.fluid);
     if (row.database == DatabaseFunction::volumeLiquid && is_specific(basis))
         title = "specific" + title.substr(std::string_view("molar").size());
-    if (!row.equation.empty()) title += text::trim(models::vp_name(models::vp_index(row.equation)));
+    if (row.database == DatabaseFunction::vapourPressure)
+        title += text::trim(models::vp_name(row.equation));
     if (row.prefixed) title.insert(0, is_specific(basis) ? "specific " : "molar ");
     return title;
 }

@@ -5,7 +5,7 @@
 
 using namespace quor;
 
-void ActiveFluid::activate(const std::string& name, std::int16_t code) {
+void ActiveFluid::activate(const std::string& name, int code) {
     models::SubstanceRecord& s = substance;
     s = fluids::Row(name);
     models::correlate_august(s);

@@ -8,8 +8,10 @@
 #include "diagrams/diagram_request.h"
 #include "diagrams/drawn.h"
 #include "diagrams/sheet_draw.h"
+#include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
+#include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
@@ -30,10 +32,10 @@ class ActiveFluid : public SessionTest {
 
     /// Makes a substance with an EOS, the Wagner equation and the first cp form it has active. The
     /// limits of the diagrams follow.
-    void activate(const std::string& name, std::int16_t code = kPengRobinson);
+    void activate(const std::string& name, int code = kPengRobinson);
 
     /// The same with a V-only equation.
-    void activate_vapour_only(const std::string& name, std::int16_t code = kVirial) {
+    void activate_vapour_only(const std::string& name, int code = kVirial) {
         activate(name, code);
     }
 

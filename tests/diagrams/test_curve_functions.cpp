@@ -273,7 +273,7 @@ TEST_F(FunctionCurves, ResidualFunctionsAreWhatTheFluidHasMoreThanItsIdealGas) {
             const double t = isobaric ? point.x : T;
             const double q = isobaric ? p : point.x;
             const StateValues z = stable(t, q);
-            const models::IdealGasState ideal = models::IdealGasFunctions(t, q);
+            const models::IdealGasState ideal = models::ideal_gas_functions(substance, selection.CpModel, reference, t, q);
             const double expected[] = {z.s - ideal.s, z.h - ideal.h, z.g - (ideal.h - t * ideal.s),
                                        z.cp - ideal.cp};
             EXPECT_NEAR(point.y, expected[column], 3e-6 * std::fabs(expected[column]) + 0.02)

@@ -27,7 +27,8 @@ class Inversion : public ActiveFluid {
     }
     /// The coefficient itself at T and the volume of the state.
     double coefficient(double T, double p, double v) {
-        return models::ResidualFunctions(T, p, v).residual[models::JouleThomson];
+        return models::residual_functions(fluid(), models::eos_at(fluid(), T), T, p, v)
+            .residual[models::JouleThomson];
     }
 };
 
@@ -55,7 +56,7 @@ TEST_F(Inversion, RedlichKwongInvertsAtItsKnownTemperature) {
 
 TEST_F(Inversion, TheCoefficientVanishesOnTheCurve) {
     for (const char* name : {"Nitrogen", "Water", "Propane", "Helium", "Hydrogen"}) {
-        for (const std::int16_t eos : {2, 4, 5, 6}) {
+        for (const int eos : {2, 4, 5, 6}) {
             activate(name, eos);
             const Drawn pv = over_pressure();
             EXPECT_GT(pv.count(), 100U) << name << eos;

@@ -354,13 +354,12 @@ TEST_F(Sections, SpecificAndReducedUnitsShowTheSameStates) {
     }
 }
 
-TEST_F(Sections, ThePointsPerCurveComeFromTheSessionOrTheRequest) {
+TEST_F(Sections, ThePointsPerCurveComeFromTheOptions) {
     activate("Propane");
     options.points = 50;
     EXPECT_EQ(Draw(2, {.T = 400}).count(), 51U);
-    diagrams::DiagramRequest request = RequestFor(2);
-    request.PointsPerCurve = 120;
-    EXPECT_EQ(Draw(request, {.T = 400}).count(), 121U);
+    options.points = 120;
+    EXPECT_EQ(Draw(2, {.T = 400}).count(), 121U);
 }
 
 }  // namespace

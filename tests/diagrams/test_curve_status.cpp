@@ -19,8 +19,7 @@ class CurveStatusTest : public ActiveFluid {
     }
     static std::vector<int> all_codes() {
         std::vector<int> codes;
-        for (int code = 1; code <= 310; ++code)
-            if (diagrams::has_curve(code)) codes.push_back(code);
+        for (const diagrams::Diagram& row : diagrams::all_diagrams()) codes.push_back(row.code);
         return codes;
     }
     diagrams::StateParameters middle() {
@@ -158,7 +157,7 @@ TEST_F(CurveStatusTest, EveryDiagramOfTheCatalogueHasACurve) {
 TEST_F(CurveStatusTest, NoCurveOfAnySubstanceAndModelFaultsOrHoldsANumberThatIsNone) {
     int curves = 0, faults = 0;
     for (const std::string& name : fluids::AllNames()) {
-        for (const std::int16_t eos : {2, 4, 6, 15}) {
+        for (const int eos : {2, 4, 6, 15}) {
             activate(name, eos);
             options.points = 50;
             for (const int code : all_codes()) {
@@ -196,7 +195,7 @@ TEST_F(CurveStatusTest, NothingAllocatesButThePointArray) {
         const diagrams::CurveRequest wanted{.curve = request.diagram,
                                             .window = request.window,
                                             .at = middle(),
-                                            .line = line,
+                                            .line = process,
                                             .pMin = limits.pMin,
                                             .pMax = limits.pMax};
         const std::size_t before = AllocationCount();

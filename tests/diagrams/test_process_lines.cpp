@@ -172,7 +172,7 @@ TEST_F(ProcessLines, IsentropicsAndIsenthalpicsHoldTheirFunction) {
                 const double end = overT ? Tc(1.09) : pc(0.1);
                 EXPECT_EQ(take(input(kind, T1, p1, overT, end)), "");
                 const Drawn curve = run(5);  // T and p of every state
-                EXPECT_EQ(curve.result.status, 0) << name << int{kind} << overT;
+                EXPECT_EQ(curve.result.status, 0) << name << static_cast<int>(kind) << overT;
                 EXPECT_EQ(curve.count(), overT ? 751U : 376U);
                 const StateValues start = stable(T1, p1);
                 for (const auto& point : curve.points()) {
@@ -507,11 +507,14 @@ TEST_F(ProcessLines, AVapourFractionLiesBetweenZeroAndOne) {
 TEST_F(ProcessLines, CodesAndTitlesFollowTheKind) {
     const std::pair<int, int> codes[] = {{0, 201}, {1, 202}, {2, 204}, {3, 206},
                                          {4, 210}, {5, 210}, {6, 211}, {7, 107}};
-    for (const auto& [kind, code] : codes)
+    diagrams::ProcessLine line;
+    for (const auto& [kind, code] : codes) {
+        line.kind = static_cast<Kind>(kind);
         EXPECT_EQ(diagrams::process_request(diagrams::diagram_of(107),
-                                            {.kind = static_cast<Kind>(kind)}, {})
+                                            line, {})
                       .curve->code,
                   code);
+    }
     EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(3)).title, "Adding an Isochore");
     EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(3)).heterogeneousTitle,
               "Adding an Isochore in the Heterogeneous Region V- L");

@@ -77,7 +77,7 @@ TEST_F(SheetFile, LoadsWhatItSaved) {
     EXPECT_TRUE(sheet.manualScaling);
     // No parameter is known after a load.
     EXPECT_EQ(parameter(0, 1), 0);
-    EXPECT_EQ(sheet_curve(0).parameter, 0);
+    EXPECT_EQ(sheet_curve(0).parameter, diagrams::Parameter::none);
     // The next curve goes to the lowest free slot, in the loaded window.
     diagrams::draw(sheet, pen());
     EXPECT_FALSE(is_free(1));

@@ -90,6 +90,20 @@ TEST_F(SheetMarks, NamesAnIsochoreByItsPhaseWhenTheCriticalPointIsMarked) {
     EXPECT_NE(curve(2).legend.find(" (cr) "), std::string::npos);
 }
 
+TEST_F(SheetMarks, TheSlopeOfTheVapourPressureTellsItsMaximumOnce) {
+    open(11);
+    ASSERT_TRUE(diagrams::draw(sheet, pen()));
+    const std::string title = sheet.request.texts.title;
+    const std::size_t remark = title.find("; maximum at T/K = ");
+    ASSERT_NE(remark, std::string::npos) << title;
+    EXPECT_NE(sheet.chart.header.text.find("maximum"), std::string::npos);
+    diagrams::draw(sheet, pen());
+    EXPECT_EQ(sheet.request.texts.title, title) << "the remark is made once";
+    selection.VPModel = models::VapourPressureEquation::august;
+    diagrams::draw(sheet, pen());
+    EXPECT_EQ(sheet.request.texts.title, title.substr(0, remark));
+}
+
 TEST_F(SheetMarks, DrawsBothBranchesOfAProjection) {
     open(6);
     ASSERT_TRUE(diagrams::draw(sheet, pen()));
