@@ -22,6 +22,7 @@
 #include "app/tip_dialog.h"
 #include "app/work_area.h"
 #include "calculation/start_calculation.h"
+#include "gui/widgets/follows_session.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/settings.h"
@@ -257,6 +258,8 @@ void MainWindow::refresh() {
     panels_[0]->setText(qt(texts.substance));
     panels_[1]->setText(qt(texts.eos));
     panels_[2]->setText(qt(texts.vapourPressure));
+    for (const QMdiSubWindow* child : area_->subWindowList())
+        if (auto* view = dynamic_cast<gui::FollowsSession*>(child->widget())) view->followSession();
 }
 
 // ---------------------------------------------------------------------------- children and closing

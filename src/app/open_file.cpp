@@ -71,7 +71,7 @@ void open_diagram(const std::string& file) {
         dialogs::tell("Load a substance!", "WARNING");
         return;
     }
-    gui::DiagramWindow::Open();
+    gui::graph2d_views::openEmpty();
     const OneAnswer answer(file);
     gui::DiagramWindow::current()->load();
 }

@@ -120,18 +120,18 @@ std::string value_column(double value) {
 
 /// The states of the process, one a line; a value that the program did not give stays empty.
 void list_process(Job& job) {
-    const diagrams::ProcessLineRecord& process = legacy::the_processLine;
-    job.list.add("Polytropic process, n = " + numbers::General(process.PolytropicExponent) +
-                 ", kappa = " + numbers::General(process.Kappa));
+    const diagrams::ProcessLine& process = legacy::the_processLine;
+    job.list.add("Polytropic process, n = " + numbers::General(process.polytropicExponent) +
+                 ", kappa = " + numbers::General(process.kappa));
     for (std::string& line : reference_lines()) job.list.add(std::move(line));
     job.list.add(column("T/K") + column("p/kPa") + column("v/(" + the_session.VolumeLabel + ")") +
                  column(text::trim(caloric_label(kH))) + column(text::trim(caloric_label(kS))));
     const double factor = the_session.CaloricFactor;
-    for (const diagrams::PolytropicPoint& point : legacy::the_polytropicPoints) {
+    for (const diagrams::PolytropicPoint& point : legacy::the_processLine.polytropicPoints) {
         the_session.CaloricFactor = session::caloric_factor_of(the_session.CaloricUnit, point.T);
         std::string line = value_column(point.T) + value_column(point.p);
         const models::StateTP state = models::SolveStateTP(point.T, point.p);
-        const bool liquid = state.hasL && (!state.hasV || process.Phase == 0);
+        const bool liquid = state.hasL && (!state.hasV || !process.vapour);
         const double v = liquid ? state.vL : state.vV;
         if (state.status == kSuccess && v > 0) {
             const FunctionValues functions = FunctionsAt(point.T, point.p, v);
@@ -149,7 +149,7 @@ void list_process(Job& job) {
 }  // namespace
 
 void polytropic_process(Job& job) {
-    const diagrams::ProcessLineRecord& process = legacy::the_processLine;
+    const diagrams::ProcessLine& process = legacy::the_processLine;
     calculation::BatchDataSet& input = legacy::the_BatchData.front();
     input.T = process.T1;
     input.p = process.p1;
@@ -157,7 +157,7 @@ void polytropic_process(Job& job) {
     resultText.panelsHidden = true;
     if (!fetch_t(job) || !fetch_p(job)) return;
     tell_given_state(job);
-    if (!legacy::the_polytropicPoints.empty()) list_process(job);
+    if (!legacy::the_processLine.polytropicPoints.empty()) list_process(job);
 }
 
 }  // namespace quor::calculation

@@ -12,7 +12,6 @@ namespace {
 constexpr std::int16_t kGivenTRho = 1, kLiquid = 2, kGivenTp = 3;
 constexpr std::int16_t kGlobalTank = 9, kPartialTank = 10, kPolytropic = 12;
 constexpr std::int16_t kTankInput = 33, kDirectInput = 100;
-constexpr std::uint8_t kPolytropicKind = 6;
 
 bool asks_for_vle() {
     return dialogs::ask(
@@ -71,8 +70,8 @@ void StartCalculation() {
 void run_calculation(std::int16_t CalcMode) {
     the_session.CalcMode = CalcMode;
     if (CalcMode == kPolytropic) {
-        legacy::the_processLine.Kind = kPolytropicKind;
-        legacy::the_processLine.FromCalculation = true;
+        legacy::the_processLine.kind = diagrams::ProcessKind::polytropic;
+        legacy::the_processLine.fromCalculation = true;
     }
     if (is_tank(CalcMode)) the_session.GlobalCalculation = CalcMode == kGlobalTank;
     StartCalculation();

@@ -6,7 +6,9 @@
 #include "datafiles/synonyms.h"
 #include "datafiles/xy_file.h"
 #include "datafiles/xy_points.h"
-#include "diagrams/diagram_records.h"
+#include "diagrams/coordinate_defaults.h"
+#include "diagrams/diagram.h"
+#include "diagrams/process.h"
 #include "legacy/session_record.h"
 #include "models/eos_records.h"
 #include "models/model_selection.h"
@@ -38,13 +40,9 @@ inline calculation::LastState the_lastState;
 inline calculation::FuArray the_Fu{};
 inline std::vector<std::array<float, 42>> the_protocol;  ///< one entry per written calculation
 
-inline diagrams::DiagramRequest the_diagram;
-inline diagrams::TieLine the_tieLine;  ///< of the last curve that crossed or asked for one
+inline const diagrams::Diagram* the_diagram = nullptr;  ///< chosen last in the menu
 inline diagrams::CoordinateDefaults the_coordinates;
-inline diagrams::ProcessLineRecord the_processLine;
-inline std::vector<diagrams::PolytropicPoint>
-    the_polytropicPoints;  ///< of the last polytropic calculation
-inline diagrams::Grid3D the_grid3D;
+inline diagrams::ProcessLine the_processLine;  ///< with the points of the last polytropic process
 
 inline datafiles::Database the_database;
 inline std::vector<std::filesystem::path> the_databaseFolders;  ///< where databases were, once

@@ -44,14 +44,8 @@ struct Session {
     bool CurveSWithoutTieLine = false;
     bool PartialGasCurve = false;
     bool NewSubstanceDiagram = true;
-    bool DiagramIsProjection = false;
-    bool TieLineRequested = false;
-    bool SCurveRequested = false;
-    bool CoexistenceRequested = false;
-    double VapourFraction = 1.0;
     std::int16_t Diagram3DKind = 0;
     bool SCurve3D = false;
-    std::string CurveModelName;  ///< model of the current diagram, as its subtitle shows it
 
     // Files and folders
     std::string FolderBatch, FolderDiagram2D, FolderDiagram3D, FolderXY, FolderProject;

@@ -40,12 +40,9 @@ void reset_everything() {
     legacy::the_lastState = {};
     legacy::the_Fu = {};
     legacy::the_protocol.clear();
-    legacy::the_diagram = {};
-    legacy::the_tieLine = {};
+    legacy::the_diagram = nullptr;
     legacy::the_coordinates = {};
     legacy::the_processLine = {};
-    legacy::the_polytropicPoints.clear();
-    legacy::the_grid3D = {};
     legacy::the_database = {};
     legacy::the_xyData = {};
     legacy::the_xyGraph = {};

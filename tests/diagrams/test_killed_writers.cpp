@@ -37,6 +37,9 @@ class KilledWriters : public ActiveFluid {
   protected:
     KilledWriters() {
         activate("Propane");
+        legacy::the_substance = substance;
+        legacy::the_models = selection;
+        legacy::the_eosParameters = eosConstants;
         databases::Write(folder() / "STUDENT.Q05", {databases::Row("Propane")});
         session::load_database((folder() / "STUDENT.Q05").string());
         session::take_substance(1);

@@ -104,7 +104,7 @@ TEST_F(OpenFiles, ADiagramIsShown) {
     ASSERT_EQ(DiagramWindow::current(), nullptr);
     drop({path("saved.oc2")});
     ASSERT_NE(DiagramWindow::current(), nullptr);
-    EXPECT_EQ(sheet().CurveCount, 1);
+    EXPECT_EQ(diagrams::curve_count(sheet()), 1);
     EXPECT_TRUE(drive::read("frmGraph2D").endsWith("saved.oc2"));
 }
 
