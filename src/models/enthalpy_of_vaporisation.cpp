@@ -26,13 +26,13 @@ using Result = EnthalpyOfVaporisationResult;
 
 namespace {
 
-/// What an evaluation works on, beside the process-level records.
+/// What an evaluation works on.
 struct Request {
-    std::int16_t method;
-    std::string_view vpCode;
-    bool warn;
-    std::int16_t dataSet;
+    const Fluid& fluid;
+    const VaporisationMethod& method;
     bool paired;  ///< T or p was not given and had to be found
+
+    const SubstanceRecord& substance() const { return fluid.substance(); }
 };
 
 constexpr std::int16_t kDatabaseEquation = 1;
@@ -53,65 +53,55 @@ bool fail(Result& r, const char* explanation) {
     return false;
 }
 
-/// The row of experimental data that may stand in for a missing T or p.
-calculation::BatchDataSet data_row(std::int16_t index) {
-    const auto i = static_cast<std::size_t>(index);
-    return index > 0 && i < legacy::the_BatchData.size() ? legacy::the_BatchData[i]
-                                                         : calculation::BatchDataSet{};
-}
-
 /// p from T, for the methods that need it.
 bool pair_pressure(const Request& q, Result& r) {
-    if (q.method == kCubicEOS) {
-        const Saturation sat = SaturationPressure(r.T);
+    if (q.method.code == kCubicEOS) {
+        const Saturation sat = saturation_pressure(q.fluid, r.T);
         r.p = sat.p;
         if (sat.status != kSuccess || !given(sat.p)) return fail(r, "p(LV) by EOS: Error ");
         r.explanation = "p = p(LV) by using cubic EOS";
         return true;
     }
-    if (q.method != kChen && q.method != kDatabaseDensity && q.method != kBenson) return true;
-    r.p = VapourPressure(r.T, q.vpCode, q.warn).p;
+    if (q.method.code != kChen && q.method.code != kDatabaseDensity && q.method.code != kBenson)
+        return true;
+    const VapourPressureResult found = vapour_pressure(q.substance(), r.T, q.method.vpCode);
+    r.p = found.p;
+    if (found.status == kSuccess) r.pressureDeviation = found.deviation;
     r.explanation = "p = p(LV) by using vapour pressure equation:";
     if (given(r.p)) return true;
-    r.p = data_row(q.dataSet).p;
+    r.p = q.method.p;
     r.explanation = "p(LV) = p from actual data set";
     return given(r.p) || fail(r, "No p available");
 }
 
 /// T from p.
 bool pair_temperature(const Request& q, Result& r) {
-    if (q.method == kCubicEOS) {
-        const Saturation sat = SaturationTemperature(r.p);
+    if (q.method.code == kCubicEOS) {
+        const Saturation sat = saturation_temperature(q.fluid, r.p);
         r.T = sat.T;
         if (sat.status != kSuccess || !given(sat.T)) return fail(r, "T(LV) by using EOS: Error ");
         r.explanation = "T = T(LV) from cubic  EOS";
         return true;
     }
-    r.T = BoilingTemperature(r.p, q.vpCode, q.warn).T;
+    const BoilingTemperatureResult found = boiling_temperature(q.substance(), r.p, q.method.vpCode);
+    r.T = found.T;
+    if (found.status == kSuccess) r.temperatureDeviation = found.deviation;
     r.explanation = "T = T(LV) from vapour pressure equation:";
     if (given(r.T)) return true;
-    r.T = data_row(q.dataSet).T;
+    r.T = q.method.T;
     r.explanation = "(T(LV) from actual data set)";
     return given(r.T) || fail(r, "no T available");
 }
 
-bool below_critical(Result& r) {
-    return r.T <= legacy::the_substance.Tcrit || fail(r, "T > T(cr)!");
+bool below_critical(const Request& q, Result& r) {
+    return r.T <= q.substance().Tcrit || fail(r, "T > T(cr)!");
 }
 
-/// The fitted equation of the database, with its warning.
-double database_equation(const Request& q, Result& r) {
-    const SubstanceRecord& s = legacy::the_substance;
+/// The fitted equation of the database.
+double database_equation(const SubstanceRecord& s, Result& r) {
     const EnthalpyEquationResult value = enthalpy_equation(s, r.T);
     if (value.status != kSuccess || s.hLVTHi <= 0) throw faults::Fault(faults::kInvalidArgument);
     r.deviation = deviation_of(r.T, {s.hLVTLo, s.hLVTHi});
-    constexpr int kSilentDeviation = 5;
-    if (q.warn && std::abs(r.deviation) > kSilentDeviation) {
-        dialogs::tell("Temperature " + std::to_string(r.deviation) +
-                          " K outside parameter validity\n"
-                          "(cf. Data/Parameters delta(LV)h = Fu(T))",
-                      "Warning concerning equation delta(LV)h = Fu(T)");
-    }
     r.explanation = "delta(LV)h = Fu(T) (by using database equation)";
     return value.h;
 }
@@ -139,27 +129,34 @@ double watson(const SubstanceRecord& s, double exponent, double T) {
     return h * std::pow(ratio, exponent);
 }
 
-void set_compressibilities(Result& r) {
+void set_compressibilities(const Request& q, Result& r) {
     if (!(r.rhoL * r.rhoV > kPresent)) throw faults::Fault(faults::kDivisionByZero);
-    const double ideal = static_cast<double>(legacy::the_substance.M) * r.p / (R * r.T);
+    const double ideal = static_cast<double>(q.substance().M) * r.p / (R * r.T);
     r.zV = ideal / r.rhoV;
     r.zL = ideal / r.rhoL;
 }
 
-double benson_density(const Result& r) {
-    const SubstanceRecord& s = legacy::the_substance;
-    const models::BensonPoint& reference = legacy::the_session.BensonReference;
+double benson_density(const Request& q, const Result& r) {
+    const SubstanceRecord& s = q.substance();
+    const BensonPoint& reference = q.method.reference;
     return is_known(reference) ? density_l_benson(r.T, s.Tcrit, s.rhocrit, r.rhoV, reference) : 0.0;
 }
 
 /// Clausius and Clapeyron with the slope of the vapour pressure equation, the V density of the EOS
 /// and the L density of the method.
 double clausius_clapeyron(const Request& q, Result& r) {
-    r.rhoV = SolveStateTP(r.T, r.p).rhoV;
-    r.rhoL = q.method == kDatabaseDensity ? density_l(static_cast<float>(r.T), q.warn).rho
-                                          : benson_density(r);
-    set_compressibilities(r);
-    const SlopeResult slope = VapourPressureSlope(r.T, q.vpCode);
+    const StateTP state = solve_state_tp(q.fluid, r.T, r.p);
+    r.v = state.v;
+    r.rhoV = state.rhoV;
+    if (q.method.code == kDatabaseDensity) {
+        const DensityResult liquid = density_liquid(q.substance(), static_cast<float>(r.T));
+        r.rhoL = liquid.rho;
+        r.densityDeviation = liquid.deviation;
+    } else {
+        r.rhoL = benson_density(q, r);
+    }
+    set_compressibilities(q, r);
+    const SlopeResult slope = vapour_pressure_slope(q.substance(), r.T, q.method.vpCode);
     if (slope.status != kSuccess) throw faults::Fault(faults::kInvalidArgument);
     r.explanation = "actual vapour pressure equation";
     return -R * slope.slope * (r.zV - r.zL);
@@ -168,14 +165,15 @@ double clausius_clapeyron(const Request& q, Result& r) {
 /// Residual enthalpies of both phases of the cubic EOS. Where T or p was found here both phases
 /// exist; a given pair may lie beside the equilibrium and then has one of them.
 double cubic_eos(const Request& q, Result& r) {
-    const Fluid fluid = current_fluid();
-    const StateTP state = SolveStateTP(r.T, r.p);
+    const Fluid& fluid = q.fluid;
+    const StateTP state = solve_state_tp(fluid, r.T, r.p);
+    r.v = state.v;
     const PhaseVolumes v =
         q.paired ? equilibrium_volumes(fluid, state, r.T) : PhaseVolumes{state.vV, state.vL};
     const auto M = static_cast<double>(fluid.substance().M);
     r.rhoV = v.vV > 0 ? M / v.vV : 0;
     r.rhoL = v.vL > 0 ? M / v.vL : 0;
-    set_compressibilities(r);
+    set_compressibilities(q, r);
     const models::EOSState eos = eos_at(fluid, r.T);
     const auto residual = [&](double volume) {
         const models::PhaseTable table = models::residual_functions(fluid, eos, r.T, r.p, volume);
@@ -186,11 +184,11 @@ double cubic_eos(const Request& q, Result& r) {
 }
 
 double evaluate(const Request& q, Result& r) {
-    const SubstanceRecord& s = legacy::the_substance;
-    const float exponent = legacy::the_models.WatsonN;
-    switch (q.method) {
+    const SubstanceRecord& s = q.substance();
+    const float exponent = q.fluid.models().WatsonN;
+    switch (q.method.code) {
         case kDatabaseEquation:
-            return database_equation(q, r);
+            return database_equation(s, r);
         case kChen:
             r.explanation = "Chen-correlation";
             return chen(s, r.T, r.p);
@@ -207,22 +205,56 @@ double evaluate(const Request& q, Result& r) {
     }
 }
 
+/// The row of experimental data that may stand in for a missing T or p.
+calculation::BatchDataSet data_row(std::int16_t index) {
+    const auto i = static_cast<std::size_t>(index);
+    return index > 0 && i < legacy::the_BatchData.size() ? legacy::the_BatchData[i]
+                                                         : calculation::BatchDataSet{};
+}
+
+void tell_range(const std::string& text, const char* equation) {
+    dialogs::tell(text, std::string("Warning concerning ") + equation);
+}
+
+/// Boxes on temperatures far outside the ranges of the equations used.
+void tell_ranges(const Result& r) {
+    constexpr int kSilent = 5, kSilentPressure = 10;
+    constexpr auto kPressure = "vapour pressure equation";
+    constexpr auto kPressureRange =
+        " K outside parameter validity\n(cf. Data/Parameters vapour pressure equ.)";
+    if (std::abs(r.pressureDeviation) > kSilentPressure)
+        tell_range(" temperature" + numbers::Format(r.pressureDeviation, "0") + kPressureRange,
+                   kPressure);
+    if (std::abs(r.temperatureDeviation) > kSilentPressure)
+        tell_range("Temperature " + numbers::Format(r.temperatureDeviation, "0") + kPressureRange,
+                   kPressure);
+    if (std::abs(r.deviation) > kSilent)
+        tell_range("Temperature " + std::to_string(r.deviation) +
+                       " K outside parameter validity\n(cf. Data/Parameters delta(LV)h = Fu(T))",
+                   "equation delta(LV)h = Fu(T)");
+    if (std::abs(r.densityDeviation) > kSilent)
+        tell_range(" temperature" + std::to_string(r.densityDeviation) +
+                       " K outside parameter validity\n"
+                       "(for temperature range cf. window \"Models\")",
+                   "the equation rho_L = Fu(T)");
+}
+
 }  // namespace
 
-EnthalpyOfVaporisationResult enthalpy_of_vaporisation(std::int16_t method, double T, double p,
-                                                      std::string_view vpCode, bool warn,
-                                                      std::int16_t dataSet) {
-    const Request request{method, vpCode, warn, dataSet, !given(T) || !given(p)};
+EnthalpyOfVaporisationResult enthalpy_of_vaporisation(const Fluid& fluid,
+                                                      const VaporisationMethod& method, double T,
+                                                      double p) {
+    const Request request{fluid, method, !given(T) || !given(p)};
     Result r;
     r.T = T;
     r.p = p;
-    if (method < kDatabaseEquation || method > kCubicEOS) {
+    if (method.code < kDatabaseEquation || method.code > kCubicEOS) {
         r.status = kFailure;
         return r;
     }
-    if (!below_critical(r)) return r;
+    if (!below_critical(request, r)) return r;
     if (!given(p) && !pair_pressure(request, r)) return r;
-    if (!given(T) && (!pair_temperature(request, r) || !below_critical(r))) return r;
+    if (!given(T) && (!pair_temperature(request, r) || !below_critical(request, r))) return r;
     try {
         r.raw = faults::finite(evaluate(request, r));
         r.h = numbers::to_int32(r.raw);
@@ -231,6 +263,16 @@ EnthalpyOfVaporisationResult enthalpy_of_vaporisation(std::int16_t method, doubl
         r.h = 0;
         r.status = kFailure;
     }
+    return r;
+}
+
+EnthalpyOfVaporisationResult enthalpy_of_vaporisation(std::int16_t method, double T, double p,
+                                                      std::string_view vpCode, bool warn,
+                                                      std::int16_t dataSet) {
+    const calculation::BatchDataSet row = data_row(dataSet);
+    const Result r = enthalpy_of_vaporisation(
+        current_fluid(), {method, vpCode, legacy::the_session.BensonReference, row.T, row.p}, T, p);
+    if (warn) tell_ranges(r);
     return r;
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "common/status.h"
-#include "legacy/declare.h"
+#include "models/fluid.h"
+#include "models/reference_record.h"
 
 namespace quor::models {
 
@@ -16,13 +18,28 @@ struct EnthalpyOfVaporisationResult {
     double zV = 0, zL = 0;       ///< compressibility factors (methods 5, 6, 7)
     double rhoV = 0, rhoL = 0;   ///< kg/m^3 (methods 5, 6, 7)
     std::int16_t deviation = 0;  ///< K outside the range of method 1
-    std::string explanation;     ///< how T, p and the result were obtained
+    /// K outside the ranges of p(LV), T(LV) and of the L density, as far as they were used.
+    std::int16_t pressureDeviation = 0, temperatureDeviation = 0, densityDeviation = 0;
+    std::array<double, 3> v{};  ///< the volume roots of the last state solved, m^3/kmol
+    std::string explanation;    ///< how T, p and the result were obtained
     Status status = kSuccess;
 };
 
-/// delta(LV)h by method 1 to 7 at T/K or p/kPa (a value <= 1E-6 is not given and is found from the
-/// other). `dataSet` is the index of the experimental data row that may stand in for a missing
-/// p or T, 0 for none. `warn` allows message boxes of range warnings.
+/// What an evaluation by a method needs beside the fluid.
+struct VaporisationMethod {
+    std::int16_t code = 0;    ///< 1 to 7
+    std::string_view vpCode;  ///< the vapour pressure equation
+    BensonPoint reference;    ///< second reference point, for method 6
+    double T = 0, p = 0;  ///< measured values that may stand in for a missing T or p, 0 for none
+};
+
+/// delta(LV)h at T/K or p/kPa (a value <= 1E-6 is not given and is found from the other).
+EnthalpyOfVaporisationResult enthalpy_of_vaporisation(const Fluid& fluid,
+                                                      const VaporisationMethod& method, double T,
+                                                      double p);
+
+/// The same for the active fluid. `dataSet` is the index of the experimental data row that may
+/// stand in for a missing p or T, 0 for none. `warn` allows message boxes of range warnings.
 EnthalpyOfVaporisationResult enthalpy_of_vaporisation(std::int16_t method, double T, double p,
                                                       std::string_view vpCode, bool warn,
                                                       std::int16_t dataSet = 0);

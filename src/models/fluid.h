@@ -28,12 +28,17 @@ class Fluid {
     /// True when both stand for the very same value, not only for equal ones.
     bool is_same(const Fluid& other) const { return parts_ == other.parts_; }
 
+    /// True for equal data, models and constants.
+    bool operator==(const Fluid& other) const { return is_same(other) || *parts_ == *other.parts_; }
+
   private:
     struct Parts {
         SubstanceRecord substance;
         ModelSelection models;
         EOSParameters eos;
         JiTorvikParameters jt;
+
+        bool operator==(const Parts&) const = default;
     };
     std::shared_ptr<const Parts> parts_;
 };

@@ -15,6 +15,8 @@ struct ModelSelection {
     float WatsonN = 0;           ///< Watson exponent
     std::int16_t CpModel = 0;    ///< 0 to 2
     bool PriorityCEOS = true;    ///< p(LV), T(LV) come from the cubic EOS
+
+    bool operator==(const ModelSelection&) const = default;
 };
 
 }  // namespace quor::models

@@ -24,6 +24,8 @@ struct BensonPoint {
     float p = 0;     ///< p(LV), kPa
     float rhoL = 0;  ///< kg/m^3
     float rhoV = 0;  ///< kg/m^3
+
+    bool operator==(const BensonPoint&) const = default;
 };
 
 }  // namespace quor::models

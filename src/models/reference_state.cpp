@@ -117,14 +117,14 @@ std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
     const auto p = static_cast<double>(point.p);
     const auto M = static_cast<double>(fluid.substance().M);
 
-    const models::StateTP state = models::SolveStateTP(T, p);
+    const models::StateTP state = models::solve_state_tp(fluid, T, p);
     double rho = state.rhoV;
     std::string source = "  (from  " + text::trim(models::EOSName(fluid.models().EOSModel)) + ")";
     if (state.status != kSuccess || rho < kPresent) {
         if (fluid.substance().omega != 0.0) {
             constexpr std::int16_t kPitzerCurl = 16;
-            legacy::the_Bvirial = models::SecondVirial(kPitzerCurl, T);
-            rho = M / (R * T / p + legacy::the_Bvirial);
+            models::EOSState eos;
+            rho = M / (R * T / p + models::second_virial(fluid, kPitzerCurl, T, eos));
             source = " (using Virial-EOS, PITZER/CURL)";
         }
         if (!(rho >= kPresent) || !std::isfinite(rho)) {
@@ -138,14 +138,17 @@ std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
 
 }  // namespace
 
-BensonProposal propose_benson_reference() {
-    const models::Fluid fluid = models::current_fluid();
+BensonProposal propose_benson_reference(const Fluid& fluid) {
     BensonProposal r;
     if (!from_boiling_point(fluid.substance(), r) &&
         !from_single_density(fluid.substance(), fluid.models().VPCode, r))
         return {};
     r.text += add_vapour_density(fluid, r.point);
     return r;
+}
+
+BensonProposal propose_benson_reference() {
+    return propose_benson_reference(current_fluid());
 }
 
 }  // namespace quor::models

@@ -2,7 +2,8 @@
 
 #include <string>
 
-#include "legacy/declare.h"
+#include "models/fluid.h"
+#include "models/reference_record.h"
 
 /// Caloric and residual functions, reference state.
 namespace quor::models {
@@ -28,6 +29,8 @@ struct BensonProposal {
     std::string text;  ///< lines joined by '\n'; empty when there is no proposal
 };
 /// The second reference point of Benson's method as far as the data allow; zeros when they do not.
+BensonProposal propose_benson_reference(const Fluid& fluid);
+/// The same for the active fluid.
 BensonProposal propose_benson_reference();
 
 }  // namespace quor::models

@@ -10,6 +10,8 @@ namespace quor::models {
 struct VPSetAntoine {
     float A = 0, B = 0, C = 0;
     std::int16_t TLo = 0, THi = 0;
+
+    bool operator==(const VPSetAntoine&) const = default;
 };
 
 /// Frost-Kalkwarf set of nine values A to I in the form of `models::VapourPressure`; the stored
@@ -17,17 +19,23 @@ struct VPSetAntoine {
 struct VPSetFrost {
     std::array<float, 9> a{};
     std::int16_t TLo = 0, THi = 0;
+
+    bool operator==(const VPSetFrost&) const = default;
 };
 
 /// Wagner set: A1, A2, A3, n3, A4, n4, A5, n5, Tcrit/K and pcrit/kPa of the set. TLo = 0: absent.
 struct VPSetWagner {
     std::array<float, 10> a{};
     std::int16_t TLo = 0, THi = 0;
+
+    bool operator==(const VPSetWagner&) const = default;
 };
 
 /// August set: ln(p/kPa) = A + B/T.
 struct VPSetAugust {
     float A = 0, B = 0;
+
+    bool operator==(const VPSetAugust&) const = default;
 };
 
 /// Heat capacity set, kJ/(kmol K): C0 to C4 and the range of validity in K.
@@ -83,6 +91,8 @@ struct SubstanceRecord {
 
     /// Slots that are read and kept but that no calculation uses: 12, 13, 24, 48, 89, 95, 96, 118.
     std::array<float, 8> spare{};
+
+    bool operator==(const SubstanceRecord&) const = default;
 };
 
 }  // namespace quor::models
