@@ -21,13 +21,13 @@
 #include "app/menu_commands.h"
 #include "app/tip_dialog.h"
 #include "app/work_area.h"
-#include "calculation/start_calculation.h"
 #include "datafiles/session_status.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/settings.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
 #include "session/actions.h"
+#include "session/calculations.h"
 #include "session/commands.h"
 #include "session/module2.h"
 #include "session/project_hooks.h"
@@ -165,7 +165,7 @@ void MainWindow::menuOpens(const QString& menuName) {
         gui::shell::closeViews(gui::shell::inputViews());
         menu::open_data_menu();
     } else if (menuName == "mnuCalcMain") {
-        calculation::prepare_calculation_menu();
+        session::prepare_calculation_menu(legacy::the_calculationViews);
     }
     refresh();
 }

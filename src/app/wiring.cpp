@@ -4,7 +4,6 @@
 
 #include "app/help_viewer.h"
 #include "app/main_window.h"
-#include "calculation/protocol.h"
 #include "datafiles/database.h"
 #include "datafiles/project.h"
 #include "gui/calculation/calculation_views.h"
@@ -18,6 +17,7 @@
 #include "gui/widgets/settings.h"
 #include "gui/widgets/shell.h"
 #include "session/actions.h"
+#include "session/calculations.h"
 #include "session/commands.h"
 #include "session/project_hooks.h"
 #include "session/shutdown.h"
@@ -54,7 +54,7 @@ void connect_projects() {
 
 void connect_shutdown() {
     session::ShutdownHooks& hooks = session::shutdown_hooks();
-    hooks.writeProtocol = calculation::close_protocol;
+    hooks.writeProtocol = session::close_protocol;
     hooks.saveLastSession = [](const std::string&) { datafiles::save_project(false); };
     hooks.closeFiles = datafiles::close_database;
 }

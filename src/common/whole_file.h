@@ -25,6 +25,15 @@ FileContent read_whole(const std::filesystem::path& path, std::size_t largest = 
 /// user that names the file and the reason.
 std::string write_whole(const std::filesystem::path& path, std::string_view bytes);
 
+/// What became of a new file.
+struct NewFile {
+    bool exists = false;  ///< a file of that name is there already; nothing was written
+    std::string error;    ///< as of `write_whole`
+};
+/// Writes a file only where there is none: its name is taken exclusively, so that of two programs
+/// only one gets it.
+NewFile write_new(const std::filesystem::path& path, std::string_view bytes);
+
 /// Where a file of that name is written: a name without a folder goes to `folder`; a title
 /// without a "." gets `extension` (".BAQ").
 std::string target_path(const std::string& name, const std::string& folder,

@@ -271,7 +271,8 @@ EnthalpyOfVaporisationResult enthalpy_of_vaporisation(std::int16_t method, doubl
                                                       std::int16_t dataSet) {
     const calculation::BatchDataSet row = data_row(dataSet);
     const Result r = enthalpy_of_vaporisation(
-        current_fluid(), {method, vpCode, legacy::the_session.BensonReference, row.T, row.p}, T, p);
+        current_fluid(),
+        {method, vpCode, legacy::the_session.calculation.method.reference, row.T, row.p}, T, p);
     if (warn) tell_ranges(r);
     return r;
 }

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "common/constants.h"
+#include "legacy/declare.h"
 #include "models/caloric.h"
 #include "models/reference_state.h"
 

@@ -181,15 +181,15 @@ TEST_F(Vaporisation, DatabaseEquationThatEndsBelowTheCriticalPointIsZeroUpToIt) 
 
 /// Methods 5 and 6 by their own formula, from parts that are tested elsewhere.
 TEST_F(Vaporisation, ClausiusClapeyronFollowsItsFormula) {
-    legacy::the_session.BensonReference = models::propose_benson_reference().point;
+    legacy::the_session.calculation.method.reference = models::propose_benson_reference().point;
     const double T = 290;
     const double p = models::VapourPressure(T, "WAG", false).p;
     const double rhoV = models::SolveStateTP(T, p).rhoV;
     const double slope = models::VapourPressureSlope(T, "WAG").slope;
     const double M = static_cast<double>(s.M);
     const double rhoL5 = models::density_l(290, false).rho;
-    const double rhoL6 =
-        models::density_l_benson(T, s.Tcrit, s.rhocrit, rhoV, legacy::the_session.BensonReference);
+    const double rhoL6 = models::density_l_benson(T, s.Tcrit, s.rhocrit, rhoV,
+                                                  legacy::the_session.calculation.method.reference);
     for (const auto& [method, rhoL] : {std::pair{5, rhoL5}, std::pair{6, rhoL6}}) {
         const Result r =
             enthalpy_of_vaporisation(static_cast<std::int16_t>(method), T, 0, "WAG", true);
@@ -207,7 +207,7 @@ TEST_F(Vaporisation, ClausiusClapeyronFollowsItsFormula) {
 TEST_F(Vaporisation, ClausiusClapeyronFailsWithoutADensity) {
     EXPECT_EQ(enthalpy_of_vaporisation(6, 290, 0, "WAG", true).status, kFailure)
         << "without a reference point";
-    legacy::the_session.BensonReference = models::propose_benson_reference().point;
+    legacy::the_session.calculation.method.reference = models::propose_benson_reference().point;
     s.rhocrit = 0;
     EXPECT_EQ(enthalpy_of_vaporisation(6, 290, 0, "WAG", true).status, kFailure)
         << "without a critical density";

@@ -165,7 +165,7 @@ TEST_F(CaloricReference, EnthalpiesOfVaporisation) {
         const std::string id = c.at("id"), code = in.at("VPCode");
         reference::activate(in);
         const json& b = in.at("BensonReference");
-        legacy::the_session.BensonReference = {b.at(0), b.at(1), b.at(2), b.at(3)};
+        legacy::the_session.calculation.method.reference = {b.at(0), b.at(1), b.at(2), b.at(3)};
         // KFR is implicit in p and solved to 1E-4; its inverse likewise.
         const double relative = code == "KFR" ? 2e-4 : 1e-9;
         const std::int16_t method = in.at("method");

@@ -196,7 +196,7 @@ TEST_F(SaturationFunctions, EveryMethodOfTheEnthalpyOfVaporisationAgreesWithPubl
         const auto nearest = [&](const Published& y) { return std::string(y.name) == x.name; };
         const Published& middle =
             *std::next(std::find_if(std::begin(kPublished), std::end(kPublished), nearest));
-        legacy::the_session.BensonReference = {
+        legacy::the_session.calculation.method.reference = {
             static_cast<float>(middle.T), static_cast<float>(middle.p),
             static_cast<float>(middle.rhoL), static_cast<float>(middle.rhoV)};
         for (std::int16_t method = 1; method <= 7; ++method) {

@@ -8,7 +8,6 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
-#include "calculation/start_calculation.h"
 #include "common/dialogs.h"
 #include "diagrams/catalogue.h"
 #include "diagrams/coordinates.h"
@@ -340,13 +339,11 @@ namespace {
 
 /// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
 void open_from_menu() {
-    constexpr std::int16_t kVaporisation = 13, kByBenson = 6, kVaporisationAtT = 6;
+    constexpr std::int16_t kVaporisation = 13, kByBenson = 6;
     const bool needsReference = legacy::the_diagram.DiagramType == kVaporisation &&
                                 legacy::the_models.HLVModel == kByBenson;
     if (!needsReference) return Module9::open_diagram2_d();
-    const std::int16_t mode = std::exchange(legacy::the_session.CalcMode, kVaporisationAtT);
-    calculation_views::OpenCalcIn(true);
-    legacy::the_session.CalcMode = mode;
+    calculation_views::OpenCalcIn(calculation::Task::vaporisationAtT, true);
 }
 
 /// The XY editor's graph gets a diagram of its own, in which nothing is computed.
@@ -363,16 +360,16 @@ void open_editor_graph() {
 }  // namespace
 
 void Install() {
-    calculation::views().prepareDiagram = Module9::open_diagram2_d;
+    legacy::the_calculationViews.prepareDiagram = Module9::open_diagram2_d;
     const auto calculate_process = [] {
         ProcessLineDialog box(
-            ProcessLineDialog::Purpose::Calculation, [] { calculation::views().openResultView(); },
-            shell::frameWindow());
+            ProcessLineDialog::Purpose::Calculation,
+            [] { legacy::the_calculationViews.openResultView(); }, shell::frameWindow());
         shell::openModal(box);
         legacy::the_polytropicPoints.clear();
         legacy::the_processLine.FromCalculation = false;
     };
-    calculation::views().openProcessView = calculate_process;
+    legacy::the_calculationViews.openProcessView = calculate_process;
     Module9::views2_d() = {
         .openDiagram = DiagramWindow::Open,
         .openParameterInput =
