@@ -5,11 +5,10 @@
 #include <QPainter>
 #include <cmath>
 
-#include "gui/chart/chart2d_plot.h"
+#include "gui/chart/chart2d_paint.h"
 #include "gui/chart/chart3d_paint.h"
 
 using namespace quor;
-using namespace quor::gui;
 
 namespace {
 
@@ -50,7 +49,7 @@ void turning(benchmark::State& state, chart::Chart3D c,
     startApplication();
     QImage image(kWidth, kHeight, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
-        Turn(c.view, 3, 0);
+        turn(c.view, 3, 0);
         QPainter painter(&image);
         paintChart3D(painter, QRectF(0, 0, kWidth, kHeight), c, quality);
     }

@@ -4,9 +4,11 @@
 #include "diagrams/curve.h"
 #include "diagrams/surface.h"
 #include "diagrams/surface_grid.h"
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -28,10 +30,10 @@ void activate() {
     s.cpPoly = {{28.277F, 0.116F, 1.9597e-4F, -2.3271e-7F, 6.8669e-11F}, 50, 1500};
     s.hasCpPoly = true;
     models::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
-    legacy::the_models.EOSModel = 6;
-    legacy::the_models.VPModel = 7;
-    legacy::the_models.VPCode = "KFR";
-    legacy::the_models.CpModel = 1;
+    legacy::the_models.EOSModel = codes::eos(6);
+    legacy::the_models.VPModel = codes::vp(7);
+    legacy::the_models.VPModel = codes::vp("KFR");
+    legacy::the_models.CpModel = codes::cp(1);
     models::calc_eos_parameters(6);
     Module9::calc_coordinate_defaults(legacy::the_coordinates);
 }

@@ -1,10 +1,12 @@
 #include <benchmark/benchmark.h>
 
 #include "legacy/declare.h"
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -21,9 +23,9 @@ void activate(std::int16_t code) {
     s.Tboil = 231.036F;
     models::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
     legacy::the_models = {};
-    legacy::the_models.EOSModel = code;
-    legacy::the_models.VPModel = 7;
-    legacy::the_models.VPCode = "KFR";
+    legacy::the_models.EOSModel = codes::eos(code);
+    legacy::the_models.VPModel = codes::vp(7);
+    legacy::the_models.VPModel = codes::vp("KFR");
     models::calc_eos_parameters(code);
 }
 

@@ -1,12 +1,14 @@
 #include <benchmark/benchmark.h>
 
 #include "legacy/declare.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/model_tables.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -26,11 +28,11 @@ void activate(std::int16_t code, std::int16_t cpForm) {
     s.cpSinh = {{51.92F, 192.45F, 1626.5F, 116.8F, 723.6F}, 200, 1500};
     models::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
     legacy::the_models = {};
-    legacy::the_models.EOSModel = code;
+    legacy::the_models.EOSModel = codes::eos(code);
     legacy::the_models.EOSOnlyV = models::is_v_only_eos(code);
-    legacy::the_models.VPModel = 7;
-    legacy::the_models.VPCode = "KFR";
-    legacy::the_models.CpModel = cpForm;
+    legacy::the_models.VPModel = codes::vp(7);
+    legacy::the_models.VPModel = codes::vp("KFR");
+    legacy::the_models.CpModel = codes::cp(cpForm);
     models::calc_eos_parameters(code);
 }
 

@@ -12,9 +12,11 @@
 #include "gui/widgets/shell.h"
 #include "legacy/declare.h"
 #include "models/model_choice.h"
+#include "session/actions.h"
 #include "session/commands.h"
 #include "session/module2.h"
 #include "session/project_hooks.h"
+#include "session/take_models.h"
 
 namespace quor::app {
 
@@ -39,7 +41,7 @@ void enable_restored_session() {
                            Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput,
                            Command::mnuData_SaveProject},
                           true);
-    models::enable_model_commands();
+    session::enable_model_commands();
     the_session.ProjectLoaded = true;
     session::refresh_units();
 }
@@ -82,7 +84,15 @@ void chooseSubstance() {
 }
 
 void chooseModels() {
-    gui::ModelDialog view(gui::shell::frameWindow());
+    constexpr auto kEditData = "mnuData_EditStoffdaten";
+    gui::ModelDialog::Session session{.editData = {}, .take = session::take_models};
+    if (actions::has(kEditData))
+        session.editData = [] {
+            actions::Run(kEditData);
+            return legacy::the_substance;
+        };
+    gui::ModelDialog view(legacy::the_substance, legacy::the_models, std::move(session),
+                          gui::shell::frameWindow());
     gui::shell::openModal(view);
     gui::shell::Refresh();
 }

@@ -17,6 +17,7 @@
 
 #include "common/dialogs.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "session/actions.h"
@@ -27,13 +28,11 @@ namespace quor::app {
 
 namespace {
 
+using gui::qt;
+
 constexpr int kPageRole = Qt::UserRole;
 constexpr QSize kFirstSize(980, 680);
 constexpr int kContentsWidth = 290;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QToolButton* button(const QString& text, const QString& name, const QString& tip,
                     const QKeySequence& keys) {

@@ -23,6 +23,7 @@
 #include "app/work_area.h"
 #include "datafiles/session_status.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/settings.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -36,6 +37,8 @@
 namespace quor::app {
 
 namespace {
+
+using gui::qt;
 
 constexpr auto kBanner =
     "QUOR-6   Thermodynamic Calculations of States and Processes for Pure Substances";
@@ -53,14 +56,6 @@ QStringList local_files(const QMimeData* data) {
     for (const QUrl& url : data->urls())
         if (url.isLocalFile()) files << url.toLocalFile();
     return files;
-}
-
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
 }
 
 }  // namespace

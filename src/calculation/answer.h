@@ -93,7 +93,7 @@ struct DatabaseValue {
 
 /// B of an equation of state, m^3/kmol.
 struct VirialValue {
-    std::int16_t code = 0;
+    models::Eos eos = models::Eos::none;
     double B = 0;
 };
 

@@ -12,8 +12,6 @@ namespace quor::calculation {
 
 namespace {
 
-constexpr std::int16_t kByCubicEos = 7;
-
 using TaskFunction = void (*)(Work&);
 
 TaskFunction function_of(Task task) {
@@ -72,14 +70,14 @@ void set_region(Work& work) {
 }
 
 bool is_cubic(const models::ModelSelection& models) {
-    return models::is_cubic_eos(models.EOSModel) && !models.EOSOnlyV;
+    return models::is_cubic(models.EOSModel) && !models.EOSOnlyV;
 }
 
 /// True for the tasks that end in a state of the equation of state.
 bool is_of_the_equation(const Work& work) {
     const Task task = work.request.task;
     if (task == Task::process || is_database_function(task)) return false;
-    return !is_vaporisation(task) || work.models().HLVModel == kByCubicEos;
+    return !is_vaporisation(task) || work.models().HLVModel == models::VaporisationModel::cubicEos;
 }
 
 void add_equation(Work& work) {

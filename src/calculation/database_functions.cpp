@@ -10,6 +10,7 @@
 namespace quor::calculation {
 
 using constants::kPresent;
+using models::VapourPressureEquation;
 
 namespace {
 
@@ -61,7 +62,8 @@ Found heat_capacity(const models::CpResult& r, const models::CpSet& set) {
 }
 
 template <class Set>
-Found pressure(const models::SubstanceRecord& s, double T, const char* code, const Set& set) {
+Found pressure(const models::SubstanceRecord& s, double T, models::VapourPressureEquation code,
+               const Set& set) {
     const models::VapourPressureResult r = models::vapour_pressure(s, T, code);
     return {if_found(r, r.p), limits(set)};
 }
@@ -69,7 +71,7 @@ Found pressure(const models::SubstanceRecord& s, double T, const char* code, con
 Found evaluate(const Work& work) {
     const models::SubstanceRecord& s = work.substance();
     const double T = work.answer.T;
-    const std::int16_t form = work.models().CpModel;
+    const models::CpForm form = work.models().CpModel;
     switch (work.request.task) {
         case Task::liquidDensity:
             return liquid_density(s, T);
@@ -78,19 +80,20 @@ Found evaluate(const Work& work) {
         case Task::vaporisationEquation:
             return vaporisation(s, T);
         case Task::idealGasCp:
-            return heat_capacity(models::ideal_gas_cp(s, form, T), form == 1 ? s.cpPoly : s.cpSinh);
+            return heat_capacity(models::ideal_gas_cp(s, form, T),
+                                 form == models::CpForm::polynomial ? s.cpPoly : s.cpSinh);
         case Task::liquidCp:
             return heat_capacity(models::polynomial_cp(s.cpL, T), s.cpL);
         case Task::solidCp:
             return heat_capacity(models::polynomial_cp(s.cpS, T), s.cpS);
         case Task::pressureFrost:
-            return pressure(s, T, "FRO", s.FRO);
+            return pressure(s, T, VapourPressureEquation::frostKalkwarf, s.FRO);
         case Task::pressureWagner:
-            return pressure(s, T, "WAG", s.WAG);
+            return pressure(s, T, VapourPressureEquation::wagner, s.WAG);
         case Task::pressureAntoineLow:
-            return pressure(s, T, "ALP", s.ALP);
+            return pressure(s, T, VapourPressureEquation::antoineLow, s.ALP);
         default:
-            return pressure(s, T, "AHP", s.AHP);
+            return pressure(s, T, VapourPressureEquation::antoineHigh, s.AHP);
     }
 }
 

@@ -29,7 +29,7 @@ bool fetch_given(Work& work) {
 
 /// p(LV) or T(LV) by the active vapour pressure equation.
 bool solve_by_equation(Work& work) {
-    const std::string& code = work.models().VPCode;
+    const models::VapourPressureEquation code = work.models().VPModel;
     Answer& a = work.answer;
     if (given_T(work)) {
         const models::VapourPressureResult r = models::vapour_pressure(work.substance(), a.T, code);
@@ -55,7 +55,7 @@ bool take_measured(Work& work) {
 }
 
 bool find_partial_point(Work& work) {
-    if (work.models().VPModel <= 0) return take_measured(work);
+    if (work.models().VPModel == models::VapourPressureEquation::none) return take_measured(work);
     if (!solve_by_equation(work)) return false;
     work.answer.source = Source::vapourPressureEquation;
     return true;
@@ -107,12 +107,15 @@ bool equilibrium_of_equation(Work& work) {
 
 /// delta(LV)h by the cubic EOS, as a whole number of kJ/kmol.
 void add_enthalpy_of_vaporisation(Work& work) {
-    constexpr std::int16_t kByCubicEos = 7;
     Answer& a = work.answer;
-    const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
-        work.fluid(),
-        {.code = kByCubicEos, .vpCode = work.models().VPCode, .reference = {}, .T = 0, .p = 0}, a.T,
-        a.p);
+    const models::EnthalpyOfVaporisationResult r =
+        models::enthalpy_of_vaporisation(work.fluid(),
+                                         {.model = models::VaporisationModel::cubicEos,
+                                          .vpCode = work.models().VPModel,
+                                          .reference = {},
+                                          .T = 0,
+                                          .p = 0},
+                                         a.T, a.p);
     if (r.status == kSuccess) a.hLV = static_cast<double>(r.h);
 }
 

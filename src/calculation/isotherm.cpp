@@ -62,7 +62,7 @@ void set_limits(Isotherm& d, const models::EOSState& s, double vFirst, double vL
 
 Isotherm isotherm_of(const models::Fluid& fluid, const LastState& last) {
     Isotherm d;
-    if (!models::is_cubic_eos(fluid.models().EOSModel) || !(last.T > 0) || !(last.p > 0) ||
+    if (!models::is_cubic(fluid.models().EOSModel) || !(last.T > 0) || !(last.p > 0) ||
         !(last.v[0] > 0))
         return d;
     d.T = last.T;

@@ -77,7 +77,7 @@ bool partial_tank(Work& work) {
     const double rho = m / V;
 
     const models::VapourPressureResult saturation =
-        models::vapour_pressure(work.substance(), a.T, work.models().VPCode);
+        models::vapour_pressure(work.substance(), a.T, work.models().VPModel);
     if (saturation.status == kSuccess)
         note_range(work, Note::Kind::pressureRange, saturation.deviation);
     if (!(saturation.p > 0)) return fail(work, Reason::noVapourPressure);

@@ -4,9 +4,9 @@
 /// The enthalpy of vaporisation by the chosen method.
 namespace quor::calculation {
 
-namespace {
+using models::VaporisationModel;
 
-constexpr std::int16_t kDatabase = 1;
+namespace {
 
 bool given_T(const Work& work) {
     return work.request.task == Task::vaporisationAtT;
@@ -20,9 +20,9 @@ bool fetch_given(Work& work) {
     return !beyond || fail(work, Reason::aboveCritical);
 }
 
-models::EnthalpyOfVaporisationResult by_method(const Work& work, std::int16_t code) {
-    models::VaporisationMethod method{.code = code,
-                                      .vpCode = work.models().VPCode,
+models::EnthalpyOfVaporisationResult by_method(const Work& work, VaporisationModel model) {
+    models::VaporisationMethod method{.model = model,
+                                      .vpCode = work.models().VPModel,
                                       .reference = work.request.method.reference,
                                       .T = 0,
                                       .p = 0};
@@ -35,8 +35,11 @@ models::EnthalpyOfVaporisationResult by_method(const Work& work, std::int16_t co
 
 /// The database equation beside any other method.
 std::optional<double> database_value(const Work& work) {
-    if (work.models().HLVModel == kDatabase || work.substance().hLVTHi <= 0) return std::nullopt;
-    const models::EnthalpyOfVaporisationResult r = by_method(work, kDatabase);
+    if (work.models().HLVModel == VaporisationModel::databaseEquation ||
+        work.substance().hLVTHi <= 0)
+        return std::nullopt;
+    const models::EnthalpyOfVaporisationResult r =
+        by_method(work, VaporisationModel::databaseEquation);
     return r.status == kSuccess ? std::optional(static_cast<double>(r.h)) : std::nullopt;
 }
 

@@ -1,29 +1,33 @@
 #include "models/virial.h"
+
+#include <algorithm>
+#include <iterator>
+
 #include "calculation/work.h"
-#include "models/cubic_eos.h"
+#include "common/faults.h"
 
 /// The second virial coefficients of all equations.
 namespace quor::calculation {
 
+using models::Eos;
+
 namespace {
 
-constexpr std::int16_t kFirstVirial = 11, kLastVirial = 16;
-constexpr std::int16_t kFirstCubic = 2, kLastTwin = 6;
-constexpr std::int16_t kToTwin = 9;
+/// The virial forms, and the cubic equations that some are made from.
+struct Form {
+    Eos virial, cubic;
+};
+constexpr Form kForms[] = {
+    {Eos::virialVanDerWaals, Eos::vanDerWaals},   {Eos::virialBerthelot, Eos::berthelot},
+    {Eos::virialRedlichKwong, Eos::redlichKwong}, {Eos::virialSoave, Eos::soave},
+    {Eos::virialPengRobinson, Eos::pengRobinson}, {Eos::pitzerCurl, Eos::none}};
 
-/// B of a virial code at T/K for the substance.
-double virial_of(const models::Fluid& fluid, std::int16_t code, double T) {
-    models::JiTorvikParameters jt;
-    models::ModelSelection models = fluid.models();
-    models.EOSModel = code;
-    models.EOSOnlyV = true;
-    const models::EOSParameters eos = models::eos_constants(code, true, fluid.substance(), jt);
+/// B of a virial form at T/K for the substance.
+double virial_of(const models::Fluid& fluid, Eos eos, double T) {
+    const auto other = fluid.with(eos);
+    if (!other) throw faults::Fault(other.reason());
     models::EOSState state;
-    return models::second_virial({fluid.substance(), models, eos, jt}, code, T, state);
-}
-
-bool has_twin(std::int16_t code) {
-    return code >= kFirstCubic && code <= kLastTwin;
+    return models::second_virial(*other, T, state);
 }
 
 }  // namespace
@@ -31,14 +35,18 @@ bool has_twin(std::int16_t code) {
 void virial_coefficients(Work& work) {
     if (!fetch_t(work)) return;
     Answer& a = work.answer;
-    for (std::int16_t code = kFirstVirial; code <= kLastVirial; ++code)
-        a.virials.push_back({code, virial_of(work.fluid(), code, a.T)});
-    // A cubic form has the coefficient of its virial twin.
-    const std::int16_t active = work.models().EOSModel;
-    const auto twin = static_cast<std::int16_t>(active + kToTwin);
-    a.activeVirial = has_twin(active) ? virial_of(work.fluid(), twin, a.T) : active_virial(work);
-    if (!has_twin(active) && (active < kFirstVirial || active > kLastVirial))
-        a.virials.push_back({active, *a.activeVirial});
+    for (const Form& form : kForms)
+        a.virials.push_back({form.virial, virial_of(work.fluid(), form.virial, a.T)});
+    // A cubic form has the coefficient of its virial form.
+    const Eos active = work.models().EOSModel;
+    const auto* const form =
+        std::find_if(std::begin(kForms), std::end(kForms), [&](const Form& one) {
+            return one.virial == active || (one.cubic == active && active != Eos::none);
+        });
+    const bool listed = form != std::end(kForms);
+    a.activeVirial = listed && form->cubic == active ? virial_of(work.fluid(), form->virial, a.T)
+                                                     : active_virial(work);
+    if (!listed) a.virials.push_back({active, *a.activeVirial});
 }
 
 }  // namespace quor::calculation

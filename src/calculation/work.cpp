@@ -125,7 +125,7 @@ FunctionPair functions_of(const Work& work, const Phases& phases) {
 
 double active_virial(const Work& work) {
     models::EOSState state;
-    return models::second_virial(work.fluid(), work.models().EOSModel, work.answer.T, state);
+    return models::second_virial(work.fluid(), work.answer.T, state);
 }
 
 }  // namespace quor::calculation

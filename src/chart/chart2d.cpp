@@ -55,7 +55,7 @@ void for_each_series(const Chart2D& chart, Visit visit) {
     }
 }
 
-std::size_t pointCount(const Series& series) {
+std::size_t point_count(const Series& series) {
     return std::min(series.x.size(), series.y.size());
 }
 
@@ -93,7 +93,7 @@ class PixelScale {
 };
 
 bool takes_part(const Series& series, Group group) {
-    if (!series.visible || pointCount(series) == 0) return false;
+    if (!series.visible || point_count(series) == 0) return false;
     return series.line.pattern != LinePattern::None ||
            shown_symbol(series, group) != SymbolShape::Hidden;
 }
@@ -150,7 +150,7 @@ SymbolShape shown_symbol(const Series& series, Group group) {
 std::vector<SeriesRef> legend_entries(const Chart2D& chart) {
     std::vector<SeriesRef> entries;
     for_each_series(chart, [&](Group group, int index, const Series& series) {
-        if (series.inLegend && !series.legend.empty() && series.visible && pointCount(series) > 0)
+        if (series.inLegend && !series.legend.empty() && series.visible && point_count(series) > 0)
             entries.push_back({group, index});
     });
     return entries;
@@ -169,7 +169,7 @@ std::optional<Window> data_extent(const Chart2D& chart) {
     Extent x(chart.x.logarithmic), y(chart.y.logarithmic);
     for_each_series(chart, [&](Group group, int, const Series& series) {
         if (series.isReference || !takes_part(series, group)) return;
-        for (std::size_t i = 0; i < pointCount(series); ++i) {
+        for (std::size_t i = 0; i < point_count(series); ++i) {
             if (!x.takes(series.x[i]) || !y.takes(series.y[i])) continue;
             x.add(series.x[i]);
             y.add(series.y[i]);
@@ -180,11 +180,11 @@ std::optional<Window> data_extent(const Chart2D& chart) {
 }
 
 Window shown_window(const Chart2D& chart) {
-    const auto needsData = [](const Axis& axis) {
+    const auto needs_data = [](const Axis& axis) {
         return axis.automatic || !can_be_drawn({axis.min, axis.max}, axis.logarithmic);
     };
     std::optional<Window> data;
-    if (needsData(chart.x) || needsData(chart.y)) data = data_extent(chart);
+    if (needs_data(chart.x) || needs_data(chart.y)) data = data_extent(chart);
     return {shown_range(chart.x, data ? std::optional(data->x) : std::nullopt),
             shown_range(chart.y, data ? std::optional(data->y) : std::nullopt)};
 }
@@ -203,7 +203,7 @@ Range second_range(const Chart2D& chart) {
     return shown_window(chart).y;
 }
 
-double UnitOf(double value, const Range& range, bool logarithmic) {
+double unit_of(double value, const Range& range, bool logarithmic) {
     if (!logarithmic) return (value - range.min) / (range.max - range.min);
     if (!(value > 0)) return -std::numeric_limits<double>::infinity();
     return std::log(value / range.min) / std::log(range.max / range.min);
@@ -223,7 +223,7 @@ std::optional<NearPoint> nearest_point(const Chart2D& chart, const PlotPixel& pi
     double best2 = limit * limit;
     for_each_series(chart, [&](Group group, int index, const Series& series) {
         if (series.isReference || !takes_part(series, group)) return;
-        for (std::size_t i = 0; i < pointCount(series); ++i) {
+        for (std::size_t i = 0; i < point_count(series); ++i) {
             const auto p = scale.of(series, i);
             if (!p) continue;
             const double d2 = squared_distance({pixel.x, pixel.y}, *p);
@@ -245,7 +245,7 @@ std::optional<NearPoint> nearest_series(const Chart2D& chart, const PlotPixel& p
         if (!takes_part(series, group)) return;
         const bool line = series.line.pattern != LinePattern::None;
         std::optional<Pixel> last;
-        for (std::size_t i = 0; i < pointCount(series); ++i) {
+        for (std::size_t i = 0; i < point_count(series); ++i) {
             const auto p = scale.of(series, i);
             if (p) {
                 const bool segment = line && last;
@@ -269,16 +269,16 @@ void delete_point(Chart2D& chart, Group group, int series, int point) {
     auto& all = series_of(chart, group);
     if (series < 0 || series >= static_cast<int>(all.size())) return;
     Series& target = all[static_cast<std::size_t>(series)];
-    if (point < 0 || point >= static_cast<int>(pointCount(target))) return;
+    if (point < 0 || point >= static_cast<int>(point_count(target))) return;
     target.x.erase(target.x.begin() + point);
     target.y.erase(target.y.begin() + point);
-    const auto onSeries = [&](const Label& label) {
+    const auto on_series = [&](const Label& label) {
         return label.onPoint && label.group == group && label.series == series;
     };
     std::erase_if(chart.labels,
-                  [&](const Label& label) { return onSeries(label) && label.point == point; });
+                  [&](const Label& label) { return on_series(label) && label.point == point; });
     for (Label& label : chart.labels)
-        if (onSeries(label) && label.point > point) --label.point;
+        if (on_series(label) && label.point > point) --label.point;
 }
 
 void clear_series(Chart2D& chart, Group group, int series) {

@@ -194,7 +194,7 @@ Range second_range(const Chart2D& chart);
 
 /// Place of a value in a range: 0 at its lower end, 1 at its upper; minus infinity for a value not
 /// above 0 on a logarithmic scale.
-double UnitOf(double value, const Range& range, bool logarithmic);
+double unit_of(double value, const Range& range, bool logarithmic);
 
 /// Maps data to the unit square of the window, (0, 0) at its lower left; a logarithmic axis maps
 /// logarithms, and values not above 0 to minus infinity.
@@ -203,8 +203,8 @@ class WindowScale {
     explicit WindowScale(const Chart2D& chart);
     WindowScale(const Window& window, bool xLogarithmic, bool yLogarithmic)
         : window_(window), xLog_(xLogarithmic), yLog_(yLogarithmic) {}
-    double u(double x) const { return UnitOf(x, window_.x, xLog_); }
-    double v(double y) const { return UnitOf(y, window_.y, yLog_); }
+    double u(double x) const { return unit_of(x, window_.x, xLog_); }
+    double v(double y) const { return unit_of(y, window_.y, yLog_); }
     double x(double u) const { return value(u, window_.x, xLog_); }
     double y(double v) const { return value(v, window_.y, yLog_); }
     const Window& window() const { return window_; }

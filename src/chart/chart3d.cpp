@@ -92,7 +92,7 @@ void set_preset(View3D& view, PresetView preset) {
     }
 }
 
-void Turn(View3D& view, double rotation, double elevation) {
+void turn(View3D& view, double rotation, double elevation) {
     view = sanitised(view);
     view.elevation = std::clamp(view.elevation + or_default(elevation, 0), -90.0, 90.0);
     view.rotation = std::remainder(view.rotation + or_default(rotation, 0), 360.0);

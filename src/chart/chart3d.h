@@ -138,7 +138,7 @@ Box3D shown_box(const Chart3D& chart);
 void set_preset(View3D& view, PresetView preset);
 
 /// Turns by degrees: elevation stays within -90 to 90, rotation within -180 to 180.
-void Turn(View3D& view, double rotation, double elevation);
+void turn(View3D& view, double rotation, double elevation);
 
 /// Elevation, rotation and zoom brought into their ranges; what is not a number becomes default.
 View3D sanitised(View3D view);

@@ -8,7 +8,7 @@ namespace quor::chart {
 namespace files {
 
 template <class Io>
-void Describe(Io& io, Series& s) {
+void describe(Io& io, Series& s) {
     io.field("legend", s.legend);
     io.field("inLegend", s.inLegend);
     io.field("visible", s.visible);
@@ -22,7 +22,7 @@ void Describe(Io& io, Series& s) {
 }
 
 template <class Io>
-void Describe(Io& io, Axis& a) {
+void describe(Io& io, Axis& a) {
     io.field("min", a.min);
     io.field("max", a.max);
     io.field("automatic", a.automatic);
@@ -44,7 +44,7 @@ void Describe(Io& io, Axis& a) {
 }
 
 template <class Io>
-void Describe(Io& io, Legend& l) {
+void describe(Io& io, Legend& l) {
     io.field("shown", l.shown);
     io.field("anchor", l.anchor);
     io.field("place", l.place);
@@ -56,7 +56,7 @@ void Describe(Io& io, Legend& l) {
 }
 
 template <class Io>
-void Describe(Io& io, Label& l) {
+void describe(Io& io, Label& l) {
     io.field("index", l.index);
     io.field("onPoint", l.onPoint);
     io.field("group", l.group);
@@ -77,7 +77,7 @@ void Describe(Io& io, Label& l) {
 }
 
 template <class Io>
-void Describe(Io& io, PlotArea& p) {
+void describe(Io& io, PlotArea& p) {
     io.field("automatic", p.automatic);
     io.field("left", p.left, 0, 1);
     io.field("top", p.top, 0, 1);
@@ -90,7 +90,7 @@ void Describe(Io& io, PlotArea& p) {
 }
 
 template <class Io>
-void Describe(Io& io, Chart2D& c) {
+void describe(Io& io, Chart2D& c) {
     io.field("curves", c.curves);
     io.field("points", c.points);
     io.field("x", c.x);
@@ -106,7 +106,7 @@ void Describe(Io& io, Chart2D& c) {
 }
 
 template <class Io>
-void Describe(Io& io, SurfaceGrid& g) {
+void describe(Io& io, SurfaceGrid& g) {
     io.field("nx", g.nx);
     io.field("ny", g.ny);
     io.field("x0", g.x0);
@@ -119,7 +119,7 @@ void Describe(Io& io, SurfaceGrid& g) {
 }
 
 template <class Io>
-void Describe(Io& io, Axis3D& a) {
+void describe(Io& io, Axis3D& a) {
     io.field("min", a.min);
     io.field("max", a.max);
     io.field("automatic", a.automatic);
@@ -131,7 +131,7 @@ void Describe(Io& io, Axis3D& a) {
 }
 
 template <class Io>
-void Describe(Io& io, View3D& v) {
+void describe(Io& io, View3D& v) {
     io.field("elevation", v.elevation, -90, 90);
     io.field("rotation", v.rotation, -360, 360);
     io.field("perspective", v.perspective);
@@ -139,7 +139,7 @@ void Describe(Io& io, View3D& v) {
 }
 
 template <class Io>
-void Describe(Io& io, Mesh3D& m) {
+void describe(Io& io, Mesh3D& m) {
     io.field("x", m.x);
     io.field("y", m.y);
     io.field("halvedX", m.halvedX);
@@ -149,7 +149,7 @@ void Describe(Io& io, Mesh3D& m) {
 }
 
 template <class Io>
-void Describe(Io& io, SurfaceStyle& s) {
+void describe(Io& io, SurfaceStyle& s) {
     io.field("solid", s.solid);
     io.field("shaded", s.shaded);
     io.field("transparent", s.transparent);
@@ -165,13 +165,13 @@ void Describe(Io& io, SurfaceStyle& s) {
 }
 
 template <class Io>
-void Describe(Io& io, Sections3D& s) {
+void describe(Io& io, Sections3D& s) {
     io.field("number", s.number, 1, 200);
     io.field("line", s.line);
 }
 
 template <class Io>
-void Describe(Io& io, Marker3D& m) {
+void describe(Io& io, Marker3D& m) {
     io.field("x", m.x);
     io.field("y", m.y);
     io.field("z", m.z);
@@ -182,7 +182,7 @@ void Describe(Io& io, Marker3D& m) {
 }
 
 template <class Io>
-void Describe(Io& io, Chart3D& c) {
+void describe(Io& io, Chart3D& c) {
     io.field("surface", c.surface);
     io.field("x", c.x);
     io.field("y", c.y);
@@ -245,9 +245,9 @@ void check(const Chart3D& chart) {
 }
 
 template <class Chart>
-std::string textOf(Chart chart) {
+std::string text_of(Chart chart) {
     files::JsonWriter writer;
-    Describe(writer, chart);
+    describe(writer, chart);
     return files::document(format_of(chart), writer.take());
 }
 
@@ -256,7 +256,7 @@ void read_text(std::string_view text, Chart& chart) {
     const files::Json content = files::Content(format_of(chart), text);
     Chart read;
     files::JsonReader reader(content, "");
-    Describe(reader, read);
+    describe(reader, read);
     check(read);
     chart = std::move(read);
 }
@@ -287,17 +287,17 @@ FileOutcome load(const std::filesystem::path& file, Chart& chart) {
 
 template <class Chart>
 FileOutcome save(const Chart& chart, const std::filesystem::path& file) {
-    const std::string error = datafiles::write_whole(file, textOf(chart));
+    const std::string error = datafiles::write_whole(file, text_of(chart));
     return {error.empty(), error};
 }
 
 }  // namespace
 
 std::string to_text(const Chart2D& chart) {
-    return textOf(chart);
+    return text_of(chart);
 }
 std::string to_text(const Chart3D& chart) {
-    return textOf(chart);
+    return text_of(chart);
 }
 
 FileOutcome from_text(std::string_view text, Chart2D& chart) {

@@ -31,7 +31,7 @@ int depth_of(std::string_view text) {
     return deepest;
 }
 
-int wholeNumber(const Json& group, const char* name) {
+int whole_number(const Json& group, const char* name) {
     const auto it = group.find(name);
     if (it == group.end() || !it->is_number_integer()) return -1;
     const auto value = it->get<std::int64_t>();
@@ -41,8 +41,8 @@ int wholeNumber(const Json& group, const char* name) {
 void check_version(const Format& format, const Json& document) {
     const auto version = document.find("version");
     const bool present = version != document.end() && version->is_object();
-    const int major = present ? wholeNumber(*version, "major") : -1;
-    const int minor = present ? wholeNumber(*version, "minor") : -1;
+    const int major = present ? whole_number(*version, "major") : -1;
+    const int minor = present ? whole_number(*version, "minor") : -1;
     if (major < 1 || minor < 0) throw BadField("The file is damaged: it names no version.");
     if (major <= format.major) return;
     throw BadField("The file was written by a newer version of the program (file version " +

@@ -15,7 +15,7 @@
 #include "chart/chart2d.h"
 #include "chart/chart_style.h"
 
-/// Writing and reading of records as JSON. A record has one function `Describe(io, record)` that
+/// Writing and reading of records as JSON. A record has one function `describe(io, record)` that
 /// names its fields; with `JsonWriter` it writes them, with `JsonReader` it reads them, so that
 /// both ways always know the same fields. For the files of charts only.
 namespace quor::chart::files {
@@ -92,7 +92,7 @@ class JsonWriter {
             json_[name] = EnumNames<T>::names[static_cast<std::size_t>(value)];
         } else {
             JsonWriter inner;
-            Describe(inner, value);
+            describe(inner, value);
             json_[name] = inner.take();
         }
     }
@@ -101,7 +101,7 @@ class JsonWriter {
         Json list = Json::array();
         for (T& value : values) {
             JsonWriter inner;
-            Describe(inner, value);
+            describe(inner, value);
             list.push_back(inner.take());
         }
         json_[name] = std::move(list);
@@ -194,7 +194,7 @@ class JsonReader {
                 if (j->get_ref<const std::string&>() == names[i]) value = static_cast<T>(i);
         } else {
             JsonReader inner(*j, place(name));
-            Describe(inner, value);
+            describe(inner, value);
         }
     }
     template <class T>
@@ -207,7 +207,7 @@ class JsonReader {
         for (const Json& item : *j) {
             JsonReader inner(item, place(name) + " " + std::to_string(values.size() + 1));
             T value{};
-            Describe(inner, value);
+            describe(inner, value);
             values.push_back(std::move(value));
         }
     }
@@ -236,7 +236,7 @@ class JsonReader {
 
 /// Fields shared by both kinds of charts.
 template <class Io>
-void Describe(Io& io, Font& f) {
+void describe(Io& io, Font& f) {
     io.field("family", f.family);
     io.field("size", f.size, 1, 200);
     io.field("bold", f.bold);
@@ -244,27 +244,27 @@ void Describe(Io& io, Font& f) {
 }
 
 template <class Io>
-void Describe(Io& io, Frame& f) {
+void describe(Io& io, Frame& f) {
     io.field("shown", f.shown);
     io.field("colour", f.colour);
     io.field("width", f.width, 0, 50);
 }
 
 template <class Io>
-void Describe(Io& io, LineStyle& s) {
+void describe(Io& io, LineStyle& s) {
     io.field("pattern", s.pattern);
     io.field("colour", s.colour);
     io.field("width", s.width, 0, 50);
 }
 
 template <class Io>
-void Describe(Io& io, SheetPlace& p) {
+void describe(Io& io, SheetPlace& p) {
     io.field("x", p.x, -1, 2);
     io.field("y", p.y, -1, 2);
 }
 
 template <class Io>
-void Describe(Io& io, Caption& c) {
+void describe(Io& io, Caption& c) {
     io.field("text", c.text);
     io.field("font", c.font);
     io.field("colour", c.colour);
@@ -273,7 +273,7 @@ void Describe(Io& io, Caption& c) {
 }
 
 template <class Io>
-void Describe(Io& io, PrintPlace& p) {
+void describe(Io& io, PrintPlace& p) {
     io.field("left", p.left, 0, 200);
     io.field("top", p.top, 0, 200);
     io.field("width", p.width, 1, 200);

@@ -169,9 +169,9 @@ class EmfWriter : public Writer {
 
   private:
     template <class Fill>
-    void put(Record type, Fill fillIn) {
+    void put(Record type, Fill fill_in) {
         Bytes data;
-        fillIn(data);
+        fill_in(data);
         body_.u32(type);
         body_.u32(static_cast<std::uint32_t>(data.size() + 8));
         body_.append(data);
@@ -210,14 +210,14 @@ class EmfWriter : public Writer {
 
     /// Creates an object under the free handle of its pair, selects it and deletes the other.
     template <class Fill>
-    void exchange(Object object, Record create, Fill fillIn) {
+    void exchange(Object object, Record create, Fill fill_in) {
         const auto first = static_cast<std::uint32_t>(object);
         const std::size_t pair = (first - 1) / 2;
         const std::uint32_t old = handle_[pair];
         const std::uint32_t fresh = old == first ? first + 1 : first;
         put(create, [&](Bytes& b) {
             b.u32(fresh);
-            fillIn(b);
+            fill_in(b);
         });
         select(fresh);
         if (old != 0) put(kDeleteObject, [&](Bytes& b) { b.u32(old); });

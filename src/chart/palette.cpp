@@ -82,7 +82,7 @@ Colour over(Colour colour, Colour paper) {
     return {mix(paper.r, colour.r, t), mix(paper.g, colour.g, t), mix(paper.b, colour.b, t)};
 }
 
-Colour Scaled(Colour colour, double factor) {
+Colour scaled(Colour colour, double factor) {
     return {channel(colour.r * factor), channel(colour.g * factor), channel(colour.b * factor),
             colour.a};
 }

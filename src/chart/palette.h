@@ -31,6 +31,6 @@ double lightness(Colour colour);
 Colour over(Colour colour, Colour paper);
 
 /// Channels multiplied by `factor` >= 0 and cut at white; alpha stays.
-Colour Scaled(Colour colour, double factor);
+Colour scaled(Colour colour, double factor);
 
 }  // namespace quor::chart

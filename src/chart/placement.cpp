@@ -128,7 +128,7 @@ std::vector<PathPoint> path_in_window(const Drawing& drawing, const Series& seri
     return path;
 }
 
-const PathPoint& pointAt(const std::vector<PathPoint>& path, double fraction) {
+const PathPoint& point_at(const std::vector<PathPoint>& path, double fraction) {
     const double wanted = std::clamp(fraction, 0.0, 1.0) * path.back().length;
     const auto it = std::lower_bound(path.begin(), path.end(), wanted,
                                      [](const PathPoint& p, double l) { return p.length < l; });
@@ -194,9 +194,9 @@ struct Placed {
     Box box;
 };
 
-Placed placeAt(const std::vector<PathPoint>& path, double fraction, double width, double height,
-               double textWidth, double textHeight, const Standing& standing = {}) {
-    const PathPoint& point = pointAt(path, fraction);
+Placed place_at(const std::vector<PathPoint>& path, double fraction, double width, double height,
+                double textWidth, double textHeight, const Standing& standing = {}) {
+    const PathPoint& point = point_at(path, fraction);
     const Pixel beside = beside_line(direction(path, point), textWidth, textHeight, standing);
     const Pixel offset = kept_inside(point.at, beside, width, height, textWidth, textHeight);
     const Box box =
@@ -214,7 +214,7 @@ std::optional<LabelSpot> spot_along_curve(const Chart2D& chart, int curve, doubl
     const Drawing drawing(chart, width, height);
     const auto path = path_in_window(drawing, *series, width, height);
     if (path.empty()) return std::nullopt;
-    return placeAt(path, fraction, width, height, textWidth, textHeight).spot;
+    return place_at(path, fraction, width, height, textWidth, textHeight).spot;
 }
 
 std::optional<LabelSpot> best_spot(const Chart2D& chart, int curve, double width, double height,
@@ -233,8 +233,8 @@ std::optional<LabelSpot> best_spot(const Chart2D& chart, int curve, double width
         for (const double side : {1.0, -1.0})
             for (int i = 0; i < kTrials; ++i) {
                 const double fraction = 0.05 + 0.9 * i / (kTrials - 1);
-                const Placed placed = placeAt(path, fraction, width, height, textWidth, textHeight,
-                                              {side, distance * textHeight});
+                const Placed placed = place_at(path, fraction, width, height, textWidth, textHeight,
+                                               {side, distance * textHeight});
                 // The middle is the better place among equals.
                 double cost = std::abs(fraction - 0.5) + kAway * distance * textHeight +
                               (side < 0 ? kOtherSide : 0);

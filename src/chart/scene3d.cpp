@@ -25,7 +25,7 @@ int decimals_of_levels(const Chart3D& chart, const Box3D& box) {
     return static_cast<int>(std::clamp(digits, 0.0, 12.0));
 }
 
-std::string levelText(const Chart3D& chart, const Box3D& box, double level) {
+std::string level_text(const Chart3D& chart, const Box3D& box, double level) {
     const double largest = std::max(std::abs(box.z.min), std::abs(box.z.max));
     const int decimals = decimals_of_levels(chart, box);
     // Where the axis shows powers, two digits of the mantissa tell the levels apart.
@@ -70,7 +70,7 @@ double scale_width(const Chart3D& chart, const Box3D& box, const std::vector<dou
     if (!chart.scaleShown || !shows_zones(chart)) return 0;
     double widest = 0;
     for (const double level : levels)
-        widest = std::max(widest, measure(levelText(chart, box, level), chart.numberFont).width);
+        widest = std::max(widest, measure(level_text(chart, box, level), chart.numberFont).width);
     const double title = measure(chart.z.title, chart.titleFont).width;
     return std::max(kBarWidth + kGap + widest + 2 * kEdge, title + kEdge + kGap);
 }
@@ -97,7 +97,7 @@ void paint_scale(const Context& c, Pen& pen) {
     const auto every = static_cast<std::size_t>(std::ceil((textHeight + 1) / step));
     for (std::size_t k = 0; k < levels.size(); k += every) {
         const double y = bottom - step * static_cast<double>(k + 1);
-        const std::string text = levelText(c.chart, c.layout.box, levels[k]);
+        const std::string text = level_text(c.chart, c.layout.box, levels[k]);
         const double width = c.measure(text, c.chart.numberFont).width;
         pen.line(std::array{Point2{left + kBarWidth, y}, Point2{left + kBarWidth + 3, y}},
                  {LinePattern::Solid, kInk, 0.8F});

@@ -181,11 +181,11 @@ class AxisPainter {
         pen_.line(std::array{edge_.a, edge_.b}, {LinePattern::Solid, kInk, 1.2F});
         const Ticks ticks = ticks_of(c_, view_, edge_.d);
         for (const Tick& tick : ticks.major) paint_tick(tick);
-        paintTitle();
+        paint_title();
     }
 
   private:
-    Point3 placeOf(double value) const {
+    Point3 place_of(double value) const {
         Point3 p = edge_.from;
         component(p, edge_.d) = view_.coordinate(edge_.d, value);
         return p;
@@ -209,7 +209,7 @@ class AxisPainter {
     }
 
     void paint_tick(const Tick& tick) {
-        const Point3 at = placeOf(tick.value);
+        const Point3 at = place_of(tick.value);
         const Point2 p = view_.project(at), dir = tick_direction(at);
         const Point2 end{p.x + kTickLength * dir.x, p.y + kTickLength * dir.y};
         pen_.line(std::array{p, end}, {LinePattern::Solid, kInk, 1});
@@ -228,7 +228,7 @@ class AxisPainter {
         reach_ = std::max(reach_, out + extent(normal_, size) / 2);
     }
 
-    void paintTitle() {
+    void paint_title() {
         const std::string& title = axis_of(c_.chart, edge_.d).title;
         if (title.empty()) return;
         const bool upright = std::abs(along_.y) > 0.85;
@@ -255,7 +255,8 @@ class AxisPainter {
 };
 
 void paint_plane(const Context& c, const BoxView& view, const Plane& plane, Pen& pen) {
-    const auto [p, q] = others(plane.normal);
+    const auto around = others(plane.normal);
+    const Direction p = around[0], q = around[1];
     const auto at = [&](double cp, double cq) {
         Point3 point;
         component(point, plane.normal) = plane.sign * view.limit(plane.normal);

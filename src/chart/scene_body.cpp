@@ -88,7 +88,7 @@ class Body {
         if (chart_.style.shaded) {
             Point3 n = piece.normal;
             if (!piece.seenFromTop) n = {-n.x, -n.y, -n.z};
-            colour = Scaled(colour, kAmbient + kDirect * layout_.camera.light(n));
+            colour = scaled(colour, kAmbient + kDirect * layout_.camera.light(n));
         }
         if (chart_.style.transparent) colour.a = kTranslucent;
         return colour;
@@ -173,12 +173,12 @@ void paint_body(const Context& context, Pen& pen) {
 }
 
 void paint_flat(const Context& context, double boxZ, const FlatParts& parts, Pen& pen) {
-    const auto onPlane = [&](Point3 p) { return context.layout.camera.project({p.x, p.y, boxZ}); };
+    const auto on_plane = [&](Point3 p) { return context.layout.camera.project({p.x, p.y, boxZ}); };
     if (parts.zones) {
         context.surface.for_each_piece([&](const Piece& piece) {
             for_each_band(piece.corners, context.layout, [&](auto corners, std::size_t band) {
                 std::vector<Point2> pixels;
-                for (const PieceCorner& c : corners) pixels.push_back(onPlane(c.at));
+                for (const PieceCorner& c : corners) pixels.push_back(on_plane(c.at));
                 Colour colour = band_colour(context.layout, band);
                 if (parts.translucent) colour.a = kBeforeTheBody;
                 pen.fill(pixels, colour, true);
@@ -188,7 +188,7 @@ void paint_flat(const Context& context, double boxZ, const FlatParts& parts, Pen
     if (!parts.contours) return;
     context.surface.for_each_piece([&](const Piece& piece) {
         for_each_contour(piece.corners, context.layout, [&](const std::array<Point3, 2>& ends) {
-            const std::array pixels{onPlane(ends[0]), onPlane(ends[1])};
+            const std::array pixels{on_plane(ends[0]), on_plane(ends[1])};
             pen.line(pixels, context.chart.sections.line, true);
         });
     });

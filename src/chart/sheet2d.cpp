@@ -52,31 +52,31 @@ class LayoutMaker {
     Sheet2D make() {
         // Ticks depend on the plot area, and its margins on the width of the numbers: the second
         // pass knows the numbers of the first, the third settles what changed by it.
-        sheet_.plot = plotArea({60, 30, 20, 45});
+        sheet_.plot = plot_area({60, 30, 20, 45});
         for (int pass = 0; pass < 3; ++pass) {
-            makeTicks();
+            tick_axes();
             make_legend_size();
-            sheet_.plot = plotArea(margins());
+            sheet_.plot = plot_area(margins());
         }
-        makeTicks();
+        tick_axes();
         place_axes();
         place_texts();
         place_legend();
-        placeLabels();
+        place_labels();
         return std::move(sheet_);
     }
 
   private:
-    TextSize sizeOf(const std::string& text, const Font& font) const {
+    TextSize size_of(const std::string& text, const Font& font) const {
         return text.empty() ? TextSize{} : measure_(text, font);
     }
 
     TextSize title_size(const Axis& axis) const {
-        return turned(sizeOf(axis.title, axis.titleFont), axis.titleRotation);
+        return turned(size_of(axis.title, axis.titleFont), axis.titleRotation);
     }
 
     /// Whole pixels, so that frame and axes are crisp on a screen.
-    SheetRect plotArea(const Margins& m) const {
+    SheetRect plot_area(const Margins& m) const {
         const double w = sheet_.sheet.width, h = sheet_.sheet.height;
         const PlotArea& area = chart_.plotArea;
         SheetRect plot =
@@ -90,7 +90,7 @@ class LayoutMaker {
         return plot;
     }
 
-    void makeTicks() {
+    void tick_axes() {
         const auto along = [&](const Axis& axis, const Range& range, double length, bool upright) {
             TickRequest request;
             request.min = range.min;
@@ -114,7 +114,7 @@ class LayoutMaker {
     TextSize widest_number(const Ticks& ticks, const Axis& axis) const {
         TextSize widest;
         for (const Tick& tick : ticks.major) {
-            const TextSize size = sizeOf(tick.text, axis.numberFont);
+            const TextSize size = size_of(tick.text, axis.numberFont);
             widest.width = std::max(widest.width, size.width);
             widest.height = std::max(widest.height, size.height);
         }
@@ -142,9 +142,9 @@ class LayoutMaker {
         return std::clamp(scale_.u(chart_.x.origin), 0.0, 1.0) * sheet_.plot.width;
     }
 
-    double captionHeight(const Caption& caption) const {
+    double caption_height(const Caption& caption) const {
         if (caption.text.empty() || !caption.automatic) return 0;
-        return sizeOf(caption.text, caption.font).height + kTextGap;
+        return size_of(caption.text, caption.font).height + kTextGap;
     }
 
     Margins margins() {
@@ -157,13 +157,13 @@ class LayoutMaker {
         Margins m;
         const TextSize xTitle = title_size(chart_.x), yTitle = title_size(chart_.y),
                        y2Title = title_size(chart_.y2);
-        m.bottom += xNumbers_ + captionHeight(chart_.footer);
+        m.bottom += xNumbers_ + caption_height(chart_.footer);
         if (xTitle.height > 0) m.bottom += xTitle.height + kTextGap;
         // Half of the first and the last number of x overhang the plot area.
         yNumbers_ = std::max(yNumbers_, xNumber.width / 2 - kEdge / 2);
         y2Numbers_ = std::max(y2Numbers_, xNumber.width / 2 - kEdge / 2);
         m.left += yNumbers_;
-        m.top += captionHeight(chart_.header);
+        m.top += caption_height(chart_.header);
         // A title that lies across stands above its axis.
         if (yTitle.height > 0 && is_upright(chart_.y.titleRotation))
             m.left += yTitle.width + kTextGap;
@@ -225,7 +225,7 @@ class LayoutMaker {
         const double middleX = p.left + p.width / 2, middleY = p.top + p.height / 2;
         const auto title = [&](const Axis& axis, SheetAxis& out, double x, double y) {
             if (axis.title.empty()) return;
-            out.title = text_at(x, y, sizeOf(axis.title, axis.titleFont), axis.titleRotation);
+            out.title = text_at(x, y, size_of(axis.title, axis.titleFont), axis.titleRotation);
         };
         const TextSize xs = title_size(chart_.x), ys = title_size(chart_.y),
                        y2s = title_size(chart_.y2);
@@ -243,14 +243,14 @@ class LayoutMaker {
         title(chart_.y2, sheet_.y2, p.right() + y2Numbers_ + kTextGap + y2s.width / 2, middleY);
         const auto caption = [&](const Caption& c, SheetText& out, double y) {
             if (c.text.empty()) return;
-            const TextSize size = sizeOf(c.text, c.font);
+            const TextSize size = size_of(c.text, c.font);
             out = c.automatic ? text_at(kept_on_sheet(middleX, size.width), y, size)
                               : text_at(c.place.x * sheet_.sheet.width,
                                         c.place.y * sheet_.sheet.height, size);
         };
         caption(chart_.header, sheet_.header,
-                above - sizeOf(chart_.header.text, chart_.header.font).height / 2);
-        const double footer = sizeOf(chart_.footer.text, chart_.footer.font).height;
+                above - size_of(chart_.header.text, chart_.header.font).height / 2);
+        const double footer = size_of(chart_.footer.text, chart_.footer.font).height;
         caption(chart_.footer, sheet_.footer,
                 std::min(sheet_.sheet.height - kEdge - footer / 2, 1e9));
     }
@@ -274,7 +274,7 @@ class LayoutMaker {
         if (n == 0) return grid;
         double widest = 0, highest = 8;
         for (const SeriesRef& entry : grid.entries) {
-            const TextSize size = sizeOf(legendText(entry), chart_.legend.font);
+            const TextSize size = size_of(legend_text(entry), chart_.legend.font);
             widest = std::max(widest, size.width);
             highest = std::max(highest, size.height);
         }
@@ -296,7 +296,7 @@ class LayoutMaker {
         return grid;
     }
 
-    const std::string& legendText(const SeriesRef& entry) const {
+    const std::string& legend_text(const SeriesRef& entry) const {
         return series_of(chart_, entry.group)[static_cast<std::size_t>(entry.index)].legend;
     }
 
@@ -327,7 +327,8 @@ class LayoutMaker {
             legend.top = p.top;
         } else if (anchor == LegendAnchor::OutsideSouth) {
             legend.left = p.left + (p.width - legend.width) / 2;
-            legend.top = sheet_.sheet.height - kEdge - captionHeight(chart_.footer) - legend.height;
+            legend.top =
+                sheet_.sheet.height - kEdge - caption_height(chart_.footer) - legend.height;
         } else {
             const LegendSpot spot =
                 spot_of_legend(anchor, p.width, p.height, legend.width, legend.height);
@@ -350,7 +351,7 @@ class LayoutMaker {
     }
 
     /// Data coordinates of a label's place, if it has one.
-    std::optional<std::array<double, 2>> placeOf(const Label& label) const {
+    std::optional<std::array<double, 2>> place_of(const Label& label) const {
         if (!label.onPoint) return std::array{label.x, label.y};
         const auto& all = series_of(chart_, label.group);
         if (label.series < 0 || label.series >= static_cast<int>(all.size())) return std::nullopt;
@@ -362,12 +363,12 @@ class LayoutMaker {
         return std::array<double, 2>{series.x[point], series.y[point]};
     }
 
-    void placeLabels() {
+    void place_labels() {
         if (!chart_.labelsShown) return;
         for (std::size_t i = 0; i < chart_.labels.size(); ++i) {
             const Label& label = chart_.labels[i];
             if (!label.shown || label.text.empty()) continue;
-            const auto place = placeOf(label);
+            const auto place = place_of(label);
             if (!place) continue;
             const double px = pixel_x((*place)[0]), py = pixel_y((*place)[1]);
             constexpr double kSlack = 1;
@@ -375,7 +376,7 @@ class LayoutMaker {
             const SheetRect wide{p.left - kSlack, p.top - kSlack, p.width + 2 * kSlack,
                                  p.height + 2 * kSlack};
             if (!wide.contains(px, py)) continue;
-            const TextSize size = sizeOf(label.text, label.font);
+            const TextSize size = size_of(label.text, label.font);
             const TextSize padded{size.width + 4, size.height + 2};
             sheet_.labels.push_back(
                 {static_cast<int>(i), px, py,
@@ -459,15 +460,15 @@ std::vector<std::vector<SheetPoint>> visible_lines(const Chart2D& chart, const S
                                                    const SheetRect& plot) {
     const SheetScale scale(chart, plot);
     const Window& window = scale.window().window();
-    const auto onAxis = [&](float value, const Axis& axis, const Range& range) -> double {
+    const auto on_axis = [&](float value, const Axis& axis, const Range& range) -> double {
         // Far enough below the window that a line to it leaves at its edge.
         const bool below = series.isReference && axis.logarithmic && !(value > 0);
         return below ? range.min * 1e-6 : value;
     };
     LineCutter cutter(plot);
     for (std::size_t i = 0; i < std::min(series.x.size(), series.y.size()); ++i) {
-        const SheetPoint here{scale.x(onAxis(series.x[i], chart.x, window.x)),
-                              scale.y(onAxis(series.y[i], chart.y, window.y))};
+        const SheetPoint here{scale.x(on_axis(series.x[i], chart.x, window.x)),
+                              scale.y(on_axis(series.y[i], chart.y, window.y))};
         if (is_shown(series.x[i]) && is_shown(series.y[i]) && std::isfinite(here.x) &&
             std::isfinite(here.y))
             cutter.add(here);

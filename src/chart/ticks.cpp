@@ -94,7 +94,7 @@ double largest(const TickRequest& r) {
     return std::max(std::abs(r.min), std::abs(r.max));
 }
 
-std::vector<Tick> linearTicks(const TickRequest& r, double step) {
+std::vector<Tick> linear_ticks(const TickRequest& r, double step) {
     std::vector<Tick> ticks;
     for (const double value : multiples(r.min, r.max, step))
         ticks.push_back({value, axis_number(value, step, largest(r), r.decimals)});
@@ -130,16 +130,16 @@ Ticks make_linear(const TickRequest& r) {
     const double wanted = r.spacing;
     const double count = wanted > 0 ? (r.max - r.min) / wanted : 0;
     if (wanted > 0 && count <= kMaxTicks) {
-        Ticks ticks{linearTicks(r, wanted), linear_minor(r, wanted)};
+        Ticks ticks{linear_ticks(r, wanted), linear_minor(r, wanted)};
         thin_numbers(ticks.major, wanted, scale);
         return ticks;
     }
     const double parts = std::clamp(r.length / r.distance, 2.0, 10.0);
     double step = nice_step((r.max - r.min) / parts);
-    std::vector<Tick> ticks = linearTicks(r, step);
+    std::vector<Tick> ticks = linear_ticks(r, step);
     while (!scale.fits(ticks) && step < r.max - r.min) {
         step = next_step(step);
-        ticks = linearTicks(r, step);
+        ticks = linear_ticks(r, step);
     }
     thin_numbers(ticks, step, scale);
     return {std::move(ticks), linear_minor(r, step)};
@@ -187,10 +187,10 @@ Ticks make_short_logarithmic(const TickRequest& r) {
     const Scale scale(r);
     const double parts = std::clamp(r.length / r.distance, 2.0, 8.0);
     double step = nice_step((r.max - r.min) / parts / 2);
-    std::vector<Tick> ticks = linearTicks(r, step);
+    std::vector<Tick> ticks = linear_ticks(r, step);
     while (!scale.fits(ticks) && step < r.max - r.min) {
         step = next_step(step);
-        ticks = linearTicks(r, step);
+        ticks = linear_ticks(r, step);
     }
     thin_numbers(ticks, step, scale);
     return {std::move(ticks), {}};

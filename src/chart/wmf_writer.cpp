@@ -159,9 +159,9 @@ class WmfWriter : public Writer {
 
   private:
     template <class Fill>
-    void put(Record function, Fill fillIn) {
+    void put(Record function, Fill fill_in) {
         Bytes data;
-        fillIn(data);
+        fill_in(data);
         data.pad_to(2);
         const auto words = static_cast<std::uint32_t>((data.size() + 6) / 2);
         largestRecord_ = std::max(largestRecord_, words);
@@ -188,8 +188,8 @@ class WmfWriter : public Writer {
 
     /// A new object gets the lowest free place of the table, by which it is then known.
     template <class Fill>
-    void exchange(std::optional<std::size_t>& place, Record create, Fill fillIn) {
-        put(create, fillIn);
+    void exchange(std::optional<std::size_t>& place, Record create, Fill fill_in) {
+        put(create, fill_in);
         const auto free = std::find(taken_.begin(), taken_.end(), false);
         const auto fresh = static_cast<std::size_t>(free - taken_.begin());
         taken_[fresh] = true;

@@ -8,7 +8,6 @@
 #include <system_error>
 
 #include "common/text.h"
-#include "session/module2.h"
 
 namespace quor::datafiles {
 
@@ -23,6 +22,15 @@ std::string sentence(const fs::path& path, const std::string& what, const std::s
 
 std::string reason_of(int error) {
     return error == 0 ? std::string() : std::generic_category().message(error);
+}
+
+bool has_separator(const std::string& name) {
+    return name.find_first_of("/\\") != std::string::npos;
+}
+
+/// Whether the name behind the last separator has no extension.
+bool is_bare(const std::string& name) {
+    return name.find('.', name.find_last_of("/\\") + 1) == std::string::npos;
 }
 
 std::string not_written(const fs::path& path, const std::string& reason) {
@@ -99,13 +107,12 @@ NewFile write_new(const fs::path& path, std::string_view bytes) {
 }
 
 std::string InFolder(const std::string& name, const std::string& folder) {
-    return session::has_separator(name) ? name : (fs::path(folder) / name).string();
+    return has_separator(name) ? name : (fs::path(folder) / name).string();
 }
 
 std::string target_path(const std::string& name, const std::string& folder,
                         std::string_view extension) {
-    const bool bare = session::file_title(name).find('.') == std::string::npos;
-    return InFolder(bare ? name + std::string(extension) : name, folder);
+    return InFolder(is_bare(name) ? name + std::string(extension) : name, folder);
 }
 
 std::string ansi_lines(const std::vector<std::string>& lines) {

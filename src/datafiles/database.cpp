@@ -7,6 +7,8 @@
 #include "common/whole_file.h"
 #include "datafiles/substance_slots.h"
 #include "legacy/declare.h"
+#include "models/model_choice.h"
+#include "models/model_tables.h"
 #include "session/module2.h"
 
 namespace quor::datafiles {
@@ -173,7 +175,11 @@ bool ReadSubstance(std::int16_t index, bool& noCriticalData) {
     LoadedSubstance loaded = record_from_slots(*file, the_session.EnglishUi, legacy::the_substance);
     noCriticalData = loaded.noCriticalData;
     legacy::the_substance = std::move(loaded.record);
-    legacy::the_models.VPCode = std::move(loaded.VPCode);
+    // The equation in use stays where the substance has it.
+    auto& equation = legacy::the_models.VPModel;
+    const auto offered = models::vp_entries(legacy::the_substance);
+    if (offered[models::index_of(offered, equation)].model != equation)
+        equation = models::vp_of_code(loaded.VPCode);
     return true;
 }
 

@@ -1,4 +1,5 @@
 #include "datafiles/project.h"
+#include "legacy/wrappers.h"
 
 #include <algorithm>
 
@@ -26,7 +27,6 @@ using legacy::the_substance;
 constexpr const char* kFilter = "Project (*.QCF)|*.QCF";
 constexpr const char* kExtension = ".QCF";
 constexpr const char* kRefusal = "Execution not possible";
-constexpr std::int16_t kManualVirial = 10;
 constexpr std::size_t kHeadLines = 4;
 constexpr std::size_t kLargestProject = std::size_t{1} << 20;
 
@@ -95,23 +95,19 @@ void read_substance(const std::string& casrn, ProjectResult& result) {
         the_substance.Tboil > 0 && the_substance.Tcrit > 0 && the_substance.pcrit > 0;
     if (!complete) return;
     for (const char* code : {"KFW", "KFR", "THO"})
-        models::CorrelateVapourPressure(models::vp_index(code), the_substance.Tcrit,
+        models::CorrelateVapourPressure(models::vp_of_code(code), the_substance.Tcrit,
                                         the_substance.pcrit,
                                         static_cast<double>(the_substance.Tboil));
 }
 
 /// What follows from the settings: codes, constants of the equation of state, factors and labels.
 void derive_from_settings(ProjectResult& result) {
-    const bool offered = the_models.EOSModel >= 0 && !models::EOSName(the_models.EOSModel).empty();
-    if (!offered) the_models.EOSModel = 0;
-    the_models.EOSOnlyV = models::is_v_only_eos(the_models.EOSModel);
+    if (the_models.EOSModel == models::Eos::none) the_models.EOSModel = models::Eos::idealGas;
+    the_models.EOSOnlyV = models::is_v_only(the_models.EOSModel);
     if (the_models.EOSOnlyV) the_models.PriorityCEOS = false;
-    // Index 0 leaves the choice to the sets of the substance.
-    if (the_models.VPModel != 0) the_models.VPCode = models::VPCode(the_models.VPModel);
-    the_models.VPModel = models::vp_index(the_models.VPCode);
 
     if (result.substanceFound && !result.noCriticalData) {
-        const bool keeps = the_models.EOSModel == kManualVirial;
+        const bool keeps = the_models.EOSModel == models::Eos::manualVirial;
         result.modelsComplete =
             keeps || models::calc_eos_parameters(the_models.EOSModel) == kSuccess;
     }

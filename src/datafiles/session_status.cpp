@@ -20,7 +20,7 @@ std::string trimmed(std::string_view s) {
 
 std::string substance_lines() {
     const models::SubstanceRecord& s = legacy::the_substance;
-    const StatusPanels panels = panel_texts(legacy::the_models.EOSModel >= 0);
+    const StatusPanels panels = panel_texts(legacy::the_models.EOSModel != models::Eos::none);
     std::string lines = "... substance: ";
     lines += s.Formula + "  " + trimmed(s.CASRN) + "  " + s.Name;
     lines += " (#" + std::to_string(the_session.CurrentSubstance) + ")";
@@ -94,13 +94,13 @@ Report status_report() {
 
 Report parameter_report() {
     const models::EOSParameters& e = legacy::the_eosParameters;
-    const std::int16_t code = legacy::the_models.EOSModel;
+    const models::Eos eos = legacy::the_models.EOSModel;
     Report report{.title = " Parameters of the EOS ", .text = {}};
-    if (code == 0) {
+    if (eos == models::Eos::idealGas) {
         report.text = "Selected: Ideal gas equation";
         return report;
     }
-    if (code == 16) {
+    if (eos == models::Eos::pitzerCurl) {
         report.text = "Parameters of PITZER/CURL equation \ncf. Help in the window \"Models\"";
         return report;
     }
@@ -112,7 +112,7 @@ Report parameter_report() {
                           {"b1 = ", e.eosNB}, {"c0 = ", e.eosC0}, {"c1 = ", e.eosNC},
                           {"d0 = ", e.eosD0}, {"d1 = ", e.eosND}};
     report.text = "Parameter for ";
-    report.text += trimmed(models::EOSName(code));
+    report.text += trimmed(models::EOSName(eos));
     report.text += '\n';
     for (const Line& line : lines) {
         report.text += '\n';

@@ -1,4 +1,5 @@
 #include "datafiles/substance_choice.h"
+#include "legacy/wrappers.h"
 
 #include "common/constants.h"
 #include "common/dialogs.h"
@@ -18,7 +19,6 @@ using legacy::the_session;
 using session::Command;
 
 constexpr const char* kRefused = "Execution not possible";
-constexpr std::int16_t kFirstCorrelated = 6, kLastCorrelated = 8;
 
 void question_batch_data() {
     if (the_session.BatchCount == 0) return;
@@ -45,11 +45,12 @@ void tell_no_critical_data() {
 // Equation of state and correlated vapour pressure sets follow the new critical data.
 void compute_dependents() {
     const models::SubstanceRecord& s = legacy::the_substance;
-    const std::int16_t eos = legacy::the_models.EOSModel;
-    if (eos >= 0) models::calc_eos_parameters(eos);
+    const models::Eos eos = legacy::the_models.EOSModel;
+    if (eos != models::Eos::none) models::calc_eos_parameters(eos);
     if (static_cast<double>(s.Tboil) <= constants::kPresent) return;
-    for (std::int16_t i = kFirstCorrelated; i <= kLastCorrelated; ++i)
-        models::CorrelateVapourPressure(i, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+    using enum models::VapourPressureEquation;
+    for (const auto equation : {frostVanDerWaals, frostRedlichKwong, thompson})
+        models::CorrelateVapourPressure(equation, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
 }
 
 }  // namespace

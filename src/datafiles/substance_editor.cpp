@@ -1,4 +1,5 @@
 #include "datafiles/substance_editor.h"
+#include "legacy/wrappers.h"
 
 #include <cmath>
 
@@ -42,9 +43,9 @@ constexpr FieldBlock kThompsonBlock{48, 3};
 constexpr FieldBlock kVanDerWaalsBlock{86, 11};
 constexpr FieldBlock kRedlichBlock{97, 11};
 
-constexpr std::int16_t kIndexKFW = 6;
-constexpr std::int16_t kIndexKFR = 7;
-constexpr std::int16_t kIndexTHO = 8;
+constexpr auto kIndexKFW = models::VapourPressureEquation::frostVanDerWaals;
+constexpr auto kIndexKFR = models::VapourPressureEquation::frostRedlichKwong;
+constexpr auto kIndexTHO = models::VapourPressureEquation::thompson;
 
 const EditorField& Field(int DD) {
     return editor_field_table()[static_cast<std::size_t>(DD)];
@@ -94,7 +95,7 @@ bool has_critical_data(const SubstanceRecord& s) {
 }
 
 void correlate_sets(SubstanceRecord& s) {
-    for (const std::int16_t index : {kIndexKFW, kIndexKFR, kIndexTHO})
+    for (const models::VapourPressureEquation index : {kIndexKFW, kIndexKFR, kIndexTHO})
         models::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
 }
 
@@ -137,10 +138,10 @@ void read_field(const EditorField& field, const std::string& content, SubstanceR
 
 /// The measured equations that a substance without an active one is searched for.
 void choose_equation(const SubstanceRecord& s, models::ModelSelection& models) {
-    if (models.VPCode != "000") return;
-    if (s.AHP.TLo > 0) models.VPCode = "AHP";
-    if (s.ALP.TLo > 0) models.VPCode = "ALP";
-    models.VPModel = models::vp_index(models.VPCode);
+    using enum models::VapourPressureEquation;
+    if (models.VPModel != none) return;
+    if (s.AHP.TLo > 0) models.VPModel = antoineHigh;
+    if (s.ALP.TLo > 0) models.VPModel = antoineLow;
 }
 
 }  // namespace
@@ -196,16 +197,17 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
     form_derived_values(s);
     choose_equation(s, models);
 
-    if (!(static_cast<double>(s.Tboil) > kPresent) && models.VPCode != "000") {
+    if (!(static_cast<double>(s.Tboil) > kPresent) &&
+        models.VPModel != models::VapourPressureEquation::none) {
         const models::BoilingTemperatureResult boiling =
-            models::boiling_temperature(s, constants::kNormalPressure, models.VPCode);
+            models::boiling_temperature(s, constants::kNormalPressure, models.VPModel);
         if (boiling.status == kSuccess) s.Tboil = static_cast<float>(boiling.T);
     }
     if (std::fabs(static_cast<double>(s.Tboil) * s.Tcrit * s.pcrit) > kPresent)
         models::correlate_august(s);
     if (std::fabs(static_cast<double>(s.WatsonT) * static_cast<double>(s.WatsonH)) < kPresent &&
-        models.HLVModel == 4) {
-        models.HLVModel = 2;
+        models.HLVModel == models::VaporisationModel::watson) {
+        models.HLVModel = models::VaporisationModel::chen;
         applied.watsonDropped = true;
     }
     if (has_critical_data(s)) {
@@ -223,11 +225,10 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
 }
 
 void ApplyEditor(EditorTexts& texts) {
-    constexpr std::int16_t kManualVirial = 10;  // its coefficients were typed in and stay
     models::ModelSelection& models = legacy::the_models;
     if (apply_editor(texts, legacy::the_substance, models).watsonDropped) dialogs::Beep();
-    if (has_critical_data(legacy::the_substance) && models.EOSModel >= 0 &&
-        models.EOSModel != kManualVirial)
+    if (has_critical_data(legacy::the_substance) && models.EOSModel != models::Eos::none &&
+        models.EOSModel != models::Eos::manualVirial)
         models::calc_eos_parameters(models.EOSModel);
     if (has_critical_data(legacy::the_substance) && legacy::the_session.CurrentSubstance > 0 &&
         !legacy::the_session.SubstanceSet) {
@@ -248,7 +249,7 @@ void recalculate(EditorCorrelation correlation, EditorTexts& texts) {
     s.pcrit = number(kPcrit);
     s.Tboil = static_cast<float>(number(kTboil));
     if (!has_critical_data(s)) return;
-    const auto correlate = [&](std::int16_t index, const FieldBlock& block) {
+    const auto correlate = [&](models::VapourPressureEquation index, const FieldBlock& block) {
         models::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
         show_block(block, s, texts);
     };
@@ -273,7 +274,7 @@ std::optional<std::string> triple_point_pressure(bool fromEquation) {
     const SubstanceRecord& s = legacy::the_substance;
     if (!fromEquation) return editor_text(s.ptriple);
     const models::VapourPressureResult result =
-        models::vapour_pressure(s, static_cast<double>(s.Ttriple), legacy::the_models.VPCode);
+        models::vapour_pressure(s, static_cast<double>(s.Ttriple), legacy::the_models.VPModel);
     if (result.status != kSuccess) {
         dialogs::tell("Error while calculating vapour pressure", "Execution not possible",
                       dialogs::Icon::Stop);

@@ -7,6 +7,7 @@
 #include "common/text.h"
 #include "datafiles/cell_numbers.h"
 #include "datafiles/record_fields.h"
+#include "models/model_tables.h"
 #include "models/vapour_pressure.h"
 
 namespace quor::datafiles {
@@ -138,8 +139,9 @@ LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
     models::correlate_august(r);
     loaded.VPCode = best_vapour_pressure_code(r);
     if (!(static_cast<double>(r.Tboil) > kPresent) && loaded.VPCode != "000")
-        r.Tboil = single_or_zero(
-            models::boiling_temperature(r, constants::kNormalPressure, loaded.VPCode).T);
+        r.Tboil = single_or_zero(models::boiling_temperature(r, constants::kNormalPressure,
+                                                             models::vp_of_code(loaded.VPCode))
+                                     .T);
 
     mend_sinh(r.cpSinh);
     form_cp_flags(r);

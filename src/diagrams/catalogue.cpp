@@ -120,7 +120,7 @@ std::string title_of(const CatalogueRow& row) {
     if (row.code == 301 && the_session.CaloricUnit == kSpecific)
         title = "specific" + title.substr(std::string_view("molar").size());
     if (const std::string_view equation = pressure_equation_of(row.code); !equation.empty())
-        title += text::trim(models::vp_name(models::vp_index(equation)));
+        title += text::trim(models::vp_name(models::vp_of_code(equation)));
     if (row.prefixed)
         title.insert(0, the_session.CaloricUnit == kSpecific ? "specific " : "molar ");
     return title;
@@ -128,7 +128,8 @@ std::string title_of(const CatalogueRow& row) {
 
 std::string validity_text(const CatalogueRow& row, const diagrams::DiagramRequest& request) {
     std::string text(row.suffix);
-    if (row.code == 302) text += the_models.CpModel == 2 ? "sinh/cosh function)" : "Polynom)";
+    if (row.code == 302)
+        text += the_models.CpModel == models::CpForm::sinhCosh ? "sinh/cosh function)" : "Polynom)";
     if (row.code != 300 && row.code != 301) text += ", validity T = ";
     return text + numbers::General(request.validityLow) + " ..." +
            numbers::General(request.validityHigh) + " K";
@@ -196,7 +197,8 @@ void FillTexts(diagrams::DiagramRequest& request) {
 
 OpeningAnswer AnswerOf(const diagrams::DiagramRequest& request) {
     const std::int16_t code = request.DiagramType;
-    if (code == 19 && the_models.CpModel == 0) return {false, "No cp(idGas) parameters available"};
+    if (code == 19 && the_models.CpModel == models::CpForm::none)
+        return {false, "No cp(idGas) parameters available"};
     if (request.sectionKind == kDatabase && !HasDatabaseFunction(code))
         return {false, "No parameters for this function in the database"};
     if (request.sectionKind != kProjection || !the_models.EOSOnlyV || code == 106) return {};

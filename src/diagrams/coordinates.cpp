@@ -1,4 +1,5 @@
 #include "diagrams/coordinates.h"
+#include "legacy/wrappers.h"
 
 #include <algorithm>
 #include <cmath>

@@ -70,7 +70,8 @@ class DomeWalk {
 
     /// Where the walk has to end: at the triple point, or nowhere.
     double lowest_T() const {
-        const bool realOnly = the_session.CurveRealRangeOnly && c.fluid.models().EOSModel > 0;
+        const bool realOnly =
+            the_session.CurveRealRangeOnly && c.fluid.models().EOSModel > models::Eos::idealGas;
         return realOnly ? static_cast<double>(c.substance.Ttriple) : 0;
     }
 

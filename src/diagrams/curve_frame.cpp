@@ -42,11 +42,11 @@ void Curve::prepare() {
     M = static_cast<double>(substance.M);
     if (T > 0) {
         the_session.CaloricFactor = caloric(T);
-        pLVCorr = models::vapour_pressure(substance, T, fluid.models().VPCode).p;
+        pLVCorr = models::vapour_pressure(substance, T, fluid.models().VPModel).p;
         if (subcritical_T()) atT = equilibrium_at_T(fluid, T);
     }
     if (p > 0) {
-        TLVCorr = models::boiling_temperature(substance, p, fluid.models().VPCode).T;
+        TLVCorr = models::boiling_temperature(substance, p, fluid.models().VPModel).T;
         if (subcritical_p()) atP = equilibrium_at_p(fluid, p);
     }
     models::settle_reference(legacy::the_reference);
@@ -73,7 +73,8 @@ void Curve::add_tested_by_y(double x, double y, double z) {
 }
 
 bool Curve::below_triple() {
-    if (the_session.CurveRealRangeOnly && fluid.models().EOSModel > 0) return false;
+    if (the_session.CurveRealRangeOnly && fluid.models().EOSModel > models::Eos::idealGas)
+        return false;
     status = CurveStatus::kBelowTriple;
     return true;
 }

@@ -209,7 +209,7 @@ void saturation_function_pairs(Curve& c) {
     // T comes from the vapour pressure equation, the state from the EOS at this T; without an
     // equation the EOS gives both.
     const auto add_at_pressure = [&](double p) {
-        double T = models::boiling_temperature(c.substance, p, c.fluid.models().VPCode).T;
+        double T = models::boiling_temperature(c.substance, p, c.fluid.models().VPModel).T;
         if (!(T > 0)) T = equilibrium_at_p(c.fluid, p).T;
         if (T < kPresent || T >= critical.T || !c.is_real_at_T(T)) return;
         const Equilibrium e = equilibrium_at_T(c.fluid, T, p);

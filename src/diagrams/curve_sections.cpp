@@ -38,7 +38,7 @@ double upper_pressure(const Curve& c) {
 
 void virial_isotherm_over_p(Curve& c) {
     models::EOSState state;
-    const double B = models::second_virial(c.fluid, c.fluid.models().EOSModel, c.T, state);
+    const double B = models::second_virial(c.fluid, c.T, state);
     Steps loop = Steps::clamped(c.xMin, upper_pressure(c), c.dX);
     for (double x; loop.next(x);) {
         const double p = std::fmax(x / c.PF, kLowestPressure);
@@ -104,7 +104,7 @@ void add_on_isobar(Curve& c, double T, double v) {
 double isobar_volume(const Curve& c, double T) {
     if (c.vapour_only()) {
         models::EOSState state;
-        return R * T / c.p + models::second_virial(c.fluid, c.fluid.models().EOSModel, T, state);
+        return R * T / c.p + models::second_virial(c.fluid, T, state);
     }
     const models::CubicRoots roots = models::solve_cubic(models::eos_at(c.fluid, T), T, c.p);
     if (roots.status != kSuccess) return 0;
@@ -186,7 +186,7 @@ void isochore_p_T(Curve& c) {
         const auto p = c.pressure(T, c.v);
         if (!p) continue;
         pLV = byEOS ? equilibrium_at_T(c.fluid, T, pLV).p
-                    : models::vapour_pressure(c.substance, T, c.fluid.models().VPCode).p;
+                    : models::vapour_pressure(c.substance, T, c.fluid.models().VPModel).p;
         const bool reached = the_session.CurveRealRangeOnly && pLV > 0 &&
                              ((c.v > vcrit && *p > pLV) || (c.v < vcrit && *p < pLV));
         if (reached) {

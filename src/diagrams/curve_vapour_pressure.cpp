@@ -1,3 +1,4 @@
+#include "legacy/wrappers.h"
 #include "models/vapour_pressure.h"
 
 #include <array>
@@ -18,7 +19,7 @@ namespace {
 double saturation_pressure(const Curve& c, double T, double near) {
     const models::ModelSelection& m = c.fluid.models();
     if (m.PriorityCEOS && !m.EOSOnlyV) return equilibrium_at_T(c.fluid, T, near).p;
-    return models::vapour_pressure(c.substance, T, m.VPCode).p;
+    return models::vapour_pressure(c.substance, T, m.VPModel).p;
 }
 
 /// Passes over 1/T from the critical point; gives T/K to the body.
@@ -62,8 +63,10 @@ void vapour_pressure_logarithmic(Curve& c) {
 void vapour_pressure_slope(Curve& c) {
     constexpr double kBelowAll = -37000;
     constexpr std::string_view kCaption = "; maximum at T/K = ";
-    constexpr std::array<std::string_view, 4> kWithMaximum = {"FRO", "WAG", "KFW", "KFR"};
-    const std::string& code = c.fluid.models().VPCode;
+    using enum models::VapourPressureEquation;
+    constexpr std::array kWithMaximum = {frostKalkwarf, wagner, frostVanDerWaals,
+                                         frostRedlichKwong};
+    const models::VapourPressureEquation code = c.fluid.models().VPModel;
 
     double largest = kBelowAll, xLargest = 0;
     over_inverse_T(c, [&](double x, double T) {
@@ -91,7 +94,7 @@ void heat_of_vaporisation(Curve& c) {
     for (double x; loop.next(x);) {
         const double T = x / c.TF;
         if (!(T > 0) || T > c.substance.Tcrit || !c.is_real_at_T(T)) continue;
-        const auto r = models::enthalpy_of_vaporisation(m.HLVModel, T, 0, m.VPCode, false);
+        const auto r = models::enthalpy_of_vaporisation(m.HLVModel, T, 0, m.VPModel, false);
         if (r.status != kSuccess) continue;
         hasPressure = hasPressure || r.p > 0;
         c.add(x, r.h * c.caloric(T), r.p > 0 ? r.p : 0);

@@ -1,4 +1,6 @@
 #include "diagrams/database_functions.h"
+#include "legacy/wrappers.h"
+#include "models/model_tables.h"
 
 #include <algorithm>
 #include <array>
@@ -23,7 +25,6 @@ using models::SubstanceRecord;
 
 constexpr std::int16_t kDensityL = 300, kVolumeL = 301, kCpIdeal = 302, kCpL = 303, kCpS = 304,
                        kVaporisation = 305, kDensityS = 310;
-constexpr std::int16_t kSinhCosh = 2;  // CpModel
 
 constexpr std::int16_t kFirstPressure = 306;
 constexpr std::array<std::string_view, 4> kPressureEquations = {"FRO", "WAG", "ALP", "AHP"};
@@ -122,7 +123,8 @@ double liquid_volume_factor() {
 std::optional<double> database_value(std::int16_t code, double T) {
     if (!(T > 0)) return std::nullopt;
     if (const std::string_view equation = pressure_equation_of(code); !equation.empty()) {
-        const auto r = models::vapour_pressure(legacy::the_substance, T, equation);
+        const auto r =
+            models::vapour_pressure(legacy::the_substance, T, models::vp_of_code(equation));
         return times(if_present(r.p, r.status), static_cast<double>(the_session.PressureFactor));
     }
     switch (code) {
@@ -148,7 +150,7 @@ std::optional<double> database_value(std::int16_t code, double T) {
             return caloric(T, r.cp, r.status);
         }
         case kVaporisation: {
-            const models::EnthalpyEquationResult r = models::enthalpy_equation_value(T);
+            const models::EnthalpyEquationResult r = models::EnthalpyEquationValue(T);
             return caloric(T, r.h, r.status);
         }
         default:
@@ -167,7 +169,7 @@ Validity validity_of(std::int16_t code) {
         case kDensityS:
             return density_range(s.rhoSTLo, s.rhoSTHi, s.rhoSPar[0], s.rhoSPar[2]);
         case kCpIdeal:
-            return cp_range(the_models.CpModel == kSinhCosh ? s.cpSinh : s.cpPoly);
+            return cp_range(the_models.CpModel == models::CpForm::sinhCosh ? s.cpSinh : s.cpPoly);
         case kCpL:
             return cp_range(s.cpL);
         case kCpS:

@@ -6,7 +6,8 @@ namespace quor::diagrams {
 
 double end_of_dome(const Curve& c) {
     const auto triple = static_cast<double>(c.substance.ptriple);
-    const bool realOnly = legacy::the_session.CurveRealRangeOnly && c.fluid.models().EOSModel > 0;
+    const bool realOnly =
+        legacy::the_session.CurveRealRangeOnly && c.fluid.models().EOSModel > models::Eos::idealGas;
     return realOnly && triple < c.substance.pcrit ? triple : 0;
 }
 

@@ -17,8 +17,8 @@ namespace {
 constexpr double kCriticalShare = 1e-5;
 
 bool has_equilibrium(const Fluid& f) {
-    return f.models().EOSModel >= 2 && !f.models().EOSOnlyV && f.substance().Tcrit > 0 &&
-           f.substance().pcrit > 0 && f.eos().vcritCalc > 0;
+    return f.models().EOSModel > models::Eos::idealGas && !f.models().EOSOnlyV &&
+           f.substance().Tcrit > 0 && f.substance().pcrit > 0 && f.eos().vcritCalc > 0;
 }
 
 /// Newton steps on ln p towards equal areas: d(area)/d(ln p) = -p (vV - vL). False when p leaves

@@ -1,4 +1,5 @@
 #include "diagrams/polytropic_exchange.h"
+#include "legacy/wrappers.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +16,7 @@
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "models/caloric.h"
-#include "models/ji_torvik.h"
+#include "models/parameter_program.h"
 #include "models/state_solver.h"
 #include "session/module2.h"
 

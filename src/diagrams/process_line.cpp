@@ -1,5 +1,6 @@
 #include "diagrams/process_line.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 
 #include <algorithm>
 #include <cmath>

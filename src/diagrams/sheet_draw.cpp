@@ -80,7 +80,7 @@ CurveName isochore_name(bool criticalPointMarked, std::int16_t code) {
 
 /// Names of the list of equations are padded with blanks.
 std::string equation_name(std::string_view code) {
-    return text::trim(models::vp_name(models::vp_index(code)));
+    return text::trim(models::vp_name(models::vp_of_code(code)));
 }
 
 std::string database_equation(std::int16_t code) {

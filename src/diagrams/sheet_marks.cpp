@@ -1,5 +1,6 @@
 #include "diagrams/sheet_marks.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 
 #include <cmath>
 #include <initializer_list>
@@ -237,7 +238,7 @@ bool mark_t_grenzen(DiagramSheet& sheet) {
     line("T(triple)", the_substance.Ttriple);
     if (the_session.PartialGasCurve) {
         line("                      T(LV) at p",
-             models::BoilingTemperature(the_session.DiagramP, the_models.VPCode, false).T);
+             models::BoilingTemperature(the_session.DiagramP, the_models.VPModel, false).T);
         line("                      T(LV) at normal pressure", the_substance.Tboil);
     }
     return has_reference_lines(sheet);
@@ -260,7 +261,7 @@ bool mark_pressures(DiagramSheet& sheet) {
         ++index;
     };
     line("p(cr)", the_substance.pcrit);
-    line("p(LV) at T ", models::VapourPressure(the_session.DiagramT, the_models.VPCode, false).p);
+    line("p(LV) at T ", models::VapourPressure(the_session.DiagramT, the_models.VPModel, false).p);
     line(logarithm ? "Normal-p" : "normal p", constants::kNormalPressure);
     return has_reference_lines(sheet);
 }

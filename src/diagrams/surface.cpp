@@ -1,4 +1,5 @@
 #include "diagrams/surface.h"
+#include "legacy/wrappers.h"
 
 #include <array>
 

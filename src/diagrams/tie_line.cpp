@@ -1,5 +1,6 @@
 #include "diagrams/tie_line.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 
 #include "diagrams/catalogue.h"
 #include "diagrams/curve_kinds.h"

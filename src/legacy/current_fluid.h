@@ -7,10 +7,7 @@
 namespace quor::models {
 
 /// The fluid of the process-level records.
-inline Fluid current_fluid() {
-    return {legacy::the_substance, legacy::the_models, legacy::the_eosParameters,
-            legacy::the_jiTorvik};
-}
+Fluid current_fluid();
 
 /// The units of the process-level records. Throws as `make_units`.
 inline Units current_units() {

@@ -24,24 +24,16 @@ CpResult polynomial_cp(const models::CpSet& set, double T);
 /// cp = C0 + C1 (x/sinh x)^2 + C3 (y/cosh y)^2 with x = C2/T and y = C4/T (L. A. Aly, L. L. Lee,
 /// Fluid Phase Equilib. 6 (1981) 169-179). Status -1 on a fault, as when exp(C2/T) overflows.
 CpResult sinh_cosh_cp(const models::CpSet& set, double T);
-/// cp of the ideal gas by a form of the table of cp forms: 1 polynomial, 2 sinh/cosh, else none.
-CpResult ideal_gas_cp(const models::SubstanceRecord& s, std::int16_t form, double T);
-
-/// cp of the ideal gas at T/K by the active form; status -1 when there is none or on a fault.
-CpResult IdealGasCp(double T);
-/// cp of the liquid and of the solid by the database polynomial.
-CpResult cp_liquid(double T);
-CpResult cp_solid(double T);
+/// cp of the ideal gas by a form of the table of cp forms.
+CpResult ideal_gas_cp(const models::SubstanceRecord& s, CpForm form, double T);
 
 struct IdealGasState {
     double cp = 0, h = 0, s = 0;  ///< kJ/(kmol K), kJ/kmol, kJ/(kmol K)
     Status status = kSuccess;
 };
 /// cp, h, s of the ideal gas at T/K and p/kPa. `reference` must be settled (reference_state.h).
-IdealGasState ideal_gas_functions(const models::SubstanceRecord& s, std::int16_t form,
+IdealGasState ideal_gas_functions(const models::SubstanceRecord& s, CpForm form,
                                   const models::ReferenceState& reference, double T, double p);
-/// cp, h, s of the ideal gas at T/K and p/kPa, from the active reference state.
-IdealGasState IdealGasFunctions(double T, double p);
 
 /// Columns of the residual table.
 enum Residual {
@@ -74,8 +66,6 @@ struct PhaseTable {
 /// `state` holds a, b, c, d at T.
 PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState& state, double T,
                               double p, double v);
-/// The same by the active equation; leaves a, b, c, d at T in `legacy::the_eosState`.
-PhaseTable ResidualFunctions(double T, double p, double v);
 
 struct StateValues {
     double h = 0, u = 0, s = 0, g = 0, a = 0, cp = 0, cv = 0, w = 0, eH = 0, eU = 0;
@@ -99,19 +89,15 @@ Surroundings surroundings_state(const models::Fluid& fluid,
 StateValues state_functions(const models::Fluid& fluid, const models::ReferenceState& reference,
                             const Surroundings& surroundings, double T, double p, double v);
 
-/// All caloric values of a state with its exergies (kJ/kmol, kJ/(kmol K), m/s). It does not disturb
-/// `legacy::the_vRoots`, `PhaseRegion`, or `eosState` of the caller's state. The surroundings are
-/// evaluated once and again only when the model, the substance or the reference state changes.
-StateValues StateFunctions(double T, double p, double v);
-
 struct SaturationValues {
     double p = 0;           ///< kPa
     double vV = 0, vL = 0;  ///< m^3/kmol
     StateValues V, L;
     Status status = kSuccess;
 };
-/// Both phases at T/K from the cubic EOS.
-SaturationValues SaturationFunctions(double T);
+/// Both phases at T/K from the cubic EOS. `reference` must be settled.
+SaturationValues saturation_functions(const Fluid& fluid, const ReferenceState& reference,
+                                      const Surroundings& surroundings, double T);
 
 struct Inflexion {
     int count = 0;                             ///< 0, 1 or 2
@@ -120,7 +106,5 @@ struct Inflexion {
 };
 /// Points of inflexion at T/K of p = R T/(v - b) - a/((v + c)(v + d)) with v > b.
 Inflexion inflexion_points(const models::EOSState& state, double T);
-/// Points of inflexion of the p-v isotherm at T/K, ascending in v; none for V-only models.
-Inflexion InflexionPoints(double T);
 
 }  // namespace quor::models

@@ -76,29 +76,6 @@ DensityResult density_solid(const SubstanceRecord& s, float temperature) {
     return physical(r.rho) ? r : failed();
 }
 
-DensityResult density_l(float T, bool warn) {
-    const DensityResult r = density_liquid(legacy::the_substance, T);
-    if (warn && std::abs(r.deviation) > kSilentDeviation) {
-        dialogs::tell(" temperature" + std::to_string(r.deviation) +
-                          " K outside parameter validity\n"
-                          "(for temperature range cf. window \"Models\")",
-                      "Warning concerning the equation rho_L = Fu(T)");
-    }
-    return r;
-}
-
-DensityResult density_s(float T, bool warn) {
-    const SubstanceRecord& s = legacy::the_substance;
-    const DensityResult r = density_solid(s, T);
-    if (warn && std::abs(r.deviation) > kSilentDeviation) {
-        dialogs::tell(" Temperature" + std::to_string(r.deviation) +
-                          " K outside T-range of the parameters\n(range of validity: " +
-                          std::to_string(s.rhoSTLo) + " ... " + std::to_string(s.rhoSTHi) + ")",
-                      "Warning concerning the function rho(S) = Fu(T)");
-    }
-    return r;
-}
-
 double density_l_benson(double T, double Tcrit, double rhocrit, double rhoV,
                         const models::BensonPoint& reference) {
     const auto Tref = static_cast<double>(reference.T);

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "common/status.h"
-#include "legacy/declare.h"
+#include "models/reference_record.h"
+#include "models/substance_record.h"
 
 namespace quor::models {
 
@@ -24,10 +25,6 @@ DensityResult density_liquid(const models::SubstanceRecord& s, float T);
 /// Solid density at T/K: the cubic polynomial when both limits are given, s0 + s1 T for TLo = 0, or
 /// 0 when there is neither.
 DensityResult density_solid(const models::SubstanceRecord& s, float T);
-
-/// The same for the active substance; with `warn` a box tells of more than 5 K outside the range.
-DensityResult density_l(float T, bool warn);
-DensityResult density_s(float T, bool warn);
 
 /// L density at T/K by Benson's method (the law of rectilinear diameter of Cailletet and Mathias);
 /// rhoV is the V density at T. Only the sum of the densities of the reference point enters. 0 when

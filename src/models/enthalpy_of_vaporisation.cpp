@@ -1,11 +1,8 @@
 #include "models/enthalpy_of_vaporisation.h"
-#include "legacy/current_fluid.h"
 
 #include <cmath>
-#include <cstdlib>
 
 #include "common/constants.h"
-#include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "models/caloric.h"
@@ -35,14 +32,6 @@ struct Request {
     const SubstanceRecord& substance() const { return fluid.substance(); }
 };
 
-constexpr std::int16_t kDatabaseEquation = 1;
-constexpr std::int16_t kChen = 2;
-constexpr std::int16_t kCarruthKobayashi = 3;
-constexpr std::int16_t kWatson = 4;
-constexpr std::int16_t kDatabaseDensity = 5;
-constexpr std::int16_t kBenson = 6;
-constexpr std::int16_t kCubicEOS = 7;
-
 bool given(double value) {
     return value > kPresent;
 }
@@ -55,14 +44,16 @@ bool fail(Result& r, const char* explanation) {
 
 /// p from T, for the methods that need it.
 bool pair_pressure(const Request& q, Result& r) {
-    if (q.method.code == kCubicEOS) {
+    if (q.method.model == VaporisationModel::cubicEos) {
         const Saturation sat = saturation_pressure(q.fluid, r.T);
         r.p = sat.p;
         if (sat.status != kSuccess || !given(sat.p)) return fail(r, "p(LV) by EOS: Error ");
         r.explanation = "p = p(LV) by using cubic EOS";
         return true;
     }
-    if (q.method.code != kChen && q.method.code != kDatabaseDensity && q.method.code != kBenson)
+    if (q.method.model != VaporisationModel::chen &&
+        q.method.model != VaporisationModel::databaseDensity &&
+        q.method.model != VaporisationModel::benson)
         return true;
     const VapourPressureResult found = vapour_pressure(q.substance(), r.T, q.method.vpCode);
     r.p = found.p;
@@ -76,7 +67,7 @@ bool pair_pressure(const Request& q, Result& r) {
 
 /// T from p.
 bool pair_temperature(const Request& q, Result& r) {
-    if (q.method.code == kCubicEOS) {
+    if (q.method.model == VaporisationModel::cubicEos) {
         const Saturation sat = saturation_temperature(q.fluid, r.p);
         r.T = sat.T;
         if (sat.status != kSuccess || !given(sat.T)) return fail(r, "T(LV) by using EOS: Error ");
@@ -148,7 +139,7 @@ double clausius_clapeyron(const Request& q, Result& r) {
     const StateTP state = solve_state_tp(q.fluid, r.T, r.p);
     r.v = state.v;
     r.rhoV = state.rhoV;
-    if (q.method.code == kDatabaseDensity) {
+    if (q.method.model == VaporisationModel::databaseDensity) {
         const DensityResult liquid = density_liquid(q.substance(), static_cast<float>(r.T));
         r.rhoL = liquid.rho;
         r.densityDeviation = liquid.deviation;
@@ -186,57 +177,23 @@ double cubic_eos(const Request& q, Result& r) {
 double evaluate(const Request& q, Result& r) {
     const SubstanceRecord& s = q.substance();
     const float exponent = q.fluid.models().WatsonN;
-    switch (q.method.code) {
-        case kDatabaseEquation:
+    switch (q.method.model) {
+        case VaporisationModel::databaseEquation:
             return database_equation(s, r);
-        case kChen:
+        case VaporisationModel::chen:
             r.explanation = "Chen-correlation";
             return chen(s, r.T, r.p);
-        case kCarruthKobayashi:
+        case VaporisationModel::carruthKobayashi:
             r.explanation = "Carruth/Kobayashi-correlation";
             return carruth_kobayashi(s, r.T);
-        case kWatson:
+        case VaporisationModel::watson:
             r.explanation = "WATSON-correlation, n =" + numbers::General(exponent);
             return watson(s, static_cast<double>(exponent), r.T);
-        case kCubicEOS:
+        case VaporisationModel::cubicEos:
             return cubic_eos(q, r);
         default:
             return clausius_clapeyron(q, r);
     }
-}
-
-/// The row of experimental data that may stand in for a missing T or p.
-calculation::BatchDataSet data_row(std::int16_t index) {
-    const auto i = static_cast<std::size_t>(index);
-    return index > 0 && i < legacy::the_BatchData.size() ? legacy::the_BatchData[i]
-                                                         : calculation::BatchDataSet{};
-}
-
-void tell_range(const std::string& text, const char* equation) {
-    dialogs::tell(text, std::string("Warning concerning ") + equation);
-}
-
-/// Boxes on temperatures far outside the ranges of the equations used.
-void tell_ranges(const Result& r) {
-    constexpr int kSilent = 5, kSilentPressure = 10;
-    constexpr auto kPressure = "vapour pressure equation";
-    constexpr auto kPressureRange =
-        " K outside parameter validity\n(cf. Data/Parameters vapour pressure equ.)";
-    if (std::abs(r.pressureDeviation) > kSilentPressure)
-        tell_range(" temperature" + numbers::Format(r.pressureDeviation, "0") + kPressureRange,
-                   kPressure);
-    if (std::abs(r.temperatureDeviation) > kSilentPressure)
-        tell_range("Temperature " + numbers::Format(r.temperatureDeviation, "0") + kPressureRange,
-                   kPressure);
-    if (std::abs(r.deviation) > kSilent)
-        tell_range("Temperature " + std::to_string(r.deviation) +
-                       " K outside parameter validity\n(cf. Data/Parameters delta(LV)h = Fu(T))",
-                   "equation delta(LV)h = Fu(T)");
-    if (std::abs(r.densityDeviation) > kSilent)
-        tell_range(" temperature" + std::to_string(r.densityDeviation) +
-                       " K outside parameter validity\n"
-                       "(for temperature range cf. window \"Models\")",
-                   "the equation rho_L = Fu(T)");
 }
 
 }  // namespace
@@ -248,7 +205,7 @@ EnthalpyOfVaporisationResult enthalpy_of_vaporisation(const Fluid& fluid,
     Result r;
     r.T = T;
     r.p = p;
-    if (method.code < kDatabaseEquation || method.code > kCubicEOS) {
+    if (method.model == VaporisationModel::none) {
         r.status = kFailure;
         return r;
     }
@@ -266,17 +223,6 @@ EnthalpyOfVaporisationResult enthalpy_of_vaporisation(const Fluid& fluid,
     return r;
 }
 
-EnthalpyOfVaporisationResult enthalpy_of_vaporisation(std::int16_t method, double T, double p,
-                                                      std::string_view vpCode, bool warn,
-                                                      std::int16_t dataSet) {
-    const calculation::BatchDataSet row = data_row(dataSet);
-    const Result r = enthalpy_of_vaporisation(
-        current_fluid(),
-        {method, vpCode, legacy::the_session.calculation.method.reference, row.T, row.p}, T, p);
-    if (warn) tell_ranges(r);
-    return r;
-}
-
 EnthalpyEquationResult enthalpy_equation(const SubstanceRecord& s, double T) {
     const auto Tc = static_cast<double>(s.hLVTc);
     const EnthalpyEquationResult failure{0.0, kFailure};
@@ -290,10 +236,6 @@ EnthalpyEquationResult enthalpy_equation(const SubstanceRecord& s, double T) {
     const double h = a(0) * std::exp(-a(1) * Tr) * std::pow(1.0 - Tr, exponent);
     if (!std::isfinite(h)) return failure;
     return {h, kSuccess};
-}
-
-EnthalpyEquationResult enthalpy_equation_value(double T) {
-    return enthalpy_equation(legacy::the_substance, T);
 }
 
 }  // namespace quor::models

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 #include "common/status.h"
 #include "models/fluid.h"
@@ -15,9 +14,9 @@ struct EnthalpyOfVaporisationResult {
     std::int32_t h = 0;          ///< kJ/kmol, rounded to a whole number
     double raw = 0;              ///< before rounding
     double T = 0, p = 0;         ///< K and kPa at which it was evaluated
-    double zV = 0, zL = 0;       ///< compressibility factors (methods 5, 6, 7)
-    double rhoV = 0, rhoL = 0;   ///< kg/m^3 (methods 5, 6, 7)
-    std::int16_t deviation = 0;  ///< K outside the range of method 1
+    double zV = 0, zL = 0;       ///< compressibility factors (Clausius/Clapeyron and the cubic EOS)
+    double rhoV = 0, rhoL = 0;   ///< kg/m^3 (Clausius/Clapeyron and the cubic EOS)
+    std::int16_t deviation = 0;  ///< K outside the range of the database's equation
     /// K outside the ranges of p(LV), T(LV) and of the L density, as far as they were used.
     std::int16_t pressureDeviation = 0, temperatureDeviation = 0, densityDeviation = 0;
     std::array<double, 3> v{};  ///< the volume roots of the last state solved, m^3/kmol
@@ -27,22 +26,16 @@ struct EnthalpyOfVaporisationResult {
 
 /// What an evaluation by a method needs beside the fluid.
 struct VaporisationMethod {
-    std::int16_t code = 0;    ///< 1 to 7
-    std::string_view vpCode;  ///< the vapour pressure equation
-    BensonPoint reference;    ///< second reference point, for method 6
-    double T = 0, p = 0;  ///< measured values that may stand in for a missing T or p, 0 for none
+    VaporisationModel model = VaporisationModel::none;
+    VapourPressureEquation vpCode = VapourPressureEquation::none;
+    BensonPoint reference;  ///< second reference point, for Benson's way
+    double T = 0, p = 0;    ///< measured values that may stand in for a missing T or p, 0 for none
 };
 
 /// delta(LV)h at T/K or p/kPa (a value <= 1E-6 is not given and is found from the other).
 EnthalpyOfVaporisationResult enthalpy_of_vaporisation(const Fluid& fluid,
                                                       const VaporisationMethod& method, double T,
                                                       double p);
-
-/// The same for the active fluid. `dataSet` is the index of the experimental data row that may
-/// stand in for a missing p or T, 0 for none. `warn` allows message boxes of range warnings.
-EnthalpyOfVaporisationResult enthalpy_of_vaporisation(std::int16_t method, double T, double p,
-                                                      std::string_view vpCode, bool warn,
-                                                      std::int16_t dataSet = 0);
 
 struct EnthalpyEquationResult {
     double h = 0;  ///< kJ/kmol
@@ -52,7 +45,5 @@ struct EnthalpyEquationResult {
 /// without a range test. 0 from Tc of the set up to the critical point of the substance; status -1
 /// above both, without a Tc, and on a fault.
 EnthalpyEquationResult enthalpy_equation(const models::SubstanceRecord& s, double T);
-/// The same for the active substance.
-EnthalpyEquationResult enthalpy_equation_value(double T);
 
 }  // namespace quor::models

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "models/eos_records.h"
-#include "models/model_selection.h"
+#include "common/result.h"
+#include "models/equation_of_state.h"
 #include "models/substance_record.h"
 
 namespace quor::models {
@@ -13,17 +13,22 @@ namespace quor::models {
 class Fluid {
   public:
     /// A fluid without data and without an equation of state.
-    Fluid() : Fluid({}, {}, {}, {}) {}
+    Fluid();
     /// `eos` and `jt` are the constants that belong to the substance and the choice.
-    Fluid(SubstanceRecord substance, ModelSelection models, EOSParameters eos,
-          JiTorvikParameters jt)
-        : parts_(std::make_shared<const Parts>(
-              Parts{std::move(substance), std::move(models), eos, jt})) {}
+    Fluid(SubstanceRecord substance, const ModelSelection& models, const EOSParameters& eos,
+          const JiTorvikParameters& jt);
+
+    /// The fluid of a substance and a choice, with the constants that follow. Fails where the
+    /// equation of state needs data that the substance lacks.
+    static Result<Fluid> make(SubstanceRecord substance, const ModelSelection& models);
+    /// The same substance with another equation of state.
+    Result<Fluid> with(Eos eos) const;
 
     const SubstanceRecord& substance() const { return parts_->substance; }
     const ModelSelection& models() const { return parts_->models; }
     const EOSParameters& eos() const { return parts_->eos; }
     const JiTorvikParameters& jt() const { return parts_->jt; }
+    const EquationOfState& equation() const { return *parts_->equation; }
 
     /// True when both stand for the very same value, not only for equal ones.
     bool is_same(const Fluid& other) const { return parts_ == other.parts_; }
@@ -37,6 +42,7 @@ class Fluid {
         ModelSelection models;
         EOSParameters eos;
         JiTorvikParameters jt;
+        const EquationOfState* equation;
 
         bool operator==(const Parts&) const = default;
     };

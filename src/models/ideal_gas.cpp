@@ -2,7 +2,6 @@
 #include <cmath>
 
 #include "common/constants.h"
-#include "legacy/declare.h"
 #include "models/caloric.h"
 #include "models/reference_state.h"
 
@@ -116,13 +115,13 @@ CpResult sinh_cosh_cp(const models::CpSet& set, double T) {
     return checked(c(0) + c(1) * square(x / sinhX) + c(3) * square(y / coshY));
 }
 
-CpResult ideal_gas_cp(const models::SubstanceRecord& s, std::int16_t form, double T) {
-    if (form == 1) return polynomial_cp(s.cpPoly, T);
-    if (form == 2) return sinh_cosh_cp(s.cpSinh, T);
+CpResult ideal_gas_cp(const models::SubstanceRecord& s, CpForm form, double T) {
+    if (form == CpForm::polynomial) return polynomial_cp(s.cpPoly, T);
+    if (form == CpForm::sinhCosh) return sinh_cosh_cp(s.cpSinh, T);
     return {0.0, kFailure};
 }
 
-IdealGasState ideal_gas_functions(const models::SubstanceRecord& s, std::int16_t form,
+IdealGasState ideal_gas_functions(const models::SubstanceRecord& s, CpForm form,
                                   const models::ReferenceState& reference, double T, double p) {
     IdealGasState failure;
     failure.status = kFailure;
@@ -130,31 +129,14 @@ IdealGasState ideal_gas_functions(const models::SubstanceRecord& s, std::int16_t
     if (cp.status != kSuccess) return failure;
 
     const auto T0 = static_cast<double>(reference.T0);
-    const Difference d =
-        form == 1 ? polynomial_difference(s.cpPoly, T, T0) : sinh_cosh_difference(s.cpSinh, T, T0);
+    const Difference d = form == CpForm::polynomial ? polynomial_difference(s.cpPoly, T, T0)
+                                                    : sinh_cosh_difference(s.cpSinh, T, T0);
     if (!d.valid) return failure;
 
     const ReferenceBase base = reference_base(s, reference, p);
     const IdealGasState state{cp.cp, d.h + base.h + reference.href, d.s + base.s + reference.sref,
                               kSuccess};
     return std::isfinite(state.h) && std::isfinite(state.s) ? state : failure;
-}
-
-CpResult IdealGasCp(double T) {
-    return ideal_gas_cp(legacy::the_substance, legacy::the_models.CpModel, T);
-}
-
-CpResult cp_liquid(double T) {
-    return polynomial_cp(legacy::the_substance.cpL, T);
-}
-CpResult cp_solid(double T) {
-    return polynomial_cp(legacy::the_substance.cpS, T);
-}
-
-IdealGasState IdealGasFunctions(double T, double p) {
-    settle_reference(legacy::the_reference);
-    return ideal_gas_functions(legacy::the_substance, legacy::the_models.CpModel,
-                               legacy::the_reference, T, p);
 }
 
 }  // namespace quor::models

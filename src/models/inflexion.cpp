@@ -1,7 +1,6 @@
 #include <cmath>
 
 #include "common/constants.h"
-#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 
@@ -113,11 +112,6 @@ Inflexion inflexion_points(const EOSState& state, double T) {
     add(r, state, T, f.volume(zero(f, middle, beyond(f, middle, -1.0))));
     add(r, state, T, f.volume(zero(f, middle, beyond(f, middle, 1.0))));
     return r;
-}
-
-Inflexion InflexionPoints(double T) {
-    if (legacy::the_models.EOSOnlyV) return {};
-    return inflexion_points(models::eos_at(models::current_fluid(), T), T);
 }
 
 }  // namespace quor::models

@@ -1,206 +1,143 @@
-#include "models/ji_torvik.h"
+#include <cmath>
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <thread>
-#include <vector>
-
-#include "common/dialogs.h"
-#include "common/numbers.h"
-#include "common/text.h"
-#include "session/module2.h"
-
-extern char** environ;
+#include "common/constants.h"
+#include "common/faults.h"
+#include "models/cubic_forms.h"
+#include "models/equations.h"
+#include "models/fluid.h"
 
 namespace quor::models {
 
+using constants::R;
+
 namespace {
 
-using legacy::the_substance;
-
-std::chrono::milliseconds parameterWait{100000};
-bool parametersGiven = false;
-
-std::string number(double value) {
-    return numbers::format_point(value, "0.00000000E+00");
+void ji_torvik_coefficients(const SubstanceRecord& s, JiTorvikParameters& jt) {
+    // The critical point fixes the three coefficients through jtZc: jtOmegaB is the real root of a
+    // cubic equation, taken by Cardano's formula.
+    const double zc = jt.jtZc;
+    const double cbrt2 = std::cbrt(2.0);
+    const double L = 6 * zc - 1;
+    const double N = 1 - 3 * zc;
+    const double Y = 27 * zc * zc * zc + 27 * N * zc * zc - 2 * N * N * N;
+    const double D = Y * Y + 4 * L * L * L;
+    if (D < 0) throw faults::Fault(faults::kInvalidArgument);
+    const double S = std::cbrt(std::sqrt(D) + Y);
+    jt.jtOmegaB = faults::finite(-N / 3 - cbrt2 * L / (3 * S) + S / (3 * cbrt2));
+    jt.jtOmegaC = faults::divide(1 - 3 * zc + jt.jtOmegaB, jt.jtOmegaB);
+    jt.jtOmegaA =
+        3 * zc * zc + jt.jtOmegaC * jt.jtOmegaB + 2 * jt.jtOmegaC * jt.jtOmegaB * jt.jtOmegaB;
+    jt.jtA0 = faults::divide(jt.jtOmegaA * R * R * s.Tcrit * s.Tcrit, s.pcrit);
 }
 
-std::string joined(const std::vector<double>& values) {
-    std::string line;
-    for (const double v : values) line += (line.empty() ? "" : ", ") + number(v);
-    return line;
+/// The parameters are fitted to the substance; the rest follows from its critical point.
+EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models) {
+    EosConstants k{.power = {}, .jiTorvik = models.jiTorvik};
+    ji_torvik_coefficients(s, k.jiTorvik);
+    return k;
 }
 
-/// How the parameter program sorts the vapour pressure equations.
-struct EquationClass {
-    int kind, flag;
-};
-
-EquationClass equation_class(const std::string& code) {
-    if (code == "AHP") return {1, 0};
-    if (code == "AUG") return {1, 1};
-    if (code == "FRO" || code == "KFR" || code == "KFW") return {2, 0};
-    if (code == "WAG") return {3, 1};
-    return {0, 0};  // ALP, THO
+EOSState state_of_form1(const Fluid& f, double T) {
+    const JiTorvikParameters& jt = f.jt();
+    const double Tr = T / f.substance().Tcrit;
+    const double x = std::pow(Tr, 0.75);
+    const double u = 1 - x;
+    const double w =
+        Tr > 1 ? 1 + u * jt.jtM : (u * jt.jtQ + jt.jtP) * u * (0.76528558 - x) + u * jt.jtM + 1;
+    const double B = jt.jtOmegaB * R * f.substance().Tcrit / f.substance().pcrit;
+    const double s = std::sqrt(jt.jtOmegaC * jt.jtOmegaC + 4 * jt.jtOmegaC);
+    EOSState e{.eosA = jt.jtA0 * w * w,
+               .eosB = B,
+               .eosC = 0.5 * (jt.jtOmegaC - s) * B,
+               .eosD = 0.5 * (jt.jtOmegaC + s) * B};
+    return e;
 }
 
-/// Ten parameters of the active vapour pressure equation in record order and its two bounds.
-std::vector<double> equation_values(const std::string& code) {
-    std::vector<double> v;
-    double TLo = 0, THi = 0;
-    const auto antoine = [&](const models::VPSetAntoine& s) {
-        for (const float x : {s.A, s.B, s.C}) v.push_back(static_cast<double>(x));
-        TLo = s.TLo;
-        THi = s.THi;
-    };
-    const auto list = [&](const auto& s) {
-        for (const float x : s.a) v.push_back(static_cast<double>(x));
-        TLo = s.TLo;
-        THi = s.THi;
-    };
-    if (code == "ALP") antoine(the_substance.ALP);
-    if (code == "AHP") antoine(the_substance.AHP);
-    if (code == "THO") antoine(the_substance.THO);
-    if (code == "FRO") list(the_substance.FRO);
-    if (code == "KFW") list(the_substance.KFW);
-    if (code == "KFR") list(the_substance.KFR);
-    if (code == "WAG") list(the_substance.WAG);
-    if (code == "AUG")
-        for (const float x : {the_substance.AUG.A, the_substance.AUG.B})
-            v.push_back(static_cast<double>(x));
-    v.resize(10, 0.0);
-    v.push_back(TLo);
-    v.push_back(THi);
-    return v;
+/// Form II multiplies b, c and d with 1 - K (1 - Tr)^2.
+EOSState state_of_form2(const Fluid& f, double T) {
+    EOSState e = state_of_form1(f, T);
+    const double Tr = T / f.substance().Tcrit;
+    const double factor = 1 - f.jt().jtK * (1 - Tr) * (1 - Tr);
+    e.eosB *= factor;
+    e.eosC *= factor;
+    e.eosD *= factor;
+    return e;
 }
 
-std::string exchange_text(std::int16_t code) {
-    const std::string& vp = legacy::the_models.VPCode;
-    const EquationClass kind = equation_class(vp);
-    std::vector<double> density;
-    for (const float x : the_substance.rhoLPar) density.push_back(static_cast<double>(x));
-    density.push_back(the_substance.rhoLTLo);
-    density.push_back(the_substance.rhoLTHi);
+/// a = a0 w(x)^2 with x = (T/Tcrit)^0.75; w is a cubic in x below Tcrit and a line above.
+void ji_torvik_a_slopes(const models::JiTorvikParameters& jt, double Tcrit, double T,
+                        EOSSlopes& s) {
+    constexpr double k = 0.76528558;
+    const double x = std::pow(T / Tcrit, 0.75);
+    const double x1 = 0.75 * x / T;
+    const double x2 = -0.25 * x1 / T;
 
-    std::ostringstream out;
-    out << (code == 7 ? 10 : 11) << "\r\n"
-        << text::trim_right(the_substance.CASRN) << "\r\n"
-        << kind.kind << ", 1, " << kind.flag << "\r\n"
-        << joined({static_cast<double>(the_substance.M), static_cast<double>(the_substance.rhoLTc),
-                   the_substance.Tcrit, the_substance.pcrit, the_substance.rhocrit,
-                   the_substance.omega})
-        << "\r\n"
-        << joined(density) << "\r\n"
-        << joined(equation_values(vp)) << "\r\n";
-    return out.str();
-}
-
-/// Items of a free-format text: separated by blanks, commas and line ends; a quoted text is one.
-std::vector<std::string> free_items(const std::string& s) {
-    std::vector<std::string> items;
-    std::string item;
-    bool quoted = false;
-    for (const char c : s + " ") {
-        if (c == '"' || c == '\'') {
-            quoted = !quoted;
-        } else if (!quoted && (c == ' ' || c == ',' || c == '\t' || c == '\r' || c == '\n')) {
-            if (!item.empty()) items.push_back(item);
-            item.clear();
-        } else {
-            item += c;
-        }
+    const double u = 1.0 - x;
+    double w = 1.0 + u * jt.jtM;
+    double wx = -jt.jtM;
+    double wxx = 0.0;
+    if (T <= Tcrit) {
+        const double f = (u * jt.jtQ + jt.jtP) * u;      // w = f (k - x) + u M + 1
+        const double fx = -(2.0 * u * jt.jtQ + jt.jtP);  // df/dx
+        w += f * (k - x);
+        wx += fx * (k - x) - f;
+        wxx = 2.0 * jt.jtQ * (k - x) - 2.0 * fx;
     }
-    if (!item.empty()) items.push_back(item);
-    return items;
+    const double w1 = wx * x1;
+    const double w2 = wxx * x1 * x1 + wx * x2;
+    s.a1 = 2.0 * jt.jtA0 * w * w1;
+    s.a2 = 2.0 * jt.jtA0 * (w1 * w1 + w * w2);
 }
 
-bool is_number(const std::string& s) {
-    return s.find_first_of("0123456789") != std::string::npos &&
-           s.find_first_not_of("0123456789+-.eEdD") == std::string::npos;
+/// Form II: b, c and d share the factor 1 - K (1 - T/Tcrit)^2.
+void ji_torvik_volume_slopes(const Fluid& fluid, double T, EOSSlopes& s) {
+    const models::JiTorvikParameters& jt = fluid.jt();
+    const double Tcrit = fluid.substance().Tcrit;
+    const double factor1 = 2.0 * jt.jtK * (1.0 - T / Tcrit) / Tcrit;
+    const double factor2 = -2.0 * jt.jtK / (Tcrit * Tcrit);
+
+    const double B = jt.jtOmegaB * R * Tcrit / fluid.substance().pcrit;
+    const double root = std::sqrt(jt.jtOmegaC * jt.jtOmegaC + 4.0 * jt.jtOmegaC);
+    const double C = 0.5 * (jt.jtOmegaC - root) * B;
+    const double D = 0.5 * (jt.jtOmegaC + root) * B;
+    s.b1 = B * factor1;
+    s.b2 = B * factor2;
+    s.c1 = C * factor1;
+    s.c2 = C * factor2;
+    s.d1 = D * factor1;
+    s.d2 = D * factor2;
 }
 
-/// A text, a number that is ignored, then jtM, jtP, jtQ, jtZc and for form II jtK.
-bool read_parameters(const std::string& s, std::int16_t code) {
-    const std::vector<std::string> items = free_items(s);
-    const std::size_t needed = code == 8 ? 7 : 6;
-    if (items.size() < needed) return false;
-    for (std::size_t i = 1; i < needed; ++i)
-        if (!is_number(items[i])) return false;
-    models::JiTorvikParameters jt;
-    jt.jtM = numbers::val(items[2]);
-    jt.jtP = numbers::val(items[3]);
-    jt.jtQ = numbers::val(items[4]);
-    jt.jtZc = numbers::val(items[5]);
-    if (code == 8) jt.jtK = numbers::val(items[6]);
-    if (!(jt.jtZc > 0.0) || !(jt.jtZc < 1.0)) return false;
-    legacy::the_jiTorvik = jt;
-    return true;
+EOSSlopes slopes_of_form1(const Fluid& fluid, const EOSState&, double T) {
+    EOSSlopes s;
+    ji_torvik_a_slopes(fluid.jt(), fluid.substance().Tcrit, T, s);
+    return s;
+}
+
+EOSSlopes slopes_of_form2(const Fluid& fluid, const EOSState& state, double T) {
+    EOSSlopes s = slopes_of_form1(fluid, state, T);
+    ji_torvik_volume_slopes(fluid, T, s);
+    return s;
+}
+
+constexpr EquationOfState form(Eos eos, std::string_view name, decltype(EquationOfState::at) at,
+                               decltype(EquationOfState::slopes) slopes) {
+    return {.eos = eos,
+            .name = name,
+            .family = EosFamily::cubic,
+            .needsOmega = true,
+            .constants = constants_of,
+            .at = at,
+            .slopes = slopes,
+            .secondVirial = cubic_second_virial,
+            .virial = power_virial};
 }
 
 }  // namespace
 
-bool run_program(const std::string& program, const std::string& folder,
-                 std::chrono::milliseconds wait) {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    std::string name = program;
-    char* arguments[] = {name.data(), nullptr};
-    pid_t child = 0;
-    const int error = posix_spawn(&child, program.c_str(), &actions, nullptr, arguments, environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (error != 0) return false;
-    const auto end = std::chrono::steady_clock::now() + wait;
-    while (waitpid(child, nullptr, WNOHANG) == 0) {
-        if (std::chrono::steady_clock::now() >= end) {
-            // The program goes on by itself; its end is collected when it comes.
-            std::thread([child] { waitpid(child, nullptr, 0); }).detach();
-            return true;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return true;
-}
-
-void set_ji_torvik_wait(std::chrono::milliseconds wait) {
-    parameterWait = wait;
-}
-void give_ji_torvik_parameters(bool given) {
-    parametersGiven = given;
-}
-
-Status obtain_ji_torvik_parameters(std::int16_t code) {
-    if (parametersGiven) return kSuccess;
-    legacy::the_jiTorvik = {};
-
-    namespace fs = std::filesystem;
-    const fs::path folder = session::write_folder();
-    const fs::path answer = folder / (code == 7 ? "PARAM_JI.DAT" : "PARA_JI2.DAT");
-    std::error_code ignored;
-    std::ofstream(folder / "jipar.tmp", std::ios::binary) << exchange_text(code);
-    fs::remove(answer, ignored);
-    {
-        const session::BusyPointer busy;
-        if (session::file_exists("djipar.exe"))
-            run_program(fs::absolute(session::find_file("djipar.exe")).string(), folder.string(),
-                        parameterWait);
-    }
-    if (!fs::exists(answer, ignored)) {
-        dialogs::tell("No parameter-file generated.", "Execution not possible");
-        return 1;
-    }
-    std::ifstream in(answer, std::ios::binary);
-    std::string content(65536, '\0');
-    in.read(content.data(), static_cast<std::streamsize>(content.size()));
-    content.resize(static_cast<std::size_t>(in.gcount()));
-    return read_parameters(content, code) ? Status{0} : Status{2};
-}
+const EquationOfState kJiTorvik1 =
+    form(Eos::jiTorvik1, "CEOS Ji / Torvik I                 ", state_of_form1, slopes_of_form1);
+const EquationOfState kJiTorvik2 =
+    form(Eos::jiTorvik2, "CEOS Ji / Torvik II                ", state_of_form2, slopes_of_form2);
 
 }  // namespace quor::models

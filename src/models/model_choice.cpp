@@ -1,96 +1,93 @@
 #include "models/model_choice.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
 #include "common/constants.h"
-#include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
-#include "session/actions.h"
-#include "session/commands.h"
 
 namespace quor::models {
 
 namespace {
 
 using constants::kPresent;
-using models::SubstanceRecord;
 
-constexpr std::int16_t kPengRobinson = 6, kRedlichKwong = 4, kManualVirial = 10;
-constexpr std::int16_t kCarruthKobayashi = 3, kWatson = 4, kByCEOS = 7;
-constexpr std::int16_t kLastMeasuredOrAugust = 5;  // the correlated sets have higher indices
+/// A model with the condition under which it is offered.
+template <class Model>
+struct Offer {
+    Model model;
+    bool offered;
+};
 
-ModelEntry entry(std::int16_t code, std::string_view name) {
-    return {code, text::trim(name)};
+template <class Model, std::size_t n, class Name>
+ModelEntries<Model> offered(const Offer<Model> (&offers)[n], Name name) {
+    ModelEntries<Model> entries;
+    for (const Offer<Model>& o : offers)
+        if (o.offered) entries.push_back({o.model, text::trim(name(o.model))});
+    return entries;
 }
 
 bool has_measured_vp(const SubstanceRecord& s) {
     return s.WAG.TLo > 0 || s.FRO.TLo != 0 || s.ALP.A > 1e-6F || s.AHP.A > 1e-6F;
 }
 
-bool warns_of_missing_omega(const models::ModelSelection& m) {
-    return m.HLVModel == kCarruthKobayashi || (m.EOSModel >= 5 && m.EOSModel <= 8) ||
-           m.EOSModel >= 14;
+/// Sets that are not measured but follow from critical point and boiling point.
+bool is_correlated(VapourPressureEquation equation) {
+    return equation > VapourPressureEquation::august;
+}
+
+/// Equations that came after Soave's: their users expect the correlated sets to follow.
+bool follows_critical_data(Eos eos) {
+    return eos > Eos::soave;
 }
 
 }  // namespace
 
-ModelEntries eos_entries(const SubstanceRecord& substance) {
-    ModelEntries entries;
-    for (const std::int16_t code : kEOSOrder)
-        if (substance.omega != 0.0 || !eos_needs_omega(code))
-            entries.push_back(entry(code, EOSName(code)));
+ModelEntries<Eos> eos_entries(const SubstanceRecord& substance) {
+    ModelEntries<Eos> entries;
+    for (const EquationOfState* row : equations())
+        if (substance.omega != 0.0 || !row->needsOmega)
+            entries.push_back({row->eos, text::trim(row->name)});
     return entries;
 }
 
-ModelEntries vp_entries(const SubstanceRecord& s) {
-    struct Offer {
-        std::int16_t index;
-        bool offered;
-    };
-    const double august = static_cast<double>(s.AUG.A) * static_cast<double>(s.AUG.B);
+ModelEntries<VapourPressureEquation> vp_entries(const SubstanceRecord& s) {
+    using enum VapourPressureEquation;
+    const double product = static_cast<double>(s.AUG.A) * static_cast<double>(s.AUG.B);
     const bool boils = s.Tboil > 1e-6F;
-    const Offer offers[] = {{4, s.WAG.TLo > 0},
-                            {3, s.FRO.TLo != 0},
-                            {1, s.ALP.A > 1e-6F},
-                            {2, s.AHP.A > 1e-6F},
-                            {5, std::fabs(august) > 0.0},
-                            {6, boils},
-                            {7, boils},
-                            {8, boils},
-                            {0, !has_measured_vp(s)}};
-    ModelEntries entries;
-    for (const Offer& o : offers)
-        if (o.offered) entries.push_back(entry(o.index, vp_name(o.index)));
-    return entries;
+    const Offer<VapourPressureEquation> offers[] = {{wagner, s.WAG.TLo > 0},
+                                                    {frostKalkwarf, s.FRO.TLo != 0},
+                                                    {antoineLow, s.ALP.A > 1e-6F},
+                                                    {antoineHigh, s.AHP.A > 1e-6F},
+                                                    {august, std::fabs(product) > 0.0},
+                                                    {frostVanDerWaals, boils},
+                                                    {frostRedlichKwong, boils},
+                                                    {thompson, boils},
+                                                    {none, !has_measured_vp(s)}};
+    return offered(offers, vp_name);
 }
 
-ModelEntries hlv_entries(const SubstanceRecord& s, bool onlyV) {
-    struct Offer {
-        std::int16_t method;
-        bool offered;
-    };
-    const double watson = static_cast<double>(s.WatsonH) * static_cast<double>(s.WatsonT);
-    const Offer offers[] = {
-        {1, s.hLVTHi > kPresent},  {2, true}, {3, true},  {4, watson > kPresent},
-        {5, s.rhoLTLo > kPresent}, {6, true}, {7, !onlyV}};
-    ModelEntries entries;
-    for (const Offer& o : offers)
-        if (o.offered) entries.push_back(entry(o.method, hlv_name(o.method)));
-    return entries;
+ModelEntries<VaporisationModel> hlv_entries(const SubstanceRecord& s, bool onlyV) {
+    using enum VaporisationModel;
+    const double product = static_cast<double>(s.WatsonH) * static_cast<double>(s.WatsonT);
+    const Offer<VaporisationModel> offers[] = {{databaseEquation, s.hLVTHi > kPresent},
+                                               {chen, true},
+                                               {carruthKobayashi, true},
+                                               {watson, product > kPresent},
+                                               {databaseDensity, s.rhoLTLo > kPresent},
+                                               {benson, true},
+                                               {cubicEos, !onlyV}};
+    return offered(offers, hlv_name);
 }
 
-ModelEntries cp_entries(const SubstanceRecord& s) {
-    ModelEntries entries;
-    if (!s.hasCpPoly && !s.hasCpSinh) entries.push_back(entry(0, cp_name(0)));
-    if (s.hasCpPoly) entries.push_back(entry(1, cp_name(1)));
-    if (s.hasCpSinh) entries.push_back(entry(2, cp_name(2)));
-    return entries;
+ModelEntries<CpForm> cp_entries(const SubstanceRecord& s) {
+    const Offer<CpForm> offers[] = {{CpForm::none, !s.hasCpPoly && !s.hasCpSinh},
+                                    {CpForm::polynomial, s.hasCpPoly},
+                                    {CpForm::sinhCosh, s.hasCpSinh}};
+    return offered(offers, cp_name);
 }
 
 std::vector<std::string> watson_entries(const SubstanceRecord& s) {
@@ -107,14 +104,8 @@ std::vector<std::string> watson_entries(const SubstanceRecord& s) {
     return entries;
 }
 
-std::int16_t default_eos(const SubstanceRecord& substance) {
-    return substance.omega == 0.0 ? kRedlichKwong : kPengRobinson;
-}
-
-std::size_t index_of(const ModelEntries& entries, std::int16_t code) {
-    const auto it = std::find_if(entries.begin(), entries.end(),
-                                 [&](const ModelEntry& e) { return e.code == code; });
-    return it == entries.end() ? 0 : static_cast<std::size_t>(it - entries.begin());
+Eos default_eos(const SubstanceRecord& substance) {
+    return substance.omega == 0.0 ? Eos::redlichKwong : Eos::pengRobinson;
 }
 
 DensityNote liquid_density_note(const SubstanceRecord& s) {
@@ -125,141 +116,79 @@ DensityNote liquid_density_note(const SubstanceRecord& s) {
     return {"Parameters not available", ""};
 }
 
-ModelChoice::ModelChoice()
-    : keptModels_(legacy::the_models),
-      keptParameters_(legacy::the_eosParameters),
-      keptJiTorvik_(legacy::the_jiTorvik) {
-    renew();
+void correlate_for(const ModelSelection& m, SubstanceRecord& s) {
+    if (follows_critical_data(m.EOSModel) || is_correlated(m.VPModel))
+        correlate_vapour_pressure(s, m.VPModel, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
 }
 
-void ModelChoice::renew() {
-    const SubstanceRecord& s = legacy::the_substance;
-    models::ModelSelection& m = legacy::the_models;
-    if (m.EOSModel == kManualVirial) manual_ = legacy::the_eosParameters;
-
-    vp_ = vp_entries(s);
-    choose_vp(index_of(vp_, m.VPModel));
-
-    eos_ = eos_entries(s);
-    const std::size_t offered = index_of(eos_, m.EOSModel);
-    if (eos_[offered].code != m.EOSModel) m.EOSModel = default_eos(s);
-    m.EOSOnlyV = is_v_only_eos(m.EOSModel);
-    if (m.EOSOnlyV) m.PriorityCEOS = false;
-
-    hlv_ = hlv_entries(s, m.EOSOnlyV);
-    choose_hlv(index_of(hlv_, m.HLVModel));
-
-    watson_ = watson_entries(s);
-    if (m.WatsonN < 1e-6F) set_watson(watson_.front());
-
-    cp_ = cp_entries(s);
-    choose_cp(index_of(cp_, m.CpModel));
+ModelChoice::ModelChoice(const SubstanceRecord& substance, const ModelSelection& models)
+    : models_(models) {
+    renew(substance);
 }
 
-std::size_t ModelChoice::eos_index() const {
-    return index_of(eos_, legacy::the_models.EOSModel);
+void ModelChoice::renew(const SubstanceRecord& substance) {
+    substance_ = substance;
+    vp_ = vp_entries(substance_);
+    choose_vp(index_of(vp_, models_.VPModel));
+
+    eos_ = eos_entries(substance_);
+    if (eos_[eos_index()].model != models_.EOSModel) models_.EOSModel = default_eos(substance_);
+    models_.EOSOnlyV = is_v_only(models_.EOSModel);
+    if (models_.EOSOnlyV) models_.PriorityCEOS = false;
+
+    hlv_ = hlv_entries(substance_, models_.EOSOnlyV);
+    choose_hlv(index_of(hlv_, models_.HLVModel));
+
+    watson_ = watson_entries(substance_);
+    if (models_.WatsonN < 1e-6F) set_watson(watson_.front());
+
+    cp_ = cp_entries(substance_);
+    choose_cp(index_of(cp_, models_.CpModel));
 }
-std::size_t ModelChoice::vpIndex() const {
-    return index_of(vp_, legacy::the_models.VPModel);
-}
-std::size_t ModelChoice::hlv_index() const {
-    return index_of(hlv_, legacy::the_models.HLVModel);
-}
-std::size_t ModelChoice::cp_index() const {
-    return index_of(cp_, legacy::the_models.CpModel);
-}
+
 std::string ModelChoice::watson_text() const {
-    return numbers::general_point(legacy::the_models.WatsonN);
-}
-bool ModelChoice::watson_visible() const {
-    return legacy::the_models.HLVModel == kWatson;
-}
-bool ModelChoice::priority_enabled() const {
-    return !legacy::the_models.EOSOnlyV;
+    return numbers::general_point(models_.WatsonN);
 }
 
 bool ModelChoice::choose_eos(std::size_t index) {
-    models::ModelSelection& m = legacy::the_models;
     if (index >= eos_.size()) return false;
-    const bool wasOnlyV = m.EOSOnlyV;
-    m.EOSModel = eos_[index].code;
-    m.EOSOnlyV = is_v_only_eos(m.EOSModel);
-    if (m.EOSOnlyV)
-        m.PriorityCEOS = false;
+    const bool wasOnlyV = models_.EOSOnlyV;
+    models_.EOSModel = eos_[index].model;
+    models_.EOSOnlyV = is_v_only(models_.EOSModel);
+    if (models_.EOSOnlyV)
+        models_.PriorityCEOS = false;
     else if (wasOnlyV)
-        m.PriorityCEOS = true;
-    if (m.EOSOnlyV != wasOnlyV) {
-        hlv_ = hlv_entries(legacy::the_substance, m.EOSOnlyV);
-        if (m.EOSOnlyV && m.HLVModel == kByCEOS) choose_hlv(0);
+        models_.PriorityCEOS = true;
+    if (models_.EOSOnlyV != wasOnlyV) {
+        hlv_ = hlv_entries(substance_, models_.EOSOnlyV);
+        if (models_.EOSOnlyV && models_.HLVModel == VaporisationModel::cubicEos) choose_hlv(0);
     }
-    if (m.EOSModel != kManualVirial) return false;
-    // The constants of the former equation go; the coefficients typed before stay proposed.
-    calc_eos_parameters(kManualVirial);
-    set_manual_virial(manual_.eosB0, manual_.eosNB, manual_.eosNV);
-    return true;
+    return models_.EOSModel == Eos::manualVirial;
 }
 
 void ModelChoice::choose_vp(std::size_t index) {
-    if (index >= vp_.size()) return;
-    legacy::the_models.VPModel = vp_[index].code;
-    legacy::the_models.VPCode = VPCode(vp_[index].code);
+    if (index < vp_.size()) models_.VPModel = vp_[index].model;
 }
 
 void ModelChoice::choose_hlv(std::size_t index) {
-    if (index < hlv_.size()) legacy::the_models.HLVModel = hlv_[index].code;
+    if (index < hlv_.size()) models_.HLVModel = hlv_[index].model;
 }
 
 void ModelChoice::choose_cp(std::size_t index) {
-    if (index < cp_.size()) legacy::the_models.CpModel = cp_[index].code;
+    if (index < cp_.size()) models_.CpModel = cp_[index].model;
 }
 
 void ModelChoice::set_watson(std::string_view typed) {
     const double n = numbers::val_input(typed);
     constexpr double kLargest = std::numeric_limits<float>::max();
-    legacy::the_models.WatsonN = std::fabs(n) <= kLargest ? static_cast<float>(n) : 0.0F;
+    models_.WatsonN = std::fabs(n) <= kLargest ? static_cast<float>(n) : 0.0F;
 }
 
-void ModelChoice::set_priority_ceos(bool ceos) {
-    legacy::the_models.PriorityCEOS = ceos;
-}
-
-void ModelChoice::set_manual_virial(double b0, double b1, double b2) {
-    models::EOSParameters& p = legacy::the_eosParameters;
-    p.eosB0 = b0;
-    p.eosNB = b1;
-    p.eosNV = b2;
-    manual_ = p;
-}
-
-bool ModelChoice::Confirm() {
-    const models::ModelSelection& m = legacy::the_models;
-    const SubstanceRecord& s = legacy::the_substance;
-    if (s.omega == 0.0 && warns_of_missing_omega(m))
-        dialogs::tell(
-            "No acentric factor available.\nCalculated by using omega = 0\n(Input => data editor)",
-            "WARNING");
-    // Correlated sets follow the critical data, whatever the equation of state.
-    if (m.EOSModel > 5 || m.VPModel > kLastMeasuredOrAugust)
-        CorrelateVapourPressure(m.VPModel, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
-    if (m.EOSModel != kManualVirial && calc_eos_parameters(m.EOSModel) > 0) return false;
-    enable_model_commands();
-    actions::Run("CalcCoordinateDefaults");
-    return true;
-}
-
-void ModelChoice::Cancel() {
-    legacy::the_models = keptModels_;
-    legacy::the_eosParameters = keptParameters_;
-    legacy::the_jiTorvik = keptJiTorvik_;
-}
-
-void enable_model_commands() {
-    using session::Command;
-    session::set_commands({Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting,
-                           Command::mnu2D, Command::mnu3D, Command::mnuData_SaveProject,
-                           Command::toolSave, Command::toolReference, Command::toolTank},
-                          true);
-    session::set_commands({Command::needsLPhase}, !legacy::the_models.EOSOnlyV);
+std::optional<std::string> ModelChoice::warning() const {
+    const bool needsOmega = models_.HLVModel == VaporisationModel::carruthKobayashi ||
+                            equation_of(models_.EOSModel).needsOmega;
+    if (substance_.omega != 0.0 || !needsOmega) return std::nullopt;
+    return "No acentric factor available.\nCalculated by using omega = 0\n(Input => data editor)";
 }
 
 }  // namespace quor::models

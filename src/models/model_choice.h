@@ -1,79 +1,91 @@
 #pragma once
 
-#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "legacy/declare.h"
+#include "models/fluid.h"
 
 /// Choice of the models of a substance: which ones its data allow, the defaults, and what follows
 /// from a change. The view shows the lists and passes on what the user picks.
 namespace quor::models {
 
-/// One entry of a list: the model's code and its name without outer blanks.
+/// One entry of a list: the model and its name without outer blanks.
+template <class Model>
 struct ModelEntry {
-    std::int16_t code = 0;
+    Model model{};
     std::string text;
 
     bool operator==(const ModelEntry&) const = default;
 };
 
-using ModelEntries = std::vector<ModelEntry>;
+template <class Model>
+using ModelEntries = std::vector<ModelEntry<Model>>;
 
 /// Equations of state; those that need an acentric factor only when there is one.
-ModelEntries eos_entries(const models::SubstanceRecord& substance);
-/// Vapour pressure equations, code as `ModelSelection::VPModel`; "none" stands last when the
-/// substance has no measured set.
-ModelEntries vp_entries(const models::SubstanceRecord& substance);
+ModelEntries<Eos> eos_entries(const SubstanceRecord& substance);
+/// Vapour pressure equations; "none" stands last when the substance has no measured set.
+ModelEntries<VapourPressureEquation> vp_entries(const SubstanceRecord& substance);
 /// Methods of the enthalpy of vaporisation; `onlyV` leaves out the one by the cubic EOS.
-ModelEntries hlv_entries(const models::SubstanceRecord& substance, bool onlyV);
+ModelEntries<VaporisationModel> hlv_entries(const SubstanceRecord& substance, bool onlyV);
 /// Ideal-gas cp forms; never empty.
-ModelEntries cp_entries(const models::SubstanceRecord& substance);
+ModelEntries<CpForm> cp_entries(const SubstanceRecord& substance);
 /// Watson exponents proposed, as texts with a point; never empty.
-std::vector<std::string> watson_entries(const models::SubstanceRecord& substance);
+std::vector<std::string> watson_entries(const SubstanceRecord& substance);
 
 /// The equation of state of a first choice: Peng/Robinson, Redlich/Kwong without acentric factor.
-std::int16_t default_eos(const models::SubstanceRecord& substance);
+Eos default_eos(const SubstanceRecord& substance);
 
-/// Position of a code in a list, 0 (the first entry) when it is not offered.
-std::size_t index_of(const ModelEntries& entries, std::int16_t code);
+/// Position of a model in a list, 0 (the first entry) when it is not offered.
+template <class Model>
+std::size_t index_of(const ModelEntries<Model>& entries, Model model) {
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        if (entries[i].model == model) return i;
+    return 0;
+}
 
 /// What the view says of the liquid density: its source and range of validity.
 struct DensityNote {
     std::string state, range;
 };
-DensityNote liquid_density_note(const models::SubstanceRecord& substance);
+DensityNote liquid_density_note(const SubstanceRecord& substance);
 
-/// One run of the model view over `legacy::the_models` and `legacy::the_substance`. It begins as
-/// the view opens and ends with `Confirm` or `Cancel`.
+/// The correlated vapour pressure set that the choice needs is filled from the critical data of the
+/// substance, whatever the equation of state.
+void correlate_for(const ModelSelection& models, SubstanceRecord& substance);
+
+/// One run of the model view for a substance. It begins with the models in use; `models` is what
+/// is chosen now.
 class ModelChoice {
   public:
-    /// Keeps the present selection and brings every model to an entry that is offered.
-    ModelChoice();
+    /// Brings every model to an entry that is offered.
+    ModelChoice(const SubstanceRecord& substance, const ModelSelection& models);
 
-    /// Builds the lists anew after the data of the substance were edited; what `Cancel` brings back
-    /// stays.
-    void renew();
+    /// Builds the lists anew after the data of the substance were edited.
+    void renew(const SubstanceRecord& substance);
 
-    const ModelEntries& eos() const { return eos_; }
-    const ModelEntries& vp() const { return vp_; }
-    const ModelEntries& hlv() const { return hlv_; }
-    const ModelEntries& cp() const { return cp_; }
+    const ModelSelection& models() const { return models_; }
+    const SubstanceRecord& substance() const { return substance_; }
+
+    const ModelEntries<Eos>& eos() const { return eos_; }
+    const ModelEntries<VapourPressureEquation>& vp() const { return vp_; }
+    const ModelEntries<VaporisationModel>& hlv() const { return hlv_; }
+    const ModelEntries<CpForm>& cp() const { return cp_; }
     const std::vector<std::string>& watson() const { return watson_; }
 
     /// Positions of the selected entries.
-    std::size_t eos_index() const;
-    std::size_t vpIndex() const;
-    std::size_t hlv_index() const;
-    std::size_t cp_index() const;
+    std::size_t eos_index() const { return index_of(eos_, models_.EOSModel); }
+    std::size_t vp_index() const { return index_of(vp_, models_.VPModel); }
+    std::size_t hlv_index() const { return index_of(hlv_, models_.HLVModel); }
+    std::size_t cp_index() const { return index_of(cp_, models_.CpModel); }
     /// Watson exponent as text.
     std::string watson_text() const;
 
     /// True when the Watson exponent is asked for.
-    bool watson_visible() const;
+    bool watson_visible() const { return models_.HLVModel == VaporisationModel::watson; }
     /// True when p(LV) may come from the EOS, so that the user chooses the priority.
-    bool priority_enabled() const;
+    bool priority_enabled() const { return !models_.EOSOnlyV; }
 
     /// Selects an equation of state. True when the manual virial coefficients must be asked for.
     bool choose_eos(std::size_t index);
@@ -82,28 +94,22 @@ class ModelChoice {
     void choose_cp(std::size_t index);
     /// The exponent as typed; a text without a number is 0.
     void set_watson(std::string_view text);
-    void set_priority_ceos(bool ceos);
-    /// Coefficients of the manual virial form B = b0 - b1/T^b2, m^3/kmol.
-    void set_manual_virial(double b0, double b1, double b2);
+    void set_priority_ceos(bool ceos) { models_.PriorityCEOS = ceos; }
+    void set_manual_virial(const ManualVirial& coefficients) {
+        models_.manualVirial = coefficients;
+    }
 
-    /// "Models OK": warns of a missing acentric factor, computes what the selection needs, and
-    /// enables the commands of a complete choice. False when the EOS parameters fail; the view
-    /// then stays open.
-    bool Confirm();
-
-    /// Everything as it was when the view opened.
-    void Cancel();
+    /// What the user should know of the choice; nothing when there is nothing to say.
+    std::optional<std::string> warning() const;
 
   private:
-    models::ModelSelection keptModels_;
-    models::EOSParameters keptParameters_;
-    models::JiTorvikParameters keptJiTorvik_;
-    models::EOSParameters manual_;  ///< holds the last manual coefficients
-    ModelEntries eos_, vp_, hlv_, cp_;
+    SubstanceRecord substance_;
+    ModelSelection models_;
+    ModelEntries<Eos> eos_;
+    ModelEntries<VapourPressureEquation> vp_;
+    ModelEntries<VaporisationModel> hlv_;
+    ModelEntries<CpForm> cp_;
     std::vector<std::string> watson_;
 };
-
-/// The commands that a complete choice of models enables, for the present EOS.
-void enable_model_commands();
 
 }  // namespace quor::models

@@ -1,20 +1,77 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
+#include "models/eos_records.h"
 
 namespace quor::models {
 
-/// Which model is active for each of the five property families (codes: models/model_tables.h).
+/// The equations of state; `none` before a first choice.
+enum class Eos {
+    none,
+    idealGas,
+    vanDerWaals,
+    berthelot,
+    redlichKwong,
+    soave,
+    pengRobinson,
+    jiTorvik1,
+    jiTorvik2,
+    manualVirial,
+    virialVanDerWaals,
+    virialBerthelot,
+    virialRedlichKwong,
+    virialSoave,
+    virialPengRobinson,
+    pitzerCurl
+};
+
+/// The vapour pressure equations: Antoine below and above the normal boiling point,
+/// Frost/Kalkwarf, Wagner, August, and three sets that are correlated from the critical point.
+enum class VapourPressureEquation {
+    none,
+    antoineLow,
+    antoineHigh,
+    frostKalkwarf,
+    wagner,
+    august,
+    frostVanDerWaals,
+    frostRedlichKwong,
+    thompson
+};
+
+/// The ways to the enthalpy of vaporisation.
+enum class VaporisationModel {
+    none,
+    databaseEquation,
+    chen,
+    carruthKobayashi,
+    watson,
+    databaseDensity,  ///< Clausius/Clapeyron with the database's liquid density
+    benson,           ///< Clausius/Clapeyron with Benson's liquid density
+    cubicEos
+};
+
+/// Forms of the heat capacity of the ideal gas.
+enum class CpForm { none, polynomial, sinhCosh };
+
+/// Coefficients of B = b0 - b1/T^b2, m^3/kmol and K.
+struct ManualVirial {
+    double b0 = 0, b1 = 0, b2 = 0;
+
+    bool operator==(const ManualVirial&) const = default;
+};
+
+/// Which model is active for each of the five property families, with the parameters of those
+/// models that no database holds.
 struct ModelSelection {
-    std::int16_t EOSModel = -1;  ///< code of the equation of state, -1 before a first choice
-    bool EOSOnlyV = false;       ///< the EOS describes only the V phase (codes 0, 10 to 16)
-    std::int16_t VPModel = 0;    ///< 0 to 8
-    std::string VPCode = "0";    ///< its three-letter code, "000" for none, "0" at start
-    std::int16_t HLVModel = 0;   ///< 1 to 7, 0 before a choice
-    float WatsonN = 0;           ///< Watson exponent
-    std::int16_t CpModel = 0;    ///< 0 to 2
-    bool PriorityCEOS = true;    ///< p(LV), T(LV) come from the cubic EOS
+    Eos EOSModel = Eos::none;
+    bool EOSOnlyV = false;  ///< the equation of state describes only the V phase
+    VapourPressureEquation VPModel = VapourPressureEquation::none;
+    VaporisationModel HLVModel = VaporisationModel::none;
+    float WatsonN = 0;  ///< Watson exponent
+    CpForm CpModel = CpForm::none;
+    bool PriorityCEOS = true;  ///< p(LV), T(LV) come from the cubic EOS
+    ManualVirial manualVirial;
+    JiTorvikParameters jiTorvik;  ///< fitted to the substance; their computed part is not used
 
     bool operator==(const ModelSelection&) const = default;
 };

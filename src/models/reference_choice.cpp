@@ -40,9 +40,8 @@ ReferenceOption reference_option_of(std::int16_t RefMode) {
     return ReferenceOption::Values;
 }
 
-ReferenceCaptions captions_of(std::int16_t CaloricUnit) {
-    return CaloricUnit >= 0 && CaloricUnit < 4 ? kCaptions[static_cast<std::size_t>(CaloricUnit)]
-                                               : kCaptions[0];
+ReferenceCaptions captions_of(CaloricUnit unit) {
+    return kCaptions[static_cast<std::size_t>(unit)];
 }
 
 ReferenceFields fields_of(const models::ReferenceState& r, double CaloricFactor) {

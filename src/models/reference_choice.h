@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "legacy/declare.h"
+#include "models/reference_record.h"
+#include "models/units.h"
 
 /// What the view of the caloric reference state shows and stores.
 namespace quor::models {
@@ -19,8 +20,8 @@ ReferenceOption reference_option_of(std::int16_t RefMode);
 struct ReferenceCaptions {
     std::string_view h, s;
 };
-/// Captions of h and s for a unit form (0 kJ/kmol, 1 K, 2 R T, 3 kJ/kg).
-ReferenceCaptions captions_of(std::int16_t CaloricUnit);
+/// Captions of h and s for a caloric unit.
+ReferenceCaptions captions_of(CaloricUnit unit);
 
 /// The fields of the view in their order: h(ref) and s(ref) in the unit of the session, T0/K,
 /// p0/kPa, Tenv/K, penv/kPa.

@@ -1,5 +1,4 @@
 #include "models/reference_state.h"
-#include "legacy/current_fluid.h"
 
 #include <cmath>
 
@@ -7,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "models/density.h"
+#include "models/equations.h"
 #include "models/model_tables.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
@@ -44,11 +44,6 @@ ReferenceBase reference_base(const SubstanceRecord& s, const ReferenceState& ref
     if (reference.RefMode == kFormation) base = {h, (h - static_cast<double>(s.dfg)) / 298.15};
     if (p > 0.0) base.s -= R * std::log(p / static_cast<double>(reference.p0));
     return base;
-}
-
-ReferenceBase ReferenceValues(double p) {
-    settle_reference(legacy::the_reference);
-    return reference_base(legacy::the_substance, legacy::the_reference, p);
 }
 
 namespace {
@@ -97,7 +92,8 @@ bool from_boiling_point(const SubstanceRecord& s, BensonProposal& r) {
 }
 
 /// The single measured density at its own temperature.
-bool from_single_density(const SubstanceRecord& s, std::string_view vpCode, BensonProposal& r) {
+bool from_single_density(const SubstanceRecord& s, VapourPressureEquation vpCode,
+                         BensonProposal& r) {
     if (!(s.rhoLPar[0] > kPresent) || !(s.rhoLPar[2] > kPresent)) return false;
     const auto T = static_cast<double>(s.rhoLPar[2]);
     const models::VapourPressureResult vp = models::vapour_pressure(s, T, vpCode);
@@ -106,8 +102,8 @@ bool from_single_density(const SubstanceRecord& s, std::string_view vpCode, Bens
     r.text =
         "T(ref)/K         =" + tenths(T) + " (data base: single point for density)\n" +
         rho_liquid_line(static_cast<double>(s.rhoLPar[0]), " (data base: single point at T(ref))") +
-        "\n pLV(ref)/kPa     =" + thousandths(vp.p) + "  (at T(ref) with  " + std::string(vpCode) +
-        "-equation)";
+        "\n pLV(ref)/kPa     =" + thousandths(vp.p) + "  (at T(ref) with  " +
+        std::string(vp_code(vpCode)) + "-equation)";
     return true;
 }
 
@@ -122,9 +118,8 @@ std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
     std::string source = "  (from  " + text::trim(models::EOSName(fluid.models().EOSModel)) + ")";
     if (state.status != kSuccess || rho < kPresent) {
         if (fluid.substance().omega != 0.0) {
-            constexpr std::int16_t kPitzerCurl = 16;
-            models::EOSState eos;
-            rho = M / (R * T / p + models::second_virial(fluid, kPitzerCurl, T, eos));
+            EOSState eos;
+            rho = M / (R * T / p + kPitzerCurl.secondVirial(fluid, T, eos));
             source = " (using Virial-EOS, PITZER/CURL)";
         }
         if (!(rho >= kPresent) || !std::isfinite(rho)) {
@@ -141,14 +136,10 @@ std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
 BensonProposal propose_benson_reference(const Fluid& fluid) {
     BensonProposal r;
     if (!from_boiling_point(fluid.substance(), r) &&
-        !from_single_density(fluid.substance(), fluid.models().VPCode, r))
+        !from_single_density(fluid.substance(), fluid.models().VPModel, r))
         return {};
     r.text += add_vapour_density(fluid, r.point);
     return r;
-}
-
-BensonProposal propose_benson_reference() {
-    return propose_benson_reference(current_fluid());
 }
 
 }  // namespace quor::models

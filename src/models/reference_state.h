@@ -20,17 +20,11 @@ void settle_reference(models::ReferenceState& reference);
 ReferenceBase reference_base(const models::SubstanceRecord& substance,
                              const models::ReferenceState& reference, double p);
 
-/// Reference enthalpy and entropy by the mode of `legacy::the_reference`, s corrected to p/kPa.
-/// Modes 2 and 10 set T0 and p0 of the record; a p0 of 0 becomes 101.325.
-ReferenceBase ReferenceValues(double p);
-
 struct BensonProposal {
     models::BensonPoint point;
     std::string text;  ///< lines joined by '\n'; empty when there is no proposal
 };
 /// The second reference point of Benson's method as far as the data allow; zeros when they do not.
 BensonProposal propose_benson_reference(const Fluid& fluid);
-/// The same for the active fluid.
-BensonProposal propose_benson_reference();
 
 }  // namespace quor::models

@@ -2,7 +2,6 @@
 #include <limits>
 
 #include "common/constants.h"
-#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/virial.h"
 
@@ -181,7 +180,7 @@ PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState
     ResidualParts r;
     auto& f = t.residual;
     if (fluid.models().EOSOnlyV) {
-        const models::Virial b = models::virial(fluid, fluid.models().EOSModel, T);
+        const models::Virial b = models::virial(fluid, T);
         if (!(v > b.B)) return {};
         v_only(b, T, p, v, q, r, f[D2LnPhi]);
         f[ResCp] = r.cv + r.cpMinusCv;
@@ -206,11 +205,6 @@ PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState
 
     t.filled = finite(t.first) && finite(t.second) && finite(t.residual);
     return t.filled ? t : PhaseTable{};
-}
-
-PhaseTable ResidualFunctions(double T, double p, double v) {
-    models::eval_eos_at_t(T);
-    return residual_functions(models::current_fluid(), legacy::the_eosState, T, p, v);
 }
 
 }  // namespace quor::models

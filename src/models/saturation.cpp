@@ -1,5 +1,4 @@
 #include "models/saturation.h"
-#include "legacy/current_fluid.h"
 
 #include <cmath>
 
@@ -32,7 +31,7 @@ Saturation critical_state(const Fluid& f) {
 }
 
 bool has_no_equilibrium(const Fluid& f) {
-    return f.models().EOSModel == -1 || f.models().EOSOnlyV;
+    return f.models().EOSModel == Eos::none || f.models().EOSOnlyV;
 }
 
 /// One trial of a search: the roots and, with three of them, the areas.
@@ -63,7 +62,8 @@ void take(Saturation& r, const Trial& t) {
 
 double start_pressure(const Fluid& f, double T) {
     double p = 0;
-    if (f.models().VPModel != 0) p = vapour_pressure(f.substance(), T, f.models().VPCode).p;
+    if (f.models().VPModel != VapourPressureEquation::none)
+        p = vapour_pressure(f.substance(), T, f.models().VPModel).p;
     if (p < 1e-6) p = std::exp(T * std::log(f.substance().pcrit) / f.substance().Tcrit);
     return p;
 }
@@ -288,22 +288,6 @@ Saturation saturation_temperature(const Fluid& f, double p, double Tstart) {
     return found;
 }
 
-namespace {
-
-Saturation publish(const Saturation& r) {
-    legacy::the_vRoots = r.v;
-    legacy::the_eosState = r.state;
-    return r;
-}
-
-}  // namespace
-
-Saturation SaturationPressure(double T) {
-    return publish(saturation_pressure(current_fluid(), T));
-}
-
-Saturation SaturationTemperature(double p, double Tstart) {
-    return publish(saturation_temperature(current_fluid(), p, Tstart));
-}
+namespace {}  // namespace
 
 }  // namespace quor::models

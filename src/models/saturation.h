@@ -28,9 +28,4 @@ Saturation saturation_temperature(const Fluid& fluid, double p, double Tstart = 
 Saturation search_saturation_pressure(const Fluid& fluid, double T);
 Saturation search_saturation_temperature(const Fluid& fluid, double p, double Tstart = 0);
 
-// The procedures over the process-level records; they fill `legacy::the_vRoots` and
-// `legacy::the_eosState`.
-Saturation SaturationPressure(double T);
-Saturation SaturationTemperature(double p, double Tstart = 0);
-
 }  // namespace quor::models

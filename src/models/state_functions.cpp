@@ -1,6 +1,5 @@
 #include <cmath>
 
-#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/equilibrium.h"
 #include "models/reference_state.h"
@@ -27,54 +26,6 @@ bool finite(const StateValues& z) {
     return true;
 }
 
-/// Everything that the state of the surroundings depends on.
-struct SurroundingsKey {
-    std::int16_t EOSModel = 0, CpModel = 0;
-    bool EOSOnlyV = false;
-    double Tcrit = 0, pcrit = 0, omega = 0;
-    float M = 0, dfh = 0, dfg = 0, sconv = 0;
-    models::EOSParameters eos;
-    models::JiTorvikParameters jt;
-    models::CpSet cp;
-    ReferenceState reference;
-
-    bool operator==(const SurroundingsKey&) const = default;
-};
-
-SurroundingsKey key_of(const Fluid& f, const ReferenceState& reference) {
-    const models::SubstanceRecord& s = f.substance();
-    return {f.models().EOSModel,
-            f.models().CpModel,
-            f.models().EOSOnlyV,
-            s.Tcrit,
-            s.pcrit,
-            s.omega,
-            s.M,
-            s.dfh,
-            s.dfg,
-            s.sconv,
-            f.eos(),
-            f.jt(),
-            f.models().CpModel == 1 ? s.cpPoly : s.cpSinh,
-            reference};
-}
-
-/// The last surroundings and what they were evaluated for: a curve asks thousands of times for the
-/// same ones, and their solution takes longer than all the rest.
-const Surroundings& current_surroundings() {
-    static SurroundingsKey key;
-    static Surroundings last;
-    static bool valid = false;
-    const Fluid fluid = models::current_fluid();
-    const SurroundingsKey now = key_of(fluid, legacy::the_reference);
-    if (!valid || !(now == key)) {
-        last = surroundings_state(fluid, legacy::the_reference);
-        key = now;
-        valid = true;
-    }
-    return last;
-}
-
 }  // namespace
 
 Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& reference) {
@@ -89,7 +40,7 @@ Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& refere
         if (!(p > 0.0)) return {};
         // Where a heavy fluid is liquid in the surroundings the volume may be negative; the virial
         // form still gives a zero for the exergies, which are then right but for a constant.
-        const models::Virial b = models::virial(fluid, fluid.models().EOSModel, T);
+        const models::Virial b = models::virial(fluid, T);
         z.v = constants::R * T / p + b.B;
         z.h = ideal.h + p * (b.B - T * b.dB);
         z.s = ideal.s - p * b.dB;
@@ -139,35 +90,29 @@ StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
     return z;
 }
 
-StateValues StateFunctions(double T, double p, double v) {
-    settle_reference(legacy::the_reference);
-    return state_functions(models::current_fluid(), legacy::the_reference, current_surroundings(),
-                           T, p, v);
-}
-
-SaturationValues SaturationFunctions(double T) {
-    const models::SubstanceRecord& s = legacy::the_substance;
+SaturationValues saturation_functions(const Fluid& fluid, const ReferenceState& reference,
+                                      const Surroundings& surroundings, double T) {
+    const SubstanceRecord& s = fluid.substance();
     SaturationValues r;
     r.status = kFailure;
-    if (legacy::the_models.EOSOnlyV) return r;
+    if (fluid.models().EOSOnlyV) return r;
     if (T == s.Tcrit) {
-        const double rho = legacy::the_eosParameters.rhocritCalc;
+        const double rho = fluid.eos().rhocritCalc;
         if (!(rho > 0.0)) return r;
         r.p = s.pcrit;
         r.vV = r.vL = static_cast<double>(s.M) / rho;
     } else {
-        const models::Saturation sat = models::SaturationPressure(T);
+        const Saturation sat = saturation_pressure(fluid, T);
         if (sat.status != kSuccess) return r;
-        const models::StateTP state = models::SolveStateTP(T, sat.p);
+        const StateTP state = solve_state_tp(fluid, T, sat.p);
         r.p = sat.p;
-        const models::PhaseVolumes volumes =
-            models::equilibrium_volumes(models::current_fluid(), state, T);
+        const PhaseVolumes volumes = equilibrium_volumes(fluid, state, T);
         r.vV = volumes.vV;
         r.vL = volumes.vL;
         if (!(r.vV > 0.0) || !(r.vL > 0.0)) return r;
     }
-    r.V = StateFunctions(T, r.p, r.vV);
-    r.L = r.vL == r.vV ? r.V : StateFunctions(T, r.p, r.vL);
+    r.V = state_functions(fluid, reference, surroundings, T, r.p, r.vV);
+    r.L = r.vL == r.vV ? r.V : state_functions(fluid, reference, surroundings, T, r.p, r.vL);
     r.status = r.V.status == kSuccess && r.L.status == kSuccess ? kSuccess : kFailure;
     return r;
 }

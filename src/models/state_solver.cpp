@@ -1,5 +1,4 @@
 #include "models/state_solver.h"
-#include "legacy/current_fluid.h"
 
 #include <algorithm>
 #include <cmath>
@@ -97,7 +96,7 @@ StateTP solve_v_only(const Fluid& f, double T, double p, std::int16_t region) {
     StateTP r;
     r.PhaseRegion = region;
     r.text = "EOS for the V-phase only!";
-    r.Bvirial = second_virial(f, f.models().EOSModel, T, r.state);
+    r.Bvirial = second_virial(f, T, r.state);
     const double v = R * T / p + r.Bvirial;
     if (!(v > 0) || !std::isfinite(v)) {
         r.status = kFailure;
@@ -158,7 +157,7 @@ void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
 
 PressureResult pressure_from_Tv(const Fluid& f, double T, double v, EOSState& state) {
     if (f.models().EOSOnlyV) {
-        state.eosB = second_virial(f, f.models().EOSModel, T, state);
+        state.eosB = second_virial(f, T, state);
         if (v <= state.eosB || v <= 0) return {0, kFailure};
         const double p = R * T / (v - state.eosB);
         return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
@@ -254,7 +253,7 @@ TemperatureResult v_only_temperature(const Fluid& f, double p, double v) {
     EOSState state;
     for (int i = 0; i < 1000; ++i) {
         const double old = T;
-        T = (v - second_virial(f, f.models().EOSModel, old, state)) * p / R;
+        T = (v - second_virial(f, old, state)) * p / R;
         if (!std::isfinite(T)) return {0, kFailure};
         if (T <= 0) return {0, kSuccess};
         if (std::fabs(T - old) < 0.001) return {T, kSuccess};
@@ -349,37 +348,5 @@ TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
 }
 
 // ---- the procedures over the process-level records
-
-PressureResult pressure_from_tv(double T, double v) {
-    return pressure_from_Tv(current_fluid(), T, v, legacy::the_eosState);
-}
-
-CubicRoots SolveCubic(double T, double p) {
-    const CubicRoots r = solve_cubic(legacy::the_eosState, T, p);
-    if (r.status == kSuccess) legacy::the_vRoots = r.v;
-    return r;
-}
-
-StateTP SolveStateTP(double T, double p) {
-    const StateTP r = solve_state_tp(current_fluid(), T, p, legacy::the_PhaseRegion);
-    legacy::the_PhaseRegion = r.PhaseRegion;
-    legacy::the_eosState = r.state;
-    if (legacy::the_models.EOSOnlyV) {
-        legacy::the_Bvirial = r.Bvirial;
-    } else {
-        legacy::the_vRoots = r.v;
-    }
-    return r;
-}
-
-Areas AreaRatio(double T, double p) {
-    return area_ratio(legacy::the_eosState, legacy::the_vRoots, T, p);
-}
-
-TemperatureResult TemperatureFromPRho(double p, double rho, bool singlePhaseOnly) {
-    const TemperatureResult r = temperature_from_p_rho(current_fluid(), p, rho, singlePhaseOnly);
-    if (r.T > 0) eval_eos_at_t(r.T);
-    return r;
-}
 
 }  // namespace quor::models

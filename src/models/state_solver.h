@@ -63,12 +63,4 @@ struct TemperatureResult {
 TemperatureResult temperature_from_p_rho(const Fluid& fluid, double p, double rho,
                                          bool singlePhaseOnly);
 
-// The procedures over the process-level records. They leave `legacy::the_eosState` at the last T
-// evaluated and `legacy::the_vRoots` as the last solve.
-PressureResult pressure_from_tv(double T, double v);
-CubicRoots SolveCubic(double T, double p);
-StateTP SolveStateTP(double T, double p);
-Areas AreaRatio(double T, double p);
-TemperatureResult TemperatureFromPRho(double p, double rho, bool singlePhaseOnly);
-
 }  // namespace quor::models

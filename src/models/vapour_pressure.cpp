@@ -29,10 +29,10 @@ double exp10_of(double x) {
     return std::exp(kLn10 * x);
 }
 
-const VPSetAntoine* antoine_set(const SubstanceRecord& s, std::string_view code) {
-    if (code == "ALP") return &s.ALP;
-    if (code == "AHP") return &s.AHP;
-    if (code == "THO") return &s.THO;
+const VPSetAntoine* antoine_set(const SubstanceRecord& s, VapourPressureEquation code) {
+    if (code == VapourPressureEquation::antoineLow) return &s.ALP;
+    if (code == VapourPressureEquation::antoineHigh) return &s.AHP;
+    if (code == VapourPressureEquation::thompson) return &s.THO;
     return nullptr;
 }
 
@@ -47,15 +47,15 @@ struct Frost {
     double implicit_factor(double T) const { return E != 0 ? E / std::pow(T, F) : 0.0; }
 };
 
-bool frost_set(const SubstanceRecord& s, std::string_view code, Frost& f) {
-    const VPSetFrost* set = code == "FRO"   ? &s.FRO
-                            : code == "KFW" ? &s.KFW
-                            : code == "KFR" ? &s.KFR
-                                            : nullptr;
+bool frost_set(const SubstanceRecord& s, VapourPressureEquation code, Frost& f) {
+    const VPSetFrost* set = code == VapourPressureEquation::frostKalkwarf       ? &s.FRO
+                            : code == VapourPressureEquation::frostVanDerWaals  ? &s.KFW
+                            : code == VapourPressureEquation::frostRedlichKwong ? &s.KFR
+                                                                                : nullptr;
     if (set == nullptr) return false;
     const auto a = [&](std::size_t i) { return static_cast<double>(set->a[i]); };
     f = {a(0), a(1), a(2), a(3), a(4), a(5), a(6), a(7), a(8), {set->TLo, set->THi}};
-    if (code == "FRO") {
+    if (code == VapourPressureEquation::frostKalkwarf) {
         // The stored third value is C + 273.15, the sixth the exponent less 2.
         f.C -= constants::kZeroCelsius;
         f.F += 2;
@@ -112,16 +112,10 @@ double frost_pressure(const Frost& f, double T, Status& status) {
     return 0;
 }
 
-void warn_of_range(std::int16_t deviation, const char* beginning) {
-    if (std::abs(deviation) <= 10) return;
-    dialogs::tell(beginning + numbers::Format(deviation, "0") +
-                      " K outside parameter validity\n(cf. Data/Parameters vapour pressure equ.)",
-                  "Warning concerning vapour pressure equation");
-}
-
 }  // namespace
 
-VapourPressureResult vapour_pressure(const SubstanceRecord& s, double T, std::string_view code) {
+VapourPressureResult vapour_pressure(const SubstanceRecord& s, double T,
+                                     VapourPressureEquation code) {
     VapourPressureResult r;
     r.status = kFailure;
     if (!(T >= 1e-6) || T > s.Tcrit) return r;
@@ -134,13 +128,14 @@ VapourPressureResult vapour_pressure(const SubstanceRecord& s, double T, std::st
         p = exp10_of(static_cast<double>(a->A) -
                      static_cast<double>(a->B) /
                          (T + static_cast<double>(a->C) - constants::kZeroCelsius));
-        if (code != "THO") r.deviation = deviation_of(T, {a->TLo, a->THi});
-    } else if (code == "AUG") {
+        if (code != VapourPressureEquation::thompson)
+            r.deviation = deviation_of(T, {a->TLo, a->THi});
+    } else if (code == VapourPressureEquation::august) {
         if (s.AUG.B == 0) return r;
         p = std::exp(static_cast<double>(s.AUG.A) + static_cast<double>(s.AUG.B) / T);
         const double Tb = static_cast<double>(s.Tboil);
         if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
-    } else if (code == "WAG") {
+    } else if (code == VapourPressureEquation::wagner) {
         if (!has_wagner(s.WAG)) return r;
         const double Tset = static_cast<double>(s.WAG.a[8]);
         const double t = 1 - T / Tset;
@@ -159,12 +154,6 @@ VapourPressureResult vapour_pressure(const SubstanceRecord& s, double T, std::st
     if (status != kSuccess || !(p >= 1e-35) || !std::isfinite(p)) return r;
     r.p = p;
     r.status = kSuccess;
-    return r;
-}
-
-VapourPressureResult VapourPressure(double T, std::string_view code, bool warn) {
-    const VapourPressureResult r = vapour_pressure(legacy::the_substance, T, code);
-    if (warn && r.status == kSuccess) warn_of_range(r.deviation, " temperature");
     return r;
 }
 
@@ -222,7 +211,7 @@ double frost_temperature(const SubstanceRecord& s, const Frost& e, double p) {
 }  // namespace
 
 BoilingTemperatureResult boiling_temperature(const SubstanceRecord& s, double p,
-                                             std::string_view code) {
+                                             VapourPressureEquation code) {
     BoilingTemperatureResult r;
     r.status = kFailure;
     if (!(p > 0) || p > s.pcrit) return r;
@@ -235,13 +224,13 @@ BoilingTemperatureResult boiling_temperature(const SubstanceRecord& s, double p,
         T = static_cast<double>(a->B) / (static_cast<double>(a->A) - log10_of(p)) -
             static_cast<double>(a->C) + constants::kZeroCelsius;
         range = {a->TLo, a->THi};
-    } else if (code == "AUG") {
+    } else if (code == VapourPressureEquation::august) {
         const double Tb = static_cast<double>(s.Tboil);
         if (Tb < kPresent) return r;
         const August line = august_line(s);
         T = line.B / (std::log(p) - line.A);
         if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
-    } else if (code == "WAG") {
+    } else if (code == VapourPressureEquation::wagner) {
         if (!has_wagner(s.WAG)) return r;
         T = wagner_temperature(s, p);
         range = {s.WAG.TLo, s.WAG.THi};
@@ -259,13 +248,7 @@ BoilingTemperatureResult boiling_temperature(const SubstanceRecord& s, double p,
     return r;
 }
 
-BoilingTemperatureResult BoilingTemperature(double p, std::string_view code, bool warn) {
-    const BoilingTemperatureResult r = boiling_temperature(legacy::the_substance, p, code);
-    if (warn && r.status == kSuccess) warn_of_range(r.deviation, "Temperature ");
-    return r;
-}
-
-SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, std::string_view code) {
+SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, VapourPressureEquation code) {
     SlopeResult r;
     r.status = kFailure;
     if (!(T > 0)) return r;
@@ -274,9 +257,9 @@ SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, std::strin
     if (const VPSetAntoine* a = antoine_set(s, code)) {
         const double shifted = static_cast<double>(a->C) - constants::kZeroCelsius + T;
         slope = -kLn10 * static_cast<double>(a->B) * T * T / (shifted * shifted);
-    } else if (code == "AUG") {
+    } else if (code == VapourPressureEquation::august) {
         slope = august_line(s).B;
-    } else if (code == "WAG") {
+    } else if (code == VapourPressureEquation::wagner) {
         if (!has_wagner(s.WAG)) return r;
         const double Tset = static_cast<double>(s.WAG.a[8]);
         const double t = 1 - T / Tset;
@@ -294,10 +277,6 @@ SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, std::strin
     }
     if (slope == 0 || !std::isfinite(slope)) return r;
     return {slope, kSuccess};
-}
-
-SlopeResult VapourPressureSlope(double T, std::string_view code) {
-    return vapour_pressure_slope(legacy::the_substance, T, code);
 }
 
 namespace {
@@ -331,12 +310,14 @@ void correlate_frost(VPSetFrost& set, double e, double f, double Tcrit, double p
 
 }  // namespace
 
-void correlate_vapour_pressure(SubstanceRecord& s, std::int16_t index, double Tcrit, double pcrit,
-                               double Tboil) {
+void correlate_vapour_pressure(SubstanceRecord& s, VapourPressureEquation equation, double Tcrit,
+                               double pcrit, double Tboil) {
     if (!(Tboil >= kPresent) || !(Tcrit >= kPresent) || !(pcrit >= kPresent)) return;
-    if (index == 6) correlate_frost(s.KFW, 0.183218, 2, Tcrit, pcrit, Tboil);
-    if (index == 7) correlate_frost(s.KFR, 0.185652, 2.5, Tcrit, pcrit, Tboil);
-    if (index == 8) correlate_thompson(s, Tcrit, pcrit, Tboil);
+    if (equation == VapourPressureEquation::frostVanDerWaals)
+        correlate_frost(s.KFW, 0.183218, 2, Tcrit, pcrit, Tboil);
+    if (equation == VapourPressureEquation::frostRedlichKwong)
+        correlate_frost(s.KFR, 0.185652, 2.5, Tcrit, pcrit, Tboil);
+    if (equation == VapourPressureEquation::thompson) correlate_thompson(s, Tcrit, pcrit, Tboil);
 }
 
 void correlate_august(SubstanceRecord& s) {
@@ -344,14 +325,6 @@ void correlate_august(SubstanceRecord& s) {
     const bool usable = std::isfinite(line.A) && std::isfinite(line.B);
     s.AUG = usable ? models::VPSetAugust{static_cast<float>(line.A), static_cast<float>(line.B)}
                    : models::VPSetAugust{};
-}
-
-void CorrelateVapourPressure(std::int16_t index, double Tcrit, double pcrit, double Tboil) {
-    correlate_vapour_pressure(legacy::the_substance, index, Tcrit, pcrit, Tboil);
-}
-
-void CorrelateAugust() {
-    correlate_august(legacy::the_substance);
 }
 
 }  // namespace quor::models

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <string_view>
+#include <cstdint>
 
 #include "common/status.h"
-#include "legacy/declare.h"
+#include "models/model_selection.h"
+#include "models/substance_record.h"
 
 namespace quor::models {
 
@@ -13,11 +14,9 @@ struct VapourPressureResult {
     Status status = kSuccess;
 };
 
-/// p(LV) at T/K by the equation of a three-letter code. Works for 1E-6 <= T <= Tcrit.
+/// p(LV) at T/K by an equation. Works for 1E-6 <= T <= Tcrit.
 VapourPressureResult vapour_pressure(const models::SubstanceRecord& s, double T,
-                                     std::string_view code);
-/// The same for the active substance; with `warn` a box tells of more than 10 K outside the range.
-VapourPressureResult VapourPressure(double T, std::string_view code, bool warn);
+                                     VapourPressureEquation code);
 
 struct BoilingTemperatureResult {
     double T = 0;                ///< K, 0 on failure
@@ -27,9 +26,7 @@ struct BoilingTemperatureResult {
 
 /// T(LV) at p/kPa, the inverse of `vapour_pressure`. p above pcrit is a failure.
 BoilingTemperatureResult boiling_temperature(const models::SubstanceRecord& s, double p,
-                                             std::string_view code);
-/// The same for the active substance; with `warn` a box tells of more than 10 K outside the range.
-BoilingTemperatureResult BoilingTemperature(double p, std::string_view code, bool warn = true);
+                                             VapourPressureEquation code);
 
 struct SlopeResult {
     double slope = 0;  ///< d(ln p)/d(1/T) in K, 0 on failure
@@ -37,16 +34,13 @@ struct SlopeResult {
 };
 
 SlopeResult vapour_pressure_slope(const models::SubstanceRecord& s, double T,
-                                  std::string_view code);
-SlopeResult VapourPressureSlope(double T, std::string_view code);
+                                  VapourPressureEquation code);
 
-/// Fills KFW, KFR or THO (index 6, 7, 8) of a record from critical point and boiling point.
-void correlate_vapour_pressure(models::SubstanceRecord& s, std::int16_t index, double Tcrit,
-                               double pcrit, double Tboil);
+/// Fills the set of a correlated equation (Frost/Kalkwarf by van der Waals or Redlich/Kwong,
+/// Antoine by Thompson) of a record from critical point and boiling point.
+void correlate_vapour_pressure(models::SubstanceRecord& s, VapourPressureEquation equation,
+                               double Tcrit, double pcrit, double Tboil);
 /// Fills AUG of a record from its critical point and boiling point; a fault leaves zeros.
 void correlate_august(models::SubstanceRecord& s);
-
-void CorrelateVapourPressure(std::int16_t index, double Tcrit, double pcrit, double Tboil);
-void CorrelateAugust();
 
 }  // namespace quor::models

@@ -15,8 +15,6 @@ using constants::kPresent;
 
 namespace {
 
-constexpr std::int16_t kBensonVaporisation = 6;
-
 constexpr auto kSecondPoint = "A 2nd reference point is needed";
 
 constexpr auto kVleText =
@@ -52,13 +50,13 @@ constexpr auto kVaporisationText =
 /// Where the choice is opened from decides what there is to choose.
 enum class Situation { Vaporisation, CubicVle, Cubic, EquationOnly, VapourOnlyVle, VapourOnly };
 
-Situation situation_of(const models::ModelSelection& models, Task task, bool assumedVle) {
+Situation situation_of(const models::ModelSelection& chosen, Task task, bool assumedVle) {
     const bool vle = task == Task::state && assumedVle;
-    if (is_vaporisation(task) && models.HLVModel == kBensonVaporisation)
+    if (is_vaporisation(task) && chosen.HLVModel == models::VaporisationModel::benson)
         return Situation::Vaporisation;
-    if (models.EOSOnlyV) return vle ? Situation::VapourOnlyVle : Situation::VapourOnly;
+    if (chosen.EOSOnlyV) return vle ? Situation::VapourOnlyVle : Situation::VapourOnly;
     if (vle) return Situation::CubicVle;
-    return models.PriorityCEOS ? Situation::Cubic : Situation::EquationOnly;
+    return chosen.PriorityCEOS ? Situation::Cubic : Situation::EquationOnly;
 }
 
 std::string text_of(Situation situation) {

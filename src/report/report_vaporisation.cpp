@@ -10,10 +10,9 @@ namespace quor::report {
 
 using calculation::Reason;
 using calculation::Task;
+using models::VaporisationModel;
 
 namespace {
-
-constexpr std::int16_t kDatabaseDensity = 5, kBenson = 6;
 
 bool given_T(const Teller& t) {
     return t.request.task == Task::vaporisationAtT;
@@ -52,14 +51,15 @@ bool tell_given(Teller& t) {
 
 void compressibility_lines(Teller& t) {
     const models::EnthalpyOfVaporisationResult& r = t.answer.vaporisation->found;
-    const std::int16_t method = t.models().HLVModel;
-    if (method != kDatabaseDensity && method != kBenson) return;
+    const models::VaporisationModel method = t.models().HLVModel;
+    if (method != VaporisationModel::databaseDensity && method != VaporisationModel::benson) return;
     t.list.add("Following compressibility factors z were used:");
     t.list.add("z(L) = " + value32(r.zL));
     t.list.add("z(V) = " + value32(r.zV));
     t.list.add("z(V) by using " + text::trim(models::EOSName(t.models().EOSModel)));
-    t.list.add(method == kBenson ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
-                                 : "rho_L for z_L by using database function rho_L = Fu(T)");
+    t.list.add(method == VaporisationModel::benson
+                   ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
+                   : "rho_L for z_L by using database function rho_L = Fu(T)");
 }
 
 void tell_main_result(Teller& t) {
@@ -106,7 +106,7 @@ void tell_virial(Teller& t) {
     t.out.par1.text = temperature_text(t.answer.T);
     t.list.underlined("Comparison of Virial Coefficients, [B] = m^3/kmol");
     for (const calculation::VirialValue& one : t.answer.virials) {
-        const std::string name = text::pad_right(models::EOSName(one.code), kNameWidth);
+        const std::string name = text::pad_right(models::EOSName(one.eos), kNameWidth);
         const std::string value = value32(one.B);
         t.list.add({name + " {B} = " + text::pad_left(value, kNumberWidth),
                     false,

@@ -18,7 +18,6 @@ using legacy::the_session;
 
 namespace {
 
-constexpr std::int16_t kBensonVaporisation = 6;
 constexpr std::uint8_t kPolytropicKind = 6;
 
 report::CalculationState& state() {
@@ -37,7 +36,7 @@ bool asks_for_vle() {
 bool needs_preparation(Task task) {
     if (is_equilibrium(task)) return true;
     if (task == Task::state) return state().method.assumedVle;
-    return is_vaporisation(task) && legacy::the_models.HLVModel == kBensonVaporisation;
+    return is_vaporisation(task) && legacy::the_models.HLVModel == models::VaporisationModel::benson;
 }
 
 calculation::Process present_process() {

@@ -65,7 +65,7 @@ void reset_session() {
     the_session.BatchMode = false;
     the_session.SubstanceSet = false;
     the_session.CurrentSubstance = 0;
-    legacy::the_models.HLVModel = 0;
+    legacy::the_models.HLVModel = models::VaporisationModel::none;
     legacy::the_reference = {};
     legacy::the_coordinates = {};
     the_session.calculation.method.global = true;

@@ -7,6 +7,7 @@
 #include "models/model_tables.h"
 #include "models/reference_state.h"
 #include "models/vapour_pressure.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 
 using namespace quor;
@@ -24,15 +25,16 @@ void CalcTest::use_fluid(std::string_view name) {
 }
 
 void CalcTest::use_models(const Models& m) {
-    selection.EOSModel = static_cast<std::int16_t>(m.eos);
-    selection.EOSOnlyV = models::is_v_only_eos(selection.EOSModel);
-    selection.VPCode = m.vp;
-    selection.VPModel = models::vp_index(m.vp);
+    selection.EOSModel = codes::eos(m.eos);
+    selection.EOSOnlyV = models::is_v_only(selection.EOSModel);
+    selection.VPModel = codes::vp(m.vp);
     selection.PriorityCEOS = m.priority && !selection.EOSOnlyV;
-    selection.HLVModel = static_cast<std::int16_t>(m.hlv);
+    selection.HLVModel = codes::hlv(m.hlv);
     selection.WatsonN = 0.38F;
-    selection.CpModel = static_cast<std::int16_t>(m.cp);
-    eosParameters = models::eos_constants(selection.EOSModel, selection.EOSOnlyV, substance, jt);
+    selection.CpModel = codes::cp(m.cp);
+    const models::EosConstants constants = models::eos_constants(substance, selection);
+    eosParameters = constants.power;
+    jt = constants.jiTorvik;
     if (m.eos == 10) {
         eosParameters.eosB0 = 0.09;
         eosParameters.eosNB = 3.0e4;

@@ -17,6 +17,7 @@
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -99,18 +100,18 @@ double caloric_factor(const Work& w) {
 }
 
 bool cubic(const Work& w) {
-    return models::is_cubic_eos(w.selection().EOSModel);
+    return models::is_cubic(w.selection().EOSModel);
 }
 
 double B(const Work& w, double T) {
     models::EOSState state;
-    return models::second_virial(w.setting.fluid(), w.selection().EOSModel, T, state);
+    return models::second_virial(w.setting.fluid(), T, state);
 }
 
 models::EnthalpyOfVaporisationResult vaporisation_by(const Work& w, std::int16_t code) {
     return models::enthalpy_of_vaporisation(w.setting.fluid(),
-                                            {.code = code,
-                                             .vpCode = w.selection().VPCode,
+                                            {.model = codes::hlv(code),
+                                             .vpCode = w.selection().VPModel,
                                              .reference = w.method().reference,
                                              .T = 0,
                                              .p = 0},
@@ -303,7 +304,7 @@ void hlv_of_eos(Work& w) {
 void equilibrium(Work& w, bool fromT) {
     const models::SubstanceRecord& s = w.substance();
     const models::Fluid fluid = w.setting.fluid();
-    const std::string& code = w.selection().VPCode;
+    const models::VapourPressureEquation code = w.selection().VPModel;
     w.L.exists = w.V.exists = true;
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     const bool eos = w.method().global && w.selection().PriorityCEOS;
@@ -358,7 +359,7 @@ void equilibrium(Work& w, bool fromT) {
 }
 
 void vaporisation(Work& w, bool fromT) {
-    const std::int16_t method = w.selection().HLVModel;
+    const std::int16_t method = models::code_of(w.selection().HLVModel);
     const auto r = vaporisation_by(w, method);
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     w.T = r.T;
@@ -447,13 +448,8 @@ void caloric_functions(Work& w) {
 }
 
 double virial_of(const Work& w, std::int16_t code) {
-    models::JiTorvikParameters jt;
-    models::ModelSelection models = w.selection();
-    models.EOSModel = code;
-    models.EOSOnlyV = true;
-    const auto eos = models::eos_constants(code, true, w.substance(), jt);
     models::EOSState state;
-    return models::second_virial({w.substance(), models, eos, jt}, code, w.T, state);
+    return models::second_virial(w.setting.fluid().with(codes::eos(code)).value(), w.T, state);
 }
 
 void virial_coefficients(Work& w) {
@@ -461,16 +457,16 @@ void virial_coefficients(Work& w) {
     const std::string title = "Comparison of Virial Coefficients, [B] = m^3/kmol";
     w.r.list.push_back(title);
     w.r.list.push_back(std::string(title.size(), '='));
-    const std::int16_t active = w.selection().EOSModel;
+    const std::int16_t active = models::code_of(w.selection().EOSModel);
     for (std::int16_t code = 11; code <= 16; ++code) {
         const double b = virial_of(w, code);
-        w.r.list.push_back(left(std::string(models::EOSName(code)), 35) +
+        w.r.list.push_back(left(std::string(models::EOSName(codes::eos(code))), 35) +
                            " {B} = " + right(g7(b), 16));
         if (code == active || (active >= 2 && active <= 6 && code == active + 9)) w.r.Fu[41] = b;
     }
     if (active == 0 || active == 10) {
         w.r.Fu[41] = B(w, w.T);
-        w.r.list.push_back(left(std::string(models::EOSName(active)), 35) +
+        w.r.list.push_back(left(std::string(models::EOSName(codes::eos(active))), 35) +
                            " {B} = " + right(g7(B(w, w.T)), 16));
     }
 }
@@ -505,7 +501,8 @@ void common_end(Work& w, int mode) {
         w.r.State = "   ";
         return;
     }
-    if (cubic(w) && ((mode != 6 && mode != 7) || w.selection().HLVModel == 7)) cubic_block(w);
+    if (cubic(w) && ((mode != 6 && mode != 7) || w.selection().HLVModel == codes::hlv(7)))
+        cubic_block(w);
     if (!cubic(w) && mode != 11) {
         w.r.list.push_back("");
         w.r.list.push_back("Virial coeffizient:");

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "models/cubic_eos.h"
-#include "models/model_tables.h"
+#include "legacy/wrappers.h"
 #include "session/calculations.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -34,14 +34,13 @@ class SessionCalcTest : public SessionTest {
 
     static void use_models(const Models& m) {
         models::ModelSelection& models = legacy::the_models;
-        models.EOSModel = static_cast<std::int16_t>(m.eos);
-        models.EOSOnlyV = models::is_v_only_eos(models.EOSModel);
-        models.VPCode = "WAG";
-        models.VPModel = models::vp_index("WAG");
+        models.EOSModel = codes::eos(m.eos);
+        models.EOSOnlyV = models::is_v_only(models.EOSModel);
+        models.VPModel = models::VapourPressureEquation::wagner;
         models.PriorityCEOS = m.priority && !models.EOSOnlyV;
-        models.HLVModel = static_cast<std::int16_t>(m.hlv);
+        models.HLVModel = codes::hlv(m.hlv);
         models.WatsonN = 0.38F;
-        models.CpModel = 2;
+        models.CpModel = models::CpForm::sinhCosh;
         models::calc_eos_parameters(models.EOSModel);
     }
 

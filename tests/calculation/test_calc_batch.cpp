@@ -330,7 +330,7 @@ TEST_F(CalcBatch, FailedVapourPressureEquationIsReported) {
 
 TEST_F(CalcBatch, EosThatFindsNoEquilibriumIsReported) {
     selection.EOSOnlyV = false;
-    selection.EOSModel = -1;
+    selection.EOSModel = models::Eos::none;
     use_input({.T = 300, .p = 900});
     const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
     EXPECT_TRUE(calculate(4).Failed);

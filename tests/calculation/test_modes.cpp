@@ -6,6 +6,7 @@
 #include "models/model_tables.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -29,9 +30,9 @@ class Modes : public CalcTest {
     void expect_text(int mode, const BatchDataSet& set) {
         for (const bool batch : {false, true}) {
             SCOPED_TRACE(testing::Message()
-                         << "mode " << mode << " eos " << selection.EOSModel << " units "
-                         << static_cast<int>(units.system) << " T " << set.T << " p " << set.p
-                         << " rho " << set.rhoV << " batch " << batch);
+                         << "mode " << mode << " eos " << models::code_of(selection.EOSModel)
+                         << " units " << static_cast<int>(units.system) << " T " << set.T << " p "
+                         << set.p << " rho " << set.rhoV << " batch " << batch);
             use_input(set, batch);
             const expected::Result e = expected::Of(setting(), mode, set);
             const Outcome call = calculate(mode);
@@ -102,8 +103,8 @@ TEST_F(Modes, StateAtTAndP) {
             expect_text(3, given(0.8 * Tc(), 0.005));
             if (!selection.EOSOnlyV) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
             expect_text(3, given(1.2 * Tc(), 0.5 * pc()));
-            if (models::is_cubic_eos(eos)) expect_text(3, given(0.7 * Tc(), 2 * pc()));
-            if (models::is_cubic_eos(eos)) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
+            if (models::is_cubic(codes::eos(eos))) expect_text(3, given(0.7 * Tc(), 2 * pc()));
+            if (models::is_cubic(codes::eos(eos))) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
         });
     }
 }
@@ -115,8 +116,8 @@ TEST_F(Modes, TemperatureAtPAndDensity) {
         for_all_units([&] {
             expect_text(13, given(0, 300, 3.0));
             expect_text(13, given(0, 900, 8.0));
-            if (models::is_cubic_eos(eos)) expect_text(13, given(0, 1500, 120.0));
-            if (models::is_cubic_eos(eos)) expect_text(13, given(0, 6000, 150.0));
+            if (models::is_cubic(codes::eos(eos))) expect_text(13, given(0, 1500, 120.0));
+            if (models::is_cubic(codes::eos(eos))) expect_text(13, given(0, 6000, 150.0));
         });
     }
 }
@@ -185,8 +186,8 @@ TEST_F(Modes, CaloricFunctions) {
             for_all_units([&] {
                 expect_text(8, given(0.75 * Tc(), 100));
                 expect_text(8, given(1.2 * Tc(), 2000));
-                if (models::is_cubic_eos(eos)) expect_text(8, given(0.75 * Tc(), 3000));
-                if (models::is_cubic_eos(eos)) expect_text(8, given(1.05 * Tc(), 6000));
+                if (models::is_cubic(codes::eos(eos))) expect_text(8, given(0.75 * Tc(), 3000));
+                if (models::is_cubic(codes::eos(eos))) expect_text(8, given(1.05 * Tc(), 6000));
             });
         }
 }
@@ -211,7 +212,7 @@ TEST_F(Modes, TellTheSameWithADecimalComma) {
             expect_text(3, given(320, 300.5));
             expect_text(8, given(320, 300.5));
             expect_text(13, given(0, 300.5, 4.75));
-            if (models::is_cubic_eos(eos)) expect_text(4, given(320.25, 0));
+            if (models::is_cubic(codes::eos(eos))) expect_text(4, given(320.25, 0));
             expect_text(11, given(320.25, 0));
         });
     }

@@ -10,6 +10,7 @@
 #include "models/vapour_pressure.h"
 #include "report/tank_picture.h"
 #include "report/titles.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -91,7 +92,7 @@ TEST_F(Tank, DividesItsContentByThePartialMethod) {
         use_models({.eos = eos});
         use_benson_reference();
         fill(10, 1.0, 150.0, 290.0);
-        const double pLV = models::vapour_pressure(substance, 290.0, "WAG").p;
+        const double pLV = models::vapour_pressure(substance, 290.0, codes::vp("WAG")).p;
         const double rhoV = models::solve_state_tp(fluid(), 290.0, pLV).rhoV;
         const double rhoL = models::density_l_benson(290.0, substance.Tcrit, substance.rhocrit,
                                                      rhoV, chosen.method.reference);

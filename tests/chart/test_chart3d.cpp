@@ -109,11 +109,11 @@ TEST(Chart3D, SectionsDivideTheHeightEqually) {
 
 TEST(Chart3D, TurningStaysWithinItsBounds) {
     chart::View3D view;
-    Turn(view, 500, 500);
+    turn(view, 500, 500);
     EXPECT_DOUBLE_EQ(view.elevation, 90);
     EXPECT_GE(view.rotation, -180);
     EXPECT_LE(view.rotation, 180);
-    Turn(view, std::numeric_limits<double>::quiet_NaN(), -1000);
+    turn(view, std::numeric_limits<double>::quiet_NaN(), -1000);
     EXPECT_DOUBLE_EQ(view.elevation, -90);
     view.zoom = std::numeric_limits<double>::infinity();
     EXPECT_DOUBLE_EQ(sanitised(view).zoom, 1);

@@ -12,6 +12,7 @@
 #include "datafiles/synonyms.h"
 #include "datafiles/xy_file.h"
 #include "session/module2.h"
+#include "support/codes.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -167,9 +168,9 @@ TEST_F(DamagedFiles, DamagedProjectsLeaveSettingsWithinTheirRanges) {
         EXPECT_LE(the_session.PointsPerCurve, 800);
         EXPECT_TRUE(the_session.UnitMode >= 0 && the_session.UnitMode <= 2);
         EXPECT_TRUE(the_session.CaloricUnit >= 0 && the_session.CaloricUnit <= 3);
-        EXPECT_TRUE(legacy::the_models.VPModel >= 0 && legacy::the_models.VPModel <= 8);
-        EXPECT_TRUE(legacy::the_models.EOSModel >= -1 && legacy::the_models.EOSModel <= 16);
-        EXPECT_TRUE(legacy::the_models.HLVModel >= 0 && legacy::the_models.HLVModel <= 7);
+        EXPECT_TRUE(models::vapour_pressure_of_code(models::code_of(legacy::the_models.VPModel)));
+        EXPECT_TRUE(models::eos_of_code(models::code_of(legacy::the_models.EOSModel)));
+        EXPECT_TRUE(models::vaporisation_of_code(models::code_of(legacy::the_models.HLVModel)));
         EXPECT_TRUE(std::isfinite(the_session.DiagramT) &&
                     std::isfinite(the_session.CaloricFactor));
         EXPECT_TRUE(std::isfinite(legacy::the_models.WatsonN) &&

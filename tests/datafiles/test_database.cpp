@@ -4,6 +4,7 @@
 #include "datafiles/database.h"
 #include "datafiles/database_builder.h"
 #include "session/module2.h"
+#include "support/codes.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -148,9 +149,9 @@ TEST_F(Database, ReadingFillsTheActiveSubstance) {
     EXPECT_EQ(legacy::the_substance.Name, "Propane");
     EXPECT_EQ(legacy::the_substance.CASRN, "74-98-6     ");
     EXPECT_DOUBLE_EQ(legacy::the_substance.Tcrit, 369.89);
-    EXPECT_EQ(legacy::the_models.VPCode, "WAG");
+    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "WAG");
     EXPECT_EQ(name_after_reading(2), "Diäthyl ether");
-    EXPECT_EQ(legacy::the_models.VPCode, "000");
+    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "000");
 }
 
 TEST_F(Database, SubstanceZeroIsLeftAlone) {

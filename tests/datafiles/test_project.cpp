@@ -3,6 +3,7 @@
 #include "datafiles/database_builder.h"
 #include "datafiles/project.h"
 #include "session/module2.h"
+#include "support/codes.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -83,10 +84,10 @@ class Project : public SessionTest {
         EXPECT_FALSE(the_session.CurveRealRangeOnly);
         EXPECT_EQ(the_session.PointsPerCurve, 450);
         EXPECT_EQ(the_session.CsvSeparator, ',');
-        EXPECT_EQ(the_models.VPModel, 3);
-        EXPECT_EQ(the_models.EOSModel, 5);
-        EXPECT_EQ(the_models.CpModel, 2);
-        EXPECT_EQ(the_models.HLVModel, 4);
+        EXPECT_EQ(models::code_of(the_models.VPModel), 3);
+        EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
+        EXPECT_EQ(models::code_of(the_models.CpModel), 2);
+        EXPECT_EQ(models::code_of(the_models.HLVModel), 4);
         EXPECT_EQ(the_models.WatsonN, 0.375F);
         EXPECT_FALSE(the_models.PriorityCEOS);
         EXPECT_EQ(the_reference.RefMode, 10);
@@ -124,7 +125,7 @@ TEST_F(Project, EveryItemIsRead) {
 
 TEST_F(Project, WhatFollowsFromTheSettingsIsDerived) {
     load(kProject);
-    EXPECT_EQ(the_models.VPCode, "FRO");
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "FRO");
     EXPECT_FALSE(the_models.EOSOnlyV);
     EXPECT_GT(legacy::the_eosParameters.vcritCalc, 0.0);
     EXPECT_NE(legacy::the_substance.KFW.a[0], 0.0F);
@@ -232,7 +233,7 @@ TEST_F(Project, AFailedSaveIsToldAndLeavesTheOldFile) {
 TEST_F(Project, TheLastSessionIsSavedWithoutAQuestion) {
     open_and_choose();
     the_session.ProjectFile = "MINE.QCF";
-    the_models.EOSModel = 6;
+    the_models.EOSModel = codes::eos(6);
     the_session.DiagramT = 345.5;
     EXPECT_TRUE(datafiles::save_project(false));
     EXPECT_TRUE(user.files.empty());
@@ -244,7 +245,7 @@ TEST_F(Project, TheLastSessionIsSavedWithoutAQuestion) {
     const ProjectResult result = datafiles::load_last_session();
     EXPECT_TRUE(result.modelsComplete);
     EXPECT_EQ(the_session.DiagramT, 345.5);
-    EXPECT_EQ(the_models.EOSModel, 6);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 6);
     EXPECT_EQ(legacy::the_substance.Name, "Propane");
     EXPECT_EQ(the_session.ProjectFile, "");
 }
@@ -321,7 +322,7 @@ TEST_F(Project, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
     EXPECT_FALSE(the_session.SubstanceSet);
     EXPECT_EQ(legacy::the_substance.Name, "");
     EXPECT_EQ(the_session.DiagramT, 310.25);
-    EXPECT_EQ(the_models.EOSModel, 5);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
     // Specific units need a molar mass.
     EXPECT_EQ(the_session.UnitMode, 0);
     EXPECT_EQ(the_session.VolumeLabel, "m^3/kmol");
@@ -347,18 +348,18 @@ TEST_F(Project, AnEquationOfStateOfMinusOneReadsAsZero) {
     std::string text = kProject;
     text.replace(text.find("\r\n5\r\n2\r\n4"), 5, "\r\n-1\r\n");
     load(text);
-    EXPECT_EQ(the_models.EOSModel, 0);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 0);
     EXPECT_TRUE(the_models.EOSOnlyV);
     EXPECT_FALSE(the_models.PriorityCEOS);
-    EXPECT_EQ(the_models.CpModel, 2);
+    EXPECT_EQ(models::code_of(the_models.CpModel), 2);
 }
 
 TEST_F(Project, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
     std::string text = kProject;
     text.replace(text.find("\r\n3\r\n5\r\n2"), 5, "\r\n0\r\n");
     load(text);
-    EXPECT_EQ(the_models.VPCode, "WAG");
-    EXPECT_EQ(the_models.VPModel, 4);
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
+    EXPECT_EQ(models::code_of(the_models.VPModel), 4);
 }
 
 TEST_F(Project, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
@@ -371,7 +372,7 @@ TEST_F(Project, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
     EXPECT_EQ(the_session.PointsPerCurve, 300);
     EXPECT_EQ(the_session.CsvSeparator, ';');
     EXPECT_EQ(the_session.DiagramP, 1500.5);
-    EXPECT_EQ(the_models.EOSModel, 5);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
 }
 
 TEST_F(Project, ATruncatedFileLeavesTheLaterSettings) {
@@ -381,7 +382,7 @@ TEST_F(Project, ATruncatedFileLeavesTheLaterSettings) {
     EXPECT_EQ(the_session.CaloricUnit, 3);
     EXPECT_FALSE(the_session.CurveRealRangeOnly);
     EXPECT_EQ(the_session.PointsPerCurve, 300);
-    EXPECT_EQ(the_models.VPCode, "WAG");
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
     EXPECT_EQ(the_reference.RefMode, 1);
     EXPECT_EQ(the_session.tank.T, 0.0F);
 }
@@ -430,9 +431,9 @@ TEST_F(Project, CommentsKeepTheirUmlautsAndStayOnOneLine) {
 
 TEST_F(Project, LoadingClosesWhatBelongedToTheSubstance) {
     open_and_choose();
-    the_session.GlobalCalculation = false;
+    the_session.calculation.method.global = false;
     load(kProject);
-    EXPECT_TRUE(the_session.GlobalCalculation);
+    EXPECT_TRUE(the_session.calculation.method.global);
 }
 
 }  // namespace

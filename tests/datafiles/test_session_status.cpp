@@ -1,4 +1,5 @@
 #include "datafiles/session_status.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -18,8 +19,8 @@ class SessionStatus : public SessionTest {
         legacy::the_substance.Name = "Propane";
         legacy::the_substance.Formula = "C3H8";
         legacy::the_substance.CASRN = "74-98-6     ";
-        legacy::the_models.EOSModel = 6;
-        legacy::the_models.VPModel = 4;
+        legacy::the_models.EOSModel = codes::eos(6);
+        legacy::the_models.VPModel = codes::vp(4);
     }
     static std::string text() { return datafiles::status_report().text; }
 };
@@ -45,7 +46,7 @@ TEST_F(SessionStatus, ASubstanceComesWithItsModels) {
                           "    CEOS Peng / Robinson (Priority!),  Vapour press. equ.: Wagner\n"
                           "... exper. T-p-rho-HLV-cp data: none" +
                           kFoot);
-    legacy::the_models.EOSModel = -1;
+    legacy::the_models.EOSModel = codes::eos(-1);
     EXPECT_NE(text().find("Propane (#45)\n    no models\n"), std::string::npos);
 }
 
@@ -86,7 +87,7 @@ TEST_F(SessionStatus, PanelsMarkTheModelWithPriority) {
     panels = datafiles::panel_texts(true);
     EXPECT_EQ(panels.eos, "CEOS Peng / Robinson");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner (Priority!)");
-    legacy::the_models.EOSModel = 16;
+    legacy::the_models.EOSModel = codes::eos(16);
     legacy::the_models.EOSOnlyV = true;
     panels = datafiles::panel_texts(true);
     EXPECT_EQ(panels.eos, "VIRIAL Equ. Pitzer / Curl");
@@ -98,15 +99,15 @@ TEST_F(SessionStatus, PanelsMarkTheModelWithPriority) {
 }
 
 TEST_F(SessionStatus, ParametersOfTheIdealGasAndOfPitzerCurlAreOneSentence) {
-    legacy::the_models.EOSModel = 0;
+    legacy::the_models.EOSModel = codes::eos(0);
     EXPECT_EQ(datafiles::parameter_report().text, "Selected: Ideal gas equation");
-    legacy::the_models.EOSModel = 16;
+    legacy::the_models.EOSModel = codes::eos(16);
     EXPECT_EQ(datafiles::parameter_report().text,
               "Parameters of PITZER/CURL equation \ncf. Help in the window \"Models\"");
 }
 
 TEST_F(SessionStatus, ParametersAreListedWithTheCriticalVolume) {
-    legacy::the_models.EOSModel = 4;
+    legacy::the_models.EOSModel = codes::eos(4);
     legacy::the_eosParameters = {
         .eosA0 = 1.5, .eosB0 = 0.025, .eosC0 = 0, .eosD0 = 0.25, .eosNA = -0.5};
     legacy::the_eosParameters.vcritCalc = 0.25;

@@ -1,6 +1,7 @@
 #include "datafiles/database.h"
 #include "datafiles/substance_choice.h"
 #include "session/commands.h"
+#include "support/codes.h"
 #include "support/databases.h"
 #include "support/session_test.h"
 
@@ -46,8 +47,8 @@ TEST_F(SubstanceChoice, FormulaAndCasrnOfAnEntry) {
 }
 
 TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
-    legacy::the_models.EOSModel = 6;
-    legacy::the_models.HLVModel = 3;
+    legacy::the_models.EOSModel = codes::eos(6);
+    legacy::the_models.HLVModel = codes::hlv(3);
     session::set_commands({Command::mnuCalcMain, Command::mnu2D}, true);
     EXPECT_TRUE(datafiles::take_substance(2));
     EXPECT_EQ(the_session.CurrentSubstance, 2);
@@ -56,7 +57,8 @@ TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
     EXPECT_NEAR(legacy::the_eosParameters.eosB0,
                 0.0778 * 8.31451 * legacy::the_substance.Tcrit / legacy::the_substance.pcrit, 1e-5);
     EXPECT_NE(legacy::the_substance.THO.A, 0.0F);
-    EXPECT_EQ(legacy::the_models.HLVModel, 0) << "a new substance begins a new session";
+    EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 0)
+        << "a new substance begins a new session";
     EXPECT_TRUE(session::is_enabled(Command::mnuModel));
     EXPECT_FALSE(session::is_enabled(Command::mnuCalcMain)) << "until the models are confirmed";
     EXPECT_FALSE(session::is_enabled(Command::mnu2D));

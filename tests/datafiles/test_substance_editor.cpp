@@ -1,4 +1,6 @@
 #include "datafiles/substance_editor.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include <set>
 
@@ -22,9 +24,9 @@ class SubstanceEditor : public SessionTest {
   protected:
     SubstanceEditor() {
         the_substance = fluids::ReferencePropane();
-        legacy::the_models.VPCode = "WAG";
-        legacy::the_models.VPModel = 4;
-        legacy::the_models.EOSModel = 6;
+        legacy::the_models.VPModel = codes::vp("WAG");
+        legacy::the_models.VPModel = codes::vp(4);
+        legacy::the_models.EOSModel = codes::eos(6);
     }
     static const EditorField& field(int DD) {
         return editor_field_table()[static_cast<std::size_t>(DD)];
@@ -281,22 +283,22 @@ TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
     EditorTexts texts = show_record(the_substance);
     for (const int DD : {8, 9, 10, 11, 12, 13, 14, 15, 16, 17})
         texts[static_cast<std::size_t>(DD)] = "";
-    legacy::the_models.VPCode = "000";
-    legacy::the_models.VPModel = 0;
+    legacy::the_models.VPModel = codes::vp("000");
+    legacy::the_models.VPModel = codes::vp(0);
     ApplyEditor(texts);  // WAG is there, but only the Antoine sets are looked at
-    EXPECT_EQ(legacy::the_models.VPCode, "000");
+    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "000");
     const char* antoine[] = {"6", "800", "247", "150", "250"};
     for (std::size_t k = 0; k < 5; ++k) texts[13 + k] = antoine[k];
     ApplyEditor(texts);
-    EXPECT_EQ(legacy::the_models.VPCode, "AHP");
-    EXPECT_EQ(legacy::the_models.VPModel, models::vp_index("AHP"));
-    legacy::the_models.VPCode = "000";
+    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "AHP");
+    EXPECT_EQ(legacy::the_models.VPModel, codes::vp("AHP"));
+    legacy::the_models.VPModel = codes::vp("000");
     for (std::size_t k = 0; k < 5; ++k) texts[8 + k] = antoine[k];
     ApplyEditor(texts);
-    EXPECT_EQ(legacy::the_models.VPCode, "ALP");
-    legacy::the_models.VPCode = "WAG";
+    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "ALP");
+    legacy::the_models.VPModel = codes::vp("WAG");
     ApplyEditor(texts);
-    EXPECT_EQ(legacy::the_models.VPCode, "WAG");
+    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "WAG");
 }
 
 TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
@@ -304,12 +306,13 @@ TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
     texts[1] = "";
     ApplyEditor(texts);
     EXPECT_NEAR(static_cast<double>(the_substance.Tboil), 231.04, 0.5);  // propane
-    EXPECT_NEAR(
-        models::vapour_pressure(the_substance, static_cast<double>(the_substance.Tboil), "WAG").p,
-        101.325, 0.02);
+    EXPECT_NEAR(models::vapour_pressure(the_substance, static_cast<double>(the_substance.Tboil),
+                                        codes::vp("WAG"))
+                    .p,
+                101.325, 0.02);
     EXPECT_EQ(texts[1], editor_text(the_substance.Tboil));
     texts[1] = "";
-    legacy::the_models.VPCode = "000";
+    legacy::the_models.VPModel = codes::vp("000");
     for (int DD = 8; DD <= 17; ++DD) texts[static_cast<std::size_t>(DD)] = "";
     ApplyEditor(texts);
     EXPECT_EQ(the_substance.Tboil, 0);
@@ -355,25 +358,25 @@ TEST_F(SubstanceEditor, TheFormShowsTheCorrelatedSetsWithoutTouchingTheRecord) {
 }
 
 TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
-    legacy::the_models.HLVModel = 4;
+    legacy::the_models.HLVModel = codes::hlv(4);
     EditorTexts texts = show_record(the_substance);
     texts[42] = "18000";
     texts[43] = "231";
     ApplyEditor(texts);
-    EXPECT_EQ(legacy::the_models.HLVModel, 4);
+    EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 4);
     EXPECT_EQ(user.beeps, 0);
     texts[43] = "";
     ApplyEditor(texts);
-    EXPECT_EQ(legacy::the_models.HLVModel, 2);
+    EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 2);
     EXPECT_EQ(user.beeps, 1);
-    legacy::the_models.HLVModel = 3;
+    legacy::the_models.HLVModel = codes::hlv(3);
     ApplyEditor(texts);
-    EXPECT_EQ(legacy::the_models.HLVModel, 3);
+    EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 3);
     EXPECT_EQ(user.beeps, 1);
 }
 
 TEST_F(SubstanceEditor, EosAndUnitsFollow) {
-    models::calc_eos_parameters(6);
+    models::calc_eos_parameters(codes::eos(6));
     const double before = legacy::the_eosParameters.eosA0;
     legacy::the_session.UnitMode = 1;
     EditorTexts texts = show_record(the_substance);
@@ -386,7 +389,7 @@ TEST_F(SubstanceEditor, EosAndUnitsFollow) {
     EXPECT_DOUBLE_EQ(the_substance.vcritExp, 50.0 / 250);
     EXPECT_TRUE(legacy::the_session.ResultsOutdated);
     // Manual virial coefficients stay.
-    legacy::the_models.EOSModel = 10;
+    legacy::the_models.EOSModel = codes::eos(10);
     legacy::the_eosParameters.eosA0 = 77;
     ApplyEditor(texts);
     EXPECT_EQ(legacy::the_eosParameters.eosA0, 77);
@@ -436,8 +439,8 @@ TEST_F(SubstanceEditor, TheTriplePointPressureComesFromEitherSource) {
     the_substance.Ttriple = 150;
     const auto p = triple_point_pressure(true);
     ASSERT_TRUE(p.has_value());
-    EXPECT_EQ(
-        *p, editor_text(static_cast<float>(models::vapour_pressure(the_substance, 150, "WAG").p)));
+    EXPECT_EQ(*p, editor_text(static_cast<float>(
+                      models::vapour_pressure(the_substance, 150, codes::vp("WAG")).p)));
     the_substance.Ttriple = 0;
     EXPECT_FALSE(triple_point_pressure(true).has_value());
     EXPECT_EQ(user.lastText(), "Error while calculating vapour pressure");

@@ -5,6 +5,7 @@
 #include "datafiles/record_fields.h"
 #include "datafiles/substance_slots.h"
 #include "models/vapour_pressure.h"
+#include "support/codes.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -187,7 +188,7 @@ TEST(SubstanceSlots, AMissingBoilingPointComesFromTheEquationAndAugustIsOlder) {
     s.slots[11] = 0;
     const SubstanceRecord r = load(s).record;
     const models::VapourPressureResult p =
-        models::vapour_pressure(r, static_cast<double>(r.Tboil), "WAG");
+        models::vapour_pressure(r, static_cast<double>(r.Tboil), codes::vp("WAG"));
     EXPECT_EQ(p.status, kSuccess);
     EXPECT_NEAR(p.p, 101.325, 0.02);
     EXPECT_NEAR(r.Tboil, 231.0, 0.2);

@@ -1,4 +1,6 @@
 #include "diagrams/active_fluid.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include "diagrams/coordinates.h"
 
@@ -9,18 +11,18 @@ void ActiveFluid::activate(const std::string& name, std::int16_t eos) {
     s = fluids::Row(name);
     models::correlate_august(s);
     for (const std::int16_t index : {std::int16_t{6}, std::int16_t{7}, std::int16_t{8}})
-        models::correlate_vapour_pressure(s, index, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+        models::correlate_vapour_pressure(s, codes::vp(index), s.Tcrit, s.pcrit,
+                                          static_cast<double>(s.Tboil));
 
     models::ModelSelection& m = legacy::the_models;
     m = {};
-    m.EOSModel = eos;
-    m.EOSOnlyV = models::is_v_only_eos(eos);
+    m.EOSModel = codes::eos(eos);
+    m.EOSOnlyV = models::is_v_only(codes::eos(eos));
     m.PriorityCEOS = !m.EOSOnlyV;
-    m.VPModel = 4;
-    m.VPCode = "WAG";
-    m.CpModel = s.hasCpPoly ? 1 : s.hasCpSinh ? 2 : 0;
-    m.HLVModel = 2;
-    ASSERT_EQ(models::calc_eos_parameters(eos), kSuccess);
+    m.VPModel = codes::vp("WAG");
+    m.CpModel = codes::cp(s.hasCpPoly ? 1 : s.hasCpSinh ? 2 : 0);
+    m.HLVModel = codes::hlv(2);
+    ASSERT_EQ(models::calc_eos_parameters(codes::eos(eos)), kSuccess);
     legacy::the_reference.T0 = 298.15F;
     legacy::the_coordinates = {};
     Module9::calc_coordinate_defaults(legacy::the_coordinates);

@@ -1,4 +1,5 @@
 #include "diagrams/catalogue.h"
+#include "support/codes.h"
 
 #include <array>
 #include <map>
@@ -260,7 +261,7 @@ TEST_F(Catalogue, DatabaseFunctionsTellTheirValidity) {
     EXPECT_EQ(with_window(309).subTitle,
               "Propane, saturation pressure (database function), validity T = 86 ...369 K");
 
-    legacy::the_models.CpModel = 2;
+    legacy::the_models.CpModel = codes::cp(2);
     EXPECT_EQ(with_window(302).subTitle,
               "Propane, ideal gas heat capacity (database functionsinh/cosh function), validity T "
               "= 86 ...369 K");
@@ -327,7 +328,7 @@ TEST_F(Catalogue, HeatCapacityNeedsAnIdealGasForm) {
     request.DiagramType = 19;
     request.sectionKind = Module9::kIsobaric;
     EXPECT_TRUE(Module9::AnswerOf(request).opens);
-    legacy::the_models.CpModel = 0;
+    legacy::the_models.CpModel = codes::cp(0);
     EXPECT_FALSE(Module9::AnswerOf(request).opens);
     EXPECT_EQ(Module9::AnswerOf(request).text, "No cp(idGas) parameters available");
 }

@@ -1,4 +1,6 @@
 #include "diagrams/coordinates.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include <tuple>
 
@@ -241,10 +243,10 @@ TEST_F(Coordinates, DatabaseWindowsShowTheValuesAtBothEnds) {
              models::polynomial_cp(s.cpL, 273).cp / M());
     contains(304, models::polynomial_cp(s.cpS, 25).cp / M(),
              models::polynomial_cp(s.cpS, 216).cp / M());
-    contains(307, models::vapour_pressure(s, 217, "WAG").p,
-             models::vapour_pressure(s, 303, "WAG").p);
-    contains(308, models::vapour_pressure(s, 217, "ALP").p,
-             models::vapour_pressure(s, 273, "ALP").p);
+    contains(307, models::vapour_pressure(s, 217, codes::vp("WAG")).p,
+             models::vapour_pressure(s, 303, codes::vp("WAG")).p);
+    contains(308, models::vapour_pressure(s, 217, codes::vp("ALP")).p,
+             models::vapour_pressure(s, 273, codes::vp("ALP")).p);
     contains(310, models::density_solid(s, 144).rho, models::density_solid(s, 216).rho);
 }
 

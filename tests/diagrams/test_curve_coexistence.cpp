@@ -6,9 +6,11 @@
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/vapour_pressure.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -318,7 +320,7 @@ TEST_F(Coexistence, VapourPressureComesFromTheEOSOrFromTheEquation) {
     legacy::the_models.PriorityCEOS = false;
     const Drawn equation = Draw(9, {});
     for (const CurvePoint& point : equation.points())
-        EXPECT_NEAR(point.y / models::VapourPressure(point.x, "WAG", false).p, 1, 1e-5);
+        EXPECT_NEAR(point.y / models::VapourPressure(point.x, codes::vp("WAG"), false).p, 1, 1e-5);
 }
 
 TEST_F(Coexistence, LnPOverInverseTIsNearlyStraight) {
@@ -329,7 +331,8 @@ TEST_F(Coexistence, LnPOverInverseTIsNearlyStraight) {
         EXPECT_EQ(curve.mark(), 0);
         for (const CurvePoint& point : curve.points()) {
             const double T = std::min(1 / static_cast<double>(point.x), the_substance.Tcrit);
-            const double p = byEOS ? sat_T(T).p : models::VapourPressure(T, "WAG", false).p;
+            const double p =
+                byEOS ? sat_T(T).p : models::VapourPressure(T, codes::vp("WAG"), false).p;
             if (p > 0) {
                 EXPECT_NEAR(point.y, std::log(p), 1e-5) << T;
             }
@@ -350,7 +353,7 @@ TEST_F(Coexistence, TheSlopeOfTheVapourPressureIsItsDerivative) {
     for (const CurvePoint& point : curve.points()) {
         const double x = point.x, d = 1e-4 * x;
         const auto lnp = [](double inverse) {
-            return std::log(models::VapourPressure(1 / inverse, "WAG", false).p);
+            return std::log(models::VapourPressure(1 / inverse, codes::vp("WAG"), false).p);
         };
         if (1 / (x - d) < the_substance.Tcrit) {
             EXPECT_NEAR(point.y, (lnp(x + d) - lnp(x - d)) / (2 * d), 2e-4 * std::fabs(point.y));
@@ -364,7 +367,7 @@ TEST_F(Coexistence, TheSlopeOfTheVapourPressureIsItsDerivative) {
     EXPECT_TRUE(curve.request.title.ends_with(text)) << curve.request.title;
     const Drawn again = Draw(curve.request, {});
     EXPECT_EQ(again.request.title, curve.request.title) << "the remark is made once";
-    legacy::the_models.VPCode = "AUG";
+    legacy::the_models.VPModel = codes::vp("AUG");
     diagrams::DiagramRequest plain = RequestFor(11);
     plain.title = "slope";
     EXPECT_EQ(Draw(plain, {}).request.title, "slope");
@@ -374,7 +377,7 @@ TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
     activate("Propane");
     the_substance.rhoLTLo = 86;
     for (std::int16_t model = 1; model <= 7; ++model) {
-        legacy::the_models.HLVModel = model;
+        legacy::the_models.HLVModel = codes::hlv(model);
         legacy::the_models.WatsonN = 0.38F;
         const Drawn curve = Draw(13, {});
         if (model == 6) continue;  // needs a reference point of Benson's method
@@ -383,7 +386,8 @@ TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
         EXPECT_EQ(curve.mark(), givesPressure ? -2 : 0) << model;
         for (const CurvePoint& point : curve.points()) {
             EXPECT_LE(point.x, static_cast<float>(the_substance.Tcrit));
-            const auto r = models::enthalpy_of_vaporisation(model, point.x, 0, "WAG", false);
+            const auto r = models::enthalpy_of_vaporisation(codes::hlv(model), point.x, 0,
+                                                            codes::vp("WAG"), false);
             EXPECT_NEAR(point.y, r.h, 2e-5 * r.h + 20) << model << " " << point.x;
             EXPECT_EQ(point.z > 0, givesPressure);
         }

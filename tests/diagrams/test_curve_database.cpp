@@ -1,6 +1,7 @@
 #include "diagrams/active_fluid.h"
 #include "diagrams/catalogue.h"
 #include "diagrams/drawn.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -68,7 +69,7 @@ TEST_F(DatabaseCurves, HeatCapacitiesAreTheirPolynomials) {
 
 TEST_F(DatabaseCurves, SinhCoshHeatCapacityIsAlysAndLees) {
     activate("Carbon dioxide");
-    legacy::the_models.CpModel = 2;
+    legacy::the_models.CpModel = codes::cp(2);
     const auto& set = the_substance.cpSinh.c;
     const Drawn curve = Draw(302, {});
     EXPECT_GT(curve.count(), 290U);

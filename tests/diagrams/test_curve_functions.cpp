@@ -7,9 +7,11 @@
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -370,8 +372,8 @@ TEST_F(FunctionCurves, PartialGasCurvesEndAtTheCoexistenceCurve) {
     activate_vapour_only("Propane");
     the_session.PartialGasCurve = true;
     const double p = 500, T = 300;
-    const double TLV = models::BoilingTemperature(p, "WAG", false).T;
-    const double pLV = models::VapourPressure(T, "WAG", false).p;
+    const double TLV = models::BoilingTemperature(p, codes::vp("WAG"), false).T;
+    const double pLV = models::VapourPressure(T, codes::vp("WAG"), false).p;
     for (const std::int16_t code : std::initializer_list<std::int16_t>{15, 30})
         EXPECT_EQ(Draw(code, {.p = p}).first().x, static_cast<float>(TLV)) << code;
     for (const std::int16_t code : std::initializer_list<std::int16_t>{150, 40})

@@ -5,6 +5,7 @@
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
 

@@ -5,8 +5,10 @@
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -21,8 +23,8 @@ using legacy::the_substance;
 class Sections : public ActiveFluid {
   protected:
     static Textbook textbook() {
-        return {legacy::the_models.EOSModel, the_substance.Tcrit, the_substance.pcrit,
-                the_substance.omega};
+        return {models::code_of(legacy::the_models.EOSModel), the_substance.Tcrit,
+                the_substance.pcrit, the_substance.omega};
     }
     static double M() { return static_cast<double>(the_substance.M); }
     static double Tc(double share) { return share * the_substance.Tcrit; }
@@ -38,9 +40,7 @@ class Sections : public ActiveFluid {
         return std::is_sorted(curve.points().begin(), curve.points().end(),
                               [](const CurvePoint& a, const CurvePoint& b) { return a.x < b.x; });
     }
-    static double bvirial(double T) {
-        return models::virial(models::current_fluid(), legacy::the_models.EOSModel, T).B;
-    }
+    static double bvirial(double T) { return models::virial(models::current_fluid(), T).B; }
 };
 
 constexpr std::int16_t kCubics[] = {2, 3, 4, 5, 6};
@@ -183,7 +183,7 @@ TEST_F(Sections, ThePartialGasCurveEndsAtTheVapourPressure) {
     activate_vapour_only("Propane");
     the_session.PartialGasCurve = true;
     const double T = 300;
-    const double pLV = models::VapourPressure(T, "WAG", false).p;
+    const double pLV = models::VapourPressure(T, codes::vp("WAG"), false).p;
     for (const std::int16_t code : {std::int16_t{2}, std::int16_t{26}}) {
         const Drawn curve = Draw(code, {.T = T});
         EXPECT_EQ(curve.last().x, static_cast<float>(pLV));
@@ -327,7 +327,8 @@ TEST_F(Sections, AnIsochoreWithTheEquationOfTheVapourPressureEndsOnIt) {
     activate("Propane");
     legacy::the_models.PriorityCEOS = false;
     const Drawn curve = Draw(5, {.v = 2 * the_eosParameters.vcritCalc});
-    EXPECT_NEAR(curve.last().y / models::VapourPressure(curve.last().x, "WAG", false).p, 1, 1e-5);
+    EXPECT_NEAR(curve.last().y / models::VapourPressure(curve.last().x, codes::vp("WAG"), false).p,
+                1, 1e-5);
 }
 
 TEST_F(Sections, SpecificAndReducedUnitsShowTheSameStates) {

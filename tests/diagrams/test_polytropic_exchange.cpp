@@ -1,6 +1,7 @@
 #include "common/numbers.h"
 #include "diagrams/curve.h"
 #include "diagrams/polytropic_exchange.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 
 #include <filesystem>

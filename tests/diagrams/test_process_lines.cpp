@@ -11,8 +11,10 @@
 #include "diagrams/project_state.h"
 #include "diagrams/textbook.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -211,7 +213,7 @@ TEST_F(ProcessLines, AnIsentropicThatMeetsTheCoexistenceCurveEndsEarly) {
 TEST_F(ProcessLines, AnIsentropicWithoutAnyStateHasNoResult) {
     activate("Propane");
     // The start state cannot be solved with this volume phase: no entropy, no line.
-    legacy::the_models.CpModel = 0;
+    legacy::the_models.CpModel = codes::cp(0);
     EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsentropic, 300, 500, false, 900)), "");
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, -2);

@@ -251,7 +251,7 @@ TEST_F(SheetMarks, AddsBoilingTemperaturesToTheGasPart) {
     EXPECT_EQ(label(3)->text, "                      T(LV) at p");
     EXPECT_EQ(label(4)->text, "                      T(LV) at normal pressure");
     const double TLV =
-        models::boiling_temperature(the_substance, 1000, legacy::the_models.VPCode).T;
+        models::boiling_temperature(the_substance, 1000, legacy::the_models.VPModel).T;
     EXPECT_NEAR(static_cast<double>(lines()[2].x[0]), TLV, 1e-3);
 }
 

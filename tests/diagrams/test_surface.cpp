@@ -1,5 +1,7 @@
 #include "diagrams/surface.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include <stdexcept>
 
@@ -257,7 +259,7 @@ TEST_F(Surface, NodesLieBetweenTheLimitsAtEqualSteps) {
 
 TEST_F(Surface, WithoutACpFormThereIsNoCaloricSurface) {
     activate("Propane");
-    legacy::the_models.CpModel = 0;
+    legacy::the_models.CpModel = codes::cp(0);
     const SurfaceGrid g = grid(7);
     EXPECT_FALSE(diagrams::has_surface(g));
     chart::Chart3D chart;

@@ -1,4 +1,6 @@
 #include "estimation/fit_apply.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include "estimation/synthetic.h"
 #include "models/caloric.h"
@@ -34,24 +36,24 @@ class FitApplication : public SessionTest {
         const auto& s = legacy::the_substance;
         switch (model) {
             case 4:
-                return models::vapour_pressure(s, T, "ALP").p;
+                return models::vapour_pressure(s, T, codes::vp("ALP")).p;
             case 5:
             case 6:
             case 7:
-                return models::vapour_pressure(s, T, "FRO").p;
+                return models::vapour_pressure(s, T, codes::vp("FRO")).p;
             case 8:
-                return models::vapour_pressure(s, T, "WAG").p;
+                return models::vapour_pressure(s, T, codes::vp("WAG")).p;
             case 9:
             case 10:
             case 11:
                 return models::density_liquid(s, static_cast<float>(T)).rho;
             case 14:
             case 15:
-                return models::enthalpy_equation_value(T).h;
+                return models::EnthalpyEquationValue(T).h;
             default:
                 break;
         }
-        legacy::the_models.CpModel = model == 18 ? 2 : 1;
+        legacy::the_models.CpModel = codes::cp(model == 18 ? 2 : 1);
         return phase == CpPhase::Liquid  ? models::cp_liquid(T).cp
                : phase == CpPhase::Solid ? models::cp_solid(T).cp
                                          : models::IdealGasCp(T).cp;

@@ -1,10 +1,9 @@
-#include <qcustomplot.h>
-
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
 
 #include "chart/chart_samples.h"
+#include "gui/chart/chart2d_paint.h"
 #include "gui/chart/chart2d_plot.h"
 #include "gui/chart/chart2d_widget.h"
 #include "gui/chart/chart_qt.h"
@@ -47,7 +46,7 @@ class Chart2DView : public testing::Test {
         widget_.show();
         QApplication::processEvents();
         widget_.refresh();
-        plot_ = widget_.findChild<QCustomPlot*>();
+        plot_ = widget_.findChild<chart::Chart2DPlot*>();
     }
 
     void drag(QPointF from, QPointF to, Qt::MouseButton button) {
@@ -72,14 +71,26 @@ class Chart2DView : public testing::Test {
         return {r.left + r.width / 2, r.top + r.height / 2};
     }
 
+    /// Pixels from a place to the nearest vertex of the curve in the picture.
+    double distanceToLines(QPointF at) const {
+        double nearest = 1e9;
+        for (const chart::PictureItem& item : plot_->picture().items) {
+            const auto* line = std::get_if<chart::PictureLine>(&item);
+            if (!line || line->points.size() < 3) continue;
+            for (const chart::SheetPoint& p : line->points)
+                nearest = std::min(nearest, std::hypot(p.x - at.x(), p.y - at.y()));
+        }
+        return nearest;
+    }
+
     Chart2D chart_;
     Chart2DWidget widget_;
-    QCustomPlot* plot_ = nullptr;
+    chart::Chart2DPlot* plot_ = nullptr;
 };
 
 TEST_F(Chart2DView, TheCurveIsPaintedWhereItsDataLie) {
     const QImage picture = widget_.grab().toImage();
-    const QColor colour = chart::ToQt(chart_.curves[0].line.colour);
+    const QColor colour = chart::toQt(chart_.curves[0].line.colour);
     for (const double x : {0.7, 1.3, 2.9, 4.4}) {
         const QPointF at = widget_.pixelOf(x, 2 * x);
         const QColor seen = picture.pixelColor(at.toPoint());
@@ -88,14 +99,15 @@ TEST_F(Chart2DView, TheCurveIsPaintedWhereItsDataLie) {
     }
 }
 
-TEST_F(Chart2DView, TheLibraryMapsDataToTheSamePixels) {
+TEST_F(Chart2DView, TheLinesRunThroughThePixelsOfTheirData) {
     for (const bool logarithmic : {false, true}) {
         chart_.x.min = 0.5;
         chart_.x.logarithmic = logarithmic;
         widget_.refresh();
         for (const double x : {0.9, 2.0, 4.6}) {
-            EXPECT_NEAR(plot_->xAxis->coordToPixel(x), widget_.pixelOf(x, 1).x(), 1e-6);
-            EXPECT_NEAR(plot_->yAxis->coordToPixel(x), widget_.pixelOf(1, x).y(), 1e-6);
+            const QPointF at = widget_.pixelOf(x, 2 * x);
+            EXPECT_LT(distanceToLines(at), 1e-3) << x;
+            EXPECT_GT(distanceToLines(at + QPointF(0, 30)), 10) << x;
         }
     }
 }
@@ -110,8 +122,27 @@ TEST_F(Chart2DView, TheSheetIsWhitePaperInADarkTheme) {
     EXPECT_EQ(picture.pixelColor(widget_.pixelOf(0.6, 9.6).toPoint()), QColor(Qt::white));
 }
 
+TEST_F(Chart2DView, TheRimOfTheSheetIsPaperToo) {
+    const QImage picture = widget_.grab().toImage();
+    const int right = picture.width() - 1, bottom = picture.height() - 1;
+    for (const QPoint at : {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom),
+                            QPoint(right, bottom), QPoint(right / 2, bottom), QPoint(0, 99)})
+        EXPECT_EQ(picture.pixelColor(at), QColor(Qt::white)) << at.x() << ' ' << at.y();
+}
+
+TEST_F(Chart2DView, AnExposureIsPaintedWithoutANewLayout) {
+    const QSignalSpy layouts(plot_, &chart::Chart2DPlot::laidOut);
+    const QImage before = widget_.grab().toImage();
+    plot_->repaint();
+    EXPECT_EQ(widget_.grab().toImage(), before);
+    EXPECT_EQ(layouts.count(), 0);
+    widget_.resize(700, 500);
+    QApplication::processEvents();
+    EXPECT_EQ(layouts.count(), 1);
+}
+
 TEST_F(Chart2DView, ABatchRepaintsOnce) {
-    QSignalSpy repaints(plot_, &QCustomPlot::afterReplot);
+    const QSignalSpy repaints(plot_, &chart::Chart2DPlot::laidOut);
     {
         const chart::ChartBatch outer(widget_);
         for (int k = 0; k < 20; ++k) {

@@ -84,10 +84,10 @@ std::map<std::uint32_t, int> emfRecords(const QByteArray& b) {
 }
 
 TEST(ChartPictures, TheFormatFollowsTheExtension) {
-    EXPECT_EQ(chart::FormatOf("a.PNG"), PictureFormat::Png);
-    EXPECT_EQ(chart::FormatOf("/x.y/b.wmf"), PictureFormat::Wmf);
-    EXPECT_FALSE(chart::FormatOf("c.doc"));
-    EXPECT_FALSE(chart::FormatOf("emf"));
+    EXPECT_EQ(chart::formatOf("a.PNG"), PictureFormat::Png);
+    EXPECT_EQ(chart::formatOf("/x.y/b.wmf"), PictureFormat::Wmf);
+    EXPECT_FALSE(chart::formatOf("c.doc"));
+    EXPECT_FALSE(chart::formatOf("emf"));
     for (const char* extension : {"png", "bmp", "svg", "pdf", "emf", "wmf"})
         EXPECT_TRUE(chart::pictureFilters().contains(QString("(*.%1)").arg(extension)));
 }
@@ -443,7 +443,7 @@ TEST(ChartPictures, PrintingPutsThePictureAtItsPlace) {
         places.push_back(painter.transform().mapRect(rect));
         painter.drawRect(rect);
     };
-    const auto outcome = chart::PrintPicture(painting, printer, {2, 3, 10, 5});
+    const auto outcome = chart::printPicture(painting, printer, {2, 3, 10, 5});
     EXPECT_TRUE(outcome.ok) << outcome.message;
     ASSERT_EQ(places.size(), 1U);
     EXPECT_NEAR(places[0].left(), 200, 1);
@@ -451,7 +451,7 @@ TEST(ChartPictures, PrintingPutsThePictureAtItsPlace) {
     EXPECT_NEAR(places[0].width(), 1000, 1);
     EXPECT_NEAR(places[0].height(), 500, 1);
     EXPECT_GT(QFile(folder.filePath("print.pdf")).size(), 500);
-    EXPECT_EQ(chart::PrintPicture(painting, printer, {2, 3, 0, 5}).message,
+    EXPECT_EQ(chart::printPicture(painting, printer, {2, 3, 0, 5}).message,
               "The picture has no size to print.");
 }
 

@@ -4,6 +4,7 @@
 
 #include "gui/graph_test.h"
 #include "legacy/declare.h"
+#include "legacy/wrappers.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
 

@@ -5,8 +5,10 @@
 #include "datafiles/database.h"
 #include "gui/editor_drive.h"
 #include "gui/graph_test.h"
+#include "legacy/wrappers.h"
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
+#include "support/codes.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -101,7 +103,7 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     ASSERT_EQ(user.messages.size(), 2U);
     EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
     const calculation::BatchDataSet& measured = legacy::the_BatchData[20];
-    const double fitted = models::VapourPressure(measured.T, "ALP", false).p;
+    const double fitted = models::VapourPressure(measured.T, codes::vp("ALP"), false).p;
     EXPECT_NEAR(fitted, measured.p, 0.03 * measured.p);
     const double T = measured.T;
     click("ESC");
@@ -141,10 +143,10 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     EXPECT_EQ(the_session.CaloricUnit, 3);
     EXPECT_FALSE(the_session.BatchMode);
     EXPECT_EQ(legacy::the_models.EOSModel, models.EOSModel);
-    EXPECT_EQ(legacy::the_models.VPCode, models.VPCode);
+    EXPECT_EQ(legacy::the_models.VPModel, models.VPModel);
     EXPECT_EQ(legacy::the_models.HLVModel, models.HLVModel);
     EXPECT_EQ(legacy::the_models.CpModel, models.CpModel);
-    EXPECT_NEAR(models::VapourPressure(T, "ALP", false).p, fitted, 1e-5 * fitted);
+    EXPECT_NEAR(models::VapourPressure(T, codes::vp("ALP"), false).p, fitted, 1e-5 * fitted);
     openIsotherm("300");
     user.fileAnswers = {path("day.oc2")};
     choose("mnuLoadOC2");

@@ -8,7 +8,6 @@
 
 #include "chart/chart_file.h"
 #include "common/numbers.h"
-#include "gui/chart/chart2d_plot.h"
 #include "gui/chart/chart2d_widget.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/graph_test.h"
@@ -48,7 +47,7 @@ class Graph2D : public GraphTest {
                 static_cast<int>(std::lround(scale.y(static_cast<double>(s.y.at(point)))))};
     }
     static void repaint() {
-        canvas()->findChild<chart::Chart2DPlot*>()->replot();
+        canvas()->refresh();
         drive::settle();
     }
 };

@@ -8,8 +8,10 @@
 #include "gui/estimation/fit_view.h"
 #include "gui/frame_test.h"
 #include "legacy/declare.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/vapour_pressure.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 
 using namespace quor;
@@ -461,7 +463,7 @@ TEST_F(Fitting, AMeasuredVapourPressureCurveReachesTheSubstance) {
         EXPECT_EQ(the_substance.ALP.TLo, 313);
         for (const datafiles::FitPoint& p : measured) {
             const auto result =
-                models::vapour_pressure(the_substance, static_cast<double>(p.x), "ALP");
+                models::vapour_pressure(the_substance, static_cast<double>(p.x), codes::vp("ALP"));
             EXPECT_NEAR(result.p, static_cast<double>(p.y), 0.03 * static_cast<double>(p.y));
         }
         EXPECT_TRUE(the_session.ResultsOutdated);

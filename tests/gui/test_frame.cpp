@@ -5,6 +5,7 @@
 #include "gui/frame_test.h"
 #include "gui/widgets/settings.h"
 #include "session/commands.h"
+#include "support/codes.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -193,7 +194,7 @@ TEST_F(Frame, LeavingTheModelViewKeepsTheCalculationDisabled) {
     click("Toolbar1_2");
     EXPECT_TRUE(enabled("mnuModel"));
     EXPECT_FALSE(enabled("mnuCalcMain"));
-    EXPECT_EQ(legacy::the_models.EOSModel, -1);
+    EXPECT_EQ(models::code_of(legacy::the_models.EOSModel), -1);
     EXPECT_EQ(read("StatusBar1_2"), "");
 }
 
@@ -392,7 +393,7 @@ class FrameWithProjects : public FrameTest {
                                                 << "reset first";
                                             the_session.CurrentSubstance = 1;
                                             legacy::the_substance.Name = "Carbon dioxide";
-                                            legacy::the_models.EOSModel = 6;
+                                            legacy::the_models.EOSModel = codes::eos(6);
                                             return works;
                                         },
                                     .save = [this] { ++saves; }};

@@ -1,4 +1,5 @@
 #include "gui/frame_test.h"
+#include "support/codes.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -50,7 +51,7 @@ TEST_F(ModelView, WithoutAcentricFactorTheListIsShorter) {
         EXPECT_EQ(read("EOSKombi"), "CEOS Redlich / Kwong");
         click("OKModell");
     });
-    EXPECT_EQ(the_models.EOSModel, 4);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 4);
     EXPECT_EQ(read("StatusBar1_2"), "CEOS Redlich / Kwong (Priority!)");
 }
 
@@ -104,7 +105,7 @@ TEST_F(ModelView, TheWatsonExponentIsTyped) {
         click("OKModell");
     });
     EXPECT_FLOAT_EQ(the_models.WatsonN, 0.35F);
-    EXPECT_EQ(the_models.HLVModel, 4);
+    EXPECT_EQ(models::code_of(the_models.HLVModel), 4);
 }
 
 TEST_F(ModelView, TheManualVirialFormAsksForItsCoefficients) {
@@ -121,7 +122,7 @@ TEST_F(ModelView, TheManualVirialFormAsksForItsCoefficients) {
         select("EOSKombi", "VIRIAL Equ., Manual Input");
         click("OKModell");
     });
-    EXPECT_EQ(the_models.EOSModel, 10);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 10);
     EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.05);
     EXPECT_EQ(legacy::the_eosParameters.eosNB, 2500.0);
     EXPECT_EQ(legacy::the_eosParameters.eosNV, 1.6);
@@ -162,7 +163,7 @@ TEST_F(ModelView, CarruthKobayashiWithoutAcentricFactorWarnsAndRuns) {
         click("OKModell");
     });
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(the_models.HLVModel, 3);
+    EXPECT_EQ(models::code_of(the_models.HLVModel), 3);
     EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
 }
 
@@ -175,7 +176,7 @@ TEST_F(ModelView, JiTorvikWithoutItsProgramKeepsTheViewOpen) {
         select("EOSKombi", "CEOS Soave / Redlich / Kwong");
         click("OKModell");
     });
-    EXPECT_EQ(the_models.EOSModel, 5);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
     EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
 }
 
@@ -190,8 +191,8 @@ TEST_F(ModelView, EscapeRestoresTheFormerModels) {
         drive::press("EOSKombi", Qt::Key_Escape);
     });
     drive::choose("mnuModel");
-    EXPECT_EQ(the_models.EOSModel, 6);
-    EXPECT_EQ(the_models.VPCode, "WAG");
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 6);
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
     EXPECT_TRUE(the_models.PriorityCEOS);
     EXPECT_EQ(read("StatusBar1_2"), "CEOS Peng / Robinson (Priority!)");
 }

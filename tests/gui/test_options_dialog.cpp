@@ -1,4 +1,5 @@
 #include "gui/session/options_dialog.h"
+#include "support/codes.h"
 
 #include <QSlider>
 
@@ -18,7 +19,7 @@ class OptionsView : public ViewTest {
   protected:
     OptionsView() {
         legacy::the_substance = fluids::ReferencePropane();
-        legacy::the_models.EOSModel = 6;
+        legacy::the_models.EOSModel = codes::eos(6);
         legacy::the_eosParameters.vcritCalc = 0.2;
     }
     OptionsDialog* open() {

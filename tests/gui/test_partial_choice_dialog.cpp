@@ -2,6 +2,7 @@
 #include "gui/calculation/partial_choice_dialog.h"
 #include "gui/widgets/number_edit.h"
 #include "models/density.h"
+#include "support/codes.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -201,7 +202,7 @@ TEST_F(PartialChoiceDialogTest, AllowsOnlyThePartialTank) {
 
 TEST_F(PartialChoiceDialogTest, AsksOnlyForTheReferencePointOfTheEnthalpyOfVaporisation) {
     startProject("Carbon dioxide");
-    legacy::the_models.HLVModel = 6;
+    legacy::the_models.HLVModel = codes::hlv(6);
     when("frmCalcIn", [] {
         EXPECT_FALSE(isVisible("fraMode"));
         EXPECT_FALSE(isVisible("fraDensity"));

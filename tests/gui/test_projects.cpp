@@ -1,8 +1,10 @@
 #include "app/wiring.h"
 #include "datafiles/database.h"
 #include "gui/frame_test.h"
+#include "legacy/wrappers.h"
 #include "models/saturation.h"
 #include "session/module2.h"
+#include "support/codes.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -47,7 +49,7 @@ TEST_F(Projects, TheLastSessionComesBackAsItWas) {
     EXPECT_EQ(the_session.CaloricUnit, 3);
     EXPECT_EQ(the_session.VolumeLabel, "m^3/kg  ");
     EXPECT_EQ(legacy::the_models.EOSModel, models.EOSModel);
-    EXPECT_EQ(legacy::the_models.VPCode, models.VPCode);
+    EXPECT_EQ(legacy::the_models.VPModel, models.VPModel);
     EXPECT_EQ(legacy::the_models.HLVModel, models.HLVModel);
     EXPECT_EQ(legacy::the_models.PriorityCEOS, models.PriorityCEOS);
     EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain));
@@ -75,7 +77,7 @@ TEST_F(Projects, ASavedProjectIsLoadedFromItsFile) {
     user.fileAnswers.push_back(file);
     drive::choose("mnuData_LoadProject");
     EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
-    EXPECT_EQ(legacy::the_models.EOSModel, 6);
+    EXPECT_EQ(models::code_of(legacy::the_models.EOSModel), 6);
 }
 
 TEST_F(Projects, AMissingSubstanceLeavesTheDatabaseAtHand) {

@@ -9,6 +9,7 @@
 #include "gui/editor_drive.h"
 #include "gui/frame_test.h"
 #include "session/commands.h"
+#include "support/codes.h"
 #include "support/databases.h"
 
 using namespace quor;
@@ -50,10 +51,10 @@ class BankEdit : public ViewTest {
         databases::Write(file, {databases::Row("Carbon dioxide")});
         datafiles::load_database(file.string());
         datafiles::take_substance(1);
-        the_models.VPCode = "WAG";
-        the_models.VPModel = 4;
-        the_models.EOSModel = 6;
-        the_models.HLVModel = 2;
+        the_models.VPModel = codes::vp("WAG");
+        the_models.VPModel = codes::vp(4);
+        the_models.EOSModel = codes::eos(6);
+        the_models.HLVModel = codes::hlv(2);
     }
     void TearDown() override {
         user.answers.assign(4, dialogs::Answer::Yes);  // what is left open is given up
@@ -308,11 +309,11 @@ TEST_F(BankEdit, TheOtherCorrelatedSetsAreRecalculatedEachByItself) {
 }
 
 TEST_F(BankEdit, WithoutItsReferencePointTheWatsonMethodIsLeft) {
-    the_models.HLVModel = 4;
+    the_models.HLVModel = codes::hlv(4);
     open();
     typeInto(42, "");
     click("OK");
-    EXPECT_EQ(the_models.HLVModel, 2);
+    EXPECT_EQ(models::code_of(the_models.HLVModel), 2);
     EXPECT_EQ(user.beeps, 1);
 }
 
@@ -471,7 +472,7 @@ TEST_F(BankEditInFrame, TheModelViewFollowsTheDataEditedFromIt) {
         click("OKModell");
     });
     drive::choose("mnuModel");
-    EXPECT_EQ(the_models.EOSModel, 4);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 4);
 }
 
 TEST_F(BankEditInFrame, CompletedCriticalDataOpenTheChoiceOfModels) {

@@ -234,7 +234,7 @@ TEST(SurfacePicture, TheEdgeAtALimitIsCleanInTheMap) {
         };
         if (std::abs(std::sin(a) * radius / std::sqrt(0.4)) > 0.9) continue;
         const auto isGround = [&](const QColor& colour) {
-            return colour.lightness() >= chart::ToQt(c.grid.colour).lightness() &&
+            return colour.lightness() >= chart::toQt(c.grid.colour).lightness() &&
                    colour.saturation() < 30;
         };
         inside += isGround(colourAt(0.96)) ? 1 : -1000;

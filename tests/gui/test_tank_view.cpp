@@ -1,5 +1,6 @@
 #include "gui/calc_view_test.h"
 #include "gui/calculation/tank_drawing.h"
+#include "legacy/wrappers.h"
 #include "models/saturation.h"
 #include "report/tank_picture.h"
 #include "session/calculations.h"

@@ -1,8 +1,10 @@
 #include "models/model_grid.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include "models/cubic_eos.h"
-#include "models/ji_torvik.h"
 #include "models/model_tables.h"
+#include "models/parameter_program.h"
 #include "models/vapour_pressure.h"
 #include "support/fluids.h"
 
@@ -13,12 +15,12 @@ namespace grid {
 void ActivateModel(std::int16_t code) {
     models::ModelSelection& m = legacy::the_models;
     m = {};
-    m.EOSModel = code;
+    m.EOSModel = codes::eos(code);
     m.EOSOnlyV = models::is_v_only_eos(code);
-    m.VPModel = 7;
-    m.VPCode = "KFR";
+    m.VPModel = codes::vp(7);
+    m.VPModel = codes::vp("KFR");
     m.WatsonN = 0.38F;
-    m.CpModel = legacy::the_substance.hasCpSinh ? 2 : 1;
+    m.CpModel = codes::cp(legacy::the_substance.hasCpSinh ? 2 : 1);
     legacy::the_jiTorvik = {.jtK = 0.06, .jtZc = 0.281, .jtM = 0.9, .jtP = 0.55, .jtQ = 0.35};
     models::give_ji_torvik_parameters(true);
     models::calc_eos_parameters(code);

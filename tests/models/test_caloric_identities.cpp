@@ -1,9 +1,11 @@
 #include <cmath>
 
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/long_equation.h"
 #include "models/model_grid.h"
+#include "support/codes.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -156,7 +158,7 @@ TEST_F(CaloricIdentities, HoldInEveryReferenceModeAndCpForm) {
     for (const std::int16_t mode : {std::int16_t{1}, std::int16_t{2}, std::int16_t{10}}) {
         for (const std::int16_t form : {std::int16_t{1}, std::int16_t{2}}) {
             grid::activate("Propane", 6);
-            legacy::the_models.CpModel = form;
+            legacy::the_models.CpModel = codes::cp(form);
             legacy::the_reference.RefMode = mode;
             for (const Fixture& f : states()) check(f, "mode " + std::to_string(mode));
         }

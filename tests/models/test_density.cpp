@@ -1,3 +1,4 @@
+#include "legacy/wrappers.h"
 #include "models/density.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+#include "legacy/wrappers.h"
 #include "models/enthalpy_of_vaporisation.h"
 
 #include <cmath>

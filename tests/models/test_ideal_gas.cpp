@@ -1,9 +1,11 @@
 #include <cmath>
 #include <functional>
 
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/model_grid.h"
 #include "models/reference_state.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -18,7 +20,7 @@ class IdealGas : public SessionTest {
     IdealGas() {
         legacy::the_substance.Name = "test gas";
         legacy::the_substance.M = 30;
-        legacy::the_models.CpModel = 1;
+        legacy::the_models.CpModel = codes::cp(1);
     }
     static void polynomial(std::array<float, 5> c) {
         legacy::the_substance.cpPoly = {c, 200, 1500};
@@ -87,7 +89,7 @@ TEST_F(IdealGas, EnthalpyAndEntropyAreTheIntegralsForEverySubstance) {
     for (const std::string& name : fluids::AllNames()) {
         legacy::the_substance = fluids::Row(name);
         for (const std::int16_t form : {std::int16_t{1}, std::int16_t{2}}) {
-            legacy::the_models.CpModel = form;
+            legacy::the_models.CpModel = codes::cp(form);
             if (models::IdealGasCp(300).status != kSuccess) continue;
             ++sets;
             for (const double T : {210.0, 400.0, 900.0}) expect_integrals_of_cp(T, 250, name);
@@ -135,7 +137,7 @@ void expect_no_values() {
 TEST_F(IdealGas, NoCpFormFails) {
     polynomial({30, 0, 0, 0, 0});
     for (const std::int16_t form : {std::int16_t{0}, std::int16_t{3}, std::int16_t{-1}}) {
-        legacy::the_models.CpModel = form;
+        legacy::the_models.CpModel = codes::cp(form);
         expect_no_values();
     }
 }
@@ -146,12 +148,12 @@ TEST_F(IdealGas, AnAbsentSetFails) {
     expect_no_values();
     polynomial({1e-37F, 1e-37F, 0, 0, 0});
     expect_no_values();
-    legacy::the_models.CpModel = 2;
+    legacy::the_models.CpModel = codes::cp(2);
     expect_no_values();
 }
 
 TEST_F(IdealGas, SinhCoshFormFailsWhereItsExponentialsFault) {
-    legacy::the_models.CpModel = 2;
+    legacy::the_models.CpModel = codes::cp(2);
     legacy::the_substance.cpSinh = {{33, 80, 1500, 40, 700}, 200, 1500};
     EXPECT_EQ(models::IdealGasCp(3).status, kSuccess);  // C2/T = 500
     EXPECT_EQ(models::IdealGasCp(2).status, kFailure);  // C2/T = 750 overflows

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/long_equation.h"

@@ -1,4 +1,6 @@
-#include "models/ji_torvik.h"
+#include "legacy/wrappers.h"
+#include "models/parameter_program.h"
+#include "support/codes.h"
 
 #include <fstream>
 #include <sstream>
@@ -18,9 +20,9 @@ class JiTorvikExchange : public SessionTest {
   protected:
     JiTorvikExchange() {
         legacy::the_substance = fluids::ReferencePropane();
-        legacy::the_models.EOSModel = 7;
-        legacy::the_models.VPModel = 4;
-        legacy::the_models.VPCode = "WAG";
+        legacy::the_models.EOSModel = codes::eos(7);
+        legacy::the_models.VPModel = codes::vp(4);
+        legacy::the_models.VPModel = codes::vp("WAG");
         models::set_ji_torvik_wait(std::chrono::seconds(20));
     }
     ~JiTorvikExchange() override { models::set_ji_torvik_wait(std::chrono::seconds(100)); }
@@ -58,7 +60,7 @@ TEST_F(JiTorvikExchange, FormOneGetsFourNumbers) {
 
 TEST_F(JiTorvikExchange, FormTwoNeedsAFifthNumber) {
     install("echo '\"Propane, liquid\" 1.0 0.9 0.55 0.35 0.281 0.06' > PARA_JI2.DAT");
-    legacy::the_models.EOSModel = 8;
+    legacy::the_models.EOSModel = codes::eos(8);
     EXPECT_EQ(models::calc_eos_parameters(8), kSuccess);
     EXPECT_EQ(legacy::the_jiTorvik.jtK, 0.06);
     install("echo 'Propane 1.0 0.9 0.55 0.35 0.281' > PARA_JI2.DAT");
@@ -89,7 +91,7 @@ TEST_F(JiTorvikExchange, ClassesOfTheVapourPressureEquations) {
     for (const Row& r : {Row{"ALP", "0, 1, 0"}, Row{"THO", "0, 1, 0"}, Row{"AHP", "1, 1, 0"},
                          Row{"AUG", "1, 1, 1"}, Row{"FRO", "2, 1, 0"}, Row{"KFR", "2, 1, 0"},
                          Row{"KFW", "2, 1, 0"}, Row{"WAG", "3, 1, 1"}}) {
-        legacy::the_models.VPCode = r.code;
+        legacy::the_models.VPModel = codes::vp(r.code);
         models::calc_eos_parameters(8);
         EXPECT_EQ(request()[2], r.line) << r.code;
         EXPECT_EQ(request()[0], "11");

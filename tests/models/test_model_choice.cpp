@@ -1,7 +1,9 @@
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/model_choice.h"
 #include "session/actions.h"
 #include "session/commands.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -57,21 +59,21 @@ TEST_F(ModelChoiceOf, NamesAreShownWithoutOuterBlanks) {
 
 TEST_F(ModelChoiceOf, FirstEquationIsPengRobinsonOrRedlichKwong) {
     const ModelChoice withOmega;
-    EXPECT_EQ(the_models.EOSModel, 6);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 6);
     EXPECT_EQ(withOmega.eos()[withOmega.eos_index()].text, "CEOS Peng / Robinson");
-    the_models.EOSModel = -1;
+    the_models.EOSModel = codes::eos(-1);
     the_substance.omega = 0;
     const ModelChoice without;
-    EXPECT_EQ(the_models.EOSModel, 4);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 4);
     EXPECT_EQ(without.eos()[without.eos_index()].text, "CEOS Redlich / Kwong");
 }
 
 TEST_F(ModelChoiceOf, AnEquationThatIsNotOfferedAnyMoreGivesWayToTheDefault) {
-    the_models.EOSModel = 16;
+    the_models.EOSModel = codes::eos(16);
     the_models.EOSOnlyV = true;
     the_substance.omega = 0;
     const ModelChoice choice;
-    EXPECT_EQ(the_models.EOSModel, 4);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 4);
     EXPECT_FALSE(the_models.EOSOnlyV);
     EXPECT_TRUE(choice.priority_enabled());
 }
@@ -92,12 +94,12 @@ TEST_F(ModelChoiceOf, VapourPressureEquationsAreThoseWithData) {
 }
 
 TEST_F(ModelChoiceOf, NoVapourPressureModelYetMeansTheFirstEntry) {
-    the_models.VPModel = 0;
+    the_models.VPModel = codes::vp(0);
     the_substance.WAG.TLo = 0;
     const ModelChoice choice;
     EXPECT_EQ(choice.vpIndex(), 0U);
-    EXPECT_EQ(the_models.VPModel, 3);
-    EXPECT_EQ(the_models.VPCode, "FRO");
+    EXPECT_EQ(models::code_of(the_models.VPModel), 3);
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "FRO");
 }
 
 TEST_F(ModelChoiceOf, TheVapourPressureCodeFollowsTheEntry) {
@@ -107,13 +109,13 @@ TEST_F(ModelChoiceOf, TheVapourPressureCodeFollowsTheEntry) {
                                                           {7, "KFR"}, {8, "THO"}};
     for (const auto& [index, code] : all) {
         choice.choose_vp(models::index_of(choice.vp(), static_cast<std::int16_t>(index)));
-        EXPECT_EQ(the_models.VPModel, index);
-        EXPECT_EQ(the_models.VPCode, code);
+        EXPECT_EQ(models::code_of(the_models.VPModel), index);
+        EXPECT_EQ(models::code_of(the_models.VPModel), code);
     }
     the_substance = {};
     const ModelChoice nothing;
-    EXPECT_EQ(the_models.VPModel, 0);
-    EXPECT_EQ(the_models.VPCode, "000");
+    EXPECT_EQ(models::code_of(the_models.VPModel), 0);
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "000");
 }
 
 TEST_F(ModelChoiceOf, MethodsOfVaporisationDependOnDataAndEquation) {
@@ -139,12 +141,12 @@ TEST_F(ModelChoiceOf, TheIdealGasFormAvailableIsTaken) {
 
     the_substance.hasCpPoly = false;
     the_substance.hasCpSinh = true;
-    the_models.CpModel = 0;
+    the_models.CpModel = codes::cp(0);
     ModelChoice choice;
-    EXPECT_EQ(the_models.CpModel, 2);
-    the_models.CpModel = 1;
+    EXPECT_EQ(models::code_of(the_models.CpModel), 2);
+    the_models.CpModel = codes::cp(1);
     const ModelChoice again;
-    EXPECT_EQ(the_models.CpModel, 2) << "a form that this substance does not have";
+    EXPECT_EQ(models::code_of(the_models.CpModel), 2) << "a form that this substance does not have";
 }
 
 TEST_F(ModelChoiceOf, WatsonExponentsComeFromTheReducedBoilingTemperature) {
@@ -311,7 +313,7 @@ TEST_F(ModelChoiceOf, CancellingRestoresEverything) {
     EXPECT_EQ(the_models.EOSModel, keptModels.EOSModel);
     EXPECT_EQ(the_models.EOSOnlyV, keptModels.EOSOnlyV);
     EXPECT_EQ(the_models.VPModel, keptModels.VPModel);
-    EXPECT_EQ(the_models.VPCode, keptModels.VPCode);
+    EXPECT_EQ(the_models.VPModel, keptModels.VPCode);
     EXPECT_EQ(the_models.HLVModel, keptModels.HLVModel);
     EXPECT_EQ(the_models.CpModel, keptModels.CpModel);
     EXPECT_EQ(the_models.PriorityCEOS, keptModels.PriorityCEOS);
@@ -323,8 +325,8 @@ TEST_F(ModelChoiceOf, CancellingRestoresEverything) {
 TEST_F(ModelChoiceOf, CancellingTheFirstChoiceLeavesNone) {
     ModelChoice choice;
     choice.Cancel();
-    EXPECT_EQ(the_models.EOSModel, -1);
-    EXPECT_EQ(the_models.HLVModel, 0);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), -1);
+    EXPECT_EQ(models::code_of(the_models.HLVModel), 0);
 }
 
 TEST_F(ModelChoiceOf, TheDensityNoteTellsTheRange) {
@@ -356,15 +358,15 @@ TEST_F(ModelChoiceOf, EverySubstanceGetsACompleteChoice) {
 }
 
 TEST_F(ModelChoiceOf, ListsFollowDataThatWereEditedMeanwhile) {
-    the_models.EOSModel = 6;
+    the_models.EOSModel = codes::eos(6);
     ModelChoice choice;
-    EXPECT_EQ(the_models.EOSModel, 6);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 6);
     the_substance.omega = 0;
     choice.renew();
     EXPECT_EQ(choice.eos().size(), 8U);
-    EXPECT_EQ(the_models.EOSModel, 4) << "Redlich/Kwong, without acentric factor";
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 4) << "Redlich/Kwong, without acentric factor";
     choice.Cancel();
-    EXPECT_EQ(the_models.EOSModel, 6) << "as the view found it";
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 6) << "as the view found it";
 }
 
 }  // namespace

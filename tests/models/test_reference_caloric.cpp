@@ -1,10 +1,12 @@
 #include <algorithm>
 
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/density.h"
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/state_solver.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 #include "support/reference_cases.h"
 #include "support/session_test.h"
@@ -85,7 +87,7 @@ TEST_F(CaloricReference, StatesInEveryReferenceModeAndCpForm) {
             if (key == "user") {
                 set_reference(1, in.at("user"));
             } else {
-                legacy::the_models.CpModel = static_cast<std::int16_t>(key[2] - '0');
+                legacy::the_models.CpModel = codes::cp(static_cast<std::int16_t>(key[2] - '0'));
                 set_reference(
                     static_cast<std::int16_t>(std::stoi(key.substr(key.find("ref") + 3))));
             }

@@ -1,4 +1,6 @@
+#include "legacy/wrappers.h"
 #include "models/reference_state.h"
+#include "support/codes.h"
 
 #include <cmath>
 
@@ -104,7 +106,7 @@ class BensonReference : public SessionTest {
     BensonReference() {
         s = fluids::ReferencePropane();
         grid::ActivateModel(6);
-        legacy::the_models.VPCode = "WAG";
+        legacy::the_models.VPModel = codes::vp("WAG");
     }
     models::SubstanceRecord& s = legacy::the_substance;
 
@@ -198,7 +200,7 @@ TEST_F(BensonReference, WithoutAnyDensityThereIsNoProposal) {
 
 TEST_F(BensonReference, AMeasuredPointWithoutVapourPressureIsNoProposal) {
     s.Tboil = 0;
-    legacy::the_models.VPCode = "000";
+    legacy::the_models.VPModel = codes::vp("000");
     EXPECT_EQ(models::propose_benson_reference().point.T, 0);
 }
 
@@ -206,13 +208,14 @@ TEST_F(BensonReference, WhereTheEquationHasNoStatePitzerCurlGivesTheVapour) {
     // A manual coefficient below -R T/p leaves no volume.
     grid::ActivateModel(10);
     legacy::the_eosParameters.eosB0 = -1000;
-    legacy::the_models.VPCode = "WAG";
+    legacy::the_models.VPModel = codes::vp("WAG");
     const models::BensonProposal r = models::propose_benson_reference();
     const double T = static_cast<double>(s.Tboil), p = static_cast<double>(101.3F);
     const double B = models::SecondVirial(16, T);
     const double rhoV = static_cast<double>(s.M) / (R * T / p + B);
     EXPECT_FLOAT_EQ(r.point.rhoV, static_cast<float>(rhoV));
-    EXPECT_EQ(legacy::the_models.EOSModel, 10);
+    EXPECT_NEAR(legacy::the_Bvirial, B, 1e-12);
+    EXPECT_EQ(models::code_of(legacy::the_models.EOSModel), 10);
     EXPECT_TRUE(r.text.ends_with("\n rho(V)(ref)/kg/m^3 =" + thousandths(rhoV) +
                                  " (using Virial-EOS, PITZER/CURL)"))
         << r.text;
@@ -240,7 +243,7 @@ TEST_F(BensonReference, OfEverySubstanceLiesBetweenGasAndLiquid) {
     int proposals = 0;
     for (const std::string& name : fluids::AllNames()) {
         grid::activate(name, 6);
-        legacy::the_models.VPCode = "KFR";
+        legacy::the_models.VPModel = codes::vp("KFR");
         const models::BensonProposal r = models::propose_benson_reference();
         if (r.text.empty()) continue;
         ++proposals;

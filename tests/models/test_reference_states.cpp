@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "common/constants.h"
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"

@@ -1,11 +1,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/long_equation.h"
 #include "models/model_grid.h"
 #include "models/virial.h"
+#include "support/codes.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -292,7 +294,7 @@ TEST_F(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
 
 TEST_F(Residual, WithoutCpFormTheResidualColumnsRemain) {
     grid::activate("Propane", 6);
-    legacy::the_models.CpModel = 0;
+    legacy::the_models.CpModel = codes::cp(0);
     const PhaseTable t = models::ResidualFunctions(300, 100, 24);
     ASSERT_TRUE(t.filled);
     EXPECT_NE(t.residual[models::ResCp], 0);

@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/density.h"
@@ -12,6 +13,7 @@
 #include "models/model_grid.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
+#include "support/codes.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -125,7 +127,7 @@ TEST_F(SaturationFunctions, FailWithoutEquilibrium) {
     EXPECT_EQ(models::SaturationFunctions(300).status, kFailure);
     EXPECT_EQ(models::SaturationFunctions(legacy::the_substance.Tcrit).status, kFailure);
     grid::activate("Propane", 6);
-    legacy::the_models.CpModel = 0;
+    legacy::the_models.CpModel = codes::cp(0);
     EXPECT_EQ(models::SaturationFunctions(300).status, kFailure);
 }
 

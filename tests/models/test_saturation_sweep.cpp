@@ -3,12 +3,14 @@
 
 #include "common/constants.h"
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/maxwell.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 #include "support/allocation_counter.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 #include "support/reference_cases.h"
 #include "support/session_test.h"
@@ -38,9 +40,9 @@ class Saturation : public SessionTest {
         if (code >= 5 && s.omega == 0) return false;
         models::ModelSelection& m = legacy::the_models;
         m = {};
-        m.EOSModel = code;
-        m.VPModel = s.WAG.TLo > 0 ? 4 : s.FRO.TLo > 0 ? 3 : 0;
-        m.VPCode = m.VPModel == 4 ? "WAG" : m.VPModel == 3 ? "FRO" : "000";
+        m.EOSModel = codes::eos(code);
+        m.VPModel = codes::vp(s.WAG.TLo > 0 ? 4 : s.FRO.TLo > 0 ? 3 : 0);
+        m.VPModel = m.VPModel == 4 ? "WAG" : m.VPModel == 3 ? "FRO" : "000";
         return models::calc_eos_parameters(code) == kSuccess;
     }
 
@@ -218,7 +220,7 @@ TEST_F(Saturation, AtTheCriticalTemperatureThePressureIsCritical) {
 
 TEST_F(Saturation, AVOnlyEquationHasNoEquilibrium) {
     ASSERT_TRUE(activate("Propane", 6));
-    legacy::the_models.EOSModel = 16;
+    legacy::the_models.EOSModel = codes::eos(16);
     legacy::the_models.EOSOnlyV = true;
     EXPECT_EQ(models::SaturationPressure(300).status, kFailure);
     EXPECT_EQ(models::SaturationTemperature(900).status, kFailure);
@@ -227,7 +229,7 @@ TEST_F(Saturation, AVOnlyEquationHasNoEquilibrium) {
 
 TEST_F(Saturation, WithoutAnEquationTheSearchStartsFromTheSimpleEstimate) {
     ASSERT_TRUE(activate("Ozone", 4));
-    ASSERT_EQ(legacy::the_models.VPModel, 0);
+    ASSERT_EQ(models::code_of(legacy::the_models.VPModel), 0);
     const models::Saturation s = models::SaturationPressure(0.8 * legacy::the_substance.Tcrit);
     EXPECT_EQ(s.status, kSuccess);
 }

@@ -1,11 +1,13 @@
 #include <cmath>
 
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
 #include "models/model_grid.h"
 #include "models/reference_state.h"
 #include "models/state_solver.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -142,7 +144,7 @@ TEST_F(StateFunctions, FollowEveryChangeOfWhatTheSurroundingsDependOn) {
     changed("Tenv");
     legacy::the_reference.penv = 150;
     changed("penv");
-    legacy::the_models.CpModel = 1;
+    legacy::the_models.CpModel = codes::cp(1);
     changed("cp form");
     legacy::the_substance.cpPoly.c[1] *= 1.01F;
     changed("cp coefficient");
@@ -222,7 +224,7 @@ TEST_F(StateFunctions, FailWithZerosWithoutACpFormOrAState) {
     expect_nothing(models::StateFunctions(400, 800, b));
     expect_nothing(models::StateFunctions(400, 0, 4));
     expect_nothing(models::StateFunctions(0, 800, 4));
-    legacy::the_models.CpModel = 0;
+    legacy::the_models.CpModel = codes::cp(0);
     expect_nothing(models::StateFunctions(400, 800, 4));
 }
 

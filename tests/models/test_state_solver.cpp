@@ -1,4 +1,6 @@
+#include "legacy/wrappers.h"
 #include "models/state_solver.h"
+#include "support/codes.h"
 
 #include <cmath>
 
@@ -20,10 +22,10 @@ class StateSolver : public SessionTest {
   protected:
     static void activate(const std::string& name, std::int16_t code, bool onlyV = false) {
         the_substance = fluids::Row(name);
-        legacy::the_models.EOSModel = code;
+        legacy::the_models.EOSModel = codes::eos(code);
         legacy::the_models.EOSOnlyV = onlyV;
-        legacy::the_models.VPModel = 4;
-        legacy::the_models.VPCode = "WAG";
+        legacy::the_models.VPModel = codes::vp(4);
+        legacy::the_models.VPModel = codes::vp("WAG");
         ASSERT_EQ(models::calc_eos_parameters(code), kSuccess);
     }
 };
@@ -274,7 +276,7 @@ TEST_F(StateSolver, CriticalPointIsAnInflexionOfTheCriticalIsotherm) {
 TEST_F(StateSolver, SoaveFactorWithoutAcentricFactorIs048) {
     the_substance = fluids::Row("Propane");
     the_substance.omega = 0;
-    legacy::the_models.EOSModel = 5;
+    legacy::the_models.EOSModel = codes::eos(5);
     models::calc_eos_parameters(5);
     EXPECT_EQ(legacy::the_eosParameters.eosNA, 0.48);
 }
@@ -299,7 +301,7 @@ TEST_F(StateSolver, AVOnlyModelHasConstantsButNoCriticalVolume) {
 TEST_F(StateSolver, MissingCriticalDataGiveStatusOneAndNoConstants) {
     the_substance = fluids::Row("Propane");
     the_substance.pcrit = 0;
-    legacy::the_models.EOSModel = 6;
+    legacy::the_models.EOSModel = codes::eos(6);
     EXPECT_EQ(models::calc_eos_parameters(6), 1);
     EXPECT_EQ(legacy::the_eosParameters.eosA0, 0);
     EXPECT_TRUE(user.messages.empty());

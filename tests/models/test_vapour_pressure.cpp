@@ -1,3 +1,4 @@
+#include "legacy/wrappers.h"
 #include "models/vapour_pressure.h"
 
 #include <cmath>

@@ -1,5 +1,7 @@
 #include "legacy/current_fluid.h"
+#include "legacy/wrappers.h"
 #include "models/virial.h"
+#include "support/codes.h"
 
 #include <cmath>
 
@@ -19,7 +21,7 @@ class VirialCoefficients : public SessionTest {
   protected:
     static void activate(const std::string& name, std::int16_t code) {
         the_substance = fluids::Row(name);
-        legacy::the_models.EOSModel = code;
+        legacy::the_models.EOSModel = codes::eos(code);
         legacy::the_models.EOSOnlyV = true;
         ASSERT_EQ(models::calc_eos_parameters(code), kSuccess);
     }

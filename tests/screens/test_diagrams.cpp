@@ -10,7 +10,7 @@
 #include "diagrams/sheet_draw.h"
 #include "diagrams/sheet_marks.h"
 #include "diagrams/sheet_readout.h"
-#include "gui/chart/chart2d_plot.h"
+#include "gui/chart/chart2d_paint.h"
 #include "gui/chart/chart_qt.h"
 #include "screens/look.h"
 

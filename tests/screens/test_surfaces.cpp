@@ -29,19 +29,19 @@ constexpr Look kLooks[] = {
          c.style.zoned = c.style.contoured = true;
          c.style.floorContours = true;
          c.mesh.x = c.mesh.y = false;
-         Turn(c.view, 80, 8);
+         turn(c.view, 80, 8);
      }},
     {"transparent, ceiling",
      [](chart::Chart3D& c) {
          c.style.transparent = c.style.ceilingContours = c.style.ceilingZones = true;
          c.mesh.halvedX = c.mesh.halvedY = true;
          c.view.perspective = false;
-         Turn(c.view, 160, -5);
+         turn(c.view, 160, -5);
      }},
     {"mesh only",
      [](chart::Chart3D& c) {
          c.style.solid = false;
-         Turn(c.view, -110, 10);
+         turn(c.view, -110, 10);
      }},
     {"from below", [](chart::Chart3D& c) { c.view.elevation = -20; }},
     {"map", [](chart::Chart3D& c) { c.style.projection2D = c.style.contoured = true; }},

@@ -1,4 +1,5 @@
 #include "app/help_book.h"
+#include "support/codes.h"
 
 #include <gtest/gtest.h>
 
@@ -59,7 +60,7 @@ TEST(HelpBook, EveryNumberOfTheViewsHasAPage) {
     }
     for (std::int16_t code = 0; code <= 16; ++code)
         EXPECT_TRUE(b.has_topic(help::kEquationsOfState + code)) << code;
-    for (std::int16_t code = 0; !models::vp_name(code).empty(); ++code)
+    for (int code = 0; models::vapour_pressure_of_code(code); ++code)
         EXPECT_TRUE(b.has_topic(help::kVapourPressure + code)) << code;
     for (std::int16_t code = 0; code <= 7; ++code)
         EXPECT_TRUE(b.has_topic(help::kVaporisation + code)) << code;

@@ -5,6 +5,7 @@
 #include "app/menu_commands.h"
 #include "session/actions.h"
 #include "session/module2.h"
+#include "support/codes.h"
 #include "support/session_test.h"
 
 using namespace quor;
@@ -315,7 +316,7 @@ TEST_F(Menu, ParametersOfTheEOSNeedACompleteChoice) {
 }
 
 TEST_F(Menu, SurfacesOfACubicEquationAskForTheRealBehaviour) {
-    legacy::the_models.EOSModel = 6;
+    legacy::the_models.EOSModel = codes::eos(6);
     user.answers = {dialogs::Answer::No};
     EXPECT_TRUE(menu::Prepare(row("mnu3DSub_0")));
     EXPECT_TRUE(the_session.SCurve3D);

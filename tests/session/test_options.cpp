@@ -1,4 +1,5 @@
 #include "session/options.h"
+#include "support/codes.h"
 
 #include "app/menu_catalogue.h"
 #include "session/module2.h"
@@ -15,7 +16,7 @@ class Options : public SessionTest {
   protected:
     Options() {
         legacy::the_substance = fluids::ReferencePropane();
-        legacy::the_models.EOSModel = 6;
+        legacy::the_models.EOSModel = codes::eos(6);
         legacy::the_eosParameters.vcritCalc = 0.2;
     }
 };

@@ -4,6 +4,7 @@
 #include "models/model_tables.h"
 #include "session/commands.h"
 #include "session/module2.h"
+#include "support/codes.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -28,8 +29,8 @@ TEST_F(Session, StartsWithItsDefaults) {
     EXPECT_EQ(the_session.CsvSeparator, ';');
     EXPECT_EQ(the_session.calculation.isoFunction, calculation::IsoFunction::V);
     EXPECT_EQ(the_session.calculation.isoGiven, calculation::IsoGiven::p);
-    EXPECT_EQ(legacy::the_models.EOSModel, -1);
-    EXPECT_EQ(legacy::the_models.VPCode, "0");
+    EXPECT_EQ(models::code_of(legacy::the_models.EOSModel), -1);
+    EXPECT_EQ(legacy::the_models.VPModel, models::VapourPressureEquation::none);
     EXPECT_EQ(legacy::the_reference.RefMode, 1);
     EXPECT_FLOAT_EQ(legacy::the_reference.p0, 101.325F);
     EXPECT_EQ(legacy::the_BatchData.size(), 2U);
@@ -133,25 +134,25 @@ TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
     session::set_commands(needing, true);
     the_session.CurrentSubstance = 7;
     the_session.BatchMode = true;
-    legacy::the_models.HLVModel = 3;
+    legacy::the_models.HLVModel = codes::hlv(3);
     session::reset_session();
     for (const Command c : needing) EXPECT_FALSE(session::is_enabled(c));
     EXPECT_EQ(the_session.CurrentSubstance, 0);
     EXPECT_FALSE(the_session.BatchMode);
-    EXPECT_EQ(legacy::the_models.HLVModel, 0);
+    EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 0);
     EXPECT_EQ(legacy::the_reference.RefMode, 1);
 }
 
 TEST(ModelTables, NamesAreFixedWidthAndCodesInvert) {
-    EXPECT_EQ(models::EOSName(6), "CEOS Peng / Robinson               ");
-    EXPECT_EQ(models::EOSName(16).size(), 35U);
-    EXPECT_EQ(models::EOSName(9), "");
-    EXPECT_EQ(models::vp_index("WAG"), 4);
-    EXPECT_EQ(models::vp_index("xxx"), 0);
-    EXPECT_EQ(models::VPCode(8), "THO");
+    EXPECT_EQ(models::EOSName(codes::eos(6)), "CEOS Peng / Robinson               ");
+    EXPECT_EQ(models::EOSName(codes::eos(16)).size(), 35U);
+    EXPECT_FALSE(models::eos_of_code(9));
+    EXPECT_EQ(models::code_of(models::vp_of_code("WAG")), 4);
+    EXPECT_EQ(models::code_of(models::vp_of_code("xxx")), 0);
+    EXPECT_EQ(models::vp_code(codes::vp(8)), "THO");
     EXPECT_EQ(models::FunctionLabel(14), "     ln (phi*)");
-    EXPECT_TRUE(models::is_v_only_eos(0));
-    EXPECT_FALSE(models::is_v_only_eos(6));
+    EXPECT_TRUE(models::is_v_only(codes::eos(0)));
+    EXPECT_FALSE(models::is_v_only(codes::eos(6)));
 }
 
 }  // namespace

@@ -1,10 +1,12 @@
 #include "support/reference_cases.h"
+#include "legacy/wrappers.h"
+#include "support/codes.h"
 
 #include <fstream>
 
 #include "models/cubic_eos.h"
-#include "models/ji_torvik.h"
 #include "models/model_tables.h"
+#include "models/parameter_program.h"
 #include "support/fluids.h"
 
 using namespace quor;
@@ -28,11 +30,10 @@ void activate(const json& inputs) {
     legacy::the_substance = fluids::ReferencePropane();
     models::ModelSelection& m = legacy::the_models;
     m = {};
-    m.EOSModel = inputs.value("EOSModel", std::int16_t{6});
-    m.EOSOnlyV = models::is_v_only_eos(m.EOSModel);
-    m.VPCode = inputs.value("VPCode", std::string("000"));
-    m.VPModel = models::vp_index(m.VPCode);
-    m.CpModel = inputs.value("CpModel", std::int16_t{2});
+    m.EOSModel = codes::eos(inputs.value("EOSModel", std::int16_t{6}));
+    m.EOSOnlyV = models::is_v_only(m.EOSModel);
+    m.VPModel = codes::vp(inputs.value("VPCode", std::string("000")));
+    m.CpModel = codes::cp(inputs.value("CpModel", std::int16_t{2}));
     m.WatsonN = inputs.value("WatsonN", 0.38F);
     if (inputs.contains("jt")) {
         const json& jt = inputs.at("jt");

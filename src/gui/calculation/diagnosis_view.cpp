@@ -9,6 +9,7 @@
 #include "common/text.h"
 #include "gui/calculation/isotherm_plot.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
 #include "models/model_tables.h"
@@ -16,10 +17,6 @@
 namespace quor::gui {
 
 namespace {
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 // General format of a 32-bit value: enough digits for a reader.
 QString shown(double value) {

@@ -11,6 +11,7 @@
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -156,7 +157,6 @@ void DirectInputView::open() {
 // Fields, labels and frames of the situation; the texts typed stay.
 void DirectInputView::follow() {
     const report::DirectInput input = report::describe_direct_input(form());
-    const auto qt = [](const std::string& s) { return QString::fromStdString(s); };
     setWindowTitle(qt(input.title));
     ok_->setText(qt(input.command));
     for (std::size_t i = 0; i < par_.size(); ++i) {

@@ -14,6 +14,7 @@
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -27,10 +28,6 @@ namespace {
 
 constexpr int kFunctionColumns = 2;
 constexpr int kLiquid = 0, kVapour = 1;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 // Captions of the functions, from index 1 on.
 constexpr const char* kFunctions[] = {"Volume V",         "Enthalpy H",        "Entropy S",

@@ -11,6 +11,7 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "session/help_topics.h"
@@ -20,10 +21,6 @@ namespace quor::gui {
 namespace {
 
 constexpr int kTextCharacters = 78;  // width of the texts, in characters of average width
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QLabel* text_block(const QString& name) {
     auto* label = form::named(new QLabel, name);

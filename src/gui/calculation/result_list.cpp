@@ -11,6 +11,7 @@
 
 #include "common/dialogs.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "report/list_layout.h"
 
@@ -22,10 +23,6 @@ constexpr int kLinesShown = 18, kSpareCharacters = 6;
 constexpr int kLiquidColumn = 0, kSameColumn = 1, kVapourColumn = 2;  // of the captions
 constexpr std::size_t kCellsOfPhaseRow = 3;                           // label, L, V
 constexpr auto kRedSign = "! ";
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 std::string as_table(const report::ListLine& line) {
     if (line.cells.empty()) return line.text;

@@ -13,6 +13,7 @@
 
 #include "gui/calculation/result_list.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -27,10 +28,6 @@ namespace {
 using legacy::the_session;
 
 constexpr int kWideCharacters = 110;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 // Without colour a red text is known by its sign; the region's text is bold and begins with "=>".
 bool needs_sign(const report::TextField& field) {

@@ -10,6 +10,7 @@
 #include "common/numbers.h"
 #include "gui/calculation/tank_drawing.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -21,10 +22,6 @@ namespace quor::gui {
 namespace {
 
 constexpr int kSwatch = 14;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 void set_colour(QLabel* swatch, const QColor& colour) {
     QPixmap picture(kSwatch, kSwatch);

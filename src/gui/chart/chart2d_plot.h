@@ -1,35 +1,43 @@
 #pragma once
 
-#include <qcustomplot.h>
+#include <QPixmap>
+#include <QWidget>
 
-#include "chart/chart2d.h"
-#include "chart/sheet2d.h"
+#include "chart/picture2d.h"
 
 namespace quor::chart {
 
-/// The plot in which a 2D chart is shown on the screen; `Chart2DWidget` adds the mouse to it.
-class Chart2DPlot : public QCustomPlot {
+/// Shows a 2D chart on the screen; `Chart2DWidget` adds the mouse to it. The chart is laid out
+/// when it changes and painted into a pixmap once, so that what moves above it (the band of a
+/// zoom, a menu) costs a copy of pixels.
+class Chart2DPlot : public QWidget {
     Q_OBJECT
   public:
     explicit Chart2DPlot(QWidget* parent = nullptr);
 
-    /// Shows this chart and repaints once. The chart is read at every repaint and has to live as
-    /// long; nullptr shows an empty sheet.
+    /// Lays the chart out anew and asks for a repaint. The chart is read again at every change of
+    /// size and has to live as long; nullptr shows an empty sheet.
     void show2D(const Chart2D* chart);
 
-    /// Places of all parts at the last repaint.
-    const Sheet2D& sheet() const { return sheet_; }
-    const Chart2D& chart() const;
+    /// Places of all parts as laid out last.
+    const Sheet2D& sheet() const { return picture_.sheet; }
+    const Picture2D& picture() const { return picture_; }
+
+  signals:
+    /// The parts have new places, and a repaint follows.
+    void laidOut();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void layOutSheet();
+    void layOut();
+    void paintPixels();
 
     const Chart2D* chart_ = nullptr;
-    Sheet2D sheet_;
+    Picture2D picture_;
+    QPixmap pixels_;  ///< the picture as painted last; null when it has changed since
 };
-
-/// Paints the chart into `rect`. Works on every painter: widgets, images, files, printers. A unit
-/// of the painter's coordinates is taken for 1/96 inch.
-void paintChart2D(QPainter& painter, const QRectF& rect, const Chart2D& chart);
 
 }  // namespace quor::chart

@@ -57,7 +57,7 @@ class ShapePainter {
         if (colour == brush_ && brushSet_) return;
         brush_ = colour;
         brushSet_ = true;
-        painter_.setBrush(ToQt(colour));
+        painter_.setBrush(toQt(colour));
     }
 
     void setPen(Colour colour, float width, LinePattern pattern) {
@@ -70,7 +70,7 @@ class ShapePainter {
         penWidth_ = width;
         penColour_ = colour;
         pattern_ = pattern;
-        painter_.setPen(ToQt(LineStyle{pattern, colour, width}));
+        painter_.setPen(toQt(LineStyle{pattern, colour, width}));
     }
 
     void setSmooth(bool smooth) {
@@ -93,7 +93,7 @@ class ShapePainter {
 };
 
 void paintMarker(QPainter& painter, const SceneMarker& marker) {
-    const QColor colour = ToQt(marker.colour);
+    const QColor colour = toQt(marker.colour);
     painter.setPen(QPen(marker.hidden ? colour : QColor(Qt::white), 1.2));
     painter.setBrush(marker.hidden ? QBrush(Qt::NoBrush) : QBrush(colour));
     painter.drawEllipse(QPointF(marker.centre.x, marker.centre.y), marker.radius, marker.radius);
@@ -176,7 +176,7 @@ void paintChart3D(QPainter& painter, const QRectF& rect, const Chart3D& chart,
     painter.translate(rect.topLeft());
     painter.setClipRect(QRectF(QPointF(0, 0), rect.size()), Qt::IntersectClip);
     painter.setRenderHint(QPainter::Antialiasing, true);
-    paintShapes(painter, scene, rect.size(), ToQt(chart.sheet), quality);
+    paintShapes(painter, scene, rect.size(), toQt(chart.sheet), quality);
     painter.setRenderHint(QPainter::Antialiasing, true);
     for (const SceneMarker& marker : scene.markers) paintMarker(painter, marker);
     for (const SceneText& text : scene.texts)

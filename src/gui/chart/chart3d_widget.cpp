@@ -54,7 +54,7 @@ void Chart3DWidget::zoom(double factor) {
 
 void Chart3DWidget::turn(double rotation, double elevation) {
     if (chart_.style.projection2D) return;  // a flat map does not turn
-    Turn(chart_.view, rotation, elevation);
+    chart::turn(chart_.view, rotation, elevation);
     changed();
 }
 

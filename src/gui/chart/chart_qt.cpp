@@ -20,15 +20,15 @@ QFont exponentFont(QFont font) {
 /// What stands before the exponent: "2.5·10", or "10" alone.
 QString baseText(const PowerText& power) {
     const QString dot = QString(QChar(0x00B7));
-    return power.mantissa.empty() ? QStringLiteral("10") : ToQt(power.mantissa) + dot + "10";
+    return power.mantissa.empty() ? QStringLiteral("10") : toQt(power.mantissa) + dot + "10";
 }
 
 QSizeF textSize(const std::string& text, const QFont& font) {
     const QFontMetricsF metrics(font);
     const auto power = as_power(text);
-    if (!power) return metrics.size(0, ToQt(text));
+    if (!power) return metrics.size(0, toQt(text));
     const double exponent =
-        QFontMetricsF(exponentFont(font)).horizontalAdvance(ToQt(power->exponent));
+        QFontMetricsF(exponentFont(font)).horizontalAdvance(toQt(power->exponent));
     const double width = metrics.horizontalAdvance(baseText(*power)) + exponent;
     return {width, metrics.height() + kExponentRise * metrics.ascent() / 2};
 }
@@ -42,7 +42,7 @@ void paintPower(QPainter& painter, const PowerText& power, double width) {
     painter.setFont(exponentFont(font));
     painter.drawText(QPointF(-width / 2 + metrics.horizontalAdvance(base),
                              baseline - kExponentRise * metrics.ascent()),
-                     ToQt(power.exponent));
+                     toQt(power.exponent));
 }
 
 /// Outline of a symbol in the square from -1 to 1; open lines for those without an area.
@@ -105,16 +105,16 @@ bool isFilled(SymbolShape shape) {
 
 }  // namespace
 
-QColor ToQt(const Colour& c) {
+QColor toQt(const Colour& c) {
     return {c.r, c.g, c.b, c.a};
 }
 
-QFont ToQt(const Font& font) {
+QFont toQt(const Font& font) {
     QFont face;
     if (font.family.empty())
         face.setStyleHint(QFont::SansSerif);
     else
-        face.setFamily(ToQt(font.family));
+        face.setFamily(toQt(font.family));
     const double pixels = std::clamp(static_cast<double>(font.size), 1.0, 200.0) * 96 / 72;
     face.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
     face.setBold(font.bold);
@@ -124,9 +124,9 @@ QFont ToQt(const Font& font) {
     return face;
 }
 
-QPen ToQt(const LineStyle& line) {
+QPen toQt(const LineStyle& line) {
     if (line.pattern == LinePattern::None || !(line.width > 0)) return QPen(Qt::NoPen);
-    QPen pen(ToQt(line.colour), line.width);
+    QPen pen(toQt(line.colour), line.width);
     pen.setJoinStyle(Qt::RoundJoin);
     pen.setCapStyle(Qt::FlatCap);
     // Lengths of dashes and gaps in widths of the line; thin lines get longer ones.
@@ -141,16 +141,16 @@ QPen ToQt(const LineStyle& line) {
     return pen;
 }
 
-QPen ToQt(const Frame& frame) {
+QPen toQt(const Frame& frame) {
     if (!frame.shown || !(frame.width > 0)) return QPen(Qt::NoPen);
-    QPen pen(ToQt(frame.colour), frame.width);
+    QPen pen(toQt(frame.colour), frame.width);
     pen.setJoinStyle(Qt::MiterJoin);
     return pen;
 }
 
 MeasureText qtTextMeasure() {
     return [](const std::string& text, const Font& font) {
-        const QSizeF size = textSize(text, ToQt(font));
+        const QSizeF size = textSize(text, toQt(font));
         return TextSize{size.width(), size.height()};
     };
 }
@@ -159,8 +159,8 @@ void paintText(QPainter& painter, const QPointF& centre, const std::string& text
                const Colour& colour, double rotation) {
     if (text.empty()) return;
     painter.save();
-    painter.setFont(ToQt(font));
-    painter.setPen(ToQt(colour));
+    painter.setFont(toQt(font));
+    painter.setPen(toQt(colour));
     painter.translate(centre);
     if (rotation != 0) painter.rotate(-rotation);
     const QSizeF size = textSize(text, painter.font());
@@ -169,22 +169,20 @@ void paintText(QPainter& painter, const QPointF& centre, const std::string& text
     } else {
         // The box is wider than the text, so that another device's metrics never clip it.
         const QRectF box(-size.width(), -size.height(), 2 * size.width(), 2 * size.height());
-        painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, ToQt(text));
+        painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, toQt(text));
     }
     painter.restore();
 }
 
-void paintSymbol(QPainter& painter, const QPointF& centre, SymbolShape shape, double size,
-                 const Colour& colour) {
+void paintSymbols(QPainter& painter, std::span<const QPointF> places, SymbolShape shape,
+                  double size, const Colour& colour) {
     if (shape == SymbolShape::Hidden || !(size > 0)) return;
-    const double half = size / 2;
-    QPainterPath path = symbolPath(shape);
-    path = QTransform::fromScale(half, half).map(path).translated(centre);
-    QPen pen(ToQt(colour), std::clamp(size / 6, 1.0, 3.0));
+    const QPainterPath path = QTransform::fromScale(size / 2, size / 2).map(symbolPath(shape));
+    QPen pen(toQt(colour), std::clamp(size / 6, 1.0, 3.0));
     pen.setJoinStyle(Qt::MiterJoin);
     painter.setPen(pen);
-    painter.setBrush(isFilled(shape) ? QBrush(ToQt(colour)) : QBrush(Qt::NoBrush));
-    painter.drawPath(path);
+    painter.setBrush(isFilled(shape) ? QBrush(toQt(colour)) : QBrush(Qt::NoBrush));
+    for (const QPointF& place : places) painter.drawPath(path.translated(place));
 }
 
 }  // namespace quor::chart

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPen>
 #include <QString>
+#include <span>
 
 #include "chart/chart_style.h"
 #include "chart/text_measure.h"
@@ -13,14 +14,14 @@
 /// looks the same on screen, in files and on paper; printing scales the painter.
 namespace quor::chart {
 
-QColor ToQt(const Colour& colour);
+QColor toQt(const Colour& colour);
 /// The face with its size in pixels of 1/96 inch.
-QFont ToQt(const Font& font);
+QFont toQt(const Font& font);
 /// The pen of a line; no pen for `LinePattern::None`.
-QPen ToQt(const LineStyle& line);
-QPen ToQt(const Frame& frame);
+QPen toQt(const LineStyle& line);
+QPen toQt(const Frame& frame);
 
-inline QString ToQt(const std::string& text) {
+inline QString toQt(const std::string& text) {
     return QString::fromStdString(text);
 }
 
@@ -32,8 +33,8 @@ MeasureText qtTextMeasure();
 void paintText(QPainter& painter, const QPointF& centre, const std::string& text, const Font& font,
                const Colour& colour, double rotation = 0);
 
-/// Paints the symbol of a point. `size` is its width in pixels; nothing for `Hidden`.
-void paintSymbol(QPainter& painter, const QPointF& centre, SymbolShape shape, double size,
-                 const Colour& colour);
+/// Paints the symbols of points. `size` is the width of one in pixels; nothing for `Hidden`.
+void paintSymbols(QPainter& painter, std::span<const QPointF> places, SymbolShape shape,
+                  double size, const Colour& colour);
 
 }  // namespace quor::chart

@@ -31,7 +31,7 @@ void tell_failure(const chart::FileOutcome& outcome) {
 }  // namespace
 
 void Copy(const Picture& picture) {
-    chart::CopyPicture(picture.painting, options_of(picture));
+    chart::copyPicture(picture.painting, options_of(picture));
 }
 
 void Save(const Picture& picture, const std::string& folder) {
@@ -55,7 +55,7 @@ void Print(const Picture& picture) {
     QPrintDialog dialog(&printer, shell::frameWindow());
     dialog.setObjectName("PrintDialog");
     if (dialog.exec() != QDialog::Accepted) return;
-    tell_failure(chart::PrintPicture(picture.painting, printer, picture.print));
+    tell_failure(chart::printPicture(picture.painting, printer, picture.print));
 }
 
 }  // namespace picture_commands

@@ -13,7 +13,7 @@
 #include <array>
 #include <cmath>
 
-#include "gui/chart/chart2d_plot.h"
+#include "gui/chart/chart2d_paint.h"
 #include "gui/chart/chart3d_paint.h"
 #include "gui/chart/metafile_device.h"
 
@@ -127,7 +127,7 @@ Painting paintingOf(const Chart3D& chart) {
     return [chart](QPainter& painter, const QRectF& rect) { paintChart3D(painter, rect, chart); };
 }
 
-std::optional<PictureFormat> FormatOf(const QString& fileName) {
+std::optional<PictureFormat> formatOf(const QString& fileName) {
     const QString extension = QFileInfo(fileName).suffix().toLower();
     for (const FormatRow& row : kFormats)
         if (extension == QLatin1String(row.extension)) return row.format;
@@ -166,7 +166,7 @@ QByteArray pictureBytes(const Painting& painting, PictureFormat format,
 
 FileOutcome exportPicture(const Painting& painting, const QString& file,
                           const PictureOptions& options) {
-    const auto format = FormatOf(file);
+    const auto format = formatOf(file);
     if (!format)
         return failed(QStringLiteral("%1: The extension of the name tells no picture format "
                                      "(png, bmp, svg, pdf, emf, wmf).")
@@ -192,11 +192,11 @@ std::unique_ptr<QMimeData> clipboardData(const Painting& painting, const Picture
     return data;
 }
 
-void CopyPicture(const Painting& painting, const PictureOptions& options) {
+void copyPicture(const Painting& painting, const PictureOptions& options) {
     QGuiApplication::clipboard()->setMimeData(clipboardData(painting, options).release());
 }
 
-FileOutcome PrintPicture(const Painting& painting, QPrinter& printer, const PrintPlace& place) {
+FileOutcome printPicture(const Painting& painting, QPrinter& printer, const PrintPlace& place) {
     const QSizeF size = pixelsOfCm(place.width, place.height);
     if (!canBePainted(size)) return failed(QStringLiteral("The picture has no size to print."));
     QPainter painter;

@@ -24,7 +24,7 @@ Painting paintingOf(const Chart3D& chart);
 enum class PictureFormat { Png, Bmp, Svg, Pdf, Emf, Wmf };
 
 /// The format by the name's extension, whatever its case; nothing for another extension.
-std::optional<PictureFormat> FormatOf(const QString& fileName);
+std::optional<PictureFormat> formatOf(const QString& fileName);
 
 /// Filters of a save dialog for all formats, in one line as Qt wants it.
 QString pictureFilters();
@@ -50,9 +50,9 @@ FileOutcome exportPicture(const Painting& painting, const QString& file,
 /// The picture for the clipboard: an image, and the same as SVG and EMF for programs that take
 /// vectors.
 std::unique_ptr<QMimeData> clipboardData(const Painting& painting, const PictureOptions& options);
-void CopyPicture(const Painting& painting, const PictureOptions& options);
+void copyPicture(const Painting& painting, const PictureOptions& options);
 
 /// Prints the picture at a place on the first page. Refused when the place has no size.
-FileOutcome PrintPicture(const Painting& painting, QPrinter& printer, const PrintPlace& place);
+FileOutcome printPicture(const Painting& painting, QPrinter& printer, const PrintPlace& place);
 
 }  // namespace quor::chart

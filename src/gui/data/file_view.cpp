@@ -15,6 +15,7 @@
 #include "common/text.h"
 #include "datafiles/preview.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "session/module2.h"
@@ -25,10 +26,6 @@ namespace {
 
 constexpr int kPathCharacters = 50;
 constexpr QSize kFirstSize(760, 520);
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 /// The pattern of "Caption|*.EXT|Caption|*.EXT": its first one.
 QString pattern_of(const std::string& filter) {

@@ -23,6 +23,7 @@
 #include "gui/data/tpv_table_model.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -41,10 +42,6 @@ constexpr auto kFit = "fit_data", kGraph = "graph_data", kGraphLn = "graph_data_
 constexpr auto kRefusal = "Execution not possible";
 constexpr int kRowPadding = 6, kRowsShown = 14, kColumnCharacters = 13;
 constexpr std::int16_t kFromDataEditor = 1;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 // The cells of the table are edited in a field for numbers.
 class NumberDelegate : public QStyledItemDelegate {

@@ -238,7 +238,7 @@ void SubstanceDialog::showData() {
     const std::int16_t found = wantedEntry();
     if (found == 0) return;
     selectEntry(found);
-    if (!kept_) kept_ = Kept{legacy::the_substance, legacy::the_models.VPCode};
+    if (!kept_) kept_ = Kept{legacy::the_substance, legacy::the_models.VPModel};
     bool noCriticalData = false;
     if (datafiles::ReadSubstance(found, noCriticalData)) actions::Run(kShowData);
 }
@@ -247,7 +247,7 @@ void SubstanceDialog::showData() {
 void SubstanceDialog::reject() {
     if (kept_) {
         legacy::the_substance = kept_->substance;
-        legacy::the_models.VPCode = kept_->VPCode;
+        legacy::the_models.VPModel = kept_->equation;
     }
     QDialog::reject();
 }

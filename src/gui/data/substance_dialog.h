@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "models/model_selection.h"
 #include "models/substance_record.h"
 
 class QComboBox;
@@ -56,7 +57,7 @@ class SubstanceDialog : public QDialog {
     /// What a look at the data of another substance replaces for a while.
     struct Kept {
         models::SubstanceRecord substance;
-        std::string VPCode;
+        models::VapourPressureEquation equation;
     };
     std::optional<Kept> kept_;
     std::int16_t present_ = 0;  ///< entry that was selected last

@@ -14,6 +14,7 @@
 #include "datafiles/database.h"
 #include "gui/data/data_field.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -74,10 +75,6 @@ constexpr int kTriplePressure = 3;
 SubstanceEditorView::GroupContributions& group_contributions() {
     static SubstanceEditorView::GroupContributions estimate;
     return estimate;
-}
-
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
 }
 
 QWidget* withHelp(QToolButton* help, int topic, QWidget* beside) {

@@ -2,15 +2,12 @@
 
 #include "common/text.h"
 #include "datafiles/substance_choice.h"
+#include "gui/widgets/qt_text.h"
 #include "legacy/declare.h"
 
 namespace quor::gui {
 
 namespace {
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QString cell(std::size_t entry, int column) {
     const datafiles::SubstanceLists& lists = legacy::the_substances;

@@ -24,6 +24,7 @@
 #include "gui/data/xy_table_model.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -65,10 +66,6 @@ constexpr std::array kManipulations{
     ManipulationRow{"y = y * W", XYManipulation::MultiplyY, true},
     ManipulationRow{"y = ln(y)", XYManipulation::LogarithmY, false},
     ManipulationRow{"y = exp(y)", XYManipulation::ExponentialY, false}};
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QRadioButton* option(const QString& text, const QString& name) {
     return form::named(new QRadioButton(text), name);

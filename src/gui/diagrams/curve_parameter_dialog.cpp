@@ -7,17 +7,10 @@
 #include "diagrams/parameter_input.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 
 namespace quor::gui {
-
-namespace {
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
-
-}  // namespace
 
 CurveParameterDialog::CurveParameterDialog(std::int16_t sectionKind, QWidget* parent)
     : QDialog(parent), sectionKind_(sectionKind) {

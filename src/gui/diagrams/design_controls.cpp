@@ -15,6 +15,7 @@
 
 #include "gui/chart/chart_qt.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 
 namespace quor::gui {
@@ -23,13 +24,9 @@ namespace {
 
 constexpr int kTextLines = 2;
 
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
-
 QIcon swatch(const chart::Colour& c) {
     QPixmap pixmap(28, 14);
-    pixmap.fill(chart::ToQt(c));
+    pixmap.fill(chart::toQt(c));
     return pixmap;
 }
 
@@ -113,7 +110,7 @@ void DesignControls::colour(QFormLayout* into, const QString& caption, const QSt
     connect(button, &QPushButton::clicked, this, [this, field] {
         chart::Colour* target = field();
         if (target == nullptr) return;
-        QColorDialog dialog(chart::ToQt(*target), this);
+        QColorDialog dialog(chart::toQt(*target), this);
         dialog.setObjectName("ColourDialog");
         dialog.setOption(QColorDialog::ShowAlphaChannel);
         if (dialog.exec() != QDialog::Accepted) return;

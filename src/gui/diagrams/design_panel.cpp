@@ -13,6 +13,7 @@
 #include "gui/chart/chart_qt.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 
 namespace quor::gui {
@@ -25,10 +26,6 @@ using Module9::kMaxPointSets;
 using Module9::LabelIndex::kFirstText;
 
 constexpr int kShiftSteps = 100;
-
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
 
 template <class Names>
 QStringList list(const Names& names) {

@@ -26,6 +26,7 @@
 #include "gui/diagrams/process_line_dialog.h"
 #include "gui/diagrams/range_input.h"
 #include "gui/diagrams/views_in_use.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -44,10 +45,6 @@ constexpr std::uint8_t kRangeInput = 7, kFractionInput = 8;
 ViewsInUse<DiagramWindow>& openDiagrams() {
     static ViewsInUse<DiagramWindow> all;
     return all;
-}
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
 }
 
 }  // namespace
@@ -339,9 +336,9 @@ namespace {
 
 /// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
 void open_from_menu() {
-    constexpr std::int16_t kVaporisation = 13, kByBenson = 6;
+    constexpr std::int16_t kVaporisation = 13;
     const bool needsReference = legacy::the_diagram.DiagramType == kVaporisation &&
-                                legacy::the_models.HLVModel == kByBenson;
+                                legacy::the_models.HLVModel == models::VaporisationModel::benson;
     if (!needsReference) return Module9::open_diagram2_d();
     calculation_views::OpenCalcIn(calculation::Task::vaporisationAtT, true);
 }

@@ -18,6 +18,7 @@
 #include "diagrams/polytropic_exchange.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -36,10 +37,6 @@ constexpr int kPRange = 0, kTRange = 1;              // `optTp`
 constexpr int kLiquid = 0, kVapour = 1;              // `optPhase`
 constexpr int kHomogeneous = 0, kHeterogeneous = 1;  // `optHomoHetero`
 constexpr int kIdealGas = 1;                         // `optIdealEOS`
-
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
 
 double number_in(const NumberEdit* edit) {
     return edit->holdsNumber() ? edit->value() : kNoNumber;

@@ -9,6 +9,7 @@
 #include "diagrams/parameter_input.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
 
@@ -18,10 +19,6 @@ namespace {
 
 constexpr std::uint8_t kVapourFraction = 8;
 using legacy::the_session;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 }  // namespace
 

@@ -10,6 +10,7 @@
 #include "estimation/fit_run.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 
 namespace quor::gui {
@@ -23,10 +24,6 @@ constexpr int kStartDigits = 17, kResultDigits = 18, kDeviationDigits = 13;
 constexpr auto kNone = " ---";
 
 enum Column { kLabel, kStart, kFixed, kLeft, kResult, kStdDev, kInterval };
-
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
 
 QString number(double value) {
     return qt(numbers::General(value)).trimmed();

@@ -10,6 +10,7 @@
 #include "estimation/fit_run.h"
 #include "estimation/fit_statistics.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 
 namespace quor::gui {
@@ -20,10 +21,6 @@ using estimation::fit;
 using estimation::FitModelRow;
 
 constexpr int kCellPadding = 6;
-
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
 
 QString percent(double value) {
     return qt(numbers::General(static_cast<float>(value))).trimmed() + " %";

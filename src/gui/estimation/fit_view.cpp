@@ -14,6 +14,7 @@
 #include "estimation/fit_run.h"
 #include "estimation/fit_start_values.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -33,10 +34,6 @@ constexpr int kModelsPerColumn = 3;
 constexpr auto kXYEditor = "mnuData_EditXY";
 constexpr auto kTpvEditor = "mnuData_BatchEdit";
 constexpr std::array kPhases{"ideal gas", "liquid", "solid"};
-
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
 
 bool isLinear() {
     const FitModelRow* row = estimation::find_model(fit.FitModel);

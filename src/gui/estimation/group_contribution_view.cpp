@@ -12,6 +12,7 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -32,10 +33,6 @@ constexpr std::size_t kFieldTboil = 1;  // of the substance editor
 
 /// The families from which a new column of groups begins.
 constexpr std::array<std::string_view, 2> kColumnStarts{"Halogen", "Nitrogen"};
-
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
 
 /// A number in the form of the files' fields; the value decides about its length.
 QString general(double value) {

@@ -8,22 +8,21 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 
 namespace quor::gui {
 
-ManualVirialDialog::ManualVirialDialog(QWidget* parent) : QDialog(parent) {
+ManualVirialDialog::ManualVirialDialog(const models::ManualVirial& present, QWidget* parent)
+    : QDialog(parent) {
     setObjectName("frmBParInput");
     setWindowTitle("Input of Virial Coefficient");
 
-    const models::EOSParameters& p = legacy::the_eosParameters;
-    const double present[] = {p.eosB0, p.eosNB, p.eosNV};
+    const double values[] = {present.b0, present.b1, present.b2};
     const char* captions[] = {"b&0 =", "b&1 =", "b&2 ="};
     auto* grid = form::grid();
     grid->setContentsMargins({});
     for (std::size_t i = 0; i < fields_.size(); ++i) {
         fields_[i] = form::named(new NumberEdit, QString("par_%1").arg(i));
-        fields_[i]->setValue(present[i]);
+        fields_[i]->setValue(values[i]);
         form::addRow(grid, static_cast<int>(i), captions[i], fields_[i]);
     }
     grid->setColumnStretch(1, 1);
@@ -48,8 +47,8 @@ ManualVirialDialog::ManualVirialDialog(QWidget* parent) : QDialog(parent) {
     layout->addLayout(buttons);
 }
 
-double ManualVirialDialog::coefficient(std::size_t index) const {
-    return fields_[index]->value();
+models::ManualVirial ManualVirialDialog::coefficients() const {
+    return {fields_[0]->value(), fields_[1]->value(), fields_[2]->value()};
 }
 
 void ManualVirialDialog::confirm() {

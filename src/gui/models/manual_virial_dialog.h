@@ -3,6 +3,8 @@
 #include <QDialog>
 #include <array>
 
+#include "models/model_selection.h"
+
 namespace quor::gui {
 
 class NumberEdit;
@@ -13,9 +15,9 @@ class ManualVirialDialog : public QDialog {
 
   public:
     /// Shows the present coefficients.
-    explicit ManualVirialDialog(QWidget* parent = nullptr);
+    explicit ManualVirialDialog(const models::ManualVirial& present, QWidget* parent = nullptr);
 
-    double coefficient(std::size_t index) const;
+    models::ManualVirial coefficients() const;
 
   private:
     void confirm();

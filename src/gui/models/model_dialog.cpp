@@ -13,22 +13,17 @@
 
 #include "gui/models/manual_virial_dialog.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
-#include "session/actions.h"
+#include "models/model_codes.h"
 #include "session/help_topics.h"
 
 namespace quor::gui {
 
 namespace {
 
-constexpr auto kEditData = "mnuData_EditStoffdaten";  // action of the substance data editor
 constexpr int kListCharacters = 38;
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
 
 QComboBox* list(const QString& name) {
     auto* box = form::named(new QComboBox, name);
@@ -38,14 +33,24 @@ QComboBox* list(const QString& name) {
     return box;
 }
 
+template <class Model>
+void fill(QComboBox* box, const models::ModelEntries<Model>& entries, std::size_t index) {
+    const QSignalBlocker quiet(box);
+    box->clear();
+    for (const auto& entry : entries) box->addItem(qt(entry.text), models::code_of(entry.model));
+    box->setCurrentIndex(static_cast<int>(index));
+}
+
 }  // namespace
 
-ModelDialog::ModelDialog(QWidget* parent) : QDialog(parent) {
+ModelDialog::ModelDialog(const models::SubstanceRecord& substance,
+                         const models::ModelSelection& present, Session session, QWidget* parent)
+    : QDialog(parent), choice_(substance, present), session_(std::move(session)) {
     setObjectName("frmQModell");
-    setWindowTitle(" Select the calculation models for " + qt(legacy::the_substance.Name));
     build();
     arrange();
     connectLists();
+    showSubstance();
     follow();
     eos_->setFocus();
 }
@@ -71,7 +76,6 @@ void ModelDialog::build() {
 }
 
 void ModelDialog::arrange() {
-    const models::DensityNote density = models::liquid_density_note(legacy::the_substance);
     auto* grid = form::grid();
     grid->setContentsMargins({});
     const auto row = [&](int n, const QString& caption, QWidget* field, const QString& help,
@@ -90,8 +94,8 @@ void ModelDialog::arrange() {
     grid->addWidget(watson_, 3, 1, Qt::AlignLeft);
     QToolButton* cpHelp =
         row(4, "&Ideal-gas heat capacity", cp_, "cpHilfe", "ideal-gas heat capacity");
-    densityState_ = form::named(new QLabel(qt(density.state)), "Rx1");
-    densityRange_ = form::named(new QLabel(qt(density.range)), "Rx2");
+    densityState_ = form::named(new QLabel, "Rx1");
+    densityRange_ = form::named(new QLabel, "Rx2");
     QToolButton* rhoHelp =
         row(5, "L-Density = F(T) ", densityState_, "RhoLHilfe", "liquid density");
     grid->addWidget(densityRange_, 6, 1);
@@ -113,7 +117,7 @@ void ModelDialog::arrange() {
     QPushButton* cancel = form::button("&Cancel", "cmdEsc");
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     QPushButton* showData = form::button("Show Data", "cmdData");
-    showData->setEnabled(actions::has(kEditData));
+    showData->setEnabled(session_.editData != nullptr);
     connect(showData, &QPushButton::clicked, this, &ModelDialog::editData);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
@@ -131,22 +135,19 @@ void ModelDialog::arrange() {
     layout->addLayout(buttons);
 
     // The pages of the first three follow the model that is selected.
-    struct Help {
-        QToolButton* button;
-        int topic;
-        const std::int16_t* code;
+    const auto connectHelp = [this](QToolButton* button, const std::function<int()>& topic) {
+        button->setEnabled(shell::helpAvailable());
+        connect(button, &QToolButton::clicked, this, [topic] { shell::showHelp(topic()); });
     };
-    const models::ModelSelection& m = legacy::the_models;
-    for (const Help& h :
-         {Help{eosHelp, help::kEquationsOfState, &m.EOSModel},
-          Help{vpHelp, help::kVapourPressure, &m.VPModel},
-          Help{hlvHelp, help::kVaporisation, &m.HLVModel}, Help{cpHelp, help::kIdealGasCp, nullptr},
-          Help{rhoHelp, help::kLiquidDensity, nullptr},
-          Help{priorityHelp, help::kPriority, nullptr}}) {
-        h.button->setEnabled(shell::helpAvailable());
-        connect(h.button, &QToolButton::clicked, this,
-                [h] { shell::showHelp(h.topic + (h.code == nullptr ? 0 : *h.code)); });
-    }
+    const auto selected = [this](int first, auto model) {
+        return [this, first, model] { return first + models::code_of(choice_.models().*model); };
+    };
+    connectHelp(eosHelp, selected(help::kEquationsOfState, &models::ModelSelection::EOSModel));
+    connectHelp(vpHelp, selected(help::kVapourPressure, &models::ModelSelection::VPModel));
+    connectHelp(hlvHelp, selected(help::kVaporisation, &models::ModelSelection::HLVModel));
+    connectHelp(cpHelp, [] { return help::kIdealGasCp; });
+    connectHelp(rhoHelp, [] { return help::kLiquidDensity; });
+    connectHelp(priorityHelp, [] { return help::kPriority; });
 }
 
 void ModelDialog::connectLists() {
@@ -177,32 +178,28 @@ void ModelDialog::connectLists() {
 
 void ModelDialog::fillLists() {
     fill(eos_, choice_.eos(), choice_.eos_index());
-    fill(vp_, choice_.vp(), choice_.vpIndex());
+    fill(vp_, choice_.vp(), choice_.vp_index());
     fill(hlv_, choice_.hlv(), choice_.hlv_index());
     fill(cp_, choice_.cp(), choice_.cp_index());
 }
 
 // What can be chosen follows the data as they stand after the editor.
 void ModelDialog::editData() {
-    actions::Run(kEditData);
-    choice_.renew();
+    choice_.renew(session_.editData());
     fillLists();
     const QSignalBlocker quiet(watson_);
     watson_->clear();
     for (const std::string& exponent : choice_.watson()) watson_->addItem(qt(exponent));
     watson_->setEditText(qt(choice_.watson_text()));
-    const models::DensityNote density = models::liquid_density_note(legacy::the_substance);
-    densityState_->setText(qt(density.state));
-    densityRange_->setText(qt(density.range));
-    setWindowTitle(" Select the calculation models for " + qt(legacy::the_substance.Name));
+    showSubstance();
     follow();
 }
 
-void ModelDialog::fill(QComboBox* box, const models::ModelEntries& entries, std::size_t index) {
-    const QSignalBlocker quiet(box);
-    box->clear();
-    for (const models::ModelEntry& entry : entries) box->addItem(qt(entry.text), entry.code);
-    box->setCurrentIndex(static_cast<int>(index));
+void ModelDialog::showSubstance() {
+    const models::DensityNote density = models::liquid_density_note(choice_.substance());
+    densityState_->setText(qt(density.state));
+    densityRange_->setText(qt(density.range));
+    setWindowTitle(" Select the calculation models for " + qt(choice_.substance().Name));
 }
 
 void ModelDialog::follow() {
@@ -212,23 +209,18 @@ void ModelDialog::follow() {
     watson_->setVisible(choice_.watson_visible());
     priorityFrame_->setEnabled(choice_.priority_enabled());
     const QSignalBlocker quiet0(priority_[0]), quiet1(priority_[1]);
-    priority_[0]->setChecked(legacy::the_models.PriorityCEOS);
-    priority_[1]->setChecked(!legacy::the_models.PriorityCEOS);
+    priority_[0]->setChecked(choice_.models().PriorityCEOS);
+    priority_[1]->setChecked(!choice_.models().PriorityCEOS);
 }
 
 void ModelDialog::askManualVirial() {
-    ManualVirialDialog input(this);
-    if (shell::openModal(input) != QDialog::Accepted) return;
-    choice_.set_manual_virial(input.coefficient(0), input.coefficient(1), input.coefficient(2));
+    ManualVirialDialog input(choice_.models().manualVirial, this);
+    if (shell::openModal(input) == QDialog::Accepted)
+        choice_.set_manual_virial(input.coefficients());
 }
 
 void ModelDialog::confirm() {
-    if (choice_.Confirm()) accept();
-}
-
-void ModelDialog::reject() {
-    choice_.Cancel();
-    QDialog::reject();
+    if (session_.take(choice_)) accept();
 }
 
 }  // namespace quor::gui

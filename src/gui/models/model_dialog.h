@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <array>
+#include <functional>
 
 #include "models/model_choice.h"
 
@@ -19,9 +20,18 @@ class ModelDialog : public QDialog {
     Q_OBJECT
 
   public:
-    explicit ModelDialog(QWidget* parent = nullptr);
+    /// What the view needs of the session.
+    struct Session {
+        /// Shows the data editor; gives the substance as it stands afterwards. Without it the data
+        /// cannot be edited from here.
+        std::function<models::SubstanceRecord()> editData;
+        /// Takes a choice over. False, after a message, when it cannot be used: the view stays
+        /// open.
+        std::function<bool(const models::ModelChoice&)> take;
+    };
 
-    void reject() override;
+    ModelDialog(const models::SubstanceRecord& substance, const models::ModelSelection& present,
+                Session session, QWidget* parent = nullptr);
 
   private:
     void build();
@@ -29,13 +39,14 @@ class ModelDialog : public QDialog {
     void connectLists();
     void fillLists();
     void editData();
-    void fill(QComboBox* list, const models::ModelEntries& entries, std::size_t index);
+    void showSubstance();
     /// Everything that follows from the equation of state and the method of vaporisation.
     void follow();
     void askManualVirial();
     void confirm();
 
     models::ModelChoice choice_;
+    Session session_;
     QComboBox* eos_ = nullptr;
     QComboBox* vp_ = nullptr;
     QComboBox* hlv_ = nullptr;

@@ -13,6 +13,7 @@
 #include "common/faults.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
@@ -25,12 +26,8 @@ namespace {
 
 using models::ReferenceOption;
 
-QString qt(std::string_view s) {
-    return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
-}
-
 models::ReferenceCaptions captions() {
-    return models::captions_of(legacy::the_session.CaloricUnit);
+    return models::captions_of(static_cast<models::CaloricUnit>(legacy::the_session.CaloricUnit));
 }
 
 // The factor of the present substance: that of the session is as old as the last calculation.

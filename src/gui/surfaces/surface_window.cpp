@@ -11,6 +11,7 @@
 #include "gui/diagrams/views_in_use.h"
 #include "gui/surfaces/surface_dialogs.h"
 #include "gui/surfaces/surface_panel.h"
+#include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "session/actions.h"
@@ -28,10 +29,6 @@ constexpr auto kHint = "Drag: turn     Wheel: zoom     Double click: default vie
 ViewsInUse<SurfaceWindow>& openSurfaces() {
     static ViewsInUse<SurfaceWindow> all;
     return all;
-}
-
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
 }
 
 }  // namespace

@@ -13,14 +13,13 @@
 #include <algorithm>
 
 #include "common/text.h"
+#include "gui/widgets/qt_text.h"
 
 namespace quor::dialogs {
 
 namespace {
 
-QString qt(const std::string& s) {
-    return QString::fromStdString(s);
-}
+using gui::qt;
 
 QWidget* front_window() {
     if (QWidget* modal = QApplication::activeModalWidget()) return modal;

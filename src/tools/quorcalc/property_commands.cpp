@@ -28,8 +28,9 @@ Json cpid(const Arguments& a) {
     set_up(a);
     const models::CpResult r =
         models::ideal_gas_cp(legacy::the_substance, legacy::the_models.CpModel, *a.T);
-    const models::CpSet& set = legacy::the_models.CpModel == 1 ? legacy::the_substance.cpPoly
-                                                               : legacy::the_substance.cpSinh;
+    const models::CpSet& set = legacy::the_models.CpModel == models::CpForm::polynomial
+                                   ? legacy::the_substance.cpPoly
+                                   : legacy::the_substance.cpSinh;
     const double outside = *a.T < set.TLo ? *a.T - set.TLo : *a.T > set.THi ? *a.T - set.THi : 0.0;
     return {{"status", r.status},
             {"cp", r.status == kSuccess ? Number(r.cp) : Json()},
@@ -41,8 +42,8 @@ Json hlv(const Arguments& a) {
     set_up(a);
     const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
         models::current_fluid(),
-        {.code = legacy::the_models.HLVModel,
-         .vpCode = legacy::the_models.VPCode,
+        {.model = legacy::the_models.HLVModel,
+         .vpCode = legacy::the_models.VPModel,
          .reference = legacy::the_session.calculation.method.reference,
          .T = 0,
          .p = 0},

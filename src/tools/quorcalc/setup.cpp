@@ -6,10 +6,12 @@
 #include "datafiles/database.h"
 #include "datafiles/record_fields.h"
 #include "datafiles/search.h"
+#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
-#include "models/ji_torvik.h"
 #include "models/model_choice.h"
+#include "models/model_codes.h"
 #include "models/model_tables.h"
+#include "models/parameter_program.h"
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
 #include "tools/quorcalc/commands.h"
@@ -92,8 +94,9 @@ void store(const Override& o) {
 
 void correlate() {
     models::CorrelateAugust();
-    for (std::int16_t i = 6; i <= 8; ++i)
-        models::CorrelateVapourPressure(i, the_substance.Tcrit, the_substance.pcrit,
+    using enum models::VapourPressureEquation;
+    for (const auto equation : {frostVanDerWaals, frostRedlichKwong, thompson})
+        models::CorrelateVapourPressure(equation, the_substance.Tcrit, the_substance.pcrit,
                                         static_cast<double>(the_substance.Tboil));
 }
 
@@ -150,25 +153,27 @@ std::int16_t code_between(int value, int low, int high, const char* option) {
 void choose_models(const Arguments& a) {
     models::ModelSelection& m = legacy::the_models;
     // The record's own default, which follows overrides of the measured sets.
-    m.VPCode = the_substance.WAG.TLo > 0   ? "WAG"
-               : the_substance.FRO.TLo > 0 ? "FRO"
-               : the_substance.ALP.TLo > 0 ? "ALP"
-               : the_substance.AHP.TLo > 0 ? "AHP"
-                                           : "000";
-    m.VPModel = models::vp_index(m.VPCode);
-    const models::ModelChoice defaults;  // brings every family to an entry that is offered
+    using enum models::VapourPressureEquation;
+    m.VPModel = the_substance.WAG.TLo > 0   ? wagner
+                : the_substance.FRO.TLo > 0 ? frostKalkwarf
+                : the_substance.ALP.TLo > 0 ? antoineLow
+                : the_substance.AHP.TLo > 0 ? antoineHigh
+                                            : none;
+    // Brings every family to an entry that is offered.
+    m = models::ModelChoice(the_substance, m).models();
 
-    if (a.eos) m.EOSModel = code_between(*a.eos, 0, 16, "--eos");
-    m.EOSOnlyV = models::is_v_only_eos(m.EOSModel);
+    if (a.eos)
+        m.EOSModel =
+            models::eos_of_code(code_between(*a.eos, 0, 16, "--eos")).value_or(models::Eos::none);
+    m.EOSOnlyV = models::is_v_only(m.EOSModel);
     if (a.vp.size() == 3) {
-        m.VPCode = a.vp;
-        m.VPModel = models::vp_index(a.vp);
-        if (m.VPModel == 0 && a.vp != "000") throw WrongCall{"--vp: no such equation: " + a.vp};
+        m.VPModel = models::vp_of_code(a.vp);
+        if (m.VPModel == none && a.vp != "000") throw WrongCall{"--vp: no such equation: " + a.vp};
     } else if (!a.vp.empty()) {
         throw WrongCall{"--vp: no such equation: " + a.vp};
     }
-    if (a.hlv) m.HLVModel = code_between(*a.hlv, 1, 7, "--hlv");
-    if (a.cp) m.CpModel = code_between(*a.cp, 0, 2, "--cp");
+    if (a.hlv) m.HLVModel = *models::vaporisation_of_code(code_between(*a.hlv, 1, 7, "--hlv"));
+    if (a.cp) m.CpModel = *models::cp_form_of_code(code_between(*a.cp, 0, 2, "--cp"));
     if (a.watson) m.WatsonN = static_cast<float>(*a.watson);
     if (!a.priority.empty()) m.PriorityCEOS = a.priority == "ceos";
     if (m.EOSOnlyV) m.PriorityCEOS = false;

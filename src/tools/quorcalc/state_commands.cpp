@@ -69,7 +69,7 @@ Json data(const Arguments& a) {
         for (std::size_t i = 0; i < field.count; ++i) elements.push_back(value_of({&field, i}));
         result[std::string(field.name)] = elements;
     }
-    result["VPCode"] = legacy::the_models.VPCode;
+    result["VPCode"] = models::vp_code(legacy::the_models.VPModel);
     return result;
 }
 
@@ -169,36 +169,35 @@ Json tsat(const Arguments& a) {
     return saturation(r, "T", r.T);
 }
 
-std::string vp_code(const Arguments& a) {
-    return a.code.empty() ? legacy::the_models.VPCode : a.code;
+models::VapourPressureEquation equation_of(const Arguments& a) {
+    return a.code.empty() ? legacy::the_models.VPModel : models::vp_of_code(a.code);
 }
 
 Json vp(const Arguments& a) {
     set_up(a);
     const models::VapourPressureResult r =
-        models::vapour_pressure(legacy::the_substance, *a.T, vp_code(a));
+        models::vapour_pressure(legacy::the_substance, *a.T, equation_of(a));
     return {{"status", r.status}, {"p", present(r.p)}, {"deviation", r.deviation}};
 }
 
 Json tboil(const Arguments& a) {
     set_up(a);
     const models::BoilingTemperatureResult r =
-        models::boiling_temperature(legacy::the_substance, *a.p, vp_code(a));
+        models::boiling_temperature(legacy::the_substance, *a.p, equation_of(a));
     return {{"status", r.status}, {"T", present(r.T)}, {"deviation", r.deviation}};
 }
 
 Json vpslope(const Arguments& a) {
     set_up(a);
     const models::SlopeResult r =
-        models::vapour_pressure_slope(legacy::the_substance, *a.T, vp_code(a));
+        models::vapour_pressure_slope(legacy::the_substance, *a.T, equation_of(a));
     return {{"status", r.status}, {"slope", present(r.slope)}};
 }
 
 Json virial(const Arguments& a) {
     set_up(a);
-    const std::int16_t code = legacy::the_models.EOSModel;
-    const models::Virial r = models::virial(models::current_fluid(), code, *a.T);
-    const bool derivatives = models::is_v_only_eos(code);
+    const models::Virial r = models::virial(models::current_fluid(), *a.T);
+    const bool derivatives = models::is_v_only(legacy::the_models.EOSModel);
     return {{"status", 0},
             {"B", Number(r.B)},
             {"dB", derivatives ? Number(r.dB) : Json()},

@@ -23,7 +23,7 @@ void start_painting() {
 
 chart::FileOutcome write(const chart::Painting& painting, const std::string& format,
                          const std::string& file, const chart::PictureOptions& options) {
-    const auto kind = chart::FormatOf("picture." + QString::fromStdString(format));
+    const auto kind = chart::formatOf("picture." + QString::fromStdString(format));
     const QByteArray bytes = kind ? chart::pictureBytes(painting, *kind, options) : QByteArray();
     if (bytes.isEmpty()) return {false, "A picture of this size cannot be made."};
     QSaveFile out(QString::fromStdString(file));

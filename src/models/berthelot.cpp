@@ -1,0 +1,38 @@
+#include "common/constants.h"
+#include "common/faults.h"
+#include "models/cubic_forms.h"
+#include "models/equations.h"
+
+namespace quor::models {
+
+using constants::R;
+
+namespace {
+
+/// van der Waals' equation with a ~ 1/T; D. Berthelot, J. Phys. Theor. Appl. 8 (1899) 263.
+EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models) {
+    EosConstants k{.power = {}, .jiTorvik = models.jiTorvik};
+    k.power.eosA0 = faults::divide(27.0 / 64.0 * R * R * s.Tcrit * s.Tcrit * s.Tcrit, s.pcrit);
+    k.power.eosB0 = R * s.Tcrit / s.pcrit / 8;
+    k.power.eosNA = -1;
+    return k;
+}
+
+constexpr EquationOfState row{.eos = Eos::berthelot,
+                              .name = "CEOS Berthelot                     ",
+                              .family = EosFamily::cubic,
+                              .needsOmega = false,
+                              .zcrit = 3.0 / 8.0,
+                              .constants = constants_of,
+                              .at = power_at,
+                              .slopes = power_slopes_of,
+                              .secondVirial = no_virial,
+                              .virial = power_virial};
+
+}  // namespace
+
+const EquationOfState kBerthelot = row;
+const EquationOfState kVirialBerthelot =
+    virial_of(row, Eos::virialBerthelot, "VIRIAL-equ. Berthelot              ", false);
+
+}  // namespace quor::models

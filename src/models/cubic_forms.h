@@ -1,0 +1,37 @@
+#pragma once
+
+#include "models/equation_of_state.h"
+
+/// The forms that most equations share: a, b, c, d as powers of T or a with Soave's square root,
+/// and the virial coefficient b - a/(R T) that belongs to a cubic equation.
+namespace quor::models {
+
+/// a, b, c, d at T/K > 0 by the power and Soave forms of the constants.
+EOSState power_state(const EOSParameters& eos, double Tcrit, double T);
+EOSSlopes power_slopes(const EOSParameters& eos, double Tcrit, const EOSState& state, double T);
+
+// The same as entries of a row.
+EOSState power_at(const Fluid& fluid, double T);
+EOSSlopes power_slopes_of(const Fluid& fluid, const EOSState& state, double T);
+
+/// B = b - a/(R T) with a and b of the row's own form.
+double cubic_second_virial(const Fluid& fluid, double T, EOSState& state);
+/// No B, with a and b in the power and Soave forms: the cubic equations describe both phases.
+double no_virial(const Fluid& fluid, double T, EOSState& state);
+/// B with the derivatives of b - a/(R T), a and b in the power and Soave forms.
+Virial power_virial(const Fluid& fluid, double T);
+
+/// The virial row of a cubic one: the same constants, the V phase alone.
+constexpr EquationOfState virial_of(const EquationOfState& cubic, Eos eos, std::string_view name,
+                                    bool needsOmega) {
+    EquationOfState row = cubic;
+    row.eos = eos;
+    row.name = name;
+    row.family = EosFamily::virial;
+    row.needsOmega = needsOmega;
+    row.zcrit = 0;
+    row.secondVirial = cubic_second_virial;
+    return row;
+}
+
+}  // namespace quor::models

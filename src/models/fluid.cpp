@@ -1,0 +1,52 @@
+#include "models/fluid.h"
+
+#include "common/constants.h"
+#include "common/faults.h"
+
+namespace quor::models {
+
+namespace {
+
+/// Critical volume and density of a cubic equation, from its critical compressibility.
+void set_critical_volume(EosConstants& k, const EquationOfState& row, const SubstanceRecord& s) {
+    if (row.family != EosFamily::cubic) return;
+    const double zcrit = row.zcrit > 0 ? row.zcrit : k.jiTorvik.jtZc;
+    if (!(zcrit > 0)) return;
+    k.power.vcritCalc = faults::divide(zcrit * constants::R * s.Tcrit, s.pcrit);
+    if (k.power.vcritCalc > constants::kPresent)
+        k.power.rhocritCalc = static_cast<double>(s.M) / k.power.vcritCalc;
+}
+
+}  // namespace
+
+EosConstants eos_constants(const SubstanceRecord& substance, const ModelSelection& models) {
+    const EquationOfState& row = equation_of(models.EOSModel);
+    EosConstants k = row.constants(substance, models);
+    set_critical_volume(k, row, substance);
+    return k;
+}
+
+Fluid::Fluid() : Fluid({}, {}, {}, {}) {}
+
+Fluid::Fluid(SubstanceRecord substance, const ModelSelection& models, const EOSParameters& eos,
+             const JiTorvikParameters& jt)
+    : parts_(std::make_shared<const Parts>(
+          Parts{std::move(substance), models, eos, jt, &equation_of(models.EOSModel)})) {}
+
+Result<Fluid> Fluid::make(SubstanceRecord substance, const ModelSelection& models) {
+    try {
+        const EosConstants k = eos_constants(substance, models);
+        return Fluid(std::move(substance), models, k.power, k.jiTorvik);
+    } catch (const faults::Fault& fault) {
+        return Failure{fault.what()};
+    }
+}
+
+Result<Fluid> Fluid::with(Eos eos) const {
+    ModelSelection models = parts_->models;
+    models.EOSModel = eos;
+    models.EOSOnlyV = is_v_only(eos);
+    return make(parts_->substance, models);
+}
+
+}  // namespace quor::models

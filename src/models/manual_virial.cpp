@@ -1,0 +1,40 @@
+#include <cmath>
+
+#include "models/cubic_forms.h"
+#include "models/equations.h"
+#include "models/fluid.h"
+
+namespace quor::models {
+
+namespace {
+
+/// The coefficients stand in the places of b0 and of the exponents, from which the derivatives of
+/// the power form are taken.
+EosConstants constants_of(const SubstanceRecord&, const ModelSelection& models) {
+    EosConstants k{.power = {}, .jiTorvik = models.jiTorvik};
+    k.power.eosB0 = models.manualVirial.b0;
+    k.power.eosNB = models.manualVirial.b1;
+    k.power.eosNV = models.manualVirial.b2;
+    return k;
+}
+
+/// B = b0 - b1/T^b2.
+double second_virial_of(const Fluid& f, double T, EOSState& state) {
+    no_virial(f, T, state);
+    return f.eos().eosB0 - f.eos().eosNB / std::pow(T, f.eos().eosNV);
+}
+
+}  // namespace
+
+const EquationOfState kManualVirial{.eos = Eos::manualVirial,
+                                    .name = "VIRIAL Equ., Manual Input          ",
+                                    .family = EosFamily::virial,
+                                    .needsOmega = false,
+                                    .zcrit = 0,
+                                    .constants = constants_of,
+                                    .at = power_at,
+                                    .slopes = power_slopes_of,
+                                    .secondVirial = second_virial_of,
+                                    .virial = power_virial};
+
+}  // namespace quor::models

@@ -1,0 +1,45 @@
+#include "common/constants.h"
+#include "common/faults.h"
+#include "models/cubic_forms.h"
+#include "models/equations.h"
+
+#include <cmath>
+
+namespace quor::models {
+
+using constants::R;
+
+namespace {
+
+/// G. Soave, Chem. Eng. Sci. 27 (1972) 1197.
+EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models) {
+    EosConstants k{.power = {}, .jiTorvik = models.jiTorvik};
+    const double root = std::cbrt(2.0) - 1;
+    const double K = 1 / (9 * root);
+    const double W = root / 3;
+    k.power.eosA0 = faults::divide(K * R * R * s.Tcrit * s.Tcrit, s.pcrit);
+    k.power.eosB0 = W * R * s.Tcrit / s.pcrit;
+    k.power.eosD0 = k.power.eosB0;
+    k.power.eosAlphaForm = 2;
+    k.power.eosNA = 0.48 + 1.574 * s.omega - 0.176 * s.omega * s.omega;
+    return k;
+}
+
+constexpr EquationOfState row{.eos = Eos::soave,
+                              .name = "CEOS Soave / Redlich / Kwong       ",
+                              .family = EosFamily::cubic,
+                              .needsOmega = true,
+                              .zcrit = 1.0 / 3.0,
+                              .constants = constants_of,
+                              .at = power_at,
+                              .slopes = power_slopes_of,
+                              .secondVirial = no_virial,
+                              .virial = power_virial};
+
+}  // namespace
+
+const EquationOfState kSoave = row;
+const EquationOfState kVirialSoave =
+    virial_of(row, Eos::virialSoave, "VIRIAL Equ. Soave / Redlich / Kwong", true);
+
+}  // namespace quor::models
