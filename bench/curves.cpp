@@ -4,20 +4,15 @@
 #include "diagrams/curve.h"
 #include "diagrams/surface.h"
 #include "diagrams/surface_grid.h"
-#include "legacy/wrappers.h"
-#include "models/cubic_eos.h"
 #include "models/vapour_pressure.h"
-#include "session/module2.h"
-#include "support/codes.h"
 
 using namespace quor;
 
 namespace {
 
 /// Propane with Peng/Robinson, a vapour pressure equation and a polynomial cp.
-void activate() {
-    session::reset_everything();
-    models::SubstanceRecord& s = legacy::the_substance;
+diagrams::Basis propane() {
+    models::SubstanceRecord s;
     s.M = 44.0956F;
     s.Tcrit = 369.89;
     s.pcrit = 4251.2;
@@ -29,25 +24,33 @@ void activate() {
     s.ptriple = 1.7e-7F;
     s.cpPoly = {{28.277F, 0.116F, 1.9597e-4F, -2.3271e-7F, 6.8669e-11F}, 50, 1500};
     s.hasCpPoly = true;
-    models::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
-    legacy::the_models.EOSModel = codes::eos(6);
-    legacy::the_models.VPModel = codes::vp(7);
-    legacy::the_models.VPModel = codes::vp("KFR");
-    legacy::the_models.CpModel = codes::cp(1);
-    models::calc_eos_parameters(6);
-    Module9::calc_coordinate_defaults(legacy::the_coordinates);
+    models::correlate_vapour_pressure(s, models::VapourPressureEquation::frostRedlichKwong, s.Tcrit,
+                                      s.pcrit, 231.036);
+    models::ModelSelection m;
+    m.EOSModel = models::Eos::pengRobinson;
+    m.VPModel = models::VapourPressureEquation::frostRedlichKwong;
+    m.CpModel = models::CpForm::polynomial;
+    const models::Fluid fluid = models::Fluid::make(s, m).value();
+    return {fluid, {}, models::make_units({}, fluid), {}};
 }
 
-void run(benchmark::State& state, std::int16_t code, double fraction) {
-    activate();
-    legacy::the_session.VapourFraction = fraction;
-    diagrams::DiagramRequest request;
-    request.DiagramType = code;
-    Module9::fill_diagram_window(legacy::the_coordinates, request);
-    diagrams::CurvePointArray points;
-    for (auto _ : state)
-        benchmark::DoNotOptimize(diagrams::calc_curve(request, points, 333, 1500, 0.3));
-    state.counters["points"] = static_cast<double>(diagrams::point_count(points));
+void run(benchmark::State& state, int code, double fraction) {
+    const diagrams::Basis basis = propane();
+    const diagrams::CoordinateDefaults limits = diagrams::coordinate_defaults(basis);
+    const diagrams::Diagram& diagram = diagrams::diagram_of(code);
+    const diagrams::CurveRequest request{
+        .curve = &diagram,
+        .window = diagrams::proposed_window(diagram, basis, limits).window,
+        .at = {333, 1500, 0.3},
+        .vapourFraction = fraction,
+        .pMin = limits.pMin,
+        .pMax = limits.pMax};
+    diagrams::Curve drawn;
+    for (auto _ : state) {
+        drawn = diagrams::curve(basis, request, std::move(drawn.points));
+        benchmark::DoNotOptimize(drawn);
+    }
+    state.counters["points"] = static_cast<double>(drawn.points.size());
 }
 
 // Aim: below 0.2 ms.
@@ -84,10 +87,11 @@ BENCHMARK(BM_Inversion)->Unit(benchmark::kMillisecond);
 
 // Aim: a grid of 101 x 101 of h(p, T) below 50 ms.
 void BM_Surface(benchmark::State& state) {
-    activate();
-    legacy::the_session.Diagram3DKind = static_cast<std::int16_t>(state.range(0));
-    legacy::the_grid3D = Module9::default_grid(legacy::the_session.Diagram3DKind, false);
-    for (auto _ : state) benchmark::DoNotOptimize(diagrams::calc_3_d_array(101, 101));
+    const diagrams::Basis basis = propane();
+    const diagrams::SurfaceKind& kind = *diagrams::find_surface(static_cast<int>(state.range(0)));
+    const diagrams::SurfaceLimits limits = diagrams::default_limits(kind, basis, false);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(diagrams::surface_grid(kind, basis, limits, false, 101, 101));
 }
 BENCHMARK(BM_Surface)->Arg(1)->Arg(3)->Arg(4)->Arg(7)->Unit(benchmark::kMillisecond);
 

@@ -5,7 +5,6 @@
 
 #include "datafiles/database.h"
 #include "datafiles/database_table.h"
-#include "session/module2.h"
 
 using namespace quor;
 
@@ -27,21 +26,16 @@ std::string database_of(std::int64_t count) {
 }
 
 void BM_OpenDatabaseFile(benchmark::State& state) {
-    session::reset_everything();
     const std::string path = database_of(state.range(0));
-    for (auto _ : state) benchmark::DoNotOptimize(datafiles::open_database_file(path));
-    datafiles::close_database();
+    for (auto _ : state) benchmark::DoNotOptimize(datafiles::Database::open(path));
     std::filesystem::remove(path);
 }
 BENCHMARK(BM_OpenDatabaseFile)->Arg(180)->Arg(5000)->Unit(benchmark::kMillisecond);
 
 void BM_ReadSubstance(benchmark::State& state) {
-    session::reset_everything();
     const std::string path = database_of(5000);
-    datafiles::open_database_file(path);
-    bool noCriticalData = false;
-    for (auto _ : state) benchmark::DoNotOptimize(datafiles::ReadSubstance(4000, noCriticalData));
-    datafiles::close_database();
+    const Result<datafiles::Database> database = datafiles::Database::open(path);
+    for (auto _ : state) benchmark::DoNotOptimize(database->read(4000));
     std::filesystem::remove(path);
 }
 BENCHMARK(BM_ReadSubstance)->Unit(benchmark::kMicrosecond);

@@ -4,9 +4,8 @@
 
 #include "app/tip_dialog.h"
 #include "common/dialogs.h"
-#include "datafiles/database.h"
-#include "datafiles/session_status.h"
 #include "gui/data/substance_dialog.h"
+#include "gui/estimation/fit_view.h"
 #include "gui/models/model_dialog.h"
 #include "gui/widgets/settings.h"
 #include "gui/widgets/shell.h"
@@ -16,6 +15,8 @@
 #include "session/commands.h"
 #include "session/module2.h"
 #include "session/project_hooks.h"
+#include "session/session_status.h"
+#include "session/substance_session.h"
 #include "session/take_models.h"
 
 namespace quor::app {
@@ -27,7 +28,7 @@ namespace {
 using legacy::the_session;
 using session::Command;
 
-void show(const datafiles::Report& report) {
+void show(const session::Report& report) {
     dialogs::tell(report.text, report.title, dialogs::Icon::Information);
 }
 
@@ -47,9 +48,11 @@ void enable_restored_session() {
 }
 
 void load_project(const std::string& file) {
+    const session::ProjectHooks& hooks = session::project_hooks();
+    if (hooks.check && !hooks.check(file)) return;
     close_results_and_input();
     session::reset_session();
-    if (session::project_hooks().load(file)) {
+    if (hooks.load(file)) {
         enable_restored_session();
         if (file != the_session.LastSessionFile)
             gui::settings::rememberFile(QString::fromStdString(file));
@@ -61,10 +64,10 @@ void load_project(const std::string& file) {
 
 void openDatabase() {
     close_results_and_input();
-    if (datafiles::load_database() != datafiles::LoadOutcome::Loaded) return;
-    gui::settings::rememberFile(QString::fromStdString(the_session.DatabasePath));
-    gui::settings::rememberDatabaseFolder(
-        QString::fromStdString(session::folder_of(the_session.DatabasePath)));
+    if (session::load_database() != session::LoadOutcome::Loaded) return;
+    const std::string file = legacy::the_database.path().string();
+    gui::settings::rememberFile(QString::fromStdString(file));
+    gui::settings::rememberDatabaseFolder(QString::fromStdString(paths::folder_of(file)));
     // The substance of the former database has no place in this one.
     the_session.CurrentSubstance = 0;
     the_session.SubstanceSet = false;
@@ -78,7 +81,9 @@ void openDatabase() {
 
 void chooseSubstance() {
     gui::SubstanceDialog view(gui::shell::frameWindow());
-    if (gui::shell::openModal(view) != QDialog::Accepted) return;
+    const bool chosen = gui::shell::openModal(view) == QDialog::Accepted;
+    gui::FitView::followSubstance();
+    if (!chosen) return;
     close_results_and_input();
     chooseModels();
 }
@@ -98,11 +103,11 @@ void chooseModels() {
 }
 
 void showStatus() {
-    show(datafiles::status_report());
+    show(session::status_report());
 }
 
 void showParameters() {
-    show(datafiles::parameter_report());
+    show(session::parameter_report());
 }
 
 void showTips() {
@@ -121,8 +126,8 @@ void showAbout() {
 
 void showInformation() {
     const auto name_or_none = [](const std::string& s) { return s.empty() ? "none" : s; };
-    dialogs::tell("Program folder: " + session::program_folder().string() +
-                      "\nFolder of your files: " + session::write_folder().string() +
+    dialogs::tell("Program folder: " + legacy::the_places.program_folder().string() +
+                      "\nFolder of your files: " + legacy::the_places.write_folder().string() +
                       "\n\nDatabase: " + name_or_none(the_session.DatabaseFile) +
                       "\nProject: " + name_or_none(the_session.ProjectFile) + "\nProtocol file: " +
                       name_or_none(legacy::the_protocol.file) + "\n\nQt " + std::string(qVersion()),
@@ -130,7 +135,7 @@ void showInformation() {
 }
 
 void load_last_session() {
-    if (!session::file_exists(the_session.LastSessionFile)) {
+    if (!legacy::the_places.file_exists(the_session.LastSessionFile)) {
         dialogs::tell("There is no last session yet:\n" + the_session.LastSessionFile,
                       "Execution not possible");
         return;

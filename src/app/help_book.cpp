@@ -162,7 +162,7 @@ std::vector<Hit> Book::Search(std::string_view text) const {
 }
 
 fs::path Folder() {
-    return session::data_folder() / "help";
+    return legacy::the_places.data_folder() / "help";
 }
 
 }  // namespace quor::help

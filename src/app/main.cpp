@@ -26,9 +26,9 @@ int main(int argc, char* argv[]) {
     const auto folder = [](const QString& path) {
         return std::filesystem::path(path.toStdString());
     };
-    session::set_program_folder(
-        folder(QApplication::applicationDirPath()),
-        folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
+    legacy::the_places =
+        Places(folder(QApplication::applicationDirPath()),
+               folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
     numbers::set_decimal_mark(QLocale().decimalPoint() == "," ? ',' : '.');
     dialogs::current() = dialogs::desktop();
 

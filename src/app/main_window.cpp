@@ -21,7 +21,7 @@
 #include "app/menu_commands.h"
 #include "app/tip_dialog.h"
 #include "app/work_area.h"
-#include "datafiles/session_status.h"
+#include "gui/widgets/follows_session.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/settings.h"
@@ -32,6 +32,7 @@
 #include "session/commands.h"
 #include "session/module2.h"
 #include "session/project_hooks.h"
+#include "session/session_status.h"
 #include "session/shutdown.h"
 
 namespace quor::app {
@@ -112,7 +113,7 @@ void MainWindow::startUp() {
     firstSteps_->hide();
     session::reset_everything();
     registerProjectActions();
-    panels_[3]->setText(qt(session::short_date()));
+    panels_[3]->setText(qt(legacy::the_places.short_date()));
     TipDialog::showAtStartup();
     refresh();
 }
@@ -232,7 +233,7 @@ void MainWindow::fillRecentFiles(QMenu* menu) {
     menu->setEnabled(fileOpener != nullptr && !files.isEmpty());
     for (qsizetype i = 0; i < files.size(); ++i) {
         const QString& file = files[i];
-        const QString shown = qt(session::shorten_path(file.toStdString(), kRecentCharacters));
+        const QString shown = qt(paths::shorten_path(file.toStdString(), kRecentCharacters));
         QAction* action =
             menu->addAction(QString("&%1  %2").arg(i + 1).arg(QString(shown).replace('&', "&&")));
         action->setObjectName(QString("mnuData_Recent_%1").arg(i));
@@ -252,11 +253,13 @@ void MainWindow::refresh() {
     for (const menu::ToolButton& button : menu::tool_buttons())
         if (QAction* action = toolActions_.value(button.index))
             action->setEnabled(menu::Enabled(button));
-    const datafiles::StatusPanels texts =
-        datafiles::panel_texts(session::is_enabled(session::Command::mnuCalcMain));
+    const session::StatusPanels texts =
+        session::panel_texts(session::is_enabled(session::Command::mnuCalcMain));
     panels_[0]->setText(qt(texts.substance));
     panels_[1]->setText(qt(texts.eos));
     panels_[2]->setText(qt(texts.vapourPressure));
+    for (const QMdiSubWindow* child : area_->subWindowList())
+        if (auto* view = dynamic_cast<gui::FollowsSession*>(child->widget())) view->followSession();
 }
 
 // ---------------------------------------------------------------------------- children and closing

@@ -25,10 +25,8 @@ struct Row {
     std::string_view action{};   ///< action id that the row runs, see session/actions.h
     std::string_view submenu{};  ///< name of the menu that a submenu row opens
     std::optional<session::Command> command{};  ///< command that switches the row
-    std::int16_t code = 0;                      ///< CalcMode, DiagramType or kind of surface
-    std::int16_t sectionKind = 0;               ///< of a diagram, see `diagrams::DiagramRequest`
-    std::string_view axisPair{};                ///< of a diagram
-    std::string_view hint{};                    ///< shown in the status bar
+    std::int16_t code = 0;    ///< CalcMode, code of a diagram or of a kind of surface
+    std::string_view hint{};  ///< shown in the status bar
 };
 
 /// All rows, in the order of the menus.

@@ -1,7 +1,9 @@
 #include "app/menu_commands.h"
 
 #include "common/dialogs.h"
+#include "diagrams/surface.h"
 #include "legacy/declare.h"
+#include "session/measured_data_session.h"
 
 namespace quor::menu {
 
@@ -9,20 +11,17 @@ namespace {
 
 using legacy::the_session;
 
-constexpr std::int16_t kSurfaceP = 1, kSurfaceT = 4;
-
 bool prepare_diagram(const Row& row) {
-    legacy::the_diagram.DiagramType = row.code;
-    legacy::the_diagram.sectionKind = row.sectionKind;
-    legacy::the_diagram.axisPair = row.axisPair;
-    return true;
+    legacy::the_diagram = diagrams::find_diagram(row.code);
+    return legacy::the_diagram != nullptr;
 }
 
 bool prepare_surface(const Row& row) {
     the_session.Diagram3DKind = row.code;
     the_session.SCurve3D = false;
-    const bool hasSCurve = row.code == kSurfaceP || row.code == kSurfaceT;
-    if (hasSCurve && !legacy::the_models.EOSOnlyV)
+    const diagrams::SurfaceKind* kind = diagrams::find_surface(row.code);
+    if (kind == nullptr) return false;
+    if (kind->hasSCurve && !legacy::the_models.EOSOnlyV)
         the_session.SCurve3D = !dialogs::ask(
             "Draw physically real behaviour?\n"
             "(No = Draw S-shaped curves in the undercritical region)",
@@ -40,12 +39,7 @@ bool prepare_new_data() {
                       "Do you want this?",
                       "WARNING", dialogs::Icon::Exclamation))
         return false;
-    the_session.BatchCount = 0;
-    the_session.BatchFile.clear();
-    the_session.BatchComment.clear();
-    the_session.BatchCasrn.clear();
-    legacy::the_BatchData.resize(1);  // the direct input stays
-    legacy::the_BatchData.resize(2);
+    session::clear_measured_data();
     return true;
 }
 

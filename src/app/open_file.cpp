@@ -6,13 +6,13 @@
 
 #include "common/dialogs.h"
 #include "common/text.h"
-#include "datafiles/batch_file.h"
 #include "gui/data/xy_editor.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/widgets/settings.h"
 #include "gui/widgets/shell.h"
 #include "session/actions.h"
 #include "session/commands.h"
+#include "session/measured_data_session.h"
 #include "session/module2.h"
 
 namespace quor::app {
@@ -55,7 +55,7 @@ void open_project(const std::string& file) {
 void open_data(const std::string& file) {
     // An open table asks about its changes first, and may stay.
     gui::shell::closeViews({"frmTpvEdit"});
-    if (gui::shell::findView("frmTpvEdit") == nullptr && datafiles::batch_load(file, false))
+    if (gui::shell::findView("frmTpvEdit") == nullptr && session::load_measured_data(file, false))
         actions::Run("mnuData_BatchEdit");
 }
 
@@ -71,7 +71,7 @@ void open_diagram(const std::string& file) {
         dialogs::tell("Load a substance!", "WARNING");
         return;
     }
-    gui::DiagramWindow::Open();
+    gui::graph2d_views::openEmpty();
     const OneAnswer answer(file);
     gui::DiagramWindow::current()->load();
 }

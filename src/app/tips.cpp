@@ -17,7 +17,7 @@ std::string tips_file() {
 Tips load_tips(std::uint32_t randomNumber) {
     Tips tips;
     const std::string name = tips_file();
-    std::ifstream in(find_file(name), std::ios::binary);
+    std::ifstream in(legacy::the_places.find_file(name), std::ios::binary);
     if (!in) {
         tips.missing = true;
         dialogs::tell("The file " + name + "not found in the QUOR directory ", "Tips");

@@ -4,8 +4,6 @@
 
 #include "app/help_viewer.h"
 #include "app/main_window.h"
-#include "datafiles/database.h"
-#include "datafiles/project.h"
 #include "gui/calculation/calculation_views.h"
 #include "gui/data/editor_views.h"
 #include "gui/data/measured_data_editor.h"
@@ -20,7 +18,9 @@
 #include "session/calculations.h"
 #include "session/commands.h"
 #include "session/project_hooks.h"
+#include "session/project_session.h"
 #include "session/shutdown.h"
+#include "session/substance_session.h"
 
 namespace quor::app {
 
@@ -32,7 +32,7 @@ using session::Command;
 
 /// A project whose substance is missing leaves its database open: the user goes on from there.
 bool load_project(const std::string& file) {
-    const datafiles::ProjectResult r = datafiles::LoadProject(file);
+    const session::ProjectResult r = session::load_project(file);
     if (r.loaded && !r.modelsComplete) {
         session::set_commands({Command::mnuData_Status, Command::mnuStoff,
                                Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput},
@@ -44,19 +44,19 @@ bool load_project(const std::string& file) {
 
 void connect_projects() {
     session::ProjectHooks& hooks = session::project_hooks();
-    hooks.choose = datafiles::choose_project;
+    hooks.choose = session::choose_project;
+    hooks.check = session::may_load_project;
     hooks.load = load_project;
-    hooks.save = [] { datafiles::save_project(true); };
+    hooks.save = [] { session::save_project(true); };
     // A project names its database without a folder: those used lately are where it may lie.
     for (const QString& folder : gui::settings::databaseFolders())
-        datafiles::add_database_folder(folder.toStdString());
+        session::add_database_folder(folder.toStdString());
 }
 
 void connect_shutdown() {
     session::ShutdownHooks& hooks = session::shutdown_hooks();
     hooks.writeProtocol = session::close_protocol;
-    hooks.saveLastSession = [](const std::string&) { datafiles::save_project(false); };
-    hooks.closeFiles = datafiles::close_database;
+    hooks.saveLastSession = [](const std::string&) { session::save_project(false); };
 }
 
 void open_reference() {

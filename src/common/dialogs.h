@@ -76,4 +76,13 @@ void set_clipboard(const std::string& text);
 std::string Clipboard();
 void Beep();
 
+/// Shows the busy pointer while it lives.
+class BusyPointer {
+  public:
+    BusyPointer() { current().pointer(true); }
+    ~BusyPointer() { current().pointer(false); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
 }  // namespace quor::dialogs

@@ -9,7 +9,7 @@
 
 #include "common/text.h"
 
-namespace quor::datafiles {
+namespace quor::files {
 
 namespace {
 
@@ -24,17 +24,8 @@ std::string reason_of(int error) {
     return error == 0 ? std::string() : std::generic_category().message(error);
 }
 
-bool has_separator(const std::string& name) {
-    return name.find_first_of("/\\") != std::string::npos;
-}
-
-/// Whether the name behind the last separator has no extension.
-bool is_bare(const std::string& name) {
-    return name.find('.', name.find_last_of("/\\") + 1) == std::string::npos;
-}
-
-std::string not_written(const fs::path& path, const std::string& reason) {
-    return sentence(path, "could not be written", reason);
+Failure not_written(const fs::path& path, const std::string& reason) {
+    return {sentence(path, "could not be written", reason)};
 }
 
 bool is_write_protected(const fs::path& path) {
@@ -47,26 +38,27 @@ bool is_write_protected(const fs::path& path) {
 
 }  // namespace
 
-FileContent read_whole(const fs::path& path, std::size_t largest) {
+Result<std::string> read_whole(const fs::path& path, std::size_t largest) {
+    const auto failed = [&](const std::string& what, const std::string& reason = {}) {
+        return Failure{sentence(path, what, reason)};
+    };
     std::error_code error;
-    if (!fs::is_regular_file(path, error)) return {{}, sentence(path, "was not found", {})};
+    if (!fs::is_regular_file(path, error)) return failed("was not found");
     const std::uintmax_t size = fs::file_size(path, error);
-    if (error) return {{}, sentence(path, "could not be read", error.message())};
-    if (size > largest)
-        return {{}, sentence(path, "is too large", std::to_string(size) + " bytes")};
+    if (error) return failed("could not be read", error.message());
+    if (size > largest) return failed("is too large", std::to_string(size) + " bytes");
 
     errno = 0;
     std::ifstream in(path, std::ios::binary);
-    if (!in) return {{}, sentence(path, "could not be read", reason_of(errno))};
-    FileContent content;
-    content.bytes.resize(static_cast<std::size_t>(size));
-    in.read(content.bytes.data(), static_cast<std::streamsize>(size));
-    if (in.bad()) return {{}, sentence(path, "could not be read", reason_of(errno))};
-    content.bytes.resize(static_cast<std::size_t>(in.gcount()));
-    return content;
+    if (!in) return failed("could not be read", reason_of(errno));
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    in.read(bytes.data(), static_cast<std::streamsize>(size));
+    if (in.bad()) return failed("could not be read", reason_of(errno));
+    bytes.resize(static_cast<std::size_t>(in.gcount()));
+    return bytes;
 }
 
-std::string write_whole(const fs::path& path, std::string_view bytes) {
+Result<void> write_whole(const fs::path& path, std::string_view bytes) {
     std::error_code error;
     // A link stays a link: the file that it names is replaced.
     const fs::path target = fs::is_symlink(path, error) ? fs::weakly_canonical(path, error) : path;
@@ -97,22 +89,12 @@ std::string write_whole(const fs::path& path, std::string_view bytes) {
 NewFile write_new(const fs::path& path, std::string_view bytes) {
     constexpr mode_t kMode = 0666;
     const int file = open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kMode);
-    if (file < 0 && errno == EEXIST) return {true, not_written(path, reason_of(EEXIST))};
-    if (file < 0) return {false, not_written(path, reason_of(errno))};
+    if (file < 0) return {errno == EEXIST, not_written(path, reason_of(errno))};
     close(file);
-    std::string failed = write_whole(path, bytes);
+    NewFile made{false, write_whole(path, bytes)};
     std::error_code error;
-    if (!failed.empty()) fs::remove(path, error);
-    return {false, std::move(failed)};
-}
-
-std::string InFolder(const std::string& name, const std::string& folder) {
-    return has_separator(name) ? name : (fs::path(folder) / name).string();
-}
-
-std::string target_path(const std::string& name, const std::string& folder,
-                        std::string_view extension) {
-    return InFolder(is_bare(name) ? name + std::string(extension) : name, folder);
+    if (!made.written) fs::remove(path, error);
+    return made;
 }
 
 std::string ansi_lines(const std::vector<std::string>& lines) {
@@ -127,4 +109,4 @@ std::string one_line(std::string s) {
     return s;
 }
 
-}  // namespace quor::datafiles
+}  // namespace quor::files

@@ -7,7 +7,7 @@ namespace {
 /// Takes the characters of a table one by one.
 class Splitter {
   public:
-    CsvTable run(std::string_view csv) {
+    Result<std::vector<CsvRow>> run(std::string_view csv) {
         for (std::size_t i = 0; i < csv.size(); ++i) {
             const bool doubled =
                 csv[i] == '"' && quoted_ && i + 1 < csv.size() && csv[i + 1] == '"';
@@ -19,10 +19,10 @@ class Splitter {
             }
         }
         if (quoted_)
-            table_.error =
-                "Line " + std::to_string(quoteLine_) + ": a quote is opened and never closed.";
+            return Failure{"Line " + std::to_string(quoteLine_) +
+                           ": a quote is opened and never closed."};
         end_row();
-        return std::move(table_);
+        return std::move(rows_);
     }
 
   private:
@@ -43,11 +43,11 @@ class Splitter {
     }
     void end_row() {
         const bool empty = row_.cells.size() == 1 && row_.cells.front().empty();
-        if (!empty) table_.rows.push_back(std::move(row_));
+        if (!empty) rows_.push_back(std::move(row_));
         row_ = {line_, {""}};
     }
 
-    CsvTable table_;
+    std::vector<CsvRow> rows_;
     CsvRow row_{1, {""}};
     std::size_t line_ = 1;
     std::size_t quoteLine_ = 0;
@@ -56,7 +56,7 @@ class Splitter {
 
 }  // namespace
 
-CsvTable split_csv(std::string_view csv) {
+Result<std::vector<CsvRow>> split_csv(std::string_view csv) {
     constexpr std::string_view mark = "\xEF\xBB\xBF";
     if (csv.starts_with(mark)) csv.remove_prefix(mark.size());
     return Splitter().run(csv);

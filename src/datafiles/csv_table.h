@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "common/result.h"
+
 namespace quor::datafiles {
 
 /// A line of a table and the number (from 1) of the file's line where it begins.
@@ -13,13 +15,9 @@ struct CsvRow {
     std::vector<std::string> cells;
 };
 
-struct CsvTable {
-    std::vector<CsvRow> rows;  ///< without empty lines
-    std::string error;         ///< a sentence about a quote that is never closed, else empty
-};
-
-/// Splits a text of comma-separated values. A cell in double quotes may hold commas, line ends and
-/// doubled quotes. A byte order mark is left out.
-CsvTable split_csv(std::string_view csv);
+/// Splits a text of comma-separated values into its lines that are not empty. A cell in double
+/// quotes may hold commas, line ends and doubled quotes. A byte order mark is left out. Refused
+/// when a quote is never closed.
+Result<std::vector<CsvRow>> split_csv(std::string_view csv);
 
 }  // namespace quor::datafiles

@@ -2,63 +2,90 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
+#include "common/paths.h"
+#include "common/result.h"
 #include "datafiles/substance_file.h"
-#include "datafiles/substance_lists.h"
-#include "legacy/session_record.h"
+#include "datafiles/substance_slots.h"
 
 namespace quor::datafiles {
 
-/// True when a file of that name exists; a name without a folder is looked up in the program's
-/// folder, an empty name is false.
-bool file_exists(const std::string& name);
+/// What the list of a database tells of a substance; texts have the full width of their fields.
+struct DatabaseEntry {
+    std::int16_t number = 0;  ///< substance number, as "#49" names it
+    std::string formula{};
+    std::string name{};  ///< the first name and, each behind a ";", further ones
+    std::string casrn{};
 
-struct OpenResult {
-    bool notUsable = false;  ///< missing, empty, cut short or unreadable
-    bool reserved = false;
+    bool operator==(const DatabaseEntry&) const = default;
 };
 
-/// Opens a database and builds the lists of its substances. The file stays open for
-/// `ReadSubstance` until the next opening. The file that was open is closed before the new one is
-/// looked into; where that proves unusable, the lists of the earlier one stay, and the next
-/// selection opens it again. A missing file changes nothing.
-OpenResult open_database_file(const std::string& path);
+/// A database of substances: its file and the list of what is in it. A value, cheap to copy; the
+/// list never changes. Places count from 0.
+class Database {
+  public:
+    /// No database.
+    Database() = default;
+    /// A list without reading the file.
+    Database(std::filesystem::path file, std::vector<DatabaseEntry> entries, bool english = true);
 
-enum class LoadOutcome { Loaded, Cancelled, Failed };
+    /// Reads the list of a file, with English names or those of the other language. A file that is
+    /// missing, empty, cut short or unreadable is refused.
+    static Result<Database> open(const std::filesystem::path& file, bool english = true);
 
-/// Asks for a database and opens it; a failure is told. A cancel changes nothing.
-LoadOutcome load_database();
-/// The same for a known file, as for one that was dropped on the frame.
-LoadOutcome load_database(const std::string& path);
+    bool is_open() const { return !path_.empty(); }
+    const std::filesystem::path& path() const { return path_; }
+    bool english() const { return english_; }
 
-/// Reads a substance (1 to `SubstanceCount`) of the open database into `legacy::the_substance` and
-/// its default into `VPCode`. `noCriticalData` becomes true when Tcrit or pcrit is missing; the
-/// record is loaded all the same. Index 0 does nothing at all. False when the record could not be
-/// read: the record stays as it was and `noCriticalData` is true.
-bool ReadSubstance(std::int16_t index, bool& noCriticalData);
+    std::size_t size() const { return entries().size(); }
+    std::span<const DatabaseEntry> entries() const;
 
-/// Asks for a name and writes the active substance to a private database of one substance. What
-/// the session does not hold comes from the substance's record in the open database. False when
-/// nothing was written.
-bool write_data_base_q05();
-/// The same to a known file.
-bool write_private_database(const std::string& path);
+    /// The record of a substance as the file has it; refused when there is no such place, or the
+    /// file can no longer be read there.
+    Result<SubstanceFileRecord> record(std::size_t place) const;
+    /// A substance with all rules of reading. `formerEntropy` is the entropy of formation where
+    /// the record lacks what it follows from.
+    Result<LoadedSubstance> read(std::size_t place, float formerEntropy = 0) const;
 
-/// Closes the database file, as at the end of the program. The lists stay.
-void close_database();
-/// The file that is open now, empty for none.
-std::filesystem::path open_database_path();
+    /// The first place whose whole name field or CASRN is `text`, blanks at the end aside.
+    std::optional<std::size_t> place_of(const std::string& text) const;
+    std::optional<std::size_t> place_of_casrn(const std::string& casrn) const;
+    std::optional<std::size_t> place_of_number(int number) const;
 
-/// The lists of a database without opening it for the session; nothing when it is not usable.
-std::optional<datafiles::SubstanceLists> read_database_lists(const std::filesystem::path& path);
+  private:
+    /// The file itself, open as long as a copy of the database is there; many threads may read.
+    class File;
+    struct Content {
+        std::vector<DatabaseEntry> entries{};
+        // The first place of each key.
+        std::unordered_map<std::string, std::size_t> byNameOrCasrn{}, byCasrn{};
+        std::unordered_map<int, std::size_t> byNumber{};
+    };
+    std::filesystem::path path_;
+    bool english_ = true;
+    std::shared_ptr<const Content> content_;
+    std::shared_ptr<const File> file_;
+};
 
-/// Folders, besides the program's, in which a database named by a project is looked for. Every
-/// database that is loaded adds its own.
-void add_database_folder(const std::filesystem::path& folder);
-/// The file of a database that a project names: in the program's folder, else in `folder`, else in
-/// one of the folders added; the bare title when it is nowhere.
-std::string find_database(const std::string& title, const std::filesystem::path& folder);
+/// The file of a database that a project names by its title: the title alone where the program's
+/// folders have it, else its path in `beside` or in one of `folders`; the bare title when it is
+/// nowhere.
+std::string find_database(const std::string& title, const std::filesystem::path& beside,
+                          const Places& places, const std::vector<std::filesystem::path>& folders);
+
+/// The bytes of a private database of one substance: `own` is the record of the database that it
+/// came from, which keeps every slot and text that `substance` does not set, `older` the content
+/// of the file that is written over, whose records behind the first substance stay.
+std::string private_database_bytes(const SubstanceFileRecord& own,
+                                   const models::SubstanceRecord& substance, bool english,
+                                   const std::string& date, std::string older);
+/// A private file is at most as long as the longest database of the format.
+inline constexpr std::size_t kLargestDatabase = kRecordSize * 32768;
 
 }  // namespace quor::datafiles

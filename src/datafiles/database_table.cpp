@@ -48,14 +48,14 @@ int numbered_slot(std::string_view name) {
 class TableReader {
   public:
     DatabaseTable run(std::string_view csv) {
-        const CsvTable csvTable = split_csv(csv);
-        if (!csvTable.error.empty()) {
-            complain(csvTable.error);
-        } else if (csvTable.rows.empty()) {
+        const Result<std::vector<CsvRow>> rows = split_csv(csv);
+        if (!rows) {
+            complain(rows.reason());
+        } else if (rows->empty()) {
             complain("The table is empty.");
         } else {
-            read_heads(csvTable.rows.front());
-            if (table_.errors.empty()) read_rows(csvTable.rows);
+            read_heads(rows->front());
+            if (table_.errors.empty()) read_rows(*rows);
         }
         if (!table_.errors.empty()) table_.records.clear();
         return std::move(table_);

@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include "common/paths.h"
+#include "datafiles/database.h"
+
 namespace quor::datafiles {
 
 /// What the head of a marked file tells before it is opened.
@@ -13,7 +16,9 @@ struct FilePreview {
 };
 
 /// The head of a .BAQ or .QCF file, by the last three letters of its name; all empty for any other
-/// file and for one that cannot be read. The session and its open database stay as they are.
-FilePreview preview_file(const std::string& path);
+/// file and for one that cannot be read. `open` is the open database; that of a project is looked
+/// for in `places`, beside the project, and in `folders`.
+FilePreview preview_file(const std::string& path, const Database& open, const Places& places,
+                         const std::vector<std::filesystem::path>& folders);
 
 }  // namespace quor::datafiles

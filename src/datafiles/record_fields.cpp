@@ -231,16 +231,16 @@ std::string sentence(std::initializer_list<std::string_view> parts) {
     return all;
 }
 
-std::string not_a(std::string_view name, std::string_view value, std::string_view kind) {
-    return sentence({"\"", value, "\" is no ", kind, " for ", name, "."});
+Failure not_a(std::string_view name, std::string_view value, std::string_view kind) {
+    return {sentence({"\"", value, "\" is no ", kind, " for ", name, "."})};
 }
 
-std::string unknown_field(std::string_view name) {
+Failure unknown_field(std::string_view name) {
     for (const RecordField& f : kFields)
         if (f.name == name)
-            return sentence({name, " has ", std::to_string(f.count),
-                             " elements: name one of them, as ", name, ".1."});
-    return sentence({"There is no field \"", name, "\"."});
+            return {sentence({name, " has ", std::to_string(f.count),
+                              " elements: name one of them, as ", name, ".1."})};
+    return {sentence({"There is no field \"", name, "\"."})};
 }
 
 bool is_true(std::string_view value) {
@@ -254,31 +254,31 @@ bool is_false(std::string_view value) {
 struct Store {
     std::string_view name, value;
 
-    std::string operator()(float* field) const {
+    Result<void> operator()(float* field) const {
         const std::optional<double> number = parse_number(value);
         if (!number || std::fabs(*number) > static_cast<double>(std::numeric_limits<float>::max()))
             return not_a(name, value, "number");
         *field = static_cast<float>(*number);
         return {};
     }
-    std::string operator()(double* field) const {
+    Result<void> operator()(double* field) const {
         const std::optional<double> number = parse_number(value);
         if (!number) return not_a(name, value, "number");
         *field = *number;
         return {};
     }
-    std::string operator()(std::int16_t* field) const {
+    Result<void> operator()(std::int16_t* field) const {
         const std::optional<double> number = parse_number(value);
         if (!number || std::fabs(*number) > 32767.0) return not_a(name, value, "whole number");
         *field = numbers::to_int16(*number);
         return {};
     }
-    std::string operator()(bool* field) const {
+    Result<void> operator()(bool* field) const {
         if (!is_true(value) && !is_false(value)) return not_a(name, value, "flag");
         *field = is_true(value);
         return {};
     }
-    std::string operator()(std::string* field) const {
+    Result<void> operator()(std::string* field) const {
         *field = value;
         return {};
     }
@@ -358,11 +358,11 @@ std::optional<FieldValue> get_field(const SubstanceRecord& record, std::string_v
     return place ? std::optional(ValueOf(record, *place)) : std::nullopt;
 }
 
-std::string set_field(SubstanceRecord& record, std::string_view name, std::string_view value) {
+Result<void> set_field(SubstanceRecord& record, std::string_view name, std::string_view value) {
     const std::optional<FieldPlace> place = find_field(name);
     if (!place) return unknown_field(name);
-    const std::string error = std::visit(Store{name, value}, locate(record, *place));
-    if (!error.empty()) return error;
+    const Result<void> stored = std::visit(Store{name, value}, locate(record, *place));
+    if (!stored) return stored;
     // Both texts have a form of their own in the record.
     if (name == "Formula") record.FormulaCompact = text::remove_blanks(record.Formula);
     if (name == "CASRN") record.CASRN = text::pad_right(record.CASRN, 12);

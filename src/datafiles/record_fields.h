@@ -8,6 +8,7 @@
 #include <string_view>
 #include <variant>
 
+#include "common/result.h"
 #include "models/substance_record.h"
 
 namespace quor::datafiles {
@@ -61,8 +62,8 @@ FieldValue ValueOf(const models::SubstanceRecord& record, const FieldPlace& plac
 std::optional<FieldValue> get_field(const models::SubstanceRecord& record, std::string_view name);
 /// Stores a value as it stands, without the rules of a database: a number with a point, a whole
 /// number for a temperature bound, "1" or "0" ("true", "false") for a flag, a text for a text.
-/// Returns an empty text, or a sentence about what is wrong; the record is then unchanged.
-std::string set_field(models::SubstanceRecord& record, std::string_view name,
-                      std::string_view value);
+/// Refused with a sentence about what is wrong; the record is then unchanged.
+Result<void> set_field(models::SubstanceRecord& record, std::string_view name,
+                       std::string_view value);
 
 }  // namespace quor::datafiles

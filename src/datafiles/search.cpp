@@ -1,78 +1,69 @@
 #include "datafiles/search.h"
 
-#include "common/dialogs.h"
+#include <charconv>
+
 #include "common/text.h"
-#include "datafiles/synonyms.h"
-#include "legacy/declare.h"
 
 namespace quor::datafiles {
 
 namespace {
 
-using legacy::the_session;
-using legacy::the_substances;
-
-constexpr const char* kTitle = "ERROR: Selection of a substance";
-
-/// The first place whose entry fits, 0 if none.
-template <class Fits>
-std::int16_t first_place(std::size_t entries, const Fits& fits) {
-    for (std::size_t i = 1; i < entries; ++i)
-        if (fits(i)) return static_cast<std::int16_t>(i);
-    return 0;
+/// The number of a text like "#49".
+std::optional<int> typed_number(const std::string& text) {
+    if (!text.starts_with('#')) return std::nullopt;
+    int number = 0;
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(text.data() + 1, end, number);
+    const bool whole = result.ec == std::errc() && result.ptr == end;
+    return whole ? std::optional(number) : std::nullopt;
 }
 
-void note_missing_synonyms() {
-    if (!the_session.SynonymNotePending) return;
-    the_session.SynonymNotePending = false;
-    dialogs::tell(
-        "The file SYNOM.TXT was not found in the QUOR directory.\n"
-        "Substances are found by their exact name or CASRN only.",
-        "Remark", dialogs::Icon::Information);
-}
-
-void tell_not_involved(const SynonymHit& block) {
-    const std::string name = text::split(block.line, '_').front();
-    dialogs::tell(
-        " This substance is not involved in the database \n" + name + "\nCASRN " + block.casrn,
-        kTitle, dialogs::Icon::Exclamation);
+Failure not_involved(const SynonymHit& known) {
+    return {" This substance is not involved in the database \n" +
+            text::split(known.line, '_').front() + "\nCASRN " + known.casrn};
 }
 
 }  // namespace
 
-SubstanceFound FindSubstance(const std::string& search) {
+Result<std::size_t> find_substance(const Database& database, const Synonyms& synonyms,
+                                   const std::string& search) {
     const std::string wanted = text::trim_right(search);
-    const std::int16_t exact = first_place(the_substances.Names.size(), [&](std::size_t i) {
-        return !wanted.empty() && (wanted == text::trim_right(the_substances.Names[i]) ||
-                                   wanted == text::trim_right(the_substances.Casrn[i]));
-    });
-    if (exact != 0) return {exact, true};
+    const Failure nothing{"Nothing found."};
+    if (const std::optional<int> number = typed_number(wanted)) {
+        const std::optional<std::size_t> place = find_by_number(database, *number);
+        return place ? Result<std::size_t>(*place) : nothing;
+    }
+    if (const std::optional<std::size_t> place = database.place_of(wanted)) return *place;
 
-    const SynonymHit block = search_synonyms(wanted);
-    if (block.fileMissing) note_missing_synonyms();
-    if (!block.found || block.casrn.empty()) {
-        dialogs::tell("Nothing found.", kTitle, dialogs::Icon::Exclamation);
-        return {};
-    }
-    const std::int16_t index = find_by_casrn(block.casrn);
-    if (index == 0) {
-        tell_not_involved(block);
-        return {};
-    }
-    return {index, true};
+    const std::optional<SynonymHit> known = synonyms.find(wanted);
+    if (!known || known->casrn.empty()) return nothing;
+    const std::optional<std::size_t> place = find_by_casrn(database, known->casrn);
+    return place ? Result<std::size_t>(*place) : not_involved(*known);
 }
 
-std::int16_t find_by_number(std::int16_t number) {
-    return first_place(the_substances.Numbers.size(),
-                       [&](std::size_t i) { return the_substances.Numbers[i] == number; });
+std::optional<std::size_t> find_by_number(const Database& database, int number) {
+    return database.place_of_number(number);
 }
 
-std::int16_t find_by_casrn(const std::string& casrn) {
-    const std::string wanted = text::trim_right(casrn);
-    if (wanted.empty()) return 0;
-    return first_place(the_substances.Casrn.size(), [&](std::size_t i) {
-        return text::trim_right(the_substances.Casrn[i]) == wanted;
-    });
+std::optional<std::size_t> find_by_casrn(const Database& database, const std::string& casrn) {
+    return database.place_of_casrn(text::trim_right(casrn));
+}
+
+std::vector<std::string> names_of(std::string_view nameField) {
+    std::vector<std::string> names;
+    for (const std::string& part : text::split(nameField, ';')) {
+        std::string name = text::trim(part);
+        if (names.empty() || !name.empty()) names.push_back(std::move(name));
+    }
+    return names;
+}
+
+std::string first_name_of(std::string_view nameField) {
+    return text::trim(nameField.substr(0, nameField.find(';')));
+}
+
+std::string formula_and_casrn(const DatabaseEntry& entry) {
+    return text::trim_right(entry.formula) + " CASRN: " + text::trim_right(entry.casrn);
 }
 
 }  // namespace quor::datafiles

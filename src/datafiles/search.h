@@ -1,22 +1,31 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+
+#include "datafiles/database.h"
+#include "datafiles/synonyms.h"
 
 namespace quor::datafiles {
 
-struct SubstanceFound {
-    std::int16_t index = 0;  ///< place in the lists of the open database, from 1; 0 for none
-    bool found = false;
-};
+/// The place (from 0) of what a user typed: "#49" for a substance number, a name or CASRN exactly
+/// as the database has it, else a synonym in any usual spelling, also an R-number. The reason of a
+/// miss tells whether the substance is known but not in the database.
+Result<std::size_t> find_substance(const Database& database, const Synonyms& synonyms,
+                                   const std::string& search);
 
-/// Finds what the user typed: a name or CASRN exactly as the database has it, else a synonym in
-/// any usual spelling. A miss is told.
-SubstanceFound FindSubstance(const std::string& search);
+/// Place of a substance number.
+std::optional<std::size_t> find_by_number(const Database& database, int number);
+/// Place of a CASRN, blanks at the end aside; nothing for an empty one.
+std::optional<std::size_t> find_by_casrn(const Database& database, const std::string& casrn);
 
-/// Place of a substance number in the lists, 0 if none.
-std::int16_t find_by_number(std::int16_t number);
-/// Place of a CASRN in the lists, blanks at the end aside; 0 if none and for an empty one.
-std::int16_t find_by_casrn(const std::string& casrn);
+/// Names of an entry: what stands in front of the first ";" of its name field, then the further
+/// names behind it. Never empty.
+std::vector<std::string> names_of(std::string_view nameField);
+/// The first of these names alone.
+std::string first_name_of(std::string_view nameField);
+/// Formula and CASRN of an entry as the selection view shows them.
+std::string formula_and_casrn(const DatabaseEntry& entry);
 
 }  // namespace quor::datafiles

@@ -1,10 +1,8 @@
 #include "datafiles/substance_editor.h"
-#include "legacy/wrappers.h"
 
 #include <cmath>
 
 #include "common/constants.h"
-#include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
@@ -13,8 +11,6 @@
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
-#include "session/commands.h"
-#include "session/module2.h"
 
 namespace quor::datafiles {
 
@@ -224,21 +220,6 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
     return applied;
 }
 
-void ApplyEditor(EditorTexts& texts) {
-    models::ModelSelection& models = legacy::the_models;
-    if (apply_editor(texts, legacy::the_substance, models).watsonDropped) dialogs::Beep();
-    if (has_critical_data(legacy::the_substance) && models.EOSModel != models::Eos::none &&
-        models.EOSModel != models::Eos::manualVirial)
-        models::calc_eos_parameters(models.EOSModel);
-    if (has_critical_data(legacy::the_substance) && legacy::the_session.CurrentSubstance > 0 &&
-        !legacy::the_session.SubstanceSet) {
-        legacy::the_session.SubstanceSet = true;
-        session::set_commands({session::Command::mnuModel}, true);
-    }
-    session::refresh_units();
-    legacy::the_session.ResultsOutdated = true;
-}
-
 void recalculate(EditorCorrelation correlation, EditorTexts& texts) {
     const auto number = [&](int DD) {
         const std::string content = text::trim(texts[static_cast<std::size_t>(DD)]);
@@ -270,33 +251,12 @@ void recalculate(EditorCorrelation correlation, EditorTexts& texts) {
     }
 }
 
-std::optional<std::string> triple_point_pressure(bool fromEquation) {
-    const SubstanceRecord& s = legacy::the_substance;
-    if (!fromEquation) return editor_text(s.ptriple);
+Result<std::string> triple_point_pressure(const SubstanceRecord& s,
+                                          models::VapourPressureEquation equation) {
     const models::VapourPressureResult result =
-        models::vapour_pressure(s, static_cast<double>(s.Ttriple), legacy::the_models.VPModel);
-    if (result.status != kSuccess) {
-        dialogs::tell("Error while calculating vapour pressure", "Execution not possible",
-                      dialogs::Icon::Stop);
-        return std::nullopt;
-    }
+        models::vapour_pressure(s, static_cast<double>(s.Ttriple), equation);
+    if (result.status != kSuccess) return Failure{"Error while calculating vapour pressure"};
     return editor_text(static_cast<float>(result.p));
-}
-
-bool may_close_editor(const EditorTexts& shown, const EditorTexts& now) {
-    if (shown == now) return true;
-    return dialogs::ask("Your changes are lost here (use \"Apply\")\n\nClose nevertheless?",
-                        "WARNING", dialogs::Icon::Exclamation, false);
-}
-
-std::string active_equation_caption() {
-    return "actual vapour-pressure equation: " +
-           text::trim(models::vp_name(legacy::the_models.VPModel));
-}
-
-std::string database_caption() {
-    return "Database loaded:  " +
-           text::to_upper(session::file_title(legacy::the_session.DatabaseFile));
 }
 
 std::string editor_report(const EditorTexts& texts) {

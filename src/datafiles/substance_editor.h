@@ -7,8 +7,9 @@
 #include <string>
 #include <string_view>
 
+#include "common/result.h"
 #include "datafiles/record_fields.h"
-#include "legacy/declare.h"
+#include "models/model_selection.h"
 
 namespace quor::datafiles {
 
@@ -77,26 +78,16 @@ struct EditorApplied {
 /// cannot be read leaves its value.
 EditorApplied apply_editor(EditorTexts& texts, models::SubstanceRecord& substance,
                            models::ModelSelection& models);
-/// The same for the active substance, with the constants of its EOS and the units that follow.
-/// Where its critical data are complete only now, models can be chosen from here on.
-void ApplyEditor(EditorTexts& texts);
-
 /// A correlation that the editor computes from its fields without touching the record.
 enum class EditorCorrelation : std::uint8_t { August, Antoine, KFW, KFR };
 /// Writes the fields of the correlation; they stay as they are without critical data.
 void recalculate(EditorCorrelation correlation, EditorTexts& texts);
 
-/// Text of the triple point pressure: of the record, or from the active vapour pressure equation at
-/// the triple point. Nothing, after a message, when the equation has no value there.
-std::optional<std::string> triple_point_pressure(bool fromEquation);
+/// Text of the triple point pressure from a vapour pressure equation at the triple point; refused
+/// when the equation has no value there.
+Result<std::string> triple_point_pressure(const models::SubstanceRecord& substance,
+                                          models::VapourPressureEquation equation);
 
-/// True when the view may close: nothing was changed, or the user gives the changes up.
-bool may_close_editor(const EditorTexts& shown, const EditorTexts& now);
-
-/// "actual vapour-pressure equation:" with the name of the active one.
-std::string active_equation_caption();
-/// "Database loaded:  " with the title of the file.
-std::string database_caption();
 inline constexpr std::string_view kEditorNote = " Note: Any changes are lost without \"Apply\" ";
 inline constexpr std::string_view kEditorLegend = "<> = empty";
 

@@ -115,7 +115,7 @@ void form_cp_flags(SubstanceRecord& r) {
 }
 
 LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
-                                  const SubstanceRecord& previous) {
+                                  float formerEntropy) {
     LoadedSubstance loaded;
     SubstanceRecord& r = loaded.record;
     r.Formula = text::trim_right(field_text(file.formula));
@@ -146,7 +146,7 @@ LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
     mend_sinh(r.cpSinh);
     form_cp_flags(r);
     choose_watson_point(file, r);
-    form_entropy(r, previous.dfs);
+    form_entropy(r, formerEntropy);
     return loaded;
 }
 

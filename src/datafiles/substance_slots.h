@@ -16,11 +16,11 @@ struct LoadedSubstance {
 
 /// Fills a record from the slots of a database record, with all rules of reading: rounding of M,
 /// Tcrit and pcrit, fallbacks of Ttriple and Tboil, choice of the Watson point, AUG constants and
-/// the flags of the cp functions. `english` chooses the name field. `dfs` keeps its value of
-/// `previous` where `dfh` or `dfg` is missing. The correlated sets KFW, KFR and THO come out empty.
-/// A slot that holds no finite number, or a bound beyond 16 bits, counts as absent.
+/// the flags of the cp functions. `english` chooses the name field. `dfs` becomes
+/// `formerEntropy` where `dfh` or `dfg` is missing. The correlated sets KFW, KFR and THO come out
+/// empty. A slot that holds no finite number, or a bound beyond 16 bits, counts as absent.
 LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
-                                  const models::SubstanceRecord& previous);
+                                  float formerEntropy = 0);
 
 /// Makes C2 of the sinh/cosh function absolute, and not zero where C0 is there.
 void mend_sinh(models::CpSet& set);

@@ -1,17 +1,16 @@
 #include "datafiles/synonyms.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "common/text.h"
 #include "common/whole_file.h"
-#include "session/module2.h"
 
 namespace quor::datafiles {
 
 namespace {
 
-constexpr std::string_view kFile = "SYNOM.TXT";
 constexpr std::string_view kEnd = "END";
 
 using Replacement = std::pair<std::string_view, std::string_view>;
@@ -90,29 +89,42 @@ std::string comparing_form(std::string_view normalised) {
     return form;
 }
 
-SynonymHit find_in_synonyms(std::string_view file, std::string_view search) {
-    const std::string casrn = text::trim_right(search);
-    const std::string wanted = comparing_form(normalise_name(search));
+Synonyms::Synonyms(std::string_view file) {
+    Content content;
     LineReader lines(file);
     while (!lines.at_end()) {
         SynonymHit block;
         block.casrn = lines.next_filled();
-        if (block.casrn == kEnd) return block;
+        if (block.casrn == kEnd) break;
         block.line = lines.next();
-        block.found = !casrn.empty() && block.casrn == casrn;
-        if (block.found) return block;
+        const std::size_t place = content.blocks.size();
+        if (!block.casrn.empty()) content.byCasrn.try_emplace(block.casrn, place);
         for (std::string_view line = lines.next(); !line.empty(); line = lines.next()) {
-            block.found = !wanted.empty() && comparing_form(line) == wanted;
-            if (block.found) return block;
+            std::string form = comparing_form(line);
+            if (!form.empty()) content.bySynonym.try_emplace(std::move(form), place);
         }
+        content.blocks.push_back(std::move(block));
     }
-    return {};
+    content_ = std::make_shared<const Content>(std::move(content));
 }
 
-SynonymHit search_synonyms(const std::string& search) {
-    const FileContent file = read_whole(session::find_file(std::string(kFile)));
-    if (!file.error.empty()) return {.fileMissing = true};
-    return find_in_synonyms(text::from_oem(file.bytes), search);
+Result<Synonyms> Synonyms::read(const std::filesystem::path& file) {
+    const Result<std::string> bytes = files::read_whole(file);
+    if (!bytes) return bytes.failure();
+    return Synonyms(text::from_oem(*bytes));
+}
+
+std::optional<SynonymHit> Synonyms::find(std::string_view search) const {
+    if (!content_) return std::nullopt;
+    const auto place = [](const Places& places, const std::string& key) {
+        const auto found = places.find(key);
+        return found == places.end() ? std::string::npos : found->second;
+    };
+    const std::size_t first =
+        std::min(place(content_->byCasrn, text::trim_right(search)),
+                 place(content_->bySynonym, comparing_form(normalise_name(search))));
+    if (first == std::string::npos) return std::nullopt;
+    return content_->blocks[first];
 }
 
 }  // namespace quor::datafiles

@@ -1,7 +1,14 @@
 #pragma once
 
+#include <filesystem>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "common/result.h"
 
 namespace quor::datafiles {
 
@@ -11,18 +18,37 @@ std::string normalise_name(std::string_view name);
 /// The form that is compared: a normalised name without "-", "(", ")" and ".".
 std::string comparing_form(std::string_view normalised);
 
-/// A block of the synonym file.
+/// A block of the synonym file: a substance that has the text as a synonym or CASRN.
 struct SynonymHit {
-    bool found = false;
-    bool fileMissing = false;  ///< the synonym file could not be read
-    std::string casrn{};       ///< of the block that holds the text, "END" behind the last one
-    std::string line{};        ///< its description, fields separated by "_"
+    std::string casrn{};
+    std::string line{};  ///< its description, fields separated by "_"
 };
 
-/// Looks a text up among the blocks of a synonym file's text (UTF-8): the first block whose CASRN
-/// it is, or that has a synonym equal to the comparing form of the text.
-SynonymHit find_in_synonyms(std::string_view file, std::string_view search);
-/// The same in "SYNOM.TXT" (code page 850) of the program's folder.
-SynonymHit search_synonyms(const std::string& search);
+/// The synonym file, read and converted once. A value, cheap to copy.
+class Synonyms {
+  public:
+    /// No file: nothing is found.
+    Synonyms() = default;
+    /// From a file's text (UTF-8). What stands behind the block "END" does not count.
+    explicit Synonyms(std::string_view file);
+
+    /// Reads a file (code page 850); refused when it cannot be read.
+    static Result<Synonyms> read(const std::filesystem::path& file);
+
+    /// The first block whose CASRN a text is, or that has a synonym equal to its comparing form.
+    std::optional<SynonymHit> find(std::string_view search) const;
+
+  private:
+    /// The first block that has a key.
+    using Places = std::unordered_map<std::string, std::size_t>;
+    struct Content {
+        std::vector<SynonymHit> blocks;
+        Places byCasrn, bySynonym;
+    };
+    std::shared_ptr<const Content> content_;
+};
+
+/// Title of the synonym file.
+inline constexpr std::string_view kSynonymFile = "SYNOM.TXT";
 
 }  // namespace quor::datafiles

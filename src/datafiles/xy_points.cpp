@@ -4,7 +4,6 @@
 #include <cmath>
 #include <limits>
 
-#include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
 #include "datafiles/cell_numbers.h"
@@ -13,8 +12,6 @@
 namespace quor::datafiles {
 
 namespace {
-
-using datafiles::FitPoint;
 
 /// The changed point; NaN stands for a value that does not exist or that 32 bits cannot hold.
 FitPoint changed(FitPoint p, XYManipulation what, double W) {
@@ -61,17 +58,18 @@ bool IsActive(const FitPoint& point) {
     return point.mark != kInactiveMark;
 }
 
-std::string manipulate_xy(std::vector<FitPoint>& points, XYManipulation what, double W) {
+Result<std::vector<FitPoint>> manipulated_xy(std::span<const FitPoint> points, XYManipulation what,
+                                             double W) {
     std::vector<FitPoint> result;
     result.reserve(points.size());
     for (const FitPoint& p : points) {
         result.push_back(changed(p, what, W));
         if (!std::isfinite(result.back().x) || !std::isfinite(result.back().y))
-            return "Line " + std::to_string(result.size()) + " (x = " + numbers::General(p.x) +
-                   ", y = " + numbers::General(p.y) + ") has no such value; nothing was changed.";
+            return Failure{"Line " + std::to_string(result.size()) +
+                           " (x = " + numbers::General(p.x) + ", y = " + numbers::General(p.y) +
+                           ") has no such value; nothing was changed."};
     }
-    points = std::move(result);
-    return {};
+    return result;
 }
 
 void swap_xy(std::span<FitPoint> points) {
@@ -143,12 +141,10 @@ std::vector<FitPoint> active_points(std::span<const FitPoint> points) {
     return active;
 }
 
-bool enough_active_points(std::span<const FitPoint> points, bool asPoints) {
+Result<void> check_active_points(std::span<const FitPoint> points, bool asPoints) {
     const auto active = std::count_if(points.begin(), points.end(), IsActive);
-    if (active >= (asPoints ? 1 : 2)) return true;
-    dialogs::tell(asPoints ? "at least one active point!" : "at least two active points!",
-                  "Execution not possible", dialogs::Icon::Stop);
-    return false;
+    if (active >= (asPoints ? 1 : 2)) return {};
+    return Failure{asPoints ? "at least one active point!" : "at least two active points!"};
 }
 
 XYRange range_of_active(std::span<const FitPoint> points) {

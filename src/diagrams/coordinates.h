@@ -1,19 +1,23 @@
 #pragma once
 
-#include "legacy/declare.h"
+#include "diagrams/diagram.h"
 
 /// Default limits of the quantities and the window of each kind of diagram.
-namespace quor::Module9 {
+namespace quor::diagrams {
 
-/// Sets the defaults in displayed units from substance, models, units and reference state.
-/// `pMax`, `TMax` and `TMin` keep a value that is not 0 unless the units have changed. Throws
-/// `faults::Fault` when specific units are asked for without a molar mass.
-void calc_coordinate_defaults(diagrams::CoordinateDefaults& defaults);
+/// The defaults in displayed units. `previous` are those before: its `pMax`, `TMax` and `TMin` stay
+/// where they are not 0, unless the units are `renewed`; without critical data all of it stays.
+CoordinateDefaults coordinate_defaults(const Basis& basis, const CoordinateDefaults& previous = {},
+                                       bool renewed = false);
 
-/// Window of `request.DiagramType`, in displayed units, and its copy in the default fields; for a
-/// database function also its validity. An added curve has the window of its diagram; a code of no
-/// diagram gets T from TMin to TMax and keeps y.
-void fill_diagram_window(const diagrams::CoordinateDefaults& defaults,
-                         diagrams::DiagramRequest& request);
+/// The window of a diagram, in displayed units; for a function of the database also its validity.
+struct ProposedWindow {
+    CurveWindow window;
+    Validity validity;
+};
+/// An added curve has the window of its diagram; a row without limits gets T from TMin to TMax and
+/// an empty range of y.
+ProposedWindow proposed_window(const Diagram& diagram, const Basis& basis,
+                               const CoordinateDefaults& defaults);
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

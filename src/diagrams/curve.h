@@ -1,60 +1,90 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
-#include <string_view>
 
-#include "legacy/declare.h"
+#include "diagrams/diagram.h"
+#include "diagrams/process.h"
 
-/// Curve computation, process lines, grids.
+/// Computation of curves.
 namespace quor::diagrams {
 
-/// What `calc_curve` reports beside its points.
-namespace CurveStatus {
-inline constexpr std::int16_t kComplete = 0;
-inline constexpr std::int16_t kFault = -1;       ///< a run-time error; the message is its text
-inline constexpr std::int16_t kNoResult = -2;    ///< nothing can be drawn
-inline constexpr std::int16_t kBelowTriple = 2;  ///< a part lies below the triple point
-inline constexpr std::int16_t kNoCriticalVolume = 3;
-inline constexpr std::int16_t kNoTieLine = 4;  ///< asked at or above the critical point
-inline constexpr std::int16_t kEndedEarly = 5;
-inline constexpr std::int16_t kOutside = 10;  ///< no point fell inside the window
-}  // namespace CurveStatus
-
-/// Marks in the header of a curve: which parameter the z of its points holds.
-inline constexpr float kMarkT = -1;  ///< z is T/K
-inline constexpr float kMarkP = -2;  ///< z is p/kPa
-inline constexpr float kMarkV = -3;  ///< z is v in m^3/kmol
-inline constexpr float kMarkNone = 0;
-
-struct CurveResult {
-    std::int16_t status = CurveStatus::kComplete;
-    std::string message;
+/// What became of a curve; the numbers are those of JSON.
+enum class CurveStatus : std::int16_t {
+    complete = 0,
+    fault = -1,       ///< a run-time error; the message is its text
+    noResult = -2,    ///< nothing can be drawn
+    belowTriple = 2,  ///< a part lies below the triple point
+    noCriticalVolume = 3,
+    noTieLine = 4,  ///< asked at or above the critical point
+    endedEarly = 5,
+    outside = 10,  ///< no point fell inside the window
 };
 
-/// Points of the curve of `request.DiagramType` in the window of the request, with the state
-/// parameters T/K, p/kPa, v in m^3/kmol that its kind needs. `points` gets the header and the
-/// points; an empty window gives a header with a count of 0 and status 0. Database functions and
-/// the slope of the vapour pressure complete the request's texts. Never throws.
-CurveResult calc_curve(diagrams::DiagramRequest& request, diagrams::CurvePointArray& points,
-                       double T, double p, double v);
+/// What of a kind of curve is drawn.
+enum class Branch : std::uint8_t {
+    stable,
+    metastable,  ///< the unstable and metastable part between the phases
+    tieLine,     ///< the straight line between the phases, at the parameter of the section
+};
 
-/// Number of points behind the header.
-std::size_t point_count(const diagrams::CurvePointArray& points);
+/// How curves are computed, whatever their kind.
+struct CurveOptions {
+    int points = 300;              ///< of a curve
+    bool realRangeOnly = true;     ///< nothing below the triple point
+    bool sWithoutTieLine = false;  ///< subcritical isotherms in p-v keep their S shape
+    bool partialGas = false;       ///< of a V-only equation only what lies below saturation
 
-/// Mark of the curves of a code; kMarkNone for an unknown one.
-float mark_of(std::int16_t DiagramType);
-/// True when `calc_curve` has a kind of curve for the code.
-bool has_curve(std::int16_t DiagramType);
-/// True for a curve with an unstable and metastable branch of its own (`SCurveRequested`).
-bool has_metastable_branch(std::int16_t DiagramType);
+    bool operator==(const CurveOptions&) const = default;
+};
 
-/// What a view tells of a result, empty texts for status 0 and for what needs no word.
+/// Both ends of a tie-line in displayed units; z holds T/K or p/kPa.
+struct TieLine {
+    CurvePoint L, V;
+};
+
+/// Which curve is wanted, and where.
+struct CurveRequest {
+    const Diagram* curve = nullptr;  ///< the row that is computed
+    /// The diagram on whose axes states are drawn; nullptr: that of the row.
+    const Diagram* on = nullptr;
+    CurveWindow window{};
+    StateParameters at{};
+    Branch branch = Branch::stable;
+    double vapourFraction = 1;
+    CurveOptions options{};
+    ProcessLine line{};  ///< of process lines; its range is that of two functions over each other
+    /// Limits of p in displayed units between which the saturation of two functions is drawn.
+    float pMin = 0.001F, pMax = 0;
+
+    const Diagram& home() const { return on != nullptr ? *on : home_of(*curve); }
+};
+
+/// A curve with what it has to say.
+struct Curve {
+    CurvePoints points{};
+    Parameter parameter = Parameter::none;  ///< what the z of its points holds
+    CurveStatus status = CurveStatus::complete;
+    std::string message{};             ///< of a fault, or why there is no result
+    std::optional<TieLine> tieLine{};  ///< of a tie-line
+    /// T at which the slope of a vapour pressure equation has its maximum, in displayed units.
+    std::optional<double> TOfMaximum{};
+    /// The last state of a process line.
+    std::optional<ProcessState> last{};
+};
+
+/// Computes a curve. An empty window gives no points and status complete. Never throws. `room`
+/// gives its storage to the points.
+Curve curve(const Basis& basis, const CurveRequest& request, CurvePoints room = {});
+
+/// What a view tells of a curve of a fluid, empty texts for one that is complete and for what needs
+/// no word.
 struct StatusText {
     std::string title, text;
 };
-StatusText TextOf(const CurveResult& result);
+StatusText text_of(CurveStatus status, const std::string& message, const models::Fluid& fluid);
 /// True when the curve is drawn in spite of its status.
-bool is_drawn(std::int16_t status);
+bool is_drawn(CurveStatus status);
 
 }  // namespace quor::diagrams

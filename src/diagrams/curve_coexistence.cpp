@@ -8,19 +8,18 @@
 namespace quor::diagrams {
 
 using constants::kPresent;
-using legacy::the_session;
 
 namespace {
 
-double plotted_volume(const Equilibrium& e) {
-    return at_fraction(e.vL, e.vV, the_session.VapourFraction);
+double plotted_volume(const CurveFrame& c, const Equilibrium& e) {
+    return at_fraction(e.vL, e.vV, c.request.vapourFraction);
 }
 
 /// The walk down the dome in p-v. Its step in T adapts itself, so that neighbouring points are
 /// never further apart than the told share of the window, and seldom closer than half of it.
 class DomeWalk {
   public:
-    explicit DomeWalk(Curve& curve) : c(curve) {
+    explicit DomeWalk(CurveFrame& curve) : c(curve) {
         largestP_ = c.yMax / c.PF / kShare;
         largestV_ = c.xMax / c.VF / kShare;
     }
@@ -51,7 +50,7 @@ class DomeWalk {
 
         const double moved =
             std::fmax(std::fabs(next.p - at_.p) / largestP_,
-                      std::fabs(plotted_volume(next) - plotted_volume(at_)) / largestV_);
+                      std::fabs(plotted_volume(c, next) - plotted_volume(c, at_)) / largestV_);
         if (moved > 1) {
             step_ = (at_.T - T) * std::clamp(0.8 / moved, 0.05, 0.8);
             return;
@@ -70,8 +69,7 @@ class DomeWalk {
 
     /// Where the walk has to end: at the triple point, or nowhere.
     double lowest_T() const {
-        const bool realOnly =
-            the_session.CurveRealRangeOnly && c.fluid.models().EOSModel > models::Eos::idealGas;
+        const bool realOnly = c.real_range_only();
         return realOnly ? static_cast<double>(c.substance.Ttriple) : 0;
     }
 
@@ -84,7 +82,7 @@ class DomeWalk {
 
     /// Points outside of the window are kept only where the line enters or leaves it.
     void draw(const Equilibrium& e) {
-        const double x = plotted_volume(e) * c.VF;
+        const double x = plotted_volume(c, e) * c.VF;
         const bool inside = x >= c.xMin && x <= c.xMax;
         if (inside && pending_) add(waiting_);
         pending_ = !inside && !entered_;
@@ -96,13 +94,13 @@ class DomeWalk {
     }
 
     void add(const Equilibrium& e) {
-        if (e.T < static_cast<double>(c.substance.Ttriple)) c.status = CurveStatus::kBelowTriple;
-        c.add(plotted_volume(e) * c.VF, e.p * c.PF, e.T);
+        if (e.T < static_cast<double>(c.substance.Ttriple)) c.set_status(CurveStatus::belowTriple);
+        c.add(plotted_volume(c, e) * c.VF, e.p * c.PF, e.T);
     }
 
     void finish() { ended_ = true; }
 
-    Curve& c;
+    CurveFrame& c;
     Equilibrium at_, before_, waiting_;
     double step_ = 0, largestP_ = 0, largestV_ = 0;
     bool pending_ = false, entered_ = false, wasInside_ = false, ended_ = false;
@@ -110,7 +108,7 @@ class DomeWalk {
 
 }  // namespace
 
-void dome_p_v(Curve& c) {
+void dome_p_v(CurveFrame& c) {
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found || !(c.xMax > 0) || !(c.yMax > 0)) return;
     const double top = critical.p * c.PF;
@@ -124,16 +122,16 @@ void dome_p_v(Curve& c) {
 
 namespace {
 
-/// Ordinate over p: pv in code 106, rho in code 27.
-void add_over_p(Curve& c, const Equilibrium& e) {
-    const double v = plotted_volume(e);
-    const bool isProduct = c.request.DiagramType == 106;
+/// Ordinate over p: pv or rho.
+void add_over_p(CurveFrame& c, const Equilibrium& e) {
+    const double v = plotted_volume(c, e);
+    const bool isProduct = c.axes.y == Axis::pv;
     c.add(e.p * c.PF, isProduct ? e.p * c.PF * v * c.VF : c.M / v, e.T);
 }
 
 }  // namespace
 
-void dome_over_p(Curve& c) {
+void dome_over_p(CurveFrame& c) {
     constexpr double kLowest = 0.1;       // kPa
     constexpr double kBelowCritical = 5;  // kPa
     const Equilibrium critical = critical_point(c.fluid);
@@ -165,16 +163,16 @@ void dome_over_p(Curve& c) {
     add_over_p(c, critical);
 }
 
-void dome_T_v(Curve& c) {
+void dome_T_v(CurveFrame& c) {
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
     const auto add = [&](const Equilibrium& e) {
-        const double v = plotted_volume(e);
-        c.add(c.request.DiagramType == 7 ? v * c.VF : c.M / v, e.T * c.TF, e.p);
+        const double v = plotted_volume(c, e);
+        c.add(c.axes.x == Axis::v ? v * c.VF : c.M / v, e.T * c.TF, e.p);
     };
     // The liquid line is steep: it takes a quarter of the step.
     double step = 2 * c.dY / c.TF;
-    if (the_session.VapourFraction < 0.5) step /= 4;
+    if (c.request.vapourFraction < 0.5) step /= 4;
     add(critical);
     double p = 0;
     Steps loop =
@@ -192,10 +190,10 @@ namespace {
 
 /// Walks down from the critical point in steps of x and gives each equilibrium to `add`.
 template <class Add>
-void walk_rho_T(Curve& c, double step, Add add) {
+void walk_rho_T(CurveFrame& c, double step, Add add) {
     const Equilibrium critical = critical_point(c.fluid);
     if (!(c.fluid.eos().vcritCalc > kPresent) || !critical.found) {
-        c.status = CurveStatus::kNoCriticalVolume;
+        c.set_status(CurveStatus::noCriticalVolume);
         return;
     }
     c.add(critical.T * c.TF, c.M / c.fluid.eos().vcritCalc, critical.p);
@@ -214,7 +212,7 @@ void walk_rho_T(Curve& c, double step, Add add) {
 
 }  // namespace
 
-void dome_rho_T(Curve& c) {
+void dome_rho_T(CurveFrame& c) {
     walk_rho_T(c, c.dX, [&](const Equilibrium& e) {
         c.add(e.T * c.TF, c.M / e.vL, e.p);
         c.add(e.T * c.TF, c.M / e.vV, e.p);
@@ -223,7 +221,7 @@ void dome_rho_T(Curve& c) {
 
 /// L. Cailletet, E. Mathias, C. R. Acad. Sci. 102 (1886) 1202: the mean of both densities lies on
 /// a nearly straight line.
-void rectilinear_diameter(Curve& c) {
+void rectilinear_diameter(CurveFrame& c) {
     constexpr double kLeastProduct = 5.00001;  // of the volumes, (m^3/kmol)^2
     walk_rho_T(c, 3 * c.dX, [&](const Equilibrium& e) {
         if (e.vL * e.vV < kLeastProduct) return;

@@ -1,5 +1,4 @@
 #include "diagrams/curve_frame.h"
-#include "legacy/current_fluid.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,40 +7,43 @@
 #include "common/numbers.h"
 #include "models/reference_state.h"
 #include "models/vapour_pressure.h"
-#include "session/module2.h"
 
 namespace quor::diagrams {
 
-using diagrams::CurvePoint;
-using legacy::the_session;
+using models::StateValues;
 
-Curve::Curve(diagrams::DiagramRequest& requestOfCurve, diagrams::CurvePointArray& pointsOfCurve,
-             double TOfCurve, double pOfCurve, double vOfCurve)
-    : request(requestOfCurve),
-      points(pointsOfCurve),
-      fluid(models::current_fluid()),
-      substance(legacy::the_substance),
-      T(TOfCurve),
-      p(pOfCurve),
-      v(vOfCurve),
-      xMin(static_cast<double>(requestOfCurve.xMin)),
-      xMax(static_cast<double>(requestOfCurve.xMax)),
-      yMin(static_cast<double>(requestOfCurve.yMin)),
-      yMax(static_cast<double>(requestOfCurve.yMax)) {
-    steps = std::max<int>(
-        1, request.PointsPerCurve > 0 ? request.PointsPerCurve : the_session.PointsPerCurve);
+CurveFrame::CurveFrame(const Basis& basisOfCurve, const CurveRequest& requestOfCurve,
+                       CurvePoints room)
+    : basis(basisOfCurve),
+      request(requestOfCurve),
+      diagram(*requestOfCurve.curve),
+      axes(requestOfCurve.curve->x == Axis::none ? requestOfCurve.home() : *requestOfCurve.curve),
+      fluid(basisOfCurve.fluid),
+      substance(basisOfCurve.fluid.substance()),
+      options(requestOfCurve.options),
+      result{.points = std::move(room)},
+      points(result.points),
+      T(requestOfCurve.at.T),
+      p(requestOfCurve.at.p),
+      v(requestOfCurve.at.v),
+      xMin(static_cast<double>(requestOfCurve.window.xMin)),
+      xMax(static_cast<double>(requestOfCurve.window.xMax)),
+      yMin(static_cast<double>(requestOfCurve.window.yMin)),
+      yMax(static_cast<double>(requestOfCurve.window.yMax)) {
+    steps = std::max(1, options.points);
     dX = (xMax - xMin) / steps;
     dY = (yMax - yMin) / steps;
+    points.clear();
 }
 
-void Curve::prepare() {
-    session::refresh_units();
-    TF = static_cast<double>(the_session.TemperatureFactor);
-    PF = static_cast<double>(the_session.PressureFactor);
-    VF = the_session.VolumeFactor;
-    M = static_cast<double>(substance.M);
+void CurveFrame::prepare() {
+    TF = basis.TF();
+    PF = basis.PF();
+    VF = basis.VF();
+    M = basis.M();
     if (T > 0) {
-        the_session.CaloricFactor = caloric(T);
+        // A caloric unit that cannot be had ends the curve before its first point.
+        (void)caloric(T);
         pLVCorr = models::vapour_pressure(substance, T, fluid.models().VPModel).p;
         if (subcritical_T()) atT = equilibrium_at_T(fluid, T);
     }
@@ -49,55 +51,47 @@ void Curve::prepare() {
         TLVCorr = models::boiling_temperature(substance, p, fluid.models().VPModel).T;
         if (subcritical_p()) atP = equilibrium_at_p(fluid, p);
     }
-    models::settle_reference(legacy::the_reference);
-    surroundings_ = models::surroundings_state(fluid, legacy::the_reference);
+    reference_ = basis.reference;
+    models::settle_reference(reference_);
+    surroundings_ = models::surroundings_state(fluid, reference_);
 }
 
-void Curve::push(double x, double y, double z) {
+void CurveFrame::push(double x, double y, double z) {
     points.push_back({numbers::to_single(x), numbers::to_single(y), numbers::to_single(z)});
 }
 
-void Curve::add(double x, double y, double z) {
+void CurveFrame::add(double x, double y, double z) {
     push(x, y, z);
     if (x > xMin && x < xMax && y > yMin && y < yMax) outside_ = false;
 }
 
-void Curve::add_tested_by_x(double x, double y, double z) {
+void CurveFrame::add_tested_by_x(double x, double y, double z) {
     push(x, y, z);
     if (x > xMin && x < xMax) outside_ = false;
 }
 
-void Curve::add_tested_by_y(double x, double y, double z) {
+void CurveFrame::add_tested_by_y(double x, double y, double z) {
     push(x, y, z);
     if (y > yMin && y < yMax) outside_ = false;
 }
 
-bool Curve::below_triple() {
-    if (the_session.CurveRealRangeOnly && fluid.models().EOSModel > models::Eos::idealGas)
-        return false;
-    status = CurveStatus::kBelowTriple;
+bool CurveFrame::below_triple() {
+    if (real_range_only()) return false;
+    set_status(CurveStatus::belowTriple);
     return true;
 }
 
-bool Curve::is_real_at_T(double temperature) {
+bool CurveFrame::is_real_at_T(double temperature) {
     return temperature >= static_cast<double>(substance.Ttriple) || below_triple();
 }
 
-bool Curve::is_real_at_p(double pressure) {
+bool CurveFrame::is_real_at_p(double pressure) {
     const auto triple = static_cast<double>(substance.ptriple);
     // A triple pressure above the critical one is a wrong entry of the database.
     return pressure >= triple || triple >= substance.pcrit || below_triple();
 }
 
-bool Curve::partial_gas() const {
-    return the_session.PartialGasCurve && vapour_only();
-}
-
-double Curve::caloric(double temperature) const {
-    return session::caloric_factor_of(the_session.CaloricUnit, temperature);
-}
-
-std::optional<double> Curve::pressure(double temperature, double volume) const {
+std::optional<double> CurveFrame::pressure(double temperature, double volume) const {
     models::EOSState state = models::eos_at(fluid, temperature);
     const models::PressureResult r = models::pressure_from_Tv(fluid, temperature, volume, state);
     if (r.status != kSuccess || !std::isfinite(r.p)) return std::nullopt;
@@ -112,17 +106,16 @@ double stable_volume_of(const models::StateTP& state) {
     return state.v[0];
 }
 
-double Curve::stable_volume(double temperature, double pressure) const {
+double CurveFrame::stable_volume(double temperature, double pressure) const {
     return stable_volume_of(models::solve_state_tp(fluid, temperature, pressure));
 }
 
-models::StateValues Curve::functions(double temperature, double pressure, double volume) const {
-    return models::state_functions(fluid, legacy::the_reference, surroundings_, temperature,
-                                   pressure, volume);
+models::StateValues CurveFrame::functions(double temperature, double pressure,
+                                          double volume) const {
+    return models::state_functions(fluid, reference_, surroundings_, temperature, pressure, volume);
 }
 
 std::optional<double> value_of(const models::StateValues& state, Function function) {
-    using models::StateValues;
     if (!state.table.filled) return std::nullopt;
     const bool isExergy = function == &StateValues::eH || function == &StateValues::eU;
     if (state.status != kSuccess && isExergy) return std::nullopt;
@@ -132,13 +125,56 @@ std::optional<double> value_of(const models::StateValues& state, Function functi
     return value;
 }
 
+Function function_of(Axis axis) {
+    switch (axis) {
+        case Axis::h:
+        case Axis::hSpaced:
+            return &StateValues::h;
+        case Axis::s:
+        case Axis::Tenvs:
+            return &StateValues::s;
+        case Axis::g:
+            return &StateValues::g;
+        case Axis::a:
+            return &StateValues::a;
+        case Axis::u:
+            return &StateValues::u;
+        case Axis::eH:
+            return &StateValues::eH;
+        case Axis::eU:
+            return &StateValues::eU;
+        case Axis::cp:
+            return &StateValues::cp;
+        case Axis::cV:
+        case Axis::cVIsochoric:
+            return &StateValues::cv;
+        default:
+            return nullptr;
+    }
+}
+
+std::optional<models::Residual> residual_of(Axis axis) {
+    switch (axis) {
+        case Axis::deltas:
+            return models::ResS;
+        case Axis::deltah:
+            return models::ResH;
+        case Axis::deltag:
+            return models::ResG;
+        case Axis::deltacp:
+            return models::ResCp;
+        default:
+            return std::nullopt;
+    }
+}
+
 namespace {
 
 /// Ascending by a coordinate, stable, in place: curves come in runs that rise or fall, so that a
 /// falling run is turned round and the few points added behind it are put in their place.
-void sort_by(diagrams::CurvePointArray& points, float CurvePoint::*coordinate) {
+void sort_by(CurvePoints& points, float CurvePoint::*coordinate) {
     const auto key = [coordinate](const CurvePoint& point) { return point.*coordinate; };
-    const auto begin = points.begin() + 1;
+    const auto begin = points.begin();
     auto run = begin;
     while (run != points.end() && run + 1 != points.end() && key(*(run + 1)) < key(*run)) ++run;
     if (run != points.end()) std::reverse(begin, run + 1);
@@ -154,11 +190,11 @@ void sort_by(diagrams::CurvePointArray& points, float CurvePoint::*coordinate) {
 
 }  // namespace
 
-void Curve::sort_by_x() {
+void CurveFrame::sort_by_x() {
     sort_by(points, &CurvePoint::x);
 }
 
-void Curve::sort_by_y() {
+void CurveFrame::sort_by_y() {
     sort_by(points, &CurvePoint::y);
 }
 

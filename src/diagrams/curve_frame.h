@@ -12,15 +12,20 @@ namespace quor::diagrams {
 
 /// What all kinds of curves share: the request, the units, the window test, the real-range check.
 /// A kind of curve adds its points through it.
-class Curve {
+class CurveFrame {
   public:
-    Curve(diagrams::DiagramRequest& requestOfCurve, diagrams::CurvePointArray& pointsOfCurve,
-          double TOfCurve, double pOfCurve, double vOfCurve);
+    CurveFrame(const Basis& basisOfCurve, const CurveRequest& requestOfCurve, CurvePoints room);
 
-    diagrams::DiagramRequest& request;
-    diagrams::CurvePointArray& points;
-    const models::Fluid fluid;
+    const Basis& basis;
+    const CurveRequest& request;
+    const Diagram& diagram;  ///< the row that is computed
+    const Diagram& axes;     ///< the row whose axes it has
+    const models::Fluid& fluid;
     const models::SubstanceRecord& substance;
+    const CurveOptions& options;
+
+    Curve result;
+    CurvePoints& points;  ///< of the result
 
     const double T, p, v;  ///< state parameters, K, kPa, m^3/kmol
     const double xMin, xMax, yMin, yMax;
@@ -31,10 +36,7 @@ class Curve {
     double pLVCorr = 0, TLVCorr = 0;  ///< by the vapour pressure equation, 0 when there is none
     Equilibrium atT, atP;             ///< of the EOS at T and at p, found or not
 
-    float mark = kMarkNone;
-    std::int16_t status = CurveStatus::kComplete;
-
-    /// Reads the units and evaluates what the state parameters fix. May throw `faults::Fault`.
+    /// Evaluates what the state parameters fix. May throw `faults::Fault`.
     void prepare();
 
     /// Adds a point in displayed units; it clears `outside` when it lies strictly inside the
@@ -43,20 +45,27 @@ class Curve {
     void add_tested_by_x(double x, double y, double z);
     void add_tested_by_y(double x, double y, double z);
     bool outside() const { return outside_; }
+    void set_status(CurveStatus status) { result.status = status; }
 
     /// Real-range check of a step: false when it is to be skipped; a step that is computed below
-    /// the triple point sets status 2.
+    /// the triple point sets its status.
     bool is_real_at_T(double temperature);
     bool is_real_at_p(double pressure);
+    /// True when nothing below the triple point is drawn.
+    bool real_range_only() const {
+        return options.realRangeOnly && fluid.models().EOSModel > models::Eos::idealGas;
+    }
 
     bool subcritical_T() const { return T < substance.Tcrit; }
     bool subcritical_p() const { return p < substance.pcrit; }
     bool vapour_only() const { return fluid.models().EOSOnlyV; }
     /// The gas part of a V-only curve is all that is wanted.
-    bool partial_gas() const;
+    bool partial_gas() const { return options.partialGas && vapour_only(); }
+    /// The unstable and metastable branch is wanted.
+    bool metastable() const { return request.branch == Branch::metastable; }
 
     /// Factor of caloric values at T/K.
-    double caloric(double temperature) const;
+    double caloric(double temperature) const { return basis.caloric(temperature); }
     /// p of the EOS; nothing where it has none.
     std::optional<double> pressure(double temperature, double volume) const;
     /// Volume of the stable phase at T and p; 0 where the EOS has none.
@@ -72,6 +81,7 @@ class Curve {
     void push(double x, double y, double z);
     bool below_triple();
 
+    models::ReferenceState reference_;  // settled
     models::Surroundings surroundings_;
     bool outside_ = true;
 };
@@ -81,6 +91,11 @@ using Function = double models::StateValues::*;
 /// A caloric value, or nothing where the state has none: no cp form, no surroundings for an
 /// exergy, the pole of cp at the critical point.
 std::optional<double> value_of(const models::StateValues& state, Function function);
+
+/// The caloric value that an axis shows; nullptr for an axis that shows none.
+Function function_of(Axis axis);
+/// The column of the residual table that an axis shows.
+std::optional<models::Residual> residual_of(Axis axis);
 
 /// f at a vapour fraction between liquid and vapour.
 inline double at_fraction(double liquid, double vapour, double fraction) {

@@ -9,13 +9,13 @@ namespace {
 
 constexpr double kLowestPressure = 0.01;
 
-void add_state(Curve& c, double T, double p, double v, double z) {
-    const Projection at = project_state(c.request.DiagramType, T, p, v, c.functions(T, p, v));
-    if (at.exists) c.add(at.x, at.y, z);
+void add_state(CurveFrame& c, double T, double p, double v, double z) {
+    const auto at = project_state(c.axes, c.basis, {T, p, v}, c.functions(T, p, v));
+    if (at) c.add(at->x, at->y, z);
 }
 
 /// The two ends of the tie-line in the order in which the walk meets them.
-void add_tie_line(Curve& c, const Equilibrium& e, bool towardsLiquid, double z) {
+void add_tie_line(CurveFrame& c, const Equilibrium& e, bool towardsLiquid, double z) {
     const double first = towardsLiquid ? e.vV : e.vL;
     const double second = towardsLiquid ? e.vL : e.vV;
     add_state(c, e.T, e.p, first, z);
@@ -27,11 +27,10 @@ void add_tie_line(Curve& c, const Equilibrium& e, bool towardsLiquid, double z) 
 /// Two functions against each other along an isotherm (over p) or an isobar (over T) between the
 /// limits of the range. Where the walk crosses the coexistence curve, both ends of the tie-line
 /// come in between, so that the two-phase part is the straight line it is.
-void function_pairs(Curve& c) {
-    const std::int16_t code = c.request.DiagramType;
-    const bool isothermal = code == 21 || code == 107 || code == 109;
-    double from = legacy::the_processLine.RangeStart;
-    double to = legacy::the_processLine.RangeEnd;
+void function_pairs(CurveFrame& c) {
+    const bool isothermal = c.diagram.section == Section::isothermal;
+    double from = c.request.line.rangeStart;
+    double to = c.request.line.rangeEnd;
     if (from > to) std::swap(from, to);
     const Equilibrium& e = isothermal ? c.atT : c.atP;
     const double edge = isothermal ? e.p : e.T;

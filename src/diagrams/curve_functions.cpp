@@ -2,14 +2,12 @@
 #include <cmath>
 
 #include "common/constants.h"
-#include "diagrams/catalogue.h"
 #include "diagrams/curve_kinds.h"
 #include "diagrams/project_state.h"
 #include "models/cubic_eos.h"
 
 namespace quor::diagrams {
 
-using legacy::the_session;
 using models::StateValues;
 
 namespace {
@@ -22,32 +20,11 @@ using Ordinate = std::optional<double>;
 
 // ---- what is drawn over T, p or v
 
-struct CodeFunction {
-    std::int16_t code;
-    Function function;
-};
-
-constexpr auto kFunctions = std::to_array<CodeFunction>({
-    {15, &StateValues::h},   {16, &StateValues::s},   {17, &StateValues::g},
-    {18, &StateValues::eH},  {150, &StateValues::h},  {151, &StateValues::s},
-    {152, &StateValues::g},  {153, &StateValues::eH}, {154, &StateValues::cp},
-    {155, &StateValues::eU}, {156, &StateValues::a},  {157, &StateValues::u},
-    {158, &StateValues::s},  {159, &StateValues::cv}, {160, &StateValues::eU},
-    {181, &StateValues::eU}, {182, &StateValues::a},  {183, &StateValues::u},
-    {184, &StateValues::s},  {185, &StateValues::cv},
-});
-
-Function function_of(std::int16_t code) {
-    for (const CodeFunction& row : kFunctions)
-        if (row.code == code) return row.function;
-    return &StateValues::h;
-}
-
 /// Caloric value of the diagram at a state, in displayed units.
 struct CaloricOrdinate {
     Function function;
 
-    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+    Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const auto value = value_of(c.functions(T, p, v), function);
         if (!value) return value;
         return *value * c.caloric(T);
@@ -58,7 +35,7 @@ struct CaloricOrdinate {
 struct ResidualOrdinate {
     models::Residual column;
 
-    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+    Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const models::PhaseTable table =
             models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
         if (!table.filled) return std::nullopt;
@@ -68,7 +45,7 @@ struct ResidualOrdinate {
 
 /// Real heat capacity: the ideal gas and the residual part.
 struct HeatCapacityOrdinate {
-    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+    Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const models::CpResult ideal =
             models::ideal_gas_cp(c.substance, c.fluid.models().CpModel, T);
         const Ordinate residual = ResidualOrdinate{models::ResCp}(c, T, p, v);
@@ -78,7 +55,7 @@ struct HeatCapacityOrdinate {
 };
 
 struct JouleThomsonOrdinate {
-    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+    Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const models::PhaseTable table =
             models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
         const bool hasCp = models::ideal_gas_cp(c.substance, c.fluid.models().CpModel, T).cp > 0;
@@ -89,20 +66,20 @@ struct JouleThomsonOrdinate {
 
 // ---- the walk along an isobar
 
-double lower_temperature(const Curve& c) {
+double lower_temperature(const CurveFrame& c) {
     const bool ends = c.partial_gas() && c.subcritical_p() && c.TLVCorr > 0;
     return ends ? c.TLVCorr * c.TF : c.xMin;
 }
 
 template <class Y>
-void add_at(Curve& c, Y y, double x, double T, double p, double v, double z) {
+void add_at(CurveFrame& c, Y y, double x, double T, double p, double v, double z) {
     if (!(v > 0)) return;
     if (const Ordinate value = y(c, T, p, v)) c.add_tested_by_y(x, *value, z);
 }
 
 /// Both ends of the tie-line, when both can be evaluated.
 template <class Y>
-bool add_tie_line(Curve& c, Y y, double x, const Equilibrium& e, double z) {
+bool add_tie_line(CurveFrame& c, Y y, double x, const Equilibrium& e, double z) {
     const Ordinate liquid = y(c, e.T, e.p, e.vL);
     const Ordinate vapour = y(c, e.T, e.p, e.vV);
     if (!liquid || !vapour) return false;
@@ -113,7 +90,7 @@ bool add_tie_line(Curve& c, Y y, double x, const Equilibrium& e, double z) {
 
 /// The branch between v(L) and v(V) on the isobar, over T.
 template <class Y>
-void metastable_over_T(Curve& c, Y y, double move) {
+void metastable_over_T(CurveFrame& c, Y y, double move) {
     const Equilibrium& e = c.atP;
     if (!e.found) return;
     add_at(c, y, e.T * c.TF, e.T, e.p, e.vL, c.p);
@@ -129,8 +106,8 @@ void metastable_over_T(Curve& c, Y y, double move) {
 }
 
 template <class Y>
-void isobar_with_crossing(Curve& c, Y y) {
-    if (the_session.SCurveRequested && c.atP.found) return metastable_over_T(c, y, kMetastableMove);
+void isobar_with_crossing(CurveFrame& c, Y y) {
+    if (c.metastable() && c.atP.found) return metastable_over_T(c, y, kMetastableMove);
     const Equilibrium& e = c.atP;
     bool crossed = !e.found;
     Steps loop = Steps::clamped(c.xMax, lower_temperature(c), -c.dX);
@@ -148,7 +125,7 @@ void isobar_with_crossing(Curve& c, Y y) {
 
 /// Isobars that do not place the ends of the tie-line.
 template <class Y>
-void plain_isobar(Curve& c, Y y) {
+void plain_isobar(CurveFrame& c, Y y) {
     Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX);
     for (double x; loop.next(x);) {
         const double T = x / c.TF;
@@ -161,7 +138,7 @@ void plain_isobar(Curve& c, Y y) {
 
 /// Along the isochore of the request, until the pressure of the EOS falls to 0.
 template <class Y>
-void isochore(Curve& c, Y y) {
+void isochore(CurveFrame& c, Y y) {
     Steps loop = Steps::clamped(c.xMax, c.xMin, -c.dX);
     for (double x; loop.next(x);) {
         const double T = x / c.TF;
@@ -178,7 +155,7 @@ void isochore(Curve& c, Y y) {
 // ---- the walk along an isotherm over p
 
 template <class Y>
-void metastable_over_p(Curve& c, Y y) {
+void metastable_over_p(CurveFrame& c, Y y) {
     const Equilibrium& e = c.atT;
     if (!e.found) return;
     add_at(c, y, e.p * c.PF, c.T, e.p, e.vL, c.T);
@@ -195,8 +172,8 @@ void metastable_over_p(Curve& c, Y y) {
 }
 
 template <class Y>
-void isotherm_with_crossing(Curve& c, Y y) {
-    if (the_session.SCurveRequested && c.atT.found) return metastable_over_p(c, y);
+void isotherm_with_crossing(CurveFrame& c, Y y) {
+    if (c.metastable() && c.atT.found) return metastable_over_p(c, y);
     const Equilibrium& e = c.atT;
     const bool ends = c.partial_gas() && c.subcritical_T() && c.pLVCorr > 0;
     const double upper = ends ? c.pLVCorr * c.PF : c.xMax;
@@ -221,7 +198,7 @@ double positive_pressure(double p) {
 }
 
 template <class Y>
-void add_over_v(Curve& c, Y y, double v) {
+void add_over_v(CurveFrame& c, Y y, double v) {
     const auto p = c.pressure(c.T, v);
     if (!p) return;
     const double positive = positive_pressure(*p);
@@ -229,10 +206,10 @@ void add_over_v(Curve& c, Y y, double v) {
 }
 
 template <class Y>
-void isotherm_over_v(Curve& c, Y y) {
+void isotherm_over_v(CurveFrame& c, Y y) {
     const Equilibrium& e = c.atT;
     const double step = 0.5 * c.dX;
-    if (the_session.SCurveRequested && e.found) {
+    if (c.metastable() && e.found) {
         const double low = e.vL * c.VF, high = e.vV * c.VF;
         Steps loop = Steps::clamped(low, high, std::fmax(step, (high - low) / kVolumeSteps));
         for (double x; loop.next(x);) add_over_v(c, y, x / c.VF);
@@ -256,7 +233,7 @@ void isotherm_over_v(Curve& c, Y y) {
 struct MagnitudeOrdinate {
     CaloricOrdinate inner;
 
-    Ordinate operator()(const Curve& c, double T, double p, double v) const {
+    Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const Ordinate value = inner(c, T, p, v);
         if (!value) return value;
         return std::fabs(*value);
@@ -265,51 +242,46 @@ struct MagnitudeOrdinate {
 
 }  // namespace
 
-void functions_of_T(Curve& c) {
-    const CaloricOrdinate y{function_of(c.request.DiagramType)};
-    if (c.request.sectionKind == Module9::kIsochoric) {
-        c.mark = kMarkV;
-        return isochore(c, y);
-    }
-    c.mark = kMarkP;
+void functions_of_T(CurveFrame& c) {
+    const CaloricOrdinate y{function_of(c.axes.y)};
+    if (c.diagram.section == Section::isochoric) return isochore(c, y);
     isobar_with_crossing(c, y);
 }
 
-void functions_of_p(Curve& c) {
-    isotherm_with_crossing(c, CaloricOrdinate{function_of(c.request.DiagramType)});
+void functions_of_p(CurveFrame& c) {
+    isotherm_with_crossing(c, CaloricOrdinate{function_of(c.axes.y)});
 }
 
-void functions_of_v(Curve& c) {
-    const CaloricOrdinate y{function_of(c.request.DiagramType)};
+void functions_of_v(CurveFrame& c) {
+    const CaloricOrdinate y{function_of(c.axes.y)};
     if (y.function == &StateValues::cv) return isotherm_over_v(c, MagnitudeOrdinate{y});
     isotherm_over_v(c, y);
 }
 
-void heat_capacity(Curve& c) {
+void heat_capacity(CurveFrame& c) {
     const HeatCapacityOrdinate y;
-    if (the_session.SCurveRequested && c.atP.found) return metastable_over_T(c, y, 1.0);
+    if (c.metastable() && c.atP.found) return metastable_over_T(c, y, 1.0);
     plain_isobar(c, y);
 }
 
-void joule_thomson(Curve& c) {
+void joule_thomson(CurveFrame& c) {
     plain_isobar(c, JouleThomsonOrdinate{});
 }
 
 namespace {
 
-/// Columns 3 to 6 of the residual table in the order of the codes.
-models::Residual residual_of(int index) {
-    return static_cast<models::Residual>(models::ResS + index);
+ResidualOrdinate residual_ordinate(const CurveFrame& c) {
+    return {residual_of(c.axes.y).value_or(models::ResS)};
 }
 
 }  // namespace
 
-void residual_of_T(Curve& c) {
-    isobar_with_crossing(c, ResidualOrdinate{residual_of(c.request.DiagramType - 30)});
+void residual_of_T(CurveFrame& c) {
+    isobar_with_crossing(c, residual_ordinate(c));
 }
 
-void residual_of_p(Curve& c) {
-    isotherm_with_crossing(c, ResidualOrdinate{residual_of(c.request.DiagramType - 40)});
+void residual_of_p(CurveFrame& c) {
+    isotherm_with_crossing(c, residual_ordinate(c));
 }
 
 }  // namespace quor::diagrams

@@ -13,7 +13,7 @@ namespace {
 
 /// T (dv/dT)p - v, the numerator of the differential Joule-Thomson coefficient: it has its zeros
 /// and its sign and needs no heat capacity.
-std::optional<double> throttling(const Curve& c, double T, double p, double v) {
+std::optional<double> throttling(const CurveFrame& c, double T, double p, double v) {
     if (!(v > 0)) return std::nullopt;
     const models::PhaseTable table =
         models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
@@ -21,7 +21,7 @@ std::optional<double> throttling(const Curve& c, double T, double p, double v) {
     return T * table.first[4] - v;
 }
 
-std::optional<double> stable_throttling(const Curve& c, double T, double p) {
+std::optional<double> stable_throttling(const CurveFrame& c, double T, double p) {
     return throttling(c, T, p, c.stable_volume(T, p));
 }
 
@@ -31,19 +31,19 @@ struct Search {
 
 /// The steps of the searches suit fluids that boil above 100 K; those of the cryogenic ones follow
 /// their critical temperature.
-double scale_of_steps(const Curve& c) {
+double scale_of_steps(const CurveFrame& c) {
     return std::fmin(1.0, c.substance.Tcrit / 100);
 }
 
 /// At a zero nothing is left of the numerator beside the covolume; at a jump from one phase to the
 /// other there is.
-bool vanishes(const Curve& c, double numerator, double T) {
+bool vanishes(const CurveFrame& c, double numerator, double T) {
     constexpr double kZero = 1e-6;
     return std::fabs(numerator) < kZero * models::eos_at(c.fluid, T).eosB;
 }
 
 /// Halves the bracket of a change of sign.
-std::optional<double> halved(const Curve& c, double p, double a, double b, double atA) {
+std::optional<double> halved(const CurveFrame& c, double p, double a, double b, double atA) {
     constexpr int kHalvings = 60;
     for (int i = 0; i < kHalvings; ++i) {
         const double middle = 0.5 * (a + b);
@@ -62,7 +62,8 @@ std::optional<double> halved(const Curve& c, double p, double a, double b, doubl
 }
 
 /// Walks T from a start until the coefficient changes its sign.
-std::optional<double> find_inversion_temperature(const Curve& c, double p, const Search& search) {
+std::optional<double> find_inversion_temperature(const CurveFrame& c, double p,
+                                                 const Search& search) {
     constexpr int kMostSteps = 300;
     constexpr double kFinest = 0.001;  // K
     double T = search.start, step = search.step;
@@ -83,13 +84,13 @@ std::optional<double> find_inversion_temperature(const Curve& c, double p, const
     return std::nullopt;
 }
 
-void add_inversion(Curve& c, double p, double T) {
+void add_inversion(CurveFrame& c, double p, double T) {
     const double v = c.stable_volume(T, p);
     c.add(p * c.PF, p * c.PF * v * c.VF, T);
 }
 
 /// The temperature from which the upper branch starts: the gas inversion temperature at low p.
-double upper_start(const Curve& c) {
+double upper_start(const CurveFrame& c) {
     constexpr double kLowPressure = 0.02;  // kPa
     constexpr double kBetween = 50;
     constexpr int kTries = 50;
@@ -121,7 +122,7 @@ double upper_start(const Curve& c) {
 
 }  // namespace
 
-void inversion_pv_p(Curve& c) {
+void inversion_pv_p(CurveFrame& c) {
     constexpr double kLowest = 0.03;  // kPa
     if (c.vapour_only()) return;
     const double scale = scale_of_steps(c);
@@ -155,18 +156,18 @@ void inversion_pv_p(Curve& c) {
 namespace {
 
 /// The volume of the liquid, stable or not, below Tcrit, and of the fluid above.
-double dense_volume(const Curve& c, double T, double p) {
+double dense_volume(const CurveFrame& c, double T, double p) {
     const models::EOSState state = models::eos_at(c.fluid, T);
     const models::CubicRoots roots = models::solve_cubic(state, T, p);
     return roots.status == kSuccess && roots.v[0] > state.eosB ? roots.v[0] : 0;
 }
 
-std::optional<double> dense_throttling(const Curve& c, double T, double p) {
+std::optional<double> dense_throttling(const CurveFrame& c, double T, double p) {
     return throttling(c, T, p, dense_volume(c, T, p));
 }
 
 /// Secant search on p at T from a start; 0 when it fails.
-double find_inversion_pressure(const Curve& c, double T, double start) {
+double find_inversion_pressure(const CurveFrame& c, double T, double start) {
     constexpr int kRounds = 200;
     constexpr double kDifference = 0.0001;  // kPa
     constexpr double kEnough = 0.001;
@@ -188,7 +189,7 @@ double find_inversion_pressure(const Curve& c, double T, double start) {
 }
 
 /// The same by a scan over p, for starts from which the secant runs away.
-double scan_inversion_pressure(const Curve& c, double T) {
+double scan_inversion_pressure(const CurveFrame& c, double T) {
     constexpr double kRatio = 1.3;
     constexpr int kHalvings = 60;
     const double pcrit = c.substance.pcrit;
@@ -216,7 +217,7 @@ double scan_inversion_pressure(const Curve& c, double T) {
 
 /// Where the line meets the coexistence curve: the zero on the saturated liquid between a T at
 /// which the inversion lies below the vapour pressure and one at which it lies above.
-Equilibrium meeting_point(const Curve& c, double below, double above) {
+Equilibrium meeting_point(const CurveFrame& c, double below, double above) {
     constexpr int kHalvings = 60;
     Equilibrium e;
     for (int i = 0; i < kHalvings; ++i) {
@@ -231,7 +232,7 @@ Equilibrium meeting_point(const Curve& c, double below, double above) {
 
 }  // namespace
 
-void inversion_p_T(Curve& c) {
+void inversion_p_T(CurveFrame& c) {
     constexpr double kLowestT = 0.5;  // K
     if (c.vapour_only()) return;
     double p = 0, above = 0;

@@ -10,47 +10,43 @@
 
 namespace quor::diagrams {
 
-using legacy::the_processLine;
 using models::StateValues;
 
 namespace {
 
-constexpr int kLiquid = 0;  // `ProcessLineRecord::Phase`
-
 /// Adds a state to the line on the axes of the diagram and keeps it as the last one.
-void add_state(Curve& c, double T, double p, double v, const StateValues& functions) {
-    const Projection at = project_state(the_processLine.BaseDiagramType, T, p, v, functions);
-    if (!at.exists) return;
-    c.add(at.x, at.y, at.z);
-    the_processLine.LastT = T;
-    the_processLine.LastP = p;
+void add_state(CurveFrame& c, double T, double p, double v, const StateValues& functions) {
+    const auto at = project_state(c.axes, c.basis, {T, p, v}, functions);
+    if (!at) return;
+    c.add(at->x, at->y, at->z);
+    c.result.last = {T, p};
 }
 
-void add_state(Curve& c, double T, double p, double v) {
-    const bool needed = needs_functions(the_processLine.BaseDiagramType);
+void add_state(CurveFrame& c, double T, double p, double v) {
+    const bool needed = shows_caloric_values(c.axes);
     add_state(c, T, p, v, needed ? c.functions(T, p, v) : StateValues{});
 }
 
 /// Volume at T and p of the phase of the line; with one root it is that one.
-double volume_of_phase(const Curve& c, double T, double p) {
+double volume_of_phase(const CurveFrame& c, double T, double p) {
     const models::StateTP state = models::solve_state_tp(c.fluid, T, p);
     if (state.status != kSuccess) return 0;
     if (c.vapour_only()) return state.vV;
-    const bool vapour = the_processLine.Phase != kLiquid;
+    const bool vapour = c.request.line.vapour;
     return state.nRoots == 3 && vapour ? state.v[2] : state.v[0];
 }
 
-Steps range(const Curve& c, double share) {
-    const double from = the_processLine.RangeStart, to = the_processLine.RangeEnd;
+Steps range(const CurveFrame& c, double share) {
+    const double from = c.request.line.rangeStart, to = c.request.line.rangeEnd;
     return Steps::clamped(from, to, share * (to - from) / c.steps);
 }
 
 /// What a line that was cut short ends with.
-void end_line(Curve& c, bool stopped) {
-    if (c.points.size() - 1 <= 1) {
-        c.status = CurveStatus::kNoResult;
-    } else if (stopped && c.points.size() - 1 > 2) {
-        c.status = CurveStatus::kEndedEarly;
+void end_line(CurveFrame& c, bool stopped) {
+    if (c.points.size() <= 1) {
+        c.set_status(CurveStatus::noResult);
+    } else if (stopped && c.points.size() > 2) {
+        c.set_status(CurveStatus::endedEarly);
     }
 }
 
@@ -82,8 +78,8 @@ double held_value(Held held, double v, const StateValues& functions) {
 
 /// Over the tie-lines of the range, from a saturated state at its start: the vapour fraction
 /// follows from the quantity that the line holds.
-void heterogeneous_line(Curve& c, Held held) {
-    const bool overT = the_processLine.RangeIsT != 0;
+void heterogeneous_line(CurveFrame& c, Held held) {
+    const bool overT = c.request.line.rangeIsT;
     const auto equilibrium = [&](double running, double near) {
         return overT ? equilibrium_at_T(c.fluid, running, near)
                      : equilibrium_at_p(c.fluid, running, near);
@@ -91,9 +87,9 @@ void heterogeneous_line(Curve& c, Held held) {
     const auto sides = [&](const Equilibrium& e) {
         return std::array<StateValues, 2>{c.functions(e.T, e.p, e.vL), c.functions(e.T, e.p, e.vV)};
     };
-    const Equilibrium start = equilibrium(overT ? the_processLine.T1 : the_processLine.p1, 0);
+    const Equilibrium start = equilibrium(overT ? c.request.line.T1 : c.request.line.p1, 0);
     if (!start.found) return end_line(c, true);
-    const bool vapour = the_processLine.Phase != kLiquid;
+    const bool vapour = c.request.line.vapour;
     const double fixed =
         held_value(held, vapour ? start.vV : start.vL, sides(start)[vapour ? 1 : 0]);
 
@@ -123,14 +119,14 @@ void heterogeneous_line(Curve& c, Held held) {
 
 }  // namespace
 
-void straight_line(Curve& c) {
+void straight_line(CurveFrame& c) {
     constexpr int kParts = 50;
-    const auto x1 = static_cast<double>(the_processLine.x1),
-               y1 = static_cast<double>(the_processLine.y1);
-    const auto x2 = static_cast<double>(the_processLine.x2),
-               y2 = static_cast<double>(the_processLine.y2);
+    const auto x1 = static_cast<double>(c.request.line.x1),
+               y1 = static_cast<double>(c.request.line.y1);
+    const auto x2 = static_cast<double>(c.request.line.x2),
+               y2 = static_cast<double>(c.request.line.y2);
     if (x1 == x2 && y1 == y2) {
-        c.status = CurveStatus::kNoResult;
+        c.set_status(CurveStatus::noResult);
         return;
     }
     for (int i = 0; i <= kParts; ++i) {
@@ -139,7 +135,7 @@ void straight_line(Curve& c) {
     }
 }
 
-void process_isotherm(Curve& c) {
+void process_isotherm(CurveFrame& c) {
     Steps loop = range(c, 1.0);
     for (double p; loop.next(p);) {
         if (!(p > 0)) continue;
@@ -149,7 +145,7 @@ void process_isotherm(Curve& c) {
     end_line(c, false);
 }
 
-void process_isobar(Curve& c) {
+void process_isobar(CurveFrame& c) {
     Steps loop = range(c, 1.0);
     for (double T; loop.next(T);) {
         if (!(T > 0)) continue;
@@ -159,14 +155,14 @@ void process_isobar(Curve& c) {
     end_line(c, false);
 }
 
-void process_isochore(Curve& c) {
-    if (the_processLine.Heterogeneous) return heterogeneous_line(c, Held::volume);
-    const double v = volume_of_phase(c, the_processLine.T1, the_processLine.p1);
+void process_isochore(CurveFrame& c) {
+    if (c.request.line.heterogeneous) return heterogeneous_line(c, Held::volume);
+    const double v = volume_of_phase(c, c.request.line.T1, c.request.line.p1);
     if (!(v > 0)) return end_line(c, true);
     bool stopped = false;
     Steps loop = range(c, 1.0);
     for (double running; loop.next(running);) {
-        if (the_processLine.RangeIsT != 0) {
+        if (c.request.line.rangeIsT) {
             const auto p = c.pressure(running, v);
             if (p && *p > 0) add_state(c, running, *p, v);
             continue;
@@ -181,19 +177,18 @@ void process_isochore(Curve& c) {
     end_line(c, stopped);
 }
 
-void process_isoline(Curve& c) {
-    constexpr std::uint8_t kIsentropic = 4;
-    const bool entropy = the_processLine.Kind == kIsentropic;
-    if (the_processLine.Heterogeneous)
+void process_isoline(CurveFrame& c) {
+    const bool entropy = c.request.line.kind == ProcessKind::isentropic;
+    if (c.request.line.heterogeneous)
         return heterogeneous_line(c, entropy ? Held::entropy : Held::enthalpy);
 
-    const double T1 = the_processLine.T1, p1 = the_processLine.p1;
+    const double T1 = c.request.line.T1, p1 = c.request.line.p1;
     const double v1 = volume_of_phase(c, T1, p1);
     const Function function = entropy ? &StateValues::s : &StateValues::h;
     const auto fixed = v1 > 0 ? value_of(c.functions(T1, p1, v1), function) : std::nullopt;
     if (!fixed) return end_line(c, true);
 
-    const bool overT = the_processLine.RangeIsT != 0;
+    const bool overT = c.request.line.rangeIsT;
     double T = T1, p = p1;
     bool stopped = false;
     Steps loop = range(c, overT ? 0.4 : 0.8);
@@ -216,8 +211,8 @@ void process_isoline(Curve& c) {
 namespace {
 
 /// The states that the polytropic program has given.
-void draw_answer(Curve& c) {
-    for (const diagrams::PolytropicPoint& point : legacy::the_polytropicPoints) {
+void draw_answer(CurveFrame& c) {
+    for (const PolytropicPoint& point : c.request.line.polytropicPoints) {
         if (!std::isfinite(point.T) || !std::isfinite(point.p)) continue;
         const double v = volume_of_phase(c, point.T, point.p);
         if (v > 0) add_state(c, point.T, point.p, v);
@@ -229,15 +224,15 @@ void draw_answer(Curve& c) {
 
 /// p v^n = const from the start state: the points of the polytropic program where it has been
 /// asked, else the same line by the EOS itself.
-void process_polytropic(Curve& c) {
+void process_polytropic(CurveFrame& c) {
     constexpr double kRatioOfOne = 1.00001, kRatioOfNone = 0.00001;
-    if (!legacy::the_polytropicPoints.empty()) return draw_answer(c);
+    if (!c.request.line.polytropicPoints.empty()) return draw_answer(c);
 
-    const double n = the_processLine.PolytropicExponent;
-    const double T1 = the_processLine.T1, p1 = the_processLine.p1;
+    const double n = c.request.line.polytropicExponent;
+    const double T1 = c.request.line.T1, p1 = c.request.line.p1;
     const double v1 = volume_of_phase(c, T1, p1);
     if (!(v1 > 0)) return end_line(c, true);
-    const bool overT = the_processLine.RangeIsT != 0;
+    const bool overT = c.request.line.rangeIsT;
 
     // Over T the exponent fixes v by one equation in v alone, between neighbouring volumes.
     const auto volume_at_T = [&](double T, double near) {

@@ -10,31 +10,9 @@
 namespace quor::diagrams {
 
 using constants::kPresent;
-using legacy::the_session;
 using models::StateValues;
 
 namespace {
-
-struct CodeFunction {
-    std::int16_t code;
-    Function function;
-};
-
-/// The equilibrium curves follow the diagrams to which they belong: 72 and 92 are those of cp, 73
-/// and 93 those of g, 95, 98 and 99 those of the isochoric e(U), a and u.
-constexpr auto kFunctions = std::to_array<CodeFunction>({
-    {70, &StateValues::h},  {71, &StateValues::s},  {72, &StateValues::cp},  {73, &StateValues::g},
-    {74, &StateValues::eH}, {75, &StateValues::eU}, {89, &StateValues::cv},  {90, &StateValues::h},
-    {91, &StateValues::s},  {92, &StateValues::cp}, {93, &StateValues::g},   {94, &StateValues::eH},
-    {95, &StateValues::eU}, {97, &StateValues::a},  {98, &StateValues::a},   {99, &StateValues::u},
-    {100, &StateValues::u}, {101, &StateValues::s}, {102, &StateValues::eU},
-});
-
-Function function_of(std::int16_t code) {
-    for (const CodeFunction& row : kFunctions)
-        if (row.code == code) return row.function;
-    return &StateValues::h;
-}
 
 /// cp grows beyond all limits at the critical point: its curve ends before.
 bool is_finite_at_critical_point(Function function) {
@@ -46,15 +24,15 @@ struct BothPhases {
     StateValues L, V;
 };
 
-BothPhases functions_at(const Curve& c, const Equilibrium& e) {
+BothPhases functions_at(const CurveFrame& c, const Equilibrium& e) {
     return {c.functions(e.T, e.p, e.vL), c.functions(e.T, e.p, e.vV)};
 }
 
 /// The value at the vapour fraction of the session, in displayed units. A fraction of 0 or 1 asks
 /// for one phase only.
-std::optional<double> fraction_value(const Curve& c, const Equilibrium& e, const BothPhases& both,
-                                     Function function) {
-    const double x = the_session.VapourFraction;
+std::optional<double> fraction_value(const CurveFrame& c, const Equilibrium& e,
+                                     const BothPhases& both, Function function) {
+    const double x = c.request.vapourFraction;
     const auto L = value_of(both.L, function);
     const auto V = value_of(both.V, function);
     const double factor = c.caloric(e.T);
@@ -64,16 +42,16 @@ std::optional<double> fraction_value(const Curve& c, const Equilibrium& e, const
     return at_fraction(*L, *V, x) * factor;
 }
 
-std::optional<double> fraction_value(const Curve& c, const Equilibrium& e, Function function) {
+std::optional<double> fraction_value(const CurveFrame& c, const Equilibrium& e, Function function) {
     return fraction_value(c, e, functions_at(c, e), function);
 }
 
 }  // namespace
 
-void saturation_functions_over_p(Curve& c) {
+void saturation_functions_over_p(CurveFrame& c) {
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
-    const Function function = function_of(c.request.DiagramType);
+    const Function function = function_of(c.axes.y);
     const auto add = [&](const Equilibrium& e) {
         if (const auto y = fraction_value(c, e, function)) c.add(e.p * c.PF, *y, e.T);
     };
@@ -101,10 +79,10 @@ void saturation_functions_over_p(Curve& c) {
     for (auto p = foot.rbegin(); p != foot.rend(); ++p) add_at_pressure(*p);
 }
 
-void saturation_functions_over_T(Curve& c) {
+void saturation_functions_over_T(CurveFrame& c) {
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
-    const Function function = function_of(c.request.DiagramType);
+    const Function function = function_of(c.axes.y);
     const auto add = [&](const Equilibrium& e) {
         if (const auto y = fraction_value(c, e, function)) c.add(e.T * c.TF, *y, e.p);
     };
@@ -127,9 +105,9 @@ namespace {
 enum class Course { rising, falling, neither };
 
 /// How y goes along the points.
-Course course_of(const diagrams::CurvePointArray& points) {
+Course course_of(const CurvePoints& points) {
     bool rises = true, falls = true;
-    for (std::size_t i = 2; i < points.size(); ++i) {
+    for (std::size_t i = 1; i < points.size(); ++i) {
         rises = rises && points[i].y >= points[i - 1].y;
         falls = falls && points[i].y <= points[i - 1].y;
     }
@@ -138,15 +116,15 @@ Course course_of(const diagrams::CurvePointArray& points) {
 
 }  // namespace
 
-void saturation_functions_over_v(Curve& c) {
+void saturation_functions_over_v(CurveFrame& c) {
     constexpr double kLowestT = 0.1;      // K
     constexpr double kBeyondWindow = 50;  // of xMax
     constexpr double kAboveCovolume = 1.08;
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
-    const Function function = function_of(c.request.DiagramType);
-    const double fraction = the_session.VapourFraction;
-    const bool magnitude = c.request.DiagramType == 89;
+    const Function function = function_of(c.axes.y);
+    const double fraction = c.request.vapourFraction;
+    const bool magnitude = function == &StateValues::cv;
     const auto add = [&](const Equilibrium& e) {
         const auto y = fraction_value(c, e, function);
         if (!y) return;
@@ -167,43 +145,23 @@ void saturation_functions_over_v(Curve& c) {
         if (e.vV * c.VF > kBeyondWindow * c.xMax || e.vL <= least || e.vV <= least) break;
         add(e);
     }
-    std::reverse(c.points.begin() + 1, c.points.end());
+    std::reverse(c.points.begin(), c.points.end());
     add(critical);
     // Sorting must not tear the line: a function that turns on the way keeps the order of T.
     if (fraction == 0 && course_of(c.points) == Course::falling) c.sort_by_y();
 }
 
-namespace {
-
-struct Pair {
-    std::int16_t code;
-    Function x, y;
-    bool xTimesTenv;
-};
-
-/// The pairs of the diagrams to which the codes belong: e-h, h-s and e-T(surr) s.
-constexpr auto kPairs = std::to_array<Pair>({
-    {96, &StateValues::h, &StateValues::eH, false},
-    {120, &StateValues::s, &StateValues::h, false},
-    {121, &StateValues::s, &StateValues::eH, true},
-});
-
-}  // namespace
-
-void saturation_function_pairs(Curve& c) {
+void saturation_function_pairs(CurveFrame& c) {
     constexpr double kLowest = 0.05;  // kPa, instead of a limit at or below 0
     constexpr double kStep = 0.3;     // of a step of the limits of p
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
-    const Pair* pair = &kPairs[0];
-    for (const Pair& row : kPairs)
-        if (row.code == c.request.DiagramType) pair = &row;
-
-    const double scale = pair->xTimesTenv ? legacy::the_reference.Tenv : 1.0;
+    const Function xFunction = function_of(c.axes.x), yFunction = function_of(c.axes.y);
+    const double scale = c.axes.x == Axis::Tenvs ? c.basis.reference.Tenv : 1.0;
     const auto add = [&](const Equilibrium& e) {
         const BothPhases both = functions_at(c, e);
-        const auto x = fraction_value(c, e, both, pair->x);
-        const auto y = fraction_value(c, e, both, pair->y);
+        const auto x = fraction_value(c, e, both, xFunction);
+        const auto y = fraction_value(c, e, both, yFunction);
         if (x && y) c.add(*x * scale, *y, e.p);
     };
     // T comes from the vapour pressure equation, the state from the EOS at this T; without an
@@ -216,9 +174,9 @@ void saturation_function_pairs(Curve& c) {
         if (e.found) add(e);
     };
 
-    const diagrams::CoordinateDefaults& d = legacy::the_coordinates;
-    const double low = d.pMin > 0 ? static_cast<double>(d.pMin) / c.PF : kLowest;
-    const double high = static_cast<double>(d.pMax) / c.PF;
+    const CurveRequest& r = c.request;
+    const double low = r.pMin > 0 ? static_cast<double>(r.pMin) / c.PF : kLowest;
+    const double high = static_cast<double>(r.pMax) / c.PF;
     const double step = kStep * (high - low) / c.steps;
     Steps loop = Steps::plain(low, high, step);
     bool started = false;

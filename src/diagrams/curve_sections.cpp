@@ -9,7 +9,6 @@
 namespace quor::diagrams {
 
 using constants::R;
-using legacy::the_session;
 
 namespace {
 
@@ -19,24 +18,24 @@ constexpr double kLowestSubcritical = 0.01;
 
 /// Is a volume of a subcritical isotherm part of the curve? The S-shaped curve takes all, the
 /// stable one those outside of the dome, the metastable one those inside.
-bool takes_volume(const Equilibrium& e, double v) {
-    if (the_session.CurveSWithoutTieLine) return true;
+bool takes_volume(const CurveFrame& c, const Equilibrium& e, double v) {
+    if (c.options.sWithoutTieLine) return true;
     const bool stable = v <= e.vL || v >= e.vV;
-    return stable != the_session.SCurveRequested;
+    return stable != c.metastable();
 }
 
-/// The two ordinates of an isotherm over p: pv in code 2, rho in code 26.
-void add_over_p(Curve& c, double p, double v) {
-    const bool isProduct = c.request.DiagramType == 2;
+/// The two ordinates of an isotherm over p: pv and rho.
+void add_over_p(CurveFrame& c, double p, double v) {
+    const bool isProduct = c.axes.y == Axis::pv;
     c.add(p * c.PF, isProduct ? p * c.PF * v * c.VF : c.M / v, c.T);
 }
 
-double upper_pressure(const Curve& c) {
+double upper_pressure(const CurveFrame& c) {
     const bool ends = c.partial_gas() && c.subcritical_T() && c.pLVCorr > 0;
     return ends ? c.pLVCorr * c.PF : c.xMax;
 }
 
-void virial_isotherm_over_p(Curve& c) {
+void virial_isotherm_over_p(CurveFrame& c) {
     models::EOSState state;
     const double B = models::second_virial(c.fluid, c.T, state);
     Steps loop = Steps::clamped(c.xMin, upper_pressure(c), c.dX);
@@ -47,7 +46,7 @@ void virial_isotherm_over_p(Curve& c) {
     }
 }
 
-void supercritical_isotherm_over_p(Curve& c) {
+void supercritical_isotherm_over_p(CurveFrame& c) {
     const models::EOSState state = models::eos_at(c.fluid, c.T);
     Steps loop = Steps::plain(c.xMin, c.xMax, c.dX);
     for (double x; loop.next(x);) {
@@ -57,7 +56,7 @@ void supercritical_isotherm_over_p(Curve& c) {
     }
 }
 
-void subcritical_isotherm_over_p(Curve& c) {
+void subcritical_isotherm_over_p(CurveFrame& c) {
     const Equilibrium& e = c.atT;
     if (!e.found) return;
     Steps loop = Steps::plain(c.xMin, c.xMax, c.dX);
@@ -74,7 +73,7 @@ void subcritical_isotherm_over_p(Curve& c) {
 }
 
 /// The isotherm inside the dome, from the vapour to the liquid.
-void metastable_isotherm_over_p(Curve& c) {
+void metastable_isotherm_over_p(CurveFrame& c) {
     constexpr double kMoved = 0.5;  // of a step in x
     const Equilibrium& e = c.atT;
     if (!e.found) return;
@@ -91,17 +90,17 @@ void metastable_isotherm_over_p(Curve& c) {
     add_over_p(c, e.p, e.vL);
 }
 
-/// The abscissa of an isobar: v in code 3, rho in code 4.
-double isobar_x(const Curve& c, double v) {
-    return c.request.DiagramType == 3 ? v * c.VF : c.M / v;
+/// The abscissa of an isobar: v or rho.
+double isobar_x(const CurveFrame& c, double v) {
+    return c.axes.x == Axis::v ? v * c.VF : c.M / v;
 }
 
-void add_on_isobar(Curve& c, double T, double v) {
+void add_on_isobar(CurveFrame& c, double T, double v) {
     c.add_tested_by_x(isobar_x(c, v), T * c.TF, c.p);
 }
 
 /// Volume of a stable state on the isobar; 0 where there is none.
-double isobar_volume(const Curve& c, double T) {
+double isobar_volume(const CurveFrame& c, double T) {
     if (c.vapour_only()) {
         models::EOSState state;
         return R * T / c.p + models::second_virial(c.fluid, T, state);
@@ -112,7 +111,7 @@ double isobar_volume(const Curve& c, double T) {
     return vapour ? roots.v[2] : roots.v[0];
 }
 
-void metastable_isobar(Curve& c) {
+void metastable_isobar(CurveFrame& c) {
     const Equilibrium& e = c.atP;
     if (!e.found) return;
     double last = 0;
@@ -133,14 +132,14 @@ void metastable_isobar(Curve& c) {
 
 }  // namespace
 
-void isotherm_p_v(Curve& c) {
+void isotherm_p_v(CurveFrame& c) {
     const bool simple = c.vapour_only() || !c.subcritical_T();
     const Equilibrium& e = c.atT;
     if (!simple && !e.found) return;
     Steps loop = Steps::plain(c.xMin, c.xMax, c.dX);
     for (double x; loop.next(x);) {
         const double v = x / c.VF;
-        if (!simple && (v <= e.state.eosB || !takes_volume(e, v))) continue;
+        if (!simple && (v <= e.state.eosB || !takes_volume(c, e, v))) continue;
         if (const auto p = c.pressure(c.T, v)) c.add(x, *p * c.PF, c.T);
     }
     if (simple) return;
@@ -149,17 +148,17 @@ void isotherm_p_v(Curve& c) {
     c.sort_by_x();
 }
 
-void isotherm_over_p(Curve& c) {
+void isotherm_over_p(CurveFrame& c) {
     if (c.vapour_only()) return virial_isotherm_over_p(c);
     if (!c.subcritical_T()) return supercritical_isotherm_over_p(c);
-    if (the_session.SCurveRequested) return metastable_isotherm_over_p(c);
+    if (c.metastable()) return metastable_isotherm_over_p(c);
     subcritical_isotherm_over_p(c);
 }
 
-void isobar_T_v(Curve& c) {
+void isobar_T_v(CurveFrame& c) {
     const bool hasDome = !c.vapour_only() && c.subcritical_p();
     if (hasDome && !c.atP.found) return;
-    if (hasDome && the_session.SCurveRequested) return metastable_isobar(c);
+    if (hasDome && c.metastable()) return metastable_isobar(c);
     Steps loop = Steps::plain(c.yMin, c.yMax, c.dY);
     for (double y; loop.next(y);) {
         const double T = y / c.TF;
@@ -174,7 +173,7 @@ void isobar_T_v(Curve& c) {
     c.sort_by_x();
 }
 
-void isochore_p_T(Curve& c) {
+void isochore_p_T(CurveFrame& c) {
     const double vcrit = c.fluid.eos().vcritCalc;
     const bool byEOS = c.fluid.models().PriorityCEOS;
     double pLV = 0;
@@ -187,7 +186,7 @@ void isochore_p_T(Curve& c) {
         if (!p) continue;
         pLV = byEOS ? equilibrium_at_T(c.fluid, T, pLV).p
                     : models::vapour_pressure(c.substance, T, c.fluid.models().VPModel).p;
-        const bool reached = the_session.CurveRealRangeOnly && pLV > 0 &&
+        const bool reached = c.options.realRangeOnly && pLV > 0 &&
                              ((c.v > vcrit && *p > pLV) || (c.v < vcrit && *p < pLV));
         if (reached) {
             c.add(x, pLV * c.PF, c.v);

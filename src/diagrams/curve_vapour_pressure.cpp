@@ -1,11 +1,9 @@
-#include "legacy/wrappers.h"
 #include "models/vapour_pressure.h"
 
 #include <array>
 #include <cmath>
 
 #include "common/constants.h"
-#include "common/numbers.h"
 #include "diagrams/curve_kinds.h"
 #include "models/enthalpy_of_vaporisation.h"
 
@@ -16,7 +14,7 @@ using constants::kPresent;
 namespace {
 
 /// p(LV) at T/K by the EOS or by the equation; 0 where there is none. `near` is a close pressure.
-double saturation_pressure(const Curve& c, double T, double near) {
+double saturation_pressure(const CurveFrame& c, double T, double near) {
     const models::ModelSelection& m = c.fluid.models();
     if (m.PriorityCEOS && !m.EOSOnlyV) return equilibrium_at_T(c.fluid, T, near).p;
     return models::vapour_pressure(c.substance, T, m.VPModel).p;
@@ -24,7 +22,7 @@ double saturation_pressure(const Curve& c, double T, double near) {
 
 /// Passes over 1/T from the critical point; gives T/K to the body.
 template <class Body>
-void over_inverse_T(Curve& c, Body body) {
+void over_inverse_T(CurveFrame& c, Body body) {
     const double start = 1 / (c.TF * c.substance.Tcrit);
     Steps loop = Steps::plain(start, c.xMax, c.dX).within(c.xMin, c.xMax);
     bool first = true;
@@ -38,7 +36,7 @@ void over_inverse_T(Curve& c, Body body) {
 
 }  // namespace
 
-void vapour_pressure_p_T(Curve& c) {
+void vapour_pressure_p_T(CurveFrame& c) {
     double p = 0;
     const double start = c.substance.Tcrit * c.TF;
     Steps loop = Steps::plain(start, c.xMin, -c.dX).within(c.xMin, c.xMax);
@@ -51,7 +49,7 @@ void vapour_pressure_p_T(Curve& c) {
     c.sort_by_x();
 }
 
-void vapour_pressure_logarithmic(Curve& c) {
+void vapour_pressure_logarithmic(CurveFrame& c) {
     constexpr double kLowest = 0.01;  // kPa
     double p = 0;
     over_inverse_T(c, [&](double x, double T) {
@@ -60,9 +58,8 @@ void vapour_pressure_logarithmic(Curve& c) {
     });
 }
 
-void vapour_pressure_slope(Curve& c) {
+void vapour_pressure_slope(CurveFrame& c) {
     constexpr double kBelowAll = -37000;
-    constexpr std::string_view kCaption = "; maximum at T/K = ";
     using enum models::VapourPressureEquation;
     constexpr std::array kWithMaximum = {frostKalkwarf, wagner, frostVanDerWaals,
                                          frostRedlichKwong};
@@ -78,28 +75,27 @@ void vapour_pressure_slope(Curve& c) {
         xLargest = x;
     });
 
-    std::string& title = c.request.title;
-    if (const auto old = title.find(kCaption); old != std::string::npos) title.erase(old);
     const bool told =
         std::find(kWithMaximum.begin(), kWithMaximum.end(), code) != kWithMaximum.end();
     if (!told || !(xLargest > c.xMin) || largest > c.yMax) return;
-    title += kCaption;
-    title += numbers::Format(1 / (c.TF * xLargest), "#####0.0");
+    c.result.TOfMaximum = 1 / (c.TF * xLargest);
 }
 
-void heat_of_vaporisation(Curve& c) {
+void heat_of_vaporisation(CurveFrame& c) {
     const models::ModelSelection& m = c.fluid.models();
+    const models::VaporisationMethod method{
+        .model = m.HLVModel, .vpCode = m.VPModel, .reference = c.basis.benson};
     bool hasPressure = false;
     Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX);
     for (double x; loop.next(x);) {
         const double T = x / c.TF;
         if (!(T > 0) || T > c.substance.Tcrit || !c.is_real_at_T(T)) continue;
-        const auto r = models::enthalpy_of_vaporisation(m.HLVModel, T, 0, m.VPModel, false);
+        const auto r = models::enthalpy_of_vaporisation(c.fluid, method, T, 0);
         if (r.status != kSuccess) continue;
         hasPressure = hasPressure || r.p > 0;
         c.add(x, r.h * c.caloric(T), r.p > 0 ? r.p : 0);
     }
-    c.mark = hasPressure ? kMarkP : kMarkNone;
+    c.result.parameter = hasPressure ? Parameter::p : Parameter::none;
     c.sort_by_x();
 }
 

@@ -2,66 +2,52 @@
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
+#include <set>
 #include <utility>
 
 #include "chart/sheet2d.h"
 #include "common/constants.h"
 #include "common/dialogs.h"
+#include "common/faults.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "diagrams/catalogue.h"
-#include "legacy/declare.h"
-#include "session/module2.h"
+#include "models/model_tables.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 namespace {
 
 using chart::Group;
 using chart::Series;
 
-constexpr std::size_t kMaxUndo = 50;
+constexpr std::size_t kMostSteps = 50;  // of undo
 
-std::size_t at(int slot) {
-    return static_cast<std::size_t>(slot);
+// The chart keeps at least these places before its reference lines and critical points, so that
+// these stand where every version of the program looks for them.
+constexpr int kLeastCurves = 24, kLeastPointSets = 12;
+
+// Indices of labels.
+constexpr int kMarkerEnd = 7;
+constexpr int kCriticalEx = 7, kCriticalCalc = 8;
+constexpr int kFirstCurve = 10, kFirstText = 100;
+constexpr int kFurtherCurves = 1000000;  // of the curves that have no room before the texts
+
+std::size_t at(int place) {
+    return static_cast<std::size_t>(place);
 }
 
-bool is_curve(int slot) {
-    return slot >= 0 && slot < kMaxCurves;
+int lowest_free(const std::vector<SheetCurve>& curves) {
+    const auto free =
+        std::find_if(curves.begin(), curves.end(), [](const SheetCurve& c) { return !c.drawn; });
+    return static_cast<int>(free - curves.begin());
 }
 
-template <std::size_t n>
-int lowest_free(const std::array<bool, n>& free) {
-    const auto found = std::find(free.begin(), free.end(), true);
-    return found == free.end() ? -1 : static_cast<int>(found - free.begin());
-}
-
-void remember(DiagramSheet& sheet, UndoStep step) {
-    if (step.curves.empty() && step.points.empty()) return;
-    sheet.undo.push_back(std::move(step));
-    if (sheet.undo.size() > kMaxUndo) sheet.undo.erase(sheet.undo.begin());
-}
-
-SavedCurve saved_curve(DiagramSheet& sheet, int slot) {
-    const auto& z = sheet.CurveParameters[at(slot)];
-    Series& series = chart::series_at(sheet.chart, Group::Curves, slot);
-    const std::size_t kept = std::min(series.x.size() + 1, z.size());
-    return {slot,
-            sheet.CurveFree[at(slot)],
-            series,
-            sheet.CurveLabels[at(slot)],
-            sheet.CurveMarks[at(slot)],
-            {z.begin(), z.begin() + static_cast<std::ptrdiff_t>(kept)}};
-}
-
-SavedPointSet saved_points(DiagramSheet& sheet, int slot) {
-    return {slot, sheet.PointSetFree[at(slot)], chart::series_at(sheet.chart, Group::Points, slot)};
+int lowest_free(const std::vector<bool>& sets) {
+    return static_cast<int>(std::find(sets.begin(), sets.end(), false) - sets.begin());
 }
 
 /// Where the line between two points reaches an x that lies between theirs.
-diagrams::CurvePoint point_at_x(const diagrams::CurvePoint& a, const diagrams::CurvePoint& b,
-                                float x) {
+CurvePoint point_at_x(const CurvePoint& a, const CurvePoint& b, float x) {
     const double part = (static_cast<double>(x) - static_cast<double>(a.x)) /
                         (static_cast<double>(b.x) - static_cast<double>(a.x));
     const double y =
@@ -69,46 +55,50 @@ diagrams::CurvePoint point_at_x(const diagrams::CurvePoint& a, const diagrams::C
     return {x, static_cast<float>(y), a.z};
 }
 
-void erase_labels(DiagramSheet& sheet, int from, int to) {
-    std::erase_if(sheet.chart.labels,
-                  [&](const chart::Label& l) { return l.index >= from && l.index < to; });
+template <class Belongs>
+void erase_labels(DiagramSheet& sheet, Belongs belongs) {
+    std::erase_if(sheet.chart.labels, belongs);
 }
 
-bool has_labels(const DiagramSheet& sheet, int from, int to) {
-    return std::any_of(sheet.chart.labels.begin(), sheet.chart.labels.end(),
-                       [&](const chart::Label& l) { return l.index >= from && l.index < to; });
+template <class Belongs>
+bool has_labels(const DiagramSheet& sheet, Belongs belongs) {
+    return std::any_of(sheet.chart.labels.begin(), sheet.chart.labels.end(), belongs);
 }
 
-void erase_label_of(DiagramSheet& sheet, int slot) {
-    erase_labels(sheet, LabelIndex::kFirstCurve + slot, LabelIndex::kFirstCurve + slot + 1);
+auto is_kind(LabelKind kind) {
+    return [kind](const chart::Label& l) { return kind_of(l) == kind; };
 }
 
-void count_slots(DiagramSheet& sheet) {
-    const auto used = [](const auto& free) {
-        return static_cast<std::int16_t>(std::count(free.begin(), free.end(), false));
-    };
-    sheet.CurveCount = used(sheet.CurveFree);
-    sheet.PointSetCount = used(sheet.PointSetFree);
+LabelKind critical(bool experimental) {
+    return experimental ? LabelKind::criticalEx : LabelKind::criticalCalc;
 }
 
-void clear_curve(DiagramSheet& sheet, int slot) {
-    chart::clear_series(sheet.chart, Group::Curves, slot);
-    erase_label_of(sheet, slot);
-    sheet.CurveFree[at(slot)] = true;
-    sheet.CurveLabels[at(slot)] = {};
-    sheet.CurveMarks[at(slot)] = 0;
-    sheet.CurveParameters[at(slot)].fill(0);
+/// Makes room for one more place of a group before what stands behind its places.
+void add_place(DiagramSheet& sheet, Group group, int place) {
+    auto& all = chart::series_of(sheet.chart, group);
+    const int least = group == Group::Curves ? kLeastCurves : kLeastPointSets;
+    if (place < least || static_cast<int>(all.size()) <= place) return;
+    all.insert(all.begin() + place, group == Group::Curves ? chart::default_curve(place)
+                                                           : chart::default_point_set(place));
+    for (chart::Label& label : sheet.chart.labels)
+        if (label.onPoint && label.group == group && label.series >= place) ++label.series;
 }
 
-void clear_point_set(DiagramSheet& sheet, int slot) {
-    chart::clear_series(sheet.chart, Group::Points, slot);
-    sheet.PointSetFree[at(slot)] = true;
+void clear_curve(DiagramSheet& sheet, int place) {
+    chart::clear_series(sheet.chart, Group::Curves, place);
+    erase_labels(sheet, [&](const chart::Label& l) { return curve_place_of(l) == place; });
+    sheet.curves[at(place)] = {};
+}
+
+void clear_point_set(DiagramSheet& sheet, int place) {
+    chart::clear_series(sheet.chart, Group::Points, place);
+    sheet.pointSets[at(place)] = false;
 }
 
 /// Lines that cross the whole window reach its new end.
 void stretch_reference_lines(DiagramSheet& sheet) {
     auto& curves = sheet.chart.curves;
-    for (std::size_t i = at(kFirstReferenceLine); i < curves.size(); ++i) {
+    for (std::size_t i = at(first_reference_line(sheet)); i < curves.size(); ++i) {
         Series& line = curves[i];
         if (!line.isReference || line.x.size() != 2) continue;
         const bool vertical = line.x[0] == line.x[1];
@@ -136,21 +126,14 @@ bool is_range(const chart::Range& range) {
            static_cast<float>(range.min) < static_cast<float>(range.max);
 }
 
-void keep_coordinates(DiagramSheet& sheet, const chart::Window& window) {
-    diagrams::DiagramRequest& r = sheet.request;
-    r.xMin = static_cast<float>(window.x.min);
-    r.xMax = static_cast<float>(window.x.max);
-    r.yMin = static_cast<float>(window.y.min);
-    r.yMax = static_cast<float>(window.y.max);
+CurveWindow in_single_precision(const chart::Window& w) {
+    return {static_cast<float>(w.x.min), static_cast<float>(w.x.max), static_cast<float>(w.y.min),
+            static_cast<float>(w.y.max)};
 }
 
-}  // namespace
-
-namespace {
-
-bool shows_any(const CatalogueRow& row, std::initializer_list<Axis> axes) {
-    return std::any_of(axes.begin(), axes.end(),
-                       [&](Axis axis) { return row.x == axis || row.y == axis; });
+chart::Window as_chart_window(const CurveWindow& w) {
+    return {{static_cast<double>(w.xMin), static_cast<double>(w.xMax)},
+            {static_cast<double>(w.yMin), static_cast<double>(w.yMax)}};
 }
 
 /// T/K and p/kPa in a line of text.
@@ -159,21 +142,57 @@ std::string state_text(double T, double p) {
            numbers::General(static_cast<float>(p)) + " kPa";
 }
 
-}  // namespace
-
-std::string reference_note(std::int16_t DiagramType) {
-    const CatalogueRow* row = find_row(DiagramType);
-    if (row == nullptr) return {};
-    const bool exergy = shows_any(*row, {Axis::e});
-    if (!exergy && !shows_any(*row, {Axis::h, Axis::hSpaced, Axis::s, Axis::g, Axis::a, Axis::u}))
-        return {};
-    const bool zeroPoint =
-        !(exergy && row->y == Axis::e && row->x != Axis::h && row->x != Axis::hSpaced);
-    return reference_text(zeroPoint, exergy);
+/// Adds a text to others unless it is empty or among them.
+void add_once(std::vector<std::string>& texts, const std::string& text) {
+    if (!text.empty() && std::find(texts.begin(), texts.end(), text) == texts.end())
+        texts.push_back(text);
 }
 
-std::string reference_text(bool zeroPoint, bool surroundings) {
-    const models::ReferenceState& r = legacy::the_reference;
+std::string joined(const std::vector<std::string>& texts, const char* between) {
+    std::string all;
+    for (const std::string& text : texts) all += (all.empty() ? "" : between) + text;
+    return all;
+}
+
+}  // namespace
+
+// ------------------------------------------------------------------------------------------ labels
+
+LabelKind kind_of(const chart::Label& label) {
+    const int i = label.index;
+    if (i == kCriticalEx) return LabelKind::criticalEx;
+    if (i == kCriticalCalc) return LabelKind::criticalCalc;
+    if (i >= 0 && i < kMarkerEnd) return LabelKind::marker;
+    if ((i >= kFirstCurve && i < kFirstText) || i >= kFurtherCurves) return LabelKind::curve;
+    return i >= kFirstText ? LabelKind::text : LabelKind::none;
+}
+
+int curve_place_of(const chart::Label& label) {
+    if (kind_of(label) != LabelKind::curve) return -1;
+    return label.index >= kFurtherCurves ? label.index - kFurtherCurves : label.index - kFirstCurve;
+}
+
+int label_index_of_curve(int place) {
+    return place < kFirstText - kFirstCurve ? kFirstCurve + place : kFurtherCurves + place;
+}
+
+int label_index(LabelKind criticalPoint) {
+    return criticalPoint == LabelKind::criticalEx ? kCriticalEx : kCriticalCalc;
+}
+
+// ------------------------------------------------------------------------------------------- texts
+
+std::string reference_note(const Diagram& diagram, const models::ReferenceState& reference) {
+    const bool exergy = shows(diagram, Axis::eH) || shows(diagram, Axis::eU);
+    bool caloric = exergy;
+    for (const Axis axis : {Axis::h, Axis::hSpaced, Axis::s, Axis::g, Axis::a, Axis::u})
+        caloric = caloric || shows(diagram, axis);
+    if (!caloric) return {};
+    const bool overEnthalpy = diagram.x == Axis::h || diagram.x == Axis::hSpaced;
+    return reference_text(!exergy || overEnthalpy, exergy, reference);
+}
+
+std::string reference_text(bool zeroPoint, bool surroundings, const models::ReferenceState& r) {
     const std::string around =
         surroundings ? "surroundings: " + state_text(r.Tenv, r.penv) : std::string();
     if (!zeroPoint) return around;
@@ -185,11 +204,6 @@ std::string reference_text(bool zeroPoint, bool surroundings) {
     if (r.RefMode == kConventional) note = "conventional reference state";
     if (r.RefMode == kFormation) note = "reference state: quantities of formation";
     return surroundings ? note + "; " + around : note;
-}
-
-DiagramSheet::DiagramSheet() : CurveParameters(kMaxCurves) {
-    CurveFree.fill(true);
-    PointSetFree.fill(true);
 }
 
 std::string wrap_title(const std::string& title, std::size_t length) {
@@ -210,223 +224,375 @@ std::string wrap_title(const std::string& title, std::size_t length) {
     return wrapped;
 }
 
-void show_texts(DiagramSheet& sheet) {
-    sheet.chart.header.text = wrap_title(text::trim(sheet.request.title), kHeaderLine);
-    sheet.chart.footer.text = wrap_title(text::trim(sheet.request.subTitle), kFooterLine);
-    const std::string note = reference_note(sheet.request.DiagramType);
-    if (!note.empty()) sheet.chart.footer.text += "\n" + wrap_title(note, kFooterLine);
-    sheet.chart.x.title = text::trim(sheet.request.xLabel);
-    sheet.chart.y.title = text::trim(sheet.request.yLabel);
+namespace {
+
+/// The footer: what the curves were made with, and on which references their values rest.
+void show_footer(DiagramSheet& sheet, const std::string& titles,
+                 const std::vector<std::string>& notes) {
+    std::string footer = wrap_title(text::trim(titles), kFooterLine);
+    for (const std::string& note : notes) footer += "\n" + wrap_title(note, kFooterLine);
+    if (sheet.chart.footer.text == sheet.givenFooter) sheet.chart.footer.text = footer;
+    sheet.givenFooter = footer;
 }
 
-void open_sheet(DiagramSheet& sheet, const diagrams::DiagramRequest& request) {
-    sheet = DiagramSheet();
+}  // namespace
+
+void show_texts(DiagramSheet& sheet, const models::ReferenceState& reference) {
+    const DiagramTexts& texts = sheet.request.texts;
+    sheet.chart.header.text = wrap_title(text::trim(texts.title), kHeaderLine);
+    sheet.chart.x.title = text::trim(texts.x);
+    sheet.chart.y.title = text::trim(texts.y);
+    std::vector<std::string> notes;
+    if (sheet.request.diagram != nullptr)
+        add_once(notes, reference_note(*sheet.request.diagram, reference));
+    show_footer(sheet, texts.subTitle, notes);
+}
+
+DiagramSheet open_sheet(const DiagramRequest& request, const Basis& basis,
+                        const StateParameters& parameters) {
+    DiagramSheet sheet;
     sheet.request = request;
-    show_texts(sheet);
-    show_window(sheet, {{request.xMin, request.xMax}, {request.yMin, request.yMax}});
-    take_parameters(sheet);
+    sheet.units = basis.units.choice;
+    sheet.at = parameters;
+    show_texts(sheet, basis.reference);
+    show_window(sheet, as_chart_window(request.window));
+    return sheet;
 }
 
-void take_parameters(DiagramSheet& sheet) {
-    sheet.T = legacy::the_session.DiagramT;
-    sheet.p = legacy::the_session.DiagramP;
-    sheet.v = legacy::the_session.DiagramV;
+Basis in_units_of(const DiagramSheet& sheet, const Basis& basis) {
+    Basis own = basis;
+    models::UnitChoice choice = sheet.units;
+    choice.T_of_RT = basis.units.choice.T_of_RT;
+    own.units = models::make_units(choice, basis.fluid);
+    if (own.units.choice.system != sheet.units.system)
+        throw faults::Fault("The fluid has no critical volume for the units of this diagram");
+    return own;
 }
 
-void give_to_session(const DiagramSheet& sheet) {
-    legacy::the_diagram = sheet.request;
-    legacy::the_session.DiagramT = sheet.T;
-    legacy::the_session.DiagramP = sheet.p;
-    legacy::the_session.DiagramV = sheet.v;
-    legacy::the_session.DiagramIsProjection = sheet.request.sectionKind == kProjection;
-    legacy::the_session.CurveModelName = CurveModelName(sheet.request.DiagramType);
+// ----------------------------------------------------------------------------------------- content
+
+bool is_drawn(const DiagramSheet& sheet, int place) {
+    return place >= 0 && at(place) < sheet.curves.size() && sheet.curves[at(place)].drawn;
 }
 
-int store_curve(DiagramSheet& sheet, const diagrams::CurvePointArray& points) {
-    const int slot = lowest_free(sheet.CurveFree);
-    if (slot < 0) {
-        sheet.CurveCount = kMaxCurves;
-        dialogs::tell(
-            "Maximum " + std::to_string(kMaxCurves) + " curves possible\nDelete existing curves",
-            "WARNING");
-        return -1;
+bool has_point_set(const DiagramSheet& sheet, int place) {
+    return place >= 0 && at(place) < sheet.pointSets.size() && sheet.pointSets[at(place)];
+}
+
+int curve_count(const DiagramSheet& sheet) {
+    return static_cast<int>(std::count_if(sheet.curves.begin(), sheet.curves.end(),
+                                          [](const SheetCurve& c) { return c.drawn; }));
+}
+
+int point_set_count(const DiagramSheet& sheet) {
+    return static_cast<int>(std::count(sheet.pointSets.begin(), sheet.pointSets.end(), true));
+}
+
+int first_reference_line(const DiagramSheet& sheet) {
+    return std::max(kLeastCurves, static_cast<int>(sheet.curves.size()));
+}
+
+int critical_point_place(const DiagramSheet& sheet, bool experimental) {
+    return std::max(kLeastPointSets, static_cast<int>(sheet.pointSets.size())) +
+           (experimental ? 0 : 1);
+}
+
+int store_curve(DiagramSheet& sheet, NewCurve curve, float xMax) {
+    remember(sheet, "Draw curve");
+    const int place = lowest_free(sheet.curves);
+    if (at(place) == sheet.curves.size()) {
+        add_place(sheet, Group::Curves, place);
+        sheet.curves.emplace_back();
     }
-    remember(sheet, {{saved_curve(sheet, slot)}, {}});
-
+    const CurvePoints& points = curve.points;
     std::size_t end = points.size();
-    while (end > 1 && points[end - 1].x >= sheet.request.xMax) --end;
-    if (end <= 1) end = points.size();
+    while (end > 0 && points[end - 1].x >= xMax) --end;
+    if (end == 0) end = points.size();
 
-    Series& series = chart::series_at(sheet.chart, Group::Curves, slot);
+    Series& series = chart::series_at(sheet.chart, Group::Curves, place);
     series.x.clear();
     series.y.clear();
     series.visible = true;
-    auto& z = sheet.CurveParameters[at(slot)];
-    z.fill(0);
-    const auto add = [&](const diagrams::CurvePoint& point) {
+    SheetCurve& stored = sheet.curves[at(place)];
+    stored = {};
+    const auto add = [&](const CurvePoint& point) {
         series.x.push_back(point.x);
         series.y.push_back(point.y);
-        if (series.x.size() < z.size()) z[series.x.size()] = point.z;
+        if (stored.z.size() < kMaxParameters) stored.z.push_back(point.z);
     };
-    for (std::size_t i = 1; i < end; ++i) add(points[i]);
-    if (end > 1 && end < points.size())
-        add(point_at_x(points[end - 1], points[end], sheet.request.xMax));
-    sheet.CurveMarks[at(slot)] = points.empty() ? 0 : points.front().z;
-    sheet.CurveLabels[at(slot)] = {};
-    sheet.CurveFree[at(slot)] = false;
-    ++sheet.CurveCount;
-    sheet.currentSlot = slot;
-    return slot;
+    for (std::size_t i = 0; i < end; ++i) add(points[i]);
+    if (end > 0 && end < points.size()) add(point_at_x(points[end - 1], points[end], xMax));
+    stored.parameter = curve.parameter;
+    stored.basis = std::move(curve.basis);
+    stored.source = std::move(curve.source);
+    stored.drawn = true;
+    sheet.currentPlace = place;
+    name_curve(sheet, place, curve.name);
+    name_fluids(sheet);
+    return place;
 }
 
-int store_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y) {
-    diagrams::CurvePointArray points(1);
+int store_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
+                 const std::string& legend) {
+    NewCurve curve{.name = {legend, ""}};
     for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i)
-        points.push_back({x[i], y[i], 0});
-    points[0].x = static_cast<float>(points.size() - 1);
-    return store_curve(sheet, points);
-}
-
-bool has_free_point_set(const DiagramSheet& sheet) {
-    if (lowest_free(sheet.PointSetFree) >= 0) return true;
-    dialogs::tell("Maximum " + std::to_string(kMaxPointSets) +
-                      " sets of experimental points possible\n"
-                      "Delete the experimental points if exist",
-                  "Execution not possible");
-    return false;
+        curve.points.push_back({x[i], y[i], 0});
+    return store_curve(sheet, std::move(curve), sheet.request.window.xMax);
 }
 
 int store_point_set(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
                     const std::string& legend) {
-    if (!has_free_point_set(sheet)) return -1;
-    const int slot = lowest_free(sheet.PointSetFree);
-    remember(sheet, {{}, {saved_points(sheet, slot)}});
-    Series& series = chart::series_at(sheet.chart, Group::Points, slot);
+    remember(sheet, "Add points");
+    const int place = lowest_free(sheet.pointSets);
+    if (at(place) == sheet.pointSets.size()) {
+        add_place(sheet, Group::Points, place);
+        sheet.pointSets.push_back(false);
+    }
+    Series& series = chart::series_at(sheet.chart, Group::Points, place);
     series.x = std::move(x);
     series.y = std::move(y);
     series.legend = legend;
     series.visible = true;
-    sheet.PointSetFree[at(slot)] = false;
-    ++sheet.PointSetCount;
-    return slot;
+    sheet.pointSets[at(place)] = true;
+    return place;
 }
 
-void name_curve(DiagramSheet& sheet, int slot, const std::string& legend,
-                const std::string& label) {
-    if (!is_curve(slot)) return;
-    chart::series_at(sheet.chart, Group::Curves, slot).legend = legend;
-    sheet.CurveLabels[at(slot)].text = label;
+// --------------------------------------------------------------------------------- names of fluids
+
+namespace {
+
+/// The model by which a diagram shows a fluid; empty where the database itself is shown.
+std::string model_of(const DiagramSheet& sheet, const SheetCurve& curve) {
+    const Diagram* diagram = sheet.request.diagram;
+    if (diagram == nullptr || diagram->section == Section::database) return {};
+    if (diagram->subTitle == SubTitle::vaporisation)
+        return text::trim(models::hlv_name(curve.basis.fluid.models().HLVModel));
+    return model_name(*diagram, curve.basis.fluid);
+}
+
+bool has_fluid(const SheetCurve& curve) {
+    return curve.drawn && !curve.basis.fluid.substance().Name.empty();
+}
+
+/// Which parts of their origin the curves of a sheet have to name.
+struct Distinction {
+    bool fluids = false, models = false;
+};
+
+Distinction distinction_of(const DiagramSheet& sheet) {
+    std::set<std::string> fluids, models;
+    for (const SheetCurve& curve : sheet.curves) {
+        if (!has_fluid(curve)) continue;
+        fluids.insert(curve.basis.fluid.substance().Name);
+        models.insert(model_of(sheet, curve));
+    }
+    return {fluids.size() > 1, models.size() > 1};
+}
+
+std::string origin_of(const DiagramSheet& sheet, const SheetCurve& curve, Distinction told) {
+    if (!has_fluid(curve)) return {};
+    std::vector<std::string> parts;
+    if (told.fluids) add_once(parts, curve.basis.fluid.substance().Name);
+    if (told.models) add_once(parts, model_of(sheet, curve));
+    return joined(parts, ", ");
+}
+
+/// A text behind the name of its fluid; an empty one stays empty.
+std::string behind(const std::string& origin, const std::string& text) {
+    return origin.empty() || text.empty() ? text : origin + " " + text;
+}
+
+void show_name(DiagramSheet& sheet, int place, Distinction told) {
+    SheetCurve& curve = sheet.curves[at(place)];
+    Series& series = chart::series_at(sheet.chart, Group::Curves, place);
+    const std::string origin = origin_of(sheet, curve, told);
+    const CurveName shown{behind(origin, curve.name.legend), behind(origin, curve.name.label)};
+    if (series.legend == curve.given.legend) series.legend = shown.legend;
+    if (curve.label.text == curve.given.label) curve.label.text = shown.label;
+    curve.given = shown;
+}
+
+}  // namespace
+
+void name_curve(DiagramSheet& sheet, int place, const CurveName& name) {
+    if (!is_drawn(sheet, place)) return;
+    SheetCurve& curve = sheet.curves[at(place)];
+    Series& series = chart::series_at(sheet.chart, Group::Curves, place);
+    series.legend.clear();
+    curve.label.text.clear();
+    curve.name = name;
+    curve.given = {};
+    show_name(sheet, place, distinction_of(sheet));
+}
+
+void name_fluids(DiagramSheet& sheet) {
+    const Distinction told = distinction_of(sheet);
+    std::vector<std::string> titles, notes;
+    for (std::size_t i = 0; i < sheet.curves.size(); ++i) {
+        const SheetCurve& curve = sheet.curves[i];
+        if (!curve.drawn) continue;
+        show_name(sheet, static_cast<int>(i), told);
+        if (!has_fluid(curve)) continue;
+        add_once(titles, text::trim(curve.source));
+        if (sheet.request.diagram != nullptr)
+            add_once(notes, reference_note(*sheet.request.diagram, curve.basis.reference));
+    }
+    // A sheet without a curve of a fluid keeps the footer that it was opened with.
+    if (!titles.empty()) show_footer(sheet, joined(titles, "; "), notes);
 }
 
 // ---------------------------------------------------------------------------------------- deleting
 
 void delete_curve(DiagramSheet& sheet, int number) {
-    UndoStep step;
-    for (int slot = 0; slot < kMaxCurves; ++slot) {
-        if (number != 0 && slot != number - 1) continue;
-        if (sheet.CurveFree[at(slot)]) continue;
-        step.curves.push_back(saved_curve(sheet, slot));
-        clear_curve(sheet, slot);
-    }
-    remember(sheet, std::move(step));
-    count_slots(sheet);
+    const auto chosen = [&](int place) {
+        return (number == 0 || place == number - 1) && is_drawn(sheet, place);
+    };
+    const int places = static_cast<int>(sheet.curves.size());
+    bool any = false;
+    for (int place = 0; place < places; ++place) any = any || chosen(place);
+    if (!any) return;
+    remember(sheet, number == 0 ? "Delete curves" : "Delete curve");
+    for (int place = 0; place < places; ++place)
+        if (chosen(place)) clear_curve(sheet, place);
+    name_fluids(sheet);
 }
 
 void delete_point_set(DiagramSheet& sheet, int number) {
-    UndoStep step;
-    for (int slot = 0; slot < kMaxPointSets; ++slot) {
-        if (number != 0 && slot != number - 1) continue;
-        if (sheet.PointSetFree[at(slot)]) continue;
-        step.points.push_back(saved_points(sheet, slot));
-        clear_point_set(sheet, slot);
-    }
-    remember(sheet, std::move(step));
-    count_slots(sheet);
+    const auto chosen = [&](int place) {
+        return (number == 0 || place == number - 1) && has_point_set(sheet, place);
+    };
+    const int places = static_cast<int>(sheet.pointSets.size());
+    bool any = false;
+    for (int place = 0; place < places; ++place) any = any || chosen(place);
+    if (!any) return;
+    remember(sheet, "Delete points");
+    for (int place = 0; place < places; ++place)
+        if (chosen(place)) clear_point_set(sheet, place);
 }
 
+namespace {
+
+void clear_reference_lines(DiagramSheet& sheet) {
+    auto& curves = sheet.chart.curves;
+    if (static_cast<int>(curves.size()) > first_reference_line(sheet))
+        curves.resize(at(first_reference_line(sheet)));
+}
+
+void clear_critical_point(DiagramSheet& sheet, bool experimental) {
+    chart::clear_series(sheet.chart, Group::Points, critical_point_place(sheet, experimental));
+    erase_labels(sheet, is_kind(critical(experimental)));
+}
+
+}  // namespace
+
 void delete_total(DiagramSheet& sheet) {
-    UndoStep step;
-    for (int slot = 0; slot < kMaxCurves; ++slot)
-        if (!sheet.CurveFree[at(slot)]) step.curves.push_back(saved_curve(sheet, slot));
-    for (int slot = 0; slot < kMaxPointSets; ++slot)
-        if (!sheet.PointSetFree[at(slot)]) step.points.push_back(saved_points(sheet, slot));
-    for (const SavedCurve& curve : step.curves) clear_curve(sheet, curve.slot);
-    for (const SavedPointSet& set : step.points) clear_point_set(sheet, set.slot);
-    remember(sheet, std::move(step));
-    count_slots(sheet);
-    delete_reference_lines(sheet);
-    delete_critical_point(sheet, true);
-    delete_critical_point(sheet, false);
+    if (!has_anything(sheet) && !sheet.chart.legend.shown) return;
+    remember(sheet, "Delete everything");
+    for (std::size_t i = 0; i < sheet.curves.size(); ++i)
+        if (sheet.curves[i].drawn) clear_curve(sheet, static_cast<int>(i));
+    for (std::size_t i = 0; i < sheet.pointSets.size(); ++i)
+        if (sheet.pointSets[i]) clear_point_set(sheet, static_cast<int>(i));
+    clear_reference_lines(sheet);
+    clear_critical_point(sheet, true);
+    clear_critical_point(sheet, false);
     sheet.chart.labels.clear();
     sheet.chart.legend.shown = false;
 }
 
 void delete_reference_lines(DiagramSheet& sheet) {
-    auto& curves = sheet.chart.curves;
-    if (static_cast<int>(curves.size()) > kFirstReferenceLine)
-        curves.resize(at(kFirstReferenceLine));
+    if (!has_reference_lines(sheet)) return;
+    remember(sheet, "Delete markers");
+    clear_reference_lines(sheet);
 }
 
 void delete_marker_labels(DiagramSheet& sheet) {
-    erase_labels(sheet, 0, LabelIndex::kMarkerEnd);
+    if (!has_marker_labels(sheet)) return;
+    remember(sheet, "Delete texts of the markers");
+    erase_labels(sheet, is_kind(LabelKind::marker));
 }
 
 void delete_critical_point(DiagramSheet& sheet, bool experimental) {
-    chart::clear_series(sheet.chart, Group::Points,
-                        experimental ? kCriticalExSeries : kCriticalCalcSeries);
-    const int index = experimental ? LabelIndex::kCriticalEx : LabelIndex::kCriticalCalc;
-    erase_labels(sheet, index, index + 1);
+    if (!has_critical_point(sheet, experimental)) return;
+    remember(sheet, "Delete critical point");
+    clear_critical_point(sheet, experimental);
 }
 
 void delete_curve_labels(DiagramSheet& sheet) {
-    for (CurveLabel& label : sheet.CurveLabels) label.shown = false;
-    erase_labels(sheet, LabelIndex::kFirstCurve, LabelIndex::kFirstCurve + kMaxCurves);
+    remember(sheet, "Delete curve labels");
+    for (SheetCurve& curve : sheet.curves) curve.label.shown = false;
+    erase_labels(sheet, is_kind(LabelKind::curve));
 }
 
 void delete_texts(DiagramSheet& sheet) {
-    std::erase_if(sheet.chart.labels,
-                  [](const chart::Label& l) { return l.index >= LabelIndex::kFirstText; });
+    if (!has_texts(sheet)) return;
+    remember(sheet, "Delete texts");
+    erase_labels(sheet, is_kind(LabelKind::text));
 }
 
-bool delete_single_point(DiagramSheet& sheet, int slot, int point) {
-    if (!is_curve(slot) || sheet.CurveFree[at(slot)]) return false;
-    const Series& series = chart::series_at(sheet.chart, Group::Curves, slot);
+bool delete_single_point(DiagramSheet& sheet, int place, int point) {
+    if (!is_drawn(sheet, place)) return false;
+    const Series& series = chart::series_at(sheet.chart, Group::Curves, place);
     if (series.line.pattern != chart::LinePattern::None) return false;
     if (point < 0 || point >= static_cast<int>(series.x.size())) return false;
     const std::string question = "point x =" + numbers::General(series.x[at(point)]) +
                                  ",  y =" + numbers::General(series.y[at(point)]) +
                                  " Really delete?";
     if (!dialogs::ask(question, "Delete a Curve Point")) return false;
-    remember(sheet, {{saved_curve(sheet, slot)}, {}});
-    chart::delete_point(sheet.chart, Group::Curves, slot, point);
-    auto& z = sheet.CurveParameters[at(slot)];
-    if (at(point) + 1 < z.size()) {
-        std::move(z.begin() + point + 2, z.end(), z.begin() + point + 1);
-        z.back() = 0;
-    }
+    remember(sheet, "Delete point");
+    chart::delete_point(sheet.chart, Group::Curves, place, point);
+    auto& z = sheet.curves[at(place)].z;
+    if (at(point) < z.size()) z.erase(z.begin() + point);
     return true;
 }
 
-bool Undo(DiagramSheet& sheet) {
-    if (sheet.undo.empty()) return false;
-    const UndoStep step = std::move(sheet.undo.back());
-    sheet.undo.pop_back();
-    for (const SavedCurve& curve : step.curves) {
-        clear_curve(sheet, curve.slot);
-        Series& series = chart::series_at(sheet.chart, Group::Curves, curve.slot);
-        series = curve.series;
-        sheet.CurveFree[at(curve.slot)] = curve.free;
-        sheet.CurveLabels[at(curve.slot)] = curve.label;
-        sheet.CurveMarks[at(curve.slot)] = curve.mark;
-        std::copy(curve.parameters.begin(), curve.parameters.end(),
-                  sheet.CurveParameters[at(curve.slot)].begin());
-    }
-    for (const SavedPointSet& set : step.points) {
-        chart::series_at(sheet.chart, Group::Points, set.slot) = set.series;
-        sheet.PointSetFree[at(set.slot)] = set.free;
-    }
-    count_slots(sheet);
+// -------------------------------------------------------------------------------------------- undo
+
+namespace {
+
+SheetContent content_of(const DiagramSheet& sheet) {
+    return {sheet.chart, sheet.curves, sheet.pointSets};
+}
+
+/// The content of a step; the window, which the user may have moved since, stays.
+void show_content(DiagramSheet& sheet, SheetContent content) {
+    const auto keep = [](chart::Axis& axis, const chart::Axis& now) {
+        axis.min = now.min;
+        axis.max = now.max;
+        axis.automatic = now.automatic;
+        axis.logarithmic = now.logarithmic;
+    };
+    keep(content.chart.x, sheet.chart.x);
+    keep(content.chart.y, sheet.chart.y);
+    sheet.chart = std::move(content.chart);
+    sheet.curves = std::move(content.curves);
+    sheet.pointSets = std::move(content.pointSets);
+    stretch_reference_lines(sheet);
+}
+
+/// Moves the newest step of one list to the other with what is there now.
+bool step(DiagramSheet& sheet, std::vector<UndoStep>& from, std::vector<UndoStep>& to) {
+    if (from.empty()) return false;
+    UndoStep last = std::move(from.back());
+    from.pop_back();
+    to.push_back({last.name, content_of(sheet)});
+    show_content(sheet, std::move(last.before));
     return true;
+}
+
+}  // namespace
+
+void remember(DiagramSheet& sheet, const std::string& name) {
+    sheet.redo.clear();
+    sheet.undo.push_back({name, content_of(sheet)});
+    if (sheet.undo.size() > kMostSteps) sheet.undo.erase(sheet.undo.begin());
+}
+
+bool undo(DiagramSheet& sheet) {
+    return step(sheet, sheet.undo, sheet.redo);
+}
+
+bool redo(DiagramSheet& sheet) {
+    return step(sheet, sheet.redo, sheet.undo);
 }
 
 bool has_reference_lines(const DiagramSheet& sheet) {
@@ -436,25 +602,23 @@ bool has_reference_lines(const DiagramSheet& sheet) {
 }
 
 bool has_marker_labels(const DiagramSheet& sheet) {
-    return has_labels(sheet, 0, LabelIndex::kMarkerEnd);
+    return has_labels(sheet, is_kind(LabelKind::marker));
 }
 
 bool has_critical_point(const DiagramSheet& sheet, bool experimental) {
-    const int index = experimental ? LabelIndex::kCriticalEx : LabelIndex::kCriticalCalc;
-    return has_labels(sheet, index, index + 1);
+    return has_labels(sheet, is_kind(critical(experimental)));
 }
 
 bool has_curve_labels(const DiagramSheet& sheet) {
-    return has_labels(sheet, LabelIndex::kFirstCurve, LabelIndex::kFirstCurve + kMaxCurves);
+    return has_labels(sheet, is_kind(LabelKind::curve));
 }
 
 bool has_texts(const DiagramSheet& sheet) {
-    return std::any_of(sheet.chart.labels.begin(), sheet.chart.labels.end(),
-                       [](const chart::Label& l) { return l.index >= LabelIndex::kFirstText; });
+    return has_labels(sheet, is_kind(LabelKind::text));
 }
 
 bool has_anything(const DiagramSheet& sheet) {
-    return sheet.CurveCount > 0 || sheet.PointSetCount > 0 || has_reference_lines(sheet) ||
+    return curve_count(sheet) > 0 || point_set_count(sheet) > 0 || has_reference_lines(sheet) ||
            !sheet.chart.labels.empty();
 }
 
@@ -465,7 +629,7 @@ bool set_coordinates(DiagramSheet& sheet, const chart::Window& window) {
         dialogs::tell("Lower limit has to smaller than upper limit.", "INPUT ERROR");
         return false;
     }
-    keep_coordinates(sheet, window);
+    sheet.request.window = in_single_precision(window);
     show_window(sheet, window);
     return true;
 }
@@ -474,34 +638,37 @@ void follow_window(DiagramSheet& sheet) {
     stretch_reference_lines(sheet);
 }
 
-bool Fit(DiagramSheet& sheet) {
+bool fit_window(DiagramSheet& sheet) {
     const std::optional<chart::Window> window = chart::fitting_window(sheet.chart);
     if (!window || !is_range(window->x) || !is_range(window->y)) return false;
-    keep_coordinates(sheet, *window);
+    sheet.request.window = in_single_precision(*window);
     show_window(sheet, *window);
     return true;
 }
 
 void default_coordinates(DiagramSheet& sheet) {
-    const diagrams::DiagramRequest& r = sheet.request;
-    const chart::Window window{{r.xMinDefault, r.xMaxDefault}, {r.yMinDefault, r.yMaxDefault}};
+    const chart::Window window = as_chart_window(sheet.request.proposed);
     if (is_range(window.x) && is_range(window.y)) set_coordinates(sheet, window);
 }
 
+namespace {
+
+void swap_window(CurveWindow& w) {
+    std::swap(w.xMin, w.yMin);
+    std::swap(w.xMax, w.yMax);
+}
+
+}  // namespace
+
 void change_xy(DiagramSheet& sheet) {
-    sheet.SwappedAxes = !sheet.SwappedAxes;
+    sheet.swappedAxes = !sheet.swappedAxes;
     chart::swap_axes(sheet.chart);
-    diagrams::DiagramRequest& r = sheet.request;
-    std::swap(r.xMin, r.yMin);
-    std::swap(r.xMax, r.yMax);
-    std::swap(r.xMinDefault, r.yMinDefault);
-    std::swap(r.xMaxDefault, r.yMaxDefault);
-    std::swap(r.xLabel, r.yLabel);
-    // What can be taken back keeps to the axes as they stand.
-    for (UndoStep& step : sheet.undo) {
-        for (SavedCurve& curve : step.curves) std::swap(curve.series.x, curve.series.y);
-        for (SavedPointSet& set : step.points) std::swap(set.series.x, set.series.y);
-    }
+    swap_window(sheet.request.window);
+    swap_window(sheet.request.proposed);
+    std::swap(sheet.request.texts.x, sheet.request.texts.y);
+    // What can be taken back, or made again, keeps to the axes as they stand.
+    for (auto* steps : {&sheet.undo, &sheet.redo})
+        for (UndoStep& kept : *steps) chart::swap_axes(kept.before.chart);
 }
 
 void set_logarithmic(DiagramSheet& sheet, bool xAxis, bool on) {
@@ -525,22 +692,21 @@ void set_scaling(DiagramSheet& sheet, int index, const Scaling& values) {
     y.decimals = digits(scaling.yDigits);
 }
 
-// ------------------------------------------------------------------------------------------ labels
+// ----------------------------------------------------------------------------- placing the labels
 
 void place_labels(DiagramSheet& sheet, double width, double height,
                   const chart::MeasureText& measure) {
+    auto& labels = sheet.chart.labels;
     // Labels keep out of each other's way in the order of their curves, wherever they stood before.
-    for (chart::Label& label : sheet.chart.labels)
-        if (label.index >= LabelIndex::kFirstCurve &&
-            label.index < LabelIndex::kFirstCurve + kMaxCurves)
-            label.shown = false;
-    for (int slot = 0; slot < kMaxCurves; ++slot) {
-        const CurveLabel& wanted = sheet.CurveLabels[at(slot)];
-        const int index = LabelIndex::kFirstCurve + slot;
-        auto& labels = sheet.chart.labels;
-        auto found = std::find_if(labels.begin(), labels.end(),
-                                  [&](const chart::Label& l) { return l.index == index; });
-        if (sheet.CurveFree[at(slot)] || !wanted.shown || wanted.text.empty()) {
+    for (chart::Label& label : labels)
+        if (kind_of(label) == LabelKind::curve) label.shown = false;
+    for (int place = 0; at(place) < sheet.curves.size(); ++place) {
+        const SheetCurve& curve = sheet.curves[at(place)];
+        const CurveLabel& wanted = curve.label;
+        auto found = std::find_if(labels.begin(), labels.end(), [&](const chart::Label& l) {
+            return curve_place_of(l) == place;
+        });
+        if (!curve.drawn || !wanted.shown || wanted.text.empty()) {
             if (found != labels.end()) labels.erase(found);
             continue;
         }
@@ -549,15 +715,15 @@ void place_labels(DiagramSheet& sheet, double width, double height,
             label = *found;
             labels.erase(found);
         } else {
-            label.index = index;
-            label.textColour = chart::series_at(sheet.chart, Group::Curves, slot).line.colour;
+            label.index = label_index_of_curve(place);
+            label.textColour = chart::series_at(sheet.chart, Group::Curves, place).line.colour;
         }
         label.text = wanted.text;
-        label.shown = chart::place_curve_label(sheet.chart, slot, wanted.shift, width, height,
+        label.shown = chart::place_curve_label(sheet.chart, place, wanted.shift, width, height,
                                                measure, label);
         if (!label.shown) {
             label.onPoint = true;
-            label.series = slot;
+            label.series = place;
         }
         labels.push_back(std::move(label));
     }
@@ -565,8 +731,10 @@ void place_labels(DiagramSheet& sheet, double width, double height,
 
 void add_text(DiagramSheet& sheet, const std::string& text) {
     if (text.empty()) return;
-    int index = LabelIndex::kFirstText;
-    for (const chart::Label& l : sheet.chart.labels) index = std::max(index, l.index + 1);
+    remember(sheet, "Add text");
+    int index = kFirstText;
+    for (const chart::Label& l : sheet.chart.labels)
+        if (kind_of(l) == LabelKind::text) index = std::max(index, l.index + 1);
     const chart::WindowScale scale(sheet.chart);
     chart::Label label;
     label.index = index;
@@ -576,4 +744,4 @@ void add_text(DiagramSheet& sheet, const std::string& text) {
     sheet.chart.labels.push_back(std::move(label));
 }
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

@@ -1,39 +1,36 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "chart/chart2d.h"
 #include "chart/text_measure.h"
-#include "diagrams/diagram_records.h"
+#include "diagrams/curve.h"
+#include "diagrams/diagram_request.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
-inline constexpr int kMaxCurves = 24;
-inline constexpr int kMaxPointSets = 12;
-inline constexpr int kMaxParameters = 1200;  ///< points of a curve whose parameter is kept
+inline constexpr std::size_t kMaxParameters = 1200;  ///< points of a curve whose parameter is kept
 
-/// Places of other things among the series: reference lines stand behind the curves, the critical
-/// points behind the sets of experimental points.
-inline constexpr int kFirstReferenceLine = kMaxCurves;
-inline constexpr int kCriticalExSeries = kMaxPointSets;
-inline constexpr int kCriticalCalcSeries = kMaxPointSets + 1;
+/// What a label of the chart belongs to; its index in the chart says it, in files as well.
+enum class LabelKind : std::uint8_t { none, marker, criticalEx, criticalCalc, curve, text };
 
-/// What the index of a chart label says of it; below 7 it is the text of a reference line.
-namespace LabelIndex {
+/// Markers by the index of their labels.
+namespace MarkerLabel {
 inline constexpr int kFirstT = 1;  ///< T(cr), T(triple), T(LV) at p, T(LV) at normal pressure
 inline constexpr int kFirstP = 1;  ///< p(cr), p(LV) at T, normal p
 inline constexpr int kVolume = 5, kCovolume = 6;
-inline constexpr int kMarkerEnd = 7;
-inline constexpr int kCriticalEx = 7, kCriticalCalc = 8;
-inline constexpr int kFirstCurve = 10;  ///< label of curve slot 0
-inline constexpr int kFirstText = 100;  ///< additional texts of the user
-}  // namespace LabelIndex
+}  // namespace MarkerLabel
 
-/// What a curve shows beside its series in the chart.
+LabelKind kind_of(const chart::Label& label);
+/// The index of the label of the curve at a place; -1 for any other label.
+int curve_place_of(const chart::Label& label);
+/// The index in the chart of the label of a curve, or of a critical point.
+int label_index_of_curve(int place);
+int label_index(LabelKind criticalPoint);
+
+/// The label beside a curve.
 struct CurveLabel {
     std::string text;
     bool shown = true;
@@ -41,81 +38,109 @@ struct CurveLabel {
     friend bool operator==(const CurveLabel&, const CurveLabel&) = default;
 };
 
-/// A slot as it was before a change.
-struct SavedCurve {
-    int slot = 0;
-    bool free = true;
-    chart::Series series;
-    CurveLabel label;
-    float mark = 0;
-    std::vector<float> parameters;
+/// Legend text and label of a curve.
+struct CurveName {
+    std::string legend, label;
+
+    bool operator==(const CurveName&) const = default;
 };
-struct SavedPointSet {
-    int slot = 0;
-    bool free = true;
-    chart::Series series;
+
+/// A curve of a sheet: what it was computed with, and what it shows beside the series of the chart
+/// at the same place, which holds its points and its style. The place of a deleted curve stays,
+/// with its style, for the next one.
+struct SheetCurve {
+    bool drawn = false;  ///< false: the place is free
+    Basis basis;         ///< without a substance's name for points that no fluid has given
+    Parameter parameter = Parameter::none;  ///< what z is
+    std::vector<float> z;                   ///< parameters of the first `kMaxParameters` points
+    CurveName name;                         ///< by what it holds constant, without its fluid
+    CurveName given;     ///< as it was named last; what differs was changed by the user
+    std::string source;  ///< second title of a diagram of this curve alone
+    CurveLabel label;
+};
+
+/// What can be taken back: a sheet's content before a step.
+struct SheetContent {
+    chart::Chart2D chart;
+    std::vector<SheetCurve> curves;  ///< by place
+    std::vector<bool> pointSets;     ///< by place; false: the place is free
 };
 struct UndoStep {
-    std::vector<SavedCurve> curves;
-    std::vector<SavedPointSet> points;
+    std::string name;
+    SheetContent before;
 };
 
-/// One diagram: its chart, its request, and the bookkeeping of its slots. Slots count from 0.
+/// One diagram: its chart, its curves, and the request that stands behind it. Places count from 0.
 struct DiagramSheet {
-    DiagramSheet();
-
     chart::Chart2D chart;
-    diagrams::DiagramRequest request;  ///< the coordinates are those in which curves are computed
-    double T = 298.15, p = 0, v = 0;   ///< parameters of the next curve, K, kPa, m^3/kmol
-
-    std::int16_t CurveCount = 0;
-    std::int16_t PointSetCount = 0;
-    std::array<bool, kMaxCurves> CurveFree{};
-    std::array<bool, kMaxPointSets> PointSetFree{};
-    /// z of the points 1 to 1200 of each curve; element 0 is unused.
-    std::vector<std::array<float, kMaxParameters + 1>> CurveParameters;
-    std::array<float, kMaxCurves> CurveMarks{};  ///< what z is, see diagrams::kMarkT
-    std::array<CurveLabel, kMaxCurves> CurveLabels;
-    bool SwappedAxes = false;
-    int currentSlot = -1;  ///< the slot the last curve went to; -1 before the first one
+    DiagramRequest request;
+    models::UnitChoice units;          ///< of the axes; every curve is drawn in them
+    StateParameters at{298.15, 0, 0};  ///< parameters of the next curve
+    std::vector<SheetCurve> curves;
+    std::vector<bool> pointSets;
+    bool swappedAxes = false;
+    int currentPlace = -1;  ///< the place the last curve went to; -1 before the first one
     bool manualScaling = false;
-    std::string loadedFile;  ///< path of the saved diagram that is shown, empty for none
+    std::string loadedFile;   ///< path of the saved diagram that is shown, empty for none
+    std::string givenFooter;  ///< the footer as it was given last
 
-    std::vector<UndoStep> undo;  ///< the newest last
+    std::vector<UndoStep> undo, redo;  ///< the newest last
 };
 
-/// An empty sheet for a request: window, header, footer and axis texts.
-void open_sheet(DiagramSheet& sheet, const diagrams::DiagramRequest& request);
+/// An empty sheet for a request: window, header, footer and axis texts, in the units of a basis.
+DiagramSheet open_sheet(const DiagramRequest& request, const Basis& basis,
+                        const StateParameters& at);
 
 /// The texts of the request go to header, footer and axes.
-void show_texts(DiagramSheet& sheet);
+void show_texts(DiagramSheet& sheet, const models::ReferenceState& reference);
 
 /// On which reference state and surroundings the caloric values of a diagram rest; empty for one
 /// without such values.
-std::string reference_note(std::int16_t DiagramType);
+std::string reference_note(const Diagram& diagram, const models::ReferenceState& reference);
 /// The same of any diagram: the state in which h and s are zero, the surroundings of exergies.
-std::string reference_text(bool zeroPoint, bool surroundings);
+std::string reference_text(bool zeroPoint, bool surroundings,
+                           const models::ReferenceState& reference);
 
-/// Makes the sheet the diagram of the session, and takes over what the session has for it.
-void give_to_session(const DiagramSheet& sheet);
-void take_parameters(DiagramSheet& sheet);
+/// The basis in the units of the sheet. Throws `faults::Fault` where the fluid has not what they
+/// need.
+Basis in_units_of(const DiagramSheet& sheet, const Basis& basis);
 
-/// Puts a curve into the lowest free slot; the number of the slot, or -1 after the refusal when
-/// there is none. Points from the end on that lie at or beyond `xMax` are left out, unless that
-/// would leave nothing; the line to the first of them is drawn up to the window's edge.
-int store_curve(DiagramSheet& sheet, const diagrams::CurvePointArray& points);
+// ---- What is on it
 
-/// The same for points without a parameter.
-int store_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y);
+bool is_drawn(const DiagramSheet& sheet, int place);
+bool has_point_set(const DiagramSheet& sheet, int place);
+int curve_count(const DiagramSheet& sheet);
+int point_set_count(const DiagramSheet& sheet);
+/// The place in the chart of the first reference line, behind the curves; and of the critical
+/// points, behind the sets of points.
+int first_reference_line(const DiagramSheet& sheet);
+int critical_point_place(const DiagramSheet& sheet, bool experimental);
 
-/// Puts a set of points into the lowest free slot of them; -1 after the refusal.
+/// A curve with its basis; one of points alone has none.
+struct NewCurve {
+    CurvePoints points{};
+    Parameter parameter = Parameter::none;
+    Basis basis{};
+    CurveName name{};
+    std::string source{};  ///< second title of a diagram of this curve alone
+};
+/// Puts a curve into the lowest free place, whose number it gives. Points from the end on that lie
+/// at or beyond `xMax` are left out, unless that would leave nothing; the line to the first of them
+/// is drawn up to it.
+int store_curve(DiagramSheet& sheet, NewCurve curve, float xMax);
+/// The same for points without a parameter, up to the window of the request.
+int store_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
+                 const std::string& legend);
+/// Puts a set of points into the lowest free place of them.
 int store_point_set(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
                     const std::string& legend);
-/// False, and said, when all sets of points are in use.
-bool has_free_point_set(const DiagramSheet& sheet);
 
-/// Sets legend text and label of a curve.
-void name_curve(DiagramSheet& sheet, int slot, const std::string& legend, const std::string& label);
+/// Names a curve; where the sheet has several fluids or models, these stand before.
+void name_curve(DiagramSheet& sheet, int place, const CurveName& name);
+
+/// Legend, labels and footer name the fluid and the model of each curve as soon as the sheet holds
+/// more than one. Texts that the user has changed stay.
+void name_fluids(DiagramSheet& sheet);
 
 // ---- Deleting. Numbers count from 1 as the menus do, 0 means all.
 
@@ -128,11 +153,14 @@ void delete_marker_labels(DiagramSheet& sheet);
 void delete_critical_point(DiagramSheet& sheet, bool experimental);
 void delete_curve_labels(DiagramSheet& sheet);
 void delete_texts(DiagramSheet& sheet);
-/// Asks for, and removes, a point of a curve that shows single points only.
-bool delete_single_point(DiagramSheet& sheet, int slot, int point);
+/// Deletes a point of a curve that shows single points, after a question.
+bool delete_single_point(DiagramSheet& sheet, int place, int point);
 
-/// Takes back the last added or deleted curves or sets of points; false when there is nothing.
-bool Undo(DiagramSheet& sheet);
+/// Keeps the present content as what the next undo brings back.
+void remember(DiagramSheet& sheet, const std::string& step);
+/// Takes the last step back, or makes it again; false when there is none.
+bool undo(DiagramSheet& sheet);
+bool redo(DiagramSheet& sheet);
 
 bool has_reference_lines(const DiagramSheet& sheet);
 bool has_marker_labels(const DiagramSheet& sheet);
@@ -149,7 +177,7 @@ bool set_coordinates(DiagramSheet& sheet, const chart::Window& window);
 /// The coordinates stay.
 void follow_window(DiagramSheet& sheet);
 /// The window goes to the data, as new coordinates; false without data.
-bool Fit(DiagramSheet& sheet);
+bool fit_window(DiagramSheet& sheet);
 /// The window as it was first proposed.
 void default_coordinates(DiagramSheet& sheet);
 
@@ -179,4 +207,4 @@ inline constexpr std::size_t kHeaderLine = 50, kFooterLine = 70;
 /// stays whole.
 std::string wrap_title(const std::string& title, std::size_t length);
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

@@ -4,14 +4,13 @@
 
 namespace quor::diagrams {
 
-double end_of_dome(const Curve& c) {
+double end_of_dome(const CurveFrame& c) {
     const auto triple = static_cast<double>(c.substance.ptriple);
-    const bool realOnly =
-        legacy::the_session.CurveRealRangeOnly && c.fluid.models().EOSModel > models::Eos::idealGas;
+    const bool realOnly = c.real_range_only();
     return realOnly && triple < c.substance.pcrit ? triple : 0;
 }
 
-DomeFoot foot_of_dome(const Curve& c, double lowest, double next) {
+DomeFoot foot_of_dome(const CurveFrame& c, double lowest, double next) {
     const double end = end_of_dome(c);
     const double foot = end > lowest && end < next ? end : lowest;
     DomeFoot pressures{};

@@ -13,9 +13,9 @@ inline constexpr std::size_t kFootPoints = 24;
 using DomeFoot = std::array<double, kFootPoints>;
 
 /// The foot between the lowest pass of a loop over p and the next one.
-DomeFoot foot_of_dome(const Curve& c, double lowest, double next);
+DomeFoot foot_of_dome(const CurveFrame& c, double lowest, double next);
 
 /// Pressure in kPa below which nothing is drawn: that of the triple point, or 0.
-double end_of_dome(const Curve& c);
+double end_of_dome(const CurveFrame& c);
 
 }  // namespace quor::diagrams

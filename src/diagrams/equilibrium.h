@@ -1,6 +1,5 @@
 #pragma once
 
-#include "legacy/declare.h"
 #include "models/fluid.h"
 
 /// Curve computation, process lines, grids.

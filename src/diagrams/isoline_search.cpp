@@ -95,7 +95,7 @@ double widening(F excess, double start, double size) {
 
 /// Value of a function of the stable phase, less a target.
 struct Excess {
-    const Curve& c;
+    const CurveFrame& c;
     Function function;
     double target;
 
@@ -115,7 +115,8 @@ double size_of(Function function, double T) {
 
 }  // namespace
 
-double solve_isoline(const Curve& c, Function function, double p, double value, double startT) {
+double solve_isoline(const CurveFrame& c, Function function, double p, double value,
+                     double startT) {
     if (!(p > 0) || !(startT > 0)) return 0;
     const Excess excess{c, function, value};
     const auto over_T = [&](double T) { return excess(T, p); };
@@ -124,7 +125,7 @@ double solve_isoline(const Curve& c, Function function, double p, double value, 
     return found > 0 ? found : widening(over_T, startT, size);
 }
 
-double solve_isoline_pressure(const Curve& c, Function function, double T, double value,
+double solve_isoline_pressure(const CurveFrame& c, Function function, double T, double value,
                               double startP) {
     if (!(T > 0) || !(startP > 0)) return 0;
     const Excess excess{c, function, value};

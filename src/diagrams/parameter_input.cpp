@@ -1,135 +1,135 @@
 #include "diagrams/parameter_input.h"
-#include "legacy/current_fluid.h"
 
 #include <cmath>
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
-#include "diagrams/catalogue.h"
-#include "legacy/declare.h"
 #include "models/state_solver.h"
-#include "session/module2.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 namespace {
-
-using legacy::the_session;
 
 constexpr double kMostTOrP = 1000000, kMostV = 100000;
 constexpr double kLeastT = 0.9, kLeastP = 0.001;  // K, kPa
 constexpr double kNearCovolume = 1.03;
-constexpr std::int16_t kReduced = 2;
 
-double TF() {
-    return static_cast<double>(the_session.TemperatureFactor);
+double TF(const models::Units& units) {
+    return static_cast<double>(units.T);
 }
-double PF() {
-    return static_cast<double>(the_session.PressureFactor);
-}
-
-/// Co-volume of a cubic EOS at the diagram's T, m^3/kmol; 0 for the others.
-double covolume() {
-    if (legacy::the_models.EOSOnlyV) return 0;
-    const models::StateTP state = models::solve_state_tp(
-        models::current_fluid(), the_session.DiagramT, legacy::the_substance.pcrit);
-    return state.state.eosB;
+double PF(const models::Units& units) {
+    return static_cast<double>(units.p);
 }
 
-bool take_T(double typed) {
-    if (!(typed > 0 && typed > kLeastT * TF() && typed <= kMostTOrP)) return false;
-    the_session.DiagramT = typed / TF();
-    return true;
+/// Co-volume of a cubic EOS at T/K, m^3/kmol; 0 for the others.
+double covolume(const models::Fluid& fluid, double T) {
+    if (fluid.models().EOSOnlyV) return 0;
+    return models::solve_state_tp(fluid, T, fluid.substance().pcrit).state.eosB;
 }
 
-bool take_p(double typed) {
-    if (!(typed > kLeastP * PF() && typed <= kMostTOrP)) return false;
-    the_session.DiagramP = typed / PF();
-    return true;
+std::optional<double> temperature(const models::Units& units, double typed) {
+    if (!(typed > 0 && typed > kLeastT * TF(units) && typed <= kMostTOrP)) return std::nullopt;
+    return typed / TF(units);
 }
 
-ParameterAnswer take_v(double typed) {
-    if (!(typed > 0 && typed <= kMostV)) return ParameterAnswer::Invalid;
-    const double v = typed / the_session.VolumeFactor;
-    const double b = covolume();
+std::optional<double> pressure(const models::Units& units, double typed) {
+    if (!(typed > kLeastP * PF(units) && typed <= kMostTOrP)) return std::nullopt;
+    return typed / PF(units);
+}
+
+ParameterAnswer take_volume(const Basis& basis, StateParameters at, double typed) {
+    if (!(typed > 0 && typed <= kMostV)) return {ParameterStatus::invalid, at};
+    const double v = typed / basis.VF();
+    const double b = covolume(basis.fluid, at.T);
     if (b > 0 && v <= b) {
         dialogs::tell("v < b not possible", "Execution not possible");
-        return ParameterAnswer::Refused;
+        return {ParameterStatus::refused, at};
     }
     if (b > 0 && v < kNearCovolume * b)
         dialogs::tell("There are possibly problems during calculation", "WARNING");
-    the_session.DiagramV = v;
-    return ParameterAnswer::Taken;
+    at.v = v;
+    return {ParameterStatus::taken, at};
 }
 
-std::string shown(double value, const char* plain, const std::string& unit) {
-    const bool reduced = the_session.UnitMode == kReduced;
+std::string shown(const models::Units& units, double value, const char* plain,
+                  const std::string& unit) {
+    const bool reduced = units.choice.system == models::UnitSystem::reduced;
     return numbers::Format(value, reduced ? "######0.00" : plain) +
            (reduced ? std::string() : " " + unit);
 }
 
 }  // namespace
 
-ParameterField field_of(std::int16_t sectionKind) {
-    switch (sectionKind) {
-        case kIsobaric:
-            return {"Isobar", "p = ", the_session.PressureLabel, the_session.DiagramP * PF()};
-        case kIsochoric:
-            return {"Isochore", "v = ", the_session.VolumeLabel,
-                    the_session.DiagramV * the_session.VolumeFactor};
+ParameterField field_of(Section section, const models::Units& units, const StateParameters& at) {
+    switch (section) {
+        case Section::isobaric:
+            return {"Isobar", "p = ", units.p_label, at.p * PF(units)};
+        case Section::isochoric:
+            return {"Isochore", "v = ", units.v_label, at.v * units.v};
         default:
-            return {"Isotherm", "T = ", the_session.TemperatureLabel, the_session.DiagramT * TF()};
+            return {"Isotherm", "T = ", units.T_label, at.T * TF(units)};
     }
 }
 
-std::string shown_parameter(std::int16_t sectionKind) {
-    switch (sectionKind) {
-        case kIsothermal:
-            return "T = " + shown(the_session.DiagramT * TF(), "####0.0", "K");
-        case kIsobaric:
-            return "p = " + shown(the_session.DiagramP * PF(), "#####0.0##", "kPa");
-        case kIsochoric:
-            return "v = " + shown(the_session.DiagramV * the_session.VolumeFactor, "####0.0####",
-                                  the_session.VolumeLabel);
+std::string shown_parameter(Section section, const models::Units& units,
+                            const StateParameters& at) {
+    switch (section) {
+        case Section::isothermal:
+            return "T = " + shown(units, at.T * TF(units), "####0.0", "K");
+        case Section::isobaric:
+            return "p = " + shown(units, at.p * PF(units), "#####0.0##", "kPa");
+        case Section::isochoric:
+            return "v = " + shown(units, at.v * units.v, "####0.0####", units.v_label);
         default:
             return {};
     }
 }
 
-ParameterAnswer take_parameter(std::int16_t sectionKind, double typed) {
-    if (!std::isfinite(typed)) return ParameterAnswer::Invalid;
-    if (sectionKind == kIsochoric) {
-        const ParameterAnswer answer = take_v(typed);
-        if (answer != ParameterAnswer::Taken) return answer;
-    } else if (sectionKind == kIsobaric ? !take_p(typed) : !take_T(typed)) {
-        return ParameterAnswer::Invalid;
-    }
-    the_session.CaloricFactor =
-        session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
-    return ParameterAnswer::Taken;
+ParameterAnswer take_parameter(Section section, const Basis& basis, const StateParameters& before,
+                               double typed) {
+    StateParameters at = before;
+    if (!std::isfinite(typed)) return {ParameterStatus::invalid, at};
+    if (section == Section::isochoric) return take_volume(basis, at, typed);
+    const bool isobaric = section == Section::isobaric;
+    const auto value = isobaric ? pressure(basis.units, typed) : temperature(basis.units, typed);
+    if (!value) return {ParameterStatus::invalid, at};
+    (isobaric ? at.p : at.T) = *value;
+    return {ParameterStatus::taken, at};
 }
 
-std::string take_range(std::int16_t sectionKind, double fixed, double start, double end) {
-    const bool runsInT = sectionKind == kIsobaric;
+namespace {
+
+std::string refuse_range(double fixed, double start, double end) {
     for (const double value : {fixed, start, end}) {
         if (!std::isfinite(value)) return "Input incomplete or not valid";
         if (!(value > 0)) return "specificated p and T have to be > 0";
         if (value > kMostTOrP) return "Input incomplete or not valid";
     }
-    if (start == end) return "specification of the range is not valid ";
-    const double factor = runsInT ? TF() : PF();
-    const bool taken = runsInT ? take_p(fixed) : take_T(fixed);
-    if (!taken) return "Input incomplete or not valid";
-    legacy::the_processLine.RangeIsT = runsInT ? 1 : 0;
-    legacy::the_processLine.RangeStart = start / factor;
-    legacy::the_processLine.RangeEnd = end / factor;
-    the_session.CaloricFactor =
-        session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
-    return {};
+    return start == end ? "specification of the range is not valid " : std::string();
+}
+
+}  // namespace
+
+RangeAnswer take_range(Section section, const models::Units& units, const StateParameters& before,
+                       const ProcessLine& range, double fixed, double start, double end) {
+    RangeAnswer answer{before, range, refuse_range(fixed, start, end)};
+    if (!answer.refusal.empty()) return answer;
+    const bool runsInT = section == Section::isobaric;
+    const auto value = runsInT ? pressure(units, fixed) : temperature(units, fixed);
+    if (!value) {
+        answer.refusal = "Input incomplete or not valid";
+        return answer;
+    }
+    (runsInT ? answer.at.p : answer.at.T) = *value;
+    const double factor = runsInT ? TF(units) : PF(units);
+    answer.range.rangeIsT = runsInT;
+    answer.range.rangeStart = start / factor;
+    answer.range.rangeEnd = end / factor;
+    return answer;
 }
 
 bool is_vapour_fraction(double fraction) {
     return std::isfinite(fraction) && fraction >= 0 && fraction <= 1;
 }
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

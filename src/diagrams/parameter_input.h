@@ -1,35 +1,54 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
-/// The input of the parameter of the next curve, and of the range of a function-function diagram.
-namespace quor::Module9 {
+#include "diagrams/diagram.h"
+#include "diagrams/process.h"
 
-/// Caption, unit and present value of the input, by the section kind of `legacy::the_diagram`.
+/// The input of the parameter of the next curve, and of the range of a function-function diagram.
+namespace quor::diagrams {
+
+/// Caption, unit and present value of the input of a section.
 struct ParameterField {
     std::string heading;  ///< what kind of curve the value belongs to
     std::string caption;
     std::string unit;
     double value = 0;  ///< in displayed units
 };
-ParameterField field_of(std::int16_t sectionKind);
+ParameterField field_of(Section section, const models::Units& units, const StateParameters& at);
 
-/// The value in the line of captions of the diagram.
-std::string shown_parameter(std::int16_t sectionKind);
+/// The value in the line of captions of the diagram; empty for a section without one.
+std::string shown_parameter(Section section, const models::Units& units, const StateParameters& at);
 
 inline constexpr auto kInvalidParameter = "this input not within valid range!";
 
-/// Takes a typed value, in displayed units, into the session. False when it is out of range (the
-/// input says `kInvalidParameter`) or refused by a box.
-enum class ParameterAnswer : std::uint8_t { Taken, Invalid, Refused };
-ParameterAnswer take_parameter(std::int16_t sectionKind, double typed);
+enum class ParameterStatus : std::uint8_t {
+    taken,
+    invalid,  ///< out of range; the input says `kInvalidParameter`
+    refused,  ///< by a box
+};
+/// What a typed value, in displayed units, makes of the parameters; unchanged unless it is taken.
+struct ParameterAnswer {
+    ParameterStatus status = ParameterStatus::invalid;
+    StateParameters at;
+};
+ParameterAnswer take_parameter(Section section, const Basis& basis, const StateParameters& before,
+                               double typed);
 
-/// Range of a function-function diagram in displayed units: the fixed parameter, and start and end
-/// of the running one. Empty text: taken into the session; else the reason of the refusal.
-std::string take_range(std::int16_t sectionKind, double fixed, double start, double end);
+/// Range of a function-function diagram: the fixed parameter and the range, or why they are
+/// refused.
+struct RangeAnswer {
+    StateParameters at;
+    ProcessLine range;
+    std::string refusal;  ///< empty: taken
+};
+/// Values in displayed units: the fixed parameter, and start and end of the running one.
+RangeAnswer take_range(Section section, const models::Units& units, const StateParameters& before,
+                       const ProcessLine& range, double fixed, double start, double end);
 
 /// A vapour fraction; false outside 0 to 1.
 bool is_vapour_fraction(double fraction);
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

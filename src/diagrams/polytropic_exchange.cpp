@@ -1,5 +1,4 @@
 #include "diagrams/polytropic_exchange.h"
-#include "legacy/wrappers.h"
 
 #include <algorithm>
 #include <array>
@@ -15,15 +14,12 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "common/whole_file.h"
-#include "models/caloric.h"
+#include "diagrams/caloric_functions.h"
+#include "models/model_codes.h"
 #include "models/parameter_program.h"
 #include "models/state_solver.h"
-#include "session/module2.h"
 
 namespace quor::diagrams {
-
-using legacy::the_processLine;
-using legacy::the_session;
 
 namespace {
 
@@ -31,23 +27,8 @@ namespace fs = std::filesystem;
 
 constexpr double kMissing = 1e37;       // a value above it stands for none
 constexpr std::size_t kHeadValues = 2;  // before the count of points
-constexpr std::size_t kProcessValues =
-    std::tuple_size_v<decltype(the_processLine.PolytropicValues)>;
+constexpr std::size_t kProcessValues = std::tuple_size_v<decltype(ProcessLine::polytropicValues)>;
 constexpr std::size_t kMostPoints = 32767;
-
-/// Diagrams by groups: sections, functions over T at constant p and at constant v, over p, over v,
-/// and pairs of functions.
-struct Numbered {
-    std::int16_t code;
-    int number;
-};
-constexpr auto kNumbers = std::to_array<Numbered>({
-    {1, 1},    {2, 2},    {26, 3},   {3, 4},    {4, 5},    {5, 6},    {15, 10},
-    {16, 11},  {17, 12},  {18, 13},  {19, 14},  {34, 15},  {181, 21}, {182, 22},
-    {183, 23}, {184, 24}, {185, 25}, {150, 31}, {151, 32}, {152, 33}, {153, 34},
-    {154, 35}, {156, 41}, {157, 42}, {158, 43}, {159, 44}, {160, 45}, {107, 51},
-    {24, 52},  {109, 61}, {23, 62},  {21, 71},  {22, 72},
-});
 
 /// The lines of the request, one value each.
 class Lines {
@@ -66,17 +47,15 @@ class Lines {
     std::string out_;
 };
 
-double start_volume() {
-    constexpr std::int16_t kLiquid = 0;
-    const models::StateTP state = models::SolveStateTP(the_processLine.T1, the_processLine.p1);
+double start_volume(const models::Fluid& fluid, const ProcessLine& line) {
+    const models::StateTP state = models::solve_state_tp(fluid, line.T1, line.p1);
     if (state.status != kSuccess) return 0;
-    const double first = the_processLine.Phase == kLiquid ? state.vL : state.vV;
+    const double first = line.vapour ? state.vV : state.vL;
     return first > 0 ? first : std::fmax(state.vL, state.vV);
 }
 
-/// h, s, g, u, a, both exergies, cp, cV in the unit of the session, and the speed of sound.
-void add_functions(Lines& lines, const models::StateValues& z) {
-    const double factor = session::caloric_factor_of(the_session.CaloricUnit, the_processLine.T1);
+/// h, s, g, u, a, both exergies, cp, cV in the unit of the basis, and the speed of sound.
+void add_functions(Lines& lines, double factor, const models::StateValues& z) {
     for (const double value : {z.h, z.s, z.g, z.u, z.a, z.eH, z.eU, z.cp, z.cv})
         lines.add(value * factor);
     lines.add(z.w);
@@ -84,10 +63,9 @@ void add_functions(Lines& lines, const models::StateValues& z) {
 
 /// The fugacity and the derivatives, per unit of mass: a derivative with respect to v takes the
 /// factor M, one of v the factor 1/M.
-void add_derivatives(Lines& lines, const models::StateValues& z) {
-    const auto M = static_cast<double>(legacy::the_substance.M);
+void add_derivatives(Lines& lines, double M, double p, const models::StateValues& z) {
     const models::PhaseTable& t = z.table;
-    lines.add(the_processLine.p1 * std::exp(t.residual[models::LnPhi]));
+    lines.add(p * std::exp(t.residual[models::LnPhi]));
     lines.add(M * t.first[1]);
     lines.add(t.first[2]);
     lines.add(M > 0 ? t.first[3] / M : 0);
@@ -101,54 +79,48 @@ void add_derivatives(Lines& lines, const models::StateValues& z) {
 
 }  // namespace
 
-int polytropic_diagram_number(std::int16_t DiagramType) {
-    for (const Numbered& row : kNumbers)
-        if (row.code == DiagramType) return row.number;
-    return 0;
-}
-
-std::string polytropic_request_text() {
-    constexpr std::int16_t kSpecificUnit = 3;
-    const diagrams::ProcessLineRecord& r = the_processLine;
-    const double v = start_volume();
-    const models::StateValues z = models::StateFunctions(r.T1, r.p1, v);
+std::string polytropic_request_text(const Basis& basis, const PolytropicTask& task) {
+    const ProcessLine& r = task.line;
+    const models::UnitChoice& units = basis.units.choice;
+    const double v = start_volume(basis.fluid, r);
+    const models::StateValues z = CaloricFunctions(basis)(r.T1, r.p1, v);
 
     Lines lines;
-    lines.add(r.IdealGasEquation ? 0 : 1);
-    lines.add(legacy::the_substance.Name);
-    lines.add(static_cast<int>(legacy::the_models.EOSModel));
-    lines.add(the_session.CaloricUnit == kSpecificUnit ? 0 : 1);
-    lines.add(r.PolytropicMode == 1 ? 1 : 2);
-    lines.add(r.Heterogeneous ? 1 : 0);
-    lines.add(r.EndToBegin ? 1 : 0);
-    lines.add(polytropic_diagram_number(r.BaseDiagramType));
-    lines.add(static_cast<int>(the_session.PointsPerCurve));
-    lines.add(static_cast<int>(the_session.UnitMode));
-    lines.add(static_cast<double>(legacy::the_substance.M));
+    lines.add(r.idealGasEquation ? 0 : 1);
+    lines.add(basis.fluid.substance().Name);
+    lines.add(static_cast<int>(models::code_of(basis.fluid.models().EOSModel)));
+    lines.add(units.caloric == models::CaloricUnit::specific ? 0 : 1);
+    lines.add(r.polytropicMode == 1 ? 1 : 2);
+    lines.add(r.heterogeneous ? 1 : 0);
+    lines.add(r.endToBegin ? 1 : 0);
+    lines.add(task.diagram != nullptr ? task.diagram->exchange : 0);
+    lines.add(task.options.points);
+    lines.add(static_cast<int>(units.system));
+    lines.add(basis.M());
     lines.add(r.T1);
     lines.add(r.p1);
-    lines.add(r.RangeStart);
-    lines.add(r.RangeEnd);
-    lines.add(v * the_session.VolumeFactor);
+    lines.add(r.rangeStart);
+    lines.add(r.rangeEnd);
+    lines.add(v * basis.VF());
     lines.add(v);
     lines.zeros(3);
-    lines.add(static_cast<int>(r.Phase));
-    lines.add(static_cast<int>(r.RangeIsT));
+    lines.add(r.vapour ? 1 : 0);
+    lines.add(r.rangeIsT ? 1 : 0);
     lines.zeros(1);
-    lines.add(r.PolytropicExponent);
-    lines.add(r.Kappa);
+    lines.add(r.polytropicExponent);
+    lines.add(r.kappa);
     for (const float value : {r.x1, r.y1, r.x2, r.y2}) lines.add(static_cast<double>(value));
-    add_functions(lines, z);
-    add_derivatives(lines, z);
+    add_functions(lines, basis.caloric(r.T1), z);
+    add_derivatives(lines, basis.M(), r.p1, z);
     return lines.text();
 }
 
 namespace {
 
 /// A number of a field; a decimal comma counts where it does not separate the fields.
-std::optional<double> number_of(std::string_view field) {
+std::optional<double> number_of(std::string_view field, char separator) {
     std::string s = text::trim(field);
-    if (the_session.CsvSeparator != ',') s = numbers::comma_to_point(s);
+    if (separator != ',') s = numbers::comma_to_point(s);
     if (s.starts_with('+')) s.erase(0, 1);
     double value = 0;
     const auto [end, error] = std::from_chars(s.data(), s.data() + s.size(), value);
@@ -159,17 +131,18 @@ std::optional<double> number_of(std::string_view field) {
 }
 
 /// A field of a point: empty or above the limit is a value that is missing.
-std::optional<double> point_value(std::string_view field) {
+std::optional<double> point_value(std::string_view field, char separator) {
     constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
     if (text::trim(field).empty()) return kNone;
-    const std::optional<double> value = number_of(field);
+    const std::optional<double> value = number_of(field, separator);
     if (value && !(*value <= kMissing)) return kNone;
     return value;
 }
 
 /// The numbers at the head of the answer, read as free fields over as many lines as they take.
 std::optional<std::vector<double>> take_free_fields(const std::vector<std::string>& lines,
-                                                    std::size_t& next, std::size_t wanted) {
+                                                    std::size_t& next, std::size_t wanted,
+                                                    char separator) {
     std::vector<double> values;
     while (values.size() < wanted) {
         if (next >= lines.size()) return std::nullopt;
@@ -178,7 +151,7 @@ std::optional<std::vector<double>> take_free_fields(const std::vector<std::strin
             if (c == ',' || c == '\t' || c == ';') c = ' ';
         for (const std::string& item : text::split(line, ' ')) {
             if (item.empty()) continue;
-            const std::optional<double> value = number_of(item);
+            const std::optional<double> value = number_of(item, separator);
             if (!value || values.size() == wanted) return std::nullopt;
             values.push_back(*value);
         }
@@ -186,11 +159,11 @@ std::optional<std::vector<double>> take_free_fields(const std::vector<std::strin
     return values;
 }
 
-std::optional<diagrams::PolytropicPoint> point_of(const std::string& line) {
-    diagrams::PolytropicPoint point;
+std::optional<PolytropicPoint> point_of(const std::string& line, char separator) {
+    PolytropicPoint point;
     std::size_t column = 0;
-    for (const std::string& field : text::split(line, the_session.CsvSeparator)) {
-        const std::optional<double> value = point_value(field);
+    for (const std::string& field : text::split(line, separator)) {
+        const std::optional<double> value = point_value(field, separator);
         if (!value) return std::nullopt;
         if (column == 0) point.T = *value;
         if (column == 1) point.p = *value;
@@ -203,30 +176,31 @@ std::optional<diagrams::PolytropicPoint> point_of(const std::string& line) {
 
 }  // namespace
 
-bool take_polytropic_answer(std::string_view content) {
+std::optional<ProcessLine> take_polytropic_answer(std::string_view content, const ProcessLine& line,
+                                                  char csvSeparator) {
     const std::vector<std::string> lines = text::Lines(content);
     std::size_t next = 0;
-    const auto head = take_free_fields(lines, next, kHeadValues + 1 + kProcessValues);
-    if (!head) return false;
+    const auto head = take_free_fields(lines, next, kHeadValues + 1 + kProcessValues, csvSeparator);
+    if (!head) return std::nullopt;
     const double count = (*head)[kHeadValues];
-    if (!(count >= 0 && count <= static_cast<double>(kMostPoints))) return false;
+    if (!(count >= 0 && count <= static_cast<double>(kMostPoints))) return std::nullopt;
 
-    std::vector<diagrams::PolytropicPoint> points;
+    ProcessLine answered = line;
+    std::vector<PolytropicPoint>& points = answered.polytropicPoints;
+    points.clear();
     for (; next < lines.size() && points.size() < static_cast<std::size_t>(count); ++next) {
         if (text::trim(lines[next]).empty()) continue;
-        std::optional<diagrams::PolytropicPoint> point = point_of(lines[next]);
-        if (!point) return false;
+        std::optional<PolytropicPoint> point = point_of(lines[next], csvSeparator);
+        if (!point) return std::nullopt;
         points.push_back(std::move(*point));
     }
-    if (points.size() < static_cast<std::size_t>(count)) return false;
-    std::copy_n(head->end() - kProcessValues, kProcessValues,
-                the_processLine.PolytropicValues.begin());
-    legacy::the_polytropicPoints = std::move(points);
-    return true;
+    if (points.size() < static_cast<std::size_t>(count)) return std::nullopt;
+    std::copy_n(head->end() - kProcessValues, kProcessValues, answered.polytropicValues.begin());
+    return answered;
 }
 
-PolytropicRunner& polytropic_runner() {
-    static PolytropicRunner runner{
+PolytropicRunner real_runner() {
+    return {
         .start =
             [](const std::string& program, const std::string& folder) {
                 return models::run_program(program, folder, std::chrono::milliseconds(0));
@@ -237,13 +211,11 @@ PolytropicRunner& polytropic_runner() {
                 return true;
             },
     };
-    return runner;
 }
 
 namespace {
 
-PolytropicCode wait_for(const fs::path& mark) {
-    const PolytropicRunner& runner = polytropic_runner();
+PolytropicCode wait_for(const fs::path& mark, const PolytropicRunner& runner) {
     const auto end = std::chrono::steady_clock::now() + runner.limit;
     std::error_code ignored;
     while (!fs::exists(mark, ignored)) {
@@ -253,34 +225,41 @@ PolytropicCode wait_for(const fs::path& mark) {
     return PolytropicCode::kDone;
 }
 
+PolytropicOutcome failed(ProcessLine line, PolytropicCode code) {
+    line.polytropicPoints.clear();
+    return {code, std::move(line)};
+}
+
 }  // namespace
 
-PolytropicCode run_polytrope() {
-    legacy::the_polytropicPoints.clear();
-    const std::string name = kPolytropicProgram;
-    if (!session::file_exists(name)) {
-        dialogs::tell("File " + name + " not found in in QUOR directory", "Execution not possible");
-        return PolytropicCode::kMissingProgram;
+PolytropicOutcome run_polytrope(const Basis& basis, const PolytropicTask& task,
+                                const PolytropicPlace& place, const PolytropicRunner& runner) {
+    if (place.program.empty()) {
+        dialogs::tell("File " + std::string(kPolytropicProgram) + " not found in in QUOR directory",
+                      "Execution not possible");
+        return failed(task.line, PolytropicCode::kMissingProgram);
     }
-    const fs::path folder = session::write_folder();
-    const fs::path answer = folder / "FROM_DAL.DAT", mark = folder / "WRITEEND.END";
-    const std::string request = text::to_ansi(polytropic_request_text());
-    if (!datafiles::write_whole(folder / "TO_DAL.DAT", request).empty()) {
+    const fs::path answer = place.folder / "FROM_DAL.DAT", mark = place.folder / "WRITEEND.END";
+    const std::string request = text::to_ansi(polytropic_request_text(basis, task));
+    if (!datafiles::write_whole(place.folder / "TO_DAL.DAT", request).empty()) {
         dialogs::tell("error to_DAL", "Execution not possible");
-        return PolytropicCode::kNotWritten;
+        return failed(task.line, PolytropicCode::kNotWritten);
     }
-    const session::BusyPointer busy;
+    const dialogs::BusyPointer busy;
     std::error_code ignored;
     fs::remove(answer, ignored);
     fs::remove(mark, ignored);
-    const std::string program = fs::absolute(session::find_file(name)).string();
-    if (!polytropic_runner().start || !polytropic_runner().start(program, folder.string()))
-        return PolytropicCode::kNotStarted;
-    if (const PolytropicCode waited = wait_for(mark); waited != PolytropicCode::kDone)
-        return waited;
+    const std::string program = fs::absolute(place.program).string();
+    if (!runner.start || !runner.start(program, place.folder.string()))
+        return failed(task.line, PolytropicCode::kNotStarted);
+    if (const PolytropicCode waited = wait_for(mark, runner); waited != PolytropicCode::kDone)
+        return failed(task.line, waited);
     const datafiles::FileContent content = datafiles::read_whole(answer);
-    const bool taken = content.error.empty() && take_polytropic_answer(content.bytes);
-    return taken ? PolytropicCode::kDone : PolytropicCode::kUnreadable;
+    std::optional<ProcessLine> taken;
+    if (content.error.empty())
+        taken = take_polytropic_answer(content.bytes, task.line, task.csvSeparator);
+    if (!taken) return failed(task.line, PolytropicCode::kUnreadable);
+    return {PolytropicCode::kDone, std::move(*taken)};
 }
 
 }  // namespace quor::diagrams

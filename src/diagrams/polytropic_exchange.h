@@ -1,11 +1,12 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
 
-#include "legacy/declare.h"
+#include "diagrams/curve.h"
 
 /// The exchange with the separate program that computes polytropic processes, through the files
 /// TO_DAL.DAT, FROM_DAL.DAT and WRITEEND.END.
@@ -13,7 +14,7 @@ namespace quor::diagrams {
 
 inline constexpr auto kPolytropicProgram = "POLYTROPEN_1.EXE";
 
-/// How the program is started and waited for. The desktop program installs a `pass` that keeps its
+/// How the program is started and waited for. The desktop program gives a `pass` that keeps its
 /// window alive, tests a stand-in for the program.
 struct PolytropicRunner {
     /// Starts a program in a folder and comes back at once; false when it cannot be started.
@@ -22,8 +23,8 @@ struct PolytropicRunner {
     std::function<bool()> pass;
     std::chrono::milliseconds limit{50000};  ///< how long the answer may take
 };
-/// The runner in use; at first a real child process and a short sleep.
-PolytropicRunner& polytropic_runner();
+/// The runner that starts a real child process and sleeps a little between two looks.
+PolytropicRunner real_runner();
 
 /// What became of a run.
 enum class PolytropicCode : std::int16_t {
@@ -36,17 +37,34 @@ enum class PolytropicCode : std::int16_t {
     kMissingProgram = 10,  ///< told; no file was touched
 };
 
-/// Asks the program for the process of `legacy::the_processLine` and takes its answer into
-/// `legacy::the_polytropicPoints` and `PolytropicValues`. On any failure the points are empty.
-PolytropicCode run_polytrope();
+/// Where the program and its files lie.
+struct PolytropicPlace {
+    std::filesystem::path program;  ///< empty: it was not found
+    std::filesystem::path folder;   ///< of the files of the exchange
+};
 
-/// The text of TO_DAL.DAT: one value a line, for the process of `legacy::the_processLine`.
-std::string polytropic_request_text();
+/// What is asked: a process in a diagram.
+struct PolytropicTask {
+    const Diagram* diagram = nullptr;  ///< nullptr: none is open
+    ProcessLine line{};
+    CurveOptions options{};
+    char csvSeparator = ';';
+};
 
-/// Reads the text of FROM_DAL.DAT into the session; false, and nothing taken, when it is garbled.
-bool take_polytropic_answer(std::string_view text);
+/// What came of a run. On any failure the line has no points.
+struct PolytropicOutcome {
+    PolytropicCode code = PolytropicCode::kDone;
+    ProcessLine line;
+};
+/// Asks the program for the process of a task and takes its answer into the line.
+PolytropicOutcome run_polytrope(const Basis& basis, const PolytropicTask& task,
+                                const PolytropicPlace& place, const PolytropicRunner& runner);
 
-/// Number of a diagram in the list of the program; 0 when it has none.
-int polytropic_diagram_number(std::int16_t DiagramType);
+/// The text of TO_DAL.DAT: one value a line.
+std::string polytropic_request_text(const Basis& basis, const PolytropicTask& task);
+
+/// The line with the states and values of the text of FROM_DAL.DAT; nothing when it is garbled.
+std::optional<ProcessLine> take_polytropic_answer(std::string_view text, const ProcessLine& line,
+                                                  char csvSeparator);
 
 }  // namespace quor::diagrams

@@ -1,106 +1,59 @@
 #include "diagrams/prepare_2d.h"
 
-#include <exception>
-
 #include "common/constants.h"
-#include "common/dialogs.h"
 #include "common/numbers.h"
-#include "diagrams/catalogue.h"
-#include "diagrams/coordinates.h"
-#include "session/module2.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 namespace {
 
 using constants::kPresent;
-using diagrams::DiagramRequest;
-using legacy::the_session;
 
-constexpr std::uint8_t kRangeOfFunctions = 7;  // `ProcessLineRecord::Kind`
-
-void settle_state_parameters(std::int16_t code) {
-    const models::SubstanceRecord& s = legacy::the_substance;
-    diagrams::CoordinateDefaults& d = legacy::the_coordinates;
-    if (the_session.NewSubstanceDiagram) {
-        the_session.DiagramT = s.Tcrit;
-        d.TMax =
-            numbers::to_single(s.Tcrit * 1.1 * static_cast<double>(the_session.TemperatureFactor));
-        d.pMax =
-            numbers::to_single(s.pcrit * 1.6 * static_cast<double>(the_session.PressureFactor));
-    }
-    if (the_session.NewSubstanceDiagram || the_session.DiagramP == s.pcrit) {
-        const bool nearNormalPressure = code >= 13 && code <= 99;
-        the_session.DiagramV = 0;
-        the_session.DiagramP = nearNormalPressure ? constants::kNormalPressure : s.pcrit;
-    }
-    the_session.NewSubstanceDiagram = false;
-
-    if (the_session.DiagramV < kPresent) {
-        the_session.DiagramV = legacy::the_eosParameters.vcritCalc;
-        if (the_session.DiagramV < kPresent) the_session.DiagramV = s.vcritExp;
-        if (the_session.DiagramV < kPresent) the_session.DiagramV = 2.0;
-    }
+void begin_at_critical_point(DiagramStart& start, const Basis& basis) {
+    const models::SubstanceRecord& s = basis.fluid.substance();
+    start.at.T = s.Tcrit;
+    start.limits.TMax = numbers::to_single(s.Tcrit * 1.1 * basis.TF());
+    start.limits.pMax = numbers::to_single(s.pcrit * 1.6 * basis.PF());
 }
 
-void call(const std::function<void()>& view) {
-    if (view) view();
+double first_volume(const models::Fluid& fluid) {
+    constexpr double kWithoutData = 2.0;
+    if (fluid.eos().vcritCalc >= kPresent) return fluid.eos().vcritCalc;
+    return fluid.substance().vcritExp >= kPresent ? fluid.substance().vcritExp : kWithoutData;
 }
 
-void open_views(const DiagramRequest& request) {
-    const Diagram2DViews& views = views2_d();
-    call(views.openDiagram);
-    if (request.sectionKind == kDatabase) {
-        if (views.showDatabaseFunction)
-            views.showDatabaseFunction(request.validityLow, request.validityHigh);
-        return;
+void settle_parameters(DiagramStart& start, const Diagram& diagram, const Basis& basis) {
+    const models::SubstanceRecord& s = basis.fluid.substance();
+    if (start.newSubstance) begin_at_critical_point(start, basis);
+    if (start.newSubstance || start.at.p == s.pcrit) {
+        start.at.v = 0;
+        start.at.p = diagram.startsAtNormalPressure ? constants::kNormalPressure : s.pcrit;
     }
-    if (request.sectionKind != kProjection) {
-        if (request.axisPair == "yy") {
-            legacy::the_processLine.Kind = kRangeOfFunctions;
-            call(views.openRangeInput);
-        } else {
-            call(views.openParameterInput);
-        }
-    }
-    the_session.TieLineRequested = false;
+    start.newSubstance = false;
+    if (start.at.v < kPresent) start.at.v = first_volume(basis.fluid);
 }
 
 }  // namespace
 
-Diagram2DViews& views2_d() {
-    static Diagram2DViews views;
-    return views;
+PreparedDiagram prepare_diagram(const Diagram& diagram, const Basis& basis, DiagramStart start) {
+    settle_parameters(start, diagram, basis);
+    const ProposedWindow proposed = proposed_window(diagram, basis, start.limits);
+    return {{.diagram = &diagram,
+             .proposed = proposed.window,
+             .window = proposed.window,
+             .texts = texts_of(diagram, basis, proposed.validity),
+             .validity = proposed.validity},
+            start};
+}
+
+DiagramInput input_of(const Diagram& diagram) {
+    if (diagram.section == Section::database) return DiagramInput::validity;
+    if (diagram.section == Section::projection) return DiagramInput::none;
+    return diagram.axisPair == "yy" ? DiagramInput::range : DiagramInput::parameter;
 }
 
 std::string view_caption(const DiagramRequest& request) {
-    return " Type of Diagram: " + request.title;
+    return " Type of Diagram: " + request.texts.title;
 }
 
-void prepare_diagram2_d(DiagramRequest& request) {
-    try {
-        the_session.CurveModelName = CurveModelName(request.DiagramType);
-        session::refresh_units();
-        settle_state_parameters(request.DiagramType);
-        the_session.CaloricFactor =
-            session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
-        fill_diagram_window(legacy::the_coordinates, request);
-        FillTexts(request);
-        the_session.DiagramIsProjection = request.sectionKind == kProjection;
-        open_views(request);
-    } catch (const std::exception&) {
-        dialogs::tell(
-            "The registration of the 2D graph module \\...\\olch8x2.ocx during the installation "
-            "process failed.\nPlease carry out the registration manually (c.f. our website)",
-            "Execution not possible");
-    }
-}
-
-void open_diagram2_d() {
-    const OpeningAnswer answer = AnswerOf(legacy::the_diagram);
-    if (!answer.text.empty())
-        dialogs::tell(answer.text, answer.opens ? "Note" : "Execution not possible");
-    if (answer.opens) prepare_diagram2_d(legacy::the_diagram);
-}
-
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

@@ -3,31 +3,39 @@
 #include <functional>
 #include <string>
 
-#include "legacy/declare.h"
+#include "diagrams/coordinates.h"
+#include "diagrams/diagram_request.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
-/// The views that the preparation opens; the program installs them, tests install records of the
-/// calls. An empty function opens nothing.
-struct Diagram2DViews {
-    std::function<void()> openDiagram;         ///< `DiagramWindow`, on `legacy::the_diagram`
-    std::function<void()> openParameterInput;  ///< `CurveParameterDialog`
-    std::function<void()> openRangeInput;      ///< `ProcessLineDialog`, for its kind 7
-    /// Draws the curve of a database function between two temperatures in K.
-    std::function<void(float low, float high)> showDatabaseFunction;
+/// With what the next diagram begins: the parameters of the last curve and the limits of the
+/// quantities.
+struct DiagramStart {
+    StateParameters at{298.15, 0, 0};
+    CoordinateDefaults limits{};
+    bool newSubstance = true;  ///< no diagram of the substance was opened yet
 };
-Diagram2DViews& views2_d();
 
-/// Fills the request for its `DiagramType`, `sectionKind` and `axisPair`: state parameters of the
-/// session, window, texts. Then opens the diagram and the input that belongs to it. A fault while
-/// the view opens is told.
-void prepare_diagram2_d(diagrams::DiagramRequest& request);
+/// A diagram that is ready to open.
+struct PreparedDiagram {
+    DiagramRequest request{};
+    DiagramStart start{};
+};
 
-/// The menu command: says what has to be said of `legacy::the_diagram`, and prepares it unless that
-/// was a refusal.
-void open_diagram2_d();
+/// Window and texts of a diagram, and its first parameters: those of the last one, for a new
+/// substance its critical point.
+PreparedDiagram prepare_diagram(const Diagram& diagram, const Basis& basis, DiagramStart start);
+
+/// The input that a diagram opens with.
+enum class DiagramInput : std::uint8_t {
+    none,
+    parameter,
+    range,     ///< of two functions over each other
+    validity,  ///< none: the function of the database is drawn at once
+};
+DiagramInput input_of(const Diagram& diagram);
 
 /// Caption of the diagram's view.
-std::string view_caption(const diagrams::DiagramRequest& request);
+std::string view_caption(const DiagramRequest& request);
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

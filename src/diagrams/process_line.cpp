@@ -1,42 +1,42 @@
 #include "diagrams/process_line.h"
-#include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "common/constants.h"
 #include "common/numbers.h"
-#include "diagrams/curve.h"
+#include "diagrams/caloric_functions.h"
 #include "diagrams/equilibrium.h"
+#include "diagrams/parameter_input.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
-#include "session/module2.h"
 
 namespace quor::diagrams {
-
-using legacy::the_processLine;
-using legacy::the_session;
 
 namespace {
 
 using constants::kPresent;
 
 constexpr std::array<ProcessTexts, 9> kTexts = {{
-    {"Adding a Straight Line (x1, y1)-(x2, y2)", "", "", ""},
-    {"Adding an Isotherm", "", "estim. phase", " estimates phase for the initial point "},
-    {"Adding an Isobar", "", "estim. phase", " estimates phase for the initial point   "},
+    {"Adding a Straight Line (x1, y1)-(x2, y2)", "", "", "", "free straight line"},
+    {"Adding an Isotherm", "", "estim. phase", " estimates phase for the initial point ",
+     "Isotherm"},
+    {"Adding an Isobar", "", "estim. phase", " estimates phase for the initial point   ", "Isobar"},
     {"Adding an Isochore", "Adding an Isochore in the Heterogeneous Region V- L", "calc. v",
-     " estimates volume and phase for the initial point "},
+     " estimates volume and phase for the initial point ", "Isochore "},
     {"Adding an Isentropic (= adiabatic reversible)",
      "Adding an Isentropic in the Heterogeneous Region V - L", "calc. s",
-     " fixed value of the entropy  "},
+     " fixed value of the entropy  ", "Isentropic"},
     {"Adding an Isenthalpic", "Adding an Isenthalpic in the Heterogeneous Region V - L", "calc. h",
-     " fixed value of the enthalpy "},
-    {"Adding a Polytropic Line (for additional inform. => \"Calculation\")", "", "", ""},
-    {"Parameter Input", "", "", ""},
-    {"Adding a Line of Const. Vapour Fraction y(V)", "", "Specific. of y(V)", ""},
+     " fixed value of the enthalpy ", "Isenthalpic"},
+    {"Adding a Polytropic Line (for additional inform. => \"Calculation\")", "", "", "",
+     "Polytropic"},
+    {"Parameter Input", "", "", "", ""},
+    {"Adding a Line of Const. Vapour Fraction y(V)", "", "Specific. of y(V)", "", ""},
 }};
+
+/// Codes of the curves of the kinds.
+constexpr std::array<std::int16_t, 7> kCodes = {201, 202, 204, 206, 210, 210, 211};
 
 constexpr auto kIncomplete = "Input incomplete or not valid";
 constexpr auto kNotPositive = "specificated p and T have to be > 0";
@@ -48,8 +48,8 @@ bool all_finite(const std::array<double, 4>& values) {
 
 /// The fields that an input asks for: T1 and p1, and the end of the range.
 std::string refuse_fields(const ProcessInput& input, double end) {
-    const bool needsT1 = !input.Heterogeneous || input.RangeIsT;
-    const bool needsP1 = !input.Heterogeneous || !input.RangeIsT;
+    const bool needsT1 = !input.heterogeneous || input.rangeIsT;
+    const bool needsP1 = !input.heterogeneous || !input.rangeIsT;
     const auto given = [](double x) { return std::isfinite(x) && x > 0; };
     if ((needsT1 && !given(input.par[0])) || (needsP1 && !given(input.par[1])) || !given(end))
         return kIncomplete;
@@ -57,10 +57,10 @@ std::string refuse_fields(const ProcessInput& input, double end) {
 }
 
 std::string refuse_polytropic(const ProcessInput& input) {
-    if (input.Exponent == 1 && input.RangeIsT)
+    if (input.exponent == 1 && input.rangeIsT)
         return "The condition polytropic exp. n = 1 (=> isotherm) is in\n"
                "contradiction to your specification of \"T range\" ";
-    if (!(input.Kappa >= kPresent))
+    if (!(input.kappa >= kPresent))
         return "not yet a valid kappa available\n"
                "Input your value or click on the\n"
                "ComboBox to apply one of the offered values";
@@ -68,8 +68,8 @@ std::string refuse_polytropic(const ProcessInput& input) {
 }
 
 /// The ends of a heterogeneous line must have an equilibrium.
-std::string refuse_heterogeneous(double start, double end, bool rangeIsT) {
-    const models::SubstanceRecord& s = legacy::the_substance;
+std::string refuse_heterogeneous(const models::SubstanceRecord& s, double start, double end,
+                                 bool rangeIsT) {
     if (!rangeIsT) {
         if (end > s.pcrit)
             return "pressure for the final tie-line has to be p <= p(cr) = " +
@@ -85,130 +85,111 @@ std::string refuse_heterogeneous(double start, double end, bool rangeIsT) {
     return {};
 }
 
-std::string take_straight_line(const ProcessInput& input) {
-    if (!all_finite(input.par)) return kIncomplete;
+ProcessAnswer refused(const ProcessLine& before, std::string refusal) {
+    return {before, std::move(refusal)};
+}
+
+ProcessAnswer take_straight_line(const ProcessLine& before, const ProcessInput& input) {
+    if (!all_finite(input.par)) return refused(before, kIncomplete);
     const auto single = [](double x) { return numbers::to_single(x); };
-    diagrams::ProcessLineRecord r = the_processLine;
+    ProcessLine r = before;
     r.x1 = single(input.par[0]);
     r.y1 = single(input.par[1]);
     r.x2 = single(input.par[2]);
     r.y2 = single(input.par[3]);
-    if (r.x1 == r.x2 && r.y1 == r.y2) return kNoRange;
-    r.Kind = input.Kind;
-    the_processLine = r;
-    return {};
+    if (r.x1 == r.x2 && r.y1 == r.y2) return refused(before, kNoRange);
+    r.kind = input.kind;
+    return {r, {}};
 }
 
 /// T1 and p1 of a heterogeneous line lie on the coexistence curve.
-bool complete_saturated_start(diagrams::ProcessLineRecord& r) {
-    const models::Fluid fluid = models::current_fluid();
+bool complete_saturated_start(ProcessLine& r, const models::Fluid& fluid) {
     const Equilibrium e =
-        r.RangeIsT != 0 ? equilibrium_at_T(fluid, r.T1) : equilibrium_at_p(fluid, r.p1);
+        r.rangeIsT ? equilibrium_at_T(fluid, r.T1) : equilibrium_at_p(fluid, r.p1);
     if (!e.found) return false;
     r.T1 = e.T;
     r.p1 = e.p;
     return true;
 }
 
-std::string take_states(const ProcessInput& input) {
-    const double start = input.RangeIsT ? input.par[0] : input.par[1];
-    const double end = input.RangeIsT ? input.par[2] : input.par[3];
+std::string refuse_states(const models::Fluid& fluid, const ProcessInput& input) {
+    const double start = input.rangeIsT ? input.par[0] : input.par[1];
+    const double end = input.rangeIsT ? input.par[2] : input.par[3];
     if (std::string text = refuse_fields(input, end); !text.empty()) return text;
-    if (input.Heterogeneous)
-        if (std::string text = refuse_heterogeneous(start, end, input.RangeIsT); !text.empty())
-            return text;
+    if (input.heterogeneous) {
+        std::string text = refuse_heterogeneous(fluid.substance(), start, end, input.rangeIsT);
+        if (!text.empty()) return text;
+    }
     if (start == end) return kNoRange;
-    if (input.Kind == ProcessKind::kPolytropic)
-        if (std::string text = refuse_polytropic(input); !text.empty()) return text;
-
-    diagrams::ProcessLineRecord r = the_processLine;
-    r.Kind = input.Kind;
-    r.Phase = input.Vapour ? 1 : 0;
-    r.RangeIsT = input.RangeIsT ? 1 : 0;
-    r.RangeStart = start;
-    r.RangeEnd = end;
-    r.T1 = std::isfinite(input.par[0]) ? input.par[0] : 0;
-    r.p1 = std::isfinite(input.par[1]) ? input.par[1] : 0;
-    r.EndToBegin = input.EndToBegin;
-    r.Heterogeneous = input.Heterogeneous;
-    r.IdealGasEquation = input.IdealGasEquation;
-    r.PolytropicExponent = input.Exponent;
-    r.Kappa = input.Kappa;
-    if (r.Heterogeneous && !complete_saturated_start(r)) return kNotPositive;
-    if (!(r.T1 > 0) || !(r.p1 > 0)) return kNotPositive;
-    the_processLine = r;
-    return {};
+    return input.kind == ProcessKind::polytropic ? refuse_polytropic(input) : std::string();
 }
 
-std::string take_fraction(const ProcessInput& input) {
-    const double x = input.VapourFraction;
-    if (!(x >= 0 && x <= 1)) return "Input not in the valid range";
-    the_processLine.Kind = input.Kind;
-    the_session.VapourFraction = x;
-    return {};
+ProcessAnswer take_states(const ProcessLine& before, const models::Fluid& fluid,
+                          const ProcessInput& input) {
+    if (std::string text = refuse_states(fluid, input); !text.empty())
+        return refused(before, std::move(text));
+    ProcessLine r = before;
+    r.kind = input.kind;
+    r.vapour = input.vapour;
+    r.rangeIsT = input.rangeIsT;
+    r.rangeStart = input.rangeIsT ? input.par[0] : input.par[1];
+    r.rangeEnd = input.rangeIsT ? input.par[2] : input.par[3];
+    r.T1 = std::isfinite(input.par[0]) ? input.par[0] : 0;
+    r.p1 = std::isfinite(input.par[1]) ? input.par[1] : 0;
+    r.endToBegin = input.endToBegin;
+    r.heterogeneous = input.heterogeneous;
+    r.idealGasEquation = input.idealGasEquation;
+    r.polytropicExponent = input.exponent;
+    r.kappa = input.kappa;
+    if (r.heterogeneous && !complete_saturated_start(r, fluid))
+        return refused(before, kNotPositive);
+    if (!(r.T1 > 0) || !(r.p1 > 0)) return refused(before, kNotPositive);
+    return {r, {}};
+}
+
+ProcessAnswer take_fraction(const ProcessLine& before, const ProcessInput& input) {
+    if (!is_vapour_fraction(input.vapourFraction))
+        return refused(before, "Input not in the valid range");
+    ProcessLine r = before;
+    r.kind = input.kind;
+    r.vapourFraction = input.vapourFraction;
+    return {r, {}};
 }
 
 }  // namespace
 
-const ProcessTexts& texts_of_process(std::uint8_t Kind) {
-    return kTexts[std::min<std::size_t>(Kind, kTexts.size() - 1)];
+const ProcessTexts& texts_of_process(ProcessKind kind) {
+    return kTexts[static_cast<std::size_t>(kind)];
 }
 
-std::int16_t process_code(std::uint8_t Kind, std::int16_t DiagramType) {
-    constexpr std::array<std::int16_t, 7> kCodes = {201, 202, 204, 206, 210, 210, 211};
-    return Kind < kCodes.size() ? kCodes[Kind] : DiagramType;
+const Diagram* process_curve(ProcessKind kind) {
+    const auto index = static_cast<std::size_t>(kind);
+    return index < kCodes.size() ? &diagram_of(kCodes[index]) : nullptr;
 }
 
-ProcessInput continued_from(ProcessInput input) {
-    input.par[0] = the_processLine.LastT;
-    input.par[1] = the_processLine.LastP;
+ProcessInput continued_from(const ProcessLine& last, ProcessInput input) {
+    input.par[0] = last.last.T;
+    input.par[1] = last.last.p;
     return input;
 }
 
-std::string take_process_input(const ProcessInput& input) {
-    if (input.Kind == ProcessKind::kStraightLine) return take_straight_line(input);
-    if (input.Kind == ProcessKind::kVapourFraction) return take_fraction(input);
-    return take_states(input);
+ProcessAnswer take_process_input(const ProcessLine& before, const models::Fluid& fluid,
+                                 const ProcessInput& input) {
+    if (input.kind == ProcessKind::straightLine) return take_straight_line(before, input);
+    if (input.kind == ProcessKind::vapourFraction) return take_fraction(before, input);
+    return take_states(before, fluid, input);
 }
 
-namespace {
-
-/// Session and request while a process line runs.
-class Borrowed {
-  public:
-    explicit Borrowed(diagrams::DiagramRequest& request)
-        : request_(request), T_(the_session.DiagramT), p_(the_session.DiagramP) {
-        the_processLine.SavedDiagramType = the_processLine.BaseDiagramType = request.DiagramType;
-        request.DiagramType = process_code(the_processLine.Kind, request.DiagramType);
-        if (the_processLine.Kind == ProcessKind::kIsotherm)
-            the_session.DiagramT = the_processLine.T1;
-        if (the_processLine.Kind == ProcessKind::kIsobar) the_session.DiagramP = the_processLine.p1;
-    }
-    ~Borrowed() {
-        request_.DiagramType = the_processLine.SavedDiagramType;
-        the_session.DiagramT = T_;
-        the_session.DiagramP = p_;
-    }
-    Borrowed(const Borrowed&) = delete;
-    Borrowed& operator=(const Borrowed&) = delete;
-
-  private:
-    diagrams::DiagramRequest& request_;
-    double T_, p_;
-};
-
-}  // namespace
-
-void with_process_line(diagrams::DiagramRequest& request, const std::function<void()>& draw) {
-    const Borrowed borrowed(request);
-    draw();
+CurveRequest process_request(const Diagram& on, const ProcessLine& line, StateParameters at) {
+    const Diagram* curve = process_curve(line.kind);
+    if (line.kind == ProcessKind::isotherm) at.T = line.T1;
+    if (line.kind == ProcessKind::isobar) at.p = line.p1;
+    return {.curve = curve != nullptr ? curve : &on, .on = &on, .at = at, .line = line};
 }
 
-std::string one_point_note(std::int16_t DiagramType, std::span<const float> x,
+std::string one_point_note(const Diagram& diagram, std::span<const float> x,
                            std::span<const float> y) {
-    const bool listed = (DiagramType >= 13 && DiagramType <= 15) ||
-                        (DiagramType >= 90 && DiagramType <= 99) || DiagramType == 183;
-    if (!listed || x.empty()) return {};
+    if (!diagram.mayShrinkToAPoint || x.empty()) return {};
     const auto same = [](std::span<const float> values) {
         return std::all_of(values.begin(), values.end(),
                            [&](float value) { return value == values.front(); });
@@ -219,18 +200,17 @@ std::string one_point_note(std::int16_t DiagramType, std::span<const float> x,
 
 namespace {
 
-std::string volume_text(const char* name, double v) {
-    const bool specific = the_session.UnitMode == 1;
-    const double M = static_cast<double>(legacy::the_substance.M);
+std::string volume_text(const Basis& basis, const char* name, double v) {
+    const bool specific = basis.units.choice.system == models::UnitSystem::specific;
+    const double M = basis.M();
     const double shown = specific && M > 0 ? v / M : v;
     return name + numbers::General(numbers::to_single(shown)) +
            (specific ? " m^3/kg" : " m^3/kmol");
 }
 
-std::string caloric_text(const char* name, double value, bool entropy) {
-    constexpr std::int16_t kSpecific = 3;
-    const bool specific = the_session.CaloricUnit == kSpecific;
-    const double M = static_cast<double>(legacy::the_substance.M);
+std::string caloric_text(const Basis& basis, const char* name, double value, bool entropy) {
+    const bool specific = basis.units.choice.caloric == models::CaloricUnit::specific;
+    const double M = basis.M();
     const double shown = specific && M > 0 ? value / M : value;
     const char* unit =
         entropy ? (specific ? " kJ/(kg K)" : " kJ/(kmol K)") : (specific ? " kJ/kg" : " kJ/kmol");
@@ -244,13 +224,13 @@ struct StartState {
     std::int16_t region = 0;
 };
 
-StartState start_state(double T, double p) {
+StartState start_state(const models::Fluid& fluid, double T, double p) {
     using Kind = StartState::Kind;
-    const models::SubstanceRecord& s = legacy::the_substance;
-    const models::StateTP state = models::SolveStateTP(T, p);
+    const models::SubstanceRecord& s = fluid.substance();
+    const models::StateTP state = models::solve_state_tp(fluid, T, p);
     if (state.status != kSuccess) return {};
     StartState r{.vL = state.vL, .vV = state.vV, .region = state.PhaseRegion};
-    if (legacy::the_models.EOSOnlyV) {
+    if (fluid.models().EOSOnlyV) {
         r.kind = Kind::vapour;
     } else if (T == s.Tcrit && static_cast<float>(p) == static_cast<float>(s.pcrit)) {
         r.kind = Kind::critical;
@@ -290,35 +270,38 @@ double single_volume(const StartState& state) {
     return state.kind == StartState::Kind::liquid ? state.vL : state.vV;
 }
 
-std::string held_text(const StartState& state, std::uint8_t Kind, double T, double p) {
-    const bool entropy = Kind == ProcessKind::kIsentropic;
+std::string held_text(const Basis& basis, const StartState& state, bool entropy, double T,
+                      double p) {
+    const CaloricFunctions functions(basis);
     const auto value = [&](double v) {
-        const models::StateValues z = models::StateFunctions(T, p, v);
+        const models::StateValues z = functions(T, p, v);
         return entropy ? z.s : z.h;
     };
     if (state.kind != StartState::Kind::twoPhase)
-        return caloric_text(entropy ? " s = " : " h = ", value(single_volume(state)), entropy);
-    return caloric_text(entropy ? " s(L) = " : " h(L) = ", value(state.vL), entropy) +
-           caloric_text(entropy ? " s(V) = " : " h(V) = ", value(state.vV), entropy);
+        return caloric_text(basis, entropy ? " s = " : " h = ", value(single_volume(state)),
+                            entropy);
+    return caloric_text(basis, entropy ? " s(L) = " : " h(L) = ", value(state.vL), entropy) +
+           caloric_text(basis, entropy ? " s(V) = " : " h(V) = ", value(state.vV), entropy);
 }
 
 }  // namespace
 
-std::string start_state_text(std::uint8_t Kind, double T, double p) {
-    const StartState state = start_state(T, p);
+std::string start_state_text(const Basis& basis, ProcessKind kind, double T, double p) {
+    const StartState state = start_state(basis.fluid, T, p);
     if (state.kind == StartState::Kind::none) return {};
-    std::string text = state.kind == StartState::Kind::twoPhase
-                           ? volume_text(" v(L) = ", state.vL) + volume_text(" v(V) = ", state.vV)
-                           : volume_text(" v = ", single_volume(state));
+    std::string text =
+        state.kind == StartState::Kind::twoPhase
+            ? volume_text(basis, " v(L) = ", state.vL) + volume_text(basis, " v(V) = ", state.vV)
+            : volume_text(basis, " v = ", single_volume(state));
     text += phase_suffix(state);
-    if (Kind == ProcessKind::kIsentropic || Kind == ProcessKind::kIsenthalpic)
-        text += "\n" + held_text(state, Kind, T, p);
+    if (kind == ProcessKind::isentropic || kind == ProcessKind::isenthalpic)
+        text += "\n" + held_text(basis, state, kind == ProcessKind::isentropic, T, p);
     return text;
 }
 
-std::string phase_text(double T, double p) {
+std::string phase_text(const models::Fluid& fluid, double T, double p) {
     using Kind = StartState::Kind;
-    switch (start_state(T, p).kind) {
+    switch (start_state(fluid, T, p).kind) {
         case Kind::none:
             return {};
         case Kind::liquid:
@@ -332,9 +315,10 @@ std::string phase_text(double T, double p) {
     }
 }
 
-std::array<KappaOffer, 2> kappa_offers(double T1) {
-    const auto kappa = [](double T) {
-        const models::CpResult ideal = models::IdealGasCp(T);
+std::array<KappaOffer, 2> kappa_offers(const Basis& basis, double T1) {
+    const auto kappa = [&](double T) {
+        const models::CpResult ideal =
+            models::ideal_gas_cp(basis.fluid.substance(), basis.fluid.models().CpModel, T);
         const double cv = ideal.cp - constants::R;
         return ideal.status == kSuccess && cv > 0 ? ideal.cp / cv : 0;
     };
@@ -344,7 +328,7 @@ std::array<KappaOffer, 2> kappa_offers(double T1) {
                           value};
     };
     return {offer("aus T1 = ", T1),
-            offer("aus T(ref) = ", static_cast<double>(legacy::the_reference.T0))};
+            offer("aus T(ref) = ", static_cast<double>(basis.reference.T0))};
 }
 
 std::string polytropic_error_text(double T, double p) {

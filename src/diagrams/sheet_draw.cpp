@@ -1,224 +1,218 @@
 #include "diagrams/sheet_draw.h"
 
 #include <algorithm>
-#include <array>
 
 #include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "diagrams/catalogue.h"
-#include "legacy/declare.h"
+#include "diagrams/process_line.h"
 #include "models/model_tables.h"
-#include "session/module2.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 namespace {
-
-using legacy::the_session;
-
-constexpr std::int16_t kIsochoreDiagram = 5;
-constexpr std::int16_t kFirstProcessLine = 201, kLastProcessLine = 211;
-
-// Codes of the coexistence curve in the diagrams in which it can be added.
-struct CodePair {
-    std::int16_t diagram, coexistence;
-};
-constexpr auto kCoexistence = std::to_array<CodePair>(
-    {{1, 6},     {2, 106},   {3, 7},     {4, 12},   {5, 9},     {15, 90},  {16, 91},   {184, 91},
-     {17, 93},   {18, 94},   {19, 92},   {21, 96},  {22, 96},   {23, 121}, {109, 121}, {24, 120},
-     {107, 120}, {26, 27},   {150, 70},  {151, 71}, {152, 73},  {153, 74}, {154, 72},  {155, 75},
-     {156, 97},  {157, 100}, {158, 101}, {159, 89}, {160, 102}, {181, 95}, {182, 98},  {183, 99}});
-
-// Projections that a diagram of their own shows as one line for each branch.
-constexpr auto kOwnBranches =
-    std::to_array<std::int16_t>({6, 7, 12, 27, 90, 91, 92, 93, 94, 95, 106});
 
 std::string point(double value, std::string_view mask) {
     return numbers::format_point(value, mask);
 }
 
-std::string temperature() {
-    return point(the_session.DiagramT, "####0.0# K ");
+std::string temperature(const StateParameters& at) {
+    return point(at.T, "####0.0# K ");
 }
 
-std::string pressure() {
-    return point(the_session.DiagramP, "#####0.0# kPa ");
+std::string pressure(const StateParameters& at) {
+    return point(at.p, "#####0.0# kPa ");
 }
 
 CurveName plain(const std::string& legend) {
     return {legend, legend};
 }
 
-CurveName process_line_name() {
-    constexpr std::array<std::string_view, 7> kKinds{
-        "free straight line", "Isotherm",    "Isobar",    "Isochore ",
-        "Isentropic",         "Isenthalpic", "Polytropic"};
-    const std::size_t kind = std::min<std::size_t>(legacy::the_processLine.Kind, kKinds.size() - 1);
-    std::string name(kKinds[kind]);
-    if (kind == 1) name += " " + temperature();
-    if (kind == 2) name += " " + pressure();
+CurveName process_line_name(const CurveRequest& request) {
+    const ProcessKind kind = request.line.kind;
+    std::string name(texts_of_process(kind).name);
+    if (kind == ProcessKind::isotherm) name += " " + temperature(request.at);
+    if (kind == ProcessKind::isobar) name += " " + pressure(request.at);
     return plain("(" + name + ") ");
 }
 
-CurveName isochore_name(bool criticalPointMarked, std::int16_t code) {
-    if (!criticalPointMarked || code != kIsochoreDiagram)
-        return plain(point(the_session.DiagramV, "####0.0#### m^3/kmol "));
-    const double vcrit = legacy::the_eosParameters.vcritCalc;
-    const bool specific = the_session.UnitMode == 1;
-    const double shown =
-        specific ? the_session.DiagramV * the_session.VolumeFactor : the_session.DiagramV;
-    const std::string volume = point(shown, "###0.0####") + (specific ? " m^3/kg " : " m^3/kmol ");
+/// The volume of an isochore in p-T is told with its side of the critical one.
+CurveName isochore_name(const CurveRequest& request, const Basis& basis, bool criticalPointMarked) {
+    const double v = request.at.v;
+    if (!criticalPointMarked || request.curve->x != Axis::T || request.curve->y != Axis::p)
+        return plain(point(v, "####0.0#### m^3/kmol "));
+    const double vcrit = basis.fluid.eos().vcritCalc;
+    const bool specific = basis.units.choice.system == models::UnitSystem::specific;
+    const std::string volume =
+        point(specific ? v * basis.VF() : v, "###0.0####") + (specific ? " m^3/kg " : " m^3/kmol ");
     // The volume counts as critical when it shows the digits of the critical one.
     constexpr std::string_view kDigits = "###0.0####";
-    if (point(the_session.DiagramV, kDigits) == point(vcrit, kDigits))
-        return {volume + " (cr) ", volume + "(cr)"};
-    if (the_session.DiagramV > vcrit) return {volume + " (V) ", volume + "(V)"};
+    if (point(v, kDigits) == point(vcrit, kDigits)) return {volume + " (cr) ", volume + "(cr)"};
+    if (v > vcrit) return {volume + " (V) ", volume + "(V)"};
     return {volume + " (L) ", volume + "(L)"};
 }
 
-/// Names of the list of equations are padded with blanks.
-std::string equation_name(std::string_view code) {
-    return text::trim(models::vp_name(models::vp_of_code(code)));
-}
-
-std::string database_equation(std::int16_t code) {
-    switch (code) {
-        case 300:
+std::string database_equation(const Diagram& diagram) {
+    switch (diagram.database) {
+        case DatabaseFunction::densityLiquid:
             return "rho(L) = Fu(T)";
-        case 301:
+        case DatabaseFunction::volumeLiquid:
             return "v(L) = M / rho(L)";
-        case 302:
+        case DatabaseFunction::cpIdealGas:
             return "cp(id. gas) = Fu(T)";
-        case 303:
+        case DatabaseFunction::cpLiquid:
             return "cp(L) = Fu(T)";
-        case 304:
+        case DatabaseFunction::cpSolid:
             return "cp(S) = Fu(T)";
-        case 305:
+        case DatabaseFunction::vaporisation:
             return "delta(LV)h = Fu(T)";
-        case 306:
-            return equation_name("FRO");
-        case 307:
-            return equation_name("WAG");
-        case 308:
-            return equation_name("ALP");
-        case 309:
-            return equation_name("AHP");
-        case 310:
+        case DatabaseFunction::densitySolid:
             return "rho(S) = Fu(T)";
-        default:
-            return "Fu(T)";
+        case DatabaseFunction::vapourPressure:
+            // Names of the list of equations are padded with blanks.
+            return text::trim(models::vp_name(diagram.equation));
+        case DatabaseFunction::none:
+            break;
     }
+    return "Fu(T)";
 }
 
 /// The range in which a curve is computed: the coordinates, and what is shown beside them.
-diagrams::DiagramRequest computing_request(const DiagramSheet& sheet) {
-    diagrams::DiagramRequest request = sheet.request;
+CurveWindow computing_window(const DiagramSheet& sheet) {
+    CurveWindow w = sheet.request.window;
     const chart::Window shown = chart::shown_window(sheet.chart);
-    request.xMin = std::min(request.xMin, static_cast<float>(shown.x.min));
-    request.xMax = std::max(request.xMax, static_cast<float>(shown.x.max));
-    request.yMin = std::min(request.yMin, static_cast<float>(shown.y.min));
-    request.yMax = std::max(request.yMax, static_cast<float>(shown.y.max));
+    w.xMin = std::min(w.xMin, static_cast<float>(shown.x.min));
+    w.xMax = std::max(w.xMax, static_cast<float>(shown.x.max));
+    w.yMin = std::min(w.yMin, static_cast<float>(shown.y.min));
+    w.yMax = std::max(w.yMax, static_cast<float>(shown.y.max));
+    return w;
+}
+
+/// The header tells where the slope of a vapour pressure equation has its maximum.
+void tell_maximum(DiagramSheet& sheet, const Basis& basis, const Curve& drawn) {
+    constexpr std::string_view kCaption = "; maximum at T/K = ";
+    const Diagram* diagram = sheet.request.diagram;
+    if (diagram == nullptr || diagram->y != Axis::dlnp) return;
+    std::string& title = sheet.request.texts.title;
+    const std::string before = title;
+    if (const auto old = title.find(kCaption); old != std::string::npos) title.erase(old);
+    if (drawn.TOfMaximum) {
+        title += kCaption;
+        title += numbers::Format(*drawn.TOfMaximum, "#####0.0");
+    }
+    if (title != before) show_texts(sheet, basis.reference);
+}
+
+/// The request in a sheet, with its window, its parameters and the options of the pen.
+CurveRequest in_sheet(const DiagramSheet& sheet, const Pen& pen, CurveRequest request) {
+    if (request.on == nullptr) request.on = sheet.request.diagram;
+    if (request.curve == nullptr) request.curve = sheet.request.diagram;
+    request.window = computing_window(sheet);
+    request.options = pen.options;
+    request.pMin = pen.limits.pMin;
+    request.pMax = pen.limits.pMax;
+    const bool isProcess = request.curve->section == Section::process;
+    if (!isProcess) request.at = sheet.at;
     return request;
 }
 
-/// The kinds that complete their texts while they are computed.
-void take_texts(DiagramSheet& sheet, const diagrams::DiagramRequest& computed) {
-    if (computed.title == sheet.request.title && computed.subTitle == sheet.request.subTitle)
-        return;
-    sheet.request.title = computed.title;
-    sheet.request.subTitle = computed.subTitle;
-    show_texts(sheet);
+Curve computed(const Basis& basis, const CurveRequest& request) {
+    const dialogs::BusyPointer busy;
+    return curve(basis, request);
+}
+
+bool tell_missing_fluid(const Pen& pen) {
+    if (pen.has_fluid()) return false;
+    dialogs::tell("First choose substance and models!", "Execution not possible");
+    return true;
 }
 
 }  // namespace
 
-std::int16_t coexistence_code_of(std::int16_t DiagramType) {
-    const auto found = std::find_if(kCoexistence.begin(), kCoexistence.end(),
-                                    [&](const CodePair& p) { return p.diagram == DiagramType; });
-    return found == kCoexistence.end() ? std::int16_t{0} : found->coexistence;
-}
-
-bool has_branches(std::int16_t code) {
-    if (std::find(kOwnBranches.begin(), kOwnBranches.end(), code) != kOwnBranches.end())
-        return true;
-    constexpr std::int16_t kVapourPressure = 9;
-    return code != kVapourPressure &&
-           std::any_of(kCoexistence.begin(), kCoexistence.end(),
-                       [&](const CodePair& p) { return p.coexistence == code; });
-}
-
-CurveName name_of(const diagrams::DiagramRequest& request, bool criticalPointMarked) {
-    if (request.DiagramType >= kFirstProcessLine && request.DiagramType <= kLastProcessLine)
-        return process_line_name();
-    if (the_session.TieLineRequested) return plain("Tie-Line V-L ");
-    switch (request.sectionKind) {
-        case kIsothermal:
-            return {"(" + temperature() + ") ", temperature()};
-        case kIsobaric:
-            return plain(pressure());
-        case kIsochoric:
-            return isochore_name(criticalPointMarked, request.DiagramType);
-        case kInversion:
+CurveName name_of(const CurveRequest& request, const Basis& basis, bool criticalPointMarked) {
+    const Diagram& diagram = *request.curve;
+    if (request.branch == Branch::tieLine) return plain("Tie-Line V-L ");
+    switch (diagram.section) {
+        case Section::process:
+            return process_line_name(request);
+        case Section::isothermal:
+            return {"(" + temperature(request.at) + ") ", temperature(request.at)};
+        case Section::isobaric:
+            return plain(pressure(request.at));
+        case Section::isochoric:
+            return isochore_name(request, basis, criticalPointMarked);
+        case Section::inversion:
             return {"Inversion curve", "delta = 0 "};
-        case kProjection:
+        case Section::projection:
             return plain("VLE ");
-        case kDatabase:
-            return plain("(" + database_equation(request.DiagramType) + ")");
-        default:
-            return {};
+        case Section::database:
+            return plain("(" + database_equation(diagram) + ")");
+        case Section::none:
+            break;
     }
+    return {};
 }
 
-DrawOutcome draw_curve(DiagramSheet& sheet, const std::string& branch) {
-    session::refresh_units();
-    DrawOutcome outcome;
-    diagrams::CurvePointArray points;
-    diagrams::CurveResult result;
-    diagrams::DiagramRequest request = computing_request(sheet);
-    {
-        const session::BusyPointer busy;
-        result = diagrams::calc_curve(request, points, the_session.DiagramT, the_session.DiagramP,
-                                      the_session.DiagramV);
+DrawOutcome draw_curve(DiagramSheet& sheet, const Pen& pen, CurveRequest wanted,
+                       const std::string& branch) {
+    if (tell_missing_fluid(pen)) return {};
+    Basis basis;
+    try {
+        basis = in_units_of(sheet, pen.basis);
+    } catch (const std::exception& fault) {
+        dialogs::tell(fault.what(), "Execution not possible");
+        return {};
     }
-    outcome.status = result.status;
-    const diagrams::StatusText said = diagrams::TextOf(result);
+    const CurveRequest request = in_sheet(sheet, pen, std::move(wanted));
+    Curve drawn = computed(basis, request);
+    DrawOutcome outcome{.status = drawn.status, .last = drawn.last};
+    const StatusText said = text_of(drawn.status, drawn.message, basis.fluid);
     if (!said.text.empty()) dialogs::tell(said.text, said.title);
-    if (!diagrams::is_drawn(result.status)) return outcome;
+    if (!is_drawn(drawn.status)) return outcome;
 
-    take_texts(sheet, request);
-    // The series ends at the range in which it was computed.
-    std::swap(sheet.request.xMax, request.xMax);
-    outcome.slot = store_curve(sheet, points);
-    std::swap(sheet.request.xMax, request.xMax);
-    if (outcome.slot < 0) return outcome;
+    tell_maximum(sheet, basis, drawn);
     const bool marked = has_critical_point(sheet, true) || has_critical_point(sheet, false);
-    const CurveName name = name_of(sheet.request, marked);
-    name_curve(sheet, outcome.slot, name.legend + branch, name.label + branch);
+    CurveName name = name_of(request, basis, marked);
+    name.legend += branch;
+    name.label += branch;
+    const DiagramTexts texts = texts_of(*sheet.request.diagram, basis, sheet.request.validity);
+    // The series ends at the range in which it was computed.
+    outcome.place = store_curve(sheet,
+                                {std::move(drawn.points), drawn.parameter, std::move(basis),
+                                 std::move(name), texts.subTitle},
+                                request.window.xMax);
     return outcome;
 }
 
-bool draw_both_branches(DiagramSheet& sheet) {
-    if (!has_branches(sheet.request.DiagramType)) return draw_curve(sheet).slot >= 0;
-    the_session.CoexistenceRequested = true;
-    the_session.VapourFraction = 0;
-    bool drawn = draw_curve(sheet, " (L)").slot >= 0;
-    if (drawn) {
-        the_session.VapourFraction = 1;
-        drawn = draw_curve(sheet, " (V)").slot >= 0;
-    }
-    the_session.VapourFraction = 1;
-    the_session.CoexistenceRequested = false;
-    return drawn;
+DrawOutcome draw_process_line(DiagramSheet& sheet, const Pen& pen, const ProcessLine& line) {
+    if (sheet.request.diagram == nullptr) return {};
+    return draw_curve(sheet, pen, process_request(*sheet.request.diagram, line, sheet.at));
 }
 
-bool Draw(DiagramSheet& sheet) {
-    if (sheet.SwappedAxes || !diagrams::has_curve(sheet.request.DiagramType)) return false;
-    the_session.CaloricFactor =
-        session::caloric_factor_of(the_session.CaloricUnit, the_session.DiagramT);
-    if (sheet.request.sectionKind == kProjection) return draw_both_branches(sheet);
-    return draw_curve(sheet).slot >= 0;
+bool draw_both_branches(DiagramSheet& sheet, const Pen& pen, const Diagram& dome) {
+    if (!dome.branches) return draw_curve(sheet, pen, {.curve = &dome}).place >= 0;
+    const auto branch = [&](double fraction, const char* name) {
+        return draw_curve(sheet, pen, {.curve = &dome, .vapourFraction = fraction}, name).place >=
+               0;
+    };
+    return branch(0, " (L)") && branch(1, " (V)");
 }
 
-}  // namespace quor::Module9
+bool draw(DiagramSheet& sheet, const Pen& pen, const ProcessLine& range) {
+    const Diagram* diagram = sheet.request.diagram;
+    if (sheet.swappedAxes || diagram == nullptr) return false;
+    if (diagram->section == Section::projection) return draw_both_branches(sheet, pen, *diagram);
+    return draw_curve(sheet, pen, {.line = range}).place >= 0;
+}
+
+std::string fluid_text(const Diagram* diagram, const Pen& pen) {
+    if (!pen.has_fluid()) return {};
+    const models::Fluid& fluid = pen.basis.fluid;
+    const std::string model = diagram == nullptr || diagram->section == Section::database
+                                  ? std::string()
+                                  : model_name(*diagram, fluid);
+    return fluid.substance().Name + (model.empty() ? "" : ", " + model);
+}
+
+}  // namespace quor::diagrams

@@ -1,42 +1,51 @@
 #pragma once
 
-#include <string>
-
-#include "diagrams/curve.h"
 #include "diagrams/diagram_sheet.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
+
+/// With what the next curve of a sheet is drawn.
+struct Pen {
+    Basis basis{};  ///< its units are left aside for those of the sheet
+    CurveOptions options{};
+    CoordinateDefaults limits{};
+
+    /// False for a pen without a substance or without an equation of state.
+    bool has_fluid() const {
+        return !basis.fluid.substance().Name.empty() &&
+               basis.fluid.models().EOSModel != models::Eos::none;
+    }
+};
 
 /// What a run of `draw_curve` did.
 struct DrawOutcome {
-    int slot = -1;            ///< where the curve went; -1 when nothing was stored
-    std::int16_t status = 0;  ///< of `diagrams::calc_curve`
+    int place = -1;  ///< where the curve went; -1 when nothing was stored
+    CurveStatus status = CurveStatus::complete;
+    std::optional<ProcessState> last{};  ///< of a process line
 };
 
-/// Computes the curve of the sheet's request with its parameters, tells a status, and stores and
-/// names the curve. `branch` follows its legend text.
-DrawOutcome draw_curve(DiagramSheet& sheet, const std::string& branch = {});
+/// Which curve of a sheet is wanted: `curve` and `on` nullptr stand for its own diagram, the window
+/// and the parameters are always those of the sheet.
+DrawOutcome draw_curve(DiagramSheet& sheet, const Pen& pen, CurveRequest request = {},
+                       const std::string& branch = {});
 
-/// `cmdDraw` of the diagram: one curve, in a projection with two branches both of them. False when
-/// nothing was drawn.
-bool Draw(DiagramSheet& sheet);
+/// The process line in the sheet.
+DrawOutcome draw_process_line(DiagramSheet& sheet, const Pen& pen, const ProcessLine& line);
 
-/// Draws the two branches of the coexistence curve of the sheet's code: boiling and dew line, one
-/// run where they are the same line.
-bool draw_both_branches(DiagramSheet& sheet);
+/// `cmdDraw` of the diagram: one curve, in a projection with two branches both of them. `range` is
+/// that of two functions over each other. False when nothing was drawn; without a fluid this is
+/// said.
+bool draw(DiagramSheet& sheet, const Pen& pen, const ProcessLine& range = {});
 
-/// Legend text and label of a curve.
-struct CurveName {
-    std::string legend, label;
-};
+/// Draws the two branches of a coexistence curve: boiling and dew line, one run where they are the
+/// same line.
+bool draw_both_branches(DiagramSheet& sheet, const Pen& pen, const Diagram& dome);
 
-/// The name of the curve that the request stands for, from the parameters of the session.
-CurveName name_of(const diagrams::DiagramRequest& request, bool criticalPointMarked);
+/// The name of a curve from its parameters; that of an isochore compares with the critical volume
+/// where the critical point is marked.
+CurveName name_of(const CurveRequest& request, const Basis& basis, bool criticalPointMarked);
 
-/// Code of the curve of vapour fractions in the diagram of a code; 0 when there is none.
-std::int16_t coexistence_code_of(std::int16_t DiagramType);
+/// The words of the pen: substance and model of the next curve of a diagram; empty without a fluid.
+std::string fluid_text(const Diagram* diagram, const Pen& pen);
 
-/// True for a curve that depends on the vapour fraction.
-bool has_branches(std::int16_t code);
-
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

@@ -1,70 +1,106 @@
 #include "diagrams/sheet_file.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "chart/chart_file.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "datafiles/xy_file.h"
-#include "diagrams/curve.h"
+#include "diagrams/file_names.h"
 #include "diagrams/sheet_readout.h"
-#include "legacy/declare.h"
-#include "session/module2.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 namespace {
 
 using chart::Series;
-using legacy::the_session;
 
 constexpr auto kFilter = "picture file (*.oc2)|*.oc2";
 constexpr auto kExtension = ".oc2";
 
-std::size_t at(int slot) {
-    return static_cast<std::size_t>(slot);
+std::size_t at(int place) {
+    return static_cast<std::size_t>(place);
 }
 
-const Series* used_curve(const DiagramSheet& sheet, int slot) {
-    if (slot < 0 || slot >= kMaxCurves || sheet.CurveFree[at(slot)]) return nullptr;
-    return &sheet.chart.curves[at(slot)];
+const Series* used_curve(const DiagramSheet& sheet, int place) {
+    return is_drawn(sheet, place) ? &sheet.chart.curves[at(place)] : nullptr;
 }
 
-std::string in_folder(const std::string& name) {
-    return session::has_separator(name) ? name : the_session.FolderDiagram2D + name;
+/// The places of a group that something was drawn in: all but the empty ones at the end.
+template <class IsElse>
+std::size_t used_places(const std::vector<Series>& group, IsElse isElse) {
+    std::size_t used = 0;
+    for (std::size_t i = 0; i < group.size(); ++i)
+        if (!isElse(i) && !group[i].x.empty()) used = i + 1;
+    return used;
 }
 
-std::string with_extension(const std::string& name) {
-    const std::string title = session::file_title(name);
-    return title.find('.') == std::string::npos ? name + kExtension : name;
-}
-
-bool has_label(const chart::Chart2D& chart, int index) {
-    return std::any_of(chart.labels.begin(), chart.labels.end(),
-                       [&](const chart::Label& l) { return l.index == index; });
-}
-
-/// A file may hold more than a diagram has slots for: reference lines stand behind the curves, all
-/// else goes.
-void keep_what_has_a_slot(chart::Chart2D& chart) {
-    auto& curves = chart.curves;
-    if (curves.size() > at(kMaxCurves)) {
-        const auto behind = curves.begin() + kMaxCurves;
-        curves.erase(
-            std::remove_if(behind, curves.end(), [](const Series& s) { return !s.isReference; }),
-            curves.end());
+/// The critical point of a chart, found by its label.
+std::optional<Series> take_critical_point(chart::Chart2D& chart, LabelKind kind) {
+    for (const chart::Label& label : chart.labels) {
+        if (kind_of(label) != kind || label.series < 0) continue;
+        if (at(label.series) >= chart.points.size()) continue;
+        Series& found = chart.points[at(label.series)];
+        return std::exchange(found, chart::default_point_set(label.series));
     }
-    auto& points = chart.points;
-    if (points.size() > at(kCriticalCalcSeries + 1)) points.resize(at(kCriticalCalcSeries + 1));
-    for (const int slot : {kCriticalExSeries, kCriticalCalcSeries}) {
-        const int index =
-            slot == kCriticalExSeries ? LabelIndex::kCriticalEx : LabelIndex::kCriticalCalc;
-        if (points.size() > at(slot) && !has_label(chart, index)) {
-            points[at(slot)].x.clear();
-            points[at(slot)].y.clear();
-        }
+    return std::nullopt;
+}
+
+void place_critical_point(DiagramSheet& sheet, bool experimental, std::optional<Series> series) {
+    if (!series) return;
+    const int place = critical_point_place(sheet, experimental);
+    chart::series_at(sheet.chart, chart::Group::Points, place) = std::move(*series);
+    const LabelKind kind = experimental ? LabelKind::criticalEx : LabelKind::criticalCalc;
+    for (chart::Label& label : sheet.chart.labels)
+        if (kind_of(label) == kind) label.series = place;
+}
+
+/// Reference lines stand behind the curves, however many of these a file holds.
+void take_curves(DiagramSheet& sheet) {
+    auto& curves = sheet.chart.curves;
+    std::vector<Series> lines;
+    const auto isReference = [&](std::size_t i) { return curves[i].isReference; };
+    const std::size_t used = used_places(curves, isReference);
+    for (std::size_t i = used; i < curves.size(); ++i)
+        if (curves[i].isReference) lines.push_back(std::move(curves[i]));
+    std::erase_if(curves, [](const Series& s) { return s.isReference && s.x.empty(); });
+    sheet.curves.resize(used);
+    const std::size_t first = at(first_reference_line(sheet));
+    if (curves.size() > first || !lines.empty()) {
+        curves.resize(std::min(curves.size(), std::max(used, first)));
+        std::erase_if(curves, [](const Series& s) { return s.isReference; });
+        if (!lines.empty())
+            chart::series_at(sheet.chart, chart::Group::Curves, static_cast<int>(first) - 1);
+        for (Series& line : lines) curves.push_back(std::move(line));
     }
+    for (std::size_t i = 0; i < used; ++i) {
+        if (curves[i].x.empty()) continue;
+        SheetCurve& curve = sheet.curves[i];
+        curve.drawn = true;
+        curve.name.legend = curve.given.legend = curves[i].legend;
+        curve.label.shown = false;
+        for (const chart::Label& l : sheet.chart.labels)
+            if (curve_place_of(l) == static_cast<int>(i)) {
+                curve.label.text = curve.name.label = curve.given.label = l.text;
+                curve.label.shown = true;
+            }
+    }
+}
+
+void take_point_sets(DiagramSheet& sheet) {
+    chart::Chart2D& chart = sheet.chart;
+    auto experimental = take_critical_point(chart, LabelKind::criticalEx);
+    auto calculated = take_critical_point(chart, LabelKind::criticalCalc);
+    const std::size_t used = used_places(chart.points, [](std::size_t) { return false; });
+    sheet.pointSets.assign(used, false);
+    for (std::size_t i = 0; i < used; ++i) sheet.pointSets[i] = !chart.points[i].x.empty();
+    place_critical_point(sheet, true, std::move(experimental));
+    place_critical_point(sheet, false, std::move(calculated));
+}
+
+void drop_lost_labels(chart::Chart2D& chart) {
     std::erase_if(chart.labels, [&](const chart::Label& l) {
         if (!l.onPoint) return false;
         const auto& group = chart::series_of(chart, l.group);
@@ -74,32 +110,30 @@ void keep_what_has_a_slot(chart::Chart2D& chart) {
 
 }  // namespace
 
-bool save_oc2(const DiagramSheet& sheet) {
-    if (sheet.SwappedAxes &&
+SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
+    if (sheet.swappedAxes &&
         !dialogs::ask("Recommendation: Do not save the diagram in the rotated state (x<=>y).\n"
                       "Continue?",
                       "WARNING", dialogs::Icon::Exclamation))
-        return false;
+        return {false, folder};
     const std::optional<std::string> name =
         dialogs::choose_file({.save = true,
                               .title = "Save this 2D-diagram design",
                               .filter = kFilter,
-                              .folder = the_session.FolderDiagram2D,
+                              .folder = folder,
                               .name = "*.oc2",
                               .defaultExtension = kExtension,
                               .overwritePrompt = true});
-    if (!name || name->empty()) return false;
-    const std::string path = with_extension(in_folder(*name));
-    the_session.FolderDiagram2D = session::folder_of(path);
+    if (!name || name->empty()) return {false, folder};
+    const std::string path = target_path(*name, folder, kExtension);
     const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
     if (!saved.ok) dialogs::tell(saved.message, "ERROR", dialogs::Icon::Stop);
-    return saved.ok;
+    return {saved.ok, folder_of(path)};
 }
 
-LoadOutcome load_oc2(DiagramSheet& sheet) {
-    if (sheet.SwappedAxes) change_xy(sheet);
-    if (the_session.Diagram2DNotePending) {
-        the_session.Diagram2DNotePending = false;
+LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool withNote) {
+    if (sheet.swappedAxes) change_xy(sheet);
+    if (withNote) {
         dialogs::tell(
             "If you intend to continue the designing of the\nOC2 diagram please note:\n"
             "1) Do load the OC2 diagram file only for a suited setting \n"
@@ -112,97 +146,74 @@ LoadOutcome load_oc2(DiagramSheet& sheet) {
     const std::optional<std::string> name =
         dialogs::choose_file({.title = "Load a saved pattern (*.oc2)",
                               .filter = kFilter,
-                              .folder = the_session.FolderDiagram2D,
+                              .folder = folder,
                               .name = "*.oc2",
                               .defaultExtension = kExtension});
-    if (!name || name->empty()) return LoadOutcome::Cancelled;
-    return load_oc2(sheet, in_folder(*name));
+    if (!name || name->empty()) return {LoadOutcome::Cancelled, folder};
+    return load_oc2(sheet, target_path(*name, folder, ""));
 }
 
-LoadOutcome load_oc2(DiagramSheet& sheet, const std::string& file) {
-    the_session.FolderDiagram2D = session::folder_of(file);
+LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file) {
     chart::Chart2D loaded;
     const chart::FileOutcome read = chart::load_chart(file, loaded);
     if (!read.ok) {
         dialogs::tell(read.message, "Execution not possible", dialogs::Icon::Stop);
-        return LoadOutcome::Failed;
+        return {LoadOutcome::Failed, folder_of(file)};
     }
     take_loaded_chart(sheet, std::move(loaded));
     sheet.loadedFile = file;
-    return LoadOutcome::Loaded;
+    return {LoadOutcome::Loaded, folder_of(file)};
 }
 
 void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart) {
     DiagramSheet fresh;
     fresh.request = sheet.request;
-    fresh.T = sheet.T;
-    fresh.p = sheet.p;
-    fresh.v = sheet.v;
+    fresh.units = sheet.units;
+    fresh.at = sheet.at;
     fresh.chart = std::move(chart);
-    keep_what_has_a_slot(fresh.chart);
-
-    const auto& curves = fresh.chart.curves;
-    for (int slot = 0; slot < kMaxCurves && at(slot) < curves.size(); ++slot) {
-        if (curves[at(slot)].x.empty()) continue;
-        fresh.CurveFree[at(slot)] = false;
-        ++fresh.CurveCount;
-        CurveLabel& label = fresh.CurveLabels[at(slot)];
-        label.shown = false;
-        for (const chart::Label& l : fresh.chart.labels)
-            if (l.index == LabelIndex::kFirstCurve + slot) {
-                label.text = l.text;
-                label.shown = true;
-            }
-    }
-    const auto& points = fresh.chart.points;
-    for (int slot = 0; slot < kMaxPointSets && at(slot) < points.size(); ++slot) {
-        if (points[at(slot)].x.empty()) continue;
-        fresh.PointSetFree[at(slot)] = false;
-        ++fresh.PointSetCount;
-    }
+    take_curves(fresh);
+    take_point_sets(fresh);
+    drop_lost_labels(fresh.chart);
 
     const chart::Window window = chart::shown_window(fresh.chart);
-    diagrams::DiagramRequest& r = fresh.request;
-    r.xMinDefault = r.xMin = static_cast<float>(window.x.min);
-    r.xMaxDefault = r.xMax = static_cast<float>(window.x.max);
-    r.yMinDefault = r.yMin = static_cast<float>(window.y.min);
-    r.yMaxDefault = r.yMax = static_cast<float>(window.y.max);
-    r.xLabel = fresh.chart.x.title;
-    r.yLabel = fresh.chart.y.title;
+    DiagramRequest& r = fresh.request;
+    r.window = {static_cast<float>(window.x.min), static_cast<float>(window.x.max),
+                static_cast<float>(window.y.min), static_cast<float>(window.y.max)};
+    r.proposed = r.window;
+    r.texts.x = fresh.chart.x.title;
+    r.texts.y = fresh.chart.y.title;
     fresh.manualScaling = true;
     sheet = std::move(fresh);
 }
 
-bool save_curve(const DiagramSheet& sheet, int slot) {
-    const Series* series = used_curve(sheet, slot);
-    if (series == nullptr) return false;
-    diagrams::CurvePointArray points(1);
-    for (std::size_t i = 0; i < series->x.size(); ++i)
-        if (chart::is_shown(series->x[i]) && chart::is_shown(series->y[i]))
-            points.push_back({series->x[i], series->y[i], 0});
-    points[0].x = static_cast<float>(points.size() - 1);
-    return datafiles::save_curve_as_xy(points);
+CurvePoints shown_points(const DiagramSheet& sheet, int place) {
+    CurvePoints points;
+    if (const Series* series = used_curve(sheet, place))
+        for (std::size_t i = 0; i < series->x.size(); ++i)
+            if (chart::is_shown(series->x[i]) && chart::is_shown(series->y[i]))
+                points.push_back({series->x[i], series->y[i], 0});
+    return points;
 }
 
-std::string curve_table(const DiagramSheet& sheet, int slot) {
-    const Series* series = used_curve(sheet, slot);
+std::string curve_table(const DiagramSheet& sheet, int place) {
+    const Series* series = used_curve(sheet, place);
     if (series == nullptr) return {};
-    const std::string parameter = text::trim(parameter_caption(sheet, slot));
+    const std::string parameter = text::trim(parameter_caption(sheet, place));
     const bool hasParameter = !parameter.empty();
     std::string table = sheet.chart.x.title + '\t' + sheet.chart.y.title;
     if (hasParameter) table += '\t' + parameter;
     table += '\n';
-    const auto& z = sheet.CurveParameters[at(slot)];
+    const std::vector<float>& z = sheet.curves[at(place)].z;
     for (std::size_t i = 0; i < series->x.size(); ++i) {
         if (!chart::is_shown(series->x[i]) || !chart::is_shown(series->y[i])) continue;
         table += numbers::General(series->x[i]) + '\t' + numbers::General(series->y[i]);
         if (hasParameter) {
             table += '\t';
-            if (i + 1 < z.size()) table += numbers::General(z[i + 1]);
+            if (i < z.size()) table += numbers::General(z[i]);
         }
         table += '\n';
     }
     return table;
 }
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

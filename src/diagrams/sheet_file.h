@@ -4,30 +4,39 @@
 
 #include "diagrams/diagram_sheet.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
-/// Asks for a name and writes the diagram as .oc2; false when nothing was written.
-bool save_oc2(const DiagramSheet& sheet);
+/// What came of writing a file.
+struct SaveAnswer {
+    bool saved = false;
+    std::string folder;  ///< in which the next file is looked for
+};
+/// Asks for a name, beginning in a folder, and writes the diagram as .oc2.
+SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder);
 
 enum class LoadOutcome {
     Loaded,
     Cancelled,
     Failed  ///< said; the view closes
 };
-
-/// Asks for a saved diagram and takes it in the place of all that is there.
-LoadOutcome load_oc2(DiagramSheet& sheet);
+struct LoadAnswer {
+    LoadOutcome outcome = LoadOutcome::Cancelled;
+    std::string folder;  ///< in which the next file is looked for
+};
+/// Asks for a saved diagram, beginning in a folder, and takes it in the place of all that is there.
+/// `withNote` tells first what to mind.
+LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool withNote);
 /// The same for a known file.
-LoadOutcome load_oc2(DiagramSheet& sheet, const std::string& file);
+LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file);
 
-/// The bookkeeping after a chart was read: slots, counters, labels, window.
+/// Takes a chart that was read: places, labels, window. No fluid is known of its curves.
 void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart);
 
-/// `cmdSaveCurveAsXY`: writes one curve; false when nothing was written.
-bool save_curve(const DiagramSheet& sheet, int slot);
+/// The points of a curve that are shown; empty for a free place.
+CurvePoints shown_points(const DiagramSheet& sheet, int place);
 
 /// The points of a curve as lines of x, y and the parameter, separated by tabs, under a line of
 /// captions; numbers in the locale's form.
-std::string curve_table(const DiagramSheet& sheet, int slot);
+std::string curve_table(const DiagramSheet& sheet, int place);
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

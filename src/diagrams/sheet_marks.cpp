@@ -1,6 +1,4 @@
 #include "diagrams/sheet_marks.h"
-#include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
 
 #include <cmath>
 #include <initializer_list>
@@ -8,44 +6,27 @@
 
 #include "common/constants.h"
 #include "common/dialogs.h"
+#include "common/faults.h"
 #include "common/numbers.h"
-#include "diagrams/catalogue.h"
+#include "diagrams/caloric_functions.h"
 #include "diagrams/project_state.h"
-#include "diagrams/sheet_draw.h"
-#include "legacy/declare.h"
-#include "models/caloric.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
-#include "session/module2.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 namespace {
-
-using legacy::the_models;
-using legacy::the_session;
-using legacy::the_substance;
 
 constexpr auto kRefused = "Execution not possible";
 constexpr float kFarT = -1e10F, kFarP = -1e6F, kFarV = -1e8F;
 constexpr double kPlaceOfText = 1.0 / 6.0;  // of the window
 constexpr chart::Colour kMarkColour = chart::rgb(0x6B7280);
 
-constexpr std::int16_t kLogarithmic = 10, kSlope = 11;
-constexpr std::int16_t kRhoTProjection = 8, kBisectionCode = 80;
-
-bool is_one_of(std::int16_t code, std::initializer_list<int> codes) {
-    for (const int one : codes)
-        if (one == code) return true;
-    return false;
-}
-
 /// Where an axis of the diagram shows a quantity.
 enum class Direction { None, Vertical, Horizontal };
 
-Direction direction_of(const diagrams::DiagramRequest& request,
-                       std::initializer_list<Axis> quantities) {
-    const CatalogueRow* row = find_row(request.DiagramType);
+Direction direction_of(const DiagramSheet& sheet, std::initializer_list<Axis> quantities) {
+    const Diagram* row = sheet.request.diagram;
     if (row == nullptr) return Direction::None;
     for (const Axis quantity : quantities) {
         if (row->x == quantity) return Direction::Vertical;
@@ -54,17 +35,17 @@ Direction direction_of(const diagrams::DiagramRequest& request,
     return Direction::None;
 }
 
-Direction direction_of_T(const diagrams::DiagramRequest& request) {
-    return direction_of(request, {Axis::T, Axis::inverseT, Axis::inverseTSlope});
+Direction direction_of_T(const DiagramSheet& sheet) {
+    return direction_of(sheet, {Axis::T, Axis::inverseT, Axis::inverseTSlope});
 }
-Direction direction_of_p(const diagrams::DiagramRequest& request) {
-    return direction_of(request, {Axis::p, Axis::lnp});
+Direction direction_of_p(const DiagramSheet& sheet) {
+    return direction_of(sheet, {Axis::p, Axis::lnp});
 }
-Direction direction_of_v(const diagrams::DiagramRequest& request) {
-    return direction_of(request, {Axis::v});
+Direction direction_of_v(const DiagramSheet& sheet) {
+    return direction_of(sheet, {Axis::v});
 }
-Direction direction_of_rho(const diagrams::DiagramRequest& request) {
-    return direction_of(request, {Axis::rho});
+Direction direction_of_rho(const DiagramSheet& sheet) {
+    return direction_of(sheet, {Axis::rho});
 }
 
 struct ReferenceLine {
@@ -77,7 +58,7 @@ struct ReferenceLine {
 /// A line across the window with a text at one sixth of it.
 void add_line(DiagramSheet& sheet, Direction direction, const ReferenceLine& line) {
     auto& curves = sheet.chart.curves;
-    chart::series_at(sheet.chart, chart::Group::Curves, kFirstReferenceLine - 1);
+    chart::series_at(sheet.chart, chart::Group::Curves, first_reference_line(sheet) - 1);
     chart::Series series;
     series.isReference = true;
     series.inLegend = false;
@@ -117,8 +98,8 @@ void remove_line(DiagramSheet& sheet, int labelIndex, std::string_view text) {
                   [&](const chart::Series& s) { return s.isReference && s.legend == text; });
 }
 
-bool refuse_vapour_only(const char* text) {
-    if (!the_models.EOSOnlyV) return false;
+bool refuse_vapour_only(const Pen& pen, const char* text) {
+    if (!pen.basis.fluid.models().EOSOnlyV) return false;
     dialogs::tell(text, kRefused);
     return true;
 }
@@ -126,107 +107,82 @@ bool refuse_vapour_only(const char* text) {
 constexpr auto kTooHot = "only possible in the 2-phase region V-L  (T<T(cr))";
 constexpr auto kTooHigh = "only possible in the 2-phase region V-L  (p<p(cr))";
 
-bool refuse_supercritical_T() {
-    if (the_session.DiagramT < the_substance.Tcrit) return false;
-    dialogs::tell(kTooHot, kRefused);
-    return true;
+/// The parameter of the section must lie below the critical point.
+bool refuse_supercritical(const DiagramSheet& sheet, const Pen& pen) {
+    const models::SubstanceRecord& s = pen.basis.fluid.substance();
+    const Section section = sheet.request.section();
+    const bool tooHot = section == Section::isothermal && sheet.at.T >= s.Tcrit;
+    const bool tooHigh = section == Section::isobaric && sheet.at.p >= s.pcrit;
+    if (tooHot || tooHigh) dialogs::tell(tooHot ? kTooHot : kTooHigh, kRefused);
+    return tooHot || tooHigh;
 }
 
-bool refuse_supercritical_p() {
-    if (the_session.DiagramP < the_substance.pcrit) return false;
-    dialogs::tell(kTooHigh, kRefused);
-    return true;
-}
-
-/// Another code and section kind while a mark runs.
-class Borrowed {
-  public:
-    Borrowed(DiagramSheet& sheet, std::int16_t code, std::int16_t sectionKind)
-        : request_(sheet.request), code_(request_.DiagramType), kind_(request_.sectionKind) {
-        request_.DiagramType = code;
-        request_.sectionKind = sectionKind;
+/// The basis of a mark in the units of the sheet; nothing, and said, where there is none.
+std::optional<Basis> basis_of_mark(const DiagramSheet& sheet, const Pen& pen) {
+    try {
+        return in_units_of(sheet, pen.basis);
+    } catch (const faults::Fault& fault) {
+        dialogs::tell(fault.what(), kRefused);
+        return std::nullopt;
     }
-    ~Borrowed() {
-        request_.DiagramType = code_;
-        request_.sectionKind = kind_;
-    }
-    Borrowed(const Borrowed&) = delete;
-    Borrowed& operator=(const Borrowed&) = delete;
-
-  private:
-    diagrams::DiagramRequest& request_;
-    std::int16_t code_, kind_;
-};
-
-/// A session flag while a mark runs.
-class Raised {
-  public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-  private:
-    bool& flag_;
-};
-
-bool s_curve_is_isothermal(std::int16_t code) {
-    return is_one_of(code, {1, 2, 26, 40, 41, 42, 43}) || code > 149;
 }
 
-bool s_curve_is_isobaric(std::int16_t code) {
-    return is_one_of(code, {3, 4, 15, 16, 18, 30, 31, 32, 33});
-}
-
-std::int16_t inversion_code(std::int16_t code) {
-    constexpr std::int16_t kOverPressure = 190, kOverT = 105;
-    if (is_one_of(code, {2, 106})) return kOverPressure;
-    if (is_one_of(code, {5, 9})) return kOverT;
-    return 0;
+/// Takes the lines of temperatures or pressures away, which a new set replaces.
+void clear_lines(DiagramSheet& sheet) {
+    auto& curves = sheet.chart.curves;
+    const auto first = static_cast<std::size_t>(first_reference_line(sheet));
+    if (curves.size() > first) curves.resize(first);
+    std::erase_if(sheet.chart.labels,
+                  [](const chart::Label& l) { return kind_of(l) == LabelKind::marker; });
 }
 
 }  // namespace
 
 bool offers_mark(const DiagramSheet& sheet, Mark mark) {
-    const diagrams::DiagramRequest& r = sheet.request;
-    if (sheet.SwappedAxes) return false;
+    const Diagram* diagram = sheet.request.diagram;
+    if (sheet.swappedAxes || diagram == nullptr) return false;
     switch (mark) {
         case Mark::T:
-            return direction_of_T(r) != Direction::None;
+            return direction_of_T(sheet) != Direction::None;
         case Mark::p:
-            return direction_of_p(r) != Direction::None;
+            return direction_of_p(sheet) != Direction::None;
         case Mark::v:
-            return direction_of_v(r) != Direction::None;
+            return direction_of_v(sheet) != Direction::None;
         case Mark::b:
-            return direction_of_v(r) != Direction::None || direction_of_rho(r) != Direction::None;
+            return direction_of_v(sheet) != Direction::None ||
+                   direction_of_rho(sheet) != Direction::None;
         case Mark::SCurve:
-            return diagrams::has_metastable_branch(r.DiagramType);
+            return diagram->metastable != Metastable::none;
         case Mark::CriticalEx:
         case Mark::CriticalCalc:
-            return r.DiagramType == kLogarithmic || diagrams::ShowsStates(r.DiagramType);
+            return shows_states(*diagram);
         case Mark::Bisection:
-            return r.DiagramType == kRhoTProjection;
+            return diagram->bisection != 0;
         case Mark::Inversion:
-            return inversion_code(r.DiagramType) != 0;
+            return diagram->inversion != 0;
         case Mark::Coexistence:
         case Mark::Isohygric:
-            return coexistence_code_of(r.DiagramType) != 0;
+            return diagram->dome != 0;
         case Mark::TieLine:
-            return (r.sectionKind == kIsothermal || r.sectionKind == kIsobaric) &&
-                   diagrams::ShowsStates(r.DiagramType);
+            return (diagram->section == Section::isothermal ||
+                    diagram->section == Section::isobaric) &&
+                   shows_states(*diagram);
     }
     return false;
 }
 
-bool mark_t_grenzen(DiagramSheet& sheet) {
+bool mark_temperatures(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::T)) return false;
-    delete_reference_lines(sheet);
-    delete_marker_labels(sheet);
+    const auto basis = basis_of_mark(sheet, pen);
+    if (!basis) return false;
+    remember(sheet, "T Marker");
+    clear_lines(sheet);
 
-    const Direction direction = direction_of_T(sheet.request);
-    const double factor = static_cast<double>(the_session.TemperatureFactor);
-    const bool inverse = is_one_of(sheet.request.DiagramType, {kLogarithmic, kSlope});
-    int index = LabelIndex::kFirstT;
+    const models::SubstanceRecord& s = basis->fluid.substance();
+    const Direction direction = direction_of_T(sheet);
+    const double factor = basis->TF();
+    const bool inverse = direction_of(sheet, {Axis::T}) == Direction::None;
+    int index = MarkerLabel::kFirstT;
     const auto line = [&](const char* text, double T) {
         if (T > 0) {
             const double value = inverse ? 1 / (factor * T) : factor * T;
@@ -234,25 +190,28 @@ bool mark_t_grenzen(DiagramSheet& sheet) {
         }
         ++index;
     };
-    line("T(cr)", the_substance.Tcrit);
-    line("T(triple)", the_substance.Ttriple);
-    if (the_session.PartialGasCurve) {
+    line("T(cr)", s.Tcrit);
+    line("T(triple)", static_cast<double>(s.Ttriple));
+    if (pen.options.partialGas) {
         line("                      T(LV) at p",
-             models::BoilingTemperature(the_session.DiagramP, the_models.VPModel, false).T);
-        line("                      T(LV) at normal pressure", the_substance.Tboil);
+             models::boiling_temperature(s, sheet.at.p, basis->fluid.models().VPModel).T);
+        line("                      T(LV) at normal pressure", static_cast<double>(s.Tboil));
     }
     return has_reference_lines(sheet);
 }
 
-bool mark_pressures(DiagramSheet& sheet) {
+bool mark_pressures(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::p)) return false;
-    delete_reference_lines(sheet);
-    delete_marker_labels(sheet);
+    const auto basis = basis_of_mark(sheet, pen);
+    if (!basis) return false;
+    remember(sheet, "p Marker");
+    clear_lines(sheet);
 
-    const Direction direction = direction_of_p(sheet.request);
-    const double factor = static_cast<double>(the_session.PressureFactor);
-    const bool logarithm = sheet.request.DiagramType == kLogarithmic;
-    int index = LabelIndex::kFirstP;
+    const models::SubstanceRecord& s = basis->fluid.substance();
+    const Direction direction = direction_of_p(sheet);
+    const double factor = basis->PF();
+    const bool logarithm = direction_of(sheet, {Axis::lnp}) != Direction::None;
+    int index = MarkerLabel::kFirstP;
     const auto line = [&](const char* text, double p) {
         if (p > 0) {
             const double value = logarithm ? std::log(factor * p) : factor * p;
@@ -260,89 +219,102 @@ bool mark_pressures(DiagramSheet& sheet) {
         }
         ++index;
     };
-    line("p(cr)", the_substance.pcrit);
-    line("p(LV) at T ", models::VapourPressure(the_session.DiagramT, the_models.VPModel, false).p);
+    line("p(cr)", s.pcrit);
+    line("p(LV) at T ", models::vapour_pressure(s, sheet.at.T, basis->fluid.models().VPModel).p);
     line(logarithm ? "Normal-p" : "normal p", constants::kNormalPressure);
     return has_reference_lines(sheet);
 }
 
-bool mark_volume(DiagramSheet& sheet) {
+bool mark_volume(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::v)) return false;
-    const double v = legacy::the_eosParameters.vcritCalc;
+    const double v = pen.basis.fluid.eos().vcritCalc;
     if (!(v > 0)) return false;
-    remove_line(sheet, LabelIndex::kVolume, "v(crit)");
-    add_line(sheet, direction_of_v(sheet.request),
-             {LabelIndex::kVolume, v * the_session.VolumeFactor, "v(crit)", kFarV});
+    const auto basis = basis_of_mark(sheet, pen);
+    if (!basis) return false;
+    remember(sheet, "V-Mark");
+    remove_line(sheet, MarkerLabel::kVolume, "v(crit)");
+    add_line(sheet, direction_of_v(sheet),
+             {MarkerLabel::kVolume, v * basis->VF(), "v(crit)", kFarV});
     return true;
 }
 
-bool mark_covolume(DiagramSheet& sheet) {
+bool mark_covolume(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::b)) return false;
-    models::EOSState state = legacy::the_eosState;
-    if (!the_models.EOSOnlyV)
-        state = models::solve_state_tp(models::current_fluid(), the_session.DiagramT,
-                                       the_substance.pcrit)
-                    .state;
-    const double b = state.eosB;
-    if (the_models.EOSOnlyV || !(b > 0)) {
+    const models::Fluid& fluid = pen.basis.fluid;
+    const bool cubic = !fluid.models().EOSOnlyV;
+    const double b =
+        cubic ? models::solve_state_tp(fluid, sheet.at.T, fluid.substance().pcrit).state.eosB : 0;
+    if (!(b > 0)) {
         dialogs::tell("possible for cubic EOS only.", kRefused);
         return false;
     }
-    remove_line(sheet, LabelIndex::kCovolume, "v = b");
-    const Direction ofVolume = direction_of_v(sheet.request);
+    const auto basis = basis_of_mark(sheet, pen);
+    if (!basis) return false;
+    remember(sheet, "Marker v = B");
+    remove_line(sheet, MarkerLabel::kCovolume, "v = b");
+    const Direction ofVolume = direction_of_v(sheet);
     const bool density = ofVolume == Direction::None;
-    add_line(sheet, density ? direction_of_rho(sheet.request) : ofVolume,
-             {LabelIndex::kCovolume, density ? the_substance.M / b : b * the_session.VolumeFactor,
-              "v = b", kFarV});
+    add_line(sheet, density ? direction_of_rho(sheet) : ofVolume,
+             {MarkerLabel::kCovolume, density ? basis->M() / b : b * basis->VF(), "v = b", kFarV});
     return true;
 }
 
-bool mark_s_curve(DiagramSheet& sheet) {
+bool mark_s_curve(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::SCurve)) return false;
-    if (refuse_vapour_only("V-L coex. curve possible for cubic EOS only.")) return false;
-    const std::int16_t code = sheet.request.DiagramType;
-    if (s_curve_is_isothermal(code) && refuse_supercritical_T()) return false;
-    if (s_curve_is_isobaric(code) && refuse_supercritical_p()) return false;
-    const Raised requested(the_session.SCurveRequested);
-    return draw_curve(sheet).slot >= 0;
+    if (refuse_vapour_only(pen, "V-L coex. curve possible for cubic EOS only.")) return false;
+    const bool tested = sheet.request.diagram->metastable == Metastable::subcritical;
+    if (tested && refuse_supercritical(sheet, pen)) return false;
+    return draw_curve(sheet, pen, {.branch = Branch::metastable}).place >= 0;
 }
 
-bool mark_critical_point(DiagramSheet& sheet, bool experimental) {
-    if (!offers_mark(sheet, experimental ? Mark::CriticalEx : Mark::CriticalCalc)) return false;
-    session::refresh_units();
-    const double v = experimental ? the_substance.vcritExp : legacy::the_eosParameters.vcritCalc;
-    const double T = the_substance.Tcrit, p = the_substance.pcrit;
-    const std::int16_t code = sheet.request.DiagramType;
+namespace {
+
+/// The critical point on the axes of a sheet, by the data or by the EOS.
+std::optional<Projection> critical_projection(const DiagramSheet& sheet, const Basis& basis,
+                                              bool experimental) {
+    const models::Fluid& fluid = basis.fluid;
+    const models::SubstanceRecord& s = fluid.substance();
+    const Diagram& diagram = *sheet.request.diagram;
+    const double v = experimental ? s.vcritExp : fluid.eos().vcritCalc;
+    const bool needsVolume = direction_of(sheet, {Axis::v, Axis::rho, Axis::pv}) != Direction::None;
+    if (!(v > 0) && needsVolume) return std::nullopt;
     models::StateValues functions;
-    if (diagrams::needs_functions(code)) {
+    if (shows_caloric_values(diagram)) {
         // The caloric values belong to the state of the EOS at T(cr) and p(cr).
-        const models::StateTP state = models::SolveStateTP(T, p);
+        const models::StateTP state = models::solve_state_tp(fluid, s.Tcrit, s.pcrit);
         const double ofState = state.hasV ? state.vV : state.vL;
-        functions = models::StateFunctions(T, p, ofState > 0 ? ofState : v);
+        functions = CaloricFunctions(basis)(s.Tcrit, s.pcrit, ofState > 0 ? ofState : v);
     }
-    const bool needsVolume =
-        direction_of(sheet.request, {Axis::v, Axis::rho, Axis::pv}) != Direction::None;
-    diagrams::Projection at;
-    if (v > 0 || !needsVolume) at = diagrams::project_state(code, T, p, v, functions);
-    if (!at.exists) {
+    return project_state(diagram, basis, {s.Tcrit, s.pcrit, v}, functions);
+}
+
+}  // namespace
+
+bool mark_critical_point(DiagramSheet& sheet, const Pen& pen, bool experimental) {
+    if (!offers_mark(sheet, experimental ? Mark::CriticalEx : Mark::CriticalCalc)) return false;
+    const auto basis = basis_of_mark(sheet, pen);
+    if (!basis) return false;
+    const auto at = critical_projection(sheet, *basis, experimental);
+    if (!at) {
         dialogs::tell("No critical density available", kRefused);
         return false;
     }
-
-    delete_critical_point(sheet, experimental);
-    const int slot = experimental ? kCriticalExSeries : kCriticalCalcSeries;
-    chart::Series& series = chart::series_at(sheet.chart, chart::Group::Points, slot);
-    series = chart::default_point_set(slot);
+    remember(sheet, "Critical point");
+    const LabelKind kind = experimental ? LabelKind::criticalEx : LabelKind::criticalCalc;
+    std::erase_if(sheet.chart.labels, [&](const chart::Label& l) { return kind_of(l) == kind; });
+    const int place = critical_point_place(sheet, experimental);
+    chart::Series& series = chart::series_at(sheet.chart, chart::Group::Points, place);
+    series = chart::default_point_set(place);
     series.inLegend = false;
     series.symbol = experimental ? chart::SymbolShape::Box : chart::SymbolShape::Circle;
     series.symbolColour = chart::kInk;
-    series.x = {static_cast<float>(at.x)};
-    series.y = {static_cast<float>(at.y)};
+    series.x = {static_cast<float>(at->x)};
+    series.y = {static_cast<float>(at->y)};
     chart::Label label;
-    label.index = experimental ? LabelIndex::kCriticalEx : LabelIndex::kCriticalCalc;
+    label.index = label_index(kind);
     label.onPoint = true;
     label.group = chart::Group::Points;
-    label.series = slot;
+    label.series = place;
     label.text = experimental ? "CP (exp.)" : "CP (calc.)";
     constexpr double kBeside = 34, kAbove = 12;  // pixels; both texts have room at one place
     label.dx = kBeside;
@@ -351,55 +323,51 @@ bool mark_critical_point(DiagramSheet& sheet, bool experimental) {
     return true;
 }
 
-bool mark_bisection(DiagramSheet& sheet) {
+bool mark_bisection(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::Bisection)) return false;
-    const Borrowed code(sheet, kBisectionCode, sheet.request.sectionKind);
-    const DrawOutcome drawn = draw_curve(sheet);
-    if (drawn.slot < 0) return false;
-    name_curve(sheet, drawn.slot, "rho-bisection line", "");
+    const Diagram& line = diagram_of(sheet.request.diagram->bisection);
+    const DrawOutcome drawn = draw_curve(sheet, pen, {.curve = &line});
+    if (drawn.place < 0) return false;
+    name_curve(sheet, drawn.place, {"rho-bisection line", ""});
     return true;
 }
 
-bool mark_inversion(DiagramSheet& sheet) {
+bool mark_inversion(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::Inversion)) return false;
-    if (refuse_vapour_only("Inversion curve only possible by cubic EOS")) return false;
-    const Borrowed code(sheet, inversion_code(sheet.request.DiagramType), kInversion);
-    return draw_curve(sheet).slot >= 0;
+    if (refuse_vapour_only(pen, "Inversion curve only possible by cubic EOS")) return false;
+    const Diagram& line = diagram_of(sheet.request.diagram->inversion);
+    return draw_curve(sheet, pen, {.curve = &line}).place >= 0;
 }
 
-bool mark_coexistence(DiagramSheet& sheet) {
+bool mark_coexistence(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::Coexistence)) return false;
-    if (refuse_vapour_only("V-L coex. curve possible for cubic EOS only.")) return false;
-    const Borrowed code(sheet, coexistence_code_of(sheet.request.DiagramType), kProjection);
-    return draw_both_branches(sheet);
+    if (refuse_vapour_only(pen, "V-L coex. curve possible for cubic EOS only.")) return false;
+    return draw_both_branches(sheet, pen, diagram_of(sheet.request.diagram->dome));
 }
 
-bool may_mark_isohygric() {
-    return !refuse_vapour_only("Isohygrics - possible only using cubic EOS");
+bool may_mark_isohygric(const Pen& pen) {
+    return !refuse_vapour_only(pen, "Isohygrics - possible only using cubic EOS");
 }
 
-bool mark_isohygric(DiagramSheet& sheet, double fraction) {
+bool mark_isohygric(DiagramSheet& sheet, const Pen& pen, double fraction) {
     if (!offers_mark(sheet, Mark::Isohygric) || !(fraction >= 0 && fraction <= 1)) return false;
-    if (!may_mark_isohygric()) return false;
-    const Borrowed code(sheet, coexistence_code_of(sheet.request.DiagramType), kProjection);
-    const Raised requested(the_session.CoexistenceRequested);
-    the_session.VapourFraction = fraction;
+    if (!may_mark_isohygric(pen)) return false;
+    const Diagram& dome = diagram_of(sheet.request.diagram->dome);
     const std::string text = " y(V) = " + numbers::general_point(fraction);
-    const DrawOutcome drawn = draw_curve(sheet, text);
-    the_session.VapourFraction = 1;
-    if (drawn.slot < 0) return false;
-    sheet.CurveLabels[static_cast<std::size_t>(drawn.slot)].text = text.substr(1);
+    const DrawOutcome drawn =
+        draw_curve(sheet, pen, {.curve = &dome, .vapourFraction = fraction}, text);
+    if (drawn.place < 0) return false;
+    CurveName name = sheet.curves[static_cast<std::size_t>(drawn.place)].name;
+    name.label = text.substr(1);
+    name_curve(sheet, drawn.place, name);
     return true;
 }
 
-bool mark_tie_line(DiagramSheet& sheet) {
+bool mark_tie_line(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::TieLine)) return false;
-    if (refuse_vapour_only("Tie-line V-L - possible only using cubic EOS")) return false;
-    const std::int16_t kind = sheet.request.sectionKind;
-    if (kind == kIsothermal && refuse_supercritical_T()) return false;
-    if (kind == kIsobaric && refuse_supercritical_p()) return false;
-    const Raised requested(the_session.TieLineRequested);
-    return draw_curve(sheet).slot >= 0;
+    if (refuse_vapour_only(pen, "Tie-line V-L - possible only using cubic EOS")) return false;
+    if (refuse_supercritical(sheet, pen)) return false;
+    return draw_curve(sheet, pen, {.branch = Branch::tieLine}).place >= 0;
 }
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 
-#include "diagrams/diagram_sheet.h"
+#include "diagrams/sheet_draw.h"
 
 /// Lines, points and special curves that are added to a diagram. Each returns true when it added
 /// something; a refusal is said and leaves the sheet as it is.
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 enum class Mark : std::uint8_t {
     T,
@@ -28,19 +27,19 @@ enum class Mark : std::uint8_t {
 /// offered, and is refused with a reason.
 bool offers_mark(const DiagramSheet& sheet, Mark mark);
 
-bool mark_t_grenzen(DiagramSheet& sheet);
-bool mark_pressures(DiagramSheet& sheet);
-bool mark_volume(DiagramSheet& sheet);
-bool mark_covolume(DiagramSheet& sheet);
-bool mark_s_curve(DiagramSheet& sheet);
-bool mark_critical_point(DiagramSheet& sheet, bool experimental);
-bool mark_bisection(DiagramSheet& sheet);
-bool mark_inversion(DiagramSheet& sheet);
-bool mark_coexistence(DiagramSheet& sheet);
+bool mark_temperatures(DiagramSheet& sheet, const Pen& pen);
+bool mark_pressures(DiagramSheet& sheet, const Pen& pen);
+bool mark_volume(DiagramSheet& sheet, const Pen& pen);
+bool mark_covolume(DiagramSheet& sheet, const Pen& pen);
+bool mark_s_curve(DiagramSheet& sheet, const Pen& pen);
+bool mark_critical_point(DiagramSheet& sheet, const Pen& pen, bool experimental);
+bool mark_bisection(DiagramSheet& sheet, const Pen& pen);
+bool mark_inversion(DiagramSheet& sheet, const Pen& pen);
+bool mark_coexistence(DiagramSheet& sheet, const Pen& pen);
 /// Refuses an isohygric with a V-only equation; the fraction is asked for afterwards.
-bool may_mark_isohygric();
+bool may_mark_isohygric(const Pen& pen);
 /// The line of a vapour fraction, 0 to 1.
-bool mark_isohygric(DiagramSheet& sheet, double fraction);
-bool mark_tie_line(DiagramSheet& sheet);
+bool mark_isohygric(DiagramSheet& sheet, const Pen& pen, double fraction);
+bool mark_tie_line(DiagramSheet& sheet, const Pen& pen);
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

@@ -1,12 +1,9 @@
 #include "diagrams/sheet_readout.h"
 
-#include <algorithm>
-
 #include "common/dialogs.h"
 #include "common/numbers.h"
-#include "diagrams/curve.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 namespace {
 
@@ -14,22 +11,29 @@ std::size_t at(int index) {
     return static_cast<std::size_t>(index);
 }
 
-std::string caption_of(float mark) {
-    if (mark == diagrams::kMarkT) return "  T/K = ";
-    if (mark == diagrams::kMarkP) return " p/kPa= ";
-    if (mark == diagrams::kMarkV) return "  v = ";
+std::string caption_of(Parameter parameter) {
+    switch (parameter) {
+        case Parameter::T:
+            return "  T/K = ";
+        case Parameter::p:
+            return " p/kPa= ";
+        case Parameter::v:
+            return "  v = ";
+        case Parameter::none:
+            break;
+    }
     return {};
 }
 
-float parameter_of(const DiagramSheet& sheet, int slot, int point) {
-    const auto& z = sheet.CurveParameters[at(slot)];
-    return point >= 0 && at(point) + 1 < z.size() ? z[at(point) + 1] : 0;
+/// The caption of the parameter of a curve; empty for a curve without one, and for other series.
+std::string caption_at(const DiagramSheet& sheet, int place) {
+    return is_drawn(sheet, place) ? caption_of(sheet.curves[at(place)].parameter) : std::string();
 }
 
 }  // namespace
 
-std::string parameter_caption(const DiagramSheet& sheet, int slot) {
-    std::string caption = caption_of(sheet.CurveMarks[at(slot)]);
+std::string parameter_caption(const DiagramSheet& sheet, int place) {
+    std::string caption = caption_at(sheet, place);
     const std::size_t end = caption.find('=');
     if (end != std::string::npos) caption.resize(end);
     return caption;
@@ -45,10 +49,11 @@ std::string readout(const DiagramSheet& sheet, const chart::NearPoint& near) {
     if (near.group == chart::Group::Points) return "X = " + x + "  Y = " + y;
 
     std::string text = " X= " + x + " Y= " + y;
-    if (near.series >= kMaxCurves) return text;
-    const std::string caption = caption_of(sheet.CurveMarks[at(near.series)]);
-    const float z = parameter_of(sheet, near.series, near.point);
-    if (!caption.empty() && z != 0) text += caption + numbers::General(z);
+    const std::string caption = caption_at(sheet, near.series);
+    if (caption.empty()) return text;
+    const std::vector<float>& z = sheet.curves[at(near.series)].z;
+    if (at(near.point) < z.size() && z[at(near.point)] != 0)
+        text += caption + numbers::General(z[at(near.point)]);
     return text;
 }
 
@@ -57,7 +62,7 @@ std::string place_text(double x, double y) {
            "  Y = " + numbers::General(static_cast<float>(y));
 }
 
-std::string Hint(Under what) {
+std::string hint(Under what) {
     switch (what) {
         case Under::Text:
             return "  Right-click =>  Edit/ Shift  Text";
@@ -91,11 +96,11 @@ LegendAnswer add_legend(DiagramSheet& sheet) {
         sheet.chart.legend.shown = true;
         return LegendAnswer::Shown;
     }
-    const bool pointsOnly = sheet.CurveCount == 0 && sheet.PointSetCount > 0;
+    const bool pointsOnly = curve_count(sheet) == 0 && point_set_count(sheet) > 0;
     dialogs::tell(std::string("No legend texts given\n") +
                       (pointsOnly ? "=> Designing exper. points" : "=> Designing curve"),
                   "Execution not possible");
     return pointsOnly ? LegendAnswer::DesignPoints : LegendAnswer::DesignCurve;
 }
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

@@ -6,13 +6,13 @@
 
 #include "diagrams/diagram_sheet.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 /// What lies under the pointer.
 enum class Under : std::uint8_t { Nothing, Curve, PointSet, Text, Legend, Axis };
 
 /// Name of the parameter that the points of a curve carry, " T/K" and the like; empty for none.
-std::string parameter_caption(const DiagramSheet& sheet, int slot);
+std::string parameter_caption(const DiagramSheet& sheet, int place);
 
 /// Text of the status line for a point of the chart: X, Y and the curve's parameter there.
 std::string readout(const DiagramSheet& sheet, const chart::NearPoint& near);
@@ -21,7 +21,7 @@ std::string readout(const DiagramSheet& sheet, const chart::NearPoint& near);
 std::string place_text(double x, double y);
 
 /// What a right click would do.
-std::string Hint(Under what);
+std::string hint(Under what);
 
 /// What `cmdLegendInfo` and `cmdMsgDelPoint` explain.
 void explain_legend();
@@ -32,4 +32,4 @@ enum class LegendAnswer : std::uint8_t { Shown, DesignCurve, DesignPoints };
 /// `mnuAddLegend`: shows the legend, or says why there is none.
 LegendAnswer add_legend(DiagramSheet& sheet);
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

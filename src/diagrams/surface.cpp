@@ -5,35 +5,35 @@
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "diagrams/caloric_functions.h"
+#include "diagrams/curve_frame.h"
 #include "diagrams/diagram_sheet.h"
 #include "models/model_tables.h"
-#include "session/module2.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 namespace {
 
-using legacy::the_session;
-
-constexpr std::int16_t kPressure = 1, kTemperature = 4;
-constexpr std::int16_t kReduced = 2;  // UnitMode
-
 constexpr auto kKinds = std::to_array<SurfaceKind>({
-    {1, "Pressure p(v, T)", Axis::v, Axis::T, Axis::p},
+    {1, "Pressure p(v, T)", Axis::v, Axis::T, Axis::p, true, 0, "Pressure                p(v, T) "},
     {2, "", Axis::v, Axis::T, Axis::p},
-    {3, "Volume  v(p, T)", Axis::p, Axis::T, Axis::v},
-    {4, "Temperature T(v, p)", Axis::v, Axis::p, Axis::T},
-    {5, "Heat Capacity cp(p, T)", Axis::p, Axis::T, Axis::cp},
-    {7, "Enthalpy  h(p, T)", Axis::p, Axis::T, Axis::h},
-    {8, "Entropy s(p, T)", Axis::p, Axis::T, Axis::s},
-    {9, "Gibbs Function g(p, T)", Axis::p, Axis::T, Axis::g},
-    {10, "Exergy of H          e(p, T)", Axis::p, Axis::T, Axis::e},
-    {11, "", Axis::p, Axis::T, Axis::e, true},
+    {3, "Volume  v(p, T)", Axis::p, Axis::T, Axis::v, false, 1, "Volume                  v(p, T)"},
+    {4, "Temperature T(v, p)", Axis::v, Axis::p, Axis::T, true, 2, "Temperature          T(p, v)"},
+    {5, "Heat Capacity cp(p, T)", Axis::p, Axis::T, Axis::cp, false, 4,
+     "Heat Capacity         cp(p, T)"},
+    {7, "Enthalpy  h(p, T)", Axis::p, Axis::T, Axis::h, false, 5,
+     "Enthalpy                 h(p, T)"},
+    {8, "Entropy s(p, T)", Axis::p, Axis::T, Axis::s, false, 6, "Entropy                  s(p, T)"},
+    {9, "Gibbs Function g(p, T)", Axis::p, Axis::T, Axis::g, false, 7,
+     "Gibbs Function       g(p, T)"},
+    {10, "Exergy of H          e(p, T)", Axis::p, Axis::T, Axis::eH, false, 8,
+     "Exergy of H            e(p, T)"},
+    {11, "", Axis::p, Axis::T, Axis::eU},
 });
 
 /// Default ranges as shares of the critical values.
 struct Ranges {
-    std::int16_t kind;
+    Axis z;
     bool SCurve;
     double pLow, pHigh;  ///< of pcrit; a low value of 0 stands for `pLowest`
     double pLowest;      ///< kPa
@@ -42,25 +42,29 @@ struct Ranges {
 };
 
 constexpr auto kRanges = std::to_array<Ranges>({
-    {1, true, 0, 1.6, 0.001, 0.93, 1.3, 7},
-    {1, false, 0, 1.6, 500, 0.75, 1.3, 11.5},
-    {3, false, 0.05, 1.6, 0, 0.7, 1.3, 13},
-    {4, false, 0.05, 1.6, 0, 0.4, 2.0, 13},
-    {5, false, 0, 1.8, 0, 0.75, 1.4, 0},
+    {Axis::p, true, 0, 1.6, 0.001, 0.93, 1.3, 7},
+    {Axis::p, false, 0, 1.6, 500, 0.75, 1.3, 11.5},
+    {Axis::v, false, 0.05, 1.6, 0, 0.7, 1.3, 13},
+    {Axis::T, false, 0.05, 1.6, 0, 0.4, 2.0, 13},
+    {Axis::none, false, 0, 1.8, 0, 0.75, 1.4, 0},
 });
 
-const Ranges& ranges_of(std::int16_t kind, bool SCurve) {
-    if (kind == 2) kind = kPressure;
+/// The row of the quantity that a surface shows; all caloric ones share the last.
+const Ranges& ranges_of(const SurfaceKind& surface, bool SCurve) {
     for (const Ranges& row : kRanges)
-        if (row.kind == kind && (kind != kPressure || row.SCurve == SCurve)) return row;
+        if (row.z == surface.z && (row.z != Axis::p || row.SCurve == SCurve)) return row;
     return kRanges.back();
 }
 
-std::string axis_text(Axis axis) {
-    const bool reduced = the_session.UnitMode == kReduced;
+std::string label_of(Axis axis, const models::UnitChoice& units) {
+    const bool reduced = units.system == models::UnitSystem::reduced;
     if (axis == Axis::T) return reduced ? "T(red)" : "T / K";
     if (axis == Axis::p) return reduced ? "p(red)" : "p / kPa";
-    return std::string(AxisText(axis, the_session.CaloricUnit, the_session.UnitMode));
+    return std::string(axis_text(axis, units));
+}
+
+bool is_exergy(Axis axis) {
+    return axis == Axis::eH || axis == Axis::eU;
 }
 
 float single(double value) {
@@ -73,91 +77,87 @@ std::span<const SurfaceKind> surface_kinds() {
     return kKinds;
 }
 
-const SurfaceKind* find_surface(std::int16_t Diagram3DKind) {
+const SurfaceKind* find_surface(int code) {
     for (const SurfaceKind& row : kKinds)
-        if (row.kind == Diagram3DKind) return &row;
+        if (row.code == code) return &row;
     return nullptr;
 }
 
-bool IsCaloric(const SurfaceKind& surface) {
-    return surface.kind > kTemperature;
+bool is_caloric(const SurfaceKind& surface) {
+    return surface.z != Axis::p && surface.z != Axis::v && surface.z != Axis::T;
 }
 
-SurfaceTexts TextsOf(const SurfaceKind& surface) {
+SurfaceTexts texts_of(const SurfaceKind& surface, const Basis& basis) {
+    const models::UnitChoice& units = basis.units.choice;
     const bool hasZeroPoint = surface.z == Axis::h || surface.z == Axis::s || surface.z == Axis::g;
     return {std::string(surface.title),
-            " for " + legacy::the_substance.Name + ",  " +
-                text::trim(models::EOSName(legacy::the_models.EOSModel)),
-            axis_text(surface.x),
-            axis_text(surface.y),
-            axis_text(surface.z),
-            reference_text(hasZeroPoint, surface.z == Axis::e)};
+            " for " + basis.fluid.substance().Name + ",  " +
+                text::trim(models::EOSName(basis.fluid.models().EOSModel)),
+            label_of(surface.x, units),
+            label_of(surface.y, units),
+            label_of(surface.z, units),
+            reference_text(hasZeroPoint, is_exergy(surface.z), basis.reference)};
 }
 
-diagrams::Grid3D default_grid(std::int16_t Diagram3DKind, bool SCurve) {
+SurfaceLimits default_limits(const SurfaceKind& surface, const Basis& basis, bool SCurve) {
     constexpr float kVolumeWithoutData = 3.0F;
-    const models::SubstanceRecord& s = legacy::the_substance;
-    const Ranges& row = ranges_of(Diagram3DKind, SCurve);
-    const auto PF = static_cast<double>(the_session.PressureFactor);
-    const auto TF = static_cast<double>(the_session.TemperatureFactor);
+    const models::SubstanceRecord& s = basis.fluid.substance();
+    const Ranges& row = ranges_of(surface, SCurve);
+    const double PF = basis.PF(), TF = basis.TF();
 
-    diagrams::Grid3D grid;
-    grid.pMin = single(PF * (row.pLow > 0 ? row.pLow * s.pcrit : row.pLowest));
-    grid.pMax = single(PF * row.pHigh * s.pcrit);
-    grid.TMin = single(TF * row.TLow * s.Tcrit);
-    grid.TMax = single(TF * row.THigh * s.Tcrit);
-    if (row.vHigh > 0) {
-        const double M = static_cast<double>(s.M);
-        grid.vMax = s.rhocrit > 0 ? single(the_session.VolumeFactor * row.vHigh * M / s.rhocrit)
-                                  : kVolumeWithoutData;
-    }
-    return grid;
+    SurfaceLimits limits;
+    limits.pMin = single(PF * (row.pLow > 0 ? row.pLow * s.pcrit : row.pLowest));
+    limits.pMax = single(PF * row.pHigh * s.pcrit);
+    limits.TMin = single(TF * row.TLow * s.Tcrit);
+    limits.TMax = single(TF * row.THigh * s.Tcrit);
+    if (row.vHigh > 0)
+        limits.vMax = s.rhocrit > 0 ? single(basis.VF() * row.vHigh * basis.M() / s.rhocrit)
+                                    : kVolumeWithoutData;
+    return limits;
 }
 
-Limits limits_of(const diagrams::Grid3D& grid, Axis axis) {
+Limits limits_of(const SurfaceLimits& limits, Axis axis) {
     switch (axis) {
         case Axis::T:
-            return {grid.TMin, grid.TMax};
+            return {limits.TMin, limits.TMax};
         case Axis::p:
-            return {grid.pMin, grid.pMax};
+            return {limits.pMin, limits.pMax};
         case Axis::v:
-            return {grid.vMin, grid.vMax};
+            return {limits.vMin, limits.vMax};
         default:
-            return {grid.zMin, grid.zMax};
+            return {limits.zMin, limits.zMax};
     }
 }
 
-std::string refusal_of(const diagrams::Grid3D& grid, const SurfaceKind& surface) {
+std::string refusal_of(const SurfaceLimits& limits, const SurfaceKind& surface) {
     for (const Axis axis : {surface.x, surface.y, surface.z}) {
-        const Limits limits = limits_of(grid, axis);
-        if (!(limits.low < limits.high))
-            return "Lower limits have to be smaller then upper limits!";
+        const Limits l = limits_of(limits, axis);
+        if (!(l.low < l.high)) return "Lower limits have to be smaller then upper limits!";
     }
     return {};
 }
 
-SurfaceMark critical_mark(const SurfaceKind& surface) {
-    const models::SubstanceRecord& s = legacy::the_substance;
-    double v = legacy::the_eosParameters.vcritCalc;
+SurfaceMark critical_mark(const SurfaceKind& surface, const Basis& basis) {
+    const models::SubstanceRecord& s = basis.fluid.substance();
+    double v = basis.fluid.eos().vcritCalc;
     if (!(v > 0)) v = s.vcritExp;
     if (surface.z == Axis::cp) return {.remark = "at the critical point cp => infinite"};
     if (!(v > 0)) return {.remark = "No critical density available"};
 
     double caloric = 0;
-    if (IsCaloric(surface)) {
-        const models::StateValues z = models::StateFunctions(s.Tcrit, s.pcrit, v);
+    if (is_caloric(surface)) {
+        const models::StateValues z = CaloricFunctions(basis)(s.Tcrit, s.pcrit, v);
         if (z.status != kSuccess) return {.remark = "No cp(idGas) parameters available"};
-        caloric = caloric_value(surface, z) *
-                  session::caloric_factor_of(the_session.CaloricUnit, s.Tcrit);
+        caloric = caloric_value(surface, z) * basis.caloric(s.Tcrit);
     }
     const auto place = [&](Axis axis) {
         switch (axis) {
             case Axis::T:
-                return s.Tcrit * static_cast<double>(the_session.TemperatureFactor);
+                return s.Tcrit * basis.TF();
             case Axis::p:
-                return s.pcrit * static_cast<double>(the_session.PressureFactor);
+                return s.pcrit * basis.PF();
             case Axis::v:
-                return v * the_session.VolumeFactor;
+                return v * basis.VF();
             default:
                 return caloric;
         }
@@ -166,18 +166,8 @@ SurfaceMark critical_mark(const SurfaceKind& surface) {
 }
 
 double caloric_value(const SurfaceKind& surface, const models::StateValues& z) {
-    switch (surface.z) {
-        case Axis::cp:
-            return z.cp;
-        case Axis::s:
-            return z.s;
-        case Axis::g:
-            return z.g;
-        case Axis::e:
-            return surface.isClosedSystem ? z.eU : z.eH;
-        default:
-            return z.h;
-    }
+    const Function function = function_of(surface.z);
+    return function != nullptr ? z.*function : z.h;
 }
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

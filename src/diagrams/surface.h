@@ -5,35 +5,45 @@
 #include <string>
 #include <string_view>
 
-#include "diagrams/catalogue.h"
-#include "legacy/declare.h"
+#include "diagrams/diagram.h"
 #include "models/caloric.h"
 
 /// The kinds of surfaces: what they show, their texts, ranges and limits.
-namespace quor::Module9 {
+namespace quor::diagrams {
+
+/// Limits of a surface in displayed units; z limits of -0.01111 and 0.01111 mean no clipping.
+struct SurfaceLimits {
+    float pMin = 0, pMax = 0;
+    float TMin = 0, TMax = 0;
+    float vMin = 0, vMax = 0;
+    float zMin = -0.01111F, zMax = 0.01111F;
+    friend bool operator==(const SurfaceLimits&, const SurfaceLimits&) = default;
+};
 
 /// One kind of surface z(x, y). Kinds without a title have no menu row.
 struct SurfaceKind {
-    std::int16_t kind;
+    std::int16_t code;  ///< its number in quorcalc
     std::string_view title;
     Axis x, y, z;
-    bool isClosedSystem = false;  ///< an exergy of U instead of one of H
+    bool hasSCurve = false;  ///< may show S-shaped isotherms inside the dome
+    int menuIndex = -1;      ///< in the menu of surfaces; a gap is a separator
+    std::string_view menuCaption{};
 };
 std::span<const SurfaceKind> surface_kinds();
-/// The row of a kind; nullptr when there is none.
-const SurfaceKind* find_surface(std::int16_t Diagram3DKind);
+/// The row of a code; nullptr when there is none.
+const SurfaceKind* find_surface(int code);
 
 /// True for a surface of caloric values over p and T.
-bool IsCaloric(const SurfaceKind& surface);
+bool is_caloric(const SurfaceKind& surface);
 
 struct SurfaceTexts {
     std::string title, subTitle, xLabel, yLabel, zLabel;
     std::string note;  ///< on zero points and surroundings; empty where none matter
 };
-SurfaceTexts TextsOf(const SurfaceKind& surface);
+SurfaceTexts texts_of(const SurfaceKind& surface, const Basis& basis);
 
 /// Default limits of a kind in displayed units; `SCurve` for the S-shaped isotherms.
-diagrams::Grid3D default_grid(std::int16_t Diagram3DKind, bool SCurve);
+SurfaceLimits default_limits(const SurfaceKind& surface, const Basis& basis, bool SCurve);
 
 /// Limits of z that mean "no clipping".
 inline constexpr float kNoLowerClip = -0.01111F;
@@ -43,10 +53,10 @@ struct Limits {
     float low = 0, high = 0;
 };
 /// Limits of an axis of a surface: those of its quantity, or the clipping limits of a caloric z.
-Limits limits_of(const diagrams::Grid3D& grid, Axis axis);
+Limits limits_of(const SurfaceLimits& limits, Axis axis);
 
 /// Text of the refusal when a lower limit is not below its upper one; empty when all are right.
-std::string refusal_of(const diagrams::Grid3D& grid, const SurfaceKind& surface);
+std::string refusal_of(const SurfaceLimits& limits, const SurfaceKind& surface);
 
 /// The molar caloric value that a surface shows of a state.
 double caloric_value(const SurfaceKind& surface, const models::StateValues& state);
@@ -60,6 +70,6 @@ struct SurfaceMark {
     std::string text{};    ///< label of the mark
     std::string remark{};  ///< said instead of a mark, when there is none
 };
-SurfaceMark critical_mark(const SurfaceKind& surface);
+SurfaceMark critical_mark(const SurfaceKind& surface, const Basis& basis);
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

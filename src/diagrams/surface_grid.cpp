@@ -1,25 +1,19 @@
 #include "diagrams/surface_grid.h"
-#include "legacy/current_fluid.h"
 
 #include <algorithm>
 #include <cmath>
 #include <exception>
 #include <optional>
 
+#include "diagrams/caloric_functions.h"
 #include "diagrams/curve_frame.h"
 #include "diagrams/equilibrium.h"
-#include "diagrams/surface.h"
 #include "models/cubic_eos.h"
-#include "models/reference_state.h"
 #include "models/state_solver.h"
-#include "session/module2.h"
 
 namespace quor::diagrams {
 
 using chart::SurfaceGrid;
-using legacy::the_session;
-using Module9::Axis;
-using Module9::Limits;
 
 namespace {
 
@@ -27,13 +21,12 @@ constexpr double kInsteadOfNoPressure = 0.05;  // kPa, for a p of 0
 
 /// What the nodes of a surface need; z is computed by one function a kind.
 struct Surface {
-    models::Fluid fluid = models::current_fluid();
-    const Module9::SurfaceKind& kind;
-    models::Surroundings surroundings{};
-    double M = static_cast<double>(legacy::the_substance.M);
-    double TF = static_cast<double>(the_session.TemperatureFactor);
-    double PF = static_cast<double>(the_session.PressureFactor);
-    double VF = the_session.VolumeFactor;
+    const SurfaceKind& kind;
+    const Basis& basis;
+    bool SCurve;
+    const models::Fluid& fluid = basis.fluid;
+    CaloricFunctions functions{basis};
+    double M = basis.M(), TF = basis.TF(), PF = basis.PF(), VF = basis.VF();
 };
 
 using Value = std::optional<double>;
@@ -47,13 +40,13 @@ Value pressure(const Surface& s, double T, double v) {
 
 /// p(v, T): below Tcrit the states inside the dome stand at its pressure.
 Value pressure_of_node(const Surface& s, const Equilibrium& e, double T, double v) {
-    const bool twoPhase = !the_session.SCurve3D && e.found && v > e.vL && v < e.vV;
+    const bool twoPhase = !s.SCurve && e.found && v > e.vL && v < e.vV;
     return twoPhase ? e.p * s.PF : pressure(s, T, v);
 }
 
 /// T(v, p), in the dome the temperature of the equilibrium.
 Value temperature_of_node(const Surface& s, const Equilibrium& e, double v, double p) {
-    if (!the_session.SCurve3D && e.found && v > e.vL && v < e.vV) return e.T * s.TF;
+    if (!s.SCurve && e.found && v > e.vL && v < e.vV) return e.T * s.TF;
     const models::TemperatureResult r = models::temperature_from_p_rho(s.fluid, p, s.M / v, true);
     if (!(r.T > 0)) return std::nullopt;
     return r.T * s.TF;
@@ -68,13 +61,12 @@ Value volume_of_node(const Surface& s, double p, double T) {
 Value caloric_of_node(const Surface& s, double p, double T) {
     const double v = stable_volume_of(models::solve_state_tp(s.fluid, T, p));
     if (!(v > 0)) return std::nullopt;
-    const models::StateValues z =
-        models::state_functions(s.fluid, legacy::the_reference, s.surroundings, T, p, v);
-    const double value = Module9::caloric_value(s.kind, z);
-    const bool isExergy = s.kind.z == Axis::e;
+    const models::StateValues z = s.functions(T, p, v);
+    const double value = caloric_value(s.kind, z);
+    const bool isExergy = s.kind.z == Axis::eH || s.kind.z == Axis::eU;
     if (!z.table.filled || (isExergy && z.status != kSuccess)) return std::nullopt;
     if (s.kind.z == Axis::cp && value == 0) return std::nullopt;  // the pole
-    return value * session::caloric_factor_of(the_session.CaloricUnit, T);
+    return value * s.basis.caloric(T);
 }
 
 /// Limits of z beyond which a node is a hole. v, p and T end at their upper limit; a caloric value
@@ -85,15 +77,15 @@ struct Clip {
     bool cuts(double z) const { return z < low || z > high; }
 };
 
-Clip clip_of(const Module9::SurfaceKind& kind) {
-    const Limits limits = Module9::limits_of(legacy::the_grid3D, kind.z);
+Clip clip_of(const SurfaceKind& kind, const SurfaceLimits& all) {
+    const Limits limits = limits_of(all, kind.z);
     Clip clip;
-    if (!Module9::IsCaloric(kind)) {
+    if (!is_caloric(kind)) {
         clip.high = static_cast<double>(limits.high);
         return clip;
     }
-    if (limits.high != Module9::kNoUpperClip) clip.high = static_cast<double>(limits.high);
-    if (limits.low != Module9::kNoLowerClip) clip.low = static_cast<double>(limits.low);
+    if (limits.high != kNoUpperClip) clip.high = static_cast<double>(limits.high);
+    if (limits.low != kNoLowerClip) clip.low = static_cast<double>(limits.low);
     return clip;
 }
 
@@ -107,8 +99,7 @@ double positive_pressure(double p) {
     return p == 0 ? kInsteadOfNoPressure : p;
 }
 
-void fill(SurfaceGrid& grid, const Surface& s) {
-    const Clip clip = clip_of(s.kind);
+void fill(SurfaceGrid& grid, const Surface& s, const Clip& clip) {
     for (int j = 0; j < grid.ny; ++j) {
         const double y = grid.y(j);
         // The dome of a row of nodes is the same for all of them.
@@ -140,20 +131,15 @@ void set_axis(const Limits& limits, int nodes, double& start, double& step) {
 
 }  // namespace
 
-SurfaceGrid calc_3_d_array(int nx, int ny) {
+SurfaceGrid surface_grid(const SurfaceKind& kind, const Basis& basis, const SurfaceLimits& limits,
+                         bool SCurve, int nx, int ny) {
     SurfaceGrid grid;
     grid.resize(std::clamp(nx, kFewestNodes, kMostNodes), std::clamp(ny, kFewestNodes, kMostNodes));
     grid.zBehindHoles.assign(grid.z.size(), grid.hole);
-    const Module9::SurfaceKind* kind = Module9::find_surface(the_session.Diagram3DKind);
-    if (kind == nullptr) return grid;
-    set_axis(Module9::limits_of(legacy::the_grid3D, kind->x), grid.nx, grid.x0, grid.dx);
-    set_axis(Module9::limits_of(legacy::the_grid3D, kind->y), grid.ny, grid.y0, grid.dy);
+    set_axis(limits_of(limits, kind.x), grid.nx, grid.x0, grid.dx);
+    set_axis(limits_of(limits, kind.y), grid.ny, grid.y0, grid.dy);
     try {
-        session::refresh_units();
-        Surface surface{.kind = *kind};
-        models::settle_reference(legacy::the_reference);
-        surface.surroundings = models::surroundings_state(surface.fluid, legacy::the_reference);
-        fill(grid, surface);
+        fill(grid, {.kind = kind, .basis = basis, .SCurve = SCurve}, clip_of(kind, limits));
     } catch (const std::exception&) {
         // Units that cannot be had leave nothing to show: the holes stay.
         std::fill(grid.z.begin(), grid.z.end(), grid.hole);

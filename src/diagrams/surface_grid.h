@@ -1,7 +1,7 @@
 #pragma once
 
 #include "chart/chart3d.h"
-#include "legacy/declare.h"
+#include "diagrams/surface.h"
 
 namespace quor::diagrams {
 
@@ -10,11 +10,12 @@ inline constexpr int kMostNodes = 201;
 inline constexpr int kFewestNodes = 2;
 inline constexpr int kNodesAtStart = 41;
 
-/// z of the session's surface (`Diagram3DKind`, `SCurve3D`) over nx x ny nodes between the limits
-/// of `legacy::the_grid3D`, in displayed units. A node without a state is a hole, and one whose z
-/// lies beyond a limit; the value behind such a limit stands in `zBehindHoles`. Never throws:
-/// without a surface the grid has only holes. The numbers of nodes are kept within their bounds.
-chart::SurfaceGrid calc_3_d_array(int nx, int ny);
+/// z of a kind of surface over nx x ny nodes between limits, in displayed units; `SCurve` leaves
+/// the dome out. A node without a state is a hole, and one whose z lies beyond a limit; the value
+/// behind such a limit stands in `zBehindHoles`. Never throws: units that cannot be had leave only
+/// holes. The numbers of nodes are kept within their bounds.
+chart::SurfaceGrid surface_grid(const SurfaceKind& kind, const Basis& basis,
+                                const SurfaceLimits& limits, bool SCurve, int nx, int ny);
 
 /// True when at least one node has a value.
 bool has_surface(const chart::SurfaceGrid& grid);

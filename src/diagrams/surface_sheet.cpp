@@ -7,27 +7,15 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "diagrams/prepare_3d.h"
-#include "session/module2.h"
+#include "diagrams/file_names.h"
 
-namespace quor::Module9 {
+namespace quor::diagrams {
 
 namespace {
-
-using legacy::the_session;
 
 constexpr auto kFilter = "picture file (*.oc3)|*.oc3";
 constexpr auto kExtension = ".oc3";
 constexpr auto kAnyFile = "*.oc3";
-
-std::string in_folder(const std::string& name) {
-    return session::has_separator(name) ? name : the_session.FolderDiagram3D + name;
-}
-
-std::string with_extension(const std::string& name) {
-    const std::string title = session::file_title(name);
-    return title.find('.') == std::string::npos ? name + kExtension : name;
-}
 
 /// The texts of a chart that its sheet gives and that its user may change.
 SurfaceTexts texts_of(const chart::Chart3D& c) {
@@ -51,58 +39,107 @@ bool is_critical_mark(const chart::Marker3D& marker) {
     return marker.text == kCriticalMarkText;
 }
 
-using Computation = void (*)(chart::Chart3D&, int nx, int ny);
-
-void compute(SurfaceSheet& sheet, Computation what) {
-    const session::BusyPointer busy;
-    what(sheet.chart, sheet.nx, sheet.ny);
-    sheet.given = texts_of(sheet.chart);
+void set_fonts(chart::Chart3D& chart) {
+    constexpr auto kFamily = "Arial";
+    constexpr float kTitle = 15, kText = 10, kNumbers = 9;
+    chart.header.font = {kFamily, kTitle, true, false};
+    chart.subtitle.font = chart.titleFont = {kFamily, kText, false, false};
+    chart.numberFont = chart.footer.font = {kFamily, kNumbers, false, false};
 }
 
-}  // namespace
-
-void open_surface(SurfaceSheet& sheet) {
-    sheet.Diagram3DKind = the_session.Diagram3DKind;
-    sheet.SCurve3D = the_session.SCurve3D;
-    sheet.limits = legacy::the_grid3D;
-    compute(sheet, init_graph3_d);
+void set_axis(chart::Axis3D& axis, const Limits& limits, const std::string& title) {
+    axis.min = static_cast<double>(limits.low);
+    axis.max = static_cast<double>(limits.high);
+    axis.automatic = false;
+    axis.title = title;
 }
 
-void give_to_session(const SurfaceSheet& sheet) {
-    the_session.Diagram3DKind = sheet.Diagram3DKind;
-    the_session.SCurve3D = sheet.SCurve3D;
-    legacy::the_grid3D = sheet.limits;
+/// Texts, axes and surface of the chart. The axis of z follows the data where no limits are set.
+/// Fonts, styles and view stay.
+void compute(SurfaceSheet& sheet) {
+    const dialogs::BusyPointer busy;
+    const SurfaceKind& kind = *sheet.kind;
+    chart::Chart3D& chart = sheet.chart;
+    const SurfaceTexts texts = texts_of(kind, sheet.basis);
+    chart.header.text = texts.title;
+    chart.subtitle.text = texts.subTitle;
+    chart.footer.text = texts.note;
+    set_axis(chart.x, limits_of(sheet.limits, kind.x), texts.xLabel);
+    set_axis(chart.y, limits_of(sheet.limits, kind.y), texts.yLabel);
+    const Limits z = limits_of(sheet.limits, kind.z);
+    set_axis(chart.z, z, texts.zLabel);
+    chart.z.automatic = is_caloric(kind) && (z.low == kNoLowerClip || z.high == kNoUpperClip);
+    chart.surface = surface_grid(kind, sheet.basis, sheet.limits, sheet.SCurve, sheet.nx, sheet.ny);
+    sheet.given = texts_of(chart);
 }
 
-void new_draw(SurfaceSheet& sheet) {
-    give_to_session(sheet);
+int within_bounds(int nodes) {
+    return std::clamp(nodes, kFewestNodes, kMostNodes);
+}
+
+/// Computes what the sheet holds; texts that the user has changed stay, a critical point moves
+/// along, and an empty surface is remarked upon.
+void redraw(SurfaceSheet& sheet) {
+    if (sheet.kind == nullptr) return;
     const SurfaceTexts shown = texts_of(sheet.chart), given = sheet.given;
-    compute(sheet, renew_surface);
+    compute(sheet);
     keep_changed_texts(sheet.chart, shown, given);
     if (has_critical_mark(sheet)) {
         remove_critical_mark(sheet);
-        add_critical_point(sheet.chart);
+        add_critical_point(sheet);
     }
     tell_empty_surface(sheet.chart);
 }
 
-bool SetLimits(SurfaceSheet& sheet, const diagrams::Grid3D& limits) {
-    const SurfaceKind* kind = find_surface(sheet.Diagram3DKind);
-    if (kind == nullptr) return false;
-    const std::string refusal = refusal_of(limits, *kind);
+}  // namespace
+
+SurfaceSheet open_surface(const SurfaceKind& kind, const Basis& basis, bool SCurve, int nx,
+                          int ny) {
+    SurfaceSheet sheet;
+    sheet.kind = &kind;
+    sheet.basis = basis;
+    sheet.SCurve = SCurve && !basis.fluid.models().EOSOnlyV;
+    sheet.limits = default_limits(kind, basis, sheet.SCurve);
+    sheet.nx = within_bounds(nx);
+    sheet.ny = within_bounds(ny);
+    set_fonts(sheet.chart);
+    compute(sheet);
+    return sheet;
+}
+
+void new_draw(SurfaceSheet& sheet, const Basis& basis) {
+    sheet.basis = basis;
+    redraw(sheet);
+}
+
+bool set_limits(SurfaceSheet& sheet, const SurfaceLimits& limits) {
+    if (sheet.kind == nullptr) return false;
+    const std::string refusal = refusal_of(limits, *sheet.kind);
     if (!refusal.empty()) {
         dialogs::tell(refusal, "INPUT ERROR");
         return false;
     }
     sheet.limits = limits;
-    new_draw(sheet);
+    redraw(sheet);
     return true;
 }
 
 void set_meshlines(SurfaceSheet& sheet, int nx, int ny) {
-    sheet.nx = std::clamp(nx, diagrams::kFewestNodes, diagrams::kMostNodes);
-    sheet.ny = std::clamp(ny, diagrams::kFewestNodes, diagrams::kMostNodes);
-    new_draw(sheet);
+    sheet.nx = within_bounds(nx);
+    sheet.ny = within_bounds(ny);
+    redraw(sheet);
+}
+
+bool add_critical_point(SurfaceSheet& sheet) {
+    if (sheet.kind == nullptr) return false;
+    const SurfaceMark mark = critical_mark(*sheet.kind, sheet.basis);
+    if (!mark.remark.empty()) {
+        dialogs::tell(mark.remark, "Note", dialogs::Icon::Information);
+        return false;
+    }
+    remove_critical_mark(sheet);
+    sheet.chart.markers.push_back({mark.x, mark.y, mark.z, mark.text});
+    return true;
 }
 
 bool has_critical_mark(const SurfaceSheet& sheet) {
@@ -114,42 +151,46 @@ void remove_critical_mark(SurfaceSheet& sheet) {
     std::erase_if(sheet.chart.markers, is_critical_mark);
 }
 
-bool save_oc3(const SurfaceSheet& sheet) {
+bool tell_empty_surface(const chart::Chart3D& chart) {
+    if (has_surface(chart.surface)) return false;
+    dialogs::tell(kNoSurface, "Remark");
+    return true;
+}
+
+SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder) {
     const std::optional<std::string> name =
         dialogs::choose_file({.save = true,
                               .title = "Save this diagram design",
                               .filter = kFilter,
-                              .folder = the_session.FolderDiagram3D,
+                              .folder = folder,
                               .name = kAnyFile,
                               .defaultExtension = kExtension,
                               .overwritePrompt = true});
-    if (!name || name->empty()) return false;
-    const std::string path = with_extension(in_folder(*name));
-    the_session.FolderDiagram3D = session::folder_of(path);
+    if (!name || name->empty()) return {{}, folder};
+    const std::string path = target_path(*name, folder, kExtension);
     const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
     if (!saved.ok) dialogs::tell(saved.message, "ERROR", dialogs::Icon::Stop);
-    return saved.ok;
+    return {saved.ok ? path : std::string(), folder_of(path)};
 }
 
-std::string load_oc3(SurfaceSheet& sheet) {
+SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
     // The title names the other kind of file.
     const std::optional<std::string> name =
         dialogs::choose_file({.title = "Load a saved pattern (*.oc2)",
                               .filter = kFilter,
-                              .folder = the_session.FolderDiagram3D,
+                              .folder = folder,
                               .name = kAnyFile,
                               .defaultExtension = kExtension});
-    if (!name || name->empty()) return {};
-    const std::string path = in_folder(*name);
-    the_session.FolderDiagram3D = session::folder_of(path);
+    if (!name || name->empty()) return {{}, folder};
+    const std::string path = target_path(*name, folder, "");
     const chart::FileOutcome read = chart::load_chart(path, sheet.chart);
     if (read.ok) {
         // Drawing anew gives the texts of this surface, which the file need not show.
         sheet.given = texts_of(sheet.chart);
-        return path;
+        return {path, folder_of(path)};
     }
     dialogs::tell(read.message, "Execution not possible", dialogs::Icon::Stop);
-    return {};
+    return {{}, folder_of(path)};
 }
 
 std::string surface_readout(const chart::Chart3D& chart, double x, double y, double z) {
@@ -165,4 +206,4 @@ std::string surface_readout(const chart::Chart3D& chart, double x, double y, dou
            part(chart.z.title, z);
 }
 
-}  // namespace quor::Module9
+}  // namespace quor::diagrams

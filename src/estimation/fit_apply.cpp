@@ -3,11 +3,10 @@
 #include <cmath>
 
 #include "common/constants.h"
-#include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "common/text.h"
 #include "datafiles/substance_slots.h"
-#include "legacy/declare.h"
 
 namespace quor::estimation {
 
@@ -17,7 +16,6 @@ using models::CpSet;
 using models::SubstanceRecord;
 using numbers::to_single;
 
-constexpr const char* kRefused = "Execution not possible";
 constexpr std::string_view kNoAugust =
     "AUGUST/DUPRÉ-RANKINE are equations not used by QUOR.\n"
     "If you want to use AUGUST, chooce ANTOINE C-fixed = 273.15";
@@ -26,14 +24,8 @@ constexpr std::string_view kOnlyIdealGas =
 constexpr std::string_view kNotIdealGas =
     "The SHOMATE function for cp is only available for cp(L) and cp(S)";
 constexpr std::string_view kNoResults = "No fitted parameters available.";
-constexpr const char* kNowActive =
-    "These parameters are activ now in the resp. database function of QUOR\n"
-    "and can be viewed/edited under \"Data/Data editor\".\n"
-    "\n"
-    "Single value calculations y=f(T) can be carried out\n"
-    "under \"Calculation / Database functions\".";
-constexpr const char* kSuccess = "Parameters succuessfully applied";
-
+constexpr std::string_view kNoPlace = "The data of a substance have no place for these parameters.";
+constexpr std::int16_t kAugust = 3;
 /// The forms of heat capacity and density tell each other apart by a first coefficient of 0; one
 /// that is really zero takes a value too small to be seen.
 constexpr double kLeastCoefficient = 1e-5;
@@ -95,7 +87,7 @@ void set_cp(SubstanceRecord& s, CpSet& set, std::initializer_list<double> values
 /// Why the results of a model have no place for the chosen phase, empty when they have one.
 std::string_view refusal(const FitState& state) {
     switch (state.FitModel) {
-        case 3:
+        case kAugust:
             return kNoAugust;
         case 17:
             return state.cpPhase == CpPhase::IdealGas ? kNotIdealGas : "";
@@ -120,6 +112,13 @@ std::string set_message(const FitState& state, const FitModelRow& row) {
     if (!state.lg) text += " (after re-calculation to lg)";
     text.append("\n").append(row.extended).append("\n").append(row.appliedTo);
     return text;
+}
+
+Failure another_substance(const FitState& state, const SubstanceRecord& substance) {
+    const std::string& now = substance.Name;
+    return {"This fit belongs to " + state.substance.Name + ",\nbut " +
+            (now.empty() ? std::string("no substance") : now) +
+            " is loaded now. Nothing was applied."};
 }
 
 }  // namespace
@@ -188,13 +187,24 @@ void apply_cp_sinh(const Parameters& par, const AppliedRange& range, SubstanceRe
     set_cp(s, s.cpSinh, {par[0], par[1], std::fabs(par[2]), par[3], par[4]}, range);
 }
 
-AppliedFit apply_fit(const FitState& state, SubstanceRecord& substance) {
+bool is_same_substance(const SubstanceRecord& a, const SubstanceRecord& b) {
+    const std::string casrn = text::trim(a.CASRN);
+    if (!casrn.empty()) return casrn == text::trim(b.CASRN);
+    return text::trim(b.CASRN).empty() && a.Name == b.Name;
+}
+
+bool has_place(std::int16_t model) {
+    const FitModelRow* row = find_model(model);
+    return row != nullptr && (row->apply != nullptr || model == kAugust);
+}
+
+Result<AppliedFit> apply_fit(const FitState& state, const SubstanceRecord& substance) {
     const FitModelRow* row = find_model(state.FitModel);
-    if (row == nullptr) return {};
     if (const std::string_view reason = refusal(state); !reason.empty())
-        return {false, std::string(reason)};
-    if (row->apply == nullptr) return {};
-    if (!state.fitted || state.FitPoints.empty()) return {false, std::string(kNoResults)};
+        return Failure{std::string(reason)};
+    if (row == nullptr || row->apply == nullptr) return Failure{std::string(kNoPlace)};
+    if (!state.fitted || state.FitPoints.empty()) return Failure{std::string(kNoResults)};
+    if (!is_same_substance(state.substance, substance)) return another_substance(state, substance);
     try {
         AppliedRange range;
         range.TLo = numbers::to_int16(static_cast<double>(state.FitPoints.front().x));
@@ -202,25 +212,13 @@ AppliedFit apply_fit(const FitState& state, SubstanceRecord& substance) {
         range.Tcr = state.Tcr;
         range.pcr = state.pcr;
         range.phase = state.cpPhase;
-        SubstanceRecord changed = substance;
-        row->apply(decadic_parameters(state, *row), range, changed);
-        substance = changed;
+        AppliedFit applied{.substance = substance};
+        row->apply(decadic_parameters(state, *row), range, applied.substance);
+        applied.message = set_message(state, *row);
+        return applied;
     } catch (const faults::Fault& fault) {
-        return {false, fault.what()};
+        return Failure{fault.what()};
     }
-    return {true, set_message(state, *row)};
-}
-
-void ApplyFit(const FitState& state) {
-    const AppliedFit result = apply_fit(state, legacy::the_substance);
-    if (!result.applied) {
-        if (!result.message.empty()) dialogs::tell(result.message, kRefused, dialogs::Icon::Stop);
-        return;
-    }
-    legacy::the_session.ResultsOutdated = true;
-    if (!result.message.empty())
-        dialogs::tell(result.message, kSuccess, dialogs::Icon::Information);
-    dialogs::tell(kNowActive, kSuccess, dialogs::Icon::Information);
 }
 
 }  // namespace quor::estimation

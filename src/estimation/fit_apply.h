@@ -1,23 +1,36 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
+#include "common/result.h"
 #include "estimation/fit_models.h"
 
 namespace quor::estimation {
 
 /// What came of an application.
 struct AppliedFit {
-    bool applied = false;
-    std::string message;  ///< of the set that was written, or why nothing was
+    models::SubstanceRecord substance;  ///< with the set that was written
+    std::string message{};              ///< about the set, empty where there is nothing to say
 };
 
-/// Writes the results of a fit into a record: the program's own equation then gives the fitted
-/// function. Nothing is changed unless `applied`.
-AppliedFit apply_fit(const FitState& state, models::SubstanceRecord& substance);
+/// True when two records are of the same substance, whatever was edited in them.
+bool is_same_substance(const models::SubstanceRecord& a, const models::SubstanceRecord& b);
 
-/// The same for the active substance, with all messages (`cmdApply`).
-void ApplyFit(const FitState& state);
+/// True when the data of a substance have a place for the results of a model, or a word why not.
+bool has_place(std::int16_t model);
+
+/// Writes the results of a fit into a substance (`cmdApply`): the program's own equation then gives
+/// the fitted function. Refused when the fit belongs to another substance.
+Result<AppliedFit> apply_fit(const FitState& state, const models::SubstanceRecord& substance);
+
+/// What is told of every application.
+inline constexpr std::string_view kNowActive =
+    "These parameters are activ now in the resp. database function of QUOR\n"
+    "and can be viewed/edited under \"Data/Data editor\".\n"
+    "\n"
+    "Single value calculations y=f(T) can be carried out\n"
+    "under \"Calculation / Database functions\".";
 
 // Targets of the models in the record.
 void apply_antoine(const Parameters& par, const AppliedRange& range, models::SubstanceRecord& s);

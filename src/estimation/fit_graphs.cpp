@@ -4,8 +4,6 @@
 #include <cmath>
 #include <limits>
 
-#include "common/dialogs.h"
-
 namespace quor::estimation {
 
 namespace {
@@ -80,10 +78,8 @@ double Bisect(const FitState& state, double low, double high, double y) {
                                                                                         : high;
 }
 
-std::optional<double> no_value() {
-    dialogs::tell("The fitted function has no result for this value.", "Error",
-                  dialogs::Icon::Stop);
-    return std::nullopt;
+Failure no_value() {
+    return {"The fitted function has no result for this value."};
 }
 
 }  // namespace
@@ -120,14 +116,10 @@ FitGraph function_graph(const FitState& state) {
     return graph;
 }
 
-std::optional<FitGraph> lnp_graph(const FitState& state) {
+Result<FitGraph> lnp_graph(const FitState& state) {
     const bool positive = std::all_of(state.FitPoints.begin(), state.FitPoints.end(),
                                       [](const auto& p) { return p.x > 0 && p.y > 0; });
-    if (!positive) {
-        dialogs::tell("T- and p-column may not contain zero values!", "Execution not possible",
-                      dialogs::Icon::Stop);
-        return std::nullopt;
-    }
+    if (!positive) return Failure{"T- and p-column may not contain zero values!"};
     FitGraph graph;
     graph.title = "fitted function ln{p} = f(1/T))";
     graph.yTitle = "ln (p/kPa)";
@@ -142,12 +134,12 @@ std::optional<FitGraph> lnp_graph(const FitState& state) {
     return graph;
 }
 
-std::optional<double> fitted_y(const FitState& state, double x) {
+Result<double> fitted_y(const FitState& state, double x) {
     const double y = Difference(state, x, 0);
-    return std::isfinite(y) ? std::optional(y) : no_value();
+    return std::isfinite(y) ? Result<double>(y) : no_value();
 }
 
-std::optional<double> fitted_x(const FitState& state, double y) {
+Result<double> fitted_x(const FitState& state, double y) {
     Range range;
     for_active(state, [&](double x, double) { range.include(x); });
     if (range.Empty() || !std::isfinite(y)) return no_value();

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "common/result.h"
 #include "estimation/fit_models.h"
 
 namespace quor::estimation {
@@ -24,13 +24,13 @@ struct FitGraph {
 FitGraph residual_graph(const FitState& state);
 /// Active points and the fitted function over x (`cmdGraphFunction`).
 FitGraph function_graph(const FitState& state);
-/// ln p of the active points and of the fitted function over 1/T (`cmdGraphLnp`); nothing, after a
-/// message, when a T or a p is not positive.
-std::optional<FitGraph> lnp_graph(const FitState& state);
+/// ln p of the active points and of the fitted function over 1/T (`cmdGraphLnp`); refused when a T
+/// or a p is not positive.
+Result<FitGraph> lnp_graph(const FitState& state);
 
-/// y of the fitted function at x, or x at y, the one closest to the points (`cmdCalc`). Nothing,
-/// after a message with the title "Error", when there is none.
-std::optional<double> fitted_y(const FitState& state, double x);
-std::optional<double> fitted_x(const FitState& state, double y);
+/// y of the fitted function at x, or x at y, the one closest to the points (`cmdCalc`). Refused
+/// when there is none.
+Result<double> fitted_y(const FitState& state, double x);
+Result<double> fitted_x(const FitState& state, double y);
 
 }  // namespace quor::estimation

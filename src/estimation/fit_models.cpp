@@ -276,16 +276,16 @@ Parameters start_values(const FitModelRow& row, bool lg, double Tcr) {
     return start;
 }
 
-bool choose_model(FitState& state, std::int16_t number, const models::SubstanceRecord& substance) {
+bool choose_model(FitState& state, std::int16_t number) {
     const FitModelRow* row = find_model(number);
     if (row == nullptr) return false;
     state.FitModel = number;
     state.NPar = row->NPar;
     state.FitScale = row->scale;
     state.FitFixed = row->fixed;
-    state.Tcr = row->needsTcr ? substance.Tcrit : 0;
-    state.pcr = row->needsPcr ? substance.pcrit : 0;
-    state.FitStart = start_values(*row, state.lg, substance.Tcrit);
+    state.Tcr = row->needsTcr ? state.substance.Tcrit : 0;
+    state.pcr = row->needsPcr ? state.substance.pcrit : 0;
+    state.FitStart = start_values(*row, state.lg, state.substance.Tcrit);
     state.fitted = false;
     state.FitPar = {};
     state.FitStdDev = {};

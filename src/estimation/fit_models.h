@@ -82,9 +82,9 @@ Parameters start_values(const FitModelRow& row, bool lg, double Tcr);
 std::string_view unit_text(FitTab tab);
 
 /// Sets model, number of parameters, start values, scales, fixed marks and the fields of Tcr and
-/// pcr; results of earlier fits are dropped. False, with nothing changed, for a number without a
-/// model.
-bool choose_model(FitState& state, std::int16_t number, const models::SubstanceRecord& substance);
+/// pcr by the substance of the fit; results of earlier fits are dropped. False, with nothing
+/// changed, for a number without a model.
+bool choose_model(FitState& state, std::int16_t number);
 
 /// L, Tcr and pcr of a state.
 ModelContext context_of(const FitState& state);

@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <span>
 
-#include "datafiles/fit_point.h"
-#include "legacy/session_record.h"
+#include "datafiles/xy_points.h"
 
 /// Parameter estimation: the fitting engines, the correlations that can be fitted, the application
 /// of results to the substance, and group contribution methods.
@@ -17,13 +16,11 @@ using Parameters = std::array<double, kMaxPar>;
 using Flags = std::array<bool, kMaxPar>;
 
 /// Mark of a point that takes no part in a fit.
-inline constexpr float kInactive = -1.0F;
+inline constexpr float kInactive = datafiles::kInactiveMark;
 /// A standard deviation that could not be had.
 inline constexpr double kNoStdDev = -9999.0;
 
-inline bool IsActive(const datafiles::FitPoint& point) {
-    return point.mark != kInactive;
-}
+using datafiles::IsActive;
 
 /// What a model needs beside its parameters.
 struct ModelContext {

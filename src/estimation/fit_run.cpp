@@ -5,21 +5,16 @@
 #include <limits>
 
 #include "common/constants.h"
-#include "common/dialogs.h"
 #include "common/numbers.h"
-#include "datafiles/batch_table.h"
 #include "estimation/fit_statistics.h"
 #include "estimation/linear_regression.h"
 #include "estimation/marquardt_nash.h"
 #include "estimation/model_functions.h"
-#include "legacy/declare.h"
-#include "session/module2.h"
 
 namespace quor::estimation {
 
 namespace {
 
-constexpr const char* kRefused = "Execution not possible";
 /// Points are counted with 16 bits.
 constexpr std::size_t kMostPoints = std::numeric_limits<std::int16_t>::max();
 
@@ -27,20 +22,6 @@ constexpr std::size_t kMostPoints = std::numeric_limits<std::int16_t>::max();
 float narrow(double value) {
     constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
     return static_cast<float>(std::clamp(value, -most, most));
-}
-
-std::vector<datafiles::FitPoint> tpv_points() {
-    std::vector<datafiles::FitPoint> points;
-    const auto& data = legacy::the_BatchData;
-    const std::size_t end =
-        std::min(data.size(),
-                 static_cast<std::size_t>(std::max<int>(legacy::the_session.BatchCount, 0)) + 1);
-    for (std::size_t i = 1; i < end; ++i) {
-        const double y = datafiles::fit_column_value(data[i], legacy::the_session.FitColumn);
-        const bool inactive = data[i].skip != 0 || y == 0;
-        points.push_back({narrow(data[i].T), narrow(y), inactive ? kInactive : 0.0F});
-    }
-    return points;
 }
 
 /// The refusal of a fit in the order of the tests, empty when it may run.
@@ -62,12 +43,13 @@ double finite_or(double value, double otherwise) {
     return std::isfinite(value) ? value : otherwise;
 }
 
-bool run_linear(FitState& state, const FitModelRow& row, const FitProblem& problem) {
-    const LinearResult result = linear_regression_fit(problem, row.basis, state.FitPar);
-    if (result.failed) return false;
+Result<void> run_linear(FitState& state, const FitModelRow& row, const FitProblem& problem) {
+    const Result<LinearResult> result = linear_regression_fit(problem, row.basis);
+    if (!result) return result.failure();
     state.report = {};
-    state.SQ = result.sumSquares;
-    return true;
+    state.FitPar = result->par;
+    state.SQ = result->sumSquares;
+    return {};
 }
 
 void run_marquardt(FitState& state, FitProblem& problem) {
@@ -111,13 +93,25 @@ std::string single_text(double value) {
 
 }  // namespace
 
-void load_fit_points(FitState& state) {
-    state.fromTpvEditor = legacy::the_session.FitDataSource == 1;
-    state.FitPoints = state.fromTpvEditor ? tpv_points() : legacy::the_xyPoints;
+std::vector<datafiles::FitPoint> fit_points(std::span<const datafiles::MeasuredPoint> data,
+                                            int column) {
+    std::vector<datafiles::FitPoint> points;
+    for (const datafiles::MeasuredPoint& measured : data) {
+        const double y = datafiles::fit_column_value(measured, column);
+        const bool inactive = measured.skip != 0 || y == 0;
+        points.push_back({narrow(measured.T), narrow(y), inactive ? kInactive : 0.0F});
+    }
+    return points;
+}
+
+std::optional<std::string> set_fit_points(FitState& state, std::vector<datafiles::FitPoint> points,
+                                          bool fromTpvEditor) {
+    std::optional<std::string> note;
+    state.fromTpvEditor = fromTpvEditor;
+    state.FitPoints = std::move(points);
     if (state.FitPoints.size() > kMostPoints) {
         state.FitPoints.resize(kMostPoints);
-        dialogs::tell("Only the first " + std::to_string(kMostPoints) + " points are used.",
-                      "WARNING");
+        note = "Only the first " + std::to_string(kMostPoints) + " points are used.";
     }
     state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
     state.NInactive = 0;
@@ -126,6 +120,7 @@ void load_fit_points(FitState& state) {
             point.mark = kInactive;
         if (!IsActive(point)) ++state.NInactive;
     }
+    return note;
 }
 
 std::string fit_title(const FitState& state) {
@@ -149,17 +144,15 @@ FitProblem make_problem(const FitState& state, const FitModelRow& row) {
     return problem;
 }
 
-bool start_fit(FitState& state) {
+Result<FitState> run_fit(FitState state) {
     const FitModelRow* row = find_model(state.FitModel);
-    if (row == nullptr) return false;
-    if (const std::string reason = refusal(state, *row); !reason.empty()) {
-        dialogs::tell(reason, kRefused, dialogs::Icon::Stop);
-        return false;
-    }
-    const session::BusyPointer busy;
+    if (row == nullptr) return Failure{"There is no such model."};
+    if (std::string reason = refusal(state, *row); !reason.empty())
+        return Failure{std::move(reason)};
     FitProblem problem = make_problem(state, *row);
     if (row->basis != nullptr) {
-        if (!run_linear(state, *row, problem)) return false;
+        if (const Result<void> linear = run_linear(state, *row, problem); !linear)
+            return linear.failure();
     } else {
         run_marquardt(state, problem);
     }
@@ -170,7 +163,7 @@ bool start_fit(FitState& state) {
     if (row->basis != nullptr) complete_linear_result(state);
     state.sR = finite_or(std::sqrt(state.SQ / (state.NPoints - state.NInactive - state.NPar)), 0);
     state.fitted = true;
-    return true;
+    return state;
 }
 
 void take_result_as_start(FitState& state, int parameter) {

@@ -1,15 +1,24 @@
 #pragma once
 
+#include <optional>
+#include <span>
 #include <string>
+#include <vector>
 
+#include "common/result.h"
+#include "datafiles/measured_table.h"
 #include "estimation/fit_models.h"
 
 namespace quor::estimation {
 
-/// Builds the points from the T-p-V editor (the session's fit source is 1) or the XY editor. Lines
-/// that are switched off, points at x = 0, and lines of the T-p-V editor without a value count as
-/// inactive.
-void load_fit_points(FitState& state);
+/// The points of a column of experimental data (1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp). Lines that are
+/// switched off, and lines without a value, are inactive.
+std::vector<datafiles::FitPoint> fit_points(std::span<const datafiles::MeasuredPoint> data,
+                                            int column);
+/// Takes points from the T-p-V editor or the XY editor. Points at x = 0 count as inactive. Gives a
+/// note when there are more than can be used.
+std::optional<std::string> set_fit_points(FitState& state, std::vector<datafiles::FitPoint> points,
+                                          bool fromTpvEditor);
 
 /// Title line of the fitting view.
 std::string fit_title(const FitState& state);
@@ -17,9 +26,8 @@ std::string fit_title(const FitState& state);
 /// The problem of the chosen model and the points of a state, which must outlive it.
 FitProblem make_problem(const FitState& state, const FitModelRow& row);
 
-/// Validates, runs the engine and fills the results of the state (`cmdStart`). False after a
-/// message, with the state as it was.
-bool start_fit(FitState& state);
+/// Validates, runs the engine and gives the state with its results (`cmdStart`).
+Result<FitState> run_fit(FitState state);
 
 /// Copies a result, or all of them, to the start fields.
 void take_result_as_start(FitState& state, int parameter);

@@ -5,7 +5,6 @@
 #include <limits>
 #include <vector>
 
-#include "common/dialogs.h"
 #include "estimation/fit_run.h"
 #include "estimation/least_squares.h"
 #include "estimation/marquardt_nash.h"
@@ -179,9 +178,10 @@ struct Proposal {
 
 }  // namespace
 
-std::optional<Parameters> proposed_start_values(const FitState& state) {
+Result<Parameters> proposed_start_values(const FitState& state) {
+    const Failure none{"These points do not suffice for start values of this model."};
     const FitModelRow* row = find_model(state.FitModel);
-    if (row == nullptr) return std::nullopt;
+    if (row == nullptr) return none;
     Proposal proposal(state, *row);
     std::optional<Parameters> first;
     // Points that cannot tell all parameters apart still give the leading ones.
@@ -192,18 +192,7 @@ std::optional<Parameters> proposed_start_values(const FitState& state) {
         if (proposal.evaluates(best.par)) return best.par;
         if (!first) first = best.par;
     }
-    return first;
-}
-
-bool propose_start_values(FitState& state) {
-    const std::optional<Parameters> proposal = proposed_start_values(state);
-    if (!proposal) {
-        dialogs::tell("These points do not suffice for start values of this model.",
-                      "Execution not possible", dialogs::Icon::Stop);
-        return false;
-    }
-    state.FitStart = *proposal;
-    return true;
+    return first ? Result<Parameters>(*first) : none;
 }
 
 }  // namespace quor::estimation

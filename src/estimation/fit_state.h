@@ -6,6 +6,7 @@
 
 #include "datafiles/fit_point.h"
 #include "estimation/fit_problem.h"
+#include "models/substance_record.h"
 
 namespace quor::estimation {
 
@@ -35,12 +36,14 @@ struct FitReport {
     double largestAt = 0;         ///< x of the largest deviation
 };
 
-/// Everything the fitting view holds. Arrays of parameters start at A = element 0.
+/// A fit with all that it stands on: substance, points, settings, results. Arrays of parameters
+/// start at A = element 0.
 struct FitState {
-    std::int16_t FitModel = 0;   ///< number of the model, see fit_models.h
-    std::int16_t NPar = 0;       ///< parameters of the model, at most 7
-    std::int16_t NPoints = 0;    ///< size of `FitPoints`
-    std::int16_t NInactive = 0;  ///< how many of them are inactive
+    models::SubstanceRecord substance;  ///< that the fit belongs to, as it was when it was chosen
+    std::int16_t FitModel = 0;          ///< number of the model, see fit_models.h
+    std::int16_t NPar = 0;              ///< parameters of the model, at most 7
+    std::int16_t NPoints = 0;           ///< size of `FitPoints`
+    std::int16_t NInactive = 0;         ///< how many of them are inactive
     std::vector<datafiles::FitPoint> FitPoints;
     bool fromTpvEditor = false;  ///< where the points come from, else the XY editor
 
@@ -60,8 +63,5 @@ struct FitState {
     double sR = 0;        ///< residual standard deviation
     FitReport report;
 };
-
-/// The state of the one fitting view.
-inline FitState fit;
 
 }  // namespace quor::estimation

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vector>
+#include <span>
 
 #include "estimation/fit_problem.h"
 
@@ -18,8 +18,8 @@ struct ReducedProblem {
     bool regular = false;                      ///< no column depends on the others
 };
 
-/// Reduces the rows (they are used up). The right-hand side stands in the last element of each row.
-ReducedProblem reduce(std::vector<LeastSquaresRow>& rows, int columns);
+/// Reduces rows. The right-hand side stands in the last element of each.
+ReducedProblem reduce(std::span<const LeastSquaresRow> rows, int columns);
 /// Solution of a regular problem.
 Parameters solution(const ReducedProblem& problem);
 /// Inverse of the normal matrix of a regular problem.

@@ -4,15 +4,12 @@
 #include <cmath>
 #include <utility>
 
-#include "common/dialogs.h"
 #include "common/faults.h"
 #include "estimation/model_functions.h"
 
 namespace quor::estimation {
 
 namespace {
-
-constexpr const char* kRefused = "Execution not possible";
 
 using Row = std::array<double, kMaxPar + 1>;
 using NormalEquations = std::array<Row, kMaxPar>;
@@ -55,19 +52,15 @@ void eliminate(NormalEquations& m, std::size_t n) {
 
 }  // namespace
 
-LinearResult linear_regression_fit(const FitProblem& problem, BasisFunction basis,
-                                   Parameters& par) {
+Result<LinearResult> linear_regression_fit(const FitProblem& problem, BasisFunction basis) {
     const auto n = static_cast<std::size_t>(problem.nPar);
     const bool positive = x_must_be_positive(problem, basis);
     NormalEquations m{};
     for (const datafiles::FitPoint& point : problem.points) {
         if (!IsActive(point)) continue;
-        if (positive && !(point.x > 0)) {
-            dialogs::tell(
-                "For this fitting model all actíve x-values have to be greater than zero.",
-                kRefused, dialogs::Icon::Stop);
-            return {0, true};
-        }
+        if (positive && !(point.x > 0))
+            return Failure{
+                "For this fitting model all actíve x-values have to be greater than zero."};
         const Parameters b = basis_at(problem, basis, static_cast<double>(point.x));
         for (std::size_t i = 0; i < n; ++i) {
             for (std::size_t j = 0; j < n; ++j) m[i][j] += b[i] * b[j];
@@ -86,12 +79,8 @@ LinearResult linear_regression_fit(const FitProblem& problem, BasisFunction basi
         for (std::size_t i = 0; i < n; ++i) residual += result[i] * b[i];
         sum += residual * residual;
     }
-    if (!std::isfinite(sum)) {
-        dialogs::tell(faults::kOverflow, kRefused, dialogs::Icon::Stop);
-        return {0, true};
-    }
-    par = result;
-    return {sum, false};
+    if (!std::isfinite(sum)) return Failure{faults::kOverflow};
+    return LinearResult{sum, result};
 }
 
 }  // namespace quor::estimation

@@ -1,9 +1,14 @@
 #pragma once
 
 #include "calculation/result_records.h"
-#include "datafiles/fit_point.h"
-#include "datafiles/substance_lists.h"
-#include "diagrams/diagram_records.h"
+#include "common/paths.h"
+#include "datafiles/database.h"
+#include "datafiles/synonyms.h"
+#include "datafiles/xy_file.h"
+#include "datafiles/xy_points.h"
+#include "diagrams/coordinate_defaults.h"
+#include "diagrams/diagram.h"
+#include "diagrams/process.h"
 #include "legacy/session_record.h"
 #include "models/eos_records.h"
 #include "models/model_selection.h"
@@ -16,6 +21,7 @@
 /// computes; `session::reset_everything` gives every record its default.
 namespace quor::legacy {
 
+inline Places the_places;  ///< set at the start of the program
 inline Session the_session;
 inline models::SubstanceRecord the_substance;
 inline models::ModelSelection the_models;
@@ -34,16 +40,17 @@ inline report::ResultSet the_results;
 inline report::Protocol the_protocol;
 inline session::CalculationViews the_calculationViews;  ///< those of the program
 
-inline diagrams::DiagramRequest the_diagram;
-inline diagrams::TieLine the_tieLine;  ///< of the last curve that crossed or asked for one
+inline const diagrams::Diagram* the_diagram = nullptr;  ///< chosen last in the menu
 inline diagrams::CoordinateDefaults the_coordinates;
-inline diagrams::ProcessLineRecord the_processLine;
-inline std::vector<diagrams::PolytropicPoint>
-    the_polytropicPoints;  ///< of the last polytropic calculation
-inline diagrams::Grid3D the_grid3D;
+inline diagrams::ProcessLine the_processLine;  ///< with the points of the last polytropic process
 
-inline datafiles::SubstanceLists the_substances;
-inline std::vector<datafiles::FitPoint> the_xyPoints;  ///< the XY editor's list, from element 0
-inline std::string the_xyComment;
+inline datafiles::Database the_database;
+inline std::vector<std::filesystem::path> the_databaseFolders;  ///< where databases were, once
+inline datafiles::Synonyms the_synonyms;
+inline std::filesystem::path the_synonymFile;  ///< that the synonyms were read from
+inline datafiles::XyData the_xyData;           ///< the XY editor's list
+inline std::vector<datafiles::FitPoint>& the_xyPoints = the_xyData.points;
+inline std::string& the_xyComment = the_xyData.comment;
+inline datafiles::XYGraph the_xyGraph;  ///< sent last; the action "graph_xy" shows it
 
 }  // namespace quor::legacy

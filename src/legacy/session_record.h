@@ -33,14 +33,8 @@ struct Session {
     bool CurveSWithoutTieLine = false;
     bool PartialGasCurve = false;
     bool NewSubstanceDiagram = true;
-    bool DiagramIsProjection = false;
-    bool TieLineRequested = false;
-    bool SCurveRequested = false;
-    bool CoexistenceRequested = false;
-    double VapourFraction = 1.0;
     std::int16_t Diagram3DKind = 0;
     bool SCurve3D = false;
-    std::string CurveModelName;  ///< model of the current diagram, as its subtitle shows it
 
     // Files and folders
     std::string FolderBatch, FolderDiagram2D, FolderDiagram3D, FolderXY, FolderProject;
@@ -49,16 +43,14 @@ struct Session {
     std::string ProjectComment;
     bool ProjectLoaded = false;
     char CsvSeparator = ';';
-    std::string DatabaseFile;
-    std::string DatabasePath;  ///< the file whose lists are loaded, with its folder
-    bool DatabaseLoaded = false;
-    std::int16_t SubstanceCount = 0;
+    std::string DatabaseFile;  ///< title of the open database
     std::int16_t CurrentSubstance = 0;
     bool SubstanceSet = false;
     std::int16_t BatchCount = 0;
     std::string BatchFile;
     std::string BatchComment;
-    std::string BatchCasrn;          ///< CASRN of the batch file's substance
+    std::string BatchCasrn;          ///< CASRN of the data's substance
+    double BatchMolarMass = 0;       ///< of that substance, kg/kmol
     std::int16_t FitDataSource = 0;  ///< 1: the data editor, else the XY editor
     std::int16_t FitColumn = 1;      ///< 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
     bool ResultsOutdated = false;

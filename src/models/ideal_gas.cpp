@@ -3,6 +3,8 @@
 
 #include "common/constants.h"
 #include "models/caloric.h"
+
+#include "legacy/declare.h"
 #include "models/reference_state.h"
 
 namespace quor::models {

@@ -402,15 +402,15 @@ std::string printed_list(const Comparison& c, const std::string& title, bool ext
     return all;
 }
 
-std::string write_result_file(const std::filesystem::path& path, const Comparison& c,
-                              const std::string& title, bool extended) {
+Result<void> write_result_file(const std::filesystem::path& path, const Comparison& c,
+                               const std::string& title, bool extended) {
     const ResultList list = make_result_list(c, title, extended, ListForm::File);
-    return datafiles::write_whole(path, datafiles::ansi_lines(list.lines));
+    return files::write_whole(path, files::ansi_lines(list.lines));
 }
 
 std::string result_file_path(const std::string& name, const std::string& folder) {
     if (name.starts_with("LPT")) return name;
-    return datafiles::target_path(name, folder, ".LST");
+    return paths::target_path(name, folder, ".LST");
 }
 
 }  // namespace quor::report

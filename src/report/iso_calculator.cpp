@@ -16,7 +16,7 @@ std::string shown(double value) {
     return numbers::General(static_cast<float>(value));
 }
 
-Result result_at(const Made& made, double T, double p) {
+TaskResult result_at(const Made& made, double T, double p) {
     return make_result(made.fluid, made.reference, made.units.choice, functions_request(T, p));
 }
 
@@ -38,7 +38,7 @@ calculation::Request functions_request(double T, double p) {
     return request;
 }
 
-std::optional<Result> iso_solve(const Made& made, calculation::IsoSearch search) {
+std::optional<TaskResult> iso_solve(const Made& made, calculation::IsoSearch search) {
     search.target /= search.function == IsoFunction::V ? made.units.v : made.units.caloric;
     const calculation::Calculator calculator(made.fluid, made.reference);
     const std::optional<double> x = calculation::solve_iso(calculator, search);
@@ -47,7 +47,7 @@ std::optional<Result> iso_solve(const Made& made, calculation::IsoSearch search)
     return result_at(made, search.T, search.p);
 }
 
-IsoCalculator::IsoCalculator(Result state, IsoFunction constant, IsoGiven specified)
+IsoCalculator::IsoCalculator(TaskResult state, IsoFunction constant, IsoGiven specified)
     : function(constant), given(specified), last_(std::move(state)) {
     const calculation::Phases& phases = last_.answer.phases;
     liquid = phases.liquid && !phases.vapour;
@@ -90,7 +90,7 @@ bool IsoCalculator::calculate(const std::string& fuConst, const std::string& typ
                                   .p = last_p(),
                                   .target = numbers::val_input(fuConst)};
     (given == IsoGiven::T ? search.T : search.p) = numbers::val_input(typed);
-    std::optional<Result> found = iso_solve(last_.made, search);
+    std::optional<TaskResult> found = iso_solve(last_.made, search);
     if (!found) {
         txtTpCalc = "No solution found";
         return false;
@@ -101,7 +101,7 @@ bool IsoCalculator::calculate(const std::string& fuConst, const std::string& typ
 }
 
 bool IsoCalculator::reset() {
-    Result again = result_at(last_.made, last_T(), last_p());
+    TaskResult again = result_at(last_.made, last_T(), last_p());
     if (again.failed()) {
         txtTpCalc = "No solution";
         return false;

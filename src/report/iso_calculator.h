@@ -22,7 +22,7 @@ class IsoCalculator {
   public:
     IsoCalculator() = default;
     /// Over the state at T/K and p/kPa, of which `state` is the result.
-    IsoCalculator(Result state, calculation::IsoFunction function, calculation::IsoGiven given);
+    IsoCalculator(TaskResult state, calculation::IsoFunction function, calculation::IsoGiven given);
 
     /// Clicks of `OptIsoFu`, `optIsoPhase` and `optIsoTp`.
     void choose_function(calculation::IsoFunction function);
@@ -34,7 +34,7 @@ class IsoCalculator {
     bool reset();
 
     /// The last state that was found.
-    const Result& last() const { return last_; }
+    const TaskResult& last() const { return last_; }
     double last_T() const { return last_.request.given.T; }
     double last_p() const { return last_.request.given.p; }
 
@@ -48,11 +48,11 @@ class IsoCalculator {
   private:
     void refill();
 
-    Result last_;
+    TaskResult last_;
 };
 
 /// The state at T and p where the function of the phase has the target value in the units of
 /// `made`; the given of T and p stays, the other is found from its start. Nothing without one.
-std::optional<Result> iso_solve(const Made& made, calculation::IsoSearch search);
+std::optional<TaskResult> iso_solve(const Made& made, calculation::IsoSearch search);
 
 }  // namespace quor::report

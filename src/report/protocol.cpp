@@ -129,12 +129,12 @@ int separator_index(char separator) {
     }
 }
 
-std::string Protocol::add(const Made& made, const FuArray& values) {
+Result<void> Protocol::add(const Made& made, const FuArray& values) {
     Row row{.made = made};
     try {
         std::transform(values.begin(), values.end(), row.values.begin(), numbers::to_single);
     } catch (const faults::Fault& fault) {
-        return fault.what();
+        return Failure{fault.what()};
     }
     rows.push_back(std::move(row));
     pending = true;
@@ -142,27 +142,25 @@ std::string Protocol::add(const Made& made, const FuArray& values) {
 }
 
 fs::path Protocol::path(const ProtocolPlace& place) const {
-    return datafiles::InFolder(file, place.folder.string());
+    return paths::in_folder(file, place.folder.string());
 }
 
 /// Takes the file's name for this program, with the content; a name that is taken gives way to a
 /// new one.
-std::string Protocol::take_name(const ProtocolPlace& place, const std::string& bytes) {
+Result<void> Protocol::take_name(const ProtocolPlace& place, const std::string& bytes) {
     constexpr int kAttempts = 100;
-    for (int i = 0; i < kAttempts; ++i) {
-        const datafiles::NewFile made = datafiles::write_new(path(place), bytes);
-        own_ = made.error.empty() && !made.exists;
-        if (!made.exists || !place.newName) return made.error;
+    for (int i = 0;; ++i) {
+        files::NewFile made = files::write_new(path(place), bytes);
+        own_ = !made.exists && made.written;
+        if (!made.exists || !place.newName || i == kAttempts) return made.written;
         file = place.newName();
     }
-    return path(place).string() + " could not be written";
 }
 
-std::string Protocol::write(const ProtocolPlace& place) {
+Result<void> Protocol::write(const ProtocolPlace& place) {
     if (!pending) return {};
-    const std::string bytes =
-        datafiles::ansi_lines(protocol_lines(rows, place.date, place.separator));
-    return own_ ? datafiles::write_whole(path(place), bytes) : take_name(place, bytes);
+    const std::string bytes = files::ansi_lines(protocol_lines(rows, place.date, place.separator));
+    return own_ ? files::write_whole(path(place), bytes) : take_name(place, bytes);
 }
 
 void Protocol::begin(const std::string& name) {

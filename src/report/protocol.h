@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "common/result.h"
 #include "report/result.h"
 
 namespace quor::report {
@@ -32,12 +33,12 @@ class Protocol {
     std::vector<Row> rows;  ///< of that file
     bool pending = false;   ///< rows wait for being written at the end
 
-    /// Adds a row. Empty, or what is wrong with a value beyond 32 bits.
-    std::string add(const Made& made, const FuArray& values);
+    /// Adds a row. Fails for a value beyond 32 bits.
+    Result<void> add(const Made& made, const FuArray& values);
     /// Writes all rows when some are pending. The first time the file's name is taken exclusively:
-    /// where a file of that name exists, another program's, a new name is taken. Empty, or a
-    /// sentence that says why it could not be written; no row is then lost.
-    std::string write(const ProtocolPlace& place);
+    /// where a file of that name exists, another program's, a new name is taken. The
+    /// reason of a failure names the file; no row is then lost.
+    Result<void> write(const ProtocolPlace& place);
     /// Starts a new file without rows.
     void begin(const std::string& name);
 
@@ -46,7 +47,7 @@ class Protocol {
     bool is_own() const { return own_; }
 
   private:
-    std::string take_name(const ProtocolPlace& place, const std::string& bytes);
+    Result<void> take_name(const ProtocolPlace& place, const std::string& bytes);
 
     bool own_ = false;  ///< the file has been written here
 };

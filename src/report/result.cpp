@@ -42,7 +42,7 @@ bool finds_t(Task task) {
            task == Task::temperature;
 }
 
-void tell_all(Result& r) {
+void tell_all(TaskResult& r) {
     r.report = report(r.made, r.request, r.answer);
     if (!r.report.fault.empty()) return;
     r.Fu = function_values(r.made, r.request, r.answer);
@@ -72,9 +72,9 @@ float fraction_of(const Answer& a) {
     return a.phases.vapour && !a.phases.liquid ? 100.0F : 0.0F;
 }
 
-Result make_result(const models::Fluid& fluid, const models::ReferenceState& reference,
-                   const models::UnitChoice& units, const calculation::Request& request) {
-    Result r;
+TaskResult make_result(const models::Fluid& fluid, const models::ReferenceState& reference,
+                       const models::UnitChoice& units, const calculation::Request& request) {
+    TaskResult r;
     r.request = request;
     try {
         r.made = make_made(fluid, reference, units);
@@ -94,7 +94,7 @@ Result make_result(const models::Fluid& fluid, const models::ReferenceState& ref
     return r;
 }
 
-std::vector<dialogs::Message> messages(const Result& result, Tell tell) {
+std::vector<dialogs::Message> messages(const TaskResult& result, Tell tell) {
     std::vector<dialogs::Message> all =
         messages(result.answer, result.made.fluid.substance(), tell);
     if (!result.report.fault.empty())

@@ -31,7 +31,7 @@ ResultRecord record_of(const calculation::Answer& answer);
 float fraction_of(const calculation::Answer& answer);
 
 /// A calculation with all that it was made from and what is told of it.
-struct Result {
+struct TaskResult {
     Made made;
     calculation::Request request;
     calculation::Answer answer;
@@ -47,15 +47,15 @@ struct Result {
 
 /// Calculates and makes the words. Never throws: a number that cannot be had or written is a fault
 /// of the answer or of the report.
-Result make_result(const models::Fluid& fluid, const models::ReferenceState& reference,
-                   const models::UnitChoice& units, const calculation::Request& request);
+TaskResult make_result(const models::Fluid& fluid, const models::ReferenceState& reference,
+                       const models::UnitChoice& units, const calculation::Request& request);
 
 /// The boxes that belong to a result.
-std::vector<dialogs::Message> messages(const Result& result, Tell tell);
+std::vector<dialogs::Message> messages(const TaskResult& result, Tell tell);
 
 /// Results of the last calculation.
 struct ResultSet {
-    Result current;
+    TaskResult current;
     std::vector<ResultRecord> rows;  ///< one for each data set
 };
 

@@ -8,7 +8,7 @@ namespace quor::report {
 
 using calculation::Reason;
 
-TankState tank_state_of(const Result& result) {
+TankState tank_state_of(const TaskResult& result) {
     const calculation::Answer& a = result.answer;
     TankState state{.global = result.request.method.global,
                     .T = static_cast<double>(result.request.tank.T),

@@ -23,7 +23,7 @@ struct TankState {
     TankEnd end = TankEnd::ok;
 };
 /// The tank of a result.
-TankState tank_state_of(const Result& result);
+TankState tank_state_of(const TaskResult& result);
 
 /// What `TankView` shows.
 struct TankPicture {

@@ -18,8 +18,6 @@ using legacy::the_session;
 
 namespace {
 
-constexpr std::uint8_t kPolytropicKind = 6;
-
 report::CalculationState& state() {
     return the_session.calculation;
 }
@@ -36,18 +34,19 @@ bool asks_for_vle() {
 bool needs_preparation(Task task) {
     if (is_equilibrium(task)) return true;
     if (task == Task::state) return state().method.assumedVle;
-    return is_vaporisation(task) && legacy::the_models.HLVModel == models::VaporisationModel::benson;
+    return is_vaporisation(task) &&
+           legacy::the_models.HLVModel == models::VaporisationModel::benson;
 }
 
 calculation::Process present_process() {
-    const diagrams::ProcessLineRecord& line = legacy::the_processLine;
+    const diagrams::ProcessLine& line = legacy::the_processLine;
     calculation::Process process{.T1 = line.T1,
                                  .p1 = line.p1,
-                                 .exponent = line.PolytropicExponent,
-                                 .kappa = line.Kappa,
-                                 .liquid = line.Phase == 0,
+                                 .exponent = line.polytropicExponent,
+                                 .kappa = line.kappa,
+                                 .liquid = !line.vapour,
                                  .points = {}};
-    for (const diagrams::PolytropicPoint& point : legacy::the_polytropicPoints)
+    for (const diagrams::PolytropicPoint& point : line.polytropicPoints)
         process.points.push_back({point.T, point.p});
     return process;
 }
@@ -119,7 +118,7 @@ calculation::Request present_request() {
                                                  : calculation::BatchDataSet{});
 }
 
-const report::Result& calculate(const calculation::Request& request, std::size_t dataSet) {
+const report::TaskResult& calculate(const calculation::Request& request, std::size_t dataSet) {
     report::ResultSet& results = legacy::the_results;
     results.current =
         report::make_result(models::current_fluid(), legacy::the_reference, unit_choice(), request);
@@ -160,8 +159,8 @@ void run_calculation(Task task, const CalculationViews& views) {
     const report::CalculationState before = state();
     state().task = task;
     if (task == Task::process) {
-        legacy::the_processLine.Kind = kPolytropicKind;
-        legacy::the_processLine.FromCalculation = true;
+        legacy::the_processLine.kind = diagrams::ProcessKind::polytropic;
+        legacy::the_processLine.fromCalculation = true;
     }
     if (task == Task::globalTank) state().method.global = true;
     if (!start_calculation(views)) {
@@ -225,7 +224,7 @@ std::optional<report::TypedInput> accept(const report::InputForm& form,
 
 InputResult calculate_tank(const calculation::Tank& tank) {
     the_session.tank = tank;
-    const report::Result& result = calculate(present_request());
+    const report::TaskResult& result = calculate(present_request());
     report::show(messages(result, report::Tell::all));
     return result.refused() ? InputResult::TankExit : InputResult::TankCalculated;
 }
@@ -267,7 +266,7 @@ report::ResultView open_result_view() {
 }
 
 void recalculate() {
-    const report::Result& shown = legacy::the_results.current;
+    const report::TaskResult& shown = legacy::the_results.current;
     calculation::Request request = shown.request;
     request.pages = state().pages;
     report::show(messages(calculate(request, shown.dataSet), report::Tell::remarks));
@@ -311,11 +310,11 @@ void print_result(const std::string& title, bool extended) {
 }
 
 bool result_file(const std::string& name, const std::string& title, bool extended) {
-    const std::string error =
+    const Result<void> written =
         report::write_result_file(report::result_file_path(name, write_folder().string()),
                                   compare_all_sets(), title, extended);
-    if (!error.empty()) dialogs::tell(error, "WARNING");
-    return error.empty();
+    if (!written) dialogs::tell(written.reason(), "WARNING");
+    return static_cast<bool>(written);
 }
 
 bool finish_result_view(const report::ResultView& view, report::ListTarget target,
@@ -355,7 +354,7 @@ report::IsoCalculator open_iso_calculator(const calculation::ProcessPoint& start
 }
 
 void take_iso_result(const report::IsoCalculator& iso) {
-    const report::Result& found = iso.last();
+    const report::TaskResult& found = iso.last();
     state().direct = {found.request.given.T, found.request.given.p, 0.0F,
                       report::substance_key(found.made.fluid)};
     legacy::the_results.current = found;
@@ -372,12 +371,12 @@ report::ProtocolPlace protocol_place() {
 
 /// The protocol as a table with tabs, into the clipboard. False when the file cannot be read.
 bool copy_to_clipboard(const std::filesystem::path& path) {
-    const datafiles::FileContent content = datafiles::read_whole(path);
-    if (!content.error.empty()) {
-        dialogs::tell(content.error, "WARNING");
+    const Result<std::string> content = files::read_whole(path);
+    if (!content) {
+        dialogs::tell(content.reason(), "WARNING");
         return false;
     }
-    const std::string table = text::from_ansi(content.bytes);
+    const std::string table = text::from_ansi(*content);
     dialogs::set_clipboard(
         text::replace_all(table, std::string(1, the_session.CsvSeparator), "\t"));
     return true;
@@ -403,17 +402,17 @@ void add_to_protocol() {
             "ist nicht mehr Excel-kompatibel.\n"
             "semicolon recommended",
             "WARNING");
-    const report::Result& result = legacy::the_results.current;
-    const std::string wrong = legacy::the_protocol.add(result.made, result.Fu);
-    if (!wrong.empty()) dialogs::tell(wrong, "WARNING");
+    const report::TaskResult& result = legacy::the_results.current;
+    const Result<void> added = legacy::the_protocol.add(result.made, result.Fu);
+    if (!added) dialogs::tell(added.reason(), "WARNING");
 }
 
 bool write_protocol() {
     if (!legacy::the_protocol.pending) return true;
     const BusyPointer busy;
-    const std::string error = legacy::the_protocol.write(protocol_place());
-    if (!error.empty()) dialogs::tell(error, "WARNING");
-    return error.empty();
+    const Result<void> written = legacy::the_protocol.write(protocol_place());
+    if (!written) dialogs::tell(written.reason(), "WARNING");
+    return static_cast<bool>(written);
 }
 
 bool open_new_protocol() {

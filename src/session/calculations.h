@@ -32,7 +32,7 @@ std::span<const calculation::BatchDataSet> measured_sets();
 /// process.
 calculation::Request present_request();
 /// Calculates; the result becomes the current one, and that of its data set.
-const report::Result& calculate(const calculation::Request& request, std::size_t dataSet = 0);
+const report::TaskResult& calculate(const calculation::Request& request, std::size_t dataSet = 0);
 
 // ---- Menu --------------------------------------------------------------------------------------
 

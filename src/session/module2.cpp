@@ -21,7 +21,7 @@ std::int16_t pointer = 0;  // code of the pointer now shown
 
 void reset_everything() {
     // The program's folder with its closing separator, as the five folders are kept.
-    const std::string folder = (write_folder() / "").string();
+    const std::string folder = (legacy::the_places.write_folder() / "").string();
 
     the_session = {};
     the_session.DecimalComma = numbers::decimal_mark() == ',';
@@ -36,15 +36,12 @@ void reset_everything() {
     legacy::the_Bvirial = 0;
     legacy::the_BatchData.assign(2, {});
     legacy::the_results = {};
-    legacy::the_diagram = {};
-    legacy::the_tieLine = {};
+    legacy::the_diagram = nullptr;
     legacy::the_coordinates = {};
     legacy::the_processLine = {};
-    legacy::the_polytropicPoints.clear();
-    legacy::the_grid3D = {};
-    legacy::the_substances = {};
-    legacy::the_xyPoints.clear();
-    legacy::the_xyComment.clear();
+    legacy::the_database = {};
+    legacy::the_xyData = {};
+    legacy::the_xyGraph = {};
 
     reset_session();
 

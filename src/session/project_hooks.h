@@ -10,8 +10,10 @@ namespace quor::session {
 /// whose function is not set stays disabled.
 struct ProjectHooks {
     std::function<std::optional<std::string>()> choose;  ///< asks for a project file
-    std::function<bool(const std::string& file)> load;   ///< true when the session was restored
-    std::function<void()> save;                          ///< asks for a name and writes
+    /// False, after a message, when the file cannot be loaded; nothing changes.
+    std::function<bool(const std::string& file)> check{};
+    std::function<bool(const std::string& file)> load;  ///< true when the session was restored
+    std::function<void()> save;                         ///< asks for a name and writes
 };
 
 inline ProjectHooks& project_hooks() {

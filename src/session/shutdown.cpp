@@ -15,7 +15,8 @@ void delete_empty_protocol() {
     namespace fs = std::filesystem;
     const std::string& name = legacy::the_protocol.file;
     if (name.empty()) return;
-    const fs::path file = has_separator(name) ? fs::path(name) : write_folder() / name;
+    const fs::path file =
+        paths::has_separator(name) ? fs::path(name) : legacy::the_places.write_folder() / name;
     std::error_code failed;
     if (fs::is_regular_file(file, failed) && fs::file_size(file, failed) == 0 && !failed)
         fs::remove(file, failed);

@@ -21,14 +21,14 @@ int fail(const std::string& message) {
 }
 
 int make_database(const std::string& tablePath, const std::string& databasePath) {
-    const datafiles::FileContent file = datafiles::read_whole(tablePath);
-    if (!file.error.empty()) return fail(file.error);
-    const datafiles::DatabaseTable table = datafiles::read_database_table(file.bytes);
+    const Result<std::string> file = files::read_whole(tablePath);
+    if (!file) return fail(file.reason());
+    const datafiles::DatabaseTable table = datafiles::read_database_table(*file);
     for (const std::string& error : table.errors) fail(tablePath + ": " + error);
     if (!table.errors.empty()) return kBadTable;
-    const std::string error =
-        datafiles::write_whole(databasePath, datafiles::database_bytes(table.records));
-    if (!error.empty()) return fail(error);
+    const Result<void> written =
+        files::write_whole(databasePath, datafiles::database_bytes(table.records));
+    if (!written) return fail(written.reason());
     std::printf("%zu substances written to %s\n", table.records.size(), databasePath.c_str());
     return 0;
 }

@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
     // The program's folder is where the executable stands; no environment is read.
     std::error_code error;
     const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
-    session::set_program_folder(error ? std::filesystem::path(".") : self.parent_path());
+    legacy::the_places = Places(error ? std::filesystem::path(".") : self.parent_path());
     picture_drawer::Install();
     return quorcalc::Main(std::vector<std::string>(argv + 1, argv + argc), std::cin, std::cout,
                           std::cerr);

@@ -86,7 +86,7 @@ class CalcTest : public testing::Test, protected Setting {
     bool measured = false;
     calculation::Tank tank;
     calculation::Process process;
-    report::Result last;  ///< of the last calculation
+    report::TaskResult last;  ///< of the last calculation
     const report::Report& resultText = last.report;
     const report::FuArray& Fu = last.Fu;
     const report::ResultRecord& lastRecord = last.record;

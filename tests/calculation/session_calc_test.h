@@ -48,7 +48,7 @@ class SessionCalcTest : public SessionTest {
     static const report::Report& resultText() { return legacy::the_results.current.report; }
 
     /// Calculates by a task's code at T and p, as typed.
-    static const report::Result& calculate(int code, double T, double p) {
+    static const report::TaskResult& calculate(int code, double T, double p) {
         state().task = calculation::task_of_code(code);
         calculation::Request request;
         request.task = state().task;

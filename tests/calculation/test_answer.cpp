@@ -118,9 +118,9 @@ TEST_F(ReportTest, WordsFollowFromTheAnswerAlone) {
 
 TEST_F(ReportTest, UnitsChangeWordsAndNumbersButNotTheAnswer) {
     const Request request = request_of(Task::functions, {.T = 300, .p = 500});
-    const report::Result molar = report::make_result(fluid(), reference, units, request);
+    const report::TaskResult molar = report::make_result(fluid(), reference, units, request);
     use_units(1);
-    const report::Result specific = report::make_result(fluid(), reference, units, request);
+    const report::TaskResult specific = report::make_result(fluid(), reference, units, request);
     EXPECT_EQ(molar.answer.functions->vapour->z, specific.answer.functions->vapour->z);
     const double M = static_cast<double>(substance.M);
     EXPECT_NEAR(molar.Fu[10] / specific.Fu[10], M, 1e-9 * M);

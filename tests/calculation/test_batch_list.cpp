@@ -47,7 +47,7 @@ class BatchList : public CalcTest {
 
     bool write(const std::filesystem::path& name) const {
         const std::string path = report::result_file_path(name.string(), folder.path().string());
-        return report::write_result_file(path, compare(), title(), false).empty();
+        return static_cast<bool>(report::write_result_file(path, compare(), title(), false));
     }
 
     TemporaryFolder folder;

@@ -111,8 +111,8 @@ TEST_F(StartCalculation, TankClosesTheResultBehindItself) {
 
 TEST_F(StartCalculation, PolytropicProcessHasItsOwnView) {
     EXPECT_EQ(run(12), (Names{"frmInputProzessLinien"}));
-    EXPECT_EQ(legacy::the_processLine.Kind, 6);
-    EXPECT_TRUE(legacy::the_processLine.FromCalculation);
+    EXPECT_EQ(legacy::the_processLine.kind, diagrams::ProcessKind::polytropic);
+    EXPECT_TRUE(legacy::the_processLine.fromCalculation);
 }
 
 TEST_F(StartCalculation, MenuTellsThatBatchModeHasNoData) {

@@ -1,19 +1,17 @@
 #include <cmath>
 #include <random>
 
-#include "datafiles/batch_file.h"
 #include "datafiles/csv_table.h"
 #include "datafiles/database.h"
-#include "datafiles/database_builder.h"
 #include "datafiles/database_table.h"
+#include "datafiles/measured_data.h"
 #include "datafiles/preview.h"
-#include "datafiles/project.h"
+#include "datafiles/project_file.h"
 #include "datafiles/record_fields.h"
 #include "datafiles/synonyms.h"
 #include "datafiles/xy_file.h"
-#include "session/module2.h"
-#include "support/codes.h"
-#include "support/session_test.h"
+#include "support/database_builder.h"
+#include "support/temporary_folder.h"
 
 using namespace quor;
 
@@ -21,13 +19,11 @@ using namespace quor;
 /// none, or leaves the session in halves.
 namespace {
 
-using legacy::the_session;
+using datafiles::Database;
 
-class DamagedFiles : public SessionTest {
+class DamagedFiles : public testing::Test {
   protected:
-    DamagedFiles() { datafiles::close_database(); }
-    ~DamagedFiles() override { datafiles::close_database(); }
-
+    const std::filesystem::path& folder() const { return folder_.path(); }
     std::string write(const std::string& name, const std::string& bytes) {
         builder::WriteFile(folder() / name, bytes);
         return (folder() / name).string();
@@ -62,6 +58,9 @@ class DamagedFiles : public SessionTest {
         return bytes;
     }
     std::mt19937 random{20261115};
+
+  private:
+    TemporaryFolder folder_;
 };
 
 bool is_finite(const datafiles::FieldValue& value) {
@@ -76,39 +75,18 @@ void expect_finite(const models::SubstanceRecord& record) {
             EXPECT_TRUE(is_finite(datafiles::ValueOf(record, {&field, i}))) << field.name;
 }
 
-void expect_consistent_lists() {
-    const std::size_t entries =
-        the_session.DatabaseLoaded ? static_cast<std::size_t>(the_session.SubstanceCount) + 1 : 0;
-    EXPECT_EQ(legacy::the_substances.Names.size(), entries);
-    EXPECT_EQ(legacy::the_substances.Numbers.size(), entries);
-    EXPECT_EQ(legacy::the_substances.Casrn.size(), entries);
-    EXPECT_EQ(legacy::the_substances.Formulas.size(), entries);
+void read_all_substances(const Result<Database>& database) {
+    if (!database) return;
+    for (std::size_t i = 0; i < std::min<std::size_t>(database->size(), 5); ++i)
+        if (const auto read = database->read(i)) expect_finite(read->record);
 }
 
-void read_all_substances() {
-    for (std::int16_t i = 1; i <= std::min<std::int16_t>(the_session.SubstanceCount, 5); ++i) {
-        bool noCriticalData = false;
-        datafiles::ReadSubstance(i, noCriticalData);
-        expect_finite(legacy::the_substance);
-    }
-}
-
-TEST_F(DamagedFiles, ADatabaseCutAtAnyLengthIsUnusableAndTheOldOneServes) {
-    const std::string good = write("GOOD.Q05", builder::Database({builder::Propane()}));
-    datafiles::open_database_file(good);
+TEST_F(DamagedFiles, ADatabaseCutAtAnyLengthIsUnusable) {
     const std::string whole =
         builder::Database({builder::Plain("a", "1"), builder::Plain("b", "2")});
-    for (std::size_t length = 0; length < whole.size(); ++length) {
-        ASSERT_TRUE(
-            datafiles::open_database_file(write("CUT.Q05", whole.substr(0, length))).notUsable)
-            << length;
-        ASSERT_EQ(the_session.SubstanceCount, 1);
-    }
-    expect_consistent_lists();
-    bool noCriticalData = true;
-    EXPECT_TRUE(datafiles::ReadSubstance(1, noCriticalData));
-    EXPECT_EQ(legacy::the_substance.Name, "Propane");
-    EXPECT_FALSE(datafiles::open_database_file(write("CUT.Q05", whole)).notUsable);
+    for (std::size_t length = 0; length < whole.size(); ++length)
+        ASSERT_FALSE(Database::open(write("CUT.Q05", whole.substr(0, length)))) << length;
+    EXPECT_TRUE(Database::open(write("CUT.Q05", whole)));
 }
 
 TEST_F(DamagedFiles, ARandomDatabaseGivesNoWrongNumbers) {
@@ -119,69 +97,62 @@ TEST_F(DamagedFiles, ARandomDatabaseGivesNoWrongNumbers) {
             bytes[186] = 5;
             bytes[187] = 0;
         }
-        datafiles::open_database_file(write("R.Q05", bytes));
-        expect_consistent_lists();
-        read_all_substances();
+        read_all_substances(Database::open(write("R.Q05", bytes)));
     }
 }
 
 TEST_F(DamagedFiles, AMutatedDatabaseGivesNoWrongNumbers) {
     const std::string whole = builder::Database({builder::Propane(), builder::Plain("b", "2")});
-    for (int round = 0; round < 500; ++round) {
-        datafiles::open_database_file(write("M.Q05", mutated(whole)));
-        expect_consistent_lists();
-        read_all_substances();
-    }
+    for (int round = 0; round < 500; ++round)
+        read_all_substances(Database::open(write("M.Q05", mutated(whole))));
 }
 
 TEST_F(DamagedFiles, ADatabaseThatBoastsWithItsCountIsUnusable) {
     std::string bytes = builder::Database({builder::Propane()});
     bytes[186] = '\xFF';
     bytes[187] = '\x7F';
-    EXPECT_TRUE(datafiles::open_database_file(write("B.Q05", bytes)).notUsable);
-    EXPECT_FALSE(datafiles::read_database_lists(folder() / "B.Q05"));
+    EXPECT_FALSE(Database::open(write("B.Q05", bytes)));
 }
 
 TEST_F(DamagedFiles, AFolderIsNoDatabase) {
     std::filesystem::create_directory(folder() / "D.Q05");
-    EXPECT_TRUE(datafiles::open_database_file("D.Q05").notUsable);
-    EXPECT_FALSE(datafiles::read_database_lists(folder() / "D.Q05"));
+    EXPECT_FALSE(Database::open(folder() / "D.Q05"));
 }
 
-TEST_F(DamagedFiles, DamagedProjectsLeaveSettingsWithinTheirRanges) {
-    write("A.Q05", builder::Database({builder::Propane()}));
-    datafiles::load_database("A.Q05");
-    bool noCriticalData = false;
-    datafiles::ReadSubstance(1, noCriticalData);
-    the_session.CurrentSubstance = 1;
-    ASSERT_TRUE(datafiles::save_project(false));
-    const std::string whole = builder::ReadFile(the_session.LastSessionFile);
+void expect_in_range(const std::optional<std::int16_t>& code, int lowest, int highest) {
+    const int value = code.value_or(static_cast<std::int16_t>(lowest));
+    EXPECT_TRUE(value >= lowest && value <= highest) << value;
+}
+
+TEST_F(DamagedFiles, DamagedProjectsGiveSettingsWithinTheirRangesOrNone) {
+    datafiles::ProjectContent content{.database = "A.Q05", .casrn = "74-98-6"};
+    content.settings.diagramT = 300.0;
+    content.settings.pointsPerCurve = std::int16_t{300};
+    content.settings.unitMode = std::int16_t{1};
+    content.settings.eos = models::Eos::soave;
+    content.manualVirial = models::ManualVirial{-0.25, 1, 2};
+    const std::string whole = datafiles::project_text(content);
     for (int round = 0; round < 600; ++round) {
         const std::string bytes = round % 3 == 0 ? random_bytes(random() % 600)
                                   : round % 3 == 1
                                       ? "d\nc\nA.Q05\n74-98-6\n" + random_text(random() % 400)
                                       : mutated(whole);
-        const std::string path = write("P.QCF", bytes);
-        datafiles::LoadProject(path);
-        datafiles::preview_file(path);
-        EXPECT_GE(the_session.PointsPerCurve, 50);
-        EXPECT_LE(the_session.PointsPerCurve, 800);
-        EXPECT_TRUE(the_session.UnitMode >= 0 && the_session.UnitMode <= 2);
-        EXPECT_TRUE(the_session.CaloricUnit >= 0 && the_session.CaloricUnit <= 3);
-        EXPECT_TRUE(models::vapour_pressure_of_code(models::code_of(legacy::the_models.VPModel)));
-        EXPECT_TRUE(models::eos_of_code(models::code_of(legacy::the_models.EOSModel)));
-        EXPECT_TRUE(models::vaporisation_of_code(models::code_of(legacy::the_models.HLVModel)));
-        EXPECT_TRUE(std::isfinite(the_session.DiagramT) &&
-                    std::isfinite(the_session.CaloricFactor));
-        EXPECT_TRUE(std::isfinite(legacy::the_models.WatsonN) &&
-                    std::isfinite(legacy::the_reference.href));
-        EXPECT_EQ(the_session.CurrentSubstance == 1, legacy::the_substance.Name == "Propane");
-        expect_consistent_lists();
+        const auto read = datafiles::read_project(bytes, "P.QCF");
+        if (!read) continue;
+        const datafiles::ProjectSettings& s = read->settings;
+        expect_in_range(s.pointsPerCurve, 50, 800);
+        expect_in_range(s.unitMode, 0, 2);
+        expect_in_range(s.caloricUnit, 0, 3);
+        EXPECT_TRUE(std::isfinite(s.diagramT.value_or(0)));
+        EXPECT_TRUE(std::isfinite(s.caloricFactor.value_or(0)));
+        EXPECT_TRUE(std::isfinite(s.watsonN.value_or(0)));
+        EXPECT_TRUE(std::isfinite(s.href.value_or(0)));
+        EXPECT_TRUE(std::isfinite(read->manualVirial.value_or(models::ManualVirial{}).b0));
     }
 }
 
-void expect_sound_sets(const std::vector<calculation::BatchDataSet>& sets) {
-    for (const calculation::BatchDataSet& s : sets) {
+void expect_sound_sets(const std::vector<datafiles::MeasuredPoint>& sets) {
+    for (const datafiles::MeasuredPoint& s : sets) {
         EXPECT_TRUE(std::isfinite(s.T) && std::isfinite(s.p) && std::isfinite(s.rhoL) &&
                     std::isfinite(s.rhoV));
         EXPECT_TRUE(std::isfinite(s.hLV) && std::isfinite(s.cp));
@@ -189,29 +160,22 @@ void expect_sound_sets(const std::vector<calculation::BatchDataSet>& sets) {
 }
 
 TEST_F(DamagedFiles, DamagedDataFilesGiveSoundSetsOrNone) {
-    the_session.CurrentSubstance = 1;
     const std::string whole =
         "d\r\nc\r\n74-98-6     "
         "\r\n3\r\n273.15,474.5,528.6,10.5,16500,98.5\r\n300,1,2,3,4,5\r\n350,6,7,8,9,10\r\n";
-    datafiles::batch_load(write("D.BAQ", whole), false);
     for (std::size_t length = 0; length < whole.size(); ++length) {
-        const std::int16_t before = the_session.BatchCount;
-        const bool loaded = datafiles::batch_load(write("D.BAQ", whole.substr(0, length)), false);
-        EXPECT_TRUE(loaded || the_session.BatchCount == before);
-        EXPECT_GE(legacy::the_BatchData.size(),
-                  static_cast<std::size_t>(the_session.BatchCount) + 1);
+        const auto file = datafiles::read_measured_data(whole.substr(0, length), "D.BAQ");
+        if (file) expect_sound_sets(file->data.points);
     }
     for (int round = 0; round < 600; ++round) {
         const std::string bytes = round % 3 == 0 ? random_bytes(random() % 600)
                                   : round % 3 == 1
                                       ? "d\nc\n1\n99999999\n" + random_text(random() % 400)
                                       : mutated(whole);
-        const std::string path = write("D.BAQ", bytes);
-        datafiles::batch_load(path, round % 2 == 0);
-        datafiles::preview_file(path);
-        EXPECT_EQ(legacy::the_BatchData.size(),
-                  std::max<std::size_t>(2, static_cast<std::size_t>(the_session.BatchCount) + 1));
-        expect_sound_sets(legacy::the_BatchData);
+        const auto file = datafiles::read_measured_data(bytes, "D.BAQ");
+        if (file) expect_sound_sets(file->data.points);
+        datafiles::preview_file(write("D.BAQ", bytes), {}, Places(folder()), {});
+        datafiles::preview_file(write("P.QCF", bytes), {}, Places(folder()), {});
     }
 }
 
@@ -229,14 +193,14 @@ TEST_F(DamagedFiles, DamagedSynonymFilesEndTheSearch) {
     const std::string whole =
         "1-1\r\nName_x\r\nONE\r\nTWO\r\n\r\n2-2\r\nOther_y\r\nTHREE\r\n\r\nEND\r\n";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
-        const datafiles::SynonymHit hit =
-            datafiles::find_in_synonyms(whole.substr(0, length), "three");
-        EXPECT_TRUE(!hit.found || hit.casrn == "2-2");
+        const auto hit = datafiles::Synonyms(whole.substr(0, length)).find("three");
+        EXPECT_TRUE(!hit || hit->casrn == "2-2");
     }
     for (int round = 0; round < 300; ++round) {
-        datafiles::find_in_synonyms(mutated(whole), "three");
-        write("SYNOM.TXT", random_bytes(500));
-        EXPECT_FALSE(datafiles::search_synonyms("no such substance").found);
+        (void)datafiles::Synonyms(mutated(whole)).find("three");
+        const auto file = datafiles::Synonyms::read(write("SYNOM.TXT", random_bytes(500)));
+        ASSERT_TRUE(file);
+        EXPECT_FALSE(file->find("no such substance"));
     }
 }
 
@@ -258,11 +222,12 @@ TEST_F(DamagedFiles, DamagedTablesGiveErrorsOrRecords) {
 TEST_F(DamagedFiles, AVeryLongLineIsRead) {
     const std::string line(5'000'000, '7');
     EXPECT_EQ(datafiles::read_xy_text("c\n" + line + ";1\n", ';').points.at(0).x, 0.0F);
-    EXPECT_EQ(datafiles::split_csv(line).rows.size(), 1U);
-    const auto file = datafiles::read_batch_text("d\nc\n1\n1\n" + line + ",1,2,3,4,5\n");
+    EXPECT_EQ(datafiles::split_csv(line)->size(), 1U);
+    const auto file =
+        datafiles::read_measured_data("d\nc\n1\n1\n" + line + ",1,2,3,4,5\n", "D.BAQ");
     ASSERT_TRUE(file);
-    EXPECT_EQ(file->sets.at(0).T, 0.0);
-    EXPECT_EQ(file->sets.at(0).p, 1.0);
+    EXPECT_EQ(file->data.points.at(0).T, 0.0);
+    EXPECT_EQ(file->data.points.at(0).p, 1.0);
 }
 
 }  // namespace

@@ -2,11 +2,11 @@
 
 #include "datafiles/csv_table.h"
 #include "datafiles/database.h"
-#include "datafiles/database_builder.h"
 #include "datafiles/database_table.h"
 #include "datafiles/search.h"
+#include "support/database_builder.h"
 #include "support/fluids.h"
-#include "support/session_test.h"
+#include "support/temporary_folder.h"
 
 using namespace quor;
 
@@ -160,29 +160,36 @@ TEST(DatabaseTable, MoreSubstancesThanTheCountHoldsAreRefused) {
 }
 
 TEST(DatabaseTable, QuotedCellsHoldCommasQuotesAndLineEnds) {
-    const datafiles::CsvTable t = datafiles::split_csv(
+    const auto split = datafiles::split_csv(
         "\xEF\xBB\xBF"
         "a,\"b,\"\"c\"\"\nd\"\r\n\r\ne,\r\nf");
-    ASSERT_EQ(t.rows.size(), 3U);
-    EXPECT_EQ(t.rows[0].cells, (std::vector<std::string>{"a", "b,\"c\"\nd"}));
-    EXPECT_EQ(t.rows[1].cells, (std::vector<std::string>{"e", ""}));
-    EXPECT_EQ(t.rows[1].line, 4U);
-    EXPECT_EQ(t.rows[2].cells, (std::vector<std::string>{"f"}));
-    EXPECT_EQ(t.rows[2].line, 5U);
+    ASSERT_TRUE(split);
+    const std::vector<datafiles::CsvRow>& rows = *split;
+    ASSERT_EQ(rows.size(), 3U);
+    EXPECT_EQ(rows[0].cells, (std::vector<std::string>{"a", "b,\"c\"\nd"}));
+    EXPECT_EQ(rows[1].cells, (std::vector<std::string>{"e", ""}));
+    EXPECT_EQ(rows[1].line, 4U);
+    EXPECT_EQ(rows[2].cells, (std::vector<std::string>{"f"}));
+    EXPECT_EQ(rows[2].line, 5U);
 }
 
 // The whole way of the system's own table
 
-class StudentDatabase : public SessionTest {
+class StudentDatabase : public testing::Test {
   protected:
     StudentDatabase() {
         const DatabaseTable t = read_database_table(
             builder::ReadFile(std::string(QUOR_SOURCE_DATA) + "/substances.csv"));
         for (const std::string& error : t.errors) ADD_FAILURE() << error;
-        builder::WriteFile(folder() / "S.Q05", datafiles::database_bytes(t.records));
-        EXPECT_FALSE(datafiles::open_database_file("S.Q05").notUsable);
+        const std::filesystem::path file = folder_.path() / "S.Q05";
+        builder::WriteFile(file, datafiles::database_bytes(t.records));
+        database = *datafiles::Database::open(file);
     }
-    ~StudentDatabase() override { datafiles::close_database(); }
+
+    datafiles::Database database;
+
+  private:
+    TemporaryFolder folder_;
 };
 
 void expect_equal(const models::CpSet& a, const models::CpSet& b) {
@@ -193,16 +200,15 @@ void expect_equal(const models::CpSet& a, const models::CpSet& b) {
 
 TEST_F(StudentDatabase, EverySubstanceReadsAsItsRowSays) {
     const std::vector<std::string> names = fluids::AllNames();
-    ASSERT_EQ(legacy::the_session.SubstanceCount, static_cast<int>(names.size()));
+    ASSERT_EQ(database.size(), names.size());
     for (std::size_t i = 0; i < names.size(); ++i) {
         SCOPED_TRACE(names[i]);
-        legacy::the_substance = {};
-        bool noCriticalData = true;
-        ASSERT_TRUE(datafiles::ReadSubstance(static_cast<std::int16_t>(i + 1), noCriticalData));
-        EXPECT_FALSE(noCriticalData);
+        const auto read = database.read(i);
+        ASSERT_TRUE(read);
+        EXPECT_FALSE(read->noCriticalData);
         // Read from the table by the tests' own reader.
         const models::SubstanceRecord expected = fluids::Row(names[i]);
-        const models::SubstanceRecord& r = legacy::the_substance;
+        const models::SubstanceRecord& r = read->record;
         EXPECT_EQ(r.Name, expected.Name);
         EXPECT_EQ(r.Formula, expected.Formula);
         EXPECT_EQ(r.CASRN, expected.CASRN);
@@ -244,15 +250,16 @@ TEST_F(StudentDatabase, EverySubstanceReadsAsItsRowSays) {
 }
 
 TEST_F(StudentDatabase, KnownFiguresOfCarbonDioxideArrive) {
-    bool noCriticalData = false;
-    ASSERT_TRUE(datafiles::ReadSubstance(datafiles::find_by_casrn("124-38-9"), noCriticalData));
-    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
+    const auto place = datafiles::find_by_casrn(database, "124-38-9");
+    ASSERT_TRUE(place);
+    const models::SubstanceRecord substance = database.read(*place)->record;
+    EXPECT_EQ(substance.Name, "Carbon dioxide");
     // Span and Wagner (1996): 304.1282 K, 7377.3 kPa, 467.6 kg/m^3; M from the atomic weights.
-    EXPECT_NEAR(legacy::the_substance.M, 44.0095, 0.001);
-    EXPECT_NEAR(legacy::the_substance.Tcrit, 304.1282, 0.0001);
-    EXPECT_NEAR(legacy::the_substance.pcrit, 7377.3, 0.1);
-    EXPECT_NEAR(legacy::the_substance.rhocrit, 467.6, 0.01);
-    EXPECT_NEAR(legacy::the_substance.omega, 0.224, 0.001);
+    EXPECT_NEAR(substance.M, 44.0095, 0.001);
+    EXPECT_NEAR(substance.Tcrit, 304.1282, 0.0001);
+    EXPECT_NEAR(substance.pcrit, 7377.3, 0.1);
+    EXPECT_NEAR(substance.rhocrit, 467.6, 0.01);
+    EXPECT_NEAR(substance.omega, 0.224, 0.001);
 }
 
 }  // namespace

@@ -1,31 +1,36 @@
-#include "datafiles/database.h"
-#include "datafiles/database_builder.h"
 #include "datafiles/preview.h"
-#include "support/session_test.h"
+#include "support/database_builder.h"
+#include "support/temporary_folder.h"
 
 using namespace quor;
 
 namespace {
 
+using datafiles::Database;
 using datafiles::FilePreview;
-using datafiles::preview_file;
-using legacy::the_session;
 
-class Preview : public SessionTest {
+class Preview : public testing::Test {
   protected:
     Preview() {
-        datafiles::close_database();
         builder::WriteFile(folder() / "A.Q05",
                            builder::Database({builder::Plain("Methane;R-50", "74-82-8")}));
         builder::WriteFile(folder() / "B.Q05", builder::Database({builder::Propane()}));
-        datafiles::load_database("A.Q05");
+        open = *Database::open(folder() / "A.Q05");
     }
-    ~Preview() override { datafiles::close_database(); }
 
+    const std::filesystem::path& folder() const { return folder_.path(); }
+    FilePreview preview_file(const std::string& path) const {
+        return datafiles::preview_file(path, open, Places(folder()), {});
+    }
     FilePreview of(const std::string& name, const std::string& bytes) {
         builder::WriteFile(folder() / name, bytes);
         return preview_file((folder() / name).string());
     }
+
+    Database open;
+
+  private:
+    TemporaryFolder folder_;
 };
 
 TEST_F(Preview, AFileOfDataShowsItsSubstanceAndComment) {
@@ -35,7 +40,6 @@ TEST_F(Preview, AFileOfDataShowsItsSubstanceAndComment) {
     EXPECT_EQ(p.comment, "Kälte");
     EXPECT_EQ(p.date, "1.2.2026");
     EXPECT_EQ(p.database, "A.Q05");
-    EXPECT_EQ(the_session.BatchCount, 0);
 }
 
 TEST_F(Preview, ADataFileOfAnUnknownSubstanceSaysSo) {
@@ -48,10 +52,9 @@ TEST_F(Preview, AProjectIsLookedUpInItsOwnDatabaseAndTheOpenOneStays) {
     EXPECT_EQ(p.substance, "Propane");
     EXPECT_EQ(p.database, "B.Q05");
     EXPECT_EQ(p.comment, "my project");
-    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
-    EXPECT_EQ(datafiles::open_database_path(), folder() / "A.Q05");
-    EXPECT_EQ(the_session.SubstanceCount, 1);
-    EXPECT_EQ(legacy::the_substances.Names[1].substr(0, 8), "Methane;");
+    EXPECT_EQ(open.path(), folder() / "A.Q05");
+    EXPECT_EQ(open.size(), 1U);
+    EXPECT_EQ(open.entries()[0].name.substr(0, 8), "Methane;");
 }
 
 TEST_F(Preview, AProjectOfAnUnknownSubstanceOrDatabaseSaysSo) {
@@ -70,7 +73,6 @@ TEST_F(Preview, OtherAndDamagedFilesShowNothing) {
         EXPECT_EQ(p.comment, "");
         EXPECT_EQ(p.date, "");
     }
-    EXPECT_TRUE(user.messages.empty());
 }
 
 }  // namespace

@@ -9,8 +9,14 @@ using namespace quor;
 namespace {
 
 using datafiles::FieldPlace;
-using datafiles::set_field;
 using models::SubstanceRecord;
+
+/// What is told of a stored value, nothing for a success.
+std::string set_field(models::SubstanceRecord& record, std::string_view name,
+                      std::string_view value) {
+    const Result<void> stored = datafiles::set_field(record, name, value);
+    return stored ? std::string() : stored.reason();
+}
 
 TEST(RecordFields, SingleValuesAreSetByName) {
     SubstanceRecord r;

@@ -1,21 +1,15 @@
 #include "common/text.h"
-#include "datafiles/database_builder.h"
 #include "datafiles/search.h"
 #include "datafiles/synonyms.h"
-#include "session/module2.h"
-#include "support/session_test.h"
 
 using namespace quor;
 
 namespace {
 
 using datafiles::comparing_form;
-using datafiles::find_in_synonyms;
-using datafiles::FindSubstance;
+using datafiles::Database;
 using datafiles::normalise_name;
-using dialogs::Icon;
-
-constexpr const char* kTitle = "ERROR: Selection of a substance";
+using datafiles::Synonyms;
 
 constexpr const char* kSynonyms =
     "110-82-7\r\n"
@@ -37,103 +31,89 @@ constexpr const char* kSynonyms =
     "Behind the end_x\r\n"
     "BEHIND\r\n";
 
-class Search : public SessionTest {
-  protected:
-    Search() {
-        legacy::the_session.SubstanceCount = 3;
-        legacy::the_substances.Numbers = {0, 5, 417, 5};
-        legacy::the_substances.Names = {"", "Cyclohexane;R-C610   ", "Acetic acid   ",
-                                        "Ethyl äther "};
-        legacy::the_substances.Casrn = {"", "110-82-7    ", "64-19-7     ", "60-29-7     "};
-        legacy::the_substances.Formulas = {"", "C6H12       ", "C2H4O2      ", "C4H10O      "};
-        builder::WriteFile(folder() / "SYNOM.TXT", text::to_oem(kSynonyms));
-    }
-};
-
-TEST_F(Search, AnExactNameOrCasrnIsFoundWithoutTheSynonyms) {
-    std::filesystem::remove(folder() / "SYNOM.TXT");
-    EXPECT_EQ(FindSubstance("Acetic acid").index, 2);
-    EXPECT_EQ(FindSubstance("Acetic acid   ").index, 2);
-    EXPECT_EQ(FindSubstance("Ethyl äther").index, 3);
-    EXPECT_EQ(FindSubstance("110-82-7").index, 1);
-    EXPECT_TRUE(FindSubstance("110-82-7").found);
-    // The whole field is compared.
-    EXPECT_EQ(FindSubstance("Cyclohexane;R-C610").index, 1);
-    EXPECT_TRUE(user.messages.empty());
+Database small_database() {
+    return {"SMALL.Q05",
+            {{5, "C6H12       ", "Cyclohexane;R-C610   ", "110-82-7    "},
+             {417, "C2H4O2      ", "Acetic acid   ", "64-19-7     "},
+             {5, "C4H10O      ", "Ethyl äther ", "60-29-7     "}}};
 }
 
-TEST_F(Search, ASynonymIsFoundInAnySpelling) {
+/// The place of a text (from 1), or 0 for none.
+int place_of(const std::string& search, const Synonyms& synonyms = Synonyms(kSynonyms)) {
+    const auto place = datafiles::find_substance(small_database(), synonyms, search);
+    return place ? static_cast<int>(*place) + 1 : 0;
+}
+
+std::string reason_of(const std::string& search) {
+    return datafiles::find_substance(small_database(), Synonyms(kSynonyms), search).reason();
+}
+
+TEST(Search, AnExactNameOrCasrnIsFoundWithoutTheSynonyms) {
+    const Synonyms none;
+    EXPECT_EQ(place_of("Acetic acid", none), 2);
+    EXPECT_EQ(place_of("Acetic acid   ", none), 2);
+    EXPECT_EQ(place_of("Ethyl äther", none), 3);
+    EXPECT_EQ(place_of("110-82-7", none), 1);
+    // The whole field is compared.
+    EXPECT_EQ(place_of("Cyclohexane;R-C610", none), 1);
+    EXPECT_EQ(place_of("zyklohexan", none), 0);
+}
+
+TEST(Search, ASynonymIsFoundInAnySpelling) {
     for (const char* name : {"Cyclohexane", "zyklohexane", "CYKLO-Hexane", "zyclo hexane",
                              "(cyclo)hexane", "hexahydrobenzol"})
-        EXPECT_EQ(FindSubstance(name).index, 1) << name;
+        EXPECT_EQ(place_of(name), 1) << name;
     for (const char* name :
          {"acetic acid", "Azetic Acid", "essigsaeure", "Essigsäure", "ESSIG-SÄURE"})
-        EXPECT_EQ(FindSubstance(name).index, 2) << name;
-    EXPECT_TRUE(user.messages.empty());
+        EXPECT_EQ(place_of(name), 2) << name;
 }
 
-TEST_F(Search, AMissIsTold) {
-    const datafiles::SubstanceFound result = FindSubstance("unobtainium");
-    EXPECT_FALSE(result.found);
-    EXPECT_EQ(result.index, 0);
-    ASSERT_EQ(user.messages.size(), 1U);
-    EXPECT_EQ(user.lastText(), "Nothing found.");
-    EXPECT_EQ(user.lastTitle(), kTitle);
-    EXPECT_EQ(user.messages[0].icon, Icon::Exclamation);
+TEST(Search, ANumberIsFoundBehindItsSign) {
+    EXPECT_EQ(place_of("#417"), 2);
+    EXPECT_EQ(place_of("#5"), 1) << "the first one";
+    EXPECT_EQ(place_of("#6"), 0);
+    EXPECT_EQ(reason_of("#6"), "Nothing found.");
+    EXPECT_EQ(place_of("#417x"), 0);
 }
 
-TEST_F(Search, TheEndOfTheFileIsItsEndBlock) {
-    EXPECT_FALSE(FindSubstance("behind").found);
-    EXPECT_EQ(user.lastText(), "Nothing found.");
-    EXPECT_FALSE(FindSubstance("END").found);
-    EXPECT_EQ(user.lastText(), "Nothing found.");
+TEST(Search, AMissHasItsReason) {
+    EXPECT_EQ(reason_of("unobtainium"), "Nothing found.");
 }
 
-TEST_F(Search, AKnownSubstanceThatTheDatabaseLacksIsNamed) {
-    EXPECT_FALSE(FindSubstance("formaldehyde").found);
-    EXPECT_EQ(user.lastText(),
-              " This substance is not involved in the database \nFormaldehyde\nCASRN 50-00-0");
-    EXPECT_EQ(user.messages.back().icon, Icon::Exclamation);
-    EXPECT_FALSE(FindSubstance("50-00-0").found);
-    EXPECT_EQ(user.lastText(),
-              " This substance is not involved in the database \nFormaldehyde\nCASRN 50-00-0");
+TEST(Search, TheEndOfTheFileIsItsEndBlock) {
+    EXPECT_EQ(reason_of("behind"), "Nothing found.");
+    EXPECT_EQ(reason_of("END"), "Nothing found.");
 }
 
-TEST_F(Search, AMissingSynonymFileIsNotedOnce) {
-    std::filesystem::remove(folder() / "SYNOM.TXT");
-    EXPECT_FALSE(FindSubstance("zyklohexan").found);
-    ASSERT_EQ(user.messages.size(), 2U);
-    EXPECT_EQ(user.messages[0].text,
-              "The file SYNOM.TXT was not found in the QUOR directory.\n"
-              "Substances are found by their exact name or CASRN only.");
-    EXPECT_EQ(user.messages[1].text, "Nothing found.");
-    EXPECT_FALSE(FindSubstance("zyklohexan").found);
-    EXPECT_EQ(user.messages.size(), 3U);
+TEST(Search, AKnownSubstanceThatTheDatabaseLacksIsNamed) {
+    constexpr const char* reason =
+        " This substance is not involved in the database \nFormaldehyde\nCASRN 50-00-0";
+    EXPECT_EQ(reason_of("formaldehyde"), reason);
+    EXPECT_EQ(reason_of("50-00-0"), reason);
 }
 
-TEST_F(Search, AnEmptySearchFindsNothing) {
-    legacy::the_substances.Names[2] = "      ";
-    legacy::the_substances.Casrn[2] = "      ";
-    EXPECT_FALSE(FindSubstance("").found);
-    EXPECT_FALSE(FindSubstance("   ").found);
-    EXPECT_EQ(datafiles::find_by_casrn("  "), 0);
+TEST(Search, AnEmptySearchFindsNothing) {
+    const Database blank("B.Q05", {{1, "", "      ", "      "}});
+    EXPECT_FALSE(datafiles::find_substance(blank, {}, ""));
+    EXPECT_FALSE(datafiles::find_substance(blank, {}, "   "));
+    EXPECT_EQ(datafiles::find_by_casrn(blank, "  "), std::nullopt);
 }
 
-TEST_F(Search, NumbersAndCasrnsGiveTheirFirstPlace) {
-    EXPECT_EQ(datafiles::find_by_number(417), 2);
-    EXPECT_EQ(datafiles::find_by_number(5), 1);
-    EXPECT_EQ(datafiles::find_by_number(6), 0);
-    EXPECT_EQ(datafiles::find_by_number(0), 0);
-    EXPECT_EQ(datafiles::find_by_casrn("60-29-7"), 3);
-    EXPECT_EQ(datafiles::find_by_casrn("60-29-7     "), 3);
-    EXPECT_EQ(datafiles::find_by_casrn("60-29"), 0);
+TEST(Search, NumbersAndCasrnsGiveTheirFirstPlace) {
+    const Database d = small_database();
+    EXPECT_EQ(datafiles::find_by_number(d, 417), 1U);
+    EXPECT_EQ(datafiles::find_by_number(d, 5), 0U);
+    EXPECT_EQ(datafiles::find_by_number(d, 6), std::nullopt);
+    EXPECT_EQ(datafiles::find_by_number(d, 0), std::nullopt);
+    EXPECT_EQ(datafiles::find_by_casrn(d, "60-29-7"), 2U);
+    EXPECT_EQ(datafiles::find_by_casrn(d, "60-29-7     "), 2U);
+    EXPECT_EQ(datafiles::find_by_casrn(d, "60-29"), std::nullopt);
 }
 
-TEST_F(Search, WithoutADatabaseNothingIsFound) {
-    session::reset_everything();
-    EXPECT_EQ(datafiles::find_by_number(1), 0);
-    EXPECT_EQ(datafiles::find_by_casrn("60-29-7"), 0);
-    EXPECT_FALSE(FindSubstance("Acetic acid").found);
+TEST(Search, WithoutADatabaseNothingIsFound) {
+    EXPECT_EQ(datafiles::find_by_number({}, 1), std::nullopt);
+    EXPECT_EQ(datafiles::find_by_casrn({}, "60-29-7"), std::nullopt);
+    EXPECT_FALSE(datafiles::find_substance({}, Synonyms(kSynonyms), "Acetic acid"));
 }
 
 TEST(NormaliseName, UsesUpperCaseWithUmlautsAndNoBlanks) {
@@ -172,37 +152,41 @@ TEST(NormaliseName, TheComparingFormHasNoPunctuation) {
 }
 
 TEST(Synonyms, TheFirstHitWins) {
-    const std::string file = "1\nA_a\nX\n\n2\nB_b\nX\n\nEND\n";
-    EXPECT_EQ(find_in_synonyms(file, "x").casrn, "1");
-    EXPECT_EQ(find_in_synonyms(file, "2").line, "B_b");
-    EXPECT_FALSE(find_in_synonyms(file, "y").found);
-    EXPECT_EQ(find_in_synonyms(file, "y").casrn, "END");
+    const Synonyms file("1\nA_a\nX\n\n2\nB_b\nX\n\nEND\n");
+    EXPECT_EQ(file.find("x")->casrn, "1");
+    EXPECT_EQ(file.find("2")->line, "B_b");
+    EXPECT_FALSE(file.find("y"));
 }
 
 TEST(Synonyms, AFileWithoutAnEndIsReadToItsEnd) {
-    EXPECT_EQ(find_in_synonyms("1\nA_a\nX", "x").casrn, "1");
-    EXPECT_FALSE(find_in_synonyms("1\nA_a\nX", "z").found);
-    EXPECT_FALSE(find_in_synonyms("", "z").found);
-    EXPECT_FALSE(find_in_synonyms("\n\n\n1\n", "z").found);
-    EXPECT_EQ(find_in_synonyms("\n\n1\nA\nX\n\n\n\n2\nB\nY\n", "y").casrn, "2");
+    EXPECT_EQ(Synonyms("1\nA_a\nX").find("x")->casrn, "1");
+    EXPECT_FALSE(Synonyms("1\nA_a\nX").find("z"));
+    EXPECT_FALSE(Synonyms("").find("z"));
+    EXPECT_FALSE(Synonyms("\n\n\n1\n").find("z"));
+    EXPECT_EQ(Synonyms("\n\n1\nA\nX\n\n\n\n2\nB\nY\n").find("y")->casrn, "2");
 }
 
 TEST(Synonyms, OnlyPunctuationIsNoHitForOnlyPunctuation) {
-    EXPECT_FALSE(find_in_synonyms("1\nA\n-\n\nEND\n", "-").found);
+    EXPECT_FALSE(Synonyms("1\nA\n-\n\nEND\n").find("-"));
 }
 
-class ShippedSynonyms : public SessionTest {};
+TEST(Synonyms, AMissingFileIsRefused) {
+    EXPECT_FALSE(Synonyms::read("no such folder/SYNOM.TXT"));
+}
 
-TEST_F(ShippedSynonyms, UsualNamesLeadToTheirSubstance) {
-    builder::WriteFile(folder() / "SYNOM.TXT",
-                       builder::ReadFile(std::string(QUOR_SOURCE_DATA) + "/SYNOM.TXT"));
+TEST(Synonyms, UsualNamesLeadToTheirSubstance) {
+    const auto shipped = Synonyms::read(std::string(QUOR_SOURCE_DATA) + "/SYNOM.TXT");
+    ASSERT_TRUE(shipped);
     const std::pair<const char*, const char*> names[] = {
         {"water", "7732-18-5"},        {"Wasser", "7732-18-5"},    {"Kohlendioxyd", "124-38-9"},
         {"R-134a", "811-97-2"},        {"zyklohexan", "110-82-7"}, {"Äthanol", "64-17-5"},
         {"isobutane", "75-28-5"},      {"ammonia", "7664-41-7"},   {"Essigsaeure", "64-19-7"},
         {"methyl alcohol", "67-56-1"}, {"R744", "124-38-9"},       {"dichlormethan", "75-09-2"}};
-    for (const auto& [name, casrn] : names)
-        EXPECT_EQ(datafiles::search_synonyms(name).casrn, casrn) << name;
+    for (const auto& [name, casrn] : names) {
+        const auto hit = shipped->find(name);
+        ASSERT_TRUE(hit) << name;
+        EXPECT_EQ(hit->casrn, casrn) << name;
+    }
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 #include <cstring>
 #include <limits>
 
-#include "datafiles/database_builder.h"
 #include "datafiles/substance_file.h"
+#include "support/database_builder.h"
 
 using namespace quor;
 

@@ -1,10 +1,8 @@
 #include <cmath>
 
 #include "common/numbers.h"
-#include "datafiles/database_builder.h"
 #include "datafiles/xy_file.h"
 #include "datafiles/xy_points.h"
-#include "support/session_test.h"
 
 using namespace quor;
 
@@ -13,19 +11,6 @@ namespace {
 using datafiles::FitPoint;
 using datafiles::read_xy_text;
 using datafiles::XYManipulation;
-using dialogs::Answer;
-using legacy::the_session;
-using legacy::the_xyPoints;
-
-class XY : public SessionTest {
-  protected:
-    std::string path(const std::string& name) { return (folder() / name).string(); }
-    static std::vector<float> xs() {
-        std::vector<float> list;
-        for (const FitPoint& p : the_xyPoints) list.push_back(p.x);
-        return list;
-    }
-};
 
 void expect_point(const FitPoint& p, float x, float y) {
     EXPECT_EQ(p.x, x);
@@ -101,81 +86,10 @@ TEST(XYText, PointsSurviveARoundTripWithEveryDelimiter) {
     }
 }
 
-TEST_F(XY, LoadingReplacesTheListAndTellsTheFile) {
-    the_xyPoints = {{9, 9, 0}};
-    builder::WriteFile(folder() / "A.XY", "comment\r\n1;2\r\n3;4\r\n");
-    user.fileAnswers.push_back("A.XY");
-    EXPECT_EQ(datafiles::xy_load(), "  Loaded: " + path("A.XY"));
-    EXPECT_EQ(legacy::the_xyComment, "comment");
-    EXPECT_EQ(xs(), (std::vector<float>{1, 3}));
-    EXPECT_EQ(user.files[0].title, "Load (Curve)Points");
-    EXPECT_EQ(user.files[0].filter, "x-y Data (*.XY)|*.XY|(*.LRG)|*LRG");
-    EXPECT_EQ(user.files[0].name, "*.XY");
-    EXPECT_EQ(the_session.FolderXY, (folder() / "").string());
-}
-
-TEST_F(XY, AMissingFileIsToldAndTheListStays) {
-    the_xyPoints = {{9, 9, 0}};
-    EXPECT_EQ(datafiles::xy_load("MISSING.XY"), "");
-    EXPECT_EQ(user.lastText(), "The file MISSING.XY was not found.");
-    user.fileAnswers.push_back(std::nullopt);
-    EXPECT_EQ(datafiles::xy_load(), "");
-    EXPECT_EQ(the_xyPoints.size(), 1U);
-}
-
-TEST_F(XY, SavingWritesTheActivePointsWithTheSessionsSeparator) {
-    the_xyPoints = {{1, 2, 0}, {3, 4, -1}};
-    legacy::the_xyComment = "c";
-    the_session.CsvSeparator = '\t';
-    user.fileAnswers.push_back("B");
-    EXPECT_TRUE(datafiles::xy_save());
-    EXPECT_EQ(builder::ReadFile(folder() / "B.XY"), "c\r\n.1000000E+01\t.2000000E+01\r\n");
-    EXPECT_EQ(user.files[0].title, "(Curve)Points Save as ... ");
-    EXPECT_EQ(user.files[0].defaultExtension, ".XY");
-    EXPECT_EQ(user.files[0].filter, "x-y Data (*.XY)|*.XY");
-    EXPECT_TRUE(user.files[0].overwritePrompt);
-}
-
-TEST_F(XY, ChangedDataAreAskedAbout) {
-    EXPECT_TRUE(datafiles::xy_save_frage(false));
-    user.answers = {Answer::No, Answer::Yes};
-    EXPECT_TRUE(datafiles::xy_save_frage(true));
-    EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
-    EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_FALSE(datafiles::xy_save_frage(true));
-}
-
-TEST_F(XY, ACurveIsSavedWithItsCount) {
-    const diagrams::CurvePointArray curve{{2, 0, -1}, {1, 10, 300}, {2, 20, 300}, {3, 30, 300}};
-    user.fileAnswers = {path("C"), path("C")};
-    EXPECT_TRUE(datafiles::save_curve_as_xy(curve));
-    EXPECT_EQ(builder::ReadFile(folder() / "C.XY"),
-              "2 curve points\r\n.1000000E+01;.1000000E+02\r\n.2000000E+01;.2000000E+02\r\n");
-    EXPECT_EQ(user.files[0].title, "Save curve as *.XY");
-    EXPECT_EQ(user.files[0].filter, "XY text file (*.XY)|*.XY");
-    EXPECT_EQ(user.files[0].defaultExtension, ".XY");
-    user.answers = {Answer::No};
-    EXPECT_FALSE(datafiles::save_curve_as_xy(curve));
-    EXPECT_EQ(user.lastText(), "such a file is already existing\nOverwright?");
-    EXPECT_EQ(user.lastTitle(), "WARNING");
-    user.fileAnswers = {path("missing/C.XY")};
-    EXPECT_FALSE(datafiles::save_curve_as_xy(curve));
-    EXPECT_EQ(user.lastTitle(), "ERROR");
-}
-
-TEST_F(XY, AHeaderThatAnnouncesTooManyPointsIsNotBelieved) {
-    user.fileAnswers = {path("C"), path("D")};
-    EXPECT_TRUE(datafiles::save_curve_as_xy({{99, 0, 0}, {1, 10, 300}}));
-    EXPECT_EQ(builder::ReadFile(folder() / "C.XY"),
-              "1 curve points\r\n.1000000E+01;.1000000E+02\r\n");
-    EXPECT_TRUE(datafiles::save_curve_as_xy({}));
-    EXPECT_EQ(builder::ReadFile(folder() / "D.XY"), "0 curve points\r\n");
-}
-
 TEST(XYPoints, ManipulationsChangeActiveAndInactivePoints) {
     const auto after = [](XYManipulation what, double W = 0) {
         std::vector<FitPoint> points{{0.25F, 2.0F, 0}, {0.5F, 4.0F, -1}};
-        EXPECT_EQ(datafiles::manipulate_xy(points, what, W), "");
+        points = datafiles::manipulated_xy(points, what, W).value();
         EXPECT_EQ(points[1].mark, -1.0F);
         return points;
     };
@@ -194,14 +108,15 @@ TEST(XYPoints, AValueThatDoesNotExistLeavesTheWholeList) {
          {std::pair{XYManipulation::LogarithmY, 0.0F}, std::pair{XYManipulation::LogarithmY, -1.0F},
           std::pair{XYManipulation::InverseY, 0.0F},
           std::pair{XYManipulation::ExponentialY, 1000.0F}}) {
-        std::vector<FitPoint> points{{1, 2, 0}, {3, y, 0}};
-        const std::string error = datafiles::manipulate_xy(points, what, 0);
-        EXPECT_EQ(error.find("Line 2 (x = 3, y = "), 0U);
+        const std::vector<FitPoint> points{{1, 2, 0}, {3, y, 0}};
+        const auto refused = datafiles::manipulated_xy(points, what, 0);
+        ASSERT_FALSE(refused);
+        EXPECT_EQ(refused.reason().find("Line 2 (x = 3, y = "), 0U);
         EXPECT_EQ(points[0].y, 2.0F);
         EXPECT_EQ(points[1].y, y);
     }
     std::vector<FitPoint> points{{1, 1e38F, 0}};
-    EXPECT_EQ(datafiles::manipulate_xy(points, XYManipulation::MultiplyY, 10),
+    EXPECT_EQ(datafiles::manipulated_xy(points, XYManipulation::MultiplyY, 10).reason(),
               "Line 1 (x = 1, y = 1E+38) has no such value; nothing was changed.");
 }
 
@@ -250,20 +165,6 @@ TEST(XYPoints, ClipboardTablesGoInAndOut) {
     numbers::set_decimal_mark('.');
 }
 
-TEST_F(XY, ADrawingNeedsEnoughActivePoints) {
-    const std::vector<FitPoint> none{{1, 1, -1}}, one{{1, 1, 0}, {2, 2, -1}},
-        two{{1, 1, 0}, {2, 2, 0}};
-    EXPECT_TRUE(datafiles::enough_active_points(one, true));
-    EXPECT_TRUE(datafiles::enough_active_points(two, false));
-    EXPECT_TRUE(user.messages.empty());
-    EXPECT_FALSE(datafiles::enough_active_points(none, true));
-    EXPECT_EQ(user.lastText(), "at least one active point!");
-    EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_FALSE(datafiles::enough_active_points(one, false));
-    EXPECT_EQ(user.lastText(), "at least two active points!");
-    EXPECT_EQ(datafiles::active_points(one).size(), 1U);
-}
-
 TEST(XYPoints, TheRangeIsThatOfTheActivePoints) {
     const datafiles::XYRange range =
         datafiles::range_of_active(std::vector<FitPoint>{{1, 5, 0}, {-3, 7, 0}, {99, 99, -1}});
@@ -285,6 +186,16 @@ TEST(XYPoints, AGraphHasTheActivePointsAndItsTexts) {
     EXPECT_EQ(graph.yTitle, "y");
     EXPECT_EQ(graph.range.xMax, 2.0F);
     EXPECT_FALSE(graph.asPoints);
+}
+
+TEST(XYPoints, ADrawingNeedsEnoughActivePoints) {
+    const std::vector<FitPoint> none{{1, 1, -1}}, one{{1, 1, 0}, {2, 2, -1}},
+        two{{1, 1, 0}, {2, 2, 0}};
+    EXPECT_TRUE(datafiles::check_active_points(one, true));
+    EXPECT_TRUE(datafiles::check_active_points(two, false));
+    EXPECT_EQ(datafiles::check_active_points(none, true).reason(), "at least one active point!");
+    EXPECT_EQ(datafiles::check_active_points(one, false).reason(), "at least two active points!");
+    EXPECT_EQ(datafiles::active_points(one).size(), 1U);
 }
 
 }  // namespace

@@ -1,37 +1,77 @@
 #include "diagrams/active_fluid.h"
-#include "legacy/wrappers.h"
-#include "support/codes.h"
 
-#include "diagrams/coordinates.h"
+#include "diagrams/caloric_functions.h"
+#include "support/codes.h"
 
 using namespace quor;
 
-void ActiveFluid::activate(const std::string& name, std::int16_t eos) {
-    models::SubstanceRecord& s = legacy::the_substance;
+void ActiveFluid::activate(const std::string& name, int code) {
+    models::SubstanceRecord& s = substance;
     s = fluids::Row(name);
     models::correlate_august(s);
     for (const std::int16_t index : {std::int16_t{6}, std::int16_t{7}, std::int16_t{8}})
         models::correlate_vapour_pressure(s, codes::vp(index), s.Tcrit, s.pcrit,
                                           static_cast<double>(s.Tboil));
 
-    models::ModelSelection& m = legacy::the_models;
+    models::ModelSelection& m = selection;
     m = {};
-    m.EOSModel = codes::eos(eos);
-    m.EOSOnlyV = models::is_v_only(codes::eos(eos));
+    m.EOSModel = codes::eos(code);
+    m.EOSOnlyV = models::is_v_only(m.EOSModel);
     m.PriorityCEOS = !m.EOSOnlyV;
     m.VPModel = codes::vp("WAG");
     m.CpModel = codes::cp(s.hasCpPoly ? 1 : s.hasCpSinh ? 2 : 0);
     m.HLVModel = codes::hlv(2);
-    ASSERT_EQ(models::calc_eos_parameters(codes::eos(eos)), kSuccess);
-    legacy::the_reference.T0 = 298.15F;
-    legacy::the_coordinates = {};
-    Module9::calc_coordinate_defaults(legacy::the_coordinates);
+    const models::EosConstants constants = models::eos_constants(s, m);
+    eosConstants = constants.power;
+    jt = constants.jiTorvik;
+    reference.T0 = 298.15F;
+    limits = diagrams::coordinate_defaults(basis());
 }
 
-void ActiveFluid::set_units(std::int16_t CaloricUnit, std::int16_t UnitMode) {
-    legacy::the_session.CaloricUnit = CaloricUnit;
-    legacy::the_session.UnitMode = UnitMode;
-    legacy::the_session.UnitsChanged = true;
-    Module9::calc_coordinate_defaults(legacy::the_coordinates);
-    legacy::the_session.UnitsChanged = false;
+void ActiveFluid::set_units(int caloric, int system) {
+    units.caloric = static_cast<models::CaloricUnit>(caloric);
+    units.system = static_cast<models::UnitSystem>(system);
+    limits = diagrams::coordinate_defaults(basis(), limits, true);
+}
+
+models::StateValues ActiveFluid::functions(double T, double p, double v) const {
+    return diagrams::CaloricFunctions(basis())(T, p, v);
+}
+
+double ActiveFluid::pressure(double T, double v) const {
+    models::EOSState state = models::eos_at(fluid(), T);
+    return models::pressure_from_Tv(fluid(), T, v, state).p;
+}
+
+diagrams::DiagramRequest ActiveFluid::RequestFor(int code) const {
+    const diagrams::Diagram& diagram = diagrams::diagram_of(code);
+    const diagrams::ProposedWindow proposed = diagrams::proposed_window(diagram, basis(), limits);
+    return {.diagram = &diagram,
+            .proposed = proposed.window,
+            .window = proposed.window,
+            .texts = diagrams::texts_of(diagram, basis(), proposed.validity),
+            .validity = proposed.validity};
+}
+
+Drawn ActiveFluid::Draw(const diagrams::DiagramRequest& request,
+                        const diagrams::StateParameters& at) const {
+    // A basis that cannot be had is the fault of the curve.
+    diagrams::Basis of{fluid(), reference, {}, {}};
+    try {
+        of = basis();
+    } catch (const std::exception&) {
+        of.units.choice = units;
+    }
+    Drawn drawn;
+    drawn.request = request;
+    drawn.take(diagrams::curve(of, {.curve = request.diagram,
+                                    .window = request.window,
+                                    .at = at,
+                                    .branch = branch,
+                                    .vapourFraction = vapourFraction,
+                                    .options = options,
+                                    .line = process,
+                                    .pMin = limits.pMin,
+                                    .pMax = limits.pMax}));
+    return drawn;
 }

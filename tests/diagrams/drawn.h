@@ -1,42 +1,48 @@
 #pragma once
 
+#include <optional>
 #include <span>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "diagrams/curve.h"
-#include "legacy/declare.h"
+#include "diagrams/diagram_request.h"
 
 using namespace quor;
+
+/// Status and message of a curve, by the numbers of JSON.
+struct Outcome {
+    int status = 0;
+    std::string message;
+};
 
 /// A curve as a view would draw it, for tests.
 struct Drawn {
     diagrams::DiagramRequest request;
-    diagrams::CurvePointArray all;  ///< with the header
-    diagrams::CurveResult result;
+    diagrams::CurvePoints all;
+    Outcome result;
+    diagrams::Parameter parameter = diagrams::Parameter::none;
+    std::optional<diagrams::TieLine> tieLine;
+    std::optional<diagrams::ProcessState> last_state;
+    std::optional<double> TOfMaximum;
 
-    std::span<const diagrams::CurvePoint> points() const& { return std::span(all).subspan(1); }
+    void take(diagrams::Curve curve) {
+        all = std::move(curve.points);
+        result = {static_cast<int>(curve.status), curve.message};
+        parameter = curve.parameter;
+        tieLine = curve.tieLine;
+        last_state = curve.last;
+        TOfMaximum = curve.TOfMaximum;
+    }
+
+    std::span<const diagrams::CurvePoint> points() const& { return all; }
     /// A copy, so that a loop over the points of a temporary holds them.
-    std::vector<diagrams::CurvePoint> points() && { return {all.begin() + 1, all.end()}; }
-    std::size_t count() const { return all.size() - 1; }
-    const diagrams::CurvePoint& first() const { return all.at(1); }
+    std::vector<diagrams::CurvePoint> points() && { return std::move(all); }
+    std::size_t count() const { return all.size(); }
+    /// The n-th point, counted from 1.
+    const diagrams::CurvePoint& nth(std::size_t n) const { return all.at(n - 1); }
+    const diagrams::CurvePoint& first() const { return all.at(0); }
     const diagrams::CurvePoint& last() const { return all.back(); }
-    float mark() const { return all.at(0).z; }
+    int mark() const { return diagrams::mark_of(parameter); }
 };
-
-/// The state parameters of a curve.
-struct Parameters {
-    double T = 0, p = 0, v = 0;
-};
-
-/// The code of the diagram in which an added curve is drawn; its own code for all others.
-std::int16_t DiagramOf(std::int16_t code);
-/// Section kind of the diagram of a code as the menu sets it.
-std::int16_t SectionKindOf(std::int16_t code);
-/// Request with the default window of the diagram that shows the code.
-diagrams::DiagramRequest RequestFor(std::int16_t code);
-
-Drawn Draw(diagrams::DiagramRequest request, const Parameters& at);
-Drawn Draw(std::int16_t code, const Parameters& at);
-
-/// The header agrees with the points: their number, and y unused.
-bool HeaderIsRight(const Drawn& curve);

@@ -2,11 +2,9 @@
 
 #include <string>
 
-#include "app/menu_graph_rows.h"
 #include "diagrams/active_fluid.h"
-#include "diagrams/catalogue.h"
-#include "diagrams/coordinates.h"
 #include "diagrams/diagram_sheet.h"
+#include "diagrams/prepare_2d.h"
 
 using namespace quor;
 
@@ -15,33 +13,36 @@ class Sheet : public ActiveFluid {
   protected:
     Sheet() { activate("Propane"); }
 
-    /// Opens the row of a code.
-    void open(std::int16_t code) {
-        for (const menu::Row& row : menu::graph_rows()) {
-            if (row.action != "Diagram2D" || row.code != code) continue;
-            diagrams::DiagramRequest request;
-            request.DiagramType = code;
-            request.sectionKind = row.sectionKind;
-            request.axisPair = row.axisPair;
-            Module9::fill_diagram_window(legacy::the_coordinates, request);
-            Module9::FillTexts(request);
-            Module9::open_sheet(sheet, request);
-            return;
-        }
-        FAIL() << "no row of code " << code;
-    }
+    /// Opens the diagram of a code, with the parameters that the sheet has now.
+    void open(int code) { sheet = diagrams::open_sheet(RequestFor(code), basis(), sheet.at); }
 
     /// A curve with points on the line y = 2 x.
-    static diagrams::CurvePointArray line(int points, float z = 0, float mark = 0) {
-        diagrams::CurvePointArray all(1);
+    static diagrams::NewCurve points_on_line(
+        int points, float z = 0, diagrams::Parameter parameter = diagrams::Parameter::none) {
+        diagrams::NewCurve curve;
+        curve.parameter = parameter;
         for (int i = 1; i <= points; ++i)
-            all.push_back({static_cast<float>(i), 2.0F * static_cast<float>(i), z});
-        all[0] = {static_cast<float>(points), 0, mark};
-        return all;
+            curve.points.push_back({static_cast<float>(i), 2.0F * static_cast<float>(i), z});
+        return curve;
+    }
+    int store(diagrams::NewCurve curve) {
+        return diagrams::store_curve(sheet, std::move(curve), sheet.request.window.xMax);
     }
 
-    const chart::Series& curve(int slot) const {
-        return sheet.chart.curves.at(static_cast<std::size_t>(slot));
+    const chart::Series& curve(int place) const {
+        return sheet.chart.curves.at(static_cast<std::size_t>(place));
+    }
+    const diagrams::SheetCurve& sheet_curve(int place) const {
+        return sheet.curves.at(static_cast<std::size_t>(place));
+    }
+    diagrams::CurveLabel& label_of(int place) {
+        return sheet.curves.at(static_cast<std::size_t>(place)).label;
+    }
+    bool is_free(int place) const { return !diagrams::is_drawn(sheet, place); }
+    /// Parameter of a point of a curve, counted from 1; 0 where none is kept.
+    float parameter(int place, std::size_t point) const {
+        const std::vector<float>& z = sheet_curve(place).z;
+        return point >= 1 && point <= z.size() ? z[point - 1] : 0;
     }
     bool hasMessage(const std::string& text) const {
         for (const dialogs::Message& m : user.messages)
@@ -49,5 +50,5 @@ class Sheet : public ActiveFluid {
         return false;
     }
 
-    Module9::DiagramSheet sheet;
+    diagrams::DiagramSheet sheet;
 };

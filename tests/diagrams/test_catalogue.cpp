@@ -1,5 +1,4 @@
-#include "diagrams/catalogue.h"
-#include "support/codes.h"
+#include "diagrams/diagram.h"
 
 #include <array>
 #include <map>
@@ -8,22 +7,18 @@
 #include "app/menu_catalogue.h"
 #include "app/menu_graph_rows.h"
 #include "diagrams/active_fluid.h"
+#include "support/codes.h"
 
 using namespace quor;
 
 namespace {
 
-using legacy::the_session;
-using Module9::Axis;
+using diagrams::Axis;
 
 class Catalogue : public ActiveFluid {
   protected:
-    static diagrams::DiagramRequest texts(std::int16_t code) {
-        diagrams::DiagramRequest request;
-        request.DiagramType = code;
-        the_session.CurveModelName = Module9::CurveModelName(code);
-        Module9::FillTexts(request);
-        return request;
+    diagrams::DiagramTexts texts(int code, const diagrams::Validity& validity = {}) const {
+        return diagrams::texts_of(diagrams::diagram_of(code), basis(), validity);
     }
 };
 
@@ -116,10 +111,10 @@ constexpr auto kMolar = std::to_array<Expected>({
 TEST_F(Catalogue, MolarTitlesAxesAndSubtitlesStandAsWorded) {
     activate("Propane");
     for (const Expected& e : kMolar) {
-        const auto r = texts(static_cast<std::int16_t>(e.code));
+        const auto r = texts(e.code);
         EXPECT_EQ(r.title, e.title) << e.code;
-        EXPECT_EQ(r.xLabel, e.x) << e.code;
-        EXPECT_EQ(r.yLabel, e.y) << e.code;
+        EXPECT_EQ(r.x, e.x) << e.code;
+        EXPECT_EQ(r.y, e.y) << e.code;
         EXPECT_EQ(r.subTitle, std::string("Propane,  CEOS Peng / Robinson") + e.suffix) << e.code;
     }
 }
@@ -130,7 +125,7 @@ TEST_F(Catalogue, OnlyPrefixedTitlesBecomeSpecific) {
     for (const Expected& e : kMolar) {
         std::string title = e.title;
         if (title.starts_with("molar ")) title.replace(0, 5, "specific");
-        EXPECT_EQ(texts(static_cast<std::int16_t>(e.code)).title, title) << e.code;
+        EXPECT_EQ(texts(e.code).title, title) << e.code;
     }
 }
 
@@ -160,21 +155,21 @@ const std::map<std::string, std::array<std::string, 3>>& families() {
 
 TEST_F(Catalogue, LabelsFollowTheCaloricUnit) {
     activate("Propane");
-    const auto follows = [](const std::string& molar, std::int16_t unit) {
+    const auto follows = [](const std::string& molar, int unit) {
         const auto family = families().find(molar);
         return family == families().end() ? molar
                                           : family->second[static_cast<std::size_t>(unit - 1)];
     };
-    for (const std::int16_t unit : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}}) {
+    for (const int unit : {1, 2, 3}) {
         set_units(unit, 0);
         for (const Expected& e : kMolar) {
-            const auto r = texts(static_cast<std::int16_t>(e.code));
+            const auto r = texts(e.code);
             std::string x = follows(e.x, unit);
             std::string y = follows(e.y, unit);
             if ((e.code == 21 || e.code == 22) && unit < 3) x += " ";
             if (e.code == 185 && unit == 1) y = "cp / R ";
-            EXPECT_EQ(r.xLabel, x) << e.code << " unit " << unit;
-            EXPECT_EQ(r.yLabel, y) << e.code << " unit " << unit;
+            EXPECT_EQ(r.x, x) << e.code << " unit " << unit;
+            EXPECT_EQ(r.y, y) << e.code << " unit " << unit;
         }
     }
 }
@@ -182,13 +177,13 @@ TEST_F(Catalogue, LabelsFollowTheCaloricUnit) {
 TEST_F(Catalogue, VolumesFollowTheUnitMode) {
     activate("Propane");
     set_units(3, 1);
-    EXPECT_EQ(texts(1).xLabel, "v / (m^3/kg)");
-    EXPECT_EQ(texts(2).yLabel, "pv / (kPa*m^3/kg)");
-    EXPECT_EQ(texts(301).yLabel, "v / (m^3/kg)");
+    EXPECT_EQ(texts(1).x, "v / (m^3/kg)");
+    EXPECT_EQ(texts(2).y, "pv / (kPa*m^3/kg)");
+    EXPECT_EQ(texts(301).y, "v / (m^3/kg)");
     set_units(0, 2);
-    EXPECT_EQ(texts(1).xLabel, "V(red)");
-    EXPECT_EQ(texts(2).yLabel, "p(red) * v(red)");
-    EXPECT_EQ(texts(301).yLabel, "v / (m^3/kmol)") << "never reduced";
+    EXPECT_EQ(texts(1).x, "V(red)");
+    EXPECT_EQ(texts(2).y, "p(red) * v(red)");
+    EXPECT_EQ(texts(301).y, "v / (m^3/kmol)") << "never reduced";
 }
 
 TEST_F(Catalogue, ReducedModeReplacesTheToldAxisTexts) {
@@ -200,19 +195,19 @@ TEST_F(Catalogue, ReducedModeReplacesTheToldAxisTexts) {
                                 301, 302, 303, 304, 305, 306, 307, 308, 309, 310};
     const std::set<int> yIsP = {1, 6, 306, 307, 308, 309};
     const std::set<int> yIsT = {3, 4, 7, 12};
-    for (const Module9::CatalogueRow& row : Module9::Catalogue()) {
-        if (row.title.empty()) continue;
+    for (const diagrams::Diagram& row : diagrams::all_diagrams()) {
+        if (!row.opens()) continue;
         const auto r = texts(row.code);
-        EXPECT_EQ(r.xLabel == "p / p(cr)", xIsP.contains(row.code)) << row.code;
-        EXPECT_EQ(r.xLabel == "T / T(cr)", xIsT.contains(row.code)) << row.code;
-        EXPECT_EQ(r.yLabel == "p / p(cr)", yIsP.contains(row.code)) << row.code;
-        EXPECT_EQ(r.yLabel == "T / T(cr)", yIsT.contains(row.code)) << row.code;
+        EXPECT_EQ(r.x == "p / p(cr)", xIsP.contains(row.code)) << row.code;
+        EXPECT_EQ(r.x == "T / T(cr)", xIsT.contains(row.code)) << row.code;
+        EXPECT_EQ(r.y == "p / p(cr)", yIsP.contains(row.code)) << row.code;
+        EXPECT_EQ(r.y == "T / T(cr)", yIsT.contains(row.code)) << row.code;
     }
-    EXPECT_EQ(texts(10).xLabel, "1 / T(red)");
-    EXPECT_EQ(texts(10).yLabel, "ln (p/p(cr))");
-    EXPECT_EQ(texts(11).xLabel, "1 / T(red)");
-    EXPECT_EQ(texts(11).yLabel, "dln(p/kPa) / d(1/T) ");
-    EXPECT_EQ(texts(90).xLabel, "T / K") << "the equilibrium functions keep their text";
+    EXPECT_EQ(texts(10).x, "1 / T(red)");
+    EXPECT_EQ(texts(10).y, "ln (p/p(cr))");
+    EXPECT_EQ(texts(11).x, "1 / T(red)");
+    EXPECT_EQ(texts(11).y, "dln(p/kPa) / d(1/T) ");
+    EXPECT_EQ(texts(90).x, "T / K") << "the equilibrium functions keep their text";
 }
 
 TEST_F(Catalogue, VapourPressureDiagramsNameTheirSource) {
@@ -222,7 +217,7 @@ TEST_F(Catalogue, VapourPressureDiagramsNameTheirSource) {
     EXPECT_EQ(texts(13).title, "molar Heat of vaporization delta(LV)h = F(T)");
     EXPECT_EQ(texts(13).subTitle, "Propane,  Chen-correlation");
 
-    legacy::the_models.PriorityCEOS = false;
+    selection.PriorityCEOS = false;
     EXPECT_EQ(texts(9).subTitle, "Propane,  vapour press. equ. Wagner");
     EXPECT_EQ(texts(10).title, "Vapour pressure equation Wagner");
     EXPECT_EQ(texts(10).subTitle, "Propane,  Wagner");
@@ -230,13 +225,7 @@ TEST_F(Catalogue, VapourPressureDiagramsNameTheirSource) {
 
 TEST_F(Catalogue, DatabaseFunctionsTellTheirValidity) {
     activate("Propane");
-    const auto with_window = [](std::int16_t code) {
-        diagrams::DiagramRequest request = texts(code);
-        request.validityLow = 86;
-        request.validityHigh = 369;
-        Module9::FillTexts(request);
-        return request;
-    };
+    const auto with_window = [this](int code) { return texts(code, {86, 369}); };
     EXPECT_EQ(with_window(300).title, "L-density from data-bank function");
     EXPECT_EQ(with_window(300).subTitle,
               "Propane,  L-density, data-bank function, validity T = 86 ...369 K");
@@ -261,19 +250,19 @@ TEST_F(Catalogue, DatabaseFunctionsTellTheirValidity) {
     EXPECT_EQ(with_window(309).subTitle,
               "Propane, saturation pressure (database function), validity T = 86 ...369 K");
 
-    legacy::the_models.CpModel = codes::cp(2);
+    selection.CpModel = codes::cp(2);
     EXPECT_EQ(with_window(302).subTitle,
               "Propane, ideal gas heat capacity (database functionsinh/cosh function), validity T "
               "= 86 ...369 K");
     EXPECT_EQ(with_window(302).title,
               "molar Ideal Gas Heat-Capacity cp = Fu(T), Database Function");
-    EXPECT_EQ(with_window(302).yLabel, "cp / (kJ/kmol/K) ");
+    EXPECT_EQ(with_window(302).y, "cp / (kJ/kmol/K) ");
     set_units(3, 1);
     EXPECT_EQ(with_window(301).title, "specific volume from database function rho(L) = F(T)");
-    EXPECT_EQ(with_window(302).yLabel, "cp / (kJ/kg/K) ");
+    EXPECT_EQ(with_window(302).y, "cp / (kJ/kg/K) ");
     EXPECT_EQ(with_window(303).title,
               "specific Liquid Heat-Capacity cp = Fu(T), Database Function");
-    EXPECT_EQ(with_window(305).yLabel, "delta(LV)h / (kJ/kg) ");
+    EXPECT_EQ(with_window(305).y, "delta(LV)h / (kJ/kg) ");
 }
 
 TEST_F(Catalogue, EveryMenuRowHasItsDiagram) {
@@ -281,10 +270,10 @@ TEST_F(Catalogue, EveryMenuRowHasItsDiagram) {
     for (const menu::Row& row : menu::graph_rows()) {
         if (row.action != "Diagram2D") continue;
         ++rows;
-        const Module9::CatalogueRow* found = Module9::find_row(row.code);
+        const diagrams::Diagram* found = diagrams::find_diagram(row.code);
         ASSERT_NE(found, nullptr) << row.caption;
-        EXPECT_FALSE(found->title.empty()) << row.caption;
-        EXPECT_EQ(row.sectionKind == Module9::kDatabase, found->xLimits.low == nullptr);
+        EXPECT_TRUE(found->opens()) << row.caption;
+        EXPECT_EQ(found->section == diagrams::Section::database, found->xLimits.low == nullptr);
     }
     EXPECT_EQ(rows, 6 + 11 + 5 + 5 + 4 + 4 + 6 + 14 + 7 + 4);
 }
@@ -299,19 +288,16 @@ TEST_F(Catalogue, ResidualMenuLeadsCrosswise) {
 
 TEST_F(Catalogue, ProjectionsNeedACubicEquation) {
     activate_vapour_only("Propane");
-    diagrams::DiagramRequest request;
-    request.sectionKind = Module9::kProjection;
-    const auto answer = [&](std::int16_t code) {
-        request.DiagramType = code;
-        return Module9::AnswerOf(request);
+    const auto answer = [&](int code) {
+        return diagrams::opening_answer(diagrams::diagram_of(code), fluid());
     };
     const std::string refusal =
         "Phase equlilibria calculations are possible by using a cubic EOS only";
-    for (const std::int16_t code : std::initializer_list<std::int16_t>{6, 7, 8, 27, 90, 94}) {
+    for (const int code : {6, 7, 8, 27, 90, 94}) {
         EXPECT_FALSE(answer(code).opens) << code;
         EXPECT_EQ(answer(code).text, refusal) << code;
     }
-    for (const std::int16_t code : std::initializer_list<std::int16_t>{9, 10, 11, 13}) {
+    for (const int code : {9, 10, 11, 13}) {
         EXPECT_TRUE(answer(code).opens) << code;
         EXPECT_TRUE(answer(code).text.starts_with(refusal + "\nCurve according to the actual "))
             << code;
@@ -324,13 +310,35 @@ TEST_F(Catalogue, ProjectionsNeedACubicEquation) {
 
 TEST_F(Catalogue, HeatCapacityNeedsAnIdealGasForm) {
     activate("Propane");
-    diagrams::DiagramRequest request;
-    request.DiagramType = 19;
-    request.sectionKind = Module9::kIsobaric;
-    EXPECT_TRUE(Module9::AnswerOf(request).opens);
-    legacy::the_models.CpModel = codes::cp(0);
-    EXPECT_FALSE(Module9::AnswerOf(request).opens);
-    EXPECT_EQ(Module9::AnswerOf(request).text, "No cp(idGas) parameters available");
+    const diagrams::Diagram& heatCapacity = diagrams::diagram_of(19);
+    EXPECT_TRUE(diagrams::opening_answer(heatCapacity, fluid()).opens);
+    selection.CpModel = codes::cp(0);
+    EXPECT_FALSE(diagrams::opening_answer(heatCapacity, fluid()).opens);
+    EXPECT_EQ(diagrams::opening_answer(heatCapacity, fluid()).text,
+              "No cp(idGas) parameters available");
+}
+
+TEST_F(Catalogue, ANumberOfNoDiagramIsRefused) {
+    EXPECT_EQ(diagrams::find_diagram(14), nullptr);
+    EXPECT_EQ(diagrams::find_diagram(0), nullptr);
+    EXPECT_EQ(diagrams::find_diagram(1000), nullptr);
+    EXPECT_THROW((void)diagrams::diagram_of(14), std::out_of_range);
+}
+
+TEST_F(Catalogue, EveryCodeThatARowNamesHasARow) {
+    int named = 0;
+    for (const diagrams::Diagram& row : diagrams::all_diagrams()) {
+        EXPECT_NE(row.compute, nullptr) << row.code;
+        for (const int code : {row.dome, row.inversion, row.bisection, row.base}) {
+            if (code == 0) continue;
+            ++named;
+            EXPECT_NE(diagrams::find_diagram(code), nullptr) << row.code << " names " << code;
+        }
+        const diagrams::Diagram& home = diagrams::home_of(row);
+        const bool isProcess = row.section == diagrams::Section::process;
+        EXPECT_NE(home.opens(), isProcess) << row.code;
+    }
+    EXPECT_GT(named, 50);
 }
 
 }  // namespace

@@ -1,20 +1,16 @@
 #include "diagrams/active_fluid.h"
-#include "diagrams/catalogue.h"
-#include "diagrams/drawn.h"
+#include "diagrams/diagram.h"
 #include "support/codes.h"
 
 using namespace quor;
 
 namespace {
 
-using legacy::the_session;
-using legacy::the_substance;
-
 /// Curves of the database functions against the equations as they are published.
 class DatabaseCurves : public ActiveFluid {
   protected:
-    static double c(const auto& set, std::size_t i) { return static_cast<double>(set[i]); }
-    static double M() { return static_cast<double>(the_substance.M); }
+    double c(const auto& set, std::size_t i) { return static_cast<double>(set[i]); }
+    double M() { return static_cast<double>(substance.M); }
 };
 
 TEST_F(DatabaseCurves, DensityOfTheLiquidIsItsPolynomial) {
@@ -22,28 +18,28 @@ TEST_F(DatabaseCurves, DensityOfTheLiquidIsItsPolynomial) {
     const Drawn curve = Draw(300, {});
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_EQ(curve.mark(), 0);
-    EXPECT_EQ(curve.request.sectionKind, 7);
-    EXPECT_EQ(curve.request.axisPair, "yT");
-    EXPECT_EQ(curve.request.validityLow, 86);
-    EXPECT_EQ(curve.request.validityHigh, 369);
-    const auto& a = the_substance.rhoLPar;
+    EXPECT_EQ(curve.request.section(), diagrams::Section::database);
+    EXPECT_EQ(curve.request.diagram->axisPair, "yT");
+    EXPECT_EQ(curve.request.validity.low, 86);
+    EXPECT_EQ(curve.request.validity.high, 369);
+    const auto& a = substance.rhoLPar;
     for (const auto& point : curve.points()) {
         const double T = point.x;
         double rho = c(a, 0) + c(a, 1) * T + c(a, 2) * T * T + c(a, 3) * T * T * T;
-        const double Tc = static_cast<double>(the_substance.rhoLTc);
+        const double Tc = static_cast<double>(substance.rhoLTc);
         if (T < Tc) rho += c(a, 6) * std::cbrt(1 - T / Tc);
         EXPECT_NEAR(point.y / rho, 1, 1e-4) << T;
     }
     const Drawn volume = Draw(301, {});
-    for (std::size_t i = 1; i < volume.all.size(); ++i)
-        EXPECT_NEAR(volume.all[i].y * curve.all[i].y / M(), 1, 1e-5);
+    for (std::size_t i = 1; i <= volume.count(); ++i)
+        EXPECT_NEAR(volume.nth(i).y * curve.nth(i).y / M(), 1, 1e-5);
 }
 
 TEST_F(DatabaseCurves, RackettsFormIsSpencersAndDanners) {
     activate("Styrene", kVanDerWaals);
-    const auto& a = the_substance.rhoLPar;
+    const auto& a = substance.rhoLPar;
     for (const auto& point : Draw(300, {}).points()) {
-        const double Tr = point.x / static_cast<double>(the_substance.rhoLTc);
+        const double Tr = point.x / static_cast<double>(substance.rhoLTc);
         if (Tr > 0.999) continue;
         const double rho = c(a, 1) / std::pow(c(a, 2), 1 + std::pow(1 - Tr, c(a, 3)));
         EXPECT_NEAR(point.y / rho, 1, 1e-4);
@@ -52,7 +48,7 @@ TEST_F(DatabaseCurves, RackettsFormIsSpencersAndDanners) {
 
 TEST_F(DatabaseCurves, HeatCapacitiesAreTheirPolynomials) {
     activate("Carbon dioxide");
-    const auto check = [](std::int16_t code, const models::CpSet& set, double factor) {
+    const auto check = [&](int code, const models::CpSet& set, double factor) {
         for (const auto& point : Draw(code, {}).points()) {
             const double T = point.x;
             const double cp =
@@ -62,15 +58,15 @@ TEST_F(DatabaseCurves, HeatCapacitiesAreTheirPolynomials) {
                 << code << " " << T;
         }
     };
-    check(302, the_substance.cpPoly, 1);
+    check(302, substance.cpPoly, 1);
     set_units(3, 1);
-    check(302, the_substance.cpPoly, 1 / M());
+    check(302, substance.cpPoly, 1 / M());
 }
 
 TEST_F(DatabaseCurves, SinhCoshHeatCapacityIsAlysAndLees) {
     activate("Carbon dioxide");
-    legacy::the_models.CpModel = codes::cp(2);
-    const auto& set = the_substance.cpSinh.c;
+    selection.CpModel = codes::cp(2);
+    const auto& set = substance.cpSinh.c;
     const Drawn curve = Draw(302, {});
     EXPECT_GT(curve.count(), 290U);
     for (const auto& point : curve.points()) {
@@ -83,9 +79,9 @@ TEST_F(DatabaseCurves, SinhCoshHeatCapacityIsAlysAndLees) {
 
 TEST_F(DatabaseCurves, EnthalpyOfVaporisationIsItsEquation) {
     activate("Propane");
-    const auto& a = the_substance.hLVPar;
+    const auto& a = substance.hLVPar;
     for (const auto& point : Draw(305, {}).points()) {
-        const double Tr = point.x / static_cast<double>(the_substance.hLVTc);
+        const double Tr = point.x / static_cast<double>(substance.hLVTc);
         if (Tr > 0.9999) continue;
         const double exponent = c(a, 2) + c(a, 3) * Tr + c(a, 4) * Tr * Tr + c(a, 5) * Tr * Tr * Tr;
         const double h = c(a, 0) * std::exp(-c(a, 1) * Tr) * std::pow(1 - Tr, exponent);
@@ -96,8 +92,8 @@ TEST_F(DatabaseCurves, EnthalpyOfVaporisationIsItsEquation) {
 TEST_F(DatabaseCurves, VapourPressuresAreTheirEquations) {
     activate("Propane");
     const double ln10 = std::log(10.0);
-    const auto pressure = [&](std::int16_t code, double T) {
-        const models::SubstanceRecord& s = the_substance;
+    const auto pressure = [&](int code, double T) {
+        const models::SubstanceRecord& s = substance;
         if (code == 307) {
             const double t = 1 - T / c(s.WAG.a, 8);
             const double X = c(s.WAG.a, 0) * t + c(s.WAG.a, 1) * std::pow(t, 1.5) +
@@ -111,15 +107,15 @@ TEST_F(DatabaseCurves, VapourPressuresAreTheirEquations) {
                         (static_cast<double>(a.A) -
                          static_cast<double>(a.B) / (T + static_cast<double>(a.C) - 273.15)));
     };
-    for (const std::int16_t code : std::initializer_list<std::int16_t>{307, 308, 309}) {
+    for (const int code : {307, 308, 309}) {
         const Drawn curve = Draw(code, {});
-        EXPECT_EQ(curve.request.axisPair, "pT");
+        EXPECT_EQ(curve.request.diagram->axisPair, "pT");
         EXPECT_GT(curve.count(), 250U);
         for (const auto& point : curve.points())
             EXPECT_NEAR(point.y / pressure(code, point.x), 1, 2e-4) << code << " " << point.x;
     }
     // Frost and Kalkwarf is implicit: the point satisfies it.
-    const auto& f = the_substance.FRO.a;
+    const auto& f = substance.FRO.a;
     for (const auto& point : Draw(306, {}).points()) {
         const double T = point.x, p = point.y;
         const double rest = c(f, 0) + c(f, 1) / (T + c(f, 2) - 273.15) + c(f, 3) * std::log10(T) +
@@ -142,9 +138,9 @@ TEST_F(DatabaseCurves, ReducedModeDividesTAndP) {
 TEST_F(DatabaseCurves, TheSolidDensityTellsItsValidity) {
     activate("Carbon dioxide");
     const Drawn curve = Draw(310, {});
-    EXPECT_EQ(curve.request.validityLow, 144);
-    EXPECT_EQ(curve.request.validityHigh, 216);
-    const auto& a = the_substance.rhoSPar;
+    EXPECT_EQ(curve.request.validity.low, 144);
+    EXPECT_EQ(curve.request.validity.high, 216);
+    const auto& a = substance.rhoSPar;
     for (const auto& point : curve.points()) {
         const double T = point.x;
         EXPECT_NEAR(point.y / (c(a, 0) + T * (c(a, 1) + T * (c(a, 2) + T * c(a, 3)))), 1, 1e-5);

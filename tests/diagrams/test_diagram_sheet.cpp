@@ -1,6 +1,6 @@
 #include "diagrams/diagram_sheet.h"
 
-#include "diagrams/curve.h"
+#include "diagrams/sheet_marks.h"
 #include "diagrams/sheet_readout.h"
 #include "diagrams/sheet_support.h"
 
@@ -8,35 +8,36 @@ using namespace quor;
 
 namespace {
 
-using Module9::store_curve;
-
 class DiagramSheet : public Sheet {
   protected:
+    std::string note(int code) const {
+        return diagrams::reference_note(diagrams::diagram_of(code), reference);
+    }
     DiagramSheet() {
         open(1);
-        sheet.request.xMax = 1e9F;
+        sheet.request.window.xMax = 1e9F;
     }
 };
 
 TEST_F(DiagramSheet, OpensWithTheWindowAndTheTextsOfTheRequest) {
     open(1);
-    EXPECT_EQ(sheet.CurveCount, 0);
+    EXPECT_EQ(diagrams::curve_count(sheet), 0);
     EXPECT_EQ(sheet.chart.header.text, "Isothermal section p - v");
     EXPECT_EQ(sheet.chart.x.title, "v / (m^3/kmol)");
     EXPECT_EQ(sheet.chart.y.title, "p / kPa");
-    EXPECT_DOUBLE_EQ(sheet.chart.x.max, static_cast<double>(legacy::the_coordinates.vMax));
-    EXPECT_DOUBLE_EQ(sheet.chart.y.max, static_cast<double>(legacy::the_coordinates.pMax));
+    EXPECT_DOUBLE_EQ(sheet.chart.x.max, static_cast<double>(limits.vMax));
+    EXPECT_DOUBLE_EQ(sheet.chart.y.max, static_cast<double>(limits.pMax));
     EXPECT_FALSE(sheet.chart.x.automatic);
 }
 
 TEST_F(DiagramSheet, BreaksALongTitleAtBlanks) {
-    EXPECT_EQ(Module9::wrap_title("short", 50), "short");
-    EXPECT_EQ(Module9::wrap_title("two words", 5), "two\nwords");
-    EXPECT_EQ(Module9::wrap_title("alongword", 5), "alongword");
+    EXPECT_EQ(diagrams::wrap_title("short", 50), "short");
+    EXPECT_EQ(diagrams::wrap_title("two words", 5), "two\nwords");
+    EXPECT_EQ(diagrams::wrap_title("alongword", 5), "alongword");
     std::string longTitle;
     for (int i = 0; i < 30; ++i) longTitle += "word ";
     longTitle += "end";
-    const std::string wrapped = Module9::wrap_title(longTitle, 50);
+    const std::string wrapped = diagrams::wrap_title(longTitle, 50);
     EXPECT_NE(wrapped.find('\n'), std::string::npos);
     std::string joined = wrapped;
     for (char& c : joined)
@@ -45,171 +46,193 @@ TEST_F(DiagramSheet, BreaksALongTitleAtBlanks) {
 }
 
 TEST_F(DiagramSheet, SaysOnWhichReferenceStateCaloricValuesRest) {
-    EXPECT_EQ(Module9::reference_note(1), "");
-    EXPECT_EQ(Module9::reference_note(19), "");
-    legacy::the_reference.T0 = 273.15F;
-    legacy::the_reference.p0 = 0;  // not yet set
-    EXPECT_EQ(Module9::reference_note(15), "reference state: 273.15 K, 101.325 kPa");
-    legacy::the_reference.RefMode = 2;
-    EXPECT_EQ(Module9::reference_note(16), "conventional reference state");
-    legacy::the_reference.RefMode = 10;
-    legacy::the_reference.Tenv = 290;
-    EXPECT_EQ(Module9::reference_note(21),
+    EXPECT_EQ(note(1), "");
+    EXPECT_EQ(note(19), "");
+    reference.T0 = 273.15F;
+    reference.p0 = 0;  // not yet set
+    EXPECT_EQ(note(15), "reference state: 273.15 K, 101.325 kPa");
+    reference.RefMode = 2;
+    EXPECT_EQ(note(16), "conventional reference state");
+    reference.RefMode = 10;
+    reference.Tenv = 290;
+    EXPECT_EQ(note(21),
               "reference state: quantities of formation; surroundings: 290 K, 101.325 kPa");
-    EXPECT_EQ(Module9::reference_note(18), "surroundings: 290 K, 101.325 kPa");
+    EXPECT_EQ(note(18), "surroundings: 290 K, 101.325 kPa");
     open(15);
     EXPECT_NE(sheet.chart.footer.text.find("\nreference state: "), std::string::npos);
 }
 
-TEST_F(DiagramSheet, RefusesTheTwentyFifthCurve) {
-    for (int i = 0; i < 24; ++i) EXPECT_EQ(store_curve(sheet, line(3)), i);
-    const chart::Chart2D before = sheet.chart;
-    EXPECT_EQ(store_curve(sheet, line(5)), -1);
-    EXPECT_EQ(user.lastText(), "Maximum 24 curves possible\nDelete existing curves");
-    EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(sheet.CurveCount, 24);
-    EXPECT_TRUE(sheet.chart == before);
+TEST_F(DiagramSheet, TheTwentyFifthCurveHasItsPlaceBeforeTheMarkers) {
+    ASSERT_TRUE(diagrams::mark_volume(sheet, pen()));
+    for (int i = 0; i < 24; ++i) EXPECT_EQ(store(points_on_line(3)), i);
+    const chart::Series marker = sheet.chart.curves.back();
+    ASSERT_TRUE(marker.isReference);
+    EXPECT_EQ(store(points_on_line(5)), 24);
+    EXPECT_TRUE(user.messages.empty());
+    EXPECT_EQ(diagrams::curve_count(sheet), 25);
+    EXPECT_EQ(curve(24).x.size(), 5U);
+    EXPECT_TRUE(sheet.chart.curves.back() == marker);
+    diagrams::delete_reference_lines(sheet);
+    EXPECT_EQ(sheet.chart.curves.size(), 25U);
+    EXPECT_EQ(diagrams::curve_count(sheet), 25);
+}
+
+TEST_F(DiagramSheet, LabelsOfManyCurvesAreNoTexts) {
+    for (int place : {0, 23, 89, 90, 91, 5000}) {
+        chart::Label label;
+        label.index = diagrams::label_index_of_curve(place);
+        EXPECT_EQ(diagrams::kind_of(label), diagrams::LabelKind::curve) << place;
+        EXPECT_EQ(diagrams::curve_place_of(label), place);
+    }
+    for (int i = 0; i < 95; ++i) store(points_on_line(3));
+    diagrams::add_text(sheet, "note");
+    EXPECT_EQ(diagrams::kind_of(sheet.chart.labels.back()), diagrams::LabelKind::text);
+    diagrams::delete_texts(sheet);
+    EXPECT_FALSE(diagrams::has_texts(sheet));
 }
 
 TEST_F(DiagramSheet, GivesADeletedSlotToTheNextCurve) {
-    for (int i = 0; i < 5; ++i) store_curve(sheet, line(3));
-    Module9::delete_curve(sheet, 3);
-    EXPECT_EQ(sheet.CurveCount, 4);
-    EXPECT_TRUE(sheet.CurveFree[2]);
-    EXPECT_EQ(store_curve(sheet, line(7)), 2);
+    for (int i = 0; i < 5; ++i) store(points_on_line(3));
+    diagrams::delete_curve(sheet, 3);
+    EXPECT_EQ(diagrams::curve_count(sheet), 4);
+    EXPECT_TRUE(is_free(2));
+    EXPECT_EQ(store(points_on_line(7)), 2);
     EXPECT_EQ(curve(2).x.size(), 7U);
-    EXPECT_EQ(store_curve(sheet, line(3)), 5);
+    EXPECT_EQ(store(points_on_line(3)), 5);
 }
 
 TEST_F(DiagramSheet, KeepsTheStyleOfASlot) {
-    store_curve(sheet, line(3));
+    store(points_on_line(3));
     sheet.chart.curves[0].line.width = 4;
-    Module9::delete_curve(sheet, 1);
-    store_curve(sheet, line(3));
+    diagrams::delete_curve(sheet, 1);
+    store(points_on_line(3));
     EXPECT_EQ(curve(0).line.width, 4);
 }
 
 TEST_F(DiagramSheet, CountsOffThePointsBeyondTheWindow) {
-    sheet.request.xMax = 6.5F;
-    store_curve(sheet, line(10, 300, diagrams::kMarkT));
+    sheet.request.window.xMax = 6.5F;
+    store(points_on_line(10, 300, diagrams::Parameter::T));
     // The line still reaches the edge of the window.
     EXPECT_EQ(curve(0).x, (std::vector<float>{1, 2, 3, 4, 5, 6, 6.5F}));
     EXPECT_EQ(curve(0).y.back(), 13);
-    EXPECT_EQ(sheet.CurveParameters[0][7], 300);
-    EXPECT_EQ(sheet.CurveParameters[0][8], 0);
+    EXPECT_EQ(parameter(0, 7), 300);
+    EXPECT_EQ(parameter(0, 8), 0);
     // A curve that lies outside altogether stays whole, so that a larger window shows it.
-    sheet.request.xMax = 0.5F;
-    store_curve(sheet, line(10));
+    sheet.request.window.xMax = 0.5F;
+    store(points_on_line(10));
     EXPECT_EQ(curve(1).x.size(), 10U);
 }
 
 TEST_F(DiagramSheet, KeepsTheParameterOfTwelveHundredPoints) {
-    store_curve(sheet, line(1500, 300, diagrams::kMarkT));
+    store(points_on_line(1500, 300, diagrams::Parameter::T));
     EXPECT_EQ(curve(0).x.size(), 1500U);
-    EXPECT_EQ(sheet.CurveParameters[0][1], 300);
-    EXPECT_EQ(sheet.CurveParameters[0][1200], 300);
-    EXPECT_EQ(Module9::readout(sheet, {chart::Group::Curves, 0, 1199, 0}),
+    EXPECT_EQ(parameter(0, 1), 300);
+    EXPECT_EQ(parameter(0, 1200), 300);
+    EXPECT_EQ(diagrams::readout(sheet, {chart::Group::Curves, 0, 1199, 0}),
               " X= 1200 Y= 2400  T/K = 300");
-    EXPECT_EQ(Module9::readout(sheet, {chart::Group::Curves, 0, 1200, 0}), " X= 1201 Y= 2402");
+    EXPECT_EQ(diagrams::readout(sheet, {chart::Group::Curves, 0, 1200, 0}), " X= 1201 Y= 2402");
 }
 
 TEST_F(DiagramSheet, ReadsOutTheParameterByItsMark) {
-    store_curve(sheet, line(2, 101.5F, diagrams::kMarkP));
-    store_curve(sheet, line(2, 0.25F, diagrams::kMarkV));
-    store_curve(sheet, line(2, 5, diagrams::kMarkNone));
-    EXPECT_EQ(Module9::readout(sheet, {chart::Group::Curves, 0, 0, 0}), " X= 1 Y= 2 p/kPa= 101.5");
-    EXPECT_EQ(Module9::readout(sheet, {chart::Group::Curves, 1, 1, 0}), " X= 2 Y= 4  v = 0.25");
-    EXPECT_EQ(Module9::readout(sheet, {chart::Group::Curves, 2, 1, 0}), " X= 2 Y= 4");
-    Module9::store_point_set(sheet, {3}, {4}, "set");
-    EXPECT_EQ(Module9::readout(sheet, {chart::Group::Points, 0, 0, 0}), "X = 3  Y = 4");
-    EXPECT_EQ(Module9::readout(sheet, {chart::Group::Points, 3, 0, 0}), "");
+    store(points_on_line(2, 101.5F, diagrams::Parameter::p));
+    store(points_on_line(2, 0.25F, diagrams::Parameter::v));
+    store(points_on_line(2, 5, diagrams::Parameter::none));
+    EXPECT_EQ(diagrams::readout(sheet, {chart::Group::Curves, 0, 0, 0}), " X= 1 Y= 2 p/kPa= 101.5");
+    EXPECT_EQ(diagrams::readout(sheet, {chart::Group::Curves, 1, 1, 0}), " X= 2 Y= 4  v = 0.25");
+    EXPECT_EQ(diagrams::readout(sheet, {chart::Group::Curves, 2, 1, 0}), " X= 2 Y= 4");
+    diagrams::store_point_set(sheet, {3}, {4}, "set");
+    EXPECT_EQ(diagrams::readout(sheet, {chart::Group::Points, 0, 0, 0}), "X = 3  Y = 4");
+    EXPECT_EQ(diagrams::readout(sheet, {chart::Group::Points, 3, 0, 0}), "");
 }
 
-TEST_F(DiagramSheet, RefusesTheThirteenthSetOfPoints) {
-    for (int i = 0; i < 12; ++i) EXPECT_EQ(Module9::store_point_set(sheet, {1}, {1}, "s"), i);
-    EXPECT_EQ(Module9::store_point_set(sheet, {1}, {1}, "s"), -1);
-    EXPECT_EQ(user.lastText(),
-              "Maximum 12 sets of experimental points possible\n"
-              "Delete the experimental points if exist");
-    EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_EQ(sheet.PointSetCount, 12);
+TEST_F(DiagramSheet, TheThirteenthSetOfPointsHasItsPlaceBeforeTheCriticalPoint) {
+    ASSERT_TRUE(diagrams::mark_critical_point(sheet, pen(), true));
+    const chart::Series point = sheet.chart.points.at(12);
+    for (int i = 0; i < 13; ++i) EXPECT_EQ(diagrams::store_point_set(sheet, {1}, {1}, "s"), i);
+    EXPECT_TRUE(user.messages.empty());
+    EXPECT_EQ(diagrams::point_set_count(sheet), 13);
+    EXPECT_TRUE(sheet.chart.points.at(13) == point);
+    EXPECT_EQ(sheet.chart.labels.at(0).series, 13) << "its label stays on it";
+    diagrams::delete_critical_point(sheet, true);
+    EXPECT_EQ(diagrams::point_set_count(sheet), 13);
+    EXPECT_TRUE(sheet.chart.points.at(13).x.empty());
 }
 
 TEST_F(DiagramSheet, TakesBackTheLastAddedCurve) {
-    store_curve(sheet, line(3));
-    store_curve(sheet, line(4, 300, diagrams::kMarkT));
-    ASSERT_TRUE(Module9::Undo(sheet));
-    EXPECT_EQ(sheet.CurveCount, 1);
-    EXPECT_TRUE(sheet.CurveFree[1]);
-    EXPECT_TRUE(curve(1).x.empty());
-    ASSERT_TRUE(Module9::Undo(sheet));
-    EXPECT_EQ(sheet.CurveCount, 0);
-    EXPECT_FALSE(Module9::Undo(sheet));
+    store(points_on_line(3));
+    store(points_on_line(4, 300, diagrams::Parameter::T));
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_EQ(diagrams::curve_count(sheet), 1);
+    EXPECT_TRUE(is_free(1));
+    EXPECT_EQ(sheet.chart.curves.size(), 1U);
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_EQ(diagrams::curve_count(sheet), 0);
+    EXPECT_FALSE(diagrams::undo(sheet));
 }
 
 TEST_F(DiagramSheet, BringsBackDeletedCurvesWithAllTheirProperties) {
-    for (int i = 0; i < 3; ++i) store_curve(sheet, line(3 + i, 300, diagrams::kMarkT));
-    Module9::name_curve(sheet, 1, "middle", "m");
+    for (int i = 0; i < 3; ++i) store(points_on_line(3 + i, 300, diagrams::Parameter::T));
+    diagrams::name_curve(sheet, 1, {"middle", "m"});
     sheet.chart.curves[1].line.width = 3;
     const chart::Series kept = curve(1);
-    Module9::delete_curve(sheet, 0);
-    EXPECT_EQ(sheet.CurveCount, 0);
-    ASSERT_TRUE(Module9::Undo(sheet));
-    EXPECT_EQ(sheet.CurveCount, 3);
+    diagrams::delete_curve(sheet, 0);
+    EXPECT_EQ(diagrams::curve_count(sheet), 0);
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_EQ(diagrams::curve_count(sheet), 3);
     EXPECT_TRUE(curve(1) == kept);
-    EXPECT_EQ(sheet.CurveLabels[1].text, "m");
-    EXPECT_EQ(sheet.CurveParameters[1][4], 300);
-    EXPECT_EQ(sheet.CurveMarks[1], diagrams::kMarkT);
+    EXPECT_EQ(label_of(1).text, "m");
+    EXPECT_EQ(parameter(1, 4), 300);
+    EXPECT_EQ(sheet_curve(1).parameter, diagrams::Parameter::T);
 }
 
 TEST_F(DiagramSheet, BringsBackADeletedSetOfPoints) {
-    Module9::store_point_set(sheet, {1, 2}, {3, 4}, "data");
-    Module9::delete_point_set(sheet, 1);
-    EXPECT_EQ(sheet.PointSetCount, 0);
-    ASSERT_TRUE(Module9::Undo(sheet));
-    EXPECT_EQ(sheet.PointSetCount, 1);
+    diagrams::store_point_set(sheet, {1, 2}, {3, 4}, "data");
+    diagrams::delete_point_set(sheet, 1);
+    EXPECT_EQ(diagrams::point_set_count(sheet), 0);
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_EQ(diagrams::point_set_count(sheet), 1);
     EXPECT_EQ(sheet.chart.points[0].legend, "data");
     EXPECT_EQ(sheet.chart.points[0].y, (std::vector<float>{3, 4}));
 }
 
 TEST_F(DiagramSheet, UndoesAfterASwapIntoTheSwappedAxes) {
-    store_curve(sheet, line(3));
-    Module9::delete_curve(sheet, 1);
-    Module9::change_xy(sheet);
-    Module9::Undo(sheet);
+    store(points_on_line(3));
+    diagrams::delete_curve(sheet, 1);
+    diagrams::change_xy(sheet);
+    diagrams::undo(sheet);
     EXPECT_EQ(curve(0).x, (std::vector<float>{2, 4, 6}));
     EXPECT_EQ(curve(0).y, (std::vector<float>{1, 2, 3}));
 }
 
 TEST_F(DiagramSheet, DeletesEverything) {
-    store_curve(sheet, line(3));
-    Module9::store_point_set(sheet, {1}, {1}, "s");
-    Module9::add_text(sheet, "note");
+    store(points_on_line(3));
+    diagrams::store_point_set(sheet, {1}, {1}, "s");
+    diagrams::add_text(sheet, "note");
     sheet.chart.legend.shown = true;
-    EXPECT_TRUE(Module9::has_anything(sheet));
-    Module9::delete_total(sheet);
-    EXPECT_FALSE(Module9::has_anything(sheet));
+    EXPECT_TRUE(diagrams::has_anything(sheet));
+    diagrams::delete_total(sheet);
+    EXPECT_FALSE(diagrams::has_anything(sheet));
     EXPECT_FALSE(sheet.chart.legend.shown);
-    EXPECT_EQ(sheet.CurveCount, 0);
-    EXPECT_EQ(sheet.PointSetCount, 0);
+    EXPECT_EQ(diagrams::curve_count(sheet), 0);
+    EXPECT_EQ(diagrams::point_set_count(sheet), 0);
 }
 
 TEST_F(DiagramSheet, DeletesASinglePointOnlyWhereSinglePointsAreShown) {
-    store_curve(sheet, line(3, 300, diagrams::kMarkT));
-    EXPECT_FALSE(Module9::delete_single_point(sheet, 0, 1));
+    store(points_on_line(3, 300, diagrams::Parameter::T));
+    EXPECT_FALSE(diagrams::delete_single_point(sheet, 0, 1));
     EXPECT_TRUE(user.messages.empty());
     sheet.chart.curves[0].line.pattern = chart::LinePattern::None;
     user.answers = {dialogs::Answer::No};
-    EXPECT_FALSE(Module9::delete_single_point(sheet, 0, 1));
+    EXPECT_FALSE(diagrams::delete_single_point(sheet, 0, 1));
     EXPECT_EQ(user.lastText(), "point x =2,  y =4 Really delete?");
     EXPECT_EQ(user.lastTitle(), "Delete a Curve Point");
     EXPECT_EQ(curve(0).x.size(), 3U);
     user.answers = {dialogs::Answer::Yes};
-    EXPECT_TRUE(Module9::delete_single_point(sheet, 0, 1));
+    EXPECT_TRUE(diagrams::delete_single_point(sheet, 0, 1));
     EXPECT_EQ(curve(0).x, (std::vector<float>{1, 3}));
-    EXPECT_EQ(sheet.CurveParameters[0][2], 300);
-    EXPECT_EQ(sheet.CurveParameters[0][3], 0);
-    ASSERT_TRUE(Module9::Undo(sheet));
+    EXPECT_EQ(parameter(0, 2), 300);
+    EXPECT_EQ(parameter(0, 3), 0);
+    ASSERT_TRUE(diagrams::undo(sheet));
     EXPECT_EQ(curve(0).x.size(), 3U);
 }
 
@@ -218,55 +241,55 @@ TEST_F(DiagramSheet, RefusesCrossedCoordinates) {
     for (const chart::Window& bad :
          {chart::Window{{2, 1}, {0, 1}}, chart::Window{{0, 1}, {5, 5}},
           chart::Window{{0, std::nan("")}, {0, 1}}, chart::Window{{0, 1}, {0, 1e300}}}) {
-        EXPECT_FALSE(Module9::set_coordinates(sheet, bad));
+        EXPECT_FALSE(diagrams::set_coordinates(sheet, bad));
         EXPECT_EQ(user.lastText(), "Lower limit has to smaller than upper limit.");
         EXPECT_EQ(user.lastTitle(), "INPUT ERROR");
-        EXPECT_EQ(sheet.request.xMin, before.xMin);
-        EXPECT_EQ(sheet.request.yMax, before.yMax);
+        EXPECT_EQ(sheet.request.window.xMin, before.window.xMin);
+        EXPECT_EQ(sheet.request.window.yMax, before.window.yMax);
     }
-    EXPECT_TRUE(Module9::set_coordinates(sheet, {{1, 2}, {3, 4}}));
-    EXPECT_EQ(sheet.request.xMax, 2);
+    EXPECT_TRUE(diagrams::set_coordinates(sheet, {{1, 2}, {3, 4}}));
+    EXPECT_EQ(sheet.request.window.xMax, 2);
     EXPECT_EQ(sheet.chart.y.min, 3);
 }
 
 TEST_F(DiagramSheet, FitsItsCoordinatesToTheData) {
-    EXPECT_FALSE(Module9::Fit(sheet));
-    store_curve(sheet, line(10));
-    ASSERT_TRUE(Module9::Fit(sheet));
-    EXPECT_LE(sheet.request.xMin, 1);
-    EXPECT_GE(sheet.request.xMax, 10);
-    EXPECT_LT(sheet.request.xMax, 20);
-    EXPECT_GE(sheet.request.yMax, 20);
-    Module9::default_coordinates(sheet);
-    EXPECT_EQ(sheet.request.yMax, sheet.request.yMaxDefault);
+    EXPECT_FALSE(diagrams::fit_window(sheet));
+    store(points_on_line(10));
+    ASSERT_TRUE(diagrams::fit_window(sheet));
+    EXPECT_LE(sheet.request.window.xMin, 1);
+    EXPECT_GE(sheet.request.window.xMax, 10);
+    EXPECT_LT(sheet.request.window.xMax, 20);
+    EXPECT_GE(sheet.request.window.yMax, 20);
+    diagrams::default_coordinates(sheet);
+    EXPECT_EQ(sheet.request.window.yMax, sheet.request.proposed.yMax);
 }
 
 TEST_F(DiagramSheet, SwapsDataWindowAndTextsAndBack) {
-    store_curve(sheet, line(3));
+    store(points_on_line(3));
     const chart::Chart2D chartBefore = sheet.chart;
     const diagrams::DiagramRequest before = sheet.request;
-    Module9::change_xy(sheet);
-    EXPECT_TRUE(sheet.SwappedAxes);
+    diagrams::change_xy(sheet);
+    EXPECT_TRUE(sheet.swappedAxes);
     EXPECT_EQ(curve(0).x, (std::vector<float>{2, 4, 6}));
-    EXPECT_EQ(sheet.request.xMin, before.yMin);
-    EXPECT_EQ(sheet.request.xMaxDefault, before.yMaxDefault);
+    EXPECT_EQ(sheet.request.window.xMin, before.window.yMin);
+    EXPECT_EQ(sheet.request.proposed.xMax, before.proposed.yMax);
     EXPECT_EQ(sheet.chart.x.title, "p / kPa");
-    EXPECT_EQ(sheet.request.yLabel, before.xLabel);
-    Module9::change_xy(sheet);
-    EXPECT_FALSE(sheet.SwappedAxes);
+    EXPECT_EQ(sheet.request.texts.y, before.texts.x);
+    diagrams::change_xy(sheet);
+    EXPECT_FALSE(sheet.swappedAxes);
     EXPECT_TRUE(sheet.chart == chartBefore);
 }
 
 TEST_F(DiagramSheet, TakesSpacingsAndDigitsOnlyByTheValues) {
-    Module9::set_scaling(sheet, 1, {5, 6, 7, 8, 2, 3});
+    diagrams::set_scaling(sheet, 1, {5, 6, 7, 8, 2, 3});
     EXPECT_TRUE(sheet.manualScaling);
     EXPECT_EQ(sheet.chart.x.tickSpacing, 5);
     EXPECT_EQ(sheet.chart.y.gridSpacing, 8);
     EXPECT_EQ(sheet.chart.y.decimals, 3);
-    Module9::set_scaling(sheet, 0, {5, 6, 7, 8, 2, 3});
+    diagrams::set_scaling(sheet, 0, {5, 6, 7, 8, 2, 3});
     EXPECT_EQ(sheet.chart.x.tickSpacing, 0);
     EXPECT_EQ(sheet.chart.x.decimals, -1);
-    Module9::set_scaling(sheet, 1, {-5, std::nan(""), 7, 8, -3, 99});
+    diagrams::set_scaling(sheet, 1, {-5, std::nan(""), 7, 8, -3, 99});
     EXPECT_EQ(sheet.chart.x.tickSpacing, 0);
     EXPECT_EQ(sheet.chart.y.tickSpacing, 0);
     EXPECT_EQ(sheet.chart.x.decimals, -1);
@@ -278,36 +301,151 @@ TEST_F(DiagramSheet, PlacesLabelsBesideTheirCurves) {
         return chart::TextSize{static_cast<double>(text.size() * 6),
                                static_cast<double>(font.size)};
     };
-    Module9::set_coordinates(sheet, {{0, 12}, {0, 24}});
-    store_curve(sheet, line(10));
-    Module9::name_curve(sheet, 0, "legend", "300 K");
-    Module9::place_labels(sheet, 800, 600, measure);
+    diagrams::set_coordinates(sheet, {{0, 12}, {0, 24}});
+    store(points_on_line(10));
+    diagrams::name_curve(sheet, 0, {"legend", "300 K"});
+    diagrams::place_labels(sheet, 800, 600, measure);
     ASSERT_EQ(sheet.chart.labels.size(), 1U);
     EXPECT_EQ(sheet.chart.labels[0].text, "300 K");
     EXPECT_TRUE(sheet.chart.labels[0].onPoint);
-    EXPECT_TRUE(Module9::has_curve_labels(sheet));
+    EXPECT_TRUE(diagrams::has_curve_labels(sheet));
     // The shift leads along the curve.
-    sheet.CurveLabels[0].shift = 0.05;
-    Module9::place_labels(sheet, 800, 600, measure);
+    label_of(0).shift = 0.05;
+    diagrams::place_labels(sheet, 800, 600, measure);
     const int low = sheet.chart.labels[0].point;
-    sheet.CurveLabels[0].shift = 0.95;
-    Module9::place_labels(sheet, 800, 600, measure);
+    label_of(0).shift = 0.95;
+    diagrams::place_labels(sheet, 800, 600, measure);
     EXPECT_LT(low, sheet.chart.labels[0].point);
-    Module9::delete_curve_labels(sheet);
-    Module9::place_labels(sheet, 800, 600, measure);
+    diagrams::delete_curve_labels(sheet);
+    diagrams::place_labels(sheet, 800, 600, measure);
     EXPECT_TRUE(sheet.chart.labels.empty());
 }
 
 TEST_F(DiagramSheet, SaysWhereLegendTextsAreGiven) {
-    EXPECT_EQ(Module9::add_legend(sheet), Module9::LegendAnswer::DesignCurve);
+    EXPECT_EQ(diagrams::add_legend(sheet), diagrams::LegendAnswer::DesignCurve);
     EXPECT_EQ(user.lastText(), "No legend texts given\n=> Designing curve");
-    Module9::store_point_set(sheet, {1}, {1}, "");
-    EXPECT_EQ(Module9::add_legend(sheet), Module9::LegendAnswer::DesignPoints);
+    diagrams::store_point_set(sheet, {1}, {1}, "");
+    EXPECT_EQ(diagrams::add_legend(sheet), diagrams::LegendAnswer::DesignPoints);
     EXPECT_EQ(user.lastText(), "No legend texts given\n=> Designing exper. points");
     EXPECT_FALSE(sheet.chart.legend.shown);
     sheet.chart.points[0].legend = "p";
-    EXPECT_EQ(Module9::add_legend(sheet), Module9::LegendAnswer::Shown);
+    EXPECT_EQ(diagrams::add_legend(sheet), diagrams::LegendAnswer::Shown);
     EXPECT_TRUE(sheet.chart.legend.shown);
+}
+
+// ---- which fluid a curve belongs to
+
+TEST_F(DiagramSheet, CurvesOfOneFluidDoNotNameIt) {
+    sheet.at.T = 300;
+    open(1);
+    diagrams::draw(sheet, pen());
+    diagrams::draw(sheet, pen());
+    EXPECT_EQ(label_of(0).text, "300.0 K ");
+    EXPECT_EQ(curve(1).legend, "(300.0 K ) ");
+    EXPECT_EQ(sheet.chart.footer.text, "Propane,  CEOS Peng / Robinson");
+}
+
+TEST_F(DiagramSheet, CurvesOfTwoFluidsNameTheirFluid) {
+    sheet.at.T = 300;
+    open(1);
+    diagrams::draw(sheet, pen());
+    activate("Water");
+    diagrams::draw(sheet, pen());
+    EXPECT_EQ(sheet_curve(0).basis.fluid.substance().Name, "Propane");
+    EXPECT_EQ(sheet_curve(1).basis.fluid.substance().Name, "Water");
+    EXPECT_EQ(label_of(0).text, "Propane 300.0 K ");
+    EXPECT_EQ(label_of(1).text, "Water 300.0 K ");
+    EXPECT_EQ(curve(0).legend, "Propane (300.0 K ) ");
+    EXPECT_EQ(curve(1).legend, "Water (300.0 K ) ");
+    EXPECT_EQ(sheet.chart.footer.text,
+              "Propane,  CEOS Peng / Robinson; Water,  CEOS Peng / Robinson");
+    // A deleted fluid is named no more.
+    diagrams::delete_curve(sheet, 1);
+    EXPECT_EQ(label_of(1).text, "300.0 K ");
+    EXPECT_EQ(sheet.chart.footer.text, "Water,  CEOS Peng / Robinson");
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_EQ(label_of(1).text, "Water 300.0 K ");
+}
+
+TEST_F(DiagramSheet, CurvesOfTwoModelsNameTheirModel) {
+    sheet.at.T = 300;
+    open(1);
+    diagrams::draw(sheet, pen());
+    activate("Propane", kSoave);
+    diagrams::draw(sheet, pen());
+    EXPECT_EQ(label_of(0).text, "CEOS Peng / Robinson 300.0 K ");
+    EXPECT_NE(label_of(1).text.find("Soave"), std::string::npos);
+    EXPECT_EQ(label_of(1).text.find("Propane"), std::string::npos);
+}
+
+TEST_F(DiagramSheet, TextsThatTheUserHasChangedStay) {
+    sheet.at.T = 300;
+    open(1);
+    diagrams::draw(sheet, pen());
+    label_of(0).text = "mine";
+    sheet.chart.curves[0].legend = "my legend";
+    sheet.chart.footer.text = "my footer";
+    activate("Water");
+    diagrams::draw(sheet, pen());
+    EXPECT_EQ(label_of(0).text, "mine");
+    EXPECT_EQ(curve(0).legend, "my legend");
+    EXPECT_EQ(sheet.chart.footer.text, "my footer");
+    EXPECT_EQ(label_of(1).text, "Water 300.0 K ");
+}
+
+TEST_F(DiagramSheet, CurvesOfTwoReferenceStatesTellBoth) {
+    open(15);
+    sheet.at.p = 500;
+    diagrams::draw(sheet, pen());
+    reference.RefMode = 10;
+    diagrams::draw(sheet, pen());
+    const std::string& footer = sheet.chart.footer.text;
+    EXPECT_NE(footer.find("reference state: 298.15 K, 101.325 kPa"), std::string::npos) << footer;
+    EXPECT_NE(footer.find("reference state: quantities of formation"), std::string::npos) << footer;
+}
+
+TEST_F(DiagramSheet, ASecondFluidIsDrawnInTheUnitsOfTheSheet) {
+    set_units(3, 1);
+    sheet.at.T = 700;
+    open(1);
+    activate("Water");
+    set_units(0, 0);
+    diagrams::draw(sheet, pen());
+    const models::Units& own = sheet_curve(0).basis.units;
+    EXPECT_EQ(own.choice.system, models::UnitSystem::specific);
+    EXPECT_DOUBLE_EQ(own.v, 1 / static_cast<double>(substance.M));
+}
+
+TEST_F(DiagramSheet, NothingIsDrawnWithoutAFluid) {
+    open(1);
+    EXPECT_FALSE(diagrams::draw(sheet, {}));
+    EXPECT_EQ(user.lastText(), "First choose substance and models!");
+    EXPECT_EQ(diagrams::curve_count(sheet), 0);
+    EXPECT_EQ(diagrams::fluid_text(sheet.request.diagram, {}), "");
+    EXPECT_EQ(diagrams::fluid_text(sheet.request.diagram, pen()), "Propane, CEOS Peng / Robinson");
+}
+
+TEST_F(DiagramSheet, MakesAgainWhatWasTakenBack) {
+    store(points_on_line(3));
+    store(points_on_line(4));
+    ASSERT_TRUE(diagrams::undo(sheet));
+    ASSERT_TRUE(diagrams::redo(sheet));
+    EXPECT_EQ(diagrams::curve_count(sheet), 2);
+    EXPECT_EQ(curve(1).x.size(), 4U);
+    EXPECT_FALSE(diagrams::redo(sheet));
+    diagrams::undo(sheet);
+    store(points_on_line(5));
+    EXPECT_FALSE(diagrams::redo(sheet)) << "a new step ends what could be made again";
+}
+
+TEST_F(DiagramSheet, TakesBackMarksAndTexts) {
+    ASSERT_TRUE(diagrams::mark_volume(sheet, pen()));
+    diagrams::add_text(sheet, "note");
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_FALSE(diagrams::has_texts(sheet));
+    EXPECT_TRUE(diagrams::has_reference_lines(sheet));
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_FALSE(diagrams::has_reference_lines(sheet));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include "diagrams/equilibrium.h"
-#include "legacy/current_fluid.h"
 
 #include <algorithm>
 
@@ -11,19 +10,13 @@ using namespace quor;
 namespace {
 
 using diagrams::Equilibrium;
-using legacy::the_eosParameters;
-using legacy::the_substance;
 
 class DomeEquilibrium : public ActiveFluid {
   protected:
-    static Equilibrium at_T(double T) {
-        return diagrams::equilibrium_at_T(models::current_fluid(), T);
-    }
-    static Equilibrium at_p(double p) {
-        return diagrams::equilibrium_at_p(models::current_fluid(), p);
-    }
-    static Textbook textbook(std::int16_t code) {
-        return {code, the_substance.Tcrit, the_substance.pcrit, the_substance.omega};
+    Equilibrium at_T(double T) { return diagrams::equilibrium_at_T(fluid(), T); }
+    Equilibrium at_p(double p) { return diagrams::equilibrium_at_p(fluid(), p); }
+    Textbook textbook(int code) {
+        return {code, substance.Tcrit, substance.pcrit, substance.omega};
     }
 };
 
@@ -32,11 +25,11 @@ constexpr std::int16_t kCubics[] = {2, 3, 4, 5, 6};
 TEST_F(DomeEquilibrium, BothPhasesHaveTheirPressureAndEqualFugacity) {
     double worst = 0;
     for (const char* name : {"Water", "Carbon dioxide", "Propane", "1,1,1,2-Tetrafluoroethane"}) {
-        for (const std::int16_t code : kCubics) {
+        for (const int code : kCubics) {
             activate(name, code);
             const Textbook eos = textbook(code);
             for (const double Tr : {0.45, 0.6, 0.75, 0.9, 0.99, 0.999}) {
-                const double T = Tr * the_substance.Tcrit;
+                const double T = Tr * substance.Tcrit;
                 const Equilibrium e = at_T(T);
                 ASSERT_TRUE(e.found) << name << code << Tr;
                 const double RT = Textbook::R * T;
@@ -57,7 +50,7 @@ TEST_F(DomeEquilibrium, TemperatureAndPressureAreInverse) {
     for (const std::string& name : fluids::AllNames()) {
         activate(name, kRedlichKwong);
         for (const double pr : {1e-6, 0.01, 0.3, 0.9, 0.999, 0.999999}) {
-            const double p = pr * the_substance.pcrit;
+            const double p = pr * substance.pcrit;
             const Equilibrium e = at_p(p);
             ASSERT_TRUE(e.found) << name << pr;
             EXPECT_NEAR(at_T(e.T).p / p, 1.0, 1e-9) << name << pr;
@@ -66,19 +59,19 @@ TEST_F(DomeEquilibrium, TemperatureAndPressureAreInverse) {
 }
 
 TEST_F(DomeEquilibrium, TheDomeIsSmoothUpToTheCriticalPoint) {
-    for (const std::int16_t code : kCubics) {
+    for (const int code : kCubics) {
         activate("Carbon dioxide", code);
-        const double vc = the_eosParameters.vcritCalc;
-        double lastL = vc, lastV = vc, lastP = the_substance.pcrit;
+        const double vc = eosConstants.vcritCalc;
+        double lastL = vc, lastV = vc, lastP = substance.pcrit;
         // The half widths over the root of 1 - Tr run into one constant, without a jump.
         double lastShape = 0;
         for (double share = 1e-12; share < 0.02; share *= 1.1) {
-            const Equilibrium e = at_T(the_substance.Tcrit * (1 - share));
+            const Equilibrium e = at_T(substance.Tcrit * (1 - share));
             ASSERT_TRUE(e.found);
             EXPECT_LT(e.vL, lastL) << code << share;
             EXPECT_GT(e.vV, lastV) << code << share;
             EXPECT_LE(e.p, lastP) << code << share;
-            const double real = 1 - e.T / the_substance.Tcrit;
+            const double real = 1 - e.T / substance.Tcrit;
             const double shape = (e.vV - e.vL) / std::sqrt(real);
             if (lastShape > 0) {
                 EXPECT_NEAR(shape / lastShape, 1, 0.01) << code << " " << share;
@@ -93,18 +86,18 @@ TEST_F(DomeEquilibrium, TheDomeIsSmoothUpToTheCriticalPoint) {
 
 TEST_F(DomeEquilibrium, AtTheCriticalPointBothVolumesAreTheCriticalOne) {
     activate("Propane");
-    const Equilibrium e = at_T(the_substance.Tcrit);
+    const Equilibrium e = at_T(substance.Tcrit);
     ASSERT_TRUE(e.found);
-    EXPECT_EQ(e.p, the_substance.pcrit);
-    EXPECT_EQ(e.vL, the_eosParameters.vcritCalc);
-    EXPECT_EQ(e.vV, the_eosParameters.vcritCalc);
-    EXPECT_EQ(at_p(the_substance.pcrit).T, the_substance.Tcrit);
+    EXPECT_EQ(e.p, substance.pcrit);
+    EXPECT_EQ(e.vL, eosConstants.vcritCalc);
+    EXPECT_EQ(e.vV, eosConstants.vcritCalc);
+    EXPECT_EQ(at_p(substance.pcrit).T, substance.Tcrit);
 }
 
 TEST_F(DomeEquilibrium, ThereIsNoneAboveTheCriticalPointNorForAVapourEquation) {
     activate("Propane");
-    EXPECT_FALSE(at_T(1.0001 * the_substance.Tcrit).found);
-    EXPECT_FALSE(at_p(1.0001 * the_substance.pcrit).found);
+    EXPECT_FALSE(at_T(1.0001 * substance.Tcrit).found);
+    EXPECT_FALSE(at_p(1.0001 * substance.pcrit).found);
     EXPECT_FALSE(at_T(0).found);
     EXPECT_FALSE(at_p(-1).found);
     activate_vapour_only("Propane");
@@ -117,8 +110,7 @@ TEST_F(DomeEquilibrium, ANearStartGivesTheSameState) {
     const double T = 500;
     const Equilibrium alone = at_T(T);
     for (const double factor : {0.5, 0.97, 1.03, 1.6, 5.0}) {
-        const Equilibrium e =
-            diagrams::equilibrium_at_T(models::current_fluid(), T, factor * alone.p);
+        const Equilibrium e = diagrams::equilibrium_at_T(fluid(), T, factor * alone.p);
         ASSERT_TRUE(e.found);
         EXPECT_NEAR(e.p / alone.p, 1.0, 1e-11);
         EXPECT_NEAR(e.vL / alone.vL, 1.0, 1e-10);

@@ -6,13 +6,12 @@
 #include <iterator>
 
 #include "chart/chart_file.h"
-#include "datafiles/batch_file.h"
-#include "datafiles/database.h"
-#include "datafiles/project.h"
-#include "datafiles/substance_choice.h"
-#include "datafiles/xy_file.h"
 #include "diagrams/active_fluid.h"
 #include "session/calculations.h"
+#include "session/measured_data_session.h"
+#include "session/project_session.h"
+#include "session/substance_session.h"
+#include "session/xy_session.h"
 #include "support/databases.h"
 
 using namespace quor;
@@ -37,9 +36,12 @@ class KilledWriters : public ActiveFluid {
   protected:
     KilledWriters() {
         activate("Propane");
+        legacy::the_substance = substance;
+        legacy::the_models = selection;
+        legacy::the_eosParameters = eosConstants;
         databases::Write(folder() / "STUDENT.Q05", {databases::Row("Propane")});
-        datafiles::load_database((folder() / "STUDENT.Q05").string());
-        datafiles::take_substance(1);
+        session::load_database((folder() / "STUDENT.Q05").string());
+        session::take_substance(1);
         user.inputAnswers.assign(100000, "a comment");
     }
 
@@ -60,24 +62,24 @@ class KilledWriters : public ActiveFluid {
              [this](const fs::path& file, bool second) {
                  the_session.ProjectComment = std::string(second ? 9000 : 7000, 'c');
                  the_session.LastSessionFile = file.string();
-                 datafiles::save_project(false);
+                 session::save_project(false);
              }},
             {"data.BAQ",
              [this](const fs::path& file, bool second) {
                  data(second);
                  answer(file);
-                 datafiles::batch_save();
+                 session::save_measured_data();
              }},
             {"points.XY",
              [this](const fs::path& file, bool second) {
                  const std::vector<datafiles::FitPoint> points(second ? 9000 : 7000, {1, 2, 0});
                  answer(file);
-                 datafiles::xy_save("points", points);
+                 session::save_xy({"points", points});
              }},
             {"own.Q05",
              [](const fs::path& file, bool second) {
                  legacy::the_substance.Name = std::string(second ? 30 : 20, 'n');
-                 datafiles::write_private_database(file.string());
+                 session::write_private_database(file.string());
              }},
             {"diagram.oc2",
              [](const fs::path& file, bool second) {

@@ -3,15 +3,12 @@
 
 #include "common/numbers.h"
 #include "diagrams/active_fluid.h"
-#include "diagrams/catalogue.h"
-#include "diagrams/drawn.h"
+#include "diagrams/diagram.h"
 #include "diagrams/equilibrium.h"
 #include "diagrams/isoline_search.h"
 #include "diagrams/process_line.h"
 #include "diagrams/project_state.h"
 #include "diagrams/textbook.h"
-#include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/state_solver.h"
 #include "support/codes.h"
@@ -21,61 +18,62 @@ using namespace quor;
 namespace {
 
 using diagrams::ProcessInput;
-using legacy::the_eosParameters;
-using legacy::the_processLine;
-using legacy::the_session;
-using legacy::the_substance;
 using models::StateValues;
-namespace Kind = diagrams::ProcessKind;
+using Kind = diagrams::ProcessKind;
 
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 class ProcessLines : public ActiveFluid {
   protected:
-    static double Tc(double share) { return share * the_substance.Tcrit; }
-    static double pc(double share) { return share * the_substance.pcrit; }
+    double Tc(double share) { return share * substance.Tcrit; }
+    double pc(double share) { return share * substance.pcrit; }
 
-    /// Runs the line of `processLine` in a diagram with a window that holds all of it.
-    static Drawn run(std::int16_t diagram) {
-        diagrams::DiagramRequest request;
-        request.DiagramType = diagram;
-        request.sectionKind = SectionKindOf(diagram);
-        request.xMin = request.yMin = -1e9F;
-        request.xMax = request.yMax = 1e9F;
-        Drawn curve;
-        diagrams::with_process_line(request, [&] {
-            curve = Draw(request, {.T = the_session.DiagramT, .p = the_session.DiagramP});
-        });
-        EXPECT_EQ(request.DiagramType, diagram) << "the code is restored";
-        return curve;
+    /// Runs the line in a diagram with a window that holds all of it, and keeps its last state.
+    Drawn run(int code) {
+        const diagrams::Diagram& diagram = diagrams::diagram_of(code);
+        diagrams::CurveRequest wanted = diagrams::process_request(diagram, process, at);
+        wanted.window = {-1e9F, 1e9F, -1e9F, 1e9F};
+        wanted.options = options;
+        Drawn drawn;
+        drawn.request.diagram = &diagram;
+        drawn.take(diagrams::curve(basis(), wanted));
+        if (drawn.last_state) process.last = *drawn.last_state;
+        EXPECT_EQ(drawn.request.diagram->code, code) << "the code stays";
+        return drawn;
     }
-    static ProcessInput input(std::uint8_t kind, double T1, double p1, bool overT, double end) {
+    /// Takes an input into the line; the text of a refusal.
+    std::string take(const ProcessInput& in) {
+        const diagrams::ProcessAnswer answer = diagrams::take_process_input(process, fluid(), in);
+        process = answer.line;
+        return answer.refusal;
+    }
+    static ProcessInput input(Kind kind, double T1, double p1, bool overT, double end) {
         ProcessInput in;
-        in.Kind = kind;
+        in.kind = kind;
         in.par = {T1, p1, overT ? end : kNone, overT ? kNone : end};
-        in.RangeIsT = overT;
+        in.rangeIsT = overT;
         return in;
     }
-    static StateValues stable(double T, double p) {
-        const models::StateTP state = models::SolveStateTP(T, p);
-        if (!state.hasL || !state.hasV)
-            return models::StateFunctions(T, p, state.hasL ? state.vL : state.vV);
+    diagrams::StateParameters at{298.15, 0, 0};
+    StateValues stable(double T, double p) {
+        const models::StateTP state = solve(T, p);
+        if (!state.hasL || !state.hasV) return functions(T, p, state.hasL ? state.vL : state.vV);
         // Where the solver calls it an equilibrium the smaller g tells the side of the dome.
-        const StateValues L = models::StateFunctions(T, p, state.vL);
-        const StateValues V = models::StateFunctions(T, p, state.vV);
+        const StateValues L = functions(T, p, state.vL);
+        const StateValues V = functions(T, p, state.vV);
         return L.g < V.g ? L : V;
     }
     /// What is remarked on the line as a diagram would draw it.
-    static std::string note(std::int16_t diagram) {
+    std::string note(int diagram) {
         std::vector<float> x, y;
         for (const auto& point : run(diagram).points()) {
             x.push_back(point.x);
             y.push_back(point.y);
         }
-        return diagrams::one_point_note(diagram, x, y);
+        return diagrams::one_point_note(diagrams::diagram_of(diagram), x, y);
     }
-    static double s_of(double T, double p) { return stable(T, p).s; }
-    static double h_of(double T, double p) { return stable(T, p).h; }
+    double s_of(double T, double p) { return stable(T, p).s; }
+    double h_of(double T, double p) { return stable(T, p).h; }
 };
 
 // ---- the lines
@@ -83,84 +81,82 @@ class ProcessLines : public ActiveFluid {
 TEST_F(ProcessLines, AStraightLineHasFiftyOnePoints) {
     activate("Propane");
     ProcessInput in;
-    in.Kind = Kind::kStraightLine;
+    in.kind = Kind::straightLine;
     for (const std::array<double, 4>& ends :
          {std::array<double, 4>{1, 10, 3, 110}, std::array<double, 4>{2, 10, 2, 110},
           std::array<double, 4>{-5, 7, 5, 7}}) {
         in.par = ends;
-        EXPECT_EQ(diagrams::take_process_input(in), "");
+        EXPECT_EQ(take(in), "");
         const Drawn curve = run(1);
         EXPECT_EQ(curve.result.status, 0);
         EXPECT_EQ(curve.count(), 51U);
         EXPECT_EQ(curve.mark(), 0);
         for (std::size_t i = 0; i <= 50; ++i) {
             const double t = static_cast<double>(i) / 50;
-            EXPECT_FLOAT_EQ(curve.all[i + 1].x,
+            EXPECT_FLOAT_EQ(curve.nth(i + 1).x,
                             static_cast<float>(ends[0] + t * (ends[2] - ends[0])));
-            EXPECT_FLOAT_EQ(curve.all[i + 1].y,
+            EXPECT_FLOAT_EQ(curve.nth(i + 1).y,
                             static_cast<float>(ends[1] + t * (ends[3] - ends[1])));
         }
     }
     in.par = {1, 2, 1, 2};
-    EXPECT_EQ(diagrams::take_process_input(in), "specification of the range is not valid ");
+    EXPECT_EQ(take(in), "specification of the range is not valid ");
     in.par = {1, 2, kNone, 2};
-    EXPECT_EQ(diagrams::take_process_input(in), "Input incomplete or not valid");
+    EXPECT_EQ(take(in), "Input incomplete or not valid");
 }
 
 TEST_F(ProcessLines, AnIsothermHoldsTAndEndsOnTheRange) {
     activate("Propane");
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsotherm, 300, 100, false, 900)), "");
+    EXPECT_EQ(take(input(Kind::isotherm, 300, 100, false, 900)), "");
     const Drawn curve = run(1);
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_EQ(curve.count(), 301U);
-    const Textbook eos(6, the_substance.Tcrit, the_substance.pcrit, the_substance.omega);
+    const Textbook textbook(6, substance.Tcrit, substance.pcrit, substance.omega);
     for (const auto& point : curve.points()) {
-        EXPECT_NEAR(eos.pressure(300, point.x) / point.y, 1, 1e-5);
+        EXPECT_NEAR(textbook.pressure(300, point.x) / point.y, 1, 1e-5);
         EXPECT_FLOAT_EQ(point.z, 300);
     }
     EXPECT_FLOAT_EQ(curve.first().y, 100);
     EXPECT_FLOAT_EQ(curve.last().y, 900);
-    EXPECT_EQ(the_processLine.LastT, 300);
-    EXPECT_EQ(the_processLine.LastP, 900);
-    EXPECT_NE(the_session.DiagramT, 300) << "the parameter of the diagram is restored";
+    EXPECT_EQ(process.last.T, 300);
+    EXPECT_EQ(process.last.p, 900);
+    EXPECT_NE(at.T, 300) << "the parameter of the diagram is restored";
 }
 
 TEST_F(ProcessLines, ThePhaseChoosesTheRoot) {
     activate("Propane");
-    ProcessInput in = input(Kind::kIsotherm, 300, 500, false, 900);
-    in.Vapour = false;
-    EXPECT_EQ(diagrams::take_process_input(in), "");
-    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), 300);
+    ProcessInput in = input(Kind::isotherm, 300, 500, false, 900);
+    in.vapour = false;
+    EXPECT_EQ(take(in), "");
+    const auto e = diagrams::equilibrium_at_T(fluid(), 300);
     for (const auto& point : run(1).points()) EXPECT_LT(point.x, 1.1 * e.vL);
-    in.Vapour = true;
-    EXPECT_EQ(diagrams::take_process_input(in), "");
+    in.vapour = true;
+    EXPECT_EQ(take(in), "");
     for (const auto& point : run(1).points()) EXPECT_GT(point.x, 0.9 * e.vV);
 }
 
 TEST_F(ProcessLines, AnIsobarHoldsP) {
     activate("Propane");
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsobar, 300, 500, true, 420)), "");
+    EXPECT_EQ(take(input(Kind::isobar, 300, 500, true, 420)), "");
     const Drawn curve = run(15);
     EXPECT_EQ(curve.count(), 301U);
     for (const auto& point : curve.points()) {
         EXPECT_NEAR(point.y, h_of(point.x, 500), 0.05);
         EXPECT_FLOAT_EQ(point.z, 500);
     }
-    EXPECT_EQ(the_processLine.LastT, 420);
+    EXPECT_EQ(process.last.T, 420);
 }
 
 TEST_F(ProcessLines, AnIsochoreHoldsItsVolumeOverTAndOverP) {
     activate("Propane");
     for (const bool overT : {true, false}) {
-        EXPECT_EQ(diagrams::take_process_input(
-                      input(Kind::kIsochore, 300, 500, overT, overT ? 450 : 900)),
-                  "");
-        const double v = models::SolveStateTP(300, 500).vV;
+        EXPECT_EQ(take(input(Kind::isochore, 300, 500, overT, overT ? 450 : 900)), "");
+        const double v = solve(300, 500).vV;
         const Drawn curve = run(5);
         EXPECT_EQ(curve.result.status, 0);
         EXPECT_EQ(curve.count(), 301U);
         for (const auto& point : curve.points()) {
-            EXPECT_NEAR(models::pressure_from_tv(point.x, v).p / point.y, 1, 1e-5);
+            EXPECT_NEAR(pressure(point.x, v) / point.y, 1, 1e-5);
             EXPECT_FLOAT_EQ(point.z, static_cast<float>(v));
         }
     }
@@ -170,25 +166,25 @@ TEST_F(ProcessLines, IsentropicsAndIsenthalpicsHoldTheirFunction) {
     for (const char* name : {"Propane", "Water", "Nitrogen"}) {
         activate(name);
         const double T1 = Tc(1.1), p1 = pc(0.2);
-        for (const std::uint8_t kind : {Kind::kIsentropic, Kind::kIsenthalpic}) {
+        for (const Kind kind : {Kind::isentropic, Kind::isenthalpic}) {
             for (const bool overT : {false, true}) {
                 // Over T an isenthalpic ends where p is 0, for propane 6.5 K below the start.
                 const double end = overT ? Tc(1.09) : pc(0.1);
-                EXPECT_EQ(diagrams::take_process_input(input(kind, T1, p1, overT, end)), "");
+                EXPECT_EQ(take(input(kind, T1, p1, overT, end)), "");
                 const Drawn curve = run(5);  // T and p of every state
-                EXPECT_EQ(curve.result.status, 0) << name << int{kind} << overT;
+                EXPECT_EQ(curve.result.status, 0) << name << static_cast<int>(kind) << overT;
                 EXPECT_EQ(curve.count(), overT ? 751U : 376U);
                 const StateValues start = stable(T1, p1);
                 for (const auto& point : curve.points()) {
                     const StateValues z = stable(point.x, point.y);
                     // The digits of a 32-bit T are worth cp dT.
                     const double seen = 1.5e-7 * z.cp * point.x + 1e-3;
-                    if (kind == Kind::kIsentropic)
+                    if (kind == Kind::isentropic)
                         EXPECT_NEAR(z.s, start.s, seen / point.x + 2e-6);
                     else
                         EXPECT_NEAR(z.h, start.h, 2 * seen);
                 }
-                EXPECT_NEAR(overT ? the_processLine.LastT : the_processLine.LastP, end, 1e-9 * end);
+                EXPECT_NEAR(overT ? process.last.T : process.last.p, end, 1e-9 * end);
             }
         }
     }
@@ -197,24 +193,24 @@ TEST_F(ProcessLines, IsentropicsAndIsenthalpicsHoldTheirFunction) {
 TEST_F(ProcessLines, AnIsentropicThatMeetsTheCoexistenceCurveEndsEarly) {
     activate("Propane");
     const double T1 = 320, p1 = 1400;  // a little superheated
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsentropic, T1, p1, false, 10)), "");
+    EXPECT_EQ(take(input(Kind::isentropic, T1, p1, false, 10)), "");
     // Propane's dew line leans to the right: choose water, whose leans to the left.
     activate("Water");
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsentropic, 500, 1000, false, 10)), "");
+    EXPECT_EQ(take(input(Kind::isentropic, 500, 1000, false, 10)), "");
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, 5);
     EXPECT_GT(curve.count(), 2U);
-    const auto e = diagrams::equilibrium_at_p(models::current_fluid(), curve.last().y);
+    const auto e = diagrams::equilibrium_at_p(fluid(), curve.last().y);
     EXPECT_GT(curve.last().x, e.T) << "still vapour";
     EXPECT_LT(curve.last().x, e.T + 20) << "and close to the dew line";
-    EXPECT_EQ(diagrams::TextOf(curve.result).title, "Remark");
+    EXPECT_EQ(TextOf(curve.result).title, "Remark");
 }
 
 TEST_F(ProcessLines, AnIsentropicWithoutAnyStateHasNoResult) {
     activate("Propane");
     // The start state cannot be solved with this volume phase: no entropy, no line.
-    legacy::the_models.CpModel = codes::cp(0);
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsentropic, 300, 500, false, 900)), "");
+    selection.CpModel = codes::cp(0);
+    EXPECT_EQ(take(input(Kind::isentropic, 300, 500, false, 900)), "");
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, -2);
     EXPECT_EQ(curve.result.message, "no result with these input data");
@@ -223,10 +219,9 @@ TEST_F(ProcessLines, AnIsentropicWithoutAnyStateHasNoResult) {
 TEST_F(ProcessLines, AnIsentropicWhoseFirstSearchFailsHasNoResult) {
     activate("Water");
     // Wet: the saturated vapour at the start, and all of the range lies inside the dome.
-    const auto e = diagrams::equilibrium_at_p(models::current_fluid(), 1000);
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsentropic, e.T + 0.5, 1000, false, 900)),
-              "");
-    the_processLine.RangeStart = 950;
+    const auto e = diagrams::equilibrium_at_p(fluid(), 1000);
+    EXPECT_EQ(take(input(Kind::isentropic, e.T + 0.5, 1000, false, 900)), "");
+    process.rangeStart = 950;
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, -2);
     EXPECT_LE(curve.count(), 1U);
@@ -235,24 +230,24 @@ TEST_F(ProcessLines, AnIsentropicWhoseFirstSearchFailsHasNoResult) {
 TEST_F(ProcessLines, HeterogeneousLinesHoldTheirQuantityOverTheTieLines) {
     activate("Water");
     struct Case {
-        std::uint8_t kind;
+        Kind kind;
         bool vapour, overT;
         double start, end;
     };
-    for (const Case& c : {Case{Kind::kIsentropic, true, true, 550, 350},
-                          Case{Kind::kIsentropic, false, false, 5000, 20},
-                          Case{Kind::kIsenthalpic, false, true, 550, 350},
-                          Case{Kind::kIsenthalpic, false, false, 5000, 20},
-                          Case{Kind::kIsochore, true, true, 550, 350},
-                          Case{Kind::kIsochore, false, false, 5000, 20}}) {
+    for (const Case& c : {Case{Kind::isentropic, true, true, 550, 350},
+                          Case{Kind::isentropic, false, false, 5000, 20},
+                          Case{Kind::isenthalpic, false, true, 550, 350},
+                          Case{Kind::isenthalpic, false, false, 5000, 20},
+                          Case{Kind::isochore, true, true, 550, 350},
+                          Case{Kind::isochore, false, false, 5000, 20}}) {
         ProcessInput in =
             input(c.kind, c.overT ? c.start : kNone, c.overT ? kNone : c.start, c.overT, c.end);
-        in.Vapour = c.vapour;
-        in.Heterogeneous = true;
-        ASSERT_EQ(diagrams::take_process_input(in), "");
-        const std::int16_t diagram = c.kind == Kind::kIsochore     ? 1
-                                     : c.kind == Kind::kIsentropic ? 16
-                                                                   : 15;
+        in.vapour = c.vapour;
+        in.heterogeneous = true;
+        ASSERT_EQ(take(in), "");
+        const std::int16_t diagram = c.kind == Kind::isochore     ? 1
+                                     : c.kind == Kind::isentropic ? 16
+                                                                  : 15;
         const Drawn curve = run(diagram);
         EXPECT_EQ(curve.result.status, 0);
         EXPECT_EQ(curve.count(), 301U);
@@ -261,14 +256,14 @@ TEST_F(ProcessLines, HeterogeneousLinesHoldTheirQuantityOverTheTieLines) {
             EXPECT_NEAR(diagram == 1 ? point.x : point.y, held, 2e-6 * std::fabs(held) + 1e-6);
             // T and p are those of the equilibrium.
             const double T = diagram == 1 ? point.z : point.x;
-            const auto e = diagrams::equilibrium_at_T(models::current_fluid(), T);
+            const auto e = diagrams::equilibrium_at_T(fluid(), T);
             EXPECT_NEAR((diagram == 1 ? point.y : point.z) / e.p, 1, 1e-5);
         }
         // The held value is that of the saturated start.
-        const auto e = c.overT ? diagrams::equilibrium_at_T(models::current_fluid(), c.start)
-                               : diagrams::equilibrium_at_p(models::current_fluid(), c.start);
+        const auto e = c.overT ? diagrams::equilibrium_at_T(fluid(), c.start)
+                               : diagrams::equilibrium_at_p(fluid(), c.start);
         const double v = c.vapour ? e.vV : e.vL;
-        const StateValues z = models::StateFunctions(e.T, e.p, v);
+        const StateValues z = functions(e.T, e.p, v);
         const double expected = diagram == 1 ? v : diagram == 16 ? z.s : z.h;
         EXPECT_NEAR(held, expected, 2e-6 * std::fabs(expected));
     }
@@ -277,44 +272,44 @@ TEST_F(ProcessLines, HeterogeneousLinesHoldTheirQuantityOverTheTieLines) {
 TEST_F(ProcessLines, AHeterogeneousLineThatLeavesTheDomeEndsEarly) {
     activate("Water");
     // Heating the saturated vapour at constant entropy leads out of the dome.
-    ProcessInput in = input(Kind::kIsentropic, 400, kNone, true, 500);
-    in.Heterogeneous = true;
-    EXPECT_EQ(diagrams::take_process_input(in), "");
+    ProcessInput in = input(Kind::isentropic, 400, kNone, true, 500);
+    in.heterogeneous = true;
+    EXPECT_EQ(take(in), "");
     EXPECT_EQ(run(16).result.status, -2) << "not one step inside";
     // At constant enthalpy the vapour becomes wet, and dry again beyond the largest h of the dew
     // line: there the line leaves the dome.
-    in = input(Kind::kIsenthalpic, 400, kNone, true, 640);
-    in.Heterogeneous = true;
-    in.Vapour = true;
-    EXPECT_EQ(diagrams::take_process_input(in), "");
+    in = input(Kind::isenthalpic, 400, kNone, true, 640);
+    in.heterogeneous = true;
+    in.vapour = true;
+    EXPECT_EQ(take(in), "");
     const Drawn curve = run(15);
     EXPECT_EQ(curve.result.status, 5);
-    const auto last = diagrams::equilibrium_at_T(models::current_fluid(), the_processLine.LastT);
-    const auto first = diagrams::equilibrium_at_T(models::current_fluid(), 400);
-    const double hFirst = models::StateFunctions(400, first.p, first.vV).h;
-    const double hLast = models::StateFunctions(last.T, last.p, last.vV).h;
+    const auto last = diagrams::equilibrium_at_T(fluid(), process.last.T);
+    const auto first = diagrams::equilibrium_at_T(fluid(), 400);
+    const double hFirst = functions(400, first.p, first.vV).h;
+    const double hLast = functions(last.T, last.p, last.vV).h;
     EXPECT_GT(hLast, hFirst);
     EXPECT_LT(hLast - hFirst, 150) << "kJ/kmol, within a step of the dew line";
 }
 
 TEST_F(ProcessLines, CpHasNoValueInsideTheDome) {
     activate("Water");
-    ProcessInput in = input(Kind::kIsentropic, 550, kNone, true, 350);
-    in.Heterogeneous = true;
-    EXPECT_EQ(diagrams::take_process_input(in), "");
+    ProcessInput in = input(Kind::isentropic, 550, kNone, true, 350);
+    in.heterogeneous = true;
+    EXPECT_EQ(take(in), "");
     EXPECT_EQ(run(19).result.status, -2);
     EXPECT_EQ(run(34).result.status, -2);
 }
 
 TEST_F(ProcessLines, TheNextLineBeginsWhereTheLastOneEnded) {
     activate("Propane");
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsobar, 300, 500, true, 420)), "");
+    EXPECT_EQ(take(input(Kind::isobar, 300, 500, true, 420)), "");
     run(1);
     const ProcessInput next =
-        diagrams::continued_from(input(Kind::kIsentropic, kNone, kNone, false, 2000));
+        diagrams::continued_from(process, input(Kind::isentropic, kNone, kNone, false, 2000));
     EXPECT_EQ(next.par[0], 420);
     EXPECT_EQ(next.par[1], 500);
-    EXPECT_EQ(diagrams::take_process_input(next), "");
+    EXPECT_EQ(take(next), "");
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_FLOAT_EQ(curve.first().x, 420);
@@ -323,11 +318,11 @@ TEST_F(ProcessLines, TheNextLineBeginsWhereTheLastOneEnded) {
 
 TEST_F(ProcessLines, LinesAreDrawnOnTheAxesOfEveryDiagramOfStates) {
     activate("Propane");
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsobar, 300, 500, true, 420)), "");
-    for (const Module9::CatalogueRow& row : Module9::Catalogue()) {
-        if (row.title.empty()) continue;
+    EXPECT_EQ(take(input(Kind::isobar, 300, 500, true, 420)), "");
+    for (const diagrams::Diagram& row : diagrams::all_diagrams()) {
+        if (!row.opens()) continue;
         const Drawn curve = run(row.code);
-        EXPECT_EQ(curve.count() > 1, diagrams::ShowsStates(row.code)) << row.code;
+        EXPECT_EQ(curve.count() > 1, diagrams::shows_states(row)) << row.code;
     }
 }
 
@@ -335,13 +330,13 @@ TEST_F(ProcessLines, APolytropicLineHoldsPTimesVToTheN) {
     activate("Propane");
     for (const double n : {0.7, 1.2, 1.4}) {
         for (const bool overT : {false, true}) {
-            ProcessInput in = input(Kind::kPolytropic, 400, 500, overT, overT ? 420 : 900);
-            in.Exponent = n;
-            in.Kappa = 1.13;
-            EXPECT_EQ(diagrams::take_process_input(in), "");
+            ProcessInput in = input(Kind::polytropic, 400, 500, overT, overT ? 420 : 900);
+            in.exponent = n;
+            in.kappa = 1.13;
+            EXPECT_EQ(take(in), "");
             const Drawn curve = run(1);
             ASSERT_GT(curve.count(), 100U) << n << overT;
-            const double v1 = models::SolveStateTP(400, 500).vV;
+            const double v1 = solve(400, 500).vV;
             for (const auto& point : curve.points())
                 EXPECT_NEAR(point.y * std::pow(point.x, n) / (500 * std::pow(v1, n)), 1, 1e-5);
         }
@@ -350,10 +345,10 @@ TEST_F(ProcessLines, APolytropicLineHoldsPTimesVToTheN) {
 
 TEST_F(ProcessLines, APolytropicWithExponentOneOverPIsTheIsothermOfAnIdealGas) {
     activate("Propane", 0);
-    ProcessInput in = input(Kind::kPolytropic, 400, 500, false, 900);
-    in.Exponent = 1;
-    in.Kappa = 1.13;
-    EXPECT_EQ(diagrams::take_process_input(in), "");
+    ProcessInput in = input(Kind::polytropic, 400, 500, false, 900);
+    in.exponent = 1;
+    in.kappa = 1.13;
+    EXPECT_EQ(take(in), "");
     const Drawn curve = run(5);
     for (const auto& point : curve.points()) EXPECT_NEAR(point.x, 400, 2e-3);
 }
@@ -361,7 +356,7 @@ TEST_F(ProcessLines, APolytropicWithExponentOneOverPIsTheIsothermOfAnIdealGas) {
 // ---- the search
 
 struct Search {
-    const diagrams::Curve& curve;
+    const diagrams::CurveFrame& curve;
     diagrams::Function function;
 
     double temperature(double p, double value, double start) const {
@@ -375,16 +370,17 @@ struct Search {
 TEST_F(ProcessLines, TheSearchFindsWhatAFineGridFinds) {
     for (const char* name : {"Water", "Carbon dioxide"}) {
         activate(name);
-        diagrams::DiagramRequest request = RequestFor(5);
-        diagrams::CurvePointArray points(1);
-        diagrams::Curve curve(request, points, 300, 100, 1);
+        const diagrams::Basis of = basis();
+        const diagrams::CurveRequest request{
+            .curve = &diagrams::diagram_of(5), .window = {0, 1, 0, 1}, .at = {300, 100, 1}};
+        diagrams::CurveFrame curve(of, request, {});
         curve.prepare();
         const Search entropy{curve, &StateValues::s};
         const Search enthalpy{curve, &StateValues::h};
         int found = 0, none = 0;
         for (const double pr : {0.01, 0.5, 0.99, 1.0, 1.01, 3.0}) {
             const double p = pc(pr);
-            const auto e = diagrams::equilibrium_at_p(models::current_fluid(), p);
+            const auto e = diagrams::equilibrium_at_p(fluid(), p);
             for (double Tr = 0.55; Tr < 1.6; Tr += 0.013) {
                 // Every value of the grid is that of a state: the search must find this one,
                 // from starts on either side of it, also close to the dome.
@@ -398,8 +394,8 @@ TEST_F(ProcessLines, TheSearchFindsWhatAFineGridFinds) {
             }
             if (!e.found || e.vL == e.vV) continue;
             // Between both phases there is no state of one phase.
-            const double sL = models::StateFunctions(e.T, p, e.vL).s;
-            const double sV = models::StateFunctions(e.T, p, e.vV).s;
+            const double sL = functions(e.T, p, e.vL).s;
+            const double sV = functions(e.T, p, e.vV).s;
             for (const double x : {0.02, 0.5, 0.98}) {
                 EXPECT_EQ(entropy.temperature(p, sL + x * (sV - sL), 1.01 * e.T), 0);
                 ++none;
@@ -417,9 +413,10 @@ TEST_F(ProcessLines, TheSearchFindsWhatAFineGridFinds) {
 
 TEST_F(ProcessLines, ThePressureSearchFindsTheNearState) {
     activate("Carbon dioxide");
-    diagrams::DiagramRequest request = RequestFor(5);
-    diagrams::CurvePointArray points(1);
-    diagrams::Curve curve(request, points, 300, 100, 1);
+    const diagrams::Basis of = basis();
+    const diagrams::CurveRequest request{
+        .curve = &diagrams::diagram_of(5), .window = {0, 1, 0, 1}, .at = {300, 100, 1}};
+    diagrams::CurveFrame curve(of, request, {});
     curve.prepare();
     const Search entropy{curve, &StateValues::s};
     const Search enthalpy{curve, &StateValues::h};
@@ -437,95 +434,99 @@ TEST_F(ProcessLines, ThePressureSearchFindsTheNearState) {
 
 TEST_F(ProcessLines, IncompleteInputIsRefusedAndLeavesTheSession) {
     activate("Propane");
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsobar, 300, 500, true, 420)), "");
-    const auto before = the_processLine.RangeEnd;
+    EXPECT_EQ(take(input(Kind::isobar, 300, 500, true, 420)), "");
+    const auto before = process.rangeEnd;
     const auto refused = [&](const ProcessInput& in, const std::string& text) {
-        EXPECT_EQ(diagrams::take_process_input(in), text);
-        EXPECT_EQ(the_processLine.RangeEnd, before);
-        EXPECT_EQ(the_processLine.Kind, Kind::kIsobar);
+        EXPECT_EQ(take(in), text);
+        EXPECT_EQ(process.rangeEnd, before);
+        EXPECT_EQ(process.kind, Kind::isobar);
     };
     const std::string incomplete = "Input incomplete or not valid";
-    refused(input(Kind::kIsotherm, kNone, 500, false, 900), incomplete);
-    refused(input(Kind::kIsotherm, 300, kNone, false, 900), incomplete);
-    refused(input(Kind::kIsotherm, 300, 500, false, kNone), incomplete);
-    refused(input(Kind::kIsotherm, -300, 500, false, 900), incomplete);
-    refused(input(Kind::kIsotherm, 300, 500, false, 0), incomplete);
-    refused(input(Kind::kIsotherm, 300, 500, false, 500),
+    refused(input(Kind::isotherm, kNone, 500, false, 900), incomplete);
+    refused(input(Kind::isotherm, 300, kNone, false, 900), incomplete);
+    refused(input(Kind::isotherm, 300, 500, false, kNone), incomplete);
+    refused(input(Kind::isotherm, -300, 500, false, 900), incomplete);
+    refused(input(Kind::isotherm, 300, 500, false, 0), incomplete);
+    refused(input(Kind::isotherm, 300, 500, false, 500),
             "specification of the range is not valid ");
 }
 
 TEST_F(ProcessLines, TheEndsOfAHeterogeneousLineMustHaveAnEquilibrium) {
     activate("Propane");
-    const auto text = [](bool overT, double start, double end) {
+    const auto text = [this](bool overT, double start, double end) {
         ProcessInput in =
-            input(Kind::kIsentropic, overT ? start : kNone, overT ? kNone : start, overT, end);
-        in.Heterogeneous = true;
-        return diagrams::take_process_input(in);
+            input(Kind::isentropic, overT ? start : kNone, overT ? kNone : start, overT, end);
+        in.heterogeneous = true;
+        return take(in);
     };
     EXPECT_EQ(text(false, 100, 5000), "pressure for the final tie-line has to be p <= p(cr) = " +
-                                          numbers::General(the_substance.pcrit) + " kPa");
+                                          numbers::General(substance.pcrit) + " kPa");
     EXPECT_EQ(text(true, 300, 400), "temperature for the final tie-line has to be <= T(cr) = " +
-                                        numbers::General(the_substance.Tcrit) + " K");
+                                        numbers::General(substance.Tcrit) + " K");
     EXPECT_EQ(text(true, 400, 300), "temperature for the initial tie-line has to be <= T(cr) = " +
-                                        numbers::General(the_substance.Tcrit));
+                                        numbers::General(substance.Tcrit));
     EXPECT_EQ(text(true, 300, 350), "");
-    EXPECT_NEAR(the_processLine.p1, diagrams::equilibrium_at_T(models::current_fluid(), 300).p,
-                1e-9);
+    EXPECT_NEAR(process.p1, diagrams::equilibrium_at_T(fluid(), 300).p, 1e-9);
     EXPECT_EQ(text(false, 100, 500), "");
-    EXPECT_NEAR(the_processLine.T1, diagrams::equilibrium_at_p(models::current_fluid(), 100).T,
-                1e-9);
+    EXPECT_NEAR(process.T1, diagrams::equilibrium_at_p(fluid(), 100).T, 1e-9);
     EXPECT_EQ(text(false, 9000, 500), "specificated p and T have to be > 0")
         << "no equilibrium at the start";
 }
 
 TEST_F(ProcessLines, PolytropicInputIsChecked) {
     activate("Propane");
-    ProcessInput in = input(Kind::kPolytropic, 400, 500, true, 450);
-    in.Exponent = 1;
-    in.Kappa = 1.2;
-    EXPECT_EQ(diagrams::take_process_input(in),
+    ProcessInput in = input(Kind::polytropic, 400, 500, true, 450);
+    in.exponent = 1;
+    in.kappa = 1.2;
+    EXPECT_EQ(take(in),
               "The condition polytropic exp. n = 1 (=> isotherm) is in\n"
               "contradiction to your specification of \"T range\" ");
-    in.Exponent = 1.3;
-    in.Kappa = 0;
-    EXPECT_EQ(diagrams::take_process_input(in),
+    in.exponent = 1.3;
+    in.kappa = 0;
+    EXPECT_EQ(take(in),
               "not yet a valid kappa available\nInput your value or click on the\n"
               "ComboBox to apply one of the offered values");
-    in.Kappa = 1.2;
-    EXPECT_EQ(diagrams::take_process_input(in), "");
+    in.kappa = 1.2;
+    EXPECT_EQ(take(in), "");
     EXPECT_EQ(diagrams::polytropic_error_text(300, 500),
               "Error while the polytropic calculation\nT = 300\np = 500");
 }
 
 TEST_F(ProcessLines, AVapourFractionLiesBetweenZeroAndOne) {
     ProcessInput in;
-    in.Kind = Kind::kVapourFraction;
-    in.VapourFraction = 1.1;
-    EXPECT_EQ(diagrams::take_process_input(in), "Input not in the valid range");
-    in.VapourFraction = kNone;
-    EXPECT_EQ(diagrams::take_process_input(in), "Input not in the valid range");
-    in.VapourFraction = 0.3;
-    EXPECT_EQ(diagrams::take_process_input(in), "");
-    EXPECT_EQ(the_session.VapourFraction, 0.3);
+    in.kind = Kind::vapourFraction;
+    in.vapourFraction = 1.1;
+    EXPECT_EQ(take(in), "Input not in the valid range");
+    in.vapourFraction = kNone;
+    EXPECT_EQ(take(in), "Input not in the valid range");
+    in.vapourFraction = 0.3;
+    EXPECT_EQ(take(in), "");
+    EXPECT_EQ(process.vapourFraction, 0.3);
 }
 
 TEST_F(ProcessLines, CodesAndTitlesFollowTheKind) {
     const std::pair<int, int> codes[] = {{0, 201}, {1, 202}, {2, 204}, {3, 206},
                                          {4, 210}, {5, 210}, {6, 211}, {7, 107}};
-    for (const auto& [kind, code] : codes)
-        EXPECT_EQ(diagrams::process_code(static_cast<std::uint8_t>(kind), 107), code);
-    EXPECT_EQ(diagrams::texts_of_process(3).title, "Adding an Isochore");
-    EXPECT_EQ(diagrams::texts_of_process(3).heterogeneousTitle,
+    diagrams::ProcessLine line;
+    for (const auto& [kind, code] : codes) {
+        line.kind = static_cast<Kind>(kind);
+        EXPECT_EQ(diagrams::process_request(diagrams::diagram_of(107), line, {}).curve->code, code);
+    }
+    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(3)).title, "Adding an Isochore");
+    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(3)).heterogeneousTitle,
               "Adding an Isochore in the Heterogeneous Region V- L");
-    EXPECT_EQ(diagrams::texts_of_process(4).title, "Adding an Isentropic (= adiabatic reversible)");
-    EXPECT_EQ(diagrams::texts_of_process(4).command, "calc. s");
-    EXPECT_EQ(diagrams::texts_of_process(5).commandTip, " fixed value of the enthalpy ");
-    EXPECT_EQ(diagrams::texts_of_process(8).title, "Adding a Line of Const. Vapour Fraction y(V)");
+    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(4)).title,
+              "Adding an Isentropic (= adiabatic reversible)");
+    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(4)).command, "calc. s");
+    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(5)).commandTip,
+              " fixed value of the enthalpy ");
+    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(8)).title,
+              "Adding a Line of Const. Vapour Fraction y(V)");
 }
 
 TEST_F(ProcessLines, ALineOfOnePointIsExplained) {
     activate("Propane", 0);  // h of the ideal gas depends on T alone
-    EXPECT_EQ(diagrams::take_process_input(input(Kind::kIsotherm, 300, 100, false, 900)), "");
+    EXPECT_EQ(take(input(Kind::isotherm, 300, 100, false, 900)), "");
     EXPECT_EQ(note(15),
               "There is only one point drawn because this function is independent on pressure");
     EXPECT_EQ(note(16), "");
@@ -536,40 +537,43 @@ TEST_F(ProcessLines, ALineOfOnePointIsExplained) {
 TEST_F(ProcessLines, TheStartStateIsDescribed) {
     activate("Propane");
     const auto volume = [](double v) { return numbers::General(static_cast<float>(v)); };
-    const double vV = models::SolveStateTP(300, 500).vV;
-    EXPECT_EQ(diagrams::start_state_text(Kind::kIsotherm, 300, 500),
+    const double vV = solve(300, 500).vV;
+    EXPECT_EQ(diagrams::start_state_text(basis(), Kind::isotherm, 300, 500),
               " v = " + volume(vV) + " m^3/kmol V-Phase");
-    EXPECT_EQ(diagrams::phase_text(300, 500), "    V-Phase");
-    const double vL = models::SolveStateTP(300, 3000).vL;
-    EXPECT_EQ(diagrams::start_state_text(Kind::kIsochore, 300, 3000),
+    EXPECT_EQ(diagrams::phase_text(fluid(), 300, 500), "    V-Phase");
+    const double vL = solve(300, 3000).vL;
+    EXPECT_EQ(diagrams::start_state_text(basis(), Kind::isochore, 300, 3000),
               " v = " + volume(vL) + " m^3/kmol L-Phase");
-    EXPECT_EQ(diagrams::phase_text(300, 3000), "    L-Phase");
-    const auto e = diagrams::equilibrium_at_T(models::current_fluid(), 300);
-    EXPECT_EQ(diagrams::phase_text(300, e.p), "    phase equilibr. V-L");
-    EXPECT_TRUE(diagrams::start_state_text(Kind::kIsentropic, 300, e.p).starts_with(" v(L) = "));
-    EXPECT_NE(diagrams::start_state_text(Kind::kIsentropic, 300, e.p).find(" heterogen. L + V"),
-              std::string::npos);
-    EXPECT_NE(diagrams::start_state_text(Kind::kIsentropic, 300, e.p).find(" s(V) = "),
-              std::string::npos);
-    EXPECT_NE(diagrams::start_state_text(Kind::kIsenthalpic, 300, 500).find(" h = "),
-              std::string::npos);
-    EXPECT_EQ(diagrams::phase_text(the_substance.Tcrit, the_substance.pcrit), "    critical point");
+    EXPECT_EQ(diagrams::phase_text(fluid(), 300, 3000), "    L-Phase");
+    const auto e = diagrams::equilibrium_at_T(fluid(), 300);
+    EXPECT_EQ(diagrams::phase_text(fluid(), 300, e.p), "    phase equilibr. V-L");
     EXPECT_TRUE(
-        diagrams::start_state_text(Kind::kIsotherm, 300, 9000).ends_with("    supercritical (L)"));
-    EXPECT_TRUE(
-        diagrams::start_state_text(Kind::kIsotherm, 450, 900).ends_with("    supercritical (V)"));
-    EXPECT_TRUE(
-        diagrams::start_state_text(Kind::kIsotherm, 450, 9000).ends_with("supercritical (L = V)"));
+        diagrams::start_state_text(basis(), Kind::isentropic, 300, e.p).starts_with(" v(L) = "));
+    EXPECT_NE(
+        diagrams::start_state_text(basis(), Kind::isentropic, 300, e.p).find(" heterogen. L + V"),
+        std::string::npos);
+    EXPECT_NE(diagrams::start_state_text(basis(), Kind::isentropic, 300, e.p).find(" s(V) = "),
+              std::string::npos);
+    EXPECT_NE(diagrams::start_state_text(basis(), Kind::isenthalpic, 300, 500).find(" h = "),
+              std::string::npos);
+    EXPECT_EQ(diagrams::phase_text(fluid(), substance.Tcrit, substance.pcrit),
+              "    critical point");
+    EXPECT_TRUE(diagrams::start_state_text(basis(), Kind::isotherm, 300, 9000)
+                    .ends_with("    supercritical (L)"));
+    EXPECT_TRUE(diagrams::start_state_text(basis(), Kind::isotherm, 450, 900)
+                    .ends_with("    supercritical (V)"));
+    EXPECT_TRUE(diagrams::start_state_text(basis(), Kind::isotherm, 450, 9000)
+                    .ends_with("supercritical (L = V)"));
     set_units(3, 1);
-    EXPECT_NE(diagrams::start_state_text(Kind::kIsentropic, 300, 500).find(" kJ/(kg K)"),
+    EXPECT_NE(diagrams::start_state_text(basis(), Kind::isentropic, 300, 500).find(" kJ/(kg K)"),
               std::string::npos);
-    EXPECT_NE(diagrams::start_state_text(Kind::kIsenthalpic, 300, 500).find(" m^3/kg"),
+    EXPECT_NE(diagrams::start_state_text(basis(), Kind::isenthalpic, 300, 500).find(" m^3/kg"),
               std::string::npos);
 }
 
 TEST_F(ProcessLines, KappaIsThatOfTheIdealGas) {
     activate("Argon");
-    const auto offers = diagrams::kappa_offers(300);
+    const auto offers = diagrams::kappa_offers(basis(), 300);
     EXPECT_NEAR(offers[0].value, 5.0 / 3.0, 1e-3);
     EXPECT_TRUE(offers[0].text.starts_with("aus T1 = "));
     EXPECT_TRUE(offers[1].text.starts_with("aus T(ref) = "));

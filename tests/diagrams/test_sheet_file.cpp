@@ -15,17 +15,30 @@ using namespace quor;
 
 namespace {
 
-using legacy::the_session;
-using Module9::LoadOutcome;
+using diagrams::LoadOutcome;
 
 class SheetFile : public Sheet {
   protected:
     SheetFile() {
-        the_session.DiagramT = 300;
+        sheet.at.T = 300;
         open(1);
+        folder2D = folder().string() + "/";
     }
+    bool save() {
+        const diagrams::SaveAnswer answer = diagrams::save_oc2(sheet, folder2D);
+        folder2D = answer.folder;
+        return answer.saved;
+    }
+    LoadOutcome load() {
+        const diagrams::LoadAnswer answer = diagrams::load_oc2(sheet, folder2D, notePending);
+        notePending = false;
+        folder2D = answer.folder;
+        return answer.outcome;
+    }
+    std::string folder2D;
+    bool notePending = true;
     std::string path(const char* name) const { return (folder() / name).string(); }
-    static std::string read(const std::string& file) {
+    std::string read(const std::string& file) {
         std::ifstream in(file, std::ios::binary);
         std::ostringstream all;
         all << in.rdbuf();
@@ -37,47 +50,47 @@ class SheetFile : public Sheet {
 };
 
 TEST_F(SheetFile, LoadsWhatItSaved) {
-    Module9::Draw(sheet);
-    Module9::mark_coexistence(sheet);
-    Module9::mark_volume(sheet);
-    Module9::mark_critical_point(sheet, true);
-    Module9::store_point_set(sheet, {1, 2}, {3, 4}, "measured");
-    Module9::delete_curve(sheet, 2);
+    diagrams::draw(sheet, pen());
+    diagrams::mark_coexistence(sheet, pen());
+    diagrams::mark_volume(sheet, pen());
+    diagrams::mark_critical_point(sheet, pen(), true);
+    diagrams::store_point_set(sheet, {1, 2}, {3, 4}, "measured");
+    diagrams::delete_curve(sheet, 2);
     const chart::Chart2D before = sheet.chart;
     user.fileAnswers = {path("a.oc2"), path("a.oc2")};
-    ASSERT_TRUE(Module9::save_oc2(sheet));
+    ASSERT_TRUE(save());
     EXPECT_EQ(user.files[0].title, "Save this 2D-diagram design");
     EXPECT_EQ(user.files[0].filter, "picture file (*.oc2)|*.oc2");
-    EXPECT_EQ(the_session.FolderDiagram2D, folder().string() + "/");
+    EXPECT_EQ(folder2D, folder().string() + "/");
 
     open(1);
-    ASSERT_EQ(Module9::load_oc2(sheet), LoadOutcome::Loaded);
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
     EXPECT_EQ(user.files[1].title, "Load a saved pattern (*.oc2)");
     EXPECT_TRUE(sheet.chart == before);
-    EXPECT_EQ(sheet.CurveCount, 2);
-    EXPECT_TRUE(sheet.CurveFree[1]);
-    EXPECT_FALSE(sheet.CurveFree[2]);
-    EXPECT_EQ(sheet.PointSetCount, 1);
-    EXPECT_TRUE(Module9::has_marker_labels(sheet));
-    EXPECT_TRUE(Module9::has_critical_point(sheet, true));
-    EXPECT_FALSE(Module9::has_critical_point(sheet, false));
+    EXPECT_EQ(diagrams::curve_count(sheet), 2);
+    EXPECT_TRUE(is_free(1));
+    EXPECT_FALSE(is_free(2));
+    EXPECT_EQ(diagrams::point_set_count(sheet), 1);
+    EXPECT_TRUE(diagrams::has_marker_labels(sheet));
+    EXPECT_TRUE(diagrams::has_critical_point(sheet, true));
+    EXPECT_FALSE(diagrams::has_critical_point(sheet, false));
     EXPECT_TRUE(sheet.manualScaling);
     // No parameter is known after a load.
-    EXPECT_EQ(sheet.CurveParameters[0][1], 0);
-    EXPECT_EQ(sheet.CurveMarks[0], 0);
+    EXPECT_EQ(parameter(0, 1), 0);
+    EXPECT_EQ(sheet_curve(0).parameter, diagrams::Parameter::none);
     // The next curve goes to the lowest free slot, in the loaded window.
-    Module9::Draw(sheet);
-    EXPECT_FALSE(sheet.CurveFree[1]);
+    diagrams::draw(sheet, pen());
+    EXPECT_FALSE(is_free(1));
 }
 
 TEST_F(SheetFile, ShowsItsNoteOnce) {
     chart::save_chart(sheet.chart, path("a.oc2"));
     user.fileAnswers = {path("a.oc2"), path("a.oc2")};
-    Module9::load_oc2(sheet);
+    load();
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastTitle(), "Single Note");
     EXPECT_EQ(user.lastText().substr(0, 44), "If you intend to continue the designing of t");
-    Module9::load_oc2(sheet);
+    load();
     EXPECT_EQ(user.messages.size(), 1U);
 }
 
@@ -88,74 +101,77 @@ TEST_F(SheetFile, TakesTheWindowOfTheFile) {
     sheet.chart.y.max = 4;
     chart::save_chart(sheet.chart, path("a.oc2"));
     open(1);
-    ASSERT_EQ(Module9::load_oc2(sheet, path("a.oc2")), LoadOutcome::Loaded);
-    EXPECT_EQ(sheet.request.xMin, 1);
-    EXPECT_EQ(sheet.request.xMaxDefault, 2);
-    EXPECT_EQ(sheet.request.yMinDefault, 3);
-    EXPECT_EQ(sheet.request.yMax, 4);
+    ASSERT_EQ(diagrams::load_oc2(sheet, path("a.oc2")).outcome, LoadOutcome::Loaded);
+    EXPECT_EQ(sheet.request.window.xMin, 1);
+    EXPECT_EQ(sheet.request.proposed.xMax, 2);
+    EXPECT_EQ(sheet.request.proposed.yMin, 3);
+    EXPECT_EQ(sheet.request.window.yMax, 4);
 }
 
-TEST_F(SheetFile, TakesTheFirstTwentyFourCurvesOfALargerFile) {
+TEST_F(SheetFile, TakesAllCurvesAndPointsOfALargeFile) {
     for (int i = 0; i < 30; ++i) {
-        chart::Series& s = chart::series_at(sheet.chart, chart::Group::Curves, i);
-        s.x = {1, 2};
-        s.y = {1, static_cast<float>(i)};
+        diagrams::NewCurve drawn = points_on_line(3);
+        drawn.name = {"legend " + std::to_string(i), "label " + std::to_string(i)};
+        diagrams::store_curve(sheet, std::move(drawn), 1e9F);
     }
-    for (int i = 0; i < 14; ++i) {
-        chart::Series& s = chart::series_at(sheet.chart, chart::Group::Points, i);
-        s.x = {1};
-        s.y = {2};
-    }
+    for (int i = 0; i < 14; ++i) diagrams::store_point_set(sheet, {1}, {2}, "set");
+    diagrams::mark_volume(sheet, pen());
+    diagrams::mark_critical_point(sheet, pen(), true);
+    diagrams::mark_critical_point(sheet, pen(), false);
+    const chart::Chart2D before = sheet.chart;
     chart::save_chart(sheet.chart, path("many.oc2"));
-    ASSERT_EQ(Module9::load_oc2(sheet, path("many.oc2")), LoadOutcome::Loaded);
-    EXPECT_EQ(sheet.CurveCount, 24);
-    EXPECT_EQ(sheet.chart.curves.size(), 24U);
-    EXPECT_EQ(sheet.PointSetCount, 12);
-    EXPECT_EQ(Module9::store_curve(sheet, line(3)), -1);
-    EXPECT_TRUE(hasMessage("Maximum 24 curves possible\nDelete existing curves"));
+    open(1);
+    ASSERT_EQ(diagrams::load_oc2(sheet, path("many.oc2")).outcome, LoadOutcome::Loaded);
+    EXPECT_TRUE(sheet.chart == before);
+    EXPECT_EQ(diagrams::curve_count(sheet), 30);
+    EXPECT_EQ(diagrams::point_set_count(sheet), 14);
+    EXPECT_TRUE(diagrams::has_reference_lines(sheet));
+    EXPECT_TRUE(diagrams::has_critical_point(sheet, true));
+    EXPECT_TRUE(diagrams::has_critical_point(sheet, false));
+    EXPECT_EQ(store(points_on_line(3)), 30);
 }
 
 TEST_F(SheetFile, LoadsADiagramWhoseCurvesAreAllDeleted) {
-    Module9::Draw(sheet);
-    Module9::delete_curve(sheet, 0);
+    diagrams::draw(sheet, pen());
+    diagrams::delete_curve(sheet, 0);
     sheet.chart.labels.clear();
     chart::save_chart(sheet.chart, path("empty.oc2"));
-    ASSERT_EQ(Module9::load_oc2(sheet, path("empty.oc2")), LoadOutcome::Loaded);
-    EXPECT_EQ(sheet.CurveCount, 0);
-    EXPECT_FALSE(Module9::has_anything(sheet));
+    ASSERT_EQ(diagrams::load_oc2(sheet, path("empty.oc2")).outcome, LoadOutcome::Loaded);
+    EXPECT_EQ(diagrams::curve_count(sheet), 0);
+    EXPECT_FALSE(diagrams::has_anything(sheet));
 }
 
 TEST_F(SheetFile, UndoesTheSwapBeforeALoad) {
     chart::save_chart(sheet.chart, path("a.oc2"));
-    Module9::change_xy(sheet);
+    diagrams::change_xy(sheet);
     user.fileAnswers = {path("a.oc2")};
-    ASSERT_EQ(Module9::load_oc2(sheet), LoadOutcome::Loaded);
-    EXPECT_FALSE(sheet.SwappedAxes);
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_FALSE(sheet.swappedAxes);
     EXPECT_EQ(sheet.chart.x.title, "v / (m^3/kmol)");
 }
 
 TEST_F(SheetFile, KeepsTheDiagramWhenTheDialogIsCancelled) {
-    Module9::Draw(sheet);
+    diagrams::draw(sheet, pen());
     user.fileAnswers = {std::nullopt};
-    EXPECT_EQ(Module9::load_oc2(sheet), LoadOutcome::Cancelled);
-    EXPECT_EQ(sheet.CurveCount, 1);
+    EXPECT_EQ(load(), LoadOutcome::Cancelled);
+    EXPECT_EQ(diagrams::curve_count(sheet), 1);
 }
 
 TEST_F(SheetFile, RecommendsNotToSaveTheSwappedState) {
-    Module9::change_xy(sheet);
+    diagrams::change_xy(sheet);
     user.answers = {dialogs::Answer::No};
-    EXPECT_FALSE(Module9::save_oc2(sheet));
+    EXPECT_FALSE(save());
     EXPECT_EQ(user.lastText(),
               "Recommendation: Do not save the diagram in the rotated state (x<=>y).\nContinue?");
     EXPECT_TRUE(user.files.empty());
     user.answers = {dialogs::Answer::Yes};
     user.fileAnswers = {path("s")};
-    EXPECT_TRUE(Module9::save_oc2(sheet));
+    EXPECT_TRUE(save());
     EXPECT_TRUE(std::filesystem::exists(path("s.oc2")));
 }
 
 TEST_F(SheetFile, RefusesDamagedFilesWithAReason) {
-    Module9::Draw(sheet);
+    diagrams::draw(sheet, pen());
     chart::save_chart(sheet.chart, path("good.oc2"));
     const std::string good = read(path("good.oc2"));
     const chart::Chart2D before = sheet.chart;
@@ -163,61 +179,62 @@ TEST_F(SheetFile, RefusesDamagedFilesWithAReason) {
                                               "[1,2,3]"};
     for (const std::string& text : damaged) {
         write(path("bad.oc2"), text);
-        EXPECT_EQ(Module9::load_oc2(sheet, path("bad.oc2")), LoadOutcome::Failed);
+        EXPECT_EQ(diagrams::load_oc2(sheet, path("bad.oc2")).outcome, LoadOutcome::Failed);
         EXPECT_NE(user.lastText().find("bad.oc2"), std::string::npos);
         EXPECT_TRUE(sheet.chart == before);
     }
-    EXPECT_EQ(Module9::load_oc2(sheet, path("missing.oc2")), LoadOutcome::Failed);
+    EXPECT_EQ(diagrams::load_oc2(sheet, path("missing.oc2")).outcome, LoadOutcome::Failed);
 }
 
 TEST_F(SheetFile, TellsWhyItCannotSave) {
     user.fileAnswers = {path("no/such/folder/a.oc2")};
-    EXPECT_FALSE(Module9::save_oc2(sheet));
+    EXPECT_FALSE(save());
     EXPECT_EQ(user.lastTitle(), "ERROR");
     EXPECT_FALSE(user.lastText().empty());
 }
 
-TEST_F(SheetFile, WritesACurveAsXY) {
-    sheet.request.xMax = 100;
-    Module9::store_curve(sheet, line(3));
-    user.fileAnswers = {path("c.XY")};
-    ASSERT_TRUE(Module9::save_curve(sheet, 0));
-    EXPECT_EQ(read(path("c.XY")),
-              "3 curve points\r\n.1000000E+01;.2000000E+01\r\n.2000000E+01;.4000000E+01\r\n"
-              ".3000000E+01;.6000000E+01\r\n");
-    EXPECT_FALSE(Module9::save_curve(sheet, 5));
+TEST_F(SheetFile, GivesTheShownPointsOfACurve) {
+    sheet.request.window.xMax = 100;
+    store(points_on_line(3));
+    sheet.chart.curves[0].y[1] = chart::kHole;
+    const diagrams::CurvePoints points = diagrams::shown_points(sheet, 0);
+    ASSERT_EQ(points.size(), 2U);
+    EXPECT_EQ(points[0].y, 2);
+    EXPECT_EQ(points[1].x, 3);
+    EXPECT_TRUE(diagrams::shown_points(sheet, 5).empty());
 }
 
 TEST_F(SheetFile, CopiesACurveAsATable) {
-    sheet.request.xMax = 100;
-    Module9::store_curve(sheet, line(2, 300.5F, diagrams::kMarkT));
-    EXPECT_EQ(Module9::curve_table(sheet, 0),
+    sheet.request.window.xMax = 100;
+    store(points_on_line(2, 300.5F, diagrams::Parameter::T));
+    EXPECT_EQ(diagrams::curve_table(sheet, 0),
               "v / (m^3/kmol)\tp / kPa\tT/K\n1\t2\t300.5\n2\t4\t300.5\n");
     numbers::set_decimal_mark(',');
-    EXPECT_EQ(Module9::curve_table(sheet, 0),
+    EXPECT_EQ(diagrams::curve_table(sheet, 0),
               "v / (m^3/kmol)\tp / kPa\tT/K\n1\t2\t300,5\n2\t4\t300,5\n");
     numbers::set_decimal_mark('.');
-    EXPECT_EQ(Module9::curve_table(sheet, 1), "");
+    EXPECT_EQ(diagrams::curve_table(sheet, 1), "");
 }
 
 // ---------------------------------------------------------------------------- experimental points
 
 class SheetPoints : public SheetFile {
   protected:
-    static void data(std::vector<calculation::BatchDataSet> sets) {
-        legacy::the_BatchData.resize(1);
-        for (calculation::BatchDataSet& set : sets) legacy::the_BatchData.push_back(set);
-        the_session.BatchCount = static_cast<std::int16_t>(sets.size());
+    static constexpr diagrams::MeasuredState kState{300, 500, 10, 0, 0, 0};
+    static constexpr diagrams::MeasuredState kSaturated{300, 998, 21, 490, 14600, 120};
+
+    diagrams::MeasuredPoints map_measured(int code) const {
+        return diagrams::map_measured(diagrams::diagram_of(code), basis(), data, 300);
     }
-    static constexpr calculation::BatchDataSet kState{0, 300, 500, 10, 0, 0, 0};
-    static constexpr calculation::BatchDataSet kSaturated{0, 300, 998, 21, 490, 14600, 120};
+    bool add() { return diagrams::add_measured_points(sheet, pen(), data, "file.BAQ"); }
+
+    std::vector<diagrams::MeasuredState> data{kState};
 };
 
 TEST_F(SheetPoints, MapsStatesToTheAxesOfTheSections) {
-    data({kState});
-    const auto M = static_cast<float>(legacy::the_substance.M);
+    const auto M = static_cast<float>(substance.M);
     struct Expected {
-        std::int16_t code;
+        int code;
         float x, y;
     };
     for (const Expected& e :
@@ -225,7 +242,7 @@ TEST_F(SheetPoints, MapsStatesToTheAxesOfTheSections) {
           Expected{3, M / 10, 300}, Expected{4, 10, 300}, Expected{5, 300, 500},
           Expected{9, 300, 500}, Expected{10, 1 / 300.0F, std::log(500.0F)},
           Expected{307, 300, 500}}) {
-        const Module9::MeasuredPoints p = Module9::map_measured(e.code);
+        const diagrams::MeasuredPoints p = map_measured(e.code);
         ASSERT_EQ(p.x.size(), 1U) << e.code;
         EXPECT_FLOAT_EQ(p.x[0], e.x) << e.code;
         EXPECT_FLOAT_EQ(p.y[0], e.y) << e.code;
@@ -233,58 +250,49 @@ TEST_F(SheetPoints, MapsStatesToTheAxesOfTheSections) {
 }
 
 TEST_F(SheetPoints, MapsBothDensitiesOfTheEquilibrium) {
-    data({kSaturated});
-    const Module9::MeasuredPoints p = Module9::map_measured(8);
+    data = {kSaturated};
+    const diagrams::MeasuredPoints p = map_measured(8);
     EXPECT_EQ(p.x, (std::vector<float>{300, 300}));
     EXPECT_EQ(p.y, (std::vector<float>{21, 490}));
-    EXPECT_EQ(Module9::map_measured(6).x.size(), 2U);
-    EXPECT_EQ(Module9::map_measured(300).y, (std::vector<float>{490}));
-    EXPECT_EQ(Module9::map_measured(13).y, (std::vector<float>{14600}));
-    EXPECT_EQ(Module9::map_measured(305).y, (std::vector<float>{14600}));
-    EXPECT_EQ(Module9::map_measured(19).y, (std::vector<float>{120}));
-    EXPECT_EQ(Module9::map_measured(154).x, (std::vector<float>{998}));
-    EXPECT_TRUE(Module9::map_measured(15).x.empty());
+    EXPECT_EQ(map_measured(6).x.size(), 2U);
+    EXPECT_EQ(map_measured(300).y, (std::vector<float>{490}));
+    EXPECT_EQ(map_measured(13).y, (std::vector<float>{14600}));
+    EXPECT_EQ(map_measured(305).y, (std::vector<float>{14600}));
+    EXPECT_EQ(map_measured(19).y, (std::vector<float>{120}));
+    EXPECT_EQ(map_measured(154).x, (std::vector<float>{998}));
+    EXPECT_TRUE(map_measured(15).x.empty());
 }
 
-TEST_F(SheetPoints, LeavesOutInactiveLinesAndMissingValues) {
-    calculation::BatchDataSet inactive = kState, withoutT = kState;
-    inactive.skip = -1;
+TEST_F(SheetPoints, LeavesOutMissingValues) {
+    diagrams::MeasuredState withoutT = kState;
     withoutT.T = 0;
-    data({inactive, withoutT, kState});
-    EXPECT_EQ(Module9::map_measured(5).x.size(), 1U);
-    the_session.BatchCount = 500;  // never behind the data
-    EXPECT_EQ(Module9::map_measured(5).x.size(), 1U);
+    data = {withoutT, kState};
+    EXPECT_EQ(map_measured(5).x.size(), 1U);
 }
 
 TEST_F(SheetPoints, AddsDataInTheWindowOnly) {
-    data({kState});
-    ASSERT_TRUE(Module9::add_measured_points(sheet) ||
-                hasMessage("No experimental points in this range of the diagram "));
-    Module9::delete_point_set(sheet, 0);
-    Module9::set_coordinates(sheet, {{4, 5}, {0, 1000}});
-    ASSERT_TRUE(Module9::add_measured_points(sheet));
-    EXPECT_EQ(sheet.PointSetCount, 1);
-    Module9::set_coordinates(sheet, {{5, 6}, {0, 1000}});
-    EXPECT_FALSE(Module9::add_measured_points(sheet));
+    ASSERT_TRUE(add() || hasMessage("No experimental points in this range of the diagram "));
+    diagrams::delete_point_set(sheet, 0);
+    diagrams::set_coordinates(sheet, {{4, 5}, {0, 1000}});
+    ASSERT_TRUE(add());
+    EXPECT_EQ(diagrams::point_set_count(sheet), 1);
+    EXPECT_EQ(sheet.chart.points[0].legend, "file.BAQ");
+    diagrams::set_coordinates(sheet, {{5, 6}, {0, 1000}});
+    EXPECT_FALSE(add());
     EXPECT_EQ(user.lastText(), "No experimental points in this range of the diagram ");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_EQ(sheet.PointSetCount, 1);
+    EXPECT_EQ(diagrams::point_set_count(sheet), 1);
 }
 
 TEST_F(SheetPoints, TakesPointsAndCurveFromTheEditor) {
-    legacy::the_xyPoints = {{1, 2, 0}};
-    legacy::the_xyComment = "from paper";
-    EXPECT_FALSE(Module9::add_editor_curve(sheet));
-    EXPECT_EQ(user.lastText(), "at least two active points!");
-    ASSERT_TRUE(Module9::add_editor_points(sheet));
+    EXPECT_FALSE(diagrams::add_editor_points(sheet, {}, {}, ""));
+    ASSERT_TRUE(diagrams::add_editor_points(sheet, {1}, {2}, "from paper"));
     EXPECT_EQ(sheet.chart.points[0].legend, "from paper");
-    legacy::the_xyPoints = {{1, 2, 0}, {2, 9, -1}, {3, 4, 0}};
-    sheet.request.xMax = 100;
-    ASSERT_TRUE(Module9::add_editor_curve(sheet));
+    sheet.request.window.xMax = 100;
+    ASSERT_TRUE(diagrams::add_editor_curve(sheet, {1, 3}, {2, 4}, "  "));
     EXPECT_EQ(curve(0).y, (std::vector<float>{2, 4}));
-    legacy::the_xyPoints.clear();
-    EXPECT_FALSE(Module9::add_editor_points(sheet));
-    EXPECT_EQ(user.lastText(), "at least one active point!");
+    EXPECT_EQ(curve(0).legend, "manual data input");
+    EXPECT_EQ(label_of(0).text, "");
 }
 
 }  // namespace

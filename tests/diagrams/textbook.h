@@ -9,7 +9,7 @@ using namespace quor;
 /// Berthelot 3, Redlich/Kwong 4, Soave 5, Peng/Robinson 6. K, kPa, m^3/kmol.
 class Textbook {
   public:
-    Textbook(std::int16_t code, double Tcrit, double pcrit, double omega)
+    Textbook(int code, double Tcrit, double pcrit, double omega)
         : code_(code), Tc_(Tcrit), pc_(pcrit), omega_(omega) {}
 
     static constexpr double R = 8.31451;
@@ -69,6 +69,6 @@ class Textbook {
         return root * root;
     }
 
-    std::int16_t code_;
+    int code_;
     double Tc_, pc_, omega_;
 };

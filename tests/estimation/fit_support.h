@@ -51,12 +51,21 @@ inline FitState State(std::int16_t model, std::vector<datafiles::FitPoint> point
                       const models::SubstanceRecord& substance = {}, bool lg = false) {
     FitState state;
     state.lg = lg;
-    estimation::choose_model(state, model, substance);
+    state.substance = substance;
+    estimation::choose_model(state, model);
     state.FitPoints = std::move(points);
     state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
     for (const auto& point : state.FitPoints)
         if (!estimation::IsActive(point)) ++state.NInactive;
     return state;
+}
+
+/// Runs a fit on a state; false, with the state as it was, when it is refused.
+inline bool start_fit(FitState& state) {
+    Result<FitState> result = estimation::run_fit(state);
+    if (!result) return false;
+    state = *std::move(result);
+    return true;
 }
 
 inline bool Constant(double, const Parameters& par, const ModelContext&, double& y) {

@@ -320,7 +320,7 @@ TEST(FitModels, TabsCarryTheirCaptionsAndUnits) {
 
 TEST(FitModels, AnUnknownNumberChangesNothing) {
     FitState state = State(9, {});
-    EXPECT_FALSE(choose_model(state, 12, {}));
+    EXPECT_FALSE(choose_model(state, 12));
     EXPECT_EQ(state.FitModel, 9);
     EXPECT_EQ(state.NPar, 3);
 }

@@ -9,7 +9,6 @@
 #include "estimation/model_functions.h"
 #include "estimation/student_t.h"
 #include "estimation/synthetic.h"
-#include "support/session_test.h"
 
 using namespace quor;
 
@@ -19,45 +18,46 @@ using namespace fit_support;
 using estimation::FitGraph;
 using estimation::kInactive;
 using estimation::kNoStdDev;
-using legacy::the_session;
 
-class FitRun : public SessionTest {
+class FitRun : public testing::Test {
   protected:
-    void expectRefusal(FitState& state, const std::string& text) {
-        const std::size_t before = user.messages.size();
-        EXPECT_FALSE(start_fit(state));
-        ASSERT_EQ(user.messages.size(), before + 1);
-        EXPECT_EQ(user.messages.back().text, text);
-        EXPECT_EQ(user.messages.back().title, "Execution not possible");
-        EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Stop);
-        EXPECT_FALSE(state.fitted);
+    static void expectRefusal(const FitState& state, const std::string& text) {
+        const Result<FitState> result = estimation::run_fit(state);
+        ASSERT_FALSE(result);
+        EXPECT_EQ(result.reason(), text);
     }
-    /// Batch data with all columns told apart.
-    void fillBatch() {
-        legacy::the_BatchData.assign(4, {});
-        for (std::size_t i = 1; i < 4; ++i) {
-            auto& d = legacy::the_BatchData[i];
+    /// Experimental data with all columns told apart.
+    static std::vector<datafiles::MeasuredPoint> three_lines() {
+        std::vector<datafiles::MeasuredPoint> data;
+        for (int i = 1; i < 4; ++i) {
             const auto k = static_cast<float>(i);
-            d.T = 300.0 + static_cast<double>(i);
-            d.p = 100.0 * static_cast<double>(i);
-            d.rhoL = 800 + k;
-            d.rhoV = 8 + k;
-            d.hLV = 20000 + k;
-            d.cp = 75 + k;
+            data.push_back({.T = 300.0 + i,
+                            .p = 100.0 * i,
+                            .rhoV = 8 + k,
+                            .rhoL = 800 + k,
+                            .hLV = 20000 + k,
+                            .cp = 75 + k});
         }
-        the_session.BatchCount = 3;
-        the_session.FitDataSource = 1;
+        return data;
+    }
+    static FitState of_data(const std::vector<datafiles::MeasuredPoint>& data, int column = 1) {
+        FitState state;
+        EXPECT_EQ(estimation::set_fit_points(state, estimation::fit_points(data, column), true),
+                  std::nullopt);
+        return state;
+    }
+    static FitState of_points(std::vector<datafiles::FitPoint> points) {
+        FitState state;
+        EXPECT_EQ(estimation::set_fit_points(state, std::move(points), false), std::nullopt);
+        return state;
     }
 };
 
 TEST_F(FitRun, PointsComeFromTheColumnOfTheTpvEditor) {
-    fillBatch();
-    const std::vector<std::pair<std::int16_t, float>> columns{
+    const std::vector<std::pair<int, float>> columns{
         {1, 100.0F}, {2, 801.0F}, {3, 9.0F}, {4, 20001.0F}, {5, 76.0F}};
     for (const auto& [column, y] : columns) {
-        the_session.FitColumn = column;
-        FitState state;
-        load_fit_points(state);
+        const FitState state = of_data(three_lines(), column);
         EXPECT_EQ(state.NPoints, 3);
         EXPECT_EQ(state.NInactive, 0);
         EXPECT_EQ(state.FitPoints[0].x, 301.0F);
@@ -68,11 +68,10 @@ TEST_F(FitRun, PointsComeFromTheColumnOfTheTpvEditor) {
 }
 
 TEST_F(FitRun, LinesWithoutTemperatureOrSwitchedOffAreInactive) {
-    fillBatch();
-    legacy::the_BatchData[1].skip = -1;
-    legacy::the_BatchData[2].T = 0;
-    FitState state;
-    load_fit_points(state);
+    auto data = three_lines();
+    data[0].skip = -1;
+    data[1].T = 0;
+    const FitState state = of_data(data);
     EXPECT_EQ(state.NPoints, 3);
     EXPECT_EQ(state.NInactive, 2);
     EXPECT_EQ(state.FitPoints[0].mark, kInactive);
@@ -81,45 +80,27 @@ TEST_F(FitRun, LinesWithoutTemperatureOrSwitchedOffAreInactive) {
 }
 
 TEST_F(FitRun, LinesWithoutAValueInTheColumnAreInactive) {
-    fillBatch();
-    legacy::the_BatchData[3].cp = 0;
-    the_session.FitColumn = 5;
-    FitState state;
-    load_fit_points(state);
+    auto data = three_lines();
+    data[2].cp = 0;
+    const FitState state = of_data(data, 5);
     EXPECT_EQ(state.NInactive, 1);
     EXPECT_EQ(state.FitPoints[2].mark, kInactive);
 }
 
-TEST_F(FitRun, ACountBeyondTheDataTakesWhatIsThere) {
-    fillBatch();
-    the_session.BatchCount = 500;
-    FitState state;
-    load_fit_points(state);
-    EXPECT_EQ(state.NPoints, 3);
-    the_session.BatchCount = -3;
-    load_fit_points(state);
-    EXPECT_EQ(state.NPoints, 0);
-}
-
 TEST_F(FitRun, PointsComeFromTheXyEditor) {
-    legacy::the_xyPoints = {{1, 2, 0}, {0, 5, 0}, {3, 0, 0}, {4, 1, kInactive}};
-    FitState state;
-    load_fit_points(state);
+    const FitState state = of_points({{1, 2, 0}, {0, 5, 0}, {3, 0, 0}, {4, 1, kInactive}});
     EXPECT_EQ(state.NPoints, 4);
     EXPECT_EQ(state.NInactive, 2);
     EXPECT_EQ(state.FitPoints[1].mark, kInactive);
     EXPECT_NE(state.FitPoints[2].mark, kInactive);
     EXPECT_EQ(fit_title(state), " Fitting y = f(T) (2 (active) sets of data loaded from XY editor");
-    legacy::the_xyPoints.clear();
-    load_fit_points(state);
-    EXPECT_EQ(fit_title(state), " Fitting y = f(T) (data not yet loaded)");
+    EXPECT_EQ(fit_title(of_points({})), " Fitting y = f(T) (data not yet loaded)");
 }
 
 TEST_F(FitRun, PointsThatAreNoNumbersAreInactive) {
     const float infinite = std::numeric_limits<float>::infinity();
-    legacy::the_xyPoints = {{1, infinite, 0}, {2, std::nanf(""), 0}, {infinite, 1, 0}, {4, 1, 0}};
-    FitState state;
-    load_fit_points(state);
+    const FitState state =
+        of_points({{1, infinite, 0}, {2, std::nanf(""), 0}, {infinite, 1, 0}, {4, 1, 0}});
     EXPECT_EQ(state.NInactive, 3);
     // Even an active one never brings a result that is no number.
     FitState raw = State(11, Points({{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}, {6, 6}}));
@@ -131,11 +112,11 @@ TEST_F(FitRun, PointsThatAreNoNumbersAreInactive) {
 }
 
 TEST_F(FitRun, MorePointsThanSixteenBitsCountAreCutAndTold) {
-    legacy::the_xyPoints.assign(40000, {1, 1, 0});
     FitState state;
-    load_fit_points(state);
+    const auto note = estimation::set_fit_points(
+        state, std::vector<datafiles::FitPoint>(40000, {1, 1, 0}), false);
     EXPECT_EQ(state.NPoints, 32767);
-    EXPECT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(note, "Only the first 32767 points are used.");
 }
 
 TEST_F(FitRun, RefusalsComeInTheirOrder) {
@@ -165,12 +146,6 @@ TEST_F(FitRun, RefusalsComeInTheirOrder) {
     state.FitPoints[2].mark = 0;
     state.NInactive = 0;
     EXPECT_TRUE(start_fit(state));
-}
-
-TEST_F(FitRun, TheBusyPointerShowsDuringAFit) {
-    FitState state = State(11, Points({{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}}));
-    ASSERT_TRUE(start_fit(state));
-    EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
 }
 
 TEST_F(FitRun, StartsAndResultsAreInTheirOwnUnits) {
@@ -245,14 +220,13 @@ TEST_F(FitRun, CombiExpressionNeedsPositiveXForItsLastTerms) {
     zero[0].x = 0;
     FitProblem problem = make_problem(state, *estimation::find_model(1));
     problem.points = zero;
-    Parameters par{};
-    EXPECT_FALSE(linear_regression_fit(problem, estimation::combi_basis, par).failed);
+    EXPECT_TRUE(linear_regression_fit(problem, estimation::combi_basis));
     problem.fixed[6] = false;
-    EXPECT_TRUE(linear_regression_fit(problem, estimation::combi_basis, par).failed);
+    EXPECT_FALSE(linear_regression_fit(problem, estimation::combi_basis));
     // An inactive point does not count.
     zero[0].mark = kInactive;
     problem.points = zero;
-    EXPECT_FALSE(linear_regression_fit(problem, estimation::combi_basis, par).failed);
+    EXPECT_TRUE(linear_regression_fit(problem, estimation::combi_basis));
 }
 
 TEST_F(FitRun, DependentTermsOfALinearModelAreLeftAlone) {
@@ -465,7 +439,7 @@ TEST_F(FitRun, TheLogarithmicGraphNeedsPositiveValues) {
     FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 300, 400}, 11);
     state.FitPar = {7.1962, 1730.63, 233.426};
     const auto graph = lnp_graph(state);
-    ASSERT_TRUE(graph.has_value());
+    ASSERT_TRUE(graph);
     EXPECT_EQ(graph->title, "fitted function ln{p} = f(1/T))");
     EXPECT_EQ(graph->yTitle, "ln (p/kPa)");
     EXPECT_EQ(graph->xTitle, "1/ (T/K)");
@@ -475,9 +449,7 @@ TEST_F(FitRun, TheLogarithmicGraphNeedsPositiveValues) {
     for (const bool zeroT : {true, false}) {
         FitState bad = state;
         (zeroT ? bad.FitPoints[3].x : bad.FitPoints[3].y) = 0;
-        EXPECT_FALSE(lnp_graph(bad).has_value());
-        EXPECT_EQ(user.lastText(), "T- and p-column may not contain zero values!");
-        EXPECT_EQ(user.lastTitle(), "Execution not possible");
+        EXPECT_EQ(lnp_graph(bad).reason(), "T- and p-column may not contain zero values!");
     }
 }
 
@@ -488,35 +460,33 @@ TEST_F(FitRun, SingleValuesGoBothWays) {
         state.FitPar = set.truth;
         const double x = set.from + 0.37 * (set.to - set.from);
         const auto y = fitted_y(state, x);
-        ASSERT_TRUE(y.has_value());
+        ASSERT_TRUE(y);
         const auto back = fitted_x(state, *y);
-        ASSERT_TRUE(back.has_value());
+        ASSERT_TRUE(back);
         double again = 0;
         ASSERT_TRUE(evaluate_fit(state, *back, again));
         EXPECT_NEAR(again, *y, 1e-9 * std::fabs(*y));
         if (set.model <= 1) continue;  // those are not monotonous
         EXPECT_NEAR(*back, x, 1e-5 * x);
     }
-    EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(FitRun, SingleValuesThatDoNotExistAreTold) {
     FitState state = SyntheticState({8, false, {-7.77, 1.48, -2.77, -1.3}, 300, 640}, 20);
     state.FitPar = {-7.77, 1.48, -2.77, -1.3};
-    EXPECT_FALSE(fitted_y(state, 700).has_value());
-    EXPECT_EQ(user.lastTitle(), "Error");
-    EXPECT_FALSE(fitted_x(state, 30000).has_value());
-    EXPECT_EQ(user.messages.size(), 2U);
-    EXPECT_FALSE(fitted_x(State(11, {}), 1).has_value());
+    constexpr const char* none = "The fitted function has no result for this value.";
+    EXPECT_EQ(fitted_y(state, 700).reason(), none);
+    EXPECT_EQ(fitted_x(state, 30000).reason(), none);
+    EXPECT_EQ(fitted_x(State(11, {}), 1).reason(), none);
 }
 
 TEST_F(FitRun, APoleIsNoResult) {
     // 1/x jumps from minus to plus infinity at 0: it is nowhere 0.
     FitState state = State(1, Points({{1, 1}, {2, 0.5}, {3, 1 / 3.0}, {4, 0.25}}));
     state.FitPar = {0, 0, 0, 0, 1, 0, 0};
-    EXPECT_FALSE(fitted_x(state, 0).has_value());
+    EXPECT_FALSE(fitted_x(state, 0));
     const auto x = fitted_x(state, 0.8);
-    ASSERT_TRUE(x.has_value());
+    ASSERT_TRUE(x);
     EXPECT_NEAR(*x, 1.25, 1e-9);
 }
 

@@ -19,7 +19,7 @@ class GraphTest : public FrameTest {
         openSubstance(fluid);
     }
 
-    static Module9::DiagramSheet& sheet() { return DiagramWindow::current()->sheet(); }
+    static diagrams::DiagramSheet& sheet() { return DiagramWindow::current()->sheet(); }
     static const chart::Series& curve(int slot) {
         return sheet().chart.curves.at(static_cast<std::size_t>(slot));
     }

@@ -65,7 +65,7 @@ class Cycles : public GraphTest {
     };
     /// Draws a line; the fields are T1, p1, T2, p2. A line without a start goes on from the last.
     void line(int kind, std::vector<Field> fields, std::vector<const char*> options) {
-        const int before = sheet().CurveCount;
+        const int before = diagrams::curve_count(sheet());
         when("frmInputProzessLinien", [this, fields, options] {
             for (const char* option : options) click(option);
             for (const Field& f : fields)
@@ -75,7 +75,7 @@ class Cycles : public GraphTest {
         });
         choose(QString("mnuAddProcessLine_%1").arg(kind));
         EXPECT_TRUE(user.messages.empty()) << user.lastText();
-        ASSERT_EQ(sheet().CurveCount, before + 1);
+        ASSERT_EQ(diagrams::curve_count(sheet()), before + 1);
         legs.push_back(before);
     }
     /// From the end of the last line to the start of the line in a slot, or to a place.
@@ -89,10 +89,10 @@ class Cycles : public GraphTest {
 
     /// Every line begins where the one before ends, and the last ends where the first begins.
     void expectClosed(const std::string& what) {
-        const double xSpan =
-            std::fabs(static_cast<double>(sheet().request.xMax - sheet().request.xMin));
-        const double ySpan =
-            std::fabs(static_cast<double>(sheet().request.yMax - sheet().request.yMin));
+        const double xSpan = std::fabs(
+            static_cast<double>(sheet().request.window.xMax - sheet().request.window.xMin));
+        const double ySpan = std::fabs(
+            static_cast<double>(sheet().request.window.yMax - sheet().request.window.yMin));
         constexpr double kResolution = 1.0 / 300;  // a point of a curve
         for (std::size_t i = 0; i < legs.size(); ++i) {
             const QPointF end = last(legs[i]), start = first(legs[(i + 1) % legs.size()]);

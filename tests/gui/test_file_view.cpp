@@ -4,11 +4,10 @@
 #include <QListWidget>
 #include <fstream>
 
-#include "datafiles/batch_file.h"
-#include "datafiles/project.h"
 #include "gui/data/editor_views.h"
 #include "gui/frame_test.h"
 #include "legacy/declare.h"
+#include "session/project_session.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -85,7 +84,7 @@ TEST_F(FileViewTest, ShowsTheFilesOfItsKindAndWhatTheMarkedOneIsAbout) {
 
 TEST_F(FileViewTest, AProjectTellsItsSubstanceToo) {
     user.fileAnswers = {path("mine.QCF")};
-    datafiles::save_project(true);
+    session::save_project(true);
     ASSERT_TRUE(fs::exists(folder() / "mine.QCF"));
     dialogs::FileChoice projects = choice();
     projects.filter = "Project (*.QCF)|*.QCF";

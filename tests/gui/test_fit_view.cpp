@@ -1,6 +1,5 @@
 #include <cmath>
 
-#include "datafiles/xy_file.h"
 #include "estimation/fit_models.h"
 #include "gui/data/editor_views.h"
 #include "gui/editor_drive.h"
@@ -11,6 +10,7 @@
 #include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/vapour_pressure.h"
+#include "session/xy_session.h"
 #include "support/codes.h"
 #include "support/fluids.h"
 
@@ -24,7 +24,6 @@ using drive::click;
 using drive::read;
 using drive::tab;
 using drive::type;
-using estimation::fit;
 using legacy::the_session;
 using legacy::the_substance;
 using legacy::the_xyPoints;
@@ -42,7 +41,6 @@ double number(const QString& name) {
 class Fitting : public ViewTest {
   protected:
     Fitting() {
-        fit = {};
         the_xyPoints.clear();
         the_substance = fluids::Row("Benzene");
         editor_views::Install();
@@ -50,14 +48,16 @@ class Fitting : public ViewTest {
     }
     void TearDown() override {
         ViewTest::TearDown();
-        fit = {};
         the_xyPoints.clear();
         legacy::the_BatchData.assign(2, {});
     }
 
+    /// The fit of the open view.
+    static const estimation::FitState& state() {
+        return drive::get<FitView>("frmQFitting")->state();
+    }
     static void sample(const std::string& name) {
-        ASSERT_FALSE(
-            datafiles::xy_load(std::string(QUOR_SOURCE_DATA) + "/samples/" + name).empty());
+        ASSERT_TRUE(session::load_xy(std::string(QUOR_SOURCE_DATA) + "/samples/" + name));
     }
     static void open() {
         the_session.FitDataSource = 0;
@@ -373,7 +373,7 @@ TEST_F(Fitting, ResultsBecomeStartValues) {
     click("cmdLeftAll");
     for (int i = 0; i < 6; ++i)
         EXPECT_EQ(read(indexed("txtStart", i)), read(indexed("txtResult", i))) << i;
-    EXPECT_TRUE(fit.FitStart == fit.FitPar);
+    EXPECT_TRUE(state().FitStart == state().FitPar);
 }
 
 TEST_F(Fitting, ANewModelHidesTheResultsOfTheLast) {
@@ -389,11 +389,11 @@ TEST_F(Fitting, ANewModelHidesTheResultsOfTheLast) {
 TEST_F(Fitting, AFixedRowIsGreyAndReadsZeroWhenItWasEmpty) {
     open();
     click("chkFix_3");
-    EXPECT_FALSE(fit.FitFixed[3]);
+    EXPECT_FALSE(state().FitFixed[3]);
     const QColor normal = drive::find("txtStart_3")->palette().color(QPalette::Text);
     type("txtStart_3", "");
     click("chkFix_3");
-    EXPECT_TRUE(fit.FitFixed[3]);
+    EXPECT_TRUE(state().FitFixed[3]);
     EXPECT_EQ(read("txtStart_3"), " 0.");
     EXPECT_NE(drive::find("txtStart_3")->palette().color(QPalette::Text), normal);
 }
@@ -438,7 +438,6 @@ TEST_F(Fitting, AMeasuredVapourPressureCurveReachesTheSubstance) {
     for (const bool lg : {false, true}) {
         SCOPED_TRACE(lg);
         the_substance.ALP = {};
-        fit = {};
         open();
         choose("Vapour pressure", 4);
         if (drive::isChecked("chkLg") != lg) click("chkLg");
@@ -640,7 +639,66 @@ TEST_F(Fitting, AFitOfTwoHundredPointsIsDoneAtOnce) {
     EXPECT_NEAR(number("txtResult_2"), 223.15, 0.05);
 }
 
+TEST_F(Fitting, TheBusyPointerShowsDuringAFit) {
+    points(11, 1, 6, [](double x) { return 3 - 2 * x; });
+    open();
+    user.pointer.clear();
+    click("cmdStart");
+    EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
+}
+
+/// Benzene's fit stays benzene's when propane is chosen beside it.
+TEST_F(Fitting, AFitIsNotWrittenIntoAnotherSubstance) {
+    sample("benzene_vapour_pressure.XY");
+    open();
+    choose("Vapour pressure", 4);
+    click("cmdPropose");
+    click("cmdStart");
+    const models::SubstanceRecord propane = fluids::Row("Propane");
+    the_substance = propane;
+    FitView::followSubstance();
+    EXPECT_EQ(read("lblTarget"),
+              "... of Benzene, but Propane is loaded now: choose the model again for it");
+    click("cmdApply");
+    EXPECT_EQ(user.lastText(),
+              "This fit belongs to Benzene,\nbut Propane is loaded now. Nothing was applied.");
+    EXPECT_EQ(user.lastTitle(), kRefused);
+    EXPECT_EQ(the_substance.ALP.A, propane.ALP.A);
+
+    the_substance = fluids::Row("Benzene");
+    click("cmdApply");
+    EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
+    EXPECT_NEAR(the_substance.ALP.A * std::log(10.0), number("txtResult_0"), 1e-4);
+}
+
+TEST_F(Fitting, ANewFitTakesTheCriticalDataOfTheActiveSubstance) {
+    sample("benzene_vapour_pressure.XY");
+    open();
+    choose("Vapour pressure", 8);
+    EXPECT_NEAR(number("txtTcr"), fluids::Row("Benzene").Tcrit, 1e-9);
+    the_substance = fluids::Row("Propane");
+    click("optFit_8");
+    EXPECT_NEAR(number("txtTcr"), fluids::Row("Propane").Tcrit, 1e-9);
+    EXPECT_NEAR(number("txtpcr"), fluids::Row("Propane").pcrit, 1e-9);
+    EXPECT_EQ(state().substance.Name, "Propane");
+    EXPECT_TRUE(read("lblTarget").startsWith("... in the actually loaded data of Propane"));
+}
+
 class FittingInFrame : public FrameTest {};
+
+TEST_F(FittingInFrame, AnOpenFitTellsThatAnotherSubstanceWasChosen) {
+    start();
+    openSubstance("Carbon dioxide");
+    drive::choose("mnuFitting");
+    drive::when("frmStoffWahl", [] {
+        type("Text1", "Argon");
+        click("StoffOK");
+    });
+    drive::when("frmQModell", [] { click("OKModell"); });
+    drive::choose("mnuStoff");
+    EXPECT_EQ(read("lblTarget"),
+              "... of Carbon dioxide, but Argon is loaded now: choose the model again for it");
+}
 
 TEST_F(FittingInFrame, TheMenuOpensTheFourthPageAndClearsTheData) {
     start();

@@ -29,7 +29,7 @@ class IsoCalculatorViewTest : public CalcViewTest {
 
     /// A function (1 to 8) of a phase at T and p, calculated anew, with all else left as it is.
     static double functionAt(double T, double p, int function, bool liquid) {
-        const report::Result state =
+        const report::TaskResult state =
             report::make_result(models::current_fluid(), legacy::the_reference,
                                 session::unit_choice(), report::functions_request(T, p));
         return state.Fu[static_cast<std::size_t>(function + (liquid ? 18 : 8))];

@@ -538,4 +538,94 @@ TEST_F(MeasuredDataEditorTest, HoldsFiveThousandLines) {
     EXPECT_EQ(cell(kGrid, 5000, 1), "26.85");
 }
 
+// ---------------------------------------------------------------------------- undo, substance
+
+TEST_F(MeasuredDataEditorTest, StepsAreTakenBackAndMadeAgainByTheirKeys) {
+    openWithData();
+    click("TSort");
+    ASSERT_EQ(temperatures(), (std::vector<double>{270, 280, 290}));
+    mark(kGrid, 1, 1);
+    user.answers = {dialogs::Answer::Yes};
+    click("cmdErase");
+    ASSERT_EQ(temperatures(), (std::vector<double>{280, 290}));
+    const auto* steps = dynamic_cast<Undoable*>(drive::find("frmTpvEdit"));
+    ASSERT_NE(steps, nullptr);
+    EXPECT_EQ(steps->undoName(), "Remove lines");
+
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(temperatures(), (std::vector<double>{270, 280, 290}));
+    EXPECT_EQ(lines(kGrid), 3);
+    EXPECT_EQ(steps->undoName(), "Sort by T");
+    EXPECT_EQ(steps->redoName(), "Remove lines");
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 290}));
+    EXPECT_EQ(steps->undoName(), "");
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 290})) << "there is no step before";
+
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 290}));
+    EXPECT_EQ(steps->redoName(), "");
+}
+
+TEST_F(MeasuredDataEditorTest, AFieldTakesItsOwnTypingBackBeforeTheListDoes) {
+    openWithData();
+    click("TSort");
+    type("txtInput_0", "300");
+    drive::press("txtInput_0", Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(temperatures(), (std::vector<double>{270, 280, 290})) << "only the typing went";
+    EXPECT_NE(read("txtInput_0"), "300");
+}
+
+TEST_F(MeasuredDataEditorTest, AChangedCellIsOneStep) {
+    openWithData();
+    auto* table = drive::get<QTableView>(kGrid);
+    table->model()->setData(table->model()->index(0, 1), "312.5");
+    EXPECT_EQ(set(1).p, 312.5);
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(set(1).p, 300.0);
+    EXPECT_EQ(cell(kGrid, 1, 2), "300");
+}
+
+/// A molar volume typed for propane is converted with propane's molar mass, whatever substance is
+/// loaded beside the editor.
+TEST_F(MeasuredDataEditorTest, MolarVolumesBelongToTheSubstanceOfTheData) {
+    startProject("Propane");
+    const double M = static_cast<double>(legacy::the_substance.M);
+    choose("mnuData_BatchInput");
+    typeInput({"300", "1000", "500"});
+    click("OKinput");
+    user.answers = {dialogs::Answer::No};  // the data stay
+    drive::when("frmStoffWahl", [] {
+        type("Text1", "Water");
+        click("StoffOK");
+    });
+    drive::when("frmQModell", [] { click("OKModell"); });
+    choose("mnuStoff");
+    ASSERT_EQ(legacy::the_substance.Name, "Water");
+    actions::Run("mnuData_BatchEdit");
+    drive::settle();
+    click("opt_Rho_Unit_1");
+    typeInput({"310", "1000", "0.04406"});
+    click("OKinput");
+    ASSERT_EQ(the_session.BatchCount, 2);
+    EXPECT_NEAR(set(2).rhoL, M / 0.04406, 0.1) << "1000.8 kg/m^3";
+}
+
+TEST_F(MeasuredDataEditorTest, AnOpenEditorFollowsWhenItsDataAreDeletedElsewhere) {
+    openWithData();
+    ASSERT_EQ(lines(kGrid), 3);
+    user.answers = {dialogs::Answer::Yes};  // delete the data
+    drive::when("frmStoffWahl", [] {
+        type("Text1", "Propane");
+        click("StoffOK");
+    });
+    drive::when("frmQModell", [] { click("OKModell"); });
+    choose("mnuStoff");
+    ASSERT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(lines(kGrid), 0);
+    EXPECT_EQ(read("lblStatus"), "empty list");
+}
+
 }  // namespace

@@ -3,11 +3,11 @@
 #include <QMimeData>
 #include <fstream>
 
-#include "datafiles/project.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/graph_test.h"
 #include "gui/widgets/settings.h"
 #include "legacy/declare.h"
+#include "session/project_session.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -60,7 +60,7 @@ TEST_F(OpenFiles, ADatabaseIsOpenedAsByItsRow) {
 
 TEST_F(OpenFiles, AProjectIsLoaded) {
     user.fileAnswers = {path("mine.QCF")};
-    datafiles::save_project(true);
+    session::save_project(true);
     databases::Write(folder() / "SECOND.Q05", {databases::Row("Water")});
     answerChoice("Water");
     drop({path("SECOND.Q05")});
@@ -104,7 +104,7 @@ TEST_F(OpenFiles, ADiagramIsShown) {
     ASSERT_EQ(DiagramWindow::current(), nullptr);
     drop({path("saved.oc2")});
     ASSERT_NE(DiagramWindow::current(), nullptr);
-    EXPECT_EQ(sheet().CurveCount, 1);
+    EXPECT_EQ(diagrams::curve_count(sheet()), 1);
     EXPECT_TRUE(drive::read("frmGraph2D").endsWith("saved.oc2"));
 }
 

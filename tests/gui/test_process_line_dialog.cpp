@@ -35,8 +35,8 @@ QString row(int kind) {
 
 class ProcessInput : public GraphTest {
   protected:
-    ProcessInput() : runner_(diagrams::polytropic_runner()) {}
-    ~ProcessInput() override { diagrams::polytropic_runner() = runner_; }
+    ProcessInput() : runner_(polytropicRunner()) {}
+    ~ProcessInput() override { polytropicRunner() = runner_; }
 
     /// p-v with an isotherm and room for all lines of these tests.
     void openWide() {
@@ -73,25 +73,25 @@ class ProcessInput : public GraphTest {
                  std::initializer_list<const char*> options, const std::string& text) {
         const std::vector<std::pair<int, const char*>> typed(fields);
         const std::vector<const char*> chosen(options);
-        const int curves = sheet().CurveCount;
+        const int curves = diagrams::curve_count(sheet());
         when(kView, [this, typed, chosen, text] {
             for (const char* option : chosen) click(option);
             for (const auto& [index, value] : typed) type(QString("par_%1").arg(index), value);
-            const double before = the_processLine.RangeStart;
+            const double before = the_processLine.rangeStart;
             click("cmdDraw");
             EXPECT_EQ(user.lastText(), text);
             EXPECT_EQ(user.lastTitle(), "Execution not possible");
-            EXPECT_EQ(the_processLine.RangeStart, before);
+            EXPECT_EQ(the_processLine.rangeStart, before);
             click("cmdClose");
         });
         choose(row(kind));
-        EXPECT_EQ(sheet().CurveCount, curves);
+        EXPECT_EQ(diagrams::curve_count(sheet()), curves);
     }
 
     void bringProgram() { std::ofstream(folder() / diagrams::kPolytropicProgram) << "a program"; }
     /// A stand-in that writes its answer and its end mark.
     void answerWith(const std::string& text) {
-        diagrams::polytropic_runner().start = [text](const std::string&, const std::string& where) {
+        polytropicRunner().start = [text](const std::string&, const std::string& where) {
             std::ofstream(where + "/FROM_DAL.DAT", std::ios::binary) << text;
             std::ofstream(where + "/WRITEEND.END");
             return true;
@@ -115,7 +115,7 @@ TEST_F(ProcessInput, EveryKindHasItsTitleFieldsAndCommand) {
         std::vector<bool> fields;  // T1, p1, T2, p2
         bool region, range, phase;
     };
-    the_processLine.RangeIsT = 1;
+    the_processLine.rangeIsT = true;
     const Expected all[] = {
         {"Adding a Straight Line (x1, y1)-(x2, y2)",
          "",
@@ -162,7 +162,7 @@ TEST_F(ProcessInput, EveryKindHasItsTitleFieldsAndCommand) {
         });
         choose(row(kind));
     }
-    EXPECT_EQ(sheet().CurveCount, 1);
+    EXPECT_EQ(diagrams::curve_count(sheet()), 1);
 }
 
 TEST_F(ProcessInput, TheHeterogeneousFormHasItsOwnTitlesAndFields) {
@@ -251,7 +251,7 @@ TEST_F(ProcessInput, RefusesAPolytropicThatContradictsItself) {
         click("cmdClose");
     });
     choose(row(6));
-    EXPECT_EQ(sheet().CurveCount, 1);
+    EXPECT_EQ(diagrams::curve_count(sheet()), 1);
 }
 
 TEST_F(ProcessInput, ALineContinuesTheLastOne) {
@@ -263,8 +263,8 @@ TEST_F(ProcessInput, ALineContinuesTheLastOne) {
     choose(row(2));
     draw(2, {{0, "300"}, {1, "500"}, {2, "350"}}, {"optPhase_1"});
     EXPECT_EQ(curve(1).legend, "(Isobar 500.0 kPa ) ");
-    EXPECT_DOUBLE_EQ(the_processLine.LastT, 350);
-    EXPECT_DOUBLE_EQ(the_processLine.LastP, 500);
+    EXPECT_DOUBLE_EQ(the_processLine.last.T, 350);
+    EXPECT_DOUBLE_EQ(the_processLine.last.p, 500);
     when(kView, [this] {
         click("chkEndToBegin");
         EXPECT_EQ(read("par_0"), "350");
@@ -274,7 +274,7 @@ TEST_F(ProcessInput, ALineContinuesTheLastOne) {
         EXPECT_TRUE(user.messages.empty());
     });
     choose(row(1));
-    ASSERT_EQ(sheet().CurveCount, 3);
+    ASSERT_EQ(diagrams::curve_count(sheet()), 3);
     EXPECT_FLOAT_EQ(curve(2).x.front(), curve(1).x.back());
     EXPECT_FLOAT_EQ(curve(2).y.back(), 900);
 }
@@ -282,7 +282,7 @@ TEST_F(ProcessInput, ALineContinuesTheLastOne) {
 TEST_F(ProcessInput, AStraightLineIsDrawnBetweenItsEnds) {
     openIsotherm();
     draw(0, {{0, "1"}, {1, "500"}, {2, "1"}, {3, "900"}});
-    ASSERT_EQ(sheet().CurveCount, 2);
+    ASSERT_EQ(diagrams::curve_count(sheet()), 2);
     EXPECT_EQ(curve(1).x.size(), 51U);
     EXPECT_EQ(curve(1).legend, "(free straight line) ");
     EXPECT_FLOAT_EQ(curve(1).y.front(), 500);
@@ -321,7 +321,7 @@ TEST_F(ProcessInput, ProcessLinesBelongToDiagramsOfStates) {
         if (each.action == "Diagram2D" && each.code == kIdealGasCp)
             choose(QString::fromStdString(menu::Name(each)));
     ASSERT_NE(DiagramWindow::current(), nullptr);
-    EXPECT_EQ(sheet().request.DiagramType, kIdealGasCp);
+    EXPECT_EQ(sheet().request.diagram->code, kIdealGasCp);
     EXPECT_FALSE(offers(row(1)));
 }
 
@@ -338,7 +338,7 @@ TEST_F(ProcessInput, APolytropicWithoutTheProgramIsDrawnByTheEquationOfState) {
         EXPECT_EQ(user.lastText(), "File POLYTROPEN_1.EXE not found in in QUOR directory");
     });
     choose(row(6));
-    ASSERT_EQ(sheet().CurveCount, 2);
+    ASSERT_EQ(diagrams::curve_count(sheet()), 2);
     const chart::Series& line = curve(1);
     const double first =
         static_cast<double>(line.y[0]) * std::pow(static_cast<double>(line.x[0]), 1.3);
@@ -361,7 +361,7 @@ TEST_F(ProcessInput, TheAnswerOfTheProgramIsDrawn) {
         EXPECT_TRUE(user.messages.empty()) << user.lastText();
     });
     choose(row(6));
-    ASSERT_EQ(sheet().CurveCount, 2);
+    ASSERT_EQ(diagrams::curve_count(sheet()), 2);
     EXPECT_EQ(curve(1).y, (std::vector<float>{500, 550, 600}));
     EXPECT_EQ(curve(1).legend, "(Polytropic) ");
 }
@@ -369,9 +369,7 @@ TEST_F(ProcessInput, TheAnswerOfTheProgramIsDrawn) {
 TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
     openIsotherm();
     bringProgram();
-    diagrams::polytropic_runner().start = [](const std::string&, const std::string&) {
-        return true;
-    };
+    polytropicRunner().start = [](const std::string&, const std::string&) { return true; };
     bool seen = false;
     when(kView, [&] {
         click("optTp_0");
@@ -391,16 +389,14 @@ TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
     });
     choose(row(6));
     EXPECT_TRUE(seen);
-    EXPECT_EQ(sheet().CurveCount, 1);
+    EXPECT_EQ(diagrams::curve_count(sheet()), 1);
 }
 
 TEST_F(ProcessInput, NoAnswerInTimeAndAGarbledOneAreTold) {
     openIsotherm();
     bringProgram();
-    diagrams::polytropic_runner().limit = std::chrono::milliseconds(30);
-    diagrams::polytropic_runner().start = [](const std::string&, const std::string&) {
-        return true;
-    };
+    polytropicRunner().limit = std::chrono::milliseconds(30);
+    polytropicRunner().start = [](const std::string&, const std::string&) { return true; };
     const auto fails = [this] {
         when(kView, [this] {
             click("optTp_0");
@@ -417,7 +413,7 @@ TEST_F(ProcessInput, NoAnswerInTimeAndAGarbledOneAreTold) {
     fails();
     answerWith("no numbers at all");
     fails();
-    EXPECT_EQ(sheet().CurveCount, 1);
+    EXPECT_EQ(diagrams::curve_count(sheet()), 1);
 }
 
 TEST_F(ProcessInput, TheCalculationOfAProcessListsItsStates) {
@@ -443,7 +439,7 @@ TEST_F(ProcessInput, TheCalculationOfAProcessListsItsStates) {
     EXPECT_TRUE(last[0].starts_with("              400              500")) << last[0];
     EXPECT_TRUE(last[1].starts_with("              410              550")) << last[1];
     EXPECT_EQ(last[2], "                               600") << "T is missing";
-    EXPECT_TRUE(legacy::the_polytropicPoints.empty()) << "the answer is used once";
+    EXPECT_TRUE(the_processLine.polytropicPoints.empty()) << "the answer is used once";
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
+#include <fstream>
+
 #include "app/wiring.h"
-#include "datafiles/database.h"
 #include "gui/frame_test.h"
 #include "legacy/wrappers.h"
 #include "models/saturation.h"
@@ -109,6 +110,20 @@ TEST_F(Projects, ADatabaseElsewhereIsFoundAgain) {
     startProgram();
     drive::click("Toolbar1_4");
     EXPECT_EQ(legacy::the_substance.Name, "Propane");
+}
+
+TEST_F(Projects, AFileThatIsNoProjectChangesNothing) {
+    startProgram();
+    openSubstance("Carbon dioxide");
+    const std::string file = (folder() / "letter.QCF").string();
+    std::ofstream(file) << "Dear Sir or Madam";
+    user.fileAnswers.push_back(file);
+    drive::choose("mnuData_LoadProject");
+    EXPECT_EQ(user.lastText(), "The file letter.QCF is no project file.");
+    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
+    EXPECT_EQ(the_session.CurrentSubstance, 1);
+    EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain));
+    EXPECT_TRUE(session::is_enabled(session::Command::mnuData_SaveProject));
 }
 
 }  // namespace

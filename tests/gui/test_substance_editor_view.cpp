@@ -2,13 +2,12 @@
 #include <set>
 
 #include "common/text.h"
-#include "datafiles/database.h"
-#include "datafiles/substance_choice.h"
 #include "datafiles/substance_editor.h"
 #include "gui/data/substance_editor_view.h"
 #include "gui/editor_drive.h"
 #include "gui/frame_test.h"
 #include "session/commands.h"
+#include "session/substance_session.h"
 #include "support/codes.h"
 #include "support/databases.h"
 
@@ -49,8 +48,8 @@ class BankEdit : public ViewTest {
     BankEdit() {
         const std::filesystem::path file = folder() / "ONE.Q05";
         databases::Write(file, {databases::Row("Carbon dioxide")});
-        datafiles::load_database(file.string());
-        datafiles::take_substance(1);
+        session::load_database(file.string());
+        session::take_substance(1);
         the_models.VPModel = codes::vp("WAG");
         the_models.VPModel = codes::vp(4);
         the_models.EOSModel = codes::eos(6);
@@ -61,7 +60,6 @@ class BankEdit : public ViewTest {
         if (view) view->close();
         view.reset();
         SubstanceEditorView::setGroupContributions({});
-        datafiles::close_database();
         ViewTest::TearDown();
     }
 
@@ -94,7 +92,7 @@ TEST_F(BankEdit, ShowsEveryFieldOfTheRecord) {
     for (const EditorField& field : editor_field_table()) {
         ++value;
         if (field.is_text()) continue;
-        ASSERT_EQ(datafiles::set_field(the_substance, field.name, std::to_string(value)), "")
+        ASSERT_TRUE(datafiles::set_field(the_substance, field.name, std::to_string(value)))
             << field.name;
     }
     open();
@@ -351,13 +349,13 @@ TEST_F(BankEdit, WritesAPrivateDatabaseWithWhatIsTyped) {
     EXPECT_EQ(the_substance.Name, "My dioxide") << "writing applies first";
     view->close();
 
-    ASSERT_EQ(datafiles::load_database((folder() / "MINE.Q05").string()),
-              datafiles::LoadOutcome::Loaded);
-    EXPECT_EQ(the_session.SubstanceCount, 1);
-    bool noCriticalData = true;
+    ASSERT_EQ(session::load_database((folder() / "MINE.Q05").string()),
+              session::LoadOutcome::Loaded);
+    EXPECT_EQ(legacy::the_database.size(), 1U);
     the_substance = {};
-    ASSERT_TRUE(datafiles::ReadSubstance(1, noCriticalData));
-    EXPECT_FALSE(noCriticalData);
+    const Result<session::SubstanceRead> read = session::read_substance(1);
+    ASSERT_TRUE(read);
+    EXPECT_FALSE(read->noCriticalData);
     EXPECT_EQ(the_substance.Name, "My dioxide");
     EXPECT_EQ(the_substance.M, 44.5F);
     EXPECT_EQ(the_substance.sconv, 213.8F) << "a private file keeps the entropy of its source";
@@ -496,6 +494,37 @@ TEST_F(BankEditInFrame, CompletedCriticalDataOpenTheChoiceOfModels) {
     drive::when("frmQModell", [] { click("OKModell"); });
     drive::choose("mnuModel");
     EXPECT_TRUE(drive::offers("mnuCalc_2") || session::is_enabled(session::Command::mnuCalcMain));
+}
+
+TEST_F(BankEdit, ChangesOfFieldsAreTakenBackAndMadeAgain) {
+    open();
+    const QString M = drive::read("DD_0");
+    const QString name = drive::read("DD_83");
+    drive::type("DD_83", "My dioxide");
+    drive::press("DD_83", Qt::Key_Tab);
+    drive::type("DD_0", "44.5");
+    drive::press("DD_0", Qt::Key_Tab);
+    EXPECT_EQ(view->undoName(), "Change molar mass /(kg/kmol)");
+    drive::press("DD_0", Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(drive::read("DD_0"), M);
+    EXPECT_EQ(drive::read("DD_83"), "My dioxide");
+    drive::press("DD_0", Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(drive::read("DD_83"), name);
+    drive::press("DD_0", Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(drive::read("DD_83"), "My dioxide");
+    EXPECT_EQ(view->redoName(), "Change molar mass /(kg/kmol)");
+}
+
+TEST_F(BankEdit, AnUndoneApplicationShowsTheFormerFields) {
+    open();
+    const QString before = drive::read("DD_46");  // of the August set, computed by an application
+    reach(datafiles::editor_field_table()[4]);
+    drive::type("DD_4", "310");
+    drive::click("OK");
+    EXPECT_EQ(view->undoName(), "Apply");
+    EXPECT_NE(drive::read("DD_46"), before);
+    drive::press("OK", Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(drive::read("DD_46"), before);
 }
 
 }  // namespace

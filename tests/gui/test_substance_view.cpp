@@ -195,14 +195,12 @@ TEST_F(SubstanceView, ALookAtOtherDataLeavesTheSubstanceAsItWas) {
 }
 
 TEST_F(SubstanceView, FiveThousandSubstancesAnswerAKeyAtOnce) {
-    datafiles::SubstanceLists& lists = legacy::the_substances;
-    for (int i = 0; i <= 5000; ++i) {
-        lists.Numbers.push_back(static_cast<std::int16_t>(i));
-        lists.Names.push_back("Substance " + std::to_string(5000 - i) + ";Synonym");
-        lists.Formulas.push_back("C" + std::to_string(i % 40) + "H10      ");
-        lists.Casrn.push_back(std::to_string(100000 + i) + "-00-0");
-    }
-    the_session.SubstanceCount = 5000;
+    std::vector<datafiles::DatabaseEntry> entries;
+    for (int i = 1; i <= 5000; ++i)
+        entries.push_back({static_cast<std::int16_t>(i), "C" + std::to_string(i % 40) + "H10      ",
+                           "Substance " + std::to_string(5000 - i) + ";Synonym",
+                           std::to_string(100000 + i) + "-00-0"});
+    legacy::the_database = {"BIG.Q05", std::move(entries)};
     QElapsedTimer clock;
     clock.start();
     SubstanceDialog view;

@@ -10,7 +10,6 @@
 
 #include "chart/chart_file.h"
 #include "common/numbers.h"
-#include "diagrams/prepare_3d.h"
 #include "gui/chart/chart3d_paint.h"
 #include "gui/chart/chart_qt.h"
 #include "gui/frame_test.h"
@@ -42,7 +41,7 @@ class Graph3D : public FrameTest {
         openSubstance("Propane");
     }
 
-    static Module9::SurfaceSheet& sheet() { return SurfaceWindow::current()->sheet(); }
+    static diagrams::SurfaceSheet& sheet() { return SurfaceWindow::current()->sheet(); }
     static chart::Chart3D& shown() { return sheet().chart; }
     static chart::Chart3DWidget* canvas() {
         return SurfaceWindow::current()->findChild<chart::Chart3DWidget*>();
@@ -196,7 +195,8 @@ TEST_F(Graph3D, RefusesLimitsThatDoNotRise) {
         click("cmdCoord3_Cancel");
     });
     EXPECT_EQ(shown().surface, before);
-    EXPECT_EQ(sheet().limits, Module9::default_grid(7, false));
+    EXPECT_EQ(sheet().limits,
+              diagrams::default_limits(*diagrams::find_surface(7), sheet().basis, false));
 }
 
 TEST_F(Graph3D, TellsWhenNothingIsToBeSeen) {
@@ -436,7 +436,7 @@ TEST_F(Graph3D, SavesAndLoadsTheSamePicture) {
     EXPECT_EQ(the_session.FolderDiagram3D, (folder() / "kept" / "").string());
 
     openInstead(kEnthalpyRow);
-    const diagrams::Grid3D limits = sheet().limits;
+    const diagrams::SurfaceLimits limits = sheet().limits;
     EXPECT_NE(picture(), saved);
     answerFile("surface.oc3");
     choose("mnuLoadOC3");
@@ -527,7 +527,6 @@ TEST_F(Graph3D, TheSurfaceInUseIsTheOneOfTheSession) {
     EXPECT_EQ(the_session.Diagram3DKind, 7);
     first->becomeCurrent();
     EXPECT_EQ(the_session.Diagram3DKind, 1);
-    EXPECT_EQ(legacy::the_grid3D, first->sheet().limits);
     first->findChild<QAction*>("mnuHaupt")->trigger();
     drive::settle();
     ASSERT_NE(SurfaceWindow::current(), nullptr);
@@ -537,9 +536,10 @@ TEST_F(Graph3D, TheSurfaceInUseIsTheOneOfTheSession) {
 }
 
 TEST_F(Graph3D, AFaultWhileTheViewOpensIsTold) {
-    Module9::views3_d().openDiagram = [] { throw std::bad_alloc(); };
+    legacy::the_substance.M = 0;
+    the_session.CaloricUnit = 3;
     choose(kEnthalpyRow);
-    graph3d_views::Install();
+    EXPECT_EQ(SurfaceWindow::current(), nullptr);
     EXPECT_TRUE(user.lastText().starts_with(
         "The registration of the 3D graph module \\...\\olch8x3.ocx during the installation "
         "process failed."));

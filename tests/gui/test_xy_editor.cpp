@@ -357,13 +357,13 @@ TEST_F(ManuInput, TheDiagramTakesTheActivePoints) {
     click("optIsPoints_0");
     click("cmdDrawManu");
     EXPECT_EQ(drawn, 1);
-    EXPECT_TRUE(datafiles::xyGraph.asPoints);
+    EXPECT_TRUE(legacy::the_xyGraph.asPoints);
     add("310", "7");
     add("400", "70");
     click("cmdAus");
     click("optIsPoints_1");
     click("cmdDrawManu");
-    const datafiles::XYGraph& graph = datafiles::xyGraph;
+    const datafiles::XYGraph& graph = legacy::the_xyGraph;
     EXPECT_EQ(drawn, 2);
     EXPECT_FALSE(graph.asPoints);
     EXPECT_EQ(graph.points.size(), 2U);
@@ -395,6 +395,37 @@ TEST_F(ManuInput, ASecondOpeningBringsTheSameViewToTheFront) {
     open();
     EXPECT_EQ(drive::find("frmManuInput"), first);
     EXPECT_EQ(lines(kList), 1);
+}
+
+TEST_F(ManuInput, StepsAreTakenBackAndMadeAgainByTheirKeys) {
+    openWith({{3, 30, 0}, {1, 10, 0}});
+    click("XSort");
+    add("2", "20");
+    ASSERT_EQ(pairs(), (Pairs{{1, 10}, {3, 30}, {2, 20}}));
+    const auto* steps = dynamic_cast<Undoable*>(drive::find("frmManuInput"));
+    ASSERT_NE(steps, nullptr);
+    EXPECT_EQ(steps->undoName(), "Add line");
+    drive::press(kList, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(pairs(), (Pairs{{1, 10}, {3, 30}}));
+    EXPECT_EQ(lines(kList), 2);
+    EXPECT_EQ(steps->undoName(), "Sort by x");
+    drive::press(kList, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(pairs(), (Pairs{{3, 30}, {1, 10}}));
+    drive::press(kList, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(pairs(), (Pairs{{1, 10}, {3, 30}}));
+    EXPECT_EQ(cell(kList, 1, 1), "1");
+    EXPECT_EQ(steps->redoName(), "Add line");
+}
+
+TEST_F(ManuInput, ALoadedFileBeginsAHistoryOfItsOwn) {
+    openWith({{3, 30, 0}, {1, 10, 0}});
+    click("XSort");
+    user.answers = {Answer::No};
+    user.fileAnswers.push_back(write("A.XY", "c\r\n1;2\r\n"));
+    click("cmdLoad");
+    ASSERT_EQ(pairs(), (Pairs{{1, 2}}));
+    drive::press(kList, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(pairs(), (Pairs{{1, 2}})) << "nothing of the former list comes back";
 }
 
 }  // namespace

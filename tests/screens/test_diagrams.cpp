@@ -2,9 +2,6 @@
 
 #include "app/menu_graph_rows.h"
 #include "diagrams/active_fluid.h"
-#include "diagrams/catalogue.h"
-#include "diagrams/coordinates.h"
-#include "diagrams/curve.h"
 #include "diagrams/parameter_input.h"
 #include "diagrams/prepare_2d.h"
 #include "diagrams/sheet_draw.h"
@@ -24,8 +21,6 @@ constexpr int kColumns = 4, kRowsOfSheet = 4;
 /// Every diagram of the catalogue for a fluid, with the curves a user draws first.
 class ContactSheet : public ActiveFluid {
   protected:
-    ContactSheet() { Module9::views2_d() = {}; }  // the sheets are painted, no window opens
-
     static std::vector<const menu::Row*> rows() {
         std::vector<const menu::Row*> all;
         for (const menu::Row& row : menu::graph_rows())
@@ -35,40 +30,39 @@ class ContactSheet : public ActiveFluid {
 
     /// False when the menu refuses the row for this fluid.
     bool openRow(const menu::Row& row) {
-        legacy::the_diagram.DiagramType = row.code;
-        legacy::the_diagram.sectionKind = row.sectionKind;
-        legacy::the_diagram.axisPair = row.axisPair;
-        const bool opens = Module9::AnswerOf(legacy::the_diagram).opens;
-        Module9::open_diagram2_d();
-        if (opens) Module9::open_sheet(sheet, legacy::the_diagram);
-        return opens;
+        const diagrams::Diagram& diagram = diagrams::diagram_of(row.code);
+        const diagrams::OpeningAnswer answer = diagrams::opening_answer(diagram, fluid());
+        refusal = answer.text;
+        if (!answer.opens) return false;
+        const diagrams::PreparedDiagram prepared =
+            diagrams::prepare_diagram(diagram, basis(), {.limits = limits});
+        limits = prepared.start.limits;
+        sheet = diagrams::open_sheet(prepared.request, basis(), prepared.start.at);
+        return true;
     }
 
     /// Sub- and supercritical curves, the coexistence curve where it is offered, and a legend.
-    void drawRow(const menu::Row& row) {
-        const models::SubstanceRecord& s = legacy::the_substance;
-        const diagrams::CoordinateDefaults& d = legacy::the_coordinates;
-        if (row.sectionKind == Module9::kProjection || row.sectionKind == Module9::kDatabase) {
-            Module9::Draw(sheet);
+    void drawRow() {
+        const diagrams::Section section = sheet.request.section();
+        if (section == diagrams::Section::projection || section == diagrams::Section::database) {
+            diagrams::draw(sheet, pen());
         } else {
             for (const double reduced : {0.85, 1.05}) {
-                legacy::the_session.DiagramT = reduced * s.Tcrit;
-                legacy::the_session.DiagramP = (reduced < 1 ? 0.5 : 1.3) * s.pcrit;
-                legacy::the_session.DiagramV =
-                    (reduced < 1 ? 2.5 : 0.8) * legacy::the_eosParameters.vcritCalc;
-                const bool overT = row.sectionKind == Module9::kIsobaric;
-                legacy::the_processLine.RangeStart = static_cast<double>(overT ? d.TMin : d.pMin);
-                legacy::the_processLine.RangeEnd = static_cast<double>(overT ? d.TMax : d.pMax);
-                Module9::Draw(sheet);
+                sheet.at = {reduced * substance.Tcrit, (reduced < 1 ? 0.5 : 1.3) * substance.pcrit,
+                            (reduced < 1 ? 2.5 : 0.8) * eosConstants.vcritCalc};
+                const bool overT = section == diagrams::Section::isobaric;
+                process.rangeStart = static_cast<double>(overT ? limits.TMin : limits.pMin);
+                process.rangeEnd = static_cast<double>(overT ? limits.TMax : limits.pMax);
+                diagrams::draw(sheet, pen(), process);
             }
-            if (Module9::offers_mark(sheet, Module9::Mark::Coexistence))
-                Module9::mark_coexistence(sheet);
+            if (diagrams::offers_mark(sheet, diagrams::Mark::Coexistence))
+                diagrams::mark_coexistence(sheet, pen());
         }
-        Module9::add_legend(sheet);
+        diagrams::add_legend(sheet);
     }
 
     void paint(QPainter& painter, const QRect& cell) {
-        Module9::place_labels(sheet, cell.width(), cell.height(), chart::qtTextMeasure());
+        diagrams::place_labels(sheet, cell.width(), cell.height(), chart::qtTextMeasure());
         chart::paintChart2D(painter, cell, sheet.chart);
     }
 
@@ -85,8 +79,8 @@ class ContactSheet : public ActiveFluid {
         }
     }
 
-    void contactSheets(const std::string& fluid, const QString& name) {
-        activate(fluid);
+    void contactSheets(const std::string& name_of_fluid, const QString& name) {
+        activate(name_of_fluid);
         const auto all = rows();
         const auto perSheet = static_cast<std::size_t>(kColumns * kRowsOfSheet);
         for (std::size_t first = 0; first < all.size(); first += perSheet) {
@@ -98,17 +92,16 @@ class ContactSheet : public ActiveFluid {
                 const int place = static_cast<int>(i - first);
                 const QRect cell(place % kColumns * kCell.width(),
                                  place / kColumns * kCell.height(), kCell.width(), kCell.height());
-                const std::string what = fluid + ", code " + std::to_string(all[i]->code);
+                const std::string what = name_of_fluid + ", code " + std::to_string(all[i]->code);
                 user.messages.clear();
                 painter.setPen(Qt::black);
                 if (openRow(*all[i])) {
-                    drawRow(*all[i]);
-                    EXPECT_GE(sheet.CurveCount, 1) << what << ": " << user.lastText();
+                    drawRow();
+                    EXPECT_GE(diagrams::curve_count(sheet), 1) << what << ": " << user.lastText();
                     checkTexts(kCell, what);
                     paint(painter, cell);
                 } else {
-                    painter.drawText(cell, Qt::AlignCenter,
-                                     QString::fromStdString(user.lastText()));
+                    painter.drawText(cell, Qt::AlignCenter, QString::fromStdString(refusal));
                 }
                 painter.setPen(Qt::gray);
                 painter.drawRect(cell.adjusted(0, 0, -1, -1));
@@ -125,7 +118,8 @@ class ContactSheet : public ActiveFluid {
         }
     }
 
-    Module9::DiagramSheet sheet;
+    diagrams::DiagramSheet sheet;
+    std::string refusal;
 };
 
 TEST_F(ContactSheet, Water) {

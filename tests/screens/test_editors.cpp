@@ -1,11 +1,11 @@
 #include "app/main_window.h"
 #include "app/wiring.h"
-#include "datafiles/xy_file.h"
 #include "estimation/fit_state.h"
 #include "gui/editor_drive.h"
 #include "gui/view_test.h"
 #include "legacy/declare.h"
 #include "screens/look.h"
+#include "session/xy_session.h"
 #include "support/databases.h"
 
 using namespace quor;
@@ -48,7 +48,7 @@ class EditorScreens : public ViewTest {
         QApplication::setPalette(dark);
     }
     static void sample(const char* name) {
-        datafiles::xy_load(std::string(QUOR_SOURCE_DATA) + "/samples/" + name);
+        (void)session::load_xy(std::string(QUOR_SOURCE_DATA) + "/samples/" + name);
     }
 
     /// Pictures of all tabs of a view.

@@ -2,7 +2,6 @@
 
 #include "app/menu_graph_rows.h"
 #include "diagrams/active_fluid.h"
-#include "diagrams/prepare_3d.h"
 #include "diagrams/surface_sheet.h"
 #include "gui/chart/chart3d_paint.h"
 #include "gui/surfaces/surface_window.h"
@@ -50,8 +49,9 @@ constexpr Look kLooks[] = {
 /// Every surface of the menu for a fluid, in several views and styles.
 class SurfaceSheets : public ActiveFluid {
   protected:
-    void sheets(const std::string& fluid, const QString& name, std::int16_t eos = kPengRobinson) {
-        activate(fluid, eos);
+    void sheets(const std::string& substanceName, const QString& name,
+                std::int16_t code = kPengRobinson) {
+        activate(substanceName, code);
         for (const menu::Row& row : menu::graph_rows()) {
             if (row.action != "Diagram3D") continue;
             for (const bool SCurve : {false, true}) {
@@ -65,21 +65,17 @@ class SurfaceSheets : public ActiveFluid {
         }
     }
 
-    static void kind(std::int16_t code, bool SCurve, const QString& name) {
-        legacy::the_session.Diagram3DKind = code;
-        legacy::the_session.SCurve3D = SCurve;
-        Module9::views3_d() = {};
-        Module9::prepare_diagram3_d();
+    void kind(int code, bool SCurve, const QString& name) {
         constexpr int kRows = (static_cast<int>(std::size(kLooks)) + kColumns - 1) / kColumns;
         QImage picture(kCell.width() * kColumns, kCell.height() * kRows, QImage::Format_RGB32);
         picture.fill(Qt::white);
         QPainter painter(&picture);
         int place = 0;
         for (const Look& look : kLooks) {
-            Module9::SurfaceSheet sheet;
-            Module9::open_surface(sheet);
+            diagrams::SurfaceSheet sheet =
+                diagrams::open_surface(*diagrams::find_surface(code), basis(), SCurve);
             EXPECT_TRUE(diagrams::has_surface(sheet.chart.surface)) << code;
-            if (code != 5) Module9::add_critical_point(sheet.chart);
+            if (code != 5) diagrams::add_critical_point(sheet);
             look.apply(sheet.chart);
             const QRect cell(
                 QPoint(place % kColumns * kCell.width(), place / kColumns * kCell.height()), kCell);
@@ -107,9 +103,7 @@ TEST_F(SurfaceSheets, Propane) {
 
 TEST_F(SurfaceSheets, TheViewAndItsPanel) {
     activate("Carbon dioxide");
-    legacy::the_session.Diagram3DKind = 1;
-    graph3d_views::Install();
-    Module9::prepare_diagram3_d();
+    SurfaceWindow::Open(diagrams::open_surface(*diagrams::find_surface(1), basis(), false));
     SurfaceWindow* view = SurfaceWindow::current();
     ASSERT_NE(view, nullptr);
     view->resize(1100, 720);
@@ -119,7 +113,6 @@ TEST_F(SurfaceSheets, TheViewAndItsPanel) {
         look::at(view, QString("frmGraph3D_%1").arg(page).toLower());
     }
     view->close();
-    Module9::views3_d() = {};
 }
 
 }  // namespace

@@ -94,38 +94,6 @@ TEST_F(Session, BusyPointerNests) {
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
 }
 
-TEST_F(Session, ProtocolNamesCountUp) {
-    EXPECT_EQ(session::new_protocol_file_name(), "26151101.CSV");
-    write("26151101.CSV", "");
-    write("26151102.CSV", "x");
-    EXPECT_EQ(session::new_protocol_file_name(), "26151103.CSV");
-}
-
-TEST_F(Session, ShortenPathKeepsTheStartAndTheEnd) {
-    EXPECT_EQ(session::shorten_path("C:\\short.txt", 50), "C:\\short.txt");
-    EXPECT_EQ(session::shorten_path("C:\\one\\two\\three\\four\\five.txt", 20),
-              "C:\\...\\four\\five.txt");
-    EXPECT_EQ(session::shorten_path("/home/user/one/two/five.txt", 18), "/ho.../two/five.txt");
-}
-
-TEST_F(Session, FilesAreLookedUpInTheProgramsFolder) {
-    write("A.TXT", "x");
-    EXPECT_TRUE(session::file_exists("A.TXT"));
-    EXPECT_FALSE(session::file_exists(""));
-    EXPECT_FALSE(session::file_exists("B.TXT"));
-    EXPECT_TRUE(session::file_exists((folder() / "A.TXT").string()));
-    EXPECT_EQ(session::file_title("a/b\\C.Q05"), "C.Q05");
-    EXPECT_EQ(session::folder_of("a/b\\C.Q05"), "a/b\\");
-}
-
-TEST_F(Session, AProgramFolderThatCannotBeWrittenSendsNewFilesToTheUsersFolder) {
-    session::set_program_folder(folder() / "missing", folder() / "user");
-    EXPECT_EQ(session::write_folder(), folder() / "user");
-    EXPECT_TRUE(std::filesystem::is_directory(folder() / "user"));
-    session::set_program_folder(folder());
-    EXPECT_EQ(session::write_folder(), folder());
-}
-
 TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
     using session::Command;
     const auto needing = {Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting,

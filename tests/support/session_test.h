@@ -6,6 +6,7 @@
 
 #include "legacy/declare.h"
 #include "support/scripted_dialogs.h"
+#include "support/temporary_folder.h"
 
 using namespace quor;
 
@@ -17,10 +18,10 @@ class SessionTest : public testing::Test {
     ~SessionTest() override;
 
     /// The test's own folder, empty at its start and removed at its end.
-    const std::filesystem::path& folder() const { return folder_; }
+    const std::filesystem::path& folder() const { return folder_.path(); }
 
     ScriptedDialogs user;
 
   private:
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
 };

@@ -1,22 +1,12 @@
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
-#include <string>
 
-/// A folder of its own for a test, empty at its start and removed at its end.
+/// A folder of its own, empty at first and removed at the end.
 class TemporaryFolder {
   public:
-    TemporaryFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "quor-test-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
-    }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
+    TemporaryFolder();
+    ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 

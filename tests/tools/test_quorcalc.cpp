@@ -22,7 +22,7 @@ struct Outcome {
 
 class Quorcalc : public testing::Test {
   protected:
-    Quorcalc() { session::set_program_folder(QUOR_BINARY_FOLDER); }
+    Quorcalc() { legacy::the_places = Places(QUOR_BINARY_FOLDER); }
 
     static Outcome call(const std::vector<std::string>& words, const std::string& input = "") {
         std::istringstream in(input);

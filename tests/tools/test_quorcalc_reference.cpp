@@ -45,7 +45,7 @@ std::vector<std::string> overrides() {
 
 class QuorcalcReference : public testing::Test {
   protected:
-    QuorcalcReference() { session::set_program_folder(QUOR_BINARY_FOLDER); }
+    QuorcalcReference() { legacy::the_places = Places(QUOR_BINARY_FOLDER); }
 
     static json call(const json& inputs, std::vector<std::string> words) {
         static const std::vector<std::string> sets = overrides();

@@ -76,7 +76,7 @@ DiagnosisView::DiagnosisView(QWidget* parent) : ChildView("frmCEOSDiagnose", par
 }
 
 void DiagnosisView::open() {
-    const report::Result& result = legacy::the_results.current;
+    const report::TaskResult& result = legacy::the_results.current;
     const report::Diagnosis diagnosis = report::diagnose(result.made.fluid, result.answer.last);
     setWindowTitle(qt(diagnosis.title));
     state_->setText(state_text(result.made.fluid, diagnosis));

@@ -73,7 +73,7 @@ void ResultView::open() {
 }
 
 void ResultView::showResult() {
-    const report::Result& result = legacy::the_results.current;
+    const report::TaskResult& result = legacy::the_results.current;
     const report::Report& told = result.report;
     setWindowTitle(qt(report::caption_of(result.request.task, result.request.method)));
     show(par1_, told.par1);
@@ -88,7 +88,7 @@ void ResultView::showResult() {
 }
 
 void ResultView::followPresent() {
-    const report::Result& result = legacy::the_results.current;
+    const report::TaskResult& result = legacy::the_results.current;
     status_->setText(session::is_result_out_of_date()
                          ? "Outdated: of " + qt(report::name_of(result.made))
                          : QString());
@@ -282,7 +282,7 @@ void ResultView::arrange() {
 
 // Everything but the texts of the result: what is shown and enabled.
 void ResultView::follow() {
-    const report::Result& result = legacy::the_results.current;
+    const report::TaskResult& result = legacy::the_results.current;
     const bool panels = !result.report.panelsHidden;
     specification_->setTitle(qt(report::input_caption(result.dataSet)));
     specification_->setVisible(panels);

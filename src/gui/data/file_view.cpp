@@ -153,8 +153,8 @@ QString FileView::pathOf(const QString& name) const {
 void FileView::showFolder(const QString& path) {
     const QDir folder(path);
     folder_ = folder.absolutePath();
-    path_->setText(qt(
-        session::shorten_path(QDir::toNativeSeparators(folder_).toStdString(), kPathCharacters)));
+    path_->setText(
+        qt(paths::shorten_path(QDir::toNativeSeparators(folder_).toStdString(), kPathCharacters)));
     path_->setToolTip(QDir::toNativeSeparators(folder_));
     folders_->clear();
     if (!folder.isRoot()) folders_->addItem("..");
@@ -172,7 +172,8 @@ void FileView::marked() {
     const QListWidgetItem* item = files_->currentItem();
     const bool has = item != nullptr && item->isSelected();
     const datafiles::FilePreview told =
-        has ? datafiles::preview_file(pathOf(item->text()).toStdString())
+        has ? datafiles::preview_file(pathOf(item->text()).toStdString(), legacy::the_database,
+                                      legacy::the_places, legacy::the_databaseFolders)
             : datafiles::FilePreview{};
     substance_->setText(qt(told.substance));
     substance_->setCursorPosition(0);

@@ -18,23 +18,23 @@
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
-#include "datafiles/batch_file.h"
-#include "datafiles/questions.h"
 #include "gui/data/tpv_table_model.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
+#include "legacy/measured_data.h"
 #include "session/actions.h"
 #include "session/commands.h"
+#include "session/measured_data_session.h"
+#include "session/questions.h"
 
 namespace quor::gui {
 
 namespace {
 
-using datafiles::BatchColumn;
+using datafiles::MeasuredColumn;
 using legacy::the_session;
 
 constexpr auto kName = "frmTpvEdit";
@@ -87,6 +87,13 @@ MeasuredDataEditor::MeasuredDataEditor(QWidget* parent) : ChildView(kName, paren
     setWindowIcon(theme::icon("data"));
     model_ = new TpvTableModel(this);
     arrange();
+    model_->onTyped([this](int line, MeasuredColumn column, const std::string& typed) {
+        change("Change cell", [&](Content& d) {
+            datafiles::store_cell(d.points[static_cast<std::size_t>(line)], column, typed,
+                                  model_->units());
+        });
+    });
+    new UndoKeys(this, *this);
     showData();
 }
 
@@ -105,20 +112,88 @@ void MeasuredDataEditor::openPresent() {
     shell::openChild(new MeasuredDataEditor);
 }
 
+void MeasuredDataEditor::followSession() {
+    auto* view = qobject_cast<MeasuredDataEditor*>(shell::findView(kName));
+    if (view == nullptr || view->data() == legacy::measured_data()) return;
+    view->changed_ = false;
+    view->showData();
+}
+
 void MeasuredDataEditor::showData() {
-    model_->change([] {});
-    datafiles::BatchUnits units = model_->units();
-    units.M = static_cast<double>(legacy::the_substance.M);
-    model_->setUnits(units);
-    comment_->setText(qt(the_session.BatchComment));
-    density_->button(1)->setToolTip(
-        " applying the input value after re-calculation rho = M n / V (molar mass M/(kg/kmol)= " +
-        qt(numbers::General(legacy::the_substance.M)));
+    restart();
+    adoptSubstance();
+    model_->show(points());
+    comment_->setText(qt(history_.value().comment));
     followUnits();
     followTable();
-    if (the_session.BatchCount > 0) markLine(1);
+    if (lineCount() > 0) markLine(1);
     followInput();
     input_[0]->setFocus();
+}
+
+void MeasuredDataEditor::adoptSubstance() {
+    const bool nobodys = about_.casrn.empty() && about_.M == 0;
+    const datafiles::MeasuredData before = about_;
+    if (lineCount() == 0 || nobodys) about_.casrn = legacy::the_substance.CASRN;
+    if (lineCount() == 0 || about_.M == 0) about_.M = static_cast<double>(legacy::the_substance.M);
+    if (about_ != before) legacy::set_measured_data(data());
+    datafiles::MeasuredUnits units = model_->units();
+    units.M = about_.M;
+    model_->setUnits(units);
+    density_->button(1)->setToolTip(
+        " applying the input value after re-calculation rho = M n / V (molar mass M/(kg/kmol)= " +
+        qt(numbers::General(static_cast<float>(units.M))));
+}
+
+// ---------------------------------------------------------------------------------------- history
+
+datafiles::MeasuredData MeasuredDataEditor::data() const {
+    datafiles::MeasuredData all = about_;
+    all.points = points();
+    all.comment = history_.value().comment;
+    return all;
+}
+
+void MeasuredDataEditor::restart() {
+    about_ = legacy::measured_data();
+    history_.restart({std::move(about_.points), std::move(about_.comment)});
+    about_.points.clear();
+    about_.comment.clear();
+}
+
+template <class Change>
+void MeasuredDataEditor::change(const char* name, const Change& what) {
+    Content changed = history_.value();
+    what(changed);
+    if (changed == history_.value()) return;
+    history_.change(name, std::move(changed));
+    showPresent();
+}
+
+void MeasuredDataEditor::showPresent() {
+    legacy::set_measured_data(data());
+    model_->show(points());
+    const QString comment = qt(history_.value().comment);
+    if (comment_->text() != comment) comment_->setText(comment);
+    setChanged();
+    followTable();
+    followInput();
+}
+
+QString MeasuredDataEditor::undoName() const {
+    return qt(history_.undo_name().value_or(""));
+}
+
+QString MeasuredDataEditor::redoName() const {
+    return qt(history_.redo_name().value_or(""));
+}
+
+void MeasuredDataEditor::undo() {
+    if (history_.undo()) showPresent();
+}
+
+void MeasuredDataEditor::redo() {
+    if (history_.redo()) showPresent();
 }
 
 // ------------------------------------------------------------------------------------------ parts
@@ -146,12 +221,7 @@ QWidget* MeasuredDataEditor::buildTable() {
         followTable();
         followInput();
     });
-    connect(model_, &QAbstractItemModel::dataChanged, this,
-            [this](const QModelIndex&, const QModelIndex&, const QList<int>& roles) {
-                // A change of units changes only what is displayed.
-                if (roles.isEmpty()) setChanged();
-                followInput();
-            });
+    connect(model_, &QAbstractItemModel::dataChanged, this, &MeasuredDataEditor::followInput);
     return table_;
 }
 
@@ -203,7 +273,7 @@ QGroupBox* MeasuredDataEditor::buildInput() {
     connect(mode_, &QButtonGroup::idClicked, this, &MeasuredDataEditor::followInput);
     auto* grid = form::grid();
     grid->setContentsMargins({});
-    for (int i = 0; i < datafiles::kBatchColumns; ++i) {
+    for (int i = 0; i < datafiles::kMeasuredColumns; ++i) {
         const auto n = static_cast<std::size_t>(i);
         input_[n] = form::named(new NumberEdit, QString("txtInput_%1").arg(i));
         captions_[n] = form::named(form::caption({}, input_[n]), QString("lblInput_%1").arg(i));
@@ -237,7 +307,8 @@ QGroupBox* MeasuredDataEditor::buildTarget() {
         return button;
     };
     QPushButton* xy = form::button("Save as *.XY", "cmdSaveXY");
-    connect(xy, &QPushButton::clicked, this, [this] { datafiles::batch_save_xy(fitColumn()); });
+    connect(xy, &QPushButton::clicked, this,
+            [this] { session::save_measured_column(fitColumn()); });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(command("Meas. point graph  y = f(T)", "cmdGraphFunction", kGraph));
@@ -267,8 +338,8 @@ QLayout* MeasuredDataEditor::buildLineButtons() {
             &MeasuredDataEditor::toggleLines);
     command("Add clipboard", "cmdClipEinfuegen", "...at the marked position ",
             &MeasuredDataEditor::pasteLines);
-    command("Sort by T", "TSort", {}, [this] { sortBy(BatchColumn::T); });
-    command("Sort by p", "pSort", {}, [this] { sortBy(BatchColumn::p); });
+    command("Sort by T", "TSort", {}, [this] { sortBy(MeasuredColumn::T); });
+    command("Sort by p", "pSort", {}, [this] { sortBy(MeasuredColumn::p); });
     row->addStretch(1);
     return row;
 }
@@ -287,7 +358,7 @@ QLayout* MeasuredDataEditor::buildFileButtons() {
     command("Print table", "cmdPrintTpVListe", [this] {
         dialogs::Print({.title = windowTitle().trimmed().toStdString(),
                         .font = "COURIER",
-                        .text = datafiles::batch_table_text(model_->units())});
+                        .text = datafiles::measured_table_text(points(), model_->units())});
     });
     row->addStretch(1);
     command("Close", "cmdClose", [this] { cancel(); });
@@ -301,6 +372,10 @@ void MeasuredDataEditor::arrange() {
     connect(comment_, &QLineEdit::textEdited, this, [this](const QString& typed) {
         the_session.BatchComment = typed.toStdString();
         changed_ = true;
+    });
+    connect(comment_, &QLineEdit::editingFinished, this, [this] {
+        change("Change comment",
+               [this](Content& d) { d.comment = comment_->text().toStdString(); });
     });
     file_ = form::named(new QLabel, "lblBatchFile");
     status_ = form::named(new QLabel, "lblStatus");
@@ -364,29 +439,27 @@ bool MeasuredDataEditor::editMode() const {
 
 void MeasuredDataEditor::setChanged() {
     changed_ = true;
-    if (the_session.BatchCount > 0)
-        session::set_commands({session::Command::mnuData_BatchEdit}, true);
+    if (lineCount() > 0) session::set_commands({session::Command::mnuData_BatchEdit}, true);
 }
 
 void MeasuredDataEditor::followTable() {
     const auto [first, last] = markedLines();
-    if (the_session.BatchCount == 0)
+    if (lineCount() == 0)
         status_->setText("empty list");
     else if (first == 0)
-        status_->setText(QString("%1 lines").arg(the_session.BatchCount));
+        status_->setText(QString("%1 lines").arg(lineCount()));
     else if (first == last)
         status_->setText(QString("line %1").arg(first));
     else
         status_->setText(QString("lines %1 till %2").arg(first).arg(last));
-    file_->setText(the_session.BatchFile.empty() ? QString()
-                                                 : "File: " + qt(the_session.BatchFile));
+    file_->setText(about_.file.empty() ? QString() : "File: " + qt(about_.file));
 }
 
 void MeasuredDataEditor::followUnits() {
     moles_->setEnabled(model_->units().volume);
     for (std::size_t i = 0; i < captions_.size(); ++i) {
-        captions_[i]->setText(model_->name(static_cast<BatchColumn>(i)));
-        unitLabels_[i]->setText(model_->unit(static_cast<BatchColumn>(i)));
+        captions_[i]->setText(model_->name(static_cast<MeasuredColumn>(i)));
+        unitLabels_[i]->setText(model_->unit(static_cast<MeasuredColumn>(i)));
     }
 }
 
@@ -401,7 +474,7 @@ void MeasuredDataEditor::followInput() {
 }
 
 bool MeasuredDataEditor::takeUnits() {
-    datafiles::BatchUnits units = model_->units();
+    datafiles::MeasuredUnits units = model_->units();
     units.T = static_cast<datafiles::TemperatureUnit>(temperature_->checkedId());
     units.p = static_cast<datafiles::PressureUnit>(pressure_->checkedId());
     units.volume = density_->checkedId() == 1;
@@ -424,18 +497,23 @@ void MeasuredDataEditor::takeInput() {
             dialogs::tell("No marked item!", kRefusal, dialogs::Icon::Stop);
             return;
         }
-        const std::array<QString, datafiles::kBatchColumns> typed = [&] {
-            std::array<QString, datafiles::kBatchColumns> texts;
-            for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = input_[i]->text();
-            return texts;
-        }();
-        for (std::size_t i = 0; i < typed.size(); ++i)
-            model_->setData(model_->index(line - 1, static_cast<int>(i)), typed[i], Qt::EditRole);
+        change("Change line", [&](Content& d) {
+            for (std::size_t i = 0; i < input_.size(); ++i) {
+                const auto column = static_cast<MeasuredColumn>(i);
+                const QString shown =
+                    model_->index(line - 1, static_cast<int>(i)).data().toString();
+                // A field that was only looked at keeps the digits that it does not show.
+                if (input_[i]->text() != shown)
+                    datafiles::store_cell(d.points[static_cast<std::size_t>(line - 1)], column,
+                                          input_[i]->text().toStdString(), model_->units());
+            }
+        });
         return;
     }
-    calculation::BatchDataSet set;
+    adoptSubstance();
+    datafiles::MeasuredPoint set;
     for (std::size_t i = 0; i < input_.size(); ++i)
-        datafiles::store_cell(set, static_cast<BatchColumn>(i), input_[i]->text().toStdString(),
+        datafiles::store_cell(set, static_cast<MeasuredColumn>(i), input_[i]->text().toStdString(),
                               model_->units());
     const bool empty =
         set.T == 0 && set.p == 0 && set.rhoL == 0 && set.rhoV == 0 && set.hLV == 0 && set.cp == 0;
@@ -444,18 +522,20 @@ void MeasuredDataEditor::takeInput() {
         input_[0]->setFocus();
         return;
     }
-    model_->change([&] { datafiles::insert_batch_sets(the_session.BatchCount + 1, {&set, 1}); });
-    setChanged();
-    markLine(the_session.BatchCount);
+    change("Add line", [&](Content& d) {
+        datafiles::insert_points(d.points, lineCount() + 1, {&set, 1});
+    });
+    markLine(lineCount());
     for (NumberEdit* field : input_) field->clear();
     input_[0]->setFocus();
 }
 
 void MeasuredDataEditor::eraseLines() {
     const auto [first, last] = markedLines();
-    if (!datafiles::confirm_removal(first, last)) return;
-    model_->change([first = first, last = last] { datafiles::remove_batch_sets(first, last); });
-    setChanged();
+    if (!session::confirm_removal(first, last)) return;
+    change("Remove lines", [first = first, last = last](Content& d) {
+        datafiles::remove_points(d.points, first, last);
+    });
     markLine(first);
     followTable();
     followInput();
@@ -467,30 +547,28 @@ void MeasuredDataEditor::toggleLines() {
         dialogs::tell("No marked item!", kRefusal, dialogs::Icon::Stop);
         return;
     }
-    datafiles::toggle_batch_sets(first, last);
-    Q_EMIT model_->dataChanged(model_->index(first - 1, 0),
-                               model_->index(last - 1, model_->columnCount() - 1));
-    Q_EMIT model_->headerDataChanged(Qt::Vertical, first - 1, last - 1);
+    change("Lines active or inactive", [first = first, last = last](Content& d) {
+        datafiles::toggle_points(d.points, first, last);
+    });
 }
 
 void MeasuredDataEditor::pasteLines() {
-    const std::vector<calculation::BatchDataSet> sets =
+    adoptSubstance();
+    const std::vector<datafiles::MeasuredPoint> sets =
         datafiles::sets_from_clipboard(dialogs::Clipboard(), model_->units());
     if (sets.empty()) {
         dialogs::tell("The clipboard holds no lines of numbers.", kRefusal);
         return;
     }
-    if (sets.size() + static_cast<std::size_t>(the_session.BatchCount) >
-        datafiles::kMostBatchSets) {
-        dialogs::tell("There is room for " + std::to_string(datafiles::kMostBatchSets) +
+    if (sets.size() + points().size() > datafiles::kMostMeasuredPoints) {
+        dialogs::tell("There is room for " + std::to_string(datafiles::kMostMeasuredPoints) +
                           " sets of data only.",
                       kRefusal, dialogs::Icon::Stop);
         return;
     }
     const int marked = markedLines().first;
-    const int line = marked == 0 ? the_session.BatchCount + 1 : marked;
-    model_->change([&] { datafiles::insert_batch_sets(line, sets); });
-    setChanged();
+    const int line = marked == 0 ? lineCount() + 1 : marked;
+    change("Add clipboard", [&](Content& d) { datafiles::insert_points(d.points, line, sets); });
     markLine(line);
     followTable();
 }
@@ -513,39 +591,47 @@ void MeasuredDataEditor::copyCells() {
 }
 
 void MeasuredDataEditor::clearCells() {
-    for (const QModelIndex& cell : table_->selectionModel()->selectedIndexes())
-        model_->setData(cell, QString(), Qt::EditRole);
+    change("Clear cells", [this](Content& d) {
+        for (const QModelIndex& cell : table_->selectionModel()->selectedIndexes())
+            datafiles::store_cell(d.points[static_cast<std::size_t>(cell.row())],
+                                  static_cast<MeasuredColumn>(cell.column()), {}, model_->units());
+    });
 }
 
-void MeasuredDataEditor::sortBy(BatchColumn column) {
-    model_->change([column] { datafiles::sort_batch_sets(column); });
-    setChanged();
+void MeasuredDataEditor::sortBy(MeasuredColumn column) {
+    change(column == MeasuredColumn::T ? "Sort by T" : "Sort by p",
+           [column](Content& d) { datafiles::sort_points(d.points, column); });
     markLine(1);
     followTable();
 }
 
 // New data replace the present ones, which may be worth saving first.
 void MeasuredDataEditor::load(bool append) {
-    if (!append && !datafiles::batch_save_frage(changed_)) return;
-    const int before = the_session.BatchCount;
-    bool loaded = false;
-    model_->change([&] { loaded = datafiles::batch_load(append); });
-    if (!loaded) {
+    if (!append && !session::may_leave_measured_data(changed_)) return;
+    const int before = lineCount();
+    if (!session::load_measured_data(append)) {
         followTable();
         return;
     }
     const bool unsaved = append && before > 0;
-    setChanged();
+    const datafiles::MeasuredData loaded = legacy::measured_data();
+    if (unsaved)
+        history_.change("Add file", {loaded.points, loaded.comment});
+    else
+        restart();
+    adoptSubstance();
+    showPresent();
     changed_ = unsaved;
-    comment_->setText(qt(the_session.BatchComment));
     markLine(unsaved ? before + 1 : 1);
-    followTable();
-    followInput();
     shell::Refresh();
 }
 
 void MeasuredDataEditor::save() {
-    if (datafiles::batch_save()) changed_ = false;
+    if (session::save_measured_data()) {
+        about_.file = the_session.BatchFile;
+        about_.casrn = the_session.BatchCasrn;
+        changed_ = false;
+    }
     followTable();
 }
 
@@ -579,7 +665,7 @@ bool MeasuredDataEditor::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MeasuredDataEditor::closeEvent(QCloseEvent* event) {
-    if (!datafiles::batch_save_frage(changed_)) {
+    if (!session::may_leave_measured_data(changed_)) {
         event->ignore();
         return;
     }

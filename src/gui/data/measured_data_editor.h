@@ -3,8 +3,10 @@
 #include <array>
 #include <utility>
 
-#include "datafiles/batch_table.h"
+#include "common/history.h"
+#include "datafiles/measured_table.h"
 #include "gui/widgets/child_view.h"
+#include "gui/widgets/undo_keys.h"
 
 class QAction;
 class QButtonGroup;
@@ -22,7 +24,7 @@ class TpvTableModel;
 /// Editor of the experimental data: the table, a line of input, files, clipboard, order. Fitting
 /// and graphs of the data belong to others, under the actions "fit_data", "graph_data" (y = f(T))
 /// and "graph_data_ln" (ln p = f(1/T)); without them their buttons are disabled.
-class MeasuredDataEditor : public ChildView {
+class MeasuredDataEditor : public ChildView, public Undoable {
     Q_OBJECT
 
   public:
@@ -32,6 +34,13 @@ class MeasuredDataEditor : public ChildView {
     /// unsaved in it stays so, unless the data are new.
     static void openNew();
     static void openPresent();
+    /// An open editor shows the data of the session again, after these were changed elsewhere.
+    static void followSession();
+
+    QString undoName() const override;
+    QString redoName() const override;
+    void undo() override;
+    void redo() override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -51,6 +60,18 @@ class MeasuredDataEditor : public ChildView {
     void arrange();
 
     void showData();
+    /// Data without a line belong to the active substance; all others keep theirs.
+    void adoptSubstance();
+    /// Makes a change of the data, as a step that can be taken back.
+    template <class Change>
+    void change(const char* name, const Change& what);
+    /// Shows the present state of the history and hands it to the session.
+    void showPresent();
+    /// Takes data over as they are now in the session, with nothing to take back.
+    void restart();
+    datafiles::MeasuredData data() const;
+    const std::vector<datafiles::MeasuredPoint>& points() const { return history_.value().points; }
+    int lineCount() const { return static_cast<int>(points().size()); }
     Lines markedLines() const;
     void markLine(int line);
     bool editMode() const;
@@ -66,13 +87,22 @@ class MeasuredDataEditor : public ChildView {
     void pasteLines();
     void copyCells();
     void clearCells();
-    void sortBy(datafiles::BatchColumn column);
+    void sortBy(datafiles::MeasuredColumn column);
     void load(bool append);
     void save();
     void send(const char* action);
     int fitColumn() const;
 
     bool changed_ = false;
+    /// What a step of undo takes back.
+    struct Content {
+        std::vector<datafiles::MeasuredPoint> points;
+        std::string comment;
+
+        bool operator==(const Content&) const = default;
+    };
+    History<Content> history_;
+    datafiles::MeasuredData about_;  ///< file and substance of the data; no points, no comment
     TpvTableModel* model_ = nullptr;
     QTableView* table_ = nullptr;
     QMenu* menu_ = nullptr;
@@ -81,9 +111,9 @@ class MeasuredDataEditor : public ChildView {
     QButtonGroup* density_ = nullptr;
     NumberEdit* moles_ = nullptr;
     QButtonGroup* mode_ = nullptr;
-    std::array<QLabel*, datafiles::kBatchColumns> captions_{};
-    std::array<QLabel*, datafiles::kBatchColumns> unitLabels_{};
-    std::array<NumberEdit*, datafiles::kBatchColumns> input_{};
+    std::array<QLabel*, datafiles::kMeasuredColumns> captions_{};
+    std::array<QLabel*, datafiles::kMeasuredColumns> unitLabels_{};
+    std::array<NumberEdit*, datafiles::kMeasuredColumns> input_{};
     QButtonGroup* target_ = nullptr;
     QLineEdit* comment_ = nullptr;
     QLabel* file_ = nullptr;

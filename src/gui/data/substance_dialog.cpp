@@ -13,9 +13,8 @@
 #include <QVBoxLayout>
 
 #include "common/text.h"
-#include "datafiles/database.h"
 #include "datafiles/search.h"
-#include "datafiles/substance_choice.h"
+#include "gui/data/measured_data_editor.h"
 #include "gui/data/substance_list_model.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/shell.h"
@@ -24,6 +23,7 @@
 #include "session/actions.h"
 #include "session/help_topics.h"
 #include "session/module2.h"
+#include "session/substance_session.h"
 
 namespace quor::gui {
 
@@ -37,8 +37,7 @@ constexpr auto kShowData = "ShowSubstanceData";  // action of the substance data
 
 SubstanceDialog::SubstanceDialog(QWidget* parent) : QDialog(parent) {
     setObjectName("frmStoffWahl");
-    setWindowTitle(
-        QString("Select a substance (totally %1)").arg(legacy::the_session.SubstanceCount));
+    setWindowTitle(QString("Select a substance (totally %1)").arg(legacy::the_database.size()));
     buildList();
     buildSearch();
     arrange();
@@ -50,7 +49,7 @@ SubstanceDialog::SubstanceDialog(QWidget* parent) : QDialog(parent) {
 }
 
 void SubstanceDialog::buildList() {
-    auto* all = new SubstanceListModel(this);
+    auto* all = new SubstanceListModel(legacy::the_database, this);
     shown_ = new QSortFilterProxyModel(this);
     shown_->setSourceModel(all);
     shown_->setFilterRole(SubstanceListModel::SearchRole);
@@ -156,11 +155,12 @@ void SubstanceDialog::arrange() {
 
 // Shows names, formula and CASRN of an entry.
 void SubstanceDialog::describe(std::int16_t index) {
-    const std::vector<std::string> names =
-        datafiles::names_of(legacy::the_substances.Names[static_cast<std::size_t>(index)]);
+    const datafiles::DatabaseEntry& entry =
+        legacy::the_database.entries()[static_cast<std::size_t>(index - 1)];
     names_->clear();
-    for (const std::string& name : names) names_->addItem(QString::fromStdString(name));
-    formula_->setText(QString::fromStdString(datafiles::formula_and_casrn(index)));
+    for (const std::string& name : datafiles::names_of(entry.name))
+        names_->addItem(QString::fromStdString(name));
+    formula_->setText(QString::fromStdString(datafiles::formula_and_casrn(entry)));
 }
 
 // The entry was picked in the list: its name goes into the field.
@@ -216,7 +216,7 @@ std::int16_t SubstanceDialog::wantedEntry() {
     if (selected > 0 && typed.compare(names_->itemText(0), Qt::CaseInsensitive) == 0)
         return selected;
     const session::BusyPointer busy;
-    return datafiles::FindSubstance(typed.toStdString()).index;
+    return session::find_substance(typed.toStdString());
 }
 
 void SubstanceDialog::take() {
@@ -231,7 +231,9 @@ void SubstanceDialog::take() {
     }
     selectEntry(found);
     kept_.reset();
-    if (datafiles::take_substance(found)) accept();
+    const bool taken = session::take_substance(found);
+    MeasuredDataEditor::followSession();
+    if (taken) accept();
 }
 
 void SubstanceDialog::showData() {
@@ -239,8 +241,7 @@ void SubstanceDialog::showData() {
     if (found == 0) return;
     selectEntry(found);
     if (!kept_) kept_ = Kept{legacy::the_substance, legacy::the_models.VPModel};
-    bool noCriticalData = false;
-    if (datafiles::ReadSubstance(found, noCriticalData)) actions::Run(kShowData);
+    if (session::read_substance(found)) actions::Run(kShowData);
 }
 
 // Leaving without a choice leaves the session's substance as it was, also after a look at another.

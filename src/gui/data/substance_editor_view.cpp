@@ -11,7 +11,6 @@
 #include <QVBoxLayout>
 
 #include "common/dialogs.h"
-#include "datafiles/database.h"
 #include "gui/data/data_field.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
@@ -19,6 +18,7 @@
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
 #include "session/help_topics.h"
+#include "session/substance_session.h"
 
 namespace quor::gui {
 
@@ -104,6 +104,11 @@ SubstanceEditorView::SubstanceEditorView(bool readOnly, QWidget* parent)
             if ((field.tab == EditorTab::Head) != head) continue;
             auto* edit = new DataField(field, this);
             if (readOnly_) edit->setReadOnly(true);
+            connect(edit, &QLineEdit::editingFinished, this, [this, &field, edit] {
+                remember("Change " + qt(field.caption).trimmed());
+                // What was typed is one step now, no longer the field's own.
+                if (edit->isUndoAvailable()) edit->setText(edit->text());
+            });
             fields_[static_cast<std::size_t>(field.DD)] = edit;
         }
     tabs_ = form::named(new QTabWidget, "SSTab1");
@@ -119,6 +124,8 @@ SubstanceEditorView::SubstanceEditorView(bool readOnly, QWidget* parent)
 
     showTexts(datafiles::show_record(legacy::the_substance));
     shown_ = texts();
+    history_.restart(shown_);
+    new UndoKeys(this, *this);
     follow();
     fields_[0]->setFocus();
 }
@@ -239,8 +246,10 @@ QPushButton* SubstanceEditorView::recalculation(const QString& name, const QStri
     button->setEnabled(!readOnly_);
     connect(button, &QPushButton::clicked, this, [this, correlation] {
         EditorTexts now = texts();
+        remember("Change data");
         datafiles::recalculate(correlation, now);
         showTexts(now);
+        remember("Recalculate");
     });
     return button;
 }
@@ -251,8 +260,10 @@ QPushButton* SubstanceEditorView::estimation(const QString& name, GroupFrame fra
     button->setEnabled(!readOnly_ && group_contributions());
     connect(button, &QPushButton::clicked, this, [this, frame] {
         EditorTexts now = texts();
+        remember("Change data");
         group_contributions()(frame, now, this);
         showTexts(now);
+        remember("JOBACK calculation");
     });
     return button;
 }
@@ -299,7 +310,7 @@ QWidget* SubstanceEditorView::buildCommands() {
                     "lblWriteDataBase");
     about->setBuddy(write);
 
-    status_ = form::named(new QLabel(qt(datafiles::database_caption())), "statusZeile");
+    status_ = form::named(new QLabel(qt(session::database_caption())), "statusZeile");
     auto* note = form::named(
         new QLabel(readOnly_ ? "...but not editable from here " : qt(datafiles::kEditorNote)),
         "lblNote");
@@ -344,13 +355,35 @@ void SubstanceEditorView::showTexts(const EditorTexts& texts) {
 // What the session says of the substance stands in several places of the view.
 void SubstanceEditorView::follow() {
     setWindowTitle("View/Edit Data   " + qt(legacy::the_substance.Name));
-    equation_->setText(qt(datafiles::active_equation_caption()));
+    equation_->setText(qt(session::active_equation_caption()));
+}
+
+void SubstanceEditorView::remember(const QString& name) {
+    history_.change(name.toStdString(), texts());
+}
+
+QString SubstanceEditorView::undoName() const {
+    return qt(history_.undo_name().value_or(""));
+}
+
+QString SubstanceEditorView::redoName() const {
+    return qt(history_.redo_name().value_or(""));
+}
+
+void SubstanceEditorView::undo() {
+    if (history_.undo()) showTexts(history_.value());
+}
+
+void SubstanceEditorView::redo() {
+    if (history_.redo()) showTexts(history_.value());
 }
 
 void SubstanceEditorView::apply() {
+    remember("Change data");
     EditorTexts now = texts();
-    datafiles::ApplyEditor(now);
+    session::apply_editor(now);
     showTexts(now);
+    remember("Apply");
     shown_ = texts();
     follow();
     shell::Refresh();
@@ -358,19 +391,20 @@ void SubstanceEditorView::apply() {
 
 void SubstanceEditorView::writeDatabase() {
     apply();
-    datafiles::write_data_base_q05();
+    session::save_private_database();
 }
 
 void SubstanceEditorView::showTriplePoint(bool fromEquation) {
-    if (const auto text = datafiles::triple_point_pressure(fromEquation)) {
+    if (const auto text = session::triple_point_pressure(fromEquation)) {
         fields_[kTriplePressure]->setText(qt(*text));
+        remember("Triple point pressure");
         return;
     }
     triplePoint_[0]->setChecked(true);
 }
 
 void SubstanceEditorView::reject() {
-    if (readOnly_ || datafiles::may_close_editor(shown_, texts())) QDialog::reject();
+    if (readOnly_ || session::may_close_editor(shown_, texts())) QDialog::reject();
 }
 
 }  // namespace quor::gui

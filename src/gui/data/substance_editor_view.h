@@ -5,7 +5,9 @@
 #include <functional>
 #include <optional>
 
+#include "common/history.h"
 #include "datafiles/substance_editor.h"
+#include "gui/widgets/undo_keys.h"
 
 class QGroupBox;
 class QLabel;
@@ -19,7 +21,7 @@ class DataField;
 
 /// All data of the active substance, to look at and to change. Changes reach the session with
 /// "Apply", and a file only by the command that writes a private database.
-class SubstanceEditorView : public QDialog {
+class SubstanceEditorView : public QDialog, public Undoable {
     Q_OBJECT
 
   public:
@@ -27,6 +29,11 @@ class SubstanceEditorView : public QDialog {
     explicit SubstanceEditorView(bool readOnly, QWidget* parent = nullptr);
 
     void reject() override;
+
+    QString undoName() const override;
+    QString redoName() const override;
+    void undo() override;
+    void redo() override;
 
     /// Estimates a part of the data into the texts of the editor.
     using GroupContributions =
@@ -47,6 +54,8 @@ class SubstanceEditorView : public QDialog {
 
     datafiles::EditorTexts texts() const;
     void showTexts(const datafiles::EditorTexts& texts);
+    /// The fields as they stand, as a step that can be taken back.
+    void remember(const QString& name);
     void apply();
     void writeDatabase();
     void showTriplePoint(bool fromEquation);
@@ -55,6 +64,7 @@ class SubstanceEditorView : public QDialog {
     bool readOnly_;
     std::array<DataField*, datafiles::kEditorFields> fields_{};
     datafiles::EditorTexts shown_;  ///< as last read from the record
+    History<datafiles::EditorTexts> history_;
     QTabWidget* tabs_ = nullptr;
     QLabel* equation_ = nullptr;
     QLabel* status_ = nullptr;

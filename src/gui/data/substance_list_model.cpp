@@ -1,23 +1,21 @@
 #include "gui/data/substance_list_model.h"
 
 #include "common/text.h"
-#include "datafiles/substance_choice.h"
+#include "datafiles/search.h"
 #include "gui/widgets/qt_text.h"
-#include "legacy/declare.h"
 
 namespace quor::gui {
 
 namespace {
 
-QString cell(std::size_t entry, int column) {
-    const datafiles::SubstanceLists& lists = legacy::the_substances;
+QString cell(const datafiles::DatabaseEntry& entry, int column) {
     switch (column) {
         case SubstanceListModel::Name:
-            return qt(datafiles::first_name_of(lists.Names[entry]));
+            return qt(datafiles::first_name_of(entry.name));
         case SubstanceListModel::Formula:
-            return qt(text::trim_right(lists.Formulas[entry]));
+            return qt(text::trim_right(entry.formula));
         case SubstanceListModel::Casrn:
-            return qt(text::trim_right(lists.Casrn[entry]));
+            return qt(text::trim_right(entry.casrn));
         default:
             return {};
     }
@@ -26,8 +24,7 @@ QString cell(std::size_t entry, int column) {
 }  // namespace
 
 int SubstanceListModel::rowCount(const QModelIndex& parent) const {
-    const std::size_t size = legacy::the_substances.Names.size();  // element 0 is not used
-    return parent.isValid() || size == 0 ? 0 : static_cast<int>(size) - 1;
+    return parent.isValid() ? 0 : static_cast<int>(database_.size());
 }
 
 int SubstanceListModel::columnCount(const QModelIndex& parent) const {
@@ -36,18 +33,18 @@ int SubstanceListModel::columnCount(const QModelIndex& parent) const {
 
 QVariant SubstanceListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= rowCount()) return {};
-    const auto entry = static_cast<std::size_t>(index.row()) + 1;
-    const datafiles::SubstanceLists& lists = legacy::the_substances;
+    const datafiles::DatabaseEntry& entry =
+        database_.entries()[static_cast<std::size_t>(index.row())];
     switch (role) {
         case Qt::DisplayRole:
         case Qt::EditRole:
             return cell(entry, index.column());
         case Qt::ToolTipRole:
-            return index.column() == Name ? qt(text::trim_right(lists.Names[entry])) : QVariant();
+            return index.column() == Name ? qt(text::trim_right(entry.name)) : QVariant();
         case SearchRole:
-            return qt(lists.Names[entry] + " " + lists.Formulas[entry] + " " + lists.Casrn[entry]);
+            return qt(entry.name + " " + entry.formula + " " + entry.casrn);
         case IndexRole:
-            return static_cast<int>(entry);
+            return index.row() + 1;
         default:
             return {};
     }

@@ -2,15 +2,17 @@
 
 #include <QAbstractTableModel>
 
+#include "datafiles/database.h"
+
 namespace quor::gui {
 
-/// The substances of the open database as rows: name, formula, CASRN. It reads the session's lists
-/// and holds nothing of its own.
+/// The substances of a database as rows: name, formula, CASRN.
 class SubstanceListModel : public QAbstractTableModel {
     Q_OBJECT
 
   public:
-    using QAbstractTableModel::QAbstractTableModel;
+    explicit SubstanceListModel(datafiles::Database database, QObject* parent = nullptr)
+        : QAbstractTableModel(parent), database_(std::move(database)) {}
 
     enum Column { Name, Formula, Casrn, ColumnCount };
     /// Text in which a typed part is looked for: all names, formula, CASRN.
@@ -22,6 +24,9 @@ class SubstanceListModel : public QAbstractTableModel {
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  private:
+    datafiles::Database database_;
 };
 
 }  // namespace quor::gui

@@ -3,39 +3,46 @@
 #include <QFont>
 
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 
 namespace quor::gui {
 
 namespace {
 
-using datafiles::BatchColumn;
-using legacy::the_BatchData;
+using datafiles::MeasuredColumn;
 
-BatchColumn column_of(const QModelIndex& index) {
-    return static_cast<BatchColumn>(index.column());
-}
-
-// The record of a row; the data may have become fewer since the table was shown.
-calculation::BatchDataSet* set_of(int row) {
-    const auto element = static_cast<std::size_t>(row) + 1;
-    return row >= 0 && row < legacy::the_session.BatchCount && element < the_BatchData.size()
-               ? &the_BatchData[element]
-               : nullptr;
+MeasuredColumn column_of(const QModelIndex& index) {
+    return static_cast<MeasuredColumn>(index.column());
 }
 
 }  // namespace
 
+void TpvTableModel::show(std::vector<datafiles::MeasuredPoint> points) {
+    if (points.size() != points_.size()) {
+        beginResetModel();
+        points_ = std::move(points);
+        endResetModel();
+        return;
+    }
+    points_ = std::move(points);
+    if (points_.empty()) return;
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+    Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
+}
+
+const datafiles::MeasuredPoint* TpvTableModel::pointOf(int row) const {
+    return row >= 0 && row < rowCount() ? &points_[static_cast<std::size_t>(row)] : nullptr;
+}
+
 int TpvTableModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : legacy::the_session.BatchCount;
+    return parent.isValid() ? 0 : static_cast<int>(points_.size());
 }
 
 int TpvTableModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : datafiles::kBatchColumns;
+    return parent.isValid() ? 0 : datafiles::kMeasuredColumns;
 }
 
 QVariant TpvTableModel::data(const QModelIndex& index, int role) const {
-    const calculation::BatchDataSet* set = set_of(index.row());
+    const datafiles::MeasuredPoint* set = pointOf(index.row());
     if (set == nullptr) return {};
     switch (role) {
         case Qt::DisplayRole:
@@ -57,10 +64,10 @@ QVariant TpvTableModel::data(const QModelIndex& index, int role) const {
 
 QVariant TpvTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation == Qt::Horizontal) {
-        const auto column = static_cast<BatchColumn>(section);
+        const auto column = static_cast<MeasuredColumn>(section);
         return role == Qt::DisplayRole ? name(column) + "\n" + unit(column) : QVariant();
     }
-    const calculation::BatchDataSet* set = set_of(section);
+    const datafiles::MeasuredPoint* set = pointOf(section);
     if (set == nullptr) return {};
     const bool active = set->skip == 0;
     if (role == Qt::DisplayRole)
@@ -75,17 +82,15 @@ Qt::ItemFlags TpvTableModel::flags(const QModelIndex& index) const {
 }
 
 bool TpvTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    calculation::BatchDataSet* set = set_of(index.row());
-    if (set == nullptr || role != Qt::EditRole) return false;
+    if (pointOf(index.row()) == nullptr || role != Qt::EditRole || !typed_) return false;
     const QString typed = value.toString();
     // A cell that was only looked at keeps the digits that the table does not show.
     if (typed == data(index, Qt::EditRole).toString()) return false;
-    datafiles::store_cell(*set, column_of(index), typed.toStdString(), units_);
-    Q_EMIT dataChanged(index, index);
+    typed_(index.row(), column_of(index), typed.toStdString());
     return true;
 }
 
-void TpvTableModel::setUnits(const datafiles::BatchUnits& units) {
+void TpvTableModel::setUnits(const datafiles::MeasuredUnits& units) {
     units_ = units;
     if (rowCount() > 0)
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1),
@@ -93,37 +98,37 @@ void TpvTableModel::setUnits(const datafiles::BatchUnits& units) {
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
 }
 
-QString TpvTableModel::name(BatchColumn column) const {
+QString TpvTableModel::name(MeasuredColumn column) const {
     switch (column) {
-        case BatchColumn::T:
+        case MeasuredColumn::T:
             return "T";
-        case BatchColumn::p:
+        case MeasuredColumn::p:
             return "p";
-        case BatchColumn::rhoL:
+        case MeasuredColumn::rhoL:
             return units_.volume ? "v_L" : "rho_L";
-        case BatchColumn::rhoV:
+        case MeasuredColumn::rhoV:
             return units_.volume ? "v_V" : "rho_V";
-        case BatchColumn::hLV:
+        case MeasuredColumn::hLV:
             return "delta(LV)h";
-        case BatchColumn::cp:
+        case MeasuredColumn::cp:
             return "cp";
     }
     return {};
 }
 
-QString TpvTableModel::unit(BatchColumn column) const {
+QString TpvTableModel::unit(MeasuredColumn column) const {
     static constexpr const char* kPressures[] = {"kPa", "atm", "Torr"};
     switch (column) {
-        case BatchColumn::T:
+        case MeasuredColumn::T:
             return units_.T == datafiles::TemperatureUnit::Celsius ? "°C" : "K";
-        case BatchColumn::p:
+        case MeasuredColumn::p:
             return kPressures[static_cast<std::size_t>(units_.p)];
-        case BatchColumn::rhoL:
-        case BatchColumn::rhoV:
+        case MeasuredColumn::rhoL:
+        case MeasuredColumn::rhoV:
             return units_.volume ? "m^3" : "kg/m^3";
-        case BatchColumn::hLV:
+        case MeasuredColumn::hLV:
             return "kJ/kmol";
-        case BatchColumn::cp:
+        case MeasuredColumn::cp:
             return "kJ/(kmol K)";
     }
     return {};

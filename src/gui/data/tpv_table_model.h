@@ -1,13 +1,15 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <functional>
+#include <vector>
 
-#include "datafiles/batch_table.h"
+#include "datafiles/measured_table.h"
 
 namespace quor::gui {
 
-/// The experimental data of the session as a table, in the units that the user reads. It holds
-/// nothing of its own but these units.
+/// Experimental data as a table, in the units that the user reads. It shows what it is given; a
+/// typed cell goes to who holds the data.
 class TpvTableModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -21,23 +23,25 @@ class TpvTableModel : public QAbstractTableModel {
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
-    const datafiles::BatchUnits& units() const { return units_; }
-    void setUnits(const datafiles::BatchUnits& units);
+    const datafiles::MeasuredUnits& units() const { return units_; }
+    void setUnits(const datafiles::MeasuredUnits& units);
 
     /// Name and unit of a column, such as "v_L" and "m^3".
-    QString name(datafiles::BatchColumn column) const;
-    QString unit(datafiles::BatchColumn column) const;
+    QString name(datafiles::MeasuredColumn column) const;
+    QString unit(datafiles::MeasuredColumn column) const;
 
-    /// Runs something that changes lines of the session's data, and shows the result.
-    template <class Change>
-    void change(Change&& what) {
-        beginResetModel();
-        what();
-        endResetModel();
-    }
+    /// Shows lines in place of the present ones. Marks stay where the number of lines does.
+    void show(std::vector<datafiles::MeasuredPoint> points);
+    /// Who takes a typed cell: line (from 0), column, text.
+    using Typed = std::function<void(int line, datafiles::MeasuredColumn, const std::string&)>;
+    void onTyped(Typed typed) { typed_ = std::move(typed); }
 
   private:
-    datafiles::BatchUnits units_;
+    const datafiles::MeasuredPoint* pointOf(int row) const;
+
+    std::vector<datafiles::MeasuredPoint> points_;
+    datafiles::MeasuredUnits units_;
+    Typed typed_;
 };
 
 }  // namespace quor::gui

@@ -19,8 +19,6 @@
 #include "common/dialogs.h"
 #include "common/numbers.h"
 #include "datafiles/cell_numbers.h"
-#include "datafiles/questions.h"
-#include "datafiles/xy_file.h"
 #include "gui/data/xy_table_model.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
@@ -30,15 +28,16 @@
 #include "legacy/declare.h"
 #include "session/actions.h"
 #include "session/help_topics.h"
+#include "session/questions.h"
+#include "session/xy_session.h"
 
 namespace quor::gui {
 
 namespace {
 
+using datafiles::XyData;
 using datafiles::XYManipulation;
 using legacy::the_session;
-using legacy::the_xyComment;
-using legacy::the_xyPoints;
 
 constexpr auto kRefused = "Execution not possible";
 constexpr auto kNeedsNumber = "A number is needed here.";
@@ -133,6 +132,7 @@ XyEditor::XyEditor(QWidget* parent) : ChildView("frmManuInput", parent) {
     layout->addLayout(bottom);
     setDefaultButton(take_);
     setFocusProxy(x_);
+    new UndoKeys(this, *this);
     showList();
 }
 
@@ -156,9 +156,12 @@ void XyEditor::buildTable() {
         const Marked lines = marked();
         if (lines.first > 0) status_->setText(QString("line %1").arg(lines.first));
     });
-    connect(model_, &QAbstractItemModel::dataChanged, this, [this] {
-        changed_ = true;
-        showMarkedInFields();
+    connect(model_, &QAbstractItemModel::dataChanged, this, &XyEditor::showMarkedInFields);
+    model_->onTyped([this](int line, bool isX, float value) {
+        change("Change cell", [&](XyData& d) {
+            datafiles::FitPoint& point = d.points[static_cast<std::size_t>(line)];
+            (isX ? point.x : point.y) = value;
+        });
     });
     empty_ = form::named(new QLabel("empty list"), "lblEmpty");
     empty_->setAlignment(Qt::AlignCenter);
@@ -195,8 +198,11 @@ QWidget* XyEditor::buildFile() {
     comment_ = form::named(new QLineEdit, "txtComment");
     comment_->setToolTip("Optional comment for BAQ or XY file resp.");
     connect(comment_, &QLineEdit::textEdited, this, [this](const QString& typed) {
-        the_xyComment = typed.toStdString();
+        legacy::the_xyData.comment = typed.toStdString();
         changed_ = true;
+    });
+    connect(comment_, &QLineEdit::editingFinished, this, [this] {
+        change("Change comment", [this](XyData& d) { d.comment = comment_->text().toStdString(); });
     });
     auto* separators = form::named(new QComboBox, "cmbSep");
     for (const Separator& s : kSeparators) {
@@ -277,8 +283,9 @@ QWidget* XyEditor::buildLines() {
                              void (*run)(std::span<datafiles::FitPoint>)) {
         QPushButton* button = form::button(text, name);
         button->setToolTip(tip);
-        connect(button, &QPushButton::clicked, this,
-                [this, run] { change([run] { run(the_xyPoints); }); });
+        connect(button, &QPushButton::clicked, this, [this, run, text] {
+            change(QString(text).remove('&'), [run](XyData& d) { run(d.points); });
+        });
         place(button);
     };
     reorder("Sort by &x", "XSort", " ascending ", datafiles::sort_by_x);
@@ -344,14 +351,15 @@ QWidget* XyEditor::buildTargets() {
 // -------------------------------------------------------------------------------------------- list
 
 void XyEditor::showList() {
-    model_->change([] {});
-    comment_->setText(qt(the_xyComment));
+    if (history_.value() != legacy::the_xyData) history_.restart(legacy::the_xyData);
+    model_->show(points());
+    comment_->setText(qt(history_.value().comment));
     follow();
-    if (!the_xyPoints.empty()) status_->setText("line 1");
+    if (!points().empty()) status_->setText("line 1");
 }
 
 void XyEditor::follow() {
-    const bool none = the_xyPoints.empty();
+    const bool none = points().empty();
     empty_->setVisible(none);
     empty_->raise();
     if (none) status_->setText("empty list");
@@ -359,12 +367,39 @@ void XyEditor::follow() {
 
 // Every change of the list keeps the marked lines marked as far as they are still there.
 template <class Change>
-void XyEditor::change(Change&& what) {
+void XyEditor::change(const QString& name, const Change& what) {
+    XyData changed = history_.value();
+    what(changed);
+    if (changed == history_.value()) return;
+    history_.change(name.toStdString(), std::move(changed));
+    showPresent();
+}
+
+void XyEditor::showPresent() {
+    legacy::the_xyData = history_.value();
     const Marked lines = marked();
-    model_->change(what);
+    model_->show(points());
+    const QString comment = qt(history_.value().comment);
+    if (comment_->text() != comment) comment_->setText(comment);
     changed_ = true;
     mark(lines.first, lines.last);
     follow();
+}
+
+QString XyEditor::undoName() const {
+    return qt(history_.undo_name().value_or(""));
+}
+
+QString XyEditor::redoName() const {
+    return qt(history_.redo_name().value_or(""));
+}
+
+void XyEditor::undo() {
+    if (history_.undo()) showPresent();
+}
+
+void XyEditor::redo() {
+    if (history_.redo()) showPresent();
 }
 
 XyEditor::Marked XyEditor::marked() const {
@@ -394,7 +429,7 @@ bool XyEditor::adding() const {
 void XyEditor::showMarkedInFields() {
     const Marked lines = marked();
     if (adding() || lines.first < 1) return;
-    const datafiles::FitPoint& point = the_xyPoints[static_cast<std::size_t>(lines.first - 1)];
+    const datafiles::FitPoint& point = points()[static_cast<std::size_t>(lines.first - 1)];
     x_->setText(qt(numbers::General(point.x)));
     y_->setText(qt(numbers::General(point.y)));
 }
@@ -409,14 +444,14 @@ void XyEditor::takeInput() {
     const datafiles::FitPoint typed{datafiles::cell_single_input(x_->text().toStdString()),
                                     datafiles::cell_single_input(y_->text().toStdString()), 0.0F};
     if (!adding()) {
-        change([&] {
-            datafiles::FitPoint& point = the_xyPoints[static_cast<std::size_t>(line - 1)];
+        change("Change line", [&](XyData& d) {
+            datafiles::FitPoint& point = d.points[static_cast<std::size_t>(line - 1)];
             point.x = typed.x;
             point.y = typed.y;
         });
         mark(line, line);
     } else {
-        change([&] { the_xyPoints.push_back(typed); });
+        change("Add line", [&](XyData& d) { d.points.push_back(typed); });
         const int last = model_->rowCount();
         mark(last, last);
         x_->clear();
@@ -427,8 +462,9 @@ void XyEditor::takeInput() {
 
 void XyEditor::removeMarked() {
     const Marked lines = marked();
-    if (!datafiles::confirm_removal(lines.first, lines.last)) return;
-    change([&] { datafiles::remove_xy(the_xyPoints, lines.first, lines.last); });
+    if (!session::confirm_removal(lines.first, lines.last)) return;
+    change("Remove lines",
+           [&](XyData& d) { datafiles::remove_xy(d.points, lines.first, lines.last); });
 }
 
 void XyEditor::toggleMarked() {
@@ -437,18 +473,24 @@ void XyEditor::toggleMarked() {
         dialogs::tell("No marked item!", kRefused, dialogs::Icon::Stop);
         return;
     }
-    change([&] { datafiles::toggle_xy(the_xyPoints, lines.first, lines.last); });
+    change("Lines active or inactive",
+           [&](XyData& d) { datafiles::toggle_xy(d.points, lines.first, lines.last); });
 }
 
 void XyEditor::zeroMarkedCells() {
     const QModelIndexList cells = table_->selectionModel()->selectedIndexes();
-    for (const QModelIndex& cell : cells) model_->setData(cell, "0", Qt::EditRole);
+    change("Clear cells", [&](XyData& d) {
+        for (const QModelIndex& cell : cells) {
+            datafiles::FitPoint& point = d.points[static_cast<std::size_t>(cell.row())];
+            (cell.column() == 0 ? point.x : point.y) = 0;
+        }
+    });
 }
 
 void XyEditor::copy() {
     const Marked lines = marked();
     if (lines.first < 1) return;
-    dialogs::set_clipboard(datafiles::xy_for_clipboard(the_xyPoints, lines.first, lines.last));
+    dialogs::set_clipboard(datafiles::xy_for_clipboard(points(), lines.first, lines.last));
 }
 
 // The lines go in at the marked place, behind the last one without a mark.
@@ -458,7 +500,7 @@ void XyEditor::paste() {
     if (more.empty()) return;
     const int marking = marked().first;
     const int place = marking > 0 ? marking : model_->rowCount() + 1;
-    change([&] { datafiles::insert_xy(the_xyPoints, place, more); });
+    change("Add clipboard", [&](XyData& d) { datafiles::insert_xy(d.points, place, more); });
     mark(place, place + static_cast<int>(more.size()) - 1);
 }
 
@@ -467,41 +509,42 @@ void XyEditor::manipulate() {
     while (!manipulations_[chosen]->isChecked()) ++chosen;
     const ManipulationRow& row = kManipulations[chosen];
     if (row.needsW && !complete(W_)) return;
-    std::string error;
-    const bool before = changed_;
-    change([&] { error = datafiles::manipulate_xy(the_xyPoints, row.what, W_->value()); });
-    if (error.empty()) return;
-    changed_ = before;
-    dialogs::tell(error, kRefused, dialogs::Icon::Stop);
+    const auto modified = datafiles::manipulated_xy(points(), row.what, W_->value());
+    if (!modified) {
+        dialogs::tell(modified.reason(), kRefused, dialogs::Icon::Stop);
+        return;
+    }
+    change(row.caption, [&](XyData& d) { d.points = *modified; });
 }
 
 // ------------------------------------------------------------------------- files and other targets
 
 void XyEditor::load() {
-    if (!datafiles::xy_save_frage(changed_)) return;
-    std::string loaded;
-    model_->change([&] { loaded = datafiles::xy_load(); });
-    if (loaded.empty()) return;
+    if (!session::may_leave_xy(changed_)) return;
+    const std::optional<std::string> loaded = session::load_xy();
+    if (!loaded) return;
+    history_.restart(legacy::the_xyData);
     changed_ = false;
     showList();
-    status_->setText(qt(loaded));
+    status_->setText("  Loaded: " + qt(*loaded));
     follow();
 }
 
 void XyEditor::save() {
-    if (datafiles::xy_save()) changed_ = false;
+    if (session::save_xy()) changed_ = false;
 }
 
 void XyEditor::print() {
-    dialogs::Print({.title = the_xyComment.empty() ? "x-y data" : the_xyComment,
+    const std::string& comment = history_.value().comment;
+    dialogs::Print({.title = comment.empty() ? "x-y data" : comment,
                     .font = "COURIER",
-                    .text = datafiles::xy_list_text(the_xyPoints)});
+                    .text = datafiles::xy_list_text(points())});
 }
 
 void XyEditor::draw() {
     const bool asPoints = drawAs_[0]->isChecked();
-    if (!datafiles::enough_active_points(the_xyPoints, asPoints)) return;
-    datafiles::xyGraph = datafiles::make_xy_graph(the_xyPoints, asPoints);
+    if (!session::enough_active_points(points(), asPoints)) return;
+    legacy::the_xyGraph = datafiles::make_xy_graph(points(), asPoints);
     actions::Run(kDrawAction);
 }
 
@@ -511,7 +554,7 @@ void XyEditor::fit() {
 }
 
 void XyEditor::closeEvent(QCloseEvent* event) {
-    if (!datafiles::xy_save_frage(changed_)) {
+    if (!session::may_leave_xy(changed_)) {
         event->ignore();
         return;
     }

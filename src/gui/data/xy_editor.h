@@ -2,8 +2,11 @@
 
 #include <array>
 
+#include "common/history.h"
+#include "datafiles/xy_file.h"
 #include "datafiles/xy_points.h"
 #include "gui/widgets/child_view.h"
+#include "gui/widgets/undo_keys.h"
 
 class QComboBox;
 class QGroupBox;
@@ -19,7 +22,7 @@ class NumberEdit;
 class XyTableModel;
 
 /// The editor of x-y points: typed, loaded, pasted, changed; for files, the fitting and diagrams.
-class XyEditor : public ChildView {
+class XyEditor : public ChildView, public Undoable {
     Q_OBJECT
 
   public:
@@ -30,6 +33,11 @@ class XyEditor : public ChildView {
 
     /// Asks for a file and shows its points in place of the list.
     void load();
+
+    QString undoName() const override;
+    QString redoName() const override;
+    void undo() override;
+    void redo() override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -51,8 +59,12 @@ class XyEditor : public ChildView {
     void mark(int first, int last);
     bool adding() const;
 
+    /// Makes a change of the list, as a step that can be taken back.
     template <class Change>
-    void change(Change&& what);
+    void change(const QString& name, const Change& what);
+    /// Shows the present state of the history and hands it to the session.
+    void showPresent();
+    const std::vector<datafiles::FitPoint>& points() const { return history_.value().points; }
     void follow();
     void takeInput();
     void showMarkedInFields();
@@ -67,6 +79,7 @@ class XyEditor : public ChildView {
     void draw();
     void fit();
 
+    History<datafiles::XyData> history_;
     XyTableModel* model_ = nullptr;
     QTableView* table_ = nullptr;
     QLabel* empty_ = nullptr;

@@ -6,7 +6,6 @@
 #include "datafiles/cell_numbers.h"
 #include "datafiles/xy_points.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 
 namespace quor::gui {
 
@@ -14,17 +13,27 @@ namespace {
 
 constexpr int kColumnX = 0, kColumns = 2;
 
-// The point of a row; the list may have become shorter since the table was shown.
-datafiles::FitPoint* point_of(int row) {
-    return row >= 0 && row < static_cast<int>(legacy::the_xyPoints.size())
-               ? &legacy::the_xyPoints[static_cast<std::size_t>(row)]
-               : nullptr;
-}
-
 }  // namespace
 
+void XyTableModel::show(std::vector<datafiles::FitPoint> points) {
+    if (points.size() != points_.size()) {
+        beginResetModel();
+        points_ = std::move(points);
+        endResetModel();
+        return;
+    }
+    points_ = std::move(points);
+    if (points_.empty()) return;
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, kColumns - 1));
+    Q_EMIT headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
+}
+
+const datafiles::FitPoint* XyTableModel::pointOf(int row) const {
+    return row >= 0 && row < rowCount() ? &points_[static_cast<std::size_t>(row)] : nullptr;
+}
+
 int XyTableModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(legacy::the_xyPoints.size());
+    return parent.isValid() ? 0 : static_cast<int>(points_.size());
 }
 
 int XyTableModel::columnCount(const QModelIndex& parent) const {
@@ -32,7 +41,7 @@ int XyTableModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant XyTableModel::data(const QModelIndex& index, int role) const {
-    const datafiles::FitPoint* point = point_of(index.row());
+    const datafiles::FitPoint* point = pointOf(index.row());
     if (point == nullptr) return {};
     const bool active = datafiles::IsActive(*point);
     switch (role) {
@@ -57,7 +66,7 @@ QVariant XyTableModel::data(const QModelIndex& index, int role) const {
 QVariant XyTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation == Qt::Horizontal)
         return role == Qt::DisplayRole ? QVariant(section == kColumnX ? "x" : "y") : QVariant();
-    const datafiles::FitPoint* point = point_of(section);
+    const datafiles::FitPoint* point = pointOf(section);
     if (point == nullptr) return {};
     const bool active = datafiles::IsActive(*point);
     if (role == Qt::DisplayRole)
@@ -72,14 +81,12 @@ Qt::ItemFlags XyTableModel::flags(const QModelIndex& index) const {
 }
 
 bool XyTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    datafiles::FitPoint* point = point_of(index.row());
-    if (point == nullptr || role != Qt::EditRole) return false;
+    if (pointOf(index.row()) == nullptr || role != Qt::EditRole || !typed_) return false;
     const std::string typed = numbers::comma_to_point(value.toString().trimmed().toStdString());
     // A cell that was only looked at keeps the digits that the table does not show.
     if (value.toString() == data(index, Qt::EditRole).toString()) return false;
     if (!datafiles::parse_number(typed)) return false;
-    (index.column() == kColumnX ? point->x : point->y) = datafiles::cell_single(typed);
-    Q_EMIT dataChanged(index, index);
+    typed_(index.row(), index.column() == kColumnX, datafiles::cell_single(typed));
     return true;
 }
 

@@ -1,10 +1,15 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <functional>
+#include <vector>
+
+#include "datafiles/fit_point.h"
 
 namespace quor::gui {
 
-/// The points of the XY editor as a table: the session's list, columns x and y.
+/// A list of x-y points as a table, columns x and y. It shows what it is given; a typed cell goes
+/// to who holds the list.
 class XyTableModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -19,13 +24,17 @@ class XyTableModel : public QAbstractTableModel {
     /// Takes a number with point or comma; anything else is refused.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
-    /// Runs something that changes the list, and shows the result.
-    template <class Change>
-    void change(Change&& what) {
-        beginResetModel();
-        what();
-        endResetModel();
-    }
+    /// Shows points in place of the present ones. Marks stay where their number does.
+    void show(std::vector<datafiles::FitPoint> points);
+    /// Who takes a typed cell: line (from 0), whether it is x, value.
+    using Typed = std::function<void(int line, bool isX, float value)>;
+    void onTyped(Typed typed) { typed_ = std::move(typed); }
+
+  private:
+    const datafiles::FitPoint* pointOf(int row) const;
+
+    std::vector<datafiles::FitPoint> points_;
+    Typed typed_;
 };
 
 }  // namespace quor::gui

@@ -11,19 +11,19 @@
 
 namespace quor::gui {
 
-CoordinatesDialog::CoordinatesDialog(Module9::DiagramSheet& sheet, QWidget* parent)
+CoordinatesDialog::CoordinatesDialog(diagrams::DiagramSheet& sheet, QWidget* parent)
     : QDialog(parent), sheet_(sheet) {
     setObjectName("fraCoord");
     setWindowTitle("Coordinates");
-    const diagrams::DiagramRequest& r = sheet.request;
+    const diagrams::CurveWindow &now = sheet.request.window, &proposed = sheet.request.proposed;
     struct Field {
         const char* caption;
         float now, proposed;
     };
-    const std::array<Field, 4> fields{{{"x minimum", r.xMin, r.xMinDefault},
-                                       {"x maximum", r.xMax, r.xMaxDefault},
-                                       {"y minimum", r.yMin, r.yMinDefault},
-                                       {"y maximum", r.yMax, r.yMaxDefault}}};
+    const std::array<Field, 4> fields{{{"x minimum", now.xMin, proposed.xMin},
+                                       {"x maximum", now.xMax, proposed.xMax},
+                                       {"y minimum", now.yMin, proposed.yMin},
+                                       {"y maximum", now.yMax, proposed.yMax}}};
     auto* grid = form::grid();
     grid->setContentsMargins({});
     // The shortest text that gives the same 32-bit number.
@@ -33,22 +33,22 @@ CoordinatesDialog::CoordinatesDialog(Module9::DiagramSheet& sheet, QWidget* pare
     for (std::size_t i = 0; i < fields.size(); ++i) {
         coord_[i] = form::named(new NumberEdit, QString("coord_%1").arg(i));
         show(coord_[i], fields[i].now);
-        const std::string& unit = i < 2 ? r.xLabel : r.yLabel;
+        const std::string& unit = i < 2 ? sheet.request.texts.x : sheet.request.texts.y;
         form::addRow(grid, static_cast<int>(i), fields[i].caption, coord_[i],
                      QString::fromStdString(unit).trimmed());
     }
     QPushButton* ok = form::button("&OK", "cmdCoord_OK");
     ok->setDefault(true);
-    QPushButton* proposed = form::button("&Defaults", "cmdCoord_Default");
+    QPushButton* defaults = form::button("&Defaults", "cmdCoord_Default");
     QPushButton* cancel = form::button("&Cancel", "cmdCoord_Cancel");
     connect(ok, &QPushButton::clicked, this, &CoordinatesDialog::confirm);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(proposed, &QPushButton::clicked, this, [this, fields, show] {
+    connect(defaults, &QPushButton::clicked, this, [this, fields, show] {
         for (std::size_t i = 0; i < fields.size(); ++i) show(coord_[i], fields[i].proposed);
     });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
-    buttons->addWidget(proposed);
+    buttons->addWidget(defaults);
     buttons->addStretch(1);
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
@@ -65,7 +65,7 @@ void CoordinatesDialog::confirm() {
     for (std::size_t i = 0; i < coord_.size(); ++i)
         limits[i] = coord_[i]->holdsNumber() ? coord_[i]->value()
                                              : std::numeric_limits<double>::quiet_NaN();
-    if (Module9::set_coordinates(sheet_, {{limits[0], limits[1]}, {limits[2], limits[3]}}))
+    if (diagrams::set_coordinates(sheet_, {{limits[0], limits[1]}, {limits[2], limits[3]}}))
         return accept();
     coord_[0]->setFocus();
 }

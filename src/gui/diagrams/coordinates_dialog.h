@@ -14,12 +14,12 @@ class CoordinatesDialog : public QDialog {
     Q_OBJECT
 
   public:
-    explicit CoordinatesDialog(Module9::DiagramSheet& sheet, QWidget* parent = nullptr);
+    explicit CoordinatesDialog(diagrams::DiagramSheet& sheet, QWidget* parent = nullptr);
 
   private:
     void confirm();
 
-    Module9::DiagramSheet& sheet_;
+    diagrams::DiagramSheet& sheet_;
     std::array<NumberEdit*, 4> coord_{};
 };
 

@@ -4,7 +4,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "diagrams/parameter_input.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
@@ -12,11 +11,12 @@
 
 namespace quor::gui {
 
-CurveParameterDialog::CurveParameterDialog(std::int16_t sectionKind, QWidget* parent)
-    : QDialog(parent), sectionKind_(sectionKind) {
+CurveParameterDialog::CurveParameterDialog(diagrams::Section section, const diagrams::Basis& basis,
+                                           const diagrams::StateParameters& at, QWidget* parent)
+    : QDialog(parent), section_(section), basis_(basis), at_(at) {
     setObjectName("frmTpVSInputBox");
     setWindowTitle("Parameter Input");
-    const Module9::ParameterField field = Module9::field_of(sectionKind);
+    const diagrams::ParameterField field = diagrams::field_of(section, basis.units, at);
 
     value_ = form::named(new NumberEdit, "rText");
     value_->setValue(field.value);
@@ -60,18 +60,20 @@ CurveParameterDialog::CurveParameterDialog(std::int16_t sectionKind, QWidget* pa
 
 void CurveParameterDialog::confirm(bool draw) {
     const double typed = value_->holdsNumber() ? value_->value() : 0;
-    switch (Module9::take_parameter(sectionKind_, typed)) {
-        case Module9::ParameterAnswer::Invalid:
-            hint_->setText(Module9::kInvalidParameter);
-            value_->setMark(Module9::kInvalidParameter);
+    const diagrams::ParameterAnswer answer = diagrams::take_parameter(section_, basis_, at_, typed);
+    switch (answer.status) {
+        case diagrams::ParameterStatus::invalid:
+            hint_->setText(diagrams::kInvalidParameter);
+            value_->setMark(diagrams::kInvalidParameter);
             value_->setFocus();
             value_->selectAll();
             return;
-        case Module9::ParameterAnswer::Refused:
+        case diagrams::ParameterStatus::refused:
             return;
-        case Module9::ParameterAnswer::Taken:
+        case diagrams::ParameterStatus::taken:
             break;
     }
+    at_ = answer.at;
     drawNow_ = draw;
     accept();
 }

@@ -21,9 +21,6 @@ namespace quor::gui {
 namespace {
 
 using chart::Group;
-using Module9::kMaxCurves;
-using Module9::kMaxPointSets;
-using Module9::LabelIndex::kFirstText;
 
 constexpr int kShiftSteps = 100;
 
@@ -38,22 +35,25 @@ std::size_t at(int index) {
     return static_cast<std::size_t>(index);
 }
 
-QTabBar* slotTabs(const QString& name, int count, const QString& prefix) {
+QTabBar* placeTabs(const QString& name) {
     auto* bar = form::named(new QTabBar, name);
-    for (int i = 1; i <= count; ++i) bar->addTab(prefix + QString::number(i));
     bar->setUsesScrollButtons(true);
     bar->setExpanding(false);
     bar->setDrawBase(false);
     return bar;
 }
 
-void showTabs(QTabBar* bar, int slot, bool visible) {
-    if (bar->isTabVisible(slot) != visible) bar->setTabVisible(slot, visible);
+/// One tab a place; those of free places are hidden.
+template <class IsUsed>
+void showTabs(QTabBar* bar, const QString& prefix, int places, IsUsed isUsed) {
+    while (bar->count() < places) bar->addTab(prefix + QString::number(bar->count() + 1));
+    for (int place = 0; place < bar->count(); ++place)
+        if (bar->isTabVisible(place) != isUsed(place)) bar->setTabVisible(place, isUsed(place));
 }
 
 }  // namespace
 
-DesignPanel::DesignPanel(Module9::DiagramSheet& sheet, QWidget* parent)
+DesignPanel::DesignPanel(diagrams::DiagramSheet& sheet, QWidget* parent)
     : DesignControls(parent), sheet_(sheet) {
     curvePage();
     pointPage();
@@ -69,48 +69,49 @@ DesignPanel::DesignPanel(Module9::DiagramSheet& sheet, QWidget* parent)
 
 void DesignPanel::follow() {
     loading_ = true;
-    for (int slot = 0; slot < kMaxCurves; ++slot)
-        showTabs(curves_, slot, !sheet_.CurveFree[at(slot)]);
-    for (int slot = 0; slot < kMaxPointSets; ++slot)
-        showTabs(points_, slot, !sheet_.PointSetFree[at(slot)]);
+    showTabs(curves_, "C. ", static_cast<int>(sheet_.curves.size()),
+             [this](int place) { return diagrams::is_drawn(sheet_, place); });
+    showTabs(points_, "P. ", static_cast<int>(sheet_.pointSets.size()),
+             [this](int place) { return diagrams::has_point_set(sheet_, place); });
     fillTextList();
     for (const Load& load : loads_) load();
     loading_ = false;
 }
 
 int DesignPanel::curve() const {
-    const int slot = curves_->currentIndex();
-    return slot >= 0 && !sheet_.CurveFree[at(slot)] ? slot : -1;
+    const int place = curves_->currentIndex();
+    return diagrams::is_drawn(sheet_, place) ? place : -1;
 }
 
 int DesignPanel::pointSet() const {
-    const int slot = points_->currentIndex();
-    return slot >= 0 && !sheet_.PointSetFree[at(slot)] ? slot : -1;
+    const int place = points_->currentIndex();
+    return diagrams::has_point_set(sheet_, place) ? place : -1;
 }
 
-void DesignPanel::showCurve(int slot) {
+void DesignPanel::showCurve(int place) {
     follow();
     showPage("curves");
-    if (slot >= 0 && slot < kMaxCurves) curves_->setCurrentIndex(slot);
+    if (diagrams::is_drawn(sheet_, place)) curves_->setCurrentIndex(place);
 }
 
-void DesignPanel::showPointSet(int slot) {
+void DesignPanel::showPointSet(int place) {
     follow();
     showPage("points");
-    if (slot >= 0 && slot < kMaxPointSets) points_->setCurrentIndex(slot);
+    if (diagrams::has_point_set(sheet_, place)) points_->setCurrentIndex(place);
 }
 
 void DesignPanel::showHit(const chart::ChartHit& hit) {
     using chart::ChartPart;
     switch (hit.part) {
         case ChartPart::Curve:
-            return hit.series < kMaxCurves ? showCurve(hit.series) : showPage("more");
+            return diagrams::is_drawn(sheet_, hit.series) ? showCurve(hit.series)
+                                                          : showPage("more");
         case ChartPart::PointSet:
-            return hit.series < kMaxPointSets ? showPointSet(hit.series) : showPage("more");
+            return diagrams::has_point_set(sheet_, hit.series) ? showPointSet(hit.series)
+                                                               : showPage("more");
         case ChartPart::Label: {
-            const int slot =
-                sheet_.chart.labels[at(hit.label)].index - Module9::LabelIndex::kFirstCurve;
-            if (slot >= 0 && slot < kMaxCurves) return showCurve(slot);
+            const int place = diagrams::curve_place_of(sheet_.chart.labels[at(hit.label)]);
+            if (place >= 0) return showCurve(place);
             showPage("texts");
             texts_->setCurrentIndex(hit.label);
             return;
@@ -130,15 +131,15 @@ void DesignPanel::showHit(const chart::ChartHit& hit) {
 }
 
 chart::Series* DesignPanel::series(Group group) const {
-    const int slot = group == Group::Curves ? curve() : pointSet();
-    return slot < 0 ? nullptr : &chart::series_at(sheet_.chart, group, slot);
+    const int place = group == Group::Curves ? curve() : pointSet();
+    return place < 0 ? nullptr : &chart::series_at(sheet_.chart, group, place);
 }
 
 // ------------------------------------------------------------------------------------------- pages
 
 void DesignPanel::curvePage() {
     QFormLayout* into = page("curves", "Curves");
-    curves_ = slotTabs("tabKurven", kMaxCurves, "C. ");
+    curves_ = placeTabs("tabKurven");
     connect(curves_, &QTabBar::currentChanged, this, [this] {
         if (!loading_) follow();
     });
@@ -149,8 +150,8 @@ void DesignPanel::curvePage() {
             return s == nullptr ? nullptr : &(s->*member);
         };
     };
-    const auto label = [this]() -> Module9::CurveLabel* {
-        return curve() < 0 ? nullptr : &sheet_.CurveLabels[at(curve())];
+    const auto label = [this]() -> diagrams::CurveLabel* {
+        return curve() < 0 ? nullptr : &sheet_.curves[at(curve())].label;
     };
     const Field<chart::Series> any = [this] { return series(Group::Curves); };
     text(into, "Legend text", "txtLegend", ofCurve(&chart::Series::legend));
@@ -197,7 +198,7 @@ void DesignPanel::curvePage() {
 
 void DesignPanel::pointPage() {
     QFormLayout* into = page("points", "Points");
-    points_ = slotTabs("tabPunkte", kMaxPointSets, "P. ");
+    points_ = placeTabs("tabPunkte");
     connect(points_, &QTabBar::currentChanged, this, [this] {
         if (!loading_) follow();
     });
@@ -332,7 +333,7 @@ void DesignPanel::applyScaling() {
         return edit->holdsNumber() ? static_cast<int>(std::clamp(edit->value(), -1.0, 15.0)) : -1;
     };
     const bool manual = findChild<QRadioButton*>("optScaling_1")->isChecked();
-    Module9::set_scaling(
+    diagrams::set_scaling(
         sheet_, manual ? 1 : 0,
         {value("txtXTickValue"), value("txtYTickValue"), value("txtXGridValue"),
          value("txtYGridValue"), digits("txtXZiffValue"), digits("txtYZiffValue")});

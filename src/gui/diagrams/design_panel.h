@@ -14,17 +14,17 @@ class DesignPanel : public DesignControls {
     Q_OBJECT
 
   public:
-    explicit DesignPanel(Module9::DiagramSheet& sheet, QWidget* parent = nullptr);
+    explicit DesignPanel(diagrams::DiagramSheet& sheet, QWidget* parent = nullptr);
 
     /// The controls take what the sheet holds now.
     void follow();
 
-    /// The slots whose tabs are in front, counted from 0; -1 when there is none.
+    /// The places whose tabs are in front, counted from 0; -1 when there is none.
     int curve() const;
     int pointSet() const;
 
-    void showCurve(int slot);
-    void showPointSet(int slot);
+    void showCurve(int place);
+    void showPointSet(int place);
     /// The page and tab that design what was hit.
     void showHit(const chart::ChartHit& hit);
 
@@ -45,7 +45,7 @@ class DesignPanel : public DesignControls {
 
     chart::Series* series(chart::Group group) const;
 
-    Module9::DiagramSheet& sheet_;
+    diagrams::DiagramSheet& sheet_;
     QTabBar* curves_ = nullptr;
     QTabBar* points_ = nullptr;
     class QComboBox* texts_ = nullptr;

@@ -9,12 +9,11 @@
 #include <QStatusBar>
 
 #include "common/dialogs.h"
-#include "diagrams/catalogue.h"
+#include "datafiles/xy_file.h"
+#include "datafiles/xy_points.h"
 #include "diagrams/coordinates.h"
 #include "diagrams/parameter_input.h"
-#include "diagrams/prepare_2d.h"
 #include "diagrams/process_line.h"
-#include "diagrams/sheet_draw.h"
 #include "diagrams/sheet_file.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
@@ -29,9 +28,10 @@
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
+#include "legacy/current_diagram.h"
 #include "session/actions.h"
 #include "session/module2.h"
+#include "session/xy_session.h"
 
 namespace quor::gui {
 
@@ -40,7 +40,6 @@ namespace {
 constexpr QSize kFirstSize(860, 620);
 constexpr int kPanelWidth = 300;
 constexpr int kCascade = 26;  // pixels between diagrams that open on each other
-constexpr std::uint8_t kRangeInput = 7, kFractionInput = 8;
 
 ViewsInUse<DiagramWindow>& openDiagrams() {
     static ViewsInUse<DiagramWindow> all;
@@ -53,21 +52,23 @@ DiagramWindow* DiagramWindow::current() {
     return openDiagrams().current();
 }
 
-void DiagramWindow::Open() {
+void DiagramWindow::Open(const diagrams::PreparedDiagram& prepared, const diagrams::Basis& basis) {
     const std::size_t others = openDiagrams().size();
-    auto* view = new DiagramWindow(legacy::the_diagram);
+    auto* view = new DiagramWindow(prepared, basis);
     shell::openChild(view);
     // A further diagram does not hide the one before.
     auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
     if (window != nullptr && others > 0) window->move(window->pos() + QPoint(kCascade, kCascade));
 }
 
-DiagramWindow::DiagramWindow(const diagrams::DiagramRequest& request) {
+DiagramWindow::DiagramWindow(const diagrams::PreparedDiagram& prepared,
+                             const diagrams::Basis& basis)
+    : sheet_(diagrams::open_sheet(prepared.request, basis, prepared.start.at)),
+      menus_(this, [this] { becomeCurrent(); }) {
     setObjectName("frmGraph2D");
     setWindowIcon(theme::icon("graph2d"));
     setContextMenuPolicy(Qt::NoContextMenu);
     setFocusPolicy(Qt::StrongFocus);
-    Module9::open_sheet(sheet_, request);
     setCaption();
 
     canvas_ = new chart::Chart2DWidget(sheet_.chart, this);
@@ -86,12 +87,12 @@ DiagramWindow::DiagramWindow(const diagrams::DiagramRequest& request) {
     status_ = new QLabel;
     status_->setObjectName("lblReadout");
     statusBar()->addWidget(status_, 1);
+    fluid_ = new QLabel;
+    fluid_->setObjectName("lblFluid");
+    fluid_->setToolTip("Substance and model of the next curve");
+    statusBar()->addPermanentWidget(fluid_);
     menuBar()->setNativeMenuBar(false);
-    buildFileMenu();
-    buildMarkMenu();
-    buildDeleteMenu();
-    buildDesignMenu();
-    buildPictureMenu();
+    buildMenus();
     buildToolBar();
     connectCanvas();
     resize(kFirstSize);
@@ -104,7 +105,9 @@ DiagramWindow::~DiagramWindow() {
 }
 
 void DiagramWindow::becomeCurrent() {
-    if (openDiagrams().use(this)) Module9::give_to_session(sheet_);
+    if (!openDiagrams().use(this)) return;
+    if (sheet_.request.diagram != nullptr) legacy::the_diagram = sheet_.request.diagram;
+    diagrams::keep_parameters(sheet_.at);
 }
 
 void DiagramWindow::showEvent(QShowEvent* event) {
@@ -120,12 +123,12 @@ void DiagramWindow::closeEvent(QCloseEvent* event) {
 
 void DiagramWindow::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter || sheet_.SwappedAxes) return QMainWindow::keyPressEvent(event);
+    if (!enter || sheet_.swappedAxes) return QMainWindow::keyPressEvent(event);
     draw();
 }
 
 void DiagramWindow::setCaption(const QString& file) {
-    setWindowTitle(file.isEmpty() ? qt(Module9::view_caption(sheet_.request))
+    setWindowTitle(file.isEmpty() ? qt(diagrams::view_caption(sheet_.request))
                                   : "Filename: " + file);
 }
 
@@ -139,68 +142,84 @@ void DiagramWindow::closeView() {
 
 void DiagramWindow::draw() {
     becomeCurrent();
-    Module9::Draw(sheet_);
-    if (panel_ != nullptr && sheet_.currentSlot >= 0 && dock_->isVisible())
-        panel_->showCurve(sheet_.currentSlot);
+    diagrams::draw(sheet_, diagrams::current_pen(), legacy::the_processLine);
+    if (sheet_.currentPlace >= 0 && dock_->isVisible()) panel_->showCurve(sheet_.currentPlace);
     refresh();
 }
 
-void DiagramWindow::ShowDatabaseFunction(float low, float high) {
-    sheet_.request.validityLow = low;
-    sheet_.request.validityHigh = high;
-    draw();
+void DiagramWindow::abortWhenEmpty() {
+    if (!diagrams::has_anything(sheet_)) closeView();
 }
 
-void DiagramWindow::abortWhenEmpty() {
-    if (!Module9::has_anything(sheet_)) closeView();
+namespace {
+
+/// The basis of an input in the units of a sheet; nothing, and said, where there is none.
+std::optional<diagrams::Basis> basisOfInput(const diagrams::DiagramSheet& sheet) {
+    try {
+        return diagrams::in_units_of(sheet, diagrams::current_pen().basis);
+    } catch (const std::exception& fault) {
+        dialogs::tell(fault.what(), "Execution not possible");
+        return std::nullopt;
+    }
 }
+
+}  // namespace
 
 void DiagramWindow::askParameter() {
     becomeCurrent();
-    CurveParameterDialog box(sheet_.request.sectionKind, shell::frameWindow());
+    const auto basis = basisOfInput(sheet_);
+    if (!basis) return;
+    CurveParameterDialog box(sheet_.request.section(), *basis, sheet_.at, shell::frameWindow());
     if (shell::openModal(box) != QDialog::Accepted) return abortWhenEmpty();
-    Module9::take_parameters(sheet_);
+    sheet_.at = box.parameters();
+    diagrams::keep_parameters(sheet_.at);
     if (box.drawNow()) return draw();
     refresh();
 }
 
 void DiagramWindow::askRange() {
     becomeCurrent();
-    legacy::the_processLine.Kind = kRangeInput;
-    RangeInput box(sheet_.request.sectionKind, shell::frameWindow());
+    const auto basis = basisOfInput(sheet_);
+    if (!basis) return;
+    RangeInput box({sheet_.request.section(), basis->units, sheet_.at, legacy::the_processLine,
+                    legacy::the_coordinates},
+                   shell::frameWindow());
     if (shell::openModal(box) != QDialog::Accepted) return abortWhenEmpty();
-    Module9::take_parameters(sheet_);
+    sheet_.at = box.range().at;
+    legacy::the_processLine = box.range().line;
+    diagrams::keep_parameters(sheet_.at);
     draw();
 }
 
 void DiagramWindow::askIsohygric() {
-    becomeCurrent();
-    if (!Module9::may_mark_isohygric()) return;
-    legacy::the_processLine.Kind = kFractionInput;
-    RangeInput box(sheet_.request.sectionKind, shell::frameWindow());
+    const diagrams::Pen pen = diagrams::current_pen();
+    if (!diagrams::may_mark_isohygric(pen)) return;
+    RangeInput box(shell::frameWindow());
     if (shell::openModal(box) != QDialog::Accepted) return;
-    Module9::mark_isohygric(sheet_, box.vapourFraction());
+    diagrams::mark_isohygric(sheet_, pen, box.vapourFraction());
     refresh();
 }
 
-void DiagramWindow::askProcessLine(std::uint8_t kind) {
-    becomeCurrent();
-    legacy::the_processLine.Kind = kind;
-    legacy::the_processLine.BaseDiagramType = sheet_.request.DiagramType;
+void DiagramWindow::askProcessLine(diagrams::ProcessKind kind) {
+    legacy::the_processLine.kind = kind;
     ProcessLineDialog box(
-        ProcessLineDialog::Purpose::Line, [this] { drawProcessLine(); }, shell::frameWindow());
+        {ProcessLineDialog::Purpose::Line, diagrams::current_pen(), sheet_.request.diagram,
+         sheet_.at, legacy::the_processLine, legacy::the_session.CsvSeparator},
+        [this](const diagrams::ProcessLine& line) { drawProcessLine(line); }, shell::frameWindow());
     shell::openModal(box);
 }
 
-void DiagramWindow::drawProcessLine() {
-    Module9::DrawOutcome outcome;
-    diagrams::with_process_line(sheet_.request, [&] { outcome = Module9::draw_curve(sheet_); });
+void DiagramWindow::drawProcessLine(const diagrams::ProcessLine& line) {
+    legacy::the_processLine = line;
+    const diagrams::DrawOutcome outcome =
+        diagrams::draw_process_line(sheet_, diagrams::current_pen(), line);
     // The answer of the polytropic program belongs to this line alone.
-    legacy::the_polytropicPoints.clear();
-    if (outcome.slot >= 0) {
-        const auto& curve = sheet_.chart.curves[static_cast<std::size_t>(outcome.slot)];
+    legacy::the_processLine.polytropicPoints.clear();
+    if (outcome.last) legacy::the_processLine.last = *outcome.last;
+    if (outcome.place >= 0) {
+        const auto& curve = sheet_.chart.curves[static_cast<std::size_t>(outcome.place)];
         const std::string note =
-            diagrams::one_point_note(sheet_.request.DiagramType, curve.x, curve.y);
+            diagrams::one_point_note(*sheet_.request.diagram, curve.x, curve.y);
         if (!note.empty()) dialogs::tell(note, "Note");
     }
     refresh();
@@ -216,34 +235,51 @@ void DiagramWindow::askCoordinates() {
 void DiagramWindow::askText() {
     const auto typed = dialogs::ask_input({"Text", "Additional text", ""});
     if (!typed || typed->empty()) return;
-    Module9::add_text(sheet_, *typed);
+    diagrams::add_text(sheet_, *typed);
     refresh();
 }
 
 void DiagramWindow::addLegend() {
-    switch (Module9::add_legend(sheet_)) {
-        case Module9::LegendAnswer::DesignCurve:
+    switch (diagrams::add_legend(sheet_)) {
+        case diagrams::LegendAnswer::DesignCurve:
             return design("curves");
-        case Module9::LegendAnswer::DesignPoints:
+        case diagrams::LegendAnswer::DesignPoints:
             return design("points");
-        case Module9::LegendAnswer::Shown:
+        case diagrams::LegendAnswer::Shown:
             return refresh();
     }
 }
 
 void DiagramWindow::load() {
     becomeCurrent();
-    switch (Module9::load_oc2(sheet_)) {
-        case Module9::LoadOutcome::Loaded:
+    legacy::Session& session = legacy::the_session;
+    const bool withNote = std::exchange(session.Diagram2DNotePending, false);
+    const diagrams::LoadAnswer answer =
+        diagrams::load_oc2(sheet_, session.FolderDiagram2D, withNote);
+    session.FolderDiagram2D = answer.folder;
+    switch (answer.outcome) {
+        case diagrams::LoadOutcome::Loaded:
             break;
-        case Module9::LoadOutcome::Failed:
+        case diagrams::LoadOutcome::Failed:
             return closeView();
-        case Module9::LoadOutcome::Cancelled:
+        case diagrams::LoadOutcome::Cancelled:
             return refresh();
     }
-    setCaption(qt(session::file_title(sheet_.loadedFile)));
+    setCaption(qt(paths::file_title(sheet_.loadedFile)));
     canvas_->forgetZoom();
     refresh();
+}
+
+void DiagramWindow::save() {
+    std::string& folder = legacy::the_session.FolderDiagram2D;
+    folder = diagrams::save_oc2(sheet_, folder).folder;
+}
+
+void DiagramWindow::saveCurve() {
+    std::vector<datafiles::FitPoint> points;
+    for (const diagrams::CurvePoint& point : diagrams::shown_points(sheet_, curveInUse()))
+        points.push_back({point.x, point.y, 0});
+    if (!points.empty()) session::save_curve_as_xy(points);
 }
 
 // ------------------------------------------------------------------------------------------ design
@@ -251,14 +287,33 @@ void DiagramWindow::load() {
 void DiagramWindow::refresh() {
     paintSheet();
     panel_->follow();
-    canvas_->setZoomEnabled(!sheet_.SwappedAxes);
-    parameter_->setText(
-        sheet_.SwappedAxes ? QString() : qt(Module9::shown_parameter(sheet_.request.sectionKind)));
+    canvas_->setZoomEnabled(!sheet_.swappedAxes);
+    followSession();
     followMenus();
 }
 
+void DiagramWindow::followSession() {
+    const diagrams::Pen pen = diagrams::current_pen();
+    const diagrams::Diagram* diagram = sheet_.request.diagram;
+    const std::string fluid = diagrams::fluid_text(diagram, pen);
+    fluid_->setText(diagram == nullptr ? QString()
+                    : fluid.empty()    ? QString("no substance")
+                                       : qt(fluid));
+    QString parameter;
+    try {
+        if (!sheet_.swappedAxes)
+            parameter = qt(diagrams::shown_parameter(sheet_.request.section(),
+                                                     diagrams::in_units_of(sheet_, pen.basis).units,
+                                                     sheet_.at));
+    } catch (const std::exception&) {
+        // The present fluid cannot be shown in the units of the sheet: drawing tells why.
+    }
+    parameter_->setText(parameter);
+    menus_.follow();
+}
+
 void DiagramWindow::paintSheet() {
-    Module9::place_labels(sheet_, canvas_->width(), canvas_->height(), chart::qtTextMeasure());
+    diagrams::place_labels(sheet_, canvas_->width(), canvas_->height(), chart::qtTextMeasure());
     canvas_->refresh();
 }
 
@@ -271,8 +326,8 @@ void DiagramWindow::design(const QString& page) {
     dock_->show();
     panel_->follow();
     panel_->showPage(page);
-    const int slot = curveInUse();
-    if (page == "curves" && slot >= 0) panel_->showCurve(slot);
+    const int place = curveInUse();
+    if (page == "curves" && place >= 0) panel_->showCurve(place);
 }
 
 void DiagramWindow::designHit(const chart::ChartHit& hit) {
@@ -283,32 +338,31 @@ void DiagramWindow::designHit(const chart::ChartHit& hit) {
 
 int DiagramWindow::curveInUse() const {
     if (dock_->isVisible() && panel_->curve() >= 0) return panel_->curve();
-    const int last = sheet_.currentSlot;
-    if (last >= 0 && !sheet_.CurveFree[static_cast<std::size_t>(last)]) return last;
-    for (int slot = Module9::kMaxCurves - 1; slot >= 0; --slot)
-        if (!sheet_.CurveFree[static_cast<std::size_t>(slot)]) return slot;
+    if (diagrams::is_drawn(sheet_, sheet_.currentPlace)) return sheet_.currentPlace;
+    for (int place = static_cast<int>(sheet_.curves.size()) - 1; place >= 0; --place)
+        if (diagrams::is_drawn(sheet_, place)) return place;
     return -1;
 }
 
 void DiagramWindow::showReadout(const chart::ChartHit& hit) {
     using chart::ChartPart;
-    Module9::Under under = Module9::Under::Nothing;
+    diagrams::Under under = diagrams::Under::Nothing;
     std::string text;
     if (hit.part == ChartPart::Curve || hit.part == ChartPart::PointSet)
-        text = Module9::readout(sheet_, {hit.group, hit.series, hit.point, 0});
+        text = diagrams::readout(sheet_, {hit.group, hit.series, hit.point, 0});
     else if (hit.inPlot)
-        text = Module9::place_text(hit.x, hit.y);
-    if (hit.part == ChartPart::Legend) under = Module9::Under::Legend;
+        text = diagrams::place_text(hit.x, hit.y);
+    if (hit.part == ChartPart::Legend) under = diagrams::Under::Legend;
     if (hit.part == ChartPart::Label || hit.part == ChartPart::Header ||
         hit.part == ChartPart::Footer)
-        under = Module9::Under::Text;
-    status_->setText(qt(text + Module9::Hint(under)));
+        under = diagrams::Under::Text;
+    status_->setText(qt(text + diagrams::hint(under)));
 }
 
 void DiagramWindow::clicked(const chart::ChartHit& hit) {
     becomeCurrent();
     if (hit.part == chart::ChartPart::Curve &&
-        Module9::delete_single_point(sheet_, hit.series, hit.point))
+        diagrams::delete_single_point(sheet_, hit.series, hit.point))
         refresh();
 }
 
@@ -319,7 +373,7 @@ void DiagramWindow::connectCanvas() {
     connect(canvas_, &Chart2DWidget::rightClicked, this, &DiagramWindow::designHit);
     connect(canvas_, &Chart2DWidget::partMoved, this, &DiagramWindow::refresh);
     connect(canvas_, &Chart2DWidget::windowChanged, this, [this] {
-        Module9::follow_window(sheet_);
+        diagrams::follow_window(sheet_);
         refresh();
     });
     connect(canvas_, &Chart2DWidget::mouseReleased, this,
@@ -334,59 +388,118 @@ namespace graph2d_views {
 
 namespace {
 
+void openInput(const diagrams::Diagram& diagram) {
+    DiagramWindow* view = DiagramWindow::current();
+    switch (diagrams::input_of(diagram)) {
+        case diagrams::DiagramInput::parameter:
+            return view->askParameter();
+        case diagrams::DiagramInput::range:
+            return view->askRange();
+        case diagrams::DiagramInput::validity:
+            return view->draw();
+        case diagrams::DiagramInput::none:
+            return;
+    }
+}
+
+void prepareAndOpen(const diagrams::Diagram& diagram) {
+    try {
+        const diagrams::Basis basis = diagrams::current_basis();
+        const diagrams::PreparedDiagram prepared =
+            diagrams::prepare_diagram(diagram, basis, diagrams::current_start());
+        diagrams::keep_start(prepared.start);
+        DiagramWindow::Open(prepared, basis);
+        openInput(diagram);
+    } catch (const std::exception&) {
+        dialogs::tell(
+            "The registration of the 2D graph module \\...\\olch8x2.ocx during the installation "
+            "process failed.\nPlease carry out the registration manually (c.f. our website)",
+            "Execution not possible");
+    }
+}
+
+/// Says what has to be said of the diagram that was chosen, and opens it unless that was a refusal.
+void openChosen() {
+    const diagrams::Diagram* diagram = legacy::the_diagram;
+    if (diagram == nullptr) return;
+    const diagrams::OpeningAnswer answer =
+        diagrams::opening_answer(*diagram, models::current_fluid());
+    if (!answer.text.empty())
+        dialogs::tell(answer.text, answer.opens ? "Note" : "Execution not possible");
+    if (answer.opens) prepareAndOpen(*diagram);
+}
+
 /// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
-void open_from_menu() {
-    constexpr std::int16_t kVaporisation = 13;
-    const bool needsReference = legacy::the_diagram.DiagramType == kVaporisation &&
+void openFromMenu() {
+    const diagrams::Diagram* diagram = legacy::the_diagram;
+    const bool needsReference = diagram != nullptr &&
+                                diagram->subTitle == diagrams::SubTitle::vaporisation &&
                                 legacy::the_models.HLVModel == models::VaporisationModel::benson;
-    if (!needsReference) return Module9::open_diagram2_d();
+    if (!needsReference) return openChosen();
     calculation_views::OpenCalcIn(calculation::Task::vaporisationAtT, true);
 }
 
 /// The XY editor's graph gets a diagram of its own, in which nothing is computed.
-void open_editor_graph() {
-    const diagrams::DiagramRequest before =
-        std::exchange(legacy::the_diagram, Module9::request_of_editor_graph());
-    DiagramWindow::Open();
-    legacy::the_diagram = before;
+void openEditorGraph() {
+    const datafiles::XYGraph& graph = legacy::the_xyGraph;
+    const diagrams::DiagramRequest request = diagrams::request_of_editor_graph(
+        {graph.title,
+         graph.xTitle,
+         graph.yTitle,
+         {graph.range.xMin, graph.range.xMax, graph.range.yMin, graph.range.yMax}});
+    DiagramWindow::Open({request, diagrams::current_start()}, {});
     DiagramWindow* view = DiagramWindow::current();
-    Module9::add_editor_graph(view->sheet());
+    std::vector<float> x, y;
+    for (const datafiles::FitPoint& point : graph.points) {
+        x.push_back(point.x);
+        y.push_back(point.y);
+    }
+    if (graph.asPoints)
+        diagrams::add_editor_points(view->sheet(), x, y, legacy::the_xyComment);
+    else
+        diagrams::add_editor_curve(view->sheet(), x, y, legacy::the_xyComment);
     view->refresh();
+}
+
+void calculateProcess() {
+    ProcessLineDialog box(
+        {ProcessLineDialog::Purpose::Calculation, diagrams::current_pen(), nullptr,
+         diagrams::current_start().at, legacy::the_processLine, legacy::the_session.CsvSeparator},
+        [](const diagrams::ProcessLine& line) {
+            legacy::the_processLine = line;
+            legacy::the_calculationViews.openResultView();
+        },
+        shell::frameWindow());
+    shell::openModal(box);
+    legacy::the_processLine.polytropicPoints.clear();
+    legacy::the_processLine.fromCalculation = false;
+}
+
+void renewLimits() {
+    const legacy::Session& session = legacy::the_session;
+    session::refresh_units();
+    legacy::the_session.CaloricFactor =
+        session::caloric_factor_of(session.CaloricUnit, session.DiagramT);
+    legacy::the_coordinates = diagrams::coordinate_defaults(
+        diagrams::current_basis(), legacy::the_coordinates, session.UnitsChanged);
 }
 
 }  // namespace
 
+void openEmpty() {
+    const diagrams::DiagramStart start = diagrams::current_start();
+    if (legacy::the_diagram == nullptr)
+        return DiagramWindow::Open({{}, start}, diagrams::current_pen().basis);
+    const diagrams::Basis basis = diagrams::current_basis();
+    DiagramWindow::Open(diagrams::prepare_diagram(*legacy::the_diagram, basis, start), basis);
+}
+
 void Install() {
-    legacy::the_calculationViews.prepareDiagram = Module9::open_diagram2_d;
-    const auto calculate_process = [] {
-        ProcessLineDialog box(
-            ProcessLineDialog::Purpose::Calculation,
-            [] { legacy::the_calculationViews.openResultView(); }, shell::frameWindow());
-        shell::openModal(box);
-        legacy::the_polytropicPoints.clear();
-        legacy::the_processLine.FromCalculation = false;
-    };
-    legacy::the_calculationViews.openProcessView = calculate_process;
-    Module9::views2_d() = {
-        .openDiagram = DiagramWindow::Open,
-        .openParameterInput =
-            [] {
-                if (DiagramWindow* view = DiagramWindow::current()) view->askParameter();
-            },
-        .openRangeInput =
-            [] {
-                if (DiagramWindow* view = DiagramWindow::current()) view->askRange();
-            },
-        .showDatabaseFunction =
-            [](float low, float high) {
-                if (DiagramWindow* view = DiagramWindow::current())
-                    view->ShowDatabaseFunction(low, high);
-            },
-    };
-    actions::register_action("Diagram2D", open_from_menu);
-    actions::register_action("graph_xy", open_editor_graph);
-    actions::register_action("CalcCoordinateDefaults",
-                             [] { Module9::calc_coordinate_defaults(legacy::the_coordinates); });
+    legacy::the_calculationViews.prepareDiagram = openChosen;
+    legacy::the_calculationViews.openProcessView = calculateProcess;
+    actions::register_action("Diagram2D", openFromMenu);
+    actions::register_action("graph_xy", openEditorGraph);
+    actions::register_action("CalcCoordinateDefaults", renewLimits);
 }
 
 }  // namespace graph2d_views

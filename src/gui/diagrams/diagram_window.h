@@ -2,50 +2,49 @@
 
 #include <QMainWindow>
 
-#include "diagrams/diagram_sheet.h"
+#include "diagrams/prepare_2d.h"
 #include "diagrams/sheet_marks.h"
 #include "gui/chart/chart2d_widget.h"
+#include "gui/diagrams/window_menus.h"
+#include "gui/widgets/follows_session.h"
 
 class QDockWidget;
 class QLabel;
-class QMenu;
-class QToolBar;
 
 namespace quor::gui {
 
 class DesignPanel;
 
 /// A 2D diagram: the sheet with its curves, points and marks, the commands on it, and the design
-/// panel. Several may be open; the one that was used last is the diagram of the session.
-class DiagramWindow : public QMainWindow {
+/// panel. Several may be open. Its next curve is drawn with the present fluid, which it shows.
+class DiagramWindow : public QMainWindow, public FollowsSession {
     Q_OBJECT
 
   public:
-    explicit DiagramWindow(const diagrams::DiagramRequest& request);
+    DiagramWindow(const diagrams::PreparedDiagram& prepared, const diagrams::Basis& basis);
     ~DiagramWindow() override;
 
     /// The diagram in use; nullptr when none is open.
     static DiagramWindow* current();
-    /// Opens a diagram for the session's request.
-    static void Open();
+    /// Opens a diagram.
+    static void Open(const diagrams::PreparedDiagram& prepared, const diagrams::Basis& basis);
 
-    /// Makes this diagram the one of the session.
+    /// Makes this diagram the one whose parameters the next one begins with.
     void becomeCurrent();
 
-    /// `cmdDraw`: the curve of the session's parameters.
+    /// `cmdDraw`: the curve of the sheet's parameters.
     void draw();
     /// Opens the input of the parameter, or of the range, of the next curve.
     void askParameter();
     void askRange();
-    /// Draws a function of the database in its range of validity.
-    void ShowDatabaseFunction(float low, float high);
 
     /// Asks for a saved diagram and shows it.
     void load();
 
-    Module9::DiagramSheet& sheet() { return sheet_; }
+    diagrams::DiagramSheet& sheet() { return sheet_; }
     /// Repaints after a change of the sheet; menus and panel follow.
     void refresh();
+    void followSession() override;
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -54,17 +53,22 @@ class DiagramWindow : public QMainWindow {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    using Command = std::function<void()>;
+    using Marking = bool (*)(diagrams::DiagramSheet&, const diagrams::Pen&);
 
-    QAction* command(QMenu* menu, const QString& caption, const QString& name, Command what);
-    void mark(QMenu* menu, const QString& caption, const QString& name, Module9::Mark kind,
-              bool (*what)(Module9::DiagramSheet&));
-    void buildMarkMenu();
-    void buildDeleteMenu();
-    void buildDesignMenu();
-    void buildPictureMenu();
-    void buildFileMenu();
+    void buildMenus();
     void buildToolBar();
+    MenuRow fileMenu();
+    MenuRow markMenu();
+    MenuRow deleteMenu();
+    MenuRow designMenu();
+    MenuRow pictureMenu();
+    MenuRow mark(const QString& caption, const QString& name, diagrams::Mark kind, Marking what);
+    MenuRow removal(const QString& caption, const QString& name,
+                    void (*what)(diagrams::DiagramSheet&), std::function<bool()> when);
+    MenuRow deletionOfCurve(int number);
+    MenuRow deletionOfPoints(int number);
+    std::vector<MenuRow> drawButtons();
+    std::vector<MenuRow> windowButtons();
     void connectCanvas();
     void paintSheet();
 
@@ -76,10 +80,14 @@ class DiagramWindow : public QMainWindow {
 
     void askCoordinates();
     void askIsohygric();
-    void askProcessLine(std::uint8_t kind);
-    void drawProcessLine();
+    void askProcessLine(diagrams::ProcessKind kind);
+    void drawProcessLine(const diagrams::ProcessLine& line);
     void askText();
     void addLegend();
+    void addMeasuredPoints();
+    void addEditorPoints(bool asCurve);
+    void saveCurve();
+    void save();
     void copyPicture();
     void savePicture();
     void printPicture();
@@ -89,25 +97,23 @@ class DiagramWindow : public QMainWindow {
     void setCaption(const QString& file = {});
     void closeView();
 
-    Module9::DiagramSheet sheet_;
+    diagrams::DiagramSheet sheet_;
+    WindowMenus menus_;
+    int curveRows_ = 0, pointRows_ = 0;  ///< of the menus that delete
     chart::Chart2DWidget* canvas_ = nullptr;
     DesignPanel* panel_ = nullptr;
     QDockWidget* dock_ = nullptr;
     QLabel* status_ = nullptr;
+    QLabel* fluid_ = nullptr;
     QLabel* parameter_ = nullptr;
-    struct MarkRow {
-        QAction* action;
-        Module9::Mark kind;
-    };
-    std::vector<MarkRow> marks_;
-    /// Actions with the state that enables them.
-    std::vector<std::pair<QAction*, std::function<bool()>>> rules_;
 };
 
 namespace graph2d_views {
 
 /// Connects the preparation of diagrams with their views and registers the rows of the menu.
 void Install();
+/// Opens a diagram for a file: that of the kind chosen last, without a curve.
+void openEmpty();
 
 }  // namespace graph2d_views
 

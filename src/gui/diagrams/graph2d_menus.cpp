@@ -1,16 +1,10 @@
-#include <QApplication>
-#include <QClipboard>
 #include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
-#include <QStatusBar>
 #include <QToolBar>
-#include <QToolButton>
 
+#include "calculation/result_records.h"
 #include "common/dialogs.h"
-#include "diagrams/catalogue.h"
-#include "diagrams/curve.h"
-#include "diagrams/project_state.h"
+#include "datafiles/xy_points.h"
+#include "diagrams/process_line.h"
 #include "diagrams/sheet_file.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
@@ -18,314 +12,431 @@
 #include "gui/diagrams/design_panel.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
-#include "session/actions.h"
+#include "legacy/current_diagram.h"
+#include "session/module2.h"
+#include "session/xy_session.h"
 
-// The menus and the tool bar of a diagram, and what leaves it as a picture or a table.
+// The menus and the tool bar of a diagram, and what enters it from data or leaves it as a picture
+// or a table.
 
 namespace quor::gui {
 
 namespace {
 
-using Module9::DiagramSheet;
-using Module9::Mark;
+using diagrams::DiagramSheet;
+using diagrams::Mark;
+using diagrams::Pen;
 
-constexpr auto kProcessLine = "mnuAddProcessLine";
-constexpr QSize kToolIcon(20, 20);
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
-
-QMenu* addMenu(QWidget* view, QMenuBar* bar, const QString& caption, const QString& name) {
-    auto* menu = new QMenu(caption, view);
-    menu->setObjectName(name);
-    menu->setToolTipsVisible(true);
-    bar->addMenu(menu);
-    return menu;
-}
-
-QMenu* addSubmenu(QMenu* into, const QString& caption, const QString& name) {
-    QMenu* menu = into->addMenu(caption);
-    menu->setObjectName(name);
-    return menu;
-}
+// Rows that the menus which delete have from the start.
+constexpr int kCurveRows = 24, kPointRows = 12;
 
 }  // namespace
 
-QAction* DiagramWindow::command(QMenu* menu, const QString& caption, const QString& name,
-                                Command what) {
-    auto* action = new QAction(caption, this);
-    action->setObjectName(name);
-    connect(action, &QAction::triggered, this, [this, what] {
-        becomeCurrent();
-        what();
-    });
-    if (menu != nullptr) menu->addAction(action);
-    return action;
+void DiagramWindow::buildMenus() {
+    menus_.addMenu(fileMenu());
+    menus_.addMenu(markMenu());
+    menus_.addMenu(deleteMenu());
+    menus_.addMenu(designMenu());
+    menus_.addMenu(pictureMenu());
 }
 
-void DiagramWindow::mark(QMenu* menu, const QString& caption, const QString& name, Mark kind,
-                         bool (*what)(DiagramSheet&)) {
-    QAction* row = command(menu, caption, name, [this, what] {
-        what(sheet_);
-        refresh();
-    });
-    marks_.push_back({row, kind});
+MenuRow DiagramWindow::fileMenu() {
+    const auto hasCurve = [this] { return diagrams::curve_count(sheet_) > 0; };
+    return {
+        .caption = "&File",
+        .name = "mnuFile",
+        .rows = {
+            {.caption = "Load a diagram ...", .name = "mnuLoadOC2", .run = [this] { load(); }},
+            {.caption = "Save the diagram ...", .name = "mnuSaveOC2", .run = [this] { save(); }},
+            {},
+            {.caption = "Save curve as .XY ...",
+             .name = "cmdSaveCurveAsXY",
+             .run = [this] { saveCurve(); },
+             .enabled = hasCurve},
+            {.caption = "Copy points of the curve",
+             .name = "cmdCopyTable",
+             .run = [this] { copyTable(); },
+             .enabled = hasCurve},
+            {},
+            {.caption = "Back to the main menu", .name = "mnuHaupt", .run = [this] {
+                 closeView();
+             }}}};
 }
 
-void DiagramWindow::buildMarkMenu() {
-    QMenu* menu = addMenu(this, menuBar(), "&Add ...", "mnuMark");
-    mark(menu, "V-L coexistence curve (projection)", "mnuMarkKoex", Mark::Coexistence,
-         Module9::mark_coexistence);
-    marks_.push_back({command(menu, "Line of constant vapour fraction (Isohygric)",
-                              "mnuMarkIsohygre", [this] { askIsohygric(); }),
-                      Mark::Isohygric});
-    mark(menu, "Tie-line Vapour-Liquid", "mnuMarkKonnode", Mark::TieLine, Module9::mark_tie_line);
-    mark(menu, "unstable/metastable region", "mnuMarkSKurve", Mark::SCurve, Module9::mark_s_curve);
-    mark(menu, "Inversion Curve Joule-Thomson Effect", "mnuMarkInversion", Mark::Inversion,
-         Module9::mark_inversion);
-    mark(menu, "rho-bisection line (CAILLETET/MATHIAS)", "mnuMarkHalbierende", Mark::Bisection,
-         Module9::mark_bisection);
-    menu->addSeparator();
-    mark(menu, "T Marker", "mnuMarkT", Mark::T, Module9::mark_t_grenzen);
-    mark(menu, "p Marker", "mnuMarkP", Mark::p, Module9::mark_pressures);
-    mark(menu, "V-Mark (V(cr) calculated)", "mnuMarkV", Mark::v, Module9::mark_volume);
-    mark(menu, "Marker v = B", "mnuMarkB", Mark::b, Module9::mark_covolume);
-    mark(menu, "Critical point (experimental)", "mnuMarkCritPointEx", Mark::CriticalEx,
-         [](DiagramSheet& s) { return Module9::mark_critical_point(s, true); });
-    mark(menu, "Critical point (calculated)", "mnuMarkCritPointCalc", Mark::CriticalCalc,
-         [](DiagramSheet& s) { return Module9::mark_critical_point(s, false); });
-    menu->addSeparator();
+MenuRow DiagramWindow::mark(const QString& caption, const QString& name, Mark kind, Marking what) {
+    return {.caption = caption,
+            .name = name,
+            .run =
+                [this, what] {
+                    what(sheet_, diagrams::current_pen());
+                    refresh();
+                },
+            .enabled = [this, kind] { return diagrams::offers_mark(sheet_, kind); }};
+}
 
-    QMenu* lines = addSubmenu(menu, "Process line", kProcessLine);
+MenuRow DiagramWindow::markMenu() {
+    MenuRow lines{.caption = "Process line", .name = "mnuAddProcessLine", .enabled = [this] {
+                      return sheet_.request.diagram != nullptr &&
+                             diagrams::shows_states(*sheet_.request.diagram);
+                  }};
     const char* const kLines[] = {"Straight line", "Isotherm",    "Isobar",    "Isochore",
                                   "Isentropic",    "Isenthalpic", "Polytropic"};
-    for (std::uint8_t kind = 0; kind < std::size(kLines); ++kind)
-        command(lines, kLines[kind], QString("%1_%2").arg(kProcessLine).arg(kind),
-                [this, kind] { askProcessLine(kind); });
-    rules_.emplace_back(lines->menuAction(),
-                        [this] { return diagrams::ShowsStates(sheet_.request.DiagramType); });
-    menu->addSeparator();
-
-    command(menu, "Experimental points", "mnuAddPunkte", [this] {
-        Module9::add_measured_points(sheet_);
-        refresh();
-    });
-    QMenu* editor = addSubmenu(menu, "From the XY editor", "mnuManuXY");
-    command(editor, "as points", "cmdManuPoints", [this] {
-        Module9::add_editor_points(sheet_);
-        refresh();
-    });
-    command(editor, "as curve", "cmdManuKurve", [this] {
-        Module9::add_editor_curve(sheet_);
-        refresh();
-    });
-    menu->addSeparator();
-    command(menu, "Legend", "mnuAddLegend", [this] { addLegend(); });
-    command(menu, "Curve labels", "mnuAddLabels", [this] {
-        for (Module9::CurveLabel& label : sheet_.CurveLabels) label.shown = true;
+    for (std::uint8_t i = 0; i < std::size(kLines); ++i)
+        lines.rows.push_back(
+            {.caption = kLines[i],
+             .name = QString("mnuAddProcessLine_%1").arg(i),
+             .run = [this, i] { askProcessLine(static_cast<diagrams::ProcessKind>(i)); }});
+    const auto showLabels = [this] {
+        for (diagrams::SheetCurve& curve : sheet_.curves) curve.label.shown = true;
         sheet_.chart.labelsShown = true;
         refresh();
-    });
-    command(menu, "Text ...", "mnuAddText", [this] { askText(); });
-    rules_.emplace_back(menu->menuAction(), [this] { return !sheet_.SwappedAxes; });
+    };
+    return {.caption = "&Add ...",
+            .name = "mnuMark",
+            .enabled = [this] { return !sheet_.swappedAxes; },
+            .rows = {mark("V-L coexistence curve (projection)", "mnuMarkKoex", Mark::Coexistence,
+                          diagrams::mark_coexistence),
+                     {.caption = "Line of constant vapour fraction (Isohygric)",
+                      .name = "mnuMarkIsohygre",
+                      .run = [this] { askIsohygric(); },
+                      .enabled = [this] { return diagrams::offers_mark(sheet_, Mark::Isohygric); }},
+                     mark("Tie-line Vapour-Liquid", "mnuMarkKonnode", Mark::TieLine,
+                          diagrams::mark_tie_line),
+                     mark("unstable/metastable region", "mnuMarkSKurve", Mark::SCurve,
+                          diagrams::mark_s_curve),
+                     mark("Inversion Curve Joule-Thomson Effect", "mnuMarkInversion",
+                          Mark::Inversion, diagrams::mark_inversion),
+                     mark("rho-bisection line (CAILLETET/MATHIAS)", "mnuMarkHalbierende",
+                          Mark::Bisection, diagrams::mark_bisection),
+                     {},
+                     mark("T Marker", "mnuMarkT", Mark::T, diagrams::mark_temperatures),
+                     mark("p Marker", "mnuMarkP", Mark::p, diagrams::mark_pressures),
+                     mark("V-Mark (V(cr) calculated)", "mnuMarkV", Mark::v, diagrams::mark_volume),
+                     mark("Marker v = B", "mnuMarkB", Mark::b, diagrams::mark_covolume),
+                     mark("Critical point (experimental)", "mnuMarkCritPointEx", Mark::CriticalEx,
+                          [](DiagramSheet& s, const Pen& pen) {
+                              return diagrams::mark_critical_point(s, pen, true);
+                          }),
+                     mark("Critical point (calculated)", "mnuMarkCritPointCalc", Mark::CriticalCalc,
+                          [](DiagramSheet& s, const Pen& pen) {
+                              return diagrams::mark_critical_point(s, pen, false);
+                          }),
+                     {},
+                     lines,
+                     {},
+                     {.caption = "Experimental points",
+                      .name = "mnuAddPunkte",
+                      .run = [this] { addMeasuredPoints(); }},
+                     {.caption = "From the XY editor",
+                      .name = "mnuManuXY",
+                      .rows = {{.caption = "as points",
+                                .name = "cmdManuPoints",
+                                .run = [this] { addEditorPoints(false); }},
+                               {.caption = "as curve",
+                                .name = "cmdManuKurve",
+                                .run = [this] { addEditorPoints(true); }}}},
+                     {},
+                     {.caption = "Legend", .name = "mnuAddLegend", .run = [this] { addLegend(); }},
+                     {.caption = "Curve labels", .name = "mnuAddLabels", .run = showLabels},
+                     {.caption = "Text ...", .name = "mnuAddText", .run = [this] { askText(); }}}};
 }
 
-void DiagramWindow::buildDeleteMenu() {
-    QMenu* menu = addMenu(this, menuBar(), "&Delete", "mnuDel");
-    const auto rule = [this](QAction* action, std::function<bool()> when) {
-        rules_.emplace_back(action, std::move(when));
+MenuRow DiagramWindow::removal(const QString& caption, const QString& name,
+                               void (*what)(DiagramSheet&), std::function<bool()> when) {
+    return {.caption = caption,
+            .name = name,
+            .run =
+                [this, what] {
+                    what(sheet_);
+                    refresh();
+                },
+            .enabled = std::move(when)};
+}
+
+MenuRow DiagramWindow::deletionOfCurve(int n) {
+    return {.caption = n == 0 ? QString("All") : QString("Curve %1").arg(n),
+            .name = QString("mnuSubDelKurv_%1").arg(n),
+            .run =
+                [this, n] {
+                    diagrams::delete_curve(sheet_, n);
+                    refresh();
+                },
+            .enabled =
+                [this, n] {
+                    return n == 0 ? diagrams::curve_count(sheet_) > 0
+                                  : diagrams::is_drawn(sheet_, n - 1);
+                }};
+}
+
+MenuRow DiagramWindow::deletionOfPoints(int n) {
+    return {.caption = n == 0 ? QString("All") : QString("Point Set %1").arg(n),
+            .name = QString("mnuSubDelPoints_%1").arg(n),
+            .run =
+                [this, n] {
+                    diagrams::delete_point_set(sheet_, n);
+                    refresh();
+                },
+            .enabled =
+                [this, n] {
+                    return n == 0 ? diagrams::point_set_count(sheet_) > 0
+                                  : diagrams::has_point_set(sheet_, n - 1);
+                }};
+}
+
+MenuRow DiagramWindow::deleteMenu() {
+    MenuRow curves{.caption = "Curves", .name = "mnuDelKurv", .enabled = [this] {
+                       return diagrams::curve_count(sheet_) > 0;
+                   }};
+    MenuRow points{.caption = "Experimental points", .name = "mnuDelPoints", .enabled = [this] {
+                       return diagrams::point_set_count(sheet_) > 0;
+                   }};
+    for (; curveRows_ <= kCurveRows; ++curveRows_)
+        curves.rows.push_back(deletionOfCurve(curveRows_));
+    for (; pointRows_ <= kPointRows; ++pointRows_)
+        points.rows.push_back(deletionOfPoints(pointRows_));
+    const auto takeBack = [this] {
+        diagrams::undo(sheet_);
+        refresh();
     };
-    const auto remove = [this](void (*what)(DiagramSheet&)) {
-        return [this, what] {
-            what(sheet_);
-            refresh();
-        };
+    const auto makeAgain = [this] {
+        diagrams::redo(sheet_);
+        refresh();
     };
-    rule(command(menu, "Undo", "cmdUndo",
+    return {.caption = "&Delete",
+            .name = "mnuDel",
+            .rows = {
+                {.caption = "Undo",
+                 .name = "cmdUndo",
+                 .run = takeBack,
+                 .enabled = [this] { return !sheet_.undo.empty(); },
+                 .icon = "undo",
+                 .shortcut = QKeySequence::Undo},
+                {.caption = "Redo",
+                 .name = "cmdRedo",
+                 .run = makeAgain,
+                 .enabled = [this] { return !sheet_.redo.empty(); },
+                 .shortcut = QKeySequence("Ctrl+Shift+Z")},
+                {},
+                removal("Everything", "mnuDelTotal", diagrams::delete_total,
+                        [this] { return diagrams::has_anything(sheet_); }),
+                curves,
+                points,
+                {.caption = "How to delete a single curve point",
+                 .name = "cmdMsgDelPoint",
+                 .run = diagrams::explain_point_deletion},
+                {},
+                removal("Markers", "mnuDelMarkTP", diagrams::delete_reference_lines,
+                        [this] {
+                            return diagrams::has_reference_lines(sheet_) ||
+                                   diagrams::has_marker_labels(sheet_);
+                        }),
+                removal("Texts of the markers", "mnuDelMarkLabels", diagrams::delete_marker_labels,
+                        [this] { return diagrams::has_marker_labels(sheet_); }),
+                removal(
+                    "Critical point (experimental)", "mnuDelCritPointEx",
+                    [](DiagramSheet& s) { diagrams::delete_critical_point(s, true); },
+                    [this] { return diagrams::has_critical_point(sheet_, true); }),
+                removal(
+                    "Critical point (calculated)", "mnuDelCritPointCalc",
+                    [](DiagramSheet& s) { diagrams::delete_critical_point(s, false); },
+                    [this] { return diagrams::has_critical_point(sheet_, false); }),
+                {},
+                removal(
+                    "Legend", "mnuDelLegend", [](DiagramSheet& s) { s.chart.legend.shown = false; },
+                    [this] { return sheet_.chart.legend.shown; }),
+                {.caption = "How to delete a single legend entry",
+                 .name = "cmdLegendInfo",
+                 .run = diagrams::explain_legend},
+                removal("Curve labels", "mnuDelLabels", diagrams::delete_curve_labels,
+                        [this] { return diagrams::has_curve_labels(sheet_); }),
+                removal("Additional texts", "mnuDelTexts", diagrams::delete_texts,
+                        [this] { return diagrams::has_texts(sheet_); })}};
+}
+
+MenuRow DiagramWindow::designMenu() {
+    const auto page = [this](const char* caption, const char* name, const char* shown) {
+        return MenuRow{.caption = caption, .name = name, .run = [this, shown] { design(shown); }};
+    };
+    return {.caption = "De&sign",
+            .name = "mnuDesign",
+            .rows = {page("Curves", "mnuKurvenDesign", "curves"),
+                     page("Experimental points", "mnuPunktDesign", "points"),
+                     page("Axes", "mnuAxesDesign", "axes"),
+                     page("Titles and texts", "mnuTextDesign", "texts"),
+                     page("Legend", "mnuLegendDesign", "legend"),
+                     page("More", "mnuDesignMore", "more")}};
+}
+
+MenuRow DiagramWindow::pictureMenu() {
+    return {.caption = "&Picture",
+            .name = "mnuBild",
+            .rows = {{.caption = "... to the Clipboard",
+                      .name = "mnuBild_0",
+                      .run = [this] { copyPicture(); }},
+                     {.caption = "... Save as Image File (.BMP,.WMF)",
+                      .name = "mnuBild_1",
+                      .run = [this] { savePicture(); }},
+                     {.caption = "... to the Printer", .name = "mnuBild_2", .run = [this] {
+                          printPicture();
+                      }}}};
+}
+
+std::vector<MenuRow> DiagramWindow::drawButtons() {
+    const diagrams::Diagram* diagram = sheet_.request.diagram;
+    std::vector<MenuRow> buttons{{.caption = "Draw Curve",
+                                  .name = "cmdDraw",
+                                  .run = [this] { draw(); },
+                                  .enabled =
+                                      [this, diagram] {
+                                          return diagram != nullptr && !sheet_.swappedAxes &&
+                                                 diagrams::current_pen().has_fluid();
+                                      },
+                                  .tip = "Draw a curve (Enter)",
+                                  .icon = "graph2d"}};
+    if (diagram == nullptr) return buttons;
+    const diagrams::DiagramInput input = diagrams::input_of(*diagram);
+    const bool asks =
+        input == diagrams::DiagramInput::parameter || input == diagrams::DiagramInput::range;
+    if (asks)
+        buttons.push_back({.caption = "Parameter ...",
+                           .name = "cmdParameter",
+                           .run =
+                               [this, input] {
+                                   input == diagrams::DiagramInput::range ? askRange()
+                                                                          : askParameter();
+                               },
+                           .enabled = [this] { return !sheet_.swappedAxes; },
+                           .tip = "Parameter of the next curve"});
+    return buttons;
+}
+
+std::vector<MenuRow> DiagramWindow::windowButtons() {
+    constexpr double kZoomStep = 1.5;
+    const auto unswapped = [this] { return !sheet_.swappedAxes; };
+    const auto logarithmic = [this](bool xAxis) {
+        return MenuRow{
+            .caption = xAxis ? "log x" : "log y",
+            .name = xAxis ? "cmdXLog" : "cmdYLog",
+            .run =
+                [this, xAxis] {
+                    const chart::Axis& axis = xAxis ? sheet_.chart.x : sheet_.chart.y;
+                    diagrams::set_logarithmic(sheet_, xAxis, !axis.logarithmic);
+                    refresh();
+                },
+            .checked = [this,
+                        xAxis] { return (xAxis ? sheet_.chart.x : sheet_.chart.y).logarithmic; },
+            .tip = xAxis ? "Logarithmic x axis" : "Logarithmic y axis"};
+    };
+    return {{},
+            {.caption = "Zoom",
+             .name = "cmdZoom",
+             .run = [this] { canvas_->zoom(kZoomStep); },
+             .enabled = unswapped,
+             .tip = "Zoom; a rectangle drawn by the mouse zooms into it",
+             .icon = "zoom_in"},
+            {.caption = "Reset",
+             .name = "cmdZoomReset",
+             .run =
                  [this] {
-                     Module9::Undo(sheet_);
+                     canvas_->resetZoom();
                      refresh();
-                 }),
-         [this] { return !sheet_.undo.empty(); });
-    auto* undo = findChild<QAction*>("cmdUndo");
-    undo->setShortcut(QKeySequence::Undo);
-    undo->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    undo->setIcon(theme::icon("undo"));
-    addAction(undo);
-    menu->addSeparator();
-    rule(command(menu, "Everything", "mnuDelTotal", remove(Module9::delete_total)),
-         [this] { return Module9::has_anything(sheet_); });
-
-    QMenu* curves = addSubmenu(menu, "Curves", "mnuDelKurv");
-    rule(curves->menuAction(), [this] { return sheet_.CurveCount > 0; });
-    for (int n = 0; n <= Module9::kMaxCurves; ++n) {
-        QAction* row = command(curves, n == 0 ? "All" : QString("Curve %1").arg(n),
-                               QString("mnuSubDelKurv_%1").arg(n), [this, n] {
-                                   Module9::delete_curve(sheet_, n);
-                                   refresh();
-                               });
-        rule(row,
-             [this, n] { return n == 0 ? sheet_.CurveCount > 0 : !sheet_.CurveFree[at(n - 1)]; });
-    }
-    QMenu* points = addSubmenu(menu, "Experimental points", "mnuDelPoints");
-    rule(points->menuAction(), [this] { return sheet_.PointSetCount > 0; });
-    for (int n = 0; n <= Module9::kMaxPointSets; ++n) {
-        QAction* row = command(points, n == 0 ? "All" : QString("Point Set %1").arg(n),
-                               QString("mnuSubDelPoints_%1").arg(n), [this, n] {
-                                   Module9::delete_point_set(sheet_, n);
-                                   refresh();
-                               });
-        rule(row, [this, n] {
-            return n == 0 ? sheet_.PointSetCount > 0 : !sheet_.PointSetFree[at(n - 1)];
-        });
-    }
-    command(menu, "How to delete a single curve point", "cmdMsgDelPoint",
-            Module9::explain_point_deletion);
-    menu->addSeparator();
-    rule(command(menu, "Markers", "mnuDelMarkTP", remove(Module9::delete_reference_lines)), [this] {
-        return Module9::has_reference_lines(sheet_) || Module9::has_marker_labels(sheet_);
-    });
-    rule(command(menu, "Texts of the markers", "mnuDelMarkLabels",
-                 remove(Module9::delete_marker_labels)),
-         [this] { return Module9::has_marker_labels(sheet_); });
-    rule(command(menu, "Critical point (experimental)", "mnuDelCritPointEx",
-                 remove([](DiagramSheet& s) { Module9::delete_critical_point(s, true); })),
-         [this] { return Module9::has_critical_point(sheet_, true); });
-    rule(command(menu, "Critical point (calculated)", "mnuDelCritPointCalc",
-                 remove([](DiagramSheet& s) { Module9::delete_critical_point(s, false); })),
-         [this] { return Module9::has_critical_point(sheet_, false); });
-    menu->addSeparator();
-    rule(command(menu, "Legend", "mnuDelLegend",
-                 remove([](DiagramSheet& s) { s.chart.legend.shown = false; })),
-         [this] { return sheet_.chart.legend.shown; });
-    command(menu, "How to delete a single legend entry", "cmdLegendInfo", Module9::explain_legend);
-    rule(command(menu, "Curve labels", "mnuDelLabels", remove(Module9::delete_curve_labels)),
-         [this] { return Module9::has_curve_labels(sheet_); });
-    rule(command(menu, "Additional texts", "mnuDelTexts", remove(Module9::delete_texts)),
-         [this] { return Module9::has_texts(sheet_); });
-}
-
-void DiagramWindow::buildDesignMenu() {
-    QMenu* menu = addMenu(this, menuBar(), "De&sign", "mnuDesign");
-    command(menu, "Curves", "mnuKurvenDesign", [this] { design("curves"); });
-    command(menu, "Experimental points", "mnuPunktDesign", [this] { design("points"); });
-    command(menu, "Axes", "mnuAxesDesign", [this] { design("axes"); });
-    command(menu, "Titles and texts", "mnuTextDesign", [this] { design("texts"); });
-    command(menu, "Legend", "mnuLegendDesign", [this] { design("legend"); });
-    command(menu, "More", "mnuDesignMore", [this] { design("more"); });
-}
-
-void DiagramWindow::buildPictureMenu() {
-    QMenu* menu = addMenu(this, menuBar(), "&Picture", "mnuBild");
-    command(menu, "... to the Clipboard", "mnuBild_0", [this] { copyPicture(); });
-    command(menu, "... Save as Image File (.BMP,.WMF)", "mnuBild_1", [this] { savePicture(); });
-    command(menu, "... to the Printer", "mnuBild_2", [this] { printPicture(); });
-}
-
-void DiagramWindow::buildFileMenu() {
-    QMenu* menu = addMenu(this, menuBar(), "&File", "mnuFile");
-    command(menu, "Load a diagram ...", "mnuLoadOC2", [this] { load(); });
-    command(menu, "Save the diagram ...", "mnuSaveOC2", [this] { Module9::save_oc2(sheet_); });
-    menu->addSeparator();
-    const auto hasCurve = [this] { return sheet_.CurveCount > 0; };
-    rules_.emplace_back(command(menu, "Save curve as .XY ...", "cmdSaveCurveAsXY",
-                                [this] { Module9::save_curve(sheet_, curveInUse()); }),
-                        hasCurve);
-    rules_.emplace_back(
-        command(menu, "Copy points of the curve", "cmdCopyTable", [this] { copyTable(); }),
-        hasCurve);
-    menu->addSeparator();
-    command(menu, "Back to the main menu", "mnuHaupt", [this] { closeView(); });
+                 },
+             .enabled = [this] { return !sheet_.swappedAxes && canvas_->isZoomed(); },
+             .tip = "Window before the zoom"},
+            {.caption = "Fit",
+             .name = "cmdFit",
+             .run =
+                 [this] {
+                     if (diagrams::fit_window(sheet_)) canvas_->forgetZoom();
+                     refresh();
+                 },
+             .enabled =
+                 [this] {
+                     return !sheet_.swappedAxes && (diagrams::curve_count(sheet_) > 0 ||
+                                                    diagrams::point_set_count(sheet_) > 0);
+                 },
+             .tip = "Window around all curves (double click)",
+             .icon = "zoom_fit"},
+            {.caption = "Coordinates ...",
+             .name = "mnuCoord",
+             .run = [this] { askCoordinates(); },
+             .enabled = unswapped,
+             .tip = "Limits of the axes"},
+            {},
+            {.caption = "x <=> y",
+             .name = "cmdChangeXY",
+             .run =
+                 [this] {
+                     diagrams::change_xy(sheet_);
+                     canvas_->forgetZoom();
+                     refresh();
+                 },
+             .tip = " changing x- and y-axis "},
+            logarithmic(true),
+            logarithmic(false)};
 }
 
 void DiagramWindow::buildToolBar() {
-    auto* bar = addToolBar("Diagram");
-    bar->setObjectName("Toolbar2D");
-    bar->setMovable(false);
-    bar->setIconSize(kToolIcon);
-    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const auto button = [&](const QString& caption, const QString& name, const QString& tip,
-                            Command what) {
-        QAction* action = command(nullptr, caption, name, std::move(what));
-        action->setToolTip(tip);
-        bar->addAction(action);
-        bar->widgetForAction(action)->setObjectName(name);
-        return action;
-    };
-    const auto unswapped = [this] { return !sheet_.SwappedAxes; };
-
-    QAction* drawing = button("Draw Curve", "cmdDraw", "Draw a curve (Enter)", [this] { draw(); });
-    drawing->setIcon(theme::icon("graph2d"));
-    const bool computes = diagrams::has_curve(sheet_.request.DiagramType);
-    rules_.emplace_back(drawing, [this, computes] { return computes && !sheet_.SwappedAxes; });
-    const std::int16_t kind = sheet_.request.sectionKind;
-    if (computes && kind != Module9::kProjection && kind != Module9::kDatabase) {
-        QAction* input =
-            button("Parameter ...", "cmdParameter", "Parameter of the next curve",
-                   [this] { sheet_.request.axisPair == "yy" ? askRange() : askParameter(); });
-        rules_.emplace_back(input, unswapped);
-    }
+    QToolBar* bar = menus_.addToolBar("Toolbar2D", drawButtons());
     parameter_ = new QLabel;
     parameter_->setObjectName("lblParameter");
     parameter_->setContentsMargins(theme::kGap, 0, theme::kGap, 0);
     bar->addWidget(parameter_);
-    bar->addSeparator();
-
-    constexpr double kZoomStep = 1.5;
-    QAction* zoom = button("Zoom", "cmdZoom", "Zoom; a rectangle drawn by the mouse zooms into it",
-                           [this] { canvas_->zoom(kZoomStep); });
-    zoom->setIcon(theme::icon("zoom_in"));
-    rules_.emplace_back(zoom, unswapped);
-    QAction* reset = button("Reset", "cmdZoomReset", "Window before the zoom", [this] {
-        canvas_->resetZoom();
-        refresh();
-    });
-    rules_.emplace_back(reset, [this] { return !sheet_.SwappedAxes && canvas_->isZoomed(); });
-    QAction* fit = button("Fit", "cmdFit", "Window around all curves (double click)", [this] {
-        if (Module9::Fit(sheet_)) canvas_->forgetZoom();
-        refresh();
-    });
-    fit->setIcon(theme::icon("zoom_fit"));
-    rules_.emplace_back(fit, [this] {
-        return !sheet_.SwappedAxes && (sheet_.CurveCount > 0 || sheet_.PointSetCount > 0);
-    });
-    rules_.emplace_back(
-        button("Coordinates ...", "mnuCoord", "Limits of the axes", [this] { askCoordinates(); }),
-        unswapped);
-    bar->addSeparator();
-
-    button("x <=> y", "cmdChangeXY", " changing x- and y-axis ", [this] {
-        Module9::change_xy(sheet_);
-        canvas_->forgetZoom();
-        refresh();
-    });
-    for (const bool xAxis : {true, false}) {
-        QAction* log = button(xAxis ? "log x" : "log y", xAxis ? "cmdXLog" : "cmdYLog",
-                              xAxis ? "Logarithmic x axis" : "Logarithmic y axis", [] {});
-        log->setCheckable(true);
-        connect(log, &QAction::triggered, this, [this, xAxis](bool on) {
-            Module9::set_logarithmic(sheet_, xAxis, on);
-            refresh();
-        });
-    }
+    for (const MenuRow& button : windowButtons()) menus_.addButton(bar, button);
 }
 
 void DiagramWindow::followMenus() {
-    for (const MarkRow& row : marks_)
-        row.action->setEnabled(Module9::offers_mark(sheet_, row.kind));
-    for (const auto& [action, when] : rules_) action->setEnabled(when());
-    const auto set = [this](const char* name, bool on) {
-        if (auto* action = findChild<QAction*>(name)) action->setChecked(on);
+    for (const int places = static_cast<int>(sheet_.curves.size()); curveRows_ <= places;
+         ++curveRows_)
+        menus_.addRow("mnuDelKurv", deletionOfCurve(curveRows_));
+    for (const int places = static_cast<int>(sheet_.pointSets.size()); pointRows_ <= places;
+         ++pointRows_)
+        menus_.addRow("mnuDelPoints", deletionOfPoints(pointRows_));
+    menus_.follow();
+    const auto name = [this](const char* control, const char* word, const auto& steps) {
+        const QString step =
+            steps.empty() ? QString() : " " + QString::fromStdString(steps.back().name);
+        if (auto* action = findChild<QAction*>(control)) action->setText(word + step);
     };
-    set("cmdXLog", sheet_.chart.x.logarithmic);
-    set("cmdYLog", sheet_.chart.y.logarithmic);
+    name("cmdUndo", "Undo", sheet_.undo);
+    name("cmdRedo", "Redo", sheet_.redo);
     if (auto* swap = findChild<QAction*>("cmdChangeXY"))
-        swap->setToolTip(sheet_.SwappedAxes
+        swap->setToolTip(sheet_.swappedAxes
                              ? "changing of the axis (in the changed state there are restricted "
                                "possibilities for designing)"
                              : " changing x- and y-axis ");
+}
+
+// -------------------------------------------------------------------------------------------- data
+
+void DiagramWindow::addMeasuredPoints() {
+    std::vector<diagrams::MeasuredState> states;
+    const auto& lines = legacy::the_BatchData;
+    const auto count =
+        static_cast<std::size_t>(std::max<std::int16_t>(legacy::the_session.BatchCount, 0));
+    for (std::size_t i = 1; i <= count && i < lines.size(); ++i) {
+        const calculation::BatchDataSet& line = lines[i];
+        if (line.skip != 0) continue;
+        states.push_back({line.T, line.p, static_cast<double>(line.rhoV),
+                          static_cast<double>(line.rhoL), static_cast<double>(line.hLV),
+                          static_cast<double>(line.cp)});
+    }
+    diagrams::add_measured_points(sheet_, diagrams::current_pen(), states,
+                                  session::file_title(legacy::the_session.BatchFile));
+    refresh();
+}
+
+void DiagramWindow::addEditorPoints(bool asCurve) {
+    if (!session::enough_active_points(legacy::the_xyPoints, !asCurve)) return;
+    std::vector<float> x, y;
+    for (const datafiles::FitPoint& point : datafiles::active_points(legacy::the_xyPoints)) {
+        x.push_back(point.x);
+        y.push_back(point.y);
+    }
+    const std::string& comment = legacy::the_xyComment;
+    asCurve ? diagrams::add_editor_curve(sheet_, std::move(x), std::move(y), comment)
+            : diagrams::add_editor_points(sheet_, std::move(x), std::move(y), comment);
+    refresh();
 }
 
 // ---------------------------------------------------------------------------- pictures and tables
@@ -351,7 +462,7 @@ void DiagramWindow::printPicture() {
 }
 
 void DiagramWindow::copyTable() {
-    const std::string table = Module9::curve_table(sheet_, curveInUse());
+    const std::string table = diagrams::curve_table(sheet_, curveInUse());
     if (!table.empty()) dialogs::set_clipboard(table);
 }
 

@@ -15,21 +15,18 @@
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
-#include "diagrams/polytropic_exchange.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
+#include "session/module2.h"
 
 namespace quor::gui {
 
 namespace {
 
-using legacy::the_processLine;
-using legacy::the_session;
-namespace Kind = diagrams::ProcessKind;
+using Kind = diagrams::ProcessKind;
 
 constexpr auto kRefusal = "Execution not possible";
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
@@ -48,21 +45,21 @@ class PatientWait {
     explicit PatientWait(QWidget* parent)
         : box_(QString("Waiting for %1, at most %2 s ...")
                    .arg(diagrams::kPolytropicProgram)
-                   .arg(diagrams::polytropic_runner().limit.count() / 1000),
+                   .arg(polytropicRunner().limit.count() / 1000),
                "Give up", 0, 0, parent),
-          before_(diagrams::polytropic_runner().pass) {
+          before_(polytropicRunner().pass) {
         box_.setObjectName("polytropicWait");
         box_.setWindowTitle("Polytropic process");
         box_.setWindowModality(Qt::WindowModal);
         box_.setMinimumDuration(0);
         box_.show();
-        diagrams::polytropic_runner().pass = [this] {
+        polytropicRunner().pass = [this] {
             QCoreApplication::processEvents();
             QThread::msleep(kPause);
             return !box_.wasCanceled();
         };
     }
-    ~PatientWait() { diagrams::polytropic_runner().pass = before_; }
+    ~PatientWait() { polytropicRunner().pass = before_; }
     PatientWait(const PatientWait&) = delete;
     PatientWait& operator=(const PatientWait&) = delete;
 
@@ -74,8 +71,15 @@ class PatientWait {
 
 }  // namespace
 
-ProcessLineDialog::ProcessLineDialog(Purpose purpose, std::function<void()> draw, QWidget* parent)
-    : QDialog(parent), purpose_(purpose), draw_(std::move(draw)), kind_(the_processLine.Kind) {
+diagrams::PolytropicRunner& polytropicRunner() {
+    static diagrams::PolytropicRunner runner = diagrams::real_runner();
+    return runner;
+}
+
+ProcessLineDialog::ProcessLineDialog(Task task,
+                                     std::function<void(const diagrams::ProcessLine&)> draw,
+                                     QWidget* parent)
+    : QDialog(parent), task_(std::move(task)), draw_(std::move(draw)), kind_(task_.line.kind) {
     setObjectName("frmInputProzessLinien");
     setWindowTitle("Input Parameters fpr Processlines");
     title_ = form::named(new QLabel, "lblTitel");
@@ -90,19 +94,19 @@ ProcessLineDialog::ProcessLineDialog(Purpose purpose, std::function<void()> draw
     if (isPolytropic())
         layout->addWidget(buildOptions("Equation of state", "fraIdealEOS",
                                        {"using actual EOS", "using Id-Gas equation"},
-                                       the_processLine.IdealGasEquation ? kIdealGas : 0, eos_));
+                                       task_.line.idealGasEquation ? kIdealGas : 0, eos_));
     if (mayBeHeterogeneous())
         layout->addWidget(buildOptions("Region", "fraHomoHetero",
                                        {"Process line homogen.", "Process line heterogen. V-L"},
                                        kHomogeneous, region_));
     if (asksForRange())
         layout->addWidget(rangeFrame_ = buildOptions("Range", "fraTp", {"p range", "T range"},
-                                                     the_processLine.RangeIsT != 0, range_));
+                                                     task_.line.rangeIsT, range_));
     layout->addWidget(buildFields());
     if (!isLine())
-        layout->addWidget(buildOptions(
-            "Phase at the start", "fraPhase", {"L-Phase", "V-Phase"},
-            legacy::the_models.EOSOnlyV || the_processLine.Phase != 0 ? kVapour : kLiquid, phase_));
+        layout->addWidget(buildOptions("Phase at the start", "fraPhase", {"L-Phase", "V-Phase"},
+                                       onlyVapour() || task_.line.vapour ? kVapour : kLiquid,
+                                       phase_));
     if (isPolytropic()) layout->addWidget(buildExponents());
 
     auto* start = new QHBoxLayout;
@@ -119,7 +123,7 @@ ProcessLineDialog::ProcessLineDialog(Purpose purpose, std::function<void()> draw
     layout->addStretch(1);
     auto* buttons = new QHBoxLayout;
     QPushButton* go =
-        form::button(purpose == Purpose::Calculation ? "C&alculate" : "&Draw", "cmdDraw");
+        form::button(task_.purpose == Purpose::Calculation ? "C&alculate" : "&Draw", "cmdDraw");
     go->setDefault(true);
     QPushButton* close = form::button("&Cancel", "cmdClose");
     buttons->addStretch(1);
@@ -138,22 +142,26 @@ ProcessLineDialog::ProcessLineDialog(Purpose purpose, std::function<void()> draw
 }
 
 bool ProcessLineDialog::isLine() const {
-    return kind_ == Kind::kStraightLine;
+    return kind_ == Kind::straightLine;
+}
+
+bool ProcessLineDialog::onlyVapour() const {
+    return task_.pen.basis.fluid.models().EOSOnlyV;
 }
 
 bool ProcessLineDialog::isPolytropic() const {
-    return kind_ == Kind::kPolytropic;
+    return kind_ == Kind::polytropic;
 }
 
 bool ProcessLineDialog::mayBeHeterogeneous() const {
     const bool held =
-        kind_ == Kind::kIsochore || kind_ == Kind::kIsentropic || kind_ == Kind::kIsenthalpic;
-    return held && !legacy::the_models.EOSOnlyV;
+        kind_ == Kind::isochore || kind_ == Kind::isentropic || kind_ == Kind::isenthalpic;
+    return held && !onlyVapour();
 }
 
 /// An isotherm runs over p and an isobar over T; a straight line has its own ends.
 bool ProcessLineDialog::asksForRange() const {
-    return kind_ >= Kind::kIsochore && kind_ <= Kind::kPolytropic;
+    return kind_ >= Kind::isochore && kind_ <= Kind::polytropic;
 }
 
 bool ProcessLineDialog::chosen(const QButtonGroup* group, int index) const {
@@ -175,7 +183,7 @@ QWidget* ProcessLineDialog::buildFields() {
     continue_ = form::named(new QCheckBox("Specif. for initial point = final point of last curve"),
                             "chkEndToBegin");
     continue_->setToolTip("... useful for continuated curves, e. g. for cyclic processes ");
-    continue_->setEnabled(the_processLine.LastT > 0 && the_processLine.LastP > 0);
+    continue_->setEnabled(task_.line.last.T > 0 && task_.line.last.p > 0);
     continue_->setVisible(!isLine());
     connect(continue_, &QCheckBox::toggled, this, &ProcessLineDialog::continueLast);
     grid->addWidget(continue_, 2, 0, 1, 4);
@@ -206,9 +214,9 @@ QGroupBox* ProcessLineDialog::buildExponents() {
     kappa_ = form::named(new QComboBox, "cmbKappa");
     kappa_->setEditable(true);
     kappa_->setInsertPolicy(QComboBox::NoInsert);
-    if (the_processLine.Kappa > 0) kappa_->setEditText(qt(numbers::General(the_processLine.Kappa)));
+    if (task_.line.kappa > 0) kappa_->setEditText(qt(numbers::General(task_.line.kappa)));
     exponent_ = form::named(new NumberEdit, "txtExponent");
-    exponent_->setValue(the_processLine.PolytropicExponent);
+    exponent_->setValue(task_.line.polytropicExponent);
     form::addRow(grid, 0, "kappa = cp/cV =", kappa_);
     form::addRow(grid, 1, "polytropic exponent =", exponent_);
     connect(kappa_, &QComboBox::activated, this, [this](int index) {
@@ -219,15 +227,15 @@ QGroupBox* ProcessLineDialog::buildExponents() {
 
 /// What the fields begin with: the last input, else the state of the diagram and its range.
 void ProcessLineDialog::showStart() {
-    const diagrams::ProcessLineRecord& r = the_processLine;
+    const diagrams::ProcessLine& r = task_.line;
     if (isLine()) {
         const float ends[] = {r.x1, r.y1, r.x2, r.y2};
         for (int i = 0; i < 4; ++i) par_[i]->setValue(static_cast<double>(ends[i]));
         return;
     }
-    par_[0]->setValue(r.T1 > 0 ? r.T1 : the_session.DiagramT);
-    par_[1]->setValue(r.p1 > 0 ? r.p1 : the_session.DiagramP);
-    if (r.RangeEnd > 0) par_[r.RangeIsT != 0 ? 2 : 3]->setValue(r.RangeEnd);
+    par_[0]->setValue(r.T1 > 0 ? r.T1 : task_.at.T);
+    par_[1]->setValue(r.p1 > 0 ? r.p1 : task_.at.p);
+    if (r.rangeEnd > 0) par_[r.rangeIsT ? 2 : 3]->setValue(r.rangeEnd);
     if (isPolytropic()) offerKappa();
 }
 
@@ -235,7 +243,8 @@ void ProcessLineDialog::showStart() {
 void ProcessLineDialog::offerKappa() {
     const QString typed = kappa_->currentText();
     kappa_->clear();
-    for (const diagrams::KappaOffer& offer : diagrams::kappa_offers(par_[0]->value()))
+    for (const diagrams::KappaOffer& offer :
+         diagrams::kappa_offers(task_.pen.basis, par_[0]->value()))
         if (offer.value > 0) kappa_->addItem(qt(offer.text), offer.value);
     kappa_->setCurrentIndex(-1);
     kappa_->setEditText(typed);
@@ -243,9 +252,9 @@ void ProcessLineDialog::offerKappa() {
 
 void ProcessLineDialog::follow() {
     const bool heterogeneous = chosen(region_, kHeterogeneous);
-    const bool overT = kind_ == Kind::kIsobar || chosen(range_, kTRange);
+    const bool overT = kind_ == Kind::isobar || chosen(range_, kTRange);
     const diagrams::ProcessTexts& texts = diagrams::texts_of_process(kind_);
-    title_->setText(purpose_ == Purpose::Calculation
+    title_->setText(task_.purpose == Purpose::Calculation
                         ? QString("Calculation of a Polytropic Process")
                     : heterogeneous ? qt(texts.heterogeneousTitle)
                                     : qt(texts.title));
@@ -259,14 +268,14 @@ void ProcessLineDialog::follow() {
     if (phase_ != nullptr) {
         phase_->button(kLiquid)->setText(heterogeneous ? "L saturation" : "L-Phase");
         phase_->button(kVapour)->setText(heterogeneous ? "V saturation" : "V-Phase");
-        phase_->button(kLiquid)->setEnabled(!legacy::the_models.EOSOnlyV);
+        phase_->button(kLiquid)->setEnabled(!onlyVapour());
     }
     estimate_->setEnabled(!heterogeneous);
     state_->clear();
 }
 
 void ProcessLineDialog::continueLast(bool on) {
-    const diagrams::ProcessInput last = diagrams::continued_from(input());
+    const diagrams::ProcessInput last = diagrams::continued_from(task_.line, input());
     for (int i = 0; i < 2; ++i) {
         if (on) par_[i]->setValue(last.par[static_cast<std::size_t>(i)]);
         par_[i]->setReadOnly(on);
@@ -277,19 +286,19 @@ void ProcessLineDialog::continueLast(bool on) {
 
 diagrams::ProcessInput ProcessLineDialog::input() const {
     diagrams::ProcessInput in;
-    in.Kind = kind_;
+    in.kind = kind_;
     for (std::size_t i = 0; i < 4; ++i) in.par[i] = number_in(par_[i]);
-    in.RangeIsT = kind_ == Kind::kIsobar || chosen(range_, kTRange);
-    in.Vapour = !chosen(phase_, kLiquid);
-    in.Heterogeneous = chosen(region_, kHeterogeneous);
-    in.IdealGasEquation = chosen(eos_, kIdealGas);
-    in.EndToBegin = continue_->isChecked();
+    in.rangeIsT = kind_ == Kind::isobar || chosen(range_, kTRange);
+    in.vapour = !chosen(phase_, kLiquid);
+    in.heterogeneous = chosen(region_, kHeterogeneous);
+    in.idealGasEquation = chosen(eos_, kIdealGas);
+    in.endToBegin = continue_->isChecked();
     if (isPolytropic()) {
-        in.Kappa = numbers::val(kappa_->currentText().toStdString());
-        in.Exponent = number_in(exponent_);
+        in.kappa = numbers::val(kappa_->currentText().toStdString());
+        in.exponent = number_in(exponent_);
     }
     // The fields show fewer digits than the last point has.
-    return in.EndToBegin ? diagrams::continued_from(in) : in;
+    return in.endToBegin ? diagrams::continued_from(task_.line, in) : in;
 }
 
 void ProcessLineDialog::tellStart() {
@@ -298,7 +307,7 @@ void ProcessLineDialog::tellStart() {
         dialogs::tell("Input incomplete or not valid", kRefusal);
         return;
     }
-    state_->setText(qt(diagrams::start_state_text(kind_, in.par[0], in.par[1])));
+    state_->setText(qt(diagrams::start_state_text(task_.pen.basis, kind_, in.par[0], in.par[1])));
 }
 
 bool ProcessLineDialog::runProgram() {
@@ -306,41 +315,49 @@ bool ProcessLineDialog::runProgram() {
     Code code = Code::kDone;
     {
         const PatientWait wait(this);
-        code = diagrams::run_polytrope();
+        const std::string name = diagrams::kPolytropicProgram;
+        diagrams::PolytropicOutcome outcome = diagrams::run_polytrope(
+            task_.pen.basis, {task_.diagram, task_.line, task_.pen.options, task_.csvSeparator},
+            {session::file_exists(name) ? session::find_file(name) : std::filesystem::path(),
+             session::write_folder()},
+            polytropicRunner());
+        code = outcome.code;
+        task_.line = std::move(outcome.line);
     }
     switch (code) {
         case Code::kDone:
             return true;
         case Code::kMissingProgram:  // told; a line can still be drawn by the equation of state
-            return purpose_ == Purpose::Line;
+            return task_.purpose == Purpose::Line;
         case Code::kNotWritten:  // told
             return false;
         case Code::kGivenUp:
             state_->setText("given up");
             return false;
         default:
-            dialogs::tell(diagrams::polytropic_error_text(the_processLine.T1, the_processLine.p1),
-                          kRefusal);
+            dialogs::tell(diagrams::polytropic_error_text(task_.line.T1, task_.line.p1), kRefusal);
             return false;
     }
 }
 
 void ProcessLineDialog::confirm() {
     const diagrams::ProcessInput in = input();
-    if (isPolytropic() && !std::isfinite(in.Exponent)) {
+    if (isPolytropic() && !std::isfinite(in.exponent)) {
         dialogs::tell("Input incomplete or not valid", kRefusal);
         return;
     }
-    const std::string refusal = diagrams::take_process_input(in);
-    if (!refusal.empty()) {
-        dialogs::tell(refusal, kRefusal);
+    const models::Fluid& fluid = task_.pen.basis.fluid;
+    diagrams::ProcessAnswer answer = diagrams::take_process_input(task_.line, fluid, in);
+    if (!answer.refusal.empty()) {
+        dialogs::tell(answer.refusal, kRefusal);
         return;
     }
+    task_.line = std::move(answer.line);
     if (isPolytropic()) {
-        state_->setText(qt(diagrams::phase_text(the_processLine.T1, the_processLine.p1)));
+        state_->setText(qt(diagrams::phase_text(fluid, task_.line.T1, task_.line.p1)));
         if (!runProgram()) return;
     }
-    draw_();
+    draw_(task_.line);
     accept();
 }
 

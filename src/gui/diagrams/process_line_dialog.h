@@ -3,7 +3,9 @@
 #include <QDialog>
 #include <functional>
 
+#include "diagrams/polytropic_exchange.h"
 #include "diagrams/process_line.h"
+#include "diagrams/sheet_draw.h"
 
 class QButtonGroup;
 class QCheckBox;
@@ -16,9 +18,12 @@ namespace quor::gui {
 
 class NumberEdit;
 
+/// How the view starts the polytropic program; tests put a stand-in here.
+diagrams::PolytropicRunner& polytropicRunner();
+
 /// Input of a process line: start state, end of the range, phase, and for a polytropic process
-/// its exponents. Accepted once the line is drawn; a refusal leaves the view open and the session
-/// as it was. Ranges and vapour fractions are asked by `RangeInput`.
+/// its exponents. Accepted once the line is drawn; a refusal leaves the view open and nothing
+/// changed. Ranges and vapour fractions are asked by `RangeInput`.
 class ProcessLineDialog : public QDialog {
     Q_OBJECT
 
@@ -26,13 +31,23 @@ class ProcessLineDialog : public QDialog {
     /// What the view is opened for: a line in a diagram, or the calculation of a process.
     enum class Purpose { Line, Calculation };
 
-    /// `legacy::the_processLine.Kind` says what is asked, 0 to 6. `draw` runs with the input in the
-    /// session.
-    ProcessLineDialog(Purpose purpose, std::function<void()> draw, QWidget* parent = nullptr);
+    /// What the view works on.
+    struct Task {
+        Purpose purpose = Purpose::Line;
+        diagrams::Pen pen;
+        const diagrams::Diagram* diagram = nullptr;  ///< nullptr: none is open
+        diagrams::StateParameters at;                ///< proposed for the start of the line
+        diagrams::ProcessLine line;  ///< what was typed last; its kind says what is asked
+        char csvSeparator = ';';
+    };
+    /// `draw` runs with the line that was taken.
+    ProcessLineDialog(Task task, std::function<void(const diagrams::ProcessLine&)> draw,
+                      QWidget* parent = nullptr);
 
   private:
     bool isLine() const;
     bool isPolytropic() const;
+    bool onlyVapour() const;
     bool mayBeHeterogeneous() const;
     bool asksForRange() const;
 
@@ -53,9 +68,9 @@ class ProcessLineDialog : public QDialog {
     /// Asks the polytropic program; false when there is nothing to draw.
     bool runProgram();
 
-    Purpose purpose_;
-    std::function<void()> draw_;
-    std::uint8_t kind_;
+    Task task_;
+    std::function<void(const diagrams::ProcessLine&)> draw_;
+    diagrams::ProcessKind kind_;
     QLabel* title_ = nullptr;
     NumberEdit* par_[4] = {};
     QLabel* parCaption_[4] = {};

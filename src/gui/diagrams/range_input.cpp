@@ -5,27 +5,23 @@
 #include <QVBoxLayout>
 
 #include "common/dialogs.h"
-#include "diagrams/catalogue.h"
-#include "diagrams/parameter_input.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 
 namespace quor::gui {
 
-namespace {
+RangeInput::RangeInput(const Range& range, QWidget* parent)
+    : QDialog(parent), range_(range), fraction_(false) {
+    build();
+}
 
-constexpr std::uint8_t kVapourFraction = 8;
-using legacy::the_session;
+RangeInput::RangeInput(QWidget* parent) : QDialog(parent), fraction_(true) {
+    build();
+}
 
-}  // namespace
-
-RangeInput::RangeInput(std::int16_t sectionKind, QWidget* parent)
-    : QDialog(parent),
-      sectionKind_(sectionKind),
-      fraction_(legacy::the_processLine.Kind == kVapourFraction) {
+void RangeInput::build() {
     setObjectName("frmInputProzessLinien");
     grid_ = form::grid();
     grid_->setContentsMargins({});
@@ -69,10 +65,11 @@ NumberEdit* RangeInput::field(int index, const QString& caption, const QString& 
 
 void RangeInput::askRange() {
     setWindowTitle("Parameter Input");
-    const diagrams::CoordinateDefaults& d = legacy::the_coordinates;
-    const QString T = qt(the_session.TemperatureLabel), p = qt(the_session.PressureLabel);
-    const bool isobaric = sectionKind_ == Module9::kIsobaric;
-    const Module9::ParameterField fixed = Module9::field_of(sectionKind_);
+    const diagrams::CoordinateDefaults& d = range_.limits;
+    const QString T = qt(range_.units.T_label), p = qt(range_.units.p_label);
+    const bool isobaric = range_.section == diagrams::Section::isobaric;
+    const diagrams::ParameterField fixed =
+        diagrams::field_of(range_.section, range_.units, range_.at);
     par_[0] = field(isobaric ? 1 : 0, qt(fixed.caption), qt(fixed.unit), fixed.value);
     const QString running = isobaric ? "T" : "p";
     const double low = static_cast<double>(isobaric ? d.TMin : d.pMin);
@@ -96,15 +93,18 @@ void RangeInput::confirm() {
         return edit->holdsNumber() ? edit->value() : -1;
     };
     if (fraction_) {
-        if (Module9::is_vapour_fraction(typed(par_[0]))) return accept();
+        if (diagrams::is_vapour_fraction(typed(par_[0]))) return accept();
         hint_->setText("Input not in the valid range");
         par_[0]->setMark(hint_->text());
         return;
     }
-    const std::string refusal =
-        Module9::take_range(sectionKind_, typed(par_[0]), typed(par_[1]), typed(par_[2]));
-    if (refusal.empty()) return accept();
-    dialogs::tell(refusal, "Execution not possible");
+    const diagrams::RangeAnswer answer =
+        diagrams::take_range(range_.section, range_.units, range_.at, range_.line, typed(par_[0]),
+                             typed(par_[1]), typed(par_[2]));
+    if (!answer.refusal.empty()) return dialogs::tell(answer.refusal, "Execution not possible");
+    range_.at = answer.at;
+    range_.line = answer.range;
+    accept();
 }
 
 }  // namespace quor::gui

@@ -1,5 +1,6 @@
 #include "gui/estimation/estimation_views.h"
 
+#include "gui/data/measured_data_editor.h"
 #include "gui/data/substance_editor_view.h"
 #include "gui/estimation/fit_view.h"
 #include "gui/estimation/group_contribution_view.h"
@@ -35,7 +36,11 @@ void open_groups(GroupFrame frame) {
 }  // namespace
 
 void Install() {
-    actions::register_action("mnuFitting", [] { open_fitting()->showTab(kFourthPage); });
+    actions::register_action("mnuFitting", [] {
+        // The row has left the experimental data.
+        MeasuredDataEditor::followSession();
+        open_fitting()->showTab(kFourthPage);
+    });
     actions::register_action("fit_data", [] { open_fitting(); });
     actions::register_action("mnuData_JOBACK_CritData", [] { open_groups(GroupFrame::Critical); });
     actions::register_action("mnuData_JOBACK_bildung", [] { open_groups(GroupFrame::Formation); });

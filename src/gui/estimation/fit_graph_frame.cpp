@@ -6,6 +6,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "common/dialogs.h"
 #include "common/numbers.h"
 #include "gui/chart/chart2d_plot.h"
 #include "gui/estimation/fit_chart.h"
@@ -18,8 +19,6 @@ namespace quor::gui {
 
 namespace {
 
-using estimation::fit;
-
 constexpr QSize kLeastChart(380, 200);
 constexpr int kValueDigits = 10;
 
@@ -29,7 +28,8 @@ QString general(double value) {
 
 }  // namespace
 
-FitGraphFrame::FitGraphFrame(QWidget* parent) : QGroupBox("Graph", parent) {
+FitGraphFrame::FitGraphFrame(const estimation::FitState& fit, QWidget* parent)
+    : QGroupBox("Graph", parent), fit_(fit) {
     setObjectName("fraGraph");
     plot_ = form::named(new chart::Chart2DPlot, "chart");
     plot_->setMinimumSize(kLeastChart);
@@ -82,9 +82,9 @@ QWidget* FitGraphFrame::buildCalculator() {
 }
 
 void FitGraphFrame::showFit() {
-    setVisible(fit.fitted);
+    setVisible(fit_.fitted);
     result_->clear();
-    if (fit.fitted) showFunction();
+    if (fit_.fitted) showFunction();
 }
 
 void FitGraphFrame::display(chart::Chart2D chart) {
@@ -93,15 +93,19 @@ void FitGraphFrame::display(chart::Chart2D chart) {
 }
 
 void FitGraphFrame::showFunction() {
-    display(estimation::chartOf(estimation::function_graph(fit), false));
+    display(estimation::chartOf(estimation::function_graph(fit_), false));
 }
 
 void FitGraphFrame::showResiduals() {
-    display(estimation::chartOf(estimation::residual_graph(fit), true));
+    display(estimation::chartOf(estimation::residual_graph(fit_), true));
 }
 
 void FitGraphFrame::showLnp() {
-    if (const auto graph = estimation::lnp_graph(fit)) display(estimation::chartOf(*graph, false));
+    const Result<estimation::FitGraph> graph = estimation::lnp_graph(fit_);
+    if (graph)
+        display(estimation::chartOf(*graph, false));
+    else
+        dialogs::tell(graph.reason(), "Execution not possible", dialogs::Icon::Stop);
 }
 
 void FitGraphFrame::calculate() {
@@ -111,8 +115,9 @@ void FitGraphFrame::calculate() {
         return;
     }
     const bool forward = direction_[0]->isChecked();
-    const auto result = forward ? estimation::fitted_y(fit, value_->value())
-                                : estimation::fitted_x(fit, value_->value());
+    const Result<double> result = forward ? estimation::fitted_y(fit_, value_->value())
+                                          : estimation::fitted_x(fit_, value_->value());
+    if (!result) dialogs::tell(result.reason(), "Error", dialogs::Icon::Stop);
     result_->setText(result ? (forward ? "y = " : "T = ") + general(*result) : QString());
 }
 

@@ -3,6 +3,8 @@
 #include <QGroupBox>
 #include <array>
 
+#include "estimation/fit_state.h"
+
 #include "chart/chart2d.h"
 
 class QLabel;
@@ -25,7 +27,8 @@ class FitGraphFrame : public QGroupBox {
     Q_OBJECT
 
   public:
-    explicit FitGraphFrame(QWidget* parent = nullptr);
+    /// Shows `fit`, which must outlive it.
+    explicit FitGraphFrame(const estimation::FitState& fit, QWidget* parent = nullptr);
 
     /// Shows the function of the last fit; without one the frame is hidden.
     void showFit();
@@ -45,6 +48,7 @@ class FitGraphFrame : public QGroupBox {
     std::array<QRadioButton*, 2> direction_{};
     NumberEdit* value_ = nullptr;
     QLabel* result_ = nullptr;
+    const estimation::FitState& fit_;
 };
 
 }  // namespace quor::gui

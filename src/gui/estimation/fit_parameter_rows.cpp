@@ -17,7 +17,6 @@ namespace quor::gui {
 
 namespace {
 
-using estimation::fit;
 using estimation::FitModelRow;
 
 constexpr int kStartDigits = 17, kResultDigits = 18, kDeviationDigits = 13;
@@ -64,7 +63,8 @@ void take(const NumberEdit* field, double& value) {
 
 }  // namespace
 
-FitParameterRows::FitParameterRows(QWidget* parent) : QWidget(parent) {
+FitParameterRows::FitParameterRows(estimation::FitState& fit, QWidget* parent)
+    : QWidget(parent), fit_(fit) {
     auto* grid = form::grid(this);
     grid->setContentsMargins({});
     const auto head = [&](const QString& text, int column) {
@@ -139,15 +139,15 @@ FitParameterRows::Row FitParameterRows::buildRow(QGridLayout* grid, int i) {
 }
 
 void FitParameterRows::showModel() {
-    const FitModelRow* model = estimation::find_model(fit.FitModel);
+    const FitModelRow* model = estimation::find_model(fit_.FitModel);
     if (model == nullptr) return;
     for (int i = 0; i < estimation::kMaxPar; ++i) {
         const auto k = static_cast<std::size_t>(i);
         const bool used = i < model->NPar;
         Row& row = rows_[k];
         row.label->setText(qt(model->labels[k]));
-        row.fixed->setChecked(fit.FitFixed[k]);
-        if (!used) fit.FitStart[k] = 0;
+        row.fixed->setChecked(fit_.FitFixed[k]);
+        if (!used) fit_.FitStart[k] = 0;
         // A parameter that follows from the others cannot be chosen.
         row.fixed->setEnabled(model->computed != i);
         for (QWidget* part : std::initializer_list<QWidget*>{row.label, row.start, row.fixed})
@@ -158,50 +158,50 @@ void FitParameterRows::showModel() {
         part->setVisible(model->needsTcr);
     for (QWidget* part : std::initializer_list<QWidget*>{pcrCaption_, pcr_})
         part->setVisible(model->needsPcr);
-    Tcr_->setText(number(fit.Tcr));
-    pcr_->setText(number(fit.pcr));
+    Tcr_->setText(number(fit_.Tcr));
+    pcr_->setText(number(fit_.pcr));
     showStartValues();
     showResults();
 }
 
 void FitParameterRows::showStartValues() {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
-        const bool used = static_cast<int>(i) < fit.NPar;
-        showNumber(rows_[i].start, used ? number(fit.FitStart[i]) : " 0");
+        const bool used = static_cast<int>(i) < fit_.NPar;
+        showNumber(rows_[i].start, used ? number(fit_.FitStart[i]) : " 0");
     }
 }
 
 void FitParameterRows::showResults() {
-    const FitModelRow* model = estimation::find_model(fit.FitModel);
+    const FitModelRow* model = estimation::find_model(fit_.FitModel);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const Row& row = rows_[i];
-        const bool used = fit.fitted && static_cast<int>(i) < fit.NPar;
+        const bool used = fit_.fitted && static_cast<int>(i) < fit_.NPar;
         const bool computed = model != nullptr && model->computed == static_cast<int>(i);
         for (QWidget* part :
              std::initializer_list<QWidget*>{row.result, row.stdDev, row.interval, row.left})
             part->setVisible(used);
         if (!used) continue;
-        showNumber(row.result, number(fit.FitPar[i]));
-        row.stdDev->setText(computed ? QString() : rough(fit.FitStdDev[i]));
-        const double half = fit.report.halfWidth[i];
-        const bool adjusted = !fit.FitFixed[i] && !computed && half != estimation::kNoStdDev;
+        showNumber(row.result, number(fit_.FitPar[i]));
+        row.stdDev->setText(computed ? QString() : rough(fit_.FitStdDev[i]));
+        const double half = fit_.report.halfWidth[i];
+        const bool adjusted = !fit_.FitFixed[i] && !computed && half != estimation::kNoStdDev;
         row.interval->setText(adjusted && half > 0 ? "± " + rough(half) : QString());
     }
     for (QWidget* head : resultHeads_)
-        if (head != nullptr) head->setVisible(fit.fitted);
-    leftAll_->setVisible(fit.fitted);
+        if (head != nullptr) head->setVisible(fit_.fitted);
+    leftAll_->setVisible(fit_.fitted);
 }
 
 void FitParameterRows::read() {
     for (std::size_t i = 0; i < rows_.size(); ++i)
-        if (static_cast<int>(i) < fit.NPar) take(rows_[i].start, fit.FitStart[i]);
-    take(Tcr_, fit.Tcr);
-    take(pcr_, fit.pcr);
+        if (static_cast<int>(i) < fit_.NPar) take(rows_[i].start, fit_.FitStart[i]);
+    take(Tcr_, fit_.Tcr);
+    take(pcr_, fit_.pcr);
 }
 
 void FitParameterRows::fix(int i, bool fixed) {
     const auto k = static_cast<std::size_t>(i);
-    fit.FitFixed[k] = fixed;
+    fit_.FitFixed[k] = fixed;
     if (rows_[k].start->text().trimmed().isEmpty()) rows_[k].start->setText(" 0.");
     shade(i);
 }
@@ -210,7 +210,7 @@ void FitParameterRows::fix(int i, bool fixed) {
 void FitParameterRows::shade(int i) {
     const auto k = static_cast<std::size_t>(i);
     QPalette colours;
-    if (fit.FitFixed[k]) {
+    if (fit_.FitFixed[k]) {
         colours.setColor(QPalette::Text, theme::quietColour());
         colours.setColor(QPalette::WindowText, theme::quietColour());
     }
@@ -219,13 +219,13 @@ void FitParameterRows::shade(int i) {
 }
 
 void FitParameterRows::takeResult(int i) {
-    estimation::take_result_as_start(fit, i);
+    estimation::take_result_as_start(fit_, i);
     const auto k = static_cast<std::size_t>(i);
-    showNumber(rows_[k].start, number(fit.FitStart[k]));
+    showNumber(rows_[k].start, number(fit_.FitStart[k]));
 }
 
 void FitParameterRows::takeAllResults() {
-    estimation::take_all_results_as_start(fit);
+    estimation::take_all_results_as_start(fit_);
     showStartValues();
 }
 

@@ -3,6 +3,8 @@
 #include <QWidget>
 #include <array>
 
+#include "estimation/fit_state.h"
+
 #include "estimation/fit_models.h"
 
 class QCheckBox;
@@ -22,7 +24,8 @@ class FitParameterRows : public QWidget {
     Q_OBJECT
 
   public:
-    explicit FitParameterRows(QWidget* parent = nullptr);
+    /// Shows `fit`, which must outlive it.
+    explicit FitParameterRows(estimation::FitState& fit, QWidget* parent = nullptr);
 
     /// Shows the rows of the chosen model with their start values and marks.
     void showModel();
@@ -55,6 +58,7 @@ class FitParameterRows : public QWidget {
     NumberEdit* Tcr_ = nullptr;
     QLabel* pcrCaption_ = nullptr;
     NumberEdit* pcr_ = nullptr;
+    estimation::FitState& fit_;
 };
 
 }  // namespace quor::gui

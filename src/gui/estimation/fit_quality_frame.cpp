@@ -17,7 +17,6 @@ namespace quor::gui {
 
 namespace {
 
-using estimation::fit;
 using estimation::FitModelRow;
 
 constexpr int kCellPadding = 6;
@@ -26,8 +25,7 @@ QString percent(double value) {
     return qt(numbers::General(static_cast<float>(value))).trimmed() + " %";
 }
 
-QString deviations() {
-    const estimation::FitReport& report = fit.report;
+QString deviations(const estimation::FitReport& report) {
     if (!report.hasDeviations) return {};
     return "mean deviation " + percent(report.meanDeviation) + ", largest " +
            percent(report.largestDeviation) + " at " +
@@ -41,7 +39,8 @@ QString shortLabel(const FitModelRow& row, std::size_t i) {
 
 }  // namespace
 
-FitQualityFrame::FitQualityFrame(QWidget* parent) : QGroupBox(parent) {
+FitQualityFrame::FitQualityFrame(const estimation::FitState& fit, QWidget* parent)
+    : QGroupBox(parent), fit_(fit) {
     setObjectName("fraFQS");
     SQ_ = form::named(new QLabel, "lblSQ");
     sR_ = form::named(new QLabel, "lblsR");
@@ -83,26 +82,26 @@ FitQualityFrame::FitQualityFrame(QWidget* parent) : QGroupBox(parent) {
 }
 
 void FitQualityFrame::showFit() {
-    setVisible(fit.fitted);
-    if (!fit.fitted) return;
-    const estimation::QualityTexts texts = estimation::quality_of(fit);
+    setVisible(fit_.fitted);
+    if (!fit_.fitted) return;
+    const estimation::QualityTexts texts = estimation::quality_of(fit_);
     setTitle(qt(texts.caption));
     SQ_->setText(qt(texts.SQ));
     sR_->setText(qt(texts.sR));
     explanation_->setText(qt(texts.explainSQ) + "\n" + qt(texts.explainSR) + "\n" +
                           qt(texts.symbols));
-    deviations_->setText(deviations());
+    deviations_->setText(deviations(fit_.report));
     deviations_->setVisible(!deviations_->text().isEmpty());
     QStringList notes;
-    for (const std::string& note : estimation::fit_notes(fit)) notes << qt(note);
+    for (const std::string& note : estimation::fit_notes(fit_)) notes << qt(note);
     notes_->setText(notes.join('\n'));
     notes_->setVisible(!notes.isEmpty());
     showCorrelation();
 }
 
 void FitQualityFrame::showCorrelation() {
-    const FitModelRow* model = estimation::find_model(fit.FitModel);
-    const estimation::FitReport& report = fit.report;
+    const FitModelRow* model = estimation::find_model(fit_.FitModel);
+    const estimation::FitReport& report = fit_.report;
     correlation_->setVisible(report.hasCorrelation);
     correlationCaption_->setVisible(report.hasCorrelation);
     if (model == nullptr || !report.hasCorrelation) return;

@@ -2,6 +2,8 @@
 
 #include <QGroupBox>
 
+#include "estimation/fit_state.h"
+
 class QLabel;
 class QTableWidget;
 
@@ -13,7 +15,8 @@ class FitQualityFrame : public QGroupBox {
     Q_OBJECT
 
   public:
-    explicit FitQualityFrame(QWidget* parent = nullptr);
+    /// Shows `fit`, which must outlive it.
+    explicit FitQualityFrame(const estimation::FitState& fit, QWidget* parent = nullptr);
 
     /// Shows the figures of the last fit; without one the frame is hidden.
     void showFit();
@@ -28,6 +31,7 @@ class FitQualityFrame : public QGroupBox {
     QLabel* notes_ = nullptr;
     QLabel* correlationCaption_ = nullptr;
     QTableWidget* correlation_ = nullptr;
+    const estimation::FitState& fit_;
 };
 
 }  // namespace quor::gui

@@ -17,15 +17,15 @@
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
+#include "legacy/measured_data.h"
 #include "session/actions.h"
 #include "session/help_topics.h"
+#include "session/module2.h"
 
 namespace quor::gui {
 
 namespace {
 
-using estimation::fit;
 using estimation::FitModelRow;
 using estimation::FitTab;
 
@@ -35,19 +35,18 @@ constexpr auto kXYEditor = "mnuData_EditXY";
 constexpr auto kTpvEditor = "mnuData_BatchEdit";
 constexpr std::array kPhases{"ideal gas", "liquid", "solid"};
 
-bool isLinear() {
-    const FitModelRow* row = estimation::find_model(fit.FitModel);
-    return row != nullptr && row->basis != nullptr;
-}
+constexpr auto kName = "frmQFitting";
+constexpr auto kRefused = "Execution not possible";
+constexpr std::int16_t kFromDataEditor = 1;
 
 }  // namespace
 
-FitView::FitView(QWidget* parent) : ChildView("frmQFitting", parent) {
+FitView::FitView(QWidget* parent) : ChildView(kName, parent) {
     setWindowTitle("   Fitting");
     title_ = form::named(new QLabel, "lblTitle");
-    rows_ = new FitParameterRows;
-    quality_ = new FitQualityFrame;
-    graph_ = new FitGraphFrame;
+    rows_ = new FitParameterRows(fit_);
+    quality_ = new FitQualityFrame(fit_);
+    graph_ = new FitGraphFrame(fit_);
     for (QWidget* part : std::initializer_list<QWidget*>{quality_, graph_}) {
         QSizePolicy policy = part->sizePolicy();
         policy.setRetainSizeWhenHidden(part == graph_);
@@ -78,9 +77,6 @@ FitView::FitView(QWidget* parent) : ChildView("frmQFitting", parent) {
     setDefaultButton(start_);
     setFocusProxy(start_);
 
-    fit.lg = false;
-    fit.FitLogSQ = false;
-    fit.cpPhase = estimation::CpPhase::IdealGas;
     models_->button(0)->setChecked(true);
     chooseModel(0);
     showTab(0);
@@ -128,7 +124,7 @@ QWidget* FitView::buildPage(int tab) {
         }
         box->addStretch(1);
         connect(phases, &QButtonGroup::idClicked, this,
-                [](int id) { fit.cpPhase = static_cast<estimation::CpPhase>(id); });
+                [this](int id) { fit_.cpPhase = static_cast<estimation::CpPhase>(id); });
         grid->addLayout(box, next++, 0, 1, 2);
     }
     const std::string_view units = estimation::unit_text(static_cast<FitTab>(tab));
@@ -158,7 +154,7 @@ QWidget* FitView::buildEquation() {
         logFit_[i] = form::named(new QRadioButton(qt(estimation::log_fit_caption(i == 1))),
                                  QString("optLogFit_%1").arg(static_cast<int>(i)));
         logFit_[i]->setChecked(i == 0);
-        connect(logFit_[i], &QRadioButton::clicked, this, [i] { fit.FitLogSQ = i == 1; });
+        connect(logFit_[i], &QRadioButton::clicked, this, [this, i] { fit_.FitLogSQ = i == 1; });
         row->addWidget(logFit_[i]);
     }
     row->addStretch(1);
@@ -208,12 +204,41 @@ QWidget* FitView::buildCommands() {
 }
 
 void FitView::loadPoints() {
-    estimation::load_fit_points(fit);
-    title_->setText(qt(estimation::fit_title(fit)));
-    const std::string& substance = legacy::the_substance.Name;
-    target_->setText(substance.empty() ? QString() : qt(estimation::target_caption(substance)));
-    apply_->setEnabled(!substance.empty());
+    const bool measured = legacy::the_session.FitDataSource == kFromDataEditor;
+    const auto note = estimation::set_fit_points(
+        fit_,
+        measured
+            ? estimation::fit_points(legacy::measured_data().points, legacy::the_session.FitColumn)
+            : legacy::the_xyData.points,
+        measured);
+    if (note) dialogs::tell(*note, "WARNING");
+    title_->setText(qt(estimation::fit_title(fit_)));
+    // Points that come in for another substance begin a fit of that one.
+    if (!estimation::is_same_substance(fit_.substance, legacy::the_substance))
+        chooseModel(fit_.FitModel);
+    showTarget();
     dropResults();
+}
+
+void FitView::followSubstance() {
+    if (auto* view = qobject_cast<FitView*>(shell::findView(kName))) view->showTarget();
+}
+
+void FitView::adoptSubstance() {
+    fit_.substance = legacy::the_substance;
+    showTarget();
+}
+
+void FitView::showTarget() {
+    const std::string& own = fit_.substance.Name;
+    const std::string& active = legacy::the_substance.Name;
+    const bool same = estimation::is_same_substance(fit_.substance, legacy::the_substance);
+    target_->setText(own.empty() ? QString()
+                     : same      ? qt(estimation::target_caption(own))
+                                 : "... of " + qt(own) + ", but " +
+                                  (active.empty() ? QString("no substance") : qt(active)) +
+                                  " is loaded now: choose the model again for it");
+    apply_->setEnabled(!own.empty());
 }
 
 void FitView::showTab(int index) {
@@ -222,8 +247,8 @@ void FitView::showTab(int index) {
 }
 
 void FitView::chooseModel(int number) {
-    if (!estimation::choose_model(fit, static_cast<std::int16_t>(number), legacy::the_substance))
-        return;
+    adoptSubstance();
+    if (!estimation::choose_model(fit_, static_cast<std::int16_t>(number))) return;
     for (QRadioButton* option : logFit_) option->setEnabled(!isLinear());
     showEquation();
     rows_->showModel();
@@ -231,24 +256,24 @@ void FitView::chooseModel(int number) {
 }
 
 void FitView::showEquation() {
-    const FitModelRow* row = estimation::find_model(fit.FitModel);
+    const FitModelRow* row = estimation::find_model(fit_.FitModel);
     if (row == nullptr) return;
     lg_->setVisible(!row->captionLg.empty());
-    lg_->setChecked(fit.lg);
-    equation_->setText(qt(estimation::equation_caption(*row, fit.lg)));
+    lg_->setChecked(fit_.lg);
+    equation_->setText(qt(estimation::equation_caption(*row, fit_.lg)));
     remark_->setText(qt(row->remark));
     remark_->setVisible(!row->remark.empty());
 }
 
 // The start values of the other form come in as long as nobody has changed them.
 void FitView::changeForm(bool lg) {
-    const FitModelRow* row = estimation::find_model(fit.FitModel);
+    const FitModelRow* row = estimation::find_model(fit_.FitModel);
     if (row == nullptr) return;
     rows_->read();
-    const double Tcr = legacy::the_substance.Tcrit;
-    const bool untouched = fit.FitStart == estimation::start_values(*row, fit.lg, Tcr);
-    fit.lg = lg;
-    if (untouched) fit.FitStart = estimation::start_values(*row, fit.lg, Tcr);
+    const double Tcr = fit_.substance.Tcrit;
+    const bool untouched = fit_.FitStart == estimation::start_values(*row, fit_.lg, Tcr);
+    fit_.lg = lg;
+    if (untouched) fit_.FitStart = estimation::start_values(*row, fit_.lg, Tcr);
     rows_->showStartValues();
     showEquation();
     dropResults();
@@ -256,21 +281,53 @@ void FitView::changeForm(bool lg) {
 
 void FitView::start() {
     rows_->read();
-    if (estimation::start_fit(fit)) showResults();
+    Result<estimation::FitState> result = [this] {
+        const session::BusyPointer busy;
+        return estimation::run_fit(fit_);
+    }();
+    if (!result) {
+        dialogs::tell(result.reason(), kRefused, dialogs::Icon::Stop);
+        return;
+    }
+    fit_ = *std::move(result);
+    showResults();
 }
 
 void FitView::propose() {
     rows_->read();
-    if (estimation::propose_start_values(fit)) rows_->showStartValues();
+    const Result<estimation::Parameters> proposal = estimation::proposed_start_values(fit_);
+    if (!proposal) {
+        dialogs::tell(proposal.reason(), kRefused, dialogs::Icon::Stop);
+        return;
+    }
+    fit_.FitStart = *proposal;
+    rows_->showStartValues();
 }
 
 void FitView::apply() {
-    estimation::ApplyFit(fit);
+    if (!estimation::has_place(fit_.FitModel)) return;
+    const Result<estimation::AppliedFit> applied =
+        estimation::apply_fit(fit_, legacy::the_substance);
+    if (!applied) {
+        dialogs::tell(applied.reason(), kRefused, dialogs::Icon::Stop);
+        showTarget();
+        return;
+    }
+    legacy::the_substance = applied->substance;
+    legacy::the_session.ResultsOutdated = true;
+    for (const std::string& text : {applied->message, std::string(estimation::kNowActive)})
+        if (!text.empty())
+            dialogs::tell(text, "Parameters succuessfully applied", dialogs::Icon::Information);
     shell::Refresh();
 }
 
+bool FitView::isLinear() const {
+    const FitModelRow* row = estimation::find_model(fit_.FitModel);
+    return row != nullptr && row->basis != nullptr;
+}
+
 void FitView::dropResults() {
-    fit.fitted = false;
+    fit_.fitted = false;
     showResults();
 }
 

@@ -25,8 +25,11 @@ class FitView : public ChildView {
   public:
     explicit FitView(QWidget* parent = nullptr);
 
-    /// Takes the points from the editor that the session names.
+    /// Takes the points from the editor that the session names, for the active substance.
     void loadPoints();
+    /// An open view tells when its fit no longer belongs to the active substance.
+    static void followSubstance();
+    const estimation::FitState& state() const { return fit_; }
     /// Brings a tab to the front, counted from 0.
     void showTab(int index);
 
@@ -44,8 +47,14 @@ class FitView : public ChildView {
     /// The results of the last fit are no longer those of what stands in the view.
     void dropResults();
     void showEquation();
+    /// Whose data the fit belongs to.
+    void showTarget();
+    /// From here on the fit belongs to the active substance.
+    void adoptSubstance();
+    bool isLinear() const;
     void showResults();
 
+    estimation::FitState fit_;
     QLabel* title_ = nullptr;
     QLabel* data_ = nullptr;
     QLabel* target_ = nullptr;

@@ -10,31 +10,30 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/theme.h"
-#include "session/module2.h"
 
 namespace quor::gui {
 
 namespace {
 
-using diagrams::Grid3D;
-using Module9::Axis;
+using diagrams::Axis;
+using diagrams::SurfaceLimits;
 
 struct LimitRow {
     const char* caption;
     const char* name;
-    float Grid3D::*limit;
+    float SurfaceLimits::*limit;
 };
 
-constexpr std::array<LimitRow, 8> kLimits{{{"T(min)", "txtTMin", &Grid3D::TMin},
-                                           {"T(max)", "txtTMax", &Grid3D::TMax},
-                                           {"p(min)", "txtpMin", &Grid3D::pMin},
-                                           {"p(max)", "txtpMax", &Grid3D::pMax},
-                                           {"v(min)", "txtvMin", &Grid3D::vMin},
-                                           {"v(max)", "txtvMax", &Grid3D::vMax},
-                                           {"z(min)", "txtzMin", &Grid3D::zMin},
-                                           {"z(max)", "txtzMax", &Grid3D::zMax}}};
+constexpr std::array<LimitRow, 8> kLimits{{{"T(min)", "txtTMin", &SurfaceLimits::TMin},
+                                           {"T(max)", "txtTMax", &SurfaceLimits::TMax},
+                                           {"p(min)", "txtpMin", &SurfaceLimits::pMin},
+                                           {"p(max)", "txtpMax", &SurfaceLimits::pMax},
+                                           {"v(min)", "txtvMin", &SurfaceLimits::vMin},
+                                           {"v(max)", "txtvMax", &SurfaceLimits::vMax},
+                                           {"z(min)", "txtzMin", &SurfaceLimits::zMin},
+                                           {"z(max)", "txtzMax", &SurfaceLimits::zMax}}};
 
-Axis quantity_of(const LimitRow& row, const Module9::SurfaceKind& kind) {
+Axis quantity_of(const LimitRow& row, const diagrams::SurfaceKind& kind) {
     switch (row.caption[0]) {
         case 'T':
             return Axis::T;
@@ -48,8 +47,9 @@ Axis quantity_of(const LimitRow& row, const Module9::SurfaceKind& kind) {
 }
 
 /// The title of the axis that shows a quantity; nothing when the surface has no such axis.
-QString title_of(const Module9::SurfaceKind& kind, Axis axis) {
-    const Module9::SurfaceTexts texts = Module9::TextsOf(kind);
+QString title_of(const diagrams::SurfaceSheet& sheet, Axis axis) {
+    const diagrams::SurfaceKind& kind = *sheet.kind;
+    const diagrams::SurfaceTexts texts = diagrams::texts_of(kind, sheet.basis);
     if (kind.x == axis) return QString::fromStdString(texts.xLabel).trimmed();
     if (kind.y == axis) return QString::fromStdString(texts.yLabel).trimmed();
     if (kind.z == axis) return QString::fromStdString(texts.zLabel).trimmed();
@@ -57,9 +57,9 @@ QString title_of(const Module9::SurfaceKind& kind, Axis axis) {
 }
 
 /// Caloric surfaces have limits of z; the others have a quantity of their own there.
-bool is_used(const LimitRow& row, const Module9::SurfaceKind& kind) {
-    if (row.caption[0] == 'z') return Module9::IsCaloric(kind);
-    return !title_of(kind, quantity_of(row, kind)).isEmpty();
+bool is_used(const LimitRow& row, const diagrams::SurfaceSheet& sheet) {
+    if (row.caption[0] == 'z') return diagrams::is_caloric(*sheet.kind);
+    return !title_of(sheet, quantity_of(row, *sheet.kind)).isEmpty();
 }
 
 QVBoxLayout* column(QDialog* dialog) {
@@ -77,7 +77,7 @@ QHBoxLayout* buttonRow() {
 
 }  // namespace
 
-SurfaceLimitsDialog::SurfaceLimitsDialog(Module9::SurfaceSheet& sheet, QWidget* parent)
+SurfaceLimitsDialog::SurfaceLimitsDialog(diagrams::SurfaceSheet& sheet, QWidget* parent)
     : QDialog(parent), sheet_(sheet) {
     setObjectName("fraCoord3");
     setWindowTitle("Coordinates");
@@ -85,15 +85,15 @@ SurfaceLimitsDialog::SurfaceLimitsDialog(Module9::SurfaceSheet& sheet, QWidget* 
     grid->setContentsMargins({});
     QVBoxLayout* layout = column(this);
     layout->addLayout(grid);
-    const Module9::SurfaceKind* kind = Module9::find_surface(sheet.Diagram3DKind);
+    const diagrams::SurfaceKind* kind = sheet.kind;
     for (const LimitRow& row : kLimits) {
-        if (kind == nullptr || !is_used(row, *kind)) continue;
+        if (kind == nullptr || !is_used(row, sheet)) continue;
         auto* edit = form::named(new NumberEdit, row.name);
         form::addRow(grid, static_cast<int>(fields_.size()), row.caption, edit,
-                     title_of(*kind, quantity_of(row, *kind)));
+                     title_of(sheet, quantity_of(row, *kind)));
         fields_.push_back({edit, row.limit});
     }
-    if (kind != nullptr && Module9::IsCaloric(*kind))
+    if (kind != nullptr && diagrams::is_caloric(*kind))
         layout->addWidget(form::note("z(min) = -0.01111 and z(max) = 0.01111: no clipping"));
     show(sheet.limits);
 
@@ -104,8 +104,8 @@ SurfaceLimitsDialog::SurfaceLimitsDialog(Module9::SurfaceSheet& sheet, QWidget* 
     connect(ok, &QPushButton::clicked, this, &SurfaceLimitsDialog::confirm);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(proposed, &QPushButton::clicked, this, [this] {
-        session::refresh_units();
-        show(Module9::default_grid(sheet_.Diagram3DKind, sheet_.SCurve3D));
+        if (sheet_.kind != nullptr)
+            show(diagrams::default_limits(*sheet_.kind, sheet_.basis, sheet_.SCurve));
     });
     QHBoxLayout* buttons = buttonRow();
     buttons->addWidget(proposed);
@@ -116,7 +116,7 @@ SurfaceLimitsDialog::SurfaceLimitsDialog(Module9::SurfaceSheet& sheet, QWidget* 
     layout->addLayout(buttons);
 }
 
-void SurfaceLimitsDialog::show(const Grid3D& limits) {
+void SurfaceLimitsDialog::show(const SurfaceLimits& limits) {
     // The shortest text that gives the same 32-bit number.
     for (const Field& field : fields_)
         field.edit->setValue(
@@ -127,14 +127,14 @@ void SurfaceLimitsDialog::confirm() {
     std::vector<NumberEdit*> edits;
     for (const Field& field : fields_) edits.push_back(field.edit);
     if (markWrongNumber(edits, false)) return;
-    Grid3D limits = sheet_.limits;
+    SurfaceLimits limits = sheet_.limits;
     for (const Field& field : fields_)
         limits.*field.limit = static_cast<float>(field.edit->value());
-    if (Module9::SetLimits(sheet_, limits)) return accept();
+    if (diagrams::set_limits(sheet_, limits)) return accept();
     if (!fields_.empty()) fields_.front().edit->setFocus();
 }
 
-MeshlinesDialog::MeshlinesDialog(Module9::SurfaceSheet& sheet, QWidget* parent) : QDialog(parent) {
+MeshlinesDialog::MeshlinesDialog(diagrams::SurfaceSheet& sheet, QWidget* parent) : QDialog(parent) {
     setObjectName("fraIXIY");
     setWindowTitle("x-y meshlines");
     auto* grid = form::grid();
@@ -152,7 +152,7 @@ MeshlinesDialog::MeshlinesDialog(Module9::SurfaceSheet& sheet, QWidget* parent) 
     ok->setDefault(true);
     QPushButton* cancel = form::button("&Cancel", "cmdIXIY_Cancel");
     connect(ok, &QPushButton::clicked, this, [this, &sheet, nx, ny] {
-        Module9::set_meshlines(sheet, nx->value(), ny->value());
+        diagrams::set_meshlines(sheet, nx->value(), ny->value());
         accept();
     });
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -16,17 +16,17 @@ class SurfaceLimitsDialog : public QDialog {
     Q_OBJECT
 
   public:
-    explicit SurfaceLimitsDialog(Module9::SurfaceSheet& sheet, QWidget* parent = nullptr);
+    explicit SurfaceLimitsDialog(diagrams::SurfaceSheet& sheet, QWidget* parent = nullptr);
 
   private:
-    void show(const diagrams::Grid3D& limits);
+    void show(const diagrams::SurfaceLimits& limits);
     void confirm();
 
     struct Field {
         NumberEdit* edit;
-        float diagrams::Grid3D::*limit;
+        float diagrams::SurfaceLimits::*limit;
     };
-    Module9::SurfaceSheet& sheet_;
+    diagrams::SurfaceSheet& sheet_;
     std::vector<Field> fields_;
 };
 
@@ -35,7 +35,7 @@ class MeshlinesDialog : public QDialog {
     Q_OBJECT
 
   public:
-    explicit MeshlinesDialog(Module9::SurfaceSheet& sheet, QWidget* parent = nullptr);
+    explicit MeshlinesDialog(diagrams::SurfaceSheet& sheet, QWidget* parent = nullptr);
 };
 
 }  // namespace quor::gui

@@ -8,7 +8,7 @@
 
 namespace quor::gui {
 
-SurfacePanel::SurfacePanel(Module9::SurfaceSheet& sheet, QWidget* parent)
+SurfacePanel::SurfacePanel(diagrams::SurfaceSheet& sheet, QWidget* parent)
     : DesignControls(parent), sheet_(sheet) {
     surfacePage();
     sectionPage();

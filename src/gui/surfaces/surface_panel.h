@@ -11,7 +11,7 @@ class SurfacePanel : public DesignControls {
     Q_OBJECT
 
   public:
-    explicit SurfacePanel(Module9::SurfaceSheet& sheet, QWidget* parent = nullptr);
+    explicit SurfacePanel(diagrams::SurfaceSheet& sheet, QWidget* parent = nullptr);
 
     /// The controls take what the sheet holds now.
     void follow();
@@ -24,7 +24,7 @@ class SurfacePanel : public DesignControls {
     void textPage();
     void viewPage();
 
-    Module9::SurfaceSheet& sheet_;
+    diagrams::SurfaceSheet& sheet_;
 };
 
 }  // namespace quor::gui

@@ -7,13 +7,14 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
-#include "diagrams/prepare_3d.h"
+#include "common/dialogs.h"
 #include "gui/diagrams/views_in_use.h"
 #include "gui/surfaces/surface_dialogs.h"
 #include "gui/surfaces/surface_panel.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
+#include "legacy/current_diagram.h"
 #include "session/actions.h"
 #include "session/module2.h"
 
@@ -37,21 +38,21 @@ SurfaceWindow* SurfaceWindow::current() {
     return openSurfaces().current();
 }
 
-void SurfaceWindow::Open() {
+void SurfaceWindow::Open(diagrams::SurfaceSheet sheet) {
     const std::size_t others = openSurfaces().size();
-    auto* view = new SurfaceWindow;
+    auto* view = new SurfaceWindow(std::move(sheet));
     shell::openChild(view);
     // A further surface does not hide the one before.
     auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
     if (window != nullptr && others > 0) window->move(window->pos() + QPoint(kCascade, kCascade));
-    Module9::tell_empty_surface(view->sheet_.chart);
+    diagrams::tell_empty_surface(view->sheet_.chart);
 }
 
-SurfaceWindow::SurfaceWindow() {
+SurfaceWindow::SurfaceWindow(diagrams::SurfaceSheet sheet)
+    : sheet_(std::move(sheet)), menus_(this, [this] { becomeCurrent(); }) {
     setObjectName("frmGraph3D");
     setWindowIcon(theme::icon("graph3d"));
     setContextMenuPolicy(Qt::NoContextMenu);
-    Module9::open_surface(sheet_);
     setCaption();
 
     canvas_ = new chart::Chart3DWidget(sheet_.chart, this);
@@ -71,16 +72,12 @@ SurfaceWindow::SurfaceWindow() {
     status_->setObjectName("lblReadout");
     statusBar()->addWidget(status_, 1);
     menuBar()->setNativeMenuBar(false);
-    buildFileMenu();
-    buildAddMenu();
-    buildViewMenu();
-    buildDesignMenu();
-    buildPictureMenu();
+    buildMenus();
     buildToolBar();
 
     using chart::Chart3DWidget;
     connect(canvas_, &Chart3DWidget::surfaceMoved, this, [this](double x, double y, double z) {
-        status_->setText(qt(Module9::surface_readout(sheet_.chart, x, y, z)));
+        status_->setText(qt(diagrams::surface_readout(sheet_.chart, x, y, z)));
     });
     connect(canvas_, &Chart3DWidget::surfaceLeft, this, [this] { status_->setText(kHint); });
     connect(canvas_, &Chart3DWidget::viewChanged, this, &SurfaceWindow::followView);
@@ -95,7 +92,7 @@ SurfaceWindow::~SurfaceWindow() {
 }
 
 void SurfaceWindow::becomeCurrent() {
-    if (openSurfaces().use(this)) Module9::give_to_session(sheet_);
+    if (openSurfaces().use(this)) legacy::the_session.Diagram3DKind = sheet_.kind->code;
 }
 
 void SurfaceWindow::showEvent(QShowEvent* event) {
@@ -122,7 +119,12 @@ void SurfaceWindow::closeView() {
 // ---------------------------------------------------------------------------------------- commands
 
 void SurfaceWindow::newDraw() {
-    Module9::new_draw(sheet_);
+    try {
+        const diagrams::Basis basis = diagrams::current_basis();
+        diagrams::new_draw(sheet_, basis);
+    } catch (const std::exception& fault) {
+        dialogs::tell(fault.what(), "Execution not possible");
+    }
     setCaption();
     refresh();
 }
@@ -138,18 +140,25 @@ void SurfaceWindow::askMeshlines() {
 }
 
 void SurfaceWindow::markCritical() {
-    if (Module9::has_critical_mark(sheet_))
-        Module9::remove_critical_mark(sheet_);
+    if (diagrams::has_critical_mark(sheet_))
+        diagrams::remove_critical_mark(sheet_);
     else
-        Module9::add_critical_point(sheet_.chart);
+        diagrams::add_critical_point(sheet_);
     refresh();
 }
 
 void SurfaceWindow::loadOC3() {
-    const std::string file = Module9::load_oc3(sheet_);
-    if (file.empty()) return;
-    setCaption(qt(session::file_title(file)));
+    std::string& folder = legacy::the_session.FolderDiagram3D;
+    const diagrams::SurfaceFileAnswer answer = diagrams::load_oc3(sheet_, folder);
+    folder = answer.folder;
+    if (answer.file.empty()) return;
+    setCaption(qt(paths::file_title(answer.file)));
     refresh();
+}
+
+void SurfaceWindow::saveOC3() {
+    std::string& folder = legacy::the_session.FolderDiagram3D;
+    folder = diagrams::save_oc3(sheet_, folder).folder;
 }
 
 void SurfaceWindow::design(const QString& page) {
@@ -165,17 +174,34 @@ void SurfaceWindow::followView() {
 void SurfaceWindow::refresh() {
     canvas_->refresh();
     panel_->follow();
-    for (const auto& [action, flag] : toggles_) action->setChecked(*flag());
-    for (const auto& [action, when] : rules_) action->setChecked(when());
+    menus_.follow();
 }
 
 // ----------------------------------------------------------------------------------------- opening
 
 namespace graph3d_views {
 
+namespace {
+
+void openFromMenu() {
+    const legacy::Session& session = legacy::the_session;
+    const diagrams::SurfaceKind* kind = diagrams::find_surface(session.Diagram3DKind);
+    if (kind == nullptr) return;
+    try {
+        SurfaceWindow::Open(
+            diagrams::open_surface(*kind, diagrams::current_basis(), session.SCurve3D));
+    } catch (const std::exception&) {
+        dialogs::tell(
+            "The registration of the 3D graph module \\...\\olch8x3.ocx during the installation "
+            "process failed.\nPlease carry out the registration manually (c.f. our website)",
+            "Execution not possible");
+    }
+}
+
+}  // namespace
+
 void Install() {
-    Module9::views3_d() = {.openDiagram = SurfaceWindow::Open};
-    actions::register_action("Diagram3D", Module9::prepare_diagram3_d);
+    actions::register_action("Diagram3D", openFromMenu);
 }
 
 }  // namespace graph3d_views

@@ -1,41 +1,36 @@
 #pragma once
 
 #include <QMainWindow>
-#include <functional>
-#include <utility>
-#include <vector>
 
 #include "diagrams/surface_sheet.h"
 #include "gui/chart/chart3d_widget.h"
+#include "gui/diagrams/window_menus.h"
 
 class QDockWidget;
 class QLabel;
-class QMenu;
 
 namespace quor::gui {
 
 class SurfacePanel;
 
-/// A surface of the substance over a regular grid, with the commands on it and the design panel.
-/// Several may be open; each keeps its kind and limits, and the one used last gives them to the
-/// session.
+/// A surface of a fluid over a regular grid, with the commands on it and the design panel. Several
+/// may be open; each keeps its fluid, kind and limits.
 class SurfaceWindow : public QMainWindow {
     Q_OBJECT
 
   public:
-    /// Computes the session's surface.
-    SurfaceWindow();
+    explicit SurfaceWindow(diagrams::SurfaceSheet sheet);
     ~SurfaceWindow() override;
 
     /// The surface in use; nullptr when none is open.
     static SurfaceWindow* current();
-    /// Opens a view of the session's surface.
-    static void Open();
+    /// Opens a view of a surface.
+    static void Open(diagrams::SurfaceSheet sheet);
 
-    /// Makes this surface the one of the session.
+    /// Makes this surface the one used last.
     void becomeCurrent();
 
-    Module9::SurfaceSheet& sheet() { return sheet_; }
+    diagrams::SurfaceSheet& sheet() { return sheet_; }
     /// Repaints after a change of the sheet; menus and panel follow.
     void refresh();
 
@@ -44,36 +39,28 @@ class SurfaceWindow : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    using Command = std::function<void()>;
-
-    QAction* command(QMenu* menu, const QString& caption, const QString& name, Command what);
-    QAction* toggle(QMenu* menu, const QString& caption, const QString& name,
-                    std::function<bool*()> flag);
-    void buildFileMenu();
-    void buildAddMenu();
-    void buildViewMenu();
-    void buildDesignMenu();
-    void buildPictureMenu();
+    void buildMenus();
     void buildToolBar();
+    MenuRow toggle(const QString& caption, const QString& name, bool& flag,
+                   const QString& tip = {});
 
     void newDraw();
     void askLimits();
     void askMeshlines();
     void markCritical();
     void loadOC3();
+    void saveOC3();
     void design(const QString& page);
     void followView();
     void setCaption(const QString& file = {});
     void closeView();
 
-    Module9::SurfaceSheet sheet_;
+    diagrams::SurfaceSheet sheet_;
+    WindowMenus menus_;
     chart::Chart3DWidget* canvas_ = nullptr;
     SurfacePanel* panel_ = nullptr;
     QDockWidget* dock_ = nullptr;
     QLabel* status_ = nullptr;
-    /// Actions with the state that checks or enables them.
-    std::vector<std::pair<QAction*, std::function<bool*()>>> toggles_;
-    std::vector<std::pair<QAction*, std::function<bool()>>> rules_;
 };
 
 namespace graph3d_views {

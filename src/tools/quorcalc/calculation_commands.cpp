@@ -2,12 +2,13 @@
 
 #include "common/text.h"
 #include "common/whole_file.h"
-#include "datafiles/batch_file.h"
+#include "datafiles/measured_data.h"
 #include "legacy/current_fluid.h"
 #include "models/density.h"
 #include "models/reference_state.h"
 #include "report/titles.h"
 #include "session/calculations.h"
+#include "session/measured_data_session.h"
 #include "tools/quorcalc/command_list.h"
 
 namespace quor::quorcalc {
@@ -58,7 +59,7 @@ calculation::Request request_of(const Arguments& a) {
 
 Json calc(const Arguments& a) {
     set_up(a);
-    const report::Result result = report::make_result(
+    const report::TaskResult result = report::make_result(
         models::current_fluid(), legacy::the_reference, session::unit_choice(), request_of(a));
     report::show(messages(result, report::Tell::remarks));
     const report::Report& r = result.report;
@@ -85,11 +86,11 @@ Json calc(const Arguments& a) {
 
 /// The CASRN that a file of experimental data names.
 std::string substance_of(const std::string& file) {
-    const datafiles::FileContent whole = datafiles::read_whole(file);
-    if (!whole.error.empty()) throw CannotBeDone{whole.error};
-    const auto content = datafiles::read_batch_text(whole.bytes);
+    const Result<std::string> whole = files::read_whole(file);
+    if (!whole) throw CannotBeDone{whole.reason()};
+    const auto content = datafiles::read_measured_data(*whole, file);
     if (!content) throw CannotBeDone{"not a file of experimental data: " + file};
-    return text::trim_right(content->casrn);
+    return text::trim_right(content->data.casrn);
 }
 
 Json batch(const Arguments& a) {
@@ -100,7 +101,8 @@ Json batch(const Arguments& a) {
     set_up(call);
     report::CalculationState state;
     state.method = method_of(call);
-    if (!datafiles::batch_load(file, false)) throw CannotBeDone{"nothing was loaded from " + file};
+    if (!session::load_measured_data(file, false))
+        throw CannotBeDone{"nothing was loaded from " + file};
     state.task = task_of(call);
     state.pages = pages_of(call);
     const report::Comparison comparison =
@@ -112,11 +114,11 @@ Json batch(const Arguments& a) {
     const report::ResultList list =
         report::make_result_list(comparison, title, extended, report::ListForm::File);
     if (!a.lst.empty()) {
-        const std::string error = report::write_result_file(
+        const Result<void> written = report::write_result_file(
             report::result_file_path(std::filesystem::absolute(a.lst).string(), {}), comparison,
             title, extended);
-        if (!error.empty()) {
-            dialogs::tell(error, "WARNING");
+        if (!written) {
+            dialogs::tell(written.reason(), "WARNING");
             throw CannotBeDone{"the list could not be written: " + a.lst};
         }
     }

@@ -1,13 +1,7 @@
 #include <charconv>
 
-#include "app/menu_catalogue.h"
 #include "common/text.h"
-#include "diagrams/catalogue.h"
-#include "diagrams/coordinates.h"
-#include "diagrams/curve.h"
-#include "diagrams/prepare_2d.h"
-#include "diagrams/sheet_draw.h"
-#include "session/module2.h"
+#include "legacy/current_diagram.h"
 #include "tools/quorcalc/command_list.h"
 #include "tools/quorcalc/pictures.h"
 
@@ -27,92 +21,84 @@ std::vector<float> numbers_of(const std::string& list, const char* option) {
     return values;
 }
 
-/// Kind of section and axes of a diagram's code, as its menu row sets them; an added curve is a
-/// projection.
-void choose_section(diagrams::DiagramRequest& request) {
-    for (const menu::Row& row : menu::Rows()) {
-        if (row.code != request.DiagramType || !row.control.starts_with("mnuGraf")) continue;
-        request.sectionKind = row.sectionKind;
-        request.axisPair = row.axisPair;
-        return;
-    }
-    request.sectionKind = Module9::kProjection;
-}
-
 /// The diagram of a code with one curve in it, as the diagram view shows it.
-void draw(const Arguments& a, const diagrams::DiagramRequest& computed,
-          const diagrams::CurvePointArray& points) {
-    diagrams::DiagramRequest request = computed;
-    Module9::prepare_diagram2_d(request);
-    // A new substance begins with its critical state: the names of the curve need the asked one.
-    legacy::Session& s = legacy::the_session;
-    s.DiagramT = a.T.value_or(s.DiagramT);
-    s.DiagramP = a.p.value_or(s.DiagramP);
-    s.DiagramV = a.v.value_or(s.DiagramV);
-    request.xMin = computed.xMin;
-    request.xMax = computed.xMax;
-    request.yMin = computed.yMin;
-    request.yMax = computed.yMax;
-    Module9::DiagramSheet sheet;
-    Module9::open_sheet(sheet, request);
-    const int slot = Module9::store_curve(sheet, points);
-    if (slot < 0) throw CannotBeDone{"The curve has no points to draw."};
-    const Module9::CurveName name = Module9::name_of(request, false);
-    Module9::name_curve(sheet, slot, name.legend, name.label);
+void draw(const Arguments& a, const diagrams::Basis& basis, const diagrams::CurveRequest& request,
+          const diagrams::Curve& curve) {
+    const diagrams::Diagram& diagram = diagrams::home_of(*request.curve);
+    diagrams::DiagramRequest shown =
+        diagrams::prepare_diagram(*request.curve, basis, diagrams::current_start()).request;
+    shown.window = request.window;
+    diagrams::DiagramSheet sheet = diagrams::open_sheet(shown, basis, request.at);
+    const diagrams::DiagramTexts texts = diagrams::texts_of(diagram, basis, shown.validity);
+    diagrams::store_curve(sheet,
+                          {curve.points, curve.parameter, basis,
+                           diagrams::name_of(request, basis, false), texts.subTitle},
+                          request.window.xMax);
     write_pictures(a, sheet);
 }
 
-Json curve(const Arguments& a) {
+const diagrams::Diagram& diagram_of_type(const Arguments& a) {
     int code = 0;
     const auto parsed = std::from_chars(a.type.data(), a.type.data() + a.type.size(), code);
-    if (parsed.ec != std::errc() || !diagrams::has_curve(static_cast<std::int16_t>(code)))
-        throw WrongCall{"--type: no such curve: " + a.type};
+    const diagrams::Diagram* found =
+        parsed.ec == std::errc() ? diagrams::find_diagram(code) : nullptr;
+    if (found == nullptr) throw WrongCall{"--type: no such curve: " + a.type};
+    return *found;
+}
+
+diagrams::CurveWindow window_of(const Arguments& a, const diagrams::Diagram& diagram,
+                                const diagrams::Basis& basis,
+                                const diagrams::CoordinateDefaults& limits) {
+    if (a.window.empty()) return diagrams::proposed_window(diagram, basis, limits).window;
+    const std::vector<float> w = numbers_of(a.window, "--window");
+    if (w.size() != 4) throw WrongCall{"--window needs xmin,xmax,ymin,ymax"};
+    return {w[0], w[1], w[2], w[3]};
+}
+
+diagrams::Branch branch_of(const Arguments& a) {
+    if (a.tieline) return diagrams::Branch::tieLine;
+    return a.scurve ? diagrams::Branch::metastable : diagrams::Branch::stable;
+}
+
+Json points_of(const diagrams::Curve& curve) {
+    Json list = Json::array();
+    for (const diagrams::CurvePoint& point : curve.points)
+        list.push_back({Number(static_cast<double>(point.x)), Number(static_cast<double>(point.y)),
+                        Number(static_cast<double>(point.z))});
+    return list;
+}
+
+Json curve(const Arguments& a) {
+    const diagrams::Diagram& diagram = diagram_of_type(a);
     set_up(a);
-    legacy::Session& s = legacy::the_session;
+    diagrams::CurveOptions options = diagrams::current_options();
     if (a.points) {
         if (*a.points < 1 || *a.points > 32000) throw WrongCall{"--points is out of range"};
-        s.PointsPerCurve = static_cast<std::int16_t>(*a.points);
+        options.points = *a.points;
     }
-    s.VapourFraction = a.fraction.value_or(0.0);
-    s.SCurveRequested = a.scurve;
-    s.TieLineRequested = a.tieline;
-    s.DiagramT = a.T.value_or(s.DiagramT);
-    s.DiagramP = a.p.value_or(0);
-    s.DiagramV = a.v.value_or(0);
-
-    diagrams::DiagramRequest& request = legacy::the_diagram;
-    request.DiagramType = static_cast<std::int16_t>(code);
-    choose_section(request);
-    Module9::calc_coordinate_defaults(legacy::the_coordinates);
-    Module9::fill_diagram_window(legacy::the_coordinates, request);
-    if (!a.window.empty()) {
-        const std::vector<float> w = numbers_of(a.window, "--window");
-        if (w.size() != 4) throw WrongCall{"--window needs xmin,xmax,ymin,ymax"};
-        request.xMin = w[0];
-        request.xMax = w[1];
-        request.yMin = w[2];
-        request.yMax = w[3];
-    }
-
-    diagrams::CurvePointArray points;
-    const diagrams::CurveResult r =
-        diagrams::calc_curve(request, points, a.T.value_or(0), a.p.value_or(0), a.v.value_or(0));
-    Json list = Json::array();
-    for (std::size_t i = 1; i < points.size(); ++i)
-        list.push_back({Number(static_cast<double>(points[i].x)),
-                        Number(static_cast<double>(points[i].y)),
-                        Number(static_cast<double>(points[i].z))});
-    const diagrams::StatusText told = diagrams::TextOf(r);
+    legacy::the_session.DiagramT = a.T.value_or(legacy::the_session.DiagramT);
+    const diagrams::Basis basis = diagrams::current_basis();
+    const diagrams::CoordinateDefaults limits = diagrams::coordinate_defaults(basis);
+    const diagrams::CurveRequest request{.curve = &diagram,
+                                         .window = window_of(a, diagram, basis, limits),
+                                         .at = {a.T.value_or(0), a.p.value_or(0), a.v.value_or(0)},
+                                         .branch = branch_of(a),
+                                         .vapourFraction = a.fraction.value_or(0.0),
+                                         .options = options,
+                                         .pMin = limits.pMin,
+                                         .pMax = limits.pMax};
+    const diagrams::Curve r = diagrams::curve(basis, request);
+    const diagrams::StatusText told = diagrams::text_of(r.status, r.message, basis.fluid);
+    const std::string message = r.message.empty() ? told.text : r.message;
     if (wants_picture(a)) {
-        if (!diagrams::is_drawn(r.status))
-            throw CannotBeDone{r.message.empty() ? told.text : r.message};
-        draw(a, request, points);
+        if (!diagrams::is_drawn(r.status)) throw CannotBeDone{message};
+        draw(a, basis, request, r);
     }
-    return {{"status", r.status},
-            {"count", diagrams::point_count(points)},
-            {"mark", points.empty() ? Json() : Json(static_cast<int>(points.front().z))},
-            {"message", r.message.empty() ? told.text : r.message},
-            {"points", list}};
+    return {{"status", static_cast<int>(r.status)},
+            {"count", r.points.size()},
+            {"mark", diagrams::mark_of(r.parameter)},
+            {"message", message},
+            {"points", points_of(r)}};
 }
 
 std::string curve_text(const Json& result) {

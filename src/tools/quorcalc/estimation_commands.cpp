@@ -1,12 +1,14 @@
 #include <charconv>
 #include <filesystem>
 
+#include "common/dialogs.h"
 #include "common/numbers.h"
 #include "common/text.h"
-#include "datafiles/xy_file.h"
 #include "estimation/fit_models.h"
 #include "estimation/fit_run.h"
 #include "estimation/group_contributions.h"
+#include "legacy/declare.h"
+#include "session/xy_session.h"
 #include "tools/quorcalc/command_list.h"
 
 namespace quor::quorcalc {
@@ -46,8 +48,8 @@ Json fit(const Arguments& a) {
     if (!a.substance.empty()) set_up(a);
     FitState state;
     state.lg = a.lg;
-    if (!estimation::choose_model(state, static_cast<std::int16_t>(*a.model),
-                                  legacy::the_substance))
+    state.substance = legacy::the_substance;
+    if (!estimation::choose_model(state, static_cast<std::int16_t>(*a.model)))
         throw WrongCall{"--model: no such model"};
     state.lg = a.lg;
     if (a.lg)
@@ -58,16 +60,19 @@ Json fit(const Arguments& a) {
     if (a.pcr) state.pcr = *a.pcr;
     choose_start(a, state);
 
-    if (datafiles::xy_load(std::filesystem::absolute(a.file).string()).empty())
+    if (!session::load_xy(std::filesystem::absolute(a.file).string()))
         throw CannotBeDone{"nothing was loaded from " + a.file};
-    legacy::the_session.FitDataSource = 0;
-    estimation::load_fit_points(state);
+    if (const auto note = estimation::set_fit_points(state, legacy::the_xyData.points, false))
+        dialogs::tell(*note, "WARNING");
     Json result = {{"status", 0},  {"parameters", Json()}, {"stdDev", Json()},
                    {"SQ", Json()}, {"sR", Json()},         {"failed", true}};
-    if (!estimation::start_fit(state)) {
+    Result<FitState> fitted = estimation::run_fit(state);
+    if (!fitted) {
+        dialogs::tell(fitted.reason(), "Execution not possible", dialogs::Icon::Stop);
         result["status"] = -1;
         return result;
     }
+    state = *std::move(fitted);
     Json parameters = Json::array(), deviations = Json::array();
     for (std::size_t i = 0; i < static_cast<std::size_t>(state.NPar); ++i) {
         parameters.push_back(Number(state.FitPar[i]));

@@ -29,7 +29,7 @@ bool wants_picture(const Arguments& a) {
     return !a.png.empty() || !a.svg.empty() || !a.pdf.empty();
 }
 
-void write_pictures(const Arguments& a, Module9::DiagramSheet& sheet) {
+void write_pictures(const Arguments& a, diagrams::DiagramSheet& sheet) {
     write_all(a, pictures().drawSheet, sheet);
 }
 

@@ -15,7 +15,7 @@ namespace quor::quorcalc {
 struct PictureDrawer {
     /// The outcome of writing a file of `format`: "png", "svg" or "pdf".
     using Outcome = chart::FileOutcome;
-    std::function<Outcome(Module9::DiagramSheet&, const std::string& format,
+    std::function<Outcome(diagrams::DiagramSheet&, const std::string& format,
                           const std::string& file)>
         drawSheet;
     std::function<Outcome(const chart::Chart3D&, const std::string& format,
@@ -28,7 +28,7 @@ PictureDrawer& pictures();
 bool wants_picture(const Arguments& arguments);
 
 /// Writes every picture that the call asks for. Throws `CannotBeDone` with the reason.
-void write_pictures(const Arguments& arguments, Module9::DiagramSheet& sheet);
+void write_pictures(const Arguments& arguments, diagrams::DiagramSheet& sheet);
 void write_pictures(const Arguments& arguments, const chart::Chart3D& surface);
 
 }  // namespace quor::quorcalc

@@ -5,7 +5,6 @@
 
 #include "common/dialogs.h"
 #include "common/faults.h"
-#include "datafiles/database.h"
 #include "diagrams/curve.h"
 #include "session/module2.h"
 #include "tools/quorcalc/commands.h"
@@ -33,8 +32,8 @@ Json failure(const std::string& message) {
 /// A curve that is drawn in spite of its status has been calculated all the same.
 bool is_good(const Json& result) {
     const int status = result.at("status");
-    return status == 0 ||
-           (result.contains("points") && diagrams::is_drawn(static_cast<std::int16_t>(status)));
+    return status == 0 || (result.contains("points") &&
+                           diagrams::is_drawn(static_cast<diagrams::CurveStatus>(status)));
 }
 
 std::string plain_text(const Json& result) {

@@ -3,9 +3,7 @@
 
 #include "common/numbers.h"
 #include "common/text.h"
-#include "datafiles/database.h"
 #include "datafiles/record_fields.h"
-#include "datafiles/search.h"
 #include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/model_choice.h"
@@ -14,6 +12,7 @@
 #include "models/parameter_program.h"
 #include "models/vapour_pressure.h"
 #include "session/module2.h"
+#include "session/substance_session.h"
 #include "tools/quorcalc/commands.h"
 
 namespace quor::quorcalc {
@@ -31,21 +30,16 @@ std::optional<double> number(const std::string& s) {
 }
 
 void open_database(const Arguments& a) {
-    const std::string path = a.db.empty() ? session::find_file("STUDENT.Q05").string() : a.db;
-    if (datafiles::open_database_file(std::filesystem::absolute(path).string()).notUsable)
-        throw CannotBeDone{"Database " + session::file_title(path) + " not found or empty resp."};
-    legacy::the_session.DatabaseFile = session::file_title(path);
+    const std::string path =
+        a.db.empty() ? legacy::the_places.find_file("STUDENT.Q05").string() : a.db;
+    if (!session::open_database(std::filesystem::absolute(path).string()))
+        throw CannotBeDone{"Database " + paths::file_title(path) + " not found or empty resp."};
+    legacy::the_session.DatabaseFile = paths::file_title(path);
 }
 
-/// Position of a substance: "#number", else a name, synonym or CASRN.
+/// Position (from 1) of a substance: "#number", else a name, synonym or CASRN.
 std::int16_t find_substance(const std::string& wanted) {
-    std::int16_t index = 0;
-    if (!wanted.empty() && wanted.front() == '#') {
-        if (const auto n = number(wanted.substr(1)))
-            index = datafiles::find_by_number(static_cast<std::int16_t>(*n));
-    } else {
-        index = datafiles::FindSubstance(wanted).index;
-    }
+    const std::int16_t index = session::find_substance(wanted);
     if (index == 0) throw CannotBeDone{"Nothing found: " + wanted};
     return index;
 }
@@ -53,8 +47,7 @@ std::int16_t find_substance(const std::string& wanted) {
 void read_substance(const Arguments& a) {
     if (a.substance.empty()) throw WrongCall{"--substance is required"};
     legacy::the_session.CurrentSubstance = find_substance(a.substance);
-    bool noCriticalData = false;
-    datafiles::ReadSubstance(legacy::the_session.CurrentSubstance, noCriticalData);
+    (void)session::read_substance(legacy::the_session.CurrentSubstance);
     legacy::the_session.SubstanceSet = true;
 }
 
@@ -88,8 +81,8 @@ std::vector<Override> overrides(const Arguments& a) {
 }
 
 void store(const Override& o) {
-    const std::string error = datafiles::set_field(the_substance, o.field, o.value);
-    if (!error.empty()) throw WrongCall{error};
+    const Result<void> stored = datafiles::set_field(the_substance, o.field, o.value);
+    if (!stored) throw WrongCall{stored.reason()};
 }
 
 void correlate() {

@@ -18,17 +18,19 @@ namespace quor::quorcalc {
 namespace {
 
 Json list(const Arguments& a) {
-    const std::string path = a.db.empty() ? session::find_file("STUDENT.Q05").string() : a.db;
-    if (datafiles::open_database_file(std::filesystem::absolute(path).string()).notUsable)
-        throw CannotBeDone{"Database " + session::file_title(path) + " not found or empty resp."};
-    const datafiles::SubstanceLists& lists = legacy::the_substances;
+    const std::string path =
+        a.db.empty() ? legacy::the_places.find_file("STUDENT.Q05").string() : a.db;
+    const auto database =
+        datafiles::Database::open(std::filesystem::absolute(path), legacy::the_session.EnglishUi);
+    if (!database)
+        throw CannotBeDone{"Database " + paths::file_title(path) + " not found or empty resp."};
     Json substances = Json::array();
-    for (std::size_t i = 1; i <= static_cast<std::size_t>(legacy::the_session.SubstanceCount); ++i)
-        substances.push_back({{"index", i},
-                              {"number", lists.Numbers[i]},
-                              {"name", text::trim_right(lists.Names[i])},
-                              {"formula", text::trim_right(lists.Formulas[i])},
-                              {"casrn", text::trim_right(lists.Casrn[i])}});
+    for (const datafiles::DatabaseEntry& entry : database->entries())
+        substances.push_back({{"index", substances.size() + 1},
+                              {"number", entry.number},
+                              {"name", text::trim_right(entry.name)},
+                              {"formula", text::trim_right(entry.formula)},
+                              {"casrn", text::trim_right(entry.casrn)}});
     return {{"status", 0}, {"substances", substances}};
 }
 

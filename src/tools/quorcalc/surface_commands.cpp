@@ -1,7 +1,5 @@
-#include "diagrams/prepare_3d.h"
-#include "diagrams/surface.h"
-#include "diagrams/surface_grid.h"
-#include "legacy/declare.h"
+#include "diagrams/surface_sheet.h"
+#include "legacy/current_diagram.h"
 #include "tools/quorcalc/command_list.h"
 #include "tools/quorcalc/pictures.h"
 
@@ -31,20 +29,16 @@ Json values_of(const chart::SurfaceGrid& grid) {
 }
 
 Json surface(const Arguments& a) {
-    const auto kind = static_cast<std::int16_t>(*a.kind);
-    if (kind != *a.kind || Module9::find_surface(kind) == nullptr)
-        throw WrongCall{"--kind: no such surface: " + std::to_string(*a.kind)};
+    const diagrams::SurfaceKind* kind = diagrams::find_surface(*a.kind);
+    if (kind == nullptr) throw WrongCall{"--kind: no such surface: " + std::to_string(*a.kind)};
     const int nx = nodes_of(a.nx, "--nx"), ny = nodes_of(a.ny, "--ny");
     set_up(a);
-    legacy::the_session.Diagram3DKind = kind;
-    legacy::the_session.SCurve3D = a.scurve && !legacy::the_models.EOSOnlyV;
-    Module9::prepare_diagram3_d();
-    chart::Chart3D chart;
-    Module9::init_graph3_d(chart, nx, ny);
-    const chart::SurfaceGrid& grid = chart.surface;
+    const diagrams::SurfaceSheet sheet =
+        diagrams::open_surface(*kind, diagrams::current_basis(), a.scurve, nx, ny);
+    const chart::SurfaceGrid& grid = sheet.chart.surface;
     if (!diagrams::has_surface(grid))
         throw CannotBeDone{"No point of the surface can be computed."};
-    if (wants_picture(a)) write_pictures(a, chart);
+    if (wants_picture(a)) write_pictures(a, sheet.chart);
     return {{"status", 0},   {"x0", grid.x0}, {"dx", grid.dx}, {"y0", grid.y0},
             {"dy", grid.dy}, {"nx", grid.nx}, {"ny", grid.ny}, {"z", values_of(grid)}};
 }

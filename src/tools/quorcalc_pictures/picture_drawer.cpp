@@ -32,13 +32,13 @@ chart::FileOutcome write(const chart::Painting& painting, const std::string& for
     return {false, file + ": The file cannot be written."};
 }
 
-chart::FileOutcome draw_sheet(Module9::DiagramSheet& sheet, const std::string& format,
+chart::FileOutcome draw_sheet(diagrams::DiagramSheet& sheet, const std::string& format,
                               const std::string& file) {
     start_painting();
     chart::PictureOptions options;
-    options.title = QString::fromStdString(sheet.request.title);
-    Module9::place_labels(sheet, options.size.width(), options.size.height(),
-                          chart::qtTextMeasure());
+    options.title = QString::fromStdString(sheet.request.texts.title);
+    diagrams::place_labels(sheet, options.size.width(), options.size.height(),
+                           chart::qtTextMeasure());
     return write(chart::paintingOf(sheet.chart), format, file, options);
 }
 

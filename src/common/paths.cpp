@@ -1,0 +1,118 @@
+#include "common/paths.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <utility>
+
+namespace quor {
+
+namespace fs = std::filesystem;
+
+namespace paths {
+
+namespace {
+constexpr std::string_view kSeparators = "/\\";
+}
+
+bool has_separator(std::string_view path) {
+    return path.find_first_of(kSeparators) != std::string_view::npos;
+}
+
+std::string file_title(const std::string& path) {
+    return path.substr(path.find_last_of(kSeparators) + 1);
+}
+
+std::string folder_of(const std::string& path) {
+    return path.substr(0, path.find_last_of(kSeparators) + 1);
+}
+
+std::string in_folder(const std::string& name, const std::string& folder) {
+    return has_separator(name) ? name : (fs::path(folder) / name).string();
+}
+
+std::string target_path(const std::string& name, const std::string& folder,
+                        std::string_view extension) {
+    const bool bare = file_title(name).find('.') == std::string::npos;
+    return in_folder(bare ? name + std::string(extension) : name, folder);
+}
+
+std::string shorten_path(const std::string& path, int most) {
+    const int length = static_cast<int>(path.size());
+    if (length <= most) return path;
+    constexpr std::size_t kept = 3;  // characters at the beginning
+    const int from = std::max(1, length - most + 6);
+    const std::size_t found = path.find_first_of(kSeparators, static_cast<std::size_t>(from - 1));
+    return path.substr(0, kept) + "..." + path.substr(std::min(found, path.size()));
+}
+
+}  // namespace paths
+
+namespace {
+
+std::string today() {
+    const std::time_t now = std::time(nullptr);
+    std::tm parts{};
+    localtime_r(&now, &parts);
+    char buffer[16];
+    std::strftime(buffer, sizeof buffer, "%d.%m.%Y", &parts);
+    return buffer;
+}
+
+std::string two_digits(int n) {
+    char buffer[16];
+    std::snprintf(buffer, sizeof buffer, "%02d", n);
+    return buffer;
+}
+
+}  // namespace
+
+Places::Places(fs::path program, const fs::path& user, std::string date)
+    : program_(std::move(program)), date_(std::move(date)) {
+    // Nothing is written beside an installed program, not even by an administrator.
+    const bool own = data_folder() == program_ && access(program_.c_str(), W_OK) == 0;
+    write_ = own || user.empty() ? program_ : user;
+    std::error_code ignored;
+    fs::create_directories(write_, ignored);
+}
+
+/// The data of an installed program, beside its folder.
+fs::path Places::shared_folder() const {
+    return program_.parent_path() / "share" / "quor6";
+}
+
+fs::path Places::data_folder() const {
+    std::error_code ignored;
+    return fs::is_directory(shared_folder(), ignored) ? shared_folder() : program_;
+}
+
+fs::path Places::find_file(const std::string& name) const {
+    if (paths::has_separator(name)) return name;
+    std::error_code ignored;
+    for (const fs::path& folder : {write_, program_, shared_folder()})
+        if (fs::exists(folder / name, ignored)) return folder / name;
+    return program_ / name;
+}
+
+bool Places::file_exists(const std::string& name) const {
+    std::error_code ignored;
+    return !name.empty() && fs::is_regular_file(find_file(name), ignored);
+}
+
+std::string Places::short_date() const {
+    return date_.empty() ? today() : date_;
+}
+
+std::string Places::new_protocol_file_name() const {
+    const std::string date = short_date();
+    const std::string day = date.substr(date.size() - 2) + date.substr(0, 2) + date.substr(3, 2);
+    std::error_code ignored;
+    for (int n = 1;; ++n) {
+        const std::string name = day + two_digits(n) + ".CSV";
+        if (!fs::exists(write_ / name, ignored)) return name;
+    }
+}
+
+}  // namespace quor

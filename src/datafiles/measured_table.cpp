@@ -1,0 +1,220 @@
+#include "datafiles/measured_table.h"
+
+#include <algorithm>
+#include <array>
+
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "datafiles/cell_numbers.h"
+#include "datafiles/table_text.h"
+
+namespace quor::datafiles {
+
+namespace {
+
+using constants::kNormalPressure;
+using constants::kZeroCelsius;
+
+constexpr double kTorrPerAtm = 760.0;
+
+/// Int(x * scale + 0.5) / scale, as the table rounds.
+double rounded(double value, double scale) {
+    return numbers::Int(value * scale + 0.5) / scale;
+}
+
+/// rho = M n / V and V = M n / rho are one rule.
+double mass_over(double x, const MeasuredUnits& units) {
+    return x == 0 ? 0 : units.M * units.n / x;
+}
+
+double density_of(const MeasuredPoint& set, MeasuredColumn column) {
+    return static_cast<double>(column == MeasuredColumn::rhoL ? set.rhoL : set.rhoV);
+}
+
+MeasuredPoint set_from_line(std::string_view line, const MeasuredUnits& units) {
+    const std::vector<std::string> cells = text::split(line, '\t');
+    MeasuredPoint set;
+    for (int i = 0; i < kMeasuredColumns && static_cast<std::size_t>(i) < cells.size(); ++i)
+        store_cell(set, static_cast<MeasuredColumn>(i), cells[static_cast<std::size_t>(i)], units);
+    return set;
+}
+
+/// The part of a range of lines that lies in the table, from 0.
+struct Lines {
+    std::ptrdiff_t first, last;  ///< `last` is behind the last line
+};
+Lines in_table(std::size_t size, int first, int last) {
+    const auto count = static_cast<std::ptrdiff_t>(size);
+    const std::ptrdiff_t from = std::clamp<std::ptrdiff_t>(first - 1, 0, count);
+    return {from, std::clamp<std::ptrdiff_t>(last, from, count)};
+}
+
+double sort_key(const MeasuredPoint& set, MeasuredColumn column) {
+    return column == MeasuredColumn::T ? set.T : fit_column_value(set, static_cast<int>(column));
+}
+
+}  // namespace
+
+double stored_temperature(double typed, TemperatureUnit unit) {
+    return unit == TemperatureUnit::Celsius ? typed + kZeroCelsius : typed;
+}
+
+double stored_pressure(double typed, PressureUnit unit) {
+    switch (unit) {
+        case PressureUnit::atm:
+            return typed * kNormalPressure;
+        case PressureUnit::Torr:
+            return typed * kNormalPressure / kTorrPerAtm;
+        default:
+            return typed;
+    }
+}
+
+double stored_density(double typed, const MeasuredUnits& units) {
+    return units.volume ? mass_over(typed, units) : typed;
+}
+
+double shown_temperature(double T, TemperatureUnit unit) {
+    return rounded(unit == TemperatureUnit::Celsius ? T - kZeroCelsius : T, 1000.0);
+}
+
+double shown_pressure(double p, PressureUnit unit) {
+    double shown = p;
+    if (unit == PressureUnit::atm) shown = p / kNormalPressure;
+    if (unit == PressureUnit::Torr) shown = p / kNormalPressure * kTorrPerAtm;
+    return rounded(shown, 100000.0);
+}
+
+double shown_density(double rho, const MeasuredUnits& units) {
+    return units.volume ? mass_over(rho, units) : rho;
+}
+
+std::string cell_text(const MeasuredPoint& set, MeasuredColumn column, const MeasuredUnits& units) {
+    switch (column) {
+        case MeasuredColumn::T:
+            return set.T == 0 ? "" : numbers::General(shown_temperature(set.T, units.T));
+        case MeasuredColumn::p:
+            return set.p == 0 ? "" : numbers::General(shown_pressure(set.p, units.p));
+        case MeasuredColumn::rhoL:
+        case MeasuredColumn::rhoV: {
+            const double rho = density_of(set, column);
+            return rho == 0 ? "" : numbers::General(single_or_zero(shown_density(rho, units)));
+        }
+        case MeasuredColumn::hLV:
+            return set.hLV == 0 ? "" : numbers::General(set.hLV);
+        case MeasuredColumn::cp:
+            return set.cp == 0 ? "" : numbers::General(set.cp);
+    }
+    return {};
+}
+
+void store_cell(MeasuredPoint& set, MeasuredColumn column, std::string_view typed,
+                const MeasuredUnits& units) {
+    const bool empty = typed.find_first_of("0123456789") == std::string_view::npos;
+    const double value = cell_number_input(typed);
+    switch (column) {
+        case MeasuredColumn::T:
+            set.T = empty ? 0 : stored_temperature(value, units.T);
+            break;
+        case MeasuredColumn::p:
+            set.p = stored_pressure(value, units.p);
+            break;
+        case MeasuredColumn::rhoL:
+            set.rhoL = single_or_zero(stored_density(value, units));
+            break;
+        case MeasuredColumn::rhoV:
+            set.rhoV = single_or_zero(stored_density(value, units));
+            break;
+        case MeasuredColumn::hLV:
+            set.hLV = single_or_zero(value);
+            break;
+        case MeasuredColumn::cp:
+            set.cp = single_or_zero(value);
+            break;
+    }
+}
+
+std::vector<MeasuredPoint> sets_from_clipboard(std::string_view table, const MeasuredUnits& units) {
+    std::vector<MeasuredPoint> sets;
+    for (const std::string& line : data_lines(table)) sets.push_back(set_from_line(line, units));
+    return sets;
+}
+
+std::string sets_for_clipboard(std::span<const MeasuredPoint> points, int first, int last,
+                               const MeasuredUnits& units) {
+    const Lines lines = in_table(points.size(), first, last);
+    std::string table;
+    for (std::ptrdiff_t i = lines.first; i < lines.last; ++i)
+        for (int c = 0; c < kMeasuredColumns; ++c)
+            table += cell_text(points[static_cast<std::size_t>(i)], static_cast<MeasuredColumn>(c),
+                               units) +
+                     (c + 1 < kMeasuredColumns ? "\t" : "\r\n");
+    return table;
+}
+
+std::string measured_table_text(std::span<const MeasuredPoint> points, const MeasuredUnits& units) {
+    static constexpr std::array<const char*, 3> pressures{"p/kPa", "p/atm", "p/Torr"};
+    std::vector<std::vector<std::string>> rows;
+    rows.push_back(
+        {"#", units.T == TemperatureUnit::Celsius ? "T/°C" : "T/K",
+         pressures[static_cast<std::size_t>(units.p)], units.volume ? "v_L/m^3" : "rho_L/(kg/m^3)",
+         units.volume ? "v_V/m^3" : "rho_V/(kg/m^3)", "delta(LV)h/(kJ/kmol)", "cp/(kJ/kmol/K)"});
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const MeasuredPoint& set = points[i];
+        const std::string number = std::to_string(i + 1);
+        std::vector<std::string> row{set.skip == 0 ? number : "(" + number + ")"};
+        for (int c = 0; c < kMeasuredColumns; ++c)
+            row.push_back(cell_text(set, static_cast<MeasuredColumn>(c), units));
+        rows.push_back(std::move(row));
+    }
+    return aligned_columns(rows);
+}
+
+void insert_points(std::vector<MeasuredPoint>& points, int position,
+                   std::span<const MeasuredPoint> more) {
+    const std::size_t room = kMostMeasuredPoints - std::min(points.size(), kMostMeasuredPoints);
+    const std::span<const MeasuredPoint> taken = more.first(std::min(more.size(), room));
+    const auto at =
+        std::clamp<std::ptrdiff_t>(position - 1, 0, static_cast<std::ptrdiff_t>(points.size()));
+    points.insert(points.begin() + at, taken.begin(), taken.end());
+}
+
+void remove_points(std::vector<MeasuredPoint>& points, int first, int last) {
+    const Lines lines = in_table(points.size(), first, last);
+    points.erase(points.begin() + lines.first, points.begin() + lines.last);
+}
+
+void toggle_points(std::span<MeasuredPoint> points, int first, int last) {
+    const Lines lines = in_table(points.size(), first, last);
+    for (std::ptrdiff_t i = lines.first; i < lines.last; ++i) {
+        std::int16_t& skip = points[static_cast<std::size_t>(i)].skip;
+        skip = skip == 0 ? std::int16_t{-1} : std::int16_t{0};
+    }
+}
+
+void sort_points(std::span<MeasuredPoint> points, MeasuredColumn column) {
+    std::stable_sort(points.begin(), points.end(),
+                     [&](const MeasuredPoint& a, const MeasuredPoint& b) {
+                         return sort_key(a, column) < sort_key(b, column);
+                     });
+}
+
+double fit_column_value(const MeasuredPoint& set, int column) {
+    switch (column) {
+        case 1:
+            return set.p;
+        case 2:
+            return static_cast<double>(set.rhoL);
+        case 3:
+            return static_cast<double>(set.rhoV);
+        case 4:
+            return static_cast<double>(set.hLV);
+        case 5:
+            return static_cast<double>(set.cp);
+        default:
+            return 0;
+    }
+}
+
+}  // namespace quor::datafiles

@@ -1,0 +1,234 @@
+#include "datafiles/project_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "common/numbers.h"
+#include "common/text.h"
+#include "common/whole_file.h"
+#include "datafiles/cell_numbers.h"
+#include "datafiles/substance_file.h"
+#include "models/model_codes.h"
+
+namespace quor::datafiles {
+
+namespace {
+
+constexpr std::size_t kHeadLines = 4;
+constexpr std::size_t kItems = 28;
+constexpr double kAny = 1e30;    ///< bound of values that have no range of their own
+constexpr double kTiny = 1e-30;  ///< lowest factor
+
+template <class T>
+using Member = std::optional<T> ProjectSettings::*;
+
+/// A truth value that is written as a 16-bit number, 0 or -1.
+struct Flag16 {
+    Member<bool> flag;
+};
+
+using Setting =
+    std::variant<Member<double>, Member<float>, Member<std::int16_t>, Member<bool>, Flag16,
+                 Member<char>, Member<models::Eos>, Member<models::VapourPressureEquation>,
+                 Member<models::VaporisationModel>, Member<models::CpForm>>;
+
+// The numbers under which a project knows the models. Index 0 leaves the vapour pressure equation
+// to the sets of the substance.
+std::optional<models::Eos> of_code(int code, models::Eos) {
+    return models::eos_of_code(code);
+}
+std::optional<models::VapourPressureEquation> of_code(int code, models::VapourPressureEquation) {
+    return code == 0 ? std::nullopt : models::vapour_pressure_of_code(code);
+}
+std::optional<models::VaporisationModel> of_code(int code, models::VaporisationModel) {
+    return models::vaporisation_of_code(code);
+}
+std::optional<models::CpForm> of_code(int code, models::CpForm) {
+    return models::cp_form_of_code(code);
+}
+
+struct Item {
+    Setting setting;
+    double lowest = 0, highest = 0;  ///< range of a number
+};
+
+using P = ProjectSettings;
+
+const std::array<Item, kItems>& items() {
+    static const std::array<Item, kItems> list{{
+        {&P::diagramT, 0, kAny},             // 5
+        {&P::diagramP, 0, kAny},             // 6
+        {&P::diagramV, 0, kAny},             // 7
+        {&P::caloricFactor, kTiny, kAny},    // 8
+        {&P::unitMode, 0, 2},                // 9
+        {&P::caloricUnit, 0, 3},             // 10
+        {&P::curveRealRangeOnly},            // 11
+        {&P::pointsPerCurve, 50, 800},       // 12
+        {&P::csvSeparator},                  // 13
+        {&P::vapourPressure, -1, 16},        // 14
+        {&P::eos, -1, 16},                   // 15
+        {&P::cpForm, -1, 16},                // 16
+        {&P::vaporisation, -1, 16},          // 17
+        {&P::watsonN, -kAny, kAny},          // 18
+        {&P::priorityCEOS},                  // 19
+        {&P::referenceMode, 0, 10},          // 20
+        {&P::href, -kAny, kAny},             // 21
+        {&P::sref, -kAny, kAny},             // 22
+        {&P::T0, 0, kAny},                   // 23
+        {&P::p0, 0, kAny},                   // 24
+        {&P::Tenv, 0, kAny},                 // 25
+        {&P::penv, 0, kAny},                 // 26
+        {Flag16{&P::batchMode}},             // 27
+        {Flag16{&P::curveSWithoutTieLine}},  // 28
+        {Flag16{&P::partialGasCurve}},       // 29
+        {&P::tankV, 0, kAny},                // 30
+        {&P::tankM, 0, kAny},                // 31
+        {&P::tankT, 0, kAny},                // 32
+    }};
+    return list;
+}
+
+struct Shown {
+    std::string operator()(double value) const { return exact(value); }
+    std::string operator()(float value) const { return exact(value); }
+    std::string operator()(std::int16_t value) const { return std::to_string(value); }
+    std::string operator()(bool value) const { return value ? "#TRUE#" : "#FALSE#"; }
+    std::string operator()(char value) const { return {'"', value, '"'}; }
+    template <class Model>
+    std::string operator()(Model value) const {
+        return std::to_string(models::code_of(value));
+    }
+};
+
+struct Write {
+    const ProjectSettings& settings;
+
+    template <class T>
+    std::string operator()(Member<T> member) const {
+        const std::optional<T>& value = settings.*member;
+        return value ? Shown{}(*value) : std::string();
+    }
+    std::string operator()(const Flag16& value) const {
+        const std::optional<bool>& flag = settings.*value.flag;
+        return !flag ? "" : *flag ? "-1" : "0";
+    }
+};
+
+struct Read {
+    ProjectSettings& settings;
+    std::string line;  ///< trimmed
+    double lowest, highest;
+
+    std::optional<double> number() const {
+        const std::optional<double> value = parse_number(numbers::comma_to_point(line));
+        return value && *value >= lowest && *value <= highest ? value : std::nullopt;
+    }
+    std::optional<bool> truth() const {
+        const std::string word = text::to_upper(line);
+        if (word == "#TRUE#") return true;
+        if (word == "#FALSE#") return false;
+        const std::optional<double> value = parse_number(line);
+        return value ? std::optional(*value != 0) : std::nullopt;
+    }
+
+    void operator()(Member<double> member) const { settings.*member = number(); }
+    void operator()(Member<float> member) const {
+        if (const auto value = number()) settings.*member = static_cast<float>(*value);
+    }
+    void operator()(Member<std::int16_t> member) const {
+        if (const auto value = number()) settings.*member = numbers::to_int16(*value);
+    }
+    template <class Model>
+    void operator()(Member<Model> member) const {
+        if (const auto value = number())
+            settings.*member = of_code(numbers::to_int16(*value), Model{});
+    }
+    void operator()(Member<bool> member) const { settings.*member = truth(); }
+    void operator()(const Flag16& value) const { settings.*value.flag = truth(); }
+    void operator()(Member<char> member) const {
+        const bool quoted = line.size() == 3 && line.front() == '"' && line.back() == '"';
+        if (quoted) settings.*member = line[1];
+    }
+};
+
+/// The lines of a project. A last line that is cut short does not count, for "29" may be the rest
+/// of "298.15"; a file that ends with its last item needs no line end there.
+std::vector<std::string> whole_lines(const std::string& ansiText) {
+    std::vector<std::string> lines = text::Lines(text::from_ansi(ansiText));
+    const bool open = !ansiText.empty() && ansiText.back() != '\n' && ansiText.back() != '\r';
+    if (open && lines.size() != kHeadLines + kItems) lines.pop_back();
+    return lines;
+}
+
+bool is_plain(const std::string& line) {
+    return std::none_of(line.begin(), line.end(),
+                        [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+}
+
+bool is_head(const ProjectContent& content) {
+    return !content.database.empty() && is_plain(content.database) && is_plain(content.casrn) &&
+           text::Length(text::trim_right(content.casrn)) <= kCasrnLength;
+}
+
+void read_items(std::span<const std::string> lines, ProjectSettings& settings) {
+    const std::size_t count = std::min(lines.size(), kItems);
+    for (std::size_t i = 0; i < count; ++i) {
+        const Item& item = items()[i];
+        // The separator may be a tab: only the blanks round its quotes go.
+        std::visit(Read{settings, text::trim(lines[i]), item.lowest, item.highest}, item.setting);
+    }
+}
+
+/// The value of a line like "b0=0.5" behind the items.
+std::optional<double> labelled(std::span<const std::string> lines, std::string_view label) {
+    for (const std::string& line : lines) {
+        const std::string trimmed = text::trim(line);
+        if (!trimmed.starts_with(label)) continue;
+        const std::optional<double> value =
+            parse_number(numbers::comma_to_point(trimmed.substr(label.size())));
+        if (value && std::fabs(*value) <= kAny) return value;
+    }
+    return std::nullopt;
+}
+
+/// The equation, when all of its coefficients are there.
+std::optional<models::ManualVirial> read_virial(std::span<const std::string> lines) {
+    const std::optional<double> b0 = labelled(lines, "b0="), b1 = labelled(lines, "b1="),
+                                b2 = labelled(lines, "b2=");
+    if (!b0 || !b1 || !b2) return std::nullopt;
+    return models::ManualVirial{*b0, *b1, *b2};
+}
+
+}  // namespace
+
+Result<ProjectContent> read_project(const std::string& ansiText, const std::string& title) {
+    const Failure none{"The file " + title + " is no project file."};
+    const std::vector<std::string> lines = whole_lines(ansiText);
+    if (lines.size() < kHeadLines) return none;
+    ProjectContent content{
+        .date = lines[0], .comment = lines[1], .database = text::trim(lines[2]), .casrn = lines[3]};
+    if (!is_head(content)) return none;
+    const auto rest = std::span(lines).subspan(kHeadLines);
+    read_items(rest, content.settings);
+    if (rest.size() > kItems) content.manualVirial = read_virial(rest.subspan(kItems));
+    return content;
+}
+
+std::string project_text(const ProjectContent& content) {
+    std::string all =
+        files::ansi_lines({content.date, files::one_line(content.comment), content.database,
+                           text::pad_right(content.casrn, kCasrnLength)});
+    for (const Item& item : items())
+        all += std::visit(Write{content.settings}, item.setting) + "\r\n";
+    if (const auto& virial = content.manualVirial)
+        all += "b0=" + exact(virial->b0) + "\r\nb1=" + exact(virial->b1) +
+               "\r\nb2=" + exact(virial->b2) + "\r\n";
+    return all;
+}
+
+}  // namespace quor::datafiles

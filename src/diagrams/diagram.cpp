@@ -1,0 +1,225 @@
+#include "diagrams/diagram.h"
+
+#include <algorithm>
+#include <array>
+
+#include "common/numbers.h"
+#include "common/text.h"
+#include "diagrams/database_functions.h"
+#include "models/model_tables.h"
+
+namespace quor::diagrams {
+
+namespace {
+
+using Texts = std::array<std::string_view, 4>;  // by CaloricUnit
+
+using models::CaloricUnit;
+using models::UnitSystem;
+
+/// Texts of the axes that do not follow the volume unit, in the order of `Axis`. The doubled
+/// brackets are part of the wording.
+constexpr Texts same(std::string_view text) {
+    return {text, text, text, text};
+}
+
+constexpr std::array kAxisTexts = {
+    same(""),
+    same("T / K"),
+    same("p / kPa"),
+    same(""),  // v, by UnitMode
+    same("rho / (kg/m^3)"),
+    same(""),  // pv, by UnitMode
+    same("1/T / (1/K) "),
+    same("1/T / (1/K)"),
+    same("ln(p/kPa) "),
+    same("dln(p/kPa) / d(1/T) "),
+    same("delta / (K/kPa)"),
+    Texts{"h / (kJ/kmol) ", "h / K", "h / (R T)", "h / (kJ/kg) "},
+    Texts{"h / (kJ/kmol) ", "h / K ", "h / (R T) ", "h / (kJ/kg) "},
+    Texts{"s / (kJ/kmol/K) ", "s / R ", "s / (1/K) ", "s / (kJ/kg/K)) "},
+    Texts{"g / (kJ/kmol) ", "g / K", "g / (R T)", "g / (kJ/kg) "},
+    Texts{"a / (kJ/kmol) ", "a / K", "a / (R T)", "a / (kJ/kg) "},
+    Texts{"u / (kJ/kmol) ", "u / K", "u / (R T)", "u / (kJ/kg) "},
+    Texts{"e / (kJ/kmol) ", "e / K", "e / (R T)", "e / (kJ/kg) "},
+    Texts{"e / (kJ/kmol) ", "e / K", "e / (R T)", "e / (kJ/kg) "},
+    Texts{"cp / (kJ/kmol/K) ", "cp / R ", "cp / (1/K) ", "cp / (kJ/kg/K)) "},
+    Texts{"cp / (kJ/kmol/K) ", "cp / R ", "cp / (1/K) ", "cp / (kJ/kg/K) "},
+    Texts{"cV / (kJ/kmol/K) ", "cV / R ", "cV / (1/K) ", "cV / (kJ/kg/K)) "},
+    Texts{"cV / (kJ/kmol/K) ", "cp / R ", "cV / (1/K) ", "cV / (kJ/kg/K)) "},
+    Texts{"delta(LV)h / (kJ/kmol) ", "delta(LV)h / K", "delta(LV)h / (R T)",
+          "delta(LV)h / (kJ/kg) "},
+    Texts{"delta s / (kJ/kmol/K) ", "delta s / R ", "delta s / (1/K) ", "delta s / (kJ/kg/K)) "},
+    Texts{"delta h / (kJ/kmol) ", "delta h / K", "delta h / (R T)", "delta h / (kJ/kg) "},
+    Texts{"delta g / (kJ/kmol) ", "delta g / K", "delta g / (R T)", "delta g / (kJ/kg) "},
+    Texts{"delta cp / (kJ/kmol/K) ", "delta cp / R ", "delta cp / (1/K) ",
+          "delta cp /(kJ/ (kg K)) "},
+    Texts{"(T(u) * s) / (kJ/kmol) ", "(T(surr) * s) / K ", "(T(surr) *s) / (R T) ",
+          "T(surr) * s / (kJ/kg) "},
+};
+static_assert(kAxisTexts.size() == static_cast<std::size_t>(Axis::Tenvs) + 1);
+
+constexpr std::array<std::string_view, 3> kVolumeTexts = {"v / (m^3/kmol)", "v / (m^3/kg)",
+                                                          "V(red)"};
+constexpr std::array<std::string_view, 3> kPvTexts = {"pv / (kPa*m^3/kmol)", "pv / (kPa*m^3/kg)",
+                                                      "p(red) * v(red)"};
+
+/// The text that takes the place of that of an axis in reduced units.
+std::string_view reduced_text(Axis axis) {
+    switch (axis) {
+        case Axis::T:
+            return "T / T(cr)";
+        case Axis::p:
+            return "p / p(cr)";
+        case Axis::inverseT:
+        case Axis::inverseTSlope:
+            return "1 / T(red)";
+        case Axis::lnp:
+            return "ln (p/p(cr))";
+        default:
+            return {};
+    }
+}
+
+std::string eos_name(const models::Fluid& fluid) {
+    return text::trim(models::EOSName(fluid.models().EOSModel));
+}
+
+std::string vapour_pressure_name(const models::Fluid& fluid) {
+    return text::trim(models::vp_name(fluid.models().VPModel));
+}
+
+/// A diagram by priority draws the equilibrium of the EOS only where the EOS has priority and has
+/// one.
+bool vapour_pressure_by_eos(const models::Fluid& fluid) {
+    return fluid.models().PriorityCEOS && !fluid.models().EOSOnlyV;
+}
+
+bool is_specific(const Basis& basis) {
+    return basis.units.choice.caloric == CaloricUnit::specific;
+}
+
+std::string title_of(const Diagram& row, const Basis& basis) {
+    std::string title(row.title);
+    if (row.source == Source::priority)
+        return vapour_pressure_by_eos(basis.fluid)
+                   ? title + eos_name(basis.fluid)
+                   : "Vapour pressure equation " + vapour_pressure_name(basis.fluid);
+    if (row.database == DatabaseFunction::volumeLiquid && is_specific(basis))
+        title = "specific" + title.substr(std::string_view("molar").size());
+    if (row.database == DatabaseFunction::vapourPressure)
+        title += text::trim(models::vp_name(row.equation));
+    if (row.prefixed) title.insert(0, is_specific(basis) ? "specific " : "molar ");
+    return title;
+}
+
+std::string validity_text(const Diagram& row, const Basis& basis, const Validity& validity) {
+    std::string text(row.suffix);
+    if (row.database == DatabaseFunction::cpIdealGas)
+        text += basis.fluid.models().CpModel == models::CpForm::sinhCosh ? "sinh/cosh function)"
+                                                                         : "Polynom)";
+    const bool saidBySuffix = row.database == DatabaseFunction::densityLiquid ||
+                              row.database == DatabaseFunction::volumeLiquid;
+    if (!saidBySuffix) text += ", validity T = ";
+    return text + numbers::General(static_cast<float>(validity.low)) + " ..." +
+           numbers::General(static_cast<float>(validity.high)) + " K";
+}
+
+std::string sub_title_of(const Diagram& row, const Basis& basis, const Validity& validity) {
+    const std::string& name = basis.fluid.substance().Name;
+    switch (row.subTitle) {
+        case SubTitle::database:
+            return name + validity_text(row, basis, validity);
+        case SubTitle::vaporisation:
+            return name + ",  " + text::trim(models::hlv_name(basis.fluid.models().HLVModel));
+        case SubTitle::vapourPressure:
+            if (!vapour_pressure_by_eos(basis.fluid))
+                return name + ",  vapour press. equ. " + vapour_pressure_name(basis.fluid);
+            break;
+        case SubTitle::model:
+            break;
+    }
+    return name + ",  " + model_name(row, basis.fluid) + std::string(row.suffix);
+}
+
+/// The volume of the database equation is molar or specific, never reduced.
+std::string_view axis_text_of(const Diagram& row, Axis axis, const models::UnitChoice& units) {
+    if (row.database == DatabaseFunction::volumeLiquid && axis == Axis::v)
+        return kVolumeTexts[liquid_volume_is_specific(units) ? 1 : 0];
+    const bool reduced = units.system == UnitSystem::reduced &&
+                         (row.reduced == ReducedAxes::both ||
+                          row.reduced == (axis == row.x ? ReducedAxes::x : ReducedAxes::y));
+    if (const std::string_view text = reduced_text(axis); reduced && !text.empty()) return text;
+    return axis_text(axis, units);
+}
+
+/// The functions of the database and the slope of the vapour pressure are no states of the fluid.
+bool is_state_quantity(Axis axis) {
+    return axis != Axis::none && axis != Axis::inverseTSlope && axis != Axis::dlnp &&
+           axis != Axis::deltaLVh;
+}
+
+bool is_caloric(Axis axis) {
+    return axis >= Axis::jouleThomson;
+}
+
+}  // namespace
+
+bool shows_states(const Diagram& diagram) {
+    return diagram.xLimits.low != nullptr && is_state_quantity(diagram.x) &&
+           is_state_quantity(diagram.y);
+}
+
+bool shows_caloric_values(const Diagram& diagram) {
+    return is_caloric(diagram.x) || is_caloric(diagram.y);
+}
+
+bool shows(const Diagram& diagram, Axis quantity) {
+    return diagram.x == quantity || diagram.y == quantity;
+}
+
+std::string_view axis_text(Axis axis, const models::UnitChoice& units) {
+    const auto system = static_cast<std::size_t>(units.system);
+    if (axis == Axis::v) return kVolumeTexts[system];
+    if (axis == Axis::pv) return kPvTexts[system];
+    return kAxisTexts[static_cast<std::size_t>(axis)][static_cast<std::size_t>(units.caloric)];
+}
+
+std::string model_name(const Diagram& diagram, const models::Fluid& fluid) {
+    const bool correlation = diagram.source == Source::vapourPressure ||
+                             (diagram.source == Source::priority && !vapour_pressure_by_eos(fluid));
+    return correlation ? vapour_pressure_name(fluid) : eos_name(fluid);
+}
+
+DiagramTexts texts_of(const Diagram& diagram, const Basis& basis, const Validity& validity) {
+    const models::UnitChoice& units = basis.units.choice;
+    return {title_of(diagram, basis), sub_title_of(diagram, basis, validity),
+            std::string(axis_text_of(diagram, diagram.x, units)),
+            std::string(axis_text_of(diagram, diagram.y, units))};
+}
+
+OpeningAnswer opening_answer(const Diagram& diagram, const models::Fluid& fluid) {
+    if (diagram.needsCpForm && fluid.models().CpModel == models::CpForm::none)
+        return {false, "No cp(idGas) parameters available"};
+    if (diagram.section == Section::database && !has_database_function(diagram, fluid))
+        return {false, "No parameters for this function in the database"};
+    if (diagram.section != Section::projection || !fluid.models().EOSOnlyV) return {};
+
+    // What a correlation gives is drawn all the same, and said.
+    const std::string refusal =
+        "Phase equlilibria calculations are possible by using a cubic EOS only";
+    const std::string instead = "\nCurve according to the actual ";
+    switch (diagram.withoutDome) {
+        case WithoutDome::drawn:
+            return {};
+        case WithoutDome::byVapourPressure:
+            return {true, refusal + instead + "vapour pressure equation"};
+        case WithoutDome::byVaporisation:
+            return {true, refusal + instead + "model of the enthalpy of vaporization"};
+        case WithoutDome::refused:
+            break;
+    }
+    return {false, refusal};
+}
+
+}  // namespace quor::diagrams

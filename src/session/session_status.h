@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+/// What the session reports of itself: texts only, the frame shows them.
+namespace quor::session {
+
+struct Report {
+    std::string title;
+    std::string text;  ///< lines separated by '\n'
+};
+
+/// "Loaded are ...": database, substance, models and experimental data of the session.
+Report status_report();
+
+/// The constants of the active equation of state and its critical volume.
+Report parameter_report();
+
+/// Texts of the first three panels of the status bar; empty as long as there is nothing to name.
+struct StatusPanels {
+    std::string substance, eos, vapourPressure;
+};
+
+/// Substance and models. Of two models that both give p(LV) the one with priority is marked. The
+/// models stay empty without a complete choice.
+StatusPanels panel_texts(bool modelsComplete);
+
+}  // namespace quor::session

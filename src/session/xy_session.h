@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "datafiles/xy_file.h"
+
+/// The list of x-y points of the session: files with their questions. Failures are told.
+namespace quor::session {
+
+/// Asks for a file and takes its points and comment into the list. Gives the path, nothing on a
+/// cancel or a failure.
+std::optional<std::string> load_xy();
+/// The same for a known file.
+std::optional<std::string> load_xy(const std::string& name);
+
+/// Asks for a name and writes the active points of the list. False when nothing was written.
+bool save_xy();
+/// The same for any points.
+bool save_xy(const datafiles::XyData& data);
+/// Before the list is left: asks whether to save when it is `changed`. True when it may be left.
+bool may_leave_xy(bool changed);
+
+/// Asks for a name and writes the points of a curve. False when nothing was written.
+bool save_curve_as_xy(std::span<const datafiles::FitPoint> points);
+
+/// True when there are enough active points for a set of points or a curve; else it says so.
+bool enough_active_points(std::span<const datafiles::FitPoint> points, bool asPoints);
+
+}  // namespace quor::session

@@ -1,0 +1,78 @@
+#include "datafiles/project_file.h"
+
+using namespace quor;
+
+namespace {
+
+using datafiles::project_text;
+using datafiles::ProjectContent;
+using datafiles::read_project;
+using models::ManualVirial;
+
+constexpr std::size_t kTold = 32;  // lines that every reader knows
+
+ProjectContent manual_project() {
+    ProjectContent content{
+        .date = "15.11.2026", .comment = "c", .database = "A.Q05", .casrn = "74-98-6     "};
+    content.settings.diagramT = 300.5;
+    content.settings.eos = models::Eos::manualVirial;
+    content.settings.tankT = 280.0F;
+    content.manualVirial = ManualVirial{-0.275, 1.0 / 3.0, 1e-7};
+    return content;
+}
+
+std::size_t lines_of(const std::string& text) {
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+TEST(ProjectFile, CoefficientsOfTheManualVirialEquationComeBackExactly) {
+    const auto read = read_project(project_text(manual_project()), "P.QCF");
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->manualVirial, manual_project().manualVirial);
+    EXPECT_EQ(read->settings.eos, models::Eos::manualVirial);
+    EXPECT_EQ(read->settings.tankT, 280.0F);
+}
+
+TEST(ProjectFile, TheyStandBehindTheLinesThatEveryReaderKnows) {
+    ProjectContent without = manual_project();
+    without.manualVirial.reset();
+    const std::string text = project_text(manual_project());
+    EXPECT_EQ(lines_of(project_text(without)), kTold);
+    EXPECT_EQ(text.find(project_text(without)), 0U);
+    EXPECT_EQ(lines_of(text), kTold + 3);
+}
+
+TEST(ProjectFile, AnIncompleteOrCutEquationIsNone) {
+    const std::string text = project_text(manual_project());
+    const std::size_t told = text.find("b0=");
+    ASSERT_NE(told, std::string::npos);
+    for (std::size_t length = told; length < text.size() - 1; ++length) {
+        const auto read = read_project(text.substr(0, length), "P.QCF");
+        ASSERT_TRUE(read) << length;
+        EXPECT_EQ(read->manualVirial, std::nullopt) << length;
+        EXPECT_EQ(read->settings.tankT, 280.0F) << length;
+    }
+}
+
+TEST(ProjectFile, ASettingThatIsNotToldStaysOut) {
+    const auto read = read_project(project_text(manual_project()), "P.QCF");
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->settings.diagramT, 300.5);
+    EXPECT_EQ(read->settings.diagramP, std::nullopt);
+    EXPECT_EQ(read->settings.csvSeparator, std::nullopt);
+}
+
+TEST(ProjectFile, NumbersThatNoModelHasAreMissing) {
+    std::string text = project_text(manual_project());
+    // Item 15, the equation of state.
+    text.replace(text.find("\r\n10\r\n"), 6, "\r\n9\r\n");
+    const auto read = read_project(text, "P.QCF");
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->settings.eos, std::nullopt);
+}
+
+TEST(ProjectFile, AnotherFileIsRefusedByName) {
+    EXPECT_EQ(read_project("one line", "P.QCF").reason(), "The file P.QCF is no project file.");
+}
+
+}  // namespace

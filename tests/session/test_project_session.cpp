@@ -1,0 +1,483 @@
+#include "common/numbers.h"
+#include "legacy/current_fluid.h"
+#include "models/virial.h"
+#include "session/module2.h"
+#include "session/project_session.h"
+#include "session/substance_session.h"
+#include "support/codes.h"
+#include "support/database_builder.h"
+#include "support/session_test.h"
+
+using namespace quor;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using legacy::the_models;
+using legacy::the_reference;
+using legacy::the_session;
+using session::ProjectResult;
+
+/// The text of a project with settings of its own for every item.
+constexpr const char* kProject =
+    "15.11.2026\r\n"
+    "my comment\r\n"
+    "A.Q05\r\n"
+    "74-98-6     \r\n"
+    "310.25\r\n"   // 5 DiagramT
+    "1500.5\r\n"   // 6 DiagramP
+    "0.125\r\n"    // 7 DiagramV
+    "0.02\r\n"     // 8 CaloricFactor
+    "1\r\n"        // 9 UnitMode
+    "3\r\n"        // 10 CaloricUnit
+    "#FALSE#\r\n"  // 11 CurveRealRangeOnly
+    "450\r\n"      // 12 PointsPerCurve
+    "\",\"\r\n"    // 13 CsvSeparator
+    "3\r\n"        // 14 VPModel
+    "5\r\n"        // 15 EOSModel
+    "2\r\n"        // 16 CpModel
+    "4\r\n"        // 17 HLVModel
+    "0.375\r\n"    // 18 WatsonN
+    "#FALSE#\r\n"  // 19 PriorityCEOS
+    "10\r\n"       // 20 RefMode
+    "-100.5\r\n"   // 21 href
+    "2.5\r\n"      // 22 sref
+    "273.15\r\n"   // 23 T0
+    "100\r\n"      // 24 p0
+    "288.15\r\n"   // 25 Tenv
+    "95.5\r\n"     // 26 penv
+    "-1\r\n"       // 27 BatchMode
+    "-1\r\n"       // 28 CurveSWithoutTieLine
+    "-1\r\n"       // 29 PartialGasCurve
+    "2.5\r\n"      // 30 tank V
+    "12.5\r\n"     // 31 tank m
+    "299.5\r\n";   // 32 tank T
+
+class ProjectSession : public SessionTest {
+  protected:
+    ProjectSession() {
+        builder::WriteFile(folder() / "A.Q05", builder::Database({builder::Plain("Other", "1-1-1"),
+                                                                  builder::Propane()}));
+    }
+
+    void open_and_choose() {
+        session::load_database("A.Q05");
+        choose(2);
+    }
+    static void choose(std::int16_t index) {
+        (void)session::read_substance(index);
+        the_session.CurrentSubstance = index;
+    }
+    ProjectResult load(const std::string& text, const std::string& name = "P.QCF") {
+        builder::WriteFile(folder() / name, text);
+        return session::load_project((folder() / name).string());
+    }
+    static void expect_settings_of_the_project() {
+        EXPECT_EQ(the_session.DiagramT, 310.25);
+        EXPECT_EQ(the_session.DiagramP, 1500.5);
+        EXPECT_EQ(the_session.DiagramV, 0.125);
+        EXPECT_EQ(the_session.CaloricFactor, 0.02);
+        EXPECT_EQ(the_session.UnitMode, 1);
+        EXPECT_EQ(the_session.CaloricUnit, 3);
+        EXPECT_FALSE(the_session.CurveRealRangeOnly);
+        EXPECT_EQ(the_session.PointsPerCurve, 450);
+        EXPECT_EQ(the_session.CsvSeparator, ',');
+        EXPECT_EQ(models::code_of(the_models.VPModel), 3);
+        EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
+        EXPECT_EQ(models::code_of(the_models.CpModel), 2);
+        EXPECT_EQ(models::code_of(the_models.HLVModel), 4);
+        EXPECT_EQ(the_models.WatsonN, 0.375F);
+        EXPECT_FALSE(the_models.PriorityCEOS);
+        EXPECT_EQ(the_reference.RefMode, 10);
+        EXPECT_EQ(the_reference.href, -100.5);
+        EXPECT_EQ(the_reference.sref, 2.5);
+        EXPECT_EQ(the_reference.T0, 273.15F);
+        EXPECT_EQ(the_reference.p0, 100.0F);
+        EXPECT_EQ(the_reference.Tenv, 288.15);
+        EXPECT_EQ(the_reference.penv, 95.5);
+        EXPECT_TRUE(the_session.BatchMode);
+        EXPECT_TRUE(the_session.CurveSWithoutTieLine);
+        EXPECT_TRUE(the_session.PartialGasCurve);
+        EXPECT_EQ(the_session.tank.V, 2.5F);
+        EXPECT_EQ(the_session.tank.m, 12.5F);
+        EXPECT_EQ(the_session.tank.T, 299.5F);
+    }
+};
+
+TEST_F(ProjectSession, EveryItemIsRead) {
+    const ProjectResult result = load(kProject);
+    EXPECT_TRUE(result.loaded);
+    EXPECT_TRUE(result.substanceFound);
+    EXPECT_TRUE(result.modelsComplete);
+    EXPECT_FALSE(result.noCriticalData);
+    expect_settings_of_the_project();
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(the_session.ProjectComment, "my comment");
+    EXPECT_EQ(the_session.ProjectFile, "P.QCF");
+    EXPECT_EQ(the_session.FolderProject, (folder() / "").string());
+    EXPECT_TRUE(the_session.ProjectLoaded);
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(ProjectSession, WhatFollowsFromTheSettingsIsDerived) {
+    load(kProject);
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "FRO");
+    EXPECT_FALSE(the_models.EOSOnlyV);
+    EXPECT_GT(legacy::the_eosParameters.vcritCalc, 0.0);
+    EXPECT_NE(legacy::the_substance.KFW.a[0], 0.0F);
+    EXPECT_NE(legacy::the_substance.KFR.a[0], 0.0F);
+    EXPECT_NE(legacy::the_substance.THO.A, 0.0F);
+    EXPECT_EQ(the_session.VolumeLabel, "m^3/kg  ");
+    EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 1.0 / static_cast<double>(44.096F));
+}
+
+TEST_F(ProjectSession, SavingWritesTheItemsInTheirOrder) {
+    load(kProject);
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    user.inputAnswers.push_back("my comment");
+    EXPECT_TRUE(session::save_project(true));
+    EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
+    EXPECT_EQ(the_session.ProjectFile, "B.QCF");
+}
+
+TEST_F(ProjectSession, TheDecimalMarkOfTheLocaleDoesNotReachTheFile) {
+    load(kProject);
+    numbers::set_decimal_mark(',');
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    EXPECT_TRUE(session::save_project(true));
+    EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
+    session::reset_everything();
+    session::load_project((folder() / "B.QCF").string());
+    expect_settings_of_the_project();
+}
+
+TEST_F(ProjectSession, AFileWithDecimalCommasReadsTheSame) {
+    std::string text = kProject;
+    for (std::size_t i = text.find("310.25"); i < text.size(); ++i)
+        if (text[i] == '.') text[i] = ',';
+    load(text);
+    expect_settings_of_the_project();
+}
+
+TEST_F(ProjectSession, LineEndsOfOtherSystemsReadTheSame) {
+    std::string text;
+    for (const char c : std::string(kProject))
+        if (c != '\r') text += c;
+    load(text);
+    expect_settings_of_the_project();
+}
+
+TEST_F(ProjectSession, ValuesComeBackExactly) {
+    open_and_choose();
+    the_session.DiagramT = 1.0 / 3.0;
+    the_session.DiagramP = 123456789.123456789;
+    the_reference.href = -1e-7;
+    the_models.WatsonN = 0.1F;
+    the_session.CsvSeparator = '\t';
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    ASSERT_TRUE(session::save_project(true));
+    session::reset_everything();
+    EXPECT_TRUE(session::load_project((folder() / "B.QCF").string()).loaded);
+    EXPECT_EQ(the_session.DiagramT, 1.0 / 3.0);
+    EXPECT_EQ(the_session.DiagramP, 123456789.123456789);
+    EXPECT_EQ(the_reference.href, -1e-7);
+    EXPECT_EQ(the_models.WatsonN, 0.1F);
+    EXPECT_EQ(the_session.CsvSeparator, '\t');
+}
+
+TEST_F(ProjectSession, SavingAsksForNameAndComment) {
+    open_and_choose();
+    the_session.ProjectComment = "earlier";
+    the_session.ProjectFile = "OLD.QCF";
+    user.fileAnswers.push_back("B");
+    user.inputAnswers.push_back(std::nullopt);
+    EXPECT_TRUE(session::save_project(true));
+    ASSERT_EQ(user.files.size(), 1U);
+    EXPECT_TRUE(user.files[0].save);
+    EXPECT_EQ(user.files[0].title, "save actual project as ...");
+    EXPECT_EQ(user.files[0].filter, "Project (*.QCF)|*.QCF");
+    EXPECT_EQ(user.files[0].defaultExtension, ".QCF");
+    EXPECT_TRUE(user.files[0].overwritePrompt);
+    EXPECT_EQ(user.files[0].folder, (folder() / "").string());
+    ASSERT_EQ(user.inputs.size(), 1U);
+    EXPECT_EQ(user.inputs[0].title, " File comment (optional) ");
+    EXPECT_EQ(user.inputs[0].text, "Input text for comment\n<Cancel> = No Comment");
+    EXPECT_EQ(user.inputs[0].proposal, "earlier");
+    // A name without a folder goes to the project folder; a cancel of the comment means none.
+    const std::string text = builder::ReadFile(folder() / "B.QCF");
+    EXPECT_EQ(text.substr(0, 46), "15.11.2026\r\n\r\nA.Q05\r\n74-98-6     \r\n298.15\r\n0\r\n");
+}
+
+TEST_F(ProjectSession, CancellingTheDialogWritesNothing) {
+    open_and_choose();
+    user.fileAnswers.push_back(std::nullopt);
+    EXPECT_FALSE(session::save_project(true));
+    EXPECT_TRUE(user.inputs.empty());
+}
+
+TEST_F(ProjectSession, AFailedSaveIsToldAndLeavesTheOldFile) {
+    open_and_choose();
+    builder::WriteFile(folder() / "B.QCF", "old");
+    fs::permissions(folder() / "B.QCF", fs::perms::owner_read);
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    EXPECT_FALSE(session::save_project(true));
+    EXPECT_EQ(user.lastText(), "The file B.QCF could not be written (it is write-protected).");
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), "old");
+}
+
+TEST_F(ProjectSession, TheLastSessionIsSavedWithoutAQuestion) {
+    open_and_choose();
+    the_session.ProjectFile = "MINE.QCF";
+    the_models.EOSModel = codes::eos(6);
+    the_session.DiagramT = 345.5;
+    EXPECT_TRUE(session::save_project(false));
+    EXPECT_TRUE(user.files.empty());
+    EXPECT_TRUE(user.inputs.empty());
+    EXPECT_TRUE(fs::exists(the_session.LastSessionFile));
+    EXPECT_EQ(the_session.ProjectFile, "MINE.QCF");
+
+    session::reset_everything();
+    const ProjectResult result = session::load_last_session();
+    EXPECT_TRUE(result.modelsComplete);
+    EXPECT_EQ(the_session.DiagramT, 345.5);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 6);
+    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(the_session.ProjectFile, "");
+}
+
+TEST_F(ProjectSession, LoadingAsksForAFile) {
+    builder::WriteFile(folder() / "P.QCF", kProject);
+    user.fileAnswers.push_back("P.QCF");
+    EXPECT_TRUE(session::load_project().loaded);
+    EXPECT_EQ(user.files[0].title, "Load a project (*.QCF)");
+    EXPECT_FALSE(user.files[0].save);
+    expect_settings_of_the_project();
+}
+
+TEST_F(ProjectSession, ACancelOfLoadingChangesNothing) {
+    open_and_choose();
+    the_session.DiagramT = 111;
+    user.fileAnswers.push_back(std::nullopt);
+    EXPECT_FALSE(session::load_project().loaded);
+    EXPECT_EQ(the_session.DiagramT, 111.0);
+    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(ProjectSession, AMissingOrForeignFileIsToldAndChangesNothing) {
+    open_and_choose();
+    EXPECT_FALSE(session::load_project("MISSING.QCF").loaded);
+    EXPECT_EQ(user.lastText(), "The file MISSING.QCF was not found.");
+    for (const std::string text :
+         {"", "one line", "a\r\nb\r\nc\r\n", "a\r\nb\r\n\r\n74-98-6\r\n1\r\n",
+          "a\r\nb\r\nA.Q05\r\nthis line is no registry number\r\n1\r\n"}) {
+        EXPECT_FALSE(load(text).loaded) << text;
+        EXPECT_EQ(user.lastText(), "The file P.QCF is no project file.");
+        EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    }
+    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+}
+
+TEST_F(ProjectSession, AMissingDatabaseLeavesTheOpenOneInPlace) {
+    open_and_choose();
+    std::string text = kProject;
+    text.replace(text.find("A.Q05"), 5, "B.Q05");
+    const ProjectResult result = load(text);
+    EXPECT_TRUE(result.loaded);
+    EXPECT_TRUE(result.substanceFound);
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(),
+              "Database of the project B.Q05not found in the QUOR directory or empty resp.\n"
+              "The actual database A.Q05 is still activ.");
+    EXPECT_EQ(user.lastTitle(), "Hint");
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    expect_settings_of_the_project();
+}
+
+TEST_F(ProjectSession, WithoutAnyDatabaseTheLoadEnds) {
+    fs::remove(folder() / "A.Q05");
+    the_session.DiagramT = 111;
+    EXPECT_FALSE(load(kProject).loaded);
+    EXPECT_EQ(user.lastText(), "Database of the project A.Q05not found in the QUOR directory ");
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_EQ(the_session.DiagramT, 111.0);
+    EXPECT_FALSE(the_session.ProjectLoaded);
+}
+
+TEST_F(ProjectSession, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
+    open_and_choose();
+    std::string text = kProject;
+    text.replace(text.find("74-98-6"), 7, "99-99-9");
+    const ProjectResult result = load(text);
+    EXPECT_TRUE(result.loaded);
+    EXPECT_FALSE(result.substanceFound);
+    EXPECT_FALSE(result.modelsComplete);
+    EXPECT_EQ(the_session.CurrentSubstance, 0);
+    EXPECT_FALSE(the_session.SubstanceSet);
+    EXPECT_EQ(legacy::the_substance.Name, "");
+    EXPECT_EQ(the_session.DiagramT, 310.25);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
+    // Specific units need a molar mass.
+    EXPECT_EQ(the_session.UnitMode, 0);
+    EXPECT_EQ(the_session.VolumeLabel, "m^3/kmol");
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(ProjectSession, MissingCriticalDataAreTold) {
+    builder::Substance propane = builder::Propane();
+    propane.slots[7] = 0;
+    builder::WriteFile(folder() / "A.Q05", builder::Database({propane}));
+    const ProjectResult result = load(kProject);
+    EXPECT_TRUE(result.substanceFound);
+    EXPECT_TRUE(result.noCriticalData);
+    EXPECT_FALSE(result.modelsComplete);
+    EXPECT_EQ(user.lastText(),
+              "T(cr) and/or p(cr) not available in the database.\n"
+              "(lacking critical data can be completed by the user in data-base editor)\n"
+              "For Propane is no calculation possible!");
+    EXPECT_EQ(user.lastTitle(), "WARNING");
+}
+
+TEST_F(ProjectSession, AnEquationOfStateOfMinusOneReadsAsZero) {
+    std::string text = kProject;
+    text.replace(text.find("\r\n5\r\n2\r\n4"), 5, "\r\n-1\r\n");
+    load(text);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 0);
+    EXPECT_TRUE(the_models.EOSOnlyV);
+    EXPECT_FALSE(the_models.PriorityCEOS);
+    EXPECT_EQ(models::code_of(the_models.CpModel), 2);
+}
+
+TEST_F(ProjectSession, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
+    std::string text = kProject;
+    text.replace(text.find("\r\n3\r\n5\r\n2"), 5, "\r\n0\r\n");
+    load(text);
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
+    EXPECT_EQ(models::code_of(the_models.VPModel), 4);
+}
+
+TEST_F(ProjectSession, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
+    std::string text = kProject;
+    text.replace(text.find("310.25"), 6, "warm!!");
+    text.replace(text.find("450"), 3, "999");
+    text.replace(text.find("\",\""), 3, "\";;\"");
+    load(text);
+    EXPECT_EQ(the_session.DiagramT, 298.15);
+    EXPECT_EQ(the_session.PointsPerCurve, 300);
+    EXPECT_EQ(the_session.CsvSeparator, ';');
+    EXPECT_EQ(the_session.DiagramP, 1500.5);
+    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
+}
+
+TEST_F(ProjectSession, ATruncatedFileLeavesTheLaterSettings) {
+    const std::string text = kProject;
+    load(text.substr(0, text.find("450")));
+    EXPECT_EQ(the_session.DiagramT, 310.25);
+    EXPECT_EQ(the_session.CaloricUnit, 3);
+    EXPECT_FALSE(the_session.CurveRealRangeOnly);
+    EXPECT_EQ(the_session.PointsPerCurve, 300);
+    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
+    EXPECT_EQ(the_reference.RefMode, 1);
+    EXPECT_EQ(the_session.tank.T, 0.0F);
+}
+
+TEST_F(ProjectSession, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
+    const std::string text = kProject;
+    for (std::size_t length = 0; length <= text.size(); ++length) {
+        SCOPED_TRACE(length);
+        session::reset_everything();
+        load(text.substr(0, length));
+        const auto either = [](auto value, auto before, auto after) {
+            return value == before || value == after;
+        };
+        EXPECT_TRUE(either(the_session.DiagramT, 298.15, 310.25));
+        EXPECT_TRUE(either(the_session.DiagramP, 0.0, 1500.5));
+        EXPECT_TRUE(either(the_session.DiagramV, 0.0, 0.125));
+        EXPECT_TRUE(either(the_session.CaloricFactor, 1.0, 0.02));
+        EXPECT_TRUE(either(the_session.PointsPerCurve, 300, 450));
+        EXPECT_TRUE(either(the_session.CsvSeparator, ';', ','));
+        EXPECT_TRUE(either(the_reference.href, 0.0, -100.5));
+        EXPECT_TRUE(either(the_reference.T0, 298.15F, 273.15F));
+        EXPECT_TRUE(either(the_reference.p0, 101.325F, 100.0F));
+        EXPECT_TRUE(either(the_session.tank.m, 0.0F, 12.5F));
+        EXPECT_EQ(the_session.CurrentSubstance == 2, legacy::the_substance.Name == "Propane");
+    }
+}
+
+/// The told project with the manual virial equation.
+std::string manual_virial_project() {
+    std::string text = kProject;
+    text.replace(text.find("\r\n3\r\n5\r\n2"), 8, "\r\n3\r\n10\r\n");
+    return text;
+}
+
+TEST_F(ProjectSession, TheManualVirialEquationComesBackWithItsCoefficients) {
+    load(manual_virial_project() + "b0=-0.2\r\nb1=15\r\nb2=0.5\r\n");
+    ASSERT_EQ(the_models.EOSModel, models::Eos::manualVirial);
+    const auto B = [] { return models::virial(models::current_fluid(), 400).B; };
+    EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12) << "b0 - b1/T^b2";
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    ASSERT_TRUE(session::save_project(true));
+
+    session::reset_everything();
+    load(kProject);  // another equation in between
+    EXPECT_TRUE(session::load_project((folder() / "B.QCF").string()).modelsComplete);
+    EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12);
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(ProjectSession, AManualVirialEquationWithoutCoefficientsIsAskedForAnew) {
+    load(kProject);
+    ASSERT_NE(legacy::the_eosParameters.eosB0, 0.0);
+    const ProjectResult result = load(manual_virial_project());
+    EXPECT_TRUE(result.substanceFound);
+    EXPECT_FALSE(result.modelsComplete) << "the models have to be chosen";
+    EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.0) << "nothing of another equation stays";
+    EXPECT_EQ(user.lastText(),
+              "The project holds no coefficients b0, b1, b2 of its virial equation.\n"
+              "Choose the equation of state again.");
+}
+
+TEST_F(ProjectSession, AFileThatIsNoProjectIsRefusedBeforeAnythingChanges) {
+    open_and_choose();
+    builder::WriteFile(folder() / "X.QCF", "no project");
+    EXPECT_FALSE(session::may_load_project((folder() / "X.QCF").string()));
+    EXPECT_EQ(user.lastText(), "The file X.QCF is no project file.");
+    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    builder::WriteFile(folder() / "P.QCF", kProject);
+    EXPECT_TRUE(session::may_load_project((folder() / "P.QCF").string()));
+    EXPECT_EQ(the_session.CurrentSubstance, 2) << "only looked at";
+}
+
+TEST_F(ProjectSession, ADatabaseBesideTheProjectIsFound) {
+    fs::create_directories(folder() / "work");
+    fs::rename(folder() / "A.Q05", folder() / "work" / "A.Q05");
+    EXPECT_TRUE(load(kProject, "work/P.QCF").substanceFound);
+    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    EXPECT_TRUE(user.messages.empty());
+}
+
+TEST_F(ProjectSession, CommentsKeepTheirUmlautsAndStayOnOneLine) {
+    open_and_choose();
+    user.fileAnswers.push_back((folder() / "B.QCF").string());
+    user.inputAnswers.push_back("Kälte\r\nzwei");
+    session::save_project(true);
+    const std::string text = builder::ReadFile(folder() / "B.QCF");
+    EXPECT_NE(text.find("\r\nK\xE4lte  zwei\r\n"), std::string::npos);
+    session::load_project((folder() / "B.QCF").string());
+    EXPECT_EQ(the_session.ProjectComment, "Kälte  zwei");
+}
+
+TEST_F(ProjectSession, LoadingClosesWhatBelongedToTheSubstance) {
+    open_and_choose();
+    the_session.calculation.method.global = false;
+    load(kProject);
+    EXPECT_TRUE(the_session.calculation.method.global);
+}
+
+}  // namespace

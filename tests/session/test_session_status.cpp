@@ -1,0 +1,129 @@
+#include "session/session_status.h"
+#include "support/codes.h"
+#include "support/fluids.h"
+#include "support/session_test.h"
+
+using namespace quor;
+
+namespace {
+
+using legacy::the_session;
+
+class SessionStatus : public SessionTest {
+  protected:
+    void loadPropane() {
+        the_session.DatabaseFile = "STUDENT.Q05";
+        legacy::the_database = student();
+        the_session.CurrentSubstance = 45;
+        legacy::the_substance = fluids::ReferencePropane();
+        legacy::the_substance.Name = "Propane";
+        legacy::the_substance.Formula = "C3H8";
+        legacy::the_substance.CASRN = "74-98-6     ";
+        legacy::the_models.EOSModel = codes::eos(6);
+        legacy::the_models.VPModel = codes::vp(4);
+    }
+    /// A database of 96 substances.
+    static datafiles::Database student() {
+        std::vector<datafiles::DatabaseEntry> entries(96);
+        entries[0] = {.name = "Ethane", .casrn = "74-84-0     "};
+        entries[1] = {.name = "Propane;R-290", .casrn = "74-98-6     "};
+        return {"STUDENT.Q05", entries};
+    }
+    static std::string text() { return session::status_report().text; }
+};
+
+const std::string kHead = "... database STUDENT.Q05\n  with 96 substance(s)\n";
+const std::string kFoot = "\n(for more parameters loaded see \"Options\")";
+
+TEST_F(SessionStatus, WithoutADatabaseThatIsAll) {
+    EXPECT_EQ(session::status_report().title, " loaded ...");
+    EXPECT_EQ(text(), "... not yet a database");
+}
+
+TEST_F(SessionStatus, ADatabaseWithoutASubstance) {
+    the_session.DatabaseFile = "STUDENT.Q05";
+    legacy::the_database = student();
+    EXPECT_EQ(text(), kHead + "... no substance\n... exper. T-p-rho-HLV-cp data: none" + kFoot);
+}
+
+TEST_F(SessionStatus, ASubstanceComesWithItsModels) {
+    loadPropane();
+    EXPECT_EQ(text(), kHead +
+                          "... substance: C3H8  74-98-6  Propane (#45)\n"
+                          "    CEOS Peng / Robinson (Priority!),  Vapour press. equ.: Wagner\n"
+                          "... exper. T-p-rho-HLV-cp data: none" +
+                          kFoot);
+    legacy::the_models.EOSModel = codes::eos(-1);
+    EXPECT_NE(text().find("Propane (#45)\n    no models\n"), std::string::npos);
+}
+
+TEST_F(SessionStatus, DataThatAreNotYetSaved) {
+    loadPropane();
+    the_session.BatchCount = 1;
+    EXPECT_NE(text().find("\n    1 set of data available,\nnot yet saved.\n"), std::string::npos);
+    the_session.BatchCount = 12;
+    EXPECT_NE(text().find("\n    12 sets of data available,\nnot yet saved.\n"), std::string::npos);
+}
+
+TEST_F(SessionStatus, DataOfAFileNameTheirSource) {
+    loadPropane();
+    the_session.BatchCount = 12;
+    the_session.BatchFile = "/data/own/propane.BAQ";
+    EXPECT_NE(text().find("\n... batch filepropane.BAQ\n  from /data/own/\n"
+                          "  with 12 sets of data\n(for more"),
+              std::string::npos);
+    the_session.BatchFile = "propane.BAQ";
+    the_session.FolderBatch = "x";
+    EXPECT_EQ(text().find("  from "), std::string::npos) << "a source of two characters is none";
+
+    the_session.BatchCasrn = "74-98-6";
+    the_session.BatchComment = " own measurements";
+    EXPECT_NE(text().find("\n    substance: Propane\n    file comment own measurements\n"),
+              std::string::npos);
+}
+
+TEST_F(SessionStatus, PanelsMarkTheModelWithPriority) {
+    loadPropane();
+    session::StatusPanels panels = session::panel_texts(true);
+    EXPECT_EQ(panels.substance, "Propane");
+    EXPECT_EQ(panels.eos, "CEOS Peng / Robinson (Priority!)");
+    EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
+    legacy::the_models.PriorityCEOS = false;
+    panels = session::panel_texts(true);
+    EXPECT_EQ(panels.eos, "CEOS Peng / Robinson");
+    EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner (Priority!)");
+    legacy::the_models.EOSModel = codes::eos(16);
+    legacy::the_models.EOSOnlyV = true;
+    panels = session::panel_texts(true);
+    EXPECT_EQ(panels.eos, "VIRIAL Equ. Pitzer / Curl");
+    EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
+    panels = session::panel_texts(false);
+    EXPECT_EQ(panels.substance, "Propane");
+    EXPECT_EQ(panels.eos, "");
+    EXPECT_EQ(panels.vapourPressure, "");
+}
+
+TEST_F(SessionStatus, ParametersOfTheIdealGasAndOfPitzerCurlAreOneSentence) {
+    legacy::the_models.EOSModel = codes::eos(0);
+    EXPECT_EQ(session::parameter_report().text, "Selected: Ideal gas equation");
+    legacy::the_models.EOSModel = codes::eos(16);
+    EXPECT_EQ(session::parameter_report().text,
+              "Parameters of PITZER/CURL equation \ncf. Help in the window \"Models\"");
+}
+
+TEST_F(SessionStatus, ParametersAreListedWithTheCriticalVolume) {
+    legacy::the_models.EOSModel = codes::eos(4);
+    legacy::the_eosParameters = {
+        .eosA0 = 1.5, .eosB0 = 0.025, .eosC0 = 0, .eosD0 = 0.25, .eosNA = -0.5};
+    legacy::the_eosParameters.vcritCalc = 0.25;
+    legacy::the_eosParameters.rhocritCalc = 176;
+    const session::Report report = session::parameter_report();
+    EXPECT_EQ(report.title, " Parameters of the EOS ");
+    EXPECT_EQ(report.text,
+              "Parameter for CEOS Redlich / Kwong\n\n"
+              "a0 = 1.5\na1 = -0.5\nb0 = 0.025\nb1 = 0\nc0 = 0\nc1 = 0\nd0 = 0.25\nd1 = 0\n\n"
+              "Critical volume calculated  by using T(cr) and p(cr):\n"
+              "         v(cr)/m^3/kmol = 0.25\n(rho(cr)/kg/m^3 = 176)");
+}
+
+}  // namespace
