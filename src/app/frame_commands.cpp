@@ -130,7 +130,7 @@ void showInformation() {
                       "\nFolder of your files: " + legacy::the_places.write_folder().string() +
                       "\n\nDatabase: " + name_or_none(the_session.DatabaseFile) +
                       "\nProject: " + name_or_none(the_session.ProjectFile) + "\nProtocol file: " +
-                      name_or_none(the_session.ProtocolFile) + "\n\nQt " + std::string(qVersion()),
+                      name_or_none(legacy::the_protocol.file) + "\n\nQt " + std::string(qVersion()),
                   "Information", dialogs::Icon::Information);
 }
 

@@ -21,7 +21,6 @@
 #include "app/menu_commands.h"
 #include "app/tip_dialog.h"
 #include "app/work_area.h"
-#include "calculation/start_calculation.h"
 #include "gui/widgets/follows_session.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
@@ -29,6 +28,7 @@
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
 #include "session/actions.h"
+#include "session/calculations.h"
 #include "session/commands.h"
 #include "session/module2.h"
 #include "session/project_hooks.h"
@@ -161,7 +161,7 @@ void MainWindow::menuOpens(const QString& menuName) {
         gui::shell::closeViews(gui::shell::inputViews());
         menu::open_data_menu();
     } else if (menuName == "mnuCalcMain") {
-        calculation::prepare_calculation_menu();
+        session::prepare_calculation_menu(legacy::the_calculationViews);
     }
     refresh();
 }

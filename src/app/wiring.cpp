@@ -4,7 +4,6 @@
 
 #include "app/help_viewer.h"
 #include "app/main_window.h"
-#include "calculation/protocol.h"
 #include "gui/calculation/calculation_views.h"
 #include "gui/data/editor_views.h"
 #include "gui/data/measured_data_editor.h"
@@ -16,6 +15,7 @@
 #include "gui/widgets/settings.h"
 #include "gui/widgets/shell.h"
 #include "session/actions.h"
+#include "session/calculations.h"
 #include "session/commands.h"
 #include "session/project_hooks.h"
 #include "session/project_session.h"
@@ -55,7 +55,7 @@ void connect_projects() {
 
 void connect_shutdown() {
     session::ShutdownHooks& hooks = session::shutdown_hooks();
-    hooks.writeProtocol = calculation::close_protocol;
+    hooks.writeProtocol = session::close_protocol;
     hooks.saveLastSession = [](const std::string&) { session::save_project(false); };
 }
 

@@ -1,33 +1,32 @@
 #include "calculation/tank.h"
-#include "legacy/wrappers.h"
 
-#include <algorithm>
-#include <cmath>
-
+#include "calculation/work.h"
 #include "common/constants.h"
-#include "common/dialogs.h"
 #include "common/faults.h"
 #include "common/numbers.h"
+#include "models/cubic_eos.h"
 #include "models/density.h"
 #include "models/vapour_pressure.h"
 
 namespace quor::calculation {
 
 using constants::kPresent;
-using legacy::the_session;
 
 namespace {
 
-constexpr std::int16_t kPartialTankMode = 10;
-
-/// L density at T for the partial tank, 0 when the session has no source for it.
-double liquid_density(const Job& job, double rhoV) {
-    const models::SubstanceRecord& s = legacy::the_substance;
-    if (!the_session.LiquidByBenson)
-        return models::density_l(static_cast<float>(job.T), job.call.Interactive).rho;
-    if (!the_session.BensonReferenceValid) return 0.0;
+/// L density at T for the partial tank, 0 when there is no source for it.
+double liquid_density(Work& work, double rhoV) {
+    const models::SubstanceRecord& s = work.substance();
+    const Method& method = work.request.method;
+    if (!method.liquidByBenson) {
+        const models::DensityResult r =
+            models::density_liquid(s, static_cast<float>(work.answer.T));
+        note_range(work, Note::Kind::densityRange, r.deviation);
+        return r.rho;
+    }
+    if (!models::is_known(method.reference)) return 0.0;
     return faults::finite(
-        models::density_l_benson(job.T, s.Tcrit, s.rhocrit, rhoV, the_session.BensonReference));
+        models::density_l_benson(work.answer.T, s.Tcrit, s.rhocrit, rhoV, method.reference));
 }
 
 }  // namespace
@@ -45,140 +44,68 @@ TankContent divide_tank(double V, double m, double rhoL, double rhoV) {
     return c;
 }
 
-bool fetch_tank(Job& job) {
-    const calculation::Tank& tank = the_session.tank;
+bool fetch_tank(Work& work) {
+    const Tank& tank = work.request.tank;
     const auto V = static_cast<double>(tank.V);
     const auto m = static_cast<double>(tank.m);
     const auto T = static_cast<double>(tank.T);
-    if (!(V * m * T > kPresent)) {
-        job.leave = true;
-        return false;
-    }
-    const models::SubstanceRecord& s = legacy::the_substance;
-    if (job.mode() == kPartialTankMode && T >= s.Tcrit) {
-        dialogs::tell(
-            "\"Partial Calculation\" - usable only for phase equilibria (T < T(cr))\n"
-            "(T(cr)/K =" +
-                numbers::General(s.Tcrit) + ")",
-            "Execution not possible");
-        job.call.Text = "EXIT";
-        job.leave = true;
-        return false;
-    }
-    if (T < static_cast<double>(s.Ttriple) && !job.call.Interactive && !legacy::the_models.EOSOnlyV)
-        dialogs::tell("T < T(TP) (Triple Point)", "WARNING");
-    job.T = T;
-    store_fu(job, 0, T);
-    job.input = {};
-    job.input.T = T;
-    job.input.rhoV = numbers::to_single(m / V);
+    if (!(V * m * T > kPresent)) return fail(work, Reason::noTank);
+    const models::SubstanceRecord& s = work.substance();
+    if (work.request.task == Task::partialTank && T >= s.Tcrit)
+        return fail(work, Reason::tankAboveCritical);
+    if (T < static_cast<double>(s.Ttriple) && !work.models().EOSOnlyV)
+        work.answer.notes.push_back({.kind = Note::Kind::tankBelowTriplePoint});
+    work.answer.T = T;
+    work.given = {};
+    work.given.T = T;
+    work.given.rhoV = numbers::to_single(m / V);
     return true;
 }
 
-bool PartialTank(Job& job) {
-    const auto V = static_cast<double>(the_session.tank.V);
-    const auto m = static_cast<double>(the_session.tank.m);
+TankContent content_of_tank(const Work& work) {
+    const Answer& a = work.answer;
+    const auto V = static_cast<double>(work.request.tank.V);
+    const auto m = static_cast<double>(work.request.tank.m);
+    if (a.twoPhase) return divide_tank(V, m, a.phases.liquid->rho, a.phases.vapour->rho);
+    return a.y > 0 ? divide_tank(V, m, 0.0, m / V) : divide_tank(V, m, m / V, 0.0);
+}
+
+bool partial_tank(Work& work) {
+    Answer& a = work.answer;
+    const auto V = static_cast<double>(work.request.tank.V);
+    const auto m = static_cast<double>(work.request.tank.m);
     const double rho = m / V;
 
     const models::VapourPressureResult saturation =
-        models::VapourPressure(job.T, legacy::the_models.VPModel, job.call.Interactive);
-    if (!(saturation.p > 0)) {
-        job.call.Text = "ERROR2";
-        job.error = true;
-        return false;
-    }
-    job.p = saturation.p;
-    if (!solve_state(job)) return false;
-    const double rhoV = job.V.rho > 0 ? job.V.rho : 0.0;
-    const double rhoL = liquid_density(job, rhoV);
-    if (!(rhoV > 0) || !(rhoL > kPresent)) {
-        report_calc_error(job, rhoV > 0 ? " (no rho_L)" : " (no rho_V)");
-        return false;
-    }
+        models::vapour_pressure(work.substance(), a.T, work.models().VPModel);
+    if (saturation.status == kSuccess)
+        note_range(work, Note::Kind::pressureRange, saturation.deviation);
+    if (!(saturation.p > 0)) return fail(work, Reason::noVapourPressure);
+    a.p = saturation.p;
+    const auto state = solve_state(work);
+    if (!state) return false;
+    const double rhoV = state->rhoV;
+    const double rhoL = liquid_density(work, rhoV);
+    if (!(rhoV > 0)) return fail(work, Reason::noVapourDensity);
+    if (!(rhoL > kPresent)) return fail(work, Reason::noTankLiquidDensity);
 
-    const auto M = static_cast<double>(legacy::the_substance.M);
-    const double v = M / rho;
-    job.L = job.V = {};
-    TankContent content{V, m, 0.0, 0.0, 0.0, 0.0};
+    const double v = work.M() / rho;
+    a.phases = {};
     if (rho >= rhoL) {
-        job.L = {true, v, rho};
-        content = divide_tank(V, m, rho, 0.0);
+        a.phases.liquid = Phase{v, rho};
+        a.tank = divide_tank(V, m, rho, 0.0);
     } else if (rho <= rhoV) {
-        const models::PressureResult gas = models::pressure_from_tv(job.T, v);
-        if (gas.status != kSuccess) {
-            report_calc_error(job, error_code(gas.status));
-            return false;
-        }
-        job.p = gas.p;
-        job.V = {true, v, rho};
-        content = divide_tank(V, m, 0.0, rho);
+        models::EOSState eos = models::eos_at(work.fluid(), a.T);
+        const models::PressureResult gas = models::pressure_from_Tv(work.fluid(), a.T, v, eos);
+        if (gas.status != kSuccess) return fail(work, Reason::solver, gas.status);
+        a.p = gas.p;
+        a.phases.vapour = Phase{v, rho};
+        a.tank = divide_tank(V, m, 0.0, rho);
     } else {
-        job.L = {true, M / rhoL, rhoL};
-        job.V = {true, M / rhoV, rhoV};
-        content = divide_tank(V, m, rhoL, rhoV);
+        a.phases = {Phase{work.M() / rhoL, rhoL}, Phase{work.M() / rhoV, rhoV}};
+        a.tank = divide_tank(V, m, rhoL, rhoV);
     }
-    tank_lines(job, content);
     return true;
-}
-
-void tank_lines(Job& job, const TankContent& c) {
-    constexpr auto kAmount = "##0.0000##";
-    const auto M = static_cast<double>(legacy::the_substance.M);
-    const double mL = (c.V - c.VV) * c.rhoL;
-    const double mV = c.VV * c.rhoV;
-    ListBuilder& list = job.list;
-    list.add("Vapour fraction y(V) = " + numbers::Format(c.y, "0.0#######"));
-    list.add("volume fraction V-phase phi(V),% = " + numbers::Format(c.VV / c.V, "0.0### %"));
-    list.add("Mass fraction = Mole fract. V-Phase y(V),% = " +
-             numbers::Format(c.VV * c.rhoV / c.m * 100.0, "0.0###") + " %");
-    // A value stands only in the column of a phase that exists.
-    const auto row = [&](const char* label, double L, double V, const char* mask) {
-        list.row(label, "",
-                 {c.rhoL > 0 ? numbers::Format(L, mask) : "",
-                  c.rhoV > 0 ? numbers::Format(V, mask) : ""});
-    };
-    row("Volume                   V/m^3  =  ", c.V - c.VV, c.VV, kAmount);
-    row("Mass                      m/kg  =  ", mL, mV, kAmount);
-    row("amount of substance      n/kmol =  ", faults::divide(mL, M), faults::divide(mV, M),
-        "##0.0000");
-    job.call.FractionV = numbers::to_single(c.level());
-}
-
-TankPicture describe_tank(const std::string& answer) {
-    constexpr double kHalf = 50.0, kLargestMirrored = 99.85, kLargest = 49.8, kSmallest = 1e-6;
-    constexpr double kLargePressure = 10000.0;
-    const calculation::Tank& tank = the_session.tank;
-    TankPicture picture;
-    picture.title = the_session.GlobalCalculation ? "Tank Calculation (global method) "
-                                                  : "Tank Calculation (partial method)";
-    picture.caption = "Cylinder shaped tank";
-    picture.error = answer == "ERROR3";
-    const bool full = answer == "ERROR1" || answer == "ERROR2";
-    picture.level = full ? 100.0 : std::clamp(tank.level, 0.0, 100.0);
-    picture.supercritical = static_cast<double>(tank.T) >= legacy::the_substance.Tcrit;
-
-    if (picture.error) {
-        picture.levelText = "Error";
-    } else {
-        picture.levelText =
-            "Filling level " + numbers::format_point(picture.level, "##0.0#") + "vol.-%";
-        picture.lowerText = picture.supercritical ? " supercritical" : "  L-phase";
-        picture.upperText = picture.supercritical ? "" : "  V-phase";
-    }
-
-    const auto p = static_cast<double>(tank.p);
-    if (picture.error) {
-        picture.pText = " Error: v < B";
-        picture.hint = "cf. help \"Tank\"";
-    } else if (!full) {
-        picture.pText =
-            "p = " + numbers::Format(p, p < kLargePressure ? "###0.0## kPa" : "######0.0# kPa");
-    }
-
-    picture.mirrored = picture.level > kHalf && picture.level <= kLargestMirrored;
-    picture.section =
-        std::clamp(picture.mirrored ? 100.0 - picture.level : picture.level, kSmallest, kLargest);
-    return picture;
 }
 
 }  // namespace quor::calculation

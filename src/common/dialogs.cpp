@@ -28,6 +28,10 @@ void tell(const std::string& text, const std::string& title, Icon icon) {
     Show({.text = text, .title = title, .icon = icon});
 }
 
+void refuse(const std::string& text) {
+    tell(text, kNotPossible);
+}
+
 bool ask(const std::string& text, const std::string& title, Icon icon, bool defaultYes) {
     return Show({.text = text,
                  .title = title,

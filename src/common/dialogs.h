@@ -62,6 +62,10 @@ Functions silent();
 Answer Show(const Message& message);
 /// A box with one OK button.
 void tell(const std::string& text, const std::string& title, Icon icon = Icon::Exclamation);
+/// Title of the boxes that refuse a command.
+inline constexpr auto kNotPossible = "Execution not possible";
+/// A box that says why a command cannot be carried out.
+void refuse(const std::string& text);
 /// A Yes/No box; true for Yes.
 bool ask(const std::string& text, const std::string& title, Icon icon = Icon::Question,
          bool defaultYes = true);

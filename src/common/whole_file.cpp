@@ -1,5 +1,8 @@
 #include "common/whole_file.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <fstream>
 #include <system_error>
@@ -81,6 +84,17 @@ Result<void> write_whole(const fs::path& path, std::string_view bytes) {
     const std::string reason = error.message();
     fs::remove(beside, error);
     return not_written(path, reason);
+}
+
+NewFile write_new(const fs::path& path, std::string_view bytes) {
+    constexpr mode_t kMode = 0666;
+    const int file = open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kMode);
+    if (file < 0) return {errno == EEXIST, not_written(path, reason_of(errno))};
+    close(file);
+    NewFile made{false, write_whole(path, bytes)};
+    std::error_code error;
+    if (!made.written) fs::remove(path, error);
+    return made;
 }
 
 std::string ansi_lines(const std::vector<std::string>& lines) {

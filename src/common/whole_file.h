@@ -23,6 +23,15 @@ Result<std::string> read_whole(const std::filesystem::path& path,
 /// a crash or a full disk leaves the old content. The reason of a failure names the file.
 Result<void> write_whole(const std::filesystem::path& path, std::string_view bytes);
 
+/// What became of a new file.
+struct NewFile {
+    bool exists = false;   ///< a file of that name is there already; nothing was written
+    Result<void> written;  ///< as of `write_whole`
+};
+/// Writes a file only where there is none: its name is taken exclusively, so that of two programs
+/// only one gets it.
+NewFile write_new(const std::filesystem::path& path, std::string_view bytes);
+
 /// Lines joined with CR LF, each one ended, in the ANSI code page.
 std::string ansi_lines(const std::vector<std::string>& lines);
 

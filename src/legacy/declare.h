@@ -14,6 +14,8 @@
 #include "models/model_selection.h"
 #include "models/reference_record.h"
 #include "models/substance_record.h"
+#include "report/protocol.h"
+#include "session/calculation_views.h"
 
 /// The process-level records: one session, one substance, one choice of models. Nothing here
 /// computes; `session::reset_everything` gives every record its default.
@@ -33,12 +35,10 @@ inline std::array<double, 3>
 inline std::int16_t the_PhaseRegion = 0;  ///< region of the last state, see `models::SolveStateTP`
 inline double the_Bvirial = 0;            ///< last second virial coefficient, m^3/kmol
 
-inline std::vector<calculation::BatchDataSet> the_BatchData(2);  ///< element 0 is the direct input
-inline std::vector<calculation::ResultRecord> the_ResultRecords(3);  ///< one per data set
-inline calculation::ResultRecord the_currentResult;
-inline calculation::LastState the_lastState;
-inline calculation::FuArray the_Fu{};
-inline std::vector<std::array<float, 42>> the_protocol;  ///< one entry per written calculation
+inline std::vector<calculation::BatchDataSet> the_BatchData(2);  ///< from element 1 on
+inline report::ResultSet the_results;
+inline report::Protocol the_protocol;
+inline session::CalculationViews the_calculationViews;  ///< those of the program
 
 inline const diagrams::Diagram* the_diagram = nullptr;  ///< chosen last in the menu
 inline diagrams::CoordinateDefaults the_coordinates;

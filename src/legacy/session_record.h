@@ -5,26 +5,15 @@
 #include <string>
 #include <vector>
 
-#include "calculation/result_records.h"
-#include "models/reference_record.h"
+#include "report/calculation_state.h"
 
 namespace quor::legacy {
 
 /// All that more than one view or calculation must see of a run of the program.
 struct Session {
     // Calculation control
-    std::int16_t CalcMode = 0;
+    report::CalculationState calculation;
     bool BatchMode = false;
-    std::int16_t InputSituation = 0;  ///< 4 reference point, 33 tank, 100 + CalcMode direct input
-    bool GlobalCalculation = true;
-    bool LiquidByBenson = true;
-    bool AssumedVle = false;
-    models::BensonPoint BensonReference;
-    bool BensonReferenceValid = false;
-    std::int16_t OutputPage = 1;
-    bool EquilibriumFunctions = false;
-    std::int16_t DataSetIndex = 0;
-    bool VolumeInput = false;  ///< a volume is typed instead of a density
 
     // Units
     std::int16_t UnitMode = 0;     ///< 0 molar, 1 specific, 2 reduced
@@ -53,11 +42,8 @@ struct Session {
     std::string ProjectFile;
     std::string ProjectComment;
     bool ProjectLoaded = false;
-    std::string ProtocolFile;
     char CsvSeparator = ';';
-    std::int16_t ProtocolOpen = 0;  ///< number of columns written to the protocol store
-    bool ProtocolPending = false;   ///< unwritten columns exist
-    std::string DatabaseFile;       ///< title of the open database
+    std::string DatabaseFile;  ///< title of the open database
     std::int16_t CurrentSubstance = 0;
     bool SubstanceSet = false;
     std::int16_t BatchCount = 0;
@@ -68,10 +54,6 @@ struct Session {
     std::int16_t FitDataSource = 0;  ///< 1: the data editor, else the XY editor
     std::int16_t FitColumn = 1;      ///< 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
     bool ResultsOutdated = false;
-
-    // Iso-calculator
-    std::int16_t IsoFunction = 1;
-    std::int16_t IsoTp = 2;
 
     // Environment and one-time flags
     bool DecimalComma = false;

@@ -35,11 +35,7 @@ void reset_everything() {
     legacy::the_PhaseRegion = 0;
     legacy::the_Bvirial = 0;
     legacy::the_BatchData.assign(2, {});
-    legacy::the_ResultRecords.assign(3, {});
-    legacy::the_currentResult = {};
-    legacy::the_lastState = {};
-    legacy::the_Fu = {};
-    legacy::the_protocol.clear();
+    legacy::the_results = {};
     legacy::the_diagram = nullptr;
     legacy::the_coordinates = {};
     legacy::the_processLine = {};
@@ -52,7 +48,7 @@ void reset_everything() {
     the_session.FolderBatch = the_session.FolderDiagram2D = the_session.FolderDiagram3D = folder;
     the_session.FolderXY = the_session.FolderProject = folder;
     the_session.LastSessionFile = folder + "QuorLastSession.QCF";
-    the_session.ProtocolFile = legacy::the_places.new_protocol_file_name();
+    legacy::the_protocol.begin(new_protocol_file_name());
 
     set_commands(
         {Command::mnuData_SaveProject, Command::toolSave, Command::toolReference, Command::toolTank,
@@ -69,7 +65,7 @@ void reset_session() {
     legacy::the_models.HLVModel = models::VaporisationModel::none;
     legacy::the_reference = {};
     legacy::the_coordinates = {};
-    the_session.GlobalCalculation = true;
+    the_session.calculation.method.global = true;
     legacy::the_models.PriorityCEOS = true;
     the_session.NewSubstanceDiagram = true;
     legacy::the_jiTorvik = {};

@@ -13,7 +13,7 @@ void call(const std::function<void()>& hook) {
 
 void delete_empty_protocol() {
     namespace fs = std::filesystem;
-    const std::string& name = legacy::the_session.ProtocolFile;
+    const std::string& name = legacy::the_protocol.file;
     if (name.empty()) return;
     const fs::path file =
         paths::has_separator(name) ? fs::path(name) : legacy::the_places.write_folder() / name;
@@ -31,7 +31,7 @@ ShutdownHooks& shutdown_hooks() {
 
 void Shutdown() {
     const ShutdownHooks& hooks = shutdown_hooks();
-    if (legacy::the_session.ProtocolPending) call(hooks.writeProtocol);
+    if (legacy::the_protocol.pending) call(hooks.writeProtocol);
     delete_empty_protocol();
     if (!legacy::the_session.DatabaseFile.empty() && hooks.saveLastSession)
         hooks.saveLastSession(legacy::the_session.LastSessionFile);

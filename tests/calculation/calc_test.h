@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <cstdint>
 #include <initializer_list>
@@ -8,44 +9,85 @@
 #include <string_view>
 #include <vector>
 
-#include "calculation/calc_batch.h"
-#include "calculation/result_text.h"
-#include "support/session_test.h"
+#include "models/caloric.h"
+#include "models/density.h"
+#include "report/batch_list.h"
+#include "report/result.h"
+#include "support/scripted_dialogs.h"
 
 using namespace quor;
 
-/// Base of the tests of the calculation engine: a fluid, its models, and calls of `CalcBatch`.
-class CalcTest : public SessionTest {
+/// What a calculation is made with, as values that a test may change one by one.
+struct Setting {
+    models::SubstanceRecord substance;
+    models::ModelSelection selection;
+    models::EOSParameters eosParameters;
+    models::JiTorvikParameters jt;
+    models::ReferenceState reference;
+    models::UnitChoice units;
+    report::CalculationState chosen;
+
+    models::Fluid fluid() const { return {substance, selection, eosParameters, jt}; }
+};
+
+/// Base of the tests of calculations: a fluid, its models, and calls of `make_result`.
+class CalcTest : public testing::Test, protected Setting {
   protected:
-    /// A list of `CalcMode` or model codes.
-    using Codes = std::initializer_list<std::int16_t>;
+    CalcTest();
+    ~CalcTest() override;
+
+    /// A list of task or model codes.
+    using Codes = std::initializer_list<int>;
 
     /// The models of a calculation; the defaults are those of most tests.
     struct Models {
-        std::int16_t eos = 6;
+        int eos = 6;
         std::string vp = "WAG";
         bool priority = true;
-        std::int16_t hlv = 7;
-        std::int16_t cp = 2;
+        int hlv = 7;
+        int cp = 2;
     };
 
-    /// The active fluid: the reference propane (empty name) or a row of the substance table.
-    static void use_fluid(std::string_view name = {});
-    /// Makes models active for the present fluid.
-    static void use_models(const Models& models);
+    /// The fluid: the reference propane (empty name) or a row of the substance table.
+    void use_fluid(std::string_view name = {});
+    /// Chooses models for the present fluid.
+    void use_models(const Models& models);
     /// 0 molar, 1 specific, 2 reduced.
-    static void use_units(int mode);
+    void use_units(int mode);
     /// A second reference point: the proposal for the present fluid.
-    static void use_benson_reference();
+    void use_benson_reference();
 
-    /// One data set as direct input (element 0) or as the only experimental one (element 1).
-    static void use_input(const calculation::BatchDataSet& set, bool batch = false);
-    /// Calculates in `mode` on the present input.
-    static calculation::CalcCall calculate(std::int16_t mode, bool quiet = false,
-                                           bool interactive = true);
+    /// One data set as direct input or as a measured one.
+    void use_input(const calculation::BatchDataSet& set, bool measured = false);
+
+    /// How a calculation ended.
+    struct Outcome {
+        bool Failed, HasL, HasV;
+        int Roots;
+        float FractionV;
+        double Pressure;
+    };
+    /// Calculates by a task's code on the present input, and shows its boxes.
+    Outcome calculate(int code, report::Tell tell = report::Tell::remarks);
+
+    /// Functions at T, p, v of the present fluid.
+    models::StateValues state_functions(double T, double p, double v) const;
+    models::PhaseTable residual_functions(double T, double p, double v) const;
 
     /// Lines of the list.
-    static std::vector<std::string> lines();
+    std::vector<std::string> lines() const;
     /// True when the list has that line.
-    static bool has_line(const std::string& line);
+    bool has_line(const std::string& line) const;
+
+    const Setting& setting() const { return *this; }
+
+    ScriptedDialogs user;
+    calculation::BatchDataSet input;
+    bool measured = false;
+    calculation::Tank tank;
+    calculation::Process process;
+    report::TaskResult last;  ///< of the last calculation
+    const report::Report& resultText = last.report;
+    const report::FuArray& Fu = last.Fu;
+    const report::ResultRecord& lastRecord = last.record;
 };

@@ -1,7 +1,4 @@
 #include "expected_text.h"
-#include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
-#include "support/codes.h"
 
 #include <cmath>
 #include <cstdio>
@@ -20,13 +17,13 @@
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
+#include "support/codes.h"
 
 using namespace quor;
 
 namespace expected {
 
 using constants::R;
-using legacy::the_session;
 
 namespace {
 
@@ -58,38 +55,6 @@ std::string left(const std::string& s, std::size_t width) {
     return s + std::string(characters < width ? width - characters : 0, ' ');
 }
 
-double M() {
-    return static_cast<double>(legacy::the_substance.M);
-}
-
-double volume_factor() {
-    if (the_session.UnitMode == 1) return 1.0 / M();
-    if (the_session.UnitMode == 2 && legacy::the_eosParameters.vcritCalc > 0)
-        return 1.0 / legacy::the_eosParameters.vcritCalc;
-    return 1.0;
-}
-
-std::string volume_label() {
-    if (the_session.UnitMode == 1) return "m^3/kg  ";
-    if (the_session.UnitMode == 2 && legacy::the_eosParameters.vcritCalc > 0) return "V(red)";
-    return "m^3/kmol";
-}
-
-double caloric_factor() {
-    return the_session.CaloricUnit == 3 ? 1.0 / M() : 1.0;
-}
-bool specific() {
-    return the_session.CaloricUnit == 3;
-}
-bool cubic() {
-    return models::is_cubic(legacy::the_models.EOSModel);
-}
-
-double B(double T) {
-    models::EOSState state;
-    return models::second_virial(models::current_fluid(), T, state);
-}
-
 /// A phase of the expected state.
 struct Phase {
     bool exists = false;
@@ -97,10 +62,61 @@ struct Phase {
 };
 
 struct Work {
+    const Setting& setting;
     Result r;
     double T = 0, p = 0;
     Phase L, V;
+
+    const models::SubstanceRecord& substance() const { return setting.substance; }
+    const models::ModelSelection& selection() const { return setting.selection; }
+    const calculation::Method& method() const { return setting.chosen.method; }
 };
+
+double M(const Work& w) {
+    return static_cast<double>(w.substance().M);
+}
+
+bool is_reduced(const Work& w) {
+    return w.setting.units.system == models::UnitSystem::reduced &&
+           w.setting.eosParameters.vcritCalc > 0;
+}
+
+double volume_factor(const Work& w) {
+    if (w.setting.units.system == models::UnitSystem::specific) return 1.0 / M(w);
+    return is_reduced(w) ? 1.0 / w.setting.eosParameters.vcritCalc : 1.0;
+}
+
+std::string volume_label(const Work& w) {
+    if (w.setting.units.system == models::UnitSystem::specific) return "m^3/kg  ";
+    return is_reduced(w) ? "V(red)" : "m^3/kmol";
+}
+
+bool specific(const Work& w) {
+    return w.setting.units.caloric == models::CaloricUnit::specific;
+}
+
+double caloric_factor(const Work& w) {
+    return specific(w) ? 1.0 / M(w) : 1.0;
+}
+
+bool cubic(const Work& w) {
+    return models::is_cubic(w.selection().EOSModel);
+}
+
+double B(const Work& w, double T) {
+    models::EOSState state;
+    return models::second_virial(w.setting.fluid(), T, state);
+}
+
+models::EnthalpyOfVaporisationResult vaporisation_by(const Work& w, std::int16_t code) {
+    return models::enthalpy_of_vaporisation(w.setting.fluid(),
+                                            {.model = codes::hlv(code),
+                                             .vpCode = w.selection().VPModel,
+                                             .reference = w.method().reference,
+                                             .T = 0,
+                                             .p = 0},
+                                            w.T, w.p);
+}
 
 std::string T_text(double T) {
     return "T = " + fix(T, 3) + " K";
@@ -115,11 +131,11 @@ void density_lines(Work& w) {
     };
     w.r.list.push_back(
         row("density", "rho/ (kg/m^3)  = ", show(w.L.exists, w.L.rho), show(w.V.exists, w.V.rho)));
-    w.r.list.push_back(
-        row("Volume", "v/ (" + volume_label() + ")  = ", show(w.L.exists, w.L.v * volume_factor()),
-            show(w.V.exists, w.V.v * volume_factor())));
-    if (w.V.exists) w.r.Fu[9] = w.V.v * volume_factor();
-    if (w.L.exists) w.r.Fu[19] = w.L.v * volume_factor();
+    w.r.list.push_back(row(
+        "Volume", "v/ (" + volume_label(w) + ")  = ", show(w.L.exists, w.L.v * volume_factor(w)),
+        show(w.V.exists, w.V.v * volume_factor(w))));
+    if (w.V.exists) w.r.Fu[9] = w.V.v * volume_factor(w);
+    if (w.L.exists) w.r.Fu[19] = w.L.v * volume_factor(w);
 }
 
 void state_of_phases(Work& w) {
@@ -133,7 +149,7 @@ void fail(Work& w, const std::string& message) {
 }
 
 models::StateTP solve(Work& w) {
-    const models::StateTP s = models::solve_state_tp(models::current_fluid(), w.T, w.p);
+    const models::StateTP s = models::solve_state_tp(w.setting.fluid(), w.T, w.p);
     w.L = {s.hasL, s.vL, s.rhoL};
     w.V = {s.hasV, s.vV, s.rhoV};
     return s;
@@ -144,10 +160,10 @@ std::string at(double T, double p) {
 }
 
 void head_of_functions(Work& w) {
-    const models::ReferenceState& ref = legacy::the_reference;
+    const models::ReferenceState& ref = w.setting.reference;
     w.r.list.push_back(
-        "Model: " + trimmed(std::string(models::EOSName(legacy::the_models.EOSModel))) +
-        "; ideal-gas cp: " + trimmed(std::string(models::cp_name(legacy::the_models.CpModel))));
+        "Model: " + trimmed(std::string(models::EOSName(w.selection().EOSModel))) +
+        "; ideal-gas cp: " + trimmed(std::string(models::cp_name(w.selection().CpModel))));
     w.r.list.push_back("Reference state: h = 0, s = 0, ideal gas at " +
                        at(static_cast<double>(ref.T0), static_cast<double>(ref.p0)));
     w.r.list.push_back("Surroundings for exergies: " + at(ref.Tenv, ref.penv));
@@ -155,25 +171,28 @@ void head_of_functions(Work& w) {
 
 /// v, h, s, g, u, a, e(H), e(U), cp, cV, w.
 std::array<double, 11> functions(const Work& w, const Phase& phase) {
-    const models::StateValues z = models::StateFunctions(w.T, w.p, phase.v);
+    const models::Fluid fluid = w.setting.fluid();
+    const models::ReferenceState& ref = w.setting.reference;
+    const models::StateValues z = models::state_functions(
+        fluid, ref, models::surroundings_state(fluid, ref), w.T, w.p, phase.v);
     return {phase.v, z.h, z.s, z.g, z.u, z.a, z.eH, z.eU, z.cp, z.cv, z.w};
 }
 
 void mean_functions(Work& w, double y) {
     const auto zL = functions(w, w.L), zV = functions(w, w.V);
     const std::string title =
-        std::string(specific() ? "specific global functions" : "molar global functions") +
+        std::string(specific(w) ? "specific global functions" : "molar global functions") +
         "  z = y(V) z(V) + (1 - y(V) z(L)";
     w.r.list.push_back("");
     w.r.list.push_back(title);
     w.r.list.push_back(std::string(title.size(), '='));
     head_of_functions(w);
     const double v = y * w.V.v + (1 - y) * w.L.v;
-    w.r.list.push_back("Density rho       = " + g7(M() / v) + "  kg/m^3");
-    w.r.list.push_back("Volume  v         = " + g7(v * volume_factor()) + "  " +
-                       trimmed(volume_label()));
-    const std::string energy = specific() ? "kJ/kg" : "kJ/kmol";
-    const std::string capacity = specific() ? "kJ/(kg K)" : "kJ/(kmol K)";
+    w.r.list.push_back("Density rho       = " + g7(M(w) / v) + "  kg/m^3");
+    w.r.list.push_back("Volume  v         = " + g7(v * volume_factor(w)) + "  " +
+                       trimmed(volume_label(w)));
+    const std::string energy = specific(w) ? "kJ/kg" : "kJ/kmol";
+    const std::string capacity = specific(w) ? "kJ/(kg K)" : "kJ/(kmol K)";
     const struct {
         std::size_t index;
         const char* label;
@@ -185,21 +204,21 @@ void mean_functions(Work& w, double y) {
                 {9, "Heat capacity cV  = ", capacity}};
     for (const auto& line : rows)
         w.r.list.push_back(line.label +
-                           g7((y * zV[line.index] + (1 - y) * zL[line.index]) * caloric_factor()) +
+                           g7((y * zV[line.index] + (1 - y) * zL[line.index]) * caloric_factor(w)) +
                            "  " + line.unit);
 }
 
 // ---- Modes ------------------------------------------------------------------------------------
 
 void given_T_rho(Work& w, double rho) {
-    const models::SubstanceRecord& s = legacy::the_substance;
+    const models::SubstanceRecord& s = w.substance();
     w.r.par1 = T_text(w.T);
     w.r.par2 = "rho = " + between(rho, 1, 4) + " kg/m^3";
-    const double v = M() / rho;
+    const double v = M(w) / rho;
     double y = 1;
     bool twoPhase = false;
-    if (!cubic()) {
-        const double b = B(w.T);
+    if (!cubic(w)) {
+        const double b = B(w, w.T);
         if (v <= b) {
             w.r.co2 = " p = , no p-solution (V < B)";
             w.r.failed = true;
@@ -207,24 +226,23 @@ void given_T_rho(Work& w, double rho) {
         }
         w.p = R * w.T / (v - b);
     } else {
-        const models::EOSState eos = models::eos_at(models::current_fluid(), w.T);
+        const models::EOSState eos = models::eos_at(w.setting.fluid(), w.T);
         if (w.T < s.Tcrit) {
-            const models::Saturation sat =
-                models::saturation_pressure(models::current_fluid(), w.T);
+            const models::Saturation sat = models::saturation_pressure(w.setting.fluid(), w.T);
             w.r.co1 = "vapour pressure by using CEOS: p(LV )= " + pressure(sat.p) + " kPa";
             twoPhase = v >= sat.v[0] && v <= sat.v[2];
             if (twoPhase) {
                 w.p = sat.p;
                 y = (v - sat.v[0]) / (sat.v[2] - sat.v[0]);
-                w.L = {true, sat.v[0], M() / sat.v[0]};
-                w.V = {true, sat.v[2], M() / sat.v[2]};
+                w.L = {true, sat.v[0], M(w) / sat.v[0]};
+                w.V = {true, sat.v[2], M(w) / sat.v[2]};
                 w.r.list.push_back(std::string(22, ' ') +
                                    "Vapour fraction y(V) = " + between(y, 1, 8));
             }
         }
         if (!twoPhase) {
             if (v <= eos.eosB) {
-                fail(w, the_session.GlobalCalculation ? " (v <= b) ERROR1" : " (v <= b)");
+                fail(w, w.method().global ? " (v <= b) ERROR1" : " (v <= b)");
                 return;
             }
             w.p = models::cubic_pressure(eos, w.T, v);
@@ -240,7 +258,7 @@ void given_T_rho(Work& w, double rho) {
 void given_T_p(Work& w) {
     w.r.par1 = T_text(w.T);
     w.r.par2 = p_text(w.p);
-    if (!cubic()) w.r.co2 = " Virialcoeff. B = " + g7(B(w.T)) + "  m^3/kmol";
+    if (!cubic(w)) w.r.co2 = " Virialcoeff. B = " + g7(B(w, w.T)) + "  m^3/kmol";
     w.r.co1 = std::string(solve(w).text);
     density_lines(w);
     state_of_phases(w);
@@ -249,7 +267,7 @@ void given_T_p(Work& w) {
 void given_p_rho(Work& w, double rho) {
     w.r.par1 = p_text(w.p);
     w.r.par2 = "rho = " + between(rho, 1, 4) + " kg/m^3";
-    w.T = models::temperature_from_p_rho(models::current_fluid(), w.p, rho, false).T;
+    w.T = models::temperature_from_p_rho(w.setting.fluid(), w.p, rho, false).T;
     w.r.co2 = " T = " + fix(w.T, 3) + " K";
     solve(w);
     density_lines(w);
@@ -257,12 +275,12 @@ void given_p_rho(Work& w, double rho) {
 }
 
 void partial_phases(Work& w, double vV) {
-    if (!the_session.BensonReferenceValid || !(vV > 1e-6)) return;
-    const models::SubstanceRecord& s = legacy::the_substance;
-    const models::BensonPoint& ref = the_session.BensonReference;
-    w.V = {true, vV, M() / vV};
+    if (!models::is_known(w.method().reference) || !(vV > 1e-6)) return;
+    const models::SubstanceRecord& s = w.substance();
+    const models::BensonPoint& ref = w.method().reference;
+    w.V = {true, vV, M(w) / vV};
     double rhoL = 0;
-    if (the_session.LiquidByBenson) {
+    if (w.method().liquidByBenson) {
         const auto Tref = static_cast<double>(ref.T);
         rhoL = (static_cast<double>(ref.rhoL) + static_cast<double>(ref.rhoV)) * (w.T - s.Tcrit) /
                    (Tref - s.Tcrit) +
@@ -270,27 +288,26 @@ void partial_phases(Work& w, double vV) {
     } else {
         rhoL = models::density_liquid(s, static_cast<float>(w.T)).rho;
     }
-    w.L = {true, M() / rhoL, rhoL};
-    w.r.list.push_back(std::string(12, ' ') + (the_session.LiquidByBenson
+    w.L = {true, M(w) / rhoL, rhoL};
+    w.r.list.push_back(std::string(12, ' ') + (w.method().liquidByBenson
                                                    ? "by BENSON's method:"
                                                    : "with database equation rho(T):"));
 }
 
 void hlv_of_eos(Work& w) {
-    const auto r = models::enthalpy_of_vaporisation(codes::hlv(7), w.T, w.p,
-                                                    legacy::the_models.VPModel, false);
+    const auto r = vaporisation_by(w, 7);
     if (r.status != 0) return;
-    w.r.Fu[29] = static_cast<double>(r.h) * caloric_factor();
+    w.r.Fu[29] = static_cast<double>(r.h) * caloric_factor(w);
     w.r.Fu[30] = w.r.Fu[29] / w.T;
 }
 
 void equilibrium(Work& w, bool fromT) {
-    const models::SubstanceRecord& s = legacy::the_substance;
-    const models::Fluid fluid = models::current_fluid();
-    const models::VapourPressureEquation code = legacy::the_models.VPModel;
+    const models::SubstanceRecord& s = w.substance();
+    const models::Fluid fluid = w.setting.fluid();
+    const models::VapourPressureEquation code = w.selection().VPModel;
     w.L.exists = w.V.exists = true;
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
-    const bool eos = the_session.GlobalCalculation && legacy::the_models.PriorityCEOS;
+    const bool eos = w.method().global && w.selection().PriorityCEOS;
     double vL = 0, vV = 0;
     if (eos) {
         const models::Saturation sat = fromT ? models::saturation_pressure(fluid, w.T)
@@ -305,12 +322,12 @@ void equilibrium(Work& w, bool fromT) {
     }
     w.r.Fu[0] = w.T;
 
-    if (!the_session.GlobalCalculation) {
+    if (!w.method().global) {
         w.r.co1 = fromT ? "p(LV) from actual vapour pressure equation:"
                         : "T(LV) by using actual vapour pressure equation:";
         w.r.co2 = fromT ? pressure(w.p) + " kPa" : fix(w.T, 3) + " K";
-        if (!cubic()) {
-            vV = R * w.T / w.p + B(w.T);
+        if (!cubic(w)) {
+            vV = R * w.T / w.p + B(w, w.T);
         } else {
             const double psat = models::saturation_pressure(fluid, w.T).p;
             const models::CubicRoots roots =
@@ -323,8 +340,8 @@ void equilibrium(Work& w, bool fromT) {
     } else if (eos) {
         w.r.co1 = fromT ? "p(LV) by using the cubic EOS: " : "T(LV) by using cubic EOS";
         w.r.co2 = fromT ? " p(LV) = " + pressure(w.p) + " kPa" : " T(LV) = " + fix(w.T, 3) + " K";
-        w.L = {true, vL, M() / vL};
-        w.V = {true, vV, M() / vV};
+        w.L = {true, vL, M(w) / vL};
+        w.V = {true, vV, M(w) / vV};
         w.r.list.push_back("            by using cubic EOS:");
         density_lines(w);
     } else {
@@ -337,14 +354,13 @@ void equilibrium(Work& w, bool fromT) {
             (fromT ? "!)" : ")"));
         w.r.list.push_back(std::string(75, '='));
     }
-    if (the_session.GlobalCalculation) hlv_of_eos(w);
+    if (w.method().global) hlv_of_eos(w);
     state_of_phases(w);
 }
 
 void vaporisation(Work& w, bool fromT) {
-    const std::int16_t method = models::code_of(legacy::the_models.HLVModel);
-    const auto r = models::enthalpy_of_vaporisation(codes::hlv(method), w.T, w.p,
-                                                    legacy::the_models.VPModel, false);
+    const std::int16_t method = models::code_of(w.selection().HLVModel);
+    const auto r = vaporisation_by(w, method);
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     w.T = r.T;
     w.p = r.p;
@@ -352,16 +368,16 @@ void vaporisation(Work& w, bool fromT) {
     w.r.co1 = r.explanation;
     if (!fromT) w.r.co2 = " T(LV) = " + fix(w.T, 3) + " K";
     if (fromT && w.p > 1e-6) w.r.co2 = " p(LV) = " + pressure(w.p) + " kPa";
-    w.L = {true, r.rhoL > 0 ? M() / r.rhoL : 0, r.rhoL};
-    w.V = {true, r.rhoV > 0 ? M() / r.rhoV : 0, r.rhoV};
+    w.L = {true, r.rhoL > 0 ? M(w) / r.rhoL : 0, r.rhoL};
+    w.V = {true, r.rhoV > 0 ? M(w) / r.rhoV : 0, r.rhoV};
     density_lines(w);
     state_of_phases(w);
 
-    const double h = static_cast<double>(r.h) * caloric_factor();
+    const double h = static_cast<double>(r.h) * caloric_factor(w);
     w.r.Fu[29] = h;
     w.r.Fu[30] = h / w.T;
-    const std::string hLabel = specific() ? "delta(LV)h/(kJ/kg)" : "delta(LV)h/(kJ/kmol)";
-    const std::string sLabel = specific() ? "delta(LV)s/(kJ/(kg K))" : "delta(LV)s/(kJ/(kmol K))";
+    const std::string hLabel = specific(w) ? "delta(LV)h/(kJ/kg)" : "delta(LV)h/(kJ/kmol)";
+    const std::string sLabel = specific(w) ? "delta(LV)s/(kJ/(kg K))" : "delta(LV)s/(kJ/(kmol K))";
     const auto number = [](double value) { return fix(value, value < 1000 ? 2 : 1); };
     static const std::map<int, std::string> names = {
         {1, "equation Fu(T) from database"},
@@ -382,15 +398,14 @@ void vaporisation(Work& w, bool fromT) {
         list.push_back("z(L) = " + g7(r.zL));
         list.push_back("z(V) = " + g7(r.zV));
         list.push_back("z(V) by using " +
-                       trimmed(std::string(models::EOSName(legacy::the_models.EOSModel))));
+                       trimmed(std::string(models::EOSName(w.selection().EOSModel))));
         list.push_back(method == 6 ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
                                    : "rho_L for z_L by using database function rho_L = Fu(T)");
     }
     if (method != 1) {
-        const auto database = models::enthalpy_of_vaporisation(codes::hlv(1), w.T, w.p,
-                                                               legacy::the_models.VPModel, false);
+        const auto database = vaporisation_by(w, 1);
         list.push_back("(cf. function from data base: " + hLabel + " = " +
-                       number(static_cast<double>(database.h) * caloric_factor()));
+                       number(static_cast<double>(database.h) * caloric_factor(w)));
     }
 }
 
@@ -399,8 +414,8 @@ void caloric_functions(Work& w) {
     w.r.par2 = p_text(w.p);
     solve(w);
     head_of_functions(w);
-    const bool kg = specific();
-    const std::string volume = "v/ (" + volume_label() + ")  = ";
+    const bool kg = specific(w);
+    const std::string volume = "v/ (" + volume_label(w) + ")  = ";
     const struct {
         const char* name;
         const char* molar;
@@ -420,7 +435,7 @@ void caloric_functions(Work& w) {
     if (w.L.exists) zL = functions(w, w.L);
     if (w.V.exists) zV = functions(w, w.V);
     for (std::size_t i = 0; i < 11; ++i) {
-        const double factor = i == 0 ? volume_factor() : i == 10 ? 1.0 : caloric_factor();
+        const double factor = i == 0 ? volume_factor(w) : i == 10 ? 1.0 : caloric_factor(w);
         w.r.list.push_back(row(rows[i].name, kg ? rows[i].specific : rows[i].molar,
                                w.L.exists ? g7(zL[i] * factor) : "",
                                w.V.exists ? g7(zV[i] * factor) : ""));
@@ -432,9 +447,9 @@ void caloric_functions(Work& w) {
     state_of_phases(w);
 }
 
-double virial_of(std::int16_t code, double T) {
+double virial_of(const Work& w, std::int16_t code) {
     models::EOSState state;
-    return models::second_virial(models::current_fluid().with(codes::eos(code)).value(), T, state);
+    return models::second_virial(w.setting.fluid().with(codes::eos(code)).value(), w.T, state);
 }
 
 void virial_coefficients(Work& w) {
@@ -442,25 +457,24 @@ void virial_coefficients(Work& w) {
     const std::string title = "Comparison of Virial Coefficients, [B] = m^3/kmol";
     w.r.list.push_back(title);
     w.r.list.push_back(std::string(title.size(), '='));
-    const std::int16_t active = models::code_of(legacy::the_models.EOSModel);
+    const std::int16_t active = models::code_of(w.selection().EOSModel);
     for (std::int16_t code = 11; code <= 16; ++code) {
-        const double b = virial_of(code, w.T);
+        const double b = virial_of(w, code);
         w.r.list.push_back(left(std::string(models::EOSName(codes::eos(code))), 35) +
                            " {B} = " + right(g7(b), 16));
         if (code == active || (active >= 2 && active <= 6 && code == active + 9)) w.r.Fu[41] = b;
     }
     if (active == 0 || active == 10) {
-        w.r.Fu[41] = B(w.T);
+        w.r.Fu[41] = B(w, w.T);
         w.r.list.push_back(left(std::string(models::EOSName(codes::eos(active))), 35) +
-                           " {B} = " + right(g7(B(w.T)), 16));
+                           " {B} = " + right(g7(B(w, w.T)), 16));
     }
 }
 
 void cubic_block(Work& w) {
-    const models::EOSState s = models::eos_at(models::current_fluid(), w.T);
+    const models::EOSState s = models::eos_at(w.setting.fluid(), w.T);
     const std::string title = "Paramet. of the generalized cub. EOS (" +
-                              trimmed(std::string(models::EOSName(legacy::the_models.EOSModel))) +
-                              "):";
+                              trimmed(std::string(models::EOSName(w.selection().EOSModel))) + "):";
     w.r.list.push_back("");
     w.r.list.push_back(title);
     w.r.list.push_back(std::string(title.size(), '='));
@@ -470,9 +484,9 @@ void cubic_block(Work& w) {
     w.r.list.push_back("  D =" + right(g7(s.eosD), 16));
 }
 
-void common_end(Work& w, std::int16_t mode) {
-    const models::SubstanceRecord& s = legacy::the_substance;
-    if (cubic() && w.T > 0) {
+void common_end(Work& w, int mode) {
+    const models::SubstanceRecord& s = w.substance();
+    if (cubic(w) && w.T > 0) {
         if (w.T == s.Tcrit && w.p == s.pcrit)
             w.r.co1 = "=> critical point (T = T(cr), p = p(cr))";
         else if (w.p > s.pcrit && w.T > s.Tcrit)
@@ -487,12 +501,12 @@ void common_end(Work& w, std::int16_t mode) {
         w.r.State = "   ";
         return;
     }
-    if (cubic() && ((mode != 6 && mode != 7) || legacy::the_models.HLVModel == codes::hlv(7)))
+    if (cubic(w) && ((mode != 6 && mode != 7) || w.selection().HLVModel == codes::hlv(7)))
         cubic_block(w);
-    if (!cubic() && mode != 11) {
+    if (!cubic(w) && mode != 11) {
         w.r.list.push_back("");
         w.r.list.push_back("Virial coeffizient:");
-        w.r.list.push_back("  B =" + right(g7(B(w.T)), 16) + " m^3/kmol");
+        w.r.list.push_back("  B =" + right(g7(B(w, w.T)), 16) + " m^3/kmol");
     }
 }
 
@@ -530,8 +544,8 @@ std::string pressure(double p, int decimals) {
     return p >= 0.01 ? fix(p, decimals) : g7(p);
 }
 
-Result Of(std::int16_t mode, const calculation::BatchDataSet& input) {
-    Work w;
+Result Of(const Setting& setting, int mode, const calculation::BatchDataSet& input) {
+    Work w{.setting = setting, .r = {}, .L = {}, .V = {}};
     const auto rho = static_cast<double>(mode == 2 ? input.rhoL : input.rhoV);
     const bool needsT = mode != 5 && mode != 7 && mode != 13;
     const bool needsP = mode == 3 || mode == 5 || mode == 7 || mode == 8 || mode == 13;

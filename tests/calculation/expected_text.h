@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "legacy/declare.h"
+#include "calc_test.h"
 
 using namespace quor;
 
@@ -21,8 +21,8 @@ struct Result {
     bool failed = false;
 };
 
-/// The result of a calculation kind for an input, with the session as it stands.
-Result Of(std::int16_t mode, const calculation::BatchDataSet& input);
+/// The result of a calculation by its code for an input.
+Result Of(const Setting& setting, int mode, const calculation::BatchDataSet& input);
 
 // Numbers with the decimal mark in use.
 

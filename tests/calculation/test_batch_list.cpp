@@ -1,29 +1,26 @@
-#include <chrono>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
 
 #include "calc_test.h"
-#include "calculation/batch_list.h"
-#include "calculation/calc_modes.h"
 #include "common/numbers.h"
 #include "common/text.h"
 #include "expected_text.h"
-#include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
+#include "report/batch_list.h"
+#include "report/titles.h"
+#include "support/temporary_folder.h"
 
 using namespace quor;
 
 namespace {
 
 using calculation::BatchDataSet;
-using calculation::Deviation;
-using calculation::deviation_text;
-using calculation::ListForm;
-using legacy::the_session;
+using report::Deviation;
+using report::deviation_text;
+using report::ListForm;
 
 /// Lists that compare a model with measured data.
 class BatchList : public CalcTest {
@@ -31,22 +28,30 @@ class BatchList : public CalcTest {
     BatchList() {
         use_fluid();
         use_models({});
-        the_session.BatchFile = "propane.BAQ";
     }
 
-    static void use_sets(std::int16_t mode, const std::vector<BatchDataSet>& sets) {
-        the_session.BatchMode = true;
-        the_session.CalcMode = mode;
-        the_session.BatchCount = static_cast<std::int16_t>(sets.size());
-        legacy::the_BatchData.assign(1, {});
-        legacy::the_BatchData.insert(legacy::the_BatchData.end(), sets.begin(), sets.end());
+    void use_sets(int code, const std::vector<BatchDataSet>& rows) {
+        chosen.task = calculation::task_of_code(code);
+        sets = rows;
     }
 
-    static calculation::ResultList list(bool extended = false, ListForm form = ListForm::File) {
-        calculation::calculate_all_sets();
-        return calculation::make_result_list(calculation::mode_title(the_session.CalcMode),
-                                             the_session.GlobalCalculation, extended, form);
+    report::Comparison compare() const {
+        return report::compare(fluid(), reference, units, chosen, sets, "propane.BAQ");
     }
+
+    std::string title() const { return report::title_of(chosen.task, chosen.method); }
+
+    report::ResultList list(bool extended = false, ListForm form = ListForm::File) const {
+        return report::make_result_list(compare(), title(), extended, form);
+    }
+
+    bool write(const std::filesystem::path& name) const {
+        const std::string path = report::result_file_path(name.string(), folder.path().string());
+        return static_cast<bool>(report::write_result_file(path, compare(), title(), false));
+    }
+
+    TemporaryFolder folder;
+    std::vector<BatchDataSet> sets;
 
     /// Cells of a table row, by the widths of its columns.
     static std::vector<std::string> cells(const std::string& line) {
@@ -107,7 +112,7 @@ TEST_F(BatchList, HeadAndColumnsOfTheFile) {
               (Cells{"", "K", "kPa", "kg/m^3", "kg/m^3", "kJ/kmol", "", "K", "kPa", "kg/m^3",
                      "kg/m^3", "kJ/kmol", "-", "-", "-", "-", "-"}));
     EXPECT_EQ(lines[11], lines[8]);
-    the_session.GlobalCalculation = false;
+    chosen.method.global = false;
     EXPECT_EQ(list().lines[3],
               "Calculation          : T => p(LV) (partial calculation) (BENSON's method)");
 }
@@ -128,10 +133,8 @@ TEST_F(BatchList, PrintedFormHasItsOwnHead) {
 }
 
 TEST_F(BatchList, RowsCompareCalculatedWithMeasuredValues) {
-    const auto at = [](double T) {
-        return models::saturation_pressure(models::current_fluid(), T);
-    };
-    const double M = static_cast<double>(legacy::the_substance.M);
+    const auto at = [&](double T) { return models::saturation_pressure(fluid(), T); };
+    const double M = static_cast<double>(substance.M);
     const auto s300 = at(300), s320 = at(320);
     // 10 % above and 4 % below the calculated pressures; one liquid density, far too large.
     const double p1 = s300.p / 1.10, p2 = s320.p / 0.96;
@@ -157,10 +160,10 @@ TEST_F(BatchList, RowsCompareCalculatedWithMeasuredValues) {
     EXPECT_EQ(second[0], "3") << "an inactive set is left out";
     EXPECT_EQ(second[13], "(-4. %)");
     EXPECT_EQ(result.lines[14], result.lines[8]) << "a set without result is left out";
-    EXPECT_EQ(result.means[calculation::kP].count, 2);
-    EXPECT_NEAR(*result.means[calculation::kP].value(), 7.0, 1e-4);
-    EXPECT_EQ(result.means[calculation::kRhoL].count, 0) << "500 % and more do not count";
-    EXPECT_FALSE(result.means[calculation::kRhoL].value());
+    EXPECT_EQ(result.means[report::kP].count, 2);
+    EXPECT_NEAR(*result.means[report::kP].value(), 7.0, 1e-4);
+    EXPECT_EQ(result.means[report::kRhoL].count, 0) << "500 % and more do not count";
+    EXPECT_FALSE(result.means[report::kRhoL].value());
     const std::string& means = result.lines[15];
     EXPECT_EQ(means.substr(0, 36), "arithmet. mean of ABS(%-deviations):");
     EXPECT_EQ(text::trim(means.substr(36)), "7.00%");
@@ -169,8 +172,8 @@ TEST_F(BatchList, RowsCompareCalculatedWithMeasuredValues) {
 TEST_F(BatchList, FunctionsOfModeEightStandBelowTheirSet) {
     use_sets(8, {{0, 300, 500}});
     const auto lines = list().lines;
-    const auto state = models::solve_state_tp(models::current_fluid(), 300.0, 500.0);
-    const auto z = models::StateFunctions(300, 500, state.v[2]);
+    const auto state = models::solve_state_tp(fluid(), 300.0, 500.0);
+    const auto z = state_functions(300, 500, state.v[2]);
     EXPECT_EQ(lines[8], "Model: CEOS Peng / Robinson; ideal-gas cp: sinh/cosh equation");
     EXPECT_EQ(lines[9], "Reference state: h = 0, s = 0, ideal gas at 298.15 K, 101.325 kPa");
     EXPECT_EQ(lines[10], "Surroundings for exergies: 298.15 K, 101.325 kPa");
@@ -200,7 +203,8 @@ TEST_F(BatchList, SpecificUnitsDoNotChangeTheList) {
 
 TEST_F(BatchList, ExtendedPartHasAllFunctionsOfASet) {
     use_sets(3, {{0, 300, 500}});
-    the_session.OutputPage = 4;
+    chosen.pages.residual = true;
+    chosen.pages.derivatives = true;
     for (const ListForm form : {ListForm::File, ListForm::Print}) {
         const auto lines = list(true, form).lines;
         const auto begin = std::find(lines.begin(), lines.end(),
@@ -215,33 +219,35 @@ TEST_F(BatchList, ExtendedPartHasAllFunctionsOfASet) {
         EXPECT_EQ(page[4], file
                                ? std::string(30, ' ') + "L-phase" + std::string(13, ' ') + "V-phase"
                                : std::string(36, ' ') + "L" + std::string(19, ' ') + "V");
-        const auto state = models::solve_state_tp(models::current_fluid(), 300.0, 500.0);
-        const auto V = models::ResidualFunctions(300, 500, state.v[2]);
+        const auto state = models::solve_state_tp(fluid(), 300.0, 500.0);
+        const auto V = residual_functions(300, 500, state.v[2]);
         EXPECT_EQ(page[6],
                   " (dp/dV) at T  : " + std::string(29, ' ') + expected::signed_exp(V.first[1]));
         const std::string label = file ? "       d2p/dV2 : " : "       d2p/dV² : ";
         EXPECT_EQ(page[15], label + std::string(29, ' ') + expected::signed_exp(V.second[1]));
         EXPECT_EQ(page[27].substr(0, 17), " cp/kJ/kmol/K  : ");
     }
-    the_session.OutputPage = 1;
+    chosen.pages.residual = false;
+    chosen.pages.derivatives = false;
     for (const std::string& line : list(true).lines)
         EXPECT_EQ(line.find("for data set"), std::string::npos);
 }
 
 TEST_F(BatchList, IsTheSameWithADecimalComma) {
     use_sets(3, {{0, 300.5, 500.25, 11.5F, 0, 0, 0}});
-    the_session.OutputPage = 4;
+    chosen.pages.residual = true;
+    chosen.pages.derivatives = true;
     const auto point = list(true).lines;
     numbers::set_decimal_mark(',');
     EXPECT_EQ(list(true).lines, point);
 }
 
 TEST_F(BatchList, EveryModeMakesAList) {
-    for (const std::int16_t eos : Codes{6, 16})
-        for (const std::int16_t mode : Codes{1, 2, 3, 4, 5, 6, 7, 8, 13}) {
+    for (const int eos : Codes{6, 16})
+        for (const int mode : Codes{1, 2, 3, 4, 5, 6, 7, 8, 13}) {
             SCOPED_TRACE(testing::Message() << eos << " mode " << mode);
             use_models({.eos = eos, .hlv = 2});
-            the_session.GlobalCalculation = eos == 6;
+            chosen.method.global = eos == 6;
             use_benson_reference();
             use_sets(mode, {{0, 300, 900, 19.0F, 510.0F, 15000.0F, 0}});
             const auto result = list();
@@ -251,59 +257,39 @@ TEST_F(BatchList, EveryModeMakesAList) {
 
 TEST_F(BatchList, FileNameGetsFolderAndExtension) {
     use_sets(3, {{0, 300, 500}});
-    EXPECT_TRUE(calculation::result_file("one", " T, p => rho", true, false));
-    EXPECT_TRUE(std::filesystem::exists(folder() / "one.LST"));
-    EXPECT_TRUE(calculation::result_file("two.TXT", " T, p => rho", true, false));
-    EXPECT_TRUE(std::filesystem::exists(folder() / "two.TXT"));
-    EXPECT_TRUE(calculation::result_file((folder() / "three").string(), "x", true, false));
-    EXPECT_TRUE(std::filesystem::exists(folder() / "three.LST"));
+    EXPECT_TRUE(write("one"));
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "one.LST"));
+    EXPECT_TRUE(write("two.TXT"));
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "two.TXT"));
+    EXPECT_TRUE(write(folder.path() / "three"));
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "three.LST"));
+    EXPECT_EQ(report::result_file_path("LPT1", folder.path().string()), "LPT1");
 }
 
-TEST_F(BatchList, FiveThousandSetsTakeSecondsAndLeaveTheSession) {
-    std::vector<BatchDataSet> sets;
+TEST_F(BatchList, FiveThousandSetsHaveAResultEach) {
+    std::vector<BatchDataSet> rows;
     for (int i = 0; i < 5000; ++i)
-        sets.push_back({0, 150.0 + 0.04 * i, 20.0 + i, 10.0F, 500.0F, 15000.0F, 0});
-    use_sets(3, sets);
-    legacy::the_BatchData[0] = {0, 333, 444, 5.0F, 6.0F, 0, 0};
-    the_session.DataSetIndex = 7;
-    the_session.OutputPage = 4;
-    the_session.EquilibriumFunctions = true;
-    calculate(8);
-    const std::string text = calculation::result_as_text(calculation::resultText);
-    const auto Fu = legacy::the_Fu;
-    const calculation::LastState last = legacy::the_lastState;
-    const legacy::Session before = the_session;
-
-    const auto start = std::chrono::steady_clock::now();
-    ASSERT_TRUE(calculation::result_file("all", calculation::mode_title(3), true, true));
-    calculation::print_result(calculation::mode_title(3), true, true);
-    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
-    EXPECT_LT(took.count(), 20.0) << "with both pages and a debug build";
-    RecordProperty("seconds", std::to_string(took.count()));
-
-    EXPECT_EQ(calculation::result_as_text(calculation::resultText), text);
-    EXPECT_EQ(legacy::the_Fu, Fu);
-    EXPECT_EQ(legacy::the_lastState.v, last.v);
-    EXPECT_EQ(legacy::the_BatchData[0].T, 333);
-    EXPECT_EQ(the_session.DataSetIndex, before.DataSetIndex);
-    EXPECT_EQ(the_session.CalcMode, before.CalcMode);
-    EXPECT_EQ(the_session.OutputPage, 4);
-    EXPECT_EQ(the_session.CaloricFactor, before.CaloricFactor);
-    EXPECT_EQ(legacy::the_ResultRecords.size(), 5001U);
+        rows.push_back({0, 150.0 + 0.04 * i, 20.0 + i, 10.0F, 500.0F, 15000.0F, 0});
+    use_sets(3, rows);
+    chosen.pages = {.residual = true, .derivatives = true, .functions = true};
+    const report::Comparison all = compare();
+    EXPECT_EQ(all.results.size(), 5000U);
     std::size_t results = 0;
-    for (const auto& record : legacy::the_ResultRecords) results += record.State != "   ";
+    for (const auto& one : all.results) results += one.State != "   ";
     EXPECT_EQ(results, 5000U);
-    EXPECT_TRUE(user.messages.empty()) << user.lastText();
+    EXPECT_TRUE(all.told.empty());
+    EXPECT_GT(report::make_result_list(all, title(), true, ListForm::Print).lines.size(),
+              5000U * 29U);
 }
 
 TEST_F(BatchList, TroubleOfAllSetsIsToldOnce) {
     use_sets(3, std::vector<BatchDataSet>(50, {0, 300, 500, 0, 0, 0, 0}));
     use_units(1);
-    legacy::the_substance.M = 0;
-    calculation::calculate_all_sets();
-    ASSERT_EQ(user.messages.size(), 1U);
-    EXPECT_EQ(user.lastText(), "Division by zero");
-    const auto result = calculation::make_result_list("x", true, false, ListForm::File);
+    substance.M = 0;
+    const report::Comparison all = compare();
+    ASSERT_EQ(all.told.size(), 1U);
+    EXPECT_EQ(all.told[0].text, "Division by zero");
+    const auto result = report::make_result_list(all, "x", false, ListForm::File);
     for (const auto& mean : result.means) EXPECT_FALSE(mean.value());
 }
 

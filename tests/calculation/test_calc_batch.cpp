@@ -1,25 +1,18 @@
 #include <cmath>
 
 #include "calc_test.h"
-#include "calculation/calc_modes.h"
-#include "calculation/partial_choice.h"
 #include "common/numbers.h"
 #include "expected_text.h"
-#include "legacy/current_fluid.h"
 #include "models/cubic_eos.h"
 #include "models/saturation.h"
 #include "models/virial.h"
-#include "support/codes.h"
 
 using namespace quor;
 
 namespace {
 
-using calculation::CalcCall;
-using calculation::resultText;
 using expected::fix;
 using expected::g7;
-using legacy::the_session;
 using testing::Contains;
 
 /// What the central routine says and does beside its numbers.
@@ -30,15 +23,15 @@ class CalcBatch : public CalcTest {
         use_models({});
     }
 
-    static double Tc() { return legacy::the_substance.Tcrit; }
-    static double pc() { return legacy::the_substance.pcrit; }
+    double Tc() const { return substance.Tcrit; }
+    double pc() const { return substance.pcrit; }
 
     void expect_error(const std::string& red) {
         EXPECT_EQ(resultText.par1.text, red);
         EXPECT_TRUE(resultText.par1.red);
         EXPECT_TRUE(resultText.Liste.empty());
         EXPECT_EQ(resultText.State, "   ");
-        EXPECT_EQ(legacy::the_currentResult.State, "   ");
+        EXPECT_EQ(lastRecord.State, "   ");
         EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
     }
 };
@@ -47,11 +40,11 @@ class CalcBatch : public CalcTest {
 
 TEST_F(CalcBatch, FirstPassWithoutInputStopsWithoutAMessageBox) {
     use_input({});
-    for (const std::int16_t mode : Codes{1, 2, 3, 4, 6, 8, 11}) {
+    for (const int mode : Codes{1, 2, 3, 4, 6, 8, 11}) {
         EXPECT_TRUE(calculate(mode).Failed) << mode;
         expect_error("no T in this data set");
     }
-    for (const std::int16_t mode : Codes{5, 7, 13}) {
+    for (const int mode : Codes{5, 7, 13}) {
         EXPECT_TRUE(calculate(mode).Failed) << mode;
         expect_error("No p in this data set");
     }
@@ -72,7 +65,7 @@ TEST_F(CalcBatch, SaysWhichOfTwoValuesIsMissing) {
 }
 
 TEST_F(CalcBatch, RemarksOnTemperaturesBelowTheTriplePointAndGoesOn) {
-    legacy::the_substance.Ttriple = 250.0F;
+    substance.Ttriple = 250.0F;
     use_input({.T = 240, .p = 1});
     calculate(3);
     ASSERT_EQ(user.messages.size(), 1U);
@@ -80,8 +73,8 @@ TEST_F(CalcBatch, RemarksOnTemperaturesBelowTheTriplePointAndGoesOn) {
     EXPECT_EQ(user.lastTitle(), "Remark");
     EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Exclamation);
     EXPECT_NE(resultText.State, "   ");
-    calculate(3, false, false);  // not interactive
-    calculate(16);               // the ideal gas has no triple point
+    calculate(3, report::Tell::necessary);  // not interactive
+    calculate(16);                          // the ideal gas has no triple point
     use_models({.eos = 16});
     calculate(3);
     EXPECT_EQ(user.messages.size(), 1U);
@@ -90,24 +83,20 @@ TEST_F(CalcBatch, RemarksOnTemperaturesBelowTheTriplePointAndGoesOn) {
 TEST_F(CalcBatch, EverythingOfThePreviousCallIsForgotten) {
     use_input({.T = 300, .p = 1000});
     calculate(8);
-    EXPECT_NE(legacy::the_Fu[20], 0.0);
-    EXPECT_GT(legacy::the_lastState.Roots, 0);
+    EXPECT_NE(Fu[20], 0.0);
+    EXPECT_GT(last.answer.last.Roots, 0);
     use_input({});
     calculate(8);
-    for (const double value : legacy::the_Fu) EXPECT_EQ(value, 0.0);
-    EXPECT_EQ(legacy::the_lastState.Roots, 0);
-    EXPECT_EQ(legacy::the_vRoots[0], 0.0);
+    for (const double value : Fu) EXPECT_EQ(value, 0.0);
+    EXPECT_EQ(last.answer.last.Roots, 0);
+    EXPECT_EQ(last.answer.last.v[0], 0.0);
     EXPECT_TRUE(resultText.co1.text.empty());
 }
 
-TEST_F(CalcBatch, AnIndexBeyondTheDataHasNoT) {
-    use_input({.T = 300, .p = 100});
-    for (const std::int16_t index : Codes{-1, 2, 30000}) {
-        CalcCall call{.Mode = 3, .Index = index};
-        calculation::CalcBatch(call);
-        EXPECT_TRUE(call.Failed);
-        EXPECT_EQ(resultText.par1.text, "no T in this data set");
-    }
+TEST_F(CalcBatch, AMeasuredSetWithoutValuesHasNoT) {
+    use_input({}, true);
+    EXPECT_TRUE(calculate(3).Failed);
+    EXPECT_EQ(resultText.par1.text, "no T in this data set");
 }
 
 // ---- Texts of single cases --------------------------------------------------------------------
@@ -120,18 +109,17 @@ TEST_F(CalcBatch, CloseToTheCriticalPointIsNamed) {
     EXPECT_EQ(all[0], "Critical point!");
     EXPECT_EQ(all[1], " T(cr) = 369.89 K");
     EXPECT_EQ(all[2], " p(cr) = 4251.20 kPa");
-    EXPECT_EQ(all[3], "rho(cr) = " + fix(legacy::the_eosParameters.rhocritCalc, 1) + " kg/m^3");
-    EXPECT_EQ(all[4], "  v(cr) = " + g7(legacy::the_eosParameters.vcritCalc) + " m^3/kmol");
+    EXPECT_EQ(all[3], "rho(cr) = " + fix(eosParameters.rhocritCalc, 1) + " kg/m^3");
+    EXPECT_EQ(all[4], "  v(cr) = " + g7(eosParameters.vcritCalc) + " m^3/kmol");
     use_input({.T = Tc() + 0.06, .p = pc()});
     calculate(3);
     EXPECT_THAT(lines(), testing::Not(Contains("Critical point!")));
 }
 
 TEST_F(CalcBatch, HalfwayBetweenTheVolumesHalfIsVapour) {
-    const auto sat = models::saturation_pressure(models::current_fluid(), 310.0);
+    const auto sat = models::saturation_pressure(fluid(), 310.0);
     const double v = 0.5 * (sat.v[0] + sat.v[2]);
-    use_input(
-        {.T = 310, .rhoV = static_cast<float>(static_cast<double>(legacy::the_substance.M) / v)});
+    use_input({.T = 310, .rhoV = static_cast<float>(static_cast<double>(substance.M) / v)});
     calculate(1);
     EXPECT_EQ(resultText.State, "V+L");
     ASSERT_FALSE(lines().empty());
@@ -142,10 +130,10 @@ TEST_F(CalcBatch, HalfwayBetweenTheVolumesHalfIsVapour) {
 
 TEST_F(CalcBatch, VirialVolumeBelowBHasNoPressure) {
     use_models({.eos = 10});
-    legacy::the_eosParameters.eosB0 = 0.5;
-    legacy::the_eosParameters.eosNB = 0.0;
+    eosParameters.eosB0 = 0.5;
+    eosParameters.eosNB = 0.0;
     use_input({.T = 300, .rhoV = 100.0F});  // v = 0.44 m^3/kmol
-    const CalcCall call = calculate(1);
+    const Outcome call = calculate(1);
     EXPECT_TRUE(call.Failed);
     EXPECT_EQ(call.Pressure, 0.0);
     EXPECT_EQ(resultText.co2.text, " p = , no p-solution (V < B)");
@@ -154,11 +142,12 @@ TEST_F(CalcBatch, VirialVolumeBelowBHasNoPressure) {
 
 TEST_F(CalcBatch, VolumeBelowTheCovolumeIsReported) {
     use_input({.T = 300, .rhoV = 900.0F});
-    EXPECT_EQ(calculate(1).Text, "ERROR1");
+    calculate(1);
+    EXPECT_EQ(last.answer.reason, calculation::Reason::belowCovolume);
     const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
     EXPECT_THAT(lines(), Contains(report + " (v <= b) ERROR1"));
     EXPECT_TRUE(resultText.Liste[0].red);
-    the_session.GlobalCalculation = false;
+    chosen.method.global = false;
     calculate(1);
     EXPECT_THAT(lines(), Contains(report + " (v <= b)"));
 }
@@ -168,7 +157,7 @@ TEST_F(CalcBatch, SmallPressuresAreShownAs32BitValues) {
     calculate(3);
     EXPECT_EQ(resultText.par2.text, "p = 0.005 kPa");
     use_input({.T = 300, .rhoV = 1.0e-5F});
-    const CalcCall call = calculate(1);
+    const Outcome call = calculate(1);
     ASSERT_LT(call.Pressure, 0.01);
     EXPECT_EQ(resultText.co2.text, " System pressure p/kPa = " + g7(call.Pressure));
 }
@@ -192,12 +181,12 @@ TEST_F(CalcBatch, BeyondTheCriticalValueThereIsNoEquilibrium) {
 
 TEST_F(CalcBatch, EquilibriumAtTheCriticalPointHasOneVolume) {
     use_input({.T = Tc(), .p = pc()});
-    for (const std::int16_t mode : Codes{4, 5}) {
-        const CalcCall call = calculate(mode);
+    for (const int mode : Codes{4, 5}) {
+        const Outcome call = calculate(mode);
         EXPECT_FALSE(call.Failed);
         EXPECT_DOUBLE_EQ(call.Pressure, pc());
-        EXPECT_DOUBLE_EQ(legacy::the_Fu[9], legacy::the_eosParameters.vcritCalc);
-        EXPECT_DOUBLE_EQ(legacy::the_Fu[19], legacy::the_eosParameters.vcritCalc);
+        EXPECT_DOUBLE_EQ(Fu[9], eosParameters.vcritCalc);
+        EXPECT_DOUBLE_EQ(Fu[19], eosParameters.vcritCalc);
         EXPECT_EQ(resultText.co1.text, "=> critical point (T = T(cr), p = p(cr))");
         EXPECT_TRUE(resultText.lblGleich);
     }
@@ -225,7 +214,8 @@ TEST_F(CalcBatch, NamesTheRegionAndItsColumns) {
         use_input({.T = c.T, .p = c.p});
         calculate(3);
         EXPECT_EQ(resultText.co1.text, c.text);
-        EXPECT_EQ(legacy::the_PhaseRegion, c.region);
+        ASSERT_TRUE(last.answer.region);
+        EXPECT_EQ(static_cast<std::int16_t>(*last.answer.region), c.region);
         EXPECT_EQ(resultText.lblLphase, c.L);
         EXPECT_EQ(resultText.lblVphase, c.V);
         EXPECT_EQ(resultText.lblGleich, c.same);
@@ -237,22 +227,22 @@ TEST_F(CalcBatch, NamesTheRegionAndItsColumns) {
 TEST_F(CalcBatch, CaptionsStandAboveTheirColumns) {
     use_input({.T = 300, .p = 997.43});
     calculate(4);
-    const std::string header = calculation::phase_header(resultText);
+    const std::string header = report::phase_header(resultText);
     EXPECT_EQ(header, std::string(47, ' ') + "L-Phase" + std::string(13, ' ') + "V-Phase");
     EXPECT_EQ(header.size(), lines()[1].size());
     use_input({.T = Tc() + 10, .p = pc() + 10});
     calculate(3);
-    EXPECT_EQ(calculation::phase_header(resultText),
+    EXPECT_EQ(report::phase_header(resultText),
               std::string(44, ' ') + "L-Phase identical with V-Phase");
 }
 
 TEST_F(CalcBatch, CopiesAsTextAndAsTable) {
     use_input({.T = 300, .p = 100});
     calculate(3);
-    const std::string text = calculation::result_as_text(resultText);
+    const std::string text = report::result_as_text(resultText);
     EXPECT_EQ(text.substr(0, text.find('\n')), "T = 300.000 K");
-    EXPECT_NE(text.find(calculation::phase_header(resultText) + "\ndensity "), std::string::npos);
-    const std::string table = calculation::result_as_table(resultText);
+    EXPECT_NE(text.find(report::phase_header(resultText) + "\ndensity "), std::string::npos);
+    const std::string table = report::result_as_table(resultText);
     EXPECT_NE(table.find("\n\tL-Phase\tV-Phase\ndensity          rho/ (kg/m^3)  =\t\t"),
               std::string::npos)
         << table;
@@ -267,7 +257,7 @@ TEST_F(CalcBatch, AVapourOnlyModelHasNoRegion) {
 }
 
 TEST_F(CalcBatch, WithoutAVapourPressureEquationTheDataSetStandsIn) {
-    the_session.GlobalCalculation = false;
+    chosen.method.global = false;
     use_models({.vp = "000"});
     use_benson_reference();
     use_input({.T = 300});
@@ -282,50 +272,50 @@ TEST_F(CalcBatch, WithoutAVapourPressureEquationTheDataSetStandsIn) {
     use_input({.T = 300, .p = 990.5}, true);
     EXPECT_FALSE(calculate(4).Failed);
     EXPECT_EQ(resultText.co2.text, " p(LV)(from data set) = 990.5 kPa");
-    EXPECT_DOUBLE_EQ(legacy::the_Fu[1], 990.5);
+    EXPECT_DOUBLE_EQ(Fu[1], 990.5);
     EXPECT_FALSE(calculate(5).Failed);
     EXPECT_EQ(resultText.co2.text, " T(LV) (from data set) = 300.0 K");
-    EXPECT_DOUBLE_EQ(legacy::the_Fu[0], 300.0);
+    EXPECT_DOUBLE_EQ(Fu[0], 300.0);
 }
 
 TEST_F(CalcBatch, PartialEquilibriumAboveThePressureOfTheEosHasNoVapourVolume) {
-    the_session.GlobalCalculation = false;
+    chosen.method.global = false;
     use_models({.vp = "000"});
     use_benson_reference();
     // Above the loop of the isotherm there is one root, and it is that of the liquid.
     use_input({.T = 300, .p = 3000}, true);
     calculate(4);
     EXPECT_THAT(lines(), Contains("density          rho/ (kg/m^3)  ="));
-    EXPECT_EQ(legacy::the_Fu[9], 0.0);
-    EXPECT_EQ(legacy::the_Fu[19], 0.0);
+    EXPECT_EQ(Fu[9], 0.0);
+    EXPECT_EQ(Fu[19], 0.0);
 }
 
 TEST_F(CalcBatch, WithoutASecondReferencePointPartialDensitiesStayEmpty) {
-    the_session.GlobalCalculation = false;
+    chosen.method.global = false;
     use_input({.T = 300});
-    const CalcCall call = calculate(4);
+    const Outcome call = calculate(4);
     EXPECT_FALSE(call.Failed);
     EXPECT_THAT(lines(), Contains("density          rho/ (kg/m^3)  ="));
     EXPECT_THAT(lines(), Contains("Volume           v/ (m^3/kmol)  ="));
-    EXPECT_EQ(legacy::the_currentResult.rhoL, 0.0F);
+    EXPECT_EQ(lastRecord.rhoL, 0.0F);
 }
 
 TEST_F(CalcBatch, AnAssumedEquilibriumGetsItsLiquidFromBenson) {
     use_models({.eos = 16});
     use_benson_reference();
-    the_session.AssumedVle = true;
+    chosen.method.assumedVle = true;
     use_input({.T = 300, .p = 990});
-    const CalcCall call = calculate(3);
+    const Outcome call = calculate(3);
     EXPECT_TRUE(call.HasL && call.HasV);
     EXPECT_EQ(resultText.State, "V+L");
     EXPECT_THAT(lines(), Contains("            by BENSON's method:"));
-    const models::BensonPoint& ref = the_session.BensonReference;
+    const models::BensonPoint& ref = chosen.method.reference;
     const double Tref = static_cast<double>(ref.T);
-    const double rhoV = static_cast<double>(legacy::the_currentResult.rhoV);
+    const double rhoV = static_cast<double>(lastRecord.rhoV);
     const double sum = static_cast<double>(ref.rhoL) + static_cast<double>(ref.rhoV);
-    EXPECT_NEAR(static_cast<double>(legacy::the_currentResult.rhoL),
+    EXPECT_NEAR(static_cast<double>(lastRecord.rhoL),
                 sum * (300 - Tc()) / (Tref - Tc()) +
-                    2 * legacy::the_substance.rhocrit * (Tref - 300) / (Tref - Tc()) - rhoV,
+                    2 * substance.rhocrit * (Tref - 300) / (Tref - Tc()) - rhoV,
                 1e-3);
 }
 
@@ -339,8 +329,8 @@ TEST_F(CalcBatch, FailedVapourPressureEquationIsReported) {
 }
 
 TEST_F(CalcBatch, EosThatFindsNoEquilibriumIsReported) {
-    legacy::the_models.EOSOnlyV = false;
-    legacy::the_models.EOSModel = codes::eos(-1);
+    selection.EOSOnlyV = false;
+    selection.EOSModel = models::Eos::none;
     use_input({.T = 300, .p = 900});
     const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
     EXPECT_TRUE(calculate(4).Failed);
@@ -357,7 +347,7 @@ TEST_F(CalcBatch, NoEnthalpyOfVaporisationIsTold) {
     EXPECT_TRUE(resultText.Liste[0].red);
     EXPECT_EQ(resultText.co1.text, "No p available");
     EXPECT_TRUE(resultText.co1.red);
-    EXPECT_EQ(legacy::the_Fu[29], 0.0);
+    EXPECT_EQ(Fu[29], 0.0);
 }
 
 TEST_F(CalcBatch, MissingHeatCapacityEndsTheFunctionsButNotTheState) {
@@ -376,19 +366,19 @@ TEST_F(CalcBatch, ModeWithoutAFunctionShowsOnlyT) {
     EXPECT_EQ(resultText.par1.text, "T = 300.000 K");
     EXPECT_TRUE(resultText.co1.text.empty() && resultText.co2.text.empty());
     EXPECT_TRUE(lines().empty());
-    EXPECT_DOUBLE_EQ(legacy::the_Fu[0], 300.0);
+    EXPECT_DOUBLE_EQ(Fu[0], 300.0);
     EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
 }
 
 TEST_F(CalcBatch, PolytropicProcessShowsItsStartAndHidesThePanels) {
-    legacy::the_processLine.T1 = 310;
-    legacy::the_processLine.p1 = 450;
+    process.T1 = 310;
+    process.p1 = 450;
     use_input({});
     calculate(12);
     EXPECT_EQ(resultText.par1.text, "T = 310.000 K");
     EXPECT_EQ(resultText.par2.text, "p = 450.000 kPa");
     EXPECT_TRUE(resultText.panelsHidden);
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 310);
+    EXPECT_DOUBLE_EQ(last.answer.T, 310);
     use_input({.T = 300, .p = 100});
     calculate(3);
     EXPECT_FALSE(resultText.panelsHidden);
@@ -396,18 +386,24 @@ TEST_F(CalcBatch, PolytropicProcessShowsItsStartAndHidesThePanels) {
 
 // ---- Flags ------------------------------------------------------------------------------------
 
-TEST_F(CalcBatch, QuietCallsWriteNoList) {
-    use_input({.T = 300, .p = 100});
-    const CalcCall call = calculate(3, true);
-    EXPECT_TRUE(call.HasV);
-    EXPECT_TRUE(resultText.Liste.empty());
-    EXPECT_EQ(legacy::the_currentResult.State, " V ");
-    EXPECT_EQ(legacy::the_ResultRecords[0].State, " V ");
+TEST_F(CalcBatch, AnAnswerNeedsNoWords) {
+    const calculation::Answer a = calculation::calculate(fluid(), reference,
+                                                         {.task = calculation::Task::state,
+                                                          .given = {.T = 300, .p = 100},
+                                                          .method = {},
+                                                          .pages = {},
+                                                          .tank = {},
+                                                          .process = {}});
+    EXPECT_TRUE(a.ok());
+    ASSERT_TRUE(a.phases.vapour);
+    EXPECT_FALSE(a.phases.liquid);
+    EXPECT_NEAR(a.phases.vapour->rho * a.phases.vapour->v, static_cast<double>(substance.M), 1e-9);
+    EXPECT_EQ(report::record_of(a).State, " V ");
 }
 
 TEST_F(CalcBatch, TellsPhasesRootsAndFraction) {
     use_input({.T = 300, .p = 100});
-    CalcCall call = calculate(3);
+    Outcome call = calculate(3);
     EXPECT_TRUE(!call.HasL && call.HasV);
     EXPECT_EQ(call.Roots, 3);
     EXPECT_EQ(call.FractionV, 100.0F);
@@ -447,16 +443,16 @@ TEST_F(CalcBatch, DiagnosisNeedsAStateOfTheCubicEos) {
            {20, false}});
     use_models({.priority = false, .hlv = 2});
     check({{3, true}, {4, false}, {5, false}, {6, false}, {7, false}});
-    the_session.GlobalCalculation = false;
+    chosen.method.global = false;
     check({{1, false}, {3, false}, {8, false}});
-    the_session.GlobalCalculation = true;
+    chosen.method.global = true;
     use_models({.eos = 16});
     check({{1, false}, {3, false}, {8, false}});
 }
 
 TEST_F(CalcBatch, ACodeThatDoesNotExistDoesNothing) {
     use_input({.T = 300, .p = 900});
-    for (const std::int16_t mode : Codes{-1, 0, 25, 32000}) {
+    for (const int mode : Codes{-1, 0, 25, 32000}) {
         calculate(mode);
         EXPECT_TRUE(resultText.par1.text.empty());
         EXPECT_TRUE(lines().empty());

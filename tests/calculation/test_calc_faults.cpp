@@ -1,17 +1,12 @@
 #include <cmath>
 
 #include "calc_test.h"
-#include "legacy/current_fluid.h"
 #include "models/saturation.h"
 #include "support/fluids.h"
 
 using namespace quor;
 
 namespace {
-
-using calculation::CalcCall;
-using calculation::resultText;
-using legacy::the_session;
 
 /// Singular and extreme inputs.
 class CalcFaults : public CalcTest {
@@ -21,50 +16,49 @@ class CalcFaults : public CalcTest {
         use_models({});
     }
 
-    static double Tc() { return legacy::the_substance.Tcrit; }
+    double Tc() const { return substance.Tcrit; }
 };
 
 TEST_F(CalcFaults, ZeroMolarMassInSpecificUnitsEndsInTheGuard) {
     use_units(1);
-    legacy::the_substance.M = 0;
+    substance.M = 0;
     use_input({.T = 300, .p = 900, .rhoV = 10.0F, .rhoL = 500.0F});
-    for (const std::int16_t mode : Codes{1, 2, 3, 4, 5, 6, 7, 8, 11, 13, 16}) {
+    for (const int mode : Codes{1, 2, 3, 4, 5, 6, 7, 8, 11, 13, 16}) {
         SCOPED_TRACE(mode);
         user.messages.clear();
         EXPECT_TRUE(calculate(mode).Failed);
         ASSERT_EQ(user.messages.size(), 1U);
         EXPECT_EQ(user.lastText(), "Division by zero");
         EXPECT_EQ(user.lastTitle(), "WARNING");
-        EXPECT_EQ(legacy::the_currentResult.State, "   ");
+        EXPECT_EQ(lastRecord.State, "   ");
     }
 }
 
 TEST_F(CalcFaults, ZeroMolarMassInMolarUnitsGivesNoDensityAndNoFault) {
-    legacy::the_substance.M = 0;
+    substance.M = 0;
     use_input({.T = 300, .p = 900, .rhoV = 10.0F});
-    for (const std::int16_t mode : Codes{1, 3, 4, 8, 13}) {
+    for (const int mode : Codes{1, 3, 4, 8, 13}) {
         SCOPED_TRACE(mode);
         calculate(mode);
-        for (const double value : legacy::the_Fu) EXPECT_TRUE(std::isfinite(value));
+        for (const double value : Fu) EXPECT_TRUE(std::isfinite(value));
         EXPECT_EQ(resultText.co2.text.find("nan"), std::string::npos);
     }
 }
 
 TEST_F(CalcFaults, AReferencePointAtTheCriticalPointGivesNoLiquid) {
-    the_session.GlobalCalculation = false;
-    legacy::the_substance.Tcrit = static_cast<double>(static_cast<float>(Tc()));
-    the_session.BensonReference = {static_cast<float>(Tc()), 4000.0F, 300.0F, 150.0F};
-    the_session.BensonReferenceValid = true;
+    chosen.method.global = false;
+    substance.Tcrit = static_cast<double>(static_cast<float>(Tc()));
+    chosen.method.reference = {static_cast<float>(Tc()), 4000.0F, 300.0F, 150.0F};
     use_input({.T = 300});
     calculate(4);
-    EXPECT_EQ(legacy::the_currentResult.rhoL, 0.0F);
-    for (const double value : legacy::the_Fu) EXPECT_TRUE(std::isfinite(value));
+    EXPECT_EQ(lastRecord.rhoL, 0.0F);
+    for (const double value : Fu) EXPECT_TRUE(std::isfinite(value));
 }
 
 TEST_F(CalcFaults, AValueBeyond32BitsEndsInTheGuard) {
-    legacy::the_substance.M = 1e38F;
+    substance.M = 1e38F;
     use_input({.T = 300, .p = 1e5});
-    const CalcCall call = calculate(3);
+    const Outcome call = calculate(3);
     EXPECT_TRUE(call.Failed);
     EXPECT_EQ(user.lastText().substr(0, 8), "Overflow");
     EXPECT_EQ(user.lastTitle(), "WARNING");
@@ -73,7 +67,7 @@ TEST_F(CalcFaults, AValueBeyond32BitsEndsInTheGuard) {
 TEST_F(CalcFaults, NoInputMakesANumberThatIsNone) {
     const double values[] = {1e-300, 1e-7,  1e-6,   0.5, 85.0, 300.0,
                              369.89, 370.0, 4251.2, 1e5, 1e9,  1e300};
-    for (const std::int16_t eos : Codes{0, 2, 3, 4, 5, 6, 10, 11, 16}) {
+    for (const int eos : Codes{0, 2, 3, 4, 5, 6, 10, 11, 16}) {
         use_models({.eos = eos});
         use_benson_reference();
         for (const bool global : {true, false})
@@ -81,10 +75,10 @@ TEST_F(CalcFaults, NoInputMakesANumberThatIsNone) {
                 for (const double p : values) {
                     const auto rho = static_cast<float>(std::min(p, 1e30));
                     use_input({.T = T, .p = p, .rhoV = rho, .rhoL = rho});
-                    for (std::int16_t mode = 1; mode <= 24; ++mode) {
-                        the_session.GlobalCalculation = global;
-                        calculate(mode, false, false);
-                        for (const double value : legacy::the_Fu)
+                    for (int mode = 1; mode <= 24; ++mode) {
+                        chosen.method.global = global;
+                        calculate(mode, report::Tell::necessary);
+                        for (const double value : Fu)
                             ASSERT_TRUE(std::isfinite(value)) << mode << " " << T << " " << p;
                     }
                 }
@@ -94,20 +88,20 @@ TEST_F(CalcFaults, NoInputMakesANumberThatIsNone) {
 TEST_F(CalcFaults, NoSubstanceAndNoCubicModelMissesAnEquilibrium) {
     int states = 0;
     for (const std::string& name : fluids::AllNames())
-        for (const std::int16_t eos : Codes{2, 3, 4, 5, 6}) {
+        for (const int eos : Codes{2, 3, 4, 5, 6}) {
             use_fluid(name);
-            const models::SubstanceRecord& s = legacy::the_substance;
+            const models::SubstanceRecord& s = substance;
             if (s.Tcrit <= 0 || s.pcrit <= 0 || (eos > 4 && s.omega == 0)) continue;
             use_models({.eos = eos, .vp = "000"});
             for (const double Tr : {0.35, 0.45, 0.6, 0.7, 0.8, 0.9, 0.97, 0.995}) {
                 const double T = Tr * s.Tcrit;
-                const auto sat = models::saturation_pressure(models::current_fluid(), T);
+                const auto sat = models::saturation_pressure(fluid(), T);
                 ASSERT_EQ(sat.status, 0);
                 if (sat.p < 1e-5) continue;  // a p below 1E-6 kPa counts as not given
                 SCOPED_TRACE(testing::Message() << name << " eos " << eos << " Tr " << Tr);
                 use_input({.T = T, .p = sat.p});
-                for (const std::int16_t mode : Codes{4, 5}) {
-                    ASSERT_FALSE(calculate(mode, true, false).Failed);
+                for (const int mode : Codes{4, 5}) {
+                    ASSERT_FALSE(calculate(mode, report::Tell::necessary).Failed);
                     ASSERT_EQ(resultText.State, "V+L");
                 }
                 for (const double y : {0.05, 0.3, 0.8}) {
@@ -115,8 +109,9 @@ TEST_F(CalcFaults, NoSubstanceAndNoCubicModelMissesAnEquilibrium) {
                     const auto rho = static_cast<float>(static_cast<double>(s.M) / v);
                     if (rho < 1e-5F) continue;
                     use_input({.T = T, .p = sat.p, .rhoV = rho});
-                    for (const std::int16_t mode : Codes{1, 13}) {
-                        ASSERT_FALSE(calculate(mode, true, false).Failed) << "mode " << mode;
+                    for (const int mode : Codes{1, 13}) {
+                        ASSERT_FALSE(calculate(mode, report::Tell::necessary).Failed)
+                            << "mode " << mode;
                         ASSERT_EQ(resultText.State, "V+L") << "mode " << mode;
                     }
                     ++states;

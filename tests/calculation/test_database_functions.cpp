@@ -7,7 +7,6 @@ using namespace quor;
 
 namespace {
 
-using calculation::resultText;
 using expected::fix;
 using expected::g7;
 using testing::Contains;
@@ -22,7 +21,7 @@ class DatabaseFunctions : public CalcTest {
 };
 
 struct DatabaseCase {
-    std::int16_t mode;
+    int mode;
     double T;
     std::vector<std::string> list;
     std::string name;
@@ -30,7 +29,7 @@ struct DatabaseCase {
 };
 
 TEST_F(DatabaseFunctions, DatabaseFunctionsTellValueAndValidity) {
-    models::SubstanceRecord& s = legacy::the_substance;
+    models::SubstanceRecord& s = substance;
     s.rhoLPar = {1000.0F, -1.5F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
     s.rhoLTLo = 200;
     s.rhoLTHi = 350;
@@ -77,8 +76,8 @@ TEST_F(DatabaseFunctions, DatabaseFunctionsTellValueAndValidity) {
         EXPECT_EQ(resultText.co1.text,
                   " Calculation by using the Database Function " + c.name + " Fu(T)");
         EXPECT_EQ(resultText.co2.text, T);
-        EXPECT_NE(legacy::the_Fu[c.fu], 0.0);
-        EXPECT_DOUBLE_EQ(legacy::the_Fu[0], c.T);
+        EXPECT_NE(Fu[c.fu], 0.0);
+        EXPECT_DOUBLE_EQ(Fu[0], c.T);
         EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
     }
     EXPECT_TRUE(user.messages.empty()) << user.lastText();
@@ -87,7 +86,7 @@ TEST_F(DatabaseFunctions, DatabaseFunctionsTellValueAndValidity) {
 TEST_F(DatabaseFunctions, VapourPressureEquationsAreScaledInReducedUnits) {
     use_input({.T = 300});
     const struct {
-        std::int16_t mode;
+        int mode;
         const char* label;
         double p;
     } rows[] = {{21, " p(LV), Antoine (Lo-p) = ",
@@ -98,12 +97,10 @@ TEST_F(DatabaseFunctions, VapourPressureEquationsAreScaledInReducedUnits) {
             use_units(unit);
             calculate(row.mode);
             const double factor =
-                unit == 2
-                    ? static_cast<double>(static_cast<float>(1.0 / legacy::the_substance.pcrit))
-                    : 1.0;
+                unit == 2 ? static_cast<double>(static_cast<float>(1.0 / substance.pcrit)) : 1.0;
             ASSERT_FALSE(lines().empty());
             EXPECT_EQ(lines()[0], row.label + g7(row.p * factor) + " kPa");
-            EXPECT_NEAR(legacy::the_Fu[1], row.p * factor, 1e-9 * row.p);
+            EXPECT_NEAR(Fu[1], row.p * factor, 1e-9 * row.p);
         }
 }
 
@@ -114,14 +111,14 @@ TEST_F(DatabaseFunctions, EachVapourPressureModeReadsItsOwnSet) {
     const char* labels[] = {" p(LV), ext. Frost-Kalkwarf = ", " p(LV), Wagner = ",
                             " p(LV), Antoine (Lo-p) = ", " p(LV), Antoine (Hi-p) = "};
     const char* names[] = {"FRO", "WAG", "ALP", "AHP"};
-    for (std::int16_t mode = 19; mode <= 22; ++mode) {
+    for (int mode = 19; mode <= 22; ++mode) {
         SCOPED_TRACE(mode);
         EXPECT_FALSE(calculate(mode).Failed);
         EXPECT_EQ(lines()[0].find(labels[mode - 19]), 0U);
         EXPECT_EQ(resultText.co1.text, std::string(" Calculation by using the Database Function ") +
                                            names[mode - 19] + " Fu(T)");
         // Nitrogen boils at 360 kPa at 90 K (R. Span et al., J. Phys. Chem. Ref. Data 29 (2000)).
-        EXPECT_NEAR(legacy::the_Fu[1], 360.0, 6.0);
+        EXPECT_NEAR(Fu[1], 360.0, 6.0);
     }
 }
 
@@ -153,7 +150,7 @@ TEST_F(DatabaseFunctions, ASinglePointDensityHoldsTenKelvinAroundIt) {
 TEST_F(DatabaseFunctions, DatabaseFunctionThatDoesNotExistIsRefused) {
     use_models({.cp = 0});
     use_input({.T = 300});
-    for (const std::int16_t mode : Codes{16, 17, 18, 22, 24}) {
+    for (const int mode : Codes{16, 17, 18, 22, 24}) {
         SCOPED_TRACE(mode);
         user.messages.clear();
         EXPECT_TRUE(calculate(mode).Failed);

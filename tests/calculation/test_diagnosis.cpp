@@ -1,18 +1,16 @@
 #include <cmath>
 
 #include "calc_test.h"
-#include "calculation/diagnosis.h"
 #include "expected_text.h"
-#include "legacy/current_fluid.h"
 #include "models/cubic_eos.h"
 #include "models/saturation.h"
+#include "report/diagnosis.h"
 
 using namespace quor;
 
 namespace {
 
-using calculation::diagnose_last_state;
-using calculation::Diagnosis;
+using report::Diagnosis;
 
 /// The explanation of the roots of the cubic EOS.
 class DiagnosisTest : public CalcTest {
@@ -22,10 +20,12 @@ class DiagnosisTest : public CalcTest {
         use_models({});
     }
 
-    static Diagnosis of_state(double T, double p) {
+    Diagnosis of_last() const { return report::diagnose(fluid(), last.answer.last); }
+
+    Diagnosis of_state(double T, double p) {
         use_input({.T = T, .p = p});
         calculate(3);
-        return diagnose_last_state();
+        return of_last();
     }
 
     static std::vector<std::string> notes(const Diagnosis& d) {
@@ -51,18 +51,16 @@ TEST_F(DiagnosisTest, ThreeRootsAreNamedByTheirStability) {
     ASSERT_EQ(d.roots.size(), 3U);
     for (std::size_t i = 0; i < 3; ++i) {
         EXPECT_EQ(d.roots[i].caption, "v(" + std::to_string(i + 1) + ") =");
-        EXPECT_EQ(d.roots[i].value, expected::g7(legacy::the_lastState.v[i]) + " m^3/kmol");
-        EXPECT_NEAR(
-            models::cubic_pressure(models::eos_at(models::current_fluid(), 300), 300, d.roots[i].v),
-            500, 1e-3);
+        EXPECT_EQ(d.roots[i].value, expected::g7(last.answer.last.v[i]) + " m^3/kmol");
+        EXPECT_NEAR(models::cubic_pressure(models::eos_at(fluid(), 300), 300, d.roots[i].v), 500,
+                    1e-3);
     }
     EXPECT_EQ(notes(d), (Notes{"(metastable)", "(unstable)", "(stable, V-phase)"}));
     EXPECT_EQ(notes(of_state(300, 1200)),
               (Notes{"(stable, L-phase)", "(unstable)", "(metastable)"}));
     use_input({.T = 300});
     calculate(4);
-    EXPECT_EQ(notes(diagnose_last_state()),
-              (Notes{"(stable, L-phase)", "(unstable)", "(stable, V-phase)"}));
+    EXPECT_EQ(notes(of_last()), (Notes{"(stable, L-phase)", "(unstable)", "(stable, V-phase)"}));
 }
 
 TEST_F(DiagnosisTest, OneRootIsOneLine) {
@@ -75,12 +73,12 @@ TEST_F(DiagnosisTest, OneRootIsOneLine) {
 }
 
 TEST_F(DiagnosisTest, AreasAreEqual) {
-    for (const std::int16_t eos : Codes{2, 3, 4, 5, 6})
+    for (const int eos : Codes{2, 3, 4, 5, 6})
         for (const double T : {260.0, 300.0, 350.0, 366.0}) {
             SCOPED_TRACE(testing::Message() << eos << " " << T);
             use_models({.eos = eos});
             const Diagnosis d = of_state(T, 600);
-            const auto sat = models::saturation_pressure(models::current_fluid(), T);
+            const auto sat = models::saturation_pressure(fluid(), T);
             EXPECT_DOUBLE_EQ(d.saturationPressure, sat.p);
             const double below = area(d.areaBelow, sat.p), above = area(d.areaAbove, sat.p);
             EXPECT_LT(below, 0);
@@ -111,7 +109,7 @@ TEST_F(DiagnosisTest, IsothermCoversTheRootsAndStaysInTheWindow) {
 TEST_F(DiagnosisTest, WithoutAStateThereIsNothingToShow) {
     use_input({});
     calculate(3);
-    const Diagnosis d = diagnose_last_state();
+    const Diagnosis d = of_last();
     EXPECT_TRUE(d.roots.empty() && d.isotherm.empty());
     use_models({.eos = 16});
     EXPECT_TRUE(of_state(300, 100).roots.empty());

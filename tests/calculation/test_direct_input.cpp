@@ -1,30 +1,32 @@
-#include "calc_test.h"
-#include "calculation/direct_input.h"
-#include "calculation/start_calculation.h"
 #include "common/numbers.h"
+#include "report/tank_picture.h"
+#include "report/titles.h"
+#include "session_calc_test.h"
 
 using namespace quor;
 
 namespace {
 
-using calculation::accept_input;
-using calculation::describe_direct_input;
-using calculation::InputResult;
-using calculation::resultText;
 using legacy::the_session;
+using session::accept_input;
+using session::InputResult;
 
 /// The small view that asks for numbers.
-class DirectInput : public CalcTest {
+class DirectInput : public SessionCalcTest {
   protected:
-    DirectInput() {
-        use_fluid();
-        use_models({});
+    static void ask(int mode) {
+        state().task = calculation::task_of_code(mode);
+        state().input = report::InputKind::state;
     }
-
-    static void ask(std::int16_t mode) {
-        the_session.CalcMode = mode;
-        the_session.InputSituation = static_cast<std::int16_t>(mode + 100);
+    static void use_units(int mode) {
+        the_session.UnitMode = static_cast<std::int16_t>(mode);
+        the_session.CaloricUnit = mode == 1 ? std::int16_t{3} : std::int16_t{0};
     }
+    static report::DirectInput describe_direct_input(bool amount = false) {
+        return report::describe_direct_input(session::input_form(amount));
+    }
+    /// The tank that was calculated last.
+    static report::TankState filled() { return report::tank_state_of(legacy::the_results.current); }
     static std::vector<std::string> labels(bool amount = false) {
         std::vector<std::string> all;
         for (const auto& field : describe_direct_input(amount).fields)
@@ -44,19 +46,19 @@ class DirectInput : public CalcTest {
 
 TEST_F(DirectInput, AsksForWhatTheModeNeeds) {
     const std::string T = "      T/K     ", p = "      p/kPa = ", rho = " rho/kg/m^3 = ";
-    for (const std::int16_t mode : Codes{4, 6, 11, 14, 15, 16, 17, 18, 19, 20, 21, 22, 24}) {
+    for (const int mode : Codes{4, 6, 11, 14, 15, 16, 17, 18, 19, 20, 21, 22, 24}) {
         ask(mode);
         EXPECT_EQ(labels(), (Labels{T, "", "", ""})) << mode;
     }
-    for (const std::int16_t mode : Codes{5, 7}) {
+    for (const int mode : Codes{5, 7}) {
         ask(mode);
         EXPECT_EQ(labels(), (Labels{"", p, "", ""})) << mode;
     }
-    for (const std::int16_t mode : Codes{3, 8}) {
+    for (const int mode : Codes{3, 8}) {
         ask(mode);
         EXPECT_EQ(labels(), (Labels{T, p, "", ""})) << mode;
     }
-    for (const std::int16_t mode : Codes{1, 2}) {
+    for (const int mode : Codes{1, 2}) {
         ask(mode);
         EXPECT_EQ(labels(), (Labels{T, "", rho, ""})) << mode;
     }
@@ -69,7 +71,7 @@ TEST_F(DirectInput, AsksForWhatTheModeNeeds) {
 TEST_F(DirectInput, NamesTheUnitOfAVolume) {
     ask(1);
     EXPECT_EQ(describe_direct_input().volumeFrame, " Input density kg/m^3 ");
-    calculation::choose_volume_input(1);
+    state().volumeInput = true;
     const char* frames[] = {" Input molar volume, cf. \"Options\" ",
                             " Input specif. volume, cf. Options ",
                             " Input red. volume, cf. Options "};
@@ -88,90 +90,92 @@ TEST_F(DirectInput, NamesTheUnitOfAVolume) {
 TEST_F(DirectInput, StoresAndCalculates) {
     ask(3);
     EXPECT_EQ(accept_input({"300", "900,5", "77", ""}), InputResult::Calculated);
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 300);
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].p, 900.5);
-    EXPECT_EQ(legacy::the_BatchData[0].rhoV, 0.0F) << "a hidden field counts as nothing";
-    EXPECT_EQ(resultText.State, " V ");
-    EXPECT_EQ(resultText.title, " T, p => rho");
+    EXPECT_DOUBLE_EQ(state().direct.T, 300);
+    EXPECT_DOUBLE_EQ(state().direct.p, 900.5);
+    EXPECT_EQ(state().direct.rho, 0.0F) << "a hidden field counts as nothing";
+    EXPECT_EQ(resultText().State, " V ");
+    EXPECT_EQ(report::title_of(legacy::the_results.current.request.task, {}), " T, p => rho");
 }
 
 TEST_F(DirectInput, AllFieldsZeroIsNoInput) {
-    for (const std::int16_t mode : Codes{1, 3, 4, 5, 8, 13}) {
+    for (const int mode : Codes{1, 3, 4, 5, 8, 13}) {
         ask(mode);
         expect_refused({"0", "0", "0", "0"});
         expect_refused({"", "", "", ""});
         expect_refused({"abc", "x", "-", "0"});
     }
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 0);
+    EXPECT_DOUBLE_EQ(state().direct.T, 0);
 }
 
 TEST_F(DirectInput, OneOfTwoValuesEndsInTheResultView) {
     ask(3);
     EXPECT_EQ(accept_input({"300", "", "", ""}), InputResult::Calculated);
-    EXPECT_EQ(resultText.par1.text, "No p in this data set");
+    EXPECT_EQ(resultText().par1.text, "No p in this data set");
 }
 
 TEST_F(DirectInput, AVolumeBecomesADensity) {
     ask(1);
-    calculation::choose_volume_input(1);
+    state().volumeInput = true;
     const double M = static_cast<double>(legacy::the_substance.M);
     use_units(0);
     accept_input({"300", "", "5", ""});
-    EXPECT_FLOAT_EQ(legacy::the_BatchData[0].rhoV, static_cast<float>(M / 5.0));
+    EXPECT_FLOAT_EQ(state().direct.rho, static_cast<float>(M / 5.0));
     use_units(1);
     accept_input({"300", "", "0,1", ""});
-    EXPECT_FLOAT_EQ(legacy::the_BatchData[0].rhoV, 10.0F) << "specific volume of 0.1 m^3/kg";
+    EXPECT_FLOAT_EQ(state().direct.rho, 10.0F) << "specific volume of 0.1 m^3/kg";
     use_units(2);
     accept_input({"300", "", "2", ""});
-    EXPECT_FLOAT_EQ(legacy::the_BatchData[0].rhoV,
+    EXPECT_FLOAT_EQ(state().direct.rho,
                     static_cast<float>(M / (2.0 * legacy::the_eosParameters.vcritCalc)));
-    calculation::choose_volume_input(0);
+    state().volumeInput = false;
     accept_input({"300", "", "2", ""});
-    EXPECT_FLOAT_EQ(legacy::the_BatchData[0].rhoV, 2.0F);
+    EXPECT_FLOAT_EQ(state().direct.rho, 2.0F);
 }
 
 TEST_F(DirectInput, ANumberTooLargeIsNoInput) {
     ask(1);
     accept_input({"300", "", "5", ""});
     expect_refused({"310", "", "1E300", ""});
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 300) << "nothing changes";
-    the_session.InputSituation = 4;
-    expect_refused({"1E60", "1E60", "1", "1"});
+    EXPECT_DOUBLE_EQ(state().direct.T, 300) << "nothing changes";
 }
 
 TEST_F(DirectInput, TakesAReferencePoint) {
-    the_session.InputSituation = 4;
-    const auto input = describe_direct_input();
+    const auto input = report::describe_direct_input({.kind = report::InputKind::reference});
     EXPECT_EQ(input.title, "Input: Reference Point");
     EXPECT_EQ(input.command, "OK");
-    EXPECT_EQ(labels(),
+    Labels all;
+    for (const auto& field : input.fields) all.push_back(field.label);
+    EXPECT_EQ(all,
               (Labels{"        T/K = ", "  p(LV)/kPa = ", "rho_L/kg/m^3= ", "rho_V/kg/m^3= "}));
-    expect_refused({"231", "101.3", "0", "2.4"});
-    EXPECT_EQ(accept_input({"231", "101.3", "581", "2,4"}), InputResult::ReferenceStored);
-    EXPECT_FLOAT_EQ(the_session.BensonReference.T, 231.0F);
-    EXPECT_FLOAT_EQ(the_session.BensonReference.p, 101.3F);
-    EXPECT_FLOAT_EQ(the_session.BensonReference.rhoL, 581.0F);
-    EXPECT_FLOAT_EQ(the_session.BensonReference.rhoV, 2.4F);
+    EXPECT_FALSE(session::accept_reference({"231", "101.3", "0", "2.4"}));
+    EXPECT_EQ(user.lastText(), "no valid input");
+    EXPECT_FALSE(session::accept_reference({"1E60", "1E60", "1", "1"}));
+    const auto point = session::accept_reference({"231", "101.3", "581", "2,4"});
+    ASSERT_TRUE(point);
+    EXPECT_FLOAT_EQ(point->T, 231.0F);
+    EXPECT_FLOAT_EQ(point->p, 101.3F);
+    EXPECT_FLOAT_EQ(point->rhoL, 581.0F);
+    EXPECT_FLOAT_EQ(point->rhoV, 2.4F);
 }
 
 TEST_F(DirectInput, TakesATankByMassOrAmount) {
-    the_session.CalcMode = 9;
-    the_session.InputSituation = 33;
+    state().task = calculation::task_of_code(9);
+    state().input = report::InputKind::tank;
     EXPECT_EQ(describe_direct_input().title, "Tank Calculation");
     EXPECT_EQ(labels(), (Labels{"      V/m^3   ", "      m/kg    ", "      T/K     ", ""}));
     EXPECT_EQ(labels(true)[1], "      n/kmol  ");
     expect_refused({"1", "", "300", ""});
     EXPECT_EQ(accept_input({"1", "100", "300", ""}), InputResult::TankCalculated);
-    const double level = the_session.tank.level;
+    const double level = filled().level;
     EXPECT_GT(level, 10.0);
-    EXPECT_GT(the_session.tank.p, 900.0F);
+    EXPECT_GT(filled().p, 900.0);
     const std::string amount =
         numbers::General(100.0 / static_cast<double>(legacy::the_substance.M));
     EXPECT_EQ(accept_input({"1", amount, "300", ""}, true), InputResult::TankCalculated);
     EXPECT_NEAR(static_cast<double>(the_session.tank.m), 100.0, 1e-4);
-    EXPECT_NEAR(the_session.tank.level, level, 1e-4);
-    the_session.CalcMode = 10;
-    the_session.GlobalCalculation = false;
+    EXPECT_NEAR(filled().level, level, 1e-4);
+    state().task = calculation::task_of_code(10);
+    state().method.global = false;
     EXPECT_EQ(accept_input({"1", "100", "400", ""}), InputResult::TankExit);
 }
 
@@ -182,17 +186,16 @@ TEST_F(DirectInput, ZeroMolarMassEndsInTheGuardOfTheCalculation) {
     EXPECT_EQ(describe_direct_input().fields[2].label, " rho/kg/m^3 = ");
     EXPECT_EQ(accept_input({"300", "", "5", ""}), InputResult::Calculated);
     EXPECT_EQ(user.lastText(), "Division by zero");
-    calculation::choose_volume_input(1);
+    state().volumeInput = true;
     EXPECT_EQ(accept_input({"300", "", "5", ""}), InputResult::Refused);
 }
 
 TEST_F(DirectInput, CancelClosesInputAndResult) {
-    const calculation::Views before = calculation::views();
     std::vector<std::string> closed;
-    calculation::views().closeParinput = [&] { closed.emplace_back("frmParinput"); };
-    calculation::views().closeResultView = [&] { closed.emplace_back("frmCalcOut"); };
-    calculation::cancel_input();
-    calculation::views() = before;
+    session::CalculationViews views;
+    views.closeParinput = [&] { closed.emplace_back("frmParinput"); };
+    views.closeResultView = [&] { closed.emplace_back("frmCalcOut"); };
+    session::cancel_input(views);
     EXPECT_EQ(closed, (std::vector<std::string>{"frmParinput", "frmCalcOut"}));
 }
 

@@ -3,8 +3,6 @@
 #include "calc_test.h"
 #include "common/numbers.h"
 #include "expected_text.h"
-#include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
@@ -13,12 +11,10 @@ using namespace quor;
 
 namespace {
 
-using calculation::resultText;
 using expected::fix;
 using expected::g7;
 using expected::row;
 using expected::signed_exp;
-using legacy::the_session;
 
 /// Pages of derivatives, residual functions and caloric functions.
 class ExtendedPages : public CalcTest {
@@ -28,12 +24,12 @@ class ExtendedPages : public CalcTest {
         use_models({});
     }
 
-    static models::PhaseTable table_at(double T, double p, double v) {
-        return models::ResidualFunctions(T, p, v);
+    models::PhaseTable table_at(double T, double p, double v) const {
+        return residual_functions(T, p, v);
     }
 
     /// Lines from the first that equals `from`, as many as `count`.
-    static std::vector<std::string> lines_from(const std::string& from, std::size_t count) {
+    std::vector<std::string> lines_from(const std::string& from, std::size_t count) const {
         const auto all = lines();
         for (std::size_t i = 0; i < all.size(); ++i)
             if (all[i] == from)
@@ -49,11 +45,12 @@ class ExtendedPages : public CalcTest {
 };
 
 TEST_F(ExtendedPages, ResidualFunctionsOfBothPhases) {
-    the_session.OutputPage = 2;
+    chosen.pages.residual = true;
+    chosen.pages.derivatives = false;
     use_input({.T = 300});
     calculate(4);
-    const auto sat = models::saturation_pressure(models::current_fluid(), 300.0);
-    const auto state = models::solve_state_tp(models::current_fluid(), 300.0, sat.p);
+    const auto sat = models::saturation_pressure(fluid(), 300.0);
+    const auto state = models::solve_state_tp(fluid(), 300.0, sat.p);
     const auto L = table_at(300, sat.p, state.v[0]), V = table_at(300, sat.p, state.v[2]);
     const std::string stars(74, '*'), mechanical(68, '*');
     std::vector<std::string> e = {
@@ -81,43 +78,45 @@ TEST_F(ExtendedPages, ResidualFunctionsOfBothPhases) {
                     unsigned_exp(V.first[2] / sat.p)));
     EXPECT_EQ(lines_from(stars, e.size()), e);
 
-    EXPECT_DOUBLE_EQ(legacy::the_Fu[38], L.residual[7]);
-    EXPECT_DOUBLE_EQ(legacy::the_Fu[34], V.residual[7]);
-    EXPECT_DOUBLE_EQ(legacy::the_Fu[35], V.first[4] / vV) << "the V phase wins";
-    EXPECT_DOUBLE_EQ(legacy::the_Fu[36], -V.first[3] / vV);
-    EXPECT_DOUBLE_EQ(legacy::the_Fu[37], V.first[2] / sat.p);
-    EXPECT_DOUBLE_EQ(legacy::the_currentResult.FuL.extended[0], L.first[1]);
-    EXPECT_DOUBLE_EQ(legacy::the_currentResult.FuV.extended[22], V.residual[8]);
+    EXPECT_DOUBLE_EQ(Fu[38], L.residual[7]);
+    EXPECT_DOUBLE_EQ(Fu[34], V.residual[7]);
+    EXPECT_DOUBLE_EQ(Fu[35], V.first[4] / vV) << "the V phase wins";
+    EXPECT_DOUBLE_EQ(Fu[36], -V.first[3] / vV);
+    EXPECT_DOUBLE_EQ(Fu[37], V.first[2] / sat.p);
+    EXPECT_DOUBLE_EQ(lastRecord.FuL.extended[0], L.first[1]);
+    EXPECT_DOUBLE_EQ(lastRecord.FuV.extended[22], V.residual[8]);
 }
 
 TEST_F(ExtendedPages, OnePhaseLeavesTheOtherColumnEmpty) {
-    the_session.OutputPage = 4;
+    chosen.pages.residual = true;
+    chosen.pages.derivatives = true;
     use_input({.T = 300, .p = 500});
     calculate(3);
-    const auto state = models::solve_state_tp(models::current_fluid(), 300.0, 500.0);
+    const auto state = models::solve_state_tp(fluid(), 300.0, 500.0);
     const auto V = table_at(300, 500, state.v[2]);
     EXPECT_TRUE(has_line(row("     ln (phi*) : ", "", "", signed_exp(V.residual[0]))));
     EXPECT_TRUE(has_line(row(" (dp/dV) at T  : ", "", "", signed_exp(V.first[1]))));
-    EXPECT_EQ(legacy::the_Fu[38], 0.0);
-    EXPECT_DOUBLE_EQ(legacy::the_Fu[34], V.residual[7]);
+    EXPECT_EQ(Fu[38], 0.0);
+    EXPECT_DOUBLE_EQ(Fu[34], V.residual[7]);
 
     use_input({.T = 300, .p = 3000});
     calculate(3);
-    EXPECT_EQ(legacy::the_Fu[34], 0.0);
-    EXPECT_NE(legacy::the_Fu[38], 0.0);
-    EXPECT_NE(legacy::the_Fu[35], 0.0) << "without a V phase the L phase remains";
+    EXPECT_EQ(Fu[34], 0.0);
+    EXPECT_NE(Fu[38], 0.0);
+    EXPECT_NE(Fu[35], 0.0) << "without a V phase the L phase remains";
 }
 
 TEST_F(ExtendedPages, DerivativesFollowTheUnitOfVolume) {
-    const auto state = models::solve_state_tp(models::current_fluid(), 300.0, 500.0);
+    const auto state = models::solve_state_tp(fluid(), 300.0, 500.0);
     const auto V = table_at(300, 500, state.v[2]);
-    const double M = static_cast<double>(legacy::the_substance.M);
-    const auto points = models::InflexionPoints(300.0);
+    const double M = static_cast<double>(substance.M);
+    const auto points = models::inflexion_points(models::eos_at(fluid(), 300.0), 300.0);
     ASSERT_EQ(points.count, 2);
     for (const int unit : {0, 1, 2}) {
         SCOPED_TRACE(unit);
         use_units(unit);
-        the_session.OutputPage = 3;
+        chosen.pages.residual = false;
+        chosen.pages.derivatives = true;
         use_input({.T = 300, .p = 500});
         calculate(3);
         const bool specific = unit == 1;
@@ -150,24 +149,25 @@ TEST_F(ExtendedPages, DerivativesFollowTheUnitOfVolume) {
 
 TEST_F(ExtendedPages, NoInflexionIsToldInOneLine) {
     use_models({.eos = 16});
-    the_session.OutputPage = 3;
+    chosen.pages.residual = false;
+    chosen.pages.derivatives = true;
     use_input({.T = 300, .p = 500});
     calculate(3);
     EXPECT_TRUE(has_line("Inflection point of p-v isoth.: No solution found"));
 }
 
 TEST_F(ExtendedPages, FunctionsOfTheEquilibrium) {
-    the_session.EquilibriumFunctions = true;
+    chosen.pages.functions = true;
     for (const int unit : {0, 1}) {
         SCOPED_TRACE(unit);
         use_units(unit);
         use_input({.T = 300});
         calculate(4);
-        const auto sat = models::saturation_pressure(models::current_fluid(), 300.0);
-        const auto state = models::solve_state_tp(models::current_fluid(), 300.0, sat.p);
-        const auto L = models::StateFunctions(300, sat.p, state.v[0]);
-        const auto V = models::StateFunctions(300, sat.p, state.v[2]);
-        const double f = unit == 1 ? 1.0 / static_cast<double>(legacy::the_substance.M) : 1.0;
+        const auto sat = models::saturation_pressure(fluid(), 300.0);
+        const auto state = models::solve_state_tp(fluid(), 300.0, sat.p);
+        const auto L = state_functions(300, sat.p, state.v[0]);
+        const auto V = state_functions(300, sat.p, state.v[2]);
+        const double f = unit == 1 ? 1.0 / static_cast<double>(substance.M) : 1.0;
         const std::string stars(74, '*');
         const auto page = lines_from(stars, 6 + 11);
         ASSERT_EQ(page.size(), 17U);
@@ -180,29 +180,31 @@ TEST_F(ExtendedPages, FunctionsOfTheEquilibrium) {
         EXPECT_EQ(page[11],
                   row("Helmholtz Funct.", unit == 1 ? "a/ (kJ/kg)     = " : "a/ (kJ/kmol)   = ",
                       g7((L.u - sat.p * state.v[0]) * f), g7((V.u - sat.p * state.v[2]) * f)));
-        EXPECT_NEAR(legacy::the_Fu[14], (V.u - sat.p * state.v[2]) * f, 1e-6);
-        EXPECT_NEAR(legacy::the_Fu[24], (L.u - sat.p * state.v[0]) * f, 1e-6);
-        EXPECT_NEAR(legacy::the_Fu[11], V.s * f, 1e-9);
-        EXPECT_NEAR(legacy::the_Fu[39], L.w, 1e-9);
+        EXPECT_NEAR(Fu[14], (V.u - sat.p * state.v[2]) * f, 1e-6);
+        EXPECT_NEAR(Fu[24], (L.u - sat.p * state.v[0]) * f, 1e-6);
+        EXPECT_NEAR(Fu[11], V.s * f, 1e-9);
+        EXPECT_NEAR(Fu[39], L.w, 1e-9);
     }
 }
 
 TEST_F(ExtendedPages, WithoutHeatCapacityOnlyTheEquationOfStateSpeaks) {
     use_models({.cp = 0});
-    the_session.OutputPage = 2;
-    the_session.EquilibriumFunctions = true;
+    chosen.pages.residual = true;
+    chosen.pages.derivatives = false;
+    chosen.pages.functions = true;
     use_input({.T = 300, .p = 500});
     EXPECT_FALSE(calculate(3).Failed);
     EXPECT_TRUE(has_line("no Result"));
     EXPECT_TRUE(has_line("Residual Functions:"));
-    EXPECT_EQ(legacy::the_Fu[10], 0.0);
+    EXPECT_EQ(Fu[10], 0.0);
 }
 
 TEST_F(ExtendedPages, StayAwayFromModesWithoutAState) {
-    the_session.OutputPage = 4;
-    the_session.EquilibriumFunctions = true;
+    chosen.pages.residual = true;
+    chosen.pages.derivatives = true;
+    chosen.pages.functions = true;
     use_input({.T = 300, .p = 500});
-    for (const std::int16_t mode : Codes{6, 7, 11, 15, 16, 20}) {
+    for (const int mode : Codes{6, 7, 11, 15, 16, 20}) {
         calculate(mode);
         for (const std::string& line : lines())
             EXPECT_EQ(line.find("***"), std::string::npos) << mode;
@@ -210,17 +212,17 @@ TEST_F(ExtendedPages, StayAwayFromModesWithoutAState) {
 }
 
 TEST_F(ExtendedPages, NameEveryKindOfReferenceState) {
-    the_session.EquilibriumFunctions = true;
+    chosen.pages.functions = true;
     use_input({.T = 300, .p = 500});
-    legacy::the_reference.RefMode = 2;
+    reference.RefMode = 2;
     calculate(3);
     EXPECT_TRUE(
         has_line("Reference state: conventional h and s, ideal gas at 298.15 K, 101.325 kPa"));
-    legacy::the_reference.RefMode = 10;
+    reference.RefMode = 10;
     calculate(3);
     EXPECT_TRUE(
         has_line("Reference state: quantities of formation, ideal gas at 298.15 K, 101.325 kPa"));
-    legacy::the_reference = {1, 100.0, 0.5, 273.15F, 100.0F, 283.15, 95.0};
+    reference = {1, 100.0, 0.5, 273.15F, 100.0F, 283.15, 95.0};
     calculate(3);
     EXPECT_TRUE(
         has_line("Reference state: h = 100 kJ/kmol, s = 0.5 kJ/(kmol K), ideal gas at "

@@ -1,22 +1,18 @@
 #include <cmath>
 
 #include "calc_test.h"
-#include "calculation/iso_calculator.h"
 #include "common/numbers.h"
-#include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
+#include "report/iso_calculator.h"
 
 using namespace quor;
 
 namespace {
 
-using calculation::iso_solve;
+using calculation::IsoFunction;
 using calculation::IsoGiven;
-using calculation::resultText;
-using legacy::the_session;
 
 /// The second state on a line of a constant function.
 class IsoCalculator : public CalcTest {
@@ -26,17 +22,39 @@ class IsoCalculator : public CalcTest {
         use_models({});
     }
 
-    static double function(std::int16_t index, bool liquid) {
-        return legacy::the_Fu[calculation::iso_position(index, liquid)];
+    double function(int code, bool liquid) const {
+        return Fu[report::iso_position(static_cast<IsoFunction>(code), liquid)];
+    }
+
+    /// Where the search starts.
+    void start_at(double T, double p) { use_input({.T = T, .p = p}); }
+
+    /// The state with the function's target value becomes the last result; false without one.
+    bool solve(IsoGiven given, int code, bool liquid, double target) {
+        const auto found = report::iso_solve(report::make_made(fluid(), reference, units),
+                                             {.given = given,
+                                              .function = static_cast<IsoFunction>(code),
+                                              .liquid = liquid,
+                                              .T = input.T,
+                                              .p = input.p,
+                                              .target = target});
+        if (found) last = *found;
+        return found.has_value();
+    }
+
+    report::IsoCalculator open(double T, double p, IsoFunction function, IsoGiven given) {
+        return {report::make_result(fluid(), reference, units, report::functions_request(T, p)),
+                function, given};
     }
 };
 
 TEST_F(IsoCalculator, PositionsAndLabelsOfAllFunctions) {
     const char* labels[] = {"V  = ", "H  = ", "S  = ", "G  = ", "U  = ", "A  = ", "E(H)=", "E(U)="};
-    for (std::int16_t i = 1; i <= 8; ++i) {
-        EXPECT_EQ(calculation::iso_position(i, false), 8U + static_cast<std::size_t>(i));
-        EXPECT_EQ(calculation::iso_position(i, true), 18U + static_cast<std::size_t>(i));
-        EXPECT_STREQ(calculation::iso_label(i), labels[i - 1]);
+    for (int i = 1; i <= 8; ++i) {
+        const auto f = static_cast<IsoFunction>(i);
+        EXPECT_EQ(report::iso_position(f, false), 8U + static_cast<std::size_t>(i));
+        EXPECT_EQ(report::iso_position(f, true), 18U + static_cast<std::size_t>(i));
+        EXPECT_STREQ(report::iso_label(f), labels[i - 1]);
     }
 }
 
@@ -48,7 +66,7 @@ TEST_F(IsoCalculator, FindsTOrPForEveryFunctionAndPhase) {
     const State states[] = {{false, 320, 300, 340, 420}, {true, 280, 3000, 285, 3900}};
     for (const int unit : {0, 1})
         for (const State& s : states)
-            for (std::int16_t f = 1; f <= 8; ++f)
+            for (int f = 1; f <= 8; ++f)
                 for (const IsoGiven given : {IsoGiven::T, IsoGiven::p}) {
                     SCOPED_TRACE(testing::Message()
                                  << "unit " << unit << " liquid " << s.liquid << " function " << f
@@ -61,13 +79,11 @@ TEST_F(IsoCalculator, FindsTOrPForEveryFunctionAndPhase) {
                     ASSERT_NE(target, 0.0);
                     use_input({.T = given == IsoGiven::T ? s.T2 : s.T,
                                .p = given == IsoGiven::p ? s.p2 : s.p});
-                    const auto solution = iso_solve(given, f, s.liquid, target);
-                    ASSERT_FALSE(solution.failed);
+                    ASSERT_TRUE(solve(given, f, s.liquid, target));
                     EXPECT_NEAR(function(f, s.liquid), target, 2e-5 * std::fabs(target) + 1e-4);
-                    EXPECT_DOUBLE_EQ(given == IsoGiven::T ? legacy::the_BatchData[0].p
-                                                          : legacy::the_BatchData[0].T,
-                                     solution.x);
-                    EXPECT_FALSE(resultText.Liste.empty()) << "the result view shows the state";
+                    EXPECT_DOUBLE_EQ(given == IsoGiven::T ? last.answer.T : last.answer.p,
+                                     given == IsoGiven::T ? s.T2 : s.p2);
+                    EXPECT_FALSE(last.report.Liste.empty()) << "the result view shows the state";
                 }
 }
 
@@ -75,53 +91,46 @@ TEST_F(IsoCalculator, IsentropicCompressionFollowsTheEquation) {
     use_input({.T = 320, .p = 300});
     calculate(8);
     const double s = function(3, false);
-    legacy::the_BatchData[0].p = 900;
-    const auto solution = iso_solve(IsoGiven::p, 3, false, s);
-    ASSERT_FALSE(solution.failed);
-    const auto state = models::solve_state_tp(models::current_fluid(), solution.x, 900.0);
+    start_at(320, 900);
+    ASSERT_TRUE(solve(IsoGiven::p, 3, false, s));
+    const double T = last.answer.T;
+    const auto state = models::solve_state_tp(fluid(), T, 900.0);
     const double v = state.nRoots == 3 ? state.v[2] : state.v[0];
-    EXPECT_NEAR(models::StateFunctions(solution.x, 900, v).s, s, 1e-4);
-    EXPECT_GT(solution.x, 320);
+    EXPECT_NEAR(state_functions(T, 900, v).s, s, 1e-4);
+    EXPECT_GT(T, 320);
 }
 
 TEST_F(IsoCalculator, CloseToSaturationItStaysInThePhase) {
     // Isenthalpic throttling of a vapour just above its saturation temperature.
-    const double Tsat = models::saturation_temperature(models::current_fluid(), 900.0).T;
+    const double Tsat = models::saturation_temperature(fluid(), 900.0).T;
     use_input({.T = Tsat + 0.02, .p = 900});
     calculate(8);
     const double h = function(2, false);
     ASSERT_NE(h, 0.0);
-    legacy::the_BatchData[0].p = 500;
-    auto solution = iso_solve(IsoGiven::p, 2, false, h);
-    ASSERT_FALSE(solution.failed);
+    start_at(Tsat + 0.02, 500);
+    ASSERT_TRUE(solve(IsoGiven::p, 2, false, h));
     EXPECT_NEAR(function(2, false), h, 0.5);
     // And back: the start lies far from the solution, which lies beside the saturation line.
-    legacy::the_BatchData[0].p = 900;
-    legacy::the_BatchData[0].T = 400;
-    solution = iso_solve(IsoGiven::p, 2, false, h);
-    ASSERT_FALSE(solution.failed);
-    EXPECT_NEAR(solution.x, Tsat + 0.02, 0.01);
+    start_at(400, 900);
+    ASSERT_TRUE(solve(IsoGiven::p, 2, false, h));
+    EXPECT_NEAR(last.answer.T, Tsat + 0.02, 0.01);
 }
 
 TEST_F(IsoCalculator, AMissingPhaseHasNoSolution) {
-    use_input({.T = 300, .p = 100});
-    calculate(8);
-    const auto Fu = legacy::the_Fu;
-    const std::string text = calculation::result_as_text(resultText);
-    const auto solution = iso_solve(IsoGiven::T, 2, true, 0.0);
-    EXPECT_TRUE(solution.failed);
-    EXPECT_EQ(solution.x, 0.0);
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 300);
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].p, 100);
-    EXPECT_EQ(legacy::the_Fu, Fu) << "all is as it was";
-    EXPECT_EQ(calculation::result_as_text(resultText), text);
+    auto iso = open(300, 100, IsoFunction::H, IsoGiven::T);
+    iso.choose_phase(true);
+    EXPECT_FALSE(iso.calculate("0", "300"));
+    EXPECT_EQ(iso.txtTpCalc, "No solution found");
+    EXPECT_DOUBLE_EQ(iso.last_T(), 300);
+    EXPECT_DOUBLE_EQ(iso.last_p(), 100);
+    EXPECT_FALSE(solve(IsoGiven::T, 2, true, 0.0));
 }
 
 TEST_F(IsoCalculator, AValueThatNoStateHasEndsTheSearch) {
     use_input({.T = 300, .p = 100});
     for (const double target : {-1e12, 1e12})
         for (const IsoGiven given : {IsoGiven::T, IsoGiven::p})
-            EXPECT_TRUE(iso_solve(given, 3, false, target).failed);
+            EXPECT_FALSE(solve(given, 3, false, target));
     EXPECT_TRUE(user.messages.empty()) << user.lastText();
 }
 
@@ -131,54 +140,45 @@ TEST_F(IsoCalculator, AFunctionThatDoesNotChangeHasNoSlope) {
     use_input({.T = 300, .p = 100});
     calculate(8);
     const double h = function(2, false);
-    EXPECT_TRUE(iso_solve(IsoGiven::T, 2, false, h + 100).failed);
-    EXPECT_FALSE(iso_solve(IsoGiven::p, 2, false, h + 100).failed);
+    EXPECT_FALSE(solve(IsoGiven::T, 2, false, h + 100));
+    EXPECT_TRUE(solve(IsoGiven::p, 2, false, h + 100));
 }
 
 TEST_F(IsoCalculator, ViewShowsCalculatesAndResets) {
-    the_session.IsoFunction = 3;
-    use_input({.T = 320, .p = 300});
-    calculate(3);
-    const std::string text = calculation::result_as_text(resultText);
-    auto iso = calculation::open_iso_calculator();
-    EXPECT_EQ(calculation::result_as_text(resultText), text) << "opening changes nothing";
+    auto iso = open(320, 300, IsoFunction::S, IsoGiven::p);
     EXPECT_EQ(iso.lblFuConst, "S  = ");
     EXPECT_EQ(iso.givenLabel, "p/kPa =");
     EXPECT_EQ(iso.soughtLabel, "T/K =");
     EXPECT_EQ(iso.txtTpVorgabe, "300");
     EXPECT_FALSE(iso.liquid);
-    const auto state = models::solve_state_tp(models::current_fluid(), 320.0, 300.0);
-    const double s =
-        models::StateFunctions(320, 300, state.nRoots == 3 ? state.v[2] : state.v[0]).s;
+    const auto at = models::solve_state_tp(fluid(), 320.0, 300.0);
+    const double s = state_functions(320, 300, at.nRoots == 3 ? at.v[2] : at.v[0]).s;
     EXPECT_EQ(iso.txtFuConst, numbers::General(static_cast<float>(s)));
 
-    EXPECT_TRUE(calculation::calculate_iso(iso, iso.txtFuConst, "600"));
-    EXPECT_NEAR(numbers::val(iso.txtTpCalc), iso.lastT, 1e-3);
-    EXPECT_DOUBLE_EQ(iso.lastP, 600);
-    const double T = iso.lastT;
-    EXPECT_FALSE(calculation::calculate_iso(iso, "1E12", "700"));
+    EXPECT_TRUE(iso.calculate(iso.txtFuConst, "600"));
+    EXPECT_NEAR(numbers::val(iso.txtTpCalc), iso.last_T(), 1e-3);
+    EXPECT_DOUBLE_EQ(iso.last_p(), 600);
+    EXPECT_FALSE(iso.last().report.Liste.empty()) << "the result view shows the state";
+    const double T = iso.last_T();
+    EXPECT_FALSE(iso.calculate("1E12", "700"));
     EXPECT_EQ(iso.txtTpCalc, "No solution found");
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].p, 600);
-    calculation::reset_iso(iso);
+    EXPECT_DOUBLE_EQ(iso.last_p(), 600);
+    EXPECT_TRUE(iso.reset());
     EXPECT_EQ(iso.txtTpVorgabe, "600");
     EXPECT_EQ(iso.txtTpCalc, numbers::General(static_cast<float>(T)));
 
-    calculation::choose_iso_given(iso, IsoGiven::T);
+    iso.choose_given(IsoGiven::T);
     EXPECT_EQ(iso.givenLabel, "  T/K =");
     EXPECT_EQ(iso.soughtLabel, "p/kPa = ");
-    EXPECT_EQ(the_session.IsoTp, 1);
-    calculation::choose_iso_function(iso, 2);
-    EXPECT_EQ(the_session.IsoFunction, 2);
+    iso.choose_function(IsoFunction::H);
     EXPECT_EQ(iso.lblFuConst, "H  = ");
-    EXPECT_EQ(iso.txtFuConst, numbers::General(static_cast<float>(function(2, false))));
-    EXPECT_EQ(user.pointer.size() % 2, 0U) << "the busy pointer ends";
+    const double h = iso.last().Fu[report::iso_position(IsoFunction::H, false)];
+    EXPECT_EQ(iso.txtFuConst, numbers::General(static_cast<float>(h)));
 }
 
 TEST_F(IsoCalculator, ResetWithoutAStateHasNoSolution) {
-    use_input({.T = 320, .p = 300});
-    auto iso = calculation::open_iso_calculator();
-    iso.lastT = iso.lastP = 0;
-    calculation::reset_iso(iso);
+    auto iso = open(0, 0, IsoFunction::V, IsoGiven::p);
+    EXPECT_FALSE(iso.reset());
     EXPECT_EQ(iso.txtTpCalc, "No solution");
 }
 

@@ -1,10 +1,8 @@
 #include <cmath>
 
 #include "calc_test.h"
-#include "calculation/calc_modes.h"
 #include "common/numbers.h"
 #include "expected_text.h"
-#include "legacy/current_fluid.h"
 #include "models/model_tables.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
@@ -15,8 +13,6 @@ using namespace quor;
 namespace {
 
 using calculation::BatchDataSet;
-using calculation::resultText;
-using legacy::the_session;
 
 constexpr std::int16_t kCubic[] = {2, 3, 4, 5, 6};
 constexpr std::int16_t kVapourOnly[] = {0, 10, 11, 12, 13, 14, 15, 16};
@@ -26,21 +22,20 @@ class Modes : public CalcTest {
   protected:
     Modes() { use_fluid(); }
 
-    static double Tc() { return legacy::the_substance.Tcrit; }
-    static double pc() { return legacy::the_substance.pcrit; }
-    static double M() { return static_cast<double>(legacy::the_substance.M); }
+    double Tc() const { return substance.Tcrit; }
+    double pc() const { return substance.pcrit; }
+    double M() const { return static_cast<double>(substance.M); }
 
     /// Calculates once as direct input and once as an experimental data set.
-    void expect_text(std::int16_t mode, const BatchDataSet& input) {
+    void expect_text(int mode, const BatchDataSet& set) {
         for (const bool batch : {false, true}) {
             SCOPED_TRACE(testing::Message()
-                         << "mode " << mode << " eos "
-                         << models::code_of(legacy::the_models.EOSModel) << " units "
-                         << the_session.UnitMode << " T " << input.T << " p " << input.p << " rho "
-                         << input.rhoV << " batch " << batch);
-            use_input(input, batch);
-            const expected::Result e = expected::Of(mode, input);
-            const calculation::CalcCall call = calculate(mode);
+                         << "mode " << mode << " eos " << models::code_of(selection.EOSModel)
+                         << " units " << static_cast<int>(units.system) << " T " << set.T << " p "
+                         << set.p << " rho " << set.rhoV << " batch " << batch);
+            use_input(set, batch);
+            const expected::Result e = expected::Of(setting(), mode, set);
+            const Outcome call = calculate(mode);
             EXPECT_EQ(resultText.par1.text, e.par1);
             EXPECT_EQ(resultText.par2.text, e.par2);
             EXPECT_EQ(resultText.co1.text, e.co1);
@@ -49,7 +44,7 @@ class Modes : public CalcTest {
             EXPECT_EQ(call.Failed, e.failed);
             EXPECT_EQ(lines(), e.list);
             for (std::size_t i = 0; i < e.Fu.size(); ++i)
-                EXPECT_NEAR(legacy::the_Fu[i], e.Fu[i], 1e-9 * std::fabs(e.Fu[i])) << "Fu " << i;
+                EXPECT_NEAR(Fu[i], e.Fu[i], 1e-9 * std::fabs(e.Fu[i])) << "Fu " << i;
             EXPECT_TRUE(user.messages.empty()) << user.lastText();
             ++compared;
         }
@@ -74,7 +69,7 @@ TEST_F(Modes, PressureFromTAndDensityOfCubicModels) {
         use_models({.eos = eos});
         for_all_units([&] {
             for (const double Tr : {0.6, 0.86, 0.97}) {
-                const auto sat = models::saturation_pressure(models::current_fluid(), Tr * Tc());
+                const auto sat = models::saturation_pressure(fluid(), Tr * Tc());
                 ASSERT_EQ(sat.status, 0);
                 for (const double v : {1.7 * sat.v[2], 0.4 * sat.v[0] + 0.6 * sat.v[2],
                                        0.9 * sat.v[0] + 0.1 * sat.v[2], 0.995 * sat.v[0]}) {
@@ -106,7 +101,7 @@ TEST_F(Modes, StateAtTAndP) {
         for_all_units([&] {
             expect_text(3, given(0.6 * Tc(), 1.0));
             expect_text(3, given(0.8 * Tc(), 0.005));
-            if (!legacy::the_models.EOSOnlyV) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
+            if (!selection.EOSOnlyV) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
             expect_text(3, given(1.2 * Tc(), 0.5 * pc()));
             if (models::is_cubic(codes::eos(eos))) expect_text(3, given(0.7 * Tc(), 2 * pc()));
             if (models::is_cubic(codes::eos(eos))) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
@@ -148,17 +143,17 @@ TEST_F(Modes, EquilibriumOfTheVapourPressureEquation) {
 }
 
 TEST_F(Modes, PartialEquilibrium) {
-    the_session.GlobalCalculation = false;
+    chosen.method.global = false;
     // Parameters of a rational equation for the saturated liquid of about propane's density.
-    legacy::the_substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
-    legacy::the_substance.rhoLTLo = 150;
-    legacy::the_substance.rhoLTHi = 360;
+    substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    substance.rhoLTLo = 150;
+    substance.rhoLTHi = 360;
     for (const std::int16_t eos : {kCubic[0], kCubic[4], kVapourOnly[0], kVapourOnly[7]}) {
         use_models({.eos = eos});
         use_benson_reference();
-        ASSERT_TRUE(the_session.BensonReferenceValid);
+        ASSERT_TRUE(models::is_known(chosen.method.reference));
         for (const bool benson : {true, false}) {
-            the_session.LiquidByBenson = benson;
+            chosen.method.liquidByBenson = benson;
             for_all_units([&] {
                 for (const double T : {200.0, 280.0, 330.0}) expect_text(4, given(T, 0));
                 for (const double p : {50.0, 800.0}) expect_text(5, given(0, p));
@@ -168,11 +163,11 @@ TEST_F(Modes, PartialEquilibrium) {
 }
 
 TEST_F(Modes, EnthalpyOfVaporisationByAllMethods) {
-    legacy::the_substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
-    legacy::the_substance.rhoLTLo = 150;
-    legacy::the_substance.rhoLTHi = 360;
+    substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    substance.rhoLTLo = 150;
+    substance.rhoLTHi = 360;
     for (const std::int16_t eos : {kCubic[4], kVapourOnly[7]})
-        for (std::int16_t method = 1; method <= 7; ++method) {
+        for (int method = 1; method <= 7; ++method) {
             if (method == 7 && eos == kVapourOnly[7]) continue;
             use_models({.eos = eos, .hlv = method});
             use_benson_reference();
@@ -183,10 +178,10 @@ TEST_F(Modes, EnthalpyOfVaporisationByAllMethods) {
         }
 }
 
-TEST_F(Modes, caloric_functions) {
+TEST_F(Modes, CaloricFunctions) {
     for (const std::int16_t eos :
          {kCubic[1], kCubic[3], kCubic[4], kVapourOnly[0], kVapourOnly[5], kVapourOnly[7]})
-        for (const std::int16_t cp : {std::int16_t{1}, std::int16_t{2}}) {
+        for (const int cp : {1, 2}) {
             use_models({.eos = eos, .cp = cp});
             for_all_units([&] {
                 expect_text(8, given(0.75 * Tc(), 100));
@@ -226,8 +221,7 @@ TEST_F(Modes, TellTheSameWithADecimalComma) {
 TEST_F(Modes, OtherFluidsAndTheirOwnModels) {
     for (const char* name : {"Water", "Carbon dioxide", "Ammonia", "Nitrogen"}) {
         use_fluid(name);
-        use_models(
-            {.eos = 6, .cp = legacy::the_substance.hasCpSinh ? std::int16_t{2} : std::int16_t{1}});
+        use_models({.eos = 6, .cp = substance.hasCpSinh ? 2 : 1});
         for_all_units([&] {
             expect_text(4, given(0.85 * Tc(), 0));
             expect_text(3, given(0.9 * Tc(), 0.1 * pc()));

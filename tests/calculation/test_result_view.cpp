@@ -1,22 +1,17 @@
 #include <filesystem>
 #include <fstream>
 
-#include "calc_test.h"
-#include "calculation/batch_list.h"
-#include "calculation/calc_modes.h"
-#include "calculation/protocol.h"
-#include "calculation/result_view.h"
-#include "calculation/start_calculation.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "report/titles.h"
+#include "session_calc_test.h"
 
 using namespace quor;
 
 namespace {
 
-using calculation::resultText;
-using calculation::ResultView;
 using legacy::the_session;
+using report::ResultView;
 
 std::string content_of(const std::filesystem::path& path) {
     std::ifstream in(path, std::ios::binary);
@@ -24,13 +19,8 @@ std::string content_of(const std::filesystem::path& path) {
 }
 
 /// The result view round the texts of a calculation.
-class ResultViewTest : public CalcTest {
+class ResultViewTest : public SessionCalcTest {
   protected:
-    ResultViewTest() {
-        use_fluid();
-        use_models({});
-    }
-
     static void use_sets(const std::vector<calculation::BatchDataSet>& sets) {
         the_session.BatchMode = true;
         the_session.BatchCount = static_cast<std::int16_t>(sets.size());
@@ -38,9 +28,22 @@ class ResultViewTest : public CalcTest {
         legacy::the_BatchData.insert(legacy::the_BatchData.end(), sets.begin(), sets.end());
     }
 
-    static ResultView open(std::int16_t mode) {
-        the_session.CalcMode = mode;
-        return calculation::open_result_view();
+    static ResultView open(int mode) {
+        state().task = calculation::task_of_code(mode);
+        return session::open_result_view();
+    }
+    static int page() {
+        const calculation::Pages& pages = state().pages;
+        return 1 + (pages.residual ? 1 : 0) + (pages.derivatives ? 2 : 0);
+    }
+    static std::string title(int code) {
+        return report::title_of(calculation::task_of_code(code), state().method);
+    }
+    static std::string caption(int code) {
+        return report::caption_of(calculation::task_of_code(code), state().method);
+    }
+    static std::string specification() {
+        return report::input_caption(legacy::the_results.current.dataSet);
     }
 };
 
@@ -57,34 +60,33 @@ TEST_F(ResultViewTest, TitlesNameTheCalculation) {
         {8, " thermodynamic Fu(T) (global calculation)"},
         {12, "Polytropic process"},
         {11, "Comparison of Virial Coefficients"}};
-    for (const auto& [mode, title] : titles) {
-        EXPECT_EQ(calculation::mode_title(static_cast<std::int16_t>(mode)), title);
-        EXPECT_EQ(calculation::result_caption(static_cast<std::int16_t>(mode)),
-                  std::string("Result of the Calculation: ") + title);
+    for (const auto& [mode, text] : titles) {
+        EXPECT_EQ(title(mode), text);
+        EXPECT_EQ(caption(mode), std::string("Result of the Calculation: ") + text);
     }
-    EXPECT_EQ(calculation::result_caption(9), "Phases and Pressure in a Tank (global calculation)");
-    the_session.GlobalCalculation = false;
-    EXPECT_EQ(calculation::mode_title(4), " T => p(LV) (partial calculation)");
-    EXPECT_EQ(calculation::result_caption(10),
+    EXPECT_EQ(caption(9), "Phases and Pressure in a Tank (global calculation)");
+    state().method.global = false;
+    EXPECT_EQ(title(4), " T => p(LV) (partial calculation)");
+    EXPECT_EQ(caption(10),
               "Phases and Pressure in a Tank (partial calculation, rho_L  by BENSON's method)");
 }
 
 TEST_F(ResultViewTest, DirectModeOpensEmptyAndHidesTheStepping) {
     const ResultView view = open(3);
     EXPECT_EQ(view.caption, "Result of the Calculation:  T, p => rho");
-    EXPECT_EQ(view.inputCaption, " Specification value from input ");
+    EXPECT_EQ(specification(), " Specification value from input ");
     EXPECT_EQ(view.okCaption, "Close");
     EXPECT_FALSE(view.stepVisible || view.resultOutputVisible);
     EXPECT_TRUE(view.protocolVisible && view.extendedVisible && view.extendedEnabled);
-    EXPECT_EQ(the_session.OutputPage, 1);
-    EXPECT_EQ(resultText.par1.text, "no T in this data set");
+    EXPECT_EQ(page(), 1);
+    EXPECT_EQ(resultText().par1.text, "no T in this data set");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(ResultViewTest, PanelsFollowTheMode) {
     the_session.BatchMode = true;
     const struct {
-        std::int16_t mode;
+        int mode;
         bool output, protocol, extended;
     } cases[] = {{1, true, true, true},    {6, true, true, false},  {7, true, true, false},
                  {8, true, true, true},    {9, true, false, true},  {11, false, true, false},
@@ -97,141 +99,145 @@ TEST_F(ResultViewTest, PanelsFollowTheMode) {
         EXPECT_EQ(view.extendedVisible, c.extended);
     }
     EXPECT_TRUE(open(12).wide);
-    the_session.GlobalCalculation = false;
+    state().method.global = false;
     EXPECT_FALSE(open(4).extendedEnabled);
     EXPECT_TRUE(open(3).extendedEnabled);
 }
 
 TEST_F(ResultViewTest, OpensOnTheFirstActiveDataSet) {
     use_sets({{-1, 290, 100}, {0, 300, 100}, {0, 310, 100}});
-    legacy::the_ResultRecords.assign(9, {});
+    legacy::the_results.rows.assign(9, {});
     ResultView view = open(3);
-    EXPECT_EQ(the_session.DataSetIndex, 2);
-    EXPECT_EQ(view.inputCaption, " Specification value from set #2");
+    EXPECT_EQ(state().dataSet, 2);
+    EXPECT_EQ(specification(), " Specification value from set #2");
     EXPECT_EQ(view.okCaption, "=>Load");
     EXPECT_TRUE(view.stepVisible && view.resultOutputVisible);
-    EXPECT_EQ(legacy::the_ResultRecords.size(), 4U);
-    EXPECT_EQ(resultText.par1.text, "T = 300.000 K");
-    EXPECT_EQ(legacy::the_ResultRecords[2].State, " V ");
-    EXPECT_EQ(legacy::the_ResultRecords[1].State, "   ");
+    EXPECT_EQ(legacy::the_results.rows.size(), 3U);
+    EXPECT_EQ(resultText().par1.text, "T = 300.000 K");
+    EXPECT_EQ(legacy::the_results.rows[1].State, " V ");
+    EXPECT_EQ(legacy::the_results.rows[0].State, "   ");
 }
 
 TEST_F(ResultViewTest, StepsOverInactiveSetsAndBeepsAtTheEnds) {
     use_sets({{0, 290, 100}, {-1, 300, 100}, {0, 310, 100}, {-1, 320, 100}});
     ResultView view = open(3);
-    EXPECT_EQ(the_session.DataSetIndex, 1);
-    calculation::step_forward(view);
-    EXPECT_EQ(the_session.DataSetIndex, 3);
-    EXPECT_EQ(view.inputCaption, " Specification value from set #3");
-    EXPECT_EQ(resultText.par1.text, "T = 310.000 K");
+    EXPECT_EQ(state().dataSet, 1);
+    session::step_forward();
+    EXPECT_EQ(state().dataSet, 3);
+    EXPECT_EQ(specification(), " Specification value from set #3");
+    EXPECT_EQ(resultText().par1.text, "T = 310.000 K");
     EXPECT_EQ(user.beeps, 0);
-    calculation::step_forward(view);
+    session::step_forward();
     EXPECT_EQ(user.beeps, 1);
-    EXPECT_EQ(the_session.DataSetIndex, 3);
-    EXPECT_EQ(resultText.par1.text, "T = 310.000 K") << "calculates the same set again";
-    calculation::step_backward(view);
-    EXPECT_EQ(the_session.DataSetIndex, 1);
-    calculation::step_backward(view);
+    EXPECT_EQ(state().dataSet, 3);
+    EXPECT_EQ(resultText().par1.text, "T = 310.000 K") << "calculates the same set again";
+    session::step_backward();
+    EXPECT_EQ(state().dataSet, 1);
+    session::step_backward();
     EXPECT_EQ(user.beeps, 2);
-    EXPECT_EQ(the_session.DataSetIndex, 1);
+    EXPECT_EQ(state().dataSet, 1);
 }
 
 TEST_F(ResultViewTest, BatchModeWithoutDataHasNoT) {
     use_sets({});
     open(3);
-    EXPECT_EQ(the_session.DataSetIndex, 1);
-    EXPECT_EQ(resultText.par1.text, "no T in this data set");
+    EXPECT_EQ(state().dataSet, 1);
+    EXPECT_EQ(resultText().par1.text, "no T in this data set");
 }
 
 TEST_F(ResultViewTest, PagesFollowTheCheckBoxes) {
     use_sets({{0, 300, 500}});
     ResultView view = open(3);
-    calculation::set_extended_pages(view, true, false);
-    EXPECT_EQ(the_session.OutputPage, 2);
+    session::set_extended_pages(view, true, false);
+    EXPECT_EQ(page(), 2);
     EXPECT_TRUE(view.funcPrintEnabled);
     EXPECT_TRUE(has_line("Residual Functions:"));
-    calculation::set_extended_pages(view, false, true);
-    EXPECT_EQ(the_session.OutputPage, 3);
+    session::set_extended_pages(view, false, true);
+    EXPECT_EQ(page(), 3);
     EXPECT_FALSE(has_line("Residual Functions:"));
-    calculation::set_extended_pages(view, true, true);
-    EXPECT_EQ(the_session.OutputPage, 4);
-    calculation::set_extended_pages(view, false, false);
-    EXPECT_EQ(the_session.OutputPage, 1);
+    session::set_extended_pages(view, true, true);
+    EXPECT_EQ(page(), 4);
+    session::set_extended_pages(view, false, false);
+    EXPECT_EQ(page(), 1);
     EXPECT_FALSE(view.funcPrintEnabled);
-    calculation::set_equilibrium_functions(view, true);
+    session::set_equilibrium_functions(true);
     EXPECT_TRUE(has_line("                               thermodynamic Fu(T)"));
-    calculation::set_equilibrium_functions(view, false);
+    session::set_equilibrium_functions(false);
     EXPECT_FALSE(has_line("                               thermodynamic Fu(T)"));
     view = open(8);
-    calculation::set_extended_pages(view, true, false);
+    session::set_extended_pages(view, true, false);
     EXPECT_FALSE(view.funcPrintEnabled) << "only for modes below 6";
 }
 
 TEST_F(ResultViewTest, RefusedTankLeavesTheViewEmpty) {
-    the_session.tank = {1.0F, 100.0F, 400.0F, 0, 0};
-    the_session.GlobalCalculation = false;
-    EXPECT_TRUE(open(10).empty);
+    the_session.tank = {1.0F, 100.0F, 400.0F};
+    state().method.global = false;
+    open(10);
+    EXPECT_TRUE(legacy::the_results.current.refused());
+    EXPECT_TRUE(lines().empty());
 }
 
 TEST_F(ResultViewTest, SeparatorShowsAndSets) {
     const std::pair<char, int> entries[] = {{';', 0}, {',', 1}, {'\t', 2}, {'|', 0}};
     for (const auto& [separator, index] : entries) {
         the_session.CsvSeparator = separator;
-        EXPECT_EQ(open(3).separatorIndex, index);
+        EXPECT_EQ(report::separator_index(the_session.CsvSeparator), index);
     }
-    calculation::choose_separator(2);
+    session::choose_separator(2);
     EXPECT_EQ(the_session.CsvSeparator, '\t');
-    calculation::choose_separator(1);
+    session::choose_separator(1);
     EXPECT_EQ(the_session.CsvSeparator, ',');
-    calculation::choose_separator(0);
+    session::choose_separator(0);
     EXPECT_EQ(the_session.CsvSeparator, ';');
 }
 
 TEST_F(ResultViewTest, LoadWritesAListAndClosesTheViews) {
-    const calculation::Views before = calculation::views();
     int closed = 0;
-    calculation::views().closeResultView = [&] { ++closed; };
-    calculation::views().closeParinput = [&] { ++closed; };
+    session::CalculationViews views;
+    views.closeResultView = [&] { ++closed; };
+    views.closeParinput = [&] { ++closed; };
     use_sets({{0, 300, 500, 11.0F}});
     const ResultView view = open(3);
     user.fileAnswers = {std::nullopt, (folder() / "list").string()};
-    EXPECT_FALSE(calculation::finish_result_view(view, calculation::ListTarget::File, false));
+    EXPECT_FALSE(session::finish_result_view(view, report::ListTarget::File, false, views));
     EXPECT_EQ(closed, 0) << "a cancel leaves the view open";
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_EQ(user.files[0].title, "Save QUOR result list as ...");
     EXPECT_EQ(user.files[0].filter, "Result file (*.LST)|*.LST");
     EXPECT_EQ(user.files[0].defaultExtension, ".LST");
     EXPECT_TRUE(user.files[0].save && user.files[0].overwritePrompt);
-    EXPECT_TRUE(calculation::finish_result_view(view, calculation::ListTarget::File, false));
+    EXPECT_TRUE(session::finish_result_view(view, report::ListTarget::File, false, views));
     EXPECT_EQ(closed, 2);
     EXPECT_EQ(content_of(folder() / "list.LST").substr(0, 29), "QUOR Results of Calculation\r\n");
-    EXPECT_TRUE(calculation::finish_result_view(view, calculation::ListTarget::Printer, false));
+    EXPECT_TRUE(session::finish_result_view(view, report::ListTarget::Printer, false, views));
     ASSERT_EQ(user.prints.size(), 1U);
     EXPECT_EQ(user.prints[0].font, "COURIER");
     EXPECT_EQ(user.prints[0].text.substr(0, 29), "QUOR: Results of Calculation\n");
-    EXPECT_TRUE(calculation::finish_result_view(view, calculation::ListTarget::None, false));
-    calculation::views() = before;
+    EXPECT_TRUE(session::finish_result_view(view, report::ListTarget::None, false, views));
 }
 
 TEST_F(ResultViewTest, UnwritableListTellsAndLeavesTheViewOpen) {
     use_sets({{0, 300, 500}});
     const ResultView view = open(3);
+    const session::CalculationViews views;
     user.fileAnswers = {(folder() / "no" / "such" / "folder.LST").string()};
-    EXPECT_FALSE(calculation::finish_result_view(view, calculation::ListTarget::File, false));
+    EXPECT_FALSE(session::finish_result_view(view, report::ListTarget::File, false, views));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_NE(user.lastText().find("folder.LST"), std::string::npos);
 }
 
 TEST_F(ResultViewTest, IsoCalculatorNeedsTAndP) {
-    EXPECT_FALSE(calculation::prepare_iso_calculator("", "0"));
+    EXPECT_FALSE(session::iso_start("", "0"));
     EXPECT_EQ(user.lastText(), "not yet a T|p value available!");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_TRUE(calculation::prepare_iso_calculator("300", "500,5"));
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].p, 500.5);
+    const auto typed = session::iso_start("300", "500,5");
+    ASSERT_TRUE(typed);
+    EXPECT_DOUBLE_EQ(typed->p, 500.5);
     use_sets({{0, 310, 700}});
-    the_session.DataSetIndex = 1;
-    EXPECT_TRUE(calculation::prepare_iso_calculator("", ""));
-    EXPECT_DOUBLE_EQ(legacy::the_BatchData[0].T, 310);
+    state().dataSet = 1;
+    const auto measured = session::iso_start("", "");
+    ASSERT_TRUE(measured);
+    EXPECT_DOUBLE_EQ(measured->T, 310);
 }
 
 // ---- Protocol ---------------------------------------------------------------------------------
@@ -239,22 +245,22 @@ TEST_F(ResultViewTest, IsoCalculatorNeedsTAndP) {
 class Protocol : public ResultViewTest {
   protected:
     std::vector<std::string> file_lines() {
-        return text::Lines(content_of(folder() / the_session.ProtocolFile));
+        return text::Lines(content_of(folder() / protocol().file));
     }
-    void write_state(double T, double p) {
-        use_input({.T = T, .p = p});
-        calculate(3);
-        calculation::add_to_protocol();
+    static report::Protocol& protocol() { return legacy::the_protocol; }
+    static void write_state(double T, double p) {
+        calculate(3, T, p);
+        session::add_to_protocol();
     }
 };
 
 TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
-    EXPECT_EQ(the_session.ProtocolFile, "26151101.CSV");
+    EXPECT_EQ(protocol().file, "26151101.CSV");
     write_state(300, 100);
     write_state(310.5, 200);
-    EXPECT_EQ(the_session.ProtocolOpen, 2);
-    EXPECT_TRUE(the_session.ProtocolPending);
-    ASSERT_TRUE(calculation::write_protocol());
+    EXPECT_EQ(protocol().rows.size(), 2U);
+    EXPECT_TRUE(protocol().pending);
+    ASSERT_TRUE(session::write_protocol());
     const std::string bytes = content_of(folder() / "26151101.CSV");
     EXPECT_NE(bytes.find("\r\n"), std::string::npos);
     const auto rows = file_lines();
@@ -273,18 +279,17 @@ TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
                       static_cast<double>(static_cast<float>(value)));
         return std::string(buffer);
     };
-    use_input({.T = 300, .p = 100});
-    calculate(3);
-    EXPECT_EQ(rows[7], "300;100;" + general(legacy::the_Fu[9]) + ";");
-    use_input({.T = 310.5, .p = 200});
-    calculate(3);
-    EXPECT_EQ(rows[8], "310.5;200;" + general(legacy::the_Fu[9]) + ";");
+    calculate(3, 300, 100);
+    EXPECT_EQ(rows[7], "300;100;" + general(legacy::the_results.current.Fu[9]) + ";");
+    calculate(3, 310.5, 200);
+    EXPECT_EQ(rows[8], "310.5;200;" + general(legacy::the_results.current.Fu[9]) + ";");
 }
 
 TEST_F(Protocol, NamesStandForTheirIndices) {
-    for (std::size_t i = 0; i < 42; ++i) legacy::the_Fu[i] = static_cast<double>(i + 1);
-    calculation::add_to_protocol();
-    ASSERT_TRUE(calculation::write_protocol());
+    for (std::size_t i = 0; i < 42; ++i)
+        legacy::the_results.current.Fu[i] = static_cast<double>(i + 1);
+    session::add_to_protocol();
+    ASSERT_TRUE(session::write_protocol());
     const auto rows = file_lines();
     const auto names = text::split(rows[7], ';');
     ASSERT_EQ(names.size(), 43U);
@@ -300,11 +305,11 @@ TEST_F(Protocol, NamesStandForTheirIndices) {
 }
 
 TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
-    use_input({.T = 300, .p = 100});
-    use_units(1);
-    calculate(8);
-    calculation::add_to_protocol();
-    ASSERT_TRUE(calculation::write_protocol());
+    the_session.UnitMode = 1;
+    the_session.CaloricUnit = 3;
+    calculate(8, 300, 100);
+    session::add_to_protocol();
+    ASSERT_TRUE(session::write_protocol());
     const auto rows = file_lines();
     EXPECT_EQ(rows[3], "units: [T] = K   [p] = kPa   [B] = m^3/kmol    [v] = m^3/kg");
     EXPECT_EQ(rows[4], "specific SI-units for function z: [z] = kJ/kg or kJ/(kg K)");
@@ -320,7 +325,7 @@ TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
 TEST_F(Protocol, DecimalCommaWithCommaWarnsInGermanAndGoesOn) {
     numbers::set_decimal_mark(',');
     the_session.DecimalComma = true;
-    calculation::choose_separator(1);
+    session::choose_separator(1);
     write_state(310.5, 200);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
@@ -328,63 +333,64 @@ TEST_F(Protocol, DecimalCommaWithCommaWarnsInGermanAndGoesOn) {
               "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
               "ist nicht mehr Excel-kompatibel.\nsemicolon recommended");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    ASSERT_TRUE(calculation::write_protocol());
+    ASSERT_TRUE(session::write_protocol());
     EXPECT_EQ(file_lines()[7].substr(0, 10), "310,5,200,");
     user.messages.clear();
-    calculation::choose_separator(0);
+    session::choose_separator(0);
     write_state(310.5, 200);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Protocol, OpenNewCopiesTheFileAndTakesANewName) {
     write_state(300, 100);
-    ASSERT_TRUE(calculation::open_new_protocol());
-    EXPECT_EQ(the_session.ProtocolFile, "26151102.CSV");
-    EXPECT_EQ(calculation::protocol_file_title(), "26151102.CSV");
-    EXPECT_FALSE(the_session.ProtocolPending);
-    EXPECT_EQ(the_session.ProtocolOpen, 0);
-    EXPECT_TRUE(legacy::the_protocol.empty());
+    ASSERT_TRUE(session::open_new_protocol());
+    EXPECT_EQ(protocol().file, "26151102.CSV");
+    EXPECT_EQ(session::protocol_file_title(), "26151102.CSV");
+    EXPECT_FALSE(protocol().pending);
+    EXPECT_TRUE(protocol().rows.empty());
+    EXPECT_TRUE(protocol().rows.empty());
     EXPECT_NE(user.clipboard.find("\r\nT\tp\tv(V)\t\r\n300\t100\t"), std::string::npos);
     write_state(301, 100);
-    ASSERT_TRUE(calculation::open_new_protocol());
+    ASSERT_TRUE(session::open_new_protocol());
     EXPECT_EQ(user.clipboard.find("\r\n300\t"), std::string::npos) << "a new file starts empty";
 }
 
 TEST_F(Protocol, EmptyFileIsDeleted) {
-    std::ofstream(folder() / the_session.ProtocolFile).flush();
-    const std::string name = the_session.ProtocolFile;
-    ASSERT_TRUE(calculation::open_new_protocol());
+    std::ofstream(folder() / protocol().file).flush();
+    const std::string name = protocol().file;
+    ASSERT_TRUE(session::open_new_protocol());
     EXPECT_FALSE(std::filesystem::exists(folder() / name));
     EXPECT_TRUE(user.clipboard.empty());
-    std::ofstream(folder() / the_session.ProtocolFile).flush();
-    calculation::close_protocol();
-    EXPECT_FALSE(std::filesystem::exists(folder() / the_session.ProtocolFile));
+    std::ofstream(folder() / protocol().file).flush();
+    session::close_protocol();
+    EXPECT_FALSE(std::filesystem::exists(folder() / protocol().file));
 }
 
 TEST_F(Protocol, ExitWritesWhatIsPending) {
     write_state(300, 100);
-    calculation::close_protocol();
-    EXPECT_FALSE(the_session.ProtocolPending);
+    session::close_protocol();
+    EXPECT_FALSE(protocol().pending);
     EXPECT_EQ(file_lines()[6], "T;p;v(V);");
 }
 
 TEST_F(Protocol, WriteProtectedFileLosesNothing) {
     namespace fs = std::filesystem;
     write_state(300, 100);
-    const fs::path file = folder() / the_session.ProtocolFile;
+    const fs::path file = folder() / protocol().file;
+    ASSERT_TRUE(session::write_protocol());
     std::ofstream(file) << "old";
     fs::permissions(file, fs::perms::owner_read);
-    EXPECT_FALSE(calculation::open_new_protocol());
+    EXPECT_FALSE(session::open_new_protocol());
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_NE(user.lastText().find("26151101.CSV could not be written"), std::string::npos);
-    EXPECT_TRUE(the_session.ProtocolPending);
-    EXPECT_EQ(legacy::the_protocol.size(), 1U);
-    EXPECT_EQ(the_session.ProtocolFile, "26151101.CSV");
+    EXPECT_TRUE(protocol().pending);
+    EXPECT_EQ(protocol().rows.size(), 1U);
+    EXPECT_EQ(protocol().file, "26151101.CSV");
     EXPECT_EQ(content_of(file), "old");
-    calculation::close_protocol();
-    EXPECT_TRUE(the_session.ProtocolPending);
+    session::close_protocol();
+    EXPECT_TRUE(protocol().pending);
     fs::permissions(file, fs::perms::owner_all);
-    EXPECT_TRUE(calculation::open_new_protocol());
+    EXPECT_TRUE(session::open_new_protocol());
     EXPECT_NE(user.clipboard.find("300\t100"), std::string::npos);
 }
 
@@ -392,31 +398,85 @@ TEST_F(Protocol, FolderThatTakesNoFileLosesNothing) {
     namespace fs = std::filesystem;
     write_state(300, 100);
     // A folder stands where the new content would be written beside the old one.
-    const fs::path obstacle = folder() / (the_session.ProtocolFile + ".part");
+    const fs::path obstacle = folder() / (protocol().file + ".part");
     fs::create_directory(obstacle);
-    EXPECT_FALSE(calculation::open_new_protocol());
-    EXPECT_TRUE(the_session.ProtocolPending);
-    EXPECT_EQ(legacy::the_protocol.size(), 1U);
-    EXPECT_FALSE(fs::exists(folder() / the_session.ProtocolFile));
+    EXPECT_FALSE(session::open_new_protocol());
+    EXPECT_TRUE(protocol().pending);
+    EXPECT_EQ(protocol().rows.size(), 1U);
+    EXPECT_FALSE(fs::exists(folder() / protocol().file));
     fs::remove(obstacle);
-    EXPECT_TRUE(calculation::open_new_protocol());
+    EXPECT_TRUE(session::open_new_protocol());
 }
 
 TEST_F(Protocol, UnwritablePathLosesNothing) {
     write_state(300, 100);
-    the_session.ProtocolFile = (folder() / "gone" / "a.CSV").string();
-    EXPECT_FALSE(calculation::open_new_protocol());
-    EXPECT_TRUE(the_session.ProtocolPending);
-    EXPECT_EQ(legacy::the_protocol.size(), 1U);
-    the_session.ProtocolFile = "26151101.CSV";
-    EXPECT_TRUE(calculation::open_new_protocol());
+    protocol().file = (folder() / "gone" / "a.CSV").string();
+    EXPECT_FALSE(session::open_new_protocol());
+    EXPECT_TRUE(protocol().pending);
+    EXPECT_EQ(protocol().rows.size(), 1U);
+    protocol().file = "26151101.CSV";
+    EXPECT_TRUE(session::open_new_protocol());
+}
+
+TEST_F(Protocol, AFileOfAnotherProgramIsNotOverwritten) {
+    // Two programs took the same free name as they started.
+    std::ofstream(folder() / "26151101.CSV") << "of another program";
+    write_state(300, 100);
+    ASSERT_TRUE(session::write_protocol());
+    EXPECT_EQ(content_of(folder() / "26151101.CSV"), "of another program");
+    EXPECT_EQ(protocol().file, "26151102.CSV");
+    EXPECT_EQ(file_lines()[6], "T;p;v(V);");
+    write_state(310, 100);
+    ASSERT_TRUE(session::write_protocol());
+    EXPECT_EQ(protocol().file, "26151102.CSV") << "the own file is written again";
+    EXPECT_EQ(file_lines().size(), 9U);
+}
+
+TEST_F(Protocol, ARowStaysWithTheSubstanceThatMadeIt) {
+    legacy::the_substance = fluids::Row("Water");
+    use_models({});
+    write_state(400, 100);
+    legacy::the_substance = fluids::ReferencePropane();
+    use_models({});
+    ASSERT_TRUE(session::write_protocol());
+    EXPECT_EQ(file_lines()[1], "Water");
+    write_state(300, 100);
+    ASSERT_TRUE(session::write_protocol());
+    const auto rows = file_lines();
+    ASSERT_EQ(rows.size(), 18U);
+    EXPECT_EQ(rows[1], "Water");
+    EXPECT_EQ(rows[8].substr(0, 8), "400;100;");
+    EXPECT_EQ(rows[9], "");
+    EXPECT_EQ(rows[10], "Propane");
+    EXPECT_EQ(rows[17].substr(0, 8), "300;100;");
+}
+
+TEST_F(Protocol, ARowStaysWithItsModelAndItsUnits) {
+    write_state(300, 100);
+    use_models({.eos = 4});
+    write_state(300, 100);
+    the_session.UnitMode = 1;
+    the_session.CaloricUnit = 3;
+    write_state(300, 100);
+    ASSERT_TRUE(session::write_protocol());
+    std::vector<std::string> models, units;
+    for (const std::string& line : file_lines()) {
+        if (line.starts_with("Model: ")) models.push_back(line);
+        if (line.starts_with("units: ")) units.push_back(line);
+    }
+    ASSERT_EQ(models.size(), 3U);
+    EXPECT_NE(models[0], models[1]);
+    EXPECT_EQ(models[1], models[2]);
+    ASSERT_EQ(units.size(), 3U);
+    EXPECT_EQ(units[0], units[1]);
+    EXPECT_TRUE(units[2].ends_with("[v] = m^3/kg"));
 }
 
 TEST_F(Protocol, AValueBeyond32BitsIsRefused) {
-    legacy::the_Fu[5] = 1e300;
-    calculation::add_to_protocol();
+    legacy::the_results.current.Fu[5] = 1e300;
+    session::add_to_protocol();
     EXPECT_EQ(user.lastText(), "Overflow");
-    EXPECT_FALSE(the_session.ProtocolPending);
+    EXPECT_FALSE(protocol().pending);
 }
 
 }  // namespace

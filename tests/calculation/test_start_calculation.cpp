@@ -1,7 +1,5 @@
-#include "calc_test.h"
-#include "calculation/partial_choice.h"
-#include "calculation/start_calculation.h"
-#include "models/model_tables.h"
+#include "models/density.h"
+#include "session_calc_test.h"
 
 using namespace quor;
 
@@ -10,52 +8,56 @@ namespace {
 using legacy::the_session;
 
 /// Which views open, in their order.
-class StartCalculation : public CalcTest {
+class StartCalculation : public SessionCalcTest {
   protected:
-    StartCalculation() : before_(calculation::views()) {
-        use_fluid();
-        use_models({});
-        calculation::Views& v = calculation::views();
-        v.openCalcIn = [this] { opened.emplace_back("frmCalcIn"); };
-        v.openResultView = [this] { opened.emplace_back("frmCalcOut"); };
-        v.closeResultView = [this] { opened.emplace_back("-frmCalcOut"); };
-        v.openParinput = [this] { opened.emplace_back("frmParinput"); };
-        v.closeParinput = [this] { opened.emplace_back("-frmParinput"); };
-        v.closeTankView = [this] { opened.emplace_back("-frmKessel"); };
-        v.openProcessView = [this] { opened.emplace_back("frmInputProzessLinien"); };
-        v.prepareDiagram = [this] { opened.emplace_back("diagram"); };
+    StartCalculation() {
+        views.openCalcIn = [this] {
+            opened.emplace_back("frmCalcIn");
+            return choiceIsConfirmed;
+        };
+        views.openResultView = [this] { opened.emplace_back("frmCalcOut"); };
+        views.closeResultView = [this] { opened.emplace_back("-frmCalcOut"); };
+        views.openParinput = [this] { opened.emplace_back("frmParinput"); };
+        views.closeParinput = [this] { opened.emplace_back("-frmParinput"); };
+        views.closeTankView = [this] { opened.emplace_back("-frmKessel"); };
+        views.openProcessView = [this] { opened.emplace_back("frmInputProzessLinien"); };
+        views.prepareDiagram = [this] { opened.emplace_back("diagram"); };
     }
-    ~StartCalculation() override { calculation::views() = before_; }
 
     using Names = std::vector<std::string>;
-    Names run(std::int16_t mode) {
+    Names run(int mode) {
         opened.clear();
-        calculation::run_calculation(mode);
+        session::run_calculation(calculation::task_of_code(mode), views);
         return opened;
     }
 
-    Names opened;
+    void confirm(const report::PartialChoice& choice, bool forDiagram = false) {
+        opened.clear();
+        session::confirm_partial_choice(choice, forDiagram, views);
+    }
 
-  private:
-    calculation::Views before_;
+    session::CalculationViews views;
+    Names opened;
+    bool choiceIsConfirmed = true;
 };
 
 TEST_F(StartCalculation, DirectModeOpensResultAndInput) {
-    for (const std::int16_t mode : Codes{1, 6, 7, 8, 11, 13, 14, 15, 16, 17, 18, 19, 22, 24}) {
+    for (const int mode : Codes{1, 6, 7, 8, 11, 13, 14, 15, 16, 17, 18, 19, 22, 24}) {
         SCOPED_TRACE(mode);
         EXPECT_EQ(run(mode), (Names{"frmCalcOut", "frmParinput"}));
-        EXPECT_EQ(the_session.InputSituation, mode + 100);
+        EXPECT_EQ(state().input, report::InputKind::state);
+        EXPECT_EQ(code_of(state().task), mode);
     }
     EXPECT_EQ(run(0), (Names{"frmCalcOut", "frmParinput"}));
-    EXPECT_EQ(the_session.CalcMode, 1);
+    EXPECT_EQ(code_of(state().task), 1);
 }
 
 TEST_F(StartCalculation, BatchModeOpensOnlyTheResult) {
     the_session.BatchMode = true;
-    for (const std::int16_t mode : Codes{1, 2, 3, 8, 11, 13}) {
+    for (const int mode : Codes{1, 2, 3, 8, 11, 13}) {
         SCOPED_TRACE(mode);
         EXPECT_EQ(run(mode), (Names{"frmCalcOut"}));
-        EXPECT_FALSE(the_session.AssumedVle);
+        EXPECT_FALSE(state().method.assumedVle);
     }
     EXPECT_TRUE(user.messages.empty());
 }
@@ -69,13 +71,14 @@ TEST_F(StartCalculation, AsksWhetherAnEquilibriumIsMeant) {
     EXPECT_EQ(user.lastTitle(), "T-p-Vorgabe");
     EXPECT_EQ(user.messages.back().buttons, dialogs::Buttons::YesNo);
     EXPECT_EQ(user.messages.back().defaultAnswer, dialogs::Answer::No);
-    EXPECT_FALSE(the_session.AssumedVle);
+    EXPECT_FALSE(state().method.assumedVle);
     user.answers = {dialogs::Answer::Yes};
     EXPECT_EQ(run(3), (Names{"frmCalcIn"}));
-    EXPECT_TRUE(the_session.AssumedVle);
-    EXPECT_EQ(the_session.InputSituation, 103);
+    EXPECT_TRUE(state().method.assumedVle);
+    EXPECT_EQ(state().input, report::InputKind::state);
+    EXPECT_EQ(code_of(state().task), 3);
     run(8);
-    EXPECT_FALSE(the_session.AssumedVle);
+    EXPECT_FALSE(state().method.assumedVle);
 }
 
 TEST_F(StartCalculation, EquilibriaArePrepared) {
@@ -93,17 +96,17 @@ TEST_F(StartCalculation, LiquidDensityNeedsACubicEos) {
     the_session.BatchMode = true;
     use_models({.eos = 16});
     EXPECT_TRUE(run(2).empty());
-    EXPECT_EQ(the_session.CalcMode, 0);
+    EXPECT_EQ(code_of(state().task), 0);
     EXPECT_EQ(user.lastText(), "possible only by using a  cubic EOS");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
 
 TEST_F(StartCalculation, TankClosesTheResultBehindItself) {
     EXPECT_EQ(run(9), (Names{"frmCalcOut", "frmParinput", "-frmCalcOut"}));
-    EXPECT_TRUE(the_session.GlobalCalculation);
-    EXPECT_EQ(the_session.InputSituation, 33);
+    EXPECT_TRUE(state().method.global);
+    EXPECT_EQ(state().input, report::InputKind::tank);
     EXPECT_EQ(run(10), (Names{"frmCalcIn", "-frmCalcOut"}));
-    EXPECT_FALSE(the_session.GlobalCalculation);
+    EXPECT_FALSE(session::open_partial_choice().method.global);
 }
 
 TEST_F(StartCalculation, PolytropicProcessHasItsOwnView) {
@@ -113,11 +116,11 @@ TEST_F(StartCalculation, PolytropicProcessHasItsOwnView) {
 }
 
 TEST_F(StartCalculation, MenuTellsThatBatchModeHasNoData) {
-    calculation::prepare_calculation_menu();
+    session::prepare_calculation_menu(views);
     EXPECT_TRUE(user.messages.empty());
     EXPECT_EQ(opened, (Names{"-frmCalcOut", "-frmParinput", "-frmKessel"}));
     the_session.BatchMode = true;
-    calculation::prepare_calculation_menu();
+    session::prepare_calculation_menu(views);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(
         user.lastText(),
@@ -127,36 +130,24 @@ TEST_F(StartCalculation, MenuTellsThatBatchModeHasNoData) {
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
 
-TEST_F(StartCalculation, MenuRowsAndModesBelongTogether) {
-    using calculation::Menu;
-    const std::pair<int, int> rows[] = {{0, 1},  {1, 2},   {2, 3},  {3, 13}, {5, 4},
-                                        {6, 5},  {8, 6},   {9, 7},  {11, 8}, {13, 12},
-                                        {15, 9}, {16, 10}, {18, 11}};
-    for (const auto& [row, mode] : rows)
-        EXPECT_EQ(calculation::mode_of_row(Menu::Calculation, row), mode);
-    for (const int separator : {4, 7, 10, 12, 14, 17, 19, -1})
-        EXPECT_EQ(calculation::mode_of_row(Menu::Calculation, separator), 0);
-    const std::pair<int, int> database[] = {{1, 14}, {2, 24}, {3, 15}, {4, 16}, {5, 17}, {6, 18}};
-    for (const auto& [row, mode] : database)
-        EXPECT_EQ(calculation::mode_of_row(Menu::Database, row), mode);
-    for (int row = 0; row < 4; ++row)
-        EXPECT_EQ(calculation::mode_of_row(Menu::Pressure, row), 19 + row);
+TEST_F(StartCalculation, CancelOfTheChoiceChangesNothing) {
+    run(3);
+    const report::CalculationState before = state();
+    choiceIsConfirmed = false;
+    for (const int mode : Codes{4, 5, 10}) {
+        SCOPED_TRACE(mode);
+        EXPECT_EQ(run(mode), (Names{"frmCalcIn"}));
+        EXPECT_EQ(state().task, before.task);
+        EXPECT_EQ(state().method, before.method);
+        EXPECT_EQ(state().input, before.input);
+    }
 }
 
-TEST_F(StartCalculation, DatabaseRowsFollowTheData) {
-    using calculation::is_row_possible;
-    using calculation::Menu;
-    // Propane has a density, delta(LV)h, cp of the ideal gas, WAG and ALP.
-    const bool database[] = {false, true, false, true, true, false, false};
-    const bool pressure[] = {false, true, true, false};
-    for (int row = 0; row < 7; ++row)
-        EXPECT_EQ(is_row_possible(Menu::Database, row), database[row]) << row;
-    for (int row = 0; row < 4; ++row)
-        EXPECT_EQ(is_row_possible(Menu::Pressure, row), pressure[row]) << row;
-    EXPECT_EQ(calculation::virial_row_caption(),
-              "T => Virial Coefficient B, Parameters of the CEOS");
-    use_models({.eos = 16});
-    EXPECT_EQ(calculation::virial_row_caption(), "T => Virial Coefficient B");
+TEST_F(StartCalculation, CodesAndTasksBelongTogether) {
+    for (int code = 1; code < calculation::kTaskCount; ++code)
+        EXPECT_EQ(code_of(calculation::task_of_code(code)), code);
+    for (const int none : Codes{-1, 0, 25, 32000})
+        EXPECT_EQ(calculation::task_of_code(none), calculation::Task::none);
 }
 
 // ---- PartialChoiceDialog
@@ -165,11 +156,11 @@ TEST_F(StartCalculation, DatabaseRowsFollowTheData) {
 using PartialChoice = StartCalculation;
 
 TEST_F(PartialChoice, CubicEosOffersBothCalculations) {
-    the_session.CalcMode = 4;
-    the_session.GlobalCalculation = false;
-    auto choice = calculation::open_partial_choice();
+    state().task = calculation::task_of_code(4);
+    state().method.global = false;
+    auto choice = session::open_partial_choice();
     EXPECT_EQ(choice.title, "Choose \"Global-/Partial Calculation\" for Phase Equilibrium V-L");
-    EXPECT_TRUE(the_session.GlobalCalculation);
+    EXPECT_TRUE(choice.method.global);
     EXPECT_EQ(choice.globalIndex, 0);
     EXPECT_TRUE(choice.globalEnabled && choice.choicesVisible && choice.cancelEnabled);
     EXPECT_FALSE(choice.densityFrameVisible || choice.referenceFrameVisible);
@@ -180,8 +171,8 @@ TEST_F(PartialChoice, CubicEosOffersBothCalculations) {
                                     "phases L and V "),
               0U);
 
-    calculation::choose_global(choice, 1);
-    EXPECT_FALSE(the_session.GlobalCalculation);
+    choice.choose_global(false);
+    EXPECT_FALSE(choice.method.global);
     EXPECT_TRUE(choice.densityFrameVisible && choice.referenceFrameVisible);
     EXPECT_FALSE(choice.databaseEnabled);
     EXPECT_EQ(choice.databaseRange, "(no database function available)");
@@ -194,76 +185,75 @@ TEST_F(PartialChoice, CubicEosOffersBothCalculations) {
 TEST_F(PartialChoice, DatabaseDensityIsOfferedWhereItExists) {
     legacy::the_substance.rhoLTLo = 150;
     legacy::the_substance.rhoLTHi = 360;
-    the_session.CalcMode = 4;
-    auto choice = calculation::open_partial_choice();
-    calculation::choose_global(choice, 1);
+    state().task = calculation::task_of_code(4);
+    auto choice = session::open_partial_choice();
+    choice.choose_global(false);
     EXPECT_TRUE(choice.databaseEnabled);
     EXPECT_EQ(choice.databaseRange, "valid in the range T/K =150...360");
-    calculation::choose_density(choice, 1);
-    EXPECT_FALSE(the_session.LiquidByBenson);
+    choice.choose_density(false);
+    EXPECT_FALSE(choice.method.liquidByBenson);
     EXPECT_FALSE(choice.referenceFrameVisible);
     EXPECT_EQ(choice.lblRhoLimits,
               "The L-density is calculated by means of the database equation rho_L = F(T).");
-    calculation::choose_density(choice, 0);
-    EXPECT_TRUE(the_session.LiquidByBenson && choice.referenceFrameVisible);
+    choice.choose_density(true);
+    EXPECT_TRUE(choice.method.liquidByBenson && choice.referenceFrameVisible);
     EXPECT_EQ(choice.lblRhoLimits, "The L-density is calculated by means of BENSON's method.");
 }
 
 TEST_F(PartialChoice, VirialEosRefusesTheGlobalCalculation) {
     use_models({.eos = 16});
-    the_session.CalcMode = 5;
-    auto choice = calculation::open_partial_choice();
-    EXPECT_FALSE(the_session.GlobalCalculation);
+    state().task = calculation::task_of_code(5);
+    auto choice = session::open_partial_choice();
+    EXPECT_FALSE(choice.method.global);
     EXPECT_EQ(choice.globalIndex, 1);
     EXPECT_EQ(choice.GlobalSit.find(
                   "The selected EOS can only be used for the calculation of the V-phase."),
               0U);
     EXPECT_TRUE(user.messages.empty());
-    calculation::choose_global(choice, 0);
-    EXPECT_EQ(user.lastText(),
-              "Global calculation only possible by using a cubic EOS (=> Window \"Models\").");
-    EXPECT_EQ(user.lastTitle(), "Execution not possible");
+    EXPECT_FALSE(choice.choose_global(true));
+    EXPECT_STREQ(report::kGlobalNeedsCubic,
+                 "Global calculation only possible by using a cubic EOS (=> Window \"Models\").");
     EXPECT_EQ(choice.globalIndex, 1);
-    EXPECT_FALSE(the_session.GlobalCalculation);
+    EXPECT_FALSE(choice.method.global);
 }
 
 TEST_F(PartialChoice, VapourPressurePriorityLeavesNothingToChoose) {
     use_models({.priority = false});
-    the_session.CalcMode = 4;
-    the_session.GlobalCalculation = false;
-    const auto choice = calculation::open_partial_choice();
+    state().task = calculation::task_of_code(4);
+    state().method.global = false;
+    const auto choice = session::open_partial_choice();
     EXPECT_EQ(choice.title, "Situation of Calculation");
     EXPECT_FALSE(choice.choicesVisible || choice.cancelEnabled);
     EXPECT_EQ(choice.GlobalSit,
               "Calculation of the equilibrium V - L by using the actual vapour press. equation\n"
               "(The EOS was deactivated in the window 'Models')");
-    EXPECT_TRUE(the_session.GlobalCalculation);
+    EXPECT_TRUE(choice.method.global);
 }
 
 TEST_F(PartialChoice, TankIsAlwaysPartial) {
     for (const bool priority : {true, false}) {
         use_models({.priority = priority});
-        the_session.CalcMode = 10;
-        the_session.GlobalCalculation = false;
-        const auto choice = calculation::open_partial_choice();
-        EXPECT_FALSE(the_session.GlobalCalculation);
+        state().task = calculation::task_of_code(10);
+        state().method.global = false;
+        const auto choice = session::open_partial_choice();
+        EXPECT_FALSE(choice.method.global);
         EXPECT_FALSE(choice.globalEnabled);
     }
 }
 
 TEST_F(PartialChoice, AssumedEquilibriumAndVaporisationNeedASecondPoint) {
-    the_session.CalcMode = 3;
-    the_session.AssumedVle = true;
-    auto choice = calculation::open_partial_choice();
-    EXPECT_FALSE(the_session.GlobalCalculation);
+    state().task = calculation::task_of_code(3);
+    state().method.assumedVle = true;
+    auto choice = session::open_partial_choice();
+    EXPECT_FALSE(choice.method.global);
     EXPECT_EQ(choice.GlobalSit.find(
                   "Assumption: The specificated values exactly describe the phase equlibrium.\n"),
               0U);
     EXPECT_NE(choice.GlobalSit.find("A 2nd reference point is needed"), std::string::npos);
-    the_session.AssumedVle = false;
-    the_session.CalcMode = 6;
+    state().method.assumedVle = false;
+    state().task = calculation::task_of_code(6);
     use_models({.hlv = 6});
-    choice = calculation::open_partial_choice();
+    choice = session::open_partial_choice();
     EXPECT_FALSE(choice.modeFrameVisible);
     EXPECT_TRUE(choice.referenceFrameVisible);
     EXPECT_EQ(choice.GlobalSit.find(
@@ -272,21 +262,19 @@ TEST_F(PartialChoice, AssumedEquilibriumAndVaporisationNeedASecondPoint) {
 }
 
 TEST_F(PartialChoice, ReferencePointIsProposedApproximatedOrTyped) {
-    the_session.CalcMode = 4;
-    the_session.BensonReferenceValid = true;
-    auto choice = calculation::open_partial_choice();
-    EXPECT_FALSE(the_session.BensonReferenceValid);
-    EXPECT_EQ(the_session.InputSituation, 4);
+    state().task = calculation::task_of_code(4);
+    auto choice = session::open_partial_choice();
+    EXPECT_FALSE(models::is_known(state().method.reference));
     EXPECT_FALSE(choice.inputEnabled);
     EXPECT_EQ(
         choice.RefVorschlag.find("Proposal for the reference point according to situation:\n"), 0U);
-    EXPECT_FLOAT_EQ(the_session.BensonReference.T, legacy::the_substance.Tboil);
-    EXPECT_TRUE(calculation::is_benson_reference_given());
+    EXPECT_FLOAT_EQ(choice.method.reference.T, legacy::the_substance.Tboil);
+    EXPECT_TRUE(models::is_known(choice.method.reference));
 
-    calculation::ChooseReference(choice, 1);
-    EXPECT_EQ(the_session.BensonReference.p, 101.335F);
+    choice.choose_reference(report::PartialChoice::Reference::approximation);
+    EXPECT_EQ(choice.method.reference.p, 101.335F);
     // 220.4781 (1.981 + 0.18327 ln(4251.2/101.3)) by hand.
-    EXPECT_NEAR(static_cast<double>(the_session.BensonReference.rhoL),
+    EXPECT_NEAR(static_cast<double>(choice.method.reference.rhoL),
                 220.4781 * (1.981 + 0.18327 * std::log(4251.2 / 101.3)), 1e-3);
     const std::vector<std::string> text = [&] {
         std::vector<std::string> all(1);
@@ -306,53 +294,48 @@ TEST_F(PartialChoice, ReferencePointIsProposedApproximatedOrTyped) {
     EXPECT_EQ(text[4].find(" rho(V)(ref)/kg/m^3 = 2.4"), 0U);
     EXPECT_NE(text[4].find(" (CEOS Peng / Robinson)"), std::string::npos);
 
-    calculation::ChooseReference(choice, 2);
+    choice.choose_reference(report::PartialChoice::Reference::typed);
     EXPECT_TRUE(choice.inputEnabled);
-    calculation::ChooseReference(choice, 0);
+    choice.choose_reference(report::PartialChoice::Reference::proposed);
     EXPECT_FALSE(choice.inputEnabled);
 }
 
 TEST_F(PartialChoice, WithoutDataThereIsNoProposal) {
     legacy::the_substance.Tboil = 0;
     legacy::the_substance.rhoLPar = {};
-    the_session.CalcMode = 4;
-    auto choice = calculation::open_partial_choice();
-    EXPECT_FALSE(calculation::is_benson_reference_given());
+    state().task = calculation::task_of_code(4);
+    auto choice = session::open_partial_choice();
+    EXPECT_FALSE(models::is_known(choice.method.reference));
     EXPECT_NE(choice.RefVorschlag.find("No data available"), std::string::npos);
-    calculation::ChooseReference(choice, 1);
+    choice.choose_reference(report::PartialChoice::Reference::approximation);
     EXPECT_EQ(choice.RefVorschlag, "No normal boiling point available");
-    opened.clear();
-    calculation::confirm_partial_choice(choice);
-    EXPECT_FALSE(the_session.BensonReferenceValid);
+    confirm(choice);
+    EXPECT_FALSE(models::is_known(state().method.reference));
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmCalcOut", "frmParinput"}));
 }
 
 TEST_F(PartialChoice, GoesOnToResultInputOrDiagram) {
-    the_session.CalcMode = 5;
-    auto choice = calculation::open_partial_choice();
-    opened.clear();
-    calculation::confirm_partial_choice(choice);
-    EXPECT_TRUE(the_session.BensonReferenceValid);
+    state().task = calculation::task_of_code(5);
+    auto choice = session::open_partial_choice();
+    confirm(choice);
+    EXPECT_TRUE(models::is_known(state().method.reference));
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmCalcOut", "frmParinput"}));
-    EXPECT_EQ(the_session.InputSituation, 105);
+    EXPECT_EQ(state().input, report::InputKind::state);
+    EXPECT_EQ(code_of(state().task), 5);
 
-    the_session.CalcMode = 10;
-    choice = calculation::open_partial_choice();
-    opened.clear();
-    calculation::confirm_partial_choice(choice);
+    state().task = calculation::task_of_code(10);
+    choice = session::open_partial_choice();
+    confirm(choice);
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmParinput"}));
-    EXPECT_EQ(the_session.InputSituation, 33);
+    EXPECT_EQ(state().input, report::InputKind::tank);
 
     the_session.BatchMode = true;
-    the_session.CalcMode = 4;
-    choice = calculation::open_partial_choice();
-    opened.clear();
-    calculation::confirm_partial_choice(choice);
+    state().task = calculation::task_of_code(4);
+    choice = session::open_partial_choice();
+    confirm(choice);
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmCalcOut"}));
 
-    choice = calculation::open_partial_choice(true);
-    opened.clear();
-    calculation::confirm_partial_choice(choice);
+    confirm(choice, true);
     EXPECT_EQ(opened, (Names{"-frmParinput", "diagram"}));
 }
 

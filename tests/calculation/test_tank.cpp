@@ -1,27 +1,25 @@
 #include <cmath>
 
 #include "calc_test.h"
-#include "calculation/calc_modes.h"
-#include "calculation/direct_input.h"
 #include "calculation/tank.h"
 #include "expected_text.h"
-#include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
+#include "models/cubic_eos.h"
 #include "models/density.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
+#include "report/tank_picture.h"
+#include "report/titles.h"
 #include "support/codes.h"
 
 using namespace quor;
 
 namespace {
 
-using calculation::resultText;
 using expected::between;
 using expected::fix;
 using expected::row;
-using legacy::the_session;
+using report::TankEnd;
 
 constexpr auto kVolume = "Volume                   V/m^3  = ";
 constexpr auto kMass = "Mass                      m/kg  = ";
@@ -35,19 +33,22 @@ class Tank : public CalcTest {
         use_models({});
     }
 
-    static double M() { return static_cast<double>(legacy::the_substance.M); }
+    double M() const { return static_cast<double>(substance.M); }
 
-    static std::string fill(std::int16_t mode, double V, double m, double T) {
-        the_session.CalcMode = mode;
-        the_session.GlobalCalculation = mode == 9;
-        the_session.tank = {static_cast<float>(V), static_cast<float>(m), static_cast<float>(T), 0,
-                            0};
-        return calculation::CalculateTank();
+    /// Calculates as behind the input of a tank; `level` and `p` are what the picture shows.
+    report::TankEnd fill(int mode, double V, double m, double T) {
+        chosen.method.global = mode == 9;
+        tank = {static_cast<float>(V), static_cast<float>(m), static_cast<float>(T)};
+        calculate(mode, report::Tell::all);
+        const report::TankState filled = report::tank_state_of(last);
+        level = filled.level;
+        p = filled.p;
+        return filled.end;
     }
 
     /// The lines of the content, from volumes and masses of both phases.
-    static std::vector<std::string> content(double V, double m, double VV, double rhoL,
-                                            double rhoV) {
+    std::vector<std::string> content(double V, double m, double VV, double rhoL,
+                                     double rhoV) const {
         const double mL = (V - VV) * rhoL, mV = VV * rhoV;
         const auto both = [&](const char* label, double L, double Vv, int most) {
             return row(label, "", rhoL > 0 ? between(L, 4, most) : "",
@@ -62,7 +63,9 @@ class Tank : public CalcTest {
             both(kAmount, mL / M(), mV / M(), 4)};
     }
 
-    static std::vector<std::string> first_lines(std::size_t count) {
+    double level = 0, p = 0;
+
+    std::vector<std::string> first_lines(std::size_t count) const {
         const auto all = lines();
         return {all.begin(),
                 all.begin() + static_cast<std::ptrdiff_t>(std::min(count, all.size()))};
@@ -71,74 +74,74 @@ class Tank : public CalcTest {
 
 TEST_F(Tank, DividesItsContentByTheEos) {
     fill(9, 2.0, 200.0, 300.0);
-    const auto sat = models::saturation_pressure(models::current_fluid(), 300.0);
+    const auto sat = models::saturation_pressure(fluid(), 300.0);
     const double rhoL = M() / sat.v[0], rhoV = M() / sat.v[2];
     // Mass balance: VV rhoV + (V - VV) rhoL = m.
     const double VV = (2.0 * rhoL - 200.0) / (rhoL - rhoV);
     EXPECT_EQ(first_lines(6), content(2.0, 200.0, VV, rhoL, rhoV));
     EXPECT_EQ(resultText.State, "V+L");
-    EXPECT_NEAR(the_session.tank.level, (2.0 - VV) / 2.0 * 100.0, 1e-4);
-    EXPECT_NEAR(static_cast<double>(the_session.tank.p), sat.p, 1e-3);
+    EXPECT_NEAR(level, (2.0 - VV) / 2.0 * 100.0, 1e-4);
+    EXPECT_NEAR(p, sat.p, 1e-3);
     EXPECT_EQ(resultText.co2.text, "Vapour pressure p/kPa = " + fix(sat.p, 3));
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Tank, DividesItsContentByThePartialMethod) {
-    for (const std::int16_t eos : Codes{6, 16}) {
+    for (const int eos : Codes{6, 16}) {
         SCOPED_TRACE(eos);
         use_models({.eos = eos});
         use_benson_reference();
         fill(10, 1.0, 150.0, 290.0);
-        const double p = models::vapour_pressure(legacy::the_substance, 290.0, codes::vp("WAG")).p;
-        const double rhoV = models::solve_state_tp(models::current_fluid(), 290.0, p).rhoV;
-        const double rhoL = models::density_l_benson(290.0, legacy::the_substance.Tcrit,
-                                                     legacy::the_substance.rhocrit, rhoV,
-                                                     the_session.BensonReference);
+        const double pLV = models::vapour_pressure(substance, 290.0, codes::vp("WAG")).p;
+        const double rhoV = models::solve_state_tp(fluid(), 290.0, pLV).rhoV;
+        const double rhoL = models::density_l_benson(290.0, substance.Tcrit, substance.rhocrit,
+                                                     rhoV, chosen.method.reference);
         ASSERT_GT(rhoL, 400.0);
         const double VV = (rhoL - 150.0) / (rhoL - rhoV);
         EXPECT_EQ(first_lines(6), content(1.0, 150.0, VV, rhoL, rhoV));
-        EXPECT_NEAR(the_session.tank.level, (1.0 - VV) * 100.0, 1e-4);
-        EXPECT_EQ(resultText.co2.text, "Vapour pressure p/kPa = " + fix(p, 3));
+        EXPECT_NEAR(level, (1.0 - VV) * 100.0, 1e-4);
+        EXPECT_EQ(resultText.co2.text, "Vapour pressure p/kPa = " + fix(pLV, 3));
         EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
     }
 }
 
 TEST_F(Tank, PartialMethodTakesTheDatabaseEquation) {
-    legacy::the_substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
-    legacy::the_substance.rhoLTLo = 150;
-    legacy::the_substance.rhoLTHi = 360;
-    the_session.LiquidByBenson = false;
+    substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    substance.rhoLTLo = 150;
+    substance.rhoLTHi = 360;
+    chosen.method.liquidByBenson = false;
     fill(10, 1.0, 150.0, 290.0);
-    EXPECT_NEAR(static_cast<double>(legacy::the_currentResult.rhoL), 870.0 - 1.2 * 290.0, 1e-3);
-    EXPECT_EQ(calculation::mode_title(10),
+    EXPECT_NEAR(static_cast<double>(lastRecord.rhoL), 870.0 - 1.2 * 290.0, 1e-3);
+    EXPECT_EQ(report::title_of(calculation::Task::partialTank, chosen.method),
               "Phases and Pressure in a Tank (partial calculation, rho_L  (from database)");
 }
 
 TEST_F(Tank, AboveTheLiquidDensityItIsFull) {
     use_benson_reference();
     fill(10, 1.0, 600.0, 300.0);
-    EXPECT_DOUBLE_EQ(the_session.tank.level, 100.0);
+    EXPECT_DOUBLE_EQ(level, 100.0);
     EXPECT_EQ(resultText.State, " L ");
     EXPECT_EQ(first_lines(6), content(1.0, 600.0, 0.0, 600.0, 0.0));
     fill(9, 1.0, 540.0, 300.0);
-    EXPECT_DOUBLE_EQ(the_session.tank.level, 100.0);
+    EXPECT_DOUBLE_EQ(level, 100.0);
 }
 
 TEST_F(Tank, BelowTheVapourDensityItHoldsOnlyVapour) {
     use_benson_reference();
-    for (const std::int16_t mode : Codes{9, 10}) {
+    for (const int mode : Codes{9, 10}) {
         SCOPED_TRACE(mode);
         fill(mode, 1.0, 5.0, 300.0);
-        EXPECT_DOUBLE_EQ(the_session.tank.level, 0.0);
+        EXPECT_DOUBLE_EQ(level, 0.0);
         EXPECT_EQ(resultText.State, " V ");
-        const double p = models::pressure_from_tv(300.0, M() / 5.0).p;
-        EXPECT_NEAR(static_cast<double>(the_session.tank.p), p, 1e-3);
+        models::EOSState eos = models::eos_at(fluid(), 300.0);
+        EXPECT_NEAR(p, models::pressure_from_Tv(fluid(), 300.0, M() / 5.0, eos).p, 1e-3);
         EXPECT_EQ(first_lines(6), content(1.0, 5.0, 1.0, 0.0, 5.0));
     }
 }
 
 TEST_F(Tank, PartialMethodNeedsAnEquilibrium) {
-    EXPECT_EQ(fill(10, 1.0, 100.0, 369.89), "EXIT");
+    fill(10, 1.0, 100.0, 369.89);
+    EXPECT_TRUE(last.refused());
     ASSERT_EQ(user.messages.size(), 1U);
     // The temperature is kept as a 32-bit value, which lies just above Tcrit.
     EXPECT_EQ(user.lastText(),
@@ -151,10 +154,10 @@ TEST_F(Tank, PartialMethodNeedsAnEquilibrium) {
 TEST_F(Tank, WithoutAVapourPressureThereIsAnError) {
     use_models({.vp = "000"});
     use_benson_reference();
-    EXPECT_EQ(fill(10, 1.0, 100.0, 300.0), "ERROR2");
+    EXPECT_EQ(fill(10, 1.0, 100.0, 300.0), TankEnd::noPressure);
     EXPECT_EQ(resultText.co2.text, " System pressure p/kPa = (Error)");
     EXPECT_TRUE(resultText.co2.red);
-    EXPECT_DOUBLE_EQ(calculation::describe_tank("ERROR2").level, 100.0);
+    EXPECT_DOUBLE_EQ(report::describe_tank(report::tank_state_of(last)).level, 100.0);
 }
 
 TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
@@ -164,17 +167,16 @@ TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
 }
 
 TEST_F(Tank, OverfilledTankOfTheEosIsAnError) {
-    EXPECT_EQ(fill(9, 1.0, 900.0, 300.0), "ERROR1");
-    EXPECT_DOUBLE_EQ(calculation::describe_tank("ERROR1").level, 100.0);
+    EXPECT_EQ(fill(9, 1.0, 900.0, 300.0), TankEnd::belowCovolume);
+    EXPECT_DOUBLE_EQ(report::describe_tank(report::tank_state_of(last)).level, 100.0);
 }
 
 TEST_F(Tank, VirialModelBelowBIsAnError) {
     use_models({.eos = 10});
-    legacy::the_eosParameters.eosB0 = 0.5;
-    legacy::the_eosParameters.eosNB = 0.0;
-    const std::string answer = fill(9, 1.0, 200.0, 300.0);
-    EXPECT_EQ(answer, "ERROR3");
-    const calculation::TankPicture picture = calculation::describe_tank(answer);
+    eosParameters.eosB0 = 0.5;
+    eosParameters.eosNB = 0.0;
+    EXPECT_EQ(fill(9, 1.0, 200.0, 300.0), TankEnd::belowVirial);
+    const report::TankPicture picture = report::describe_tank(report::tank_state_of(last));
     EXPECT_TRUE(picture.error);
     EXPECT_EQ(picture.levelText, "Error");
     EXPECT_EQ(picture.pText, " Error: v < B");
@@ -182,7 +184,7 @@ TEST_F(Tank, VirialModelBelowBIsAnError) {
 }
 
 TEST_F(Tank, WarnsBelowTheTriplePoint) {
-    legacy::the_substance.Ttriple = 250.0F;
+    substance.Ttriple = 250.0F;
     fill(9, 1.0, 100.0, 240.0);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "T < T(TP) (Triple Point)");
@@ -193,12 +195,16 @@ TEST_F(Tank, IncompleteDataEndAtOnce) {
     fill(9, 0.0, 100.0, 300.0);
     EXPECT_TRUE(resultText.par1.text.empty());
     EXPECT_TRUE(lines().empty());
-    EXPECT_EQ(the_session.tank.p, 0.0F);
+    EXPECT_EQ(p, 0.0);
 }
 
 TEST_F(Tank, PictureTellsLevelPressureAndPhases) {
-    the_session.tank = {1.0F, 100.0F, 300.0F, 997.4284F, 16.0919};
-    calculation::TankPicture picture = calculation::describe_tank("");
+    report::TankState filled{.global = true,
+                             .T = 300.0,
+                             .Tcrit = substance.Tcrit,
+                             .p = static_cast<double>(997.4284F),
+                             .level = 16.0919};
+    report::TankPicture picture = report::describe_tank(filled);
     EXPECT_EQ(picture.title, "Tank Calculation (global method) ");
     EXPECT_EQ(picture.caption, "Cylinder shaped tank");
     EXPECT_EQ(picture.levelText, "Filling level 16.09vol.-%");
@@ -206,12 +212,12 @@ TEST_F(Tank, PictureTellsLevelPressureAndPhases) {
     EXPECT_EQ(picture.lowerText, "  L-phase");
     EXPECT_EQ(picture.upperText, "  V-phase");
     EXPECT_FALSE(picture.supercritical);
-    EXPECT_DOUBLE_EQ(picture.section, the_session.tank.level);
+    EXPECT_DOUBLE_EQ(picture.section, filled.level);
 
-    the_session.GlobalCalculation = false;
-    the_session.tank.p = 20000.25F;
-    the_session.tank.T = 400.0F;
-    picture = calculation::describe_tank("");
+    filled.global = false;
+    filled.p = 20000.25;
+    filled.T = 400.0;
+    picture = report::describe_tank(filled);
     EXPECT_EQ(picture.title, "Tank Calculation (partial method)");
     EXPECT_EQ(picture.pText, "p = 20000.25 kPa");
     EXPECT_EQ(picture.lowerText, " supercritical");
@@ -227,8 +233,8 @@ TEST_F(Tank, PictureMirrorsTheUpperHalf) {
                  {99.9, 49.8, false}, {100, 49.8, false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.level);
-        the_session.tank.level = c.level;
-        const calculation::TankPicture picture = calculation::describe_tank("");
+        const report::TankPicture picture =
+            report::describe_tank({.T = 300.0, .Tcrit = substance.Tcrit, .level = c.level});
         EXPECT_NEAR(picture.section, c.section, 1e-9);
         EXPECT_EQ(picture.mirrored, c.mirrored);
         EXPECT_DOUBLE_EQ(picture.level, std::max(0.0, c.level));

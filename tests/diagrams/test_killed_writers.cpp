@@ -5,10 +5,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "calculation/batch_list.h"
-#include "calculation/protocol.h"
 #include "chart/chart_file.h"
 #include "diagrams/active_fluid.h"
+#include "session/calculations.h"
 #include "session/measured_data_session.h"
 #include "session/project_session.h"
 #include "session/substance_session.h"
@@ -97,17 +96,19 @@ class KilledWriters : public ActiveFluid {
             {"results.LST",
              [](const fs::path& file, bool second) {
                  data(second);
-                 the_session.CalcMode = 3;
+                 the_session.calculation.task = calculation::Task::state;
                  the_session.BatchMode = true;
-                 calculation::result_file(file.string(), "T, p", true, false);
+                 session::result_file(file.string(), "T, p", false);
              }},
             {"protocol.CSV",
              [](const fs::path& file, bool second) {
-                 legacy::the_protocol.assign(second ? 90 : 70, {});
-                 for (auto& column : legacy::the_protocol) column[0] = 300;
-                 the_session.ProtocolFile = file.filename().string();
-                 the_session.ProtocolPending = true;
-                 calculation::write_protocol();
+                 report::Protocol& protocol = legacy::the_protocol;
+                 const std::string name = file.filename().string();
+                 if (protocol.file != name) protocol.begin(name);
+                 protocol.rows.assign(second ? 90 : 70, {});
+                 for (auto& row : protocol.rows) row.values[0] = 300;
+                 protocol.pending = true;
+                 session::write_protocol();
              }},
         };
     }

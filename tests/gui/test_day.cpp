@@ -2,7 +2,6 @@
 #include <iterator>
 
 #include "app/open_file.h"
-#include "calculation/protocol.h"
 #include "gui/editor_drive.h"
 #include "gui/graph_test.h"
 #include "legacy/wrappers.h"

@@ -1,6 +1,7 @@
-#include "calculation/diagnosis.h"
 #include "gui/calc_view_test.h"
 #include "gui/calculation/isotherm_plot.h"
+#include "legacy/current_fluid.h"
+#include "report/diagnosis.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -89,14 +90,15 @@ TEST_F(DiagnosisViewTest, DrawsTheIsothermWithItsRootsAndTheEqualAreas) {
     click("cmdCEOSDiagnose");
     auto* plot = drive::get<IsothermPlot>("pctEOS");
     plot->resize(900, 600);
-    const calculation::Diagnosis d = calculation::diagnose_last_state();
+    const report::Diagnosis d =
+        report::diagnose(models::current_fluid(), legacy::the_results.current.answer.last);
     ASSERT_EQ(d.roots.size(), 3U);
     EXPECT_NEAR(area(d.areaBelow, d.saturationPressure), -area(d.areaAbove, d.saturationPressure),
                 0.01 * area(d.areaAbove, d.saturationPressure));
     const QImage picture = plot->grab().toImage();
     const QColor base = plot->palette().color(QPalette::Base);
     const QColor text = plot->palette().color(QPalette::Text);
-    for (const calculation::RootRow& root : d.roots) {
+    for (const report::RootRow& root : d.roots) {
         const QPointF at = plot->place(root.v, d.p);
         EXPECT_TRUE(plot->area().contains(at)) << root.caption;
         EXPECT_EQ(pixelAt(picture, at), root.stable ? text : base) << root.caption;

@@ -20,7 +20,7 @@ constexpr double kM = 44.009;  // carbon dioxide, kg/kmol
 class DirectInputViewTest : public CalcViewTest {
   protected:
     static bool isMarked(const QString& name) { return drive::get<NumberEdit>(name)->isMarked(); }
-    static const calculation::BatchDataSet& input() { return legacy::the_BatchData.front(); }
+    static const report::DirectValues& input() { return the_session.calculation.direct; }
 };
 
 struct FieldCase {
@@ -109,13 +109,13 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input density kg/m^3 ");
     click("optRhoV_1");
-    EXPECT_TRUE(the_session.VolumeInput);
+    EXPECT_TRUE(the_session.calculation.volumeInput);
     EXPECT_EQ(read("fraRhoVInput"), " Input molar volume, cf. \"Options\" ");
     EXPECT_EQ(read("Bz_2"), " V/m^3/kmol = ");
     type("par_0", "350");
     type("par_2", "0.5");
     click("cmdParameter_OK");
-    EXPECT_NEAR(static_cast<double>(input().rhoV), kM / 0.5, 1e-4);
+    EXPECT_NEAR(static_cast<double>(input().rho), kM / 0.5, 1e-4);
 
     the_session.UnitMode = 1;
     the_session.CaloricUnit = 3;
@@ -127,7 +127,7 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     type("par_0", "350");
     type("par_2", "0.0125");
     click("cmdParameter_OK");
-    EXPECT_NEAR(static_cast<double>(input().rhoV), 80.0, 1e-4);
+    EXPECT_NEAR(static_cast<double>(input().rho), 80.0, 1e-4);
 
     the_session.UnitMode = 2;
     session::refresh_units();
@@ -137,15 +137,15 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     type("par_0", "350");
     type("par_2", "2");
     click("cmdParameter_OK");
-    EXPECT_NEAR(static_cast<double>(input().rhoV), kM / (2 * legacy::the_eosParameters.vcritCalc),
+    EXPECT_NEAR(static_cast<double>(input().rho), kM / (2 * legacy::the_eosParameters.vcritCalc),
                 1e-3);
 
     click("optRhoV_0");
-    EXPECT_FALSE(the_session.VolumeInput);
+    EXPECT_FALSE(the_session.calculation.volumeInput);
     EXPECT_EQ(read("Bz_2"), " rho/kg/m^3 = ");
     type("par_2", "80");
     click("cmdParameter_OK");
-    EXPECT_EQ(input().rhoV, 80.0F);
+    EXPECT_EQ(input().rho, 80.0F);
 }
 
 TEST_F(DirectInputViewTest, GivesTheFocusToTheResultAndStaysOpen) {
@@ -206,7 +206,7 @@ TEST_F(DirectInputViewTest, AsksForTheDataOfATank) {
     EXPECT_FALSE(isVisible("fraRhoVInput"));
     click("optm_n_1");
     EXPECT_EQ(read("Bz_1"), "      n/kmol  ");
-    EXPECT_EQ(the_session.InputSituation, 33);
+    EXPECT_EQ(the_session.calculation.input, report::InputKind::tank);
 }
 
 TEST_F(DirectInputViewTest, RefusesATankWithAMissingNumber) {
@@ -285,9 +285,9 @@ TEST_F(DirectInputViewTest, WarnsOfATankBelowTheTriplePointOnce) {
 TEST_F(DirectInputViewTest, IsReachedByTheToolButtonOfTheTank) {
     startProject("Carbon dioxide");
     click("Toolbar1_15");
-    EXPECT_EQ(the_session.CalcMode, 9);
+    EXPECT_EQ(code_of(the_session.calculation.task), 9);
     EXPECT_EQ(read("frmParinput"), "Tank Calculation");
-    EXPECT_TRUE(the_session.GlobalCalculation);
+    EXPECT_TRUE(the_session.calculation.method.global);
 }
 
 }  // namespace

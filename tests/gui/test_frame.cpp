@@ -464,9 +464,9 @@ TEST_F(Frame, ExitAndTheCloseButtonEndTheSessionAlike) {
             .saveLastSession = [&](const std::string&) { calls.push_back("session"); },
             .closeFiles = [&] { calls.push_back("files"); },
             .closeHelp = [&] { calls.push_back("help"); }};
-        the_session.ProtocolPending = true;
+        legacy::the_protocol.pending = true;
         the_session.DatabaseFile = "STUDENT.Q05";
-        const std::filesystem::path empty = folder() / the_session.ProtocolFile;
+        const std::filesystem::path empty = folder() / legacy::the_protocol.file;
         std::ofstream(empty) << "";
         if (byMenu)
             choose("mnuData_Exit");

@@ -1,6 +1,7 @@
-#include "calculation/calc_batch.h"
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
+#include "legacy/current_fluid.h"
+#include "session/calculations.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -28,15 +29,10 @@ class IsoCalculatorViewTest : public CalcViewTest {
 
     /// A function (1 to 8) of a phase at T and p, calculated anew, with all else left as it is.
     static double functionAt(double T, double p, int function, bool liquid) {
-        const calculation::BatchDataSet kept = legacy::the_BatchData.front();
-        const calculation::FuArray before = legacy::the_Fu;
-        legacy::the_BatchData.front() = {0, T, p, 0, 0, 0, 0};
-        calculation::CalcCall call{.Mode = 8, .Quiet = true, .Interactive = false};
-        calculation::CalcBatch(call);
-        const double value = legacy::the_Fu[static_cast<std::size_t>(function + (liquid ? 18 : 8))];
-        legacy::the_BatchData.front() = kept;
-        legacy::the_Fu = before;
-        return value;
+        const report::TaskResult state =
+            report::make_result(models::current_fluid(), legacy::the_reference,
+                                session::unit_choice(), report::functions_request(T, p));
+        return state.Fu[static_cast<std::size_t>(function + (liquid ? 18 : 8))];
     }
 
     static double shown(const char* name) { return read(name).toDouble(); }
@@ -61,7 +57,7 @@ TEST_F(IsoCalculatorViewTest, OffersEightFunctionsWithTheirLabels) {
         EXPECT_EQ(read(name), l.caption);
         click(name);
         EXPECT_EQ(read("lblFuConst"), l.label);
-        EXPECT_EQ(the_session.IsoFunction, l.function);
+        EXPECT_EQ(static_cast<int>(the_session.calculation.isoFunction), l.function);
         const double value = functionAt(350, 4000, l.function, false);
         EXPECT_NEAR(shown("txtFuConst"), value, 1e-6 * std::fabs(value)) << l.label;
     }
@@ -69,7 +65,7 @@ TEST_F(IsoCalculatorViewTest, OffersEightFunctionsWithTheirLabels) {
     EXPECT_EQ(read("lblTpCalc"), "T/K =");
     EXPECT_EQ(read("txtTpVorgabe"), "4000");
     click("optIsoTp_1");
-    EXPECT_EQ(the_session.IsoTp, 1);
+    EXPECT_EQ(the_session.calculation.isoGiven, calculation::IsoGiven::T);
     EXPECT_EQ(read("lblTpVorgabe"), "  T/K =");
     EXPECT_EQ(read("lblTpCalc"), "p/kPa = ");
     EXPECT_EQ(read("txtTpVorgabe"), "350");
@@ -94,11 +90,9 @@ class IsoChanges : public IsoCalculatorViewTest, public testing::WithParamInterf
 TEST_P(IsoChanges, KeepEveryFunctionConstant) {
     const Change& c = GetParam();
     start(c.T, c.p);
-    const double T = QString(c.T).toDouble(), p = QString(c.p).toDouble();
     click(c.liquid ? "optIsoPhase_0" : "optIsoPhase_1");
     for (int function = 1; function <= 8; ++function)
         for (const int given : {1, 2}) {
-            legacy::the_BatchData.front() = {0, T, p, 0, 0, 0, 0};
             calculate(c.T, c.p);
             click("cmdIsoCalc");
             click(QString("OptIsoFu_%1").arg(function));
@@ -150,8 +144,8 @@ TEST_F(IsoCalculatorViewTest, FindsNoSolutionForAPhaseThatDoesNotExist) {
     type("txtTpVorgabe", "600");
     click("cmdCalc");
     EXPECT_EQ(read("txtTpCalc"), "No solution found");
-    EXPECT_EQ(legacy::the_BatchData.front().T, 250.0);
-    EXPECT_EQ(legacy::the_BatchData.front().p, 500.0);
+    EXPECT_EQ(the_session.calculation.direct.T, 250.0);
+    EXPECT_EQ(the_session.calculation.direct.p, 500.0);
     EXPECT_EQ(read("par1"), "T = 250.000 K");
 }
 

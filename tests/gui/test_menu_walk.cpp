@@ -52,12 +52,12 @@ class MenuWalk : public FrameTest {
         QSet<const QWidget*> windows;
         std::size_t messages, files, prints;
         int dialogs;
-        std::int16_t mode;
+        calculation::Task task;
         bool operator==(const Sight&) const = default;
     };
     Sight look() const {
-        Sight s{{},       user.messages.size(), user.files.size(), user.prints.size(),
-                dialogs_, the_session.CalcMode};
+        Sight s{{},       user.messages.size(),        user.files.size(), user.prints.size(),
+                dialogs_, the_session.calculation.task};
         for (QMdiSubWindow* sub : frame->findChild<QMdiArea*>("area")->subWindowList())
             if (sub->isVisible()) s.windows.insert(sub);
         for (const QWidget* top : QApplication::topLevelWidgets())

@@ -1,5 +1,7 @@
 #include "gui/calc_view_test.h"
+#include "gui/calculation/partial_choice_dialog.h"
 #include "gui/widgets/number_edit.h"
+#include "models/density.h"
 #include "support/codes.h"
 
 using namespace quor;
@@ -19,7 +21,13 @@ using drive::type;
 using drive::when;
 using legacy::the_session;
 
-class PartialChoiceDialogTest : public CalcViewTest {};
+class PartialChoiceDialogTest : public CalcViewTest {
+  protected:
+    /// What the open dialog has chosen; the session has it only behind "continue...".
+    static const calculation::Method& chosen() {
+        return drive::get<PartialChoiceDialog>("frmCalcIn")->choice().method;
+    }
+};
 
 constexpr auto kChoiceTitle = "Choose \"Global-/Partial Calculation\" for Phase Equilibrium V-L";
 
@@ -40,7 +48,7 @@ TEST_F(PartialChoiceDialogTest, OffersBothMethodsForACubicEquation) {
                   "Global Calculation: L and V density and p(LV) or T(LV) resp. are calculated "
                   "using the cubic EOS. ");
         click("opt_glob_1");
-        EXPECT_FALSE(the_session.GlobalCalculation);
+        EXPECT_FALSE(chosen().global);
         EXPECT_TRUE(isVisible("fraDensity"));
         EXPECT_TRUE(isVisible("fraReference"));
         EXPECT_EQ(read("fraReference"), "Reference  point for BENSON's method");
@@ -52,7 +60,7 @@ TEST_F(PartialChoiceDialogTest, OffersBothMethodsForACubicEquation) {
         EXPECT_TRUE(isChecked("Ref_opt_0"));
         EXPECT_FALSE(isEnabled("RefInput"));
         click("opt_glob_0");
-        EXPECT_TRUE(the_session.GlobalCalculation);
+        EXPECT_TRUE(chosen().global);
         EXPECT_FALSE(isVisible("fraDensity"));
         EXPECT_EQ(read("OK"), "continue...");
         EXPECT_EQ(read("ESC"), "&Cancel");
@@ -60,7 +68,8 @@ TEST_F(PartialChoiceDialogTest, OffersBothMethodsForACubicEquation) {
     });
     choose("mnuCalc_6");
     EXPECT_TRUE(isVisible("frmCalcOut"));
-    EXPECT_EQ(the_session.InputSituation, 105);
+    EXPECT_EQ(the_session.calculation.input, report::InputKind::state);
+    EXPECT_EQ(code_of(the_session.calculation.task), 5);
     EXPECT_EQ(read("frmParinput"), "Input \"Direct calculation\" ");
     EXPECT_TRUE(isVisible("par_1"));
     EXPECT_FALSE(isVisible("par_0"));
@@ -95,18 +104,18 @@ TEST_F(PartialChoiceDialogTest, DescribesAPhaseEquilibriumAtGivenTAndP) {
         click("OK");
     });
     chooseTp(true);
-    EXPECT_TRUE(the_session.AssumedVle);
-    EXPECT_TRUE(the_session.BensonReferenceValid);
+    EXPECT_TRUE(the_session.calculation.method.assumedVle);
+    EXPECT_TRUE(models::is_known(the_session.calculation.method.reference));
     calculate("270", "3200");
     EXPECT_TRUE(lists("by BENSON's method:"));
-    EXPECT_EQ(legacy::the_currentResult.State, "V+L");
+    EXPECT_EQ(legacy::the_results.current.record.State, "V+L");
 }
 
 TEST_F(PartialChoiceDialogTest, TakesTheLDensityFromTheDatabaseOnDemand) {
     startProject("Carbon dioxide");
     when("frmCalcIn", [] {
         click("optPartialBenson_1");
-        EXPECT_FALSE(the_session.LiquidByBenson);
+        EXPECT_FALSE(chosen().liquidByBenson);
         EXPECT_FALSE(isVisible("fraReference"));
         EXPECT_EQ(read("lblRhoLimits"),
                   "The L-density is calculated by means of the database equation rho_L = F(T).");
@@ -136,7 +145,7 @@ TEST_F(PartialChoiceDialogTest, RefusesTheGlobalCalculationOfAVapourEquation) {
     startProject("Carbon dioxide", [] { select("EOSKombi", "VIRIAL Equ. Pitzer / Curl"); });
     when("frmCalcIn", [this] {
         EXPECT_TRUE(isChecked("opt_glob_1"));
-        EXPECT_FALSE(the_session.GlobalCalculation);
+        EXPECT_FALSE(chosen().global);
         EXPECT_TRUE(
             read("GlobalSit")
                 .startsWith(
@@ -187,7 +196,7 @@ TEST_F(PartialChoiceDialogTest, AllowsOnlyThePartialTank) {
     });
     choose("mnuCalc_16");
     EXPECT_FALSE(isVisible("frmCalcOut"));
-    EXPECT_EQ(the_session.InputSituation, 33);
+    EXPECT_EQ(the_session.calculation.input, report::InputKind::tank);
     EXPECT_EQ(read("frmParinput"), "Tank Calculation");
 }
 
@@ -215,8 +224,8 @@ TEST_F(PartialChoiceDialogTest, ShowsTheProposalAndBensonsApproximation) {
         EXPECT_TRUE(read("RefVorschlag")
                         .startsWith("Proposal for the reference point according to situation:"));
         click("Ref_opt_1");
-        EXPECT_EQ(the_session.BensonReference.p, 101.335F);
-        EXPECT_EQ(the_session.BensonReference.T, 194.686F);
+        EXPECT_EQ(chosen().reference.p, 101.335F);
+        EXPECT_EQ(chosen().reference.T, 194.686F);
         const QStringList lines = read("RefVorschlag").split('\n');
         ASSERT_EQ(lines.size(), 5);
         EXPECT_EQ(lines[0], "Reference point calculated by using BENSON's formula for rho_L:");
@@ -255,11 +264,11 @@ TEST_F(PartialChoiceDialogTest, TakesAReferencePointThatIsTyped) {
         click("OK");
     });
     choose("mnuCalc_5");
-    EXPECT_TRUE(the_session.BensonReferenceValid);
-    EXPECT_EQ(the_session.BensonReference.T, 250.0F);
-    EXPECT_EQ(the_session.BensonReference.p, 1785.2F);
-    EXPECT_EQ(the_session.BensonReference.rhoL, 1046.0F);
-    EXPECT_EQ(the_session.BensonReference.rhoV, 46.6F);
+    EXPECT_TRUE(models::is_known(the_session.calculation.method.reference));
+    EXPECT_EQ(the_session.calculation.method.reference.T, 250.0F);
+    EXPECT_EQ(the_session.calculation.method.reference.p, 1785.2F);
+    EXPECT_EQ(the_session.calculation.method.reference.rhoL, 1046.0F);
+    EXPECT_EQ(the_session.calculation.method.reference.rhoV, 46.6F);
     type("par_0", "270");
     click("cmdParameter_OK");
     EXPECT_GT(numberBehind("Liste", "rho/ (kg/m^3)  ="), 900.0);
@@ -269,7 +278,7 @@ TEST_F(PartialChoiceDialogTest, RefusesAReferencePointWithAZeroAndKeepsTheOldOne
     startProject("Carbon dioxide");
     when("frmCalcIn", [this] {
         click("opt_glob_1");
-        const models::BensonPoint proposed = the_session.BensonReference;
+        const models::BensonPoint proposed = chosen().reference;
         click("Ref_opt_2");
         when("frmParinput", [this] {
             type("par_3", "0");
@@ -283,8 +292,8 @@ TEST_F(PartialChoiceDialogTest, RefusesAReferencePointWithAZeroAndKeepsTheOldOne
         });
         click("RefInput");
         EXPECT_TRUE(isVisible("frmCalcIn"));
-        EXPECT_EQ(the_session.BensonReference.T, proposed.T);
-        EXPECT_EQ(the_session.BensonReference.rhoV, proposed.rhoV);
+        EXPECT_EQ(chosen().reference.T, proposed.T);
+        EXPECT_EQ(chosen().reference.rhoV, proposed.rhoV);
         click("ESC");
     });
     choose("mnuCalc_5");
@@ -294,11 +303,11 @@ TEST_F(PartialChoiceDialogTest, AZeroInTheReferencePointLeavesTheLDensityEmpty) 
     startProject("Carbon dioxide");
     when("frmCalcIn", [] {
         click("opt_glob_1");
-        the_session.BensonReference.rhoL = 0;
         click("OK");
     });
     choose("mnuCalc_5");
-    EXPECT_FALSE(the_session.BensonReferenceValid);
+    the_session.calculation.method.reference.rhoL = 0;
+    EXPECT_FALSE(models::is_known(the_session.calculation.method.reference));
     type("par_0", "270");
     click("cmdParameter_OK");
     const QString density =

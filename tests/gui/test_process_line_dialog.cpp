@@ -3,7 +3,6 @@
 #include <QPushButton>
 #include <fstream>
 
-#include "calculation/result_text.h"
 #include "common/numbers.h"
 #include "diagrams/polytropic_exchange.h"
 #include "gui/diagrams/process_line_dialog.h"
@@ -433,7 +432,7 @@ TEST_F(ProcessInput, TheCalculationOfAProcessListsItsStates) {
     });
     choose("mnuCalc_13");
     std::vector<std::string> list;
-    for (const calculation::ListLine& line : calculation::resultText.Liste)
+    for (const report::ListLine& line : legacy::the_results.current.report.Liste)
         list.push_back(line.text);
     ASSERT_GE(list.size(), 5U);
     EXPECT_EQ(list.front(), "Polytropic process, n = 1.3, kappa = 1.13");

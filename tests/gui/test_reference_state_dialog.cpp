@@ -150,15 +150,15 @@ TEST_F(ReferenceStateDialogTest, ShiftsTheEnthalpyOfTheNextCalculation) {
     startProject("Carbon dioxide");
     drive::choose("mnuCalc_11");
     calculate("350", "4000");
-    const double h = legacy::the_Fu[10], s = legacy::the_Fu[11];
+    const double h = legacy::the_results.current.Fu[10], s = legacy::the_results.current.Fu[11];
     inView([] {
         type("T_0", "1000");
         type("T_1", "10");
         click("OK");
     });
     calculate("350", "4000");
-    EXPECT_NEAR(legacy::the_Fu[10], h + 1000, 1e-6);
-    EXPECT_NEAR(legacy::the_Fu[11], s + 10, 1e-9);
+    EXPECT_NEAR(legacy::the_results.current.Fu[10], h + 1000, 1e-6);
+    EXPECT_NEAR(legacy::the_results.current.Fu[11], s + 10, 1e-9);
 }
 
 TEST_F(ReferenceStateDialogTest, StoresNoSurroundingsOfZeroAndNoPressureOfZero) {

@@ -1,8 +1,8 @@
 #include <QMenu>
 
-#include "calculation/result_text.h"
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
+#include "gui/calculation/calculation_views.h"
 #include "session/module2.h"
 
 using namespace quor;
@@ -55,7 +55,8 @@ TEST_F(ResultViewTest, OpensForADirectCalculationWithoutBatchControls) {
     EXPECT_FALSE(isChecked("ResPlus_1"));
     EXPECT_FALSE(isChecked("ResPlus_2"));
     EXPECT_FALSE(isChecked("chkUHS"));
-    EXPECT_EQ(the_session.OutputPage, 1);
+    EXPECT_EQ(the_session.calculation.pages,
+              (calculation::Pages{.residual = false, .derivatives = false}));
     EXPECT_EQ(read("statusZeile"), "");
     EXPECT_FALSE(isEnabled("cmdOpenNew"));
     EXPECT_TRUE(isEnabled("cmdShowManuInput"));
@@ -168,7 +169,7 @@ TEST_F(ResultViewTest, BeginsEveryRedLineOfTheListWithASign) {
     click("cmdParameter_OK");
     int red = 0;
     const QStringList shown = read("Liste").split('\n');
-    const auto& lines = calculation::resultText.Liste;
+    const auto& lines = legacy::the_results.current.report.Liste;
     ASSERT_EQ(static_cast<std::size_t>(shown.size()), lines.size());
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const QString text = QString::fromStdString(lines[i].text);
@@ -216,25 +217,29 @@ TEST_F(ResultViewTest, AddsPagesAsTheyAreChecked) {
     calculate("300", "5000");
     EXPECT_FALSE(lists("Mechanical Coefficients"));
     click("ResPlus_1");
-    EXPECT_EQ(the_session.OutputPage, 2);
+    EXPECT_EQ(the_session.calculation.pages,
+              (calculation::Pages{.residual = true, .derivatives = false}));
     EXPECT_TRUE(lists("Mechanical Coefficients"));
     EXPECT_FALSE(lists("derivatives with respect to T, p, v"));
     click("ResPlus_2");
-    EXPECT_EQ(the_session.OutputPage, 4);
+    EXPECT_EQ(the_session.calculation.pages,
+              (calculation::Pages{.residual = true, .derivatives = true}));
     EXPECT_TRUE(lists("derivatives with respect to T, p, v"));
     click("ResPlus_1");
-    EXPECT_EQ(the_session.OutputPage, 3);
+    EXPECT_EQ(the_session.calculation.pages,
+              (calculation::Pages{.residual = false, .derivatives = true}));
     EXPECT_FALSE(lists("Mechanical Coefficients"));
     click("ResPlus_2");
-    EXPECT_EQ(the_session.OutputPage, 1);
+    EXPECT_EQ(the_session.calculation.pages,
+              (calculation::Pages{.residual = false, .derivatives = false}));
     EXPECT_FALSE(lists("thermodynamic Fu(T)"));
     click("chkUHS");
-    EXPECT_TRUE(the_session.EquilibriumFunctions);
+    EXPECT_TRUE(the_session.calculation.pages.functions);
     EXPECT_TRUE(lists("                               thermodynamic Fu(T)"));
     // A new opening begins without them.
     chooseTp();
     EXPECT_FALSE(isChecked("chkUHS"));
-    EXPECT_FALSE(the_session.EquilibriumFunctions);
+    EXPECT_FALSE(the_session.calculation.pages.functions);
 }
 
 TEST_F(ResultViewTest, RemarksOnAStateBelowTheTriplePointAndGoesOn) {
@@ -344,9 +349,9 @@ TEST_F(ResultViewTest, StepsThroughTheActiveDataSets) {
     click("cmdRueck");
     EXPECT_EQ(user.beeps, 2);
     EXPECT_EQ(read("par1"), "T = 250.000 K");
-    EXPECT_EQ(legacy::the_ResultRecords.size(), 4U);
-    EXPECT_EQ(legacy::the_ResultRecords[3].State, " V ");
-    EXPECT_EQ(legacy::the_ResultRecords[2].State, "   ");
+    EXPECT_EQ(legacy::the_results.rows.size(), 3U);
+    EXPECT_EQ(legacy::the_results.rows[2].State, " V ");
+    EXPECT_EQ(legacy::the_results.rows[1].State, "   ");
 }
 
 TEST_F(ResultViewTest, BeginsWithTheFirstActiveDataSet) {
@@ -427,19 +432,19 @@ TEST_F(ResultViewTest, CollectsResultsInAProtocolAndWritesThem) {
     chooseTp();
     EXPECT_EQ(read("lblProtText2"), "26151101.CSV");
     calculate("300", "5000");
-    const double v1 = legacy::the_Fu[9];
+    const double v1 = legacy::the_results.current.Fu[9];
     click("cmdProtokoll");
     EXPECT_EQ(read("statusZeile"), "1 result in the protocol");
     calculate("290", "4000");
-    const double v2 = legacy::the_Fu[9];
+    const double v2 = legacy::the_results.current.Fu[9];
     click("cmdProtokoll");
-    EXPECT_TRUE(the_session.ProtocolPending);
-    EXPECT_EQ(the_session.ProtocolOpen, 2);
+    EXPECT_TRUE(legacy::the_protocol.pending);
+    EXPECT_EQ(legacy::the_protocol.rows.size(), 2U);
     ASSERT_TRUE(isEnabled("cmdOpenNew"));
     EXPECT_FALSE(std::filesystem::exists(protocolFile()));
     click("cmdOpenNew");
     EXPECT_FALSE(isEnabled("cmdOpenNew"));
-    EXPECT_FALSE(the_session.ProtocolPending);
+    EXPECT_FALSE(legacy::the_protocol.pending);
     EXPECT_EQ(read("lblProtText2"), "26151102.CSV");
     const QStringList lines =
         QString::fromStdString(content(protocolFile())).split("\r\n", Qt::SkipEmptyParts);
@@ -462,9 +467,9 @@ TEST_F(ResultViewTest, WritesThePendingProtocolAsTheViewCloses) {
     click("cmdProtokoll");
     click("cmdCalc_OK");
     EXPECT_FALSE(isVisible("frmCalcOut"));
-    EXPECT_FALSE(the_session.ProtocolPending);
+    EXPECT_FALSE(legacy::the_protocol.pending);
     EXPECT_NE(content(protocolFile()).find("300;5000;"), std::string::npos);
-    EXPECT_EQ(the_session.ProtocolFile, "26151102.CSV");
+    EXPECT_EQ(legacy::the_protocol.file, "26151102.CSV");
 }
 
 TEST_F(ResultViewTest, WritesThePendingProtocolAsTheProgramEnds) {
@@ -479,7 +484,7 @@ TEST_F(ResultViewTest, WritesThePendingProtocolAsTheProgramEnds) {
 TEST_F(ResultViewTest, DeletesAnEmptyProtocolFileAsTheProgramEnds) {
     startProject("Carbon dioxide");
     std::ofstream(protocolFile()).close();
-    the_session.ProtocolFile = "26151101.CSV";
+    legacy::the_protocol.file = "26151101.CSV";
     choose("mnuData_Exit");
     EXPECT_FALSE(std::filesystem::exists(protocolFile()));
 }
@@ -489,14 +494,14 @@ TEST_F(ResultViewTest, KeepsThePendingProtocolWhenItCannotBeWritten) {
     chooseTp();
     calculate("300", "5000");
     click("cmdProtokoll");
-    the_session.ProtocolFile = (folder() / "no such folder" / "x.CSV").string();
+    legacy::the_protocol.file = (folder() / "no such folder" / "x.CSV").string();
     user.messages.clear();
     click("cmdCalc_OK");
     EXPECT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_TRUE(the_session.ProtocolPending);
+    EXPECT_TRUE(legacy::the_protocol.pending);
     // The next result view offers it again.
-    the_session.ProtocolFile = "26151101.CSV";
+    legacy::the_protocol.file = "26151101.CSV";
     chooseTp();
     ASSERT_TRUE(isEnabled("cmdOpenNew"));
     click("cmdOpenNew");
@@ -520,12 +525,12 @@ TEST_F(ResultViewTest, WarnsOfACommaAsDelimiterWithADecimalComma) {
               "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
               "ist nicht mehr Excel-kompatibel.\nsemicolon recommended");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_TRUE(the_session.ProtocolPending);
+    EXPECT_TRUE(legacy::the_protocol.pending);
     select("cmbSep", "semicolon");
     user.messages.clear();
     click("cmdProtokoll");
     EXPECT_TRUE(user.messages.empty());
-    EXPECT_EQ(the_session.ProtocolOpen, 2);
+    EXPECT_EQ(legacy::the_protocol.rows.size(), 2U);
 }
 
 TEST_F(ResultViewTest, ChangesTheDelimiterOfProtocols) {
@@ -602,6 +607,105 @@ TEST_F(ResultViewTest, OpensTheXYEditorOnceThereIsOne) {
     chooseTp();
     click("cmdShowManuInput");
     EXPECT_EQ(opened, 1);
+}
+
+TEST_F(ResultViewTest, AWrittenRowStaysWithTheSubstanceThatMadeIt) {
+    startProject("Water");
+    chooseTp();
+    calculate("400", "100");
+    click("cmdProtokoll");
+    startProject("Propane");
+    chooseTp();
+    calculate("300", "100");
+    click("cmdProtokoll");
+    click("cmdOpenNew");
+    const QString all = QString::fromStdString(content(protocolFile()));
+    const qsizetype water = all.indexOf("Water"), propane = all.indexOf("Propane");
+    ASSERT_GE(water, 0);
+    const qsizetype waterRow = all.indexOf("400;100;");
+    EXPECT_GT(waterRow, water);
+    if (propane >= 0) {
+        EXPECT_GT(propane, waterRow);
+        EXPECT_GT(all.indexOf("300;100;"), propane);
+    }
+}
+
+TEST_F(ResultViewTest, AnotherRowOpensWithoutBoxesOnWhatNobodyTyped) {
+    startProject("Carbon dioxide");
+    chooseTp();
+    calculate("150", "100");  // below the triple point
+    ASSERT_FALSE(user.messages.empty());
+    for (const char* row : {"mnuCalc_0", "mnuCalc_8", "mnuCalc_11", "mnuCalc_18"}) {
+        user.messages.clear();
+        choose(row);
+        EXPECT_TRUE(user.messages.empty()) << row << ": " << user.lastText();
+    }
+}
+
+TEST_F(ResultViewTest, AnotherSubstanceOpensWithoutTheInputOfTheLast) {
+    startProject("Carbon dioxide");
+    chooseTp();
+    calculate("300", "5000");
+    startProject("Water");
+    chooseTp();
+    EXPECT_EQ(read("par_0"), "");
+    EXPECT_EQ(read("par_1"), "");
+    EXPECT_EQ(read("par1"), "no T in this data set");
+}
+
+TEST_F(ResultViewTest, CancelOfThePartialCalculationLeavesTheDiagnosis) {
+    startProject("Carbon dioxide");
+    drive::when("frmCalcIn", [] {
+        click("opt_glob_1");
+        click("ESC");
+    });
+    choose("mnuCalc_5");
+    EXPECT_TRUE(the_session.calculation.method.global);
+    drive::when("frmCalcIn", [] { click("ESC"); });
+    choose("mnuCalc_16");
+    EXPECT_TRUE(the_session.calculation.method.global);
+    chooseTp();
+    calculate("270", "2000");
+    EXPECT_TRUE(isEnabled("cmdCEOSDiagnose"));
+}
+
+TEST_F(ResultViewTest, CaptionAndInputBelongToTheStateOfTheIsoCalculator) {
+    startProject("Carbon dioxide");
+    chooseTp();
+    calculate("300", "3000");
+    EXPECT_EQ(read("frmCalcOut"), "Result of the Calculation:  T, p => rho");
+    click("cmdIsoCalc");
+    click("OptIsoFu_3");
+    type("txtTpVorgabe", "2000");
+    click("cmdCalc");
+    EXPECT_EQ(read("frmCalcOut"),
+              "Result of the Calculation:  thermodynamic Fu(T) (global calculation)");
+    EXPECT_EQ(read("par2"), "p = 2000.000 kPa");
+    EXPECT_TRUE(lists("Entropy"));
+    // The pages belong to the state in view.
+    click("ResPlus_1");
+    EXPECT_EQ(read("par2"), "p = 2000.000 kPa");
+    EXPECT_TRUE(lists("Residual Functions:"));
+    // The next input is one of the row again.
+    calculate("310", "3000");
+    EXPECT_EQ(read("frmCalcOut"), "Result of the Calculation:  T, p => rho");
+    EXPECT_EQ(read("par1"), "T = 310.000 K");
+}
+
+TEST_F(ResultViewTest, AResultOfOtherUnitsIsMarkedUntilItIsCalculatedAgain) {
+    startProject("Carbon dioxide");
+    chooseTp();
+    calculate("300", "3000");
+    calculation_views::followPresent();
+    EXPECT_EQ(read("statusZeile"), "");
+    the_session.UnitMode = 1;
+    the_session.CaloricUnit = 3;
+    calculation_views::followPresent();
+    EXPECT_EQ(read("statusZeile"),
+              "Outdated: of Carbon dioxide, CEOS Peng / Robinson; m^3/kmol, kJ/kmol");
+    calculate("300", "3000");
+    EXPECT_EQ(read("statusZeile"), "");
+    EXPECT_TRUE(lists("v/ (m^3/kg"));
 }
 
 }  // namespace

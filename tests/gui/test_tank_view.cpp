@@ -1,8 +1,9 @@
-#include "calculation/start_calculation.h"
 #include "gui/calc_view_test.h"
 #include "gui/calculation/tank_drawing.h"
 #include "legacy/wrappers.h"
 #include "models/saturation.h"
+#include "report/tank_picture.h"
+#include "session/calculations.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -64,7 +65,7 @@ TEST_F(TankViewTest, DrawsTheShareOfTheLiquidInTheGlobalMethod) {
         const double level = balance(1, m, rhoL, rhoV);
         ASSERT_GT(level, 0);
         ASSERT_LT(level, 100);
-        EXPECT_NEAR(the_session.tank.level, level, 0.01) << m;
+        EXPECT_NEAR(report::tank_state_of(legacy::the_results.current).level, level, 0.01) << m;
         EXPECT_NEAR(read("lblTankLevel").section("vol", 0, 0).section(" ", -1).toDouble(), level,
                     0.01)
             << m;
@@ -88,10 +89,10 @@ TEST_F(TankViewTest, DrawsTheShareOfTheLiquidInThePartialMethod) {
     choose("mnuCalc_16");
     for (const char* m : {"150", "300", "600", "800"}) {
         fill("1", m, "270");
-        const double rhoL = static_cast<double>(legacy::the_currentResult.rhoL);
-        const double rhoV = static_cast<double>(legacy::the_currentResult.rhoV);
+        const double rhoL = static_cast<double>(legacy::the_results.current.record.rhoL);
+        const double rhoV = static_cast<double>(legacy::the_results.current.record.rhoV);
         const double level = balance(1, QString(m).toDouble(), rhoL, rhoV);
-        EXPECT_NEAR(the_session.tank.level, level, 0.01) << m;
+        EXPECT_NEAR(report::tank_state_of(legacy::the_results.current).level, level, 0.01) << m;
         EXPECT_NEAR(shareOf(TankDrawing::liquidColour()), level, 0.5) << m;
     }
     EXPECT_EQ(read("frmKessel"), "Tank Calculation (partial method)");
@@ -122,7 +123,8 @@ TEST_F(TankViewTest, IsFullWhenTheContentIsDenserThanTheEquationAllows) {
     choose("mnuCalc_15");
     // Peng and Robinson's b of carbon dioxide is 0.0267 m^3/kmol, which is 1650 kg/m^3.
     fill("1", "2000", "280");
-    EXPECT_EQ(the_session.tank.answer, "ERROR1");
+    EXPECT_EQ(report::tank_state_of(legacy::the_results.current).end,
+              report::TankEnd::belowCovolume);
     EXPECT_EQ(read("lblTankLevel"), "Filling level 100.0vol.-%");
     EXPECT_GT(shareOf(TankDrawing::liquidColour()), 99.9);
 }
@@ -131,12 +133,12 @@ TEST_F(TankViewTest, TellsOfAVolumeBelowTheVirialCoefficient) {
     startProject("Carbon dioxide", [] { select("EOSKombi", "VIRIAL Equ. Pitzer / Curl"); });
     // The menu does not offer the global method of such an equation; a project may still hold it.
     EXPECT_FALSE(drive::offers("mnuCalc_15"));
-    the_session.CalcMode = 9;
-    the_session.GlobalCalculation = true;
-    calculation::StartCalculation();
+    the_session.calculation.task = calculation::Task::globalTank;
+    the_session.calculation.method.global = true;
+    session::start_calculation(legacy::the_calculationViews);
     // Far above the Boyle temperature B is positive, and the volume is 0.0088 m^3/kmol.
     fill("1", "5000", "2000");
-    EXPECT_EQ(the_session.tank.answer, "ERROR3");
+    EXPECT_EQ(report::tank_state_of(legacy::the_results.current).end, report::TankEnd::belowVirial);
     EXPECT_EQ(read("lblTankLevel"), "Error");
     EXPECT_EQ(read("lblTankP"), " Error: v < B");
     EXPECT_TRUE(isVisible("lblTankHint"));

@@ -475,9 +475,9 @@ TEST_F(ProjectSession, CommentsKeepTheirUmlautsAndStayOnOneLine) {
 
 TEST_F(ProjectSession, LoadingClosesWhatBelongedToTheSubstance) {
     open_and_choose();
-    the_session.GlobalCalculation = false;
+    the_session.calculation.method.global = false;
     load(kProject);
-    EXPECT_TRUE(the_session.GlobalCalculation);
+    EXPECT_TRUE(the_session.calculation.method.global);
 }
 
 }  // namespace

@@ -21,19 +21,19 @@ class Session : public SessionTest {
 };
 
 TEST_F(Session, StartsWithItsDefaults) {
-    EXPECT_EQ(the_session.CalcMode, 0);
-    EXPECT_TRUE(the_session.GlobalCalculation);
-    EXPECT_TRUE(the_session.LiquidByBenson);
+    EXPECT_EQ(the_session.calculation.task, calculation::Task::none);
+    EXPECT_TRUE(the_session.calculation.method.global);
+    EXPECT_TRUE(the_session.calculation.method.liquidByBenson);
     EXPECT_EQ(the_session.PointsPerCurve, 300);
     EXPECT_EQ(the_session.CsvSeparator, ';');
-    EXPECT_EQ(the_session.IsoFunction, 1);
-    EXPECT_EQ(the_session.IsoTp, 2);
+    EXPECT_EQ(the_session.calculation.isoFunction, calculation::IsoFunction::V);
+    EXPECT_EQ(the_session.calculation.isoGiven, calculation::IsoGiven::p);
     EXPECT_EQ(models::code_of(legacy::the_models.EOSModel), -1);
     EXPECT_EQ(legacy::the_models.VPModel, models::VapourPressureEquation::none);
     EXPECT_EQ(legacy::the_reference.RefMode, 1);
     EXPECT_FLOAT_EQ(legacy::the_reference.p0, 101.325F);
     EXPECT_EQ(legacy::the_BatchData.size(), 2U);
-    EXPECT_EQ(legacy::the_ResultRecords.size(), 3U);
+    EXPECT_TRUE(legacy::the_results.rows.empty());
     EXPECT_EQ(the_session.LastSessionFile, (folder() / "QuorLastSession.QCF").string());
     EXPECT_FALSE(session::is_enabled(session::Command::mnuCalcMain));
     EXPECT_FALSE(the_session.DecimalComma);

@@ -31,7 +31,7 @@ TEST_F(Shutdown, WithoutADatabaseNoLastSessionIsWritten) {
 }
 
 TEST_F(Shutdown, PendingProtocolComesFirstAndTheSessionAfterIt) {
-    the_session.ProtocolPending = true;
+    legacy::the_protocol.pending = true;
     the_session.DatabaseFile = "STUDENT.Q05";
     session::Shutdown();
     EXPECT_EQ(calls, (std::vector<std::string>{
@@ -40,7 +40,7 @@ TEST_F(Shutdown, PendingProtocolComesFirstAndTheSessionAfterIt) {
 }
 
 TEST_F(Shutdown, AnEmptyProtocolFileIsDeletedAndOneWithDataStays) {
-    const std::filesystem::path file = folder() / the_session.ProtocolFile;
+    const std::filesystem::path file = folder() / legacy::the_protocol.file;
     std::ofstream(file) << "";
     session::Shutdown();
     EXPECT_FALSE(std::filesystem::exists(file));
@@ -53,14 +53,14 @@ TEST_F(Shutdown, AProtocolFileWithAFolderIsFoundThere) {
     std::filesystem::create_directory(folder() / "sub");
     const std::filesystem::path file = folder() / "sub" / "P.CSV";
     std::ofstream(file) << "";
-    the_session.ProtocolFile = file.string();
+    legacy::the_protocol.file = file.string();
     session::Shutdown();
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 TEST_F(Shutdown, WithoutHooksNothingHappens) {
     session::shutdown_hooks() = {};
-    the_session.ProtocolPending = true;
+    legacy::the_protocol.pending = true;
     the_session.DatabaseFile = "STUDENT.Q05";
     EXPECT_NO_THROW(session::Shutdown());
 }

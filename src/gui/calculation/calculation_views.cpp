@@ -4,10 +4,8 @@
 #include <QMdiSubWindow>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
-#include "calculation/calc_modes.h"
-#include "calculation/protocol.h"
-#include "calculation/start_calculation.h"
 #include "gui/calculation/diagnosis_view.h"
 #include "gui/calculation/direct_input_view.h"
 #include "gui/calculation/iso_calculator_view.h"
@@ -19,6 +17,7 @@
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
 #include "session/actions.h"
+#include "session/calculations.h"
 #include "session/shutdown.h"
 
 namespace quor::gui {
@@ -29,7 +28,7 @@ namespace {
 
 using legacy::the_session;
 
-constexpr std::int16_t kLastMode = 24, kDirectInput = 100;
+constexpr auto kCurveInput = "mnuData_EditXY";  // action of the XY editor
 
 template <class View>
 View* open_view(const QString& name) {
@@ -69,7 +68,22 @@ void open_or_renew(const QString& name, Corner corner) {
 }
 
 void open_result() {
-    open_or_renew<ResultView>("frmCalcOut", Corner::TopRight);
+    if (auto* view = open_view<ResultView>("frmCalcOut")) {
+        view->open();
+        shell::activate("frmCalcOut");
+        return;
+    }
+    ResultCommands commands;
+    commands.openIsoCalculator = [] {
+        const auto [T, p] = typedTp();
+        open_iso_calculator(T, p);
+    };
+    commands.openDiagnosis = OpenDiagnosis;
+    commands.refreshDiagnosis = refreshDiagnosis;
+    if (actions::has(kCurveInput)) commands.openCurveInput = [] { actions::Run(kCurveInput); };
+    auto* view = new ResultView(std::move(commands), legacy::the_calculationViews);
+    shell::openChild(view);
+    place(view, Corner::TopRight);
 }
 
 void show_result() {
@@ -83,7 +97,14 @@ void show_result() {
 }
 
 void open_input() {
-    open_or_renew<DirectInputView>("frmParinput", Corner::TopLeft);
+    if (auto* view = open_view<DirectInputView>("frmParinput")) {
+        view->open();
+        shell::activate("frmParinput");
+        return;
+    }
+    auto* view = new DirectInputView(legacy::the_calculationViews);
+    shell::openChild(view);
+    place(view, Corner::TopLeft);
 }
 
 void open_tank() {
@@ -91,57 +112,82 @@ void open_tank() {
 }
 
 // The input of the reference point stands in front of the view that asks for it.
-void ask_reference() {
+std::optional<models::BensonPoint> ask_reference(const models::BensonPoint& present) {
     QDialog dialog(shell::frameWindow());
     dialog.setObjectName("frmParinput");
-    auto* input = new DirectInputView;
+    std::optional<models::BensonPoint> typed;
+    auto* input =
+        new DirectInputView(present, [&typed](const models::BensonPoint& point) { typed = point; });
     input->setObjectName("frmParinput_form");
     dialog.setWindowTitle(input->windowTitle());
     auto* layout = new QVBoxLayout(&dialog);
     layout->setContentsMargins({});
     layout->addWidget(input);
     shell::openModal(dialog);
+    return typed;
 }
 
 void register_rows() {
-    for (std::int16_t mode = 1; mode <= kLastMode; ++mode) {
-        if (calculation::mode_of(mode).menu == calculation::Menu::None) continue;
-        actions::register_action("CalcMode_" + std::to_string(mode),
-                                 [mode] { calculation::run_calculation(mode); });
+    for (int code = 1; code < calculation::kTaskCount; ++code) {
+        const calculation::Task task = calculation::task_of_code(code);
+        if (task == calculation::Task::temperatureOnly) continue;
+        actions::register_action("CalcMode_" + std::to_string(code), [task] {
+            session::run_calculation(task, legacy::the_calculationViews);
+        });
     }
 }
 
 }  // namespace
 
 void Install() {
-    calculation::Views& views = calculation::views();
-    views.openCalcIn = [] { OpenCalcIn(false); };
+    session::CalculationViews& views = legacy::the_calculationViews;
+    views.openCalcIn = [] { return OpenCalcIn(false); };
     views.openResultView = open_result;
     views.showResultView = show_result;
     views.closeResultView = [] { shell::closeViews({"frmCalcOut"}); };
     views.openParinput = open_input;
-    views.openReferenceInput = ask_reference;
     views.closeParinput = [] { shell::closeViews({"frmParinput"}); };
     views.openTankView = open_tank;
     views.closeTankView = [] { shell::closeViews({"frmKessel"}); };
     register_rows();
-    session::shutdown_hooks().writeProtocol = calculation::close_protocol;
+    session::shutdown_hooks().writeProtocol = session::close_protocol;
 }
 
-void OpenCalcIn(bool forDiagram) {
-    PartialChoiceDialog view(forDiagram, shell::frameWindow());
-    if (shell::openModal(view) == QDialog::Accepted)
-        calculation::confirm_partial_choice(view.choice());
+bool OpenCalcIn(bool forDiagram) {
+    PartialChoiceDialog view(session::open_partial_choice(), ask_reference, shell::frameWindow());
+    if (shell::openModal(view) != QDialog::Accepted) return false;
+    session::confirm_partial_choice(view.choice(), forDiagram, legacy::the_calculationViews);
+    return true;
+}
+
+bool OpenCalcIn(calculation::Task task, bool forDiagram) {
+    calculation::Task& present = the_session.calculation.task;
+    const calculation::Task before = std::exchange(present, task);
+    const bool goesOn = OpenCalcIn(forDiagram);
+    present = before;
+    return goesOn;
 }
 
 std::pair<std::string, std::string> typedTp() {
     const auto* input = open_view<DirectInputView>("frmParinput");
-    if (input == nullptr || the_session.InputSituation <= kDirectInput) return {};
+    if (input == nullptr || the_session.calculation.input != report::InputKind::state) return {};
     return {input->fieldText(0), input->fieldText(1)};
 }
 
-void open_iso_calculator() {
-    open_or_renew<IsoCalculatorView>("frmIsoCalc", Corner::BottomLeft);
+void open_iso_calculator(const std::string& T, const std::string& p) {
+    const auto start = session::iso_start(T, p);
+    if (!start) return;
+    auto* view = open_view<IsoCalculatorView>("frmIsoCalc");
+    if (view != nullptr) {
+        view->open(*start);
+        shell::activate("frmIsoCalc");
+        return;
+    }
+    std::function<void()> curve;
+    if (actions::has(kCurveInput)) curve = [] { actions::Run(kCurveInput); };
+    view = new IsoCalculatorView(*start, refreshResult, curve);
+    shell::openChild(view);
+    place(view, Corner::BottomLeft);
 }
 
 void OpenDiagnosis() {
@@ -150,6 +196,10 @@ void OpenDiagnosis() {
 
 void refreshResult() {
     if (auto* view = open_view<ResultView>("frmCalcOut")) view->showResult();
+}
+
+void followPresent() {
+    if (auto* view = open_view<ResultView>("frmCalcOut")) view->followPresent();
 }
 
 void refreshDiagnosis() {

@@ -23,13 +23,13 @@ QString shown(double value) {
     return qt(numbers::General(static_cast<float>(value)));
 }
 
-QString state_text(const calculation::Diagnosis& d) {
+QString state_text(const models::Fluid& fluid, const report::Diagnosis& d) {
     if (d.roots.empty()) return {};
-    return qt(text::trim(models::EOSName(legacy::the_models.EOSModel))) + ",  T = " + shown(d.T) +
+    return qt(text::trim(models::EOSName(fluid.models().EOSModel))) + ",  T = " + shown(d.T) +
            " K,  p = " + shown(d.p) + " kPa";
 }
 
-QString legend_text(const calculation::Diagnosis& d) {
+QString legend_text(const report::Diagnosis& d) {
     if (d.roots.empty()) return {};
     const QString marks = "dashed: p; full mark: stable root; empty mark: unstable or metastable";
     if (!(d.saturationPressure > 0)) return marks;
@@ -76,14 +76,15 @@ DiagnosisView::DiagnosisView(QWidget* parent) : ChildView("frmCEOSDiagnose", par
 }
 
 void DiagnosisView::open() {
-    const calculation::Diagnosis diagnosis = calculation::diagnose_last_state();
+    const report::TaskResult& result = legacy::the_results.current;
+    const report::Diagnosis diagnosis = report::diagnose(result.made.fluid, result.answer.last);
     setWindowTitle(qt(diagnosis.title));
-    state_->setText(state_text(diagnosis));
+    state_->setText(state_text(result.made.fluid, diagnosis));
     legend_->setText(legend_text(diagnosis));
     plot_->showDiagnosis(diagnosis);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const bool there = i < diagnosis.roots.size();
-        const calculation::RootRow root = there ? diagnosis.roots[i] : calculation::RootRow{};
+        const report::RootRow root = there ? diagnosis.roots[i] : report::RootRow{};
         rows_[i].caption->setText(qt(root.caption));
         rows_[i].value->setText(qt(root.value));
         rows_[i].note->setText(qt(root.note));

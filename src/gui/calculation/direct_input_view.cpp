@@ -8,8 +8,6 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "calculation/direct_input.h"
-#include "calculation/start_calculation.h"
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
@@ -17,6 +15,7 @@
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
+#include "session/calculations.h"
 
 namespace quor::gui {
 
@@ -24,7 +23,6 @@ namespace {
 
 using legacy::the_session;
 
-constexpr std::int16_t kReferenceInput = 4, kTankInput = 33;
 constexpr std::size_t kMass = 1, kRho = 2;
 constexpr int kPicture = 32;
 
@@ -51,35 +49,47 @@ std::string shown(Number value) {
     return value == Number{} ? std::string() : numbers::General(value);
 }
 
-// What the fields stand for, as the session holds it.
-std::array<std::string, 4> texts_of_session() {
-    switch (the_session.InputSituation) {
-        case kReferenceInput: {
-            const models::BensonPoint& r = the_session.BensonReference;
-            return {shown(r.T), shown(r.p), shown(r.rhoL), shown(r.rhoV)};
-        }
-        case kTankInput:
-            return {shown(the_session.tank.V),
-                    shown(the_session.tank.m),
-                    shown(the_session.tank.T),
-                    {}};
-        default: {
-            const calculation::BatchDataSet& input = legacy::the_BatchData.front();
-            return {shown(input.T), shown(input.p), shown(input.rhoV), {}};
-        }
-    }
-}
-
 }  // namespace
 
-DirectInputView::DirectInputView(QWidget* parent) : ChildView("frmParinput", parent) {
-    setWindowIcon(theme::icon("calculate"));
-    setHugs(true);
+DirectInputView::DirectInputView(const session::CalculationViews& views, QWidget* parent)
+    : ChildView("frmParinput", parent), views_(&views) {
     arrange();
     open();
 }
 
+DirectInputView::DirectInputView(const models::BensonPoint& present,
+                                 std::function<void(const models::BensonPoint&)> store,
+                                 QWidget* parent)
+    : ChildView("frmParinput", parent), reference_(present), store_(std::move(store)) {
+    arrange();
+    open();
+}
+
+report::InputForm DirectInputView::form() const {
+    if (views_ == nullptr) return {.kind = report::InputKind::reference};
+    return session::input_form(amount());
+}
+
+// What the fields stand for.
+std::array<std::string, 4> DirectInputView::presentTexts() const {
+    switch (form().kind) {
+        case report::InputKind::reference:
+            return {shown(reference_.T), shown(reference_.p), shown(reference_.rhoL),
+                    shown(reference_.rhoV)};
+        case report::InputKind::tank: {
+            const calculation::Tank& tank = the_session.tank;
+            return {shown(tank.V), shown(tank.m), shown(tank.T), {}};
+        }
+        case report::InputKind::state:
+            break;
+    }
+    const report::DirectValues& typed = the_session.calculation.direct;
+    return {shown(typed.T), shown(typed.p), shown(typed.rho), {}};
+}
+
 void DirectInputView::arrange() {
+    setWindowIcon(theme::icon("calculate"));
+    setHugs(true);
     auto* grid = form::grid();
     grid->setContentsMargins({});
     for (std::size_t i = 0; i < par_.size(); ++i) {
@@ -95,7 +105,7 @@ void DirectInputView::arrange() {
     volumeFrame_ = form::frame("specific. quantity", "fraRhoVInput");
     volume_ = two_options(volumeFrame_, "optRhoV", "Rho", "V");
     connect(volume_, &QButtonGroup::idClicked, this, [this](int index) {
-        calculation::choose_volume_input(index);
+        the_session.calculation.volumeInput = index == 1;
         follow();
     });
     amountFrame_ = form::frame("content given as", "fram_n");
@@ -131,9 +141,9 @@ void DirectInputView::arrange() {
 }
 
 void DirectInputView::open() {
-    const bool tank = the_session.InputSituation == kTankInput;
+    const bool tank = form().kind == report::InputKind::tank;
     picture_->setPixmap(theme::icon(tank ? "tank" : "calculate").pixmap(kPicture, kPicture));
-    volume_->button(the_session.VolumeInput ? 1 : 0)->setChecked(true);
+    volume_->button(the_session.calculation.volumeInput ? 1 : 0)->setChecked(true);
     follow();
     refill();
     for (NumberEdit* field : par_) {
@@ -146,7 +156,7 @@ void DirectInputView::open() {
 
 // Fields, labels and frames of the situation; the texts typed stay.
 void DirectInputView::follow() {
-    const calculation::DirectInput input = calculation::describe_direct_input(amount());
+    const report::DirectInput input = report::describe_direct_input(form());
     setWindowTitle(qt(input.title));
     ok_->setText(qt(input.command));
     for (std::size_t i = 0; i < par_.size(); ++i) {
@@ -162,8 +172,8 @@ void DirectInputView::follow() {
 
 // A volume or an amount is typed by the user anew: the session holds densities and masses.
 void DirectInputView::refill() {
-    const std::array<std::string, 4> texts = texts_of_session();
-    const bool volume = the_session.VolumeInput && volumeFrame_->isVisibleTo(this);
+    const std::array<std::string, 4> texts = presentTexts();
+    const bool volume = the_session.calculation.volumeInput && volumeFrame_->isVisibleTo(this);
     const bool kmol = amount() && amountFrame_->isVisibleTo(this);
     for (std::size_t i = 0; i < par_.size(); ++i) {
         const bool converted = (volume && i == kRho) || (kmol && i == kMass);
@@ -193,39 +203,45 @@ void DirectInputView::markMissing() {
     if (first != nullptr) first->setFocus();
 }
 
+std::array<std::string, 4> DirectInputView::typedTexts() const {
+    return {fieldText(0), fieldText(1), fieldText(2), fieldText(3)};
+}
+
+void DirectInputView::storeReference() {
+    const auto point = session::accept_reference(typedTexts());
+    if (!point) return markMissing();
+    store_(*point);
+    closeView();
+}
+
 void DirectInputView::calculate() {
     if (markWrongNumber(par_)) return;
-    const std::array<std::string, 4> texts = {fieldText(0), fieldText(1), fieldText(2),
-                                              fieldText(3)};
-    const calculation::Views& views = calculation::views();
-    switch (calculation::accept_input(texts, amount())) {
-        case calculation::InputResult::Refused:
+    if (views_ == nullptr) return storeReference();
+    switch (session::accept_input(typedTexts(), amount())) {
+        case session::InputResult::Refused:
             markMissing();
             break;
-        case calculation::InputResult::ReferenceStored:
-            closeView();
+        case session::InputResult::TankExit:
+            views_->closeResultView();
+            views_->closeTankView();
             break;
-        case calculation::InputResult::TankExit:
-            views.closeResultView();
-            views.closeTankView();
-            break;
-        case calculation::InputResult::TankCalculated:
-            views.openResultView();
-            views.openTankView();
+        case session::InputResult::TankCalculated:
+            views_->openResultView();
+            views_->openTankView();
             shell::activate(objectName());
             break;
-        case calculation::InputResult::Calculated:
-            views.showResultView();
+        case session::InputResult::Calculated:
+            views_->showResultView();
             break;
     }
 }
 
 // The second reference point belongs to a view of its own, which stays.
 void DirectInputView::cancel() {
-    if (the_session.InputSituation == kReferenceInput)
+    if (views_ == nullptr)
         closeView();
     else
-        calculation::cancel_input();
+        session::cancel_input(*views_);
 }
 
 }  // namespace quor::gui

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 
 #include "gui/widgets/child_view.h"
+#include "report/direct_input.h"
+#include "session/calculation_views.h"
 
 class QButtonGroup;
 class QGroupBox;
@@ -19,9 +22,13 @@ class DirectInputView : public ChildView {
     Q_OBJECT
 
   public:
-    explicit DirectInputView(QWidget* parent = nullptr);
+    explicit DirectInputView(const session::CalculationViews& views, QWidget* parent = nullptr);
+    /// For a second reference point: `store` takes what is typed.
+    DirectInputView(const models::BensonPoint& present,
+                    std::function<void(const models::BensonPoint&)> store,
+                    QWidget* parent = nullptr);
 
-    /// Shows the fields of the present `InputSituation` with the values that the session holds.
+    /// Shows the fields that the calculation asks for with the values that the session holds.
     void open();
 
     /// The text of a field (0 to 3) that is asked for, else an empty one.
@@ -31,6 +38,10 @@ class DirectInputView : public ChildView {
     void cancel() override;
 
   private:
+    report::InputForm form() const;
+    std::array<std::string, 4> presentTexts() const;
+    std::array<std::string, 4> typedTexts() const;
+    void storeReference();
     void arrange();
     void follow();
     void refill();
@@ -38,6 +49,9 @@ class DirectInputView : public ChildView {
     void markMissing();
     void calculate();
 
+    const session::CalculationViews* views_ = nullptr;  ///< nothing for a reference point
+    models::BensonPoint reference_;
+    std::function<void(const models::BensonPoint&)> store_;
     std::array<NumberEdit*, 4> par_{};
     std::array<QLabel*, 4> Bz_{};
     QGroupBox* volumeFrame_ = nullptr;

@@ -12,20 +12,20 @@
 #include <array>
 
 #include "common/numbers.h"
-#include "gui/calculation/calculation_views.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "session/actions.h"
+#include "legacy/declare.h"
+#include "session/calculations.h"
 #include "session/help_topics.h"
+#include "session/module2.h"
 
 namespace quor::gui {
 
 namespace {
 
-constexpr auto kCurveInput = "mnuData_EditXY";  // action of the XY editor
 constexpr int kFunctionColumns = 2;
 constexpr int kLiquid = 0, kVapour = 1;
 
@@ -34,15 +34,20 @@ constexpr const char* kFunctions[] = {"Volume V",         "Enthalpy H",        "
                                       "Gibbs Function G", "Internal Energy U", "Helmholtz Fu. A",
                                       "Exergy E(H)",      "Exergy E(U)"};
 
-QString state_text(const calculation::IsoCalculator& iso) {
+QString state_text(const report::IsoCalculator& iso) {
     return QString("Last state: T = %1 K,  p = %2 kPa")
-        .arg(qt(numbers::General(static_cast<float>(iso.lastT))),
-             qt(numbers::General(static_cast<float>(iso.lastP))));
+        .arg(qt(numbers::General(static_cast<float>(iso.last_T()))),
+             qt(numbers::General(static_cast<float>(iso.last_p()))));
 }
 
 }  // namespace
 
-IsoCalculatorView::IsoCalculatorView(QWidget* parent) : ChildView("frmIsoCalc", parent) {
+IsoCalculatorView::IsoCalculatorView(const calculation::ProcessPoint& start,
+                                     std::function<void()> showResult,
+                                     std::function<void()> openCurveInput, QWidget* parent)
+    : ChildView("frmIsoCalc", parent),
+      showResult_(std::move(showResult)),
+      openCurveInput_(std::move(openCurveInput)) {
     setWindowTitle("\"Iso-Calculator\"");
     setWindowIcon(theme::icon("calculate"));
     auto* options = new QHBoxLayout;
@@ -59,12 +64,12 @@ IsoCalculatorView::IsoCalculatorView(QWidget* parent) : ChildView("frmIsoCalc", 
     layout->addWidget(state_);
     layout->addStretch(1);
     layout->addLayout(buildButtons());
-    open();
+    open(start);
 }
 
-void IsoCalculatorView::open() {
-    iso_ = calculation::open_iso_calculator();
-    function_->button(iso_.function)->setChecked(true);
+void IsoCalculatorView::open(const calculation::ProcessPoint& start) {
+    iso_ = session::open_iso_calculator(start);
+    function_->button(static_cast<int>(iso_.function))->setChecked(true);
     phase_->button(iso_.liquid ? kLiquid : kVapour)->setChecked(true);
     given_->button(static_cast<int>(iso_.given))->setChecked(true);
     follow();
@@ -84,7 +89,9 @@ QGroupBox* IsoCalculatorView::buildFunctions() {
         grid->addWidget(option, i % kRows, i / kRows);
     }
     connect(function_, &QButtonGroup::idClicked, this, [this](int index) {
-        calculation::choose_iso_function(iso_, static_cast<std::int16_t>(index));
+        const auto function = static_cast<calculation::IsoFunction>(index);
+        iso_.choose_function(function);
+        legacy::the_session.calculation.isoFunction = function;
         follow();
     });
     return frame;
@@ -101,7 +108,7 @@ QGroupBox* IsoCalculatorView::buildPhase() {
         row->addWidget(option);
     }
     connect(phase_, &QButtonGroup::idClicked, this, [this](int index) {
-        calculation::choose_iso_phase(iso_, index == kLiquid);
+        iso_.choose_phase(index == kLiquid);
         follow();
     });
     return frame;
@@ -120,7 +127,9 @@ QGroupBox* IsoCalculatorView::buildGiven() {
         row->addWidget(option);
     }
     connect(given_, &QButtonGroup::idClicked, this, [this](int index) {
-        calculation::choose_iso_given(iso_, static_cast<calculation::IsoGiven>(index));
+        const auto given = static_cast<calculation::IsoGiven>(index);
+        iso_.choose_given(given);
+        legacy::the_session.calculation.isoGiven = given;
         follow();
     });
     return frame;
@@ -157,8 +166,8 @@ QLayout* IsoCalculatorView::buildButtons() {
     reset->setToolTip(" Reset to last successful calculation ");
     connect(reset, &QPushButton::clicked, this, &IsoCalculatorView::reset);
     QPushButton* curve = form::button("Curve input", "cmdShowManuInput");
-    curve->setEnabled(actions::has(kCurveInput));
-    connect(curve, &QPushButton::clicked, this, [] { actions::Run(kCurveInput); });
+    curve->setEnabled(openCurveInput_ != nullptr);
+    connect(curve, &QPushButton::clicked, this, [this] { openCurveInput_(); });
     QPushButton* page = form::button("Help", "cmdIsoHelp");
     shell::connectHelp(page, help::kIsoCalculator);
     QPushButton* close = form::button("Close", "cmdEsc");
@@ -184,16 +193,20 @@ void IsoCalculatorView::follow() {
 
 void IsoCalculatorView::calculate() {
     if (markWrongNumber(std::array{constant_, givenValue_}, false)) return;
-    calculation::calculate_iso(iso_, constant_->text().toStdString(),
-                               givenValue_->text().toStdString());
+    const session::BusyPointer busy;
+    if (iso_.calculate(constant_->text().toStdString(), givenValue_->text().toStdString()))
+        showState();
     follow();
-    calculation_views::refreshResult();
 }
 
 void IsoCalculatorView::reset() {
-    calculation::reset_iso(iso_);
+    if (iso_.reset()) showState();
     follow();
-    calculation_views::refreshResult();
+}
+
+void IsoCalculatorView::showState() {
+    session::take_iso_result(iso_);
+    showResult_();
 }
 
 }  // namespace quor::gui

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "calculation/iso_calculator.h"
+#include <functional>
+
 #include "gui/widgets/child_view.h"
+#include "report/iso_calculator.h"
 
 class QButtonGroup;
 class QGroupBox;
@@ -18,10 +20,12 @@ class IsoCalculatorView : public ChildView {
     Q_OBJECT
 
   public:
-    explicit IsoCalculatorView(QWidget* parent = nullptr);
+    /// `showResult` shows a new state; `openCurveInput` is nothing where there is no such view.
+    IsoCalculatorView(const calculation::ProcessPoint& start, std::function<void()> showResult,
+                      std::function<void()> openCurveInput, QWidget* parent = nullptr);
 
-    /// Starts anew from the state in the direct input.
-    void open();
+    /// Starts anew from the state at T and p.
+    void open(const calculation::ProcessPoint& start);
 
   private:
     QGroupBox* buildFunctions();
@@ -32,8 +36,10 @@ class IsoCalculatorView : public ChildView {
     void follow();
     void calculate();
     void reset();
+    void showState();
 
-    calculation::IsoCalculator iso_;
+    std::function<void()> showResult_, openCurveInput_;
+    report::IsoCalculator iso_;
     QButtonGroup* function_ = nullptr;
     QButtonGroup* phase_ = nullptr;
     QButtonGroup* given_ = nullptr;

@@ -61,7 +61,7 @@ IsothermPlot::IsothermPlot(QWidget* parent) : QWidget(parent) {
     setAccessibleName("p-v isotherm of the cubic equation of state");
 }
 
-void IsothermPlot::showDiagnosis(const calculation::Diagnosis& diagnosis) {
+void IsothermPlot::showDiagnosis(const report::Diagnosis& diagnosis) {
     diagnosis_ = diagnosis;
     update();
 }
@@ -203,7 +203,7 @@ void IsothermPlot::paintRoots(QPainter& painter) const {
     behind.setAlphaF(kBehindName);
     painter.setPen(QPen(text, kLineWidth));
     int number = 1;
-    for (const calculation::RootRow& root : diagnosis_.roots) {
+    for (const report::RootRow& root : diagnosis_.roots) {
         const QPointF at = place(root.v, diagnosis_.p);
         painter.setBrush(root.stable ? text : palette().color(QPalette::Base));
         painter.drawEllipse(at, kRootRadius, kRootRadius);

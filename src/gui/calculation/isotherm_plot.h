@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "calculation/diagnosis.h"
+#include "report/diagnosis.h"
 
 namespace quor::gui {
 
@@ -14,7 +14,7 @@ class IsothermPlot : public QWidget {
   public:
     explicit IsothermPlot(QWidget* parent = nullptr);
 
-    void showDiagnosis(const calculation::Diagnosis& diagnosis);
+    void showDiagnosis(const report::Diagnosis& diagnosis);
 
     /// True when the volume axis is logarithmic: where the V volume is far from the L volume.
     bool isLogarithmic() const;
@@ -38,7 +38,7 @@ class IsothermPlot : public QWidget {
     void paintRoots(QPainter& painter) const;
     QPolygonF polygon(const std::vector<calculation::IsothermPoint>& points) const;
 
-    calculation::Diagnosis diagnosis_;
+    report::Diagnosis diagnosis_;
 };
 
 }  // namespace quor::gui

@@ -8,13 +8,12 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "calculation/start_calculation.h"
+#include "common/dialogs.h"
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 #include "session/help_topics.h"
 
 namespace quor::gui {
@@ -45,8 +44,7 @@ void add_options(QVBoxLayout* layout, std::array<QRadioButton*, N>& options, con
 }
 
 // The present reference point in words, as typed.
-QString typed_reference() {
-    const models::BensonPoint& r = legacy::the_session.BensonReference;
+QString typed_reference(const models::BensonPoint& r) {
     const auto line = [](const char* label, float value) {
         return QString("\n %1%2").arg(label, qt(numbers::general_point(value)));
     };
@@ -57,8 +55,9 @@ QString typed_reference() {
 
 }  // namespace
 
-PartialChoiceDialog::PartialChoiceDialog(bool forDiagram, QWidget* parent)
-    : QDialog(parent), choice_(calculation::open_partial_choice(forDiagram)) {
+PartialChoiceDialog::PartialChoiceDialog(report::PartialChoice choice, AskReference askReference,
+                                         QWidget* parent)
+    : QDialog(parent), choice_(std::move(choice)), askReference_(std::move(askReference)) {
     setObjectName("frmCalcIn");
     arrange();
     follow();
@@ -72,10 +71,7 @@ QWidget* PartialChoiceDialog::buildMode() {
     auto* options = new QVBoxLayout;
     options->setSpacing(theme::kGap);
     add_options<2>(options, global_, "opt_glob", {"Global calculation", "Partial calculation"},
-                   [this](int index) {
-                       calculation::choose_global(choice_, index);
-                       follow();
-                   });
+                   [this](int index) { chooseGlobal(index == 0); });
     limits_ = text_block("lblRhoLimits");
     auto* top = new QHBoxLayout;
     top->addLayout(options, 1);
@@ -94,7 +90,7 @@ QWidget* PartialChoiceDialog::buildDensity() {
     add_options<2>(layout, density_, "optPartialBenson",
                    {"rho_L by  BENSON's method", "rho_L by database equ. rho(T)"},
                    [this](int index) {
-                       calculation::choose_density(choice_, index);
+                       choice_.choose_density(index == 0);
                        follow();
                    });
     range_ = form::named(form::note(), "lblRhoRange");
@@ -114,18 +110,19 @@ QWidget* PartialChoiceDialog::buildReference() {
     auto* layout = new QVBoxLayout(referenceFrame_);
     layout->setSpacing(theme::kGap);
     layout->addLayout(top);
-    add_options<3>(layout, reference_, "Ref_opt",
-                   {"Proposed reference data",
-                    "BENSON's approximation for RhoL(ref) at the normal boiling point",
-                    "Manual input of reference data"},
-                   [this](int index) {
-                       calculation::ChooseReference(choice_, index);
-                       if (choice_.inputEnabled)
-                           proposal_->setText(typed_reference());
-                       else
-                           proposal_->setText(qt(choice_.RefVorschlag));
-                       follow();
-                   });
+    add_options<3>(
+        layout, reference_, "Ref_opt",
+        {"Proposed reference data",
+         "BENSON's approximation for RhoL(ref) at the normal boiling point",
+         "Manual input of reference data"},
+        [this](int index) {
+            choice_.choose_reference(static_cast<report::PartialChoice::Reference>(index));
+            if (choice_.inputEnabled)
+                proposal_->setText(typed_reference(choice_.method.reference));
+            else
+                proposal_->setText(qt(choice_.RefVorschlag));
+            follow();
+        });
     input_ = form::button("Input", "RefInput");
     connect(input_, &QPushButton::clicked, this, &PartialChoiceDialog::askReference);
     layout->addWidget(input_, 0, Qt::AlignLeft);
@@ -178,9 +175,15 @@ void PartialChoiceDialog::follow() {
     escape_->setEnabled(choice_.cancelEnabled);
 }
 
+void PartialChoiceDialog::chooseGlobal(bool global) {
+    if (!choice_.choose_global(global)) dialogs::refuse(report::kGlobalNeedsCubic);
+    follow();
+}
+
 void PartialChoiceDialog::askReference() {
-    calculation::views().openReferenceInput();
-    proposal_->setText(typed_reference());
+    if (const auto typed = askReference_(choice_.method.reference))
+        choice_.method.reference = *typed;
+    proposal_->setText(typed_reference(choice_.method.reference));
 }
 
 void PartialChoiceDialog::reject() {

@@ -2,8 +2,10 @@
 
 #include <QDialog>
 #include <array>
+#include <functional>
+#include <optional>
 
-#include "calculation/partial_choice.h"
+#include "report/partial_choice.h"
 
 class QGroupBox;
 class QLabel;
@@ -18,9 +20,14 @@ class PartialChoiceDialog : public QDialog {
     Q_OBJECT
 
   public:
-    explicit PartialChoiceDialog(bool forDiagram, QWidget* parent = nullptr);
+    /// Asks for the second reference point; nothing when that was cancelled.
+    using AskReference =
+        std::function<std::optional<models::BensonPoint>(const models::BensonPoint& present)>;
 
-    const calculation::PartialChoice& choice() const { return choice_; }
+    PartialChoiceDialog(report::PartialChoice choice, AskReference askReference,
+                        QWidget* parent = nullptr);
+
+    const report::PartialChoice& choice() const { return choice_; }
 
     /// Where there is nothing to choose there is nothing to cancel either.
     void reject() override;
@@ -32,8 +39,10 @@ class PartialChoiceDialog : public QDialog {
     void arrange();
     void follow();
     void askReference();
+    void chooseGlobal(bool global);
 
-    calculation::PartialChoice choice_;
+    report::PartialChoice choice_;
+    AskReference askReference_;
     QLabel* situation_ = nullptr;
     QGroupBox* modeFrame_ = nullptr;
     std::array<QRadioButton*, 2> global_{};

@@ -9,11 +9,11 @@
 #include <QTextBlock>
 #include <algorithm>
 
-#include "calculation/list_layout.h"
 #include "common/dialogs.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
+#include "report/list_layout.h"
 
 namespace quor::gui {
 
@@ -24,7 +24,7 @@ constexpr int kLiquidColumn = 0, kSameColumn = 1, kVapourColumn = 2;  // of the 
 constexpr std::size_t kCellsOfPhaseRow = 3;                           // label, L, V
 constexpr auto kRedSign = "! ";
 
-std::string as_table(const calculation::ListLine& line) {
+std::string as_table(const report::ListLine& line) {
     if (line.cells.empty()) return line.text;
     std::string row;
     for (const std::string& cell : line.cells)
@@ -32,7 +32,7 @@ std::string as_table(const calculation::ListLine& line) {
     return row;
 }
 
-bool has_phase_columns(const calculation::ResultText& result) {
+bool has_phase_columns(const report::Report& result) {
     return std::any_of(result.Liste.begin(), result.Liste.end(),
                        [](const auto& line) { return line.cells.size() == kCellsOfPhaseRow; });
 }
@@ -49,14 +49,14 @@ ResultList::ResultList(QWidget* parent) : QPlainTextEdit(parent) {
     setAccessibleName("Results");
 }
 
-void ResultList::showLines(const std::vector<calculation::ListLine>& lines) {
-    lines_ = lines;
+void ResultList::showReport(const report::Report& result) {
+    report_ = result;
     clear();
     QTextCursor cursor(document());
     QTextCharFormat plain, red;
     red.setForeground(theme::errorColour());
-    for (const calculation::ListLine& line : lines_) {
-        if (&line != &lines_.front()) cursor.insertBlock();
+    for (const report::ListLine& line : report_.Liste) {
+        if (&line != &report_.Liste.front()) cursor.insertBlock();
         if (line.red)
             cursor.insertText(kRedSign + qt(line.text), red);
         else
@@ -69,14 +69,14 @@ void ResultList::copyText() {
     const QTextCursor cursor = textCursor();
     const bool part = cursor.hasSelection();
     dialogs::set_clipboard(part ? cursor.selection().toPlainText().toStdString()
-                                : calculation::result_as_text(calculation::resultText));
+                                : report::result_as_text(report_));
     Q_EMIT copied(part ? "Selection copied as text" : "Result copied as text");
 }
 
 void ResultList::copyTable() {
     const QTextCursor cursor = textCursor();
     if (!cursor.hasSelection()) {
-        dialogs::set_clipboard(calculation::result_as_table(calculation::resultText));
+        dialogs::set_clipboard(report::result_as_table(report_));
         Q_EMIT copied("Result copied as table");
         return;
     }
@@ -85,8 +85,8 @@ void ResultList::copyTable() {
     };
     std::string table;
     for (std::size_t i = line_at(cursor.selectionStart());
-         i <= line_at(cursor.selectionEnd()) && i < lines_.size(); ++i)
-        table += as_table(lines_[i]) + "\n";
+         i <= line_at(cursor.selectionEnd()) && i < report_.Liste.size(); ++i)
+        table += as_table(report_.Liste[i]) + "\n";
     dialogs::set_clipboard(table);
     Q_EMIT copied("Selection copied as table");
 }
@@ -101,7 +101,7 @@ int ResultList::advance(std::size_t characters) const {
 
 QSize ResultList::sizeHint() const {
     const int frame = 2 * textStart();
-    return {advance(calculation::kTableWidth + kSpareCharacters) + frame,
+    return {advance(report::kTableWidth + kSpareCharacters) + frame,
             kLinesShown * fontMetrics().lineSpacing() + frame};
 }
 
@@ -134,9 +134,9 @@ void ResultList::contextMenuEvent(QContextMenuEvent* event) {
 // The colour of red lines follows the palette.
 void ResultList::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && !lines_.empty()) {
-        const std::vector<calculation::ListLine> lines = lines_;
-        showLines(lines);
+    if (event->type() == QEvent::PaletteChange && !report_.Liste.empty()) {
+        const report::Report shown = report_;
+        showReport(shown);
     }
 }
 
@@ -160,7 +160,7 @@ PhaseHead::PhaseHead(ResultList* list, QWidget* parent) : QWidget(parent), list_
     connect(list->horizontalScrollBar(), &QScrollBar::valueChanged, this, &PhaseHead::align);
 }
 
-void PhaseHead::showCaptions(const calculation::ResultText& result) {
+void PhaseHead::showCaptions(const report::Report& result) {
     const bool columns = has_phase_columns(result);
     liquid_->setText(qt(result.lblLphase));
     vapour_->setText(qt(result.lblVphase));
@@ -172,7 +172,7 @@ void PhaseHead::showCaptions(const calculation::ResultText& result) {
 
 // The captions end where their columns end, also when the list is moved sideways.
 void PhaseHead::align() {
-    using calculation::kLabelWidth, calculation::kValueWidth;
+    using report::kLabelWidth, report::kValueWidth;
     const int start = list_->textStart() + list_->advance(2 * kLabelWidth) -
                       list_->horizontalScrollBar()->value();
     grid_->setContentsMargins(std::max(start, 0), 0, 0, 0);

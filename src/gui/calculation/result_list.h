@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "calculation/result_text.h"
+#include "report/report.h"
 
 class QGridLayout;
 class QLabel;
@@ -19,7 +19,7 @@ class ResultList : public QPlainTextEdit {
   public:
     explicit ResultList(QWidget* parent = nullptr);
 
-    void showLines(const std::vector<calculation::ListLine>& lines);
+    void showReport(const report::Report& result);
 
     /// The selection, or all of the result, to the clipboard.
     void copyText();
@@ -42,7 +42,7 @@ class ResultList : public QPlainTextEdit {
     void changeEvent(QEvent* event) override;
 
   private:
-    std::vector<calculation::ListLine> lines_;
+    report::Report report_;
 };
 
 /// The captions of the two value columns above the list: `lblLphase`, `lblVphase`, and `lblGleich`
@@ -53,7 +53,7 @@ class PhaseHead : public QWidget {
   public:
     PhaseHead(ResultList* list, QWidget* parent = nullptr);
 
-    void showCaptions(const calculation::ResultText& result);
+    void showCaptions(const report::Report& result);
 
   private:
     void align();

@@ -11,31 +11,26 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-#include "calculation/calc_modes.h"
-#include "calculation/protocol.h"
-#include "calculation/start_calculation.h"
-#include "gui/calculation/calculation_views.h"
 #include "gui/calculation/result_list.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
-#include "session/actions.h"
+#include "report/protocol.h"
+#include "report/titles.h"
+#include "session/calculations.h"
 
 namespace quor::gui {
 
 namespace {
 
-using calculation::resultText;
 using legacy::the_session;
 
-constexpr auto kCurveInput = "mnuData_EditXY";  // action of the XY editor
-constexpr std::int16_t kFunctionsMode = 8;
 constexpr int kWideCharacters = 110;
 
 // Without colour a red text is known by its sign; the region's text is bold and begins with "=>".
-bool needs_sign(const calculation::TextField& field) {
+bool needs_sign(const report::TextField& field) {
     return field.red && !field.bold && !field.text.empty();
 }
 
@@ -47,7 +42,9 @@ QVBoxLayout* column(QWidget* parent) {
 
 }  // namespace
 
-ResultView::ResultView(QWidget* parent) : ChildView("frmCalcOut", parent) {
+ResultView::ResultView(ResultCommands commands, const session::CalculationViews& views,
+                       QWidget* parent)
+    : ChildView("frmCalcOut", parent), commands_(std::move(commands)), views_(views) {
     setWindowIcon(theme::icon("calculate"));
     list_ = new ResultList;
     head_ = new PhaseHead(list_);
@@ -66,25 +63,35 @@ void ResultView::open() {
         box->setChecked(false);
     }
     target_[0]->setChecked(true);
-    view_ = calculation::open_result_view();
+    view_ = session::open_result_view();
     const QSignalBlocker quiet(separator_);
-    separator_->setCurrentIndex(view_.separatorIndex);
-    setWindowTitle(qt(view_.caption));
+    separator_->setCurrentIndex(report::separator_index(the_session.CsvSeparator));
     list_->setMinimumWidth(view_.wide ? list_->advance(kWideCharacters) : 0);
-    setDefaultButton(the_session.CalcMode == kFunctionsMode ? ok_ : nullptr);
+    setDefaultButton(the_session.calculation.task == calculation::Task::functions ? ok_ : nullptr);
     ok_->setText(qt(view_.okCaption));
     showResult();
 }
 
 void ResultView::showResult() {
-    show(par1_, resultText.par1);
-    show(par2_, resultText.par2);
-    show(co1_, resultText.co1);
-    show(co2_, resultText.co2);
-    list_->showLines(resultText.Liste);
-    head_->showCaptions(resultText);
+    const report::TaskResult& result = legacy::the_results.current;
+    const report::Report& told = result.report;
+    setWindowTitle(qt(report::caption_of(result.request.task, result.request.method)));
+    show(par1_, told.par1);
+    show(par2_, told.par2);
+    show(co1_, told.co1);
+    show(co2_, told.co2);
+    list_->showReport(told);
+    head_->showCaptions(told);
     follow();
-    calculation_views::refreshDiagnosis();
+    followPresent();
+    commands_.refreshDiagnosis();
+}
+
+void ResultView::followPresent() {
+    const report::TaskResult& result = legacy::the_results.current;
+    status_->setText(session::is_result_out_of_date()
+                         ? "Outdated: of " + qt(report::name_of(result.made))
+                         : QString());
 }
 
 // ------------------------------------------------------------------------------------------ parts
@@ -105,7 +112,7 @@ ResultView::ResultLine ResultView::resultLine(const QString& name) {
     return line;
 }
 
-void ResultView::show(const ResultLine& line, const calculation::TextField& field) {
+void ResultView::show(const ResultLine& line, const report::TextField& field) {
     line.text->setText(qt(field.text));
     line.sign->setVisible(needs_sign(field));
     QFont font = line.box->font();
@@ -126,11 +133,11 @@ QWidget* ResultView::buildSpecification() {
     back_ = form::button("Set backward", "cmdRueck");
     back_->setShortcut(QKeySequence("Alt+Left"));
     back_->setToolTip("The data set before this one (Alt+Left)");
-    connect(back_, &QPushButton::clicked, this, [this] { step(calculation::step_backward); });
+    connect(back_, &QPushButton::clicked, this, [this] { step(session::step_backward); });
     forward_ = form::button("Set forward", "cmdVor");
     forward_->setShortcut(QKeySequence("Alt+Right"));
     forward_->setToolTip("The data set behind this one (Alt+Right)");
-    connect(forward_, &QPushButton::clicked, this, [this] { step(calculation::step_forward); });
+    connect(forward_, &QPushButton::clicked, this, [this] { step(session::step_forward); });
 
     auto* row = new QHBoxLayout(specification_);
     row->setSpacing(theme::kGroupGap);
@@ -150,7 +157,7 @@ QWidget* ResultView::buildExtended() {
                     "ResPlus_1");
     pages_[1] = form::named(new QCheckBox("derivatives with respect to T, p, v"), "ResPlus_2");
     connect(uhs_, &QCheckBox::toggled, this, [this](bool on) {
-        calculation::set_equilibrium_functions(view_, on);
+        session::set_equilibrium_functions(on);
         showResult();
     });
     QVBoxLayout* layout = column(extended_);
@@ -189,8 +196,8 @@ QWidget* ResultView::buildProtocol() {
     frame->setToolTip("semicolon recommended");
     separator_ = form::named(new QComboBox, "cmbSep");
     separator_->setToolTip("semicolon recommended");
-    for (const char* name : calculation::kSeparatorNames) separator_->addItem(name);
-    connect(separator_, &QComboBox::currentIndexChanged, this, calculation::choose_separator);
+    for (const char* name : report::kSeparatorNames) separator_->addItem(name);
+    connect(separator_, &QComboBox::currentIndexChanged, this, session::choose_separator);
     auto* inFrame = new QVBoxLayout(frame);
     inFrame->setContentsMargins(0, theme::kGap, 0, 0);
     inFrame->addWidget(separator_);
@@ -225,12 +232,12 @@ QWidget* ResultView::buildProtocol() {
 
 QLayout* ResultView::buildButtons() {
     iso_ = form::button("\"Iso-Calculator\"", "cmdIsoCalc");
-    connect(iso_, &QPushButton::clicked, this, &ResultView::openIsoCalculator);
+    connect(iso_, &QPushButton::clicked, this, [this] { commands_.openIsoCalculator(); });
     diagnose_ = form::button("Diagnosis of cubic EOS", "cmdCEOSDiagnose");
-    connect(diagnose_, &QPushButton::clicked, this, &ResultView::openDiagnosis);
+    connect(diagnose_, &QPushButton::clicked, this, [this] { commands_.openDiagnosis(); });
     QPushButton* curve = form::button("x-y Curve input", "cmdShowManuInput");
-    curve->setEnabled(actions::has(kCurveInput));
-    connect(curve, &QPushButton::clicked, this, [] { actions::Run(kCurveInput); });
+    curve->setEnabled(commands_.openCurveInput != nullptr);
+    connect(curve, &QPushButton::clicked, this, [this] { commands_.openCurveInput(); });
     QPushButton* text = form::button("Copy", "cmdCopyText");
     text->setIcon(theme::icon("copy"));
     text->setToolTip("Copies the selection, or the whole result, as text (Ctrl+C)");
@@ -275,8 +282,9 @@ void ResultView::arrange() {
 
 // Everything but the texts of the result: what is shown and enabled.
 void ResultView::follow() {
-    const bool panels = !resultText.panelsHidden;
-    specification_->setTitle(qt(view_.inputCaption));
+    const report::TaskResult& result = legacy::the_results.current;
+    const bool panels = !result.report.panelsHidden;
+    specification_->setTitle(qt(report::input_caption(result.dataSet)));
     specification_->setVisible(panels);
     back_->setVisible(view_.stepVisible);
     forward_->setVisible(view_.stepVisible);
@@ -290,7 +298,7 @@ void ResultView::follow() {
     protocol_->setVisible(panels && view_.protocolVisible);
     iso_->setVisible(panels);
 
-    const calculation::ButtonState& diagnosis = resultText.cmdCEOSDiagnose;
+    const report::ButtonState& diagnosis = result.report.cmdCEOSDiagnose;
     diagnose_->setEnabled(diagnosis.enabled);
     QPalette colours;
     if (diagnosis.enabled) {
@@ -303,62 +311,54 @@ void ResultView::follow() {
 }
 
 void ResultView::followProtocol() {
-    openNew_->setEnabled(the_session.ProtocolPending);
-    protocolName_->setText(qt(calculation::protocol_file_title()));
+    openNew_->setEnabled(legacy::the_protocol.pending);
+    protocolName_->setText(qt(session::protocol_file_title()));
 }
 
 // --------------------------------------------------------------------------------------- commands
 
-void ResultView::step(void (*to)(calculation::ResultView&)) {
-    to(view_);
+void ResultView::step(void (*to)()) {
+    to();
     showResult();
 }
 
 void ResultView::choosePages() {
-    calculation::set_extended_pages(view_, pages_[0]->isChecked(), pages_[1]->isChecked());
+    session::set_extended_pages(view_, pages_[0]->isChecked(), pages_[1]->isChecked());
     showResult();
 }
 
 void ResultView::finish() {
-    calculation::ListTarget target = calculation::ListTarget::None;
-    if (target_[1]->isChecked()) target = calculation::ListTarget::Printer;
-    if (target_[2]->isChecked()) target = calculation::ListTarget::File;
-    calculation::finish_result_view(view_, target, funcPrint_->isChecked());
+    report::ListTarget target = report::ListTarget::None;
+    if (target_[1]->isChecked()) target = report::ListTarget::Printer;
+    if (target_[2]->isChecked()) target = report::ListTarget::File;
+    session::finish_result_view(view_, target, funcPrint_->isChecked(), views_);
 }
 
 void ResultView::writeProtocol() {
-    calculation::add_to_protocol();
+    session::add_to_protocol();
     followProtocol();
-    status_->setText(the_session.ProtocolOpen == 1
-                         ? QString("1 result in the protocol")
-                         : QString("%1 results in the protocol").arg(the_session.ProtocolOpen));
+    const std::size_t count = legacy::the_protocol.rows.size();
+    status_->setText(count == 1 ? QString("1 result in the protocol")
+                                : QString("%1 results in the protocol").arg(count));
 }
 
 void ResultView::newProtocol() {
-    const QString written = qt(calculation::protocol_file_title());
-    if (calculation::open_new_protocol())
+    if (!session::write_protocol()) return followProtocol();
+    const QString written = qt(session::protocol_file_title());
+    if (session::open_new_protocol())
         status_->setText(written + " written, and copied to the clipboard as a table");
     followProtocol();
 }
 
-void ResultView::openIsoCalculator() {
-    const auto [T, p] = calculation_views::typedTp();
-    if (calculation::prepare_iso_calculator(T, p)) calculation_views::open_iso_calculator();
-}
-
-void ResultView::openDiagnosis() {
-    calculation_views::OpenDiagnosis();
-}
-
 void ResultView::cancel() {
-    calculation::views().closeParinput();
+    views_.closeParinput();
     closeView();
 }
 
 // Pending results of the protocol reach their file before the view goes; what cannot be written
 // stays pending.
 void ResultView::closeEvent(QCloseEvent* event) {
-    if (the_session.ProtocolPending) newProtocol();
+    if (legacy::the_protocol.pending) newProtocol();
     shell::closeViews({"frmIsoCalc", "frmCEOSDiagnose"});
     ChildView::closeEvent(event);
 }

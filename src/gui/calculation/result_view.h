@@ -1,10 +1,12 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
-#include "calculation/result_text.h"
-#include "calculation/result_view.h"
 #include "gui/widgets/child_view.h"
+#include "report/report.h"
+#include "report/result_view.h"
+#include "session/calculation_views.h"
 
 class QCheckBox;
 class QComboBox;
@@ -17,6 +19,13 @@ namespace quor::gui {
 class PhaseHead;
 class ResultList;
 
+/// What the result view calls for beside itself.
+struct ResultCommands {
+    std::function<void()> openIsoCalculator, openDiagnosis;
+    std::function<void()> refreshDiagnosis;
+    std::function<void()> openCurveInput;  ///< nothing where there is no such view
+};
+
 /// The result of a calculation: given values, main result, list, pages of functions. In batch
 /// operation it steps through the data sets; results leave it as a list, as a protocol, or through
 /// the clipboard.
@@ -24,12 +33,15 @@ class ResultView : public ChildView {
     Q_OBJECT
 
   public:
-    explicit ResultView(QWidget* parent = nullptr);
+    explicit ResultView(ResultCommands commands, const session::CalculationViews& views,
+                        QWidget* parent = nullptr);
 
     /// The view as it opens for the present mode; calculates.
     void open();
-    /// Shows the texts of the last calculation.
+    /// Shows the current result.
     void showResult();
+    /// Marks a result that does not stand for the present fluid, models, units or reference state.
+    void followPresent();
 
   protected:
     void cancel() override;
@@ -44,7 +56,7 @@ class ResultView : public ChildView {
     };
 
     ResultLine resultLine(const QString& name);
-    static void show(const ResultLine& line, const calculation::TextField& field);
+    static void show(const ResultLine& line, const report::TextField& field);
 
     QWidget* buildSpecification();
     QWidget* buildExtended();
@@ -55,15 +67,15 @@ class ResultView : public ChildView {
 
     void follow();
     void followProtocol();
-    void step(void (*to)(calculation::ResultView&));
+    void step(void (*to)());
     void choosePages();
     void finish();
     void writeProtocol();
     void newProtocol();
-    void openIsoCalculator();
-    void openDiagnosis();
 
-    calculation::ResultView view_;
+    ResultCommands commands_;
+    const session::CalculationViews& views_;
+    report::ResultView view_;
     ResultLine par1_, par2_, co1_, co2_;
     ResultList* list_ = nullptr;
     PhaseHead* head_ = nullptr;

@@ -61,7 +61,7 @@ TankDrawing::TankDrawing(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-void TankDrawing::showPicture(const calculation::TankPicture& picture) {
+void TankDrawing::showPicture(const report::TankPicture& picture) {
     picture_ = picture;
     setAccessibleDescription(QString::fromStdString(picture.levelText));
     update();

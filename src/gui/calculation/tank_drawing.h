@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "calculation/tank.h"
+#include "report/tank_picture.h"
 
 namespace quor::gui {
 
@@ -14,7 +14,7 @@ class TankDrawing : public QWidget {
   public:
     explicit TankDrawing(QWidget* parent = nullptr);
 
-    void showPicture(const calculation::TankPicture& picture);
+    void showPicture(const report::TankPicture& picture);
 
     /// The circle of the front section, in the coordinates of the widget.
     QRectF section() const;
@@ -33,7 +33,7 @@ class TankDrawing : public QWidget {
     QPointF depth() const;
     void paintLiquid(QPainter& painter) const;
 
-    calculation::TankPicture picture_;
+    report::TankPicture picture_;
 };
 
 }  // namespace quor::gui

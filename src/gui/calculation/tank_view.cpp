@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "calculation/tank.h"
 #include "common/numbers.h"
 #include "gui/calculation/tank_drawing.h"
 #include "gui/widgets/form.h"
@@ -15,6 +14,7 @@
 #include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "legacy/declare.h"
+#include "report/tank_picture.h"
 #include "session/help_topics.h"
 
 namespace quor::gui {
@@ -30,7 +30,7 @@ void set_colour(QLabel* swatch, const QColor& colour) {
 }
 
 QString given_values() {
-    const calculation::Tank& tank = legacy::the_session.tank;
+    const calculation::Tank& tank = legacy::the_results.current.request.tank;
     return QString("V = %1 m^3\nm = %2 kg\nT = %3 K")
         .arg(qt(numbers::General(tank.V)), qt(numbers::General(tank.m)),
              qt(numbers::General(tank.T)));
@@ -102,8 +102,8 @@ QWidget* TankView::buildLegend() {
 }
 
 void TankView::open() {
-    const calculation::TankPicture picture =
-        calculation::describe_tank(legacy::the_session.tank.answer);
+    const report::TankPicture picture =
+        report::describe_tank(report::tank_state_of(legacy::the_results.current));
     setWindowTitle(qt(picture.title));
     frame_->setTitle(qt(picture.caption));
     drawing_->showPicture(picture);

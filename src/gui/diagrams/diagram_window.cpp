@@ -8,7 +8,6 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
-#include "calculation/start_calculation.h"
 #include "common/dialogs.h"
 #include "datafiles/xy_file.h"
 #include "datafiles/xy_points.h"
@@ -432,15 +431,12 @@ void openChosen() {
 
 /// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
 void openFromMenu() {
-    constexpr std::int16_t kVaporisationAtT = 6;
     const diagrams::Diagram* diagram = legacy::the_diagram;
     const bool needsReference = diagram != nullptr &&
                                 diagram->subTitle == diagrams::SubTitle::vaporisation &&
                                 legacy::the_models.HLVModel == models::VaporisationModel::benson;
     if (!needsReference) return openChosen();
-    const std::int16_t mode = std::exchange(legacy::the_session.CalcMode, kVaporisationAtT);
-    calculation_views::OpenCalcIn(true);
-    legacy::the_session.CalcMode = mode;
+    calculation_views::OpenCalcIn(calculation::Task::vaporisationAtT, true);
 }
 
 /// The XY editor's graph gets a diagram of its own, in which nothing is computed.
@@ -471,7 +467,7 @@ void calculateProcess() {
          diagrams::current_start().at, legacy::the_processLine, legacy::the_session.CsvSeparator},
         [](const diagrams::ProcessLine& line) {
             legacy::the_processLine = line;
-            calculation::views().openResultView();
+            legacy::the_calculationViews.openResultView();
         },
         shell::frameWindow());
     shell::openModal(box);
@@ -499,8 +495,8 @@ void openEmpty() {
 }
 
 void Install() {
-    calculation::views().prepareDiagram = openChosen;
-    calculation::views().openProcessView = calculateProcess;
+    legacy::the_calculationViews.prepareDiagram = openChosen;
+    legacy::the_calculationViews.openProcessView = calculateProcess;
     actions::register_action("Diagram2D", openFromMenu);
     actions::register_action("graph_xy", openEditorGraph);
     actions::register_action("CalcCoordinateDefaults", renewLimits);

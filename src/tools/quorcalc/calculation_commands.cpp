@@ -1,14 +1,13 @@
 #include <filesystem>
 
-#include "calculation/batch_list.h"
-#include "calculation/calc_batch.h"
-#include "calculation/calc_modes.h"
-#include "calculation/result_text.h"
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/measured_data.h"
-#include "legacy/wrappers.h"
+#include "legacy/current_fluid.h"
+#include "models/density.h"
 #include "models/reference_state.h"
+#include "report/titles.h"
+#include "session/calculations.h"
 #include "session/measured_data_session.h"
 #include "tools/quorcalc/command_list.h"
 
@@ -17,82 +16,72 @@ namespace quor::quorcalc {
 namespace {
 
 /// The choice of a global or partial calculation, and of the liquid's density in the latter.
-void choose_equilibrium(const Arguments& a) {
-    legacy::Session& s = legacy::the_session;
+calculation::Method method_of(const Arguments& a) {
     if (a.global && a.partial) throw WrongCall{"--global and --partial exclude each other"};
     if (!a.liquid.empty() && a.liquid != "benson" && a.liquid != "rhoT")
         throw WrongCall{"--liquid is benson or rhoT"};
-    s.GlobalCalculation = !a.partial && !(legacy::the_models.EOSOnlyV && !a.global);
-    s.LiquidByBenson = a.liquid != "rhoT";
+    calculation::Method method = legacy::the_session.calculation.method;
+    method.global = !a.partial && !(legacy::the_models.EOSOnlyV && !a.global);
+    method.liquidByBenson = a.liquid != "rhoT";
     // A "T, p" calculation is partial when a phase equilibrium is assumed.
-    s.AssumedVle = a.partial && a.mode == 3;
-    if (!s.BensonReferenceValid) {
-        s.BensonReference = models::propose_benson_reference().point;
-        const models::BensonPoint& r = s.BensonReference;
-        s.BensonReferenceValid = static_cast<double>(r.T) * static_cast<double>(r.p) *
-                                     static_cast<double>(r.rhoL) * static_cast<double>(r.rhoV) >
-                                 1e-6;
-    }
+    method.assumedVle = a.partial && a.mode == 3;
+    if (!models::is_known(method.reference))
+        method.reference = models::propose_benson_reference(models::current_fluid()).point;
+    return method;
 }
 
-std::int16_t page_of(const Arguments& a) {
+calculation::Pages pages_of(const Arguments& a) {
     const int page = a.page.value_or(1);
     if (page < 1 || page > 4) throw WrongCall{"--page is 1 to 4"};
-    return static_cast<std::int16_t>(page);
+    return {.residual = page == 2 || page == 4, .derivatives = page >= 3, .functions = a.uhs};
 }
 
-std::int16_t code_of_mode(const Arguments& a) {
+calculation::Task task_of(const Arguments& a) {
     if (*a.mode < 1 || *a.mode > 24) throw WrongCall{"--mode is 1 to 24"};
-    return static_cast<std::int16_t>(*a.mode);
+    return calculation::task_of_code(*a.mode);
 }
 
-void fill_input(const Arguments& a) {
-    calculation::BatchDataSet& input = legacy::the_BatchData[0];
-    input.T = a.T.value_or(0);
-    input.p = a.p.value_or(0);
-    input.rhoV = static_cast<float>(a.rho.value_or(0));
-    input.rhoL = input.rhoV;
-    calculation::Tank& tank = legacy::the_session.tank;
-    tank.T = static_cast<float>(a.T.value_or(0));
-    tank.V = static_cast<float>(a.V.value_or(0));
-    tank.m = static_cast<float>(a.m.value_or(0));
+calculation::Request request_of(const Arguments& a) {
+    calculation::Request request;
+    request.method = method_of(a);
+    request.given.T = a.T.value_or(0);
+    request.given.p = a.p.value_or(0);
+    request.given.rhoV = request.given.rhoL = static_cast<float>(a.rho.value_or(0));
+    request.tank = {.V = static_cast<float>(a.V.value_or(0)),
+                    .m = static_cast<float>(a.m.value_or(0)),
+                    .T = static_cast<float>(a.T.value_or(0))};
+    request.pages = pages_of(a);
+    request.task = task_of(a);
+    if (is_tank(request.task))
+        request.method.global = request.task == calculation::Task::globalTank;
+    return request;
 }
 
 Json calc(const Arguments& a) {
     set_up(a);
-    choose_equilibrium(a);
-    fill_input(a);
-    legacy::Session& s = legacy::the_session;
-    s.OutputPage = page_of(a);
-    s.EquilibriumFunctions = a.uhs;
-    s.CalcMode = code_of_mode(a);
-    if (*a.mode == 9) s.GlobalCalculation = true;
-    if (*a.mode == 10) s.GlobalCalculation = false;
-
-    calculation::CalcCall call{.Mode = s.CalcMode};
-    calculation::CalcBatch(call);
-
-    const calculation::ResultText& r = calculation::resultText;
+    const report::TaskResult result = report::make_result(
+        models::current_fluid(), legacy::the_reference, session::unit_choice(), request_of(a));
+    report::show(messages(result, report::Tell::remarks));
+    const report::Report& r = result.report;
+    const calculation::Answer& answer = result.answer;
     Json fu = Json::array();
-    for (const double value : legacy::the_Fu) fu.push_back(Number(value));
-    const bool exit = call.Text == "EXIT";
-    Json result = {{"status", call.Failed || exit ? -1 : 0},
-                   {"par1", r.par1.text},
-                   {"par2", r.par2.text},
-                   {"co1", r.co1.text},
-                   {"co2", r.co2.text},
-                   {"Liste", calculation::ListText(r)},
-                   {"State", r.State},
-                   {"Fu", fu},
-                   {"p", present(call.Pressure)},
-                   {"FractionV", static_cast<double>(call.FractionV)},
-                   {"hasL", call.HasL},
-                   {"hasV", call.HasV},
-                   {"nRoots", call.Roots},
-                   {"exit", exit},
-                   {"text", calculation::result_as_text(r)},
-                   {"messages", Json::array()}};
-    return result;
+    for (const double value : result.Fu) fu.push_back(Number(value));
+    return {{"status", result.failed() ? -1 : 0},
+            {"par1", r.par1.text},
+            {"par2", r.par2.text},
+            {"co1", r.co1.text},
+            {"co2", r.co2.text},
+            {"Liste", report::ListText(r)},
+            {"State", r.State},
+            {"Fu", fu},
+            {"p", present(answer.p)},
+            {"FractionV", static_cast<double>(report::fraction_of(answer))},
+            {"hasL", answer.phases.liquid.has_value()},
+            {"hasV", answer.phases.vapour.has_value()},
+            {"nRoots", answer.roots},
+            {"exit", result.refused()},
+            {"text", report::result_as_text(r)},
+            {"messages", Json::array()}};
 }
 
 /// The CASRN that a file of experimental data names.
@@ -110,28 +99,35 @@ Json batch(const Arguments& a) {
     const std::string casrn = substance_of(file);
     if (call.substance.empty()) call.substance = casrn;
     set_up(call);
-    choose_equilibrium(call);
+    report::CalculationState state;
+    state.method = method_of(call);
     if (!session::load_measured_data(file, false))
         throw CannotBeDone{"nothing was loaded from " + file};
-
-    legacy::Session& s = legacy::the_session;
-    s.BatchMode = true;
-    s.CalcMode = code_of_mode(call);
-    s.OutputPage = page_of(call);
-    calculation::calculate_all_sets();
-    const std::string title = calculation::mode_title(s.CalcMode);
-    const bool extended = s.OutputPage > 1;
-    const calculation::ResultList list = calculation::make_result_list(
-        title, s.GlobalCalculation, extended, calculation::ListForm::File);
-    if (!a.lst.empty() && !calculation::result_file(std::filesystem::absolute(a.lst).string(),
-                                                    title, s.GlobalCalculation, extended))
-        throw CannotBeDone{"the list could not be written: " + a.lst};
+    state.task = task_of(call);
+    state.pages = pages_of(call);
+    const report::Comparison comparison =
+        report::compare(models::current_fluid(), legacy::the_reference, session::unit_choice(),
+                        state, session::measured_sets(), legacy::the_session.BatchFile);
+    report::show(comparison.told);
+    const std::string title = report::title_of(state.task, state.method);
+    const bool extended = state.pages.tables();
+    const report::ResultList list =
+        report::make_result_list(comparison, title, extended, report::ListForm::File);
+    if (!a.lst.empty()) {
+        const Result<void> written = report::write_result_file(
+            report::result_file_path(std::filesystem::absolute(a.lst).string(), {}), comparison,
+            title, extended);
+        if (!written) {
+            dialogs::tell(written.reason(), "WARNING");
+            throw CannotBeDone{"the list could not be written: " + a.lst};
+        }
+    }
 
     std::string lines;
     for (const std::string& line : list.lines) lines += line + "\n";
     Json means = Json::object();
     constexpr const char* kNames[] = {"T", "p", "rhoV", "rhoL", "hLV"};
-    for (std::size_t i = 0; i < calculation::kQuantities; ++i) {
+    for (std::size_t i = 0; i < report::kQuantities; ++i) {
         const auto value = list.means[i].value();
         means[kNames[i]] = value ? Number(*value) : Json();
     }

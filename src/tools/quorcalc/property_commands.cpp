@@ -1,7 +1,8 @@
-#include "legacy/wrappers.h"
+#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/density.h"
 #include "models/enthalpy_of_vaporisation.h"
+#include "models/reference_state.h"
 #include "models/state_solver.h"
 #include "tools/quorcalc/command_list.h"
 
@@ -15,17 +16,18 @@ Json density(const models::DensityResult& r) {
 
 Json rhol(const Arguments& a) {
     set_up(a);
-    return density(models::density_l(static_cast<float>(*a.T), false));
+    return density(models::density_liquid(legacy::the_substance, static_cast<float>(*a.T)));
 }
 
 Json rhos(const Arguments& a) {
     set_up(a);
-    return density(models::density_s(static_cast<float>(*a.T), false));
+    return density(models::density_solid(legacy::the_substance, static_cast<float>(*a.T)));
 }
 
 Json cpid(const Arguments& a) {
     set_up(a);
-    const models::CpResult r = models::IdealGasCp(*a.T);
+    const models::CpResult r =
+        models::ideal_gas_cp(legacy::the_substance, legacy::the_models.CpModel, *a.T);
     const models::CpSet& set = legacy::the_models.CpModel == models::CpForm::polynomial
                                    ? legacy::the_substance.cpPoly
                                    : legacy::the_substance.cpSinh;
@@ -38,9 +40,14 @@ Json cpid(const Arguments& a) {
 Json hlv(const Arguments& a) {
     if (!a.T && !a.p) throw WrongCall{"--T or --p is required"};
     set_up(a);
-    const models::EnthalpyOfVaporisationResult r =
-        models::enthalpy_of_vaporisation(legacy::the_models.HLVModel, a.T.value_or(0),
-                                         a.p.value_or(0), legacy::the_models.VPModel, false);
+    const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
+        models::current_fluid(),
+        {.model = legacy::the_models.HLVModel,
+         .vpCode = legacy::the_models.VPModel,
+         .reference = legacy::the_session.calculation.method.reference,
+         .T = 0,
+         .p = 0},
+        a.T.value_or(0), a.p.value_or(0));
     const bool good = r.status == kSuccess;
     Json result = {{"status", r.status},       {"hLV", good ? Json(r.h) : Json()},
                    {"T", present(r.T)},        {"p", present(r.p)},
@@ -58,8 +65,11 @@ Json numbers_from(const Array& values, std::size_t first) {
     return array;
 }
 
-Json phase(double T, double p, double v, Status& status) {
-    const models::StateValues r = models::StateFunctions(T, p, v);
+Json phase(const models::Fluid& fluid, double T, double p, double v, Status& status) {
+    models::ReferenceState reference = legacy::the_reference;
+    models::settle_reference(reference);
+    const models::StateValues r = models::state_functions(
+        fluid, reference, models::surroundings_state(fluid, reference), T, p, v);
     if (r.status != kSuccess) {
         status = r.status;
         return Json();
@@ -85,13 +95,16 @@ Json functions(const Arguments& a) {
     set_up(a);
     Json result = {{"status", 0}, {"V", Json()}, {"L", Json()}};
     Status status = kSuccess;
+    const models::Fluid fluid = models::current_fluid();
     if (a.v) {
-        result[a.row.empty() ? "V" : a.row] = phase(*a.T, *a.p, *a.v, status);
+        result[a.row.empty() ? "V" : a.row] = phase(fluid, *a.T, *a.p, *a.v, status);
     } else {
-        const models::StateTP state = models::SolveStateTP(*a.T, *a.p);
+        const models::StateTP state = models::solve_state_tp(fluid, *a.T, *a.p);
         status = state.status;
-        if (status == kSuccess && state.hasV) result["V"] = phase(*a.T, *a.p, state.vV, status);
-        if (status == kSuccess && state.hasL) result["L"] = phase(*a.T, *a.p, state.vL, status);
+        if (status == kSuccess && state.hasV)
+            result["V"] = phase(fluid, *a.T, *a.p, state.vV, status);
+        if (status == kSuccess && state.hasL)
+            result["L"] = phase(fluid, *a.T, *a.p, state.vL, status);
     }
     result["status"] = status;
     return result;

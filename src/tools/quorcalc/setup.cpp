@@ -201,10 +201,7 @@ void choose_reference(const Arguments& a) {
         if (!value) throw WrongCall{"--benson: not a number: " + parts[i]};
         values[i] = static_cast<float>(*value);
     }
-    legacy::the_session.BensonReference = {values[0], values[1], values[2], values[3]};
-    const double product = static_cast<double>(values[0]) * static_cast<double>(values[1]) *
-                           static_cast<double>(values[2]) * static_cast<double>(values[3]);
-    legacy::the_session.BensonReferenceValid = product > 1e-6;
+    legacy::the_session.calculation.method.reference = {values[0], values[1], values[2], values[3]};
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include "datafiles/database.h"
 #include "datafiles/record_fields.h"
 #include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/saturation.h"
@@ -78,10 +77,10 @@ Json data(const Arguments& a) {
 
 Json eos(const Arguments& a) {
     set_up(a);
-    models::eval_eos_at_t(*a.T);
-    const models::EOSParameters& e = legacy::the_eosParameters;
-    const models::EOSState& s = legacy::the_eosState;
-    const models::JiTorvikParameters& jt = legacy::the_jiTorvik;
+    const models::Fluid fluid = models::current_fluid();
+    const models::EOSParameters& e = fluid.eos();
+    const models::EOSState s = models::eos_at(fluid, *a.T);
+    const models::JiTorvikParameters& jt = fluid.jt();
     return {{"status", 0},
             {"eosA0", e.eosA0},
             {"eosB0", e.eosB0},
@@ -103,8 +102,9 @@ Json eos(const Arguments& a) {
 
 Json pressure(const Arguments& a) {
     set_up(a);
-    models::eval_eos_at_t(*a.T);
-    const models::PressureResult r = models::pressure_from_tv(*a.T, *a.v);
+    const models::Fluid fluid = models::current_fluid();
+    models::EOSState state = models::eos_at(fluid, *a.T);
+    const models::PressureResult r = models::pressure_from_Tv(fluid, *a.T, *a.v, state);
     return {{"status", r.status}, {"p", r.status == kSuccess ? Number(r.p) : Json()}};
 }
 
@@ -118,14 +118,14 @@ Json roots(const Arguments& a) {
     set_up(a);
     if (legacy::the_models.EOSOnlyV) throw CannotBeDone{"possible only by using a  cubic EOS"};
     if (!(*a.p > 0) || !(*a.T > 0)) throw CannotBeDone{"T and p have to be > 0"};
-    models::eval_eos_at_t(*a.T);
-    const models::CubicRoots r = models::SolveCubic(*a.T, *a.p);
+    const models::EOSState state = models::eos_at(models::current_fluid(), *a.T);
+    const models::CubicRoots r = models::solve_cubic(state, *a.T, *a.p);
     return {{"status", r.status}, {"v", volumes(r.v, r.count)}, {"count", r.count}};
 }
 
 Json state(const Arguments& a) {
     set_up(a);
-    const models::StateTP r = models::SolveStateTP(*a.T, *a.p);
+    const models::StateTP r = models::solve_state_tp(models::current_fluid(), *a.T, *a.p);
     return {{"status", r.status},
             {"hasL", r.hasL},
             {"hasV", r.hasV},
@@ -144,7 +144,8 @@ Json state(const Arguments& a) {
 
 Json temperature(const Arguments& a) {
     set_up(a);
-    const models::TemperatureResult r = models::TemperatureFromPRho(*a.p, *a.rho, false);
+    const models::TemperatureResult r =
+        models::temperature_from_p_rho(models::current_fluid(), *a.p, *a.rho, false);
     return {{"status", r.status}, {"T", present(r.T)}};
 }
 
@@ -160,13 +161,13 @@ Json saturation(const models::Saturation& r, const char* key, double value) {
 
 Json psat(const Arguments& a) {
     set_up(a);
-    const models::Saturation r = models::SaturationPressure(*a.T);
+    const models::Saturation r = models::saturation_pressure(models::current_fluid(), *a.T);
     return saturation(r, "p", r.p);
 }
 
 Json tsat(const Arguments& a) {
     set_up(a);
-    const models::Saturation r = models::SaturationTemperature(*a.p);
+    const models::Saturation r = models::saturation_temperature(models::current_fluid(), *a.p);
     return saturation(r, "T", r.T);
 }
 
@@ -176,20 +177,22 @@ models::VapourPressureEquation equation_of(const Arguments& a) {
 
 Json vp(const Arguments& a) {
     set_up(a);
-    const models::VapourPressureResult r = models::VapourPressure(*a.T, equation_of(a), false);
+    const models::VapourPressureResult r =
+        models::vapour_pressure(legacy::the_substance, *a.T, equation_of(a));
     return {{"status", r.status}, {"p", present(r.p)}, {"deviation", r.deviation}};
 }
 
 Json tboil(const Arguments& a) {
     set_up(a);
     const models::BoilingTemperatureResult r =
-        models::BoilingTemperature(*a.p, equation_of(a), false);
+        models::boiling_temperature(legacy::the_substance, *a.p, equation_of(a));
     return {{"status", r.status}, {"T", present(r.T)}, {"deviation", r.deviation}};
 }
 
 Json vpslope(const Arguments& a) {
     set_up(a);
-    const models::SlopeResult r = models::VapourPressureSlope(*a.T, equation_of(a));
+    const models::SlopeResult r =
+        models::vapour_pressure_slope(legacy::the_substance, *a.T, equation_of(a));
     return {{"status", r.status}, {"slope", present(r.slope)}};
 }
 

@@ -1,0 +1,125 @@
+#include "calculation/work.h"
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "models/caloric.h"
+#include "models/density.h"
+#include "models/enthalpy_of_vaporisation.h"
+#include "models/vapour_pressure.h"
+
+/// Functions of T from the database alone.
+namespace quor::calculation {
+
+using constants::kPresent;
+using models::VapourPressureEquation;
+
+namespace {
+
+/// What was found: nothing without a value.
+struct Found {
+    std::optional<double> value;
+    Range range;
+};
+
+/// A density without limits was measured at one temperature: it holds 10 K around that.
+template <std::size_t N>
+Range density_range(const std::array<float, N>& parameters, std::int16_t TLo, std::int16_t THi) {
+    constexpr int kAround = 10;
+    if (TLo != 0) return {TLo, THi};
+    if (!(static_cast<double>(parameters[2]) > kPresent)) return {};
+    const int point = numbers::to_int16(static_cast<double>(parameters[2]));
+    return {static_cast<std::int16_t>(point - kAround), static_cast<std::int16_t>(point + kAround)};
+}
+
+template <class Set>
+Range limits(const Set& set) {
+    return {set.TLo, set.THi};
+}
+
+template <class Result>
+std::optional<double> if_found(const Result& r, double value) {
+    return r.status == kSuccess ? std::optional(value) : std::nullopt;
+}
+
+Found liquid_density(const models::SubstanceRecord& s, double T) {
+    const models::DensityResult r = models::density_liquid(s, static_cast<float>(T));
+    return {r.rho > 0 ? if_found(r, r.rho) : std::nullopt,
+            density_range(s.rhoLPar, s.rhoLTLo, s.rhoLTHi)};
+}
+
+Found solid_density(const models::SubstanceRecord& s, double T) {
+    const models::DensityResult r = models::density_solid(s, static_cast<float>(T));
+    return {r.rho > 0 ? if_found(r, r.rho) : std::nullopt,
+            density_range(s.rhoSPar, s.rhoSTLo, s.rhoSTHi)};
+}
+
+Found vaporisation(const models::SubstanceRecord& s, double T) {
+    const models::EnthalpyEquationResult r = models::enthalpy_equation(s, T);
+    return {if_found(r, r.h), {s.hLVTLo, s.hLVTHi}};
+}
+
+Found heat_capacity(const models::CpResult& r, const models::CpSet& set) {
+    return {if_found(r, r.cp), limits(set)};
+}
+
+template <class Set>
+Found pressure(const models::SubstanceRecord& s, double T, models::VapourPressureEquation code,
+               const Set& set) {
+    const models::VapourPressureResult r = models::vapour_pressure(s, T, code);
+    return {if_found(r, r.p), limits(set)};
+}
+
+Found evaluate(const Work& work) {
+    const models::SubstanceRecord& s = work.substance();
+    const double T = work.answer.T;
+    const models::CpForm form = work.models().CpModel;
+    switch (work.request.task) {
+        case Task::liquidDensity:
+            return liquid_density(s, T);
+        case Task::solidDensity:
+            return solid_density(s, T);
+        case Task::vaporisationEquation:
+            return vaporisation(s, T);
+        case Task::idealGasCp:
+            return heat_capacity(models::ideal_gas_cp(s, form, T),
+                                 form == models::CpForm::polynomial ? s.cpPoly : s.cpSinh);
+        case Task::liquidCp:
+            return heat_capacity(models::polynomial_cp(s.cpL, T), s.cpL);
+        case Task::solidCp:
+            return heat_capacity(models::polynomial_cp(s.cpS, T), s.cpS);
+        case Task::pressureFrost:
+            return pressure(s, T, VapourPressureEquation::frostKalkwarf, s.FRO);
+        case Task::pressureWagner:
+            return pressure(s, T, VapourPressureEquation::wagner, s.WAG);
+        case Task::pressureAntoineLow:
+            return pressure(s, T, VapourPressureEquation::antoineLow, s.ALP);
+        default:
+            return pressure(s, T, VapourPressureEquation::antoineHigh, s.AHP);
+    }
+}
+
+bool is_far_outside(double T, const Range& range) {
+    constexpr double kAllowed = 10.0;
+    return range.known() && !(T >= range.TLo - kAllowed && T <= range.THi + kAllowed);
+}
+
+bool is_pressure(Task task) {
+    return task >= Task::pressureFrost && task <= Task::pressureAntoineHigh;
+}
+
+}  // namespace
+
+void database_function(Work& work) {
+    if (!fetch_t(work)) return;
+    const Found found = evaluate(work);
+    if (is_far_outside(work.answer.T, found.range))
+        work.answer.notes.push_back(
+            {.kind = Note::Kind::databaseRange, .deviation = 0, .range = found.range});
+    if (!found.value) {
+        fail(work, Reason::noDatabaseValue);
+        return;
+    }
+    work.answer.database = DatabaseValue{*found.value, found.range};
+    if (is_pressure(work.request.task)) work.answer.p = *found.value;
+}
+
+}  // namespace quor::calculation

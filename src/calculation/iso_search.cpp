@@ -1,0 +1,143 @@
+#include "calculation/iso_search.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "common/constants.h"
+#include "models/state_solver.h"
+
+namespace quor::calculation {
+
+namespace {
+
+/// A search that varies one of T and p.
+class Search {
+  public:
+    Search(const Calculator& calculator, const IsoSearch& asked)
+        : calculator_(calculator),
+          asked_(asked),
+          start_(asked.given == IsoGiven::T ? asked.p : asked.T),
+          relativeStep_(asked.given == IsoGiven::T ? 0.0005 : 0.0001),
+          gridRange_(asked.given == IsoGiven::T ? 50.0 : 4.0) {}
+
+    /// Newton steps with a numerical slope; where they fail though the phase exists at the start,
+    /// a search for a change of sign.
+    std::optional<double> solve() {
+        if (!difference_at(start_)) return std::nullopt;
+        const std::optional<double> x = newton();
+        return x ? x : bracketed();
+    }
+
+  private:
+    static constexpr double kUpperBound = 1e9;
+    static constexpr double kTolerance = 1.5e-6;
+    static constexpr double kSmallestStep = 0.0001;
+
+    /// Function less target; nothing where the phase does not exist.
+    std::optional<double> difference_at(double x) const {
+        const double T = asked_.given == IsoGiven::T ? asked_.T : x;
+        const double p = asked_.given == IsoGiven::T ? x : asked_.p;
+        if (!(T >= constants::kPresent) || !(p >= constants::kPresent)) return std::nullopt;
+        const models::StateTP state = models::solve_state_tp(calculator_.fluid(), T, p);
+        if (state.status != kSuccess || !(asked_.liquid ? state.hasL : state.hasV))
+            return std::nullopt;
+        const FunctionValues values =
+            calculator_.functions_at(T, p, asked_.liquid ? state.vL : state.vV);
+        if (values.status != kSuccess) return std::nullopt;
+        return values.z[function_of(asked_.function)] - asked_.target;
+    }
+
+    /// Slope at x from the neighbour on the side where the phase exists.
+    std::optional<double> slope_at(double x, double f, double step) {
+        if (const auto ahead = difference_at(x + step)) return (*ahead - f) / step;
+        if (const auto behind = difference_at(x - step)) return (f - *behind) / step;
+        return std::nullopt;
+    }
+
+    std::optional<double> newton() {
+        constexpr int kRounds = 500;
+        constexpr double kWiden = 50.0;
+        double x = start_;
+        double step = std::max(kSmallestStep, relativeStep_ * x);
+        bool widened = false;
+        for (int round = 0; round < kRounds; ++round) {
+            const auto f = difference_at(x);
+            if (!f) return std::nullopt;
+            const auto slope = slope_at(x, *f, step);
+            if (!slope || (*slope == 0.0 && widened)) return std::nullopt;
+            if (*slope == 0.0) {
+                step *= kWiden;
+                widened = true;
+                continue;
+            }
+            const double dx = *f / *slope;
+            x -= dx;
+            if (x < 0) x *= -2.0;
+            if (!(x > 0) || !(x < kUpperBound)) return std::nullopt;
+            if (std::fabs(dx / x) <= kTolerance)
+                return difference_at(x) ? std::optional(x) : std::nullopt;
+            step = std::max(kSmallestStep, std::min(relativeStep_ * x, std::fabs(dx)));
+            widened = false;
+        }
+        return std::nullopt;
+    }
+
+    /// Neighbours of a logarithmic grid, from the start outwards, with a change of sign.
+    std::optional<double> bracketed() {
+        constexpr int kPoints = 150;
+        const double ratio = std::pow(gridRange_, 1.0 / kPoints);
+        double up = start_, down = start_;
+        auto fUp = difference_at(start_), fDown = fUp;
+        for (int i = 0; i < kPoints; ++i) {
+            if (const auto x = advance(up, fUp, up * ratio)) return x;
+            if (const auto x = advance(down, fDown, down / ratio)) return x;
+        }
+        return std::nullopt;
+    }
+
+    /// One step of the grid: the root between x and the next point, if there is one.
+    std::optional<double> advance(double& x, std::optional<double>& f, double next) {
+        const auto fNext = difference_at(next);
+        const double from = x;
+        const auto fFrom = f;
+        x = next;
+        f = fNext;
+        if (!fFrom || !fNext || (*fFrom > 0) == (*fNext > 0)) return std::nullopt;
+        return bisect(from, *fFrom, next, *fNext);
+    }
+
+    std::optional<double> bisect(double a, double fa, double b, double fb) {
+        constexpr int kHalvings = 60;
+        const double jump = std::fabs(fa - fb);
+        double fMid = jump;
+        for (int i = 0; i < kHalvings && std::fabs(b - a) > 1e-12 * b; ++i) {
+            const double mid = 0.5 * (a + b);
+            const auto f = difference_at(mid);
+            if (!f) return std::nullopt;
+            fMid = *f;
+            if ((fMid > 0) == (fa > 0)) {
+                a = mid;
+                fa = fMid;
+            } else {
+                b = mid;
+                fb = fMid;
+            }
+        }
+        // A jump from one phase to the other is no root.
+        return std::fabs(fMid) <= 1e-6 * jump ? std::optional(0.5 * (a + b)) : std::nullopt;
+    }
+
+    const Calculator& calculator_;
+    const IsoSearch& asked_;
+    double start_;
+    double relativeStep_;
+    double gridRange_;
+};
+
+}  // namespace
+
+std::optional<double> solve_iso(const Calculator& calculator, const IsoSearch& search) {
+    return Search(calculator, search).solve();
+}
+
+}  // namespace quor::calculation

@@ -1,0 +1,64 @@
+#include "calculation/work.h"
+#include "common/faults.h"
+#include "models/cubic_eos.h"
+
+/// The pages of derivatives, residual functions and caloric functions.
+namespace quor::calculation {
+
+namespace {
+
+std::optional<PhaseDerivatives> derivatives_of(const Work& work,
+                                               const std::optional<Phase>& phase) {
+    if (!phase || !(phase->v > 0)) return std::nullopt;
+    const double T = work.answer.T, p = work.answer.p;
+    const models::EOSState state = models::eos_at(work.fluid(), T);
+    PhaseDerivatives d{models::residual_functions(work.fluid(), state, T, p, phase->v), {}};
+    if (!d.table.filled) return std::nullopt;
+    d.mechanical = {faults::divide(d.table.first[4], phase->v),
+                    -faults::divide(d.table.first[3], phase->v),
+                    faults::divide(d.table.first[2], p)};
+    return d;
+}
+
+/// The phases of a fresh solution. An equilibrium keeps both of its phases even when the rounding
+/// of p(LV) puts the state to one side of the phase boundary.
+std::optional<Phases> solve_again(const Work& work) {
+    const Answer& a = work.answer;
+    const models::StateTP state = models::solve_state_tp(work.fluid(), a.T, a.p);
+    if (state.status != kSuccess) return std::nullopt;
+    const bool equilibrium = a.phases.both() && state.nRoots == 3;
+    Phases phases;
+    if (equilibrium || state.hasL) phases.liquid = Phase{state.vL, state.rhoL};
+    if (equilibrium || state.hasV) phases.vapour = Phase{state.vV, state.rhoV};
+    return phases;
+}
+
+bool ends_in_a_state(Task task) {
+    return task != Task::none && task != Task::virial && task != Task::process &&
+           !is_vaporisation(task) && !is_database_function(task);
+}
+
+}  // namespace
+
+void add_pages(Work& work) {
+    const Pages& wanted = work.request.pages;
+    Answer& a = work.answer;
+    if (!wanted.tables() && !wanted.functions) return;
+    if (!ends_in_a_state(work.request.task) || !(a.T > 0) || !(a.p > 0)) return;
+    const std::optional<Phases> phases = solve_again(work);
+    if (!phases) return;
+    PageValues values;
+    values.phases = *phases;
+    if (wanted.tables()) {
+        values.liquid = derivatives_of(work, phases->liquid);
+        values.vapour = derivatives_of(work, phases->vapour);
+        values.hasHeatCapacity =
+            models::ideal_gas_cp(work.substance(), work.models().CpModel, a.T).status == kSuccess;
+    }
+    if (wanted.derivatives && !work.models().EOSOnlyV)
+        values.inflexion = models::inflexion_points(models::eos_at(work.fluid(), a.T), a.T);
+    if (wanted.functions) values.functions = functions_of(work, *phases);
+    a.pages = std::move(values);
+}
+
+}  // namespace quor::calculation

@@ -1,0 +1,131 @@
+#include "calculation/work.h"
+
+#include <cstdlib>
+
+#include "common/constants.h"
+#include "common/faults.h"
+#include "models/density.h"
+#include "models/virial.h"
+
+namespace quor::calculation {
+
+using constants::kPresent;
+
+namespace {
+
+/// The triple point says nothing about the heat capacity of the solid or of the ideal gas, nor
+/// about the density of the solid.
+bool remarks_on_triple_point(Task task) {
+    return task != Task::idealGasCp && task != Task::solidCp && task != Task::solidDensity;
+}
+
+}  // namespace
+
+bool fail(Work& work, Reason reason, Status status) {
+    work.answer.reason = reason;
+    work.answer.status = status;
+    return false;
+}
+
+bool fetch_t(Work& work) {
+    if (!(work.given.T >= kPresent)) return fail(work, Reason::noT);
+    work.answer.T = faults::finite(work.given.T);
+    if (work.answer.T < static_cast<double>(work.substance().Ttriple) && !work.models().EOSOnlyV &&
+        remarks_on_triple_point(work.request.task))
+        work.answer.notes.push_back({.kind = Note::Kind::belowTriplePoint});
+    return true;
+}
+
+bool fetch_p(Work& work) {
+    if (!(work.given.p >= kPresent)) return fail(work, Reason::noP);
+    work.answer.p = faults::finite(work.given.p);
+    return true;
+}
+
+bool fetch_rho(Work& work) {
+    return work.rho() >= kPresent || fail(work, Reason::noRho);
+}
+
+void note_range(Work& work, Note::Kind kind, int deviation) {
+    const bool pressure = kind == Note::Kind::pressureRange || kind == Note::Kind::temperatureRange;
+    const int silent = pressure ? 10 : 5;
+    if (std::abs(deviation) > silent)
+        work.answer.notes.push_back(
+            {.kind = kind, .deviation = static_cast<std::int16_t>(deviation)});
+}
+
+void take_state(Work& work, const models::StateTP& state) {
+    Answer& a = work.answer;
+    a.phases = {};
+    if (state.hasL) a.phases.liquid = {state.vL, state.rhoL};
+    if (state.hasV) a.phases.vapour = {state.vV, state.rhoV};
+    a.roots = state.nRoots;
+    a.solver = state.text;
+    a.region = static_cast<Region>(state.PhaseRegion);
+    if (!work.models().EOSOnlyV) work.roots = state.v;
+}
+
+std::optional<models::StateTP> solve_state(Work& work) {
+    const models::StateTP state =
+        models::solve_state_tp(work.fluid(), work.answer.T, work.answer.p);
+    if (state.status != kSuccess) {
+        fail(work, Reason::solver, state.status);
+        return std::nullopt;
+    }
+    take_state(work, state);
+    return state;
+}
+
+SaturationVolumes volumes_of(const models::Fluid& fluid, const models::Saturation& saturation) {
+    if (saturation.T == fluid.substance().Tcrit)
+        return {fluid.eos().vcritCalc, fluid.eos().vcritCalc};
+    return {saturation.v[0], saturation.nRoots == 3 ? saturation.v[2] : saturation.v[0]};
+}
+
+Phase phase_at(const Work& work, double v) {
+    return v > kPresent ? Phase{v, work.M() / v} : Phase{};
+}
+
+void add_partial_phases(Work& work, double vV) {
+    const Method& method = work.request.method;
+    if (!models::is_known(method.reference) || !(vV > kPresent)) return;
+    const models::SubstanceRecord& s = work.substance();
+    Answer& a = work.answer;
+    a.phases.vapour = phase_at(work, vV);
+    a.phases.liquid = Phase{};
+    double rhoL = 0;
+    if (method.liquidByBenson) {
+        rhoL = models::density_l_benson(a.T, s.Tcrit, s.rhocrit, a.phases.vapour->rho,
+                                        method.reference);
+    } else {
+        const models::DensityResult r = models::density_liquid(s, static_cast<float>(a.T));
+        note_range(work, Note::Kind::densityRange, r.deviation);
+        rhoL = r.rho;
+    }
+    if (faults::finite(rhoL) > kPresent) a.phases.liquid = Phase{work.M() / rhoL, rhoL};
+    a.otherLiquid = true;
+}
+
+void keep_last_state(Work& work) {
+    const Answer& a = work.answer;
+    work.answer.last = {
+        a.T, a.p, work.roots, a.phases.liquid.has_value(), a.phases.vapour.has_value(), a.roots};
+}
+
+FunctionPair functions_of(const Work& work, const Phases& phases) {
+    FunctionPair pair;
+    const auto at = [&](const std::optional<Phase>& phase) -> std::optional<FunctionValues> {
+        if (!phase || !(phase->v > 0)) return std::nullopt;
+        return work.calculator.functions_at(work.answer.T, work.answer.p, phase->v);
+    };
+    pair.liquid = at(phases.liquid);
+    pair.vapour = at(phases.vapour);
+    return pair;
+}
+
+double active_virial(const Work& work) {
+    models::EOSState state;
+    return models::second_virial(work.fluid(), work.answer.T, state);
+}
+
+}  // namespace quor::calculation

@@ -1,0 +1,32 @@
+#include "report/diagnosis.h"
+
+#include "report/list_layout.h"
+
+namespace quor::report {
+
+namespace {
+
+constexpr auto kStableL = "(stable, L-phase)", kStableV = "(stable, V-phase)";
+constexpr auto kMetastable = "(metastable)", kUnstable = "(unstable)";
+
+RootRow root_row(int number, double v, const char* note) {
+    return {"v(" + std::to_string(number) + ") =", value32(v) + " m^3/kmol", note, v,
+            note == kStableL || note == kStableV};
+}
+
+std::vector<RootRow> root_rows(const calculation::LastState& last) {
+    if (last.Roots < 3) return {root_row(1, last.v[0], last.HasL ? kStableL : kStableV)};
+    return {root_row(1, last.v[0], last.HasL ? kStableL : kMetastable),
+            root_row(2, last.v[1], kUnstable),
+            root_row(3, last.v[2], last.HasV ? kStableV : kMetastable)};
+}
+
+}  // namespace
+
+Diagnosis diagnose(const models::Fluid& fluid, const calculation::LastState& last) {
+    Diagnosis d{calculation::isotherm_of(fluid, last), "Cubic Equation of State", {}};
+    if (d.T > 0) d.roots = root_rows(last);
+    return d;
+}
+
+}  // namespace quor::report

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "models/units.h"
+#include "report/calculation_state.h"
+
+namespace quor::report {
+
+/// What an input view is opened for.
+struct InputForm {
+    InputKind kind = InputKind::state;
+    calculation::Task task = calculation::Task::none;
+    bool volume = false;                                    ///< a volume instead of a density
+    bool amount = false;                                    ///< the tank's content in kmol
+    models::UnitSystem system = models::UnitSystem::molar;  ///< of the volume
+};
+
+/// The unit in which a volume is typed; reduced volumes need a critical volume of the model.
+models::UnitSystem volume_system(const models::UnitChoice& units, const models::Fluid& fluid);
+
+/// A field of `DirectInputView`.
+struct InputField {
+    bool visible = false;
+    std::string label;
+};
+
+/// What `DirectInputView` shows .
+struct DirectInput {
+    std::string title;
+    std::string command;               ///< caption of `cmdParameter_OK`
+    std::array<InputField, 4> fields;  ///< `par` with its label `Bz`
+    bool volumeFrameVisible = false;   ///< `fraRhoVInput`
+    std::string volumeFrame;           ///< its text
+    bool amountFrameVisible = false;   ///< `fram_n`
+};
+
+DirectInput describe_direct_input(const InputForm& form);
+
+/// What was typed, by the kind of the form.
+using TypedInput = std::variant<DirectValues, calculation::Tank, models::BensonPoint>;
+
+/// The texts of the four fields as values: of a state some must be given, else all. Nothing when
+/// the input is not valid.
+std::optional<TypedInput> read_input(const InputForm& form, const std::array<std::string, 4>& texts,
+                                     const models::Fluid& fluid, const models::UnitChoice& units);
+
+}  // namespace quor::report

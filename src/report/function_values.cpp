@@ -1,0 +1,157 @@
+#include "report/function_values.h"
+
+#include "common/faults.h"
+#include "report/teller.h"
+
+namespace quor::report {
+
+using calculation::Answer;
+using calculation::Task;
+
+namespace {
+
+/// Places of single numbers.
+enum Place : std::size_t {
+    kT = 0,
+    kP = 1,
+    kRhoL = 4,
+    kCpSolid = 5,
+    kCpIdealGas = 7,
+    kCpLiquid = 27,
+    kHLV = 29,
+    kSLV = 30,
+    kDeltaV = 34,
+    kAlphaL = 35,
+    kDeltaL = 38,
+    kSoundL = 39,
+    kSoundV = 40,
+    kVirial = 41
+};
+
+struct Table {
+    const Made& made;
+    const calculation::Request& request;
+    const Answer& answer;
+    FuArray values = {};
+
+    void set(std::size_t place, double value) { values[place] = faults::finite(value); }
+};
+
+void set_vaporisation(Table& t, double h) {
+    t.set(kHLV, h * t.made.units.caloric);
+    if (t.answer.T > 0) t.set(kSLV, h * t.made.units.caloric / t.answer.T);
+}
+
+void set_volumes(Table& t) {
+    const calculation::Phases& phases = t.answer.phases;
+    if (phases.vapour) t.set(kFuV, phases.vapour->v * t.made.units.v);
+    if (phases.liquid) t.set(kFuL, phases.liquid->v * t.made.units.v);
+}
+
+void set_functions(Table& t, const std::optional<calculation::FunctionValues>& phase,
+                   std::size_t first, std::size_t sound) {
+    if (!phase || phase->status != kSuccess) return;
+    for (std::size_t i = calculation::kVolume; i <= calculation::kCv; ++i)
+        t.set(first + i, scaled(t.made.units, *phase, static_cast<calculation::Function>(i)));
+    t.set(sound, phase->z[calculation::kSound]);
+}
+
+void set_functions(Table& t, const calculation::FunctionPair& pair) {
+    set_functions(t, pair.liquid, kFuL, kSoundL);
+    set_functions(t, pair.vapour, kFuV, kSoundV);
+}
+
+/// On the page of functions a stands for u - p v.
+void replace_a(Table& t, const std::optional<calculation::FunctionValues>& phase,
+               std::size_t first) {
+    if (phase)
+        t.set(first + calculation::kA,
+              t.made.units.caloric *
+                  (phase->z[calculation::kU] - t.answer.p * phase->z[calculation::kVolume]));
+}
+
+void set_derivatives(Table& t, const std::optional<calculation::PhaseDerivatives>& phase,
+                     std::size_t jouleThomson) {
+    if (!phase) return;
+    t.set(jouleThomson, phase->table.residual[models::JouleThomson]);
+    for (std::size_t i = 0; i < 3; ++i) t.set(kAlphaL + i, phase->mechanical[i]);
+}
+
+void set_pages(Table& t, const calculation::PageValues& pages) {
+    // The V phase wins the places that both share.
+    set_derivatives(t, pages.liquid, kDeltaL);
+    set_derivatives(t, pages.vapour, kDeltaV);
+    if (!pages.functions || pages.functions->failed()) return;
+    set_functions(t, *pages.functions);
+    replace_a(t, pages.functions->liquid, kFuL);
+    replace_a(t, pages.functions->vapour, kFuV);
+}
+
+void set_database(Table& t) {
+    const double value = t.answer.database->value;
+    const double caloric = t.made.units.caloric;
+    const auto M = static_cast<double>(t.made.fluid.substance().M);
+    switch (t.request.task) {
+        case Task::liquidDensity:
+            t.set(kRhoL, value);
+            t.set(kFuL, M / value * t.made.units.v);
+            break;
+        case Task::solidDensity:
+            t.set(kFuL, M / value * t.made.units.v);
+            break;
+        case Task::vaporisationEquation:
+            set_vaporisation(t, value);
+            break;
+        case Task::idealGasCp:
+            t.set(kCpIdealGas, value * caloric);
+            break;
+        case Task::liquidCp:
+            t.set(kCpLiquid, value * caloric);
+            break;
+        case Task::solidCp:
+            t.set(kCpSolid, value * caloric);
+            break;
+        default:
+            t.set(kP, value * static_cast<double>(t.made.units.p));
+            break;
+    }
+}
+
+/// The pressure stands there as soon as it was given, and behind a whole answer.
+double pressure_of(const Table& t) {
+    if (t.answer.ok()) return t.answer.p;
+    const bool given = (asks_of(t.request.task) & calculation::kAsksP) != 0;
+    return given && t.answer.reason != calculation::Reason::noP ? t.request.given.p : 0.0;
+}
+
+void set_answer(Table& t) {
+    const Answer& a = t.answer;
+    if (a.database) {
+        set_database(t);
+        return;
+    }
+    if (!a.ok()) return;
+    if (t.request.task != Task::functions) set_volumes(t);
+    if (t.request.task == Task::functions) set_functions(t, *a.functions);
+    if (a.hLV) set_vaporisation(t, *a.hLV);
+    if (a.activeVirial) t.set(kVirial, *a.activeVirial);
+    if (a.pages) set_pages(t, *a.pages);
+}
+
+}  // namespace
+
+FuArray function_values(const Made& made, const calculation::Request& request,
+                        const Answer& answer) {
+    Table t{.made = made, .request = request, .answer = answer};
+    if (answer.reason == calculation::Reason::arithmetic) return {};
+    t.set(kT, answer.T);
+    t.set(kP, pressure_of(t));
+    set_answer(t);
+    return t.values;
+}
+
+bool depends_on_reference(std::size_t element) {
+    return (element >= 10 && element <= 16) || (element >= 20 && element <= 26);
+}
+
+}  // namespace quor::report

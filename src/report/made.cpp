@@ -1,0 +1,40 @@
+#include "report/made.h"
+
+#include "common/text.h"
+#include "models/model_tables.h"
+#include "models/reference_state.h"
+
+namespace quor::report {
+
+Made make_made(const models::Fluid& fluid, const models::ReferenceState& reference,
+               const models::UnitChoice& choice) {
+    Made made{fluid, reference, models::make_units(choice, fluid)};
+    models::settle_reference(made.reference);
+    return made;
+}
+
+bool is_out_of_date(const Made& made, const Made& present) {
+    return !(made == present);
+}
+
+const char* caloric_name(models::CaloricUnit unit) {
+    switch (unit) {
+        case models::CaloricUnit::kelvin:
+            return "K";
+        case models::CaloricUnit::RT:
+            return "R T";
+        case models::CaloricUnit::specific:
+            return "kJ/kg";
+        case models::CaloricUnit::molar:
+            break;
+    }
+    return "kJ/kmol";
+}
+
+std::string name_of(const Made& made) {
+    return made.fluid.substance().Name + ", " +
+           text::trim(models::EOSName(made.fluid.models().EOSModel)) + "; " +
+           text::trim(made.units.v_label) + ", " + caloric_name(made.units.choice.caloric);
+}
+
+}  // namespace quor::report

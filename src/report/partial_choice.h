@@ -1,0 +1,63 @@
+#pragma once
+
+#include <string>
+
+#include "calculation/request.h"
+#include "models/fluid.h"
+
+namespace quor::report {
+
+/// What `PartialChoiceDialog` shows and allows: the choice of a global or a partial calculation, of
+/// the source of the L density, and of the second reference point of Benson's method. It changes
+/// nothing but itself.
+class PartialChoice {
+  public:
+    /// Where the second reference point comes from, in the order of `Ref_opt`.
+    enum class Reference { proposed, approximation, typed };
+
+    /// The view as it opens for a task, with the proposed reference point.
+    PartialChoice(models::Fluid fluid, calculation::Task task, const calculation::Method& present);
+
+    /// `opt_glob` click; a V-only EOS refuses the global calculation: false, the choice is partial.
+    bool choose_global(bool global);
+    /// `optPartialBenson` click.
+    void choose_density(bool benson);
+    /// `Ref_opt` click.
+    void choose_reference(Reference which);
+
+    calculation::Method method;  ///< what is chosen
+
+    std::string title;
+    std::string GlobalSit;  ///< the situation in words
+
+    bool choicesVisible = true;    ///< all choice controls; without them only the text is shown
+    bool cancelEnabled = true;     ///< `ESC`
+    bool modeFrameVisible = true;  ///< frame "Mode of Calculation"
+    int globalIndex = 0;           ///< `opt_glob`: 0 global, 1 partial
+    bool globalEnabled = true;     ///< `opt_glob`(0)
+
+    bool densityFrameVisible = false;  ///< frame of `optPartialBenson`
+    int densityIndex = 0;              ///< 0 Benson's method, 1 database equation
+    bool databaseEnabled = false;      ///< `optPartialBenson`(1)
+    std::string databaseRange;         ///< where the database equation is valid
+    std::string lblRhoLimits;
+
+    bool referenceFrameVisible = false;
+    int referenceIndex = 0;     ///< `Ref_opt`
+    bool inputEnabled = false;  ///< `RefInput`
+    std::string RefVorschlag;   ///< the reference point in words
+
+  private:
+    void show_global();
+    void show_partial();
+    void take_approximation();
+    void take_proposal();
+
+    models::Fluid fluid_;
+};
+
+/// Why a global calculation is refused.
+inline constexpr auto kGlobalNeedsCubic =
+    "Global calculation only possible by using a cubic EOS (=> Window \"Models\").";
+
+}  // namespace quor::report

@@ -1,0 +1,63 @@
+#include "report/reference_lines.h"
+
+#include "common/numbers.h"
+#include "common/text.h"
+#include "models/model_tables.h"
+
+namespace quor::report {
+
+namespace {
+
+constexpr std::int16_t kConventional = 2;
+constexpr std::int16_t kFormation = 10;
+
+std::string general(double value, Numbers how) {
+    const auto single = static_cast<float>(value);
+    return how == Numbers::Point ? numbers::general_point(single) : numbers::General(single);
+}
+
+std::string at(double T, double p, Numbers how) {
+    return general(T, how) + " K, " + general(p, how) + " kPa";
+}
+
+std::string models_line(const models::ModelSelection& models) {
+    return "Model: " + text::trim(models::EOSName(models.EOSModel)) +
+           "; ideal-gas cp: " + text::trim(models::cp_name(models.CpModel));
+}
+
+std::string zero_line(const models::ReferenceState& r, Numbers how) {
+    const std::string state =
+        "ideal gas at " + at(static_cast<double>(r.T0), static_cast<double>(r.p0), how);
+    switch (r.RefMode) {
+        case kConventional:
+            return "Reference state: conventional h and s, " + state;
+        case kFormation:
+            return "Reference state: quantities of formation, " + state;
+        default:
+            break;
+    }
+    if (r.href == 0.0 && r.sref == 0.0) return "Reference state: h = 0, s = 0, " + state;
+    return "Reference state: h = " + general(r.href, how) +
+           " kJ/kmol, s = " + general(r.sref, how) + " kJ/(kmol K), " + state;
+}
+
+}  // namespace
+
+std::vector<std::string> reference_lines(const Made& made, bool exergies, Numbers how) {
+    const models::ReferenceState& r = made.reference;
+    std::vector<std::string> lines = {models_line(made.fluid.models()), zero_line(r, how)};
+    if (exergies) lines.push_back("Surroundings for exergies: " + at(r.Tenv, r.penv, how));
+    return lines;
+}
+
+std::string ReferenceLine(const Made& made) {
+    std::string all;
+    for (const std::string& line : reference_lines(made)) all += (all.empty() ? "" : "; ") + line;
+    return all;
+}
+
+std::string model_line(const Made& made) {
+    return models_line(made.fluid.models());
+}
+
+}  // namespace quor::report

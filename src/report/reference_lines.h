@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "report/made.h"
+
+namespace quor::report {
+
+/// How the numbers of the lines are written.
+enum class Numbers { Locale, Point };
+
+/// What h, s, g of a list, page or protocol refer to: a line with the models, a line with the zero
+/// of h and s, and with `exergies` a line with the surroundings.
+std::vector<std::string> reference_lines(const Made& made, bool exergies = true,
+                                         Numbers numbers = Numbers::Locale);
+/// All of it in one line.
+std::string ReferenceLine(const Made& made);
+/// The line with the models alone.
+std::string model_line(const Made& made);
+
+}  // namespace quor::report

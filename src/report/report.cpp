@@ -1,0 +1,153 @@
+#include "report/report.h"
+
+#include <exception>
+
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "models/model_tables.h"
+#include "report/teller.h"
+
+namespace quor::report {
+
+using calculation::Answer;
+using calculation::Region;
+using calculation::Task;
+
+namespace {
+
+void tell_task(Teller& t) {
+    switch (t.request.task) {
+        case Task::none:
+            break;
+        case Task::pressureOfVapour:
+        case Task::pressureOfLiquid:
+            tell_given_t_rho(t);
+            break;
+        case Task::globalTank:
+        case Task::partialTank:
+            tell_tank(t);
+            break;
+        case Task::state:
+            tell_given_tp(t);
+            break;
+        case Task::temperature:
+            tell_given_p_rho(t);
+            break;
+        case Task::saturationAtT:
+        case Task::saturationAtP:
+            tell_equilibrium(t);
+            break;
+        case Task::vaporisationAtT:
+        case Task::vaporisationAtP:
+            tell_vaporisation(t);
+            break;
+        case Task::functions:
+            tell_functions(t);
+            break;
+        case Task::virial:
+            tell_virial(t);
+            break;
+        case Task::process:
+            tell_process(t);
+            break;
+        case Task::temperatureOnly:
+            if (!tell_missing(t)) t.out.par1.text = temperature_text(t.answer.T);
+            break;
+        default:
+            tell_database_function(t);
+            break;
+    }
+}
+
+const char* region_text(Region region, double p) {
+    switch (region) {
+        case Region::critical:
+            return "=> critical point (T = T(cr), p = p(cr))";
+        case Region::supercritical:
+            return "=> supercritical phase L = V (T > T(cr), p > p(cr))";
+        case Region::liquid:
+            return "=> supercritical L-phase (T < T(cr), p > p(cr))";
+        case Region::vapour:
+            return p == 0 ? "=> supercritical phase (T > T(cr))"
+                          : "=> supercritical V-phase (T > T(cr), p < p(cr))";
+        case Region::subcritical:
+            break;
+    }
+    return "";
+}
+
+/// Captions of the columns and the words on the region.
+void tell_region(Teller& t) {
+    t.out.lblGleich = t.answer.sameDensity;
+    if (!t.answer.region) return;
+    const Region region = *t.answer.region;
+    if (region == Region::liquid) t.out.lblVphase = "L-Phase";
+    if (region == Region::vapour && t.answer.p > 0) t.out.lblLphase = "V-Phase";
+    if (region != Region::subcritical) t.out.co1 = {region_text(region, t.answer.p), true, true};
+}
+
+constexpr std::size_t kNumberWidth = 16;
+
+void tell_cubic_parameters(Teller& t) {
+    const models::EOSState& s = *t.answer.parameters;
+    t.list.blank();
+    t.list.underlined("Paramet. of the generalized cub. EOS (" +
+                      text::trim(models::EOSName(t.models().EOSModel)) + "):");
+    const auto line = [&](const char* name, double value) {
+        t.list.add(name + text::pad_left(value32(value), kNumberWidth));
+    };
+    line("  A =", s.eosA);
+    line("  B =", s.eosB);
+    line("  C =", s.eosC);
+    line("  D =", s.eosD);
+}
+
+void tell_virial_coefficient(Teller& t) {
+    t.list.blank();
+    t.list.add("Virial coeffizient:");
+    t.list.add("  B =" + text::pad_left(value32(*t.answer.B), kNumberWidth) + " m^3/kmol");
+}
+
+void tell_all(Teller& t) {
+    tell_task(t);
+    tell_region(t);
+    if (!t.answer.ok()) return;
+    if (t.answer.pages) tell_pages(t);
+    if (t.answer.parameters) tell_cubic_parameters(t);
+    if (t.answer.B) tell_virial_coefficient(t);
+}
+
+/// The lines as far as they have grown.
+std::string lines_so_far(const ListBuilder& list) {
+    std::string all;
+    for (const ListLine& line : list.lines()) all += '\n' + line.text;
+    return all;
+}
+
+}  // namespace
+
+std::string state_text(const Answer& a) {
+    if (!a.ok() || is_database_function(a.task)) return "   ";
+    const bool L = a.phases.liquid.has_value(), V = a.phases.vapour.has_value();
+    return L && V ? "V+L" : V ? " V " : L ? " L " : "   ";
+}
+
+Report report(const Made& made, const calculation::Request& request, const Answer& answer) {
+    Teller t{.made = made, .request = request, .answer = answer};
+    if (answer.reason == calculation::Reason::arithmetic) {
+        t.out.panelsHidden = request.task == Task::process;
+        return t.out;
+    }
+    try {
+        tell_all(t);
+        t.out.State = state_text(answer);
+        if (answer.diagnosable) t.out.cmdCEOSDiagnose = {true, kDiagnoseColour};
+        t.out.Liste = t.list.take();
+    } catch (const std::exception& fault) {
+        t.out.fault = fault.what() + lines_so_far(t.list);
+    }
+    return t.out;
+}
+
+}  // namespace quor::report

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "calculation/answer.h"
+#include "calculation/request.h"
+#include "report/made.h"
+
+namespace quor::report {
+
+/// A text field of the result view.
+struct TextField {
+    std::string text;
+    bool red = false;
+    bool bold = false;
+};
+
+/// A line of `Liste`. Rows of a table also keep their cells, for a copy into a spreadsheet.
+struct ListLine {
+    std::string text;
+    bool red = false;
+    std::vector<std::string> cells;
+};
+
+/// A push button that a result switches; colour 0 is the platform's own.
+struct ButtonState {
+    bool enabled = false;
+    std::uint32_t colour = 0;
+};
+
+/// What is told of one calculation.
+struct Report {
+    TextField par1, par2;  ///< specified values
+    TextField co1, co2;    ///< remark and main result
+    std::vector<ListLine> Liste;
+    std::string State = "   ";  ///< " V ", " L ", "V+L" or blanks
+    std::string lblLphase = "L-Phase", lblVphase = "V-Phase";
+    bool lblGleich = false;       ///< "identical with" is visible
+    ButtonState cmdCEOSDiagnose;  ///< "Diagnosis of cubic EOS"
+    bool panelsHidden = false;    ///< the polytropic process hides the panels of a single state
+    /// A number that cannot be written, in words with the lines so far; the list is empty then.
+    std::string fault;
+};
+
+/// Light green of `cmdCEOSDiagnose` when it can be used.
+inline constexpr std::uint32_t kDiagnoseColour = 0xC0FFC0;
+
+/// The words for an answer. Never throws: a number that cannot be written is a fault of the report.
+Report report(const Made& made, const calculation::Request& request,
+              const calculation::Answer& answer);
+
+/// " V ", " L ", "V+L", or blanks without a phase.
+std::string state_text(const calculation::Answer& answer);
+
+/// The lines of `Liste` joined by '\n'.
+std::string ListText(const Report& result);
+
+/// The captions of the two value columns of `Liste`, set above those columns; with `lblGleich` the
+/// words "identical with" stand between them.
+std::string phase_header(const Report& result);
+
+/// The whole result as readable text and as a table with tabs between the cells: for the clipboard
+/// and the command line.
+std::string result_as_text(const Report& result);
+std::string result_as_table(const Report& result);
+
+}  // namespace quor::report

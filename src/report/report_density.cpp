@@ -1,0 +1,168 @@
+#include "common/faults.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "report/reference_lines.h"
+#include "report/teller.h"
+
+/// p and phases from T and a density, of a state or of a tank.
+namespace quor::report {
+
+using calculation::Function;
+using calculation::FunctionValues;
+using calculation::Reason;
+
+namespace {
+
+/// A caloric row of the mean functions.
+struct MeanRow {
+    Function function;
+    const char* label;
+    bool perKelvin;
+};
+
+constexpr MeanRow kMeanRows[] = {
+    {calculation::kH, "Enthalpy  h       = ", false},
+    {calculation::kS, "Entropy  s        = ", true},
+    {calculation::kG, "Gibbs Fu. g       = ", false},
+    {calculation::kU, "Intern. Energy u  = ", false},
+    {calculation::kA, "Helmholtz Fu. a   = ", false},
+    {calculation::kExergyH, "Exergy of H   e   = ", false},
+    {calculation::kExergyU, "Exergy of U   e   = ", false},
+    {calculation::kCp, "Heat capacity cp  = ", true},
+    {calculation::kCv, "Heat capacity cV  = ", true},
+};
+
+/// Functions of the two-phase mixture. Caloric rows need an ideal-gas cp.
+void mean_functions(Teller& t) {
+    const bool molar = t.units().choice.caloric == models::CaloricUnit::molar;
+    const calculation::FunctionPair& pair = *t.answer.functions;
+    const bool caloric = pair.liquid && pair.vapour && !pair.failed();
+    ListBuilder& list = t.list;
+    list.blank();
+    list.underlined(std::string(molar ? "molar global functions" : "specific global functions") +
+                    "  z = y(V) z(V) + (1 - y(V) z(L)");
+    if (caloric)
+        for (std::string& line : reference_lines(t.made)) list.add(std::move(line));
+
+    const double y = t.answer.y;
+    const double v = y * t.answer.phases.vapour->v + (1 - y) * t.answer.phases.liquid->v;
+    list.add("Density rho       = " + value32(faults::divide(t.M(), v)) + "  kg/m^3");
+    list.add("Volume  v         = " + value32(v * t.units().v) + "  " +
+             text::trim_right(t.units().v_label));
+    if (!caloric) return;
+    for (const MeanRow& row : kMeanRows) {
+        const double z = y * pair.vapour->z[row.function] + (1 - y) * pair.liquid->z[row.function];
+        const char* unit =
+            row.perKelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)") : (molar ? "kJ/kmol" : "kJ/kg");
+        list.add(row.label + value32(z * t.units().caloric) + "  " + unit);
+    }
+}
+
+void tell_pressure(Teller& t, double p, bool twoPhase) {
+    const std::string label = twoPhase ? "Vapour pressure p/kPa = " : " System pressure p/kPa = ";
+    const bool none = p == 0.0 && !t.request.method.global;
+    t.out.co2 = {label + (none ? "(Error)" : PressureValue(p, "####0.000")), none, false};
+}
+
+/// What the state solvers say of a failure.
+void tell_failure(Teller& t) {
+    switch (t.answer.reason) {
+        case Reason::belowVirial:
+            t.out.co2 = {" p = , no p-solution (V < B)", true, false};
+            break;
+        case Reason::belowCovolume:
+            calculation_error(t, t.request.method.global ? " (v <= b) ERROR1" : " (v <= b)");
+            break;
+        case Reason::noVapourDensity:
+            calculation_error(t, " (no rho_V)");
+            break;
+        case Reason::noTankLiquidDensity:
+            calculation_error(t, " (no rho_L)");
+            break;
+        case Reason::solver:
+            calculation_error(t, error_code(t.answer.status));
+            break;
+        default:
+            break;
+    }
+}
+
+void tell_given(Teller& t, double rho) {
+    t.out.par1.text = temperature_text(t.answer.T);
+    t.out.par2.text = density_text(rho);
+}
+
+void tell_state(Teller& t) {
+    const calculation::Answer& a = t.answer;
+    if (a.twoPhase && !is_tank(t.request.task))
+        t.list.add(std::string(22, ' ') +
+                   "Vapour fraction y(V) = " + numbers::Format(a.y, "0.0#######"));
+    if (a.pLV > 0)
+        t.out.co1.text =
+            "vapour pressure by using CEOS: p(LV )= " + PressureValue(a.pLV, "###0.000", " kPa");
+    if (a.tank) tank_lines(t, *a.tank);
+    if (!a.ok()) {
+        tell_failure(t);
+        return;
+    }
+    density_lines(t);
+    if (a.mixture) mean_functions(t);
+    tell_pressure(t, a.p, a.mixture);
+}
+
+void tell_partial_tank(Teller& t) {
+    const calculation::Answer& a = t.answer;
+    if (!a.ok()) {
+        tell_failure(t);
+        tell_pressure(t, t.failed(Reason::noVapourPressure) ? 0.0 : a.p, false);
+        return;
+    }
+    tank_lines(t, *a.tank);
+    density_lines(t);
+    tell_pressure(t, a.p, a.phases.both());
+}
+
+}  // namespace
+
+void tell_given_t_rho(Teller& t) {
+    if (tell_missing(t)) return;
+    const calculation::BatchDataSet& given = t.request.given;
+    tell_given(
+        t, static_cast<double>(t.request.task == calculation::Task::pressureOfLiquid ? given.rhoL
+                                                                                     : given.rhoV));
+    tell_state(t);
+}
+
+void tell_tank(Teller& t) {
+    if (t.failed(Reason::noTank) || t.failed(Reason::tankAboveCritical)) return;
+    const calculation::Tank& tank = t.request.tank;
+    tell_given(t, static_cast<double>(numbers::to_single(static_cast<double>(tank.m) /
+                                                         static_cast<double>(tank.V))));
+    if (t.request.task == calculation::Task::partialTank)
+        tell_partial_tank(t);
+    else
+        tell_state(t);
+}
+
+void tank_lines(Teller& t, const calculation::TankContent& c) {
+    constexpr auto kAmount = "##0.0000##";
+    const double mL = (c.V - c.VV) * c.rhoL;
+    const double mV = c.VV * c.rhoV;
+    ListBuilder& list = t.list;
+    list.add("Vapour fraction y(V) = " + numbers::Format(c.y, "0.0#######"));
+    list.add("volume fraction V-phase phi(V),% = " + numbers::Format(c.VV / c.V, "0.0### %"));
+    list.add("Mass fraction = Mole fract. V-Phase y(V),% = " +
+             numbers::Format(c.VV * c.rhoV / c.m * 100.0, "0.0###") + " %");
+    // A value stands only in the column of a phase that exists.
+    const auto row = [&](const char* label, double L, double V, const char* mask) {
+        list.row(label, "",
+                 {c.rhoL > 0 ? numbers::Format(L, mask) : "",
+                  c.rhoV > 0 ? numbers::Format(V, mask) : ""});
+    };
+    row("Volume                   V/m^3  =  ", c.V - c.VV, c.VV, kAmount);
+    row("Mass                      m/kg  =  ", mL, mV, kAmount);
+    row("amount of substance      n/kmol =  ", faults::divide(mL, t.M()), faults::divide(mV, t.M()),
+        "##0.0000");
+}
+
+}  // namespace quor::report

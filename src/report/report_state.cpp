@@ -1,0 +1,201 @@
+#include <cmath>
+
+#include "common/constants.h"
+#include "common/numbers.h"
+#include "common/text.h"
+#include "report/reference_lines.h"
+#include "report/teller.h"
+
+/// The state at T and p, or at p and a density, and the states of a process.
+namespace quor::report {
+
+using calculation::Reason;
+
+namespace {
+
+constexpr std::size_t kIndent = 12;
+
+void critical_point_lines(Teller& t) {
+    const models::EOSParameters& eos = t.fluid().eos();
+    t.list.add("Critical point!");
+    t.list.add(" T(cr) = " + numbers::Format(t.substance().Tcrit, "####0.00 K"));
+    t.list.add(" p(cr) = " + numbers::Format(t.substance().pcrit, "#####.00 kPa"));
+    if (!(eos.vcritCalc > constants::kPresent)) return;
+    t.list.add("rho(cr) = " + numbers::Format(eos.rhocritCalc, "####.0") + " kg/m^3");
+    t.list.add("  v(cr) = " + value32(eos.vcritCalc) + " m^3/kmol");
+}
+
+std::string pressure_value(double p) {
+    return PressureValue(p, "####0.000", " kPa");
+}
+
+bool given_T(const Teller& t) {
+    return t.request.task == calculation::Task::saturationAtT;
+}
+
+void source_of_liquid(Teller& t) {
+    if (t.answer.otherLiquid)
+        t.list.add(std::string(kIndent, ' ') + (t.request.method.liquidByBenson
+                                                    ? "by BENSON's method:"
+                                                    : "with database equation rho(T):"));
+}
+
+}  // namespace
+
+void tell_given_tp(Teller& t) {
+    if (tell_missing(t)) return;
+    const calculation::Answer& a = t.answer;
+    t.out.par1.text = temperature_text(a.T);
+    t.out.par2.text = pressure_text(a.p);
+    if (a.criticalPoint) critical_point_lines(t);
+    if (t.models().EOSOnlyV && a.B)
+        t.out.co2.text = " Virialcoeff. B = " + value32(*a.B) + "  m^3/kmol";
+    if (!a.ok()) {
+        calculation_error(t, error_code(a.status));
+        return;
+    }
+    t.out.co1.text = a.solver;
+    source_of_liquid(t);
+    density_lines(t);
+}
+
+void tell_given_p_rho(Teller& t) {
+    if (tell_missing(t)) return;
+    const calculation::Answer& a = t.answer;
+    t.out.par1.text = pressure_text(a.p);
+    t.out.par2.text = density_text(static_cast<double>(t.request.given.rhoV));
+    if (t.failed(Reason::noTemperature)) {
+        t.out.co2 = {" Error", true, false};
+        return;
+    }
+    t.out.co2.text = " T = " + numbers::Format(a.T, "###0.000 K");
+    if (a.ok())
+        density_lines(t);
+    else
+        calculation_error(t, error_code(a.status));
+}
+
+// ---- Equilibria -------------------------------------------------------------------------------
+
+namespace {
+
+/// True when the given value is told and nothing else can be.
+bool tell_given_equilibrium(Teller& t) {
+    if (tell_missing(t)) return true;
+    const bool byT = given_T(t);
+    const std::string given =
+        byT ? temperature_text(t.request.given.T) : pressure_text(t.request.given.p);
+    t.out.par1.text = given;
+    if (!t.failed(Reason::aboveCritical)) return false;
+    t.out.par1 = {given + (byT ? " > T(cr) !!!" : " > p(cr) !!!"), true, false};
+    return true;
+}
+
+void tell_measured(Teller& t) {
+    const calculation::Answer& a = t.answer;
+    t.out.co1.text = "No vapour pressur equation available";
+    if (t.failed(Reason::noStandIn))
+        t.out.co2 = {
+            given_T(t) ? "  No p(LV) available from data set" : " No T(LV) available/calculable",
+            true, false};
+    else
+        t.out.co2.text = given_T(t)
+                             ? " p(LV)(from data set) = " + PressureValue(a.p, "####0.0#", " kPa")
+                             : " T(LV) (from data set) = " + numbers::Format(a.T, "####.0# K");
+}
+
+void tell_partial(Teller& t) {
+    const calculation::Answer& a = t.answer;
+    t.out.co1.text = given_T(t) ? "p(LV) from actual vapour pressure equation:"
+                                : "T(LV) by using actual vapour pressure equation:";
+    t.out.co2.text = given_T(t) ? pressure_value(a.p) : numbers::Format(a.T, "####.000 K");
+}
+
+void tell_cubic(Teller& t) {
+    const calculation::Answer& a = t.answer;
+    t.out.co1.text = given_T(t) ? "p(LV) by using the cubic EOS: " : "T(LV) by using cubic EOS";
+    t.out.co2.text = given_T(t) ? " p(LV) = " + pressure_value(a.p)
+                                : " T(LV) = " + numbers::Format(a.T, "####.000 K");
+    t.list.add(std::string(kIndent, ' ') + "by using cubic EOS:");
+    density_lines(t);
+}
+
+void tell_equation(Teller& t) {
+    constexpr std::size_t kRule = 75;
+    const calculation::Answer& a = t.answer;
+    t.out.co2.text = given_T(t) ? " p(LV) = " + pressure_value(a.p)
+                                : "T(LV) = " + numbers::Format(a.T, "###0.0# K");
+    t.list.add_red(std::string(kRule, '='));
+    t.list.add_red(std::string(kIndent, ' ') +
+                   "(Calculation of density not possible by using a vapour pressure equation" +
+                   (given_T(t) ? "!)" : ")"));
+    t.list.add_red(std::string(kRule, '='));
+}
+
+}  // namespace
+
+void tell_equilibrium(Teller& t) {
+    if (tell_given_equilibrium(t)) return;
+    const calculation::Answer& a = t.answer;
+    const bool global = t.request.method.global;
+    if (t.failed(Reason::solver)) {
+        const bool TofEos = global && t.models().PriorityCEOS && !given_T(t);
+        calculation_error(t, (TofEos ? " T(LV) = " : "") + error_code(a.status));
+        return;
+    }
+    if (a.source == calculation::Source::dataSet) tell_measured(t);
+    if (!a.ok()) return;
+    if (global) {
+        a.source == calculation::Source::cubicEos ? tell_cubic(t) : tell_equation(t);
+        return;
+    }
+    if (a.source == calculation::Source::vapourPressureEquation) tell_partial(t);
+    source_of_liquid(t);
+    density_lines(t);
+}
+
+// ---- Process ----------------------------------------------------------------------------------
+
+namespace {
+
+/// A column of the list of the process, wide enough for the labels of all units.
+std::string column(const std::string& text) {
+    constexpr std::size_t kWidth = 17;
+    return text::pad_left(text, kWidth);
+}
+
+std::string value_column(double value) {
+    return column(std::isfinite(value) ? numbers::General(numbers::to_single(value)) : "");
+}
+
+std::string process_line(const Teller& t, const calculation::ProcessState& s) {
+    std::string line = value_column(s.T) + value_column(s.p);
+    if (!(s.v > 0)) return line;
+    line += value_column(s.v * t.units().v);
+    if (!s.functions) return line;
+    const models::UnitChoice& choice = t.units().choice;
+    const double factor = models::caloric_factor(choice.caloric, s.T, t.substance());
+    return line + value_column(s.functions->z[calculation::kH] * factor) +
+           value_column(s.functions->z[calculation::kS] * factor);
+}
+
+}  // namespace
+
+void tell_process(Teller& t) {
+    t.out.panelsHidden = true;
+    if (tell_missing(t)) return;
+    t.out.par1.text = temperature_text(t.answer.T);
+    t.out.par2.text = pressure_text(t.answer.p);
+    if (t.answer.process.empty()) return;
+    const calculation::Process& process = t.request.process;
+    const models::CaloricUnit unit = t.units().choice.caloric;
+    t.list.add("Polytropic process, n = " + numbers::General(process.exponent) +
+               ", kappa = " + numbers::General(process.kappa));
+    for (std::string& line : reference_lines(t.made)) t.list.add(std::move(line));
+    t.list.add(column("T/K") + column("p/kPa") + column("v/(" + t.units().v_label + ")") +
+               column(text::trim(caloric_label(calculation::kH, unit))) +
+               column(text::trim(caloric_label(calculation::kS, unit))));
+    for (const calculation::ProcessState& s : t.answer.process) t.list.add(process_line(t, s));
+}
+
+}  // namespace quor::report

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+
+#include "report/result.h"
+
+namespace quor::report {
+
+/// How a tank calculation ended.
+enum class TankEnd {
+    ok,
+    belowCovolume,  ///< the content is denser than the equation of state allows
+    noPressure,     ///< no vapour pressure
+    belowVirial     ///< v at or below B
+};
+
+/// A calculated tank.
+struct TankState {
+    bool global = true;
+    double T = 0, Tcrit = 0;  ///< K
+    double p = 0;             ///< kPa
+    double level = 0;         ///< filling level, per cent by volume
+    TankEnd end = TankEnd::ok;
+};
+/// The tank of a result.
+TankState tank_state_of(const TaskResult& result);
+
+/// What `TankView` shows.
+struct TankPicture {
+    std::string title;    ///< of the view
+    std::string caption;  ///< of the frame
+    double level = 0;     ///< filling level, per cent of the volume, 0 to 100
+    std::string levelText;
+    std::string pText;
+    std::string hint;            ///< where help on an error is, else empty
+    std::string lowerText;       ///< in the filled part
+    std::string upperText;       ///< in the rest
+    bool supercritical = false;  ///< one colour
+    bool error = false;          ///< red
+    /// The smaller of the two parts for the section of the cylinder, per cent; `mirrored` when that
+    /// is the V part.
+    double section = 0;
+    bool mirrored = false;
+};
+
+/// The picture of a tank.
+TankPicture describe_tank(const TankState& tank);
+
+}  // namespace quor::report

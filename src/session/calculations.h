@@ -1,0 +1,127 @@
+#pragma once
+
+#include <array>
+#include <span>
+#include <string>
+
+#include "report/batch_list.h"
+#include "report/direct_input.h"
+#include "report/iso_calculator.h"
+#include "report/partial_choice.h"
+#include "report/protocol.h"
+#include "report/result_view.h"
+#include "session/calculation_views.h"
+
+/// The calculations of the session: what the views of the Calculation menu ask for and keep.
+namespace quor::session {
+
+// ---- What results are made with ----------------------------------------------------------------
+
+/// The choice of units of the session.
+models::UnitChoice unit_choice();
+/// What a result would be made with now. Throws as `report::make_made`.
+report::Made present_made();
+/// True when the result in view does not stand for the present fluid, units and reference state.
+bool is_result_out_of_date();
+/// The measured data sets.
+std::span<const calculation::BatchDataSet> measured_sets();
+
+// ---- Calculating -------------------------------------------------------------------------------
+
+/// The request as the session stands: of the direct input, of the data set in view, or of the
+/// process.
+calculation::Request present_request();
+/// Calculates; the result becomes the current one, and that of its data set.
+const report::TaskResult& calculate(const calculation::Request& request, std::size_t dataSet = 0);
+
+// ---- Menu --------------------------------------------------------------------------------------
+
+/// Decides which views a calculation of the session's task opens, and opens them. False when the
+/// user has cancelled the choice of a method.
+bool start_calculation(const CalculationViews& views);
+/// What a row of the Calculation menu does: sets the task and what belongs to it, starts it, and
+/// closes the result view behind a tank. A cancel changes nothing.
+void run_calculation(calculation::Task task, const CalculationViews& views);
+/// Before the Calculation menu opens: tells that batch mode has no data, closes the views of the
+/// last calculation.
+void prepare_calculation_menu(const CalculationViews& views);
+
+/// The choice between a global and a partial calculation as it opens for the session's task.
+report::PartialChoice open_partial_choice();
+/// `OK` of the choice, after the view has closed itself: takes it over and goes on to the diagram
+/// or to the result and the input view. Without it nothing has changed.
+void confirm_partial_choice(const report::PartialChoice& choice, bool forDiagram,
+                            const CalculationViews& views);
+
+// ---- Input view --------------------------------------------------------------------------------
+
+/// The form of the input view as the session stands.
+report::InputForm input_form(bool amount = false);
+
+/// How an input ended.
+enum class InputResult {
+    Refused,         ///< a message says why; nothing has changed
+    TankExit,        ///< the tank calculation was refused
+    TankCalculated,  ///< the result view and the tank view open
+    Calculated       ///< the result view comes to the front
+};
+/// `cmdParameter_OK` with the texts of the four fields. Checks, stores, and calculates.
+InputResult accept_input(const std::array<std::string, 4>& texts, bool amount = false);
+/// `cancel`: closes the input and the result view.
+void cancel_input(const CalculationViews& views);
+/// The texts of a second reference point; nothing, after a message, when it is not valid.
+std::optional<models::BensonPoint> accept_reference(const std::array<std::string, 4>& texts);
+
+// ---- Result view -------------------------------------------------------------------------------
+
+/// The view as it opens: resets pages and results, chooses the first active data set, calculates.
+/// A direct calculation shows no boxes then, and forgets what was typed for another substance.
+report::ResultView open_result_view();
+/// Calculates the result in view again, with its boxes.
+void recalculate();
+/// The next active data set forward or backward; a beep at the ends.
+void step_forward();
+void step_backward();
+/// `chkUHS` click.
+void set_equilibrium_functions(bool on);
+/// `ResPlus` click: whether `ResPlus`(1) and `ResPlus`(2) are checked.
+void set_extended_pages(report::ResultView& view, bool functions, bool derivatives);
+
+/// Calculates every active data set; a message that repeats is shown once.
+report::Comparison compare_all_sets();
+/// Calculates, and prints the list or writes it to a file. False, after a message, when the file
+/// could not be written.
+void print_result(const std::string& title, bool extended);
+bool result_file(const std::string& name, const std::string& title, bool extended);
+/// `cmdCalc_OK`: the list of results as asked. False when the user cancelled or the file could not
+/// be written; the views then stay open, else they close.
+bool finish_result_view(const report::ResultView& view, report::ListTarget target,
+                        bool withExtended, const CalculationViews& views);
+
+// ---- Iso-calculator ----------------------------------------------------------------------------
+
+/// `cmdIsoCalc` with the first two fields of the input view: T and p to start from. In batch mode
+/// the present data set stands in. Nothing, after a message, without either.
+std::optional<calculation::ProcessPoint> iso_start(const std::string& T, const std::string& p);
+/// The iso-calculator over the state at T and p.
+report::IsoCalculator open_iso_calculator(const calculation::ProcessPoint& start);
+/// A state that the iso-calculator has found becomes the current result and the direct input.
+void take_iso_result(const report::IsoCalculator& iso);
+
+// ---- Protocol ----------------------------------------------------------------------------------
+
+/// `cmdProtokoll`: adds the current result to the protocol.
+void add_to_protocol();
+/// Writes the protocol when rows are pending. False, after a message, when that fails.
+bool write_protocol();
+/// `cmdOpenNew`: writes what is pending, copies the file to the clipboard as a table with tabs, and
+/// takes a new protocol file. False, after a message, when the pending rows could not be written.
+bool open_new_protocol();
+/// The title of the file that the next protocol is written to, for `lblProtText2`.
+std::string protocol_file_title();
+/// At the program's end: pending rows are written, a protocol file of length 0 is deleted.
+void close_protocol();
+/// `cmbSep`: the delimiter of an entry, 0 semicolon, 1 comma, 2 tab.
+void choose_separator(int index);
+
+}  // namespace quor::session
