@@ -1,23 +1,19 @@
 #include <benchmark/benchmark.h>
 
-#include "legacy/declare.h"
-#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/cubic_eos.h"
-#include "models/enthalpy_of_vaporisation.h"
-#include "models/model_tables.h"
+#include "models/model_codes.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
-#include "support/codes.h"
 
 using namespace quor;
 
 namespace {
 
-/// Propane with both forms of cp (fitted values of the database).
-void activate(std::int16_t code, std::int16_t cpForm) {
-    models::SubstanceRecord& s = legacy::the_substance;
-    s = {};
+/// Propane with both forms of cp (fitted values of the database), by codes.
+models::Fluid propane(std::int64_t code, std::int64_t cpForm) {
+    using models::VapourPressureEquation;
+    models::SubstanceRecord s;
     s.M = 44.0956F;
     s.Tcrit = 369.89;
     s.pcrit = 4251.2;
@@ -26,50 +22,59 @@ void activate(std::int16_t code, std::int16_t cpForm) {
     s.Tboil = 231.036F;
     s.cpPoly = {{-4.224F, 0.3063F, -1.586e-4F, 3.215e-8F, 0}, 200, 1000};
     s.cpSinh = {{51.92F, 192.45F, 1626.5F, 116.8F, 723.6F}, 200, 1500};
-    models::CorrelateVapourPressure(7, s.Tcrit, s.pcrit, 231.036);
-    legacy::the_models = {};
-    legacy::the_models.EOSModel = codes::eos(code);
-    legacy::the_models.EOSOnlyV = models::is_v_only_eos(code);
-    legacy::the_models.VPModel = codes::vp(7);
-    legacy::the_models.VPModel = codes::vp("KFR");
-    legacy::the_models.CpModel = codes::cp(cpForm);
-    models::calc_eos_parameters(code);
+    const auto equation = VapourPressureEquation::frostRedlichKwong;
+    models::correlate_vapour_pressure(s, equation, s.Tcrit, s.pcrit, 231.036);
+    models::ModelSelection m;
+    m.EOSModel = models::eos_of_code(static_cast<int>(code)).value();
+    m.VPModel = equation;
+    m.CpModel = models::cp_form_of_code(static_cast<int>(cpForm)).value();
+    return models::Fluid::make(s, m).value();
 }
 
 void BM_StateFunctions(benchmark::State& state) {
-    activate(static_cast<std::int16_t>(state.range(0)), static_cast<std::int16_t>(state.range(1)));
-    const double T = 300, p = 500, v = models::SolveStateTP(T, p).vV;
-    for (auto _ : state) benchmark::DoNotOptimize(models::StateFunctions(T, p, v));
+    const models::Fluid fluid = propane(state.range(0), state.range(1));
+    const models::ReferenceState reference;
+    const models::Surroundings surroundings = models::surroundings_state(fluid, reference);
+    const double T = 300, p = 500, v = models::solve_state_tp(fluid, T, p).vV;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(models::state_functions(fluid, reference, surroundings, T, p, v));
 }
 BENCHMARK(BM_StateFunctions)->ArgNames({"eos", "cp"})->ArgsProduct({{2, 4, 6, 14, 16}, {1, 2}});
 
 /// The same while the surroundings change with every call.
 void BM_StateFunctions_NewSurroundings(benchmark::State& state) {
-    activate(6, 2);
-    const double T = 300, p = 500, v = models::SolveStateTP(T, p).vV;
+    const models::Fluid fluid = propane(6, 2);
+    const double T = 300, p = 500, v = models::solve_state_tp(fluid, T, p).vV;
+    models::ReferenceState reference;
     for (auto _ : state) {
-        legacy::the_reference.Tenv += 1e-9;
-        benchmark::DoNotOptimize(models::StateFunctions(T, p, v));
+        reference.Tenv += 1e-9;
+        const models::Surroundings surroundings = models::surroundings_state(fluid, reference);
+        benchmark::DoNotOptimize(models::state_functions(fluid, reference, surroundings, T, p, v));
     }
 }
 BENCHMARK(BM_StateFunctions_NewSurroundings);
 
 void BM_ResidualFunctions(benchmark::State& state) {
-    activate(6, 2);
-    const double T = 300, p = 500, v = models::SolveStateTP(T, p).vV;
-    for (auto _ : state) benchmark::DoNotOptimize(models::ResidualFunctions(T, p, v));
+    const models::Fluid fluid = propane(6, 2);
+    const double T = 300, p = 500, v = models::solve_state_tp(fluid, T, p).vV;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            models::residual_functions(fluid, models::eos_at(fluid, T), T, p, v));
 }
 BENCHMARK(BM_ResidualFunctions);
 
 void BM_SaturationFunctions(benchmark::State& state) {
-    activate(6, 2);
-    for (auto _ : state) benchmark::DoNotOptimize(models::SaturationFunctions(300));
+    const models::Fluid fluid = propane(6, 2);
+    const models::ReferenceState reference;
+    const models::Surroundings surroundings = models::surroundings_state(fluid, reference);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(models::saturation_functions(fluid, reference, surroundings, 300));
 }
 BENCHMARK(BM_SaturationFunctions);
 
 void BM_InflexionPoints(benchmark::State& state) {
-    activate(6, 2);
-    for (auto _ : state) benchmark::DoNotOptimize(models::InflexionPoints(300));
+    const models::Fluid fluid = propane(6, 2);
+    for (auto _ : state) benchmark::DoNotOptimize(models::inflexion_points(fluid, 300));
 }
 BENCHMARK(BM_InflexionPoints);
 

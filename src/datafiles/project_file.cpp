@@ -37,10 +37,10 @@ using Setting =
                  Member<char>, Member<models::Eos>, Member<models::VapourPressureEquation>,
                  Member<models::VaporisationModel>, Member<models::CpForm>>;
 
-// The numbers under which a project knows the models. Index 0 leaves the vapour pressure equation
-// to the sets of the substance.
+// The numbers under which a project knows the models. A number without an equation of state means
+// the ideal gas; 0 leaves the vapour pressure equation to the sets of the substance.
 std::optional<models::Eos> of_code(int code, models::Eos) {
-    return models::eos_of_code(code);
+    return models::eos_of_code(code).value_or(models::Eos::idealGas);
 }
 std::optional<models::VapourPressureEquation> of_code(int code, models::VapourPressureEquation) {
     return code == 0 ? std::nullopt : models::vapour_pressure_of_code(code);

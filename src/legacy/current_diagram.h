@@ -9,7 +9,7 @@ namespace quor::diagrams {
 /// Fluid, reference state and units of the process-level records. Throws as `make_units`.
 inline Basis current_basis() {
     return {models::current_fluid(), legacy::the_reference, models::current_units(),
-            legacy::the_session.BensonReference};
+            legacy::the_session.calculation.method.reference};
 }
 
 inline CurveOptions current_options() {

@@ -170,8 +170,7 @@ IdealGasState IdealGasFunctions(double T, double p) {
 }
 
 Inflexion InflexionPoints(double T) {
-    if (legacy::the_models.EOSOnlyV) return {};
-    return inflexion_points(models::eos_at(models::current_fluid(), T), T);
+    return inflexion_points(current_fluid(), T);
 }
 
 PhaseTable ResidualFunctions(double T, double p, double v) {

@@ -20,20 +20,20 @@ struct CpResult {
 /// cp of the polynomial forms at T/K > 0: with C0 = 0 it is C1 + C2 T + C3 T^2 + C4/T^2, else
 /// C0 + C1 T + C2 T^2 + C3 T^3 with C4 T^4 for |C4| < 1 and C4/T^2 otherwise. Status -1 for a set
 /// without any coefficient and on a fault.
-CpResult polynomial_cp(const models::CpSet& set, double T);
+CpResult polynomial_cp(const CpSet& set, double T);
 /// cp = C0 + C1 (x/sinh x)^2 + C3 (y/cosh y)^2 with x = C2/T and y = C4/T (L. A. Aly, L. L. Lee,
 /// Fluid Phase Equilib. 6 (1981) 169-179). Status -1 on a fault, as when exp(C2/T) overflows.
-CpResult sinh_cosh_cp(const models::CpSet& set, double T);
+CpResult sinh_cosh_cp(const CpSet& set, double T);
 /// cp of the ideal gas by a form of the table of cp forms.
-CpResult ideal_gas_cp(const models::SubstanceRecord& s, CpForm form, double T);
+CpResult ideal_gas_cp(const SubstanceRecord& s, CpForm form, double T);
 
 struct IdealGasState {
     double cp = 0, h = 0, s = 0;  ///< kJ/(kmol K), kJ/kmol, kJ/(kmol K)
     Status status = kSuccess;
 };
 /// cp, h, s of the ideal gas at T/K and p/kPa. `reference` must be settled (reference_state.h).
-IdealGasState ideal_gas_functions(const models::SubstanceRecord& s, CpForm form,
-                                  const models::ReferenceState& reference, double T, double p);
+IdealGasState ideal_gas_functions(const SubstanceRecord& s, CpForm form,
+                                  const ReferenceState& reference, double T, double p);
 
 /// Columns of the residual table.
 enum Residual {
@@ -64,8 +64,8 @@ struct PhaseTable {
 };
 /// Derivatives and residual functions at T/K, p/kPa, v in m^3/kmol by the equation of `fluid`;
 /// `state` holds a, b, c, d at T.
-PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState& state, double T,
-                              double p, double v);
+PhaseTable residual_functions(const Fluid& fluid, const EOSState& state, double T, double p,
+                              double v);
 
 struct StateValues {
     double h = 0, u = 0, s = 0, g = 0, a = 0, cp = 0, cv = 0, w = 0, eH = 0, eU = 0;
@@ -80,13 +80,12 @@ struct Surroundings {
     Status status = kFailure;
 };
 /// State at Tenv, penv of `reference`: L when only L exists there, else V.
-Surroundings surroundings_state(const models::Fluid& fluid,
-                                const models::ReferenceState& reference);
+Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& reference);
 
-/// All caloric values at T/K, p/kPa, v in m^3/kmol without process-level records. Status -1 with
-/// zeros when there is no cp form or the equation has no state there; without surroundings only
-/// the exergies are missing (0), with status -1.
-StateValues state_functions(const models::Fluid& fluid, const models::ReferenceState& reference,
+/// All caloric values at T/K, p/kPa, v in m^3/kmol. Status -1 with zeros when there is no cp form
+/// or the equation has no state there; without surroundings only the exergies are missing (0), with
+/// status -1. `reference` must be settled (reference_state.h).
+StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
                             const Surroundings& surroundings, double T, double p, double v);
 
 struct SaturationValues {
@@ -105,6 +104,8 @@ struct Inflexion {
     std::array<double, 2> secondDerivative{};  ///< d2p/dv2 at v
 };
 /// Points of inflexion at T/K of p = R T/(v - b) - a/((v + c)(v + d)) with v > b.
-Inflexion inflexion_points(const models::EOSState& state, double T);
+Inflexion inflexion_points(const EOSState& state, double T);
+/// Those of a fluid's isotherm; none where the equation describes the V phase alone.
+Inflexion inflexion_points(const Fluid& fluid, double T);
 
 }  // namespace quor::models

@@ -11,7 +11,6 @@
 namespace quor::models {
 
 using constants::kPresent;
-using models::SubstanceRecord;
 
 namespace {
 
@@ -77,7 +76,7 @@ DensityResult density_solid(const SubstanceRecord& s, float temperature) {
 }
 
 double density_l_benson(double T, double Tcrit, double rhocrit, double rhoV,
-                        const models::BensonPoint& reference) {
+                        const BensonPoint& reference) {
     const auto Tref = static_cast<double>(reference.T);
     if (Tref == Tcrit || !(rhocrit > 0.0)) return 0.0;
     const double sum = static_cast<double>(reference.rhoL) + static_cast<double>(reference.rhoV);
@@ -86,7 +85,7 @@ double density_l_benson(double T, double Tcrit, double rhocrit, double rhoV,
     return physical(rho) ? rho : 0.0;
 }
 
-bool is_known(const models::BensonPoint& r) {
+bool is_known(const BensonPoint& r) {
     return static_cast<double>(r.T) * static_cast<double>(r.p) * static_cast<double>(r.rhoL) *
                static_cast<double>(r.rhoV) >
            kPresent;

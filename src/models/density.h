@@ -21,20 +21,20 @@ struct DensityResult {
 /// 236);
 ///   0 above Tc.
 /// Status -1 with rho 0 for a polynomial value below 1E-10, a negative density, and a fault.
-DensityResult density_liquid(const models::SubstanceRecord& s, float T);
+DensityResult density_liquid(const SubstanceRecord& s, float T);
 /// Solid density at T/K: the cubic polynomial when both limits are given, s0 + s1 T for TLo = 0, or
 /// 0 when there is neither.
-DensityResult density_solid(const models::SubstanceRecord& s, float T);
+DensityResult density_solid(const SubstanceRecord& s, float T);
 
 /// L density at T/K by Benson's method (the law of rectilinear diameter of Cailletet and Mathias);
 /// rhoV is the V density at T. Only the sum of the densities of the reference point enters. 0 when
 /// the reference temperature is that of the critical point, rhocrit is not known, or the density
 /// would be negative.
 double density_l_benson(double T, double Tcrit, double rhocrit, double rhoV,
-                        const models::BensonPoint& reference);
+                        const BensonPoint& reference);
 
 /// True when all four values of a reference point are known: their product exceeds 1E-6.
-bool is_known(const models::BensonPoint& reference);
+bool is_known(const BensonPoint& reference);
 
 /// Benson's estimate of the L density at the normal boiling point; 0 for p <= 1E-6.
 double benson_approximation(double p, double pcrit, double rhocrit);

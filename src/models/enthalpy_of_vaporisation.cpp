@@ -18,7 +18,6 @@ namespace quor::models {
 using constants::kLn10;
 using constants::kPresent;
 using constants::R;
-using models::SubstanceRecord;
 using Result = EnthalpyOfVaporisationResult;
 
 namespace {
@@ -165,11 +164,11 @@ double cubic_eos(const Request& q, Result& r) {
     r.rhoV = v.vV > 0 ? M / v.vV : 0;
     r.rhoL = v.vL > 0 ? M / v.vL : 0;
     set_compressibilities(q, r);
-    const models::EOSState eos = eos_at(fluid, r.T);
+    const EOSState eos = eos_at(fluid, r.T);
     const auto residual = [&](double volume) {
-        const models::PhaseTable table = models::residual_functions(fluid, eos, r.T, r.p, volume);
+        const PhaseTable table = residual_functions(fluid, eos, r.T, r.p, volume);
         if (!table.filled) throw faults::Fault(faults::kInvalidArgument);
-        return table.residual[models::ResH];
+        return table.residual[ResH];
     };
     return R * (residual(v.vV) - residual(v.vL));
 }

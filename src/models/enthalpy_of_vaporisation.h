@@ -44,6 +44,6 @@ struct EnthalpyEquationResult {
 /// The database equation A exp(-B Tr) (1 - Tr)^(C + D Tr + E Tr^2 + F Tr^3), Tr = T/Tc of the set,
 /// without a range test. 0 from Tc of the set up to the critical point of the substance; status -1
 /// above both, without a Tc, and on a fault.
-EnthalpyEquationResult enthalpy_equation(const models::SubstanceRecord& s, double T);
+EnthalpyEquationResult enthalpy_equation(const SubstanceRecord& s, double T);
 
 }  // namespace quor::models

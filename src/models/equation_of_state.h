@@ -57,6 +57,9 @@ const EquationOfState& equation_of(Eos eos);
 /// The constants of the chosen equation for a substance, with the critical volume of a cubic one.
 /// Throws `faults::Fault` where the substance lacks what they need.
 EosConstants eos_constants(const SubstanceRecord& substance, const ModelSelection& models);
+/// The same for a row that need not stand in the table.
+EosConstants eos_constants(const SubstanceRecord& substance, const ModelSelection& models,
+                           const EquationOfState& row);
 
 /// All rows, in the order in which the model view offers them.
 std::span<const EquationOfState* const> equations();
@@ -64,8 +67,11 @@ std::span<const EquationOfState* const> equations();
 inline bool is_cubic(Eos eos) {
     return equation_of(eos).family == EosFamily::cubic;
 }
+inline bool is_v_only(const EquationOfState& equation) {
+    return equation.eos != Eos::none && equation.family != EosFamily::cubic;
+}
 inline bool is_v_only(Eos eos) {
-    return eos != Eos::none && !is_cubic(eos);
+    return is_v_only(equation_of(eos));
 }
 
 }  // namespace quor::models

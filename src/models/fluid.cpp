@@ -20,7 +20,11 @@ void set_critical_volume(EosConstants& k, const EquationOfState& row, const Subs
 }  // namespace
 
 EosConstants eos_constants(const SubstanceRecord& substance, const ModelSelection& models) {
-    const EquationOfState& row = equation_of(models.EOSModel);
+    return eos_constants(substance, models, equation_of(models.EOSModel));
+}
+
+EosConstants eos_constants(const SubstanceRecord& substance, const ModelSelection& models,
+                           const EquationOfState& row) {
     EosConstants k = row.constants(substance, models);
     set_critical_volume(k, row, substance);
     return k;
@@ -30,13 +34,19 @@ Fluid::Fluid() : Fluid({}, {}, {}, {}) {}
 
 Fluid::Fluid(SubstanceRecord substance, const ModelSelection& models, const EOSParameters& eos,
              const JiTorvikParameters& jt)
-    : parts_(std::make_shared<const Parts>(
-          Parts{std::move(substance), models, eos, jt, &equation_of(models.EOSModel)})) {}
+    : Fluid(Parts{std::move(substance), models, eos, jt, &equation_of(models.EOSModel)}) {}
 
 Result<Fluid> Fluid::make(SubstanceRecord substance, const ModelSelection& models) {
+    return make(std::move(substance), models, equation_of(models.EOSModel));
+}
+
+Result<Fluid> Fluid::make(SubstanceRecord substance, const ModelSelection& models,
+                          const EquationOfState& equation) {
     try {
-        const EosConstants k = eos_constants(substance, models);
-        return Fluid(std::move(substance), models, k.power, k.jiTorvik);
+        const EosConstants k = eos_constants(substance, models, equation);
+        ModelSelection chosen = models;
+        chosen.EOSOnlyV = is_v_only(equation);
+        return Fluid(Parts{std::move(substance), chosen, k.power, k.jiTorvik, &equation});
     } catch (const faults::Fault& fault) {
         return Failure{fault.what()};
     }
@@ -45,7 +55,6 @@ Result<Fluid> Fluid::make(SubstanceRecord substance, const ModelSelection& model
 Result<Fluid> Fluid::with(Eos eos) const {
     ModelSelection models = parts_->models;
     models.EOSModel = eos;
-    models.EOSOnlyV = is_v_only(eos);
     return make(parts_->substance, models);
 }
 

@@ -18,9 +18,13 @@ class Fluid {
     Fluid(SubstanceRecord substance, const ModelSelection& models, const EOSParameters& eos,
           const JiTorvikParameters& jt);
 
-    /// The fluid of a substance and a choice, with the constants that follow. Fails where the
-    /// equation of state needs data that the substance lacks.
+    /// The fluid of a substance and a choice, with the constants that follow; whether the equation
+    /// describes the V phase alone follows from it too. Fails where the equation of state needs
+    /// data that the substance lacks.
     static Result<Fluid> make(SubstanceRecord substance, const ModelSelection& models);
+    /// The same with an equation that need not stand in the table, which must outlive the fluid.
+    static Result<Fluid> make(SubstanceRecord substance, const ModelSelection& models,
+                              const EquationOfState& equation);
     /// The same substance with another equation of state.
     Result<Fluid> with(Eos eos) const;
 
@@ -46,6 +50,8 @@ class Fluid {
 
         bool operator==(const Parts&) const = default;
     };
+    explicit Fluid(Parts parts) : parts_(std::make_shared<const Parts>(std::move(parts))) {}
+
     std::shared_ptr<const Parts> parts_;
 };
 

@@ -21,14 +21,14 @@ struct Polynomial {
     double inverseSquare = 0;  ///< factor of T^-2
 };
 
-Polynomial polynomial_of(const models::CpSet& set) {
+Polynomial polynomial_of(const CpSet& set) {
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     if (std::fabs(c(0)) < 1e-8) return {c(1), c(2), c(3), 0.0, 0.0, c(4)};
     if (std::fabs(c(4)) < 1.0) return {c(0), c(1), c(2), c(3), c(4), 0.0};
     return {c(0), c(1), c(2), c(3), 0.0, c(4)};
 }
 
-bool has_coefficients(const models::CpSet& set) {
+bool has_coefficients(const CpSet& set) {
     return std::any_of(set.c.begin(), set.c.end(),
                        [](float c) { return std::fabs(static_cast<double>(c)) > kUnused; });
 }
@@ -40,7 +40,7 @@ struct Difference {
 };
 
 /// The powers of T are taken as (T - T0) times a sum, so that h stays exact close to T0.
-Difference polynomial_difference(const models::CpSet& set, double T, double T0) {
+Difference polynomial_difference(const CpSet& set, double T, double T0) {
     if (!(T > 0.0) || !(T0 > 0.0)) return {};
     const Polynomial c = polynomial_of(set);
     const double s1 = T + T0;
@@ -61,7 +61,7 @@ struct SinhCosh {
     bool valid;
 };
 
-SinhCosh sinh_cosh_at(const models::CpSet& set, double T) {
+SinhCosh sinh_cosh_at(const CpSet& set, double T) {
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     const double x = c(2) / T;
     const double y = c(4) / T;
@@ -72,7 +72,7 @@ SinhCosh sinh_cosh_at(const models::CpSet& set, double T) {
     return t;
 }
 
-Difference sinh_cosh_difference(const models::CpSet& set, double T, double T0) {
+Difference sinh_cosh_difference(const CpSet& set, double T, double T0) {
     constexpr double kLowestT = 0.1;
     if (!(T > kLowestT) || !(T0 > kLowestT)) return {};
     const SinhCosh at = sinh_cosh_at(set, T);
@@ -98,14 +98,14 @@ double square(double x) {
 
 }  // namespace
 
-CpResult polynomial_cp(const models::CpSet& set, double T) {
+CpResult polynomial_cp(const CpSet& set, double T) {
     if (!has_coefficients(set)) return {0.0, kFailure};
     const Polynomial c = polynomial_of(set);
     return checked(c.c0 + T * (c.c1 + T * (c.c2 + T * (c.c3 + T * c.quartic))) +
                    (c.inverseSquare == 0.0 ? 0.0 : c.inverseSquare / (T * T)));
 }
 
-CpResult sinh_cosh_cp(const models::CpSet& set, double T) {
+CpResult sinh_cosh_cp(const CpSet& set, double T) {
     if (!has_coefficients(set)) return {0.0, kFailure};
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     const double x = c(2) / T;
@@ -117,14 +117,14 @@ CpResult sinh_cosh_cp(const models::CpSet& set, double T) {
     return checked(c(0) + c(1) * square(x / sinhX) + c(3) * square(y / coshY));
 }
 
-CpResult ideal_gas_cp(const models::SubstanceRecord& s, CpForm form, double T) {
+CpResult ideal_gas_cp(const SubstanceRecord& s, CpForm form, double T) {
     if (form == CpForm::polynomial) return polynomial_cp(s.cpPoly, T);
     if (form == CpForm::sinhCosh) return sinh_cosh_cp(s.cpSinh, T);
     return {0.0, kFailure};
 }
 
-IdealGasState ideal_gas_functions(const models::SubstanceRecord& s, CpForm form,
-                                  const models::ReferenceState& reference, double T, double p) {
+IdealGasState ideal_gas_functions(const SubstanceRecord& s, CpForm form,
+                                  const ReferenceState& reference, double T, double p) {
     IdealGasState failure;
     failure.status = kFailure;
     const CpResult cp = ideal_gas_cp(s, form, T);

@@ -7,7 +7,6 @@
 namespace quor::models {
 
 using constants::R;
-using models::EOSState;
 
 namespace {
 
@@ -86,7 +85,7 @@ void add(Inflexion& r, const EOSState& s, double T, double v) {
     const double D = 1.0 / (v + s.eosD);
     const auto i = static_cast<std::size_t>(r.count++);
     r.v[i] = v;
-    r.p[i] = models::cubic_pressure(s, T, v);
+    r.p[i] = cubic_pressure(s, T, v);
     r.secondDerivative[i] =
         2.0 * R * T * e * e * e - 2.0 * s.eosA * C * D * (C * C + C * D + D * D);
 }
@@ -112,6 +111,10 @@ Inflexion inflexion_points(const EOSState& state, double T) {
     add(r, state, T, f.volume(zero(f, middle, beyond(f, middle, -1.0))));
     add(r, state, T, f.volume(zero(f, middle, beyond(f, middle, 1.0))));
     return r;
+}
+
+Inflexion inflexion_points(const Fluid& fluid, double T) {
+    return fluid.models().EOSOnlyV ? Inflexion{} : inflexion_points(eos_at(fluid, T), T);
 }
 
 }  // namespace quor::models

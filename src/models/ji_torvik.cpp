@@ -65,8 +65,7 @@ EOSState state_of_form2(const Fluid& f, double T) {
 }
 
 /// a = a0 w(x)^2 with x = (T/Tcrit)^0.75; w is a cubic in x below Tcrit and a line above.
-void ji_torvik_a_slopes(const models::JiTorvikParameters& jt, double Tcrit, double T,
-                        EOSSlopes& s) {
+void ji_torvik_a_slopes(const JiTorvikParameters& jt, double Tcrit, double T, EOSSlopes& s) {
     constexpr double k = 0.76528558;
     const double x = std::pow(T / Tcrit, 0.75);
     const double x1 = 0.75 * x / T;
@@ -91,7 +90,7 @@ void ji_torvik_a_slopes(const models::JiTorvikParameters& jt, double Tcrit, doub
 
 /// Form II: b, c and d share the factor 1 - K (1 - T/Tcrit)^2.
 void ji_torvik_volume_slopes(const Fluid& fluid, double T, EOSSlopes& s) {
-    const models::JiTorvikParameters& jt = fluid.jt();
+    const JiTorvikParameters& jt = fluid.jt();
     const double Tcrit = fluid.substance().Tcrit;
     const double factor1 = 2.0 * jt.jtK * (1.0 - T / Tcrit) / Tcrit;
     const double factor2 = -2.0 * jt.jtK / (Tcrit * Tcrit);

@@ -9,7 +9,6 @@
 namespace quor::models {
 
 using constants::R;
-using models::EOSState;
 
 namespace {
 

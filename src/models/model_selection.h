@@ -70,8 +70,8 @@ struct ModelSelection {
     float WatsonN = 0;  ///< Watson exponent
     CpForm CpModel = CpForm::none;
     bool PriorityCEOS = true;  ///< p(LV), T(LV) come from the cubic EOS
-    ManualVirial manualVirial;
-    JiTorvikParameters jiTorvik;  ///< fitted to the substance; their computed part is not used
+    ManualVirial manualVirial{};
+    JiTorvikParameters jiTorvik{};  ///< fitted to the substance; their computed part is not used
 
     bool operator==(const ModelSelection&) const = default;
 };

@@ -50,7 +50,7 @@ EquationClass equation_class(VapourPressureEquation code) {
 std::vector<double> equation_values(const SubstanceRecord& substance, VapourPressureEquation code) {
     std::vector<double> v;
     double TLo = 0, THi = 0;
-    const auto antoine = [&](const models::VPSetAntoine& s) {
+    const auto antoine = [&](const VPSetAntoine& s) {
         for (const float x : {s.A, s.B, s.C}) v.push_back(static_cast<double>(x));
         TLo = s.TLo;
         THi = s.THi;

@@ -16,7 +16,7 @@ EosConstants constants_of(const SubstanceRecord&, const ModelSelection& models) 
 }
 
 /// K. S. Pitzer, R. F. Curl, J. Am. Chem. Soc. 79 (1957) 2369.
-double pitzer_curl(const models::SubstanceRecord& s, double T) {
+double pitzer_curl(const SubstanceRecord& s, double T) {
     const double x = s.Tcrit / T;  // 1/Tr
     const double f0 = 0.1445 - 0.33 * x - 0.1385 * x * x - 0.0121 * x * x * x;
     const double f1 = 0.073 + 0.46 * x - 0.5 * x * x - 0.097 * x * x * x - 0.0073 * std::pow(x, 8);
@@ -31,7 +31,7 @@ double second_virial_of(const Fluid& f, double T, EOSState& state) {
 Virial virial_of_T(const Fluid& f, double T) {
     Virial r;
     r.B = pitzer_curl(f.substance(), T);
-    const models::SubstanceRecord& s = f.substance();
+    const SubstanceRecord& s = f.substance();
     const double x = s.Tcrit / T;  // 1/Tr
     const double x2 = x * x;
     const double F0 = (0.33 + 0.277 * x + 0.0363 * x2) * x2;

@@ -44,7 +44,7 @@ ReferenceCaptions captions_of(CaloricUnit unit) {
     return kCaptions[static_cast<std::size_t>(unit)];
 }
 
-ReferenceFields fields_of(const models::ReferenceState& r, double CaloricFactor) {
+ReferenceFields fields_of(const ReferenceState& r, double CaloricFactor) {
     const float p0 = r.p0 == 0.0F ? kStandardPressure : r.p0;
     return {r.href * CaloricFactor, r.sref * CaloricFactor, shown(r.T0), shown(p0), r.Tenv, r.penv};
 }
@@ -62,9 +62,9 @@ bool is_editable(ReferenceOption option, ReferenceField field) {
 }
 
 bool StoreReference(ReferenceOption option, const ReferenceFields& fields, double CaloricFactor,
-                    models::ReferenceState& reference) {
+                    ReferenceState& reference) {
     try {
-        models::ReferenceState r;
+        ReferenceState r;
         r.RefMode = reference_mode_of(option);
         r.href = faults::divide(fields[FieldH], CaloricFactor);
         r.sref = faults::divide(fields[FieldS], CaloricFactor);

@@ -29,7 +29,7 @@ enum ReferenceField { FieldH, FieldS, FieldT0, FieldP0, FieldTenv, FieldPenv, kR
 using ReferenceFields = std::array<double, kReferenceFields>;
 
 /// The fields as they stand in a record; h and s times the caloric factor, a p0 of 0 as 101.325.
-ReferenceFields fields_of(const models::ReferenceState& reference, double CaloricFactor);
+ReferenceFields fields_of(const ReferenceState& reference, double CaloricFactor);
 
 /// The fields after an option was chosen: that of the quantities of formation sets h(ref) and
 /// s(ref) to 0, T0 to 298.15 and p0 to 101.325.
@@ -42,6 +42,6 @@ bool is_editable(ReferenceOption option, ReferenceField field);
 /// mode of the option. False, and nothing stored, when that is not a number: a caloric factor of 0,
 /// or a T0 or p0 beyond 32 bits.
 bool StoreReference(ReferenceOption option, const ReferenceFields& fields, double CaloricFactor,
-                    models::ReferenceState& reference);
+                    ReferenceState& reference);
 
 }  // namespace quor::models

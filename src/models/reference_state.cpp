@@ -16,9 +16,6 @@ namespace quor::models {
 
 using constants::kPresent;
 using constants::R;
-using models::BensonPoint;
-using models::ReferenceState;
-using models::SubstanceRecord;
 
 namespace {
 
@@ -68,7 +65,7 @@ struct DensitySource {
 DensitySource density_at_boiling_point(const SubstanceRecord& s, double T) {
     if (s.rhoLboil > kPresent) return {static_cast<double>(s.rhoLboil), " (from database)"};
     if (s.rhoLTLo > 0) {
-        const models::DensityResult r = models::density_liquid(s, s.Tboil);
+        const DensityResult r = density_liquid(s, s.Tboil);
         if (r.status == kSuccess) return {r.rho, " (from database-equ. rho(T))"};
     }
     const auto a = [&](std::size_t i) { return static_cast<double>(s.rhoLPar[i]); };
@@ -96,7 +93,7 @@ bool from_single_density(const SubstanceRecord& s, VapourPressureEquation vpCode
                          BensonProposal& r) {
     if (!(s.rhoLPar[0] > kPresent) || !(s.rhoLPar[2] > kPresent)) return false;
     const auto T = static_cast<double>(s.rhoLPar[2]);
-    const models::VapourPressureResult vp = models::vapour_pressure(s, T, vpCode);
+    const VapourPressureResult vp = vapour_pressure(s, T, vpCode);
     if (vp.status != kSuccess) return false;
     r.point = {s.rhoLPar[2], static_cast<float>(vp.p), s.rhoLPar[0], 0.0F};
     r.text =
@@ -108,14 +105,14 @@ bool from_single_density(const SubstanceRecord& s, VapourPressureEquation vpCode
 }
 
 /// V density at the reference point: active EOS, else Pitzer/Curl, else ideal gas.
-std::string add_vapour_density(const models::Fluid& fluid, BensonPoint& point) {
+std::string add_vapour_density(const Fluid& fluid, BensonPoint& point) {
     const auto T = static_cast<double>(point.T);
     const auto p = static_cast<double>(point.p);
     const auto M = static_cast<double>(fluid.substance().M);
 
-    const models::StateTP state = models::solve_state_tp(fluid, T, p);
+    const StateTP state = solve_state_tp(fluid, T, p);
     double rho = state.rhoV;
-    std::string source = "  (from  " + text::trim(models::EOSName(fluid.models().EOSModel)) + ")";
+    std::string source = "  (from  " + text::trim(fluid.equation().name) + ")";
     if (state.status != kSuccess || rho < kPresent) {
         if (fluid.substance().omega != 0.0) {
             EOSState eos;

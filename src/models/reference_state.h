@@ -14,14 +14,14 @@ struct ReferenceBase {
 };
 
 /// Modes 2 and 10 fix T0 and p0 of the record; a p0 of 0 becomes 101.325.
-void settle_reference(models::ReferenceState& reference);
+void settle_reference(ReferenceState& reference);
 /// Reference enthalpy and entropy of a settled record by its mode (1 zero, 2 conventional, 10
 /// quantities of formation), s corrected from p0 to p/kPa; p <= 0 leaves s as it is.
-ReferenceBase reference_base(const models::SubstanceRecord& substance,
-                             const models::ReferenceState& reference, double p);
+ReferenceBase reference_base(const SubstanceRecord& substance, const ReferenceState& reference,
+                             double p);
 
 struct BensonProposal {
-    models::BensonPoint point;
+    BensonPoint point;
     std::string text;  ///< lines joined by '\n'; empty when there is no proposal
 };
 /// The second reference point of Benson's method as far as the data allow; zeros when they do not.

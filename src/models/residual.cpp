@@ -55,7 +55,7 @@ Attraction attraction(double C, double D, double spread) {
 }
 
 /// Derivatives and residual parts of p = R T/(v - b) - a/((v + c)(v + d)).
-void cubic(const models::EOSState& s, const models::EOSSlopes& t, double T, double p, double v,
+void cubic(const EOSState& s, const EOSSlopes& t, double T, double p, double v,
            PressureDerivatives& q, ResidualParts& r) {
     const double e = 1.0 / (v - s.eosB);
     const double C = 1.0 / (v + s.eosC);
@@ -106,8 +106,8 @@ void cubic(const models::EOSState& s, const models::EOSSlopes& t, double T, doub
 }
 
 /// Derivatives and residual parts of p = R T/(v - B(T)), with ln(phi*) = B p/(R T).
-void v_only(const models::Virial& b, double T, double p, double v, PressureDerivatives& q,
-            ResidualParts& r, double& d2LnPhi) {
+void v_only(const Virial& b, double T, double p, double v, PressureDerivatives& q, ResidualParts& r,
+            double& d2LnPhi) {
     const double e = 1.0 / (v - b.B);
     const double RT = R * T;
     q.pv = -RT * e * e;
@@ -172,21 +172,21 @@ bool finite(const Values& values) {
 
 }  // namespace
 
-PhaseTable residual_functions(const models::Fluid& fluid, const models::EOSState& state, double T,
-                              double p, double v) {
+PhaseTable residual_functions(const Fluid& fluid, const EOSState& state, double T, double p,
+                              double v) {
     if (!(T > 0.0) || !(p > 0.0) || !(v > 0.0)) return {};
     PhaseTable t;
     PressureDerivatives q;
     ResidualParts r;
     auto& f = t.residual;
     if (fluid.models().EOSOnlyV) {
-        const models::Virial b = models::virial(fluid, T);
+        const Virial b = virial(fluid, T);
         if (!(v > b.B)) return {};
         v_only(b, T, p, v, q, r, f[D2LnPhi]);
         f[ResCp] = r.cv + r.cpMinusCv;
     } else {
         if (!(v - state.eosB >= 1e-17)) return {};
-        cubic(state, models::eos_slopes(fluid, state, T), T, p, v, q, r);
+        cubic(state, eos_slopes(fluid, state, T), T, p, v, q, r);
         if (!q.pv_vanishes()) {
             f[ResCp] = r.cv + r.cpMinusCv;
             f[D2LnPhi] = -(f[ResCp] / T + 2.0 * r.dLnPhi) / T;

@@ -1,6 +1,7 @@
 #include "models/saturation.h"
 
 #include <cmath>
+#include <limits>
 
 #include "common/constants.h"
 #include "models/cubic_eos.h"
@@ -8,8 +9,6 @@
 #include "models/vapour_pressure.h"
 
 namespace quor::models {
-
-using models::EOSState;
 
 namespace {
 
@@ -31,7 +30,7 @@ Saturation critical_state(const Fluid& f) {
 }
 
 bool has_no_equilibrium(const Fluid& f) {
-    return f.models().EOSModel == Eos::none || f.models().EOSOnlyV;
+    return f.equation().eos == Eos::none || f.models().EOSOnlyV;
 }
 
 /// One trial of a search: the roots and, with three of them, the areas.
@@ -68,153 +67,162 @@ double start_pressure(const Fluid& f, double T) {
     return p;
 }
 
+/// What differs between the searches for p at T and for T at p.
+struct SecantConstants {
+    int cap;                      ///< of the rounds
+    double areaTolerance;         ///< of the area ratio
+    double smallestRelativeStep;  ///< below it the search stands still
+    double smallestStep;          ///< a first step below it becomes `kFirstStep` of the unknown
+    double slopeGuard;            ///< area ratios that differ by less give no secant
+    double passed;                ///< a product of two sides below it: the loop was passed
+    double longestStep;           ///< of a secant, of the unknown
+    double towards;               ///< sign of the step that a positive area ratio asks for
+    bool forgetsSingleRoots;      ///< three roots end a run of single ones
+};
+constexpr SecantConstants kForPressure{.cap = 300,
+                                       .areaTolerance = 1e-5,
+                                       .smallestRelativeStep = 1e-10,
+                                       .smallestStep = 1e-5,
+                                       .slopeGuard = 1e-11,
+                                       .passed = 1e-6,
+                                       .longestStep = std::numeric_limits<double>::infinity(),
+                                       .towards = 1,
+                                       .forgetsSingleRoots = false};
+constexpr SecantConstants kForTemperature{.cap = 200,
+                                          .areaTolerance = 5e-5,
+                                          .smallestRelativeStep = 1e-12,
+                                          .smallestStep = 1e-9,
+                                          .slopeGuard = 1e-7,
+                                          .passed = 0,
+                                          .longestStep = 0.01,
+                                          .towards = -1,
+                                          .forgetsSingleRoots = true};
+constexpr double kRestart = 0.01;
+constexpr double kFirstStep = 0.01;  // of the unknown
+constexpr double kDamping = 0.1;
+constexpr double kLost = 1e-10;
+
+/// The unknown of a search and its next step.
+class Secant {
+  public:
+    Secant(const SecantConstants& constants, double start) : k_(constants), x_(start) {}
+
+    double x() const { return x_; }
+    bool is_at(double ratio) const {
+        return threeRoots_ > 0 && std::fabs(ratio) < k_.areaTolerance;
+    }
+
+    /// A trial with the single root v lies outside the loop of the isotherm: towards it.
+    void aim_at_loop(double v, double vcrit) {
+        const bool liquidLike = v < vcrit;
+        const double side = liquidLike ? -1 : v;
+        if (++oneRoot_ == 1) {
+            step_ *= kDamping;
+            if (std::fabs(step_) < k_.smallestStep) step_ = kFirstStep * x_;
+        } else if (side * previousSide_ < k_.passed) {
+            step_ *= kDamping;
+        }
+        step_ = (liquidLike ? -k_.towards : k_.towards) * std::fabs(step_);
+        previousSide_ = side;
+    }
+
+    /// By the areas between three roots. False when the search stands still.
+    bool aim_at_equal_areas(double ratio) {
+        if (k_.forgetsSingleRoots) oneRoot_ = 0;
+        if (++threeRoots_ == 1) {
+            set_first_step(ratio);
+        } else {
+            set_secant_step(ratio);
+            if (std::fabs(step_ / x_) < k_.smallestRelativeStep) return false;
+        }
+        previousX_ = x_;
+        previousRatio_ = ratio;
+        return true;
+    }
+
+    /// Takes the step. False where it leads nowhere.
+    bool advance() {
+        x_ += step_;
+        return std::isfinite(x_);
+    }
+
+    /// Begins anew at a small value where the steps led below zero.
+    void restart_if_lost() {
+        if (x_ >= kLost) return;
+        x_ = kRestart / ++restarts_;
+        step_ = kDamping * (previousX_ - x_);
+    }
+
+  private:
+    void set_first_step(double ratio) {
+        if (std::fabs(step_) < k_.smallestStep) step_ = kFirstStep * x_;
+        if (ratio < 0) step_ = -k_.towards * std::fabs(step_);
+        if (ratio > 0) step_ = k_.towards * std::fabs(step_);
+    }
+    void set_secant_step(double ratio) {
+        const double change = ratio - previousRatio_;
+        if (std::fabs(change) > k_.slopeGuard) {
+            step_ = -(x_ - previousX_) * ratio / change;
+            const double limit = k_.longestStep * x_;
+            if (std::fabs(step_) > limit) step_ = std::copysign(limit, step_);
+        } else {
+            step_ = change * k_.towards < 0 ? -kFirstStep * x_ : kFirstStep * x_;
+        }
+    }
+
+    const SecantConstants& k_;
+    double x_, step_ = 0;
+    double previousX_ = 0, previousRatio_ = 0, previousSide_ = 0;
+    int oneRoot_ = 0, threeRoots_ = 0, restarts_ = 0;
+};
+
+Saturation found_at(Saturation r, double Saturation::*unknown, double x) {
+    r.*unknown = x;
+    r.status = kSuccess;
+    return r;
+}
+
+/// The search for `unknown`, T or p, from a start; `r` holds the other of the two, and a, b, c, d
+/// where T is given. `critical` is the critical value of the unknown.
+Saturation search_by_secant(const Fluid& f, const SecantConstants& k, Saturation r,
+                            double Saturation::*unknown, double start, double critical) {
+    const bool seeksT = unknown == &Saturation::T;
+    Secant secant(k, start);
+    while (++r.rounds <= k.cap) {
+        const double x = secant.x();
+        if (seeksT) r.state = eos_at(f, x, r.state);
+        const Trial t = seeksT ? try_state(r.state, x, r.p) : try_state(r.state, r.T, x);
+        if (!t.usable) return r;
+        take(r, t);
+        if (t.roots.count == 1) {
+            secant.aim_at_loop(t.roots.v[0], f.eos().vcritCalc);
+        } else {
+            if (secant.is_at(t.areas.ratio)) return found_at(r, unknown, x);
+            if (!secant.aim_at_equal_areas(t.areas.ratio)) return r;
+        }
+        if (!secant.advance()) return r;
+        if (equal_as_single(secant.x(), critical)) return found_at(r, unknown, secant.x());
+        secant.restart_if_lost();
+    }
+    return r;
+}
+
 }  // namespace
 
 Saturation search_saturation_pressure(const Fluid& f, double T) {
-    constexpr int kCap = 300;
-    constexpr double kAreaTolerance = 1e-5;
-    constexpr double kSmallestRelativeStep = 1e-10;
-    constexpr double kSmallestStep = 1e-5;
-    constexpr double kSlopeGuard = 1e-11;
-    constexpr double kRestart = 0.01;
-    constexpr double kFirstStep = 0.01;  // of p; negative with one root
-    constexpr double kDamping = 0.1;
-
     if (T == f.substance().Tcrit) return critical_state(f);
     Saturation r;
     r.T = T;
     r.state = eos_at(f, T);
     if (T >= f.substance().Tcrit || has_no_equilibrium(f)) return r;
-
-    double p = start_pressure(f, T);
-    double step = 0, previousP = 0, previousRatio = 0, previousSide = 0;
-    int oneRoot = 0, threeRoots = 0, restarts = 0;
-    while (++r.rounds <= kCap) {
-        const Trial t = try_state(r.state, T, p);
-        if (!t.usable) return r;
-        take(r, t);
-        if (t.roots.count == 1) {
-            // The trial lies outside the loop of the isotherm: walk towards it.
-            const bool liquidLike = t.roots.v[0] < f.eos().vcritCalc;
-            const double side = liquidLike ? -1 : t.roots.v[0];
-            if (++oneRoot == 1) {
-                step *= kDamping;
-                if (std::fabs(step) < kSmallestStep) step = -kFirstStep * p;
-            } else if (side * previousSide < 1e-6) {
-                step *= kDamping;
-            }
-            step = liquidLike ? -std::fabs(step) : std::fabs(step);
-            previousSide = side;
-        } else {
-            const double ratio = t.areas.ratio;
-            if (++threeRoots == 1) {
-                if (std::fabs(step) < kSmallestStep) step = kFirstStep * p;
-                if (ratio < 0) step = -std::fabs(step);
-                if (ratio > 0) step = std::fabs(step);
-            } else {
-                if (std::fabs(ratio) < kAreaTolerance) {
-                    r.p = p;
-                    r.status = kSuccess;
-                    return r;
-                }
-                if (std::fabs(ratio - previousRatio) > kSlopeGuard) {
-                    step = -(p - previousP) * ratio / (ratio - previousRatio);
-                } else {
-                    step = ratio < previousRatio ? -kFirstStep * p : kFirstStep * p;
-                }
-                if (std::fabs(step / p) < kSmallestRelativeStep) return r;
-            }
-            previousP = p;
-            previousRatio = ratio;
-        }
-        p += step;
-        if (!std::isfinite(p)) return r;
-        if (equal_as_single(p, f.substance().pcrit)) {
-            r.p = p;
-            r.status = kSuccess;
-            return r;
-        }
-        if (p < 1e-10) {
-            p = kRestart / ++restarts;
-            step = kDamping * (previousP - p);
-        }
-    }
-    return r;
+    return search_by_secant(f, kForPressure, r, &Saturation::p, start_pressure(f, T),
+                            f.substance().pcrit);
 }
 
 namespace {
 
-Saturation search_temperature_by_secant(const Fluid& f, double p, double Tstart) {
-    constexpr int kCap = 200;
-    constexpr double kAreaTolerance = 5e-5;
-    constexpr double kSmallestRelativeStep = 1e-12;
-    constexpr double kSmallestStep = 1e-9;
-    constexpr double kSlopeGuard = 1e-7;
-    constexpr double kRestart = 0.01;
-    constexpr double kFirstStep = 0.01;  // of T
-    constexpr double kDamping = 0.1;
-
-    Saturation r;
-    r.p = p;
-    double T =
-        Tstart != 0 ? Tstart : std::log(p) * f.substance().Tcrit / std::log(f.substance().pcrit);
-    double step = 0, previousT = 0, previousRatio = 0, previousSide = 0;
-    int oneRoot = 0, threeRoots = 0, restarts = 0;
-    while (++r.rounds <= kCap) {
-        r.state = eos_at(f, T, r.state);
-        const Trial t = try_state(r.state, T, p);
-        if (!t.usable) return r;
-        take(r, t);
-        if (t.roots.count == 1) {
-            if (++oneRoot > kCap) return r;
-            const bool liquidLike = t.roots.v[0] < f.eos().vcritCalc;
-            const double side = liquidLike ? -1 : t.roots.v[0];
-            if (oneRoot == 1) {
-                step *= kDamping;
-                if (std::fabs(step) < kSmallestStep) step = kFirstStep * T;
-            } else if (side * previousSide < 0) {
-                step *= kDamping;
-            }
-            step = liquidLike ? std::fabs(step) : -std::fabs(step);
-            previousSide = side;
-        } else {
-            oneRoot = 0;
-            const double ratio = t.areas.ratio;
-            if (++threeRoots == 1) {
-                if (std::fabs(step) < kSmallestStep) step = kFirstStep * T;
-                if (ratio > 0) step = -std::fabs(step);
-                if (ratio < 0) step = std::fabs(step);
-            } else {
-                if (std::fabs(ratio) < kAreaTolerance) {
-                    r.T = T;
-                    r.status = kSuccess;
-                    return r;
-                }
-                if (std::fabs(ratio - previousRatio) > kSlopeGuard) {
-                    step = -(T - previousT) * ratio / (ratio - previousRatio);
-                    const double limit = kFirstStep * T;
-                    if (std::fabs(step) > limit) step = std::copysign(limit, step);
-                } else {
-                    step = ratio > previousRatio ? -kFirstStep * T : kFirstStep * T;
-                }
-                if (std::fabs(step / T) < kSmallestRelativeStep) return r;
-            }
-            previousT = T;
-            previousRatio = ratio;
-        }
-        T += step;
-        if (!std::isfinite(T)) return r;
-        if (equal_as_single(T, f.substance().Tcrit)) {
-            r.T = T;
-            r.status = kSuccess;
-            return r;
-        }
-        if (T < 1e-10) {
-            T = kRestart / ++restarts;
-            step = kDamping * (previousT - T);
-        }
-    }
-    return r;
+double start_temperature(const Fluid& f, double p) {
+    return std::log(p) * f.substance().Tcrit / std::log(f.substance().pcrit);
 }
 
 /// At small pressures the isotherms are too steep for the secant: march down in T and turn round
@@ -264,8 +272,9 @@ Saturation search_saturation_temperature(const Fluid& f, double p, double Tstart
     Saturation r;
     r.p = p;
     if (!(p > 0) || p > f.substance().pcrit || has_no_equilibrium(f)) return r;
-    return p / f.substance().pcrit < kSteepIsotherms ? search_temperature_by_marching(f, p)
-                                                     : search_temperature_by_secant(f, p, Tstart);
+    if (p / f.substance().pcrit < kSteepIsotherms) return search_temperature_by_marching(f, p);
+    const double start = Tstart != 0 ? Tstart : start_temperature(f, p);
+    return search_by_secant(f, kForTemperature, r, &Saturation::T, start, f.substance().Tcrit);
 }
 
 Saturation saturation_pressure(const Fluid& f, double T) {
@@ -287,7 +296,5 @@ Saturation saturation_temperature(const Fluid& f, double p, double Tstart) {
     found.rounds = r.rounds;
     return found;
 }
-
-namespace {}  // namespace
 
 }  // namespace quor::models

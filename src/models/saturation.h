@@ -11,7 +11,7 @@ struct Saturation {
     double areaRatio = 0, areaV = 0, areaL = 0;
     std::int16_t nRoots = 0;
     std::array<double, 3> v{};
-    models::EOSState state;
+    EOSState state;
     Status status = kFailure;
     int rounds = 0;         ///< rounds of the search, by its own count
     bool fallback = false;  ///< the bracketed search had to find the state

@@ -9,9 +9,6 @@
 
 namespace quor::models {
 
-using models::Fluid;
-using models::ReferenceState;
-
 namespace {
 
 StateValues no_values() {
@@ -40,14 +37,14 @@ Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& refere
         if (!(p > 0.0)) return {};
         // Where a heavy fluid is liquid in the surroundings the volume may be negative; the virial
         // form still gives a zero for the exergies, which are then right but for a constant.
-        const models::Virial b = models::virial(fluid, T);
+        const Virial b = virial(fluid, T);
         z.v = constants::R * T / p + b.B;
         z.h = ideal.h + p * (b.B - T * b.dB);
         z.s = ideal.s - p * b.dB;
         z.u = z.h - p * z.v;
         return std::isfinite(z.u) && std::isfinite(z.s) ? z : Surroundings{};
     }
-    const models::StateTP state = models::solve_state_tp(fluid, T, p);
+    const StateTP state = solve_state_tp(fluid, T, p);
     if (state.status != kSuccess) return {};
     const double v = state.hasL && !state.hasV ? state.vL : state.vV;
     const PhaseTable table = residual_functions(fluid, state.state, T, p, v);
@@ -67,7 +64,7 @@ StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
     if (ideal.status != kSuccess) return no_values();
 
     StateValues z;
-    z.table = residual_functions(fluid, models::eos_at(fluid, T), T, p, v);
+    z.table = residual_functions(fluid, eos_at(fluid, T), T, p, v);
     if (!z.table.filled) return no_values();
     const auto& residual = z.table.residual;
     z.h = ideal.h + constants::R * residual[ResH];

@@ -11,7 +11,6 @@
 namespace quor::models {
 
 using constants::R;
-using models::EOSState;
 
 namespace {
 
@@ -54,7 +53,7 @@ bool find_root(double start, double c2, double c1, double c0, double& v) {
     return false;
 }
 
-std::int16_t region_of(const models::SubstanceRecord& s, double T, double p, std::int16_t old) {
+std::int16_t region_of(const SubstanceRecord& s, double T, double p, std::int16_t old) {
     const bool at_pcrit = static_cast<float>(p) == static_cast<float>(s.pcrit);
     if ((T == s.Tcrit && at_pcrit) || (T < s.Tcrit && p < s.pcrit)) return 0;
     if (T > s.Tcrit && p > s.pcrit) return 2;
@@ -131,7 +130,7 @@ void decide_three_roots(StateTP& r, const Fluid& f, double T, double p) {
 }
 
 void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
-    const models::SubstanceRecord& s = f.substance();
+    const SubstanceRecord& s = f.substance();
     const double M = static_cast<double>(s.M);
     const double v = r.v[0];
     r.text = "One solution of the EOS";
@@ -162,8 +161,8 @@ PressureResult pressure_from_Tv(const Fluid& f, double T, double v, EOSState& st
         const double p = R * T / (v - state.eosB);
         return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
     }
-    if (v <= state.eosB) return {0, kFailure};
     state = eos_at(f, T, state);
+    if (v <= state.eosB) return {0, kFailure};
     const double p = cubic_pressure(state, T, v);
     return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
 }
@@ -346,7 +345,5 @@ TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
     if (v <= sat.v[0] || v >= sat.v[2]) return r;
     return dome_temperature(f, p, r.T, rounds);
 }
-
-// ---- the procedures over the process-level records
 
 }  // namespace quor::models

@@ -13,9 +13,13 @@ struct PressureResult {
     Status status = kSuccess;
 };
 
-/// p of the active EOS at T/K and v in m^3/kmol. Status -1 for v at or below the covolume
-/// `previous.eosB` (for a V-only model B(T)); `state` receives a, b, c, d at T.
-PressureResult pressure_from_Tv(const Fluid& fluid, double T, double v, models::EOSState& state);
+/// p of the fluid's equation at T/K and v in m^3/kmol. Status -1 for v at or below the covolume at
+/// T (for a V-only model B(T)); `state` receives a, b, c, d at T.
+PressureResult pressure_from_Tv(const Fluid& fluid, double T, double v, EOSState& state);
+inline PressureResult pressure_from_Tv(const Fluid& fluid, double T, double v) {
+    EOSState state;
+    return pressure_from_Tv(fluid, T, v, state);
+}
 
 /// Volume roots of the cubic form, ascending, m^3/kmol. With one root only v[0] is meaningful.
 struct CubicRoots {
@@ -25,7 +29,7 @@ struct CubicRoots {
 };
 
 /// Roots at T/K and p/kPa (not 0) for given a, b, c, d. Roots below b are dropped.
-CubicRoots solve_cubic(const models::EOSState& s, double T, double p);
+CubicRoots solve_cubic(const EOSState& s, double T, double p);
 
 /// Equal-area test between three roots at p: 0 at the Maxwell pressure, positive below it (V
 /// stable), negative above it (L stable). Areas in kJ/kmol.
@@ -33,7 +37,7 @@ struct Areas {
     double ratio = 0, V = 0, L = 0;
     Status status = kSuccess;
 };
-Areas area_ratio(const models::EOSState& s, const std::array<double, 3>& v, double T, double p);
+Areas area_ratio(const EOSState& s, const std::array<double, 3>& v, double T, double p);
 
 /// A state at T and p. Flags, volumes and densities are 0 where the phase is missing.
 struct StateTP {
@@ -44,7 +48,7 @@ struct StateTP {
     std::int16_t nRoots = 0;
     double areaRatio = 0, areaV = 0, areaL = 0;
     std::array<double, 3> v{};  ///< the roots
-    models::EOSState state;     ///< a, b, c, d at T
+    EOSState state;             ///< a, b, c, d at T
     double Bvirial = 0;
     std::string_view text;  ///< what the solver says of the state
     Status status = kSuccess;
@@ -59,7 +63,7 @@ struct TemperatureResult {
 };
 
 /// T at p/kPa and density/(kg/m^3); inside the two-phase dome of a cubic EOS the saturation
-/// temperature unless `singlePhaseOnly`. `warmStart` values are not used: each call stands alone.
+/// temperature unless `singlePhaseOnly`. Each call stands alone.
 TemperatureResult temperature_from_p_rho(const Fluid& fluid, double p, double rho,
                                          bool singlePhaseOnly);
 

@@ -14,7 +14,7 @@ struct VPSetAntoine {
     bool operator==(const VPSetAntoine&) const = default;
 };
 
-/// Frost-Kalkwarf set of nine values A to I in the form of `models::VapourPressure`; the stored
+/// Frost-Kalkwarf set of nine values A to I in the form of `vapour_pressure`; the stored
 /// third value is C + 273.15 and the sixth the exponent F less 2 in `FRO`. TLo = 0: absent.
 struct VPSetFrost {
     std::array<float, 9> a{};

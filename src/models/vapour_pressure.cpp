@@ -13,10 +13,6 @@ namespace quor::models {
 using constants::kLn10;
 using constants::kNormalPressure;
 using constants::kPresent;
-using models::SubstanceRecord;
-using models::VPSetAntoine;
-using models::VPSetFrost;
-using models::VPSetWagner;
 
 namespace {
 
@@ -323,8 +319,8 @@ void correlate_vapour_pressure(SubstanceRecord& s, VapourPressureEquation equati
 void correlate_august(SubstanceRecord& s) {
     const August line = august_line(s);
     const bool usable = std::isfinite(line.A) && std::isfinite(line.B);
-    s.AUG = usable ? models::VPSetAugust{static_cast<float>(line.A), static_cast<float>(line.B)}
-                   : models::VPSetAugust{};
+    s.AUG = usable ? VPSetAugust{static_cast<float>(line.A), static_cast<float>(line.B)}
+                   : VPSetAugust{};
 }
 
 }  // namespace quor::models

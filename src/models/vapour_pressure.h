@@ -15,7 +15,7 @@ struct VapourPressureResult {
 };
 
 /// p(LV) at T/K by an equation. Works for 1E-6 <= T <= Tcrit.
-VapourPressureResult vapour_pressure(const models::SubstanceRecord& s, double T,
+VapourPressureResult vapour_pressure(const SubstanceRecord& s, double T,
                                      VapourPressureEquation code);
 
 struct BoilingTemperatureResult {
@@ -25,7 +25,7 @@ struct BoilingTemperatureResult {
 };
 
 /// T(LV) at p/kPa, the inverse of `vapour_pressure`. p above pcrit is a failure.
-BoilingTemperatureResult boiling_temperature(const models::SubstanceRecord& s, double p,
+BoilingTemperatureResult boiling_temperature(const SubstanceRecord& s, double p,
                                              VapourPressureEquation code);
 
 struct SlopeResult {
@@ -33,14 +33,13 @@ struct SlopeResult {
     Status status = kSuccess;
 };
 
-SlopeResult vapour_pressure_slope(const models::SubstanceRecord& s, double T,
-                                  VapourPressureEquation code);
+SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, VapourPressureEquation code);
 
 /// Fills the set of a correlated equation (Frost/Kalkwarf by van der Waals or Redlich/Kwong,
 /// Antoine by Thompson) of a record from critical point and boiling point.
-void correlate_vapour_pressure(models::SubstanceRecord& s, VapourPressureEquation equation,
-                               double Tcrit, double pcrit, double Tboil);
+void correlate_vapour_pressure(SubstanceRecord& s, VapourPressureEquation equation, double Tcrit,
+                               double pcrit, double Tboil);
 /// Fills AUG of a record from its critical point and boiling point; a fault leaves zeros.
-void correlate_august(models::SubstanceRecord& s);
+void correlate_august(SubstanceRecord& s);
 
 }  // namespace quor::models

@@ -62,13 +62,13 @@ TEST(ProjectFile, ASettingThatIsNotToldStaysOut) {
     EXPECT_EQ(read->settings.csvSeparator, std::nullopt);
 }
 
-TEST(ProjectFile, NumbersThatNoModelHasAreMissing) {
+TEST(ProjectFile, ANumberWithoutAnEquationOfStateMeansTheIdealGas) {
     std::string text = project_text(manual_project());
     // Item 15, the equation of state.
     text.replace(text.find("\r\n10\r\n"), 6, "\r\n9\r\n");
     const auto read = read_project(text, "P.QCF");
     ASSERT_TRUE(read);
-    EXPECT_EQ(read->settings.eos, std::nullopt);
+    EXPECT_EQ(read->settings.eos, models::Eos::idealGas);
 }
 
 TEST(ProjectFile, AnotherFileIsRefusedByName) {

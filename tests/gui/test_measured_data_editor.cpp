@@ -2,6 +2,7 @@
 #include "gui/calc_view_test.h"
 #include "gui/editor_drive.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/undo_keys.h"
 
 using namespace quor;
 using namespace quor::app;

@@ -5,6 +5,7 @@
 #include "gui/data/editor_views.h"
 #include "gui/editor_drive.h"
 #include "gui/view_test.h"
+#include "gui/widgets/undo_keys.h"
 #include "legacy/declare.h"
 
 using namespace quor;

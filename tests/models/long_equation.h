@@ -4,12 +4,12 @@
 #include <cmath>
 #include <functional>
 
-#include "legacy/declare.h"
+#include "models/fluid.h"
 
 using namespace quor;
 
 /// The equations of state once more, in extended precision and straight from their formulas: the
-/// oracle of the analytic derivatives. The constants are those of the active model.
+/// oracle of the analytic derivatives. The constants are those of the fluid.
 namespace oracle {
 
 using Real = long double;
@@ -20,13 +20,14 @@ struct Coefficients {
     Real a = 0, b = 0, c = 0, d = 0;
 };
 
-inline Coefficients coefficients(Real T) {
-    const models::EOSParameters& e = legacy::the_eosParameters;
-    const models::JiTorvikParameters& jt = legacy::the_jiTorvik;
-    const Real Tc = legacy::the_substance.Tcrit;
-    const Real pc = legacy::the_substance.pcrit;
-    const int code = legacy::the_models.EOSModel;
-    if (code == 7 || code == 8) {
+inline Coefficients coefficients(const models::Fluid& f, Real T) {
+    using models::Eos;
+    const models::EOSParameters& e = f.eos();
+    const models::JiTorvikParameters& jt = f.jt();
+    const Real Tc = f.substance().Tcrit;
+    const Real pc = f.substance().pcrit;
+    const Eos eos = f.models().EOSModel;
+    if (eos == Eos::jiTorvik1 || eos == Eos::jiTorvik2) {
         const Real x = std::pow(T / Tc, 0.75L);
         const Real u = 1 - x;
         const Real w = T > Tc ? 1 + u * jt.jtM
@@ -34,7 +35,7 @@ inline Coefficients coefficients(Real T) {
         const Real B = jt.jtOmegaB * R * Tc / pc;
         const Real s = std::sqrt(Real(jt.jtOmegaC) * jt.jtOmegaC + 4 * Real(jt.jtOmegaC));
         const Real t = 1 - T / Tc;
-        const Real factor = code == 8 ? 1 - jt.jtK * t * t : 1;
+        const Real factor = eos == Eos::jiTorvik2 ? 1 - jt.jtK * t * t : 1;
         return {jt.jtA0 * w * w, B * factor, 0.5L * (jt.jtOmegaC - s) * B * factor,
                 0.5L * (jt.jtOmegaC + s) * B * factor};
     }
@@ -45,34 +46,34 @@ inline Coefficients coefficients(Real T) {
 }
 
 /// Second virial coefficient of a V-only model but the manual one.
-inline Real virial(Real T) {
-    const int code = legacy::the_models.EOSModel;
-    if (code == 0) return 0;
-    if (code == 16) {
-        const Real Tr = T / legacy::the_substance.Tcrit;
+inline Real virial(const models::Fluid& f, Real T) {
+    using models::Eos;
+    if (f.models().EOSModel == Eos::idealGas) return 0;
+    if (f.models().EOSModel == Eos::pitzerCurl) {
+        const models::SubstanceRecord& s = f.substance();
+        const Real Tr = T / s.Tcrit;
         const Real f0 = 0.1445L - 0.33L / Tr - 0.1385L / (Tr * Tr) - 0.0121L / (Tr * Tr * Tr);
         const Real f1 = 0.073L + 0.46L / Tr - 0.5L / (Tr * Tr) - 0.097L / (Tr * Tr * Tr) -
                         0.0073L / std::pow(Tr, 8.0L);
-        return (f0 + legacy::the_substance.omega * f1) * R * legacy::the_substance.Tcrit /
-               legacy::the_substance.pcrit;
+        return (f0 + s.omega * f1) * R * s.Tcrit / s.pcrit;
     }
-    const Coefficients k = coefficients(T);
+    const Coefficients k = coefficients(f, T);
     return k.b - k.a / (R * T);
 }
 
-inline Real pressure(Real T, Real v) {
-    if (legacy::the_models.EOSOnlyV) return R * T / (v - virial(T));
-    const Coefficients k = coefficients(T);
+inline Real pressure(const models::Fluid& f, Real T, Real v) {
+    if (f.models().EOSOnlyV) return R * T / (v - virial(f, T));
+    const Coefficients k = coefficients(f, T);
     return R * T / (v - k.b) - k.a / ((v + k.c) * (v + k.d));
 }
 
-inline Real covolume(Real T) {
-    return legacy::the_models.EOSOnlyV ? virial(T) : coefficients(T).b;
+inline Real covolume(const models::Fluid& f, Real T) {
+    return f.models().EOSOnlyV ? virial(f, T) : coefficients(f, T).b;
 }
 
-inline Real ln_phi(Real T, Real p, Real v) {
-    if (legacy::the_models.EOSOnlyV) return virial(T) * p / (R * T);
-    const auto [a, b, c, d] = coefficients(T);
+inline Real ln_phi(const models::Fluid& f, Real T, Real p, Real v) {
+    if (f.models().EOSOnlyV) return virial(f, T) * p / (R * T);
+    const auto [a, b, c, d] = coefficients(f, T);
     const Real L0 = std::log(R * T / p / (v - b)) + b / (v - b);
     if (c == d) return L0 - a / (R * T) * (2 * v + c) / ((v + c) * (v + c));
     return L0 + a / (R * T) / (c - d) * (std::log((v + d) / (v + c)) - c / (v + c) + d / (v + d));
@@ -94,13 +95,13 @@ Real zero_near(F f, Real x, Real slope) {
 }
 
 /// The volume at T and p next to a known one where (dp/dv)T is about `slope`.
-inline Real volume_near(Real T, Real p, Real v, Real slope) {
-    return zero_near([&](Real x) { return pressure(T, x) - p; }, v, slope);
+inline Real volume_near(const models::Fluid& f, Real T, Real p, Real v, Real slope) {
+    return zero_near([&](Real x) { return pressure(f, T, x) - p; }, v, slope);
 }
 
 /// The temperature at p and v next to a known one where (dp/dT)v is about `slope`.
-inline Real temperature_near(Real T, Real p, Real v, Real slope) {
-    return zero_near([&](Real x) { return pressure(x, v) - p; }, T, slope);
+inline Real temperature_near(const models::Fluid& f, Real T, Real p, Real v, Real slope) {
+    return zero_near([&](Real x) { return pressure(f, x, v) - p; }, T, slope);
 }
 
 /// Central differences of eighth order (B. Fornberg, Math. Comp. 51 (1988) 699).

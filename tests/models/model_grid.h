@@ -1,29 +1,30 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
 
-#include "legacy/declare.h"
+#include "models/fluid.h"
 
 using namespace quor;
 
 /// The sweep over all substances and models that the property tests share.
 namespace grid {
 
-inline constexpr std::int16_t kCubic[] = {2, 3, 4, 5, 6, 7, 8};
-inline constexpr std::int16_t kVOnly[] = {0, 10, 11, 12, 13, 14, 15, 16};
+using enum models::Eos;
 
-/// Makes a substance of the table and an equation of state the active ones, with given Ji/Torvik
-/// parameters, correlated vapour pressure sets and the first cp form that the substance has.
-void activate(const std::string& name, std::int16_t code);
+inline constexpr models::Eos kCubic[] = {vanDerWaals,  berthelot, redlichKwong, soave,
+                                         pengRobinson, jiTorvik1, jiTorvik2};
+inline constexpr models::Eos kVOnly[] = {idealGas,           manualVirial,       virialVanDerWaals,
+                                         virialBerthelot,    virialRedlichKwong, virialSoave,
+                                         virialPengRobinson, pitzerCurl};
+/// Those whose derivatives are exactly those of their B.
+inline constexpr models::Eos kVOnlyByFormula[] = {
+    idealGas,    virialVanDerWaals,  virialBerthelot, virialRedlichKwong,
+    virialSoave, virialPengRobinson, pitzerCurl};
 
-/// The same for a record, which stays as it is.
-void ActivateModel(std::int16_t code);
-
-/// Calls `test` for every substance, with the substance active under every code.
-void ForAll(std::span<const std::int16_t> codes,
-            const std::function<void(const std::string&)>& test);
+/// Calls `test` for every substance of the table with every equation, with a name for messages.
+void ForAll(std::span<const models::Eos> equations,
+            const std::function<void(const models::Fluid&, const std::string&)>& test);
 
 }  // namespace grid

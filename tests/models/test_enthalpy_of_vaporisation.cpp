@@ -1,4 +1,3 @@
-#include "legacy/wrappers.h"
 #include "models/enthalpy_of_vaporisation.h"
 
 #include <cmath>
@@ -6,12 +5,12 @@
 #include "common/numbers.h"
 #include "models/caloric.h"
 #include "models/density.h"
-#include "models/model_grid.h"
+#include "models/model_codes.h"
 #include "models/reference_state.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
-#include "support/session_test.h"
+#include "support/fluids.h"
 
 using namespace quor;
 
@@ -19,14 +18,27 @@ namespace {
 
 constexpr double R = 8.31451;
 
-using models::enthalpy_of_vaporisation;
+using models::Eos;
 using Result = models::EnthalpyOfVaporisationResult;
+using Vp = models::VapourPressureEquation;
+using enum models::VaporisationModel;
 
-class Vaporisation : public SessionTest {
+constexpr models::VaporisationModel kMethods[] = {
+    databaseEquation, chen, carruthKobayashi, watson, databaseDensity, benson, cubicEos};
+
+class Vaporisation : public testing::Test {
   protected:
-    Vaporisation() { grid::activate("Propane", 6); }
+    models::SubstanceRecord s = fluids::correlated_row("Propane");
+    models::ModelSelection models_ = fluids::selection(s, Eos::pengRobinson);
+    models::BensonPoint reference;
+    double rowT = 0, rowP = 0;  ///< measured values that may stand in
 
-    models::SubstanceRecord& s = legacy::the_substance;
+    models::Fluid fluid() const { return fluids::fluid(s, models_); }
+    Result by(models::VaporisationModel method, double T, double p, Vp equation) const {
+        return models::enthalpy_of_vaporisation(fluid(), {method, equation, reference, rowT, rowP},
+                                                T, p);
+    }
+    void choose(Eos eos) { models_ = fluids::selection(s, eos); }
 
     static void expect_failure(const Result& r, const std::string& explanation) {
         EXPECT_EQ(r.status, kFailure);
@@ -34,22 +46,16 @@ class Vaporisation : public SessionTest {
         EXPECT_EQ(r.h, 0);
         EXPECT_EQ(r.raw, 0);
     }
-    static void data_row(double T, double p) {
-        legacy::the_BatchData.resize(3);
-        legacy::the_BatchData[2].T = T;
-        legacy::the_BatchData[2].p = p;
-    }
 };
 
 TEST_F(Vaporisation, MethodOutsideTheTableFails) {
-    for (const std::int16_t method : {std::int16_t{0}, std::int16_t{-1}, std::int16_t{8}})
-        expect_failure(enthalpy_of_vaporisation(method, 300, 0, "WAG", true), "");
+    expect_failure(by(none, 300, 0, Vp::wagner), "");
+    for (const int code : {-1, 8}) EXPECT_FALSE(models::vaporisation_of_code(code)) << code;
 }
 
 TEST_F(Vaporisation, AboveTheCriticalTemperatureEveryMethodFails) {
-    for (std::int16_t method = 1; method <= 7; ++method)
-        expect_failure(enthalpy_of_vaporisation(method, s.Tcrit + 1e-9, 0, "WAG", true),
-                       "T > T(cr)!");
+    for (const models::VaporisationModel method : kMethods)
+        expect_failure(by(method, s.Tcrit + 1e-9, 0, Vp::wagner), "T > T(cr)!");
 }
 
 TEST_F(Vaporisation, DatabaseEquationFollowsItsFormula) {
@@ -62,57 +68,42 @@ TEST_F(Vaporisation, DatabaseEquationFollowsItsFormula) {
     const double expected =
         a(0) * std::exp(-a(1) * Tr) *
         std::pow(1 - Tr, a(2) + a(3) * Tr + a(4) * Tr * Tr + a(5) * Tr * Tr * Tr);
-    const Result r = enthalpy_of_vaporisation(1, 300, 0, "000", true);
+    const Result r = by(databaseEquation, 300, 0, Vp::none);
     EXPECT_EQ(r.status, kSuccess);
     EXPECT_NEAR(r.raw, expected, 1e-9 * expected);
     EXPECT_EQ(r.h, static_cast<std::int32_t>(std::lround(expected)));
     EXPECT_EQ(r.explanation, "delta(LV)h = Fu(T) (by using database equation)");
     EXPECT_EQ(r.p, 0);
-    EXPECT_NEAR(models::enthalpy_equation_value(300).h, expected, 1e-9 * expected);
+    EXPECT_NEAR(models::enthalpy_equation(s, 300).h, expected, 1e-9 * expected);
 }
 
-TEST_F(Vaporisation, DatabaseEquationWarnsBeyondFiveKelvins) {
+TEST_F(Vaporisation, DatabaseEquationTellsTheKelvinsOutsideItsRange) {
     s.hLVTLo = 250;
     s.hLVTHi = 350;
-    const auto messages = [&](double T, bool warn = true) {
-        user.messages.clear();
-        enthalpy_of_vaporisation(1, T, 0, "000", warn);
-        return user.messages.size();
-    };
-    EXPECT_EQ(messages(300), 0U);
-    EXPECT_EQ(messages(355), 0U);
-    EXPECT_EQ(messages(245), 0U);
-    EXPECT_EQ(messages(244, false), 0U);
-    EXPECT_EQ(messages(356), 1U);
-    EXPECT_EQ(user.lastText(),
-              "Temperature 6 K outside parameter validity\n"
-              "(cf. Data/Parameters delta(LV)h = Fu(T))");
-    EXPECT_EQ(user.lastTitle(), "Warning concerning equation delta(LV)h = Fu(T)");
-    EXPECT_EQ(messages(244), 1U);
-    EXPECT_EQ(user.lastText(),
-              "Temperature -6 K outside parameter validity\n"
-              "(cf. Data/Parameters delta(LV)h = Fu(T))");
-    const Result r = enthalpy_of_vaporisation(1, 244, 0, "000", false);
-    EXPECT_EQ(r.deviation, -6);
-    EXPECT_GT(r.h, 15000);
+    const auto deviation = [&](double T) { return by(databaseEquation, T, 0, Vp::none).deviation; };
+    EXPECT_EQ(deviation(300), 0);
+    EXPECT_EQ(deviation(355), 5);
+    EXPECT_EQ(deviation(245), -5);
+    EXPECT_EQ(deviation(356), 6);
+    EXPECT_EQ(deviation(244), -6);
+    EXPECT_GT(by(databaseEquation, 244, 0, Vp::none).h, 15000);
 }
 
 TEST_F(Vaporisation, DatabaseEquationIsMissingWithoutCriticalTemperatureOrRange) {
     const float Tc = s.hLVTc;
     s.hLVTc = 0;
-    EXPECT_EQ(models::enthalpy_equation_value(300).status, kFailure);
-    EXPECT_EQ(enthalpy_of_vaporisation(1, 300, 0, "000", true).status, kFailure);
+    EXPECT_EQ(models::enthalpy_equation(s, 300).status, kFailure);
+    EXPECT_EQ(by(databaseEquation, 300, 0, Vp::none).status, kFailure);
     s.hLVTc = Tc;
-    EXPECT_EQ(models::enthalpy_equation_value(300).status, kSuccess);
+    EXPECT_EQ(models::enthalpy_equation(s, 300).status, kSuccess);
     s.hLVTHi = 0;
-    EXPECT_EQ(enthalpy_of_vaporisation(1, 300, 0, "000", true).status, kFailure);
-    EXPECT_TRUE(user.messages.empty());
+    EXPECT_EQ(by(databaseEquation, 300, 0, Vp::none).status, kFailure);
 }
 
 TEST_F(Vaporisation, ChenFollowsItsFormula) {
     const double Tr = 300 / s.Tcrit, pr = 1000 / s.pcrit;
     const double expected = 300 * (33.08 * Tr - 32.74 - 29.77 * std::log10(pr)) / (1.07 - Tr);
-    const Result r = enthalpy_of_vaporisation(2, 300, 1000, "WAG", true);
+    const Result r = by(chen, 300, 1000, Vp::wagner);
     EXPECT_NEAR(r.raw, expected, 1e-9 * expected);
     EXPECT_EQ(r.explanation, "Chen-correlation");
     EXPECT_EQ(r.p, 1000);
@@ -122,23 +113,23 @@ TEST_F(Vaporisation, CarruthKobayashiFollowsItsFormulaAlsoWithoutAcentricFactor)
     const double t = 1 - 300 / s.Tcrit;
     const double simple = R * s.Tcrit * 7.08 * std::pow(t, 0.354);
     const double with = simple + R * s.Tcrit * 10.95 * s.omega * std::pow(t, 0.456);
-    EXPECT_NEAR(enthalpy_of_vaporisation(3, 300, 0, "000", true).raw, with, 1e-9 * with);
+    EXPECT_NEAR(by(carruthKobayashi, 300, 0, Vp::none).raw, with, 1e-9 * with);
     s.omega = 0;
-    const Result r = enthalpy_of_vaporisation(3, 300, 0, "000", true);
+    const Result r = by(carruthKobayashi, 300, 0, Vp::none);
     EXPECT_NEAR(r.raw, simple, 1e-9 * simple);
     EXPECT_EQ(r.explanation, "Carruth/Kobayashi-correlation");
 }
 
 TEST_F(Vaporisation, WatsonFollowsItsFormulaAndNamesItsExponent) {
-    legacy::the_models.WatsonN = 0.4F;
+    models_.WatsonN = 0.4F;
     const double ratio = (s.Tcrit - 300) / (s.Tcrit - static_cast<double>(s.WatsonT));
     const double expected =
         static_cast<double>(s.WatsonH) * std::pow(ratio, static_cast<double>(0.4F));
-    const Result r = enthalpy_of_vaporisation(4, 300, 0, "000", true);
+    const Result r = by(watson, 300, 0, Vp::none);
     EXPECT_NEAR(r.raw, expected, 1e-9 * expected);
     EXPECT_EQ(r.explanation, "WATSON-correlation, n =0.4");
     s.WatsonH = 0;
-    EXPECT_EQ(enthalpy_of_vaporisation(4, 300, 0, "000", true).status, kFailure);
+    EXPECT_EQ(by(watson, 300, 0, Vp::none).status, kFailure);
 }
 
 TEST_F(Vaporisation, ResultsAreRoundedToWholeNumbersHalvesToTheEvenOne) {
@@ -147,7 +138,7 @@ TEST_F(Vaporisation, ResultsAreRoundedToWholeNumbersHalvesToTheEvenOne) {
     for (const auto& [value, rounded] : cases) {
         s.WatsonH = value;
         s.WatsonT = 231;
-        const Result r = enthalpy_of_vaporisation(4, 231, 0, "000", true);
+        const Result r = by(watson, 231, 0, Vp::none);
         EXPECT_EQ(r.raw, static_cast<double>(value));
         EXPECT_EQ(r.h, rounded) << value;
     }
@@ -155,19 +146,19 @@ TEST_F(Vaporisation, ResultsAreRoundedToWholeNumbersHalvesToTheEvenOne) {
 
 TEST_F(Vaporisation, ResultBeyondWholeNumbersFails) {
     s.WatsonH = 1e10F;
-    EXPECT_EQ(enthalpy_of_vaporisation(4, 231, 0, "000", true).status, kFailure);
+    EXPECT_EQ(by(watson, 231, 0, Vp::none).status, kFailure);
 }
 
 TEST_F(Vaporisation, AtTheCriticalTemperature) {
     const double T = s.Tcrit;
-    for (const std::int16_t method : {std::int16_t{1}, std::int16_t{3}, std::int16_t{4}}) {
-        const Result r = enthalpy_of_vaporisation(method, T, 0, "000", false);
-        EXPECT_EQ(r.status, kSuccess) << method;
-        EXPECT_EQ(r.raw, 0) << method;
+    for (const auto method : {databaseEquation, carruthKobayashi, watson}) {
+        const Result r = by(method, T, 0, Vp::none);
+        EXPECT_EQ(r.status, kSuccess) << models::code_of(method);
+        EXPECT_EQ(r.raw, 0) << models::code_of(method);
     }
     // By design of the correlation: 33.08 - 32.74 over 0.07 times T.
-    EXPECT_NEAR(enthalpy_of_vaporisation(2, T, s.pcrit, "000", false).raw, T * 0.34 / 0.07, 1e-6);
-    const Result eos = enthalpy_of_vaporisation(7, T, 0, "000", false);
+    EXPECT_NEAR(by(chen, T, s.pcrit, Vp::none).raw, T * 0.34 / 0.07, 1e-6);
+    const Result eos = by(cubicEos, T, 0, Vp::none);
     EXPECT_EQ(eos.status, kSuccess);
     EXPECT_EQ(eos.h, 0);
     EXPECT_EQ(eos.p, s.pcrit);
@@ -175,25 +166,24 @@ TEST_F(Vaporisation, AtTheCriticalTemperature) {
 
 TEST_F(Vaporisation, DatabaseEquationThatEndsBelowTheCriticalPointIsZeroUpToIt) {
     s.hLVTc = 369.5F;
-    EXPECT_EQ(models::enthalpy_equation_value(369.7).status, kSuccess);
-    EXPECT_EQ(models::enthalpy_equation_value(369.7).h, 0);
-    EXPECT_EQ(models::enthalpy_equation_value(400).status, kFailure);
+    EXPECT_EQ(models::enthalpy_equation(s, 369.7).status, kSuccess);
+    EXPECT_EQ(models::enthalpy_equation(s, 369.7).h, 0);
+    EXPECT_EQ(models::enthalpy_equation(s, 400).status, kFailure);
 }
 
 /// Methods 5 and 6 by their own formula, from parts that are tested elsewhere.
 TEST_F(Vaporisation, ClausiusClapeyronFollowsItsFormula) {
-    legacy::the_session.calculation.method.reference = models::propose_benson_reference().point;
+    reference = models::propose_benson_reference(fluid()).point;
     const double T = 290;
-    const double p = models::VapourPressure(T, "WAG", false).p;
-    const double rhoV = models::SolveStateTP(T, p).rhoV;
-    const double slope = models::VapourPressureSlope(T, "WAG").slope;
+    const double p = models::vapour_pressure(s, T, Vp::wagner).p;
+    const double rhoV = models::solve_state_tp(fluid(), T, p).rhoV;
+    const double slope = models::vapour_pressure_slope(s, T, Vp::wagner).slope;
     const double M = static_cast<double>(s.M);
-    const double rhoL5 = models::density_l(290, false).rho;
-    const double rhoL6 = models::density_l_benson(T, s.Tcrit, s.rhocrit, rhoV,
-                                                  legacy::the_session.calculation.method.reference);
-    for (const auto& [method, rhoL] : {std::pair{5, rhoL5}, std::pair{6, rhoL6}}) {
-        const Result r =
-            enthalpy_of_vaporisation(static_cast<std::int16_t>(method), T, 0, "WAG", true);
+    const double rhoL5 = models::density_liquid(s, 290).rho;
+    const double rhoL6 = models::density_l_benson(T, s.Tcrit, s.rhocrit, rhoV, reference);
+    for (const auto& [method, rhoL] :
+         {std::pair{databaseDensity, rhoL5}, std::pair{benson, rhoL6}}) {
+        const Result r = by(method, T, 0, Vp::wagner);
         ASSERT_EQ(r.status, kSuccess);
         EXPECT_EQ(r.rhoV, rhoV);
         EXPECT_EQ(r.rhoL, rhoL);
@@ -206,28 +196,25 @@ TEST_F(Vaporisation, ClausiusClapeyronFollowsItsFormula) {
 }
 
 TEST_F(Vaporisation, ClausiusClapeyronFailsWithoutADensity) {
-    EXPECT_EQ(enthalpy_of_vaporisation(6, 290, 0, "WAG", true).status, kFailure)
-        << "without a reference point";
-    legacy::the_session.calculation.method.reference = models::propose_benson_reference().point;
+    EXPECT_EQ(by(benson, 290, 0, Vp::wagner).status, kFailure) << "without a reference point";
+    reference = models::propose_benson_reference(fluid()).point;
     s.rhocrit = 0;
-    EXPECT_EQ(enthalpy_of_vaporisation(6, 290, 0, "WAG", true).status, kFailure)
-        << "without a critical density";
+    EXPECT_EQ(by(benson, 290, 0, Vp::wagner).status, kFailure) << "without a critical density";
     s.rhoLPar = {};
     s.rhoLTLo = s.rhoLTHi = 0;
-    EXPECT_EQ(enthalpy_of_vaporisation(5, 290, 0, "WAG", true).status, kFailure)
+    EXPECT_EQ(by(databaseDensity, 290, 0, Vp::wagner).status, kFailure)
         << "without a density equation";
-    grid::activate("Propane", 6);
+    s = fluids::correlated_row("Propane");
     s.M = 0;
-    EXPECT_EQ(enthalpy_of_vaporisation(5, 290, 0, "WAG", true).status, kFailure)
-        << "without a molar mass";
+    EXPECT_EQ(by(databaseDensity, 290, 0, Vp::wagner).status, kFailure) << "without a molar mass";
 }
 
 TEST_F(Vaporisation, ByTheCubicEquationNamesHowTOrPWasFound) {
-    const Result fromT = enthalpy_of_vaporisation(7, 300, 0, "000", true);
+    const Result fromT = by(cubicEos, 300, 0, Vp::none);
     EXPECT_EQ(fromT.status, kSuccess);
     EXPECT_EQ(fromT.explanation, "p = p(LV) by using cubic EOS");
-    EXPECT_EQ(fromT.p, models::SaturationPressure(300).p);
-    const Result fromP = enthalpy_of_vaporisation(7, 0, fromT.p, "000", true);
+    EXPECT_EQ(fromT.p, models::saturation_pressure(fluid(), 300).p);
+    const Result fromP = by(cubicEos, 0, fromT.p, Vp::none);
     EXPECT_EQ(fromP.status, kSuccess);
     EXPECT_EQ(fromP.explanation, "T = T(LV) from cubic  EOS");
     EXPECT_NEAR(fromP.T, 300, 0.01);
@@ -238,85 +225,76 @@ TEST_F(Vaporisation, ByTheCubicEquationNamesHowTOrPWasFound) {
 }
 
 TEST_F(Vaporisation, ByTheCubicEquationFailsWithoutAnEquilibrium) {
-    grid::ActivateModel(16);
-    expect_failure(enthalpy_of_vaporisation(7, 300, 0, "WAG", true), "p(LV) by EOS: Error ");
-    expect_failure(enthalpy_of_vaporisation(7, 0, 500, "WAG", true), "T(LV) by using EOS: Error ");
-    grid::ActivateModel(6);
-    expect_failure(enthalpy_of_vaporisation(7, 0, 1.01 * s.pcrit, "WAG", true),
-                   "T(LV) by using EOS: Error ");
+    choose(Eos::pitzerCurl);
+    expect_failure(by(cubicEos, 300, 0, Vp::wagner), "p(LV) by EOS: Error ");
+    expect_failure(by(cubicEos, 0, 500, Vp::wagner), "T(LV) by using EOS: Error ");
+    choose(Eos::pengRobinson);
+    expect_failure(by(cubicEos, 0, 1.01 * s.pcrit, Vp::wagner), "T(LV) by using EOS: Error ");
     // Far above p(LV) there is one density only.
-    EXPECT_EQ(enthalpy_of_vaporisation(7, 300, 4000, "WAG", true).status, kFailure);
+    EXPECT_EQ(by(cubicEos, 300, 4000, Vp::wagner).status, kFailure);
 }
 
 TEST_F(Vaporisation, WithoutAVapourPressureTheDataRowStandsIn) {
-    expect_failure(enthalpy_of_vaporisation(2, 300, 0, "000", true), "No p available");
-    expect_failure(enthalpy_of_vaporisation(2, 300, 0, "000", true, 2), "No p available");
-    data_row(300, 990);
-    const Result r = enthalpy_of_vaporisation(2, 300, 0, "000", true, 2);
+    expect_failure(by(chen, 300, 0, Vp::none), "No p available");
+    rowT = 300;
+    rowP = 990;
+    const Result r = by(chen, 300, 0, Vp::none);
     EXPECT_EQ(r.status, kSuccess);
     EXPECT_EQ(r.p, 990);
     EXPECT_EQ(r.explanation, "Chen-correlation");
-    expect_failure(enthalpy_of_vaporisation(2, 300, 0, "000", true, 1), "No p available");
-    expect_failure(enthalpy_of_vaporisation(2, 300, 0, "000", true, 77), "No p available");
 }
 
 TEST_F(Vaporisation, WithoutABoilingTemperatureTheDataRowStandsIn) {
-    expect_failure(enthalpy_of_vaporisation(3, 0, 900, "ZZZ", true), "no T available");
-    data_row(300, 990);
-    const Result r = enthalpy_of_vaporisation(3, 0, 900, "ZZZ", true, 2);
+    expect_failure(by(carruthKobayashi, 0, 900, Vp::none), "no T available");
+    rowT = 300;
+    rowP = 990;
+    const Result r = by(carruthKobayashi, 0, 900, Vp::none);
     EXPECT_EQ(r.status, kSuccess);
     EXPECT_EQ(r.T, 300);
-    data_row(s.Tcrit + 1, 990);
-    expect_failure(enthalpy_of_vaporisation(3, 0, 900, "ZZZ", true, 2), "T > T(cr)!");
+    rowT = s.Tcrit + 1;
+    expect_failure(by(carruthKobayashi, 0, 900, Vp::none), "T > T(cr)!");
 }
 
 TEST_F(Vaporisation, WithoutTAndPThereIsNone) {
-    expect_failure(enthalpy_of_vaporisation(1, 0, 0, "WAG", true), "no T available");
-    expect_failure(enthalpy_of_vaporisation(2, 0, 0, "WAG", true), "No p available");
-    expect_failure(enthalpy_of_vaporisation(7, 0, 0, "WAG", true), "p(LV) by EOS: Error ");
+    expect_failure(by(databaseEquation, 0, 0, Vp::wagner), "no T available");
+    expect_failure(by(chen, 0, 0, Vp::wagner), "No p available");
+    expect_failure(by(cubicEos, 0, 0, Vp::wagner), "p(LV) by EOS: Error ");
 }
 
 TEST_F(Vaporisation, FromPFindsTByTheVapourPressureEquation) {
-    for (const std::int16_t method :
-         {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}, std::int16_t{4}, std::int16_t{5}}) {
-        const Result r = enthalpy_of_vaporisation(method, 0, 500, "WAG", true);
-        EXPECT_EQ(r.status, kSuccess) << method;
-        EXPECT_EQ(r.T, models::BoilingTemperature(500, "WAG", false).T) << method;
-        const Result same = enthalpy_of_vaporisation(method, r.T, 500, "WAG", true);
-        EXPECT_EQ(same.h, r.h) << method;
+    for (const auto method : {databaseEquation, chen, carruthKobayashi, watson, databaseDensity}) {
+        const Result r = by(method, 0, 500, Vp::wagner);
+        EXPECT_EQ(r.status, kSuccess) << models::code_of(method);
+        EXPECT_EQ(r.T, models::boiling_temperature(s, 500, Vp::wagner).T)
+            << models::code_of(method);
+        const Result same = by(method, r.T, 500, Vp::wagner);
+        EXPECT_EQ(same.h, r.h) << models::code_of(method);
     }
 }
 
-TEST_F(Vaporisation, WarnsOfTheVapourPressureEquationBeyondTenKelvins) {
+TEST_F(Vaporisation, TellsTheKelvinsOutsideTheRangeOfTheVapourPressureEquation) {
     s.WAG.TLo = 250;
     s.WAG.THi = 300;
-    const auto messages = [&](double T) {
-        user.messages.clear();
-        enthalpy_of_vaporisation(2, T, 0, "WAG", true);
-        return user.messages.size();
-    };
-    EXPECT_EQ(messages(310), 0U);
-    EXPECT_EQ(messages(311), 1U);
-    EXPECT_EQ(user.lastTitle(), "Warning concerning vapour pressure equation");
-    user.messages.clear();
-    enthalpy_of_vaporisation(2, 311, 0, "WAG", false);
-    EXPECT_TRUE(user.messages.empty());
+    EXPECT_EQ(by(chen, 310, 0, Vp::wagner).pressureDeviation, 10);
+    EXPECT_EQ(by(chen, 311, 0, Vp::wagner).pressureDeviation, 11);
+    EXPECT_EQ(by(chen, 310, 0, Vp::wagner).temperatureDeviation, 0);
+    const double p = models::vapour_pressure(s, 311, Vp::wagner).p;
+    EXPECT_EQ(by(chen, 0, p, Vp::wagner).temperatureDeviation, 11);
+    EXPECT_EQ(by(chen, 0, p, Vp::wagner).pressureDeviation, 0);
 }
 
-TEST_F(Vaporisation, WarnsOfTheDensityEquationBeyondFiveKelvins) {
+TEST_F(Vaporisation, TellsTheKelvinsOutsideTheRangeOfTheDensityEquation) {
     s.rhoLTLo = 250;
     s.rhoLTHi = 300;
-    enthalpy_of_vaporisation(5, 305, 0, "WAG", true);
-    EXPECT_TRUE(user.messages.empty());
-    enthalpy_of_vaporisation(5, 306, 0, "WAG", true);
-    ASSERT_EQ(user.messages.size(), 1U);
-    EXPECT_EQ(user.lastTitle(), "Warning concerning the equation rho_L = Fu(T)");
+    EXPECT_EQ(by(databaseDensity, 305, 0, Vp::wagner).densityDeviation, 5);
+    EXPECT_EQ(by(databaseDensity, 306, 0, Vp::wagner).densityDeviation, 6);
 }
 
 TEST_F(Vaporisation, ExponentFollowsTheDecimalMarkOfTheLocale) {
     numbers::set_decimal_mark(',');
-    EXPECT_EQ(enthalpy_of_vaporisation(4, 300, 0, "000", true).explanation,
-              "WATSON-correlation, n =0,38");
+    const Result r = by(watson, 300, 0, Vp::none);
+    numbers::set_decimal_mark('.');
+    EXPECT_EQ(r.explanation, "WATSON-correlation, n =0,38");
 }
 
 }  // namespace

@@ -1,13 +1,10 @@
 #include <cmath>
 #include <functional>
 
-#include "legacy/wrappers.h"
 #include "models/caloric.h"
-#include "models/model_grid.h"
+#include "models/model_codes.h"
 #include "models/reference_state.h"
-#include "support/codes.h"
 #include "support/fluids.h"
-#include "support/session_test.h"
 
 using namespace quor;
 
@@ -15,16 +12,27 @@ namespace {
 
 constexpr double R = 8.31451;
 
-class IdealGas : public SessionTest {
+using models::CpForm;
+
+class IdealGas : public testing::Test {
   protected:
+    models::SubstanceRecord s;
+    CpForm form = CpForm::polynomial;
+    models::ReferenceState reference;
+
     IdealGas() {
-        legacy::the_substance.Name = "test gas";
-        legacy::the_substance.M = 30;
-        legacy::the_models.CpModel = codes::cp(1);
+        s.Name = "test gas";
+        s.M = 30;
     }
-    static void polynomial(std::array<float, 5> c) {
-        legacy::the_substance.cpPoly = {c, 200, 1500};
+    void polynomial(std::array<float, 5> c) { s.cpPoly = {c, 200, 1500}; }
+    models::CpResult cp_at(double T) const { return models::ideal_gas_cp(s, form, T); }
+    models::IdealGasState functions(double T, double p) const {
+        models::ReferenceState settled = reference;
+        models::settle_reference(settled);
+        return models::ideal_gas_functions(s, form, settled, T, p);
     }
+    void expect_integrals_of_cp(double T, double p, const std::string& at) const;
+    void expect_no_values() const;
 };
 
 /// Integral by Gauss-Legendre quadrature with five points on each of 40 pieces.
@@ -43,32 +51,32 @@ double integral(const std::function<double(double)>& f, double from, double to) 
     return sum * half;
 }
 
-void expect_integrals_of_cp(double T, double p, const std::string& at) {
-    const auto cp = [](double x) { return models::IdealGasCp(x).cp; };
-    const double T0 = static_cast<double>(legacy::the_reference.T0);
-    const double p0 = static_cast<double>(legacy::the_reference.p0);
-    const models::IdealGasState z = models::IdealGasFunctions(T, p);
+void IdealGas::expect_integrals_of_cp(double T, double p, const std::string& at) const {
+    const auto cp = [&](double x) { return cp_at(x).cp; };
+    const double T0 = static_cast<double>(reference.T0);
+    const double p0 = static_cast<double>(reference.p0);
+    const models::IdealGasState z = functions(T, p);
     ASSERT_EQ(z.status, kSuccess) << at;
     EXPECT_DOUBLE_EQ(z.cp, cp(T)) << at;
     const double h = integral(cp, T0, T);
-    const double s = integral([&](double x) { return cp(x) / x; }, T0, T) - R * std::log(p / p0);
+    const double entropy =
+        integral([&](double x) { return cp(x) / x; }, T0, T) - R * std::log(p / p0);
     EXPECT_NEAR(z.h, h, 1e-9 * std::fabs(h) + 1e-7) << at;
-    EXPECT_NEAR(z.s, s, 1e-9 * std::fabs(s) + 1e-9) << at;
+    EXPECT_NEAR(z.s, entropy, 1e-9 * std::fabs(entropy) + 1e-9) << at;
 }
 
 TEST_F(IdealGas, PolynomialFormsAreChosenByTheirFirstAndLastCoefficient) {
     const double T = 500;
     polynomial({30, 0.02F, 1e-5F, 2e-9F, 1e-12F});
-    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 0.02 * T + 1e-5 * T * T + 2e-9 * T * T * T + 0.0625,
-                1e-5);
+    EXPECT_NEAR(cp_at(T).cp, 30 + 0.02 * T + 1e-5 * T * T + 2e-9 * T * T * T + 0.0625, 1e-5);
     polynomial({30, 0.02F, 1e-5F, 2e-9F, 1.0F});
-    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 10 + 2.5 + 0.25 + 1.0 / (T * T), 1e-5);
+    EXPECT_NEAR(cp_at(T).cp, 30 + 10 + 2.5 + 0.25 + 1.0 / (T * T), 1e-5);
     polynomial({30, 0.02F, 1e-5F, 2e-9F, -2.5e5F});
-    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 10 + 2.5 + 0.25 - 1, 1e-5);
+    EXPECT_NEAR(cp_at(T).cp, 30 + 10 + 2.5 + 0.25 - 1, 1e-5);
     polynomial({0, 30, 0.02F, 1e-5F, 5e5F});
-    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 10 + 2.5 + 2, 1e-5);
+    EXPECT_NEAR(cp_at(T).cp, 30 + 10 + 2.5 + 2, 1e-5);
     polynomial({9e-9F, 30, 0.02F, 1e-5F, 0.5F});
-    EXPECT_NEAR(models::IdealGasCp(T).cp, 30 + 10 + 2.5 + 0.5 / (T * T), 1e-5);
+    EXPECT_NEAR(cp_at(T).cp, 30 + 10 + 2.5 + 0.5 / (T * T), 1e-5);
 }
 
 TEST_F(IdealGas, EnthalpyAndEntropyAreTheIntegralsOfEveryPolynomialForm) {
@@ -87,10 +95,10 @@ TEST_F(IdealGas, EnthalpyAndEntropyAreTheIntegralsOfEveryPolynomialForm) {
 TEST_F(IdealGas, EnthalpyAndEntropyAreTheIntegralsForEverySubstance) {
     int sets = 0;
     for (const std::string& name : fluids::AllNames()) {
-        legacy::the_substance = fluids::Row(name);
-        for (const std::int16_t form : {std::int16_t{1}, std::int16_t{2}}) {
-            legacy::the_models.CpModel = codes::cp(form);
-            if (models::IdealGasCp(300).status != kSuccess) continue;
+        s = fluids::Row(name);
+        for (const CpForm each : {CpForm::polynomial, CpForm::sinhCosh}) {
+            form = each;
+            if (cp_at(300).status != kSuccess) continue;
             ++sets;
             for (const double T : {210.0, 400.0, 900.0}) expect_integrals_of_cp(T, 250, name);
         }
@@ -100,11 +108,11 @@ TEST_F(IdealGas, EnthalpyAndEntropyAreTheIntegralsForEverySubstance) {
 
 TEST_F(IdealGas, ReferencePointHasTheReferenceValues) {
     polynomial({30, 0.02F, 0, 0, 0});
-    legacy::the_reference.T0 = 350;
-    legacy::the_reference.p0 = 200;
-    legacy::the_reference.href = 1000;
-    legacy::the_reference.sref = -3;
-    const models::IdealGasState z = models::IdealGasFunctions(350, 200);
+    reference.T0 = 350;
+    reference.p0 = 200;
+    reference.href = 1000;
+    reference.sref = -3;
+    const models::IdealGasState z = functions(350, 200);
     EXPECT_EQ(z.status, kSuccess);
     EXPECT_EQ(z.h, 1000);
     EXPECT_EQ(z.s, -3);
@@ -112,22 +120,20 @@ TEST_F(IdealGas, ReferencePointHasTheReferenceValues) {
 
 TEST_F(IdealGas, PressureEntersTheEntropyOnce) {
     polynomial({30, 0, 0, 0, 0});
-    const double low = models::IdealGasFunctions(400, 100).s;
-    const double high = models::IdealGasFunctions(400, 200).s;
+    const double low = functions(400, 100).s;
+    const double high = functions(400, 200).s;
     EXPECT_NEAR(low - high, R * std::log(2.0), 1e-12);
 }
 
 TEST_F(IdealGas, WithoutPressureTheEntropyIsThatOfTheReferencePressure) {
     polynomial({30, 0, 0, 0, 0});
-    EXPECT_NEAR(models::IdealGasFunctions(400, 0).s,
-                models::IdealGasFunctions(400, static_cast<double>(legacy::the_reference.p0)).s,
-                1e-12);
+    EXPECT_NEAR(functions(400, 0).s, functions(400, static_cast<double>(reference.p0)).s, 1e-12);
 }
 
-void expect_no_values() {
-    EXPECT_EQ(models::IdealGasCp(300).status, kFailure);
-    EXPECT_EQ(models::IdealGasCp(300).cp, 0);
-    const models::IdealGasState z = models::IdealGasFunctions(300, 100);
+void IdealGas::expect_no_values() const {
+    EXPECT_EQ(cp_at(300).status, kFailure);
+    EXPECT_EQ(cp_at(300).cp, 0);
+    const models::IdealGasState z = functions(300, 100);
     EXPECT_EQ(z.status, kFailure);
     EXPECT_EQ(z.cp, 0);
     EXPECT_EQ(z.h, 0);
@@ -136,10 +142,9 @@ void expect_no_values() {
 
 TEST_F(IdealGas, NoCpFormFails) {
     polynomial({30, 0, 0, 0, 0});
-    for (const std::int16_t form : {std::int16_t{0}, std::int16_t{3}, std::int16_t{-1}}) {
-        legacy::the_models.CpModel = codes::cp(form);
-        expect_no_values();
-    }
+    form = CpForm::none;
+    expect_no_values();
+    for (const int code : {3, -1}) EXPECT_FALSE(models::cp_form_of_code(code)) << code;
 }
 
 TEST_F(IdealGas, AnAbsentSetFails) {
@@ -148,43 +153,42 @@ TEST_F(IdealGas, AnAbsentSetFails) {
     expect_no_values();
     polynomial({1e-37F, 1e-37F, 0, 0, 0});
     expect_no_values();
-    legacy::the_models.CpModel = codes::cp(2);
+    form = CpForm::sinhCosh;
     expect_no_values();
 }
 
 TEST_F(IdealGas, SinhCoshFormFailsWhereItsExponentialsFault) {
-    legacy::the_models.CpModel = codes::cp(2);
-    legacy::the_substance.cpSinh = {{33, 80, 1500, 40, 700}, 200, 1500};
-    EXPECT_EQ(models::IdealGasCp(3).status, kSuccess);  // C2/T = 500
-    EXPECT_EQ(models::IdealGasCp(2).status, kFailure);  // C2/T = 750 overflows
-    EXPECT_EQ(models::IdealGasFunctions(2, 100).status, kFailure);
-    EXPECT_EQ(models::IdealGasFunctions(0.1, 100).status, kFailure);
-    EXPECT_EQ(models::IdealGasFunctions(0, 100).status, kFailure);
-    EXPECT_EQ(models::IdealGasFunctions(-300, 100).status, kFailure);
-    legacy::the_substance.cpSinh.c[2] = 0;  // x/sinh(x) becomes 0/0
-    EXPECT_EQ(models::IdealGasCp(300).status, kFailure);
-    legacy::the_substance.cpSinh.c[2] = -1500;  // the logarithm of a negative sinh
-    EXPECT_EQ(models::IdealGasFunctions(300, 100).status, kFailure);
+    form = CpForm::sinhCosh;
+    s.cpSinh = {{33, 80, 1500, 40, 700}, 200, 1500};
+    EXPECT_EQ(cp_at(3).status, kSuccess);  // C2/T = 500
+    EXPECT_EQ(cp_at(2).status, kFailure);  // C2/T = 750 overflows
+    EXPECT_EQ(functions(2, 100).status, kFailure);
+    EXPECT_EQ(functions(0.1, 100).status, kFailure);
+    EXPECT_EQ(functions(0, 100).status, kFailure);
+    EXPECT_EQ(functions(-300, 100).status, kFailure);
+    s.cpSinh.c[2] = 0;  // x/sinh(x) becomes 0/0
+    EXPECT_EQ(cp_at(300).status, kFailure);
+    s.cpSinh.c[2] = -1500;  // the logarithm of a negative sinh
+    EXPECT_EQ(functions(300, 100).status, kFailure);
 }
 
 TEST_F(IdealGas, PolynomialFailsWithoutATemperature) {
     polynomial({30, 0, 0, 0, 1e5F});
-    EXPECT_EQ(models::IdealGasFunctions(0, 100).status, kFailure);
-    EXPECT_EQ(models::IdealGasFunctions(-10, 100).status, kFailure);
-    legacy::the_reference.T0 = 0;
-    EXPECT_EQ(models::IdealGasFunctions(300, 100).status, kFailure);
+    EXPECT_EQ(functions(0, 100).status, kFailure);
+    EXPECT_EQ(functions(-10, 100).status, kFailure);
+    reference.T0 = 0;
+    EXPECT_EQ(functions(300, 100).status, kFailure);
 }
 
 TEST_F(IdealGas, LiquidAndSolidUseThePolynomialForms) {
-    models::SubstanceRecord& s = legacy::the_substance;
-    EXPECT_EQ(models::cp_liquid(300).status, kFailure);
-    EXPECT_EQ(models::cp_solid(300).status, kFailure);
+    EXPECT_EQ(models::polynomial_cp(s.cpL, 300).status, kFailure);
+    EXPECT_EQ(models::polynomial_cp(s.cpS, 300).status, kFailure);
     s.cpL = {{100, 0.1F, 0, 0, 1e-10F}, 200, 400};
     s.cpS = {{0, 20, 0.1F, 0, 9e4F}, 100, 250};
-    EXPECT_NEAR(models::cp_liquid(300).cp, 100 + 30 + 0.81, 1e-5);
-    EXPECT_NEAR(models::cp_solid(200).cp, 20 + 20 + 2.25, 1e-5);
+    EXPECT_NEAR(models::polynomial_cp(s.cpL, 300).cp, 100 + 30 + 0.81, 1e-5);
+    EXPECT_NEAR(models::polynomial_cp(s.cpS, 200).cp, 20 + 20 + 2.25, 1e-5);
     s.cpL.c[4] = -9e6F;
-    EXPECT_NEAR(models::cp_liquid(300).cp, 100 + 30 - 100, 1e-5);
+    EXPECT_NEAR(models::polynomial_cp(s.cpL, 300).cp, 100 + 30 - 100, 1e-5);
 }
 
 }  // namespace

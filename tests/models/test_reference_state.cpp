@@ -1,19 +1,17 @@
-#include "legacy/wrappers.h"
 #include "models/reference_state.h"
-#include "support/codes.h"
 
 #include <cmath>
 
 #include "common/numbers.h"
 #include "models/caloric.h"
 #include "models/density.h"
-#include "models/model_grid.h"
+#include "models/model_codes.h"
 #include "models/reference_choice.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
 #include "support/fluids.h"
-#include "support/session_test.h"
+#include "support/medium.h"
 
 using namespace quor;
 
@@ -23,10 +21,17 @@ constexpr double R = 8.31451;
 constexpr double kT0 = 298.15F;
 constexpr double kP0 = 101.325F;
 
-class ReferenceState : public SessionTest {
+using models::Eos;
+
+class ReferenceState : public testing::Test {
   protected:
-    models::ReferenceState& reference = legacy::the_reference;
-    models::SubstanceRecord& s = legacy::the_substance;
+    models::ReferenceState reference;
+    models::SubstanceRecord s;
+
+    models::ReferenceBase base_at(double p) {
+        models::settle_reference(reference);
+        return models::reference_base(s, reference, p);
+    }
 };
 
 TEST_F(ReferenceState, OfTheViewIsZeroAndCorrectsTheEntropyToThePressure) {
@@ -37,7 +42,7 @@ TEST_F(ReferenceState, OfTheViewIsZeroAndCorrectsTheEntropyToThePressure) {
         reference.p0 = 50;
         s.dfh = 1000;
         s.sconv = 10;
-        const models::ReferenceBase base = models::ReferenceValues(100);
+        const models::ReferenceBase base = base_at(100);
         EXPECT_EQ(base.h, 0);
         EXPECT_NEAR(base.s, -R * std::log(2.0), 1e-12);
         EXPECT_EQ(reference.T0, 280.0F);
@@ -54,7 +59,7 @@ TEST_F(ReferenceState, ConventionalAndFormationFixTemperatureAndPressure) {
         reference.RefMode = mode;
         reference.T0 = 280;
         reference.p0 = 50;
-        const models::ReferenceBase base = models::ReferenceValues(kP0);
+        const models::ReferenceBase base = base_at(kP0);
         EXPECT_EQ(base.h, -104680);
         const double entropy =
             mode == 2 ? static_cast<double>(s.sconv) : (-104680 + 24390) / 298.15;
@@ -66,57 +71,62 @@ TEST_F(ReferenceState, ConventionalAndFormationFixTemperatureAndPressure) {
 
 TEST_F(ReferenceState, PressureOfZeroBecomesNormalPressure) {
     reference.p0 = 0;
-    EXPECT_NEAR(models::ReferenceValues(kP0).s, 0, 1e-12);
+    EXPECT_NEAR(base_at(kP0).s, 0, 1e-12);
     EXPECT_EQ(reference.p0, 101.325F);
 }
 
 TEST_F(ReferenceState, WithoutPressureTheEntropyIsNotCorrected) {
     reference.RefMode = 2;
     s.sconv = 200;
-    EXPECT_EQ(models::ReferenceValues(0).s, 200);
-    EXPECT_EQ(models::ReferenceValues(-1).s, 200);
+    EXPECT_EQ(base_at(0).s, 200);
+    EXPECT_EQ(base_at(-1).s, 200);
 }
 
 TEST_F(ReferenceState, ConventionalIdealGasAtItsReferencePoint) {
-    grid::activate("Propane", 0);
-    reference.RefMode = 2;
-    const models::IdealGasState z = models::IdealGasFunctions(kT0, kP0);
-    EXPECT_EQ(z.h, static_cast<double>(s.dfh));
-    EXPECT_NEAR(z.s, static_cast<double>(s.sconv), 1e-12);
+    const Medium propane(fluids::fluid("Propane", Eos::idealGas), {.RefMode = 2});
+    const models::IdealGasState z = propane.ideal(kT0, kP0);
+    EXPECT_EQ(z.h, static_cast<double>(propane.fluid.substance().dfh));
+    EXPECT_NEAR(z.s, static_cast<double>(propane.fluid.substance().sconv), 1e-12);
 }
 
 TEST_F(ReferenceState, MissingFormationDataCountAsZero) {
-    grid::activate("Propane", 0);
-    s.dfh = s.dfg = s.sconv = 0;
+    const models::Fluid propane =
+        fluids::changed(fluids::fluid("Propane", Eos::idealGas),
+                        [](models::SubstanceRecord& r, auto&) { r.dfh = r.dfg = r.sconv = 0; });
     for (const std::int16_t mode : {std::int16_t{2}, std::int16_t{10}}) {
-        reference.RefMode = mode;
-        const models::IdealGasState z = models::IdealGasFunctions(kT0, kP0);
+        const models::IdealGasState z = Medium(propane, {.RefMode = mode}).ideal(kT0, kP0);
         EXPECT_EQ(z.status, kSuccess);
         EXPECT_EQ(z.h, 0);
         EXPECT_NEAR(z.s, 0, 1e-12);
     }
-    EXPECT_TRUE(user.messages.empty());
 }
 
 // ---- the second reference point of Benson's method
 
-class BensonReference : public SessionTest {
+class BensonReference : public testing::Test {
   protected:
     /// Propane with a measured density at 298.15 K, its slope, and no other density.
-    BensonReference() {
-        s = fluids::ReferencePropane();
-        grid::ActivateModel(6);
-        legacy::the_models.VPModel = codes::vp("WAG");
-    }
-    models::SubstanceRecord& s = legacy::the_substance;
+    models::SubstanceRecord s = fluids::ReferencePropane();
+    models::ModelSelection models_ = fluids::selection(s, Eos::pengRobinson);
 
-    double eos_density(double T, double p) { return models::SolveStateTP(T, p).rhoV; }
+    BensonReference() { models_.VPModel = models::VapourPressureEquation::wagner; }
+    models::Fluid fluid() const { return fluids::fluid(s, models_); }
+    models::BensonProposal proposal() const { return models::propose_benson_reference(fluid()); }
+    /// A manual coefficient below -R T/p, which leaves no volume.
+    void take_impossible_virial() {
+        models_ = fluids::selection(s, Eos::manualVirial);
+        models_.manualVirial.b0 = -1000;
+        models_.VPModel = models::VapourPressureEquation::wagner;
+    }
+    double eos_density(double T, double p) const {
+        return models::solve_state_tp(fluid(), T, p).rhoV;
+    }
     static std::string thousandths(double value) { return numbers::format_point(value, "##.###"); }
 };
 
 TEST_F(BensonReference, TakesTheDensityAtTheBoilingPointFromTheRecordFirst) {
     s.rhoLboil = 581.25F;
-    const models::BensonProposal r = models::propose_benson_reference();
+    const models::BensonProposal r = proposal();
     EXPECT_EQ(r.point.T, s.Tboil);
     EXPECT_EQ(r.point.p, 101.3F);
     EXPECT_EQ(r.point.rhoL, 581.25F);
@@ -134,16 +144,15 @@ TEST_F(BensonReference, TakesTheDensityEquationNext) {
     s.rhoLPar = {900, -1.5F, 0, 0, 0, 0, 0};
     s.rhoLTLo = 300;  // 69 K outside: no warning here
     s.rhoLTHi = 350;
-    const models::BensonProposal r = models::propose_benson_reference();
+    const models::BensonProposal r = proposal();
     EXPECT_NEAR(r.point.rhoL, 900 - 1.5 * static_cast<double>(s.Tboil), 1e-4);
     EXPECT_NE(r.text.find(" rho(L)(ref)/kg/m^3 =553.4 (from database-equ. rho(T))\n"),
               std::string::npos)
         << r.text;
-    EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(BensonReference, TakesTheSlopeOfTheMeasuredDensityLast) {
-    const models::BensonProposal r = models::propose_benson_reference();
+    const models::BensonProposal r = proposal();
     // 500 - 1.3 (231.036 - 298.15): here the slope refers to the temperature of the measurement.
     EXPECT_NEAR(r.point.rhoL, 500 + 1.3 * (298.15 - 231.036), 1e-3);
     EXPECT_NE(r.text.find(" rho(L)(ref)/kg/m^3 =587.2 (calculated from drho/dT)\n"),
@@ -155,7 +164,7 @@ TEST_F(BensonReference, AFailingDensityEquationGivesWayToTheNextSource) {
     s.rhoLPar = {100, -1, 300, -10, 0, 0, 0};
     s.rhoLTLo = 200;
     s.rhoLTHi = 350;
-    const models::BensonProposal r = models::propose_benson_reference();
+    const models::BensonProposal r = proposal();
     EXPECT_NEAR(r.point.rhoL, 100 - 231.036 + 300, 1e-3);
     EXPECT_NE(r.text.find("(calculated from drho/dT)"), std::string::npos);
 }
@@ -164,11 +173,11 @@ TEST_F(BensonReference, WithoutABoilingPointTheMeasuredPointIsTaken) {
     s.Tboil = 0;
     s.rhoLPar[1] = 0;
     s.rhoLPar[2] = 290.5F;
-    const models::BensonProposal r = models::propose_benson_reference();
+    const models::BensonProposal r = proposal();
     EXPECT_EQ(r.point.T, 290.5F);
     EXPECT_EQ(r.point.rhoL, 500.0F);
     const double T = static_cast<double>(290.5F);
-    const double p = models::VapourPressure(T, "WAG", false).p;
+    const double p = models::vapour_pressure(s, T, models::VapourPressureEquation::wagner).p;
     EXPECT_FLOAT_EQ(r.point.p, static_cast<float>(p));
     const double rhoV = eos_density(T, static_cast<double>(r.point.p));
     EXPECT_EQ(r.text,
@@ -181,51 +190,45 @@ TEST_F(BensonReference, WithoutABoilingPointTheMeasuredPointIsTaken) {
 
 TEST_F(BensonReference, ABoilingPointWithoutDensityIsDroppedForTheMeasuredPoint) {
     s.rhoLPar[1] = 0;
-    const models::BensonProposal r = models::propose_benson_reference();
+    const models::BensonProposal r = proposal();
     EXPECT_EQ(r.point.T, 298.15F);
     EXPECT_EQ(r.text.find("normal boiling"), std::string::npos);
 }
 
 TEST_F(BensonReference, WithoutAnyDensityThereIsNoProposal) {
     s.rhoLPar = {};
-    const models::BensonProposal r = models::propose_benson_reference();
+    const models::BensonProposal r = proposal();
     EXPECT_EQ(r.point.T, 0);
     EXPECT_EQ(r.point.p, 0);
     EXPECT_EQ(r.point.rhoL, 0);
     EXPECT_EQ(r.point.rhoV, 0);
     EXPECT_EQ(r.text, "");
     s.Tboil = 0;
-    EXPECT_EQ(models::propose_benson_reference().text, "");
+    EXPECT_EQ(proposal().text, "");
 }
 
 TEST_F(BensonReference, AMeasuredPointWithoutVapourPressureIsNoProposal) {
     s.Tboil = 0;
-    legacy::the_models.VPModel = codes::vp("000");
-    EXPECT_EQ(models::propose_benson_reference().point.T, 0);
+    models_.VPModel = models::VapourPressureEquation::none;
+    EXPECT_EQ(proposal().point.T, 0);
 }
 
 TEST_F(BensonReference, WhereTheEquationHasNoStatePitzerCurlGivesTheVapour) {
-    // A manual coefficient below -R T/p leaves no volume.
-    grid::ActivateModel(10);
-    legacy::the_eosParameters.eosB0 = -1000;
-    legacy::the_models.VPModel = codes::vp("WAG");
-    const models::BensonProposal r = models::propose_benson_reference();
+    take_impossible_virial();
+    const models::BensonProposal r = proposal();
     const double T = static_cast<double>(s.Tboil), p = static_cast<double>(101.3F);
-    const double B = models::SecondVirial(16, T);
+    const double B = models::second_virial(fluids::fluid(s, Eos::pitzerCurl), T);
     const double rhoV = static_cast<double>(s.M) / (R * T / p + B);
     EXPECT_FLOAT_EQ(r.point.rhoV, static_cast<float>(rhoV));
-    EXPECT_NEAR(legacy::the_Bvirial, B, 1e-12);
-    EXPECT_EQ(models::code_of(legacy::the_models.EOSModel), 10);
     EXPECT_TRUE(r.text.ends_with("\n rho(V)(ref)/kg/m^3 =" + thousandths(rhoV) +
                                  " (using Virial-EOS, PITZER/CURL)"))
         << r.text;
 }
 
 TEST_F(BensonReference, WithoutAcentricFactorTheIdealGasGivesTheVapour) {
-    grid::ActivateModel(10);
-    legacy::the_eosParameters.eosB0 = -1000;
+    take_impossible_virial();
     s.omega = 0;
-    const models::BensonProposal r = models::propose_benson_reference();
+    const models::BensonProposal r = proposal();
     const double rhoV =
         static_cast<double>(s.M) * static_cast<double>(101.3F) / R / static_cast<double>(s.Tboil);
     EXPECT_FLOAT_EQ(r.point.rhoV, static_cast<float>(rhoV));
@@ -235,16 +238,17 @@ TEST_F(BensonReference, WithoutAcentricFactorTheIdealGasGivesTheVapour) {
 
 TEST_F(BensonReference, NumbersHaveAPointInEveryLocale) {
     numbers::set_decimal_mark(',');
-    const models::BensonProposal r = models::propose_benson_reference();
+    const models::BensonProposal r = proposal();
+    numbers::set_decimal_mark('.');
     EXPECT_EQ(r.text.find(','), std::string::npos) << r.text;
 }
 
 TEST_F(BensonReference, OfEverySubstanceLiesBetweenGasAndLiquid) {
     int proposals = 0;
     for (const std::string& name : fluids::AllNames()) {
-        grid::activate(name, 6);
-        legacy::the_models.VPModel = codes::vp("KFR");
-        const models::BensonProposal r = models::propose_benson_reference();
+        s = fluids::correlated_row(name);
+        models_ = fluids::selection(s, Eos::pengRobinson);
+        const models::BensonProposal r = proposal();
         if (r.text.empty()) continue;
         ++proposals;
         EXPECT_TRUE(models::is_known(r.point)) << name;
@@ -275,11 +279,11 @@ TEST_F(ReferenceState, CaptionsFollowTheCaloricUnit) {
                                                             {"h /K", "s /R"},
                                                             {"h /(R T)", "s /(1/K) "},
                                                             {"h /(kJ/kg)", "s /(kJ/(kg K))"}};
-    for (std::int16_t unit = 0; unit < 4; ++unit) {
-        EXPECT_EQ(models::captions_of(unit).h, captions[unit].first);
-        EXPECT_EQ(models::captions_of(unit).s, captions[unit].second);
+    for (int i = 0; i < 4; ++i) {
+        const auto unit = static_cast<models::CaloricUnit>(i);
+        EXPECT_EQ(models::captions_of(unit).h, captions[i].first);
+        EXPECT_EQ(models::captions_of(unit).s, captions[i].second);
     }
-    EXPECT_EQ(models::captions_of(9).h, "h /(kJ/kmol)");
 }
 
 TEST_F(ReferenceState, FieldsShowTheRecordInTheUnitOfTheSession) {

@@ -2,10 +2,6 @@
 #include <cmath>
 #include <iterator>
 
-#include "legacy/current_fluid.h"
-#include "legacy/wrappers.h"
-#include "models/caloric.h"
-#include "models/cubic_eos.h"
 #include "models/density.h"
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/long_equation.h"
@@ -14,7 +10,8 @@
 #include "models/saturation.h"
 #include "models/state_solver.h"
 #include "support/codes.h"
-#include "support/session_test.h"
+#include "support/fluids.h"
+#include "support/medium.h"
 
 using namespace quor;
 
@@ -22,19 +19,30 @@ namespace {
 
 constexpr double R = 8.31451;
 
-class SaturationFunctions : public SessionTest {};
+using models::Eos;
+using Vp = models::VapourPressureEquation;
+
+/// delta(LV)h by the cubic equation at T.
+models::EnthalpyOfVaporisationResult by_cubic_eos(const models::Fluid& fluid, double T) {
+    return models::enthalpy_of_vaporisation(fluid,
+                                            {.model = models::VaporisationModel::cubicEos,
+                                             .vpCode = Vp::frostRedlichKwong,
+                                             .reference = {}},
+                                            T, 0);
+}
 
 /// Both phases have the same g but for the tolerance of the equal-area search: the residue of the
 /// areas is their difference of g.
-TEST_F(SaturationFunctions, BothPhasesHaveTheSameGibbsFunction) {
+TEST(SaturationFunctions, BothPhasesHaveTheSameGibbsFunction) {
     int states = 0;
-    grid::ForAll(grid::kCubic, [&](const std::string& name) {
+    grid::ForAll(grid::kCubic, [&](const models::Fluid& fluid, const std::string& name) {
+        const Medium medium(fluid);
         for (const double Tr : {0.55, 0.7, 0.85, 0.95, 0.99}) {
-            const double T = Tr * legacy::the_substance.Tcrit;
-            if (models::IdealGasCp(T).status != kSuccess) continue;
-            const models::SaturationValues z = models::SaturationFunctions(T);
+            const double T = Tr * medium.Tcrit();
+            if (!(medium.cp(T) > 0)) continue;
+            const models::SaturationValues z = medium.saturation(T);
             ASSERT_EQ(z.status, kSuccess) << name << " " << Tr;
-            const models::Saturation sat = models::SaturationPressure(T);
+            const models::Saturation sat = models::saturation_pressure(fluid, T);
             ++states;
             EXPECT_NEAR(z.V.g - z.L.g, -(sat.areaV + sat.areaL), 1e-9 * (R * T + std::fabs(z.L.g)))
                 << name << " " << Tr;
@@ -47,11 +55,10 @@ TEST_F(SaturationFunctions, BothPhasesHaveTheSameGibbsFunction) {
 }
 
 /// Clausius and Clapeyron: delta h = T delta v dp/dT, with the slope of the equation's own p(LV).
-TEST_F(SaturationFunctions, EnthalpyOfVaporisationIsThatOfClausiusAndClapeyron) {
-    grid::ForAll(grid::kCubic, [&](const std::string& name) {
-        const models::Fluid fluid = models::current_fluid();
+TEST(SaturationFunctions, EnthalpyOfVaporisationIsThatOfClausiusAndClapeyron) {
+    grid::ForAll(grid::kCubic, [&](const models::Fluid& fluid, const std::string& name) {
         for (const double Tr : {0.6, 0.8, 0.95}) {
-            const double T = Tr * legacy::the_substance.Tcrit;
+            const double T = Tr * fluid.substance().Tcrit;
             const models::Saturation sat = models::maxwell_pressure(fluid, T);
             const auto ln_p = [&](oracle::Real x) {
                 return static_cast<oracle::Real>(
@@ -66,43 +73,40 @@ TEST_F(SaturationFunctions, EnthalpyOfVaporisationIsThatOfClausiusAndClapeyron) 
             };
             EXPECT_NEAR(h(sat.v[2]) - h(sat.v[0]), expected, 1e-7 * expected) << name << " " << Tr;
             // Method 7 works at the pressure of the equal-area search with its own tolerance.
-            const models::EnthalpyOfVaporisationResult r =
-                models::enthalpy_of_vaporisation(7, T, 0, "KFR", false);
+            const models::EnthalpyOfVaporisationResult r = by_cubic_eos(fluid, T);
             ASSERT_EQ(r.status, kSuccess) << name << " " << Tr;
             EXPECT_NEAR(r.raw, expected, 1e-3 * expected) << name << " " << Tr;
         }
     });
 }
 
-TEST_F(SaturationFunctions, AtTheCriticalPointBothPhasesAreOne) {
-    for (const std::int16_t code : grid::kCubic) {
-        grid::activate("Propane", code);
-        const models::SaturationValues z = models::SaturationFunctions(legacy::the_substance.Tcrit);
-        ASSERT_EQ(z.status, kSuccess) << code;
-        EXPECT_EQ(z.p, legacy::the_substance.pcrit);
-        EXPECT_NEAR(z.vV, legacy::the_eosParameters.vcritCalc, 1e-12);
+TEST(SaturationFunctions, AtTheCriticalPointBothPhasesAreOne) {
+    for (const Eos eos : grid::kCubic) {
+        const Medium propane(fluids::fluid("Propane", eos));
+        const models::SaturationValues z = propane.saturation(propane.Tcrit());
+        ASSERT_EQ(z.status, kSuccess) << models::EOSName(eos);
+        EXPECT_EQ(z.p, propane.fluid.substance().pcrit);
+        EXPECT_NEAR(z.vV, propane.fluid.eos().vcritCalc, 1e-12);
         EXPECT_EQ(z.vV, z.vL);
         EXPECT_EQ(z.V.h, z.L.h);
         EXPECT_EQ(z.V.s, z.L.s);
         // Just below it both phases lie close to that state.
-        const models::SaturationValues below =
-            models::SaturationFunctions(0.9999 * legacy::the_substance.Tcrit);
-        EXPECT_NEAR(0.5 * (below.V.h + below.L.h), z.V.h, 0.02 * R * legacy::the_substance.Tcrit);
+        const models::SaturationValues below = propane.saturation(0.9999 * propane.Tcrit());
+        EXPECT_NEAR(0.5 * (below.V.h + below.L.h), z.V.h, 0.02 * R * propane.Tcrit());
     }
 }
 
 /// Closer and closer to the critical point both phases still exist and close on each other.
-TEST_F(SaturationFunctions, ExistUpToTheCriticalPoint) {
-    grid::ForAll(grid::kCubic, [&](const std::string& name) {
-        const double Tcrit = legacy::the_substance.Tcrit,
-                     vcrit = legacy::the_eosParameters.vcritCalc;
-        if (models::IdealGasCp(Tcrit).status != kSuccess) return;
+TEST(SaturationFunctions, ExistUpToTheCriticalPoint) {
+    grid::ForAll(grid::kCubic, [&](const models::Fluid& fluid, const std::string& name) {
+        const Medium medium(fluid);
+        const double Tcrit = medium.Tcrit(), vcrit = fluid.eos().vcritCalc;
+        if (!(medium.cp(Tcrit) > 0)) return;
         for (const double gap : {1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-12}) {
             const double T = (1 - gap) * Tcrit;
             const std::string at = name + ", 1 - Tr " + std::to_string(gap);
-            const models::SaturationValues z = models::SaturationFunctions(T);
-            const models::EnthalpyOfVaporisationResult r =
-                models::enthalpy_of_vaporisation(7, T, 0, "KFR", false);
+            const models::SaturationValues z = medium.saturation(T);
+            const models::EnthalpyOfVaporisationResult r = by_cubic_eos(fluid, T);
             ASSERT_EQ(z.status, kSuccess) << at;
             ASSERT_EQ(r.status, kSuccess) << at;
             // A cubic equation closes its dome with the square root of the gap.
@@ -116,19 +120,22 @@ TEST_F(SaturationFunctions, ExistUpToTheCriticalPoint) {
     });
 }
 
-TEST_F(SaturationFunctions, FailWithoutEquilibrium) {
-    grid::activate("Propane", 6);
-    EXPECT_EQ(models::SaturationFunctions(370).status, kFailure);
-    EXPECT_EQ(models::SaturationFunctions(0).status, kFailure);
-    legacy::the_substance.M = 0;
-    grid::ActivateModel(6);
-    EXPECT_EQ(models::SaturationFunctions(legacy::the_substance.Tcrit).status, kFailure);
-    grid::activate("Propane", 16);
-    EXPECT_EQ(models::SaturationFunctions(300).status, kFailure);
-    EXPECT_EQ(models::SaturationFunctions(legacy::the_substance.Tcrit).status, kFailure);
-    grid::activate("Propane", 6);
-    legacy::the_models.CpModel = codes::cp(0);
-    EXPECT_EQ(models::SaturationFunctions(300).status, kFailure);
+TEST(SaturationFunctions, FailWithoutEquilibrium) {
+    const auto status = [](const models::Fluid& fluid, double T) {
+        return Medium(fluid).saturation(T).status;
+    };
+    const models::Fluid propane = fluids::fluid("Propane", Eos::pengRobinson);
+    EXPECT_EQ(status(propane, 370), kFailure);
+    EXPECT_EQ(status(propane, 0), kFailure);
+    const models::Fluid withoutM =
+        fluids::changed(propane, [](models::SubstanceRecord& s, auto&) { s.M = 0; });
+    EXPECT_EQ(status(withoutM, propane.substance().Tcrit), kFailure);
+    const models::Fluid virial = fluids::fluid("Propane", Eos::pitzerCurl);
+    EXPECT_EQ(status(virial, 300), kFailure);
+    EXPECT_EQ(status(virial, propane.substance().Tcrit), kFailure);
+    const models::Fluid withoutCp = fluids::changed(
+        propane, [](auto&, models::ModelSelection& m) { m.CpModel = models::CpForm::none; });
+    EXPECT_EQ(status(withoutCp, 300), kFailure);
 }
 
 /// Saturation values of published reference equations (p/kPa, densities/kg m^-3, delta(LV)h/kJ
@@ -163,13 +170,13 @@ double off(double value, double published) {
 /// Errors to expect of the Peng/Robinson equation: p(LV) and rho(V) follow the acentric factor,
 /// which fixes p at Tr = 0.7 only and serves water least; delta(LV)h within 5 %; the L volume is
 /// not its strength.
-TEST_F(SaturationFunctions, OfPengRobinsonAgreeWithPublishedValuesWithinTheErrorOfTheModel) {
+TEST(SaturationFunctions, OfPengRobinsonAgreeWithPublishedValuesWithinTheErrorOfTheModel) {
     for (const Published& x : kPublished) {
-        grid::activate(x.name, 6);
+        const Medium medium(fluids::fluid(x.name, Eos::pengRobinson));
         const std::string at = std::string(x.name) + " at " + std::to_string(x.T);
-        const models::SaturationValues z = models::SaturationFunctions(x.T);
+        const models::SaturationValues z = medium.saturation(x.T);
         ASSERT_EQ(z.status, kSuccess) << at;
-        const double M = static_cast<double>(legacy::the_substance.M);
+        const double M = static_cast<double>(medium.fluid.substance().M);
         const bool water = at.starts_with("Water");
         EXPECT_NEAR(off(z.p, x.p), 0, water ? 0.11 : 0.04) << at;
         EXPECT_NEAR(off(M / z.vV, x.rhoV), 0, water ? 0.11 : 0.05) << at;
@@ -179,31 +186,31 @@ TEST_F(SaturationFunctions, OfPengRobinsonAgreeWithPublishedValuesWithinTheError
     }
 }
 
-TEST_F(SaturationFunctions, DatabaseFunctionsAgreeWithPublishedValues) {
+TEST(SaturationFunctions, DatabaseFunctionsAgreeWithPublishedValues) {
     for (const Published& x : kPublished) {
-        grid::activate(x.name, 6);
+        const models::SubstanceRecord s = fluids::Row(x.name);
         const std::string at = std::string(x.name) + " at " + std::to_string(x.T);
-        EXPECT_NEAR(off(models::density_l(static_cast<float>(x.T), false).rho, x.rhoL), 0, 0.002)
+        EXPECT_NEAR(off(models::density_liquid(s, static_cast<float>(x.T)).rho, x.rhoL), 0, 0.002)
             << at;
-        EXPECT_NEAR(off(models::cp_liquid(x.T).cp, x.cpL), 0, 0.012) << at;
+        EXPECT_NEAR(off(models::polynomial_cp(s.cpL, x.T).cp, x.cpL), 0, 0.012) << at;
     }
 }
 
 /// Expected errors: the fitted equation 0.05 %, the correlations some per cent.
-TEST_F(SaturationFunctions, EveryMethodOfTheEnthalpyOfVaporisationAgreesWithPublishedValues) {
+TEST(SaturationFunctions, EveryMethodOfTheEnthalpyOfVaporisationAgreesWithPublishedValues) {
     constexpr double kError[] = {0, 0.0005, 0.08, 0.04, 0.05, 0.06, 0.06, 0.05};
     for (const Published& x : kPublished) {
-        grid::activate(x.name, 6);
+        const models::Fluid fluid = fluids::fluid(x.name, Eos::pengRobinson);
         // The method of Benson from a published reference point in the middle of the dome.
         const auto nearest = [&](const Published& y) { return std::string(y.name) == x.name; };
         const Published& middle =
             *std::next(std::find_if(std::begin(kPublished), std::end(kPublished), nearest));
-        legacy::the_session.calculation.method.reference = {
+        const models::BensonPoint reference{
             static_cast<float>(middle.T), static_cast<float>(middle.p),
             static_cast<float>(middle.rhoL), static_cast<float>(middle.rhoV)};
-        for (std::int16_t method = 1; method <= 7; ++method) {
-            const models::EnthalpyOfVaporisationResult r =
-                models::enthalpy_of_vaporisation(method, x.T, 0, "WAG", false);
+        for (int method = 1; method <= 7; ++method) {
+            const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
+                fluid, {codes::hlv(method), Vp::wagner, reference}, x.T, 0);
             const std::string what = std::string(x.name) + " at " + std::to_string(x.T) +
                                      ", method " + std::to_string(method);
             EXPECT_EQ(r.status, kSuccess) << what;

@@ -9,7 +9,7 @@
 #include <set>
 
 #include "app/menu_catalogue.h"
-#include "models/model_tables.h"
+#include "models/model_codes.h"
 #include "session/help_topics.h"
 
 using namespace quor;

@@ -1,7 +1,6 @@
 #include <fstream>
 
 #include "common/numbers.h"
-#include "models/model_tables.h"
 #include "session/commands.h"
 #include "session/module2.h"
 #include "support/codes.h"
@@ -109,18 +108,6 @@ TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
     EXPECT_FALSE(the_session.BatchMode);
     EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 0);
     EXPECT_EQ(legacy::the_reference.RefMode, 1);
-}
-
-TEST(ModelTables, NamesAreFixedWidthAndCodesInvert) {
-    EXPECT_EQ(models::EOSName(codes::eos(6)), "CEOS Peng / Robinson               ");
-    EXPECT_EQ(models::EOSName(codes::eos(16)).size(), 35U);
-    EXPECT_FALSE(models::eos_of_code(9));
-    EXPECT_EQ(models::code_of(models::vp_of_code("WAG")), 4);
-    EXPECT_EQ(models::code_of(models::vp_of_code("xxx")), 0);
-    EXPECT_EQ(models::vp_code(codes::vp(8)), "THO");
-    EXPECT_EQ(models::FunctionLabel(14), "     ln (phi*)");
-    EXPECT_TRUE(models::is_v_only(codes::eos(0)));
-    EXPECT_FALSE(models::is_v_only(codes::eos(6)));
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "models/vapour_pressure.h"
+
 using namespace quor;
 
 namespace fluids {
@@ -231,6 +233,42 @@ models::SubstanceRecord ReferencePropane() {
     number("hasCpL", s.hasCpL);
     number("hasCpS", s.hasCpS);
     return s;
+}
+
+models::SubstanceRecord correlated_row(std::string_view name) {
+    using enum models::VapourPressureEquation;
+    models::SubstanceRecord s = Row(name);
+    for (const auto equation : {frostVanDerWaals, frostRedlichKwong, thompson})
+        models::correlate_vapour_pressure(s, equation, s.Tcrit, s.pcrit,
+                                          static_cast<double>(s.Tboil));
+    models::correlate_august(s);
+    return s;
+}
+
+models::ModelSelection selection(const models::SubstanceRecord& substance, models::Eos eos) {
+    models::ModelSelection m;
+    m.EOSModel = eos;
+    m.VPModel = models::VapourPressureEquation::frostRedlichKwong;
+    m.WatsonN = 0.38F;
+    m.CpModel = substance.hasCpSinh ? models::CpForm::sinhCosh : models::CpForm::polynomial;
+    m.manualVirial = {.b0 = 0.2, .b1 = 0.3, .b2 = 0.4};
+    m.jiTorvik = {.jtK = 0.06, .jtZc = 0.281, .jtM = 0.9, .jtP = 0.55, .jtQ = 0.35};
+    return m;
+}
+
+models::Fluid fluid(const models::SubstanceRecord& substance,
+                    const models::ModelSelection& models) {
+    const Result<models::Fluid> made = models::Fluid::make(substance, models);
+    if (!made) throw std::runtime_error("no fluid of " + substance.Name + ": " + made.reason());
+    return *made;
+}
+
+models::Fluid fluid(const models::SubstanceRecord& substance, models::Eos eos) {
+    return fluid(substance, selection(substance, eos));
+}
+
+models::Fluid fluid(std::string_view name, models::Eos eos) {
+    return fluid(correlated_row(name), eos);
 }
 
 }  // namespace fluids

@@ -4,14 +4,16 @@
 #include <string>
 #include <vector>
 
+#include "models/fluid.h"
+
 /// Independent reference values of propane (tests/data/reference_propane.json).
 namespace reference {
 
-/// All cases of one function.
+/// All cases of one function; throws when there is none.
 std::vector<nlohmann::json> Cases(const std::string& function);
 
-/// Makes the reference propane and the models of a case the active ones: EOS code, vapour pressure
-/// equation, cp form, Ji/Torvik parameters; the constants follow.
-void activate(const nlohmann::json& inputs);
+/// The reference propane with the models of a case: EOS code, vapour pressure equation, cp form,
+/// Watson exponent and Ji/Torvik parameters.
+quor::models::Fluid fluid(const nlohmann::json& inputs);
 
 }  // namespace reference
