@@ -29,11 +29,6 @@ inline models::ReferenceState the_reference;
 
 inline models::EOSParameters the_eosParameters;
 inline models::JiTorvikParameters the_jiTorvik;
-inline models::EOSState the_eosState;  ///< at the last T evaluated
-inline std::array<double, 3>
-    the_vRoots{};                         ///< volumes of the last cubic solve, ascending, m^3/kmol
-inline std::int16_t the_PhaseRegion = 0;  ///< region of the last state, see `models::SolveStateTP`
-inline double the_Bvirial = 0;            ///< last second virial coefficient, m^3/kmol
 
 inline std::vector<calculation::BatchDataSet> the_BatchData(2);  ///< from element 1 on
 inline report::ResultSet the_results;

@@ -21,28 +21,8 @@ void warn_of_range(std::int16_t deviation, const char* beginning) {
                   "Warning concerning vapour pressure equation");
 }
 
-std::chrono::milliseconds parameterWait{100000};
+constexpr std::chrono::milliseconds kParameterWait{100000};
 bool parametersGiven = false;
-
-Saturation publish(const Saturation& r) {
-    legacy::the_vRoots = r.v;
-    legacy::the_eosState = r.state;
-    return r;
-}
-
-/// The last surroundings and what they were evaluated for.
-const Surroundings& current_surroundings() {
-    static Fluid fluid;
-    static ReferenceState reference;
-    static Surroundings last;
-    const Fluid now = current_fluid();
-    if (!(now == fluid) || !(legacy::the_reference == reference)) {
-        last = surroundings_state(now, legacy::the_reference);
-        fluid = now;
-        reference = legacy::the_reference;
-    }
-    return last;
-}
 
 void tell_range(const std::string& text, const char* equation) {
     dialogs::tell(text, std::string("Warning concerning ") + equation);
@@ -88,7 +68,7 @@ Status obtain_ji_torvik_parameters(Eos eos) {
     const session::BusyPointer busy;
     const bool present = session::file_exists("djipar.exe");
     const auto answer = ask_parameter_program(
-        {present ? session::find_file("djipar.exe") : "", session::write_folder(), parameterWait},
+        {present ? session::find_file("djipar.exe") : "", session::write_folder(), kParameterWait},
         legacy::the_substance, legacy::the_models.VPModel, eos);
     if (answer) {
         legacy::the_jiTorvik = *answer;
@@ -122,10 +102,6 @@ Status calc_eos_parameters(Eos eos) {
         return 1;
     }
     return kSuccess;
-}
-
-void eval_eos_at_t(double T) {
-    legacy::the_eosState = eos_at(current_fluid(), T, legacy::the_eosState);
 }
 
 DensityResult density_l(float T, bool warn) {
@@ -163,70 +139,12 @@ CpResult cp_solid(double T) {
     return polynomial_cp(legacy::the_substance.cpS, T);
 }
 
-IdealGasState IdealGasFunctions(double T, double p) {
-    settle_reference(legacy::the_reference);
-    return ideal_gas_functions(legacy::the_substance, legacy::the_models.CpModel,
-                               legacy::the_reference, T, p);
-}
-
-Inflexion InflexionPoints(double T) {
-    return inflexion_points(current_fluid(), T);
-}
-
-PhaseTable ResidualFunctions(double T, double p, double v) {
-    models::eval_eos_at_t(T);
-    return residual_functions(models::current_fluid(), legacy::the_eosState, T, p, v);
-}
-
 Saturation SaturationPressure(double T) {
-    return publish(saturation_pressure(current_fluid(), T));
+    return saturation_pressure(current_fluid(), T);
 }
 
 Saturation SaturationTemperature(double p, double Tstart) {
-    return publish(saturation_temperature(current_fluid(), p, Tstart));
-}
-
-StateValues StateFunctions(double T, double p, double v) {
-    settle_reference(legacy::the_reference);
-    return state_functions(models::current_fluid(), legacy::the_reference, current_surroundings(),
-                           T, p, v);
-}
-
-SaturationValues SaturationFunctions(double T) {
-    settle_reference(legacy::the_reference);
-    return saturation_functions(current_fluid(), legacy::the_reference, current_surroundings(), T);
-}
-
-PressureResult pressure_from_tv(double T, double v) {
-    return pressure_from_Tv(current_fluid(), T, v, legacy::the_eosState);
-}
-
-CubicRoots SolveCubic(double T, double p) {
-    const CubicRoots r = solve_cubic(legacy::the_eosState, T, p);
-    if (r.status == kSuccess) legacy::the_vRoots = r.v;
-    return r;
-}
-
-StateTP SolveStateTP(double T, double p) {
-    const StateTP r = solve_state_tp(current_fluid(), T, p, legacy::the_PhaseRegion);
-    legacy::the_PhaseRegion = r.PhaseRegion;
-    legacy::the_eosState = r.state;
-    if (legacy::the_models.EOSOnlyV) {
-        legacy::the_Bvirial = r.Bvirial;
-    } else {
-        legacy::the_vRoots = r.v;
-    }
-    return r;
-}
-
-Areas AreaRatio(double T, double p) {
-    return area_ratio(legacy::the_eosState, legacy::the_vRoots, T, p);
-}
-
-TemperatureResult TemperatureFromPRho(double p, double rho, bool singlePhaseOnly) {
-    const TemperatureResult r = temperature_from_p_rho(current_fluid(), p, rho, singlePhaseOnly);
-    if (r.T > 0) eval_eos_at_t(r.T);
-    return r;
+    return saturation_temperature(current_fluid(), p, Tstart);
 }
 
 VapourPressureResult VapourPressure(double T, VapourPressureEquation code, bool warn) {
@@ -241,10 +159,6 @@ BoilingTemperatureResult BoilingTemperature(double p, VapourPressureEquation cod
     return r;
 }
 
-SlopeResult VapourPressureSlope(double T, VapourPressureEquation code) {
-    return vapour_pressure_slope(legacy::the_substance, T, code);
-}
-
 void CorrelateVapourPressure(VapourPressureEquation index, double Tcrit, double pcrit,
                              double Tboil) {
     correlate_vapour_pressure(legacy::the_substance, index, Tcrit, pcrit, Tboil);
@@ -252,14 +166,6 @@ void CorrelateVapourPressure(VapourPressureEquation index, double Tcrit, double 
 
 void CorrelateAugust() {
     correlate_august(legacy::the_substance);
-}
-
-double SecondVirial(Eos eos, double T) {
-    ModelSelection models = legacy::the_models;
-    models.EOSModel = eos;
-    const Fluid fluid(legacy::the_substance, models, legacy::the_eosParameters,
-                      legacy::the_jiTorvik);
-    return second_virial(fluid, T, legacy::the_eosState);
 }
 
 EnthalpyOfVaporisationResult enthalpy_of_vaporisation(VaporisationModel method, double T, double p,
@@ -280,20 +186,7 @@ EnthalpyEquationResult EnthalpyEquationValue(double T) {
     return enthalpy_equation(legacy::the_substance, T);
 }
 
-ReferenceBase ReferenceValues(double p) {
-    settle_reference(legacy::the_reference);
-    return reference_base(legacy::the_substance, legacy::the_reference, p);
-}
-
-BensonProposal propose_benson_reference() {
-    return propose_benson_reference(current_fluid());
-}
-
 void give_ji_torvik_parameters(bool given) {
     parametersGiven = given;
 }
-void set_ji_torvik_wait(std::chrono::milliseconds wait) {
-    parameterWait = wait;
-}
-
 }  // namespace quor::models

@@ -30,10 +30,6 @@ void reset_everything() {
     legacy::the_reference = {};
     legacy::the_eosParameters = {};
     legacy::the_jiTorvik = {};
-    legacy::the_eosState = {};
-    legacy::the_vRoots = {};
-    legacy::the_PhaseRegion = 0;
-    legacy::the_Bvirial = 0;
     legacy::the_BatchData.assign(2, {});
     legacy::the_results = {};
     legacy::the_diagram = nullptr;
