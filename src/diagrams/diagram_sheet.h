@@ -64,10 +64,12 @@ struct SheetContent {
     chart::Chart2D chart;
     std::vector<SheetCurve> curves;  ///< by place
     std::vector<bool> pointSets;     ///< by place; false: the place is free
+    std::string givenFooter;
 };
 struct UndoStep {
     std::string name;
     SheetContent before;
+    bool isDesign = false;  ///< a change of texts and styles, which goes on while they are typed
 };
 
 /// One diagram: its chart, its curves, and the request that stands behind it. Places count from 0.
@@ -153,11 +155,17 @@ void delete_marker_labels(DiagramSheet& sheet);
 void delete_critical_point(DiagramSheet& sheet, bool experimental);
 void delete_curve_labels(DiagramSheet& sheet);
 void delete_texts(DiagramSheet& sheet);
+void delete_legend(DiagramSheet& sheet);
 /// Deletes a point of a curve that shows single points, after a question.
 bool delete_single_point(DiagramSheet& sheet, int place, int point);
 
 /// Keeps the present content as what the next undo brings back.
 void remember(DiagramSheet& sheet, const std::string& step);
+/// The content as it is now.
+SheetContent content_of(const DiagramSheet& sheet);
+/// Keeps the content before a change of texts and styles that was made on the chart itself, unless
+/// nothing but the window has changed. Further changes of the same `step` belong to the first.
+void remember_design(DiagramSheet& sheet, const SheetContent& before, const std::string& step);
 /// Takes the last step back, or makes it again; false when there is none.
 bool undo(DiagramSheet& sheet);
 bool redo(DiagramSheet& sheet);

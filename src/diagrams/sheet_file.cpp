@@ -7,8 +7,8 @@
 #include "chart/chart_file.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "common/paths.h"
 #include "common/text.h"
-#include "diagrams/file_names.h"
 #include "diagrams/sheet_readout.h"
 
 namespace quor::diagrams {
@@ -125,10 +125,10 @@ SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
                               .defaultExtension = kExtension,
                               .overwritePrompt = true});
     if (!name || name->empty()) return {false, folder};
-    const std::string path = target_path(*name, folder, kExtension);
+    const std::string path = paths::target_path(*name, folder, kExtension);
     const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
     if (!saved.ok) dialogs::tell(saved.message, "ERROR", dialogs::Icon::Stop);
-    return {saved.ok, folder_of(path)};
+    return {saved.ok, paths::folder_of(path)};
 }
 
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool withNote) {
@@ -150,7 +150,7 @@ LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool withNot
                               .name = "*.oc2",
                               .defaultExtension = kExtension});
     if (!name || name->empty()) return {LoadOutcome::Cancelled, folder};
-    return load_oc2(sheet, target_path(*name, folder, ""));
+    return load_oc2(sheet, paths::in_folder(*name, folder));
 }
 
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file) {
@@ -158,11 +158,11 @@ LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file) {
     const chart::FileOutcome read = chart::load_chart(file, loaded);
     if (!read.ok) {
         dialogs::tell(read.message, "Execution not possible", dialogs::Icon::Stop);
-        return {LoadOutcome::Failed, folder_of(file)};
+        return {LoadOutcome::Failed, paths::folder_of(file)};
     }
     take_loaded_chart(sheet, std::move(loaded));
     sheet.loadedFile = file;
-    return {LoadOutcome::Loaded, folder_of(file)};
+    return {LoadOutcome::Loaded, paths::folder_of(file)};
 }
 
 void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart) {

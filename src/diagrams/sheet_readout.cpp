@@ -93,6 +93,7 @@ void explain_point_deletion() {
 
 LegendAnswer add_legend(DiagramSheet& sheet) {
     if (!chart::legend_entries(sheet.chart).empty()) {
+        if (!sheet.chart.legend.shown) remember(sheet, "Legend");
         sheet.chart.legend.shown = true;
         return LegendAnswer::Shown;
     }

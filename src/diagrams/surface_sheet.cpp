@@ -6,8 +6,8 @@
 #include "chart/chart_file.h"
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "common/paths.h"
 #include "common/text.h"
-#include "diagrams/file_names.h"
 
 namespace quor::diagrams {
 
@@ -167,10 +167,10 @@ SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder)
                               .defaultExtension = kExtension,
                               .overwritePrompt = true});
     if (!name || name->empty()) return {{}, folder};
-    const std::string path = target_path(*name, folder, kExtension);
+    const std::string path = paths::target_path(*name, folder, kExtension);
     const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
     if (!saved.ok) dialogs::tell(saved.message, "ERROR", dialogs::Icon::Stop);
-    return {saved.ok ? path : std::string(), folder_of(path)};
+    return {saved.ok ? path : std::string(), paths::folder_of(path)};
 }
 
 SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
@@ -182,15 +182,15 @@ SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
                               .name = kAnyFile,
                               .defaultExtension = kExtension});
     if (!name || name->empty()) return {{}, folder};
-    const std::string path = target_path(*name, folder, "");
+    const std::string path = paths::in_folder(*name, folder);
     const chart::FileOutcome read = chart::load_chart(path, sheet.chart);
     if (read.ok) {
         // Drawing anew gives the texts of this surface, which the file need not show.
         sheet.given = texts_of(sheet.chart);
-        return {path, folder_of(path)};
+        return {path, paths::folder_of(path)};
     }
     dialogs::tell(read.message, "Execution not possible", dialogs::Icon::Stop);
-    return {{}, folder_of(path)};
+    return {{}, paths::folder_of(path)};
 }
 
 std::string surface_readout(const chart::Chart3D& chart, double x, double y, double z) {

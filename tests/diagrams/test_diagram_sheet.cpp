@@ -365,6 +365,12 @@ TEST_F(DiagramSheet, CurvesOfTwoFluidsNameTheirFluid) {
     EXPECT_EQ(sheet.chart.footer.text, "Water,  CEOS Peng / Robinson");
     ASSERT_TRUE(diagrams::undo(sheet));
     EXPECT_EQ(label_of(1).text, "Water 300.0 K ");
+    // What is drawn after a step back is named as well.
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_EQ(sheet.chart.footer.text, "Propane,  CEOS Peng / Robinson");
+    diagrams::draw(sheet, pen());
+    EXPECT_EQ(sheet.chart.footer.text,
+              "Propane,  CEOS Peng / Robinson; Water,  CEOS Peng / Robinson");
 }
 
 TEST_F(DiagramSheet, CurvesOfTwoModelsNameTheirModel) {
@@ -446,6 +452,43 @@ TEST_F(DiagramSheet, TakesBackMarksAndTexts) {
     EXPECT_TRUE(diagrams::has_reference_lines(sheet));
     ASSERT_TRUE(diagrams::undo(sheet));
     EXPECT_FALSE(diagrams::has_reference_lines(sheet));
+}
+
+TEST_F(DiagramSheet, TakesBackAChangedStyleAsOneStep) {
+    store(points_on_line(3));
+    const diagrams::SheetContent before = diagrams::content_of(sheet);
+    sheet.chart.curves[0].line.width = 4;
+    diagrams::remember_design(sheet, before, "Design");
+    diagrams::SheetContent later = diagrams::content_of(sheet);
+    sheet.chart.curves[0].line.width = 5;
+    diagrams::remember_design(sheet, later, "Design");
+    EXPECT_EQ(sheet.undo.size(), 2U) << "the second change goes on with the first";
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_TRUE(curve(0) == before.chart.curves[0]);
+    ASSERT_TRUE(diagrams::redo(sheet));
+    EXPECT_EQ(curve(0).line.width, 5);
+}
+
+TEST_F(DiagramSheet, AMovedWindowIsNoStepOfTheDesign) {
+    store(points_on_line(3));
+    const diagrams::SheetContent before = diagrams::content_of(sheet);
+    sheet.chart.x.max = 77;
+    diagrams::remember_design(sheet, before, "Design");
+    EXPECT_EQ(sheet.undo.size(), 1U);
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_EQ(sheet.chart.x.max, 77) << "the window stays as the user has moved it";
+}
+
+TEST_F(DiagramSheet, TakesBackTheLegend) {
+    store(points_on_line(3));
+    diagrams::name_curve(sheet, 0, {"a curve", "c"});
+    diagrams::add_legend(sheet);
+    ASSERT_TRUE(sheet.chart.legend.shown);
+    diagrams::delete_legend(sheet);
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_TRUE(sheet.chart.legend.shown);
+    ASSERT_TRUE(diagrams::undo(sheet));
+    EXPECT_FALSE(sheet.chart.legend.shown);
 }
 
 }  // namespace

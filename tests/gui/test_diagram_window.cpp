@@ -185,6 +185,20 @@ TEST_F(Graph2D, TakesBackByCtrlZ) {
     EXPECT_EQ(drive::action("cmdUndo")->shortcut(), QKeySequence(QKeySequence::Undo));
 }
 
+TEST_F(Graph2D, TakesBackAStyleOfTheDesignPanel) {
+    openIsotherm("300");
+    choose("mnuKurvenDesign");
+    const chart::LinePattern before = curve(0).line.pattern;
+    drive::select("cmbKStil", "Curve dotted");
+    ASSERT_NE(curve(0).line.pattern, before);
+    EXPECT_EQ(drive::action("cmdUndo")->text(), "Undo Design");
+    choose("cmdUndo");
+    EXPECT_EQ(curve(0).line.pattern, before);
+    EXPECT_EQ(diagrams::curve_count(sheet()), 1);
+    choose("cmdRedo");
+    EXPECT_NE(curve(0).line.pattern, before);
+}
+
 TEST_F(Graph2D, ShowsTheLegendAndLeadsToTheDesignWithoutTexts) {
     openIsotherm();
     choose("mnuAddLegend");

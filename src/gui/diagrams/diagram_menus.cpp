@@ -87,6 +87,7 @@ MenuRow DiagramWindow::markMenu() {
              .name = QString("mnuAddProcessLine_%1").arg(i),
              .run = [this, i] { askProcessLine(static_cast<diagrams::ProcessKind>(i)); }});
     const auto showLabels = [this] {
+        diagrams::remember(sheet_, "Curve labels");
         for (diagrams::SheetCurve& curve : sheet_.curves) curve.label.shown = true;
         sheet_.chart.labelsShown = true;
         refresh();
@@ -202,55 +203,54 @@ MenuRow DiagramWindow::deleteMenu() {
         diagrams::redo(sheet_);
         refresh();
     };
-    return {.caption = "&Delete",
-            .name = "mnuDel",
-            .rows = {
-                {.caption = "Undo",
-                 .name = "cmdUndo",
-                 .run = takeBack,
-                 .enabled = [this] { return !sheet_.undo.empty(); },
-                 .icon = "undo",
-                 .shortcut = QKeySequence::Undo},
-                {.caption = "Redo",
-                 .name = "cmdRedo",
-                 .run = makeAgain,
-                 .enabled = [this] { return !sheet_.redo.empty(); },
-                 .shortcut = QKeySequence("Ctrl+Shift+Z")},
-                {},
-                removal("Everything", "mnuDelTotal", diagrams::delete_total,
-                        [this] { return diagrams::has_anything(sheet_); }),
-                curves,
-                points,
-                {.caption = "How to delete a single curve point",
-                 .name = "cmdMsgDelPoint",
-                 .run = diagrams::explain_point_deletion},
-                {},
-                removal("Markers", "mnuDelMarkTP", diagrams::delete_reference_lines,
-                        [this] {
-                            return diagrams::has_reference_lines(sheet_) ||
-                                   diagrams::has_marker_labels(sheet_);
-                        }),
-                removal("Texts of the markers", "mnuDelMarkLabels", diagrams::delete_marker_labels,
-                        [this] { return diagrams::has_marker_labels(sheet_); }),
-                removal(
-                    "Critical point (experimental)", "mnuDelCritPointEx",
-                    [](DiagramSheet& s) { diagrams::delete_critical_point(s, true); },
-                    [this] { return diagrams::has_critical_point(sheet_, true); }),
-                removal(
-                    "Critical point (calculated)", "mnuDelCritPointCalc",
-                    [](DiagramSheet& s) { diagrams::delete_critical_point(s, false); },
-                    [this] { return diagrams::has_critical_point(sheet_, false); }),
-                {},
-                removal(
-                    "Legend", "mnuDelLegend", [](DiagramSheet& s) { s.chart.legend.shown = false; },
-                    [this] { return sheet_.chart.legend.shown; }),
-                {.caption = "How to delete a single legend entry",
-                 .name = "cmdLegendInfo",
-                 .run = diagrams::explain_legend},
-                removal("Curve labels", "mnuDelLabels", diagrams::delete_curve_labels,
-                        [this] { return diagrams::has_curve_labels(sheet_); }),
-                removal("Additional texts", "mnuDelTexts", diagrams::delete_texts,
-                        [this] { return diagrams::has_texts(sheet_); })}};
+    return {
+        .caption = "&Delete",
+        .name = "mnuDel",
+        .rows = {{.caption = "Undo",
+                  .name = "cmdUndo",
+                  .run = takeBack,
+                  .enabled = [this] { return !sheet_.undo.empty(); },
+                  .icon = "undo",
+                  .shortcut = QKeySequence::Undo},
+                 {.caption = "Redo",
+                  .name = "cmdRedo",
+                  .run = makeAgain,
+                  .enabled = [this] { return !sheet_.redo.empty(); },
+                  .shortcut = QKeySequence("Ctrl+Shift+Z")},
+                 {},
+                 removal("Everything", "mnuDelTotal", diagrams::delete_total,
+                         [this] { return diagrams::has_anything(sheet_); }),
+                 curves,
+                 points,
+                 {.caption = "How to delete a single curve point",
+                  .name = "cmdMsgDelPoint",
+                  .run = diagrams::explain_point_deletion},
+                 {},
+                 removal("Markers", "mnuDelMarkTP", diagrams::delete_reference_lines,
+                         [this] {
+                             return diagrams::has_reference_lines(sheet_) ||
+                                    diagrams::has_marker_labels(sheet_);
+                         }),
+                 removal("Texts of the markers", "mnuDelMarkLabels", diagrams::delete_marker_labels,
+                         [this] { return diagrams::has_marker_labels(sheet_); }),
+                 removal(
+                     "Critical point (experimental)", "mnuDelCritPointEx",
+                     [](DiagramSheet& s) { diagrams::delete_critical_point(s, true); },
+                     [this] { return diagrams::has_critical_point(sheet_, true); }),
+                 removal(
+                     "Critical point (calculated)", "mnuDelCritPointCalc",
+                     [](DiagramSheet& s) { diagrams::delete_critical_point(s, false); },
+                     [this] { return diagrams::has_critical_point(sheet_, false); }),
+                 {},
+                 removal("Legend", "mnuDelLegend", diagrams::delete_legend,
+                         [this] { return sheet_.chart.legend.shown; }),
+                 {.caption = "How to delete a single legend entry",
+                  .name = "cmdLegendInfo",
+                  .run = diagrams::explain_legend},
+                 removal("Curve labels", "mnuDelLabels", diagrams::delete_curve_labels,
+                         [this] { return diagrams::has_curve_labels(sheet_); }),
+                 removal("Additional texts", "mnuDelTexts", diagrams::delete_texts,
+                         [this] { return diagrams::has_texts(sheet_); })}};
 }
 
 MenuRow DiagramWindow::designMenu() {

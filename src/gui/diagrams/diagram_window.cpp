@@ -1,5 +1,6 @@
 #include "gui/diagrams/diagram_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QKeyEvent>
@@ -82,7 +83,11 @@ DiagramWindow::DiagramWindow(const diagrams::PreparedDiagram& prepared,
     dock_->setMinimumWidth(kPanelWidth);
     addDockWidget(Qt::RightDockWidgetArea, dock_);
     dock_->hide();
-    connect(panel_, &DesignPanel::changed, this, &DiagramWindow::refresh);
+    connect(panel_, &DesignPanel::changed, this, [this] {
+        const QWidget* control = QApplication::focusWidget();
+        rememberDesign(control == nullptr ? QString() : control->objectName());
+        refresh();
+    });
 
     status_ = new QLabel;
     status_->setObjectName("lblReadout");
@@ -315,6 +320,15 @@ void DiagramWindow::followSession() {
 void DiagramWindow::paintSheet() {
     diagrams::place_labels(sheet_, canvas_->width(), canvas_->height(), chart::qtTextMeasure());
     canvas_->refresh();
+    shown_ = diagrams::content_of(sheet_);
+}
+
+void DiagramWindow::rememberDesign(const QString& what) {
+    // What is typed into one control is one step.
+    const bool other = what.isEmpty() || what != designed_;
+    designed_ = what;
+    if (other && !sheet_.undo.empty()) sheet_.undo.back().isDesign = false;
+    diagrams::remember_design(sheet_, shown_, "Design");
 }
 
 bool DiagramWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -371,7 +385,10 @@ void DiagramWindow::connectCanvas() {
     using chart::ChartHit;
     connect(canvas_, &Chart2DWidget::mouseMoved, this, &DiagramWindow::showReadout);
     connect(canvas_, &Chart2DWidget::rightClicked, this, &DiagramWindow::designHit);
-    connect(canvas_, &Chart2DWidget::partMoved, this, &DiagramWindow::refresh);
+    connect(canvas_, &Chart2DWidget::partMoved, this, [this] {
+        rememberDesign({});
+        refresh();
+    });
     connect(canvas_, &Chart2DWidget::windowChanged, this, [this] {
         diagrams::follow_window(sheet_);
         refresh();

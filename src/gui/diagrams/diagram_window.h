@@ -97,7 +97,12 @@ class DiagramWindow : public QMainWindow, public FollowsSession {
     void setCaption(const QString& file = {});
     void closeView();
 
+    /// Before texts or styles that the user has changed are shown.
+    void rememberDesign(const QString& what);
+
     diagrams::DiagramSheet sheet_;
+    diagrams::SheetContent shown_;  ///< as it was painted last
+    QString designed_;              ///< control of the design panel that changed it last
     WindowMenus menus_;
     int curveRows_ = 0, pointRows_ = 0;  ///< of the menus that delete
     chart::Chart2DWidget* canvas_ = nullptr;
