@@ -39,7 +39,7 @@ class Cycles : public GraphTest {
     void openDiagram(std::int16_t code, const Room& room) {
         for (const menu::Row& row : menu::Rows()) {
             if (row.action != "Diagram2D" || row.code != code) continue;
-            if (row.axisPair == "yy")
+            if (diagrams::input_of(diagrams::diagram_of(row.code)) == diagrams::DiagramInput::range)
                 when("frmInputProzessLinien", [] { click("cmdDraw"); });
             else
                 when("frmTpVSInputBox", [] { click("cmdOKAndDraw"); });

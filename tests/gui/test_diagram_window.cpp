@@ -96,19 +96,20 @@ TEST_F(Graph2D, OpensEveryRowOfTheMenuAndDraws) {
             ADD_FAILURE() << name.toStdString() << " is disabled";
             continue;
         }
-        const bool asksRange = row.axisPair == "yy";
-        const bool asks = row.sectionKind != 5 && row.sectionKind != 7;
+        const diagrams::DiagramInput input = diagrams::input_of(diagrams::diagram_of(row.code));
+        const bool asksRange = input == diagrams::DiagramInput::range;
+        const bool asks = asksRange || input == diagrams::DiagramInput::parameter;
         if (asks && !asksRange) when("frmTpVSInputBox", [] { click("cmdOKAndDraw"); });
         if (asksRange) when("frmInputProzessLinien", [] { click("cmdDraw"); });
         const std::size_t messages = user.messages.size();
         choose(name);
         if (user.messages.size() > messages && DiagramWindow::current() == nullptr) {
             // The substance has no data for this function of the database.
-            EXPECT_EQ(row.sectionKind, 7) << name.toStdString() << user.lastText();
+            EXPECT_EQ(input, diagrams::DiagramInput::validity) << name.toStdString() << user.lastText();
             continue;
         }
         ASSERT_NE(DiagramWindow::current(), nullptr) << name.toStdString();
-        if (row.sectionKind == 5) click("cmdDraw");
+        if (input == diagrams::DiagramInput::none) click("cmdDraw");
         EXPECT_GE(diagrams::curve_count(sheet()), 1)
             << name.toStdString() << ": " << user.lastText();
         choose("mnuHaupt");
@@ -536,8 +537,8 @@ TEST_F(Graph2D, KeepsSeveralDiagramsApart) {
     EXPECT_EQ(legacy::the_diagram->code, 1);
     EXPECT_EQ(the_session.DiagramT, 300);
     first->draw();
-    EXPECT_EQ(first->diagrams::curve_count(sheet()), 2);
-    EXPECT_EQ(second->diagrams::curve_count(sheet()), 1);
+    EXPECT_EQ(diagrams::curve_count(first->sheet()), 2);
+    EXPECT_EQ(diagrams::curve_count(second->sheet()), 1);
     shell::closeViews({"frmGraph2D"});
     drive::settle();
     EXPECT_EQ(DiagramWindow::current(), nullptr);

@@ -256,8 +256,8 @@ TEST_F(Frame, ADiagramRowPreparesItsDiagram) {
     openSubstance("Carbon dioxide");
     choose("mnuGraf_sub_proj_8");
     EXPECT_EQ(runs, 1);
-    EXPECT_EQ(legacy::the_diagram.DiagramType, 90);
-    EXPECT_EQ(legacy::the_diagram.axisPair, "yT");
+    EXPECT_EQ(legacy::the_diagram->code, 90);
+    EXPECT_EQ(legacy::the_diagram->axisPair, "yT");
 }
 
 TEST_F(Frame, StatusAndParametersAreReported) {

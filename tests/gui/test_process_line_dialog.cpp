@@ -5,6 +5,7 @@
 
 #include "common/numbers.h"
 #include "diagrams/polytropic_exchange.h"
+#include "gui/diagrams/process_line_dialog.h"
 #include "gui/graph_test.h"
 #include "legacy/declare.h"
 #include "models/saturation.h"

@@ -98,7 +98,7 @@ TEST_F(Graph3D, EveryRowOfTheMenuOpensItsSurface) {
         choose(e.row);
         ASSERT_NE(SurfaceWindow::current(), nullptr) << e.row;
         EXPECT_EQ(the_session.Diagram3DKind, e.kind);
-        EXPECT_EQ(sheet().Diagram3DKind, e.kind);
+        EXPECT_EQ(sheet().kind->code, e.kind);
         EXPECT_EQ(shown().header.text, e.title);
         EXPECT_EQ(shown().subtitle.text, " for Propane,  CEOS Peng / Robinson");
         EXPECT_EQ(shown().surface.nx, 41);
@@ -125,11 +125,11 @@ TEST_F(Graph3D, AsksWhetherToDrawTheSShapedCurves) {
     EXPECT_EQ(user.lastText(),
               "Draw physically real behaviour?\n"
               "(No = Draw S-shaped curves in the undercritical region)");
-    EXPECT_FALSE(sheet().SCurve3D);
+    EXPECT_FALSE(sheet().SCurve);
     const float plane = sheet().limits.TMin;
     user.answers.push_back(dialogs::Answer::No);
     choose(kPressureRow);
-    EXPECT_TRUE(sheet().SCurve3D);
+    EXPECT_TRUE(sheet().SCurve);
     EXPECT_NEAR(static_cast<double>(sheet().limits.TMin), 0.93 * legacy::the_substance.Tcrit, 1e-3);
     EXPECT_NEAR(static_cast<double>(plane), 0.75 * legacy::the_substance.Tcrit, 1e-3);
 }

@@ -43,12 +43,18 @@ QTabBar* placeTabs(const QString& name) {
     return bar;
 }
 
-/// One tab a place; those of free places are hidden.
+/// One tab a place; those of free places are hidden, and what has come last is in front.
 template <class IsUsed>
 void showTabs(QTabBar* bar, const QString& prefix, int places, IsUsed isUsed) {
-    while (bar->count() < places) bar->addTab(prefix + QString::number(bar->count() + 1));
-    for (int place = 0; place < bar->count(); ++place)
-        if (bar->isTabVisible(place) != isUsed(place)) bar->setTabVisible(place, isUsed(place));
+    while (bar->count() < places) {
+        bar->addTab(prefix + QString::number(bar->count() + 1));
+        bar->setTabVisible(bar->count() - 1, false);
+    }
+    for (int place = 0; place < bar->count(); ++place) {
+        if (bar->isTabVisible(place) == isUsed(place)) continue;
+        bar->setTabVisible(place, isUsed(place));
+        if (isUsed(place)) bar->setCurrentIndex(place);
+    }
 }
 
 }  // namespace
