@@ -270,7 +270,8 @@ EnthalpyOfVaporisationResult enthalpy_of_vaporisation(VaporisationModel method, 
     const calculation::BatchDataSet row =
         known ? legacy::the_BatchData[i] : calculation::BatchDataSet{};
     const EnthalpyOfVaporisationResult r = enthalpy_of_vaporisation(
-        current_fluid(), {method, vpCode, legacy::the_session.calculation.method.reference, row.T, row.p}, T, p);
+        current_fluid(),
+        {method, vpCode, legacy::the_session.calculation.method.reference, row.T, row.p}, T, p);
     if (warn) tell_ranges(r);
     return r;
 }

@@ -3,8 +3,6 @@
 
 #include "common/constants.h"
 #include "models/caloric.h"
-
-#include "legacy/declare.h"
 #include "models/reference_state.h"
 
 namespace quor::models {

@@ -105,7 +105,8 @@ TEST_F(Graph2D, OpensEveryRowOfTheMenuAndDraws) {
         choose(name);
         if (user.messages.size() > messages && DiagramWindow::current() == nullptr) {
             // The substance has no data for this function of the database.
-            EXPECT_EQ(input, diagrams::DiagramInput::validity) << name.toStdString() << user.lastText();
+            EXPECT_EQ(input, diagrams::DiagramInput::validity)
+                << name.toStdString() << user.lastText();
             continue;
         }
         ASSERT_NE(DiagramWindow::current(), nullptr) << name.toStdString();

@@ -38,7 +38,6 @@ class EditorScreens : public ViewTest {
     }
     ~EditorScreens() override {
         QApplication::setPalette(light_);
-        estimation::fit = {};
         legacy::the_xyPoints.clear();
     }
     void darken() {
