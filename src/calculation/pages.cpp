@@ -55,8 +55,7 @@ void add_pages(Work& work) {
         values.hasHeatCapacity =
             models::ideal_gas_cp(work.substance(), work.models().CpModel, a.T).status == kSuccess;
     }
-    if (wanted.derivatives && !work.models().EOSOnlyV)
-        values.inflexion = models::inflexion_points(models::eos_at(work.fluid(), a.T), a.T);
+    if (wanted.derivatives) values.inflexion = models::inflexion_points(work.fluid(), a.T);
     if (wanted.functions) values.functions = functions_of(work, *phases);
     a.pages = std::move(values);
 }

@@ -88,9 +88,9 @@ report::Made present_made() {
     return report::make_made(models::current_fluid(), legacy::the_reference, unit_choice());
 }
 
-bool is_result_out_of_date() {
+bool is_out_of_date(const report::TaskResult& result) {
     try {
-        return report::is_out_of_date(legacy::the_results.current.made, present_made());
+        return report::is_out_of_date(result.made, present_made());
     } catch (const faults::Fault&) {
         return true;
     }

@@ -21,8 +21,8 @@ namespace quor::session {
 models::UnitChoice unit_choice();
 /// What a result would be made with now. Throws as `report::make_made`.
 report::Made present_made();
-/// True when the result in view does not stand for the present fluid, units and reference state.
-bool is_result_out_of_date();
+/// True when a result does not stand for the present fluid, units and reference state.
+bool is_out_of_date(const report::TaskResult& result);
 /// The measured data sets.
 std::span<const calculation::BatchDataSet> measured_sets();
 

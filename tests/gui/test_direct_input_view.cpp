@@ -290,4 +290,23 @@ TEST_F(DirectInputViewTest, IsReachedByTheToolButtonOfTheTank) {
     EXPECT_TRUE(the_session.calculation.method.global);
 }
 
+TEST_F(DirectInputViewTest, ATypedVolumeFollowsTheUnits) {
+    startProject("Carbon dioxide");
+    drive::choose("mnuCalc_0");
+    click("optRhoV_1");
+    type("par_0", "300");
+    type("par_2", "0.5");
+    click("cmdParameter_OK");
+    const float rho = input().rho;
+    drive::when("frmOptions", [] {
+        click("optMolarSpez_1");
+        click("cmdOK");
+    });
+    drive::choose("mnuOptions");
+    EXPECT_EQ(read("Bz_2"), "  V/m^3/kg  = ");
+    EXPECT_NEAR(read("par_2").toDouble(), 0.5 / kM, 1e-7);
+    click("cmdParameter_OK");
+    EXPECT_NEAR(static_cast<double>(input().rho), static_cast<double>(rho), 1e-4);
+}
+
 }  // namespace

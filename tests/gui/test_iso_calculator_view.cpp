@@ -221,4 +221,17 @@ TEST_F(IsoCalculatorViewTest, ClosesByEscapeAndWithTheResult) {
     EXPECT_FALSE(isVisible("frmIsoCalc"));
 }
 
+TEST_F(IsoCalculatorViewTest, ShowsItsFunctionInNewUnitsAtOnce) {
+    start("350", "4000");
+    click("OptIsoFu_1");
+    const double molar = shown("txtFuConst");
+    drive::when("frmOptions", [] {
+        click("optMolarSpez_1");
+        click("cmdOK");
+    });
+    choose("mnuOptions");
+    EXPECT_NEAR(shown("txtFuConst"), molar / 44.009, 1e-4 * molar / 44.009);
+    EXPECT_EQ(read("txtTpVorgabe"), "4000");
+}
+
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
-#include "gui/calculation/calculation_views.h"
 #include "session/module2.h"
 
 using namespace quor;
@@ -696,11 +695,12 @@ TEST_F(ResultViewTest, AResultOfOtherUnitsIsMarkedUntilItIsCalculatedAgain) {
     startProject("Carbon dioxide");
     chooseTp();
     calculate("300", "3000");
-    calculation_views::followPresent();
     EXPECT_EQ(read("statusZeile"), "");
-    the_session.UnitMode = 1;
-    the_session.CaloricUnit = 3;
-    calculation_views::followPresent();
+    drive::when("frmOptions", [] {
+        click("optMolarSpez_1");
+        click("cmdOK");
+    });
+    choose("mnuOptions");
     EXPECT_EQ(read("statusZeile"),
               "Outdated: of Carbon dioxide, CEOS Peng / Robinson; m^3/kmol, kJ/kmol");
     calculate("300", "3000");

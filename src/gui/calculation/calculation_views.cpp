@@ -198,10 +198,6 @@ void refreshResult() {
     if (auto* view = open_view<ResultView>("frmCalcOut")) view->showResult();
 }
 
-void followPresent() {
-    if (auto* view = open_view<ResultView>("frmCalcOut")) view->followPresent();
-}
-
 void refreshDiagnosis() {
     if (auto* view = open_view<DiagnosisView>("frmCEOSDiagnose")) view->open();
 }

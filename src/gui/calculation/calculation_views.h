@@ -34,10 +34,6 @@ void OpenDiagnosis();
 /// The result view, when it is open, shows the current result.
 void refreshResult();
 
-/// The result view, when it is open, marks a result that does not stand for the present fluid,
-/// models, units or reference state any more.
-void followPresent();
-
 /// The diagnosis, when it is open, shows the last state again.
 void refreshDiagnosis();
 

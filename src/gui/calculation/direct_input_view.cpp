@@ -8,6 +8,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "common/faults.h"
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
@@ -167,7 +168,28 @@ void DirectInputView::follow() {
     volumeFrame_->setVisible(input.volumeFrameVisible);
     volumeFrame_->setTitle(qt(input.volumeFrame));
     amountFrame_->setVisible(input.amountFrameVisible);
+    volumeUnit_ = presentVolumeUnit();
     fitWindow();
+}
+
+// The present multiplier of volumes in m^3/kmol; 0 where units need a molar mass that is missing.
+double DirectInputView::presentVolumeUnit() {
+    try {
+        return session::present_made().units.v;
+    } catch (const faults::Fault&) {
+        return 0.0;
+    }
+}
+
+void DirectInputView::followSession() {
+    if (views_ == nullptr) return;
+    const double before = volumeUnit_;
+    follow();
+    NumberEdit* volume = par_[kRho];
+    if (volume->isHidden() || !the_session.calculation.volumeInput || before == volumeUnit_) return;
+    const double typed = numbers::val_input(volume->text().toStdString());
+    if (!(typed > 0) || !(before > 0) || !(volumeUnit_ > 0)) return;
+    volume->setText(qt(numbers::General(static_cast<float>(typed / before * volumeUnit_))));
 }
 
 // A volume or an amount is typed by the user anew: the session holds densities and masses.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "gui/widgets/child_view.h"
+#include "gui/widgets/follows_session.h"
 #include "report/direct_input.h"
 #include "session/calculation_views.h"
 
@@ -18,7 +19,7 @@ class NumberEdit;
 
 /// Asks for numbers: the data of a direct calculation, of a tank, or of the second reference point.
 /// It stays open beside the result, so that one set of values follows the other.
-class DirectInputView : public ChildView {
+class DirectInputView : public ChildView, public FollowsSession {
     Q_OBJECT
 
   public:
@@ -31,6 +32,9 @@ class DirectInputView : public ChildView {
     /// Shows the fields that the calculation asks for with the values that the session holds.
     void open();
 
+    /// Labels follow the units; a volume that was typed is converted to them.
+    void followSession() override;
+
     /// The text of a field (0 to 3) that is asked for, else an empty one.
     std::string fieldText(std::size_t index) const;
 
@@ -42,6 +46,7 @@ class DirectInputView : public ChildView {
     std::array<std::string, 4> presentTexts() const;
     std::array<std::string, 4> typedTexts() const;
     void storeReference();
+    static double presentVolumeUnit();
     void arrange();
     void follow();
     void refill();
@@ -51,6 +56,7 @@ class DirectInputView : public ChildView {
 
     const session::CalculationViews* views_ = nullptr;  ///< nothing for a reference point
     models::BensonPoint reference_;
+    double volumeUnit_ = 0;  ///< multiplier of m^3/kmol behind the label of a volume, 0 for none
     std::function<void(const models::BensonPoint&)> store_;
     std::array<NumberEdit*, 4> par_{};
     std::array<QLabel*, 4> Bz_{};

@@ -76,6 +76,10 @@ void IsoCalculatorView::open(const calculation::ProcessPoint& start) {
     givenValue_->setFocus();
 }
 
+void IsoCalculatorView::followSession() {
+    if (session::is_out_of_date(iso_.last())) open({iso_.last_T(), iso_.last_p()});
+}
+
 QGroupBox* IsoCalculatorView::buildFunctions() {
     auto* frame = form::frame("constant function", "fraIsoFu");
     auto* grid = new QGridLayout(frame);

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "gui/widgets/child_view.h"
+#include "gui/widgets/follows_session.h"
 #include "report/iso_calculator.h"
 
 class QButtonGroup;
@@ -16,7 +17,7 @@ class NumberEdit;
 
 /// The iso-calculator: from a calculated state it keeps one function of a phase constant, takes a
 /// new T or p and finds the other.
-class IsoCalculatorView : public ChildView {
+class IsoCalculatorView : public ChildView, public FollowsSession {
     Q_OBJECT
 
   public:
@@ -26,6 +27,9 @@ class IsoCalculatorView : public ChildView {
 
     /// Starts anew from the state at T and p.
     void open(const calculation::ProcessPoint& start);
+
+    /// Calculates the last state anew when the fluid, the units or the reference state changed.
+    void followSession() override;
 
   private:
     QGroupBox* buildFunctions();

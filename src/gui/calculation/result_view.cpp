@@ -83,15 +83,17 @@ void ResultView::showResult() {
     list_->showReport(told);
     head_->showCaptions(told);
     follow();
-    followPresent();
+    followSession();
     commands_.refreshDiagnosis();
 }
 
-void ResultView::followPresent() {
+void ResultView::followSession() {
+    const QString mark = "Outdated: of ";
     const report::TaskResult& result = legacy::the_results.current;
-    status_->setText(session::is_result_out_of_date()
-                         ? "Outdated: of " + qt(report::name_of(result.made))
-                         : QString());
+    if (session::is_out_of_date(result))
+        status_->setText(mark + qt(report::name_of(result.made)));
+    else if (status_->text().startsWith(mark))
+        status_->clear();
 }
 
 // ------------------------------------------------------------------------------------------ parts

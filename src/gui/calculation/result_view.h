@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "gui/widgets/child_view.h"
+#include "gui/widgets/follows_session.h"
 #include "report/report.h"
 #include "report/result_view.h"
 #include "session/calculation_views.h"
@@ -29,7 +30,7 @@ struct ResultCommands {
 /// The result of a calculation: given values, main result, list, pages of functions. In batch
 /// operation it steps through the data sets; results leave it as a list, as a protocol, or through
 /// the clipboard.
-class ResultView : public ChildView {
+class ResultView : public ChildView, public FollowsSession {
     Q_OBJECT
 
   public:
@@ -41,7 +42,7 @@ class ResultView : public ChildView {
     /// Shows the current result.
     void showResult();
     /// Marks a result that does not stand for the present fluid, models, units or reference state.
-    void followPresent();
+    void followSession() override;
 
   protected:
     void cancel() override;
