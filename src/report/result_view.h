@@ -26,7 +26,7 @@ struct ResultView {
 ResultView describe_result_view(calculation::Task task, const calculation::Method& method,
                                 bool batch);
 
-/// Caption of the specification: which data set, or the input (0).
+/// Caption of what was given: which data set, or the input (0).
 std::string input_caption(std::size_t dataSet);
 
 /// `optResultPrint`: where a list of results goes.

@@ -42,7 +42,7 @@ class ResultViewTest : public SessionCalcTest {
     static std::string caption(int code) {
         return report::caption_of(calculation::task_of_code(code), state().method);
     }
-    static std::string specification() {
+    static std::string given_caption() {
         return report::input_caption(legacy::the_results.current.dataSet);
     }
 };
@@ -74,7 +74,7 @@ TEST_F(ResultViewTest, TitlesNameTheCalculation) {
 TEST_F(ResultViewTest, DirectModeOpensEmptyAndHidesTheStepping) {
     const ResultView view = open(3);
     EXPECT_EQ(view.caption, "Result of the Calculation:  T, p => rho");
-    EXPECT_EQ(specification(), " Specification value from input ");
+    EXPECT_EQ(given_caption(), " Specification value from input ");
     EXPECT_EQ(view.okCaption, "Close");
     EXPECT_FALSE(view.stepVisible || view.resultOutputVisible);
     EXPECT_TRUE(view.protocolVisible && view.extendedVisible && view.extendedEnabled);
@@ -109,7 +109,7 @@ TEST_F(ResultViewTest, OpensOnTheFirstActiveDataSet) {
     legacy::the_results.rows.assign(9, {});
     ResultView view = open(3);
     EXPECT_EQ(state().dataSet, 2);
-    EXPECT_EQ(specification(), " Specification value from set #2");
+    EXPECT_EQ(given_caption(), " Specification value from set #2");
     EXPECT_EQ(view.okCaption, "=>Load");
     EXPECT_TRUE(view.stepVisible && view.resultOutputVisible);
     EXPECT_EQ(legacy::the_results.rows.size(), 3U);
@@ -124,7 +124,7 @@ TEST_F(ResultViewTest, StepsOverInactiveSetsAndBeepsAtTheEnds) {
     EXPECT_EQ(state().dataSet, 1);
     session::step_forward();
     EXPECT_EQ(state().dataSet, 3);
-    EXPECT_EQ(specification(), " Specification value from set #3");
+    EXPECT_EQ(given_caption(), " Specification value from set #3");
     EXPECT_EQ(resultText().par1.text, "T = 310.000 K");
     EXPECT_EQ(user.beeps, 0);
     session::step_forward();

@@ -1,6 +1,4 @@
-#include <QElapsedTimer>
 #include <fstream>
-#include <iostream>
 
 #include "gui/frame_test.h"
 #include "gui/widgets/settings.h"
@@ -560,27 +558,6 @@ TEST_F(Frame, HelpMenuRowsSpeakOfTheProgram) {
     EXPECT_NE(user.lastText().find("GNU General Public License"), std::string::npos);
     choose("mnuInfo");
     EXPECT_NE(user.lastText().find(folder().string()), std::string::npos);
-}
-
-TEST_F(Frame, StartsWithoutDelay) {
-    QElapsedTimer clock;
-    clock.start();
-    start();
-    std::cout << "start " << clock.elapsed() << " ms\n";
-    EXPECT_LT(clock.elapsed(), 1000) << "with room for a busy machine";
-}
-
-TEST_F(Frame, TheModelViewOpensAtOnce) {
-    start();
-    openSubstance("Carbon dioxide");
-    QElapsedTimer clock;
-    drive::when("frmQModell", [&] {
-        std::cout << "model view " << clock.elapsed() << " ms\n";
-        EXPECT_LT(clock.elapsed(), 500) << "with room for a busy machine";
-        click("OKModell");
-    });
-    clock.start();
-    choose("mnuModel");
 }
 
 }  // namespace
