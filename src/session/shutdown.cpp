@@ -33,7 +33,8 @@ void Shutdown() {
     const ShutdownHooks& hooks = shutdown_hooks();
     if (legacy::the_protocol.pending) call(hooks.writeProtocol);
     delete_empty_protocol();
-    if (!legacy::the_session.DatabaseFile.empty() && hooks.saveLastSession)
+    // A session without a substance would overwrite one that has it.
+    if (legacy::the_session.SubstanceSet && hooks.saveLastSession)
         hooks.saveLastSession(legacy::the_session.LastSessionFile);
     call(hooks.closeFiles);
     call(hooks.closeHelp);

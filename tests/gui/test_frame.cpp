@@ -464,6 +464,7 @@ TEST_F(Frame, ExitAndTheCloseButtonEndTheSessionAlike) {
             .closeHelp = [&] { calls.push_back("help"); }};
         legacy::the_protocol.pending = true;
         the_session.DatabaseFile = "STUDENT.Q05";
+        the_session.SubstanceSet = true;
         const std::filesystem::path empty = folder() / legacy::the_protocol.file;
         std::ofstream(empty) << "";
         if (byMenu)

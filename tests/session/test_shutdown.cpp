@@ -30,9 +30,16 @@ TEST_F(Shutdown, WithoutADatabaseNoLastSessionIsWritten) {
     EXPECT_EQ(calls, (std::vector<std::string>{"files", "help"}));
 }
 
+TEST_F(Shutdown, ADatabaseWithoutASubstanceLeavesTheLastSessionAlone) {
+    the_session.DatabaseFile = "STUDENT.Q05";
+    session::Shutdown();
+    EXPECT_EQ(calls, (std::vector<std::string>{"files", "help"}));
+}
+
 TEST_F(Shutdown, PendingProtocolComesFirstAndTheSessionAfterIt) {
     legacy::the_protocol.pending = true;
     the_session.DatabaseFile = "STUDENT.Q05";
+    the_session.SubstanceSet = true;
     session::Shutdown();
     EXPECT_EQ(calls, (std::vector<std::string>{
                          "protocol", "save " + (folder() / "QuorLastSession.QCF").string(), "files",
@@ -62,6 +69,7 @@ TEST_F(Shutdown, WithoutHooksNothingHappens) {
     session::shutdown_hooks() = {};
     legacy::the_protocol.pending = true;
     the_session.DatabaseFile = "STUDENT.Q05";
+    the_session.SubstanceSet = true;
     EXPECT_NO_THROW(session::Shutdown());
 }
 
