@@ -684,32 +684,4 @@ TEST_F(Fitting, ANewFitTakesTheCriticalDataOfTheActiveSubstance) {
     EXPECT_TRUE(read("lblTarget").startsWith("... in the actually loaded data of Propane"));
 }
 
-class FittingInFrame : public FrameTest {};
-
-TEST_F(FittingInFrame, AnOpenFitTellsThatAnotherSubstanceWasChosen) {
-    start();
-    openSubstance("Carbon dioxide");
-    drive::choose("mnuFitting");
-    drive::when("frmStoffWahl", [] {
-        type("Text1", "Argon");
-        click("StoffOK");
-    });
-    drive::when("frmQModell", [] { click("OKModell"); });
-    drive::choose("mnuStoff");
-    EXPECT_EQ(read("lblTarget"),
-              "... of Carbon dioxide, but Argon is loaded now: choose the model again for it");
-}
-
-TEST_F(FittingInFrame, TheMenuOpensTheFourthPageAndClearsTheData) {
-    start();
-    openSubstance("Carbon dioxide");
-    the_session.BatchCount = 3;
-    drive::choose("mnuFitting");
-    EXPECT_EQ(the_session.BatchCount, 0);
-    EXPECT_EQ(drive::tabInFront("SSTab1"), "delta(LV)h");
-    EXPECT_TRUE(drive::isChecked("optFit_0"));
-    drive::press("frmQFitting", Qt::Key_Escape);
-    EXPECT_EQ(drive::find("frmQFitting"), nullptr);
-}
-
 }  // namespace
