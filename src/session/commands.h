@@ -4,9 +4,11 @@
 #include <cstddef>
 #include <initializer_list>
 
-/// The commands whose enabling orders the user's work. The core switches them; the frame shows it.
 namespace quor::session {
 
+class Session;
+
+/// The commands whose enabling orders the user's work. The core switches them; the frame shows it.
 enum class Command : std::size_t {
     mnuData_Status,
     mnuData_SaveProject,
@@ -31,16 +33,8 @@ struct CommandStates {
     std::array<bool, static_cast<std::size_t>(Command::count)> enabled{};
 };
 
-inline CommandStates the_commandStates;
-
-}  // namespace quor::session
-
-namespace quor::session {
-
-/// Enables or disables commands and tells the frame (if one listens) that something changed.
-void set_commands(std::initializer_list<session::Command> commands, bool enabled);
-bool is_enabled(session::Command command);
-/// The one listener of changes; an empty function removes it.
-void on_commands_changed(void (*listener)());
+/// Enables or disables commands.
+void set_commands(Session& session, std::initializer_list<Command> commands, bool enabled);
+bool is_enabled(const Session& session, Command command);
 
 }  // namespace quor::session

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/session.h"
+
 namespace quor::session {
 
 /// What the options view shows and sets.
@@ -20,14 +22,11 @@ inline constexpr int kMaxPoints = 800;
 
 /// The session's settings as the view opens. Without critical data the unit mode falls back to
 /// molar.
-OptionChoice open_options();
+OptionChoice open_options(Session& session);
 
 /// Takes a choice over: units and their factors, curve options, the mode of the Calculation menu.
-/// `UnitsChanged` of the session tells whether a factor changed. False when the units cannot be
-/// had (no molar mass): a message tells it and nothing changes.
-bool apply_options(const OptionChoice& choice);
-
-/// Who derives the limits of diagrams again after a change; an empty function for none.
-void on_options_applied(void (*listener)());
+/// `unitsChanged` of the session tells whether a factor changed; the limits of diagrams follow. False
+/// when the units cannot be had (no molar mass): a message tells it and nothing changes.
+bool apply_options(Session& session, const OptionChoice& choice);
 
 }  // namespace quor::session

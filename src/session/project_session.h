@@ -4,6 +4,7 @@
 #include <string>
 
 #include "datafiles/project_file.h"
+#include "session/session.h"
 
 /// The session as a project, and back.
 namespace quor::session {
@@ -21,22 +22,22 @@ struct ProjectResult {
 /// Saves the session as a project. With a dialog it asks for name and comment; without, it writes
 /// the last session (`LastSessionFile`) without a question. False when nothing was written; with
 /// the dialog a failure is told.
-bool save_project(bool asDialog);
+bool save_project(Session& session, bool asDialog);
 
 /// Asks for a project file; nothing on a cancel.
-std::optional<std::string> choose_project();
+std::optional<std::string> choose_project(Session& session);
 /// True when a file is a project that can be loaded; else it says why not. Nothing changes.
-bool may_load_project(const std::string& name);
+bool may_load_project(Session& session, const std::string& name);
 /// Asks for a project and loads it. A cancel changes nothing.
-ProjectResult load_project();
+ProjectResult load_project(Session& session);
 /// Loads a project: resets the session, opens its database, reads its substance and restores its
 /// settings. What cannot be had is told, and the rest goes on. Nothing changes when the file is no
 /// project, or when no database can be had.
-ProjectResult load_project(const std::string& name);
+ProjectResult load_project(Session& session, const std::string& name);
 /// Loads the project that the last run has left.
-ProjectResult load_last_session();
+ProjectResult load_last_session(Session& session);
 
 /// The present session as the content of a project.
-datafiles::ProjectContent present_project();
+datafiles::ProjectContent present_project(const Session& session);
 
 }  // namespace quor::session

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "session/session.h"
+
 /// What the session reports of itself: texts only, the frame shows them.
 namespace quor::session {
 
@@ -11,10 +13,10 @@ struct Report {
 };
 
 /// "Loaded are ...": database, substance, models and experimental data of the session.
-Report status_report();
+Report status_report(const Session& session);
 
 /// The constants of the active equation of state and its critical volume.
-Report parameter_report();
+Report parameter_report(const Session& session);
 
 /// Texts of the first three panels of the status bar; empty as long as there is nothing to name.
 struct StatusPanels {
@@ -23,6 +25,6 @@ struct StatusPanels {
 
 /// Substance and models. Of two models that both give p(LV) the one with priority is marked. The
 /// models stay empty without a complete choice.
-StatusPanels panel_texts(bool modelsComplete);
+StatusPanels panel_texts(const Session& session, bool modelsComplete);
 
 }  // namespace quor::session

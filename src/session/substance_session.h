@@ -6,64 +6,65 @@
 
 #include "common/result.h"
 #include "datafiles/substance_editor.h"
+#include "session/session.h"
 
 /// The database and the substance of the session.
 namespace quor::session {
 
 /// Opens a database; a name without a folder is looked up among the program's files. When it is
 /// refused the open one stays.
-Result<void> open_database(const std::string& path);
+Result<void> open_database(Session& session, const std::string& path);
 
 enum class LoadOutcome { Loaded, Cancelled, Failed };
 
 /// Asks for a database and opens it; a failure is told. A cancel changes nothing.
-LoadOutcome load_database();
+LoadOutcome load_database(Session& session);
 /// The same for a known file, as for one that was dropped on the frame.
-LoadOutcome load_database(const std::string& path);
+LoadOutcome load_database(Session& session, const std::string& path);
 
 /// A folder, besides the program's, in which a database named by a project is looked for. Every
 /// database that is loaded adds its own.
-void add_database_folder(const std::filesystem::path& folder);
+void add_database_folder(Session& session, const std::filesystem::path& folder);
 
 /// The place (from 1) of what the user typed, 0 for none, which is told.
-std::int16_t find_substance(const std::string& search);
+std::int16_t find_substance(Session& session, const std::string& search);
 
 struct SubstanceRead {
     bool noCriticalData = false;  ///< Tcrit or pcrit is missing; the record is loaded all the same
 };
 /// Makes a substance of the open database (from 1) the active one, with its best vapour pressure
 /// equation. Refused when the record could not be read: the substance stays as it was.
-Result<SubstanceRead> read_substance(std::int16_t index);
+Result<SubstanceRead> read_substance(Session& session, std::int16_t index);
 
 /// Makes an entry of the open database (from 1) the substance of the session: the session is
 /// reset, loaded experimental data are questioned, the record is read, and what depends on it is
 /// computed. False when the substance cannot be calculated with, which is told; then no models can
 /// be chosen.
-bool take_substance(std::int16_t index);
+bool take_substance(Session& session, std::int16_t index);
 
 /// Asks for a name and writes the active substance to a private database of one substance. What
 /// the session does not hold comes from the substance's record in the open database. False when
 /// nothing was written.
-bool save_private_database();
+bool save_private_database(Session& session);
 /// The same to a known file.
-bool write_private_database(const std::string& path);
+bool write_private_database(Session& session, const std::string& path);
 
 // The substance editor
 
 /// Reads the fields into the active substance, with the constants of its EOS and the units that
 /// follow. Where its critical data are complete only now, models can be chosen from here on.
-void apply_editor(datafiles::EditorTexts& texts);
+void apply_editor(Session& session, datafiles::EditorTexts& texts);
 
 /// Text of the triple point pressure: of the record, or from the active vapour pressure equation at
 /// the triple point. Nothing, after a message, when the equation has no value there.
-std::optional<std::string> triple_point_pressure(bool fromEquation);
+std::optional<std::string> triple_point_pressure(const Session& session, bool fromEquation);
 
 /// True when the view may close: nothing was changed, or the user gives the changes up.
 bool may_close_editor(const datafiles::EditorTexts& shown, const datafiles::EditorTexts& now);
 
 /// "actual vapour-pressure equation:" with the name of the active one.
-std::string active_equation_caption();
+std::string active_equation_caption(const Session& session);
 /// "Database loaded:  " with the title of the file.
-std::string database_caption();
+std::string database_caption(const Session& session);
 
 }  // namespace quor::session

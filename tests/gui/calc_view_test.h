@@ -19,7 +19,7 @@ class CalcViewTest : public ViewTest {
   protected:
     CalcViewTest() {
         settings::setShowTipsAtStartup(false);
-        wiring::connectViews();
+        wiring::connectViews(desk, commands);
         frame.show();
         frame.startUp();
     }
@@ -54,10 +54,8 @@ class CalcViewTest : public ViewTest {
     }
 
     /// Experimental data in place of those of the session.
-    static void useData(std::initializer_list<calculation::BatchDataSet> sets) {
-        legacy::the_BatchData.assign(1, {});
-        legacy::the_BatchData.insert(legacy::the_BatchData.end(), sets);
-        legacy::the_session.BatchCount = static_cast<std::int16_t>(sets.size());
+    void useData(std::initializer_list<calculation::BatchDataSet> sets) {
+        session.change()->measured.points = sets;
     }
 
     /// The number that stands behind a text in a widget that shows more; NaN when there is none.
@@ -83,5 +81,6 @@ class CalcViewTest : public ViewTest {
         return all.str();
     }
 
-    MainWindow frame;
+    Commands commands;
+    MainWindow frame{desk, commands};
 };

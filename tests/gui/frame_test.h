@@ -30,9 +30,9 @@ class FrameTest : public ViewTest {
 
     /// Starts the program as its user finds it.
     void start() {
-        wiring::connectViews();
+        wiring::connectViews(desk, commands);
         connect();
-        frame = std::make_unique<MainWindow>();
+        frame = std::make_unique<MainWindow>(desk, commands);
         frame->show();
         frame->startUp();
         drive::settle();
@@ -55,5 +55,6 @@ class FrameTest : public ViewTest {
         frame.reset();
     }
 
+    Commands commands;
     std::unique_ptr<MainWindow> frame;
 };

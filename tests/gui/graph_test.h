@@ -19,15 +19,16 @@ class GraphTest : public FrameTest {
         openSubstance(fluid);
     }
 
-    static diagrams::DiagramSheet& sheet() { return DiagramWindow::current()->sheet(); }
-    static const chart::Series& curve(int slot) {
+    DiagramWindow* window() const { return desk.lastUsed<DiagramWindow>(); }
+    diagrams::DiagramSheet& sheet() const { return window()->sheet(); }
+    const chart::Series& curve(int slot) const {
         return sheet().chart.curves.at(static_cast<std::size_t>(slot));
     }
-    static chart::Chart2DWidget* canvas() {
-        return DiagramWindow::current()->findChild<chart::Chart2DWidget*>();
+    chart::Chart2DWidget* canvas() const {
+        return window()->findChild<chart::Chart2DWidget*>();
     }
     /// The widget that takes the mouse.
-    static QWidget* surface() { return canvas()->findChild<chart::Chart2DPlot*>(); }
+    QWidget* surface() const { return canvas()->findChild<chart::Chart2DPlot*>(); }
 
     /// Opens p-v with an isotherm drawn.
     void openIsotherm(const QString& T = "300") {

@@ -8,7 +8,8 @@
 
 namespace quor::gui {
 
-ChildView::ChildView(const QString& name, QWidget* parent) : QWidget(parent) {
+ChildView::ChildView(Desk& desk, const QString& name, QWidget* parent)
+    : QWidget(parent), desk_(desk), session_(desk.session()) {
     setObjectName(name);
 }
 

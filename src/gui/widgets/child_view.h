@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include "gui/widgets/desk.h"
+
 class QPushButton;
 
 namespace quor::gui {
@@ -16,7 +18,9 @@ class ChildView : public QWidget {
 
   public:
     /// `name` is the object name, which is also the key of the place that is remembered.
-    explicit ChildView(const QString& name, QWidget* parent = nullptr);
+    ChildView(Desk& desk, const QString& name, QWidget* parent = nullptr);
+
+    Desk& desk() const { return desk_; }
 
     /// Closes the view together with the window that it stands in.
     void closeView();
@@ -35,6 +39,9 @@ class ChildView : public QWidget {
 
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+
+    Desk& desk_;
+    session::Session& session_;
 
   private:
     QPushButton* default_ = nullptr;
