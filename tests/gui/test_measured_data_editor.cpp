@@ -504,8 +504,7 @@ TEST_F(MeasuredDataEditorTest, PrintsTheTable) {
 // ------------------------------------------------------------------------------ other commands
 
 TEST_F(MeasuredDataEditorTest, SendsItsDataToFittingAndGraphsOnceTheseAreThere) {
-    const std::array doors{&desk.doors.fit, &desk.doors.drawMeasured,
-                           &desk.doors.drawMeasuredLogarithms};
+    const std::array doors{&desk.doors.fit, &desk.doors.drawMeasured, &desk.doors.drawMeasuredLn};
     for (std::function<void()>* door : doors) *door = {};
     openWithData();
     for (const char* button : {"cmdFitting", "cmdGraphFunction", "cmdlogGraf"})

@@ -329,8 +329,8 @@ QGroupBox* MeasuredDataEditor::buildTarget() {
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(
         command("Meas. point graph  y = f(T)", "cmdGraphFunction", desk_.doors.drawMeasured));
-    buttons->addWidget(command("Meas. point graph  ln{p} = f(1/T)", "cmdlogGraf",
-                               desk_.doors.drawMeasuredLogarithms));
+    buttons->addWidget(
+        command("Meas. point graph  ln{p} = f(1/T)", "cmdlogGraf", desk_.doors.drawMeasuredLn));
     buttons->addWidget(command("Send data to T-y fitting", "cmdFitting", desk_.doors.fit));
     buttons->addWidget(xy);
     buttons->addStretch(1);
