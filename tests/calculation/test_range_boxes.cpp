@@ -23,6 +23,7 @@ class RangeBoxes : public CalcTest {
     void partial_with_database_density() {
         chosen.method.global = false;
         chosen.method.liquidByBenson = false;
+        use_benson_reference();
     }
 };
 
