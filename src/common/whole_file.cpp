@@ -86,6 +86,12 @@ Result<void> write_whole(const fs::path& path, std::string_view bytes) {
     return not_written(path, reason);
 }
 
+std::optional<std::filesystem::file_time_type> time_written(const std::filesystem::path& path) {
+    std::error_code failed;
+    const auto time = std::filesystem::last_write_time(path, failed);
+    return failed ? std::nullopt : std::optional(time);
+}
+
 NewFile write_new(const fs::path& path, std::string_view bytes) {
     constexpr mode_t kMode = 0666;
     const int file = open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kMode);

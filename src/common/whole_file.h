@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +23,9 @@ Result<std::string> read_whole(const std::filesystem::path& path,
 /// Writes a file as a whole or not at all: beside it first, then renamed into its place, so that
 /// a crash or a full disk leaves the old content. The reason of a failure names the file.
 Result<void> write_whole(const std::filesystem::path& path, std::string_view bytes);
+
+/// When a file was written last; nothing where there is none.
+std::optional<std::filesystem::file_time_type> time_written(const std::filesystem::path& path);
 
 /// What became of a new file.
 struct NewFile {

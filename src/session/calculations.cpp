@@ -6,21 +6,14 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "common/whole_file.h"
-#include "legacy/current_fluid.h"
 #include "report/titles.h"
-#include "session/module2.h"
 
 namespace quor::session {
 
 using calculation::Task;
 using constants::kPresent;
-using legacy::the_session;
 
 namespace {
-
-report::CalculationState& state() {
-    return the_session.calculation;
-}
 
 bool asks_for_vle() {
     return dialogs::ask(
@@ -31,15 +24,15 @@ bool asks_for_vle() {
 }
 
 /// Tasks that need the choice of a global or partial calculation, or a second reference point.
-bool needs_preparation(Task task) {
+bool needs_preparation(const Session& session) {
+    const Task task = session->calculation.task;
     if (is_equilibrium(task)) return true;
-    if (task == Task::state) return state().method.assumedVle;
-    return is_vaporisation(task) &&
-           legacy::the_models.HLVModel == models::VaporisationModel::benson;
+    if (task == Task::state) return session->calculation.method.assumedVle;
+    return is_vaporisation(task) && session->models.HLVModel == models::VaporisationModel::benson;
 }
 
-calculation::Process present_process() {
-    const diagrams::ProcessLine& line = legacy::the_processLine;
+calculation::Process present_process(const Session& session) {
+    const diagrams::ProcessLine& line = session->processLine;
     calculation::Process process{.T1 = line.T1,
                                  .p1 = line.p1,
                                  .exponent = line.polytropicExponent,
@@ -52,76 +45,72 @@ calculation::Process present_process() {
 }
 
 /// What was typed for another substance is of no use for this one.
-void forget_other_substances() {
-    report::DirectValues& typed = state().direct;
-    if (typed.substance != report::substance_key(models::current_fluid())) typed = {};
+void forget_other_substances(Session& session) {
+    if (session->calculation.direct.substance != report::substance_key(session.fluid()))
+        session.change()->calculation.direct = {};
 }
 
 /// The number of the next active data set from `number` on in steps of `by`, 0 when there is none.
-std::size_t next_active(std::size_t number, int by) {
-    const auto sets = measured_sets();
+std::size_t next_active(const Session& session, std::size_t number, int by) {
+    const auto sets = measured_sets(session);
     for (; number >= 1 && number <= sets.size(); number += static_cast<std::size_t>(by))
         if (sets[number - 1].skip == 0) return number;
     return 0;
 }
 
-void step(int by) {
-    const std::size_t next = next_active(state().dataSet + static_cast<std::size_t>(by), by);
+void step(Session& session, int by) {
+    const std::size_t next =
+        next_active(session, session->calculation.dataSet + static_cast<std::size_t>(by), by);
     if (next == 0)
         dialogs::Beep();
     else
-        state().dataSet = next;
-    calculate(present_request(), state().dataSet);
-    report::show(messages(legacy::the_results.current, report::Tell::remarks));
+        session.change()->calculation.dataSet = next;
+    calculate(session, present_request(session), session->calculation.dataSet);
+    report::show(messages(session->results.current, report::Tell::remarks));
 }
 
 }  // namespace
 
 // ---- What results are made with ----------------------------------------------------------------
 
-models::UnitChoice unit_choice() {
-    return {static_cast<models::UnitSystem>(the_session.UnitMode),
-            static_cast<models::CaloricUnit>(the_session.CaloricUnit), the_session.DiagramT};
+report::Made present_made(const Session& session) {
+    return report::make_made(session.fluid(), session->reference, unit_choice(session.state()));
 }
 
-report::Made present_made() {
-    return report::make_made(models::current_fluid(), legacy::the_reference, unit_choice());
-}
-
-bool is_out_of_date(const report::TaskResult& result) {
+bool is_out_of_date(const Session& session, const report::TaskResult& result) {
     try {
-        return report::is_out_of_date(result.made, present_made());
+        return report::is_out_of_date(result.made, present_made(session));
     } catch (const faults::Fault&) {
         return true;
     }
 }
 
-std::span<const calculation::BatchDataSet> measured_sets() {
-    const std::span<const calculation::BatchDataSet> all = legacy::the_BatchData;
-    const auto count = static_cast<std::size_t>(std::max<int>(the_session.BatchCount, 0));
-    return all.size() > 1 ? all.subspan(1, std::min(count, all.size() - 1))
-                          : std::span<const calculation::BatchDataSet>{};
+std::span<const calculation::BatchDataSet> measured_sets(const Session& session) {
+    return session->measured.points;
 }
 
 // ---- Calculating -------------------------------------------------------------------------------
 
-calculation::Request present_request() {
-    if (state().task == Task::process) {
-        calculation::Request request = report::direct_request(state(), the_session.tank);
-        request.process = present_process();
+calculation::Request present_request(const Session& session) {
+    const report::CalculationState& state = session->calculation;
+    calculation::Request request = report::direct_request(state, session->tank);
+    if (state.task == Task::process) {
+        request.process = present_process(session);
         return request;
     }
-    if (state().dataSet == 0) return report::direct_request(state(), the_session.tank);
-    const auto sets = measured_sets();
-    return report::measured_request(state(), state().dataSet <= sets.size()
-                                                 ? sets[state().dataSet - 1]
-                                                 : calculation::BatchDataSet{});
+    if (state.dataSet == 0) return request;
+    const auto sets = measured_sets(session);
+    return report::measured_request(state, state.dataSet <= sets.size()
+                                               ? sets[state.dataSet - 1]
+                                               : calculation::BatchDataSet{});
 }
 
-const report::TaskResult& calculate(const calculation::Request& request, std::size_t dataSet) {
-    report::ResultSet& results = legacy::the_results;
-    results.current =
-        report::make_result(models::current_fluid(), legacy::the_reference, unit_choice(), request);
+const report::TaskResult& calculate(Session& session, const calculation::Request& request,
+                                    std::size_t dataSet) {
+    const auto now = session.change();
+    report::ResultSet& results = now->results;
+    results.current = report::make_result(session.fluid(), session->reference,
+                                          unit_choice(session.state()), request);
     results.current.dataSet = dataSet;
     if (dataSet >= 1 && dataSet <= results.rows.size())
         results.rows[dataSet - 1] = results.current.record;
@@ -130,22 +119,25 @@ const report::TaskResult& calculate(const calculation::Request& request, std::si
 
 // ---- Menu --------------------------------------------------------------------------------------
 
-bool start_calculation(const CalculationViews& views) {
-    Task& task = state().task;
-    const bool direct = !the_session.BatchMode;
-    if (task == Task::none) task = Task::pressureOfVapour;
-    if (task == Task::pressureOfLiquid && legacy::the_models.EOSOnlyV) {
-        task = Task::none;
+bool start_calculation(Session& session, const CalculationViews& views) {
+    const bool direct = !session->batchMode;
+    if (session->calculation.task == Task::none)
+        session.change()->calculation.task = Task::pressureOfVapour;
+    const Task task = session->calculation.task;
+    if (task == Task::pressureOfLiquid && session->models.EOSOnlyV) {
+        session.change()->calculation.task = Task::none;
         dialogs::refuse("possible only by using a  cubic EOS");
         return true;
     }
-    state().method.assumedVle = false;
+    session.change()->calculation.method.assumedVle = false;
     if (direct) {
-        state().input = is_tank(task) ? report::InputKind::tank : report::InputKind::state;
+        session.change()->calculation.input =
+            is_tank(task) ? report::InputKind::tank : report::InputKind::state;
         if (task == Task::partialTank) return views.openCalcIn();
     }
-    state().method.assumedVle = direct && task == Task::state && asks_for_vle();
-    if (needs_preparation(task)) return views.openCalcIn();
+    const bool vle = direct && task == Task::state && asks_for_vle();
+    session.change()->calculation.method.assumedVle = vle;
+    if (needs_preparation(session)) return views.openCalcIn();
     if (task == Task::process) {
         views.openProcessView();
         return true;
@@ -155,23 +147,26 @@ bool start_calculation(const CalculationViews& views) {
     return true;
 }
 
-void run_calculation(Task task, const CalculationViews& views) {
-    const report::CalculationState before = state();
-    state().task = task;
-    if (task == Task::process) {
-        legacy::the_processLine.kind = diagrams::ProcessKind::polytropic;
-        legacy::the_processLine.fromCalculation = true;
+void run_calculation(Session& session, Task task, const CalculationViews& views) {
+    const report::CalculationState before = session->calculation;
+    {
+        const auto now = session.change();
+        now->calculation.task = task;
+        if (task == Task::process) {
+            now->processLine.kind = diagrams::ProcessKind::polytropic;
+            now->processLine.fromCalculation = true;
+        }
+        if (task == Task::globalTank) now->calculation.method.global = true;
     }
-    if (task == Task::globalTank) state().method.global = true;
-    if (!start_calculation(views)) {
-        state() = before;
+    if (!start_calculation(session, views)) {
+        session.change()->calculation = before;
         return;
     }
-    if (is_tank(state().task)) views.closeResultView();
+    if (is_tank(session->calculation.task)) views.closeResultView();
 }
 
-void prepare_calculation_menu(const CalculationViews& views) {
-    if (the_session.BatchMode && the_session.BatchCount == 0)
+void prepare_calculation_menu(Session& session, const CalculationViews& views) {
+    if (session->batchMode && session->measured.points.empty())
         dialogs::refuse(
             "This mode of calculation is possible only when \n"
             "batch data (= exper. T-p-rho,..-data) are available.\n\n"
@@ -182,62 +177,65 @@ void prepare_calculation_menu(const CalculationViews& views) {
     views.closeTankView();
 }
 
-report::PartialChoice open_partial_choice() {
-    return {models::current_fluid(), state().task, state().method};
+report::PartialChoice open_partial_choice(const Session& session) {
+    return {session.fluid(), session->calculation.task, session->calculation.method};
 }
 
-void confirm_partial_choice(const report::PartialChoice& choice, bool forDiagram,
+void confirm_partial_choice(Session& session, const report::PartialChoice& choice, bool forDiagram,
                             const CalculationViews& views) {
-    state().method = choice.method;
+    session.change()->calculation.method = choice.method;
     views.closeParinput();
     if (forDiagram) {
         views.prepareDiagram();
         return;
     }
-    const bool tank = state().task == Task::partialTank;
+    const bool tank = session->calculation.task == Task::partialTank;
     if (!tank) views.openResultView();
-    if (the_session.BatchMode) return;
-    state().input = tank ? report::InputKind::tank : report::InputKind::state;
+    if (session->batchMode) return;
+    session.change()->calculation.input = tank ? report::InputKind::tank : report::InputKind::state;
     views.openParinput();
 }
 
 // ---- Input view --------------------------------------------------------------------------------
 
-report::InputForm input_form(bool amount) {
-    return {.kind = state().input,
-            .task = state().task,
-            .volume = state().volumeInput,
+report::InputForm input_form(const Session& session, bool amount) {
+    const report::CalculationState& state = session->calculation;
+    return {.kind = state.input,
+            .task = state.task,
+            .volume = state.volumeInput,
             .amount = amount,
-            .system = report::volume_system(unit_choice(), models::current_fluid())};
+            .system = report::volume_system(unit_choice(session.state()), session.fluid())};
 }
 
 namespace {
 
 constexpr auto kNoInput = "no valid input";
 
-std::optional<report::TypedInput> accept(const report::InputForm& form,
+std::optional<report::TypedInput> accept(const Session& session, const report::InputForm& form,
                                          const std::array<std::string, 4>& texts) {
-    const auto typed = report::read_input(form, texts, models::current_fluid(), unit_choice());
+    const auto typed =
+        report::read_input(form, texts, session.fluid(), unit_choice(session.state()));
     if (!typed) dialogs::refuse(kNoInput);
     return typed;
 }
 
-InputResult calculate_tank(const calculation::Tank& tank) {
-    the_session.tank = tank;
-    const report::TaskResult& result = calculate(present_request());
+InputResult calculate_tank(Session& session, const calculation::Tank& tank) {
+    session.change()->tank = tank;
+    const report::TaskResult& result = calculate(session, present_request(session));
     report::show(messages(result, report::Tell::all));
     return result.refused() ? InputResult::TankExit : InputResult::TankCalculated;
 }
 
 }  // namespace
 
-InputResult accept_input(const std::array<std::string, 4>& texts, bool amount) {
-    const auto typed = accept(input_form(amount), texts);
+InputResult accept_input(Session& session, const std::array<std::string, 4>& texts, bool amount) {
+    const auto typed = accept(session, input_form(session, amount), texts);
     if (!typed) return InputResult::Refused;
-    state().dataSet = 0;
-    if (const auto* tank = std::get_if<calculation::Tank>(&*typed)) return calculate_tank(*tank);
-    state().direct = std::get<report::DirectValues>(*typed);
-    report::show(messages(calculate(present_request()), report::Tell::remarks));
+    session.change()->calculation.dataSet = 0;
+    if (const auto* tank = std::get_if<calculation::Tank>(&*typed))
+        return calculate_tank(session, *tank);
+    session.change()->calculation.direct = std::get<report::DirectValues>(*typed);
+    report::show(messages(calculate(session, present_request(session)), report::Tell::remarks));
     return InputResult::Calculated;
 }
 
@@ -246,88 +244,97 @@ void cancel_input(const CalculationViews& views) {
     views.closeResultView();
 }
 
-std::optional<models::BensonPoint> accept_reference(const std::array<std::string, 4>& texts) {
-    const auto typed = accept({.kind = report::InputKind::reference}, texts);
+std::optional<models::BensonPoint> accept_reference(const Session& session,
+                                                    const std::array<std::string, 4>& texts) {
+    const auto typed = accept(session, {.kind = report::InputKind::reference}, texts);
     if (!typed) return std::nullopt;
     return std::get<models::BensonPoint>(*typed);
 }
 
 // ---- Result view -------------------------------------------------------------------------------
 
-report::ResultView open_result_view() {
-    const bool batch = the_session.BatchMode;
-    state().pages = {};
-    forget_other_substances();
-    legacy::the_results.rows.assign(measured_sets().size(), {});
-    state().dataSet = batch ? std::max<std::size_t>(next_active(1, 1), 1) : 0;
-    calculate(present_request(), state().dataSet);
-    if (batch) report::show(messages(legacy::the_results.current, report::Tell::remarks));
-    return report::describe_result_view(state().task, state().method, batch);
+report::ResultView open_result_view(Session& session) {
+    const bool batch = session->batchMode;
+    {
+        const auto now = session.change();
+        now->calculation.pages = {};
+        forget_other_substances(session);
+        now->results.rows.assign(measured_sets(session).size(), {});
+        now->calculation.dataSet = batch ? std::max<std::size_t>(next_active(session, 1, 1), 1) : 0;
+        calculate(session, present_request(session), now->calculation.dataSet);
+    }
+    if (batch) report::show(messages(session->results.current, report::Tell::remarks));
+    return report::describe_result_view(session->calculation.task, session->calculation.method,
+                                        batch);
 }
 
-void recalculate() {
-    const report::TaskResult& shown = legacy::the_results.current;
+void recalculate(Session& session) {
+    const report::TaskResult& shown = session->results.current;
     calculation::Request request = shown.request;
-    request.pages = state().pages;
-    report::show(messages(calculate(request, shown.dataSet), report::Tell::remarks));
+    request.pages = session->calculation.pages;
+    report::show(messages(calculate(session, request, shown.dataSet), report::Tell::remarks));
 }
 
-void step_forward() {
-    step(1);
+void step_forward(Session& session) {
+    step(session, 1);
 }
-void step_backward() {
-    step(-1);
-}
-
-void set_equilibrium_functions(bool on) {
-    state().pages.functions = on;
-    recalculate();
+void step_backward(Session& session) {
+    step(session, -1);
 }
 
-void set_extended_pages(report::ResultView& view, bool functions, bool derivatives) {
-    calculation::Pages& pages = state().pages;
-    pages.residual = functions;
-    pages.derivatives = derivatives;
-    const Task task = state().task;
-    view.funcPrintEnabled =
-        pages.tables() && task >= Task::pressureOfVapour && task <= Task::saturationAtP;
-    recalculate();
+void set_equilibrium_functions(Session& session, bool on) {
+    session.change()->calculation.pages.functions = on;
+    recalculate(session);
 }
 
-report::Comparison compare_all_sets() {
-    const BusyPointer busy;
+void set_extended_pages(Session& session, report::ResultView& view, bool functions,
+                        bool derivatives) {
+    {
+        const auto now = session.change();
+        now->calculation.pages.residual = functions;
+        now->calculation.pages.derivatives = derivatives;
+    }
+    const Task task = session->calculation.task;
+    view.funcPrintEnabled = session->calculation.pages.tables() && task >= Task::pressureOfVapour &&
+                            task <= Task::saturationAtP;
+    recalculate(session);
+}
+
+report::Comparison compare_all_sets(Session& session) {
+    const BusyPointer busy(session);
     report::Comparison comparison =
-        report::compare(models::current_fluid(), legacy::the_reference, unit_choice(), state(),
-                        measured_sets(), the_session.BatchFile);
+        report::compare(session.fluid(), session->reference, unit_choice(session.state()),
+                        session->calculation, measured_sets(session), session->measured.file);
     report::show(comparison.told);
     return comparison;
 }
 
-void print_result(const std::string& title, bool extended) {
+void print_result(Session& session, const std::string& title, bool extended) {
     dialogs::Print({.title = title,
                     .font = "COURIER",
-                    .text = report::printed_list(compare_all_sets(), title, extended)});
+                    .text = report::printed_list(compare_all_sets(session), title, extended)});
 }
 
-bool result_file(const std::string& name, const std::string& title, bool extended) {
-    const Result<void> written =
-        report::write_result_file(report::result_file_path(name, write_folder().string()),
-                                  compare_all_sets(), title, extended);
+bool result_file(Session& session, const std::string& name, const std::string& title,
+                 bool extended) {
+    const Result<void> written = report::write_result_file(
+        report::result_file_path(name, session.places().write_folder().string()),
+        compare_all_sets(session), title, extended);
     if (!written) dialogs::tell(written.reason(), "WARNING");
     return static_cast<bool>(written);
 }
 
-bool finish_result_view(const report::ResultView& view, report::ListTarget target,
+bool finish_result_view(Session& session, const report::ResultView& view, report::ListTarget target,
                         bool withExtended, const CalculationViews& views) {
-    if (target == report::ListTarget::Printer) print_result(view.title, withExtended);
+    if (target == report::ListTarget::Printer) print_result(session, view.title, withExtended);
     if (target == report::ListTarget::File) {
         const auto name = dialogs::choose_file({.save = true,
                                                 .title = "Save QUOR result list as ...",
                                                 .filter = "Result file (*.LST)|*.LST",
-                                                .folder = write_folder().string(),
+                                                .folder = session.places().write_folder().string(),
                                                 .defaultExtension = ".LST",
                                                 .overwritePrompt = true});
-        if (!name || !result_file(*name, view.title, withExtended)) return false;
+        if (!name || !result_file(session, *name, view.title, withExtended)) return false;
     }
     views.closeResultView();
     views.closeParinput();
@@ -336,10 +343,11 @@ bool finish_result_view(const report::ResultView& view, report::ListTarget targe
 
 // ---- Iso-calculator ----------------------------------------------------------------------------
 
-std::optional<calculation::ProcessPoint> iso_start(const std::string& T, const std::string& p) {
+std::optional<calculation::ProcessPoint> iso_start(const Session& session, const std::string& T,
+                                                   const std::string& p) {
     calculation::ProcessPoint start{numbers::val_input(T), numbers::val_input(p)};
-    if (the_session.BatchMode) {
-        const calculation::Request shown = present_request();
+    if (session->batchMode) {
+        const calculation::Request shown = present_request(session);
         start = {shown.given.T, shown.given.p};
     }
     if (start.T > kPresent || start.p > kPresent) return start;
@@ -347,17 +355,21 @@ std::optional<calculation::ProcessPoint> iso_start(const std::string& T, const s
     return std::nullopt;
 }
 
-report::IsoCalculator open_iso_calculator(const calculation::ProcessPoint& start) {
-    return {report::make_result(models::current_fluid(), legacy::the_reference, unit_choice(),
+report::IsoCalculator open_iso_calculator(const Session& session,
+                                          const calculation::ProcessPoint& start) {
+    return {report::make_result(session.fluid(), session->reference, unit_choice(session.state()),
                                 report::functions_request(start.T, start.p)),
-            state().isoFunction, state().isoGiven};
+            session->calculation.isoFunction, session->calculation.isoGiven};
 }
 
-void take_iso_result(const report::IsoCalculator& iso) {
+void take_iso_result(Session& session, const report::IsoCalculator& iso) {
     const report::TaskResult& found = iso.last();
-    state().direct = {found.request.given.T, found.request.given.p, 0.0F,
-                      report::substance_key(found.made.fluid)};
-    legacy::the_results.current = found;
+    {
+        const auto now = session.change();
+        now->calculation.direct = {found.request.given.T, found.request.given.p, 0.0F,
+                                   report::substance_key(found.made.fluid)};
+        now->results.current = found;
+    }
     report::show(messages(found, report::Tell::remarks));
 }
 
@@ -365,20 +377,20 @@ void take_iso_result(const report::IsoCalculator& iso) {
 
 namespace {
 
-report::ProtocolPlace protocol_place() {
-    return {write_folder(), short_date(), the_session.CsvSeparator, new_protocol_file_name};
+report::ProtocolPlace protocol_place(const Session& session) {
+    return {session.places().write_folder(), session.places().short_date(), session->csvSeparator,
+            [&session] { return session.places().new_protocol_file_name(); }};
 }
 
 /// The protocol as a table with tabs, into the clipboard. False when the file cannot be read.
-bool copy_to_clipboard(const std::filesystem::path& path) {
+bool copy_to_clipboard(const Session& session, const std::filesystem::path& path) {
     const Result<std::string> content = files::read_whole(path);
     if (!content) {
         dialogs::tell(content.reason(), "WARNING");
         return false;
     }
     const std::string table = text::from_ansi(*content);
-    dialogs::set_clipboard(
-        text::replace_all(table, std::string(1, the_session.CsvSeparator), "\t"));
+    dialogs::set_clipboard(text::replace_all(table, std::string(1, session->csvSeparator), "\t"));
     return true;
 }
 
@@ -394,47 +406,48 @@ bool delete_if_empty(const std::filesystem::path& path) {
 
 }  // namespace
 
-void add_to_protocol() {
-    if (the_session.DecimalComma && the_session.CsvSeparator == ',')
+void add_to_protocol(Session& session) {
+    if (session->decimalComma && session->csvSeparator == ',')
         dialogs::tell(
             "Bei Computereinstellung \"Deutschland\" (Dezimalzeichen Komma)\n"
             "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
             "ist nicht mehr Excel-kompatibel.\n"
             "semicolon recommended",
             "WARNING");
-    const report::TaskResult& result = legacy::the_results.current;
-    const Result<void> added = legacy::the_protocol.add(result.made, result.Fu);
+    const report::TaskResult& result = session->results.current;
+    const Result<void> added = session.change()->protocol.add(result.made, result.Fu);
     if (!added) dialogs::tell(added.reason(), "WARNING");
 }
 
-bool write_protocol() {
-    if (!legacy::the_protocol.pending) return true;
-    const BusyPointer busy;
-    const Result<void> written = legacy::the_protocol.write(protocol_place());
+bool write_protocol(Session& session) {
+    if (!session->protocol.pending) return true;
+    const BusyPointer busy(session);
+    const Result<void> written = session.change()->protocol.write(protocol_place(session));
     if (!written) dialogs::tell(written.reason(), "WARNING");
     return static_cast<bool>(written);
 }
 
-bool open_new_protocol() {
-    report::Protocol& protocol = legacy::the_protocol;
-    if (!write_protocol()) return false;
-    const std::filesystem::path path = protocol.path(protocol_place());
-    if (!delete_if_empty(path) && protocol.is_own() && !copy_to_clipboard(path)) return false;
-    protocol.begin(new_protocol_file_name());
+bool open_new_protocol(Session& session) {
+    if (!write_protocol(session)) return false;
+    const report::Protocol& protocol = session->protocol;
+    const std::filesystem::path path = protocol.path(protocol_place(session));
+    if (!delete_if_empty(path) && protocol.is_own() && !copy_to_clipboard(session, path))
+        return false;
+    session.change()->protocol.begin(session.places().new_protocol_file_name());
     return true;
 }
 
-std::string protocol_file_title() {
-    return file_title(legacy::the_protocol.file);
+std::string protocol_file_title(const Session& session) {
+    return paths::file_title(session->protocol.file);
 }
 
-void close_protocol() {
-    if (write_protocol()) legacy::the_protocol.pending = false;
-    delete_if_empty(legacy::the_protocol.path(protocol_place()));
+void close_protocol(Session& session) {
+    if (write_protocol(session)) session.change()->protocol.pending = false;
+    delete_if_empty(session->protocol.path(protocol_place(session)));
 }
 
-void choose_separator(int index) {
-    if (index >= 0 && index < 3) the_session.CsvSeparator = report::kSeparators[index];
+void choose_separator(Session& session, int index) {
+    if (index >= 0 && index < 3) session.change()->csvSeparator = report::kSeparators[index];
 }
 
 }  // namespace quor::session

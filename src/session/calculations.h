@@ -31,7 +31,8 @@ std::span<const calculation::BatchDataSet> measured_sets(const Session& session)
 /// process.
 calculation::Request present_request(const Session& session);
 /// Calculates; the result becomes the current one, and that of its data set.
-const report::TaskResult& calculate(Session& session, const calculation::Request& request, std::size_t dataSet = 0);
+const report::TaskResult& calculate(Session& session, const calculation::Request& request,
+                                    std::size_t dataSet = 0);
 
 // ---- Menu --------------------------------------------------------------------------------------
 
@@ -65,11 +66,13 @@ enum class InputResult {
     Calculated       ///< the result view comes to the front
 };
 /// `cmdParameter_OK` with the texts of the four fields. Checks, stores, and calculates.
-InputResult accept_input(Session& session, const std::array<std::string, 4>& texts, bool amount = false);
+InputResult accept_input(Session& session, const std::array<std::string, 4>& texts,
+                         bool amount = false);
 /// `cancel`: closes the input and the result view.
-void cancel_input(Session& session, const CalculationViews& views);
+void cancel_input(const CalculationViews& views);
 /// The texts of a second reference point; nothing, after a message, when it is not valid.
-std::optional<models::BensonPoint> accept_reference(const Session& session, const std::array<std::string, 4>& texts);
+std::optional<models::BensonPoint> accept_reference(const Session& session,
+                                                    const std::array<std::string, 4>& texts);
 
 // ---- Result view -------------------------------------------------------------------------------
 
@@ -84,14 +87,16 @@ void step_backward(Session& session);
 /// `chkUHS` click.
 void set_equilibrium_functions(Session& session, bool on);
 /// `ResPlus` click: whether `ResPlus`(1) and `ResPlus`(2) are checked.
-void set_extended_pages(Session& session, report::ResultView& view, bool functions, bool derivatives);
+void set_extended_pages(Session& session, report::ResultView& view, bool functions,
+                        bool derivatives);
 
 /// Calculates every active data set; a message that repeats is shown once.
 report::Comparison compare_all_sets(Session& session);
 /// Calculates, and prints the list or writes it to a file. False, after a message, when the file
 /// could not be written.
 void print_result(Session& session, const std::string& title, bool extended);
-bool result_file(Session& session, const std::string& name, const std::string& title, bool extended);
+bool result_file(Session& session, const std::string& name, const std::string& title,
+                 bool extended);
 /// `cmdCalc_OK`: the list of results as asked. False when the user cancelled or the file could not
 /// be written; the views then stay open, else they close.
 bool finish_result_view(Session& session, const report::ResultView& view, report::ListTarget target,
@@ -101,9 +106,11 @@ bool finish_result_view(Session& session, const report::ResultView& view, report
 
 /// `cmdIsoCalc` with the first two fields of the input view: T and p to start from. In batch mode
 /// the present data set stands in. Nothing, after a message, without either.
-std::optional<calculation::ProcessPoint> iso_start(const Session& session, const std::string& T, const std::string& p);
+std::optional<calculation::ProcessPoint> iso_start(const Session& session, const std::string& T,
+                                                   const std::string& p);
 /// The iso-calculator over the state at T and p.
-report::IsoCalculator open_iso_calculator(const Session& session, const calculation::ProcessPoint& start);
+report::IsoCalculator open_iso_calculator(const Session& session,
+                                          const calculation::ProcessPoint& start);
 /// A state that the iso-calculator has found becomes the current result and the direct input.
 void take_iso_result(Session& session, const report::IsoCalculator& iso);
 

@@ -1,23 +1,16 @@
 #include "session/commands.h"
 
+#include "session/session.h"
+
 namespace quor::session {
 
-namespace {
-void (*changed)() = nullptr;
+void set_commands(Session& session, std::initializer_list<Command> commands, bool enabled) {
+    const auto now = session.change();
+    for (const Command c : commands) now->commands.enabled[static_cast<std::size_t>(c)] = enabled;
 }
 
-void set_commands(std::initializer_list<session::Command> commands, bool enabled) {
-    for (const session::Command c : commands)
-        session::the_commandStates.enabled[static_cast<std::size_t>(c)] = enabled;
-    if (changed != nullptr) changed();
-}
-
-bool is_enabled(session::Command command) {
-    return session::the_commandStates.enabled[static_cast<std::size_t>(command)];
-}
-
-void on_commands_changed(void (*listener)()) {
-    changed = listener;
+bool is_enabled(const Session& session, Command command) {
+    return session->commands.enabled[static_cast<std::size_t>(command)];
 }
 
 }  // namespace quor::session

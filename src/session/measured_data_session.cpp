@@ -9,8 +9,6 @@
 #include "datafiles/cell_numbers.h"
 #include "datafiles/measured_table.h"
 #include "datafiles/search.h"
-#include "legacy/measured_data.h"
-#include "session/module2.h"
 #include "session/questions.h"
 #include "session/xy_session.h"
 
@@ -21,7 +19,6 @@ namespace {
 using datafiles::MeasuredData;
 using datafiles::MeasuredDataFile;
 using datafiles::MeasuredPoint;
-using legacy::the_session;
 
 constexpr const char* kExtension = ".BAQ";
 constexpr const char* kFilter = "QUOR-specific file (*.BAQ)|*.BAQ";
@@ -29,24 +26,24 @@ constexpr const char* kRefusal = "Execution not possible";
 constexpr const char* kWarning = "WARNING";
 
 /// The place (from 1) of a substance in the open database, 0 for none.
-int index_of(const std::string& casrn) {
-    const std::optional<std::size_t> place = datafiles::find_by_casrn(legacy::the_database, casrn);
+int index_of(const Session& session, const std::string& casrn) {
+    const std::optional<std::size_t> place = datafiles::find_by_casrn(session->database, casrn);
     return place ? static_cast<int>(*place) + 1 : 0;
 }
 
 /// The questions before data are taken over; true when they may be.
-bool may_load(const std::string& casrn) {
-    const int index = index_of(casrn);
+bool may_load(const Session& session, const std::string& casrn) {
+    const int index = index_of(session, casrn);
     if (index == 0 && !dialogs::ask(text::pad_right(casrn, datafiles::kCasrnLength) +
                                         "substance not found in the actual data base\n"
                                         "    Load data nevertheless?",
                                     kWarning, dialogs::Icon::Exclamation))
         return false;
-    if (the_session.CurrentSubstance == 0) {
+    if (session->substanceNumber == 0) {
         dialogs::tell("Load a substance!", kWarning);
         return false;
     }
-    const bool other = index != 0 && index != the_session.CurrentSubstance;
+    const bool other = index != 0 && index != session->substanceNumber;
     return !other || dialogs::ask(
                          "You are trying to load a data set \nfor different substance!\n\n"
                          "Load T-p-rho data nevertheless?",
@@ -54,9 +51,9 @@ bool may_load(const std::string& casrn) {
 }
 
 /// The content of a file; nothing, after a message, when it cannot be read or is none.
-std::optional<MeasuredDataFile> read_file(const std::string& path) {
+std::optional<MeasuredDataFile> read_file(Session& session, const std::string& path) {
     const auto read = [&]() -> Result<MeasuredDataFile> {
-        const BusyPointer busy;
+        const BusyPointer busy(session);
         const Result<std::string> bytes = files::read_whole(path);
         if (!bytes) return bytes.failure();
         return datafiles::read_measured_data(*bytes, paths::file_title(path));
@@ -76,18 +73,18 @@ void tell_missing_sets(const MeasuredDataFile& file) {
 
 /// Molar mass of the substance that a file's data belong to: of the active substance, which its
 /// user may have edited, else of the database, else again of the active one.
-double molar_mass_of(const std::string& casrn) {
-    const int index = index_of(casrn);
-    if (index != 0 && index != the_session.CurrentSubstance) {
-        const auto other = legacy::the_database.read(static_cast<std::size_t>(index) - 1);
+double molar_mass_of(const Session& session, const std::string& casrn) {
+    const int index = index_of(session, casrn);
+    if (index != 0 && index != session->substanceNumber) {
+        const auto other = session->database.read(static_cast<std::size_t>(index) - 1);
         if (other) return static_cast<double>(other->record.M);
     }
-    return static_cast<double>(legacy::the_substance.M);
+    return static_cast<double>(session->substance.M);
 }
 
-bool save_to(const std::string& path, const MeasuredData& data) {
+bool save_to(const Session& session, const std::string& path, const MeasuredData& data) {
     const Result<void> written = files::write_whole(
-        path, datafiles::measured_data_text(data, legacy::the_places.short_date()));
+        path, datafiles::measured_data_text(data, session.places().short_date()));
     if (written) return true;
     dialogs::tell(written.reason(), kRefusal, dialogs::Icon::Stop);
     return false;
@@ -95,21 +92,21 @@ bool save_to(const std::string& path, const MeasuredData& data) {
 
 }  // namespace
 
-bool load_measured_data(bool append) {
+bool load_measured_data(Session& session, bool append) {
     const std::optional<std::string> name =
         dialogs::choose_file({.title = "Open a batch-file of experimental data (*.BAQ)",
                               .filter = kFilter,
-                              .folder = the_session.FolderBatch,
+                              .folder = session->folderMeasured,
                               .defaultExtension = kExtension});
-    return name && !name->empty() && load_measured_data(*name, append);
+    return name && !name->empty() && load_measured_data(session, *name, append);
 }
 
-bool load_measured_data(const std::string& name, bool append) {
-    const std::string path = paths::in_folder(name, the_session.FolderBatch);
-    const std::optional<MeasuredDataFile> file = read_file(path);
-    if (!file || !may_load(file->data.casrn)) return false;
+bool load_measured_data(Session& session, const std::string& name, bool append) {
+    const std::string path = paths::in_folder(name, session->folderMeasured);
+    const std::optional<MeasuredDataFile> file = read_file(session, path);
+    if (!file || !may_load(session, file->data.casrn)) return false;
 
-    MeasuredData data = append ? legacy::measured_data() : MeasuredData{};
+    MeasuredData data = append ? session->measured : MeasuredData{};
     const bool first = data.points.empty();
     if (data.points.size() + file->data.points.size() > datafiles::kMostMeasuredPoints) {
         dialogs::tell("There is room for " + std::to_string(datafiles::kMostMeasuredPoints) +
@@ -120,52 +117,54 @@ bool load_measured_data(const std::string& name, bool append) {
     if (static_cast<double>(file->data.points.size()) < file->announced) tell_missing_sets(*file);
     if (first) {
         data = file->data;
-        data.M = molar_mass_of(data.casrn);
+        data.M = molar_mass_of(session, data.casrn);
     } else {
         data.points.insert(data.points.end(), file->data.points.begin(), file->data.points.end());
     }
-    legacy::set_measured_data(data);
-    the_session.FolderBatch = paths::folder_of(path);
+    const auto now = session.change();
+    now->measured = std::move(data);
+    now->folderMeasured = paths::folder_of(path);
     return true;
 }
 
-bool save_measured_data() {
+bool save_measured_data(Session& session) {
     const std::optional<std::string> name =
         dialogs::choose_file({.save = true,
                               .title = "Save exper. data as text file *.BAQ",
                               .filter = kFilter,
-                              .folder = the_session.FolderBatch,
-                              .name = the_session.BatchFile,
+                              .folder = session->folderMeasured,
+                              .name = session->measured.file,
                               .defaultExtension = kExtension});
     if (!name || name->empty()) return false;
-    const std::string path = paths::target_path(*name, the_session.FolderBatch, kExtension);
-    MeasuredData data = legacy::measured_data();
-    if (text::trim(data.casrn).empty()) data.casrn = legacy::the_substance.CASRN;
-    if (!may_replace(path) || !save_to(path, data)) return false;
+    const std::string path = paths::target_path(*name, session->folderMeasured, kExtension);
+    MeasuredData data = session->measured;
+    if (text::trim(data.casrn).empty()) data.casrn = session->substance.CASRN;
+    if (!may_replace(path) || !save_to(session, path, data)) return false;
     data.file = paths::file_title(path);
     data.casrn = text::pad_right(data.casrn, datafiles::kCasrnLength);
-    legacy::set_measured_data(data);
-    the_session.FolderBatch = paths::folder_of(path);
+    const auto now = session.change();
+    now->measured = std::move(data);
+    now->folderMeasured = paths::folder_of(path);
     return true;
 }
 
-bool may_leave_measured_data(bool changed) {
-    return !changed || !ask_to_save_now() || save_measured_data();
+bool may_leave_measured_data(Session& session, bool changed) {
+    return !changed || !ask_to_save_now() || save_measured_data(session);
 }
 
-bool save_measured_column(int column) {
-    const MeasuredData data = legacy::measured_data();
+bool save_measured_column(Session& session, int column) {
+    const MeasuredData& data = session->measured;
     std::vector<datafiles::FitPoint> points;
     for (const MeasuredPoint& set : data.points) {
         const double y = datafiles::fit_column_value(set, column);
         if (set.skip == 0 && y != 0)
             points.push_back({datafiles::single_or_zero(set.T), datafiles::single_or_zero(y), 0});
     }
-    return save_xy({.comment = data.comment, .points = std::move(points)});
+    return save_xy(session, {.comment = data.comment, .points = std::move(points)});
 }
 
-void clear_measured_data() {
-    legacy::set_measured_data({});
+void clear_measured_data(Session& session) {
+    session.change()->measured = {};
 }
 
 }  // namespace quor::session

@@ -5,60 +5,66 @@
 #include "common/constants.h"
 #include "common/dialogs.h"
 #include "common/faults.h"
-#include "session/module2.h"
+#include "session/diagram_choice.h"
 
 namespace quor::session {
 
-using legacy::the_session;
-
 namespace {
-void (*applied)() = nullptr;
+
+/// What molar volumes are multiplied with now; that of molar units where the chosen ones cannot be
+/// had.
+double volume_factor(const Session& session) {
+    try {
+        return present_units(session).v;
+    } catch (const faults::Fault&) {
+        return 1;
+    }
 }
 
-OptionChoice open_options() {
+}  // namespace
+
+OptionChoice open_options(Session& session) {
+    using models::UnitSystem;
     OptionChoice c;
-    c.reducedPossible =
-        legacy::the_substance.Tcrit * legacy::the_substance.pcrit > constants::kPresent;
-    if (!c.reducedPossible) the_session.UnitMode = 0;
-    c.specific = the_session.CaloricUnit == 3;
-    c.batch = the_session.BatchMode;
-    c.reduced = the_session.UnitMode == 2;
-    c.realRange = the_session.CurveRealRangeOnly;
-    c.sWithoutTieLine = the_session.CurveSWithoutTieLine;
-    c.sCurvePossible = !legacy::the_models.EOSOnlyV;
-    c.partialGas = the_session.PartialGasCurve;
-    c.points = std::clamp<int>(the_session.PointsPerCurve, kMinPoints, kMaxPoints);
+    c.reducedPossible = session->substance.Tcrit * session->substance.pcrit > constants::kPresent;
+    if (!c.reducedPossible) session.change()->unitSystem = UnitSystem::molar;
+    c.specific = session->caloricUnit == models::CaloricUnit::specific;
+    c.batch = session->batchMode;
+    c.reduced = session->unitSystem == UnitSystem::reduced;
+    c.realRange = session->curveOptions.realRangeOnly;
+    c.sWithoutTieLine = session->curveOptions.sWithoutTieLine;
+    c.sCurvePossible = !session->models.EOSOnlyV;
+    c.partialGas = session->curveOptions.partialGas;
+    c.points = std::clamp(session->curveOptions.points, kMinPoints, kMaxPoints);
     return c;
 }
 
-bool apply_options(const OptionChoice& c) {
-    const double oldCaloric = the_session.CaloricFactor, oldVolume = the_session.VolumeFactor;
-    const std::int16_t caloricUnit = c.specific ? 3 : 0;
+bool apply_options(Session& session, const OptionChoice& c) {
+    using models::UnitSystem;
+    const models::UnitChoice units{
+        .system = c.reduced    ? UnitSystem::reduced
+                  : c.specific ? UnitSystem::specific
+                               : UnitSystem::molar,
+        .caloric = c.specific ? models::CaloricUnit::specific : models::CaloricUnit::molar,
+        .T_of_RT = session->diagramAt.T};
+    models::Units chosen;
     try {
-        const double factor = caloric_factor_of(caloricUnit, the_session.DiagramT);
-        the_session.UnitsChanged = false;
-        the_session.CaloricUnit = caloricUnit;
-        the_session.UnitMode = c.reduced ? 2 : c.specific ? 1 : 0;
-        the_session.CaloricFactor = factor;
-        refresh_units();
+        chosen = models::make_units(units, session.fluid());
     } catch (const faults::Fault& fault) {
-        dialogs::tell(fault.what(), "Execution not possible", dialogs::Icon::Stop);
+        dialogs::tell(fault.what(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return false;
     }
-    the_session.CurveRealRangeOnly = c.realRange;
-    the_session.CurveSWithoutTieLine = c.sWithoutTieLine;
-    the_session.PartialGasCurve = c.partialGas;
-    the_session.UnitsChanged =
-        the_session.CaloricFactor != oldCaloric || the_session.VolumeFactor != oldVolume;
-    the_session.PointsPerCurve =
-        static_cast<std::int16_t>(std::clamp(c.points, kMinPoints, kMaxPoints));
-    the_session.BatchMode = c.batch;
-    if (applied != nullptr) applied();
+    const auto now = session.change();
+    now->unitsChanged = chosen.caloric != now->caloricFactor || chosen.v != volume_factor(session);
+    now->unitSystem = chosen.choice.system;
+    now->caloricUnit = units.caloric;
+    now->curveOptions = {.points = std::clamp(c.points, kMinPoints, kMaxPoints),
+                         .realRangeOnly = c.realRange,
+                         .sWithoutTieLine = c.sWithoutTieLine,
+                         .partialGas = c.partialGas};
+    now->batchMode = c.batch;
+    renew_limits(session);
     return true;
-}
-
-void on_options_applied(void (*listener)()) {
-    applied = listener;
 }
 
 }  // namespace quor::session

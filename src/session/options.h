@@ -25,8 +25,8 @@ inline constexpr int kMaxPoints = 800;
 OptionChoice open_options(Session& session);
 
 /// Takes a choice over: units and their factors, curve options, the mode of the Calculation menu.
-/// `unitsChanged` of the session tells whether a factor changed; the limits of diagrams follow. False
-/// when the units cannot be had (no molar mass): a message tells it and nothing changes.
+/// `unitsChanged` of the session tells whether a factor changed; the limits of diagrams follow.
+/// False when the units cannot be had (no molar mass): a message tells it and nothing changes.
 bool apply_options(Session& session, const OptionChoice& choice);
 
 }  // namespace quor::session

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -65,13 +66,13 @@ struct SessionState {
 
     // Measured data and points
     datafiles::MeasuredData measured;
-    datafiles::XyData xy;          ///< the XY editor's list
-    datafiles::XYGraph xyGraph;    ///< that the XY editor draws
+    datafiles::XyData xy;        ///< the XY editor's list
+    datafiles::XYGraph xyGraph;  ///< that the XY editor draws
     FitSource fitSource = FitSource::xyList;
     std::int16_t fitColumn = 1;  ///< of the measured data: 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
 
     // Diagrams and surfaces
-    const diagrams::Diagram* diagram = nullptr;  ///< chosen last in the menu
+    const diagrams::Diagram* diagram = nullptr;         ///< chosen last in the menu
     diagrams::StateParameters diagramAt{298.15, 0, 0};  ///< of the last curve
     diagrams::CoordinateDefaults coordinates;
     diagrams::CurveOptions curveOptions;
@@ -83,6 +84,8 @@ struct SessionState {
     // Files and folders
     std::string folderMeasured, folderDiagrams, folderSurfaces, folderXy, folderProjects;
     std::string lastSessionFile;
+    /// When it was written, as this run knows; none while it was not there.
+    std::optional<std::filesystem::file_time_type> lastSessionWritten;
     std::string projectFile;
     std::string projectComment;
 

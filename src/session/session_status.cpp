@@ -5,25 +5,22 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "datafiles/search.h"
-#include "legacy/declare.h"
 #include "models/model_tables.h"
 
 namespace quor::session {
 
 namespace {
 
-using legacy::the_session;
-
 std::string trimmed(std::string_view s) {
     return text::trim(s);
 }
 
-std::string substance_lines() {
-    const models::SubstanceRecord& s = legacy::the_substance;
-    const StatusPanels panels = panel_texts(legacy::the_models.EOSModel != models::Eos::none);
+std::string substance_lines(const Session& session) {
+    const models::SubstanceRecord& s = session->substance;
+    const StatusPanels panels = panel_texts(session, session->models.EOSModel != models::Eos::none);
     std::string lines = "... substance: ";
     lines += s.Formula + "  " + trimmed(s.CASRN) + "  " + s.Name;
-    lines += " (#" + std::to_string(the_session.CurrentSubstance) + ")";
+    lines += " (#" + std::to_string(session->substanceNumber) + ")";
     lines += "\n    ";
     lines += panels.eos.empty() ? "no models" : panels.eos;
     if (!panels.vapourPressure.empty()) lines += ",  " + panels.vapourPressure;
@@ -31,38 +28,39 @@ std::string substance_lines() {
 }
 
 // Name of a substance of the open database, empty when its CASRN is not there.
-std::string name_by_casrn(const std::string& casrn) {
-    const auto place = datafiles::find_by_casrn(legacy::the_database, trimmed(casrn));
+std::string name_by_casrn(const Session& session, const std::string& casrn) {
+    const auto place = datafiles::find_by_casrn(session->database, trimmed(casrn));
     if (!place) return {};
-    return datafiles::first_name_of(legacy::the_database.entries()[*place].name);
+    return datafiles::first_name_of(session->database.entries()[*place].name);
 }
 
-std::string batch_lines() {
-    const std::string count = std::to_string(the_session.BatchCount);
-    if (the_session.BatchCount == 0) return "... exper. T-p-rho-HLV-cp data: none";
+std::string batch_lines(const Session& session) {
+    const datafiles::MeasuredData& data = session->measured;
+    const std::string count = std::to_string(data.points.size());
+    if (data.points.empty()) return "... exper. T-p-rho-HLV-cp data: none";
     std::string lines;
-    if (the_session.BatchFile.empty()) {
+    if (data.file.empty()) {
         lines += "    " + count;
-        lines += the_session.BatchCount == 1 ? " set of data" : " sets of data";
+        lines += data.points.size() == 1 ? " set of data" : " sets of data";
         return lines + " available,\nnot yet saved.";
     }
-    lines += "... batch file" + paths::file_title(the_session.BatchFile);
-    const std::string folder = paths::folder_of(the_session.BatchFile);
-    const std::string& source = folder.empty() ? the_session.FolderBatch : folder;
+    lines += "... batch file" + paths::file_title(data.file);
+    const std::string folder = paths::folder_of(data.file);
+    const std::string& source = folder.empty() ? session->folderMeasured : folder;
     if (source.size() > 2) lines += "\n  from " + source;
     lines += "\n  with " + count + " sets of data";
-    const std::string name = name_by_casrn(the_session.BatchCasrn);
+    const std::string name = name_by_casrn(session, data.casrn);
     if (name.empty()) return lines;
     lines += "\n    substance: " + name;
-    return lines + "\n    file comment" + the_session.BatchComment;
+    return lines + "\n    file comment" + data.comment;
 }
 
 }  // namespace
 
-StatusPanels panel_texts(bool modelsComplete) {
-    const models::ModelSelection& m = legacy::the_models;
+StatusPanels panel_texts(const Session& session, bool modelsComplete) {
+    const models::ModelSelection& m = session->models;
     StatusPanels panels;
-    if (the_session.CurrentSubstance != 0) panels.substance = legacy::the_substance.Name;
+    if (session->substanceNumber != 0) panels.substance = session->substance.Name;
     if (!modelsComplete) return panels;
     constexpr std::string_view kPriority = " (Priority!)";
     panels.eos = trimmed(models::EOSName(m.EOSModel));
@@ -71,27 +69,27 @@ StatusPanels panel_texts(bool modelsComplete) {
     return panels;
 }
 
-Report status_report() {
+Report status_report(const Session& session) {
     Report report{.title = " loaded ...", .text = {}};
-    if (the_session.DatabaseFile.empty()) {
+    if (session->databaseFile.empty()) {
         report.text = "... not yet a database";
         return report;
     }
     report.text = "... database ";
-    report.text += the_session.DatabaseFile;
+    report.text += session->databaseFile;
     report.text += "\n  with ";
-    report.text += std::to_string(legacy::the_database.size());
+    report.text += std::to_string(session->database.size());
     report.text += " substance(s)\n";
-    report.text += the_session.CurrentSubstance == 0 ? "... no substance" : substance_lines();
+    report.text += session->substanceNumber == 0 ? "... no substance" : substance_lines(session);
     report.text += '\n';
-    report.text += batch_lines();
+    report.text += batch_lines(session);
     report.text += "\n(for more parameters loaded see \"Options\")";
     return report;
 }
 
-Report parameter_report() {
-    const models::EOSParameters& e = legacy::the_eosParameters;
-    const models::Eos eos = legacy::the_models.EOSModel;
+Report parameter_report(const Session& session) {
+    const models::EOSParameters& e = session->eosParameters;
+    const models::Eos eos = session->models.EOSModel;
     Report report{.title = " Parameters of the EOS ", .text = {}};
     if (eos == models::Eos::idealGas) {
         report.text = "Selected: Ideal gas equation";

@@ -7,23 +7,19 @@
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/search.h"
-#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/model_choice.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
 #include "session/commands.h"
 #include "session/measured_data_session.h"
-#include "session/module2.h"
+#include "session/take_models.h"
 
 namespace quor::session {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-using legacy::the_database;
-using legacy::the_session;
 
 constexpr const char* kRefused = "Execution not possible";
 
@@ -32,11 +28,10 @@ bool is_same_file(const fs::path& a, const fs::path& b) {
     return fs::equivalent(a, b, ignored);
 }
 
-void tell_unusable(const std::string& title) {
-    if (the_database.is_open()) {
+void tell_unusable(const Session& session, const std::string& title) {
+    if (session->database.is_open()) {
         dialogs::tell("Database " + title + "not found in the QUOR directory or empty resp.\n" +
-                          "Database already loaded " + the_session.DatabaseFile +
-                          " is still activ.",
+                          "Database already loaded " + session->databaseFile + " is still activ.",
                       "WARNING", dialogs::Icon::Exclamation);
     } else {
         dialogs::tell("Database " + title + " not found or empty resp.", kRefused,
@@ -44,9 +39,9 @@ void tell_unusable(const std::string& title) {
     }
 }
 
-void note_missing_synonyms() {
-    if (!the_session.SynonymNotePending) return;
-    the_session.SynonymNotePending = false;
+void note_missing_synonyms(Session& session) {
+    if (!session->synonymNotePending) return;
+    session.change()->synonymNotePending = false;
     dialogs::tell(
         "The file SYNOM.TXT was not found in the QUOR directory.\n"
         "Substances are found by their exact name or CASRN only.",
@@ -54,18 +49,19 @@ void note_missing_synonyms() {
 }
 
 /// The synonyms, read when they are needed for the first time.
-const datafiles::Synonyms& synonyms() {
-    const fs::path file = legacy::the_places.find_file(std::string(datafiles::kSynonymFile));
-    if (file != legacy::the_synonymFile) {
+const datafiles::Synonyms& synonyms(Session& session) {
+    const fs::path file = session.places().find_file(std::string(datafiles::kSynonymFile));
+    if (file != session->synonymFile) {
         Result<datafiles::Synonyms> read = datafiles::Synonyms::read(file);
         if (!read) {
-            legacy::the_synonyms = {};
-            return legacy::the_synonyms;
+            session.change()->synonyms = {};
+            return session->synonyms;
         }
-        legacy::the_synonyms = *std::move(read);
-        legacy::the_synonymFile = file;
+        const auto now = session.change();
+        now->synonyms = *std::move(read);
+        now->synonymFile = file;
     }
-    return legacy::the_synonyms;
+    return session->synonyms;
 }
 
 /// Place of an index that counts from 1.
@@ -73,31 +69,33 @@ std::size_t place_of(std::int16_t index) {
     return static_cast<std::size_t>(index) - 1;
 }
 
-void question_measured_data() {
-    if (the_session.BatchCount == 0) return;
+void question_measured_data(Session& session) {
+    if (session->measured.points.empty()) return;
     if (dialogs::ask("Loaded exper. data (batch data) delete now?", "Batch data",
                      dialogs::Icon::Question, false))
-        clear_measured_data();
+        clear_measured_data(session);
 }
 
-void tell_no_critical_data() {
+void tell_no_critical_data(const Session& session) {
     dialogs::tell(
         "T(cr) and/or p(cr) not available in the data base\n"
         "(lacking critical data can be completed by the user in data-base editor)\n\n"
         "With  " +
-            legacy::the_substance.Name + " no QUOR calculations are possible!",
+            session->substance.Name + " no QUOR calculations are possible!",
         kRefused, dialogs::Icon::Stop);
 }
 
 // Equation of state and correlated vapour pressure sets follow the new critical data.
-void compute_dependents() {
-    const models::SubstanceRecord& s = legacy::the_substance;
-    const models::Eos eos = legacy::the_models.EOSModel;
-    if (eos != models::Eos::none) models::calc_eos_parameters(eos);
-    if (static_cast<double>(s.Tboil) <= constants::kPresent) return;
+void compute_dependents(Session& session) {
+    const models::Eos eos = session->models.EOSModel;
+    if (eos != models::Eos::none) compute_constants(session, eos);
+    const auto now = session.change();
+    models::SubstanceRecord& s = now->substance;
+    const auto Tboil = static_cast<double>(s.Tboil);
+    if (Tboil <= constants::kPresent) return;
     using enum models::VapourPressureEquation;
     for (const auto equation : {frostVanDerWaals, frostRedlichKwong, thompson})
-        models::CorrelateVapourPressure(equation, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+        models::correlate_vapour_pressure(s, equation, s.Tcrit, s.pcrit, Tboil);
 }
 
 bool has_critical_data(const models::SubstanceRecord& s) {
@@ -108,147 +106,142 @@ bool has_critical_data(const models::SubstanceRecord& s) {
 
 // ---------------------------------------------------------------------------------- the database
 
-Result<void> open_database(const std::string& path) {
+Result<void> open_database(Session& session, const std::string& path) {
     const Failure unusable{"Database " + paths::file_title(path) + " not found or empty resp."};
-    if (!legacy::the_places.file_exists(path)) return unusable;
-    const BusyPointer busy;
+    if (!session.places().file_exists(path)) return unusable;
+    const BusyPointer busy(session);
     Result<datafiles::Database> opened =
-        datafiles::Database::open(legacy::the_places.find_file(path), the_session.EnglishUi);
+        datafiles::Database::open(session.places().find_file(path), session->english);
     if (!opened) return unusable;
-    the_database = *std::move(opened);
+    session.change()->database = *std::move(opened);
     return {};
 }
 
-LoadOutcome load_database() {
+LoadOutcome load_database(Session& session) {
     const std::optional<std::string> path =
         dialogs::choose_file({.title = "Select and load a database",
                               .filter = "Database (*.Q05)|*.Q05",
-                              .folder = (legacy::the_places.data_folder() / "").string(),
-                              .name = the_session.DatabaseFile,
+                              .folder = (session.places().data_folder() / "").string(),
+                              .name = session->databaseFile,
                               .defaultExtension = ".Q05"});
-    return path ? load_database(*path) : LoadOutcome::Cancelled;
+    return path ? load_database(session, *path) : LoadOutcome::Cancelled;
 }
 
-LoadOutcome load_database(const std::string& path) {
+LoadOutcome load_database(Session& session, const std::string& path) {
     const std::string title = paths::file_title(path);
     if (title.empty()) return LoadOutcome::Cancelled;
-    if (!open_database(path)) {
-        tell_unusable(title);
+    if (!open_database(session, path)) {
+        tell_unusable(session, title);
         return LoadOutcome::Failed;
     }
-    the_session.DatabaseFile = title;
-    add_database_folder(the_database.path().parent_path());
+    session.change()->databaseFile = title;
+    add_database_folder(session, session->database.path().parent_path());
     return LoadOutcome::Loaded;
 }
 
-void add_database_folder(const fs::path& folder) {
-    std::vector<fs::path>& folders = legacy::the_databaseFolders;
-    if (std::find(folders.begin(), folders.end(), folder) == folders.end())
-        folders.push_back(folder);
+void add_database_folder(Session& session, const fs::path& folder) {
+    if (std::ranges::find(session->databaseFolders, folder) == session->databaseFolders.end())
+        session.change()->databaseFolders.push_back(folder);
 }
 
-std::int16_t find_substance(const std::string& search) {
-    const Result<std::size_t> place = datafiles::find_substance(the_database, synonyms(), search);
+std::int16_t find_substance(Session& session, const std::string& search) {
+    const Result<std::size_t> place =
+        datafiles::find_substance(session->database, synonyms(session), search);
     if (place) return static_cast<std::int16_t>(*place + 1);
-    if (!legacy::the_places.file_exists(std::string(datafiles::kSynonymFile)))
-        note_missing_synonyms();
+    if (!session.places().file_exists(std::string(datafiles::kSynonymFile)))
+        note_missing_synonyms(session);
     dialogs::tell(place.reason(), "ERROR: Selection of a substance", dialogs::Icon::Exclamation);
     return 0;
 }
 
 // --------------------------------------------------------------------------------- the substance
 
-Result<SubstanceRead> read_substance(std::int16_t index) {
+Result<SubstanceRead> read_substance(Session& session, std::int16_t index) {
     Result<datafiles::LoadedSubstance> loaded =
-        the_database.read(place_of(index), legacy::the_substance.dfs);
+        session->database.read(place_of(index), session->substance.dfs);
     if (!loaded) return loaded.failure();
-    legacy::the_substance = std::move(loaded->record);
+    const auto now = session.change();
+    now->substance = std::move(loaded->record);
     // The equation in use stays where the substance has it.
-    auto& equation = legacy::the_models.VPModel;
-    const auto offered = models::vp_entries(legacy::the_substance);
+    models::VapourPressureEquation& equation = now->models.VPModel;
+    const auto offered = models::vp_entries(now->substance);
     if (offered[models::index_of(offered, equation)].model != equation)
         equation = models::vp_of_code(loaded->VPCode);
     return SubstanceRead{loaded->noCriticalData};
 }
 
-bool take_substance(std::int16_t index) {
-    reset_session();
-    set_commands({Command::mnuModel}, false);
-    question_measured_data();
+bool take_substance(Session& session, std::int16_t index) {
+    const auto now = session.change();
+    reset_session(session);
+    set_commands(session, {Command::mnuModel}, false);
+    question_measured_data(session);
 
-    const Result<SubstanceRead> read = read_substance(index);
+    const Result<SubstanceRead> read = read_substance(session, index);
     if (!read) {
-        dialogs::tell(
-            "The substance could not be read from the database " + the_session.DatabaseFile,
-            kRefused, dialogs::Icon::Stop);
+        dialogs::tell("The substance could not be read from the database " + session->databaseFile,
+                      kRefused, dialogs::Icon::Stop);
         return false;
     }
-    the_session.CurrentSubstance = index;
+    now->substanceNumber = index;
     if (read->noCriticalData) {
-        tell_no_critical_data();
+        tell_no_critical_data(session);
         return false;
     }
-    the_session.SubstanceSet = true;
-    const BusyPointer busy;
-    compute_dependents();
-    set_commands({Command::mnuModel}, true);
+    now->substanceSet = true;
+    const BusyPointer busy(session);
+    compute_dependents(session);
+    set_commands(session, {Command::mnuModel}, true);
     return true;
 }
 
-bool save_private_database() {
+bool save_private_database(Session& session) {
     const std::optional<std::string> path = dialogs::choose_file(
         {.save = true,
          .title = "Saving a Private Database File *.Q05 for the actual substance ",
          .filter = "Database (*.Q05)|*.Q05",
-         .folder = (legacy::the_places.write_folder() / "").string(),
+         .folder = (session.places().write_folder() / "").string(),
          .defaultExtension = ".Q05",
          .overwritePrompt = true});
-    return path && !path->empty() && write_private_database(*path);
+    return path && !path->empty() && write_private_database(session, *path);
 }
 
-bool write_private_database(const std::string& path) {
+bool write_private_database(Session& session, const std::string& path) {
     const fs::path target =
-        paths::target_path(path, legacy::the_places.write_folder().string(), ".Q05");
-    if (is_same_file(target, the_database.path())) {
+        paths::target_path(path, session.places().write_folder().string(), ".Q05");
+    if (is_same_file(target, session->database.path())) {
         dialogs::tell("This file is the database that is open. Choose another name.", kRefused,
                       dialogs::Icon::Stop);
         return false;
     }
     const Result<datafiles::SubstanceFileRecord> own =
-        the_database.record(place_of(the_session.CurrentSubstance));
+        session->database.record(place_of(session->substanceNumber));
     if (!own) return false;
     const Result<std::string> older = files::read_whole(target, datafiles::kLargestDatabase);
     const std::string bytes = datafiles::private_database_bytes(
-        *own, legacy::the_substance, the_session.EnglishUi, legacy::the_places.short_date(),
+        *own, session->substance, session->english, session.places().short_date(),
         older ? *older : std::string());
     return static_cast<bool>(files::write_whole(target, bytes));
 }
 
 // ------------------------------------------------------------------------------------ the editor
 
-void apply_editor(datafiles::EditorTexts& texts) {
-    models::ModelSelection& models = legacy::the_models;
-    const models::SubstanceRecord& substance = legacy::the_substance;
-    if (datafiles::apply_editor(texts, legacy::the_substance, models).watsonDropped)
-        dialogs::Beep();
-    // The coefficients of the manual virial equation were typed in and stay.
-    if (has_critical_data(substance) && models.EOSModel != models::Eos::none &&
-        models.EOSModel != models::Eos::manualVirial)
-        models::calc_eos_parameters(models.EOSModel);
-    if (has_critical_data(substance) && the_session.CurrentSubstance > 0 &&
-        !the_session.SubstanceSet) {
-        the_session.SubstanceSet = true;
-        set_commands({Command::mnuModel}, true);
+void apply_editor(Session& session, datafiles::EditorTexts& texts) {
+    const auto now = session.change();
+    if (datafiles::apply_editor(texts, now->substance, now->models).watsonDropped) dialogs::Beep();
+    const bool complete = has_critical_data(now->substance);
+    if (complete && now->models.EOSModel != models::Eos::none)
+        compute_constants(session, now->models.EOSModel);
+    if (complete && now->substanceNumber > 0 && !now->substanceSet) {
+        now->substanceSet = true;
+        set_commands(session, {Command::mnuModel}, true);
     }
-    refresh_units();
-    the_session.ResultsOutdated = true;
+    settle_units(session);
 }
 
-std::optional<std::string> triple_point_pressure(bool fromEquation) {
-    const models::SubstanceRecord& s = legacy::the_substance;
+std::optional<std::string> triple_point_pressure(const Session& session, bool fromEquation) {
+    const models::SubstanceRecord& s = session->substance;
     if (!fromEquation) return datafiles::editor_text(s.ptriple);
-    const Result<std::string> text =
-        datafiles::triple_point_pressure(s, legacy::the_models.VPModel);
+    const Result<std::string> text = datafiles::triple_point_pressure(s, session->models.VPModel);
     if (text) return *text;
     dialogs::tell(text.reason(), kRefused, dialogs::Icon::Stop);
     return std::nullopt;
@@ -260,13 +253,13 @@ bool may_close_editor(const datafiles::EditorTexts& shown, const datafiles::Edit
                         "WARNING", dialogs::Icon::Exclamation, false);
 }
 
-std::string active_equation_caption() {
+std::string active_equation_caption(const Session& session) {
     return "actual vapour-pressure equation: " +
-           text::trim(models::vp_name(legacy::the_models.VPModel));
+           text::trim(models::vp_name(session->models.VPModel));
 }
 
-std::string database_caption() {
-    return "Database loaded:  " + text::to_upper(paths::file_title(the_session.DatabaseFile));
+std::string database_caption(const Session& session) {
+    return "Database loaded:  " + text::to_upper(paths::file_title(session->databaseFile));
 }
 
 }  // namespace quor::session

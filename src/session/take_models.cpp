@@ -1,59 +1,107 @@
 #include "session/take_models.h"
 
 #include "common/dialogs.h"
-#include "legacy/wrappers.h"
-#include "session/actions.h"
+#include "common/faults.h"
+#include "models/parameter_program.h"
+#include "models/vapour_pressure.h"
 #include "session/commands.h"
+#include "session/diagram_choice.h"
 
 namespace quor::session {
 
 namespace {
 
-/// The records that a choice writes.
-struct Chosen {
-    models::SubstanceRecord substance = legacy::the_substance;
-    models::ModelSelection models = legacy::the_models;
-    models::EOSParameters eos = legacy::the_eosParameters;
-    models::JiTorvikParameters jiTorvik = legacy::the_jiTorvik;
+using models::Eos;
 
-    void restore() const {
-        legacy::the_substance = substance;
-        legacy::the_models = models;
-        legacy::the_eosParameters = eos;
-        legacy::the_jiTorvik = jiTorvik;
-    }
+constexpr std::chrono::milliseconds kParameterWait{100000};
+
+/// What a choice writes.
+struct Chosen {
+    models::SubstanceRecord substance;
+    models::ModelSelection models;
+    models::EOSParameters eosParameters;
+    models::JiTorvikParameters jiTorvik;
 };
 
-bool compute_constants() {
-    const models::ModelSelection& m = legacy::the_models;
-    if (m.EOSModel != models::Eos::manualVirial)
-        return models::calc_eos_parameters(m.EOSModel) == kSuccess;
-    legacy::the_eosParameters = models::eos_constants(legacy::the_substance, m).power;
+Chosen chosen(const SessionState& s) {
+    return {s.substance, s.models, s.eosParameters, s.jiTorvik};
+}
+
+void restore(Session& session, const Chosen& before) {
+    const auto now = session.change();
+    now->substance = before.substance;
+    now->models = before.models;
+    now->eosParameters = before.eosParameters;
+    now->jiTorvik = before.jiTorvik;
+}
+
+/// Asks the external program for the parameters of Ji/Torvik. False without an answer.
+bool obtain_ji_torvik(Session& session, Eos eos) {
+    session.change()->jiTorvik = {};
+    const BusyPointer busy(session);
+    const Places& places = session.places();
+    const bool present = places.file_exists("djipar.exe");
+    const auto answer = models::ask_parameter_program(
+        {present ? places.find_file("djipar.exe") : "", places.write_folder(), kParameterWait},
+        session->substance, session->models.VPModel, eos);
+    if (!answer) {
+        if (answer.reason() == "No parameter-file generated.") dialogs::refuse(answer.reason());
+        return false;
+    }
+    session.change()->jiTorvik = *answer;
     return true;
 }
 
 }  // namespace
 
-bool take_models(const models::ModelChoice& choice) {
-    if (const auto warning = choice.warning()) dialogs::tell(*warning, "WARNING");
-    const Chosen before;
-    legacy::the_models = choice.models();
-    models::correlate_for(legacy::the_models, legacy::the_substance);
-    if (!compute_constants()) {
-        before.restore();
+bool compute_constants(Session& session, Eos eos) {
+    const bool ofJiTorvik = eos == Eos::jiTorvik1 || eos == Eos::jiTorvik2;
+    session.change()->eosParameters = {};
+    if (ofJiTorvik && !session->jiTorvikGiven && !obtain_ji_torvik(session, eos)) {
+        dialogs::tell("Error during EOS-parameter calculation", dialogs::kNotPossible,
+                      dialogs::Icon::Stop);
         return false;
     }
-    enable_model_commands();
-    actions::Run("CalcCoordinateDefaults");
+    const auto now = session.change();
+    try {
+        models::ModelSelection models = now->models;
+        models.EOSModel = eos;
+        models.jiTorvik = now->jiTorvik;
+        const models::EosConstants constants = models::eos_constants(now->substance, models);
+        now->eosParameters = constants.power;
+        now->jiTorvik = constants.jiTorvik;
+    } catch (const faults::Fault&) {
+        return false;
+    }
     return true;
 }
 
-void enable_model_commands() {
-    set_commands({Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting, Command::mnu2D,
+bool take_models(Session& session, const models::ModelChoice& choice) {
+    if (const auto warning = choice.warning()) dialogs::tell(*warning, "WARNING");
+    const Chosen before = chosen(session.state());
+    {
+        const auto now = session.change();
+        now->models = choice.models();
+        models::correlate_for(now->models, now->substance);
+    }
+    if (!compute_constants(session, session->models.EOSModel)) {
+        restore(session, before);
+        return false;
+    }
+    const auto now = session.change();
+    enable_model_commands(session);
+    renew_limits(session);
+    return true;
+}
+
+void enable_model_commands(Session& session) {
+    const auto now = session.change();
+    set_commands(session,
+                 {Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting, Command::mnu2D,
                   Command::mnu3D, Command::mnuData_SaveProject, Command::toolSave,
                   Command::toolReference, Command::toolTank},
                  true);
-    set_commands({Command::needsLPhase}, !legacy::the_models.EOSOnlyV);
+    set_commands(session, {Command::needsLPhase}, !now->models.EOSOnlyV);
 }
 
 }  // namespace quor::session
