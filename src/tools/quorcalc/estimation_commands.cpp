@@ -95,7 +95,7 @@ Json optional(const std::optional<double>& value) {
     return value ? Number(*value) : Json();
 }
 
-Json groups(Call& call, const Arguments& a) {
+Json groups(Call&, const Arguments& a) {
     const auto counts = estimation::parse_groups(a.groups);
     if (!counts) throw WrongCall{"--groups cannot be read: " + a.groups};
     const estimation::CriticalData critical = estimation::joback_critical(*counts, a.Tb);
