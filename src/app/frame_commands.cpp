@@ -5,16 +5,11 @@
 #include "app/tip_dialog.h"
 #include "common/dialogs.h"
 #include "gui/data/substance_dialog.h"
-#include "gui/estimation/fit_view.h"
 #include "gui/models/model_dialog.h"
 #include "gui/widgets/settings.h"
-#include "gui/widgets/shell.h"
-#include "legacy/declare.h"
 #include "models/model_choice.h"
-#include "session/actions.h"
 #include "session/commands.h"
-#include "session/module2.h"
-#include "session/project_hooks.h"
+#include "session/project_session.h"
 #include "session/session_status.h"
 #include "session/substance_session.h"
 #include "session/take_models.h"
@@ -25,96 +20,80 @@ namespace frame_commands {
 
 namespace {
 
-using legacy::the_session;
+using gui::Desk;
 using session::Command;
+using session::Session;
 
 void show(const session::Report& report) {
     dialogs::tell(report.text, report.title, dialogs::Icon::Information);
 }
 
-void close_results_and_input() {
-    gui::shell::closeViews(gui::shell::resultViews() + gui::shell::inputViews());
+void close_results_and_input(Desk& desk) {
+    desk.closeViews(Desk::resultViews() + Desk::inputViews());
 }
 
-// The commands of a session that a project has restored.
-void enable_restored_session() {
-    session::set_commands({Command::mnuData_Status, Command::mnuStoff, Command::mnuModel,
-                           Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput,
-                           Command::mnuData_SaveProject},
+/// The commands of a session that a project has restored. A project whose substance is missing
+/// leaves its database open: the user goes on from there.
+void enable_restored_session(Session& session, const session::ProjectResult& project) {
+    const auto now = session.change();
+    session::set_commands(session,
+                          {Command::mnuData_Status, Command::mnuStoff,
+                           Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput},
                           true);
-    session::enable_model_commands();
-    the_session.ProjectLoaded = true;
-    session::refresh_units();
+    session::set_commands(session, {Command::mnuModel}, project.substanceFound);
+    if (!project.modelsComplete) return;
+    session::set_commands(session, {Command::mnuModel, Command::mnuData_SaveProject}, true);
+    session::enable_model_commands(session);
 }
 
-void load_project(const std::string& file) {
-    const session::ProjectHooks& hooks = session::project_hooks();
-    if (hooks.check && !hooks.check(file)) return;
-    close_results_and_input();
-    session::reset_session();
-    if (hooks.load(file)) {
-        enable_restored_session();
-        if (file != the_session.LastSessionFile)
-            gui::settings::rememberFile(QString::fromStdString(file));
-    }
-    gui::shell::Refresh();
+void load_project(Desk& desk, const std::string& file) {
+    Session& session = desk.session();
+    if (!session::may_load_project(session, file)) return;
+    close_results_and_input(desk);
+    const session::ProjectResult project = session::load_project(session, file);
+    if (!project.loaded) return;
+    enable_restored_session(session, project);
+    if (project.modelsComplete && file != session->lastSessionFile)
+        gui::settings::rememberFile(QString::fromStdString(file));
 }
 
-}  // namespace
+void choose_models(Desk& desk) {
+    gui::ModelDialog view(desk, desk.frameWindow());
+    desk.openModal(view);
+}
 
-void openDatabase() {
-    close_results_and_input();
-    if (session::load_database() != session::LoadOutcome::Loaded) return;
-    const std::string file = legacy::the_database.path().string();
+void choose_substance(Desk& desk) {
+    gui::SubstanceDialog view(desk, desk.frameWindow());
+    if (desk.openModal(view) != QDialog::Accepted) return;
+    close_results_and_input(desk);
+    choose_models(desk);
+}
+
+void open_database(Desk& desk) {
+    Session& session = desk.session();
+    close_results_and_input(desk);
+    if (session::load_database(session) != session::LoadOutcome::Loaded) return;
+    const std::string file = session->database.path().string();
     gui::settings::rememberFile(QString::fromStdString(file));
     gui::settings::rememberDatabaseFolder(QString::fromStdString(paths::folder_of(file)));
-    // The substance of the former database has no place in this one.
-    the_session.CurrentSubstance = 0;
-    the_session.SubstanceSet = false;
-    session::set_commands({Command::mnuModel, Command::mnuCalcMain, Command::mnuOptions,
-                           Command::mnuFitting, Command::mnu2D, Command::mnu3D},
-                          false);
-    session::set_commands(
-        {Command::mnuStoff, Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput}, true);
-    chooseSubstance();
+    {
+        // The substance of the former database has no place in this one.
+        const auto now = session.change();
+        now->substanceNumber = 0;
+        now->substanceSet = false;
+        session::set_commands(session,
+                              {Command::mnuModel, Command::mnuCalcMain, Command::mnuOptions,
+                               Command::mnuFitting, Command::mnu2D, Command::mnu3D},
+                              false);
+        session::set_commands(
+            session,
+            {Command::mnuStoff, Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput},
+            true);
+    }
+    choose_substance(desk);
 }
 
-void chooseSubstance() {
-    gui::SubstanceDialog view(gui::shell::frameWindow());
-    const bool chosen = gui::shell::openModal(view) == QDialog::Accepted;
-    gui::FitView::followSubstance();
-    if (!chosen) return;
-    close_results_and_input();
-    chooseModels();
-}
-
-void chooseModels() {
-    constexpr auto kEditData = "mnuData_EditStoffdaten";
-    gui::ModelDialog::Session session{.editData = {}, .take = session::take_models};
-    if (actions::has(kEditData))
-        session.editData = [] {
-            actions::Run(kEditData);
-            return legacy::the_substance;
-        };
-    gui::ModelDialog view(legacy::the_substance, legacy::the_models, std::move(session),
-                          gui::shell::frameWindow());
-    gui::shell::openModal(view);
-    gui::shell::Refresh();
-}
-
-void showStatus() {
-    show(session::status_report());
-}
-
-void showParameters() {
-    show(session::parameter_report());
-}
-
-void showTips() {
-    TipDialog::showOnRequest();
-}
-
-void showAbout() {
+void show_about() {
     dialogs::tell(
         "QUOR-6   Thermodynamic Calculations of States and Processes for Pure Substances\n\n"
         "Version " +
@@ -124,32 +103,44 @@ void showAbout() {
         "About the Program", dialogs::Icon::Information);
 }
 
-void showInformation() {
+void show_information(const Session& session) {
     const auto name_or_none = [](const std::string& s) { return s.empty() ? "none" : s; };
-    dialogs::tell("Program folder: " + legacy::the_places.program_folder().string() +
-                      "\nFolder of your files: " + legacy::the_places.write_folder().string() +
-                      "\n\nDatabase: " + name_or_none(the_session.DatabaseFile) +
-                      "\nProject: " + name_or_none(the_session.ProjectFile) + "\nProtocol file: " +
-                      name_or_none(legacy::the_protocol.file) + "\n\nQt " + std::string(qVersion()),
+    dialogs::tell("Program folder: " + session.places().program_folder().string() +
+                      "\nFolder of your files: " + session.places().write_folder().string() +
+                      "\n\nDatabase: " + name_or_none(session->databaseFile) +
+                      "\nProject: " + name_or_none(session->projectFile) + "\nProtocol file: " +
+                      name_or_none(session->protocol.file) + "\n\nQt " + std::string(qVersion()),
                   "Information", dialogs::Icon::Information);
 }
 
-void load_last_session() {
-    if (!legacy::the_places.file_exists(the_session.LastSessionFile)) {
-        dialogs::tell("There is no last session yet:\n" + the_session.LastSessionFile,
-                      "Execution not possible");
+void load_last_session(Desk& desk) {
+    const std::string& file = desk.session()->lastSessionFile;
+    if (!desk.session().places().file_exists(file)) {
+        dialogs::refuse("There is no last session yet:\n" + file);
         return;
     }
-    load_project(the_session.LastSessionFile);
+    load_project(desk, file);
 }
 
-void LoadProject() {
-    if (const std::optional<std::string> file = session::project_hooks().choose())
-        load_project(*file);
+void choose_project(Desk& desk) {
+    if (const auto file = session::choose_project(desk.session())) load_project(desk, *file);
 }
 
-void save_project() {
-    session::project_hooks().save();
+}  // namespace
+
+void add(Desk& desk, Commands& commands) {
+    Session& session = desk.session();
+    commands.add("mnuData_OpenBank", [&desk] { open_database(desk); });
+    commands.add("mnuData_Status", [&session] { show(session::status_report(session)); });
+    commands.add("mnuData_LoadLastSession", [&desk] { load_last_session(desk); });
+    commands.add("mnuData_LoadProject", [&desk] { choose_project(desk); });
+    commands.add("mnuData_SaveProject", [&session] { session::save_project(session, true); });
+    commands.add("mnuData_ParameterEOS", [&session] { show(session::parameter_report(session)); });
+    commands.add("mnuStoff", [&desk] { choose_substance(desk); });
+    commands.add("mnuModel", [&desk] { choose_models(desk); });
+    commands.add("mnuHilfe_About", show_about);
+    commands.add("mnuHilfe_Tip", [&desk] { TipDialog::showOnRequest(desk); });
+    commands.add("mnuInfo", [&session] { show_information(session); });
 }
 
 }  // namespace frame_commands

@@ -7,7 +7,6 @@
 #include <nlohmann/json.hpp>
 
 #include "common/text.h"
-#include "session/module2.h"
 
 namespace quor::help {
 
@@ -161,8 +160,8 @@ std::vector<Hit> Book::Search(std::string_view text) const {
     return inTitle;
 }
 
-fs::path Folder() {
-    return legacy::the_places.data_folder() / "help";
+fs::path folder(const Places& places) {
+    return places.data_folder() / "help";
 }
 
 }  // namespace quor::help

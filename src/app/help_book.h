@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "common/paths.h"
+
 /// The help: pages in a folder, with a table of contents that also tells which page belongs to
 /// which number.
 namespace quor::help {
@@ -56,7 +58,7 @@ class Book {
 };
 
 /// Where the pages lie: beside the program, or in the shared folder of an installed one.
-std::filesystem::path Folder();
+std::filesystem::path folder(const Places& places);
 
 /// The text of a page without its marks.
 std::string PlainText(std::string_view html);

@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
-#include <QPointer>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTextBrowser>
@@ -18,11 +17,8 @@
 #include "common/dialogs.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "session/actions.h"
 #include "session/help_topics.h"
-#include "session/shutdown.h"
 
 namespace quor::app {
 
@@ -57,32 +53,6 @@ QString pageStyle(const std::filesystem::path& folder) {
            "a { color: " + link + "; }";
 }
 
-QPointer<HelpViewer>& viewer() {
-    static QPointer<HelpViewer> open;
-    return open;
-}
-
-void show_topic(int topic) {
-    // A modal dialog lets only its own windows be used.
-    QWidget* modal = QApplication::activeModalWidget();
-    QWidget* parent = modal != nullptr ? modal : gui::shell::frameWindow();
-    if (viewer() != nullptr && viewer()->parentWidget() != parent) delete viewer();
-    if (viewer() == nullptr) {
-        std::optional<help::Book> book = help::Book::Load(help::Folder());
-        if (!book) {
-            dialogs::tell("The pages of the help are not there:\n" + help::Folder().string(),
-                          "Execution not possible");
-            return;
-        }
-        viewer() = new HelpViewer(std::move(*book), parent);
-        viewer()->setAttribute(Qt::WA_DeleteOnClose);
-    }
-    viewer()->showTopic(topic);
-    viewer()->show();
-    viewer()->raise();
-    viewer()->activateWindow();
-}
-
 /// The number of the page about what has the focus: a row of an open menu, or a view.
 int topic_at(const QWidget* place) {
     if (const auto* menu = qobject_cast<const QMenu*>(place))
@@ -94,20 +64,6 @@ int topic_at(const QWidget* place) {
             return topic;
     return help::kContents;
 }
-
-/// F1 in every window, also in modal dialogs.
-class HelpKey : public QObject {
-  public:
-    explicit HelpKey(QObject* parent) : QObject(parent) {}
-
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
-        if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return false;
-        if (!gui::shell::showHelp(topic_at(static_cast<QWidget*>(watched)))) return false;
-        return true;
-    }
-};
 
 }  // namespace
 
@@ -239,23 +195,43 @@ void HelpViewer::markPage(const QUrl& url) {
     contents_->setCurrentItem(best);
 }
 
-namespace help_views {
-
-void Install() {
-    gui::shell::setHelp(show_topic);
-    static const QPointer<HelpKey> key = [] {
-        auto* filter = new HelpKey(qApp);
-        qApp->installEventFilter(filter);
-        return filter;
-    }();
-    actions::register_action("mnuHilfe_Index", [] { gui::shell::showHelp(help::kContents); });
-    session::shutdown_hooks().closeHelp = closeAll;
+HelpWindow::HelpWindow(gui::Desk& desk, QObject* parent) : QObject(parent), desk_(desk) {
+    desk_.doors.help = [this](int topic) { showTopic(topic); };
+    qApp->installEventFilter(this);
 }
 
-void closeAll() {
-    delete viewer();
+HelpWindow::~HelpWindow() {
+    desk_.doors.help = {};
+    delete viewer_;
 }
 
-}  // namespace help_views
+void HelpWindow::showTopic(int topic) {
+    // A modal dialog lets only its own windows be used.
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* parent = modal != nullptr ? modal : desk_.frameWindow();
+    if (viewer_ != nullptr && viewer_->parentWidget() != parent) delete viewer_;
+    if (viewer_ == nullptr) {
+        const std::filesystem::path folder = help::folder(desk_.session().places());
+        std::optional<help::Book> book = help::Book::Load(folder);
+        if (!book) {
+            dialogs::refuse("The pages of the help are not there:\n" + folder.string());
+            return;
+        }
+        viewer_ = new HelpViewer(std::move(*book), parent);
+        viewer_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    viewer_->showTopic(topic);
+    viewer_->show();
+    viewer_->raise();
+    viewer_->activateWindow();
+}
+
+// F1 in every window, also in modal dialogs.
+bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
+    if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return false;
+    showTopic(topic_at(static_cast<QWidget*>(watched)));
+    return true;
+}
 
 }  // namespace quor::app

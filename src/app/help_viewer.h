@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 #include <QUrl>
 
 #include "app/help_book.h"
+#include "gui/widgets/desk.h"
 
 class QLineEdit;
 class QListWidget;
@@ -37,13 +39,23 @@ class HelpViewer : public QDialog {
     QTextBrowser* page_;
 };
 
-namespace help_views {
+/// The help at a desk: help buttons and F1 open pages of its one window as long as this object
+/// lives.
+class HelpWindow : public QObject {
+    Q_OBJECT
 
-/// Help buttons, F1 and the menu row open pages from now on.
-void Install();
-/// Closes the window of the help.
-void closeAll();
+  public:
+    explicit HelpWindow(gui::Desk& desk, QObject* parent = nullptr);
+    ~HelpWindow() override;
 
-}  // namespace help_views
+    void showTopic(int topic);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    gui::Desk& desk_;
+    QPointer<HelpViewer> viewer_;
+};
 
 }  // namespace quor::app

@@ -11,7 +11,7 @@
 #include "gui/data/editor_views.h"
 #include "gui/widgets/qt_dialogs.h"
 #include "gui/widgets/theme.h"
-#include "session/module2.h"
+#include "session/session.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -26,19 +26,21 @@ int main(int argc, char* argv[]) {
     const auto folder = [](const QString& path) {
         return std::filesystem::path(path.toStdString());
     };
-    legacy::the_places =
-        Places(folder(QApplication::applicationDirPath()),
-               folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
     numbers::set_decimal_mark(QLocale().decimalPoint() == "," ? ',' : '.');
     dialogs::current() = dialogs::desktop();
 
-    wiring::connectViews();
-    gui::editor_views::installFileView();
-    MainWindow frame;
+    session::Session session(
+        Places(folder(QApplication::applicationDirPath()),
+               folder(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))));
+    gui::Desk desk(session);
+    Commands commands;
+    wiring::connectViews(desk, commands);
+    gui::editor_views::installFileView(desk);
+    MainWindow frame(desk, commands);
     frame.show();
     frame.startUp();
     frame.inviteFirstUser();
     for (const QString& file : QApplication::arguments().mid(1))
-        open_file::Open(file.toStdString());
+        open_file::open(desk, commands, file.toStdString());
     return QApplication::exec();
 }

@@ -18,22 +18,20 @@
 
 #include "app/first_steps.h"
 #include "app/frame_commands.h"
+#include "app/help_viewer.h"
 #include "app/menu_commands.h"
+#include "app/open_file.h"
 #include "app/tip_dialog.h"
 #include "app/work_area.h"
-#include "gui/widgets/follows_session.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/settings.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
-#include "session/actions.h"
 #include "session/calculations.h"
 #include "session/commands.h"
-#include "session/module2.h"
-#include "session/project_hooks.h"
+#include "session/end_session.h"
+#include "session/help_topics.h"
 #include "session/session_status.h"
-#include "session/shutdown.h"
 
 namespace quor::app {
 
@@ -48,9 +46,6 @@ constexpr QPoint kFirstStepsPlace(24, 24);
 constexpr int kPanelWidth = 110, kRecentCharacters = 60;
 constexpr std::int16_t kTankGlobal = 9, kTankPartial = 10;
 
-MainWindow* theFrame = nullptr;
-MainWindow::FileOpener fileOpener = nullptr;
-
 /// The files of this computer among what is dragged.
 QStringList local_files(const QMimeData* data) {
     QStringList files;
@@ -61,11 +56,14 @@ QStringList local_files(const QMimeData* data) {
 
 }  // namespace
 
-MainWindow::MainWindow() {
+MainWindow::MainWindow(gui::Desk& desk, Commands& commands)
+    : desk_(desk),
+      session_(desk.session()),
+      commands_(commands),
+      help_(new HelpWindow(desk, this)) {
     setObjectName("mdiQUOR");
     setWindowTitle(kBanner);
-    theFrame = this;
-    gui::shell::setFrame(this);
+    desk_.setFrame(this);
 
     area_ = new WorkArea(this);
     area_->setObjectName("area");
@@ -75,14 +73,12 @@ MainWindow::MainWindow() {
     phantom->setObjectName("frmPhantom");
     phantom->hide();
 
-    registerActions();
+    addCommands();
     buildMenus();
     buildStatusBar();
     buildToolBar();
 
-    session::on_commands_changed([] {
-        if (theFrame != nullptr) theFrame->refresh();
-    });
+    following_ = session_.on_change([this] { refresh(); });
     auto* exit = new QShortcut(QKeySequence("Alt+F4"), this);
     connect(exit, &QShortcut::activated, this, &QWidget::close);
 
@@ -98,23 +94,16 @@ MainWindow::MainWindow() {
         Qt::DirectConnection);
 }
 
-void MainWindow::setFileOpener(FileOpener opener) {
-    fileOpener = opener;
-}
-
 MainWindow::~MainWindow() {
-    actions::register_action("mnuData_Exit", {});
-    session::on_commands_changed(nullptr);
-    gui::shell::setFrame(nullptr);
-    theFrame = nullptr;
+    following_.end();
+    desk_.setFrame(nullptr);
 }
 
 void MainWindow::startUp() {
     firstSteps_->hide();
-    session::reset_everything();
-    registerProjectActions();
-    panels_[3]->setText(qt(legacy::the_places.short_date()));
-    TipDialog::showAtStartup();
+    session::reset_everything(session_);
+    panels_[3]->setText(qt(session_.places().short_date()));
+    TipDialog::showAtStartup(desk_);
     refresh();
 }
 
@@ -128,40 +117,31 @@ void MainWindow::inviteFirstUser() {
 
 // ---------------------------------------------------------------------------------------- commands
 
-void MainWindow::registerActions() {
-    using actions::register_action;
-    register_action("mnuData_OpenBank", frame_commands::openDatabase);
-    register_action("mnuData_Status", frame_commands::showStatus);
-    register_action("mnuData_ParameterEOS", frame_commands::showParameters);
-    register_action("mnuData_Exit", [this] { close(); });
-    register_action("mnuStoff", frame_commands::chooseSubstance);
-    register_action("mnuModel", frame_commands::chooseModels);
-    register_action("mnuHilfe_About", frame_commands::showAbout);
-    register_action("mnuHilfe_Tip", frame_commands::showTips);
-    register_action("mnuInfo", frame_commands::showInformation);
-}
-
-void MainWindow::registerProjectActions() {
-    const session::ProjectHooks& hooks = session::project_hooks();
-    using actions::register_action;
-    if (hooks.load) register_action("mnuData_LoadLastSession", frame_commands::load_last_session);
-    if (hooks.load && hooks.choose)
-        register_action("mnuData_LoadProject", frame_commands::LoadProject);
-    if (hooks.save) register_action("mnuData_SaveProject", frame_commands::save_project);
+void MainWindow::addCommands() {
+    frame_commands::add(desk_, commands_);
+    commands_.add("mnuData_Exit", [this] { close(); });
+    commands_.add("mnuHilfe_Index", [this] { help_->showTopic(help::kContents); });
+    commands_.add("mnuEdit_Undo", [this] {
+        if (gui::Undoable* view = undoable()) view->undo();
+    });
+    commands_.add("mnuEdit_Redo", [this] {
+        if (gui::Undoable* view = undoable()) view->redo();
+    });
 }
 
 void MainWindow::runRow(const menu::Row& row) {
-    if (!menu::Enabled(row) || !menu::Prepare(row)) return;
-    actions::Run(row.action);
+    if (!menu::Enabled(session_, commands_, row) || !menu::Prepare(session_, row)) return;
+    commands_.run(row.action);
     refresh();
 }
 
 void MainWindow::menuOpens(const QString& menuName) {
+    if (menuName == "mnuEdit") return followUndo();
     if (menuName == "mnuData") {
-        gui::shell::closeViews(gui::shell::inputViews());
-        menu::open_data_menu();
+        desk_.closeViews(gui::Desk::inputViews());
+        menu::open_data_menu(session_);
     } else if (menuName == "mnuCalcMain") {
-        session::prepare_calculation_menu(legacy::the_calculationViews);
+        session::prepare_calculation_menu(session_, desk_.calculationViews);
     }
     refresh();
 }
@@ -230,7 +210,7 @@ void MainWindow::fillWindowList(QMenu* menu) {
 void MainWindow::fillRecentFiles(QMenu* menu) {
     menu->clear();
     const QStringList files = gui::settings::recentFiles();
-    menu->setEnabled(fileOpener != nullptr && !files.isEmpty());
+    menu->setEnabled(!files.isEmpty());
     for (qsizetype i = 0; i < files.size(); ++i) {
         const QString& file = files[i];
         const QString shown = qt(paths::shorten_path(file.toStdString(), kRecentCharacters));
@@ -238,7 +218,7 @@ void MainWindow::fillRecentFiles(QMenu* menu) {
             menu->addAction(QString("&%1  %2").arg(i + 1).arg(QString(shown).replace('&', "&&")));
         action->setObjectName(QString("mnuData_Recent_%1").arg(i));
         action->setStatusTip(file);
-        connect(action, &QAction::triggered, this, [file] { fileOpener(file.toStdString()); });
+        connect(action, &QAction::triggered, this, [this, file] { openFile(file); });
     }
 }
 
@@ -246,20 +226,37 @@ void MainWindow::refresh() {
     for (const menu::Row& row : menu::Rows()) {
         QAction* action = rowActions_.value(qt(menu::Name(row)));
         if (action == nullptr) continue;
-        action->setText(qt(menu::Caption(row)));
-        action->setVisible(menu::Visible(row));
-        action->setEnabled(menu::Enabled(row));
+        action->setText(qt(menu::Caption(session_, row)));
+        action->setVisible(menu::Visible(session_, row));
+        action->setEnabled(menu::Enabled(session_, commands_, row));
     }
     for (const menu::ToolButton& button : menu::tool_buttons())
         if (QAction* action = toolActions_.value(button.index))
-            action->setEnabled(menu::Enabled(button));
-    const session::StatusPanels texts =
-        session::panel_texts(session::is_enabled(session::Command::mnuCalcMain));
+            action->setEnabled(menu::Enabled(session_, commands_, button));
+    const session::StatusPanels texts = session::panel_texts(
+        session_, session::is_enabled(session_, session::Command::mnuCalcMain));
     panels_[0]->setText(qt(texts.substance));
     panels_[1]->setText(qt(texts.eos));
     panels_[2]->setText(qt(texts.vapourPressure));
-    for (const QMdiSubWindow* child : area_->subWindowList())
-        if (auto* view = dynamic_cast<gui::FollowsSession*>(child->widget())) view->followSession();
+    followUndo();
+}
+
+gui::Undoable* MainWindow::undoable() const {
+    const QMdiSubWindow* active = area_->activeSubWindow();
+    return active == nullptr ? nullptr : dynamic_cast<gui::Undoable*>(active->widget());
+}
+
+void MainWindow::followUndo() {
+    const gui::Undoable* view = undoable();
+    const auto show = [&](const char* row, const QString& verb, const QString& step,
+                          const char* keys) {
+        QAction* action = rowActions_.value(row);
+        action->setEnabled(!step.isEmpty());
+        action->setText((step.isEmpty() ? verb : verb + " " + QString(step).replace('&', "&&")) +
+                        "\t" + keys);
+    };
+    show("mnuEdit_Undo", "&Undo", view == nullptr ? QString() : view->undoName(), "Ctrl+Z");
+    show("mnuEdit_Redo", "&Redo", view == nullptr ? QString() : view->redoName(), "Ctrl+Shift+Z");
 }
 
 // ---------------------------------------------------------------------------- children and closing
@@ -273,9 +270,12 @@ void MainWindow::setFirstStepsVisible(bool visible) {
     firstSteps_->raise();
 }
 
+void MainWindow::openFile(const QString& file) {
+    open_file::open(desk_, commands_, file.toStdString());
+}
+
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (fileOpener != nullptr && !local_files(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    if (!local_files(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
@@ -283,8 +283,8 @@ void MainWindow::dropEvent(QDropEvent* event) {
     // The source of the drag waits for the end of this event, and opening may ask something.
     QMetaObject::invokeMethod(
         this,
-        [files = local_files(event->mimeData())] {
-            for (const QString& file : files) fileOpener(file.toStdString());
+        [this, files = local_files(event->mimeData())] {
+            for (const QString& file : files) openFile(file);
         },
         Qt::QueuedConnection);
 }
@@ -298,7 +298,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     for (QWidget* top : QApplication::topLevelWidgets())
         if (top != this && top->isVisible()) top->close();
     gui::settings::rememberPlace(this, objectName());
-    session::Shutdown();
+    session::end_session(session_);
     event->accept();
 }
 
@@ -359,11 +359,11 @@ void MainWindow::buildStatusBar() {
 void MainWindow::runTool(const menu::ToolButton& button) {
     const menu::Row* row = menu::Find(button.action);
     if (button.command == session::Command::toolTank)
-        row = menu::calculation_row(legacy::the_models.PriorityCEOS ? kTankGlobal : kTankPartial);
+        row = menu::calculation_row(session_->models.PriorityCEOS ? kTankGlobal : kTankPartial);
     if (row != nullptr)
         runRow(*row);
     else
-        actions::Run(button.action);
+        commands_.run(button.action);
 }
 
 }  // namespace quor::app

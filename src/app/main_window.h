@@ -5,25 +5,27 @@
 #include <array>
 
 #include "app/menu_catalogue.h"
-#include "gui/widgets/shell.h"
-
-class QMenu;
+#include "gui/widgets/desk.h"
+#include "gui/widgets/undo_keys.h"
 
 class QLabel;
+class QMenu;
 
 namespace quor::app {
 
 class FirstSteps;
+class HelpWindow;
 class WorkArea;
 
 /// The main window: menu bar, tool bar, status bar and the area in which all other views open. It
 /// orders the work by enabling commands: database, substance, models, then calculation and
 /// diagrams.
-class MainWindow : public QMainWindow, private gui::shell::Frame {
+class MainWindow : public QMainWindow, private gui::Desk::Frame {
     Q_OBJECT
 
   public:
-    MainWindow();
+    /// The frame of a desk. Its own commands join those of the views.
+    MainWindow(gui::Desk& desk, Commands& commands);
     ~MainWindow() override;
 
     /// The start of the program: all defaults, name tables, tips.
@@ -31,11 +33,6 @@ class MainWindow : public QMainWindow, private gui::shell::Frame {
 
     /// Shows the first-steps panel to a user who has never seen it.
     void inviteFirstUser();
-
-    /// Who opens a file that is dropped on the window or chosen among the recent ones; at first
-    /// nobody.
-    using FileOpener = void (*)(const std::string& file);
-    static void setFileOpener(FileOpener opener);
 
     /// Runs what a menu row stands for, as if it had been chosen; nothing when it is disabled.
     void runRow(const menu::Row& row);
@@ -46,7 +43,7 @@ class MainWindow : public QMainWindow, private gui::shell::Frame {
     void dropEvent(QDropEvent* event) override;
 
   private:
-    // gui::shell::Frame
+    // gui::Desk::Frame
     QWidget* window() override { return this; }
     void addChild(QWidget* view) override;
     void refresh() override;
@@ -54,8 +51,7 @@ class MainWindow : public QMainWindow, private gui::shell::Frame {
     void buildMenus();
     void buildToolBar();
     void buildStatusBar();
-    void registerActions();
-    void registerProjectActions();
+    void addCommands();
 
     void menuOpens(const QString& menuName);
     void fillWindowList(QMenu* menu);
@@ -63,6 +59,16 @@ class MainWindow : public QMainWindow, private gui::shell::Frame {
     void runTool(const menu::ToolButton& button);
     void setFirstStepsVisible(bool visible);
 
+    void openFile(const QString& file);
+    /// The view in front, when its changes can be taken back.
+    gui::Undoable* undoable() const;
+    void followUndo();
+
+    gui::Desk& desk_;
+    session::Session& session_;
+    Commands& commands_;
+    session::Connection following_;
+    HelpWindow* help_;
     WorkArea* area_ = nullptr;
     FirstSteps* firstSteps_ = nullptr;
     QHash<QString, QAction*> rowActions_;

@@ -7,8 +7,6 @@
 
 #include "app/menu_graph_rows.h"
 #include "common/constants.h"
-#include "legacy/declare.h"
-#include "session/actions.h"
 
 namespace quor::menu {
 
@@ -103,6 +101,10 @@ constexpr auto kBarRows = std::to_array<Row>({
             "Heat Capacities (ideal gas state), JOBACK method "),
     line("mnuData"),
     command("mnuData", "mnuData_Exit", "E&xit                                            Alt+F4"),
+    submenu("", "mnuEdit", "&Edit"),
+    command("mnuEdit", "mnuEdit_Undo", "&Undo", std::nullopt,
+            "Takes the last change in the view in front back"),
+    command("mnuEdit", "mnuEdit_Redo", "&Redo", std::nullopt, "Makes what was taken back again"),
     command("", "mnuStoff", "&Substance", Command::mnuStoff),
     command("", "mnuModel", "&Models", Command::mnuModel),
     submenu("", "mnu2D", "Graph-&2D...", Command::mnu2D),
@@ -193,8 +195,8 @@ bool differs_from_zero(float value) {
 }
 
 // Whether the substance has the function that a row of the database functions evaluates.
-bool has_database_function(std::int16_t mode) {
-    const models::SubstanceRecord& s = legacy::the_substance;
+bool has_database_function(const session::Session& session, std::int16_t mode) {
+    const models::SubstanceRecord& s = session->substance;
     const auto range = [](const auto& set) { return set.TLo != 0 && set.THi != 0; };
     switch (mode) {
         case 14:
@@ -227,19 +229,19 @@ bool is_calc_row(const Row& row, int index) {
 }
 
 // Rules of single rows beyond the command that switches them.
-bool allowed_by_session(const Row& row) {
+bool allowed_by_session(const session::Session& session, const Row& row) {
     // The tank is a calculation of direct operation; its global method needs both phases from the
     // equation of state.
     if (is_calc_row(row, kRowTankGlobal))
-        return !legacy::the_session.BatchMode && session::is_enabled(Command::needsLPhase);
-    if (is_calc_row(row, kRowTankPartial)) return !legacy::the_session.BatchMode;
+        return !session->batchMode && session::is_enabled(session, Command::needsLPhase);
+    if (is_calc_row(row, kRowTankPartial)) return !session->batchMode;
     if (row.control == kDatabase || row.control == kSaturation)
-        return has_database_function(row.code);
+        return has_database_function(session, row.code);
     return true;
 }
 
-bool command_allows(const std::optional<Command>& needed) {
-    return !needed || session::is_enabled(*needed);
+bool command_allows(const session::Session& session, const std::optional<Command>& needed) {
+    return !needed || session::is_enabled(session, *needed);
 }
 
 }  // namespace
@@ -274,38 +276,40 @@ const Row* calculation_row(std::int16_t CalcMode) {
     return nullptr;
 }
 
-std::string Caption(const Row& row) {
-    if (row.control == kCalc && legacy::the_session.BatchMode && !batch_caption(row.index).empty())
+std::string Caption(const session::Session& session, const Row& row) {
+    if (row.control == kCalc && session->batchMode && !batch_caption(row.index).empty())
         return std::string(batch_caption(row.index));
-    if (is_calc_row(row, kRowVirial) && legacy::the_models.EOSOnlyV)
+    if (is_calc_row(row, kRowVirial) && session->models.EOSOnlyV)
         return "T => Virial Coefficient B";
     return std::string(row.caption);
 }
 
-bool Visible(const Row& row) {
-    return !is_calc_row(row, kRowL) || legacy::the_session.BatchMode;
+bool Visible(const session::Session& session, const Row& row) {
+    return !is_calc_row(row, kRowL) || session->batchMode;
 }
 
-bool allowed(const Row& row) {
-    return command_allows(row.command) && allowed_by_session(row);
+bool allowed(const session::Session& session, const Row& row) {
+    return command_allows(session, row.command) && allowed_by_session(session, row);
 }
 
-bool Enabled(const Row& row) {
-    return allowed(row) && (row.kind == Kind::Submenu || actions::has(row.action));
+bool Enabled(const session::Session& session, const app::Commands& commands, const Row& row) {
+    return allowed(session, row) && (row.kind == Kind::Submenu || commands.has(row.action));
 }
 
 std::span<const ToolButton> tool_buttons() {
     return kToolButtons;
 }
 
-bool Enabled(const ToolButton& button) {
-    if (!command_allows(button.command)) return false;
+bool Enabled(const session::Session& session, const app::Commands& commands,
+             const ToolButton& button) {
+    if (!command_allows(session, button.command)) return false;
     // The tank is a row of the Calculation menu: it is there when that menu is.
     if (button.command == Command::toolTank) {
-        const Row* row = calculation_row(legacy::the_models.PriorityCEOS ? 9 : 10);
-        return session::is_enabled(Command::mnuCalcMain) && row != nullptr && Enabled(*row);
+        const Row* row = calculation_row(session->models.PriorityCEOS ? 9 : 10);
+        return session::is_enabled(session, Command::mnuCalcMain) && row != nullptr &&
+               Enabled(session, commands, *row);
     }
-    return actions::has(button.action);
+    return commands.has(button.action);
 }
 
 }  // namespace quor::menu

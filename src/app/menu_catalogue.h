@@ -6,7 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "session/commands.h"
+#include "app/commands.h"
+#include "session/session.h"
 
 /// The main menu and the tool bar as data: every row with its control name, caption, what it starts
 /// and when it is enabled. The frame only shows it.
@@ -22,8 +23,8 @@ struct Row {
     int index = -1;              ///< index in the control array, -1 outside one
     std::string_view caption{};
     Kind kind = Kind::Command;
-    std::string_view action{};   ///< action id that the row runs, see session/actions.h
-    std::string_view submenu{};  ///< name of the menu that a submenu row opens
+    std::string_view action{};                  ///< id of the command that the row runs
+    std::string_view submenu{};                 ///< name of the menu that a submenu row opens
     std::optional<session::Command> command{};  ///< command that switches the row
     std::int16_t code = 0;    ///< CalcMode, code of a diagram or of a kind of surface
     std::string_view hint{};  ///< shown in the status bar
@@ -42,16 +43,16 @@ const Row* Find(std::string_view name);
 const Row* calculation_row(std::int16_t CalcMode);
 
 /// The present caption: some follow the mode of the Calculation menu and the kind of the EOS.
-std::string Caption(const Row& row);
+std::string Caption(const session::Session& session, const Row& row);
 
 /// False for a row that the present mode of the Calculation menu does not offer.
-bool Visible(const Row& row);
+bool Visible(const session::Session& session, const Row& row);
 
 /// True when the session allows the row, whether or not something handles it yet.
-bool allowed(const Row& row);
+bool allowed(const session::Session& session, const Row& row);
 
-/// True when the session allows the row and an action stands behind it; a submenu needs no action.
-bool Enabled(const Row& row);
+/// True when the session allows the row and a command stands behind it; a submenu needs none.
+bool Enabled(const session::Session& session, const app::Commands& commands, const Row& row);
 
 /// A button of the tool bar.
 struct ToolButton {
@@ -65,6 +66,7 @@ struct ToolButton {
 std::span<const ToolButton> tool_buttons();
 
 /// As `Enabled`, for a tool button.
-bool Enabled(const ToolButton& button);
+bool Enabled(const session::Session& session, const app::Commands& commands,
+             const ToolButton& button);
 
 }  // namespace quor::menu

@@ -9,11 +9,8 @@
 #include "gui/data/xy_editor.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/widgets/settings.h"
-#include "gui/widgets/shell.h"
-#include "session/actions.h"
 #include "session/commands.h"
 #include "session/measured_data_session.h"
-#include "session/module2.h"
 
 namespace quor::app {
 
@@ -22,6 +19,12 @@ namespace open_file {
 namespace {
 
 constexpr auto kRefusal = "Execution not possible";
+
+/// What opening a file works with.
+struct Place {
+    gui::Desk& desk;
+    Commands& commands;
+};
 
 /// Answers the next question for a file with a name.
 class OneAnswer {
@@ -42,43 +45,43 @@ class OneAnswer {
     bool given_ = false;
 };
 
-void open_database(const std::string& file) {
+void open_database(const Place& place, const std::string& file) {
     const OneAnswer answer(file);
-    actions::Run("mnuData_OpenBank");
+    place.commands.run("mnuData_OpenBank");
 }
 
-void open_project(const std::string& file) {
+void open_project(const Place& place, const std::string& file) {
     const OneAnswer answer(file);
-    actions::Run("mnuData_LoadProject");
+    place.commands.run("mnuData_LoadProject");
 }
 
-void open_data(const std::string& file) {
+void open_data(const Place& place, const std::string& file) {
     // An open table asks about its changes first, and may stay.
-    gui::shell::closeViews({"frmTpvEdit"});
-    if (gui::shell::findView("frmTpvEdit") == nullptr && session::load_measured_data(file, false))
-        actions::Run("mnuData_BatchEdit");
+    place.desk.closeViews({"frmTpvEdit"});
+    if (place.desk.findView("frmTpvEdit") == nullptr &&
+        session::load_measured_data(place.desk.session(), file, false))
+        place.commands.run("mnuData_BatchEdit");
 }
 
-void open_points(const std::string& file) {
-    actions::Run("mnuData_EditXY");
+void open_points(const Place& place, const std::string& file) {
+    place.commands.run("mnuData_EditXY");
     const OneAnswer answer(file);
-    if (auto* editor = qobject_cast<gui::XyEditor*>(gui::shell::findView("frmManuInput")))
-        editor->load();
+    if (auto* editor = place.desk.find<gui::XyEditor>("frmManuInput")) editor->load();
 }
 
-void open_diagram(const std::string& file) {
-    if (!session::is_enabled(session::Command::mnu2D)) {
+void open_diagram(const Place& place, const std::string& file) {
+    if (!session::is_enabled(place.desk.session(), session::Command::mnu2D)) {
         dialogs::tell("Load a substance!", "WARNING");
         return;
     }
-    gui::graph2d_views::openEmpty();
+    gui::diagram_views::openEmpty(place.desk);
     const OneAnswer answer(file);
-    gui::DiagramWindow::current()->load();
+    place.desk.lastUsed<gui::DiagramWindow>()->load();
 }
 
 struct Kind {
     std::string_view extension;
-    void (*open)(const std::string& file);
+    void (*open)(const Place& place, const std::string& file);
 };
 constexpr std::array<Kind, 5> kKinds{{{".Q05", open_database},
                                       {".QCF", open_project},
@@ -88,7 +91,7 @@ constexpr std::array<Kind, 5> kKinds{{{".Q05", open_database},
 
 }  // namespace
 
-void Open(const std::string& file) {
+void open(gui::Desk& desk, Commands& commands, const std::string& file) {
     std::error_code ignored;
     const std::filesystem::path path = std::filesystem::absolute(file, ignored);
     if (!std::filesystem::is_regular_file(path, ignored)) {
@@ -100,8 +103,8 @@ void Open(const std::string& file) {
         QString::fromStdString(path.extension().string()).toUpper().toStdString();
     for (const Kind& kind : kKinds)
         if (kind.extension == extension) {
-            kind.open(path.string());
-            gui::shell::Refresh();
+            kind.open({desk, commands}, path.string());
+            desk.refresh();
             return;
         }
     dialogs::tell("This is no file of QUOR-6:\n" + path.string(), kRefusal);

@@ -9,9 +9,7 @@
 
 #include "gui/widgets/form.h"
 #include "gui/widgets/settings.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 
 namespace quor::app {
 
@@ -22,7 +20,7 @@ constexpr int kPicture = 40;
 
 }  // namespace
 
-TipDialog::TipDialog(QWidget* parent) : QDialog(parent) {
+TipDialog::TipDialog(gui::Desk& desk) : QDialog(desk.frameWindow()) {
     setObjectName("frmTip");
     setWindowTitle("Tips");
     setAttribute(Qt::WA_DeleteOnClose);
@@ -68,7 +66,7 @@ TipDialog::TipDialog(QWidget* parent) : QDialog(parent) {
     layout->addLayout(tip, 1);
     layout->addLayout(buttons);
 
-    tips_ = session::load_tips(QRandomGenerator::global()->generate());
+    tips_ = session::load_tips(desk.session(), QRandomGenerator::global()->generate());
     next->setEnabled(tips_.lines.size() > 1);
     showTip();
 }
@@ -77,22 +75,22 @@ void TipDialog::showTip() {
     text_->setText(QString::fromStdString(session::current_tip(tips_)));
 }
 
-void TipDialog::load() {
-    legacy::the_session.TipsHidden = session::tips_stay_hidden(gui::settings::showTipsAtStartup(),
-                                                               legacy::the_session.TipsRequested);
-    if (legacy::the_session.TipsHidden || gui::shell::activate("frmTip")) return;
-    auto* view = new TipDialog(gui::shell::frameWindow());
-    view->show();
+void TipDialog::load(gui::Desk& desk, bool requested) {
+    {
+        const auto now = desk.session().change();
+        now->tipsRequested = requested;
+        now->tipsHidden = session::tips_stay_hidden(gui::settings::showTipsAtStartup(), requested);
+    }
+    if (desk.session()->tipsHidden || desk.activate("frmTip")) return;
+    desk.openDialog(new TipDialog(desk));
 }
 
-void TipDialog::showAtStartup() {
-    legacy::the_session.TipsRequested = false;
-    load();
+void TipDialog::showAtStartup(gui::Desk& desk) {
+    load(desk, false);
 }
 
-void TipDialog::showOnRequest() {
-    legacy::the_session.TipsRequested = true;
-    load();
+void TipDialog::showOnRequest(gui::Desk& desk) {
+    load(desk, true);
 }
 
 }  // namespace quor::app

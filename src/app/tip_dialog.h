@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "app/tips.h"
+#include "gui/widgets/desk.h"
 
 class QCheckBox;
 class QLabel;
@@ -15,14 +16,14 @@ class TipDialog : public QDialog {
 
   public:
     /// At the start of the program: shows the view unless the user switched tips off, which is
-    /// kept in `TipsHidden`.
-    static void showAtStartup();
+    /// kept in `tipsHidden`.
+    static void showAtStartup(gui::Desk& desk);
     /// On request: shows it in any case.
-    static void showOnRequest();
+    static void showOnRequest(gui::Desk& desk);
 
   private:
-    explicit TipDialog(QWidget* parent);
-    static void load();
+    explicit TipDialog(gui::Desk& desk);
+    static void load(gui::Desk& desk, bool requested);
     void showTip();
 
     session::Tips tips_;

@@ -5,19 +5,17 @@
 
 #include "common/dialogs.h"
 #include "common/text.h"
-#include "legacy/declare.h"
-#include "session/module2.h"
 
 namespace quor::session {
 
-std::string tips_file() {
-    return legacy::the_session.EnglishUi ? "QUORTIPS_E.TXT" : "QUORTIPS.TXT";
+std::string tips_file(const Session& session) {
+    return session->english ? "QUORTIPS_E.TXT" : "QUORTIPS.TXT";
 }
 
-Tips load_tips(std::uint32_t randomNumber) {
+Tips load_tips(const Session& session, std::uint32_t randomNumber) {
     Tips tips;
-    const std::string name = tips_file();
-    std::ifstream in(legacy::the_places.find_file(name), std::ios::binary);
+    const std::string name = tips_file(session);
+    std::ifstream in(session.places().find_file(name), std::ios::binary);
     if (!in) {
         tips.missing = true;
         dialogs::tell("The file " + name + "not found in the QUOR directory ", "Tips");

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "session/session.h"
+
 namespace quor::session {
 
 /// The tips of the day: one tip a line of a text file in the program's folder.
@@ -14,11 +16,11 @@ struct Tips {
 };
 
 /// "QUORTIPS_E.TXT", or "QUORTIPS.TXT" when the interface is not English.
-std::string tips_file();
+std::string tips_file(const Session& session);
 
 /// Reads the tips file and starts at the line that the random number picks. A missing file gives no
 /// lines and is reported to the user; blank lines are no tips.
-Tips load_tips(std::uint32_t randomNumber);
+Tips load_tips(const Session& session, std::uint32_t randomNumber);
 
 /// The line shown, empty when there is none.
 const std::string& current_tip(const Tips& tips);

@@ -1,25 +1,14 @@
 #include "app/wiring.h"
 
-#include "app/open_file.h"
-
-#include "app/help_viewer.h"
-#include "app/main_window.h"
 #include "gui/calculation/calculation_views.h"
 #include "gui/data/editor_views.h"
-#include "gui/data/measured_data_editor.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/estimation/estimation_views.h"
 #include "gui/models/reference_state_dialog.h"
 #include "gui/session/options_dialog.h"
 #include "gui/surfaces/surface_window.h"
 #include "gui/widgets/settings.h"
-#include "gui/widgets/shell.h"
-#include "session/actions.h"
 #include "session/calculations.h"
-#include "session/commands.h"
-#include "session/project_hooks.h"
-#include "session/project_session.h"
-#include "session/shutdown.h"
 #include "session/substance_session.h"
 
 namespace quor::app {
@@ -28,62 +17,59 @@ namespace wiring {
 
 namespace {
 
-using session::Command;
+using gui::Desk;
 
-/// A project whose substance is missing leaves its database open: the user goes on from there.
-bool load_project(const std::string& file) {
-    const session::ProjectResult r = session::load_project(file);
-    if (r.loaded && !r.modelsComplete) {
-        session::set_commands({Command::mnuData_Status, Command::mnuStoff,
-                               Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput},
-                              true);
-        session::set_commands({Command::mnuModel}, r.substanceFound);
+template <class Dialog>
+void show(Desk& desk) {
+    Dialog dialog(desk, desk.frameWindow());
+    desk.openModal(dialog);
+}
+
+void add_calculations(Desk& desk, Commands& commands) {
+    for (int code = 1; code < calculation::kTaskCount; ++code) {
+        const calculation::Task task = calculation::task_of_code(code);
+        if (task == calculation::Task::temperatureOnly) continue;
+        commands.add("CalcMode_" + std::to_string(code), [&desk, task] {
+            session::run_calculation(desk.session(), task, desk.calculationViews);
+        });
     }
-    return r.modelsComplete;
 }
 
-void connect_projects() {
-    session::ProjectHooks& hooks = session::project_hooks();
-    hooks.choose = session::choose_project;
-    hooks.check = session::may_load_project;
-    hooks.load = load_project;
-    hooks.save = [] { session::save_project(true); };
-    // A project names its database without a folder: those used lately are where it may lie.
-    for (const QString& folder : gui::settings::databaseFolders())
-        session::add_database_folder(folder.toStdString());
+void add_editors(Desk& desk, Commands& commands) {
+    commands.add("mnuData_EditStoffdaten", [&desk] { desk.doors.editSubstance(); });
+    commands.add("mnuData_BatchInput", [&desk] { desk.doors.newMeasuredData(); });
+    commands.add("mnuData_BatchEdit", [&desk] { desk.doors.editMeasuredData(); });
+    commands.add("mnuData_EditXY", [&desk] { desk.doors.editXy(); });
 }
 
-void connect_shutdown() {
-    session::ShutdownHooks& hooks = session::shutdown_hooks();
-    hooks.writeProtocol = session::close_protocol;
-    hooks.saveLastSession = [](const std::string&) { session::save_project(false); };
-}
-
-void open_reference() {
-    gui::ReferenceStateDialog view(gui::shell::frameWindow());
-    gui::shell::openModal(view);
+void add_estimation(Desk& desk, Commands& commands) {
+    using datafiles::GroupFrame;
+    using gui::estimation_views::openGroups;
+    commands.add("mnuFitting", [&desk] { gui::estimation_views::openFitting(desk); });
+    commands.add("mnuData_JOBACK_CritData", [&desk] { openGroups(desk, GroupFrame::Critical); });
+    commands.add("mnuData_JOBACK_bildung", [&desk] { openGroups(desk, GroupFrame::Formation); });
+    commands.add("mnuData_JOBACK_cpIdG", [&desk] { openGroups(desk, GroupFrame::HeatCapacity); });
 }
 
 }  // namespace
 
-void connectViews() {
-    using actions::register_action;
-    connect_projects();
-    connect_shutdown();
-    gui::calculation_views::Install();
-    register_action("frmReferenz", open_reference);
-    register_action("mnuData_BatchInput", gui::MeasuredDataEditor::openNew);
-    register_action("mnuData_BatchEdit", gui::MeasuredDataEditor::openPresent);
-    gui::graph2d_views::Install();
-    gui::graph3d_views::Install();
-    register_action("mnuOptions", [] {
-        gui::OptionsDialog view(gui::shell::frameWindow());
-        gui::shell::openModal(view);
-    });
-    gui::editor_views::Install();
-    help_views::Install();
-    MainWindow::setFileOpener(open_file::Open);
-    gui::estimation_views::Install();
+void connectViews(Desk& desk, Commands& commands) {
+    // A project names its database without a folder: those used lately are where it may lie.
+    for (const QString& folder : gui::settings::databaseFolders())
+        session::add_database_folder(desk.session(), folder.toStdString());
+    desk.doors.chooseReference = [&desk] { show<gui::ReferenceStateDialog>(desk); };
+    gui::calculation_views::Install(desk);
+    gui::diagram_views::Install(desk);
+    gui::editor_views::Install(desk);
+    gui::estimation_views::Install(desk);
+
+    add_calculations(desk, commands);
+    add_editors(desk, commands);
+    add_estimation(desk, commands);
+    commands.add("Diagram2D", [&desk] { gui::diagram_views::openFromMenu(desk); });
+    commands.add("Diagram3D", [&desk] { gui::surface_views::openFromMenu(desk); });
+    commands.add("frmReferenz", [&desk] { desk.doors.chooseReference(); });
+    commands.add("mnuOptions", [&desk] { show<gui::OptionsDialog>(desk); });
 }
 
 }  // namespace wiring

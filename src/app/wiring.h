@@ -1,13 +1,15 @@
 #pragma once
 
+#include "app/commands.h"
+#include "gui/widgets/desk.h"
+
 namespace quor::app {
 
-/// Connects the actions of the menu with the views and engines behind them.
 namespace wiring {
 
-/// Registers everything that the program can do. A row of the menu without a handler stays
-/// disabled.
-void connectViews();
+/// Opens the doors between the views of a desk, and gives the rows of the menus the commands that
+/// open views.
+void connectViews(gui::Desk& desk, Commands& commands);
 
 }  // namespace wiring
 

@@ -1,5 +1,4 @@
 #include "diagrams/surface.h"
-#include "legacy/wrappers.h"
 
 #include <array>
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "legacy/wrappers.h"
 #include "session/calculations.h"
+#include "session/take_models.h"
 #include "support/codes.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
@@ -28,41 +28,43 @@ class SessionCalcTest : public SessionTest {
     };
 
     SessionCalcTest() {
-        legacy::the_substance = fluids::ReferencePropane();
+        session.change()->substance = fluids::ReferencePropane();
         use_models({});
     }
 
-    static void use_models(const Models& m) {
-        models::ModelSelection& models = legacy::the_models;
-        models.EOSModel = codes::eos(m.eos);
-        models.EOSOnlyV = models::is_v_only(models.EOSModel);
-        models.VPModel = models::VapourPressureEquation::wagner;
-        models.PriorityCEOS = m.priority && !models.EOSOnlyV;
-        models.HLVModel = codes::hlv(m.hlv);
-        models.WatsonN = 0.38F;
-        models.CpModel = models::CpForm::sinhCosh;
-        models::calc_eos_parameters(models.EOSModel);
+    void use_models(const Models& m) {
+        const models::Eos eos = codes::eos(m.eos);
+        change([&](session::SessionState& s) {
+            s.models.EOSModel = eos;
+            s.models.EOSOnlyV = models::is_v_only(eos);
+            s.models.VPModel = models::VapourPressureEquation::wagner;
+            s.models.PriorityCEOS = m.priority && !s.models.EOSOnlyV;
+            s.models.HLVModel = codes::hlv(m.hlv);
+            s.models.WatsonN = 0.38F;
+            s.models.CpModel = models::CpForm::sinhCosh;
+        });
+        session::compute_constants(session, eos);
     }
 
-    static report::CalculationState& state() { return legacy::the_session.calculation; }
-    static const report::Report& resultText() { return legacy::the_results.current.report; }
+    const report::CalculationState& state() const { return session->calculation; }
+    const report::Report& resultText() const { return session->results.current.report; }
 
     /// Calculates by a task's code at T and p, as typed.
-    static const report::TaskResult& calculate(int code, double T, double p) {
-        state().task = calculation::task_of_code(code);
+    const report::TaskResult& calculate(int code, double T, double p) {
+        session.change()->calculation.task = calculation::task_of_code(code);
         calculation::Request request;
         request.task = state().task;
         request.given.T = T;
         request.given.p = p;
-        return session::calculate(request);
+        return session::calculate(session, request);
     }
 
-    static std::vector<std::string> lines() {
+    std::vector<std::string> lines() const {
         std::vector<std::string> all;
         for (const report::ListLine& line : resultText().Liste) all.push_back(line.text);
         return all;
     }
-    static bool has_line(const std::string& line) {
+    bool has_line(const std::string& line) const {
         const std::vector<std::string> all = lines();
         return std::find(all.begin(), all.end(), line) != all.end();
     }

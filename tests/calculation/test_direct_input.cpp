@@ -7,27 +7,29 @@ using namespace quor;
 
 namespace {
 
-using legacy::the_session;
 using session::accept_input;
 using session::InputResult;
 
 /// The small view that asks for numbers.
 class DirectInput : public SessionCalcTest {
   protected:
-    static void ask(int mode) {
-        state().task = calculation::task_of_code(mode);
-        state().input = report::InputKind::state;
+    void ask(int mode) {
+        session.change()->calculation.task = calculation::task_of_code(mode);
+        session.change()->calculation.input = report::InputKind::state;
     }
-    static void use_units(int mode) {
-        the_session.UnitMode = static_cast<std::int16_t>(mode);
-        the_session.CaloricUnit = mode == 1 ? std::int16_t{3} : std::int16_t{0};
+    void use_units(models::UnitSystem system) {
+        change([&](session::SessionState& s) {
+            s.unitSystem = system;
+            s.caloricUnit = system == models::UnitSystem::specific ? models::CaloricUnit::specific
+                                                                   : models::CaloricUnit::molar;
+        });
     }
-    static report::DirectInput describe_direct_input(bool amount = false) {
-        return report::describe_direct_input(session::input_form(amount));
+    report::DirectInput describe_direct_input(bool amount = false) const {
+        return report::describe_direct_input(session::input_form(session, amount));
     }
     /// The tank that was calculated last.
-    static report::TankState filled() { return report::tank_state_of(legacy::the_results.current); }
-    static std::vector<std::string> labels(bool amount = false) {
+    report::TankState filled() const { return report::tank_state_of(session->results.current); }
+    std::vector<std::string> labels(bool amount = false) const {
         std::vector<std::string> all;
         for (const auto& field : describe_direct_input(amount).fields)
             all.push_back(field.visible ? field.label : "");
@@ -35,7 +37,7 @@ class DirectInput : public SessionCalcTest {
     }
     void expect_refused(const std::array<std::string, 4>& texts) {
         user.messages.clear();
-        EXPECT_EQ(accept_input(texts), InputResult::Refused);
+        EXPECT_EQ(accept_input(session, texts), InputResult::Refused);
         ASSERT_EQ(user.messages.size(), 1U);
         EXPECT_EQ(user.lastText(), "no valid input");
         EXPECT_EQ(user.lastTitle(), "Execution not possible");
@@ -71,13 +73,13 @@ TEST_F(DirectInput, AsksForWhatTheModeNeeds) {
 TEST_F(DirectInput, NamesTheUnitOfAVolume) {
     ask(1);
     EXPECT_EQ(describe_direct_input().volumeFrame, " Input density kg/m^3 ");
-    state().volumeInput = true;
+    session.change()->calculation.volumeInput = true;
     const char* frames[] = {" Input molar volume, cf. \"Options\" ",
                             " Input specif. volume, cf. Options ",
                             " Input red. volume, cf. Options "};
     const char* names[] = {" V/m^3/kmol = ", "  V/m^3/kg  = ", "  V/(m^3/m^3)= "};
     for (const int unit : {0, 1, 2}) {
-        use_units(unit);
+        use_units(static_cast<models::UnitSystem>(unit));
         EXPECT_EQ(describe_direct_input().volumeFrame, frames[unit]);
         EXPECT_EQ(labels()[2], names[unit]);
     }
@@ -89,12 +91,12 @@ TEST_F(DirectInput, NamesTheUnitOfAVolume) {
 
 TEST_F(DirectInput, StoresAndCalculates) {
     ask(3);
-    EXPECT_EQ(accept_input({"300", "900,5", "77", ""}), InputResult::Calculated);
+    EXPECT_EQ(accept_input(session, {"300", "900,5", "77", ""}), InputResult::Calculated);
     EXPECT_DOUBLE_EQ(state().direct.T, 300);
     EXPECT_DOUBLE_EQ(state().direct.p, 900.5);
     EXPECT_EQ(state().direct.rho, 0.0F) << "a hidden field counts as nothing";
     EXPECT_EQ(resultText().State, " V ");
-    EXPECT_EQ(report::title_of(legacy::the_results.current.request.task, {}), " T, p => rho");
+    EXPECT_EQ(report::title_of(session->results.current.request.task, {}), " T, p => rho");
 }
 
 TEST_F(DirectInput, AllFieldsZeroIsNoInput) {
@@ -109,32 +111,32 @@ TEST_F(DirectInput, AllFieldsZeroIsNoInput) {
 
 TEST_F(DirectInput, OneOfTwoValuesEndsInTheResultView) {
     ask(3);
-    EXPECT_EQ(accept_input({"300", "", "", ""}), InputResult::Calculated);
+    EXPECT_EQ(accept_input(session, {"300", "", "", ""}), InputResult::Calculated);
     EXPECT_EQ(resultText().par1.text, "No p in this data set");
 }
 
 TEST_F(DirectInput, AVolumeBecomesADensity) {
     ask(1);
-    state().volumeInput = true;
-    const double M = static_cast<double>(legacy::the_substance.M);
-    use_units(0);
-    accept_input({"300", "", "5", ""});
+    session.change()->calculation.volumeInput = true;
+    const double M = static_cast<double>(session->substance.M);
+    use_units(models::UnitSystem::molar);
+    accept_input(session, {"300", "", "5", ""});
     EXPECT_FLOAT_EQ(state().direct.rho, static_cast<float>(M / 5.0));
-    use_units(1);
-    accept_input({"300", "", "0,1", ""});
+    use_units(models::UnitSystem::specific);
+    accept_input(session, {"300", "", "0,1", ""});
     EXPECT_FLOAT_EQ(state().direct.rho, 10.0F) << "specific volume of 0.1 m^3/kg";
-    use_units(2);
-    accept_input({"300", "", "2", ""});
+    use_units(models::UnitSystem::reduced);
+    accept_input(session, {"300", "", "2", ""});
     EXPECT_FLOAT_EQ(state().direct.rho,
-                    static_cast<float>(M / (2.0 * legacy::the_eosParameters.vcritCalc)));
-    state().volumeInput = false;
-    accept_input({"300", "", "2", ""});
+                    static_cast<float>(M / (2.0 * session->eosParameters.vcritCalc)));
+    session.change()->calculation.volumeInput = false;
+    accept_input(session, {"300", "", "2", ""});
     EXPECT_FLOAT_EQ(state().direct.rho, 2.0F);
 }
 
 TEST_F(DirectInput, ANumberTooLargeIsNoInput) {
     ask(1);
-    accept_input({"300", "", "5", ""});
+    accept_input(session, {"300", "", "5", ""});
     expect_refused({"310", "", "1E300", ""});
     EXPECT_DOUBLE_EQ(state().direct.T, 300) << "nothing changes";
 }
@@ -147,10 +149,10 @@ TEST_F(DirectInput, TakesAReferencePoint) {
     for (const auto& field : input.fields) all.push_back(field.label);
     EXPECT_EQ(all,
               (Labels{"        T/K = ", "  p(LV)/kPa = ", "rho_L/kg/m^3= ", "rho_V/kg/m^3= "}));
-    EXPECT_FALSE(session::accept_reference({"231", "101.3", "0", "2.4"}));
+    EXPECT_FALSE(session::accept_reference(session, {"231", "101.3", "0", "2.4"}));
     EXPECT_EQ(user.lastText(), "no valid input");
-    EXPECT_FALSE(session::accept_reference({"1E60", "1E60", "1", "1"}));
-    const auto point = session::accept_reference({"231", "101.3", "581", "2,4"});
+    EXPECT_FALSE(session::accept_reference(session, {"1E60", "1E60", "1", "1"}));
+    const auto point = session::accept_reference(session, {"231", "101.3", "581", "2,4"});
     ASSERT_TRUE(point);
     EXPECT_FLOAT_EQ(point->T, 231.0F);
     EXPECT_FLOAT_EQ(point->p, 101.3F);
@@ -159,35 +161,34 @@ TEST_F(DirectInput, TakesAReferencePoint) {
 }
 
 TEST_F(DirectInput, TakesATankByMassOrAmount) {
-    state().task = calculation::task_of_code(9);
-    state().input = report::InputKind::tank;
+    session.change()->calculation.task = calculation::task_of_code(9);
+    session.change()->calculation.input = report::InputKind::tank;
     EXPECT_EQ(describe_direct_input().title, "Tank Calculation");
     EXPECT_EQ(labels(), (Labels{"      V/m^3   ", "      m/kg    ", "      T/K     ", ""}));
     EXPECT_EQ(labels(true)[1], "      n/kmol  ");
     expect_refused({"1", "", "300", ""});
-    EXPECT_EQ(accept_input({"1", "100", "300", ""}), InputResult::TankCalculated);
+    EXPECT_EQ(accept_input(session, {"1", "100", "300", ""}), InputResult::TankCalculated);
     const double level = filled().level;
     EXPECT_GT(level, 10.0);
     EXPECT_GT(filled().p, 900.0);
-    const std::string amount =
-        numbers::General(100.0 / static_cast<double>(legacy::the_substance.M));
-    EXPECT_EQ(accept_input({"1", amount, "300", ""}, true), InputResult::TankCalculated);
-    EXPECT_NEAR(static_cast<double>(the_session.tank.m), 100.0, 1e-4);
+    const std::string amount = numbers::General(100.0 / static_cast<double>(session->substance.M));
+    EXPECT_EQ(accept_input(session, {"1", amount, "300", ""}, true), InputResult::TankCalculated);
+    EXPECT_NEAR(static_cast<double>(session->tank.m), 100.0, 1e-4);
     EXPECT_NEAR(filled().level, level, 1e-4);
-    state().task = calculation::task_of_code(10);
-    state().method.global = false;
-    EXPECT_EQ(accept_input({"1", "100", "400", ""}), InputResult::TankExit);
+    session.change()->calculation.task = calculation::task_of_code(10);
+    session.change()->calculation.method.global = false;
+    EXPECT_EQ(accept_input(session, {"1", "100", "400", ""}), InputResult::TankExit);
 }
 
 TEST_F(DirectInput, ZeroMolarMassEndsInTheGuardOfTheCalculation) {
-    use_units(1);
-    legacy::the_substance.M = 0;
+    use_units(models::UnitSystem::specific);
+    session.change()->substance.M = 0;
     ask(1);
     EXPECT_EQ(describe_direct_input().fields[2].label, " rho/kg/m^3 = ");
-    EXPECT_EQ(accept_input({"300", "", "5", ""}), InputResult::Calculated);
+    EXPECT_EQ(accept_input(session, {"300", "", "5", ""}), InputResult::Calculated);
     EXPECT_EQ(user.lastText(), "Division by zero");
-    state().volumeInput = true;
-    EXPECT_EQ(accept_input({"300", "", "5", ""}), InputResult::Refused);
+    session.change()->calculation.volumeInput = true;
+    EXPECT_EQ(accept_input(session, {"300", "", "5", ""}), InputResult::Refused);
 }
 
 TEST_F(DirectInput, CancelClosesInputAndResult) {
@@ -195,7 +196,7 @@ TEST_F(DirectInput, CancelClosesInputAndResult) {
     session::CalculationViews views;
     views.closeParinput = [&] { closed.emplace_back("frmParinput"); };
     views.closeResultView = [&] { closed.emplace_back("frmCalcOut"); };
-    session::cancel_input(views);
+    session::cancel_input(session, views);
     EXPECT_EQ(closed, (std::vector<std::string>{"frmParinput", "frmCalcOut"}));
 }
 

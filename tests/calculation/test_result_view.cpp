@@ -10,7 +10,6 @@ using namespace quor;
 
 namespace {
 
-using legacy::the_session;
 using report::ResultView;
 
 std::string content_of(const std::filesystem::path& path) {
@@ -21,29 +20,29 @@ std::string content_of(const std::filesystem::path& path) {
 /// The result view round the texts of a calculation.
 class ResultViewTest : public SessionCalcTest {
   protected:
-    static void use_sets(const std::vector<calculation::BatchDataSet>& sets) {
-        the_session.BatchMode = true;
-        the_session.BatchCount = static_cast<std::int16_t>(sets.size());
-        legacy::the_BatchData.assign(1, {});
-        legacy::the_BatchData.insert(legacy::the_BatchData.end(), sets.begin(), sets.end());
+    void use_sets(const std::vector<calculation::BatchDataSet>& sets) {
+        change([&](session::SessionState& s) {
+            s.batchMode = true;
+            s.measured.points = sets;
+        });
     }
 
-    static ResultView open(int mode) {
-        state().task = calculation::task_of_code(mode);
-        return session::open_result_view();
+    ResultView open(int mode) {
+        session.change()->calculation.task = calculation::task_of_code(mode);
+        return session::open_result_view(session);
     }
-    static int page() {
+    int page() const {
         const calculation::Pages& pages = state().pages;
         return 1 + (pages.residual ? 1 : 0) + (pages.derivatives ? 2 : 0);
     }
-    static std::string title(int code) {
+    std::string title(int code) const {
         return report::title_of(calculation::task_of_code(code), state().method);
     }
-    static std::string caption(int code) {
+    std::string caption(int code) const {
         return report::caption_of(calculation::task_of_code(code), state().method);
     }
-    static std::string given_caption() {
-        return report::input_caption(legacy::the_results.current.dataSet);
+    std::string given_caption() const {
+        return report::input_caption(session->results.current.dataSet);
     }
 };
 
@@ -65,7 +64,7 @@ TEST_F(ResultViewTest, TitlesNameTheCalculation) {
         EXPECT_EQ(caption(mode), std::string("Result of the Calculation: ") + text);
     }
     EXPECT_EQ(caption(9), "Phases and Pressure in a Tank (global calculation)");
-    state().method.global = false;
+    session.change()->calculation.method.global = false;
     EXPECT_EQ(title(4), " T => p(LV) (partial calculation)");
     EXPECT_EQ(caption(10),
               "Phases and Pressure in a Tank (partial calculation, rho_L  by BENSON's method)");
@@ -84,7 +83,7 @@ TEST_F(ResultViewTest, DirectModeOpensEmptyAndHidesTheStepping) {
 }
 
 TEST_F(ResultViewTest, PanelsFollowTheMode) {
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     const struct {
         int mode;
         bool output, protocol, extended;
@@ -99,41 +98,41 @@ TEST_F(ResultViewTest, PanelsFollowTheMode) {
         EXPECT_EQ(view.extendedVisible, c.extended);
     }
     EXPECT_TRUE(open(12).wide);
-    state().method.global = false;
+    session.change()->calculation.method.global = false;
     EXPECT_FALSE(open(4).extendedEnabled);
     EXPECT_TRUE(open(3).extendedEnabled);
 }
 
 TEST_F(ResultViewTest, OpensOnTheFirstActiveDataSet) {
     use_sets({{-1, 290, 100}, {0, 300, 100}, {0, 310, 100}});
-    legacy::the_results.rows.assign(9, {});
+    session.change()->results.rows.assign(9, {});
     ResultView view = open(3);
     EXPECT_EQ(state().dataSet, 2);
     EXPECT_EQ(given_caption(), " Specification value from set #2");
     EXPECT_EQ(view.okCaption, "=>Load");
     EXPECT_TRUE(view.stepVisible && view.resultOutputVisible);
-    EXPECT_EQ(legacy::the_results.rows.size(), 3U);
+    EXPECT_EQ(session->results.rows.size(), 3U);
     EXPECT_EQ(resultText().par1.text, "T = 300.000 K");
-    EXPECT_EQ(legacy::the_results.rows[1].State, " V ");
-    EXPECT_EQ(legacy::the_results.rows[0].State, "   ");
+    EXPECT_EQ(session->results.rows[1].State, " V ");
+    EXPECT_EQ(session->results.rows[0].State, "   ");
 }
 
 TEST_F(ResultViewTest, StepsOverInactiveSetsAndBeepsAtTheEnds) {
     use_sets({{0, 290, 100}, {-1, 300, 100}, {0, 310, 100}, {-1, 320, 100}});
     ResultView view = open(3);
     EXPECT_EQ(state().dataSet, 1);
-    session::step_forward();
+    session::step_forward(session);
     EXPECT_EQ(state().dataSet, 3);
     EXPECT_EQ(given_caption(), " Specification value from set #3");
     EXPECT_EQ(resultText().par1.text, "T = 310.000 K");
     EXPECT_EQ(user.beeps, 0);
-    session::step_forward();
+    session::step_forward(session);
     EXPECT_EQ(user.beeps, 1);
     EXPECT_EQ(state().dataSet, 3);
     EXPECT_EQ(resultText().par1.text, "T = 310.000 K") << "calculates the same set again";
-    session::step_backward();
+    session::step_backward(session);
     EXPECT_EQ(state().dataSet, 1);
-    session::step_backward();
+    session::step_backward(session);
     EXPECT_EQ(user.beeps, 2);
     EXPECT_EQ(state().dataSet, 1);
 }
@@ -148,47 +147,47 @@ TEST_F(ResultViewTest, BatchModeWithoutDataHasNoT) {
 TEST_F(ResultViewTest, PagesFollowTheCheckBoxes) {
     use_sets({{0, 300, 500}});
     ResultView view = open(3);
-    session::set_extended_pages(view, true, false);
+    session::set_extended_pages(session, view, true, false);
     EXPECT_EQ(page(), 2);
     EXPECT_TRUE(view.funcPrintEnabled);
     EXPECT_TRUE(has_line("Residual Functions:"));
-    session::set_extended_pages(view, false, true);
+    session::set_extended_pages(session, view, false, true);
     EXPECT_EQ(page(), 3);
     EXPECT_FALSE(has_line("Residual Functions:"));
-    session::set_extended_pages(view, true, true);
+    session::set_extended_pages(session, view, true, true);
     EXPECT_EQ(page(), 4);
-    session::set_extended_pages(view, false, false);
+    session::set_extended_pages(session, view, false, false);
     EXPECT_EQ(page(), 1);
     EXPECT_FALSE(view.funcPrintEnabled);
-    session::set_equilibrium_functions(true);
+    session::set_equilibrium_functions(session, true);
     EXPECT_TRUE(has_line("                               thermodynamic Fu(T)"));
-    session::set_equilibrium_functions(false);
+    session::set_equilibrium_functions(session, false);
     EXPECT_FALSE(has_line("                               thermodynamic Fu(T)"));
     view = open(8);
-    session::set_extended_pages(view, true, false);
+    session::set_extended_pages(session, view, true, false);
     EXPECT_FALSE(view.funcPrintEnabled) << "only for modes below 6";
 }
 
 TEST_F(ResultViewTest, RefusedTankLeavesTheViewEmpty) {
-    the_session.tank = {1.0F, 100.0F, 400.0F};
-    state().method.global = false;
+    session.change()->tank = {1.0F, 100.0F, 400.0F};
+    session.change()->calculation.method.global = false;
     open(10);
-    EXPECT_TRUE(legacy::the_results.current.refused());
+    EXPECT_TRUE(session->results.current.refused());
     EXPECT_TRUE(lines().empty());
 }
 
 TEST_F(ResultViewTest, SeparatorShowsAndSets) {
     const std::pair<char, int> entries[] = {{';', 0}, {',', 1}, {'\t', 2}, {'|', 0}};
     for (const auto& [separator, index] : entries) {
-        the_session.CsvSeparator = separator;
-        EXPECT_EQ(report::separator_index(the_session.CsvSeparator), index);
+        session.change()->csvSeparator = separator;
+        EXPECT_EQ(report::separator_index(session->csvSeparator), index);
     }
-    session::choose_separator(2);
-    EXPECT_EQ(the_session.CsvSeparator, '\t');
-    session::choose_separator(1);
-    EXPECT_EQ(the_session.CsvSeparator, ',');
-    session::choose_separator(0);
-    EXPECT_EQ(the_session.CsvSeparator, ';');
+    session::choose_separator(session, 2);
+    EXPECT_EQ(session->csvSeparator, '\t');
+    session::choose_separator(session, 1);
+    EXPECT_EQ(session->csvSeparator, ',');
+    session::choose_separator(session, 0);
+    EXPECT_EQ(session->csvSeparator, ';');
 }
 
 TEST_F(ResultViewTest, LoadWritesAListAndClosesTheViews) {
@@ -199,21 +198,23 @@ TEST_F(ResultViewTest, LoadWritesAListAndClosesTheViews) {
     use_sets({{0, 300, 500, 11.0F}});
     const ResultView view = open(3);
     user.fileAnswers = {std::nullopt, (folder() / "list").string()};
-    EXPECT_FALSE(session::finish_result_view(view, report::ListTarget::File, false, views));
+    EXPECT_FALSE(
+        session::finish_result_view(session, view, report::ListTarget::File, false, views));
     EXPECT_EQ(closed, 0) << "a cancel leaves the view open";
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_EQ(user.files[0].title, "Save QUOR result list as ...");
     EXPECT_EQ(user.files[0].filter, "Result file (*.LST)|*.LST");
     EXPECT_EQ(user.files[0].defaultExtension, ".LST");
     EXPECT_TRUE(user.files[0].save && user.files[0].overwritePrompt);
-    EXPECT_TRUE(session::finish_result_view(view, report::ListTarget::File, false, views));
+    EXPECT_TRUE(session::finish_result_view(session, view, report::ListTarget::File, false, views));
     EXPECT_EQ(closed, 2);
     EXPECT_EQ(content_of(folder() / "list.LST").substr(0, 29), "QUOR Results of Calculation\r\n");
-    EXPECT_TRUE(session::finish_result_view(view, report::ListTarget::Printer, false, views));
+    EXPECT_TRUE(
+        session::finish_result_view(session, view, report::ListTarget::Printer, false, views));
     ASSERT_EQ(user.prints.size(), 1U);
     EXPECT_EQ(user.prints[0].font, "COURIER");
     EXPECT_EQ(user.prints[0].text.substr(0, 29), "QUOR: Results of Calculation\n");
-    EXPECT_TRUE(session::finish_result_view(view, report::ListTarget::None, false, views));
+    EXPECT_TRUE(session::finish_result_view(session, view, report::ListTarget::None, false, views));
 }
 
 TEST_F(ResultViewTest, UnwritableListTellsAndLeavesTheViewOpen) {
@@ -221,21 +222,22 @@ TEST_F(ResultViewTest, UnwritableListTellsAndLeavesTheViewOpen) {
     const ResultView view = open(3);
     const session::CalculationViews views;
     user.fileAnswers = {(folder() / "no" / "such" / "folder.LST").string()};
-    EXPECT_FALSE(session::finish_result_view(view, report::ListTarget::File, false, views));
+    EXPECT_FALSE(
+        session::finish_result_view(session, view, report::ListTarget::File, false, views));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_NE(user.lastText().find("folder.LST"), std::string::npos);
 }
 
 TEST_F(ResultViewTest, IsoCalculatorNeedsTAndP) {
-    EXPECT_FALSE(session::iso_start("", "0"));
+    EXPECT_FALSE(session::iso_start(session, "", "0"));
     EXPECT_EQ(user.lastText(), "not yet a T|p value available!");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    const auto typed = session::iso_start("300", "500,5");
+    const auto typed = session::iso_start(session, "300", "500,5");
     ASSERT_TRUE(typed);
     EXPECT_DOUBLE_EQ(typed->p, 500.5);
     use_sets({{0, 310, 700}});
-    state().dataSet = 1;
-    const auto measured = session::iso_start("", "");
+    session.change()->calculation.dataSet = 1;
+    const auto measured = session::iso_start(session, "", "");
     ASSERT_TRUE(measured);
     EXPECT_DOUBLE_EQ(measured->T, 310);
 }
@@ -247,10 +249,10 @@ class Protocol : public ResultViewTest {
     std::vector<std::string> file_lines() {
         return text::Lines(content_of(folder() / protocol().file));
     }
-    static report::Protocol& protocol() { return legacy::the_protocol; }
-    static void write_state(double T, double p) {
+    const report::Protocol& protocol() const { return session->protocol; }
+    void write_state(double T, double p) {
         calculate(3, T, p);
-        session::add_to_protocol();
+        session::add_to_protocol(session);
     }
 };
 
@@ -260,7 +262,7 @@ TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
     write_state(310.5, 200);
     EXPECT_EQ(protocol().rows.size(), 2U);
     EXPECT_TRUE(protocol().pending);
-    ASSERT_TRUE(session::write_protocol());
+    ASSERT_TRUE(session::write_protocol(session));
     const std::string bytes = content_of(folder() / "26151101.CSV");
     EXPECT_NE(bytes.find("\r\n"), std::string::npos);
     const auto rows = file_lines();
@@ -280,16 +282,16 @@ TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
         return std::string(buffer);
     };
     calculate(3, 300, 100);
-    EXPECT_EQ(rows[7], "300;100;" + general(legacy::the_results.current.Fu[9]) + ";");
+    EXPECT_EQ(rows[7], "300;100;" + general(session->results.current.Fu[9]) + ";");
     calculate(3, 310.5, 200);
-    EXPECT_EQ(rows[8], "310.5;200;" + general(legacy::the_results.current.Fu[9]) + ";");
+    EXPECT_EQ(rows[8], "310.5;200;" + general(session->results.current.Fu[9]) + ";");
 }
 
 TEST_F(Protocol, NamesStandForTheirIndices) {
     for (std::size_t i = 0; i < 42; ++i)
-        legacy::the_results.current.Fu[i] = static_cast<double>(i + 1);
-    session::add_to_protocol();
-    ASSERT_TRUE(session::write_protocol());
+        session.change()->results.current.Fu[i] = static_cast<double>(i + 1);
+    session::add_to_protocol(session);
+    ASSERT_TRUE(session::write_protocol(session));
     const auto rows = file_lines();
     const auto names = text::split(rows[7], ';');
     ASSERT_EQ(names.size(), 43U);
@@ -305,11 +307,11 @@ TEST_F(Protocol, NamesStandForTheirIndices) {
 }
 
 TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
-    the_session.UnitMode = 1;
-    the_session.CaloricUnit = 3;
+    session.change()->unitSystem = models::UnitSystem::specific;
+    session.change()->caloricUnit = models::CaloricUnit::specific;
     calculate(8, 300, 100);
-    session::add_to_protocol();
-    ASSERT_TRUE(session::write_protocol());
+    session::add_to_protocol(session);
+    ASSERT_TRUE(session::write_protocol(session));
     const auto rows = file_lines();
     EXPECT_EQ(rows[3], "units: [T] = K   [p] = kPa   [B] = m^3/kmol    [v] = m^3/kg");
     EXPECT_EQ(rows[4], "specific SI-units for function z: [z] = kJ/kg or kJ/(kg K)");
@@ -324,8 +326,8 @@ TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
 
 TEST_F(Protocol, DecimalCommaWithCommaWarnsInGermanAndGoesOn) {
     numbers::set_decimal_mark(',');
-    the_session.DecimalComma = true;
-    session::choose_separator(1);
+    session.change()->decimalComma = true;
+    session::choose_separator(session, 1);
     write_state(310.5, 200);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
@@ -333,42 +335,42 @@ TEST_F(Protocol, DecimalCommaWithCommaWarnsInGermanAndGoesOn) {
               "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
               "ist nicht mehr Excel-kompatibel.\nsemicolon recommended");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    ASSERT_TRUE(session::write_protocol());
+    ASSERT_TRUE(session::write_protocol(session));
     EXPECT_EQ(file_lines()[7].substr(0, 10), "310,5,200,");
     user.messages.clear();
-    session::choose_separator(0);
+    session::choose_separator(session, 0);
     write_state(310.5, 200);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Protocol, OpenNewCopiesTheFileAndTakesANewName) {
     write_state(300, 100);
-    ASSERT_TRUE(session::open_new_protocol());
+    ASSERT_TRUE(session::open_new_protocol(session));
     EXPECT_EQ(protocol().file, "26151102.CSV");
-    EXPECT_EQ(session::protocol_file_title(), "26151102.CSV");
+    EXPECT_EQ(session::protocol_file_title(session), "26151102.CSV");
     EXPECT_FALSE(protocol().pending);
     EXPECT_TRUE(protocol().rows.empty());
     EXPECT_TRUE(protocol().rows.empty());
     EXPECT_NE(user.clipboard.find("\r\nT\tp\tv(V)\t\r\n300\t100\t"), std::string::npos);
     write_state(301, 100);
-    ASSERT_TRUE(session::open_new_protocol());
+    ASSERT_TRUE(session::open_new_protocol(session));
     EXPECT_EQ(user.clipboard.find("\r\n300\t"), std::string::npos) << "a new file starts empty";
 }
 
 TEST_F(Protocol, EmptyFileIsDeleted) {
     std::ofstream(folder() / protocol().file).flush();
     const std::string name = protocol().file;
-    ASSERT_TRUE(session::open_new_protocol());
+    ASSERT_TRUE(session::open_new_protocol(session));
     EXPECT_FALSE(std::filesystem::exists(folder() / name));
     EXPECT_TRUE(user.clipboard.empty());
     std::ofstream(folder() / protocol().file).flush();
-    session::close_protocol();
+    session::close_protocol(session);
     EXPECT_FALSE(std::filesystem::exists(folder() / protocol().file));
 }
 
 TEST_F(Protocol, ExitWritesWhatIsPending) {
     write_state(300, 100);
-    session::close_protocol();
+    session::close_protocol(session);
     EXPECT_FALSE(protocol().pending);
     EXPECT_EQ(file_lines()[6], "T;p;v(V);");
 }
@@ -377,20 +379,20 @@ TEST_F(Protocol, WriteProtectedFileLosesNothing) {
     namespace fs = std::filesystem;
     write_state(300, 100);
     const fs::path file = folder() / protocol().file;
-    ASSERT_TRUE(session::write_protocol());
+    ASSERT_TRUE(session::write_protocol(session));
     std::ofstream(file) << "old";
     fs::permissions(file, fs::perms::owner_read);
-    EXPECT_FALSE(session::open_new_protocol());
+    EXPECT_FALSE(session::open_new_protocol(session));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_NE(user.lastText().find("26151101.CSV could not be written"), std::string::npos);
     EXPECT_TRUE(protocol().pending);
     EXPECT_EQ(protocol().rows.size(), 1U);
     EXPECT_EQ(protocol().file, "26151101.CSV");
     EXPECT_EQ(content_of(file), "old");
-    session::close_protocol();
+    session::close_protocol(session);
     EXPECT_TRUE(protocol().pending);
     fs::permissions(file, fs::perms::owner_all);
-    EXPECT_TRUE(session::open_new_protocol());
+    EXPECT_TRUE(session::open_new_protocol(session));
     EXPECT_NE(user.clipboard.find("300\t100"), std::string::npos);
 }
 
@@ -400,48 +402,48 @@ TEST_F(Protocol, FolderThatTakesNoFileLosesNothing) {
     // A folder stands where the new content would be written beside the old one.
     const fs::path obstacle = folder() / (protocol().file + ".part");
     fs::create_directory(obstacle);
-    EXPECT_FALSE(session::open_new_protocol());
+    EXPECT_FALSE(session::open_new_protocol(session));
     EXPECT_TRUE(protocol().pending);
     EXPECT_EQ(protocol().rows.size(), 1U);
     EXPECT_FALSE(fs::exists(folder() / protocol().file));
     fs::remove(obstacle);
-    EXPECT_TRUE(session::open_new_protocol());
+    EXPECT_TRUE(session::open_new_protocol(session));
 }
 
 TEST_F(Protocol, UnwritablePathLosesNothing) {
     write_state(300, 100);
-    protocol().file = (folder() / "gone" / "a.CSV").string();
-    EXPECT_FALSE(session::open_new_protocol());
+    session.change()->protocol.file = (folder() / "gone" / "a.CSV").string();
+    EXPECT_FALSE(session::open_new_protocol(session));
     EXPECT_TRUE(protocol().pending);
     EXPECT_EQ(protocol().rows.size(), 1U);
-    protocol().file = "26151101.CSV";
-    EXPECT_TRUE(session::open_new_protocol());
+    session.change()->protocol.file = "26151101.CSV";
+    EXPECT_TRUE(session::open_new_protocol(session));
 }
 
 TEST_F(Protocol, AFileOfAnotherProgramIsNotOverwritten) {
     // Two programs took the same free name as they started.
     std::ofstream(folder() / "26151101.CSV") << "of another program";
     write_state(300, 100);
-    ASSERT_TRUE(session::write_protocol());
+    ASSERT_TRUE(session::write_protocol(session));
     EXPECT_EQ(content_of(folder() / "26151101.CSV"), "of another program");
     EXPECT_EQ(protocol().file, "26151102.CSV");
     EXPECT_EQ(file_lines()[6], "T;p;v(V);");
     write_state(310, 100);
-    ASSERT_TRUE(session::write_protocol());
+    ASSERT_TRUE(session::write_protocol(session));
     EXPECT_EQ(protocol().file, "26151102.CSV") << "the own file is written again";
     EXPECT_EQ(file_lines().size(), 9U);
 }
 
 TEST_F(Protocol, ARowStaysWithTheSubstanceThatMadeIt) {
-    legacy::the_substance = fluids::Row("Water");
+    session.change()->substance = fluids::Row("Water");
     use_models({});
     write_state(400, 100);
-    legacy::the_substance = fluids::ReferencePropane();
+    session.change()->substance = fluids::ReferencePropane();
     use_models({});
-    ASSERT_TRUE(session::write_protocol());
+    ASSERT_TRUE(session::write_protocol(session));
     EXPECT_EQ(file_lines()[1], "Water");
     write_state(300, 100);
-    ASSERT_TRUE(session::write_protocol());
+    ASSERT_TRUE(session::write_protocol(session));
     const auto rows = file_lines();
     ASSERT_EQ(rows.size(), 18U);
     EXPECT_EQ(rows[1], "Water");
@@ -455,10 +457,10 @@ TEST_F(Protocol, ARowStaysWithItsModelAndItsUnits) {
     write_state(300, 100);
     use_models({.eos = 4});
     write_state(300, 100);
-    the_session.UnitMode = 1;
-    the_session.CaloricUnit = 3;
+    session.change()->unitSystem = models::UnitSystem::specific;
+    session.change()->caloricUnit = models::CaloricUnit::specific;
     write_state(300, 100);
-    ASSERT_TRUE(session::write_protocol());
+    ASSERT_TRUE(session::write_protocol(session));
     std::vector<std::string> models, units;
     for (const std::string& line : file_lines()) {
         if (line.starts_with("Model: ")) models.push_back(line);
@@ -473,8 +475,8 @@ TEST_F(Protocol, ARowStaysWithItsModelAndItsUnits) {
 }
 
 TEST_F(Protocol, AValueBeyond32BitsIsRefused) {
-    legacy::the_results.current.Fu[5] = 1e300;
-    session::add_to_protocol();
+    session.change()->results.current.Fu[5] = 1e300;
+    session::add_to_protocol(session);
     EXPECT_EQ(user.lastText(), "Overflow");
     EXPECT_FALSE(protocol().pending);
 }

@@ -5,8 +5,6 @@ using namespace quor;
 
 namespace {
 
-using legacy::the_session;
-
 /// Which views open, in their order.
 class StartCalculation : public SessionCalcTest {
   protected:
@@ -27,13 +25,13 @@ class StartCalculation : public SessionCalcTest {
     using Names = std::vector<std::string>;
     Names run(int mode) {
         opened.clear();
-        session::run_calculation(calculation::task_of_code(mode), views);
+        session::run_calculation(session, calculation::task_of_code(mode), views);
         return opened;
     }
 
     void confirm(const report::PartialChoice& choice, bool forDiagram = false) {
         opened.clear();
-        session::confirm_partial_choice(choice, forDiagram, views);
+        session::confirm_partial_choice(session, choice, forDiagram, views);
     }
 
     session::CalculationViews views;
@@ -53,7 +51,7 @@ TEST_F(StartCalculation, DirectModeOpensResultAndInput) {
 }
 
 TEST_F(StartCalculation, BatchModeOpensOnlyTheResult) {
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     for (const int mode : Codes{1, 2, 3, 8, 11, 13}) {
         SCOPED_TRACE(mode);
         EXPECT_EQ(run(mode), (Names{"frmCalcOut"}));
@@ -83,7 +81,7 @@ TEST_F(StartCalculation, AsksWhetherAnEquilibriumIsMeant) {
 
 TEST_F(StartCalculation, EquilibriaArePrepared) {
     for (const bool batch : {false, true}) {
-        the_session.BatchMode = batch;
+        session.change()->batchMode = batch;
         EXPECT_EQ(run(4), (Names{"frmCalcIn"}));
         EXPECT_EQ(run(5), (Names{"frmCalcIn"}));
     }
@@ -93,7 +91,7 @@ TEST_F(StartCalculation, EquilibriaArePrepared) {
 }
 
 TEST_F(StartCalculation, LiquidDensityNeedsACubicEos) {
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     use_models({.eos = 16});
     EXPECT_TRUE(run(2).empty());
     EXPECT_EQ(code_of(state().task), 0);
@@ -106,21 +104,21 @@ TEST_F(StartCalculation, TankClosesTheResultBehindItself) {
     EXPECT_TRUE(state().method.global);
     EXPECT_EQ(state().input, report::InputKind::tank);
     EXPECT_EQ(run(10), (Names{"frmCalcIn", "-frmCalcOut"}));
-    EXPECT_FALSE(session::open_partial_choice().method.global);
+    EXPECT_FALSE(session::open_partial_choice(session).method.global);
 }
 
 TEST_F(StartCalculation, PolytropicProcessHasItsOwnView) {
     EXPECT_EQ(run(12), (Names{"frmInputProzessLinien"}));
-    EXPECT_EQ(legacy::the_processLine.kind, diagrams::ProcessKind::polytropic);
-    EXPECT_TRUE(legacy::the_processLine.fromCalculation);
+    EXPECT_EQ(session->processLine.kind, diagrams::ProcessKind::polytropic);
+    EXPECT_TRUE(session->processLine.fromCalculation);
 }
 
 TEST_F(StartCalculation, MenuTellsThatBatchModeHasNoData) {
-    session::prepare_calculation_menu(views);
+    session::prepare_calculation_menu(session, views);
     EXPECT_TRUE(user.messages.empty());
     EXPECT_EQ(opened, (Names{"-frmCalcOut", "-frmParinput", "-frmKessel"}));
-    the_session.BatchMode = true;
-    session::prepare_calculation_menu(views);
+    session.change()->batchMode = true;
+    session::prepare_calculation_menu(session, views);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(
         user.lastText(),
@@ -156,9 +154,9 @@ TEST_F(StartCalculation, CodesAndTasksBelongTogether) {
 using PartialChoice = StartCalculation;
 
 TEST_F(PartialChoice, CubicEosOffersBothCalculations) {
-    state().task = calculation::task_of_code(4);
-    state().method.global = false;
-    auto choice = session::open_partial_choice();
+    session.change()->calculation.task = calculation::task_of_code(4);
+    session.change()->calculation.method.global = false;
+    auto choice = session::open_partial_choice(session);
     EXPECT_EQ(choice.title, "Choose \"Global-/Partial Calculation\" for Phase Equilibrium V-L");
     EXPECT_TRUE(choice.method.global);
     EXPECT_EQ(choice.globalIndex, 0);
@@ -183,10 +181,10 @@ TEST_F(PartialChoice, CubicEosOffersBothCalculations) {
 }
 
 TEST_F(PartialChoice, DatabaseDensityIsOfferedWhereItExists) {
-    legacy::the_substance.rhoLTLo = 150;
-    legacy::the_substance.rhoLTHi = 360;
-    state().task = calculation::task_of_code(4);
-    auto choice = session::open_partial_choice();
+    session.change()->substance.rhoLTLo = 150;
+    session.change()->substance.rhoLTHi = 360;
+    session.change()->calculation.task = calculation::task_of_code(4);
+    auto choice = session::open_partial_choice(session);
     choice.choose_global(false);
     EXPECT_TRUE(choice.databaseEnabled);
     EXPECT_EQ(choice.databaseRange, "valid in the range T/K =150...360");
@@ -202,8 +200,8 @@ TEST_F(PartialChoice, DatabaseDensityIsOfferedWhereItExists) {
 
 TEST_F(PartialChoice, VirialEosRefusesTheGlobalCalculation) {
     use_models({.eos = 16});
-    state().task = calculation::task_of_code(5);
-    auto choice = session::open_partial_choice();
+    session.change()->calculation.task = calculation::task_of_code(5);
+    auto choice = session::open_partial_choice(session);
     EXPECT_FALSE(choice.method.global);
     EXPECT_EQ(choice.globalIndex, 1);
     EXPECT_EQ(choice.GlobalSit.find(
@@ -219,9 +217,9 @@ TEST_F(PartialChoice, VirialEosRefusesTheGlobalCalculation) {
 
 TEST_F(PartialChoice, VapourPressurePriorityLeavesNothingToChoose) {
     use_models({.priority = false});
-    state().task = calculation::task_of_code(4);
-    state().method.global = false;
-    const auto choice = session::open_partial_choice();
+    session.change()->calculation.task = calculation::task_of_code(4);
+    session.change()->calculation.method.global = false;
+    const auto choice = session::open_partial_choice(session);
     EXPECT_EQ(choice.title, "Situation of Calculation");
     EXPECT_FALSE(choice.choicesVisible || choice.cancelEnabled);
     EXPECT_EQ(choice.GlobalSit,
@@ -233,27 +231,27 @@ TEST_F(PartialChoice, VapourPressurePriorityLeavesNothingToChoose) {
 TEST_F(PartialChoice, TankIsAlwaysPartial) {
     for (const bool priority : {true, false}) {
         use_models({.priority = priority});
-        state().task = calculation::task_of_code(10);
-        state().method.global = false;
-        const auto choice = session::open_partial_choice();
+        session.change()->calculation.task = calculation::task_of_code(10);
+        session.change()->calculation.method.global = false;
+        const auto choice = session::open_partial_choice(session);
         EXPECT_FALSE(choice.method.global);
         EXPECT_FALSE(choice.globalEnabled);
     }
 }
 
 TEST_F(PartialChoice, AssumedEquilibriumAndVaporisationNeedASecondPoint) {
-    state().task = calculation::task_of_code(3);
-    state().method.assumedVle = true;
-    auto choice = session::open_partial_choice();
+    session.change()->calculation.task = calculation::task_of_code(3);
+    session.change()->calculation.method.assumedVle = true;
+    auto choice = session::open_partial_choice(session);
     EXPECT_FALSE(choice.method.global);
     EXPECT_EQ(choice.GlobalSit.find(
                   "Assumption: The specificated values exactly describe the phase equlibrium.\n"),
               0U);
     EXPECT_NE(choice.GlobalSit.find("A 2nd reference point is needed"), std::string::npos);
-    state().method.assumedVle = false;
-    state().task = calculation::task_of_code(6);
+    session.change()->calculation.method.assumedVle = false;
+    session.change()->calculation.task = calculation::task_of_code(6);
     use_models({.hlv = 6});
-    choice = session::open_partial_choice();
+    choice = session::open_partial_choice(session);
     EXPECT_FALSE(choice.modeFrameVisible);
     EXPECT_TRUE(choice.referenceFrameVisible);
     EXPECT_EQ(choice.GlobalSit.find(
@@ -262,13 +260,13 @@ TEST_F(PartialChoice, AssumedEquilibriumAndVaporisationNeedASecondPoint) {
 }
 
 TEST_F(PartialChoice, ReferencePointIsProposedApproximatedOrTyped) {
-    state().task = calculation::task_of_code(4);
-    auto choice = session::open_partial_choice();
+    session.change()->calculation.task = calculation::task_of_code(4);
+    auto choice = session::open_partial_choice(session);
     EXPECT_FALSE(models::is_known(state().method.reference));
     EXPECT_FALSE(choice.inputEnabled);
     EXPECT_EQ(
         choice.RefVorschlag.find("Proposal for the reference point according to situation:\n"), 0U);
-    EXPECT_FLOAT_EQ(choice.method.reference.T, legacy::the_substance.Tboil);
+    EXPECT_FLOAT_EQ(choice.method.reference.T, session->substance.Tboil);
     EXPECT_TRUE(models::is_known(choice.method.reference));
 
     choice.choose_reference(report::PartialChoice::Reference::approximation);
@@ -301,10 +299,10 @@ TEST_F(PartialChoice, ReferencePointIsProposedApproximatedOrTyped) {
 }
 
 TEST_F(PartialChoice, WithoutDataThereIsNoProposal) {
-    legacy::the_substance.Tboil = 0;
-    legacy::the_substance.rhoLPar = {};
-    state().task = calculation::task_of_code(4);
-    auto choice = session::open_partial_choice();
+    session.change()->substance.Tboil = 0;
+    session.change()->substance.rhoLPar = {};
+    session.change()->calculation.task = calculation::task_of_code(4);
+    auto choice = session::open_partial_choice(session);
     EXPECT_FALSE(models::is_known(choice.method.reference));
     EXPECT_NE(choice.RefVorschlag.find("No data available"), std::string::npos);
     choice.choose_reference(report::PartialChoice::Reference::approximation);
@@ -315,23 +313,23 @@ TEST_F(PartialChoice, WithoutDataThereIsNoProposal) {
 }
 
 TEST_F(PartialChoice, GoesOnToResultInputOrDiagram) {
-    state().task = calculation::task_of_code(5);
-    auto choice = session::open_partial_choice();
+    session.change()->calculation.task = calculation::task_of_code(5);
+    auto choice = session::open_partial_choice(session);
     confirm(choice);
     EXPECT_TRUE(models::is_known(state().method.reference));
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmCalcOut", "frmParinput"}));
     EXPECT_EQ(state().input, report::InputKind::state);
     EXPECT_EQ(code_of(state().task), 5);
 
-    state().task = calculation::task_of_code(10);
-    choice = session::open_partial_choice();
+    session.change()->calculation.task = calculation::task_of_code(10);
+    choice = session::open_partial_choice(session);
     confirm(choice);
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmParinput"}));
     EXPECT_EQ(state().input, report::InputKind::tank);
 
-    the_session.BatchMode = true;
-    state().task = calculation::task_of_code(4);
-    choice = session::open_partial_choice();
+    session.change()->batchMode = true;
+    session.change()->calculation.task = calculation::task_of_code(4);
+    choice = session::open_partial_choice(session);
     confirm(choice);
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmCalcOut"}));
 

@@ -4,9 +4,7 @@
 #include "app/open_file.h"
 #include "gui/editor_drive.h"
 #include "gui/graph_test.h"
-#include "legacy/wrappers.h"
 #include "models/vapour_pressure.h"
-#include "session/module2.h"
 #include "support/codes.h"
 
 using namespace quor;
@@ -21,7 +19,6 @@ using drive::click;
 using drive::read;
 using drive::type;
 using drive::when;
-using legacy::the_session;
 
 /// A working day of one user.
 class Day : public GraphTest {
@@ -77,8 +74,8 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     choose("mnuHaupt");
 
     // Measured data against the model, as a list.
-    open_file::Open(std::string(QUOR_SOURCE_DATA) + "/samples/propane_saturation.BAQ");
-    ASSERT_GT(the_session.BatchCount, 10);
+    open_file::Open(desk, std::string(QUOR_SOURCE_DATA) + "/samples/propane_saturation.BAQ");
+    ASSERT_GT(session->measured.points.size(), 10U);
     options({"OptCalcMode_1"});
     when("frmCalcIn", [] { click("OK"); });
     choose("mnuCalc_5");
@@ -101,8 +98,9 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     click("cmdApply");
     ASSERT_EQ(user.messages.size(), 2U);
     EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
-    const calculation::BatchDataSet& measured = legacy::the_BatchData[20];
-    const double fitted = models::VapourPressure(measured.T, codes::vp("ALP"), false).p;
+    const calculation::BatchDataSet& measured = session->measured.points[19];
+    const double fitted =
+        models::vapour_pressure(session->substance, measured.T, codes::vp("ALP")).p;
     EXPECT_NEAR(fitted, measured.p, 0.03 * measured.p);
     const double T = measured.T;
     click("ESC");
@@ -119,32 +117,33 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     when("frmStoffWahl", [] { click("StoffOK"); });
     when("frmQModell", [] { click("OKModell"); });
     click("Toolbar1_2");
-    EXPECT_EQ(the_session.DatabaseFile, "MINE.Q05");
+    EXPECT_EQ(session->databaseFile, "MINE.Q05");
 
     // Specific units, and the project of the day.
     options({"OptCalcMode_0", "optMolarSpez_1"});
     user.fileAnswers = {path("day.QCF")};
     user.inputAnswers = {"a working day"};
     choose("mnuData_SaveProject");
-    const models::ModelSelection models = legacy::the_models;
+    const models::ModelSelection models = session->models;
     choose("mnuData_Exit");
     EXPECT_FALSE(frame->isVisible());
     frame.reset();
-    session::reset_everything();
+    session::reset_everything(session);
 
     // The next morning.
     start();
-    EXPECT_TRUE(legacy::the_substance.Name.empty());
+    EXPECT_TRUE(session->substance.Name.empty());
     click("Toolbar1_4");
-    EXPECT_EQ(the_session.DatabaseFile, "MINE.Q05");
-    EXPECT_EQ(legacy::the_substance.Name, "Propane");
-    EXPECT_EQ(the_session.CaloricUnit, 3);
-    EXPECT_FALSE(the_session.BatchMode);
-    EXPECT_EQ(legacy::the_models.EOSModel, models.EOSModel);
-    EXPECT_EQ(legacy::the_models.VPModel, models.VPModel);
-    EXPECT_EQ(legacy::the_models.HLVModel, models.HLVModel);
-    EXPECT_EQ(legacy::the_models.CpModel, models.CpModel);
-    EXPECT_NEAR(models::VapourPressure(T, codes::vp("ALP"), false).p, fitted, 1e-5 * fitted);
+    EXPECT_EQ(session->databaseFile, "MINE.Q05");
+    EXPECT_EQ(session->substance.Name, "Propane");
+    EXPECT_EQ(session->caloricUnit, models::CaloricUnit::specific);
+    EXPECT_FALSE(session->batchMode);
+    EXPECT_EQ(session->models.EOSModel, models.EOSModel);
+    EXPECT_EQ(session->models.VPModel, models.VPModel);
+    EXPECT_EQ(session->models.HLVModel, models.HLVModel);
+    EXPECT_EQ(session->models.CpModel, models.CpModel);
+    EXPECT_NEAR(models::vapour_pressure(session->substance, T, codes::vp("ALP")).p, fitted,
+                1e-5 * fitted);
     openIsotherm("300");
     user.fileAnswers = {path("day.oc2")};
     choose("mnuLoadOC2");

@@ -1,6 +1,5 @@
 #include "gui/calc_view_test.h"
 #include "gui/calculation/isotherm_plot.h"
-#include "legacy/current_fluid.h"
 #include "report/diagnosis.h"
 
 using namespace quor;
@@ -91,7 +90,7 @@ TEST_F(DiagnosisViewTest, DrawsTheIsothermWithItsRootsAndTheEqualAreas) {
     auto* plot = drive::get<IsothermPlot>("pctEOS");
     plot->resize(900, 600);
     const report::Diagnosis d =
-        report::diagnose(models::current_fluid(), legacy::the_results.current.answer.last);
+        report::diagnose(session.fluid(), session->results.current.answer.last);
     ASSERT_EQ(d.roots.size(), 3U);
     EXPECT_NEAR(area(d.areaBelow, d.saturationPressure), -area(d.areaAbove, d.saturationPressure),
                 0.01 * area(d.areaAbove, d.saturationPressure));

@@ -1,6 +1,5 @@
 #include "gui/calc_view_test.h"
 #include "gui/widgets/number_edit.h"
-#include "session/module2.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -13,14 +12,13 @@ using drive::click;
 using drive::isVisible;
 using drive::read;
 using drive::type;
-using legacy::the_session;
 
 constexpr double kM = 44.009;  // carbon dioxide, kg/kmol
 
 class DirectInputViewTest : public CalcViewTest {
   protected:
     static bool isMarked(const QString& name) { return drive::get<NumberEdit>(name)->isMarked(); }
-    static const report::DirectValues& input() { return the_session.calculation.direct; }
+    const report::DirectValues& input() const { return session->calculation.direct; }
 };
 
 struct FieldCase {
@@ -109,7 +107,7 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input density kg/m^3 ");
     click("optRhoV_1");
-    EXPECT_TRUE(the_session.calculation.volumeInput);
+    EXPECT_TRUE(session->calculation.volumeInput);
     EXPECT_EQ(read("fraRhoVInput"), " Input molar volume, cf. \"Options\" ");
     EXPECT_EQ(read("Bz_2"), " V/m^3/kmol = ");
     type("par_0", "350");
@@ -117,9 +115,9 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     click("cmdParameter_OK");
     EXPECT_NEAR(static_cast<double>(input().rho), kM / 0.5, 1e-4);
 
-    the_session.UnitMode = 1;
-    the_session.CaloricUnit = 3;
-    session::refresh_units();
+    session.change()->unitSystem = models::UnitSystem::specific;
+    session.change()->caloricUnit = models::CaloricUnit::specific;
+    session::settle_units(session);
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input specif. volume, cf. Options ");
     EXPECT_EQ(read("Bz_2"), "  V/m^3/kg  = ");
@@ -129,19 +127,19 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     click("cmdParameter_OK");
     EXPECT_NEAR(static_cast<double>(input().rho), 80.0, 1e-4);
 
-    the_session.UnitMode = 2;
-    session::refresh_units();
+    session.change()->unitSystem = models::UnitSystem::reduced;
+    session::settle_units(session);
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input red. volume, cf. Options ");
     EXPECT_EQ(read("Bz_2"), "  V/(m^3/m^3)= ");
     type("par_0", "350");
     type("par_2", "2");
     click("cmdParameter_OK");
-    EXPECT_NEAR(static_cast<double>(input().rho), kM / (2 * legacy::the_eosParameters.vcritCalc),
+    EXPECT_NEAR(static_cast<double>(input().rho), kM / (2 * session->eosParameters.vcritCalc),
                 1e-3);
 
     click("optRhoV_0");
-    EXPECT_FALSE(the_session.calculation.volumeInput);
+    EXPECT_FALSE(session->calculation.volumeInput);
     EXPECT_EQ(read("Bz_2"), " rho/kg/m^3 = ");
     type("par_2", "80");
     click("cmdParameter_OK");
@@ -206,7 +204,7 @@ TEST_F(DirectInputViewTest, AsksForTheDataOfATank) {
     EXPECT_FALSE(isVisible("fraRhoVInput"));
     click("optm_n_1");
     EXPECT_EQ(read("Bz_1"), "      n/kmol  ");
-    EXPECT_EQ(the_session.calculation.input, report::InputKind::tank);
+    EXPECT_EQ(session->calculation.input, report::InputKind::tank);
 }
 
 TEST_F(DirectInputViewTest, RefusesATankWithAMissingNumber) {
@@ -230,9 +228,9 @@ TEST_F(DirectInputViewTest, TakesTheContentOfATankAsMassOrAsAmount) {
     type("par_1", "1000");
     type("par_2", "280");
     click("cmdParameter_OK");
-    EXPECT_EQ(the_session.tank.V, 2.5F);
-    EXPECT_EQ(the_session.tank.m, 1000.0F);
-    EXPECT_EQ(the_session.tank.T, 280.0F);
+    EXPECT_EQ(session->tank.V, 2.5F);
+    EXPECT_EQ(session->tank.m, 1000.0F);
+    EXPECT_EQ(session->tank.T, 280.0F);
     EXPECT_TRUE(isVisible("frmCalcOut"));
     EXPECT_TRUE(isVisible("frmKessel"));
     EXPECT_EQ(read("frmCalcOut"), "Phases and Pressure in a Tank (global calculation)");
@@ -242,7 +240,7 @@ TEST_F(DirectInputViewTest, TakesTheContentOfATankAsMassOrAsAmount) {
     click("optm_n_1");
     type("par_1", "10");
     click("cmdParameter_OK");
-    EXPECT_NEAR(static_cast<double>(the_session.tank.m), 10 * kM, 1e-3);
+    EXPECT_NEAR(static_cast<double>(session->tank.m), 10 * kM, 1e-3);
 }
 
 TEST_F(DirectInputViewTest, ClosesResultAndTankWhenThePartialTankIsRefused) {
@@ -285,9 +283,9 @@ TEST_F(DirectInputViewTest, WarnsOfATankBelowTheTriplePointOnce) {
 TEST_F(DirectInputViewTest, IsReachedByTheToolButtonOfTheTank) {
     startProject("Carbon dioxide");
     click("Toolbar1_15");
-    EXPECT_EQ(code_of(the_session.calculation.task), 9);
+    EXPECT_EQ(code_of(session->calculation.task), 9);
     EXPECT_EQ(read("frmParinput"), "Tank Calculation");
-    EXPECT_TRUE(the_session.calculation.method.global);
+    EXPECT_TRUE(session->calculation.method.global);
 }
 
 TEST_F(DirectInputViewTest, ATypedVolumeFollowsTheUnits) {

@@ -1,6 +1,5 @@
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
-#include "legacy/current_fluid.h"
 #include "session/calculations.h"
 
 using namespace quor;
@@ -15,7 +14,6 @@ using drive::isChecked;
 using drive::isVisible;
 using drive::read;
 using drive::type;
-using legacy::the_session;
 
 class IsoCalculatorViewTest : public CalcViewTest {
   protected:
@@ -28,10 +26,10 @@ class IsoCalculatorViewTest : public CalcViewTest {
     }
 
     /// A function (1 to 8) of a phase at T and p, calculated anew, with all else left as it is.
-    static double functionAt(double T, double p, int function, bool liquid) {
-        const report::TaskResult state =
-            report::make_result(models::current_fluid(), legacy::the_reference,
-                                session::unit_choice(), report::functions_request(T, p));
+    double functionAt(double T, double p, int function, bool liquid) const {
+        const report::TaskResult state = report::make_result(session.fluid(), session->reference,
+                                                             session::unit_choice(session.state()),
+                                                             report::functions_request(T, p));
         return state.Fu[static_cast<std::size_t>(function + (liquid ? 18 : 8))];
     }
 
@@ -57,7 +55,7 @@ TEST_F(IsoCalculatorViewTest, OffersEightFunctionsWithTheirLabels) {
         EXPECT_EQ(read(name), l.caption);
         click(name);
         EXPECT_EQ(read("lblFuConst"), l.label);
-        EXPECT_EQ(static_cast<int>(the_session.calculation.isoFunction), l.function);
+        EXPECT_EQ(static_cast<int>(session->calculation.isoFunction), l.function);
         const double value = functionAt(350, 4000, l.function, false);
         EXPECT_NEAR(shown("txtFuConst"), value, 1e-6 * std::fabs(value)) << l.label;
     }
@@ -65,7 +63,7 @@ TEST_F(IsoCalculatorViewTest, OffersEightFunctionsWithTheirLabels) {
     EXPECT_EQ(read("lblTpCalc"), "T/K =");
     EXPECT_EQ(read("txtTpVorgabe"), "4000");
     click("optIsoTp_1");
-    EXPECT_EQ(the_session.calculation.isoGiven, calculation::IsoGiven::T);
+    EXPECT_EQ(session->calculation.isoGiven, calculation::IsoGiven::T);
     EXPECT_EQ(read("lblTpVorgabe"), "  T/K =");
     EXPECT_EQ(read("lblTpCalc"), "p/kPa = ");
     EXPECT_EQ(read("txtTpVorgabe"), "350");
@@ -144,8 +142,8 @@ TEST_F(IsoCalculatorViewTest, FindsNoSolutionForAPhaseThatDoesNotExist) {
     type("txtTpVorgabe", "600");
     click("cmdCalc");
     EXPECT_EQ(read("txtTpCalc"), "No solution found");
-    EXPECT_EQ(the_session.calculation.direct.T, 250.0);
-    EXPECT_EQ(the_session.calculation.direct.p, 500.0);
+    EXPECT_EQ(session->calculation.direct.T, 250.0);
+    EXPECT_EQ(session->calculation.direct.p, 500.0);
     EXPECT_EQ(read("par1"), "T = 250.000 K");
 }
 
@@ -194,13 +192,13 @@ TEST_F(IsoCalculatorViewTest, MarksAFieldWithoutANumber) {
 TEST_F(IsoCalculatorViewTest, StartsFromThePresentDataSetInBatchOperation) {
     startProject("Carbon dioxide");
     useData({{0, 330, 1000, 0, 0, 0, 0}, {0, 340, 1500, 0, 0, 0, 0}});
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     choose("mnuCalc_11");
     click("cmdVor");
     click("cmdIsoCalc");
     EXPECT_EQ(read("txtTpVorgabe"), "1500");
     EXPECT_TRUE(read("lblIsoState").contains("T = 340 K"));
-    EXPECT_EQ(legacy::the_BatchData[2].T, 340.0);
+    EXPECT_EQ(session->measured.points[1].T, 340.0);
 }
 
 TEST_F(IsoCalculatorViewTest, ShowsTheBusyPointerWhileItSearches) {

@@ -12,7 +12,6 @@ using drive::entries;
 using drive::isVisible;
 using drive::read;
 using drive::select;
-using legacy::the_models;
 
 class ModelView : public FrameTest {
   protected:
@@ -51,7 +50,7 @@ TEST_F(ModelView, WithoutAcentricFactorTheListIsShorter) {
         EXPECT_EQ(read("EOSKombi"), "CEOS Redlich / Kwong");
         click("OKModell");
     });
-    EXPECT_EQ(models::code_of(the_models.EOSModel), 4);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 4);
     EXPECT_EQ(read("StatusBar1_2"), "CEOS Redlich / Kwong (Priority!)");
 }
 
@@ -65,7 +64,7 @@ TEST_F(ModelView, AVirialEquationDisablesThePriority) {
         EXPECT_EQ(drive::get<QComboBox>("HLVKombi")->currentIndex(), 0);
         click("OKModell");
     });
-    EXPECT_TRUE(the_models.EOSOnlyV);
+    EXPECT_TRUE(session->models.EOSOnlyV);
     EXPECT_EQ(read("StatusBar1_2"), "VIRIAL Equ. Pitzer / Curl");
     EXPECT_EQ(read("StatusBar1_3"), "Vapour press. equ.: Wagner");
 
@@ -77,7 +76,7 @@ TEST_F(ModelView, AVirialEquationDisablesThePriority) {
         click("OKModell");
     });
     drive::choose("mnuModel");
-    EXPECT_TRUE(the_models.PriorityCEOS);
+    EXPECT_TRUE(session->models.PriorityCEOS);
 }
 
 TEST_F(ModelView, ThePriorityIsChosen) {
@@ -85,7 +84,7 @@ TEST_F(ModelView, ThePriorityIsChosen) {
         click("PriorOpt_1");
         click("OKModell");
     });
-    EXPECT_FALSE(the_models.PriorityCEOS);
+    EXPECT_FALSE(session->models.PriorityCEOS);
     EXPECT_EQ(read("StatusBar1_3"), "Vapour press. equ.: Wagner (Priority!)");
     drive::when("frmQModell", [] {
         EXPECT_TRUE(drive::isChecked("PriorOpt_1"));
@@ -93,7 +92,7 @@ TEST_F(ModelView, ThePriorityIsChosen) {
         click("OKModell");
     });
     drive::choose("mnuModel");
-    EXPECT_TRUE(the_models.PriorityCEOS);
+    EXPECT_TRUE(session->models.PriorityCEOS);
 }
 
 TEST_F(ModelView, TheWatsonExponentIsTyped) {
@@ -104,8 +103,8 @@ TEST_F(ModelView, TheWatsonExponentIsTyped) {
         drive::type("WatsonKombi", "0,35");
         click("OKModell");
     });
-    EXPECT_FLOAT_EQ(the_models.WatsonN, 0.35F);
-    EXPECT_EQ(models::code_of(the_models.HLVModel), 4);
+    EXPECT_FLOAT_EQ(session->models.WatsonN, 0.35F);
+    EXPECT_EQ(models::code_of(session->models.HLVModel), 4);
 }
 
 TEST_F(ModelView, TheManualVirialFormAsksForItsCoefficients) {
@@ -122,10 +121,10 @@ TEST_F(ModelView, TheManualVirialFormAsksForItsCoefficients) {
         select("EOSKombi", "VIRIAL Equ., Manual Input");
         click("OKModell");
     });
-    EXPECT_EQ(models::code_of(the_models.EOSModel), 10);
-    EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.05);
-    EXPECT_EQ(legacy::the_eosParameters.eosNB, 2500.0);
-    EXPECT_EQ(legacy::the_eosParameters.eosNV, 1.6);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 10);
+    EXPECT_EQ(session->eosParameters.eosB0, 0.05);
+    EXPECT_EQ(session->eosParameters.eosNB, 2500.0);
+    EXPECT_EQ(session->eosParameters.eosNV, 1.6);
 }
 
 TEST_F(ModelView, CancellingTheCoefficientsLeavesThem) {
@@ -137,7 +136,7 @@ TEST_F(ModelView, CancellingTheCoefficientsLeavesThem) {
         select("EOSKombi", "VIRIAL Equ., Manual Input");
         click("OKModell");
     });
-    EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.0);
+    EXPECT_EQ(session->eosParameters.eosB0, 0.0);
 }
 
 TEST_F(ModelView, AnIncompleteCoefficientIsMarked) {
@@ -154,7 +153,7 @@ TEST_F(ModelView, AnIncompleteCoefficientIsMarked) {
         select("EOSKombi", "VIRIAL Equ., Manual Input");
         click("OKModell");
     });
-    EXPECT_EQ(legacy::the_eosParameters.eosNB, 3.0);
+    EXPECT_EQ(session->eosParameters.eosNB, 3.0);
 }
 
 TEST_F(ModelView, CarruthKobayashiWithoutAcentricFactorWarnsAndRuns) {
@@ -163,7 +162,7 @@ TEST_F(ModelView, CarruthKobayashiWithoutAcentricFactorWarnsAndRuns) {
         click("OKModell");
     });
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(models::code_of(the_models.HLVModel), 3);
+    EXPECT_EQ(models::code_of(session->models.HLVModel), 3);
     EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
 }
 
@@ -176,7 +175,7 @@ TEST_F(ModelView, JiTorvikWithoutItsProgramKeepsTheViewOpen) {
         select("EOSKombi", "CEOS Soave / Redlich / Kwong");
         click("OKModell");
     });
-    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 5);
     EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
 }
 
@@ -191,25 +190,22 @@ TEST_F(ModelView, EscapeRestoresTheFormerModels) {
         drive::press("EOSKombi", Qt::Key_Escape);
     });
     drive::choose("mnuModel");
-    EXPECT_EQ(models::code_of(the_models.EOSModel), 6);
-    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
-    EXPECT_TRUE(the_models.PriorityCEOS);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 6);
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
+    EXPECT_TRUE(session->models.PriorityCEOS);
     EXPECT_EQ(read("StatusBar1_2"), "CEOS Peng / Robinson (Priority!)");
 }
 
-std::vector<int> pages;
-
 TEST_F(ModelView, HelpOpensAtThePageOfTheModel) {
-    pages.clear();
-    inView("Carbon dioxide", [] {
-        shell::setHelp([](int topic) { pages.push_back(topic); });
+    std::vector<int> pages;
+    inView("Carbon dioxide", [&] {
+        desk.doors.help = [&](int topic) { pages.push_back(topic); };
         click("EOSHilfe");
         select("EOSKombi", "CEOS van der Waals");
         click("EOSHilfe");
         click("pHilfe");
         click("cmdEsc");
     });
-    shell::setHelp(nullptr);
     EXPECT_EQ(pages, (std::vector<int>{2006, 2002, 2104}));
 }
 

@@ -4,7 +4,6 @@
 #include <QSlider>
 
 #include "gui/view_test.h"
-#include "session/module2.h"
 #include "support/fluids.h"
 
 using namespace quor;
@@ -13,17 +12,16 @@ using namespace quor::gui;
 namespace {
 
 using drive::click;
-using legacy::the_session;
 
 class OptionsView : public ViewTest {
   protected:
     OptionsView() {
-        legacy::the_substance = fluids::ReferencePropane();
-        legacy::the_models.EOSModel = codes::eos(6);
-        legacy::the_eosParameters.vcritCalc = 0.2;
+        session.change()->substance = fluids::ReferencePropane();
+        session.change()->models.EOSModel = codes::eos(6);
+        session.change()->eosParameters.vcritCalc = 0.2;
     }
     OptionsDialog* open() {
-        auto* view = new OptionsDialog;
+        auto* view = new OptionsDialog(desk);
         view->setAttribute(Qt::WA_DeleteOnClose);
         view->show();
         drive::settle();
@@ -39,10 +37,10 @@ TEST_F(OptionsView, OKAppliesUnitsModeAndResolution) {
     drive::get<QSlider>("Slider1_punktdichte")->setValue(500);
     EXPECT_EQ(drive::get<QLabel>("Label54")->text(), "500");
     click("cmdOK");
-    EXPECT_EQ(the_session.CaloricUnit, 3);
-    EXPECT_TRUE(the_session.BatchMode);
-    EXPECT_TRUE(the_session.PartialGasCurve);
-    EXPECT_EQ(the_session.PointsPerCurve, 500);
+    EXPECT_EQ(session->caloricUnit, models::CaloricUnit::specific);
+    EXPECT_TRUE(session->batchMode);
+    EXPECT_TRUE(session->curveOptions.partialGas);
+    EXPECT_EQ(session->curveOptions.points, 500);
     EXPECT_EQ(drive::find("frmOptions"), nullptr);
 }
 
@@ -52,9 +50,9 @@ TEST_F(OptionsView, CancelChangesNothing) {
     click("OptCalcMode_1");
     click("chkReduziert");
     click("cmdClose");
-    EXPECT_EQ(the_session.CaloricUnit, 0);
-    EXPECT_EQ(the_session.UnitMode, 0);
-    EXPECT_FALSE(the_session.BatchMode);
+    EXPECT_EQ(session->caloricUnit, models::CaloricUnit::molar);
+    EXPECT_EQ(session->unitSystem, models::UnitSystem::molar);
+    EXPECT_FALSE(session->batchMode);
 }
 
 TEST_F(OptionsView, MolarAndSpecificExcludeEachOther) {
@@ -67,8 +65,8 @@ TEST_F(OptionsView, MolarAndSpecificExcludeEachOther) {
 }
 
 TEST_F(OptionsView, WhatIsNotPossibleIsDisabled) {
-    legacy::the_substance.Tcrit = 0;
-    legacy::the_models.EOSOnlyV = true;
+    session.change()->substance.Tcrit = 0;
+    session.change()->models.EOSOnlyV = true;
     open();
     EXPECT_FALSE(drive::isEnabled("chkReduziert"));
     EXPECT_FALSE(drive::isEnabled("chkSKurveOhneKonnode"));
@@ -77,7 +75,7 @@ TEST_F(OptionsView, WhatIsNotPossibleIsDisabled) {
 
 TEST_F(OptionsView, TheReferenceViewOpensFromHere) {
     int opened = 0;
-    actions::register_action("frmReferenz", [&] { ++opened; });
+    desk.doors.chooseReference = [&] { ++opened; };
     open();
     click("Command1");
     EXPECT_EQ(opened, 1);

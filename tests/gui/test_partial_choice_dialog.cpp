@@ -19,7 +19,6 @@ using drive::read;
 using drive::select;
 using drive::type;
 using drive::when;
-using legacy::the_session;
 
 class PartialChoiceDialogTest : public CalcViewTest {
   protected:
@@ -68,8 +67,8 @@ TEST_F(PartialChoiceDialogTest, OffersBothMethodsForACubicEquation) {
     });
     choose("mnuCalc_6");
     EXPECT_TRUE(isVisible("frmCalcOut"));
-    EXPECT_EQ(the_session.calculation.input, report::InputKind::state);
-    EXPECT_EQ(code_of(the_session.calculation.task), 5);
+    EXPECT_EQ(session->calculation.input, report::InputKind::state);
+    EXPECT_EQ(code_of(session->calculation.task), 5);
     EXPECT_EQ(read("frmParinput"), "Input \"Direct calculation\" ");
     EXPECT_TRUE(isVisible("par_1"));
     EXPECT_FALSE(isVisible("par_0"));
@@ -104,11 +103,11 @@ TEST_F(PartialChoiceDialogTest, DescribesAPhaseEquilibriumAtGivenTAndP) {
         click("OK");
     });
     chooseTp(true);
-    EXPECT_TRUE(the_session.calculation.method.assumedVle);
-    EXPECT_TRUE(models::is_known(the_session.calculation.method.reference));
+    EXPECT_TRUE(session->calculation.method.assumedVle);
+    EXPECT_TRUE(models::is_known(session->calculation.method.reference));
     calculate("270", "3200");
     EXPECT_TRUE(lists("by BENSON's method:"));
-    EXPECT_EQ(legacy::the_results.current.record.State, "V+L");
+    EXPECT_EQ(session->results.current.record.State, "V+L");
 }
 
 TEST_F(PartialChoiceDialogTest, TakesTheLDensityFromTheDatabaseOnDemand) {
@@ -196,13 +195,13 @@ TEST_F(PartialChoiceDialogTest, AllowsOnlyThePartialTank) {
     });
     choose("mnuCalc_16");
     EXPECT_FALSE(isVisible("frmCalcOut"));
-    EXPECT_EQ(the_session.calculation.input, report::InputKind::tank);
+    EXPECT_EQ(session->calculation.input, report::InputKind::tank);
     EXPECT_EQ(read("frmParinput"), "Tank Calculation");
 }
 
 TEST_F(PartialChoiceDialogTest, AsksOnlyForTheReferencePointOfTheEnthalpyOfVaporisation) {
     startProject("Carbon dioxide");
-    legacy::the_models.HLVModel = codes::hlv(6);
+    session.change()->models.HLVModel = codes::hlv(6);
     when("frmCalcIn", [] {
         EXPECT_FALSE(isVisible("fraMode"));
         EXPECT_FALSE(isVisible("fraDensity"));
@@ -264,11 +263,11 @@ TEST_F(PartialChoiceDialogTest, TakesAReferencePointThatIsTyped) {
         click("OK");
     });
     choose("mnuCalc_5");
-    EXPECT_TRUE(models::is_known(the_session.calculation.method.reference));
-    EXPECT_EQ(the_session.calculation.method.reference.T, 250.0F);
-    EXPECT_EQ(the_session.calculation.method.reference.p, 1785.2F);
-    EXPECT_EQ(the_session.calculation.method.reference.rhoL, 1046.0F);
-    EXPECT_EQ(the_session.calculation.method.reference.rhoV, 46.6F);
+    EXPECT_TRUE(models::is_known(session->calculation.method.reference));
+    EXPECT_EQ(session->calculation.method.reference.T, 250.0F);
+    EXPECT_EQ(session->calculation.method.reference.p, 1785.2F);
+    EXPECT_EQ(session->calculation.method.reference.rhoL, 1046.0F);
+    EXPECT_EQ(session->calculation.method.reference.rhoV, 46.6F);
     type("par_0", "270");
     click("cmdParameter_OK");
     EXPECT_GT(numberBehind("Liste", "rho/ (kg/m^3)  ="), 900.0);
@@ -306,8 +305,8 @@ TEST_F(PartialChoiceDialogTest, AZeroInTheReferencePointLeavesTheLDensityEmpty) 
         click("OK");
     });
     choose("mnuCalc_5");
-    the_session.calculation.method.reference.rhoL = 0;
-    EXPECT_FALSE(models::is_known(the_session.calculation.method.reference));
+    session.change()->calculation.method.reference.rhoL = 0;
+    EXPECT_FALSE(models::is_known(session->calculation.method.reference));
     type("par_0", "270");
     click("cmdParameter_OK");
     const QString density =
@@ -318,7 +317,7 @@ TEST_F(PartialChoiceDialogTest, AZeroInTheReferencePointLeavesTheLDensityEmpty) 
 TEST_F(PartialChoiceDialogTest, GoesOnWithoutAnInputViewInBatchOperation) {
     startProject("Carbon dioxide");
     useData({{0, 270, 0, 0, 0, 0, 0}});
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     when("frmCalcIn", [] { click("OK"); });
     choose("mnuCalc_5");
     EXPECT_TRUE(isVisible("frmCalcOut"));

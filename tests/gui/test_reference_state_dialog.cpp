@@ -1,7 +1,6 @@
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
 #include "gui/widgets/number_edit.h"
-#include "session/module2.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -14,8 +13,8 @@ using drive::isChecked;
 using drive::isEnabled;
 using drive::read;
 using drive::type;
-using legacy::the_reference;
-using legacy::the_session;
+
+using Unit = models::CaloricUnit;
 
 constexpr double kR = 8.31451, kM = 44.009;
 
@@ -59,13 +58,14 @@ TEST_F(ReferenceStateDialogTest, IsReachedOnceTheModelsAreChosen) {
 TEST_F(ReferenceStateDialogTest, NamesHAndSInTheUnitOfTheSession) {
     startProject("Carbon dioxide");
     struct Case {
-        std::int16_t unit;
+        Unit unit;
         const char *h, *s;
     };
     for (const Case& c :
-         {Case{0, "h /(kJ/kmol)", "s /(kJ/kmol/K)"}, Case{1, "h /K", "s /R"},
-          Case{2, "h /(R T)", "s /(1/K) "}, Case{3, "h /(kJ/kg)", "s /(kJ/(kg K))"}}) {
-        the_session.CaloricUnit = c.unit;
+         {Case{Unit::molar, "h /(kJ/kmol)", "s /(kJ/kmol/K)"}, Case{Unit::kelvin, "h /K", "s /R"},
+          Case{Unit::RT, "h /(R T)", "s /(1/K) "},
+          Case{Unit::specific, "h /(kJ/kg)", "s /(kJ/(kg K))"}}) {
+        session.change()->caloricUnit = c.unit;
         inView([&] {
             EXPECT_EQ(read("lblT_0"), c.h);
             EXPECT_EQ(read("lblT_1"), c.s);
@@ -78,24 +78,26 @@ TEST_F(ReferenceStateDialogTest, NamesHAndSInTheUnitOfTheSession) {
 TEST_F(ReferenceStateDialogTest, StoresTheFieldsInTheUnitsOfTheRecord) {
     startProject("Carbon dioxide");
     struct Case {
-        std::int16_t unit;
+        Unit unit;
         double factor;
     };
-    for (const Case& c :
-         {Case{0, 1.0}, Case{1, 1 / kR}, Case{2, 1 / (kR * 298.15)}, Case{3, 1 / kM}}) {
-        the_session.CaloricUnit = c.unit;
+    for (const Case& c : {Case{Unit::molar, 1.0}, Case{Unit::kelvin, 1 / kR},
+                          Case{Unit::RT, 1 / (kR * 298.15)}, Case{Unit::specific, 1 / kM}}) {
+        session.change()->caloricUnit = c.unit;
         inView([] {
             const char* typed[] = {"100", "-2,5", "273.15", "100", "290", "95.5"};
             for (int i = 0; i < 6; ++i) type(QString("T_%1").arg(i), typed[i]);
             drive::press("T_5", Qt::Key_Return);
         });
-        EXPECT_EQ(the_reference.RefMode, 1);
-        EXPECT_NEAR(the_reference.href, 100 / c.factor, 1e-4 * 100 / c.factor) << c.unit;
-        EXPECT_NEAR(the_reference.sref, -2.5 / c.factor, 1e-4 * 2.5 / c.factor) << c.unit;
-        EXPECT_EQ(the_reference.T0, 273.15F);
-        EXPECT_EQ(the_reference.p0, 100.0F);
-        EXPECT_EQ(the_reference.Tenv, 290.0);
-        EXPECT_EQ(the_reference.penv, 95.5);
+        EXPECT_EQ(session->reference.RefMode, 1);
+        EXPECT_NEAR(session->reference.href, 100 / c.factor, 1e-4 * 100 / c.factor)
+            << static_cast<int>(c.unit);
+        EXPECT_NEAR(session->reference.sref, -2.5 / c.factor, 1e-4 * 2.5 / c.factor)
+            << static_cast<int>(c.unit);
+        EXPECT_EQ(session->reference.T0, 273.15F);
+        EXPECT_EQ(session->reference.p0, 100.0F);
+        EXPECT_EQ(session->reference.Tenv, 290.0);
+        EXPECT_EQ(session->reference.penv, 95.5);
         // What is shown again is what was typed.
         inView([] {
             EXPECT_NEAR(read("T_0").toDouble(), 100, 1e-9);
@@ -107,9 +109,9 @@ TEST_F(ReferenceStateDialogTest, StoresTheFieldsInTheUnitsOfTheRecord) {
 
 TEST_F(ReferenceStateDialogTest, SetsTheQuantitiesOfFormation) {
     startProject("Carbon dioxide");
-    the_reference.href = 500;
-    the_reference.T0 = 300;
-    the_reference.Tenv = 285;
+    session.change()->reference.href = 500;
+    session.change()->reference.T0 = 300;
+    session.change()->reference.Tenv = 285;
     inView([] {
         EXPECT_EQ(enabledFields(), "111111");
         click("opt_HNull_1");
@@ -120,11 +122,11 @@ TEST_F(ReferenceStateDialogTest, SetsTheQuantitiesOfFormation) {
         click("opt_HNull_1");
         click("OK");
     });
-    EXPECT_EQ(the_reference.RefMode, 10);
-    EXPECT_EQ(the_reference.href, 0.0);
-    EXPECT_EQ(the_reference.T0, 298.15F);
-    EXPECT_EQ(the_reference.p0, 101.325F);
-    EXPECT_EQ(the_reference.Tenv, 285.0);
+    EXPECT_EQ(session->reference.RefMode, 10);
+    EXPECT_EQ(session->reference.href, 0.0);
+    EXPECT_EQ(session->reference.T0, 298.15F);
+    EXPECT_EQ(session->reference.p0, 101.325F);
+    EXPECT_EQ(session->reference.Tenv, 285.0);
     inView([] {
         EXPECT_TRUE(isChecked("opt_HNull_1"));
         EXPECT_EQ(enabledFields(), "000011");
@@ -139,7 +141,7 @@ TEST_F(ReferenceStateDialogTest, SetsTheConventionalState) {
         EXPECT_EQ(enabledFields(), "000011");
         click("OK");
     });
-    EXPECT_EQ(the_reference.RefMode, 2);
+    EXPECT_EQ(session->reference.RefMode, 2);
     // The list of a calculation names it.
     drive::choose("mnuCalc_11");
     calculate("350", "4000");
@@ -150,32 +152,32 @@ TEST_F(ReferenceStateDialogTest, ShiftsTheEnthalpyOfTheNextCalculation) {
     startProject("Carbon dioxide");
     drive::choose("mnuCalc_11");
     calculate("350", "4000");
-    const double h = legacy::the_results.current.Fu[10], s = legacy::the_results.current.Fu[11];
+    const double h = session->results.current.Fu[10], s = session->results.current.Fu[11];
     inView([] {
         type("T_0", "1000");
         type("T_1", "10");
         click("OK");
     });
     calculate("350", "4000");
-    EXPECT_NEAR(legacy::the_results.current.Fu[10], h + 1000, 1e-6);
-    EXPECT_NEAR(legacy::the_results.current.Fu[11], s + 10, 1e-9);
+    EXPECT_NEAR(session->results.current.Fu[10], h + 1000, 1e-6);
+    EXPECT_NEAR(session->results.current.Fu[11], s + 10, 1e-9);
 }
 
 TEST_F(ReferenceStateDialogTest, StoresNoSurroundingsOfZeroAndNoPressureOfZero) {
     startProject("Carbon dioxide");
-    the_reference.p0 = 0;
+    session.change()->reference.p0 = 0;
     inView([] {
         EXPECT_EQ(read("T_3"), "101.325");
         type("T_4", "0");
         click("OK");
     });
-    EXPECT_EQ(the_reference.p0, 101.325F);
-    EXPECT_EQ(the_reference.Tenv, 1e-6);
+    EXPECT_EQ(session->reference.p0, 101.325F);
+    EXPECT_EQ(session->reference.Tenv, 1e-6);
 }
 
 TEST_F(ReferenceStateDialogTest, ChangesNothingOnCancel) {
     startProject("Carbon dioxide");
-    const models::ReferenceState before = the_reference;
+    const models::ReferenceState before = session->reference;
     for (const bool escape : {false, true})
         inView([escape] {
             click("opt_HNull_1");
@@ -185,23 +187,23 @@ TEST_F(ReferenceStateDialogTest, ChangesNothingOnCancel) {
             else
                 click("ESC");
         });
-    EXPECT_EQ(the_reference, before);
+    EXPECT_EQ(session->reference, before);
 }
 
 TEST_F(ReferenceStateDialogTest, MarksATextThatIsNoNumber) {
     startProject("Carbon dioxide");
-    const models::ReferenceState before = the_reference;
+    const models::ReferenceState before = session->reference;
     inView([&] {
         type("T_2", "3e");
         click("OK");
         EXPECT_TRUE(drive::get<NumberEdit>("T_2")->isMarked());
-        EXPECT_EQ(the_reference, before);
+        EXPECT_EQ(session->reference, before);
         type("T_2", "1e300");
         user.messages.clear();
         click("OK");
         ASSERT_EQ(user.messages.size(), 1U);
         EXPECT_EQ(user.lastText(), "A number is beyond the range of its field.");
-        EXPECT_EQ(the_reference, before);
+        EXPECT_EQ(session->reference, before);
         click("ESC");
     });
 }
@@ -214,7 +216,7 @@ TEST_F(ReferenceStateDialogTest, ShowsNumbersWithADecimalComma) {
         type("T_2", "273,15");
         click("OK");
     });
-    EXPECT_EQ(the_reference.T0, 273.15F);
+    EXPECT_EQ(session->reference.T0, 273.15F);
 }
 
 }  // namespace

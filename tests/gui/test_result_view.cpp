@@ -2,7 +2,6 @@
 
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
-#include "session/module2.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -19,7 +18,6 @@ using drive::press;
 using drive::read;
 using drive::select;
 using drive::type;
-using legacy::the_session;
 
 class ResultViewTest : public CalcViewTest {
   protected:
@@ -29,7 +27,7 @@ class ResultViewTest : public CalcViewTest {
         useData({{0, 250, 100, 2.1F, 0, 0, 0},
                  {-1, 260, 100, 2.0F, 0, 0, 0},
                  {0, 270, 100, 1.9F, 0, 0, 0}});
-        the_session.BatchMode = true;
+        session.change()->batchMode = true;
         choose(row);
     }
 
@@ -40,7 +38,7 @@ class ResultViewTest : public CalcViewTest {
 
 TEST_F(ResultViewTest, OpensForADirectCalculationWithoutBatchControls) {
     startProject("Carbon dioxide");
-    the_session.CsvSeparator = '\t';
+    session.change()->csvSeparator = '\t';
     chooseTp();
     EXPECT_EQ(read("cmdCalc_OK"), "Close");
     EXPECT_EQ(read("fraBatchVorgabe"), " Specification value from input ");
@@ -54,7 +52,7 @@ TEST_F(ResultViewTest, OpensForADirectCalculationWithoutBatchControls) {
     EXPECT_FALSE(isChecked("ResPlus_1"));
     EXPECT_FALSE(isChecked("ResPlus_2"));
     EXPECT_FALSE(isChecked("chkUHS"));
-    EXPECT_EQ(the_session.calculation.pages,
+    EXPECT_EQ(session->calculation.pages,
               (calculation::Pages{.residual = false, .derivatives = false}));
     EXPECT_EQ(read("statusZeile"), "");
     EXPECT_FALSE(isEnabled("cmdOpenNew"));
@@ -106,7 +104,7 @@ TEST_F(ResultViewTest, ShowsThePanelsThatBelongToEachRow) {
 TEST_F(ResultViewTest, HidesTheListOutputForFunctionsOfTheDatabaseInBatchOperation) {
     startProject("Water");
     useData({{0, 300, 100, 0, 0, 0, 0}});
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     for (const auto& [row, shown] : {std::pair{"mnuCalc_2", true},
                                      {"mnuCalc_11", true},
                                      {"mnuCalc_18", false},
@@ -168,7 +166,7 @@ TEST_F(ResultViewTest, BeginsEveryRedLineOfTheListWithASign) {
     click("cmdParameter_OK");
     int red = 0;
     const QStringList shown = read("Liste").split('\n');
-    const auto& lines = legacy::the_results.current.report.Liste;
+    const auto& lines = session->results.current.report.Liste;
     ASSERT_EQ(static_cast<std::size_t>(shown.size()), lines.size());
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const QString text = QString::fromStdString(lines[i].text);
@@ -216,29 +214,29 @@ TEST_F(ResultViewTest, AddsPagesAsTheyAreChecked) {
     calculate("300", "5000");
     EXPECT_FALSE(lists("Mechanical Coefficients"));
     click("ResPlus_1");
-    EXPECT_EQ(the_session.calculation.pages,
+    EXPECT_EQ(session->calculation.pages,
               (calculation::Pages{.residual = true, .derivatives = false}));
     EXPECT_TRUE(lists("Mechanical Coefficients"));
     EXPECT_FALSE(lists("derivatives with respect to T, p, v"));
     click("ResPlus_2");
-    EXPECT_EQ(the_session.calculation.pages,
+    EXPECT_EQ(session->calculation.pages,
               (calculation::Pages{.residual = true, .derivatives = true}));
     EXPECT_TRUE(lists("derivatives with respect to T, p, v"));
     click("ResPlus_1");
-    EXPECT_EQ(the_session.calculation.pages,
+    EXPECT_EQ(session->calculation.pages,
               (calculation::Pages{.residual = false, .derivatives = true}));
     EXPECT_FALSE(lists("Mechanical Coefficients"));
     click("ResPlus_2");
-    EXPECT_EQ(the_session.calculation.pages,
+    EXPECT_EQ(session->calculation.pages,
               (calculation::Pages{.residual = false, .derivatives = false}));
     EXPECT_FALSE(lists("thermodynamic Fu(T)"));
     click("chkUHS");
-    EXPECT_TRUE(the_session.calculation.pages.functions);
+    EXPECT_TRUE(session->calculation.pages.functions);
     EXPECT_TRUE(lists("                               thermodynamic Fu(T)"));
     // A new opening begins without them.
     chooseTp();
     EXPECT_FALSE(isChecked("chkUHS"));
-    EXPECT_FALSE(the_session.calculation.pages.functions);
+    EXPECT_FALSE(session->calculation.pages.functions);
 }
 
 TEST_F(ResultViewTest, RemarksOnAStateBelowTheTriplePointAndGoesOn) {
@@ -348,15 +346,15 @@ TEST_F(ResultViewTest, StepsThroughTheActiveDataSets) {
     click("cmdRueck");
     EXPECT_EQ(user.beeps, 2);
     EXPECT_EQ(read("par1"), "T = 250.000 K");
-    EXPECT_EQ(legacy::the_results.rows.size(), 3U);
-    EXPECT_EQ(legacy::the_results.rows[2].State, " V ");
-    EXPECT_EQ(legacy::the_results.rows[1].State, "   ");
+    EXPECT_EQ(session->results.rows.size(), 3U);
+    EXPECT_EQ(session->results.rows[2].State, " V ");
+    EXPECT_EQ(session->results.rows[1].State, "   ");
 }
 
 TEST_F(ResultViewTest, BeginsWithTheFirstActiveDataSet) {
     startProject("Carbon dioxide");
     useData({{-1, 250, 100, 0, 0, 0, 0}, {0, 260, 100, 0, 0, 0, 0}});
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     choose("mnuCalc_2");
     EXPECT_EQ(read("fraBatchVorgabe"), " Specification value from set #2");
     EXPECT_TRUE(user.messages.empty()) << user.lastText();
@@ -417,7 +415,7 @@ TEST_F(ResultViewTest, OffersNoPagesInTheListOfCaloricFunctions) {
 
 TEST_F(ResultViewTest, ABatchWithoutDataTellsSoAndEndsInNoT) {
     startProject("Carbon dioxide");
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     choose("mnuCalc_2");
     ASSERT_FALSE(user.messages.empty());
     EXPECT_EQ(user.messages.front().title, "Execution not possible");
@@ -431,19 +429,19 @@ TEST_F(ResultViewTest, CollectsResultsInAProtocolAndWritesThem) {
     chooseTp();
     EXPECT_EQ(read("lblProtText2"), "26151101.CSV");
     calculate("300", "5000");
-    const double v1 = legacy::the_results.current.Fu[9];
+    const double v1 = session->results.current.Fu[9];
     click("cmdProtokoll");
     EXPECT_EQ(read("statusZeile"), "1 result in the protocol");
     calculate("290", "4000");
-    const double v2 = legacy::the_results.current.Fu[9];
+    const double v2 = session->results.current.Fu[9];
     click("cmdProtokoll");
-    EXPECT_TRUE(legacy::the_protocol.pending);
-    EXPECT_EQ(legacy::the_protocol.rows.size(), 2U);
+    EXPECT_TRUE(session->protocol.pending);
+    EXPECT_EQ(session->protocol.rows.size(), 2U);
     ASSERT_TRUE(isEnabled("cmdOpenNew"));
     EXPECT_FALSE(std::filesystem::exists(protocolFile()));
     click("cmdOpenNew");
     EXPECT_FALSE(isEnabled("cmdOpenNew"));
-    EXPECT_FALSE(legacy::the_protocol.pending);
+    EXPECT_FALSE(session->protocol.pending);
     EXPECT_EQ(read("lblProtText2"), "26151102.CSV");
     const QStringList lines =
         QString::fromStdString(content(protocolFile())).split("\r\n", Qt::SkipEmptyParts);
@@ -466,9 +464,9 @@ TEST_F(ResultViewTest, WritesThePendingProtocolAsTheViewCloses) {
     click("cmdProtokoll");
     click("cmdCalc_OK");
     EXPECT_FALSE(isVisible("frmCalcOut"));
-    EXPECT_FALSE(legacy::the_protocol.pending);
+    EXPECT_FALSE(session->protocol.pending);
     EXPECT_NE(content(protocolFile()).find("300;5000;"), std::string::npos);
-    EXPECT_EQ(legacy::the_protocol.file, "26151102.CSV");
+    EXPECT_EQ(session->protocol.file, "26151102.CSV");
 }
 
 TEST_F(ResultViewTest, WritesThePendingProtocolAsTheProgramEnds) {
@@ -483,7 +481,7 @@ TEST_F(ResultViewTest, WritesThePendingProtocolAsTheProgramEnds) {
 TEST_F(ResultViewTest, DeletesAnEmptyProtocolFileAsTheProgramEnds) {
     startProject("Carbon dioxide");
     std::ofstream(protocolFile()).close();
-    legacy::the_protocol.file = "26151101.CSV";
+    session.change()->protocol.file = "26151101.CSV";
     choose("mnuData_Exit");
     EXPECT_FALSE(std::filesystem::exists(protocolFile()));
 }
@@ -493,14 +491,14 @@ TEST_F(ResultViewTest, KeepsThePendingProtocolWhenItCannotBeWritten) {
     chooseTp();
     calculate("300", "5000");
     click("cmdProtokoll");
-    legacy::the_protocol.file = (folder() / "no such folder" / "x.CSV").string();
+    session.change()->protocol.file = (folder() / "no such folder" / "x.CSV").string();
     user.messages.clear();
     click("cmdCalc_OK");
     EXPECT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_TRUE(legacy::the_protocol.pending);
+    EXPECT_TRUE(session->protocol.pending);
     // The next result view offers it again.
-    legacy::the_protocol.file = "26151101.CSV";
+    session.change()->protocol.file = "26151101.CSV";
     chooseTp();
     ASSERT_TRUE(isEnabled("cmdOpenNew"));
     click("cmdOpenNew");
@@ -509,13 +507,13 @@ TEST_F(ResultViewTest, KeepsThePendingProtocolWhenItCannotBeWritten) {
 
 TEST_F(ResultViewTest, WarnsOfACommaAsDelimiterWithADecimalComma) {
     numbers::set_decimal_mark(',');
-    the_session.DecimalComma = true;
+    session.change()->decimalComma = true;
     startProject("Carbon dioxide");
-    the_session.DecimalComma = true;
+    session.change()->decimalComma = true;
     chooseTp();
     calculate("300", "5000");
     select("cmbSep", "comma");
-    EXPECT_EQ(the_session.CsvSeparator, ',');
+    EXPECT_EQ(session->csvSeparator, ',');
     user.messages.clear();
     click("cmdProtokoll");
     ASSERT_EQ(user.messages.size(), 1U);
@@ -524,12 +522,12 @@ TEST_F(ResultViewTest, WarnsOfACommaAsDelimiterWithADecimalComma) {
               "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
               "ist nicht mehr Excel-kompatibel.\nsemicolon recommended");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_TRUE(legacy::the_protocol.pending);
+    EXPECT_TRUE(session->protocol.pending);
     select("cmbSep", "semicolon");
     user.messages.clear();
     click("cmdProtokoll");
     EXPECT_TRUE(user.messages.empty());
-    EXPECT_EQ(legacy::the_protocol.rows.size(), 2U);
+    EXPECT_EQ(session->protocol.rows.size(), 2U);
 }
 
 TEST_F(ResultViewTest, ChangesTheDelimiterOfProtocols) {
@@ -538,7 +536,7 @@ TEST_F(ResultViewTest, ChangesTheDelimiterOfProtocols) {
     for (const auto& [name, delimiter] :
          {std::pair{"comma", ','}, {"Tab", '\t'}, {"semicolon", ';'}}) {
         select("cmbSep", name);
-        EXPECT_EQ(the_session.CsvSeparator, delimiter);
+        EXPECT_EQ(session->csvSeparator, delimiter);
     }
 }
 
@@ -602,7 +600,7 @@ TEST_F(ResultViewTest, OpensAgainWhenANewCalculationFindsItClosed) {
 TEST_F(ResultViewTest, OpensTheXYEditorOnceThereIsOne) {
     startProject("Carbon dioxide");
     int opened = 0;
-    actions::register_action("mnuData_EditXY", [&] { ++opened; });
+    desk.doors.editXy = [&] { ++opened; };
     chooseTp();
     click("cmdShowManuInput");
     EXPECT_EQ(opened, 1);

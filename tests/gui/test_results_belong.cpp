@@ -2,7 +2,6 @@
 
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
-#include "session/module2.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -15,7 +14,6 @@ using drive::click;
 using drive::isEnabled;
 using drive::read;
 using drive::type;
-using legacy::the_session;
 
 /// What is shown and written stays with the fluid, the units and the input that made it.
 class ResultsBelong : public CalcViewTest {
@@ -73,10 +71,10 @@ TEST_F(ResultsBelong, CancelOfThePartialCalculationLeavesTheDiagnosis) {
         click("ESC");
     });
     choose("mnuCalc_5");
-    EXPECT_TRUE(the_session.calculation.method.global);
+    EXPECT_TRUE(session->calculation.method.global);
     drive::when("frmCalcIn", [] { click("ESC"); });
     choose("mnuCalc_16");
-    EXPECT_TRUE(the_session.calculation.method.global);
+    EXPECT_TRUE(session->calculation.method.global);
     chooseTp();
     calculate("270", "2000");
     EXPECT_TRUE(isEnabled("cmdCEOSDiagnose"));

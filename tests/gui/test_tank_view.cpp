@@ -1,6 +1,5 @@
 #include "gui/calc_view_test.h"
 #include "gui/calculation/tank_drawing.h"
-#include "legacy/wrappers.h"
 #include "models/saturation.h"
 #include "report/tank_picture.h"
 #include "session/calculations.h"
@@ -17,7 +16,6 @@ using drive::isVisible;
 using drive::read;
 using drive::select;
 using drive::type;
-using legacy::the_session;
 
 class TankViewTest : public CalcViewTest {
   protected:
@@ -57,15 +55,15 @@ class TankViewTest : public CalcViewTest {
 TEST_F(TankViewTest, DrawsTheShareOfTheLiquidInTheGlobalMethod) {
     startProject("Carbon dioxide");
     choose("mnuCalc_15");
-    const models::Saturation saturation = models::SaturationPressure(280);
-    const auto M = static_cast<double>(legacy::the_substance.M);
+    const models::Saturation saturation = models::saturation_pressure(session.fluid(), 280);
+    const auto M = static_cast<double>(session->substance.M);
     const double rhoL = M / saturation.v[0], rhoV = M / saturation.v[2];
     for (const double m : {150.0, 200.0, 400.0, 550.0, 700.0, 830.0}) {
         fill("1", QString::number(m), "280");
         const double level = balance(1, m, rhoL, rhoV);
         ASSERT_GT(level, 0);
         ASSERT_LT(level, 100);
-        EXPECT_NEAR(report::tank_state_of(legacy::the_results.current).level, level, 0.01) << m;
+        EXPECT_NEAR(report::tank_state_of(session->results.current).level, level, 0.01) << m;
         EXPECT_NEAR(read("lblTankLevel").section("vol", 0, 0).section(" ", -1).toDouble(), level,
                     0.01)
             << m;
@@ -89,10 +87,10 @@ TEST_F(TankViewTest, DrawsTheShareOfTheLiquidInThePartialMethod) {
     choose("mnuCalc_16");
     for (const char* m : {"150", "300", "600", "800"}) {
         fill("1", m, "270");
-        const double rhoL = static_cast<double>(legacy::the_results.current.record.rhoL);
-        const double rhoV = static_cast<double>(legacy::the_results.current.record.rhoV);
+        const double rhoL = static_cast<double>(session->results.current.record.rhoL);
+        const double rhoV = static_cast<double>(session->results.current.record.rhoV);
         const double level = balance(1, QString(m).toDouble(), rhoL, rhoV);
-        EXPECT_NEAR(report::tank_state_of(legacy::the_results.current).level, level, 0.01) << m;
+        EXPECT_NEAR(report::tank_state_of(session->results.current).level, level, 0.01) << m;
         EXPECT_NEAR(shareOf(TankDrawing::liquidColour()), level, 0.5) << m;
     }
     EXPECT_EQ(read("frmKessel"), "Tank Calculation (partial method)");
@@ -123,8 +121,7 @@ TEST_F(TankViewTest, IsFullWhenTheContentIsDenserThanTheEquationAllows) {
     choose("mnuCalc_15");
     // Peng and Robinson's b of carbon dioxide is 0.0267 m^3/kmol, which is 1650 kg/m^3.
     fill("1", "2000", "280");
-    EXPECT_EQ(report::tank_state_of(legacy::the_results.current).end,
-              report::TankEnd::belowCovolume);
+    EXPECT_EQ(report::tank_state_of(session->results.current).end, report::TankEnd::belowCovolume);
     EXPECT_EQ(read("lblTankLevel"), "Filling level 100.0vol.-%");
     EXPECT_GT(shareOf(TankDrawing::liquidColour()), 99.9);
 }
@@ -133,12 +130,12 @@ TEST_F(TankViewTest, TellsOfAVolumeBelowTheVirialCoefficient) {
     startProject("Carbon dioxide", [] { select("EOSKombi", "VIRIAL Equ. Pitzer / Curl"); });
     // The menu does not offer the global method of such an equation; a project may still hold it.
     EXPECT_FALSE(drive::offers("mnuCalc_15"));
-    the_session.calculation.task = calculation::Task::globalTank;
-    the_session.calculation.method.global = true;
-    session::start_calculation(legacy::the_calculationViews);
+    session.change()->calculation.task = calculation::Task::globalTank;
+    session.change()->calculation.method.global = true;
+    session::start_calculation(session, desk.calculationViews);
     // Far above the Boyle temperature B is positive, and the volume is 0.0088 m^3/kmol.
     fill("1", "5000", "2000");
-    EXPECT_EQ(report::tank_state_of(legacy::the_results.current).end, report::TankEnd::belowVirial);
+    EXPECT_EQ(report::tank_state_of(session->results.current).end, report::TankEnd::belowVirial);
     EXPECT_EQ(read("lblTankLevel"), "Error");
     EXPECT_EQ(read("lblTankP"), " Error: v < B");
     EXPECT_TRUE(isVisible("lblTankHint"));

@@ -144,7 +144,7 @@ void CalculationScreens::lookAtData() {
     lookAt("frmTpvEdit", "frmTpvEdit_volumes");
     look::at(&frame, "frame_data" + suffix);
     click("cmdClose");
-    legacy::the_session.BatchMode = true;
+    session.change()->batchMode = true;
     choose("mnuCalc_2");
     click("cmdVor");
     lookAt("frmCalcOut", "frmCalcOut_batch");

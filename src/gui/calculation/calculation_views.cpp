@@ -12,28 +12,16 @@
 #include "gui/calculation/partial_choice_dialog.h"
 #include "gui/calculation/result_view.h"
 #include "gui/calculation/tank_view.h"
+#include "gui/widgets/desk.h"
 #include "gui/widgets/settings.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
-#include "session/actions.h"
 #include "session/calculations.h"
-#include "session/shutdown.h"
 
 namespace quor::gui {
 
 namespace calculation_views {
 
 namespace {
-
-using legacy::the_session;
-
-constexpr auto kCurveInput = "mnuData_EditXY";  // action of the XY editor
-
-template <class View>
-View* open_view(const QString& name) {
-    return qobject_cast<View*>(shell::findView(name));
-}
 
 // Where a view stands on first use. Later its place is the one that the user gave it.
 enum class Corner { TopLeft, TopRight, BottomLeft, BottomRight };
@@ -56,150 +44,141 @@ void place(QWidget* view, Corner corner) {
 
 /// Shows a view anew: the open one, or a new one in its corner.
 template <class View>
-void open_or_renew(const QString& name, Corner corner) {
-    if (View* view = open_view<View>(name)) {
+void open_or_renew(Desk& desk, const QString& name, Corner corner) {
+    if (View* view = desk.find<View>(name)) {
         view->open();
-        shell::activate(name);
+        desk.activate(name);
         return;
     }
-    auto* view = new View;
-    shell::openChild(view);
+    auto* view = new View(desk);
+    desk.openChild(view);
     place(view, corner);
 }
 
-void open_result() {
-    if (auto* view = open_view<ResultView>("frmCalcOut")) {
+void open_result(Desk& desk) {
+    if (auto* view = desk.find<ResultView>("frmCalcOut")) {
         view->open();
-        shell::activate("frmCalcOut");
+        desk.activate("frmCalcOut");
         return;
     }
     ResultCommands commands;
-    commands.openIsoCalculator = [] {
-        const auto [T, p] = typedTp();
-        open_iso_calculator(T, p);
+    commands.openIsoCalculator = [&desk] {
+        const auto [T, p] = typedTp(desk);
+        open_iso_calculator(desk, T, p);
     };
-    commands.openDiagnosis = OpenDiagnosis;
-    commands.refreshDiagnosis = refreshDiagnosis;
-    if (actions::has(kCurveInput)) commands.openCurveInput = [] { actions::Run(kCurveInput); };
-    auto* view = new ResultView(std::move(commands), legacy::the_calculationViews);
-    shell::openChild(view);
+    commands.openDiagnosis = [&desk] { OpenDiagnosis(desk); };
+    commands.refreshDiagnosis = [&desk] { refreshDiagnosis(desk); };
+    auto* view = new ResultView(desk, std::move(commands));
+    desk.openChild(view);
     place(view, Corner::TopRight);
 }
 
-void show_result() {
-    auto* view = open_view<ResultView>("frmCalcOut");
+void show_result(Desk& desk) {
+    auto* view = desk.find<ResultView>("frmCalcOut");
     if (view == nullptr) {
-        open_result();
+        open_result(desk);
         return;
     }
     view->showResult();
-    shell::activate("frmCalcOut");
+    desk.activate("frmCalcOut");
 }
 
-void open_input() {
-    if (auto* view = open_view<DirectInputView>("frmParinput")) {
+void open_input(Desk& desk) {
+    if (auto* view = desk.find<DirectInputView>("frmParinput")) {
         view->open();
-        shell::activate("frmParinput");
+        desk.activate("frmParinput");
         return;
     }
-    auto* view = new DirectInputView(legacy::the_calculationViews);
-    shell::openChild(view);
+    auto* view = new DirectInputView(desk);
+    desk.openChild(view);
     place(view, Corner::TopLeft);
 }
 
-void open_tank() {
-    open_or_renew<TankView>("frmKessel", Corner::BottomLeft);
+void open_tank(Desk& desk) {
+    open_or_renew<TankView>(desk, "frmKessel", Corner::BottomLeft);
 }
 
 // The input of the reference point stands in front of the view that asks for it.
-std::optional<models::BensonPoint> ask_reference(const models::BensonPoint& present) {
-    QDialog dialog(shell::frameWindow());
+std::optional<models::BensonPoint> ask_reference(Desk& desk, const models::BensonPoint& present) {
+    QDialog dialog(desk.frameWindow());
     dialog.setObjectName("frmParinput");
     std::optional<models::BensonPoint> typed;
-    auto* input =
-        new DirectInputView(present, [&typed](const models::BensonPoint& point) { typed = point; });
+    auto* input = new DirectInputView(
+        desk, present, [&typed](const models::BensonPoint& point) { typed = point; });
     input->setObjectName("frmParinput_form");
     dialog.setWindowTitle(input->windowTitle());
     auto* layout = new QVBoxLayout(&dialog);
     layout->setContentsMargins({});
     layout->addWidget(input);
-    shell::openModal(dialog);
+    desk.openModal(dialog);
     return typed;
-}
-
-void register_rows() {
-    for (int code = 1; code < calculation::kTaskCount; ++code) {
-        const calculation::Task task = calculation::task_of_code(code);
-        if (task == calculation::Task::temperatureOnly) continue;
-        actions::register_action("CalcMode_" + std::to_string(code), [task] {
-            session::run_calculation(task, legacy::the_calculationViews);
-        });
-    }
 }
 
 }  // namespace
 
-void Install() {
-    session::CalculationViews& views = legacy::the_calculationViews;
-    views.openCalcIn = [] { return OpenCalcIn(false); };
-    views.openResultView = open_result;
-    views.showResultView = show_result;
-    views.closeResultView = [] { shell::closeViews({"frmCalcOut"}); };
-    views.openParinput = open_input;
-    views.closeParinput = [] { shell::closeViews({"frmParinput"}); };
-    views.openTankView = open_tank;
-    views.closeTankView = [] { shell::closeViews({"frmKessel"}); };
-    register_rows();
-    session::shutdown_hooks().writeProtocol = session::close_protocol;
+void Install(Desk& desk) {
+    session::CalculationViews& views = desk.calculationViews;
+    views.openCalcIn = [&desk] { return OpenCalcIn(desk, false); };
+    views.openResultView = [&desk] { open_result(desk); };
+    views.showResultView = [&desk] { show_result(desk); };
+    views.closeResultView = [&desk] { desk.closeViews({"frmCalcOut"}); };
+    views.openParinput = [&desk] { open_input(desk); };
+    views.closeParinput = [&desk] { desk.closeViews({"frmParinput"}); };
+    views.openTankView = [&desk] { open_tank(desk); };
+    views.closeTankView = [&desk] { desk.closeViews({"frmKessel"}); };
 }
 
-bool OpenCalcIn(bool forDiagram) {
-    PartialChoiceDialog view(session::open_partial_choice(), ask_reference, shell::frameWindow());
-    if (shell::openModal(view) != QDialog::Accepted) return false;
-    session::confirm_partial_choice(view.choice(), forDiagram, legacy::the_calculationViews);
+bool OpenCalcIn(Desk& desk, bool forDiagram) {
+    session::Session& session = desk.session();
+    const auto ask = [&desk](const models::BensonPoint& present) {
+        return ask_reference(desk, present);
+    };
+    PartialChoiceDialog view(desk, session::open_partial_choice(session), ask, desk.frameWindow());
+    if (desk.openModal(view) != QDialog::Accepted) return false;
+    session::confirm_partial_choice(session, view.choice(), forDiagram, desk.calculationViews);
     return true;
 }
 
-bool OpenCalcIn(calculation::Task task, bool forDiagram) {
-    calculation::Task& present = the_session.calculation.task;
-    const calculation::Task before = std::exchange(present, task);
-    const bool goesOn = OpenCalcIn(forDiagram);
-    present = before;
+bool OpenCalcIn(Desk& desk, calculation::Task task, bool forDiagram) {
+    session::Session& session = desk.session();
+    const calculation::Task before = session->calculation.task;
+    session.change()->calculation.task = task;
+    const bool goesOn = OpenCalcIn(desk, forDiagram);
+    session.change()->calculation.task = before;
     return goesOn;
 }
 
-std::pair<std::string, std::string> typedTp() {
-    const auto* input = open_view<DirectInputView>("frmParinput");
-    if (input == nullptr || the_session.calculation.input != report::InputKind::state) return {};
+std::pair<std::string, std::string> typedTp(const Desk& desk) {
+    const auto* input = desk.find<DirectInputView>("frmParinput");
+    if (input == nullptr || desk.session()->calculation.input != report::InputKind::state)
+        return {};
     return {input->fieldText(0), input->fieldText(1)};
 }
 
-void open_iso_calculator(const std::string& T, const std::string& p) {
-    const auto start = session::iso_start(T, p);
+void open_iso_calculator(Desk& desk, const std::string& T, const std::string& p) {
+    const auto start = session::iso_start(desk.session(), T, p);
     if (!start) return;
-    auto* view = open_view<IsoCalculatorView>("frmIsoCalc");
+    auto* view = desk.find<IsoCalculatorView>("frmIsoCalc");
     if (view != nullptr) {
         view->open(*start);
-        shell::activate("frmIsoCalc");
+        desk.activate("frmIsoCalc");
         return;
     }
-    std::function<void()> curve;
-    if (actions::has(kCurveInput)) curve = [] { actions::Run(kCurveInput); };
-    view = new IsoCalculatorView(*start, refreshResult, curve);
-    shell::openChild(view);
+    view = new IsoCalculatorView(desk, *start, [&desk] { refreshResult(desk); });
+    desk.openChild(view);
     place(view, Corner::BottomLeft);
 }
 
-void OpenDiagnosis() {
-    open_or_renew<DiagnosisView>("frmCEOSDiagnose", Corner::BottomLeft);
+void OpenDiagnosis(Desk& desk) {
+    open_or_renew<DiagnosisView>(desk, "frmCEOSDiagnose", Corner::BottomLeft);
 }
 
-void refreshResult() {
-    if (auto* view = open_view<ResultView>("frmCalcOut")) view->showResult();
+void refreshResult(Desk& desk) {
+    if (auto* view = desk.find<ResultView>("frmCalcOut")) view->showResult();
 }
 
-void refreshDiagnosis() {
-    if (auto* view = open_view<DiagnosisView>("frmCEOSDiagnose")) view->open();
+void refreshDiagnosis(Desk& desk) {
+    if (auto* view = desk.find<DiagnosisView>("frmCEOSDiagnose")) view->open();
 }
 
 }  // namespace calculation_views

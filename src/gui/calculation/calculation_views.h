@@ -1,41 +1,39 @@
 #pragma once
 
-#include <QString>
 #include <string>
 #include <utility>
 
 #include "calculation/task.h"
 
-class QWidget;
-
 namespace quor::gui {
+
+class Desk;
 
 /// The views of the calculations and what opens them.
 namespace calculation_views {
 
-/// Registers the rows of the Calculation menu and the end of the protocol, and gives the session
-/// its views.
-void Install();
+/// Gives the calculations their views.
+void Install(Desk& desk);
 
 /// The choice between global and partial calculation for the session's task, modal; goes on by
 /// itself. `forDiagram` when a diagram waits for it instead of a calculation. False when it was
 /// cancelled.
-bool OpenCalcIn(bool forDiagram);
+bool OpenCalcIn(Desk& desk, bool forDiagram);
 /// The same for a task that a diagram asks for.
-bool OpenCalcIn(calculation::Task task, bool forDiagram);
+bool OpenCalcIn(Desk& desk, calculation::Task task, bool forDiagram);
 
 /// The first two fields of the input view of a direct calculation, T and p; empty texts when it
 /// asks for something else or is not open.
-std::pair<std::string, std::string> typedTp();
+std::pair<std::string, std::string> typedTp(const Desk& desk);
 
-void open_iso_calculator(const std::string& T, const std::string& p);
-void OpenDiagnosis();
+void open_iso_calculator(Desk& desk, const std::string& T, const std::string& p);
+void OpenDiagnosis(Desk& desk);
 
 /// The result view, when it is open, shows the current result.
-void refreshResult();
+void refreshResult(Desk& desk);
 
 /// The diagnosis, when it is open, shows the last state again.
-void refreshDiagnosis();
+void refreshDiagnosis(Desk& desk);
 
 }  // namespace calculation_views
 

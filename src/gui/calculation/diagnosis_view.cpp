@@ -11,8 +11,8 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 #include "models/model_tables.h"
+#include "report/diagnosis.h"
 
 namespace quor::gui {
 
@@ -39,7 +39,8 @@ QString legend_text(const report::Diagnosis& d) {
 
 }  // namespace
 
-DiagnosisView::DiagnosisView(QWidget* parent) : ChildView("frmCEOSDiagnose", parent) {
+DiagnosisView::DiagnosisView(Desk& desk, QWidget* parent)
+    : ChildView(desk, "frmCEOSDiagnose", parent) {
     setWindowIcon(theme::icon("calculate"));
     state_ = form::named(new QLabel, "lblState");
     plot_ = new IsothermPlot;
@@ -76,7 +77,7 @@ DiagnosisView::DiagnosisView(QWidget* parent) : ChildView("frmCEOSDiagnose", par
 }
 
 void DiagnosisView::open() {
-    const report::TaskResult& result = legacy::the_results.current;
+    const report::TaskResult& result = session_->results.current;
     const report::Diagnosis diagnosis = report::diagnose(result.made.fluid, result.answer.last);
     setWindowTitle(qt(diagnosis.title));
     state_->setText(state_text(result.made.fluid, diagnosis));

@@ -15,7 +15,7 @@ class DiagnosisView : public ChildView {
     Q_OBJECT
 
   public:
-    explicit DiagnosisView(QWidget* parent = nullptr);
+    explicit DiagnosisView(Desk& desk, QWidget* parent = nullptr);
 
     /// Shows the last state.
     void open();

@@ -13,16 +13,12 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 #include "session/calculations.h"
 
 namespace quor::gui {
 
 namespace {
-
-using legacy::the_session;
 
 constexpr std::size_t kMass = 1, kRho = 2;
 constexpr int kPicture = 32;
@@ -52,23 +48,26 @@ std::string shown(Number value) {
 
 }  // namespace
 
-DirectInputView::DirectInputView(const session::CalculationViews& views, QWidget* parent)
-    : ChildView("frmParinput", parent), views_(&views) {
+DirectInputView::DirectInputView(Desk& desk, QWidget* parent)
+    : ChildView(desk, "frmParinput", parent), FollowsSession(desk.session()) {
     arrange();
     open();
 }
 
-DirectInputView::DirectInputView(const models::BensonPoint& present,
+DirectInputView::DirectInputView(Desk& desk, const models::BensonPoint& present,
                                  std::function<void(const models::BensonPoint&)> store,
                                  QWidget* parent)
-    : ChildView("frmParinput", parent), reference_(present), store_(std::move(store)) {
+    : ChildView(desk, "frmParinput", parent),
+      FollowsSession(desk.session()),
+      reference_(present),
+      store_(std::move(store)) {
     arrange();
     open();
 }
 
 report::InputForm DirectInputView::form() const {
-    if (views_ == nullptr) return {.kind = report::InputKind::reference};
-    return session::input_form(amount());
+    if (asksForReference()) return {.kind = report::InputKind::reference};
+    return session::input_form(session_, amount());
 }
 
 // What the fields stand for.
@@ -78,13 +77,13 @@ std::array<std::string, 4> DirectInputView::presentTexts() const {
             return {shown(reference_.T), shown(reference_.p), shown(reference_.rhoL),
                     shown(reference_.rhoV)};
         case report::InputKind::tank: {
-            const calculation::Tank& tank = the_session.tank;
+            const calculation::Tank& tank = session_->tank;
             return {shown(tank.V), shown(tank.m), shown(tank.T), {}};
         }
         case report::InputKind::state:
             break;
     }
-    const report::DirectValues& typed = the_session.calculation.direct;
+    const report::DirectValues& typed = session_->calculation.direct;
     return {shown(typed.T), shown(typed.p), shown(typed.rho), {}};
 }
 
@@ -105,10 +104,8 @@ void DirectInputView::arrange() {
 
     volumeFrame_ = form::frame("specific. quantity", "fraRhoVInput");
     volume_ = two_options(volumeFrame_, "optRhoV", "Rho", "V");
-    connect(volume_, &QButtonGroup::idClicked, this, [this](int index) {
-        the_session.calculation.volumeInput = index == 1;
-        follow();
-    });
+    connect(volume_, &QButtonGroup::idClicked, this,
+            [this](int index) { session_.change()->calculation.volumeInput = index == 1; });
     amountFrame_ = form::frame("content given as", "fram_n");
     amount_ = two_options(amountFrame_, "optm_n", "mass m", "amount of substance n");
     amount_->button(0)->setChecked(true);
@@ -144,7 +141,7 @@ void DirectInputView::arrange() {
 void DirectInputView::open() {
     const bool tank = form().kind == report::InputKind::tank;
     picture_->setPixmap(theme::icon(tank ? "tank" : "calculate").pixmap(kPicture, kPicture));
-    volume_->button(the_session.calculation.volumeInput ? 1 : 0)->setChecked(true);
+    volume_->button(session_->calculation.volumeInput ? 1 : 0)->setChecked(true);
     follow();
     refill();
     for (NumberEdit* field : par_) {
@@ -173,20 +170,20 @@ void DirectInputView::follow() {
 }
 
 // The present multiplier of volumes in m^3/kmol; 0 where units need a molar mass that is missing.
-double DirectInputView::presentVolumeUnit() {
+double DirectInputView::presentVolumeUnit() const {
     try {
-        return session::present_made().units.v;
+        return session::present_units(session_).v;
     } catch (const faults::Fault&) {
         return 0.0;
     }
 }
 
 void DirectInputView::followSession() {
-    if (views_ == nullptr) return;
+    if (asksForReference()) return;
     const double before = volumeUnit_;
     follow();
     NumberEdit* volume = par_[kRho];
-    if (volume->isHidden() || !the_session.calculation.volumeInput || before == volumeUnit_) return;
+    if (volume->isHidden() || !session_->calculation.volumeInput || before == volumeUnit_) return;
     const double typed = numbers::val_input(volume->text().toStdString());
     if (!(typed > 0) || !(before > 0) || !(volumeUnit_ > 0)) return;
     volume->setText(qt(numbers::General(static_cast<float>(typed / before * volumeUnit_))));
@@ -195,7 +192,7 @@ void DirectInputView::followSession() {
 // A volume or an amount is typed by the user anew: the session holds densities and masses.
 void DirectInputView::refill() {
     const std::array<std::string, 4> texts = presentTexts();
-    const bool volume = the_session.calculation.volumeInput && volumeFrame_->isVisibleTo(this);
+    const bool volume = session_->calculation.volumeInput && volumeFrame_->isVisibleTo(this);
     const bool kmol = amount() && amountFrame_->isVisibleTo(this);
     for (std::size_t i = 0; i < par_.size(); ++i) {
         const bool converted = (volume && i == kRho) || (kmol && i == kMass);
@@ -230,7 +227,7 @@ std::array<std::string, 4> DirectInputView::typedTexts() const {
 }
 
 void DirectInputView::storeReference() {
-    const auto point = session::accept_reference(typedTexts());
+    const auto point = session::accept_reference(session_, typedTexts());
     if (!point) return markMissing();
     store_(*point);
     closeView();
@@ -238,32 +235,33 @@ void DirectInputView::storeReference() {
 
 void DirectInputView::calculate() {
     if (markWrongNumber(par_)) return;
-    if (views_ == nullptr) return storeReference();
-    switch (session::accept_input(typedTexts(), amount())) {
+    if (asksForReference()) return storeReference();
+    const session::CalculationViews& views = desk_.calculationViews;
+    switch (session::accept_input(session_, typedTexts(), amount())) {
         case session::InputResult::Refused:
             markMissing();
             break;
         case session::InputResult::TankExit:
-            views_->closeResultView();
-            views_->closeTankView();
+            views.closeResultView();
+            views.closeTankView();
             break;
         case session::InputResult::TankCalculated:
-            views_->openResultView();
-            views_->openTankView();
-            shell::activate(objectName());
+            views.openResultView();
+            views.openTankView();
+            desk_.activate(objectName());
             break;
         case session::InputResult::Calculated:
-            views_->showResultView();
+            views.showResultView();
             break;
     }
 }
 
 // The second reference point belongs to a view of its own, which stays.
 void DirectInputView::cancel() {
-    if (views_ == nullptr)
+    if (asksForReference())
         closeView();
     else
-        session::cancel_input(*views_);
+        session::cancel_input(session_, desk_.calculationViews);
 }
 
 }  // namespace quor::gui

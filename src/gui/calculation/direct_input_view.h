@@ -7,7 +7,6 @@
 #include "gui/widgets/child_view.h"
 #include "gui/widgets/follows_session.h"
 #include "report/direct_input.h"
-#include "session/calculation_views.h"
 
 class QButtonGroup;
 class QGroupBox;
@@ -23,9 +22,9 @@ class DirectInputView : public ChildView, public FollowsSession {
     Q_OBJECT
 
   public:
-    explicit DirectInputView(const session::CalculationViews& views, QWidget* parent = nullptr);
+    explicit DirectInputView(Desk& desk, QWidget* parent = nullptr);
     /// For a second reference point: `store` takes what is typed.
-    DirectInputView(const models::BensonPoint& present,
+    DirectInputView(Desk& desk, const models::BensonPoint& present,
                     std::function<void(const models::BensonPoint&)> store,
                     QWidget* parent = nullptr);
 
@@ -46,7 +45,8 @@ class DirectInputView : public ChildView, public FollowsSession {
     std::array<std::string, 4> presentTexts() const;
     std::array<std::string, 4> typedTexts() const;
     void storeReference();
-    static double presentVolumeUnit();
+    bool asksForReference() const { return store_ != nullptr; }
+    double presentVolumeUnit() const;
     void arrange();
     void follow();
     void refill();
@@ -54,10 +54,9 @@ class DirectInputView : public ChildView, public FollowsSession {
     void markMissing();
     void calculate();
 
-    const session::CalculationViews* views_ = nullptr;  ///< nothing for a reference point
     models::BensonPoint reference_;
     double volumeUnit_ = 0;  ///< multiplier of m^3/kmol behind the label of a volume, 0 for none
-    std::function<void(const models::BensonPoint&)> store_;
+    std::function<void(const models::BensonPoint&)> store_;  ///< for a reference point only
     std::array<NumberEdit*, 4> par_{};
     std::array<QLabel*, 4> Bz_{};
     QGroupBox* volumeFrame_ = nullptr;

@@ -15,12 +15,9 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 #include "session/calculations.h"
 #include "session/help_topics.h"
-#include "session/module2.h"
 
 namespace quor::gui {
 
@@ -42,12 +39,11 @@ QString state_text(const report::IsoCalculator& iso) {
 
 }  // namespace
 
-IsoCalculatorView::IsoCalculatorView(const calculation::ProcessPoint& start,
-                                     std::function<void()> showResult,
-                                     std::function<void()> openCurveInput, QWidget* parent)
-    : ChildView("frmIsoCalc", parent),
-      showResult_(std::move(showResult)),
-      openCurveInput_(std::move(openCurveInput)) {
+IsoCalculatorView::IsoCalculatorView(Desk& desk, const calculation::ProcessPoint& start,
+                                     std::function<void()> showResult, QWidget* parent)
+    : ChildView(desk, "frmIsoCalc", parent),
+      FollowsSession(desk.session()),
+      showResult_(std::move(showResult)) {
     setWindowTitle("\"Iso-Calculator\"");
     setWindowIcon(theme::icon("calculate"));
     auto* options = new QHBoxLayout;
@@ -68,7 +64,7 @@ IsoCalculatorView::IsoCalculatorView(const calculation::ProcessPoint& start,
 }
 
 void IsoCalculatorView::open(const calculation::ProcessPoint& start) {
-    iso_ = session::open_iso_calculator(start);
+    iso_ = session::open_iso_calculator(session_, start);
     function_->button(static_cast<int>(iso_.function))->setChecked(true);
     phase_->button(iso_.liquid ? kLiquid : kVapour)->setChecked(true);
     given_->button(static_cast<int>(iso_.given))->setChecked(true);
@@ -77,7 +73,7 @@ void IsoCalculatorView::open(const calculation::ProcessPoint& start) {
 }
 
 void IsoCalculatorView::followSession() {
-    if (session::is_out_of_date(iso_.last())) open({iso_.last_T(), iso_.last_p()});
+    if (session::is_out_of_date(session_, iso_.last())) open({iso_.last_T(), iso_.last_p()});
 }
 
 QGroupBox* IsoCalculatorView::buildFunctions() {
@@ -95,7 +91,7 @@ QGroupBox* IsoCalculatorView::buildFunctions() {
     connect(function_, &QButtonGroup::idClicked, this, [this](int index) {
         const auto function = static_cast<calculation::IsoFunction>(index);
         iso_.choose_function(function);
-        legacy::the_session.calculation.isoFunction = function;
+        session_.change()->calculation.isoFunction = function;
         follow();
     });
     return frame;
@@ -133,7 +129,7 @@ QGroupBox* IsoCalculatorView::buildGiven() {
     connect(given_, &QButtonGroup::idClicked, this, [this](int index) {
         const auto given = static_cast<calculation::IsoGiven>(index);
         iso_.choose_given(given);
-        legacy::the_session.calculation.isoGiven = given;
+        session_.change()->calculation.isoGiven = given;
         follow();
     });
     return frame;
@@ -170,10 +166,10 @@ QLayout* IsoCalculatorView::buildButtons() {
     reset->setToolTip(" Reset to last successful calculation ");
     connect(reset, &QPushButton::clicked, this, &IsoCalculatorView::reset);
     QPushButton* curve = form::button("Curve input", "cmdShowManuInput");
-    curve->setEnabled(openCurveInput_ != nullptr);
-    connect(curve, &QPushButton::clicked, this, [this] { openCurveInput_(); });
+    curve->setEnabled(static_cast<bool>(desk_.doors.editXy));
+    connect(curve, &QPushButton::clicked, this, [this] { desk_.doors.editXy(); });
     QPushButton* page = form::button("Help", "cmdIsoHelp");
-    shell::connectHelp(page, help::kIsoCalculator);
+    desk_.connectHelp(page, help::kIsoCalculator);
     QPushButton* close = form::button("Close", "cmdEsc");
     connect(close, &QPushButton::clicked, this, &ChildView::closeView);
 
@@ -197,7 +193,7 @@ void IsoCalculatorView::follow() {
 
 void IsoCalculatorView::calculate() {
     if (markWrongNumber(std::array{constant_, givenValue_}, false)) return;
-    const session::BusyPointer busy;
+    const session::BusyPointer busy(session_);
     if (iso_.calculate(constant_->text().toStdString(), givenValue_->text().toStdString()))
         showState();
     follow();
@@ -209,7 +205,7 @@ void IsoCalculatorView::reset() {
 }
 
 void IsoCalculatorView::showState() {
-    session::take_iso_result(iso_);
+    session::take_iso_result(session_, iso_);
     showResult_();
 }
 

@@ -21,9 +21,9 @@ class IsoCalculatorView : public ChildView, public FollowsSession {
     Q_OBJECT
 
   public:
-    /// `showResult` shows a new state; `openCurveInput` is nothing where there is no such view.
-    IsoCalculatorView(const calculation::ProcessPoint& start, std::function<void()> showResult,
-                      std::function<void()> openCurveInput, QWidget* parent = nullptr);
+    /// `showResult` shows a new state.
+    IsoCalculatorView(Desk& desk, const calculation::ProcessPoint& start,
+                      std::function<void()> showResult, QWidget* parent = nullptr);
 
     /// Starts anew from the state at T and p.
     void open(const calculation::ProcessPoint& start);
@@ -42,7 +42,7 @@ class IsoCalculatorView : public ChildView, public FollowsSession {
     void reset();
     void showState();
 
-    std::function<void()> showResult_, openCurveInput_;
+    std::function<void()> showResult_;
     report::IsoCalculator iso_;
     QButtonGroup* function_ = nullptr;
     QButtonGroup* phase_ = nullptr;

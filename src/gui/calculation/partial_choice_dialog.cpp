@@ -10,9 +10,9 @@
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "session/help_topics.h"
 
@@ -55,9 +55,12 @@ QString typed_reference(const models::BensonPoint& r) {
 
 }  // namespace
 
-PartialChoiceDialog::PartialChoiceDialog(report::PartialChoice choice, AskReference askReference,
-                                         QWidget* parent)
-    : QDialog(parent), choice_(std::move(choice)), askReference_(std::move(askReference)) {
+PartialChoiceDialog::PartialChoiceDialog(Desk& desk, report::PartialChoice choice,
+                                         AskReference askReference, QWidget* parent)
+    : QDialog(parent),
+      desk_(desk),
+      choice_(std::move(choice)),
+      askReference_(std::move(askReference)) {
     setObjectName("frmCalcIn");
     arrange();
     follow();
@@ -67,7 +70,7 @@ PartialChoiceDialog::PartialChoiceDialog(report::PartialChoice choice, AskRefere
 QWidget* PartialChoiceDialog::buildMode() {
     modeFrame_ = form::frame("Mode of Calculation", "fraMode");
     auto* page = form::helpButton("GlobHilfe", "global and partial calculation");
-    shell::connectHelp(page, help::kGlobalPartial);
+    desk_.connectHelp(page, help::kGlobalPartial);
     auto* options = new QVBoxLayout;
     options->setSpacing(theme::kGap);
     add_options<2>(options, global_, "opt_glob", {"Global calculation", "Partial calculation"},
@@ -102,7 +105,7 @@ QWidget* PartialChoiceDialog::buildDensity() {
 QWidget* PartialChoiceDialog::buildReference() {
     referenceFrame_ = form::frame("Reference  point for BENSON's method", "fraReference");
     auto* page = form::helpButton("BENSON_HELP", "the second reference point");
-    shell::connectHelp(page, help::kReferencePoint);
+    desk_.connectHelp(page, help::kReferencePoint);
     auto* top = new QHBoxLayout;
     top->addWidget(form::named(new QLabel("Choose one of these options:"), "Bz1"), 1);
     top->addWidget(page);

@@ -14,6 +14,8 @@ class QRadioButton;
 
 namespace quor::gui {
 
+class Desk;
+
 /// Preparation of a phase equilibrium: global or partial calculation, the source of the L density,
 /// and the second reference point of Benson's method. Accepted when the calculation goes on.
 class PartialChoiceDialog : public QDialog {
@@ -24,7 +26,7 @@ class PartialChoiceDialog : public QDialog {
     using AskReference =
         std::function<std::optional<models::BensonPoint>(const models::BensonPoint& present)>;
 
-    PartialChoiceDialog(report::PartialChoice choice, AskReference askReference,
+    PartialChoiceDialog(Desk& desk, report::PartialChoice choice, AskReference askReference,
                         QWidget* parent = nullptr);
 
     const report::PartialChoice& choice() const { return choice_; }
@@ -41,6 +43,7 @@ class PartialChoiceDialog : public QDialog {
     void askReference();
     void chooseGlobal(bool global);
 
+    Desk& desk_;
     report::PartialChoice choice_;
     AskReference askReference_;
     QLabel* situation_ = nullptr;

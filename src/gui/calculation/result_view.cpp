@@ -14,9 +14,7 @@
 #include "gui/calculation/result_list.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 #include "report/protocol.h"
 #include "report/titles.h"
 #include "session/calculations.h"
@@ -24,8 +22,6 @@
 namespace quor::gui {
 
 namespace {
-
-using legacy::the_session;
 
 constexpr int kWideCharacters = 110;
 
@@ -42,9 +38,10 @@ QVBoxLayout* column(QWidget* parent) {
 
 }  // namespace
 
-ResultView::ResultView(ResultCommands commands, const session::CalculationViews& views,
-                       QWidget* parent)
-    : ChildView("frmCalcOut", parent), commands_(std::move(commands)), views_(views) {
+ResultView::ResultView(Desk& desk, ResultCommands commands, QWidget* parent)
+    : ChildView(desk, "frmCalcOut", parent),
+      FollowsSession(desk.session()),
+      commands_(std::move(commands)) {
     setWindowIcon(theme::icon("calculate"));
     list_ = new ResultList;
     head_ = new PhaseHead(list_);
@@ -63,17 +60,17 @@ void ResultView::open() {
         box->setChecked(false);
     }
     target_[0]->setChecked(true);
-    view_ = session::open_result_view();
+    view_ = session::open_result_view(session_);
     const QSignalBlocker quiet(separator_);
-    separator_->setCurrentIndex(report::separator_index(the_session.CsvSeparator));
+    separator_->setCurrentIndex(report::separator_index(session_->csvSeparator));
     list_->setMinimumWidth(view_.wide ? list_->advance(kWideCharacters) : 0);
-    setDefaultButton(the_session.calculation.task == calculation::Task::functions ? ok_ : nullptr);
+    setDefaultButton(session_->calculation.task == calculation::Task::functions ? ok_ : nullptr);
     ok_->setText(qt(view_.okCaption));
     showResult();
 }
 
 void ResultView::showResult() {
-    const report::TaskResult& result = legacy::the_results.current;
+    const report::TaskResult& result = session_->results.current;
     const report::Report& told = result.report;
     setWindowTitle(qt(report::caption_of(result.request.task, result.request.method)));
     show(par1_, told.par1);
@@ -89,8 +86,8 @@ void ResultView::showResult() {
 
 void ResultView::followSession() {
     const QString mark = "Outdated: of ";
-    const report::TaskResult& result = legacy::the_results.current;
-    if (session::is_out_of_date(result))
+    const report::TaskResult& result = session_->results.current;
+    if (session::is_out_of_date(session_, result))
         status_->setText(mark + qt(report::name_of(result.made)));
     else if (status_->text().startsWith(mark))
         status_->clear();
@@ -159,7 +156,7 @@ QWidget* ResultView::buildExtended() {
                     "ResPlus_1");
     pages_[1] = form::named(new QCheckBox("derivatives with respect to T, p, v"), "ResPlus_2");
     connect(uhs_, &QCheckBox::toggled, this, [this](bool on) {
-        session::set_equilibrium_functions(on);
+        session::set_equilibrium_functions(session_, on);
         showResult();
     });
     QVBoxLayout* layout = column(extended_);
@@ -199,7 +196,8 @@ QWidget* ResultView::buildProtocol() {
     separator_ = form::named(new QComboBox, "cmbSep");
     separator_->setToolTip("semicolon recommended");
     for (const char* name : report::kSeparatorNames) separator_->addItem(name);
-    connect(separator_, &QComboBox::currentIndexChanged, this, session::choose_separator);
+    connect(separator_, &QComboBox::currentIndexChanged, this,
+            [this](int index) { session::choose_separator(session_, index); });
     auto* inFrame = new QVBoxLayout(frame);
     inFrame->setContentsMargins(0, theme::kGap, 0, 0);
     inFrame->addWidget(separator_);
@@ -238,8 +236,8 @@ QLayout* ResultView::buildButtons() {
     diagnose_ = form::button("Diagnosis of cubic EOS", "cmdCEOSDiagnose");
     connect(diagnose_, &QPushButton::clicked, this, [this] { commands_.openDiagnosis(); });
     QPushButton* curve = form::button("x-y Curve input", "cmdShowManuInput");
-    curve->setEnabled(commands_.openCurveInput != nullptr);
-    connect(curve, &QPushButton::clicked, this, [this] { commands_.openCurveInput(); });
+    curve->setEnabled(static_cast<bool>(desk_.doors.editXy));
+    connect(curve, &QPushButton::clicked, this, [this] { desk_.doors.editXy(); });
     QPushButton* text = form::button("Copy", "cmdCopyText");
     text->setIcon(theme::icon("copy"));
     text->setToolTip("Copies the selection, or the whole result, as text (Ctrl+C)");
@@ -284,7 +282,7 @@ void ResultView::arrange() {
 
 // Everything but the texts of the result: what is shown and enabled.
 void ResultView::follow() {
-    const report::TaskResult& result = legacy::the_results.current;
+    const report::TaskResult& result = session_->results.current;
     const bool panels = !result.report.panelsHidden;
     specification_->setTitle(qt(report::input_caption(result.dataSet)));
     specification_->setVisible(panels);
@@ -313,19 +311,19 @@ void ResultView::follow() {
 }
 
 void ResultView::followProtocol() {
-    openNew_->setEnabled(legacy::the_protocol.pending);
-    protocolName_->setText(qt(session::protocol_file_title()));
+    openNew_->setEnabled(session_->protocol.pending);
+    protocolName_->setText(qt(session::protocol_file_title(session_)));
 }
 
 // --------------------------------------------------------------------------------------- commands
 
-void ResultView::step(void (*to)()) {
-    to();
+void ResultView::step(void (*to)(session::Session&)) {
+    to(session_);
     showResult();
 }
 
 void ResultView::choosePages() {
-    session::set_extended_pages(view_, pages_[0]->isChecked(), pages_[1]->isChecked());
+    session::set_extended_pages(session_, view_, pages_[0]->isChecked(), pages_[1]->isChecked());
     showResult();
 }
 
@@ -333,35 +331,36 @@ void ResultView::finish() {
     report::ListTarget target = report::ListTarget::None;
     if (target_[1]->isChecked()) target = report::ListTarget::Printer;
     if (target_[2]->isChecked()) target = report::ListTarget::File;
-    session::finish_result_view(view_, target, funcPrint_->isChecked(), views_);
+    session::finish_result_view(session_, view_, target, funcPrint_->isChecked(),
+                                desk_.calculationViews);
 }
 
 void ResultView::writeProtocol() {
-    session::add_to_protocol();
+    session::add_to_protocol(session_);
     followProtocol();
-    const std::size_t count = legacy::the_protocol.rows.size();
+    const std::size_t count = session_->protocol.rows.size();
     status_->setText(count == 1 ? QString("1 result in the protocol")
                                 : QString("%1 results in the protocol").arg(count));
 }
 
 void ResultView::newProtocol() {
-    if (!session::write_protocol()) return followProtocol();
-    const QString written = qt(session::protocol_file_title());
-    if (session::open_new_protocol())
+    if (!session::write_protocol(session_)) return followProtocol();
+    const QString written = qt(session::protocol_file_title(session_));
+    if (session::open_new_protocol(session_))
         status_->setText(written + " written, and copied to the clipboard as a table");
     followProtocol();
 }
 
 void ResultView::cancel() {
-    views_.closeParinput();
+    desk_.calculationViews.closeParinput();
     closeView();
 }
 
 // Pending results of the protocol reach their file before the view goes; what cannot be written
 // stays pending.
 void ResultView::closeEvent(QCloseEvent* event) {
-    if (legacy::the_protocol.pending) newProtocol();
-    shell::closeViews({"frmIsoCalc", "frmCEOSDiagnose"});
+    if (session_->protocol.pending) newProtocol();
+    desk_.closeViews({"frmIsoCalc", "frmCEOSDiagnose"});
     ChildView::closeEvent(event);
 }
 

@@ -7,7 +7,6 @@
 #include "gui/widgets/follows_session.h"
 #include "report/report.h"
 #include "report/result_view.h"
-#include "session/calculation_views.h"
 
 class QCheckBox;
 class QComboBox;
@@ -24,7 +23,6 @@ class ResultList;
 struct ResultCommands {
     std::function<void()> openIsoCalculator, openDiagnosis;
     std::function<void()> refreshDiagnosis;
-    std::function<void()> openCurveInput;  ///< nothing where there is no such view
 };
 
 /// The result of a calculation: given values, main result, list, pages of functions. In batch
@@ -34,8 +32,7 @@ class ResultView : public ChildView, public FollowsSession {
     Q_OBJECT
 
   public:
-    explicit ResultView(ResultCommands commands, const session::CalculationViews& views,
-                        QWidget* parent = nullptr);
+    ResultView(Desk& desk, ResultCommands commands, QWidget* parent = nullptr);
 
     /// The view as it opens for the present mode; calculates.
     void open();
@@ -68,14 +65,13 @@ class ResultView : public ChildView, public FollowsSession {
 
     void follow();
     void followProtocol();
-    void step(void (*to)());
+    void step(void (*to)(session::Session&));
     void choosePages();
     void finish();
     void writeProtocol();
     void newProtocol();
 
     ResultCommands commands_;
-    const session::CalculationViews& views_;
     report::ResultView view_;
     ResultLine par1_, par2_, co1_, co2_;
     ResultList* list_ = nullptr;

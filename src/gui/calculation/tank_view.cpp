@@ -11,9 +11,7 @@
 #include "gui/calculation/tank_drawing.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 #include "report/tank_picture.h"
 #include "session/help_topics.h"
 
@@ -29,8 +27,7 @@ void set_colour(QLabel* swatch, const QColor& colour) {
     swatch->setPixmap(picture);
 }
 
-QString given_values() {
-    const calculation::Tank& tank = legacy::the_results.current.request.tank;
+QString given_values(const calculation::Tank& tank) {
     return QString("V = %1 m^3\nm = %2 kg\nT = %3 K")
         .arg(qt(numbers::General(tank.V)), qt(numbers::General(tank.m)),
              qt(numbers::General(tank.T)));
@@ -38,7 +35,7 @@ QString given_values() {
 
 }  // namespace
 
-TankView::TankView(QWidget* parent) : ChildView("frmKessel", parent) {
+TankView::TankView(Desk& desk, QWidget* parent) : ChildView(desk, "frmKessel", parent) {
     setWindowIcon(theme::icon("tank"));
     frame_ = form::frame({}, "fraTank");
     drawing_ = new TankDrawing;
@@ -51,7 +48,7 @@ TankView::TankView(QWidget* parent) : ChildView("frmKessel", parent) {
     connect(close, &QPushButton::clicked, this, &ChildView::closeView);
     setDefaultButton(close);
     QPushButton* helpPage = form::button("Help", "cmdHelp");
-    shell::connectHelp(helpPage, help::kTank);
+    desk_.connectHelp(helpPage, help::kTank);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(helpPage);
@@ -102,8 +99,8 @@ QWidget* TankView::buildLegend() {
 }
 
 void TankView::open() {
-    const report::TankPicture picture =
-        report::describe_tank(report::tank_state_of(legacy::the_results.current));
+    const report::TaskResult& result = session_->results.current;
+    const report::TankPicture picture = report::describe_tank(report::tank_state_of(result));
     setWindowTitle(qt(picture.title));
     frame_->setTitle(qt(picture.caption));
     drawing_->showPicture(picture);
@@ -111,7 +108,7 @@ void TankView::open() {
     pressure_->setText(qt(picture.pText));
     hint_->setText(qt(picture.hint));
     hint_->setVisible(!picture.hint.empty());
-    given_->setText(given_values());
+    given_->setText(given_values(result.request.tank));
 
     QPalette colours;
     if (picture.error) colours.setColor(QPalette::WindowText, theme::errorColour());

@@ -14,7 +14,7 @@ class TankView : public ChildView {
     Q_OBJECT
 
   public:
-    explicit TankView(QWidget* parent = nullptr);
+    explicit TankView(Desk& desk, QWidget* parent = nullptr);
 
     /// Shows the tank of the last calculation.
     void open();

@@ -12,9 +12,9 @@
 #include <QVBoxLayout>
 
 #include "gui/models/manual_virial_dialog.h"
+#include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
 #include "models/model_codes.h"
 #include "session/help_topics.h"
@@ -43,9 +43,9 @@ void fill(QComboBox* box, const models::ModelEntries<Model>& entries, std::size_
 
 }  // namespace
 
-ModelDialog::ModelDialog(const models::SubstanceRecord& substance,
+ModelDialog::ModelDialog(Desk& desk, const models::SubstanceRecord& substance,
                          const models::ModelSelection& present, Session session, QWidget* parent)
-    : QDialog(parent), choice_(substance, present), session_(std::move(session)) {
+    : QDialog(parent), desk_(desk), choice_(substance, present), session_(std::move(session)) {
     setObjectName("frmQModell");
     build();
     arrange();
@@ -136,8 +136,8 @@ void ModelDialog::arrange() {
 
     // The pages of the first three follow the model that is selected.
     const auto connectHelp = [this](QToolButton* button, const std::function<int()>& topic) {
-        button->setEnabled(shell::helpAvailable());
-        connect(button, &QToolButton::clicked, this, [topic] { shell::showHelp(topic()); });
+        button->setEnabled(static_cast<bool>(desk_.doors.help));
+        connect(button, &QToolButton::clicked, this, [this, topic] { desk_.showHelp(topic()); });
     };
     const auto selected = [this](int first, auto model) {
         return [this, first, model] { return first + models::code_of(choice_.models().*model); };
@@ -215,7 +215,7 @@ void ModelDialog::follow() {
 
 void ModelDialog::askManualVirial() {
     ManualVirialDialog input(choice_.models().manualVirial, this);
-    if (shell::openModal(input) == QDialog::Accepted)
+    if (desk_.openModal(input) == QDialog::Accepted)
         choice_.set_manual_virial(input.coefficients());
 }
 

@@ -14,6 +14,8 @@ class QRadioButton;
 
 namespace quor::gui {
 
+class Desk;
+
 /// Choice of the models: equation of state, vapour pressure, enthalpy of vaporisation, ideal-gas
 /// heat capacity, and which of the first two gives p(LV). Accepted with a complete choice.
 class ModelDialog : public QDialog {
@@ -30,8 +32,8 @@ class ModelDialog : public QDialog {
         std::function<bool(const models::ModelChoice&)> take;
     };
 
-    ModelDialog(const models::SubstanceRecord& substance, const models::ModelSelection& present,
-                Session session, QWidget* parent = nullptr);
+    ModelDialog(Desk& desk, const models::SubstanceRecord& substance,
+                const models::ModelSelection& present, Session session, QWidget* parent = nullptr);
 
   private:
     void build();
@@ -45,6 +47,7 @@ class ModelDialog : public QDialog {
     void askManualVirial();
     void confirm();
 
+    Desk& desk_;
     models::ModelChoice choice_;
     Session session_;
     QComboBox* eos_ = nullptr;

@@ -11,14 +11,12 @@
 
 #include "common/dialogs.h"
 #include "common/faults.h"
+#include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 #include "session/help_topics.h"
-#include "session/module2.h"
 
 namespace quor::gui {
 
@@ -26,34 +24,28 @@ namespace {
 
 using models::ReferenceOption;
 
-models::ReferenceCaptions captions() {
-    return models::captions_of(static_cast<models::CaloricUnit>(legacy::the_session.CaloricUnit));
-}
-
 // The factor of the present substance: that of the session is as old as the last calculation.
-double present_factor() {
-    const legacy::Session& session = legacy::the_session;
+double present_factor(const session::SessionState& session) {
     try {
-        return session::caloric_factor_of(session.CaloricUnit, session.DiagramT);
+        return models::caloric_factor(session.caloricUnit, session.diagramAt.T, session.substance);
     } catch (const faults::Fault&) {
-        return session.CaloricFactor;
+        return session.caloricFactor;
     }
 }
 
 // The first option names the quantities in the unit of the session.
-QString values_caption() {
-    const models::ReferenceCaptions c = captions();
+QString values_caption(const models::ReferenceCaptions& c) {
     return qt(c.h).trimmed() + " and " + qt(c.s).trimmed() + " of the ideal gas at To, po as below";
 }
 
 }  // namespace
 
-ReferenceStateDialog::ReferenceStateDialog(QWidget* parent)
-    : QDialog(parent), factor_(present_factor()) {
+ReferenceStateDialog::ReferenceStateDialog(Desk& desk, QWidget* parent)
+    : QDialog(parent), desk_(desk), factor_(present_factor(desk.session().state())) {
     setObjectName("frmReferenz");
     setWindowTitle(" Calculation of Thermodynamic Functions Z");
     arrange();
-    const models::ReferenceState& reference = legacy::the_reference;
+    const models::ReferenceState& reference = desk.session()->reference;
     const ReferenceOption present = models::reference_option_of(reference.RefMode);
     options_->button(static_cast<int>(present))->setChecked(true);
     fill(models::fields_of(reference, factor_));
@@ -65,7 +57,7 @@ QLayout* ReferenceStateDialog::buildOptions() {
     auto* column = new QVBoxLayout;
     column->setSpacing(theme::kGap);
     const std::array<QString, 3> texts = {
-        values_caption(),
+        values_caption(models::captions_of(desk_.session()->caloricUnit)),
         "Z(ref) = quantity of formation for ideal gas state at To=298.15 and normal pressure\n"
         "from elements in the stable state",
         "Conventional Reference State (cf. Help)"};
@@ -81,7 +73,7 @@ QLayout* ReferenceStateDialog::buildOptions() {
 }
 
 QLayout* ReferenceStateDialog::buildFields() {
-    const models::ReferenceCaptions c = captions();
+    const models::ReferenceCaptions c = models::captions_of(desk_.session()->caloricUnit);
     const std::array<QString, models::kReferenceFields> names = {qt(c.h),  qt(c.s), "To/K",
                                                                  "po/kPa", "T/K",   "p/kPa"};
     for (std::size_t i = 0; i < fields_.size(); ++i)
@@ -116,7 +108,7 @@ void ReferenceStateDialog::arrange() {
     QPushButton* escape = form::button("Cancel", "ESC");
     connect(escape, &QPushButton::clicked, this, &QDialog::reject);
     QPushButton* page = form::button("Help", "cmdReferenzHelp");
-    shell::connectHelp(page, help::kReferenceState);
+    desk_.connectHelp(page, help::kReferenceState);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(page);
@@ -161,10 +153,12 @@ void ReferenceStateDialog::enable(ReferenceOption chosen) {
 
 void ReferenceStateDialog::confirm() {
     if (markWrongNumber(fields_)) return;
-    if (!models::StoreReference(option(), typed(), factor_, legacy::the_reference)) {
+    models::ReferenceState reference = desk_.session()->reference;
+    if (!models::StoreReference(option(), typed(), factor_, reference)) {
         dialogs::tell("A number is beyond the range of its field.", "Execution not possible");
         return;
     }
+    desk_.session().change()->reference = reference;
     accept();
 }
 

@@ -6,9 +6,11 @@
 #include "models/reference_choice.h"
 
 class QButtonGroup;
+class QLayout;
 
 namespace quor::gui {
 
+class Desk;
 class NumberEdit;
 
 /// Reference state of the caloric functions: the zero of h and s, and the surroundings of the
@@ -17,7 +19,7 @@ class ReferenceStateDialog : public QDialog {
     Q_OBJECT
 
   public:
-    explicit ReferenceStateDialog(QWidget* parent = nullptr);
+    explicit ReferenceStateDialog(Desk& desk, QWidget* parent = nullptr);
 
   private:
     QLayout* buildOptions();
@@ -30,6 +32,7 @@ class ReferenceStateDialog : public QDialog {
     models::ReferenceFields typed() const;
     void confirm();
 
+    Desk& desk_;
     double factor_;  ///< h and s are shown multiplied by it
     QButtonGroup* options_ = nullptr;
     std::array<NumberEdit*, models::kReferenceFields> fields_{};

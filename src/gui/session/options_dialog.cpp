@@ -9,17 +9,15 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "session/actions.h"
 #include "session/help_topics.h"
 
 namespace quor::gui {
 
 namespace {
 
-constexpr auto kReferenceState = "frmReferenz";  // action of the reference view
 constexpr int kSmallStep = 10, kLargeStep = 50;
 
 QVBoxLayout* column(QWidget* box) {
@@ -43,7 +41,8 @@ QCheckBox* check(const QString& text, const QString& name, bool on) {
 
 }  // namespace
 
-OptionsDialog::OptionsDialog(QWidget* parent) : QDialog(parent), opened_(session::open_options()) {
+OptionsDialog::OptionsDialog(Desk& desk, QWidget* parent)
+    : QDialog(parent), desk_(desk), opened_(session::open_options(desk.session())) {
     setObjectName("frmOptions");
     setWindowTitle("   Options");
 
@@ -110,10 +109,10 @@ QWidget* OptionsDialog::unitFrame() {
 QWidget* OptionsDialog::referenceFrame() {
     QGroupBox* box = form::frame("Reference state for thermodynamic", "fraReference");
     QPushButton* view = form::button("&Viewing / Setting", "Command1");
-    view->setEnabled(actions::has(kReferenceState));
-    connect(view, &QPushButton::clicked, this, [] { actions::Run(kReferenceState); });
+    view->setEnabled(static_cast<bool>(desk_.doors.chooseReference));
+    connect(view, &QPushButton::clicked, this, [this] { desk_.doors.chooseReference(); });
     QToolButton* help = form::helpButton("cmdReferenzHelp", "reference state");
-    shell::connectHelp(help, help::kReferenceState);
+    desk_.connectHelp(help, help::kReferenceState);
     auto* row = new QHBoxLayout;
     row->addWidget(view, 1);
     row->addWidget(help);
@@ -129,7 +128,7 @@ QWidget* OptionsDialog::curveFrame() {
     realRange_ = check("draw real &range (T>T(trip) or p> p(trip) resp.)", "chkCurveTpRestricted",
                        opened_.realRange);
     QToolButton* help = form::helpButton("cmdRealBreichHelp", "draw real range");
-    shell::connectHelp(help, help::kRealRange);
+    desk_.connectHelp(help, help::kRealRange);
     sCurve_ = check("for cubic EOS: at T < T(cr) only draw S-shaped curve &without tie line",
                     "chkSKurveOhneKonnode", opened_.sWithoutTieLine);
     sCurve_->setEnabled(opened_.sCurvePossible);
@@ -181,11 +180,10 @@ void OptionsDialog::apply() {
     c.sWithoutTieLine = sCurve_->isChecked();
     c.partialGas = partialGas_->isChecked();
     c.points = points_->value();
-    if (!session::apply_options(c)) return;
+    if (!session::apply_options(desk_.session(), c)) return;
     // The axes of an open diagram are no longer valid in other units.
-    actions::Run("CalcCoordinateDefaults");
-    if (legacy::the_session.UnitsChanged) shell::closeViews({"frmGraph2D", "frmGraph3D"});
-    shell::Refresh();
+    if (desk_.session()->unitsChanged) desk_.closeViews({"frmGraph2D", "frmGraph3D"});
+    desk_.refresh();
     accept();
 }
 

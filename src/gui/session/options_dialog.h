@@ -3,7 +3,6 @@
 #include <QDialog>
 #include <array>
 
-#include "legacy/declare.h"
 #include "session/options.h"
 
 class QCheckBox;
@@ -12,13 +11,15 @@ class QSlider;
 
 namespace quor::gui {
 
+class Desk;
+
 /// Units, calculation mode and curve options of the session. OK applies them at once, Cancel leaves
 /// everything as it was.
 class OptionsDialog : public QDialog {
     Q_OBJECT
 
   public:
-    explicit OptionsDialog(QWidget* parent = nullptr);
+    explicit OptionsDialog(Desk& desk, QWidget* parent = nullptr);
 
   private:
     QWidget* modeFrame();
@@ -28,6 +29,7 @@ class OptionsDialog : public QDialog {
     QWidget* referenceFrame();
     void apply();
 
+    Desk& desk_;
     const session::OptionChoice opened_;
     std::array<QRadioButton*, 2> mode_{}, unit_{};
     QCheckBox* reduced_ = nullptr;

@@ -29,9 +29,14 @@ QWidget* Desk::frameWindow() const {
     return frame_ == nullptr ? nullptr : frame_->window();
 }
 
-void Desk::openChild(QWidget* view) {
-    std::erase_if(views_, [&](const QPointer<QWidget>& one) { return one.isNull() || one == view; });
+void Desk::remember(QWidget* view) {
+    std::erase_if(views_,
+                  [&](const QPointer<QWidget>& one) { return one.isNull() || one == view; });
     views_.emplace_back(view);
+}
+
+void Desk::openChild(QWidget* view) {
+    remember(view);
     if (frame_ != nullptr) {
         frame_->addChild(view);
         return;
@@ -43,11 +48,16 @@ void Desk::openChild(QWidget* view) {
 int Desk::openModal(QDialog& dialog) {
     const QString name = dialog.objectName();
     settings::restorePlace(&dialog, name);
-    views_.emplace_back(&dialog);
+    remember(&dialog);
     const int result = dialog.exec();
     std::erase_if(views_, [&](const QPointer<QWidget>& one) { return one == &dialog; });
     settings::rememberPlace(&dialog, name);
     return result;
+}
+
+void Desk::openDialog(QDialog* dialog) {
+    remember(dialog);
+    dialog->show();
 }
 
 QWidget* Desk::findView(const QString& name) const {

@@ -19,18 +19,17 @@ namespace quor::gui {
 /// What a view may ask of others. The program hands in functions of real views; where one is
 /// missing, the button that needs it is disabled.
 struct Doors {
-    std::function<void()> chooseReference;     ///< `ReferenceStateDialog`
-    std::function<void()> editSubstance;       ///< `SubstanceEditorView`, modal
-    std::function<void()> showSubstance;       ///< the same, for reading only
-    std::function<void()> newMeasuredData;     ///< `MeasuredDataEditor` without data
-    std::function<void()> editMeasuredData;    ///< `MeasuredDataEditor`
-    std::function<void()> editXy;              ///< `XyEditor`
-    std::function<void()> drawXy;              ///< a diagram of the XY editor's graph
-    std::function<void()> fit;                 ///< `FitView` with the points that were sent to it
+    std::function<void()> chooseReference;   ///< `ReferenceStateDialog`
+    std::function<void()> editSubstance;     ///< `SubstanceEditorView`, modal
+    std::function<void()> showSubstance;     ///< the same, for reading only
+    std::function<void()> newMeasuredData;   ///< `MeasuredDataEditor` without data
+    std::function<void()> editMeasuredData;  ///< `MeasuredDataEditor`
+    std::function<void()> editXy;            ///< `XyEditor`
+    std::function<void()> drawXy;            ///< a diagram of the XY editor's graph
+    std::function<void()> fit;               ///< `FitView` with the points that were sent to it
     /// Group contributions to what stands in the fields of an editor, in front of it.
-    std::function<void(datafiles::GroupFrame, datafiles::EditorTexts&, QWidget* parent)>
-        estimate;
-    std::function<void(int topic)> help;       ///< a page of the help
+    std::function<void(datafiles::GroupFrame, datafiles::EditorTexts&, QWidget* parent)> estimate;
+    std::function<void(int topic)> help;  ///< a page of the help
 };
 
 /// The place a user works at: the session, the main window that views open in, and the ways from
@@ -72,6 +71,9 @@ class Desk {
     /// `QDialog::Rejected`.
     int openModal(QDialog& dialog);
 
+    /// Shows a dialog in front of the frame that may stay open.
+    void openDialog(QDialog* dialog);
+
     /// The open view of that object name; nullptr when there is none.
     QWidget* findView(const QString& name) const;
     /// The open view of a type and an object name; nullptr when there is none.
@@ -112,6 +114,8 @@ class Desk {
     void connectHelp(QAbstractButton* button, int topic);
 
   private:
+    void remember(QWidget* view);
+
     session::Session& session_;
     Frame* frame_ = nullptr;
     std::vector<QPointer<QWidget>> views_;  ///< opened here
