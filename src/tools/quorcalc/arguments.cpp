@@ -52,75 +52,9 @@ Wanted wanted(std::string_view option) {
     return {option, needed};
 }
 
-/// The option "--name" of a command; null when it has none of that name.
-const Option* option_of(const Command& command, std::string_view name) {
-    for (const std::string_view own : command.options)
-        if (wanted(own).name == name) return find_option(name);
-    for (const Option& common : common_options())
-        if (common.name == name) return &common;
-    return nullptr;
-}
-
-/// Stores a value in its argument; false where it is not quite plain.
-bool store(const Option& option, const std::string& text, Arguments& a) {
-    // The library reads braces and brackets as lists.
-    if (text.empty() || text.front() == '[' || text.front() == '{') return false;
-    if (!option.allowed.empty() && std::ranges::find(option.allowed, text) == option.allowed.end())
-        return false;
-    return std::visit(
-        [&](const auto field) {
-            using Value = ValueOf<decltype(field)>;
-            if constexpr (std::is_same_v<Value, std::string>) {
-                a.*field = text;
-                return true;
-            } else if constexpr (std::is_same_v<Value, std::vector<std::string>>) {
-                (a.*field).push_back(text);
-                return true;
-            } else if constexpr (std::is_same_v<Value, bool>) {
-                return false;
-            } else {
-                // The library's own conversion, so that a number does not depend on the way here.
-                typename Value::value_type value{};
-                if (!CLI::detail::lexical_cast(text, value)) return false;
-                a.*field = value;
-                return true;
-            }
-        },
-        option.field);
-}
-
-/// Reads a plain call: the command, then known options, each but "--set" once and with its value.
-/// Nothing for any other call, right or wrong: the library is left to judge it.
-std::optional<Arguments> read_plain(const std::vector<std::string>& words) {
-    const Command* command = words.empty() ? nullptr : find_command(words.front());
-    if (command == nullptr || command->run == nullptr) return std::nullopt;
-    std::optional<Arguments> read(std::in_place);
-    read->command = command->name;
-    std::vector<const Option*> given;
-    for (std::size_t i = 1; i < words.size(); ++i) {
-        if (!words[i].starts_with("--")) return std::nullopt;
-        const Option* option = option_of(*command, std::string_view(words[i]).substr(2));
-        if (option == nullptr) return std::nullopt;
-        const bool list =
-            std::holds_alternative<std::vector<std::string> Arguments::*>(option->field);
-        if (!list && std::ranges::find(given, option) != given.end()) return std::nullopt;
-        given.push_back(option);
-        if (const auto* flag = std::get_if<bool Arguments::*>(&option->field)) {
-            (*read).*(*flag) = true;
-        } else if (++i == words.size() || !store(*option, words[i], *read)) {
-            return std::nullopt;
-        }
-    }
-    const bool complete = std::ranges::all_of(command->options, [&](std::string_view own) {
-        const Wanted w = wanted(own);
-        return !w.needed || std::ranges::find(given, find_option(w.name)) != given.end();
-    });
-    return complete ? read : std::nullopt;
-}
-
 }  // namespace
 
-/// The command line library, which knows every rule of a command line, and every message.
+/// The command line library with the options of every command.
 class Parser::Reader {
   public:
     Reader();
@@ -166,12 +100,10 @@ Arguments Parser::Reader::read(std::vector<std::string> words) {
     return arguments_;
 }
 
-Parser::Parser() = default;
+Parser::Parser() : reader_(std::make_unique<Reader>()) {}
 Parser::~Parser() = default;
 
 Arguments Parser::parse(const std::vector<std::string>& words) {
-    if (std::optional<Arguments> plain = read_plain(words)) return *std::move(plain);
-    if (!reader_) reader_ = std::make_unique<Reader>();
     return reader_->read(words);
 }
 
@@ -199,8 +131,7 @@ void append(std::string& key, bool value) {
 std::string common_key(const Arguments& a) {
     std::string key;
     for (const Option& option : common_options())
-        if (option.name != "json")
-            std::visit([&](const auto field) { append(key, a.*field); }, option.field);
+        std::visit([&](const auto field) { append(key, a.*field); }, option.field);
     return key;
 }
 

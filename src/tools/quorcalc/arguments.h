@@ -40,7 +40,7 @@ class Parser {
 
   private:
     class Reader;
-    std::unique_ptr<Reader> reader_;  ///< made for the first call that is not plain
+    std::unique_ptr<Reader> reader_;
 };
 
 /// Substance, models, units and reference state of a call as one text: equal texts ask for the
