@@ -58,7 +58,17 @@ void load_project(Desk& desk, const std::string& file) {
 }
 
 void choose_models(Desk& desk) {
-    gui::ModelDialog view(desk, desk.frameWindow());
+    Session& session = desk.session();
+    gui::ModelDialog::Session present{.editData = {}, .take = [&session](const auto& choice) {
+                                          return session::take_models(session, choice);
+                                      }};
+    if (desk.doors.editSubstance)
+        present.editData = [&desk] {
+            desk.doors.editSubstance();
+            return desk.session()->substance;
+        };
+    gui::ModelDialog view(desk, session->substance, session->models, std::move(present),
+                          desk.frameWindow());
     desk.openModal(view);
 }
 

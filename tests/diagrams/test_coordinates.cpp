@@ -1,5 +1,4 @@
 #include "diagrams/coordinates.h"
-#include "legacy/wrappers.h"
 #include "support/codes.h"
 
 #include <tuple>

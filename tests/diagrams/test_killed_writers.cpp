@@ -19,7 +19,6 @@ using namespace quor;
 namespace {
 
 namespace fs = std::filesystem;
-using legacy::the_session;
 
 std::string content(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
@@ -36,20 +35,21 @@ class KilledWriters : public ActiveFluid {
   protected:
     KilledWriters() {
         activate("Propane");
-        legacy::the_substance = substance;
-        legacy::the_models = selection;
-        legacy::the_eosParameters = eosConstants;
+        change([this](auto& state) {
+            state.substance = substance;
+            state.models = selection;
+            state.eosParameters = eosConstants;
+        });
         databases::Write(folder() / "STUDENT.Q05", {databases::Row("Propane")});
-        session::load_database((folder() / "STUDENT.Q05").string());
-        session::take_substance(1);
+        session::load_database(session, (folder() / "STUDENT.Q05").string());
+        session::take_substance(session, 1);
         user.inputAnswers.assign(100000, "a comment");
     }
 
     /// Measured data that differ in their number.
-    static void data(bool second) {
-        const std::size_t sets = second ? 900 : 700;
-        legacy::the_BatchData.assign(sets + 1, {.T = 300, .p = 500, .rhoV = 11});
-        the_session.BatchCount = static_cast<std::int16_t>(sets);
+    void data(bool second) {
+        session.change()->measured.points.assign(second ? 900 : 700,
+                                                 {.T = 300, .p = 500, .rhoV = 11});
     }
     void answer(const fs::path& file) {
         user.fileAnswers = {file.string()};
@@ -60,26 +60,28 @@ class KilledWriters : public ActiveFluid {
         return {
             {"project.QCF",
              [this](const fs::path& file, bool second) {
-                 the_session.ProjectComment = std::string(second ? 9000 : 7000, 'c');
-                 the_session.LastSessionFile = file.string();
-                 session::save_project(false);
+                 change([&](auto& state) {
+                     state.projectComment = std::string(second ? 9000 : 7000, 'c');
+                     state.lastSessionFile = file.string();
+                 });
+                 session::save_project(session, false);
              }},
             {"data.BAQ",
              [this](const fs::path& file, bool second) {
                  data(second);
                  answer(file);
-                 session::save_measured_data();
+                 session::save_measured_data(session);
              }},
             {"points.XY",
              [this](const fs::path& file, bool second) {
                  const std::vector<datafiles::FitPoint> points(second ? 9000 : 7000, {1, 2, 0});
                  answer(file);
-                 session::save_xy({"points", points});
+                 session::save_xy(session, {"points", points});
              }},
             {"own.Q05",
-             [](const fs::path& file, bool second) {
-                 legacy::the_substance.Name = std::string(second ? 30 : 20, 'n');
-                 session::write_private_database(file.string());
+             [this](const fs::path& file, bool second) {
+                 session.change()->substance.Name = std::string(second ? 30 : 20, 'n');
+                 session::write_private_database(session, file.string());
              }},
             {"diagram.oc2",
              [](const fs::path& file, bool second) {
@@ -94,21 +96,25 @@ class KilledWriters : public ActiveFluid {
                  (void)chart::save_chart(chart, file);
              }},
             {"results.LST",
-             [](const fs::path& file, bool second) {
+             [this](const fs::path& file, bool second) {
                  data(second);
-                 the_session.calculation.task = calculation::Task::state;
-                 the_session.BatchMode = true;
-                 session::result_file(file.string(), "T, p", false);
+                 change([](auto& state) {
+                     state.calculation.task = calculation::Task::state;
+                     state.batchMode = true;
+                 });
+                 session::result_file(session, file.string(), "T, p", false);
              }},
             {"protocol.CSV",
-             [](const fs::path& file, bool second) {
-                 report::Protocol& protocol = legacy::the_protocol;
-                 const std::string name = file.filename().string();
-                 if (protocol.file != name) protocol.begin(name);
-                 protocol.rows.assign(second ? 90 : 70, {});
-                 for (auto& row : protocol.rows) row.values[0] = 300;
-                 protocol.pending = true;
-                 session::write_protocol();
+             [this](const fs::path& file, bool second) {
+                 change([&](auto& state) {
+                     report::Protocol& protocol = state.protocol;
+                     const std::string name = file.filename().string();
+                     if (protocol.file != name) protocol.begin(name);
+                     protocol.rows.assign(second ? 90 : 70, {});
+                     for (auto& row : protocol.rows) row.values[0] = 300;
+                     protocol.pending = true;
+                 });
+                 session::write_protocol(session);
              }},
         };
     }

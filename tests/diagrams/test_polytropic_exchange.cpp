@@ -1,7 +1,6 @@
 #include "common/numbers.h"
 #include "diagrams/curve.h"
 #include "diagrams/polytropic_exchange.h"
-#include "legacy/wrappers.h"
 #include "models/caloric.h"
 
 #include <filesystem>

@@ -43,7 +43,9 @@ class TwoFluids : public FrameTest {
         });
         choose("mnuGraf_sub_cut_1");
     }
-    static diagrams::DiagramSheet& sheet() { return DiagramWindow::current()->sheet(); }
+    DiagramWindow* diagram() const { return desk.lastUsed<DiagramWindow>(); }
+    SurfaceWindow* surface() const { return desk.lastUsed<SurfaceWindow>(); }
+    diagrams::DiagramSheet& sheet() const { return diagram()->sheet(); }
     static QString shownFluid() { return drive::get<QLabel>("lblFluid")->text(); }
 };
 
@@ -82,8 +84,7 @@ TEST_F(TwoFluids, NothingIsDrawnWithoutASubstance) {
     user.fileAnswers.push_back((folder() / "STUDENT.Q05").string());
     when("frmStoffWahl", [] { drive::get<QDialog>("frmStoffWahl")->reject(); });
     click("Toolbar1_2");
-    ASSERT_NE(DiagramWindow::current(), nullptr);
-    DiagramWindow::current()->followSession();
+    ASSERT_NE(diagram(), nullptr);
     EXPECT_EQ(shownFluid(), "no substance");
     EXPECT_FALSE(drive::offers("cmdDraw"));
     EXPECT_EQ(diagrams::curve_count(sheet()), 1);
@@ -93,11 +94,11 @@ TEST_F(TwoFluids, TheCriticalPointOnASurfaceIsThatOfItsFluid) {
     openSubstance("Carbon dioxide");
     user.answers = {dialogs::Answer::Yes};
     choose("mnu3DSub_0");
-    ASSERT_NE(SurfaceWindow::current(), nullptr);
-    const double T = SurfaceWindow::current()->sheet().basis.fluid.substance().Tcrit;
+    ASSERT_NE(surface(), nullptr);
+    const double T = surface()->sheet().basis.fluid.substance().Tcrit;
     chooseSubstance("Ethane");
     choose("mnuAddCritPoint");
-    const chart::Chart3D& chart = SurfaceWindow::current()->sheet().chart;
+    const chart::Chart3D& chart = surface()->sheet().chart;
     ASSERT_EQ(chart.markers.size(), 1U);
     EXPECT_DOUBLE_EQ(chart.markers[0].y, T);
     EXPECT_EQ(chart.subtitle.text, " for Carbon dioxide,  CEOS Peng / Robinson");

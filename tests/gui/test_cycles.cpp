@@ -3,8 +3,6 @@
 #include <cmath>
 
 #include "gui/graph_test.h"
-#include "legacy/declare.h"
-#include "legacy/wrappers.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
 
@@ -18,7 +16,6 @@ using drive::choose;
 using drive::click;
 using drive::type;
 using drive::when;
-using legacy::the_processLine;
 
 constexpr std::int16_t kPv = 1, kTv = 3, kHs = 107, kHp = 150;
 constexpr int kStraight = 0, kIsobar = 2, kIsentropic = 4, kIsenthalpic = 5;
@@ -46,7 +43,7 @@ class Cycles : public GraphTest {
             choose(QString::fromStdString(menu::Name(row)));
             break;
         }
-        ASSERT_NE(DiagramWindow::current(), nullptr);
+        ASSERT_NE(window(), nullptr);
         const Limits x = code == kHs ? room.s : code == kHp ? room.p : room.v;
         const Limits y = code == kPv ? room.p : code == kTv ? room.T : room.h;
         when("fraCoord", [x, y] {
@@ -84,8 +81,8 @@ class Cycles : public GraphTest {
         line(kStraight, {{0, from.x()}, {1, from.y()}, {2, to.x()}, {3, to.y()}}, {});
     }
 
-    static QPointF first(int slot) { return at(curve(slot), 0); }
-    static QPointF last(int slot) { return at(curve(slot), curve(slot).x.size() - 1); }
+    QPointF first(int slot) const { return at(curve(slot), 0); }
+    QPointF last(int slot) const { return at(curve(slot), curve(slot).x.size() - 1); }
 
     /// Every line begins where the one before ends, and the last ends where the first begins.
     void expectClosed(const std::string& what) {
@@ -104,8 +101,8 @@ class Cycles : public GraphTest {
         if (code != kPv) click("cmdFit");  // an isotherm of p-v rises beyond all bounds
         const QString folder = QStringLiteral(QUOR_SCREENS);
         QDir().mkpath(folder);
-        EXPECT_TRUE(DiagramWindow::current()->grab().save(
-            QString("%1/cycle_%2_%3.png").arg(folder, name).arg(code)));
+        EXPECT_TRUE(
+            window()->grab().save(QString("%1/cycle_%2_%3.png").arg(folder, name).arg(code)));
     }
 
     std::vector<int> legs;  ///< slots of the lines in their order
@@ -131,8 +128,8 @@ class Refrigeration : public Cycles {
 
 TEST_F(Rankine, ClosesInEveryDiagram) {
     constexpr double kLow = 100, kHigh = 3000, kSteam = 900;
-    const double boiling = models::SaturationTemperature(kHigh).T;
-    const double condensing = models::SaturationTemperature(kLow).T;
+    const double boiling = models::saturation_temperature(session.fluid(), kHigh).T;
+    const double condensing = models::saturation_temperature(session.fluid(), kLow).T;
     for (const std::int16_t code : {kPv, kTv, kHs, kHp}) {
         openDiagram(code, {{-1, 50}, {-100, 4000}, {250, 1000}, {-60000, 40000}, {-250, 100}});
         const std::string what = "code " + std::to_string(code);
@@ -175,8 +172,8 @@ TEST_F(Joule, ClosesInEveryDiagram) {
 }
 
 TEST_F(Refrigeration, ClosesInEveryDiagram) {
-    const double kLow = models::SaturationPressure(265).p,
-                 kHigh = models::SaturationPressure(310).p;
+    const double kLow = models::saturation_pressure(session.fluid(), 265).p,
+                 kHigh = models::saturation_pressure(session.fluid(), 310).p;
     for (const std::int16_t code : {kPv, kTv, kHs, kHp}) {
         openDiagram(code, {{-1, 20}, {-100, 2000}, {200, 400}, {-40000, 20000}, {-200, 100}});
         // Compressor from a little superheat, cooling, condensing, throttle, evaporator.

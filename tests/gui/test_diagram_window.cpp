@@ -11,7 +11,6 @@
 #include "gui/chart/chart2d_widget.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/graph_test.h"
-#include "legacy/declare.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -25,7 +24,6 @@ using drive::offers;
 using drive::read;
 using drive::type;
 using drive::when;
-using legacy::the_session;
 
 class Graph2D : public GraphTest {
   protected:
@@ -35,18 +33,18 @@ class Graph2D : public GraphTest {
     void answerFile(const QString& name) { user.fileAnswers.push_back(name.toStdString()); }
 
     /// Pixel of a place given as fractions of the plot area, (0, 0) at its left top.
-    static QPoint plotPixel(double fx, double fy) {
+    QPoint plotPixel(double fx, double fy) const {
         const chart::SheetRect& plot = canvas()->sheet().plot;
         return {static_cast<int>(plot.left + fx * plot.width),
                 static_cast<int>(plot.top + fy * plot.height)};
     }
-    static QPoint curvePixel(int slot, std::size_t point) {
+    QPoint curvePixel(int slot, std::size_t point) const {
         const chart::SheetScale scale(sheet().chart, canvas()->sheet().plot);
         const chart::Series& s = curve(slot);
         return {static_cast<int>(std::lround(scale.x(static_cast<double>(s.x.at(point))))),
                 static_cast<int>(std::lround(scale.y(static_cast<double>(s.y.at(point)))))};
     }
-    static void repaint() {
+    void repaint() const {
         canvas()->refresh();
         drive::settle();
     }
@@ -54,10 +52,10 @@ class Graph2D : public GraphTest {
 
 TEST_F(Graph2D, OpensByTheMenuAndDrawsTheCurveOfTheParameter) {
     openIsotherm("300");
-    ASSERT_NE(DiagramWindow::current(), nullptr);
+    ASSERT_NE(window(), nullptr);
     EXPECT_EQ(read("frmGraph2D"), " Type of Diagram: Isothermal section p - v");
     EXPECT_EQ(diagrams::curve_count(sheet()), 1);
-    EXPECT_EQ(the_session.DiagramT, 300);
+    EXPECT_EQ(session->diagramAt.T, 300);
     EXPECT_EQ(read("lblParameter"), "T = 300.0 K");
     EXPECT_EQ(curve(0).legend, "(300.0 K ) ");
 }
@@ -73,7 +71,7 @@ TEST_F(Graph2D, AsksAgainForAnInvalidParameter) {
     });
     choose("mnuGraf_sub_cut_1");
     EXPECT_EQ(diagrams::curve_count(sheet()), 0);
-    EXPECT_EQ(the_session.DiagramT, 310);
+    EXPECT_EQ(session->diagramAt.T, 310);
     click("cmdDraw");
     EXPECT_EQ(diagrams::curve_count(sheet()), 1);
 }
@@ -81,11 +79,11 @@ TEST_F(Graph2D, AsksAgainForAnInvalidParameter) {
 TEST_F(Graph2D, ClosesTheEmptyDiagramOnAbort) {
     when("frmTpVSInputBox", [] { click("cmdAbbrechen"); });
     choose("mnuGraf_sub_cut_1");
-    EXPECT_EQ(DiagramWindow::current(), nullptr);
+    EXPECT_EQ(window(), nullptr);
     openIsotherm();
     when("frmTpVSInputBox", [] { click("cmdAbbrechen"); });
     click("cmdParameter");
-    EXPECT_NE(DiagramWindow::current(), nullptr);
+    EXPECT_NE(window(), nullptr);
 }
 
 TEST_F(Graph2D, OpensEveryRowOfTheMenuAndDraws) {
@@ -103,19 +101,19 @@ TEST_F(Graph2D, OpensEveryRowOfTheMenuAndDraws) {
         if (asksRange) when("frmInputProzessLinien", [] { click("cmdDraw"); });
         const std::size_t messages = user.messages.size();
         choose(name);
-        if (user.messages.size() > messages && DiagramWindow::current() == nullptr) {
+        if (user.messages.size() > messages && window() == nullptr) {
             // The substance has no data for this function of the database.
             EXPECT_EQ(input, diagrams::DiagramInput::validity)
                 << name.toStdString() << user.lastText();
             continue;
         }
-        ASSERT_NE(DiagramWindow::current(), nullptr) << name.toStdString();
+        ASSERT_NE(window(), nullptr) << name.toStdString();
         if (input == diagrams::DiagramInput::none) click("cmdDraw");
         EXPECT_GE(diagrams::curve_count(sheet()), 1)
             << name.toStdString() << ": " << user.lastText();
         choose("mnuHaupt");
         drive::settle();
-        EXPECT_EQ(DiagramWindow::current(), nullptr);
+        EXPECT_EQ(window(), nullptr);
     }
 }
 
@@ -129,14 +127,14 @@ TEST_F(Graph2D, ClosesWithItsSurfacesWhenTheUnitsChange) {
         click("cmdClose");
     });
     choose("mnuOptions");
-    EXPECT_NE(DiagramWindow::current(), nullptr) << "a cancel changes nothing";
+    EXPECT_NE(window(), nullptr) << "a cancel changes nothing";
     when("frmOptions", [] {
         click("optMolarSpez_1");
         click("cmdOK");
     });
     choose("mnuOptions");
     drive::settle();
-    EXPECT_EQ(DiagramWindow::current(), nullptr);
+    EXPECT_EQ(window(), nullptr);
     EXPECT_EQ(drive::find("frmGraph3D"), nullptr);
 }
 
@@ -397,7 +395,7 @@ TEST_F(Graph2D, OpensTheDesignOfWhatIsUnderThePointer) {
 TEST_F(Graph2D, DeletesASinglePointByAClick) {
     openIsotherm("400");
     sheet().chart.curves[0].line.pattern = chart::LinePattern::None;
-    DiagramWindow::current()->refresh();
+    window()->refresh();
     repaint();
     const std::size_t before = curve(0).x.size();
     user.answers = {dialogs::Answer::Yes};
@@ -449,7 +447,7 @@ TEST_F(Graph2D, ClosesOnADamagedFileWithAReason) {
     bad.close();
     answerFile(path("bad.oc2"));
     choose("mnuLoadOC2");
-    EXPECT_EQ(DiagramWindow::current(), nullptr);
+    EXPECT_EQ(window(), nullptr);
     EXPECT_EQ(drive::find("frmGraph2D"), nullptr);
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_NE(user.lastText().find("bad.oc2"), std::string::npos);
@@ -471,9 +469,7 @@ TEST_F(Graph2D, AddsMeasuredPointsAndTellsWhenThereAreNone) {
     openIsotherm();
     choose("mnuAddPunkte");
     EXPECT_EQ(user.lastText(), "No experimental points in this range of the diagram ");
-    legacy::the_BatchData.resize(1);
-    legacy::the_BatchData.push_back({0, 300, 500, 60, 0, 0, 0});
-    the_session.BatchCount = 1;
+    session.change()->measured.points = {{0, 300, 500, 60, 0, 0, 0}};
     user.messages.clear();
     for (int i = 0; i < 12; ++i) choose("mnuAddPunkte");
     EXPECT_EQ(diagrams::point_set_count(sheet()), 12);
@@ -492,7 +488,7 @@ TEST_F(Graph2D, AddsMeasuredPointsAndTellsWhenThereAreNone) {
 
 TEST_F(Graph2D, TakesPointsOfTheEditor) {
     openIsotherm();
-    legacy::the_xyPoints = {{0.5F, 1000, 0}, {1, 2000, 0}};
+    session.change()->xy.points = {{0.5F, 1000, 0}, {1, 2000, 0}};
     choose("cmdManuPoints");
     choose("cmdManuKurve");
     EXPECT_EQ(diagrams::point_set_count(sheet()), 1);
@@ -538,25 +534,25 @@ TEST_F(Graph2D, WritesAndCopiesACurve) {
 
 TEST_F(Graph2D, KeepsSeveralDiagramsApart) {
     openIsotherm("300");
-    DiagramWindow* first = DiagramWindow::current();
+    DiagramWindow* first = window();
     when("frmTpVSInputBox", [] {
         type("rText", "2000");
         click("cmdOKAndDraw");
     });
     choose("mnuGraf_sub_cut_5");
-    DiagramWindow* second = DiagramWindow::current();
+    DiagramWindow* second = window();
     ASSERT_NE(first, second);
-    EXPECT_EQ(legacy::the_diagram->code, 3);
-    the_session.DiagramT = 444;
+    EXPECT_EQ(session->diagram->code, 3);
+    session.change()->diagramAt.T = 444;
     first->becomeCurrent();
-    EXPECT_EQ(legacy::the_diagram->code, 1);
-    EXPECT_EQ(the_session.DiagramT, 300);
+    EXPECT_EQ(session->diagram->code, 1);
+    EXPECT_EQ(session->diagramAt.T, 300);
     first->draw();
     EXPECT_EQ(diagrams::curve_count(first->sheet()), 2);
     EXPECT_EQ(diagrams::curve_count(second->sheet()), 1);
-    shell::closeViews({"frmGraph2D"});
+    desk.closeViews({"frmGraph2D"});
     drive::settle();
-    EXPECT_EQ(DiagramWindow::current(), nullptr);
+    EXPECT_EQ(window(), nullptr);
 }
 
 TEST_F(Graph2D, AddsTexts) {

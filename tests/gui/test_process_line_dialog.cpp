@@ -7,7 +7,6 @@
 #include "diagrams/polytropic_exchange.h"
 #include "gui/diagrams/process_line_dialog.h"
 #include "gui/graph_test.h"
-#include "legacy/declare.h"
 #include "models/saturation.h"
 
 using namespace quor;
@@ -24,8 +23,6 @@ using drive::offers;
 using drive::read;
 using drive::type;
 using drive::when;
-using legacy::the_processLine;
-using legacy::the_session;
 
 constexpr auto kView = "frmInputProzessLinien";
 
@@ -36,9 +33,6 @@ QString row(int kind) {
 
 class ProcessInput : public GraphTest {
   protected:
-    ProcessInput() : runner_(polytropicRunner()) {}
-    ~ProcessInput() override { polytropicRunner() = runner_; }
-
     /// p-v with an isotherm and room for all lines of these tests.
     void openWide() {
         openIsotherm();
@@ -78,11 +72,11 @@ class ProcessInput : public GraphTest {
         when(kView, [this, typed, chosen, text] {
             for (const char* option : chosen) click(option);
             for (const auto& [index, value] : typed) type(QString("par_%1").arg(index), value);
-            const double before = the_processLine.rangeStart;
+            const double before = session->processLine.rangeStart;
             click("cmdDraw");
             EXPECT_EQ(user.lastText(), text);
             EXPECT_EQ(user.lastTitle(), "Execution not possible");
-            EXPECT_EQ(the_processLine.rangeStart, before);
+            EXPECT_EQ(session->processLine.rangeStart, before);
             click("cmdClose");
         });
         choose(row(kind));
@@ -92,7 +86,7 @@ class ProcessInput : public GraphTest {
     void bringProgram() { std::ofstream(folder() / diagrams::kPolytropicProgram) << "a program"; }
     /// A stand-in that writes its answer and its end mark.
     void answerWith(const std::string& text) {
-        polytropicRunner().start = [text](const std::string&, const std::string& where) {
+        program.start = [text](const std::string&, const std::string& where) {
             std::ofstream(where + "/FROM_DAL.DAT", std::ios::binary) << text;
             std::ofstream(where + "/WRITEEND.END");
             return true;
@@ -105,8 +99,10 @@ class ProcessInput : public GraphTest {
         return text;
     }
 
-  private:
-    diagrams::PolytropicRunner runner_;
+    /// The view that is open starts the stand-in.
+    void standIn() const { drive::get<ProcessLineDialog>(kView)->setPolytropicRunner(program); }
+
+    diagrams::PolytropicRunner program = diagrams::real_runner();  ///< or a stand-in for it
 };
 
 TEST_F(ProcessInput, EveryKindHasItsTitleFieldsAndCommand) {
@@ -116,7 +112,7 @@ TEST_F(ProcessInput, EveryKindHasItsTitleFieldsAndCommand) {
         std::vector<bool> fields;  // T1, p1, T2, p2
         bool region, range, phase;
     };
-    the_processLine.rangeIsT = true;
+    session.change()->processLine.rangeIsT = true;
     const Expected all[] = {
         {"Adding a Straight Line (x1, y1)-(x2, y2)",
          "",
@@ -216,13 +212,13 @@ TEST_F(ProcessInput, RefusesWhatCannotBeDrawn) {
             "specification of the range is not valid ");
     refused(5, {{1, "500"}, {3, "9000"}}, {"optHomoHetero_1", "optTp_0"},
             "pressure for the final tie-line has to be p <= p(cr) = " +
-                numbers::General(legacy::the_substance.pcrit) + " kPa");
+                numbers::General(session->substance.pcrit) + " kPa");
     refused(5, {{0, "300"}, {2, "900"}}, {"optHomoHetero_1", "optTp_1"},
             "temperature for the final tie-line has to be <= T(cr) = " +
-                numbers::General(legacy::the_substance.Tcrit) + " K");
+                numbers::General(session->substance.Tcrit) + " K");
     refused(5, {{0, "900"}, {2, "300"}}, {"optHomoHetero_1", "optTp_1"},
             "temperature for the initial tie-line has to be <= T(cr) = " +
-                numbers::General(legacy::the_substance.Tcrit));
+                numbers::General(session->substance.Tcrit));
 }
 
 TEST_F(ProcessInput, RefusesAPolytropicThatContradictsItself) {
@@ -264,8 +260,8 @@ TEST_F(ProcessInput, ALineContinuesTheLastOne) {
     choose(row(2));
     draw(2, {{0, "300"}, {1, "500"}, {2, "350"}}, {"optPhase_1"});
     EXPECT_EQ(curve(1).legend, "(Isobar 500.0 kPa ) ");
-    EXPECT_DOUBLE_EQ(the_processLine.last.T, 350);
-    EXPECT_DOUBLE_EQ(the_processLine.last.p, 500);
+    EXPECT_DOUBLE_EQ(session->processLine.last.T, 350);
+    EXPECT_DOUBLE_EQ(session->processLine.last.p, 500);
     when(kView, [this] {
         click("chkEndToBegin");
         EXPECT_EQ(read("par_0"), "350");
@@ -321,7 +317,7 @@ TEST_F(ProcessInput, ProcessLinesBelongToDiagramsOfStates) {
     for (const menu::Row& each : menu::Rows())
         if (each.action == "Diagram2D" && each.code == kIdealGasCp)
             choose(QString::fromStdString(menu::Name(each)));
-    ASSERT_NE(DiagramWindow::current(), nullptr);
+    ASSERT_NE(window(), nullptr);
     EXPECT_EQ(sheet().request.diagram->code, kIdealGasCp);
     EXPECT_FALSE(offers(row(1)));
 }
@@ -354,6 +350,7 @@ TEST_F(ProcessInput, TheAnswerOfTheProgramIsDrawn) {
     bringProgram();
     answerWith(answer({"400;500", "410;550", "420;600"}));
     when(kView, [this] {
+        standIn();
         click("optTp_0");
         fill({{0, "400"}, {1, "500"}, {3, "600"}});
         type("txtExponent", "1.3");
@@ -370,9 +367,10 @@ TEST_F(ProcessInput, TheAnswerOfTheProgramIsDrawn) {
 TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
     openIsotherm();
     bringProgram();
-    polytropicRunner().start = [](const std::string&, const std::string&) { return true; };
+    program.start = [](const std::string&, const std::string&) { return true; };
     bool seen = false;
     when(kView, [&] {
+        standIn();
         click("optTp_0");
         fill({{0, "400"}, {1, "500"}, {3, "900"}});
         drive::get<QComboBox>("cmbKappa")->setEditText("1.13");
@@ -396,10 +394,11 @@ TEST_F(ProcessInput, TheWaitIsShownAndCanBeGivenUp) {
 TEST_F(ProcessInput, NoAnswerInTimeAndAGarbledOneAreTold) {
     openIsotherm();
     bringProgram();
-    polytropicRunner().limit = std::chrono::milliseconds(30);
-    polytropicRunner().start = [](const std::string&, const std::string&) { return true; };
+    program.limit = std::chrono::milliseconds(30);
+    program.start = [](const std::string&, const std::string&) { return true; };
     const auto fails = [this] {
         when(kView, [this] {
+            standIn();
             click("optTp_0");
             fill({{0, "400"}, {1, "500"}, {3, "900"}});
             drive::get<QComboBox>("cmbKappa")->setEditText("1.13");
@@ -420,8 +419,9 @@ TEST_F(ProcessInput, NoAnswerInTimeAndAGarbledOneAreTold) {
 TEST_F(ProcessInput, TheCalculationOfAProcessListsItsStates) {
     bringProgram();
     answerWith(answer({"400;500", "410;550", "1E+38;600"}));
-    the_session.BatchMode = false;
+    session.change()->batchMode = false;
     when(kView, [this] {
+        standIn();
         EXPECT_EQ(read("lblTitel"), "Calculation of a Polytropic Process");
         EXPECT_EQ(read("cmdDraw").remove('&'), "Calculate");
         click("optTp_0");
@@ -432,7 +432,7 @@ TEST_F(ProcessInput, TheCalculationOfAProcessListsItsStates) {
     });
     choose("mnuCalc_13");
     std::vector<std::string> list;
-    for (const report::ListLine& line : legacy::the_results.current.report.Liste)
+    for (const report::ListLine& line : session->results.current.report.Liste)
         list.push_back(line.text);
     ASSERT_GE(list.size(), 5U);
     EXPECT_EQ(list.front(), "Polytropic process, n = 1.3, kappa = 1.13");
@@ -440,7 +440,7 @@ TEST_F(ProcessInput, TheCalculationOfAProcessListsItsStates) {
     EXPECT_TRUE(last[0].starts_with("              400              500")) << last[0];
     EXPECT_TRUE(last[1].starts_with("              410              550")) << last[1];
     EXPECT_EQ(last[2], "                               600") << "T is missing";
-    EXPECT_TRUE(the_processLine.polytropicPoints.empty()) << "the answer is used once";
+    EXPECT_TRUE(session->processLine.polytropicPoints.empty()) << "the answer is used once";
 }
 
 }  // namespace

@@ -15,7 +15,6 @@
 #include "gui/frame_test.h"
 #include "gui/surfaces/surface_window.h"
 #include "gui/widgets/number_edit.h"
-#include "legacy/declare.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -29,7 +28,6 @@ using drive::offers;
 using drive::read;
 using drive::type;
 using drive::when;
-using legacy::the_session;
 
 constexpr auto kEnthalpyRow = "mnu3DSub_5", kPressureRow = "mnu3DSub_0";
 
@@ -41,11 +39,10 @@ class Graph3D : public FrameTest {
         openSubstance("Propane");
     }
 
-    static diagrams::SurfaceSheet& sheet() { return SurfaceWindow::current()->sheet(); }
-    static chart::Chart3D& shown() { return sheet().chart; }
-    static chart::Chart3DWidget* canvas() {
-        return SurfaceWindow::current()->findChild<chart::Chart3DWidget*>();
-    }
+    SurfaceWindow* window() const { return desk.lastUsed<SurfaceWindow>(); }
+    diagrams::SurfaceSheet& sheet() const { return window()->sheet(); }
+    chart::Chart3D& shown() const { return sheet().chart; }
+    chart::Chart3DWidget* canvas() const { return window()->findChild<chart::Chart3DWidget*>(); }
     /// Opens a surface in place of the one that is open.
     static void openInstead(const char* row) {
         choose("mnuHaupt");
@@ -57,7 +54,7 @@ class Graph3D : public FrameTest {
         paintChart3D(painter, image.rect(), c);
         return image;
     }
-    static QImage picture() { return picture(shown()); }
+    QImage picture() const { return picture(shown()); }
 
     QString path(const char* name) const {
         return QString::fromStdString((folder() / name).string());
@@ -68,7 +65,7 @@ class Graph3D : public FrameTest {
     }
     void answerFile(const QString& name) { user.fileAnswers.push_back(name.toStdString()); }
 
-    static void move(QPointF to, Qt::MouseButtons buttons) {
+    void move(QPointF to, Qt::MouseButtons buttons) const {
         QMouseEvent event(QEvent::MouseMove, to, canvas()->mapToGlobal(to), Qt::NoButton, buttons,
                           Qt::NoModifier);
         QApplication::sendEvent(canvas(), &event);
@@ -96,8 +93,8 @@ TEST_F(Graph3D, EveryRowOfTheMenuOpensItsSurface) {
                               Expected{"mnu3DSub_8", 10, "Exergy of H          e(p, T)"}}) {
         user.messages.clear();
         choose(e.row);
-        ASSERT_NE(SurfaceWindow::current(), nullptr) << e.row;
-        EXPECT_EQ(the_session.Diagram3DKind, e.kind);
+        ASSERT_NE(window(), nullptr) << e.row;
+        EXPECT_EQ(session->surfaceKind, e.kind);
         EXPECT_EQ(sheet().kind->code, e.kind);
         EXPECT_EQ(shown().header.text, e.title);
         EXPECT_EQ(shown().subtitle.text, " for Propane,  CEOS Peng / Robinson");
@@ -130,8 +127,8 @@ TEST_F(Graph3D, AsksWhetherToDrawTheSShapedCurves) {
     user.answers.push_back(dialogs::Answer::No);
     choose(kPressureRow);
     EXPECT_TRUE(sheet().SCurve);
-    EXPECT_NEAR(static_cast<double>(sheet().limits.TMin), 0.93 * legacy::the_substance.Tcrit, 1e-3);
-    EXPECT_NEAR(static_cast<double>(plane), 0.75 * legacy::the_substance.Tcrit, 1e-3);
+    EXPECT_NEAR(static_cast<double>(sheet().limits.TMin), 0.93 * session->substance.Tcrit, 1e-3);
+    EXPECT_NEAR(static_cast<double>(plane), 0.75 * session->substance.Tcrit, 1e-3);
 }
 
 TEST_F(Graph3D, ShowsTheLimitsOfTheQuantitiesOnTheAxes) {
@@ -407,11 +404,13 @@ TEST_F(Graph3D, DrawsAnewInTheUnitsOfTheMoment) {
     choose("mnuAddCritPoint");
     const chart::Marker3D molar = shown().markers.at(0);
     const float before = shown().surface.z.at(100);
-    the_session.CaloricUnit = 3;
-    the_session.UnitMode = 1;
+    change([](auto& state) {
+        state.caloricUnit = models::CaloricUnit::specific;
+        state.unitSystem = models::UnitSystem::specific;
+    });
     click("cmdNewDraw");
     EXPECT_EQ(shown().z.title, "h / (kJ/kg) ");
-    const auto M = static_cast<double>(legacy::the_substance.M);
+    const auto M = static_cast<double>(session->substance.M);
     EXPECT_NEAR(static_cast<double>(shown().surface.z.at(100)), static_cast<double>(before) / M,
                 1e-4 * std::fabs(static_cast<double>(before)));
     ASSERT_EQ(shown().markers.size(), 1U);
@@ -433,7 +432,7 @@ TEST_F(Graph3D, SavesAndLoadsTheSamePicture) {
     EXPECT_EQ(user.files.back().filter, "picture file (*.oc3)|*.oc3");
     EXPECT_EQ(user.files.back().name, "*.oc3");
     EXPECT_TRUE(std::filesystem::exists(folder() / "kept" / "surface.oc3"));
-    EXPECT_EQ(the_session.FolderDiagram3D, (folder() / "kept" / "").string());
+    EXPECT_EQ(session->folderSurfaces, (folder() / "kept" / "").string());
 
     openInstead(kEnthalpyRow);
     const diagrams::SurfaceLimits limits = sheet().limits;
@@ -521,25 +520,27 @@ TEST_F(Graph3D, PrintsVectorsIntoAPdf) {
 
 TEST_F(Graph3D, TheSurfaceInUseIsTheOneOfTheSession) {
     choose(kPressureRow);
-    SurfaceWindow* first = SurfaceWindow::current();
+    SurfaceWindow* first = window();
     choose(kEnthalpyRow);
-    EXPECT_NE(SurfaceWindow::current(), first);
-    EXPECT_EQ(the_session.Diagram3DKind, 7);
+    EXPECT_NE(window(), first);
+    EXPECT_EQ(session->surfaceKind, 7);
     first->becomeCurrent();
-    EXPECT_EQ(the_session.Diagram3DKind, 1);
+    EXPECT_EQ(session->surfaceKind, 1);
     first->findChild<QAction*>("mnuHaupt")->trigger();
     drive::settle();
-    ASSERT_NE(SurfaceWindow::current(), nullptr);
-    EXPECT_NE(SurfaceWindow::current(), first);
+    ASSERT_NE(window(), nullptr);
+    EXPECT_NE(window(), first);
     choose("mnuHaupt");
-    EXPECT_EQ(SurfaceWindow::current(), nullptr);
+    EXPECT_EQ(window(), nullptr);
 }
 
 TEST_F(Graph3D, AFaultWhileTheViewOpensIsTold) {
-    legacy::the_substance.M = 0;
-    the_session.CaloricUnit = 3;
+    change([](auto& state) {
+        state.substance.M = 0;
+        state.caloricUnit = models::CaloricUnit::specific;
+    });
     choose(kEnthalpyRow);
-    EXPECT_EQ(SurfaceWindow::current(), nullptr);
+    EXPECT_EQ(window(), nullptr);
     EXPECT_TRUE(user.lastText().starts_with(
         "The registration of the 3D graph module \\...\\olch8x3.ocx during the installation "
         "process failed."));

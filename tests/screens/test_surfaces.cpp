@@ -103,8 +103,9 @@ TEST_F(SurfaceSheets, Propane) {
 
 TEST_F(SurfaceSheets, TheViewAndItsPanel) {
     activate("Carbon dioxide");
-    SurfaceWindow::Open(diagrams::open_surface(*diagrams::find_surface(1), basis(), false));
-    SurfaceWindow* view = SurfaceWindow::current();
+    Desk desk(session);
+    SurfaceWindow* view = SurfaceWindow::Open(
+        desk, diagrams::open_surface(*diagrams::find_surface(1), basis(), false));
     ASSERT_NE(view, nullptr);
     view->resize(1100, 720);
     look::at(view, "frmGraph3D");
@@ -113,6 +114,7 @@ TEST_F(SurfaceSheets, TheViewAndItsPanel) {
         look::at(view, QString("frmGraph3D_%1").arg(page).toLower());
     }
     view->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // while there is a desk
 }
 
 }  // namespace

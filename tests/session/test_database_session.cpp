@@ -1,6 +1,5 @@
 #include <cstring>
 
-#include "session/module2.h"
 #include "session/substance_session.h"
 #include "support/codes.h"
 #include "support/database_builder.h"
@@ -11,8 +10,6 @@ using namespace quor;
 namespace {
 
 using dialogs::Icon;
-using legacy::the_database;
-using legacy::the_session;
 using session::LoadOutcome;
 
 class Database : public SessionTest {
@@ -32,18 +29,18 @@ class Database : public SessionTest {
     }
     /// An entry of the open database, counted from 1.
     static const datafiles::DatabaseEntry& entry(std::size_t n) {
-        return the_database.entries()[n - 1];
+        return session->database.entries()[n - 1];
     }
     std::string name_after_reading(std::int16_t index) {
-        EXPECT_TRUE(session::read_substance(index));
-        return legacy::the_substance.Name;
+        EXPECT_TRUE(session::read_substance(session, index));
+        return session->substance.Name;
     }
 };
 
 TEST_F(Database, OpeningBuildsTheLists) {
-    EXPECT_TRUE(session::open_database(write("A.Q05", two())));
-    EXPECT_TRUE(the_database.is_open());
-    ASSERT_EQ(the_database.size(), 2U);
+    EXPECT_TRUE(session::open_database(session, write("A.Q05", two())));
+    EXPECT_TRUE(session->database.is_open());
+    ASSERT_EQ(session->database.size(), 2U);
     EXPECT_EQ(entry(1).number, 1);
     EXPECT_EQ(entry(2).number, 417);
     EXPECT_EQ(entry(2).name, "Diäthyl ether;ether                     ");
@@ -52,50 +49,50 @@ TEST_F(Database, OpeningBuildsTheLists) {
 }
 
 TEST_F(Database, AnotherLanguageListsTheOtherNames) {
-    the_session.EnglishUi = false;
-    EXPECT_TRUE(session::open_database(write("A.Q05", two())));
+    session.change()->english = false;
+    EXPECT_TRUE(session::open_database(session, write("A.Q05", two())));
     EXPECT_EQ(entry(2).name.substr(0, 6), "Ether ");
 }
 
 TEST_F(Database, ANameWithoutFolderIsLookedUpInTheProgramsFolder) {
     write("A.Q05", two());
-    EXPECT_TRUE(session::open_database("A.Q05"));
-    EXPECT_TRUE(legacy::the_places.file_exists("A.Q05"));
-    EXPECT_FALSE(legacy::the_places.file_exists(""));
-    EXPECT_FALSE(legacy::the_places.file_exists("B.Q05"));
+    EXPECT_TRUE(session::open_database(session, "A.Q05"));
+    EXPECT_TRUE(session.places().file_exists("A.Q05"));
+    EXPECT_FALSE(session.places().file_exists(""));
+    EXPECT_FALSE(session.places().file_exists("B.Q05"));
 }
 
 TEST_F(Database, AMissingFileChangesNothing) {
     const std::string path = write("A.Q05", two());
-    EXPECT_TRUE(session::open_database(path));
-    EXPECT_FALSE(session::open_database("MISSING.Q05"));
-    EXPECT_EQ(the_database.size(), 2U);
-    EXPECT_EQ(the_database.path(), path);
+    EXPECT_TRUE(session::open_database(session, path));
+    EXPECT_FALSE(session::open_database(session, "MISSING.Q05"));
+    EXPECT_EQ(session->database.size(), 2U);
+    EXPECT_EQ(session->database.path(), path);
     EXPECT_EQ(name_after_reading(1), "Propane");
 }
 
 TEST_F(Database, AnUnusableFileLeavesTheOpenOneInPlace) {
-    EXPECT_TRUE(session::open_database(write("A.Q05", two())));
+    EXPECT_TRUE(session::open_database(session, write("A.Q05", two())));
     const std::string empty = write("EMPTY.Q05", {});
-    EXPECT_FALSE(session::open_database(empty));
-    EXPECT_EQ(the_database.path(), folder() / "A.Q05");
-    EXPECT_EQ(the_database.size(), 2U);
-    EXPECT_EQ(the_database.entries().size(), 2U);
+    EXPECT_FALSE(session::open_database(session, empty));
+    EXPECT_EQ(session->database.path(), folder() / "A.Q05");
+    EXPECT_EQ(session->database.size(), 2U);
+    EXPECT_EQ(session->database.entries().size(), 2U);
     EXPECT_EQ(name_after_reading(2), "Diäthyl ether");
 }
 
 TEST_F(Database, ANegativeCountIsUnusable) {
     std::string bytes = builder::Database(two());
     bytes[186] = bytes[187] = '\xFF';
-    EXPECT_FALSE(session::open_database(write_bytes("A.Q05", bytes)));
-    EXPECT_FALSE(the_database.is_open());
+    EXPECT_FALSE(session::open_database(session, write_bytes("A.Q05", bytes)));
+    EXPECT_FALSE(session->database.is_open());
 }
 
 TEST_F(Database, LoadingAsksForAFileAndRemembersItsTitle) {
-    the_session.DatabaseFile = "OLD.Q05";
+    session.change()->databaseFile = "OLD.Q05";
     user.fileAnswers.push_back(write("A.Q05", two()));
-    EXPECT_EQ(session::load_database(), LoadOutcome::Loaded);
-    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(session::load_database(session), LoadOutcome::Loaded);
+    EXPECT_EQ(session->databaseFile, "A.Q05");
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_FALSE(user.files[0].save);
     EXPECT_EQ(user.files[0].title, "Select and load a database");
@@ -106,78 +103,78 @@ TEST_F(Database, LoadingAsksForAFileAndRemembersItsTitle) {
 }
 
 TEST_F(Database, ACancelChangesNothingAndSaysNothing) {
-    the_session.DatabaseFile = "OLD.Q05";
+    session.change()->databaseFile = "OLD.Q05";
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_EQ(session::load_database(), LoadOutcome::Cancelled);
+    EXPECT_EQ(session::load_database(session), LoadOutcome::Cancelled);
     user.fileAnswers.push_back("");
-    EXPECT_EQ(session::load_database(), LoadOutcome::Cancelled);
-    EXPECT_EQ(the_session.DatabaseFile, "OLD.Q05");
+    EXPECT_EQ(session::load_database(session), LoadOutcome::Cancelled);
+    EXPECT_EQ(session->databaseFile, "OLD.Q05");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(Database, AFailureWithoutADatabaseIsARefusal) {
     user.fileAnswers.push_back(write("EMPTY.Q05", {}));
-    EXPECT_EQ(session::load_database(), LoadOutcome::Failed);
+    EXPECT_EQ(session::load_database(session), LoadOutcome::Failed);
     EXPECT_EQ(user.lastText(), "Database EMPTY.Q05 not found or empty resp.");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(user.messages.back().icon, Icon::Stop);
-    EXPECT_FALSE(the_database.is_open());
-    EXPECT_EQ(the_session.DatabaseFile, "");
+    EXPECT_FALSE(session->database.is_open());
+    EXPECT_EQ(session->databaseFile, "");
 }
 
 TEST_F(Database, AFailureWithADatabaseSaysWhichOneIsActive) {
-    session::load_database(write("A.Q05", two()));
+    session::load_database(session, write("A.Q05", two()));
     user.fileAnswers.push_back((folder() / "MISSING.Q05").string());
-    EXPECT_EQ(session::load_database(), LoadOutcome::Failed);
+    EXPECT_EQ(session::load_database(session), LoadOutcome::Failed);
     EXPECT_EQ(user.lastText(),
               "Database MISSING.Q05not found in the QUOR directory or empty resp.\n"
               "Database already loaded A.Q05 is still activ.");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(user.messages.back().icon, Icon::Exclamation);
-    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(session->databaseFile, "A.Q05");
 }
 
 TEST_F(Database, ReadingFillsTheActiveSubstance) {
-    EXPECT_TRUE(session::open_database(write("A.Q05", two())));
-    const Result<session::SubstanceRead> read = session::read_substance(1);
+    EXPECT_TRUE(session::open_database(session, write("A.Q05", two())));
+    const Result<session::SubstanceRead> read = session::read_substance(session, 1);
     ASSERT_TRUE(read);
     EXPECT_FALSE(read->noCriticalData);
-    EXPECT_EQ(legacy::the_substance.Name, "Propane");
-    EXPECT_EQ(legacy::the_substance.CASRN, "74-98-6     ");
-    EXPECT_DOUBLE_EQ(legacy::the_substance.Tcrit, 369.89);
-    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "WAG");
+    EXPECT_EQ(session->substance.Name, "Propane");
+    EXPECT_EQ(session->substance.CASRN, "74-98-6     ");
+    EXPECT_DOUBLE_EQ(session->substance.Tcrit, 369.89);
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
     EXPECT_EQ(name_after_reading(2), "Diäthyl ether");
-    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "000");
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "000");
 }
 
 TEST_F(Database, SubstanceZeroIsLeftAlone) {
-    EXPECT_TRUE(session::open_database(write("A.Q05", two())));
-    legacy::the_substance.Name = "as it was";
-    EXPECT_FALSE(session::read_substance(0));
-    EXPECT_EQ(legacy::the_substance.Name, "as it was");
+    EXPECT_TRUE(session::open_database(session, write("A.Q05", two())));
+    session.change()->substance.Name = "as it was";
+    EXPECT_FALSE(session::read_substance(session, 0));
+    EXPECT_EQ(session->substance.Name, "as it was");
 }
 
 TEST_F(Database, AnUnreadableRecordIsRefusedAndLeavesTheSubstance) {
     const std::string path = write("A.Q05", two());
-    EXPECT_TRUE(session::open_database(path));
-    legacy::the_substance.Name = "as it was";
+    EXPECT_TRUE(session::open_database(session, path));
+    session.change()->substance.Name = "as it was";
     for (const std::int16_t index : {std::int16_t{3}, std::int16_t{-1}, std::int16_t{32767}})
-        EXPECT_FALSE(session::read_substance(index)) << index;
+        EXPECT_FALSE(session::read_substance(session, index)) << index;
     // The file is cut short behind the program's back.
     std::filesystem::resize_file(path, 684 * 2);
-    EXPECT_FALSE(session::read_substance(2));
-    EXPECT_EQ(legacy::the_substance.Name, "as it was");
+    EXPECT_FALSE(session::read_substance(session, 2));
+    EXPECT_EQ(session->substance.Name, "as it was");
     EXPECT_EQ(name_after_reading(1), "Propane");
 }
 
 TEST_F(Database, ASubstanceWithoutCriticalDataIsLoadedAllTheSame) {
     std::vector<builder::Substance> list = two();
     list[1].slots[8] = 0;
-    EXPECT_TRUE(session::open_database(write("A.Q05", list)));
-    const Result<session::SubstanceRead> read = session::read_substance(2);
+    EXPECT_TRUE(session::open_database(session, write("A.Q05", list)));
+    const Result<session::SubstanceRead> read = session::read_substance(session, 2);
     ASSERT_TRUE(read);
     EXPECT_TRUE(read->noCriticalData);
-    EXPECT_EQ(legacy::the_substance.Name, "Diäthyl ether");
+    EXPECT_EQ(session->substance.Name, "Diäthyl ether");
 }
 
 TEST_F(Database, FiveThousandSubstancesOpen) {
@@ -189,8 +186,8 @@ TEST_F(Database, FiveThousandSubstancesOpen) {
         list.push_back(s);
     }
     const std::string path = write("BIG.Q05", list);
-    EXPECT_TRUE(session::open_database(path));
-    EXPECT_EQ(the_database.size(), 5000U);
+    EXPECT_TRUE(session::open_database(session, path));
+    EXPECT_EQ(session->database.size(), 5000U);
     EXPECT_EQ(entry(5000).name.substr(0, 13), "Stoff Ä 5000");
     EXPECT_EQ(name_after_reading(4321), "Stoff Ä 4321");
 }
@@ -198,13 +195,13 @@ TEST_F(Database, FiveThousandSubstancesOpen) {
 TEST_F(Database, TheCountHas16Bits) {
     std::string bytes =
         builder::Database(std::vector<builder::Substance>(32767, builder::Propane()));
-    EXPECT_TRUE(session::open_database(write_bytes("A.Q05", bytes)));
-    EXPECT_EQ(the_database.size(), 32767U);
+    EXPECT_TRUE(session::open_database(session, write_bytes("A.Q05", bytes)));
+    EXPECT_EQ(session->database.size(), 32767U);
     EXPECT_EQ(name_after_reading(32767), "Propane");
 }
 
 TEST_F(Database, OpeningShowsTheBusyPointer) {
-    EXPECT_TRUE(session::open_database(write("A.Q05", two())));
+    EXPECT_TRUE(session::open_database(session, write("A.Q05", two())));
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
 }
 
@@ -222,13 +219,13 @@ class PrivateDatabase : public Database {
         list[0].slots[90] = 270.0F;
         list[0].slots[93] = 0.5F;
         list[0].slots[86] = 1e-37F;
-        session::load_database(write("A.Q05", list));
-        (void)session::read_substance(1);
-        the_session.CurrentSubstance = 1;
+        session::load_database(session, write("A.Q05", list));
+        (void)session::read_substance(session, 1);
+        session.change()->substanceNumber = 1;
     }
     std::string save(const std::string& name) {
         user.fileAnswers.push_back((folder() / name).string());
-        EXPECT_TRUE(session::save_private_database());
+        EXPECT_TRUE(session::save_private_database(session));
         return builder::ReadFile(folder() / name);
     }
     static float slot(const std::string& bytes, std::size_t record, int k) {
@@ -251,10 +248,10 @@ TEST_F(PrivateDatabase, ItsHeaderHoldsTheDateAndACountOfOne) {
 }
 
 TEST_F(PrivateDatabase, ItTakesOverTheRecordAndKeepsTheRest) {
-    legacy::the_substance.Tcrit = 370.5;
-    legacy::the_substance.sconv = 999.0F;
-    legacy::the_substance.ptriple = 888.0F;
-    legacy::the_substance.WAG.TLo = 150;
+    session.change()->substance.Tcrit = 370.5;
+    session.change()->substance.sconv = 999.0F;
+    session.change()->substance.ptriple = 888.0F;
+    session.change()->substance.WAG.TLo = 150;
     const std::string bytes = save("P.Q05");
     EXPECT_EQ(bytes.substr(684, 12), "C3H8        ");
     EXPECT_EQ(bytes.substr(684 + 12, 8), "Propane ");
@@ -273,11 +270,11 @@ TEST_F(PrivateDatabase, ItTakesOverTheRecordAndKeepsTheRest) {
 
 TEST_F(PrivateDatabase, ItOpensAsADatabaseOfOneSubstanceWithNumberOne) {
     save("P.Q05");
-    EXPECT_EQ(session::load_database((folder() / "P.Q05").string()), LoadOutcome::Loaded);
-    EXPECT_EQ(the_database.size(), 1U);
+    EXPECT_EQ(session::load_database(session, (folder() / "P.Q05").string()), LoadOutcome::Loaded);
+    EXPECT_EQ(session->database.size(), 1U);
     EXPECT_EQ(entry(1).number, 1);
     EXPECT_EQ(name_after_reading(1), "Propane");
-    EXPECT_EQ(legacy::the_substance.sconv, 270.0F);
+    EXPECT_EQ(session->substance.sconv, 270.0F);
 }
 
 TEST_F(PrivateDatabase, ALongerOlderFileKeepsItsTail) {
@@ -292,7 +289,7 @@ TEST_F(PrivateDatabase, ALongerOlderFileKeepsItsTail) {
 
 TEST_F(PrivateDatabase, TheDialogIsTheOneForPrivateFiles) {
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(session::save_private_database());
+    EXPECT_FALSE(session::save_private_database(session));
     const dialogs::FileChoice& choice = user.files.back();
     EXPECT_TRUE(choice.save);
     EXPECT_EQ(choice.title, "Saving a Private Database File *.Q05 for the actual substance ");
@@ -304,28 +301,28 @@ TEST_F(PrivateDatabase, TheDialogIsTheOneForPrivateFiles) {
 
 TEST_F(PrivateDatabase, AFailurePassesSilently) {
     user.fileAnswers.push_back((folder() / "missing" / "P.Q05").string());
-    EXPECT_FALSE(session::save_private_database());
+    EXPECT_FALSE(session::save_private_database(session));
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(PrivateDatabase, WithoutASubstanceNothingIsWritten) {
-    the_session.CurrentSubstance = 0;
-    EXPECT_FALSE(session::write_private_database((folder() / "P.Q05").string()));
+    session.change()->substanceNumber = 0;
+    EXPECT_FALSE(session::write_private_database(session, (folder() / "P.Q05").string()));
     EXPECT_FALSE(std::filesystem::exists(folder() / "P.Q05"));
 }
 
 TEST_F(PrivateDatabase, TheOpenDatabaseIsNeverOverwritten) {
     const std::string before = builder::ReadFile(folder() / "A.Q05");
     user.fileAnswers.push_back((folder() / "A.Q05").string());
-    EXPECT_FALSE(session::save_private_database());
+    EXPECT_FALSE(session::save_private_database(session));
     EXPECT_EQ(builder::ReadFile(folder() / "A.Q05"), before);
     EXPECT_EQ(user.lastText(), "This file is the database that is open. Choose another name.");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
 
 TEST_F(PrivateDatabase, TheNameGoesIntoTheFieldOfTheLanguage) {
-    the_session.EnglishUi = false;
-    legacy::the_substance.Name = "Propan rein";
+    session.change()->english = false;
+    session.change()->substance.Name = "Propan rein";
     save("P");
     EXPECT_FALSE(std::filesystem::exists(folder() / "P"));
     const std::string file = builder::ReadFile(folder() / "P.Q05");
@@ -335,14 +332,14 @@ TEST_F(PrivateDatabase, TheNameGoesIntoTheFieldOfTheLanguage) {
 
 TEST_F(Database, AProjectsDatabaseIsFoundBesideItAndWhereOthersWere) {
     const auto found = [](const std::string& title, const std::filesystem::path& beside) {
-        return datafiles::find_database(title, beside, legacy::the_places,
-                                        legacy::the_databaseFolders);
+        return datafiles::find_database(title, beside, session.places(),
+                                        session->databaseFolders);
     };
     std::filesystem::create_directories(folder() / "elsewhere");
     builder::WriteFile(folder() / "elsewhere" / "X.Q05", builder::Database(two()));
     EXPECT_EQ(found("X.Q05", {}), "X.Q05");
     EXPECT_EQ(found("X.Q05", folder() / "elsewhere"), (folder() / "elsewhere" / "X.Q05").string());
-    EXPECT_EQ(session::load_database((folder() / "elsewhere" / "X.Q05").string()),
+    EXPECT_EQ(session::load_database(session, (folder() / "elsewhere" / "X.Q05").string()),
               LoadOutcome::Loaded);
     EXPECT_EQ(found("X.Q05", {}), (folder() / "elsewhere" / "X.Q05").string());
     write("X.Q05", two());

@@ -1,8 +1,6 @@
 #include "common/numbers.h"
 #include "datafiles/measured_table.h"
-#include "legacy/measured_data.h"
 #include "session/measured_data_session.h"
-#include "session/module2.h"
 #include "support/database_builder.h"
 #include "support/session_test.h"
 
@@ -14,8 +12,6 @@ namespace fs = std::filesystem;
 
 using datafiles::MeasuredPoint;
 using dialogs::Answer;
-using legacy::the_BatchData;
-using legacy::the_session;
 
 constexpr const char* kFile =
     "15.11.2026\r\n"
@@ -29,22 +25,22 @@ constexpr const char* kFile =
 class MeasuredDataSession : public SessionTest {
   protected:
     MeasuredDataSession() {
-        legacy::the_database = {
+        session.change()->database = {
             "TEST.Q05",
             {{1, "C3H8", "Propane", "74-98-6     "}, {2, "CH4", "Methane", "74-82-8     "}}};
-        the_session.CurrentSubstance = 1;
-        legacy::the_substance.CASRN = "74-98-6     ";
+        session.change()->substanceNumber = 1;
+        session.change()->substance.CASRN = "74-98-6     ";
     }
     bool load(const std::string& bytes, bool append = false) {
         builder::WriteFile(folder() / "D.BAQ", bytes);
-        return session::load_measured_data((folder() / "D.BAQ").string(), append);
+        return session::load_measured_data(session, (folder() / "D.BAQ").string(), append);
     }
 };
 
 TEST_F(MeasuredDataSession, LoadingFillsTheListFromElementOne) {
     the_BatchData[0].T = 999;
     EXPECT_TRUE(load(kFile));
-    ASSERT_EQ(the_session.BatchCount, 3);
+    ASSERT_EQ(session->measured.points.size(), 3);
     ASSERT_EQ(the_BatchData.size(), 4U);
     EXPECT_EQ(the_BatchData[0].T, 999.0);
     EXPECT_EQ(the_BatchData[1].T, 273.15);
@@ -55,19 +51,19 @@ TEST_F(MeasuredDataSession, LoadingFillsTheListFromElementOne) {
     EXPECT_EQ(the_BatchData[1].cp, 98.5F);
     EXPECT_EQ(the_BatchData[1].skip, 0);
     EXPECT_EQ(the_BatchData[3].T, 350.125);
-    EXPECT_EQ(the_session.BatchFile, "D.BAQ");
-    EXPECT_EQ(the_session.FolderBatch, (folder() / "").string());
-    EXPECT_EQ(the_session.BatchComment, "measured by Käthe");
-    EXPECT_EQ(the_session.BatchCasrn, "74-98-6     ");
+    EXPECT_EQ(session->measured.file, "D.BAQ");
+    EXPECT_EQ(session->folderMeasured, (folder() / "").string());
+    EXPECT_EQ(session->measured.comment, "measured by Käthe");
+    EXPECT_EQ(session->measured.casrn, "74-98-6     ");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(MeasuredDataSession, SavingWritesWhatWasLoaded) {
     load(kFile);
     user.fileAnswers.push_back((folder() / "E.BAQ").string());
-    EXPECT_TRUE(session::save_measured_data());
+    EXPECT_TRUE(session::save_measured_data(session));
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
-    EXPECT_EQ(the_session.BatchFile, "E.BAQ");
+    EXPECT_EQ(session->measured.file, "E.BAQ");
     EXPECT_EQ(user.files[0].title, "Save exper. data as text file *.BAQ");
     EXPECT_EQ(user.files[0].defaultExtension, ".BAQ");
     EXPECT_EQ(user.files[0].filter, "QUOR-specific file (*.BAQ)|*.BAQ");
@@ -81,8 +77,8 @@ TEST_F(MeasuredDataSession, ValuesComeBackExactlyInEitherLocale) {
             .T = 1.0 / 3.0, .p = 1e-7, .rhoV = 0.1F, .rhoL = 1e6F, .hLV = 12345.678F, .cp = 3e-5F};
         legacy::set_measured_data({.points = {set}, .casrn = "74-98-6     "});
         user.fileAnswers.push_back((folder() / "E.BAQ").string());
-        ASSERT_TRUE(session::save_measured_data());
-        ASSERT_TRUE(session::load_measured_data((folder() / "E.BAQ").string(), false));
+        ASSERT_TRUE(session::save_measured_data(session));
+        ASSERT_TRUE(session::load_measured_data(session, (folder() / "E.BAQ").string(), false));
         EXPECT_EQ(the_BatchData[1].T, set.T);
         EXPECT_EQ(the_BatchData[1].p, set.p);
         EXPECT_EQ(the_BatchData[1].rhoV, set.rhoV);
@@ -94,30 +90,30 @@ TEST_F(MeasuredDataSession, ValuesComeBackExactlyInEitherLocale) {
 
 TEST_F(MeasuredDataSession, AppendingGoesBehindTheDataAndToAnEmptyListItIsLoading) {
     EXPECT_TRUE(load(kFile, true));
-    EXPECT_EQ(the_session.BatchCount, 3);
-    EXPECT_EQ(the_session.BatchFile, "D.BAQ");
+    EXPECT_EQ(session->measured.points.size(), 3);
+    EXPECT_EQ(session->measured.file, "D.BAQ");
     the_BatchData[1].skip = -1;
     EXPECT_TRUE(load("d\r\nother comment\r\n74-98-6\r\n1\r\n400,1,2,3,4,5\r\n", true));
-    ASSERT_EQ(the_session.BatchCount, 4);
+    ASSERT_EQ(session->measured.points.size(), 4);
     EXPECT_EQ(the_BatchData[1].T, 273.15);
     EXPECT_EQ(the_BatchData[1].skip, -1);
     EXPECT_EQ(the_BatchData[4].T, 400.0);
-    EXPECT_EQ(the_session.BatchComment, "measured by Käthe");
+    EXPECT_EQ(session->measured.comment, "measured by Käthe");
     EXPECT_TRUE(load(kFile, false));
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(session->measured.points.size(), 3);
     EXPECT_EQ(the_BatchData[1].skip, 0);
 }
 
 TEST_F(MeasuredDataSession, LoadingAsksForAFile) {
     builder::WriteFile(folder() / "D.BAQ", kFile);
     user.fileAnswers.push_back("D.BAQ");
-    EXPECT_TRUE(session::load_measured_data(false));
+    EXPECT_TRUE(session::load_measured_data(session, false));
     EXPECT_EQ(user.files[0].title, "Open a batch-file of experimental data (*.BAQ)");
     EXPECT_FALSE(user.files[0].save);
     EXPECT_NE(user.files[0].filter.find("*.BAQ"), std::string::npos);
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(session::load_measured_data(false));
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_FALSE(session::load_measured_data(session, false));
+    EXPECT_EQ(session->measured.points.size(), 3);
 }
 
 TEST_F(MeasuredDataSession, AnUnknownSubstanceIsAskedAbout) {
@@ -125,7 +121,7 @@ TEST_F(MeasuredDataSession, AnUnknownSubstanceIsAskedAbout) {
     bytes.replace(bytes.find("74-98-6"), 7, "99-99-9");
     user.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(load(bytes));
-    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(session->measured.points.size(), 0);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(
         user.lastText(),
@@ -133,20 +129,20 @@ TEST_F(MeasuredDataSession, AnUnknownSubstanceIsAskedAbout) {
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(user.messages[0].buttons, dialogs::Buttons::YesNo);
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(session->measured.points.size(), 3);
     EXPECT_EQ(user.messages.size(), 2U);
 }
 
 TEST_F(MeasuredDataSession, WithoutAnActiveSubstanceNothingIsLoaded) {
-    the_session.CurrentSubstance = 0;
+    session.change()->substanceNumber = 0;
     EXPECT_FALSE(load(kFile));
     EXPECT_EQ(user.lastText(), "Load a substance!");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(session->measured.points.size(), 0);
 }
 
 TEST_F(MeasuredDataSession, AnotherSubstanceIsAskedAbout) {
-    the_session.CurrentSubstance = 2;
+    session.change()->substanceNumber = 2;
     user.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(load(kFile));
     EXPECT_EQ(user.lastText(),
@@ -154,7 +150,7 @@ TEST_F(MeasuredDataSession, AnotherSubstanceIsAskedAbout) {
               "nevertheless?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_TRUE(load(kFile));
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(session->measured.points.size(), 3);
 }
 
 TEST_F(MeasuredDataSession, SavingOverAFileAsks) {
@@ -162,38 +158,38 @@ TEST_F(MeasuredDataSession, SavingOverAFileAsks) {
     builder::WriteFile(folder() / "E.BAQ", "old");
     user.answers = {Answer::No, Answer::Yes};
     user.fileAnswers = {(folder() / "E").string(), (folder() / "E").string()};
-    EXPECT_FALSE(session::save_measured_data());
+    EXPECT_FALSE(session::save_measured_data(session));
     EXPECT_EQ(user.lastText(), "such a file is already existing\nOverwright?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), "old");
-    EXPECT_TRUE(session::save_measured_data());
+    EXPECT_TRUE(session::save_measured_data(session));
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
 }
 
 TEST_F(MeasuredDataSession, AFailedSaveIsToldAndNothingIsLost) {
     load(kFile);
     user.fileAnswers.push_back((folder() / "missing" / "E.BAQ").string());
-    EXPECT_FALSE(session::save_measured_data());
+    EXPECT_FALSE(session::save_measured_data(session));
     EXPECT_EQ(user.lastText(), "The file E.BAQ could not be written (No such file or directory).");
-    EXPECT_EQ(the_session.BatchFile, "D.BAQ");
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(session->measured.file, "D.BAQ");
+    EXPECT_EQ(session->measured.points.size(), 3);
 }
 
 TEST_F(MeasuredDataSession, ChangedDataAreAskedAboutBeforeTheyAreLeft) {
     load(kFile);
-    EXPECT_TRUE(session::may_leave_measured_data(false));
+    EXPECT_TRUE(session::may_leave_measured_data(session, false));
     EXPECT_TRUE(user.messages.empty());
     user.answers = {Answer::No};
-    EXPECT_TRUE(session::may_leave_measured_data(true));
+    EXPECT_TRUE(session::may_leave_measured_data(session, true));
     EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     // Yes, and then no name: the data may not be left.
     user.answers = {Answer::Yes};
     user.fileAnswers = {std::nullopt};
-    EXPECT_FALSE(session::may_leave_measured_data(true));
+    EXPECT_FALSE(session::may_leave_measured_data(session, true));
     user.answers = {Answer::Yes};
     user.fileAnswers = {(folder() / "E.BAQ").string()};
-    EXPECT_TRUE(session::may_leave_measured_data(true));
+    EXPECT_TRUE(session::may_leave_measured_data(session, true));
     EXPECT_TRUE(fs::exists(folder() / "E.BAQ"));
 }
 
@@ -212,16 +208,16 @@ TEST_F(MeasuredDataSession, FilesThatAreNoneAreToldAndChangeNothing) {
     for (const std::string bytes : {"", "a\r\nb\r\n74-98-6\r\n", "a\r\nb\r\n74-98-6\r\n12\r\n"}) {
         EXPECT_FALSE(load(bytes));
         EXPECT_EQ(user.lastText(), "The file D.BAQ holds no experimental data.");
-        EXPECT_EQ(the_session.BatchCount, 3);
+        EXPECT_EQ(session->measured.points.size(), 3);
     }
-    EXPECT_FALSE(session::load_measured_data("MISSING.BAQ", false));
+    EXPECT_FALSE(session::load_measured_data(session, "MISSING.BAQ", false));
     EXPECT_EQ(user.lastText(), "The file MISSING.BAQ was not found.");
 }
 
 TEST_F(MeasuredDataSession, AShortenedFileGivesItsWholeSetsAndSaysSo) {
     const std::string bytes = kFile;
     EXPECT_TRUE(load(bytes.substr(0, bytes.find("21.6") + 2)));
-    EXPECT_EQ(the_session.BatchCount, 1);
+    EXPECT_EQ(session->measured.points.size(), 1);
     EXPECT_EQ(user.lastText(), "The file D.BAQ announces 3 sets of data, but holds only 1.");
     EXPECT_EQ(user.lastTitle(), "WARNING");
 }
@@ -230,7 +226,7 @@ TEST_F(MeasuredDataSession, ALastLineWithoutAnEndCountsWhenTheFileIsComplete) {
     std::string bytes = kFile;
     bytes.resize(bytes.size() - 2);
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(session->measured.points.size(), 3);
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -238,11 +234,11 @@ TEST_F(MeasuredDataSession, AHugeCountIsLimitedByWhatIsThere) {
     std::string bytes = kFile;
     bytes.replace(bytes.find("\r\n3\r\n"), 5, "\r\n4000000000\r\n");
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(session->measured.points.size(), 3);
     bytes = kFile;
     bytes.replace(bytes.find("\r\n3\r\n"), 5, "\r\n-3\r\n");
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(session->measured.points.size(), 0);
     EXPECT_GE(the_BatchData.size(), 2U);
 }
 
@@ -252,17 +248,17 @@ TEST_F(MeasuredDataSession, MoreSetsThanCanBeCountedAreRefused) {
     EXPECT_TRUE(load(bytes));
     EXPECT_FALSE(load(bytes, true));
     EXPECT_EQ(user.lastText(), "There is room for 32767 sets of data only.");
-    EXPECT_EQ(the_session.BatchCount, 20000);
+    EXPECT_EQ(session->measured.points.size(), 20000);
 }
 
 TEST_F(MeasuredDataSession, AColumnIsSavedAsXYWithoutInactiveAndEmptySets) {
     load(kFile);
     the_BatchData[2].skip = -1;
     user.fileAnswers = {(folder() / "P.XY").string(), (folder() / "R.XY").string()};
-    EXPECT_TRUE(session::save_measured_column(1));
+    EXPECT_TRUE(session::save_measured_column(session, 1));
     EXPECT_EQ(builder::ReadFile(folder() / "P.XY"),
               "measured by K\xE4the\r\n.2731500E+03;.4745000E+03\r\n.3501250E+03;.2950000E+04\r\n");
-    EXPECT_TRUE(session::save_measured_column(2));
+    EXPECT_TRUE(session::save_measured_column(session, 2));
     EXPECT_EQ(builder::ReadFile(folder() / "R.XY"),
               "measured by K\xE4the\r\n.2731500E+03;.5286000E+03\r\n");
 }
@@ -270,19 +266,19 @@ TEST_F(MeasuredDataSession, AColumnIsSavedAsXYWithoutInactiveAndEmptySets) {
 TEST_F(MeasuredDataSession, DataOfAnotherSubstanceKeepItsMolarMass) {
     builder::WriteFile(folder() / "T.Q05",
                        builder::Database({builder::Propane(), builder::Plain("b", "74-82-8")}));
-    legacy::the_database = *datafiles::Database::open(folder() / "T.Q05");
-    legacy::the_substance.M = 18.0F;  // the active substance is another one
-    the_session.CurrentSubstance = 2;
+    session.change()->database = *datafiles::Database::open(folder() / "T.Q05");
+    session.change()->substance.M = 18.0F;  // the active substance is another one
+    session.change()->substanceNumber = 2;
     EXPECT_TRUE(load(kFile));
-    EXPECT_NEAR(legacy::measured_data().M, 44.096, 1e-3) << "propane's, as the database has it";
-    EXPECT_EQ(legacy::measured_data().casrn, "74-98-6     ");
+    EXPECT_NEAR(session->measured.M, 44.096, 1e-3) << "propane's, as the database has it";
+    EXPECT_EQ(session->measured.casrn, "74-98-6     ");
 }
 
 TEST_F(MeasuredDataSession, SavedDataKeepTheirSubstance) {
     load(kFile);
-    legacy::the_substance.CASRN = "7732-18-5   ";
+    session.change()->substance.CASRN = "7732-18-5   ";
     user.fileAnswers.push_back((folder() / "E.BAQ").string());
-    EXPECT_TRUE(session::save_measured_data());
+    EXPECT_TRUE(session::save_measured_data(session));
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
 }
 

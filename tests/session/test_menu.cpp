@@ -4,8 +4,6 @@
 
 #include "app/menu_catalogue.h"
 #include "app/menu_commands.h"
-#include "session/actions.h"
-#include "session/module2.h"
 #include "support/codes.h"
 #include "support/session_test.h"
 
@@ -13,7 +11,6 @@ using namespace quor;
 
 namespace {
 
-using legacy::the_session;
 using session::Command;
 
 class Menu : public SessionTest {
@@ -153,10 +150,10 @@ TEST_F(Menu, DiagramRowsCarryTheirDiagrams) {
             const menu::Row& r = row(name);
             EXPECT_EQ(r.code, e.codes[i]) << name;
             EXPECT_TRUE(menu::Prepare(r));
-            ASSERT_NE(legacy::the_diagram, nullptr) << name;
-            EXPECT_EQ(legacy::the_diagram->code, e.codes[i]);
-            EXPECT_EQ(legacy::the_diagram->section, sections.at(e.sections[i])) << name;
-            EXPECT_EQ(legacy::the_diagram->axisPair, e.axes[i]) << name;
+            ASSERT_NE(session->diagram, nullptr) << name;
+            EXPECT_EQ(session->diagram->code, e.codes[i]);
+            EXPECT_EQ(session->diagram->section, sections.at(e.sections[i])) << name;
+            EXPECT_EQ(session->diagram->axisPair, e.axes[i]) << name;
         }
     const auto shown = std::count_if(menu::Rows().begin(), menu::Rows().end(),
                                      [](const auto& r) { return r.action == "Diagram2D"; });
@@ -196,7 +193,7 @@ TEST_F(Menu, ACommandSwitchesItsRow) {
         {"mnuData_EditStoffdaten", Command::mnuData_EditStoffdaten}};
     for (const auto& [name, command] : rows) {
         EXPECT_FALSE(menu::Enabled(row(name))) << name;
-        session::set_commands({command}, true);
+        session::set_commands(session, {command}, true);
         EXPECT_TRUE(menu::Enabled(row(name))) << name;
     }
     for (const char* always :
@@ -210,7 +207,7 @@ TEST_F(Menu, CaptionsFollowTheModeOfCalculation) {
     EXPECT_EQ(menu::Caption(row("mnuCalc_2")), "T, p         => rho, state L/V  + thermod. Fu.");
     EXPECT_EQ(menu::Caption(row("mnuCalc_3")), "p, rho      => T, state L/V     + thermod. Fu.");
     EXPECT_FALSE(menu::Visible(row("mnuCalc_1")));
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     EXPECT_EQ(menu::Caption(row("mnuCalc_0")),
               "columns T, rho(V) => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(row("mnuCalc_1")),
@@ -225,19 +222,19 @@ TEST_F(Menu, CaptionsFollowTheModeOfCalculation) {
 TEST_F(Menu, TheVirialRowNamesParametersOnlyForACubicEquation) {
     EXPECT_EQ(menu::Caption(row("mnuCalc_18")),
               "T => Virial Coefficient B, Parameters of the CEOS");
-    legacy::the_models.EOSOnlyV = true;
+    session.change()->models.EOSOnlyV = true;
     EXPECT_EQ(menu::Caption(row("mnuCalc_18")), "T => Virial Coefficient B");
 }
 
 TEST_F(Menu, TheTankIsForDirectOperation) {
     handleAll();
-    session::set_commands({Command::mnuCalcMain, Command::toolTank, Command::needsLPhase}, true);
+    session::set_commands(session, {Command::mnuCalcMain, Command::toolTank, Command::needsLPhase}, true);
     const menu::ToolButton& tool = menu::tool_buttons().back();
     ASSERT_EQ(tool.index, 15);
     EXPECT_TRUE(menu::Enabled(row("mnuCalc_15")));
     EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
     EXPECT_TRUE(menu::Enabled(tool));
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     EXPECT_FALSE(menu::Enabled(row("mnuCalc_15")));
     EXPECT_FALSE(menu::Enabled(row("mnuCalc_16")));
     EXPECT_FALSE(menu::Enabled(tool));
@@ -245,8 +242,8 @@ TEST_F(Menu, TheTankIsForDirectOperation) {
 
 TEST_F(Menu, TheGlobalTankNeedsALiquidFromTheEquationOfState) {
     handleAll();
-    session::set_commands({Command::mnuCalcMain, Command::toolTank}, true);
-    legacy::the_models.PriorityCEOS = false;
+    session::set_commands(session, {Command::mnuCalcMain, Command::toolTank}, true);
+    session.change()->models.PriorityCEOS = false;
     EXPECT_FALSE(menu::Enabled(row("mnuCalc_15")));
     EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
     EXPECT_TRUE(menu::Enabled(menu::tool_buttons().back()));
@@ -254,9 +251,9 @@ TEST_F(Menu, TheGlobalTankNeedsALiquidFromTheEquationOfState) {
 
 TEST_F(Menu, TheTankButtonGoesWithTheCalculationMenu) {
     handleAll();
-    session::set_commands({Command::toolTank, Command::needsLPhase}, true);
+    session::set_commands(session, {Command::toolTank, Command::needsLPhase}, true);
     EXPECT_FALSE(menu::Enabled(menu::tool_buttons().back()));
-    session::set_commands({Command::mnuCalcMain}, true);
+    session::set_commands(session, {Command::mnuCalcMain}, true);
     EXPECT_TRUE(menu::Enabled(menu::tool_buttons().back()));
 }
 
@@ -277,7 +274,7 @@ TEST_F(Menu, ToolButtonsBearTheirTips) {
 
 TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
     handleAll();
-    models::SubstanceRecord& s = legacy::the_substance;
+    models::SubstanceRecord& s = session->substance;
     const auto enabled = [](const std::string& name) { return menu::Enabled(row(name)); };
     const std::string first = "mnuCalc_sub_database_", second = "mnuCalc_sub_sub_database_";
     for (int i = 1; i <= 6; ++i) EXPECT_FALSE(enabled(first + std::to_string(i))) << i;
@@ -317,27 +314,27 @@ TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
 TEST_F(Menu, ParametersOfTheEOSNeedACompleteChoice) {
     handleAll();
     EXPECT_FALSE(menu::Enabled(row("mnuData_ParameterEOS")));
-    session::set_commands({Command::mnuCalcMain}, true);
+    session::set_commands(session, {Command::mnuCalcMain}, true);
     EXPECT_TRUE(menu::Enabled(row("mnuData_ParameterEOS")));
 }
 
 TEST_F(Menu, SurfacesOfACubicEquationAskForTheRealBehaviour) {
-    legacy::the_models.EOSModel = codes::eos(6);
+    session.change()->models.EOSModel = codes::eos(6);
     user.answers = {dialogs::Answer::No};
     EXPECT_TRUE(menu::Prepare(row("mnu3DSub_0")));
-    EXPECT_TRUE(the_session.SCurve3D);
-    EXPECT_EQ(the_session.Diagram3DKind, 1);
+    EXPECT_TRUE(session->surfaceSCurve);
+    EXPECT_EQ(session->surfaceKind, 1);
     EXPECT_EQ(user.lastText(),
               "Draw physically real behaviour?\n"
               "(No = Draw S-shaped curves in the undercritical region)");
     EXPECT_EQ(user.lastTitle(), "for cubic EOS only");
     user.answers = {dialogs::Answer::Yes};
     menu::Prepare(row("mnu3DSub_0"));
-    EXPECT_FALSE(the_session.SCurve3D);
+    EXPECT_FALSE(session->surfaceSCurve);
 
     const std::size_t asked = user.messages.size();
     menu::Prepare(row("mnu3DSub_5"));
-    legacy::the_models.EOSOnlyV = true;
+    session.change()->models.EOSOnlyV = true;
     menu::Prepare(row("mnu3DSub_0"));
     EXPECT_EQ(user.messages.size(), asked);
 }
@@ -349,9 +346,9 @@ TEST_F(Menu, NewDataNeedASubstance) {
 }
 
 TEST_F(Menu, NewDataReplaceOldOnesOnlyAfterAYes) {
-    the_session.CurrentSubstance = 1;
-    the_session.BatchCount = 2;
-    the_session.BatchFile = "old.BAQ";
+    session.change()->substanceNumber = 1;
+    session.change()->measured.points.size() = 2;
+    session.change()->measured.file = "old.BAQ";
     legacy::the_BatchData.assign(3, {.T = 300});
     user.answers = {dialogs::Answer::No};
     EXPECT_FALSE(menu::Prepare(row("mnuData_BatchInput")));
@@ -359,12 +356,12 @@ TEST_F(Menu, NewDataReplaceOldOnesOnlyAfterAYes) {
               "Exspecting input of new data;\nthe existing set of data will be deleted.\n"
               "Do you want this?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(the_session.BatchCount, 2);
+    EXPECT_EQ(session->measured.points.size(), 2);
 
     user.answers = {dialogs::Answer::Yes};
     EXPECT_TRUE(menu::Prepare(row("mnuData_BatchInput")));
-    EXPECT_EQ(the_session.BatchCount, 0);
-    EXPECT_EQ(the_session.BatchFile, "");
+    EXPECT_EQ(session->measured.points.size(), 0);
+    EXPECT_EQ(session->measured.file, "");
     EXPECT_EQ(legacy::the_BatchData[0].T, 300) << "the direct input stays";
     EXPECT_EQ(legacy::the_BatchData[1].T, 0);
 }
@@ -382,17 +379,17 @@ TEST_F(Menu, TheNoteOnSavingAProjectAppearsOnce) {
 }
 
 TEST_F(Menu, FittingForgetsTheMeasuredData) {
-    the_session.BatchCount = 5;
+    session.change()->measured.points.size() = 5;
     menu::Prepare(row("mnuFitting"));
-    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(session->measured.points.size(), 0);
 }
 
 TEST_F(Menu, OpeningTheDataMenuOffersToEditWhatIsThere) {
     menu::open_data_menu();
-    EXPECT_FALSE(session::is_enabled(Command::mnuData_BatchEdit));
-    the_session.BatchCount = 1;
+    EXPECT_FALSE(session::is_enabled(session, Command::mnuData_BatchEdit));
+    session.change()->measured.points.size() = 1;
     menu::open_data_menu();
-    EXPECT_TRUE(session::is_enabled(Command::mnuData_BatchEdit));
+    EXPECT_TRUE(session::is_enabled(session, Command::mnuData_BatchEdit));
 }
 
 TEST_F(Menu, AnActionMayReplaceItselfWhileItRuns) {

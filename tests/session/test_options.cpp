@@ -2,7 +2,6 @@
 #include "support/codes.h"
 
 #include "app/menu_catalogue.h"
-#include "session/module2.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -10,24 +9,23 @@ using namespace quor;
 
 namespace {
 
-using legacy::the_session;
 
 class Options : public SessionTest {
   protected:
     Options() {
-        legacy::the_substance = fluids::ReferencePropane();
-        legacy::the_models.EOSModel = codes::eos(6);
-        legacy::the_eosParameters.vcritCalc = 0.2;
+        session.change()->substance = fluids::ReferencePropane();
+        session.change()->models.EOSModel = codes::eos(6);
+        session.change()->eosParameters.vcritCalc = 0.2;
     }
 };
 
 TEST_F(Options, OpenWithTheSettingsOfTheSession) {
-    the_session.CaloricUnit = 3;
-    the_session.UnitMode = 2;
-    the_session.BatchMode = true;
-    the_session.PointsPerCurve = 450;
-    the_session.PartialGasCurve = true;
-    const session::OptionChoice c = session::open_options();
+    session.change()->caloricUnit = 3;
+    session.change()->unitSystem = 2;
+    session.change()->batchMode = true;
+    session.change()->curveOptions.points = 450;
+    session.change()->curveOptions.partialGas = true;
+    const session::OptionChoice c = session::open_options(session);
     EXPECT_TRUE(c.specific && c.reduced && c.batch && c.partialGas && c.realRange);
     EXPECT_EQ(c.points, 450);
     EXPECT_TRUE(c.reducedPossible);
@@ -35,50 +33,50 @@ TEST_F(Options, OpenWithTheSettingsOfTheSession) {
 }
 
 TEST_F(Options, WithoutCriticalDataReducedUnitsAreNotOffered) {
-    legacy::the_substance.pcrit = 0;
-    the_session.UnitMode = 2;
-    EXPECT_FALSE(session::open_options().reducedPossible);
-    EXPECT_EQ(the_session.UnitMode, 0);
+    session.change()->substance.pcrit = 0;
+    session.change()->unitSystem = 2;
+    EXPECT_FALSE(session::open_options(session).reducedPossible);
+    EXPECT_EQ(session->unitSystem, 0);
 }
 
 TEST_F(Options, AVOnlyEquationHasNoSCurve) {
-    legacy::the_models.EOSOnlyV = true;
-    EXPECT_FALSE(session::open_options().sCurvePossible);
+    session.change()->models.EOSOnlyV = true;
+    EXPECT_FALSE(session::open_options(session).sCurvePossible);
 }
 
 TEST_F(Options, SpecificUnitsSetFactorsAndLabels) {
-    session::OptionChoice c = session::open_options();
+    session::OptionChoice c = session::open_options(session);
     c.specific = true;
-    ASSERT_TRUE(session::apply_options(c));
-    const double M = static_cast<double>(legacy::the_substance.M);
-    EXPECT_EQ(the_session.CaloricUnit, 3);
-    EXPECT_EQ(the_session.UnitMode, 1);
-    EXPECT_DOUBLE_EQ(the_session.CaloricFactor, 1 / M);
-    EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 1 / M);
-    EXPECT_EQ(the_session.VolumeLabel, "m^3/kg  ");
-    EXPECT_TRUE(the_session.UnitsChanged);
-    ASSERT_TRUE(session::apply_options(session::open_options()));
-    EXPECT_FALSE(the_session.UnitsChanged) << "nothing changed the second time";
+    ASSERT_TRUE(session::apply_options(session, c));
+    const double M = static_cast<double>(session->substance.M);
+    EXPECT_EQ(session->caloricUnit, 3);
+    EXPECT_EQ(session->unitSystem, 1);
+    EXPECT_DOUBLE_EQ(session->caloricFactor, 1 / M);
+    EXPECT_DOUBLE_EQ(session->VolumeFactor, 1 / M);
+    EXPECT_EQ(session->VolumeLabel, "m^3/kg  ");
+    EXPECT_TRUE(session->unitsChanged);
+    ASSERT_TRUE(session::apply_options(session::open_options(session)));
+    EXPECT_FALSE(session->unitsChanged) << "nothing changed the second time";
 }
 
 TEST_F(Options, ReducedUnitsOverrideTheVolumeUnit) {
-    session::OptionChoice c = session::open_options();
+    session::OptionChoice c = session::open_options(session);
     c.reduced = true;
-    ASSERT_TRUE(session::apply_options(c));
-    EXPECT_EQ(the_session.UnitMode, 2);
-    EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 5.0);
-    EXPECT_EQ(the_session.TemperatureLabel, "p(red)");
+    ASSERT_TRUE(session::apply_options(session, c));
+    EXPECT_EQ(session->unitSystem, 2);
+    EXPECT_DOUBLE_EQ(session->VolumeFactor, 5.0);
+    EXPECT_EQ(session->TemperatureLabel, "p(red)");
 }
 
 TEST_F(Options, WithoutMolarMassSpecificUnitsAreRefusedAndNothingChanges) {
-    legacy::the_substance.M = 0;
-    session::OptionChoice c = session::open_options();
+    session.change()->substance.M = 0;
+    session::OptionChoice c = session::open_options(session);
     c.specific = true;
     c.batch = true;
-    EXPECT_FALSE(session::apply_options(c));
+    EXPECT_FALSE(session::apply_options(session, c));
     EXPECT_EQ(user.lastText(), "Division by zero");
-    EXPECT_EQ(the_session.CaloricUnit, 0);
-    EXPECT_FALSE(the_session.BatchMode);
+    EXPECT_EQ(session->caloricUnit, 0);
+    EXPECT_FALSE(session->batchMode);
 }
 
 TEST_F(Options, TheCalculationMenuFollowsTheMode) {
@@ -86,9 +84,9 @@ TEST_F(Options, TheCalculationMenuFollowsTheMode) {
     const menu::Row* second = menu::Find("mnuCalc_1");
     const menu::Row* tank = menu::Find("mnuCalc_15");
     ASSERT_TRUE(first != nullptr && second != nullptr && tank != nullptr);
-    session::OptionChoice c = session::open_options();
+    session::OptionChoice c = session::open_options(session);
     c.batch = true;
-    session::apply_options(c);
+    session::apply_options(session, c);
     EXPECT_EQ(menu::Caption(*first), "columns T, rho(V) => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(*second), "columns T, rho(L) => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(*menu::Find("mnuCalc_2")),
@@ -98,7 +96,7 @@ TEST_F(Options, TheCalculationMenuFollowsTheMode) {
     EXPECT_TRUE(menu::Visible(*second));
     EXPECT_FALSE(menu::allowed(*tank));
     c.batch = false;
-    session::apply_options(c);
+    session::apply_options(session, c);
     EXPECT_EQ(menu::Caption(*first), "T, rho      => p, state L/V     + thermod. Fu.");
     EXPECT_EQ(menu::Caption(*menu::Find("mnuCalc_2")),
               "T, p         => rho, state L/V  + thermod. Fu.");
@@ -108,17 +106,17 @@ TEST_F(Options, TheCalculationMenuFollowsTheMode) {
 }
 
 TEST_F(Options, PointsStayWithinTheirRange) {
-    session::OptionChoice c = session::open_options();
+    session::OptionChoice c = session::open_options(session);
     c.points = 5000;
-    session::apply_options(c);
-    EXPECT_EQ(the_session.PointsPerCurve, session::kMaxPoints);
+    session::apply_options(session, c);
+    EXPECT_EQ(session->curveOptions.points, session::kMaxPoints);
 }
 
 TEST_F(Options, DiagramLimitsAreDerivedAgain) {
     static int calls = 0;
     calls = 0;
     session::on_options_applied([] { ++calls; });
-    session::apply_options(session::open_options());
+    session::apply_options(session::open_options(session));
     session::on_options_applied(nullptr);
     EXPECT_EQ(calls, 1);
 }

@@ -1,7 +1,5 @@
 #include "common/numbers.h"
-#include "legacy/current_fluid.h"
 #include "models/virial.h"
-#include "session/module2.h"
 #include "session/project_session.h"
 #include "session/substance_session.h"
 #include "support/codes.h"
@@ -14,9 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using legacy::the_models;
-using legacy::the_reference;
-using legacy::the_session;
 using session::ProjectResult;
 
 /// The text of a project with settings of its own for every item.
@@ -62,46 +57,46 @@ class ProjectSession : public SessionTest {
     }
 
     void open_and_choose() {
-        session::load_database("A.Q05");
+        session::load_database(session, "A.Q05");
         choose(2);
     }
     static void choose(std::int16_t index) {
-        (void)session::read_substance(index);
-        the_session.CurrentSubstance = index;
+        (void)session::read_substance(session, index);
+        session.change()->substanceNumber = index;
     }
     ProjectResult load(const std::string& text, const std::string& name = "P.QCF") {
         builder::WriteFile(folder() / name, text);
-        return session::load_project((folder() / name).string());
+        return session::load_project(session, (folder() / name).string());
     }
     static void expect_settings_of_the_project() {
-        EXPECT_EQ(the_session.DiagramT, 310.25);
-        EXPECT_EQ(the_session.DiagramP, 1500.5);
-        EXPECT_EQ(the_session.DiagramV, 0.125);
-        EXPECT_EQ(the_session.CaloricFactor, 0.02);
-        EXPECT_EQ(the_session.UnitMode, 1);
-        EXPECT_EQ(the_session.CaloricUnit, 3);
-        EXPECT_FALSE(the_session.CurveRealRangeOnly);
-        EXPECT_EQ(the_session.PointsPerCurve, 450);
-        EXPECT_EQ(the_session.CsvSeparator, ',');
-        EXPECT_EQ(models::code_of(the_models.VPModel), 3);
-        EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
-        EXPECT_EQ(models::code_of(the_models.CpModel), 2);
-        EXPECT_EQ(models::code_of(the_models.HLVModel), 4);
-        EXPECT_EQ(the_models.WatsonN, 0.375F);
-        EXPECT_FALSE(the_models.PriorityCEOS);
-        EXPECT_EQ(the_reference.RefMode, 10);
-        EXPECT_EQ(the_reference.href, -100.5);
-        EXPECT_EQ(the_reference.sref, 2.5);
-        EXPECT_EQ(the_reference.T0, 273.15F);
-        EXPECT_EQ(the_reference.p0, 100.0F);
-        EXPECT_EQ(the_reference.Tenv, 288.15);
-        EXPECT_EQ(the_reference.penv, 95.5);
-        EXPECT_TRUE(the_session.BatchMode);
-        EXPECT_TRUE(the_session.CurveSWithoutTieLine);
-        EXPECT_TRUE(the_session.PartialGasCurve);
-        EXPECT_EQ(the_session.tank.V, 2.5F);
-        EXPECT_EQ(the_session.tank.m, 12.5F);
-        EXPECT_EQ(the_session.tank.T, 299.5F);
+        EXPECT_EQ(session->diagramAt.T, 310.25);
+        EXPECT_EQ(session->diagramAt.p, 1500.5);
+        EXPECT_EQ(session->diagramAt.v, 0.125);
+        EXPECT_EQ(session->caloricFactor, 0.02);
+        EXPECT_EQ(session->unitSystem, 1);
+        EXPECT_EQ(session->caloricUnit, 3);
+        EXPECT_FALSE(session->curveOptions.realRangeOnly);
+        EXPECT_EQ(session->curveOptions.points, 450);
+        EXPECT_EQ(session->csvSeparator, ',');
+        EXPECT_EQ(models::code_of(session->models.VPModel), 3);
+        EXPECT_EQ(models::code_of(session->models.EOSModel), 5);
+        EXPECT_EQ(models::code_of(session->models.CpModel), 2);
+        EXPECT_EQ(models::code_of(session->models.HLVModel), 4);
+        EXPECT_EQ(session->models.WatsonN, 0.375F);
+        EXPECT_FALSE(session->models.PriorityCEOS);
+        EXPECT_EQ(session->reference.RefMode, 10);
+        EXPECT_EQ(session->reference.href, -100.5);
+        EXPECT_EQ(session->reference.sref, 2.5);
+        EXPECT_EQ(session->reference.T0, 273.15F);
+        EXPECT_EQ(session->reference.p0, 100.0F);
+        EXPECT_EQ(session->reference.Tenv, 288.15);
+        EXPECT_EQ(session->reference.penv, 95.5);
+        EXPECT_TRUE(session->batchMode);
+        EXPECT_TRUE(session->curveOptions.sWithoutTieLine);
+        EXPECT_TRUE(session->curveOptions.partialGas);
+        EXPECT_EQ(session->tank.V, 2.5F);
+        EXPECT_EQ(session->tank.m, 12.5F);
+        EXPECT_EQ(session->tank.T, 299.5F);
     }
 };
 
@@ -112,45 +107,45 @@ TEST_F(ProjectSession, EveryItemIsRead) {
     EXPECT_TRUE(result.modelsComplete);
     EXPECT_FALSE(result.noCriticalData);
     expect_settings_of_the_project();
-    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
-    EXPECT_EQ(the_session.CurrentSubstance, 2);
-    EXPECT_EQ(legacy::the_substance.Name, "Propane");
-    EXPECT_EQ(the_session.ProjectComment, "my comment");
-    EXPECT_EQ(the_session.ProjectFile, "P.QCF");
-    EXPECT_EQ(the_session.FolderProject, (folder() / "").string());
-    EXPECT_TRUE(the_session.ProjectLoaded);
+    EXPECT_EQ(session->databaseFile, "A.Q05");
+    EXPECT_EQ(session->substanceNumber, 2);
+    EXPECT_EQ(session->substance.Name, "Propane");
+    EXPECT_EQ(session->projectComment, "my comment");
+    EXPECT_EQ(session->projectFile, "P.QCF");
+    EXPECT_EQ(session->folderProjects, (folder() / "").string());
+    EXPECT_TRUE(session->ProjectLoaded);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(ProjectSession, WhatFollowsFromTheSettingsIsDerived) {
     load(kProject);
-    EXPECT_EQ(models::vp_code(the_models.VPModel), "FRO");
-    EXPECT_FALSE(the_models.EOSOnlyV);
-    EXPECT_GT(legacy::the_eosParameters.vcritCalc, 0.0);
-    EXPECT_NE(legacy::the_substance.KFW.a[0], 0.0F);
-    EXPECT_NE(legacy::the_substance.KFR.a[0], 0.0F);
-    EXPECT_NE(legacy::the_substance.THO.A, 0.0F);
-    EXPECT_EQ(the_session.VolumeLabel, "m^3/kg  ");
-    EXPECT_DOUBLE_EQ(the_session.VolumeFactor, 1.0 / static_cast<double>(44.096F));
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "FRO");
+    EXPECT_FALSE(session->models.EOSOnlyV);
+    EXPECT_GT(session->eosParameters.vcritCalc, 0.0);
+    EXPECT_NE(session->substance.KFW.a[0], 0.0F);
+    EXPECT_NE(session->substance.KFR.a[0], 0.0F);
+    EXPECT_NE(session->substance.THO.A, 0.0F);
+    EXPECT_EQ(session->VolumeLabel, "m^3/kg  ");
+    EXPECT_DOUBLE_EQ(session->VolumeFactor, 1.0 / static_cast<double>(44.096F));
 }
 
 TEST_F(ProjectSession, SavingWritesTheItemsInTheirOrder) {
     load(kProject);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("my comment");
-    EXPECT_TRUE(session::save_project(true));
+    EXPECT_TRUE(session::save_project(session, true));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
-    EXPECT_EQ(the_session.ProjectFile, "B.QCF");
+    EXPECT_EQ(session->projectFile, "B.QCF");
 }
 
 TEST_F(ProjectSession, TheDecimalMarkOfTheLocaleDoesNotReachTheFile) {
     load(kProject);
     numbers::set_decimal_mark(',');
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_TRUE(session::save_project(true));
+    EXPECT_TRUE(session::save_project(session, true));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
     session::reset_everything();
-    session::load_project((folder() / "B.QCF").string());
+    session::load_project(session, (folder() / "B.QCF").string());
     expect_settings_of_the_project();
 }
 
@@ -172,29 +167,29 @@ TEST_F(ProjectSession, LineEndsOfOtherSystemsReadTheSame) {
 
 TEST_F(ProjectSession, ValuesComeBackExactly) {
     open_and_choose();
-    the_session.DiagramT = 1.0 / 3.0;
-    the_session.DiagramP = 123456789.123456789;
-    the_reference.href = -1e-7;
-    the_models.WatsonN = 0.1F;
-    the_session.CsvSeparator = '\t';
+    session.change()->diagramAt.T = 1.0 / 3.0;
+    session.change()->diagramAt.p = 123456789.123456789;
+    session.change()->reference.href = -1e-7;
+    session.change()->models.WatsonN = 0.1F;
+    session.change()->csvSeparator = '\t';
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    ASSERT_TRUE(session::save_project(true));
+    ASSERT_TRUE(session::save_project(session, true));
     session::reset_everything();
-    EXPECT_TRUE(session::load_project((folder() / "B.QCF").string()).loaded);
-    EXPECT_EQ(the_session.DiagramT, 1.0 / 3.0);
-    EXPECT_EQ(the_session.DiagramP, 123456789.123456789);
-    EXPECT_EQ(the_reference.href, -1e-7);
-    EXPECT_EQ(the_models.WatsonN, 0.1F);
-    EXPECT_EQ(the_session.CsvSeparator, '\t');
+    EXPECT_TRUE(session::load_project(session, (folder() / "B.QCF").string()).loaded);
+    EXPECT_EQ(session->diagramAt.T, 1.0 / 3.0);
+    EXPECT_EQ(session->diagramAt.p, 123456789.123456789);
+    EXPECT_EQ(session->reference.href, -1e-7);
+    EXPECT_EQ(session->models.WatsonN, 0.1F);
+    EXPECT_EQ(session->csvSeparator, '\t');
 }
 
 TEST_F(ProjectSession, SavingAsksForNameAndComment) {
     open_and_choose();
-    the_session.ProjectComment = "earlier";
-    the_session.ProjectFile = "OLD.QCF";
+    session.change()->projectComment = "earlier";
+    session.change()->projectFile = "OLD.QCF";
     user.fileAnswers.push_back("B");
     user.inputAnswers.push_back(std::nullopt);
-    EXPECT_TRUE(session::save_project(true));
+    EXPECT_TRUE(session::save_project(session, true));
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_TRUE(user.files[0].save);
     EXPECT_EQ(user.files[0].title, "save actual project as ...");
@@ -214,7 +209,7 @@ TEST_F(ProjectSession, SavingAsksForNameAndComment) {
 TEST_F(ProjectSession, CancellingTheDialogWritesNothing) {
     open_and_choose();
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(session::save_project(true));
+    EXPECT_FALSE(session::save_project(session, true));
     EXPECT_TRUE(user.inputs.empty());
 }
 
@@ -223,7 +218,7 @@ TEST_F(ProjectSession, AFailedSaveIsToldAndLeavesTheOldFile) {
     builder::WriteFile(folder() / "B.QCF", "old");
     fs::permissions(folder() / "B.QCF", fs::perms::owner_read);
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    EXPECT_FALSE(session::save_project(true));
+    EXPECT_FALSE(session::save_project(session, true));
     EXPECT_EQ(user.lastText(), "The file B.QCF could not be written (it is write-protected).");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), "old");
@@ -231,28 +226,28 @@ TEST_F(ProjectSession, AFailedSaveIsToldAndLeavesTheOldFile) {
 
 TEST_F(ProjectSession, TheLastSessionIsSavedWithoutAQuestion) {
     open_and_choose();
-    the_session.ProjectFile = "MINE.QCF";
-    the_models.EOSModel = codes::eos(6);
-    the_session.DiagramT = 345.5;
-    EXPECT_TRUE(session::save_project(false));
+    session.change()->projectFile = "MINE.QCF";
+    session.change()->models.EOSModel = codes::eos(6);
+    session.change()->diagramAt.T = 345.5;
+    EXPECT_TRUE(session::save_project(session, false));
     EXPECT_TRUE(user.files.empty());
     EXPECT_TRUE(user.inputs.empty());
-    EXPECT_TRUE(fs::exists(the_session.LastSessionFile));
-    EXPECT_EQ(the_session.ProjectFile, "MINE.QCF");
+    EXPECT_TRUE(fs::exists(session->lastSessionFile));
+    EXPECT_EQ(session->projectFile, "MINE.QCF");
 
     session::reset_everything();
-    const ProjectResult result = session::load_last_session();
+    const ProjectResult result = session::load_last_session(session);
     EXPECT_TRUE(result.modelsComplete);
-    EXPECT_EQ(the_session.DiagramT, 345.5);
-    EXPECT_EQ(models::code_of(the_models.EOSModel), 6);
-    EXPECT_EQ(legacy::the_substance.Name, "Propane");
-    EXPECT_EQ(the_session.ProjectFile, "");
+    EXPECT_EQ(session->diagramAt.T, 345.5);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 6);
+    EXPECT_EQ(session->substance.Name, "Propane");
+    EXPECT_EQ(session->projectFile, "");
 }
 
 TEST_F(ProjectSession, LoadingAsksForAFile) {
     builder::WriteFile(folder() / "P.QCF", kProject);
     user.fileAnswers.push_back("P.QCF");
-    EXPECT_TRUE(session::load_project().loaded);
+    EXPECT_TRUE(session::load_project(session).loaded);
     EXPECT_EQ(user.files[0].title, "Load a project (*.QCF)");
     EXPECT_FALSE(user.files[0].save);
     expect_settings_of_the_project();
@@ -260,17 +255,17 @@ TEST_F(ProjectSession, LoadingAsksForAFile) {
 
 TEST_F(ProjectSession, ACancelOfLoadingChangesNothing) {
     open_and_choose();
-    the_session.DiagramT = 111;
+    session.change()->diagramAt.T = 111;
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_FALSE(session::load_project().loaded);
-    EXPECT_EQ(the_session.DiagramT, 111.0);
-    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    EXPECT_FALSE(session::load_project(session).loaded);
+    EXPECT_EQ(session->diagramAt.T, 111.0);
+    EXPECT_EQ(session->substanceNumber, 2);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(ProjectSession, AMissingOrForeignFileIsToldAndChangesNothing) {
     open_and_choose();
-    EXPECT_FALSE(session::load_project("MISSING.QCF").loaded);
+    EXPECT_FALSE(session::load_project(session, "MISSING.QCF").loaded);
     EXPECT_EQ(user.lastText(), "The file MISSING.QCF was not found.");
     for (const std::string text :
          {"", "one line", "a\r\nb\r\nc\r\n", "a\r\nb\r\n\r\n74-98-6\r\n1\r\n",
@@ -279,8 +274,8 @@ TEST_F(ProjectSession, AMissingOrForeignFileIsToldAndChangesNothing) {
         EXPECT_EQ(user.lastText(), "The file P.QCF is no project file.");
         EXPECT_EQ(user.lastTitle(), "Execution not possible");
     }
-    EXPECT_EQ(the_session.CurrentSubstance, 2);
-    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(session->substanceNumber, 2);
+    EXPECT_EQ(session->databaseFile, "A.Q05");
 }
 
 TEST_F(ProjectSession, AMissingDatabaseLeavesTheOpenOneInPlace) {
@@ -295,18 +290,18 @@ TEST_F(ProjectSession, AMissingDatabaseLeavesTheOpenOneInPlace) {
               "Database of the project B.Q05not found in the QUOR directory or empty resp.\n"
               "The actual database A.Q05 is still activ.");
     EXPECT_EQ(user.lastTitle(), "Hint");
-    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(session->databaseFile, "A.Q05");
     expect_settings_of_the_project();
 }
 
 TEST_F(ProjectSession, WithoutAnyDatabaseTheLoadEnds) {
     fs::remove(folder() / "A.Q05");
-    the_session.DiagramT = 111;
+    session.change()->diagramAt.T = 111;
     EXPECT_FALSE(load(kProject).loaded);
     EXPECT_EQ(user.lastText(), "Database of the project A.Q05not found in the QUOR directory ");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_EQ(the_session.DiagramT, 111.0);
-    EXPECT_FALSE(the_session.ProjectLoaded);
+    EXPECT_EQ(session->diagramAt.T, 111.0);
+    EXPECT_FALSE(session->ProjectLoaded);
 }
 
 TEST_F(ProjectSession, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
@@ -317,14 +312,14 @@ TEST_F(ProjectSession, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
     EXPECT_TRUE(result.loaded);
     EXPECT_FALSE(result.substanceFound);
     EXPECT_FALSE(result.modelsComplete);
-    EXPECT_EQ(the_session.CurrentSubstance, 0);
-    EXPECT_FALSE(the_session.SubstanceSet);
-    EXPECT_EQ(legacy::the_substance.Name, "");
-    EXPECT_EQ(the_session.DiagramT, 310.25);
-    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
+    EXPECT_EQ(session->substanceNumber, 0);
+    EXPECT_FALSE(session->substanceSet);
+    EXPECT_EQ(session->substance.Name, "");
+    EXPECT_EQ(session->diagramAt.T, 310.25);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 5);
     // Specific units need a molar mass.
-    EXPECT_EQ(the_session.UnitMode, 0);
-    EXPECT_EQ(the_session.VolumeLabel, "m^3/kmol");
+    EXPECT_EQ(session->unitSystem, 0);
+    EXPECT_EQ(session->VolumeLabel, "m^3/kmol");
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -347,18 +342,18 @@ TEST_F(ProjectSession, AnEquationOfStateOfMinusOneReadsAsZero) {
     std::string text = kProject;
     text.replace(text.find("\r\n5\r\n2\r\n4"), 5, "\r\n-1\r\n");
     load(text);
-    EXPECT_EQ(models::code_of(the_models.EOSModel), 0);
-    EXPECT_TRUE(the_models.EOSOnlyV);
-    EXPECT_FALSE(the_models.PriorityCEOS);
-    EXPECT_EQ(models::code_of(the_models.CpModel), 2);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 0);
+    EXPECT_TRUE(session->models.EOSOnlyV);
+    EXPECT_FALSE(session->models.PriorityCEOS);
+    EXPECT_EQ(models::code_of(session->models.CpModel), 2);
 }
 
 TEST_F(ProjectSession, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
     std::string text = kProject;
     text.replace(text.find("\r\n3\r\n5\r\n2"), 5, "\r\n0\r\n");
     load(text);
-    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
-    EXPECT_EQ(models::code_of(the_models.VPModel), 4);
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
+    EXPECT_EQ(models::code_of(session->models.VPModel), 4);
 }
 
 TEST_F(ProjectSession, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
@@ -367,23 +362,23 @@ TEST_F(ProjectSession, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
     text.replace(text.find("450"), 3, "999");
     text.replace(text.find("\",\""), 3, "\";;\"");
     load(text);
-    EXPECT_EQ(the_session.DiagramT, 298.15);
-    EXPECT_EQ(the_session.PointsPerCurve, 300);
-    EXPECT_EQ(the_session.CsvSeparator, ';');
-    EXPECT_EQ(the_session.DiagramP, 1500.5);
-    EXPECT_EQ(models::code_of(the_models.EOSModel), 5);
+    EXPECT_EQ(session->diagramAt.T, 298.15);
+    EXPECT_EQ(session->curveOptions.points, 300);
+    EXPECT_EQ(session->csvSeparator, ';');
+    EXPECT_EQ(session->diagramAt.p, 1500.5);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 5);
 }
 
 TEST_F(ProjectSession, ATruncatedFileLeavesTheLaterSettings) {
     const std::string text = kProject;
     load(text.substr(0, text.find("450")));
-    EXPECT_EQ(the_session.DiagramT, 310.25);
-    EXPECT_EQ(the_session.CaloricUnit, 3);
-    EXPECT_FALSE(the_session.CurveRealRangeOnly);
-    EXPECT_EQ(the_session.PointsPerCurve, 300);
-    EXPECT_EQ(models::vp_code(the_models.VPModel), "WAG");
-    EXPECT_EQ(the_reference.RefMode, 1);
-    EXPECT_EQ(the_session.tank.T, 0.0F);
+    EXPECT_EQ(session->diagramAt.T, 310.25);
+    EXPECT_EQ(session->caloricUnit, 3);
+    EXPECT_FALSE(session->curveOptions.realRangeOnly);
+    EXPECT_EQ(session->curveOptions.points, 300);
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
+    EXPECT_EQ(session->reference.RefMode, 1);
+    EXPECT_EQ(session->tank.T, 0.0F);
 }
 
 TEST_F(ProjectSession, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
@@ -395,17 +390,17 @@ TEST_F(ProjectSession, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
         const auto either = [](auto value, auto before, auto after) {
             return value == before || value == after;
         };
-        EXPECT_TRUE(either(the_session.DiagramT, 298.15, 310.25));
-        EXPECT_TRUE(either(the_session.DiagramP, 0.0, 1500.5));
-        EXPECT_TRUE(either(the_session.DiagramV, 0.0, 0.125));
-        EXPECT_TRUE(either(the_session.CaloricFactor, 1.0, 0.02));
-        EXPECT_TRUE(either(the_session.PointsPerCurve, 300, 450));
-        EXPECT_TRUE(either(the_session.CsvSeparator, ';', ','));
-        EXPECT_TRUE(either(the_reference.href, 0.0, -100.5));
-        EXPECT_TRUE(either(the_reference.T0, 298.15F, 273.15F));
-        EXPECT_TRUE(either(the_reference.p0, 101.325F, 100.0F));
-        EXPECT_TRUE(either(the_session.tank.m, 0.0F, 12.5F));
-        EXPECT_EQ(the_session.CurrentSubstance == 2, legacy::the_substance.Name == "Propane");
+        EXPECT_TRUE(either(session->diagramAt.T, 298.15, 310.25));
+        EXPECT_TRUE(either(session->diagramAt.p, 0.0, 1500.5));
+        EXPECT_TRUE(either(session->diagramAt.v, 0.0, 0.125));
+        EXPECT_TRUE(either(session->caloricFactor, 1.0, 0.02));
+        EXPECT_TRUE(either(session->curveOptions.points, 300, 450));
+        EXPECT_TRUE(either(session->csvSeparator, ';', ','));
+        EXPECT_TRUE(either(session->reference.href, 0.0, -100.5));
+        EXPECT_TRUE(either(session->reference.T0, 298.15F, 273.15F));
+        EXPECT_TRUE(either(session->reference.p0, 101.325F, 100.0F));
+        EXPECT_TRUE(either(session->tank.m, 0.0F, 12.5F));
+        EXPECT_EQ(session->substanceNumber == 2, session->substance.Name == "Propane");
     }
 }
 
@@ -418,26 +413,26 @@ std::string manual_virial_project() {
 
 TEST_F(ProjectSession, TheManualVirialEquationComesBackWithItsCoefficients) {
     load(manual_virial_project() + "b0=-0.2\r\nb1=15\r\nb2=0.5\r\n");
-    ASSERT_EQ(the_models.EOSModel, models::Eos::manualVirial);
-    const auto B = [] { return models::virial(models::current_fluid(), 400).B; };
+    ASSERT_EQ(session->models.EOSModel, models::Eos::manualVirial);
+    const auto B = [] { return models::virial(session.fluid(), 400).B; };
     EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12) << "b0 - b1/T^b2";
     user.fileAnswers.push_back((folder() / "B.QCF").string());
-    ASSERT_TRUE(session::save_project(true));
+    ASSERT_TRUE(session::save_project(session, true));
 
     session::reset_everything();
     load(kProject);  // another equation in between
-    EXPECT_TRUE(session::load_project((folder() / "B.QCF").string()).modelsComplete);
+    EXPECT_TRUE(session::load_project(session, (folder() / "B.QCF").string()).modelsComplete);
     EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(ProjectSession, AManualVirialEquationWithoutCoefficientsIsAskedForAnew) {
     load(kProject);
-    ASSERT_NE(legacy::the_eosParameters.eosB0, 0.0);
+    ASSERT_NE(session->eosParameters.eosB0, 0.0);
     const ProjectResult result = load(manual_virial_project());
     EXPECT_TRUE(result.substanceFound);
     EXPECT_FALSE(result.modelsComplete) << "the models have to be chosen";
-    EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.0) << "nothing of another equation stays";
+    EXPECT_EQ(session->eosParameters.eosB0, 0.0) << "nothing of another equation stays";
     EXPECT_EQ(user.lastText(),
               "The project holds no coefficients b0, b1, b2 of its virial equation.\n"
               "Choose the equation of state again.");
@@ -446,19 +441,19 @@ TEST_F(ProjectSession, AManualVirialEquationWithoutCoefficientsIsAskedForAnew) {
 TEST_F(ProjectSession, AFileThatIsNoProjectIsRefusedBeforeAnythingChanges) {
     open_and_choose();
     builder::WriteFile(folder() / "X.QCF", "no project");
-    EXPECT_FALSE(session::may_load_project((folder() / "X.QCF").string()));
+    EXPECT_FALSE(session::may_load_project(session, (folder() / "X.QCF").string()));
     EXPECT_EQ(user.lastText(), "The file X.QCF is no project file.");
-    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    EXPECT_EQ(session->substanceNumber, 2);
     builder::WriteFile(folder() / "P.QCF", kProject);
-    EXPECT_TRUE(session::may_load_project((folder() / "P.QCF").string()));
-    EXPECT_EQ(the_session.CurrentSubstance, 2) << "only looked at";
+    EXPECT_TRUE(session::may_load_project(session, (folder() / "P.QCF").string()));
+    EXPECT_EQ(session->substanceNumber, 2) << "only looked at";
 }
 
 TEST_F(ProjectSession, ADatabaseBesideTheProjectIsFound) {
     fs::create_directories(folder() / "work");
     fs::rename(folder() / "A.Q05", folder() / "work" / "A.Q05");
     EXPECT_TRUE(load(kProject, "work/P.QCF").substanceFound);
-    EXPECT_EQ(the_session.DatabaseFile, "A.Q05");
+    EXPECT_EQ(session->databaseFile, "A.Q05");
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -466,18 +461,18 @@ TEST_F(ProjectSession, CommentsKeepTheirUmlautsAndStayOnOneLine) {
     open_and_choose();
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     user.inputAnswers.push_back("Kälte\r\nzwei");
-    session::save_project(true);
+    session::save_project(session, true);
     const std::string text = builder::ReadFile(folder() / "B.QCF");
     EXPECT_NE(text.find("\r\nK\xE4lte  zwei\r\n"), std::string::npos);
-    session::load_project((folder() / "B.QCF").string());
-    EXPECT_EQ(the_session.ProjectComment, "Kälte  zwei");
+    session::load_project(session, (folder() / "B.QCF").string());
+    EXPECT_EQ(session->projectComment, "Kälte  zwei");
 }
 
 TEST_F(ProjectSession, LoadingClosesWhatBelongedToTheSubstance) {
     open_and_choose();
-    the_session.calculation.method.global = false;
+    session.change()->calculation.method.global = false;
     load(kProject);
-    EXPECT_TRUE(the_session.calculation.method.global);
+    EXPECT_TRUE(session->calculation.method.global);
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include "legacy/wrappers.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -17,11 +16,11 @@ using Vp = models::VapourPressureEquation;
 /// about the parameter program.
 class RangeWarnings : public SessionTest {
   protected:
-    models::SubstanceRecord& s = legacy::the_substance;
+    models::SubstanceRecord& s = session->substance;
 
     RangeWarnings() {
         s = fluids::correlated_row("Propane");
-        legacy::the_models = fluids::selection(s, Eos::pengRobinson);
+        session.change()->models = fluids::selection(s, Eos::pengRobinson);
         models::calc_eos_parameters(Eos::pengRobinson);
     }
     void liquid(std::array<float, 7> a, std::int16_t TLo, std::int16_t THi) {
@@ -180,7 +179,7 @@ TEST_F(RangeWarnings, AMissingParameterProgramIsTold) {
     EXPECT_EQ(user.messages[0].title, "Execution not possible");
     EXPECT_EQ(user.messages[1].text, "Error during EOS-parameter calculation");
     EXPECT_EQ(user.messages[1].title, "Execution not possible");
-    EXPECT_EQ(legacy::the_eosParameters.vcritCalc, 0);
+    EXPECT_EQ(session->eosParameters.vcritCalc, 0);
 }
 
 TEST_F(RangeWarnings, AGarbledAnswerOfTheParameterProgramIsTold) {
@@ -190,8 +189,8 @@ TEST_F(RangeWarnings, AGarbledAnswerOfTheParameterProgramIsTold) {
     EXPECT_EQ(models::calc_eos_parameters(Eos::jiTorvik1), 1);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "Error during EOS-parameter calculation");
-    EXPECT_EQ(legacy::the_eosParameters.vcritCalc, 0);
-    EXPECT_EQ(legacy::the_jiTorvik.jtZc, 0);
+    EXPECT_EQ(session->eosParameters.vcritCalc, 0);
+    EXPECT_EQ(session->jiTorvik.jtZc, 0);
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}))
         << "the busy pointer shows while it waits";
 }

@@ -7,20 +7,19 @@ using namespace quor;
 
 namespace {
 
-using legacy::the_session;
 
 class SessionStatus : public SessionTest {
   protected:
     void loadPropane() {
-        the_session.DatabaseFile = "STUDENT.Q05";
-        legacy::the_database = student();
-        the_session.CurrentSubstance = 45;
-        legacy::the_substance = fluids::ReferencePropane();
-        legacy::the_substance.Name = "Propane";
-        legacy::the_substance.Formula = "C3H8";
-        legacy::the_substance.CASRN = "74-98-6     ";
-        legacy::the_models.EOSModel = codes::eos(6);
-        legacy::the_models.VPModel = codes::vp(4);
+        session.change()->databaseFile = "STUDENT.Q05";
+        session.change()->database = student();
+        session.change()->substanceNumber = 45;
+        session.change()->substance = fluids::ReferencePropane();
+        session.change()->substance.Name = "Propane";
+        session.change()->substance.Formula = "C3H8";
+        session.change()->substance.CASRN = "74-98-6     ";
+        session.change()->models.EOSModel = codes::eos(6);
+        session.change()->models.VPModel = codes::vp(4);
     }
     /// A database of 96 substances.
     static datafiles::Database student() {
@@ -29,20 +28,20 @@ class SessionStatus : public SessionTest {
         entries[1] = {.name = "Propane;R-290", .casrn = "74-98-6     "};
         return {"STUDENT.Q05", entries};
     }
-    static std::string text() { return session::status_report().text; }
+    static std::string text() { return session::status_report(session).text; }
 };
 
 const std::string kHead = "... database STUDENT.Q05\n  with 96 substance(s)\n";
 const std::string kFoot = "\n(for more parameters loaded see \"Options\")";
 
 TEST_F(SessionStatus, WithoutADatabaseThatIsAll) {
-    EXPECT_EQ(session::status_report().title, " loaded ...");
+    EXPECT_EQ(session::status_report(session).title, " loaded ...");
     EXPECT_EQ(text(), "... not yet a database");
 }
 
 TEST_F(SessionStatus, ADatabaseWithoutASubstance) {
-    the_session.DatabaseFile = "STUDENT.Q05";
-    legacy::the_database = student();
+    session.change()->databaseFile = "STUDENT.Q05";
+    session.change()->database = student();
     EXPECT_EQ(text(), kHead + "... no substance\n... exper. T-p-rho-HLV-cp data: none" + kFoot);
 }
 
@@ -53,71 +52,71 @@ TEST_F(SessionStatus, ASubstanceComesWithItsModels) {
                           "    CEOS Peng / Robinson (Priority!),  Vapour press. equ.: Wagner\n"
                           "... exper. T-p-rho-HLV-cp data: none" +
                           kFoot);
-    legacy::the_models.EOSModel = codes::eos(-1);
+    session.change()->models.EOSModel = codes::eos(-1);
     EXPECT_NE(text().find("Propane (#45)\n    no models\n"), std::string::npos);
 }
 
 TEST_F(SessionStatus, DataThatAreNotYetSaved) {
     loadPropane();
-    the_session.BatchCount = 1;
+    session.change()->measured.points.size() = 1;
     EXPECT_NE(text().find("\n    1 set of data available,\nnot yet saved.\n"), std::string::npos);
-    the_session.BatchCount = 12;
+    session.change()->measured.points.size() = 12;
     EXPECT_NE(text().find("\n    12 sets of data available,\nnot yet saved.\n"), std::string::npos);
 }
 
 TEST_F(SessionStatus, DataOfAFileNameTheirSource) {
     loadPropane();
-    the_session.BatchCount = 12;
-    the_session.BatchFile = "/data/own/propane.BAQ";
+    session.change()->measured.points.size() = 12;
+    session.change()->measured.file = "/data/own/propane.BAQ";
     EXPECT_NE(text().find("\n... batch filepropane.BAQ\n  from /data/own/\n"
                           "  with 12 sets of data\n(for more"),
               std::string::npos);
-    the_session.BatchFile = "propane.BAQ";
-    the_session.FolderBatch = "x";
+    session.change()->measured.file = "propane.BAQ";
+    session.change()->folderMeasured = "x";
     EXPECT_EQ(text().find("  from "), std::string::npos) << "a source of two characters is none";
 
-    the_session.BatchCasrn = "74-98-6";
-    the_session.BatchComment = " own measurements";
+    session.change()->measured.casrn = "74-98-6";
+    session.change()->measured.comment = " own measurements";
     EXPECT_NE(text().find("\n    substance: Propane\n    file comment own measurements\n"),
               std::string::npos);
 }
 
 TEST_F(SessionStatus, PanelsMarkTheModelWithPriority) {
     loadPropane();
-    session::StatusPanels panels = session::panel_texts(true);
+    session::StatusPanels panels = session::panel_texts(session, true);
     EXPECT_EQ(panels.substance, "Propane");
     EXPECT_EQ(panels.eos, "CEOS Peng / Robinson (Priority!)");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
-    legacy::the_models.PriorityCEOS = false;
-    panels = session::panel_texts(true);
+    session.change()->models.PriorityCEOS = false;
+    panels = session::panel_texts(session, true);
     EXPECT_EQ(panels.eos, "CEOS Peng / Robinson");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner (Priority!)");
-    legacy::the_models.EOSModel = codes::eos(16);
-    legacy::the_models.EOSOnlyV = true;
-    panels = session::panel_texts(true);
+    session.change()->models.EOSModel = codes::eos(16);
+    session.change()->models.EOSOnlyV = true;
+    panels = session::panel_texts(session, true);
     EXPECT_EQ(panels.eos, "VIRIAL Equ. Pitzer / Curl");
     EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
-    panels = session::panel_texts(false);
+    panels = session::panel_texts(session, false);
     EXPECT_EQ(panels.substance, "Propane");
     EXPECT_EQ(panels.eos, "");
     EXPECT_EQ(panels.vapourPressure, "");
 }
 
 TEST_F(SessionStatus, ParametersOfTheIdealGasAndOfPitzerCurlAreOneSentence) {
-    legacy::the_models.EOSModel = codes::eos(0);
-    EXPECT_EQ(session::parameter_report().text, "Selected: Ideal gas equation");
-    legacy::the_models.EOSModel = codes::eos(16);
-    EXPECT_EQ(session::parameter_report().text,
+    session.change()->models.EOSModel = codes::eos(0);
+    EXPECT_EQ(session::parameter_report(session).text, "Selected: Ideal gas equation");
+    session.change()->models.EOSModel = codes::eos(16);
+    EXPECT_EQ(session::parameter_report(session).text,
               "Parameters of PITZER/CURL equation \ncf. Help in the window \"Models\"");
 }
 
 TEST_F(SessionStatus, ParametersAreListedWithTheCriticalVolume) {
-    legacy::the_models.EOSModel = codes::eos(4);
-    legacy::the_eosParameters = {
+    session.change()->models.EOSModel = codes::eos(4);
+    session.change()->eosParameters = {
         .eosA0 = 1.5, .eosB0 = 0.025, .eosC0 = 0, .eosD0 = 0.25, .eosNA = -0.5};
-    legacy::the_eosParameters.vcritCalc = 0.25;
-    legacy::the_eosParameters.rhocritCalc = 176;
-    const session::Report report = session::parameter_report();
+    session.change()->eosParameters.vcritCalc = 0.25;
+    session.change()->eosParameters.rhocritCalc = 176;
+    const session::Report report = session::parameter_report(session);
     EXPECT_EQ(report.title, " Parameters of the EOS ");
     EXPECT_EQ(report.text,
               "Parameter for CEOS Redlich / Kwong\n\n"

@@ -1,15 +1,12 @@
 #include <fstream>
 
 #include "app/tips.h"
-#include "session/module2.h"
-#include "session/shutdown.h"
 #include "support/session_test.h"
 
 using namespace quor;
 
 namespace {
 
-using legacy::the_session;
 
 class Shutdown : public SessionTest {
   protected:
@@ -31,15 +28,15 @@ TEST_F(Shutdown, WithoutADatabaseNoLastSessionIsWritten) {
 }
 
 TEST_F(Shutdown, ADatabaseWithoutASubstanceLeavesTheLastSessionAlone) {
-    the_session.DatabaseFile = "STUDENT.Q05";
+    session.change()->databaseFile = "STUDENT.Q05";
     session::Shutdown();
     EXPECT_EQ(calls, (std::vector<std::string>{"files", "help"}));
 }
 
 TEST_F(Shutdown, PendingProtocolComesFirstAndTheSessionAfterIt) {
-    legacy::the_protocol.pending = true;
-    the_session.DatabaseFile = "STUDENT.Q05";
-    the_session.SubstanceSet = true;
+    session.change()->protocol.pending = true;
+    session.change()->databaseFile = "STUDENT.Q05";
+    session.change()->substanceSet = true;
     session::Shutdown();
     EXPECT_EQ(calls, (std::vector<std::string>{
                          "protocol", "save " + (folder() / "QuorLastSession.QCF").string(), "files",
@@ -47,7 +44,7 @@ TEST_F(Shutdown, PendingProtocolComesFirstAndTheSessionAfterIt) {
 }
 
 TEST_F(Shutdown, AnEmptyProtocolFileIsDeletedAndOneWithDataStays) {
-    const std::filesystem::path file = folder() / legacy::the_protocol.file;
+    const std::filesystem::path file = folder() / session->protocol.file;
     std::ofstream(file) << "";
     session::Shutdown();
     EXPECT_FALSE(std::filesystem::exists(file));
@@ -60,16 +57,16 @@ TEST_F(Shutdown, AProtocolFileWithAFolderIsFoundThere) {
     std::filesystem::create_directory(folder() / "sub");
     const std::filesystem::path file = folder() / "sub" / "P.CSV";
     std::ofstream(file) << "";
-    legacy::the_protocol.file = file.string();
+    session.change()->protocol.file = file.string();
     session::Shutdown();
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 TEST_F(Shutdown, WithoutHooksNothingHappens) {
     session::shutdown_hooks() = {};
-    legacy::the_protocol.pending = true;
-    the_session.DatabaseFile = "STUDENT.Q05";
-    the_session.SubstanceSet = true;
+    session.change()->protocol.pending = true;
+    session.change()->databaseFile = "STUDENT.Q05";
+    session.change()->substanceSet = true;
     EXPECT_NO_THROW(session::Shutdown());
 }
 
@@ -93,7 +90,7 @@ TEST_F(Tips, StartAtARandomLineAndWrapAround) {
 
 TEST_F(Tips, AreReadInTheCodePageOfTheTextFiles) {
     write("QUORTIPS.TXT", "gr\xFC\xDF\n");
-    the_session.EnglishUi = false;
+    session.change()->english = false;
     EXPECT_EQ(session::current_tip(session::load_tips(0)), "grüß");
 }
 

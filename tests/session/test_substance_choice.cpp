@@ -9,7 +9,6 @@ using namespace quor;
 
 namespace {
 
-using legacy::the_session;
 using session::Command;
 
 class SubstanceChoice : public SessionTest {
@@ -23,7 +22,7 @@ class SubstanceChoice : public SessionTest {
         propane["synonyms_en"] = "R-290; Dimethylmethane";
         databases::Write(folder() / "TEST.Q05",
                          {databases::Row("Carbon dioxide"), propane, noCritical});
-        EXPECT_TRUE(session::open_database((folder() / "TEST.Q05").string()));
+        EXPECT_TRUE(session::open_database(session, (folder() / "TEST.Q05").string()));
         user.pointer.clear();
     }
 };
@@ -40,52 +39,52 @@ TEST_F(SubstanceChoice, NamesBehindTheFirstAreFurtherNames) {
 }
 
 TEST_F(SubstanceChoice, FormulaAndCasrnOfAnEntry) {
-    EXPECT_EQ(datafiles::formula_and_casrn(legacy::the_database.entries()[0]),
+    EXPECT_EQ(datafiles::formula_and_casrn(session->database.entries()[0]),
               "CO2 CASRN: 124-38-9");
 }
 
 TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
-    legacy::the_models.EOSModel = codes::eos(6);
-    legacy::the_models.HLVModel = codes::hlv(3);
-    session::set_commands({Command::mnuCalcMain, Command::mnu2D}, true);
-    EXPECT_TRUE(session::take_substance(2));
-    EXPECT_EQ(the_session.CurrentSubstance, 2);
-    EXPECT_TRUE(the_session.SubstanceSet);
-    EXPECT_EQ(legacy::the_substance.Name, "Propane");
-    EXPECT_NEAR(legacy::the_eosParameters.eosB0,
-                0.0778 * 8.31451 * legacy::the_substance.Tcrit / legacy::the_substance.pcrit, 1e-5);
-    EXPECT_NE(legacy::the_substance.THO.A, 0.0F);
-    EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 0)
+    session.change()->models.EOSModel = codes::eos(6);
+    session.change()->models.HLVModel = codes::hlv(3);
+    session::set_commands(session, {Command::mnuCalcMain, Command::mnu2D}, true);
+    EXPECT_TRUE(session::take_substance(session, 2));
+    EXPECT_EQ(session->substanceNumber, 2);
+    EXPECT_TRUE(session->substanceSet);
+    EXPECT_EQ(session->substance.Name, "Propane");
+    EXPECT_NEAR(session->eosParameters.eosB0,
+                0.0778 * 8.31451 * session->substance.Tcrit / session->substance.pcrit, 1e-5);
+    EXPECT_NE(session->substance.THO.A, 0.0F);
+    EXPECT_EQ(models::code_of(session->models.HLVModel), 0)
         << "a new substance begins a new session";
-    EXPECT_TRUE(session::is_enabled(Command::mnuModel));
-    EXPECT_FALSE(session::is_enabled(Command::mnuCalcMain)) << "until the models are confirmed";
-    EXPECT_FALSE(session::is_enabled(Command::mnu2D));
+    EXPECT_TRUE(session::is_enabled(session, Command::mnuModel));
+    EXPECT_FALSE(session::is_enabled(session, Command::mnuCalcMain)) << "until the models are confirmed";
+    EXPECT_FALSE(session::is_enabled(session, Command::mnu2D));
     EXPECT_TRUE(user.messages.empty());
     ASSERT_FALSE(user.pointer.empty());
     EXPECT_FALSE(user.pointer.back()) << "the busy pointer is gone";
 }
 
 TEST_F(SubstanceChoice, LoadedDataAreDeletedAfterAYesOnly) {
-    the_session.BatchCount = 2;
-    the_session.BatchFile = "x.BAQ";
+    session.change()->measured.points.size() = 2;
+    session.change()->measured.file = "x.BAQ";
     legacy::the_BatchData.assign(3, {.T = 250});
     user.answers = {dialogs::Answer::No};
-    EXPECT_TRUE(session::take_substance(1));
+    EXPECT_TRUE(session::take_substance(session, 1));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "Loaded exper. data (batch data) delete now?");
     EXPECT_EQ(user.lastTitle(), "Batch data");
-    EXPECT_EQ(the_session.BatchCount, 2);
+    EXPECT_EQ(session->measured.points.size(), 2);
 
     user.answers = {dialogs::Answer::Yes};
-    EXPECT_TRUE(session::take_substance(2));
-    EXPECT_EQ(the_session.BatchCount, 0);
-    EXPECT_EQ(the_session.BatchFile, "");
+    EXPECT_TRUE(session::take_substance(session, 2));
+    EXPECT_EQ(session->measured.points.size(), 0);
+    EXPECT_EQ(session->measured.file, "");
     EXPECT_EQ(legacy::the_BatchData.at(1).T, 0);
 }
 
 TEST_F(SubstanceChoice, WithoutCriticalDataNothingCanBeCalculated) {
-    session::set_commands({Command::mnuModel, Command::mnuCalcMain}, true);
-    EXPECT_FALSE(session::take_substance(3));
+    session::set_commands(session, {Command::mnuModel, Command::mnuCalcMain}, true);
+    EXPECT_FALSE(session::take_substance(session, 3));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
               "T(cr) and/or p(cr) not available in the data base\n"
@@ -93,17 +92,17 @@ TEST_F(SubstanceChoice, WithoutCriticalDataNothingCanBeCalculated) {
               "With  Strange water no QUOR calculations are possible!");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Stop);
-    EXPECT_FALSE(the_session.SubstanceSet);
-    EXPECT_FALSE(session::is_enabled(Command::mnuModel));
-    EXPECT_FALSE(session::is_enabled(Command::mnuCalcMain));
+    EXPECT_FALSE(session->substanceSet);
+    EXPECT_FALSE(session::is_enabled(session, Command::mnuModel));
+    EXPECT_FALSE(session::is_enabled(session, Command::mnuCalcMain));
 }
 
 TEST_F(SubstanceChoice, ADatabaseThatCanNoLongerBeReadIsTold) {
-    the_session.DatabaseFile = "TEST.Q05";
+    session.change()->databaseFile = "TEST.Q05";
     std::filesystem::resize_file(folder() / "TEST.Q05", 0);
-    EXPECT_FALSE(session::take_substance(1));
+    EXPECT_FALSE(session::take_substance(session, 1));
     EXPECT_EQ(user.lastText(), "The substance could not be read from the database TEST.Q05");
-    EXPECT_EQ(the_session.CurrentSubstance, 0);
+    EXPECT_EQ(session->substanceNumber, 0);
 }
 
 }  // namespace

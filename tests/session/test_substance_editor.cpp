@@ -1,5 +1,4 @@
 #include "datafiles/substance_editor.h"
-#include "legacy/wrappers.h"
 #include "support/codes.h"
 
 #include <set>
@@ -9,7 +8,6 @@
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
-#include "session/module2.h"
 #include "session/substance_session.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
@@ -19,15 +17,14 @@ using namespace quor;
 namespace {
 
 using namespace datafiles;
-using legacy::the_substance;
 
 class SubstanceEditor : public SessionTest {
   protected:
     SubstanceEditor() {
-        the_substance = fluids::ReferencePropane();
-        legacy::the_models.VPModel = codes::vp("WAG");
-        legacy::the_models.VPModel = codes::vp(4);
-        legacy::the_models.EOSModel = codes::eos(6);
+        session.change()->substance = fluids::ReferencePropane();
+        session.change()->models.VPModel = codes::vp("WAG");
+        session.change()->models.VPModel = codes::vp(4);
+        session.change()->models.EOSModel = codes::eos(6);
     }
     static const EditorField& field(int DD) {
         return editor_field_table()[static_cast<std::size_t>(DD)];
@@ -145,7 +142,7 @@ TEST_F(SubstanceEditor, AnUntouchedFormAppliesToTheSameRecord) {
         models::SubstanceRecord before = fluids::Row(name);
         if (before.Tboil > 0) models::correlate_august(before);
         models::SubstanceRecord after = before;
-        models::ModelSelection models = legacy::the_models;
+        models::ModelSelection models = session->models;
         EditorTexts texts = show_record(before);
         apply_editor(texts, after, models);
         for (const EditorField& f : editor_field_table())
@@ -165,7 +162,7 @@ TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
         if (!f.editable || f.is_text()) continue;
         SCOPED_TRACE(std::string(f.name));
         models::SubstanceRecord s = numbered;
-        models::ModelSelection models = legacy::the_models;
+        models::ModelSelection models = session->models;
         EditorTexts texts = show_record(s);
         const auto i = static_cast<std::size_t>(f.DD);
         texts[i] = "1234.5";
@@ -199,24 +196,24 @@ TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
 }
 
 TEST_F(SubstanceEditor, NamesNeverBecomeZeros) {
-    EditorTexts texts = show_record(the_substance);
+    EditorTexts texts = show_record(session->substance);
     texts[83] = "0";
     texts[84] = " X0 Y ";
     texts[85] = "";
-    session::apply_editor(texts);
-    EXPECT_EQ(the_substance.Name, "0");
+    session::apply_editor(session, texts);
+    EXPECT_EQ(session->substance.Name, "0");
     EXPECT_EQ(texts[83], "0");
-    EXPECT_EQ(the_substance.Formula, "X0 Y");
-    EXPECT_EQ(the_substance.FormulaCompact, "X0Y");
-    EXPECT_EQ(the_substance.CASRN, "            ");
+    EXPECT_EQ(session->substance.Formula, "X0 Y");
+    EXPECT_EQ(session->substance.FormulaCompact, "X0Y");
+    EXPECT_EQ(session->substance.CASRN, "            ");
     EXPECT_EQ(texts[85], "<>");
 }
 
 TEST_F(SubstanceEditor, ACommaIsAPointAndOtherKeysAreSwallowed) {
-    EditorTexts texts = show_record(the_substance);
+    EditorTexts texts = show_record(session->substance);
     texts[0] = "44,5";
-    session::apply_editor(texts);
-    EXPECT_EQ(the_substance.M, 44.5F);
+    session::apply_editor(session, texts);
+    EXPECT_EQ(session->substance.M, 44.5F);
     EXPECT_EQ(filter_key(field(0), ','), '.');
     for (const char c : std::string("0123456789Ee-.\r\b\x7f"))
         EXPECT_EQ(filter_key(field(0), c), c);
@@ -227,41 +224,41 @@ TEST_F(SubstanceEditor, ACommaIsAPointAndOtherKeysAreSwallowed) {
 }
 
 TEST_F(SubstanceEditor, AValueBeyondItsFieldLeavesTheRecord) {
-    const float before = the_substance.Tboil;
-    const std::int16_t TLo = the_substance.ALP.TLo;
-    EditorTexts texts = show_record(the_substance);
+    const float before = session->substance.Tboil;
+    const std::int16_t TLo = session->substance.ALP.TLo;
+    EditorTexts texts = show_record(session->substance);
     texts[1] = "1E300";
     texts[11] = "99999";
     texts[2] = "90";
-    session::apply_editor(texts);
-    EXPECT_EQ(the_substance.Tboil, before);
+    session::apply_editor(session, texts);
+    EXPECT_EQ(session->substance.Tboil, before);
     EXPECT_EQ(texts[1], editor_text(before));
-    EXPECT_EQ(the_substance.ALP.TLo, TLo);
-    EXPECT_EQ(the_substance.Ttriple, 90);
+    EXPECT_EQ(session->substance.ALP.TLo, TLo);
+    EXPECT_EQ(session->substance.Ttriple, 90);
 }
 
 TEST_F(SubstanceEditor, SinhFunctionKeepsADenominator) {
-    EditorTexts texts = show_record(the_substance);
+    EditorTexts texts = show_record(session->substance);
     texts[35] = "500";
     texts[37] = "";
     texts[40] = "200";
     texts[41] = "900";
-    session::apply_editor(texts);
-    EXPECT_EQ(the_substance.cpSinh.c[2], 0.1F);
+    session::apply_editor(session, texts);
+    EXPECT_EQ(session->substance.cpSinh.c[2], 0.1F);
     EXPECT_EQ(texts[37], " 0.1");
-    EXPECT_TRUE(the_substance.hasCpSinh);
+    EXPECT_TRUE(session->substance.hasCpSinh);
     texts[37] = "-1500";
-    session::apply_editor(texts);
-    EXPECT_EQ(the_substance.cpSinh.c[2], 1500);
+    session::apply_editor(session, texts);
+    EXPECT_EQ(session->substance.cpSinh.c[2], 1500);
     texts[35] = "";
     texts[37] = "";
-    session::apply_editor(texts);
-    EXPECT_EQ(the_substance.cpSinh.c[2], 0);
-    EXPECT_FALSE(the_substance.hasCpSinh);
+    session::apply_editor(session, texts);
+    EXPECT_EQ(session->substance.cpSinh.c[2], 0);
+    EXPECT_FALSE(session->substance.hasCpSinh);
 }
 
 TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
-    EditorTexts texts = show_record(the_substance);
+    EditorTexts texts = show_record(session->substance);
     for (const int first : {28, 108, 115}) {
         const auto i = static_cast<std::size_t>(first);
         for (std::size_t k = 0; k < 7; ++k) texts[i + k] = "";
@@ -269,162 +266,162 @@ TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
         texts[i + 5] = "200";
         texts[i + 6] = "300";
     }
-    session::apply_editor(texts);
-    EXPECT_FALSE(the_substance.hasCpPoly);  // the ideal gas needs C0
-    EXPECT_TRUE(the_substance.hasCpL);      // a condensed phase C0 or C1
-    EXPECT_TRUE(the_substance.hasCpS);
+    session::apply_editor(session, texts);
+    EXPECT_FALSE(session->substance.hasCpPoly);  // the ideal gas needs C0
+    EXPECT_TRUE(session->substance.hasCpL);      // a condensed phase C0 or C1
+    EXPECT_TRUE(session->substance.hasCpS);
     texts[28] = "30";
     texts[113] = "";
-    session::apply_editor(texts);
-    EXPECT_TRUE(the_substance.hasCpPoly);
-    EXPECT_FALSE(the_substance.hasCpL);
+    session::apply_editor(session, texts);
+    EXPECT_TRUE(session->substance.hasCpPoly);
+    EXPECT_FALSE(session->substance.hasCpL);
 }
 
 TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
-    EditorTexts texts = show_record(the_substance);
+    EditorTexts texts = show_record(session->substance);
     for (const int DD : {8, 9, 10, 11, 12, 13, 14, 15, 16, 17})
         texts[static_cast<std::size_t>(DD)] = "";
-    legacy::the_models.VPModel = codes::vp("000");
-    legacy::the_models.VPModel = codes::vp(0);
-    session::apply_editor(texts);  // WAG is there, but only the Antoine sets are looked at
-    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "000");
+    session.change()->models.VPModel = codes::vp("000");
+    session.change()->models.VPModel = codes::vp(0);
+    session::apply_editor(session, texts);  // WAG is there, but only the Antoine sets are looked at
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "000");
     const char* antoine[] = {"6", "800", "247", "150", "250"};
     for (std::size_t k = 0; k < 5; ++k) texts[13 + k] = antoine[k];
-    session::apply_editor(texts);
-    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "AHP");
-    EXPECT_EQ(legacy::the_models.VPModel, codes::vp("AHP"));
-    legacy::the_models.VPModel = codes::vp("000");
+    session::apply_editor(session, texts);
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "AHP");
+    EXPECT_EQ(session->models.VPModel, codes::vp("AHP"));
+    session.change()->models.VPModel = codes::vp("000");
     for (std::size_t k = 0; k < 5; ++k) texts[8 + k] = antoine[k];
-    session::apply_editor(texts);
-    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "ALP");
-    legacy::the_models.VPModel = codes::vp("WAG");
-    session::apply_editor(texts);
-    EXPECT_EQ(models::vp_code(legacy::the_models.VPModel), "WAG");
+    session::apply_editor(session, texts);
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "ALP");
+    session.change()->models.VPModel = codes::vp("WAG");
+    session::apply_editor(session, texts);
+    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
 }
 
 TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
-    EditorTexts texts = show_record(the_substance);
+    EditorTexts texts = show_record(session->substance);
     texts[1] = "";
-    session::apply_editor(texts);
-    EXPECT_NEAR(static_cast<double>(the_substance.Tboil), 231.04, 0.5);  // propane
-    EXPECT_NEAR(models::vapour_pressure(the_substance, static_cast<double>(the_substance.Tboil),
+    session::apply_editor(session, texts);
+    EXPECT_NEAR(static_cast<double>(session->substance.Tboil), 231.04, 0.5);  // propane
+    EXPECT_NEAR(models::vapour_pressure(session->substance, static_cast<double>(session->substance.Tboil),
                                         codes::vp("WAG"))
                     .p,
                 101.325, 0.02);
-    EXPECT_EQ(texts[1], editor_text(the_substance.Tboil));
+    EXPECT_EQ(texts[1], editor_text(session->substance.Tboil));
     texts[1] = "";
-    legacy::the_models.VPModel = codes::vp("000");
+    session.change()->models.VPModel = codes::vp("000");
     for (int DD = 8; DD <= 17; ++DD) texts[static_cast<std::size_t>(DD)] = "";
-    session::apply_editor(texts);
-    EXPECT_EQ(the_substance.Tboil, 0);
+    session::apply_editor(session, texts);
+    EXPECT_EQ(session->substance.Tboil, 0);
 }
 
 TEST_F(SubstanceEditor, CorrelatedSetsFollowTheCriticalPoint) {
-    EditorTexts texts = show_record(the_substance);
+    EditorTexts texts = show_record(session->substance);
     texts[1] = "240";
     texts[4] = "400";
     texts[5] = "4000";
-    session::apply_editor(texts);
+    session::apply_editor(session, texts);
     const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
-    EXPECT_FLOAT_EQ(the_substance.AUG.B, static_cast<float>(B));
-    EXPECT_FLOAT_EQ(the_substance.AUG.A, static_cast<float>(std::log(4000.0) - B / 400));
-    EXPECT_EQ(texts[47], editor_text(the_substance.AUG.B));
+    EXPECT_FLOAT_EQ(session->substance.AUG.B, static_cast<float>(B));
+    EXPECT_FLOAT_EQ(session->substance.AUG.A, static_cast<float>(std::log(4000.0) - B / 400));
+    EXPECT_EQ(texts[47], editor_text(session->substance.AUG.B));
     // Thompson: C = 18 - 0.19 Tboil + 273.15.
-    EXPECT_FLOAT_EQ(the_substance.THO.C, static_cast<float>(18 - 0.19 * 240 + 273.15));
-    EXPECT_EQ(texts[50], editor_text(the_substance.THO.C));
+    EXPECT_FLOAT_EQ(session->substance.THO.C, static_cast<float>(18 - 0.19 * 240 + 273.15));
+    EXPECT_EQ(texts[50], editor_text(session->substance.THO.C));
     // Frost-Kalkwarf: E = e Tcrit^f / pcrit.
-    EXPECT_FLOAT_EQ(the_substance.KFW.a[4], static_cast<float>(0.183218 * 400 * 400 / 4000));
-    EXPECT_FLOAT_EQ(the_substance.KFR.a[4],
+    EXPECT_FLOAT_EQ(session->substance.KFW.a[4], static_cast<float>(0.183218 * 400 * 400 / 4000));
+    EXPECT_FLOAT_EQ(session->substance.KFR.a[4],
                     static_cast<float>(0.185652 * std::pow(400, 2.5) / 4000));
-    EXPECT_EQ(texts[90], editor_text(the_substance.KFW.a[4]));
-    EXPECT_EQ(texts[101], editor_text(the_substance.KFR.a[4]));
+    EXPECT_EQ(texts[90], editor_text(session->substance.KFW.a[4]));
+    EXPECT_EQ(texts[101], editor_text(session->substance.KFR.a[4]));
 }
 
 TEST_F(SubstanceEditor, WithoutCriticalDataTheCorrelatedSetsStayEmpty) {
-    the_substance.pcrit = 0;
-    const EditorTexts texts = show_record(the_substance);
+    session.change()->substance.pcrit = 0;
+    const EditorTexts texts = show_record(session->substance);
     for (const auto& [first, last] : {std::pair{48, 50}, {86, 107}})
         for (int i = first; i <= last; ++i) EXPECT_EQ(texts[static_cast<std::size_t>(i)], "") << i;
     EXPECT_EQ(texts[5], "<>");
 }
 
 TEST_F(SubstanceEditor, TheFormShowsTheCorrelatedSetsWithoutTouchingTheRecord) {
-    the_substance.KFW = {};
-    the_substance.THO = {};
-    const EditorTexts texts = show_record(the_substance);
+    session.change()->substance.KFW = {};
+    session.change()->substance.THO = {};
+    const EditorTexts texts = show_record(session->substance);
     EXPECT_NE(texts[86], "<>");
     EXPECT_NE(texts[48], "<>");
-    EXPECT_EQ(the_substance.KFW.a[0], 0);
-    EXPECT_EQ(the_substance.THO.A, 0);
+    EXPECT_EQ(session->substance.KFW.a[0], 0);
+    EXPECT_EQ(session->substance.THO.A, 0);
 }
 
 TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
-    legacy::the_models.HLVModel = codes::hlv(4);
-    EditorTexts texts = show_record(the_substance);
+    session.change()->models.HLVModel = codes::hlv(4);
+    EditorTexts texts = show_record(session->substance);
     texts[42] = "18000";
     texts[43] = "231";
-    session::apply_editor(texts);
-    EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 4);
+    session::apply_editor(session, texts);
+    EXPECT_EQ(models::code_of(session->models.HLVModel), 4);
     EXPECT_EQ(user.beeps, 0);
     texts[43] = "";
-    session::apply_editor(texts);
-    EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 2);
+    session::apply_editor(session, texts);
+    EXPECT_EQ(models::code_of(session->models.HLVModel), 2);
     EXPECT_EQ(user.beeps, 1);
-    legacy::the_models.HLVModel = codes::hlv(3);
-    session::apply_editor(texts);
-    EXPECT_EQ(models::code_of(legacy::the_models.HLVModel), 3);
+    session.change()->models.HLVModel = codes::hlv(3);
+    session::apply_editor(session, texts);
+    EXPECT_EQ(models::code_of(session->models.HLVModel), 3);
     EXPECT_EQ(user.beeps, 1);
 }
 
 TEST_F(SubstanceEditor, EosAndUnitsFollow) {
     models::calc_eos_parameters(codes::eos(6));
-    const double before = legacy::the_eosParameters.eosA0;
-    legacy::the_session.UnitMode = 1;
-    EditorTexts texts = show_record(the_substance);
+    const double before = session->eosParameters.eosA0;
+    session.change()->unitSystem = 1;
+    EditorTexts texts = show_record(session->substance);
     texts[0] = "50";
     texts[4] = "400";
     texts[6] = "250";
-    session::apply_editor(texts);
-    EXPECT_NEAR(legacy::the_eosParameters.eosA0 / before, std::pow(400 / 369.89, 2), 1e-9);
-    EXPECT_DOUBLE_EQ(legacy::the_session.VolumeFactor, 1 / 50.0);
-    EXPECT_DOUBLE_EQ(the_substance.vcritExp, 50.0 / 250);
-    EXPECT_TRUE(legacy::the_session.ResultsOutdated);
+    session::apply_editor(session, texts);
+    EXPECT_NEAR(session->eosParameters.eosA0 / before, std::pow(400 / 369.89, 2), 1e-9);
+    EXPECT_DOUBLE_EQ(session->VolumeFactor, 1 / 50.0);
+    EXPECT_DOUBLE_EQ(session->substance.vcritExp, 50.0 / 250);
+    EXPECT_TRUE(session->ResultsOutdated);
     // Manual virial coefficients stay.
-    legacy::the_models.EOSModel = codes::eos(10);
-    legacy::the_eosParameters.eosA0 = 77;
-    session::apply_editor(texts);
-    EXPECT_EQ(legacy::the_eosParameters.eosA0, 77);
+    session.change()->models.EOSModel = codes::eos(10);
+    session.change()->eosParameters.eosA0 = 77;
+    session::apply_editor(session, texts);
+    EXPECT_EQ(session->eosParameters.eosA0, 77);
 }
 
 TEST_F(SubstanceEditor, EntropyOfFormationFollows) {
-    EditorTexts texts = show_record(the_substance);
+    EditorTexts texts = show_record(session->substance);
     texts[44] = "-100000";
     texts[45] = "-40000";
-    session::apply_editor(texts);
-    EXPECT_FLOAT_EQ(the_substance.dfs, static_cast<float>(-60000 / 298.15));
+    session::apply_editor(session, texts);
+    EXPECT_FLOAT_EQ(session->substance.dfs, static_cast<float>(-60000 / 298.15));
     texts[45] = "";
-    session::apply_editor(texts);
-    EXPECT_FLOAT_EQ(the_substance.dfs, static_cast<float>(-60000 / 298.15));
+    session::apply_editor(session, texts);
+    EXPECT_FLOAT_EQ(session->substance.dfs, static_cast<float>(-60000 / 298.15));
 }
 
 TEST_F(SubstanceEditor, RecalculationTakesTheFieldsAndLeavesTheRecord) {
-    EditorTexts texts = show_record(the_substance);
-    const models::VPSetAugust AUG = the_substance.AUG;
+    EditorTexts texts = show_record(session->substance);
+    const models::VPSetAugust AUG = session->substance.AUG;
     texts[1] = "240";
     texts[4] = " 400";
     texts[5] = "4000";
     const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
     recalculate(EditorCorrelation::August, texts);
     EXPECT_EQ(texts[47], editor_text(static_cast<float>(B)));
-    EXPECT_EQ(texts[50], editor_text(the_substance.THO.C));
+    EXPECT_EQ(texts[50], editor_text(session->substance.THO.C));
     recalculate(EditorCorrelation::Antoine, texts);
     EXPECT_EQ(texts[50], editor_text(static_cast<float>(18 - 0.19 * 240 + 273.15)));
     recalculate(EditorCorrelation::KFW, texts);
     EXPECT_EQ(texts[90], editor_text(static_cast<float>(0.183218 * 400 * 400 / 4000)));
     recalculate(EditorCorrelation::KFR, texts);
     EXPECT_EQ(texts[102], editor_text(2.5F));
-    EXPECT_EQ(the_substance.AUG.B, AUG.B);
-    EXPECT_EQ(the_substance.Tcrit, 369.89);
+    EXPECT_EQ(session->substance.AUG.B, AUG.B);
+    EXPECT_EQ(session->substance.Tcrit, 369.89);
     // Without critical data nothing happens.
     const EditorTexts before = texts;
     texts[4] = "<>";
@@ -435,21 +432,21 @@ TEST_F(SubstanceEditor, RecalculationTakesTheFieldsAndLeavesTheRecord) {
 }
 
 TEST_F(SubstanceEditor, TheTriplePointPressureComesFromEitherSource) {
-    the_substance.ptriple = 0.00017F;
-    EXPECT_EQ(session::triple_point_pressure(false), " 0.00017");
-    the_substance.Ttriple = 150;
-    const auto p = session::triple_point_pressure(true);
+    session.change()->substance.ptriple = 0.00017F;
+    EXPECT_EQ(session::triple_point_pressure(session, false), " 0.00017");
+    session.change()->substance.Ttriple = 150;
+    const auto p = session::triple_point_pressure(session, true);
     ASSERT_TRUE(p.has_value());
     EXPECT_EQ(*p, editor_text(static_cast<float>(
-                      models::vapour_pressure(the_substance, 150, codes::vp("WAG")).p)));
-    the_substance.Ttriple = 0;
-    EXPECT_FALSE(session::triple_point_pressure(true).has_value());
+                      models::vapour_pressure(session->substance, 150, codes::vp("WAG")).p)));
+    session.change()->substance.Ttriple = 0;
+    EXPECT_FALSE(session::triple_point_pressure(session, true).has_value());
     EXPECT_EQ(user.lastText(), "Error while calculating vapour pressure");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
 
 TEST_F(SubstanceEditor, ClosingAsksForChangedFields) {
-    const EditorTexts shown = show_record(the_substance);
+    const EditorTexts shown = show_record(session->substance);
     EditorTexts now = shown;
     EXPECT_TRUE(session::may_close_editor(shown, now));
     EXPECT_TRUE(user.messages.empty());
@@ -462,9 +459,9 @@ TEST_F(SubstanceEditor, ClosingAsksForChangedFields) {
 }
 
 TEST_F(SubstanceEditor, CaptionsNameEquationAndDatabase) {
-    EXPECT_EQ(session::active_equation_caption(), "actual vapour-pressure equation: Wagner");
-    legacy::the_session.DatabaseFile = "student.q05";
-    EXPECT_EQ(session::database_caption(), "Database loaded:  STUDENT.Q05");
+    EXPECT_EQ(session::active_equation_caption(session), "actual vapour-pressure equation: Wagner");
+    session.change()->databaseFile = "student.q05";
+    EXPECT_EQ(session::database_caption(session), "Database loaded:  STUDENT.Q05");
     EXPECT_EQ(kEditorNote, " Note: Any changes are lost without \"Apply\" ");
     EXPECT_EQ(kEditorLegend, "<> = empty");
     EXPECT_EQ(editor_tab_caption(EditorTab::SingleValues), "Single Values");

@@ -1,7 +1,6 @@
 #include "session/take_models.h"
 
 #include "models/model_tables.h"
-#include "session/actions.h"
 #include "session/commands.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
@@ -10,8 +9,6 @@ using namespace quor;
 
 namespace {
 
-using legacy::the_models;
-using legacy::the_substance;
 using models::Eos;
 using models::ModelChoice;
 
@@ -20,12 +17,12 @@ class TakeModels : public SessionTest {
   protected:
     TakeModels() {
         actions::clear();
-        the_substance = fluids::ReferencePropane();
-        the_substance.Name = "Propane";
-        for (models::VPSetAntoine* set : {&the_substance.ALP, &the_substance.AHP}) set->A = 5.0F;
-        the_substance.FRO.TLo = the_substance.WAG.TLo = 100;
+        session.change()->substance = fluids::ReferencePropane();
+        session.change()->substance.Name = "Propane";
+        for (models::VPSetAntoine* set : {&session->substance.ALP, &session->substance.AHP}) set->A = 5.0F;
+        session.change()->substance.FRO.TLo = session->substance.WAG.TLo = 100;
     }
-    static ModelChoice choice() { return ModelChoice(the_substance, the_models); }
+    static ModelChoice choice() { return ModelChoice(session->substance, session->models); }
     static ModelChoice with(Eos eos) {
         ModelChoice c = choice();
         c.choose_eos(models::index_of(c.eos(), eos));
@@ -34,14 +31,14 @@ class TakeModels : public SessionTest {
 };
 
 TEST_F(TakeModels, ComputesWhatTheSelectionNeeds) {
-    the_substance.KFW = {};
+    session.change()->substance.KFW = {};
     ModelChoice c = with(Eos::redlichKwong);
     c.choose_vp(models::index_of(c.vp(), models::VapourPressureEquation::frostVanDerWaals));
-    EXPECT_TRUE(session::take_models(c));
-    EXPECT_EQ(the_models, c.models());
-    EXPECT_NEAR(legacy::the_eosParameters.eosB0,
-                0.08664 * 8.31451 * the_substance.Tcrit / the_substance.pcrit, 1e-6);
-    EXPECT_NE(the_substance.KFW.a[0], 0.0F);
+    EXPECT_TRUE(session::take_models(session, c));
+    EXPECT_EQ(session->models, c.models());
+    EXPECT_NEAR(session->eosParameters.eosB0,
+                0.08664 * 8.31451 * session->substance.Tcrit / session->substance.pcrit, 1e-6);
+    EXPECT_NE(session->substance.KFW.a[0], 0.0F);
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -52,22 +49,22 @@ TEST_F(TakeModels, EnablesTheCommandsOfACompleteChoice) {
     const auto all = {Command::mnuCalcMain, Command::mnuOptions,    Command::mnuFitting,
                       Command::mnu2D,       Command::mnu3D,         Command::mnuData_SaveProject,
                       Command::toolSave,    Command::toolReference, Command::toolTank};
-    for (const Command c : all) EXPECT_FALSE(session::is_enabled(c));
-    EXPECT_TRUE(session::take_models(choice()));
-    for (const Command c : all) EXPECT_TRUE(session::is_enabled(c));
-    EXPECT_TRUE(session::is_enabled(Command::needsLPhase));
+    for (const Command c : all) EXPECT_FALSE(session::is_enabled(session, c));
+    EXPECT_TRUE(session::take_models(session, choice()));
+    for (const Command c : all) EXPECT_TRUE(session::is_enabled(session, c));
+    EXPECT_TRUE(session::is_enabled(session, Command::needsLPhase));
     EXPECT_EQ(prepared, 1);
 
-    EXPECT_TRUE(session::take_models(with(Eos::virialVanDerWaals)));
-    EXPECT_TRUE(session::is_enabled(Command::mnuCalcMain));
-    EXPECT_FALSE(session::is_enabled(Command::needsLPhase));
+    EXPECT_TRUE(session::take_models(session, with(Eos::virialVanDerWaals)));
+    EXPECT_TRUE(session::is_enabled(session, Command::mnuCalcMain));
+    EXPECT_FALSE(session::is_enabled(session, Command::needsLPhase));
 }
 
 TEST_F(TakeModels, AMissingAcentricFactorIsToldAndTheCalculationGoesOn) {
-    the_substance.omega = 0;
+    session.change()->substance.omega = 0;
     ModelChoice c = choice();
     c.choose_hlv(models::index_of(c.hlv(), models::VaporisationModel::carruthKobayashi));
-    EXPECT_TRUE(session::take_models(c));
+    EXPECT_TRUE(session::take_models(session, c));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
               "No acentric factor available.\nCalculated by using omega = 0\n"
@@ -77,60 +74,60 @@ TEST_F(TakeModels, AMissingAcentricFactorIsToldAndTheCalculationGoesOn) {
 }
 
 TEST_F(TakeModels, NoWarningWithoutNeedOfAnAcentricFactor) {
-    the_substance.omega = 0;
+    session.change()->substance.omega = 0;
     ModelChoice c = choice();
     c.choose_hlv(models::index_of(c.hlv(), models::VaporisationModel::chen));
-    EXPECT_TRUE(session::take_models(c));
+    EXPECT_TRUE(session::take_models(session, c));
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(TakeModels, WithoutParametersOfJiTorvikNothingIsTaken) {
-    const models::ModelSelection before = the_models;
-    EXPECT_FALSE(session::take_models(with(Eos::jiTorvik1)));
+    const models::ModelSelection before = session->models;
+    EXPECT_FALSE(session::take_models(session, with(Eos::jiTorvik1)));
     ASSERT_FALSE(user.messages.empty());
     EXPECT_EQ(user.messages.front().text, "No parameter-file generated.");
     EXPECT_FALSE(session::is_enabled(session::Command::mnuCalcMain));
-    EXPECT_EQ(the_models, before);
+    EXPECT_EQ(session->models, before);
 }
 
 TEST_F(TakeModels, OkDoesNotClearTheManualCoefficients) {
     ModelChoice c = with(Eos::manualVirial);
     c.set_manual_virial({0.05, 1500, 1.6});
-    EXPECT_TRUE(session::take_models(c));
-    EXPECT_EQ(legacy::the_eosParameters.eosB0, 0.05);
-    EXPECT_EQ(legacy::the_eosParameters.eosNB, 1500.0);
-    EXPECT_EQ(legacy::the_eosParameters.eosNV, 1.6);
-    EXPECT_TRUE(session::take_models(with(Eos::pengRobinson)));
-    EXPECT_EQ(the_models.manualVirial.b1, 1500.0) << "they are proposed the next time";
+    EXPECT_TRUE(session::take_models(session, c));
+    EXPECT_EQ(session->eosParameters.eosB0, 0.05);
+    EXPECT_EQ(session->eosParameters.eosNB, 1500.0);
+    EXPECT_EQ(session->eosParameters.eosNV, 1.6);
+    EXPECT_TRUE(session::take_models(session, with(Eos::pengRobinson)));
+    EXPECT_EQ(session->models.manualVirial.b1, 1500.0) << "they are proposed the next time";
 }
 
 TEST_F(TakeModels, AChoiceThatIsNotTakenChangesNothing) {
-    ASSERT_TRUE(session::take_models(choice()));
-    const models::ModelSelection keptModels = the_models;
-    const models::EOSParameters keptParameters = legacy::the_eosParameters;
+    ASSERT_TRUE(session::take_models(session, choice()));
+    const models::ModelSelection keptModels = session->models;
+    const models::EOSParameters keptParameters = session->eosParameters;
     ModelChoice c = with(Eos::manualVirial);
     c.choose_vp(2);
     c.choose_hlv(models::index_of(c.hlv(), models::VaporisationModel::watson));
     c.set_watson("0.5");
     c.set_priority_ceos(false);
     c.set_manual_virial({1, 2, 3});
-    EXPECT_EQ(the_models, keptModels);
-    EXPECT_EQ(legacy::the_eosParameters, keptParameters);
+    EXPECT_EQ(session->models, keptModels);
+    EXPECT_EQ(session->eosParameters, keptParameters);
 }
 
 TEST_F(TakeModels, BeforeTheFirstChoiceThereIsNone) {
     const ModelChoice c = choice();
-    EXPECT_EQ(the_models.EOSModel, Eos::none);
-    EXPECT_EQ(the_models.HLVModel, models::VaporisationModel::none);
+    EXPECT_EQ(session->models.EOSModel, Eos::none);
+    EXPECT_EQ(session->models.HLVModel, models::VaporisationModel::none);
 }
 
 TEST_F(TakeModels, EverySubstanceGetsACompleteChoice) {
     for (const std::string& name : fluids::AllNames()) {
-        session::set_commands({session::Command::mnuCalcMain}, false);
-        the_substance = fluids::Row(name);
-        the_models = {};
-        EXPECT_TRUE(session::take_models(choice())) << name;
-        EXPECT_GT(legacy::the_eosParameters.vcritCalc, 0.0) << name;
+        session::set_commands(session, {session::Command::mnuCalcMain}, false);
+        session.change()->substance = fluids::Row(name);
+        session.change()->models = {};
+        EXPECT_TRUE(session::take_models(session, choice())) << name;
+        EXPECT_GT(session->eosParameters.vcritCalc, 0.0) << name;
         EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain)) << name;
     }
 }

@@ -9,47 +9,45 @@ namespace {
 
 using datafiles::FitPoint;
 using dialogs::Answer;
-using legacy::the_session;
-using legacy::the_xyPoints;
 
 class XySession : public SessionTest {
   protected:
     std::string path(const std::string& name) { return (folder() / name).string(); }
     static std::vector<float> xs() {
         std::vector<float> list;
-        for (const FitPoint& p : the_xyPoints) list.push_back(p.x);
+        for (const FitPoint& p : session->xy.points) list.push_back(p.x);
         return list;
     }
 };
 
 TEST_F(XySession, LoadingReplacesTheListAndTellsTheFile) {
-    the_xyPoints = {{9, 9, 0}};
+    session.change()->xy.points = {{9, 9, 0}};
     builder::WriteFile(folder() / "A.XY", "comment\r\n1;2\r\n3;4\r\n");
     user.fileAnswers.push_back("A.XY");
-    EXPECT_EQ(session::load_xy(), path("A.XY"));
-    EXPECT_EQ(legacy::the_xyComment, "comment");
+    EXPECT_EQ(session::load_xy(session), path("A.XY"));
+    EXPECT_EQ(session->xy.comment, "comment");
     EXPECT_EQ(xs(), (std::vector<float>{1, 3}));
     EXPECT_EQ(user.files[0].title, "Load (Curve)Points");
     EXPECT_EQ(user.files[0].filter, "x-y Data (*.XY)|*.XY|(*.LRG)|*LRG");
     EXPECT_EQ(user.files[0].name, "*.XY");
-    EXPECT_EQ(the_session.FolderXY, (folder() / "").string());
+    EXPECT_EQ(session->folderXy, (folder() / "").string());
 }
 
 TEST_F(XySession, AMissingFileIsToldAndTheListStays) {
-    the_xyPoints = {{9, 9, 0}};
-    EXPECT_EQ(session::load_xy("MISSING.XY"), std::nullopt);
+    session.change()->xy.points = {{9, 9, 0}};
+    EXPECT_EQ(session::load_xy(session, "MISSING.XY"), std::nullopt);
     EXPECT_EQ(user.lastText(), "The file MISSING.XY was not found.");
     user.fileAnswers.push_back(std::nullopt);
-    EXPECT_EQ(session::load_xy(), std::nullopt);
-    EXPECT_EQ(the_xyPoints.size(), 1U);
+    EXPECT_EQ(session::load_xy(session), std::nullopt);
+    EXPECT_EQ(session->xy.points.size(), 1U);
 }
 
 TEST_F(XySession, SavingWritesTheActivePointsWithTheSessionsSeparator) {
-    the_xyPoints = {{1, 2, 0}, {3, 4, -1}};
-    legacy::the_xyComment = "c";
-    the_session.CsvSeparator = '\t';
+    session.change()->xy.points = {{1, 2, 0}, {3, 4, -1}};
+    session.change()->xy.comment = "c";
+    session.change()->csvSeparator = '\t';
     user.fileAnswers.push_back("B");
-    EXPECT_TRUE(session::save_xy());
+    EXPECT_TRUE(session::save_xy(session));
     EXPECT_EQ(builder::ReadFile(folder() / "B.XY"), "c\r\n.1000000E+01\t.2000000E+01\r\n");
     EXPECT_EQ(user.files[0].title, "(Curve)Points Save as ... ");
     EXPECT_EQ(user.files[0].defaultExtension, ".XY");
@@ -58,29 +56,29 @@ TEST_F(XySession, SavingWritesTheActivePointsWithTheSessionsSeparator) {
 }
 
 TEST_F(XySession, ChangedDataAreAskedAbout) {
-    EXPECT_TRUE(session::may_leave_xy(false));
+    EXPECT_TRUE(session::may_leave_xy(session, false));
     user.answers = {Answer::No, Answer::Yes};
-    EXPECT_TRUE(session::may_leave_xy(true));
+    EXPECT_TRUE(session::may_leave_xy(session, true));
     EXPECT_EQ(user.lastText(), "Data not yet saved.\nSave now?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_FALSE(session::may_leave_xy(true));
+    EXPECT_FALSE(session::may_leave_xy(session, true));
 }
 
 TEST_F(XySession, ACurveIsSavedWithItsCount) {
     const std::vector<FitPoint> curve{{1, 10, 0}, {2, 20, 0}};
     user.fileAnswers = {path("C"), path("C")};
-    EXPECT_TRUE(session::save_curve_as_xy(curve));
+    EXPECT_TRUE(session::save_curve_as_xy(session, curve));
     EXPECT_EQ(builder::ReadFile(folder() / "C.XY"),
               "2 curve points\r\n.1000000E+01;.1000000E+02\r\n.2000000E+01;.2000000E+02\r\n");
     EXPECT_EQ(user.files[0].title, "Save curve as *.XY");
     EXPECT_EQ(user.files[0].filter, "XY text file (*.XY)|*.XY");
     EXPECT_EQ(user.files[0].defaultExtension, ".XY");
     user.answers = {Answer::No};
-    EXPECT_FALSE(session::save_curve_as_xy(curve));
+    EXPECT_FALSE(session::save_curve_as_xy(session, curve));
     EXPECT_EQ(user.lastText(), "such a file is already existing\nOverwright?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     user.fileAnswers = {path("missing/C.XY")};
-    EXPECT_FALSE(session::save_curve_as_xy(curve));
+    EXPECT_FALSE(session::save_curve_as_xy(session, curve));
     EXPECT_EQ(user.lastTitle(), "ERROR");
 }
 
@@ -100,7 +98,7 @@ TEST_F(XySession, ADrawingNeedsEnoughActivePoints) {
 
 TEST_F(XySession, ACurveWithoutPointsIsSavedAsSuch) {
     user.fileAnswers = {path("D")};
-    EXPECT_TRUE(session::save_curve_as_xy({}));
+    EXPECT_TRUE(session::save_curve_as_xy(session, {}));
     EXPECT_EQ(builder::ReadFile(folder() / "D.XY"), "0 curve points\r\n");
 }
 

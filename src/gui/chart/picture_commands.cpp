@@ -4,7 +4,6 @@
 #include <QPrinter>
 
 #include "common/dialogs.h"
-#include "gui/widgets/shell.h"
 
 namespace quor::gui {
 
@@ -49,10 +48,10 @@ void Save(const Picture& picture, const std::string& folder) {
         chart::exportPicture(picture.painting, QString::fromStdString(*name), options_of(picture)));
 }
 
-void Print(const Picture& picture) {
+void Print(const Picture& picture, QWidget* parent) {
     QPrinter printer;
     printer.setDocName(picture.title);
-    QPrintDialog dialog(&printer, shell::frameWindow());
+    QPrintDialog dialog(&printer, parent);
     dialog.setObjectName("PrintDialog");
     if (dialog.exec() != QDialog::Accepted) return;
     tell_failure(chart::printPicture(picture.painting, printer, picture.print));

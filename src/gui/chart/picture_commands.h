@@ -5,6 +5,8 @@
 
 #include "gui/chart/picture_export.h"
 
+class QWidget;
+
 namespace quor::gui {
 
 /// What the menu "Picture" of a diagram does, for charts of both kinds.
@@ -23,8 +25,8 @@ void Copy(const Picture& picture);
 /// Asks for a file and writes it; a failure is told.
 void Save(const Picture& picture, const std::string& folder);
 
-/// Asks for a printer and prints; a failure is told.
-void Print(const Picture& picture);
+/// Asks for a printer, in front of `parent`, and prints; a failure is told.
+void Print(const Picture& picture, QWidget* parent);
 
 }  // namespace picture_commands
 

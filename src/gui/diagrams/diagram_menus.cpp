@@ -12,8 +12,7 @@
 #include "gui/diagrams/design_panel.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/widgets/theme.h"
-#include "legacy/current_diagram.h"
-#include "session/module2.h"
+#include "session/diagram_choice.h"
 #include "session/xy_session.h"
 
 // The menus and the tool bar of a diagram, and what enters it from data or leaves it as a picture
@@ -68,7 +67,7 @@ MenuRow DiagramWindow::mark(const QString& caption, const QString& name, Mark ki
             .name = name,
             .run =
                 [this, what] {
-                    what(sheet_, diagrams::current_pen());
+                    what(sheet_, session::present_pen(session_));
                     refresh();
                 },
             .enabled = [this, kind] { return diagrams::offers_mark(sheet_, kind); }};
@@ -289,7 +288,7 @@ std::vector<MenuRow> DiagramWindow::drawButtons() {
                                   .enabled =
                                       [this, diagram] {
                                           return diagram != nullptr && !sheet_.swappedAxes &&
-                                                 diagrams::current_pen().has_fluid();
+                                                 session::present_pen(session_).has_fluid();
                                       },
                                   .tip = "Draw a curve (Enter)",
                                   .icon = "graph2d"}};
@@ -411,29 +410,25 @@ void DiagramWindow::followMenus() {
 
 void DiagramWindow::addMeasuredPoints() {
     std::vector<diagrams::MeasuredState> states;
-    const auto& lines = legacy::the_BatchData;
-    const auto count =
-        static_cast<std::size_t>(std::max<std::int16_t>(legacy::the_session.BatchCount, 0));
-    for (std::size_t i = 1; i <= count && i < lines.size(); ++i) {
-        const calculation::BatchDataSet& line = lines[i];
+    for (const calculation::BatchDataSet& line : session_->measured.points) {
         if (line.skip != 0) continue;
         states.push_back({line.T, line.p, static_cast<double>(line.rhoV),
                           static_cast<double>(line.rhoL), static_cast<double>(line.hLV),
                           static_cast<double>(line.cp)});
     }
-    diagrams::add_measured_points(sheet_, diagrams::current_pen(), states,
-                                  session::file_title(legacy::the_session.BatchFile));
+    diagrams::add_measured_points(sheet_, session::present_pen(session_), states,
+                                  paths::file_title(session_->measured.file));
     refresh();
 }
 
 void DiagramWindow::addEditorPoints(bool asCurve) {
-    if (!session::enough_active_points(legacy::the_xyPoints, !asCurve)) return;
+    if (!session::enough_active_points(session_->xy.points, !asCurve)) return;
     std::vector<float> x, y;
-    for (const datafiles::FitPoint& point : datafiles::active_points(legacy::the_xyPoints)) {
+    for (const datafiles::FitPoint& point : datafiles::active_points(session_->xy.points)) {
         x.push_back(point.x);
         y.push_back(point.y);
     }
-    const std::string& comment = legacy::the_xyComment;
+    const std::string& comment = session_->xy.comment;
     asCurve ? diagrams::add_editor_curve(sheet_, std::move(x), std::move(y), comment)
             : diagrams::add_editor_points(sheet_, std::move(x), std::move(y), comment);
     refresh();
@@ -454,11 +449,11 @@ void DiagramWindow::copyPicture() {
 }
 
 void DiagramWindow::savePicture() {
-    picture_commands::Save(pictureOf(sheet_.chart), legacy::the_session.FolderDiagram2D);
+    picture_commands::Save(pictureOf(sheet_.chart), session_->folderDiagrams);
 }
 
 void DiagramWindow::printPicture() {
-    picture_commands::Print(pictureOf(sheet_.chart));
+    picture_commands::Print(pictureOf(sheet_.chart), desk_.frameWindow());
 }
 
 void DiagramWindow::copyTable() {

@@ -1,12 +1,9 @@
 #include "gui/diagrams/diagram_window.h"
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QDockWidget>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMdiSubWindow>
-#include <QMenuBar>
 #include <QStatusBar>
 
 #include "common/dialogs.h"
@@ -25,13 +22,9 @@
 #include "gui/diagrams/design_panel.h"
 #include "gui/diagrams/process_line_dialog.h"
 #include "gui/diagrams/range_input.h"
-#include "gui/diagrams/views_in_use.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/current_diagram.h"
-#include "session/actions.h"
-#include "session/module2.h"
+#include "session/diagram_choice.h"
 #include "session/xy_session.h"
 
 namespace quor::gui {
@@ -39,91 +32,52 @@ namespace quor::gui {
 namespace {
 
 constexpr QSize kFirstSize(860, 620);
-constexpr int kPanelWidth = 300;
-constexpr int kCascade = 26;  // pixels between diagrams that open on each other
-
-ViewsInUse<DiagramWindow>& openDiagrams() {
-    static ViewsInUse<DiagramWindow> all;
-    return all;
-}
 
 }  // namespace
 
-DiagramWindow* DiagramWindow::current() {
-    return openDiagrams().current();
+DiagramWindow* DiagramWindow::Open(Desk& desk, const diagrams::PreparedDiagram& prepared,
+                                   const diagrams::Basis& basis) {
+    const bool others = desk.lastUsed<DiagramWindow>() != nullptr;
+    auto* view = new DiagramWindow(desk, prepared, basis);
+    view->open(others);
+    return view;
 }
 
-void DiagramWindow::Open(const diagrams::PreparedDiagram& prepared, const diagrams::Basis& basis) {
-    const std::size_t others = openDiagrams().size();
-    auto* view = new DiagramWindow(prepared, basis);
-    shell::openChild(view);
-    // A further diagram does not hide the one before.
-    auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
-    if (window != nullptr && others > 0) window->move(window->pos() + QPoint(kCascade, kCascade));
-}
-
-DiagramWindow::DiagramWindow(const diagrams::PreparedDiagram& prepared,
+DiagramWindow::DiagramWindow(Desk& desk, const diagrams::PreparedDiagram& prepared,
                              const diagrams::Basis& basis)
-    : sheet_(diagrams::open_sheet(prepared.request, basis, prepared.start.at)),
-      menus_(this, [this] { becomeCurrent(); }) {
-    setObjectName("frmGraph2D");
-    setWindowIcon(theme::icon("graph2d"));
-    setContextMenuPolicy(Qt::NoContextMenu);
+    : ChartWindow(desk, "frmGraph2D", "graph2d"),
+      FollowsSession(desk.session()),
+      sheet_(diagrams::open_sheet(prepared.request, basis, prepared.start.at)) {
     setFocusPolicy(Qt::StrongFocus);
-    setCaption();
+    showCaption();
 
     canvas_ = new chart::Chart2DWidget(sheet_.chart, this);
     canvas_->setObjectName("chart");
     canvas_->installEventFilter(this);
     setCentralWidget(canvas_);
     panel_ = new DesignPanel(sheet_);
-    dock_ = new QDockWidget("Design", this);
-    dock_->setObjectName("dockDesign");
-    dock_->setWidget(panel_);
-    dock_->setMinimumWidth(kPanelWidth);
-    addDockWidget(Qt::RightDockWidgetArea, dock_);
-    dock_->hide();
+    addDesignPanel(panel_);
     connect(panel_, &DesignPanel::changed, this, [this] {
         const QWidget* control = QApplication::focusWidget();
         rememberDesign(control == nullptr ? QString() : control->objectName());
         refresh();
     });
 
-    status_ = new QLabel;
-    status_->setObjectName("lblReadout");
-    statusBar()->addWidget(status_, 1);
     fluid_ = new QLabel;
     fluid_->setObjectName("lblFluid");
     fluid_->setToolTip("Substance and model of the next curve");
     statusBar()->addPermanentWidget(fluid_);
-    menuBar()->setNativeMenuBar(false);
     buildMenus();
     buildToolBar();
     connectCanvas();
     resize(kFirstSize);
-    openDiagrams().add(this);
     refresh();
 }
 
-DiagramWindow::~DiagramWindow() {
-    openDiagrams().remove(this);
-}
-
-void DiagramWindow::becomeCurrent() {
-    if (!openDiagrams().use(this)) return;
-    if (sheet_.request.diagram != nullptr) legacy::the_diagram = sheet_.request.diagram;
-    diagrams::keep_parameters(sheet_.at);
-}
-
-void DiagramWindow::showEvent(QShowEvent* event) {
-    QMainWindow::showEvent(event);
-    ViewsInUse<DiagramWindow>::followWindow(this);
-}
-
-void DiagramWindow::closeEvent(QCloseEvent* event) {
-    // What is deleted later is no diagram of the session any more.
-    openDiagrams().remove(this);
-    event->accept();
+void DiagramWindow::keepChoice() {
+    const auto now = session_.change();
+    if (sheet_.request.diagram != nullptr) now->diagram = sheet_.request.diagram;
+    now->diagramAt = sheet_.at;
 }
 
 void DiagramWindow::keyPressEvent(QKeyEvent* event) {
@@ -132,22 +86,15 @@ void DiagramWindow::keyPressEvent(QKeyEvent* event) {
     draw();
 }
 
-void DiagramWindow::setCaption(const QString& file) {
-    setWindowTitle(file.isEmpty() ? qt(diagrams::view_caption(sheet_.request))
-                                  : "Filename: " + file);
-}
-
-void DiagramWindow::closeView() {
-    QWidget* window = this;
-    if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) window = sub;
-    window->close();
+void DiagramWindow::showCaption(const QString& file) {
+    setCaption(qt(diagrams::view_caption(sheet_.request)), file);
 }
 
 // ----------------------------------------------------------------------------------------- drawing
 
 void DiagramWindow::draw() {
     becomeCurrent();
-    diagrams::draw(sheet_, diagrams::current_pen(), legacy::the_processLine);
+    diagrams::draw(sheet_, session::present_pen(session_), session_->processLine);
     if (sheet_.currentPlace >= 0 && dock_->isVisible()) panel_->showCurve(sheet_.currentPlace);
     refresh();
 }
@@ -159,9 +106,10 @@ void DiagramWindow::abortWhenEmpty() {
 namespace {
 
 /// The basis of an input in the units of a sheet; nothing, and said, where there is none.
-std::optional<diagrams::Basis> basisOfInput(const diagrams::DiagramSheet& sheet) {
+std::optional<diagrams::Basis> basisOfInput(const diagrams::DiagramSheet& sheet,
+                                            const session::Session& session) {
     try {
-        return diagrams::in_units_of(sheet, diagrams::current_pen().basis);
+        return diagrams::in_units_of(sheet, session::present_pen(session).basis);
     } catch (const std::exception& fault) {
         dialogs::tell(fault.what(), "Execution not possible");
         return std::nullopt;
@@ -172,55 +120,61 @@ std::optional<diagrams::Basis> basisOfInput(const diagrams::DiagramSheet& sheet)
 
 void DiagramWindow::askParameter() {
     becomeCurrent();
-    const auto basis = basisOfInput(sheet_);
+    const auto basis = basisOfInput(sheet_, session_);
     if (!basis) return;
-    CurveParameterDialog box(sheet_.request.section(), *basis, sheet_.at, shell::frameWindow());
-    if (shell::openModal(box) != QDialog::Accepted) return abortWhenEmpty();
+    CurveParameterDialog box(sheet_.request.section(), *basis, sheet_.at, desk_.frameWindow());
+    if (desk_.openModal(box) != QDialog::Accepted) return abortWhenEmpty();
     sheet_.at = box.parameters();
-    diagrams::keep_parameters(sheet_.at);
+    session_.change()->diagramAt = sheet_.at;
     if (box.drawNow()) return draw();
     refresh();
 }
 
 void DiagramWindow::askRange() {
     becomeCurrent();
-    const auto basis = basisOfInput(sheet_);
+    const auto basis = basisOfInput(sheet_, session_);
     if (!basis) return;
-    RangeInput box({sheet_.request.section(), basis->units, sheet_.at, legacy::the_processLine,
-                    legacy::the_coordinates},
-                   shell::frameWindow());
-    if (shell::openModal(box) != QDialog::Accepted) return abortWhenEmpty();
+    RangeInput box({sheet_.request.section(), basis->units, sheet_.at, session_->processLine,
+                    session_->coordinates},
+                   desk_.frameWindow());
+    if (desk_.openModal(box) != QDialog::Accepted) return abortWhenEmpty();
     sheet_.at = box.range().at;
-    legacy::the_processLine = box.range().line;
-    diagrams::keep_parameters(sheet_.at);
+    {
+        const auto now = session_.change();
+        now->processLine = box.range().line;
+        now->diagramAt = sheet_.at;
+    }
     draw();
 }
 
 void DiagramWindow::askIsohygric() {
-    const diagrams::Pen pen = diagrams::current_pen();
+    const diagrams::Pen pen = session::present_pen(session_);
     if (!diagrams::may_mark_isohygric(pen)) return;
-    RangeInput box(shell::frameWindow());
-    if (shell::openModal(box) != QDialog::Accepted) return;
+    RangeInput box(desk_.frameWindow());
+    if (desk_.openModal(box) != QDialog::Accepted) return;
     diagrams::mark_isohygric(sheet_, pen, box.vapourFraction());
     refresh();
 }
 
 void DiagramWindow::askProcessLine(diagrams::ProcessKind kind) {
-    legacy::the_processLine.kind = kind;
+    session_.change()->processLine.kind = kind;
     ProcessLineDialog box(
-        {ProcessLineDialog::Purpose::Line, diagrams::current_pen(), sheet_.request.diagram,
-         sheet_.at, legacy::the_processLine, legacy::the_session.CsvSeparator},
-        [this](const diagrams::ProcessLine& line) { drawProcessLine(line); }, shell::frameWindow());
-    shell::openModal(box);
+        {ProcessLineDialog::Purpose::Line, session::present_pen(session_), sheet_.request.diagram,
+         sheet_.at, session_->processLine, session_->csvSeparator, session_.places()},
+        [this](const diagrams::ProcessLine& line) { drawProcessLine(line); }, desk_.frameWindow());
+    desk_.openModal(box);
 }
 
 void DiagramWindow::drawProcessLine(const diagrams::ProcessLine& line) {
-    legacy::the_processLine = line;
     const diagrams::DrawOutcome outcome =
-        diagrams::draw_process_line(sheet_, diagrams::current_pen(), line);
-    // The answer of the polytropic program belongs to this line alone.
-    legacy::the_processLine.polytropicPoints.clear();
-    if (outcome.last) legacy::the_processLine.last = *outcome.last;
+        diagrams::draw_process_line(sheet_, session::present_pen(session_), line);
+    {
+        const auto now = session_.change();
+        now->processLine = line;
+        // The answer of the polytropic program belongs to this line alone.
+        now->processLine.polytropicPoints.clear();
+        if (outcome.last) now->processLine.last = *outcome.last;
+    }
     if (outcome.place >= 0) {
         const auto& curve = sheet_.chart.curves[static_cast<std::size_t>(outcome.place)];
         const std::string note =
@@ -231,8 +185,8 @@ void DiagramWindow::drawProcessLine(const diagrams::ProcessLine& line) {
 }
 
 void DiagramWindow::askCoordinates() {
-    CoordinatesDialog box(sheet_, shell::frameWindow());
-    if (shell::openModal(box) != QDialog::Accepted) return;
+    CoordinatesDialog box(sheet_, desk_.frameWindow());
+    if (desk_.openModal(box) != QDialog::Accepted) return;
     canvas_->forgetZoom();
     refresh();
 }
@@ -257,11 +211,10 @@ void DiagramWindow::addLegend() {
 
 void DiagramWindow::load() {
     becomeCurrent();
-    legacy::Session& session = legacy::the_session;
-    const bool withNote = std::exchange(session.Diagram2DNotePending, false);
+    const bool withNote = std::exchange(session_.change()->diagramNotePending, false);
     const diagrams::LoadAnswer answer =
-        diagrams::load_oc2(sheet_, session.FolderDiagram2D, withNote);
-    session.FolderDiagram2D = answer.folder;
+        diagrams::load_oc2(sheet_, session_->folderDiagrams, withNote);
+    session_.change()->folderDiagrams = answer.folder;
     switch (answer.outcome) {
         case diagrams::LoadOutcome::Loaded:
             break;
@@ -270,21 +223,21 @@ void DiagramWindow::load() {
         case diagrams::LoadOutcome::Cancelled:
             return refresh();
     }
-    setCaption(qt(paths::file_title(sheet_.loadedFile)));
+    showCaption(qt(paths::file_title(sheet_.loadedFile)));
     canvas_->forgetZoom();
     refresh();
 }
 
 void DiagramWindow::save() {
-    std::string& folder = legacy::the_session.FolderDiagram2D;
-    folder = diagrams::save_oc2(sheet_, folder).folder;
+    const auto answer = diagrams::save_oc2(sheet_, session_->folderDiagrams);
+    session_.change()->folderDiagrams = answer.folder;
 }
 
 void DiagramWindow::saveCurve() {
     std::vector<datafiles::FitPoint> points;
     for (const diagrams::CurvePoint& point : diagrams::shown_points(sheet_, curveInUse()))
         points.push_back({point.x, point.y, 0});
-    if (!points.empty()) session::save_curve_as_xy(points);
+    if (!points.empty()) session::save_curve_as_xy(session_, points);
 }
 
 // ------------------------------------------------------------------------------------------ design
@@ -298,7 +251,7 @@ void DiagramWindow::refresh() {
 }
 
 void DiagramWindow::followSession() {
-    const diagrams::Pen pen = diagrams::current_pen();
+    const diagrams::Pen pen = session::present_pen(session_);
     const diagrams::Diagram* diagram = sheet_.request.diagram;
     const std::string fluid = diagrams::fluid_text(diagram, pen);
     fluid_->setText(diagram == nullptr ? QString()
@@ -401,32 +354,31 @@ void DiagramWindow::connectCanvas() {
 
 // ----------------------------------------------------------------------------------------- opening
 
-namespace graph2d_views {
+namespace diagram_views {
 
 namespace {
 
-void openInput(const diagrams::Diagram& diagram) {
-    DiagramWindow* view = DiagramWindow::current();
+void openInput(DiagramWindow& view, const diagrams::Diagram& diagram) {
     switch (diagrams::input_of(diagram)) {
         case diagrams::DiagramInput::parameter:
-            return view->askParameter();
+            return view.askParameter();
         case diagrams::DiagramInput::range:
-            return view->askRange();
+            return view.askRange();
         case diagrams::DiagramInput::validity:
-            return view->draw();
+            return view.draw();
         case diagrams::DiagramInput::none:
             return;
     }
 }
 
-void prepareAndOpen(const diagrams::Diagram& diagram) {
+void prepareAndOpen(Desk& desk, const diagrams::Diagram& diagram) {
+    session::Session& session = desk.session();
     try {
-        const diagrams::Basis basis = diagrams::current_basis();
+        const diagrams::Basis basis = session::present_basis(session);
         const diagrams::PreparedDiagram prepared =
-            diagrams::prepare_diagram(diagram, basis, diagrams::current_start());
-        diagrams::keep_start(prepared.start);
-        DiagramWindow::Open(prepared, basis);
-        openInput(diagram);
+            diagrams::prepare_diagram(diagram, basis, session::present_start(session));
+        session::keep_start(session, prepared.start);
+        openInput(*DiagramWindow::Open(desk, prepared, basis), diagram);
     } catch (const std::exception&) {
         dialogs::tell(
             "The registration of the 2D graph module \\...\\olch8x2.ocx during the installation "
@@ -436,89 +388,84 @@ void prepareAndOpen(const diagrams::Diagram& diagram) {
 }
 
 /// Says what has to be said of the diagram that was chosen, and opens it unless that was a refusal.
-void openChosen() {
-    const diagrams::Diagram* diagram = legacy::the_diagram;
+void openChosen(Desk& desk) {
+    const session::Session& session = desk.session();
+    const diagrams::Diagram* diagram = session->diagram;
     if (diagram == nullptr) return;
-    const diagrams::OpeningAnswer answer =
-        diagrams::opening_answer(*diagram, models::current_fluid());
+    const diagrams::OpeningAnswer answer = diagrams::opening_answer(*diagram, session.fluid());
     if (!answer.text.empty())
         dialogs::tell(answer.text, answer.opens ? "Note" : "Execution not possible");
-    if (answer.opens) prepareAndOpen(*diagram);
-}
-
-/// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
-void openFromMenu() {
-    const diagrams::Diagram* diagram = legacy::the_diagram;
-    const bool needsReference = diagram != nullptr &&
-                                diagram->subTitle == diagrams::SubTitle::vaporisation &&
-                                legacy::the_models.HLVModel == models::VaporisationModel::benson;
-    if (!needsReference) return openChosen();
-    calculation_views::OpenCalcIn(calculation::Task::vaporisationAtT, true);
+    if (answer.opens) prepareAndOpen(desk, *diagram);
 }
 
 /// The XY editor's graph gets a diagram of its own, in which nothing is computed.
-void openEditorGraph() {
-    const datafiles::XYGraph& graph = legacy::the_xyGraph;
+void openEditorGraph(Desk& desk) {
+    const session::Session& session = desk.session();
+    const datafiles::XYGraph& graph = session->xyGraph;
     const diagrams::DiagramRequest request = diagrams::request_of_editor_graph(
         {graph.title,
          graph.xTitle,
          graph.yTitle,
          {graph.range.xMin, graph.range.xMax, graph.range.yMin, graph.range.yMax}});
-    DiagramWindow::Open({request, diagrams::current_start()}, {});
-    DiagramWindow* view = DiagramWindow::current();
+    DiagramWindow* view = DiagramWindow::Open(desk, {request, session::present_start(session)}, {});
     std::vector<float> x, y;
     for (const datafiles::FitPoint& point : graph.points) {
         x.push_back(point.x);
         y.push_back(point.y);
     }
     if (graph.asPoints)
-        diagrams::add_editor_points(view->sheet(), x, y, legacy::the_xyComment);
+        diagrams::add_editor_points(view->sheet(), x, y, session->xy.comment);
     else
-        diagrams::add_editor_curve(view->sheet(), x, y, legacy::the_xyComment);
+        diagrams::add_editor_curve(view->sheet(), x, y, session->xy.comment);
     view->refresh();
 }
 
-void calculateProcess() {
+void calculateProcess(Desk& desk) {
+    session::Session& session = desk.session();
     ProcessLineDialog box(
-        {ProcessLineDialog::Purpose::Calculation, diagrams::current_pen(), nullptr,
-         diagrams::current_start().at, legacy::the_processLine, legacy::the_session.CsvSeparator},
-        [](const diagrams::ProcessLine& line) {
-            legacy::the_processLine = line;
-            legacy::the_calculationViews.openResultView();
+        {ProcessLineDialog::Purpose::Calculation, session::present_pen(session), nullptr,
+         session->diagramAt, session->processLine, session->csvSeparator, session.places()},
+        [&desk](const diagrams::ProcessLine& line) {
+            desk.session().change()->processLine = line;
+            desk.calculationViews.openResultView();
         },
-        shell::frameWindow());
-    shell::openModal(box);
-    legacy::the_processLine.polytropicPoints.clear();
-    legacy::the_processLine.fromCalculation = false;
-}
-
-void renewLimits() {
-    const legacy::Session& session = legacy::the_session;
-    session::refresh_units();
-    legacy::the_session.CaloricFactor =
-        session::caloric_factor_of(session.CaloricUnit, session.DiagramT);
-    legacy::the_coordinates = diagrams::coordinate_defaults(
-        diagrams::current_basis(), legacy::the_coordinates, session.UnitsChanged);
+        desk.frameWindow());
+    desk.openModal(box);
+    const auto now = session.change();
+    now->processLine.polytropicPoints.clear();
+    now->processLine.fromCalculation = false;
 }
 
 }  // namespace
 
-void openEmpty() {
-    const diagrams::DiagramStart start = diagrams::current_start();
-    if (legacy::the_diagram == nullptr)
-        return DiagramWindow::Open({{}, start}, diagrams::current_pen().basis);
-    const diagrams::Basis basis = diagrams::current_basis();
-    DiagramWindow::Open(diagrams::prepare_diagram(*legacy::the_diagram, basis, start), basis);
+/// The heat of vaporisation by Benson's method needs a reference point, which is asked for first.
+void openFromMenu(Desk& desk) {
+    const session::Session& session = desk.session();
+    const diagrams::Diagram* diagram = session->diagram;
+    const bool needsReference = diagram != nullptr &&
+                                diagram->subTitle == diagrams::SubTitle::vaporisation &&
+                                session->models.HLVModel == models::VaporisationModel::benson;
+    if (!needsReference) return openChosen(desk);
+    calculation_views::OpenCalcIn(desk, calculation::Task::vaporisationAtT, true);
 }
 
-void Install() {
-    legacy::the_calculationViews.prepareDiagram = openChosen;
-    legacy::the_calculationViews.openProcessView = calculateProcess;
-    actions::register_action("Diagram2D", openFromMenu);
-    actions::register_action("graph_xy", openEditorGraph);
-    actions::register_action("CalcCoordinateDefaults", renewLimits);
+void openEmpty(Desk& desk) {
+    const session::Session& session = desk.session();
+    const diagrams::DiagramStart start = session::present_start(session);
+    if (session->diagram == nullptr) {
+        DiagramWindow::Open(desk, {{}, start}, session::present_pen(session).basis);
+        return;
+    }
+    const diagrams::Basis basis = session::present_basis(session);
+    DiagramWindow::Open(desk, diagrams::prepare_diagram(*session->diagram, basis, start), basis);
 }
 
-}  // namespace graph2d_views
+void Install(Desk& desk) {
+    desk.calculationViews.prepareDiagram = [&desk] { openChosen(desk); };
+    desk.calculationViews.openProcessView = [&desk] { calculateProcess(desk); };
+    desk.doors.drawXy = [&desk] { openEditorGraph(desk); };
+}
+
+}  // namespace diagram_views
 
 }  // namespace quor::gui

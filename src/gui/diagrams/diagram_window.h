@@ -1,14 +1,11 @@
 #pragma once
 
-#include <QMainWindow>
-
 #include "diagrams/prepare_2d.h"
 #include "diagrams/sheet_marks.h"
 #include "gui/chart/chart2d_widget.h"
-#include "gui/diagrams/window_menus.h"
+#include "gui/diagrams/chart_window.h"
 #include "gui/widgets/follows_session.h"
 
-class QDockWidget;
 class QLabel;
 
 namespace quor::gui {
@@ -17,20 +14,16 @@ class DesignPanel;
 
 /// A 2D diagram: the sheet with its curves, points and marks, the commands on it, and the design
 /// panel. Several may be open. Its next curve is drawn with the present fluid, which it shows.
-class DiagramWindow : public QMainWindow, public FollowsSession {
+class DiagramWindow : public ChartWindow, public FollowsSession {
     Q_OBJECT
 
   public:
-    DiagramWindow(const diagrams::PreparedDiagram& prepared, const diagrams::Basis& basis);
-    ~DiagramWindow() override;
+    DiagramWindow(Desk& desk, const diagrams::PreparedDiagram& prepared,
+                  const diagrams::Basis& basis);
 
-    /// The diagram in use; nullptr when none is open.
-    static DiagramWindow* current();
     /// Opens a diagram.
-    static void Open(const diagrams::PreparedDiagram& prepared, const diagrams::Basis& basis);
-
-    /// Makes this diagram the one whose parameters the next one begins with.
-    void becomeCurrent();
+    static DiagramWindow* Open(Desk& desk, const diagrams::PreparedDiagram& prepared,
+                               const diagrams::Basis& basis);
 
     /// `cmdDraw`: the curve of the sheet's parameters.
     void draw();
@@ -47,8 +40,8 @@ class DiagramWindow : public QMainWindow, public FollowsSession {
     void followSession() override;
 
   protected:
-    void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
+    /// The parameters of this diagram are those that the next one begins with.
+    void keepChoice() override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -94,32 +87,31 @@ class DiagramWindow : public QMainWindow, public FollowsSession {
     void copyTable();
     int curveInUse() const;
     void abortWhenEmpty();
-    void setCaption(const QString& file = {});
-    void closeView();
+    void showCaption(const QString& file = {});
 
     /// Before texts or styles that the user has changed are shown.
     void rememberDesign(const QString& what);
 
     diagrams::DiagramSheet sheet_;
-    diagrams::SheetContent shown_;  ///< as it was painted last
-    QString designed_;              ///< control of the design panel that changed it last
-    WindowMenus menus_;
+    diagrams::SheetContent shown_;       ///< as it was painted last
+    QString designed_;                   ///< control of the design panel that changed it last
     int curveRows_ = 0, pointRows_ = 0;  ///< of the menus that delete
     chart::Chart2DWidget* canvas_ = nullptr;
     DesignPanel* panel_ = nullptr;
-    QDockWidget* dock_ = nullptr;
-    QLabel* status_ = nullptr;
     QLabel* fluid_ = nullptr;
     QLabel* parameter_ = nullptr;
 };
 
-namespace graph2d_views {
+namespace diagram_views {
 
-/// Connects the preparation of diagrams with their views and registers the rows of the menu.
-void Install();
+/// Gives the calculations and the XY editor the way to a diagram. The desk outlives its doors.
+void Install(Desk& desk);
+/// Opens the diagram chosen last in the menu, and the input of its first curve. A diagram that the
+/// present fluid cannot have is refused and said.
+void openFromMenu(Desk& desk);
 /// Opens a diagram for a file: that of the kind chosen last, without a curve.
-void openEmpty();
+void openEmpty(Desk& desk);
 
-}  // namespace graph2d_views
+}  // namespace diagram_views
 
 }  // namespace quor::gui

@@ -18,9 +18,7 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "session/module2.h"
 
 namespace quor::gui {
 
@@ -42,39 +40,31 @@ double number_in(const NumberEdit* edit) {
 /// Keeps the window alive while another program works, and lets the user give the wait up.
 class PatientWait {
   public:
-    explicit PatientWait(QWidget* parent)
+    PatientWait(std::chrono::milliseconds limit, QWidget* parent)
         : box_(QString("Waiting for %1, at most %2 s ...")
                    .arg(diagrams::kPolytropicProgram)
-                   .arg(polytropicRunner().limit.count() / 1000),
-               "Give up", 0, 0, parent),
-          before_(polytropicRunner().pass) {
+                   .arg(limit.count() / 1000),
+               "Give up", 0, 0, parent) {
         box_.setObjectName("polytropicWait");
         box_.setWindowTitle("Polytropic process");
         box_.setWindowModality(Qt::WindowModal);
         box_.setMinimumDuration(0);
         box_.show();
-        polytropicRunner().pass = [this] {
-            QCoreApplication::processEvents();
-            QThread::msleep(kPause);
-            return !box_.wasCanceled();
-        };
     }
-    ~PatientWait() { polytropicRunner().pass = before_; }
-    PatientWait(const PatientWait&) = delete;
-    PatientWait& operator=(const PatientWait&) = delete;
+
+    /// Waits a little; false when the user has given up.
+    bool pass() const {
+        QCoreApplication::processEvents();
+        QThread::msleep(kPause);
+        return !box_.wasCanceled();
+    }
 
   private:
     static constexpr unsigned long kPause = 20;  // ms
     QProgressDialog box_;
-    std::function<bool()> before_;
 };
 
 }  // namespace
-
-diagrams::PolytropicRunner& polytropicRunner() {
-    static diagrams::PolytropicRunner runner = diagrams::real_runner();
-    return runner;
-}
 
 ProcessLineDialog::ProcessLineDialog(Task task,
                                      std::function<void(const diagrams::ProcessLine&)> draw,
@@ -314,13 +304,16 @@ bool ProcessLineDialog::runProgram() {
     using Code = diagrams::PolytropicCode;
     Code code = Code::kDone;
     {
-        const PatientWait wait(this);
+        const PatientWait wait(runner_.limit, this);
+        diagrams::PolytropicRunner runner = runner_;
+        runner.pass = [&wait] { return wait.pass(); };
+        const Places& places = task_.places;
         const std::string name = diagrams::kPolytropicProgram;
         diagrams::PolytropicOutcome outcome = diagrams::run_polytrope(
             task_.pen.basis, {task_.diagram, task_.line, task_.pen.options, task_.csvSeparator},
-            {session::file_exists(name) ? session::find_file(name) : std::filesystem::path(),
-             session::write_folder()},
-            polytropicRunner());
+            {places.file_exists(name) ? places.find_file(name) : std::filesystem::path(),
+             places.write_folder()},
+            runner);
         code = outcome.code;
         task_.line = std::move(outcome.line);
     }

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <functional>
 
+#include "common/paths.h"
 #include "diagrams/polytropic_exchange.h"
 #include "diagrams/process_line.h"
 #include "diagrams/sheet_draw.h"
@@ -17,9 +18,6 @@ class QPushButton;
 namespace quor::gui {
 
 class NumberEdit;
-
-/// How the view starts the polytropic program; tests put a stand-in here.
-diagrams::PolytropicRunner& polytropicRunner();
 
 /// Input of a process line: start state, end of the range, phase, and for a polytropic process
 /// its exponents. Accepted once the line is drawn; a refusal leaves the view open and nothing
@@ -39,10 +37,14 @@ class ProcessLineDialog : public QDialog {
         diagrams::StateParameters at;                ///< proposed for the start of the line
         diagrams::ProcessLine line;  ///< what was typed last; its kind says what is asked
         char csvSeparator = ';';
+        Places places{};  ///< where the polytropic program and its files lie
     };
     /// `draw` runs with the line that was taken.
     ProcessLineDialog(Task task, std::function<void(const diagrams::ProcessLine&)> draw,
                       QWidget* parent = nullptr);
+
+    /// From now on the polytropic program is started and waited for by `runner`.
+    void setPolytropicRunner(diagrams::PolytropicRunner runner) { runner_ = std::move(runner); }
 
   private:
     bool isLine() const;
@@ -70,6 +72,7 @@ class ProcessLineDialog : public QDialog {
 
     Task task_;
     std::function<void(const diagrams::ProcessLine&)> draw_;
+    diagrams::PolytropicRunner runner_ = diagrams::real_runner();
     diagrams::ProcessKind kind_;
     QLabel* title_ = nullptr;
     NumberEdit* par_[4] = {};

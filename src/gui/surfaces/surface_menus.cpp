@@ -4,7 +4,6 @@
 #include "gui/chart/picture_commands.h"
 #include "gui/surfaces/surface_window.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 
 // The menus and the tool bar of a surface.
 
@@ -94,10 +93,11 @@ void SurfaceWindow::buildMenus() {
                               .run =
                                   [this] {
                                       picture_commands::Save(pictureOf(sheet_.chart),
-                                                             legacy::the_session.FolderDiagram3D);
+                                                             session_->folderSurfaces);
                                   }},
                              {.caption = "... to the Printer", .name = "mnuBild_2", .run = [this] {
-                                  picture_commands::Print(pictureOf(sheet_.chart));
+                                  picture_commands::Print(pictureOf(sheet_.chart),
+                                                          desk_.frameWindow());
                               }}}});
 }
 

@@ -1,77 +1,44 @@
 #include "gui/surfaces/surface_window.h"
 
-#include <QCloseEvent>
 #include <QDockWidget>
 #include <QLabel>
-#include <QMdiSubWindow>
-#include <QMenuBar>
-#include <QStatusBar>
 
 #include "common/dialogs.h"
-#include "gui/diagrams/views_in_use.h"
 #include "gui/surfaces/surface_dialogs.h"
 #include "gui/surfaces/surface_panel.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
-#include "gui/widgets/theme.h"
-#include "legacy/current_diagram.h"
-#include "session/actions.h"
-#include "session/module2.h"
+#include "session/diagram_choice.h"
 
 namespace quor::gui {
 
 namespace {
 
 constexpr QSize kFirstSize(860, 660);
-constexpr int kPanelWidth = 300;
-constexpr int kCascade = 26;  // pixels between surfaces that open on each other
 constexpr auto kHint = "Drag: turn     Wheel: zoom     Double click: default view";
-
-ViewsInUse<SurfaceWindow>& openSurfaces() {
-    static ViewsInUse<SurfaceWindow> all;
-    return all;
-}
 
 }  // namespace
 
-SurfaceWindow* SurfaceWindow::current() {
-    return openSurfaces().current();
-}
-
-void SurfaceWindow::Open(diagrams::SurfaceSheet sheet) {
-    const std::size_t others = openSurfaces().size();
-    auto* view = new SurfaceWindow(std::move(sheet));
-    shell::openChild(view);
-    // A further surface does not hide the one before.
-    auto* window = qobject_cast<QMdiSubWindow*>(view->parentWidget());
-    if (window != nullptr && others > 0) window->move(window->pos() + QPoint(kCascade, kCascade));
+SurfaceWindow* SurfaceWindow::Open(Desk& desk, diagrams::SurfaceSheet sheet) {
+    const bool others = desk.lastUsed<SurfaceWindow>() != nullptr;
+    auto* view = new SurfaceWindow(desk, std::move(sheet));
+    view->open(others);
     diagrams::tell_empty_surface(view->sheet_.chart);
+    return view;
 }
 
-SurfaceWindow::SurfaceWindow(diagrams::SurfaceSheet sheet)
-    : sheet_(std::move(sheet)), menus_(this, [this] { becomeCurrent(); }) {
-    setObjectName("frmGraph3D");
-    setWindowIcon(theme::icon("graph3d"));
-    setContextMenuPolicy(Qt::NoContextMenu);
-    setCaption();
+SurfaceWindow::SurfaceWindow(Desk& desk, diagrams::SurfaceSheet sheet)
+    : ChartWindow(desk, "frmGraph3D", "graph3d"), sheet_(std::move(sheet)) {
+    showCaption();
 
     canvas_ = new chart::Chart3DWidget(sheet_.chart, this);
     canvas_->setObjectName("chart");
     setCentralWidget(canvas_);
     setFocusProxy(canvas_);
     panel_ = new SurfacePanel(sheet_);
-    dock_ = new QDockWidget("Design", this);
-    dock_->setObjectName("dockDesign");
-    dock_->setWidget(panel_);
-    dock_->setMinimumWidth(kPanelWidth);
-    addDockWidget(Qt::RightDockWidgetArea, dock_);
-    dock_->hide();
+    addDesignPanel(panel_);
     connect(panel_, &SurfacePanel::changed, this, &SurfaceWindow::refresh);
 
-    status_ = new QLabel(kHint);
-    status_->setObjectName("lblReadout");
-    statusBar()->addWidget(status_, 1);
-    menuBar()->setNativeMenuBar(false);
+    status_->setText(kHint);
     buildMenus();
     buildToolBar();
 
@@ -83,60 +50,37 @@ SurfaceWindow::SurfaceWindow(diagrams::SurfaceSheet sheet)
     connect(canvas_, &Chart3DWidget::viewChanged, this, &SurfaceWindow::followView);
     connect(canvas_, &Chart3DWidget::rightClicked, this, [this] { design("surface"); });
     resize(kFirstSize);
-    openSurfaces().add(this);
     refresh();
 }
 
-SurfaceWindow::~SurfaceWindow() {
-    openSurfaces().remove(this);
+void SurfaceWindow::keepChoice() {
+    session_.change()->surfaceKind = sheet_.kind->code;
 }
 
-void SurfaceWindow::becomeCurrent() {
-    if (openSurfaces().use(this)) legacy::the_session.Diagram3DKind = sheet_.kind->code;
-}
-
-void SurfaceWindow::showEvent(QShowEvent* event) {
-    QMainWindow::showEvent(event);
-    ViewsInUse<SurfaceWindow>::followWindow(this);
-}
-
-void SurfaceWindow::closeEvent(QCloseEvent* event) {
-    openSurfaces().remove(this);
-    event->accept();
-}
-
-void SurfaceWindow::setCaption(const QString& file) {
-    const std::string title = sheet_.given.title + sheet_.given.subTitle;
-    setWindowTitle(file.isEmpty() ? qt(title) : "Filename: " + file);
-}
-
-void SurfaceWindow::closeView() {
-    QWidget* window = this;
-    if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) window = sub;
-    window->close();
+void SurfaceWindow::showCaption(const QString& file) {
+    setCaption(qt(sheet_.given.title + sheet_.given.subTitle), file);
 }
 
 // ---------------------------------------------------------------------------------------- commands
 
 void SurfaceWindow::newDraw() {
     try {
-        const diagrams::Basis basis = diagrams::current_basis();
-        diagrams::new_draw(sheet_, basis);
+        diagrams::new_draw(sheet_, session::present_basis(session_));
     } catch (const std::exception& fault) {
         dialogs::tell(fault.what(), "Execution not possible");
     }
-    setCaption();
+    showCaption();
     refresh();
 }
 
 void SurfaceWindow::askLimits() {
-    SurfaceLimitsDialog box(sheet_, shell::frameWindow());
-    if (shell::openModal(box) == QDialog::Accepted) refresh();
+    SurfaceLimitsDialog box(sheet_, desk_.frameWindow());
+    if (desk_.openModal(box) == QDialog::Accepted) refresh();
 }
 
 void SurfaceWindow::askMeshlines() {
-    MeshlinesDialog box(sheet_, shell::frameWindow());
-    if (shell::openModal(box) == QDialog::Accepted) refresh();
+    MeshlinesDialog box(sheet_, desk_.frameWindow());
+    if (desk_.openModal(box) == QDialog::Accepted) refresh();
 }
 
 void SurfaceWindow::markCritical() {
@@ -148,17 +92,16 @@ void SurfaceWindow::markCritical() {
 }
 
 void SurfaceWindow::loadOC3() {
-    std::string& folder = legacy::the_session.FolderDiagram3D;
-    const diagrams::SurfaceFileAnswer answer = diagrams::load_oc3(sheet_, folder);
-    folder = answer.folder;
+    const diagrams::SurfaceFileAnswer answer = diagrams::load_oc3(sheet_, session_->folderSurfaces);
+    session_.change()->folderSurfaces = answer.folder;
     if (answer.file.empty()) return;
-    setCaption(qt(paths::file_title(answer.file)));
+    showCaption(qt(paths::file_title(answer.file)));
     refresh();
 }
 
 void SurfaceWindow::saveOC3() {
-    std::string& folder = legacy::the_session.FolderDiagram3D;
-    folder = diagrams::save_oc3(sheet_, folder).folder;
+    const auto answer = diagrams::save_oc3(sheet_, session_->folderSurfaces);
+    session_.change()->folderSurfaces = answer.folder;
 }
 
 void SurfaceWindow::design(const QString& page) {
@@ -179,17 +122,15 @@ void SurfaceWindow::refresh() {
 
 // ----------------------------------------------------------------------------------------- opening
 
-namespace graph3d_views {
+namespace surface_views {
 
-namespace {
-
-void openFromMenu() {
-    const legacy::Session& session = legacy::the_session;
-    const diagrams::SurfaceKind* kind = diagrams::find_surface(session.Diagram3DKind);
+void openFromMenu(Desk& desk) {
+    const session::Session& session = desk.session();
+    const diagrams::SurfaceKind* kind = diagrams::find_surface(session->surfaceKind);
     if (kind == nullptr) return;
     try {
-        SurfaceWindow::Open(
-            diagrams::open_surface(*kind, diagrams::current_basis(), session.SCurve3D));
+        SurfaceWindow::Open(desk, diagrams::open_surface(*kind, session::present_basis(session),
+                                                         session->surfaceSCurve));
     } catch (const std::exception&) {
         dialogs::tell(
             "The registration of the 3D graph module \\...\\olch8x3.ocx during the installation "
@@ -198,12 +139,6 @@ void openFromMenu() {
     }
 }
 
-}  // namespace
-
-void Install() {
-    actions::register_action("Diagram3D", openFromMenu);
-}
-
-}  // namespace graph3d_views
+}  // namespace surface_views
 
 }  // namespace quor::gui

@@ -1,13 +1,8 @@
 #pragma once
 
-#include <QMainWindow>
-
 #include "diagrams/surface_sheet.h"
 #include "gui/chart/chart3d_widget.h"
-#include "gui/diagrams/window_menus.h"
-
-class QDockWidget;
-class QLabel;
+#include "gui/diagrams/chart_window.h"
 
 namespace quor::gui {
 
@@ -15,28 +10,21 @@ class SurfacePanel;
 
 /// A surface of a fluid over a regular grid, with the commands on it and the design panel. Several
 /// may be open; each keeps its fluid, kind and limits.
-class SurfaceWindow : public QMainWindow {
+class SurfaceWindow : public ChartWindow {
     Q_OBJECT
 
   public:
-    explicit SurfaceWindow(diagrams::SurfaceSheet sheet);
-    ~SurfaceWindow() override;
+    SurfaceWindow(Desk& desk, diagrams::SurfaceSheet sheet);
 
-    /// The surface in use; nullptr when none is open.
-    static SurfaceWindow* current();
     /// Opens a view of a surface.
-    static void Open(diagrams::SurfaceSheet sheet);
-
-    /// Makes this surface the one used last.
-    void becomeCurrent();
+    static SurfaceWindow* Open(Desk& desk, diagrams::SurfaceSheet sheet);
 
     diagrams::SurfaceSheet& sheet() { return sheet_; }
     /// Repaints after a change of the sheet; menus and panel follow.
     void refresh();
 
   protected:
-    void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
+    void keepChoice() override;
 
   private:
     void buildMenus();
@@ -52,22 +40,18 @@ class SurfaceWindow : public QMainWindow {
     void saveOC3();
     void design(const QString& page);
     void followView();
-    void setCaption(const QString& file = {});
-    void closeView();
+    void showCaption(const QString& file = {});
 
     diagrams::SurfaceSheet sheet_;
-    WindowMenus menus_;
     chart::Chart3DWidget* canvas_ = nullptr;
     SurfacePanel* panel_ = nullptr;
-    QDockWidget* dock_ = nullptr;
-    QLabel* status_ = nullptr;
 };
 
-namespace graph3d_views {
+namespace surface_views {
 
-/// Connects the preparation of surfaces with their view and registers the rows of the menu.
-void Install();
+/// Opens the surface chosen last in the menu, of the present fluid.
+void openFromMenu(Desk& desk);
 
-}  // namespace graph3d_views
+}  // namespace surface_views
 
 }  // namespace quor::gui
