@@ -74,6 +74,8 @@ TEST_F(Quorcalc, WrongCallsExitWithTwo) {
              {"nothing"},
              {"state", "--substance", "Propane", "--T", "300"},
              {"state", "--substance", "Propane", "--T", "x", "--p", "1"},
+             {"state", "--substance", "Propane", "--T", "", "--p", "1"},
+             {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--eos", ""},
              {"state", "--T", "300", "--p", "1"},
              {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--eos", "99"},
              {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--vp", "XYZ"},

@@ -48,7 +48,7 @@ std::vector<std::string> run(const Places& places, const std::vector<std::string
 std::string single(const Places& places, const std::string& line) {
     quorcalc::Program program(places);
     std::vector<std::string> words = quorcalc::split_line(line);
-    words.emplace_back("--json");
+    words.insert(words.begin(), "--json");
     std::istringstream in;
     std::ostringstream out, err;
     program.main(words, in, out, err);
@@ -73,6 +73,7 @@ std::vector<std::string> mixed_calls() {
         "psat --substance Unobtainium --T 300",
         "psat --substance Propane",
         "psat --substance Propane --T x",
+        "psat --substance Propane --T ''",
         "psat --substance Propane --T 300 --T 301",
         "psat --substance Propane --T 300 --v 3",
         "psat --substance Propane --T",
@@ -82,7 +83,6 @@ std::vector<std::string> mixed_calls() {
         "nonsense",
         "--help",
         "psat --help",
-        "run -",
         "psat --db /nowhere/NONE.Q05 --substance Propane --T 300",
         "data --substance Kohlendioxyd",
         "data --substance \"#3\" --units specific",
@@ -191,7 +191,7 @@ class WithoutSynonyms : public testing::Test {
 
 TEST_F(WithoutSynonyms, EveryLineIsToldOfTheMissingFile) {
     const std::string unknown = "psat --substance Kohlendioxyd --T 280";
-    const std::string known = "psat --substance \"Carbon dioxide\" --T 280";
+    const std::string known = "psat --substance 124-38-9 --T 280";
     const std::vector<std::string> results = run(places(), {unknown, known, unknown});
     ASSERT_EQ(results.size(), 3U);
     EXPECT_NE(results[0].find("SYNOM.TXT was not found"), std::string::npos) << results[0];
@@ -261,6 +261,13 @@ TEST(QuorcalcRun, ResultsOfLinesThatAreThereArePassedOnTogether) {
     quorcalc::Program(shipped()).main({"run", "-"}, in, out, err);
     EXPECT_EQ(lines_of(output.seen).size(), 100U);
     EXPECT_LT(output.flushes, 10);
+}
+
+TEST(QuorcalcRun, RunsDoNotNest) {
+    const std::vector<std::string> results = run(shipped(), {"run -", "run /nowhere/file"});
+    ASSERT_EQ(results.size(), 2U);
+    EXPECT_EQ(json::parse(results[0]).at("message"), "run does not nest");
+    EXPECT_EQ(results[1], results[0]);
 }
 
 TEST(QuorcalcRun, TheLastLineNeedsNoEnd) {

@@ -23,6 +23,11 @@ CLI::Validator one_of(const Option& option) {
     return CLI::IsMember(numbers);
 }
 
+/// The library takes an empty text for a number that was not given.
+std::string refuse_empty(const std::string& text) {
+    return text.empty() ? "a number is missing" : "";
+}
+
 CLI::Option* add_option(CLI::App& app, const Option& option, Arguments& a) {
     const std::string flag = "--" + std::string(option.name);
     CLI::Option* added = std::visit(
@@ -36,6 +41,9 @@ CLI::Option* add_option(CLI::App& app, const Option& option, Arguments& a) {
         option.field);
     if (std::holds_alternative<std::vector<std::string> Arguments::*>(option.field))
         added->take_all()->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    if (std::holds_alternative<std::optional<double> Arguments::*>(option.field) ||
+        std::holds_alternative<std::optional<int> Arguments::*>(option.field))
+        added->check(refuse_empty);
     if (!option.allowed.empty()) added->check(one_of(option));
     return added;
 }
