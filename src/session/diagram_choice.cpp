@@ -1,7 +1,5 @@
 #include "session/diagram_choice.h"
 
-#include "common/faults.h"
-
 namespace quor::session {
 
 diagrams::Basis present_basis(const Session& session) {
@@ -33,14 +31,7 @@ void keep_start(Session& session, const diagrams::DiagramStart& start) {
 
 void renew_limits(Session& session) {
     const auto now = session.change();
-    try {
-        settle_units(session);
-        (void)present_units(session);
-    } catch (const faults::Fault&) {
-        // Specific units need a molar mass.
-        now->unitSystem = models::UnitSystem::molar;
-        now->caloricUnit = models::CaloricUnit::molar;
-    }
+    settle_units(session);
     now->caloricFactor = models::caloric_factor(now->caloricUnit, now->diagramAt.T, now->substance);
     now->coordinates =
         diagrams::coordinate_defaults(present_basis(session), now->coordinates, now->unitsChanged);

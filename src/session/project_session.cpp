@@ -1,7 +1,6 @@
 #include "session/project_session.h"
 
 #include "common/dialogs.h"
-#include "common/faults.h"
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/search.h"
@@ -154,12 +153,7 @@ void derive_from_settings(Session& session, const std::optional<ManualVirial>& v
         result.modelsComplete =
             manual ? take_virial(session, virial) : compute_constants(session, models.EOSModel);
     }
-    try {
-        settle_units(session);
-    } catch (const faults::Fault&) {
-        // Specific units need a molar mass.
-        now->unitSystem = models::UnitSystem::molar;
-    }
+    settle_units(session);
 }
 
 Result<ProjectContent> read_file(const std::string& path) {

@@ -1,6 +1,7 @@
 #include "session/session.h"
 
 #include "common/dialogs.h"
+#include "common/faults.h"
 #include "common/numbers.h"
 #include "common/whole_file.h"
 
@@ -78,8 +79,13 @@ models::Units present_units(const Session& session) {
 }
 
 void settle_units(Session& session) {
-    const models::UnitChoice choice{.system = session->unitSystem};
-    session.change()->unitSystem = models::make_units(choice, session.fluid()).choice.system;
+    const auto now = session.change();
+    try {
+        now->unitSystem = present_units(session).choice.system;
+    } catch (const faults::Fault&) {
+        now->unitSystem = models::UnitSystem::molar;
+        now->caloricUnit = models::CaloricUnit::molar;
+    }
 }
 
 }  // namespace quor::session

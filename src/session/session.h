@@ -85,8 +85,8 @@ void reset_session(Session& session);
 models::UnitChoice unit_choice(const SessionState& state);
 /// The units of the present fluid. Throws as `models::make_units`.
 models::Units present_units(const Session& session);
-/// Brings the units of T, p and v to those that the present fluid has. Throws as
-/// `models::make_units`.
+/// Brings the choice of units to one that the present fluid has: without a critical volume nothing
+/// is reduced, without a molar mass everything is molar.
 void settle_units(Session& session);
 
 }  // namespace quor::session

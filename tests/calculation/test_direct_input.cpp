@@ -196,7 +196,7 @@ TEST_F(DirectInput, CancelClosesInputAndResult) {
     session::CalculationViews views;
     views.closeParinput = [&] { closed.emplace_back("frmParinput"); };
     views.closeResultView = [&] { closed.emplace_back("frmCalcOut"); };
-    session::cancel_input(session, views);
+    session::cancel_input(views);
     EXPECT_EQ(closed, (std::vector<std::string>{"frmParinput", "frmCalcOut"}));
 }
 

@@ -1,13 +1,11 @@
 #include "estimation/fit_apply.h"
-#include "legacy/wrappers.h"
-#include "support/codes.h"
 
 #include "estimation/synthetic.h"
 #include "models/caloric.h"
 #include "models/density.h"
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/vapour_pressure.h"
-#include "support/session_test.h"
+#include "support/codes.h"
 
 using namespace quor;
 
@@ -16,10 +14,8 @@ namespace {
 using namespace fit_support;
 using estimation::CpPhase;
 
-class FitApplication : public SessionTest {
+class FitApplication : public testing::Test {
   protected:
-    FitApplication() { legacy::the_substance = WaterLike(); }
-
     /// A state as after a fit that found the truth.
     static FitState fitted(const Synthetic& set) {
         FitState state = SyntheticState(set, 20);
@@ -31,8 +27,8 @@ class FitApplication : public SessionTest {
     }
 
     /// The program's own value for a model at T.
-    static double own(std::int16_t model, CpPhase phase, double T) {
-        const auto& s = legacy::the_substance;
+    double own(std::int16_t model, CpPhase phase, double T) const {
+        const auto& s = substance;
         switch (model) {
             case 4:
                 return models::vapour_pressure(s, T, codes::vp("ALP")).p;
@@ -48,24 +44,24 @@ class FitApplication : public SessionTest {
                 return models::density_liquid(s, static_cast<float>(T)).rho;
             case 14:
             case 15:
-                return models::EnthalpyEquationValue(T).h;
+                return models::enthalpy_equation(s, T).h;
             default:
                 break;
         }
-        legacy::the_models.CpModel = codes::cp(model == 18 ? 2 : 1);
-        return phase == CpPhase::Liquid  ? models::cp_liquid(T).cp
-               : phase == CpPhase::Solid ? models::cp_solid(T).cp
-                                         : models::IdealGasCp(T).cp;
+        return phase == CpPhase::Liquid ? models::polynomial_cp(s.cpL, T).cp
+               : phase == CpPhase::Solid
+                   ? models::polynomial_cp(s.cpS, T).cp
+                   : models::ideal_gas_cp(s, codes::cp(model == 18 ? 2 : 1), T).cp;
     }
 
     /// Applies a fit to the substance; what is told of it, or why it was refused, is kept.
     void ApplyFit(const FitState& state) {
-        const Result<estimation::AppliedFit> result =
-            estimation::apply_fit(state, legacy::the_substance);
+        const Result<estimation::AppliedFit> result = estimation::apply_fit(state, substance);
         refused = !result;
         told = result ? result->message : result.reason();
-        if (result) legacy::the_substance = result->substance;
+        if (result) substance = result->substance;
     }
+    models::SubstanceRecord substance = WaterLike();
     bool refused = false;
     std::string told;
 };
@@ -78,7 +74,7 @@ TEST_F(FitApplication, TheProgramsOwnEquationGivesTheFittedFunction) {
             if (set.model == 17 && phase == CpPhase::IdealGas) continue;
             if (set.model == 18 && phase != CpPhase::IdealGas) continue;
             SCOPED_TRACE(name_of(set) + " phase " + std::to_string(static_cast<int>(phase)));
-            legacy::the_substance = WaterLike();
+            substance = WaterLike();
             FitState state = fitted(set);
             state.cpPhase = phase;
             ApplyFit(state);
@@ -97,7 +93,7 @@ TEST_F(FitApplication, TheProgramsOwnEquationGivesTheFittedFunction) {
 TEST_F(FitApplication, AntoineGoesToItsLowPressureSet) {
     FitState state = fitted({4, true, {7.1962, 1730.63, 233.426}, 280.4, 449.6});
     ApplyFit(state);
-    const auto& ALP = legacy::the_substance.ALP;
+    const auto& ALP = substance.ALP;
     EXPECT_EQ(ALP.A, 7.1962F);
     EXPECT_EQ(ALP.B, 1730.63F);
     EXPECT_EQ(ALP.C, 233.426F);
@@ -110,7 +106,7 @@ TEST_F(FitApplication, AntoineGoesToItsLowPressureSet) {
 TEST_F(FitApplication, NaturalAntoineParametersAreTurnedIntoDecadicOnes) {
     FitState state = fitted({4, false, {16.5, 3984, 233.4}, 280, 450});
     ApplyFit(state);
-    const auto& ALP = legacy::the_substance.ALP;
+    const auto& ALP = substance.ALP;
     EXPECT_FLOAT_EQ(ALP.A, static_cast<float>(16.5 / std::log(10.0)));
     EXPECT_FLOAT_EQ(ALP.B, static_cast<float>(3984 / std::log(10.0)));
     EXPECT_EQ(ALP.C, 233.4F);
@@ -120,9 +116,9 @@ TEST_F(FitApplication, NaturalAntoineParametersAreTurnedIntoDecadicOnes) {
 }
 
 TEST_F(FitApplication, FrostFillsItsSetAndClearsTheRest) {
-    legacy::the_substance.FRO.a.fill(9);
+    substance.FRO.a.fill(9);
     ApplyFit(fitted({5, true, {23.55, -2980, 270.15, -5.62, 3.5}, 300, 620}));
-    const auto& FRO = legacy::the_substance.FRO;
+    const auto& FRO = substance.FRO;
     EXPECT_EQ(FRO.a, (std::array<float, 9>{23.55F, -2980, 270.15F, -5.62F, 3.5F, 0, 0, 0, 0}));
     EXPECT_EQ(FRO.TLo, 300);
     EXPECT_EQ(FRO.THi, 620);
@@ -138,7 +134,7 @@ TEST_F(FitApplication, ThodosSetFourFollowsTheDecadicB) {
     for (const bool lg : {true, false}) {
         const double factor = lg ? 1 : constants::kLn10;
         ApplyFit(fitted({6, lg, {23.55 * factor, B * factor, 273.15, 0, 3.5 * factor}, 300, 620}));
-        const auto& a = legacy::the_substance.FRO.a;
+        const auto& a = substance.FRO.a;
         EXPECT_FLOAT_EQ(a[1], -2980);
         EXPECT_FLOAT_EQ(a[3], D);
         EXPECT_FLOAT_EQ(a[4], 3.5F);
@@ -148,7 +144,7 @@ TEST_F(FitApplication, ThodosSetFourFollowsTheDecadicB) {
 
 TEST_F(FitApplication, RiedelTurnsHAsWell) {
     ApplyFit(fitted({7, false, {66.5, -7200, -7, 5.2e-6, 2}, 280, 640}));
-    const auto& a = legacy::the_substance.FRO.a;
+    const auto& a = substance.FRO.a;
     EXPECT_EQ(a[2], 273.15F);
     EXPECT_EQ(a[3], -7);
     EXPECT_EQ(a[4], 0);
@@ -163,7 +159,7 @@ TEST_F(FitApplication, WagnerTakesItsExponentsAndTheCriticalPointOfTheFields) {
     state.Tcr = 650;
     state.pcr = 22000;
     ApplyFit(state);
-    EXPECT_EQ(legacy::the_substance.WAG.a,
+    EXPECT_EQ(substance.WAG.a,
               (std::array<float, 10>{-7.77F, 1.48F, -2.77F, 3, -1.3F, 6, 0, 0, 650, 22000}));
     EXPECT_FALSE(refused);
     EXPECT_EQ(told, "");
@@ -171,7 +167,7 @@ TEST_F(FitApplication, WagnerTakesItsExponentsAndTheCriticalPointOfTheFields) {
 
 TEST_F(FitApplication, DensitiesFillTheirPlaces) {
     ApplyFit(fitted({9, false, {98, 0.3, 0.26}, 280, 600}));
-    auto& s = legacy::the_substance;
+    auto& s = substance;
     EXPECT_EQ(s.rhoLPar, (std::array<float, 7>{0, 98, 0.3F, 0.26F, 0, 0, 0}));
     EXPECT_EQ(s.rhoLTc, 647.096F);
     ApplyFit(fitted({10, false, {420, -1.1, 0.0022, -1.9e-6, 900}, 280, 600}));
@@ -184,7 +180,7 @@ TEST_F(FitApplication, DensitiesFillTheirPlaces) {
 }
 
 TEST_F(FitApplication, EnthalpiesOfVaporisationFillTheirPlaces) {
-    auto& s = legacy::the_substance;
+    auto& s = substance;
     ApplyFit(fitted({14, false, {54000, -0.3, 0.31}, 280, 600}));
     EXPECT_EQ(s.hLVPar, (std::array<float, 6>{54000, -0.3F, 0.31F, 0, 0, 0}));
     EXPECT_EQ(s.hLVTc, 647.096F);
@@ -196,7 +192,7 @@ TEST_F(FitApplication, EnthalpiesOfVaporisationFillTheirPlaces) {
 }
 
 TEST_F(FitApplication, HeatCapacitiesGoToTheChosenPhase) {
-    auto& s = legacy::the_substance;
+    auto& s = substance;
     FitState state = fitted({16, false, {32.2, 0.0019, 1.055e-5, -3.6e-9, 0}, 280, 1000});
     ApplyFit(state);
     EXPECT_EQ(s.cpPoly.c, (std::array<float, 5>{32.2F, 0.0019F, 1.055e-5F, -3.6e-9F, 0}));
@@ -239,7 +235,7 @@ TEST_F(FitApplication, AFirstCoefficientOfZeroKeepsItsForm) {
 }
 
 TEST_F(FitApplication, WhatHasNoPlaceIsRefused) {
-    const models::SubstanceRecord before = legacy::the_substance;
+    const models::SubstanceRecord before = substance;
     ApplyFit(fitted({3, true, {22, 2953, -4.9}, 280, 450}));
     EXPECT_TRUE(refused);
     EXPECT_EQ(told,
@@ -258,46 +254,46 @@ TEST_F(FitApplication, WhatHasNoPlaceIsRefused) {
         ApplyFit(fitted({general, false, {1, 1, 1}, 1, 5}));
         EXPECT_TRUE(refused);
     }
-    EXPECT_EQ(legacy::the_substance.cpPoly.c, before.cpPoly.c);
-    EXPECT_EQ(legacy::the_substance.cpSinh.c, before.cpSinh.c);
+    EXPECT_EQ(substance.cpPoly.c, before.cpPoly.c);
+    EXPECT_EQ(substance.cpSinh.c, before.cpSinh.c);
 }
 
 TEST_F(FitApplication, AFitOfOneSubstanceIsNotWrittenIntoAnother) {
     FitState state = fitted({4, true, {7.1962, 1730.63, 233.426}, 280, 450});
     state.substance.Name = "Benzene";
     state.substance.CASRN = "71-43-2     ";
-    legacy::the_substance.Name = "Propane";
-    legacy::the_substance.CASRN = "74-98-6     ";
+    substance.Name = "Propane";
+    substance.CASRN = "74-98-6     ";
     ApplyFit(state);
     EXPECT_TRUE(refused);
     EXPECT_EQ(told,
               "This fit belongs to Benzene,\n"
               "but Propane is loaded now. Nothing was applied.");
-    EXPECT_EQ(legacy::the_substance.ALP.A, 0);
+    EXPECT_EQ(substance.ALP.A, 0);
     // Data of the same substance that were edited meanwhile are the fit's all the same.
-    legacy::the_substance.CASRN = "71-43-2";
-    legacy::the_substance.Name = "my benzene";
+    substance.CASRN = "71-43-2";
+    substance.Name = "my benzene";
     ApplyFit(state);
     EXPECT_FALSE(refused);
-    EXPECT_EQ(legacy::the_substance.Name, "my benzene");
-    EXPECT_NEAR(legacy::the_substance.ALP.A, 7.1962, 1e-4);
+    EXPECT_EQ(substance.Name, "my benzene");
+    EXPECT_NEAR(substance.ALP.A, 7.1962, 1e-4);
 }
 
 TEST_F(FitApplication, ValuesBeyondTheRecordChangeNothing) {
     FitState state = fitted({4, true, {7.1962, 1e39, 233.426}, 280, 450});
     ApplyFit(state);
     EXPECT_EQ(told, "Overflow");
-    EXPECT_EQ(legacy::the_substance.ALP.A, 0);
+    EXPECT_EQ(substance.ALP.A, 0);
     state.FitPar[1] = 1730;
     state.FitPoints.back().x = 40000;
     ApplyFit(state);
-    EXPECT_EQ(legacy::the_substance.ALP.A, 0);
+    EXPECT_EQ(substance.ALP.A, 0);
 }
 
 TEST_F(FitApplication, NothingIsAppliedBeforeAFit) {
     FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 280, 450}, 10);
     ApplyFit(state);
-    EXPECT_EQ(legacy::the_substance.ALP.A, 0);
+    EXPECT_EQ(substance.ALP.A, 0);
     EXPECT_TRUE(refused);
 }
 
@@ -305,8 +301,8 @@ TEST_F(FitApplication, DescendingPointsGiveDescendingLimits) {
     FitState state = fitted({4, true, {7.1962, 1730.63, 233.426}, 280, 450});
     std::reverse(state.FitPoints.begin(), state.FitPoints.end());
     ApplyFit(state);
-    EXPECT_EQ(legacy::the_substance.ALP.TLo, 450);
-    EXPECT_EQ(legacy::the_substance.ALP.THi, 280);
+    EXPECT_EQ(substance.ALP.TLo, 450);
+    EXPECT_EQ(substance.ALP.THi, 280);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include "gui/data/editor_views.h"
 #include "gui/frame_test.h"
-#include "legacy/declare.h"
 #include "session/project_session.h"
 
 using namespace quor;
@@ -78,13 +77,14 @@ TEST_F(FileViewTest, ShowsTheFilesOfItsKindAndWhatTheMarkedOneIsAbout) {
         EXPECT_EQ(read("Text1"), "Substance not found in the actual data base");
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(choice()), path("strange.BAQ")) << "it can be opened all the same";
+    EXPECT_EQ(FileView::Choose(desk, choice()), path("strange.BAQ"))
+        << "it can be opened all the same";
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(FileViewTest, AProjectTellsItsSubstanceToo) {
     user.fileAnswers = {path("mine.QCF")};
-    session::save_project(true);
+    session::save_project(session, true);
     ASSERT_TRUE(fs::exists(folder() / "mine.QCF"));
     dialogs::FileChoice projects = choice();
     projects.filter = "Project (*.QCF)|*.QCF";
@@ -95,7 +95,7 @@ TEST_F(FileViewTest, AProjectTellsItsSubstanceToo) {
         EXPECT_EQ(read("lblDataBase").toUpper(), "STUDENT.Q05");
         click("cmdOpenCancel");
     });
-    EXPECT_EQ(FileView::Choose(projects), std::nullopt);
+    EXPECT_EQ(FileView::Choose(desk, projects), std::nullopt);
 }
 
 TEST_F(FileViewTest, ANameWithAStarFiltersTheList) {
@@ -111,7 +111,7 @@ TEST_F(FileViewTest, ANameWithAStarFiltersTheList) {
         EXPECT_EQ(files(), (QStringList{"strange.BAQ"}));
         click("cmdOpenCancel");
     });
-    EXPECT_EQ(FileView::Choose(choice()), std::nullopt);
+    EXPECT_EQ(FileView::Choose(desk, choice()), std::nullopt);
 }
 
 TEST_F(FileViewTest, AMissingFileIsToldAndTheListIsWholeAgain) {
@@ -126,7 +126,7 @@ TEST_F(FileViewTest, AMissingFileIsToldAndTheListIsWholeAgain) {
         type("txtOpenFile", "propane");
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(choice()), path("propane.BAQ"));
+    EXPECT_EQ(FileView::Choose(desk, choice()), path("propane.BAQ"));
 }
 
 TEST_F(FileViewTest, ADoubleClickEnterAndTheReturnButtonTakeTheFile) {
@@ -146,7 +146,7 @@ TEST_F(FileViewTest, ADoubleClickEnterAndTheReturnButtonTakeTheFile) {
     };
     for (const std::function<void()>& way : {std::function<void()>(twice), {enter}, {button}}) {
         when(kView, way);
-        EXPECT_EQ(FileView::Choose(choice()), path("propane.BAQ"));
+        EXPECT_EQ(FileView::Choose(desk, choice()), path("propane.BAQ"));
     }
 }
 
@@ -164,7 +164,7 @@ TEST_F(FileViewTest, FoldersOpenByEnterAndByTheirNames) {
         type("txtOpenFile", "inside.BAQ");
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(choice()), path("deeper/inside.BAQ"));
+    EXPECT_EQ(FileView::Choose(desk, choice()), path("deeper/inside.BAQ"));
 }
 
 TEST_F(FileViewTest, DeleteAsksAndRemovesTheFile) {
@@ -179,7 +179,7 @@ TEST_F(FileViewTest, DeleteAsksAndRemovesTheFile) {
         EXPECT_EQ(files(), (QStringList{"propane.BAQ"}));
         click("cmdOpenCancel");
     });
-    EXPECT_EQ(FileView::Choose(choice()), std::nullopt);
+    EXPECT_EQ(FileView::Choose(desk, choice()), std::nullopt);
     EXPECT_FALSE(fs::exists(folder() / "strange.BAQ"));
 }
 
@@ -189,7 +189,7 @@ TEST_F(FileViewTest, SavingTakesANewNameAndItsExtension) {
         type("txtOpenFile", "new data");
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(choice(true)), path("new data.BAQ"));
+    EXPECT_EQ(FileView::Choose(desk, choice(true)), path("new data.BAQ"));
     dialogs::FileChoice careful = choice(true);
     careful.overwritePrompt = true;
     when(kView, [this] {
@@ -200,11 +200,11 @@ TEST_F(FileViewTest, SavingTakesANewNameAndItsExtension) {
         ASSERT_TRUE(drive::isVisible(kView));
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(careful), path("propane.BAQ"));
+    EXPECT_EQ(FileView::Choose(desk, careful), path("propane.BAQ"));
 }
 
 TEST_F(FileViewTest, StandsInForTheDialogOfTheDesktopForItsKindsOnly) {
-    editor_views::installFileView();
+    editor_views::installFileView(desk);
     when(kView, [] {
         type("txtOpenFile", "propane.BAQ");
         click("cmdOpenOK");

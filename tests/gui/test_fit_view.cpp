@@ -6,8 +6,6 @@
 #include "gui/estimation/estimation_views.h"
 #include "gui/estimation/fit_view.h"
 #include "gui/frame_test.h"
-#include "legacy/declare.h"
-#include "legacy/wrappers.h"
 #include "models/caloric.h"
 #include "models/vapour_pressure.h"
 #include "session/xy_session.h"
@@ -24,9 +22,6 @@ using drive::click;
 using drive::read;
 using drive::tab;
 using drive::type;
-using legacy::the_session;
-using legacy::the_substance;
-using legacy::the_xyPoints;
 
 constexpr auto kRefused = "Execution not possible";
 
@@ -41,27 +36,28 @@ double number(const QString& name) {
 class Fitting : public ViewTest {
   protected:
     Fitting() {
-        the_xyPoints.clear();
-        the_substance = fluids::Row("Benzene");
-        editor_views::Install();
-        estimation_views::Install();
-    }
-    void TearDown() override {
-        ViewTest::TearDown();
-        the_xyPoints.clear();
-        legacy::the_BatchData.assign(2, {});
+        setSubstance(fluids::Row("Benzene"));
+        editor_views::Install(desk);
+        estimation_views::Install(desk);
+        desk.doors.editMeasuredData = {};
     }
 
     /// The fit of the open view.
     static const estimation::FitState& state() {
         return drive::get<FitView>("frmQFitting")->state();
     }
-    static void sample(const std::string& name) {
-        ASSERT_TRUE(session::load_xy(std::string(QUOR_SOURCE_DATA) + "/samples/" + name));
+    void setSubstance(const models::SubstanceRecord& substance) {
+        session.change()->substance = substance;
     }
-    static void open() {
-        the_session.FitDataSource = 0;
-        actions::Run("fit_data");
+    const models::SubstanceRecord& substance() const { return session->substance; }
+    /// The points of the XY editor.
+    const std::vector<datafiles::FitPoint>& points() const { return session->xy.points; }
+    void sample(const std::string& name) {
+        ASSERT_TRUE(session::load_xy(session, std::string(QUOR_SOURCE_DATA) + "/samples/" + name));
+    }
+    void open() {
+        change([](auto& s) { s.fitSource = session::FitSource::xyList; });
+        desk.doors.fit();
         drive::settle();
     }
     static void choose(const QString& page, int model) {
@@ -70,12 +66,13 @@ class Fitting : public ViewTest {
     }
     /// Points of a function at equal distances.
     template <class Function>
-    static void points(int n, double from, double to, Function f) {
-        the_xyPoints.clear();
+    void usePoints(int n, double from, double to, Function f) {
+        std::vector<datafiles::FitPoint> all;
         for (int i = 0; i < n; ++i) {
             const double x = from + (to - from) * i / (n - 1);
-            the_xyPoints.push_back({static_cast<float>(x), static_cast<float>(f(x)), 0});
+            all.push_back({static_cast<float>(x), static_cast<float>(f(x)), 0});
         }
+        session.change()->xy.points = std::move(all);
     }
 };
 
@@ -105,8 +102,10 @@ struct Shown {
 };
 
 TEST_F(Fitting, EveryModelShowsItsParameters) {
-    the_substance.Tcrit = 562.05;
-    the_substance.pcrit = 4894;
+    change([](auto& s) {
+        s.substance.Tcrit = 562.05;
+        s.substance.pcrit = 4894;
+    });
     const double D0 = 1.8 * -5000 / 562.05 + 2.67;
     const std::vector<Shown> all{
         {"General",
@@ -286,7 +285,7 @@ TEST_F(Fitting, WithoutDataItRefuses) {
 
 TEST_F(Fitting, CriticalDataAreNeededWhereTheModelHasThem) {
     sample("benzene_vapour_pressure.XY");
-    the_substance.Tcrit = 0;
+    change([](auto& s) { s.substance.Tcrit = 0; });
     open();
     choose("Vapour pressure", 6);
     click("cmdStart");
@@ -307,21 +306,21 @@ TEST_F(Fitting, CriticalDataAreNeededWhereTheModelHasThem) {
 }
 
 TEST_F(Fitting, AsManyPointsAsParametersAreTooFew) {
-    points(6, 1, 6, [](double x) { return x; });
+    usePoints(6, 1, 6, [](double x) { return x; });
     open();
     click("cmdStart");
     EXPECT_EQ(
         user.lastText(),
         "The number of the (active) measuring points has to be greater than the number of the "
         "parameters!\nDo complete the data in the data editor.");
-    the_xyPoints.push_back({7, 7, -1});
+    change([](auto& s) { s.xy.points.push_back({7, 7, -1}); });
     open();
     click("cmdStart");
     EXPECT_EQ(user.messages.size(), 2U) << "an inactive point does not count";
 }
 
 TEST_F(Fitting, APolynomialIsFittedAndUsed) {
-    points(11, 0.5, 5.5, [](double x) { return 3 - 2 * x + 0.5 * x * x; });
+    usePoints(11, 0.5, 5.5, [](double x) { return 3 - 2 * x + 0.5 * x * x; });
     open();
     EXPECT_EQ(read("lblTitle"),
               " Fitting y = f(T) (11 (active) sets of data loaded from XY editor");
@@ -364,7 +363,7 @@ TEST_F(Fitting, APolynomialIsFittedAndUsed) {
 }
 
 TEST_F(Fitting, ResultsBecomeStartValues) {
-    points(11, 1, 6, [](double x) { return 3 - 2 * x; });
+    usePoints(11, 1, 6, [](double x) { return 3 - 2 * x; });
     open();
     click("cmdStart");
     click("cmdleft_1");
@@ -377,7 +376,7 @@ TEST_F(Fitting, ResultsBecomeStartValues) {
 }
 
 TEST_F(Fitting, ANewModelHidesTheResultsOfTheLast) {
-    points(11, 1, 6, [](double x) { return 3 - 2 * x; });
+    usePoints(11, 1, 6, [](double x) { return 3 - 2 * x; });
     open();
     click("cmdStart");
     EXPECT_TRUE(drive::isVisible("fraGraph"));
@@ -434,10 +433,10 @@ TEST_F(Fitting, TheSumOfSquaresMayBeOneOfLogarithms) {
 /// gives the measured pressures.
 TEST_F(Fitting, AMeasuredVapourPressureCurveReachesTheSubstance) {
     sample("benzene_vapour_pressure.XY");
-    const std::vector<datafiles::FitPoint> measured = the_xyPoints;
+    const std::vector<datafiles::FitPoint> measured = points();
     for (const bool lg : {false, true}) {
         SCOPED_TRACE(lg);
-        the_substance.ALP = {};
+        change([](auto& s) { s.substance.ALP = {}; });
         open();
         choose("Vapour pressure", 4);
         if (drive::isChecked("chkLg") != lg) click("chkLg");
@@ -459,14 +458,12 @@ TEST_F(Fitting, AMeasuredVapourPressureCurveReachesTheSubstance) {
                   "and can be viewed/edited under \"Data/Data editor\".\n\n"
                   "Single value calculations y=f(T) can be carried out\n"
                   "under \"Calculation / Database functions\".");
-        EXPECT_EQ(the_substance.ALP.TLo, 313);
+        EXPECT_EQ(substance().ALP.TLo, 313);
         for (const datafiles::FitPoint& p : measured) {
             const auto result =
-                models::vapour_pressure(the_substance, static_cast<double>(p.x), codes::vp("ALP"));
+                models::vapour_pressure(substance(), static_cast<double>(p.x), codes::vp("ALP"));
             EXPECT_NEAR(result.p, static_cast<double>(p.y), 0.03 * static_cast<double>(p.y));
         }
-        EXPECT_TRUE(the_session.ResultsOutdated);
-        the_session.ResultsOutdated = false;
     }
 }
 
@@ -493,12 +490,12 @@ TEST_F(Fitting, AugustIsFittedButNotApplied) {
     click("cmdPropose");
     click("cmdStart");
     EXPECT_TRUE(drive::isVisible("fraFQS"));
-    const models::VPSetAntoine before = the_substance.ALP;
+    const models::VPSetAntoine before = substance().ALP;
     click("cmdApply");
     EXPECT_EQ(user.lastText(),
               "AUGUST/DUPRÉ-RANKINE are equations not used by QUOR.\nIf you want to use AUGUST, "
               "chooce ANTOINE C-fixed = 273.15");
-    EXPECT_EQ(the_substance.ALP.A, before.A);
+    EXPECT_EQ(substance().ALP.A, before.A);
 }
 
 TEST_F(Fitting, TheThodosFormShowsItsComputedParameter) {
@@ -510,8 +507,7 @@ TEST_F(Fitting, TheThodosFormShowsItsComputedParameter) {
     click("cmdPropose");
     click("cmdStart");
     const double B = number("txtResult_1");
-    EXPECT_NEAR(number("txtResult_3"), 1.8 * B / (std::log(10.0) * the_substance.Tcrit) + 2.67,
-                1e-6);
+    EXPECT_NEAR(number("txtResult_3"), 1.8 * B / (std::log(10.0) * substance().Tcrit) + 2.67, 1e-6);
     EXPECT_EQ(read("txtStdDev_3"), "");
     EXPECT_NE(read("txtStdDev_1"), "");
 }
@@ -522,17 +518,17 @@ TEST_F(Fitting, HeatCapacitiesGoToTheirPhase) {
     choose("Heat capac.", 17);
     click("cmdPropose");
     click("cmdStart");
-    const models::CpSet gas = the_substance.cpPoly, solid = the_substance.cpS;
+    const models::CpSet gas = substance().cpPoly, solid = substance().cpS;
     click("cmdApply");
-    EXPECT_EQ(the_substance.cpPoly, gas) << "nothing of this model is stored for the ideal gas";
+    EXPECT_EQ(substance().cpPoly, gas) << "nothing of this model is stored for the ideal gas";
     click("optcpPhase_1");
     click("cmdApply");
     EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
-    EXPECT_TRUE(the_substance.hasCpL);
-    for (const datafiles::FitPoint& p : the_xyPoints)
-        EXPECT_NEAR(models::cp_liquid(static_cast<double>(p.x)).cp, static_cast<double>(p.y),
-                    0.02 * static_cast<double>(p.y));
-    EXPECT_EQ(the_substance.cpS, solid);
+    EXPECT_TRUE(substance().hasCpL);
+    for (const datafiles::FitPoint& p : points())
+        EXPECT_NEAR(models::polynomial_cp(substance().cpL, static_cast<double>(p.x)).cp,
+                    static_cast<double>(p.y), 0.02 * static_cast<double>(p.y));
+    EXPECT_EQ(substance().cpS, solid);
     choose("Heat capac.", 18);
     click("cmdApply");
     EXPECT_EQ(user.lastText(), "The DIPPR function for cp is only available for cp(IdGas)");
@@ -549,9 +545,9 @@ TEST_F(Fitting, GraphsShowFunctionResidualsAndLogarithms) {
     EXPECT_EQ(chart.x.title, "T / K");
     EXPECT_EQ(chart.y.title, "p/ kPa");
     ASSERT_EQ(chart.points.size(), 1U);
-    EXPECT_EQ(chart.points[0].x.size(), the_xyPoints.size());
+    EXPECT_EQ(chart.points[0].x.size(), points().size());
     EXPECT_GT(chart.curves[0].x.size(), 100U);
-    const double width = static_cast<double>(the_xyPoints.back().x - the_xyPoints.front().x);
+    const double width = static_cast<double>(points().back().x - points().front().x);
     EXPECT_NEAR(chart.x.max - chart.x.min, 1.1 * width, 1e-6 * width);
     click("cmdGraphResid");
     EXPECT_EQ(chart.header.text, "residuals of the fitting, absolute");
@@ -562,13 +558,13 @@ TEST_F(Fitting, GraphsShowFunctionResidualsAndLogarithms) {
     EXPECT_EQ(chart.header.text, "fitted function ln{p} = f(1/T))");
     EXPECT_EQ(chart.x.title, "1/ (T/K)");
     EXPECT_EQ(chart.y.title, "ln (p/kPa)");
-    EXPECT_NEAR(chart.points[0].y[0], std::log(static_cast<double>(the_xyPoints[0].y)), 1e-5);
+    EXPECT_NEAR(chart.points[0].y[0], std::log(static_cast<double>(points()[0].y)), 1e-5);
     click("cmdGraphFunction");
     EXPECT_EQ(chart.header.text, "fitted function y(T)");
 }
 
 TEST_F(Fitting, LogarithmsOfZerosAreRefused) {
-    points(11, 0, 5, [](double x) { return x; });
+    usePoints(11, 0, 5, [](double x) { return x; });
     open();
     type("txtStart_0", "0");
     click("cmdStart");
@@ -579,7 +575,7 @@ TEST_F(Fitting, LogarithmsOfZerosAreRefused) {
 }
 
 TEST_F(Fitting, AFitThatWentWrongSaysSo) {
-    points(12, 300, 400, [](double x) { return 100 - 0.1 * x; });
+    usePoints(12, 300, 400, [](double x) { return 100 - 0.1 * x; });
     open();
     choose("Heat capac.", 16);
     click("cmdStart");
@@ -589,16 +585,14 @@ TEST_F(Fitting, AFitThatWentWrongSaysSo) {
 }
 
 TEST_F(Fitting, TheTpvEditorIsASourceToo) {
-    legacy::the_BatchData.assign(5, {});
-    for (std::size_t i = 1; i < 5; ++i) {
-        legacy::the_BatchData[i].T = 300 + 10.0 * static_cast<double>(i);
-        legacy::the_BatchData[i].p = 5.0 * static_cast<double>(i);
-    }
-    legacy::the_BatchData[3].skip = 1;
-    the_session.BatchCount = 4;
-    the_session.FitDataSource = 1;
-    the_session.FitColumn = 1;
-    actions::Run("fit_data");
+    change([](auto& s) {
+        for (const double i : {1.0, 2.0, 3.0, 4.0})
+            s.measured.points.push_back({.T = 300 + 10 * i, .p = 5 * i});
+        s.measured.points[2].skip = 1;
+        s.fitSource = session::FitSource::measuredData;
+        s.fitColumn = 1;
+    });
+    desk.doors.fit();
     drive::settle();
     EXPECT_EQ(read("lblTitle"),
               " Fitting y = f(T) (3 (active) sets of data loaded from T-p-V editor");
@@ -613,7 +607,7 @@ TEST_F(Fitting, TheXyEditorSendsItsPoints) {
         type("txtY", x);
         click("OKinput");
     }
-    the_session.FitDataSource = 1;
+    change([](auto& s) { s.fitSource = session::FitSource::measuredData; });
     click("cmdFitting");
     EXPECT_EQ(read("lblTitle"), " Fitting y = f(T) (3 (active) sets of data loaded from XY editor");
     EXPECT_FALSE(drive::isEnabled("cmdGotoTpvEditor")) << "nobody opens that editor here";
@@ -622,14 +616,14 @@ TEST_F(Fitting, TheXyEditorSendsItsPoints) {
 }
 
 TEST_F(Fitting, WithoutASubstanceThereIsNothingToApplyTo) {
-    the_substance = {};
+    setSubstance({});
     open();
     EXPECT_FALSE(drive::isEnabled("cmdApply"));
     EXPECT_EQ(read("lblTarget"), "");
 }
 
 TEST_F(Fitting, AFitOfTwoHundredPointsIsDoneAtOnce) {
-    points(200, 250, 500, [](double T) { return std::exp(14 - 2800 / (T - 50)); });
+    usePoints(200, 250, 500, [](double T) { return std::exp(14 - 2800 / (T - 50)); });
     open();
     choose("Vapour pressure", 4);
     click("cmdPropose");
@@ -640,7 +634,7 @@ TEST_F(Fitting, AFitOfTwoHundredPointsIsDoneAtOnce) {
 }
 
 TEST_F(Fitting, TheBusyPointerShowsDuringAFit) {
-    points(11, 1, 6, [](double x) { return 3 - 2 * x; });
+    usePoints(11, 1, 6, [](double x) { return 3 - 2 * x; });
     open();
     user.pointer.clear();
     click("cmdStart");
@@ -655,20 +649,19 @@ TEST_F(Fitting, AFitIsNotWrittenIntoAnotherSubstance) {
     click("cmdPropose");
     click("cmdStart");
     const models::SubstanceRecord propane = fluids::Row("Propane");
-    the_substance = propane;
-    FitView::followSubstance();
+    setSubstance(propane);
     EXPECT_EQ(read("lblTarget"),
               "... of Benzene, but Propane is loaded now: choose the model again for it");
     click("cmdApply");
     EXPECT_EQ(user.lastText(),
               "This fit belongs to Benzene,\nbut Propane is loaded now. Nothing was applied.");
     EXPECT_EQ(user.lastTitle(), kRefused);
-    EXPECT_EQ(the_substance.ALP.A, propane.ALP.A);
+    EXPECT_EQ(substance().ALP.A, propane.ALP.A);
 
-    the_substance = fluids::Row("Benzene");
+    setSubstance(fluids::Row("Benzene"));
     click("cmdApply");
     EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
-    EXPECT_NEAR(the_substance.ALP.A * std::log(10.0), number("txtResult_0"), 1e-4);
+    EXPECT_NEAR(substance().ALP.A * std::log(10.0), number("txtResult_0"), 1e-4);
 }
 
 TEST_F(Fitting, ANewFitTakesTheCriticalDataOfTheActiveSubstance) {
@@ -676,7 +669,7 @@ TEST_F(Fitting, ANewFitTakesTheCriticalDataOfTheActiveSubstance) {
     open();
     choose("Vapour pressure", 8);
     EXPECT_NEAR(number("txtTcr"), fluids::Row("Benzene").Tcrit, 1e-9);
-    the_substance = fluids::Row("Propane");
+    setSubstance(fluids::Row("Propane"));
     click("optFit_8");
     EXPECT_NEAR(number("txtTcr"), fluids::Row("Propane").Tcrit, 1e-9);
     EXPECT_NEAR(number("txtpcr"), fluids::Row("Propane").pcrit, 1e-9);

@@ -1,8 +1,6 @@
 #include "gui/editor_drive.h"
-#include "gui/estimation/estimation_views.h"
 #include "gui/estimation/group_contribution_view.h"
 #include "gui/frame_test.h"
-#include "legacy/declare.h"
 #include "support/fluids.h"
 
 using namespace quor;
@@ -15,7 +13,6 @@ using datafiles::GroupFrame;
 using drive::click;
 using drive::read;
 using drive::type;
-using legacy::the_substance;
 
 // Places of the groups in the view.
 constexpr auto kCH3 = "txtInkr_0";
@@ -25,13 +22,13 @@ constexpr auto kImine = "txtInkr_35";
 
 class Joback : public ViewTest {
   protected:
-    Joback() { the_substance = fluids::Row("Propane"); }
+    Joback() { session.change()->substance = fluids::Row("Propane"); }
     void TearDown() override {
         view.reset();
         ViewTest::TearDown();
     }
     void open(GroupFrame frame, datafiles::EditorTexts* editor = nullptr) {
-        view = std::make_unique<GroupContributionView>(frame, editor);
+        view = std::make_unique<GroupContributionView>(desk, frame, editor);
         view->show();
         drive::settle();
     }
@@ -90,9 +87,8 @@ TEST_F(Joback, QuantitiesOfFormationOfIsopropanol) {
     EXPECT_TRUE(read("txtdfh").contains(QRegularExpression("\\.\\d{3}$")));
     EXPECT_EQ(read("cmdApply").remove('&'), "Apply to data base");
     click("cmdApply");
-    EXPECT_NEAR(the_substance.dfh, -262760.0F, 1.0F);
-    EXPECT_NEAR(the_substance.dfg, -164880.0F, 1.0F);
-    EXPECT_TRUE(legacy::the_session.ResultsOutdated);
+    EXPECT_NEAR(session->substance.dfh, -262760.0F, 1.0F);
+    EXPECT_NEAR(session->substance.dfg, -164880.0F, 1.0F);
     EXPECT_TRUE(drive::isVisible("frmJOBACK"));
 }
 
@@ -124,17 +120,17 @@ TEST_F(Joback, HeatCapacityGoesIntoTheRecordWithItsRange) {
     EXPECT_NEAR(read("txtC2").toDouble(), 2 * 1.53e-4 - 2.65e-4 + 1.77e-4 - 3.91e-4, 1e-9);
     EXPECT_NEAR(read("txtC3").toDouble(), 2 * -9.67e-8 + 1.20e-7 - 9.88e-8 + 2.06e-7, 1e-12);
     click("cmdApply");
-    EXPECT_NEAR(the_substance.cpPoly.c[0], 3.77F, 1e-4F);
-    EXPECT_EQ(the_substance.cpPoly.c[4], 1e-37F);
-    EXPECT_EQ(the_substance.cpPoly.TLo, 250);
-    EXPECT_EQ(the_substance.cpPoly.THi, 1000);
-    EXPECT_TRUE(the_substance.hasCpPoly);
+    EXPECT_NEAR(session->substance.cpPoly.c[0], 3.77F, 1e-4F);
+    EXPECT_EQ(session->substance.cpPoly.c[4], 1e-37F);
+    EXPECT_EQ(session->substance.cpPoly.TLo, 250);
+    EXPECT_EQ(session->substance.cpPoly.THi, 1000);
+    EXPECT_TRUE(session->substance.hasCpPoly);
 }
 
 TEST_F(Joback, TheEditorGetsTextsAndTheViewCloses) {
     datafiles::EditorTexts texts;
     texts.fill("<>");
-    const models::CpSet before = the_substance.cpPoly;
+    const models::CpSet before = session->substance.cpPoly;
     open(GroupFrame::HeatCapacity, &texts);
     typeIsopropanol();
     click("cmdCalccp");
@@ -145,7 +141,7 @@ TEST_F(Joback, TheEditorGetsTextsAndTheViewCloses) {
     EXPECT_EQ(texts[32], " 0");
     EXPECT_EQ(texts[33], " 250");
     EXPECT_EQ(texts[34], " 1000");
-    EXPECT_EQ(the_substance.cpPoly, before);
+    EXPECT_EQ(session->substance.cpPoly, before);
 }
 
 TEST_F(Joback, CriticalDataWithAMeasuredBoilingPoint) {
@@ -182,7 +178,7 @@ TEST_F(Joback, CriticalDataWithAMeasuredBoilingPoint) {
 }
 
 TEST_F(Joback, AnEmptyAnswerKeepsTheEstimate) {
-    the_substance.Tboil = 0;
+    change([](auto& s) { s.substance.Tboil = 0; });
     open(GroupFrame::Critical);
     typeIsopropanol();
     user.inputAnswers.emplace_back("");
@@ -257,7 +253,7 @@ TEST_F(JobackInFrame, TheSubstanceEditorOpensItAndTakesTheResults) {
         click("ESC");
     });
     drive::choose("mnuData_EditStoffdaten");
-    EXPECT_NEAR(the_substance.dfh, -84610.0F, 1.0F);
+    EXPECT_NEAR(session->substance.dfh, -84610.0F, 1.0F);
 }
 
 }  // namespace

@@ -20,8 +20,6 @@ using drive::lines;
 using drive::mark;
 using drive::read;
 using drive::type;
-using legacy::the_BatchData;
-using legacy::the_session;
 
 constexpr double kM = 44.009;  // carbon dioxide, kg/kmol
 
@@ -38,9 +36,11 @@ class MeasuredDataEditorTest : public CalcViewTest {
         user.messages.clear();
     }
 
-    static calculation::BatchDataSet set(int line) {
-        return the_BatchData.at(static_cast<std::size_t>(line));
+    /// A line of the session's data, counted from 1.
+    datafiles::MeasuredPoint set(int line) const {
+        return session->measured.points.at(static_cast<std::size_t>(line - 1));
     }
+    std::size_t count() const { return session->measured.points.size(); }
 
     /// Types the six input fields in the order of the columns.
     static void typeInput(std::initializer_list<const char*> texts) {
@@ -48,9 +48,9 @@ class MeasuredDataEditorTest : public CalcViewTest {
         for (const char* text : texts) type(QString("txtInput_%1").arg(i++), text);
     }
 
-    static std::vector<double> temperatures() {
+    std::vector<double> temperatures() const {
         std::vector<double> all;
-        for (int i = 1; i <= the_session.BatchCount; ++i) all.push_back(set(i).T);
+        for (const datafiles::MeasuredPoint& one : session->measured.points) all.push_back(one.T);
         return all;
     }
 
@@ -92,18 +92,18 @@ TEST_F(MeasuredDataEditorTest, AsksBeforeNewDataReplaceThePresentOnes) {
     user.answers = {dialogs::Answer::No};
     choose("mnuData_BatchInput");
     EXPECT_FALSE(isVisible("frmTpvEdit"));
-    EXPECT_EQ(the_session.BatchCount, 1);
+    EXPECT_EQ(count(), 1U);
     user.answers = {dialogs::Answer::Yes};
     choose("mnuData_BatchInput");
     EXPECT_TRUE(isVisible("frmTpvEdit"));
-    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(count(), 0U);
 }
 
 TEST_F(MeasuredDataEditorTest, AddsALineByEnter) {
     choose("mnuData_BatchInput");
     typeInput({"300", "5000", "", "128,5", "", "40"});
     drive::press("txtInput_5", Qt::Key_Return);
-    ASSERT_EQ(the_session.BatchCount, 1);
+    ASSERT_EQ(count(), 1U);
     EXPECT_EQ(set(1).T, 300.0);
     EXPECT_EQ(set(1).p, 5000.0);
     EXPECT_EQ(set(1).rhoL, 0.0F);
@@ -117,7 +117,7 @@ TEST_F(MeasuredDataEditorTest, AddsALineByEnter) {
     EXPECT_EQ(frame.focusWidget()->objectName(), "txtInput_0");
     type("txtInput_0", "310");
     click("OKinput");
-    EXPECT_EQ(the_session.BatchCount, 2);
+    EXPECT_EQ(count(), 2U);
     EXPECT_EQ(read("lblStatus"), "line 2");
     EXPECT_TRUE(drive::offers("mnuData_BatchEdit"));
 }
@@ -125,11 +125,11 @@ TEST_F(MeasuredDataEditorTest, AddsALineByEnter) {
 TEST_F(MeasuredDataEditorTest, AddsNoLineWithoutAValue) {
     choose("mnuData_BatchInput");
     click("OKinput");
-    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(count(), 0U);
     EXPECT_TRUE(drive::get<NumberEdit>("txtInput_0")->isMarked());
     type("txtInput_1", "5e");
     click("OKinput");
-    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_EQ(count(), 0U);
     EXPECT_TRUE(drive::get<NumberEdit>("txtInput_1")->isMarked());
 }
 
@@ -147,7 +147,7 @@ TEST_F(MeasuredDataEditorTest, EditsTheMarkedLine) {
     EXPECT_EQ(set(2).p, 205.25);
     EXPECT_EQ(set(2).hLV, 0.0F);
     EXPECT_EQ(set(2).rhoL, 950.0F);
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(count(), 3U);
 }
 
 TEST_F(MeasuredDataEditorTest, KeepsTheDigitsThatTheTableDoesNotShow) {
@@ -178,7 +178,7 @@ TEST_F(MeasuredDataEditorTest, EditsACellInTheTable) {
     QTest::keyClick(field, Qt::Key_Return);
     drive::settle();
     EXPECT_EQ(set(1).p, 312.5);
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(count(), 3U);
 }
 
 // --------------------------------------------------------------------------------------- units
@@ -231,7 +231,7 @@ TEST_F(MeasuredDataEditorTest, TakesVolumesOfAnAmountOfSubstance) {
     typeInput({"310", "5000", "", "0.8"});
     click("OKinput");
     EXPECT_TRUE(drive::get<NumberEdit>("txtMol")->isMarked());
-    EXPECT_EQ(the_session.BatchCount, 1);
+    EXPECT_EQ(count(), 1U);
 }
 
 TEST_F(MeasuredDataEditorTest, ShowsAndTakesNumbersWithADecimalComma) {
@@ -286,7 +286,7 @@ TEST_F(MeasuredDataEditorTest, RemovesMarkedLinesAfterAQuestion) {
     click("cmdErase");
     EXPECT_EQ(user.lastText(), "lines 1 till 2 really remove?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(count(), 3U);
     user.answers = {dialogs::Answer::Yes};
     click("cmdErase");
     EXPECT_EQ(temperatures(), (std::vector<double>{290}));
@@ -311,7 +311,7 @@ TEST_F(MeasuredDataEditorTest, RefusesLineCommandsWithoutAMark) {
     user.messages.clear();
     click("OKinput");
     EXPECT_EQ(user.lastText(), "No marked item!");
-    EXPECT_EQ(the_session.BatchCount, 3);
+    EXPECT_EQ(count(), 3U);
 }
 
 TEST_F(MeasuredDataEditorTest, InsertsTheClipboardAtTheMarkedLine) {
@@ -326,7 +326,7 @@ TEST_F(MeasuredDataEditorTest, InsertsTheClipboardAtTheMarkedLine) {
     user.messages.clear();
     click("cmdClipEinfuegen");
     EXPECT_EQ(user.lastText(), "The clipboard holds no lines of numbers.");
-    EXPECT_EQ(the_session.BatchCount, 5);
+    EXPECT_EQ(count(), 5U);
 }
 
 TEST_F(MeasuredDataEditorTest, OffersClipboardAndErasingInItsMenu) {
@@ -367,7 +367,7 @@ TEST_F(MeasuredDataEditorTest, KnowsTheKeysOfTheClipboard) {
     EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 280, 290}));
     drive::press(kGrid, Qt::Key_Delete);
     EXPECT_EQ(set(3).T, 0.0);
-    EXPECT_EQ(the_session.BatchCount, 4);
+    EXPECT_EQ(count(), 4U);
 }
 
 // --------------------------------------------------------------------------------------- files
@@ -504,32 +504,30 @@ TEST_F(MeasuredDataEditorTest, PrintsTheTable) {
 // ------------------------------------------------------------------------------ other commands
 
 TEST_F(MeasuredDataEditorTest, SendsItsDataToFittingAndGraphsOnceTheseAreThere) {
-    for (const char* action : {"fit_data", "graph_data", "graph_data_ln"})
-        actions::register_action(action, {});
+    const std::array doors{&desk.doors.fit, &desk.doors.drawMeasured, &desk.doors.drawMeasuredLn};
+    for (std::function<void()>* door : doors) *door = {};
     openWithData();
     for (const char* button : {"cmdFitting", "cmdGraphFunction", "cmdlogGraf"})
         EXPECT_FALSE(isEnabled(button)) << button;
     click("cmdClose");
 
-    std::string called;
-    for (const char* action : {"fit_data", "graph_data", "graph_data_ln"})
-        actions::register_action(action, [&called, action] { called = action; });
+    const std::function<void()>* called = nullptr;
+    for (std::function<void()>* door : doors) *door = [&called, door] { called = door; };
     openWithData();
     click("optFitFunction_4");
-    for (const auto& [button, action] : {std::pair{"cmdFitting", "fit_data"},
-                                         {"cmdGraphFunction", "graph_data"},
-                                         {"cmdlogGraf", "graph_data_ln"}}) {
-        the_session.FitColumn = 0;
+    for (const auto& [button, door] : {std::pair{"cmdFitting", doors[0]},
+                                       {"cmdGraphFunction", doors[1]},
+                                       {"cmdlogGraf", doors[2]}}) {
+        change([](auto& s) { s.fitColumn = 0; });
         click(button);
-        EXPECT_EQ(called, action);
-        EXPECT_EQ(the_session.FitColumn, 4);
-        EXPECT_EQ(the_session.FitDataSource, 1);
+        EXPECT_EQ(called, door) << button;
+        EXPECT_EQ(session->fitColumn, 4);
+        EXPECT_EQ(session->fitSource, session::FitSource::measuredData);
     }
 }
 
 TEST_F(MeasuredDataEditorTest, HoldsFiveThousandLines) {
-    legacy::the_BatchData.assign(5001, {0, 300, 100, 1.7F, 0, 0, 0});
-    the_session.BatchCount = 5000;
+    change([](auto& s) { s.measured.points.assign(5000, {0, 300, 100, 1.7F, 0, 0, 0}); });
     choose("mnuData_BatchEdit");
     EXPECT_EQ(lines(kGrid), 5000);
     click("TSort");
@@ -591,7 +589,7 @@ TEST_F(MeasuredDataEditorTest, AChangedCellIsOneStep) {
 /// loaded beside the editor.
 TEST_F(MeasuredDataEditorTest, MolarVolumesBelongToTheSubstanceOfTheData) {
     startProject("Propane");
-    const double M = static_cast<double>(legacy::the_substance.M);
+    const double M = static_cast<double>(session->substance.M);
     choose("mnuData_BatchInput");
     typeInput({"300", "1000", "500"});
     click("OKinput");
@@ -602,13 +600,13 @@ TEST_F(MeasuredDataEditorTest, MolarVolumesBelongToTheSubstanceOfTheData) {
     });
     drive::when("frmQModell", [] { click("OKModell"); });
     choose("mnuStoff");
-    ASSERT_EQ(legacy::the_substance.Name, "Water");
-    actions::Run("mnuData_BatchEdit");
+    ASSERT_EQ(session->substance.Name, "Water");
+    commands.run("mnuData_BatchEdit");
     drive::settle();
     click("opt_Rho_Unit_1");
     typeInput({"310", "1000", "0.04406"});
     click("OKinput");
-    ASSERT_EQ(the_session.BatchCount, 2);
+    ASSERT_EQ(count(), 2U);
     EXPECT_NEAR(set(2).rhoL, M / 0.04406, 0.1) << "1000.8 kg/m^3";
 }
 
@@ -622,7 +620,7 @@ TEST_F(MeasuredDataEditorTest, AnOpenEditorFollowsWhenItsDataAreDeletedElsewhere
     });
     drive::when("frmQModell", [] { click("OKModell"); });
     choose("mnuStoff");
-    ASSERT_EQ(the_session.BatchCount, 0);
+    ASSERT_EQ(count(), 0U);
     EXPECT_EQ(lines(kGrid), 0);
     EXPECT_EQ(read("lblStatus"), "empty list");
 }

@@ -23,9 +23,6 @@ using datafiles::EditorTab;
 using drive::click;
 using drive::read;
 using drive::type;
-using legacy::the_models;
-using legacy::the_session;
-using legacy::the_substance;
 
 QString name_of(int DD) {
     return QString("DD_%1").arg(DD);
@@ -48,23 +45,23 @@ class BankEdit : public ViewTest {
     BankEdit() {
         const std::filesystem::path file = folder() / "ONE.Q05";
         databases::Write(file, {databases::Row("Carbon dioxide")});
-        session::load_database(file.string());
-        session::take_substance(1);
-        the_models.VPModel = codes::vp("WAG");
-        the_models.VPModel = codes::vp(4);
-        the_models.EOSModel = codes::eos(6);
-        the_models.HLVModel = codes::hlv(2);
+        session::load_database(session, file.string());
+        session::take_substance(session, 1);
+        change([](auto& s) {
+            s.models.VPModel = codes::vp(4);
+            s.models.EOSModel = codes::eos(6);
+            s.models.HLVModel = codes::hlv(2);
+        });
     }
     void TearDown() override {
         user.answers.assign(4, dialogs::Answer::Yes);  // what is left open is given up
         if (view) view->close();
         view.reset();
-        SubstanceEditorView::setGroupContributions({});
         ViewTest::TearDown();
     }
 
     void open(bool readOnly = false) {
-        view = std::make_unique<SubstanceEditorView>(readOnly);
+        view = std::make_unique<SubstanceEditorView>(desk, readOnly);
         view->show();
         drive::settle();
     }
@@ -85,16 +82,17 @@ class BankEdit : public ViewTest {
 
 TEST_F(BankEdit, ShowsEveryFieldOfTheRecord) {
     int value = 300;
-    the_substance = {};
-    the_substance.Name = "Somethane";
-    the_substance.Formula = "C2 H9";
-    the_substance.CASRN = "12-34-5     ";
+    models::SubstanceRecord substance;
+    substance.Name = "Somethane";
+    substance.Formula = "C2 H9";
+    substance.CASRN = "12-34-5     ";
     for (const EditorField& field : editor_field_table()) {
         ++value;
         if (field.is_text()) continue;
-        ASSERT_TRUE(datafiles::set_field(the_substance, field.name, std::to_string(value)))
+        ASSERT_TRUE(datafiles::set_field(substance, field.name, std::to_string(value)))
             << field.name;
     }
+    change([&](auto& s) { s.substance = substance; });
     open();
     value = 300;
     for (const EditorField& field : editor_field_table()) {
@@ -111,8 +109,10 @@ TEST_F(BankEdit, ShowsEveryFieldOfTheRecord) {
 }
 
 TEST_F(BankEdit, SaysWhatItShows) {
-    the_substance.Ttriple = 0;
-    the_substance.ptriple = 1e-37F;
+    change([](auto& s) {
+        s.substance.Ttriple = 0;
+        s.substance.ptriple = 1e-37F;
+    });
     open();
     EXPECT_EQ(read("DD_2"), "<>");
     EXPECT_EQ(read("DD_3"), " 0");
@@ -130,7 +130,7 @@ TEST_F(BankEdit, SaysWhatItShows) {
 }
 
 TEST_F(BankEdit, WithoutCriticalDataTheCorrelatedSetsAreEmpty) {
-    the_substance.pcrit = 0;
+    change([](auto& s) { s.substance.pcrit = 0; });
     open();
     for (const int DD : {48, 50, 86, 96, 97, 107}) EXPECT_EQ(read(name_of(DD)), "") << DD;
 }
@@ -152,21 +152,20 @@ TEST_F(BankEdit, EveryFieldTakesAValue) {
     value = 200;
     for (const EditorField& field : editor_field_table()) {
         if (!field.editable || field.is_text()) continue;
-        EXPECT_EQ(number_in(the_substance, field), ++value) << field.name;
+        EXPECT_EQ(number_in(session->substance, field), ++value) << field.name;
     }
-    EXPECT_EQ(the_substance.Name, "Text83");
-    EXPECT_EQ(the_substance.Formula, "Text84");
-    EXPECT_EQ(the_substance.CASRN, "Text85      ");
-    EXPECT_TRUE(the_session.ResultsOutdated);
+    EXPECT_EQ(session->substance.Name, "Text83");
+    EXPECT_EQ(session->substance.Formula, "Text84");
+    EXPECT_EQ(session->substance.CASRN, "Text85      ");
 }
 
 TEST_F(BankEdit, NothingReachesTheRecordBeforeApply) {
-    const double before = the_substance.Tcrit;
+    const double before = session->substance.Tcrit;
     open();
     type("DD_4", "400");
-    EXPECT_EQ(the_substance.Tcrit, before);
+    EXPECT_EQ(session->substance.Tcrit, before);
     click("OK");
-    EXPECT_EQ(the_substance.Tcrit, 400);
+    EXPECT_EQ(session->substance.Tcrit, 400);
 }
 
 TEST_F(BankEdit, AZeroAndAnEmptyFieldAreTwoThings) {
@@ -174,9 +173,9 @@ TEST_F(BankEdit, AZeroAndAnEmptyFieldAreTwoThings) {
     type("DD_122", "0");
     type("DD_2", "");
     click("OK");
-    EXPECT_EQ(the_substance.sconv, 1e-37F);
+    EXPECT_EQ(session->substance.sconv, 1e-37F);
     EXPECT_EQ(read("DD_122"), " 0");
-    EXPECT_EQ(the_substance.Ttriple, 0);
+    EXPECT_EQ(session->substance.Ttriple, 0);
     EXPECT_EQ(read("DD_2"), "<>");
 }
 
@@ -184,9 +183,9 @@ TEST_F(BankEdit, TextsNeverBecomeTheStoredZero) {
     open();
     for (const int DD : {83, 84, 85}) type(name_of(DD), "0");
     click("OK");
-    EXPECT_EQ(the_substance.Name, "0");
-    EXPECT_EQ(the_substance.Formula, "0");
-    EXPECT_EQ(the_substance.CASRN, "0           ");
+    EXPECT_EQ(session->substance.Name, "0");
+    EXPECT_EQ(session->substance.Formula, "0");
+    EXPECT_EQ(session->substance.CASRN, "0           ");
 }
 
 TEST_F(BankEdit, FieldsSwallowWhatIsNoNumber) {
@@ -230,7 +229,7 @@ TEST_F(BankEdit, ChangedDataAreQuestionedBeforeTheyAreLost) {
     EXPECT_EQ(read("DD_0"), "45");
     view->close();
     EXPECT_FALSE(drive::isVisible("frmBankEdit"));
-    EXPECT_NE(the_substance.M, 45);
+    EXPECT_NE(session->substance.M, 45);
     EXPECT_EQ(user.messages.size(), 2U);
 }
 
@@ -244,18 +243,18 @@ TEST_F(BankEdit, AppliedDataCloseWithoutAQuestion) {
 }
 
 TEST_F(BankEdit, TheTriplePointPressureFollowsTheEquationOnDemand) {
-    the_substance.ptriple = 500;
+    change([](auto& s) { s.substance.ptriple = 500; });
     open();
     click("optpSL_1");
     // Span and Wagner (1996): 517.95 kPa at 216.592 K.
     EXPECT_NEAR(read("DD_3").toDouble(), 517.95, 2.0);
-    EXPECT_EQ(the_substance.ptriple, 500);
+    EXPECT_EQ(session->substance.ptriple, 500);
     click("optpSL_0");
     EXPECT_EQ(read("DD_3"), " 500");
 }
 
 TEST_F(BankEdit, ATriplePointPressureThatCannotBeHadIsTold) {
-    the_substance.Ttriple = 0;
+    change([](auto& s) { s.substance.Ttriple = 0; });
     open();
     const QString before = read("DD_3");
     click("optpSL_1");
@@ -267,7 +266,7 @@ TEST_F(BankEdit, ATriplePointPressureThatCannotBeHadIsTold) {
 
 TEST_F(BankEdit, AugustFollowsTheFieldsAndNotTheRecord) {
     open();
-    const models::VPSetAugust before = the_substance.AUG;
+    const models::VPSetAugust before = session->substance.AUG;
     type("DD_1", "200");
     type("DD_4", "400");
     type("DD_5", "4000");
@@ -278,8 +277,8 @@ TEST_F(BankEdit, AugustFollowsTheFieldsAndNotTheRecord) {
     const double A = std::log(101.325) - B / 200.0;
     EXPECT_NEAR(read("DD_46").toDouble(), A, 1e-4);
     EXPECT_NEAR(read("DD_47").toDouble(), B, 0.01);
-    EXPECT_EQ(the_substance.AUG.A, before.A);
-    EXPECT_EQ(the_substance.AUG.B, before.B);
+    EXPECT_EQ(session->substance.AUG.A, before.A);
+    EXPECT_EQ(session->substance.AUG.B, before.B);
 }
 
 TEST_F(BankEdit, TheOtherCorrelatedSetsAreRecalculatedEachByItself) {
@@ -291,7 +290,7 @@ TEST_F(BankEdit, TheOtherCorrelatedSetsAreRecalculatedEachByItself) {
     const std::vector<Command> commands{{"cmdCorrelateAntoine", {48, 49}},
                                         {"cmdCorrelateKFW", {86, 87}},
                                         {"cmdCorrelateKFR", {97, 98}}};
-    const models::SubstanceRecord before = the_substance;
+    const models::SubstanceRecord before = session->substance;
     type("DD_1", "220");
     drive::tab("SSTab1", "Vapour Pressure");
     for (const Command& one : commands) {
@@ -301,28 +300,28 @@ TEST_F(BankEdit, TheOtherCorrelatedSetsAreRecalculatedEachByItself) {
         for (std::size_t i = 0; i < texts.size(); ++i)
             EXPECT_NE(read(name_of(one.fields[i])), texts[i]) << one.button;
     }
-    EXPECT_EQ(the_substance.THO.A, before.THO.A);
-    EXPECT_EQ(the_substance.KFW.a, before.KFW.a);
-    EXPECT_EQ(the_substance.KFR.a, before.KFR.a);
+    EXPECT_EQ(session->substance.THO.A, before.THO.A);
+    EXPECT_EQ(session->substance.KFW.a, before.KFW.a);
+    EXPECT_EQ(session->substance.KFR.a, before.KFR.a);
 }
 
 TEST_F(BankEdit, WithoutItsReferencePointTheWatsonMethodIsLeft) {
-    the_models.HLVModel = codes::hlv(4);
+    change([](auto& s) { s.models.HLVModel = codes::hlv(4); });
     open();
     typeInto(42, "");
     click("OK");
-    EXPECT_EQ(models::code_of(the_models.HLVModel), 2);
+    EXPECT_EQ(models::code_of(session->models.HLVModel), 2);
     EXPECT_EQ(user.beeps, 1);
 }
 
 TEST_F(BankEdit, AMissingBoilingPointIsCalculated) {
-    the_substance.Tboil = 0;
+    change([](auto& s) { s.substance.Tboil = 0; });
     open();
     EXPECT_EQ(read("DD_1"), "<>");
     click("OK");
     // Carbon dioxide reaches 101.325 kPa, extrapolated over the metastable liquid, near 186 K.
     EXPECT_NEAR(read("DD_1").toDouble(), 186, 3);
-    EXPECT_GT(the_substance.Tboil, 180);
+    EXPECT_GT(session->substance.Tboil, 180);
 }
 
 TEST_F(BankEdit, PrintsAllFieldsOfAllTabs) {
@@ -346,20 +345,20 @@ TEST_F(BankEdit, WritesAPrivateDatabaseWithWhatIsTyped) {
     typeInto(18, "12.5");
     user.fileAnswers.push_back((folder() / "MINE.Q05").string());
     click("WriteDataBaseQ05");
-    EXPECT_EQ(the_substance.Name, "My dioxide") << "writing applies first";
+    EXPECT_EQ(session->substance.Name, "My dioxide") << "writing applies first";
     view->close();
 
-    ASSERT_EQ(session::load_database((folder() / "MINE.Q05").string()),
+    ASSERT_EQ(session::load_database(session, (folder() / "MINE.Q05").string()),
               session::LoadOutcome::Loaded);
-    EXPECT_EQ(legacy::the_database.size(), 1U);
-    the_substance = {};
-    const Result<session::SubstanceRead> read = session::read_substance(1);
+    EXPECT_EQ(session->database.size(), 1U);
+    change([](auto& s) { s.substance = {}; });
+    const Result<session::SubstanceRead> read = session::read_substance(session, 1);
     ASSERT_TRUE(read);
     EXPECT_FALSE(read->noCriticalData);
-    EXPECT_EQ(the_substance.Name, "My dioxide");
-    EXPECT_EQ(the_substance.M, 44.5F);
-    EXPECT_EQ(the_substance.sconv, 213.8F) << "a private file keeps the entropy of its source";
-    EXPECT_EQ(the_substance.rhoLPar[0], 12.5F);
+    EXPECT_EQ(session->substance.Name, "My dioxide");
+    EXPECT_EQ(session->substance.M, 44.5F);
+    EXPECT_EQ(session->substance.sconv, 213.8F) << "a private file keeps the entropy of its source";
+    EXPECT_EQ(session->substance.rhoLPar[0], 12.5F);
 }
 
 TEST_F(BankEdit, ACancelledFileKeepsTheChangesInTheSession) {
@@ -367,18 +366,17 @@ TEST_F(BankEdit, ACancelledFileKeepsTheChangesInTheSession) {
     type("DD_0", "44.5");
     user.fileAnswers.push_back(std::nullopt);
     click("WriteDataBaseQ05");
-    EXPECT_EQ(the_substance.M, 44.5F);
+    EXPECT_EQ(session->substance.M, 44.5F);
     EXPECT_FALSE(std::filesystem::exists(folder() / "MINE.Q05"));
 }
 
 TEST_F(BankEdit, GroupContributionsFillTheFieldsOfTheirFrame) {
     using datafiles::GroupFrame;
     std::vector<GroupFrame> asked;
-    SubstanceEditorView::setGroupContributions(
-        [&](GroupFrame frame, datafiles::EditorTexts& texts, QWidget*) {
-            asked.push_back(frame);
-            texts[44] = "-1234";
-        });
+    desk.doors.estimate = [&](GroupFrame frame, datafiles::EditorTexts& texts, QWidget*) {
+        asked.push_back(frame);
+        texts[44] = "-1234";
+    };
     open();
     click("cmdJOBACKCrit");
     click("cmdJOBACKBildung");
@@ -387,7 +385,7 @@ TEST_F(BankEdit, GroupContributionsFillTheFieldsOfTheirFrame) {
     click("cmdApplyJOBACKcp");
     EXPECT_EQ(asked, (std::vector<GroupFrame>{GroupFrame::Critical, GroupFrame::Formation,
                                               GroupFrame::HeatCapacity}));
-    EXPECT_NE(the_substance.dfh, -1234);
+    EXPECT_NE(session->substance.dfh, -1234);
 }
 
 TEST_F(BankEdit, ALookChangesNothing) {
@@ -409,9 +407,8 @@ TEST_F(BankEdit, HelpButtonsAreOffWithoutHelpAndOpenTheirPages) {
     open();
     for (const char* button : kButtons) EXPECT_FALSE(drive::isEnabled(button)) << button;
     view->close();
-    static std::vector<int> pages;
-    pages.clear();
-    shell::setHelp([](int page) { pages.push_back(page); });
+    std::vector<int> pages;
+    desk.doors.help = [&pages](int page) { pages.push_back(page); };
     open();
     for (const char* button : kButtons) drive::get<QAbstractButton>(button)->click();
     EXPECT_EQ(pages.size(), kButtons.size());
@@ -451,7 +448,7 @@ TEST_F(BankEditInFrame, TheSubstanceViewOpensItForALook) {
         click("ESC");
     });
     drive::choose("mnuStoff");
-    EXPECT_EQ(the_substance.Name, "Carbon dioxide");
+    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
 }
 
 TEST_F(BankEditInFrame, TheModelViewFollowsTheDataEditedFromIt) {
@@ -470,7 +467,7 @@ TEST_F(BankEditInFrame, TheModelViewFollowsTheDataEditedFromIt) {
         click("OKModell");
     });
     drive::choose("mnuModel");
-    EXPECT_EQ(models::code_of(the_models.EOSModel), 4);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 4);
 }
 
 TEST_F(BankEditInFrame, CompletedCriticalDataOpenTheChoiceOfModels) {
@@ -493,7 +490,8 @@ TEST_F(BankEditInFrame, CompletedCriticalDataOpenTheChoiceOfModels) {
     EXPECT_TRUE(drive::offers("mnuModel"));
     drive::when("frmQModell", [] { click("OKModell"); });
     drive::choose("mnuModel");
-    EXPECT_TRUE(drive::offers("mnuCalc_2") || session::is_enabled(session::Command::mnuCalcMain));
+    EXPECT_TRUE(drive::offers("mnuCalc_2") ||
+                session::is_enabled(session, session::Command::mnuCalcMain));
 }
 
 TEST_F(BankEdit, ChangesOfFieldsAreTakenBackAndMadeAgain) {

@@ -14,7 +14,6 @@ namespace {
 using drive::click;
 using drive::read;
 using drive::type;
-using legacy::the_session;
 
 class SubstanceView : public FrameTest {
   protected:
@@ -46,7 +45,7 @@ TEST_F(SubstanceView, ListsTheDatabase) {
         EXPECT_TRUE(drive::isEnabled("cmdDaten"));
         click("ESC");
     });
-    EXPECT_EQ(the_session.CurrentSubstance, 0);
+    EXPECT_EQ(session->substanceNumber, 0);
 }
 
 TEST_F(SubstanceView, AClickShowsFormulaAndCasrn) {
@@ -59,7 +58,7 @@ TEST_F(SubstanceView, AClickShowsFormulaAndCasrn) {
             click("StoffOK");
         },
         true);
-    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    EXPECT_EQ(session->substanceNumber, 2);
 }
 
 // The scripts are added in the order in which the dialogs open.
@@ -74,7 +73,7 @@ class SubstanceSearch : public SubstanceView {
         });
         drive::when("frmQModell", [] { click("OKModell"); });
         click("Toolbar1_2");
-        EXPECT_EQ(QString::fromStdString(legacy::the_substance.Name), name) << typed.toStdString();
+        EXPECT_EQ(QString::fromStdString(session->substance.Name), name) << typed.toStdString();
         EXPECT_TRUE(user.messages.empty()) << user.lastText();
     }
 };
@@ -109,7 +108,7 @@ TEST_F(SubstanceView, NothingFoundIsToldAndTheSelectionReturns) {
         EXPECT_EQ(read("Text1"), "Unobtainium") << "to be corrected";
         click("ESC");
     });
-    EXPECT_EQ(the_session.CurrentSubstance, 0);
+    EXPECT_EQ(session->substanceNumber, 0);
 }
 
 TEST_F(SubstanceView, AKnownSubstanceThatIsNotInTheDatabaseIsNamed) {
@@ -149,7 +148,7 @@ TEST_F(SubstanceView, ArrowKeysLeadFromTheFieldIntoTheList) {
             click("StoffOK");
         },
         true);
-    EXPECT_EQ(the_session.CurrentSubstance, 2);
+    EXPECT_EQ(session->substanceNumber, 2);
 }
 
 TEST_F(SubstanceView, ASubstanceWithoutCriticalDataIsRefusedAndTheViewStays) {
@@ -173,16 +172,15 @@ TEST_F(SubstanceView, EscapeLeavesTheSubstanceAsItWas) {
         drive::press("StoffListe", Qt::Key_Escape);
     });
     drive::choose("mnuStoff");
-    EXPECT_EQ(the_session.CurrentSubstance, 1);
-    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
+    EXPECT_EQ(session->substanceNumber, 1);
+    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
     EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
 }
 
 TEST_F(SubstanceView, ALookAtOtherDataLeavesTheSubstanceAsItWas) {
     std::vector<std::string> shown;
     start();
-    actions::register_action("ShowSubstanceData",
-                             [&] { shown.push_back(legacy::the_substance.Name); });
+    desk.doors.showSubstance = [&] { shown.push_back(session->substance.Name); };
     openSubstance("Carbon dioxide");
     drive::when("frmStoffWahl", [] {
         drive::select("StoffListe", "Argon");
@@ -191,7 +189,7 @@ TEST_F(SubstanceView, ALookAtOtherDataLeavesTheSubstanceAsItWas) {
     });
     drive::choose("mnuStoff");
     EXPECT_EQ(shown, std::vector<std::string>{"Argon"});
-    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
+    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
 }
 
 TEST_F(SubstanceView, FiveThousandSubstancesAnswerAKeyAtOnce) {
@@ -200,10 +198,10 @@ TEST_F(SubstanceView, FiveThousandSubstancesAnswerAKeyAtOnce) {
         entries.push_back({static_cast<std::int16_t>(i), "C" + std::to_string(i % 40) + "H10      ",
                            "Substance " + std::to_string(5000 - i) + ";Synonym",
                            std::to_string(100000 + i) + "-00-0"});
-    legacy::the_database = {"BIG.Q05", std::move(entries)};
+    change([&](auto& s) { s.database = {"BIG.Q05", std::move(entries)}; });
     QElapsedTimer clock;
     clock.start();
-    SubstanceDialog view;
+    SubstanceDialog view(desk);
     view.show();
     drive::settle();
     std::cout << "5000 substances: opening " << clock.restart() << " ms, ";
@@ -222,7 +220,7 @@ TEST_F(SubstanceView, FiveThousandSubstancesAnswerAKeyAtOnce) {
 TEST_F(SubstanceView, LoadedDataAreQuestioned) {
     start();
     openSubstance("Carbon dioxide");
-    the_session.BatchCount = 2;
+    change([](auto& s) { s.measured.points.resize(2); });
     user.answers = {dialogs::Answer::Yes};
     drive::when("frmStoffWahl", [] {
         type("Text1", "Argon");
@@ -231,7 +229,7 @@ TEST_F(SubstanceView, LoadedDataAreQuestioned) {
     drive::when("frmQModell", [] { click("OKModell"); });
     drive::choose("mnuStoff");
     EXPECT_EQ(user.lastTitle(), "Batch data");
-    EXPECT_EQ(the_session.BatchCount, 0);
+    EXPECT_TRUE(session->measured.points.empty());
 }
 
 }  // namespace

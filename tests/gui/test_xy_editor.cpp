@@ -6,7 +6,6 @@
 #include "gui/editor_drive.h"
 #include "gui/view_test.h"
 #include "gui/widgets/undo_keys.h"
-#include "legacy/declare.h"
 
 using namespace quor;
 using namespace quor::gui;
@@ -19,30 +18,23 @@ using drive::click;
 using drive::lines;
 using drive::read;
 using drive::type;
-using legacy::the_session;
-using legacy::the_xyPoints;
 
 constexpr auto kList = "XYListe";
 
 class ManuInput : public ViewTest {
   protected:
-    ManuInput() {
-        the_xyPoints.clear();
-        legacy::the_xyComment.clear();
-        editor_views::Install();
-    }
+    ManuInput() { editor_views::Install(desk); }
     void TearDown() override {
         user.answers.assign(4, Answer::No);  // nothing of what is left is saved
         ViewTest::TearDown();
-        the_xyPoints.clear();
-        legacy::the_xyComment.clear();
     }
-    static void open() {
-        actions::Run("mnuData_EditXY");
+    void open() {
+        desk.doors.editXy();
         drive::settle();
     }
-    static void openWith(std::vector<datafiles::FitPoint> points) {
-        the_xyPoints = std::move(points);
+    const std::vector<datafiles::FitPoint>& points() const { return session->xy.points; }
+    void openWith(std::vector<datafiles::FitPoint> points) {
+        session.change()->xy.points = std::move(points);
         open();
     }
     static void add(const QString& x, const QString& y) {
@@ -58,9 +50,9 @@ class ManuInput : public ViewTest {
         std::ifstream stream(file, std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), {}};
     }
-    static std::vector<std::pair<float, float>> pairs() {
+    std::vector<std::pair<float, float>> pairs() const {
         std::vector<std::pair<float, float>> all;
-        for (const datafiles::FitPoint& p : the_xyPoints) all.emplace_back(p.x, p.y);
+        for (const datafiles::FitPoint& p : points()) all.emplace_back(p.x, p.y);
         return all;
     }
 };
@@ -99,7 +91,7 @@ TEST_F(ManuInput, AFieldWithoutANumberIsMarkedAndNothingIsAdded) {
     type("txtX", "1");
     type("txtY", "");
     click("OKinput");
-    EXPECT_TRUE(the_xyPoints.empty());
+    EXPECT_TRUE(points().empty());
     EXPECT_EQ(drive::find("txtY")->toolTip(), "A number is needed here.");
 }
 
@@ -115,7 +107,7 @@ TEST_F(ManuInput, EditModeChangesTheMarkedLine) {
     type("txtY", "25");
     click("OKinput");
     EXPECT_EQ(pairs(), (Pairs{{1, 10}, {2, 25}, {3, 30}}));
-    EXPECT_EQ(the_xyPoints[1].mark, -1) << "the line stays inactive";
+    EXPECT_EQ(points()[1].mark, -1) << "the line stays inactive";
 }
 
 TEST_F(ManuInput, ACellIsEditedWhereItStands) {
@@ -143,12 +135,12 @@ TEST_F(ManuInput, TheDelimiterIsChosen) {
     EXPECT_EQ(drive::entries("cmbSep"), QStringList({"Semicolon", "Comma", "Tab"}));
     EXPECT_EQ(read("cmbSep"), "Semicolon");
     drive::select("cmbSep", "Comma");
-    EXPECT_EQ(the_session.CsvSeparator, ',');
+    EXPECT_EQ(session->csvSeparator, ',');
     user.fileAnswers.push_back(write("B.XY", "c\r\n1.5,2.25\r\n"));
     click("cmdLoad");
     EXPECT_EQ(pairs(), (Pairs{{1.5F, 2.25F}}));
     drive::select("cmbSep", "Tab");
-    EXPECT_EQ(the_session.CsvSeparator, '\t');
+    EXPECT_EQ(session->csvSeparator, '\t');
 }
 
 TEST_F(ManuInput, ReadsTheOlderFiles) {
@@ -236,10 +228,10 @@ TEST_F(ManuInput, LinesAreSwitchedOffAndOn) {
     EXPECT_EQ(user.lastText(), "No marked item!");
     drive::mark(kList, 2, 2);
     click("cmdAus");
-    EXPECT_EQ(the_xyPoints[1].mark, -1);
+    EXPECT_EQ(points()[1].mark, -1);
     EXPECT_EQ(drive::lineHead(kList, 2), "(2)");
     click("cmdAus");
-    EXPECT_EQ(the_xyPoints[1].mark, 0);
+    EXPECT_EQ(points()[1].mark, 0);
     EXPECT_EQ(drive::lineHead(kList, 2), "2");
 }
 
@@ -259,19 +251,17 @@ TEST_F(ManuInput, EveryManipulationChangesAllPoints) {
     EXPECT_FALSE(drive::isVisible("fraManip"));
     click("cmdManip");
     for (const Case& one : cases) {
-        the_xyPoints = {{3, 2, 0}, {4, 4, -1}};
-        open();
+        openWith({{3, 2, 0}, {4, 4, -1}});
         click(one.option);
         type("Text1", "2.5");
         click("cmdExecManip");
-        ASSERT_EQ(the_xyPoints.size(), 2U);
+        ASSERT_EQ(points().size(), 2U);
         for (std::size_t i = 0; i < 2; ++i) {
-            EXPECT_FLOAT_EQ(the_xyPoints[i].x, one.result[i].first) << one.option;
-            EXPECT_NEAR(the_xyPoints[i].y, one.result[i].second,
-                        1e-5F * std::fabs(the_xyPoints[i].y))
+            EXPECT_FLOAT_EQ(points()[i].x, one.result[i].first) << one.option;
+            EXPECT_NEAR(points()[i].y, one.result[i].second, 1e-5F * std::fabs(points()[i].y))
                 << one.option;
         }
-        EXPECT_EQ(the_xyPoints[1].mark, -1);
+        EXPECT_EQ(points()[1].mark, -1);
     }
 }
 
@@ -294,7 +284,7 @@ TEST_F(ManuInput, SortsAndSwaps) {
     openWith({{3, 10, 0}, {1, 30, -1}, {2, 20, 0}});
     click("XSort");
     EXPECT_EQ(pairs(), (Pairs{{1, 30}, {2, 20}, {3, 10}}));
-    EXPECT_EQ(the_xyPoints[0].mark, -1);
+    EXPECT_EQ(points()[0].mark, -1);
     click("YSort");
     EXPECT_EQ(pairs(), (Pairs{{3, 10}, {2, 20}, {1, 30}}));
     click("cmdChangeXY");
@@ -327,7 +317,7 @@ TEST_F(ManuInput, ThePopUpMenuForwardsToTheEditor) {
     EXPECT_EQ(pairs(), (Pairs{{1, 10}}));
     user.clipboard = "4\t5";
     drive::popupRow("mnuPaste2")->trigger();
-    EXPECT_EQ(the_xyPoints.size(), 2U);
+    EXPECT_EQ(points().size(), 2U);
 }
 
 TEST_F(ManuInput, PrintsTheList) {
@@ -345,7 +335,7 @@ TEST_F(ManuInput, TheDiagramTakesTheActivePoints) {
     drive::find("frmManuInput")->close();
     drive::settle();
     int drawn = 0;
-    actions::register_action("graph_xy", [&] { ++drawn; });
+    desk.doors.drawXy = [&] { ++drawn; };
     open();
     click("cmdDrawManu");
     EXPECT_EQ(user.lastText(), "at least one active point!");
@@ -358,13 +348,13 @@ TEST_F(ManuInput, TheDiagramTakesTheActivePoints) {
     click("optIsPoints_0");
     click("cmdDrawManu");
     EXPECT_EQ(drawn, 1);
-    EXPECT_TRUE(legacy::the_xyGraph.asPoints);
+    EXPECT_TRUE(session->xyGraph.asPoints);
     add("310", "7");
     add("400", "70");
     click("cmdAus");
     click("optIsPoints_1");
     click("cmdDrawManu");
-    const datafiles::XYGraph& graph = legacy::the_xyGraph;
+    const datafiles::XYGraph& graph = session->xyGraph;
     EXPECT_EQ(drawn, 2);
     EXPECT_FALSE(graph.asPoints);
     EXPECT_EQ(graph.points.size(), 2U);
@@ -381,19 +371,18 @@ TEST_F(ManuInput, TheFittingTakesThisList) {
     drive::find("frmManuInput")->close();
     drive::settle();
     int sent = 0;
-    actions::register_action("fit_data", [&] { ++sent; });
-    the_session.FitDataSource = 1;
+    desk.doors.fit = [&] { ++sent; };
+    change([](auto& s) { s.fitSource = session::FitSource::measuredData; });
     open();
     click("cmdFitting");
     EXPECT_EQ(sent, 1);
-    EXPECT_EQ(the_session.FitDataSource, 0);
+    EXPECT_EQ(session->fitSource, session::FitSource::xyList);
 }
 
 TEST_F(ManuInput, ASecondOpeningBringsTheSameViewToTheFront) {
     open();
     QWidget* first = drive::find("frmManuInput");
-    the_xyPoints = {{1, 2, 0}};
-    open();
+    openWith({{1, 2, 0}});
     EXPECT_EQ(drive::find("frmManuInput"), first);
     EXPECT_EQ(lines(kList), 1);
 }

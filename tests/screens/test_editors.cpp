@@ -3,7 +3,6 @@
 #include "estimation/fit_state.h"
 #include "gui/editor_drive.h"
 #include "gui/view_test.h"
-#include "legacy/declare.h"
 #include "screens/look.h"
 #include "session/xy_session.h"
 #include "support/databases.h"
@@ -24,8 +23,8 @@ class EditorScreens : public ViewTest {
   protected:
     EditorScreens() {
         databases::WriteAll(folder() / "STUDENT.Q05");
+        wiring::connectViews(desk, commands);
         frame.show();
-        wiring::connectViews();
         frame.startUp();
         if (drive::find("frmTip") != nullptr) click("cmdOK");
         user.fileAnswers = {(folder() / "STUDENT.Q05").string()};
@@ -36,18 +35,15 @@ class EditorScreens : public ViewTest {
         when("frmQModell", [] { click("OKModell"); });
         click("Toolbar1_2");
     }
-    ~EditorScreens() override {
-        QApplication::setPalette(light_);
-        legacy::the_xyPoints.clear();
-    }
+    ~EditorScreens() override { QApplication::setPalette(light_); }
     void darken() {
         QPalette dark(QColor(0x30, 0x33, 0x36), QColor(0x30, 0x33, 0x36));
         dark.setColor(QPalette::Base, QColor(0x24, 0x26, 0x28));
         dark.setColor(QPalette::AlternateBase, QColor(0x2a, 0x2d, 0x30));
         QApplication::setPalette(dark);
     }
-    static void sample(const char* name) {
-        (void)session::load_xy(std::string(QUOR_SOURCE_DATA) + "/samples/" + name);
+    void sample(const char* name) {
+        (void)session::load_xy(session, std::string(QUOR_SOURCE_DATA) + "/samples/" + name);
     }
 
     /// Pictures of all tabs of a view.
@@ -60,7 +56,8 @@ class EditorScreens : public ViewTest {
         }
     }
 
-    MainWindow frame;
+    Commands commands;
+    MainWindow frame{desk, commands};
     const QPalette light_ = QApplication::palette();
 };
 
@@ -87,7 +84,7 @@ TEST_F(EditorScreens, XyEditor) {
     look::at(&frame, "xy_editor_empty");
     drive::find("frmManuInput")->parentWidget()->close();
     sample("benzene_vapour_pressure.XY");
-    legacy::the_xyPoints[2].mark = -1;
+    change([](auto& s) { s.xy.points[2].mark = -1; });
     choose("mnuData_EditXY");
     click("cmdManip");
     drive::mark("XYListe", 4, 6);

@@ -28,7 +28,7 @@ class Database : public SessionTest {
         return {builder::Propane(), ether};
     }
     /// An entry of the open database, counted from 1.
-    static const datafiles::DatabaseEntry& entry(std::size_t n) {
+    const datafiles::DatabaseEntry& entry(std::size_t n) const {
         return session->database.entries()[n - 1];
     }
     std::string name_after_reading(std::int16_t index) {
@@ -331,9 +331,8 @@ TEST_F(PrivateDatabase, TheNameGoesIntoTheFieldOfTheLanguage) {
 }
 
 TEST_F(Database, AProjectsDatabaseIsFoundBesideItAndWhereOthersWere) {
-    const auto found = [](const std::string& title, const std::filesystem::path& beside) {
-        return datafiles::find_database(title, beside, session.places(),
-                                        session->databaseFolders);
+    const auto found = [this](const std::string& title, const std::filesystem::path& beside) {
+        return datafiles::find_database(title, beside, session.places(), session->databaseFolders);
     };
     std::filesystem::create_directories(folder() / "elsewhere");
     builder::WriteFile(folder() / "elsewhere" / "X.Q05", builder::Database(two()));

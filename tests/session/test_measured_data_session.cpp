@@ -37,20 +37,17 @@ class MeasuredDataSession : public SessionTest {
     }
 };
 
-TEST_F(MeasuredDataSession, LoadingFillsTheListFromElementOne) {
-    the_BatchData[0].T = 999;
+TEST_F(MeasuredDataSession, LoadingFillsTheList) {
     EXPECT_TRUE(load(kFile));
-    ASSERT_EQ(session->measured.points.size(), 3);
-    ASSERT_EQ(the_BatchData.size(), 4U);
-    EXPECT_EQ(the_BatchData[0].T, 999.0);
-    EXPECT_EQ(the_BatchData[1].T, 273.15);
-    EXPECT_EQ(the_BatchData[1].p, 474.5);
-    EXPECT_EQ(the_BatchData[1].rhoL, 528.6F);
-    EXPECT_EQ(the_BatchData[1].rhoV, 10.5F);
-    EXPECT_EQ(the_BatchData[1].hLV, 16500.0F);
-    EXPECT_EQ(the_BatchData[1].cp, 98.5F);
-    EXPECT_EQ(the_BatchData[1].skip, 0);
-    EXPECT_EQ(the_BatchData[3].T, 350.125);
+    ASSERT_EQ(session->measured.points.size(), 3U);
+    EXPECT_EQ(session->measured.points[0].T, 273.15);
+    EXPECT_EQ(session->measured.points[0].p, 474.5);
+    EXPECT_EQ(session->measured.points[0].rhoL, 528.6F);
+    EXPECT_EQ(session->measured.points[0].rhoV, 10.5F);
+    EXPECT_EQ(session->measured.points[0].hLV, 16500.0F);
+    EXPECT_EQ(session->measured.points[0].cp, 98.5F);
+    EXPECT_EQ(session->measured.points[0].skip, 0);
+    EXPECT_EQ(session->measured.points[2].T, 350.125);
     EXPECT_EQ(session->measured.file, "D.BAQ");
     EXPECT_EQ(session->folderMeasured, (folder() / "").string());
     EXPECT_EQ(session->measured.comment, "measured by Käthe");
@@ -75,33 +72,33 @@ TEST_F(MeasuredDataSession, ValuesComeBackExactlyInEitherLocale) {
         numbers::set_decimal_mark(mark);
         const MeasuredPoint set{
             .T = 1.0 / 3.0, .p = 1e-7, .rhoV = 0.1F, .rhoL = 1e6F, .hLV = 12345.678F, .cp = 3e-5F};
-        legacy::set_measured_data({.points = {set}, .casrn = "74-98-6     "});
+        session.change()->measured = {.points = {set}, .casrn = "74-98-6     "};
         user.fileAnswers.push_back((folder() / "E.BAQ").string());
         ASSERT_TRUE(session::save_measured_data(session));
         ASSERT_TRUE(session::load_measured_data(session, (folder() / "E.BAQ").string(), false));
-        EXPECT_EQ(the_BatchData[1].T, set.T);
-        EXPECT_EQ(the_BatchData[1].p, set.p);
-        EXPECT_EQ(the_BatchData[1].rhoV, set.rhoV);
-        EXPECT_EQ(the_BatchData[1].rhoL, set.rhoL);
-        EXPECT_EQ(the_BatchData[1].hLV, set.hLV);
-        EXPECT_EQ(the_BatchData[1].cp, set.cp);
+        EXPECT_EQ(session->measured.points[0].T, set.T);
+        EXPECT_EQ(session->measured.points[0].p, set.p);
+        EXPECT_EQ(session->measured.points[0].rhoV, set.rhoV);
+        EXPECT_EQ(session->measured.points[0].rhoL, set.rhoL);
+        EXPECT_EQ(session->measured.points[0].hLV, set.hLV);
+        EXPECT_EQ(session->measured.points[0].cp, set.cp);
     }
 }
 
 TEST_F(MeasuredDataSession, AppendingGoesBehindTheDataAndToAnEmptyListItIsLoading) {
     EXPECT_TRUE(load(kFile, true));
-    EXPECT_EQ(session->measured.points.size(), 3);
+    EXPECT_EQ(session->measured.points.size(), 3U);
     EXPECT_EQ(session->measured.file, "D.BAQ");
-    the_BatchData[1].skip = -1;
+    session.change()->measured.points[0].skip = -1;
     EXPECT_TRUE(load("d\r\nother comment\r\n74-98-6\r\n1\r\n400,1,2,3,4,5\r\n", true));
-    ASSERT_EQ(session->measured.points.size(), 4);
-    EXPECT_EQ(the_BatchData[1].T, 273.15);
-    EXPECT_EQ(the_BatchData[1].skip, -1);
-    EXPECT_EQ(the_BatchData[4].T, 400.0);
+    ASSERT_EQ(session->measured.points.size(), 4U);
+    EXPECT_EQ(session->measured.points[0].T, 273.15);
+    EXPECT_EQ(session->measured.points[0].skip, -1);
+    EXPECT_EQ(session->measured.points[3].T, 400.0);
     EXPECT_EQ(session->measured.comment, "measured by Käthe");
     EXPECT_TRUE(load(kFile, false));
-    EXPECT_EQ(session->measured.points.size(), 3);
-    EXPECT_EQ(the_BatchData[1].skip, 0);
+    EXPECT_EQ(session->measured.points.size(), 3U);
+    EXPECT_EQ(session->measured.points[0].skip, 0);
 }
 
 TEST_F(MeasuredDataSession, LoadingAsksForAFile) {
@@ -113,7 +110,7 @@ TEST_F(MeasuredDataSession, LoadingAsksForAFile) {
     EXPECT_NE(user.files[0].filter.find("*.BAQ"), std::string::npos);
     user.fileAnswers.push_back(std::nullopt);
     EXPECT_FALSE(session::load_measured_data(session, false));
-    EXPECT_EQ(session->measured.points.size(), 3);
+    EXPECT_EQ(session->measured.points.size(), 3U);
 }
 
 TEST_F(MeasuredDataSession, AnUnknownSubstanceIsAskedAbout) {
@@ -121,7 +118,7 @@ TEST_F(MeasuredDataSession, AnUnknownSubstanceIsAskedAbout) {
     bytes.replace(bytes.find("74-98-6"), 7, "99-99-9");
     user.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(load(bytes));
-    EXPECT_EQ(session->measured.points.size(), 0);
+    EXPECT_EQ(session->measured.points.size(), 0U);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(
         user.lastText(),
@@ -129,7 +126,7 @@ TEST_F(MeasuredDataSession, AnUnknownSubstanceIsAskedAbout) {
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(user.messages[0].buttons, dialogs::Buttons::YesNo);
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(session->measured.points.size(), 3);
+    EXPECT_EQ(session->measured.points.size(), 3U);
     EXPECT_EQ(user.messages.size(), 2U);
 }
 
@@ -138,7 +135,7 @@ TEST_F(MeasuredDataSession, WithoutAnActiveSubstanceNothingIsLoaded) {
     EXPECT_FALSE(load(kFile));
     EXPECT_EQ(user.lastText(), "Load a substance!");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(session->measured.points.size(), 0);
+    EXPECT_EQ(session->measured.points.size(), 0U);
 }
 
 TEST_F(MeasuredDataSession, AnotherSubstanceIsAskedAbout) {
@@ -150,7 +147,7 @@ TEST_F(MeasuredDataSession, AnotherSubstanceIsAskedAbout) {
               "nevertheless?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_TRUE(load(kFile));
-    EXPECT_EQ(session->measured.points.size(), 3);
+    EXPECT_EQ(session->measured.points.size(), 3U);
 }
 
 TEST_F(MeasuredDataSession, SavingOverAFileAsks) {
@@ -172,7 +169,7 @@ TEST_F(MeasuredDataSession, AFailedSaveIsToldAndNothingIsLost) {
     EXPECT_FALSE(session::save_measured_data(session));
     EXPECT_EQ(user.lastText(), "The file E.BAQ could not be written (No such file or directory).");
     EXPECT_EQ(session->measured.file, "D.BAQ");
-    EXPECT_EQ(session->measured.points.size(), 3);
+    EXPECT_EQ(session->measured.points.size(), 3U);
 }
 
 TEST_F(MeasuredDataSession, ChangedDataAreAskedAboutBeforeTheyAreLeft) {
@@ -195,12 +192,12 @@ TEST_F(MeasuredDataSession, ChangedDataAreAskedAboutBeforeTheyAreLeft) {
 
 TEST_F(MeasuredDataSession, ATextInThePlaceOfANumberReadsAsZero) {
     EXPECT_TRUE(load("d\r\nc\r\n74-98-6     \r\n2\r\n300,abc,,x,1e99,5\r\nwhat is this\r\n"));
-    EXPECT_EQ(the_BatchData[1].T, 300.0);
-    EXPECT_EQ(the_BatchData[1].p, 0.0);
-    EXPECT_EQ(the_BatchData[1].rhoL, 0.0F);
-    EXPECT_EQ(the_BatchData[1].hLV, 0.0F);
-    EXPECT_EQ(the_BatchData[1].cp, 5.0F);
-    EXPECT_EQ(the_BatchData[2].T, 0.0);
+    EXPECT_EQ(session->measured.points[0].T, 300.0);
+    EXPECT_EQ(session->measured.points[0].p, 0.0);
+    EXPECT_EQ(session->measured.points[0].rhoL, 0.0F);
+    EXPECT_EQ(session->measured.points[0].hLV, 0.0F);
+    EXPECT_EQ(session->measured.points[0].cp, 5.0F);
+    EXPECT_EQ(session->measured.points[1].T, 0.0);
 }
 
 TEST_F(MeasuredDataSession, FilesThatAreNoneAreToldAndChangeNothing) {
@@ -208,7 +205,7 @@ TEST_F(MeasuredDataSession, FilesThatAreNoneAreToldAndChangeNothing) {
     for (const std::string bytes : {"", "a\r\nb\r\n74-98-6\r\n", "a\r\nb\r\n74-98-6\r\n12\r\n"}) {
         EXPECT_FALSE(load(bytes));
         EXPECT_EQ(user.lastText(), "The file D.BAQ holds no experimental data.");
-        EXPECT_EQ(session->measured.points.size(), 3);
+        EXPECT_EQ(session->measured.points.size(), 3U);
     }
     EXPECT_FALSE(session::load_measured_data(session, "MISSING.BAQ", false));
     EXPECT_EQ(user.lastText(), "The file MISSING.BAQ was not found.");
@@ -217,7 +214,7 @@ TEST_F(MeasuredDataSession, FilesThatAreNoneAreToldAndChangeNothing) {
 TEST_F(MeasuredDataSession, AShortenedFileGivesItsWholeSetsAndSaysSo) {
     const std::string bytes = kFile;
     EXPECT_TRUE(load(bytes.substr(0, bytes.find("21.6") + 2)));
-    EXPECT_EQ(session->measured.points.size(), 1);
+    EXPECT_EQ(session->measured.points.size(), 1U);
     EXPECT_EQ(user.lastText(), "The file D.BAQ announces 3 sets of data, but holds only 1.");
     EXPECT_EQ(user.lastTitle(), "WARNING");
 }
@@ -226,7 +223,7 @@ TEST_F(MeasuredDataSession, ALastLineWithoutAnEndCountsWhenTheFileIsComplete) {
     std::string bytes = kFile;
     bytes.resize(bytes.size() - 2);
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(session->measured.points.size(), 3);
+    EXPECT_EQ(session->measured.points.size(), 3U);
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -234,12 +231,11 @@ TEST_F(MeasuredDataSession, AHugeCountIsLimitedByWhatIsThere) {
     std::string bytes = kFile;
     bytes.replace(bytes.find("\r\n3\r\n"), 5, "\r\n4000000000\r\n");
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(session->measured.points.size(), 3);
+    EXPECT_EQ(session->measured.points.size(), 3U);
     bytes = kFile;
     bytes.replace(bytes.find("\r\n3\r\n"), 5, "\r\n-3\r\n");
     EXPECT_TRUE(load(bytes));
-    EXPECT_EQ(session->measured.points.size(), 0);
-    EXPECT_GE(the_BatchData.size(), 2U);
+    EXPECT_EQ(session->measured.points.size(), 0U);
 }
 
 TEST_F(MeasuredDataSession, MoreSetsThanCanBeCountedAreRefused) {
@@ -248,12 +244,12 @@ TEST_F(MeasuredDataSession, MoreSetsThanCanBeCountedAreRefused) {
     EXPECT_TRUE(load(bytes));
     EXPECT_FALSE(load(bytes, true));
     EXPECT_EQ(user.lastText(), "There is room for 32767 sets of data only.");
-    EXPECT_EQ(session->measured.points.size(), 20000);
+    EXPECT_EQ(session->measured.points.size(), 20000U);
 }
 
 TEST_F(MeasuredDataSession, AColumnIsSavedAsXYWithoutInactiveAndEmptySets) {
     load(kFile);
-    the_BatchData[2].skip = -1;
+    session.change()->measured.points[1].skip = -1;
     user.fileAnswers = {(folder() / "P.XY").string(), (folder() / "R.XY").string()};
     EXPECT_TRUE(session::save_measured_column(session, 1));
     EXPECT_EQ(builder::ReadFile(folder() / "P.XY"),

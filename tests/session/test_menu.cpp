@@ -15,19 +15,18 @@ using session::Command;
 
 class Menu : public SessionTest {
   protected:
-    Menu() { actions::clear(); }
-    ~Menu() override { actions::clear(); }
-
     static const menu::Row& row(std::string_view name) {
         const menu::Row* found = menu::Find(name);
         if (found == nullptr) throw std::runtime_error("no row " + std::string(name));
         return *found;
     }
     // Everything has a handler, so that only the session decides.
-    static void handleAll() {
+    void handleAll() {
         for (const menu::Row& r : menu::Rows())
-            if (!r.action.empty()) actions::register_action(r.action, [] {});
+            if (!r.action.empty()) commands.add(r.action, [] {});
     }
+
+    app::Commands commands;
 };
 
 TEST_F(Menu, EveryRowHasANameOfItsOwn) {
@@ -51,9 +50,9 @@ TEST_F(Menu, TopLevelRowsComeInTheOrderOfTheWork) {
     std::vector<std::string> names;
     for (const menu::Row& r : menu::Rows())
         if (r.parent.empty()) names.push_back(menu::Name(r));
-    EXPECT_EQ(names, (std::vector<std::string>{"mnuData", "mnuStoff", "mnuModel", "mnu2D", "mnu3D",
-                                               "mnuCalcMain", "mnuFitting", "mnuOptions",
-                                               "mnuWindow", "mnuHilfe"}));
+    EXPECT_EQ(names, (std::vector<std::string>{"mnuData", "mnuEdit", "mnuStoff", "mnuModel",
+                                               "mnu2D", "mnu3D", "mnuCalcMain", "mnuFitting",
+                                               "mnuOptions", "mnuWindow", "mnuHilfe"}));
 }
 
 TEST_F(Menu, AccessKeysOfTheMenuBarDoNotClash) {
@@ -149,7 +148,7 @@ TEST_F(Menu, DiagramRowsCarryTheirDiagrams) {
             const std::string name = std::string(e.menu) + "_" + std::to_string(e.indices[i]);
             const menu::Row& r = row(name);
             EXPECT_EQ(r.code, e.codes[i]) << name;
-            EXPECT_TRUE(menu::Prepare(r));
+            EXPECT_TRUE(menu::Prepare(session, r));
             ASSERT_NE(session->diagram, nullptr) << name;
             EXPECT_EQ(session->diagram->code, e.codes[i]);
             EXPECT_EQ(session->diagram->section, sections.at(e.sections[i])) << name;
@@ -169,12 +168,10 @@ TEST_F(Menu, SurfaceRowsCarryTheirKinds) {
 
 TEST_F(Menu, ARowWithoutAHandlerIsDisabled) {
     const menu::Row& status = row("mnuData_Status");
-    EXPECT_TRUE(menu::allowed(status));
-    EXPECT_FALSE(menu::Enabled(status));
-    actions::register_action("mnuData_Status", [] {});
-    EXPECT_TRUE(menu::Enabled(status));
-    actions::register_action("mnuData_Status", {});
-    EXPECT_FALSE(menu::Enabled(status));
+    EXPECT_TRUE(menu::allowed(session, status));
+    EXPECT_FALSE(menu::Enabled(session, commands, status));
+    commands.add("mnuData_Status", [] {});
+    EXPECT_TRUE(menu::Enabled(session, commands, status));
 }
 
 TEST_F(Menu, ACommandSwitchesItsRow) {
@@ -192,69 +189,73 @@ TEST_F(Menu, ACommandSwitchesItsRow) {
         {"mnuData_BatchEdit", Command::mnuData_BatchEdit},
         {"mnuData_EditStoffdaten", Command::mnuData_EditStoffdaten}};
     for (const auto& [name, command] : rows) {
-        EXPECT_FALSE(menu::Enabled(row(name))) << name;
+        EXPECT_FALSE(menu::Enabled(session, commands, row(name))) << name;
         session::set_commands(session, {command}, true);
-        EXPECT_TRUE(menu::Enabled(row(name))) << name;
+        EXPECT_TRUE(menu::Enabled(session, commands, row(name))) << name;
     }
     for (const char* always :
          {"mnuData_OpenBank", "mnuData_LoadLastSession", "mnuData_LoadProject", "mnuData_EditXY",
           "mnuData_Exit", "mnuHilfe_About", "mnuData_JOBACK_CritData"})
-        EXPECT_TRUE(menu::Enabled(row(always))) << always;
+        EXPECT_TRUE(menu::Enabled(session, commands, row(always))) << always;
 }
 
 TEST_F(Menu, CaptionsFollowTheModeOfCalculation) {
-    EXPECT_EQ(menu::Caption(row("mnuCalc_0")), "T, rho      => p, state L/V     + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(row("mnuCalc_2")), "T, p         => rho, state L/V  + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(row("mnuCalc_3")), "p, rho      => T, state L/V     + thermod. Fu.");
-    EXPECT_FALSE(menu::Visible(row("mnuCalc_1")));
+    EXPECT_EQ(menu::Caption(session, row("mnuCalc_0")),
+              "T, rho      => p, state L/V     + thermod. Fu.");
+    EXPECT_EQ(menu::Caption(session, row("mnuCalc_2")),
+              "T, p         => rho, state L/V  + thermod. Fu.");
+    EXPECT_EQ(menu::Caption(session, row("mnuCalc_3")),
+              "p, rho      => T, state L/V     + thermod. Fu.");
+    EXPECT_FALSE(menu::Visible(session, row("mnuCalc_1")));
     session.change()->batchMode = true;
-    EXPECT_EQ(menu::Caption(row("mnuCalc_0")),
+    EXPECT_EQ(menu::Caption(session, row("mnuCalc_0")),
               "columns T, rho(V) => p, state L/V     + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(row("mnuCalc_1")),
+    EXPECT_EQ(menu::Caption(session, row("mnuCalc_1")),
               "columns T, rho(L) => p, state L/V     + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(row("mnuCalc_2")),
+    EXPECT_EQ(menu::Caption(session, row("mnuCalc_2")),
               "columns T, p         => rho, state L/V  + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(row("mnuCalc_3")),
+    EXPECT_EQ(menu::Caption(session, row("mnuCalc_3")),
               "columns p, rho(V) => T, state L/V     + thermod. Fu.");
-    EXPECT_TRUE(menu::Visible(row("mnuCalc_1")));
+    EXPECT_TRUE(menu::Visible(session, row("mnuCalc_1")));
 }
 
 TEST_F(Menu, TheVirialRowNamesParametersOnlyForACubicEquation) {
-    EXPECT_EQ(menu::Caption(row("mnuCalc_18")),
+    EXPECT_EQ(menu::Caption(session, row("mnuCalc_18")),
               "T => Virial Coefficient B, Parameters of the CEOS");
     session.change()->models.EOSOnlyV = true;
-    EXPECT_EQ(menu::Caption(row("mnuCalc_18")), "T => Virial Coefficient B");
+    EXPECT_EQ(menu::Caption(session, row("mnuCalc_18")), "T => Virial Coefficient B");
 }
 
 TEST_F(Menu, TheTankIsForDirectOperation) {
     handleAll();
-    session::set_commands(session, {Command::mnuCalcMain, Command::toolTank, Command::needsLPhase}, true);
+    session::set_commands(session, {Command::mnuCalcMain, Command::toolTank, Command::needsLPhase},
+                          true);
     const menu::ToolButton& tool = menu::tool_buttons().back();
     ASSERT_EQ(tool.index, 15);
-    EXPECT_TRUE(menu::Enabled(row("mnuCalc_15")));
-    EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
-    EXPECT_TRUE(menu::Enabled(tool));
+    EXPECT_TRUE(menu::Enabled(session, commands, row("mnuCalc_15")));
+    EXPECT_TRUE(menu::Enabled(session, commands, row("mnuCalc_16")));
+    EXPECT_TRUE(menu::Enabled(session, commands, tool));
     session.change()->batchMode = true;
-    EXPECT_FALSE(menu::Enabled(row("mnuCalc_15")));
-    EXPECT_FALSE(menu::Enabled(row("mnuCalc_16")));
-    EXPECT_FALSE(menu::Enabled(tool));
+    EXPECT_FALSE(menu::Enabled(session, commands, row("mnuCalc_15")));
+    EXPECT_FALSE(menu::Enabled(session, commands, row("mnuCalc_16")));
+    EXPECT_FALSE(menu::Enabled(session, commands, tool));
 }
 
 TEST_F(Menu, TheGlobalTankNeedsALiquidFromTheEquationOfState) {
     handleAll();
     session::set_commands(session, {Command::mnuCalcMain, Command::toolTank}, true);
     session.change()->models.PriorityCEOS = false;
-    EXPECT_FALSE(menu::Enabled(row("mnuCalc_15")));
-    EXPECT_TRUE(menu::Enabled(row("mnuCalc_16")));
-    EXPECT_TRUE(menu::Enabled(menu::tool_buttons().back()));
+    EXPECT_FALSE(menu::Enabled(session, commands, row("mnuCalc_15")));
+    EXPECT_TRUE(menu::Enabled(session, commands, row("mnuCalc_16")));
+    EXPECT_TRUE(menu::Enabled(session, commands, menu::tool_buttons().back()));
 }
 
 TEST_F(Menu, TheTankButtonGoesWithTheCalculationMenu) {
     handleAll();
     session::set_commands(session, {Command::toolTank, Command::needsLPhase}, true);
-    EXPECT_FALSE(menu::Enabled(menu::tool_buttons().back()));
+    EXPECT_FALSE(menu::Enabled(session, commands, menu::tool_buttons().back()));
     session::set_commands(session, {Command::mnuCalcMain}, true);
-    EXPECT_TRUE(menu::Enabled(menu::tool_buttons().back()));
+    EXPECT_TRUE(menu::Enabled(session, commands, menu::tool_buttons().back()));
 }
 
 TEST_F(Menu, ToolButtonsBearTheirTips) {
@@ -274,8 +275,11 @@ TEST_F(Menu, ToolButtonsBearTheirTips) {
 
 TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
     handleAll();
-    models::SubstanceRecord& s = session->substance;
-    const auto enabled = [](const std::string& name) { return menu::Enabled(row(name)); };
+    const auto now = session.change();
+    models::SubstanceRecord& s = now->substance;
+    const auto enabled = [this](const std::string& name) {
+        return menu::Enabled(session, commands, row(name));
+    };
     const std::string first = "mnuCalc_sub_database_", second = "mnuCalc_sub_sub_database_";
     for (int i = 1; i <= 6; ++i) EXPECT_FALSE(enabled(first + std::to_string(i))) << i;
     for (int i = 0; i <= 3; ++i) EXPECT_FALSE(enabled(second + std::to_string(i))) << i;
@@ -313,15 +317,15 @@ TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
 
 TEST_F(Menu, ParametersOfTheEOSNeedACompleteChoice) {
     handleAll();
-    EXPECT_FALSE(menu::Enabled(row("mnuData_ParameterEOS")));
+    EXPECT_FALSE(menu::Enabled(session, commands, row("mnuData_ParameterEOS")));
     session::set_commands(session, {Command::mnuCalcMain}, true);
-    EXPECT_TRUE(menu::Enabled(row("mnuData_ParameterEOS")));
+    EXPECT_TRUE(menu::Enabled(session, commands, row("mnuData_ParameterEOS")));
 }
 
 TEST_F(Menu, SurfacesOfACubicEquationAskForTheRealBehaviour) {
     session.change()->models.EOSModel = codes::eos(6);
     user.answers = {dialogs::Answer::No};
-    EXPECT_TRUE(menu::Prepare(row("mnu3DSub_0")));
+    EXPECT_TRUE(menu::Prepare(session, row("mnu3DSub_0")));
     EXPECT_TRUE(session->surfaceSCurve);
     EXPECT_EQ(session->surfaceKind, 1);
     EXPECT_EQ(user.lastText(),
@@ -329,78 +333,72 @@ TEST_F(Menu, SurfacesOfACubicEquationAskForTheRealBehaviour) {
               "(No = Draw S-shaped curves in the undercritical region)");
     EXPECT_EQ(user.lastTitle(), "for cubic EOS only");
     user.answers = {dialogs::Answer::Yes};
-    menu::Prepare(row("mnu3DSub_0"));
+    menu::Prepare(session, row("mnu3DSub_0"));
     EXPECT_FALSE(session->surfaceSCurve);
 
     const std::size_t asked = user.messages.size();
-    menu::Prepare(row("mnu3DSub_5"));
+    menu::Prepare(session, row("mnu3DSub_5"));
     session.change()->models.EOSOnlyV = true;
-    menu::Prepare(row("mnu3DSub_0"));
+    menu::Prepare(session, row("mnu3DSub_0"));
     EXPECT_EQ(user.messages.size(), asked);
 }
 
 TEST_F(Menu, NewDataNeedASubstance) {
-    EXPECT_FALSE(menu::Prepare(row("mnuData_BatchInput")));
+    EXPECT_FALSE(menu::Prepare(session, row("mnuData_BatchInput")));
     EXPECT_EQ(user.lastText(), "First choose substance!");
     EXPECT_EQ(user.lastTitle(), "friendly remark");
 }
 
 TEST_F(Menu, NewDataReplaceOldOnesOnlyAfterAYes) {
     session.change()->substanceNumber = 1;
-    session.change()->measured.points.size() = 2;
-    session.change()->measured.file = "old.BAQ";
-    legacy::the_BatchData.assign(3, {.T = 300});
+    session.change()->measured = {.points = {{.T = 300}, {.T = 300}}, .file = "old.BAQ"};
     user.answers = {dialogs::Answer::No};
-    EXPECT_FALSE(menu::Prepare(row("mnuData_BatchInput")));
+    EXPECT_FALSE(menu::Prepare(session, row("mnuData_BatchInput")));
     EXPECT_EQ(user.lastText(),
               "Exspecting input of new data;\nthe existing set of data will be deleted.\n"
               "Do you want this?");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(session->measured.points.size(), 2);
+    EXPECT_EQ(session->measured.points.size(), 2U);
 
     user.answers = {dialogs::Answer::Yes};
-    EXPECT_TRUE(menu::Prepare(row("mnuData_BatchInput")));
-    EXPECT_EQ(session->measured.points.size(), 0);
+    EXPECT_TRUE(menu::Prepare(session, row("mnuData_BatchInput")));
+    EXPECT_EQ(session->measured.points.size(), 0U);
     EXPECT_EQ(session->measured.file, "");
-    EXPECT_EQ(legacy::the_BatchData[0].T, 300) << "the direct input stays";
-    EXPECT_EQ(legacy::the_BatchData[1].T, 0);
 }
 
 TEST_F(Menu, TheNoteOnSavingAProjectAppearsOnce) {
-    menu::Prepare(row("mnuData_SaveProject"));
+    menu::Prepare(session, row("mnuData_SaveProject"));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
               "Please note:\nBefore saving your project the settings\n"
               "for \"Models\" and \"Options\" must be complete");
     EXPECT_EQ(user.lastTitle(), "Single Note");
     EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Information);
-    menu::Prepare(row("mnuData_SaveProject"));
+    menu::Prepare(session, row("mnuData_SaveProject"));
     EXPECT_EQ(user.messages.size(), 1U);
 }
 
 TEST_F(Menu, FittingForgetsTheMeasuredData) {
-    session.change()->measured.points.size() = 5;
-    menu::Prepare(row("mnuFitting"));
-    EXPECT_EQ(session->measured.points.size(), 0);
+    session.change()->measured.points.resize(5);
+    menu::Prepare(session, row("mnuFitting"));
+    EXPECT_EQ(session->measured.points.size(), 0U);
 }
 
 TEST_F(Menu, OpeningTheDataMenuOffersToEditWhatIsThere) {
-    menu::open_data_menu();
+    menu::open_data_menu(session);
     EXPECT_FALSE(session::is_enabled(session, Command::mnuData_BatchEdit));
-    session.change()->measured.points.size() = 1;
-    menu::open_data_menu();
+    session.change()->measured.points.resize(1);
+    menu::open_data_menu(session);
     EXPECT_TRUE(session::is_enabled(session, Command::mnuData_BatchEdit));
 }
 
-TEST_F(Menu, AnActionMayReplaceItselfWhileItRuns) {
+TEST_F(Menu, ACommandRunsByItsIdAndTheLastOneAddedCounts) {
     int first = 0, second = 0;
-    actions::register_action("x", [&] {
-        actions::register_action("x", [&] { ++second; });
-        ++first;
-    });
-    EXPECT_TRUE(actions::Run("x"));
-    EXPECT_TRUE(actions::Run("x"));
-    EXPECT_FALSE(actions::Run("y"));
+    commands.add("x", [&] { ++first; });
+    EXPECT_TRUE(commands.run("x"));
+    commands.add("x", [&] { ++second; });
+    EXPECT_TRUE(commands.run("x"));
+    EXPECT_FALSE(commands.run("y"));
     EXPECT_EQ(first, 1);
     EXPECT_EQ(second, 1);
 }

@@ -1,4 +1,6 @@
 #include <fstream>
+#include <string>
+#include <vector>
 
 #include "common/numbers.h"
 #include "session/commands.h"
@@ -9,7 +11,6 @@
 using namespace quor;
 
 namespace {
-
 
 class Session : public SessionTest {
   protected:
@@ -30,65 +31,112 @@ TEST_F(Session, StartsWithItsDefaults) {
     EXPECT_EQ(session->models.VPModel, models::VapourPressureEquation::none);
     EXPECT_EQ(session->reference.RefMode, 1);
     EXPECT_FLOAT_EQ(session->reference.p0, 101.325F);
-    EXPECT_EQ(legacy::the_BatchData.size(), 2U);
+    EXPECT_TRUE(session->measured.points.empty());
     EXPECT_TRUE(session->results.rows.empty());
     EXPECT_EQ(session->lastSessionFile, (folder() / "QuorLastSession.QCF").string());
-    EXPECT_FALSE(session::is_enabled(session::Command::mnuCalcMain));
+    EXPECT_FALSE(session::is_enabled(session, session::Command::mnuCalcMain));
     EXPECT_FALSE(session->decimalComma);
 }
 
 TEST_F(Session, DecimalCommaFollowsTheLocale) {
     numbers::set_decimal_mark(',');
-    session::reset_everything();
+    session::reset_everything(session);
     EXPECT_TRUE(session->decimalComma);
 }
 
 TEST_F(Session, ReducedUnitsWithoutCriticalVolumeFallBackToMolar) {
     session.change()->substance.Tcrit = 0;
-    std::int16_t mode = 2;
-    const session::UnitLabels u = session::set_units(mode);
-    EXPECT_EQ(mode, 0);
-    EXPECT_EQ(u.VolumeLabel, "m^3/kmol");
-    EXPECT_EQ(u.TemperatureLabel, "K");
-    EXPECT_DOUBLE_EQ(u.Factor, 1.0);
+    session.change()->unitSystem = models::UnitSystem::reduced;
+    session::settle_units(session);
+    EXPECT_EQ(session->unitSystem, models::UnitSystem::molar);
+    const models::Units u = session::present_units(session);
+    EXPECT_EQ(u.v_label, "m^3/kmol");
+    EXPECT_EQ(u.T_label, "K");
+    EXPECT_DOUBLE_EQ(u.v, 1.0);
 }
 
 TEST_F(Session, ReducedUnitsNameThePressureInTheLabelOfT) {
     session.change()->substance = fluids::ReferencePropane();
     session.change()->eosParameters.vcritCalc = 0.25;
-    std::int16_t mode = 2;
-    const session::UnitLabels u = session::set_units(mode);
-    EXPECT_EQ(u.TemperatureLabel, "p(red)");
-    EXPECT_EQ(u.PressureLabel, "kPa");
-    EXPECT_EQ(u.VolumeLabel, "V(red)");
-    EXPECT_DOUBLE_EQ(u.Factor, 4.0);
-    EXPECT_FLOAT_EQ(session->TemperatureFactor, static_cast<float>(1.0 / 369.89));
-    EXPECT_FLOAT_EQ(session->PressureFactor, static_cast<float>(1.0 / 4251.2));
+    session.change()->unitSystem = models::UnitSystem::reduced;
+    const models::Units u = session::present_units(session);
+    EXPECT_EQ(u.T_label, "p(red)");
+    EXPECT_EQ(u.p_label, "kPa");
+    EXPECT_EQ(u.v_label, "V(red)");
+    EXPECT_DOUBLE_EQ(u.v, 4.0);
+    EXPECT_FLOAT_EQ(u.T, static_cast<float>(1.0 / 369.89));
+    EXPECT_FLOAT_EQ(u.p, static_cast<float>(1.0 / 4251.2));
 }
 
 TEST_F(Session, SpecificUnitsDivideByTheMolarMass) {
     session.change()->substance.M = 44.0F;
-    std::int16_t mode = 1;
-    const session::UnitLabels u = session::set_units(mode);
-    EXPECT_DOUBLE_EQ(u.Factor, 1.0 / 44.0);
-    EXPECT_EQ(u.VolumeLabel, "m^3/kg  ");
+    session.change()->unitSystem = models::UnitSystem::specific;
+    const models::Units u = session::present_units(session);
+    EXPECT_DOUBLE_EQ(u.v, 1.0 / 44.0);
+    EXPECT_EQ(u.v_label, "m^3/kg  ");
 }
 
 TEST_F(Session, CaloricFactorFollowsItsUnitForm) {
-    session.change()->substance.M = 50.0F;
-    EXPECT_DOUBLE_EQ(session::caloric_factor_of(0, 300), 1.0);
-    EXPECT_DOUBLE_EQ(session::caloric_factor_of(1, 300), 1 / 8.31451);
-    EXPECT_DOUBLE_EQ(session::caloric_factor_of(2, 300), 1 / (8.31451 * 300));
-    EXPECT_DOUBLE_EQ(session::caloric_factor_of(3, 300), 1 / 50.0);
+    using enum models::CaloricUnit;
+    models::SubstanceRecord s;
+    s.M = 50.0F;
+    EXPECT_DOUBLE_EQ(models::caloric_factor(molar, 300, s), 1.0);
+    EXPECT_DOUBLE_EQ(models::caloric_factor(kelvin, 300, s), 1 / 8.31451);
+    EXPECT_DOUBLE_EQ(models::caloric_factor(RT, 300, s), 1 / (8.31451 * 300));
+    EXPECT_DOUBLE_EQ(models::caloric_factor(specific, 300, s), 1 / 50.0);
 }
 
 TEST_F(Session, BusyPointerNests) {
-    session::begin_busy();
-    session::begin_busy();
-    session::end_busy();
-    EXPECT_EQ(user.pointer, std::vector<bool>{true});
-    session::end_busy();
+    {
+        const session::BusyPointer outer(session);
+        { const session::BusyPointer inner(session); }
+        EXPECT_EQ(user.pointer, std::vector<bool>{true});
+    }
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}));
+}
+
+TEST_F(Session, ListenersAreToldOnceWhenTheOutermostChangeEnds) {
+    int told = 0;
+    const session::Connection connection = session.on_change([&] { ++told; });
+    {
+        const auto outer = session.change();
+        outer->batchMode = true;
+        session.change()->english = false;
+        EXPECT_EQ(told, 0);
+    }
+    EXPECT_EQ(told, 1);
+    session.change()->english = true;
+    EXPECT_EQ(told, 2);
+}
+
+TEST_F(Session, WhoHasLeftIsNotToldAnyMore) {
+    std::vector<std::string> told;
+    session::Connection second;
+    const session::Connection first = session.on_change([&] {
+        told.push_back("first");
+        second.end();
+    });
+    second = session.on_change([&] { told.push_back("second"); });
+    session.change()->batchMode = true;
+    EXPECT_EQ(told, std::vector<std::string>{"first"});
+}
+
+TEST_F(Session, AConnectionMayOutliveItsSession) {
+    session::Connection connection;
+    {
+        session::Session other;
+        connection = other.on_change([] {});
+    }
+    EXPECT_NO_THROW(connection.end());
+}
+
+TEST_F(Session, TheFluidFollowsTheState) {
+    session.change()->substance = fluids::ReferencePropane();
+    const models::Fluid before = session.fluid();
+    EXPECT_TRUE(session.fluid().is_same(before)) << "made once";
+    session.change()->substance.Tcrit = 400;
+    EXPECT_EQ(session.fluid().substance().Tcrit, 400);
+    EXPECT_NE(before.substance().Tcrit, 400);
 }
 
 TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
@@ -100,7 +148,7 @@ TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
     session.change()->substanceNumber = 7;
     session.change()->batchMode = true;
     session.change()->models.HLVModel = codes::hlv(3);
-    session::reset_session();
+    session::reset_session(session);
     for (const Command c : needing) EXPECT_FALSE(session::is_enabled(session, c));
     EXPECT_EQ(session->substanceNumber, 0);
     EXPECT_FALSE(session->batchMode);

@@ -7,7 +7,6 @@ using namespace quor;
 
 namespace {
 
-
 class SessionStatus : public SessionTest {
   protected:
     void loadPropane() {
@@ -28,7 +27,7 @@ class SessionStatus : public SessionTest {
         entries[1] = {.name = "Propane;R-290", .casrn = "74-98-6     "};
         return {"STUDENT.Q05", entries};
     }
-    static std::string text() { return session::status_report(session).text; }
+    std::string text() const { return session::status_report(session).text; }
 };
 
 const std::string kHead = "... database STUDENT.Q05\n  with 96 substance(s)\n";
@@ -58,15 +57,15 @@ TEST_F(SessionStatus, ASubstanceComesWithItsModels) {
 
 TEST_F(SessionStatus, DataThatAreNotYetSaved) {
     loadPropane();
-    session.change()->measured.points.size() = 1;
+    session.change()->measured.points.resize(1);
     EXPECT_NE(text().find("\n    1 set of data available,\nnot yet saved.\n"), std::string::npos);
-    session.change()->measured.points.size() = 12;
+    session.change()->measured.points.resize(12);
     EXPECT_NE(text().find("\n    12 sets of data available,\nnot yet saved.\n"), std::string::npos);
 }
 
 TEST_F(SessionStatus, DataOfAFileNameTheirSource) {
     loadPropane();
-    session.change()->measured.points.size() = 12;
+    session.change()->measured.points.resize(12);
     session.change()->measured.file = "/data/own/propane.BAQ";
     EXPECT_NE(text().find("\n... batch filepropane.BAQ\n  from /data/own/\n"
                           "  with 12 sets of data\n(for more"),

@@ -39,8 +39,7 @@ TEST_F(SubstanceChoice, NamesBehindTheFirstAreFurtherNames) {
 }
 
 TEST_F(SubstanceChoice, FormulaAndCasrnOfAnEntry) {
-    EXPECT_EQ(datafiles::formula_and_casrn(session->database.entries()[0]),
-              "CO2 CASRN: 124-38-9");
+    EXPECT_EQ(datafiles::formula_and_casrn(session->database.entries()[0]), "CO2 CASRN: 124-38-9");
 }
 
 TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
@@ -57,7 +56,8 @@ TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
     EXPECT_EQ(models::code_of(session->models.HLVModel), 0)
         << "a new substance begins a new session";
     EXPECT_TRUE(session::is_enabled(session, Command::mnuModel));
-    EXPECT_FALSE(session::is_enabled(session, Command::mnuCalcMain)) << "until the models are confirmed";
+    EXPECT_FALSE(session::is_enabled(session, Command::mnuCalcMain))
+        << "until the models are confirmed";
     EXPECT_FALSE(session::is_enabled(session, Command::mnu2D));
     EXPECT_TRUE(user.messages.empty());
     ASSERT_FALSE(user.pointer.empty());
@@ -65,21 +65,18 @@ TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
 }
 
 TEST_F(SubstanceChoice, LoadedDataAreDeletedAfterAYesOnly) {
-    session.change()->measured.points.size() = 2;
-    session.change()->measured.file = "x.BAQ";
-    legacy::the_BatchData.assign(3, {.T = 250});
+    session.change()->measured = {.points = {{.T = 250}, {.T = 250}}, .file = "x.BAQ"};
     user.answers = {dialogs::Answer::No};
     EXPECT_TRUE(session::take_substance(session, 1));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "Loaded exper. data (batch data) delete now?");
     EXPECT_EQ(user.lastTitle(), "Batch data");
-    EXPECT_EQ(session->measured.points.size(), 2);
+    EXPECT_EQ(session->measured.points.size(), 2U);
 
     user.answers = {dialogs::Answer::Yes};
     EXPECT_TRUE(session::take_substance(session, 2));
-    EXPECT_EQ(session->measured.points.size(), 0);
+    EXPECT_EQ(session->measured.points.size(), 0U);
     EXPECT_EQ(session->measured.file, "");
-    EXPECT_EQ(legacy::the_BatchData.at(1).T, 0);
 }
 
 TEST_F(SubstanceChoice, WithoutCriticalDataNothingCanBeCalculated) {

@@ -9,6 +9,7 @@
 #include "models/model_tables.h"
 #include "models/vapour_pressure.h"
 #include "session/substance_session.h"
+#include "session/take_models.h"
 #include "support/fluids.h"
 #include "support/session_test.h"
 
@@ -304,10 +305,11 @@ TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
     texts[1] = "";
     session::apply_editor(session, texts);
     EXPECT_NEAR(static_cast<double>(session->substance.Tboil), 231.04, 0.5);  // propane
-    EXPECT_NEAR(models::vapour_pressure(session->substance, static_cast<double>(session->substance.Tboil),
-                                        codes::vp("WAG"))
-                    .p,
-                101.325, 0.02);
+    EXPECT_NEAR(
+        models::vapour_pressure(session->substance, static_cast<double>(session->substance.Tboil),
+                                codes::vp("WAG"))
+            .p,
+        101.325, 0.02);
     EXPECT_EQ(texts[1], editor_text(session->substance.Tboil));
     texts[1] = "";
     session.change()->models.VPModel = codes::vp("000");
@@ -374,23 +376,24 @@ TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
 }
 
 TEST_F(SubstanceEditor, EosAndUnitsFollow) {
-    models::calc_eos_parameters(codes::eos(6));
+    ASSERT_TRUE(session::compute_constants(session, codes::eos(6)));
     const double before = session->eosParameters.eosA0;
-    session.change()->unitSystem = 1;
+    session.change()->unitSystem = models::UnitSystem::specific;
     EditorTexts texts = show_record(session->substance);
     texts[0] = "50";
     texts[4] = "400";
     texts[6] = "250";
     session::apply_editor(session, texts);
     EXPECT_NEAR(session->eosParameters.eosA0 / before, std::pow(400 / 369.89, 2), 1e-9);
-    EXPECT_DOUBLE_EQ(session->VolumeFactor, 1 / 50.0);
+    EXPECT_DOUBLE_EQ(session::present_units(session).v, 1 / 50.0);
     EXPECT_DOUBLE_EQ(session->substance.vcritExp, 50.0 / 250);
-    EXPECT_TRUE(session->ResultsOutdated);
     // Manual virial coefficients stay.
     session.change()->models.EOSModel = codes::eos(10);
-    session.change()->eosParameters.eosA0 = 77;
+    session.change()->models.manualVirial = {0.1, 20, 0.5};
     session::apply_editor(session, texts);
-    EXPECT_EQ(session->eosParameters.eosA0, 77);
+    EXPECT_EQ(session->eosParameters.eosB0, 0.1);
+    EXPECT_EQ(session->eosParameters.eosNB, 20);
+    EXPECT_EQ(session->eosParameters.eosNV, 0.5);
 }
 
 TEST_F(SubstanceEditor, EntropyOfFormationFollows) {

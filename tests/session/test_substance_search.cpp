@@ -11,8 +11,8 @@ class SubstanceSearch : public SessionTest {
   protected:
     SubstanceSearch() {
         session.change()->database = {"SMALL.Q05",
-                                {{5, "C6H12       ", "Cyclohexane;R-C610   ", "110-82-7    "},
-                                 {417, "C2H4O2      ", "Acetic acid   ", "64-19-7     "}}};
+                                      {{5, "C6H12       ", "Cyclohexane;R-C610   ", "110-82-7    "},
+                                       {417, "C2H4O2      ", "Acetic acid   ", "64-19-7     "}}};
     }
     void write_synonyms() {
         builder::WriteFile(folder() / "SYNOM.TXT",

@@ -1,5 +1,8 @@
 #include "session/take_models.h"
 
+#include <filesystem>
+#include <fstream>
+
 #include "models/model_tables.h"
 #include "session/commands.h"
 #include "support/fluids.h"
@@ -16,14 +19,15 @@ using models::ModelChoice;
 class TakeModels : public SessionTest {
   protected:
     TakeModels() {
-        actions::clear();
-        session.change()->substance = fluids::ReferencePropane();
-        session.change()->substance.Name = "Propane";
-        for (models::VPSetAntoine* set : {&session->substance.ALP, &session->substance.AHP}) set->A = 5.0F;
-        session.change()->substance.FRO.TLo = session->substance.WAG.TLo = 100;
+        const auto now = session.change();
+        models::SubstanceRecord& s = now->substance;
+        s = fluids::ReferencePropane();
+        s.Name = "Propane";
+        for (models::VPSetAntoine* set : {&s.ALP, &s.AHP}) set->A = 5.0F;
+        s.FRO.TLo = s.WAG.TLo = 100;
     }
-    static ModelChoice choice() { return ModelChoice(session->substance, session->models); }
-    static ModelChoice with(Eos eos) {
+    ModelChoice choice() { return ModelChoice(session->substance, session->models); }
+    ModelChoice with(Eos eos) {
         ModelChoice c = choice();
         c.choose_eos(models::index_of(c.eos(), eos));
         return c;
@@ -44,8 +48,6 @@ TEST_F(TakeModels, ComputesWhatTheSelectionNeeds) {
 
 TEST_F(TakeModels, EnablesTheCommandsOfACompleteChoice) {
     using session::Command;
-    int prepared = 0;
-    actions::register_action("CalcCoordinateDefaults", [&] { ++prepared; });
     const auto all = {Command::mnuCalcMain, Command::mnuOptions,    Command::mnuFitting,
                       Command::mnu2D,       Command::mnu3D,         Command::mnuData_SaveProject,
                       Command::toolSave,    Command::toolReference, Command::toolTank};
@@ -53,7 +55,7 @@ TEST_F(TakeModels, EnablesTheCommandsOfACompleteChoice) {
     EXPECT_TRUE(session::take_models(session, choice()));
     for (const Command c : all) EXPECT_TRUE(session::is_enabled(session, c));
     EXPECT_TRUE(session::is_enabled(session, Command::needsLPhase));
-    EXPECT_EQ(prepared, 1);
+    EXPECT_GT(session->coordinates.pMax, 0) << "the limits of diagrams are proposed";
 
     EXPECT_TRUE(session::take_models(session, with(Eos::virialVanDerWaals)));
     EXPECT_TRUE(session::is_enabled(session, Command::mnuCalcMain));
@@ -70,7 +72,7 @@ TEST_F(TakeModels, AMissingAcentricFactorIsToldAndTheCalculationGoesOn) {
               "No acentric factor available.\nCalculated by using omega = 0\n"
               "(Input => data editor)");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain));
+    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuCalcMain));
 }
 
 TEST_F(TakeModels, NoWarningWithoutNeedOfAnAcentricFactor) {
@@ -86,7 +88,7 @@ TEST_F(TakeModels, WithoutParametersOfJiTorvikNothingIsTaken) {
     EXPECT_FALSE(session::take_models(session, with(Eos::jiTorvik1)));
     ASSERT_FALSE(user.messages.empty());
     EXPECT_EQ(user.messages.front().text, "No parameter-file generated.");
-    EXPECT_FALSE(session::is_enabled(session::Command::mnuCalcMain));
+    EXPECT_FALSE(session::is_enabled(session, session::Command::mnuCalcMain));
     EXPECT_EQ(session->models, before);
 }
 
@@ -128,8 +130,44 @@ TEST_F(TakeModels, EverySubstanceGetsACompleteChoice) {
         session.change()->models = {};
         EXPECT_TRUE(session::take_models(session, choice())) << name;
         EXPECT_GT(session->eosParameters.vcritCalc, 0.0) << name;
-        EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain)) << name;
+        EXPECT_TRUE(session::is_enabled(session, session::Command::mnuCalcMain)) << name;
     }
+}
+
+// ---- the program that fits the parameters of Ji/Torvik
+
+TEST_F(TakeModels, AMissingParameterProgramIsTold) {
+    EXPECT_FALSE(session::compute_constants(session, Eos::jiTorvik1));
+    ASSERT_EQ(user.messages.size(), 2U);
+    EXPECT_EQ(user.messages[0].text, "No parameter-file generated.");
+    EXPECT_EQ(user.messages[0].title, "Execution not possible");
+    EXPECT_EQ(user.messages[1].text, "Error during EOS-parameter calculation");
+    EXPECT_EQ(user.messages[1].title, "Execution not possible");
+    EXPECT_EQ(session->eosParameters.vcritCalc, 0);
+}
+
+TEST_F(TakeModels, AGarbledAnswerOfTheParameterProgramIsTold) {
+    const std::filesystem::path program = folder() / "djipar.exe";
+    std::ofstream(program) << "#!/bin/sh\nprintf 'Propane 1 x y z u' > PARAM_JI.DAT\n";
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    EXPECT_FALSE(session::compute_constants(session, Eos::jiTorvik1));
+    ASSERT_EQ(user.messages.size(), 1U);
+    EXPECT_EQ(user.lastText(), "Error during EOS-parameter calculation");
+    EXPECT_EQ(session->eosParameters.vcritCalc, 0);
+    EXPECT_EQ(session->jiTorvik.jtZc, 0);
+    EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}))
+        << "the busy pointer shows while it waits";
+}
+
+TEST_F(TakeModels, GivenParametersAreNotAskedFor) {
+    {
+        const auto now = session.change();
+        now->jiTorvik = {.jtZc = 0.28, .jtM = 0.6, .jtP = 0.1, .jtQ = 0.2};
+        now->jiTorvikGiven = true;
+    }
+    EXPECT_TRUE(session::compute_constants(session, Eos::jiTorvik1));
+    EXPECT_TRUE(user.messages.empty());
+    EXPECT_GT(session->eosParameters.vcritCalc, 0);
 }
 
 }  // namespace

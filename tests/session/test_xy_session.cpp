@@ -13,7 +13,7 @@ using dialogs::Answer;
 class XySession : public SessionTest {
   protected:
     std::string path(const std::string& name) { return (folder() / name).string(); }
-    static std::vector<float> xs() {
+    std::vector<float> xs() const {
         std::vector<float> list;
         for (const FitPoint& p : session->xy.points) list.push_back(p.x);
         return list;

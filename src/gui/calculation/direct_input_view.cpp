@@ -261,7 +261,7 @@ void DirectInputView::cancel() {
     if (asksForReference())
         closeView();
     else
-        session::cancel_input(session_, desk_.calculationViews);
+        session::cancel_input(desk_.calculationViews);
 }
 
 }  // namespace quor::gui

@@ -4,10 +4,10 @@
 #include <QApplication>
 
 #include "gui/data/file_view.h"
+#include "gui/data/measured_data_editor.h"
 #include "gui/data/substance_editor_view.h"
 #include "gui/data/xy_editor.h"
-#include "gui/widgets/shell.h"
-#include "session/actions.h"
+#include "gui/widgets/desk.h"
 
 namespace quor::gui {
 
@@ -15,35 +15,39 @@ namespace editor_views {
 
 namespace {
 
+constexpr auto kXyEditor = "frmManuInput";
+
 // The editor stands in front of the view that asks for it.
-void open_substance_data(bool readOnly) {
+void open_substance_data(Desk& desk, bool readOnly) {
     QWidget* asking = QApplication::activeModalWidget();
-    SubstanceEditorView view(readOnly, asking != nullptr ? asking : shell::frameWindow());
-    shell::openModal(view);
+    SubstanceEditorView view(desk, readOnly, asking != nullptr ? asking : desk.frameWindow());
+    desk.openModal(view);
 }
 
-void open_xy_editor() {
-    if (auto* view = qobject_cast<XyEditor*>(shell::findView("frmManuInput"))) {
+void open_xy_editor(Desk& desk) {
+    if (auto* view = desk.find<XyEditor>(kXyEditor)) {
         view->showList();
-        shell::activate("frmManuInput");
+        desk.activate(kXyEditor);
         return;
     }
-    shell::openChild(new XyEditor);
+    desk.openChild(new XyEditor(desk));
 }
 
 }  // namespace
 
-void Install() {
-    actions::register_action("mnuData_EditStoffdaten", [] { open_substance_data(false); });
-    actions::register_action("ShowSubstanceData", [] { open_substance_data(true); });
-    actions::register_action("mnuData_EditXY", open_xy_editor);
+void Install(Desk& desk) {
+    desk.doors.editSubstance = [&desk] { open_substance_data(desk, false); };
+    desk.doors.showSubstance = [&desk] { open_substance_data(desk, true); };
+    desk.doors.newMeasuredData = [&desk] { MeasuredDataEditor::openNew(desk); };
+    desk.doors.editMeasuredData = [&desk] { MeasuredDataEditor::openPresent(desk); };
+    desk.doors.editXy = [&desk] { open_xy_editor(desk); };
 }
 
-void installFileView() {
-    dialogs::current().file = [others =
-                                   dialogs::current().file](const dialogs::FileChoice& choice) {
-        return FileView::serves(choice) ? FileView::Choose(choice) : others(choice);
-    };
+void installFileView(Desk& desk) {
+    dialogs::current().file =
+        [&desk, others = dialogs::current().file](const dialogs::FileChoice& choice) {
+            return FileView::serves(choice) ? FileView::Choose(desk, choice) : others(choice);
+        };
 }
 
 }  // namespace editor_views

@@ -14,11 +14,10 @@
 
 #include "common/text.h"
 #include "datafiles/preview.h"
+#include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "session/module2.h"
 
 namespace quor::gui {
 
@@ -46,8 +45,9 @@ QLineEdit* shown(const QString& name) {
 
 }  // namespace
 
-FileView::FileView(const dialogs::FileChoice& choice, QWidget* parent)
+FileView::FileView(Desk& desk, const dialogs::FileChoice& choice, QWidget* parent)
     : QDialog(parent),
+      desk_(desk),
       choice_(choice),
       pattern_(pattern_of(choice.filter)),
       firstPattern_(pattern_),
@@ -136,9 +136,9 @@ bool FileView::serves(const dialogs::FileChoice& choice) {
     return pattern == "*.BAQ" || pattern == "*.QCF";
 }
 
-std::optional<std::string> FileView::Choose(const dialogs::FileChoice& choice) {
-    FileView view(choice, shell::frameWindow());
-    if (shell::openModal(view) != QDialog::Accepted) return std::nullopt;
+std::optional<std::string> FileView::Choose(Desk& desk, const dialogs::FileChoice& choice) {
+    FileView view(desk, choice, desk.frameWindow());
+    if (desk.openModal(view) != QDialog::Accepted) return std::nullopt;
     return view.file();
 }
 
@@ -171,9 +171,10 @@ void FileView::showFiles() {
 void FileView::marked() {
     const QListWidgetItem* item = files_->currentItem();
     const bool has = item != nullptr && item->isSelected();
+    const session::Session& session = desk_.session();
     const datafiles::FilePreview told =
-        has ? datafiles::preview_file(pathOf(item->text()).toStdString(), legacy::the_database,
-                                      legacy::the_places, legacy::the_databaseFolders)
+        has ? datafiles::preview_file(pathOf(item->text()).toStdString(), session->database,
+                                      session.places(), session->databaseFolders)
             : datafiles::FilePreview{};
     substance_->setText(qt(told.substance));
     substance_->setCursorPosition(0);

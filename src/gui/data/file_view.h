@@ -15,16 +15,18 @@ class QPushButton;
 
 namespace quor::gui {
 
+class Desk;
+
 /// The file view for experimental data and projects: marking a file shows its substance, database
 /// and comment before the user commits.
 class FileView : public QDialog {
     Q_OBJECT
 
   public:
-    explicit FileView(const dialogs::FileChoice& choice, QWidget* parent = nullptr);
+    explicit FileView(Desk& desk, const dialogs::FileChoice& choice, QWidget* parent = nullptr);
 
     /// Asks for a file; nothing when the user cancels.
-    static std::optional<std::string> Choose(const dialogs::FileChoice& choice);
+    static std::optional<std::string> Choose(Desk& desk, const dialogs::FileChoice& choice);
     /// True for the kinds of files that the view tells something about.
     static bool serves(const dialogs::FileChoice& choice);
 
@@ -46,6 +48,7 @@ class FileView : public QDialog {
     void sendReturn();
     QString pathOf(const QString& name) const;
 
+    Desk& desk_;
     dialogs::FileChoice choice_;
     QString folder_, pattern_, firstPattern_, chosen_;
     QComboBox* drives_;

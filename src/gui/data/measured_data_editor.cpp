@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -22,10 +23,7 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/measured_data.h"
-#include "session/actions.h"
 #include "session/commands.h"
 #include "session/measured_data_session.h"
 #include "session/questions.h"
@@ -35,13 +33,10 @@ namespace quor::gui {
 namespace {
 
 using datafiles::MeasuredColumn;
-using legacy::the_session;
 
 constexpr auto kName = "frmTpvEdit";
-constexpr auto kFit = "fit_data", kGraph = "graph_data", kGraphLn = "graph_data_ln";
 constexpr auto kRefusal = "Execution not possible";
 constexpr int kRowPadding = 6, kRowsShown = 14, kColumnCharacters = 13;
-constexpr std::int16_t kFromDataEditor = 1;
 
 // The cells of the table are edited in a field for numbers.
 class NumberDelegate : public QStyledItemDelegate {
@@ -82,7 +77,8 @@ QButtonGroup* options(QBoxLayout* row, const QString& name, const QStringList& c
 
 }  // namespace
 
-MeasuredDataEditor::MeasuredDataEditor(QWidget* parent) : ChildView(kName, parent) {
+MeasuredDataEditor::MeasuredDataEditor(Desk& desk, QWidget* parent)
+    : ChildView(desk, kName, parent), FollowsSession(desk.session()) {
     setWindowTitle(" Experimental data, input /edit");
     setWindowIcon(theme::icon("data"));
     model_ = new TpvTableModel(this);
@@ -97,26 +93,28 @@ MeasuredDataEditor::MeasuredDataEditor(QWidget* parent) : ChildView(kName, paren
     showData();
 }
 
-void MeasuredDataEditor::openNew() {
-    openPresent();
-    if (auto* view = qobject_cast<MeasuredDataEditor*>(shell::findView(kName)))
-        view->changed_ = false;
+void MeasuredDataEditor::openNew(Desk& desk) {
+    openPresent(desk);
+    if (auto* view = desk.find<MeasuredDataEditor>(kName)) view->changed_ = false;
 }
 
-void MeasuredDataEditor::openPresent() {
-    if (auto* view = qobject_cast<MeasuredDataEditor*>(shell::findView(kName))) {
+void MeasuredDataEditor::openPresent(Desk& desk) {
+    if (auto* view = desk.find<MeasuredDataEditor>(kName)) {
         view->showData();
-        shell::activate(kName);
+        desk.activate(kName);
         return;
     }
-    shell::openChild(new MeasuredDataEditor);
+    desk.openChild(new MeasuredDataEditor(desk));
 }
 
 void MeasuredDataEditor::followSession() {
-    auto* view = qobject_cast<MeasuredDataEditor*>(shell::findView(kName));
-    if (view == nullptr || view->data() == legacy::measured_data()) return;
-    view->changed_ = false;
-    view->showData();
+    if (commanding_) return;
+    if (session_->measured != given_) {
+        changed_ = false;
+        showData();
+    } else if (lineCount() == 0) {
+        adoptSubstance();
+    }
 }
 
 void MeasuredDataEditor::showData() {
@@ -132,13 +130,13 @@ void MeasuredDataEditor::showData() {
 }
 
 void MeasuredDataEditor::adoptSubstance() {
-    const bool nobodys = about_.casrn.empty() && about_.M == 0;
-    const datafiles::MeasuredData before = about_;
-    if (lineCount() == 0 || nobodys) about_.casrn = legacy::the_substance.CASRN;
-    if (lineCount() == 0 || about_.M == 0) about_.M = static_cast<double>(legacy::the_substance.M);
-    if (about_ != before) legacy::set_measured_data(data());
+    datafiles::MeasuredData adopted = given_;
+    const bool nobodys = adopted.casrn.empty() && adopted.M == 0;
+    if (lineCount() == 0 || nobodys) adopted.casrn = session_->substance.CASRN;
+    if (lineCount() == 0 || adopted.M == 0) adopted.M = static_cast<double>(session_->substance.M);
+    give(std::move(adopted));
     datafiles::MeasuredUnits units = model_->units();
-    units.M = about_.M;
+    units.M = given_.M;
     model_->setUnits(units);
     density_->button(1)->setToolTip(
         " applying the input value after re-calculation rho = M n / V (molar mass M/(kg/kmol)= " +
@@ -148,17 +146,34 @@ void MeasuredDataEditor::adoptSubstance() {
 // ---------------------------------------------------------------------------------------- history
 
 datafiles::MeasuredData MeasuredDataEditor::data() const {
-    datafiles::MeasuredData all = about_;
+    datafiles::MeasuredData all = given_;
     all.points = points();
     all.comment = history_.value().comment;
     return all;
 }
 
 void MeasuredDataEditor::restart() {
-    about_ = legacy::measured_data();
-    history_.restart({std::move(about_.points), std::move(about_.comment)});
-    about_.points.clear();
-    about_.comment.clear();
+    given_ = session_->measured;
+    history_.restart({given_.points, given_.comment});
+}
+
+void MeasuredDataEditor::give(datafiles::MeasuredData data) {
+    if (data == given_) return;
+    given_ = std::move(data);
+    session_.change()->measured = given_;
+}
+
+template <class Command>
+bool MeasuredDataEditor::ownCommand(const Command& run) {
+    const QScopedValueRollback own(commanding_, true);
+    return run();
+}
+
+bool MeasuredDataEditor::mayLeave() {
+    const bool may =
+        ownCommand([this] { return session::may_leave_measured_data(session_, changed_); });
+    given_ = session_->measured;  // saving has given them a file
+    return may;
 }
 
 template <class Change>
@@ -171,7 +186,7 @@ void MeasuredDataEditor::change(const char* name, const Change& what) {
 }
 
 void MeasuredDataEditor::showPresent() {
-    legacy::set_measured_data(data());
+    give(data());
     model_->show(points());
     const QString comment = qt(history_.value().comment);
     if (comment_->text() != comment) comment_->setText(comment);
@@ -300,20 +315,23 @@ QGroupBox* MeasuredDataEditor::buildTarget() {
     auto* row = new QHBoxLayout;
     row->setSpacing(theme::kGroupGap);
     target_ = options(row, "optFitFunction", {"p", "rho_L", "rho_V", "delta(LV)h", "cp"}, this, 1);
-    const auto command = [&](const QString& caption, const QString& name, const char* action) {
+    const auto command = [&](const QString& caption, const QString& name,
+                             const std::function<void()>& door) {
         QPushButton* button = form::button(caption, name);
-        button->setEnabled(actions::has(action));
-        connect(button, &QPushButton::clicked, this, [this, action] { send(action); });
+        button->setEnabled(static_cast<bool>(door));
+        connect(button, &QPushButton::clicked, this, [this, &door] { send(door); });
         return button;
     };
     QPushButton* xy = form::button("Save as *.XY", "cmdSaveXY");
     connect(xy, &QPushButton::clicked, this,
-            [this] { session::save_measured_column(fitColumn()); });
+            [this] { session::save_measured_column(session_, fitColumn()); });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
-    buttons->addWidget(command("Meas. point graph  y = f(T)", "cmdGraphFunction", kGraph));
-    buttons->addWidget(command("Meas. point graph  ln{p} = f(1/T)", "cmdlogGraf", kGraphLn));
-    buttons->addWidget(command("Send data to T-y fitting", "cmdFitting", kFit));
+    buttons->addWidget(
+        command("Meas. point graph  y = f(T)", "cmdGraphFunction", desk_.doors.drawMeasured));
+    buttons->addWidget(
+        command("Meas. point graph  ln{p} = f(1/T)", "cmdlogGraf", desk_.doors.drawMeasuredLn));
+    buttons->addWidget(command("Send data to T-y fitting", "cmdFitting", desk_.doors.fit));
     buttons->addWidget(xy);
     buttons->addStretch(1);
     auto* layout = new QVBoxLayout(frame);
@@ -370,7 +388,8 @@ void MeasuredDataEditor::arrange() {
     comment_->setToolTip("Optional comment for BAQ or XY file resp.");
     comment_->setPlaceholderText("Optional comment for BAQ or XY file resp.");
     connect(comment_, &QLineEdit::textEdited, this, [this](const QString& typed) {
-        the_session.BatchComment = typed.toStdString();
+        given_.comment = typed.toStdString();
+        session_.change()->measured.comment = given_.comment;
         changed_ = true;
     });
     connect(comment_, &QLineEdit::editingFinished, this, [this] {
@@ -439,7 +458,8 @@ bool MeasuredDataEditor::editMode() const {
 
 void MeasuredDataEditor::setChanged() {
     changed_ = true;
-    if (lineCount() > 0) session::set_commands({session::Command::mnuData_BatchEdit}, true);
+    if (lineCount() > 0)
+        session::set_commands(session_, {session::Command::mnuData_BatchEdit}, true);
 }
 
 void MeasuredDataEditor::followTable() {
@@ -452,7 +472,7 @@ void MeasuredDataEditor::followTable() {
         status_->setText(QString("line %1").arg(first));
     else
         status_->setText(QString("lines %1 till %2").arg(first).arg(last));
-    file_->setText(about_.file.empty() ? QString() : "File: " + qt(about_.file));
+    file_->setText(given_.file.empty() ? QString() : "File: " + qt(given_.file));
 }
 
 void MeasuredDataEditor::followUnits() {
@@ -607,29 +627,29 @@ void MeasuredDataEditor::sortBy(MeasuredColumn column) {
 
 // New data replace the present ones, which may be worth saving first.
 void MeasuredDataEditor::load(bool append) {
-    if (!append && !session::may_leave_measured_data(changed_)) return;
+    if (!append && !mayLeave()) return;
     const int before = lineCount();
-    if (!session::load_measured_data(append)) {
+    if (!ownCommand([&] { return session::load_measured_data(session_, append); })) {
         followTable();
         return;
     }
     const bool unsaved = append && before > 0;
-    const datafiles::MeasuredData loaded = legacy::measured_data();
-    if (unsaved)
-        history_.change("Add file", {loaded.points, loaded.comment});
-    else
+    if (unsaved) {
+        given_ = session_->measured;
+        history_.change("Add file", {given_.points, given_.comment});
+    } else {
         restart();
+    }
     adoptSubstance();
     showPresent();
     changed_ = unsaved;
     markLine(unsaved ? before + 1 : 1);
-    shell::Refresh();
+    desk_.refresh();
 }
 
 void MeasuredDataEditor::save() {
-    if (session::save_measured_data()) {
-        about_.file = the_session.BatchFile;
-        about_.casrn = the_session.BatchCasrn;
+    if (ownCommand([this] { return session::save_measured_data(session_); })) {
+        given_ = session_->measured;
         changed_ = false;
     }
     followTable();
@@ -639,10 +659,13 @@ int MeasuredDataEditor::fitColumn() const {
     return target_->checkedId();
 }
 
-void MeasuredDataEditor::send(const char* action) {
-    the_session.FitDataSource = kFromDataEditor;
-    the_session.FitColumn = static_cast<std::int16_t>(fitColumn());
-    actions::Run(action);
+void MeasuredDataEditor::send(const std::function<void()>& door) {
+    {
+        const auto now = session_.change();
+        now->fitSource = session::FitSource::measuredData;
+        now->fitColumn = static_cast<std::int16_t>(fitColumn());
+    }
+    door();
 }
 
 // Keys of the table that the table itself would take in another way.
@@ -665,11 +688,11 @@ bool MeasuredDataEditor::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MeasuredDataEditor::closeEvent(QCloseEvent* event) {
-    if (!session::may_leave_measured_data(changed_)) {
+    if (!mayLeave()) {
         event->ignore();
         return;
     }
-    shell::Refresh();
+    desk_.refresh();
     ChildView::closeEvent(event);
 }
 

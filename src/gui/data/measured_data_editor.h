@@ -1,11 +1,13 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <utility>
 
 #include "common/history.h"
 #include "datafiles/measured_table.h"
 #include "gui/widgets/child_view.h"
+#include "gui/widgets/follows_session.h"
 #include "gui/widgets/undo_keys.h"
 
 class QAction;
@@ -22,20 +24,20 @@ class NumberEdit;
 class TpvTableModel;
 
 /// Editor of the experimental data: the table, a line of input, files, clipboard, order. Fitting
-/// and graphs of the data belong to others, under the actions "fit_data", "graph_data" (y = f(T))
-/// and "graph_data_ln" (ln p = f(1/T)); without them their buttons are disabled.
-class MeasuredDataEditor : public ChildView, public Undoable {
+/// and graphs of the data belong to others; without their doors the buttons are disabled.
+class MeasuredDataEditor : public ChildView, public FollowsSession, public Undoable {
     Q_OBJECT
 
   public:
-    explicit MeasuredDataEditor(QWidget* parent = nullptr);
+    explicit MeasuredDataEditor(Desk& desk, QWidget* parent = nullptr);
 
     /// Opens the editor on the data of the session. One that is open comes to the front; what is
     /// unsaved in it stays so, unless the data are new.
-    static void openNew();
-    static void openPresent();
-    /// An open editor shows the data of the session again, after these were changed elsewhere.
-    static void followSession();
+    static void openNew(Desk& desk);
+    static void openPresent(Desk& desk);
+
+    /// Shows the data of the session again when they were changed elsewhere.
+    void followSession() override;
 
     QString undoName() const override;
     QString redoName() const override;
@@ -69,6 +71,13 @@ class MeasuredDataEditor : public ChildView, public Undoable {
     void showPresent();
     /// Takes data over as they are now in the session, with nothing to take back.
     void restart();
+    /// Hands data to the session.
+    void give(datafiles::MeasuredData data);
+    /// Runs a command of this view that changes the data of the session by itself.
+    template <class Command>
+    bool ownCommand(const Command& run);
+    /// Asks whether changed data shall be saved; true when they may be left.
+    bool mayLeave();
     datafiles::MeasuredData data() const;
     const std::vector<datafiles::MeasuredPoint>& points() const { return history_.value().points; }
     int lineCount() const { return static_cast<int>(points().size()); }
@@ -90,7 +99,7 @@ class MeasuredDataEditor : public ChildView, public Undoable {
     void sortBy(datafiles::MeasuredColumn column);
     void load(bool append);
     void save();
-    void send(const char* action);
+    void send(const std::function<void()>& door);
     int fitColumn() const;
 
     bool changed_ = false;
@@ -102,7 +111,8 @@ class MeasuredDataEditor : public ChildView, public Undoable {
         bool operator==(const Content&) const = default;
     };
     History<Content> history_;
-    datafiles::MeasuredData about_;  ///< file and substance of the data; no points, no comment
+    datafiles::MeasuredData given_;  ///< as the session and this view agreed on last
+    bool commanding_ = false;        ///< this view changes the data of the session
     TpvTableModel* model_ = nullptr;
     QTableView* table_ = nullptr;
     QMenu* menu_ = nullptr;

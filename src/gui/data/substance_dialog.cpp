@@ -14,15 +14,11 @@
 
 #include "common/text.h"
 #include "datafiles/search.h"
-#include "gui/data/measured_data_editor.h"
 #include "gui/data/substance_list_model.h"
+#include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
-#include "session/actions.h"
 #include "session/help_topics.h"
-#include "session/module2.h"
 #include "session/substance_session.h"
 
 namespace quor::gui {
@@ -31,25 +27,25 @@ namespace {
 
 constexpr QSize kSize(640, 560);
 constexpr int kRowPadding = 6;
-constexpr auto kShowData = "ShowSubstanceData";  // action of the substance data editor
 
 }  // namespace
 
-SubstanceDialog::SubstanceDialog(QWidget* parent) : QDialog(parent) {
+SubstanceDialog::SubstanceDialog(Desk& desk, QWidget* parent)
+    : QDialog(parent), desk_(desk), session_(desk.session()) {
     setObjectName("frmStoffWahl");
-    setWindowTitle(QString("Select a substance (totally %1)").arg(legacy::the_database.size()));
+    setWindowTitle(QString("Select a substance (totally %1)").arg(session_->database.size()));
     buildList();
     buildSearch();
     arrange();
     resize(kSize);
-    const std::int16_t current = legacy::the_session.CurrentSubstance;
+    const std::int16_t current = session_->substanceNumber;
     selectEntry(current > 0 ? current : std::int16_t{1});
     search_->setFocus();
     search_->selectAll();
 }
 
 void SubstanceDialog::buildList() {
-    auto* all = new SubstanceListModel(legacy::the_database, this);
+    auto* all = new SubstanceListModel(session_->database, this);
     shown_ = new QSortFilterProxyModel(this);
     shown_->setSourceModel(all);
     shown_->setFilterRole(SubstanceListModel::SearchRole);
@@ -114,10 +110,10 @@ void SubstanceDialog::arrange() {
     connect(ok_, &QPushButton::clicked, this, &SubstanceDialog::take);
     data_ = form::button("&Show Data", "cmdDaten");
     data_->setToolTip("...but not editable from here ");
-    data_->setEnabled(actions::has(kShowData));
+    data_->setEnabled(static_cast<bool>(desk_.doors.showSubstance));
     connect(data_, &QPushButton::clicked, this, &SubstanceDialog::showData);
     help_ = form::button("&Help", "Hilfe");
-    shell::connectHelp(help_, help::kSubstanceChoice);
+    desk_.connectHelp(help_, help::kSubstanceChoice);
     cancel_ = form::button("&Cancel", "ESC");
     connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -156,7 +152,7 @@ void SubstanceDialog::arrange() {
 // Shows names, formula and CASRN of an entry.
 void SubstanceDialog::describe(std::int16_t index) {
     const datafiles::DatabaseEntry& entry =
-        legacy::the_database.entries()[static_cast<std::size_t>(index - 1)];
+        session_->database.entries()[static_cast<std::size_t>(index - 1)];
     names_->clear();
     for (const std::string& name : datafiles::names_of(entry.name))
         names_->addItem(QString::fromStdString(name));
@@ -215,8 +211,8 @@ std::int16_t SubstanceDialog::wantedEntry() {
     const QString typed = search_->text().trimmed();
     if (selected > 0 && typed.compare(names_->itemText(0), Qt::CaseInsensitive) == 0)
         return selected;
-    const session::BusyPointer busy;
-    return session::find_substance(typed.toStdString());
+    const session::BusyPointer busy(session_);
+    return session::find_substance(session_, typed.toStdString());
 }
 
 void SubstanceDialog::take() {
@@ -231,24 +227,23 @@ void SubstanceDialog::take() {
     }
     selectEntry(found);
     kept_.reset();
-    const bool taken = session::take_substance(found);
-    MeasuredDataEditor::followSession();
-    if (taken) accept();
+    if (session::take_substance(session_, found)) accept();
 }
 
 void SubstanceDialog::showData() {
     const std::int16_t found = wantedEntry();
     if (found == 0) return;
     selectEntry(found);
-    if (!kept_) kept_ = Kept{legacy::the_substance, legacy::the_models.VPModel};
-    if (session::read_substance(found)) actions::Run(kShowData);
+    if (!kept_) kept_ = Kept{session_->substance, session_->models.VPModel};
+    if (session::read_substance(session_, found)) desk_.doors.showSubstance();
 }
 
 // Leaving without a choice leaves the session's substance as it was, also after a look at another.
 void SubstanceDialog::reject() {
     if (kept_) {
-        legacy::the_substance = kept_->substance;
-        legacy::the_models.VPModel = kept_->equation;
+        const auto now = session_.change();
+        now->substance = kept_->substance;
+        now->models.VPModel = kept_->equation;
     }
     QDialog::reject();
 }

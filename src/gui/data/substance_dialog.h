@@ -15,7 +15,13 @@ class QPushButton;
 class QSortFilterProxyModel;
 class QTableView;
 
+namespace quor::session {
+class Session;
+}  // namespace quor::session
+
 namespace quor::gui {
+
+class Desk;
 
 /// Choice of a substance of the open database: by its place in the list, by name, by a synonym, or
 /// by CASRN. Accepted when a substance was taken over into the session.
@@ -23,7 +29,7 @@ class SubstanceDialog : public QDialog {
     Q_OBJECT
 
   public:
-    explicit SubstanceDialog(QWidget* parent = nullptr);
+    explicit SubstanceDialog(Desk& desk, QWidget* parent = nullptr);
 
     void reject() override;
 
@@ -44,6 +50,8 @@ class SubstanceDialog : public QDialog {
     void take();
     void showData();
 
+    Desk& desk_;
+    session::Session& session_;
     QTableView* list_ = nullptr;
     QSortFilterProxyModel* shown_ = nullptr;
     QLineEdit* search_ = nullptr;

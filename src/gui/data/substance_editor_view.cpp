@@ -12,11 +12,10 @@
 
 #include "common/dialogs.h"
 #include "gui/data/data_field.h"
+#include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 #include "session/help_topics.h"
 #include "session/substance_session.h"
 
@@ -72,30 +71,10 @@ constexpr auto kCpForms =
 
 constexpr int kTriplePressure = 3;
 
-SubstanceEditorView::GroupContributions& group_contributions() {
-    static SubstanceEditorView::GroupContributions estimate;
-    return estimate;
-}
-
-QWidget* withHelp(QToolButton* help, int topic, QWidget* beside) {
-    shell::connectHelp(help, topic);
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins({});
-    layout->setSpacing(theme::kGap);
-    layout->addWidget(beside, 1);
-    layout->addWidget(help, 0, Qt::AlignTop);
-    return row;
-}
-
 }  // namespace
 
-void SubstanceEditorView::setGroupContributions(GroupContributions estimate) {
-    group_contributions() = std::move(estimate);
-}
-
-SubstanceEditorView::SubstanceEditorView(bool readOnly, QWidget* parent)
-    : QDialog(parent), readOnly_(readOnly) {
+SubstanceEditorView::SubstanceEditorView(Desk& desk, bool readOnly, QWidget* parent)
+    : QDialog(parent), desk_(desk), session_(desk.session()), readOnly_(readOnly) {
     setObjectName("frmBankEdit");
     setWindowTitle("View/Edit Data");
     // The order of their making is the order in which Tab goes through them: the head comes first.
@@ -122,7 +101,7 @@ SubstanceEditorView::SubstanceEditorView(bool readOnly, QWidget* parent)
     layout->addWidget(tabs_, 1);
     layout->addWidget(buildCommands());
 
-    showTexts(datafiles::show_record(legacy::the_substance));
+    showTexts(datafiles::show_record(session_->substance));
     shown_ = texts();
     history_.restart(shown_);
     new UndoKeys(this, *this);
@@ -205,7 +184,7 @@ QGroupBox* SubstanceEditorView::buildFrame(std::size_t spec) {
 void SubstanceEditorView::addCommands(std::string_view frameCaption, QVBoxLayout* layout) {
     const auto help = [&](const char* name, const QString& about, int topic) {
         QToolButton* button = form::helpButton(name, about);
-        shell::connectHelp(button, topic);
+        desk_.connectHelp(button, topic);
         layout->addWidget(button, 0, Qt::AlignRight);
     };
     if (frameCaption == "General Data") layout->addWidget(triplePointChoice());
@@ -257,11 +236,11 @@ QPushButton* SubstanceEditorView::recalculation(const QString& name, const QStri
 QPushButton* SubstanceEditorView::estimation(const QString& name, GroupFrame frame) {
     QPushButton* button = form::button("JOBACK calculation", name);
     button->setToolTip("...from molecule increments ");
-    button->setEnabled(!readOnly_ && group_contributions());
+    button->setEnabled(!readOnly_ && desk_.doors.estimate);
     connect(button, &QPushButton::clicked, this, [this, frame] {
         EditorTexts now = texts();
         remember("Change data");
-        group_contributions()(frame, now, this);
+        desk_.doors.estimate(frame, now, this);
         showTexts(now);
         remember("JOBACK calculation");
     });
@@ -286,6 +265,17 @@ QWidget* SubstanceEditorView::triplePointChoice() {
     return box;
 }
 
+QWidget* SubstanceEditorView::withHelp(QToolButton* help, int topic, QWidget* beside) {
+    desk_.connectHelp(help, topic);
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins({});
+    layout->setSpacing(theme::kGap);
+    layout->addWidget(beside, 1);
+    layout->addWidget(help, 0, Qt::AlignTop);
+    return row;
+}
+
 QWidget* SubstanceEditorView::buildCommands() {
     QPushButton* apply = form::button("&Apply", "OK");
     apply->setDefault(true);
@@ -294,10 +284,10 @@ QWidget* SubstanceEditorView::buildCommands() {
     QPushButton* close = form::button("&Close", "ESC");
     connect(close, &QPushButton::clicked, this, &SubstanceEditorView::reject);
     QPushButton* help = form::button("&Help", "Hilfe");
-    shell::connectHelp(help, help::kSubstanceData);
+    desk_.connectHelp(help, help::kSubstanceData);
     QPushButton* print = form::button("&Print", "cmdPrint");
     connect(print, &QPushButton::clicked, this, [this] {
-        dialogs::Print({.title = legacy::the_substance.Name,
+        dialogs::Print({.title = session_->substance.Name,
                         .font = "COURIER",
                         .text = datafiles::editor_report(texts())});
     });
@@ -310,7 +300,7 @@ QWidget* SubstanceEditorView::buildCommands() {
                     "lblWriteDataBase");
     about->setBuddy(write);
 
-    status_ = form::named(new QLabel(qt(session::database_caption())), "statusZeile");
+    status_ = form::named(new QLabel(qt(session::database_caption(session_))), "statusZeile");
     auto* note = form::named(
         new QLabel(readOnly_ ? "...but not editable from here " : qt(datafiles::kEditorNote)),
         "lblNote");
@@ -354,8 +344,8 @@ void SubstanceEditorView::showTexts(const EditorTexts& texts) {
 
 // What the session says of the substance stands in several places of the view.
 void SubstanceEditorView::follow() {
-    setWindowTitle("View/Edit Data   " + qt(legacy::the_substance.Name));
-    equation_->setText(qt(session::active_equation_caption()));
+    setWindowTitle("View/Edit Data   " + qt(session_->substance.Name));
+    equation_->setText(qt(session::active_equation_caption(session_)));
 }
 
 void SubstanceEditorView::remember(const QString& name) {
@@ -381,21 +371,21 @@ void SubstanceEditorView::redo() {
 void SubstanceEditorView::apply() {
     remember("Change data");
     EditorTexts now = texts();
-    session::apply_editor(now);
+    session::apply_editor(session_, now);
     showTexts(now);
     remember("Apply");
     shown_ = texts();
     follow();
-    shell::Refresh();
+    desk_.refresh();
 }
 
 void SubstanceEditorView::writeDatabase() {
     apply();
-    session::save_private_database();
+    session::save_private_database(session_);
 }
 
 void SubstanceEditorView::showTriplePoint(bool fromEquation) {
-    if (const auto text = session::triple_point_pressure(fromEquation)) {
+    if (const auto text = session::triple_point_pressure(session_, fromEquation)) {
         fields_[kTriplePressure]->setText(qt(*text));
         remember("Triple point pressure");
         return;

@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <array>
-#include <functional>
 #include <optional>
 
 #include "common/history.h"
@@ -14,10 +13,16 @@ class QLabel;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
+class QToolButton;
+
+namespace quor::session {
+class Session;
+}  // namespace quor::session
 
 namespace quor::gui {
 
 class DataField;
+class Desk;
 
 /// All data of the active substance, to look at and to change. Changes reach the session with
 /// "Apply", and a file only by the command that writes a private database.
@@ -26,7 +31,7 @@ class SubstanceEditorView : public QDialog, public Undoable {
 
   public:
     /// `readOnly` shows the data without any command that changes them.
-    explicit SubstanceEditorView(bool readOnly, QWidget* parent = nullptr);
+    SubstanceEditorView(Desk& desk, bool readOnly, QWidget* parent = nullptr);
 
     void reject() override;
 
@@ -34,12 +39,6 @@ class SubstanceEditorView : public QDialog, public Undoable {
     QString redoName() const override;
     void undo() override;
     void redo() override;
-
-    /// Estimates a part of the data into the texts of the editor.
-    using GroupContributions =
-        std::function<void(datafiles::GroupFrame, datafiles::EditorTexts&, QWidget* parent)>;
-    /// Who does that; an empty function leaves the commands disabled.
-    static void setGroupContributions(GroupContributions estimate);
 
   private:
     QWidget* buildHead();
@@ -51,6 +50,7 @@ class SubstanceEditorView : public QDialog, public Undoable {
                                datafiles::EditorCorrelation correlation);
     QPushButton* estimation(const QString& name, datafiles::GroupFrame frame);
     QWidget* triplePointChoice();
+    QWidget* withHelp(QToolButton* help, int topic, QWidget* beside);
 
     datafiles::EditorTexts texts() const;
     void showTexts(const datafiles::EditorTexts& texts);
@@ -61,6 +61,8 @@ class SubstanceEditorView : public QDialog, public Undoable {
     void showTriplePoint(bool fromEquation);
     void follow();
 
+    Desk& desk_;
+    session::Session& session_;
     bool readOnly_;
     std::array<DataField*, datafiles::kEditorFields> fields_{};
     datafiles::EditorTexts shown_;  ///< as last read from the record

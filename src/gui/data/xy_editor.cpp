@@ -23,10 +23,7 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
-#include "session/actions.h"
 #include "session/help_topics.h"
 #include "session/questions.h"
 #include "session/xy_session.h"
@@ -37,12 +34,9 @@ namespace {
 
 using datafiles::XyData;
 using datafiles::XYManipulation;
-using legacy::the_session;
 
 constexpr auto kRefused = "Execution not possible";
 constexpr auto kNeedsNumber = "A number is needed here.";
-constexpr auto kDrawAction = "graph_xy";
-constexpr auto kFitAction = "fit_data";
 constexpr int kListWidth = 300;
 constexpr int kRowPadding = 6;
 
@@ -87,13 +81,13 @@ QVBoxLayout* column(QWidget* box) {
 
 }  // namespace
 
-XyEditor::XyEditor(QWidget* parent) : ChildView("frmManuInput", parent) {
+XyEditor::XyEditor(Desk& desk, QWidget* parent) : ChildView(desk, "frmManuInput", parent) {
     setWindowTitle(" Input/Edit curve points  ");
     buildTable();
     buildMenu();
 
     QPushButton* help = form::button("&Help", "Hilfe");
-    shell::connectHelp(help, help::kXYEditor);
+    desk_.connectHelp(help, help::kXYEditor);
     QPushButton* close = form::button("&Close", "ESC");
     connect(close, &QPushButton::clicked, this, &XyEditor::closeView);
     status_ = form::named(new QLabel, "statusZeile");
@@ -198,7 +192,7 @@ QWidget* XyEditor::buildFile() {
     comment_ = form::named(new QLineEdit, "txtComment");
     comment_->setToolTip("Optional comment for BAQ or XY file resp.");
     connect(comment_, &QLineEdit::textEdited, this, [this](const QString& typed) {
-        legacy::the_xyData.comment = typed.toStdString();
+        session_.change()->xy.comment = typed.toStdString();
         changed_ = true;
     });
     connect(comment_, &QLineEdit::editingFinished, this, [this] {
@@ -207,11 +201,11 @@ QWidget* XyEditor::buildFile() {
     auto* separators = form::named(new QComboBox, "cmbSep");
     for (const Separator& s : kSeparators) {
         separators->addItem(s.caption);
-        if (s.character == the_session.CsvSeparator)
+        if (s.character == session_->csvSeparator)
             separators->setCurrentIndex(separators->count() - 1);
     }
-    connect(separators, &QComboBox::activated, this, [](int row) {
-        the_session.CsvSeparator = kSeparators[static_cast<std::size_t>(row)].character;
+    connect(separators, &QComboBox::activated, this, [this](int row) {
+        session_.change()->csvSeparator = kSeparators[static_cast<std::size_t>(row)].character;
     });
     QPushButton* loading = form::button("&Load data *.XY | *.LRG", "cmdLoad");
     connect(loading, &QPushButton::clicked, this, &XyEditor::load);
@@ -330,11 +324,11 @@ QWidget* XyEditor::buildTargets() {
     drawAs_[1] = option("as curve", "optIsPoints_1");
     drawAs_[0]->setChecked(true);
     QPushButton* drawing = form::button("&Draw", "cmdDrawManu");
-    drawing->setEnabled(actions::has(kDrawAction));
+    drawing->setEnabled(static_cast<bool>(desk_.doors.drawXy));
     connect(drawing, &QPushButton::clicked, this, &XyEditor::draw);
     QPushButton* fitting = form::button("Send data to &fitting module", "cmdFitting");
     fitting->setToolTip("... and opening fitting module ");
-    fitting->setEnabled(actions::has(kFitAction));
+    fitting->setEnabled(static_cast<bool>(desk_.doors.fit));
     connect(fitting, &QPushButton::clicked, this, &XyEditor::fit);
     auto* layout = column(box);
     auto* row = new QHBoxLayout;
@@ -351,7 +345,7 @@ QWidget* XyEditor::buildTargets() {
 // -------------------------------------------------------------------------------------------- list
 
 void XyEditor::showList() {
-    if (history_.value() != legacy::the_xyData) history_.restart(legacy::the_xyData);
+    if (history_.value() != session_->xy) history_.restart(session_->xy);
     model_->show(points());
     comment_->setText(qt(history_.value().comment));
     follow();
@@ -376,7 +370,7 @@ void XyEditor::change(const QString& name, const Change& what) {
 }
 
 void XyEditor::showPresent() {
-    legacy::the_xyData = history_.value();
+    session_.change()->xy = history_.value();
     const Marked lines = marked();
     model_->show(points());
     const QString comment = qt(history_.value().comment);
@@ -520,10 +514,10 @@ void XyEditor::manipulate() {
 // ------------------------------------------------------------------------- files and other targets
 
 void XyEditor::load() {
-    if (!session::may_leave_xy(changed_)) return;
-    const std::optional<std::string> loaded = session::load_xy();
+    if (!session::may_leave_xy(session_, changed_)) return;
+    const std::optional<std::string> loaded = session::load_xy(session_);
     if (!loaded) return;
-    history_.restart(legacy::the_xyData);
+    history_.restart(session_->xy);
     changed_ = false;
     showList();
     status_->setText("  Loaded: " + qt(*loaded));
@@ -531,7 +525,7 @@ void XyEditor::load() {
 }
 
 void XyEditor::save() {
-    if (session::save_xy()) changed_ = false;
+    if (session::save_xy(session_)) changed_ = false;
 }
 
 void XyEditor::print() {
@@ -544,17 +538,17 @@ void XyEditor::print() {
 void XyEditor::draw() {
     const bool asPoints = drawAs_[0]->isChecked();
     if (!session::enough_active_points(points(), asPoints)) return;
-    legacy::the_xyGraph = datafiles::make_xy_graph(points(), asPoints);
-    actions::Run(kDrawAction);
+    session_.change()->xyGraph = datafiles::make_xy_graph(points(), asPoints);
+    desk_.doors.drawXy();
 }
 
 void XyEditor::fit() {
-    the_session.FitDataSource = 0;
-    actions::Run(kFitAction);
+    session_.change()->fitSource = session::FitSource::xyList;
+    desk_.doors.fit();
 }
 
 void XyEditor::closeEvent(QCloseEvent* event) {
-    if (!session::may_leave_xy(changed_)) {
+    if (!session::may_leave_xy(session_, changed_)) {
         event->ignore();
         return;
     }

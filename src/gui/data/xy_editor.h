@@ -26,7 +26,7 @@ class XyEditor : public ChildView, public Undoable {
     Q_OBJECT
 
   public:
-    explicit XyEditor(QWidget* parent = nullptr);
+    explicit XyEditor(Desk& desk, QWidget* parent = nullptr);
 
     /// Shows the list as it stands, after it was changed elsewhere.
     void showList();

@@ -1,11 +1,8 @@
 #include "gui/estimation/estimation_views.h"
 
-#include "gui/data/measured_data_editor.h"
-#include "gui/data/substance_editor_view.h"
 #include "gui/estimation/fit_view.h"
 #include "gui/estimation/group_contribution_view.h"
-#include "gui/widgets/shell.h"
-#include "session/actions.h"
+#include "gui/widgets/desk.h"
 
 namespace quor::gui {
 
@@ -15,41 +12,38 @@ namespace {
 
 using datafiles::GroupFrame;
 
+constexpr auto kFitView = "frmQFitting";
 constexpr int kFourthPage = 3;
 
-FitView* open_fitting() {
-    if (auto* view = qobject_cast<FitView*>(shell::findView("frmQFitting"))) {
+FitView* open_fitting(Desk& desk) {
+    if (auto* view = desk.find<FitView>(kFitView)) {
         view->loadPoints();
-        shell::activate("frmQFitting");
+        desk.activate(kFitView);
         return view;
     }
-    auto* view = new FitView;
-    shell::openChild(view);
+    auto* view = new FitView(desk);
+    desk.openChild(view);
     return view;
-}
-
-void open_groups(GroupFrame frame) {
-    GroupContributionView view(frame, nullptr, shell::frameWindow());
-    shell::openModal(view);
 }
 
 }  // namespace
 
-void Install() {
-    actions::register_action("mnuFitting", [] {
-        // The row has left the experimental data.
-        MeasuredDataEditor::followSession();
-        open_fitting()->showTab(kFourthPage);
-    });
-    actions::register_action("fit_data", [] { open_fitting(); });
-    actions::register_action("mnuData_JOBACK_CritData", [] { open_groups(GroupFrame::Critical); });
-    actions::register_action("mnuData_JOBACK_bildung", [] { open_groups(GroupFrame::Formation); });
-    actions::register_action("mnuData_JOBACK_cpIdG", [] { open_groups(GroupFrame::HeatCapacity); });
-    SubstanceEditorView::setGroupContributions(
-        [](GroupFrame frame, datafiles::EditorTexts& texts, QWidget* parent) {
-            GroupContributionView view(frame, &texts, parent);
-            shell::openModal(view);
-        });
+void Install(Desk& desk) {
+    desk.doors.fit = [&desk] { open_fitting(desk); };
+    desk.doors.estimate = [&desk](GroupFrame frame, datafiles::EditorTexts& texts,
+                                  QWidget* parent) {
+        GroupContributionView view(desk, frame, &texts, parent);
+        desk.openModal(view);
+    };
+}
+
+void openFitting(Desk& desk) {
+    open_fitting(desk)->showTab(kFourthPage);
+}
+
+void openGroups(Desk& desk, GroupFrame frame) {
+    GroupContributionView view(desk, frame, nullptr, desk.frameWindow());
+    desk.openModal(view);
 }
 
 }  // namespace estimation_views

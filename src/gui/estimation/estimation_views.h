@@ -1,13 +1,21 @@
 #pragma once
 
+#include "datafiles/substance_editor.h"
+
 namespace quor::gui {
+
+class Desk;
 
 /// Fitting and group contributions, as the menu and the editors open them.
 namespace estimation_views {
 
-/// Registers the actions "mnuFitting", "fit_data" (the editors send their points) and those of the
-/// group contribution methods, and serves the substance editor with the latter.
-void Install();
+/// Opens the doors `fit` (the editors send their points) and `estimate`.
+void Install(Desk& desk);
+
+/// The fitting view on the page of the enthalpy of vaporisation.
+void openFitting(Desk& desk);
+/// A group contribution method for the active substance.
+void openGroups(Desk& desk, datafiles::GroupFrame frame);
 
 }  // namespace estimation_views
 

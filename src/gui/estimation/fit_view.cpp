@@ -15,12 +15,8 @@
 #include "estimation/fit_start_values.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/measured_data.h"
-#include "session/actions.h"
 #include "session/help_topics.h"
-#include "session/module2.h"
 
 namespace quor::gui {
 
@@ -31,17 +27,15 @@ using estimation::FitTab;
 
 constexpr int kTabs = 5;
 constexpr int kModelsPerColumn = 3;
-constexpr auto kXYEditor = "mnuData_EditXY";
-constexpr auto kTpvEditor = "mnuData_BatchEdit";
 constexpr std::array kPhases{"ideal gas", "liquid", "solid"};
 
 constexpr auto kName = "frmQFitting";
 constexpr auto kRefused = "Execution not possible";
-constexpr std::int16_t kFromDataEditor = 1;
 
 }  // namespace
 
-FitView::FitView(QWidget* parent) : ChildView(kName, parent) {
+FitView::FitView(Desk& desk, QWidget* parent)
+    : ChildView(desk, kName, parent), FollowsSession(desk.session()) {
     setWindowTitle("   Fitting");
     title_ = form::named(new QLabel, "lblTitle");
     rows_ = new FitParameterRows(fit_);
@@ -172,18 +166,18 @@ QWidget* FitView::buildCommands() {
     connect(apply_, &QPushButton::clicked, this, &FitView::apply);
     target_ = form::named(form::note(), "lblTarget");
     QPushButton* xy = form::button("Data import    &XY-editor", "cmdGotoXYEditor");
-    xy->setEnabled(actions::has(kXYEditor));
-    connect(xy, &QPushButton::clicked, this, [] { actions::Run(kXYEditor); });
+    xy->setEnabled(static_cast<bool>(desk_.doors.editXy));
+    connect(xy, &QPushButton::clicked, this, [this] { desk_.doors.editXy(); });
     QPushButton* tpv = form::button("Data import &T-p-V-editor", "cmdGotoTpvEditor");
-    tpv->setEnabled(actions::has(kTpvEditor));
-    connect(tpv, &QPushButton::clicked, this, [] { actions::Run(kTpvEditor); });
+    tpv->setEnabled(static_cast<bool>(desk_.doors.editMeasuredData));
+    connect(tpv, &QPushButton::clicked, this, [this] { desk_.doors.editMeasuredData(); });
     QPushButton* print = form::button("P&rint", "cmdPrint");
     connect(print, &QPushButton::clicked, this, [this] {
         dialogs::Print(
             {.title = "Fitting", .font = "COURIER", .text = form::textOf(this).toStdString()});
     });
     QPushButton* help = form::button("&Help", "Hilfe");
-    shell::connectHelp(help, help::kFitting);
+    desk_.connectHelp(help, help::kFitting);
     QPushButton* close = form::button("&Close", "ESC");
     connect(close, &QPushButton::clicked, this, &FitView::closeView);
 
@@ -204,35 +198,34 @@ QWidget* FitView::buildCommands() {
 }
 
 void FitView::loadPoints() {
-    const bool measured = legacy::the_session.FitDataSource == kFromDataEditor;
+    const bool measured = session_->fitSource == session::FitSource::measuredData;
     const auto note = estimation::set_fit_points(
         fit_,
-        measured
-            ? estimation::fit_points(legacy::measured_data().points, legacy::the_session.FitColumn)
-            : legacy::the_xyData.points,
+        measured ? estimation::fit_points(session_->measured.points, session_->fitColumn)
+                 : session_->xy.points,
         measured);
     if (note) dialogs::tell(*note, "WARNING");
     title_->setText(qt(estimation::fit_title(fit_)));
     // Points that come in for another substance begin a fit of that one.
-    if (!estimation::is_same_substance(fit_.substance, legacy::the_substance))
+    if (!estimation::is_same_substance(fit_.substance, session_->substance))
         chooseModel(fit_.FitModel);
     showTarget();
     dropResults();
 }
 
-void FitView::followSubstance() {
-    if (auto* view = qobject_cast<FitView*>(shell::findView(kName))) view->showTarget();
+void FitView::followSession() {
+    showTarget();
 }
 
 void FitView::adoptSubstance() {
-    fit_.substance = legacy::the_substance;
+    fit_.substance = session_->substance;
     showTarget();
 }
 
 void FitView::showTarget() {
     const std::string& own = fit_.substance.Name;
-    const std::string& active = legacy::the_substance.Name;
-    const bool same = estimation::is_same_substance(fit_.substance, legacy::the_substance);
+    const std::string& active = session_->substance.Name;
+    const bool same = estimation::is_same_substance(fit_.substance, session_->substance);
     target_->setText(own.empty() ? QString()
                      : same      ? qt(estimation::target_caption(own))
                                  : "... of " + qt(own) + ", but " +
@@ -282,7 +275,7 @@ void FitView::changeForm(bool lg) {
 void FitView::start() {
     rows_->read();
     Result<estimation::FitState> result = [this] {
-        const session::BusyPointer busy;
+        const session::BusyPointer busy(session_);
         return estimation::run_fit(fit_);
     }();
     if (!result) {
@@ -306,19 +299,17 @@ void FitView::propose() {
 
 void FitView::apply() {
     if (!estimation::has_place(fit_.FitModel)) return;
-    const Result<estimation::AppliedFit> applied =
-        estimation::apply_fit(fit_, legacy::the_substance);
+    const Result<estimation::AppliedFit> applied = estimation::apply_fit(fit_, session_->substance);
     if (!applied) {
         dialogs::tell(applied.reason(), kRefused, dialogs::Icon::Stop);
         showTarget();
         return;
     }
-    legacy::the_substance = applied->substance;
-    legacy::the_session.ResultsOutdated = true;
+    session_.change()->substance = applied->substance;
     for (const std::string& text : {applied->message, std::string(estimation::kNowActive)})
         if (!text.empty())
             dialogs::tell(text, "Parameters succuessfully applied", dialogs::Icon::Information);
-    shell::Refresh();
+    desk_.refresh();
 }
 
 bool FitView::isLinear() const {

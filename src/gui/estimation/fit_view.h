@@ -7,6 +7,7 @@
 #include "gui/estimation/fit_parameter_rows.h"
 #include "gui/estimation/fit_quality_frame.h"
 #include "gui/widgets/child_view.h"
+#include "gui/widgets/follows_session.h"
 
 class QButtonGroup;
 class QCheckBox;
@@ -19,16 +20,16 @@ namespace quor::gui {
 
 /// Fits one of the correlations of the system to the points of an editor, shows how well it does,
 /// and brings the parameters into the data of the active substance.
-class FitView : public ChildView {
+class FitView : public ChildView, public FollowsSession {
     Q_OBJECT
 
   public:
-    explicit FitView(QWidget* parent = nullptr);
+    explicit FitView(Desk& desk, QWidget* parent = nullptr);
 
     /// Takes the points from the editor that the session names, for the active substance.
     void loadPoints();
-    /// An open view tells when its fit no longer belongs to the active substance.
-    static void followSubstance();
+    /// Tells when the fit no longer belongs to the active substance.
+    void followSession() override;
     const estimation::FitState& state() const { return fit_; }
     /// Brings a tab to the front, counted from 0.
     void showTab(int index);

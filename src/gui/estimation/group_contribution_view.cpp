@@ -11,11 +11,10 @@
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
-#include "gui/widgets/shell.h"
 #include "gui/widgets/theme.h"
-#include "legacy/declare.h"
 #include "session/help_topics.h"
 
 namespace quor::gui {
@@ -77,9 +76,9 @@ class GroupField : public QLineEdit {
 
 }  // namespace
 
-GroupContributionView::GroupContributionView(GroupFrame frame, datafiles::EditorTexts* editor,
-                                             QWidget* parent)
-    : QDialog(parent), frame_(frame), editor_(editor) {
+GroupContributionView::GroupContributionView(Desk& desk, GroupFrame frame,
+                                             datafiles::EditorTexts* editor, QWidget* parent)
+    : QDialog(parent), desk_(desk), session_(desk.session()), frame_(frame), editor_(editor) {
     setObjectName("frmJOBACK");
     setWindowTitle(titleOf(frame));
     auto* results = new QVBoxLayout;
@@ -246,7 +245,7 @@ QWidget* GroupContributionView::buildCommands() {
                         .text = form::textOf(this).toStdString()});
     });
     QPushButton* help = form::button("&Help", "Hilfe");
-    shell::connectHelp(help, help::kGroupContributions);
+    desk_.connectHelp(help, help::kGroupContributions);
     QPushButton* close = form::button("&Close", "cmdEsc");
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
     layout->addWidget(clear);
@@ -267,7 +266,7 @@ estimation::GroupCounts GroupContributionView::counts() const {
 
 double GroupContributionView::knownBoilingPoint() const {
     return editor_ != nullptr ? numbers::val_input((*editor_)[kFieldTboil])
-                              : static_cast<double>(legacy::the_substance.Tboil);
+                              : static_cast<double>(session_->substance.Tboil);
 }
 
 void GroupContributionView::showMolarMass() {
@@ -286,7 +285,7 @@ void GroupContributionView::clearResults() {
 }
 
 void GroupContributionView::offerTransfer(bool results) {
-    const bool target = editor_ != nullptr || !legacy::the_substance.Name.empty();
+    const bool target = editor_ != nullptr || !session_->substance.Name.empty();
     apply_->setEnabled(results && target);
 }
 
@@ -343,9 +342,8 @@ void GroupContributionView::apply() {
         accept();
         return;
     }
-    transfer(legacy::the_substance);
-    legacy::the_session.ResultsOutdated = true;
-    status_->setText(" Applied to the loaded data of " + qt(legacy::the_substance.Name));
+    transfer(session_.change()->substance);
+    status_->setText(" Applied to the loaded data of " + qt(session_->substance.Name));
 }
 
 }  // namespace quor::gui

@@ -10,7 +10,13 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
+namespace quor::session {
+class Session;
+}  // namespace quor::session
+
 namespace quor::gui {
+
+class Desk;
 
 /// Data of a substance from the numbers of its structural groups: critical data and acentric
 /// factor, quantities of formation, or the heat capacity of the ideal gas.
@@ -20,7 +26,7 @@ class GroupContributionView : public QDialog {
   public:
     /// Results go into the texts of the substance editor, or into the active substance when
     /// `editor` is nullptr.
-    GroupContributionView(datafiles::GroupFrame frame, datafiles::EditorTexts* editor,
+    GroupContributionView(Desk& desk, datafiles::GroupFrame frame, datafiles::EditorTexts* editor,
                           QWidget* parent = nullptr);
 
   private:
@@ -45,6 +51,8 @@ class GroupContributionView : public QDialog {
     void showOmega();
     void apply();
 
+    Desk& desk_;
+    session::Session& session_;
     datafiles::GroupFrame frame_;
     datafiles::EditorTexts* editor_;
     std::array<QLineEdit*, estimation::kGroups> groups_{};

@@ -24,6 +24,8 @@ struct Doors {
     std::function<void()> showSubstance;     ///< the same, for reading only
     std::function<void()> newMeasuredData;   ///< `MeasuredDataEditor` without data
     std::function<void()> editMeasuredData;  ///< `MeasuredDataEditor`
+    std::function<void()> drawMeasured;      ///< the measured data as y = f(T)
+    std::function<void()> drawMeasuredLn;    ///< the measured data as ln p = f(1/T)
     std::function<void()> editXy;            ///< `XyEditor`
     std::function<void()> drawXy;            ///< a diagram of the XY editor's graph
     std::function<void()> fit;               ///< `FitView` with the points that were sent to it
