@@ -14,11 +14,12 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "app/menu_help.h"
 #include "common/dialogs.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "session/help_topics.h"
 
 namespace quor::app {
 

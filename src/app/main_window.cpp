@@ -24,13 +24,13 @@
 #include "app/tip_dialog.h"
 #include "app/work_area.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/settings.h"
 #include "gui/widgets/theme.h"
 #include "session/calculations.h"
 #include "session/commands.h"
 #include "session/end_session.h"
-#include "session/help_topics.h"
 #include "session/session_status.h"
 
 namespace quor::app {

@@ -294,6 +294,15 @@ bool choose_model(FitState& state, std::int16_t number) {
     return true;
 }
 
+bool is_same_function(const FitSettings& a, const FitSettings& b) {
+    FitSettings alike = b;
+    alike.FitStart = a.FitStart;
+    alike.FitFixed = a.FitFixed;
+    alike.FitLogSQ = a.FitLogSQ;
+    alike.cpPhase = a.cpPhase;
+    return alike == a;
+}
+
 ModelContext context_of(const FitState& state) {
     const FitModelRow* row = find_model(state.FitModel);
     const bool decadic = state.lg && row != nullptr && !row->captionLg.empty();

@@ -36,9 +36,9 @@ struct FitReport {
     double largestAt = 0;         ///< x of the largest deviation
 };
 
-/// A fit with all that it stands on: substance, points, settings, results. Arrays of parameters
-/// start at A = element 0.
-struct FitState {
+/// What a fit stands on and how it is to be done: substance, points, model, start values. Arrays of
+/// parameters start at A = element 0.
+struct FitSettings {
     models::SubstanceRecord substance;  ///< that the fit belongs to, as it was when it was chosen
     std::int16_t FitModel = 0;          ///< number of the model, see fit_models.h
     std::int16_t NPar = 0;              ///< parameters of the model, at most 7
@@ -47,21 +47,31 @@ struct FitState {
     std::vector<datafiles::FitPoint> FitPoints;
     bool fromTpvEditor = false;  ///< where the points come from, else the XY editor
 
-    Parameters FitStart{};   ///< the start fields
-    Parameters FitPar{};     ///< results
-    Parameters FitStdDev{};  ///< standard deviations
-    Parameters FitScale{};   ///< scale of each parameter, fixed per model
-    Flags FitFixed{};        ///< held at the start value (`chkFix`)
-    bool FitLogSQ = false;   ///< residuals as difference of logarithms (`optLogFit`)
-    bool lg = false;         ///< decadic form of a vapour pressure equation (`chkLg`)
-    double Tcr = 0;          ///< K, field of the models that need it
-    double pcr = 0;          ///< kPa
+    Parameters FitStart{};  ///< the start fields
+    Parameters FitScale{};  ///< scale of each parameter, fixed per model
+    Flags FitFixed{};       ///< held at the start value (`chkFix`)
+    bool FitLogSQ = false;  ///< residuals as difference of logarithms (`optLogFit`)
+    bool lg = false;        ///< decadic form of a vapour pressure equation (`chkLg`)
+    double Tcr = 0;         ///< K, field of the models that need it
+    double pcr = 0;         ///< kPa
     CpPhase cpPhase = CpPhase::IdealGas;
 
-    bool fitted = false;  ///< results of a fit stand in the view
-    double SQ = 0;        ///< sum of squares
-    double sR = 0;        ///< residual standard deviation
+    bool operator==(const FitSettings&) const = default;
+};
+
+/// A fit with all that it stands on, and its results.
+struct FitState : FitSettings {
+    bool fitted = false;     ///< results of a fit stand in the view
+    Parameters FitPar{};     ///< results
+    Parameters FitStdDev{};  ///< standard deviations
+    double SQ = 0;           ///< sum of squares
+    double sR = 0;           ///< residual standard deviation
     FitReport report;
 };
+
+/// True when two settings mean the same function of the same points: the results of a fit with one
+/// of them stand beside the other. Start values, fixed marks, the kind of residuals and the phase
+/// that parameters are meant for may differ.
+bool is_same_function(const FitSettings& a, const FitSettings& b);
 
 }  // namespace quor::estimation

@@ -29,6 +29,7 @@ class RangeBoxes : public CalcTest {
 TEST_F(RangeBoxes, LiquidDensityIsSilentForFiveKelvinsAndNotForSix) {
     partial_with_database_density();
     substance.rhoLPar = {900, -1, 0, 0, 0, 0, 0};
+    substance.rhoLTc = 500;
     substance.rhoLTLo = 200;
     substance.rhoLTHi = 300;
     EXPECT_EQ(boxes(4, 250), 0U);

@@ -24,9 +24,7 @@ class GraphTest : public FrameTest {
     const chart::Series& curve(int slot) const {
         return sheet().chart.curves.at(static_cast<std::size_t>(slot));
     }
-    chart::Chart2DWidget* canvas() const {
-        return window()->findChild<chart::Chart2DWidget*>();
-    }
+    chart::Chart2DWidget* canvas() const { return window()->findChild<chart::Chart2DWidget*>(); }
     /// The widget that takes the mouse.
     QWidget* surface() const { return canvas()->findChild<chart::Chart2DPlot*>(); }
 

@@ -74,7 +74,8 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     choose("mnuHaupt");
 
     // Measured data against the model, as a list.
-    open_file::open(desk, commands, std::string(QUOR_SOURCE_DATA) + "/samples/propane_saturation.BAQ");
+    open_file::open(desk, commands,
+                    std::string(QUOR_SOURCE_DATA) + "/samples/propane_saturation.BAQ");
     ASSERT_GT(session->measured.points.size(), 10U);
     options({"OptCalcMode_1"});
     when("frmCalcIn", [] { click("OK"); });

@@ -3,6 +3,7 @@
 #include "gui/frame_test.h"
 #include "gui/widgets/settings.h"
 #include "session/commands.h"
+#include "session/project_session.h"
 #include "support/codes.h"
 
 using namespace quor;
@@ -16,7 +17,6 @@ using drive::click;
 using drive::isVisible;
 using drive::offers;
 using drive::read;
-using legacy::the_session;
 
 class Frame : public FrameTest {};
 
@@ -50,8 +50,8 @@ TEST_F(Frame, EveryRowOfTheCatalogueIsThere) {
     for (const menu::Row& row : menu::Rows()) {
         if (row.kind == menu::Kind::Separator) continue;
         const QAction* action = drive::action(QString::fromStdString(menu::Name(row)));
-        EXPECT_EQ(action->text().toStdString(), menu::Caption(row));
-        EXPECT_EQ(action->isVisible(), menu::Visible(row)) << menu::Name(row);
+        EXPECT_EQ(action->text().toStdString(), menu::Caption(session, row));
+        EXPECT_EQ(action->isVisible(), menu::Visible(session, row)) << menu::Name(row);
     }
 }
 
@@ -131,10 +131,9 @@ constexpr Stage kStages[] = {
 TEST_F(Frame, EveryCommandIsEnabledInItsTurn) {
     start();
     for (const menu::Row& row : menu::Rows())
-        if (!row.action.empty() && !actions::has(row.action))
-            actions::register_action(row.action, [] {});
-    actions::register_action("frmReferenz", [] {});
-    shell::Refresh();
+        if (!row.action.empty() && !commands.has(row.action)) commands.add(row.action, [] {});
+    commands.add("frmReferenz", [] {});
+    desk.refresh();
     const auto check = [](std::size_t stage) {
         for (const Stage& s : kStages)
             EXPECT_EQ(enabled(s.row), s.enabled[stage] == '+') << s.row << " at stage " << stage;
@@ -192,14 +191,14 @@ TEST_F(Frame, LeavingTheModelViewKeepsTheCalculationDisabled) {
     click("Toolbar1_2");
     EXPECT_TRUE(enabled("mnuModel"));
     EXPECT_FALSE(enabled("mnuCalcMain"));
-    EXPECT_EQ(models::code_of(legacy::the_models.EOSModel), -1);
+    EXPECT_EQ(models::code_of(session->models.EOSModel), -1);
     EXPECT_EQ(read("StatusBar1_2"), "");
 }
 
 TEST_F(Frame, ACalculationRowRunsTheHandlerOfItsMode) {
     int runs = 0;
     start();
-    actions::register_action("CalcMode_3", [&] { ++runs; });
+    commands.add("CalcMode_3", [&] { ++runs; });
     openSubstance("Carbon dioxide");
     EXPECT_TRUE(offers("mnuCalc_2"));
     choose("mnuCalc_2");
@@ -209,11 +208,11 @@ TEST_F(Frame, ACalculationRowRunsTheHandlerOfItsMode) {
 TEST_F(Frame, TheTankButtonTakesTheMethodThatHasPriority) {
     std::vector<int> runs;
     start();
-    actions::register_action("CalcMode_9", [&] { runs.push_back(9); });
-    actions::register_action("CalcMode_10", [&] { runs.push_back(10); });
+    commands.add("CalcMode_9", [&] { runs.push_back(9); });
+    commands.add("CalcMode_10", [&] { runs.push_back(10); });
     openSubstance("Carbon dioxide");
     click("Toolbar1_15");
-    legacy::the_models.PriorityCEOS = false;
+    session.change()->models.PriorityCEOS = false;
     click("Toolbar1_15");
     EXPECT_EQ(runs, (std::vector<int>{9, 10}));
 }
@@ -224,21 +223,21 @@ TEST_F(Frame, OpeningTheCalculationMenuClosesTheViewsOfTheLastOne) {
     for (const char* name : {"frmCalcOut", "frmParinput", "frmGraph2D"}) {
         auto* view = new QWidget;
         view->setObjectName(name);
-        shell::openChild(view);
+        desk.openChild(view);
     }
-    EXPECT_NE(shell::findView("frmCalcOut"), nullptr);
+    EXPECT_NE(desk.findView("frmCalcOut"), nullptr);
     drive::open("mnuCalc_2");
     drive::settle();
-    EXPECT_EQ(shell::findView("frmCalcOut"), nullptr);
-    EXPECT_EQ(shell::findView("frmParinput"), nullptr);
-    EXPECT_NE(shell::findView("frmGraph2D"), nullptr);
+    EXPECT_EQ(desk.findView("frmCalcOut"), nullptr);
+    EXPECT_EQ(desk.findView("frmParinput"), nullptr);
+    EXPECT_NE(desk.findView("frmGraph2D"), nullptr);
 }
 
 TEST_F(Frame, BatchOperationWithoutDataIsToldAndTheMenuOpens) {
     start();
-    actions::register_action("CalcMode_3", [] {});
+    commands.add("CalcMode_3", [] {});
     openSubstance("Carbon dioxide");
-    the_session.BatchMode = true;
+    session.change()->batchMode = true;
     drive::open("mnuCalc_2");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_TRUE(offers("mnuCalc_2"));
@@ -250,12 +249,12 @@ TEST_F(Frame, BatchOperationWithoutDataIsToldAndTheMenuOpens) {
 TEST_F(Frame, ADiagramRowPreparesItsDiagram) {
     start();
     int runs = 0;
-    actions::register_action("Diagram2D", [&] { ++runs; });
+    commands.add("Diagram2D", [&] { ++runs; });
     openSubstance("Carbon dioxide");
     choose("mnuGraf_sub_proj_8");
     EXPECT_EQ(runs, 1);
-    EXPECT_EQ(legacy::the_diagram->code, 90);
-    EXPECT_EQ(legacy::the_diagram->axisPair, "yT");
+    EXPECT_EQ(session->diagram->code, 90);
+    EXPECT_EQ(session->diagram->axisPair, "yT");
 }
 
 TEST_F(Frame, StatusAndParametersAreReported) {
@@ -279,10 +278,10 @@ TEST_F(Frame, StatusAndParametersAreReported) {
 TEST_F(Frame, MeasuredDataCanBeEditedOnceThereAreSome) {
     start();
     int edits = 0;
-    actions::register_action("mnuData_BatchEdit", [&] { ++edits; });
+    commands.add("mnuData_BatchEdit", [&] { ++edits; });
     drive::open("mnuData_BatchEdit");
     EXPECT_FALSE(offers("mnuData_BatchEdit"));
-    the_session.BatchCount = 3;
+    session.change()->measured.points.resize(3);
     choose("mnuData_BatchEdit");
     EXPECT_EQ(edits, 1);
 }
@@ -292,12 +291,12 @@ TEST_F(Frame, OpeningTheDataMenuClosesInputViews) {
     for (const char* name : {"frmCalcOut", "frmParinput"}) {
         auto* view = new QWidget;
         view->setObjectName(name);
-        shell::openChild(view);
+        desk.openChild(view);
     }
     drive::open("mnuData_Status");
     drive::settle();
-    EXPECT_EQ(shell::findView("frmParinput"), nullptr);
-    EXPECT_NE(shell::findView("frmCalcOut"), nullptr);
+    EXPECT_EQ(desk.findView("frmParinput"), nullptr);
+    EXPECT_NE(desk.findView("frmCalcOut"), nullptr);
 }
 
 TEST_F(Frame, FirstStepsComeAndGo) {
@@ -328,11 +327,11 @@ TEST_F(Frame, FirstStepsInviteANewUserOnce) {
 }
 
 TEST_F(Frame, TipsShowAtStartUntilSwitchedOff) {
-    frame = std::make_unique<MainWindow>();
+    frame = std::make_unique<MainWindow>(desk, commands);
     frame->show();
     frame->startUp();
     ASSERT_TRUE(isVisible("frmTip"));
-    EXPECT_FALSE(the_session.TipsHidden);
+    EXPECT_FALSE(session->tipsHidden);
     const QString first = read("lblTipText");
     EXPECT_FALSE(first.isEmpty());
     click("cmdNextTip");
@@ -345,7 +344,7 @@ TEST_F(Frame, TipsShowAtStartUntilSwitchedOff) {
 
     frame->startUp();
     EXPECT_FALSE(isVisible("frmTip"));
-    EXPECT_TRUE(the_session.TipsHidden);
+    EXPECT_TRUE(session->tipsHidden);
     choose("mnuHilfe_Tip");
     EXPECT_TRUE(isVisible("frmTip"));
     EXPECT_FALSE(drive::isChecked("chkLoadTipsAtStartup"));
@@ -360,7 +359,7 @@ TEST_F(Frame, TheTipsSettingIsANumberInSectionOptions) {
 
 TEST_F(Frame, AMissingTipsFileIsToldOnceAndTheViewStaysEmpty) {
     std::filesystem::remove(folder() / "QUORTIPS_E.TXT");
-    frame = std::make_unique<MainWindow>();
+    frame = std::make_unique<MainWindow>(desk, commands);
     frame->show();
     frame->startUp();
     ASSERT_EQ(user.messages.size(), 1U);
@@ -368,112 +367,91 @@ TEST_F(Frame, AMissingTipsFileIsToldOnceAndTheViewStaysEmpty) {
     EXPECT_FALSE(drive::isEnabled("cmdNextTip"));
 }
 
-class FrameWithoutProjects : public FrameTest {
-    void connect() override { session::project_hooks() = {}; }
-};
-
-TEST_F(FrameWithoutProjects, ProjectRowsWaitForTheirReader) {
-    start();
-    for (const char* row : {"mnuData_LoadLastSession", "mnuData_LoadProject"})
-        EXPECT_FALSE(offers(row)) << row;
-    EXPECT_FALSE(drive::isEnabled("Toolbar1_4"));
-    EXPECT_FALSE(drive::isEnabled("Toolbar1_6"));
-}
-
 class FrameWithProjects : public FrameTest {
   protected:
-    void connect() override {
-        session::project_hooks() = {.choose = [this] { return chosen; },
-                                    .load =
-                                        [this](const std::string& file) {
-                                            loaded.push_back(file);
-                                            EXPECT_EQ(the_session.CurrentSubstance, 0)
-                                                << "reset first";
-                                            the_session.CurrentSubstance = 1;
-                                            legacy::the_substance.Name = "Carbon dioxide";
-                                            legacy::the_models.EOSModel = codes::eos(6);
-                                            return works;
-                                        },
-                                    .save = [this] { ++saves; }};
+    /// The program with a last session of carbon dioxide.
+    void start_after_a_session() {
+        start();
+        openSubstance("Carbon dioxide");
+        ASSERT_TRUE(session::save_project(session, false));
+        session::reset_everything(session);
+        user.messages.clear();
     }
-
-    std::optional<std::string> chosen;
-    std::vector<std::string> loaded;
-    bool works = true;
-    int saves = 0;
 };
 
 TEST_F(FrameWithProjects, TheLastSessionEnablesEverything) {
-    start();
-    std::ofstream(the_session.LastSessionFile) << "x";
-    the_session.CurrentSubstance = 5;
+    start_after_a_session();
+    for (const char* name : {"mnuStoff", "mnuModel", "mnu2D", "mnu3D", "mnuCalcMain"})
+        EXPECT_FALSE(enabled(name)) << name;
     click("Toolbar1_4");
-    EXPECT_EQ(loaded, std::vector<std::string>{the_session.LastSessionFile});
+    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
     for (const char* name : {"mnuStoff", "mnuModel", "mnu2D", "mnu3D", "mnuCalcMain"})
         EXPECT_TRUE(enabled(name)) << name;
     EXPECT_TRUE(drive::isEnabled("Toolbar1_7"));
-    EXPECT_TRUE(the_session.ProjectLoaded);
     EXPECT_EQ(read("StatusBar1_2"), "CEOS Peng / Robinson (Priority!)");
+    EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(FrameWithProjects, WithoutALastSessionTheSessionStaysAsItIs) {
     start();
-    the_session.CurrentSubstance = 5;
+    session.change()->substanceNumber = 5;
     click("Toolbar1_4");
-    EXPECT_TRUE(loaded.empty());
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_EQ(the_session.CurrentSubstance, 5);
+    EXPECT_EQ(session->substanceNumber, 5);
 }
 
 TEST_F(FrameWithProjects, AProjectThatFailsEnablesNothing) {
     start();
-    works = false;
-    chosen = "mine.QCF";
+    std::ofstream(folder() / "mine.QCF") << "no project";
+    user.fileAnswers.push_back((folder() / "mine.QCF").string());
     click("Toolbar1_6");
-    EXPECT_EQ(loaded, std::vector<std::string>{"mine.QCF"});
+    EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_FALSE(enabled("mnuCalcMain"));
-    EXPECT_FALSE(the_session.ProjectLoaded);
+    EXPECT_FALSE(enabled("mnuStoff"));
 }
 
 TEST_F(FrameWithProjects, CancellingTheChoiceOfAProjectChangesNothing) {
     start();
-    the_session.CurrentSubstance = 5;
+    session.change()->substanceNumber = 5;
+    user.fileAnswers.push_back(std::nullopt);
     click("Toolbar1_6");
-    EXPECT_TRUE(loaded.empty());
-    EXPECT_EQ(the_session.CurrentSubstance, 5);
+    EXPECT_EQ(user.files.size(), 1U);
+    EXPECT_TRUE(user.messages.empty());
+    EXPECT_EQ(session->substanceNumber, 5);
 }
 
 TEST_F(FrameWithProjects, SavingAProjectNotesOnceWhatMustBeComplete) {
     start();
     openSubstance("Carbon dioxide");
+    user.fileAnswers = {std::nullopt, std::nullopt};
+    const std::size_t before = user.files.size();
     click("Toolbar1_7");
     EXPECT_EQ(user.lastTitle(), "Single Note");
     choose("mnuData_SaveProject");
-    EXPECT_EQ(saves, 2);
+    EXPECT_EQ(user.files.size(), before + 2);
     EXPECT_EQ(user.messages.size(), 1U);
 }
 
 TEST_F(Frame, ExitAndTheCloseButtonEndTheSessionAlike) {
     for (const bool byMenu : {true, false}) {
         start();
-        std::vector<std::string> calls;
-        session::shutdown_hooks() = {
-            .writeProtocol = [&] { calls.push_back("protocol"); },
-            .saveLastSession = [&](const std::string&) { calls.push_back("session"); },
-            .closeFiles = [&] { calls.push_back("files"); },
-            .closeHelp = [&] { calls.push_back("help"); }};
-        legacy::the_protocol.pending = true;
-        the_session.DatabaseFile = "STUDENT.Q05";
-        the_session.SubstanceSet = true;
-        const std::filesystem::path empty = folder() / legacy::the_protocol.file;
-        std::ofstream(empty) << "";
+        openSubstance("Carbon dioxide");
+        {
+            const auto now = session.change();
+            ASSERT_TRUE(now->protocol.add({}, {}));
+            now->protocol.pending = true;
+        }
+        std::filesystem::remove(session->lastSessionFile);
+        const std::filesystem::path protocol = folder() / session->protocol.file;
         if (byMenu)
             choose("mnuData_Exit");
         else
             frame->close();
         EXPECT_FALSE(frame->isVisible());
-        EXPECT_EQ(calls, (std::vector<std::string>{"protocol", "session", "files", "help"}));
-        EXPECT_FALSE(std::filesystem::exists(empty));
+        EXPECT_FALSE(session->protocol.pending);
+        EXPECT_TRUE(std::filesystem::exists(protocol));
+        EXPECT_TRUE(std::filesystem::exists(session->lastSessionFile));
+        std::filesystem::remove(protocol);
     }
 }
 
@@ -487,32 +465,32 @@ class Stubborn : public QWidget {
 
 TEST_F(Frame, AViewThatRefusesToCloseKeepsTheProgramOpen) {
     start();
-    int ends = 0;
-    session::shutdown_hooks().closeFiles = [&] { ++ends; };
+    const std::filesystem::path empty = folder() / session->protocol.file;
+    std::ofstream(empty) << "";
     auto* view = new Stubborn;
     view->setObjectName("frmTpvEdit");
-    shell::openChild(view);
+    desk.openChild(view);
     EXPECT_FALSE(frame->close());
     EXPECT_TRUE(frame->isVisible());
-    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(std::filesystem::exists(empty)) << "the session goes on";
     view->refuses = false;
     EXPECT_TRUE(frame->close());
-    EXPECT_EQ(ends, 1);
+    EXPECT_FALSE(std::filesystem::exists(empty));
 }
 
 TEST_F(Frame, ViewsReopenWhereTheyWere) {
     start();
-    const auto open = [] {
+    const auto open = [this] {
         auto* view = new QWidget;
         view->setObjectName("frmGraph2D");
         view->setMinimumSize(200, 100);
-        shell::openChild(view);
+        desk.openChild(view);
         return view->parentWidget();
     };
     QWidget* window = open();
     const QRect place(120, 90, 420, 330);
     window->setGeometry(place);
-    shell::closeViews({"frmGraph2D"});
+    desk.closeViews({"frmGraph2D"});
     drive::settle();
     EXPECT_EQ(open()->geometry(), place);
 }
@@ -523,7 +501,7 @@ TEST_F(Frame, TheWindowMenuListsTheOpenViews) {
         auto* view = new QWidget;
         view->setObjectName(title);
         view->setWindowTitle(title);
-        shell::openChild(view);
+        desk.openChild(view);
     }
     auto* menu = frame->findChild<QMenu*>("mnuWindow");
     Q_EMIT menu->aboutToShow();
@@ -532,25 +510,55 @@ TEST_F(Frame, TheWindowMenuListsTheOpenViews) {
         if (action->isCheckable()) titles << action->text();
     EXPECT_EQ(titles, (QStringList{"First", "Second"}));
     menu->actions().at(4)->trigger();
-    EXPECT_EQ(shell::findView("First")->window(), frame.get());
+    EXPECT_EQ(desk.findView("First")->window(), frame.get());
     drive::action("mnuWindow_CloseAll")->trigger();
     drive::settle();
-    EXPECT_EQ(shell::findView("First"), nullptr);
+    EXPECT_EQ(desk.findView("First"), nullptr);
 }
 
 TEST_F(Frame, IdentityTellsWhetherAViewIsOpen) {
     start();
     auto* view = new QWidget;
     view->setObjectName("frmGraph2D");
-    EXPECT_FALSE(shell::isFormOpen(view));
-    shell::openChild(view);
-    EXPECT_TRUE(shell::isFormOpen(view));
-    EXPECT_TRUE(shell::activate("frmGraph2D"));
-    shell::closeViews({"frmGraph2D"});
+    EXPECT_FALSE(desk.isOpen(view));
+    desk.openChild(view);
+    EXPECT_TRUE(desk.isOpen(view));
+    EXPECT_TRUE(desk.activate("frmGraph2D"));
+    desk.closeViews({"frmGraph2D"});
     drive::settle();
-    EXPECT_FALSE(shell::isFormOpen(view)) << "the pointer is dead by now";
-    EXPECT_FALSE(shell::isFormOpen(nullptr));
-    EXPECT_FALSE(shell::activate("frmGraph2D"));
+    EXPECT_FALSE(desk.isOpen(view)) << "the pointer is dead by now";
+    EXPECT_FALSE(desk.isOpen(nullptr));
+    EXPECT_FALSE(desk.activate("frmGraph2D"));
+}
+
+/// A view whose one change can be taken back.
+class Undo : public QWidget, public Undoable {
+  public:
+    QString undoName() const override { return done ? "Delete & close" : ""; }
+    QString redoName() const override { return done ? "" : "Delete & close"; }
+    void undo() override { done = false; }
+    void redo() override { done = true; }
+
+    bool done = true;
+};
+
+TEST_F(Frame, TheEditMenuNamesTheStepsOfTheViewInFront) {
+    start();
+    drive::open("mnuEdit_Undo");
+    EXPECT_FALSE(offers("mnuEdit_Undo"));
+    EXPECT_FALSE(offers("mnuEdit_Redo"));
+    auto* view = new Undo;
+    view->setObjectName("frmUndo");
+    desk.openChild(view);
+    drive::open("mnuEdit_Undo");
+    EXPECT_EQ(drive::action("mnuEdit_Undo")->text(), "&Undo Delete && close\tCtrl+Z");
+    EXPECT_FALSE(offers("mnuEdit_Redo"));
+    choose("mnuEdit_Undo");
+    EXPECT_FALSE(view->done);
+    drive::open("mnuEdit_Redo");
+    EXPECT_EQ(drive::action("mnuEdit_Redo")->text(), "&Redo Delete && close\tCtrl+Shift+Z");
+    choose("mnuEdit_Redo");
+    EXPECT_TRUE(view->done);
 }
 
 TEST_F(Frame, HelpMenuRowsSpeakOfTheProgram) {

@@ -9,9 +9,8 @@
 #include "app/help_book.h"
 #include "app/help_viewer.h"
 #include "gui/frame_test.h"
-#include "gui/widgets/shell.h"
-#include "session/help_topics.h"
-#include "session/module2.h"
+#include "gui/widgets/desk.h"
+#include "gui/widgets/help_topics.h"
 
 using namespace quor;
 using namespace quor::app;
@@ -30,10 +29,6 @@ class Help : public FrameTest {
         start();
         std::filesystem::copy(std::filesystem::path(QUOR_SOURCE_DATA).parent_path() / "help",
                               folder() / "help", std::filesystem::copy_options::recursive);
-    }
-    void TearDown() override {
-        help_views::closeAll();
-        FrameTest::TearDown();
     }
     static QString page() { return drive::get<QTextBrowser>("helpPage")->source().toString(); }
 };
@@ -65,7 +60,7 @@ TEST_F(Help, EveryEntryOfTheContentsShowsItsPage) {
 TEST_F(Help, BackForwardAndHomeFollowTheReader) {
     choose("mnuHilfe_Index");
     EXPECT_FALSE(drive::isEnabled("helpBack"));
-    shell::showHelp(help::kTank);
+    desk.showHelp(help::kTank);
     EXPECT_EQ(page(), "3500.html");
     click("helpBack");
     EXPECT_EQ(page(), "0.html");
@@ -101,10 +96,10 @@ TEST_F(Help, HelpButtonsOfADialogOpenTheirPagesInFrontOfIt) {
         drive::type("Text1", "Propane");
         click("Hilfe");
         EXPECT_EQ(page(), "1000.html");
-        help_views::closeAll();
+        delete drive::find("helpViewer");
         drive::press("Text1", Qt::Key_F1);
         EXPECT_EQ(page(), "1000.html") << "F1 does what the button does";
-        help_views::closeAll();
+        delete drive::find("helpViewer");
         click("StoffOK");
     });
     when("frmQModell", [] {
@@ -114,10 +109,10 @@ TEST_F(Help, HelpButtonsOfADialogOpenTheirPagesInFrontOfIt) {
         search->setFocus();
         QTest::keyClicks(search, "Wagner");
         EXPECT_GE(drive::get<QListWidget>("helpResults")->count(), 1) << "usable over the dialog";
-        help_views::closeAll();
+        delete drive::find("helpViewer");
         click("cpHilfe");
         EXPECT_EQ(page(), "2400.html");
-        help_views::closeAll();
+        delete drive::find("helpViewer");
         click("OKModell");
     });
     click("Toolbar1_2");
@@ -127,7 +122,8 @@ TEST_F(Help, MissingPagesAreTold) {
     std::filesystem::remove_all(folder() / "help");
     choose("mnuHilfe_Index");
     EXPECT_FALSE(drive::isVisible("helpViewer"));
-    EXPECT_EQ(user.lastText(), "The pages of the help are not there:\n" + help::Folder().string());
+    EXPECT_EQ(user.lastText(),
+              "The pages of the help are not there:\n" + help::folder(session.places()).string());
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
 }
 

@@ -585,6 +585,41 @@ TEST_F(MeasuredDataEditorTest, AChangedCellIsOneStep) {
     EXPECT_EQ(cell(kGrid, 1, 2), "300");
 }
 
+TEST_F(MeasuredDataEditorTest, StepsOutliveTheirSavingAndAnAppendedFileIsOne) {
+    openWithData();
+    const auto* steps = dynamic_cast<Undoable*>(drive::find("frmTpvEdit"));
+    click("TSort");
+    type("txtComment", "sorted");
+    user.fileAnswers = {path("co2.BAQ")};
+    click("cmdBatchSave");
+    user.fileAnswers = {path("co2.BAQ")};
+    click("cmdBatchAdd");
+    ASSERT_EQ(count(), 6U);
+    EXPECT_EQ(steps->undoName(), "Add file");
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(temperatures(), (std::vector<double>{270, 280, 290}));
+    EXPECT_EQ(session->measured.file, "co2.BAQ");
+    while (steps->undoName() != "Sort by T" && !steps->undoName().isEmpty())
+        drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_EQ(steps->undoName(), "Sort by T");
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(temperatures(), (std::vector<double>{280, 270, 290}));
+}
+
+TEST_F(MeasuredDataEditorTest, AnEmptyEditorFollowsTheSubstance) {
+    choose("mnuData_BatchInput");
+    drive::when("frmStoffWahl", [] {
+        type("Text1", "Propane");
+        click("StoffOK");
+    });
+    drive::when("frmQModell", [] { click("OKModell"); });
+    choose("mnuStoff");
+    ASSERT_EQ(session->substance.Name, "Propane");
+    EXPECT_EQ(session->measured.casrn, session->substance.CASRN);
+    EXPECT_TRUE(drive::get("opt_Rho_Unit_1")->toolTip().contains("(molar mass M/(kg/kmol)= 44.09"))
+        << drive::get("opt_Rho_Unit_1")->toolTip().toStdString();
+}
+
 /// A molar volume typed for propane is converted with propane's molar mass, whatever substance is
 /// loaded beside the editor.
 TEST_F(MeasuredDataEditorTest, MolarVolumesBelongToTheSubstanceOfTheData) {

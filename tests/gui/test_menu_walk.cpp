@@ -7,17 +7,13 @@
 #include "app/help_viewer.h"
 #include "app/open_file.h"
 #include "gui/frame_test.h"
-#include "legacy/declare.h"
-#include "session/actions.h"
-#include "session/help_topics.h"
+#include "gui/widgets/help_topics.h"
 
 using namespace quor;
 using namespace quor::app;
 using namespace quor::gui;
 
 namespace {
-
-using legacy::the_session;
 
 /// Walks through all rows of the menu and all buttons of the tool bar and looks for what they do.
 class MenuWalk : public FrameTest {
@@ -31,7 +27,8 @@ class MenuWalk : public FrameTest {
         // A project that the rows can load, and data that they can show.
         user.fileAnswers = {(folder() / "mine.QCF").string()};
         drive::choose("mnuData_SaveProject");
-        open_file::Open(std::string(QUOR_SOURCE_DATA) + "/samples/propane_saturation.BAQ");
+        open_file::open(desk, commands,
+                        std::string(QUOR_SOURCE_DATA) + "/samples/propane_saturation.BAQ");
         // Dialogs are seen and left again.
         QObject::connect(&watch_, &QTimer::timeout, [this] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
@@ -43,7 +40,7 @@ class MenuWalk : public FrameTest {
     }
     void TearDown() override {
         watch_.stop();
-        help_views::closeAll();
+        delete drive::find("helpViewer");
         FrameTest::TearDown();
     }
 
@@ -56,8 +53,8 @@ class MenuWalk : public FrameTest {
         bool operator==(const Sight&) const = default;
     };
     Sight look() const {
-        Sight s{{},       user.messages.size(),        user.files.size(), user.prints.size(),
-                dialogs_, the_session.calculation.task};
+        Sight s{{},       user.messages.size(),     user.files.size(), user.prints.size(),
+                dialogs_, session->calculation.task};
         for (QMdiSubWindow* sub : frame->findChild<QMdiArea*>("area")->subWindowList())
             if (sub->isVisible()) s.windows.insert(sub);
         for (const QWidget* top : QApplication::topLevelWidgets())
@@ -66,7 +63,7 @@ class MenuWalk : public FrameTest {
     }
     void closeAll() {
         frame->findChild<QMdiArea*>("area")->closeAllSubWindows();
-        help_views::closeAll();
+        delete drive::find("helpViewer");
         drive::settle();
     }
 
@@ -82,11 +79,11 @@ TEST_F(MenuWalk, EveryRowDoesSomethingAndHasAnActionBehindIt) {
         if (row.kind != menu::Kind::Command) continue;
         const QString name = QString::fromStdString(menu::Name(row));
         if (name == "mnuData_Exit") continue;  // walked last
-        EXPECT_TRUE(actions::has(row.action)) << name.toStdString() << " has no action";
-        if (!menu::Visible(row)) continue;
+        EXPECT_TRUE(commands.has(row.action)) << name.toStdString() << " has no action";
+        if (!menu::Visible(session, row)) continue;
         if (!row.parent.empty()) drive::open(name);  // menus bring their rows up to date
-        EXPECT_TRUE(menu::Enabled(row)) << name.toStdString() << " is disabled";
-        if (!menu::Enabled(row)) continue;
+        EXPECT_TRUE(menu::Enabled(session, commands, row)) << name.toStdString() << " is disabled";
+        if (!menu::Enabled(session, commands, row)) continue;
         closeAll();
         user.fileAnswers = {(folder() / "mine.QCF").string()};
         const Sight before = look();
@@ -96,7 +93,7 @@ TEST_F(MenuWalk, EveryRowDoesSomethingAndHasAnActionBehindIt) {
         EXPECT_FALSE(look() == before) << name.toStdString() << " does nothing";
         ++walked;
         // Leaving the choice of a substance or a project leaves nothing behind to go on with.
-        if (legacy::the_substance.Name != "Propane" || !menu::Enabled(row)) {
+        if (session->substance.Name != "Propane" || !menu::Enabled(session, commands, row)) {
             closeAll();
             user.fileAnswers = {(folder() / "mine.QCF").string()};
             drive::action("mnuData_LoadProject")->trigger();

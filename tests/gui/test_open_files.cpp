@@ -6,7 +6,6 @@
 #include "gui/diagrams/diagram_window.h"
 #include "gui/graph_test.h"
 #include "gui/widgets/settings.h"
-#include "legacy/declare.h"
 #include "session/project_session.h"
 
 using namespace quor;
@@ -19,7 +18,6 @@ namespace fs = std::filesystem;
 using drive::choose;
 using drive::click;
 using drive::when;
-using legacy::the_session;
 
 /// Files that come to the frame from outside.
 class OpenFiles : public GraphTest {
@@ -53,20 +51,20 @@ TEST_F(OpenFiles, ADatabaseIsOpenedAsByItsRow) {
     databases::Write(folder() / "other" / "OWN.Q05", {databases::Row("Water")});
     answerChoice("Water");
     drop({path("other/OWN.Q05")});
-    EXPECT_EQ(the_session.DatabaseFile, "OWN.Q05");
-    EXPECT_EQ(legacy::the_substance.Name, "Water");
+    EXPECT_EQ(session->databaseFile, "OWN.Q05");
+    EXPECT_EQ(session->substance.Name, "Water");
     EXPECT_EQ(settings::recentFiles().constFirst().toStdString(), path("other/OWN.Q05"));
 }
 
 TEST_F(OpenFiles, AProjectIsLoaded) {
     user.fileAnswers = {path("mine.QCF")};
-    session::save_project(true);
+    session::save_project(session, true);
     databases::Write(folder() / "SECOND.Q05", {databases::Row("Water")});
     answerChoice("Water");
     drop({path("SECOND.Q05")});
-    ASSERT_EQ(legacy::the_substance.Name, "Water");
+    ASSERT_EQ(session->substance.Name, "Water");
     drop({path("mine.QCF")});
-    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(session->substance.Name, "Propane");
     EXPECT_EQ(settings::recentFiles().constFirst().toStdString(), path("mine.QCF"));
 }
 
@@ -74,7 +72,7 @@ TEST_F(OpenFiles, ExperimentalDataOpenInTheirTable) {
     fs::copy(fs::path(QUOR_SOURCE_DATA) / "samples" / "propane_saturation.BAQ", folder());
     drop({path("propane_saturation.BAQ")});
     EXPECT_TRUE(drive::isVisible("frmTpvEdit"));
-    EXPECT_EQ(the_session.BatchCount, 28);
+    EXPECT_EQ(session->measured.points.size(), 28U);
     // Data of another substance are asked about, as by the command of the table.
     fs::copy(fs::path(QUOR_SOURCE_DATA) / "samples" / "water_saturation.BAQ", folder());
     user.answers = {dialogs::Answer::No, dialogs::Answer::No};
@@ -84,14 +82,14 @@ TEST_F(OpenFiles, ExperimentalDataOpenInTheirTable) {
     EXPECT_NE(user.messages.front().text.find("substance not found in the actual data base"),
               std::string::npos)
         << user.messages.front().text;
-    EXPECT_EQ(the_session.BatchFile, "propane_saturation.BAQ");
+    EXPECT_EQ(session->measured.file, "propane_saturation.BAQ");
 }
 
 TEST_F(OpenFiles, PointsOpenInTheEditor) {
     fs::copy(fs::path(QUOR_SOURCE_DATA) / "samples" / "propane_vapour_pressure.XY", folder());
     drop({path("propane_vapour_pressure.XY")});
     EXPECT_TRUE(drive::isVisible("frmManuInput"));
-    EXPECT_GT(legacy::the_xyPoints.size(), 5U);
+    EXPECT_GT(session->xy.points.size(), 5U);
 }
 
 TEST_F(OpenFiles, ADiagramIsShown) {
@@ -101,9 +99,9 @@ TEST_F(OpenFiles, ADiagramIsShown) {
     ASSERT_TRUE(fs::exists(folder() / "saved.oc2"));
     choose("mnuHaupt");
     drive::settle();
-    ASSERT_EQ(DiagramWindow::current(), nullptr);
+    ASSERT_EQ(desk.lastUsed<DiagramWindow>(), nullptr);
     drop({path("saved.oc2")});
-    ASSERT_NE(DiagramWindow::current(), nullptr);
+    ASSERT_NE(desk.lastUsed<DiagramWindow>(), nullptr);
     EXPECT_EQ(diagrams::curve_count(sheet()), 1);
     EXPECT_TRUE(drive::read("frmGraph2D").endsWith("saved.oc2"));
 }
@@ -114,7 +112,7 @@ TEST_F(OpenFiles, OtherFilesAreRefused) {
     ASSERT_EQ(user.messages.size(), 2U);
     EXPECT_EQ(user.messages[0].text, "This is no file of QUOR-6:\n" + path("notes.txt"));
     EXPECT_EQ(user.messages[1].text, "File not found:\n" + path("gone.QCF"));
-    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(session->substance.Name, "Propane");
 }
 
 TEST_F(OpenFiles, TheMenuOffersRecentFilesAndDropsMissingOnes) {

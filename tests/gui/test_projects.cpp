@@ -2,9 +2,7 @@
 
 #include "app/wiring.h"
 #include "gui/frame_test.h"
-#include "legacy/wrappers.h"
 #include "models/saturation.h"
-#include "session/module2.h"
 #include "support/codes.h"
 
 using namespace quor;
@@ -12,8 +10,6 @@ using namespace quor::app;
 using namespace quor::gui;
 
 namespace {
-
-using legacy::the_session;
 
 /// The frame with the real project files and the real end of the program behind it.
 class Projects : public FrameTest {
@@ -23,7 +19,7 @@ class Projects : public FrameTest {
         frame->close();
         drive::settle();
         frame.reset();
-        session::reset_everything();
+        session::reset_everything(session);
     }
 };
 
@@ -35,26 +31,26 @@ TEST_F(Projects, TheLastSessionComesBackAsItWas) {
         drive::click("cmdOK");
     });
     drive::choose("mnuOptions");
-    ASSERT_EQ(the_session.CaloricUnit, 3);
-    const models::ModelSelection models = legacy::the_models;
-    const double p = models::SaturationPressure(280).p;
+    ASSERT_EQ(session->caloricUnit, models::CaloricUnit::specific);
+    const models::ModelSelection models = session->models;
+    const double p = models::saturation_pressure(session.fluid(), 280).p;
     ASSERT_GT(p, 0);
     endProgram();
     EXPECT_TRUE(std::filesystem::exists(folder() / "QuorLastSession.QCF"));
 
     startProgram();
-    EXPECT_TRUE(the_session.DatabaseFile.empty());
+    EXPECT_TRUE(session->databaseFile.empty());
     drive::click("Toolbar1_4");
-    EXPECT_EQ(the_session.DatabaseFile, "STUDENT.Q05");
-    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
-    EXPECT_EQ(the_session.CaloricUnit, 3);
-    EXPECT_EQ(the_session.VolumeLabel, "m^3/kg  ");
-    EXPECT_EQ(legacy::the_models.EOSModel, models.EOSModel);
-    EXPECT_EQ(legacy::the_models.VPModel, models.VPModel);
-    EXPECT_EQ(legacy::the_models.HLVModel, models.HLVModel);
-    EXPECT_EQ(legacy::the_models.PriorityCEOS, models.PriorityCEOS);
-    EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain));
-    EXPECT_NEAR(models::SaturationPressure(280).p, p, 1e-9 * p)
+    EXPECT_EQ(session->databaseFile, "STUDENT.Q05");
+    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
+    EXPECT_EQ(session->caloricUnit, models::CaloricUnit::specific);
+    EXPECT_EQ(session::present_units(session).v_label, "m^3/kg  ");
+    EXPECT_EQ(session->models.EOSModel, models.EOSModel);
+    EXPECT_EQ(session->models.VPModel, models.VPModel);
+    EXPECT_EQ(session->models.HLVModel, models.HLVModel);
+    EXPECT_EQ(session->models.PriorityCEOS, models.PriorityCEOS);
+    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuCalcMain));
+    EXPECT_NEAR(models::saturation_pressure(session.fluid(), 280).p, p, 1e-9 * p)
         << "the constants of the EOS are there";
 }
 
@@ -74,11 +70,11 @@ TEST_F(Projects, ASavedProjectIsLoadedFromItsFile) {
     EXPECT_TRUE(std::filesystem::exists(file));
     EXPECT_EQ(user.messages.front().title, "Single Note");
     openSubstance("Argon");
-    ASSERT_EQ(legacy::the_substance.Name, "Argon");
+    ASSERT_EQ(session->substance.Name, "Argon");
     user.fileAnswers.push_back(file);
     drive::choose("mnuData_LoadProject");
-    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
-    EXPECT_EQ(models::code_of(legacy::the_models.EOSModel), 6);
+    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
+    EXPECT_EQ(models::code_of(session->models.EOSModel), 6);
 }
 
 TEST_F(Projects, AMissingSubstanceLeavesTheDatabaseAtHand) {
@@ -90,9 +86,9 @@ TEST_F(Projects, AMissingSubstanceLeavesTheDatabaseAtHand) {
     databases::Write(folder() / "STUDENT.Q05", {databases::Row("Argon")});
     user.fileAnswers.push_back(file);
     drive::choose("mnuData_LoadProject");
-    EXPECT_TRUE(legacy::the_substance.Name.empty());
-    EXPECT_TRUE(session::is_enabled(session::Command::mnuStoff));
-    EXPECT_FALSE(session::is_enabled(session::Command::mnuCalcMain));
+    EXPECT_TRUE(session->substance.Name.empty());
+    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuStoff));
+    EXPECT_FALSE(session::is_enabled(session, session::Command::mnuCalcMain));
 }
 
 TEST_F(Projects, ADatabaseElsewhereIsFoundAgain) {
@@ -109,7 +105,7 @@ TEST_F(Projects, ADatabaseElsewhereIsFoundAgain) {
     endProgram();
     startProgram();
     drive::click("Toolbar1_4");
-    EXPECT_EQ(legacy::the_substance.Name, "Propane");
+    EXPECT_EQ(session->substance.Name, "Propane");
 }
 
 TEST_F(Projects, AFileThatIsNoProjectChangesNothing) {
@@ -120,10 +116,10 @@ TEST_F(Projects, AFileThatIsNoProjectChangesNothing) {
     user.fileAnswers.push_back(file);
     drive::choose("mnuData_LoadProject");
     EXPECT_EQ(user.lastText(), "The file letter.QCF is no project file.");
-    EXPECT_EQ(legacy::the_substance.Name, "Carbon dioxide");
-    EXPECT_EQ(the_session.CurrentSubstance, 1);
-    EXPECT_TRUE(session::is_enabled(session::Command::mnuCalcMain));
-    EXPECT_TRUE(session::is_enabled(session::Command::mnuData_SaveProject));
+    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
+    EXPECT_EQ(session->substanceNumber, 1);
+    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuCalcMain));
+    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuData_SaveProject));
 }
 
 }  // namespace

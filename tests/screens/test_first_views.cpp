@@ -6,7 +6,7 @@
 #include "gui/data/file_view.h"
 #include "gui/view_test.h"
 #include "screens/look.h"
-#include "session/help_topics.h"
+#include "gui/widgets/help_topics.h"
 #include "support/databases.h"
 
 using namespace quor;
@@ -43,7 +43,8 @@ class Screens : public ViewTest {
 
     QString student() { return QString::fromStdString((folder() / "STUDENT.Q05").string()); }
 
-    MainWindow frame;
+    Commands commands;
+    MainWindow frame{desk, commands};
     const QPalette light_ = QApplication::palette();
 };
 
@@ -86,19 +87,18 @@ void look_at_all(MainWindow& frame, ScriptedDialogs& user, const QString& databa
 }
 
 /// The help at a page with formulas and at one with tables, and the file view with its preview.
-void look_at_help_and_files(const std::filesystem::path& folder, const QString& suffix) {
+void look_at_help_and_files(Desk& desk, const std::filesystem::path& folder,
+                            const QString& suffix) {
     if (drive::find("frmTip") != nullptr) click("cmdOK");
     const std::filesystem::path data = std::string(QUOR_SOURCE_DATA);
     std::filesystem::copy(data.parent_path() / "help", folder / "help",
                           std::filesystem::copy_options::recursive);
-    help_views::Install();
-    shell::showHelp(help::kEquationsOfState + 6);
+    desk.showHelp(help::kEquationsOfState + 6);
     look::at(drive::find("helpViewer"), "help_formula" + suffix);
-    shell::showHelp(help::kSurfaces);
+    desk.showHelp(help::kSurfaces);
     type("helpSearch", "polytropic");
     look::at(drive::find("helpViewer"), "help_search" + suffix);
-    help_views::closeAll();
-    shell::setHelp(nullptr);
+    drive::find("helpViewer")->close();
 
     for (const char* name : {"propane_saturation.BAQ", "water_saturation.BAQ"})
         std::filesystem::copy_file(data / "samples" / name, folder / name);
@@ -107,19 +107,19 @@ void look_at_help_and_files(const std::filesystem::path& folder, const QString& 
         look::at(drive::find("frmCmnDlg"), "file_view" + suffix);
         click("cmdOpenCancel");
     });
-    FileView::Choose({.title = "Open a batch-file of experimental data (*.BAQ)",
-                      .filter = "QUOR-specific file (*.BAQ)|*.BAQ",
-                      .folder = folder.string(),
-                      .defaultExtension = ".BAQ"});
+    FileView::Choose(desk, {.title = "Open a batch-file of experimental data (*.BAQ)",
+                            .filter = "QUOR-specific file (*.BAQ)|*.BAQ",
+                            .folder = folder.string(),
+                            .defaultExtension = ".BAQ"});
 }
 
 TEST_F(Screens, HelpAndFilesInLight) {
-    look_at_help_and_files(folder(), "");
+    look_at_help_and_files(desk, folder(), "");
 }
 
 TEST_F(Screens, HelpAndFilesInDark) {
     darken();
-    look_at_help_and_files(folder(), "_dark");
+    look_at_help_and_files(desk, folder(), "_dark");
 }
 
 TEST_F(Screens, FirstViewsInLight) {

@@ -9,8 +9,9 @@
 #include <set>
 
 #include "app/menu_catalogue.h"
+#include "app/menu_help.h"
+#include "gui/widgets/help_topics.h"
 #include "models/model_codes.h"
-#include "session/help_topics.h"
 
 using namespace quor;
 

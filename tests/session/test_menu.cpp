@@ -62,7 +62,7 @@ TEST_F(Menu, AccessKeysOfTheMenuBarDoNotClash) {
         if (!r.parent.empty() || mark == std::string_view::npos) continue;
         EXPECT_TRUE(keys.insert(r.caption[mark + 1]).second) << r.caption;
     }
-    EXPECT_EQ(keys.size(), 9U);
+    EXPECT_EQ(keys.size(), 10U);
 }
 
 TEST_F(Menu, RowsOfTheCalculationMenuStartTheirModes) {

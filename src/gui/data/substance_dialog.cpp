@@ -18,7 +18,7 @@
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/theme.h"
-#include "session/help_topics.h"
+#include "gui/widgets/help_topics.h"
 #include "session/substance_session.h"
 
 namespace quor::gui {

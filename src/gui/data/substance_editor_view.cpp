@@ -16,7 +16,7 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "session/help_topics.h"
+#include "gui/widgets/help_topics.h"
 #include "session/substance_session.h"
 
 namespace quor::gui {

@@ -24,7 +24,7 @@
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "session/help_topics.h"
+#include "gui/widgets/help_topics.h"
 #include "session/questions.h"
 #include "session/xy_session.h"
 

@@ -91,6 +91,8 @@ FitParameterRows::FitParameterRows(estimation::FitState& fit, QWidget* parent)
     };
     below("Tcr/K = ", "txtTcr", estimation::kMaxPar + 1, TcrCaption_, Tcr_);
     below("pcr/kPa = ", "txtpcr", estimation::kMaxPar + 2, pcrCaption_, pcr_);
+    for (NumberEdit* field : {Tcr_, pcr_})
+        connect(field, &QLineEdit::editingFinished, this, &FitParameterRows::finishCritical);
     grid->setRowStretch(estimation::kMaxPar + 3, 1);
     grid->setColumnStretch(kResult, 1);
     keepPlaces();
@@ -125,6 +127,7 @@ FitParameterRows::Row FitParameterRows::buildRow(QGridLayout* grid, int i) {
     row.stdDev = output("txtStdDev" + index, kDeviationDigits);
     row.interval = output("txtInterval" + index, kDeviationDigits);
     row.left = arrow("<", "cmdleft" + index, " apply result as new starting value ");
+    connect(row.start, &QLineEdit::editingFinished, this, [this, i] { finishStart(i); });
     connect(row.fixed, &QCheckBox::clicked, this, [this, i](bool on) { fix(i, on); });
     connect(row.left, &QToolButton::clicked, this, [this, i] { takeResult(i); });
     const int line = i + 1;
@@ -138,7 +141,7 @@ FitParameterRows::Row FitParameterRows::buildRow(QGridLayout* grid, int i) {
     return row;
 }
 
-void FitParameterRows::showModel() {
+void FitParameterRows::showSettings() {
     const FitModelRow* model = estimation::find_model(fit_.FitModel);
     if (model == nullptr) return;
     for (int i = 0; i < estimation::kMaxPar; ++i) {
@@ -161,7 +164,6 @@ void FitParameterRows::showModel() {
     Tcr_->setText(number(fit_.Tcr));
     pcr_->setText(number(fit_.pcr));
     showStartValues();
-    showResults();
 }
 
 void FitParameterRows::showStartValues() {
@@ -193,17 +195,38 @@ void FitParameterRows::showResults() {
 }
 
 void FitParameterRows::read() {
-    for (std::size_t i = 0; i < rows_.size(); ++i)
-        if (static_cast<int>(i) < fit_.NPar) take(rows_[i].start, fit_.FitStart[i]);
-    take(Tcr_, fit_.Tcr);
-    take(pcr_, fit_.pcr);
+    for (int i = 0; i < fit_.NPar; ++i) finishStart(i);
+    finishCritical();
+}
+
+void FitParameterRows::finish(NumberEdit* field, double& value, const QString& step) {
+    const double before = value;
+    take(field, value);
+    if (field->isUndoAvailable()) field->setText(field->text());
+    if (value != before) Q_EMIT changed(step);
+}
+
+void FitParameterRows::finishStart(int i) {
+    const auto k = static_cast<std::size_t>(i);
+    finish(rows_[k].start, fit_.FitStart[k], "Change start value " + nameOf(i));
+}
+
+void FitParameterRows::finishCritical() {
+    finish(Tcr_, fit_.Tcr, "Change Tcr");
+    finish(pcr_, fit_.pcr, "Change pcr");
+}
+
+QString FitParameterRows::nameOf(int i) const {
+    return rows_[static_cast<std::size_t>(i)].label->text().section('=', 0, 0).trimmed();
 }
 
 void FitParameterRows::fix(int i, bool fixed) {
     const auto k = static_cast<std::size_t>(i);
+    finishStart(i);
     fit_.FitFixed[k] = fixed;
     if (rows_[k].start->text().trimmed().isEmpty()) rows_[k].start->setText(" 0.");
     shade(i);
+    Q_EMIT changed(nameOf(i) + (fixed ? " fixed" : " free"));
 }
 
 // The row of a fixed parameter is grey; its start value can still be typed.
@@ -219,14 +242,18 @@ void FitParameterRows::shade(int i) {
 }
 
 void FitParameterRows::takeResult(int i) {
+    read();
     estimation::take_result_as_start(fit_, i);
     const auto k = static_cast<std::size_t>(i);
     showNumber(rows_[k].start, number(fit_.FitStart[k]));
+    Q_EMIT changed("Result as start value " + nameOf(i));
 }
 
 void FitParameterRows::takeAllResults() {
+    read();
     estimation::take_all_results_as_start(fit_);
     showStartValues();
+    Q_EMIT changed("Results as start values");
 }
 
 }  // namespace quor::gui

@@ -27,12 +27,16 @@ class FitParameterRows : public QWidget {
     /// Shows `fit`, which must outlive it.
     explicit FitParameterRows(estimation::FitState& fit, QWidget* parent = nullptr);
 
-    /// Shows the rows of the chosen model with their start values and marks.
-    void showModel();
+    /// Shows the rows of the chosen model with their start values and marks; results stay.
+    void showSettings();
     void showStartValues();
     void showResults();
     /// Brings the typed start values, Tcr and pcr into the state.
     void read();
+
+  Q_SIGNALS:
+    /// The user has changed the state; `step` says what.
+    void changed(const QString& step);
 
   private:
     struct Row {
@@ -46,6 +50,11 @@ class FitParameterRows : public QWidget {
     };
     Row buildRow(QGridLayout* grid, int i);
     void keepPlaces();
+    /// Takes what was typed into a field as one step, no longer the field's own.
+    void finish(NumberEdit* field, double& value, const QString& step);
+    void finishStart(int i);
+    void finishCritical();
+    QString nameOf(int i) const;
     void fix(int i, bool fixed);
     void shade(int i);
     void takeResult(int i);

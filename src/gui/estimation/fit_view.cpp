@@ -16,7 +16,7 @@
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "session/help_topics.h"
+#include "gui/widgets/help_topics.h"
 
 namespace quor::gui {
 
@@ -39,6 +39,7 @@ FitView::FitView(Desk& desk, QWidget* parent)
     setWindowTitle("   Fitting");
     title_ = form::named(new QLabel, "lblTitle");
     rows_ = new FitParameterRows(fit_);
+    connect(rows_, &FitParameterRows::changed, this, &FitView::remember);
     quality_ = new FitQualityFrame(fit_);
     graph_ = new FitGraphFrame(fit_);
     for (QWidget* part : std::initializer_list<QWidget*>{quality_, graph_}) {
@@ -72,9 +73,52 @@ FitView::FitView(Desk& desk, QWidget* parent)
     setFocusProxy(start_);
 
     models_->button(0)->setChecked(true);
-    chooseModel(0);
+    beginFit(0);
     showTab(0);
     loadPoints();
+    history_.restart(fit_);
+    new UndoKeys(this, *this);
+}
+
+QString FitView::undoName() const {
+    return qt(history_.undo_name().value_or(""));
+}
+
+QString FitView::redoName() const {
+    return qt(history_.redo_name().value_or(""));
+}
+
+// What is still being typed is the last step.
+void FitView::undo() {
+    rows_->read();
+    if (history_.undo()) showPresent();
+}
+
+void FitView::redo() {
+    rows_->read();
+    if (history_.redo()) showPresent();
+}
+
+void FitView::remember(const QString& step) {
+    if (fit_.fitted && !is_same_function(fit_, history_.value())) dropResults();
+    history_.change(step.toStdString(), fit_);
+}
+
+void FitView::showPresent() {
+    const estimation::FitSettings& now = history_.value();
+    const bool otherModel = now.FitModel != fit_.FitModel;
+    const bool resultsStay = is_same_function(now, fit_);
+    static_cast<estimation::FitSettings&>(fit_) = now;
+    models_->button(now.FitModel)->setChecked(true);
+    phases_->button(static_cast<int>(now.cpPhase))->setChecked(true);
+    logFit_[now.FitLogSQ ? 1 : 0]->setChecked(true);
+    title_->setText(qt(estimation::fit_title(fit_)));
+    showTarget();
+    showModel();
+    if (otherModel)
+        if (const FitModelRow* row = estimation::find_model(now.FitModel))
+            showTab(static_cast<int>(row->tab));
+    if (!resultsStay) dropResults();
 }
 
 QWidget* FitView::buildTabs() {
@@ -107,18 +151,20 @@ QWidget* FitView::buildPage(int tab) {
         auto* box = new QHBoxLayout;
         box->setSpacing(theme::kGap);
         box->addWidget(new QLabel("Phase:"));
-        auto* phases = new QButtonGroup(this);
+        phases_ = new QButtonGroup(this);
         for (std::size_t i = 0; i < kPhases.size(); ++i) {
             const int id = static_cast<int>(i);
             auto* option =
                 form::named(new QRadioButton(kPhases[i]), QString("optcpPhase_%1").arg(id));
             option->setChecked(i == 0);
-            phases->addButton(option, id);
+            phases_->addButton(option, id);
             box->addWidget(option);
         }
         box->addStretch(1);
-        connect(phases, &QButtonGroup::idClicked, this,
-                [this](int id) { fit_.cpPhase = static_cast<estimation::CpPhase>(id); });
+        connect(phases_, &QButtonGroup::idClicked, this, [this](int id) {
+            fit_.cpPhase = static_cast<estimation::CpPhase>(id);
+            remember(QString("Phase: ") + kPhases[static_cast<std::size_t>(id)]);
+        });
         grid->addLayout(box, next++, 0, 1, 2);
     }
     const std::string_view units = estimation::unit_text(static_cast<FitTab>(tab));
@@ -148,7 +194,10 @@ QWidget* FitView::buildEquation() {
         logFit_[i] = form::named(new QRadioButton(qt(estimation::log_fit_caption(i == 1))),
                                  QString("optLogFit_%1").arg(static_cast<int>(i)));
         logFit_[i]->setChecked(i == 0);
-        connect(logFit_[i], &QRadioButton::clicked, this, [this, i] { fit_.FitLogSQ = i == 1; });
+        connect(logFit_[i], &QRadioButton::clicked, this, [this, i] {
+            fit_.FitLogSQ = i == 1;
+            remember(logFit_[i]->text().trimmed());
+        });
         row->addWidget(logFit_[i]);
     }
     row->addStretch(1);
@@ -198,6 +247,7 @@ QWidget* FitView::buildCommands() {
 }
 
 void FitView::loadPoints() {
+    rows_->read();
     const bool measured = session_->fitSource == session::FitSource::measuredData;
     const auto note = estimation::set_fit_points(
         fit_,
@@ -208,9 +258,10 @@ void FitView::loadPoints() {
     title_->setText(qt(estimation::fit_title(fit_)));
     // Points that come in for another substance begin a fit of that one.
     if (!estimation::is_same_substance(fit_.substance, session_->substance))
-        chooseModel(fit_.FitModel);
+        beginFit(fit_.FitModel);
     showTarget();
     dropResults();
+    remember("Load points");
 }
 
 void FitView::followSession() {
@@ -240,12 +291,22 @@ void FitView::showTab(int index) {
 }
 
 void FitView::chooseModel(int number) {
+    rows_->read();
+    beginFit(number);
+    remember("Choose " + models_->button(number)->text().trimmed());
+}
+
+void FitView::beginFit(int number) {
     adoptSubstance();
     if (!estimation::choose_model(fit_, static_cast<std::int16_t>(number))) return;
+    showModel();
+    showResults();
+}
+
+void FitView::showModel() {
     for (QRadioButton* option : logFit_) option->setEnabled(!isLinear());
     showEquation();
-    rows_->showModel();
-    showResults();
+    rows_->showSettings();
 }
 
 void FitView::showEquation() {
@@ -270,6 +331,7 @@ void FitView::changeForm(bool lg) {
     rows_->showStartValues();
     showEquation();
     dropResults();
+    remember(lg ? "lg instead of ln" : "ln instead of lg");
 }
 
 void FitView::start() {
@@ -295,6 +357,7 @@ void FitView::propose() {
     }
     fit_.FitStart = *proposal;
     rows_->showStartValues();
+    remember("Propose start values");
 }
 
 void FitView::apply() {

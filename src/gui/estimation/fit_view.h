@@ -2,12 +2,14 @@
 
 #include <array>
 
+#include "common/history.h"
 #include "estimation/fit_state.h"
 #include "gui/estimation/fit_graph_frame.h"
 #include "gui/estimation/fit_parameter_rows.h"
 #include "gui/estimation/fit_quality_frame.h"
 #include "gui/widgets/child_view.h"
 #include "gui/widgets/follows_session.h"
+#include "gui/widgets/undo_keys.h"
 
 class QButtonGroup;
 class QCheckBox;
@@ -19,8 +21,9 @@ class QTabWidget;
 namespace quor::gui {
 
 /// Fits one of the correlations of the system to the points of an editor, shows how well it does,
-/// and brings the parameters into the data of the active substance.
-class FitView : public ChildView, public FollowsSession {
+/// and brings the parameters into the data of the active substance. Its settings can be taken back;
+/// results go when they do not belong to them.
+class FitView : public ChildView, public FollowsSession, public Undoable {
     Q_OBJECT
 
   public:
@@ -34,13 +37,25 @@ class FitView : public ChildView, public FollowsSession {
     /// Brings a tab to the front, counted from 0.
     void showTab(int index);
 
+    QString undoName() const override;
+    QString redoName() const override;
+    void undo() override;
+    void redo() override;
+
   private:
     QWidget* buildTabs();
     QWidget* buildPage(int tab);
     QWidget* buildEquation();
     QWidget* buildCommands();
 
+    /// The settings as they stand, as a step that can be taken back.
+    void remember(const QString& step);
+    /// Shows the present state of the history.
+    void showPresent();
     void chooseModel(int number);
+    /// Begins a fit of a model for the active substance.
+    void beginFit(int number);
+    void showModel();
     void changeForm(bool lg);
     void start();
     void propose();
@@ -56,6 +71,7 @@ class FitView : public ChildView, public FollowsSession {
     void showResults();
 
     estimation::FitState fit_;
+    History<estimation::FitSettings> history_;
     QLabel* title_ = nullptr;
     QLabel* data_ = nullptr;
     QLabel* target_ = nullptr;
@@ -63,6 +79,7 @@ class FitView : public ChildView, public FollowsSession {
     QLabel* remark_ = nullptr;
     QTabWidget* tabs_ = nullptr;
     QButtonGroup* models_ = nullptr;
+    QButtonGroup* phases_ = nullptr;
     QCheckBox* lg_ = nullptr;
     std::array<QRadioButton*, 2> logFit_{};
     QPushButton* start_ = nullptr;

@@ -17,7 +17,7 @@
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "models/model_codes.h"
-#include "session/help_topics.h"
+#include "gui/widgets/help_topics.h"
 
 namespace quor::gui {
 

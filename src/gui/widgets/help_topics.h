@@ -1,8 +1,5 @@
 #pragma once
 
-#include <span>
-#include <string_view>
-
 /// Numbers of the help pages. A view opens its page by number; the pages of the models are found by
 /// adding the model's code. The page of a number is the file of that name, such as 2006.html.
 namespace quor::help {
@@ -65,21 +62,5 @@ inline constexpr int kDatabaseDiagrams = 5170;
 inline constexpr int kSurfaces = 5500;
 inline constexpr int kRealRange = 8555;
 inline constexpr int kReferenceState = 12000;
-
-/// The name of a control and the page about it.
-struct NamedTopic {
-    std::string_view name;
-    int topic;
-};
-
-/// The pages of the views and of larger parts of them.
-std::span<const NamedTopic> view_topics();
-
-/// The page about a view or a part of one by its control name; -1 when it has none of its own.
-int topic_of_view(std::string_view name);
-
-/// The page about a menu row or tool button by its control name: its own, else that of the menu it
-/// stands in; -1 for a name that belongs to no menu.
-int topic_of_row(std::string_view name);
 
 }  // namespace quor::help

@@ -1,8 +1,9 @@
-#include "session/help_topics.h"
+#include "app/menu_help.h"
 
 #include <array>
 
 #include "app/menu_catalogue.h"
+#include "gui/widgets/help_topics.h"
 
 namespace quor::help {
 
@@ -87,6 +88,7 @@ constexpr auto kRows = std::to_array<NamedTopic>({
     {"mnuCalc_20", kDatabaseFunctions},
     {"mnuCalc_sub_database", kDatabaseFunctions},
     {"mnuCalc_sub_sub_database", kDatabaseFunctions},
+    {"mnuEdit", kMainWindow},
     {"mnuFitting", kFitting},
     {"mnuOptions", kOptions},
     {"mnuWindow", kMainWindow},
