@@ -5,8 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "session/module2.h"
-#include "tools/quorcalc/commands.h"
+#include "tools/quorcalc/program.h"
 
 using namespace quor;
 
@@ -22,13 +21,12 @@ struct Outcome {
 
 class Quorcalc : public testing::Test {
   protected:
-    Quorcalc() { legacy::the_places = Places(QUOR_BINARY_FOLDER); }
-
     static Outcome call(const std::vector<std::string>& words, const std::string& input = "") {
         std::istringstream in(input);
         std::ostringstream out, err;
         Outcome r;
-        r.exit = quorcalc::Main(words, in, out, err);
+        quorcalc::Program program{Places(QUOR_BINARY_FOLDER)};
+        r.exit = program.main(words, in, out, err);
         r.out = out.str();
         r.err = err.str();
         return r;
@@ -76,6 +74,8 @@ TEST_F(Quorcalc, WrongCallsExitWithTwo) {
              {"nothing"},
              {"state", "--substance", "Propane", "--T", "300"},
              {"state", "--substance", "Propane", "--T", "x", "--p", "1"},
+             {"state", "--substance", "Propane", "--T", "", "--p", "1"},
+             {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--eos", ""},
              {"state", "--T", "300", "--p", "1"},
              {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--eos", "99"},
              {"state", "--substance", "Propane", "--T", "300", "--p", "1", "--vp", "XYZ"},

@@ -5,9 +5,8 @@
 #include <iostream>
 #include <sstream>
 
-#include "session/module2.h"
 #include "support/reference_cases.h"
-#include "tools/quorcalc/commands.h"
+#include "tools/quorcalc/program.h"
 
 using namespace quor;
 
@@ -45,12 +44,9 @@ std::vector<std::string> overrides() {
 
 class QuorcalcReference : public testing::Test {
   protected:
-    QuorcalcReference() { legacy::the_places = Places(QUOR_BINARY_FOLDER); }
-
-    static json call(const json& inputs, std::vector<std::string> words) {
-        static const std::vector<std::string> sets = overrides();
+    json call(const json& inputs, std::vector<std::string> words) {
         words.insert(words.end(), {"--json", "--substance", "Propane"});
-        words.insert(words.end(), sets.begin(), sets.end());
+        words.insert(words.end(), sets_.begin(), sets_.end());
         const auto option = [&](const char* name, const char* key) {
             if (!inputs.contains(key)) return;
             words.push_back(name);
@@ -80,7 +76,7 @@ class QuorcalcReference : public testing::Test {
         }
         std::istringstream in;
         std::ostringstream out, err;
-        quorcalc::Main(words, in, out, err);
+        program_.main(words, in, out, err);
         EXPECT_FALSE(out.str().empty()) << err.str();
         return out.str().empty() ? json() : json::parse(out.str());
     }
@@ -98,6 +94,10 @@ class QuorcalcReference : public testing::Test {
                     relative * std::fabs(expected.get<double>()))
             << what;
     }
+
+  private:
+    quorcalc::Program program_{Places(QUOR_BINARY_FOLDER)};
+    const std::vector<std::string> sets_ = overrides();
 };
 
 TEST_F(QuorcalcReference, States) {

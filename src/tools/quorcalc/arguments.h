@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,9 +28,24 @@ struct Arguments {
          lg = false;
 };
 
-/// Reads the words of a call (without the program's name). A wrong call throws `WrongCall` with its
-/// message; a call for help throws `HelpAsked` with the text to print.
-Arguments Parse(std::vector<std::string> words);
+/// Reads calls. A parser is dear to make and may read any number of them.
+class Parser {
+  public:
+    Parser();
+    ~Parser();
+
+    /// Reads the words of a call (without the program's name). A wrong call throws `WrongCall` with
+    /// its message; a call for help throws `HelpAsked` with the text to print.
+    Arguments parse(const std::vector<std::string>& words);
+
+  private:
+    class Reader;
+    std::unique_ptr<Reader> reader_;
+};
+
+/// Substance, models, units and reference state of a call as one text: equal texts ask for the
+/// very same.
+std::string common_key(const Arguments& arguments);
 
 /// The words of a line: separated by blanks, quoted where they hold blanks.
 std::vector<std::string> split_line(const std::string& line);

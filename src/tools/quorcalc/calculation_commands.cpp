@@ -3,7 +3,6 @@
 #include "common/text.h"
 #include "common/whole_file.h"
 #include "datafiles/measured_data.h"
-#include "legacy/current_fluid.h"
 #include "models/density.h"
 #include "models/reference_state.h"
 #include "report/titles.h"
@@ -16,17 +15,17 @@ namespace quor::quorcalc {
 namespace {
 
 /// The choice of a global or partial calculation, and of the liquid's density in the latter.
-calculation::Method method_of(const Arguments& a) {
+calculation::Method method_of(const Call& call, const Arguments& a) {
     if (a.global && a.partial) throw WrongCall{"--global and --partial exclude each other"};
     if (!a.liquid.empty() && a.liquid != "benson" && a.liquid != "rhoT")
         throw WrongCall{"--liquid is benson or rhoT"};
-    calculation::Method method = legacy::the_session.calculation.method;
-    method.global = !a.partial && !(legacy::the_models.EOSOnlyV && !a.global);
+    calculation::Method method = call.session->calculation.method;
+    method.global = !a.partial && !(call.session->models.EOSOnlyV && !a.global);
     method.liquidByBenson = a.liquid != "rhoT";
     // A "T, p" calculation is partial when a phase equilibrium is assumed.
     method.assumedVle = a.partial && a.mode == 3;
     if (!models::is_known(method.reference))
-        method.reference = models::propose_benson_reference(models::current_fluid()).point;
+        method.reference = models::propose_benson_reference(call.session.fluid()).point;
     return method;
 }
 
@@ -41,9 +40,9 @@ calculation::Task task_of(const Arguments& a) {
     return calculation::task_of_code(*a.mode);
 }
 
-calculation::Request request_of(const Arguments& a) {
+calculation::Request request_of(const Call& call, const Arguments& a) {
     calculation::Request request;
-    request.method = method_of(a);
+    request.method = method_of(call, a);
     request.given.T = a.T.value_or(0);
     request.given.p = a.p.value_or(0);
     request.given.rhoV = request.given.rhoL = static_cast<float>(a.rho.value_or(0));
@@ -57,10 +56,11 @@ calculation::Request request_of(const Arguments& a) {
     return request;
 }
 
-Json calc(const Arguments& a) {
-    set_up(a);
-    const report::TaskResult result = report::make_result(
-        models::current_fluid(), legacy::the_reference, session::unit_choice(), request_of(a));
+Json calc(Call& call, const Arguments& a) {
+    set_up(call, a);
+    const report::TaskResult result =
+        report::make_result(call.session.fluid(), call.session->reference,
+                            session::unit_choice(call.session.state()), request_of(call, a));
     report::show(messages(result, report::Tell::remarks));
     const report::Report& r = result.report;
     const calculation::Answer& answer = result.answer;
@@ -93,21 +93,21 @@ std::string substance_of(const std::string& file) {
     return text::trim_right(content->data.casrn);
 }
 
-Json batch(const Arguments& a) {
+Json batch(Call& call, const Arguments& a) {
     const std::string file = std::filesystem::absolute(a.file).string();
-    Arguments call = a;
+    Arguments asked = a;
     const std::string casrn = substance_of(file);
-    if (call.substance.empty()) call.substance = casrn;
-    set_up(call);
+    if (asked.substance.empty()) asked.substance = casrn;
+    set_up(call, asked);
     report::CalculationState state;
-    state.method = method_of(call);
-    if (!session::load_measured_data(file, false))
+    state.method = method_of(call, asked);
+    if (!session::load_measured_data(call.session, file, false))
         throw CannotBeDone{"nothing was loaded from " + file};
-    state.task = task_of(call);
-    state.pages = pages_of(call);
-    const report::Comparison comparison =
-        report::compare(models::current_fluid(), legacy::the_reference, session::unit_choice(),
-                        state, session::measured_sets(), legacy::the_session.BatchFile);
+    state.task = task_of(asked);
+    state.pages = pages_of(asked);
+    const report::Comparison comparison = report::compare(
+        call.session.fluid(), call.session->reference, session::unit_choice(call.session.state()),
+        state, session::measured_sets(call.session), call.session->measured.file);
     report::show(comparison.told);
     const std::string title = report::title_of(state.task, state.method);
     const bool extended = state.pages.tables();

@@ -6,7 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "session/session.h"
 #include "tools/quorcalc/arguments.h"
+#include "tools/quorcalc/kept.h"
+#include "tools/quorcalc/pictures.h"
 
 /// quorcalc: the core for scripts, batch runs and checks.
 namespace quor::quorcalc {
@@ -18,12 +21,20 @@ struct CannotBeDone {
     std::string message;
 };
 
+/// What a call works with.
+struct Call {
+    session::Session& session;                 ///< as at the start of the program
+    Kept& kept;                                ///< from former calls
+    const PictureDrawer& pictures;             ///< for the pictures that it asks for
+    const std::vector<std::string>& messages;  ///< what the core has told during this call
+};
+
 /// One subcommand: its options ("T!" is needed, "T" may be given) and what it computes. The result
 /// holds `status`, and `message` when that is not 0.
 struct Command {
     std::string_view name, help;
     std::vector<std::string_view> options;
-    Json (*run)(const Arguments&) = nullptr;
+    Json (*run)(Call&, const Arguments&) = nullptr;
     /// Prints the result for a reader; nothing: one "key = value" a line.
     std::string (*text)(const Json& result) = nullptr;
 };
@@ -31,18 +42,13 @@ struct Command {
 std::span<const Command> commands();
 const Command* find_command(std::string_view name);
 
-/// Brings the session to the state that the options ask for: database, substance, overrides,
-/// models, units, reference state. Throws `CannotBeDone` or `WrongCall`.
-void set_up(const Arguments& arguments);
+/// The database that the options name, opened. Throws `CannotBeDone`.
+datafiles::Database database_of(Call& call, const Arguments& arguments);
 
-/// Runs one parsed call from a fresh session and gives its result; never throws. A calculation
-/// that cannot be done has status -1, a wrong call `wrongCall` set.
-Json execute(const Arguments& arguments, bool& wrongCall);
-
-/// The whole program: words behind the program's name, exit code back. Results go to `out`,
-/// messages to `err`.
-int Main(const std::vector<std::string>& words, std::istream& in, std::ostream& out,
-         std::ostream& err);
+/// Brings the session from the start of the program to the state that the options ask for:
+/// database, substance, overrides, models, units, reference state. Throws `CannotBeDone` or
+/// `WrongCall`.
+void set_up(Call& call, const Arguments& arguments);
 
 /// A number, or null for what is not there (0) or not finite.
 Json present(double value);

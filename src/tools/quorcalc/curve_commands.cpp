@@ -1,9 +1,8 @@
 #include <charconv>
 
 #include "common/text.h"
-#include "legacy/current_diagram.h"
+#include "session/diagram_choice.h"
 #include "tools/quorcalc/command_list.h"
-#include "tools/quorcalc/pictures.h"
 
 namespace quor::quorcalc {
 
@@ -22,11 +21,12 @@ std::vector<float> numbers_of(const std::string& list, const char* option) {
 }
 
 /// The diagram of a code with one curve in it, as the diagram view shows it.
-void draw(const Arguments& a, const diagrams::Basis& basis, const diagrams::CurveRequest& request,
-          const diagrams::Curve& curve) {
+void draw(const Call& call, const Arguments& a, const diagrams::Basis& basis,
+          const diagrams::CurveRequest& request, const diagrams::Curve& curve) {
     const diagrams::Diagram& diagram = diagrams::home_of(*request.curve);
     diagrams::DiagramRequest shown =
-        diagrams::prepare_diagram(*request.curve, basis, diagrams::current_start()).request;
+        diagrams::prepare_diagram(*request.curve, basis, session::present_start(call.session))
+            .request;
     shown.window = request.window;
     diagrams::DiagramSheet sheet = diagrams::open_sheet(shown, basis, request.at);
     const diagrams::DiagramTexts texts = diagrams::texts_of(diagram, basis, shown.validity);
@@ -34,7 +34,7 @@ void draw(const Arguments& a, const diagrams::Basis& basis, const diagrams::Curv
                           {curve.points, curve.parameter, basis,
                            diagrams::name_of(request, basis, false), texts.subTitle},
                           request.window.xMax);
-    write_pictures(a, sheet);
+    write_pictures(call.pictures, a, sheet);
 }
 
 const diagrams::Diagram& diagram_of_type(const Arguments& a) {
@@ -68,16 +68,16 @@ Json points_of(const diagrams::Curve& curve) {
     return list;
 }
 
-Json curve(const Arguments& a) {
+Json curve(Call& call, const Arguments& a) {
     const diagrams::Diagram& diagram = diagram_of_type(a);
-    set_up(a);
-    diagrams::CurveOptions options = diagrams::current_options();
+    set_up(call, a);
+    diagrams::CurveOptions options = call.session->curveOptions;
     if (a.points) {
         if (*a.points < 1 || *a.points > 32000) throw WrongCall{"--points is out of range"};
         options.points = *a.points;
     }
-    legacy::the_session.DiagramT = a.T.value_or(legacy::the_session.DiagramT);
-    const diagrams::Basis basis = diagrams::current_basis();
+    if (a.T) call.session.change()->diagramAt.T = *a.T;
+    const diagrams::Basis basis = session::present_basis(call.session);
     const diagrams::CoordinateDefaults limits = diagrams::coordinate_defaults(basis);
     const diagrams::CurveRequest request{.curve = &diagram,
                                          .window = window_of(a, diagram, basis, limits),
@@ -92,7 +92,7 @@ Json curve(const Arguments& a) {
     const std::string message = r.message.empty() ? told.text : r.message;
     if (wants_picture(a)) {
         if (!diagrams::is_drawn(r.status)) throw CannotBeDone{message};
-        draw(a, basis, request, r);
+        draw(call, a, basis, request, r);
     }
     return {{"status", static_cast<int>(r.status)},
             {"count", r.points.size()},

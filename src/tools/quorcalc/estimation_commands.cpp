@@ -7,7 +7,6 @@
 #include "estimation/fit_models.h"
 #include "estimation/fit_run.h"
 #include "estimation/group_contributions.h"
-#include "legacy/declare.h"
 #include "session/xy_session.h"
 #include "tools/quorcalc/command_list.h"
 
@@ -43,12 +42,12 @@ void choose_start(const Arguments& a, FitState& state) {
     }
 }
 
-Json fit(const Arguments& a) {
+Json fit(Call& call, const Arguments& a) {
     // A fit needs points; the substance only lends its critical data.
-    if (!a.substance.empty()) set_up(a);
+    if (!a.substance.empty()) set_up(call, a);
     FitState state;
     state.lg = a.lg;
-    state.substance = legacy::the_substance;
+    state.substance = call.session->substance;
     if (!estimation::choose_model(state, static_cast<std::int16_t>(*a.model)))
         throw WrongCall{"--model: no such model"};
     state.lg = a.lg;
@@ -60,9 +59,9 @@ Json fit(const Arguments& a) {
     if (a.pcr) state.pcr = *a.pcr;
     choose_start(a, state);
 
-    if (!session::load_xy(std::filesystem::absolute(a.file).string()))
+    if (!session::load_xy(call.session, std::filesystem::absolute(a.file).string()))
         throw CannotBeDone{"nothing was loaded from " + a.file};
-    if (const auto note = estimation::set_fit_points(state, legacy::the_xyData.points, false))
+    if (const auto note = estimation::set_fit_points(state, call.session->xy.points, false))
         dialogs::tell(*note, "WARNING");
     Json result = {{"status", 0},  {"parameters", Json()}, {"stdDev", Json()},
                    {"SQ", Json()}, {"sR", Json()},         {"failed", true}};
@@ -96,7 +95,7 @@ Json optional(const std::optional<double>& value) {
     return value ? Number(*value) : Json();
 }
 
-Json groups(const Arguments& a) {
+Json groups(Call&, const Arguments& a) {
     const auto counts = estimation::parse_groups(a.groups);
     if (!counts) throw WrongCall{"--groups cannot be read: " + a.groups};
     const estimation::CriticalData critical = estimation::joback_critical(*counts, a.Tb);

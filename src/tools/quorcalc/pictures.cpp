@@ -20,21 +20,18 @@ void write_all(const Arguments& a, const Draw& draw, Chart& chart) {
 
 }  // namespace
 
-PictureDrawer& pictures() {
-    static PictureDrawer drawer;
-    return drawer;
-}
-
 bool wants_picture(const Arguments& a) {
     return !a.png.empty() || !a.svg.empty() || !a.pdf.empty();
 }
 
-void write_pictures(const Arguments& a, diagrams::DiagramSheet& sheet) {
-    write_all(a, pictures().drawSheet, sheet);
+void write_pictures(const PictureDrawer& drawer, const Arguments& a,
+                    diagrams::DiagramSheet& sheet) {
+    write_all(a, drawer.drawSheet, sheet);
 }
 
-void write_pictures(const Arguments& a, const chart::Chart3D& surface) {
-    write_all(a, pictures().drawSurface, surface);
+void write_pictures(const PictureDrawer& drawer, const Arguments& a,
+                    const chart::Chart3D& surface) {
+    write_all(a, drawer.drawSurface, surface);
 }
 
 }  // namespace quor::quorcalc

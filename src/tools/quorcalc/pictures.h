@@ -10,8 +10,8 @@
 
 namespace quor::quorcalc {
 
-/// Draws diagrams into files without a window. The program installs it, so that the commands know
-/// nothing of fonts and painters; where nothing is installed a picture cannot be made.
+/// Draws diagrams into files without a window. The program hands it in, so that the commands know
+/// nothing of fonts and painters; with empty functions a picture cannot be made.
 struct PictureDrawer {
     /// The outcome of writing a file of `format`: "png", "svg" or "pdf".
     using Outcome = chart::FileOutcome;
@@ -22,13 +22,14 @@ struct PictureDrawer {
                           const std::string& file)>
         drawSurface;
 };
-PictureDrawer& pictures();
 
 /// True when the call asks for a picture.
 bool wants_picture(const Arguments& arguments);
 
 /// Writes every picture that the call asks for. Throws `CannotBeDone` with the reason.
-void write_pictures(const Arguments& arguments, diagrams::DiagramSheet& sheet);
-void write_pictures(const Arguments& arguments, const chart::Chart3D& surface);
+void write_pictures(const PictureDrawer& drawer, const Arguments& arguments,
+                    diagrams::DiagramSheet& sheet);
+void write_pictures(const PictureDrawer& drawer, const Arguments& arguments,
+                    const chart::Chart3D& surface);
 
 }  // namespace quor::quorcalc

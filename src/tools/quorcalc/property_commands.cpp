@@ -1,4 +1,3 @@
-#include "legacy/current_fluid.h"
 #include "models/caloric.h"
 #include "models/density.h"
 #include "models/enthalpy_of_vaporisation.h"
@@ -14,40 +13,40 @@ Json density(const models::DensityResult& r) {
     return {{"status", r.status}, {"rho", present(r.rho)}, {"deviation", r.deviation}};
 }
 
-Json rhol(const Arguments& a) {
-    set_up(a);
-    return density(models::density_liquid(legacy::the_substance, static_cast<float>(*a.T)));
+Json rhol(Call& call, const Arguments& a) {
+    set_up(call, a);
+    return density(models::density_liquid(call.session->substance, static_cast<float>(*a.T)));
 }
 
-Json rhos(const Arguments& a) {
-    set_up(a);
-    return density(models::density_solid(legacy::the_substance, static_cast<float>(*a.T)));
+Json rhos(Call& call, const Arguments& a) {
+    set_up(call, a);
+    return density(models::density_solid(call.session->substance, static_cast<float>(*a.T)));
 }
 
-Json cpid(const Arguments& a) {
-    set_up(a);
+Json cpid(Call& call, const Arguments& a) {
+    set_up(call, a);
     const models::CpResult r =
-        models::ideal_gas_cp(legacy::the_substance, legacy::the_models.CpModel, *a.T);
-    const models::CpSet& set = legacy::the_models.CpModel == models::CpForm::polynomial
-                                   ? legacy::the_substance.cpPoly
-                                   : legacy::the_substance.cpSinh;
+        models::ideal_gas_cp(call.session->substance, call.session->models.CpModel, *a.T);
+    const models::CpSet& set = call.session->models.CpModel == models::CpForm::polynomial
+                                   ? call.session->substance.cpPoly
+                                   : call.session->substance.cpSinh;
     const double outside = *a.T < set.TLo ? *a.T - set.TLo : *a.T > set.THi ? *a.T - set.THi : 0.0;
     return {{"status", r.status},
             {"cp", r.status == kSuccess ? Number(r.cp) : Json()},
             {"deviation", r.status == kSuccess ? Json(outside) : Json()}};
 }
 
-Json hlv(const Arguments& a) {
+Json hlv(Call& call, const Arguments& a) {
     if (!a.T && !a.p) throw WrongCall{"--T or --p is required"};
-    set_up(a);
-    const models::EnthalpyOfVaporisationResult r = models::enthalpy_of_vaporisation(
-        models::current_fluid(),
-        {.model = legacy::the_models.HLVModel,
-         .vpCode = legacy::the_models.VPModel,
-         .reference = legacy::the_session.calculation.method.reference,
-         .T = 0,
-         .p = 0},
-        a.T.value_or(0), a.p.value_or(0));
+    set_up(call, a);
+    const models::EnthalpyOfVaporisationResult r =
+        models::enthalpy_of_vaporisation(call.session.fluid(),
+                                         {.model = call.session->models.HLVModel,
+                                          .vpCode = call.session->models.VPModel,
+                                          .reference = call.session->calculation.method.reference,
+                                          .T = 0,
+                                          .p = 0},
+                                         a.T.value_or(0), a.p.value_or(0));
     const bool good = r.status == kSuccess;
     Json result = {{"status", r.status},       {"hLV", good ? Json(r.h) : Json()},
                    {"T", present(r.T)},        {"p", present(r.p)},
@@ -65,8 +64,9 @@ Json numbers_from(const Array& values, std::size_t first) {
     return array;
 }
 
-Json phase(const models::Fluid& fluid, double T, double p, double v, Status& status) {
-    models::ReferenceState reference = legacy::the_reference;
+Json phase(const session::Session& session, double T, double p, double v, Status& status) {
+    const models::Fluid& fluid = session.fluid();
+    models::ReferenceState reference = session->reference;
     models::settle_reference(reference);
     const models::StateValues r = models::state_functions(
         fluid, reference, models::surroundings_state(fluid, reference), T, p, v);
@@ -90,21 +90,20 @@ Json phase(const models::Fluid& fluid, double T, double p, double v, Status& sta
             {"eU", Number(r.eU)}};
 }
 
-Json functions(const Arguments& a) {
+Json functions(Call& call, const Arguments& a) {
     if (!a.row.empty() && a.row != "V" && a.row != "L") throw WrongCall{"--row is V or L"};
-    set_up(a);
+    set_up(call, a);
     Json result = {{"status", 0}, {"V", Json()}, {"L", Json()}};
     Status status = kSuccess;
-    const models::Fluid fluid = models::current_fluid();
     if (a.v) {
-        result[a.row.empty() ? "V" : a.row] = phase(fluid, *a.T, *a.p, *a.v, status);
+        result[a.row.empty() ? "V" : a.row] = phase(call.session, *a.T, *a.p, *a.v, status);
     } else {
-        const models::StateTP state = models::solve_state_tp(fluid, *a.T, *a.p);
+        const models::StateTP state = models::solve_state_tp(call.session.fluid(), *a.T, *a.p);
         status = state.status;
         if (status == kSuccess && state.hasV)
-            result["V"] = phase(fluid, *a.T, *a.p, state.vV, status);
+            result["V"] = phase(call.session, *a.T, *a.p, state.vV, status);
         if (status == kSuccess && state.hasL)
-            result["L"] = phase(fluid, *a.T, *a.p, state.vL, status);
+            result["L"] = phase(call.session, *a.T, *a.p, state.vL, status);
     }
     result["status"] = status;
     return result;

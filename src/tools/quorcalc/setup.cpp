@@ -4,22 +4,20 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "datafiles/record_fields.h"
-#include "legacy/wrappers.h"
 #include "models/cubic_eos.h"
 #include "models/model_choice.h"
 #include "models/model_codes.h"
 #include "models/model_tables.h"
-#include "models/parameter_program.h"
 #include "models/vapour_pressure.h"
-#include "session/module2.h"
 #include "session/substance_session.h"
+#include "session/take_models.h"
 #include "tools/quorcalc/commands.h"
 
 namespace quor::quorcalc {
 
-using legacy::the_substance;
-
 namespace {
+
+namespace fs = std::filesystem;
 
 /// A whole text as a number; nothing when it is none.
 std::optional<double> number(const std::string& s) {
@@ -29,30 +27,45 @@ std::optional<double> number(const std::string& s) {
     return value;
 }
 
-void open_database(const Arguments& a) {
-    const std::string path =
-        a.db.empty() ? legacy::the_places.find_file("STUDENT.Q05").string() : a.db;
-    if (!session::open_database(std::filesystem::absolute(path).string()))
-        throw CannotBeDone{"Database " + paths::file_title(path) + " not found or empty resp."};
-    legacy::the_session.DatabaseFile = paths::file_title(path);
+/// The path of the database as it is named in messages.
+std::string database_path(const Call& call, const Arguments& a) {
+    return a.db.empty() ? call.session.places().find_file("STUDENT.Q05").string() : a.db;
+}
+
+fs::path synonym_path(const Call& call) {
+    return call.session.places().find_file(std::string(datafiles::kSynonymFile));
+}
+
+void open_database(Call& call, const Arguments& a) {
+    datafiles::Database database = database_of(call, a);
+    const auto now = call.session.change();
+    now->database = std::move(database);
+    now->databaseFile = paths::file_title(database_path(call, a));
 }
 
 /// Position (from 1) of a substance: "#number", else a name, synonym or CASRN.
-std::int16_t find_substance(const std::string& wanted) {
-    const std::int16_t index = session::find_substance(wanted);
+std::int16_t find_substance(Call& call, const std::string& wanted) {
+    const fs::path file = synonym_path(call);
+    if (const auto synonyms = call.kept.synonyms(file)) {
+        const auto now = call.session.change();
+        now->synonyms = *synonyms;
+        now->synonymFile = file;
+    }
+    const std::int16_t index = session::find_substance(call.session, wanted);
     if (index == 0) throw CannotBeDone{"Nothing found: " + wanted};
     return index;
 }
 
-void read_substance(const Arguments& a) {
+void read_substance(Call& call, const Arguments& a) {
     if (a.substance.empty()) throw WrongCall{"--substance is required"};
-    legacy::the_session.CurrentSubstance = find_substance(a.substance);
-    (void)session::read_substance(legacy::the_session.CurrentSubstance);
-    legacy::the_session.SubstanceSet = true;
+    const std::int16_t number = find_substance(call, a.substance);
+    (void)session::read_substance(call.session, number);
+    const auto now = call.session.change();
+    now->substanceNumber = number;
+    now->substanceSet = true;
 }
 
-double* ji_torvik_field(const std::string& name) {
-    models::JiTorvikParameters& jt = legacy::the_jiTorvik;
+double* ji_torvik_field(models::JiTorvikParameters& jt, const std::string& name) {
     if (name == "jtM") return &jt.jtM;
     if (name == "jtP") return &jt.jtP;
     if (name == "jtQ") return &jt.jtQ;
@@ -80,62 +93,59 @@ std::vector<Override> overrides(const Arguments& a) {
     return all;
 }
 
-void store(const Override& o) {
-    const Result<void> stored = datafiles::set_field(the_substance, o.field, o.value);
+void store(models::SubstanceRecord& substance, const Override& o) {
+    const Result<void> stored = datafiles::set_field(substance, o.field, o.value);
     if (!stored) throw WrongCall{stored.reason()};
 }
 
-void correlate() {
-    models::CorrelateAugust();
+void correlate(models::SubstanceRecord& s) {
+    models::correlate_august(s);
     using enum models::VapourPressureEquation;
     for (const auto equation : {frostVanDerWaals, frostRedlichKwong, thompson})
-        models::CorrelateVapourPressure(equation, the_substance.Tcrit, the_substance.pcrit,
-                                        static_cast<double>(the_substance.Tboil));
+        models::correlate_vapour_pressure(s, equation, s.Tcrit, s.pcrit,
+                                          static_cast<double>(s.Tboil));
 }
 
 /// Values of the record that follow from others, where a field they come from was set.
-void refresh_derived(const std::vector<Override>& all) {
+void refresh_derived(models::SubstanceRecord& s, const std::vector<Override>& all) {
     const auto was_set = [&](std::string_view name) {
         for (const Override& o : all)
             if (o.field.starts_with(name)) return true;
         return false;
     };
     if ((was_set("M") || was_set("rhocrit")) && !was_set("vcritExp"))
-        the_substance.vcritExp = the_substance.rhocrit > 1e-6
-                                     ? static_cast<double>(the_substance.M) / the_substance.rhocrit
-                                     : 0.0;
-    const auto ideal = [](const models::CpSet& s) {
-        return std::fabs(static_cast<double>(s.TLo) * static_cast<double>(s.c[0]) * s.THi) > 1e-6;
+        s.vcritExp = s.rhocrit > 1e-6 ? static_cast<double>(s.M) / s.rhocrit : 0.0;
+    const auto ideal = [](const models::CpSet& set) {
+        return std::fabs(static_cast<double>(set.TLo) * static_cast<double>(set.c[0]) * set.THi) >
+               1e-6;
     };
-    const auto condensed = [](const models::CpSet& s) {
-        return (std::fabs(s.c[0]) > 1e-6F || std::fabs(s.c[1]) > 1e-6F) && s.TLo > 0 && s.THi > 0;
+    const auto condensed = [](const models::CpSet& set) {
+        return (std::fabs(set.c[0]) > 1e-6F || std::fabs(set.c[1]) > 1e-6F) && set.TLo > 0 &&
+               set.THi > 0;
     };
-    if (was_set("cpPoly") && !was_set("hasCpPoly"))
-        the_substance.hasCpPoly = ideal(the_substance.cpPoly);
-    if (was_set("cpSinh") && !was_set("hasCpSinh"))
-        the_substance.hasCpSinh = ideal(the_substance.cpSinh);
-    if (was_set("cpL") && !was_set("hasCpL")) the_substance.hasCpL = condensed(the_substance.cpL);
-    if (was_set("cpS") && !was_set("hasCpS")) the_substance.hasCpS = condensed(the_substance.cpS);
+    if (was_set("cpPoly") && !was_set("hasCpPoly")) s.hasCpPoly = ideal(s.cpPoly);
+    if (was_set("cpSinh") && !was_set("hasCpSinh")) s.hasCpSinh = ideal(s.cpSinh);
+    if (was_set("cpL") && !was_set("hasCpL")) s.hasCpL = condensed(s.cpL);
+    if (was_set("cpS") && !was_set("hasCpS")) s.hasCpS = condensed(s.cpS);
 }
 
-void apply_overrides(const std::vector<Override>& all) {
-    bool jiTorvik = false;
+void apply_overrides(session::SessionState& state, const std::vector<Override>& all) {
+    models::SubstanceRecord& substance = state.substance;
     for (const Override& o : all) {
-        if (double* field = ji_torvik_field(o.field)) {
+        if (double* field = ji_torvik_field(state.jiTorvik, o.field)) {
             const auto value = number(o.value);
             if (!value) throw WrongCall{"not a number: " + o.field + "=" + o.value};
             *field = *value;
-            jiTorvik = true;
+            state.jiTorvikGiven = true;
         } else {
-            store(o);
+            store(substance, o);
         }
     }
-    models::give_ji_torvik_parameters(jiTorvik);
-    refresh_derived(all);
-    correlate();
+    refresh_derived(substance, all);
+    correlate(substance);
     // A correlated set that is given itself stands as it is.
     for (const Override& o : all)
-        if (is_correlated(o.field)) store(o);
+        if (is_correlated(o.field)) store(substance, o);
 }
 
 std::int16_t code_between(int value, int low, int high, const char* option) {
@@ -143,17 +153,17 @@ std::int16_t code_between(int value, int low, int high, const char* option) {
     return static_cast<std::int16_t>(value);
 }
 
-void choose_models(const Arguments& a) {
-    models::ModelSelection& m = legacy::the_models;
+models::ModelSelection models_of(const Arguments& a, const models::SubstanceRecord& substance,
+                                 models::ModelSelection m) {
     // The record's own default, which follows overrides of the measured sets.
     using enum models::VapourPressureEquation;
-    m.VPModel = the_substance.WAG.TLo > 0   ? wagner
-                : the_substance.FRO.TLo > 0 ? frostKalkwarf
-                : the_substance.ALP.TLo > 0 ? antoineLow
-                : the_substance.AHP.TLo > 0 ? antoineHigh
-                                            : none;
+    m.VPModel = substance.WAG.TLo > 0   ? wagner
+                : substance.FRO.TLo > 0 ? frostKalkwarf
+                : substance.ALP.TLo > 0 ? antoineLow
+                : substance.AHP.TLo > 0 ? antoineHigh
+                                        : none;
     // Brings every family to an entry that is offered.
-    m = models::ModelChoice(the_substance, m).models();
+    m = models::ModelChoice(substance, m).models();
 
     if (a.eos)
         m.EOSModel =
@@ -170,21 +180,30 @@ void choose_models(const Arguments& a) {
     if (a.watson) m.WatsonN = static_cast<float>(*a.watson);
     if (!a.priority.empty()) m.PriorityCEOS = a.priority == "ceos";
     if (m.EOSOnlyV) m.PriorityCEOS = false;
-    if (models::calc_eos_parameters(m.EOSModel) > 0)
+    return m;
+}
+
+void choose_models(session::Session& session, const Arguments& a) {
+    const models::ModelSelection chosen = models_of(a, session->substance, session->models);
+    session.change()->models = chosen;
+    if (!session::compute_constants(session, chosen.EOSModel))
         throw CannotBeDone{"Error during EOS-parameter calculation"};
 }
 
-void choose_units(const Arguments& a) {
-    legacy::Session& s = legacy::the_session;
-    if (a.units == "specific") s.CaloricUnit = 3;
-    s.UnitMode = a.units == "specific" ? 1 : a.units == "reduced" ? 2 : 0;
-    if (s.CaloricUnit == 3 && !(the_substance.M > 0)) throw CannotBeDone{"Division by zero"};
-    s.CaloricFactor = session::caloric_factor_of(s.CaloricUnit, s.DiagramT);
-    session::refresh_units();
+void choose_units(session::Session& session, const Arguments& a) {
+    const auto now = session.change();
+    using enum models::UnitSystem;
+    now->unitSystem = a.units == "specific" ? specific : a.units == "reduced" ? reduced : molar;
+    if (now->unitSystem == specific) {
+        if (!(now->substance.M > 0)) throw CannotBeDone{"Division by zero"};
+        now->caloricUnit = models::CaloricUnit::specific;
+    }
+    now->caloricFactor = models::caloric_factor(now->caloricUnit, now->diagramAt.T, now->substance);
+    session::settle_units(session);
 }
 
-void choose_reference(const Arguments& a) {
-    models::ReferenceState& r = legacy::the_reference;
+void choose_reference(session::SessionState& state, const Arguments& a) {
+    models::ReferenceState& r = state.reference;
     if (a.refmode) r.RefMode = static_cast<std::int16_t>(*a.refmode);
     if (a.href) r.href = *a.href;
     if (a.sref) r.sref = *a.sref;
@@ -201,18 +220,43 @@ void choose_reference(const Arguments& a) {
         if (!value) throw WrongCall{"--benson: not a number: " + parts[i]};
         values[i] = static_cast<float>(*value);
     }
-    legacy::the_session.calculation.method.reference = {values[0], values[1], values[2], values[3]};
+    state.calculation.method.reference = {values[0], values[1], values[2], values[3]};
+}
+
+/// True when a call that asks for the same is bound to get the same: nothing was told, and no
+/// program was asked for parameters.
+bool is_repeatable(const Call& call) {
+    const models::Eos eos = call.session->models.EOSModel;
+    const bool fitted = eos == models::Eos::jiTorvik1 || eos == models::Eos::jiTorvik2;
+    return call.messages.empty() && (!fitted || call.session->jiTorvikGiven);
 }
 
 }  // namespace
 
-void set_up(const Arguments& a) {
-    open_database(a);
-    read_substance(a);
-    apply_overrides(overrides(a));
-    choose_models(a);
-    choose_units(a);
-    choose_reference(a);
+datafiles::Database database_of(Call& call, const Arguments& a) {
+    const std::string path = database_path(call, a);
+    Result<datafiles::Database> database = call.kept.database(fs::absolute(path));
+    if (!database)
+        throw CannotBeDone{"Database " + paths::file_title(path) + " not found or empty resp."};
+    return *std::move(database);
+}
+
+void set_up(Call& call, const Arguments& a) {
+    const std::string key = common_key(a);
+    const Kept::Sources sources{stamp_of(fs::absolute(database_path(call, a))),
+                                stamp_of(synonym_path(call))};
+    session::Session& session = call.session;
+    if (const session::SessionState* known = call.kept.state(key, sources)) {
+        *session.change() = *known;
+        return;
+    }
+    open_database(call, a);
+    read_substance(call, a);
+    apply_overrides(*session.change(), overrides(a));
+    choose_models(session, a);
+    choose_units(session, a);
+    choose_reference(*session.change(), a);
+    if (is_repeatable(call)) call.kept.keep(key, sources, session.state());
 }
 
 }  // namespace quor::quorcalc

@@ -1,31 +1,22 @@
-#include <filesystem>
-
 #include "common/text.h"
 #include "datafiles/database.h"
 #include "datafiles/record_fields.h"
-#include "legacy/current_fluid.h"
 #include "models/cubic_eos.h"
 #include "models/model_tables.h"
 #include "models/saturation.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
-#include "session/module2.h"
 #include "tools/quorcalc/command_list.h"
 
 namespace quor::quorcalc {
 
 namespace {
 
-Json list(const Arguments& a) {
-    const std::string path =
-        a.db.empty() ? legacy::the_places.find_file("STUDENT.Q05").string() : a.db;
-    const auto database =
-        datafiles::Database::open(std::filesystem::absolute(path), legacy::the_session.EnglishUi);
-    if (!database)
-        throw CannotBeDone{"Database " + paths::file_title(path) + " not found or empty resp."};
+Json list(Call& call, const Arguments& a) {
+    const datafiles::Database database = database_of(call, a);
     Json substances = Json::array();
-    for (const datafiles::DatabaseEntry& entry : database->entries())
+    for (const datafiles::DatabaseEntry& entry : database.entries())
         substances.push_back({{"index", substances.size() + 1},
                               {"number", entry.number},
                               {"name", text::trim_right(entry.name)},
@@ -44,7 +35,7 @@ std::string list_text(const Json& result) {
     return out;
 }
 
-Json value_of(const datafiles::FieldPlace& place) {
+Json value_of(const models::SubstanceRecord& substance, const datafiles::FieldPlace& place) {
     return std::visit(
         [](const auto& value) -> Json {
             using T = std::decay_t<decltype(value)>;
@@ -56,28 +47,30 @@ Json value_of(const datafiles::FieldPlace& place) {
                 return value;
             }
         },
-        datafiles::ValueOf(legacy::the_substance, place));
+        datafiles::ValueOf(substance, place));
 }
 
-Json data(const Arguments& a) {
-    set_up(a);
+Json data(Call& call, const Arguments& a) {
+    set_up(call, a);
+    const models::SubstanceRecord& substance = call.session->substance;
     Json result = {{"status", 0}};
     for (const datafiles::RecordField& field : datafiles::record_fields()) {
         if (field.count == 0) {
-            result[std::string(field.name)] = value_of({&field, 0});
+            result[std::string(field.name)] = value_of(substance, {&field, 0});
             continue;
         }
         Json elements = Json::array();
-        for (std::size_t i = 0; i < field.count; ++i) elements.push_back(value_of({&field, i}));
+        for (std::size_t i = 0; i < field.count; ++i)
+            elements.push_back(value_of(substance, {&field, i}));
         result[std::string(field.name)] = elements;
     }
-    result["VPCode"] = models::vp_code(legacy::the_models.VPModel);
+    result["VPCode"] = models::vp_code(call.session->models.VPModel);
     return result;
 }
 
-Json eos(const Arguments& a) {
-    set_up(a);
-    const models::Fluid fluid = models::current_fluid();
+Json eos(Call& call, const Arguments& a) {
+    set_up(call, a);
+    const models::Fluid fluid = call.session.fluid();
     const models::EOSParameters& e = fluid.eos();
     const models::EOSState s = models::eos_at(fluid, *a.T);
     const models::JiTorvikParameters& jt = fluid.jt();
@@ -100,9 +93,9 @@ Json eos(const Arguments& a) {
             {"jtA0", jt.jtA0}};
 }
 
-Json pressure(const Arguments& a) {
-    set_up(a);
-    const models::Fluid fluid = models::current_fluid();
+Json pressure(Call& call, const Arguments& a) {
+    set_up(call, a);
+    const models::Fluid fluid = call.session.fluid();
     models::EOSState state = models::eos_at(fluid, *a.T);
     const models::PressureResult r = models::pressure_from_Tv(fluid, *a.T, *a.v, state);
     return {{"status", r.status}, {"p", r.status == kSuccess ? Number(r.p) : Json()}};
@@ -114,18 +107,18 @@ Json volumes(const std::array<double, 3>& v, int count) {
     return array;
 }
 
-Json roots(const Arguments& a) {
-    set_up(a);
-    if (legacy::the_models.EOSOnlyV) throw CannotBeDone{"possible only by using a  cubic EOS"};
+Json roots(Call& call, const Arguments& a) {
+    set_up(call, a);
+    if (call.session->models.EOSOnlyV) throw CannotBeDone{"possible only by using a  cubic EOS"};
     if (!(*a.p > 0) || !(*a.T > 0)) throw CannotBeDone{"T and p have to be > 0"};
-    const models::EOSState state = models::eos_at(models::current_fluid(), *a.T);
+    const models::EOSState state = models::eos_at(call.session.fluid(), *a.T);
     const models::CubicRoots r = models::solve_cubic(state, *a.T, *a.p);
     return {{"status", r.status}, {"v", volumes(r.v, r.count)}, {"count", r.count}};
 }
 
-Json state(const Arguments& a) {
-    set_up(a);
-    const models::StateTP r = models::solve_state_tp(models::current_fluid(), *a.T, *a.p);
+Json state(Call& call, const Arguments& a) {
+    set_up(call, a);
+    const models::StateTP r = models::solve_state_tp(call.session.fluid(), *a.T, *a.p);
     return {{"status", r.status},
             {"hasL", r.hasL},
             {"hasV", r.hasV},
@@ -142,10 +135,10 @@ Json state(const Arguments& a) {
             {"v", volumes(r.v, r.nRoots)}};
 }
 
-Json temperature(const Arguments& a) {
-    set_up(a);
+Json temperature(Call& call, const Arguments& a) {
+    set_up(call, a);
     const models::TemperatureResult r =
-        models::temperature_from_p_rho(models::current_fluid(), *a.p, *a.rho, false);
+        models::temperature_from_p_rho(call.session.fluid(), *a.p, *a.rho, false);
     return {{"status", r.status}, {"T", present(r.T)}};
 }
 
@@ -159,47 +152,47 @@ Json saturation(const models::Saturation& r, const char* key, double value) {
             {"v", volumes(r.v, r.nRoots)}};
 }
 
-Json psat(const Arguments& a) {
-    set_up(a);
-    const models::Saturation r = models::saturation_pressure(models::current_fluid(), *a.T);
+Json psat(Call& call, const Arguments& a) {
+    set_up(call, a);
+    const models::Saturation r = models::saturation_pressure(call.session.fluid(), *a.T);
     return saturation(r, "p", r.p);
 }
 
-Json tsat(const Arguments& a) {
-    set_up(a);
-    const models::Saturation r = models::saturation_temperature(models::current_fluid(), *a.p);
+Json tsat(Call& call, const Arguments& a) {
+    set_up(call, a);
+    const models::Saturation r = models::saturation_temperature(call.session.fluid(), *a.p);
     return saturation(r, "T", r.T);
 }
 
-models::VapourPressureEquation equation_of(const Arguments& a) {
-    return a.code.empty() ? legacy::the_models.VPModel : models::vp_of_code(a.code);
+models::VapourPressureEquation equation_of(const Call& call, const Arguments& a) {
+    return a.code.empty() ? call.session->models.VPModel : models::vp_of_code(a.code);
 }
 
-Json vp(const Arguments& a) {
-    set_up(a);
+Json vp(Call& call, const Arguments& a) {
+    set_up(call, a);
     const models::VapourPressureResult r =
-        models::vapour_pressure(legacy::the_substance, *a.T, equation_of(a));
+        models::vapour_pressure(call.session->substance, *a.T, equation_of(call, a));
     return {{"status", r.status}, {"p", present(r.p)}, {"deviation", r.deviation}};
 }
 
-Json tboil(const Arguments& a) {
-    set_up(a);
+Json tboil(Call& call, const Arguments& a) {
+    set_up(call, a);
     const models::BoilingTemperatureResult r =
-        models::boiling_temperature(legacy::the_substance, *a.p, equation_of(a));
+        models::boiling_temperature(call.session->substance, *a.p, equation_of(call, a));
     return {{"status", r.status}, {"T", present(r.T)}, {"deviation", r.deviation}};
 }
 
-Json vpslope(const Arguments& a) {
-    set_up(a);
+Json vpslope(Call& call, const Arguments& a) {
+    set_up(call, a);
     const models::SlopeResult r =
-        models::vapour_pressure_slope(legacy::the_substance, *a.T, equation_of(a));
+        models::vapour_pressure_slope(call.session->substance, *a.T, equation_of(call, a));
     return {{"status", r.status}, {"slope", present(r.slope)}};
 }
 
-Json virial(const Arguments& a) {
-    set_up(a);
-    const models::Virial r = models::virial(models::current_fluid(), *a.T);
-    const bool derivatives = models::is_v_only(legacy::the_models.EOSModel);
+Json virial(Call& call, const Arguments& a) {
+    set_up(call, a);
+    const models::Virial r = models::virial(call.session.fluid(), *a.T);
+    const bool derivatives = models::is_v_only(call.session->models.EOSModel);
     return {{"status", 0},
             {"B", Number(r.B)},
             {"dB", derivatives ? Number(r.dB) : Json()},

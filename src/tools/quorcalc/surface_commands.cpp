@@ -1,7 +1,6 @@
 #include "diagrams/surface_sheet.h"
-#include "legacy/current_diagram.h"
+#include "session/diagram_choice.h"
 #include "tools/quorcalc/command_list.h"
-#include "tools/quorcalc/pictures.h"
 
 namespace quor::quorcalc {
 
@@ -28,17 +27,17 @@ Json values_of(const chart::SurfaceGrid& grid) {
     return columns;
 }
 
-Json surface(const Arguments& a) {
+Json surface(Call& call, const Arguments& a) {
     const diagrams::SurfaceKind* kind = diagrams::find_surface(*a.kind);
     if (kind == nullptr) throw WrongCall{"--kind: no such surface: " + std::to_string(*a.kind)};
     const int nx = nodes_of(a.nx, "--nx"), ny = nodes_of(a.ny, "--ny");
-    set_up(a);
+    set_up(call, a);
     const diagrams::SurfaceSheet sheet =
-        diagrams::open_surface(*kind, diagrams::current_basis(), a.scurve, nx, ny);
+        diagrams::open_surface(*kind, session::present_basis(call.session), a.scurve, nx, ny);
     const chart::SurfaceGrid& grid = sheet.chart.surface;
     if (!diagrams::has_surface(grid))
         throw CannotBeDone{"No point of the surface can be computed."};
-    if (wants_picture(a)) write_pictures(a, sheet.chart);
+    if (wants_picture(a)) write_pictures(call.pictures, a, sheet.chart);
     return {{"status", 0},   {"x0", grid.x0}, {"dx", grid.dx}, {"y0", grid.y0},
             {"dy", grid.dy}, {"nx", grid.nx}, {"ny", grid.ny}, {"z", values_of(grid)}};
 }

@@ -2,24 +2,33 @@
 
 #include <QGuiApplication>
 #include <QSaveFile>
+#include <memory>
+#include <optional>
 
 #include "gui/chart/chart_qt.h"
 #include "gui/chart/picture_export.h"
-#include "tools/quorcalc/pictures.h"
 
 namespace quor::picture_drawer {
 
 namespace {
 
-void start_painting() {
-    if (QCoreApplication::instance() != nullptr) return;
-    // Remarks on the desktop's folders are none of the messages of a calculation.
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    static char program[] = "quorcalc", option[] = "-platform", platform[] = "offscreen";
-    static char* words[] = {program, option, platform, nullptr};
-    static int count = 3;
-    static const QGuiApplication application(count, words);
-}
+/// Fonts and painters.
+class Painters {
+  public:
+    void start() {
+        if (QCoreApplication::instance() != nullptr) return;
+        // Remarks on the desktop's folders are none of the messages of a calculation.
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+        application_.emplace(count_, words_);
+    }
+
+  private:
+    // The application refers to its words as long as it lives.
+    char program_[9] = "quorcalc", option_[10] = "-platform", platform_[10] = "offscreen";
+    char* words_[4] = {program_, option_, platform_, nullptr};
+    int count_ = 3;
+    std::optional<QGuiApplication> application_;
+};
 
 chart::FileOutcome write(const chart::Painting& painting, const std::string& format,
                          const std::string& file, const chart::PictureOptions& options) {
@@ -34,7 +43,6 @@ chart::FileOutcome write(const chart::Painting& painting, const std::string& for
 
 chart::FileOutcome draw_sheet(diagrams::DiagramSheet& sheet, const std::string& format,
                               const std::string& file) {
-    start_painting();
     chart::PictureOptions options;
     options.title = QString::fromStdString(sheet.request.texts.title);
     diagrams::place_labels(sheet, options.size.width(), options.size.height(),
@@ -44,14 +52,25 @@ chart::FileOutcome draw_sheet(diagrams::DiagramSheet& sheet, const std::string& 
 
 chart::FileOutcome draw_surface(const chart::Chart3D& surface, const std::string& format,
                                 const std::string& file) {
-    start_painting();
     return write(chart::paintingOf(surface), format, file, {});
 }
 
 }  // namespace
 
-void Install() {
-    quorcalc::pictures() = {.drawSheet = draw_sheet, .drawSurface = draw_surface};
+quorcalc::PictureDrawer make() {
+    const auto painters = std::make_shared<Painters>();
+    return {.drawSheet =
+                [painters](diagrams::DiagramSheet& sheet, const std::string& format,
+                           const std::string& file) {
+                    painters->start();
+                    return draw_sheet(sheet, format, file);
+                },
+            .drawSurface =
+                [painters](const chart::Chart3D& surface, const std::string& format,
+                           const std::string& file) {
+                    painters->start();
+                    return draw_surface(surface, format, file);
+                }};
 }
 
 }  // namespace quor::picture_drawer

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "tools/quorcalc/pictures.h"
+
 /// Pictures of quorcalc, drawn with the painters of the program's windows.
 namespace quor::picture_drawer {
 
-/// Installs the drawer. Fonts and painters start with the first picture, so that calls without one
-/// stay quick. No display is needed.
-void Install();
+/// A drawer. Its fonts and painters start with the first picture, so that calls without one stay
+/// quick, and end with the drawer. No display is needed.
+quorcalc::PictureDrawer make();
 
 }  // namespace quor::picture_drawer

@@ -1,0 +1,161 @@
+#include "tools/quorcalc/program.h"
+
+#include <cmath>
+#include <fstream>
+#include <iostream>
+#include <utility>
+
+#include "common/dialogs.h"
+#include "diagrams/curve.h"
+#include "tools/quorcalc/line_reader.h"
+
+namespace quor::quorcalc {
+
+namespace {
+
+/// As long as it lives every message of the core is kept, and questions take their default answer.
+class Listening {
+  public:
+    explicit Listening(std::vector<std::string>& messages) : before_(dialogs::current()) {
+        dialogs::Functions f = dialogs::silent();
+        f.message = [&messages](const dialogs::Message& m) {
+            messages.push_back(m.title.empty() ? m.text : m.title + ": " + m.text);
+            return m.defaultAnswer;
+        };
+        dialogs::current() = std::move(f);
+    }
+    ~Listening() { dialogs::current() = std::move(before_); }
+    Listening(const Listening&) = delete;
+    Listening& operator=(const Listening&) = delete;
+
+  private:
+    dialogs::Functions before_;
+};
+
+Json failure(const std::string& message) {
+    return {{"status", -1}, {"message", message}};
+}
+
+/// A curve that is drawn in spite of its status has been calculated all the same.
+bool is_good(const Json& result) {
+    const int status = result.at("status");
+    return status == 0 || (result.contains("points") &&
+                           diagrams::is_drawn(static_cast<diagrams::CurveStatus>(status)));
+}
+
+std::string plain_text(const Json& result) {
+    std::string out;
+    for (const auto& [key, value] : result.items()) {
+        if (key == "status") continue;
+        out += key + " = " + (value.is_string() ? value.get<std::string>() : value.dump()) + "\n";
+    }
+    return out;
+}
+
+}  // namespace
+
+Json Number(double value) {
+    return std::isfinite(value) ? Json(value) : Json();
+}
+Json present(double value) {
+    return value == 0 ? Json() : Number(value);
+}
+
+Program::Program(const Places& places, PictureDrawer pictures)
+    : session_(places), start_(session_.state()), pictures_(std::move(pictures)) {}
+
+Program::Outcome Program::execute(const Arguments& a) {
+    messages_.clear();
+    const Listening listening(messages_);
+    *session_.change() = start_;
+    Call call{session_, kept_, pictures_, messages_};
+    const Command* command = find_command(a.command);
+    Outcome outcome;
+    Json& result = outcome.result;
+    try {
+        if (command == nullptr) throw WrongCall{"no such command: " + a.command};
+        result = command->run(call, a);
+    } catch (const WrongCall& e) {
+        result = failure(e.message);
+        outcome.wrongCall = true;
+    } catch (const CannotBeDone& e) {
+        result = failure(e.message);
+    } catch (const std::exception& e) {
+        result = failure(e.what());
+    }
+    // The messages that the core would have shown belong to the result.
+    if (result.contains("messages")) {
+        result["messages"] = messages_;
+    } else if (result.at("status") != 0 && !result.contains("message")) {
+        result["message"] =
+            messages_.empty() ? "no result with these input data" : messages_.back();
+    } else if (result.at("status") != 0 && !messages_.empty()) {
+        result["message"] = messages_.front();
+    }
+    return outcome;
+}
+
+Json Program::call_of_line(const std::vector<std::string>& words) {
+    try {
+        const Arguments call = parser_.parse(words);
+        if (call.command == "run") throw WrongCall{"run does not nest"};
+        return execute(call).result;
+    } catch (const WrongCall& e) {
+        return failure(e.message);
+    } catch (const HelpAsked&) {
+        return failure("help is not a calculation");
+    }
+}
+
+int Program::run_file(const Arguments& a, std::istream& in, std::ostream& out, std::ostream& err) {
+    std::ifstream file;
+    if (a.file != "-") {
+        file.open(a.file);
+        if (!file) {
+            err << "file not found: " << a.file << "\n";
+            return 1;
+        }
+    }
+    LineReader lines(a.file == "-" ? in : file, [&] { out << std::flush; });
+    int worst = 0;
+    std::string line;
+    while (lines.next(line)) {
+        const std::vector<std::string> words = split_line(line);
+        if (words.empty() || words.front().starts_with('#')) continue;
+        const Json result = call_of_line(words);
+        if (!is_good(result)) worst = 1;
+        out << result.dump() << "\n";
+    }
+    out << std::flush;
+    return worst;
+}
+
+int Program::main(const std::vector<std::string>& words, std::istream& in, std::ostream& out,
+                  std::ostream& err) {
+    Arguments a;
+    try {
+        a = parser_.parse(words);
+    } catch (const HelpAsked& e) {
+        out << e.text;
+        return 0;
+    } catch (const WrongCall& e) {
+        err << "quorcalc: " << e.message << "\n";
+        return 2;
+    }
+    if (a.command == "run") return run_file(a, in, out, err);
+
+    const auto [result, wrongCall] = execute(a);
+    const bool good = is_good(result);
+    if (!good || result.value("exit", false)) {
+        err << "quorcalc: " << result.value("message", std::string("no result")) << "\n";
+    }
+    const Command* command = find_command(a.command);
+    if (a.json) {
+        out << result.dump() << "\n";
+    } else if (good && command != nullptr) {
+        out << (command->text != nullptr ? command->text(result) : plain_text(result));
+    }
+    return wrongCall ? 2 : good ? 0 : 1;
+}
+
+}  // namespace quor::quorcalc
