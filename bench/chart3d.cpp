@@ -65,7 +65,7 @@ BENCHMARK(BM_TurnShadedSurface)->Arg(41)->Arg(101)->Arg(201)->Unit(benchmark::kM
 
 void BM_TurnZonedSurface(benchmark::State& state) {
     chart::Chart3D c = surfaceOf(static_cast<int>(state.range(0)));
-    c.style.zoned = c.style.contoured = c.style.floorZones = c.style.ceilingContours = true;
+    c.style.zoned = c.style.contoured = c.style.floor_zones = c.style.ceiling_contours = true;
     turning(state, c);
 }
 BENCHMARK(BM_TurnZonedSurface)->Arg(41)->Arg(101)->Unit(benchmark::kMillisecond);

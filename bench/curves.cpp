@@ -17,19 +17,19 @@ diagrams::Basis propane() {
     s.Tcrit = 369.89;
     s.pcrit = 4251.2;
     s.rhocrit = 220.48;
-    s.vcritExp = 0.2;
+    s.vcrit_measured = 0.2;
     s.omega = 0.1521;
     s.Tboil = 231.036F;
     s.Ttriple = 85.525F;
     s.ptriple = 1.7e-7F;
-    s.cpPoly = {{28.277F, 0.116F, 1.9597e-4F, -2.3271e-7F, 6.8669e-11F}, 50, 1500};
-    s.hasCpPoly = true;
+    s.cp_polynomial = {{28.277F, 0.116F, 1.9597e-4F, -2.3271e-7F, 6.8669e-11F}, 50, 1500};
+    s.has_cp_polynomial = true;
     models::correlate_vapour_pressure(s, models::VapourPressureEquation::frostRedlichKwong, s.Tcrit,
                                       s.pcrit, 231.036);
     models::ModelSelection m;
-    m.EOSModel = models::Eos::pengRobinson;
-    m.VPModel = models::VapourPressureEquation::frostRedlichKwong;
-    m.CpModel = models::CpForm::polynomial;
+    m.eos = models::Eos::pengRobinson;
+    m.vapour_pressure = models::VapourPressureEquation::frostRedlichKwong;
+    m.cp_form = models::CpForm::polynomial;
     const models::Fluid fluid = models::Fluid::make(s, m).value();
     return {fluid, {}, models::make_units({}, fluid), {}};
 }
@@ -42,9 +42,9 @@ void run(benchmark::State& state, int code, double fraction) {
         .curve = &diagram,
         .window = diagrams::proposed_window(diagram, basis, limits).window,
         .at = {333, 1500, 0.3},
-        .vapourFraction = fraction,
-        .pMin = limits.pMin,
-        .pMax = limits.pMax};
+        .vapour_fraction = fraction,
+        .p_min = limits.p_min,
+        .p_max = limits.p_max};
     diagrams::Curve drawn;
     for (auto _ : state) {
         drawn = diagrams::curve(basis, request, std::move(drawn.points));

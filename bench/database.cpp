@@ -14,7 +14,7 @@ namespace {
 std::string database_of(std::int64_t count) {
     std::vector<datafiles::SubstanceFileRecord> records(static_cast<std::size_t>(count));
     for (std::size_t i = 0; i < records.size(); ++i) {
-        datafiles::set_field_text(records[i].nameEnglish, "Äther " + std::to_string(i));
+        datafiles::set_field_text(records[i].name_english, "Äther " + std::to_string(i));
         records[i].values[6] = 400.0F;
         records[i].values[7] = 4000.0F;
     }

@@ -38,7 +38,7 @@ void SevenParameters(benchmark::State& state) {
     const Parameters truth{1.288, 1.491, 0.583, 0.0754, 0.966, 0.398, 0.0497};
     FitProblem problem;
     problem.model = Rational;
-    problem.nPar = 7;
+    problem.parameter_count = 7;
     const auto points = Points(200, -3, 2.2, [&](double x) {
         double y = 0;
         Rational(x, truth, {}, y);
@@ -47,8 +47,8 @@ void SevenParameters(benchmark::State& state) {
     problem.points = points;
     for (auto _ : state) {
         Parameters par{1, 1, 0.4, 0.04, 0.7, 0.3, 0.03};
-        Parameters stdDev{};
-        const MarquardtResult r = marquardt_nash_fitting(problem, 200, par, stdDev);
+        Parameters std_dev{};
+        const MarquardtResult r = marquardt_nash_fitting(problem, 200, par, std_dev);
         if (r.failed) state.SkipWithError("the fit ended at its limit");
         benchmark::DoNotOptimize(par);
     }
@@ -64,14 +64,14 @@ void Model(benchmark::State& state, std::int16_t number, const Parameters& truth
     FitState fit_state;
     fit_state.lg = true;
     choose_model(fit_state, number, water);
-    fit_state.FitPar = truth;
-    fit_state.FitPoints = Points(200, from, to, [&](double x) {
+    fit_state.parameters = truth;
+    fit_state.points = Points(200, from, to, [&](double x) {
         double y = 0;
         evaluate_fit(fit_state, x, y);
         return y;
     });
-    fit_state.NPoints = 200;
-    fit_state.FitLogSQ = true;
+    fit_state.point_count = 200;
+    fit_state.logarithmic = true;
     for (auto _ : state) {
         FitState run = fit_state;
         if (!start_fit(run)) state.SkipWithError("the fit was refused");
@@ -93,8 +93,8 @@ BENCHMARK_CAPTURE(Model, dippr_heat_capacity, 18, Parameters{33363, 26790, 2610.
 void ProposedStarts(benchmark::State& state) {
     FitState fit_state;
     choose_model(fit_state, 18, {});
-    fit_state.FitPar = {33363, 26790, 2610.5, 8896, 1169};
-    fit_state.FitPoints = Points(200, 200, 1500, [&](double x) {
+    fit_state.parameters = {33363, 26790, 2610.5, 8896, 1169};
+    fit_state.points = Points(200, 200, 1500, [&](double x) {
         double y = 0;
         evaluate_fit(fit_state, x, y);
         return y;

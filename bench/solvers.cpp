@@ -21,12 +21,12 @@ models::Fluid propane() {
     s.Tboil = 231.036F;
     const auto equation = VapourPressureEquation::frostRedlichKwong;
     models::correlate_vapour_pressure(s, equation, s.Tcrit, s.pcrit, 231.036);
-    return models::Fluid::make(s, {.EOSModel = models::Eos::pengRobinson, .VPModel = equation})
+    return models::Fluid::make(s, {.eos = models::Eos::pengRobinson, .vapour_pressure = equation})
         .value();
 }
 
 void BM_SolveCubic(benchmark::State& state) {
-    const models::EOSState eos = models::eos_at(propane(), 300.0);
+    const models::EosState eos = models::eos_at(propane(), 300.0);
     for (auto _ : state) benchmark::DoNotOptimize(models::solve_cubic(eos, 300.0, 900.0));
 }
 BENCHMARK(BM_SolveCubic);

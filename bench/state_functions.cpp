@@ -11,7 +11,7 @@ using namespace quor;
 namespace {
 
 /// Propane with both forms of cp (fitted values of the database), by codes.
-models::Fluid propane(std::int64_t code, std::int64_t cpForm) {
+models::Fluid propane(std::int64_t code, std::int64_t cp_form) {
     using models::VapourPressureEquation;
     models::SubstanceRecord s;
     s.M = 44.0956F;
@@ -20,14 +20,14 @@ models::Fluid propane(std::int64_t code, std::int64_t cpForm) {
     s.rhocrit = 220.4781;
     s.omega = 0.1521;
     s.Tboil = 231.036F;
-    s.cpPoly = {{-4.224F, 0.3063F, -1.586e-4F, 3.215e-8F, 0}, 200, 1000};
-    s.cpSinh = {{51.92F, 192.45F, 1626.5F, 116.8F, 723.6F}, 200, 1500};
+    s.cp_polynomial = {{-4.224F, 0.3063F, -1.586e-4F, 3.215e-8F, 0}, 200, 1000};
+    s.cp_sinh_cosh = {{51.92F, 192.45F, 1626.5F, 116.8F, 723.6F}, 200, 1500};
     const auto equation = VapourPressureEquation::frostRedlichKwong;
     models::correlate_vapour_pressure(s, equation, s.Tcrit, s.pcrit, 231.036);
     models::ModelSelection m;
-    m.EOSModel = models::eos_of_code(static_cast<int>(code)).value();
-    m.VPModel = equation;
-    m.CpModel = models::cp_form_of_code(static_cast<int>(cpForm)).value();
+    m.eos = models::eos_of_code(static_cast<int>(code)).value();
+    m.vapour_pressure = equation;
+    m.cp_form = models::cp_form_of_code(static_cast<int>(cp_form)).value();
     return models::Fluid::make(s, m).value();
 }
 

@@ -28,32 +28,32 @@ void show(const session::Report& report) {
     dialogs::tell(report.text, report.title, dialogs::Icon::Information);
 }
 
-void close_results_and_input(Desk& desk) {
+void closeResultsAndInput(Desk& desk) {
     desk.closeViews(Desk::resultViews() + Desk::inputViews());
 }
 
 /// The commands of a session that a project has restored. A project whose substance is missing
 /// leaves its database open: the user goes on from there.
-void enable_restored_session(Session& session, const session::ProjectResult& project) {
+void enableRestoredSession(Session& session, const session::ProjectResult& project) {
     const auto now = session.change();
     session::set_commands(session,
-                          {Command::mnuData_Status, Command::mnuStoff,
-                           Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput},
+                          {Command::status, Command::chooseSubstance, Command::substanceData,
+                           Command::measuredDataInput},
                           true);
-    session::set_commands(session, {Command::mnuModel}, project.substanceFound);
-    if (!project.modelsComplete) return;
-    session::set_commands(session, {Command::mnuModel, Command::mnuData_SaveProject}, true);
+    session::set_commands(session, {Command::chooseModels}, project.substance_found);
+    if (!project.models_complete) return;
+    session::set_commands(session, {Command::chooseModels, Command::saveProject}, true);
     session::enable_model_commands(session);
 }
 
-void load_project(Desk& desk, const std::string& file) {
+void loadProject(Desk& desk, const std::string& file) {
     Session& session = desk.session();
     if (!session::may_load_project(session, file)) return;
-    close_results_and_input(desk);
+    closeResultsAndInput(desk);
     const session::ProjectResult project = session::load_project(session, file);
     if (!project.loaded) return;
-    enable_restored_session(session, project);
-    if (project.modelsComplete && file != session->lastSessionFile)
+    enableRestoredSession(session, project);
+    if (project.models_complete && file != session->last_session_file)
         gui::settings::rememberFile(QString::fromStdString(file));
 }
 
@@ -75,13 +75,13 @@ void choose_models(Desk& desk) {
 void choose_substance(Desk& desk) {
     gui::SubstanceDialog view(desk, desk.frameWindow());
     if (desk.openModal(view) != QDialog::Accepted) return;
-    close_results_and_input(desk);
+    closeResultsAndInput(desk);
     choose_models(desk);
 }
 
 void open_database(Desk& desk) {
     Session& session = desk.session();
-    close_results_and_input(desk);
+    closeResultsAndInput(desk);
     if (session::load_database(session) != session::LoadOutcome::Loaded) return;
     const std::string file = session->database.path().string();
     gui::settings::rememberFile(QString::fromStdString(file));
@@ -89,15 +89,14 @@ void open_database(Desk& desk) {
     {
         // The substance of the former database has no place in this one.
         const auto now = session.change();
-        now->substanceNumber = 0;
-        now->substanceSet = false;
+        now->substance_number = 0;
+        now->substance_set = false;
         session::set_commands(session,
-                              {Command::mnuModel, Command::mnuCalcMain, Command::mnuOptions,
-                               Command::mnuFitting, Command::mnu2D, Command::mnu3D},
+                              {Command::chooseModels, Command::calculations, Command::options,
+                               Command::fitting, Command::diagrams, Command::surfaces},
                               false);
         session::set_commands(
-            session,
-            {Command::mnuStoff, Command::mnuData_EditStoffdaten, Command::mnuData_BatchInput},
+            session, {Command::chooseSubstance, Command::substanceData, Command::measuredDataInput},
             true);
     }
     choose_substance(desk);
@@ -114,26 +113,26 @@ void show_about() {
 }
 
 void show_information(const Session& session) {
-    const auto name_or_none = [](const std::string& s) { return s.empty() ? "none" : s; };
+    const auto nameOrNone = [](const std::string& s) { return s.empty() ? "none" : s; };
     dialogs::tell("Program folder: " + session.places().program_folder().string() +
                       "\nFolder of your files: " + session.places().write_folder().string() +
-                      "\n\nDatabase: " + name_or_none(session->databaseFile) +
-                      "\nProject: " + name_or_none(session->projectFile) + "\nProtocol file: " +
-                      name_or_none(session->protocol.file) + "\n\nQt " + std::string(qVersion()),
+                      "\n\nDatabase: " + nameOrNone(session->database_file) +
+                      "\nProject: " + nameOrNone(session->project_file) + "\nProtocol file: " +
+                      nameOrNone(session->protocol.file) + "\n\nQt " + std::string(qVersion()),
                   "Information", dialogs::Icon::Information);
 }
 
-void load_last_session(Desk& desk) {
-    const std::string& file = desk.session()->lastSessionFile;
+void loadLastSession(Desk& desk) {
+    const std::string& file = desk.session()->last_session_file;
     if (!desk.session().places().file_exists(file)) {
         dialogs::refuse("There is no last session yet:\n" + file);
         return;
     }
-    load_project(desk, file);
+    loadProject(desk, file);
 }
 
 void choose_project(Desk& desk) {
-    if (const auto file = session::choose_project(desk.session())) load_project(desk, *file);
+    if (const auto file = session::choose_project(desk.session())) loadProject(desk, *file);
 }
 
 }  // namespace
@@ -142,7 +141,7 @@ void add(Desk& desk, Commands& commands) {
     Session& session = desk.session();
     commands.add("mnuData_OpenBank", [&desk] { open_database(desk); });
     commands.add("mnuData_Status", [&session] { show(session::status_report(session)); });
-    commands.add("mnuData_LoadLastSession", [&desk] { load_last_session(desk); });
+    commands.add("mnuData_LoadLastSession", [&desk] { loadLastSession(desk); });
     commands.add("mnuData_LoadProject", [&desk] { choose_project(desk); });
     commands.add("mnuData_SaveProject", [&session] { session::save_project(session, true); });
     commands.add("mnuData_ParameterEOS", [&session] { show(session::parameter_report(session)); });

@@ -61,24 +61,24 @@ std::string excerpt_at(const std::string& text, std::size_t place) {
 
 }  // namespace
 
-std::string PlainText(std::string_view html) {
+std::string plain_text(std::string_view html) {
     static constexpr std::array<std::pair<std::string_view, std::string_view>, 5> kSigns{
         {{"&lt;", "<"}, {"&gt;", ">"}, {"&nbsp;", " "}, {"&quot;", "\""}, {"&amp;", "&"}}};
     // The head repeats the title.
     if (const auto body = html.find("<body"); body != std::string_view::npos)
         html.remove_prefix(body);
     std::string text;
-    bool inTag = false;
+    bool in_tag = false;
     for (std::size_t i = 0; i < html.size(); ++i) {
         const char c = html[i];
         if (c == '<') {
             // A raised or lowered sign belongs to its word.
             const std::string_view rest = html.substr(i + 1 + (html.substr(i, 2) == "</" ? 1 : 0));
             if (!rest.starts_with("sub") && !rest.starts_with("sup")) text += ' ';
-            inTag = true;
-        } else if (c == '>' && inTag) {
-            inTag = false;
-        } else if (!inTag) {
+            in_tag = true;
+        } else if (c == '>' && in_tag) {
+            in_tag = false;
+        } else if (!in_tag) {
             text += c == '\n' || c == '\r' || c == '\t' ? ' ' : c;
         }
     }
@@ -91,7 +91,7 @@ std::string PlainText(std::string_view html) {
     return text::trim(text);
 }
 
-std::optional<Book> Book::Load(const fs::path& folder) {
+std::optional<Book> Book::load(const fs::path& folder) {
     const std::optional<std::string> contents = read(folder / "contents.json");
     if (!contents) return std::nullopt;
     const Json root = Json::parse(*contents, nullptr, false);
@@ -122,7 +122,7 @@ std::optional<Book> Book::Load(const fs::path& folder) {
         if (file.empty() || std::any_of(book.pages_.begin(), book.pages_.end(), known)) continue;
         const std::optional<std::string> html = read(folder / file);
         if (!html) continue;
-        Page page{file, entry.title, PlainText(*html), {}};
+        Page page{file, entry.title, plain_text(*html), {}};
         page.folded = folded(page.text);
         book.pages_.push_back(std::move(page));
     }
@@ -134,7 +134,7 @@ bool Book::has_topic(int topic) const {
                        [topic](const Topic& t) { return t.number == topic; });
 }
 
-std::string Book::PageOf(int topic) const {
+std::string Book::page_of(int topic) const {
     for (const Topic& t : topics_)
         if (t.number == topic) return t.page;
     for (const Entry& entry : contents_)
@@ -142,10 +142,10 @@ std::string Book::PageOf(int topic) const {
     return {};
 }
 
-std::vector<Hit> Book::Search(std::string_view text) const {
+std::vector<Hit> Book::search(std::string_view text) const {
     const std::vector<std::string> words = words_of(text);
     if (words.empty()) return {};
-    std::vector<Hit> inTitle, inText;
+    std::vector<Hit> in_title, in_text;
     for (const Page& page : pages_) {
         const auto in = [&](const std::string& where) {
             return std::all_of(words.begin(), words.end(), [&](const std::string& word) {
@@ -154,10 +154,10 @@ std::vector<Hit> Book::Search(std::string_view text) const {
         };
         if (!in(page.folded)) continue;
         Hit hit{page.title, page.file, excerpt_at(page.text, page.folded.find(words.front()))};
-        (in(folded(page.title)) ? inTitle : inText).push_back(std::move(hit));
+        (in(folded(page.title)) ? in_title : in_text).push_back(std::move(hit));
     }
-    inTitle.insert(inTitle.end(), inText.begin(), inText.end());
-    return inTitle;
+    in_title.insert(in_title.end(), in_text.begin(), in_text.end());
+    return in_title;
 }
 
 fs::path folder(const Places& places) {

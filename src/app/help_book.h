@@ -29,18 +29,18 @@ class Book {
   public:
     /// Reads "contents.json" and the pages it names. Nothing when the folder holds no readable
     /// contents; pages that are missing are passed over by the search.
-    static std::optional<Book> Load(const std::filesystem::path& folder);
+    static std::optional<Book> load(const std::filesystem::path& folder);
 
     const std::filesystem::path& folder() const { return folder_; }
     const std::vector<Entry>& contents() const { return contents_; }
 
     /// The page of a number; the first page when the number has none.
-    std::string PageOf(int topic) const;
+    std::string page_of(int topic) const;
     bool has_topic(int topic) const;
 
     /// Pages that hold all words of the text, whatever their case: those with the words in their
     /// title come first. Nothing for a text without letters and digits.
-    std::vector<Hit> Search(std::string_view text) const;
+    std::vector<Hit> search(std::string_view text) const;
 
   private:
     struct Page {
@@ -61,6 +61,6 @@ class Book {
 std::filesystem::path folder(const Places& places);
 
 /// The text of a page without its marks.
-std::string PlainText(std::string_view html);
+std::string plain_text(std::string_view html);
 
 }  // namespace quor::help

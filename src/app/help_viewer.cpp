@@ -55,7 +55,7 @@ QString pageStyle(const std::filesystem::path& folder) {
 }
 
 /// The number of the page about what has the focus: a row of an open menu, or a view.
-int topic_at(const QWidget* place) {
+int topicAt(const QWidget* place) {
     if (const auto* menu = qobject_cast<const QMenu*>(place))
         if (const QAction* row = menu->activeAction())
             if (const int topic = help::topic_of_row(row->objectName().toStdString()); topic >= 0)
@@ -158,7 +158,7 @@ void HelpViewer::fillContents() {
 }
 
 void HelpViewer::showTopic(int topic) {
-    showPage(book_.PageOf(topic));
+    showPage(book_.page_of(topic));
 }
 
 void HelpViewer::showPage(const std::string& page) {
@@ -166,7 +166,7 @@ void HelpViewer::showPage(const std::string& page) {
 }
 
 void HelpViewer::search(const QString& text) {
-    const std::vector<help::Hit> hits = book_.Search(text.toStdString());
+    const std::vector<help::Hit> hits = book_.search(text.toStdString());
     results_->clear();
     for (const help::Hit& hit : hits) {
         auto* item = new QListWidgetItem(qt(hit.title) + "\n" + qt(hit.excerpt), results_);
@@ -213,7 +213,7 @@ void HelpWindow::showTopic(int topic) {
     if (viewer_ != nullptr && viewer_->parentWidget() != parent) delete viewer_;
     if (viewer_ == nullptr) {
         const std::filesystem::path folder = help::folder(desk_.session().places());
-        std::optional<help::Book> book = help::Book::Load(folder);
+        std::optional<help::Book> book = help::Book::load(folder);
         if (!book) {
             dialogs::refuse("The pages of the help are not there:\n" + folder.string());
             return;
@@ -231,7 +231,7 @@ void HelpWindow::showTopic(int topic) {
 bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
     if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return false;
-    showTopic(topic_at(static_cast<QWidget*>(watched)));
+    showTopic(topicAt(static_cast<QWidget*>(watched)));
     return true;
 }
 

@@ -47,7 +47,7 @@ constexpr int kPanelWidth = 110, kRecentCharacters = 60;
 constexpr std::int16_t kTankGlobal = 9, kTankPartial = 10;
 
 /// The files of this computer among what is dragged.
-QStringList local_files(const QMimeData* data) {
+QStringList localFiles(const QMimeData* data) {
     QStringList files;
     for (const QUrl& url : data->urls())
         if (url.isLocalFile()) files << url.toLocalFile();
@@ -130,7 +130,7 @@ void MainWindow::addCommands() {
 }
 
 void MainWindow::runRow(const menu::Row& row) {
-    if (!menu::Enabled(session_, commands_, row) || !menu::Prepare(session_, row)) return;
+    if (!menu::enabled(session_, commands_, row) || !menu::prepare(session_, row)) return;
     commands_.run(row.action);
     refresh();
 }
@@ -150,13 +150,13 @@ void MainWindow::menuOpens(const QString& menuName) {
 
 void MainWindow::buildMenus() {
     QHash<QString, QMenu*> menus;
-    for (const menu::Row& row : menu::Rows()) {
+    for (const menu::Row& row : menu::rows()) {
         QMenu* parent = menus.value(qt(row.parent));
         if (row.kind == menu::Kind::Separator) {
             parent->addSeparator();
             continue;
         }
-        const QString name = qt(menu::Name(row));
+        const QString name = qt(menu::object_name(row));
         QAction* action = nullptr;
         if (row.kind == menu::Kind::Submenu) {
             const QString opens = qt(row.submenu);
@@ -223,21 +223,21 @@ void MainWindow::fillRecentFiles(QMenu* menu) {
 }
 
 void MainWindow::refresh() {
-    for (const menu::Row& row : menu::Rows()) {
-        QAction* action = rowActions_.value(qt(menu::Name(row)));
+    for (const menu::Row& row : menu::rows()) {
+        QAction* action = rowActions_.value(qt(menu::object_name(row)));
         if (action == nullptr) continue;
-        action->setText(qt(menu::Caption(session_, row)));
-        action->setVisible(menu::Visible(session_, row));
-        action->setEnabled(menu::Enabled(session_, commands_, row));
+        action->setText(qt(menu::caption(session_, row)));
+        action->setVisible(menu::visible(session_, row));
+        action->setEnabled(menu::enabled(session_, commands_, row));
     }
     for (const menu::ToolButton& button : menu::tool_buttons())
         if (QAction* action = toolActions_.value(button.index))
-            action->setEnabled(menu::Enabled(session_, commands_, button));
+            action->setEnabled(menu::enabled(session_, commands_, button));
     const session::StatusPanels texts = session::panel_texts(
-        session_, session::is_enabled(session_, session::Command::mnuCalcMain));
+        session_, session::is_enabled(session_, session::Command::calculations));
     panels_[0]->setText(qt(texts.substance));
     panels_[1]->setText(qt(texts.eos));
-    panels_[2]->setText(qt(texts.vapourPressure));
+    panels_[2]->setText(qt(texts.vapour_pressure));
     followUndo();
 }
 
@@ -275,7 +275,7 @@ void MainWindow::openFile(const QString& file) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!local_files(event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (!localFiles(event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
@@ -283,7 +283,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
     // The source of the drag waits for the end of this event, and opening may ask something.
     QMetaObject::invokeMethod(
         this,
-        [this, files = local_files(event->mimeData())] {
+        [this, files = localFiles(event->mimeData())] {
             for (const QString& file : files) openFile(file);
         },
         Qt::QueuedConnection);
@@ -357,9 +357,9 @@ void MainWindow::buildStatusBar() {
 }
 
 void MainWindow::runTool(const menu::ToolButton& button) {
-    const menu::Row* row = menu::Find(button.action);
+    const menu::Row* row = menu::find(button.action);
     if (button.command == session::Command::toolTank)
-        row = menu::calculation_row(session_->models.PriorityCEOS ? kTankGlobal : kTankPartial);
+        row = menu::calculation_row(session_->models.eos_has_priority ? kTankGlobal : kTankPartial);
     if (row != nullptr)
         runRow(*row);
     else

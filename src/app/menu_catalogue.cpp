@@ -77,21 +77,20 @@ constexpr int kRowL = 1, kRowTankGlobal = 15, kRowTankPartial = 16, kRowVirial =
 constexpr auto kBarRows = std::to_array<Row>({
     submenu("", "mnuData", "   &Data..."),
     command("mnuData", "mnuData_OpenBank", "Open Database"),
-    command("mnuData", "mnuData_Status", "Loaded are ...", Command::mnuData_Status),
+    command("mnuData", "mnuData_Status", "Loaded are ...", Command::status),
     line("mnuData"),
     command("mnuData", "mnuData_LoadLastSession", "Load Last Session"),
     command("mnuData", "mnuData_LoadProject", "Load an existing project ..."),
-    command("mnuData", "mnuData_SaveProject", "save actual project as ...",
-            Command::mnuData_SaveProject),
+    command("mnuData", "mnuData_SaveProject", "save actual project as ...", Command::saveProject),
     line("mnuData"),
-    command("mnuData", "mnuData_BatchInput", "T-p-rho data    New ", Command::mnuData_BatchInput),
+    command("mnuData", "mnuData_BatchInput", "T-p-rho data    New ", Command::measuredDataInput),
     command("mnuData", "mnuData_BatchEdit", "T-p-rho data    View / Edit / Save",
-            Command::mnuData_BatchEdit),
+            Command::measuredDataEdit),
     command("mnuData", "mnuData_EditStoffdaten", "View/Edit Data of the Substance",
-            Command::mnuData_EditStoffdaten),
+            Command::substanceData),
     command("mnuData", "mnuData_EditXY", "XY Editor (X-Y data input | load )"),
     command("mnuData", "mnuData_ParameterEOS", "Parameters EOS; calc. critical molar volume",
-            Command::mnuCalcMain),
+            Command::calculations),
     submenu("mnuData", "mnuJOBACK", "Data Prediction by using Group Contribution Methods "),
     command("mnuJOBACK", "mnuData_JOBACK_CritData",
             "Critical Data (JOBACK method), Acentric Factor"),
@@ -104,15 +103,16 @@ constexpr auto kBarRows = std::to_array<Row>({
     submenu("", "mnuEdit", "&Edit"),
     command("mnuEdit", "mnuEdit_Undo", "&Undo\tCtrl+Z", std::nullopt,
             "Takes the last change in the view in front back"),
-    command("mnuEdit", "mnuEdit_Redo", "&Redo\tCtrl+Shift+Z", std::nullopt, "Makes what was taken back again"),
-    command("", "mnuStoff", "&Substance", Command::mnuStoff),
-    command("", "mnuModel", "&Models", Command::mnuModel),
-    submenu("", "mnu2D", "Graph-&2D...", Command::mnu2D),
-    submenu("", "mnu3D", "Graph-&3D...", Command::mnu3D),
-    submenu("", kCalcMenu, "&Calculation...", Command::mnuCalcMain),
+    command("mnuEdit", "mnuEdit_Redo", "&Redo\tCtrl+Shift+Z", std::nullopt,
+            "Makes what was taken back again"),
+    command("", "mnuStoff", "&Substance", Command::chooseSubstance),
+    command("", "mnuModel", "&Models", Command::chooseModels),
+    submenu("", "mnu2D", "Graph-&2D...", Command::diagrams),
+    submenu("", "mnu3D", "Graph-&3D...", Command::surfaces),
+    submenu("", kCalcMenu, "&Calculation...", Command::calculations),
 });
 
-// The captions of rows 0 to 3 are those of direct operation; `Caption` has those of batch
+// The captions of rows 0 to 3 are those of direct operation; `caption` has those of batch
 // operation. The indices that are left out are the separators.
 constexpr auto kCalcRows = std::to_array<Row>({
     calc(kCalcMenu, kCalc, 0, "T, rho      => p, state L/V     + thermod. Fu.", 1),
@@ -154,8 +154,8 @@ constexpr auto kCalcRows = std::to_array<Row>({
 });
 
 constexpr auto kEndRows = std::to_array<Row>({
-    command("", "mnuFitting", "Fitting", Command::mnuFitting),
-    command("", "mnuOptions", "&Options", Command::mnuOptions),
+    command("", "mnuFitting", "Fitting", Command::fitting),
+    command("", "mnuOptions", "&Options", Command::options),
     submenu("", "mnuWindow", "&Windows..."),
     submenu("", "mnuHilfe", "&Help..."),
     command("mnuHilfe", "mnuHilfe_About", "About the Program"),
@@ -197,28 +197,30 @@ bool differs_from_zero(float value) {
 // Whether the substance has the function that a row of the database functions evaluates.
 bool has_database_function(const session::Session& session, std::int16_t mode) {
     const models::SubstanceRecord& s = session->substance;
-    const auto range = [](const auto& set) { return set.TLo != 0 && set.THi != 0; };
+    const auto range = [](const auto& set) { return set.T_low != 0 && set.T_high != 0; };
     switch (mode) {
         case 14:
-            return differs_from_zero(s.rhoLPar[0]) || differs_from_zero(s.rhoLPar[1]);
+            return differs_from_zero(s.rhoL_coefficients[0]) ||
+                   differs_from_zero(s.rhoL_coefficients[1]);
         case 24:
-            return differs_from_zero(s.rhoSPar[0]) || differs_from_zero(s.rhoSPar[1]);
+            return differs_from_zero(s.rhoS_coefficients[0]) ||
+                   differs_from_zero(s.rhoS_coefficients[1]);
         case 15:
-            return s.hLVTLo != 0;
+            return s.hLV_T_low != 0;
         case 16:
-            return s.cpPoly.TLo != 0 || s.cpSinh.TLo != 0;
+            return s.cp_polynomial.T_low != 0 || s.cp_sinh_cosh.T_low != 0;
         case 17:
-            return s.cpL.TLo != 0;
+            return s.cpL.T_low != 0;
         case 18:
-            return s.cpS.TLo != 0;
+            return s.cpS.T_low != 0;
         case 19:
-            return range(s.FRO);
+            return range(s.frost);
         case 20:
-            return range(s.WAG);
+            return range(s.wagner);
         case 21:
-            return range(s.ALP);
+            return range(s.antoine_low);
         case 22:
-            return range(s.AHP);
+            return range(s.antoine_high);
         default:
             return true;
     }
@@ -233,8 +235,8 @@ bool allowed_by_session(const session::Session& session, const Row& row) {
     // The tank is a calculation of direct operation; its global method needs both phases from the
     // equation of state.
     if (is_calc_row(row, kRowTankGlobal))
-        return !session->batchMode && session::is_enabled(session, Command::needsLPhase);
-    if (is_calc_row(row, kRowTankPartial)) return !session->batchMode;
+        return !session->batch_mode && session::is_enabled(session, Command::needsLPhase);
+    if (is_calc_row(row, kRowTankPartial)) return !session->batch_mode;
     if (row.control == kDatabase || row.control == kSaturation)
         return has_database_function(session, row.code);
     return true;
@@ -246,7 +248,7 @@ bool command_allows(const session::Session& session, const std::optional<Command
 
 }  // namespace
 
-std::span<const Row> Rows() {
+std::span<const Row> rows() {
     static const std::vector<Row> rows = [] {
         std::vector<Row> all(kBarRows.begin(), kBarRows.end());
         const std::span<const Row> graphs = graph_rows();
@@ -258,41 +260,41 @@ std::span<const Row> Rows() {
     return rows;
 }
 
-std::string Name(const Row& row) {
+std::string object_name(const Row& row) {
     const std::string control(row.control);
     return row.index < 0 ? control : control + "_" + std::to_string(row.index);
 }
 
-const Row* Find(std::string_view name) {
-    for (const Row& row : Rows())
-        if (row.kind != Kind::Separator && Name(row) == name) return &row;
+const Row* find(std::string_view name) {
+    for (const Row& row : rows())
+        if (row.kind != Kind::Separator && object_name(row) == name) return &row;
     return nullptr;
 }
 
-const Row* calculation_row(std::int16_t CalcMode) {
-    for (const Row& row : Rows())
-        if (row.kind == Kind::Command && row.code == CalcMode && row.control.starts_with(kCalc))
+const Row* calculation_row(std::int16_t task_code) {
+    for (const Row& row : rows())
+        if (row.kind == Kind::Command && row.code == task_code && row.control.starts_with(kCalc))
             return &row;
     return nullptr;
 }
 
-std::string Caption(const session::Session& session, const Row& row) {
-    if (row.control == kCalc && session->batchMode && !batch_caption(row.index).empty())
+std::string caption(const session::Session& session, const Row& row) {
+    if (row.control == kCalc && session->batch_mode && !batch_caption(row.index).empty())
         return std::string(batch_caption(row.index));
-    if (is_calc_row(row, kRowVirial) && session->models.EOSOnlyV)
+    if (is_calc_row(row, kRowVirial) && session->models.vapour_only)
         return "T => Virial Coefficient B";
     return std::string(row.caption);
 }
 
-bool Visible(const session::Session& session, const Row& row) {
-    return !is_calc_row(row, kRowL) || session->batchMode;
+bool visible(const session::Session& session, const Row& row) {
+    return !is_calc_row(row, kRowL) || session->batch_mode;
 }
 
 bool allowed(const session::Session& session, const Row& row) {
     return command_allows(session, row.command) && allowed_by_session(session, row);
 }
 
-bool Enabled(const session::Session& session, const app::Commands& commands, const Row& row) {
+bool enabled(const session::Session& session, const app::Commands& commands, const Row& row) {
     return allowed(session, row) && (row.kind == Kind::Submenu || commands.has(row.action));
 }
 
@@ -300,14 +302,14 @@ std::span<const ToolButton> tool_buttons() {
     return kToolButtons;
 }
 
-bool Enabled(const session::Session& session, const app::Commands& commands,
+bool enabled(const session::Session& session, const app::Commands& commands,
              const ToolButton& button) {
     if (!command_allows(session, button.command)) return false;
     // The tank is a row of the Calculation menu: it is there when that menu is.
     if (button.command == Command::toolTank) {
-        const Row* row = calculation_row(session->models.PriorityCEOS ? 9 : 10);
-        return session::is_enabled(session, Command::mnuCalcMain) && row != nullptr &&
-               Enabled(session, commands, *row);
+        const Row* row = calculation_row(session->models.eos_has_priority ? 9 : 10);
+        return session::is_enabled(session, Command::calculations) && row != nullptr &&
+               enabled(session, commands, *row);
     }
     return commands.has(button.action);
 }

@@ -31,28 +31,28 @@ struct Row {
 };
 
 /// All rows, in the order of the menus.
-std::span<const Row> Rows();
+std::span<const Row> rows();
 
 /// The object name of a row: its control name, with "_" and the index for a control array.
-std::string Name(const Row& row);
+std::string object_name(const Row& row);
 
 /// The row of an object name; nullptr when there is none.
-const Row* Find(std::string_view name);
+const Row* find(std::string_view name);
 
 /// The row that belongs to a calculation kind in `mnuCalc` or its submenus; nullptr for none.
-const Row* calculation_row(std::int16_t CalcMode);
+const Row* calculation_row(std::int16_t task_code);
 
 /// The present caption: some follow the mode of the Calculation menu and the kind of the EOS.
-std::string Caption(const session::Session& session, const Row& row);
+std::string caption(const session::Session& session, const Row& row);
 
 /// False for a row that the present mode of the Calculation menu does not offer.
-bool Visible(const session::Session& session, const Row& row);
+bool visible(const session::Session& session, const Row& row);
 
 /// True when the session allows the row, whether or not something handles it yet.
 bool allowed(const session::Session& session, const Row& row);
 
 /// True when the session allows the row and a command stands behind it; a submenu needs none.
-bool Enabled(const session::Session& session, const app::Commands& commands, const Row& row);
+bool enabled(const session::Session& session, const app::Commands& commands, const Row& row);
 
 /// A button of the tool bar.
 struct ToolButton {
@@ -65,8 +65,8 @@ struct ToolButton {
 
 std::span<const ToolButton> tool_buttons();
 
-/// As `Enabled`, for a tool button.
-bool Enabled(const session::Session& session, const app::Commands& commands,
+/// As `enabled`, for a tool button.
+bool enabled(const session::Session& session, const app::Commands& commands,
              const ToolButton& button);
 
 }  // namespace quor::menu

@@ -16,22 +16,22 @@ bool prepare_diagram(session::Session& session, const Row& row) {
 bool prepare_surface(session::Session& session, const Row& row) {
     {
         const auto now = session.change();
-        now->surfaceKind = row.code;
-        now->surfaceSCurve = false;
+        now->surface_kind = row.code;
+        now->surface_scurve = false;
     }
     const diagrams::SurfaceKind* kind = diagrams::find_surface(row.code);
     if (kind == nullptr) return false;
-    if (!kind->hasSCurve || session->models.EOSOnlyV) return true;
+    if (!kind->has_s_curve || session->models.vapour_only) return true;
     const bool real = dialogs::ask(
         "Draw physically real behaviour?\n"
         "(No = Draw S-shaped curves in the undercritical region)",
         "for cubic EOS only");
-    session.change()->surfaceSCurve = !real;
+    session.change()->surface_scurve = !real;
     return true;
 }
 
 bool prepare_new_data(session::Session& session) {
-    if (session->substanceNumber == 0) {
+    if (session->substance_number == 0) {
         dialogs::tell("First choose substance!", "friendly remark");
         return false;
     }
@@ -45,18 +45,18 @@ bool prepare_new_data(session::Session& session) {
 }
 
 bool prepare_project_save(session::Session& session) {
-    if (session->projectNotePending)
+    if (session->project_note_pending)
         dialogs::tell(
             "Please note:\nBefore saving your project the settings\n"
             "for \"Models\" and \"Options\" must be complete",
             "Single Note", dialogs::Icon::Information);
-    session.change()->projectNotePending = false;
+    session.change()->project_note_pending = false;
     return true;
 }
 
 }  // namespace
 
-bool Prepare(session::Session& session, const Row& row) {
+bool prepare(session::Session& session, const Row& row) {
     if (row.action == "Diagram2D") return prepare_diagram(session, row);
     if (row.action == "Diagram3D") return prepare_surface(session, row);
     if (row.control == "mnuData_BatchInput") return prepare_new_data(session);
@@ -67,7 +67,7 @@ bool Prepare(session::Session& session, const Row& row) {
 
 void open_data_menu(session::Session& session) {
     if (!session->measured.points.empty())
-        session::set_commands(session, {session::Command::mnuData_BatchEdit}, true);
+        session::set_commands(session, {session::Command::measuredDataEdit}, true);
 }
 
 }  // namespace quor::menu

@@ -59,8 +59,8 @@ Row row_of(const Diagram& diagram) {
 Row row_of(const SurfaceKind& kind) {
     return {.parent = kSurfaces,
             .control = "mnu3DSub",
-            .index = kind.menuIndex,
-            .caption = kind.menuCaption,
+            .index = kind.menu_index,
+            .caption = kind.menu_caption,
             .action = "Diagram3D",
             .code = kind.code};
 }
@@ -97,7 +97,7 @@ std::vector<Row> all_rows() {
     add_menu(all, kPressures.menu);
     std::vector<Row> surfaces;
     for (const SurfaceKind& kind : diagrams::surface_kinds())
-        if (kind.menuIndex >= 0) surfaces.push_back(row_of(kind));
+        if (kind.menu_index >= 0) surfaces.push_back(row_of(kind));
     add_rows(all, std::move(surfaces));
     return all;
 }

@@ -60,8 +60,8 @@ constexpr auto kRows = std::to_array<NamedTopic>({
     {"mnu2D", kDiagrams},
     {"mnuGraf_sub_cut", kSections},
     {"mnuGraf_sub_FuT", kFunctionsOfT},
-    {"mnuGraf_sub_Fup", kFunctionsOfp},
-    {"mnuGraf_sub_FuV", kFunctionsOfv},
+    {"mnuGraf_sub_Fup", kFunctionsOfP},
+    {"mnuGraf_sub_FuV", kFunctionsOfV},
     {"mnuGraf_sub_res_FuT", kResidualDiagrams},
     {"mnuGraf_sub_res_Fup", kResidualDiagrams},
     {"mnuGraf_sub_HS", kFunctionPairs},
@@ -105,9 +105,9 @@ int find(std::span<const NamedTopic> table, std::string_view name) {
 }
 
 // The menu that a submenu's row stands in; empty for a menu of the bar.
-std::string_view menu_above(std::string_view menuName) {
-    for (const menu::Row& row : menu::Rows())
-        if (row.kind == menu::Kind::Submenu && row.submenu == menuName) return row.parent;
+std::string_view menu_above(std::string_view menu_name) {
+    for (const menu::Row& row : menu::rows())
+        if (row.kind == menu::Kind::Submenu && row.submenu == menu_name) return row.parent;
     return {};
 }
 
@@ -125,7 +125,7 @@ int topic_of_row(std::string_view name) {
     for (const menu::ToolButton& button : menu::tool_buttons())
         if (name == "Toolbar1_" + std::to_string(button.index)) name = button.action;
     if (const int own = find(kRows, name); own >= 0) return own;
-    const menu::Row* row = menu::Find(name);
+    const menu::Row* row = menu::find(name);
     if (row == nullptr) return -1;
     std::string_view above = row->kind == menu::Kind::Submenu ? row->submenu : row->parent;
     for (; !above.empty(); above = menu_above(above))

@@ -45,17 +45,17 @@ class OneAnswer {
     bool given_ = false;
 };
 
-void open_database(const Place& place, const std::string& file) {
+void openDatabase(const Place& place, const std::string& file) {
     const OneAnswer answer(file);
     place.commands.run("mnuData_OpenBank");
 }
 
-void open_project(const Place& place, const std::string& file) {
+void openProject(const Place& place, const std::string& file) {
     const OneAnswer answer(file);
     place.commands.run("mnuData_LoadProject");
 }
 
-void open_data(const Place& place, const std::string& file) {
+void openData(const Place& place, const std::string& file) {
     // An open table asks about its changes first, and may stay.
     place.desk.closeViews({"frmTpvEdit"});
     if (place.desk.findView("frmTpvEdit") == nullptr &&
@@ -63,14 +63,14 @@ void open_data(const Place& place, const std::string& file) {
         place.commands.run("mnuData_BatchEdit");
 }
 
-void open_points(const Place& place, const std::string& file) {
+void openPoints(const Place& place, const std::string& file) {
     place.commands.run("mnuData_EditXY");
     const OneAnswer answer(file);
     if (auto* editor = place.desk.find<gui::XyEditor>("frmManuInput")) editor->load();
 }
 
-void open_diagram(const Place& place, const std::string& file) {
-    if (!session::is_enabled(place.desk.session(), session::Command::mnu2D)) {
+void openDiagram(const Place& place, const std::string& file) {
+    if (!session::is_enabled(place.desk.session(), session::Command::diagrams)) {
         dialogs::tell("Load a substance!", "WARNING");
         return;
     }
@@ -83,11 +83,11 @@ struct Kind {
     std::string_view extension;
     void (*open)(const Place& place, const std::string& file);
 };
-constexpr std::array<Kind, 5> kKinds{{{".Q05", open_database},
-                                      {".QCF", open_project},
-                                      {".BAQ", open_data},
-                                      {".XY", open_points},
-                                      {".OC2", open_diagram}}};
+constexpr std::array<Kind, 5> kKinds{{{".Q05", openDatabase},
+                                      {".QCF", openProject},
+                                      {".BAQ", openData},
+                                      {".XY", openPoints},
+                                      {".OC2", openDiagram}}};
 
 }  // namespace
 

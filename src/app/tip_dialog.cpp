@@ -78,10 +78,10 @@ void TipDialog::showTip() {
 void TipDialog::load(gui::Desk& desk, bool requested) {
     {
         const auto now = desk.session().change();
-        now->tipsRequested = requested;
-        now->tipsHidden = session::tips_stay_hidden(gui::settings::showTipsAtStartup(), requested);
+        now->tips_requested = requested;
+        now->tips_hidden = session::tips_stay_hidden(gui::settings::showTipsAtStartup(), requested);
     }
-    if (desk.session()->tipsHidden || desk.activate("frmTip")) return;
+    if (desk.session()->tips_hidden || desk.activate("frmTip")) return;
     desk.openDialog(new TipDialog(desk));
 }
 

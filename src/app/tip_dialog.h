@@ -16,7 +16,7 @@ class TipDialog : public QDialog {
 
   public:
     /// At the start of the program: shows the view unless the user switched tips off, which is
-    /// kept in `tipsHidden`.
+    /// kept in `tips_hidden`.
     static void showAtStartup(gui::Desk& desk);
     /// On request: shows it in any case.
     static void showOnRequest(gui::Desk& desk);

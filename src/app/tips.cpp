@@ -12,7 +12,7 @@ std::string tips_file(const Session& session) {
     return session->english ? "QUORTIPS_E.TXT" : "QUORTIPS.TXT";
 }
 
-Tips load_tips(const Session& session, std::uint32_t randomNumber) {
+Tips load_tips(const Session& session, std::uint32_t random_number) {
     Tips tips;
     const std::string name = tips_file(session);
     std::ifstream in(session.places().find_file(name), std::ios::binary);
@@ -23,9 +23,9 @@ Tips load_tips(const Session& session, std::uint32_t randomNumber) {
     }
     std::ostringstream content;
     content << in.rdbuf();
-    for (std::string& line : text::Lines(text::from_ansi(content.str())))
+    for (std::string& line : text::lines(text::from_ansi(content.str())))
         if (!text::trim(line).empty()) tips.lines.push_back(std::move(line));
-    if (!tips.lines.empty()) tips.current = randomNumber % tips.lines.size();
+    if (!tips.lines.empty()) tips.current = random_number % tips.lines.size();
     return tips;
 }
 
@@ -38,8 +38,8 @@ void next_tip(Tips& tips) {
     if (!tips.lines.empty()) tips.current = (tips.current + 1) % tips.lines.size();
 }
 
-bool tips_stay_hidden(bool showAtStartup, bool requested) {
-    return !showAtStartup && !requested;
+bool tips_stay_hidden(bool show_at_startup, bool requested) {
+    return !show_at_startup && !requested;
 }
 
 }  // namespace quor::session

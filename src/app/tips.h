@@ -20,7 +20,7 @@ std::string tips_file(const Session& session);
 
 /// Reads the tips file and starts at the line that the random number picks. A missing file gives no
 /// lines and is reported to the user; blank lines are no tips.
-Tips load_tips(const Session& session, std::uint32_t randomNumber);
+Tips load_tips(const Session& session, std::uint32_t random_number);
 
 /// The line shown, empty when there is none.
 const std::string& current_tip(const Tips& tips);
@@ -30,6 +30,6 @@ void next_tip(Tips& tips);
 
 /// True when the view of the tips unloads at once: tips at start-up are switched off and nobody
 /// asked for them.
-bool tips_stay_hidden(bool showAtStartup, bool requested);
+bool tips_stay_hidden(bool show_at_startup, bool requested);
 
 }  // namespace quor::session

@@ -55,13 +55,13 @@ void add_estimation(Desk& desk, Commands& commands) {
 
 void connectViews(Desk& desk, Commands& commands) {
     // A project names its database without a folder: those used lately are where it may lie.
-    for (const QString& folder : gui::settings::databaseFolders())
+    for (const QString& folder : gui::settings::database_folders())
         session::add_database_folder(desk.session(), folder.toStdString());
     desk.doors.chooseReference = [&desk] { show<gui::ReferenceStateDialog>(desk); };
-    gui::calculation_views::Install(desk);
-    gui::diagram_views::Install(desk);
-    gui::editor_views::Install(desk);
-    gui::estimation_views::Install(desk);
+    gui::calculation_views::install(desk);
+    gui::diagram_views::install(desk);
+    gui::editor_views::install(desk);
+    gui::estimation_views::install(desk);
 
     add_calculations(desk, commands);
     add_editors(desk, commands);

@@ -15,13 +15,13 @@ constexpr double kNameScale = 3.2;  // height of the program's name to that of t
 constexpr int kShade = 110;         // per cent
 constexpr int kMinimumShown = 40;   // pixels of a window that must stay inside the area
 
-QString place_key(const QString& view) {
+QString placeKey(const QString& view) {
     return "Place/" + view;
 }
 
 void remember(const QMdiSubWindow* window) {
     if (window->isMaximized() || window->isMinimized() || window->widget() == nullptr) return;
-    gui::settings::store().setValue(place_key(window->widget()->objectName()), window->geometry());
+    gui::settings::store().setValue(placeKey(window->widget()->objectName()), window->geometry());
 }
 
 }  // namespace
@@ -50,7 +50,7 @@ void WorkArea::openView(QWidget* view) {
         window->setAttribute(Qt::WA_DeleteOnClose);
         window->setWindowIcon(view->windowIcon());
         window->installEventFilter(this);
-        const QRect kept = gui::settings::store().value(place_key(view->objectName())).toRect();
+        const QRect kept = gui::settings::store().value(placeKey(view->objectName())).toRect();
         const QRect inside = viewport()->rect().adjusted(0, 0, -kMinimumShown, -kMinimumShown);
         if (kept.isValid() && inside.contains(kept.topLeft())) window->setGeometry(kept);
     }

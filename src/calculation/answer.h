@@ -56,7 +56,7 @@ struct PageValues {
     Phases phases;
     std::optional<PhaseDerivatives> liquid, vapour;
     models::Inflexion inflexion;
-    bool hasHeatCapacity = false;
+    bool has_heat_capacity = false;
     std::optional<FunctionPair> functions;
 };
 
@@ -72,17 +72,17 @@ enum class Region : std::int16_t {
 /// Content of a tank by phases.
 struct TankContent {
     double V = 0, m = 0;        ///< m^3, kg
-    double VV = 0;              ///< volume of the V phase, m^3
+    double vapour_volume = 0;   ///< volume of the V phase, m^3
     double rhoL = 0, rhoV = 0;  ///< kg/m^3; 0 for a phase that does not exist
     double y = 0;               ///< vapour fraction (of mass and of amount)
     /// Share of the volume that the L phase fills, per cent.
-    double level() const { return (V - VV) * 100.0 / V; }
+    double level() const { return (V - vapour_volume) * 100.0 / V; }
 };
 
 /// Range of validity in K; both 0 when nothing is known of it.
 struct Range {
-    std::int16_t TLo = 0, THi = 0;
-    bool known() const { return TLo != 0 || THi != 0; }
+    std::int16_t T_low = 0, T_high = 0;
+    bool known() const { return T_low != 0 || T_high != 0; }
 };
 
 /// A function of T from the database: kg/m^3, kJ/kmol, kJ/(kmol K) or kPa.
@@ -114,8 +114,8 @@ struct LastState {
     double T = 0;               ///< K
     double p = 0;               ///< kPa
     std::array<double, 3> v{};  ///< volume roots, m^3/kmol
-    bool HasL = false, HasV = false;
-    std::int16_t Roots = 0;
+    bool has_L = false, has_V = false;
+    std::int16_t root_count = 0;
 };
 
 /// Where an equilibrium comes from.
@@ -172,26 +172,26 @@ struct Answer {
     Phases phases;
     std::int16_t roots = 0;  ///< volume roots of the EOS, 3 in the two-phase region
     std::optional<Region> region;
-    bool sameDensity = false;  ///< L and V are the same phase
-    std::string_view solver;   ///< what the state solver says
+    bool same_density = false;  ///< L and V are the same phase
+    std::string_view solver;    ///< what the state solver says
     std::vector<Note> notes;
 
-    bool twoPhase = false;                  ///< the given density belongs to a mixture
+    bool two_phase = false;                 ///< the given density belongs to a mixture
     bool mixture = false;                   ///< both phases exist below the critical point
     double y = 1;                           ///< vapour fraction of it
     double pLV = 0;                         ///< vapour pressure at a given T and rho, kPa
     Source source = Source::none;           ///< of an equilibrium
-    bool otherLiquid = false;               ///< the L density is not that of the equation of state
-    bool criticalPoint = false;             ///< T and p are close to the critical point
+    bool other_liquid = false;              ///< the L density is not that of the equation of state
+    bool critical_point = false;            ///< T and p are close to the critical point
     std::optional<FunctionPair> functions;  ///< of the task itself
     std::optional<double> hLV;              ///< kJ/kmol
     std::optional<VaporisationValues> vaporisation;
     std::optional<TankContent> tank;
     std::optional<DatabaseValue> database;
     std::vector<VirialValue> virials;
-    std::optional<double> activeVirial;  ///< B of the active equation beside the others
+    std::optional<double> active_virial;  ///< B of the active equation beside the others
     std::vector<ProcessState> process;
-    std::optional<models::EOSState> parameters;  ///< a, b, c, d at T of a cubic EOS
+    std::optional<models::EosState> parameters;  ///< a, b, c, d at T of a cubic EOS
     std::optional<double> B;                     ///< of a V-only equation, m^3/kmol
     std::optional<PageValues> pages;
     LastState last;

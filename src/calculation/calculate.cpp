@@ -61,23 +61,24 @@ void set_region(Work& work) {
     Answer& a = work.answer;
     const std::optional<Region> solver = a.region;
     a.region.reset();
-    if (work.models().EOSOnlyV || is_database_function(work.request.task) ||
+    if (work.models().vapour_only || is_database_function(work.request.task) ||
         a.T < constants::kPresent)
         return;
     a.region = region_of(work.substance(), a.T, a.p);
     const std::optional<Region> known = a.region ? a.region : solver;
-    a.sameDensity = known == Region::supercritical || known == Region::critical;
+    a.same_density = known == Region::supercritical || known == Region::critical;
 }
 
 bool is_cubic(const models::ModelSelection& models) {
-    return models::is_cubic(models.EOSModel) && !models.EOSOnlyV;
+    return models::is_cubic(models.eos) && !models.vapour_only;
 }
 
 /// True for the tasks that end in a state of the equation of state.
 bool is_of_the_equation(const Work& work) {
     const Task task = work.request.task;
     if (task == Task::process || is_database_function(task)) return false;
-    return !is_vaporisation(task) || work.models().HLVModel == models::VaporisationModel::cubicEos;
+    return !is_vaporisation(task) ||
+           work.models().vaporisation == models::VaporisationModel::cubicEos;
 }
 
 void add_equation(Work& work) {
@@ -86,7 +87,7 @@ void add_equation(Work& work) {
     if (!(a.T > constants::kPresent)) return;
     if (is_cubic(work.models()) && is_of_the_equation(work))
         a.parameters = models::eos_at(work.fluid(), a.T);
-    if (work.models().EOSOnlyV && task != Task::none && task != Task::virial &&
+    if (work.models().vapour_only && task != Task::none && task != Task::virial &&
         task != Task::process && !is_database_function(task))
         a.B = active_virial(work);
 }
@@ -96,7 +97,7 @@ bool can_diagnose(const Work& work) {
     const Task task = work.request.task;
     if (!work.answer.ok() || !is_cubic(work.models()) || !work.request.method.global) return false;
     if (task == Task::virial || !is_of_the_equation(work)) return false;
-    return !is_equilibrium(task) || work.models().PriorityCEOS;
+    return !is_equilibrium(task) || work.models().eos_has_priority;
 }
 
 void run(Work& work) {

@@ -22,9 +22,10 @@ struct Found {
 
 /// A density without limits was measured at one temperature: it holds 10 K around that.
 template <std::size_t N>
-Range density_range(const std::array<float, N>& parameters, std::int16_t TLo, std::int16_t THi) {
+Range density_range(const std::array<float, N>& parameters, std::int16_t T_low,
+                    std::int16_t T_high) {
     constexpr int kAround = 10;
-    if (TLo != 0) return {TLo, THi};
+    if (T_low != 0) return {T_low, T_high};
     if (!(static_cast<double>(parameters[2]) > kPresent)) return {};
     const int point = numbers::to_int16(static_cast<double>(parameters[2]));
     return {static_cast<std::int16_t>(point - kAround), static_cast<std::int16_t>(point + kAround)};
@@ -32,7 +33,7 @@ Range density_range(const std::array<float, N>& parameters, std::int16_t TLo, st
 
 template <class Set>
 Range limits(const Set& set) {
-    return {set.TLo, set.THi};
+    return {set.T_low, set.T_high};
 }
 
 template <class Result>
@@ -43,18 +44,18 @@ std::optional<double> if_found(const Result& r, double value) {
 Found liquid_density(const models::SubstanceRecord& s, double T) {
     const models::DensityResult r = models::density_liquid(s, static_cast<float>(T));
     return {r.rho > 0 ? if_found(r, r.rho) : std::nullopt,
-            density_range(s.rhoLPar, s.rhoLTLo, s.rhoLTHi)};
+            density_range(s.rhoL_coefficients, s.rhoL_T_low, s.rhoL_T_high)};
 }
 
 Found solid_density(const models::SubstanceRecord& s, double T) {
     const models::DensityResult r = models::density_solid(s, static_cast<float>(T));
     return {r.rho > 0 ? if_found(r, r.rho) : std::nullopt,
-            density_range(s.rhoSPar, s.rhoSTLo, s.rhoSTHi)};
+            density_range(s.rhoS_coefficients, s.rhoS_T_low, s.rhoS_T_high)};
 }
 
 Found vaporisation(const models::SubstanceRecord& s, double T) {
     const models::EnthalpyEquationResult r = models::enthalpy_equation(s, T);
-    return {if_found(r, r.h), {s.hLVTLo, s.hLVTHi}};
+    return {if_found(r, r.h), {s.hLV_T_low, s.hLV_T_high}};
 }
 
 Found heat_capacity(const models::CpResult& r, const models::CpSet& set) {
@@ -71,7 +72,7 @@ Found pressure(const models::SubstanceRecord& s, double T, models::VapourPressur
 Found evaluate(const Work& work) {
     const models::SubstanceRecord& s = work.substance();
     const double T = work.answer.T;
-    const models::CpForm form = work.models().CpModel;
+    const models::CpForm form = work.models().cp_form;
     switch (work.request.task) {
         case Task::liquidDensity:
             return liquid_density(s, T);
@@ -80,26 +81,27 @@ Found evaluate(const Work& work) {
         case Task::vaporisationEquation:
             return vaporisation(s, T);
         case Task::idealGasCp:
-            return heat_capacity(models::ideal_gas_cp(s, form, T),
-                                 form == models::CpForm::polynomial ? s.cpPoly : s.cpSinh);
+            return heat_capacity(
+                models::ideal_gas_cp(s, form, T),
+                form == models::CpForm::polynomial ? s.cp_polynomial : s.cp_sinh_cosh);
         case Task::liquidCp:
             return heat_capacity(models::polynomial_cp(s.cpL, T), s.cpL);
         case Task::solidCp:
             return heat_capacity(models::polynomial_cp(s.cpS, T), s.cpS);
         case Task::pressureFrost:
-            return pressure(s, T, VapourPressureEquation::frostKalkwarf, s.FRO);
+            return pressure(s, T, VapourPressureEquation::frostKalkwarf, s.frost);
         case Task::pressureWagner:
-            return pressure(s, T, VapourPressureEquation::wagner, s.WAG);
+            return pressure(s, T, VapourPressureEquation::wagner, s.wagner);
         case Task::pressureAntoineLow:
-            return pressure(s, T, VapourPressureEquation::antoineLow, s.ALP);
+            return pressure(s, T, VapourPressureEquation::antoineLow, s.antoine_low);
         default:
-            return pressure(s, T, VapourPressureEquation::antoineHigh, s.AHP);
+            return pressure(s, T, VapourPressureEquation::antoineHigh, s.antoine_high);
     }
 }
 
 bool is_far_outside(double T, const Range& range) {
     constexpr double kAllowed = 10.0;
-    return range.known() && !(T >= range.TLo - kAllowed && T <= range.THi + kAllowed);
+    return range.known() && !(T >= range.T_low - kAllowed && T <= range.T_high + kAllowed);
 }
 
 bool is_pressure(Task task) {

@@ -29,7 +29,7 @@ bool fetch_given(Work& work) {
 
 /// p(LV) or T(LV) by the active vapour pressure equation.
 bool solve_by_equation(Work& work) {
-    const models::VapourPressureEquation code = work.models().VPModel;
+    const models::VapourPressureEquation code = work.models().vapour_pressure;
     Answer& a = work.answer;
     if (given_T(work)) {
         const models::VapourPressureResult r = models::vapour_pressure(work.substance(), a.T, code);
@@ -55,7 +55,8 @@ bool take_measured(Work& work) {
 }
 
 bool find_partial_point(Work& work) {
-    if (work.models().VPModel == models::VapourPressureEquation::none) return take_measured(work);
+    if (work.models().vapour_pressure == models::VapourPressureEquation::none)
+        return take_measured(work);
     if (!solve_by_equation(work)) return false;
     work.answer.source = Source::vapourPressureEquation;
     return true;
@@ -64,7 +65,7 @@ bool find_partial_point(Work& work) {
 /// The V volume at T and p; p need not be that of the EOS. 0 when there is none.
 double partial_vapour_volume(Work& work) {
     const Answer& a = work.answer;
-    if (work.models().EOSOnlyV) return faults::finite(R * a.T / a.p + active_virial(work));
+    if (work.models().vapour_only) return faults::finite(R * a.T / a.p + active_virial(work));
     const models::Saturation saturation = models::saturation_pressure(work.fluid(), a.T);
     const models::CubicRoots roots =
         models::solve_cubic(models::eos_at(work.fluid(), a.T), a.T, a.p);
@@ -78,7 +79,7 @@ bool partial_equilibrium(Work& work) {
     if (!find_partial_point(work)) return false;
     const double vV = partial_vapour_volume(work);
     work.answer.roots = 3;
-    if (!work.models().EOSOnlyV) keep_last_state(work);
+    if (!work.models().vapour_only) keep_last_state(work);
     add_partial_phases(work, vV);
     return true;
 }
@@ -92,7 +93,7 @@ bool equilibrium_of_eos(Work& work) {
     (given_T(work) ? a.p : a.T) = given_T(work) ? r.p : r.T;
     const auto [vL, vV] = volumes_of(work.fluid(), r);
     a.phases = {phase_at(work, vL), phase_at(work, vV)};
-    a.roots = r.nRoots;
+    a.roots = r.root_count;
     work.roots = r.v;
     keep_last_state(work);
     return true;
@@ -111,7 +112,7 @@ void add_enthalpy_of_vaporisation(Work& work) {
     const models::EnthalpyOfVaporisationResult r =
         models::enthalpy_of_vaporisation(work.fluid(),
                                          {.model = models::VaporisationModel::cubicEos,
-                                          .vpCode = work.models().VPModel,
+                                          .equation = work.models().vapour_pressure,
                                           .reference = {},
                                           .T = 0,
                                           .p = 0},
@@ -124,9 +125,9 @@ void add_enthalpy_of_vaporisation(Work& work) {
 void equilibrium_state(Work& work) {
     if (!fetch_given(work)) return;
     const bool global = work.request.method.global;
-    const bool found = !global                      ? partial_equilibrium(work)
-                       : work.models().PriorityCEOS ? equilibrium_of_eos(work)
-                                                    : equilibrium_of_equation(work);
+    const bool found = !global                          ? partial_equilibrium(work)
+                       : work.models().eos_has_priority ? equilibrium_of_eos(work)
+                                                        : equilibrium_of_equation(work);
     if (found && global) add_enthalpy_of_vaporisation(work);
 }
 

@@ -35,7 +35,7 @@ bool vapour_only_pressure(Work& work, double v) {
 
 /// p on the isotherm of a cubic EOS at the given volume.
 bool pressure_on_isotherm(Work& work, double v) {
-    models::EOSState state = models::eos_at(work.fluid(), work.answer.T);
+    models::EosState state = models::eos_at(work.fluid(), work.answer.T);
     const models::PressureResult r =
         models::pressure_from_Tv(work.fluid(), work.answer.T, v, state);
     if (r.status != kSuccess) return fail(work, Reason::belowCovolume, r.status);
@@ -64,13 +64,13 @@ bool subcritical_pressure(Work& work, double v) {
     }
     a.phases = {phase_at(work, vL), phase_at(work, vV)};
     a.p = a.pLV;
-    a.twoPhase = vV > vL;
-    if (a.twoPhase) a.y = (v - vL) / (vV - vL);
+    a.two_phase = vV > vL;
+    if (a.two_phase) a.y = (v - vL) / (vV - vL);
     return true;
 }
 
 bool find_pressure(Work& work, double v) {
-    if (work.models().EOSOnlyV) return vapour_only_pressure(work, v);
+    if (work.models().vapour_only) return vapour_only_pressure(work, v);
     if (work.answer.T < work.substance().Tcrit) return subcritical_pressure(work, v);
     work.answer.phases.vapour = phase_at(work, v);
     return pressure_on_isotherm(work, v);
@@ -78,7 +78,7 @@ bool find_pressure(Work& work, double v) {
 
 /// Outside the two-phase region the solver names the phases at T and p; inside it they are known.
 bool confirm_phases(Work& work) {
-    if (work.answer.twoPhase) return true;
+    if (work.answer.two_phase) return true;
     if (!(work.answer.p > 0)) return fail(work, Reason::solver, kFailure);
     return solve_state(work).has_value();
 }
@@ -95,7 +95,7 @@ void given_t_rho(Work& work) {
     Answer& a = work.answer;
     if (work.request.task == Task::globalTank) a.tank = content_of_tank(work);
     if (!confirm_phases(work)) return;
-    if (!work.models().EOSOnlyV) keep_last_state(work);
+    if (!work.models().vapour_only) keep_last_state(work);
     a.mixture = a.phases.both() && a.T < work.substance().Tcrit && a.p < work.substance().pcrit;
     if (a.mixture) a.functions = functions_of(work, a.phases);
 }

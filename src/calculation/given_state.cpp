@@ -20,7 +20,7 @@ bool is_critical_point(const Work& work) {
 /// tolerance of T(LV) puts the state to one side of the phase boundary.
 void keep_both_phases(Work& work, const models::StateTP& state) {
     constexpr double kMargin = 1e-3;
-    if (state.nRoots != 3) return;
+    if (state.root_count != 3) return;
     const double v = work.M() / work.rho();
     if (!(v > state.vL * (1 + kMargin)) || !(v < state.vV * (1 - kMargin))) return;
     work.answer.phases = {Phase{state.vL, state.rhoL}, Phase{state.vV, state.rhoV}};
@@ -29,7 +29,7 @@ void keep_both_phases(Work& work, const models::StateTP& state) {
 ProcessState state_of_process(const Work& work, const ProcessPoint& point) {
     ProcessState s{.T = point.T, .p = point.p, .v = 0, .functions = {}};
     const models::StateTP state = models::solve_state_tp(work.fluid(), point.T, point.p);
-    const bool liquid = state.hasL && (!state.hasV || work.request.process.liquid);
+    const bool liquid = state.has_L && (!state.has_V || work.request.process.liquid);
     const double v = liquid ? state.vL : state.vV;
     if (state.status != kSuccess || !(v > 0)) return s;
     s.v = v;
@@ -43,12 +43,12 @@ ProcessState state_of_process(const Work& work, const ProcessPoint& point) {
 void given_tp(Work& work) {
     if (!fetch_t(work) || !fetch_p(work)) return;
     Answer& a = work.answer;
-    a.criticalPoint = is_critical_point(work);
-    if (work.models().EOSOnlyV) a.B = active_virial(work);
+    a.critical_point = is_critical_point(work);
+    if (work.models().vapour_only) a.B = active_virial(work);
     const auto state = solve_state(work);
     if (!state) return;
     keep_last_state(work);
-    if (work.request.method.assumedVle) add_partial_phases(work, state->vV);
+    if (work.request.method.assumed_vle) add_partial_phases(work, state->vV);
 }
 
 void given_p_rho(Work& work) {

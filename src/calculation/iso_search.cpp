@@ -17,8 +17,8 @@ class Search {
         : calculator_(calculator),
           asked_(asked),
           start_(asked.given == IsoGiven::T ? asked.p : asked.T),
-          relativeStep_(asked.given == IsoGiven::T ? 0.0005 : 0.0001),
-          gridRange_(asked.given == IsoGiven::T ? 50.0 : 4.0) {}
+          relative_step_(asked.given == IsoGiven::T ? 0.0005 : 0.0001),
+          grid_range_(asked.given == IsoGiven::T ? 50.0 : 4.0) {}
 
     /// Newton steps with a numerical slope; where they fail though the phase exists at the start,
     /// a search for a change of sign.
@@ -39,7 +39,7 @@ class Search {
         const double p = asked_.given == IsoGiven::T ? x : asked_.p;
         if (!(T >= constants::kPresent) || !(p >= constants::kPresent)) return std::nullopt;
         const models::StateTP state = models::solve_state_tp(calculator_.fluid(), T, p);
-        if (state.status != kSuccess || !(asked_.liquid ? state.hasL : state.hasV))
+        if (state.status != kSuccess || !(asked_.liquid ? state.has_L : state.has_V))
             return std::nullopt;
         const FunctionValues values =
             calculator_.functions_at(T, p, asked_.liquid ? state.vL : state.vV);
@@ -58,7 +58,7 @@ class Search {
         constexpr int kRounds = 500;
         constexpr double kWiden = 50.0;
         double x = start_;
-        double step = std::max(kSmallestStep, relativeStep_ * x);
+        double step = std::max(kSmallestStep, relative_step_ * x);
         bool widened = false;
         for (int round = 0; round < kRounds; ++round) {
             const auto f = difference_at(x);
@@ -76,7 +76,7 @@ class Search {
             if (!(x > 0) || !(x < kUpperBound)) return std::nullopt;
             if (std::fabs(dx / x) <= kTolerance)
                 return difference_at(x) ? std::optional(x) : std::nullopt;
-            step = std::max(kSmallestStep, std::min(relativeStep_ * x, std::fabs(dx)));
+            step = std::max(kSmallestStep, std::min(relative_step_ * x, std::fabs(dx)));
             widened = false;
         }
         return std::nullopt;
@@ -85,53 +85,53 @@ class Search {
     /// Neighbours of a logarithmic grid, from the start outwards, with a change of sign.
     std::optional<double> bracketed() {
         constexpr int kPoints = 150;
-        const double ratio = std::pow(gridRange_, 1.0 / kPoints);
+        const double ratio = std::pow(grid_range_, 1.0 / kPoints);
         double up = start_, down = start_;
-        auto fUp = difference_at(start_), fDown = fUp;
+        auto f_up = difference_at(start_), f_down = f_up;
         for (int i = 0; i < kPoints; ++i) {
-            if (const auto x = advance(up, fUp, up * ratio)) return x;
-            if (const auto x = advance(down, fDown, down / ratio)) return x;
+            if (const auto x = advance(up, f_up, up * ratio)) return x;
+            if (const auto x = advance(down, f_down, down / ratio)) return x;
         }
         return std::nullopt;
     }
 
     /// One step of the grid: the root between x and the next point, if there is one.
     std::optional<double> advance(double& x, std::optional<double>& f, double next) {
-        const auto fNext = difference_at(next);
+        const auto f_next = difference_at(next);
         const double from = x;
-        const auto fFrom = f;
+        const auto f_from = f;
         x = next;
-        f = fNext;
-        if (!fFrom || !fNext || (*fFrom > 0) == (*fNext > 0)) return std::nullopt;
-        return bisect(from, *fFrom, next, *fNext);
+        f = f_next;
+        if (!f_from || !f_next || (*f_from > 0) == (*f_next > 0)) return std::nullopt;
+        return bisect(from, *f_from, next, *f_next);
     }
 
     std::optional<double> bisect(double a, double fa, double b, double fb) {
         constexpr int kHalvings = 60;
         const double jump = std::fabs(fa - fb);
-        double fMid = jump;
+        double f_mid = jump;
         for (int i = 0; i < kHalvings && std::fabs(b - a) > 1e-12 * b; ++i) {
             const double mid = 0.5 * (a + b);
             const auto f = difference_at(mid);
             if (!f) return std::nullopt;
-            fMid = *f;
-            if ((fMid > 0) == (fa > 0)) {
+            f_mid = *f;
+            if ((f_mid > 0) == (fa > 0)) {
                 a = mid;
-                fa = fMid;
+                fa = f_mid;
             } else {
                 b = mid;
-                fb = fMid;
+                fb = f_mid;
             }
         }
         // A jump from one phase to the other is no root.
-        return std::fabs(fMid) <= 1e-6 * jump ? std::optional(0.5 * (a + b)) : std::nullopt;
+        return std::fabs(f_mid) <= 1e-6 * jump ? std::optional(0.5 * (a + b)) : std::nullopt;
     }
 
     const Calculator& calculator_;
     const IsoSearch& asked_;
     double start_;
-    double relativeStep_;
-    double gridRange_;
+    double relative_step_;
+    double grid_range_;
 };
 
 }  // namespace

@@ -13,12 +13,12 @@ namespace {
 
 constexpr std::size_t kIsothermPoints = 400, kAreaPoints = 60;
 
-IsothermPoint point_at(const models::EOSState& s, double T, double v) {
+IsothermPoint point_at(const models::EosState& s, double T, double v) {
     return {v, models::cubic_pressure(s, T, v)};
 }
 
 /// Points evenly spaced in log(v) from v1 to v2, both included.
-std::vector<IsothermPoint> sample(const models::EOSState& s, double T, double v1, double v2,
+std::vector<IsothermPoint> sample(const models::EosState& s, double T, double v1, double v2,
                                   std::size_t count) {
     std::vector<IsothermPoint> points;
     points.reserve(count);
@@ -30,8 +30,8 @@ std::vector<IsothermPoint> sample(const models::EOSState& s, double T, double v1
 }
 
 /// The volume on the steep branch beside b where the isotherm reaches p; `v` lies below p.
-double steep_volume(const models::EOSState& s, double T, double p, double v) {
-    double low = s.eosB, high = v;
+double steep_volume(const models::EosState& s, double T, double p, double v) {
+    double low = s.b, high = v;
     for (int i = 0; i < 60; ++i) {
         const double mid = 0.5 * (low + high);
         (models::cubic_pressure(s, T, mid) > p ? low : high) = mid;
@@ -40,11 +40,11 @@ double steep_volume(const models::EOSState& s, double T, double p, double v) {
 }
 
 /// p limits: the loop of the isotherm, p(LV) and p, with some room.
-void set_limits(Isotherm& d, const models::EOSState& s, double vFirst, double vLast) {
+void set_limits(Isotherm& d, const models::EosState& s, double v_first, double v_last) {
     constexpr double kRoom = 0.15;
-    double low = std::min(0.0, d.p), high = std::max(d.p, d.saturationPressure);
-    if (d.saturationPressure > 0) {
-        for (const IsothermPoint& q : sample(s, d.T, vFirst, vLast, kIsothermPoints)) {
+    double low = std::min(0.0, d.p), high = std::max(d.p, d.saturation_pressure);
+    if (d.saturation_pressure > 0) {
+        for (const IsothermPoint& q : sample(s, d.T, v_first, v_last, kIsothermPoints)) {
             low = std::min(low, q.p);
             high = std::max(high, q.p);
         }
@@ -53,39 +53,38 @@ void set_limits(Isotherm& d, const models::EOSState& s, double vFirst, double vL
     } else {
         high *= 2.0;
     }
-    d.pMin = low - kRoom * (high - low);
-    if (low == 0.0) d.pMin = 0.0;
-    d.pMax = high + kRoom * (high - low);
+    d.p_min = low - kRoom * (high - low);
+    if (low == 0.0) d.p_min = 0.0;
+    d.p_max = high + kRoom * (high - low);
 }
 
 }  // namespace
 
 Isotherm isotherm_of(const models::Fluid& fluid, const LastState& last) {
     Isotherm d;
-    if (!models::is_cubic(fluid.models().EOSModel) || !(last.T > 0) || !(last.p > 0) ||
-        !(last.v[0] > 0))
+    if (!models::is_cubic(fluid.models().eos) || !(last.T > 0) || !(last.p > 0) || !(last.v[0] > 0))
         return d;
     d.T = last.T;
     d.p = last.p;
-    const models::EOSState s = models::eos_at(fluid, d.T);
-    double vFirst = last.v[0], vLast = last.Roots < 3 ? last.v[0] : last.v[2];
+    const models::EosState s = models::eos_at(fluid, d.T);
+    double v_first = last.v[0], v_last = last.root_count < 3 ? last.v[0] : last.v[2];
     if (d.T < fluid.substance().Tcrit) {
         const models::Saturation saturation = models::saturation_pressure(fluid, d.T);
-        if (saturation.status == kSuccess && saturation.nRoots == 3) {
+        if (saturation.status == kSuccess && saturation.root_count == 3) {
             const auto [vL, vM, vV] = saturation.v;
-            d.saturationPressure = saturation.p;
-            d.areaBelow = sample(s, d.T, vL, vM, kAreaPoints);
-            d.areaAbove = sample(s, d.T, vM, vV, kAreaPoints);
-            vFirst = std::min(vFirst, vL);
-            vLast = std::max(vLast, vV);
+            d.saturation_pressure = saturation.p;
+            d.area_below = sample(s, d.T, vL, vM, kAreaPoints);
+            d.area_above = sample(s, d.T, vM, vV, kAreaPoints);
+            v_first = std::min(v_first, vL);
+            v_last = std::max(v_last, vV);
         }
     }
-    set_limits(d, s, vFirst, vLast);
+    set_limits(d, s, v_first, v_last);
     constexpr double kBeyond = 3.0;
-    const double vStart = d.pMax > models::cubic_pressure(s, d.T, vFirst)
-                              ? steep_volume(s, d.T, d.pMax, vFirst)
-                              : vFirst;
-    d.isotherm = sample(s, d.T, vStart, vLast * kBeyond, kIsothermPoints);
+    const double v_start = d.p_max > models::cubic_pressure(s, d.T, v_first)
+                               ? steep_volume(s, d.T, d.p_max, v_first)
+                               : v_first;
+    d.isotherm = sample(s, d.T, v_start, v_last * kBeyond, kIsothermPoints);
     return d;
 }
 

@@ -19,11 +19,11 @@ struct Isotherm {
     std::vector<IsothermPoint> isotherm;
     /// Below Tcrit: p(LV) and the two areas between isotherm and p(LV), each a closed polygon;
     /// equal by Maxwell's rule. Empty above Tcrit.
-    double saturationPressure = 0;
-    std::vector<IsothermPoint> areaBelow;  ///< between the L and the middle volume
-    std::vector<IsothermPoint> areaAbove;  ///< between the middle and the V volume
+    double saturation_pressure = 0;
+    std::vector<IsothermPoint> area_below;  ///< between the L and the middle volume
+    std::vector<IsothermPoint> area_above;  ///< between the middle and the V volume
     /// Limits of p that show the loop and the given p well, kPa.
-    double pMin = 0, pMax = 0;
+    double p_min = 0, p_max = 0;
 };
 Isotherm isotherm_of(const models::Fluid& fluid, const LastState& last);
 

@@ -11,7 +11,7 @@ std::optional<PhaseDerivatives> derivatives_of(const Work& work,
                                                const std::optional<Phase>& phase) {
     if (!phase || !(phase->v > 0)) return std::nullopt;
     const double T = work.answer.T, p = work.answer.p;
-    const models::EOSState state = models::eos_at(work.fluid(), T);
+    const models::EosState state = models::eos_at(work.fluid(), T);
     PhaseDerivatives d{models::residual_functions(work.fluid(), state, T, p, phase->v), {}};
     if (!d.table.filled) return std::nullopt;
     d.mechanical = {faults::divide(d.table.first[4], phase->v),
@@ -26,10 +26,10 @@ std::optional<Phases> solve_again(const Work& work) {
     const Answer& a = work.answer;
     const models::StateTP state = models::solve_state_tp(work.fluid(), a.T, a.p);
     if (state.status != kSuccess) return std::nullopt;
-    const bool equilibrium = a.phases.both() && state.nRoots == 3;
+    const bool equilibrium = a.phases.both() && state.root_count == 3;
     Phases phases;
-    if (equilibrium || state.hasL) phases.liquid = Phase{state.vL, state.rhoL};
-    if (equilibrium || state.hasV) phases.vapour = Phase{state.vV, state.rhoV};
+    if (equilibrium || state.has_L) phases.liquid = Phase{state.vL, state.rhoL};
+    if (equilibrium || state.has_V) phases.vapour = Phase{state.vV, state.rhoV};
     return phases;
 }
 
@@ -52,8 +52,8 @@ void add_pages(Work& work) {
     if (wanted.tables()) {
         values.liquid = derivatives_of(work, phases->liquid);
         values.vapour = derivatives_of(work, phases->vapour);
-        values.hasHeatCapacity =
-            models::ideal_gas_cp(work.substance(), work.models().CpModel, a.T).status == kSuccess;
+        values.has_heat_capacity =
+            models::ideal_gas_cp(work.substance(), work.models().cp_form, a.T).status == kSuccess;
     }
     if (wanted.derivatives) values.inflexion = models::inflexion_points(work.fluid(), a.T);
     if (wanted.functions) values.functions = functions_of(work, *phases);

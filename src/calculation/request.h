@@ -10,10 +10,10 @@ namespace quor::calculation {
 
 /// How a phase equilibrium and a liquid are described.
 struct Method {
-    /// Both phases by the equation of state; else only V, and L by `liquidByBenson`.
+    /// Both phases by the equation of state; else only V, and L by `liquid_by_benson`.
     bool global = true;
-    bool liquidByBenson = true;     ///< L density by Benson's method, else by the database equation
-    bool assumedVle = false;        ///< the given T and p are taken as an equilibrium
+    bool liquid_by_benson = true;   ///< L density by Benson's method, else by the database equation
+    bool assumed_vle = false;       ///< the given T and p are taken as an equilibrium
     models::BensonPoint reference;  ///< second reference point of Benson's method
 
     bool operator==(const Method&) const = default;

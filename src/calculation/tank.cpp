@@ -18,7 +18,7 @@ namespace {
 double liquid_density(Work& work, double rhoV) {
     const models::SubstanceRecord& s = work.substance();
     const Method& method = work.request.method;
-    if (!method.liquidByBenson) {
+    if (!method.liquid_by_benson) {
         const models::DensityResult r =
             models::density_liquid(s, static_cast<float>(work.answer.T));
         note_range(work, Note::Kind::densityRange, r.deviation);
@@ -35,12 +35,12 @@ TankContent divide_tank(double V, double m, double rhoL, double rhoV) {
     TankContent c{V, m, 0.0, rhoL, rhoV, 0.0};
     if (rhoV <= 0) return c;
     if (rhoL <= 0) {
-        c.VV = V;
+        c.vapour_volume = V;
         c.y = 1.0;
         return c;
     }
     c.y = faults::divide(V / m - 1.0 / rhoL, 1.0 / rhoV - 1.0 / rhoL);
-    c.VV = faults::divide(rhoL * c.y * V, (rhoL - rhoV) * c.y + rhoV);
+    c.vapour_volume = faults::divide(rhoL * c.y * V, (rhoL - rhoV) * c.y + rhoV);
     return c;
 }
 
@@ -53,7 +53,7 @@ bool fetch_tank(Work& work) {
     const models::SubstanceRecord& s = work.substance();
     if (work.request.task == Task::partialTank && T >= s.Tcrit)
         return fail(work, Reason::tankAboveCritical);
-    if (T < static_cast<double>(s.Ttriple) && !work.models().EOSOnlyV)
+    if (T < static_cast<double>(s.Ttriple) && !work.models().vapour_only)
         work.answer.notes.push_back({.kind = Note::Kind::tankBelowTriplePoint});
     work.answer.T = T;
     work.given = {};
@@ -66,7 +66,7 @@ TankContent content_of_tank(const Work& work) {
     const Answer& a = work.answer;
     const auto V = static_cast<double>(work.request.tank.V);
     const auto m = static_cast<double>(work.request.tank.m);
-    if (a.twoPhase) return divide_tank(V, m, a.phases.liquid->rho, a.phases.vapour->rho);
+    if (a.two_phase) return divide_tank(V, m, a.phases.liquid->rho, a.phases.vapour->rho);
     return a.y > 0 ? divide_tank(V, m, 0.0, m / V) : divide_tank(V, m, m / V, 0.0);
 }
 
@@ -77,7 +77,7 @@ bool partial_tank(Work& work) {
     const double rho = m / V;
 
     const models::VapourPressureResult saturation =
-        models::vapour_pressure(work.substance(), a.T, work.models().VPModel);
+        models::vapour_pressure(work.substance(), a.T, work.models().vapour_pressure);
     if (saturation.status == kSuccess)
         note_range(work, Note::Kind::pressureRange, saturation.deviation);
     if (!(saturation.p > 0)) return fail(work, Reason::noVapourPressure);
@@ -95,7 +95,7 @@ bool partial_tank(Work& work) {
         a.phases.liquid = Phase{v, rho};
         a.tank = divide_tank(V, m, rho, 0.0);
     } else if (rho <= rhoV) {
-        models::EOSState eos = models::eos_at(work.fluid(), a.T);
+        models::EosState eos = models::eos_at(work.fluid(), a.T);
         const models::PressureResult gas = models::pressure_from_Tv(work.fluid(), a.T, v, eos);
         if (gas.status != kSuccess) return fail(work, Reason::solver, gas.status);
         a.p = gas.p;

@@ -22,7 +22,7 @@ bool fetch_given(Work& work) {
 
 models::EnthalpyOfVaporisationResult by_method(const Work& work, VaporisationModel model) {
     models::VaporisationMethod method{.model = model,
-                                      .vpCode = work.models().VPModel,
+                                      .equation = work.models().vapour_pressure,
                                       .reference = work.request.method.reference,
                                       .T = 0,
                                       .p = 0};
@@ -35,8 +35,8 @@ models::EnthalpyOfVaporisationResult by_method(const Work& work, VaporisationMod
 
 /// The database equation beside any other method.
 std::optional<double> database_value(const Work& work) {
-    if (work.models().HLVModel == VaporisationModel::databaseEquation ||
-        work.substance().hLVTHi <= 0)
+    if (work.models().vaporisation == VaporisationModel::databaseEquation ||
+        work.substance().hLV_T_high <= 0)
         return std::nullopt;
     const models::EnthalpyOfVaporisationResult r =
         by_method(work, VaporisationModel::databaseEquation);
@@ -44,10 +44,10 @@ std::optional<double> database_value(const Work& work) {
 }
 
 void note_ranges(Work& work, const models::EnthalpyOfVaporisationResult& r) {
-    note_range(work, Note::Kind::pressureRange, r.pressureDeviation);
-    note_range(work, Note::Kind::temperatureRange, r.temperatureDeviation);
+    note_range(work, Note::Kind::pressureRange, r.pressure_deviation);
+    note_range(work, Note::Kind::temperatureRange, r.temperature_deviation);
     note_range(work, Note::Kind::vaporisationRange, r.deviation);
-    note_range(work, Note::Kind::densityRange, r.densityDeviation);
+    note_range(work, Note::Kind::densityRange, r.density_deviation);
 }
 
 Phase phase_of_density(const Work& work, double rho) {
@@ -59,7 +59,7 @@ Phase phase_of_density(const Work& work, double rho) {
 void enthalpy_of_vaporisation(Work& work) {
     if (!fetch_given(work)) return;
     Answer& a = work.answer;
-    const models::EnthalpyOfVaporisationResult r = by_method(work, work.models().HLVModel);
+    const models::EnthalpyOfVaporisationResult r = by_method(work, work.models().vaporisation);
     note_ranges(work, r);
     a.vaporisation = VaporisationValues{r, {}};
     if (r.status != kSuccess) {
@@ -71,7 +71,7 @@ void enthalpy_of_vaporisation(Work& work) {
     a.phases = {phase_of_density(work, r.rhoL), phase_of_density(work, r.rhoV)};
     a.roots = 3;
     work.roots = r.v;
-    if (!work.models().EOSOnlyV) keep_last_state(work);
+    if (!work.models().vapour_only) keep_last_state(work);
     a.hLV = static_cast<double>(r.h);
     faults::divide(*a.hLV, a.T);
     a.vaporisation->database = database_value(work);

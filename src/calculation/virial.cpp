@@ -26,7 +26,7 @@ constexpr Form kForms[] = {
 double virial_of(const models::Fluid& fluid, Eos eos, double T) {
     const auto other = fluid.with(eos);
     if (!other) throw faults::Fault(other.reason());
-    models::EOSState state;
+    models::EosState state;
     return models::second_virial(*other, T, state);
 }
 
@@ -38,15 +38,15 @@ void virial_coefficients(Work& work) {
     for (const Form& form : kForms)
         a.virials.push_back({form.virial, virial_of(work.fluid(), form.virial, a.T)});
     // A cubic form has the coefficient of its virial form.
-    const Eos active = work.models().EOSModel;
+    const Eos active = work.models().eos;
     const auto* const form =
         std::find_if(std::begin(kForms), std::end(kForms), [&](const Form& one) {
             return one.virial == active || (one.cubic == active && active != Eos::none);
         });
     const bool listed = form != std::end(kForms);
-    a.activeVirial = listed && form->cubic == active ? virial_of(work.fluid(), form->virial, a.T)
-                                                     : active_virial(work);
-    if (!listed) a.virials.push_back({active, *a.activeVirial});
+    a.active_virial = listed && form->cubic == active ? virial_of(work.fluid(), form->virial, a.T)
+                                                      : active_virial(work);
+    if (!listed) a.virials.push_back({active, *a.active_virial});
 }
 
 }  // namespace quor::calculation

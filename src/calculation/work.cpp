@@ -30,8 +30,8 @@ bool fail(Work& work, Reason reason, Status status) {
 bool fetch_t(Work& work) {
     if (!(work.given.T >= kPresent)) return fail(work, Reason::noT);
     work.answer.T = faults::finite(work.given.T);
-    if (work.answer.T < static_cast<double>(work.substance().Ttriple) && !work.models().EOSOnlyV &&
-        remarks_on_triple_point(work.request.task))
+    if (work.answer.T < static_cast<double>(work.substance().Ttriple) &&
+        !work.models().vapour_only && remarks_on_triple_point(work.request.task))
         work.answer.notes.push_back({.kind = Note::Kind::belowTriplePoint});
     return true;
 }
@@ -57,12 +57,12 @@ void note_range(Work& work, Note::Kind kind, int deviation) {
 void take_state(Work& work, const models::StateTP& state) {
     Answer& a = work.answer;
     a.phases = {};
-    if (state.hasL) a.phases.liquid = {state.vL, state.rhoL};
-    if (state.hasV) a.phases.vapour = {state.vV, state.rhoV};
-    a.roots = state.nRoots;
+    if (state.has_L) a.phases.liquid = {state.vL, state.rhoL};
+    if (state.has_V) a.phases.vapour = {state.vV, state.rhoV};
+    a.roots = state.root_count;
     a.solver = state.text;
-    a.region = static_cast<Region>(state.PhaseRegion);
-    if (!work.models().EOSOnlyV) work.roots = state.v;
+    a.region = static_cast<Region>(state.region);
+    if (!work.models().vapour_only) work.roots = state.v;
 }
 
 std::optional<models::StateTP> solve_state(Work& work) {
@@ -78,8 +78,8 @@ std::optional<models::StateTP> solve_state(Work& work) {
 
 SaturationVolumes volumes_of(const models::Fluid& fluid, const models::Saturation& saturation) {
     if (saturation.T == fluid.substance().Tcrit)
-        return {fluid.eos().vcritCalc, fluid.eos().vcritCalc};
-    return {saturation.v[0], saturation.nRoots == 3 ? saturation.v[2] : saturation.v[0]};
+        return {fluid.eos().vcrit_calculated, fluid.eos().vcrit_calculated};
+    return {saturation.v[0], saturation.root_count == 3 ? saturation.v[2] : saturation.v[0]};
 }
 
 Phase phase_at(const Work& work, double v) {
@@ -94,7 +94,7 @@ void add_partial_phases(Work& work, double vV) {
     a.phases.vapour = phase_at(work, vV);
     a.phases.liquid = Phase{};
     double rhoL = 0;
-    if (method.liquidByBenson) {
+    if (method.liquid_by_benson) {
         rhoL = models::density_l_benson(a.T, s.Tcrit, s.rhocrit, a.phases.vapour->rho,
                                         method.reference);
     } else {
@@ -103,7 +103,7 @@ void add_partial_phases(Work& work, double vV) {
         rhoL = r.rho;
     }
     if (faults::finite(rhoL) > kPresent) a.phases.liquid = Phase{work.M() / rhoL, rhoL};
-    a.otherLiquid = true;
+    a.other_liquid = true;
 }
 
 void keep_last_state(Work& work) {
@@ -124,7 +124,7 @@ FunctionPair functions_of(const Work& work, const Phases& phases) {
 }
 
 double active_virial(const Work& work) {
-    models::EOSState state;
+    models::EosState state;
     return models::second_virial(work.fluid(), work.answer.T, state);
 }
 

@@ -25,36 +25,36 @@ Point3 unit(const Point3& p) {
 }  // namespace
 
 Camera::Camera(const View3D& view, double scale, Point2 centre)
-    : perspective_(view.perspective), xScale_(scale), yScale_(scale), centre_(centre) {
+    : perspective_(view.perspective), x_scale_(scale), y_scale_(scale), centre_(centre) {
     const View3D v = sanitised(view);
     const double elevation = v.elevation * std::numbers::pi / 180;
     const double rotation = v.rotation * std::numbers::pi / 180;
     const double ce = std::cos(elevation), se = std::sin(elevation);
     const double cr = std::cos(rotation), sr = std::sin(rotation);
-    toViewer_ = {ce * cr, ce * sr, se};
+    to_viewer_ = {ce * cr, ce * sr, se};
     right_ = {-sr, cr, 0};
     up_ = {-se * cr, -se * sr, ce};
-    light_ = unit(sum(sum(scaled(toViewer_, 0.6), scaled(right_, -0.45)), scaled(up_, 0.6)));
+    light_ = unit(sum(sum(scaled(to_viewer_, 0.6), scaled(right_, -0.45)), scaled(up_, 0.6)));
 }
 
-Camera Camera::map(double xScale, double yScale, Point2 centre) {
+Camera Camera::map(double x_scale, double y_scale, Point2 centre) {
     View3D view;
     set_preset(view, PresetView::AlongZ);
     view.perspective = false;
-    Camera camera(view, xScale, centre);
-    camera.yScale_ = yScale;
+    Camera camera(view, x_scale, centre);
+    camera.y_scale_ = y_scale;
     return camera;
 }
 
 Point2 Camera::project(Point3 p) const {
     const double factor = 1 / depth_factor(p);
-    return {centre_.x + factor * xScale_ * dot(right_, p),
-            centre_.y - factor * yScale_ * dot(up_, p)};
+    return {centre_.x + factor * x_scale_ * dot(right_, p),
+            centre_.y - factor * y_scale_ * dot(up_, p)};
 }
 
 bool Camera::sees(Point3 p, Point3 normal) const {
-    if (!perspective_) return dot(toViewer_, normal) > kEdgeOn;
-    const Point3 viewer = scaled(toViewer_, kDistance);
+    if (!perspective_) return dot(to_viewer_, normal) > kEdgeOn;
+    const Point3 viewer = scaled(to_viewer_, kDistance);
     return dot(sum(viewer, scaled(p, -1)), normal) > kEdgeOn;
 }
 

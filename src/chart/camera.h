@@ -24,7 +24,7 @@ class Camera {
     Camera(const View3D& view, double scale, Point2 centre);
 
     /// A flat map: x to the right and y upwards with scales of their own, seen from above.
-    static Camera map(double xScale, double yScale, Point2 centre);
+    static Camera map(double x_scale, double y_scale, Point2 centre);
 
     Point2 project(Point3 p) const;
 
@@ -32,7 +32,7 @@ class Camera {
     bool sees(Point3 p, Point3 normal) const;
 
     /// Distance along the line of sight, growing towards the viewer.
-    double nearness(Point3 p) const { return dot(toViewer_, p); }
+    double nearness(Point3 p) const { return dot(to_viewer_, p); }
 
     /// What divides lengths at `p` compared with lengths at the box's centre: 1 without
     /// perspective, smaller for near places.
@@ -44,7 +44,7 @@ class Camera {
     /// perspective, else a place far away in his direction.
     Point2 viewer_in_plan() const {
         const double reach = perspective_ ? kDistance : 1e6;
-        return {toViewer_.x * reach, toViewer_.y * reach};
+        return {to_viewer_.x * reach, to_viewer_.y * reach};
     }
 
     /// Light from the left above behind the viewer's shoulder: 0 (dark) to 1 for a unit normal.
@@ -58,9 +58,9 @@ class Camera {
     /// From the box's centre to the viewer; the farthest corner of the highest box is at 5.2.
     static constexpr double kDistance = 7.0;
 
-    Point3 right_, up_, toViewer_, light_;
+    Point3 right_, up_, to_viewer_, light_;
     bool perspective_;
-    double xScale_, yScale_;
+    double x_scale_, y_scale_;
     Point2 centre_;
 };
 

@@ -103,10 +103,10 @@ bool takes_part(const Series& series, Group group) {
 Chart2D::Chart2D() {
     header.font = {{}, 12, true, false};
     footer.font = {{}, 9, false, false};
-    y.titleRotation = 90;
-    y2.titleRotation = 90;
+    y.title_rotation = 90;
+    y2.title_rotation = 90;
     y2.shown = false;
-    y2.gridShown = false;
+    y2.grid_shown = false;
 }
 
 std::vector<Series>& series_of(Chart2D& chart, Group group) {
@@ -120,7 +120,7 @@ const std::vector<Series>& series_of(const Chart2D& chart, Group group) {
 Series default_curve(int index) {
     Series series;
     series.line = {default_pattern(index), default_colour(index), 1.5F};
-    series.symbolColour = series.line.colour;
+    series.symbol_colour = series.line.colour;
     return series;
 }
 
@@ -128,7 +128,7 @@ Series default_point_set(int index) {
     Series series;
     series.line = {LinePattern::None, default_colour(index), 1};
     series.symbol = default_symbol(index);
-    series.symbolColour = series.line.colour;
+    series.symbol_colour = series.line.colour;
     return series;
 }
 
@@ -150,7 +150,7 @@ SymbolShape shown_symbol(const Series& series, Group group) {
 std::vector<SeriesRef> legend_entries(const Chart2D& chart) {
     std::vector<SeriesRef> entries;
     for_each_series(chart, [&](Group group, int index, const Series& series) {
-        if (series.inLegend && !series.legend.empty() && series.visible && point_count(series) > 0)
+        if (series.in_legend && !series.legend.empty() && series.visible && point_count(series) > 0)
             entries.push_back({group, index});
     });
     return entries;
@@ -161,14 +161,14 @@ void swap_axes(Chart2D& chart) {
         for (Series& series : *group) std::swap(series.x, series.y);
     std::swap(chart.x, chart.y);
     // The turn of a title belongs to the side of the sheet, not to the quantity.
-    std::swap(chart.x.titleRotation, chart.y.titleRotation);
+    std::swap(chart.x.title_rotation, chart.y.title_rotation);
     for (Label& label : chart.labels) std::swap(label.x, label.y);
 }
 
 std::optional<Window> data_extent(const Chart2D& chart) {
     Extent x(chart.x.logarithmic), y(chart.y.logarithmic);
     for_each_series(chart, [&](Group group, int, const Series& series) {
-        if (series.isReference || !takes_part(series, group)) return;
+        if (series.is_reference || !takes_part(series, group)) return;
         for (std::size_t i = 0; i < point_count(series); ++i) {
             if (!x.takes(series.x[i]) || !y.takes(series.y[i])) continue;
             x.add(series.x[i]);
@@ -210,7 +210,7 @@ double unit_of(double value, const Range& range, bool logarithmic) {
 }
 
 WindowScale::WindowScale(const Chart2D& chart)
-    : window_(shown_window(chart)), xLog_(chart.x.logarithmic), yLog_(chart.y.logarithmic) {}
+    : window_(shown_window(chart)), x_log_(chart.x.logarithmic), y_log_(chart.y.logarithmic) {}
 
 double WindowScale::value(double unit, const Range& range, bool logarithmic) {
     if (!logarithmic) return range.min + unit * (range.max - range.min);
@@ -222,7 +222,7 @@ std::optional<NearPoint> nearest_point(const Chart2D& chart, const PlotPixel& pi
     std::optional<NearPoint> best;
     double best2 = limit * limit;
     for_each_series(chart, [&](Group group, int index, const Series& series) {
-        if (series.isReference || !takes_part(series, group)) return;
+        if (series.is_reference || !takes_part(series, group)) return;
         for (std::size_t i = 0; i < point_count(series); ++i) {
             const auto p = scale.of(series, i);
             if (!p) continue;
@@ -273,7 +273,7 @@ void delete_point(Chart2D& chart, Group group, int series, int point) {
     target.x.erase(target.x.begin() + point);
     target.y.erase(target.y.begin() + point);
     const auto on_series = [&](const Label& label) {
-        return label.onPoint && label.group == group && label.series == series;
+        return label.on_point && label.group == group && label.series == series;
     };
     std::erase_if(chart.labels,
                   [&](const Label& label) { return on_series(label) && label.point == point; });
@@ -288,9 +288,9 @@ void clear_series(Chart2D& chart, Group group, int series) {
     target.x.clear();
     target.y.clear();
     target.legend.clear();
-    target.isReference = false;
+    target.is_reference = false;
     std::erase_if(chart.labels, [&](const Label& label) {
-        return label.onPoint && label.group == group && label.series == series;
+        return label.on_point && label.group == group && label.series == series;
     });
 }
 

@@ -21,15 +21,15 @@ inline bool is_shown(float value) {
 
 /// A curve or a set of points. x and y have the same length.
 struct Series {
-    std::string legend;    ///< text in the legend; an empty one has no line there
-    bool inLegend = true;  ///< false keeps it out of the legend whatever its text
+    std::string legend;     ///< text in the legend; an empty one has no line there
+    bool in_legend = true;  ///< false keeps it out of the legend whatever its text
     bool visible = true;
-    bool isReference = false;  ///< a reference line: it may reach far outside, fits pass it over
+    bool is_reference = false;  ///< a reference line: it may reach far outside, fits pass it over
     std::vector<float> x, y;
     LineStyle line;
     SymbolShape symbol = SymbolShape::Hidden;
-    float symbolSize = 7;  ///< pixels of 1/96 inch
-    Colour symbolColour = kInk;
+    float symbol_size = 7;  ///< pixels of 1/96 inch
+    Colour symbol_colour = kInk;
     friend bool operator==(const Series&, const Series&) = default;
 };
 
@@ -42,18 +42,18 @@ struct Axis {
     bool automatic = false;  ///< the window follows the data
     bool logarithmic = false;
     double origin = 0;  ///< value at which the other axis crosses
-    bool automaticOrigin = true;
-    double tickSpacing = 0;
-    double gridSpacing = 0;
+    bool automatic_origin = true;
+    double tick_spacing = 0;
+    double grid_spacing = 0;
     int decimals = -1;
     bool shown = true;
     std::string title;
-    Font titleFont;
-    Colour titleColour = kInk;
-    int titleRotation = 0;  ///< degrees counter-clockwise: 0, 90, 180, 270
-    Font numberFont{{}, 9, false, false};
+    Font title_font;
+    Colour title_colour = kInk;
+    int title_rotation = 0;  ///< degrees counter-clockwise: 0, 90, 180, 270
+    Font number_font{{}, 9, false, false};
     Colour colour = kInk;
-    bool gridShown = true;
+    bool grid_shown = true;
     LineStyle grid{LinePattern::Solid, kGridGrey, 1};
     friend bool operator==(const Axis&, const Axis&) = default;
 };
@@ -81,7 +81,7 @@ struct Legend {
     SheetPlace place;
     bool vertical = true;  ///< entries under each other, else side by side
     Font font{{}, 9, false, false};
-    Colour textColour = kInk;
+    Colour text_colour = kInk;
     Colour background = {255, 255, 255, 230};
     Frame frame{true, kFrameGrey, 1};
     friend bool operator==(const Legend&, const Legend&) = default;
@@ -92,13 +92,13 @@ struct Legend {
 struct Label {
     int index =
         0;  ///< what it is to the diagram's logic: below 7 a marker text, 7 and 8 critical points
-    bool onPoint = false;  ///< true: at point `point` of series `series` in `group`
+    bool on_point = false;  ///< true: at point `point` of series `series` in `group`
     Group group = Group::Curves;
     int series = 0, point = 0;  ///< counted from 0
-    double x = 0, y = 0;        ///< data coordinates when `onPoint` is false
+    double x = 0, y = 0;        ///< data coordinates when `on_point` is false
     std::string text;
     Font font{{}, 9, false, false};
-    Colour textColour = kInk;
+    Colour text_colour = kInk;
     Colour background = {255, 255, 255, 0};
     Frame frame;
     double dx = 0, dy = 0;   ///< from the place to the text's centre, pixels of 1/96 inch, dy down
@@ -115,7 +115,7 @@ struct PlotArea {
     Colour background = kWhite;
     Colour sheet = kWhite;
     Frame border{true, kInk, 1};
-    Frame sheetBorder{false, kFrameGrey, 1};
+    Frame sheet_border{false, kFrameGrey, 1};
     friend bool operator==(const PlotArea&, const PlotArea&) = default;
 };
 
@@ -128,9 +128,9 @@ struct Chart2D {
     Axis y2;  ///< the axis at the right: its title, and numbers where it is shown
     Caption header, footer;
     Legend legend;
-    bool labelsShown = true;
+    bool labels_shown = true;
     std::vector<Label> labels;
-    PlotArea plotArea;
+    PlotArea plot_area;
     PrintPlace print;
     Chart2D();
     friend bool operator==(const Chart2D&, const Chart2D&) = default;
@@ -201,18 +201,18 @@ double unit_of(double value, const Range& range, bool logarithmic);
 class WindowScale {
   public:
     explicit WindowScale(const Chart2D& chart);
-    WindowScale(const Window& window, bool xLogarithmic, bool yLogarithmic)
-        : window_(window), xLog_(xLogarithmic), yLog_(yLogarithmic) {}
-    double u(double x) const { return unit_of(x, window_.x, xLog_); }
-    double v(double y) const { return unit_of(y, window_.y, yLog_); }
-    double x(double u) const { return value(u, window_.x, xLog_); }
-    double y(double v) const { return value(v, window_.y, yLog_); }
+    WindowScale(const Window& window, bool x_logarithmic, bool y_logarithmic)
+        : window_(window), x_log_(x_logarithmic), y_log_(y_logarithmic) {}
+    double u(double x) const { return unit_of(x, window_.x, x_log_); }
+    double v(double y) const { return unit_of(y, window_.y, y_log_); }
+    double x(double u) const { return value(u, window_.x, x_log_); }
+    double y(double v) const { return value(v, window_.y, y_log_); }
     const Window& window() const { return window_; }
 
   private:
     static double value(double unit, const Range& range, bool logarithmic);
     Window window_;
-    bool xLog_, yLog_;
+    bool x_log_, y_log_;
 };
 
 /// A place in the plot area and the size of that area, all in pixels; y upwards from its lower

@@ -43,14 +43,14 @@ void SurfaceGrid::resize(int columns, int rows) {
     nx = std::clamp(columns, 0, kMaxNodes);
     ny = std::clamp(rows, 0, kMaxNodes);
     z.assign(static_cast<std::size_t>(nx) * static_cast<std::size_t>(ny), hole);
-    zBehindHoles.clear();
+    z_behind_holes.clear();
 }
 
 bool SurfaceGrid::is_complete() const {
     const auto nodes =
         static_cast<std::size_t>(std::max(nx, 0)) * static_cast<std::size_t>(std::max(ny, 0));
     return nx > 1 && ny > 1 && dx > 0 && dy > 0 && z.size() == nodes &&
-           (zBehindHoles.empty() || zBehindHoles.size() == nodes);
+           (z_behind_holes.empty() || z_behind_holes.size() == nodes);
 }
 
 Chart3D::Chart3D() {
@@ -116,7 +116,7 @@ std::vector<double> section_levels(const Chart3D& chart) {
 
 bool shows_zones(const Chart3D& chart) {
     const SurfaceStyle& s = chart.style;
-    return s.zoned || s.ceilingZones || s.floorZones || s.projection2D;
+    return s.zoned || s.ceiling_zones || s.floor_zones || s.projection_2d;
 }
 
 std::optional<double> value_at(const SurfaceGrid& grid, double x, double y) {

@@ -20,7 +20,7 @@ struct SurfaceGrid {
     /// Empty, or nx * ny values: the value behind a hole where the surface goes on but was cut off
     /// at a limit of the z axis, `hole` where nothing is known. It lets the edge of the surface be
     /// cut exactly at that limit instead of at the last node.
-    std::vector<float> zBehindHoles;
+    std::vector<float> z_behind_holes;
 
     static constexpr int kMaxNodes = 1001;
 
@@ -46,7 +46,7 @@ struct Axis3D {
     bool automatic = false;  ///< the limits follow the data
     std::string title;
     int decimals = -1;  ///< digits behind the decimal mark, -1 automatic
-    bool gridXY = true, gridXZ = true, gridYZ = true;
+    bool grid_xy = true, grid_xz = true, grid_yz = true;
     friend bool operator==(const Axis3D&, const Axis3D&) = default;
 };
 
@@ -65,7 +65,7 @@ enum class PresetView : std::uint8_t { Default, AlongX, AlongY, AlongZ };
 /// Lines of the grid on the surface; `halved` draws every second one.
 struct Mesh3D {
     bool x = true, y = true;  ///< lines of constant x, of constant y
-    bool halvedX = false, halvedY = false;
+    bool halved_x = false, halved_y = false;
     Colour colour = {0x20, 0x24, 0x30, 190};
     float width = 0.8F;
     friend bool operator==(const Mesh3D&, const Mesh3D&) = default;
@@ -78,10 +78,10 @@ struct SurfaceStyle {
     bool transparent = false;  ///< a filled surface lets things behind shine through
     bool contoured = false;    ///< lines of constant z
     bool zoned = false;        ///< coloured by bands of z
-    bool ceilingContours = false, ceilingZones = false;  ///< projected onto the top of the box
-    bool floorContours = false, floorZones = false;      ///< projected onto its bottom
-    bool projection2D = false;                           ///< a flat map of x and y, coloured by z
-    Colour top = rgb(0x7FB2D9), bottom = rgb(0xE0B27A);  ///< sides of a surface without zones
+    bool ceiling_contours = false, ceiling_zones = false;  ///< projected onto the top of the box
+    bool floor_contours = false, floor_zones = false;      ///< projected onto its bottom
+    bool projection_2d = false;                            ///< a flat map of x and y, coloured by z
+    Colour top = rgb(0x7FB2D9), bottom = rgb(0xE0B27A);    ///< sides of a surface without zones
     friend bool operator==(const SurfaceStyle&, const SurfaceStyle&) = default;
 };
 
@@ -112,11 +112,11 @@ struct Chart3D {
     Sections3D sections;
     std::vector<Marker3D> markers;
     Caption header, footer;
-    Caption subtitle;                      ///< below the header
-    Font titleFont;                        ///< titles of the axes
-    Font numberFont{{}, 9, false, false};  ///< numbers of the axes and the scale, texts of markers
-    bool scaleShown = true;                ///< the legend of colours, where colours stand for z
-    double heightRatio = 0.8;              ///< height of the box over its sides, 0.1 to 5
+    Caption subtitle;                       ///< below the header
+    Font title_font;                        ///< titles of the axes
+    Font number_font{{}, 9, false, false};  ///< numbers of the axes and the scale, texts of markers
+    bool scale_shown = true;                ///< the legend of colours, where colours stand for z
+    double height_ratio = 0.8;              ///< height of the box over its sides, 0.1 to 5
     Colour sheet = kWhite;
     Colour planes = rgb(0xF5F6F8);  ///< back planes of the box
     LineStyle grid{LinePattern::Solid, rgb(0xC4C9D0), 0.8F};

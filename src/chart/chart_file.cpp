@@ -10,15 +10,15 @@ namespace files {
 template <class Io>
 void describe(Io& io, Series& s) {
     io.field("legend", s.legend);
-    io.field("inLegend", s.inLegend);
+    io.field("inLegend", s.in_legend);
     io.field("visible", s.visible);
-    io.field("isReference", s.isReference);
+    io.field("isReference", s.is_reference);
     io.field("x", s.x);
     io.field("y", s.y);
     io.field("line", s.line);
     io.field("symbol", s.symbol);
-    io.field("symbolSize", s.symbolSize, 0, 200);
-    io.field("symbolColour", s.symbolColour);
+    io.field("symbolSize", s.symbol_size, 0, 200);
+    io.field("symbolColour", s.symbol_colour);
 }
 
 template <class Io>
@@ -28,18 +28,18 @@ void describe(Io& io, Axis& a) {
     io.field("automatic", a.automatic);
     io.field("logarithmic", a.logarithmic);
     io.field("origin", a.origin);
-    io.field("automaticOrigin", a.automaticOrigin);
-    io.field("tickSpacing", a.tickSpacing);
-    io.field("gridSpacing", a.gridSpacing);
+    io.field("automaticOrigin", a.automatic_origin);
+    io.field("tickSpacing", a.tick_spacing);
+    io.field("gridSpacing", a.grid_spacing);
     io.field("decimals", a.decimals, -1, 15);
     io.field("shown", a.shown);
     io.field("title", a.title);
-    io.field("titleFont", a.titleFont);
-    io.field("titleColour", a.titleColour);
-    io.field("titleRotation", a.titleRotation);
-    io.field("numberFont", a.numberFont);
+    io.field("titleFont", a.title_font);
+    io.field("titleColour", a.title_colour);
+    io.field("titleRotation", a.title_rotation);
+    io.field("numberFont", a.number_font);
     io.field("colour", a.colour);
-    io.field("gridShown", a.gridShown);
+    io.field("gridShown", a.grid_shown);
     io.field("grid", a.grid);
 }
 
@@ -50,7 +50,7 @@ void describe(Io& io, Legend& l) {
     io.field("place", l.place);
     io.field("vertical", l.vertical);
     io.field("font", l.font);
-    io.field("textColour", l.textColour);
+    io.field("textColour", l.text_colour);
     io.field("background", l.background);
     io.field("frame", l.frame);
 }
@@ -58,7 +58,7 @@ void describe(Io& io, Legend& l) {
 template <class Io>
 void describe(Io& io, Label& l) {
     io.field("index", l.index);
-    io.field("onPoint", l.onPoint);
+    io.field("onPoint", l.on_point);
     io.field("group", l.group);
     io.field("series", l.series);
     io.field("point", l.point);
@@ -66,7 +66,7 @@ void describe(Io& io, Label& l) {
     io.field("y", l.y);
     io.field("text", l.text);
     io.field("font", l.font);
-    io.field("textColour", l.textColour);
+    io.field("textColour", l.text_colour);
     io.field("background", l.background);
     io.field("frame", l.frame);
     io.field("dx", l.dx, -10000, 10000);
@@ -86,7 +86,7 @@ void describe(Io& io, PlotArea& p) {
     io.field("background", p.background);
     io.field("sheet", p.sheet);
     io.field("border", p.border);
-    io.field("sheetBorder", p.sheetBorder);
+    io.field("sheetBorder", p.sheet_border);
 }
 
 template <class Io>
@@ -99,9 +99,9 @@ void describe(Io& io, Chart2D& c) {
     io.field("header", c.header);
     io.field("footer", c.footer);
     io.field("legend", c.legend);
-    io.field("labelsShown", c.labelsShown);
+    io.field("labelsShown", c.labels_shown);
     io.field("labels", c.labels);
-    io.field("plotArea", c.plotArea);
+    io.field("plotArea", c.plot_area);
     io.field("print", c.print);
 }
 
@@ -115,7 +115,7 @@ void describe(Io& io, SurfaceGrid& g) {
     io.field("dy", g.dy);
     io.field("hole", g.hole);
     io.field("z", g.z);
-    io.field("zBehindHoles", g.zBehindHoles);
+    io.field("zBehindHoles", g.z_behind_holes);
 }
 
 template <class Io>
@@ -125,9 +125,9 @@ void describe(Io& io, Axis3D& a) {
     io.field("automatic", a.automatic);
     io.field("title", a.title);
     io.field("decimals", a.decimals, -1, 15);
-    io.field("gridXY", a.gridXY);
-    io.field("gridXZ", a.gridXZ);
-    io.field("gridYZ", a.gridYZ);
+    io.field("gridXY", a.grid_xy);
+    io.field("gridXZ", a.grid_xz);
+    io.field("gridYZ", a.grid_yz);
 }
 
 template <class Io>
@@ -142,8 +142,8 @@ template <class Io>
 void describe(Io& io, Mesh3D& m) {
     io.field("x", m.x);
     io.field("y", m.y);
-    io.field("halvedX", m.halvedX);
-    io.field("halvedY", m.halvedY);
+    io.field("halvedX", m.halved_x);
+    io.field("halvedY", m.halved_y);
     io.field("colour", m.colour);
     io.field("width", m.width, 0, 50);
 }
@@ -155,11 +155,11 @@ void describe(Io& io, SurfaceStyle& s) {
     io.field("transparent", s.transparent);
     io.field("contoured", s.contoured);
     io.field("zoned", s.zoned);
-    io.field("ceilingContours", s.ceilingContours);
-    io.field("ceilingZones", s.ceilingZones);
-    io.field("floorContours", s.floorContours);
-    io.field("floorZones", s.floorZones);
-    io.field("projection2D", s.projection2D);
+    io.field("ceilingContours", s.ceiling_contours);
+    io.field("ceilingZones", s.ceiling_zones);
+    io.field("floorContours", s.floor_contours);
+    io.field("floorZones", s.floor_zones);
+    io.field("projection2D", s.projection_2d);
     io.field("top", s.top);
     io.field("bottom", s.bottom);
 }
@@ -195,10 +195,10 @@ void describe(Io& io, Chart3D& c) {
     io.field("header", c.header);
     io.field("footer", c.footer);
     io.field("subtitle", c.subtitle);
-    io.field("titleFont", c.titleFont);
-    io.field("numberFont", c.numberFont);
-    io.field("scaleShown", c.scaleShown);
-    io.field("heightRatio", c.heightRatio, 0.1, 5);
+    io.field("titleFont", c.title_font);
+    io.field("numberFont", c.number_font);
+    io.field("scaleShown", c.scale_shown);
+    io.field("heightRatio", c.height_ratio, 0.1, 5);
     io.field("sheet", c.sheet);
     io.field("planes", c.planes);
     io.field("grid", c.grid);
@@ -238,7 +238,8 @@ void check(const Chart3D& chart) {
                        grid.ny <= SurfaceGrid::kMaxNodes;
     if (!sized) throw BadField("The file is damaged: the grid has no size that a chart holds.");
     const auto nodes = static_cast<std::size_t>(grid.nx) * static_cast<std::size_t>(grid.ny);
-    if (grid.z.size() != nodes || (!grid.zBehindHoles.empty() && grid.zBehindHoles.size() != nodes))
+    if (grid.z.size() != nodes ||
+        (!grid.z_behind_holes.empty() && grid.z_behind_holes.size() != nodes))
         throw BadField("The file is damaged: the grid has not as many values as nodes.");
     if (nodes > 0 && !(grid.dx > 0 && grid.dy > 0))
         throw BadField("The file is damaged: the steps of the grid are not above 0.");
@@ -253,7 +254,7 @@ std::string text_of(Chart chart) {
 
 template <class Chart>
 void read_text(std::string_view text, Chart& chart) {
-    const files::Json content = files::Content(format_of(chart), text);
+    const files::Json content = files::content_of(format_of(chart), text);
     Chart read;
     files::JsonReader reader(content, "");
     describe(reader, read);

@@ -14,14 +14,14 @@ constexpr int kMaxDepth = 24;
 /// Deepest nesting of lists and groups; texts do not count.
 int depth_of(std::string_view text) {
     int depth = 0, deepest = 0;
-    bool inText = false;
+    bool in_text = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
-        if (inText) {
+        if (in_text) {
             if (c == '\\') ++i;
-            if (c == '"') inText = false;
+            if (c == '"') in_text = false;
         } else if (c == '"') {
-            inText = true;
+            in_text = true;
         } else if (c == '[' || c == '{') {
             deepest = std::max(deepest, ++depth);
         } else if (c == ']' || c == '}') {
@@ -59,7 +59,7 @@ std::string document(const Format& format, Json content) {
     return document.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-Json Content(const Format& format, std::string_view text) {
+Json content_of(const Format& format, std::string_view text) {
     if (text.size() > kMaxBytes) throw BadField("The file is too large for a saved diagram.");
     if (depth_of(text) > kMaxDepth) throw BadField("The file is no saved diagram.");
     const Json document = Json::parse(text, nullptr, false);

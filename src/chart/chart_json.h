@@ -290,7 +290,7 @@ struct Format {
 std::string document(const Format& format, Json content);
 
 /// The content of a file's text; throws `BadField` when it is none of this format.
-Json Content(const Format& format, std::string_view text);
+Json content_of(const Format& format, std::string_view text);
 
 /// Reads a whole file; throws `BadField` when it cannot be read or is too large.
 std::string read_whole(const std::filesystem::path& file);

@@ -107,7 +107,7 @@ class EmfWriter : public Writer {
         if (count == 0) return;
         use_no_pen();
         use_brush(on_paper(colour));
-        use_mode(kSetPolyFillMode, winding ? kFillWinding : kFillAlternate, fillMode_);
+        use_mode(kSetPolyFillMode, winding ? kFillWinding : kFillAlternate, fill_mode_);
         const bool translucent = colour.a < 255;
         if (translucent) use_mode(kSetRop2, kMaskPen, rop_);
         put(kPolyPolygon, [&](Bytes& b) {
@@ -124,7 +124,7 @@ class EmfWriter : public Writer {
     void text(const MetaText& t) override {
         if (t.text.empty()) return;
         use_font(t.font);
-        use_mode(kSetTextColor, color_ref(on_paper(t.colour)), textColour_);
+        use_mode(kSetTextColor, color_ref(on_paper(t.colour)), text_colour_);
         put(kExtTextOut, [&](Bytes& b) {
             // Bounds of -1 leave them to the reader.
             put_rect(b, {0, 0, -1, -1});
@@ -138,8 +138,8 @@ class EmfWriter : public Writer {
             b.u32(kFixedPart);
             b.u32(0);  // options
             put_rect(b, {0, 0, -1, -1});
-            const std::uint32_t textBytes = (characters * 2 + 3) / 4 * 4;
-            b.u32(kFixedPart + textBytes);
+            const std::uint32_t text_bytes = (characters * 2 + 3) / 4 * 4;
+            b.u32(kFixedPart + text_bytes);
             for (const char16_t c : t.text) b.u16(c);
             b.pad_to(4);
             for (const std::int32_t advance : t.advances) b.i32(advance);
@@ -229,8 +229,8 @@ class EmfWriter : public Writer {
     }
 
     void use_pen(const MetaPen& pen) {
-        if (pen_ == pen && !nullPen_) return;
-        nullPen_ = false;
+        if (pen_ == pen && !null_pen_) return;
+        null_pen_ = false;
         pen_ = pen;
         exchange(Object::Pen, kExtCreatePen, [&](Bytes& b) {
             b.zeros(16);  // no bitmap
@@ -244,8 +244,8 @@ class EmfWriter : public Writer {
     }
 
     void use_no_pen() {
-        if (nullPen_) return;
-        nullPen_ = true;
+        if (null_pen_) return;
+        null_pen_ = true;
         select(kStockNullPen);
     }
 
@@ -265,8 +265,8 @@ class EmfWriter : public Writer {
         exchange(Object::Font, kCreateFont, [&](Bytes& b) {
             b.i32(-font.height);
             b.i32(0);  // width of its own accord
-            b.i32(font.tenthDegrees);
-            b.i32(font.tenthDegrees);
+            b.i32(font.tenth_degrees);
+            b.i32(font.tenth_degrees);
             b.u32(font.bold ? kBoldWeight : kNormalWeight);
             b.u8(font.italic ? 1 : 0);
             b.u8(0);     // underline
@@ -285,42 +285,42 @@ class EmfWriter : public Writer {
         pen_.reset();
         brush_.reset();
         font_.reset();
-        fillMode_.reset();
+        fill_mode_.reset();
         rop_.reset();
-        textColour_.reset();
-        nullPen_ = false;
+        text_colour_.reset();
+        null_pen_ = false;
     }
 
     Bytes header() const {
         // The reference device has as many dots an inch as the picture has units: 15 inches.
         constexpr std::int32_t kDeviceMillimetres = 381;
-        const std::int32_t devicePixels = 15 * size_.unitsPerInch;
+        const std::int32_t device_pixels = 15 * size_.units_per_inch;
         const auto hundredths = [&](std::int32_t units) {
-            return static_cast<std::int32_t>(std::lround(units * 2540.0 / size_.unitsPerInch));
+            return static_cast<std::int32_t>(std::lround(units * 2540.0 / size_.units_per_inch));
         };
         std::u16string description = u"QUOR-6";
         description += u'\0';
         description += widened(title_);
         description += u'\0';
         description += u'\0';
-        const std::size_t descriptionBytes = (description.size() * 2 + 3) / 4 * 4;
-        const std::size_t headerSize = kHeaderBytes + descriptionBytes;
+        const std::size_t description_bytes = (description.size() * 2 + 3) / 4 * 4;
+        const std::size_t header_size = kHeaderBytes + description_bytes;
         Bytes b;
         b.u32(kHeader);
-        b.u32(static_cast<std::uint32_t>(headerSize));
+        b.u32(static_cast<std::uint32_t>(header_size));
         put_rect(b, {0, 0, size_.width - 1, size_.height - 1});
         put_rect(b, {0, 0, hundredths(size_.width), hundredths(size_.height)});
         b.u32(0x464D4520);  // " EMF"
         b.u32(0x00010000);
-        b.u32(static_cast<std::uint32_t>(headerSize + body_.size()));
+        b.u32(static_cast<std::uint32_t>(header_size + body_.size()));
         b.u32(records_ + 1);
         b.u16(kHandles);
         b.u16(0);
         b.u32(static_cast<std::uint32_t>(description.size()));
         b.u32(static_cast<std::uint32_t>(kHeaderBytes));
         b.u32(0);  // palette entries
-        b.i32(devicePixels);
-        b.i32(devicePixels);
+        b.i32(device_pixels);
+        b.i32(device_pixels);
         b.i32(kDeviceMillimetres);
         b.i32(kDeviceMillimetres);
         b.zeros(12);  // no pixel format, no OpenGL records
@@ -337,10 +337,10 @@ class EmfWriter : public Writer {
     std::uint32_t records_ = 0;
     std::uint32_t handle_[3] = {0, 0, 0};
     std::optional<MetaPen> pen_;
-    bool nullPen_ = false;
+    bool null_pen_ = false;
     std::optional<Colour> brush_;
     std::optional<MetaFont> font_;
-    std::optional<std::uint32_t> fillMode_, rop_, textColour_;
+    std::optional<std::uint32_t> fill_mode_, rop_, text_colour_;
 };
 
 }  // namespace

@@ -39,8 +39,8 @@ struct MetaPen {
 
 struct MetaFont {
     std::string family;
-    std::int32_t height = 12;       ///< of the em square
-    std::int32_t tenthDegrees = 0;  ///< turn counter-clockwise
+    std::int32_t height = 12;        ///< of the em square
+    std::int32_t tenth_degrees = 0;  ///< turn counter-clockwise
     bool bold = false, italic = false;
     friend bool operator==(const MetaFont&, const MetaFont&) = default;
 };
@@ -75,7 +75,7 @@ class Writer {
 
 /// Size of a picture: units to each side, and units an inch.
 struct MetaSize {
-    std::int32_t width = 0, height = 0, unitsPerInch = 1200;
+    std::int32_t width = 0, height = 0, units_per_inch = 1200;
 };
 
 /// Enhanced metafile (.emf).

@@ -25,7 +25,7 @@ class PictureMaker {
         : chart_(chart),
           measure_(measure),
           pixels_(chart, sheet.plot),
-          picture_{std::move(sheet), chart.plotArea.sheet, {}} {}
+          picture_{std::move(sheet), chart.plot_area.sheet, {}} {}
 
     Picture2D make() {
         add_background();
@@ -46,16 +46,16 @@ class PictureMaker {
         if (fill.a > 0 || frame.shown) picture_.items.push_back(PictureBox{rect, fill, frame});
     }
 
-    void line(std::vector<SheetPoint> points, const LineStyle& style, bool squareEnds = false) {
+    void line(std::vector<SheetPoint> points, const LineStyle& style, bool square_ends = false) {
         if (style.pattern == LinePattern::None) return;
-        picture_.items.push_back(PictureLine{std::move(points), style, squareEnds});
+        picture_.items.push_back(PictureLine{std::move(points), style, square_ends});
     }
 
     void symbols(std::vector<SheetPoint> places, const Series& series, Group group) {
         const SymbolShape shape = shown_symbol(series, group);
         if (shape == SymbolShape::Hidden || places.empty()) return;
         picture_.items.push_back(
-            PictureSymbols{std::move(places), shape, series.symbolSize, series.symbolColour});
+            PictureSymbols{std::move(places), shape, series.symbol_size, series.symbol_colour});
     }
 
     void text(SheetPoint centre, const std::string& text, const Font& font, Colour colour,
@@ -66,8 +66,8 @@ class PictureMaker {
 
     void add_background() {
         constexpr Colour kNothing{0, 0, 0, 0};
-        box(sheet().plot, chart_.plotArea.background, {});
-        const Frame& border = chart_.plotArea.sheetBorder;
+        box(sheet().plot, chart_.plot_area.background, {});
+        const Frame& border = chart_.plot_area.sheet_border;
         const double inset = static_cast<double>(border.width) / 2;
         SheetRect rim = sheet().sheet;
         rim.left += inset;
@@ -94,8 +94,8 @@ class PictureMaker {
     }
 
     void add_grid() {
-        upright(sheet().x.fineGrid, fine(chart_.x.grid));
-        level(sheet().y.fineGrid, fine(chart_.y.grid));
+        upright(sheet().x.fine_grid, fine(chart_.x.grid));
+        level(sheet().y.fine_grid, fine(chart_.y.grid));
         upright(sheet().x.grid, chart_.x.grid);
         level(sheet().y.grid, chart_.y.grid);
     }
@@ -148,8 +148,8 @@ class PictureMaker {
         for (const Tick& major : on.ticks.major) {
             const double x = pixels_.x(major.value);
             tick(x, Sheet2D::kTickLength);
-            const double height = measure_(major.text, axis.numberFont).height;
-            text({x, on.line + kNumberReach + height / 2}, major.text, axis.numberFont,
+            const double height = measure_(major.text, axis.number_font).height;
+            text({x, on.line + kNumberReach + height / 2}, major.text, axis.number_font,
                  axis.colour);
         }
     }
@@ -167,15 +167,15 @@ class PictureMaker {
         for (const Tick& major : on.ticks.major) {
             const double y = pixel(major.value);
             tick(y, Sheet2D::kTickLength);
-            const double width = measure_(major.text, axis.numberFont).width;
-            text({on.line + outward * (kNumberReach + width / 2), y}, major.text, axis.numberFont,
+            const double width = measure_(major.text, axis.number_font).width;
+            text({on.line + outward * (kNumberReach + width / 2), y}, major.text, axis.number_font,
                  axis.colour);
         }
     }
 
     void add_axes() {
         const SheetRect& p = sheet().plot;
-        box(p, {0, 0, 0, 0}, chart_.plotArea.border);
+        box(p, {0, 0, 0, 0}, chart_.plot_area.border);
         if (chart_.x.shown) add_level_axis();
         if (chart_.y.shown)
             add_upright_axis(chart_.y, sheet().y, -1, [&](double v) { return pixels_.y(v); });
@@ -188,7 +188,8 @@ class PictureMaker {
 
     void add_title(const Axis& axis, const SheetText& place) {
         if (place.shown)
-            text({place.x, place.y}, axis.title, axis.titleFont, axis.titleColour, place.rotation);
+            text({place.x, place.y}, axis.title, axis.title_font, axis.title_colour,
+                 place.rotation);
     }
 
     void add_caption(const Caption& caption, const SheetText& place) {
@@ -208,26 +209,26 @@ class PictureMaker {
             const Label& label = chart_.labels[static_cast<std::size_t>(place.label)];
             const SheetPoint centre{place.text.x, place.text.y};
             if (label.connector)
-                line({{place.placeX, place.placeY}, centre},
-                     {LinePattern::Solid, label.textColour, kConnectorWidth}, true);
+                line({{place.place_x, place.place_y}, centre},
+                     {LinePattern::Solid, label.text_colour, kConnectorWidth}, true);
             box(place.text.rect, label.background, label.frame);
-            text(centre, label.text, label.font, label.textColour, place.text.rotation);
+            text(centre, label.text, label.font, label.text_colour, place.text.rotation);
         }
     }
 
     void add_legend() {
-        if (sheet().legendLines.empty()) return;
+        if (sheet().legend_lines.empty()) return;
         const Legend& legend = chart_.legend;
         box(sheet().legend, legend.background, legend.frame);
-        for (const LegendLine& entry : sheet().legendLines) {
+        for (const LegendLine& entry : sheet().legend_lines) {
             const auto index = static_cast<std::size_t>(entry.series.index);
             const Series& series = series_of(chart_, entry.series.group)[index];
-            const double right = entry.sampleLeft + Sheet2D::kSampleWidth;
-            line({{entry.sampleLeft, entry.y}, {right, entry.y}}, series.line);
-            symbols({{(entry.sampleLeft + right) / 2, entry.y}}, series, entry.series.group);
+            const double right = entry.sample_left + Sheet2D::kSampleWidth;
+            line({{entry.sample_left, entry.y}, {right, entry.y}}, series.line);
+            symbols({{(entry.sample_left + right) / 2, entry.y}}, series, entry.series.group);
             const double width = measure_(series.legend, legend.font).width;
-            text({entry.textLeft + width / 2, entry.y}, series.legend, legend.font,
-                 legend.textColour);
+            text({entry.text_left + width / 2, entry.y}, series.legend, legend.font,
+                 legend.text_colour);
         }
     }
 

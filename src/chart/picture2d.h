@@ -19,7 +19,7 @@ struct PictureBox {
 struct PictureLine {
     std::vector<SheetPoint> points;
     LineStyle style;
-    bool squareEnds = false;  ///< the ends reach out by half the width, so that axes join
+    bool square_ends = false;  ///< the ends reach out by half the width, so that axes join
 };
 
 /// The points of a series.

@@ -95,7 +95,7 @@ class Drawing {
     }
 
     void add(const Chart2D& chart, const Label& label) {
-        if (!label.shown || label.onPoint || !chart.labelsShown) return;
+        if (!label.shown || label.on_point || !chart.labels_shown) return;
         if (const auto p = place(label.x, label.y))
             marks_.push_back({p->x + label.dx, p->y + label.dy});
     }
@@ -151,13 +151,13 @@ struct Standing {
 };
 
 /// Offset of the centre of a text so that it stands free beside a line of this direction.
-Pixel beside_line(Pixel along, double textWidth, double textHeight, const Standing& standing) {
+Pixel beside_line(Pixel along, double text_width, double text_height, const Standing& standing) {
     constexpr double kGap = 3;
     Pixel normal{along.y, -along.x};
     if (normal.y > 0 || (normal.y == 0 && normal.x < 0)) normal = {-normal.x, -normal.y};
     // Half the extent of the text's box along the normal.
-    const double reach = std::abs(normal.x) * textWidth / 2 + std::abs(normal.y) * textHeight / 2 +
-                         kGap + standing.distance;
+    const double reach = std::abs(normal.x) * text_width / 2 +
+                         std::abs(normal.y) * text_height / 2 + kGap + standing.distance;
     return {standing.side * normal.x * reach, standing.side * normal.y * reach};
 }
 
@@ -168,19 +168,19 @@ Box box_around(Pixel centre, double width, double height) {
 
 /// The offset, on the other side of the line where this keeps the text in the plot area better,
 /// and pushed inside.
-Pixel kept_inside(Pixel at, Pixel offset, double width, double height, double textWidth,
-                  double textHeight) {
+Pixel kept_inside(Pixel at, Pixel offset, double width, double height, double text_width,
+                  double text_height) {
     const auto overhang = [&](Pixel o) {
-        const Box box = box_around({at.x + o.x, at.y + o.y}, textWidth, textHeight);
+        const Box box = box_around({at.x + o.x, at.y + o.y}, text_width, text_height);
         return std::max(0.0, -box.left) + std::max(0.0, -box.top) +
                std::max(0.0, box.right - width) + std::max(0.0, box.bottom - height);
     };
     const Pixel other{-offset.x, -offset.y};
     const Pixel chosen = overhang(other) < overhang(offset) ? other : offset;
-    const double x = std::clamp(at.x + chosen.x, std::min(textWidth / 2, width / 2),
-                                std::max(width - textWidth / 2, width / 2));
-    const double y = std::clamp(at.y + chosen.y, std::min(textHeight / 2, height / 2),
-                                std::max(height - textHeight / 2, height / 2));
+    const double x = std::clamp(at.x + chosen.x, std::min(text_width / 2, width / 2),
+                                std::max(width - text_width / 2, width / 2));
+    const double y = std::clamp(at.y + chosen.y, std::min(text_height / 2, height / 2),
+                                std::max(height - text_height / 2, height / 2));
     return {x - at.x, y - at.y};
 }
 
@@ -195,30 +195,30 @@ struct Placed {
 };
 
 Placed place_at(const std::vector<PathPoint>& path, double fraction, double width, double height,
-                double textWidth, double textHeight, const Standing& standing = {}) {
+                double text_width, double text_height, const Standing& standing = {}) {
     const PathPoint& point = point_at(path, fraction);
-    const Pixel beside = beside_line(direction(path, point), textWidth, textHeight, standing);
-    const Pixel offset = kept_inside(point.at, beside, width, height, textWidth, textHeight);
+    const Pixel beside = beside_line(direction(path, point), text_width, text_height, standing);
+    const Pixel offset = kept_inside(point.at, beside, width, height, text_width, text_height);
     const Box box =
-        box_around({point.at.x + offset.x, point.at.y + offset.y}, textWidth, textHeight);
+        box_around({point.at.x + offset.x, point.at.y + offset.y}, text_width, text_height);
     return {{point.index, offset.x, offset.y}, box};
 }
 
 }  // namespace
 
 std::optional<LabelSpot> spot_along_curve(const Chart2D& chart, int curve, double fraction,
-                                          double width, double height, double textWidth,
-                                          double textHeight) {
+                                          double width, double height, double text_width,
+                                          double text_height) {
     const Series* series = curve_at(chart, curve);
     if (!series) return std::nullopt;
     const Drawing drawing(chart, width, height);
     const auto path = path_in_window(drawing, *series, width, height);
     if (path.empty()) return std::nullopt;
-    return place_at(path, fraction, width, height, textWidth, textHeight).spot;
+    return place_at(path, fraction, width, height, text_width, text_height).spot;
 }
 
 std::optional<LabelSpot> best_spot(const Chart2D& chart, int curve, double width, double height,
-                                   double textWidth, double textHeight,
+                                   double text_width, double text_height,
                                    std::span<const SheetRect> taken) {
     constexpr int kTrials = 37, kDistances = 3;
     constexpr double kOnText = 1000, kAway = 4, kOtherSide = 1;  // beside pixels of hidden line
@@ -233,10 +233,10 @@ std::optional<LabelSpot> best_spot(const Chart2D& chart, int curve, double width
         for (const double side : {1.0, -1.0})
             for (int i = 0; i < kTrials; ++i) {
                 const double fraction = 0.05 + 0.9 * i / (kTrials - 1);
-                const Placed placed = place_at(path, fraction, width, height, textWidth, textHeight,
-                                               {side, distance * textHeight});
+                const Placed placed = place_at(path, fraction, width, height, text_width,
+                                               text_height, {side, distance * text_height});
                 // The middle is the better place among equals.
-                double cost = std::abs(fraction - 0.5) + kAway * distance * textHeight +
+                double cost = std::abs(fraction - 0.5) + kAway * distance * text_height +
                               (side < 0 ? kOtherSide : 0);
                 for (const SheetRect& other : taken)
                     if (placed.box.overlaps(other)) cost += kOnText;
@@ -249,33 +249,33 @@ std::optional<LabelSpot> best_spot(const Chart2D& chart, int curve, double width
     return best;
 }
 
-LegendSpot spot_of_legend(LegendAnchor anchor, double width, double height, double legendWidth,
-                          double legendHeight) {
+LegendSpot spot_of_legend(LegendAnchor anchor, double width, double height, double legend_width,
+                          double legend_height) {
     constexpr double kGap = 8;
-    const double right = width - legendWidth - kGap, bottom = height - legendHeight - kGap;
-    const double middleX = (width - legendWidth) / 2, middleY = (height - legendHeight) / 2;
+    const double right = width - legend_width - kGap, bottom = height - legend_height - kGap;
+    const double middle_x = (width - legend_width) / 2, middle_y = (height - legend_height) / 2;
     switch (anchor) {
         case LegendAnchor::NorthWest:
             return {kGap, kGap};
         case LegendAnchor::North:
-            return {middleX, kGap};
+            return {middle_x, kGap};
         case LegendAnchor::East:
-            return {right, middleY};
+            return {right, middle_y};
         case LegendAnchor::SouthEast:
             return {right, bottom};
         case LegendAnchor::South:
-            return {middleX, bottom};
+            return {middle_x, bottom};
         case LegendAnchor::SouthWest:
             return {kGap, bottom};
         case LegendAnchor::West:
-            return {kGap, middleY};
+            return {kGap, middle_y};
         default:
             return {right, kGap};
     }
 }
 
 LegendAnchor best_legend_anchor(const Chart2D& chart, double width, double height,
-                                double legendWidth, double legendHeight) {
+                                double legend_width, double legend_height) {
     constexpr std::array kCandidates{LegendAnchor::NorthEast, LegendAnchor::NorthWest,
                                      LegendAnchor::SouthEast, LegendAnchor::SouthWest,
                                      LegendAnchor::North,     LegendAnchor::South,
@@ -284,9 +284,9 @@ LegendAnchor best_legend_anchor(const Chart2D& chart, double width, double heigh
     LegendAnchor best = kCandidates.front();
     double least = std::numeric_limits<double>::infinity();
     for (const LegendAnchor anchor : kCandidates) {
-        const auto spot = spot_of_legend(anchor, width, height, legendWidth, legendHeight);
-        const double hidden =
-            drawing.hidden({spot.left, spot.top, spot.left + legendWidth, spot.top + legendHeight});
+        const auto spot = spot_of_legend(anchor, width, height, legend_width, legend_height);
+        const double hidden = drawing.hidden(
+            {spot.left, spot.top, spot.left + legend_width, spot.top + legend_height});
         if (hidden < least - 1e-9) {
             least = hidden;
             best = anchor;

@@ -67,46 +67,46 @@ void Pen::text(Point2 centre, const std::string& text, const Font& font, Colour 
 
 double scale_width(const Chart3D& chart, const Box3D& box, const std::vector<double>& levels,
                    const MeasureText& measure) {
-    if (!chart.scaleShown || !shows_zones(chart)) return 0;
+    if (!chart.scale_shown || !shows_zones(chart)) return 0;
     double widest = 0;
     for (const double level : levels)
-        widest = std::max(widest, measure(level_text(chart, box, level), chart.numberFont).width);
-    const double title = measure(chart.z.title, chart.titleFont).width;
+        widest = std::max(widest, measure(level_text(chart, box, level), chart.number_font).width);
+    const double title = measure(chart.z.title, chart.title_font).width;
     return std::max(kBarWidth + kGap + widest + 2 * kEdge, title + kEdge + kGap);
 }
 
 void paint_scale(const Context& c, Pen& pen) {
-    if (!c.chart.scaleShown || !shows_zones(c.chart)) return;
+    if (!c.chart.scale_shown || !shows_zones(c.chart)) return;
     const auto& levels = c.layout.levels;
     const double room = c.layout.bottom - c.layout.top;
-    const double barHeight = 0.62 * room;
+    const double bar_height = 0.62 * room;
     const double left = c.layout.right + kEdge;
-    const double bottom = c.layout.top + room / 2 + barHeight / 2;
-    const double step = barHeight / static_cast<double>(levels.size() + 1);
+    const double bottom = c.layout.top + room / 2 + bar_height / 2;
+    const double step = bar_height / static_cast<double>(levels.size() + 1);
     for (std::size_t band = 0; band <= levels.size(); ++band) {
         const double low = bottom - step * static_cast<double>(band), high = low - step;
         const std::array corners{Point2{left, low}, Point2{left + kBarWidth, low},
                                  Point2{left + kBarWidth, high}, Point2{left, high}};
         pen.fill(corners, band_colour(c.layout, band));
     }
-    const double top = bottom - barHeight;
+    const double top = bottom - bar_height;
     const std::array rim{Point2{left, bottom}, Point2{left + kBarWidth, bottom},
                          Point2{left + kBarWidth, top}, Point2{left, top}, Point2{left, bottom}};
     pen.line(rim, {LinePattern::Solid, kInk, 0.8F});
-    const double textHeight = c.measure("0", c.chart.numberFont).height;
-    const auto every = static_cast<std::size_t>(std::ceil((textHeight + 1) / step));
+    const double text_height = c.measure("0", c.chart.number_font).height;
+    const auto every = static_cast<std::size_t>(std::ceil((text_height + 1) / step));
     for (std::size_t k = 0; k < levels.size(); k += every) {
         const double y = bottom - step * static_cast<double>(k + 1);
         const std::string text = level_text(c.chart, c.layout.box, levels[k]);
-        const double width = c.measure(text, c.chart.numberFont).width;
+        const double width = c.measure(text, c.chart.number_font).width;
         pen.line(std::array{Point2{left + kBarWidth, y}, Point2{left + kBarWidth + 3, y}},
                  {LinePattern::Solid, kInk, 0.8F});
-        pen.text({left + kBarWidth + kGap + width / 2, y}, text, c.chart.numberFont, kInk);
+        pen.text({left + kBarWidth + kGap + width / 2, y}, text, c.chart.number_font, kInk);
     }
-    const TextSize title = c.measure(c.chart.z.title, c.chart.titleFont);
+    const TextSize title = c.measure(c.chart.z.title, c.chart.title_font);
     const double middle = std::min(left + kBarWidth / 2, c.width - title.width / 2 - kGap);
     pen.text({std::max(middle, c.layout.right + title.width / 2), top - title.height},
-             c.chart.z.title, c.chart.titleFont, kInk);
+             c.chart.z.title, c.chart.title_font, kInk);
 }
 
 double caption_height(const Caption& caption, const MeasureText& measure) {
@@ -115,9 +115,9 @@ double caption_height(const Caption& caption, const MeasureText& measure) {
 }
 
 void paint_captions(const Context& c, Pen& pen) {
-    const auto paint = [&](const Caption& caption, double automaticY) {
+    const auto paint = [&](const Caption& caption, double automatic_y) {
         const Point2 centre = caption.automatic
-                                  ? Point2{c.width / 2, automaticY}
+                                  ? Point2{c.width / 2, automatic_y}
                                   : Point2{caption.place.x * c.width, caption.place.y * c.height};
         pen.text(centre, caption.text, caption.font, caption.colour);
     };
@@ -144,10 +144,10 @@ void paint_markers(const Context& c, Pen& pen) {
         // that only what is clearly nearer hides it.
         constexpr double kOnSurface = 0.1;
         const auto surface = c.surface.pick(pixel);
-        const bool hidden = !c.chart.style.projection2D && c.chart.style.solid && surface &&
+        const bool hidden = !c.chart.style.projection_2d && c.chart.style.solid && surface &&
                             surface->nearness > c.layout.camera.nearness(at) + kOnSurface;
         pen.scene().markers.push_back({pixel, marker.size / 2, marker.colour, hidden});
-        const TextSize size = c.measure(marker.text, c.chart.numberFont);
+        const TextSize size = c.measure(marker.text, c.chart.number_font);
         const double reach = marker.size / 2 + 3;
         const Point2 centre{pixel.x + reach + size.width / 2, pixel.y - reach - size.height / 3};
         if (marker.text.empty()) continue;
@@ -157,21 +157,21 @@ void paint_markers(const Context& c, Pen& pen) {
         pen.fill(std::array{Point2{left, top}, Point2{right, top}, Point2{right, bottom},
                             Point2{left, bottom}},
                  {255, 255, 255, 200});
-        pen.text(centre, marker.text, c.chart.numberFont, marker.colour);
+        pen.text(centre, marker.text, c.chart.number_font, marker.colour);
     }
 }
 
 /// Floor and ceiling: those behind the body before it, those in front of it after it.
-void paint_projections(const Context& c, bool behindBody, Pen& pen) {
+void paint_projections(const Context& c, bool behind_body, Pen& pen) {
     const SurfaceStyle& s = c.chart.style;
     const double h = c.surface.height();
     const auto paint = [&](double z, bool zones, bool contours) {
         const bool front = c.layout.camera.sees({0, 0, z}, {0, 0, z > 0 ? 1.0 : -1.0});
-        if (front == behindBody || !(zones || contours)) return;
+        if (front == behind_body || !(zones || contours)) return;
         paint_flat(c, z, {zones, contours, front}, pen);
     };
-    paint(-h, s.floorZones, s.floorContours);
-    paint(h, s.ceilingZones, s.ceilingContours);
+    paint(-h, s.floor_zones, s.floor_contours);
+    paint(h, s.ceiling_zones, s.ceiling_contours);
 }
 
 }  // namespace
@@ -216,17 +216,17 @@ Layout3D make_layout(const Chart3D& chart, double width, double height,
     const double top = scene::caption_height(chart.header, measure) +
                        scene::caption_height(chart.subtitle, measure);
     const double bottom = height - scene::caption_height(chart.footer, measure);
-    const double numbers = measure("00000", chart.numberFont).width;
-    const double line = measure("0", chart.titleFont).height;
+    const double numbers = measure("00000", chart.number_font).width;
+    const double line = measure("0", chart.title_font).height;
     const View3D view = sanitised(chart.view);
-    if (chart.style.projection2D) {
+    if (chart.style.projection_2d) {
         const double left = numbers + 2 * line + 20, below = 2.5 * line + 20;
         const double w = std::max(right - 20 - left, 4 * kLeastScale);
         const double h = std::max(bottom - below - (top + 12), 4 * kLeastScale);
         const Point2 centre{left + w / 2, top + 12 + h / 2};
         return {box, Camera::map(w / 2, h / 2, centre), std::move(levels), right, top, bottom};
     }
-    const Outline outline = outline_of(view, chart.heightRatio);
+    const Outline outline = outline_of(view, chart.height_ratio);
     const double sides = 2 * numbers + 2.5 * line, above = 1.2 * line, below = 4.2 * line;
     const double w = (right - sides) / (2 * outline.side);
     const double h = (bottom - top - above - below) / (outline.up + outline.down);
@@ -241,8 +241,8 @@ Scene3D build_scene(const Chart3D& chart, double width, double height, const Mea
     const Layout3D layout = make_layout(chart, width, height, measure);
     const SurfaceStyle& style = chart.style;
     const bool cells = style.zoned || style.contoured;
-    const bool flat = style.projection2D || style.ceilingContours || style.ceilingZones ||
-                      style.floorContours || style.floorZones;
+    const bool flat = style.projection_2d || style.ceiling_contours || style.ceiling_zones ||
+                      style.floor_contours || style.floor_zones;
     const SurfaceView surface(chart, layout.box, layout.camera,
                               cells ? layout.levels : std::vector<double>{});
     const SurfaceView levelled(chart, layout.box, layout.camera,
@@ -252,7 +252,7 @@ Scene3D build_scene(const Chart3D& chart, double width, double height, const Mea
     Scene3D result;
     scene::Pen pen(result);
     scene::paint_planes(body, pen);
-    if (style.projection2D) {
+    if (style.projection_2d) {
         scene::paint_flat(plane, surface.height(), {true, style.contoured, false}, pen);
     } else {
         scene::paint_projections(plane, true, pen);
@@ -269,7 +269,7 @@ Scene3D build_scene(const Chart3D& chart, double width, double height, const Mea
 std::optional<PickedPlace> pick_surface(const Chart3D& chart, double width, double height,
                                         const MeasureText& measure, Point2 pixel) {
     const Layout3D layout = make_layout(chart, width, height, measure);
-    if (!chart.style.projection2D)
+    if (!chart.style.projection_2d)
         return SurfaceView(chart, layout.box, layout.camera, {}).pick(pixel);
     // The flat map has no height: the place is found on the plane of the map.
     const Point2 low = layout.camera.project({-1, -1, 0}), high = layout.camera.project({1, 1, 0});

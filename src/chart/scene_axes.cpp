@@ -86,8 +86,8 @@ const Axis3D& axis_of(const Chart3D& chart, Direction d) {
 
 /// Whether an axis has grid lines on the planes with this normal.
 bool grid_wanted(const Axis3D& axis, Direction normal) {
-    if (normal == Direction::X) return axis.gridYZ;
-    return normal == Direction::Y ? axis.gridXZ : axis.gridXY;
+    if (normal == Direction::X) return axis.grid_yz;
+    return normal == Direction::Y ? axis.grid_xz : axis.grid_xy;
 }
 
 /// An edge of the box along `d` with the axis on it.
@@ -107,11 +107,11 @@ double length_of(const Edge& edge) {
 std::optional<Edge> outline_edge(const BoxView& view, Direction d) {
     const auto [p, q] = others(d);
     std::optional<Edge> best;
-    double bestScore = 0;
+    double best_score = 0;
     for (const double sp : {-1.0, 1.0}) {
         for (const double sq : {-1.0, 1.0}) {
-            const bool pFront = view.is_front({p, sp}), qFront = view.is_front({q, sq});
-            if (pFront == qFront) continue;
+            const bool p_front = view.is_front({p, sp}), q_front = view.is_front({q, sq});
+            if (p_front == q_front) continue;
             Edge edge;
             edge.d = d;
             component(edge.from, p) = component(edge.to, p) = sp * view.limit(p);
@@ -119,14 +119,14 @@ std::optional<Edge> outline_edge(const BoxView& view, Direction d) {
             component(edge.from, d) = -view.limit(d);
             component(edge.to, d) = view.limit(d);
             // The back plane is the one whose normal is not in front; it is left along the other.
-            component(edge.outward, pFront ? p : q) = pFront ? sp : sq;
+            component(edge.outward, p_front ? p : q) = p_front ? sp : sq;
             edge.a = view.project(edge.from);
             edge.b = view.project(edge.to);
             const double low = edge.a.y + edge.b.y, left = -(edge.a.x + edge.b.x);
             const double score = d == Direction::Z ? left + 1e-3 * low : low + 1e-3 * left;
-            if (best && score <= bestScore) continue;
+            if (best && score <= best_score) continue;
             best = edge;
-            bestScore = score;
+            best_score = score;
         }
     }
     if (!best || length_of(*best) < kShortestAxis) return std::nullopt;
@@ -154,7 +154,7 @@ Ticks ticks_of(const Context& c, const BoxView& view, Direction d) {
         const Point2 along = unit(edge->b.x - edge->a.x, edge->b.y - edge->a.y);
         // Numbers clear each other sideways or above each other.
         request.room = [&c, along](const std::string& text) {
-            const TextSize size = c.measure(text, c.chart.numberFont);
+            const TextSize size = c.measure(text, c.chart.number_font);
             const double sideways = (size.width + 8) / std::max(std::abs(along.x), 1e-6);
             const double above = (size.height + 2) / std::max(std::abs(along.y), 1e-6);
             return std::min(sideways, above);
@@ -214,7 +214,7 @@ class AxisPainter {
         const Point2 end{p.x + kTickLength * dir.x, p.y + kTickLength * dir.y};
         pen_.line(std::array{p, end}, {LinePattern::Solid, kInk, 1});
         if (tick.text.empty()) return;
-        const TextSize size = c_.measure(tick.text, c_.chart.numberFont);
+        const TextSize size = c_.measure(tick.text, c_.chart.number_font);
         const double reach = kTickLength + kGap + extent(dir, size) / 2;
         const Point2 centre{p.x + reach * dir.x, p.y + reach * dir.y};
         // Numbers of two axes that meet in a corner keep a distance.
@@ -222,7 +222,7 @@ class AxisPainter {
         const auto hit = [&](const TextBox& other) { return box.overlaps(other); };
         if (std::any_of(taken_.begin(), taken_.end(), hit)) return;
         taken_.push_back(box);
-        pen_.text(centre, tick.text, c_.chart.numberFont, kInk);
+        pen_.text(centre, tick.text, c_.chart.number_font, kInk);
         // How far numbers reach from the axis, square to it.
         const double out = (centre.x - p.x) * normal_.x + (centre.y - p.y) * normal_.y;
         reach_ = std::max(reach_, out + extent(normal_, size) / 2);
@@ -232,7 +232,7 @@ class AxisPainter {
         const std::string& title = axis_of(c_.chart, edge_.d).title;
         if (title.empty()) return;
         const bool upright = std::abs(along_.y) > 0.85;
-        TextSize size = c_.measure(title, c_.chart.titleFont);
+        TextSize size = c_.measure(title, c_.chart.title_font);
         if (upright) std::swap(size.width, size.height);
         const double out = reach_ + 2 * kGap + extent(normal_, size) / 2;
         const Point2 middle{(edge_.a.x + edge_.b.x) / 2, (edge_.a.y + edge_.b.y) / 2};
@@ -242,7 +242,7 @@ class AxisPainter {
         centre.y = std::clamp(centre.y, std::min(size.height / 2 + 2, c_.height / 2),
                               std::max(c_.height - size.height / 2 - 2, c_.height / 2));
         taken_.push_back(box_around(centre, size));
-        pen_.text(centre, title, c_.chart.titleFont, kInk, upright ? 90 : 0);
+        pen_.text(centre, title, c_.chart.title_font, kInk, upright ? 90 : 0);
     }
 
     const Context& c_;

@@ -74,7 +74,7 @@ class Body {
   public:
     Body(const Context& context, Pen& pen)
         : chart_(context.chart), layout_(context.layout), pen_(pen) {
-        meshLine_ = {LinePattern::Solid, chart_.mesh.colour, chart_.mesh.width};
+        mesh_line_ = {LinePattern::Solid, chart_.mesh.colour, chart_.mesh.width};
     }
 
     void paint(const Piece& piece) {
@@ -87,7 +87,7 @@ class Body {
     Colour tinted(Colour colour, const Piece& piece) const {
         if (chart_.style.shaded) {
             Point3 n = piece.normal;
-            if (!piece.seenFromTop) n = {-n.x, -n.y, -n.z};
+            if (!piece.seen_from_top) n = {-n.x, -n.y, -n.z};
             colour = scaled(colour, kAmbient + kDirect * layout_.camera.light(n));
         }
         if (chart_.style.transparent) colour.a = kTranslucent;
@@ -96,7 +96,7 @@ class Body {
 
     void paint_fill(const Piece& piece) {
         if (!chart_.style.zoned) {
-            const Colour side = piece.seenFromTop ? chart_.style.top : chart_.style.bottom;
+            const Colour side = piece.seen_from_top ? chart_.style.top : chart_.style.bottom;
             pen_.fill(pixels_of(piece.corners), tinted(side, piece), true);
             return;
         }
@@ -114,9 +114,9 @@ class Body {
         };
         switch (corner.edge) {
             case EdgeKind::ConstX:
-                return drawn(mesh.x, mesh.halvedX, grid.nx);
+                return drawn(mesh.x, mesh.halved_x, grid.nx);
             case EdgeKind::ConstY:
-                return drawn(mesh.y, mesh.halvedY, grid.ny);
+                return drawn(mesh.y, mesh.halved_y, grid.ny);
             case EdgeKind::Boundary:
                 return mesh.x || mesh.y;
             case EdgeKind::Inner:
@@ -130,7 +130,7 @@ class Body {
         const auto corners = piece.corners;
         const std::size_t n = corners.size();
         const auto drawn = [&](std::size_t k) {
-            return corners[k % n].edgeDrawn && is_mesh_line(corners[k % n]);
+            return corners[k % n].edge_drawn && is_mesh_line(corners[k % n]);
         };
         std::size_t start = 0;
         while (start < n && drawn(start)) ++start;  // an edge that is not drawn, if any
@@ -141,7 +141,7 @@ class Body {
             if (line.empty()) line.push_back(corners[k % n].pixel);
             line.push_back(corners[(k + 1) % n].pixel);
             if (step + 1 < n && drawn(k + 1)) continue;
-            pen_.line(line, meshLine_, true);
+            pen_.line(line, mesh_line_, true);
             line.clear();
         }
     }
@@ -157,7 +157,7 @@ class Body {
     const Chart3D& chart_;
     const Layout3D& layout_;
     Pen& pen_;
-    LineStyle meshLine_;
+    LineStyle mesh_line_;
 };
 
 }  // namespace
@@ -172,8 +172,10 @@ void paint_body(const Context& context, Pen& pen) {
     context.surface.for_each_piece([&](const Piece& piece) { body.paint(piece); });
 }
 
-void paint_flat(const Context& context, double boxZ, const FlatParts& parts, Pen& pen) {
-    const auto on_plane = [&](Point3 p) { return context.layout.camera.project({p.x, p.y, boxZ}); };
+void paint_flat(const Context& context, double box_z, const FlatParts& parts, Pen& pen) {
+    const auto on_plane = [&](Point3 p) {
+        return context.layout.camera.project({p.x, p.y, box_z});
+    };
     if (parts.zones) {
         context.surface.for_each_piece([&](const Piece& piece) {
             for_each_band(piece.corners, context.layout, [&](auto corners, std::size_t band) {

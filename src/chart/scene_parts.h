@@ -39,12 +39,12 @@ Colour band_colour(const Layout3D& layout, std::size_t band);
 /// The surface with its mesh, bands and contour lines.
 void paint_body(const Context& context, Pen& pen);
 
-/// The flat picture of the surface on the plane at `boxZ`, with the parts that are wanted;
+/// The flat picture of the surface on the plane at `box_z`, with the parts that are wanted;
 /// translucent when it stands before the surface.
 struct FlatParts {
     bool zones, contours, translucent;
 };
-void paint_flat(const Context& context, double boxZ, const FlatParts& parts, Pen& pen);
+void paint_flat(const Context& context, double box_z, const FlatParts& parts, Pen& pen);
 
 /// Back planes of the box with their grids.
 void paint_planes(const Context& context, Pen& pen);

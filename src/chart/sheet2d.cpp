@@ -72,13 +72,13 @@ class LayoutMaker {
     }
 
     TextSize title_size(const Axis& axis) const {
-        return turned(size_of(axis.title, axis.titleFont), axis.titleRotation);
+        return turned(size_of(axis.title, axis.title_font), axis.title_rotation);
     }
 
     /// Whole pixels, so that frame and axes are crisp on a screen.
     SheetRect plot_area(const Margins& m) const {
         const double w = sheet_.sheet.width, h = sheet_.sheet.height;
-        const PlotArea& area = chart_.plotArea;
+        const PlotArea& area = chart_.plot_area;
         SheetRect plot =
             area.automatic
                 ? SheetRect{m.left, m.top, w - m.left - m.right, h - m.top - m.bottom}
@@ -96,11 +96,11 @@ class LayoutMaker {
             request.min = range.min;
             request.max = range.max;
             request.logarithmic = axis.logarithmic;
-            request.spacing = axis.tickSpacing;
+            request.spacing = axis.tick_spacing;
             request.decimals = axis.decimals;
             request.length = length;
             request.room = [&, upright](const std::string& text) {
-                const TextSize size = measure_(text, axis.numberFont);
+                const TextSize size = measure_(text, axis.number_font);
                 return upright ? size.height + 4 : size.width + 10;
             };
             return make_ticks(request);
@@ -114,7 +114,7 @@ class LayoutMaker {
     TextSize widest_number(const Ticks& ticks, const Axis& axis) const {
         TextSize widest;
         for (const Tick& tick : ticks.major) {
-            const TextSize size = size_of(tick.text, axis.numberFont);
+            const TextSize size = size_of(tick.text, axis.number_font);
             widest.width = std::max(widest.width, size.width);
             widest.height = std::max(widest.height, size.height);
         }
@@ -124,21 +124,21 @@ class LayoutMaker {
     static constexpr double kNumberReach = Sheet2D::kTickLength + Sheet2D::kNumberGap;
 
     /// Height or width that the numbers of an axis take outside the plot area.
-    double numbers_outside(const Axis& axis, double numberSize, double inside) const {
-        if (!axis.shown || numberSize <= 0) return 0;
+    double numbers_outside(const Axis& axis, double number_size, double inside) const {
+        if (!axis.shown || number_size <= 0) return 0;
         // In coarse steps, so that the plot area does not jump at every turn of the wheel.
         constexpr double kStep = 8;
-        const double reach = kNumberReach + std::ceil(numberSize / kStep) * kStep;
+        const double reach = kNumberReach + std::ceil(number_size / kStep) * kStep;
         return std::max(0.0, reach - inside);
     }
 
     /// How far the x axis line stands above the lower edge of the plot area, in pixels.
     double x_axis_inside() const {
-        if (chart_.y.automaticOrigin) return 0;
+        if (chart_.y.automatic_origin) return 0;
         return std::clamp(scale_.v(chart_.y.origin), 0.0, 1.0) * sheet_.plot.height;
     }
     double y_axis_inside() const {
-        if (chart_.x.automaticOrigin) return 0;
+        if (chart_.x.automatic_origin) return 0;
         return std::clamp(scale_.u(chart_.x.origin), 0.0, 1.0) * sheet_.plot.width;
     }
 
@@ -148,30 +148,30 @@ class LayoutMaker {
     }
 
     Margins margins() {
-        const TextSize xNumber = widest_number(sheet_.x.ticks, chart_.x);
-        const TextSize yNumber = widest_number(sheet_.y.ticks, chart_.y);
-        const TextSize y2Number = widest_number(sheet_.y2.ticks, chart_.y2);
-        xNumbers_ = numbers_outside(chart_.x, xNumber.height, x_axis_inside());
-        yNumbers_ = numbers_outside(chart_.y, yNumber.width, y_axis_inside());
-        y2Numbers_ = numbers_outside(chart_.y2, y2Number.width, 0);
+        const TextSize x_number = widest_number(sheet_.x.ticks, chart_.x);
+        const TextSize y_number = widest_number(sheet_.y.ticks, chart_.y);
+        const TextSize y2_number = widest_number(sheet_.y2.ticks, chart_.y2);
+        x_numbers_ = numbers_outside(chart_.x, x_number.height, x_axis_inside());
+        y_numbers_ = numbers_outside(chart_.y, y_number.width, y_axis_inside());
+        y2_numbers_ = numbers_outside(chart_.y2, y2_number.width, 0);
         Margins m;
-        const TextSize xTitle = title_size(chart_.x), yTitle = title_size(chart_.y),
-                       y2Title = title_size(chart_.y2);
-        m.bottom += xNumbers_ + caption_height(chart_.footer);
-        if (xTitle.height > 0) m.bottom += xTitle.height + kTextGap;
+        const TextSize x_title = title_size(chart_.x), y_title = title_size(chart_.y),
+                       y2_title = title_size(chart_.y2);
+        m.bottom += x_numbers_ + caption_height(chart_.footer);
+        if (x_title.height > 0) m.bottom += x_title.height + kTextGap;
         // Half of the first and the last number of x overhang the plot area.
-        yNumbers_ = std::max(yNumbers_, xNumber.width / 2 - kEdge / 2);
-        y2Numbers_ = std::max(y2Numbers_, xNumber.width / 2 - kEdge / 2);
-        m.left += yNumbers_;
+        y_numbers_ = std::max(y_numbers_, x_number.width / 2 - kEdge / 2);
+        y2_numbers_ = std::max(y2_numbers_, x_number.width / 2 - kEdge / 2);
+        m.left += y_numbers_;
         m.top += caption_height(chart_.header);
         // A title that lies across stands above its axis.
-        if (yTitle.height > 0 && is_upright(chart_.y.titleRotation))
-            m.left += yTitle.width + kTextGap;
-        else if (yTitle.height > 0)
-            m.top += yTitle.height + kTextGap;
-        m.right += y2Numbers_;
-        if (y2Title.height > 0) m.right += y2Title.width + kTextGap;
-        m.top = std::max(m.top, yNumber.height / 2 + 4);
+        if (y_title.height > 0 && is_upright(chart_.y.title_rotation))
+            m.left += y_title.width + kTextGap;
+        else if (y_title.height > 0)
+            m.top += y_title.height + kTextGap;
+        m.right += y2_numbers_;
+        if (y2_title.height > 0) m.right += y2_title.width + kTextGap;
+        m.top = std::max(m.top, y_number.height / 2 + 4);
         if (chart_.legend.shown && chart_.legend.anchor == LegendAnchor::OutsideEast)
             m.right += sheet_.legend.width + kTextGap;
         if (chart_.legend.shown && chart_.legend.anchor == LegendAnchor::OutsideSouth)
@@ -185,11 +185,11 @@ class LayoutMaker {
     }
 
     static void make_grid(const Axis& axis, const Range& range, SheetAxis& out) {
-        if (!axis.gridShown) return;
-        if (axis.gridSpacing > 0) out.grid = multiples(range.min, range.max, axis.gridSpacing);
+        if (!axis.grid_shown) return;
+        if (axis.grid_spacing > 0) out.grid = multiples(range.min, range.max, axis.grid_spacing);
         if (!out.grid.empty()) return;
         for (const Tick& tick : out.ticks.major) out.grid.push_back(tick.value);
-        if (axis.logarithmic) out.fineGrid = out.ticks.minor;
+        if (axis.logarithmic) out.fine_grid = out.ticks.minor;
     }
 
     /// Inside the plot area the other axis would run through the number at the crossing.
@@ -214,37 +214,37 @@ class LayoutMaker {
         const double reach = kNumberReach;
         sheet_.x.numbers = {p.left, sheet_.x.line - 3, p.width,
                             reach + 3 + widest_number(sheet_.x.ticks, chart_.x).height};
-        const double yReach = reach + widest_number(sheet_.y.ticks, chart_.y).width;
-        sheet_.y.numbers = {sheet_.y.line - yReach, p.top, yReach + 3, p.height};
-        const double y2Reach = reach + widest_number(sheet_.y2.ticks, chart_.y2).width;
-        if (chart_.y2.shown) sheet_.y2.numbers = {p.right() - 3, p.top, y2Reach + 3, p.height};
+        const double y_reach = reach + widest_number(sheet_.y.ticks, chart_.y).width;
+        sheet_.y.numbers = {sheet_.y.line - y_reach, p.top, y_reach + 3, p.height};
+        const double y2_reach = reach + widest_number(sheet_.y2.ticks, chart_.y2).width;
+        if (chart_.y2.shown) sheet_.y2.numbers = {p.right() - 3, p.top, y2_reach + 3, p.height};
     }
 
     void place_texts() {
         const SheetRect& p = sheet_.plot;
-        const double middleX = p.left + p.width / 2, middleY = p.top + p.height / 2;
+        const double middle_x = p.left + p.width / 2, middle_y = p.top + p.height / 2;
         const auto title = [&](const Axis& axis, SheetAxis& out, double x, double y) {
             if (axis.title.empty()) return;
-            out.title = text_at(x, y, size_of(axis.title, axis.titleFont), axis.titleRotation);
+            out.title = text_at(x, y, size_of(axis.title, axis.title_font), axis.title_rotation);
         };
         const TextSize xs = title_size(chart_.x), ys = title_size(chart_.y),
                        y2s = title_size(chart_.y2);
-        double below = p.bottom() + xNumbers_ + kTextGap;
-        title(chart_.x, sheet_.x, middleX, below + xs.height / 2);
+        double below = p.bottom() + x_numbers_ + kTextGap;
+        title(chart_.x, sheet_.x, middle_x, below + xs.height / 2);
         if (xs.height > 0) below += xs.height + kTextGap;
         double above = p.top - kTextGap;
-        if (is_upright(chart_.y.titleRotation)) {
-            title(chart_.y, sheet_.y, p.left - yNumbers_ - kTextGap - ys.width / 2, middleY);
+        if (is_upright(chart_.y.title_rotation)) {
+            title(chart_.y, sheet_.y, p.left - y_numbers_ - kTextGap - ys.width / 2, middle_y);
         } else {
-            const double left = std::max(kEdge, p.left - yNumbers_);
+            const double left = std::max(kEdge, p.left - y_numbers_);
             title(chart_.y, sheet_.y, left + ys.width / 2, above - ys.height / 2);
             if (ys.height > 0) above -= ys.height + kTextGap;
         }
-        title(chart_.y2, sheet_.y2, p.right() + y2Numbers_ + kTextGap + y2s.width / 2, middleY);
+        title(chart_.y2, sheet_.y2, p.right() + y2_numbers_ + kTextGap + y2s.width / 2, middle_y);
         const auto caption = [&](const Caption& c, SheetText& out, double y) {
             if (c.text.empty()) return;
             const TextSize size = size_of(c.text, c.font);
-            out = c.automatic ? text_at(kept_on_sheet(middleX, size.width), y, size)
+            out = c.automatic ? text_at(kept_on_sheet(middle_x, size.width), y, size)
                               : text_at(c.place.x * sheet_.sheet.width,
                                         c.place.y * sheet_.sheet.height, size);
         };
@@ -264,7 +264,7 @@ class LayoutMaker {
     struct LegendGrid {
         std::vector<SeriesRef> entries;
         std::size_t columns = 1, rows = 1;
-        double columnWidth = 0, rowHeight = 0;
+        double column_width = 0, row_height = 0;
     };
 
     LegendGrid legend_grid() const {
@@ -278,18 +278,18 @@ class LayoutMaker {
             widest = std::max(widest, size.width);
             highest = std::max(highest, size.height);
         }
-        grid.rowHeight = highest + 3;
-        grid.columnWidth = Sheet2D::kSampleWidth + kLegendGap + widest;
+        grid.row_height = highest + 3;
+        grid.column_width = Sheet2D::kSampleWidth + kLegendGap + widest;
         const auto most = [](double room, double each) {
             return static_cast<std::size_t>(std::max(1.0, std::floor(room / each)));
         };
         if (chart_.legend.vertical) {
-            const std::size_t fit = most(sheet_.plot.height - 4 * kLegendPad, grid.rowHeight);
+            const std::size_t fit = most(sheet_.plot.height - 4 * kLegendPad, grid.row_height);
             grid.columns = (n + fit - 1) / fit;
             grid.rows = (n + grid.columns - 1) / grid.columns;
         } else {
             const std::size_t fit = most(sheet_.plot.width - 2 * kLegendPad + kColumnGap,
-                                         grid.columnWidth + kColumnGap);
+                                         grid.column_width + kColumnGap);
             grid.rows = (n + fit - 1) / fit;
             grid.columns = (n + grid.rows - 1) / grid.rows;
         }
@@ -307,8 +307,8 @@ class LayoutMaker {
         if (grid.entries.empty()) return;
         const auto columns = static_cast<double>(grid.columns);
         sheet_.legend.width =
-            columns * grid.columnWidth + (columns - 1) * kColumnGap + 2 * kLegendPad;
-        sheet_.legend.height = static_cast<double>(grid.rows) * grid.rowHeight + 2 * kLegendPad;
+            columns * grid.column_width + (columns - 1) * kColumnGap + 2 * kLegendPad;
+        sheet_.legend.height = static_cast<double>(grid.rows) * grid.row_height + 2 * kLegendPad;
     }
 
     void place_legend() {
@@ -342,17 +342,17 @@ class LayoutMaker {
             const std::size_t row = chart_.legend.vertical ? k % grid.rows : k / grid.columns;
             LegendLine line;
             line.series = grid.entries[k];
-            line.sampleLeft = legend.left + kLegendPad +
-                              static_cast<double>(column) * (grid.columnWidth + kColumnGap);
-            line.textLeft = line.sampleLeft + Sheet2D::kSampleWidth + kLegendGap;
-            line.y = legend.top + kLegendPad + (static_cast<double>(row) + 0.5) * grid.rowHeight;
-            sheet_.legendLines.push_back(line);
+            line.sample_left = legend.left + kLegendPad +
+                               static_cast<double>(column) * (grid.column_width + kColumnGap);
+            line.text_left = line.sample_left + Sheet2D::kSampleWidth + kLegendGap;
+            line.y = legend.top + kLegendPad + (static_cast<double>(row) + 0.5) * grid.row_height;
+            sheet_.legend_lines.push_back(line);
         }
     }
 
     /// Data coordinates of a label's place, if it has one.
     std::optional<std::array<double, 2>> place_of(const Label& label) const {
-        if (!label.onPoint) return std::array{label.x, label.y};
+        if (!label.on_point) return std::array{label.x, label.y};
         const auto& all = series_of(chart_, label.group);
         if (label.series < 0 || label.series >= static_cast<int>(all.size())) return std::nullopt;
         const Series& series = all[static_cast<std::size_t>(label.series)];
@@ -364,7 +364,7 @@ class LayoutMaker {
     }
 
     void place_labels() {
-        if (!chart_.labelsShown) return;
+        if (!chart_.labels_shown) return;
         for (std::size_t i = 0; i < chart_.labels.size(); ++i) {
             const Label& label = chart_.labels[i];
             if (!label.shown || label.text.empty()) continue;
@@ -389,7 +389,7 @@ class LayoutMaker {
     WindowScale scale_;
     Sheet2D sheet_;
     /// What numbers take outside the plot area below, left and right of it.
-    double xNumbers_ = 0, yNumbers_ = 0, y2Numbers_ = 0;
+    double x_numbers_ = 0, y_numbers_ = 0, y2_numbers_ = 0;
 };
 
 /// The part of the segment a-b inside the rectangle as parameters 0..1 (Liang and Barsky).
@@ -421,12 +421,12 @@ class LineCutter {
   public:
     explicit LineCutter(const SheetRect& plot) : plot_(plot) {}
 
-    void interrupt() { hasLast_ = open_ = false; }
+    void interrupt() { has_last_ = open_ = false; }
 
     void add(SheetPoint here) {
-        if (hasLast_) add_segment(here);
+        if (has_last_) add_segment(here);
         last_ = here;
-        hasLast_ = true;
+        has_last_ = true;
     }
 
     std::vector<std::vector<SheetPoint>> take() { return std::move(lines_); }
@@ -449,7 +449,7 @@ class LineCutter {
 
     SheetRect plot_;
     SheetPoint last_;
-    bool hasLast_ = false;
+    bool has_last_ = false;
     bool open_ = false;  // the last line goes on at `last_`
     std::vector<std::vector<SheetPoint>> lines_;
 };
@@ -462,7 +462,7 @@ std::vector<std::vector<SheetPoint>> visible_lines(const Chart2D& chart, const S
     const Window& window = scale.window().window();
     const auto on_axis = [&](float value, const Axis& axis, const Range& range) -> double {
         // Far enough below the window that a line to it leaves at its edge.
-        const bool below = series.isReference && axis.logarithmic && !(value > 0);
+        const bool below = series.is_reference && axis.logarithmic && !(value > 0);
         return below ? range.min * 1e-6 : value;
     };
     LineCutter cutter(plot);
@@ -503,7 +503,7 @@ bool place_curve_label(const Chart2D& chart, int curve, double fraction, double 
                                 size.height);
     }
     if (!spot) return false;
-    label.onPoint = true;
+    label.on_point = true;
     label.group = Group::Curves;
     label.series = curve;
     label.point = spot->point;

@@ -30,25 +30,25 @@ struct SheetText {
     bool shown = false;
 };
 
-/// A line of the legend: the sample of the line runs from `sampleLeft`, the text begins at
-/// `textLeft`, both centred on `y`.
+/// A line of the legend: the sample of the line runs from `sample_left`, the text begins at
+/// `text_left`, both centred on `y`.
 struct LegendLine {
     SeriesRef series;
-    double sampleLeft = 0, textLeft = 0, y = 0;
+    double sample_left = 0, text_left = 0, y = 0;
 };
 
 /// A label on the sheet: the pixel of its place, and its text.
 struct SheetLabel {
     int label = 0;  ///< index in `Chart2D::labels`
-    double placeX = 0, placeY = 0;
+    double place_x = 0, place_y = 0;
     SheetText text;
 };
 
 /// An axis on the sheet.
 struct SheetAxis {
     Ticks ticks;
-    std::vector<double> grid, fineGrid;  ///< values of grid lines; fine ones on logarithmic axes
-    double line = 0;                     ///< pixel of the axis across its direction
+    std::vector<double> grid, fine_grid;  ///< values of grid lines; fine ones on logarithmic axes
+    double line = 0;                      ///< pixel of the axis across its direction
     SheetText title;
     SheetRect numbers;  ///< where its line and numbers stand, for the mouse
 };
@@ -60,7 +60,7 @@ struct Sheet2D {
     SheetAxis x, y, y2;
     SheetText header, footer;
     SheetRect legend;
-    std::vector<LegendLine> legendLines;
+    std::vector<LegendLine> legend_lines;
     std::vector<SheetLabel> labels;
 
     static constexpr double kSampleWidth = 30;  ///< of the lines in the legend
@@ -81,8 +81,8 @@ struct SheetPoint {
 class SheetScale {
   public:
     SheetScale(const Chart2D& chart, const SheetRect& plot) : scale_(chart), plot_(plot) {}
-    SheetScale(const Window& window, bool xLogarithmic, bool yLogarithmic, const SheetRect& plot)
-        : scale_(window, xLogarithmic, yLogarithmic), plot_(plot) {}
+    SheetScale(const Window& window, bool x_logarithmic, bool y_logarithmic, const SheetRect& plot)
+        : scale_(window, x_logarithmic, y_logarithmic), plot_(plot) {}
     double x(double value) const { return plot_.left + scale_.u(value) * plot_.width; }
     double y(double value) const { return plot_.bottom() - scale_.v(value) * plot_.height; }
     double value_of_x(double pixel) const { return scale_.x((pixel - plot_.left) / plot_.width); }

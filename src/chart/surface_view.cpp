@@ -55,9 +55,9 @@ std::vector<int> rank_of(const std::vector<int>& order) {
     return rank;
 }
 
-/// Cuts a convex polygon by `side` >= 0 (Sutherland and Hodgman); cut edges become `cutKind`.
+/// Cuts a convex polygon by `side` >= 0 (Sutherland and Hodgman); cut edges become `cut_kind`.
 template <class Side>
-void cut(std::vector<PieceCorner>& corners, Side side, EdgeKind cutKind, const Camera& camera) {
+void cut(std::vector<PieceCorner>& corners, Side side, EdgeKind cut_kind, const Camera& camera) {
     std::vector<PieceCorner> kept;
     kept.reserve(corners.size() + 2);
     for (std::size_t k = 0; k < corners.size(); ++k) {
@@ -72,8 +72,8 @@ void cut(std::vector<PieceCorner>& corners, Side side, EdgeKind cutKind, const C
         crossing.z = from.z + t * (to.z - from.z);
         crossing.pixel = camera.project(crossing.at);
         if (a >= 0) {
-            crossing.edge = cutKind;
-            crossing.edgeDrawn = true;
+            crossing.edge = cut_kind;
+            crossing.edge_drawn = true;
         }
         kept.push_back(crossing);
     }
@@ -88,14 +88,14 @@ SurfaceView::SurfaceView(const Chart3D& chart, const Box3D& box, const Camera& c
       box_(box),
       camera_(camera),
       levels_(std::move(levels)),
-      height_(chart.heightRatio) {
+      height_(chart.height_ratio) {
     if (!grid_.is_complete()) return;
     fill_nodes();
     const Point2 viewer = camera.viewer_in_plan();
     columns_ = far_first(grid_.nx - 1, viewer.x, [&](int i) { return node(i, 0).at.x; });
     rows_ = far_first(grid_.ny - 1, viewer.y, [&](int j) { return node(0, j).at.y; });
-    columnRank_ = rank_of(columns_);
-    rowRank_ = rank_of(rows_);
+    column_rank_ = rank_of(columns_);
+    row_rank_ = rank_of(rows_);
 }
 
 void SurfaceView::fill_nodes() {
@@ -104,8 +104,8 @@ void SurfaceView::fill_nodes() {
         for (int j = 0; j < grid_.ny; ++j) {
             Node& n = nodes_[grid_.at(i, j)];
             float z = grid_.z[grid_.at(i, j)];
-            if (grid_.is_hole(z) && !grid_.zBehindHoles.empty())
-                z = grid_.zBehindHoles[grid_.at(i, j)];
+            if (grid_.is_hole(z) && !grid_.z_behind_holes.empty())
+                z = grid_.z_behind_holes[grid_.at(i, j)];
             n.known = !grid_.is_hole(z);
             n.z = n.known ? z : box_.z.min;
             n.at = to_box(grid_.x(i), grid_.y(j), n.z);
@@ -136,13 +136,13 @@ bool SurfaceView::crosses_level(double low, double high) const {
     return it != levels_.end() && *it <= high;
 }
 
-bool SurfaceView::draws_edge_to(int i, int j, int neighbourI, int neighbourJ) const {
-    if (!is_whole(neighbourI, neighbourJ)) return true;
+bool SurfaceView::draws_edge_to(int i, int j, int neighbour_i, int neighbour_j) const {
+    if (!is_whole(neighbour_i, neighbour_j)) return true;
     const auto rank = [](const std::vector<int>& ranks, int k) {
         return ranks[static_cast<std::size_t>(k)];
     };
-    if (j != neighbourJ) return rank(rowRank_, j) > rank(rowRank_, neighbourJ);
-    return rank(columnRank_, i) > rank(columnRank_, neighbourI);
+    if (j != neighbour_j) return rank(row_rank_, j) > rank(row_rank_, neighbour_j);
+    return rank(column_rank_, i) > rank(column_rank_, neighbour_i);
 }
 
 SurfaceView::Cell SurfaceView::cell(int i, int j) const {
@@ -166,7 +166,7 @@ int SurfaceView::triangles(int i, int j, std::array<std::array<PieceCorner, 3>, 
     const auto triangle = [&](std::size_t k, EdgeKind third) {
         std::array<PieceCorner, 3> t{corners[k % 4], corners[(k + 1) % 4], corners[(k + 2) % 4]};
         t[2].edge = third;
-        t[2].edgeDrawn = true;
+        t[2].edge_drawn = true;
         return t;
     };
     if (missing == 1) {
@@ -197,13 +197,13 @@ void SurfaceView::paint_clipped(std::span<const PieceCorner> corners,
                                 const PaintPiece& paint) const {
     const Point3 normal = upward_unit(
         cross(difference(corners[1].at, corners[0].at), difference(corners[2].at, corners[0].at)));
-    const bool fromTop = camera_.sees(corners[0].at, normal);
+    const bool from_top = camera_.sees(corners[0].at, normal);
     const auto inside = [&](const PieceCorner& c) {
         return std::abs(c.at.x) <= 1 + kSlack && std::abs(c.at.y) <= 1 + kSlack &&
                std::abs(c.at.z) <= height_ + kSlack;
     };
     if (std::all_of(corners.begin(), corners.end(), inside)) {
-        paint({corners, normal, fromTop});
+        paint({corners, normal, from_top});
         return;
     }
     std::vector<PieceCorner> rest(corners.begin(), corners.end());
@@ -221,7 +221,7 @@ void SurfaceView::paint_clipped(std::span<const PieceCorner> corners,
         rest, [h](const PieceCorner& c) { return h - c.at.z; }, kRim, camera_);
     cut(
         rest, [h](const PieceCorner& c) { return h + c.at.z; }, kRim, camera_);
-    if (rest.size() >= 3) paint({rest, normal, fromTop});
+    if (rest.size() >= 3) paint({rest, normal, from_top});
 }
 
 void SurfaceView::paint_cell(int i, int j, const PaintPiece& paint) const {
@@ -235,9 +235,9 @@ void SurfaceView::paint_cell(int i, int j, const PaintPiece& paint) const {
         };
         // A cell that shows the same side everywhere is one polygon; a folded one is two.
         const bool top = area(0, 1, 2) >= 0;
-        const bool oneSide = (area(2, 3, 0) >= 0) == top && (area(1, 2, 3) >= 0) == top &&
-                             (area(3, 0, 1) >= 0) == top;
-        if (oneSide && !crosses_level(low, high)) {
+        const bool one_side = (area(2, 3, 0) >= 0) == top && (area(1, 2, 3) >= 0) == top &&
+                              (area(3, 0, 1) >= 0) == top;
+        if (one_side && !crosses_level(low, high)) {
             const Point3 normal = upward_unit(cross(difference(corners[2].at, corners[0].at),
                                                     difference(corners[3].at, corners[1].at)));
             paint({corners, normal, top});

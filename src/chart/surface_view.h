@@ -20,22 +20,22 @@ enum class EdgeKind : std::uint8_t {
 };
 
 /// A corner of a piece of the surface: its place in the box, its z in data units, its pixel. The
-/// edge from this corner to the next is of kind `edge`; `edgeDrawn` is false where the neighbour
+/// edge from this corner to the next is of kind `edge`; `edge_drawn` is false where the neighbour
 /// draws it.
 struct PieceCorner {
     Point3 at;
     double z = 0;
     Point2 pixel;
     EdgeKind edge = EdgeKind::Boundary;
-    bool edgeDrawn = true;
+    bool edge_drawn = true;
     int line = 0;  ///< number of the grid line for `ConstX` and `ConstY`
 };
 
 /// A piece of the surface: a whole cell, or a flat convex part of one.
 struct Piece {
     std::span<const PieceCorner> corners;
-    Point3 normal;     ///< of length 1, upwards
-    bool seenFromTop;  ///< which side the viewer sees
+    Point3 normal;       ///< of length 1, upwards
+    bool seen_from_top;  ///< which side the viewer sees
 };
 
 using PaintPiece = std::function<void(const Piece&)>;
@@ -81,7 +81,7 @@ class SurfaceView {
     const Node& node(int i, int j) const { return nodes_[grid_.at(i, j)]; }
     bool is_whole(int i, int j) const;
     bool crosses_level(double low, double high) const;
-    bool draws_edge_to(int i, int j, int neighbourI, int neighbourJ) const;
+    bool draws_edge_to(int i, int j, int neighbour_i, int neighbour_j) const;
     Cell cell(int i, int j) const;
     /// The triangles of a cell, that on the viewer's side last; one or none beside a hole.
     int triangles(int i, int j, std::array<std::array<PieceCorner, 3>, 2>& parts) const;
@@ -97,8 +97,8 @@ class SurfaceView {
     std::vector<double> levels_;
     double height_;
     std::vector<Node> nodes_;
-    std::vector<int> columns_, rows_;        ///< cells of each direction, far ones first
-    std::vector<int> columnRank_, rowRank_;  ///< place of each in that order
+    std::vector<int> columns_, rows_;          ///< cells of each direction, far ones first
+    std::vector<int> column_rank_, row_rank_;  ///< place of each in that order
 };
 
 /// A flat convex polygon cut down to the part between two levels of z; empty where it lies outside.

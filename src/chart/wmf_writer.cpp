@@ -89,7 +89,7 @@ class WmfWriter : public Writer {
         if (used.empty()) return;
         use_no_pen();
         use_brush(on_paper(colour));
-        use_mode(kSetPolyFillMode, winding ? kFillWinding : kFillAlternate, fillMode_);
+        use_mode(kSetPolyFillMode, winding ? kFillWinding : kFillAlternate, fill_mode_);
         const bool translucent = colour.a < 255;
         if (translucent) use_mode(kSetRop2, kMaskPen, rop_);
         put(kPolyPolygon, [&](Bytes& b) {
@@ -106,8 +106,8 @@ class WmfWriter : public Writer {
         if (bytes.empty()) return;
         use_font(t.font);
         const std::uint32_t colour = color_ref(on_paper(t.colour));
-        if (textColour_ != colour) {
-            textColour_ = colour;
+        if (text_colour_ != colour) {
+            text_colour_ = colour;
             put(kSetTextColor, [&](Bytes& b) { b.u32(colour); });
         }
         put(kExtTextOut, [&](Bytes& b) {
@@ -151,7 +151,7 @@ class WmfWriter : public Writer {
         file.u16(0x0300);
         file.u32(static_cast<std::uint32_t>(body_.size() / 2) + kHeaderWords);
         file.u16(kObjects);
-        file.u32(largestRecord_);
+        file.u32(largest_record_);
         file.u16(0);
         file.append(body_);
         return file.data();
@@ -164,7 +164,7 @@ class WmfWriter : public Writer {
         fill_in(data);
         data.pad_to(2);
         const auto words = static_cast<std::uint32_t>((data.size() + 6) / 2);
-        largestRecord_ = std::max(largestRecord_, words);
+        largest_record_ = std::max(largest_record_, words);
         body_.u32(words);
         body_.u16(function);
         body_.append(data);
@@ -202,7 +202,7 @@ class WmfWriter : public Writer {
     }
 
     void create_pen(std::uint32_t style, std::int32_t width, Colour colour) {
-        exchange(penPlace_, kCreatePen, [&](Bytes& b) {
+        exchange(pen_place_, kCreatePen, [&](Bytes& b) {
             b.u16(style);
             b.i16(short16(width));
             b.i16(0);
@@ -210,20 +210,20 @@ class WmfWriter : public Writer {
         });
     }
     void use_pen(const MetaPen& pen) {
-        if (pen_ == pen && !nullPen_) return;
+        if (pen_ == pen && !null_pen_) return;
         pen_ = pen;
-        nullPen_ = false;
+        null_pen_ = false;
         create_pen(0, std::max(pen.width, 1), on_paper(pen.colour));
     }
     void use_no_pen() {
-        if (nullPen_) return;
-        nullPen_ = true;
+        if (null_pen_) return;
+        null_pen_ = true;
         create_pen(kPenNull, 0, kWhite);
     }
     void use_brush(Colour colour) {
         if (brush_ == colour) return;
         brush_ = colour;
-        exchange(brushPlace_, kCreateBrush, [&](Bytes& b) {
+        exchange(brush_place_, kCreateBrush, [&](Bytes& b) {
             b.u16(kBrushSolid);
             b.u32(color_ref(colour));
             b.u16(0);  // hatch
@@ -232,11 +232,11 @@ class WmfWriter : public Writer {
     void use_font(const MetaFont& font) {
         if (font_ == font) return;
         font_ = font;
-        exchange(fontPlace_, kCreateFont, [&](Bytes& b) {
+        exchange(font_place_, kCreateFont, [&](Bytes& b) {
             b.i16(short16(-font.height));
             b.i16(0);  // width of its own accord
-            b.i16(font.tenthDegrees);
-            b.i16(font.tenthDegrees);
+            b.i16(font.tenth_degrees);
+            b.i16(font.tenth_degrees);
             b.u16(font.bold ? kBoldWeight : kNormalWeight);
             b.u8(font.italic ? 1 : 0);
             b.zeros(7);  // no lines, character set 0, precisions, quality, pitch
@@ -249,12 +249,12 @@ class WmfWriter : public Writer {
     /// After a restore of the device context its initial objects are selected.
     void forget_state() {
         pen_.reset();
-        nullPen_ = false;
+        null_pen_ = false;
         brush_.reset();
         font_.reset();
-        fillMode_.reset();
+        fill_mode_.reset();
         rop_.reset();
-        textColour_.reset();
+        text_colour_.reset();
     }
 
     Bytes placeable_header() const {
@@ -265,7 +265,7 @@ class WmfWriter : public Writer {
         b.i16(0);
         b.i16(short16(size_.width));
         b.i16(short16(size_.height));
-        b.u16(static_cast<std::uint32_t>(size_.unitsPerInch));
+        b.u16(static_cast<std::uint32_t>(size_.units_per_inch));
         b.u32(0);
         // The check sum is the exclusive or of the ten words before it.
         std::uint32_t sum = 0;
@@ -277,14 +277,14 @@ class WmfWriter : public Writer {
 
     MetaSize size_;
     Bytes body_;
-    std::uint32_t largestRecord_ = 0;
+    std::uint32_t largest_record_ = 0;
     std::array<bool, kObjects> taken_{};
-    std::optional<std::size_t> penPlace_, brushPlace_, fontPlace_;
+    std::optional<std::size_t> pen_place_, brush_place_, font_place_;
     std::optional<MetaPen> pen_;
-    bool nullPen_ = false;
+    bool null_pen_ = false;
     std::optional<Colour> brush_;
     std::optional<MetaFont> font_;
-    std::optional<std::uint32_t> fillMode_, rop_, textColour_;
+    std::optional<std::uint32_t> fill_mode_, rop_, text_colour_;
 };
 
 }  // namespace

@@ -4,11 +4,11 @@ namespace quor::dialogs {
 
 Functions silent() {
     return {
-        .message = [](const Message& m) { return m.defaultAnswer; },
+        .message = [](const Message& m) { return m.default_answer; },
         .input = [](const Input& i) { return std::optional<std::string>(i.proposal); },
         .file = [](const FileChoice&) { return std::optional<std::string>(); },
         .print = [](const PrintJob&) {},
-        .setClipboard = [](const std::string&) {},
+        .set_clipboard = [](const std::string&) {},
         .clipboard = [] { return std::string(); },
         .pointer = [](bool) {},
         .beep = [] {},
@@ -20,24 +20,24 @@ Functions& current() {
     return functions;
 }
 
-Answer Show(const Message& message) {
+Answer show(const Message& message) {
     return current().message(message);
 }
 
 void tell(const std::string& text, const std::string& title, Icon icon) {
-    Show({.text = text, .title = title, .icon = icon});
+    show({.text = text, .title = title, .icon = icon});
 }
 
 void refuse(const std::string& text) {
     tell(text, kNotPossible);
 }
 
-bool ask(const std::string& text, const std::string& title, Icon icon, bool defaultYes) {
-    return Show({.text = text,
+bool ask(const std::string& text, const std::string& title, Icon icon, bool default_yes) {
+    return show({.text = text,
                  .title = title,
                  .icon = icon,
                  .buttons = Buttons::YesNo,
-                 .defaultAnswer = defaultYes ? Answer::Yes : Answer::No}) == Answer::Yes;
+                 .default_answer = default_yes ? Answer::Yes : Answer::No}) == Answer::Yes;
 }
 
 std::optional<std::string> ask_input(const Input& input) {
@@ -46,16 +46,16 @@ std::optional<std::string> ask_input(const Input& input) {
 std::optional<std::string> choose_file(const FileChoice& choice) {
     return current().file(choice);
 }
-void Print(const PrintJob& job) {
+void print_out(const PrintJob& job) {
     current().print(job);
 }
 void set_clipboard(const std::string& text) {
-    current().setClipboard(text);
+    current().set_clipboard(text);
 }
-std::string Clipboard() {
+std::string clipboard() {
     return current().clipboard();
 }
-void Beep() {
+void beep() {
     current().beep();
 }
 

@@ -17,7 +17,7 @@ struct Message {
     std::string title{};
     Icon icon = Icon::None;
     Buttons buttons = Buttons::Ok;
-    Answer defaultAnswer = Answer::Ok;  ///< what Enter gives
+    Answer default_answer = Answer::Ok;  ///< what Enter gives
 };
 
 struct Input {
@@ -29,11 +29,11 @@ struct Input {
 struct FileChoice {
     bool save = false;
     std::string title{};
-    std::string filter{};            ///< "Caption|*.EXT|Caption|*.EXT"
-    std::string folder{};            ///< where the dialog starts
-    std::string name{};              ///< name first shown
-    std::string defaultExtension{};  ///< ".EXT", appended to a name without one
-    bool overwritePrompt = false;
+    std::string filter{};             ///< "Caption|*.EXT|Caption|*.EXT"
+    std::string folder{};             ///< where the dialog starts
+    std::string name{};               ///< name first shown
+    std::string default_extension{};  ///< ".EXT", appended to a name without one
+    bool overwrite_prompt = false;
 };
 
 struct PrintJob {
@@ -48,7 +48,7 @@ struct Functions {
     std::function<std::optional<std::string>(const Input&)> input;
     std::function<std::optional<std::string>(const FileChoice&)> file;
     std::function<void(const PrintJob&)> print;
-    std::function<void(const std::string&)> setClipboard;
+    std::function<void(const std::string&)> set_clipboard;
     std::function<std::string()> clipboard;
     std::function<void(bool busy)> pointer;  ///< true shows the busy pointer
     std::function<void()> beep;
@@ -59,7 +59,7 @@ Functions& current();
 /// The silent functions that `current` starts with.
 Functions silent();
 
-Answer Show(const Message& message);
+Answer show(const Message& message);
 /// A box with one OK button.
 void tell(const std::string& text, const std::string& title, Icon icon = Icon::Exclamation);
 /// Title of the boxes that refuse a command.
@@ -68,13 +68,13 @@ inline constexpr auto kNotPossible = "Execution not possible";
 void refuse(const std::string& text);
 /// A Yes/No box; true for Yes.
 bool ask(const std::string& text, const std::string& title, Icon icon = Icon::Question,
-         bool defaultYes = true);
+         bool default_yes = true);
 std::optional<std::string> ask_input(const Input& input);
 std::optional<std::string> choose_file(const FileChoice& choice);
-void Print(const PrintJob& job);
+void print_out(const PrintJob& job);
 void set_clipboard(const std::string& text);
-std::string Clipboard();
-void Beep();
+std::string clipboard();
+void beep();
 
 /// Shows the busy pointer while it lives.
 class BusyPointer {

@@ -58,15 +58,15 @@ Digits round_decimal(double magnitude, int decimals) {
 /// One section of a mask, taken apart.
 struct Mask {
     std::string before, after;  // literal texts round the number
-    int integerZeros = 0;       // '0' places before the point
-    int integerPlaces = 0;      // all places before the point
+    int integer_zeros = 0;      // '0' places before the point
+    int integer_places = 0;     // all places before the point
     int decimals = 0;           // all places behind the point
-    int decimalZeros = 0;       // places behind the point that always show
+    int decimal_zeros = 0;      // places behind the point that always show
     bool point = false;
     bool percent = false;
-    int exponentDigits = 0;  // 0: no exponent
-    bool exponentPlus = false;
-    bool hasNumber = false;
+    int exponent_digits = 0;  // 0: no exponent
+    bool exponent_plus = false;
+    bool has_number = false;
 };
 
 Mask parse(std::string_view m) {
@@ -78,22 +78,22 @@ Mask parse(std::string_view m) {
         r.before += m[i++];
     }
     for (; i < m.size() && is_placeholder(m[i]); ++i) {
-        ++r.integerPlaces;
-        if (m[i] == '0' || r.integerZeros > 0) ++r.integerZeros;
-        r.hasNumber = true;
+        ++r.integer_places;
+        if (m[i] == '0' || r.integer_zeros > 0) ++r.integer_zeros;
+        r.has_number = true;
     }
     if (i < m.size() && m[i] == '.') {
         r.point = true;
         for (++i; i < m.size() && is_placeholder(m[i]); ++i) {
             ++r.decimals;
-            if (m[i] == '0') r.decimalZeros = r.decimals;
-            r.hasNumber = true;
+            if (m[i] == '0') r.decimal_zeros = r.decimals;
+            r.has_number = true;
         }
     }
     if (i + 2 < m.size() && m[i] == 'E' && (m[i + 1] == '+' || m[i + 1] == '-') &&
         m[i + 2] == '0') {
-        r.exponentPlus = m[i + 1] == '+';
-        for (i += 2; i < m.size() && m[i] == '0'; ++i) ++r.exponentDigits;
+        r.exponent_plus = m[i + 1] == '+';
+        for (i += 2; i < m.size() && m[i] == '0'; ++i) ++r.exponent_digits;
     }
     for (; i < m.size(); ++i) {
         if (m[i] == '%') r.percent = true;
@@ -105,9 +105,9 @@ Mask parse(std::string_view m) {
 std::string assemble(const Mask& m, Digits d, char point) {
     // A leading zero shows only where the mask has a '0' before the point.
     while (d.integer.size() > 1 && d.integer.front() == '0') d.integer.erase(0, 1);
-    if (d.integer == "0" && m.integerZeros == 0) d.integer.clear();
-    while (static_cast<int>(d.integer.size()) < m.integerZeros) d.integer.insert(0, 1, '0');
-    while (static_cast<int>(d.fraction.size()) > m.decimalZeros && d.fraction.back() == '0')
+    if (d.integer == "0" && m.integer_zeros == 0) d.integer.clear();
+    while (static_cast<int>(d.integer.size()) < m.integer_zeros) d.integer.insert(0, 1, '0');
+    while (static_cast<int>(d.fraction.size()) > m.decimal_zeros && d.fraction.back() == '0')
         d.fraction.pop_back();
     std::string r = d.integer;
     if (m.point) r += point + d.fraction;
@@ -115,19 +115,19 @@ std::string assemble(const Mask& m, Digits d, char point) {
 }
 
 std::string format_section(double magnitude, const Mask& m, char point) {
-    if (!m.hasNumber) return m.before + m.after;
+    if (!m.has_number) return m.before + m.after;
     if (m.percent) magnitude *= 100.0;
-    if (m.exponentDigits == 0)
+    if (m.exponent_digits == 0)
         return m.before + assemble(m, round_decimal(magnitude, m.decimals), point) + m.after;
 
-    // Mantissa with `integerPlaces` digits before the point; rounding may carry into the exponent.
+    // Mantissa with `integer_places` digits before the point; rounding may carry into the exponent.
     int exponent = 0;
     Digits d;
     if (magnitude == 0.0) {
         d = round_decimal(0.0, m.decimals);
     } else {
         char buffer[64];
-        const int significant = std::max(1, m.integerPlaces + m.decimals);
+        const int significant = std::max(1, m.integer_places + m.decimals);
         // The shortest form first, so that a tie is seen as a reader sees it.
         const auto shortest =
             std::to_chars(buffer, buffer + sizeof buffer, magnitude, std::chars_format::scientific);
@@ -143,15 +143,16 @@ std::string format_section(double magnitude, const Mask& m, char point) {
             ++exponent;
             digits.pop_back();
         }
-        exponent -= m.integerPlaces - 1;
-        const auto split = static_cast<std::size_t>(m.integerPlaces);
-        d.integer = m.integerPlaces == 0 ? "0" : digits.substr(0, split);
+        exponent -= m.integer_places - 1;
+        const auto split = static_cast<std::size_t>(m.integer_places);
+        d.integer = m.integer_places == 0 ? "0" : digits.substr(0, split);
         d.fraction = digits.substr(split);
     }
-    char exponentText[16];
-    std::snprintf(exponentText, sizeof exponentText, "%0*d", m.exponentDigits, std::abs(exponent));
-    std::string sign = exponent < 0 ? "-" : (m.exponentPlus ? "+" : "");
-    return m.before + assemble(m, d, point) + "E" + sign + exponentText + m.after;
+    char exponent_text[16];
+    std::snprintf(exponent_text, sizeof exponent_text, "%0*d", m.exponent_digits,
+                  std::abs(exponent));
+    std::string sign = exponent < 0 ? "-" : (m.exponent_plus ? "+" : "");
+    return m.before + assemble(m, d, point) + "E" + sign + exponent_text + m.after;
 }
 
 std::string format_with(double value, std::string_view mask, char point) {
@@ -234,17 +235,17 @@ void set_decimal_mark(char m) {
     mark = m;
 }
 
-std::string Format(double value, std::string_view mask) {
+std::string format(double value, std::string_view mask) {
     return format_with(value, mask, mark);
 }
 std::string format_point(double value, std::string_view mask) {
     return format_with(value, mask, '.');
 }
 
-std::string General(float value) {
+std::string general(float value) {
     return general(static_cast<double>(value), 7, mark);
 }
-std::string General(double value) {
+std::string general(double value) {
     return general(value, 15, mark);
 }
 std::string general_point(float value) {
@@ -283,7 +284,7 @@ float to_single(double value) {
     return static_cast<float>(value);
 }
 
-double Int(double value) {
+double round_down(double value) {
     return std::floor(value);
 }
 double round4(double value) {

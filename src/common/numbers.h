@@ -14,15 +14,15 @@ void set_decimal_mark(char mark);
 /// A value by a mask: '#' optional digit, '0' digit, '.' decimal mark, 'E+00' exponent, '%'
 /// multiplies by 100, a section behind ';' serves negative values; all else stands as it is.
 /// Rounds half away from zero and uses the locale's decimal mark.
-std::string Format(double value, std::string_view mask);
+std::string format(double value, std::string_view mask);
 
-/// As `Format`, with a point whatever the locale.
+/// As `format`, with a point whatever the locale.
 std::string format_point(double value, std::string_view mask);
 
 /// General format with 7 significant digits (32-bit values), locale's decimal mark.
-std::string General(float value);
+std::string general(float value);
 /// General format with 15 significant digits (64-bit values), locale's decimal mark.
-std::string General(double value);
+std::string general(double value);
 /// General formats with a point whatever the locale.
 std::string general_point(float value);
 std::string general_point(double value);
@@ -41,7 +41,7 @@ std::int32_t to_int32(double value);
 /// Narrowing to 32 bits; throws `faults::Fault` ("Overflow") beyond its range.
 float to_single(double value);
 /// Largest whole number not above the value.
-double Int(double value);
+double round_down(double value);
 /// Int(x * 10000 + 0.5) / 10000: the rounding of M, Tcrit and pcrit.
 double round4(double value);
 

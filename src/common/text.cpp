@@ -18,7 +18,7 @@ bool is_blank(char c) {
 class Converter {
   public:
     Converter(const char* from, const char* to)
-        : handle_(iconv_open(to, from)), fromUtf8_(std::string_view(from) == "UTF-8") {}
+        : handle_(iconv_open(to, from)), from_utf8_(std::string_view(from) == "UTF-8") {}
     ~Converter() {
         if (usable()) iconv_close(handle_);
     }
@@ -44,7 +44,7 @@ class Converter {
             do {
                 ++source;
                 --left;
-            } while (left > 0 && fromUtf8_ && continues_character(*source));
+            } while (left > 0 && from_utf8_ && continues_character(*source));
         }
         return out;
     }
@@ -57,7 +57,7 @@ class Converter {
     }
 
     iconv_t handle_;
-    bool fromUtf8_;
+    bool from_utf8_;
 };
 
 }  // namespace
@@ -115,7 +115,7 @@ std::vector<std::string> split(std::string_view s, char separator) {
     }
 }
 
-std::size_t Length(std::string_view s) {
+std::size_t length(std::string_view s) {
     std::size_t n = 0;
     for (const char c : s)
         if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) ++n;
@@ -137,7 +137,7 @@ std::string pad_right(std::string_view s, std::size_t width) {
 }
 
 std::string pad_left(std::string_view s, std::size_t width) {
-    const std::size_t n = Length(s);
+    const std::size_t n = length(s);
     return (n < width ? std::string(width - n, ' ') : std::string()) + std::string(s);
 }
 
@@ -158,7 +158,7 @@ std::string to_oem(std::string_view s) {
     return convert(s);
 }
 
-std::vector<std::string> Lines(std::string_view s) {
+std::vector<std::string> lines(std::string_view s) {
     std::vector<std::string> lines;
     while (!s.empty()) {
         const std::size_t i = s.find_first_of("\r\n");

@@ -17,7 +17,7 @@ std::string to_upper(std::string_view s);
 /// Parts between separators; an empty text gives one empty part.
 std::vector<std::string> split(std::string_view s, char separator);
 /// Number of characters, not bytes.
-std::size_t Length(std::string_view s);
+std::size_t length(std::string_view s);
 /// The first `width` characters, padded with blanks on the right.
 std::string pad_right(std::string_view s, std::size_t width);
 /// Padded with blanks on the left; a longer text stays whole.
@@ -31,6 +31,6 @@ std::string from_oem(std::string_view bytes);   ///< code page 850 to UTF-8
 std::string to_oem(std::string_view s);         ///< UTF-8 to code page 850
 
 /// Lines of a text with CR LF, LF or CR ends; a last line end gives no further line.
-std::vector<std::string> Lines(std::string_view s);
+std::vector<std::string> lines(std::string_view s);
 
 }  // namespace quor::text

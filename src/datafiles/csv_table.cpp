@@ -19,7 +19,7 @@ class Splitter {
             }
         }
         if (quoted_)
-            return Failure{"Line " + std::to_string(quoteLine_) +
+            return Failure{"Line " + std::to_string(quote_line_) +
                            ": a quote is opened and never closed."};
         end_row();
         return std::move(rows_);
@@ -30,7 +30,7 @@ class Splitter {
         if (c == '\n') ++line_;
         if (c == '"') {
             quoted_ = !quoted_;
-            quoteLine_ = line_;
+            quote_line_ = line_;
         } else if (quoted_) {
             row_.cells.back() += c;
         } else if (c == ',') {
@@ -50,7 +50,7 @@ class Splitter {
     std::vector<CsvRow> rows_;
     CsvRow row_{1, {""}};
     std::size_t line_ = 1;
-    std::size_t quoteLine_ = 0;
+    std::size_t quote_line_ = 0;
     bool quoted_ = false;
 };
 

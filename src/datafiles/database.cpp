@@ -25,15 +25,15 @@ std::optional<SubstanceFileRecord> read_record(const File& file, std::size_t rec
 
 /// The fields of the list, without decoding the values.
 DatabaseEntry entry_of(std::span<const char, kRecordSize> record, bool english) {
-    constexpr std::size_t nameAt = kFormulaLength;
-    constexpr std::size_t casrnAt = kFormulaLength + 2 * kNameLength;
-    constexpr std::size_t numberAt = 186;
-    const auto low = static_cast<unsigned char>(record[numberAt]);
-    const auto high = static_cast<unsigned char>(record[numberAt + 1]);
+    constexpr std::size_t name_at = kFormulaLength;
+    constexpr std::size_t casrn_at = kFormulaLength + 2 * kNameLength;
+    constexpr std::size_t number_at = 186;
+    const auto low = static_cast<unsigned char>(record[number_at]);
+    const auto high = static_cast<unsigned char>(record[number_at + 1]);
     return {.number = static_cast<std::int16_t>(low | (high << 8)),
             .formula = field_text(record.subspan<0, kFormulaLength>()),
-            .name = field_text(record.subspan(nameAt + (english ? 0 : kNameLength), kNameLength)),
-            .casrn = field_text(record.subspan<casrnAt, kCasrnLength>())};
+            .name = field_text(record.subspan(name_at + (english ? 0 : kNameLength), kNameLength)),
+            .casrn = field_text(record.subspan<casrn_at, kCasrnLength>())};
 }
 
 /// Header and list of an open file, read in one go.
@@ -100,11 +100,11 @@ Database::Database(fs::path file, std::vector<DatabaseEntry> entries, bool engli
         const DatabaseEntry& entry = content.entries[i];
         const std::string name = text::trim_right(entry.name);
         const std::string casrn = text::trim_right(entry.casrn);
-        content.byNumber.try_emplace(entry.number, i);
-        if (!name.empty()) content.byNameOrCasrn.try_emplace(name, i);
+        content.by_number.try_emplace(entry.number, i);
+        if (!name.empty()) content.by_name_or_casrn.try_emplace(name, i);
         if (casrn.empty()) continue;
-        content.byNameOrCasrn.try_emplace(casrn, i);
-        content.byCasrn.try_emplace(casrn, i);
+        content.by_name_or_casrn.try_emplace(casrn, i);
+        content.by_casrn.try_emplace(casrn, i);
     }
     content_ = std::make_shared<const Content>(std::move(content));
 }
@@ -127,15 +127,15 @@ std::span<const DatabaseEntry> Database::entries() const {
 }
 
 std::optional<std::size_t> Database::place_of(const std::string& text) const {
-    return content_ ? value_at(content_->byNameOrCasrn, text) : std::nullopt;
+    return content_ ? value_at(content_->by_name_or_casrn, text) : std::nullopt;
 }
 
 std::optional<std::size_t> Database::place_of_casrn(const std::string& casrn) const {
-    return content_ ? value_at(content_->byCasrn, casrn) : std::nullopt;
+    return content_ ? value_at(content_->by_casrn, casrn) : std::nullopt;
 }
 
 std::optional<std::size_t> Database::place_of_number(int number) const {
-    return content_ ? value_at(content_->byNumber, number) : std::nullopt;
+    return content_ ? value_at(content_->by_number, number) : std::nullopt;
 }
 
 Result<SubstanceFileRecord> Database::record(std::size_t place) const {
@@ -147,10 +147,10 @@ Result<SubstanceFileRecord> Database::record(std::size_t place) const {
     return record ? Result<SubstanceFileRecord>(*record) : unreadable;
 }
 
-Result<LoadedSubstance> Database::read(std::size_t place, float formerEntropy) const {
+Result<LoadedSubstance> Database::read(std::size_t place, float former_entropy) const {
     const Result<SubstanceFileRecord> file = record(place);
     if (!file) return file.failure();
-    return record_from_slots(*file, english_, formerEntropy);
+    return record_from_slots(*file, english_, former_entropy);
 }
 
 std::string find_database(const std::string& title, const fs::path& beside, const Places& places,
@@ -177,7 +177,7 @@ std::string private_database_bytes(const SubstanceFileRecord& own,
     };
     SubstanceFileRecord header = own;
     set_field_text(header.formula, date);
-    set_field_text(header.nameGerman, "");
+    set_field_text(header.name_german, "");
     header.number = 1;
     put(1, header);
     SubstanceFileRecord record = own;

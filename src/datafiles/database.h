@@ -49,9 +49,9 @@ class Database {
     /// The record of a substance as the file has it; refused when there is no such place, or the
     /// file can no longer be read there.
     Result<SubstanceFileRecord> record(std::size_t place) const;
-    /// A substance with all rules of reading. `formerEntropy` is the entropy of formation where
+    /// A substance with all rules of reading. `former_entropy` is the entropy of formation where
     /// the record lacks what it follows from.
-    Result<LoadedSubstance> read(std::size_t place, float formerEntropy = 0) const;
+    Result<LoadedSubstance> read(std::size_t place, float former_entropy = 0) const;
 
     /// The first place whose whole name field or CASRN is `text`, blanks at the end aside.
     std::optional<std::size_t> place_of(const std::string& text) const;
@@ -64,8 +64,8 @@ class Database {
     struct Content {
         std::vector<DatabaseEntry> entries{};
         // The first place of each key.
-        std::unordered_map<std::string, std::size_t> byNameOrCasrn{}, byCasrn{};
-        std::unordered_map<int, std::size_t> byNumber{};
+        std::unordered_map<std::string, std::size_t> by_name_or_casrn{}, by_casrn{};
+        std::unordered_map<int, std::size_t> by_number{};
     };
     std::filesystem::path path_;
     bool english_ = true;

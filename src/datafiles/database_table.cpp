@@ -25,9 +25,9 @@ constexpr std::string_view kSlot = "slot_";
 /// What a column holds.
 struct Column {
     std::string name;
-    bool isText = false;
-    int slot = 0;          ///< 0: a text, or a column that is not read
-    bool isBound = false;  ///< a temperature bound: whole kelvins, 0 for none
+    bool is_text = false;
+    int slot = 0;           ///< 0: a text, or a column that is not read
+    bool is_bound = false;  ///< a temperature bound: whole kelvins, 0 for none
 };
 
 constexpr std::string_view kTextColumns[] = {"formula", "name_en",     "synonyms_en", "name_de",
@@ -86,13 +86,13 @@ class TableReader {
         Column column{.name = name};
         if (name.starts_with(kSources)) return column;
         for (const std::string_view known : kTextColumns)
-            column.isText = column.isText || known == name;
-        if (column.isText) return column;
+            column.is_text = column.is_text || known == name;
+        if (column.is_text) return column;
         column.slot = numbered_slot(name);
-        if (const auto place = find_column(name)) column.slot = SlotOf(*place);
+        if (const auto place = find_column(name)) column.slot = slot_of(*place);
         if (column.slot == 0) complain(name, "there is no such column.");
         const auto place = find_slot(column.slot);
-        column.isBound = place && is_bound(*place->field);
+        column.is_bound = place && is_bound(*place->field);
         return column;
     }
 
@@ -116,7 +116,7 @@ class TableReader {
         texts_.clear();
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             const std::string cell = text::trim(row.cells[i]);
-            if (columns_[i].isText) {
+            if (columns_[i].is_text) {
                 texts_[columns_[i].name] = cell;
             } else if (columns_[i].slot != 0 && !cell.empty()) {
                 record.values[static_cast<std::size_t>(columns_[i].slot - 1)] =
@@ -135,7 +135,7 @@ class TableReader {
             complain(column.name, "\"" + cell + "\" is not a number.");
             return 0;
         }
-        if (column.isBound) return bound_value(column, *value);
+        if (column.is_bound) return bound_value(column, *value);
         if (std::fabs(*value) > static_cast<double>(std::numeric_limits<float>::max())) {
             complain(column.name, cell + " is too large.");
             return 0;
@@ -167,18 +167,18 @@ class TableReader {
     void fill_texts(SubstanceFileRecord& record) {
         if (texts_["name_en"].empty()) complain("name_en", "the name is missing.");
         put(record.formula, "formula", texts_["formula"]);
-        put(record.nameEnglish, "name_en", name_field(texts_["name_en"], texts_["synonyms_en"]));
-        put(record.nameGerman, "name_de", name_field(texts_["name_de"], texts_["synonyms_de"]));
+        put(record.name_english, "name_en", name_field(texts_["name_en"], texts_["synonyms_en"]));
+        put(record.name_german, "name_de", name_field(texts_["name_de"], texts_["synonyms_de"]));
         put(record.casrn, "casrn", texts_["casrn"]);
         if (texts_["casrn"].empty()) return;
-        const auto [first, isNew] = casrnLines_.try_emplace(texts_["casrn"], line_);
+        const auto [first, isNew] = casrn_lines_.try_emplace(texts_["casrn"], line_);
         if (!isNew)
             complain("casrn", texts_["casrn"] + " stands in line " + std::to_string(first->second) +
                                   " already.");
     }
 
     void put(std::span<char> field, std::string_view column, const std::string& text) {
-        if (text::Length(text) > field.size())
+        if (text::length(text) > field.size())
             complain(column, "\"" + text + "\" is longer than " + std::to_string(field.size()) +
                                  " characters.");
         if (text::from_ansi(text::to_ansi(text)) != text)
@@ -203,7 +203,7 @@ class TableReader {
     DatabaseTable table_;
     std::vector<Column> columns_;
     std::map<std::string, std::string, std::less<>> texts_;  ///< of the present row, by column
-    std::map<std::string, std::size_t> casrnLines_;
+    std::map<std::string, std::size_t> casrn_lines_;
     std::size_t line_ = 0;
 };
 
@@ -233,7 +233,7 @@ std::string name_field(std::string_view name, std::string_view synonyms) {
         const std::string one = text::trim(part);
         if (one.empty()) continue;
         const std::string longer = field.empty() ? one : field + ";" + one;
-        if (!field.empty() && text::Length(longer) > kNameLength) break;
+        if (!field.empty() && text::length(longer) > kNameLength) break;
         field = longer;
     }
     return field;

@@ -36,9 +36,10 @@ std::string point_line(const MeasuredPoint& s) {
 
 }  // namespace
 
-Result<MeasuredDataFile> read_measured_data(const std::string& ansiText, const std::string& title) {
+Result<MeasuredDataFile> read_measured_data(const std::string& ansi_text,
+                                            const std::string& title) {
     const Failure none{"The file " + title + " holds no experimental data."};
-    const std::vector<std::string> lines = text::Lines(text::from_ansi(ansiText));
+    const std::vector<std::string> lines = text::lines(text::from_ansi(ansi_text));
     if (lines.size() < kHeadLines) return none;
     MeasuredDataFile file{.date = lines[0],
                           .data = {.comment = lines[1], .casrn = lines[2], .file = title}};
@@ -49,7 +50,7 @@ Result<MeasuredDataFile> read_measured_data(const std::string& ansiText, const s
         points.push_back(read_point(lines[i]));
     }
     // A last line that is cut short may hold half a number.
-    const bool open = ansiText.back() != '\n' && ansiText.back() != '\r';
+    const bool open = ansi_text.back() != '\n' && ansi_text.back() != '\r';
     const bool incomplete = static_cast<double>(points.size()) < file.announced;
     if (open && incomplete && !points.empty()) points.pop_back();
     // A file that is all head has lost its data.

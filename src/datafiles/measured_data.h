@@ -45,7 +45,7 @@ struct MeasuredDataFile {
 /// Reads a file's text (code page 1252). It is refused when it has less than the four lines of the
 /// head, or announces data and has none. A text in the place of a number reads as 0; a last line
 /// that is cut short does not count. `title` names the file in the data and in a refusal.
-Result<MeasuredDataFile> read_measured_data(const std::string& ansiText, const std::string& title);
+Result<MeasuredDataFile> read_measured_data(const std::string& ansi_text, const std::string& title);
 
 /// The text of a file: head, then one line of T, p, rhoL, rhoV, hLV, cp a set.
 std::string measured_data_text(const MeasuredData& data, const std::string& date);

@@ -20,7 +20,7 @@ constexpr double kTorrPerAtm = 760.0;
 
 /// Int(x * scale + 0.5) / scale, as the table rounds.
 double rounded(double value, double scale) {
-    return numbers::Int(value * scale + 0.5) / scale;
+    return numbers::round_down(value * scale + 0.5) / scale;
 }
 
 /// rho = M n / V and V = M n / rho are one rule.
@@ -93,18 +93,18 @@ double shown_density(double rho, const MeasuredUnits& units) {
 std::string cell_text(const MeasuredPoint& set, MeasuredColumn column, const MeasuredUnits& units) {
     switch (column) {
         case MeasuredColumn::T:
-            return set.T == 0 ? "" : numbers::General(shown_temperature(set.T, units.T));
+            return set.T == 0 ? "" : numbers::general(shown_temperature(set.T, units.T));
         case MeasuredColumn::p:
-            return set.p == 0 ? "" : numbers::General(shown_pressure(set.p, units.p));
+            return set.p == 0 ? "" : numbers::general(shown_pressure(set.p, units.p));
         case MeasuredColumn::rhoL:
         case MeasuredColumn::rhoV: {
             const double rho = density_of(set, column);
-            return rho == 0 ? "" : numbers::General(single_or_zero(shown_density(rho, units)));
+            return rho == 0 ? "" : numbers::general(single_or_zero(shown_density(rho, units)));
         }
         case MeasuredColumn::hLV:
-            return set.hLV == 0 ? "" : numbers::General(set.hLV);
+            return set.hLV == 0 ? "" : numbers::general(set.hLV);
         case MeasuredColumn::cp:
-            return set.cp == 0 ? "" : numbers::General(set.cp);
+            return set.cp == 0 ? "" : numbers::general(set.cp);
     }
     return {};
 }

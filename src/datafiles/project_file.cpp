@@ -61,34 +61,34 @@ using P = ProjectSettings;
 
 const std::array<Item, kItems>& items() {
     static const std::array<Item, kItems> list{{
-        {&P::diagramT, 0, kAny},             // 5
-        {&P::diagramP, 0, kAny},             // 6
-        {&P::diagramV, 0, kAny},             // 7
-        {&P::caloricFactor, kTiny, kAny},    // 8
-        {&P::unitMode, 0, 2},                // 9
-        {&P::caloricUnit, 0, 3},             // 10
-        {&P::curveRealRangeOnly},            // 11
-        {&P::pointsPerCurve, 50, 800},       // 12
-        {&P::csvSeparator},                  // 13
-        {&P::vapourPressure, -1, 16},        // 14
-        {&P::eos, -1, 16},                   // 15
-        {&P::cpForm, -1, 16},                // 16
-        {&P::vaporisation, -1, 16},          // 17
-        {&P::watsonN, -kAny, kAny},          // 18
-        {&P::priorityCEOS},                  // 19
-        {&P::referenceMode, 0, 10},          // 20
-        {&P::href, -kAny, kAny},             // 21
-        {&P::sref, -kAny, kAny},             // 22
-        {&P::T0, 0, kAny},                   // 23
-        {&P::p0, 0, kAny},                   // 24
-        {&P::Tenv, 0, kAny},                 // 25
-        {&P::penv, 0, kAny},                 // 26
-        {Flag16{&P::batchMode}},             // 27
-        {Flag16{&P::curveSWithoutTieLine}},  // 28
-        {Flag16{&P::partialGasCurve}},       // 29
-        {&P::tankV, 0, kAny},                // 30
-        {&P::tankM, 0, kAny},                // 31
-        {&P::tankT, 0, kAny},                // 32
+        {&P::diagram_T, 0, kAny},                // 5
+        {&P::diagram_p, 0, kAny},                // 6
+        {&P::diagram_v, 0, kAny},                // 7
+        {&P::caloric_factor, kTiny, kAny},       // 8
+        {&P::unit_mode, 0, 2},                   // 9
+        {&P::caloric_unit, 0, 3},                // 10
+        {&P::curve_real_range_only},             // 11
+        {&P::points_per_curve, 50, 800},         // 12
+        {&P::csv_separator},                     // 13
+        {&P::vapour_pressure, -1, 16},           // 14
+        {&P::eos, -1, 16},                       // 15
+        {&P::cp_form, -1, 16},                   // 16
+        {&P::vaporisation, -1, 16},              // 17
+        {&P::watson_n, -kAny, kAny},             // 18
+        {&P::eos_has_priority},                  // 19
+        {&P::reference_mode, 0, 10},             // 20
+        {&P::href, -kAny, kAny},                 // 21
+        {&P::sref, -kAny, kAny},                 // 22
+        {&P::T0, 0, kAny},                       // 23
+        {&P::p0, 0, kAny},                       // 24
+        {&P::Tenv, 0, kAny},                     // 25
+        {&P::penv, 0, kAny},                     // 26
+        {Flag16{&P::batch_mode}},                // 27
+        {Flag16{&P::curve_s_without_tie_line}},  // 28
+        {Flag16{&P::partial_gas_curve}},         // 29
+        {&P::tank_V, 0, kAny},                   // 30
+        {&P::tank_m, 0, kAny},                   // 31
+        {&P::tank_T, 0, kAny},                   // 32
     }};
     return list;
 }
@@ -158,9 +158,9 @@ struct Read {
 
 /// The lines of a project. A last line that is cut short does not count, for "29" may be the rest
 /// of "298.15"; a file that ends with its last item needs no line end there.
-std::vector<std::string> whole_lines(const std::string& ansiText) {
-    std::vector<std::string> lines = text::Lines(text::from_ansi(ansiText));
-    const bool open = !ansiText.empty() && ansiText.back() != '\n' && ansiText.back() != '\r';
+std::vector<std::string> whole_lines(const std::string& ansi_text) {
+    std::vector<std::string> lines = text::lines(text::from_ansi(ansi_text));
+    const bool open = !ansi_text.empty() && ansi_text.back() != '\n' && ansi_text.back() != '\r';
     if (open && lines.size() != kHeadLines + kItems) lines.pop_back();
     return lines;
 }
@@ -172,7 +172,7 @@ bool is_plain(const std::string& line) {
 
 bool is_head(const ProjectContent& content) {
     return !content.database.empty() && is_plain(content.database) && is_plain(content.casrn) &&
-           text::Length(text::trim_right(content.casrn)) <= kCasrnLength;
+           text::length(text::trim_right(content.casrn)) <= kCasrnLength;
 }
 
 void read_items(std::span<const std::string> lines, ProjectSettings& settings) {
@@ -206,16 +206,16 @@ std::optional<models::ManualVirial> read_virial(std::span<const std::string> lin
 
 }  // namespace
 
-Result<ProjectContent> read_project(const std::string& ansiText, const std::string& title) {
+Result<ProjectContent> read_project(const std::string& ansi_text, const std::string& title) {
     const Failure none{"The file " + title + " is no project file."};
-    const std::vector<std::string> lines = whole_lines(ansiText);
+    const std::vector<std::string> lines = whole_lines(ansi_text);
     if (lines.size() < kHeadLines) return none;
     ProjectContent content{
         .date = lines[0], .comment = lines[1], .database = text::trim(lines[2]), .casrn = lines[3]};
     if (!is_head(content)) return none;
     const auto rest = std::span(lines).subspan(kHeadLines);
     read_items(rest, content.settings);
-    if (rest.size() > kItems) content.manualVirial = read_virial(rest.subspan(kItems));
+    if (rest.size() > kItems) content.manual_virial = read_virial(rest.subspan(kItems));
     return content;
 }
 
@@ -225,7 +225,7 @@ std::string project_text(const ProjectContent& content) {
                            text::pad_right(content.casrn, kCasrnLength)});
     for (const Item& item : items())
         all += std::visit(Write{content.settings}, item.setting) + "\r\n";
-    if (const auto& virial = content.manualVirial)
+    if (const auto& virial = content.manual_virial)
         all += "b0=" + exact(virial->b0) + "\r\nb1=" + exact(virial->b1) +
                "\r\nb2=" + exact(virial->b2) + "\r\n";
     return all;

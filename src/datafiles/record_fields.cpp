@@ -38,13 +38,13 @@ FieldRef element_of_set(Record& r, std::size_t i) {
 
 template <auto Set>
 FieldRef antoine(Record& r, std::size_t i) {
-    models::VPSetAntoine& s = r.*Set;
+    models::AntoineSet& s = r.*Set;
     const std::array<float*, 3> constants{&s.A, &s.B, &s.C};
     return constants[i];
 }
 
 FieldRef august(Record& r, std::size_t i) {
-    return i == 0 ? &r.AUG.A : &r.AUG.B;
+    return i == 0 ? &r.august.A : &r.august.B;
 }
 
 template <std::size_t I>
@@ -57,7 +57,7 @@ constexpr bool kSaved = true, kKept = false;
 template <auto Member>
 constexpr RecordField value(std::string_view name, int slot, bool saved) {
     return {
-        .name = name, .slot = slot, .inPrivateFile = saved, .column = name, .at = single<Member>};
+        .name = name, .slot = slot, .in_private_file = saved, .column = name, .at = single<Member>};
 }
 
 template <auto Member>
@@ -69,7 +69,7 @@ template <auto Set, auto Member>
 constexpr RecordField bound(std::string_view name, int slot, std::string_view column) {
     return {.name = name,
             .slot = slot,
-            .inPrivateFile = slot != 0,
+            .in_private_file = slot != 0,
             .column = column,
             .at = of_set<Set, Member>};
 }
@@ -79,7 +79,7 @@ constexpr RecordField antoine_set(std::string_view name, int slot, std::string_v
     return {.name = name,
             .count = 3,
             .slot = slot,
-            .inPrivateFile = slot != 0,
+            .in_private_file = slot != 0,
             .column = column,
             .letters = "ABC",
             .at = antoine<Set>};
@@ -90,9 +90,9 @@ constexpr RecordField frost_set(std::string_view name, int slot, std::string_vie
     return {.name = name,
             .count = 9,
             .slot = slot,
-            .inPrivateFile = slot != 0,
+            .in_private_file = slot != 0,
             .column = column,
-            .at = element_of_set<Set, &models::VPSetFrost::a>};
+            .at = element_of_set<Set, &models::FrostSet::a>};
 }
 
 template <auto Set>
@@ -100,9 +100,9 @@ constexpr RecordField cp_set(std::string_view name, int slot, std::string_view c
     return {.name = name,
             .count = 5,
             .slot = slot,
-            .inPrivateFile = kSaved,
+            .in_private_file = kSaved,
             .column = column,
-            .firstColumn = 0,
+            .first_column = 0,
             .at = element_of_set<Set, &models::CpSet::c>};
 }
 
@@ -112,7 +112,7 @@ constexpr RecordField array(std::string_view name, std::size_t count, int slot, 
     return {.name = name,
             .count = count,
             .slot = slot,
-            .inPrivateFile = saved,
+            .in_private_file = saved,
             .column = column,
             .at = element<Array>};
 }
@@ -122,23 +122,23 @@ constexpr RecordField spare_value(std::string_view name, int slot) {
     return {.name = name, .slot = slot, .at = spare<I>};
 }
 
-using Antoine = models::VPSetAntoine;
-using Frost = models::VPSetFrost;
-using Wagner = models::VPSetWagner;
+using Antoine = models::AntoineSet;
+using Frost = models::FrostSet;
+using Wagner = models::WagnerSet;
 using Cp = models::CpSet;
 
 constexpr std::array kFields{
-    computed<&Record::Name>("Name"),
-    computed<&Record::Formula>("Formula"),
-    computed<&Record::CASRN>("CASRN"),
+    computed<&Record::name>("Name"),
+    computed<&Record::formula>("Formula"),
+    computed<&Record::casrn>("CASRN"),
     value<&Record::M>("M", 1, kSaved),
     value<&Record::Tcrit>("Tcrit", 7, kSaved),
     value<&Record::pcrit>("pcrit", 8, kSaved),
     value<&Record::rhocrit>("rhocrit", 9, kSaved),
-    computed<&Record::vcritExp>("vcritExp"),
+    computed<&Record::vcrit_measured>("vcritExp"),
     value<&Record::omega>("omega", 10, kSaved),
     value<&Record::Tboil>("Tboil", 11, kSaved),
-    computed<&Record::rhoLboil>("rhoLboil"),
+    computed<&Record::rhoL_boil>("rhoLboil"),
     value<&Record::Ttriple>("Ttriple", 92, kSaved),
     value<&Record::ptriple>("ptriple", 93, kKept),
     value<&Record::dfh>("dfh", 86, kSaved),
@@ -146,63 +146,63 @@ constexpr std::array kFields{
     computed<&Record::dfs>("dfs"),
     value<&Record::sconv>("sconv", 90, kKept),
 
-    antoine_set<&Record::ALP>("ALP", 37, "ALP_"),
-    bound<&Record::ALP, &Antoine::TLo>("ALP.TLo", 40, "ALP_TLo"),
-    bound<&Record::ALP, &Antoine::THi>("ALP.THi", 41, "ALP_THi"),
-    antoine_set<&Record::AHP>("AHP", 43, "AHP_"),
-    bound<&Record::AHP, &Antoine::TLo>("AHP.TLo", 46, "AHP_TLo"),
-    bound<&Record::AHP, &Antoine::THi>("AHP.THi", 47, "AHP_THi"),
-    frost_set<&Record::FRO>("FRO", 25, "FRO_"),
-    bound<&Record::FRO, &Frost::TLo>("FRO.TLo", 34, "FRO_TLo"),
-    bound<&Record::FRO, &Frost::THi>("FRO.THi", 35, "FRO_THi"),
+    antoine_set<&Record::antoine_low>("ALP", 37, "ALP_"),
+    bound<&Record::antoine_low, &Antoine::T_low>("ALP.TLo", 40, "ALP_TLo"),
+    bound<&Record::antoine_low, &Antoine::T_high>("ALP.THi", 41, "ALP_THi"),
+    antoine_set<&Record::antoine_high>("AHP", 43, "AHP_"),
+    bound<&Record::antoine_high, &Antoine::T_low>("AHP.TLo", 46, "AHP_TLo"),
+    bound<&Record::antoine_high, &Antoine::T_high>("AHP.THi", 47, "AHP_THi"),
+    frost_set<&Record::frost>("FRO", 25, "FRO_"),
+    bound<&Record::frost, &Frost::T_low>("FRO.TLo", 34, "FRO_TLo"),
+    bound<&Record::frost, &Frost::T_high>("FRO.THi", 35, "FRO_THi"),
     RecordField{.name = "WAG",
                 .count = 10,
                 .slot = 49,
-                .inPrivateFile = kSaved,
+                .in_private_file = kSaved,
                 .column = "WAG_",
-                .at = element_of_set<&Record::WAG, &Wagner::a>},
-    bound<&Record::WAG, &Wagner::TLo>("WAG.TLo", 59, "WAG_TLo"),
-    bound<&Record::WAG, &Wagner::THi>("WAG.THi", 60, "WAG_THi"),
+                .at = element_of_set<&Record::wagner, &Wagner::a>},
+    bound<&Record::wagner, &Wagner::T_low>("WAG.TLo", 59, "WAG_TLo"),
+    bound<&Record::wagner, &Wagner::T_high>("WAG.THi", 60, "WAG_THi"),
     RecordField{.name = "AUG", .count = 2, .letters = "AB", .at = august},
-    frost_set<&Record::KFW>("KFW", 0, {}),
-    bound<&Record::KFW, &Frost::TLo>("KFW.TLo", 0, {}),
-    bound<&Record::KFW, &Frost::THi>("KFW.THi", 0, {}),
-    frost_set<&Record::KFR>("KFR", 0, {}),
-    bound<&Record::KFR, &Frost::TLo>("KFR.TLo", 0, {}),
-    bound<&Record::KFR, &Frost::THi>("KFR.THi", 0, {}),
-    antoine_set<&Record::THO>("THO", 0, {}),
+    frost_set<&Record::frost_van_der_waals>("KFW", 0, {}),
+    bound<&Record::frost_van_der_waals, &Frost::T_low>("KFW.TLo", 0, {}),
+    bound<&Record::frost_van_der_waals, &Frost::T_high>("KFW.THi", 0, {}),
+    frost_set<&Record::frost_redlich_kwong>("KFR", 0, {}),
+    bound<&Record::frost_redlich_kwong, &Frost::T_low>("KFR.TLo", 0, {}),
+    bound<&Record::frost_redlich_kwong, &Frost::T_high>("KFR.THi", 0, {}),
+    antoine_set<&Record::thompson>("THO", 0, {}),
 
-    array<&Record::rhoLPar>("rhoLPar", 7, 14, kSaved, "rhoL_"),
-    value<&Record::rhoLTc>("rhoLTc", 21, kSaved),
-    value<&Record::rhoLTLo>("rhoLTLo", 22, kSaved),
-    value<&Record::rhoLTHi>("rhoLTHi", 23, kSaved),
-    array<&Record::rhoSPar>("rhoSPar", 4, 119, kKept, "rhoS_"),
-    value<&Record::rhoSTLo>("rhoSTLo", 123, kKept),
-    value<&Record::rhoSTHi>("rhoSTHi", 124, kKept),
+    array<&Record::rhoL_coefficients>("rhoLPar", 7, 14, kSaved, "rhoL_"),
+    value<&Record::rhoL_Tc>("rhoLTc", 21, kSaved),
+    value<&Record::rhoL_T_low>("rhoLTLo", 22, kSaved),
+    value<&Record::rhoL_T_high>("rhoLTHi", 23, kSaved),
+    array<&Record::rhoS_coefficients>("rhoSPar", 4, 119, kKept, "rhoS_"),
+    value<&Record::rhoS_T_low>("rhoSTLo", 123, kKept),
+    value<&Record::rhoS_T_high>("rhoSTHi", 124, kKept),
 
-    array<&Record::hLVPar>("hLVPar", 6, 97, kSaved, "hLV_"),
-    value<&Record::hLVTc>("hLVTc", 103, kSaved),
-    value<&Record::hLVTLo>("hLVTLo", 104, kSaved),
-    value<&Record::hLVTHi>("hLVTHi", 105, kSaved),
-    value<&Record::WatsonH>("WatsonH", 106, kSaved),
-    value<&Record::WatsonT>("WatsonT", 107, kSaved),
+    array<&Record::hLV_coefficients>("hLVPar", 6, 97, kSaved, "hLV_"),
+    value<&Record::hLV_Tc>("hLVTc", 103, kSaved),
+    value<&Record::hLV_T_low>("hLVTLo", 104, kSaved),
+    value<&Record::hLV_T_high>("hLVTHi", 105, kSaved),
+    value<&Record::watson_hLV>("WatsonH", 106, kSaved),
+    value<&Record::watson_T>("WatsonT", 107, kSaved),
 
-    cp_set<&Record::cpPoly>("cpPoly", 62, "cpPoly_"),
-    bound<&Record::cpPoly, &Cp::TLo>("cpPoly.TLo", 67, "cpPoly_TLo"),
-    bound<&Record::cpPoly, &Cp::THi>("cpPoly.THi", 68, "cpPoly_THi"),
-    cp_set<&Record::cpSinh>("cpSinh", 70, "cpSinh_"),
-    bound<&Record::cpSinh, &Cp::TLo>("cpSinh.TLo", 75, "cpSinh_TLo"),
-    bound<&Record::cpSinh, &Cp::THi>("cpSinh.THi", 76, "cpSinh_THi"),
+    cp_set<&Record::cp_polynomial>("cpPoly", 62, "cpPoly_"),
+    bound<&Record::cp_polynomial, &Cp::T_low>("cpPoly.TLo", 67, "cpPoly_TLo"),
+    bound<&Record::cp_polynomial, &Cp::T_high>("cpPoly.THi", 68, "cpPoly_THi"),
+    cp_set<&Record::cp_sinh_cosh>("cpSinh", 70, "cpSinh_"),
+    bound<&Record::cp_sinh_cosh, &Cp::T_low>("cpSinh.TLo", 75, "cpSinh_TLo"),
+    bound<&Record::cp_sinh_cosh, &Cp::T_high>("cpSinh.THi", 76, "cpSinh_THi"),
     cp_set<&Record::cpL>("cpL", 78, "cpL_"),
-    bound<&Record::cpL, &Cp::TLo>("cpL.TLo", 83, "cpL_TLo"),
-    bound<&Record::cpL, &Cp::THi>("cpL.THi", 84, "cpL_THi"),
+    bound<&Record::cpL, &Cp::T_low>("cpL.TLo", 83, "cpL_TLo"),
+    bound<&Record::cpL, &Cp::T_high>("cpL.THi", 84, "cpL_THi"),
     cp_set<&Record::cpS>("cpS", 111, "cpS_"),
-    bound<&Record::cpS, &Cp::TLo>("cpS.TLo", 116, "cpS_TLo"),
-    bound<&Record::cpS, &Cp::THi>("cpS.THi", 117, "cpS_THi"),
-    computed<&Record::hasCpPoly>("hasCpPoly"),
-    computed<&Record::hasCpSinh>("hasCpSinh"),
-    computed<&Record::hasCpL>("hasCpL"),
-    computed<&Record::hasCpS>("hasCpS"),
+    bound<&Record::cpS, &Cp::T_low>("cpS.TLo", 116, "cpS_TLo"),
+    bound<&Record::cpS, &Cp::T_high>("cpS.THi", 117, "cpS_THi"),
+    computed<&Record::has_cp_polynomial>("hasCpPoly"),
+    computed<&Record::has_cp_sinh_cosh>("hasCpSinh"),
+    computed<&Record::has_cpL>("hasCpL"),
+    computed<&Record::has_cpS>("hasCpS"),
 
     spare_value<0>("spare.1", 12),
     spare_value<1>("spare.2", 13),
@@ -312,7 +312,7 @@ std::optional<FieldPlace> find_column(std::string_view column) {
             continue;
         }
         if (!column.starts_with(f.column)) continue;
-        if (const auto i = element_of(f, column.substr(f.column.size()), f.firstColumn))
+        if (const auto i = element_of(f, column.substr(f.column.size()), f.first_column))
             return FieldPlace{&f, *i};
     }
     return std::nullopt;
@@ -327,7 +327,7 @@ std::optional<FieldPlace> find_slot(int slot) {
     return std::nullopt;
 }
 
-int SlotOf(const FieldPlace& place) {
+int slot_of(const FieldPlace& place) {
     return place.field->slot == 0 ? 0 : place.field->slot + static_cast<int>(place.element);
 }
 
@@ -347,7 +347,7 @@ FieldRef locate(SubstanceRecord& record, const FieldPlace& place) {
     return place.field->at(record, place.element);
 }
 
-FieldValue ValueOf(const SubstanceRecord& record, const FieldPlace& place) {
+FieldValue value_of(const SubstanceRecord& record, const FieldPlace& place) {
     // The accessors serve reading and writing alike; nothing is written here.
     const FieldRef ref = locate(const_cast<SubstanceRecord&>(record), place);
     return std::visit([](const auto* field) { return FieldValue(*field); }, ref);
@@ -355,7 +355,7 @@ FieldValue ValueOf(const SubstanceRecord& record, const FieldPlace& place) {
 
 std::optional<FieldValue> get_field(const SubstanceRecord& record, std::string_view name) {
     const std::optional<FieldPlace> place = find_field(name);
-    return place ? std::optional(ValueOf(record, *place)) : std::nullopt;
+    return place ? std::optional(value_of(record, *place)) : std::nullopt;
 }
 
 Result<void> set_field(SubstanceRecord& record, std::string_view name, std::string_view value) {
@@ -364,8 +364,8 @@ Result<void> set_field(SubstanceRecord& record, std::string_view name, std::stri
     const Result<void> stored = std::visit(Store{name, value}, locate(record, *place));
     if (!stored) return stored;
     // Both texts have a form of their own in the record.
-    if (name == "Formula") record.FormulaCompact = text::remove_blanks(record.Formula);
-    if (name == "CASRN") record.CASRN = text::pad_right(record.CASRN, 12);
+    if (name == "Formula") record.formula_compact = text::remove_blanks(record.formula);
+    if (name == "CASRN") record.casrn = text::pad_right(record.casrn, 12);
     return {};
 }
 

@@ -22,13 +22,13 @@ using FieldValue = std::variant<float, double, std::int16_t, bool, std::string>;
 /// and in a table of substances. This is the one list of all fields: the database reader, the
 /// writer of private files, the table reader and the commands that name fields go by it.
 struct RecordField {
-    std::string_view name;       ///< "M", "WAG", "WAG.TLo"
-    std::size_t count = 0;       ///< elements of a set, 0 for a single value
-    int slot = 0;                ///< slot of the (first) value in a file, 0: none
-    bool inPrivateFile = false;  ///< the writer of a private file sets its slots
-    std::string_view column{};   ///< column of a table; of a set, the start of its columns' names
-    int firstColumn = 1;         ///< number of a set's first column
-    std::string_view letters{};  ///< one-letter names of the elements, empty: numbers only
+    std::string_view name;         ///< "M", "WAG", "WAG.TLo"
+    std::size_t count = 0;         ///< elements of a set, 0 for a single value
+    int slot = 0;                  ///< slot of the (first) value in a file, 0: none
+    bool in_private_file = false;  ///< the writer of a private file sets its slots
+    std::string_view column{};     ///< column of a table; of a set, the start of its columns' names
+    int first_column = 1;          ///< number of a set's first column
+    std::string_view letters{};    ///< one-letter names of the elements, empty: numbers only
     FieldRef (*at)(models::SubstanceRecord& record, std::size_t element) = nullptr;
 };
 
@@ -49,14 +49,14 @@ std::optional<FieldPlace> find_column(std::string_view column);
 /// The place that a slot of a file fills, if any.
 std::optional<FieldPlace> find_slot(int slot);
 /// The slot of a place, 0 when it has none.
-int SlotOf(const FieldPlace& place);
+int slot_of(const FieldPlace& place);
 /// Name of a place, as `find_field` reads it.
 std::string name_of(const FieldPlace& place);
 /// True for a temperature bound, which is a whole number of kelvins and 0 for "none".
 bool is_bound(const RecordField& field);
 
 FieldRef locate(models::SubstanceRecord& record, const FieldPlace& place);
-FieldValue ValueOf(const models::SubstanceRecord& record, const FieldPlace& place);
+FieldValue value_of(const models::SubstanceRecord& record, const FieldPlace& place);
 
 /// The value of a named field; nothing when there is no such field.
 std::optional<FieldValue> get_field(const models::SubstanceRecord& record, std::string_view name);

@@ -49,17 +49,17 @@ std::optional<std::size_t> find_by_casrn(const Database& database, const std::st
     return database.place_of_casrn(text::trim_right(casrn));
 }
 
-std::vector<std::string> names_of(std::string_view nameField) {
+std::vector<std::string> names_of(std::string_view name_field) {
     std::vector<std::string> names;
-    for (const std::string& part : text::split(nameField, ';')) {
+    for (const std::string& part : text::split(name_field, ';')) {
         std::string name = text::trim(part);
         if (names.empty() || !name.empty()) names.push_back(std::move(name));
     }
     return names;
 }
 
-std::string first_name_of(std::string_view nameField) {
-    return text::trim(nameField.substr(0, nameField.find(';')));
+std::string first_name_of(std::string_view name_field) {
+    return text::trim(name_field.substr(0, name_field.find(';')));
 }
 
 std::string formula_and_casrn(const DatabaseEntry& entry) {

@@ -22,9 +22,9 @@ std::optional<std::size_t> find_by_casrn(const Database& database, const std::st
 
 /// Names of an entry: what stands in front of the first ";" of its name field, then the further
 /// names behind it. Never empty.
-std::vector<std::string> names_of(std::string_view nameField);
+std::vector<std::string> names_of(std::string_view name_field);
 /// The first of these names alone.
-std::string first_name_of(std::string_view nameField);
+std::string first_name_of(std::string_view name_field);
 /// Formula and CASRN of an entry as the selection view shows them.
 std::string formula_and_casrn(const DatabaseEntry& entry);
 

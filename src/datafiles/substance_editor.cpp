@@ -43,12 +43,12 @@ constexpr auto kIndexKFW = models::VapourPressureEquation::frostVanDerWaals;
 constexpr auto kIndexKFR = models::VapourPressureEquation::frostRedlichKwong;
 constexpr auto kIndexTHO = models::VapourPressureEquation::thompson;
 
-const EditorField& Field(int DD) {
-    return editor_field_table()[static_cast<std::size_t>(DD)];
+const EditorField& field_of(int index) {
+    return editor_field_table()[static_cast<std::size_t>(index)];
 }
 
 /// Numbers carry a blank where a minus sign would stand.
-std::string Signed(std::string number) {
+std::string signed_text(std::string number) {
     return number.front() == '-' ? number : " " + number;
 }
 
@@ -58,7 +58,7 @@ std::string shown_number(Real value) {
     if (std::fabs(static_cast<double>(value)) < kLargestStoredZero) return kZero;
     const std::string general = numbers::general_point(value);
     const bool whole = static_cast<Real>(numbers::val(general)) == value;
-    return Signed(whole ? general : exact(value));
+    return signed_text(whole ? general : exact(value));
 }
 
 /// A value of the record as the editor shows it.
@@ -73,12 +73,12 @@ struct Shown {
 };
 
 std::string shown_text(const EditorField& field, const SubstanceRecord& s) {
-    return std::visit(Shown{}, ValueOf(s, place_of(field)));
+    return std::visit(Shown{}, value_of(s, place_of(field)));
 }
 
 void show_block(const FieldBlock& block, const SubstanceRecord& s, EditorTexts& texts) {
     for (int i = block.first; i < block.first + block.count; ++i)
-        texts[static_cast<std::size_t>(i)] = shown_text(Field(i), s);
+        texts[static_cast<std::size_t>(i)] = shown_text(field_of(i), s);
 }
 
 void clear_block(const FieldBlock& block, EditorTexts& texts) {
@@ -103,7 +103,7 @@ void show_correlated_sets(const SubstanceRecord& s, EditorTexts& texts) {
 /// The user's zeros become 1E-37, empty fields "<>".
 void normalise_texts(EditorTexts& texts) {
     for (const EditorField& field : editor_field_table()) {
-        std::string& content = texts[static_cast<std::size_t>(field.DD)];
+        std::string& content = texts[static_cast<std::size_t>(field.index)];
         const std::string trimmed = text::trim(content);
         if (trimmed.empty()) {
             content = kEmpty;
@@ -117,10 +117,10 @@ void normalise_texts(EditorTexts& texts) {
 struct Read {
     std::string content;
 
-    double Number() const { return numbers::val_input(content); }
-    void operator()(float* field) const { *field = numbers::to_single(Number()); }
+    double number() const { return numbers::val_input(content); }
+    void operator()(float* field) const { *field = numbers::to_single(number()); }
     void operator()(double* field) const { *field = cell_number_input(content); }
-    void operator()(std::int16_t* field) const { *field = numbers::to_int16(Number()); }
+    void operator()(std::int16_t* field) const { *field = numbers::to_int16(number()); }
     void operator()(bool*) const {}
     void operator()(std::string* field) const { *field = content; }
 };
@@ -135,9 +135,9 @@ void read_field(const EditorField& field, const std::string& content, SubstanceR
 /// The measured equations that a substance without an active one is searched for.
 void choose_equation(const SubstanceRecord& s, models::ModelSelection& models) {
     using enum models::VapourPressureEquation;
-    if (models.VPModel != none) return;
-    if (s.AHP.TLo > 0) models.VPModel = antoineHigh;
-    if (s.ALP.TLo > 0) models.VPModel = antoineLow;
+    if (models.vapour_pressure != none) return;
+    if (s.antoine_high.T_low > 0) models.vapour_pressure = antoineHigh;
+    if (s.antoine_low.T_low > 0) models.vapour_pressure = antoineLow;
 }
 
 }  // namespace
@@ -156,7 +156,7 @@ EditorTexts show_record(const SubstanceRecord& substance) {
     if (has_critical_data(s)) correlate_sets(s);
     EditorTexts texts;
     for (const EditorField& field : editor_field_table())
-        texts[static_cast<std::size_t>(field.DD)] = shown_text(field, s);
+        texts[static_cast<std::size_t>(field.index)] = shown_text(field, s);
     if (!has_critical_data(s))
         for (const FieldBlock& block : {kThompsonBlock, kVanDerWaalsBlock, kRedlichBlock})
             clear_block(block, texts);
@@ -171,9 +171,9 @@ std::optional<char> filter_key(const EditorField& field, char typed) {
 }
 
 void form_derived_values(SubstanceRecord& s) {
-    s.FormulaCompact = text::remove_blanks(s.Formula);
-    s.vcritExp = s.rhocrit > kPresent ? static_cast<double>(s.M) / s.rhocrit : 0;
-    mend_sinh(s.cpSinh);
+    s.formula_compact = text::remove_blanks(s.formula);
+    s.vcrit_measured = s.rhocrit > kPresent ? static_cast<double>(s.M) / s.rhocrit : 0;
+    mend_sinh(s.cp_sinh_cosh);
     form_cp_flags(s);
     form_entropy(s, s.dfs);
 }
@@ -184,27 +184,27 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
     for (const EditorField& field : editor_field_table()) {
         if (!field.editable) continue;
         try {
-            read_field(field, texts[static_cast<std::size_t>(field.DD)], s);
+            read_field(field, texts[static_cast<std::size_t>(field.index)], s);
         } catch (const faults::Fault&) {
-            texts[static_cast<std::size_t>(field.DD)] = shown_text(field, s);
+            texts[static_cast<std::size_t>(field.index)] = shown_text(field, s);
         }
     }
-    s.CASRN = text::pad_right(s.CASRN, kCasrnLength);
+    s.casrn = text::pad_right(s.casrn, kCasrnLength);
     form_derived_values(s);
     choose_equation(s, models);
 
     if (!(static_cast<double>(s.Tboil) > kPresent) &&
-        models.VPModel != models::VapourPressureEquation::none) {
+        models.vapour_pressure != models::VapourPressureEquation::none) {
         const models::BoilingTemperatureResult boiling =
-            models::boiling_temperature(s, constants::kNormalPressure, models.VPModel);
+            models::boiling_temperature(s, constants::kNormalPressure, models.vapour_pressure);
         if (boiling.status == kSuccess) s.Tboil = static_cast<float>(boiling.T);
     }
     if (std::fabs(static_cast<double>(s.Tboil) * s.Tcrit * s.pcrit) > kPresent)
         models::correlate_august(s);
-    if (std::fabs(static_cast<double>(s.WatsonT) * static_cast<double>(s.WatsonH)) < kPresent &&
-        models.HLVModel == models::VaporisationModel::watson) {
-        models.HLVModel = models::VaporisationModel::chen;
-        applied.watsonDropped = true;
+    if (std::fabs(static_cast<double>(s.watson_T) * static_cast<double>(s.watson_hLV)) < kPresent &&
+        models.vaporisation == models::VaporisationModel::watson) {
+        models.vaporisation = models::VaporisationModel::chen;
+        applied.watson_dropped = true;
     }
     if (has_critical_data(s)) {
         correlate_sets(s);
@@ -215,14 +215,14 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
         if (content == kStoredZeroText) content = kZero;
     for (const int computed : {kTboil, kCpSinhC2})
         if (numbers::val_input(texts[static_cast<std::size_t>(computed)]) !=
-            numbers::val(shown_text(Field(computed), s)))
-            texts[static_cast<std::size_t>(computed)] = shown_text(Field(computed), s);
+            numbers::val(shown_text(field_of(computed), s)))
+            texts[static_cast<std::size_t>(computed)] = shown_text(field_of(computed), s);
     return applied;
 }
 
 void recalculate(EditorCorrelation correlation, EditorTexts& texts) {
-    const auto number = [&](int DD) {
-        const std::string content = text::trim(texts[static_cast<std::size_t>(DD)]);
+    const auto number = [&](int index) {
+        const std::string content = text::trim(texts[static_cast<std::size_t>(index)]);
         return content == kEmpty ? 0.0 : numbers::val_input(content);
     };
     SubstanceRecord s;
@@ -272,7 +272,7 @@ std::string editor_report(const EditorTexts& texts) {
         frame = field.frame;
         std::string line =
             "    " + text::pad_right(text::trim(field.caption), kCaption) +
-            text::pad_left(text::trim(texts[static_cast<std::size_t>(field.DD)]), kValue);
+            text::pad_left(text::trim(texts[static_cast<std::size_t>(field.index)]), kValue);
         if (!field.unit.empty()) line += " " + text::trim(field.unit);
         report += line + "\n";
     }

@@ -28,7 +28,7 @@ std::string_view editor_tab_caption(EditorTab tab);
 
 /// One field of the editor.
 struct EditorField {
-    int DD = 0;  ///< its index
+    int index = 0;  ///< its index
     EditorTab tab = EditorTab::Head;
     std::string_view frame;    ///< caption of its frame
     std::string_view caption;  ///< of the field itself, with its unit where there is one
@@ -36,7 +36,7 @@ struct EditorField {
     std::string_view name;     ///< of the record's field, as `find_field` reads it
     bool editable = true;
 
-    bool is_text() const { return DD >= 83 && DD <= 85; }
+    bool is_text() const { return index >= 83 && index <= 85; }
 };
 
 /// All fields, ordered by their index.
@@ -47,7 +47,7 @@ FieldPlace place_of(const EditorField& field);
 /// The part of the data that a group contribution method estimates.
 enum class GroupFrame : std::uint8_t { Critical, Formation, HeatCapacity };
 
-/// The texts of all fields by their index (`DD`).
+/// The texts of all fields by their index (`index`).
 using EditorTexts = std::array<std::string, kEditorFields>;
 
 /// The data as a list for the printer: all fields by tab and frame.
@@ -72,7 +72,7 @@ void form_derived_values(models::SubstanceRecord& substance);
 
 /// What an application of the editor to a record did beside reading the fields.
 struct EditorApplied {
-    bool watsonDropped = false;  ///< the Watson method lost its reference point
+    bool watson_dropped = false;  ///< the Watson method lost its reference point
 };
 /// Reads the fields into a record and completes it; texts take their shown form. A field that
 /// cannot be read leaves its value.

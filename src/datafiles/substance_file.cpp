@@ -51,8 +51,8 @@ SubstanceFileRecord decode_record(std::span<const char, kRecordSize> bytes) {
     SubstanceFileRecord r;
     Cursor<const char> in{bytes.data()};
     in.text(r.formula);
-    in.text(r.nameEnglish);
-    in.text(r.nameGerman);
+    in.text(r.name_english);
+    in.text(r.name_german);
     in.text(r.casrn);
     in.text(r.text5);
     in.text(r.text6);
@@ -65,8 +65,8 @@ RecordBytes encode_record(const SubstanceFileRecord& r) {
     RecordBytes bytes{};
     Cursor<char> out{bytes.data()};
     out.put_text(r.formula);
-    out.put_text(r.nameEnglish);
-    out.put_text(r.nameGerman);
+    out.put_text(r.name_english);
+    out.put_text(r.name_german);
     out.put_text(r.casrn);
     out.put_text(r.text5);
     out.put_text(r.text6);
@@ -81,8 +81,8 @@ std::string field_text(std::span<const char> field) {
     return text::from_ansi(bytes);
 }
 
-std::string first_name(std::string_view nameField) {
-    return text::trim_right(nameField.substr(0, nameField.find(';')));
+std::string first_name(std::string_view name_field) {
+    return text::trim_right(name_field.substr(0, name_field.find(';')));
 }
 
 void set_field_text(std::span<char> field, std::string_view utf8) {

@@ -28,8 +28,8 @@ constexpr std::array<char, N> blanks() {
 /// (code page 1252, blank-padded), so that what nobody changes goes back as it came.
 struct SubstanceFileRecord {
     std::array<char, kFormulaLength> formula = blanks<kFormulaLength>();  ///< header: date
-    std::array<char, kNameLength> nameEnglish = blanks<kNameLength>();
-    std::array<char, kNameLength> nameGerman = blanks<kNameLength>();
+    std::array<char, kNameLength> name_english = blanks<kNameLength>();
+    std::array<char, kNameLength> name_german = blanks<kNameLength>();
     std::array<char, kCasrnLength> casrn = blanks<kCasrnLength>();
     std::array<char, 41> text5 = blanks<41>();
     std::array<char, 41> text6 = blanks<41>();
@@ -45,7 +45,7 @@ RecordBytes encode_record(const SubstanceFileRecord& record);
 /// A text field as UTF-8 with its full width; control characters become blanks.
 std::string field_text(std::span<const char> field);
 /// The name of a name field: what stands before the first ";", without blanks at its end.
-std::string first_name(std::string_view nameField);
+std::string first_name(std::string_view name_field);
 /// Writes a text into a field: as many characters as it holds, padded with blanks.
 void set_field_text(std::span<char> field, std::string_view utf8);
 

@@ -67,21 +67,21 @@ double product(double a, double b, double c) {
 
 /// An ideal-gas function exists when its constant term and both bounds do.
 bool ideal_cp_exists(const CpSet& s) {
-    return product(s.TLo, static_cast<double>(s.c[0]), s.THi) > kPresent;
+    return product(s.T_low, static_cast<double>(s.c[0]), s.T_high) > kPresent;
 }
 
 /// A cp of a condensed phase may begin with either of its first two terms.
 bool condensed_cp_exists(const CpSet& s) {
     const bool term = std::fabs(static_cast<double>(s.c[0])) > kPresent ||
                       std::fabs(static_cast<double>(s.c[1])) > kPresent;
-    return term && s.TLo > 0 && s.THi > 0;
+    return term && s.T_low > 0 && s.T_high > 0;
 }
 
 void choose_watson_point(const SubstanceFileRecord& file, SubstanceRecord& r) {
-    const double secondT = static_cast<double>(slot_of(file, kSlotSecondWatsonT));
-    if (std::fabs(static_cast<double>(r.Tboil) - secondT) >= kWatsonDistance) return;
-    r.WatsonH = slot_of(file, kSlotSecondWatsonH);
-    r.WatsonT = slot_of(file, kSlotSecondWatsonT);
+    const double second_T = static_cast<double>(slot_of(file, kSlotSecondWatsonT));
+    if (std::fabs(static_cast<double>(r.Tboil) - second_T) >= kWatsonDistance) return;
+    r.watson_hLV = slot_of(file, kSlotSecondWatsonH);
+    r.watson_T = slot_of(file, kSlotSecondWatsonT);
 }
 
 }  // namespace
@@ -100,28 +100,28 @@ void form_entropy(SubstanceRecord& r, float former) {
 std::string best_vapour_pressure_code(const SubstanceRecord& r) {
     // The later of these tests wins.
     std::string code = "000";
-    if (r.AHP.TLo > 0) code = "AHP";
-    if (r.ALP.TLo > 0) code = "ALP";
-    if (r.FRO.TLo > 0) code = "FRO";
-    if (r.WAG.TLo > 0) code = "WAG";
+    if (r.antoine_high.T_low > 0) code = "AHP";
+    if (r.antoine_low.T_low > 0) code = "ALP";
+    if (r.frost.T_low > 0) code = "FRO";
+    if (r.wagner.T_low > 0) code = "WAG";
     return code;
 }
 
 void form_cp_flags(SubstanceRecord& r) {
-    r.hasCpPoly = ideal_cp_exists(r.cpPoly);
-    r.hasCpSinh = ideal_cp_exists(r.cpSinh);
-    r.hasCpL = condensed_cp_exists(r.cpL);
-    r.hasCpS = condensed_cp_exists(r.cpS);
+    r.has_cp_polynomial = ideal_cp_exists(r.cp_polynomial);
+    r.has_cp_sinh_cosh = ideal_cp_exists(r.cp_sinh_cosh);
+    r.has_cpL = condensed_cp_exists(r.cpL);
+    r.has_cpS = condensed_cp_exists(r.cpS);
 }
 
 LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
-                                  float formerEntropy) {
+                                  float former_entropy) {
     LoadedSubstance loaded;
     SubstanceRecord& r = loaded.record;
-    r.Formula = text::trim_right(field_text(file.formula));
-    r.FormulaCompact = text::remove_blanks(r.Formula);
-    r.Name = first_name(field_text(english ? file.nameEnglish : file.nameGerman));
-    r.CASRN = field_text(file.casrn);
+    r.formula = text::trim_right(field_text(file.formula));
+    r.formula_compact = text::remove_blanks(r.formula);
+    r.name = first_name(field_text(english ? file.name_english : file.name_german));
+    r.casrn = field_text(file.casrn);
 
     for_each_slot([&](const RecordField& field, const FieldPlace& place) {
         const float value = slot_of(file, field.slot + static_cast<int>(place.element));
@@ -131,34 +131,35 @@ LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
     r.M = single_or_zero(numbers::round4(static_cast<double>(r.M)));
     r.Tcrit = numbers::round4(r.Tcrit);
     r.pcrit = numbers::round4(r.pcrit);
-    loaded.noCriticalData = r.Tcrit < kPresent || r.pcrit < kPresent;
+    loaded.no_critical_data = r.Tcrit < kPresent || r.pcrit < kPresent;
     if (static_cast<double>(r.Ttriple) < kPresent) r.Ttriple = slot_of(file, kSlotSecondTripleT);
-    r.vcritExp = r.rhocrit > kPresent ? static_cast<double>(r.M) / r.rhocrit : 0.0;
+    r.vcrit_measured = r.rhocrit > kPresent ? static_cast<double>(r.M) / r.rhocrit : 0.0;
 
     // AUG goes by the boiling point of the file, also where that is missing.
     models::correlate_august(r);
-    loaded.VPCode = best_vapour_pressure_code(r);
-    if (!(static_cast<double>(r.Tboil) > kPresent) && loaded.VPCode != "000")
-        r.Tboil = single_or_zero(models::boiling_temperature(r, constants::kNormalPressure,
-                                                             models::vp_of_code(loaded.VPCode))
-                                     .T);
+    loaded.vapour_pressure = best_vapour_pressure_code(r);
+    if (!(static_cast<double>(r.Tboil) > kPresent) && loaded.vapour_pressure != "000")
+        r.Tboil =
+            single_or_zero(models::boiling_temperature(r, constants::kNormalPressure,
+                                                       models::vp_of_code(loaded.vapour_pressure))
+                               .T);
 
-    mend_sinh(r.cpSinh);
+    mend_sinh(r.cp_sinh_cosh);
     form_cp_flags(r);
     choose_watson_point(file, r);
-    form_entropy(r, formerEntropy);
+    form_entropy(r, former_entropy);
     return loaded;
 }
 
 void slots_from_record(const SubstanceRecord& record, bool english, SubstanceFileRecord& file) {
-    set_field_text(file.formula, record.Formula);
-    set_field_text(english ? file.nameEnglish : file.nameGerman, record.Name);
-    set_field_text(file.casrn, record.CASRN);
+    set_field_text(file.formula, record.formula);
+    set_field_text(english ? file.name_english : file.name_german, record.name);
+    set_field_text(file.casrn, record.casrn);
     file.number = 1;
     for_each_slot([&](const RecordField& field, const FieldPlace& place) {
-        if (!field.inPrivateFile) return;
-        file.values[static_cast<std::size_t>(SlotOf(place) - 1)] =
-            std::visit(ToSlot{}, ValueOf(record, place));
+        if (!field.in_private_file) return;
+        file.values[static_cast<std::size_t>(slot_of(place) - 1)] =
+            std::visit(ToSlot{}, value_of(record, place));
     });
 }
 

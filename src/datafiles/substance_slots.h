@@ -10,17 +10,18 @@ namespace quor::datafiles {
 /// What a database record becomes in memory.
 struct LoadedSubstance {
     models::SubstanceRecord record;
-    std::string VPCode = "000";   ///< the best vapour pressure set: WAG, FRO, ALP, AHP or "000"
-    bool noCriticalData = false;  ///< Tcrit or pcrit is missing
+    std::string vapour_pressure =
+        "000";                      ///< the best vapour pressure set: WAG, FRO, ALP, AHP or "000"
+    bool no_critical_data = false;  ///< Tcrit or pcrit is missing
 };
 
 /// Fills a record from the slots of a database record, with all rules of reading: rounding of M,
 /// Tcrit and pcrit, fallbacks of Ttriple and Tboil, choice of the Watson point, AUG constants and
 /// the flags of the cp functions. `english` chooses the name field. `dfs` becomes
-/// `formerEntropy` where `dfh` or `dfg` is missing. The correlated sets KFW, KFR and THO come out
+/// `former_entropy` where `dfh` or `dfg` is missing. The correlated sets KFW, KFR and THO come out
 /// empty. A slot that holds no finite number, or a bound beyond 16 bits, counts as absent.
 LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
-                                  float formerEntropy = 0);
+                                  float former_entropy = 0);
 
 /// Makes C2 of the sinh/cosh function absolute, and not zero where C0 is there.
 void mend_sinh(models::CpSet& set);

@@ -40,10 +40,10 @@ constexpr std::array<Replacement, 3> kAbbreviations{{
 /// Every OXYD becomes OXID, but not in OXYDI...
 std::string oxides(std::string name) {
     constexpr std::string_view oxyd = "OXYD";
-    constexpr std::size_t letterY = 2;
+    constexpr std::size_t letter_y = 2;
     for (std::size_t i = name.find(oxyd); i != std::string::npos; i = name.find(oxyd, i + 1)) {
         const std::size_t next = i + oxyd.size();
-        if (next >= name.size() || name[next] != 'I') name[i + letterY] = 'I';
+        if (next >= name.size() || name[next] != 'I') name[i + letter_y] = 'I';
     }
     return name;
 }
@@ -98,10 +98,10 @@ Synonyms::Synonyms(std::string_view file) {
         if (block.casrn == kEnd) break;
         block.line = lines.next();
         const std::size_t place = content.blocks.size();
-        if (!block.casrn.empty()) content.byCasrn.try_emplace(block.casrn, place);
+        if (!block.casrn.empty()) content.by_casrn.try_emplace(block.casrn, place);
         for (std::string_view line = lines.next(); !line.empty(); line = lines.next()) {
             std::string form = comparing_form(line);
-            if (!form.empty()) content.bySynonym.try_emplace(std::move(form), place);
+            if (!form.empty()) content.by_synonym.try_emplace(std::move(form), place);
         }
         content.blocks.push_back(std::move(block));
     }
@@ -121,8 +121,8 @@ std::optional<SynonymHit> Synonyms::find(std::string_view search) const {
         return found == places.end() ? std::string::npos : found->second;
     };
     const std::size_t first =
-        std::min(place(content_->byCasrn, text::trim_right(search)),
-                 place(content_->bySynonym, comparing_form(normalise_name(search))));
+        std::min(place(content_->by_casrn, text::trim_right(search)),
+                 place(content_->by_synonym, comparing_form(normalise_name(search))));
     if (first == std::string::npos) return std::nullopt;
     return content_->blocks[first];
 }

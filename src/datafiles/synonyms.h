@@ -43,7 +43,7 @@ class Synonyms {
     using Places = std::unordered_map<std::string, std::size_t>;
     struct Content {
         std::vector<SynonymHit> blocks;
-        Places byCasrn, bySynonym;
+        Places by_casrn, by_synonym;
     };
     std::shared_ptr<const Content> content_;
 };

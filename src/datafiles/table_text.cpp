@@ -22,7 +22,7 @@ bool is_heading(const std::string& line) {
 }  // namespace
 
 std::vector<std::string> data_lines(std::string_view table) {
-    std::vector<std::string> lines = text::Lines(table);
+    std::vector<std::string> lines = text::lines(table);
     std::erase_if(lines, [](const std::string& line) { return text::trim(line).empty(); });
     if (!lines.empty() && is_heading(lines.front())) lines.erase(lines.begin());
     return lines;
@@ -33,7 +33,7 @@ std::string aligned_columns(const std::vector<std::vector<std::string>>& rows) {
     for (const auto& row : rows) {
         widths.resize(std::max(widths.size(), row.size()), 0);
         for (std::size_t c = 0; c < row.size(); ++c)
-            widths[c] = std::max(widths[c], text::Length(row[c]));
+            widths[c] = std::max(widths[c], text::length(row[c]));
     }
     std::string all;
     for (const auto& row : rows) {

@@ -40,8 +40,8 @@ std::string number(float value) {
 
 }  // namespace
 
-XyData read_xy_text(const std::string& ansiText, char delimiter) {
-    const std::vector<std::string> lines = text::Lines(text::from_ansi(ansiText));
+XyData read_xy_text(const std::string& ansi_text, char delimiter) {
+    const std::vector<std::string> lines = text::lines(text::from_ansi(ansi_text));
     XyData file;
     if (lines.empty()) return file;
     file.comment = lines.front();
@@ -53,7 +53,7 @@ XyData read_xy_text(const std::string& ansiText, char delimiter) {
 std::string xy_text(const std::string& comment, std::span<const FitPoint> points, char delimiter) {
     std::string all = files::ansi_lines({files::one_line(comment)});
     for (const FitPoint& p : points)
-        if (IsActive(p)) all += number(p.x) + delimiter + number(p.y) + "\r\n";
+        if (is_active(p)) all += number(p.x) + delimiter + number(p.y) + "\r\n";
     return all;
 }
 

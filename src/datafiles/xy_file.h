@@ -20,7 +20,7 @@ struct XyData {
 /// delimiter, y right of it, up to a further one; a comma in a number is a decimal mark. A line
 /// without the delimiter is split at the first of ";", tab, blank that it has. Empty lines are
 /// left out.
-XyData read_xy_text(const std::string& ansiText, char delimiter);
+XyData read_xy_text(const std::string& ansi_text, char delimiter);
 /// The text of a file with the active points.
 std::string xy_text(const std::string& comment, std::span<const FitPoint> points, char delimiter);
 

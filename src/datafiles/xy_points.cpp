@@ -14,29 +14,29 @@ namespace quor::datafiles {
 namespace {
 
 /// The changed point; NaN stands for a value that does not exist or that 32 bits cannot hold.
-FitPoint changed(FitPoint p, XYManipulation what, double W) {
+FitPoint changed(FitPoint p, XyManipulation what, double W) {
     const double x = static_cast<double>(p.x), y = static_cast<double>(p.y);
     const auto single = [](double value) {
         constexpr auto largest = static_cast<double>(std::numeric_limits<float>::max());
         return std::fabs(value) <= largest ? static_cast<float>(value) : NAN;
     };
     switch (what) {
-        case XYManipulation::OneMinusX:
+        case XyManipulation::OneMinusX:
             p.x = single(1.0 - x);
             break;
-        case XYManipulation::InverseY:
+        case XyManipulation::InverseY:
             p.y = single(1.0 / y);
             break;
-        case XYManipulation::AddToY:
+        case XyManipulation::AddToY:
             p.y = single(y + W);
             break;
-        case XYManipulation::MultiplyY:
+        case XyManipulation::MultiplyY:
             p.y = single(y * W);
             break;
-        case XYManipulation::LogarithmY:
+        case XyManipulation::LogarithmY:
             p.y = single(std::log(y));
             break;
-        case XYManipulation::ExponentialY:
+        case XyManipulation::ExponentialY:
             p.y = single(std::exp(y));
             break;
     }
@@ -54,11 +54,11 @@ Lines in_list(std::size_t size, int first, int last) {
 
 }  // namespace
 
-bool IsActive(const FitPoint& point) {
+bool is_active(const FitPoint& point) {
     return point.mark != kInactiveMark;
 }
 
-Result<std::vector<FitPoint>> manipulated_xy(std::span<const FitPoint> points, XYManipulation what,
+Result<std::vector<FitPoint>> manipulated_xy(std::span<const FitPoint> points, XyManipulation what,
                                              double W) {
     std::vector<FitPoint> result;
     result.reserve(points.size());
@@ -66,7 +66,7 @@ Result<std::vector<FitPoint>> manipulated_xy(std::span<const FitPoint> points, X
         result.push_back(changed(p, what, W));
         if (!std::isfinite(result.back().x) || !std::isfinite(result.back().y))
             return Failure{"Line " + std::to_string(result.size()) +
-                           " (x = " + numbers::General(p.x) + ", y = " + numbers::General(p.y) +
+                           " (x = " + numbers::general(p.x) + ", y = " + numbers::general(p.y) +
                            ") has no such value; nothing was changed."};
     }
     return result;
@@ -95,7 +95,7 @@ void toggle_xy(std::span<FitPoint> points, int first, int last) {
     const Lines lines = in_list(points.size(), first, last);
     for (std::ptrdiff_t i = lines.first; i < lines.last; ++i) {
         FitPoint& p = points[static_cast<std::size_t>(i)];
-        p.mark = IsActive(p) ? kInactiveMark : 0.0F;
+        p.mark = is_active(p) ? kInactiveMark : 0.0F;
     }
 }
 
@@ -120,7 +120,7 @@ std::string xy_for_clipboard(std::span<const FitPoint> points, int first, int la
     std::string table;
     for (std::ptrdiff_t i = lines.first; i < lines.last; ++i) {
         const FitPoint& p = points[static_cast<std::size_t>(i)];
-        table += numbers::General(p.x) + "\t" + numbers::General(p.y) + "\r\n";
+        table += numbers::general(p.x) + "\t" + numbers::general(p.y) + "\r\n";
     }
     return table;
 }
@@ -129,43 +129,43 @@ std::string xy_list_text(std::span<const FitPoint> points) {
     std::vector<std::vector<std::string>> rows{{"#", "x", "y"}};
     for (std::size_t i = 0; i < points.size(); ++i) {
         const std::string number = std::to_string(i + 1);
-        rows.push_back({IsActive(points[i]) ? number : "(" + number + ")",
-                        numbers::General(points[i].x), numbers::General(points[i].y)});
+        rows.push_back({is_active(points[i]) ? number : "(" + number + ")",
+                        numbers::general(points[i].x), numbers::general(points[i].y)});
     }
     return aligned_columns(rows);
 }
 
 std::vector<FitPoint> active_points(std::span<const FitPoint> points) {
     std::vector<FitPoint> active;
-    std::copy_if(points.begin(), points.end(), std::back_inserter(active), IsActive);
+    std::copy_if(points.begin(), points.end(), std::back_inserter(active), is_active);
     return active;
 }
 
-Result<void> check_active_points(std::span<const FitPoint> points, bool asPoints) {
-    const auto active = std::count_if(points.begin(), points.end(), IsActive);
-    if (active >= (asPoints ? 1 : 2)) return {};
-    return Failure{asPoints ? "at least one active point!" : "at least two active points!"};
+Result<void> check_active_points(std::span<const FitPoint> points, bool as_points) {
+    const auto active = std::count_if(points.begin(), points.end(), is_active);
+    if (active >= (as_points ? 1 : 2)) return {};
+    return Failure{as_points ? "at least one active point!" : "at least two active points!"};
 }
 
-XYRange range_of_active(std::span<const FitPoint> points) {
-    XYRange range;
+XyRange range_of_active(std::span<const FitPoint> points) {
+    XyRange range;
     for (const FitPoint& p : points) {
-        if (!IsActive(p)) continue;
-        range.xMin = std::min(range.xMin, p.x);
-        range.xMax = std::max(range.xMax, p.x);
-        range.yMin = std::min(range.yMin, p.y);
-        range.yMax = std::max(range.yMax, p.y);
+        if (!is_active(p)) continue;
+        range.x_min = std::min(range.x_min, p.x);
+        range.x_max = std::max(range.x_max, p.x);
+        range.y_min = std::min(range.y_min, p.y);
+        range.y_max = std::max(range.y_max, p.y);
     }
     return range;
 }
 
-XYGraph make_xy_graph(std::span<const FitPoint> points, bool asPoints) {
+XyGraph make_xy_graph(std::span<const FitPoint> points, bool as_points) {
     return {.title = "Experimental points y(T)",
-            .xTitle = "T / K",
-            .yTitle = "y",
+            .x_title = "T / K",
+            .y_title = "y",
             .points = active_points(points),
             .range = range_of_active(points),
-            .asPoints = asPoints};
+            .as_points = as_points};
 }
 
 }  // namespace quor::datafiles

@@ -12,9 +12,9 @@
 namespace quor::datafiles {
 
 inline constexpr float kInactiveMark = -1.0F;
-bool IsActive(const FitPoint& point);
+bool is_active(const FitPoint& point);
 
-enum class XYManipulation {
+enum class XyManipulation {
     OneMinusX,    ///< x = 1 - x
     InverseY,     ///< y = 1 / y
     AddToY,       ///< y = y + W
@@ -25,7 +25,7 @@ enum class XYManipulation {
 
 /// All points, active or not, changed. Refused with a sentence that names the line when one of them
 /// has no such value.
-Result<std::vector<FitPoint>> manipulated_xy(std::span<const FitPoint> points, XYManipulation what,
+Result<std::vector<FitPoint>> manipulated_xy(std::span<const FitPoint> points, XyManipulation what,
                                              double W);
 void swap_xy(std::span<FitPoint> points);
 void sort_by_x(std::span<FitPoint> points);  ///< ascending, equal ones keep their order
@@ -44,22 +44,22 @@ std::string xy_list_text(std::span<const FitPoint> points);
 
 std::vector<FitPoint> active_points(std::span<const FitPoint> points);
 /// Refused when there are not enough active points for a set of points (1) or a curve (2).
-Result<void> check_active_points(std::span<const FitPoint> points, bool asPoints);
+Result<void> check_active_points(std::span<const FitPoint> points, bool as_points);
 
 /// Range of active points. Without any, the maxima are -1E37 and the minima 1E37.
-struct XYRange {
-    float xMin = 1e37F, xMax = -1e37F, yMin = 1e37F, yMax = -1e37F;
+struct XyRange {
+    float x_min = 1e37F, x_max = -1e37F, y_min = 1e37F, y_max = -1e37F;
 };
-XYRange range_of_active(std::span<const FitPoint> points);
+XyRange range_of_active(std::span<const FitPoint> points);
 
 /// What the editor hands to the diagram.
-struct XYGraph {
-    std::string title, xTitle, yTitle;
+struct XyGraph {
+    std::string title, x_title, y_title;
     std::vector<FitPoint> points;  ///< the active ones
-    XYRange range;
-    bool asPoints = true;  ///< a set of points, else a curve
+    XyRange range;
+    bool as_points = true;  ///< a set of points, else a curve
 };
 /// The active points with the texts of their graph.
-XYGraph make_xy_graph(std::span<const FitPoint> points, bool asPoints);
+XyGraph make_xy_graph(std::span<const FitPoint> points, bool as_points);
 
 }  // namespace quor::datafiles

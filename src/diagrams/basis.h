@@ -18,9 +18,9 @@ struct Basis {
     double caloric(double T) const {
         return models::caloric_factor(units.choice.caloric, T, fluid.substance());
     }
-    double TF() const { return static_cast<double>(units.T); }
-    double PF() const { return static_cast<double>(units.p); }
-    double VF() const { return units.v; }
+    double T_factor() const { return static_cast<double>(units.T); }
+    double p_factor() const { return static_cast<double>(units.p); }
+    double v_factor() const { return units.v; }
     double M() const { return static_cast<double>(fluid.substance().M); }
 };
 

@@ -21,38 +21,39 @@ float single(double value) {
 void set_function_limits(CoordinateDefaults& d, std::int16_t mode, double factor) {
     // Values of view, of conventional states and of formation lie in different regions.
     if (mode == 1) {
-        d.funcMax = single(50000 * factor);
-        d.funcMin = single(-50000 * factor);
-        d.entropyMax = single(250 * factor);
-        d.entropyMin = single(-250 * factor);
+        d.func_max = single(50000 * factor);
+        d.func_min = single(-50000 * factor);
+        d.entropy_max = single(250 * factor);
+        d.entropy_min = single(-250 * factor);
     } else if (mode == 2 || mode == 10) {
-        d.funcMax = 0;
-        d.funcMin = single(-300000 * factor);
-        d.entropyMax = single(200 * factor);
-        d.entropyMin = single(-250 * factor);
+        d.func_max = 0;
+        d.func_min = single(-300000 * factor);
+        d.entropy_max = single(200 * factor);
+        d.entropy_min = single(-250 * factor);
     }
 }
 
-void set_temperature_limits(CoordinateDefaults& d, const models::Fluid& fluid, double TF,
+void set_temperature_limits(CoordinateDefaults& d, const models::Fluid& fluid, double T_factor,
                             bool renewed) {
     const double Tcrit = fluid.substance().Tcrit;
     const auto Ttriple = static_cast<double>(fluid.substance().Ttriple);
-    if (d.TMax == 0 || renewed) d.TMax = single(TF * Tcrit * 1.1);
-    if (d.TMin == 0 || renewed)
-        d.TMin = single(TF * Ttriple * (fluid.models().EOSOnlyV ? 0.3 : 1.0));
-    if (static_cast<double>(d.TMin) < kPresent) d.TMin = single(0.5 * Tcrit * TF);
-    d.TMaxResidual = std::max(d.TMax, single(300 * TF));
+    if (d.T_max == 0 || renewed) d.T_max = single(T_factor * Tcrit * 1.1);
+    if (d.T_min == 0 || renewed)
+        d.T_min = single(T_factor * Ttriple * (fluid.models().vapour_only ? 0.3 : 1.0));
+    if (static_cast<double>(d.T_min) < kPresent) d.T_min = single(0.5 * Tcrit * T_factor);
+    d.T_max_residual = std::max(d.T_max, single(300 * T_factor));
 
     // 5 K below the triple point; below 5 K there is nothing left of it.
     const double low = Ttriple - 5;
-    d.invTMax = single(Ttriple > kPresent && low > 0 ? 1 / (TF * low) : 2.3 / (TF * Tcrit));
-    d.invTMin = single(1 / (TF * (Tcrit + 10)));
+    d.inverse_T_max =
+        single(Ttriple > kPresent && low > 0 ? 1 / (T_factor * low) : 2.3 / (T_factor * Tcrit));
+    d.inverse_T_min = single(1 / (T_factor * (Tcrit + 10)));
 }
 
 double molar_cp_limit(const models::Fluid& fluid) {
     constexpr double kWithoutForm = 50;  // kJ/(kmol K)
     const models::SubstanceRecord& s = fluid.substance();
-    const models::CpResult ideal = models::ideal_gas_cp(s, fluid.models().CpModel, s.Tcrit);
+    const models::CpResult ideal = models::ideal_gas_cp(s, fluid.models().cp_form, s.Tcrit);
     return ideal.status == kSuccess ? ideal.cp : kWithoutForm;
 }
 
@@ -66,12 +67,13 @@ void widen(double& low, double& high) {
 ProposedWindow database_window(const Diagram& diagram, const Basis& basis) {
     const Validity validity = validity_of(diagram, basis.fluid);
     const ValueRange values = value_range_of(diagram, basis);
-    double xLow = validity.low, xHigh = validity.high;
-    double yLow = values.low, yHigh = values.high;
-    widen(xLow, xHigh);
-    widen(yLow, yHigh);
-    const double TF = basis.TF();
-    return {{single(xLow * TF), single(xHigh * TF), single(yLow), single(yHigh)}, validity};
+    double x_low = validity.low, x_high = validity.high;
+    double y_low = values.low, y_high = values.high;
+    widen(x_low, x_high);
+    widen(y_low, y_high);
+    const double T_factor = basis.T_factor();
+    return {{single(x_low * T_factor), single(x_high * T_factor), single(y_low), single(y_high)},
+            validity};
 }
 
 }  // namespace
@@ -81,50 +83,53 @@ CoordinateDefaults coordinate_defaults(const Basis& basis, const CoordinateDefau
     CoordinateDefaults d = previous;
     const models::Fluid& fluid = basis.fluid;
     const models::SubstanceRecord& s = fluid.substance();
-    const double PF = basis.PF(), TF = basis.TF(), VF = basis.VF();
-    const double CF = basis.units.caloric;
+    const double p_factor = basis.p_factor(), T_factor = basis.T_factor(),
+                 v_factor = basis.v_factor();
+    const double caloric = basis.units.caloric;
     if (!(s.Tcrit > 0) || !(s.pcrit > 0)) return d;
 
-    const double vcrit = fluid.models().EOSOnlyV ? s.vcritExp : fluid.eos().vcritCalc;
-    d.vMin = 0;
-    d.vMax = single(VF * 7 * vcrit);
-    if (d.vMax == 0) d.vMax = 1.5F;
-    d.vMaxReserve = single(VF * s.vcritExp * 1.4);
-    d.vMinReserve = single(VF * 0.01);
-    d.rhoMin = 0;
-    d.rhoMax = single(3.5 * s.rhocrit);
+    const double vcrit =
+        fluid.models().vapour_only ? s.vcrit_measured : fluid.eos().vcrit_calculated;
+    d.v_min = 0;
+    d.v_max = single(v_factor * 7 * vcrit);
+    if (d.v_max == 0) d.v_max = 1.5F;
+    d.v_max_reserve = single(v_factor * s.vcrit_measured * 1.4);
+    d.v_min_reserve = single(v_factor * 0.01);
+    d.rho_min = 0;
+    d.rho_max = single(3.5 * s.rhocrit);
 
-    if (d.pMax == 0 || renewed) d.pMax = single(PF * s.pcrit * 1.4);
-    d.pMin = 0.001F;
-    d.pvMin = 0;
-    d.pvMax = single(PF * s.pcrit * static_cast<double>(d.vMax));
-    d.lnpMin = -5;
+    if (d.p_max == 0 || renewed) d.p_max = single(p_factor * s.pcrit * 1.4);
+    d.p_min = 0.001F;
+    d.pv_min = 0;
+    d.pv_max = single(p_factor * s.pcrit * static_cast<double>(d.v_max));
+    d.lnp_min = -5;
     const bool reduced = basis.units.choice.system == models::UnitSystem::reduced;
-    d.lnpMax = single(reduced ? 0.5 : 1.1 * std::log(PF * s.pcrit));
-    d.dlnpMax = -500;
-    d.dlnpMin = -6000;
+    d.lnp_max = single(reduced ? 0.5 : 1.1 * std::log(p_factor * s.pcrit));
+    d.dlnp_max = -500;
+    d.dlnp_min = -6000;
 
-    set_temperature_limits(d, fluid, TF, renewed);
-    set_function_limits(d, basis.reference.RefMode, CF);
-    d.cpMin = -10;
-    d.cpMax = single(2 * molar_cp_limit(fluid) * CF);
-    d.vaporisationMin = 0;
-    d.vaporisationMax = single(50000 * CF);
-    d.jtMin = -0.005F;
-    d.jtMax = 0.04F;
-    d.resEntropyMin = single(-498.8706 * CF);  // -60 R
-    d.resEntropyMax = single(20 * CF);
-    d.resEnthalpyMin = single(-49887.06 * CF);  // -6000 R
-    d.resEnthalpyMax = single(1000 * CF);
+    set_temperature_limits(d, fluid, T_factor, renewed);
+    set_function_limits(d, basis.reference.mode, caloric);
+    d.cp_min = -10;
+    d.cp_max = single(2 * molar_cp_limit(fluid) * caloric);
+    d.vaporisation_min = 0;
+    d.vaporisation_max = single(50000 * caloric);
+    d.jt_min = -0.005F;
+    d.jt_max = 0.04F;
+    d.res_entropy_min = single(-498.8706 * caloric);  // -60 R
+    d.res_entropy_max = single(20 * caloric);
+    d.res_enthalpy_min = single(-49887.06 * caloric);  // -6000 R
+    d.res_enthalpy_max = single(1000 * caloric);
     return d;
 }
 
 ProposedWindow proposed_window(const Diagram& diagram, const Basis& basis,
                                const CoordinateDefaults& d) {
-    const Diagram& row = diagram.xLimits.low == nullptr ? home_of(diagram) : diagram;
+    const Diagram& row = diagram.x_limits.low == nullptr ? home_of(diagram) : diagram;
     if (row.database != DatabaseFunction::none) return database_window(row, basis);
-    if (row.xLimits.low == nullptr) return {{d.TMin, d.TMax, 0, 0}, {}};
-    return {{d.*row.xLimits.low, d.*row.xLimits.high, d.*row.yLimits.low, d.*row.yLimits.high}, {}};
+    if (row.x_limits.low == nullptr) return {{d.T_min, d.T_max, 0, 0}, {}};
+    return {{d.*row.x_limits.low, d.*row.x_limits.high, d.*row.y_limits.low, d.*row.y_limits.high},
+            {}};
 }
 
 }  // namespace quor::diagrams

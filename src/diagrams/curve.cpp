@@ -28,7 +28,7 @@ CurveStatus final_status(const CurveFrame& c) {
 Curve curve(const Basis& basis, const CurveRequest& request, CurvePoints room) {
     CurveFrame frame(basis, request, std::move(room));
     Curve& result = frame.result;
-    if (frame.dX == 0 || frame.dY == 0) return std::move(result);
+    if (frame.dx == 0 || frame.dy == 0) return std::move(result);
     result.points.reserve(static_cast<std::size_t>(frame.steps) + 8);
     try {
         compute(frame);
@@ -55,7 +55,7 @@ StatusText text_of(CurveStatus status, const std::string& message, const models:
         case CurveStatus::noResult:
             return {"Aborted", message};
         case CurveStatus::belowTriple:
-            if (fluid.models().EOSOnlyV) break;
+            if (fluid.models().vapour_only) break;
             return {"WARNING", "Partially calculated at T < T(triple)!"};
         case CurveStatus::noCriticalVolume:
             return {"Execution not possible", "No critical density available"};

@@ -31,10 +31,10 @@ enum class Branch : std::uint8_t {
 
 /// How curves are computed, whatever their kind.
 struct CurveOptions {
-    int points = 300;              ///< of a curve
-    bool realRangeOnly = true;     ///< nothing below the triple point
-    bool sWithoutTieLine = false;  ///< subcritical isotherms in p-v keep their S shape
-    bool partialGas = false;       ///< of a V-only equation only what lies below saturation
+    int points = 300;                 ///< of a curve
+    bool real_range_only = true;      ///< nothing below the triple point
+    bool s_without_tie_line = false;  ///< subcritical isotherms in p-v keep their S shape
+    bool partial_gas = false;         ///< of a V-only equation only what lies below saturation
 
     bool operator==(const CurveOptions&) const = default;
 };
@@ -52,11 +52,11 @@ struct CurveRequest {
     CurveWindow window{};
     StateParameters at{};
     Branch branch = Branch::stable;
-    double vapourFraction = 1;
+    double vapour_fraction = 1;
     CurveOptions options{};
     ProcessLine line{};  ///< of process lines; its range is that of two functions over each other
     /// Limits of p in displayed units between which the saturation of two functions is drawn.
-    float pMin = 0.001F, pMax = 0;
+    float p_min = 0.001F, p_max = 0;
 
     const Diagram& home() const { return on != nullptr ? *on : home_of(*curve); }
 };
@@ -66,10 +66,10 @@ struct Curve {
     CurvePoints points{};
     Parameter parameter = Parameter::none;  ///< what the z of its points holds
     CurveStatus status = CurveStatus::complete;
-    std::string message{};             ///< of a fault, or why there is no result
-    std::optional<TieLine> tieLine{};  ///< of a tie-line
+    std::string message{};              ///< of a fault, or why there is no result
+    std::optional<TieLine> tie_line{};  ///< of a tie-line
     /// T at which the slope of a vapour pressure equation has its maximum, in displayed units.
-    std::optional<double> TOfMaximum{};
+    std::optional<double> T_of_maximum{};
     /// The last state of a process line.
     std::optional<ProcessState> last{};
 };

@@ -12,7 +12,7 @@ using constants::kPresent;
 namespace {
 
 double plotted_volume(const CurveFrame& c, const Equilibrium& e) {
-    return at_fraction(e.vL, e.vV, c.request.vapourFraction);
+    return at_fraction(e.vL, e.vV, c.request.vapour_fraction);
 }
 
 /// The walk down the dome in p-v. Its step in T adapts itself, so that neighbouring points are
@@ -20,14 +20,14 @@ double plotted_volume(const CurveFrame& c, const Equilibrium& e) {
 class DomeWalk {
   public:
     explicit DomeWalk(CurveFrame& curve) : c(curve) {
-        largestP_ = c.yMax / c.PF / kShare;
-        largestV_ = c.xMax / c.VF / kShare;
+        largest_p_ = c.y_max / c.p_factor / kShare;
+        largest_v_ = c.x_max / c.v_factor / kShare;
     }
 
     void run(Equilibrium start) {
         at_ = start;
         draw(at_);
-        step_ = std::fmax(std::log(c.yMax / c.PF) / 1000, 1e-7 * c.substance.Tcrit);
+        step_ = std::fmax(std::log(c.y_max / c.p_factor) / 1000, 1e-7 * c.substance.Tcrit);
         for (int i = 0; i < kMostTrials && !ended_; ++i) advance();
     }
 
@@ -45,12 +45,12 @@ class DomeWalk {
         }
         const Equilibrium next = equilibrium_at_T(c.fluid, T, guess(T));
         if (!next.found || !(next.p > 0) || next.p >= c.substance.pcrit) return finish();
-        const double vcrit = c.fluid.eos().vcritCalc;
+        const double vcrit = c.fluid.eos().vcrit_calculated;
         if (next.vL > vcrit || next.vV < vcrit) return finish();
 
         const double moved =
-            std::fmax(std::fabs(next.p - at_.p) / largestP_,
-                      std::fabs(plotted_volume(c, next) - plotted_volume(c, at_)) / largestV_);
+            std::fmax(std::fabs(next.p - at_.p) / largest_p_,
+                      std::fabs(plotted_volume(c, next) - plotted_volume(c, at_)) / largest_v_);
         if (moved > 1) {
             step_ = (at_.T - T) * std::clamp(0.8 / moved, 0.05, 0.8);
             return;
@@ -59,18 +59,18 @@ class DomeWalk {
             step_ *= 2;
             return;
         }
-        const double stepDone = at_.T - T;
+        const double step_done = at_.T - T;
         before_ = at_;
         at_ = next;
         draw(at_);
         if (last) return finish();
-        step_ = stepDone * std::clamp(0.8 / moved, 0.5, 2.0);
+        step_ = step_done * std::clamp(0.8 / moved, 0.5, 2.0);
     }
 
     /// Where the walk has to end: at the triple point, or nowhere.
     double lowest_T() const {
-        const bool realOnly = c.real_range_only();
-        return realOnly ? static_cast<double>(c.substance.Ttriple) : 0;
+        const bool real_only = c.real_range_only();
+        return real_only ? static_cast<double>(c.substance.Ttriple) : 0;
     }
 
     /// ln p is nearly straight over 1/T.
@@ -82,40 +82,40 @@ class DomeWalk {
 
     /// Points outside of the window are kept only where the line enters or leaves it.
     void draw(const Equilibrium& e) {
-        const double x = plotted_volume(c, e) * c.VF;
-        const bool inside = x >= c.xMin && x <= c.xMax;
+        const double x = plotted_volume(c, e) * c.v_factor;
+        const bool inside = x >= c.x_min && x <= c.x_max;
         if (inside && pending_) add(waiting_);
         pending_ = !inside && !entered_;
         if (pending_) waiting_ = e;
         if (inside || entered_) add(e);
         entered_ = inside;
-        wasInside_ = wasInside_ || inside;
-        if (wasInside_ && x > c.xMax && x > 1.5 * c.xMin) ended_ = true;
+        was_inside_ = was_inside_ || inside;
+        if (was_inside_ && x > c.x_max && x > 1.5 * c.x_min) ended_ = true;
     }
 
     void add(const Equilibrium& e) {
         if (e.T < static_cast<double>(c.substance.Ttriple)) c.set_status(CurveStatus::belowTriple);
-        c.add(plotted_volume(c, e) * c.VF, e.p * c.PF, e.T);
+        c.add(plotted_volume(c, e) * c.v_factor, e.p * c.p_factor, e.T);
     }
 
     void finish() { ended_ = true; }
 
     CurveFrame& c;
     Equilibrium at_, before_, waiting_;
-    double step_ = 0, largestP_ = 0, largestV_ = 0;
-    bool pending_ = false, entered_ = false, wasInside_ = false, ended_ = false;
+    double step_ = 0, largest_p_ = 0, largest_v_ = 0;
+    bool pending_ = false, entered_ = false, was_inside_ = false, ended_ = false;
 };
 
 }  // namespace
 
 void dome_p_v(CurveFrame& c) {
     const Equilibrium critical = critical_point(c.fluid);
-    if (!critical.found || !(c.xMax > 0) || !(c.yMax > 0)) return;
-    const double top = critical.p * c.PF;
-    if (top > c.yMax) {
-        const Equilibrium edge = equilibrium_at_p(c.fluid, c.yMax / c.PF);
+    if (!critical.found || !(c.x_max > 0) || !(c.y_max > 0)) return;
+    const double top = critical.p * c.p_factor;
+    if (top > c.y_max) {
+        const Equilibrium edge = equilibrium_at_p(c.fluid, c.y_max / c.p_factor);
         if (edge.found) DomeWalk(c).run(edge);
-    } else if (top > c.yMin) {
+    } else if (top > c.y_min) {
         DomeWalk(c).run(critical);
     }
 }
@@ -125,8 +125,8 @@ namespace {
 /// Ordinate over p: pv or rho.
 void add_over_p(CurveFrame& c, const Equilibrium& e) {
     const double v = plotted_volume(c, e);
-    const bool isProduct = c.axes.y == Axis::pv;
-    c.add(e.p * c.PF, isProduct ? e.p * c.PF * v * c.VF : c.M / v, e.T);
+    const bool is_product = c.axes.y == Axis::pv;
+    c.add(e.p * c.p_factor, is_product ? e.p * c.p_factor * v * c.v_factor : c.M / v, e.T);
 }
 
 }  // namespace
@@ -145,13 +145,13 @@ void dome_over_p(CurveFrame& c) {
         add_over_p(c, e);
         T = e.T;
     };
-    const double step = 0.75 * c.dX;
-    const double end = (critical.p - kBelowCritical) * c.PF;
-    Steps loop = Steps::plain(c.xMin, end, step).within(c.xMin, c.xMax);
+    const double step = 0.75 * c.dx;
+    const double end = (critical.p - kBelowCritical) * c.p_factor;
+    Steps loop = Steps::plain(c.x_min, end, step).within(c.x_min, c.x_max);
     bool started = false;
     for (double x; loop.next(x);) {
-        const double p = std::fmax(x / c.PF, kLowest);
-        const double next = (x + step) / c.PF;
+        const double p = std::fmax(x / c.p_factor, kLowest);
+        const double next = (x + step) / c.p_factor;
         if (started || next <= p || x + step >= end) {
             add_at_pressure(p);
             started = true;
@@ -168,15 +168,15 @@ void dome_T_v(CurveFrame& c) {
     if (!critical.found) return;
     const auto add = [&](const Equilibrium& e) {
         const double v = plotted_volume(c, e);
-        c.add(c.axes.x == Axis::v ? v * c.VF : c.M / v, e.T * c.TF, e.p);
+        c.add(c.axes.x == Axis::v ? v * c.v_factor : c.M / v, e.T * c.T_factor, e.p);
     };
     // The liquid line is steep: it takes a quarter of the step.
-    double step = 2 * c.dY / c.TF;
-    if (c.request.vapourFraction < 0.5) step /= 4;
+    double step = 2 * c.dy / c.T_factor;
+    if (c.request.vapour_fraction < 0.5) step /= 4;
     add(critical);
     double p = 0;
-    Steps loop =
-        Steps::plain(critical.T - step, c.yMin / c.TF, -step).within(c.yMin / c.TF, c.yMax / c.TF);
+    Steps loop = Steps::plain(critical.T - step, c.y_min / c.T_factor, -step)
+                     .within(c.y_min / c.T_factor, c.y_max / c.T_factor);
     for (double T; loop.next(T);) {
         if (!(T > 0) || !c.is_real_at_T(T)) continue;
         const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
@@ -192,18 +192,18 @@ namespace {
 template <class Add>
 void walk_rho_T(CurveFrame& c, double step, Add add) {
     const Equilibrium critical = critical_point(c.fluid);
-    if (!(c.fluid.eos().vcritCalc > kPresent) || !critical.found) {
+    if (!(c.fluid.eos().vcrit_calculated > kPresent) || !critical.found) {
         c.set_status(CurveStatus::noCriticalVolume);
         return;
     }
-    c.add(critical.T * c.TF, c.M / c.fluid.eos().vcritCalc, critical.p);
+    c.add(critical.T * c.T_factor, c.M / c.fluid.eos().vcrit_calculated, critical.p);
     double p = 0;
-    Steps loop = Steps::plain(critical.T * c.TF, c.xMin, -step).within(c.xMin, c.xMax);
+    Steps loop = Steps::plain(critical.T * c.T_factor, c.x_min, -step).within(c.x_min, c.x_max);
     for (double x; loop.next(x);) {
-        const double T = x / c.TF;
+        const double T = x / c.T_factor;
         if (!(T > 0) || T >= critical.T || !c.is_real_at_T(T)) continue;
         const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
-        if (!e.found || e.vL <= e.state.eosB || e.p <= kPresent || e.vV <= kPresent) continue;
+        if (!e.found || e.vL <= e.state.b || e.p <= kPresent || e.vV <= kPresent) continue;
         add(e);
         p = e.p;
     }
@@ -213,9 +213,9 @@ void walk_rho_T(CurveFrame& c, double step, Add add) {
 }  // namespace
 
 void dome_rho_T(CurveFrame& c) {
-    walk_rho_T(c, c.dX, [&](const Equilibrium& e) {
-        c.add(e.T * c.TF, c.M / e.vL, e.p);
-        c.add(e.T * c.TF, c.M / e.vV, e.p);
+    walk_rho_T(c, c.dx, [&](const Equilibrium& e) {
+        c.add(e.T * c.T_factor, c.M / e.vL, e.p);
+        c.add(e.T * c.T_factor, c.M / e.vV, e.p);
     });
 }
 
@@ -223,9 +223,9 @@ void dome_rho_T(CurveFrame& c) {
 /// a nearly straight line.
 void rectilinear_diameter(CurveFrame& c) {
     constexpr double kLeastProduct = 5.00001;  // of the volumes, (m^3/kmol)^2
-    walk_rho_T(c, 3 * c.dX, [&](const Equilibrium& e) {
+    walk_rho_T(c, 3 * c.dx, [&](const Equilibrium& e) {
         if (e.vL * e.vV < kLeastProduct) return;
-        c.add(e.T * c.TF, 0.5 * (c.M / e.vL + c.M / e.vV), e.p);
+        c.add(e.T * c.T_factor, 0.5 * (c.M / e.vL + c.M / e.vV), e.p);
     });
 }
 

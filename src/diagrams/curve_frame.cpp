@@ -12,44 +12,46 @@ namespace quor::diagrams {
 
 using models::StateValues;
 
-CurveFrame::CurveFrame(const Basis& basisOfCurve, const CurveRequest& requestOfCurve,
+CurveFrame::CurveFrame(const Basis& basis_of_curve, const CurveRequest& request_of_curve,
                        CurvePoints room)
-    : basis(basisOfCurve),
-      request(requestOfCurve),
-      diagram(*requestOfCurve.curve),
-      axes(requestOfCurve.curve->x == Axis::none ? requestOfCurve.home() : *requestOfCurve.curve),
-      fluid(basisOfCurve.fluid),
-      substance(basisOfCurve.fluid.substance()),
-      options(requestOfCurve.options),
+    : basis(basis_of_curve),
+      request(request_of_curve),
+      diagram(*request_of_curve.curve),
+      axes(request_of_curve.curve->x == Axis::none ? request_of_curve.home()
+                                                   : *request_of_curve.curve),
+      fluid(basis_of_curve.fluid),
+      substance(basis_of_curve.fluid.substance()),
+      options(request_of_curve.options),
       result{.points = std::move(room)},
       points(result.points),
-      T(requestOfCurve.at.T),
-      p(requestOfCurve.at.p),
-      v(requestOfCurve.at.v),
-      xMin(static_cast<double>(requestOfCurve.window.xMin)),
-      xMax(static_cast<double>(requestOfCurve.window.xMax)),
-      yMin(static_cast<double>(requestOfCurve.window.yMin)),
-      yMax(static_cast<double>(requestOfCurve.window.yMax)) {
+      T(request_of_curve.at.T),
+      p(request_of_curve.at.p),
+      v(request_of_curve.at.v),
+      x_min(static_cast<double>(request_of_curve.window.x_min)),
+      x_max(static_cast<double>(request_of_curve.window.x_max)),
+      y_min(static_cast<double>(request_of_curve.window.y_min)),
+      y_max(static_cast<double>(request_of_curve.window.y_max)) {
     steps = std::max(1, options.points);
-    dX = (xMax - xMin) / steps;
-    dY = (yMax - yMin) / steps;
+    dx = (x_max - x_min) / steps;
+    dy = (y_max - y_min) / steps;
     points.clear();
 }
 
 void CurveFrame::prepare() {
-    TF = basis.TF();
-    PF = basis.PF();
-    VF = basis.VF();
+    T_factor = basis.T_factor();
+    p_factor = basis.p_factor();
+    v_factor = basis.v_factor();
     M = basis.M();
     if (T > 0) {
         // A caloric unit that cannot be had ends the curve before its first point.
         (void)caloric(T);
-        pLVCorr = models::vapour_pressure(substance, T, fluid.models().VPModel).p;
-        if (subcritical_T()) atT = equilibrium_at_T(fluid, T);
+        pLV_correlated = models::vapour_pressure(substance, T, fluid.models().vapour_pressure).p;
+        if (subcritical_T()) at_T = equilibrium_at_T(fluid, T);
     }
     if (p > 0) {
-        TLVCorr = models::boiling_temperature(substance, p, fluid.models().VPModel).T;
-        if (subcritical_p()) atP = equilibrium_at_p(fluid, p);
+        TLV_correlated =
+            models::boiling_temperature(substance, p, fluid.models().vapour_pressure).T;
+        if (subcritical_p()) at_p = equilibrium_at_p(fluid, p);
     }
     reference_ = basis.reference;
     models::settle_reference(reference_);
@@ -62,17 +64,17 @@ void CurveFrame::push(double x, double y, double z) {
 
 void CurveFrame::add(double x, double y, double z) {
     push(x, y, z);
-    if (x > xMin && x < xMax && y > yMin && y < yMax) outside_ = false;
+    if (x > x_min && x < x_max && y > y_min && y < y_max) outside_ = false;
 }
 
 void CurveFrame::add_tested_by_x(double x, double y, double z) {
     push(x, y, z);
-    if (x > xMin && x < xMax) outside_ = false;
+    if (x > x_min && x < x_max) outside_ = false;
 }
 
 void CurveFrame::add_tested_by_y(double x, double y, double z) {
     push(x, y, z);
-    if (y > yMin && y < yMax) outside_ = false;
+    if (y > y_min && y < y_max) outside_ = false;
 }
 
 bool CurveFrame::below_triple() {
@@ -92,7 +94,7 @@ bool CurveFrame::is_real_at_p(double pressure) {
 }
 
 std::optional<double> CurveFrame::pressure(double temperature, double volume) const {
-    models::EOSState state = models::eos_at(fluid, temperature);
+    models::EosState state = models::eos_at(fluid, temperature);
     const models::PressureResult r = models::pressure_from_Tv(fluid, temperature, volume, state);
     if (r.status != kSuccess || !std::isfinite(r.p)) return std::nullopt;
     return r.p;
@@ -100,9 +102,9 @@ std::optional<double> CurveFrame::pressure(double temperature, double volume) co
 
 double stable_volume_of(const models::StateTP& state) {
     if (state.status != kSuccess) return 0;
-    if (state.hasV != state.hasL) return state.hasV ? state.vV : state.vL;
+    if (state.has_V != state.has_L) return state.has_V ? state.vV : state.vL;
     // On the phase boundary within the tolerance of the solver the areas still tell the side.
-    if (state.hasV) return state.areaRatio < 0 ? state.vL : state.vV;
+    if (state.has_V) return state.area_ratio < 0 ? state.vL : state.vV;
     return state.v[0];
 }
 
@@ -117,8 +119,8 @@ models::StateValues CurveFrame::functions(double temperature, double pressure,
 
 std::optional<double> value_of(const models::StateValues& state, Function function) {
     if (!state.table.filled) return std::nullopt;
-    const bool isExergy = function == &StateValues::eH || function == &StateValues::eU;
-    if (state.status != kSuccess && isExergy) return std::nullopt;
+    const bool is_exergy = function == &StateValues::eH || function == &StateValues::eU;
+    if (state.status != kSuccess && is_exergy) return std::nullopt;
     if (function == &StateValues::cp && state.cp == 0) return std::nullopt;
     const double value = state.*function;
     if (!std::isfinite(value)) return std::nullopt;

@@ -14,7 +14,7 @@ namespace quor::diagrams {
 /// A kind of curve adds its points through it.
 class CurveFrame {
   public:
-    CurveFrame(const Basis& basisOfCurve, const CurveRequest& requestOfCurve, CurvePoints room);
+    CurveFrame(const Basis& basis_of_curve, const CurveRequest& request_of_curve, CurvePoints room);
 
     const Basis& basis;
     const CurveRequest& request;
@@ -28,13 +28,14 @@ class CurveFrame {
     CurvePoints& points;  ///< of the result
 
     const double T, p, v;  ///< state parameters, K, kPa, m^3/kmol
-    const double xMin, xMax, yMin, yMax;
-    int steps = 0;                    ///< points per curve
-    double dX = 0, dY = 0;            ///< a step in the window
-    double TF = 1, PF = 1, VF = 1;    ///< factors of the displayed units
-    double M = 0;                     ///< kg/kmol
-    double pLVCorr = 0, TLVCorr = 0;  ///< by the vapour pressure equation, 0 when there is none
-    Equilibrium atT, atP;             ///< of the EOS at T and at p, found or not
+    const double x_min, x_max, y_min, y_max;
+    int steps = 0;                                    ///< points per curve
+    double dx = 0, dy = 0;                            ///< a step in the window
+    double T_factor = 1, p_factor = 1, v_factor = 1;  ///< factors of the displayed units
+    double M = 0;                                     ///< kg/kmol
+    double pLV_correlated = 0,
+           TLV_correlated = 0;  ///< by the vapour pressure equation, 0 when there is none
+    Equilibrium at_T, at_p;     ///< of the EOS at T and at p, found or not
 
     /// Evaluates what the state parameters fix. May throw `faults::Fault`.
     void prepare();
@@ -53,14 +54,14 @@ class CurveFrame {
     bool is_real_at_p(double pressure);
     /// True when nothing below the triple point is drawn.
     bool real_range_only() const {
-        return options.realRangeOnly && fluid.models().EOSModel > models::Eos::idealGas;
+        return options.real_range_only && fluid.models().eos > models::Eos::idealGas;
     }
 
     bool subcritical_T() const { return T < substance.Tcrit; }
     bool subcritical_p() const { return p < substance.pcrit; }
-    bool vapour_only() const { return fluid.models().EOSOnlyV; }
+    bool vapour_only() const { return fluid.models().vapour_only; }
     /// The gas part of a V-only curve is all that is wanted.
-    bool partial_gas() const { return options.partialGas && vapour_only(); }
+    bool partial_gas() const { return options.partial_gas && vapour_only(); }
     /// The unstable and metastable branch is wanted.
     bool metastable() const { return request.branch == Branch::metastable; }
 

@@ -15,9 +15,9 @@ void add_state(CurveFrame& c, double T, double p, double v, double z) {
 }
 
 /// The two ends of the tie-line in the order in which the walk meets them.
-void add_tie_line(CurveFrame& c, const Equilibrium& e, bool towardsLiquid, double z) {
-    const double first = towardsLiquid ? e.vV : e.vL;
-    const double second = towardsLiquid ? e.vL : e.vV;
+void add_tie_line(CurveFrame& c, const Equilibrium& e, bool towards_liquid, double z) {
+    const double first = towards_liquid ? e.vV : e.vL;
+    const double second = towards_liquid ? e.vL : e.vV;
     add_state(c, e.T, e.p, first, z);
     add_state(c, e.T, e.p, second, z);
 }
@@ -29,10 +29,10 @@ void add_tie_line(CurveFrame& c, const Equilibrium& e, bool towardsLiquid, doubl
 /// come in between, so that the two-phase part is the straight line it is.
 void function_pairs(CurveFrame& c) {
     const bool isothermal = c.diagram.section == Section::isothermal;
-    double from = c.request.line.rangeStart;
-    double to = c.request.line.rangeEnd;
+    double from = c.request.line.range_start;
+    double to = c.request.line.range_end;
     if (from > to) std::swap(from, to);
-    const Equilibrium& e = isothermal ? c.atT : c.atP;
+    const Equilibrium& e = isothermal ? c.at_T : c.at_p;
     const double edge = isothermal ? e.p : e.T;
 
     bool before = false;  // a point was added on the lower side of the coexistence curve

@@ -47,7 +47,7 @@ struct ResidualOrdinate {
 struct HeatCapacityOrdinate {
     Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const models::CpResult ideal =
-            models::ideal_gas_cp(c.substance, c.fluid.models().CpModel, T);
+            models::ideal_gas_cp(c.substance, c.fluid.models().cp_form, T);
         const Ordinate residual = ResidualOrdinate{models::ResCp}(c, T, p, v);
         if (ideal.status != kSuccess || !residual) return std::nullopt;
         return ideal.cp * c.caloric(T) + *residual;
@@ -58,8 +58,8 @@ struct JouleThomsonOrdinate {
     Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const models::PhaseTable table =
             models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
-        const bool hasCp = models::ideal_gas_cp(c.substance, c.fluid.models().CpModel, T).cp > 0;
-        if (!table.filled || !hasCp) return std::nullopt;
+        const bool has_cp = models::ideal_gas_cp(c.substance, c.fluid.models().cp_form, T).cp > 0;
+        if (!table.filled || !has_cp) return std::nullopt;
         return table.residual[models::JouleThomson];
     }
 };
@@ -67,8 +67,8 @@ struct JouleThomsonOrdinate {
 // ---- the walk along an isobar
 
 double lower_temperature(const CurveFrame& c) {
-    const bool ends = c.partial_gas() && c.subcritical_p() && c.TLVCorr > 0;
-    return ends ? c.TLVCorr * c.TF : c.xMin;
+    const bool ends = c.partial_gas() && c.subcritical_p() && c.TLV_correlated > 0;
+    return ends ? c.TLV_correlated * c.T_factor : c.x_min;
 }
 
 template <class Y>
@@ -91,34 +91,34 @@ bool add_tie_line(CurveFrame& c, Y y, double x, const Equilibrium& e, double z) 
 /// The branch between v(L) and v(V) on the isobar, over T.
 template <class Y>
 void metastable_over_T(CurveFrame& c, Y y, double move) {
-    const Equilibrium& e = c.atP;
+    const Equilibrium& e = c.at_p;
     if (!e.found) return;
-    add_at(c, y, e.T * c.TF, e.T, e.p, e.vL, c.p);
-    double last = e.T * c.TF;
+    add_at(c, y, e.T * c.T_factor, e.T, e.p, e.vL, c.p);
+    double last = e.T * c.T_factor;
     Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
         const double T = models::temperature_from_p_rho(c.fluid, c.p, c.M / v, true).T;
-        if (!(T > 0) || std::fabs(T * c.TF - last) < move * c.dX) continue;
-        add_at(c, y, T * c.TF, T, c.p, v, c.p);
-        last = T * c.TF;
+        if (!(T > 0) || std::fabs(T * c.T_factor - last) < move * c.dx) continue;
+        add_at(c, y, T * c.T_factor, T, c.p, v, c.p);
+        last = T * c.T_factor;
     }
-    add_at(c, y, e.T * c.TF, e.T, e.p, e.vV, c.p);
+    add_at(c, y, e.T * c.T_factor, e.T, e.p, e.vV, c.p);
 }
 
 template <class Y>
 void isobar_with_crossing(CurveFrame& c, Y y) {
-    if (c.metastable() && c.atP.found) return metastable_over_T(c, y, kMetastableMove);
-    const Equilibrium& e = c.atP;
+    if (c.metastable() && c.at_p.found) return metastable_over_T(c, y, kMetastableMove);
+    const Equilibrium& e = c.at_p;
     bool crossed = !e.found;
-    Steps loop = Steps::clamped(c.xMax, lower_temperature(c), -c.dX);
+    Steps loop = Steps::clamped(c.x_max, lower_temperature(c), -c.dx);
     for (double x; loop.next(x);) {
-        double T = x / c.TF;
+        double T = x / c.T_factor;
         if (!(T > 0) || !c.is_real_at_T(T)) continue;
-        if (!crossed && std::fabs(x - e.T * c.TF) < c.dX) {
+        if (!crossed && std::fabs(x - e.T * c.T_factor) < c.dx) {
             crossed = true;
-            if (add_tie_line(c, y, e.T * c.TF, e, c.p)) T = e.T - kBelowEdge;
+            if (add_tie_line(c, y, e.T * c.T_factor, e, c.p)) T = e.T - kBelowEdge;
         }
-        add_at(c, y, T * c.TF, T, c.p, c.stable_volume(T, c.p), c.p);
+        add_at(c, y, T * c.T_factor, T, c.p, c.stable_volume(T, c.p), c.p);
     }
     c.sort_by_x();
 }
@@ -126,9 +126,9 @@ void isobar_with_crossing(CurveFrame& c, Y y) {
 /// Isobars that do not place the ends of the tie-line.
 template <class Y>
 void plain_isobar(CurveFrame& c, Y y) {
-    Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX);
+    Steps loop = Steps::plain(c.x_max, c.x_min, -c.dx);
     for (double x; loop.next(x);) {
-        const double T = x / c.TF;
+        const double T = x / c.T_factor;
         if (!(T > 0) || !c.is_real_at_T(T)) continue;
         const double v = c.stable_volume(T, c.p);
         if (!(v > 0)) continue;
@@ -139,9 +139,9 @@ void plain_isobar(CurveFrame& c, Y y) {
 /// Along the isochore of the request, until the pressure of the EOS falls to 0.
 template <class Y>
 void isochore(CurveFrame& c, Y y) {
-    Steps loop = Steps::clamped(c.xMax, c.xMin, -c.dX);
+    Steps loop = Steps::clamped(c.x_max, c.x_min, -c.dx);
     for (double x; loop.next(x);) {
-        const double T = x / c.TF;
+        const double T = x / c.T_factor;
         if (!(T > 0)) break;
         if (!c.is_real_at_T(T)) continue;
         const auto p = c.pressure(T, c.v);
@@ -156,37 +156,38 @@ void isochore(CurveFrame& c, Y y) {
 
 template <class Y>
 void metastable_over_p(CurveFrame& c, Y y) {
-    const Equilibrium& e = c.atT;
+    const Equilibrium& e = c.at_T;
     if (!e.found) return;
-    add_at(c, y, e.p * c.PF, c.T, e.p, e.vL, c.T);
-    double last = e.p * c.PF;
+    add_at(c, y, e.p * c.p_factor, c.T, e.p, e.vL, c.T);
+    double last = e.p * c.p_factor;
     Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
         const double p = models::cubic_pressure(e.state, c.T, v);
         // The caloric functions take ln p: there is no value on the part under tension.
-        if (!(p > 0) || std::fabs(p * c.PF - last) < kMetastableMove * c.dX) continue;
-        add_at(c, y, p * c.PF, c.T, p, v, c.T);
-        last = p * c.PF;
+        if (!(p > 0) || std::fabs(p * c.p_factor - last) < kMetastableMove * c.dx) continue;
+        add_at(c, y, p * c.p_factor, c.T, p, v, c.T);
+        last = p * c.p_factor;
     }
-    add_at(c, y, e.p * c.PF, c.T, e.p, e.vV, c.T);
+    add_at(c, y, e.p * c.p_factor, c.T, e.p, e.vV, c.T);
 }
 
 template <class Y>
 void isotherm_with_crossing(CurveFrame& c, Y y) {
-    if (c.metastable() && c.atT.found) return metastable_over_p(c, y);
-    const Equilibrium& e = c.atT;
-    const bool ends = c.partial_gas() && c.subcritical_T() && c.pLVCorr > 0;
-    const double upper = ends ? c.pLVCorr * c.PF : c.xMax;
-    const double lower = c.xMin > 0 ? c.xMin : 0.1 * c.PF;
+    if (c.metastable() && c.at_T.found) return metastable_over_p(c, y);
+    const Equilibrium& e = c.at_T;
+    const bool ends = c.partial_gas() && c.subcritical_T() && c.pLV_correlated > 0;
+    const double upper = ends ? c.pLV_correlated * c.p_factor : c.x_max;
+    const double lower = c.x_min > 0 ? c.x_min : 0.1 * c.p_factor;
     bool crossed = !e.found;
-    Steps loop = Steps::clamped(upper, lower, -c.dX);
+    Steps loop = Steps::clamped(upper, lower, -c.dx);
     for (double x; loop.next(x);) {
-        double p = x / c.PF;
-        if (!crossed && std::fabs(x - e.p * c.PF) < c.dX) {
+        double p = x / c.p_factor;
+        if (!crossed && std::fabs(x - e.p * c.p_factor) < c.dx) {
             crossed = true;
-            if (add_tie_line(c, y, e.p * c.PF, e, c.T)) p = std::fmax(e.p - kBelowEdge, 0.5 * e.p);
+            if (add_tie_line(c, y, e.p * c.p_factor, e, c.T))
+                p = std::fmax(e.p - kBelowEdge, 0.5 * e.p);
         }
-        add_at(c, y, p * c.PF, c.T, p, c.stable_volume(c.T, p), c.T);
+        add_at(c, y, p * c.p_factor, c.T, p, c.stable_volume(c.T, p), c.T);
     }
 }
 
@@ -202,30 +203,30 @@ void add_over_v(CurveFrame& c, Y y, double v) {
     const auto p = c.pressure(c.T, v);
     if (!p) return;
     const double positive = positive_pressure(*p);
-    if (const Ordinate value = y(c, c.T, positive, v)) c.add(v * c.VF, *value, positive);
+    if (const Ordinate value = y(c, c.T, positive, v)) c.add(v * c.v_factor, *value, positive);
 }
 
 template <class Y>
 void isotherm_over_v(CurveFrame& c, Y y) {
-    const Equilibrium& e = c.atT;
-    const double step = 0.5 * c.dX;
+    const Equilibrium& e = c.at_T;
+    const double step = 0.5 * c.dx;
     if (c.metastable() && e.found) {
-        const double low = e.vL * c.VF, high = e.vV * c.VF;
+        const double low = e.vL * c.v_factor, high = e.vV * c.v_factor;
         Steps loop = Steps::clamped(low, high, std::fmax(step, (high - low) / kVolumeSteps));
-        for (double x; loop.next(x);) add_over_v(c, y, x / c.VF);
+        for (double x; loop.next(x);) add_over_v(c, y, x / c.v_factor);
         return;
     }
-    const double covolume = c.vapour_only() ? 0 : models::eos_at(c.fluid, c.T).eosB;
-    Steps loop = Steps::clamped(c.xMin, c.xMax, step);
+    const double covolume = c.vapour_only() ? 0 : models::eos_at(c.fluid, c.T).b;
+    Steps loop = Steps::clamped(c.x_min, c.x_max, step);
     for (double x; loop.next(x);) {
-        const double v = x / c.VF;
+        const double v = x / c.v_factor;
         if (v <= covolume) continue;
         if (e.found && v > e.vL && v < e.vV) continue;
         add_over_v(c, y, v);
     }
     if (!e.found) return;
     for (const double v : {e.vL, e.vV})
-        if (const Ordinate value = y(c, c.T, e.p, v)) c.add(v * c.VF, *value, e.p);
+        if (const Ordinate value = y(c, c.T, e.p, v)) c.add(v * c.v_factor, *value, e.p);
     c.sort_by_x();
 }
 
@@ -260,7 +261,7 @@ void functions_of_v(CurveFrame& c) {
 
 void heat_capacity(CurveFrame& c) {
     const HeatCapacityOrdinate y;
-    if (c.metastable() && c.atP.found) return metastable_over_T(c, y, 1.0);
+    if (c.metastable() && c.at_p.found) return metastable_over_T(c, y, 1.0);
     plain_isobar(c, y);
 }
 

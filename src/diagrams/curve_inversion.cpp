@@ -39,17 +39,17 @@ double scale_of_steps(const CurveFrame& c) {
 /// other there is.
 bool vanishes(const CurveFrame& c, double numerator, double T) {
     constexpr double kZero = 1e-6;
-    return std::fabs(numerator) < kZero * models::eos_at(c.fluid, T).eosB;
+    return std::fabs(numerator) < kZero * models::eos_at(c.fluid, T).b;
 }
 
 /// Halves the bracket of a change of sign.
-std::optional<double> halved(const CurveFrame& c, double p, double a, double b, double atA) {
+std::optional<double> halved(const CurveFrame& c, double p, double a, double b, double at_A) {
     constexpr int kHalvings = 60;
     for (int i = 0; i < kHalvings; ++i) {
         const double middle = 0.5 * (a + b);
         const auto value = stable_throttling(c, middle, p);
         if (!value) return std::nullopt;
-        if (std::signbit(*value) == std::signbit(atA)) {
+        if (std::signbit(*value) == std::signbit(at_A)) {
             a = middle;
         } else {
             b = middle;
@@ -86,7 +86,7 @@ std::optional<double> find_inversion_temperature(const CurveFrame& c, double p,
 
 void add_inversion(CurveFrame& c, double p, double T) {
     const double v = c.stable_volume(T, p);
-    c.add(p * c.PF, p * c.PF * v * c.VF, T);
+    c.add(p * c.p_factor, p * c.p_factor * v * c.v_factor, T);
 }
 
 /// The temperature from which the upper branch starts: the gas inversion temperature at low p.
@@ -95,10 +95,10 @@ double upper_start(const CurveFrame& c) {
     constexpr double kBetween = 50;
     constexpr int kTries = 50;
     const double Tcrit = c.substance.Tcrit;
-    const double walkingStep = -10 * scale_of_steps(c);
+    const double walking_step = -10 * scale_of_steps(c);
     const double first = Tcrit < 200 ? 400 : 5 * Tcrit;
     const auto search_from = [&](double start) {
-        return find_inversion_temperature(c, kLowPressure, {start, walkingStep, 1, 2 * start});
+        return find_inversion_temperature(c, kLowPressure, {start, walking_step, 1, 2 * start});
     };
     for (int i = 0; i < kTries; ++i) {
         const double start = first - i * kBetween;
@@ -113,7 +113,7 @@ double upper_start(const CurveFrame& c) {
         start *= kFurther;
         const auto value = stable_throttling(c, start, kLowPressure);
         if (!value || *value >= 0) continue;
-        const double step = std::fmin(walkingStep, -start / 100);
+        const double step = std::fmin(walking_step, -start / 100);
         const auto T = find_inversion_temperature(c, kLowPressure, {start, step, 1, 2 * start});
         return T.value_or(0);
     }
@@ -130,10 +130,10 @@ void inversion_pv_p(CurveFrame& c) {
     if (!(T > 0)) return;
 
     const auto pressure_of = [&](double x) {
-        const double p = x / c.PF;
+        const double p = x / c.p_factor;
         return p < kPresent ? kLowest : p;
     };
-    Steps up = Steps::plain(c.xMin, c.xMax, 2 * c.dX);
+    Steps up = Steps::plain(c.x_min, c.x_max, 2 * c.dx);
     for (double x; up.next(x);) {
         const double p = pressure_of(x);
         const Search search{1.3 * T, -10 * scale, 1, 1.5 * T};
@@ -144,11 +144,11 @@ void inversion_pv_p(CurveFrame& c) {
     }
     const double highest = 4 * c.substance.Tcrit;
     const double lowest = 10 * scale;
-    const Search fromBelow{lowest, std::fmax(5 * scale, highest / 300), 0.5 * lowest, highest};
-    Steps down = Steps::plain(c.xMax, c.xMin, -2 * c.dX);
+    const Search from_below{lowest, std::fmax(5 * scale, highest / 300), 0.5 * lowest, highest};
+    Steps down = Steps::plain(c.x_max, c.x_min, -2 * c.dx);
     for (double x; down.next(x);) {
         const double p = pressure_of(x);
-        if (const auto found = find_inversion_temperature(c, p, fromBelow))
+        if (const auto found = find_inversion_temperature(c, p, from_below))
             add_inversion(c, p, *found);
     }
 }
@@ -157,9 +157,9 @@ namespace {
 
 /// The volume of the liquid, stable or not, below Tcrit, and of the fluid above.
 double dense_volume(const CurveFrame& c, double T, double p) {
-    const models::EOSState state = models::eos_at(c.fluid, T);
+    const models::EosState state = models::eos_at(c.fluid, T);
     const models::CubicRoots roots = models::solve_cubic(state, T, p);
-    return roots.status == kSuccess && roots.v[0] > state.eosB ? roots.v[0] : 0;
+    return roots.status == kSuccess && roots.v[0] > state.b ? roots.v[0] : 0;
 }
 
 std::optional<double> dense_throttling(const CurveFrame& c, double T, double p) {
@@ -236,19 +236,19 @@ void inversion_p_T(CurveFrame& c) {
     constexpr double kLowestT = 0.5;  // K
     if (c.vapour_only()) return;
     double p = 0, above = 0;
-    Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX / 3);
+    Steps loop = Steps::plain(c.x_max, c.x_min, -c.dx / 3);
     for (double x; loop.next(x);) {
-        const double T = x / c.TF < kPresent ? kLowestT : x / c.TF;
+        const double T = x / c.T_factor < kPresent ? kLowestT : x / c.T_factor;
         double found = p > 0 ? find_inversion_pressure(c, T, p) : 0;
         if (!(found > 0)) found = scan_inversion_pressure(c, T);
         const double pLV = T < c.substance.Tcrit ? equilibrium_at_T(c.fluid, T).p : 0;
         if (found > pLV) {
             p = found;
             above = T;
-            c.add(T * c.TF, p * c.PF, dense_volume(c, T, p));
+            c.add(T * c.T_factor, p * c.p_factor, dense_volume(c, T, p));
         } else if (above > 0 && pLV > 0) {
             const Equilibrium end = meeting_point(c, T, above);
-            if (end.found) c.add(end.T * c.TF, end.p * c.PF, end.vL);
+            if (end.found) c.add(end.T * c.T_factor, end.p * c.p_factor, end.vL);
             break;
         }
     }

@@ -33,11 +33,11 @@ double volume_of_phase(const CurveFrame& c, double T, double p) {
     if (state.status != kSuccess) return 0;
     if (c.vapour_only()) return state.vV;
     const bool vapour = c.request.line.vapour;
-    return state.nRoots == 3 && vapour ? state.v[2] : state.v[0];
+    return state.root_count == 3 && vapour ? state.v[2] : state.v[0];
 }
 
 Steps range(const CurveFrame& c, double share) {
-    const double from = c.request.line.rangeStart, to = c.request.line.rangeEnd;
+    const double from = c.request.line.range_start, to = c.request.line.range_end;
     return Steps::clamped(from, to, share * (to - from) / c.steps);
 }
 
@@ -79,15 +79,15 @@ double held_value(Held held, double v, const StateValues& functions) {
 /// Over the tie-lines of the range, from a saturated state at its start: the vapour fraction
 /// follows from the quantity that the line holds.
 void heterogeneous_line(CurveFrame& c, Held held) {
-    const bool overT = c.request.line.rangeIsT;
+    const bool over_T = c.request.line.range_is_T;
     const auto equilibrium = [&](double running, double near) {
-        return overT ? equilibrium_at_T(c.fluid, running, near)
-                     : equilibrium_at_p(c.fluid, running, near);
+        return over_T ? equilibrium_at_T(c.fluid, running, near)
+                      : equilibrium_at_p(c.fluid, running, near);
     };
     const auto sides = [&](const Equilibrium& e) {
         return std::array<StateValues, 2>{c.functions(e.T, e.p, e.vL), c.functions(e.T, e.p, e.vV)};
     };
-    const Equilibrium start = equilibrium(overT ? c.request.line.T1 : c.request.line.p1, 0);
+    const Equilibrium start = equilibrium(over_T ? c.request.line.T1 : c.request.line.p1, 0);
     if (!start.found) return end_line(c, true);
     const bool vapour = c.request.line.vapour;
     const double fixed =
@@ -102,7 +102,7 @@ void heterogeneous_line(CurveFrame& c, Held held) {
             stopped = true;
             break;
         }
-        near = overT ? e.p : e.T;
+        near = over_T ? e.p : e.T;
         const auto [L, V] = sides(e);
         const double low = held_value(held, e.vL, L), high = held_value(held, e.vV, V);
         // At the start the state lies on the edge of the dome, within rounding.
@@ -162,7 +162,7 @@ void process_isochore(CurveFrame& c) {
     bool stopped = false;
     Steps loop = range(c, 1.0);
     for (double running; loop.next(running);) {
-        if (c.request.line.rangeIsT) {
+        if (c.request.line.range_is_T) {
             const auto p = c.pressure(running, v);
             if (p && *p > 0) add_state(c, running, *p, v);
             continue;
@@ -188,19 +188,19 @@ void process_isoline(CurveFrame& c) {
     const auto fixed = v1 > 0 ? value_of(c.functions(T1, p1, v1), function) : std::nullopt;
     if (!fixed) return end_line(c, true);
 
-    const bool overT = c.request.line.rangeIsT;
+    const bool over_T = c.request.line.range_is_T;
     double T = T1, p = p1;
     bool stopped = false;
-    Steps loop = range(c, overT ? 0.4 : 0.8);
+    Steps loop = range(c, over_T ? 0.4 : 0.8);
     for (double running; loop.next(running);) {
-        const double found = overT ? solve_isoline_pressure(c, function, running, *fixed, p)
-                                   : solve_isoline(c, function, running, *fixed, T);
+        const double found = over_T ? solve_isoline_pressure(c, function, running, *fixed, p)
+                                    : solve_isoline(c, function, running, *fixed, T);
         if (!(found > 0)) {
             stopped = true;
             break;
         }
-        T = overT ? running : found;
-        p = overT ? found : running;
+        T = over_T ? running : found;
+        p = over_T ? found : running;
         // The volume is that of the phase in which the search found the value.
         const double v = c.stable_volume(T, p);
         if (v > 0) add_state(c, T, p, v);
@@ -212,7 +212,7 @@ namespace {
 
 /// The states that the polytropic program has given.
 void draw_answer(CurveFrame& c) {
-    for (const PolytropicPoint& point : c.request.line.polytropicPoints) {
+    for (const PolytropicPoint& point : c.request.line.polytropic_points) {
         if (!std::isfinite(point.T) || !std::isfinite(point.p)) continue;
         const double v = volume_of_phase(c, point.T, point.p);
         if (v > 0) add_state(c, point.T, point.p, v);
@@ -226,24 +226,24 @@ void draw_answer(CurveFrame& c) {
 /// asked, else the same line by the EOS itself.
 void process_polytropic(CurveFrame& c) {
     constexpr double kRatioOfOne = 1.00001, kRatioOfNone = 0.00001;
-    if (!c.request.line.polytropicPoints.empty()) return draw_answer(c);
+    if (!c.request.line.polytropic_points.empty()) return draw_answer(c);
 
-    const double n = c.request.line.polytropicExponent;
+    const double n = c.request.line.polytropic_exponent;
     const double T1 = c.request.line.T1, p1 = c.request.line.p1;
     const double v1 = volume_of_phase(c, T1, p1);
     if (!(v1 > 0)) return end_line(c, true);
-    const bool overT = c.request.line.rangeIsT;
+    const bool over_T = c.request.line.range_is_T;
 
     // Over T the exponent fixes v by one equation in v alone, between neighbouring volumes.
     const auto volume_at_T = [&](double T, double near) {
         double v = near;
         for (int i = 0; i < 100; ++i) {
             const auto p = c.pressure(T, v);
-            const auto pNext = c.pressure(T, v * kRatioOfOne);
-            if (!p || !pNext || !(*p > 0) || !(*pNext > 0)) return 0.0;
+            const auto p_next = c.pressure(T, v * kRatioOfOne);
+            if (!p || !p_next || !(*p > 0) || !(*p_next > 0)) return 0.0;
             const double f = std::log(*p / p1) + n * std::log(v / v1);
-            const double fNext = std::log(*pNext / p1) + n * std::log(v * kRatioOfOne / v1);
-            const double slope = (fNext - f) / std::log(kRatioOfOne);
+            const double f_next = std::log(*p_next / p1) + n * std::log(v * kRatioOfOne / v1);
+            const double slope = (f_next - f) / std::log(kRatioOfOne);
             if (std::fabs(slope) < kRatioOfNone) return 0.0;
             const double step = -f / slope;
             if (!(std::fabs(step) < 1)) return 0.0;
@@ -257,7 +257,7 @@ void process_polytropic(CurveFrame& c) {
     Steps loop = range(c, 1.5);
     for (double running; loop.next(running);) {
         double T = running, p = running;
-        if (overT) {
+        if (over_T) {
             v = volume_at_T(T, v);
             p = v > 0 ? c.pressure(T, v).value_or(0) : 0;
         } else {

@@ -32,7 +32,7 @@ BothPhases functions_at(const CurveFrame& c, const Equilibrium& e) {
 /// for one phase only.
 std::optional<double> fraction_value(const CurveFrame& c, const Equilibrium& e,
                                      const BothPhases& both, Function function) {
-    const double x = c.request.vapourFraction;
+    const double x = c.request.vapour_fraction;
     const auto L = value_of(both.L, function);
     const auto V = value_of(both.V, function);
     const double factor = c.caloric(e.T);
@@ -53,7 +53,7 @@ void saturation_functions_over_p(CurveFrame& c) {
     if (!critical.found) return;
     const Function function = function_of(c.axes.y);
     const auto add = [&](const Equilibrium& e) {
-        if (const auto y = fraction_value(c, e, function)) c.add(e.p * c.PF, *y, e.T);
+        if (const auto y = fraction_value(c, e, function)) c.add(e.p * c.p_factor, *y, e.T);
     };
     double T = 0;
     const auto add_at_pressure = [&](double p) {
@@ -65,17 +65,18 @@ void saturation_functions_over_p(CurveFrame& c) {
     };
 
     constexpr double kLowest = 0.05;  // kPa, instead of a lower limit at or below 0
-    const double top = critical.p * c.PF;
-    if (top > c.xMin && top < c.xMax && is_finite_at_critical_point(function)) add(critical);
-    const double lowest = c.xMin + 0.5 * c.dX;  // the last pass is replaced by the foot
-    double above = c.xMax;
-    Steps loop = Steps::plain(c.xMax, lowest, -c.dX);
+    const double top = critical.p * c.p_factor;
+    if (top > c.x_min && top < c.x_max && is_finite_at_critical_point(function)) add(critical);
+    const double lowest = c.x_min + 0.5 * c.dx;  // the last pass is replaced by the foot
+    double above = c.x_max;
+    Steps loop = Steps::plain(c.x_max, lowest, -c.dx);
     for (double x; loop.next(x);) {
-        if (x / c.PF <= end_of_dome(c)) break;
-        add_at_pressure(x / c.PF);
+        if (x / c.p_factor <= end_of_dome(c)) break;
+        add_at_pressure(x / c.p_factor);
         above = x;
     }
-    const DomeFoot foot = foot_of_dome(c, c.xMin > 0 ? c.xMin / c.PF : kLowest, above / c.PF);
+    const DomeFoot foot =
+        foot_of_dome(c, c.x_min > 0 ? c.x_min / c.p_factor : kLowest, above / c.p_factor);
     for (auto p = foot.rbegin(); p != foot.rend(); ++p) add_at_pressure(*p);
 }
 
@@ -84,14 +85,14 @@ void saturation_functions_over_T(CurveFrame& c) {
     if (!critical.found) return;
     const Function function = function_of(c.axes.y);
     const auto add = [&](const Equilibrium& e) {
-        if (const auto y = fraction_value(c, e, function)) c.add(e.T * c.TF, *y, e.p);
+        if (const auto y = fraction_value(c, e, function)) c.add(e.T * c.T_factor, *y, e.p);
     };
-    const double top = critical.T * c.TF;
-    if (top > c.xMin && top < c.xMax && is_finite_at_critical_point(function)) add(critical);
+    const double top = critical.T * c.T_factor;
+    if (top > c.x_min && top < c.x_max && is_finite_at_critical_point(function)) add(critical);
     double p = 0;
-    Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX);
+    Steps loop = Steps::plain(c.x_max, c.x_min, -c.dx);
     for (double x; loop.next(x);) {
-        const double T = x / c.TF;
+        const double T = x / c.T_factor;
         if (!(T > 0) || T >= critical.T || !c.is_real_at_T(T)) continue;
         const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
         if (!e.found || e.p < kPresent) continue;
@@ -123,12 +124,12 @@ void saturation_functions_over_v(CurveFrame& c) {
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
     const Function function = function_of(c.axes.y);
-    const double fraction = c.request.vapourFraction;
+    const double fraction = c.request.vapour_fraction;
     const bool magnitude = function == &StateValues::cv;
     const auto add = [&](const Equilibrium& e) {
         const auto y = fraction_value(c, e, function);
         if (!y) return;
-        c.add(at_fraction(e.vL, e.vV, fraction) * c.VF, magnitude ? std::fabs(*y) : *y, e.T);
+        c.add(at_fraction(e.vL, e.vV, fraction) * c.v_factor, magnitude ? std::fabs(*y) : *y, e.T);
     };
 
     // From the critical point down, so that the walk can end where the vapour leaves the diagram.
@@ -141,8 +142,8 @@ void saturation_functions_over_v(CurveFrame& c) {
         const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
         if (!e.found) continue;
         p = e.p;
-        const double least = kAboveCovolume * e.state.eosB;
-        if (e.vV * c.VF > kBeyondWindow * c.xMax || e.vL <= least || e.vV <= least) break;
+        const double least = kAboveCovolume * e.state.b;
+        if (e.vV * c.v_factor > kBeyondWindow * c.x_max || e.vL <= least || e.vV <= least) break;
         add(e);
     }
     std::reverse(c.points.begin(), c.points.end());
@@ -156,18 +157,18 @@ void saturation_function_pairs(CurveFrame& c) {
     constexpr double kStep = 0.3;     // of a step of the limits of p
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
-    const Function xFunction = function_of(c.axes.x), yFunction = function_of(c.axes.y);
+    const Function x_function = function_of(c.axes.x), y_function = function_of(c.axes.y);
     const double scale = c.axes.x == Axis::Tenvs ? c.basis.reference.Tenv : 1.0;
     const auto add = [&](const Equilibrium& e) {
         const BothPhases both = functions_at(c, e);
-        const auto x = fraction_value(c, e, both, xFunction);
-        const auto y = fraction_value(c, e, both, yFunction);
+        const auto x = fraction_value(c, e, both, x_function);
+        const auto y = fraction_value(c, e, both, y_function);
         if (x && y) c.add(*x * scale, *y, e.p);
     };
     // T comes from the vapour pressure equation, the state from the EOS at this T; without an
     // equation the EOS gives both.
     const auto add_at_pressure = [&](double p) {
-        double T = models::boiling_temperature(c.substance, p, c.fluid.models().VPModel).T;
+        double T = models::boiling_temperature(c.substance, p, c.fluid.models().vapour_pressure).T;
         if (!(T > 0)) T = equilibrium_at_p(c.fluid, p).T;
         if (T < kPresent || T >= critical.T || !c.is_real_at_T(T)) return;
         const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
@@ -175,8 +176,8 @@ void saturation_function_pairs(CurveFrame& c) {
     };
 
     const CurveRequest& r = c.request;
-    const double low = r.pMin > 0 ? static_cast<double>(r.pMin) / c.PF : kLowest;
-    const double high = static_cast<double>(r.pMax) / c.PF;
+    const double low = r.p_min > 0 ? static_cast<double>(r.p_min) / c.p_factor : kLowest;
+    const double high = static_cast<double>(r.p_max) / c.p_factor;
     const double step = kStep * (high - low) / c.steps;
     Steps loop = Steps::plain(low, high, step);
     bool started = false;

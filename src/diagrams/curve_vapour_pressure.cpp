@@ -16,19 +16,19 @@ namespace {
 /// p(LV) at T/K by the EOS or by the equation; 0 where there is none. `near` is a close pressure.
 double saturation_pressure(const CurveFrame& c, double T, double near) {
     const models::ModelSelection& m = c.fluid.models();
-    if (m.PriorityCEOS && !m.EOSOnlyV) return equilibrium_at_T(c.fluid, T, near).p;
-    return models::vapour_pressure(c.substance, T, m.VPModel).p;
+    if (m.eos_has_priority && !m.vapour_only) return equilibrium_at_T(c.fluid, T, near).p;
+    return models::vapour_pressure(c.substance, T, m.vapour_pressure).p;
 }
 
 /// Passes over 1/T from the critical point; gives T/K to the body.
 template <class Body>
 void over_inverse_T(CurveFrame& c, Body body) {
-    const double start = 1 / (c.TF * c.substance.Tcrit);
-    Steps loop = Steps::plain(start, c.xMax, c.dX).within(c.xMin, c.xMax);
+    const double start = 1 / (c.T_factor * c.substance.Tcrit);
+    Steps loop = Steps::plain(start, c.x_max, c.dx).within(c.x_min, c.x_max);
     bool first = true;
     for (double x; loop.next(x);) {
         // The first pass is the critical temperature itself, not its rounded reciprocal.
-        const double T = first && x == start ? c.substance.Tcrit : 1 / (c.TF * x);
+        const double T = first && x == start ? c.substance.Tcrit : 1 / (c.T_factor * x);
         first = false;
         body(x, T);
     }
@@ -38,13 +38,13 @@ void over_inverse_T(CurveFrame& c, Body body) {
 
 void vapour_pressure_p_T(CurveFrame& c) {
     double p = 0;
-    const double start = c.substance.Tcrit * c.TF;
-    Steps loop = Steps::plain(start, c.xMin, -c.dX).within(c.xMin, c.xMax);
+    const double start = c.substance.Tcrit * c.T_factor;
+    Steps loop = Steps::plain(start, c.x_min, -c.dx).within(c.x_min, c.x_max);
     for (double x; loop.next(x);) {
-        const double T = x == start ? c.substance.Tcrit : x / c.TF;
+        const double T = x == start ? c.substance.Tcrit : x / c.T_factor;
         if (!(T > 0)) break;
         p = saturation_pressure(c, T, p);
-        if (p > kPresent) c.add(x, p * c.PF, 0);
+        if (p > kPresent) c.add(x, p * c.p_factor, 0);
     }
     c.sort_by_x();
 }
@@ -54,7 +54,7 @@ void vapour_pressure_logarithmic(CurveFrame& c) {
     double p = 0;
     over_inverse_T(c, [&](double x, double T) {
         p = saturation_pressure(c, T, p);
-        if (p > kLowest) c.add(x, std::log(p * c.PF), 0);
+        if (p > kLowest) c.add(x, std::log(p * c.p_factor), 0);
     });
 }
 
@@ -63,39 +63,39 @@ void vapour_pressure_slope(CurveFrame& c) {
     using enum models::VapourPressureEquation;
     constexpr std::array kWithMaximum = {frostKalkwarf, wagner, frostVanDerWaals,
                                          frostRedlichKwong};
-    const models::VapourPressureEquation code = c.fluid.models().VPModel;
+    const models::VapourPressureEquation code = c.fluid.models().vapour_pressure;
 
-    double largest = kBelowAll, xLargest = 0;
+    double largest = kBelowAll, x_largest = 0;
     over_inverse_T(c, [&](double x, double T) {
         const models::SlopeResult r = models::vapour_pressure_slope(c.substance, T, code);
         if (r.status != kSuccess) return;
         c.add(x, r.slope, 0);
         if (r.slope <= largest) return;
         largest = r.slope;
-        xLargest = x;
+        x_largest = x;
     });
 
     const bool told =
         std::find(kWithMaximum.begin(), kWithMaximum.end(), code) != kWithMaximum.end();
-    if (!told || !(xLargest > c.xMin) || largest > c.yMax) return;
-    c.result.TOfMaximum = 1 / (c.TF * xLargest);
+    if (!told || !(x_largest > c.x_min) || largest > c.y_max) return;
+    c.result.T_of_maximum = 1 / (c.T_factor * x_largest);
 }
 
 void heat_of_vaporisation(CurveFrame& c) {
     const models::ModelSelection& m = c.fluid.models();
     const models::VaporisationMethod method{
-        .model = m.HLVModel, .vpCode = m.VPModel, .reference = c.basis.benson};
-    bool hasPressure = false;
-    Steps loop = Steps::plain(c.xMax, c.xMin, -c.dX);
+        .model = m.vaporisation, .equation = m.vapour_pressure, .reference = c.basis.benson};
+    bool has_pressure = false;
+    Steps loop = Steps::plain(c.x_max, c.x_min, -c.dx);
     for (double x; loop.next(x);) {
-        const double T = x / c.TF;
+        const double T = x / c.T_factor;
         if (!(T > 0) || T > c.substance.Tcrit || !c.is_real_at_T(T)) continue;
         const auto r = models::enthalpy_of_vaporisation(c.fluid, method, T, 0);
         if (r.status != kSuccess) continue;
-        hasPressure = hasPressure || r.p > 0;
+        has_pressure = has_pressure || r.p > 0;
         c.add(x, r.h * c.caloric(T), r.p > 0 ? r.p : 0);
     }
-    c.result.parameter = hasPressure ? Parameter::p : Parameter::none;
+    c.result.parameter = has_pressure ? Parameter::p : Parameter::none;
     c.sort_by_x();
 }
 

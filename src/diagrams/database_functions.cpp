@@ -60,14 +60,14 @@ Validity density_range(std::int16_t low, std::int16_t high, float value, float t
 
 Validity pressure_range(const SubstanceRecord& s, models::VapourPressureEquation equation) {
     using enum models::VapourPressureEquation;
-    if (equation == frostKalkwarf) return range(s.FRO.TLo, s.FRO.THi);
-    if (equation == wagner) return range(s.WAG.TLo, s.WAG.THi);
-    if (equation == antoineLow) return range(s.ALP.TLo, s.ALP.THi);
-    return range(s.AHP.TLo, s.AHP.THi);
+    if (equation == frostKalkwarf) return range(s.frost.T_low, s.frost.T_high);
+    if (equation == wagner) return range(s.wagner.T_low, s.wagner.T_high);
+    if (equation == antoineLow) return range(s.antoine_low.T_low, s.antoine_low.T_high);
+    return range(s.antoine_high.T_low, s.antoine_high.T_high);
 }
 
 Validity cp_range(const models::CpSet& set) {
-    return range(set.TLo, set.THi);
+    return range(set.T_low, set.T_high);
 }
 
 /// The value at an end of the validity. A whole kelvin may lie beyond the critical temperature of
@@ -77,7 +77,7 @@ std::optional<double> end_value(const Diagram& diagram, const Basis& basis, doub
     if (const auto value = database_value(diagram, basis, T)) return value;
     const SubstanceRecord& s = basis.fluid.substance();
     double top = s.Tcrit;
-    if (const auto Tset = static_cast<double>(s.WAG.a[8]);
+    if (const auto Tset = static_cast<double>(s.wagner.a[8]);
         diagram.equation == models::VapourPressureEquation::wagner && Tset > 0)
         top = std::min(top, Tset);
     return database_value(diagram, basis, std::min(T, top) - kBelow);
@@ -106,7 +106,7 @@ std::optional<double> database_value(const Diagram& diagram, const Basis& basis,
     switch (diagram.database) {
         case DatabaseFunction::vapourPressure: {
             const auto r = models::vapour_pressure(s, T, diagram.equation);
-            return times(if_present(r.p, r.status), basis.PF());
+            return times(if_present(r.p, r.status), basis.p_factor());
         }
         case DatabaseFunction::densityLiquid:
             return liquid_density(s, T);
@@ -118,7 +118,7 @@ std::optional<double> database_value(const Diagram& diagram, const Basis& basis,
             return basis.M() * liquid_volume_factor(basis) / *rho;
         }
         case DatabaseFunction::cpIdealGas: {
-            const models::CpResult r = models::ideal_gas_cp(s, basis.fluid.models().CpModel, T);
+            const models::CpResult r = models::ideal_gas_cp(s, basis.fluid.models().cp_form, T);
             return caloric(basis, T, r.cp, r.status);
         }
         case DatabaseFunction::cpLiquid: {
@@ -146,18 +146,20 @@ Validity validity_of(const Diagram& diagram, const models::Fluid& fluid) {
             return pressure_range(s, diagram.equation);
         case DatabaseFunction::densityLiquid:
         case DatabaseFunction::volumeLiquid:
-            return density_range(s.rhoLTLo, s.rhoLTHi, s.rhoLPar[0], s.rhoLPar[2]);
+            return density_range(s.rhoL_T_low, s.rhoL_T_high, s.rhoL_coefficients[0],
+                                 s.rhoL_coefficients[2]);
         case DatabaseFunction::densitySolid:
-            return density_range(s.rhoSTLo, s.rhoSTHi, s.rhoSPar[0], s.rhoSPar[2]);
+            return density_range(s.rhoS_T_low, s.rhoS_T_high, s.rhoS_coefficients[0],
+                                 s.rhoS_coefficients[2]);
         case DatabaseFunction::cpIdealGas:
-            return cp_range(fluid.models().CpModel == models::CpForm::sinhCosh ? s.cpSinh
-                                                                               : s.cpPoly);
+            return cp_range(fluid.models().cp_form == models::CpForm::sinhCosh ? s.cp_sinh_cosh
+                                                                               : s.cp_polynomial);
         case DatabaseFunction::cpLiquid:
             return cp_range(s.cpL);
         case DatabaseFunction::cpSolid:
             return cp_range(s.cpS);
         case DatabaseFunction::vaporisation:
-            return range(s.hLVTLo, s.hLVTHi);
+            return range(s.hLV_T_low, s.hLV_T_high);
         case DatabaseFunction::none:
             break;
     }
@@ -173,9 +175,9 @@ bool has_database_function(const Diagram& diagram, const models::Fluid& fluid) {
 
 ValueRange value_range_of(const Diagram& diagram, const Basis& basis) {
     const Validity validity = validity_of(diagram, basis.fluid);
-    const double atLow = end_value(diagram, basis, validity.low).value_or(0);
-    const double atHigh = end_value(diagram, basis, validity.high).value_or(0);
-    ValueRange r{std::min(atLow, atHigh), std::max(atLow, atHigh)};
+    const double at_low = end_value(diagram, basis, validity.low).value_or(0);
+    const double at_high = end_value(diagram, basis, validity.high).value_or(0);
+    ValueRange r{std::min(at_low, at_high), std::max(at_low, at_high)};
     if (static_cast<float>(r.low) == static_cast<float>(r.high)) {
         const double margin =
             is_density(diagram.database) ? 10.0 : std::max(0.1 * std::fabs(r.high), 1e-6);

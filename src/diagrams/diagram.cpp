@@ -82,17 +82,17 @@ std::string_view reduced_text(Axis axis) {
 }
 
 std::string eos_name(const models::Fluid& fluid) {
-    return text::trim(models::EOSName(fluid.models().EOSModel));
+    return text::trim(models::eos_name(fluid.models().eos));
 }
 
 std::string vapour_pressure_name(const models::Fluid& fluid) {
-    return text::trim(models::vp_name(fluid.models().VPModel));
+    return text::trim(models::vp_name(fluid.models().vapour_pressure));
 }
 
 /// A diagram by priority draws the equilibrium of the EOS only where the EOS has priority and has
 /// one.
 bool vapour_pressure_by_eos(const models::Fluid& fluid) {
-    return fluid.models().PriorityCEOS && !fluid.models().EOSOnlyV;
+    return fluid.models().eos_has_priority && !fluid.models().vapour_only;
 }
 
 bool is_specific(const Basis& basis) {
@@ -116,22 +116,22 @@ std::string title_of(const Diagram& row, const Basis& basis) {
 std::string validity_text(const Diagram& row, const Basis& basis, const Validity& validity) {
     std::string text(row.suffix);
     if (row.database == DatabaseFunction::cpIdealGas)
-        text += basis.fluid.models().CpModel == models::CpForm::sinhCosh ? "sinh/cosh function)"
+        text += basis.fluid.models().cp_form == models::CpForm::sinhCosh ? "sinh/cosh function)"
                                                                          : "Polynom)";
-    const bool saidBySuffix = row.database == DatabaseFunction::densityLiquid ||
-                              row.database == DatabaseFunction::volumeLiquid;
-    if (!saidBySuffix) text += ", validity T = ";
-    return text + numbers::General(static_cast<float>(validity.low)) + " ..." +
-           numbers::General(static_cast<float>(validity.high)) + " K";
+    const bool said_by_suffix = row.database == DatabaseFunction::densityLiquid ||
+                                row.database == DatabaseFunction::volumeLiquid;
+    if (!said_by_suffix) text += ", validity T = ";
+    return text + numbers::general(static_cast<float>(validity.low)) + " ..." +
+           numbers::general(static_cast<float>(validity.high)) + " K";
 }
 
 std::string sub_title_of(const Diagram& row, const Basis& basis, const Validity& validity) {
-    const std::string& name = basis.fluid.substance().Name;
-    switch (row.subTitle) {
+    const std::string& name = basis.fluid.substance().name;
+    switch (row.sub_title) {
         case SubTitle::database:
             return name + validity_text(row, basis, validity);
         case SubTitle::vaporisation:
-            return name + ",  " + text::trim(models::hlv_name(basis.fluid.models().HLVModel));
+            return name + ",  " + text::trim(models::hlv_name(basis.fluid.models().vaporisation));
         case SubTitle::vapourPressure:
             if (!vapour_pressure_by_eos(basis.fluid))
                 return name + ",  vapour press. equ. " + vapour_pressure_name(basis.fluid);
@@ -166,7 +166,7 @@ bool is_caloric(Axis axis) {
 }  // namespace
 
 bool shows_states(const Diagram& diagram) {
-    return diagram.xLimits.low != nullptr && is_state_quantity(diagram.x) &&
+    return diagram.x_limits.low != nullptr && is_state_quantity(diagram.x) &&
            is_state_quantity(diagram.y);
 }
 
@@ -199,17 +199,17 @@ DiagramTexts texts_of(const Diagram& diagram, const Basis& basis, const Validity
 }
 
 OpeningAnswer opening_answer(const Diagram& diagram, const models::Fluid& fluid) {
-    if (diagram.needsCpForm && fluid.models().CpModel == models::CpForm::none)
+    if (diagram.needs_cp_form && fluid.models().cp_form == models::CpForm::none)
         return {false, "No cp(idGas) parameters available"};
     if (diagram.section == Section::database && !has_database_function(diagram, fluid))
         return {false, "No parameters for this function in the database"};
-    if (diagram.section != Section::projection || !fluid.models().EOSOnlyV) return {};
+    if (diagram.section != Section::projection || !fluid.models().vapour_only) return {};
 
     // What a correlation gives is drawn all the same, and said.
     const std::string refusal =
         "Phase equlilibria calculations are possible by using a cubic EOS only";
     const std::string instead = "\nCurve according to the actual ";
-    switch (diagram.withoutDome) {
+    switch (diagram.without_dome) {
         case WithoutDome::drawn:
             return {};
         case WithoutDome::byVapourPressure:

@@ -26,7 +26,7 @@ enum class Section : std::uint8_t {
     process,     ///< a process line
 };
 
-/// What an axis shows. The caloric families have one text for each `CaloricUnit`, volumes and pv
+/// What an axis shows. The caloric families have one text for each `caloric_unit`, volumes and pv
 /// one for each `UnitSystem`.
 enum class Axis : std::uint8_t {
     none,
@@ -127,12 +127,12 @@ struct Diagram {
     std::string_view title{};
     bool prefixed = false;  ///< "molar " or "specific " before the title
     Axis x = Axis::none, y = Axis::none;
-    LimitPair xLimits{}, yLimits{};  ///< empty for the functions of the database
+    LimitPair x_limits{}, y_limits{};  ///< empty for the functions of the database
     Section section = Section::projection;
-    std::string_view axisPair{};  ///< "pv", "yp", "Tv", "Tx", "pT", "yT", "yv", "yy"
+    std::string_view axis_pair{};  ///< "pv", "yp", "Tv", "Tx", "pT", "yT", "yv", "yy"
     void (*compute)(CurveFrame&) = nullptr;
     Parameter parameter = Parameter::none;  ///< what the z of its points holds
-    SubTitle subTitle = SubTitle::model;
+    SubTitle sub_title = SubTitle::model;
     std::string_view suffix{};
     Source source = Source::equationOfState;
     ReducedAxes reduced = ReducedAxes::none;
@@ -142,10 +142,10 @@ struct Diagram {
     std::int16_t bisection = 0;  ///< of the rectilinear diameter
     std::int16_t base = 0;       ///< the diagram of an added curve
     bool branches = false;       ///< depends on the vapour fraction
-    WithoutDome withoutDome = WithoutDome::refused;
-    bool needsCpForm = false;             ///< refused without a heat capacity of the ideal gas
-    bool startsAtNormalPressure = false;  ///< the first curve, instead of at the critical one
-    bool mayShrinkToAPoint = false;       ///< a function that may be independent of pressure
+    WithoutDome without_dome = WithoutDome::refused;
+    bool needs_cp_form = false;              ///< refused without a heat capacity of the ideal gas
+    bool starts_at_normal_pressure = false;  ///< the first curve, instead of at the critical one
+    bool may_shrink_to_a_point = false;      ///< a function that may be independent of pressure
     DatabaseFunction database = DatabaseFunction::none;
     /// The vapour pressure equation of the database that it shows.
     models::VapourPressureEquation equation = models::VapourPressureEquation::none;
@@ -180,7 +180,7 @@ std::string_view axis_text(Axis axis, const models::UnitChoice& units);
 
 /// Title, second title and texts of the axes of a diagram.
 struct DiagramTexts {
-    std::string title, subTitle, x, y;
+    std::string title, sub_title, x, y;
 
     bool operator==(const DiagramTexts&) const = default;
 };

@@ -81,7 +81,7 @@ void add_place(DiagramSheet& sheet, Group group, int place) {
     all.insert(all.begin() + place, group == Group::Curves ? chart::default_curve(place)
                                                            : chart::default_point_set(place));
     for (chart::Label& label : sheet.chart.labels)
-        if (label.onPoint && label.group == group && label.series >= place) ++label.series;
+        if (label.on_point && label.group == group && label.series >= place) ++label.series;
 }
 
 void clear_curve(DiagramSheet& sheet, int place) {
@@ -92,7 +92,7 @@ void clear_curve(DiagramSheet& sheet, int place) {
 
 void clear_point_set(DiagramSheet& sheet, int place) {
     chart::clear_series(sheet.chart, Group::Points, place);
-    sheet.pointSets[at(place)] = false;
+    sheet.point_sets[at(place)] = false;
 }
 
 /// Lines that cross the whole window reach its new end.
@@ -100,7 +100,7 @@ void stretch_reference_lines(DiagramSheet& sheet) {
     auto& curves = sheet.chart.curves;
     for (std::size_t i = at(first_reference_line(sheet)); i < curves.size(); ++i) {
         Series& line = curves[i];
-        if (!line.isReference || line.x.size() != 2) continue;
+        if (!line.is_reference || line.x.size() != 2) continue;
         const bool vertical = line.x[0] == line.x[1];
         float& end = vertical ? line.y[1] : line.x[1];
         const double limit = vertical ? sheet.chart.y.max : sheet.chart.x.max;
@@ -118,11 +118,11 @@ void show_window(DiagramSheet& sheet, const chart::Window& window) {
 }
 
 bool is_range(const chart::Range& range) {
-    const auto isSingle = [](double value) {
+    const auto is_single = [](double value) {
         return std::isfinite(value) && std::fabs(value) <= 3e38;
     };
     // The limits have to differ as 32-bit numbers, in which the coordinates are kept.
-    return isSingle(range.min) && isSingle(range.max) &&
+    return is_single(range.min) && is_single(range.max) &&
            static_cast<float>(range.min) < static_cast<float>(range.max);
 }
 
@@ -132,14 +132,14 @@ CurveWindow in_single_precision(const chart::Window& w) {
 }
 
 chart::Window as_chart_window(const CurveWindow& w) {
-    return {{static_cast<double>(w.xMin), static_cast<double>(w.xMax)},
-            {static_cast<double>(w.yMin), static_cast<double>(w.yMax)}};
+    return {{static_cast<double>(w.x_min), static_cast<double>(w.x_max)},
+            {static_cast<double>(w.y_min), static_cast<double>(w.y_max)}};
 }
 
 /// T/K and p/kPa in a line of text.
 std::string state_text(double T, double p) {
-    return numbers::General(static_cast<float>(T)) + " K, " +
-           numbers::General(static_cast<float>(p)) + " kPa";
+    return numbers::general(static_cast<float>(T)) + " K, " +
+           numbers::general(static_cast<float>(p)) + " kPa";
 }
 
 /// Adds a text to others unless it is empty or among them.
@@ -176,8 +176,8 @@ int label_index_of_curve(int place) {
     return place < kFirstText - kFirstCurve ? kFirstCurve + place : kFurtherCurves + place;
 }
 
-int label_index(LabelKind criticalPoint) {
-    return criticalPoint == LabelKind::criticalEx ? kCriticalEx : kCriticalCalc;
+int label_index(LabelKind critical_point) {
+    return critical_point == LabelKind::criticalEx ? kCriticalEx : kCriticalCalc;
 }
 
 // ------------------------------------------------------------------------------------------- texts
@@ -188,38 +188,38 @@ std::string reference_note(const Diagram& diagram, const models::ReferenceState&
     for (const Axis axis : {Axis::h, Axis::hSpaced, Axis::s, Axis::g, Axis::a, Axis::u})
         caloric = caloric || shows(diagram, axis);
     if (!caloric) return {};
-    const bool overEnthalpy = diagram.x == Axis::h || diagram.x == Axis::hSpaced;
-    return reference_text(!exergy || overEnthalpy, exergy, reference);
+    const bool over_enthalpy = diagram.x == Axis::h || diagram.x == Axis::hSpaced;
+    return reference_text(!exergy || over_enthalpy, exergy, reference);
 }
 
-std::string reference_text(bool zeroPoint, bool surroundings, const models::ReferenceState& r) {
+std::string reference_text(bool zero_point, bool surroundings, const models::ReferenceState& r) {
     const std::string around =
         surroundings ? "surroundings: " + state_text(r.Tenv, r.penv) : std::string();
-    if (!zeroPoint) return around;
+    if (!zero_point) return around;
     constexpr std::int16_t kConventional = 2, kFormation = 10;
-    const bool pressureSet = r.p0 > 0;
+    const bool pressure_set = r.p0 > 0;
     std::string note = "reference state: " + state_text(static_cast<double>(r.T0),
-                                                        pressureSet ? static_cast<double>(r.p0)
-                                                                    : constants::kNormalPressure);
-    if (r.RefMode == kConventional) note = "conventional reference state";
-    if (r.RefMode == kFormation) note = "reference state: quantities of formation";
+                                                        pressure_set ? static_cast<double>(r.p0)
+                                                                     : constants::kNormalPressure);
+    if (r.mode == kConventional) note = "conventional reference state";
+    if (r.mode == kFormation) note = "reference state: quantities of formation";
     return surroundings ? note + "; " + around : note;
 }
 
 std::string wrap_title(const std::string& title, std::size_t length) {
     std::string wrapped;
-    std::size_t inLine = 0;
+    std::size_t in_line = 0;
     for (const std::string& word : text::split(title, ' ')) {
-        const std::size_t more = text::Length(word);
-        if (inLine > 0 && inLine + 1 + more > length) {
+        const std::size_t more = text::length(word);
+        if (in_line > 0 && in_line + 1 + more > length) {
             wrapped += '\n';
-            inLine = 0;
+            in_line = 0;
         } else if (!wrapped.empty()) {
             wrapped += ' ';
-            ++inLine;
+            ++in_line;
         }
         wrapped += word;
-        inLine += more;
+        in_line += more;
     }
     return wrapped;
 }
@@ -231,8 +231,8 @@ void show_footer(DiagramSheet& sheet, const std::string& titles,
                  const std::vector<std::string>& notes) {
     std::string footer = wrap_title(text::trim(titles), kFooterLine);
     for (const std::string& note : notes) footer += "\n" + wrap_title(note, kFooterLine);
-    if (sheet.chart.footer.text == sheet.givenFooter) sheet.chart.footer.text = footer;
-    sheet.givenFooter = footer;
+    if (sheet.chart.footer.text == sheet.given_footer) sheet.chart.footer.text = footer;
+    sheet.given_footer = footer;
 }
 
 }  // namespace
@@ -245,7 +245,7 @@ void show_texts(DiagramSheet& sheet, const models::ReferenceState& reference) {
     std::vector<std::string> notes;
     if (sheet.request.diagram != nullptr)
         add_once(notes, reference_note(*sheet.request.diagram, reference));
-    show_footer(sheet, texts.subTitle, notes);
+    show_footer(sheet, texts.sub_title, notes);
 }
 
 DiagramSheet open_sheet(const DiagramRequest& request, const Basis& basis,
@@ -276,7 +276,7 @@ bool is_drawn(const DiagramSheet& sheet, int place) {
 }
 
 bool has_point_set(const DiagramSheet& sheet, int place) {
-    return place >= 0 && at(place) < sheet.pointSets.size() && sheet.pointSets[at(place)];
+    return place >= 0 && at(place) < sheet.point_sets.size() && sheet.point_sets[at(place)];
 }
 
 int curve_count(const DiagramSheet& sheet) {
@@ -285,7 +285,7 @@ int curve_count(const DiagramSheet& sheet) {
 }
 
 int point_set_count(const DiagramSheet& sheet) {
-    return static_cast<int>(std::count(sheet.pointSets.begin(), sheet.pointSets.end(), true));
+    return static_cast<int>(std::count(sheet.point_sets.begin(), sheet.point_sets.end(), true));
 }
 
 int first_reference_line(const DiagramSheet& sheet) {
@@ -293,11 +293,11 @@ int first_reference_line(const DiagramSheet& sheet) {
 }
 
 int critical_point_place(const DiagramSheet& sheet, bool experimental) {
-    return std::max(kLeastPointSets, static_cast<int>(sheet.pointSets.size())) +
+    return std::max(kLeastPointSets, static_cast<int>(sheet.point_sets.size())) +
            (experimental ? 0 : 1);
 }
 
-int store_curve(DiagramSheet& sheet, NewCurve curve, float xMax) {
+int store_curve(DiagramSheet& sheet, NewCurve curve, float x_max) {
     remember(sheet, "Draw curve");
     const int place = lowest_free(sheet.curves);
     if (at(place) == sheet.curves.size()) {
@@ -306,7 +306,7 @@ int store_curve(DiagramSheet& sheet, NewCurve curve, float xMax) {
     }
     const CurvePoints& points = curve.points;
     std::size_t end = points.size();
-    while (end > 0 && points[end - 1].x >= xMax) --end;
+    while (end > 0 && points[end - 1].x >= x_max) --end;
     if (end == 0) end = points.size();
 
     Series& series = chart::series_at(sheet.chart, Group::Curves, place);
@@ -321,12 +321,12 @@ int store_curve(DiagramSheet& sheet, NewCurve curve, float xMax) {
         if (stored.z.size() < kMaxParameters) stored.z.push_back(point.z);
     };
     for (std::size_t i = 0; i < end; ++i) add(points[i]);
-    if (end > 0 && end < points.size()) add(point_at_x(points[end - 1], points[end], xMax));
+    if (end > 0 && end < points.size()) add(point_at_x(points[end - 1], points[end], x_max));
     stored.parameter = curve.parameter;
     stored.basis = std::move(curve.basis);
     stored.source = std::move(curve.source);
     stored.drawn = true;
-    sheet.currentPlace = place;
+    sheet.current_place = place;
     name_curve(sheet, place, curve.name);
     name_fluids(sheet);
     return place;
@@ -337,23 +337,23 @@ int store_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y
     NewCurve curve{.name = {legend, ""}};
     for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i)
         curve.points.push_back({x[i], y[i], 0});
-    return store_curve(sheet, std::move(curve), sheet.request.window.xMax);
+    return store_curve(sheet, std::move(curve), sheet.request.window.x_max);
 }
 
 int store_point_set(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
                     const std::string& legend) {
     remember(sheet, "Add points");
-    const int place = lowest_free(sheet.pointSets);
-    if (at(place) == sheet.pointSets.size()) {
+    const int place = lowest_free(sheet.point_sets);
+    if (at(place) == sheet.point_sets.size()) {
         add_place(sheet, Group::Points, place);
-        sheet.pointSets.push_back(false);
+        sheet.point_sets.push_back(false);
     }
     Series& series = chart::series_at(sheet.chart, Group::Points, place);
     series.x = std::move(x);
     series.y = std::move(y);
     series.legend = legend;
     series.visible = true;
-    sheet.pointSets[at(place)] = true;
+    sheet.point_sets[at(place)] = true;
     return place;
 }
 
@@ -365,13 +365,13 @@ namespace {
 std::string model_of(const DiagramSheet& sheet, const SheetCurve& curve) {
     const Diagram* diagram = sheet.request.diagram;
     if (diagram == nullptr || diagram->section == Section::database) return {};
-    if (diagram->subTitle == SubTitle::vaporisation)
-        return text::trim(models::hlv_name(curve.basis.fluid.models().HLVModel));
+    if (diagram->sub_title == SubTitle::vaporisation)
+        return text::trim(models::hlv_name(curve.basis.fluid.models().vaporisation));
     return model_name(*diagram, curve.basis.fluid);
 }
 
 bool has_fluid(const SheetCurve& curve) {
-    return curve.drawn && !curve.basis.fluid.substance().Name.empty();
+    return curve.drawn && !curve.basis.fluid.substance().name.empty();
 }
 
 /// Which parts of their origin the curves of a sheet have to name.
@@ -383,7 +383,7 @@ Distinction distinction_of(const DiagramSheet& sheet) {
     std::set<std::string> fluids, models;
     for (const SheetCurve& curve : sheet.curves) {
         if (!has_fluid(curve)) continue;
-        fluids.insert(curve.basis.fluid.substance().Name);
+        fluids.insert(curve.basis.fluid.substance().name);
         models.insert(model_of(sheet, curve));
     }
     return {fluids.size() > 1, models.size() > 1};
@@ -392,7 +392,7 @@ Distinction distinction_of(const DiagramSheet& sheet) {
 std::string origin_of(const DiagramSheet& sheet, const SheetCurve& curve, Distinction told) {
     if (!has_fluid(curve)) return {};
     std::vector<std::string> parts;
-    if (told.fluids) add_once(parts, curve.basis.fluid.substance().Name);
+    if (told.fluids) add_once(parts, curve.basis.fluid.substance().name);
     if (told.models) add_once(parts, model_of(sheet, curve));
     return joined(parts, ", ");
 }
@@ -461,7 +461,7 @@ void delete_point_set(DiagramSheet& sheet, int number) {
     const auto chosen = [&](int place) {
         return (number == 0 || place == number - 1) && has_point_set(sheet, place);
     };
-    const int places = static_cast<int>(sheet.pointSets.size());
+    const int places = static_cast<int>(sheet.point_sets.size());
     bool any = false;
     for (int place = 0; place < places; ++place) any = any || chosen(place);
     if (!any) return;
@@ -490,8 +490,8 @@ void delete_total(DiagramSheet& sheet) {
     remember(sheet, "Delete everything");
     for (std::size_t i = 0; i < sheet.curves.size(); ++i)
         if (sheet.curves[i].drawn) clear_curve(sheet, static_cast<int>(i));
-    for (std::size_t i = 0; i < sheet.pointSets.size(); ++i)
-        if (sheet.pointSets[i]) clear_point_set(sheet, static_cast<int>(i));
+    for (std::size_t i = 0; i < sheet.point_sets.size(); ++i)
+        if (sheet.point_sets[i]) clear_point_set(sheet, static_cast<int>(i));
     clear_reference_lines(sheet);
     clear_critical_point(sheet, true);
     clear_critical_point(sheet, false);
@@ -540,8 +540,8 @@ bool delete_single_point(DiagramSheet& sheet, int place, int point) {
     const Series& series = chart::series_at(sheet.chart, Group::Curves, place);
     if (series.line.pattern != chart::LinePattern::None) return false;
     if (point < 0 || point >= static_cast<int>(series.x.size())) return false;
-    const std::string question = "point x =" + numbers::General(series.x[at(point)]) +
-                                 ",  y =" + numbers::General(series.y[at(point)]) +
+    const std::string question = "point x =" + numbers::general(series.x[at(point)]) +
+                                 ",  y =" + numbers::general(series.y[at(point)]) +
                                  " Really delete?";
     if (!dialogs::ask(question, "Delete a Curve Point")) return false;
     remember(sheet, "Delete point");
@@ -554,7 +554,7 @@ bool delete_single_point(DiagramSheet& sheet, int place, int point) {
 // -------------------------------------------------------------------------------------------- undo
 
 SheetContent content_of(const DiagramSheet& sheet) {
-    return {sheet.chart, sheet.curves, sheet.pointSets, sheet.givenFooter};
+    return {sheet.chart, sheet.curves, sheet.point_sets, sheet.given_footer};
 }
 
 namespace {
@@ -576,8 +576,8 @@ void show_content(DiagramSheet& sheet, SheetContent content) {
     keep_window(content.chart, sheet.chart);
     sheet.chart = std::move(content.chart);
     sheet.curves = std::move(content.curves);
-    sheet.pointSets = std::move(content.pointSets);
-    sheet.givenFooter = std::move(content.givenFooter);
+    sheet.point_sets = std::move(content.point_sets);
+    sheet.given_footer = std::move(content.given_footer);
     stretch_reference_lines(sheet);
 }
 
@@ -603,14 +603,14 @@ void remember_design(DiagramSheet& sheet, const SheetContent& before, const std:
     SheetContent kept = before;
     keep_window(kept.chart, sheet.chart);
     const auto label = [](const SheetCurve& curve) { return curve.label; };
-    const bool sameLabels =
+    const bool same_labels =
         std::equal(kept.curves.begin(), kept.curves.end(), sheet.curves.begin(), sheet.curves.end(),
                    [&](const auto& a, const auto& b) { return label(a) == label(b); });
-    if (kept.chart == sheet.chart && sameLabels) return;
+    if (kept.chart == sheet.chart && same_labels) return;
     sheet.redo.clear();
-    const bool goesOn =
-        !sheet.undo.empty() && sheet.undo.back().isDesign && sheet.undo.back().name == name;
-    if (!goesOn) sheet.undo.push_back({name, std::move(kept), true});
+    const bool goes_on =
+        !sheet.undo.empty() && sheet.undo.back().is_design && sheet.undo.back().name == name;
+    if (!goes_on) sheet.undo.push_back({name, std::move(kept), true});
     if (sheet.undo.size() > kMostSteps) sheet.undo.erase(sheet.undo.begin());
 }
 
@@ -625,7 +625,7 @@ bool redo(DiagramSheet& sheet) {
 bool has_reference_lines(const DiagramSheet& sheet) {
     const auto& curves = sheet.chart.curves;
     return std::any_of(curves.begin(), curves.end(),
-                       [](const Series& s) { return s.isReference && !s.x.empty(); });
+                       [](const Series& s) { return s.is_reference && !s.x.empty(); });
 }
 
 bool has_marker_labels(const DiagramSheet& sheet) {
@@ -681,14 +681,14 @@ void default_coordinates(DiagramSheet& sheet) {
 namespace {
 
 void swap_window(CurveWindow& w) {
-    std::swap(w.xMin, w.yMin);
-    std::swap(w.xMax, w.yMax);
+    std::swap(w.x_min, w.y_min);
+    std::swap(w.x_max, w.y_max);
 }
 
 }  // namespace
 
 void change_xy(DiagramSheet& sheet) {
-    sheet.swappedAxes = !sheet.swappedAxes;
+    sheet.swapped_axes = !sheet.swapped_axes;
     chart::swap_axes(sheet.chart);
     swap_window(sheet.request.window);
     swap_window(sheet.request.proposed);
@@ -698,25 +698,25 @@ void change_xy(DiagramSheet& sheet) {
         for (UndoStep& kept : *steps) chart::swap_axes(kept.before.chart);
 }
 
-void set_logarithmic(DiagramSheet& sheet, bool xAxis, bool on) {
-    (xAxis ? sheet.chart.x : sheet.chart.y).logarithmic = on;
+void set_logarithmic(DiagramSheet& sheet, bool x_axis, bool on) {
+    (x_axis ? sheet.chart.x : sheet.chart.y).logarithmic = on;
 }
 
 void set_scaling(DiagramSheet& sheet, int index, const Scaling& values) {
-    sheet.manualScaling = index == 1;
-    const Scaling scaling = sheet.manualScaling ? values : Scaling{};
+    sheet.manual_scaling = index == 1;
+    const Scaling scaling = sheet.manual_scaling ? values : Scaling{};
     const auto positive = [](double value) {
         return std::isfinite(value) && value > 0 ? value : 0;
     };
     const auto digits = [](int value) { return value < 0 ? -1 : std::min(value, 15); };
     chart::Axis& x = sheet.chart.x;
     chart::Axis& y = sheet.chart.y;
-    x.tickSpacing = positive(scaling.xTick);
-    y.tickSpacing = positive(scaling.yTick);
-    x.gridSpacing = positive(scaling.xGrid);
-    y.gridSpacing = positive(scaling.yGrid);
-    x.decimals = digits(scaling.xDigits);
-    y.decimals = digits(scaling.yDigits);
+    x.tick_spacing = positive(scaling.x_tick);
+    y.tick_spacing = positive(scaling.y_tick);
+    x.grid_spacing = positive(scaling.x_grid);
+    y.grid_spacing = positive(scaling.y_grid);
+    x.decimals = digits(scaling.x_digits);
+    y.decimals = digits(scaling.y_digits);
 }
 
 // ----------------------------------------------------------------------------- placing the labels
@@ -743,13 +743,13 @@ void place_labels(DiagramSheet& sheet, double width, double height,
             labels.erase(found);
         } else {
             label.index = label_index_of_curve(place);
-            label.textColour = chart::series_at(sheet.chart, Group::Curves, place).line.colour;
+            label.text_colour = chart::series_at(sheet.chart, Group::Curves, place).line.colour;
         }
         label.text = wanted.text;
         label.shown = chart::place_curve_label(sheet.chart, place, wanted.shift, width, height,
                                                measure, label);
         if (!label.shown) {
-            label.onPoint = true;
+            label.on_point = true;
             label.series = place;
         }
         labels.push_back(std::move(label));

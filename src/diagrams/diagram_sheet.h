@@ -17,18 +17,18 @@ inline constexpr std::size_t kMaxParameters = 1200;  ///< points of a curve whos
 enum class LabelKind : std::uint8_t { none, marker, criticalEx, criticalCalc, curve, text };
 
 /// Markers by the index of their labels.
-namespace MarkerLabel {
+namespace marker_label {
 inline constexpr int kFirstT = 1;  ///< T(cr), T(triple), T(LV) at p, T(LV) at normal pressure
 inline constexpr int kFirstP = 1;  ///< p(cr), p(LV) at T, normal p
 inline constexpr int kVolume = 5, kCovolume = 6;
-}  // namespace MarkerLabel
+}  // namespace marker_label
 
 LabelKind kind_of(const chart::Label& label);
 /// The index of the label of the curve at a place; -1 for any other label.
 int curve_place_of(const chart::Label& label);
 /// The index in the chart of the label of a curve, or of a critical point.
 int label_index_of_curve(int place);
-int label_index(LabelKind criticalPoint);
+int label_index(LabelKind critical_point);
 
 /// The label beside a curve.
 struct CurveLabel {
@@ -63,13 +63,13 @@ struct SheetCurve {
 struct SheetContent {
     chart::Chart2D chart;
     std::vector<SheetCurve> curves;  ///< by place
-    std::vector<bool> pointSets;     ///< by place; false: the place is free
-    std::string givenFooter;
+    std::vector<bool> point_sets;    ///< by place; false: the place is free
+    std::string given_footer;
 };
 struct UndoStep {
     std::string name;
     SheetContent before;
-    bool isDesign = false;  ///< a change of texts and styles, which goes on while they are typed
+    bool is_design = false;  ///< a change of texts and styles, which goes on while they are typed
 };
 
 /// One diagram: its chart, its curves, and the request that stands behind it. Places count from 0.
@@ -79,12 +79,12 @@ struct DiagramSheet {
     models::UnitChoice units;          ///< of the axes; every curve is drawn in them
     StateParameters at{298.15, 0, 0};  ///< parameters of the next curve
     std::vector<SheetCurve> curves;
-    std::vector<bool> pointSets;
-    bool swappedAxes = false;
-    int currentPlace = -1;  ///< the place the last curve went to; -1 before the first one
-    bool manualScaling = false;
-    std::string loadedFile;   ///< path of the saved diagram that is shown, empty for none
-    std::string givenFooter;  ///< the footer as it was given last
+    std::vector<bool> point_sets;
+    bool swapped_axes = false;
+    int current_place = -1;  ///< the place the last curve went to; -1 before the first one
+    bool manual_scaling = false;
+    std::string loaded_file;   ///< path of the saved diagram that is shown, empty for none
+    std::string given_footer;  ///< the footer as it was given last
 
     std::vector<UndoStep> undo, redo;  ///< the newest last
 };
@@ -100,7 +100,7 @@ void show_texts(DiagramSheet& sheet, const models::ReferenceState& reference);
 /// without such values.
 std::string reference_note(const Diagram& diagram, const models::ReferenceState& reference);
 /// The same of any diagram: the state in which h and s are zero, the surroundings of exergies.
-std::string reference_text(bool zeroPoint, bool surroundings,
+std::string reference_text(bool zero_point, bool surroundings,
                            const models::ReferenceState& reference);
 
 /// The basis in the units of the sheet. Throws `faults::Fault` where the fluid has not what they
@@ -127,9 +127,9 @@ struct NewCurve {
     std::string source{};  ///< second title of a diagram of this curve alone
 };
 /// Puts a curve into the lowest free place, whose number it gives. Points from the end on that lie
-/// at or beyond `xMax` are left out, unless that would leave nothing; the line to the first of them
-/// is drawn up to it.
-int store_curve(DiagramSheet& sheet, NewCurve curve, float xMax);
+/// at or beyond `x_max` are left out, unless that would leave nothing; the line to the first of
+/// them is drawn up to it.
+int store_curve(DiagramSheet& sheet, NewCurve curve, float x_max);
 /// The same for points without a parameter, up to the window of the request.
 int store_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
                  const std::string& legend);
@@ -191,12 +191,12 @@ void default_coordinates(DiagramSheet& sheet);
 
 /// `cmdChangeXY`: exchanges the axes with all that belongs to them.
 void change_xy(DiagramSheet& sheet);
-void set_logarithmic(DiagramSheet& sheet, bool xAxis, bool on);
+void set_logarithmic(DiagramSheet& sheet, bool x_axis, bool on);
 
 /// Spacings and digits as typed; 0 or less leaves a value to the chart, digits below 0 too.
 struct Scaling {
-    double xTick = 0, yTick = 0, xGrid = 0, yGrid = 0;
-    int xDigits = -1, yDigits = -1;
+    double x_tick = 0, y_tick = 0, x_grid = 0, y_grid = 0;
+    int x_digits = -1, y_digits = -1;
 };
 /// `optScaling`: index 0 leaves grid, ticks and digits to the chart, 1 takes the values.
 void set_scaling(DiagramSheet& sheet, int index, const Scaling& values);

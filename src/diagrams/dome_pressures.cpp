@@ -6,8 +6,8 @@ namespace quor::diagrams {
 
 double end_of_dome(const CurveFrame& c) {
     const auto triple = static_cast<double>(c.substance.ptriple);
-    const bool realOnly = c.real_range_only();
-    return realOnly && triple < c.substance.pcrit ? triple : 0;
+    const bool real_only = c.real_range_only();
+    return real_only && triple < c.substance.pcrit ? triple : 0;
 }
 
 DomeFoot foot_of_dome(const CurveFrame& c, double lowest, double next) {

@@ -17,8 +17,8 @@ namespace {
 constexpr double kCriticalShare = 1e-5;
 
 bool has_equilibrium(const Fluid& f) {
-    return f.models().EOSModel > models::Eos::idealGas && !f.models().EOSOnlyV &&
-           f.substance().Tcrit > 0 && f.substance().pcrit > 0 && f.eos().vcritCalc > 0;
+    return f.models().eos > models::Eos::idealGas && !f.models().vapour_only &&
+           f.substance().Tcrit > 0 && f.substance().pcrit > 0 && f.eos().vcrit_calculated > 0;
 }
 
 /// Newton steps on ln p towards equal areas: d(area)/d(ln p) = -p (vV - vL). False when p leaves
@@ -31,7 +31,7 @@ bool refine(Equilibrium& e) {
         if (roots.status != kSuccess || roots.count != 3) return false;
         e.vL = roots.v[0];
         e.vV = roots.v[2];
-        if (!(e.vL > e.state.eosB) || !(e.vV > e.vL)) return false;
+        if (!(e.vL > e.state.b) || !(e.vV > e.vL)) return false;
         const models::Areas areas = models::area_ratio(e.state, roots.v, e.T, e.p);
         if (areas.status != kSuccess) return false;
         const double step = (areas.V + areas.L) / (e.p * (e.vV - e.vL));
@@ -65,7 +65,7 @@ Equilibrium near_critical(const Fluid& f, double T) {
     const Equilibrium edge = from_search(f, Tcrit * (1 - kCriticalShare));
     if (!edge.found) return {};
     const double share = (1 - T / Tcrit) / kCriticalShare;
-    const double vcrit = f.eos().vcritCalc;
+    const double vcrit = f.eos().vcrit_calculated;
     const double middle = vcrit + (0.5 * (edge.vL + edge.vV) - vcrit) * share;
     const double half = 0.5 * (edge.vV - edge.vL) * std::sqrt(share);
     const double p = f.substance().pcrit + (edge.p - f.substance().pcrit) * share;
@@ -77,17 +77,21 @@ Equilibrium near_critical(const Fluid& f, double T) {
 Equilibrium critical_point(const Fluid& f) {
     if (!has_equilibrium(f)) return {};
     const double T = f.substance().Tcrit;
-    return {T,   f.substance().pcrit, f.eos().vcritCalc, f.eos().vcritCalc, models::eos_at(f, T),
+    return {T,
+            f.substance().pcrit,
+            f.eos().vcrit_calculated,
+            f.eos().vcrit_calculated,
+            models::eos_at(f, T),
             true};
 }
 
-Equilibrium equilibrium_at_T(const Fluid& f, double T, double pStart) {
+Equilibrium equilibrium_at_T(const Fluid& f, double T, double p_start) {
     const double Tcrit = f.substance().Tcrit;
     if (!has_equilibrium(f) || !(T > 0) || T > Tcrit) return {};
     if (T == Tcrit) return critical_point(f);
     if (1 - T / Tcrit < kCriticalShare) return near_critical(f, T);
-    if (pStart > 0) {
-        Equilibrium e{.T = T, .p = pStart, .state = models::eos_at(f, T)};
+    if (p_start > 0) {
+        Equilibrium e{.T = T, .p = p_start, .state = models::eos_at(f, T)};
         if (refine(e)) {
             e.found = true;
             return e;
@@ -96,7 +100,7 @@ Equilibrium equilibrium_at_T(const Fluid& f, double T, double pStart) {
     return from_search(f, T);
 }
 
-Equilibrium equilibrium_at_p(const Fluid& f, double p, double TStart) {
+Equilibrium equilibrium_at_p(const Fluid& f, double p, double T_start) {
     constexpr int kSteps = 60;
     constexpr double kTolerance = 1e-13;
     const double Tcrit = f.substance().Tcrit;
@@ -104,12 +108,12 @@ Equilibrium equilibrium_at_p(const Fluid& f, double p, double TStart) {
     if (!has_equilibrium(f) || !(p > 0) || p > pcrit) return {};
     if (p == pcrit) return critical_point(f);
 
-    double T = TStart > 0 && TStart < Tcrit ? TStart : models::saturation_temperature(f, p).T;
+    double T = T_start > 0 && T_start < Tcrit ? T_start : models::saturation_temperature(f, p).T;
     if (!(T > 0) || T >= Tcrit) T = Tcrit * (1 - kCriticalShare);
 
     // ln p over 1/T is nearly straight, and steepest towards the critical point.
     double x = 1 / T;
-    double slope = 0, xLast = 0, fLast = 0;
+    double slope = 0, x_last = 0, f_last = 0;
     Equilibrium e;
     for (int i = 0; i < kSteps; ++i) {
         e = equilibrium_at_T(f, 1 / x, p);
@@ -119,14 +123,14 @@ Equilibrium equilibrium_at_p(const Fluid& f, double p, double TStart) {
         if (i == 0) {
             const double span = x - 1 / Tcrit;
             slope = span > 0 ? std::log(e.p / pcrit) / span : -7 * Tcrit;
-        } else if (x != xLast && excess != fLast) {
-            slope = (excess - fLast) / (x - xLast);
+        } else if (x != x_last && excess != f_last) {
+            slope = (excess - f_last) / (x - x_last);
         }
         if (!(slope < 0)) return {};
-        xLast = x;
-        fLast = excess;
+        x_last = x;
+        f_last = excess;
         x = std::clamp(x - excess / slope, 1 / Tcrit, 1.5 * x);
-        if (x == xLast) break;
+        if (x == x_last) break;
     }
     if (std::fabs(e.p / p - 1) > 1e-9) return {};
     e.p = p;

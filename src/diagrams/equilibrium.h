@@ -9,7 +9,7 @@ namespace quor::diagrams {
 struct Equilibrium {
     double T = 0, p = 0;    ///< K, kPa
     double vL = 0, vV = 0;  ///< m^3/kmol
-    models::EOSState state;
+    models::EosState state;
     bool found = false;
 };
 
@@ -17,11 +17,11 @@ struct Equilibrium {
 Equilibrium critical_point(const models::Fluid& fluid);
 
 /// Equilibrium at 0 < T <= Tcrit, to the rounding of the arithmetic, so that neighbouring points
-/// of a curve lie on one smooth line. `pStart` is a near pressure, 0 when none is known. Not found
+/// of a curve lie on one smooth line. `p_start` is a near pressure, 0 when none is known. Not found
 /// above Tcrit, for a V-only EOS, and where p is too small for a number.
-Equilibrium equilibrium_at_T(const models::Fluid& fluid, double T, double pStart = 0);
+Equilibrium equilibrium_at_T(const models::Fluid& fluid, double T, double p_start = 0);
 
-/// The same at 0 < p <= pcrit; `TStart` is a near temperature.
-Equilibrium equilibrium_at_p(const models::Fluid& fluid, double p, double TStart = 0);
+/// The same at 0 < p <= pcrit; `T_start` is a near temperature.
+Equilibrium equilibrium_at_p(const models::Fluid& fluid, double p, double T_start = 0);
 
 }  // namespace quor::diagrams

@@ -23,18 +23,18 @@ double secant(F excess, double start, double size) {
     constexpr int kRounds = 40;
     double x = start;
     double last = x;
-    auto fLast = excess(last);
-    if (!fLast) return 0;
-    if (*fLast == 0) return x;
+    auto f_last = excess(last);
+    if (!f_last) return 0;
+    if (*f_last == 0) return x;
     // A first step of fifty tolerances is too fine for the digits of the functions.
     x = last * (1 + 1e-5);
     for (int i = 0; i < kRounds; ++i) {
         const auto f = excess(x);
         if (!f) return 0;
-        if (*f == *fLast) return fits(*f, size) ? x : 0;
-        const double step = *f * (x - last) / (*f - *fLast);
+        if (*f == *f_last) return fits(*f, size) ? x : 0;
+        const double step = *f * (x - last) / (*f - *f_last);
         last = x;
-        fLast = f;
+        f_last = f;
         x -= step;
         if (x < 0) x *= -2;
         if (!std::isfinite(x) || x == 0) return 0;
@@ -73,21 +73,21 @@ double widening(F excess, double start, double size) {
     const auto first = excess(start);
     if (!first) return 0;
     double up = start, down = start;
-    auto fUp = first, fDown = first;
-    for (int i = 0; i < kRounds && (fUp || fDown); ++i) {
-        if (fUp) {
+    auto f_up = first, f_down = first;
+    for (int i = 0; i < kRounds && (f_up || f_down); ++i) {
+        if (f_up) {
             const auto f = excess(up * kRatio);
-            if (f && std::signbit(*f) != std::signbit(*fUp))
-                return halve(excess, up, up * kRatio, *fUp, size);
+            if (f && std::signbit(*f) != std::signbit(*f_up))
+                return halve(excess, up, up * kRatio, *f_up, size);
             up *= kRatio;
-            fUp = f;
+            f_up = f;
         }
-        if (fDown) {
+        if (f_down) {
             const auto f = excess(down / kRatio);
-            if (f && std::signbit(*f) != std::signbit(*fDown))
-                return halve(excess, down, down / kRatio, *fDown, size);
+            if (f && std::signbit(*f) != std::signbit(*f_down))
+                return halve(excess, down, down / kRatio, *f_down, size);
             down /= kRatio;
-            fDown = f;
+            f_down = f;
         }
     }
     return 0;
@@ -116,25 +116,25 @@ double size_of(Function function, double T) {
 }  // namespace
 
 double solve_isoline(const CurveFrame& c, Function function, double p, double value,
-                     double startT) {
-    if (!(p > 0) || !(startT > 0)) return 0;
+                     double start_T) {
+    if (!(p > 0) || !(start_T > 0)) return 0;
     const Excess excess{c, function, value};
     const auto over_T = [&](double T) { return excess(T, p); };
-    const double size = size_of(function, startT);
-    const double found = secant(over_T, startT, size);
-    return found > 0 ? found : widening(over_T, startT, size);
+    const double size = size_of(function, start_T);
+    const double found = secant(over_T, start_T, size);
+    return found > 0 ? found : widening(over_T, start_T, size);
 }
 
 double solve_isoline_pressure(const CurveFrame& c, Function function, double T, double value,
-                              double startP) {
-    if (!(T > 0) || !(startP > 0)) return 0;
+                              double start_p) {
+    if (!(T > 0) || !(start_p > 0)) return 0;
     const Excess excess{c, function, value};
     const auto over_p = [&](double p) { return excess(T, p); };
     const double size = size_of(function, T);
-    const double found = secant(over_p, startP, size);
+    const double found = secant(over_p, start_p, size);
     // Only the near state continues a line.
-    const bool isNear = found > 0.5 * startP && found < 2 * startP;
-    return isNear ? found : widening(over_p, startP, size);
+    const bool is_near = found > 0.5 * start_p && found < 2 * start_p;
+    return is_near ? found : widening(over_p, start_p, size);
 }
 
 }  // namespace quor::diagrams

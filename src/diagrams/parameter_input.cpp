@@ -14,32 +14,33 @@ constexpr double kMostTOrP = 1000000, kMostV = 100000;
 constexpr double kLeastT = 0.9, kLeastP = 0.001;  // K, kPa
 constexpr double kNearCovolume = 1.03;
 
-double TF(const models::Units& units) {
+double T_factor(const models::Units& units) {
     return static_cast<double>(units.T);
 }
-double PF(const models::Units& units) {
+double p_factor(const models::Units& units) {
     return static_cast<double>(units.p);
 }
 
 /// Co-volume of a cubic EOS at T/K, m^3/kmol; 0 for the others.
 double covolume(const models::Fluid& fluid, double T) {
-    if (fluid.models().EOSOnlyV) return 0;
-    return models::solve_state_tp(fluid, T, fluid.substance().pcrit).state.eosB;
+    if (fluid.models().vapour_only) return 0;
+    return models::solve_state_tp(fluid, T, fluid.substance().pcrit).state.b;
 }
 
 std::optional<double> temperature(const models::Units& units, double typed) {
-    if (!(typed > 0 && typed > kLeastT * TF(units) && typed <= kMostTOrP)) return std::nullopt;
-    return typed / TF(units);
+    if (!(typed > 0 && typed > kLeastT * T_factor(units) && typed <= kMostTOrP))
+        return std::nullopt;
+    return typed / T_factor(units);
 }
 
 std::optional<double> pressure(const models::Units& units, double typed) {
-    if (!(typed > kLeastP * PF(units) && typed <= kMostTOrP)) return std::nullopt;
-    return typed / PF(units);
+    if (!(typed > kLeastP * p_factor(units) && typed <= kMostTOrP)) return std::nullopt;
+    return typed / p_factor(units);
 }
 
 ParameterAnswer take_volume(const Basis& basis, StateParameters at, double typed) {
     if (!(typed > 0 && typed <= kMostV)) return {ParameterStatus::invalid, at};
-    const double v = typed / basis.VF();
+    const double v = typed / basis.v_factor();
     const double b = covolume(basis.fluid, at.T);
     if (b > 0 && v <= b) {
         dialogs::tell("v < b not possible", "Execution not possible");
@@ -54,7 +55,7 @@ ParameterAnswer take_volume(const Basis& basis, StateParameters at, double typed
 std::string shown(const models::Units& units, double value, const char* plain,
                   const std::string& unit) {
     const bool reduced = units.choice.system == models::UnitSystem::reduced;
-    return numbers::Format(value, reduced ? "######0.00" : plain) +
+    return numbers::format(value, reduced ? "######0.00" : plain) +
            (reduced ? std::string() : " " + unit);
 }
 
@@ -63,11 +64,11 @@ std::string shown(const models::Units& units, double value, const char* plain,
 ParameterField field_of(Section section, const models::Units& units, const StateParameters& at) {
     switch (section) {
         case Section::isobaric:
-            return {"Isobar", "p = ", units.p_label, at.p * PF(units)};
+            return {"Isobar", "p = ", units.p_label, at.p * p_factor(units)};
         case Section::isochoric:
             return {"Isochore", "v = ", units.v_label, at.v * units.v};
         default:
-            return {"Isotherm", "T = ", units.T_label, at.T * TF(units)};
+            return {"Isotherm", "T = ", units.T_label, at.T * T_factor(units)};
     }
 }
 
@@ -75,9 +76,9 @@ std::string shown_parameter(Section section, const models::Units& units,
                             const StateParameters& at) {
     switch (section) {
         case Section::isothermal:
-            return "T = " + shown(units, at.T * TF(units), "####0.0", "K");
+            return "T = " + shown(units, at.T * T_factor(units), "####0.0", "K");
         case Section::isobaric:
-            return "p = " + shown(units, at.p * PF(units), "#####0.0##", "kPa");
+            return "p = " + shown(units, at.p * p_factor(units), "#####0.0##", "kPa");
         case Section::isochoric:
             return "v = " + shown(units, at.v * units.v, "####0.0####", units.v_label);
         default:
@@ -114,17 +115,17 @@ RangeAnswer take_range(Section section, const models::Units& units, const StateP
                        const ProcessLine& range, double fixed, double start, double end) {
     RangeAnswer answer{before, range, refuse_range(fixed, start, end)};
     if (!answer.refusal.empty()) return answer;
-    const bool runsInT = section == Section::isobaric;
-    const auto value = runsInT ? pressure(units, fixed) : temperature(units, fixed);
+    const bool runs_in_T = section == Section::isobaric;
+    const auto value = runs_in_T ? pressure(units, fixed) : temperature(units, fixed);
     if (!value) {
         answer.refusal = "Input incomplete or not valid";
         return answer;
     }
-    (runsInT ? answer.at.p : answer.at.T) = *value;
-    const double factor = runsInT ? TF(units) : PF(units);
-    answer.range.rangeIsT = runsInT;
-    answer.range.rangeStart = start / factor;
-    answer.range.rangeEnd = end / factor;
+    (runs_in_T ? answer.at.p : answer.at.T) = *value;
+    const double factor = runs_in_T ? T_factor(units) : p_factor(units);
+    answer.range.range_is_T = runs_in_T;
+    answer.range.range_start = start / factor;
+    answer.range.range_end = end / factor;
     return answer;
 }
 

@@ -27,7 +27,7 @@ namespace fs = std::filesystem;
 
 constexpr double kMissing = 1e37;       // a value above it stands for none
 constexpr std::size_t kHeadValues = 2;  // before the count of points
-constexpr std::size_t kProcessValues = std::tuple_size_v<decltype(ProcessLine::polytropicValues)>;
+constexpr std::size_t kProcessValues = std::tuple_size_v<decltype(ProcessLine::polytropic_values)>;
 constexpr std::size_t kMostPoints = 32767;
 
 /// The lines of the request, one value each.
@@ -86,28 +86,28 @@ std::string polytropic_request_text(const Basis& basis, const PolytropicTask& ta
     const models::StateValues z = CaloricFunctions(basis)(r.T1, r.p1, v);
 
     Lines lines;
-    lines.add(r.idealGasEquation ? 0 : 1);
-    lines.add(basis.fluid.substance().Name);
-    lines.add(static_cast<int>(models::code_of(basis.fluid.models().EOSModel)));
+    lines.add(r.ideal_gas_equation ? 0 : 1);
+    lines.add(basis.fluid.substance().name);
+    lines.add(static_cast<int>(models::code_of(basis.fluid.models().eos)));
     lines.add(units.caloric == models::CaloricUnit::specific ? 0 : 1);
-    lines.add(r.polytropicMode == 1 ? 1 : 2);
+    lines.add(r.polytropic_mode == 1 ? 1 : 2);
     lines.add(r.heterogeneous ? 1 : 0);
-    lines.add(r.endToBegin ? 1 : 0);
+    lines.add(r.end_to_begin ? 1 : 0);
     lines.add(task.diagram != nullptr ? task.diagram->exchange : 0);
     lines.add(task.options.points);
     lines.add(static_cast<int>(units.system));
     lines.add(basis.M());
     lines.add(r.T1);
     lines.add(r.p1);
-    lines.add(r.rangeStart);
-    lines.add(r.rangeEnd);
-    lines.add(v * basis.VF());
+    lines.add(r.range_start);
+    lines.add(r.range_end);
+    lines.add(v * basis.v_factor());
     lines.add(v);
     lines.zeros(3);
     lines.add(r.vapour ? 1 : 0);
-    lines.add(r.rangeIsT ? 1 : 0);
+    lines.add(r.range_is_T ? 1 : 0);
     lines.zeros(1);
-    lines.add(r.polytropicExponent);
+    lines.add(r.polytropic_exponent);
     lines.add(r.kappa);
     for (const float value : {r.x1, r.y1, r.x2, r.y2}) lines.add(static_cast<double>(value));
     add_functions(lines, basis.caloric(r.T1), z);
@@ -177,25 +177,26 @@ std::optional<PolytropicPoint> point_of(const std::string& line, char separator)
 }  // namespace
 
 std::optional<ProcessLine> take_polytropic_answer(std::string_view content, const ProcessLine& line,
-                                                  char csvSeparator) {
-    const std::vector<std::string> lines = text::Lines(content);
+                                                  char csv_separator) {
+    const std::vector<std::string> lines = text::lines(content);
     std::size_t next = 0;
-    const auto head = take_free_fields(lines, next, kHeadValues + 1 + kProcessValues, csvSeparator);
+    const auto head =
+        take_free_fields(lines, next, kHeadValues + 1 + kProcessValues, csv_separator);
     if (!head) return std::nullopt;
     const double count = (*head)[kHeadValues];
     if (!(count >= 0 && count <= static_cast<double>(kMostPoints))) return std::nullopt;
 
     ProcessLine answered = line;
-    std::vector<PolytropicPoint>& points = answered.polytropicPoints;
+    std::vector<PolytropicPoint>& points = answered.polytropic_points;
     points.clear();
     for (; next < lines.size() && points.size() < static_cast<std::size_t>(count); ++next) {
         if (text::trim(lines[next]).empty()) continue;
-        std::optional<PolytropicPoint> point = point_of(lines[next], csvSeparator);
+        std::optional<PolytropicPoint> point = point_of(lines[next], csv_separator);
         if (!point) return std::nullopt;
         points.push_back(std::move(*point));
     }
     if (points.size() < static_cast<std::size_t>(count)) return std::nullopt;
-    std::copy_n(head->end() - kProcessValues, kProcessValues, answered.polytropicValues.begin());
+    std::copy_n(head->end() - kProcessValues, kProcessValues, answered.polytropic_values.begin());
     return answered;
 }
 
@@ -226,7 +227,7 @@ PolytropicCode wait_for(const fs::path& mark, const PolytropicRunner& runner) {
 }
 
 PolytropicOutcome failed(ProcessLine line, PolytropicCode code) {
-    line.polytropicPoints.clear();
+    line.polytropic_points.clear();
     return {code, std::move(line)};
 }
 
@@ -256,7 +257,7 @@ PolytropicOutcome run_polytrope(const Basis& basis, const PolytropicTask& task,
         return failed(task.line, waited);
     const Result<std::string> content = files::read_whole(answer);
     std::optional<ProcessLine> taken;
-    if (content) taken = take_polytropic_answer(*content, task.line, task.csvSeparator);
+    if (content) taken = take_polytropic_answer(*content, task.line, task.csv_separator);
     if (!taken) return failed(task.line, PolytropicCode::kUnreadable);
     return {PolytropicCode::kDone, std::move(*taken)};
 }

@@ -48,7 +48,7 @@ struct PolytropicTask {
     const Diagram* diagram = nullptr;  ///< nullptr: none is open
     ProcessLine line{};
     CurveOptions options{};
-    char csvSeparator = ';';
+    char csv_separator = ';';
 };
 
 /// What came of a run. On any failure the line has no points.
@@ -65,6 +65,6 @@ std::string polytropic_request_text(const Basis& basis, const PolytropicTask& ta
 
 /// The line with the states and values of the text of FROM_DAL.DAT; nothing when it is garbled.
 std::optional<ProcessLine> take_polytropic_answer(std::string_view text, const ProcessLine& line,
-                                                  char csvSeparator);
+                                                  char csv_separator);
 
 }  // namespace quor::diagrams

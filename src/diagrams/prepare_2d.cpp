@@ -12,24 +12,25 @@ using constants::kPresent;
 void begin_at_critical_point(DiagramStart& start, const Basis& basis) {
     const models::SubstanceRecord& s = basis.fluid.substance();
     start.at.T = s.Tcrit;
-    start.limits.TMax = numbers::to_single(s.Tcrit * 1.1 * basis.TF());
-    start.limits.pMax = numbers::to_single(s.pcrit * 1.6 * basis.PF());
+    start.limits.T_max = numbers::to_single(s.Tcrit * 1.1 * basis.T_factor());
+    start.limits.p_max = numbers::to_single(s.pcrit * 1.6 * basis.p_factor());
 }
 
 double first_volume(const models::Fluid& fluid) {
     constexpr double kWithoutData = 2.0;
-    if (fluid.eos().vcritCalc >= kPresent) return fluid.eos().vcritCalc;
-    return fluid.substance().vcritExp >= kPresent ? fluid.substance().vcritExp : kWithoutData;
+    if (fluid.eos().vcrit_calculated >= kPresent) return fluid.eos().vcrit_calculated;
+    return fluid.substance().vcrit_measured >= kPresent ? fluid.substance().vcrit_measured
+                                                        : kWithoutData;
 }
 
 void settle_parameters(DiagramStart& start, const Diagram& diagram, const Basis& basis) {
     const models::SubstanceRecord& s = basis.fluid.substance();
-    if (start.newSubstance) begin_at_critical_point(start, basis);
-    if (start.newSubstance || start.at.p == s.pcrit) {
+    if (start.new_substance) begin_at_critical_point(start, basis);
+    if (start.new_substance || start.at.p == s.pcrit) {
         start.at.v = 0;
-        start.at.p = diagram.startsAtNormalPressure ? constants::kNormalPressure : s.pcrit;
+        start.at.p = diagram.starts_at_normal_pressure ? constants::kNormalPressure : s.pcrit;
     }
-    start.newSubstance = false;
+    start.new_substance = false;
     if (start.at.v < kPresent) start.at.v = first_volume(basis.fluid);
 }
 
@@ -49,7 +50,7 @@ PreparedDiagram prepare_diagram(const Diagram& diagram, const Basis& basis, Diag
 DiagramInput input_of(const Diagram& diagram) {
     if (diagram.section == Section::database) return DiagramInput::validity;
     if (diagram.section == Section::projection) return DiagramInput::none;
-    return diagram.axisPair == "yy" ? DiagramInput::range : DiagramInput::parameter;
+    return diagram.axis_pair == "yy" ? DiagramInput::range : DiagramInput::parameter;
 }
 
 std::string view_caption(const DiagramRequest& request) {

@@ -13,7 +13,7 @@ namespace quor::diagrams {
 struct DiagramStart {
     StateParameters at{298.15, 0, 0};
     CoordinateDefaults limits{};
-    bool newSubstance = true;  ///< no diagram of the substance was opened yet
+    bool new_substance = true;  ///< no diagram of the substance was opened yet
 };
 
 /// A diagram that is ready to open.

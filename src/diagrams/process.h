@@ -35,22 +35,22 @@ struct ProcessState {
 /// A process line, the range of a function-function diagram, and what was typed last of both.
 struct ProcessLine {
     ProcessKind kind = ProcessKind::isotherm;
-    bool vapour = true;    ///< phase at the start
-    bool rangeIsT = true;  ///< else the range is one of p
-    double rangeStart = 0, rangeEnd = 0;
+    bool vapour = true;      ///< phase at the start
+    bool range_is_T = true;  ///< else the range is one of p
+    double range_start = 0, range_end = 0;
     double T1 = 0, p1 = 0;
     float x1 = 0, y1 = 0, x2 = 0, y2 = 0;  ///< of a straight line, in displayed units
-    bool endToBegin = false;
+    bool end_to_begin = false;
     ProcessState last;  ///< last point of the last line
-    double polytropicExponent = 1.0;
-    std::int16_t polytropicMode = 1;
-    bool fromCalculation = false;  ///< the Calculation menu asked for the polytropic process
-    double vapourFraction = 1;     ///< of the input of a vapour fraction
-    double kappa = 0;              ///< cp/cV, the partner of the exponent; 0 before a choice
-    bool heterogeneous = false;    ///< the line runs inside the dome, over its tie-lines
-    bool idealGasEquation = false;
-    std::array<double, 22> polytropicValues{};      ///< what the polytropic program gave back
-    std::vector<PolytropicPoint> polytropicPoints;  ///< the states it gave back
+    double polytropic_exponent = 1.0;
+    std::int16_t polytropic_mode = 1;
+    bool from_calculation = false;  ///< the Calculation menu asked for the polytropic process
+    double vapour_fraction = 1;     ///< of the input of a vapour fraction
+    double kappa = 0;               ///< cp/cV, the partner of the exponent; 0 before a choice
+    bool heterogeneous = false;     ///< the line runs inside the dome, over its tie-lines
+    bool ideal_gas_equation = false;
+    std::array<double, 22> polytropic_values{};      ///< what the polytropic program gave back
+    std::vector<PolytropicPoint> polytropic_points;  ///< the states it gave back
 };
 
 }  // namespace quor::diagrams

@@ -48,16 +48,16 @@ bool all_finite(const std::array<double, 4>& values) {
 
 /// The fields that an input asks for: T1 and p1, and the end of the range.
 std::string refuse_fields(const ProcessInput& input, double end) {
-    const bool needsT1 = !input.heterogeneous || input.rangeIsT;
-    const bool needsP1 = !input.heterogeneous || !input.rangeIsT;
+    const bool needs_T1 = !input.heterogeneous || input.range_is_T;
+    const bool needs_p1 = !input.heterogeneous || !input.range_is_T;
     const auto given = [](double x) { return std::isfinite(x) && x > 0; };
-    if ((needsT1 && !given(input.par[0])) || (needsP1 && !given(input.par[1])) || !given(end))
+    if ((needs_T1 && !given(input.par[0])) || (needs_p1 && !given(input.par[1])) || !given(end))
         return kIncomplete;
     return {};
 }
 
 std::string refuse_polytropic(const ProcessInput& input) {
-    if (input.exponent == 1 && input.rangeIsT)
+    if (input.exponent == 1 && input.range_is_T)
         return "The condition polytropic exp. n = 1 (=> isotherm) is in\n"
                "contradiction to your specification of \"T range\" ";
     if (!(input.kappa >= kPresent))
@@ -69,19 +69,19 @@ std::string refuse_polytropic(const ProcessInput& input) {
 
 /// The ends of a heterogeneous line must have an equilibrium.
 std::string refuse_heterogeneous(const models::SubstanceRecord& s, double start, double end,
-                                 bool rangeIsT) {
-    if (!rangeIsT) {
+                                 bool range_is_T) {
+    if (!range_is_T) {
         if (end > s.pcrit)
             return "pressure for the final tie-line has to be p <= p(cr) = " +
-                   numbers::General(s.pcrit) + " kPa";
+                   numbers::general(s.pcrit) + " kPa";
         return {};
     }
     if (end > s.Tcrit)
         return "temperature for the final tie-line has to be <= T(cr) = " +
-               numbers::General(s.Tcrit) + " K";
+               numbers::general(s.Tcrit) + " K";
     if (start > s.Tcrit)
         return "temperature for the initial tie-line has to be <= T(cr) = " +
-               numbers::General(s.Tcrit);
+               numbers::general(s.Tcrit);
     return {};
 }
 
@@ -105,7 +105,7 @@ ProcessAnswer take_straight_line(const ProcessLine& before, const ProcessInput& 
 /// T1 and p1 of a heterogeneous line lie on the coexistence curve.
 bool complete_saturated_start(ProcessLine& r, const models::Fluid& fluid) {
     const Equilibrium e =
-        r.rangeIsT ? equilibrium_at_T(fluid, r.T1) : equilibrium_at_p(fluid, r.p1);
+        r.range_is_T ? equilibrium_at_T(fluid, r.T1) : equilibrium_at_p(fluid, r.p1);
     if (!e.found) return false;
     r.T1 = e.T;
     r.p1 = e.p;
@@ -113,11 +113,11 @@ bool complete_saturated_start(ProcessLine& r, const models::Fluid& fluid) {
 }
 
 std::string refuse_states(const models::Fluid& fluid, const ProcessInput& input) {
-    const double start = input.rangeIsT ? input.par[0] : input.par[1];
-    const double end = input.rangeIsT ? input.par[2] : input.par[3];
+    const double start = input.range_is_T ? input.par[0] : input.par[1];
+    const double end = input.range_is_T ? input.par[2] : input.par[3];
     if (std::string text = refuse_fields(input, end); !text.empty()) return text;
     if (input.heterogeneous) {
-        std::string text = refuse_heterogeneous(fluid.substance(), start, end, input.rangeIsT);
+        std::string text = refuse_heterogeneous(fluid.substance(), start, end, input.range_is_T);
         if (!text.empty()) return text;
     }
     if (start == end) return kNoRange;
@@ -131,15 +131,15 @@ ProcessAnswer take_states(const ProcessLine& before, const models::Fluid& fluid,
     ProcessLine r = before;
     r.kind = input.kind;
     r.vapour = input.vapour;
-    r.rangeIsT = input.rangeIsT;
-    r.rangeStart = input.rangeIsT ? input.par[0] : input.par[1];
-    r.rangeEnd = input.rangeIsT ? input.par[2] : input.par[3];
+    r.range_is_T = input.range_is_T;
+    r.range_start = input.range_is_T ? input.par[0] : input.par[1];
+    r.range_end = input.range_is_T ? input.par[2] : input.par[3];
     r.T1 = std::isfinite(input.par[0]) ? input.par[0] : 0;
     r.p1 = std::isfinite(input.par[1]) ? input.par[1] : 0;
-    r.endToBegin = input.endToBegin;
+    r.end_to_begin = input.end_to_begin;
     r.heterogeneous = input.heterogeneous;
-    r.idealGasEquation = input.idealGasEquation;
-    r.polytropicExponent = input.exponent;
+    r.ideal_gas_equation = input.ideal_gas_equation;
+    r.polytropic_exponent = input.exponent;
     r.kappa = input.kappa;
     if (r.heterogeneous && !complete_saturated_start(r, fluid))
         return refused(before, kNotPositive);
@@ -148,11 +148,11 @@ ProcessAnswer take_states(const ProcessLine& before, const models::Fluid& fluid,
 }
 
 ProcessAnswer take_fraction(const ProcessLine& before, const ProcessInput& input) {
-    if (!is_vapour_fraction(input.vapourFraction))
+    if (!is_vapour_fraction(input.vapour_fraction))
         return refused(before, "Input not in the valid range");
     ProcessLine r = before;
     r.kind = input.kind;
-    r.vapourFraction = input.vapourFraction;
+    r.vapour_fraction = input.vapour_fraction;
     return {r, {}};
 }
 
@@ -189,7 +189,7 @@ CurveRequest process_request(const Diagram& on, const ProcessLine& line, StatePa
 
 std::string one_point_note(const Diagram& diagram, std::span<const float> x,
                            std::span<const float> y) {
-    if (!diagram.mayShrinkToAPoint || x.empty()) return {};
+    if (!diagram.may_shrink_to_a_point || x.empty()) return {};
     const auto same = [](std::span<const float> values) {
         return std::all_of(values.begin(), values.end(),
                            [&](float value) { return value == values.front(); });
@@ -204,7 +204,7 @@ std::string volume_text(const Basis& basis, const char* name, double v) {
     const bool specific = basis.units.choice.system == models::UnitSystem::specific;
     const double M = basis.M();
     const double shown = specific && M > 0 ? v / M : v;
-    return name + numbers::General(numbers::to_single(shown)) +
+    return name + numbers::general(numbers::to_single(shown)) +
            (specific ? " m^3/kg" : " m^3/kmol");
 }
 
@@ -214,7 +214,7 @@ std::string caloric_text(const Basis& basis, const char* name, double value, boo
     const double shown = specific && M > 0 ? value / M : value;
     const char* unit =
         entropy ? (specific ? " kJ/(kg K)" : " kJ/(kmol K)") : (specific ? " kJ/kg" : " kJ/kmol");
-    return name + numbers::General(numbers::to_single(shown)) + unit;
+    return name + numbers::general(numbers::to_single(shown)) + unit;
 }
 
 /// What a state at T and p is to a process: its phase, with both volumes in the equilibrium.
@@ -229,15 +229,15 @@ StartState start_state(const models::Fluid& fluid, double T, double p) {
     const models::SubstanceRecord& s = fluid.substance();
     const models::StateTP state = models::solve_state_tp(fluid, T, p);
     if (state.status != kSuccess) return {};
-    StartState r{.vL = state.vL, .vV = state.vV, .region = state.PhaseRegion};
-    if (fluid.models().EOSOnlyV) {
+    StartState r{.vL = state.vL, .vV = state.vV, .region = state.region};
+    if (fluid.models().vapour_only) {
         r.kind = Kind::vapour;
     } else if (T == s.Tcrit && static_cast<float>(p) == static_cast<float>(s.pcrit)) {
         r.kind = Kind::critical;
-    } else if (state.hasL && state.hasV) {
-        r.kind = state.nRoots == 3 ? Kind::twoPhase : Kind::supercritical;
+    } else if (state.has_L && state.has_V) {
+        r.kind = state.root_count == 3 ? Kind::twoPhase : Kind::supercritical;
     } else {
-        r.kind = state.hasV ? Kind::vapour : Kind::liquid;
+        r.kind = state.has_V ? Kind::vapour : Kind::liquid;
     }
     return r;
 }
@@ -318,13 +318,13 @@ std::string phase_text(const models::Fluid& fluid, double T, double p) {
 std::array<KappaOffer, 2> kappa_offers(const Basis& basis, double T1) {
     const auto kappa = [&](double T) {
         const models::CpResult ideal =
-            models::ideal_gas_cp(basis.fluid.substance(), basis.fluid.models().CpModel, T);
+            models::ideal_gas_cp(basis.fluid.substance(), basis.fluid.models().cp_form, T);
         const double cv = ideal.cp - constants::R;
         return ideal.status == kSuccess && cv > 0 ? ideal.cp / cv : 0;
     };
     const auto offer = [&](const char* name, double T) {
         const double value = kappa(T);
-        return KappaOffer{name + numbers::General(numbers::to_single(value)) + " calculated",
+        return KappaOffer{name + numbers::general(numbers::to_single(value)) + " calculated",
                           value};
     };
     return {offer("aus T1 = ", T1),
@@ -332,8 +332,8 @@ std::array<KappaOffer, 2> kappa_offers(const Basis& basis, double T1) {
 }
 
 std::string polytropic_error_text(double T, double p) {
-    return "Error while the polytropic calculation\nT = " + numbers::General(T) +
-           "\np = " + numbers::General(p);
+    return "Error while the polytropic calculation\nT = " + numbers::general(T) +
+           "\np = " + numbers::general(p);
 }
 
 }  // namespace quor::diagrams

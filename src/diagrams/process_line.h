@@ -12,9 +12,9 @@ namespace quor::diagrams {
 
 /// Title of the input and the command behind it, by kind.
 struct ProcessTexts {
-    std::string_view title, heterogeneousTitle;
-    std::string_view command, commandTip;  ///< of `cmdVScalc`; empty: there is none
-    std::string_view name;                 ///< of the line in the legend
+    std::string_view title, heterogeneous_title;
+    std::string_view command, command_tip;  ///< of `cmdVScalc`; empty: there is none
+    std::string_view name;                  ///< of the line in the legend
 };
 const ProcessTexts& texts_of_process(ProcessKind kind);
 
@@ -26,13 +26,13 @@ const Diagram* process_curve(ProcessKind kind);
 struct ProcessInput {
     ProcessKind kind = ProcessKind::isotherm;
     std::array<double, 4> par{};  ///< T1, p1, T2, p2; x1, y1, x2, y2 of a straight line
-    bool rangeIsT = true;
+    bool range_is_T = true;
     bool vapour = true;  ///< `optPhase`
     bool heterogeneous = false;
-    bool idealGasEquation = false;
-    bool endToBegin = false;
+    bool ideal_gas_equation = false;
+    bool end_to_begin = false;
     double kappa = 0, exponent = 1;
-    double vapourFraction = 1;
+    double vapour_fraction = 1;
 };
 
 /// The input that continues a line: its start is the last point.

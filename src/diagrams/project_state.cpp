@@ -33,22 +33,23 @@ std::optional<double> caloric_on_axis(Axis axis, const State& state) {
 }
 
 std::optional<double> on_axis(Axis axis, const State& state) {
-    const double TF = state.basis.TF(), PF = state.basis.PF(), VF = state.basis.VF();
+    const double T_factor = state.basis.T_factor(), p_factor = state.basis.p_factor(),
+                 v_factor = state.basis.v_factor();
     switch (axis) {
         case Axis::T:
-            return state.T * TF;
+            return state.T * T_factor;
         case Axis::p:
-            return state.p * PF;
+            return state.p * p_factor;
         case Axis::v:
-            return state.v * VF;
+            return state.v * v_factor;
         case Axis::rho:
             return state.basis.M() / state.v;
         case Axis::pv:
-            return state.p * PF * state.v * VF;
+            return state.p * p_factor * state.v * v_factor;
         case Axis::inverseT:
-            return 1 / (state.T * TF);
+            return 1 / (state.T * T_factor);
         case Axis::lnp:
-            return std::log(state.p * PF);
+            return std::log(state.p * p_factor);
         case Axis::jouleThomson:
             if (!state.functions.table.filled) return std::nullopt;
             return state.functions.table.residual[models::JouleThomson];

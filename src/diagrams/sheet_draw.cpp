@@ -38,14 +38,15 @@ CurveName process_line_name(const CurveRequest& request) {
 }
 
 /// The volume of an isochore in p-T is told with its side of the critical one.
-CurveName isochore_name(const CurveRequest& request, const Basis& basis, bool criticalPointMarked) {
+CurveName isochore_name(const CurveRequest& request, const Basis& basis,
+                        bool critical_point_marked) {
     const double v = request.at.v;
-    if (!criticalPointMarked || request.curve->x != Axis::T || request.curve->y != Axis::p)
+    if (!critical_point_marked || request.curve->x != Axis::T || request.curve->y != Axis::p)
         return plain(point(v, "####0.0#### m^3/kmol "));
-    const double vcrit = basis.fluid.eos().vcritCalc;
+    const double vcrit = basis.fluid.eos().vcrit_calculated;
     const bool specific = basis.units.choice.system == models::UnitSystem::specific;
-    const std::string volume =
-        point(specific ? v * basis.VF() : v, "###0.0####") + (specific ? " m^3/kg " : " m^3/kmol ");
+    const std::string volume = point(specific ? v * basis.v_factor() : v, "###0.0####") +
+                               (specific ? " m^3/kg " : " m^3/kmol ");
     // The volume counts as critical when it shows the digits of the critical one.
     constexpr std::string_view kDigits = "###0.0####";
     if (point(v, kDigits) == point(vcrit, kDigits)) return {volume + " (cr) ", volume + "(cr)"};
@@ -82,10 +83,10 @@ std::string database_equation(const Diagram& diagram) {
 CurveWindow computing_window(const DiagramSheet& sheet) {
     CurveWindow w = sheet.request.window;
     const chart::Window shown = chart::shown_window(sheet.chart);
-    w.xMin = std::min(w.xMin, static_cast<float>(shown.x.min));
-    w.xMax = std::max(w.xMax, static_cast<float>(shown.x.max));
-    w.yMin = std::min(w.yMin, static_cast<float>(shown.y.min));
-    w.yMax = std::max(w.yMax, static_cast<float>(shown.y.max));
+    w.x_min = std::min(w.x_min, static_cast<float>(shown.x.min));
+    w.x_max = std::max(w.x_max, static_cast<float>(shown.x.max));
+    w.y_min = std::min(w.y_min, static_cast<float>(shown.y.min));
+    w.y_max = std::max(w.y_max, static_cast<float>(shown.y.max));
     return w;
 }
 
@@ -97,9 +98,9 @@ void tell_maximum(DiagramSheet& sheet, const Basis& basis, const Curve& drawn) {
     std::string& title = sheet.request.texts.title;
     const std::string before = title;
     if (const auto old = title.find(kCaption); old != std::string::npos) title.erase(old);
-    if (drawn.TOfMaximum) {
+    if (drawn.T_of_maximum) {
         title += kCaption;
-        title += numbers::Format(*drawn.TOfMaximum, "#####0.0");
+        title += numbers::format(*drawn.T_of_maximum, "#####0.0");
     }
     if (title != before) show_texts(sheet, basis.reference);
 }
@@ -110,10 +111,10 @@ CurveRequest in_sheet(const DiagramSheet& sheet, const Pen& pen, CurveRequest re
     if (request.curve == nullptr) request.curve = sheet.request.diagram;
     request.window = computing_window(sheet);
     request.options = pen.options;
-    request.pMin = pen.limits.pMin;
-    request.pMax = pen.limits.pMax;
-    const bool isProcess = request.curve->section == Section::process;
-    if (!isProcess) request.at = sheet.at;
+    request.p_min = pen.limits.p_min;
+    request.p_max = pen.limits.p_max;
+    const bool is_process = request.curve->section == Section::process;
+    if (!is_process) request.at = sheet.at;
     return request;
 }
 
@@ -130,7 +131,7 @@ bool tell_missing_fluid(const Pen& pen) {
 
 }  // namespace
 
-CurveName name_of(const CurveRequest& request, const Basis& basis, bool criticalPointMarked) {
+CurveName name_of(const CurveRequest& request, const Basis& basis, bool critical_point_marked) {
     const Diagram& diagram = *request.curve;
     if (request.branch == Branch::tieLine) return plain("Tie-Line V-L ");
     switch (diagram.section) {
@@ -141,7 +142,7 @@ CurveName name_of(const CurveRequest& request, const Basis& basis, bool critical
         case Section::isobaric:
             return plain(pressure(request.at));
         case Section::isochoric:
-            return isochore_name(request, basis, criticalPointMarked);
+            return isochore_name(request, basis, critical_point_marked);
         case Section::inversion:
             return {"Inversion curve", "delta = 0 "};
         case Section::projection:
@@ -180,8 +181,8 @@ DrawOutcome draw_curve(DiagramSheet& sheet, const Pen& pen, CurveRequest wanted,
     // The series ends at the range in which it was computed.
     outcome.place = store_curve(sheet,
                                 {std::move(drawn.points), drawn.parameter, std::move(basis),
-                                 std::move(name), texts.subTitle},
-                                request.window.xMax);
+                                 std::move(name), texts.sub_title},
+                                request.window.x_max);
     return outcome;
 }
 
@@ -193,7 +194,7 @@ DrawOutcome draw_process_line(DiagramSheet& sheet, const Pen& pen, const Process
 bool draw_both_branches(DiagramSheet& sheet, const Pen& pen, const Diagram& dome) {
     if (!dome.branches) return draw_curve(sheet, pen, {.curve = &dome}).place >= 0;
     const auto branch = [&](double fraction, const char* name) {
-        return draw_curve(sheet, pen, {.curve = &dome, .vapourFraction = fraction}, name).place >=
+        return draw_curve(sheet, pen, {.curve = &dome, .vapour_fraction = fraction}, name).place >=
                0;
     };
     return branch(0, " (L)") && branch(1, " (V)");
@@ -201,7 +202,7 @@ bool draw_both_branches(DiagramSheet& sheet, const Pen& pen, const Diagram& dome
 
 bool draw(DiagramSheet& sheet, const Pen& pen, const ProcessLine& range) {
     const Diagram* diagram = sheet.request.diagram;
-    if (sheet.swappedAxes || diagram == nullptr) return false;
+    if (sheet.swapped_axes || diagram == nullptr) return false;
     if (diagram->section == Section::projection) return draw_both_branches(sheet, pen, *diagram);
     return draw_curve(sheet, pen, {.line = range}).place >= 0;
 }
@@ -212,7 +213,7 @@ std::string fluid_text(const Diagram* diagram, const Pen& pen) {
     const std::string model = diagram == nullptr || diagram->section == Section::database
                                   ? std::string()
                                   : model_name(*diagram, fluid);
-    return fluid.substance().Name + (model.empty() ? "" : ", " + model);
+    return fluid.substance().name + (model.empty() ? "" : ", " + model);
 }
 
 }  // namespace quor::diagrams

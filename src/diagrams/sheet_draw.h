@@ -12,8 +12,8 @@ struct Pen {
 
     /// False for a pen without a substance or without an equation of state.
     bool has_fluid() const {
-        return !basis.fluid.substance().Name.empty() &&
-               basis.fluid.models().EOSModel != models::Eos::none;
+        return !basis.fluid.substance().name.empty() &&
+               basis.fluid.models().eos != models::Eos::none;
     }
 };
 
@@ -43,7 +43,7 @@ bool draw_both_branches(DiagramSheet& sheet, const Pen& pen, const Diagram& dome
 
 /// The name of a curve from its parameters; that of an isochore compares with the critical volume
 /// where the critical point is marked.
-CurveName name_of(const CurveRequest& request, const Basis& basis, bool criticalPointMarked);
+CurveName name_of(const CurveRequest& request, const Basis& basis, bool critical_point_marked);
 
 /// The words of the pen: substance and model of the next curve of a diagram; empty without a fluid.
 std::string fluid_text(const Diagram* diagram, const Pen& pen);

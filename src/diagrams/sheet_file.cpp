@@ -30,10 +30,10 @@ const Series* used_curve(const DiagramSheet& sheet, int place) {
 
 /// The places of a group that something was drawn in: all but the empty ones at the end.
 template <class IsElse>
-std::size_t used_places(const std::vector<Series>& group, IsElse isElse) {
+std::size_t used_places(const std::vector<Series>& group, IsElse is_else) {
     std::size_t used = 0;
     for (std::size_t i = 0; i < group.size(); ++i)
-        if (!isElse(i) && !group[i].x.empty()) used = i + 1;
+        if (!is_else(i) && !group[i].x.empty()) used = i + 1;
     return used;
 }
 
@@ -61,16 +61,16 @@ void place_critical_point(DiagramSheet& sheet, bool experimental, std::optional<
 void take_curves(DiagramSheet& sheet) {
     auto& curves = sheet.chart.curves;
     std::vector<Series> lines;
-    const auto isReference = [&](std::size_t i) { return curves[i].isReference; };
-    const std::size_t used = used_places(curves, isReference);
+    const auto is_reference = [&](std::size_t i) { return curves[i].is_reference; };
+    const std::size_t used = used_places(curves, is_reference);
     for (std::size_t i = used; i < curves.size(); ++i)
-        if (curves[i].isReference) lines.push_back(std::move(curves[i]));
-    std::erase_if(curves, [](const Series& s) { return s.isReference && s.x.empty(); });
+        if (curves[i].is_reference) lines.push_back(std::move(curves[i]));
+    std::erase_if(curves, [](const Series& s) { return s.is_reference && s.x.empty(); });
     sheet.curves.resize(used);
     const std::size_t first = at(first_reference_line(sheet));
     if (curves.size() > first || !lines.empty()) {
         curves.resize(std::min(curves.size(), std::max(used, first)));
-        std::erase_if(curves, [](const Series& s) { return s.isReference; });
+        std::erase_if(curves, [](const Series& s) { return s.is_reference; });
         if (!lines.empty())
             chart::series_at(sheet.chart, chart::Group::Curves, static_cast<int>(first) - 1);
         for (Series& line : lines) curves.push_back(std::move(line));
@@ -94,15 +94,15 @@ void take_point_sets(DiagramSheet& sheet) {
     auto experimental = take_critical_point(chart, LabelKind::criticalEx);
     auto calculated = take_critical_point(chart, LabelKind::criticalCalc);
     const std::size_t used = used_places(chart.points, [](std::size_t) { return false; });
-    sheet.pointSets.assign(used, false);
-    for (std::size_t i = 0; i < used; ++i) sheet.pointSets[i] = !chart.points[i].x.empty();
+    sheet.point_sets.assign(used, false);
+    for (std::size_t i = 0; i < used; ++i) sheet.point_sets[i] = !chart.points[i].x.empty();
     place_critical_point(sheet, true, std::move(experimental));
     place_critical_point(sheet, false, std::move(calculated));
 }
 
 void drop_lost_labels(chart::Chart2D& chart) {
     std::erase_if(chart.labels, [&](const chart::Label& l) {
-        if (!l.onPoint) return false;
+        if (!l.on_point) return false;
         const auto& group = chart::series_of(chart, l.group);
         return l.series < 0 || at(l.series) >= group.size() || group[at(l.series)].x.empty();
     });
@@ -111,7 +111,7 @@ void drop_lost_labels(chart::Chart2D& chart) {
 }  // namespace
 
 SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
-    if (sheet.swappedAxes &&
+    if (sheet.swapped_axes &&
         !dialogs::ask("Recommendation: Do not save the diagram in the rotated state (x<=>y).\n"
                       "Continue?",
                       "WARNING", dialogs::Icon::Exclamation))
@@ -122,8 +122,8 @@ SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
                               .filter = kFilter,
                               .folder = folder,
                               .name = "*.oc2",
-                              .defaultExtension = kExtension,
-                              .overwritePrompt = true});
+                              .default_extension = kExtension,
+                              .overwrite_prompt = true});
     if (!name || name->empty()) return {false, folder};
     const std::string path = paths::target_path(*name, folder, kExtension);
     const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
@@ -131,9 +131,9 @@ SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
     return {saved.ok, paths::folder_of(path)};
 }
 
-LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool withNote) {
-    if (sheet.swappedAxes) change_xy(sheet);
-    if (withNote) {
+LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool with_note) {
+    if (sheet.swapped_axes) change_xy(sheet);
+    if (with_note) {
         dialogs::tell(
             "If you intend to continue the designing of the\nOC2 diagram please note:\n"
             "1) Do load the OC2 diagram file only for a suited setting \n"
@@ -148,7 +148,7 @@ LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool withNot
                               .filter = kFilter,
                               .folder = folder,
                               .name = "*.oc2",
-                              .defaultExtension = kExtension});
+                              .default_extension = kExtension});
     if (!name || name->empty()) return {LoadOutcome::Cancelled, folder};
     return load_oc2(sheet, paths::in_folder(*name, folder));
 }
@@ -161,7 +161,7 @@ LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file) {
         return {LoadOutcome::Failed, paths::folder_of(file)};
     }
     take_loaded_chart(sheet, std::move(loaded));
-    sheet.loadedFile = file;
+    sheet.loaded_file = file;
     return {LoadOutcome::Loaded, paths::folder_of(file)};
 }
 
@@ -182,7 +182,7 @@ void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart) {
     r.proposed = r.window;
     r.texts.x = fresh.chart.x.title;
     r.texts.y = fresh.chart.y.title;
-    fresh.manualScaling = true;
+    fresh.manual_scaling = true;
     sheet = std::move(fresh);
 }
 
@@ -199,17 +199,17 @@ std::string curve_table(const DiagramSheet& sheet, int place) {
     const Series* series = used_curve(sheet, place);
     if (series == nullptr) return {};
     const std::string parameter = text::trim(parameter_caption(sheet, place));
-    const bool hasParameter = !parameter.empty();
+    const bool has_parameter = !parameter.empty();
     std::string table = sheet.chart.x.title + '\t' + sheet.chart.y.title;
-    if (hasParameter) table += '\t' + parameter;
+    if (has_parameter) table += '\t' + parameter;
     table += '\n';
     const std::vector<float>& z = sheet.curves[at(place)].z;
     for (std::size_t i = 0; i < series->x.size(); ++i) {
         if (!chart::is_shown(series->x[i]) || !chart::is_shown(series->y[i])) continue;
-        table += numbers::General(series->x[i]) + '\t' + numbers::General(series->y[i]);
-        if (hasParameter) {
+        table += numbers::general(series->x[i]) + '\t' + numbers::general(series->y[i]);
+        if (has_parameter) {
             table += '\t';
-            if (i < z.size()) table += numbers::General(z[i]);
+            if (i < z.size()) table += numbers::general(z[i]);
         }
         table += '\n';
     }

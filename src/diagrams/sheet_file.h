@@ -24,8 +24,8 @@ struct LoadAnswer {
     std::string folder;  ///< in which the next file is looked for
 };
 /// Asks for a saved diagram, beginning in a folder, and takes it in the place of all that is there.
-/// `withNote` tells first what to mind.
-LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool withNote);
+/// `with_note` tells first what to mind.
+LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool with_note);
 /// The same for a known file.
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file);
 

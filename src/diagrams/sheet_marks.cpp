@@ -49,7 +49,7 @@ Direction direction_of_rho(const DiagramSheet& sheet) {
 }
 
 struct ReferenceLine {
-    int labelIndex;
+    int label_index;
     double value;  ///< in displayed units
     std::string text;
     float far;  ///< where the line begins
@@ -60,16 +60,16 @@ void add_line(DiagramSheet& sheet, Direction direction, const ReferenceLine& lin
     auto& curves = sheet.chart.curves;
     chart::series_at(sheet.chart, chart::Group::Curves, first_reference_line(sheet) - 1);
     chart::Series series;
-    series.isReference = true;
-    series.inLegend = false;
+    series.is_reference = true;
+    series.in_legend = false;
     series.legend = line.text;  // by which it is found again
     series.line = {chart::LinePattern::Dashed, kMarkColour, 1};
     series.symbol = chart::SymbolShape::Hidden;
 
     chart::Label label;
-    label.index = line.labelIndex;
+    label.index = line.label_index;
     label.text = line.text;
-    label.textColour = kMarkColour;
+    label.text_colour = kMarkColour;
     const auto value = static_cast<float>(line.value);
     const chart::WindowScale scale(sheet.chart);
     constexpr double kClear = 9;  // pixels between line and text
@@ -92,14 +92,15 @@ void add_line(DiagramSheet& sheet, Direction direction, const ReferenceLine& lin
 }
 
 /// Takes away an earlier line of the same meaning.
-void remove_line(DiagramSheet& sheet, int labelIndex, std::string_view text) {
-    std::erase_if(sheet.chart.labels, [&](const chart::Label& l) { return l.index == labelIndex; });
+void remove_line(DiagramSheet& sheet, int label_index, std::string_view text) {
+    std::erase_if(sheet.chart.labels,
+                  [&](const chart::Label& l) { return l.index == label_index; });
     std::erase_if(sheet.chart.curves,
-                  [&](const chart::Series& s) { return s.isReference && s.legend == text; });
+                  [&](const chart::Series& s) { return s.is_reference && s.legend == text; });
 }
 
 bool refuse_vapour_only(const Pen& pen, const char* text) {
-    if (!pen.basis.fluid.models().EOSOnlyV) return false;
+    if (!pen.basis.fluid.models().vapour_only) return false;
     dialogs::tell(text, kRefused);
     return true;
 }
@@ -111,10 +112,10 @@ constexpr auto kTooHigh = "only possible in the 2-phase region V-L  (p<p(cr))";
 bool refuse_supercritical(const DiagramSheet& sheet, const Pen& pen) {
     const models::SubstanceRecord& s = pen.basis.fluid.substance();
     const Section section = sheet.request.section();
-    const bool tooHot = section == Section::isothermal && sheet.at.T >= s.Tcrit;
-    const bool tooHigh = section == Section::isobaric && sheet.at.p >= s.pcrit;
-    if (tooHot || tooHigh) dialogs::tell(tooHot ? kTooHot : kTooHigh, kRefused);
-    return tooHot || tooHigh;
+    const bool too_hot = section == Section::isothermal && sheet.at.T >= s.Tcrit;
+    const bool too_high = section == Section::isobaric && sheet.at.p >= s.pcrit;
+    if (too_hot || too_high) dialogs::tell(too_hot ? kTooHot : kTooHigh, kRefused);
+    return too_hot || too_high;
 }
 
 /// The basis of a mark in the units of the sheet; nothing, and said, where there is none.
@@ -140,7 +141,7 @@ void clear_lines(DiagramSheet& sheet) {
 
 bool offers_mark(const DiagramSheet& sheet, Mark mark) {
     const Diagram* diagram = sheet.request.diagram;
-    if (sheet.swappedAxes || diagram == nullptr) return false;
+    if (sheet.swapped_axes || diagram == nullptr) return false;
     switch (mark) {
         case Mark::T:
             return direction_of_T(sheet) != Direction::None;
@@ -180,9 +181,9 @@ bool mark_temperatures(DiagramSheet& sheet, const Pen& pen) {
 
     const models::SubstanceRecord& s = basis->fluid.substance();
     const Direction direction = direction_of_T(sheet);
-    const double factor = basis->TF();
+    const double factor = basis->T_factor();
     const bool inverse = direction_of(sheet, {Axis::T}) == Direction::None;
-    int index = MarkerLabel::kFirstT;
+    int index = marker_label::kFirstT;
     const auto line = [&](const char* text, double T) {
         if (T > 0) {
             const double value = inverse ? 1 / (factor * T) : factor * T;
@@ -192,9 +193,9 @@ bool mark_temperatures(DiagramSheet& sheet, const Pen& pen) {
     };
     line("T(cr)", s.Tcrit);
     line("T(triple)", static_cast<double>(s.Ttriple));
-    if (pen.options.partialGas) {
+    if (pen.options.partial_gas) {
         line("                      T(LV) at p",
-             models::boiling_temperature(s, sheet.at.p, basis->fluid.models().VPModel).T);
+             models::boiling_temperature(s, sheet.at.p, basis->fluid.models().vapour_pressure).T);
         line("                      T(LV) at normal pressure", static_cast<double>(s.Tboil));
     }
     return has_reference_lines(sheet);
@@ -209,9 +210,9 @@ bool mark_pressures(DiagramSheet& sheet, const Pen& pen) {
 
     const models::SubstanceRecord& s = basis->fluid.substance();
     const Direction direction = direction_of_p(sheet);
-    const double factor = basis->PF();
+    const double factor = basis->p_factor();
     const bool logarithm = direction_of(sheet, {Axis::lnp}) != Direction::None;
-    int index = MarkerLabel::kFirstP;
+    int index = marker_label::kFirstP;
     const auto line = [&](const char* text, double p) {
         if (p > 0) {
             const double value = logarithm ? std::log(factor * p) : factor * p;
@@ -220,30 +221,31 @@ bool mark_pressures(DiagramSheet& sheet, const Pen& pen) {
         ++index;
     };
     line("p(cr)", s.pcrit);
-    line("p(LV) at T ", models::vapour_pressure(s, sheet.at.T, basis->fluid.models().VPModel).p);
+    line("p(LV) at T ",
+         models::vapour_pressure(s, sheet.at.T, basis->fluid.models().vapour_pressure).p);
     line(logarithm ? "Normal-p" : "normal p", constants::kNormalPressure);
     return has_reference_lines(sheet);
 }
 
 bool mark_volume(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::v)) return false;
-    const double v = pen.basis.fluid.eos().vcritCalc;
+    const double v = pen.basis.fluid.eos().vcrit_calculated;
     if (!(v > 0)) return false;
     const auto basis = basis_of_mark(sheet, pen);
     if (!basis) return false;
     remember(sheet, "V-Mark");
-    remove_line(sheet, MarkerLabel::kVolume, "v(crit)");
+    remove_line(sheet, marker_label::kVolume, "v(crit)");
     add_line(sheet, direction_of_v(sheet),
-             {MarkerLabel::kVolume, v * basis->VF(), "v(crit)", kFarV});
+             {marker_label::kVolume, v * basis->v_factor(), "v(crit)", kFarV});
     return true;
 }
 
 bool mark_covolume(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::b)) return false;
     const models::Fluid& fluid = pen.basis.fluid;
-    const bool cubic = !fluid.models().EOSOnlyV;
+    const bool cubic = !fluid.models().vapour_only;
     const double b =
-        cubic ? models::solve_state_tp(fluid, sheet.at.T, fluid.substance().pcrit).state.eosB : 0;
+        cubic ? models::solve_state_tp(fluid, sheet.at.T, fluid.substance().pcrit).state.b : 0;
     if (!(b > 0)) {
         dialogs::tell("possible for cubic EOS only.", kRefused);
         return false;
@@ -251,11 +253,12 @@ bool mark_covolume(DiagramSheet& sheet, const Pen& pen) {
     const auto basis = basis_of_mark(sheet, pen);
     if (!basis) return false;
     remember(sheet, "Marker v = B");
-    remove_line(sheet, MarkerLabel::kCovolume, "v = b");
-    const Direction ofVolume = direction_of_v(sheet);
-    const bool density = ofVolume == Direction::None;
-    add_line(sheet, density ? direction_of_rho(sheet) : ofVolume,
-             {MarkerLabel::kCovolume, density ? basis->M() / b : b * basis->VF(), "v = b", kFarV});
+    remove_line(sheet, marker_label::kCovolume, "v = b");
+    const Direction of_volume = direction_of_v(sheet);
+    const bool density = of_volume == Direction::None;
+    add_line(sheet, density ? direction_of_rho(sheet) : of_volume,
+             {marker_label::kCovolume, density ? basis->M() / b : b * basis->v_factor(), "v = b",
+              kFarV});
     return true;
 }
 
@@ -275,15 +278,16 @@ std::optional<Projection> critical_projection(const DiagramSheet& sheet, const B
     const models::Fluid& fluid = basis.fluid;
     const models::SubstanceRecord& s = fluid.substance();
     const Diagram& diagram = *sheet.request.diagram;
-    const double v = experimental ? s.vcritExp : fluid.eos().vcritCalc;
-    const bool needsVolume = direction_of(sheet, {Axis::v, Axis::rho, Axis::pv}) != Direction::None;
-    if (!(v > 0) && needsVolume) return std::nullopt;
+    const double v = experimental ? s.vcrit_measured : fluid.eos().vcrit_calculated;
+    const bool needs_volume =
+        direction_of(sheet, {Axis::v, Axis::rho, Axis::pv}) != Direction::None;
+    if (!(v > 0) && needs_volume) return std::nullopt;
     models::StateValues functions;
     if (shows_caloric_values(diagram)) {
         // The caloric values belong to the state of the EOS at T(cr) and p(cr).
         const models::StateTP state = models::solve_state_tp(fluid, s.Tcrit, s.pcrit);
-        const double ofState = state.hasV ? state.vV : state.vL;
-        functions = CaloricFunctions(basis)(s.Tcrit, s.pcrit, ofState > 0 ? ofState : v);
+        const double of_state = state.has_V ? state.vV : state.vL;
+        functions = CaloricFunctions(basis)(s.Tcrit, s.pcrit, of_state > 0 ? of_state : v);
     }
     return project_state(diagram, basis, {s.Tcrit, s.pcrit, v}, functions);
 }
@@ -305,14 +309,14 @@ bool mark_critical_point(DiagramSheet& sheet, const Pen& pen, bool experimental)
     const int place = critical_point_place(sheet, experimental);
     chart::Series& series = chart::series_at(sheet.chart, chart::Group::Points, place);
     series = chart::default_point_set(place);
-    series.inLegend = false;
+    series.in_legend = false;
     series.symbol = experimental ? chart::SymbolShape::Box : chart::SymbolShape::Circle;
-    series.symbolColour = chart::kInk;
+    series.symbol_colour = chart::kInk;
     series.x = {static_cast<float>(at->x)};
     series.y = {static_cast<float>(at->y)};
     chart::Label label;
     label.index = label_index(kind);
-    label.onPoint = true;
+    label.on_point = true;
     label.group = chart::Group::Points;
     label.series = place;
     label.text = experimental ? "CP (exp.)" : "CP (calc.)";
@@ -355,7 +359,7 @@ bool mark_isohygric(DiagramSheet& sheet, const Pen& pen, double fraction) {
     const Diagram& dome = diagram_of(sheet.request.diagram->dome);
     const std::string text = " y(V) = " + numbers::general_point(fraction);
     const DrawOutcome drawn =
-        draw_curve(sheet, pen, {.curve = &dome, .vapourFraction = fraction}, text);
+        draw_curve(sheet, pen, {.curve = &dome, .vapour_fraction = fraction}, text);
     if (drawn.place < 0) return false;
     CurveName name = sheet.curves[static_cast<std::size_t>(drawn.place)].name;
     name.label = text.substr(1);

@@ -27,16 +27,16 @@ Value product(Value a, Value b) {
 struct Measured {
     const Basis& basis;
     const MeasuredState& data;
-    double TOfDiagram;  ///< K
+    double T_of_diagram;  ///< K
     Value density;
 
-    Value T() const { return product(given(data.T), basis.TF()); }
-    Value p() const { return product(given(data.p), basis.PF()); }
+    Value T() const { return product(given(data.T), basis.T_factor()); }
+    Value p() const { return product(given(data.p), basis.p_factor()); }
     Value v() const {
         if (!density || !(basis.M() > 0)) return std::nullopt;
-        return basis.M() / *density * basis.VF();
+        return basis.M() / *density * basis.v_factor();
     }
-    double caloric() const { return basis.caloric(data.T > 0 ? data.T : TOfDiagram); }
+    double caloric() const { return basis.caloric(data.T > 0 ? data.T : T_of_diagram); }
 };
 
 Value on_axis(Axis axis, const Measured& m) {
@@ -100,8 +100,8 @@ MeasuredPoints map_measured(const Diagram& diagram, const Basis& basis,
     };
     for (const MeasuredState& line : data) {
         const Value V = given(line.rhoV), L = given(line.rhoL);
-        const bool needsDensity = !add(line, std::nullopt);
-        if (!needsDensity) continue;
+        const bool needs_density = !add(line, std::nullopt);
+        if (!needs_density) continue;
         if (is_condensed_function(diagram)) {
             add(line, L ? L : V);
         } else if (shows_both_phases(diagram)) {
@@ -125,7 +125,7 @@ bool add_measured_points(DiagramSheet& sheet, const Pen& pen, std::span<const Me
         dialogs::tell(fault.what(), "Execution not possible");
         return false;
     }
-    if (sheet.swappedAxes) std::swap(points.x, points.y);
+    if (sheet.swapped_axes) std::swap(points.x, points.y);
     bool any = false;
     for (std::size_t i = 0; i < points.x.size(); ++i)
         any = any || in_window(sheet, points.x[i], points.y[i]);
@@ -157,24 +157,25 @@ DiagramRequest request_of_editor_graph(const EditorGraph& graph) {
         high += rim;
     };
     CurveWindow window = graph.range;
-    widen(window.xMin, window.xMax);
-    widen(window.yMin, window.yMax);
-    return {.proposed = window,
-            .window = window,
-            .texts = {.title = graph.title, .subTitle = {}, .x = graph.xTitle, .y = graph.yTitle}};
+    widen(window.x_min, window.x_max);
+    widen(window.y_min, window.y_max);
+    return {
+        .proposed = window,
+        .window = window,
+        .texts = {.title = graph.title, .sub_title = {}, .x = graph.x_title, .y = graph.y_title}};
 }
 
 bool add_editor_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
                        const std::string& comment) {
     if (x.empty()) return false;
-    if (sheet.swappedAxes) std::swap(x, y);
+    if (sheet.swapped_axes) std::swap(x, y);
     return store_point_set(sheet, std::move(x), std::move(y), editor_name(comment)) >= 0;
 }
 
 bool add_editor_curve(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
                       const std::string& comment) {
     if (x.empty()) return false;
-    if (sheet.swappedAxes) std::swap(x, y);
+    if (sheet.swapped_axes) std::swap(x, y);
     return store_points(sheet, std::move(x), std::move(y), editor_name(comment)) >= 0;
 }
 

@@ -31,7 +31,7 @@ bool add_measured_points(DiagramSheet& sheet, const Pen& pen, std::span<const Me
 
 /// A graph of points that the XY editor has sent.
 struct EditorGraph {
-    std::string title, xTitle, yTitle;
+    std::string title, x_title, y_title;
     CurveWindow range;  ///< of its points
 };
 /// The request of an empty sheet for the graph.

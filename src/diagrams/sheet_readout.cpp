@@ -44,8 +44,8 @@ std::string readout(const DiagramSheet& sheet, const chart::NearPoint& near) {
     if (near.series < 0 || at(near.series) >= group.size()) return {};
     const chart::Series& series = group[at(near.series)];
     if (near.point < 0 || at(near.point) >= series.x.size()) return {};
-    const std::string x = numbers::General(series.x[at(near.point)]);
-    const std::string y = numbers::General(series.y[at(near.point)]);
+    const std::string x = numbers::general(series.x[at(near.point)]);
+    const std::string y = numbers::general(series.y[at(near.point)]);
     if (near.group == chart::Group::Points) return "X = " + x + "  Y = " + y;
 
     std::string text = " X= " + x + " Y= " + y;
@@ -53,13 +53,13 @@ std::string readout(const DiagramSheet& sheet, const chart::NearPoint& near) {
     if (caption.empty()) return text;
     const std::vector<float>& z = sheet.curves[at(near.series)].z;
     if (at(near.point) < z.size() && z[at(near.point)] != 0)
-        text += caption + numbers::General(z[at(near.point)]);
+        text += caption + numbers::general(z[at(near.point)]);
     return text;
 }
 
 std::string place_text(double x, double y) {
-    return "X = " + numbers::General(static_cast<float>(x)) +
-           "  Y = " + numbers::General(static_cast<float>(y));
+    return "X = " + numbers::general(static_cast<float>(x)) +
+           "  Y = " + numbers::general(static_cast<float>(y));
 }
 
 std::string hint(Under what) {
@@ -97,11 +97,11 @@ LegendAnswer add_legend(DiagramSheet& sheet) {
         sheet.chart.legend.shown = true;
         return LegendAnswer::Shown;
     }
-    const bool pointsOnly = curve_count(sheet) == 0 && point_set_count(sheet) > 0;
+    const bool points_only = curve_count(sheet) == 0 && point_set_count(sheet) > 0;
     dialogs::tell(std::string("No legend texts given\n") +
-                      (pointsOnly ? "=> Designing exper. points" : "=> Designing curve"),
+                      (points_only ? "=> Designing exper. points" : "=> Designing curve"),
                   "Execution not possible");
-    return pointsOnly ? LegendAnswer::DesignPoints : LegendAnswer::DesignCurve;
+    return points_only ? LegendAnswer::DesignPoints : LegendAnswer::DesignCurve;
 }
 
 }  // namespace quor::diagrams

@@ -33,11 +33,11 @@ constexpr auto kKinds = std::to_array<SurfaceKind>({
 /// Default ranges as shares of the critical values.
 struct Ranges {
     Axis z;
-    bool SCurve;
-    double pLow, pHigh;  ///< of pcrit; a low value of 0 stands for `pLowest`
-    double pLowest;      ///< kPa
-    double TLow, THigh;  ///< of Tcrit
-    double vHigh;        ///< of M/rhocrit; 0: the surface has no v
+    bool s_curve;
+    double p_low, p_high;  ///< of pcrit; a low value of 0 stands for `p_lowest`
+    double p_lowest;       ///< kPa
+    double T_low, T_high;  ///< of Tcrit
+    double v_high;         ///< of M/rhocrit; 0: the surface has no v
 };
 
 constexpr auto kRanges = std::to_array<Ranges>({
@@ -49,9 +49,9 @@ constexpr auto kRanges = std::to_array<Ranges>({
 });
 
 /// The row of the quantity that a surface shows; all caloric ones share the last.
-const Ranges& ranges_of(const SurfaceKind& surface, bool SCurve) {
+const Ranges& ranges_of(const SurfaceKind& surface, bool s_curve) {
     for (const Ranges& row : kRanges)
-        if (row.z == surface.z && (row.z != Axis::p || row.SCurve == SCurve)) return row;
+        if (row.z == surface.z && (row.z != Axis::p || row.s_curve == s_curve)) return row;
     return kRanges.back();
 }
 
@@ -88,43 +88,44 @@ bool is_caloric(const SurfaceKind& surface) {
 
 SurfaceTexts texts_of(const SurfaceKind& surface, const Basis& basis) {
     const models::UnitChoice& units = basis.units.choice;
-    const bool hasZeroPoint = surface.z == Axis::h || surface.z == Axis::s || surface.z == Axis::g;
+    const bool has_zero_point =
+        surface.z == Axis::h || surface.z == Axis::s || surface.z == Axis::g;
     return {std::string(surface.title),
-            " for " + basis.fluid.substance().Name + ",  " +
-                text::trim(models::EOSName(basis.fluid.models().EOSModel)),
+            " for " + basis.fluid.substance().name + ",  " +
+                text::trim(models::eos_name(basis.fluid.models().eos)),
             label_of(surface.x, units),
             label_of(surface.y, units),
             label_of(surface.z, units),
-            reference_text(hasZeroPoint, is_exergy(surface.z), basis.reference)};
+            reference_text(has_zero_point, is_exergy(surface.z), basis.reference)};
 }
 
-SurfaceLimits default_limits(const SurfaceKind& surface, const Basis& basis, bool SCurve) {
+SurfaceLimits default_limits(const SurfaceKind& surface, const Basis& basis, bool s_curve) {
     constexpr float kVolumeWithoutData = 3.0F;
     const models::SubstanceRecord& s = basis.fluid.substance();
-    const Ranges& row = ranges_of(surface, SCurve);
-    const double PF = basis.PF(), TF = basis.TF();
+    const Ranges& row = ranges_of(surface, s_curve);
+    const double p_factor = basis.p_factor(), T_factor = basis.T_factor();
 
     SurfaceLimits limits;
-    limits.pMin = single(PF * (row.pLow > 0 ? row.pLow * s.pcrit : row.pLowest));
-    limits.pMax = single(PF * row.pHigh * s.pcrit);
-    limits.TMin = single(TF * row.TLow * s.Tcrit);
-    limits.TMax = single(TF * row.THigh * s.Tcrit);
-    if (row.vHigh > 0)
-        limits.vMax = s.rhocrit > 0 ? single(basis.VF() * row.vHigh * basis.M() / s.rhocrit)
-                                    : kVolumeWithoutData;
+    limits.p_min = single(p_factor * (row.p_low > 0 ? row.p_low * s.pcrit : row.p_lowest));
+    limits.p_max = single(p_factor * row.p_high * s.pcrit);
+    limits.T_min = single(T_factor * row.T_low * s.Tcrit);
+    limits.T_max = single(T_factor * row.T_high * s.Tcrit);
+    if (row.v_high > 0)
+        limits.v_max = s.rhocrit > 0 ? single(basis.v_factor() * row.v_high * basis.M() / s.rhocrit)
+                                     : kVolumeWithoutData;
     return limits;
 }
 
 Limits limits_of(const SurfaceLimits& limits, Axis axis) {
     switch (axis) {
         case Axis::T:
-            return {limits.TMin, limits.TMax};
+            return {limits.T_min, limits.T_max};
         case Axis::p:
-            return {limits.pMin, limits.pMax};
+            return {limits.p_min, limits.p_max};
         case Axis::v:
-            return {limits.vMin, limits.vMax};
+            return {limits.v_min, limits.v_max};
         default:
-            return {limits.zMin, limits.zMax};
+            return {limits.z_min, limits.z_max};
     }
 }
 
@@ -138,8 +139,8 @@ std::string refusal_of(const SurfaceLimits& limits, const SurfaceKind& surface) 
 
 SurfaceMark critical_mark(const SurfaceKind& surface, const Basis& basis) {
     const models::SubstanceRecord& s = basis.fluid.substance();
-    double v = basis.fluid.eos().vcritCalc;
-    if (!(v > 0)) v = s.vcritExp;
+    double v = basis.fluid.eos().vcrit_calculated;
+    if (!(v > 0)) v = s.vcrit_measured;
     if (surface.z == Axis::cp) return {.remark = "at the critical point cp => infinite"};
     if (!(v > 0)) return {.remark = "No critical density available"};
 
@@ -152,11 +153,11 @@ SurfaceMark critical_mark(const SurfaceKind& surface, const Basis& basis) {
     const auto place = [&](Axis axis) {
         switch (axis) {
             case Axis::T:
-                return s.Tcrit * basis.TF();
+                return s.Tcrit * basis.T_factor();
             case Axis::p:
-                return s.pcrit * basis.PF();
+                return s.pcrit * basis.p_factor();
             case Axis::v:
-                return v * basis.VF();
+                return v * basis.v_factor();
             default:
                 return caloric;
         }

@@ -13,10 +13,10 @@ namespace quor::diagrams {
 
 /// Limits of a surface in displayed units; z limits of -0.01111 and 0.01111 mean no clipping.
 struct SurfaceLimits {
-    float pMin = 0, pMax = 0;
-    float TMin = 0, TMax = 0;
-    float vMin = 0, vMax = 0;
-    float zMin = -0.01111F, zMax = 0.01111F;
+    float p_min = 0, p_max = 0;
+    float T_min = 0, T_max = 0;
+    float v_min = 0, v_max = 0;
+    float z_min = -0.01111F, z_max = 0.01111F;
     friend bool operator==(const SurfaceLimits&, const SurfaceLimits&) = default;
 };
 
@@ -25,9 +25,9 @@ struct SurfaceKind {
     std::int16_t code;  ///< its number in quorcalc
     std::string_view title;
     Axis x, y, z;
-    bool hasSCurve = false;  ///< may show S-shaped isotherms inside the dome
-    int menuIndex = -1;      ///< in the menu of surfaces; a gap is a separator
-    std::string_view menuCaption{};
+    bool has_s_curve = false;  ///< may show S-shaped isotherms inside the dome
+    int menu_index = -1;       ///< in the menu of surfaces; a gap is a separator
+    std::string_view menu_caption{};
 };
 std::span<const SurfaceKind> surface_kinds();
 /// The row of a code; nullptr when there is none.
@@ -37,13 +37,13 @@ const SurfaceKind* find_surface(int code);
 bool is_caloric(const SurfaceKind& surface);
 
 struct SurfaceTexts {
-    std::string title, subTitle, xLabel, yLabel, zLabel;
+    std::string title, sub_title, x_label, y_label, z_label;
     std::string note;  ///< on zero points and surroundings; empty where none matter
 };
 SurfaceTexts texts_of(const SurfaceKind& surface, const Basis& basis);
 
-/// Default limits of a kind in displayed units; `SCurve` for the S-shaped isotherms.
-SurfaceLimits default_limits(const SurfaceKind& surface, const Basis& basis, bool SCurve);
+/// Default limits of a kind in displayed units; `s_curve` for the S-shaped isotherms.
+SurfaceLimits default_limits(const SurfaceKind& surface, const Basis& basis, bool s_curve);
 
 /// Limits of z that mean "no clipping".
 inline constexpr float kNoLowerClip = -0.01111F;

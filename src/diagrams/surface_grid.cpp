@@ -23,39 +23,40 @@ constexpr double kInsteadOfNoPressure = 0.05;  // kPa, for a p of 0
 struct Surface {
     const SurfaceKind& kind;
     const Basis& basis;
-    bool SCurve;
+    bool s_curve;
     const models::Fluid& fluid = basis.fluid;
     CaloricFunctions functions{basis};
-    double M = basis.M(), TF = basis.TF(), PF = basis.PF(), VF = basis.VF();
+    double M = basis.M(), T_factor = basis.T_factor(), p_factor = basis.p_factor(),
+           v_factor = basis.v_factor();
 };
 
 using Value = std::optional<double>;
 
 Value pressure(const Surface& s, double T, double v) {
-    models::EOSState state = models::eos_at(s.fluid, T);
+    models::EosState state = models::eos_at(s.fluid, T);
     const models::PressureResult r = models::pressure_from_Tv(s.fluid, T, v, state);
     if (r.status != kSuccess) return std::nullopt;
-    return r.p * s.PF;
+    return r.p * s.p_factor;
 }
 
 /// p(v, T): below Tcrit the states inside the dome stand at its pressure.
 Value pressure_of_node(const Surface& s, const Equilibrium& e, double T, double v) {
-    const bool twoPhase = !s.SCurve && e.found && v > e.vL && v < e.vV;
-    return twoPhase ? e.p * s.PF : pressure(s, T, v);
+    const bool two_phase = !s.s_curve && e.found && v > e.vL && v < e.vV;
+    return two_phase ? e.p * s.p_factor : pressure(s, T, v);
 }
 
 /// T(v, p), in the dome the temperature of the equilibrium.
 Value temperature_of_node(const Surface& s, const Equilibrium& e, double v, double p) {
-    if (!s.SCurve && e.found && v > e.vL && v < e.vV) return e.T * s.TF;
+    if (!s.s_curve && e.found && v > e.vL && v < e.vV) return e.T * s.T_factor;
     const models::TemperatureResult r = models::temperature_from_p_rho(s.fluid, p, s.M / v, true);
     if (!(r.T > 0)) return std::nullopt;
-    return r.T * s.TF;
+    return r.T * s.T_factor;
 }
 
 Value volume_of_node(const Surface& s, double p, double T) {
     const double v = stable_volume_of(models::solve_state_tp(s.fluid, T, p));
     if (!(v > 0)) return std::nullopt;
-    return v * s.VF;
+    return v * s.v_factor;
 }
 
 Value caloric_of_node(const Surface& s, double p, double T) {
@@ -63,8 +64,8 @@ Value caloric_of_node(const Surface& s, double p, double T) {
     if (!(v > 0)) return std::nullopt;
     const models::StateValues z = s.functions(T, p, v);
     const double value = caloric_value(s.kind, z);
-    const bool isExergy = s.kind.z == Axis::eH || s.kind.z == Axis::eU;
-    if (!z.table.filled || (isExergy && z.status != kSuccess)) return std::nullopt;
+    const bool is_exergy = s.kind.z == Axis::eH || s.kind.z == Axis::eU;
+    if (!z.table.filled || (is_exergy && z.status != kSuccess)) return std::nullopt;
     if (s.kind.z == Axis::cp && value == 0) return std::nullopt;  // the pole
     return value * s.basis.caloric(T);
 }
@@ -91,7 +92,7 @@ Clip clip_of(const SurfaceKind& kind, const SurfaceLimits& all) {
 
 void store(SurfaceGrid& grid, const Clip& clip, int i, int j, Value z) {
     if (!z || !chart::is_shown(static_cast<float>(*z))) return;
-    std::vector<float>& target = clip.cuts(*z) ? grid.zBehindHoles : grid.z;
+    std::vector<float>& target = clip.cuts(*z) ? grid.z_behind_holes : grid.z;
     target[grid.at(i, j)] = static_cast<float>(*z);
 }
 
@@ -104,19 +105,19 @@ void fill(SurfaceGrid& grid, const Surface& s, const Clip& clip) {
         const double y = grid.y(j);
         // The dome of a row of nodes is the same for all of them.
         Equilibrium e;
-        if (s.kind.z == Axis::p) e = equilibrium_at_T(s.fluid, y / s.TF);
-        if (s.kind.z == Axis::T) e = equilibrium_at_p(s.fluid, y / s.PF);
+        if (s.kind.z == Axis::p) e = equilibrium_at_T(s.fluid, y / s.T_factor);
+        if (s.kind.z == Axis::T) e = equilibrium_at_p(s.fluid, y / s.p_factor);
         for (int i = 0; i < grid.nx; ++i) {
             const double x = grid.x(i);
             Value z;
             if (s.kind.z == Axis::p) {
-                z = pressure_of_node(s, e, y / s.TF, x / s.VF);
+                z = pressure_of_node(s, e, y / s.T_factor, x / s.v_factor);
             } else if (s.kind.z == Axis::T) {
-                z = temperature_of_node(s, e, x / s.VF, positive_pressure(y / s.PF));
+                z = temperature_of_node(s, e, x / s.v_factor, positive_pressure(y / s.p_factor));
             } else if (s.kind.z == Axis::v) {
-                z = volume_of_node(s, positive_pressure(x / s.PF), y / s.TF);
+                z = volume_of_node(s, positive_pressure(x / s.p_factor), y / s.T_factor);
             } else {
-                z = caloric_of_node(s, positive_pressure(x / s.PF), y / s.TF);
+                z = caloric_of_node(s, positive_pressure(x / s.p_factor), y / s.T_factor);
             }
             store(grid, clip, i, j, z);
         }
@@ -132,14 +133,14 @@ void set_axis(const Limits& limits, int nodes, double& start, double& step) {
 }  // namespace
 
 SurfaceGrid surface_grid(const SurfaceKind& kind, const Basis& basis, const SurfaceLimits& limits,
-                         bool SCurve, int nx, int ny) {
+                         bool s_curve, int nx, int ny) {
     SurfaceGrid grid;
     grid.resize(std::clamp(nx, kFewestNodes, kMostNodes), std::clamp(ny, kFewestNodes, kMostNodes));
-    grid.zBehindHoles.assign(grid.z.size(), grid.hole);
+    grid.z_behind_holes.assign(grid.z.size(), grid.hole);
     set_axis(limits_of(limits, kind.x), grid.nx, grid.x0, grid.dx);
     set_axis(limits_of(limits, kind.y), grid.ny, grid.y0, grid.dy);
     try {
-        fill(grid, {.kind = kind, .basis = basis, .SCurve = SCurve}, clip_of(kind, limits));
+        fill(grid, {.kind = kind, .basis = basis, .s_curve = s_curve}, clip_of(kind, limits));
     } catch (const std::exception&) {
         // Units that cannot be had leave nothing to show: the holes stay.
         std::fill(grid.z.begin(), grid.z.end(), grid.hole);

@@ -10,12 +10,12 @@ inline constexpr int kMostNodes = 201;
 inline constexpr int kFewestNodes = 2;
 inline constexpr int kNodesAtStart = 41;
 
-/// z of a kind of surface over nx x ny nodes between limits, in displayed units; `SCurve` leaves
+/// z of a kind of surface over nx x ny nodes between limits, in displayed units; `s_curve` leaves
 /// the dome out. A node without a state is a hole, and one whose z lies beyond a limit; the value
-/// behind such a limit stands in `zBehindHoles`. Never throws: units that cannot be had leave only
-/// holes. The numbers of nodes are kept within their bounds.
+/// behind such a limit stands in `z_behind_holes`. Never throws: units that cannot be had leave
+/// only holes. The numbers of nodes are kept within their bounds.
 chart::SurfaceGrid surface_grid(const SurfaceKind& kind, const Basis& basis,
-                                const SurfaceLimits& limits, bool SCurve, int nx, int ny);
+                                const SurfaceLimits& limits, bool s_curve, int nx, int ny);
 
 /// True when at least one node has a value.
 bool has_surface(const chart::SurfaceGrid& grid);

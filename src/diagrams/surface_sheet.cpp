@@ -28,10 +28,10 @@ void keep_changed_texts(chart::Chart3D& c, const SurfaceTexts& shown, const Surf
         if (before != was) now = before;
     };
     keep(c.header.text, shown.title, given.title);
-    keep(c.subtitle.text, shown.subTitle, given.subTitle);
-    keep(c.x.title, shown.xLabel, given.xLabel);
-    keep(c.y.title, shown.yLabel, given.yLabel);
-    keep(c.z.title, shown.zLabel, given.zLabel);
+    keep(c.subtitle.text, shown.sub_title, given.sub_title);
+    keep(c.x.title, shown.x_label, given.x_label);
+    keep(c.y.title, shown.y_label, given.y_label);
+    keep(c.z.title, shown.z_label, given.z_label);
     keep(c.footer.text, shown.note, given.note);
 }
 
@@ -43,8 +43,8 @@ void set_fonts(chart::Chart3D& chart) {
     constexpr auto kFamily = "Arial";
     constexpr float kTitle = 15, kText = 10, kNumbers = 9;
     chart.header.font = {kFamily, kTitle, true, false};
-    chart.subtitle.font = chart.titleFont = {kFamily, kText, false, false};
-    chart.numberFont = chart.footer.font = {kFamily, kNumbers, false, false};
+    chart.subtitle.font = chart.title_font = {kFamily, kText, false, false};
+    chart.number_font = chart.footer.font = {kFamily, kNumbers, false, false};
 }
 
 void set_axis(chart::Axis3D& axis, const Limits& limits, const std::string& title) {
@@ -62,14 +62,15 @@ void compute(SurfaceSheet& sheet) {
     chart::Chart3D& chart = sheet.chart;
     const SurfaceTexts texts = texts_of(kind, sheet.basis);
     chart.header.text = texts.title;
-    chart.subtitle.text = texts.subTitle;
+    chart.subtitle.text = texts.sub_title;
     chart.footer.text = texts.note;
-    set_axis(chart.x, limits_of(sheet.limits, kind.x), texts.xLabel);
-    set_axis(chart.y, limits_of(sheet.limits, kind.y), texts.yLabel);
+    set_axis(chart.x, limits_of(sheet.limits, kind.x), texts.x_label);
+    set_axis(chart.y, limits_of(sheet.limits, kind.y), texts.y_label);
     const Limits z = limits_of(sheet.limits, kind.z);
-    set_axis(chart.z, z, texts.zLabel);
+    set_axis(chart.z, z, texts.z_label);
     chart.z.automatic = is_caloric(kind) && (z.low == kNoLowerClip || z.high == kNoUpperClip);
-    chart.surface = surface_grid(kind, sheet.basis, sheet.limits, sheet.SCurve, sheet.nx, sheet.ny);
+    chart.surface =
+        surface_grid(kind, sheet.basis, sheet.limits, sheet.s_curve, sheet.nx, sheet.ny);
     sheet.given = texts_of(chart);
 }
 
@@ -93,13 +94,13 @@ void redraw(SurfaceSheet& sheet) {
 
 }  // namespace
 
-SurfaceSheet open_surface(const SurfaceKind& kind, const Basis& basis, bool SCurve, int nx,
+SurfaceSheet open_surface(const SurfaceKind& kind, const Basis& basis, bool s_curve, int nx,
                           int ny) {
     SurfaceSheet sheet;
     sheet.kind = &kind;
     sheet.basis = basis;
-    sheet.SCurve = SCurve && !basis.fluid.models().EOSOnlyV;
-    sheet.limits = default_limits(kind, basis, sheet.SCurve);
+    sheet.s_curve = s_curve && !basis.fluid.models().vapour_only;
+    sheet.limits = default_limits(kind, basis, sheet.s_curve);
     sheet.nx = within_bounds(nx);
     sheet.ny = within_bounds(ny);
     set_fonts(sheet.chart);
@@ -164,8 +165,8 @@ SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder)
                               .filter = kFilter,
                               .folder = folder,
                               .name = kAnyFile,
-                              .defaultExtension = kExtension,
-                              .overwritePrompt = true});
+                              .default_extension = kExtension,
+                              .overwrite_prompt = true});
     if (!name || name->empty()) return {{}, folder};
     const std::string path = paths::target_path(*name, folder, kExtension);
     const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
@@ -180,7 +181,7 @@ SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
                               .filter = kFilter,
                               .folder = folder,
                               .name = kAnyFile,
-                              .defaultExtension = kExtension});
+                              .default_extension = kExtension});
     if (!name || name->empty()) return {{}, folder};
     const std::string path = paths::in_folder(*name, folder);
     const chart::FileOutcome read = chart::load_chart(path, sheet.chart);
@@ -200,7 +201,7 @@ std::string surface_readout(const chart::Chart3D& chart, double x, double y, dou
         const double size = value == 0 ? 0 : std::floor(std::log10(std::fabs(value)));
         const double step = std::pow(10, size - (kDigits - 1));
         return text::trim(title) + " = " +
-               numbers::General(static_cast<float>(std::round(value / step) * step));
+               numbers::general(static_cast<float>(std::round(value / step) * step));
     };
     return part(chart.x.title, x) + "     " + part(chart.y.title, y) + "     " +
            part(chart.z.title, z);

@@ -12,7 +12,7 @@ namespace quor::diagrams {
 struct SurfaceSheet {
     const SurfaceKind* kind = nullptr;
     Basis basis;  ///< of its values; it stays until the surface is drawn anew
-    bool SCurve = false;
+    bool s_curve = false;
     SurfaceLimits limits;                        ///< in displayed units
     int nx = kNodesAtStart, ny = kNodesAtStart;  ///< mesh lines of each direction
     chart::Chart3D chart;
@@ -22,7 +22,7 @@ struct SurfaceSheet {
 
 /// A surface with the default limits of its kind, computed and with its texts and fonts. The S
 /// shape is for cubic equations; a V-only one has none.
-SurfaceSheet open_surface(const SurfaceKind& kind, const Basis& basis, bool SCurve,
+SurfaceSheet open_surface(const SurfaceKind& kind, const Basis& basis, bool s_curve,
                           int nx = kNodesAtStart, int ny = kNodesAtStart);
 
 /// `cmdNewDraw`: computes the surface of a basis, the present one, anew; a critical point that is

@@ -45,17 +45,17 @@ void tie_line(CurveFrame& c) {
         c.set_status(CurveStatus::noTieLine);
         return;
     }
-    c.result.tieLine = ends_of(c);
-    if (!c.result.tieLine) {
+    c.result.tie_line = ends_of(c);
+    if (!c.result.tie_line) {
         c.set_status(CurveStatus::noResult);
         return;
     }
-    const TieLine& ends = *c.result.tieLine;
-    const double stepX = (static_cast<double>(ends.V.x) - static_cast<double>(ends.L.x)) / kParts;
-    const double stepY = (static_cast<double>(ends.V.y) - static_cast<double>(ends.L.y)) / kParts;
+    const TieLine& ends = *c.result.tie_line;
+    const double step_x = (static_cast<double>(ends.V.x) - static_cast<double>(ends.L.x)) / kParts;
+    const double step_y = (static_cast<double>(ends.V.y) - static_cast<double>(ends.L.y)) / kParts;
     for (int i = 0; i <= kParts; ++i)
-        c.add(static_cast<double>(ends.L.x) + i * stepX, static_cast<double>(ends.L.y) + i * stepY,
-              static_cast<double>(ends.L.z));
+        c.add(static_cast<double>(ends.L.x) + i * step_x,
+              static_cast<double>(ends.L.y) + i * step_y, static_cast<double>(ends.L.z));
 }
 
 }  // namespace quor::diagrams

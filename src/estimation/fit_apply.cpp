@@ -33,7 +33,7 @@ constexpr double kLeastCoefficient = 1e-5;
 constexpr double kLeastInverseSquare = 1;
 
 template <std::size_t N>
-void Fill(std::array<float, N>& target, std::initializer_list<double> values) {
+void fill(std::array<float, N>& target, std::initializer_list<double> values) {
     target.fill(0);
     std::size_t i = 0;
     for (const double v : values) target[i++] = to_single(v);
@@ -41,24 +41,24 @@ void Fill(std::array<float, N>& target, std::initializer_list<double> values) {
 
 template <class Set>
 void set_range(Set& set, const AppliedRange& range) {
-    set.TLo = range.TLo;
-    set.THi = range.THi;
+    set.T_low = range.T_low;
+    set.T_high = range.T_high;
 }
 
 void set_density(SubstanceRecord& s, std::initializer_list<double> values, double Tcr,
                  const AppliedRange& range) {
-    Fill(s.rhoLPar, values);
-    s.rhoLTc = to_single(Tcr);
-    s.rhoLTLo = range.TLo;
-    s.rhoLTHi = range.THi;
+    fill(s.rhoL_coefficients, values);
+    s.rhoL_Tc = to_single(Tcr);
+    s.rhoL_T_low = range.T_low;
+    s.rhoL_T_high = range.T_high;
 }
 
 void set_vaporisation(SubstanceRecord& s, std::initializer_list<double> values,
                       const AppliedRange& range) {
-    Fill(s.hLVPar, values);
-    s.hLVTc = to_single(range.Tcr);
-    s.hLVTLo = range.TLo;
-    s.hLVTHi = range.THi;
+    fill(s.hLV_coefficients, values);
+    s.hLV_Tc = to_single(range.Tcr);
+    s.hLV_T_low = range.T_low;
+    s.hLV_T_high = range.T_high;
 }
 
 CpSet& cp_of(SubstanceRecord& s, CpPhase phase) {
@@ -68,7 +68,7 @@ CpSet& cp_of(SubstanceRecord& s, CpPhase phase) {
         case CpPhase::Solid:
             return s.cpS;
         default:
-            return s.cpPoly;
+            return s.cp_polynomial;
     }
 }
 
@@ -79,27 +79,27 @@ double present(double first) {
 
 void set_cp(SubstanceRecord& s, CpSet& set, std::initializer_list<double> values,
             const AppliedRange& range) {
-    Fill(set.c, values);
+    fill(set.c, values);
     set_range(set, range);
     datafiles::form_cp_flags(s);
 }
 
 /// Why the results of a model have no place for the chosen phase, empty when they have one.
 std::string_view refusal(const FitState& state) {
-    switch (state.FitModel) {
+    switch (state.model) {
         case kAugust:
             return kNoAugust;
         case 17:
-            return state.cpPhase == CpPhase::IdealGas ? kNotIdealGas : "";
+            return state.cp_phase == CpPhase::IdealGas ? kNotIdealGas : "";
         case 18:
-            return state.cpPhase != CpPhase::IdealGas ? kOnlyIdealGas : "";
+            return state.cp_phase != CpPhase::IdealGas ? kOnlyIdealGas : "";
         default:
             return "";
     }
 }
 
 Parameters decadic_parameters(const FitState& state, const FitModelRow& row) {
-    Parameters par = state.FitPar;
+    Parameters par = state.parameters;
     if (state.lg) return par;
     for (std::size_t i = 0; i < par.size(); ++i)
         if (row.logarithmic[i]) par[i] /= constants::kLn10;
@@ -107,16 +107,16 @@ Parameters decadic_parameters(const FitState& state, const FitModelRow& row) {
 }
 
 std::string set_message(const FitState& state, const FitModelRow& row) {
-    if (row.appliedTo.empty()) return {};
+    if (row.applied_to.empty()) return {};
     std::string text = "These parameters are";
     if (!state.lg) text += " (after re-calculation to lg)";
-    text.append("\n").append(row.extended).append("\n").append(row.appliedTo);
+    text.append("\n").append(row.extended).append("\n").append(row.applied_to);
     return text;
 }
 
 Failure another_substance(const FitState& state, const SubstanceRecord& substance) {
-    const std::string& now = substance.Name;
-    return {"This fit belongs to " + state.substance.Name + ",\nbut " +
+    const std::string& now = substance.name;
+    return {"This fit belongs to " + state.substance.name + ",\nbut " +
             (now.empty() ? std::string("no substance") : now) +
             " is loaded now. Nothing was applied."};
 }
@@ -124,12 +124,13 @@ Failure another_substance(const FitState& state, const SubstanceRecord& substanc
 }  // namespace
 
 void apply_antoine(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    s.ALP = {to_single(par[0]), to_single(par[1]), to_single(par[2]), range.TLo, range.THi};
+    s.antoine_low = {to_single(par[0]), to_single(par[1]), to_single(par[2]), range.T_low,
+                     range.T_high};
 }
 
 void apply_frost(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    Fill(s.FRO.a, {par[0], par[1], par[2], par[3], par[4]});
-    set_range(s.FRO, range);
+    fill(s.frost.a, {par[0], par[1], par[2], par[3], par[4]});
+    set_range(s.frost, range);
 }
 
 void apply_frost_thodos(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
@@ -139,13 +140,13 @@ void apply_frost_thodos(const Parameters& par, const AppliedRange& range, Substa
 }
 
 void apply_riedel(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    Fill(s.FRO.a, {par[0], par[1], constants::kZeroCelsius, par[2], 0, 0, 0, par[3], par[4]});
-    set_range(s.FRO, range);
+    fill(s.frost.a, {par[0], par[1], constants::kZeroCelsius, par[2], 0, 0, 0, par[3], par[4]});
+    set_range(s.frost, range);
 }
 
 void apply_wagner(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
-    Fill(s.WAG.a, {par[0], par[1], par[2], 3, par[3], 6, 0, 0, range.Tcr, range.pcr});
-    set_range(s.WAG, range);
+    fill(s.wagner.a, {par[0], par[1], par[2], 3, par[3], 6, 0, 0, range.Tcr, range.pcr});
+    set_range(s.wagner, range);
 }
 
 void apply_rackett(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
@@ -184,13 +185,13 @@ void apply_shomate(const Parameters& par, const AppliedRange& range, SubstanceRe
 
 void apply_cp_sinh(const Parameters& par, const AppliedRange& range, SubstanceRecord& s) {
     // u/sinh(u) is even: the record holds |C2|.
-    set_cp(s, s.cpSinh, {par[0], par[1], std::fabs(par[2]), par[3], par[4]}, range);
+    set_cp(s, s.cp_sinh_cosh, {par[0], par[1], std::fabs(par[2]), par[3], par[4]}, range);
 }
 
 bool is_same_substance(const SubstanceRecord& a, const SubstanceRecord& b) {
-    const std::string casrn = text::trim(a.CASRN);
-    if (!casrn.empty()) return casrn == text::trim(b.CASRN);
-    return text::trim(b.CASRN).empty() && a.Name == b.Name;
+    const std::string casrn = text::trim(a.casrn);
+    if (!casrn.empty()) return casrn == text::trim(b.casrn);
+    return text::trim(b.casrn).empty() && a.name == b.name;
 }
 
 bool has_place(std::int16_t model) {
@@ -199,19 +200,19 @@ bool has_place(std::int16_t model) {
 }
 
 Result<AppliedFit> apply_fit(const FitState& state, const SubstanceRecord& substance) {
-    const FitModelRow* row = find_model(state.FitModel);
+    const FitModelRow* row = find_model(state.model);
     if (const std::string_view reason = refusal(state); !reason.empty())
         return Failure{std::string(reason)};
     if (row == nullptr || row->apply == nullptr) return Failure{std::string(kNoPlace)};
-    if (!state.fitted || state.FitPoints.empty()) return Failure{std::string(kNoResults)};
+    if (!state.fitted || state.points.empty()) return Failure{std::string(kNoResults)};
     if (!is_same_substance(state.substance, substance)) return another_substance(state, substance);
     try {
         AppliedRange range;
-        range.TLo = numbers::to_int16(static_cast<double>(state.FitPoints.front().x));
-        range.THi = numbers::to_int16(static_cast<double>(state.FitPoints.back().x));
+        range.T_low = numbers::to_int16(static_cast<double>(state.points.front().x));
+        range.T_high = numbers::to_int16(static_cast<double>(state.points.back().x));
         range.Tcr = state.Tcr;
         range.pcr = state.pcr;
-        range.phase = state.cpPhase;
+        range.phase = state.cp_phase;
         AppliedFit applied{.substance = substance};
         row->apply(decadic_parameters(state, *row), range, applied.substance);
         applied.message = set_message(state, *row);

@@ -21,8 +21,8 @@ bool is_pressure(const FitModelRow& row) {
 /// Calls `use` with x and y of every active point.
 template <class Use>
 void for_active(const FitState& state, Use use) {
-    for (const datafiles::FitPoint& point : state.FitPoints)
-        if (IsActive(point)) use(static_cast<double>(point.x), static_cast<double>(point.y));
+    for (const datafiles::FitPoint& point : state.points)
+        if (is_active(point)) use(static_cast<double>(point.x), static_cast<double>(point.y));
 }
 
 struct Range {
@@ -33,9 +33,9 @@ struct Range {
         low = std::min(low, v);
         high = std::max(high, v);
     }
-    bool Empty() const { return !(low <= high); }
-    double Width() const { return high - low; }
-    Range Widened() const { return {low - kMargin * Width(), high + kMargin * Width()}; }
+    bool empty() const { return !(low <= high); }
+    double width() const { return high - low; }
+    Range widened() const { return {low - kMargin * width(), high + kMargin * width()}; }
 };
 
 /// Axis ranges from the points alone.
@@ -46,35 +46,35 @@ void set_axes(FitGraph& graph) {
         x.include(p.x);
         y.include(p.y);
     }
-    if (x.Empty()) return;
-    x = x.Widened();
-    y = y.Widened();
-    graph.xMin = x.low;
-    graph.xMax = x.high;
-    graph.yMin = y.low;
-    graph.yMax = y.high;
+    if (x.empty()) return;
+    x = x.widened();
+    y = y.widened();
+    graph.x_min = x.low;
+    graph.x_max = x.high;
+    graph.y_min = y.low;
+    graph.y_max = y.high;
 }
 
-const FitModelRow* RowOf(const FitState& state) {
-    return find_model(state.FitModel);
+const FitModelRow* row_of(const FitState& state) {
+    return find_model(state.model);
 }
 
 /// f(x) - y of the fitted function, NaN where it has no value.
-double Difference(const FitState& state, double x, double y) {
+double difference(const FitState& state, double x, double y) {
     double value = 0;
     if (!evaluate_fit(state, x, value) || !std::isfinite(value)) return std::nan("");
     return value - y;
 }
 
 /// The zero of the difference between two x where it changes sign.
-double Bisect(const FitState& state, double low, double high, double y) {
-    const bool rising = Difference(state, high, y) > 0;
+double bisect(const FitState& state, double low, double high, double y) {
+    const bool rising = difference(state, high, y) > 0;
     for (int i = 0; i < kBisections; ++i) {
         const double middle = 0.5 * (low + high);
         if (!(middle > low && middle < high)) break;
-        ((Difference(state, middle, y) > 0) == rising ? high : low) = middle;
+        ((difference(state, middle, y) > 0) == rising ? high : low) = middle;
     }
-    return std::fabs(Difference(state, low, y)) < std::fabs(Difference(state, high, y)) ? low
+    return std::fabs(difference(state, low, y)) < std::fabs(difference(state, high, y)) ? low
                                                                                         : high;
 }
 
@@ -86,13 +86,13 @@ Failure no_value() {
 
 FitGraph residual_graph(const FitState& state) {
     FitGraph graph;
-    const FitModelRow* row = RowOf(state);
+    const FitModelRow* row = row_of(state);
     if (row == nullptr) return graph;
     graph.title = "residuals of the fitting, absolute";
-    graph.yTitle = is_pressure(*row) ? "(p(calc) - p(exp)) / kPa" : "(y(calc) - y(exp))";
-    graph.xTitle = "T / K";
+    graph.y_title = is_pressure(*row) ? "(p(calc) - p(exp)) / kPa" : "(y(calc) - y(exp))";
+    graph.x_title = "T / K";
     for_active(state, [&](double x, double y) {
-        const double residual = Difference(state, x, y);
+        const double residual = difference(state, x, y);
         if (std::isfinite(residual)) graph.points.push_back({x, residual});
     });
     set_axes(graph);
@@ -101,66 +101,66 @@ FitGraph residual_graph(const FitState& state) {
 
 FitGraph function_graph(const FitState& state) {
     FitGraph graph;
-    const FitModelRow* row = RowOf(state);
+    const FitModelRow* row = row_of(state);
     if (row == nullptr) return graph;
     graph.title = "fitted function y(T)";
-    graph.yTitle = is_pressure(*row) ? "p/ kPa" : "y";
-    graph.xTitle = row->tab == FitTab::General ? "x" : "T / K";
+    graph.y_title = is_pressure(*row) ? "p/ kPa" : "y";
+    graph.x_title = row->tab == FitTab::General ? "x" : "T / K";
     for_active(state, [&](double x, double y) { graph.points.push_back({x, y}); });
     set_axes(graph);
     for (int i = 0; i <= kCurveIntervals && !graph.points.empty(); ++i) {
-        const double x = graph.xMin + (graph.xMax - graph.xMin) * i / kCurveIntervals;
-        const double y = Difference(state, x, 0);
+        const double x = graph.x_min + (graph.x_max - graph.x_min) * i / kCurveIntervals;
+        const double y = difference(state, x, 0);
         if (std::isfinite(y)) graph.curve.push_back({x, y});
     }
     return graph;
 }
 
 Result<FitGraph> lnp_graph(const FitState& state) {
-    const bool positive = std::all_of(state.FitPoints.begin(), state.FitPoints.end(),
+    const bool positive = std::all_of(state.points.begin(), state.points.end(),
                                       [](const auto& p) { return p.x > 0 && p.y > 0; });
     if (!positive) return Failure{"T- and p-column may not contain zero values!"};
     FitGraph graph;
     graph.title = "fitted function ln{p} = f(1/T))";
-    graph.yTitle = "ln (p/kPa)";
-    graph.xTitle = "1/ (T/K)";
+    graph.y_title = "ln (p/kPa)";
+    graph.x_title = "1/ (T/K)";
     for_active(state, [&](double T, double p) { graph.points.push_back({1 / T, std::log(p)}); });
     set_axes(graph);
     for (int i = 0; i <= kCurveIntervals && !graph.points.empty(); ++i) {
-        const double x = graph.xMin + (graph.xMax - graph.xMin) * i / kCurveIntervals;
-        const double p = x > 0 ? Difference(state, 1 / x, 0) : 0;
+        const double x = graph.x_min + (graph.x_max - graph.x_min) * i / kCurveIntervals;
+        const double p = x > 0 ? difference(state, 1 / x, 0) : 0;
         if (p > 0) graph.curve.push_back({x, std::log(p)});
     }
     return graph;
 }
 
 Result<double> fitted_y(const FitState& state, double x) {
-    const double y = Difference(state, x, 0);
+    const double y = difference(state, x, 0);
     return std::isfinite(y) ? Result<double>(y) : no_value();
 }
 
 Result<double> fitted_x(const FitState& state, double y) {
     Range range;
     for_active(state, [&](double x, double) { range.include(x); });
-    if (range.Empty() || !std::isfinite(y)) return no_value();
+    if (range.empty() || !std::isfinite(y)) return no_value();
     const double middle = 0.5 * (range.low + range.high);
-    const double width = range.Width() > 0 ? range.Width() : std::fmax(std::fabs(middle), 1.0);
+    const double width = range.width() > 0 ? range.width() : std::fmax(std::fabs(middle), 1.0);
     const double step = width / kSearchIntervals;
 
     // Outwards from the middle of the points, both ways at once, so that the closest x is found.
     std::array<double, 2> edge{middle, middle};
-    std::array<double, 2> value{Difference(state, middle, y), Difference(state, middle, y)};
+    std::array<double, 2> value{difference(state, middle, y), difference(state, middle, y)};
     if (value[0] == 0) return middle;
     for (int i = 1; i <= kSearchIntervals * kSearchWidths; ++i) {
         for (const std::size_t side : {0U, 1U}) {
             const double x = middle + (side == 0 ? i : -i) * step;
-            const double d = Difference(state, x, y);
+            const double d = difference(state, x, y);
             if (d == 0) return x;
             if (std::isfinite(d) && std::isfinite(value[side]) && (d > 0) != (value[side] > 0)) {
                 const double root =
-                    Bisect(state, std::min(x, edge[side]), std::max(x, edge[side]), y);
+                    bisect(state, std::min(x, edge[side]), std::max(x, edge[side]), y);
                 // At a pole the difference grows where at a root it vanishes.
-                const double rest = std::fabs(Difference(state, root, y));
+                const double rest = std::fabs(difference(state, root, y));
                 if (rest < std::fabs(d) && rest < std::fabs(value[side])) return root;
             }
             edge[side] = x;

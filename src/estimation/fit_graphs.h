@@ -14,10 +14,10 @@ struct GraphPoint {
 
 /// A graph of a fit: one scatter series and, where there is one, a line series.
 struct FitGraph {
-    std::string title, xTitle, yTitle;
+    std::string title, x_title, y_title;
     std::vector<GraphPoint> points;
     std::vector<GraphPoint> curve;
-    double xMin = 0, xMax = 0, yMin = 0, yMax = 0;  ///< axis ranges
+    double x_min = 0, x_max = 0, y_min = 0, y_max = 0;  ///< axis ranges
 };
 
 /// Residuals of the active points over x (`cmdGraphResid`).

@@ -35,7 +35,7 @@ struct SearchRange {
 
 /// What an application of results needs beside the parameters.
 struct AppliedRange {
-    std::int16_t TLo = 0, THi = 0;  ///< K
+    std::int16_t T_low = 0, T_high = 0;  ///< K
     double Tcr = 0, pcr = 0;
     CpPhase phase = CpPhase::IdealGas;
 };
@@ -48,27 +48,27 @@ struct FitModelRow {
     std::int16_t number = 0;
     FitTab tab = FitTab::General;
     std::string_view name{};  ///< caption of the option
-    std::int16_t NPar = 0;
-    Parameters start{};    ///< natural form
-    Parameters startLg{};  ///< decadic form
+    std::int16_t parameter_count = 0;
+    Parameters start{};     ///< natural form
+    Parameters start_lg{};  ///< decadic form
     Parameters scale{1, 1, 1, 1, 1, 1, 1};
     Flags fixed{};  ///< held when the model is chosen
     std::array<std::string_view, kMaxPar> labels{
         "A = ", "B = ", "C = ", "D = ", "E = ", "F = ", "G = "};
-    std::string_view caption{};    ///< of the equation
-    std::string_view captionLg{};  ///< empty: there is no decadic form
-    std::string_view remark{};     ///< second line of the caption
-    bool needsTcr = false, needsPcr = false;
+    std::string_view caption{};     ///< of the equation
+    std::string_view caption_lg{};  ///< empty: there is no decadic form
+    std::string_view remark{};      ///< second line of the caption
+    bool needs_Tcr = false, needs_pcr = false;
     int computed = -1;  ///< parameter that follows from the others
     ModelFunction model = nullptr;
     BasisFunction basis = nullptr;  ///< linear models only
     Linearisation linearised = nullptr;
     Flags logged{};  ///< parameters whose logarithm is the linear one
     std::array<SearchRange, 2> search{};
-    Application apply = nullptr;   ///< nullptr: results have no place in the record
-    Flags logarithmic{};           ///< parameters divided by ln 10 for the decadic form
-    std::string_view appliedTo{};  ///< last line of the message of a vapour pressure set
-    std::string_view extended{};   ///< the line before it
+    Application apply = nullptr;    ///< nullptr: results have no place in the record
+    Flags logarithmic{};            ///< parameters divided by ln 10 for the decadic form
+    std::string_view applied_to{};  ///< last line of the message of a vapour pressure set
+    std::string_view extended{};    ///< the line before it
 };
 
 /// All models in the order of the view.

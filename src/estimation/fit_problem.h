@@ -20,7 +20,7 @@ inline constexpr float kInactive = datafiles::kInactiveMark;
 /// A standard deviation that could not be had.
 inline constexpr double kNoStdDev = -9999.0;
 
-using datafiles::IsActive;
+using datafiles::is_active;
 
 /// What a model needs beside its parameters.
 struct ModelContext {
@@ -40,12 +40,12 @@ struct FitProblem {
     ModelFunction model = nullptr;
     ModelContext context;
     std::span<const datafiles::FitPoint> points;
-    std::int16_t NInactive = 0;  ///< how many of the points are inactive
-    std::int16_t nPar = 0;
+    std::int16_t inactive_count = 0;  ///< how many of the points are inactive
+    std::int16_t parameter_count = 0;
     Parameters scale{1, 1, 1, 1, 1, 1, 1};
-    Flags fixed{};              ///< held at the start value
-    bool logarithmic = false;   ///< residuals are differences of logarithms
-    int failedEvaluations = 0;  ///< counted up by every evaluation that fails
+    Flags fixed{};               ///< held at the start value
+    bool logarithmic = false;    ///< residuals are differences of logarithms
+    int failed_evaluations = 0;  ///< counted up by every evaluation that fails
 };
 
 /// y(calc) of one x with scaled parameters; false on a failure.
@@ -53,16 +53,16 @@ bool evaluate_model(const FitProblem& problem, const Parameters& par, double x, 
 
 /// Residual y(calc) - y(exp), or ln y(calc) - ln y(exp), of the point with that index from 0. When
 /// the evaluation fails `res` keeps the value that it had, and the result is false.
-bool calc_residuals(FitProblem& problem, const Parameters& par, int pointIndex, double& res);
+bool calc_residuals(FitProblem& problem, const Parameters& par, int point_index, double& res);
 
-/// Sum of the squares of the residuals of all active points at `par`; counts `evalCount` up by one.
-/// The sum may be infinite, never NaN.
-void calc_fqs_marquardt(FitProblem& problem, const Parameters& par, double& sumSquares,
-                        std::int16_t& evalCount);
+/// Sum of the squares of the residuals of all active points at `par`; counts `eval_count` up by
+/// one. The sum may be infinite, never NaN.
+void calc_fqs_marquardt(FitProblem& problem, const Parameters& par, double& sum_squares,
+                        std::int16_t& eval_count);
 
 /// Residual of a point and its forward differences with respect to all parameters, the fixed ones
 /// included. `res` keeps its value when the evaluation fails.
-void calc_ableitungen(FitProblem& problem, const Parameters& par, int pointIndex, double& res,
+void calc_ableitungen(FitProblem& problem, const Parameters& par, int point_index, double& res,
                       Parameters& derivatives);
 
 }  // namespace quor::estimation

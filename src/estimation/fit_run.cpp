@@ -26,13 +26,13 @@ float narrow(double value) {
 
 /// The refusal of a fit in the order of the tests, empty when it may run.
 std::string refusal(const FitState& state, const FitModelRow& row) {
-    if (state.NPoints == 0)
+    if (state.point_count == 0)
         return "data not yet available\nmanual data input or loading data via file necessary";
-    if (row.needsTcr && state.Tcr < constants::kPresent)
+    if (row.needs_Tcr && state.Tcr < constants::kPresent)
         return row.computed >= 0 ? "Tcr is needed for the correlation of parameter D."
                                  : "Tcr needed";
-    if (row.needsPcr && state.pcr < constants::kPresent) return "pcr needed";
-    if (state.NPoints - state.NInactive <= state.NPar)
+    if (row.needs_pcr && state.pcr < constants::kPresent) return "pcr needed";
+    if (state.point_count - state.inactive_count <= state.parameter_count)
         return "The number of the (active) measuring points has to be greater than the number of "
                "the "
                "parameters!\nDo complete the data in the data editor.";
@@ -47,48 +47,49 @@ Result<void> run_linear(FitState& state, const FitModelRow& row, const FitProble
     const Result<LinearResult> result = linear_regression_fit(problem, row.basis);
     if (!result) return result.failure();
     state.report = {};
-    state.FitPar = result->par;
-    state.SQ = result->sumSquares;
+    state.parameters = result->par;
+    state.sum_of_squares = result->sum_squares;
     return {};
 }
 
 void run_marquardt(FitState& state, FitProblem& problem) {
-    const auto n = static_cast<std::size_t>(problem.nPar);
+    const auto n = static_cast<std::size_t>(problem.parameter_count);
     Parameters par{};
-    Parameters stdDev{};
-    for (std::size_t i = 0; i < n; ++i) par[i] = state.FitStart[i] / problem.scale[i];
-    const auto active = static_cast<std::int16_t>(state.NPoints - state.NInactive);
-    const MarquardtResult result = marquardt_nash_fitting(problem, active, par, stdDev);
+    Parameters std_dev{};
+    for (std::size_t i = 0; i < n; ++i) par[i] = state.start[i] / problem.scale[i];
+    const auto active = static_cast<std::int16_t>(state.point_count - state.inactive_count);
+    const MarquardtResult result = marquardt_nash_fitting(problem, active, par, std_dev);
     state.report = {};
     for (std::size_t i = 0; i < n; ++i) {
-        state.FitPar[i] = par[i] * problem.scale[i];
+        state.parameters[i] = par[i] * problem.scale[i];
         // The mark of a missing standard deviation is not a value and takes no scale.
-        if (result.hasStdDev)
-            state.FitStdDev[i] = stdDev[i] == kNoStdDev ? kNoStdDev : stdDev[i] * problem.scale[i];
+        if (result.has_std_dev)
+            state.std_dev[i] = std_dev[i] == kNoStdDev ? kNoStdDev : std_dev[i] * problem.scale[i];
         // A start on a bound that cannot leave it never takes the mark of resting there.
-        const bool atBound = par[i] <= kBounds[i].lower || par[i] >= kBounds[i].upper;
-        state.report.onBound[i] = result.mask[i] != Mask::Fixed && atBound;
+        const bool at_bound = par[i] <= kBounds[i].lower || par[i] >= kBounds[i].upper;
+        state.report.on_bound[i] = result.mask[i] != Mask::Fixed && at_bound;
     }
-    state.SQ = result.sumSquares;
-    state.report.endedAtLimit = result.failed;
+    state.sum_of_squares = result.sum_squares;
+    state.report.ended_at_limit = result.failed;
     state.report.singular = result.singular;
-    const bool anyFree = std::any_of(problem.fixed.begin(), problem.fixed.begin() + problem.nPar,
-                                     [](bool fixed) { return !fixed; });
-    state.report.endedAtStart = anyFree && result.accepted == 0;
-    state.report.failedEvaluations = problem.failedEvaluations;
+    const bool any_free =
+        std::any_of(problem.fixed.begin(), problem.fixed.begin() + problem.parameter_count,
+                    [](bool fixed) { return !fixed; });
+    state.report.ended_at_start = any_free && result.accepted == 0;
+    state.report.failed_evaluations = problem.failed_evaluations;
 }
 
 /// The direct solver gives no standard deviations of its own: they come with the statistics.
 void complete_linear_result(FitState& state) {
     for (std::size_t i = 0; i < kMaxPar; ++i)
-        state.FitStdDev[i] = state.FitFixed[i] ? 0 : state.report.stdDev[i];
-    state.report.singular = state.report.freedom > 0 && !state.report.hasCorrelation;
+        state.std_dev[i] = state.fixed[i] ? 0 : state.report.std_dev[i];
+    state.report.singular = state.report.freedom > 0 && !state.report.has_correlation;
 }
 
 std::string single_text(double value) {
     constexpr double most = static_cast<double>(std::numeric_limits<float>::max());
-    return std::fabs(value) <= most ? numbers::General(static_cast<float>(value))
-                                    : numbers::General(value);
+    return std::fabs(value) <= most ? numbers::general(static_cast<float>(value))
+                                    : numbers::general(value);
 }
 
 }  // namespace
@@ -105,47 +106,47 @@ std::vector<datafiles::FitPoint> fit_points(std::span<const datafiles::MeasuredP
 }
 
 std::optional<std::string> set_fit_points(FitState& state, std::vector<datafiles::FitPoint> points,
-                                          bool fromTpvEditor) {
+                                          bool from_measured_data) {
     std::optional<std::string> note;
-    state.fromTpvEditor = fromTpvEditor;
-    state.FitPoints = std::move(points);
-    if (state.FitPoints.size() > kMostPoints) {
-        state.FitPoints.resize(kMostPoints);
+    state.from_measured_data = from_measured_data;
+    state.points = std::move(points);
+    if (state.points.size() > kMostPoints) {
+        state.points.resize(kMostPoints);
         note = "Only the first " + std::to_string(kMostPoints) + " points are used.";
     }
-    state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
-    state.NInactive = 0;
-    for (datafiles::FitPoint& point : state.FitPoints) {
+    state.point_count = static_cast<std::int16_t>(state.points.size());
+    state.inactive_count = 0;
+    for (datafiles::FitPoint& point : state.points) {
         if (point.x == 0 || !std::isfinite(point.x) || !std::isfinite(point.y))
             point.mark = kInactive;
-        if (!IsActive(point)) ++state.NInactive;
+        if (!is_active(point)) ++state.inactive_count;
     }
     return note;
 }
 
 std::string fit_title(const FitState& state) {
-    if (state.NPoints == 0) return " Fitting y = f(T) (data not yet loaded)";
-    return " Fitting y = f(T) (" + std::to_string(state.NPoints - state.NInactive) +
-           (state.fromTpvEditor ? " (active) sets of data loaded from T-p-V editor"
-                                : " (active) sets of data loaded from XY editor");
+    if (state.point_count == 0) return " Fitting y = f(T) (data not yet loaded)";
+    return " Fitting y = f(T) (" + std::to_string(state.point_count - state.inactive_count) +
+           (state.from_measured_data ? " (active) sets of data loaded from T-p-V editor"
+                                     : " (active) sets of data loaded from XY editor");
 }
 
 FitProblem make_problem(const FitState& state, const FitModelRow& row) {
     FitProblem problem;
     problem.model = row.model;
     problem.context = context_of(state);
-    problem.points = state.FitPoints;
-    problem.NInactive = state.NInactive;
-    problem.nPar = row.NPar;
+    problem.points = state.points;
+    problem.inactive_count = state.inactive_count;
+    problem.parameter_count = row.parameter_count;
     problem.scale = row.scale;
-    problem.fixed = state.FitFixed;
+    problem.fixed = state.fixed;
     if (row.computed >= 0) problem.fixed[static_cast<std::size_t>(row.computed)] = true;
-    problem.logarithmic = state.FitLogSQ && row.basis == nullptr;
+    problem.logarithmic = state.logarithmic && row.basis == nullptr;
     return problem;
 }
 
 Result<FitState> run_fit(FitState state) {
-    const FitModelRow* row = find_model(state.FitModel);
+    const FitModelRow* row = find_model(state.model);
     if (row == nullptr) return Failure{"There is no such model."};
     if (std::string reason = refusal(state, *row); !reason.empty())
         return Failure{std::move(reason)};
@@ -157,40 +158,43 @@ Result<FitState> run_fit(FitState state) {
         run_marquardt(state, problem);
     }
     if (row->computed >= 0)
-        state.FitPar[static_cast<std::size_t>(row->computed)] =
-            thodos_d(state.FitPar[1], problem.context);
+        state.parameters[static_cast<std::size_t>(row->computed)] =
+            thodos_d(state.parameters[1], problem.context);
     fill_statistics(state, *row, problem);
     if (row->basis != nullptr) complete_linear_result(state);
-    state.sR = finite_or(std::sqrt(state.SQ / (state.NPoints - state.NInactive - state.NPar)), 0);
+    state.residual_deviation =
+        finite_or(std::sqrt(state.sum_of_squares /
+                            (state.point_count - state.inactive_count - state.parameter_count)),
+                  0);
     state.fitted = true;
     return state;
 }
 
 void take_result_as_start(FitState& state, int parameter) {
-    if (!state.fitted || parameter < 0 || parameter >= state.NPar) return;
+    if (!state.fitted || parameter < 0 || parameter >= state.parameter_count) return;
     const auto i = static_cast<std::size_t>(parameter);
-    state.FitStart[i] = state.FitPar[i];
+    state.start[i] = state.parameters[i];
 }
 
 void take_all_results_as_start(FitState& state) {
-    for (int i = 0; i < state.NPar; ++i) take_result_as_start(state, i);
+    for (int i = 0; i < state.parameter_count; ++i) take_result_as_start(state, i);
 }
 
 QualityTexts quality_of(const FitState& state) {
-    const FitModelRow* row = find_model(state.FitModel);
+    const FitModelRow* row = find_model(state.model);
     const bool pressure = row != nullptr && row->tab == FitTab::VapourPressure;
-    const bool logarithmic = state.FitLogSQ && row != nullptr && row->basis == nullptr;
+    const bool logarithmic = state.logarithmic && row != nullptr && row->basis == nullptr;
     const std::string y = pressure ? "p" : "y";
     QualityTexts texts;
     texts.caption =
-        "Quality of the fitting (N = " + std::to_string(state.NPoints - state.NInactive) +
-        ", NPar = " + std::to_string(state.NPar) + ")";
-    texts.SQ = "SQ = " + single_text(state.SQ);
-    texts.sR = "s(R) = " + single_text(state.sR);
-    texts.explainSQ =
+        "Quality of the fitting (N = " + std::to_string(state.point_count - state.inactive_count) +
+        ", NPar = " + std::to_string(state.parameter_count) + ")";
+    texts.sum_of_squares = "SQ = " + single_text(state.sum_of_squares);
+    texts.residual_deviation = "s(R) = " + single_text(state.residual_deviation);
+    texts.explain_sum_of_squares =
         logarithmic ? "sum of squares SQ = sum[ln((" + y + "(i),calc) - ln(" + y + "(i),exp))^2]"
                     : "sum of squares SQ = sum[(" + y + "(i),calc - " + y + "(i),exp)^2]";
-    texts.explainSR = "resid. standard deviation s(R) = SQRT(FQS / (N -NPar))";
+    texts.explain_residual_deviation = "resid. standard deviation s(R) = SQRT(FQS / (N -NPar))";
     texts.symbols =
         " SQRT = square root, N = number of measuring points, NPar = number of adjustable "
         "parameters ";
@@ -202,7 +206,7 @@ std::string log_fit_caption(bool logarithmic) {
 }
 
 std::string equation_caption(const FitModelRow& row, bool lg) {
-    return std::string(lg && !row.captionLg.empty() ? row.captionLg : row.caption);
+    return std::string(lg && !row.caption_lg.empty() ? row.caption_lg : row.caption);
 }
 
 std::string data_caption(FitTab tab) {

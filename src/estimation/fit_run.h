@@ -18,7 +18,7 @@ std::vector<datafiles::FitPoint> fit_points(std::span<const datafiles::MeasuredP
 /// Takes points from the T-p-V editor or the XY editor. Points at x = 0 count as inactive. Gives a
 /// note when there are more than can be used.
 std::optional<std::string> set_fit_points(FitState& state, std::vector<datafiles::FitPoint> points,
-                                          bool fromTpvEditor);
+                                          bool from_measured_data);
 
 /// Title line of the fitting view.
 std::string fit_title(const FitState& state);
@@ -35,11 +35,11 @@ void take_all_results_as_start(FitState& state);
 
 /// Texts of the frame of quality figures.
 struct QualityTexts {
-    std::string caption;    ///< "Quality of the fitting (N = .., NPar = ..)"
-    std::string SQ, sR;     ///< "SQ = ..", "s(R) = .."
-    std::string explainSQ;  ///< what SQ is
-    std::string explainSR;  ///< what s(R) is
-    std::string symbols;    ///< the symbols in both
+    std::string caption;  ///< "Quality of the fitting (N = .., NPar = ..)"
+    std::string sum_of_squares, residual_deviation;  ///< "SQ = ..", "s(R) = .."
+    std::string explain_sum_of_squares;              ///< what SQ is
+    std::string explain_residual_deviation;          ///< what s(R) is
+    std::string symbols;                             ///< the symbols in both
 };
 QualityTexts quality_of(const FitState& state);
 

@@ -50,7 +50,7 @@ struct Proposal {
     /// Free parameters of the linear solution, without the last `held` of them.
     std::vector<std::size_t> unknowns(int held) const {
         std::vector<std::size_t> unknown;
-        for (int i = 0; i < row.NPar; ++i) {
+        for (int i = 0; i < row.parameter_count; ++i) {
             const bool searched = i == row.search[0].parameter || i == row.search[1].parameter;
             if (!searched && !problem.fixed[static_cast<std::size_t>(i)])
                 unknown.push_back(static_cast<std::size_t>(i));
@@ -71,12 +71,12 @@ struct Proposal {
     }
 
     /// Linear least squares for the unknowns, all other parameters as in `par`.
-    Candidate Solve(const Parameters& par, const std::vector<std::size_t>& unknown) {
+    Candidate solve(const Parameters& par, const std::vector<std::size_t>& unknown) {
         Candidate candidate{par};
         rows.clear();
-        for (const datafiles::FitPoint& point : state.FitPoints) {
+        for (const datafiles::FitPoint& point : state.points) {
             LinearisedPoint p;
-            if (!IsActive(point) ||
+            if (!is_active(point) ||
                 !row.linearised(static_cast<double>(point.x), static_cast<double>(point.y), par,
                                 problem.context, p))
                 continue;
@@ -85,14 +85,15 @@ struct Proposal {
                 r[k] = p.coefficient[unknown[k]];
                 p.coefficient[unknown[k]] = 0;
             }
-            for (std::size_t i = 0; i < static_cast<std::size_t>(row.NPar); ++i)
+            for (std::size_t i = 0; i < static_cast<std::size_t>(row.parameter_count); ++i)
                 if (p.coefficient[i] != 0) p.target -= p.coefficient[i] * in_linear_form(i, par[i]);
             r[kMaxPar] = p.target;
             rows.push_back(r);
         }
         const auto count = static_cast<int>(rows.size());
         const ReducedProblem reduced = reduce(rows, static_cast<int>(unknown.size()));
-        if (count == 0 || !reduced.regular || !std::isfinite(reduced.restSquares)) return candidate;
+        if (count == 0 || !reduced.regular || !std::isfinite(reduced.rest_squares))
+            return candidate;
         const Parameters solved = solution(reduced);
         for (std::size_t k = 0; k < unknown.size(); ++k) {
             const std::size_t i = unknown[k];
@@ -100,7 +101,7 @@ struct Proposal {
             if (!within_bounds(i, candidate.par[i])) return candidate;
         }
         candidate.rows = count;
-        candidate.squares = reduced.restSquares;
+        candidate.squares = reduced.rest_squares;
         return candidate;
     }
 
@@ -113,10 +114,10 @@ struct Proposal {
         };
         for (int a = 0; a <= (ranges[0].parameter < 0 ? 0 : kGrid); ++a) {
             for (int b = 0; b <= (ranges[1].parameter < 0 ? 0 : kGrid); ++b) {
-                Parameters par = state.FitStart;
+                Parameters par = state.start;
                 place(par, ranges[0], a);
                 place(par, ranges[1], b);
-                const Candidate candidate = Solve(par, unknown);
+                const Candidate candidate = solve(par, unknown);
                 if (candidate.better_than(best)) best = candidate;
             }
         }
@@ -131,7 +132,7 @@ struct Proposal {
     }
 
     /// Halves the ranges about the best candidate again and again.
-    Candidate Refine(std::array<SearchRange, 2> ranges, int passes,
+    Candidate refine(std::array<SearchRange, 2> ranges, int passes,
                      const std::vector<std::size_t>& unknown, Candidate best) {
         for (int pass = 0; best.rows > 0 && pass < passes; ++pass) {
             for (SearchRange& r : ranges) r = about(best, r, 0.5 * (r.to - r.from));
@@ -140,36 +141,36 @@ struct Proposal {
         return best;
     }
 
-    static SearchRange Part(const SearchRange& range, int part) {
+    static SearchRange part_of(const SearchRange& range, int part) {
         if (range.parameter < 0) return range;
         const double width = (range.to - range.from) / kParts;
         return {range.parameter, range.from + part * width, range.from + (part + 1) * width};
     }
 
-    Candidate Search(const std::vector<std::size_t>& unknown) {
+    Candidate search(const std::vector<std::size_t>& unknown) {
         const std::array<SearchRange, 2> whole = searched_ranges();
         const auto parts = [](const SearchRange& r) { return r.parameter < 0 ? 1 : kParts; };
         if (parts(whole[0]) * parts(whole[1]) == 1) return scan(whole, unknown, {});
         Candidate best;
-        std::array<SearchRange, 2> bestPart{};
+        std::array<SearchRange, 2> best_part{};
         for (int a = 0; a < parts(whole[0]); ++a) {
             for (int b = 0; b < parts(whole[1]); ++b) {
-                const std::array<SearchRange, 2> part{Part(whole[0], a), Part(whole[1], b)};
+                const std::array<SearchRange, 2> part{part_of(whole[0], a), part_of(whole[1], b)};
                 const Candidate found =
-                    Refine(part, kCoarsePasses, unknown, scan(part, unknown, {}));
+                    refine(part, kCoarsePasses, unknown, scan(part, unknown, {}));
                 if (!found.better_than(best)) continue;
                 best = found;
-                bestPart = part;
+                best_part = part;
             }
         }
-        return Refine(bestPart, kFinePasses, unknown, best);
+        return refine(best_part, kFinePasses, unknown, best);
     }
 
     /// True when the model itself has a value at every active point.
     bool evaluates(const Parameters& par) const {
-        return std::all_of(state.FitPoints.begin(), state.FitPoints.end(), [&](const auto& point) {
+        return std::all_of(state.points.begin(), state.points.end(), [&](const auto& point) {
             double y = 0;
-            return !IsActive(point) ||
+            return !is_active(point) ||
                    (row.model(static_cast<double>(point.x), par, problem.context, y) &&
                     std::isfinite(y));
         });
@@ -180,14 +181,14 @@ struct Proposal {
 
 Result<Parameters> proposed_start_values(const FitState& state) {
     const Failure none{"These points do not suffice for start values of this model."};
-    const FitModelRow* row = find_model(state.FitModel);
+    const FitModelRow* row = find_model(state.model);
     if (row == nullptr) return none;
     Proposal proposal(state, *row);
     std::optional<Parameters> first;
     // Points that cannot tell all parameters apart still give the leading ones.
     const auto unknowns = static_cast<int>(proposal.unknowns(0).size());
     for (int held = 0; held < unknowns; ++held) {
-        const Candidate best = proposal.Search(proposal.unknowns(held));
+        const Candidate best = proposal.search(proposal.unknowns(held));
         if (best.rows == 0) continue;
         if (proposal.evaluates(best.par)) return best.par;
         if (!first) first = best.par;

@@ -26,7 +26,7 @@ bool residual_row(FitProblem& problem, BasisFunction basis, const Parameters& pa
         return true;
     }
     Parameters moved = par;
-    for (std::size_t j = 0; j < static_cast<std::size_t>(problem.nPar); ++j) {
+    for (std::size_t j = 0; j < static_cast<std::size_t>(problem.parameter_count); ++j) {
         if (problem.fixed[j]) continue;
         const double h = kStep * std::fmax(std::fabs(par[j]), kLeastScale);
         double above = 0;
@@ -46,11 +46,11 @@ void fill_deviations(FitState& state, const FitProblem& problem, const Parameter
     double sum = 0;
     int count = 0;
     for (const datafiles::FitPoint& point : problem.points) {
-        if (!IsActive(point)) continue;
+        if (!is_active(point)) continue;
         const double measured = static_cast<double>(point.y);
         double y = 0;
         if (!evaluate_model(problem, par, static_cast<double>(point.x), y)) {
-            ++report.failedPoints;
+            ++report.failed_points;
             continue;
         }
         if (measured == 0) continue;
@@ -58,13 +58,13 @@ void fill_deviations(FitState& state, const FitProblem& problem, const Parameter
         if (!std::isfinite(deviation)) continue;
         sum += std::fabs(deviation);
         ++count;
-        if (std::fabs(deviation) > std::fabs(report.largestDeviation) || count == 1) {
-            report.largestDeviation = deviation;
-            report.largestAt = static_cast<double>(point.x);
+        if (std::fabs(deviation) > std::fabs(report.largest_deviation) || count == 1) {
+            report.largest_deviation = deviation;
+            report.largest_at = static_cast<double>(point.x);
         }
     }
-    report.hasDeviations = count > 0 && std::isfinite(sum);
-    if (report.hasDeviations) report.meanDeviation = sum / count;
+    report.has_deviations = count > 0 && std::isfinite(sum);
+    if (report.has_deviations) report.mean_deviation = sum / count;
 }
 
 /// Residuals and their derivatives at the points where both can be had.
@@ -78,7 +78,7 @@ Sensitivities sensitivities_at(const Parameters& par, FitProblem problem, BasisF
     for (int i = 0; i < static_cast<int>(problem.points.size()); ++i) {
         Parameters d{};
         double r = 0;
-        if (!IsActive(problem.points[static_cast<std::size_t>(i)])) continue;
+        if (!is_active(problem.points[static_cast<std::size_t>(i)])) continue;
         if (!residual_row(problem, basis, par, i, d, r)) continue;
         result.derivatives.push_back(d);
         result.residuals.push_back(r);
@@ -91,11 +91,11 @@ std::vector<std::size_t> adjusted_parameters(const FitProblem& problem,
                                              const std::vector<Parameters>& derivatives,
                                              FitReport& report) {
     std::vector<std::size_t> adjusted;
-    for (std::size_t j = 0; j < static_cast<std::size_t>(problem.nPar); ++j) {
-        if (problem.fixed[j] || report.onBound[j]) continue;
+    for (std::size_t j = 0; j < static_cast<std::size_t>(problem.parameter_count); ++j) {
+        if (problem.fixed[j] || report.on_bound[j]) continue;
         const bool influence = std::any_of(derivatives.begin(), derivatives.end(),
                                            [j](const Parameters& d) { return d[j] != 0; });
-        report.withoutInfluence[j] = !influence && !derivatives.empty();
+        report.without_influence[j] = !influence && !derivatives.empty();
         if (influence) adjusted.push_back(j);
     }
     return adjusted;
@@ -120,25 +120,25 @@ void fill_intervals(FitReport& report, const Sensitivities& found, const Paramet
         const std::size_t i = adjusted[a];
         const double deviation = std::sqrt(variance * inverse[a][a]) * scale[i];
         if (std::isfinite(t * deviation)) {
-            report.stdDev[i] = deviation;
-            report.halfWidth[i] = t * deviation;
+            report.std_dev[i] = deviation;
+            report.half_width[i] = t * deviation;
         }
         for (std::size_t b = 0; b < adjusted.size(); ++b)
             report.correlation[i][adjusted[b]] =
                 a == b ? 1 : inverse[a][b] / std::sqrt(inverse[a][a] * inverse[b][b]);
     }
-    report.hasCorrelation = true;
+    report.has_correlation = true;
 }
 
 }  // namespace
 
 void fill_statistics(FitState& state, const FitModelRow& row, const FitProblem& problem) {
     FitReport& report = state.report;
-    report.stdDev.fill(kNoStdDev);
-    report.halfWidth.fill(kNoStdDev);
+    report.std_dev.fill(kNoStdDev);
+    report.half_width.fill(kNoStdDev);
     Parameters par{};
-    for (std::size_t i = 0; i < static_cast<std::size_t>(problem.nPar); ++i)
-        par[i] = state.FitPar[i] / problem.scale[i];
+    for (std::size_t i = 0; i < static_cast<std::size_t>(problem.parameter_count); ++i)
+        par[i] = state.parameters[i] / problem.scale[i];
     fill_deviations(state, problem, par);
 
     const Sensitivities found = sensitivities_at(par, problem, row.basis);
@@ -151,34 +151,34 @@ void fill_statistics(FitState& state, const FitModelRow& row, const FitProblem& 
 
 std::vector<std::string> fit_notes(const FitState& state) {
     std::vector<std::string> notes;
-    const FitModelRow* row = find_model(state.FitModel);
+    const FitModelRow* row = find_model(state.model);
     if (row == nullptr || !state.fitted) return notes;
     const FitReport& report = state.report;
     const auto named = [&](const Flags& flags) {
         std::string names;
-        for (std::size_t i = 0; i < static_cast<std::size_t>(row->NPar); ++i) {
+        for (std::size_t i = 0; i < static_cast<std::size_t>(row->parameter_count); ++i) {
             if (!flags[i]) continue;
             const std::string label(row->labels[i]);
             names += (names.empty() ? "" : ", ") + label.substr(0, label.find(' '));
         }
         return names;
     };
-    if (report.endedAtLimit)
+    if (report.ended_at_limit)
         notes.emplace_back(
             "The fit ended at its limit of evaluations: the parameters may not be the best ones.");
-    if (const std::string names = named(report.onBound); !names.empty())
+    if (const std::string names = named(report.on_bound); !names.empty())
         notes.emplace_back("On a bound of its range: " + names + ".");
-    if (const std::string names = named(report.withoutInfluence); !names.empty())
+    if (const std::string names = named(report.without_influence); !names.empty())
         notes.emplace_back("Without influence on the function: " + names + ".");
     if (report.singular)
         notes.emplace_back("The normal matrix was singular: there are no standard deviations.");
-    if (report.endedAtStart) notes.emplace_back("The fit ended where it started.");
-    if (report.failedEvaluations > 0)
-        notes.emplace_back(std::to_string(report.failedEvaluations) +
+    if (report.ended_at_start) notes.emplace_back("The fit ended where it started.");
+    if (report.failed_evaluations > 0)
+        notes.emplace_back(std::to_string(report.failed_evaluations) +
                            " evaluations of the function failed.");
-    if (report.failedPoints > 0)
+    if (report.failed_points > 0)
         notes.emplace_back("The fitted function has no value at " +
-                           std::to_string(report.failedPoints) + " of the active points.");
+                           std::to_string(report.failed_points) + " of the active points.");
     return notes;
 }
 

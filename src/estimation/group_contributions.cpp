@@ -47,7 +47,7 @@ void tell_missing(std::string_view group) {
 /// Tells of the first group of the molecule that lacks one of the increments.
 void tell_what_lacks(const GroupCounts& groups, std::initializer_list<Increment> increments) {
     for (std::size_t i = 0; i < kGroups; ++i) {
-        const Group& group = Groups()[i];
+        const Group& group = all_groups()[i];
         const bool lacks = std::any_of(increments.begin(), increments.end(), [&](Increment k) {
             return is_missing(group.increment[static_cast<std::size_t>(k)]);
         });
@@ -57,7 +57,7 @@ void tell_what_lacks(const GroupCounts& groups, std::initializer_list<Increment>
     }
 }
 
-std::optional<double> Finite(double value) {
+std::optional<double> finite(double value) {
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
@@ -65,14 +65,14 @@ std::optional<double> critical_temperature(const GroupCounts& groups, double Tb)
     const std::optional<double> S = sum_of(groups, Increment::Tc);
     if (!S) return std::nullopt;
     const double share = 0.584 + 0.965 * *S - *S * *S;
-    return share > 0 ? Finite(Tb / share) : std::nullopt;
+    return share > 0 ? finite(Tb / share) : std::nullopt;
 }
 
 std::optional<double> critical_pressure(const GroupCounts& groups) {
     const std::optional<double> S = sum_of(groups, Increment::pc);
     if (!S) return std::nullopt;
     const double root = 0.113 + 0.0032 * number_of_atoms(groups) - *S;
-    return root > 0 ? Finite(100 / (root * root)) : std::nullopt;
+    return root > 0 ? finite(100 / (root * root)) : std::nullopt;
 }
 
 std::optional<std::size_t> group_by_name(std::string_view name) {
@@ -83,7 +83,7 @@ std::optional<std::size_t> group_by_name(std::string_view name) {
         if (error != std::errc() || end != name.data() + name.size()) return std::nullopt;
         return position >= 1 && position <= kGroups ? std::optional(position - 1) : std::nullopt;
     }
-    const auto table = Groups();
+    const auto table = all_groups();
     for (std::size_t i = 0; i < kGroups; ++i)
         if (table[i].name == name) return i;
     if (!name.ends_with(kRingSuffix)) return std::nullopt;
@@ -93,8 +93,8 @@ std::optional<std::size_t> group_by_name(std::string_view name) {
     return std::nullopt;
 }
 
-std::string Shown(std::optional<double> value, std::string_view mask) {
-    return value ? numbers::Format(*value, mask) : kNoValue;
+std::string shown(std::optional<double> value, std::string_view mask) {
+    return value ? numbers::format(*value, mask) : kNoValue;
 }
 
 }  // namespace
@@ -126,13 +126,13 @@ int group_count(std::string_view field) {
 double molar_mass(const GroupCounts& groups) {
     double mass = 0;
     for (std::size_t i = 0; i < kGroups; ++i)
-        mass += groups[i] * static_cast<double>(group_molar_mass(Groups()[i]));
+        mass += groups[i] * static_cast<double>(group_molar_mass(all_groups()[i]));
     return mass;
 }
 
 int number_of_atoms(const GroupCounts& groups) {
     int atoms = 0;
-    for (std::size_t i = 0; i < kGroups; ++i) atoms += groups[i] * group_atoms(Groups()[i]);
+    for (std::size_t i = 0; i < kGroups; ++i) atoms += groups[i] * group_atoms(all_groups()[i]);
     return atoms;
 }
 
@@ -144,7 +144,7 @@ std::optional<double> sum_of(const GroupCounts& groups, Increment increment) {
     double sum = 0;
     for (std::size_t i = 0; i < kGroups; ++i) {
         if (groups[i] == 0) continue;
-        const float value = Groups()[i].increment[static_cast<std::size_t>(increment)];
+        const float value = all_groups()[i].increment[static_cast<std::size_t>(increment)];
         if (is_missing(value)) return std::nullopt;
         sum += groups[i] * static_cast<double>(value);
     }
@@ -185,8 +185,8 @@ CriticalData joback_critical(const GroupCounts& groups, std::optional<double> Tb
     if (const auto S = sum_of(groups, Increment::Tf)) result.Tf = kTf0 + *S;
     if (result.Tb) result.Tc = critical_temperature(groups, *result.Tb);
     result.pc = critical_pressure(groups);
-    if (const auto S = sum_of(groups, Increment::Vc)) result.Vc = (17.5 + *S) / 1000;
-    if (result.Vc && *result.Vc > 0) result.rhoc = Finite(molar_mass(groups) / *result.Vc);
+    if (const auto S = sum_of(groups, Increment::Vc)) result.vc = (17.5 + *S) / 1000;
+    if (result.vc && *result.vc > 0) result.rhoc = finite(molar_mass(groups) / *result.vc);
     return result;
 }
 
@@ -198,7 +198,7 @@ std::optional<double> lee_kesler_omega(double Tb, double Tc, double pc) {
     const double alpha =
         -lnp - 5.92714 + 6.09648 / theta + 1.28862 * std::log(theta) - 0.169347 * theta6;
     const double beta = 15.2518 - 15.6875 / theta - 13.4721 * std::log(theta) + 0.43577 * theta6;
-    return beta == 0 ? std::nullopt : Finite(alpha / beta);
+    return beta == 0 ? std::nullopt : finite(alpha / beta);
 }
 
 Formation calc_formation(const GroupCounts& groups) {
@@ -211,9 +211,9 @@ std::optional<std::array<double, 4>> calc_cp(const GroupCounts& groups) {
     return joback_cp(groups);
 }
 
-CriticalData calc_critical(const GroupCounts& groups, double knownTb) {
+CriticalData calc_critical(const GroupCounts& groups, double known_Tb) {
     if (groups[kImine] != 0) {
-        tell_missing(Groups()[kImine].name);
+        tell_missing(all_groups()[kImine].name);
         return {};
     }
     const std::optional<double> estimate = joback_boiling_point(groups);
@@ -227,10 +227,10 @@ CriticalData calc_critical(const GroupCounts& groups, double knownTb) {
         "is used.\n"
         "\n"
         "T(LV),NP /K";
-    const double proposal = knownTb > kPresent ? knownTb : *estimate;
+    const double proposal = known_Tb > kPresent ? known_Tb : *estimate;
     const std::optional<std::string> answer =
         dialogs::ask_input({kQuestion, "Input Normal Boiling Temperature T(LV), NP",
-                            numbers::Format(proposal, "#####.0")});
+                            numbers::format(proposal, "#####.0")});
     const double typed = answer ? numbers::val(numbers::comma_to_point(*answer)) : 0;
     return joback_critical(groups, typed > kPresent ? typed : *estimate);
 }
@@ -238,7 +238,7 @@ CriticalData calc_critical(const GroupCounts& groups, double knownTb) {
 void show_omega(double Tb, double Tc, double pc) {
     const std::optional<double> omega = lee_kesler_omega(Tb, Tc, pc);
     if (omega) {
-        dialogs::tell(" omega = " + numbers::Format(*omega, "0.000"), "Acentric Factor",
+        dialogs::tell(" omega = " + numbers::format(*omega, "0.000"), "Acentric Factor",
                       dialogs::Icon::Information);
         return;
     }
@@ -264,12 +264,12 @@ void transfer_formation(const Formation& formation, datafiles::EditorTexts& edit
 }
 
 void transfer_cp(const std::array<double, 4>& cp, models::SubstanceRecord& substance) {
-    models::CpSet& set = substance.cpPoly;
+    models::CpSet& set = substance.cp_polynomial;
     for (std::size_t i = 0; i < cp.size(); ++i)
         if (cp[i] != 0) set.c[i] = static_cast<float>(cp[i]);
     set.c[4] = kStoredZero;
-    set.TLo = kCpTLo;
-    set.THi = kCpTHi;
+    set.T_low = kCpTLo;
+    set.T_high = kCpTHi;
     datafiles::form_cp_flags(substance);
 }
 
@@ -283,24 +283,24 @@ void transfer_cp(const std::array<double, 4>& cp, datafiles::EditorTexts& editor
 }
 
 std::string formation_text(std::optional<double> value) {
-    return Shown(value, "#####.000");
+    return shown(value, "#####.000");
 }
 std::string temperature_text(std::optional<double> value) {
-    return Shown(value, "####.0");
+    return shown(value, "####.0");
 }
 std::string pressure_text(std::optional<double> value) {
-    return Shown(value, "#####.000");
+    return shown(value, "#####.000");
 }
-std::string VolumeText(std::optional<double> value) {
-    return Shown(value, "0.####");
+std::string volume_text(std::optional<double> value) {
+    return shown(value, "0.####");
 }
 std::string density_text(std::optional<double> value) {
-    return Shown(value, "####.0");
+    return shown(value, "####.0");
 }
 
 std::string density_tooltip(const GroupCounts& groups) {
     return "critical density calculated from v(cr) by using M = " +
-           numbers::General(static_cast<float>(molar_mass(groups))) + " kg/kmol ";
+           numbers::general(static_cast<float>(molar_mass(groups))) + " kg/kmol ";
 }
 
 }  // namespace quor::estimation

@@ -11,7 +11,7 @@
 
 namespace quor::estimation {
 
-/// Number of each group in the molecule, in the order of `Groups`.
+/// Number of each group in the molecule, in the order of `all_groups`.
 using GroupCounts = std::array<int, kGroups>;
 
 /// Groups written as "-CH3=2,>CH-=1,#20=1": a name as in the table (a ring group with " (ring)"
@@ -42,7 +42,7 @@ struct CriticalData {
     std::optional<double> Tf;    ///< freezing point, K, a very rough estimate
     std::optional<double> Tc;    ///< K
     std::optional<double> pc;    ///< kPa
-    std::optional<double> Vc;    ///< m^3/kmol
+    std::optional<double> vc;    ///< m^3/kmol
     std::optional<double> rhoc;  ///< kg/m^3
 };
 /// Normal boiling point in K from the groups alone.
@@ -58,9 +58,9 @@ std::optional<double> lee_kesler_omega(double Tb, double Tc, double pc);
 // The commands of the view. They tell with a message what cannot be calculated.
 Formation calc_formation(const GroupCounts& groups);                      ///< `cmdCalcBildung`
 std::optional<std::array<double, 4>> calc_cp(const GroupCounts& groups);  ///< `cmdCalccp`
-/// `cmdCalcCrit`: asks for a better boiling point; `knownTb` is the one of the substance data, or
+/// `cmdCalcCrit`: asks for a better boiling point; `known_Tb` is the one of the substance data, or
 /// 0.
-CriticalData calc_critical(const GroupCounts& groups, double knownTb);
+CriticalData calc_critical(const GroupCounts& groups, double known_Tb);
 /// `cmdOmega`: shows the acentric factor or what it needs.
 void show_omega(double Tb, double Tc, double pc);
 
@@ -74,7 +74,7 @@ void transfer_cp(const std::array<double, 4>& cp, datafiles::EditorTexts& editor
 std::string formation_text(std::optional<double> value);    ///< "#####.000"
 std::string temperature_text(std::optional<double> value);  ///< "####.0"
 std::string pressure_text(std::optional<double> value);     ///< "#####.000"
-std::string VolumeText(std::optional<double> value);        ///< "0.####"
+std::string volume_text(std::optional<double> value);       ///< "0.####"
 std::string density_text(std::optional<double> value);      ///< "####.0"
 /// Tooltip of the critical density that was calculated from the critical volume.
 std::string density_tooltip(const GroupCounts& groups);

@@ -232,7 +232,7 @@ constexpr std::array<Group, kGroups> kTable{{
 
 }  // namespace
 
-std::span<const Group, kGroups> Groups() {
+std::span<const Group, kGroups> all_groups() {
     return kTable;
 }
 

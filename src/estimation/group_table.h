@@ -24,7 +24,7 @@ struct Group {
 };
 
 /// All groups in the order of the view.
-std::span<const Group, kGroups> Groups();
+std::span<const Group, kGroups> all_groups();
 
 /// Molar mass of a group in kg/kmol from its atoms.
 float group_molar_mass(const Group& group);

@@ -58,7 +58,7 @@ ReducedProblem reduce(std::span<const LeastSquaresRow> rows, int columns) {
         row[kMaxPar] = target(i);
         if (!(std::fabs(row[static_cast<std::size_t>(i)]) > kDependent)) return problem;
     }
-    problem.restSquares = target.tail(count - columns).squaredNorm();
+    problem.rest_squares = target.tail(count - columns).squaredNorm();
     problem.regular = true;
     return problem;
 }

@@ -14,7 +14,7 @@ struct ReducedProblem {
     int columns = 0;
     std::array<LeastSquaresRow, kMaxPar> r{};  ///< upper triangle and right-hand side
     Parameters norm{};                         ///< length of each column
-    double restSquares = 0;                    ///< sum of the squares of the residuals
+    double rest_squares = 0;                   ///< sum of the squares of the residuals
     bool regular = false;                      ///< no column depends on the others
 };
 

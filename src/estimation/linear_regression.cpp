@@ -53,11 +53,11 @@ void eliminate(NormalEquations& m, std::size_t n) {
 }  // namespace
 
 Result<LinearResult> linear_regression_fit(const FitProblem& problem, BasisFunction basis) {
-    const auto n = static_cast<std::size_t>(problem.nPar);
+    const auto n = static_cast<std::size_t>(problem.parameter_count);
     const bool positive = x_must_be_positive(problem, basis);
     NormalEquations m{};
     for (const datafiles::FitPoint& point : problem.points) {
-        if (!IsActive(point)) continue;
+        if (!is_active(point)) continue;
         if (positive && !(point.x > 0))
             return Failure{
                 "For this fitting model all actíve x-values have to be greater than zero."};
@@ -73,7 +73,7 @@ Result<LinearResult> linear_regression_fit(const FitProblem& problem, BasisFunct
     for (std::size_t i = 0; i < n; ++i) result[i] = m[i][n];
     double sum = 0;
     for (const datafiles::FitPoint& point : problem.points) {
-        if (!IsActive(point)) continue;
+        if (!is_active(point)) continue;
         const Parameters b = basis_at(problem, basis, static_cast<double>(point.x));
         double residual = -static_cast<double>(point.y);
         for (std::size_t i = 0; i < n; ++i) residual += result[i] * b[i];

@@ -6,7 +6,7 @@
 namespace quor::estimation {
 
 struct LinearResult {
-    double sumSquares = 0;  ///< sum of (y(calc) - y)^2 over the active points
+    double sum_squares = 0;  ///< sum of (y(calc) - y)^2 over the active points
     Parameters par{};
 };
 

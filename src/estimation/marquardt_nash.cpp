@@ -22,7 +22,7 @@ bool is_free(Mask m) {
 struct Search {
     FitProblem& problem;
     std::size_t n;
-    int evaluationLimit;
+    int evaluation_limit;
     std::array<Mask, kMaxPar> mask{};
     int masked = 0;      // fixed parameters
     Parameters B{};      // present parameters
@@ -39,8 +39,8 @@ struct Search {
 
     explicit Search(FitProblem& p)
         : problem(p),
-          n(static_cast<std::size_t>(p.nPar)),
-          evaluationLimit(kEvaluationsPerParameter * p.nPar) {}
+          n(static_cast<std::size_t>(p.parameter_count)),
+          evaluation_limit(kEvaluationsPerParameter * p.parameter_count) {}
 
     /// Masks from the fixed marks; starts outside of the bounds move to them.
     void place_start(const Parameters& start) {
@@ -73,9 +73,9 @@ struct Search {
     }
 
     /// Sum of squares at B; false when the limit of evaluations is passed.
-    bool Evaluate() {
+    bool evaluate() {
         calc_fqs_marquardt(problem, B, sum, result.evaluations);
-        return result.evaluations <= evaluationLimit;
+        return result.evaluations <= evaluation_limit;
     }
 
     /// Normal matrix and gradient at B; false when the limit of matrices is passed. The loop ends
@@ -86,9 +86,9 @@ struct Search {
         C.fill(0);
         g.fill(0);
         Parameters d{};
-        const int count = static_cast<int>(problem.points.size()) - problem.NInactive;
+        const int count = static_cast<int>(problem.points.size()) - problem.inactive_count;
         for (int i = 0; i < count; ++i) {
-            if (!IsActive(problem.points[static_cast<std::size_t>(i)])) continue;
+            if (!is_active(problem.points[static_cast<std::size_t>(i)])) continue;
             calc_ableitungen(problem, B, i, residual, d);
             for (std::size_t j = 0; j < n; ++j) {
                 g[j] += residual * d[j];
@@ -177,7 +177,7 @@ struct Search {
         for (;;) {
             if (find_step()) {
                 if (take_step(step_length())) return Try::Converged;
-                if (!Evaluate()) return Try::Limit;
+                if (!evaluate()) return Try::Limit;
                 if (sum < best) return Try::Accepted;
             }
             lambda *= kIncrease;
@@ -187,14 +187,14 @@ struct Search {
         }
     }
 
-    void statistics(int nActive, Parameters& stdDev) {
-        result.hasStdDev = true;
-        const int freedom = nActive - (static_cast<int>(n) - masked);
+    void statistics(int active_count, Parameters& std_dev) {
+        result.has_std_dev = true;
+        const int freedom = active_count - (static_cast<int>(n) - masked);
         A = C;
         const bool regular = factorise_packed(A, static_cast<int>(n), mask);
         result.singular = !regular;
         if (freedom <= 0 || !regular) {
-            for (std::size_t j = 0; j < n; ++j) stdDev[j] = kNoStdDev;
+            for (std::size_t j = 0; j < n; ++j) std_dev[j] = kNoStdDev;
             return;
         }
         const double variance = best / freedom;
@@ -203,7 +203,7 @@ struct Search {
             unit[j] = 1;
             solve_packed(A, static_cast<int>(n), mask, unit);
             const double s = std::sqrt(std::fabs(variance) * unit[j]);
-            stdDev[j] = std::isfinite(s) ? s : kNoStdDev;
+            std_dev[j] = std::isfinite(s) ? s : kNoStdDev;
         }
     }
 
@@ -219,7 +219,7 @@ struct Search {
                     sum = 0;
                     continue;
                 }
-                if (!Evaluate()) return false;
+                if (!evaluate()) return false;
                 if (sum < best) X = B;
             }
             B[i] = X[i];
@@ -227,12 +227,12 @@ struct Search {
         return true;
     }
 
-    MarquardtResult Leave(bool failed, Parameters& par) {
+    MarquardtResult leave(bool failed, Parameters& par) {
         par = B;
         result.failed = failed || !std::isfinite(sum);
         // A sum beyond every number is shown as the largest one.
         const double largest = std::numeric_limits<double>::max();
-        result.sumSquares = std::fmin(sum, largest);
+        result.sum_squares = std::fmin(sum, largest);
         result.minimum = std::fmin(best, largest);
         result.mask = mask;
         return result;
@@ -274,17 +274,17 @@ void solve_packed(const PackedMatrix& factor, int n, const std::array<Mask, kMax
     }
 }
 
-MarquardtResult marquardt_nash_fitting(FitProblem& problem, std::int16_t nActive, Parameters& par,
-                                       Parameters& stdDev) {
+MarquardtResult marquardt_nash_fitting(FitProblem& problem, std::int16_t active_count,
+                                       Parameters& par, Parameters& std_dev) {
     Search search(problem);
     search.place_start(par);
-    if (!search.Evaluate()) return search.Leave(true, par);
+    if (!search.evaluate()) return search.leave(true, par);
     for (bool converged = false; !converged;) {
-        if (!search.build_matrix()) return search.Leave(true, par);
+        if (!search.build_matrix()) return search.leave(true, par);
         search.release_bounds();
         switch (search.improve()) {
             case Search::Try::Limit:
-                return search.Leave(true, par);
+                return search.leave(true, par);
             case Search::Try::Converged:
                 converged = true;
                 break;
@@ -294,10 +294,10 @@ MarquardtResult marquardt_nash_fitting(FitProblem& problem, std::int16_t nActive
                 break;
         }
     }
-    search.statistics(nActive, stdDev);
-    if (!search.post_analysis()) return search.Leave(true, par);
+    search.statistics(active_count, std_dev);
+    if (!search.post_analysis()) return search.leave(true, par);
     search.B = search.X;
-    return search.Leave(false, par);
+    return search.leave(false, par);
 }
 
 }  // namespace quor::estimation

@@ -27,11 +27,11 @@ inline constexpr int kEvaluationsPerParameter = 200;  ///< evaluations of the su
 
 /// How a fit went, beside its parameters.
 struct MarquardtResult {
-    double sumSquares = 0;   ///< the sum left by the last evaluation, or 0 after a forbidden probe
+    double sum_squares = 0;  ///< the sum left by the last evaluation, or 0 after a forbidden probe
     double minimum = 0;      ///< sum of squares at the point where the search converged
     bool failed = false;     ///< a limit was passed, or the sums went beyond every number
-    bool hasStdDev = false;  ///< `stdDev` was written
-    bool singular = false;   ///< the normal matrix of the statistics was singular
+    bool has_std_dev = false;  ///< `std_dev` was written
+    bool singular = false;     ///< the normal matrix of the statistics was singular
     std::int16_t evaluations = 0;
     std::int16_t matrices = 0;
     int accepted = 0;  ///< steps that lowered the sum
@@ -40,11 +40,11 @@ struct MarquardtResult {
 
 /// Damped Gauss-Newton search in the compact form of Nash's Marquardt algorithm (J. C. Nash,
 /// Compact Numerical Methods for Computers, 2nd ed. 1990, algorithm 23), with bounds and fixed
-/// parameters. `par` holds scaled start values and takes the result; `stdDev` takes the standard
+/// parameters. `par` holds scaled start values and takes the result; `std_dev` takes the standard
 /// deviations in scaled units, -9999 where there are none, and stays as it was when the fit fails.
-/// `nActive` is the number of active points.
-MarquardtResult marquardt_nash_fitting(FitProblem& problem, std::int16_t nActive, Parameters& par,
-                                       Parameters& stdDev);
+/// `active_count` is the number of active points.
+MarquardtResult marquardt_nash_fitting(FitProblem& problem, std::int16_t active_count,
+                                       Parameters& par, Parameters& std_dev);
 
 /// A lower triangle packed by rows.
 inline constexpr std::size_t kPacked = kMaxPar * (kMaxPar + 1) / 2;

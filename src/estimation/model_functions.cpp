@@ -19,7 +19,7 @@ constexpr double kLargestWagner = 50;       // |X sum| of the Wagner equation
 constexpr double kSmallestProduct = 1e-35;  // |B C D E| of the sinh/cosh function
 constexpr double kPresent = constants::kPresent;
 
-bool Finite(double y) {
+bool finite(double y) {
     return std::isfinite(y);
 }
 
@@ -38,34 +38,35 @@ double cosh(double x) {
 
 double thodos_d(double B, const ModelContext& context) {
     // D = 1.80 B/Tcr + 2.67 with B of the decadic form.
-    const double decadicB = context.L == 1.0 ? B / kLn10 : B;
-    return 1.8 * decadicB / context.Tcr + 2.67;
+    const double decadic_B = context.L == 1.0 ? B / kLn10 : B;
+    return 1.8 * decadic_B / context.Tcr + 2.67;
 }
 
-PressureResult p0_FRO(double T, const Parameters& par, const ModelContext& context, bool thodos) {
+PressureResult frost_pressure(double T, const Parameters& par, const ModelContext& context,
+                              bool thodos) {
     constexpr PressureResult failure{0, true};
     const auto [A, B, C, givenD, E, unused6, unused7] = par;
     if (!(T > 0) || C - kZeroCelsius + T == 0) return failure;
     if (thodos && context.Tcr == 0) return failure;
     const double L = context.L;
     const double D = thodos ? thodos_d(B, context) : givenD;
-    const double explicitPart = B / (C - kZeroCelsius + T) + A + D * std::log(T) / L;
+    const double explicit_part = B / (C - kZeroCelsius + T) + A + D * std::log(T) / L;
 
-    double p = std::exp(L * explicitPart);
-    if (!Finite(p) || std::fabs(p) < kSmallestPressure) return failure;
+    double p = std::exp(L * explicit_part);
+    if (!finite(p) || std::fabs(p) < kSmallestPressure) return failure;
     for (int i = 0; i < kPressureSteps; ++i) {
-        const double f = explicitPart + E * p / (T * T) - std::log(p) / L;
+        const double f = explicit_part + E * p / (T * T) - std::log(p) / L;
         const double slope = E / (T * T) - (1 / p) / L;
         if (std::fabs(slope) < kSmallestSlope) return failure;
         const double dp = -f / slope;
         p += dp;
-        if (!Finite(p) || p < kSmallestPressure) return failure;
+        if (!finite(p) || p < kSmallestPressure) return failure;
         if (std::fabs(dp / p) < kPressureTolerance) break;
     }
     return {p, false};
 }
 
-PressureResult p0_WAG(double T, const Parameters& par, double Tcr, double pcr) {
+PressureResult wagner_pressure(double T, const Parameters& par, double Tcr, double pcr) {
     constexpr PressureResult failure{0, true};
     if (T > Tcr || T < kPresent) return failure;
     const double X = 1 - T / Tcr;
@@ -74,20 +75,20 @@ PressureResult p0_WAG(double T, const Parameters& par, double Tcr, double pcr) {
     const double S = A * X + B * std::pow(X, 1.5) + C * std::pow(X, 3) + D * std::pow(X, 6);
     if (!(std::fabs(S) <= kLargestWagner)) return failure;
     const double p = pcr * std::exp(S * Tcr / T);
-    return {p, !Finite(p)};
+    return {p, !finite(p)};
 }
 
-CpSinhResult cpSinh(double T, const Parameters& par) {
+CpSinhResult cp_sinh_cosh(double T, const Parameters& par) {
     constexpr CpSinhResult failure{0, true};
     const auto [A, B, C, D, E, unused6, unused7] = par;
     if (T == 0 || !(std::fabs(B * C * D * E) >= kSmallestProduct)) return failure;
     const double u = C / T;
     const double v = E / T;
-    const double sinhU = sinh(u);
-    const double coshV = cosh(v);
-    if (sinhU == 0 || !Finite(sinhU) || !Finite(coshV)) return failure;
-    const double cp = A + B * std::pow(u / sinhU, 2) + D * std::pow(v / coshV, 2);
-    return {cp, !Finite(cp)};
+    const double sinh_u = sinh(u);
+    const double cosh_v = cosh(v);
+    if (sinh_u == 0 || !finite(sinh_u) || !finite(cosh_v)) return failure;
+    const double cp = A + B * std::pow(u / sinh_u, 2) + D * std::pow(v / cosh_v, 2);
+    return {cp, !finite(cp)};
 }
 
 void polynomial_basis(double x, Parameters& basis) {
@@ -100,10 +101,10 @@ void combi_basis(double x, Parameters& basis) {
     basis = {1, x, x * x, x * x * x, 1 / x, 1 / (x * x), std::log(x)};
 }
 
-bool Polynomial(double x, const Parameters& par, const ModelContext&, double& y) {
+bool polynomial(double x, const Parameters& par, const ModelContext&, double& y) {
     y = 0;
     for (std::size_t i = 6; i-- > 0;) y = y * x + par[i];
-    return Finite(y);
+    return finite(y);
 }
 
 bool combi_expression(double x, const Parameters& par, const ModelContext&, double& y) {
@@ -114,32 +115,32 @@ bool combi_expression(double x, const Parameters& par, const ModelContext&, doub
     if (E != 0) y += E / x;
     if (F != 0) y += F / (x * x);
     if (G != 0) y += G * std::log(x);
-    return Finite(y);
+    return finite(y);
 }
 
-bool August(double T, const Parameters& par, const ModelContext& c, double& p) {
+bool august(double T, const Parameters& par, const ModelContext& c, double& p) {
     if (!(T > 0)) return false;
     const auto [A, B, D, unused4, unused5, unused6, unused7] = par;
     p = std::exp(c.L * A - c.L * B / T + D * std::log(T));
-    return Finite(p);
+    return finite(p);
 }
 
-bool Antoine(double T, const Parameters& par, const ModelContext& c, double& p) {
+bool antoine(double T, const Parameters& par, const ModelContext& c, double& p) {
     const auto [A, B, C, unused4, unused5, unused6, unused7] = par;
     const double t = T + C - kZeroCelsius;
     if (t == 0) return false;
     p = std::exp(c.L * A - c.L * B / t);
-    return Finite(p);
+    return finite(p);
 }
 
 bool frost_kalkwarf(double T, const Parameters& par, const ModelContext& c, double& p) {
-    const PressureResult r = p0_FRO(T, par, c, false);
+    const PressureResult r = frost_pressure(T, par, c, false);
     p = r.p;
     return !r.failed;
 }
 
 bool frost_kalkwarf_thodos(double T, const Parameters& par, const ModelContext& c, double& p) {
-    const PressureResult r = p0_FRO(T, par, c, true);
+    const PressureResult r = frost_pressure(T, par, c, true);
     p = r.p;
     return !r.failed;
 }
@@ -148,11 +149,11 @@ bool riedel_plank_miller(double T, const Parameters& par, const ModelContext& c,
     if (!(T > 0)) return false;
     const auto [A, B, D, H, I, unused6, unused7] = par;
     p = std::exp(c.L * A + c.L * B / T + D * std::log(T) + c.L * H * std::pow(T, I));
-    return Finite(p);
+    return finite(p);
 }
 
-bool Wagner(double T, const Parameters& par, const ModelContext& c, double& p) {
-    const PressureResult r = p0_WAG(T, par, c.Tcr, c.pcr);
+bool wagner(double T, const Parameters& par, const ModelContext& c, double& p) {
+    const PressureResult r = wagner_pressure(T, par, c.Tcr, c.pcr);
     p = r.p;
     return !r.failed;
 }
@@ -160,19 +161,19 @@ bool Wagner(double T, const Parameters& par, const ModelContext& c, double& p) {
 bool rackett(double T, const Parameters& par, const ModelContext& c, double& rho) {
     const auto [A, B, C, unused4, unused5, unused6, unused7] = par;
     const double divisor = std::pow(B, 1 + std::pow(1 - T / c.Tcr, C));
-    if (divisor == 0 || !Finite(divisor)) return false;
+    if (divisor == 0 || !finite(divisor)) return false;
     rho = A / divisor;
-    return Finite(rho);
+    return finite(rho);
 }
 
 bool leuna(double T, const Parameters& par, const ModelContext& c, double& rho) {
     rho = cubic_value(T, par) + par[4] * std::pow(1 - T / c.Tcr, 1.0 / 3.0);
-    return Finite(rho);
+    return finite(rho);
 }
 
-bool Cubic(double T, const Parameters& par, const ModelContext&, double& y) {
+bool cubic(double T, const Parameters& par, const ModelContext&, double& y) {
     y = cubic_value(T, par);
-    return Finite(y);
+    return finite(y);
 }
 
 bool majer(double T, const Parameters& par, const ModelContext& c, double& h) {
@@ -180,24 +181,24 @@ bool majer(double T, const Parameters& par, const ModelContext& c, double& h) {
     const auto [A, alpha, beta, unused4, unused5, unused6, unused7] = par;
     const double Tr = T / c.Tcr;
     h = A * std::pow(1 - Tr, beta) * std::exp(-alpha * Tr);
-    return Finite(h);
+    return finite(h);
 }
 
 bool dippr_vaporisation(double T, const Parameters& par, const ModelContext& c, double& h) {
     const auto [A, B, C, D, E, unused6, unused7] = par;
     const double Tr = T / c.Tcr;
     h = A * std::pow(1 - Tr, B + Tr * (C + Tr * (D + Tr * E)));
-    return Finite(h);
+    return finite(h);
 }
 
 bool shomate(double T, const Parameters& par, const ModelContext&, double& cp) {
     if (!(T > 0)) return false;
     cp = cubic_value(T, par) + par[4] / (T * T);
-    return Finite(cp);
+    return finite(cp);
 }
 
 bool dippr_heat_capacity(double T, const Parameters& par, const ModelContext&, double& cp) {
-    const CpSinhResult r = cpSinh(T, par);
+    const CpSinhResult r = cp_sinh_cosh(T, par);
     cp = r.cp;
     return !r.failed;
 }

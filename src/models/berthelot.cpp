@@ -11,22 +11,22 @@ namespace {
 
 /// van der Waals' equation with a ~ 1/T; D. Berthelot, J. Phys. Theor. Appl. 8 (1899) 263.
 EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models) {
-    EosConstants k{.power = {}, .jiTorvik = models.jiTorvik};
-    k.power.eosA0 = faults::divide(27.0 / 64.0 * R * R * s.Tcrit * s.Tcrit * s.Tcrit, s.pcrit);
-    k.power.eosB0 = R * s.Tcrit / s.pcrit / 8;
-    k.power.eosNA = -1;
+    EosConstants k{.power = {}, .ji_torvik = models.ji_torvik};
+    k.power.a0 = faults::divide(27.0 / 64.0 * R * R * s.Tcrit * s.Tcrit * s.Tcrit, s.pcrit);
+    k.power.b0 = R * s.Tcrit / s.pcrit / 8;
+    k.power.na = -1;
     return k;
 }
 
 constexpr EquationOfState row{.eos = Eos::berthelot,
                               .name = "CEOS Berthelot                     ",
                               .family = EosFamily::cubic,
-                              .needsOmega = false,
+                              .needs_omega = false,
                               .zcrit = 3.0 / 8.0,
                               .constants = constants_of,
                               .at = power_at,
                               .slopes = power_slopes_of,
-                              .secondVirial = no_virial,
+                              .second_virial = no_virial,
                               .virial = power_virial};
 
 }  // namespace

@@ -64,7 +64,7 @@ struct PhaseTable {
 };
 /// Derivatives and residual functions at T/K, p/kPa, v in m^3/kmol by the equation of `fluid`;
 /// `state` holds a, b, c, d at T.
-PhaseTable residual_functions(const Fluid& fluid, const EOSState& state, double T, double p,
+PhaseTable residual_functions(const Fluid& fluid, const EosState& state, double T, double p,
                               double v);
 
 struct StateValues {
@@ -99,12 +99,12 @@ SaturationValues saturation_functions(const Fluid& fluid, const ReferenceState& 
                                       const Surroundings& surroundings, double T);
 
 struct Inflexion {
-    int count = 0;                             ///< 0, 1 or 2
-    std::array<double, 2> v{}, p{};            ///< m^3/kmol, kPa
-    std::array<double, 2> secondDerivative{};  ///< d2p/dv2 at v
+    int count = 0;                              ///< 0, 1 or 2
+    std::array<double, 2> v{}, p{};             ///< m^3/kmol, kPa
+    std::array<double, 2> second_derivative{};  ///< d2p/dv2 at v
 };
 /// Points of inflexion at T/K of p = R T/(v - b) - a/((v + c)(v + d)) with v > b.
-Inflexion inflexion_points(const EOSState& state, double T);
+Inflexion inflexion_points(const EosState& state, double T);
 /// Those of a fluid's isotherm; none where the equation describes the V phase alone.
 Inflexion inflexion_points(const Fluid& fluid, double T);
 

@@ -2,7 +2,7 @@
 
 namespace quor::models {
 
-EOSState eos_at(const Fluid& f, double T, const EOSState& previous) {
+EosState eos_at(const Fluid& f, double T, const EosState& previous) {
     return T < constants::kPresent ? previous : f.equation().at(f, T);
 }
 

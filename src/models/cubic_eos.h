@@ -8,16 +8,16 @@
 namespace quor::models {
 
 /// a, b, c, d at T/K; T below 1E-6 gives `previous` back.
-EOSState eos_at(const Fluid& fluid, double T, const EOSState& previous = {});
+EosState eos_at(const Fluid& fluid, double T, const EosState& previous = {});
 
 /// Their analytic derivatives at T/K > 0.
-inline EOSSlopes eos_slopes(const Fluid& fluid, const EOSState& state, double T) {
+inline EosSlopes eos_slopes(const Fluid& fluid, const EosState& state, double T) {
     return fluid.equation().slopes(fluid, state, T);
 }
 
 /// p/kPa = R T/(v - b) - a/((v + c)(v + d)) of a state; v in m^3/kmol above b.
-inline double cubic_pressure(const EOSState& s, double T, double v) {
-    return constants::R * T / (v - s.eosB) - s.eosA / ((v + s.eosC) * (v + s.eosD));
+inline double cubic_pressure(const EosState& s, double T, double v) {
+    return constants::R * T / (v - s.b) - s.a / ((v + s.c) * (v + s.d));
 }
 
 }  // namespace quor::models

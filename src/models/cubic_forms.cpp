@@ -21,68 +21,68 @@ double power_of_T(double T, double exponent) {
 
 }  // namespace
 
-EOSState power_state(const EOSParameters& e, double Tcrit, double T) {
-    EOSState s{.eosA = 0,
-               .eosB = e.eosB0 * power_of_T(T, e.eosNB),
-               .eosC = e.eosC0 * power_of_T(T, e.eosNC),
-               .eosD = e.eosD0 * power_of_T(T, e.eosND)};
-    if (e.eosAlphaForm == 2) {
-        const double root = 1 + e.eosNA * (1 - std::sqrt(T / Tcrit));
-        s.eosA = e.eosA0 * root * root;
+EosState power_state(const EosParameters& e, double Tcrit, double T) {
+    EosState s{.a = 0,
+               .b = e.b0 * power_of_T(T, e.nb),
+               .c = e.c0 * power_of_T(T, e.nc),
+               .d = e.d0 * power_of_T(T, e.nd)};
+    if (e.alpha_form == 2) {
+        const double root = 1 + e.na * (1 - std::sqrt(T / Tcrit));
+        s.a = e.a0 * root * root;
     } else {
-        s.eosA = e.eosA0 * power_of_T(T, e.eosNA);
+        s.a = e.a0 * power_of_T(T, e.na);
     }
     return s;
 }
 
-EOSSlopes power_slopes(const EOSParameters& e, double Tcrit, const EOSState& s, double T) {
-    EOSSlopes d;
-    if (e.eosAlphaForm == 2) {
+EosSlopes power_slopes(const EosParameters& e, double Tcrit, const EosState& s, double T) {
+    EosSlopes d;
+    if (e.alpha_form == 2) {
         // a = a0 Q^2 with Q = 1 + m (1 - sqrt(T/Tcrit)).
-        const double Q = 1 + e.eosNA * (1 - std::sqrt(T / Tcrit));
-        const double Q1 = -0.5 * e.eosNA / std::sqrt(Tcrit * T);
+        const double Q = 1 + e.na * (1 - std::sqrt(T / Tcrit));
+        const double Q1 = -0.5 * e.na / std::sqrt(Tcrit * T);
         const double Q2 = -0.5 * Q1 / T;
-        d.a1 = 2 * e.eosA0 * Q * Q1;
-        d.a2 = 2 * e.eosA0 * (Q1 * Q1 + Q * Q2);
+        d.a1 = 2 * e.a0 * Q * Q1;
+        d.a2 = 2 * e.a0 * (Q1 * Q1 + Q * Q2);
     } else {
-        d.a1 = e.eosNA * s.eosA / T;
-        d.a2 = (e.eosNA - 1) * d.a1 / T;
+        d.a1 = e.na * s.a / T;
+        d.a2 = (e.na - 1) * d.a1 / T;
     }
-    d.b1 = e.eosNB * s.eosB / T;
-    d.b2 = (e.eosNB - 1) * d.b1 / T;
-    d.c1 = e.eosNC * s.eosC / T;
-    d.c2 = (e.eosNC - 1) * d.c1 / T;
-    d.d1 = e.eosND * s.eosD / T;
-    d.d2 = (e.eosND - 1) * d.d1 / T;
+    d.b1 = e.nb * s.b / T;
+    d.b2 = (e.nb - 1) * d.b1 / T;
+    d.c1 = e.nc * s.c / T;
+    d.c2 = (e.nc - 1) * d.c1 / T;
+    d.d1 = e.nd * s.d / T;
+    d.d2 = (e.nd - 1) * d.d1 / T;
     return d;
 }
 
-EOSState power_at(const Fluid& f, double T) {
+EosState power_at(const Fluid& f, double T) {
     return power_state(f.eos(), f.substance().Tcrit, T);
 }
 
-EOSSlopes power_slopes_of(const Fluid& f, const EOSState& state, double T) {
+EosSlopes power_slopes_of(const Fluid& f, const EosState& state, double T) {
     return power_slopes(f.eos(), f.substance().Tcrit, state, T);
 }
 
-double cubic_second_virial(const Fluid& f, double T, EOSState& state) {
+double cubic_second_virial(const Fluid& f, double T, EosState& state) {
     state = f.equation().at(f, T);
-    return state.eosB - state.eosA / (R * T);
+    return state.b - state.a / (R * T);
 }
 
-double no_virial(const Fluid& f, double T, EOSState& state) {
-    const EOSState power = power_at(f, T);
-    state.eosA = power.eosA;
-    state.eosB = power.eosB;
+double no_virial(const Fluid& f, double T, EosState& state) {
+    const EosState power = power_at(f, T);
+    state.a = power.a;
+    state.b = power.b;
     return 0;
 }
 
 Virial power_virial(const Fluid& f, double T) {
     Virial r;
-    EOSState state;
-    r.B = f.equation().secondVirial(f, T, state);
-    const EOSSlopes d = power_slopes(f.eos(), f.substance().Tcrit, state, T);
-    const double lag = state.eosA / T - d.a1;
+    EosState state;
+    r.B = f.equation().second_virial(f, T, state);
+    const EosSlopes d = power_slopes(f.eos(), f.substance().Tcrit, state, T);
+    const double lag = state.a / T - d.a1;
     r.dB = lag / (R * T) + d.b1;
     r.d2B = d.b2 - (2 * lag + T * d.a2) / (R * T) / T;
     return r;

@@ -7,30 +7,30 @@
 namespace quor::models {
 
 /// a, b, c, d at T/K > 0 by the power and Soave forms of the constants.
-EOSState power_state(const EOSParameters& eos, double Tcrit, double T);
-EOSSlopes power_slopes(const EOSParameters& eos, double Tcrit, const EOSState& state, double T);
+EosState power_state(const EosParameters& eos, double Tcrit, double T);
+EosSlopes power_slopes(const EosParameters& eos, double Tcrit, const EosState& state, double T);
 
 // The same as entries of a row.
-EOSState power_at(const Fluid& fluid, double T);
-EOSSlopes power_slopes_of(const Fluid& fluid, const EOSState& state, double T);
+EosState power_at(const Fluid& fluid, double T);
+EosSlopes power_slopes_of(const Fluid& fluid, const EosState& state, double T);
 
 /// B = b - a/(R T) with a and b of the row's own form.
-double cubic_second_virial(const Fluid& fluid, double T, EOSState& state);
+double cubic_second_virial(const Fluid& fluid, double T, EosState& state);
 /// No B, with a and b in the power and Soave forms: the cubic equations describe both phases.
-double no_virial(const Fluid& fluid, double T, EOSState& state);
+double no_virial(const Fluid& fluid, double T, EosState& state);
 /// B with the derivatives of b - a/(R T), a and b in the power and Soave forms.
 Virial power_virial(const Fluid& fluid, double T);
 
 /// The virial row of a cubic one: the same constants, the V phase alone.
 constexpr EquationOfState virial_of(const EquationOfState& cubic, Eos eos, std::string_view name,
-                                    bool needsOmega) {
+                                    bool needs_omega) {
     EquationOfState row = cubic;
     row.eos = eos;
     row.name = name;
     row.family = EosFamily::virial;
-    row.needsOmega = needsOmega;
+    row.needs_omega = needs_omega;
     row.zcrit = 0;
-    row.secondVirial = cubic_second_virial;
+    row.second_virial = cubic_second_virial;
     return row;
 }
 

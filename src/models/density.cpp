@@ -38,11 +38,11 @@ DensityResult density_liquid(const SubstanceRecord& s, float temperature) {
     const auto T = static_cast<double>(temperature);
     constexpr double kLowest = 1e-10;
     std::array<double, 7> a{};
-    for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(s.rhoLPar[i]);
-    const auto Tc = static_cast<double>(s.rhoLTc);
+    for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(s.rhoL_coefficients[i]);
+    const auto Tc = static_cast<double>(s.rhoL_Tc);
 
     DensityResult r;
-    if (s.rhoLTLo == 0 && a[0] > kPresent && a[2] > kPresent) {
+    if (s.rhoL_T_low == 0 && a[0] > kPresent && a[2] > kPresent) {
         r.rho = a[0] + a[1] * T;
         return physical(r.rho) ? r : failed();
     }
@@ -54,7 +54,7 @@ DensityResult density_liquid(const SubstanceRecord& s, float temperature) {
         r.rho = a[1] / std::pow(a[2], 1.0 + std::pow(1.0 - T / Tc, a[3]));
     }
     if (!physical(r.rho)) return failed();
-    const Bounds range{s.rhoLTLo, s.rhoLTHi};
+    const Bounds range{s.rhoL_T_low, s.rhoL_T_high};
     if (both_given(range)) r.deviation = deviation_of(T, range);
     return r;
 }
@@ -62,14 +62,14 @@ DensityResult density_liquid(const SubstanceRecord& s, float temperature) {
 DensityResult density_solid(const SubstanceRecord& s, float temperature) {
     const auto T = static_cast<double>(temperature);
     std::array<double, 4> a{};
-    for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(s.rhoSPar[i]);
-    const Bounds range{s.rhoSTLo, s.rhoSTHi};
+    for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(s.rhoS_coefficients[i]);
+    const Bounds range{s.rhoS_T_low, s.rhoS_T_high};
 
     DensityResult r;
     if (both_given(range)) {
         r.rho = a[0] + T * (a[1] + T * (a[2] + T * a[3]));
         r.deviation = deviation_of(T, range);
-    } else if (range.TLo == 0 && a[0] > kPresent) {
+    } else if (range.T_low == 0 && a[0] > kPresent) {
         r.rho = a[0] + a[1] * T;
     }
     return physical(r.rho) ? r : failed();

@@ -54,9 +54,9 @@ bool pair_pressure(const Request& q, Result& r) {
         q.method.model != VaporisationModel::databaseDensity &&
         q.method.model != VaporisationModel::benson)
         return true;
-    const VapourPressureResult found = vapour_pressure(q.substance(), r.T, q.method.vpCode);
+    const VapourPressureResult found = vapour_pressure(q.substance(), r.T, q.method.equation);
     r.p = found.p;
-    if (found.status == kSuccess) r.pressureDeviation = found.deviation;
+    if (found.status == kSuccess) r.pressure_deviation = found.deviation;
     r.explanation = "p = p(LV) by using vapour pressure equation:";
     if (given(r.p)) return true;
     r.p = q.method.p;
@@ -73,9 +73,10 @@ bool pair_temperature(const Request& q, Result& r) {
         r.explanation = "T = T(LV) from cubic  EOS";
         return true;
     }
-    const BoilingTemperatureResult found = boiling_temperature(q.substance(), r.p, q.method.vpCode);
+    const BoilingTemperatureResult found =
+        boiling_temperature(q.substance(), r.p, q.method.equation);
     r.T = found.T;
-    if (found.status == kSuccess) r.temperatureDeviation = found.deviation;
+    if (found.status == kSuccess) r.temperature_deviation = found.deviation;
     r.explanation = "T = T(LV) from vapour pressure equation:";
     if (given(r.T)) return true;
     r.T = q.method.T;
@@ -90,8 +91,9 @@ bool below_critical(const Request& q, Result& r) {
 /// The fitted equation of the database.
 double database_equation(const SubstanceRecord& s, Result& r) {
     const EnthalpyEquationResult value = enthalpy_equation(s, r.T);
-    if (value.status != kSuccess || s.hLVTHi <= 0) throw faults::Fault(faults::kInvalidArgument);
-    r.deviation = deviation_of(r.T, {s.hLVTLo, s.hLVTHi});
+    if (value.status != kSuccess || s.hLV_T_high <= 0)
+        throw faults::Fault(faults::kInvalidArgument);
+    r.deviation = deviation_of(r.T, {s.hLV_T_low, s.hLV_T_high});
     r.explanation = "delta(LV)h = Fu(T) (by using database equation)";
     return value.h;
 }
@@ -111,8 +113,8 @@ double carruth_kobayashi(const SubstanceRecord& s, double T) {
 
 /// K. M. Watson, Ind. Eng. Chem. 35 (1943) 398.
 double watson(const SubstanceRecord& s, double exponent, double T) {
-    const auto h = static_cast<double>(s.WatsonH);
-    const auto known = static_cast<double>(s.WatsonT);
+    const auto h = static_cast<double>(s.watson_hLV);
+    const auto known = static_cast<double>(s.watson_T);
     if (!(h * known > kPresent)) throw faults::Fault(faults::kInvalidArgument);
     const double ratio = faults::divide(s.Tcrit - T, s.Tcrit - known);
     if (ratio < 0.0) throw faults::Fault(faults::kInvalidArgument);
@@ -141,12 +143,12 @@ double clausius_clapeyron(const Request& q, Result& r) {
     if (q.method.model == VaporisationModel::databaseDensity) {
         const DensityResult liquid = density_liquid(q.substance(), static_cast<float>(r.T));
         r.rhoL = liquid.rho;
-        r.densityDeviation = liquid.deviation;
+        r.density_deviation = liquid.deviation;
     } else {
         r.rhoL = benson_density(q, r);
     }
     set_compressibilities(q, r);
-    const SlopeResult slope = vapour_pressure_slope(q.substance(), r.T, q.method.vpCode);
+    const SlopeResult slope = vapour_pressure_slope(q.substance(), r.T, q.method.equation);
     if (slope.status != kSuccess) throw faults::Fault(faults::kInvalidArgument);
     r.explanation = "actual vapour pressure equation";
     return -R * slope.slope * (r.zV - r.zL);
@@ -164,7 +166,7 @@ double cubic_eos(const Request& q, Result& r) {
     r.rhoV = v.vV > 0 ? M / v.vV : 0;
     r.rhoL = v.vL > 0 ? M / v.vL : 0;
     set_compressibilities(q, r);
-    const EOSState eos = eos_at(fluid, r.T);
+    const EosState eos = eos_at(fluid, r.T);
     const auto residual = [&](double volume) {
         const PhaseTable table = residual_functions(fluid, eos, r.T, r.p, volume);
         if (!table.filled) throw faults::Fault(faults::kInvalidArgument);
@@ -175,7 +177,7 @@ double cubic_eos(const Request& q, Result& r) {
 
 double evaluate(const Request& q, Result& r) {
     const SubstanceRecord& s = q.substance();
-    const float exponent = q.fluid.models().WatsonN;
+    const float exponent = q.fluid.models().watson_n;
     switch (q.method.model) {
         case VaporisationModel::databaseEquation:
             return database_equation(s, r);
@@ -186,7 +188,7 @@ double evaluate(const Request& q, Result& r) {
             r.explanation = "Carruth/Kobayashi-correlation";
             return carruth_kobayashi(s, r.T);
         case VaporisationModel::watson:
-            r.explanation = "WATSON-correlation, n =" + numbers::General(exponent);
+            r.explanation = "WATSON-correlation, n =" + numbers::general(exponent);
             return watson(s, static_cast<double>(exponent), r.T);
         case VaporisationModel::cubicEos:
             return cubic_eos(q, r);
@@ -223,14 +225,14 @@ EnthalpyOfVaporisationResult enthalpy_of_vaporisation(const Fluid& fluid,
 }
 
 EnthalpyEquationResult enthalpy_equation(const SubstanceRecord& s, double T) {
-    const auto Tc = static_cast<double>(s.hLVTc);
+    const auto Tc = static_cast<double>(s.hLV_Tc);
     const EnthalpyEquationResult failure{0.0, kFailure};
     if (!(Tc > kPresent) || !(T <= std::fmax(Tc, s.Tcrit))) return failure;
     // At the critical point of the set, a 32-bit value, and from there to that of the substance.
-    if (static_cast<float>(T) >= s.hLVTc) return {};
+    if (static_cast<float>(T) >= s.hLV_Tc) return {};
 
     const double Tr = T / Tc;
-    const auto a = [&](std::size_t i) { return static_cast<double>(s.hLVPar[i]); };
+    const auto a = [&](std::size_t i) { return static_cast<double>(s.hLV_coefficients[i]); };
     const double exponent = a(2) + Tr * (a(3) + Tr * (a(4) + Tr * a(5)));
     const double h = a(0) * std::exp(-a(1) * Tr) * std::pow(1.0 - Tr, exponent);
     if (!std::isfinite(h)) return failure;

@@ -18,7 +18,7 @@ struct EnthalpyOfVaporisationResult {
     double rhoV = 0, rhoL = 0;   ///< kg/m^3 (Clausius/Clapeyron and the cubic EOS)
     std::int16_t deviation = 0;  ///< K outside the range of the database's equation
     /// K outside the ranges of p(LV), T(LV) and of the L density, as far as they were used.
-    std::int16_t pressureDeviation = 0, temperatureDeviation = 0, densityDeviation = 0;
+    std::int16_t pressure_deviation = 0, temperature_deviation = 0, density_deviation = 0;
     std::array<double, 3> v{};  ///< the volume roots of the last state solved, m^3/kmol
     std::string explanation;    ///< how T, p and the result were obtained
     Status status = kSuccess;
@@ -27,7 +27,7 @@ struct EnthalpyOfVaporisationResult {
 /// What an evaluation by a method needs beside the fluid.
 struct VaporisationMethod {
     VaporisationModel model = VaporisationModel::none;
-    VapourPressureEquation vpCode = VapourPressureEquation::none;
+    VapourPressureEquation equation = VapourPressureEquation::none;
     BensonPoint reference;  ///< second reference point, for Benson's way
     double T = 0, p = 0;    ///< measured values that may stand in for a missing T or p, 0 for none
 };

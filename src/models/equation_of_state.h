@@ -14,7 +14,7 @@ namespace quor::models {
 class Fluid;
 
 /// First and second derivatives of a, b, c, d with respect to T.
-struct EOSSlopes {
+struct EosSlopes {
     double a1 = 0, a2 = 0, b1 = 0, b2 = 0, c1 = 0, c2 = 0, d1 = 0, d2 = 0;
 };
 
@@ -26,8 +26,8 @@ struct Virial {
 /// Constants of a, b, c, d in the power and Soave forms, and those of Ji/Torvik with their computed
 /// part.
 struct EosConstants {
-    EOSParameters power;
-    JiTorvikParameters jiTorvik;
+    EosParameters power;
+    JiTorvikParameters ji_torvik;
 };
 
 /// The families: pressure-explicit virial forms describe the V phase alone.
@@ -38,16 +38,16 @@ struct EquationOfState {
     Eos eos;
     std::string_view name;  ///< a 35-character text, as lists show it
     EosFamily family;
-    bool needsOmega = false;  ///< offered only with an acentric factor
+    bool needs_omega = false;  ///< offered only with an acentric factor
     double zcrit = 0;  ///< critical compressibility, 0: none or fitted (`JiTorvikParameters`)
     /// The constants that belong to a substance, without its critical volume. Throws
     /// `faults::Fault` where the substance lacks what they need.
     EosConstants (*constants)(const SubstanceRecord& substance, const ModelSelection& models);
     /// a, b, c, d at T/K > 0, and their derivatives.
-    EOSState (*at)(const Fluid& fluid, double T);
-    EOSSlopes (*slopes)(const Fluid& fluid, const EOSState& state, double T);
+    EosState (*at)(const Fluid& fluid, double T);
+    EosSlopes (*slopes)(const Fluid& fluid, const EosState& state, double T);
     /// Second virial coefficient at T/K > 0 with its derivatives; `state` receives a and b at T.
-    double (*secondVirial)(const Fluid& fluid, double T, EOSState& state);
+    double (*second_virial)(const Fluid& fluid, double T, EosState& state);
     Virial (*virial)(const Fluid& fluid, double T);
 };
 

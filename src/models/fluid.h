@@ -15,7 +15,7 @@ class Fluid {
     /// A fluid without data and without an equation of state.
     Fluid();
     /// `eos` and `jt` are the constants that belong to the substance and the choice.
-    Fluid(SubstanceRecord substance, const ModelSelection& models, const EOSParameters& eos,
+    Fluid(SubstanceRecord substance, const ModelSelection& models, const EosParameters& eos,
           const JiTorvikParameters& jt);
 
     /// The fluid of a substance and a choice, with the constants that follow; whether the equation
@@ -30,7 +30,7 @@ class Fluid {
 
     const SubstanceRecord& substance() const { return parts_->substance; }
     const ModelSelection& models() const { return parts_->models; }
-    const EOSParameters& eos() const { return parts_->eos; }
+    const EosParameters& eos() const { return parts_->eos; }
     const JiTorvikParameters& jt() const { return parts_->jt; }
     const EquationOfState& equation() const { return *parts_->equation; }
 
@@ -44,7 +44,7 @@ class Fluid {
     struct Parts {
         SubstanceRecord substance;
         ModelSelection models;
-        EOSParameters eos;
+        EosParameters eos;
         JiTorvikParameters jt;
         const EquationOfState* equation;
 

@@ -15,8 +15,8 @@ constexpr double kUnused = 1e-30;
 /// A polynomial set as numbers: C0 to C3 of T^0 to T^3 and a last term in T^4 or T^-2.
 struct Polynomial {
     double c0, c1, c2, c3;
-    double quartic = 0;        ///< factor of T^4
-    double inverseSquare = 0;  ///< factor of T^-2
+    double quartic = 0;         ///< factor of T^4
+    double inverse_square = 0;  ///< factor of T^-2
 };
 
 Polynomial polynomial_of(const CpSet& set) {
@@ -46,15 +46,15 @@ Difference polynomial_difference(const CpSet& set, double T, double T0) {
     const double s3 = T * s2 + T0 * T0 * T0;
     const double s4 = T * s3 + T0 * T0 * T0 * T0;
     const double h = c.c0 + c.c1 / 2 * s1 + c.c2 / 3 * s2 + c.c3 / 4 * s3 + c.quartic / 5 * s4 +
-                     c.inverseSquare / (T * T0);
+                     c.inverse_square / (T * T0);
     const double s = c.c1 + c.c2 / 2 * s1 + c.c3 / 3 * s2 + c.quartic / 4 * s3 +
-                     c.inverseSquare / 2 * s1 / (T * T0 * T * T0);
+                     c.inverse_square / 2 * s1 / (T * T0 * T * T0);
     return {h * (T - T0), s * (T - T0) + c.c0 * std::log(T / T0), true};
 }
 
 /// Terms of the sinh/cosh form at one temperature.
 struct SinhCosh {
-    double sinhX, coshX, coshY, tanhY;
+    double sinh_x, cosh_x, cosh_y, tanh_y;
     double entropy;  ///< C1 (x coth x - ln sinh x) - C3 (y tanh y - ln cosh y)
     bool valid;
 };
@@ -64,9 +64,9 @@ SinhCosh sinh_cosh_at(const CpSet& set, double T) {
     const double x = c(2) / T;
     const double y = c(4) / T;
     SinhCosh t{std::sinh(x), std::cosh(x), std::cosh(y), std::tanh(y), 0.0, false};
-    t.valid = t.sinhX > 0.0 && std::isfinite(t.coshX) && std::isfinite(t.coshY);
-    t.entropy = c(1) * (x * t.coshX / t.sinhX - std::log(t.sinhX)) -
-                c(3) * (y * t.tanhY - std::log(t.coshY));
+    t.valid = t.sinh_x > 0.0 && std::isfinite(t.cosh_x) && std::isfinite(t.cosh_y);
+    t.entropy = c(1) * (x * t.cosh_x / t.sinh_x - std::log(t.sinh_x)) -
+                c(3) * (y * t.tanh_y - std::log(t.cosh_y));
     return t;
 }
 
@@ -79,8 +79,8 @@ Difference sinh_cosh_difference(const CpSet& set, double T, double T0) {
 
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     const double inverse = (T0 - T) / (T * T0);  // 1/T - 1/T0
-    const double coth = -std::sinh(c(2) * inverse) / (at.sinhX * zero.sinhX);
-    const double tanh = std::sinh(c(4) * inverse) / (at.coshY * zero.coshY);
+    const double coth = -std::sinh(c(2) * inverse) / (at.sinh_x * zero.sinh_x);
+    const double tanh = std::sinh(c(4) * inverse) / (at.cosh_y * zero.cosh_y);
     return {c(0) * (T - T0) + c(1) * c(2) * coth - c(3) * c(4) * tanh,
             c(0) * std::log(T / T0) + at.entropy - zero.entropy, true};
 }
@@ -100,7 +100,7 @@ CpResult polynomial_cp(const CpSet& set, double T) {
     if (!has_coefficients(set)) return {0.0, kFailure};
     const Polynomial c = polynomial_of(set);
     return checked(c.c0 + T * (c.c1 + T * (c.c2 + T * (c.c3 + T * c.quartic))) +
-                   (c.inverseSquare == 0.0 ? 0.0 : c.inverseSquare / (T * T)));
+                   (c.inverse_square == 0.0 ? 0.0 : c.inverse_square / (T * T)));
 }
 
 CpResult sinh_cosh_cp(const CpSet& set, double T) {
@@ -108,16 +108,16 @@ CpResult sinh_cosh_cp(const CpSet& set, double T) {
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     const double x = c(2) / T;
     const double y = c(4) / T;
-    const double sinhX = std::sinh(x);
-    const double coshY = std::cosh(y);
+    const double sinh_x = std::sinh(x);
+    const double cosh_y = std::cosh(y);
     // By their definitions through exp both overflow here, and the quotients would silently be 0.
-    if (!std::isfinite(sinhX) || !std::isfinite(coshY)) return {0.0, kFailure};
-    return checked(c(0) + c(1) * square(x / sinhX) + c(3) * square(y / coshY));
+    if (!std::isfinite(sinh_x) || !std::isfinite(cosh_y)) return {0.0, kFailure};
+    return checked(c(0) + c(1) * square(x / sinh_x) + c(3) * square(y / cosh_y));
 }
 
 CpResult ideal_gas_cp(const SubstanceRecord& s, CpForm form, double T) {
-    if (form == CpForm::polynomial) return polynomial_cp(s.cpPoly, T);
-    if (form == CpForm::sinhCosh) return sinh_cosh_cp(s.cpSinh, T);
+    if (form == CpForm::polynomial) return polynomial_cp(s.cp_polynomial, T);
+    if (form == CpForm::sinhCosh) return sinh_cosh_cp(s.cp_sinh_cosh, T);
     return {0.0, kFailure};
 }
 
@@ -129,8 +129,8 @@ IdealGasState ideal_gas_functions(const SubstanceRecord& s, CpForm form,
     if (cp.status != kSuccess) return failure;
 
     const auto T0 = static_cast<double>(reference.T0);
-    const Difference d = form == CpForm::polynomial ? polynomial_difference(s.cpPoly, T, T0)
-                                                    : sinh_cosh_difference(s.cpSinh, T, T0);
+    const Difference d = form == CpForm::polynomial ? polynomial_difference(s.cp_polynomial, T, T0)
+                                                    : sinh_cosh_difference(s.cp_sinh_cosh, T, T0);
     if (!d.valid) return failure;
 
     const ReferenceBase base = reference_base(s, reference, p);

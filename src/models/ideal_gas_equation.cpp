@@ -6,10 +6,10 @@ namespace quor::models {
 namespace {
 
 EosConstants constants_of(const SubstanceRecord&, const ModelSelection& models) {
-    return {.power = {}, .jiTorvik = models.jiTorvik};
+    return {.power = {}, .ji_torvik = models.ji_torvik};
 }
 
-double second_virial_of(const Fluid&, double, EOSState& state) {
+double second_virial_of(const Fluid&, double, EosState& state) {
     state = {};
     return 0;
 }
@@ -23,12 +23,12 @@ Virial virial_of_T(const Fluid&, double) {
 const EquationOfState kIdealGas{.eos = Eos::idealGas,
                                 .name = "Ideal-gas EOS                      ",
                                 .family = EosFamily::virial,
-                                .needsOmega = false,
+                                .needs_omega = false,
                                 .zcrit = 0,
                                 .constants = constants_of,
                                 .at = power_at,
                                 .slopes = power_slopes_of,
-                                .secondVirial = second_virial_of,
+                                .second_virial = second_virial_of,
                                 .virial = virial_of_T};
 
 }  // namespace quor::models

@@ -18,14 +18,13 @@ constexpr int kCap = 200;
 /// there are two points of inflexion, or none where the maximum stays below 0.
 class Balance {
   public:
-    Balance(const EOSState& state, double T)
-        : s_(state), logRatio_(std::log(state.eosA / (R * T))) {}
+    Balance(const EosState& state, double T) : s_(state), log_ratio_(std::log(state.a / (R * T))) {}
 
-    double volume(double t) const { return s_.eosB * (1.0 + std::exp(t)); }
+    double volume(double t) const { return s_.b * (1.0 + std::exp(t)); }
 
     double value(double t) const {
         const auto [w, C, D] = at(t);
-        return logRatio_ + 3.0 * std::log(w) + std::log(C * D * (C * C + C * D + D * D));
+        return log_ratio_ + 3.0 * std::log(w) + std::log(C * D * (C * C + C * D + D * D));
     }
 
     double slope(double t) const {
@@ -38,12 +37,12 @@ class Balance {
         double w, C, D;
     };
     Point at(double t) const {
-        const double w = s_.eosB * std::exp(t);
-        return {w, 1.0 / (w + s_.eosB + s_.eosC), 1.0 / (w + s_.eosB + s_.eosD)};
+        const double w = s_.b * std::exp(t);
+        return {w, 1.0 / (w + s_.b + s_.c), 1.0 / (w + s_.b + s_.d)};
     }
 
-    const EOSState& s_;
-    double logRatio_;
+    const EosState& s_;
+    double log_ratio_;
 };
 
 /// t of the maximum, by halving.
@@ -79,23 +78,22 @@ double beyond(const Balance& f, double from, double direction) {
     return from + step;
 }
 
-void add(Inflexion& r, const EOSState& s, double T, double v) {
-    const double e = 1.0 / (v - s.eosB);
-    const double C = 1.0 / (v + s.eosC);
-    const double D = 1.0 / (v + s.eosD);
+void add(Inflexion& r, const EosState& s, double T, double v) {
+    const double e = 1.0 / (v - s.b);
+    const double C = 1.0 / (v + s.c);
+    const double D = 1.0 / (v + s.d);
     const auto i = static_cast<std::size_t>(r.count++);
     r.v[i] = v;
     r.p[i] = cubic_pressure(s, T, v);
-    r.secondDerivative[i] =
-        2.0 * R * T * e * e * e - 2.0 * s.eosA * C * D * (C * C + C * D + D * D);
+    r.second_derivative[i] = 2.0 * R * T * e * e * e - 2.0 * s.a * C * D * (C * C + C * D + D * D);
 }
 
 }  // namespace
 
-Inflexion inflexion_points(const EOSState& state, double T) {
+Inflexion inflexion_points(const EosState& state, double T) {
     Inflexion r;
-    const bool attracts = state.eosA > 0.0 && state.eosB > 0.0 && state.eosB + state.eosC > 0.0 &&
-                          state.eosB + state.eosD > 0.0;
+    const bool attracts =
+        state.a > 0.0 && state.b > 0.0 && state.b + state.c > 0.0 && state.b + state.d > 0.0;
     if (!(T > 0.0) || !attracts) return r;
 
     const Balance f(state, T);
@@ -114,7 +112,7 @@ Inflexion inflexion_points(const EOSState& state, double T) {
 }
 
 Inflexion inflexion_points(const Fluid& fluid, double T) {
-    return fluid.models().EOSOnlyV ? Inflexion{} : inflexion_points(eos_at(fluid, T), T);
+    return fluid.models().vapour_only ? Inflexion{} : inflexion_points(eos_at(fluid, T), T);
 }
 
 }  // namespace quor::models

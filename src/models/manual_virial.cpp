@@ -11,17 +11,17 @@ namespace {
 /// The coefficients stand in the places of b0 and of the exponents, from which the derivatives of
 /// the power form are taken.
 EosConstants constants_of(const SubstanceRecord&, const ModelSelection& models) {
-    EosConstants k{.power = {}, .jiTorvik = models.jiTorvik};
-    k.power.eosB0 = models.manualVirial.b0;
-    k.power.eosNB = models.manualVirial.b1;
-    k.power.eosNV = models.manualVirial.b2;
+    EosConstants k{.power = {}, .ji_torvik = models.ji_torvik};
+    k.power.b0 = models.manual_virial.b0;
+    k.power.nb = models.manual_virial.b1;
+    k.power.nv = models.manual_virial.b2;
     return k;
 }
 
 /// B = b0 - b1/T^b2.
-double second_virial_of(const Fluid& f, double T, EOSState& state) {
+double second_virial_of(const Fluid& f, double T, EosState& state) {
     no_virial(f, T, state);
-    return f.eos().eosB0 - f.eos().eosNB / std::pow(T, f.eos().eosNV);
+    return f.eos().b0 - f.eos().nb / std::pow(T, f.eos().nv);
 }
 
 }  // namespace
@@ -29,12 +29,12 @@ double second_virial_of(const Fluid& f, double T, EOSState& state) {
 const EquationOfState kManualVirial{.eos = Eos::manualVirial,
                                     .name = "VIRIAL Equ., Manual Input          ",
                                     .family = EosFamily::virial,
-                                    .needsOmega = false,
+                                    .needs_omega = false,
                                     .zcrit = 0,
                                     .constants = constants_of,
                                     .at = power_at,
                                     .slopes = power_slopes_of,
-                                    .secondVirial = second_virial_of,
+                                    .second_virial = second_virial_of,
                                     .virial = power_virial};
 
 }  // namespace quor::models

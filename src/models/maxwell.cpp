@@ -15,23 +15,23 @@ namespace {
 constexpr int kHalvings = 200;
 
 /// (dp/dv) at T.
-double slope(const EOSState& s, double T, double v) {
-    const double w = v - s.eosB;
-    const double x = v + s.eosC;
-    const double y = v + s.eosD;
-    return -R * T / (w * w) + s.eosA * (x + y) / (x * x * y * y);
+double slope(const EosState& s, double T, double v) {
+    const double w = v - s.b;
+    const double x = v + s.c;
+    const double y = v + s.d;
+    return -R * T / (w * w) + s.a * (x + y) / (x * x * y * y);
 }
 
 /// The volume at which the isotherm is steepest upwards (or least steep downwards), by golden
 /// section on ln(v - b) round the critical volume.
-double steepest_volume(const EOSState& s, double T, double vcrit) {
+double steepest_volume(const EosState& s, double T, double vcrit) {
     constexpr double kGolden = 0.6180339887498949;
     // dp/dv itself vanishes for large v, so it is weighed with (v - b)^2/(R T).
     const auto height = [&](double u) {
         const double w = std::exp(u);
-        return slope(s, T, s.eosB + w) * w * w / (R * T);
+        return slope(s, T, s.b + w) * w * w / (R * T);
     };
-    const double centre = std::log(std::max(vcrit - s.eosB, 0.05 * s.eosB));
+    const double centre = std::log(std::max(vcrit - s.b, 0.05 * s.b));
     double lo = centre - 3, hi = centre + 3;
     double a = hi - kGolden * (hi - lo), b = lo + kGolden * (hi - lo);
     double fa = height(a), fb = height(b);
@@ -50,7 +50,7 @@ double steepest_volume(const EOSState& s, double T, double vcrit) {
             fa = height(a);
         }
     }
-    return s.eosB + std::exp(0.5 * (lo + hi));
+    return s.b + std::exp(0.5 * (lo + hi));
 }
 
 /// Zero of a function that is negative at `outside` and positive at `inside`, in v - b.
@@ -64,12 +64,12 @@ double bisect(F f, double outside, double inside) {
 }
 
 /// Volume on a branch where p falls with v, by Newton steps in ln(v - b) kept inside a bracket.
-double branch_volume(const EOSState& s, double T, double p, double lo, double hi) {
-    double ulo = std::log(lo - s.eosB), uhi = std::log(hi - s.eosB);
+double branch_volume(const EosState& s, double T, double p, double lo, double hi) {
+    double ulo = std::log(lo - s.b), uhi = std::log(hi - s.b);
     double u = 0.5 * (ulo + uhi);
     for (int i = 0; i < kHalvings; ++i) {
         const double w = std::exp(u);
-        const double v = s.eosB + w;
+        const double v = s.b + w;
         const double f = cubic_pressure(s, T, v) - p;
         (f > 0 ? ulo : uhi) = u;
         double next = u - f / (slope(s, T, v) * w);
@@ -77,24 +77,24 @@ double branch_volume(const EOSState& s, double T, double p, double lo, double hi
         if (std::fabs(next - u) <= 1e-16 * std::fabs(u) + 1e-16) break;
         u = next;
     }
-    return s.eosB + std::exp(u);
+    return s.b + std::exp(u);
 }
 
 /// Area between isotherm and isobar from v1 to v3, kJ/kmol; positive below the Maxwell pressure.
-double whole_area(const EOSState& s, double T, double p, double v1, double v3) {
-    const double attraction = s.eosC == s.eosD ? s.eosA * (1 / (v3 + s.eosC) - 1 / (v1 + s.eosC))
-                                               : s.eosA / (s.eosC - s.eosD) *
-                                                     (std::log((v3 + s.eosC) / (v1 + s.eosC)) -
-                                                      std::log((v3 + s.eosD) / (v1 + s.eosD)));
-    return R * T * std::log((v3 - s.eosB) / (v1 - s.eosB)) + attraction - (v3 - v1) * p;
+double whole_area(const EosState& s, double T, double p, double v1, double v3) {
+    const double attraction =
+        s.c == s.d ? s.a * (1 / (v3 + s.c) - 1 / (v1 + s.c))
+                   : s.a / (s.c - s.d) *
+                         (std::log((v3 + s.c) / (v1 + s.c)) - std::log((v3 + s.d) / (v1 + s.d)));
+    return R * T * std::log((v3 - s.b) / (v1 - s.b)) + attraction - (v3 - v1) * p;
 }
 
-Saturation at_critical_volume(const EOSState& s, double T, double v) {
+Saturation at_critical_volume(const EosState& s, double T, double v) {
     Saturation r;
     r.T = T;
     r.p = cubic_pressure(s, T, v);
     r.v = {v, v, v};
-    r.nRoots = 3;
+    r.root_count = 3;
     r.state = s;
     r.status = kSuccess;
     r.fallback = true;
@@ -103,21 +103,21 @@ Saturation at_critical_volume(const EOSState& s, double T, double v) {
 
 }  // namespace
 
-Spinodal spinodal(const Fluid& f, const EOSState& s, double T) {
+Spinodal spinodal(const Fluid& f, const EosState& s, double T) {
     Spinodal r;
-    const double middle = steepest_volume(s, T, f.eos().vcritCalc);
+    const double middle = steepest_volume(s, T, f.eos().vcrit_calculated);
     r.vL = r.vV = middle;
     r.pL = r.pV = cubic_pressure(s, T, middle);
-    const auto g = [&](double w) { return slope(s, T, s.eosB + w); };
-    const double w = middle - s.eosB;
+    const auto g = [&](double w) { return slope(s, T, s.b + w); };
+    const double w = middle - s.b;
     if (!(g(w) > 0)) return r;
 
     double inner = w, outer = w;
     for (int i = 0; i < 1000 && g(inner) > 0; ++i) inner *= 0.5;
     for (int i = 0; i < 1000 && g(outer) > 0; ++i) outer *= 2;
     if (g(inner) > 0 || g(outer) > 0) return r;
-    r.vL = s.eosB + bisect(g, inner, w);
-    r.vV = s.eosB + bisect(g, outer, w);
+    r.vL = s.b + bisect(g, inner, w);
+    r.vV = s.b + bisect(g, outer, w);
     r.pL = cubic_pressure(s, T, r.vL);
     r.pV = cubic_pressure(s, T, r.vV);
     r.found = r.pV > r.pL && r.pV > 0;
@@ -129,7 +129,7 @@ Saturation maxwell_pressure(const Fluid& f, double T) {
     r.T = T;
     r.fallback = true;
     r.state = eos_at(f, T);
-    const EOSState& s = r.state;
+    const EosState& s = r.state;
     const Spinodal loop = spinodal(f, s, T);
     if (!loop.found) return at_critical_volume(s, T, loop.vL);
 
@@ -140,12 +140,12 @@ Saturation maxwell_pressure(const Fluid& f, double T) {
     double v1 = 0, v3 = 0;
     for (int i = 0; i < kHalvings; ++i) {
         const double p = std::exp(x);
-        double liquidEnd = s.eosB + 0.5 * (loop.vL - s.eosB);
-        for (int k = 0; k < 1000 && cubic_pressure(s, T, liquidEnd) < p; ++k)
-            liquidEnd = s.eosB + 0.5 * (liquidEnd - s.eosB);
-        const double gasEnd = std::max(2 * loop.vV, 2 * R * T / p + s.eosB);
-        v1 = branch_volume(s, T, p, liquidEnd, loop.vL);
-        v3 = branch_volume(s, T, p, loop.vV, gasEnd);
+        double liquid_end = s.b + 0.5 * (loop.vL - s.b);
+        for (int k = 0; k < 1000 && cubic_pressure(s, T, liquid_end) < p; ++k)
+            liquid_end = s.b + 0.5 * (liquid_end - s.b);
+        const double gas_end = std::max(2 * loop.vV, 2 * R * T / p + s.b);
+        v1 = branch_volume(s, T, p, liquid_end, loop.vL);
+        v3 = branch_volume(s, T, p, loop.vV, gas_end);
         const double area = whole_area(s, T, p, v1, v3);
         (area > 0 ? lo : hi) = x;
         // d(area)/d(ln p) = -p (v3 - v1), because both ends lie on the isobar.
@@ -158,11 +158,11 @@ Saturation maxwell_pressure(const Fluid& f, double T) {
     const CubicRoots roots = solve_cubic(s, T, r.p);
     const double v2 = roots.count == 3 ? std::clamp(roots.v[1], v1, v3) : 0.5 * (loop.vL + loop.vV);
     r.v = {v1, v2, v3};
-    r.nRoots = 3;
+    r.root_count = 3;
     const Areas areas = area_ratio(s, r.v, T, r.p);
-    r.areaRatio = areas.ratio;
-    r.areaV = areas.V;
-    r.areaL = areas.L;
+    r.area_ratio = areas.ratio;
+    r.area_V = areas.V;
+    r.area_L = areas.L;
     r.status = std::isfinite(r.p) && r.p > 0 ? kSuccess : kFailure;
     return r;
 }

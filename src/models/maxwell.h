@@ -10,7 +10,7 @@ struct Spinodal {
     double pL = 0, pV = 0;  ///< kPa; pL may be negative
     bool found = false;     ///< false at and above the critical isotherm
 };
-Spinodal spinodal(const Fluid& fluid, const EOSState& s, double T);
+Spinodal spinodal(const Fluid& fluid, const EosState& s, double T);
 
 /// p(LV) at 0 < T < Tcrit by a bracketed search on the equal-area condition between the spinodal
 /// pressures. It finds the state wherever the isotherm has a loop.

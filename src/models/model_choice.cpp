@@ -31,7 +31,8 @@ ModelEntries<Model> offered(const Offer<Model> (&offers)[n], Name name) {
 }
 
 bool has_measured_vp(const SubstanceRecord& s) {
-    return s.WAG.TLo > 0 || s.FRO.TLo != 0 || s.ALP.A > 1e-6F || s.AHP.A > 1e-6F;
+    return s.wagner.T_low > 0 || s.frost.T_low != 0 || s.antoine_low.A > 1e-6F ||
+           s.antoine_high.A > 1e-6F;
 }
 
 /// Sets that are not measured but follow from critical point and boiling point.
@@ -49,19 +50,19 @@ bool follows_critical_data(Eos eos) {
 ModelEntries<Eos> eos_entries(const SubstanceRecord& substance) {
     ModelEntries<Eos> entries;
     for (const EquationOfState* row : equations())
-        if (substance.omega != 0.0 || !row->needsOmega)
+        if (substance.omega != 0.0 || !row->needs_omega)
             entries.push_back({row->eos, text::trim(row->name)});
     return entries;
 }
 
 ModelEntries<VapourPressureEquation> vp_entries(const SubstanceRecord& s) {
     using enum VapourPressureEquation;
-    const double product = static_cast<double>(s.AUG.A) * static_cast<double>(s.AUG.B);
+    const double product = static_cast<double>(s.august.A) * static_cast<double>(s.august.B);
     const bool boils = s.Tboil > 1e-6F;
-    const Offer<VapourPressureEquation> offers[] = {{wagner, s.WAG.TLo > 0},
-                                                    {frostKalkwarf, s.FRO.TLo != 0},
-                                                    {antoineLow, s.ALP.A > 1e-6F},
-                                                    {antoineHigh, s.AHP.A > 1e-6F},
+    const Offer<VapourPressureEquation> offers[] = {{wagner, s.wagner.T_low > 0},
+                                                    {frostKalkwarf, s.frost.T_low != 0},
+                                                    {antoineLow, s.antoine_low.A > 1e-6F},
+                                                    {antoineHigh, s.antoine_high.A > 1e-6F},
                                                     {august, std::fabs(product) > 0.0},
                                                     {frostVanDerWaals, boils},
                                                     {frostRedlichKwong, boils},
@@ -70,23 +71,23 @@ ModelEntries<VapourPressureEquation> vp_entries(const SubstanceRecord& s) {
     return offered(offers, vp_name);
 }
 
-ModelEntries<VaporisationModel> hlv_entries(const SubstanceRecord& s, bool onlyV) {
+ModelEntries<VaporisationModel> hlv_entries(const SubstanceRecord& s, bool vapour_only) {
     using enum VaporisationModel;
-    const double product = static_cast<double>(s.WatsonH) * static_cast<double>(s.WatsonT);
-    const Offer<VaporisationModel> offers[] = {{databaseEquation, s.hLVTHi > kPresent},
+    const double product = static_cast<double>(s.watson_hLV) * static_cast<double>(s.watson_T);
+    const Offer<VaporisationModel> offers[] = {{databaseEquation, s.hLV_T_high > kPresent},
                                                {chen, true},
                                                {carruthKobayashi, true},
                                                {watson, product > kPresent},
-                                               {databaseDensity, s.rhoLTLo > kPresent},
+                                               {databaseDensity, s.rhoL_T_low > kPresent},
                                                {benson, true},
-                                               {cubicEos, !onlyV}};
+                                               {cubicEos, !vapour_only}};
     return offered(offers, hlv_name);
 }
 
 ModelEntries<CpForm> cp_entries(const SubstanceRecord& s) {
-    const Offer<CpForm> offers[] = {{CpForm::none, !s.hasCpPoly && !s.hasCpSinh},
-                                    {CpForm::polynomial, s.hasCpPoly},
-                                    {CpForm::sinhCosh, s.hasCpSinh}};
+    const Offer<CpForm> offers[] = {{CpForm::none, !s.has_cp_polynomial && !s.has_cp_sinh_cosh},
+                                    {CpForm::polynomial, s.has_cp_polynomial},
+                                    {CpForm::sinhCosh, s.has_cp_sinh_cosh}};
     return offered(offers, cp_name);
 }
 
@@ -109,16 +110,17 @@ Eos default_eos(const SubstanceRecord& substance) {
 }
 
 DensityNote liquid_density_note(const SubstanceRecord& s) {
-    if (s.rhoLTLo > kPresent)
+    if (s.rhoL_T_low > kPresent)
         return {"Parameters available from data base",
-                "Valid for T/K=" + std::to_string(s.rhoLTLo) + " ..." + std::to_string(s.rhoLTHi) +
-                    " K"};
+                "Valid for T/K=" + std::to_string(s.rhoL_T_low) + " ..." +
+                    std::to_string(s.rhoL_T_high) + " K"};
     return {"Parameters not available", ""};
 }
 
 void correlate_for(const ModelSelection& m, SubstanceRecord& s) {
-    if (follows_critical_data(m.EOSModel) || is_correlated(m.VPModel))
-        correlate_vapour_pressure(s, m.VPModel, s.Tcrit, s.pcrit, static_cast<double>(s.Tboil));
+    if (follows_critical_data(m.eos) || is_correlated(m.vapour_pressure))
+        correlate_vapour_pressure(s, m.vapour_pressure, s.Tcrit, s.pcrit,
+                                  static_cast<double>(s.Tboil));
 }
 
 ModelChoice::ModelChoice(const SubstanceRecord& substance, const ModelSelection& models)
@@ -129,65 +131,66 @@ ModelChoice::ModelChoice(const SubstanceRecord& substance, const ModelSelection&
 void ModelChoice::renew(const SubstanceRecord& substance) {
     substance_ = substance;
     vp_ = vp_entries(substance_);
-    choose_vp(index_of(vp_, models_.VPModel));
+    choose_vp(index_of(vp_, models_.vapour_pressure));
 
     eos_ = eos_entries(substance_);
-    if (eos_[eos_index()].model != models_.EOSModel) models_.EOSModel = default_eos(substance_);
-    models_.EOSOnlyV = is_v_only(models_.EOSModel);
-    if (models_.EOSOnlyV) models_.PriorityCEOS = false;
+    if (eos_[eos_index()].model != models_.eos) models_.eos = default_eos(substance_);
+    models_.vapour_only = is_v_only(models_.eos);
+    if (models_.vapour_only) models_.eos_has_priority = false;
 
-    hlv_ = hlv_entries(substance_, models_.EOSOnlyV);
-    choose_hlv(index_of(hlv_, models_.HLVModel));
+    hlv_ = hlv_entries(substance_, models_.vapour_only);
+    choose_hlv(index_of(hlv_, models_.vaporisation));
 
     watson_ = watson_entries(substance_);
-    if (models_.WatsonN < 1e-6F) set_watson(watson_.front());
+    if (models_.watson_n < 1e-6F) set_watson(watson_.front());
 
     cp_ = cp_entries(substance_);
-    choose_cp(index_of(cp_, models_.CpModel));
+    choose_cp(index_of(cp_, models_.cp_form));
 }
 
 std::string ModelChoice::watson_text() const {
-    return numbers::general_point(models_.WatsonN);
+    return numbers::general_point(models_.watson_n);
 }
 
 bool ModelChoice::choose_eos(std::size_t index) {
     if (index >= eos_.size()) return false;
-    const bool wasOnlyV = models_.EOSOnlyV;
-    models_.EOSModel = eos_[index].model;
-    models_.EOSOnlyV = is_v_only(models_.EOSModel);
-    if (models_.EOSOnlyV)
-        models_.PriorityCEOS = false;
-    else if (wasOnlyV)
-        models_.PriorityCEOS = true;
-    if (models_.EOSOnlyV != wasOnlyV) {
-        hlv_ = hlv_entries(substance_, models_.EOSOnlyV);
-        if (models_.EOSOnlyV && models_.HLVModel == VaporisationModel::cubicEos) choose_hlv(0);
+    const bool was_vapour_only = models_.vapour_only;
+    models_.eos = eos_[index].model;
+    models_.vapour_only = is_v_only(models_.eos);
+    if (models_.vapour_only)
+        models_.eos_has_priority = false;
+    else if (was_vapour_only)
+        models_.eos_has_priority = true;
+    if (models_.vapour_only != was_vapour_only) {
+        hlv_ = hlv_entries(substance_, models_.vapour_only);
+        if (models_.vapour_only && models_.vaporisation == VaporisationModel::cubicEos)
+            choose_hlv(0);
     }
-    return models_.EOSModel == Eos::manualVirial;
+    return models_.eos == Eos::manualVirial;
 }
 
 void ModelChoice::choose_vp(std::size_t index) {
-    if (index < vp_.size()) models_.VPModel = vp_[index].model;
+    if (index < vp_.size()) models_.vapour_pressure = vp_[index].model;
 }
 
 void ModelChoice::choose_hlv(std::size_t index) {
-    if (index < hlv_.size()) models_.HLVModel = hlv_[index].model;
+    if (index < hlv_.size()) models_.vaporisation = hlv_[index].model;
 }
 
 void ModelChoice::choose_cp(std::size_t index) {
-    if (index < cp_.size()) models_.CpModel = cp_[index].model;
+    if (index < cp_.size()) models_.cp_form = cp_[index].model;
 }
 
 void ModelChoice::set_watson(std::string_view typed) {
     const double n = numbers::val_input(typed);
     constexpr double kLargest = std::numeric_limits<float>::max();
-    models_.WatsonN = std::fabs(n) <= kLargest ? static_cast<float>(n) : 0.0F;
+    models_.watson_n = std::fabs(n) <= kLargest ? static_cast<float>(n) : 0.0F;
 }
 
 std::optional<std::string> ModelChoice::warning() const {
-    const bool needsOmega = models_.HLVModel == VaporisationModel::carruthKobayashi ||
-                            equation_of(models_.EOSModel).needsOmega;
-    if (substance_.omega != 0.0 || !needsOmega) return std::nullopt;
+    const bool needs_omega = models_.vaporisation == VaporisationModel::carruthKobayashi ||
+                             equation_of(models_.eos).needs_omega;
+    if (substance_.omega != 0.0 || !needs_omega) return std::nullopt;
     return "No acentric factor available.\nCalculated by using omega = 0\n(Input => data editor)";
 }
 

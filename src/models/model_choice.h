@@ -27,8 +27,8 @@ using ModelEntries = std::vector<ModelEntry<Model>>;
 ModelEntries<Eos> eos_entries(const SubstanceRecord& substance);
 /// Vapour pressure equations; "none" stands last when the substance has no measured set.
 ModelEntries<VapourPressureEquation> vp_entries(const SubstanceRecord& substance);
-/// Methods of the enthalpy of vaporisation; `onlyV` leaves out the one by the cubic EOS.
-ModelEntries<VaporisationModel> hlv_entries(const SubstanceRecord& substance, bool onlyV);
+/// Methods of the enthalpy of vaporisation; `vapour_only` leaves out the one by the cubic EOS.
+ModelEntries<VaporisationModel> hlv_entries(const SubstanceRecord& substance, bool vapour_only);
 /// Ideal-gas cp forms; never empty.
 ModelEntries<CpForm> cp_entries(const SubstanceRecord& substance);
 /// Watson exponents proposed, as texts with a point; never empty.
@@ -75,17 +75,17 @@ class ModelChoice {
     const std::vector<std::string>& watson() const { return watson_; }
 
     /// Positions of the selected entries.
-    std::size_t eos_index() const { return index_of(eos_, models_.EOSModel); }
-    std::size_t vp_index() const { return index_of(vp_, models_.VPModel); }
-    std::size_t hlv_index() const { return index_of(hlv_, models_.HLVModel); }
-    std::size_t cp_index() const { return index_of(cp_, models_.CpModel); }
+    std::size_t eos_index() const { return index_of(eos_, models_.eos); }
+    std::size_t vp_index() const { return index_of(vp_, models_.vapour_pressure); }
+    std::size_t hlv_index() const { return index_of(hlv_, models_.vaporisation); }
+    std::size_t cp_index() const { return index_of(cp_, models_.cp_form); }
     /// Watson exponent as text.
     std::string watson_text() const;
 
     /// True when the Watson exponent is asked for.
-    bool watson_visible() const { return models_.HLVModel == VaporisationModel::watson; }
+    bool watson_visible() const { return models_.vaporisation == VaporisationModel::watson; }
     /// True when p(LV) may come from the EOS, so that the user chooses the priority.
-    bool priority_enabled() const { return !models_.EOSOnlyV; }
+    bool priority_enabled() const { return !models_.vapour_only; }
 
     /// Selects an equation of state. True when the manual virial coefficients must be asked for.
     bool choose_eos(std::size_t index);
@@ -94,9 +94,9 @@ class ModelChoice {
     void choose_cp(std::size_t index);
     /// The exponent as typed; a text without a number is 0.
     void set_watson(std::string_view text);
-    void set_priority_ceos(bool ceos) { models_.PriorityCEOS = ceos; }
+    void set_priority_ceos(bool ceos) { models_.eos_has_priority = ceos; }
     void set_manual_virial(const ManualVirial& coefficients) {
-        models_.manualVirial = coefficients;
+        models_.manual_virial = coefficients;
     }
 
     /// What the user should know of the choice; nothing when there is nothing to say.

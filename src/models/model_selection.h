@@ -63,15 +63,15 @@ struct ManualVirial {
 /// Which model is active for each of the five property families, with the parameters of those
 /// models that no database holds.
 struct ModelSelection {
-    Eos EOSModel = Eos::none;
-    bool EOSOnlyV = false;  ///< the equation of state describes only the V phase
-    VapourPressureEquation VPModel = VapourPressureEquation::none;
-    VaporisationModel HLVModel = VaporisationModel::none;
-    float WatsonN = 0;  ///< Watson exponent
-    CpForm CpModel = CpForm::none;
-    bool PriorityCEOS = true;  ///< p(LV), T(LV) come from the cubic EOS
-    ManualVirial manualVirial{};
-    JiTorvikParameters jiTorvik{};  ///< fitted to the substance; their computed part is not used
+    Eos eos = Eos::none;
+    bool vapour_only = false;  ///< the equation of state describes only the V phase
+    VapourPressureEquation vapour_pressure = VapourPressureEquation::none;
+    VaporisationModel vaporisation = VaporisationModel::none;
+    float watson_n = 0;  ///< Watson exponent
+    CpForm cp_form = CpForm::none;
+    bool eos_has_priority = true;  ///< p(LV), T(LV) come from the cubic EOS
+    ManualVirial manual_virial{};
+    JiTorvikParameters ji_torvik{};  ///< fitted to the substance; their computed part is not used
 
     bool operator==(const ModelSelection&) const = default;
 };

@@ -6,19 +6,19 @@ namespace quor::models {
 
 namespace {
 
-struct VPRow {
+struct VapourPressureRow {
     std::string_view code, name;
 };
 
-constexpr std::array<VPRow, 9> kVP = {{{"000", "none"},
-                                       {"ALP", "Antoine (T < norm. boil. pt.)"},
-                                       {"AHP", "Antoine (T > norm. boil. pt.)"},
-                                       {"FRO", "            FROST/KALKWARF"},
-                                       {"WAG", "                    Wagner"},
-                                       {"AUG", "         AUGUST (correlated)"},
-                                       {"KFW", "Fro/Kalk (v.d.Waals correlated)"},
-                                       {"KFR", "Fro/Kalk (Redl./Kwong correlated)"},
-                                       {"THO", "Antoine  (Thompson correlated)"}}};
+constexpr std::array<VapourPressureRow, 9> kVP = {{{"000", "none"},
+                                                   {"ALP", "Antoine (T < norm. boil. pt.)"},
+                                                   {"AHP", "Antoine (T > norm. boil. pt.)"},
+                                                   {"FRO", "            FROST/KALKWARF"},
+                                                   {"WAG", "                    Wagner"},
+                                                   {"AUG", "         AUGUST (correlated)"},
+                                                   {"KFW", "Fro/Kalk (v.d.Waals correlated)"},
+                                                   {"KFR", "Fro/Kalk (Redl./Kwong correlated)"},
+                                                   {"THO", "Antoine  (Thompson correlated)"}}};
 
 constexpr std::array<std::string_view, 8> kHLVNames = {
     "",
@@ -86,7 +86,7 @@ std::string_view hlv_name(VaporisationModel method) {
 std::string_view cp_name(CpForm form) {
     return at(kCpNames, static_cast<int>(form));
 }
-std::string_view FunctionLabel(int index) {
+std::string_view function_label(int index) {
     return at(kFunctionLabels, index);
 }
 

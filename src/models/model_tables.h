@@ -8,7 +8,7 @@
 namespace quor::models {
 
 /// Name of an equation of state; empty before a choice.
-inline std::string_view EOSName(Eos eos) {
+inline std::string_view eos_name(Eos eos) {
     return equation_of(eos).name;
 }
 
@@ -25,6 +25,6 @@ std::string_view hlv_name(VaporisationModel method);
 std::string_view cp_name(CpForm form);
 
 /// Label of a row of the extended result pages, 0 to 23, 14 characters.
-std::string_view FunctionLabel(int index);
+std::string_view function_label(int index);
 
 }  // namespace quor::models

@@ -49,45 +49,45 @@ EquationClass equation_class(VapourPressureEquation code) {
 /// Ten parameters of the active vapour pressure equation in record order and its two bounds.
 std::vector<double> equation_values(const SubstanceRecord& substance, VapourPressureEquation code) {
     std::vector<double> v;
-    double TLo = 0, THi = 0;
-    const auto antoine = [&](const VPSetAntoine& s) {
+    double T_low = 0, T_high = 0;
+    const auto antoine = [&](const AntoineSet& s) {
         for (const float x : {s.A, s.B, s.C}) v.push_back(static_cast<double>(x));
-        TLo = s.TLo;
-        THi = s.THi;
+        T_low = s.T_low;
+        T_high = s.T_high;
     };
     const auto list = [&](const auto& s) {
         for (const float x : s.a) v.push_back(static_cast<double>(x));
-        TLo = s.TLo;
-        THi = s.THi;
+        T_low = s.T_low;
+        T_high = s.T_high;
     };
-    if (code == VapourPressureEquation::antoineLow) antoine(substance.ALP);
-    if (code == VapourPressureEquation::antoineHigh) antoine(substance.AHP);
-    if (code == VapourPressureEquation::thompson) antoine(substance.THO);
-    if (code == VapourPressureEquation::frostKalkwarf) list(substance.FRO);
-    if (code == VapourPressureEquation::frostVanDerWaals) list(substance.KFW);
-    if (code == VapourPressureEquation::frostRedlichKwong) list(substance.KFR);
-    if (code == VapourPressureEquation::wagner) list(substance.WAG);
+    if (code == VapourPressureEquation::antoineLow) antoine(substance.antoine_low);
+    if (code == VapourPressureEquation::antoineHigh) antoine(substance.antoine_high);
+    if (code == VapourPressureEquation::thompson) antoine(substance.thompson);
+    if (code == VapourPressureEquation::frostKalkwarf) list(substance.frost);
+    if (code == VapourPressureEquation::frostVanDerWaals) list(substance.frost_van_der_waals);
+    if (code == VapourPressureEquation::frostRedlichKwong) list(substance.frost_redlich_kwong);
+    if (code == VapourPressureEquation::wagner) list(substance.wagner);
     if (code == VapourPressureEquation::august)
-        for (const float x : {substance.AUG.A, substance.AUG.B})
+        for (const float x : {substance.august.A, substance.august.B})
             v.push_back(static_cast<double>(x));
     v.resize(10, 0.0);
-    v.push_back(TLo);
-    v.push_back(THi);
+    v.push_back(T_low);
+    v.push_back(T_high);
     return v;
 }
 
 std::string exchange_text(const SubstanceRecord& substance, VapourPressureEquation vp, Eos form) {
     const EquationClass kind = equation_class(vp);
     std::vector<double> density;
-    for (const float x : substance.rhoLPar) density.push_back(static_cast<double>(x));
-    density.push_back(substance.rhoLTLo);
-    density.push_back(substance.rhoLTHi);
+    for (const float x : substance.rhoL_coefficients) density.push_back(static_cast<double>(x));
+    density.push_back(substance.rhoL_T_low);
+    density.push_back(substance.rhoL_T_high);
 
     std::ostringstream out;
     out << (form == Eos::jiTorvik1 ? 10 : 11) << "\r\n"
-        << text::trim_right(substance.CASRN) << "\r\n"
+        << text::trim_right(substance.casrn) << "\r\n"
         << kind.kind << ", 1, " << kind.flag << "\r\n"
-        << joined({static_cast<double>(substance.M), static_cast<double>(substance.rhoLTc),
+        << joined({static_cast<double>(substance.M), static_cast<double>(substance.rhoL_Tc),
                    substance.Tcrit, substance.pcrit, substance.rhocrit, substance.omega})
         << "\r\n"
         << joined(density) << "\r\n"
@@ -127,12 +127,12 @@ std::optional<JiTorvikParameters> read_parameters(const std::string& s, Eos form
     for (std::size_t i = 1; i < needed; ++i)
         if (!is_number(items[i])) return std::nullopt;
     JiTorvikParameters jt;
-    jt.jtM = numbers::val(items[2]);
-    jt.jtP = numbers::val(items[3]);
-    jt.jtQ = numbers::val(items[4]);
-    jt.jtZc = numbers::val(items[5]);
-    if (form == Eos::jiTorvik2) jt.jtK = numbers::val(items[6]);
-    if (!(jt.jtZc > 0.0) || !(jt.jtZc < 1.0)) return std::nullopt;
+    jt.m = numbers::val(items[2]);
+    jt.p = numbers::val(items[3]);
+    jt.q = numbers::val(items[4]);
+    jt.zc = numbers::val(items[5]);
+    if (form == Eos::jiTorvik2) jt.k = numbers::val(items[6]);
+    if (!(jt.zc > 0.0) || !(jt.zc < 1.0)) return std::nullopt;
     return jt;
 }
 

@@ -13,28 +13,28 @@ namespace {
 
 /// D.-Y. Peng, D. B. Robinson, Ind. Eng. Chem. Fundam. 15 (1976) 59.
 EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models) {
-    EosConstants k{.power = {}, .jiTorvik = models.jiTorvik};
+    EosConstants k{.power = {}, .ji_torvik = models.ji_torvik};
     const double X = std::cbrt(std::pow(2.0, 4.5) + 13);
-    const double OB = -1.0 / 32.0 - 21.0 / (32.0 * X) + 3.0 * X / 32.0;
-    const double OA = 10.0 / 3.0 * OB * OB + 4.0 / 3.0 * OB + 1.0 / 3.0;
-    k.power.eosA0 = faults::divide(OA * R * R * s.Tcrit * s.Tcrit, s.pcrit);
-    k.power.eosB0 = OB * R * s.Tcrit / s.pcrit;
-    k.power.eosC0 = (1 - std::sqrt(2.0)) * k.power.eosB0;
-    k.power.eosD0 = (1 + std::sqrt(2.0)) * k.power.eosB0;
-    k.power.eosAlphaForm = 2;
-    k.power.eosNA = 0.37464 + 1.54226 * s.omega - 0.26992 * s.omega * s.omega;
+    const double omega_b = -1.0 / 32.0 - 21.0 / (32.0 * X) + 3.0 * X / 32.0;
+    const double omega_a = 10.0 / 3.0 * omega_b * omega_b + 4.0 / 3.0 * omega_b + 1.0 / 3.0;
+    k.power.a0 = faults::divide(omega_a * R * R * s.Tcrit * s.Tcrit, s.pcrit);
+    k.power.b0 = omega_b * R * s.Tcrit / s.pcrit;
+    k.power.c0 = (1 - std::sqrt(2.0)) * k.power.b0;
+    k.power.d0 = (1 + std::sqrt(2.0)) * k.power.b0;
+    k.power.alpha_form = 2;
+    k.power.na = 0.37464 + 1.54226 * s.omega - 0.26992 * s.omega * s.omega;
     return k;
 }
 
 constexpr EquationOfState row{.eos = Eos::pengRobinson,
                               .name = "CEOS Peng / Robinson               ",
                               .family = EosFamily::cubic,
-                              .needsOmega = true,
+                              .needs_omega = true,
                               .zcrit = 0.3074,
                               .constants = constants_of,
                               .at = power_at,
                               .slopes = power_slopes_of,
-                              .secondVirial = no_virial,
+                              .second_virial = no_virial,
                               .virial = power_virial};
 
 }  // namespace

@@ -12,7 +12,7 @@ using constants::R;
 namespace {
 
 EosConstants constants_of(const SubstanceRecord&, const ModelSelection& models) {
-    return {.power = {}, .jiTorvik = models.jiTorvik};
+    return {.power = {}, .ji_torvik = models.ji_torvik};
 }
 
 /// K. S. Pitzer, R. F. Curl, J. Am. Chem. Soc. 79 (1957) 2369.
@@ -23,7 +23,7 @@ double pitzer_curl(const SubstanceRecord& s, double T) {
     return (f0 + s.omega * f1) * R * s.Tcrit / s.pcrit;
 }
 
-double second_virial_of(const Fluid& f, double T, EOSState& state) {
+double second_virial_of(const Fluid& f, double T, EosState& state) {
     no_virial(f, T, state);
     return pitzer_curl(f.substance(), T);
 }
@@ -48,12 +48,12 @@ Virial virial_of_T(const Fluid& f, double T) {
 const EquationOfState kPitzerCurl{.eos = Eos::pitzerCurl,
                                   .name = "VIRIAL Equ. Pitzer / Curl          ",
                                   .family = EosFamily::virial,
-                                  .needsOmega = true,
+                                  .needs_omega = true,
                                   .zcrit = 0,
                                   .constants = constants_of,
                                   .at = power_at,
                                   .slopes = power_slopes_of,
-                                  .secondVirial = second_virial_of,
+                                  .second_virial = second_virial_of,
                                   .virial = virial_of_T};
 
 }  // namespace quor::models

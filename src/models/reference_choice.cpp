@@ -34,9 +34,9 @@ std::int16_t reference_mode_of(ReferenceOption option) {
     return kModes[static_cast<std::size_t>(option)];
 }
 
-ReferenceOption reference_option_of(std::int16_t RefMode) {
-    if (RefMode == 10) return ReferenceOption::Formation;
-    if (RefMode == 2) return ReferenceOption::Conventional;
+ReferenceOption reference_option_of(std::int16_t mode) {
+    if (mode == 10) return ReferenceOption::Formation;
+    if (mode == 2) return ReferenceOption::Conventional;
     return ReferenceOption::Values;
 }
 
@@ -44,9 +44,10 @@ ReferenceCaptions captions_of(CaloricUnit unit) {
     return kCaptions[static_cast<std::size_t>(unit)];
 }
 
-ReferenceFields fields_of(const ReferenceState& r, double CaloricFactor) {
+ReferenceFields fields_of(const ReferenceState& r, double caloric_factor) {
     const float p0 = r.p0 == 0.0F ? kStandardPressure : r.p0;
-    return {r.href * CaloricFactor, r.sref * CaloricFactor, shown(r.T0), shown(p0), r.Tenv, r.penv};
+    return {
+        r.href * caloric_factor, r.sref * caloric_factor, shown(r.T0), shown(p0), r.Tenv, r.penv};
 }
 
 ReferenceFields after_choice(ReferenceOption option, ReferenceFields fields) {
@@ -61,13 +62,13 @@ bool is_editable(ReferenceOption option, ReferenceField field) {
     return option == ReferenceOption::Values || field == FieldTenv || field == FieldPenv;
 }
 
-bool StoreReference(ReferenceOption option, const ReferenceFields& fields, double CaloricFactor,
-                    ReferenceState& reference) {
+bool store_reference(ReferenceOption option, const ReferenceFields& fields, double caloric_factor,
+                     ReferenceState& reference) {
     try {
         ReferenceState r;
-        r.RefMode = reference_mode_of(option);
-        r.href = faults::divide(fields[FieldH], CaloricFactor);
-        r.sref = faults::divide(fields[FieldS], CaloricFactor);
+        r.mode = reference_mode_of(option);
+        r.href = faults::divide(fields[FieldH], caloric_factor);
+        r.sref = faults::divide(fields[FieldS], caloric_factor);
         r.T0 = numbers::to_single(fields[FieldT0]);
         r.p0 = numbers::to_single(fields[FieldP0]);
         r.Tenv = fields[FieldTenv] == 0.0 ? kLowestTenv : faults::finite(fields[FieldTenv]);

@@ -13,9 +13,9 @@ namespace quor::models {
 /// Its three options, by their index.
 enum class ReferenceOption { Values, Formation, Conventional };
 
-/// `RefMode` of an option (1, 10, 2), and the option of a mode; other modes are values of the view.
+/// `mode` of an option (1, 10, 2), and the option of a mode; other modes are values of the view.
 std::int16_t reference_mode_of(ReferenceOption option);
-ReferenceOption reference_option_of(std::int16_t RefMode);
+ReferenceOption reference_option_of(std::int16_t mode);
 
 struct ReferenceCaptions {
     std::string_view h, s;
@@ -29,7 +29,7 @@ enum ReferenceField { FieldH, FieldS, FieldT0, FieldP0, FieldTenv, FieldPenv, kR
 using ReferenceFields = std::array<double, kReferenceFields>;
 
 /// The fields as they stand in a record; h and s times the caloric factor, a p0 of 0 as 101.325.
-ReferenceFields fields_of(const ReferenceState& reference, double CaloricFactor);
+ReferenceFields fields_of(const ReferenceState& reference, double caloric_factor);
 
 /// The fields after an option was chosen: that of the quantities of formation sets h(ref) and
 /// s(ref) to 0, T0 to 298.15 and p0 to 101.325.
@@ -41,7 +41,7 @@ bool is_editable(ReferenceOption option, ReferenceField field);
 /// What OK stores: the fields, h and s divided by the caloric factor, a Tenv of 0 as 1E-6, and the
 /// mode of the option. False, and nothing stored, when that is not a number: a caloric factor of 0,
 /// or a T0 or p0 beyond 32 bits.
-bool StoreReference(ReferenceOption option, const ReferenceFields& fields, double CaloricFactor,
-                    ReferenceState& reference);
+bool store_reference(ReferenceOption option, const ReferenceFields& fields, double caloric_factor,
+                     ReferenceState& reference);
 
 }  // namespace quor::models

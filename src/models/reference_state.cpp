@@ -27,7 +27,7 @@ constexpr float kStandardPressure = 101.325F;
 }  // namespace
 
 void settle_reference(ReferenceState& reference) {
-    if (reference.RefMode == kConventional || reference.RefMode == kFormation) {
+    if (reference.mode == kConventional || reference.mode == kFormation) {
         reference.T0 = kStandardTemperature;
         reference.p0 = kStandardPressure;
     }
@@ -37,8 +37,8 @@ void settle_reference(ReferenceState& reference) {
 ReferenceBase reference_base(const SubstanceRecord& s, const ReferenceState& reference, double p) {
     ReferenceBase base;
     const auto h = static_cast<double>(s.dfh);
-    if (reference.RefMode == kConventional) base = {h, static_cast<double>(s.sconv)};
-    if (reference.RefMode == kFormation) base = {h, (h - static_cast<double>(s.dfg)) / 298.15};
+    if (reference.mode == kConventional) base = {h, static_cast<double>(s.sconv)};
+    if (reference.mode == kFormation) base = {h, (h - static_cast<double>(s.dfg)) / 298.15};
     if (p > 0.0) base.s -= R * std::log(p / static_cast<double>(reference.p0));
     return base;
 }
@@ -63,12 +63,12 @@ struct DensitySource {
 
 /// L density at the normal boiling point by the first source that has it.
 DensitySource density_at_boiling_point(const SubstanceRecord& s, double T) {
-    if (s.rhoLboil > kPresent) return {static_cast<double>(s.rhoLboil), " (from database)"};
-    if (s.rhoLTLo > 0) {
+    if (s.rhoL_boil > kPresent) return {static_cast<double>(s.rhoL_boil), " (from database)"};
+    if (s.rhoL_T_low > 0) {
         const DensityResult r = density_liquid(s, s.Tboil);
         if (r.status == kSuccess) return {r.rho, " (from database-equ. rho(T))"};
     }
-    const auto a = [&](std::size_t i) { return static_cast<double>(s.rhoLPar[i]); };
+    const auto a = [&](std::size_t i) { return static_cast<double>(s.rhoL_coefficients[i]); };
     if (a(0) > kPresent && std::fabs(a(1)) > kPresent && a(2) > kPresent)
         return {a(0) + a(1) * T - a(2) * a(1), " (calculated from drho/dT)"};
     return {};
@@ -89,18 +89,18 @@ bool from_boiling_point(const SubstanceRecord& s, BensonProposal& r) {
 }
 
 /// The single measured density at its own temperature.
-bool from_single_density(const SubstanceRecord& s, VapourPressureEquation vpCode,
+bool from_single_density(const SubstanceRecord& s, VapourPressureEquation equation,
                          BensonProposal& r) {
-    if (!(s.rhoLPar[0] > kPresent) || !(s.rhoLPar[2] > kPresent)) return false;
-    const auto T = static_cast<double>(s.rhoLPar[2]);
-    const VapourPressureResult vp = vapour_pressure(s, T, vpCode);
+    if (!(s.rhoL_coefficients[0] > kPresent) || !(s.rhoL_coefficients[2] > kPresent)) return false;
+    const auto T = static_cast<double>(s.rhoL_coefficients[2]);
+    const VapourPressureResult vp = vapour_pressure(s, T, equation);
     if (vp.status != kSuccess) return false;
-    r.point = {s.rhoLPar[2], static_cast<float>(vp.p), s.rhoLPar[0], 0.0F};
-    r.text =
-        "T(ref)/K         =" + tenths(T) + " (data base: single point for density)\n" +
-        rho_liquid_line(static_cast<double>(s.rhoLPar[0]), " (data base: single point at T(ref))") +
-        "\n pLV(ref)/kPa     =" + thousandths(vp.p) + "  (at T(ref) with  " +
-        std::string(vp_code(vpCode)) + "-equation)";
+    r.point = {s.rhoL_coefficients[2], static_cast<float>(vp.p), s.rhoL_coefficients[0], 0.0F};
+    r.text = "T(ref)/K         =" + tenths(T) + " (data base: single point for density)\n" +
+             rho_liquid_line(static_cast<double>(s.rhoL_coefficients[0]),
+                             " (data base: single point at T(ref))") +
+             "\n pLV(ref)/kPa     =" + thousandths(vp.p) + "  (at T(ref) with  " +
+             std::string(vp_code(equation)) + "-equation)";
     return true;
 }
 
@@ -115,8 +115,8 @@ std::string add_vapour_density(const Fluid& fluid, BensonPoint& point) {
     std::string source = "  (from  " + text::trim(fluid.equation().name) + ")";
     if (state.status != kSuccess || rho < kPresent) {
         if (fluid.substance().omega != 0.0) {
-            EOSState eos;
-            rho = M / (R * T / p + kPitzerCurl.secondVirial(fluid, T, eos));
+            EosState eos;
+            rho = M / (R * T / p + kPitzerCurl.second_virial(fluid, T, eos));
             source = " (using Virial-EOS, PITZER/CURL)";
         }
         if (!(rho >= kPresent) || !std::isfinite(rho)) {
@@ -133,7 +133,7 @@ std::string add_vapour_density(const Fluid& fluid, BensonPoint& point) {
 BensonProposal propose_benson_reference(const Fluid& fluid) {
     BensonProposal r;
     if (!from_boiling_point(fluid.substance(), r) &&
-        !from_single_density(fluid.substance(), fluid.models().VPModel, r))
+        !from_single_density(fluid.substance(), fluid.models().vapour_pressure, r))
         return {};
     r.text += add_vapour_density(fluid, r.point);
     return r;

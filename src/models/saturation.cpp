@@ -22,15 +22,16 @@ Saturation critical_state(const Fluid& f) {
     Saturation r;
     r.T = f.substance().Tcrit;
     r.p = f.substance().pcrit;
-    r.nRoots = 3;
-    if (f.eos().rhocritCalc > 0) r.v = {1 / f.eos().rhocritCalc, 0, 1 / f.eos().rhocritCalc};
+    r.root_count = 3;
+    if (f.eos().rhocrit_calculated > 0)
+        r.v = {1 / f.eos().rhocrit_calculated, 0, 1 / f.eos().rhocrit_calculated};
     r.state = eos_at(f, r.T);
     r.status = kSuccess;
     return r;
 }
 
 bool has_no_equilibrium(const Fluid& f) {
-    return f.equation().eos == Eos::none || f.models().EOSOnlyV;
+    return f.equation().eos == Eos::none || f.models().vapour_only;
 }
 
 /// One trial of a search: the roots and, with three of them, the areas.
@@ -40,10 +41,10 @@ struct Trial {
     bool usable = false;
 };
 
-Trial try_state(const EOSState& s, double T, double p) {
+Trial try_state(const EosState& s, double T, double p) {
     Trial t;
     t.roots = solve_cubic(s, T, p);
-    t.usable = t.roots.status == kSuccess && t.roots.v[0] > s.eosB;
+    t.usable = t.roots.status == kSuccess && t.roots.v[0] > s.b;
     if (t.usable && t.roots.count == 3) {
         t.areas = area_ratio(s, t.roots.v, T, p);
         t.usable = t.areas.status == kSuccess;
@@ -53,50 +54,50 @@ Trial try_state(const EOSState& s, double T, double p) {
 
 void take(Saturation& r, const Trial& t) {
     r.v = t.roots.v;
-    r.nRoots = t.roots.count;
-    r.areaRatio = t.areas.ratio;
-    r.areaV = t.areas.V;
-    r.areaL = t.areas.L;
+    r.root_count = t.roots.count;
+    r.area_ratio = t.areas.ratio;
+    r.area_V = t.areas.V;
+    r.area_L = t.areas.L;
 }
 
 double start_pressure(const Fluid& f, double T) {
     double p = 0;
-    if (f.models().VPModel != VapourPressureEquation::none)
-        p = vapour_pressure(f.substance(), T, f.models().VPModel).p;
+    if (f.models().vapour_pressure != VapourPressureEquation::none)
+        p = vapour_pressure(f.substance(), T, f.models().vapour_pressure).p;
     if (p < 1e-6) p = std::exp(T * std::log(f.substance().pcrit) / f.substance().Tcrit);
     return p;
 }
 
 /// What differs between the searches for p at T and for T at p.
 struct SecantConstants {
-    int cap;                      ///< of the rounds
-    double areaTolerance;         ///< of the area ratio
-    double smallestRelativeStep;  ///< below it the search stands still
-    double smallestStep;          ///< a first step below it becomes `kFirstStep` of the unknown
-    double slopeGuard;            ///< area ratios that differ by less give no secant
-    double passed;                ///< a product of two sides below it: the loop was passed
-    double longestStep;           ///< of a secant, of the unknown
-    double towards;               ///< sign of the step that a positive area ratio asks for
-    bool forgetsSingleRoots;      ///< three roots end a run of single ones
+    int cap;                        ///< of the rounds
+    double area_tolerance;          ///< of the area ratio
+    double smallest_relative_step;  ///< below it the search stands still
+    double smallest_step;           ///< a first step below it becomes `kFirstStep` of the unknown
+    double slope_guard;             ///< area ratios that differ by less give no secant
+    double passed;                  ///< a product of two sides below it: the loop was passed
+    double longest_step;            ///< of a secant, of the unknown
+    double towards;                 ///< sign of the step that a positive area ratio asks for
+    bool forgets_single_roots;      ///< three roots end a run of single ones
 };
 constexpr SecantConstants kForPressure{.cap = 300,
-                                       .areaTolerance = 1e-5,
-                                       .smallestRelativeStep = 1e-10,
-                                       .smallestStep = 1e-5,
-                                       .slopeGuard = 1e-11,
+                                       .area_tolerance = 1e-5,
+                                       .smallest_relative_step = 1e-10,
+                                       .smallest_step = 1e-5,
+                                       .slope_guard = 1e-11,
                                        .passed = 1e-6,
-                                       .longestStep = std::numeric_limits<double>::infinity(),
+                                       .longest_step = std::numeric_limits<double>::infinity(),
                                        .towards = 1,
-                                       .forgetsSingleRoots = false};
+                                       .forgets_single_roots = false};
 constexpr SecantConstants kForTemperature{.cap = 200,
-                                          .areaTolerance = 5e-5,
-                                          .smallestRelativeStep = 1e-12,
-                                          .smallestStep = 1e-9,
-                                          .slopeGuard = 1e-7,
+                                          .area_tolerance = 5e-5,
+                                          .smallest_relative_step = 1e-12,
+                                          .smallest_step = 1e-9,
+                                          .slope_guard = 1e-7,
                                           .passed = 0,
-                                          .longestStep = 0.01,
+                                          .longest_step = 0.01,
                                           .towards = -1,
-                                          .forgetsSingleRoots = true};
+                                          .forgets_single_roots = true};
 constexpr double kRestart = 0.01;
 constexpr double kFirstStep = 0.01;  // of the unknown
 constexpr double kDamping = 0.1;
@@ -109,34 +110,34 @@ class Secant {
 
     double x() const { return x_; }
     bool is_at(double ratio) const {
-        return threeRoots_ > 0 && std::fabs(ratio) < k_.areaTolerance;
+        return three_roots_ > 0 && std::fabs(ratio) < k_.area_tolerance;
     }
 
     /// A trial with the single root v lies outside the loop of the isotherm: towards it.
     void aim_at_loop(double v, double vcrit) {
-        const bool liquidLike = v < vcrit;
-        const double side = liquidLike ? -1 : v;
-        if (++oneRoot_ == 1) {
+        const bool liquid_like = v < vcrit;
+        const double side = liquid_like ? -1 : v;
+        if (++one_root_ == 1) {
             step_ *= kDamping;
-            if (std::fabs(step_) < k_.smallestStep) step_ = kFirstStep * x_;
-        } else if (side * previousSide_ < k_.passed) {
+            if (std::fabs(step_) < k_.smallest_step) step_ = kFirstStep * x_;
+        } else if (side * previous_side_ < k_.passed) {
             step_ *= kDamping;
         }
-        step_ = (liquidLike ? -k_.towards : k_.towards) * std::fabs(step_);
-        previousSide_ = side;
+        step_ = (liquid_like ? -k_.towards : k_.towards) * std::fabs(step_);
+        previous_side_ = side;
     }
 
     /// By the areas between three roots. False when the search stands still.
     bool aim_at_equal_areas(double ratio) {
-        if (k_.forgetsSingleRoots) oneRoot_ = 0;
-        if (++threeRoots_ == 1) {
+        if (k_.forgets_single_roots) one_root_ = 0;
+        if (++three_roots_ == 1) {
             set_first_step(ratio);
         } else {
             set_secant_step(ratio);
-            if (std::fabs(step_ / x_) < k_.smallestRelativeStep) return false;
+            if (std::fabs(step_ / x_) < k_.smallest_relative_step) return false;
         }
-        previousX_ = x_;
-        previousRatio_ = ratio;
+        previous_x_ = x_;
+        previous_ratio_ = ratio;
         return true;
     }
 
@@ -150,20 +151,20 @@ class Secant {
     void restart_if_lost() {
         if (x_ >= kLost) return;
         x_ = kRestart / ++restarts_;
-        step_ = kDamping * (previousX_ - x_);
+        step_ = kDamping * (previous_x_ - x_);
     }
 
   private:
     void set_first_step(double ratio) {
-        if (std::fabs(step_) < k_.smallestStep) step_ = kFirstStep * x_;
+        if (std::fabs(step_) < k_.smallest_step) step_ = kFirstStep * x_;
         if (ratio < 0) step_ = -k_.towards * std::fabs(step_);
         if (ratio > 0) step_ = k_.towards * std::fabs(step_);
     }
     void set_secant_step(double ratio) {
-        const double change = ratio - previousRatio_;
-        if (std::fabs(change) > k_.slopeGuard) {
-            step_ = -(x_ - previousX_) * ratio / change;
-            const double limit = k_.longestStep * x_;
+        const double change = ratio - previous_ratio_;
+        if (std::fabs(change) > k_.slope_guard) {
+            step_ = -(x_ - previous_x_) * ratio / change;
+            const double limit = k_.longest_step * x_;
             if (std::fabs(step_) > limit) step_ = std::copysign(limit, step_);
         } else {
             step_ = change * k_.towards < 0 ? -kFirstStep * x_ : kFirstStep * x_;
@@ -172,8 +173,8 @@ class Secant {
 
     const SecantConstants& k_;
     double x_, step_ = 0;
-    double previousX_ = 0, previousRatio_ = 0, previousSide_ = 0;
-    int oneRoot_ = 0, threeRoots_ = 0, restarts_ = 0;
+    double previous_x_ = 0, previous_ratio_ = 0, previous_side_ = 0;
+    int one_root_ = 0, three_roots_ = 0, restarts_ = 0;
 };
 
 Saturation found_at(Saturation r, double Saturation::*unknown, double x) {
@@ -186,16 +187,16 @@ Saturation found_at(Saturation r, double Saturation::*unknown, double x) {
 /// where T is given. `critical` is the critical value of the unknown.
 Saturation search_by_secant(const Fluid& f, const SecantConstants& k, Saturation r,
                             double Saturation::*unknown, double start, double critical) {
-    const bool seeksT = unknown == &Saturation::T;
+    const bool seeks_T = unknown == &Saturation::T;
     Secant secant(k, start);
     while (++r.rounds <= k.cap) {
         const double x = secant.x();
-        if (seeksT) r.state = eos_at(f, x, r.state);
-        const Trial t = seeksT ? try_state(r.state, x, r.p) : try_state(r.state, r.T, x);
+        if (seeks_T) r.state = eos_at(f, x, r.state);
+        const Trial t = seeks_T ? try_state(r.state, x, r.p) : try_state(r.state, r.T, x);
         if (!t.usable) return r;
         take(r, t);
         if (t.roots.count == 1) {
-            secant.aim_at_loop(t.roots.v[0], f.eos().vcritCalc);
+            secant.aim_at_loop(t.roots.v[0], f.eos().vcrit_calculated);
         } else {
             if (secant.is_at(t.areas.ratio)) return found_at(r, unknown, x);
             if (!secant.aim_at_equal_areas(t.areas.ratio)) return r;
@@ -236,7 +237,7 @@ Saturation search_temperature_by_marching(const Fluid& f, double p) {
     r.p = p;
     double step = (f.substance().pcrit - p) / 100;
     double T = f.substance().Tcrit + step;
-    double previousRatio = p;
+    double previous_ratio = p;
     while (++r.rounds <= kCap) {
         T -= step;
         if (T <= 0) {
@@ -250,9 +251,9 @@ Saturation search_temperature_by_marching(const Fluid& f, double p) {
         take(r, t);
         if (t.roots.count == 1) continue;
         const double ratio = t.areas.ratio;
-        const bool sameSign = (ratio < 0) == (previousRatio < 0);
-        previousRatio = ratio;
-        if (sameSign) continue;
+        const bool same_sign = (ratio < 0) == (previous_ratio < 0);
+        previous_ratio = ratio;
+        if (same_sign) continue;
         step *= -0.1;
         if (std::fabs(ratio) < kAreaTolerance || std::fabs(step) < kSmallestStep) {
             if (T < constants::kPresent) return r;

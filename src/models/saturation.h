@@ -8,10 +8,10 @@ namespace quor::models {
 struct Saturation {
     double T = 0;  ///< K, 0 on failure of a search for T
     double p = 0;  ///< kPa, 0 on failure of a search for p
-    double areaRatio = 0, areaV = 0, areaL = 0;
-    std::int16_t nRoots = 0;
+    double area_ratio = 0, area_V = 0, area_L = 0;
+    std::int16_t root_count = 0;
     std::array<double, 3> v{};
-    EOSState state;
+    EosState state;
     Status status = kFailure;
     int rounds = 0;         ///< rounds of the search, by its own count
     bool fallback = false;  ///< the bracketed search had to find the state

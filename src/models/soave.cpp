@@ -13,27 +13,27 @@ namespace {
 
 /// G. Soave, Chem. Eng. Sci. 27 (1972) 1197.
 EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models) {
-    EosConstants k{.power = {}, .jiTorvik = models.jiTorvik};
+    EosConstants k{.power = {}, .ji_torvik = models.ji_torvik};
     const double root = std::cbrt(2.0) - 1;
     const double K = 1 / (9 * root);
     const double W = root / 3;
-    k.power.eosA0 = faults::divide(K * R * R * s.Tcrit * s.Tcrit, s.pcrit);
-    k.power.eosB0 = W * R * s.Tcrit / s.pcrit;
-    k.power.eosD0 = k.power.eosB0;
-    k.power.eosAlphaForm = 2;
-    k.power.eosNA = 0.48 + 1.574 * s.omega - 0.176 * s.omega * s.omega;
+    k.power.a0 = faults::divide(K * R * R * s.Tcrit * s.Tcrit, s.pcrit);
+    k.power.b0 = W * R * s.Tcrit / s.pcrit;
+    k.power.d0 = k.power.b0;
+    k.power.alpha_form = 2;
+    k.power.na = 0.48 + 1.574 * s.omega - 0.176 * s.omega * s.omega;
     return k;
 }
 
 constexpr EquationOfState row{.eos = Eos::soave,
                               .name = "CEOS Soave / Redlich / Kwong       ",
                               .family = EosFamily::cubic,
-                              .needsOmega = true,
+                              .needs_omega = true,
                               .zcrit = 1.0 / 3.0,
                               .constants = constants_of,
                               .at = power_at,
                               .slopes = power_slopes_of,
-                              .secondVirial = no_virial,
+                              .second_virial = no_virial,
                               .virial = power_virial};
 
 }  // namespace

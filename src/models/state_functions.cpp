@@ -29,11 +29,11 @@ Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& refere
     const double T = reference.Tenv;
     const double p = reference.penv;
     const IdealGasState ideal =
-        ideal_gas_functions(fluid.substance(), fluid.models().CpModel, reference, T, p);
+        ideal_gas_functions(fluid.substance(), fluid.models().cp_form, reference, T, p);
     if (ideal.status != kSuccess) return {};
     Surroundings z;
     z.status = kSuccess;
-    if (fluid.models().EOSOnlyV) {
+    if (fluid.models().vapour_only) {
         if (!(p > 0.0)) return {};
         // Where a heavy fluid is liquid in the surroundings the volume may be negative; the virial
         // form still gives a zero for the exergies, which are then right but for a constant.
@@ -46,7 +46,7 @@ Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& refere
     }
     const StateTP state = solve_state_tp(fluid, T, p);
     if (state.status != kSuccess) return {};
-    const double v = state.hasL && !state.hasV ? state.vL : state.vV;
+    const double v = state.has_L && !state.has_V ? state.vL : state.vV;
     const PhaseTable table = residual_functions(fluid, state.state, T, p, v);
     if (!table.filled) return {};
 
@@ -60,7 +60,7 @@ Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& refere
 StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
                             const Surroundings& surroundings, double T, double p, double v) {
     const IdealGasState ideal =
-        ideal_gas_functions(fluid.substance(), fluid.models().CpModel, reference, T, p);
+        ideal_gas_functions(fluid.substance(), fluid.models().cp_form, reference, T, p);
     if (ideal.status != kSuccess) return no_values();
 
     StateValues z;
@@ -92,9 +92,9 @@ SaturationValues saturation_functions(const Fluid& fluid, const ReferenceState& 
     const SubstanceRecord& s = fluid.substance();
     SaturationValues r;
     r.status = kFailure;
-    if (fluid.models().EOSOnlyV) return r;
+    if (fluid.models().vapour_only) return r;
     if (T == s.Tcrit) {
-        const double rho = fluid.eos().rhocritCalc;
+        const double rho = fluid.eos().rhocrit_calculated;
         if (!(rho > 0.0)) return r;
         r.p = s.pcrit;
         r.vV = r.vL = static_cast<double>(s.M) / rho;

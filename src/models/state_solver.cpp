@@ -73,30 +73,30 @@ bool physical(const StateTP& r) {
 
 StateTP no_state(std::int16_t region, std::string_view text) {
     StateTP r;
-    r.PhaseRegion = region;
+    r.region = region;
     r.text = text;
     r.status = kFailure;
     return r;
 }
 
 void set_v(StateTP& r, double v, double M) {
-    r.hasV = true;
+    r.has_V = true;
     r.vV = v;
     r.rhoV = density(M, v);
 }
 
 void set_l(StateTP& r, double v, double M) {
-    r.hasL = true;
+    r.has_L = true;
     r.vL = v;
     r.rhoL = density(M, v);
 }
 
 StateTP solve_v_only(const Fluid& f, double T, double p, std::int16_t region) {
     StateTP r;
-    r.PhaseRegion = region;
+    r.region = region;
     r.text = "EOS for the V-phase only!";
-    r.Bvirial = second_virial(f, T, r.state);
-    const double v = R * T / p + r.Bvirial;
+    r.B = second_virial(f, T, r.state);
+    const double v = R * T / p + r.B;
     if (!(v > 0) || !std::isfinite(v)) {
         r.status = kFailure;
         return r;
@@ -109,7 +109,7 @@ StateTP solve_v_only(const Fluid& f, double T, double p, std::int16_t region) {
 void decide_three_roots(StateTP& r, const Fluid& f, double T, double p) {
     constexpr double kOnBoundary = 0.001;
     const double M = static_cast<double>(f.substance().M);
-    const double b = r.state.eosB;
+    const double b = r.state.b;
     r.text = "3 V-solutions of the EOS";
     const bool accepted =
         r.v[0] > b && (r.v[2] - b) / (r.v[1] - b) >= 1e-6 && (r.v[1] - b) / (r.v[0] - b) >= 1e-6;
@@ -121,12 +121,12 @@ void decide_three_roots(StateTP& r, const Fluid& f, double T, double p) {
     set_v(r, r.v[2], M);
     set_l(r, r.v[0], M);
     const Areas areas = area_ratio(r.state, r.v, T, p);
-    r.areaRatio = areas.ratio;
-    r.areaV = areas.V;
-    r.areaL = areas.L;
+    r.area_ratio = areas.ratio;
+    r.area_V = areas.V;
+    r.area_L = areas.L;
     if (std::fabs(areas.ratio) < kOnBoundary) return;
-    r.hasV = areas.ratio >= kOnBoundary || T > f.substance().Tcrit;
-    r.hasL = !r.hasV;
+    r.has_V = areas.ratio >= kOnBoundary || T > f.substance().Tcrit;
+    r.has_L = !r.has_V;
 }
 
 void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
@@ -138,15 +138,15 @@ void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
         set_v(r, v, M);
         set_l(r, v, M);
     } else if (T <= s.Tcrit && p <= s.pcrit) {
-        if (v > f.eos().vcritCalc) set_v(r, v, M);
-        if (v < f.eos().vcritCalc) set_l(r, v, M);
+        if (v > f.eos().vcrit_calculated) set_v(r, v, M);
+        if (v < f.eos().vcrit_calculated) set_l(r, v, M);
     } else {
         set_v(r, v, M);
         set_l(r, v, M);
         r.text = "One solution of the EOS;supercritical";
     }
-    if (std::fabs(v - f.eos().vcritCalc) < 0.001) {
-        r.PhaseRegion = 4;
+    if (std::fabs(v - f.eos().vcrit_calculated) < 0.001) {
+        r.region = 4;
         set_v(r, v, M);
         set_l(r, v, M);
     }
@@ -154,26 +154,26 @@ void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
 
 }  // namespace
 
-PressureResult pressure_from_Tv(const Fluid& f, double T, double v, EOSState& state) {
-    if (f.models().EOSOnlyV) {
-        state.eosB = second_virial(f, T, state);
-        if (v <= state.eosB || v <= 0) return {0, kFailure};
-        const double p = R * T / (v - state.eosB);
+PressureResult pressure_from_Tv(const Fluid& f, double T, double v, EosState& state) {
+    if (f.models().vapour_only) {
+        state.b = second_virial(f, T, state);
+        if (v <= state.b || v <= 0) return {0, kFailure};
+        const double p = R * T / (v - state.b);
         return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
     }
     state = eos_at(f, T, state);
-    if (v <= state.eosB) return {0, kFailure};
+    if (v <= state.b) return {0, kFailure};
     const double p = cubic_pressure(state, T, v);
     return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
 }
 
-CubicRoots solve_cubic(const EOSState& s, double T, double p) {
-    const double b = s.eosB;
+CubicRoots solve_cubic(const EosState& s, double T, double p) {
+    const double b = s.b;
     const double q = R * T / p + b;
-    const double cd = s.eosC + s.eosD;
+    const double cd = s.c + s.d;
     const double c2 = cd - q;
-    const double c1 = s.eosC * s.eosD + s.eosA / p - cd * q;
-    const double c0 = -s.eosA * b / p - s.eosC * s.eosD * q;
+    const double c1 = s.c * s.d + s.a / p - cd * q;
+    const double c0 = -s.a * b / p - s.c * s.d * q;
 
     CubicRoots r;
     double v = 0;
@@ -202,14 +202,13 @@ CubicRoots solve_cubic(const EOSState& s, double T, double p) {
     return r;
 }
 
-Areas area_ratio(const EOSState& s, const std::array<double, 3>& v, double T, double p) {
+Areas area_ratio(const EosState& s, const std::array<double, 3>& v, double T, double p) {
     const auto integral = [&](double x, double y) {
         const double attraction =
-            s.eosC == s.eosD
-                ? s.eosA * (1 / (x + s.eosC) - 1 / (y + s.eosC))
-                : s.eosA / (s.eosC - s.eosD) *
-                      std::log((x + s.eosC) * (y + s.eosD) / ((y + s.eosC) * (x + s.eosD)));
-        return R * T * std::log((x - s.eosB) / (y - s.eosB)) + attraction;
+            s.c == s.d
+                ? s.a * (1 / (x + s.c) - 1 / (y + s.c))
+                : s.a / (s.c - s.d) * std::log((x + s.c) * (y + s.d) / ((y + s.c) * (x + s.d)));
+        return R * T * std::log((x - s.b) / (y - s.b)) + attraction;
     };
     Areas r;
     r.V = integral(v[2], v[1]) - (v[2] - v[1]) * p;
@@ -221,24 +220,24 @@ Areas area_ratio(const EOSState& s, const std::array<double, 3>& v, double T, do
 
 StateTP solve_state_tp(const Fluid& f, double T, double p, std::int16_t region) {
     if (!(p > 0) || !(T > 0)) return no_state(region, "No solution found");
-    if (f.models().EOSOnlyV) return solve_v_only(f, T, p, region);
+    if (f.models().vapour_only) return solve_v_only(f, T, p, region);
 
     StateTP r;
-    r.PhaseRegion = region_of(f.substance(), T, p, region);
+    r.region = region_of(f.substance(), T, p, region);
     r.state = eos_at(f, T);
     const CubicRoots roots = solve_cubic(r.state, T, p);
     r.v = roots.v;
-    r.nRoots = roots.count;
-    if (roots.status != kSuccess || !(r.v[0] > r.state.eosB)) {
+    r.root_count = roots.count;
+    if (roots.status != kSuccess || !(r.v[0] > r.state.b)) {
         r.status = kFailure;
         return r;
     }
-    if (r.nRoots > 1) {
+    if (r.root_count > 1) {
         decide_three_roots(r, f, T, p);
     } else {
         decide_one_root(r, f, T, p);
     }
-    return physical(r) ? r : no_state(r.PhaseRegion, "No solution found");
+    return physical(r) ? r : no_state(r.region, "No solution found");
 }
 
 namespace {
@@ -249,7 +248,7 @@ constexpr double kSlopeStep = 1e-6;
 
 TemperatureResult v_only_temperature(const Fluid& f, double p, double v) {
     double T = v * p / R;
-    EOSState state;
+    EosState state;
     for (int i = 0; i < 1000; ++i) {
         const double old = T;
         T = (v - second_virial(f, old, state)) * p / R;
@@ -263,8 +262,8 @@ TemperatureResult v_only_temperature(const Fluid& f, double p, double v) {
 /// T where p(T, v) passes p, by halving a bracket; 0 when the isochore never reaches p.
 double bracketed_temperature(const Fluid& f, double p, double v) {
     const auto excess = [&](double T) {
-        const EOSState s = eos_at(f, T);
-        return v > s.eosB ? cubic_pressure(s, T, v) - p : std::nan("");
+        const EosState s = eos_at(f, T);
+        return v > s.b ? cubic_pressure(s, T, v) - p : std::nan("");
     };
     double low = f.substance().Tcrit, high = low;
     for (int i = 0; i < 60 && !(excess(low) < 0); ++i) low *= 0.8;
@@ -280,8 +279,8 @@ double bracketed_temperature(const Fluid& f, double p, double v) {
 /// Newton search on f(T) = (a/((v + c)(v + d)) + p)(v - b)/R - T. Counts its rounds.
 TemperatureResult newton_temperature(const Fluid& f, double p, double v, int& rounds) {
     const auto function = [&](double T) {
-        const EOSState s = eos_at(f, T);
-        return (s.eosA / ((v + s.eosC) * (v + s.eosD)) + p) * (v - s.eosB) / R - T;
+        const EosState s = eos_at(f, T);
+        return (s.a / ((v + s.c) * (v + s.d)) + p) * (v - s.b) / R - T;
     };
     double T =
         p < f.substance().pcrit ? static_cast<double>(f.substance().Tboil) : f.substance().Tcrit;
@@ -324,10 +323,10 @@ TemperatureResult dome_temperature(const Fluid& f, double p, double T, int round
 }  // namespace
 
 TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
-                                         bool singlePhaseOnly) {
+                                         bool single_phase_only) {
     const double v = static_cast<double>(f.substance().M) / rho;
     if (!(p > 0) || !(v > 0) || !std::isfinite(v)) return {0, kFailure};
-    if (f.models().EOSOnlyV) return v_only_temperature(f, p, v);
+    if (f.models().vapour_only) return v_only_temperature(f, p, v);
 
     int rounds = 0;
     TemperatureResult r = newton_temperature(f, p, v, rounds);
@@ -336,9 +335,9 @@ TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
         if (T == 0) return r;
         r = {T, kSuccess};
     }
-    if (r.T >= f.substance().Tcrit || singlePhaseOnly) return r;
+    if (r.T >= f.substance().Tcrit || single_phase_only) return r;
 
-    const EOSState s = eos_at(f, r.T);
+    const EosState s = eos_at(f, r.T);
     if (solve_cubic(s, r.T, p).count != 3) return r;
     const Saturation sat = saturation_pressure(f, r.T);
     if (sat.p == 0) return {0, kFailure};

@@ -14,8 +14,8 @@ void set_specific(Units& u, const SubstanceRecord& substance) {
 
 void set_reduced(Units& u, const Fluid& fluid) {
     const SubstanceRecord& s = fluid.substance();
-    if (fluid.eos().vcritCalc > 0) {
-        u.v = 1.0 / fluid.eos().vcritCalc;
+    if (fluid.eos().vcrit_calculated > 0) {
+        u.v = 1.0 / fluid.eos().vcrit_calculated;
         u.v_label = "V(red)";
     } else {
         u.choice.system = UnitSystem::molar;

@@ -11,21 +11,21 @@ namespace {
 
 /// a = (27/64) R^2 Tc^2/pc, b = R Tc/(8 pc); J. D. van der Waals, thesis, Leiden 1873.
 EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models) {
-    EosConstants k{.power = {}, .jiTorvik = models.jiTorvik};
-    k.power.eosA0 = faults::divide(27.0 / 64.0 * R * R * s.Tcrit * s.Tcrit, s.pcrit);
-    k.power.eosB0 = R * s.Tcrit / s.pcrit / 8;
+    EosConstants k{.power = {}, .ji_torvik = models.ji_torvik};
+    k.power.a0 = faults::divide(27.0 / 64.0 * R * R * s.Tcrit * s.Tcrit, s.pcrit);
+    k.power.b0 = R * s.Tcrit / s.pcrit / 8;
     return k;
 }
 
 constexpr EquationOfState row{.eos = Eos::vanDerWaals,
                               .name = "CEOS van der Waals                 ",
                               .family = EosFamily::cubic,
-                              .needsOmega = false,
+                              .needs_omega = false,
                               .zcrit = 3.0 / 8.0,
                               .constants = constants_of,
                               .at = power_at,
                               .slopes = power_slopes_of,
-                              .secondVirial = no_virial,
+                              .second_virial = no_virial,
                               .virial = power_virial};
 
 }  // namespace

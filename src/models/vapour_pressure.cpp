@@ -25,10 +25,10 @@ double exp10_of(double x) {
     return std::exp(kLn10 * x);
 }
 
-const VPSetAntoine* antoine_set(const SubstanceRecord& s, VapourPressureEquation code) {
-    if (code == VapourPressureEquation::antoineLow) return &s.ALP;
-    if (code == VapourPressureEquation::antoineHigh) return &s.AHP;
-    if (code == VapourPressureEquation::thompson) return &s.THO;
+const AntoineSet* antoine_set(const SubstanceRecord& s, VapourPressureEquation code) {
+    if (code == VapourPressureEquation::antoineLow) return &s.antoine_low;
+    if (code == VapourPressureEquation::antoineHigh) return &s.antoine_high;
+    if (code == VapourPressureEquation::thompson) return &s.thompson;
     return nullptr;
 }
 
@@ -44,13 +44,14 @@ struct Frost {
 };
 
 bool frost_set(const SubstanceRecord& s, VapourPressureEquation code, Frost& f) {
-    const VPSetFrost* set = code == VapourPressureEquation::frostKalkwarf       ? &s.FRO
-                            : code == VapourPressureEquation::frostVanDerWaals  ? &s.KFW
-                            : code == VapourPressureEquation::frostRedlichKwong ? &s.KFR
-                                                                                : nullptr;
+    const FrostSet* set =
+        code == VapourPressureEquation::frostKalkwarf       ? &s.frost
+        : code == VapourPressureEquation::frostVanDerWaals  ? &s.frost_van_der_waals
+        : code == VapourPressureEquation::frostRedlichKwong ? &s.frost_redlich_kwong
+                                                            : nullptr;
     if (set == nullptr) return false;
     const auto a = [&](std::size_t i) { return static_cast<double>(set->a[i]); };
-    f = {a(0), a(1), a(2), a(3), a(4), a(5), a(6), a(7), a(8), {set->TLo, set->THi}};
+    f = {a(0), a(1), a(2), a(3), a(4), a(5), a(6), a(7), a(8), {set->T_low, set->T_high}};
     if (code == VapourPressureEquation::frostKalkwarf) {
         // The stored third value is C + 273.15, the sixth the exponent less 2.
         f.C -= constants::kZeroCelsius;
@@ -63,7 +64,7 @@ struct WagnerSum {
     double X = 0, slope = 0;  // the sum and its derivative with respect to t
 };
 
-WagnerSum wagner_sum(const VPSetWagner& w, double t) {
+WagnerSum wagner_sum(const WagnerSet& w, double t) {
     const auto a = [&](std::size_t i) { return static_cast<double>(w.a[i]); };
     WagnerSum r{a(0) * t + a(1) * t * std::sqrt(t), a(0) + 1.5 * a(1) * std::sqrt(t)};
     for (const std::size_t i : {std::size_t{2}, std::size_t{4}, std::size_t{6}}) {
@@ -75,7 +76,7 @@ WagnerSum wagner_sum(const VPSetWagner& w, double t) {
     return r;
 }
 
-bool has_wagner(const VPSetWagner& w) {
+bool has_wagner(const WagnerSet& w) {
     return w.a[0] != 0 && w.a[8] > 0 && w.a[9] > 0;
 }
 
@@ -119,27 +120,27 @@ VapourPressureResult vapour_pressure(const SubstanceRecord& s, double T,
     Status status = kSuccess;
     double p = 0;
     Frost frost{};
-    if (const VPSetAntoine* a = antoine_set(s, code)) {
+    if (const AntoineSet* a = antoine_set(s, code)) {
         if (a->A == 0 && a->B == 0) return r;
         p = exp10_of(static_cast<double>(a->A) -
                      static_cast<double>(a->B) /
                          (T + static_cast<double>(a->C) - constants::kZeroCelsius));
         if (code != VapourPressureEquation::thompson)
-            r.deviation = deviation_of(T, {a->TLo, a->THi});
+            r.deviation = deviation_of(T, {a->T_low, a->T_high});
     } else if (code == VapourPressureEquation::august) {
-        if (s.AUG.B == 0) return r;
-        p = std::exp(static_cast<double>(s.AUG.A) + static_cast<double>(s.AUG.B) / T);
+        if (s.august.B == 0) return r;
+        p = std::exp(static_cast<double>(s.august.A) + static_cast<double>(s.august.B) / T);
         const double Tb = static_cast<double>(s.Tboil);
         if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
     } else if (code == VapourPressureEquation::wagner) {
-        if (!has_wagner(s.WAG)) return r;
-        const double Tset = static_cast<double>(s.WAG.a[8]);
+        if (!has_wagner(s.wagner)) return r;
+        const double Tset = static_cast<double>(s.wagner.a[8]);
         const double t = 1 - T / Tset;
         if (t < 1e-6) return r;
-        const double X = wagner_sum(s.WAG, t).X;
+        const double X = wagner_sum(s.wagner, t).X;
         if (!(std::fabs(X) <= 50)) return r;
-        p = static_cast<double>(s.WAG.a[9]) * std::exp(Tset / T * X);
-        const Bounds range{s.WAG.TLo, s.WAG.THi};
+        p = static_cast<double>(s.wagner.a[9]) * std::exp(Tset / T * X);
+        const Bounds range{s.wagner.T_low, s.wagner.T_high};
         if (both_given(range)) r.deviation = deviation_of(T, range);
     } else if (frost_set(s, code, frost)) {
         p = frost_pressure(frost, T, status);
@@ -181,7 +182,7 @@ double newton_on_T(double T, Evaluate evaluate) {
 }
 
 double wagner_temperature(const SubstanceRecord& s, double p) {
-    const VPSetWagner& w = s.WAG;
+    const WagnerSet& w = s.wagner;
     const double Tset = static_cast<double>(w.a[8]);
     const double pset = static_cast<double>(w.a[9]);
     return newton_on_T(start_temperature(s, Tset, p), [&](double T, double& f, double& slope) {
@@ -215,11 +216,11 @@ BoilingTemperatureResult boiling_temperature(const SubstanceRecord& s, double p,
     double T = 0;
     Bounds range;
     Frost frost{};
-    if (const VPSetAntoine* a = antoine_set(s, code)) {
+    if (const AntoineSet* a = antoine_set(s, code)) {
         if (a->A == 0 && a->B == 0) return r;
         T = static_cast<double>(a->B) / (static_cast<double>(a->A) - log10_of(p)) -
             static_cast<double>(a->C) + constants::kZeroCelsius;
-        range = {a->TLo, a->THi};
+        range = {a->T_low, a->T_high};
     } else if (code == VapourPressureEquation::august) {
         const double Tb = static_cast<double>(s.Tboil);
         if (Tb < kPresent) return r;
@@ -227,9 +228,9 @@ BoilingTemperatureResult boiling_temperature(const SubstanceRecord& s, double p,
         T = line.B / (std::log(p) - line.A);
         if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
     } else if (code == VapourPressureEquation::wagner) {
-        if (!has_wagner(s.WAG)) return r;
+        if (!has_wagner(s.wagner)) return r;
         T = wagner_temperature(s, p);
-        range = {s.WAG.TLo, s.WAG.THi};
+        range = {s.wagner.T_low, s.wagner.T_high};
     } else if (frost_set(s, code, frost)) {
         T = frost_temperature(s, frost, p);
         range = frost.range;
@@ -250,17 +251,17 @@ SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, VapourPres
     if (!(T > 0)) return r;
     double slope = 0;
     Frost f{};
-    if (const VPSetAntoine* a = antoine_set(s, code)) {
+    if (const AntoineSet* a = antoine_set(s, code)) {
         const double shifted = static_cast<double>(a->C) - constants::kZeroCelsius + T;
         slope = -kLn10 * static_cast<double>(a->B) * T * T / (shifted * shifted);
     } else if (code == VapourPressureEquation::august) {
         slope = august_line(s).B;
     } else if (code == VapourPressureEquation::wagner) {
-        if (!has_wagner(s.WAG)) return r;
-        const double Tset = static_cast<double>(s.WAG.a[8]);
+        if (!has_wagner(s.wagner)) return r;
+        const double Tset = static_cast<double>(s.wagner.a[8]);
         const double t = 1 - T / Tset;
         if (t < 1e-6) return r;
-        const WagnerSum sum = wagner_sum(s.WAG, t);
+        const WagnerSum sum = wagner_sum(s.wagner, t);
         slope = Tset * sum.X + T * sum.slope;
     } else if (frost_set(s, code, f)) {
         const VapourPressureResult vp = vapour_pressure(s, T, code);
@@ -268,8 +269,8 @@ SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, VapourPres
         const double shifted = T + f.C;
         const double Q = f.D + T * (-f.B * kLn10 / (shifted * shifted) + f.G * kLn10 +
                                     (f.H != 0 ? f.I * f.H * kLn10 * std::pow(T, f.I - 1) : 0.0));
-        const double TF = std::pow(T, f.F);
-        slope = -T * (TF * Q - f.F * f.E * kLn10 * vp.p) / (TF - f.E * kLn10 * vp.p);
+        const double power = std::pow(T, f.F);
+        slope = -T * (power * Q - f.F * f.E * kLn10 * vp.p) / (power - f.E * kLn10 * vp.p);
     }
     if (slope == 0 || !std::isfinite(slope)) return r;
     return {slope, kSuccess};
@@ -283,13 +284,12 @@ void correlate_thompson(SubstanceRecord& s, double Tcrit, double pcrit, double T
     const auto u = [&](double T) { return 1 / ((C + T) - constants::kZeroCelsius); };
     const double B = -log10_of(pcrit / kNormalPressure) / (u(Tcrit) - u(Tboil));
     const double A = log10_of(pcrit) + B * u(Tcrit);
-    s.THO = {static_cast<float>(A), static_cast<float>(B), static_cast<float>(C), 0, 0};
+    s.thompson = {static_cast<float>(A), static_cast<float>(B), static_cast<float>(C), 0, 0};
 }
 
 /// Frost-Kalkwarf with the pressure term of van der Waals (e = 0.183218, f = 2) or of
 /// Redlich/Kwong (0.185652, 2.5) and Thodos' rule D = 1.8 B/Tcrit + 2.67.
-void correlate_frost(VPSetFrost& set, double e, double f, double Tcrit, double pcrit,
-                     double Tboil) {
+void correlate_frost(FrostSet& set, double e, double f, double Tcrit, double pcrit, double Tboil) {
     const double E = e * std::pow(Tcrit, f) / pcrit;
     const double y = (kNormalPressure / pcrit) / std::pow(Tboil / Tcrit, f) - 1;
     const double w = std::log(Tboil / Tcrit);
@@ -310,17 +310,17 @@ void correlate_vapour_pressure(SubstanceRecord& s, VapourPressureEquation equati
                                double pcrit, double Tboil) {
     if (!(Tboil >= kPresent) || !(Tcrit >= kPresent) || !(pcrit >= kPresent)) return;
     if (equation == VapourPressureEquation::frostVanDerWaals)
-        correlate_frost(s.KFW, 0.183218, 2, Tcrit, pcrit, Tboil);
+        correlate_frost(s.frost_van_der_waals, 0.183218, 2, Tcrit, pcrit, Tboil);
     if (equation == VapourPressureEquation::frostRedlichKwong)
-        correlate_frost(s.KFR, 0.185652, 2.5, Tcrit, pcrit, Tboil);
+        correlate_frost(s.frost_redlich_kwong, 0.185652, 2.5, Tcrit, pcrit, Tboil);
     if (equation == VapourPressureEquation::thompson) correlate_thompson(s, Tcrit, pcrit, Tboil);
 }
 
 void correlate_august(SubstanceRecord& s) {
     const August line = august_line(s);
     const bool usable = std::isfinite(line.A) && std::isfinite(line.B);
-    s.AUG = usable ? VPSetAugust{static_cast<float>(line.A), static_cast<float>(line.B)}
-                   : VPSetAugust{};
+    s.august =
+        usable ? AugustSet{static_cast<float>(line.A), static_cast<float>(line.B)} : AugustSet{};
 }
 
 }  // namespace quor::models

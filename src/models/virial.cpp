@@ -4,8 +4,8 @@
 
 namespace quor::models {
 
-double second_virial(const Fluid& f, double T, EOSState& state) {
-    return T < constants::kPresent ? 0 : f.equation().secondVirial(f, T, state);
+double second_virial(const Fluid& f, double T, EosState& state) {
+    return T < constants::kPresent ? 0 : f.equation().second_virial(f, T, state);
 }
 
 Virial virial(const Fluid& f, double T) {

@@ -6,9 +6,9 @@ namespace quor::models {
 
 /// B(T)/(m^3/kmol) of the fluid's equation; 0 below 1E-6 K, for the ideal gas and for the cubic
 /// equations of two parameters. `state` receives a, b, c, d at T.
-double second_virial(const Fluid& fluid, double T, EOSState& state);
+double second_virial(const Fluid& fluid, double T, EosState& state);
 inline double second_virial(const Fluid& fluid, double T) {
-    EOSState state;
+    EosState state;
     return second_virial(fluid, T, state);
 }
 

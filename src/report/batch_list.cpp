@@ -113,7 +113,7 @@ struct HeadTexts {
     const char* title;
     const char* substance;
     const char* calculation;
-    const char* byEos;
+    const char* by_eos;
     const char* model;
     const char* equation;
     const char* count;
@@ -141,8 +141,8 @@ const HeadTexts& head_texts(ListForm form) {
 
 std::string note_on_calculation(const HeadTexts& texts, const Comparison& c) {
     if (!is_equilibrium(c.task)) return {};
-    if (c.method.global) return std::string(" ") + texts.byEos;
-    return c.method.liquidByBenson ? " (BENSON's method)" : "";
+    if (c.method.global) return std::string(" ") + texts.by_eos;
+    return c.method.liquid_by_benson ? " (BENSON's method)" : "";
 }
 
 bool shows_functions(const Comparison& c, bool extended) {
@@ -155,10 +155,10 @@ void add_head(std::vector<std::string>& lines, const Comparison& c, const std::s
     const models::ModelSelection& models = c.made.fluid.models();
     lines.emplace_back(texts.title);
     lines.emplace_back();
-    lines.push_back(texts.substance + c.made.fluid.substance().Name);
+    lines.push_back(texts.substance + c.made.fluid.substance().name);
     lines.push_back(texts.calculation + text::trim(title) + note_on_calculation(texts, c));
-    lines.push_back(texts.model + text::trim(models::EOSName(models.EOSModel)));
-    lines.push_back(texts.equation + text::trim(models::vp_name(models.VPModel)));
+    lines.push_back(texts.model + text::trim(models::eos_name(models.eos)));
+    lines.push_back(texts.equation + text::trim(models::vp_name(models.vapour_pressure)));
     lines.push_back(texts.count + std::to_string(c.sets.size()));
     lines.push_back(texts.file + c.file);
     if (!shows_functions(c, extended)) return;
@@ -187,11 +187,11 @@ void add_row(ResultList& list, Task task, std::size_t index, const BatchDataSet&
     const Values calculated = calculated_values(task, record);
     Cells cells;
     cells[0] = std::to_string(index);
-    cells[6] = record.State;
+    cells[6] = record.phases;
     for (std::size_t i = 0; i < kQuantities; ++i) {
         cells[1 + i] = number_or_blank(measured[i]);
         cells[7 + i] = number_or_blank(calculated[i]);
-        const auto deviation = Deviation(calculated[i], measured[i]);
+        const auto deviation = relative_deviation(calculated[i], measured[i]);
         if (!deviation) continue;
         cells[kFirstDeviation + i] = deviation_text(*deviation);
         if (!(std::fabs(*deviation) < kLargest)) continue;
@@ -224,8 +224,8 @@ void add_functions(std::vector<std::string>& lines, const ResultRecord& record) 
     };
     for (const FunctionLine& line : kFunctionLines)
         lines.push_back(text::pad_right(line.label, kLabel) +
-                        value(record.FuL, line.function, " (L)") +
-                        value(record.FuV, line.function, " (V)"));
+                        value(record.liquid, line.function, " (L)") +
+                        value(record.vapour, line.function, " (V)"));
 }
 
 void add_means(ResultList& list) {
@@ -258,7 +258,7 @@ std::string function_label(int index, ListForm form) {
                 break;
         }
     }
-    return std::string(models::FunctionLabel(index));
+    return std::string(models::function_label(index));
 }
 
 std::string phase_row(const std::string& label, const std::string& L, const std::string& V) {
@@ -294,8 +294,8 @@ void add_extended(std::vector<std::string>& lines, float M, std::size_t index,
         const std::string label = function_label(i, form);
         if (label.empty()) continue;
         lines.push_back(phase_row(text::pad_right(label, kLabelWidth) + " : ",
-                                  value(record.rhoL, record.FuL, i),
-                                  value(record.rhoV, record.FuV, i)));
+                                  value(record.rhoL, record.liquid, i),
+                                  value(record.rhoV, record.vapour, i)));
     }
 }
 
@@ -334,12 +334,12 @@ template <class Visit>
 void for_each_result(const Comparison& c, Visit visit) {
     const std::size_t count = std::min(c.sets.size(), c.results.size());
     for (std::size_t i = 0; i < count; ++i)
-        if (c.results[i].State != "   ") visit(i + 1, c.sets[i], c.results[i]);
+        if (c.results[i].phases != "   ") visit(i + 1, c.sets[i], c.results[i]);
 }
 
 }  // namespace
 
-std::optional<float> Deviation(double calculated, double experimental) {
+std::optional<float> relative_deviation(double calculated, double experimental) {
     if (!(calculated > kPresent) || !(experimental > kPresent)) return std::nullopt;
     const double deviation = (calculated / experimental - 1.0) * 100.0;
     constexpr double kLargest = 1e30;

@@ -29,7 +29,7 @@ struct Mean {
 };
 
 /// (calculated/experimental - 1) 100 as a 32-bit value; nothing unless both exceed 1E-6.
-std::optional<float> Deviation(double calculated, double experimental);
+std::optional<float> relative_deviation(double calculated, double experimental);
 /// "(1.25 %)", or "(dev.> 500%!)" from 500 % on.
 std::string deviation_text(float deviation);
 

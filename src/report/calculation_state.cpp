@@ -17,7 +17,7 @@ Request request_of(const CalculationState& state) {
 }  // namespace
 
 std::string substance_key(const models::Fluid& fluid) {
-    return fluid.substance().CASRN + fluid.substance().Name;
+    return fluid.substance().casrn + fluid.substance().name;
 }
 
 Request direct_request(const CalculationState& state, const calculation::Tank& tank) {

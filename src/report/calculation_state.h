@@ -27,10 +27,10 @@ struct CalculationState {
     calculation::Pages pages;
     DirectValues direct;
     InputKind input = InputKind::state;
-    std::size_t dataSet = 0;   ///< number of the measured data set in view, from 1 on; 0 direct
-    bool volumeInput = false;  ///< a volume is typed instead of a density
-    calculation::IsoFunction isoFunction = calculation::IsoFunction::V;
-    calculation::IsoGiven isoGiven = calculation::IsoGiven::p;
+    std::size_t data_set = 0;   ///< number of the measured data set in view, from 1 on; 0 direct
+    bool volume_input = false;  ///< a volume is typed instead of a density
+    calculation::IsoFunction iso_function = calculation::IsoFunction::V;
+    calculation::IsoGiven iso_given = calculation::IsoGiven::p;
 };
 
 /// What names a substance in `DirectValues`.

@@ -15,10 +15,10 @@ RootRow root_row(int number, double v, const char* note) {
 }
 
 std::vector<RootRow> root_rows(const calculation::LastState& last) {
-    if (last.Roots < 3) return {root_row(1, last.v[0], last.HasL ? kStableL : kStableV)};
-    return {root_row(1, last.v[0], last.HasL ? kStableL : kMetastable),
+    if (last.root_count < 3) return {root_row(1, last.v[0], last.has_L ? kStableL : kStableV)};
+    return {root_row(1, last.v[0], last.has_L ? kStableL : kMetastable),
             root_row(2, last.v[1], kUnstable),
-            root_row(3, last.v[2], last.HasV ? kStableV : kMetastable)};
+            root_row(3, last.v[2], last.has_V ? kStableV : kMetastable)};
 }
 
 }  // namespace

@@ -55,8 +55,8 @@ DirectInput state_input(const InputForm& form) {
     if ((asks & calculation::kAsksP) != 0) input.fields[kP] = {true, "      p/kPa = "};
     if ((asks & calculation::kAsksRho) == 0) return input;
     const VolumeLabels& labels = kVolumeLabels[static_cast<std::size_t>(form.system)];
-    input.volumeFrameVisible = true;
-    input.volumeFrame = form.volume ? labels.frame : " Input density kg/m^3 ";
+    input.volume_frame_visible = true;
+    input.volume_frame = form.volume ? labels.frame : " Input density kg/m^3 ";
     input.fields[kRho] = {true, form.volume ? labels.label : " rho/kg/m^3 = "};
     return input;
 }
@@ -104,7 +104,8 @@ models::BensonPoint reference_of(const Values& v) {
 
 models::UnitSystem volume_system(const models::UnitChoice& units, const models::Fluid& fluid) {
     const bool reduced = units.system == models::UnitSystem::reduced;
-    return reduced && !(fluid.eos().vcritCalc > 0) ? models::UnitSystem::molar : units.system;
+    return reduced && !(fluid.eos().vcrit_calculated > 0) ? models::UnitSystem::molar
+                                                          : units.system;
 }
 
 DirectInput describe_direct_input(const InputForm& form) {

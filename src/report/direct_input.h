@@ -31,11 +31,11 @@ struct InputField {
 /// What `DirectInputView` shows .
 struct DirectInput {
     std::string title;
-    std::string command;               ///< caption of `cmdParameter_OK`
-    std::array<InputField, 4> fields;  ///< `par` with its label `Bz`
-    bool volumeFrameVisible = false;   ///< `fraRhoVInput`
-    std::string volumeFrame;           ///< its text
-    bool amountFrameVisible = false;   ///< `fram_n`
+    std::string command;                ///< caption of `cmdParameter_OK`
+    std::array<InputField, 4> fields;   ///< `par` with its label `Bz`
+    bool volume_frame_visible = false;  ///< `fraRhoVInput`
+    std::string volume_frame;           ///< its text
+    bool amount_frame_visible = false;  ///< `fram_n`
 };
 
 DirectInput describe_direct_input(const InputForm& form);

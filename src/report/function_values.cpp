@@ -32,7 +32,7 @@ struct Table {
     const Made& made;
     const calculation::Request& request;
     const Answer& answer;
-    FuArray values = {};
+    ResultNumbers values = {};
 
     void set(std::size_t place, double value) { values[place] = faults::finite(value); }
 };
@@ -44,8 +44,8 @@ void set_vaporisation(Table& t, double h) {
 
 void set_volumes(Table& t) {
     const calculation::Phases& phases = t.answer.phases;
-    if (phases.vapour) t.set(kFuV, phases.vapour->v * t.made.units.v);
-    if (phases.liquid) t.set(kFuL, phases.liquid->v * t.made.units.v);
+    if (phases.vapour) t.set(kVapourNumbers, phases.vapour->v * t.made.units.v);
+    if (phases.liquid) t.set(kLiquidNumbers, phases.liquid->v * t.made.units.v);
 }
 
 void set_functions(Table& t, const std::optional<calculation::FunctionValues>& phase,
@@ -57,8 +57,8 @@ void set_functions(Table& t, const std::optional<calculation::FunctionValues>& p
 }
 
 void set_functions(Table& t, const calculation::FunctionPair& pair) {
-    set_functions(t, pair.liquid, kFuL, kSoundL);
-    set_functions(t, pair.vapour, kFuV, kSoundV);
+    set_functions(t, pair.liquid, kLiquidNumbers, kSoundL);
+    set_functions(t, pair.vapour, kVapourNumbers, kSoundV);
 }
 
 /// On the page of functions a stands for u - p v.
@@ -71,9 +71,9 @@ void replace_a(Table& t, const std::optional<calculation::FunctionValues>& phase
 }
 
 void set_derivatives(Table& t, const std::optional<calculation::PhaseDerivatives>& phase,
-                     std::size_t jouleThomson) {
+                     std::size_t joule_thomson) {
     if (!phase) return;
-    t.set(jouleThomson, phase->table.residual[models::JouleThomson]);
+    t.set(joule_thomson, phase->table.residual[models::JouleThomson]);
     for (std::size_t i = 0; i < 3; ++i) t.set(kAlphaL + i, phase->mechanical[i]);
 }
 
@@ -83,8 +83,8 @@ void set_pages(Table& t, const calculation::PageValues& pages) {
     set_derivatives(t, pages.vapour, kDeltaV);
     if (!pages.functions || pages.functions->failed()) return;
     set_functions(t, *pages.functions);
-    replace_a(t, pages.functions->liquid, kFuL);
-    replace_a(t, pages.functions->vapour, kFuV);
+    replace_a(t, pages.functions->liquid, kLiquidNumbers);
+    replace_a(t, pages.functions->vapour, kVapourNumbers);
 }
 
 void set_database(Table& t) {
@@ -94,10 +94,10 @@ void set_database(Table& t) {
     switch (t.request.task) {
         case Task::liquidDensity:
             t.set(kRhoL, value);
-            t.set(kFuL, M / value * t.made.units.v);
+            t.set(kLiquidNumbers, M / value * t.made.units.v);
             break;
         case Task::solidDensity:
-            t.set(kFuL, M / value * t.made.units.v);
+            t.set(kLiquidNumbers, M / value * t.made.units.v);
             break;
         case Task::vaporisationEquation:
             set_vaporisation(t, value);
@@ -134,14 +134,14 @@ void set_answer(Table& t) {
     if (t.request.task != Task::functions) set_volumes(t);
     if (t.request.task == Task::functions) set_functions(t, *a.functions);
     if (a.hLV) set_vaporisation(t, *a.hLV);
-    if (a.activeVirial) t.set(kVirial, *a.activeVirial);
+    if (a.active_virial) t.set(kVirial, *a.active_virial);
     if (a.pages) set_pages(t, *a.pages);
 }
 
 }  // namespace
 
-FuArray function_values(const Made& made, const calculation::Request& request,
-                        const Answer& answer) {
+ResultNumbers function_values(const Made& made, const calculation::Request& request,
+                              const Answer& answer) {
     Table t{.made = made, .request = request, .answer = answer};
     if (answer.reason == calculation::Reason::arithmetic) return {};
     t.set(kT, answer.T);

@@ -13,7 +13,7 @@ constexpr const char* kLabels[] = {
     "V  = ", "H  = ", "S  = ", "G  = ", "U  = ", "A  = ", "E(H)=", "E(U)="};
 
 std::string shown(double value) {
-    return numbers::General(static_cast<float>(value));
+    return numbers::general(static_cast<float>(value));
 }
 
 TaskResult result_at(const Made& made, double T, double p) {
@@ -27,7 +27,7 @@ const char* iso_label(IsoFunction function) {
 }
 
 std::size_t iso_position(IsoFunction function, bool liquid) {
-    return calculation::function_of(function) + (liquid ? kFuL : kFuV);
+    return calculation::function_of(function) + (liquid ? kLiquidNumbers : kVapourNumbers);
 }
 
 calculation::Request functions_request(double T, double p) {
@@ -52,17 +52,17 @@ IsoCalculator::IsoCalculator(TaskResult state, IsoFunction constant, IsoGiven sp
     const calculation::Phases& phases = last_.answer.phases;
     liquid = phases.liquid && !phases.vapour;
     refill();
-    txtTpCalc.clear();
+    sought_text.clear();
 }
 
 void IsoCalculator::refill() {
-    const bool givenT = given == IsoGiven::T;
-    lblFuConst = iso_label(function);
-    givenLabel = givenT ? "  T/K =" : "p/kPa =";
-    soughtLabel = givenT ? "p/kPa = " : "T/K =";
-    txtFuConst = shown(last_.Fu[iso_position(function, liquid)]);
-    txtTpVorgabe = shown(givenT ? last_T() : last_p());
-    txtTpCalc = shown(givenT ? last_p() : last_T());
+    const bool given_T = given == IsoGiven::T;
+    constant_label = iso_label(function);
+    given_label = given_T ? "  T/K =" : "p/kPa =";
+    sought_label = given_T ? "p/kPa = " : "T/K =";
+    constant_text = shown(last_.numbers[iso_position(function, liquid)]);
+    given_text = shown(given_T ? last_T() : last_p());
+    sought_text = shown(given_T ? last_p() : last_T());
 }
 
 void IsoCalculator::choose_function(IsoFunction constant) {
@@ -70,8 +70,8 @@ void IsoCalculator::choose_function(IsoFunction constant) {
     refill();
 }
 
-void IsoCalculator::choose_phase(bool ofLiquid) {
-    liquid = ofLiquid;
+void IsoCalculator::choose_phase(bool of_liquid) {
+    liquid = of_liquid;
     refill();
 }
 
@@ -80,30 +80,30 @@ void IsoCalculator::choose_given(IsoGiven specified) {
     refill();
 }
 
-bool IsoCalculator::calculate(const std::string& fuConst, const std::string& typed) {
-    txtFuConst = fuConst;
-    txtTpVorgabe = typed;
+bool IsoCalculator::calculate(const std::string& constant, const std::string& typed) {
+    constant_text = constant;
+    given_text = typed;
     calculation::IsoSearch search{.given = given,
                                   .function = function,
                                   .liquid = liquid,
                                   .T = last_T(),
                                   .p = last_p(),
-                                  .target = numbers::val_input(fuConst)};
+                                  .target = numbers::val_input(constant)};
     (given == IsoGiven::T ? search.T : search.p) = numbers::val_input(typed);
     std::optional<TaskResult> found = iso_solve(last_.made, search);
     if (!found) {
-        txtTpCalc = "No solution found";
+        sought_text = "No solution found";
         return false;
     }
     last_ = std::move(*found);
-    txtTpCalc = shown(given == IsoGiven::T ? last_p() : last_T());
+    sought_text = shown(given == IsoGiven::T ? last_p() : last_T());
     return true;
 }
 
 bool IsoCalculator::reset() {
     TaskResult again = result_at(last_.made, last_T(), last_p());
     if (again.failed()) {
-        txtTpCalc = "No solution";
+        sought_text = "No solution";
         return false;
     }
     last_ = std::move(again);

@@ -9,7 +9,7 @@ namespace quor::report {
 
 /// Label of `lblFuConst`: "V  = ", "H  = ", ...
 const char* iso_label(calculation::IsoFunction function);
-/// Element of `FuArray` that holds a function of the L or the V phase.
+/// Element of `ResultNumbers` that holds a function of the L or the V phase.
 std::size_t iso_position(calculation::IsoFunction function, bool liquid);
 
 /// What a calculation of caloric functions at T/K and p/kPa asks for.
@@ -29,7 +29,7 @@ class IsoCalculator {
     void choose_phase(bool liquid);
     void choose_given(calculation::IsoGiven given);
     /// `cmdCalc` with the texts of the view's two input fields. False without a solution.
-    bool calculate(const std::string& fuConst, const std::string& given);
+    bool calculate(const std::string& constant, const std::string& given);
     /// `cmdReset`: back to the last successful calculation. False without one.
     bool reset();
 
@@ -41,9 +41,9 @@ class IsoCalculator {
     calculation::IsoFunction function = calculation::IsoFunction::V;
     bool liquid = false;                                     ///< `optIsoPhase`
     calculation::IsoGiven given = calculation::IsoGiven::p;  ///< `optIsoTp`
-    std::string lblFuConst;
-    std::string givenLabel, soughtLabel;  ///< of `txtTpVorgabe` and `txtTpCalc`
-    std::string txtFuConst, txtTpVorgabe, txtTpCalc;
+    std::string constant_label;
+    std::string given_label, sought_label;  ///< of `txtTpVorgabe` and `txtTpCalc`
+    std::string constant_text, given_text, sought_text;
 
   private:
     void refill();

@@ -21,7 +21,7 @@ std::string label_field(std::string_view label) {
     return text::pad_right(text::trim_right(label), kLabelWidth - 2) + "= ";
 }
 
-ListLine PhaseRow(std::string_view name, std::string_view label, const PhaseTexts& values) {
+ListLine phase_row(std::string_view name, std::string_view label, const PhaseTexts& values) {
     const std::string head =
         label.empty() ? text::pad_right(name, 2 * kLabelWidth)
                       : text::pad_right(name, kLabelWidth) + text::pad_right(label, kLabelWidth);
@@ -31,18 +31,18 @@ ListLine PhaseRow(std::string_view name, std::string_view label, const PhaseText
 }
 
 std::string value32(double value) {
-    return numbers::General(numbers::to_single(value));
+    return numbers::general(numbers::to_single(value));
 }
 
-std::string PressureValue(double p, std::string_view mask, std::string_view unit) {
+std::string pressure_by_mask(double p, std::string_view mask, std::string_view unit) {
     constexpr double kSmallest = 0.01;
-    const std::string number = p >= kSmallest ? numbers::Format(p, mask) : value32(p);
+    const std::string number = p >= kSmallest ? numbers::format(p, mask) : value32(p);
     return number + std::string(unit);
 }
 
 void ListBuilder::underlined(const std::string& title) {
     add(title);
-    rule('=', text::Length(title));
+    rule('=', text::length(title));
 }
 
 }  // namespace quor::report

@@ -6,7 +6,7 @@
 
 #include "report/report.h"
 
-/// How the lines of `Liste` are laid out: a name and a label of 17 characters each, then the L and
+/// How the lines of `lines` are laid out: a name and a label of 17 characters each, then the L and
 /// the V column of 20 characters each, for a fixed-pitch face.
 namespace quor::report {
 
@@ -26,7 +26,7 @@ ListLine red_line(std::string text);
 /// A line of `count` equal characters.
 ListLine rule_line(char c, std::size_t count);
 /// A row of the table; a long name runs into the label's place when there is no label.
-ListLine PhaseRow(std::string_view name, std::string_view label, const PhaseTexts& values);
+ListLine phase_row(std::string_view name, std::string_view label, const PhaseTexts& values);
 /// A label with its sign of equation in a field of 17 characters: "h/ (kJ/kmol)   = ".
 std::string label_field(std::string_view label);
 
@@ -34,7 +34,7 @@ std::string label_field(std::string_view label);
 std::string value32(double value);
 /// A pressure/kPa by a mask that has no unit, below 0.01 kPa as a 32-bit value; `unit` stands
 /// behind either.
-std::string PressureValue(double p, std::string_view mask, std::string_view unit = "");
+std::string pressure_by_mask(double p, std::string_view mask, std::string_view unit = "");
 
 /// The growing text of a list.
 class ListBuilder {
@@ -46,7 +46,7 @@ class ListBuilder {
     /// A title with a line of '=' of its length below it.
     void underlined(const std::string& title);
     void row(std::string_view name, std::string_view label, const PhaseTexts& values) {
-        lines_.push_back(PhaseRow(name, label, values));
+        lines_.push_back(phase_row(name, label, values));
     }
     void blank() { lines_.emplace_back(); }
 

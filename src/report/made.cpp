@@ -32,8 +32,8 @@ const char* caloric_name(models::CaloricUnit unit) {
 }
 
 std::string name_of(const Made& made) {
-    return made.fluid.substance().Name + ", " +
-           text::trim(models::EOSName(made.fluid.models().EOSModel)) + "; " +
+    return made.fluid.substance().name + ", " +
+           text::trim(models::eos_name(made.fluid.models().eos)) + "; " +
            text::trim(made.units.v_label) + ", " + caloric_name(made.units.choice.caloric);
 }
 

@@ -16,11 +16,11 @@ dialogs::Message box(std::string text, std::string title) {
 }
 
 std::string limits(const calculation::Range& range) {
-    return std::to_string(range.TLo) + "..." + std::to_string(range.THi);
+    return std::to_string(range.T_low) + "..." + std::to_string(range.T_high);
 }
 
 dialogs::Message pressure_range(const char* beginning, std::int16_t deviation) {
-    return box(beginning + numbers::Format(deviation, "0") +
+    return box(beginning + numbers::format(deviation, "0") +
                    " K outside parameter validity\n(cf. Data/Parameters vapour pressure equ.)",
                "Warning concerning vapour pressure equation");
 }
@@ -77,14 +77,14 @@ std::vector<dialogs::Message> messages(const calculation::Answer& answer,
         all.push_back(
             box("\"Partial Calculation\" - usable only for phase equilibria (T < T(cr))\n"
                 "(T(cr)/K =" +
-                    numbers::General(substance.Tcrit) + ")",
+                    numbers::general(substance.Tcrit) + ")",
                 dialogs::kNotPossible));
     if (answer.reason == Reason::arithmetic) all.push_back(box(answer.fault, "WARNING"));
     return all;
 }
 
 void show(const std::vector<dialogs::Message>& messages) {
-    for (const dialogs::Message& message : messages) dialogs::Show(message);
+    for (const dialogs::Message& message : messages) dialogs::show(message);
 }
 
 }  // namespace quor::report

@@ -50,13 +50,13 @@ constexpr auto kVaporisationText =
 /// Where the choice is opened from decides what there is to choose.
 enum class Situation { Vaporisation, CubicVle, Cubic, EquationOnly, VapourOnlyVle, VapourOnly };
 
-Situation situation_of(const models::ModelSelection& chosen, Task task, bool assumedVle) {
-    const bool vle = task == Task::state && assumedVle;
-    if (is_vaporisation(task) && chosen.HLVModel == models::VaporisationModel::benson)
+Situation situation_of(const models::ModelSelection& chosen, Task task, bool assumed_vle) {
+    const bool vle = task == Task::state && assumed_vle;
+    if (is_vaporisation(task) && chosen.vaporisation == models::VaporisationModel::benson)
         return Situation::Vaporisation;
-    if (chosen.EOSOnlyV) return vle ? Situation::VapourOnlyVle : Situation::VapourOnly;
+    if (chosen.vapour_only) return vle ? Situation::VapourOnlyVle : Situation::VapourOnly;
     if (vle) return Situation::CubicVle;
-    return chosen.PriorityCEOS ? Situation::Cubic : Situation::EquationOnly;
+    return chosen.eos_has_priority ? Situation::Cubic : Situation::EquationOnly;
 }
 
 std::string text_of(Situation situation) {
@@ -77,32 +77,33 @@ std::string text_of(Situation situation) {
 }
 
 bool has_database_density(const models::SubstanceRecord& s) {
-    return static_cast<double>(s.rhoLTLo) > kPresent && static_cast<double>(s.rhoLTHi) > kPresent;
+    return static_cast<double>(s.rhoL_T_low) > kPresent &&
+           static_cast<double>(s.rhoL_T_high) > kPresent;
 }
 
 }  // namespace
 
 PartialChoice::PartialChoice(models::Fluid fluid, Task task, const calculation::Method& present)
     : method(present), fluid_(std::move(fluid)) {
-    const Situation situation = situation_of(fluid_.models(), task, present.assumedVle);
+    const Situation situation = situation_of(fluid_.models(), task, present.assumed_vle);
     title = "Choose \"Global-/Partial Calculation\" for Phase Equilibrium V-L";
     method.reference = {};
-    method.liquidByBenson = true;
+    method.liquid_by_benson = true;
     choose_reference(Reference::proposed);
-    GlobalSit = text_of(situation);
-    globalEnabled = task != Task::partialTank;
+    situation_text = text_of(situation);
+    global_enabled = task != Task::partialTank;
     switch (situation) {
         case Situation::Cubic:
             choose_global(task != Task::partialTank);
             break;
         case Situation::EquationOnly:
             method.global = task != Task::partialTank;
-            choicesVisible = cancelEnabled = false;
+            choices_visible = cancel_enabled = false;
             title = "Situation of Calculation";
             break;
         case Situation::Vaporisation:
-            modeFrameVisible = false;
-            referenceFrameVisible = true;
+            mode_frame_visible = false;
+            reference_frame_visible = true;
             break;
         default:
             choose_global(false);
@@ -111,32 +112,32 @@ PartialChoice::PartialChoice(models::Fluid fluid, Task task, const calculation::
 }
 
 void PartialChoice::show_global() {
-    globalIndex = 0;
-    densityFrameVisible = referenceFrameVisible = false;
-    lblRhoLimits =
+    global_index = 0;
+    density_frame_visible = reference_frame_visible = false;
+    density_range =
         "Global Calculation: L and V density and p(LV) or T(LV) resp. are calculated using the "
         "cubic EOS. ";
 }
 
 void PartialChoice::show_partial() {
     const models::SubstanceRecord& s = fluid_.substance();
-    globalIndex = 1;
-    densityFrameVisible = true;
-    referenceFrameVisible = method.liquidByBenson;
-    databaseEnabled = has_database_density(s);
-    databaseRange = databaseEnabled ? "valid in the range T/K =" + std::to_string(s.rhoLTLo) +
-                                          "..." + std::to_string(s.rhoLTHi)
-                                    : "(no database function available)";
-    lblRhoLimits =
+    global_index = 1;
+    density_frame_visible = true;
+    reference_frame_visible = method.liquid_by_benson;
+    database_enabled = has_database_density(s);
+    database_range = database_enabled ? "valid in the range T/K =" + std::to_string(s.rhoL_T_low) +
+                                            "..." + std::to_string(s.rhoL_T_high)
+                                      : "(no database function available)";
+    density_range =
         std::string("Partial calculation: L-density by means of ") +
-        (method.liquidByBenson ? "BENSON's method (Mathias/Cailletet),  "
-                               : " database equation rho_L = F(T), ") +
+        (method.liquid_by_benson ? "BENSON's method (Mathias/Cailletet),  "
+                                 : " database equation rho_L = F(T), ") +
         "V density calc. using EOS. For the calculation of p(LV) or T(LV) resp. the cubic EOS is "
         "used.";
 }
 
 bool PartialChoice::choose_global(bool global) {
-    const bool refused = global && fluid_.models().EOSOnlyV;
+    const bool refused = global && fluid_.models().vapour_only;
     method.global = global && !refused;
     if (method.global) {
         show_global();
@@ -147,10 +148,10 @@ bool PartialChoice::choose_global(bool global) {
 }
 
 void PartialChoice::choose_density(bool benson) {
-    method.liquidByBenson = benson;
-    densityIndex = benson ? 0 : 1;
-    referenceFrameVisible = benson;
-    lblRhoLimits =
+    method.liquid_by_benson = benson;
+    density_index = benson ? 0 : 1;
+    reference_frame_visible = benson;
+    density_range =
         benson ? "The L-density is calculated by means of BENSON's method."
                : "The L-density is calculated by means of the database equation rho_L = F(T).";
 }
@@ -164,7 +165,7 @@ void PartialChoice::take_approximation() {
     models::BensonPoint& point = method.reference;
     point = {};
     if (!(static_cast<double>(s.Tboil) > kPresent)) {
-        RefVorschlag = "No normal boiling point available";
+        proposal_text = "No normal boiling point available";
         return;
     }
     const double rhoL = models::benson_approximation(kPressure, s.pcrit, s.rhocrit);
@@ -172,7 +173,7 @@ void PartialChoice::take_approximation() {
                                                          static_cast<double>(kStoredPressure));
     const double rhoV = state.status == kSuccess ? state.rhoV : 0.0;
     point = {s.Tboil, kStoredPressure, static_cast<float>(rhoL), static_cast<float>(rhoV)};
-    RefVorschlag =
+    proposal_text =
         "Reference point calculated by using BENSON's formula for rho_L:\n"
         " T(ref)/K           = " +
         numbers::format_point(static_cast<double>(point.T), "####.#") +
@@ -183,20 +184,20 @@ void PartialChoice::take_approximation() {
         " (BENSON's approximation)\n"
         " rho(V)(ref)/kg/m^3 = " +
         numbers::format_point(rhoV, "##.###") + " (" +
-        text::trim(models::EOSName(fluid_.models().EOSModel)) + ")";
+        text::trim(models::eos_name(fluid_.models().eos)) + ")";
 }
 
 void PartialChoice::take_proposal() {
     const models::BensonProposal proposal = models::propose_benson_reference(fluid_);
     method.reference = proposal.point;
-    RefVorschlag =
+    proposal_text =
         "Proposal for the reference point according to situation:\n" +
         (proposal.text.empty() ? "No data available: choose the manual input" : proposal.text);
 }
 
 void PartialChoice::choose_reference(Reference which) {
-    referenceIndex = static_cast<int>(which);
-    inputEnabled = which == Reference::typed;
+    reference_index = static_cast<int>(which);
+    input_enabled = which == Reference::typed;
     if (which == Reference::approximation) take_approximation();
     if (which == Reference::proposed) take_proposal();
 }

@@ -28,24 +28,24 @@ class PartialChoice {
     calculation::Method method;  ///< what is chosen
 
     std::string title;
-    std::string GlobalSit;  ///< the situation in words
+    std::string situation_text;  ///< the situation in words
 
-    bool choicesVisible = true;    ///< all choice controls; without them only the text is shown
-    bool cancelEnabled = true;     ///< `ESC`
-    bool modeFrameVisible = true;  ///< frame "Mode of Calculation"
-    int globalIndex = 0;           ///< `opt_glob`: 0 global, 1 partial
-    bool globalEnabled = true;     ///< `opt_glob`(0)
+    bool choices_visible = true;     ///< all choice controls; without them only the text is shown
+    bool cancel_enabled = true;      ///< `ESC`
+    bool mode_frame_visible = true;  ///< frame "Mode of Calculation"
+    int global_index = 0;            ///< `opt_glob`: 0 global, 1 partial
+    bool global_enabled = true;      ///< `opt_glob`(0)
 
-    bool densityFrameVisible = false;  ///< frame of `optPartialBenson`
-    int densityIndex = 0;              ///< 0 Benson's method, 1 database equation
-    bool databaseEnabled = false;      ///< `optPartialBenson`(1)
-    std::string databaseRange;         ///< where the database equation is valid
-    std::string lblRhoLimits;
+    bool density_frame_visible = false;  ///< frame of `optPartialBenson`
+    int density_index = 0;               ///< 0 Benson's method, 1 database equation
+    bool database_enabled = false;       ///< `optPartialBenson`(1)
+    std::string database_range;          ///< where the database equation is valid
+    std::string density_range;
 
-    bool referenceFrameVisible = false;
-    int referenceIndex = 0;     ///< `Ref_opt`
-    bool inputEnabled = false;  ///< `RefInput`
-    std::string RefVorschlag;   ///< the reference point in words
+    bool reference_frame_visible = false;
+    int reference_index = 0;     ///< `Ref_opt`
+    bool input_enabled = false;  ///< `RefInput`
+    std::string proposal_text;   ///< the reference point in words
 
   private:
     void show_global();

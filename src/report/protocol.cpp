@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using Rows = std::vector<Protocol::Row>;
-using Kept = std::array<bool, std::tuple_size_v<FuArray>>;
+using Kept = std::array<bool, std::tuple_size_v<ResultNumbers>>;
 
 /// Rows that stand under one head.
 struct Section {
@@ -26,7 +26,7 @@ struct Section {
 /// What is seen of the substance, the models, the units and the reference state.
 bool have_one_head(const Made& a, const Made& b) {
     const models::SubstanceRecord &s = a.fluid.substance(), &t = b.fluid.substance();
-    return s.Name == t.Name && s.Formula == t.Formula && s.CASRN == t.CASRN &&
+    return s.name == t.name && s.formula == t.formula && s.casrn == t.casrn &&
            a.fluid.models() == b.fluid.models() && a.reference == b.reference &&
            a.units.choice == b.units.choice;
 }
@@ -79,7 +79,7 @@ void add_reference(std::vector<std::string>& lines, const Made& made, const Kept
     for (std::size_t i = 0; i < kept.size(); ++i)
         depends = depends || (kept[i] && depends_on_reference(i));
     if (depends)
-        lines.push_back(ReferenceLine(made));
+        lines.push_back(reference_line(made));
     else if (several)
         lines.push_back(model_line(made));
 }
@@ -87,12 +87,12 @@ void add_reference(std::vector<std::string>& lines, const Made& made, const Kept
 void add_section(std::vector<std::string>& lines, const Section& section, char separator,
                  bool several) {
     const Kept kept = kept_values(section);
-    const std::vector<std::string> names = text::split(kFuNames, ';');
+    const std::vector<std::string> names = text::split(kNumberNames, ';');
     std::string heads;
     for (std::size_t i = 0; i < kept.size(); ++i)
         if (kept[i]) heads += names[i] + separator;
-    lines.push_back(section.made.fluid.substance().Name);
-    lines.push_back(section.made.fluid.substance().Formula);
+    lines.push_back(section.made.fluid.substance().name);
+    lines.push_back(section.made.fluid.substance().formula);
     add_unit_lines(lines, section.made.units.choice);
     add_reference(lines, section.made, kept, several);
     lines.emplace_back();
@@ -100,7 +100,7 @@ void add_section(std::vector<std::string>& lines, const Section& section, char s
     for (auto row = section.begin; row != section.end; ++row) {
         std::string line;
         for (std::size_t i = 0; i < kept.size(); ++i)
-            if (kept[i]) line += numbers::General(row->values[i]) + separator;
+            if (kept[i]) line += numbers::general(row->values[i]) + separator;
         lines.push_back(line);
     }
 }
@@ -129,7 +129,7 @@ int separator_index(char separator) {
     }
 }
 
-Result<void> Protocol::add(const Made& made, const FuArray& values) {
+Result<void> Protocol::add(const Made& made, const ResultNumbers& values) {
     Row row{.made = made};
     try {
         std::transform(values.begin(), values.end(), row.values.begin(), numbers::to_single);
@@ -152,8 +152,8 @@ Result<void> Protocol::take_name(const ProtocolPlace& place, const std::string& 
     for (int i = 0;; ++i) {
         files::NewFile made = files::write_new(path(place), bytes);
         own_ = !made.exists && made.written;
-        if (!made.exists || !place.newName || i == kAttempts) return made.written;
-        file = place.newName();
+        if (!made.exists || !place.new_name || i == kAttempts) return made.written;
+        file = place.new_name();
     }
 }
 

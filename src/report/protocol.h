@@ -13,10 +13,10 @@ namespace quor::report {
 
 /// Where and when a protocol is written.
 struct ProtocolPlace {
-    std::filesystem::path folder;          ///< for a file name without one
-    std::string date;                      ///< dd.mm.yyyy
-    char separator = ';';                  ///< of the cells
-    std::function<std::string()> newName;  ///< a name that no file has yet
+    std::filesystem::path folder;           ///< for a file name without one
+    std::string date;                       ///< dd.mm.yyyy
+    char separator = ';';                   ///< of the cells
+    std::function<std::string()> new_name;  ///< a name that no file has yet
 };
 
 /// The CSV protocol: rows of results, each with what it was made with. A new head begins where the
@@ -34,7 +34,7 @@ class Protocol {
     bool pending = false;   ///< rows wait for being written at the end
 
     /// Adds a row. Fails for a value beyond 32 bits.
-    Result<void> add(const Made& made, const FuArray& values);
+    Result<void> add(const Made& made, const ResultNumbers& values);
     /// Writes all rows when some are pending. The first time the file's name is taken exclusively:
     /// where a file of that name exists, another program's, a new name is taken. The
     /// reason of a failure names the file; no row is then lost.

@@ -13,7 +13,7 @@ constexpr std::int16_t kFormation = 10;
 
 std::string general(double value, Numbers how) {
     const auto single = static_cast<float>(value);
-    return how == Numbers::Point ? numbers::general_point(single) : numbers::General(single);
+    return how == Numbers::Point ? numbers::general_point(single) : numbers::general(single);
 }
 
 std::string at(double T, double p, Numbers how) {
@@ -21,14 +21,14 @@ std::string at(double T, double p, Numbers how) {
 }
 
 std::string models_line(const models::ModelSelection& models) {
-    return "Model: " + text::trim(models::EOSName(models.EOSModel)) +
-           "; ideal-gas cp: " + text::trim(models::cp_name(models.CpModel));
+    return "Model: " + text::trim(models::eos_name(models.eos)) +
+           "; ideal-gas cp: " + text::trim(models::cp_name(models.cp_form));
 }
 
 std::string zero_line(const models::ReferenceState& r, Numbers how) {
     const std::string state =
         "ideal gas at " + at(static_cast<double>(r.T0), static_cast<double>(r.p0), how);
-    switch (r.RefMode) {
+    switch (r.mode) {
         case kConventional:
             return "Reference state: conventional h and s, " + state;
         case kFormation:
@@ -50,7 +50,7 @@ std::vector<std::string> reference_lines(const Made& made, bool exergies, Number
     return lines;
 }
 
-std::string ReferenceLine(const Made& made) {
+std::string reference_line(const Made& made) {
     std::string all;
     for (const std::string& line : reference_lines(made)) all += (all.empty() ? "" : "; ") + line;
     return all;

@@ -15,7 +15,7 @@ enum class Numbers { Locale, Point };
 std::vector<std::string> reference_lines(const Made& made, bool exergies = true,
                                          Numbers numbers = Numbers::Locale);
 /// All of it in one line.
-std::string ReferenceLine(const Made& made);
+std::string reference_line(const Made& made);
 /// The line with the models alone.
 std::string model_line(const Made& made);
 

@@ -79,28 +79,28 @@ const char* region_text(Region region, double p) {
 
 /// Captions of the columns and the words on the region.
 void tell_region(Teller& t) {
-    t.out.lblGleich = t.answer.sameDensity;
+    t.out.identical = t.answer.same_density;
     if (!t.answer.region) return;
     const Region region = *t.answer.region;
-    if (region == Region::liquid) t.out.lblVphase = "L-Phase";
-    if (region == Region::vapour && t.answer.p > 0) t.out.lblLphase = "V-Phase";
+    if (region == Region::liquid) t.out.caption_V = "L-Phase";
+    if (region == Region::vapour && t.answer.p > 0) t.out.caption_L = "V-Phase";
     if (region != Region::subcritical) t.out.co1 = {region_text(region, t.answer.p), true, true};
 }
 
 constexpr std::size_t kNumberWidth = 16;
 
 void tell_cubic_parameters(Teller& t) {
-    const models::EOSState& s = *t.answer.parameters;
+    const models::EosState& s = *t.answer.parameters;
     t.list.blank();
     t.list.underlined("Paramet. of the generalized cub. EOS (" +
-                      text::trim(models::EOSName(t.models().EOSModel)) + "):");
+                      text::trim(models::eos_name(t.models().eos)) + "):");
     const auto line = [&](const char* name, double value) {
         t.list.add(name + text::pad_left(value32(value), kNumberWidth));
     };
-    line("  A =", s.eosA);
-    line("  B =", s.eosB);
-    line("  C =", s.eosC);
-    line("  D =", s.eosD);
+    line("  A =", s.a);
+    line("  B =", s.b);
+    line("  C =", s.c);
+    line("  D =", s.d);
 }
 
 void tell_virial_coefficient(Teller& t) {
@@ -136,14 +136,14 @@ std::string state_text(const Answer& a) {
 Report report(const Made& made, const calculation::Request& request, const Answer& answer) {
     Teller t{.made = made, .request = request, .answer = answer};
     if (answer.reason == calculation::Reason::arithmetic) {
-        t.out.panelsHidden = request.task == Task::process;
+        t.out.panels_hidden = request.task == Task::process;
         return t.out;
     }
     try {
         tell_all(t);
-        t.out.State = state_text(answer);
-        if (answer.diagnosable) t.out.cmdCEOSDiagnose = {true, kDiagnoseColour};
-        t.out.Liste = t.list.take();
+        t.out.phases = state_text(answer);
+        if (answer.diagnosable) t.out.diagnosis = {true, kDiagnoseColour};
+        t.out.lines = t.list.take();
     } catch (const std::exception& fault) {
         t.out.fault = fault.what() + lines_so_far(t.list);
     }

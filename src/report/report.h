@@ -17,7 +17,7 @@ struct TextField {
     bool bold = false;
 };
 
-/// A line of `Liste`. Rows of a table also keep their cells, for a copy into a spreadsheet.
+/// A line of `lines`. Rows of a table also keep their cells, for a copy into a spreadsheet.
 struct ListLine {
     std::string text;
     bool red = false;
@@ -34,12 +34,12 @@ struct ButtonState {
 struct Report {
     TextField par1, par2;  ///< specified values
     TextField co1, co2;    ///< remark and main result
-    std::vector<ListLine> Liste;
-    std::string State = "   ";  ///< " V ", " L ", "V+L" or blanks
-    std::string lblLphase = "L-Phase", lblVphase = "V-Phase";
-    bool lblGleich = false;       ///< "identical with" is visible
-    ButtonState cmdCEOSDiagnose;  ///< "Diagnosis of cubic EOS"
-    bool panelsHidden = false;    ///< the polytropic process hides the panels of a single state
+    std::vector<ListLine> lines;
+    std::string phases = "   ";  ///< " V ", " L ", "V+L" or blanks
+    std::string caption_L = "L-Phase", caption_V = "V-Phase";
+    bool identical = false;      ///< "identical with" is visible
+    ButtonState diagnosis;       ///< "Diagnosis of cubic EOS"
+    bool panels_hidden = false;  ///< the polytropic process hides the panels of a single state
     /// A number that cannot be written, in words with the lines so far; the list is empty then.
     std::string fault;
 };
@@ -54,10 +54,10 @@ Report report(const Made& made, const calculation::Request& request,
 /// " V ", " L ", "V+L", or blanks without a phase.
 std::string state_text(const calculation::Answer& answer);
 
-/// The lines of `Liste` joined by '\n'.
-std::string ListText(const Report& result);
+/// The lines of `lines` joined by '\n'.
+std::string list_text(const Report& result);
 
-/// The captions of the two value columns of `Liste`, set above those columns; with `lblGleich` the
+/// The captions of the two value columns of `lines`, set above those columns; with `lblGleich` the
 /// words "identical with" stand between them.
 std::string phase_header(const Report& result);
 

@@ -17,7 +17,7 @@ namespace {
 struct MeanRow {
     Function function;
     const char* label;
-    bool perKelvin;
+    bool per_kelvin;
 };
 
 constexpr MeanRow kMeanRows[] = {
@@ -53,15 +53,15 @@ void mean_functions(Teller& t) {
     for (const MeanRow& row : kMeanRows) {
         const double z = y * pair.vapour->z[row.function] + (1 - y) * pair.liquid->z[row.function];
         const char* unit =
-            row.perKelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)") : (molar ? "kJ/kmol" : "kJ/kg");
+            row.per_kelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)") : (molar ? "kJ/kmol" : "kJ/kg");
         list.add(row.label + value32(z * t.units().caloric) + "  " + unit);
     }
 }
 
-void tell_pressure(Teller& t, double p, bool twoPhase) {
-    const std::string label = twoPhase ? "Vapour pressure p/kPa = " : " System pressure p/kPa = ";
+void tell_pressure(Teller& t, double p, bool two_phase) {
+    const std::string label = two_phase ? "Vapour pressure p/kPa = " : " System pressure p/kPa = ";
     const bool none = p == 0.0 && !t.request.method.global;
-    t.out.co2 = {label + (none ? "(Error)" : PressureValue(p, "####0.000")), none, false};
+    t.out.co2 = {label + (none ? "(Error)" : pressure_by_mask(p, "####0.000")), none, false};
 }
 
 /// What the state solvers say of a failure.
@@ -94,12 +94,12 @@ void tell_given(Teller& t, double rho) {
 
 void tell_state(Teller& t) {
     const calculation::Answer& a = t.answer;
-    if (a.twoPhase && !is_tank(t.request.task))
+    if (a.two_phase && !is_tank(t.request.task))
         t.list.add(std::string(22, ' ') +
-                   "Vapour fraction y(V) = " + numbers::Format(a.y, "0.0#######"));
+                   "Vapour fraction y(V) = " + numbers::format(a.y, "0.0#######"));
     if (a.pLV > 0)
         t.out.co1.text =
-            "vapour pressure by using CEOS: p(LV )= " + PressureValue(a.pLV, "###0.000", " kPa");
+            "vapour pressure by using CEOS: p(LV )= " + pressure_by_mask(a.pLV, "###0.000", " kPa");
     if (a.tank) tank_lines(t, *a.tank);
     if (!a.ok()) {
         tell_failure(t);
@@ -146,20 +146,21 @@ void tell_tank(Teller& t) {
 
 void tank_lines(Teller& t, const calculation::TankContent& c) {
     constexpr auto kAmount = "##0.0000##";
-    const double mL = (c.V - c.VV) * c.rhoL;
-    const double mV = c.VV * c.rhoV;
+    const double mL = (c.V - c.vapour_volume) * c.rhoL;
+    const double mV = c.vapour_volume * c.rhoV;
     ListBuilder& list = t.list;
-    list.add("Vapour fraction y(V) = " + numbers::Format(c.y, "0.0#######"));
-    list.add("volume fraction V-phase phi(V),% = " + numbers::Format(c.VV / c.V, "0.0### %"));
+    list.add("Vapour fraction y(V) = " + numbers::format(c.y, "0.0#######"));
+    list.add("volume fraction V-phase phi(V),% = " +
+             numbers::format(c.vapour_volume / c.V, "0.0### %"));
     list.add("Mass fraction = Mole fract. V-Phase y(V),% = " +
-             numbers::Format(c.VV * c.rhoV / c.m * 100.0, "0.0###") + " %");
+             numbers::format(c.vapour_volume * c.rhoV / c.m * 100.0, "0.0###") + " %");
     // A value stands only in the column of a phase that exists.
     const auto row = [&](const char* label, double L, double V, const char* mask) {
         list.row(label, "",
-                 {c.rhoL > 0 ? numbers::Format(L, mask) : "",
-                  c.rhoV > 0 ? numbers::Format(V, mask) : ""});
+                 {c.rhoL > 0 ? numbers::format(L, mask) : "",
+                  c.rhoV > 0 ? numbers::format(V, mask) : ""});
     };
-    row("Volume                   V/m^3  =  ", c.V - c.VV, c.VV, kAmount);
+    row("Volume                   V/m^3  =  ", c.V - c.vapour_volume, c.vapour_volume, kAmount);
     row("Mass                      m/kg  =  ", mL, mV, kAmount);
     row("amount of substance      n/kmol =  ", faults::divide(mL, t.M()), faults::divide(mV, t.M()),
         "##0.0000");

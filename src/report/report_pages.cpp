@@ -21,14 +21,14 @@ constexpr auto kSigned = " 0.0000E+00;-0.0000E+00";
 /// A label of 14 characters and a colon.
 std::string label(int index) {
     constexpr std::size_t kWidth = 14;
-    return text::pad_right(models::FunctionLabel(index), kWidth) + " : ";
+    return text::pad_right(models::function_label(index), kWidth) + " : ";
 }
 
 /// The row of a value of both phases; `of` takes it from a phase.
 template <class Of>
 void value_row(Teller& t, const std::string& name, const char* mask, Of of) {
     const auto value = [&](const std::optional<PhaseDerivatives>& d) {
-        return d ? numbers::Format(faults::finite(of(*d)), mask) : std::string();
+        return d ? numbers::format(faults::finite(of(*d)), mask) : std::string();
     };
     t.list.row(name, "", {value(t.answer.pages->liquid), value(t.answer.pages->vapour)});
 }
@@ -40,8 +40,8 @@ void residual_page(Teller& t) {
     list.add("diff. Joule-Thomson coefficients; fugacity coeff.; residual functions");
     list.rule('*', kRule);
     for (std::string& line : reference_lines(t.made, false)) list.add(std::move(line));
-    list.add(std::string(models::FunctionLabel(21)) + " (Joule-Thomson coefficient [K/kPa]):");
-    if (t.answer.pages->hasHeatCapacity)
+    list.add(std::string(models::function_label(21)) + " (Joule-Thomson coefficient [K/kPa]):");
+    if (t.answer.pages->has_heat_capacity)
         value_row(t, "", kSigned,
                   [](const PhaseDerivatives& d) { return d.table.residual[models::JouleThomson]; });
     for (int i = 0; i <= 6; ++i) {
@@ -65,7 +65,7 @@ struct DerivativeRow {
     int label;
     bool second;
     std::size_t column;
-    int powerOfVolume;
+    int power_of_volume;
 };
 
 constexpr DerivativeRow kDerivativeRows[] = {
@@ -89,9 +89,9 @@ void inflexion_lines(Teller& t) {
     for (int i = 0; i < points.count; ++i) {
         const auto k = static_cast<std::size_t>(i);
         t.list.add(std::string(i == 0 ? "1st" : "2nd") + " point of inflexion p-v isoth.: v = " +
-                   numbers::Format(points.v[k] * unit, mask) +
-                   ", p = " + numbers::Format(points.p[k], "#####0 kPa") + " (cf. 2nd deriv.=" +
-                   numbers::Format(points.secondDerivative[k] / (unit * unit), "0.0E+00") + ")");
+                   numbers::format(points.v[k] * unit, mask) +
+                   ", p = " + numbers::format(points.p[k], "#####0 kPa") + " (cf. 2nd deriv.=" +
+                   numbers::format(points.second_derivative[k] / (unit * unit), "0.0E+00") + ")");
     }
 }
 
@@ -105,7 +105,7 @@ void derivative_page(Teller& t) {
     for (const DerivativeRow& row : kDerivativeRows)
         value_row(t, label(row.label), kSigned, [&](const PhaseDerivatives& d) {
             const double z = row.second ? d.table.second[row.column] : d.table.first[row.column];
-            return z * std::pow(unit, row.powerOfVolume);
+            return z * std::pow(unit, row.power_of_volume);
         });
     inflexion_lines(t);
 }

@@ -16,17 +16,17 @@ namespace {
 constexpr std::size_t kIndent = 12;
 
 void critical_point_lines(Teller& t) {
-    const models::EOSParameters& eos = t.fluid().eos();
+    const models::EosParameters& eos = t.fluid().eos();
     t.list.add("Critical point!");
-    t.list.add(" T(cr) = " + numbers::Format(t.substance().Tcrit, "####0.00 K"));
-    t.list.add(" p(cr) = " + numbers::Format(t.substance().pcrit, "#####.00 kPa"));
-    if (!(eos.vcritCalc > constants::kPresent)) return;
-    t.list.add("rho(cr) = " + numbers::Format(eos.rhocritCalc, "####.0") + " kg/m^3");
-    t.list.add("  v(cr) = " + value32(eos.vcritCalc) + " m^3/kmol");
+    t.list.add(" T(cr) = " + numbers::format(t.substance().Tcrit, "####0.00 K"));
+    t.list.add(" p(cr) = " + numbers::format(t.substance().pcrit, "#####.00 kPa"));
+    if (!(eos.vcrit_calculated > constants::kPresent)) return;
+    t.list.add("rho(cr) = " + numbers::format(eos.rhocrit_calculated, "####.0") + " kg/m^3");
+    t.list.add("  v(cr) = " + value32(eos.vcrit_calculated) + " m^3/kmol");
 }
 
 std::string pressure_value(double p) {
-    return PressureValue(p, "####0.000", " kPa");
+    return pressure_by_mask(p, "####0.000", " kPa");
 }
 
 bool given_T(const Teller& t) {
@@ -34,8 +34,8 @@ bool given_T(const Teller& t) {
 }
 
 void source_of_liquid(Teller& t) {
-    if (t.answer.otherLiquid)
-        t.list.add(std::string(kIndent, ' ') + (t.request.method.liquidByBenson
+    if (t.answer.other_liquid)
+        t.list.add(std::string(kIndent, ' ') + (t.request.method.liquid_by_benson
                                                     ? "by BENSON's method:"
                                                     : "with database equation rho(T):"));
 }
@@ -47,8 +47,8 @@ void tell_given_tp(Teller& t) {
     const calculation::Answer& a = t.answer;
     t.out.par1.text = temperature_text(a.T);
     t.out.par2.text = pressure_text(a.p);
-    if (a.criticalPoint) critical_point_lines(t);
-    if (t.models().EOSOnlyV && a.B)
+    if (a.critical_point) critical_point_lines(t);
+    if (t.models().vapour_only && a.B)
         t.out.co2.text = " Virialcoeff. B = " + value32(*a.B) + "  m^3/kmol";
     if (!a.ok()) {
         calculation_error(t, error_code(a.status));
@@ -68,7 +68,7 @@ void tell_given_p_rho(Teller& t) {
         t.out.co2 = {" Error", true, false};
         return;
     }
-    t.out.co2.text = " T = " + numbers::Format(a.T, "###0.000 K");
+    t.out.co2.text = " T = " + numbers::format(a.T, "###0.000 K");
     if (a.ok())
         density_lines(t);
     else
@@ -82,12 +82,12 @@ namespace {
 /// True when the given value is told and nothing else can be.
 bool tell_given_equilibrium(Teller& t) {
     if (tell_missing(t)) return true;
-    const bool byT = given_T(t);
+    const bool by_T = given_T(t);
     const std::string given =
-        byT ? temperature_text(t.request.given.T) : pressure_text(t.request.given.p);
+        by_T ? temperature_text(t.request.given.T) : pressure_text(t.request.given.p);
     t.out.par1.text = given;
     if (!t.failed(Reason::aboveCritical)) return false;
-    t.out.par1 = {given + (byT ? " > T(cr) !!!" : " > p(cr) !!!"), true, false};
+    t.out.par1 = {given + (by_T ? " > T(cr) !!!" : " > p(cr) !!!"), true, false};
     return true;
 }
 
@@ -99,23 +99,23 @@ void tell_measured(Teller& t) {
             given_T(t) ? "  No p(LV) available from data set" : " No T(LV) available/calculable",
             true, false};
     else
-        t.out.co2.text = given_T(t)
-                             ? " p(LV)(from data set) = " + PressureValue(a.p, "####0.0#", " kPa")
-                             : " T(LV) (from data set) = " + numbers::Format(a.T, "####.0# K");
+        t.out.co2.text =
+            given_T(t) ? " p(LV)(from data set) = " + pressure_by_mask(a.p, "####0.0#", " kPa")
+                       : " T(LV) (from data set) = " + numbers::format(a.T, "####.0# K");
 }
 
 void tell_partial(Teller& t) {
     const calculation::Answer& a = t.answer;
     t.out.co1.text = given_T(t) ? "p(LV) from actual vapour pressure equation:"
                                 : "T(LV) by using actual vapour pressure equation:";
-    t.out.co2.text = given_T(t) ? pressure_value(a.p) : numbers::Format(a.T, "####.000 K");
+    t.out.co2.text = given_T(t) ? pressure_value(a.p) : numbers::format(a.T, "####.000 K");
 }
 
 void tell_cubic(Teller& t) {
     const calculation::Answer& a = t.answer;
     t.out.co1.text = given_T(t) ? "p(LV) by using the cubic EOS: " : "T(LV) by using cubic EOS";
     t.out.co2.text = given_T(t) ? " p(LV) = " + pressure_value(a.p)
-                                : " T(LV) = " + numbers::Format(a.T, "####.000 K");
+                                : " T(LV) = " + numbers::format(a.T, "####.000 K");
     t.list.add(std::string(kIndent, ' ') + "by using cubic EOS:");
     density_lines(t);
 }
@@ -124,7 +124,7 @@ void tell_equation(Teller& t) {
     constexpr std::size_t kRule = 75;
     const calculation::Answer& a = t.answer;
     t.out.co2.text = given_T(t) ? " p(LV) = " + pressure_value(a.p)
-                                : "T(LV) = " + numbers::Format(a.T, "###0.0# K");
+                                : "T(LV) = " + numbers::format(a.T, "###0.0# K");
     t.list.add_red(std::string(kRule, '='));
     t.list.add_red(std::string(kIndent, ' ') +
                    "(Calculation of density not possible by using a vapour pressure equation" +
@@ -139,8 +139,8 @@ void tell_equilibrium(Teller& t) {
     const calculation::Answer& a = t.answer;
     const bool global = t.request.method.global;
     if (t.failed(Reason::solver)) {
-        const bool TofEos = global && t.models().PriorityCEOS && !given_T(t);
-        calculation_error(t, (TofEos ? " T(LV) = " : "") + error_code(a.status));
+        const bool T_of_eos = global && t.models().eos_has_priority && !given_T(t);
+        calculation_error(t, (T_of_eos ? " T(LV) = " : "") + error_code(a.status));
         return;
     }
     if (a.source == calculation::Source::dataSet) tell_measured(t);
@@ -165,7 +165,7 @@ std::string column(const std::string& text) {
 }
 
 std::string value_column(double value) {
-    return column(std::isfinite(value) ? numbers::General(numbers::to_single(value)) : "");
+    return column(std::isfinite(value) ? numbers::general(numbers::to_single(value)) : "");
 }
 
 std::string process_line(const Teller& t, const calculation::ProcessState& s) {
@@ -182,15 +182,15 @@ std::string process_line(const Teller& t, const calculation::ProcessState& s) {
 }  // namespace
 
 void tell_process(Teller& t) {
-    t.out.panelsHidden = true;
+    t.out.panels_hidden = true;
     if (tell_missing(t)) return;
     t.out.par1.text = temperature_text(t.answer.T);
     t.out.par2.text = pressure_text(t.answer.p);
     if (t.answer.process.empty()) return;
     const calculation::Process& process = t.request.process;
     const models::CaloricUnit unit = t.units().choice.caloric;
-    t.list.add("Polytropic process, n = " + numbers::General(process.exponent) +
-               ", kappa = " + numbers::General(process.kappa));
+    t.list.add("Polytropic process, n = " + numbers::general(process.exponent) +
+               ", kappa = " + numbers::general(process.kappa));
     for (std::string& line : reference_lines(t.made)) t.list.add(std::move(line));
     t.list.add(column("T/K") + column("p/kPa") + column("v/(" + t.units().v_label + ")") +
                column(text::trim(caloric_label(calculation::kH, unit))) +

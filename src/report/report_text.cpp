@@ -18,17 +18,17 @@ std::string fields_as_text(const Report& r) {
 }
 
 bool has_phase_columns(const Report& r) {
-    for (const ListLine& line : r.Liste)
+    for (const ListLine& line : r.lines)
         if (line.cells.size() == 3) return true;
     return false;
 }
 
 }  // namespace
 
-std::string ListText(const Report& result) {
+std::string list_text(const Report& result) {
     std::string all;
-    for (const ListLine& line : result.Liste) {
-        if (&line != &result.Liste.front()) all += '\n';
+    for (const ListLine& line : result.lines) {
+        if (&line != &result.lines.front()) all += '\n';
         all += line.text;
     }
     return all;
@@ -36,23 +36,23 @@ std::string ListText(const Report& result) {
 
 std::string phase_header(const Report& result) {
     const std::string blanks(2 * kLabelWidth, ' ');
-    if (result.lblGleich)
-        return blanks + text::pad_left(result.lblLphase + " identical with " + result.lblVphase,
+    if (result.identical)
+        return blanks + text::pad_left(result.caption_L + " identical with " + result.caption_V,
                                        2 * kValueWidth);
-    return blanks + text::pad_left(result.lblLphase, kValueWidth) +
-           text::pad_left(result.lblVphase, kValueWidth);
+    return blanks + text::pad_left(result.caption_L, kValueWidth) +
+           text::pad_left(result.caption_V, kValueWidth);
 }
 
 std::string result_as_text(const Report& result) {
     std::string all = fields_as_text(result);
     if (has_phase_columns(result)) all += phase_header(result) + '\n';
-    return all + with_break(ListText(result));
+    return all + with_break(list_text(result));
 }
 
 std::string result_as_table(const Report& result) {
     std::string all = fields_as_text(result);
-    if (has_phase_columns(result)) all += '\t' + result.lblLphase + '\t' + result.lblVphase + '\n';
-    for (const ListLine& line : result.Liste) {
+    if (has_phase_columns(result)) all += '\t' + result.caption_L + '\t' + result.caption_V + '\n';
+    for (const ListLine& line : result.lines) {
         if (line.cells.empty()) {
             all += line.text;
         } else {

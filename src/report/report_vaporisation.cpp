@@ -34,29 +34,29 @@ const UnitLabels& labels(const Teller& t) {
 
 std::string caloric_number(double value) {
     constexpr double kLarge = 1000.0;
-    return numbers::Format(value, value < kLarge ? "##0.00" : "##########.0");
+    return numbers::format(value, value < kLarge ? "##0.00" : "##########.0");
 }
 
 /// True when nothing can be told behind the given value.
 bool tell_given(Teller& t) {
     if (tell_missing(t)) return true;
-    const bool byT = given_T(t);
+    const bool by_T = given_T(t);
     const std::string given =
-        byT ? temperature_text(t.request.given.T) : pressure_text(t.request.given.p);
+        by_T ? temperature_text(t.request.given.T) : pressure_text(t.request.given.p);
     t.out.par1.text = given;
     if (!t.failed(Reason::aboveCritical)) return false;
-    t.out.par1 = {given + (byT ? " >= T(cr) !!!" : " >= p(cr) !!!"), true, false};
+    t.out.par1 = {given + (by_T ? " >= T(cr) !!!" : " >= p(cr) !!!"), true, false};
     return true;
 }
 
 void compressibility_lines(Teller& t) {
     const models::EnthalpyOfVaporisationResult& r = t.answer.vaporisation->found;
-    const models::VaporisationModel method = t.models().HLVModel;
+    const models::VaporisationModel method = t.models().vaporisation;
     if (method != VaporisationModel::databaseDensity && method != VaporisationModel::benson) return;
     t.list.add("Following compressibility factors z were used:");
     t.list.add("z(L) = " + value32(r.zL));
     t.list.add("z(V) = " + value32(r.zV));
-    t.list.add("z(V) by using " + text::trim(models::EOSName(t.models().EOSModel)));
+    t.list.add("z(V) by using " + text::trim(models::eos_name(t.models().eos)));
     t.list.add(method == VaporisationModel::benson
                    ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
                    : "rho_L for z_L by using database function rho_L = Fu(T)");
@@ -66,16 +66,16 @@ void tell_main_result(Teller& t) {
     const calculation::Answer& a = t.answer;
     t.out.co1.text = a.vaporisation->found.explanation;
     if (!given_T(t))
-        t.out.co2.text = " T(LV) = " + numbers::Format(a.T, "####.000 K");
+        t.out.co2.text = " T(LV) = " + numbers::format(a.T, "####.000 K");
     else if (a.p > constants::kPresent)
-        t.out.co2.text = " p(LV) = " + PressureValue(a.p, "####0.000", " kPa");
+        t.out.co2.text = " p(LV) = " + pressure_by_mask(a.p, "####0.000", " kPa");
 }
 
 void result_lines(Teller& t) {
     constexpr std::size_t kRule = 70;
     const double h = *t.answer.hLV * t.units().caloric;
     t.list.add("Enthalpy of vaporization from " +
-               text::trim(models::hlv_name(t.models().HLVModel)));
+               text::trim(models::hlv_name(t.models().vaporisation)));
     t.list.rule('-', kRule);
     t.list.add(std::string(labels(t).h) + " = " + caloric_number(h));
     t.list.add(std::string("(enthalpy of vapor. delta(LV)s = delta(LV)h / T: ") + labels(t).s +
@@ -106,7 +106,7 @@ void tell_virial(Teller& t) {
     t.out.par1.text = temperature_text(t.answer.T);
     t.list.underlined("Comparison of Virial Coefficients, [B] = m^3/kmol");
     for (const calculation::VirialValue& one : t.answer.virials) {
-        const std::string name = text::pad_right(models::EOSName(one.eos), kNameWidth);
+        const std::string name = text::pad_right(models::eos_name(one.eos), kNameWidth);
         const std::string value = value32(one.B);
         t.list.add({name + " {B} = " + text::pad_left(value, kNumberWidth),
                     false,
@@ -149,8 +149,8 @@ const FunctionRow& row_of(Task task) {
 
 void density_of_database(Teller& t, const char* label, double rho) {
     t.list.add(label + value32(rho) + " kg/m^3");
-    t.list.add("v  /m^3/kmol = " + numbers::Format(t.M() / rho, "##0.000###"));
-    t.list.add("v  /m^3/kg   = " + numbers::Format(1.0 / rho, "##0.000###"));
+    t.list.add("v  /m^3/kmol = " + numbers::format(t.M() / rho, "##0.000###"));
+    t.list.add("v  /m^3/kg   = " + numbers::format(1.0 / rho, "##0.000###"));
 }
 
 void value_of_database(Teller& t, const char* label, double value) {
@@ -187,8 +187,8 @@ void tell_database_function(Teller& t) {
     t.out.co2.text = temperature_text(t.answer.T);
     if (!range.known()) return;
     t.list.add("The function is valid within the following temperature limits:");
-    t.list.add(" T(Lo)/K = " + std::to_string(range.TLo));
-    t.list.add(" T(Hi)/K = " + std::to_string(range.THi));
+    t.list.add(" T(Lo)/K = " + std::to_string(range.T_low));
+    t.list.add(" T(Hi)/K = " + std::to_string(range.T_high));
 }
 
 }  // namespace quor::report

@@ -10,7 +10,7 @@ using calculation::Task;
 
 namespace {
 
-/// Values in the order of `models::FunctionLabel`.
+/// Values in the order of `models::function_label`.
 std::array<double, 24> in_label_order(const calculation::PhaseDerivatives& d) {
     std::array<double, 24> z{};
     for (std::size_t i = 0; i < 6; ++i) z[i] = d.table.first[i + 1];
@@ -26,13 +26,13 @@ std::array<double, 24> in_label_order(const calculation::PhaseDerivatives& d) {
 }
 
 void set_functions(const calculation::FunctionPair& pair, ResultRecord& r) {
-    if (pair.liquid && pair.liquid->status == kSuccess) r.FuL.caloric = pair.liquid->z;
-    if (pair.vapour && pair.vapour->status == kSuccess) r.FuV.caloric = pair.vapour->z;
+    if (pair.liquid && pair.liquid->status == kSuccess) r.liquid.caloric = pair.liquid->z;
+    if (pair.vapour && pair.vapour->status == kSuccess) r.vapour.caloric = pair.vapour->z;
 }
 
 void set_pages(const calculation::PageValues& pages, ResultRecord& r) {
-    if (pages.liquid) r.FuL.extended = in_label_order(*pages.liquid);
-    if (pages.vapour) r.FuV.extended = in_label_order(*pages.vapour);
+    if (pages.liquid) r.liquid.extended = in_label_order(*pages.liquid);
+    if (pages.vapour) r.vapour.extended = in_label_order(*pages.vapour);
     if (pages.functions && !pages.functions->failed()) set_functions(*pages.functions, r);
 }
 
@@ -45,7 +45,7 @@ bool finds_t(Task task) {
 void tell_all(TaskResult& r) {
     r.report = report(r.made, r.request, r.answer);
     if (!r.report.fault.empty()) return;
-    r.Fu = function_values(r.made, r.request, r.answer);
+    r.numbers = function_values(r.made, r.request, r.answer);
     r.record = record_of(r.answer);
 }
 
@@ -56,7 +56,7 @@ ResultRecord record_of(const Answer& a) {
     if (!a.ok() || is_database_function(a.task) || a.task == Task::process ||
         a.task == Task::virial)
         return r;
-    r.State = state_text(a);
+    r.phases = state_text(a);
     if (a.phases.vapour) r.rhoV = numbers::to_single(a.phases.vapour->rho);
     if (a.phases.liquid) r.rhoL = numbers::to_single(a.phases.liquid->rho);
     r.p = numbers::to_single(a.p);
@@ -89,8 +89,8 @@ TaskResult make_result(const models::Fluid& fluid, const models::ReferenceState&
         }
         r.record = {};
     }
-    if (r.failed()) r.report.State = "   ";
-    if (!r.report.fault.empty()) r.report.cmdCEOSDiagnose = {};
+    if (r.failed()) r.report.phases = "   ";
+    if (!r.report.fault.empty()) r.report.diagnosis = {};
     return r;
 }
 

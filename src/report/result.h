@@ -9,17 +9,17 @@ namespace quor::report {
 /// Functions of one phase for the comparison lists.
 struct PhaseRecord {
     std::array<double, 11> caloric{};   ///< v, h, s, g, u, a, e(H), e(U), cp, cv, w
-    std::array<double, 24> extended{};  ///< values in the order of `models::FunctionLabel`
+    std::array<double, 24> extended{};  ///< values in the order of `models::function_label`
 };
 
 /// The result of one data set as 32-bit values.
 struct ResultRecord {
-    std::string State = "   ";  ///< " V ", " L ", "V+L" or blanks
-    float T = 0;                ///< calculated T, K
-    float p = 0;                ///< calculated p, kPa
-    float rhoV = 0, rhoL = 0;   ///< calculated densities, kg/m^3
-    float hLV = 0;              ///< calculated delta(LV)h, kJ/kmol
-    PhaseRecord FuV, FuL;
+    std::string phases = "   ";  ///< " V ", " L ", "V+L" or blanks
+    float T = 0;                 ///< calculated T, K
+    float p = 0;                 ///< calculated p, kPa
+    float rhoV = 0, rhoL = 0;    ///< calculated densities, kg/m^3
+    float hLV = 0;               ///< calculated delta(LV)h, kJ/kmol
+    PhaseRecord vapour, liquid;
 };
 
 /// The record of an answer; an empty one after a failure. Throws `faults::Fault` for a number
@@ -36,9 +36,9 @@ struct TaskResult {
     calculation::Request request;
     calculation::Answer answer;
     Report report;
-    FuArray Fu{};
+    ResultNumbers numbers{};
     ResultRecord record;
-    std::size_t dataSet = 0;  ///< number of the measured data set, from 1 on; 0 is a direct input
+    std::size_t data_set = 0;  ///< number of the measured data set, from 1 on; 0 is a direct input
 
     bool failed() const { return !answer.ok() || !report.fault.empty(); }
     /// The calculation was refused: it shows nothing.

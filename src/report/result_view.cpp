@@ -14,22 +14,22 @@ bool is_without_list(Task task) {
 
 }  // namespace
 
-std::string input_caption(std::size_t dataSet) {
-    return dataSet > 0 ? " Specification value from set #" + std::to_string(dataSet)
-                       : " Specification value from input ";
+std::string input_caption(std::size_t data_set) {
+    return data_set > 0 ? " Specification value from set #" + std::to_string(data_set)
+                        : " Specification value from input ";
 }
 
 ResultView describe_result_view(Task task, const calculation::Method& method, bool batch) {
     ResultView view;
     view.title = title_of(task, method);
     view.caption = caption_of(task, method);
-    view.okCaption = batch ? "=>Load" : "Close";
-    view.stepVisible = batch;
-    view.resultOutputVisible = batch && !is_without_list(task);
-    view.protocolVisible = !is_tank(task);
+    view.ok_caption = batch ? "=>Load" : "Close";
+    view.step_visible = batch;
+    view.result_output_visible = batch && !is_without_list(task);
+    view.protocol_visible = !is_tank(task);
     view.wide = task == Task::process;
-    view.extendedVisible = !is_vaporisation(task) && !is_without_list(task);
-    view.extendedEnabled = !is_equilibrium(task) || method.global;
+    view.extended_visible = !is_vaporisation(task) && !is_without_list(task);
+    view.extended_enabled = !is_equilibrium(task) || method.global;
     return view;
 }
 

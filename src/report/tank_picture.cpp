@@ -36,21 +36,21 @@ TankPicture describe_tank(const TankState& tank) {
     picture.supercritical = tank.T >= tank.Tcrit;
 
     if (picture.error) {
-        picture.levelText = "Error";
+        picture.level_text = "Error";
     } else {
-        picture.levelText =
+        picture.level_text =
             "Filling level " + numbers::format_point(picture.level, "##0.0#") + "vol.-%";
-        picture.lowerText = picture.supercritical ? " supercritical" : "  L-phase";
-        picture.upperText = picture.supercritical ? "" : "  V-phase";
+        picture.lower_text = picture.supercritical ? " supercritical" : "  L-phase";
+        picture.upper_text = picture.supercritical ? "" : "  V-phase";
     }
 
     const double p = tank.p;
     if (picture.error) {
-        picture.pText = " Error: v < B";
+        picture.p_text = " Error: v < B";
         picture.hint = "cf. help \"Tank\"";
     } else if (!full) {
-        picture.pText =
-            "p = " + numbers::Format(p, p < kLargePressure ? "###0.0## kPa" : "######0.0# kPa");
+        picture.p_text =
+            "p = " + numbers::format(p, p < kLargePressure ? "###0.0## kPa" : "######0.0# kPa");
     }
 
     picture.mirrored = picture.level > kHalf && picture.level <= kLargestMirrored;

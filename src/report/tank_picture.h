@@ -30,11 +30,11 @@ struct TankPicture {
     std::string title;    ///< of the view
     std::string caption;  ///< of the frame
     double level = 0;     ///< filling level, per cent of the volume, 0 to 100
-    std::string levelText;
-    std::string pText;
+    std::string level_text;
+    std::string p_text;
     std::string hint;            ///< where help on an error is, else empty
-    std::string lowerText;       ///< in the filled part
-    std::string upperText;       ///< in the rest
+    std::string lower_text;      ///< in the filled part
+    std::string upper_text;      ///< in the rest
     bool supercritical = false;  ///< one colour
     bool error = false;          ///< red
     /// The smaller of the two parts for the section of the cylinder, per cent; `mirrored` when that

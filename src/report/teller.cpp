@@ -8,15 +8,15 @@ using calculation::Phase;
 using calculation::Reason;
 
 std::string temperature_text(double T) {
-    return "T = " + numbers::Format(T, "###0.000 K");
+    return "T = " + numbers::format(T, "###0.000 K");
 }
 
 std::string pressure_text(double p) {
-    return "p = " + PressureValue(p, "####0.000", " kPa");
+    return "p = " + pressure_by_mask(p, "####0.000", " kPa");
 }
 
 std::string density_text(double rho) {
-    return "rho = " + numbers::Format(rho, "###0.0###") + " kg/m^3";
+    return "rho = " + numbers::format(rho, "###0.0###") + " kg/m^3";
 }
 
 std::string error_code(Status status) {

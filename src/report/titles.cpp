@@ -70,7 +70,7 @@ std::string title_of(Task task, const calculation::Method& method) {
     if (is_tank(task)) {
         if (method.global) return plain + kGlobal;
         return plain + " (partial calculation, rho_L " +
-               (method.liquidByBenson ? " by BENSON's method)" : " (from database)");
+               (method.liquid_by_benson ? " by BENSON's method)" : " (from database)");
     }
     if (is_equilibrium(task)) return plain + (method.global ? kGlobal : " (partial calculation)");
     return task == Task::functions ? plain + kGlobal : plain;

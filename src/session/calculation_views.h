@@ -8,16 +8,16 @@ namespace quor::session {
 /// tests and tools functions of their own; the default does nothing.
 struct CalculationViews {
     /// `PartialChoiceDialog`, modal; goes on by itself. False when it was cancelled.
-    std::function<bool()> openCalcIn = [] { return false; };
-    std::function<void()> openResultView = [] {};  ///< `ResultView`; calculates as it opens
-    std::function<void()> showResultView = [] {};  ///< brings it to the front
-    std::function<void()> closeResultView = [] {};
-    std::function<void()> openParinput = [] {};  ///< `DirectInputView` in front, not modal
-    std::function<void()> closeParinput = [] {};
-    std::function<void()> openTankView = [] {};  ///< `TankView`
-    std::function<void()> closeTankView = [] {};
-    std::function<void()> openProcessView = [] {};  ///< `ProcessLineDialog`, polytropic form
-    std::function<void()> prepareDiagram = [] {};   ///< goes on with the current diagram
+    std::function<bool()> open_partial_choice = [] { return false; };
+    std::function<void()> open_result_view = [] {};  ///< `ResultView`; calculates as it opens
+    std::function<void()> show_result_view = [] {};  ///< brings it to the front
+    std::function<void()> close_result_view = [] {};
+    std::function<void()> open_direct_input = [] {};  ///< `DirectInputView` in front, not modal
+    std::function<void()> close_direct_input = [] {};
+    std::function<void()> open_tank_view = [] {};  ///< `TankView`
+    std::function<void()> close_tank_view = [] {};
+    std::function<void()> open_process_view = [] {};  ///< `ProcessLineDialog`, polytropic form
+    std::function<void()> prepare_diagram = [] {};    ///< goes on with the current diagram
 };
 
 }  // namespace quor::session

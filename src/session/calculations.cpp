@@ -27,19 +27,20 @@ bool asks_for_vle() {
 bool needs_preparation(const Session& session) {
     const Task task = session->calculation.task;
     if (is_equilibrium(task)) return true;
-    if (task == Task::state) return session->calculation.method.assumedVle;
-    return is_vaporisation(task) && session->models.HLVModel == models::VaporisationModel::benson;
+    if (task == Task::state) return session->calculation.method.assumed_vle;
+    return is_vaporisation(task) &&
+           session->models.vaporisation == models::VaporisationModel::benson;
 }
 
 calculation::Process present_process(const Session& session) {
-    const diagrams::ProcessLine& line = session->processLine;
+    const diagrams::ProcessLine& line = session->process_line;
     calculation::Process process{.T1 = line.T1,
                                  .p1 = line.p1,
-                                 .exponent = line.polytropicExponent,
+                                 .exponent = line.polytropic_exponent,
                                  .kappa = line.kappa,
                                  .liquid = !line.vapour,
                                  .points = {}};
-    for (const diagrams::PolytropicPoint& point : line.polytropicPoints)
+    for (const diagrams::PolytropicPoint& point : line.polytropic_points)
         process.points.push_back({point.T, point.p});
     return process;
 }
@@ -60,12 +61,12 @@ std::size_t next_active(const Session& session, std::size_t number, int by) {
 
 void step(Session& session, int by) {
     const std::size_t next =
-        next_active(session, session->calculation.dataSet + static_cast<std::size_t>(by), by);
+        next_active(session, session->calculation.data_set + static_cast<std::size_t>(by), by);
     if (next == 0)
-        dialogs::Beep();
+        dialogs::beep();
     else
-        session.change()->calculation.dataSet = next;
-    calculate(session, present_request(session), session->calculation.dataSet);
+        session.change()->calculation.data_set = next;
+    calculate(session, present_request(session), session->calculation.data_set);
     report::show(messages(session->results.current, report::Tell::remarks));
 }
 
@@ -98,52 +99,52 @@ calculation::Request present_request(const Session& session) {
         request.process = present_process(session);
         return request;
     }
-    if (state.dataSet == 0) return request;
+    if (state.data_set == 0) return request;
     const auto sets = measured_sets(session);
-    return report::measured_request(state, state.dataSet <= sets.size()
-                                               ? sets[state.dataSet - 1]
+    return report::measured_request(state, state.data_set <= sets.size()
+                                               ? sets[state.data_set - 1]
                                                : calculation::BatchDataSet{});
 }
 
 const report::TaskResult& calculate(Session& session, const calculation::Request& request,
-                                    std::size_t dataSet) {
+                                    std::size_t data_set) {
     const auto now = session.change();
     report::ResultSet& results = now->results;
     results.current = report::make_result(session.fluid(), session->reference,
                                           unit_choice(session.state()), request);
-    results.current.dataSet = dataSet;
-    if (dataSet >= 1 && dataSet <= results.rows.size())
-        results.rows[dataSet - 1] = results.current.record;
+    results.current.data_set = data_set;
+    if (data_set >= 1 && data_set <= results.rows.size())
+        results.rows[data_set - 1] = results.current.record;
     return results.current;
 }
 
 // ---- Menu --------------------------------------------------------------------------------------
 
 bool start_calculation(Session& session, const CalculationViews& views) {
-    const bool direct = !session->batchMode;
+    const bool direct = !session->batch_mode;
     if (session->calculation.task == Task::none)
         session.change()->calculation.task = Task::pressureOfVapour;
     const Task task = session->calculation.task;
-    if (task == Task::pressureOfLiquid && session->models.EOSOnlyV) {
+    if (task == Task::pressureOfLiquid && session->models.vapour_only) {
         session.change()->calculation.task = Task::none;
         dialogs::refuse("possible only by using a  cubic EOS");
         return true;
     }
-    session.change()->calculation.method.assumedVle = false;
+    session.change()->calculation.method.assumed_vle = false;
     if (direct) {
         session.change()->calculation.input =
             is_tank(task) ? report::InputKind::tank : report::InputKind::state;
-        if (task == Task::partialTank) return views.openCalcIn();
+        if (task == Task::partialTank) return views.open_partial_choice();
     }
     const bool vle = direct && task == Task::state && asks_for_vle();
-    session.change()->calculation.method.assumedVle = vle;
-    if (needs_preparation(session)) return views.openCalcIn();
+    session.change()->calculation.method.assumed_vle = vle;
+    if (needs_preparation(session)) return views.open_partial_choice();
     if (task == Task::process) {
-        views.openProcessView();
+        views.open_process_view();
         return true;
     }
-    views.openResultView();
-    if (direct) views.openParinput();
+    views.open_result_view();
+    if (direct) views.open_direct_input();
     return true;
 }
 
@@ -153,8 +154,8 @@ void run_calculation(Session& session, Task task, const CalculationViews& views)
         const auto now = session.change();
         now->calculation.task = task;
         if (task == Task::process) {
-            now->processLine.kind = diagrams::ProcessKind::polytropic;
-            now->processLine.fromCalculation = true;
+            now->process_line.kind = diagrams::ProcessKind::polytropic;
+            now->process_line.from_calculation = true;
         }
         if (task == Task::globalTank) now->calculation.method.global = true;
     }
@@ -162,38 +163,38 @@ void run_calculation(Session& session, Task task, const CalculationViews& views)
         session.change()->calculation = before;
         return;
     }
-    if (is_tank(session->calculation.task)) views.closeResultView();
+    if (is_tank(session->calculation.task)) views.close_result_view();
 }
 
 void prepare_calculation_menu(Session& session, const CalculationViews& views) {
-    if (session->batchMode && session->measured.points.empty())
+    if (session->batch_mode && session->measured.points.empty())
         dialogs::refuse(
             "This mode of calculation is possible only when \n"
             "batch data (= exper. T-p-rho,..-data) are available.\n\n"
             "Enter batch-data\n"
             "(via file or manual input) => menue \"Data/exper. data...\"");
-    views.closeResultView();
-    views.closeParinput();
-    views.closeTankView();
+    views.close_result_view();
+    views.close_direct_input();
+    views.close_tank_view();
 }
 
 report::PartialChoice open_partial_choice(const Session& session) {
     return {session.fluid(), session->calculation.task, session->calculation.method};
 }
 
-void confirm_partial_choice(Session& session, const report::PartialChoice& choice, bool forDiagram,
+void confirm_partial_choice(Session& session, const report::PartialChoice& choice, bool for_diagram,
                             const CalculationViews& views) {
     session.change()->calculation.method = choice.method;
-    views.closeParinput();
-    if (forDiagram) {
-        views.prepareDiagram();
+    views.close_direct_input();
+    if (for_diagram) {
+        views.prepare_diagram();
         return;
     }
     const bool tank = session->calculation.task == Task::partialTank;
-    if (!tank) views.openResultView();
-    if (session->batchMode) return;
+    if (!tank) views.open_result_view();
+    if (session->batch_mode) return;
     session.change()->calculation.input = tank ? report::InputKind::tank : report::InputKind::state;
-    views.openParinput();
+    views.open_direct_input();
 }
 
 // ---- Input view --------------------------------------------------------------------------------
@@ -202,7 +203,7 @@ report::InputForm input_form(const Session& session, bool amount) {
     const report::CalculationState& state = session->calculation;
     return {.kind = state.input,
             .task = state.task,
-            .volume = state.volumeInput,
+            .volume = state.volume_input,
             .amount = amount,
             .system = report::volume_system(unit_choice(session.state()), session.fluid())};
 }
@@ -231,7 +232,7 @@ InputResult calculate_tank(Session& session, const calculation::Tank& tank) {
 InputResult accept_input(Session& session, const std::array<std::string, 4>& texts, bool amount) {
     const auto typed = accept(session, input_form(session, amount), texts);
     if (!typed) return InputResult::Refused;
-    session.change()->calculation.dataSet = 0;
+    session.change()->calculation.data_set = 0;
     if (const auto* tank = std::get_if<calculation::Tank>(&*typed))
         return calculate_tank(session, *tank);
     session.change()->calculation.direct = std::get<report::DirectValues>(*typed);
@@ -240,8 +241,8 @@ InputResult accept_input(Session& session, const std::array<std::string, 4>& tex
 }
 
 void cancel_input(const CalculationViews& views) {
-    views.closeParinput();
-    views.closeResultView();
+    views.close_direct_input();
+    views.close_result_view();
 }
 
 std::optional<models::BensonPoint> accept_reference(const Session& session,
@@ -254,14 +255,15 @@ std::optional<models::BensonPoint> accept_reference(const Session& session,
 // ---- Result view -------------------------------------------------------------------------------
 
 report::ResultView open_result_view(Session& session) {
-    const bool batch = session->batchMode;
+    const bool batch = session->batch_mode;
     {
         const auto now = session.change();
         now->calculation.pages = {};
         forget_other_substances(session);
         now->results.rows.assign(measured_sets(session).size(), {});
-        now->calculation.dataSet = batch ? std::max<std::size_t>(next_active(session, 1, 1), 1) : 0;
-        calculate(session, present_request(session), now->calculation.dataSet);
+        now->calculation.data_set =
+            batch ? std::max<std::size_t>(next_active(session, 1, 1), 1) : 0;
+        calculate(session, present_request(session), now->calculation.data_set);
     }
     if (batch) report::show(messages(session->results.current, report::Tell::remarks));
     return report::describe_result_view(session->calculation.task, session->calculation.method,
@@ -272,7 +274,7 @@ void recalculate(Session& session) {
     const report::TaskResult& shown = session->results.current;
     calculation::Request request = shown.request;
     request.pages = session->calculation.pages;
-    report::show(messages(calculate(session, request, shown.dataSet), report::Tell::remarks));
+    report::show(messages(calculate(session, request, shown.data_set), report::Tell::remarks));
 }
 
 void step_forward(Session& session) {
@@ -295,8 +297,8 @@ void set_extended_pages(Session& session, report::ResultView& view, bool functio
         now->calculation.pages.derivatives = derivatives;
     }
     const Task task = session->calculation.task;
-    view.funcPrintEnabled = session->calculation.pages.tables() && task >= Task::pressureOfVapour &&
-                            task <= Task::saturationAtP;
+    view.function_print_enabled = session->calculation.pages.tables() &&
+                                  task >= Task::pressureOfVapour && task <= Task::saturationAtP;
     recalculate(session);
 }
 
@@ -310,9 +312,9 @@ report::Comparison compare_all_sets(Session& session) {
 }
 
 void print_result(Session& session, const std::string& title, bool extended) {
-    dialogs::Print({.title = title,
-                    .font = "COURIER",
-                    .text = report::printed_list(compare_all_sets(session), title, extended)});
+    dialogs::print_out({.title = title,
+                        .font = "COURIER",
+                        .text = report::printed_list(compare_all_sets(session), title, extended)});
 }
 
 bool result_file(Session& session, const std::string& name, const std::string& title,
@@ -325,19 +327,19 @@ bool result_file(Session& session, const std::string& name, const std::string& t
 }
 
 bool finish_result_view(Session& session, const report::ResultView& view, report::ListTarget target,
-                        bool withExtended, const CalculationViews& views) {
-    if (target == report::ListTarget::Printer) print_result(session, view.title, withExtended);
+                        bool with_extended, const CalculationViews& views) {
+    if (target == report::ListTarget::Printer) print_result(session, view.title, with_extended);
     if (target == report::ListTarget::File) {
         const auto name = dialogs::choose_file({.save = true,
                                                 .title = "Save QUOR result list as ...",
                                                 .filter = "Result file (*.LST)|*.LST",
                                                 .folder = session.places().write_folder().string(),
-                                                .defaultExtension = ".LST",
-                                                .overwritePrompt = true});
-        if (!name || !result_file(session, *name, view.title, withExtended)) return false;
+                                                .default_extension = ".LST",
+                                                .overwrite_prompt = true});
+        if (!name || !result_file(session, *name, view.title, with_extended)) return false;
     }
-    views.closeResultView();
-    views.closeParinput();
+    views.close_result_view();
+    views.close_direct_input();
     return true;
 }
 
@@ -346,7 +348,7 @@ bool finish_result_view(Session& session, const report::ResultView& view, report
 std::optional<calculation::ProcessPoint> iso_start(const Session& session, const std::string& T,
                                                    const std::string& p) {
     calculation::ProcessPoint start{numbers::val_input(T), numbers::val_input(p)};
-    if (session->batchMode) {
+    if (session->batch_mode) {
         const calculation::Request shown = present_request(session);
         start = {shown.given.T, shown.given.p};
     }
@@ -359,7 +361,7 @@ report::IsoCalculator open_iso_calculator(const Session& session,
                                           const calculation::ProcessPoint& start) {
     return {report::make_result(session.fluid(), session->reference, unit_choice(session.state()),
                                 report::functions_request(start.T, start.p)),
-            session->calculation.isoFunction, session->calculation.isoGiven};
+            session->calculation.iso_function, session->calculation.iso_given};
 }
 
 void take_iso_result(Session& session, const report::IsoCalculator& iso) {
@@ -378,7 +380,7 @@ void take_iso_result(Session& session, const report::IsoCalculator& iso) {
 namespace {
 
 report::ProtocolPlace protocol_place(const Session& session) {
-    return {session.places().write_folder(), session.places().short_date(), session->csvSeparator,
+    return {session.places().write_folder(), session.places().short_date(), session->csv_separator,
             [&session] { return session.places().new_protocol_file_name(); }};
 }
 
@@ -390,7 +392,7 @@ bool copy_to_clipboard(const Session& session, const std::filesystem::path& path
         return false;
     }
     const std::string table = text::from_ansi(*content);
-    dialogs::set_clipboard(text::replace_all(table, std::string(1, session->csvSeparator), "\t"));
+    dialogs::set_clipboard(text::replace_all(table, std::string(1, session->csv_separator), "\t"));
     return true;
 }
 
@@ -407,7 +409,7 @@ bool delete_if_empty(const std::filesystem::path& path) {
 }  // namespace
 
 void add_to_protocol(Session& session) {
-    if (session->decimalComma && session->csvSeparator == ',')
+    if (session->decimal_comma && session->csv_separator == ',')
         dialogs::tell(
             "Bei Computereinstellung \"Deutschland\" (Dezimalzeichen Komma)\n"
             "ist Komma als Dateitrennzeichen nicht sinnvoll; der Clipboard-Inhalt\n"
@@ -415,7 +417,7 @@ void add_to_protocol(Session& session) {
             "semicolon recommended",
             "WARNING");
     const report::TaskResult& result = session->results.current;
-    const Result<void> added = session.change()->protocol.add(result.made, result.Fu);
+    const Result<void> added = session.change()->protocol.add(result.made, result.numbers);
     if (!added) dialogs::tell(added.reason(), "WARNING");
 }
 
@@ -447,7 +449,7 @@ void close_protocol(Session& session) {
 }
 
 void choose_separator(Session& session, int index) {
-    if (index >= 0 && index < 3) session.change()->csvSeparator = report::kSeparators[index];
+    if (index >= 0 && index < 3) session.change()->csv_separator = report::kSeparators[index];
 }
 
 }  // namespace quor::session

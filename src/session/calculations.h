@@ -32,7 +32,7 @@ std::span<const calculation::BatchDataSet> measured_sets(const Session& session)
 calculation::Request present_request(const Session& session);
 /// Calculates; the result becomes the current one, and that of its data set.
 const report::TaskResult& calculate(Session& session, const calculation::Request& request,
-                                    std::size_t dataSet = 0);
+                                    std::size_t data_set = 0);
 
 // ---- Menu --------------------------------------------------------------------------------------
 
@@ -50,7 +50,7 @@ void prepare_calculation_menu(Session& session, const CalculationViews& views);
 report::PartialChoice open_partial_choice(const Session& session);
 /// `OK` of the choice, after the view has closed itself: takes it over and goes on to the diagram
 /// or to the result and the input view. Without it nothing has changed.
-void confirm_partial_choice(Session& session, const report::PartialChoice& choice, bool forDiagram,
+void confirm_partial_choice(Session& session, const report::PartialChoice& choice, bool for_diagram,
                             const CalculationViews& views);
 
 // ---- Input view --------------------------------------------------------------------------------
@@ -100,7 +100,7 @@ bool result_file(Session& session, const std::string& name, const std::string& t
 /// `cmdCalc_OK`: the list of results as asked. False when the user cancelled or the file could not
 /// be written; the views then stay open, else they close.
 bool finish_result_view(Session& session, const report::ResultView& view, report::ListTarget target,
-                        bool withExtended, const CalculationViews& views);
+                        bool with_extended, const CalculationViews& views);
 
 // ---- Iso-calculator ----------------------------------------------------------------------------
 

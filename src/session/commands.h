@@ -10,18 +10,18 @@ class Session;
 
 /// The commands whose enabling orders the user's work. The core switches them; the frame shows it.
 enum class Command : std::size_t {
-    mnuData_Status,
-    mnuData_SaveProject,
-    mnuData_BatchInput,
-    mnuData_BatchEdit,
-    mnuData_EditStoffdaten,
-    mnuStoff,
-    mnuModel,
-    mnu2D,
-    mnu3D,
-    mnuCalcMain,
-    mnuFitting,
-    mnuOptions,
+    status,
+    saveProject,
+    measuredDataInput,
+    measuredDataEdit,
+    substanceData,
+    chooseSubstance,
+    chooseModels,
+    diagrams,
+    surfaces,
+    calculations,
+    fitting,
+    options,
     toolReference,  ///< tool button 11
     toolTank,       ///< tool button 15
     toolSave,       ///< tool button 7

@@ -8,33 +8,34 @@ diagrams::Basis present_basis(const Session& session) {
 }
 
 diagrams::Pen present_pen(const Session& session) {
-    diagrams::Pen pen{.options = session->curveOptions, .limits = session->coordinates};
+    diagrams::Pen pen{.options = session->curve_options, .limits = session->coordinates};
     try {
         pen.basis = present_basis(session);
     } catch (const std::exception&) {
         pen.basis = {.fluid = session.fluid(), .reference = session->reference};
     }
-    if (!session->substanceSet) pen.basis.fluid = {};
+    if (!session->substance_set) pen.basis.fluid = {};
     return pen;
 }
 
 diagrams::DiagramStart present_start(const Session& session) {
-    return {session->diagramAt, session->coordinates, session->newSubstanceDiagram};
+    return {session->diagram_at, session->coordinates, session->new_substance_diagram};
 }
 
 void keep_start(Session& session, const diagrams::DiagramStart& start) {
     const auto now = session.change();
-    now->diagramAt = start.at;
+    now->diagram_at = start.at;
     now->coordinates = start.limits;
-    now->newSubstanceDiagram = start.newSubstance;
+    now->new_substance_diagram = start.new_substance;
 }
 
 void renew_limits(Session& session) {
     const auto now = session.change();
     settle_units(session);
-    now->caloricFactor = models::caloric_factor(now->caloricUnit, now->diagramAt.T, now->substance);
+    now->caloric_factor =
+        models::caloric_factor(now->caloric_unit, now->diagram_at.T, now->substance);
     now->coordinates =
-        diagrams::coordinate_defaults(present_basis(session), now->coordinates, now->unitsChanged);
+        diagrams::coordinate_defaults(present_basis(session), now->coordinates, now->units_changed);
 }
 
 }  // namespace quor::session

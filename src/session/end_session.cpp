@@ -8,7 +8,7 @@ namespace quor::session {
 void end_session(Session& session) {
     close_protocol(session);
     // A session without a substance would overwrite one that has it.
-    if (session->substanceSet) save_project(session, false);
+    if (session->substance_set) save_project(session, false);
 }
 
 }  // namespace quor::session

@@ -39,11 +39,11 @@ bool may_load(const Session& session, const std::string& casrn) {
                                         "    Load data nevertheless?",
                                     kWarning, dialogs::Icon::Exclamation))
         return false;
-    if (session->substanceNumber == 0) {
+    if (session->substance_number == 0) {
         dialogs::tell("Load a substance!", kWarning);
         return false;
     }
-    const bool other = index != 0 && index != session->substanceNumber;
+    const bool other = index != 0 && index != session->substance_number;
     return !other || dialogs::ask(
                          "You are trying to load a data set \nfor different substance!\n\n"
                          "Load T-p-rho data nevertheless?",
@@ -75,7 +75,7 @@ void tell_missing_sets(const MeasuredDataFile& file) {
 /// user may have edited, else of the database, else again of the active one.
 double molar_mass_of(const Session& session, const std::string& casrn) {
     const int index = index_of(session, casrn);
-    if (index != 0 && index != session->substanceNumber) {
+    if (index != 0 && index != session->substance_number) {
         const auto other = session->database.read(static_cast<std::size_t>(index) - 1);
         if (other) return static_cast<double>(other->record.M);
     }
@@ -96,13 +96,13 @@ bool load_measured_data(Session& session, bool append) {
     const std::optional<std::string> name =
         dialogs::choose_file({.title = "Open a batch-file of experimental data (*.BAQ)",
                               .filter = kFilter,
-                              .folder = session->folderMeasured,
-                              .defaultExtension = kExtension});
+                              .folder = session->folder_measured,
+                              .default_extension = kExtension});
     return name && !name->empty() && load_measured_data(session, *name, append);
 }
 
 bool load_measured_data(Session& session, const std::string& name, bool append) {
-    const std::string path = paths::in_folder(name, session->folderMeasured);
+    const std::string path = paths::in_folder(name, session->folder_measured);
     const std::optional<MeasuredDataFile> file = read_file(session, path);
     if (!file || !may_load(session, file->data.casrn)) return false;
 
@@ -123,7 +123,7 @@ bool load_measured_data(Session& session, const std::string& name, bool append) 
     }
     const auto now = session.change();
     now->measured = std::move(data);
-    now->folderMeasured = paths::folder_of(path);
+    now->folder_measured = paths::folder_of(path);
     return true;
 }
 
@@ -132,19 +132,19 @@ bool save_measured_data(Session& session) {
         dialogs::choose_file({.save = true,
                               .title = "Save exper. data as text file *.BAQ",
                               .filter = kFilter,
-                              .folder = session->folderMeasured,
+                              .folder = session->folder_measured,
                               .name = session->measured.file,
-                              .defaultExtension = kExtension});
+                              .default_extension = kExtension});
     if (!name || name->empty()) return false;
-    const std::string path = paths::target_path(*name, session->folderMeasured, kExtension);
+    const std::string path = paths::target_path(*name, session->folder_measured, kExtension);
     MeasuredData data = session->measured;
-    if (text::trim(data.casrn).empty()) data.casrn = session->substance.CASRN;
+    if (text::trim(data.casrn).empty()) data.casrn = session->substance.casrn;
     if (!may_replace(path) || !save_to(session, path, data)) return false;
     data.file = paths::file_title(path);
     data.casrn = text::pad_right(data.casrn, datafiles::kCasrnLength);
     const auto now = session.change();
     now->measured = std::move(data);
-    now->folderMeasured = paths::folder_of(path);
+    now->folder_measured = paths::folder_of(path);
     return true;
 }
 

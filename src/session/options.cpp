@@ -26,16 +26,16 @@ double volume_factor(const Session& session) {
 OptionChoice open_options(Session& session) {
     using models::UnitSystem;
     OptionChoice c;
-    c.reducedPossible = session->substance.Tcrit * session->substance.pcrit > constants::kPresent;
-    if (!c.reducedPossible) session.change()->unitSystem = UnitSystem::molar;
-    c.specific = session->caloricUnit == models::CaloricUnit::specific;
-    c.batch = session->batchMode;
-    c.reduced = session->unitSystem == UnitSystem::reduced;
-    c.realRange = session->curveOptions.realRangeOnly;
-    c.sWithoutTieLine = session->curveOptions.sWithoutTieLine;
-    c.sCurvePossible = !session->models.EOSOnlyV;
-    c.partialGas = session->curveOptions.partialGas;
-    c.points = std::clamp(session->curveOptions.points, kMinPoints, kMaxPoints);
+    c.reduced_possible = session->substance.Tcrit * session->substance.pcrit > constants::kPresent;
+    if (!c.reduced_possible) session.change()->unit_system = UnitSystem::molar;
+    c.specific = session->caloric_unit == models::CaloricUnit::specific;
+    c.batch = session->batch_mode;
+    c.reduced = session->unit_system == UnitSystem::reduced;
+    c.real_range = session->curve_options.real_range_only;
+    c.s_without_tie_line = session->curve_options.s_without_tie_line;
+    c.s_curve_possible = !session->models.vapour_only;
+    c.partial_gas = session->curve_options.partial_gas;
+    c.points = std::clamp(session->curve_options.points, kMinPoints, kMaxPoints);
     return c;
 }
 
@@ -46,7 +46,7 @@ bool apply_options(Session& session, const OptionChoice& c) {
                   : c.specific ? UnitSystem::specific
                                : UnitSystem::molar,
         .caloric = c.specific ? models::CaloricUnit::specific : models::CaloricUnit::molar,
-        .T_of_RT = session->diagramAt.T};
+        .T_of_RT = session->diagram_at.T};
     models::Units chosen;
     try {
         chosen = models::make_units(units, session.fluid());
@@ -55,14 +55,15 @@ bool apply_options(Session& session, const OptionChoice& c) {
         return false;
     }
     const auto now = session.change();
-    now->unitsChanged = chosen.caloric != now->caloricFactor || chosen.v != volume_factor(session);
-    now->unitSystem = chosen.choice.system;
-    now->caloricUnit = units.caloric;
-    now->curveOptions = {.points = std::clamp(c.points, kMinPoints, kMaxPoints),
-                         .realRangeOnly = c.realRange,
-                         .sWithoutTieLine = c.sWithoutTieLine,
-                         .partialGas = c.partialGas};
-    now->batchMode = c.batch;
+    now->units_changed =
+        chosen.caloric != now->caloric_factor || chosen.v != volume_factor(session);
+    now->unit_system = chosen.choice.system;
+    now->caloric_unit = units.caloric;
+    now->curve_options = {.points = std::clamp(c.points, kMinPoints, kMaxPoints),
+                          .real_range_only = c.real_range,
+                          .s_without_tie_line = c.s_without_tie_line,
+                          .partial_gas = c.partial_gas};
+    now->batch_mode = c.batch;
     renew_limits(session);
     return true;
 }

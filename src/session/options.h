@@ -6,15 +6,15 @@ namespace quor::session {
 
 /// What the options view shows and sets.
 struct OptionChoice {
-    bool batch = false;     ///< batch calculation instead of direct calculation
-    bool specific = false;  ///< specific instead of molar quantities
-    bool reduced = false;   ///< reduced T, p, V
-    bool realRange = true;  ///< only T > T(trip) or p > p(trip)
-    bool sWithoutTieLine = false;
-    bool partialGas = false;
-    int points = 300;             ///< points per curve, kMinPoints to kMaxPoints
-    bool reducedPossible = true;  ///< critical data are there
-    bool sCurvePossible = true;   ///< the EOS is cubic
+    bool batch = false;      ///< batch calculation instead of direct calculation
+    bool specific = false;   ///< specific instead of molar quantities
+    bool reduced = false;    ///< reduced T, p, V
+    bool real_range = true;  ///< only T > T(trip) or p > p(trip)
+    bool s_without_tie_line = false;
+    bool partial_gas = false;
+    int points = 300;              ///< points per curve, kMinPoints to kMaxPoints
+    bool reduced_possible = true;  ///< critical data are there
+    bool s_curve_possible = true;  ///< the EOS is cubic
 };
 
 inline constexpr int kMinPoints = 50;
@@ -25,7 +25,7 @@ inline constexpr int kMaxPoints = 800;
 OptionChoice open_options(Session& session);
 
 /// Takes a choice over: units and their factors, curve options, the mode of the Calculation menu.
-/// `unitsChanged` of the session tells whether a factor changed; the limits of diagrams follow.
+/// `units_changed` of the session tells whether a factor changed; the limits of diagrams follow.
 /// False when the units cannot be had (no molar mass): a message tells it and nothing changes.
 bool apply_options(Session& session, const OptionChoice& choice);
 

@@ -26,34 +26,34 @@ constexpr const char* kRefusal = "Execution not possible";
 /// be constant.
 template <class State, class Settings, class Both>
 void for_each_setting(State& now, Settings& s, const Both& both) {
-    both(now.diagramAt.T, s.diagramT);
-    both(now.diagramAt.p, s.diagramP);
-    both(now.diagramAt.v, s.diagramV);
-    both(now.caloricFactor, s.caloricFactor);
-    both(now.unitSystem, s.unitMode);
-    both(now.caloricUnit, s.caloricUnit);
-    both(now.curveOptions.realRangeOnly, s.curveRealRangeOnly);
-    both(now.curveOptions.points, s.pointsPerCurve);
-    both(now.csvSeparator, s.csvSeparator);
-    both(now.models.VPModel, s.vapourPressure);
-    both(now.models.EOSModel, s.eos);
-    both(now.models.CpModel, s.cpForm);
-    both(now.models.HLVModel, s.vaporisation);
-    both(now.models.WatsonN, s.watsonN);
-    both(now.models.PriorityCEOS, s.priorityCEOS);
-    both(now.reference.RefMode, s.referenceMode);
+    both(now.diagram_at.T, s.diagram_T);
+    both(now.diagram_at.p, s.diagram_p);
+    both(now.diagram_at.v, s.diagram_v);
+    both(now.caloric_factor, s.caloric_factor);
+    both(now.unit_system, s.unit_mode);
+    both(now.caloric_unit, s.caloric_unit);
+    both(now.curve_options.real_range_only, s.curve_real_range_only);
+    both(now.curve_options.points, s.points_per_curve);
+    both(now.csv_separator, s.csv_separator);
+    both(now.models.vapour_pressure, s.vapour_pressure);
+    both(now.models.eos, s.eos);
+    both(now.models.cp_form, s.cp_form);
+    both(now.models.vaporisation, s.vaporisation);
+    both(now.models.watson_n, s.watson_n);
+    both(now.models.eos_has_priority, s.eos_has_priority);
+    both(now.reference.mode, s.reference_mode);
     both(now.reference.href, s.href);
     both(now.reference.sref, s.sref);
     both(now.reference.T0, s.T0);
     both(now.reference.p0, s.p0);
     both(now.reference.Tenv, s.Tenv);
     both(now.reference.penv, s.penv);
-    both(now.batchMode, s.batchMode);
-    both(now.curveOptions.sWithoutTieLine, s.curveSWithoutTieLine);
-    both(now.curveOptions.partialGas, s.partialGasCurve);
-    both(now.tank.V, s.tankV);
-    both(now.tank.m, s.tankM);
-    both(now.tank.T, s.tankT);
+    both(now.batch_mode, s.batch_mode);
+    both(now.curve_options.s_without_tie_line, s.curve_s_without_tie_line);
+    both(now.curve_options.partial_gas, s.partial_gas_curve);
+    both(now.tank.V, s.tank_V);
+    both(now.tank.m, s.tank_m);
+    both(now.tank.T, s.tank_T);
 }
 
 void apply_settings(Session& session, const ProjectSettings& settings) {
@@ -66,9 +66,9 @@ void apply_settings(Session& session, const ProjectSettings& settings) {
 
 /// The file of a project's database, as `open_database` takes it.
 std::string database_of(const Session& session, const std::string& title,
-                        const std::string& projectFolder) {
-    return datafiles::find_database(title, projectFolder, session.places(),
-                                    session->databaseFolders);
+                        const std::string& project_folder) {
+    return datafiles::find_database(title, project_folder, session.places(),
+                                    session->database_folders);
 }
 
 void tell_no_database(const std::string& title) {
@@ -78,9 +78,9 @@ void tell_no_database(const std::string& title) {
 
 /// Opens the database of a project. False when there is none at all.
 bool open_project_database(Session& session, const std::string& title,
-                           const std::string& projectFolder) {
-    if (open_database(session, database_of(session, title, projectFolder))) {
-        session.change()->databaseFile = title;
+                           const std::string& project_folder) {
+    if (open_database(session, database_of(session, title, project_folder))) {
+        session.change()->database_file = title;
         return true;
     }
     if (!session->database.is_open()) {
@@ -89,7 +89,7 @@ bool open_project_database(Session& session, const std::string& title,
     }
     dialogs::tell("Database of the project " + title +
                       "not found in the QUOR directory or empty resp.\nThe actual database " +
-                      session->databaseFile + " is still activ.",
+                      session->database_file + " is still activ.",
                   "Hint", dialogs::Icon::Exclamation);
     return true;
 }
@@ -99,7 +99,7 @@ void tell_no_critical_data(const Session& session) {
         "T(cr) and/or p(cr) not available in the database.\n"
         "(lacking critical data can be completed by the user in data-base editor)\n"
         "For " +
-            session->substance.Name + " is no calculation possible!",
+            session->substance.name + " is no calculation possible!",
         "WARNING", dialogs::Icon::Exclamation);
 }
 
@@ -107,19 +107,19 @@ void tell_no_critical_data(const Session& session) {
 void read_project_substance(Session& session, const std::string& casrn, ProjectResult& result) {
     const auto now = session.change();
     const std::optional<std::size_t> place = datafiles::find_by_casrn(session->database, casrn);
-    now->substanceNumber = place ? static_cast<std::int16_t>(*place + 1) : std::int16_t{0};
-    const Result<SubstanceRead> read = read_substance(session, now->substanceNumber);
-    result.substanceFound = static_cast<bool>(read);
-    now->substanceSet = result.substanceFound;
+    now->substance_number = place ? static_cast<std::int16_t>(*place + 1) : std::int16_t{0};
+    const Result<SubstanceRead> read = read_substance(session, now->substance_number);
+    result.substance_found = static_cast<bool>(read);
+    now->substance_set = result.substance_found;
     models::SubstanceRecord& substance = now->substance;
     if (!read) {
         // No data of an earlier substance stay behind an empty selection.
-        now->substanceNumber = 0;
+        now->substance_number = 0;
         substance = {};
         return;
     }
-    result.noCriticalData = read->noCriticalData;
-    if (result.noCriticalData) tell_no_critical_data(session);
+    result.no_critical_data = read->no_critical_data;
+    if (result.no_critical_data) tell_no_critical_data(session);
     if (!(substance.Tboil > 0 && substance.Tcrit > 0 && substance.pcrit > 0)) return;
     for (const char* code : {"KFW", "KFR", "THO"})
         models::correlate_vapour_pressure(substance, models::vp_of_code(code), substance.Tcrit,
@@ -129,7 +129,7 @@ void read_project_substance(Session& session, const std::string& casrn, ProjectR
 /// Takes the coefficients of the manual virial equation; false when the project has none. Nothing
 /// of another equation stays behind it.
 bool take_virial(Session& session, const std::optional<ManualVirial>& virial) {
-    session.change()->models.manualVirial = virial.value_or(ManualVirial{});
+    session.change()->models.manual_virial = virial.value_or(ManualVirial{});
     const bool computed = compute_constants(session, models::Eos::manualVirial);
     if (!virial)
         dialogs::tell(
@@ -144,14 +144,14 @@ void derive_from_settings(Session& session, const std::optional<ManualVirial>& v
                           ProjectResult& result) {
     const auto now = session.change();
     models::ModelSelection& models = now->models;
-    if (models.EOSModel == models::Eos::none) models.EOSModel = models::Eos::idealGas;
-    models.EOSOnlyV = models::is_v_only(models.EOSModel);
-    if (models.EOSOnlyV) models.PriorityCEOS = false;
+    if (models.eos == models::Eos::none) models.eos = models::Eos::idealGas;
+    models.vapour_only = models::is_v_only(models.eos);
+    if (models.vapour_only) models.eos_has_priority = false;
 
-    if (result.substanceFound && !result.noCriticalData) {
-        const bool manual = models.EOSModel == models::Eos::manualVirial;
-        result.modelsComplete =
-            manual ? take_virial(session, virial) : compute_constants(session, models.EOSModel);
+    if (result.substance_found && !result.no_critical_data) {
+        const bool manual = models.eos == models::Eos::manualVirial;
+        result.models_complete =
+            manual ? take_virial(session, virial) : compute_constants(session, models.eos);
     }
     settle_units(session);
 }
@@ -180,15 +180,15 @@ ProjectResult load(Session& session, const std::string& path) {
     ProjectResult result{.loaded = true};
     read_project_substance(session, project->casrn, result);
     apply_settings(session, project->settings);
-    derive_from_settings(session, project->manualVirial, result);
-    now->projectComment = project->comment;
+    derive_from_settings(session, project->manual_virial, result);
+    now->project_comment = project->comment;
     return result;
 }
 
 void remember_project(Session& session, const std::string& path) {
     const auto now = session.change();
-    now->projectFile = paths::file_title(path);
-    now->folderProjects = paths::folder_of(path);
+    now->project_file = paths::file_title(path);
+    now->folder_projects = paths::folder_of(path);
 }
 
 Result<void> write_project(const Session& session, const std::string& path) {
@@ -199,9 +199,9 @@ Result<void> write_project(const Session& session, const std::string& path) {
 /// its own.
 void keep_session_of_another_run(const Session& session) {
     namespace fs = std::filesystem;
-    const fs::path file = session->lastSessionFile;
+    const fs::path file = session->last_session_file;
     const auto written = files::time_written(file);
-    if (!written || written == session->lastSessionWritten) return;
+    if (!written || written == session->last_session_written) return;
     std::error_code failed;
     for (int number = 1; number < 1000; ++number) {
         const fs::path kept =
@@ -215,9 +215,9 @@ void keep_session_of_another_run(const Session& session) {
 
 bool write_last_session(Session& session) {
     keep_session_of_another_run(session);
-    const std::string& file = session->lastSessionFile;
+    const std::string& file = session->last_session_file;
     if (!write_project(session, file)) return false;
-    session.change()->lastSessionWritten = files::time_written(file);
+    session.change()->last_session_written = files::time_written(file);
     return true;
 }
 
@@ -225,37 +225,37 @@ bool write_last_session(Session& session) {
 
 datafiles::ProjectContent present_project(const Session& session) {
     ProjectContent content{.date = session.places().short_date(),
-                           .comment = session->projectComment,
-                           .database = session->databaseFile,
-                           .casrn = session->substanceNumber == 0 ? "" : session->substance.CASRN};
+                           .comment = session->project_comment,
+                           .database = session->database_file,
+                           .casrn = session->substance_number == 0 ? "" : session->substance.casrn};
     for_each_setting(session.state(), content.settings, [](const auto& own, auto& told) {
         using Told = typename std::remove_reference_t<decltype(told)>::value_type;
         told = static_cast<Told>(own);
     });
-    if (session->models.EOSModel == models::Eos::manualVirial)
-        content.manualVirial = session->models.manualVirial;
+    if (session->models.eos == models::Eos::manualVirial)
+        content.manual_virial = session->models.manual_virial;
     return content;
 }
 
-bool save_project(Session& session, bool asDialog) {
-    if (!asDialog) return write_last_session(session);
+bool save_project(Session& session, bool as_dialog) {
+    if (!as_dialog) return write_last_session(session);
 
     const std::optional<std::string> name =
         dialogs::choose_file({.save = true,
                               .title = "save actual project as ...",
                               .filter = kFilter,
-                              .folder = session->folderProjects,
-                              .name = session->projectFile,
-                              .defaultExtension = kExtension,
-                              .overwritePrompt = true});
+                              .folder = session->folder_projects,
+                              .name = session->project_file,
+                              .default_extension = kExtension,
+                              .overwrite_prompt = true});
     if (!name || name->empty()) return false;
-    const std::string path = paths::target_path(*name, session->folderProjects, kExtension);
+    const std::string path = paths::target_path(*name, session->folder_projects, kExtension);
     const std::string comment =
         dialogs::ask_input({.text = "Input text for comment\n<Cancel> = No Comment",
                             .title = " File comment (optional) ",
-                            .proposal = session->projectComment})
+                            .proposal = session->project_comment})
             .value_or("");
-    session.change()->projectComment = comment;
+    session.change()->project_comment = comment;
     if (const Result<void> written = write_project(session, path); !written) {
         dialogs::tell(written.reason(), kRefusal, dialogs::Icon::Stop);
         return false;
@@ -267,13 +267,13 @@ bool save_project(Session& session, bool asDialog) {
 std::optional<std::string> choose_project(Session& session) {
     std::optional<std::string> name = dialogs::choose_file({.title = "Load a project (*.QCF)",
                                                             .filter = kFilter,
-                                                            .folder = session->folderProjects,
-                                                            .defaultExtension = kExtension});
+                                                            .folder = session->folder_projects,
+                                                            .default_extension = kExtension});
     return name && !name->empty() ? name : std::nullopt;
 }
 
 bool may_load_project(Session& session, const std::string& name) {
-    const std::string path = paths::in_folder(name, session->folderProjects);
+    const std::string path = paths::in_folder(name, session->folder_projects);
     const std::optional<ProjectContent> project = read_or_tell(path);
     if (!project) return false;
     const std::string database = database_of(session, project->database, paths::folder_of(path));
@@ -290,15 +290,15 @@ ProjectResult load_project(Session& session) {
 }
 
 ProjectResult load_project(Session& session, const std::string& name) {
-    const std::string path = paths::in_folder(name, session->folderProjects);
+    const std::string path = paths::in_folder(name, session->folder_projects);
     const ProjectResult result = load(session, path);
     // The last session is no project of the user's.
-    if (result.loaded && path != session->lastSessionFile) remember_project(session, path);
+    if (result.loaded && path != session->last_session_file) remember_project(session, path);
     return result;
 }
 
 ProjectResult load_last_session(Session& session) {
-    return load_project(session, session->lastSessionFile);
+    return load_project(session, session->last_session_file);
 }
 
 }  // namespace quor::session

@@ -11,18 +11,18 @@ namespace quor::session {
 
 /// What the loading of a project has brought about.
 struct ProjectResult {
-    bool loaded = false;          ///< the settings are those of the file
-    bool substanceFound = false;  ///< its substance is active
-    bool noCriticalData = false;  ///< the active substance lacks Tcrit or pcrit
+    bool loaded = false;            ///< the settings are those of the file
+    bool substance_found = false;   ///< its substance is active
+    bool no_critical_data = false;  ///< the active substance lacks Tcrit or pcrit
     /// Everything that a calculation needs is there: the commands that need a substance and models
     /// may be enabled.
-    bool modelsComplete = false;
+    bool models_complete = false;
 };
 
 /// Saves the session as a project. With a dialog it asks for name and comment; without, it writes
-/// the last session (`LastSessionFile`) without a question. False when nothing was written; with
+/// the last session (`last_session_file`) without a question. False when nothing was written; with
 /// the dialog a failure is told.
-bool save_project(Session& session, bool asDialog);
+bool save_project(Session& session, bool as_dialog);
 
 /// Asks for a project file; nothing on a cancel.
 std::optional<std::string> choose_project(Session& session);

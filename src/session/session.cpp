@@ -13,9 +13,9 @@ Session::Session(Places places) : places_(std::move(places)) {
 
 const models::Fluid& Session::fluid() const {
     const SessionState& s = state_;
-    const bool same = fluid_.models() == s.models && fluid_.eos() == s.eosParameters &&
-                      fluid_.jt() == s.jiTorvik && fluid_.substance() == s.substance;
-    if (!same) fluid_ = models::Fluid(s.substance, s.models, s.eosParameters, s.jiTorvik);
+    const bool same = fluid_.models() == s.models && fluid_.eos() == s.eos_parameters &&
+                      fluid_.jt() == s.ji_torvik && fluid_.substance() == s.substance;
+    if (!same) fluid_ = models::Fluid(s.substance, s.models, s.eos_parameters, s.ji_torvik);
     return fluid_;
 }
 
@@ -35,43 +35,43 @@ void reset_everything(Session& session) {
     const auto now = session.change();
     SessionState fresh;
     // What was learnt of the computer's files stays.
-    fresh.databaseFolders = session->databaseFolders;
+    fresh.database_folders = session->database_folders;
     fresh.synonyms = session->synonyms;
-    fresh.synonymFile = session->synonymFile;
+    fresh.synonym_file = session->synonym_file;
     // The program's folder with its closing separator, as the five folders are kept.
     const std::string folder = (session.places().write_folder() / "").string();
-    fresh.folderMeasured = fresh.folderDiagrams = fresh.folderSurfaces = folder;
-    fresh.folderXy = fresh.folderProjects = folder;
-    fresh.lastSessionFile = folder + "QuorLastSession.QCF";
-    fresh.lastSessionWritten = files::time_written(fresh.lastSessionFile);
+    fresh.folder_measured = fresh.folder_diagrams = fresh.folder_surfaces = folder;
+    fresh.folder_xy = fresh.folder_projects = folder;
+    fresh.last_session_file = folder + "QuorLastSession.QCF";
+    fresh.last_session_written = files::time_written(fresh.last_session_file);
     fresh.protocol.begin(session.places().new_protocol_file_name());
-    fresh.decimalComma = numbers::decimal_mark() == ',';
+    fresh.decimal_comma = numbers::decimal_mark() == ',';
     *now = std::move(fresh);
 
     reset_session(session);
-    set_commands(session, {Command::mnuData_Status}, true);
+    set_commands(session, {Command::status}, true);
 }
 
 void reset_session(Session& session) {
     const auto now = session.change();
-    now->batchMode = false;
-    now->substanceSet = false;
-    now->substanceNumber = 0;
-    now->models.HLVModel = models::VaporisationModel::none;
+    now->batch_mode = false;
+    now->substance_set = false;
+    now->substance_number = 0;
+    now->models.vaporisation = models::VaporisationModel::none;
     now->reference = {};
     now->coordinates = {};
     now->calculation.method.global = true;
-    now->models.PriorityCEOS = true;
-    now->newSubstanceDiagram = true;
-    now->jiTorvik = {};
+    now->models.eos_has_priority = true;
+    now->new_substance_diagram = true;
+    now->ji_torvik = {};
     set_commands(session,
-                 {Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting, Command::mnu2D,
-                  Command::mnu3D, Command::mnuData_SaveProject, Command::toolSave},
+                 {Command::calculations, Command::options, Command::fitting, Command::diagrams,
+                  Command::surfaces, Command::saveProject, Command::toolSave},
                  false);
 }
 
 models::UnitChoice unit_choice(const SessionState& state) {
-    return {state.unitSystem, state.caloricUnit, state.diagramAt.T};
+    return {state.unit_system, state.caloric_unit, state.diagram_at.T};
 }
 
 models::Units present_units(const Session& session) {
@@ -81,10 +81,10 @@ models::Units present_units(const Session& session) {
 void settle_units(Session& session) {
     const auto now = session.change();
     try {
-        now->unitSystem = present_units(session).choice.system;
+        now->unit_system = present_units(session).choice.system;
     } catch (const faults::Fault&) {
-        now->unitSystem = models::UnitSystem::molar;
-        now->caloricUnit = models::CaloricUnit::molar;
+        now->unit_system = models::UnitSystem::molar;
+        now->caloric_unit = models::CaloricUnit::molar;
     }
 }
 

@@ -34,65 +34,66 @@ enum class FitSource { xyList, measuredData };
 struct SessionState {
     // Database and substance
     datafiles::Database database;
-    std::string databaseFile;                            ///< title of the open database
-    std::vector<std::filesystem::path> databaseFolders;  ///< where databases were, once
+    std::string database_file;                            ///< title of the open database
+    std::vector<std::filesystem::path> database_folders;  ///< where databases were, once
     datafiles::Synonyms synonyms;
-    std::filesystem::path synonymFile;  ///< that the synonyms were read from
-    std::int16_t substanceNumber = 0;   ///< in the database, from 1; 0 for none
-    bool substanceSet = false;          ///< there is a substance that can be calculated with
+    std::filesystem::path synonym_file;  ///< that the synonyms were read from
+    std::int16_t substance_number = 0;   ///< in the database, from 1; 0 for none
+    bool substance_set = false;          ///< there is a substance that can be calculated with
 
     // Fluid and reference state
     models::SubstanceRecord substance;
     models::ModelSelection models;
-    models::EOSParameters eosParameters;
-    models::JiTorvikParameters jiTorvik;
-    bool jiTorvikGiven = false;  ///< its parameters stand as they are; no program is asked for them
+    models::EosParameters eos_parameters;
+    models::JiTorvikParameters ji_torvik;
+    bool ji_torvik_given =
+        false;  ///< its parameters stand as they are; no program is asked for them
     models::ReferenceState reference;
 
     // Units
-    models::UnitSystem unitSystem = models::UnitSystem::molar;
-    models::CaloricUnit caloricUnit = models::CaloricUnit::molar;
-    double caloricFactor = 1.0;  ///< on kJ/kmol, as a project keeps it
-    bool unitsChanged = false;   ///< by the options, when they were applied last
+    models::UnitSystem unit_system = models::UnitSystem::molar;
+    models::CaloricUnit caloric_unit = models::CaloricUnit::molar;
+    double caloric_factor = 1.0;  ///< on kJ/kmol, as a project keeps it
+    bool units_changed = false;   ///< by the options, when they were applied last
 
     // Calculations
     report::CalculationState calculation;
-    bool batchMode = false;
+    bool batch_mode = false;
     calculation::Tank tank;
     report::ResultSet results;
     report::Protocol protocol;
-    char csvSeparator = ';';
-    bool decimalComma = false;
+    char csv_separator = ';';
+    bool decimal_comma = false;
 
     // Measured data and points
     datafiles::MeasuredData measured;
-    datafiles::XyData xy;        ///< the XY editor's list
-    datafiles::XYGraph xyGraph;  ///< that the XY editor draws
-    FitSource fitSource = FitSource::xyList;
-    std::int16_t fitColumn = 1;  ///< of the measured data: 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
+    datafiles::XyData xy;         ///< the XY editor's list
+    datafiles::XyGraph xy_graph;  ///< that the XY editor draws
+    FitSource fit_source = FitSource::xyList;
+    std::int16_t fit_column = 1;  ///< of the measured data: 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
 
     // Diagrams and surfaces
-    const diagrams::Diagram* diagram = nullptr;         ///< chosen last in the menu
-    diagrams::StateParameters diagramAt{298.15, 0, 0};  ///< of the last curve
+    const diagrams::Diagram* diagram = nullptr;          ///< chosen last in the menu
+    diagrams::StateParameters diagram_at{298.15, 0, 0};  ///< of the last curve
     diagrams::CoordinateDefaults coordinates;
-    diagrams::CurveOptions curveOptions;
-    diagrams::ProcessLine processLine;  ///< with the points of the last polytropic process
-    bool newSubstanceDiagram = true;    ///< no diagram of the substance was opened yet
-    std::int16_t surfaceKind = 0;       ///< chosen last in the menu
-    bool surfaceSCurve = false;         ///< it shows the S-shaped curves of a cubic equation
+    diagrams::CurveOptions curve_options;
+    diagrams::ProcessLine process_line;  ///< with the points of the last polytropic process
+    bool new_substance_diagram = true;   ///< no diagram of the substance was opened yet
+    std::int16_t surface_kind = 0;       ///< chosen last in the menu
+    bool surface_scurve = false;         ///< it shows the S-shaped curves of a cubic equation
 
     // Files and folders
-    std::string folderMeasured, folderDiagrams, folderSurfaces, folderXy, folderProjects;
-    std::string lastSessionFile;
+    std::string folder_measured, folder_diagrams, folder_surfaces, folder_xy, folder_projects;
+    std::string last_session_file;
     /// When it was written, as this run knows; none while it was not there.
-    std::optional<std::filesystem::file_time_type> lastSessionWritten;
-    std::string projectFile;
-    std::string projectComment;
+    std::optional<std::filesystem::file_time_type> last_session_written;
+    std::string project_file;
+    std::string project_comment;
 
     // Language, and what is said once
     bool english = true;
-    bool tipsHidden = false, tipsRequested = false;
-    bool diagramNotePending = true, projectNotePending = true, synonymNotePending = true;
+    bool tips_hidden = false, tips_requested = false;
+    bool diagram_note_pending = true, project_note_pending = true, synonym_note_pending = true;
 
     CommandStates commands;
 };

@@ -17,13 +17,13 @@ std::string trimmed(std::string_view s) {
 
 std::string substance_lines(const Session& session) {
     const models::SubstanceRecord& s = session->substance;
-    const StatusPanels panels = panel_texts(session, session->models.EOSModel != models::Eos::none);
+    const StatusPanels panels = panel_texts(session, session->models.eos != models::Eos::none);
     std::string lines = "... substance: ";
-    lines += s.Formula + "  " + trimmed(s.CASRN) + "  " + s.Name;
-    lines += " (#" + std::to_string(session->substanceNumber) + ")";
+    lines += s.formula + "  " + trimmed(s.casrn) + "  " + s.name;
+    lines += " (#" + std::to_string(session->substance_number) + ")";
     lines += "\n    ";
     lines += panels.eos.empty() ? "no models" : panels.eos;
-    if (!panels.vapourPressure.empty()) lines += ",  " + panels.vapourPressure;
+    if (!panels.vapour_pressure.empty()) lines += ",  " + panels.vapour_pressure;
     return lines;
 }
 
@@ -46,7 +46,7 @@ std::string batch_lines(const Session& session) {
     }
     lines += "... batch file" + paths::file_title(data.file);
     const std::string folder = paths::folder_of(data.file);
-    const std::string& source = folder.empty() ? session->folderMeasured : folder;
+    const std::string& source = folder.empty() ? session->folder_measured : folder;
     if (source.size() > 2) lines += "\n  from " + source;
     lines += "\n  with " + count + " sets of data";
     const std::string name = name_by_casrn(session, data.casrn);
@@ -57,30 +57,30 @@ std::string batch_lines(const Session& session) {
 
 }  // namespace
 
-StatusPanels panel_texts(const Session& session, bool modelsComplete) {
+StatusPanels panel_texts(const Session& session, bool models_complete) {
     const models::ModelSelection& m = session->models;
     StatusPanels panels;
-    if (session->substanceNumber != 0) panels.substance = session->substance.Name;
-    if (!modelsComplete) return panels;
+    if (session->substance_number != 0) panels.substance = session->substance.name;
+    if (!models_complete) return panels;
     constexpr std::string_view kPriority = " (Priority!)";
-    panels.eos = trimmed(models::EOSName(m.EOSModel));
-    panels.vapourPressure = "Vapour press. equ.: " + trimmed(models::vp_name(m.VPModel));
-    if (!m.EOSOnlyV) (m.PriorityCEOS ? panels.eos : panels.vapourPressure) += kPriority;
+    panels.eos = trimmed(models::eos_name(m.eos));
+    panels.vapour_pressure = "Vapour press. equ.: " + trimmed(models::vp_name(m.vapour_pressure));
+    if (!m.vapour_only) (m.eos_has_priority ? panels.eos : panels.vapour_pressure) += kPriority;
     return panels;
 }
 
 Report status_report(const Session& session) {
     Report report{.title = " loaded ...", .text = {}};
-    if (session->databaseFile.empty()) {
+    if (session->database_file.empty()) {
         report.text = "... not yet a database";
         return report;
     }
     report.text = "... database ";
-    report.text += session->databaseFile;
+    report.text += session->database_file;
     report.text += "\n  with ";
     report.text += std::to_string(session->database.size());
     report.text += " substance(s)\n";
-    report.text += session->substanceNumber == 0 ? "... no substance" : substance_lines(session);
+    report.text += session->substance_number == 0 ? "... no substance" : substance_lines(session);
     report.text += '\n';
     report.text += batch_lines(session);
     report.text += "\n(for more parameters loaded see \"Options\")";
@@ -88,8 +88,8 @@ Report status_report(const Session& session) {
 }
 
 Report parameter_report(const Session& session) {
-    const models::EOSParameters& e = session->eosParameters;
-    const models::Eos eos = session->models.EOSModel;
+    const models::EosParameters& e = session->eos_parameters;
+    const models::Eos eos = session->models.eos;
     Report report{.title = " Parameters of the EOS ", .text = {}};
     if (eos == models::Eos::idealGas) {
         report.text = "Selected: Ideal gas equation";
@@ -103,22 +103,21 @@ Report parameter_report(const Session& session) {
         std::string_view label;
         double value;
     };
-    const Line lines[] = {{"a0 = ", e.eosA0}, {"a1 = ", e.eosNA}, {"b0 = ", e.eosB0},
-                          {"b1 = ", e.eosNB}, {"c0 = ", e.eosC0}, {"c1 = ", e.eosNC},
-                          {"d0 = ", e.eosD0}, {"d1 = ", e.eosND}};
+    const Line lines[] = {{"a0 = ", e.a0}, {"a1 = ", e.na}, {"b0 = ", e.b0}, {"b1 = ", e.nb},
+                          {"c0 = ", e.c0}, {"c1 = ", e.nc}, {"d0 = ", e.d0}, {"d1 = ", e.nd}};
     report.text = "Parameter for ";
-    report.text += trimmed(models::EOSName(eos));
+    report.text += trimmed(models::eos_name(eos));
     report.text += '\n';
     for (const Line& line : lines) {
         report.text += '\n';
         report.text += line.label;
-        report.text += numbers::General(line.value);
+        report.text += numbers::general(line.value);
     }
     report.text += "\n\nCritical volume calculated  by using T(cr) and p(cr):";
     report.text += "\n         v(cr)/m^3/kmol = ";
-    report.text += numbers::General(e.vcritCalc);
+    report.text += numbers::general(e.vcrit_calculated);
     report.text += "\n(rho(cr)/kg/m^3 = ";
-    report.text += numbers::General(e.rhocritCalc);
+    report.text += numbers::general(e.rhocrit_calculated);
     report.text += ')';
     return report;
 }

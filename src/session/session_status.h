@@ -20,11 +20,11 @@ Report parameter_report(const Session& session);
 
 /// Texts of the first three panels of the status bar; empty as long as there is nothing to name.
 struct StatusPanels {
-    std::string substance, eos, vapourPressure;
+    std::string substance, eos, vapour_pressure;
 };
 
 /// Substance and models. Of two models that both give p(LV) the one with priority is marked. The
 /// models stay empty without a complete choice.
-StatusPanels panel_texts(const Session& session, bool modelsComplete);
+StatusPanels panel_texts(const Session& session, bool models_complete);
 
 }  // namespace quor::session

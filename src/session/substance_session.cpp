@@ -31,7 +31,7 @@ bool is_same_file(const fs::path& a, const fs::path& b) {
 void tell_unusable(const Session& session, const std::string& title) {
     if (session->database.is_open()) {
         dialogs::tell("Database " + title + "not found in the QUOR directory or empty resp.\n" +
-                          "Database already loaded " + session->databaseFile + " is still activ.",
+                          "Database already loaded " + session->database_file + " is still activ.",
                       "WARNING", dialogs::Icon::Exclamation);
     } else {
         dialogs::tell("Database " + title + " not found or empty resp.", kRefused,
@@ -40,8 +40,8 @@ void tell_unusable(const Session& session, const std::string& title) {
 }
 
 void note_missing_synonyms(Session& session) {
-    if (!session->synonymNotePending) return;
-    session.change()->synonymNotePending = false;
+    if (!session->synonym_note_pending) return;
+    session.change()->synonym_note_pending = false;
     dialogs::tell(
         "The file SYNOM.TXT was not found in the QUOR directory.\n"
         "Substances are found by their exact name or CASRN only.",
@@ -51,7 +51,7 @@ void note_missing_synonyms(Session& session) {
 /// The synonyms, read when they are needed for the first time.
 const datafiles::Synonyms& synonyms(Session& session) {
     const fs::path file = session.places().find_file(std::string(datafiles::kSynonymFile));
-    if (file != session->synonymFile) {
+    if (file != session->synonym_file) {
         Result<datafiles::Synonyms> read = datafiles::Synonyms::read(file);
         if (!read) {
             session.change()->synonyms = {};
@@ -59,7 +59,7 @@ const datafiles::Synonyms& synonyms(Session& session) {
         }
         const auto now = session.change();
         now->synonyms = *std::move(read);
-        now->synonymFile = file;
+        now->synonym_file = file;
     }
     return session->synonyms;
 }
@@ -81,13 +81,13 @@ void tell_no_critical_data(const Session& session) {
         "T(cr) and/or p(cr) not available in the data base\n"
         "(lacking critical data can be completed by the user in data-base editor)\n\n"
         "With  " +
-            session->substance.Name + " no QUOR calculations are possible!",
+            session->substance.name + " no QUOR calculations are possible!",
         kRefused, dialogs::Icon::Stop);
 }
 
 // Equation of state and correlated vapour pressure sets follow the new critical data.
 void compute_dependents(Session& session) {
-    const models::Eos eos = session->models.EOSModel;
+    const models::Eos eos = session->models.eos;
     if (eos != models::Eos::none) compute_constants(session, eos);
     const auto now = session.change();
     models::SubstanceRecord& s = now->substance;
@@ -122,8 +122,8 @@ LoadOutcome load_database(Session& session) {
         dialogs::choose_file({.title = "Select and load a database",
                               .filter = "Database (*.Q05)|*.Q05",
                               .folder = (session.places().data_folder() / "").string(),
-                              .name = session->databaseFile,
-                              .defaultExtension = ".Q05"});
+                              .name = session->database_file,
+                              .default_extension = ".Q05"});
     return path ? load_database(session, *path) : LoadOutcome::Cancelled;
 }
 
@@ -134,14 +134,14 @@ LoadOutcome load_database(Session& session, const std::string& path) {
         tell_unusable(session, title);
         return LoadOutcome::Failed;
     }
-    session.change()->databaseFile = title;
+    session.change()->database_file = title;
     add_database_folder(session, session->database.path().parent_path());
     return LoadOutcome::Loaded;
 }
 
 void add_database_folder(Session& session, const fs::path& folder) {
-    if (std::ranges::find(session->databaseFolders, folder) == session->databaseFolders.end())
-        session.change()->databaseFolders.push_back(folder);
+    if (std::ranges::find(session->database_folders, folder) == session->database_folders.end())
+        session.change()->database_folders.push_back(folder);
 }
 
 std::int16_t find_substance(Session& session, const std::string& search) {
@@ -163,34 +163,34 @@ Result<SubstanceRead> read_substance(Session& session, std::int16_t index) {
     const auto now = session.change();
     now->substance = std::move(loaded->record);
     // The equation in use stays where the substance has it.
-    models::VapourPressureEquation& equation = now->models.VPModel;
+    models::VapourPressureEquation& equation = now->models.vapour_pressure;
     const auto offered = models::vp_entries(now->substance);
     if (offered[models::index_of(offered, equation)].model != equation)
-        equation = models::vp_of_code(loaded->VPCode);
-    return SubstanceRead{loaded->noCriticalData};
+        equation = models::vp_of_code(loaded->vapour_pressure);
+    return SubstanceRead{loaded->no_critical_data};
 }
 
 bool take_substance(Session& session, std::int16_t index) {
     const auto now = session.change();
     reset_session(session);
-    set_commands(session, {Command::mnuModel}, false);
+    set_commands(session, {Command::chooseModels}, false);
     question_measured_data(session);
 
     const Result<SubstanceRead> read = read_substance(session, index);
     if (!read) {
-        dialogs::tell("The substance could not be read from the database " + session->databaseFile,
+        dialogs::tell("The substance could not be read from the database " + session->database_file,
                       kRefused, dialogs::Icon::Stop);
         return false;
     }
-    now->substanceNumber = index;
-    if (read->noCriticalData) {
+    now->substance_number = index;
+    if (read->no_critical_data) {
         tell_no_critical_data(session);
         return false;
     }
-    now->substanceSet = true;
+    now->substance_set = true;
     const BusyPointer busy(session);
     compute_dependents(session);
-    set_commands(session, {Command::mnuModel}, true);
+    set_commands(session, {Command::chooseModels}, true);
     return true;
 }
 
@@ -200,8 +200,8 @@ bool save_private_database(Session& session) {
          .title = "Saving a Private Database File *.Q05 for the actual substance ",
          .filter = "Database (*.Q05)|*.Q05",
          .folder = (session.places().write_folder() / "").string(),
-         .defaultExtension = ".Q05",
-         .overwritePrompt = true});
+         .default_extension = ".Q05",
+         .overwrite_prompt = true});
     return path && !path->empty() && write_private_database(session, *path);
 }
 
@@ -214,7 +214,7 @@ bool write_private_database(Session& session, const std::string& path) {
         return false;
     }
     const Result<datafiles::SubstanceFileRecord> own =
-        session->database.record(place_of(session->substanceNumber));
+        session->database.record(place_of(session->substance_number));
     if (!own) return false;
     const Result<std::string> older = files::read_whole(target, datafiles::kLargestDatabase);
     const std::string bytes = datafiles::private_database_bytes(
@@ -227,21 +227,22 @@ bool write_private_database(Session& session, const std::string& path) {
 
 void apply_editor(Session& session, datafiles::EditorTexts& texts) {
     const auto now = session.change();
-    if (datafiles::apply_editor(texts, now->substance, now->models).watsonDropped) dialogs::Beep();
+    if (datafiles::apply_editor(texts, now->substance, now->models).watson_dropped) dialogs::beep();
     const bool complete = has_critical_data(now->substance);
-    if (complete && now->models.EOSModel != models::Eos::none)
-        compute_constants(session, now->models.EOSModel);
-    if (complete && now->substanceNumber > 0 && !now->substanceSet) {
-        now->substanceSet = true;
-        set_commands(session, {Command::mnuModel}, true);
+    if (complete && now->models.eos != models::Eos::none)
+        compute_constants(session, now->models.eos);
+    if (complete && now->substance_number > 0 && !now->substance_set) {
+        now->substance_set = true;
+        set_commands(session, {Command::chooseModels}, true);
     }
     settle_units(session);
 }
 
-std::optional<std::string> triple_point_pressure(const Session& session, bool fromEquation) {
+std::optional<std::string> triple_point_pressure(const Session& session, bool from_equation) {
     const models::SubstanceRecord& s = session->substance;
-    if (!fromEquation) return datafiles::editor_text(s.ptriple);
-    const Result<std::string> text = datafiles::triple_point_pressure(s, session->models.VPModel);
+    if (!from_equation) return datafiles::editor_text(s.ptriple);
+    const Result<std::string> text =
+        datafiles::triple_point_pressure(s, session->models.vapour_pressure);
     if (text) return *text;
     dialogs::tell(text.reason(), kRefused, dialogs::Icon::Stop);
     return std::nullopt;
@@ -255,11 +256,11 @@ bool may_close_editor(const datafiles::EditorTexts& shown, const datafiles::Edit
 
 std::string active_equation_caption(const Session& session) {
     return "actual vapour-pressure equation: " +
-           text::trim(models::vp_name(session->models.VPModel));
+           text::trim(models::vp_name(session->models.vapour_pressure));
 }
 
 std::string database_caption(const Session& session) {
-    return "Database loaded:  " + text::to_upper(paths::file_title(session->databaseFile));
+    return "Database loaded:  " + text::to_upper(paths::file_title(session->database_file));
 }
 
 }  // namespace quor::session

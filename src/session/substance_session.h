@@ -30,7 +30,8 @@ void add_database_folder(Session& session, const std::filesystem::path& folder);
 std::int16_t find_substance(Session& session, const std::string& search);
 
 struct SubstanceRead {
-    bool noCriticalData = false;  ///< Tcrit or pcrit is missing; the record is loaded all the same
+    bool no_critical_data =
+        false;  ///< Tcrit or pcrit is missing; the record is loaded all the same
 };
 /// Makes a substance of the open database (from 1) the active one, with its best vapour pressure
 /// equation. Refused when the record could not be read: the substance stays as it was.
@@ -57,7 +58,7 @@ void apply_editor(Session& session, datafiles::EditorTexts& texts);
 
 /// Text of the triple point pressure: of the record, or from the active vapour pressure equation at
 /// the triple point. Nothing, after a message, when the equation has no value there.
-std::optional<std::string> triple_point_pressure(const Session& session, bool fromEquation);
+std::optional<std::string> triple_point_pressure(const Session& session, bool from_equation);
 
 /// True when the view may close: nothing was changed, or the user gives the changes up.
 bool may_close_editor(const datafiles::EditorTexts& shown, const datafiles::EditorTexts& now);

@@ -19,36 +19,36 @@ constexpr std::chrono::milliseconds kParameterWait{100000};
 struct Chosen {
     models::SubstanceRecord substance;
     models::ModelSelection models;
-    models::EOSParameters eosParameters;
-    models::JiTorvikParameters jiTorvik;
+    models::EosParameters eos_parameters;
+    models::JiTorvikParameters ji_torvik;
 };
 
 Chosen chosen(const SessionState& s) {
-    return {s.substance, s.models, s.eosParameters, s.jiTorvik};
+    return {s.substance, s.models, s.eos_parameters, s.ji_torvik};
 }
 
 void restore(Session& session, const Chosen& before) {
     const auto now = session.change();
     now->substance = before.substance;
     now->models = before.models;
-    now->eosParameters = before.eosParameters;
-    now->jiTorvik = before.jiTorvik;
+    now->eos_parameters = before.eos_parameters;
+    now->ji_torvik = before.ji_torvik;
 }
 
 /// Asks the external program for the parameters of Ji/Torvik. False without an answer.
 bool obtain_ji_torvik(Session& session, Eos eos) {
-    session.change()->jiTorvik = {};
+    session.change()->ji_torvik = {};
     const BusyPointer busy(session);
     const Places& places = session.places();
     const bool present = places.file_exists("djipar.exe");
     const auto answer = models::ask_parameter_program(
         {present ? places.find_file("djipar.exe") : "", places.write_folder(), kParameterWait},
-        session->substance, session->models.VPModel, eos);
+        session->substance, session->models.vapour_pressure, eos);
     if (!answer) {
         if (answer.reason() == "No parameter-file generated.") dialogs::refuse(answer.reason());
         return false;
     }
-    session.change()->jiTorvik = *answer;
+    session.change()->ji_torvik = *answer;
     return true;
 }
 
@@ -56,8 +56,8 @@ bool obtain_ji_torvik(Session& session, Eos eos) {
 
 bool compute_constants(Session& session, Eos eos) {
     const bool ofJiTorvik = eos == Eos::jiTorvik1 || eos == Eos::jiTorvik2;
-    session.change()->eosParameters = {};
-    if (ofJiTorvik && !session->jiTorvikGiven && !obtain_ji_torvik(session, eos)) {
+    session.change()->eos_parameters = {};
+    if (ofJiTorvik && !session->ji_torvik_given && !obtain_ji_torvik(session, eos)) {
         dialogs::tell("Error during EOS-parameter calculation", dialogs::kNotPossible,
                       dialogs::Icon::Stop);
         return false;
@@ -65,11 +65,11 @@ bool compute_constants(Session& session, Eos eos) {
     const auto now = session.change();
     try {
         models::ModelSelection models = now->models;
-        models.EOSModel = eos;
-        models.jiTorvik = now->jiTorvik;
+        models.eos = eos;
+        models.ji_torvik = now->ji_torvik;
         const models::EosConstants constants = models::eos_constants(now->substance, models);
-        now->eosParameters = constants.power;
-        now->jiTorvik = constants.jiTorvik;
+        now->eos_parameters = constants.power;
+        now->ji_torvik = constants.ji_torvik;
     } catch (const faults::Fault&) {
         return false;
     }
@@ -84,7 +84,7 @@ bool take_models(Session& session, const models::ModelChoice& choice) {
         now->models = choice.models();
         models::correlate_for(now->models, now->substance);
     }
-    if (!compute_constants(session, session->models.EOSModel)) {
+    if (!compute_constants(session, session->models.eos)) {
         restore(session, before);
         return false;
     }
@@ -97,11 +97,11 @@ bool take_models(Session& session, const models::ModelChoice& choice) {
 void enable_model_commands(Session& session) {
     const auto now = session.change();
     set_commands(session,
-                 {Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting, Command::mnu2D,
-                  Command::mnu3D, Command::mnuData_SaveProject, Command::toolSave,
+                 {Command::calculations, Command::options, Command::fitting, Command::diagrams,
+                  Command::surfaces, Command::saveProject, Command::toolSave,
                   Command::toolReference, Command::toolTank},
                  true);
-    set_commands(session, {Command::needsLPhase}, !now->models.EOSOnlyV);
+    set_commands(session, {Command::needsLPhase}, !now->models.vapour_only);
 }
 
 }  // namespace quor::session

@@ -13,13 +13,13 @@ constexpr const char* kExtension = ".XY";
 constexpr const char* kRefused = "Execution not possible";
 
 bool write(Session& session, const std::string& path, const std::string& text,
-           const std::string& failureTitle) {
+           const std::string& failure_title) {
     const Result<void> written = files::write_whole(path, text);
     if (written) {
-        session.change()->folderXy = paths::folder_of(path);
+        session.change()->folder_xy = paths::folder_of(path);
         return true;
     }
-    dialogs::tell(written.reason(), failureTitle, dialogs::Icon::Stop);
+    dialogs::tell(written.reason(), failure_title, dialogs::Icon::Stop);
     return false;
 }
 
@@ -29,14 +29,14 @@ std::optional<std::string> load_xy(Session& session) {
     const std::optional<std::string> name =
         dialogs::choose_file({.title = "Load (Curve)Points",
                               .filter = "x-y Data (*.XY)|*.XY|(*.LRG)|*LRG",
-                              .folder = session->folderXy,
+                              .folder = session->folder_xy,
                               .name = "*.XY",
-                              .defaultExtension = kExtension});
+                              .default_extension = kExtension});
     return name && !name->empty() ? load_xy(session, *name) : std::nullopt;
 }
 
 std::optional<std::string> load_xy(Session& session, const std::string& name) {
-    const std::string path = paths::in_folder(name, session->folderXy);
+    const std::string path = paths::in_folder(name, session->folder_xy);
     const BusyPointer busy(session);
     const Result<std::string> bytes = files::read_whole(path);
     if (!bytes) {
@@ -44,8 +44,8 @@ std::optional<std::string> load_xy(Session& session, const std::string& name) {
         return std::nullopt;
     }
     const auto now = session.change();
-    now->xy = datafiles::read_xy_text(*bytes, session->csvSeparator);
-    now->folderXy = paths::folder_of(path);
+    now->xy = datafiles::read_xy_text(*bytes, session->csv_separator);
+    now->folder_xy = paths::folder_of(path);
     return path;
 }
 
@@ -58,13 +58,13 @@ bool save_xy(Session& session, const datafiles::XyData& data) {
         dialogs::choose_file({.save = true,
                               .title = "(Curve)Points Save as ... ",
                               .filter = "x-y Data (*.XY)|*.XY",
-                              .folder = session->folderXy,
-                              .defaultExtension = kExtension,
-                              .overwritePrompt = true});
+                              .folder = session->folder_xy,
+                              .default_extension = kExtension,
+                              .overwrite_prompt = true});
     if (!name || name->empty()) return false;
-    const std::string path = paths::target_path(*name, session->folderXy, kExtension);
+    const std::string path = paths::target_path(*name, session->folder_xy, kExtension);
     return write(session, path,
-                 datafiles::xy_text(data.comment, data.points, session->csvSeparator), kRefused);
+                 datafiles::xy_text(data.comment, data.points, session->csv_separator), kRefused);
 }
 
 bool may_leave_xy(Session& session, bool changed) {
@@ -76,18 +76,18 @@ bool save_curve_as_xy(Session& session, std::span<const datafiles::FitPoint> poi
         dialogs::choose_file({.save = true,
                               .title = "Save curve as *.XY",
                               .filter = "XY text file (*.XY)|*.XY",
-                              .folder = session->folderXy,
-                              .defaultExtension = kExtension});
+                              .folder = session->folder_xy,
+                              .default_extension = kExtension});
     if (!name || name->empty()) return false;
-    const std::string path = paths::target_path(*name, session->folderXy, kExtension);
+    const std::string path = paths::target_path(*name, session->folder_xy, kExtension);
     if (!may_replace(path)) return false;
     const std::string comment = std::to_string(points.size()) + " curve points";
-    return write(session, path, datafiles::xy_text(comment, points, session->csvSeparator),
+    return write(session, path, datafiles::xy_text(comment, points, session->csv_separator),
                  "ERROR");
 }
 
-bool enough_active_points(std::span<const datafiles::FitPoint> points, bool asPoints) {
-    const Result<void> enough = datafiles::check_active_points(points, asPoints);
+bool enough_active_points(std::span<const datafiles::FitPoint> points, bool as_points) {
+    const Result<void> enough = datafiles::check_active_points(points, as_points);
     if (enough) return true;
     dialogs::tell(enough.reason(), kRefused, dialogs::Icon::Stop);
     return false;

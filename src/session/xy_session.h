@@ -26,6 +26,6 @@ bool may_leave_xy(Session& session, bool changed);
 bool save_curve_as_xy(Session& session, std::span<const datafiles::FitPoint> points);
 
 /// True when there are enough active points for a set of points or a curve; else it says so.
-bool enough_active_points(std::span<const datafiles::FitPoint> points, bool asPoints);
+bool enough_active_points(std::span<const datafiles::FitPoint> points, bool as_points);
 
 }  // namespace quor::session

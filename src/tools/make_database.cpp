@@ -20,16 +20,16 @@ int fail(const std::string& message) {
     return kBadTable;
 }
 
-int make_database(const std::string& tablePath, const std::string& databasePath) {
-    const Result<std::string> file = files::read_whole(tablePath);
+int make_database(const std::string& table_path, const std::string& database_path) {
+    const Result<std::string> file = files::read_whole(table_path);
     if (!file) return fail(file.reason());
     const datafiles::DatabaseTable table = datafiles::read_database_table(*file);
-    for (const std::string& error : table.errors) fail(tablePath + ": " + error);
+    for (const std::string& error : table.errors) fail(table_path + ": " + error);
     if (!table.errors.empty()) return kBadTable;
     const Result<void> written =
-        files::write_whole(databasePath, datafiles::database_bytes(table.records));
+        files::write_whole(database_path, datafiles::database_bytes(table.records));
     if (!written) return fail(written.reason());
-    std::printf("%zu substances written to %s\n", table.records.size(), databasePath.c_str());
+    std::printf("%zu substances written to %s\n", table.records.size(), database_path.c_str());
     return 0;
 }
 

@@ -25,20 +25,20 @@ void CalcTest::use_fluid(std::string_view name) {
 }
 
 void CalcTest::use_models(const Models& m) {
-    selection.EOSModel = codes::eos(m.eos);
-    selection.EOSOnlyV = models::is_v_only(selection.EOSModel);
-    selection.VPModel = codes::vp(m.vp);
-    selection.PriorityCEOS = m.priority && !selection.EOSOnlyV;
-    selection.HLVModel = codes::hlv(m.hlv);
-    selection.WatsonN = 0.38F;
-    selection.CpModel = codes::cp(m.cp);
+    selection.eos = codes::eos(m.eos);
+    selection.vapour_only = models::is_v_only(selection.eos);
+    selection.vapour_pressure = codes::vp(m.vp);
+    selection.eos_has_priority = m.priority && !selection.vapour_only;
+    selection.vaporisation = codes::hlv(m.hlv);
+    selection.watson_n = 0.38F;
+    selection.cp_form = codes::cp(m.cp);
     const models::EosConstants constants = models::eos_constants(substance, selection);
-    eosParameters = constants.power;
-    jt = constants.jiTorvik;
+    eos_parameters = constants.power;
+    jt = constants.ji_torvik;
     if (m.eos == 10) {
-        eosParameters.eosB0 = 0.09;
-        eosParameters.eosNB = 3.0e4;
-        eosParameters.eosNV = 2.0;
+        eos_parameters.b0 = 0.09;
+        eos_parameters.nb = 3.0e4;
+        eos_parameters.nv = 2.0;
     }
 }
 
@@ -88,7 +88,7 @@ models::PhaseTable CalcTest::residual_functions(double T, double p, double v) co
 
 std::vector<std::string> CalcTest::lines() const {
     std::vector<std::string> all;
-    for (const report::ListLine& line : resultText.Liste) all.push_back(line.text);
+    for (const report::ListLine& line : resultText.lines) all.push_back(line.text);
     return all;
 }
 

@@ -21,13 +21,13 @@ using namespace quor;
 struct Setting {
     models::SubstanceRecord substance;
     models::ModelSelection selection;
-    models::EOSParameters eosParameters;
+    models::EosParameters eos_parameters;
     models::JiTorvikParameters jt;
     models::ReferenceState reference;
     models::UnitChoice units;
     report::CalculationState chosen;
 
-    models::Fluid fluid() const { return {substance, selection, eosParameters, jt}; }
+    models::Fluid fluid() const { return {substance, selection, eos_parameters, jt}; }
 };
 
 /// Base of the tests of calculations: a fluid, its models, and calls of `make_result`.
@@ -62,8 +62,8 @@ class CalcTest : public testing::Test, protected Setting {
 
     /// How a calculation ended.
     struct Outcome {
-        bool Failed, HasL, HasV;
-        int Roots;
+        bool Failed, has_L, has_V;
+        int root_count;
         float FractionV;
         double Pressure;
     };
@@ -88,6 +88,6 @@ class CalcTest : public testing::Test, protected Setting {
     calculation::Process process;
     report::TaskResult last;  ///< of the last calculation
     const report::Report& resultText = last.report;
-    const report::FuArray& Fu = last.Fu;
+    const report::ResultNumbers& numbers = last.numbers;
     const report::ResultRecord& lastRecord = last.record;
 };

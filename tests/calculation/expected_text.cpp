@@ -78,12 +78,12 @@ double M(const Work& w) {
 
 bool is_reduced(const Work& w) {
     return w.setting.units.system == models::UnitSystem::reduced &&
-           w.setting.eosParameters.vcritCalc > 0;
+           w.setting.eos_parameters.vcrit_calculated > 0;
 }
 
 double volume_factor(const Work& w) {
     if (w.setting.units.system == models::UnitSystem::specific) return 1.0 / M(w);
-    return is_reduced(w) ? 1.0 / w.setting.eosParameters.vcritCalc : 1.0;
+    return is_reduced(w) ? 1.0 / w.setting.eos_parameters.vcrit_calculated : 1.0;
 }
 
 std::string volume_label(const Work& w) {
@@ -100,18 +100,18 @@ double caloric_factor(const Work& w) {
 }
 
 bool cubic(const Work& w) {
-    return models::is_cubic(w.selection().EOSModel);
+    return models::is_cubic(w.selection().eos);
 }
 
 double B(const Work& w, double T) {
-    models::EOSState state;
+    models::EosState state;
     return models::second_virial(w.setting.fluid(), T, state);
 }
 
 models::EnthalpyOfVaporisationResult vaporisation_by(const Work& w, std::int16_t code) {
     return models::enthalpy_of_vaporisation(w.setting.fluid(),
                                             {.model = codes::hlv(code),
-                                             .vpCode = w.selection().VPModel,
+                                             .equation = w.selection().vapour_pressure,
                                              .reference = w.method().reference,
                                              .T = 0,
                                              .p = 0},
@@ -134,13 +134,13 @@ void density_lines(Work& w) {
     w.r.list.push_back(row(
         "Volume", "v/ (" + volume_label(w) + ")  = ", show(w.L.exists, w.L.v * volume_factor(w)),
         show(w.V.exists, w.V.v * volume_factor(w))));
-    if (w.V.exists) w.r.Fu[9] = w.V.v * volume_factor(w);
-    if (w.L.exists) w.r.Fu[19] = w.L.v * volume_factor(w);
+    if (w.V.exists) w.r.numbers[9] = w.V.v * volume_factor(w);
+    if (w.L.exists) w.r.numbers[19] = w.L.v * volume_factor(w);
 }
 
 void state_of_phases(Work& w) {
-    w.r.State = w.L.exists && w.V.exists ? "V+L" : w.V.exists ? " V " : " L ";
-    w.r.Fu[1] = w.p;
+    w.r.phases = w.L.exists && w.V.exists ? "V+L" : w.V.exists ? " V " : " L ";
+    w.r.numbers[1] = w.p;
 }
 
 void fail(Work& w, const std::string& message) {
@@ -150,8 +150,8 @@ void fail(Work& w, const std::string& message) {
 
 models::StateTP solve(Work& w) {
     const models::StateTP s = models::solve_state_tp(w.setting.fluid(), w.T, w.p);
-    w.L = {s.hasL, s.vL, s.rhoL};
-    w.V = {s.hasV, s.vV, s.rhoV};
+    w.L = {s.has_L, s.vL, s.rhoL};
+    w.V = {s.has_V, s.vV, s.rhoV};
     return s;
 }
 
@@ -162,8 +162,8 @@ std::string at(double T, double p) {
 void head_of_functions(Work& w) {
     const models::ReferenceState& ref = w.setting.reference;
     w.r.list.push_back(
-        "Model: " + trimmed(std::string(models::EOSName(w.selection().EOSModel))) +
-        "; ideal-gas cp: " + trimmed(std::string(models::cp_name(w.selection().CpModel))));
+        "Model: " + trimmed(std::string(models::eos_name(w.selection().eos))) +
+        "; ideal-gas cp: " + trimmed(std::string(models::cp_name(w.selection().cp_form))));
     w.r.list.push_back("Reference state: h = 0, s = 0, ideal gas at " +
                        at(static_cast<double>(ref.T0), static_cast<double>(ref.p0)));
     w.r.list.push_back("Surroundings for exergies: " + at(ref.Tenv, ref.penv));
@@ -216,7 +216,7 @@ void given_T_rho(Work& w, double rho) {
     w.r.par2 = "rho = " + between(rho, 1, 4) + " kg/m^3";
     const double v = M(w) / rho;
     double y = 1;
-    bool twoPhase = false;
+    bool two_phase = false;
     if (!cubic(w)) {
         const double b = B(w, w.T);
         if (v <= b) {
@@ -226,12 +226,12 @@ void given_T_rho(Work& w, double rho) {
         }
         w.p = R * w.T / (v - b);
     } else {
-        const models::EOSState eos = models::eos_at(w.setting.fluid(), w.T);
+        const models::EosState eos = models::eos_at(w.setting.fluid(), w.T);
         if (w.T < s.Tcrit) {
             const models::Saturation sat = models::saturation_pressure(w.setting.fluid(), w.T);
             w.r.co1 = "vapour pressure by using CEOS: p(LV )= " + pressure(sat.p) + " kPa";
-            twoPhase = v >= sat.v[0] && v <= sat.v[2];
-            if (twoPhase) {
+            two_phase = v >= sat.v[0] && v <= sat.v[2];
+            if (two_phase) {
                 w.p = sat.p;
                 y = (v - sat.v[0]) / (sat.v[2] - sat.v[0]);
                 w.L = {true, sat.v[0], M(w) / sat.v[0]};
@@ -240,18 +240,19 @@ void given_T_rho(Work& w, double rho) {
                                    "Vapour fraction y(V) = " + between(y, 1, 8));
             }
         }
-        if (!twoPhase) {
-            if (v <= eos.eosB) {
+        if (!two_phase) {
+            if (v <= eos.b) {
                 fail(w, w.method().global ? " (v <= b) ERROR1" : " (v <= b)");
                 return;
             }
             w.p = models::cubic_pressure(eos, w.T, v);
         }
     }
-    if (!twoPhase) solve(w);
+    if (!two_phase) solve(w);
     density_lines(w);
-    if (twoPhase) mean_functions(w, y);
-    w.r.co2 = (twoPhase ? "Vapour pressure p/kPa = " : " System pressure p/kPa = ") + pressure(w.p);
+    if (two_phase) mean_functions(w, y);
+    w.r.co2 =
+        (two_phase ? "Vapour pressure p/kPa = " : " System pressure p/kPa = ") + pressure(w.p);
     state_of_phases(w);
 }
 
@@ -280,7 +281,7 @@ void partial_phases(Work& w, double vV) {
     const models::BensonPoint& ref = w.method().reference;
     w.V = {true, vV, M(w) / vV};
     double rhoL = 0;
-    if (w.method().liquidByBenson) {
+    if (w.method().liquid_by_benson) {
         const auto Tref = static_cast<double>(ref.T);
         rhoL = (static_cast<double>(ref.rhoL) + static_cast<double>(ref.rhoV)) * (w.T - s.Tcrit) /
                    (Tref - s.Tcrit) +
@@ -289,7 +290,7 @@ void partial_phases(Work& w, double vV) {
         rhoL = models::density_liquid(s, static_cast<float>(w.T)).rho;
     }
     w.L = {true, M(w) / rhoL, rhoL};
-    w.r.list.push_back(std::string(12, ' ') + (w.method().liquidByBenson
+    w.r.list.push_back(std::string(12, ' ') + (w.method().liquid_by_benson
                                                    ? "by BENSON's method:"
                                                    : "with database equation rho(T):"));
 }
@@ -297,17 +298,17 @@ void partial_phases(Work& w, double vV) {
 void hlv_of_eos(Work& w) {
     const auto r = vaporisation_by(w, 7);
     if (r.status != 0) return;
-    w.r.Fu[29] = static_cast<double>(r.h) * caloric_factor(w);
-    w.r.Fu[30] = w.r.Fu[29] / w.T;
+    w.r.numbers[29] = static_cast<double>(r.h) * caloric_factor(w);
+    w.r.numbers[30] = w.r.numbers[29] / w.T;
 }
 
 void equilibrium(Work& w, bool fromT) {
     const models::SubstanceRecord& s = w.substance();
     const models::Fluid fluid = w.setting.fluid();
-    const models::VapourPressureEquation code = w.selection().VPModel;
+    const models::VapourPressureEquation code = w.selection().vapour_pressure;
     w.L.exists = w.V.exists = true;
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
-    const bool eos = w.method().global && w.selection().PriorityCEOS;
+    const bool eos = w.method().global && w.selection().eos_has_priority;
     double vL = 0, vV = 0;
     if (eos) {
         const models::Saturation sat = fromT ? models::saturation_pressure(fluid, w.T)
@@ -320,7 +321,7 @@ void equilibrium(Work& w, bool fromT) {
     } else {
         w.T = models::boiling_temperature(s, w.p, code).T;
     }
-    w.r.Fu[0] = w.T;
+    w.r.numbers[0] = w.T;
 
     if (!w.method().global) {
         w.r.co1 = fromT ? "p(LV) from actual vapour pressure equation:"
@@ -359,12 +360,12 @@ void equilibrium(Work& w, bool fromT) {
 }
 
 void vaporisation(Work& w, bool fromT) {
-    const std::int16_t method = models::code_of(w.selection().HLVModel);
+    const std::int16_t method = models::code_of(w.selection().vaporisation);
     const auto r = vaporisation_by(w, method);
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
     w.T = r.T;
     w.p = r.p;
-    w.r.Fu[0] = w.T;
+    w.r.numbers[0] = w.T;
     w.r.co1 = r.explanation;
     if (!fromT) w.r.co2 = " T(LV) = " + fix(w.T, 3) + " K";
     if (fromT && w.p > 1e-6) w.r.co2 = " p(LV) = " + pressure(w.p) + " kPa";
@@ -374,8 +375,8 @@ void vaporisation(Work& w, bool fromT) {
     state_of_phases(w);
 
     const double h = static_cast<double>(r.h) * caloric_factor(w);
-    w.r.Fu[29] = h;
-    w.r.Fu[30] = h / w.T;
+    w.r.numbers[29] = h;
+    w.r.numbers[30] = h / w.T;
     const std::string hLabel = specific(w) ? "delta(LV)h/(kJ/kg)" : "delta(LV)h/(kJ/kmol)";
     const std::string sLabel = specific(w) ? "delta(LV)s/(kJ/(kg K))" : "delta(LV)s/(kJ/(kmol K))";
     const auto number = [](double value) { return fix(value, value < 1000 ? 2 : 1); };
@@ -398,7 +399,7 @@ void vaporisation(Work& w, bool fromT) {
         list.push_back("z(L) = " + g7(r.zL));
         list.push_back("z(V) = " + g7(r.zV));
         list.push_back("z(V) by using " +
-                       trimmed(std::string(models::EOSName(w.selection().EOSModel))));
+                       trimmed(std::string(models::eos_name(w.selection().eos))));
         list.push_back(method == 6 ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
                                    : "rho_L for z_L by using database function rho_L = Fu(T)");
     }
@@ -439,16 +440,16 @@ void caloric_functions(Work& w) {
         w.r.list.push_back(row(rows[i].name, kg ? rows[i].specific : rows[i].molar,
                                w.L.exists ? g7(zL[i] * factor) : "",
                                w.V.exists ? g7(zV[i] * factor) : ""));
-        if (i < 10 && w.V.exists) w.r.Fu[9 + i] = zV[i] * factor;
-        if (i < 10 && w.L.exists) w.r.Fu[19 + i] = zL[i] * factor;
+        if (i < 10 && w.V.exists) w.r.numbers[9 + i] = zV[i] * factor;
+        if (i < 10 && w.L.exists) w.r.numbers[19 + i] = zL[i] * factor;
     }
-    if (w.L.exists) w.r.Fu[39] = zL[10];
-    if (w.V.exists) w.r.Fu[40] = zV[10];
+    if (w.L.exists) w.r.numbers[39] = zL[10];
+    if (w.V.exists) w.r.numbers[40] = zV[10];
     state_of_phases(w);
 }
 
 double virial_of(const Work& w, std::int16_t code) {
-    models::EOSState state;
+    models::EosState state;
     return models::second_virial(w.setting.fluid().with(codes::eos(code)).value(), w.T, state);
 }
 
@@ -457,31 +458,32 @@ void virial_coefficients(Work& w) {
     const std::string title = "Comparison of Virial Coefficients, [B] = m^3/kmol";
     w.r.list.push_back(title);
     w.r.list.push_back(std::string(title.size(), '='));
-    const std::int16_t active = models::code_of(w.selection().EOSModel);
+    const std::int16_t active = models::code_of(w.selection().eos);
     for (std::int16_t code = 11; code <= 16; ++code) {
         const double b = virial_of(w, code);
-        w.r.list.push_back(left(std::string(models::EOSName(codes::eos(code))), 35) +
+        w.r.list.push_back(left(std::string(models::eos_name(codes::eos(code))), 35) +
                            " {B} = " + right(g7(b), 16));
-        if (code == active || (active >= 2 && active <= 6 && code == active + 9)) w.r.Fu[41] = b;
+        if (code == active || (active >= 2 && active <= 6 && code == active + 9))
+            w.r.numbers[41] = b;
     }
     if (active == 0 || active == 10) {
-        w.r.Fu[41] = B(w, w.T);
-        w.r.list.push_back(left(std::string(models::EOSName(codes::eos(active))), 35) +
+        w.r.numbers[41] = B(w, w.T);
+        w.r.list.push_back(left(std::string(models::eos_name(codes::eos(active))), 35) +
                            " {B} = " + right(g7(B(w, w.T)), 16));
     }
 }
 
 void cubic_block(Work& w) {
-    const models::EOSState s = models::eos_at(w.setting.fluid(), w.T);
+    const models::EosState s = models::eos_at(w.setting.fluid(), w.T);
     const std::string title = "Paramet. of the generalized cub. EOS (" +
-                              trimmed(std::string(models::EOSName(w.selection().EOSModel))) + "):";
+                              trimmed(std::string(models::eos_name(w.selection().eos))) + "):";
     w.r.list.push_back("");
     w.r.list.push_back(title);
     w.r.list.push_back(std::string(title.size(), '='));
-    w.r.list.push_back("  A =" + right(g7(s.eosA), 16));
-    w.r.list.push_back("  B =" + right(g7(s.eosB), 16));
-    w.r.list.push_back("  C =" + right(g7(s.eosC), 16));
-    w.r.list.push_back("  D =" + right(g7(s.eosD), 16));
+    w.r.list.push_back("  A =" + right(g7(s.a), 16));
+    w.r.list.push_back("  B =" + right(g7(s.b), 16));
+    w.r.list.push_back("  C =" + right(g7(s.c), 16));
+    w.r.list.push_back("  D =" + right(g7(s.d), 16));
 }
 
 void common_end(Work& w, int mode) {
@@ -498,10 +500,10 @@ void common_end(Work& w, int mode) {
                                : "=> supercritical V-phase (T > T(cr), p < p(cr))";
     }
     if (w.r.failed) {
-        w.r.State = "   ";
+        w.r.phases = "   ";
         return;
     }
-    if (cubic(w) && ((mode != 6 && mode != 7) || w.selection().HLVModel == codes::hlv(7)))
+    if (cubic(w) && ((mode != 6 && mode != 7) || w.selection().vaporisation == codes::hlv(7)))
         cubic_block(w);
     if (!cubic(w) && mode != 11) {
         w.r.list.push_back("");
@@ -549,8 +551,8 @@ Result Of(const Setting& setting, int mode, const calculation::BatchDataSet& inp
     const auto rho = static_cast<double>(mode == 2 ? input.rhoL : input.rhoV);
     const bool needsT = mode != 5 && mode != 7 && mode != 13;
     const bool needsP = mode == 3 || mode == 5 || mode == 7 || mode == 8 || mode == 13;
-    if (needsT) w.T = w.r.Fu[0] = input.T;
-    if (needsP) w.p = w.r.Fu[1] = input.p;
+    if (needsT) w.T = w.r.numbers[0] = input.T;
+    if (needsP) w.p = w.r.numbers[1] = input.p;
     switch (mode) {
         case 1:
         case 2:
@@ -579,7 +581,7 @@ Result Of(const Setting& setting, int mode, const calculation::BatchDataSet& inp
             break;
         case 13:
             given_p_rho(w, rho);
-            w.r.Fu[0] = w.T;
+            w.r.numbers[0] = w.T;
             break;
         default:
             break;

@@ -16,8 +16,8 @@ namespace expected {
 struct Result {
     std::string par1, par2, co1, co2;
     std::vector<std::string> list;
-    std::string State = "   ";
-    std::array<double, 42> Fu{};
+    std::string phases = "   ";
+    std::array<double, 42> numbers{};
     bool failed = false;
 };
 

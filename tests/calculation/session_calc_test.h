@@ -35,13 +35,13 @@ class SessionCalcTest : public SessionTest {
     void use_models(const Models& m) {
         const models::Eos eos = codes::eos(m.eos);
         change([&](session::SessionState& s) {
-            s.models.EOSModel = eos;
-            s.models.EOSOnlyV = models::is_v_only(eos);
-            s.models.VPModel = models::VapourPressureEquation::wagner;
-            s.models.PriorityCEOS = m.priority && !s.models.EOSOnlyV;
-            s.models.HLVModel = codes::hlv(m.hlv);
-            s.models.WatsonN = 0.38F;
-            s.models.CpModel = models::CpForm::sinhCosh;
+            s.models.eos = eos;
+            s.models.vapour_only = models::is_v_only(eos);
+            s.models.vapour_pressure = models::VapourPressureEquation::wagner;
+            s.models.eos_has_priority = m.priority && !s.models.vapour_only;
+            s.models.vaporisation = codes::hlv(m.hlv);
+            s.models.watson_n = 0.38F;
+            s.models.cp_form = models::CpForm::sinhCosh;
         });
         session::compute_constants(session, eos);
     }
@@ -61,7 +61,7 @@ class SessionCalcTest : public SessionTest {
 
     std::vector<std::string> lines() const {
         std::vector<std::string> all;
-        for (const report::ListLine& line : resultText().Liste) all.push_back(line.text);
+        for (const report::ListLine& line : resultText().lines) all.push_back(line.text);
         return all;
     }
     bool has_line(const std::string& line) const {

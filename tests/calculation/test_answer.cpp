@@ -39,7 +39,7 @@ TEST_F(AnswerTest, AMixtureHasBothPhasesAndItsVapourFraction) {
     const double v = 0.25 * sat.v[0] + 0.75 * sat.v[2];
     const Answer a = ask(Task::pressureOfVapour, {.T = 310, .rhoV = static_cast<float>(M / v)});
     ASSERT_TRUE(a.ok());
-    EXPECT_TRUE(a.twoPhase && a.mixture && a.phases.both());
+    EXPECT_TRUE(a.two_phase && a.mixture && a.phases.both());
     EXPECT_NEAR(a.y, 0.75, 1e-6);
     EXPECT_DOUBLE_EQ(a.p, sat.p);
     EXPECT_DOUBLE_EQ(a.phases.liquid->v, sat.v[0]);
@@ -64,9 +64,9 @@ TEST_F(AnswerTest, WhatIsMissingHasAReason) {
 }
 
 TEST_F(AnswerTest, ARemarkIsANoteWithItsNumber) {
-    selection.VPModel = models::VapourPressureEquation::wagner;
-    selection.PriorityCEOS = false;
-    const double T = static_cast<double>(substance.WAG.TLo) - 25.0;
+    selection.vapour_pressure = models::VapourPressureEquation::wagner;
+    selection.eos_has_priority = false;
+    const double T = static_cast<double>(substance.wagner.T_low) - 25.0;
     const Answer a = ask(Task::saturationAtT, {.T = T});
     ASSERT_FALSE(a.notes.empty());
     EXPECT_EQ(a.notes.back().kind, calculation::Note::Kind::pressureRange);
@@ -109,11 +109,11 @@ TEST_F(ReportTest, WordsFollowFromTheAnswerAlone) {
     EXPECT_EQ(r.par1.text, "T = 300.000 K");
     EXPECT_EQ(r.par2.text, "p = 100.000 kPa");
     EXPECT_EQ(r.co1.text, "said by the solver");
-    EXPECT_EQ(r.State, " V ");
-    ASSERT_EQ(r.Liste.size(), 2U);
-    EXPECT_EQ(r.Liste[0].cells[2], "2");
-    EXPECT_EQ(r.Liste[1].cells[2], "25");
-    EXPECT_FALSE(r.cmdCEOSDiagnose.enabled);
+    EXPECT_EQ(r.phases, " V ");
+    ASSERT_EQ(r.lines.size(), 2U);
+    EXPECT_EQ(r.lines[0].cells[2], "2");
+    EXPECT_EQ(r.lines[1].cells[2], "25");
+    EXPECT_FALSE(r.diagnosis.enabled);
 }
 
 TEST_F(ReportTest, UnitsChangeWordsAndNumbersButNotTheAnswer) {
@@ -123,8 +123,8 @@ TEST_F(ReportTest, UnitsChangeWordsAndNumbersButNotTheAnswer) {
     const report::TaskResult specific = report::make_result(fluid(), reference, units, request);
     EXPECT_EQ(molar.answer.functions->vapour->z, specific.answer.functions->vapour->z);
     const double M = static_cast<double>(substance.M);
-    EXPECT_NEAR(molar.Fu[10] / specific.Fu[10], M, 1e-9 * M);
-    EXPECT_NE(report::ListText(molar.report), report::ListText(specific.report));
+    EXPECT_NEAR(molar.numbers[10] / specific.numbers[10], M, 1e-9 * M);
+    EXPECT_NE(report::list_text(molar.report), report::list_text(specific.report));
 }
 
 TEST_F(ReportTest, AResultKnowsWhetherItStillStandsForThePresent) {

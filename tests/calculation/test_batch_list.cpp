@@ -18,9 +18,9 @@ using namespace quor;
 namespace {
 
 using calculation::BatchDataSet;
-using report::Deviation;
 using report::deviation_text;
 using report::ListForm;
+using report::relative_deviation;
 
 /// Lists that compare a model with measured data.
 class BatchList : public CalcTest {
@@ -70,13 +70,13 @@ class BatchList : public CalcTest {
 };
 
 TEST_F(BatchList, DeviationNeedsBothValues) {
-    EXPECT_FALSE(Deviation(0, 5));
-    EXPECT_FALSE(Deviation(5, 0));
-    EXPECT_FALSE(Deviation(1e-6, 5));
-    ASSERT_TRUE(Deviation(102.5, 100));
-    EXPECT_FLOAT_EQ(*Deviation(102.5, 100), 2.5F);
-    EXPECT_FLOAT_EQ(*Deviation(50, 100), -50.0F);
-    EXPECT_TRUE(std::isfinite(*Deviation(1e300, 1e-5)));
+    EXPECT_FALSE(relative_deviation(0, 5));
+    EXPECT_FALSE(relative_deviation(5, 0));
+    EXPECT_FALSE(relative_deviation(1e-6, 5));
+    ASSERT_TRUE(relative_deviation(102.5, 100));
+    EXPECT_FLOAT_EQ(*relative_deviation(102.5, 100), 2.5F);
+    EXPECT_FLOAT_EQ(*relative_deviation(50, 100), -50.0F);
+    EXPECT_TRUE(std::isfinite(*relative_deviation(1e300, 1e-5)));
 }
 
 TEST_F(BatchList, DeviationIsWrittenWithAPoint) {
@@ -275,7 +275,7 @@ TEST_F(BatchList, FiveThousandSetsHaveAResultEach) {
     const report::Comparison all = compare();
     EXPECT_EQ(all.results.size(), 5000U);
     std::size_t results = 0;
-    for (const auto& one : all.results) results += one.State != "   ";
+    for (const auto& one : all.results) results += one.phases != "   ";
     EXPECT_EQ(results, 5000U);
     EXPECT_TRUE(all.told.empty());
     EXPECT_GT(report::make_result_list(all, title(), true, ListForm::Print).lines.size(),

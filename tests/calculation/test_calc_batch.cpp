@@ -29,10 +29,10 @@ class CalcBatch : public CalcTest {
     void expect_error(const std::string& red) {
         EXPECT_EQ(resultText.par1.text, red);
         EXPECT_TRUE(resultText.par1.red);
-        EXPECT_TRUE(resultText.Liste.empty());
-        EXPECT_EQ(resultText.State, "   ");
-        EXPECT_EQ(lastRecord.State, "   ");
-        EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
+        EXPECT_TRUE(resultText.lines.empty());
+        EXPECT_EQ(resultText.phases, "   ");
+        EXPECT_EQ(lastRecord.phases, "   ");
+        EXPECT_FALSE(resultText.diagnosis.enabled);
     }
 };
 
@@ -72,7 +72,7 @@ TEST_F(CalcBatch, RemarksOnTemperaturesBelowTheTriplePointAndGoesOn) {
     EXPECT_EQ(user.lastText(), "T < T(TP) (Triple Point)");
     EXPECT_EQ(user.lastTitle(), "Remark");
     EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Exclamation);
-    EXPECT_NE(resultText.State, "   ");
+    EXPECT_NE(resultText.phases, "   ");
     calculate(3, report::Tell::necessary);  // not interactive
     calculate(16);                          // the ideal gas has no triple point
     use_models({.eos = 16});
@@ -83,12 +83,12 @@ TEST_F(CalcBatch, RemarksOnTemperaturesBelowTheTriplePointAndGoesOn) {
 TEST_F(CalcBatch, EverythingOfThePreviousCallIsForgotten) {
     use_input({.T = 300, .p = 1000});
     calculate(8);
-    EXPECT_NE(Fu[20], 0.0);
-    EXPECT_GT(last.answer.last.Roots, 0);
+    EXPECT_NE(numbers[20], 0.0);
+    EXPECT_GT(last.answer.last.root_count, 0);
     use_input({});
     calculate(8);
-    for (const double value : Fu) EXPECT_EQ(value, 0.0);
-    EXPECT_EQ(last.answer.last.Roots, 0);
+    for (const double value : numbers) EXPECT_EQ(value, 0.0);
+    EXPECT_EQ(last.answer.last.root_count, 0);
     EXPECT_EQ(last.answer.last.v[0], 0.0);
     EXPECT_TRUE(resultText.co1.text.empty());
 }
@@ -109,8 +109,8 @@ TEST_F(CalcBatch, CloseToTheCriticalPointIsNamed) {
     EXPECT_EQ(all[0], "Critical point!");
     EXPECT_EQ(all[1], " T(cr) = 369.89 K");
     EXPECT_EQ(all[2], " p(cr) = 4251.20 kPa");
-    EXPECT_EQ(all[3], "rho(cr) = " + fix(eosParameters.rhocritCalc, 1) + " kg/m^3");
-    EXPECT_EQ(all[4], "  v(cr) = " + g7(eosParameters.vcritCalc) + " m^3/kmol");
+    EXPECT_EQ(all[3], "rho(cr) = " + fix(eos_parameters.rhocrit_calculated, 1) + " kg/m^3");
+    EXPECT_EQ(all[4], "  v(cr) = " + g7(eos_parameters.vcrit_calculated) + " m^3/kmol");
     use_input({.T = Tc() + 0.06, .p = pc()});
     calculate(3);
     EXPECT_THAT(lines(), testing::Not(Contains("Critical point!")));
@@ -121,7 +121,7 @@ TEST_F(CalcBatch, HalfwayBetweenTheVolumesHalfIsVapour) {
     const double v = 0.5 * (sat.v[0] + sat.v[2]);
     use_input({.T = 310, .rhoV = static_cast<float>(static_cast<double>(substance.M) / v)});
     calculate(1);
-    EXPECT_EQ(resultText.State, "V+L");
+    EXPECT_EQ(resultText.phases, "V+L");
     ASSERT_FALSE(lines().empty());
     const std::string label = std::string(22, ' ') + "Vapour fraction y(V) = ";
     ASSERT_EQ(lines()[0].substr(0, label.size()), label);
@@ -130,8 +130,8 @@ TEST_F(CalcBatch, HalfwayBetweenTheVolumesHalfIsVapour) {
 
 TEST_F(CalcBatch, VirialVolumeBelowBHasNoPressure) {
     use_models({.eos = 10});
-    eosParameters.eosB0 = 0.5;
-    eosParameters.eosNB = 0.0;
+    eos_parameters.b0 = 0.5;
+    eos_parameters.nb = 0.0;
     use_input({.T = 300, .rhoV = 100.0F});  // v = 0.44 m^3/kmol
     const Outcome call = calculate(1);
     EXPECT_TRUE(call.Failed);
@@ -146,7 +146,7 @@ TEST_F(CalcBatch, VolumeBelowTheCovolumeIsReported) {
     EXPECT_EQ(last.answer.reason, calculation::Reason::belowCovolume);
     const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
     EXPECT_THAT(lines(), Contains(report + " (v <= b) ERROR1"));
-    EXPECT_TRUE(resultText.Liste[0].red);
+    EXPECT_TRUE(resultText.lines[0].red);
     chosen.method.global = false;
     calculate(1);
     EXPECT_THAT(lines(), Contains(report + " (v <= b)"));
@@ -185,10 +185,10 @@ TEST_F(CalcBatch, EquilibriumAtTheCriticalPointHasOneVolume) {
         const Outcome call = calculate(mode);
         EXPECT_FALSE(call.Failed);
         EXPECT_DOUBLE_EQ(call.Pressure, pc());
-        EXPECT_DOUBLE_EQ(Fu[9], eosParameters.vcritCalc);
-        EXPECT_DOUBLE_EQ(Fu[19], eosParameters.vcritCalc);
+        EXPECT_DOUBLE_EQ(numbers[9], eos_parameters.vcrit_calculated);
+        EXPECT_DOUBLE_EQ(numbers[19], eos_parameters.vcrit_calculated);
         EXPECT_EQ(resultText.co1.text, "=> critical point (T = T(cr), p = p(cr))");
-        EXPECT_TRUE(resultText.lblGleich);
+        EXPECT_TRUE(resultText.identical);
     }
 }
 
@@ -216,9 +216,9 @@ TEST_F(CalcBatch, NamesTheRegionAndItsColumns) {
         EXPECT_EQ(resultText.co1.text, c.text);
         ASSERT_TRUE(last.answer.region);
         EXPECT_EQ(static_cast<std::int16_t>(*last.answer.region), c.region);
-        EXPECT_EQ(resultText.lblLphase, c.L);
-        EXPECT_EQ(resultText.lblVphase, c.V);
-        EXPECT_EQ(resultText.lblGleich, c.same);
+        EXPECT_EQ(resultText.caption_L, c.L);
+        EXPECT_EQ(resultText.caption_V, c.V);
+        EXPECT_EQ(resultText.identical, c.same);
         EXPECT_EQ(resultText.co1.red, c.region != 0);
         EXPECT_EQ(resultText.co1.bold, c.region != 0);
     }
@@ -253,7 +253,7 @@ TEST_F(CalcBatch, AVapourOnlyModelHasNoRegion) {
     use_input({.T = Tc() + 10, .p = pc() + 10});
     calculate(3);
     EXPECT_EQ(resultText.co1.text, "EOS for the V-phase only!");
-    EXPECT_FALSE(resultText.lblGleich);
+    EXPECT_FALSE(resultText.identical);
 }
 
 TEST_F(CalcBatch, WithoutAVapourPressureEquationTheDataSetStandsIn) {
@@ -272,10 +272,10 @@ TEST_F(CalcBatch, WithoutAVapourPressureEquationTheDataSetStandsIn) {
     use_input({.T = 300, .p = 990.5}, true);
     EXPECT_FALSE(calculate(4).Failed);
     EXPECT_EQ(resultText.co2.text, " p(LV)(from data set) = 990.5 kPa");
-    EXPECT_DOUBLE_EQ(Fu[1], 990.5);
+    EXPECT_DOUBLE_EQ(numbers[1], 990.5);
     EXPECT_FALSE(calculate(5).Failed);
     EXPECT_EQ(resultText.co2.text, " T(LV) (from data set) = 300.0 K");
-    EXPECT_DOUBLE_EQ(Fu[0], 300.0);
+    EXPECT_DOUBLE_EQ(numbers[0], 300.0);
 }
 
 TEST_F(CalcBatch, PartialEquilibriumAboveThePressureOfTheEosHasNoVapourVolume) {
@@ -286,8 +286,8 @@ TEST_F(CalcBatch, PartialEquilibriumAboveThePressureOfTheEosHasNoVapourVolume) {
     use_input({.T = 300, .p = 3000}, true);
     calculate(4);
     EXPECT_THAT(lines(), Contains("density          rho/ (kg/m^3)  ="));
-    EXPECT_EQ(Fu[9], 0.0);
-    EXPECT_EQ(Fu[19], 0.0);
+    EXPECT_EQ(numbers[9], 0.0);
+    EXPECT_EQ(numbers[19], 0.0);
 }
 
 TEST_F(CalcBatch, WithoutASecondReferencePointPartialDensitiesStayEmpty) {
@@ -303,11 +303,11 @@ TEST_F(CalcBatch, WithoutASecondReferencePointPartialDensitiesStayEmpty) {
 TEST_F(CalcBatch, AnAssumedEquilibriumGetsItsLiquidFromBenson) {
     use_models({.eos = 16});
     use_benson_reference();
-    chosen.method.assumedVle = true;
+    chosen.method.assumed_vle = true;
     use_input({.T = 300, .p = 990});
     const Outcome call = calculate(3);
-    EXPECT_TRUE(call.HasL && call.HasV);
-    EXPECT_EQ(resultText.State, "V+L");
+    EXPECT_TRUE(call.has_L && call.has_V);
+    EXPECT_EQ(resultText.phases, "V+L");
     EXPECT_THAT(lines(), Contains("            by BENSON's method:"));
     const models::BensonPoint& ref = chosen.method.reference;
     const double Tref = static_cast<double>(ref.T);
@@ -325,12 +325,12 @@ TEST_F(CalcBatch, FailedVapourPressureEquationIsReported) {
     const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
     EXPECT_TRUE(calculate(4).Failed);
     EXPECT_THAT(lines(), Contains(report + " (E-1)"));
-    EXPECT_EQ(resultText.State, "   ");
+    EXPECT_EQ(resultText.phases, "   ");
 }
 
 TEST_F(CalcBatch, EosThatFindsNoEquilibriumIsReported) {
-    selection.EOSOnlyV = false;
-    selection.EOSModel = models::Eos::none;
+    selection.vapour_only = false;
+    selection.eos = models::Eos::none;
     use_input({.T = 300, .p = 900});
     const std::string report = "Message from Sub CalcBatch" + std::string(25, ' ');
     EXPECT_TRUE(calculate(4).Failed);
@@ -344,10 +344,10 @@ TEST_F(CalcBatch, NoEnthalpyOfVaporisationIsTold) {
     use_input({.T = 300});
     EXPECT_TRUE(calculate(6).Failed);
     EXPECT_EQ(lines(), std::vector<std::string>{"no Result"});
-    EXPECT_TRUE(resultText.Liste[0].red);
+    EXPECT_TRUE(resultText.lines[0].red);
     EXPECT_EQ(resultText.co1.text, "No p available");
     EXPECT_TRUE(resultText.co1.red);
-    EXPECT_EQ(Fu[29], 0.0);
+    EXPECT_EQ(numbers[29], 0.0);
 }
 
 TEST_F(CalcBatch, MissingHeatCapacityEndsTheFunctionsButNotTheState) {
@@ -366,8 +366,8 @@ TEST_F(CalcBatch, ModeWithoutAFunctionShowsOnlyT) {
     EXPECT_EQ(resultText.par1.text, "T = 300.000 K");
     EXPECT_TRUE(resultText.co1.text.empty() && resultText.co2.text.empty());
     EXPECT_TRUE(lines().empty());
-    EXPECT_DOUBLE_EQ(Fu[0], 300.0);
-    EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
+    EXPECT_DOUBLE_EQ(numbers[0], 300.0);
+    EXPECT_FALSE(resultText.diagnosis.enabled);
 }
 
 TEST_F(CalcBatch, PolytropicProcessShowsItsStartAndHidesThePanels) {
@@ -377,11 +377,11 @@ TEST_F(CalcBatch, PolytropicProcessShowsItsStartAndHidesThePanels) {
     calculate(12);
     EXPECT_EQ(resultText.par1.text, "T = 310.000 K");
     EXPECT_EQ(resultText.par2.text, "p = 450.000 kPa");
-    EXPECT_TRUE(resultText.panelsHidden);
+    EXPECT_TRUE(resultText.panels_hidden);
     EXPECT_DOUBLE_EQ(last.answer.T, 310);
     use_input({.T = 300, .p = 100});
     calculate(3);
-    EXPECT_FALSE(resultText.panelsHidden);
+    EXPECT_FALSE(resultText.panels_hidden);
 }
 
 // ---- Flags ------------------------------------------------------------------------------------
@@ -398,19 +398,19 @@ TEST_F(CalcBatch, AnAnswerNeedsNoWords) {
     ASSERT_TRUE(a.phases.vapour);
     EXPECT_FALSE(a.phases.liquid);
     EXPECT_NEAR(a.phases.vapour->rho * a.phases.vapour->v, static_cast<double>(substance.M), 1e-9);
-    EXPECT_EQ(report::record_of(a).State, " V ");
+    EXPECT_EQ(report::record_of(a).phases, " V ");
 }
 
 TEST_F(CalcBatch, TellsPhasesRootsAndFraction) {
     use_input({.T = 300, .p = 100});
     Outcome call = calculate(3);
-    EXPECT_TRUE(!call.HasL && call.HasV);
-    EXPECT_EQ(call.Roots, 3);
+    EXPECT_TRUE(!call.has_L && call.has_V);
+    EXPECT_EQ(call.root_count, 3);
     EXPECT_EQ(call.FractionV, 100.0F);
     EXPECT_DOUBLE_EQ(call.Pressure, 100.0);
     use_input({.T = 300, .p = 2000});
     call = calculate(3);
-    EXPECT_TRUE(call.HasL && !call.HasV);
+    EXPECT_TRUE(call.has_L && !call.has_V);
     EXPECT_EQ(call.FractionV, 0.0F);
 }
 
@@ -424,8 +424,8 @@ TEST_F(CalcBatch, DiagnosisNeedsAStateOfTheCubicEos) {
         for (const Case& c : cases) {
             SCOPED_TRACE(c.mode);
             ASSERT_FALSE(calculate(c.mode).Failed);
-            EXPECT_EQ(resultText.cmdCEOSDiagnose.enabled, c.enabled);
-            EXPECT_EQ(resultText.cmdCEOSDiagnose.colour, c.enabled ? 0xC0FFC0U : 0U);
+            EXPECT_EQ(resultText.diagnosis.enabled, c.enabled);
+            EXPECT_EQ(resultText.diagnosis.colour, c.enabled ? 0xC0FFC0U : 0U);
         }
     };
     check({{1, true},

@@ -30,7 +30,7 @@ TEST_F(CalcFaults, ZeroMolarMassInSpecificUnitsEndsInTheGuard) {
         ASSERT_EQ(user.messages.size(), 1U);
         EXPECT_EQ(user.lastText(), "Division by zero");
         EXPECT_EQ(user.lastTitle(), "WARNING");
-        EXPECT_EQ(lastRecord.State, "   ");
+        EXPECT_EQ(lastRecord.phases, "   ");
     }
 }
 
@@ -40,7 +40,7 @@ TEST_F(CalcFaults, ZeroMolarMassInMolarUnitsGivesNoDensityAndNoFault) {
     for (const int mode : Codes{1, 3, 4, 8, 13}) {
         SCOPED_TRACE(mode);
         calculate(mode);
-        for (const double value : Fu) EXPECT_TRUE(std::isfinite(value));
+        for (const double value : numbers) EXPECT_TRUE(std::isfinite(value));
         EXPECT_EQ(resultText.co2.text.find("nan"), std::string::npos);
     }
 }
@@ -52,7 +52,7 @@ TEST_F(CalcFaults, AReferencePointAtTheCriticalPointGivesNoLiquid) {
     use_input({.T = 300});
     calculate(4);
     EXPECT_EQ(lastRecord.rhoL, 0.0F);
-    for (const double value : Fu) EXPECT_TRUE(std::isfinite(value));
+    for (const double value : numbers) EXPECT_TRUE(std::isfinite(value));
 }
 
 TEST_F(CalcFaults, AValueBeyond32BitsEndsInTheGuard) {
@@ -78,7 +78,7 @@ TEST_F(CalcFaults, NoInputMakesANumberThatIsNone) {
                     for (int mode = 1; mode <= 24; ++mode) {
                         chosen.method.global = global;
                         calculate(mode, report::Tell::necessary);
-                        for (const double value : Fu)
+                        for (const double value : numbers)
                             ASSERT_TRUE(std::isfinite(value)) << mode << " " << T << " " << p;
                     }
                 }
@@ -102,7 +102,7 @@ TEST_F(CalcFaults, NoSubstanceAndNoCubicModelMissesAnEquilibrium) {
                 use_input({.T = T, .p = sat.p});
                 for (const int mode : Codes{4, 5}) {
                     ASSERT_FALSE(calculate(mode, report::Tell::necessary).Failed);
-                    ASSERT_EQ(resultText.State, "V+L");
+                    ASSERT_EQ(resultText.phases, "V+L");
                 }
                 for (const double y : {0.05, 0.3, 0.8}) {
                     const double v = (1 - y) * sat.v[0] + y * sat.v[2];
@@ -112,7 +112,7 @@ TEST_F(CalcFaults, NoSubstanceAndNoCubicModelMissesAnEquilibrium) {
                     for (const int mode : Codes{1, 13}) {
                         ASSERT_FALSE(calculate(mode, report::Tell::necessary).Failed)
                             << "mode " << mode;
-                        ASSERT_EQ(resultText.State, "V+L") << "mode " << mode;
+                        ASSERT_EQ(resultText.phases, "V+L") << "mode " << mode;
                     }
                     ++states;
                 }

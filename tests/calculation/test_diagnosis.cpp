@@ -68,8 +68,8 @@ TEST_F(DiagnosisTest, OneRootIsOneLine) {
     EXPECT_EQ(notes(of_state(300, 4000)), (Notes{"(stable, L-phase)"}));
     const Diagnosis d = of_state(420, 3000);
     EXPECT_EQ(d.roots.size(), 1U);
-    EXPECT_EQ(d.saturationPressure, 0);
-    EXPECT_TRUE(d.areaAbove.empty() && d.areaBelow.empty());
+    EXPECT_EQ(d.saturation_pressure, 0);
+    EXPECT_TRUE(d.area_above.empty() && d.area_below.empty());
 }
 
 TEST_F(DiagnosisTest, AreasAreEqual) {
@@ -79,12 +79,12 @@ TEST_F(DiagnosisTest, AreasAreEqual) {
             use_models({.eos = eos});
             const Diagnosis d = of_state(T, 600);
             const auto sat = models::saturation_pressure(fluid(), T);
-            EXPECT_DOUBLE_EQ(d.saturationPressure, sat.p);
-            const double below = area(d.areaBelow, sat.p), above = area(d.areaAbove, sat.p);
+            EXPECT_DOUBLE_EQ(d.saturation_pressure, sat.p);
+            const double below = area(d.area_below, sat.p), above = area(d.area_above, sat.p);
             EXPECT_LT(below, 0);
             EXPECT_GT(above, 0);
             EXPECT_NEAR(-below, above, 0.02 * above);
-            EXPECT_DOUBLE_EQ(d.areaBelow.back().v, d.areaAbove.front().v);
+            EXPECT_DOUBLE_EQ(d.area_below.back().v, d.area_above.front().v);
         }
 }
 
@@ -96,13 +96,13 @@ TEST_F(DiagnosisTest, IsothermCoversTheRootsAndStaysInTheWindow) {
             ASSERT_GT(d.isotherm.size(), 100U);
             EXPECT_LT(d.isotherm.front().v, d.roots.front().v * 1.0000001);
             EXPECT_GT(d.isotherm.back().v, d.roots.back().v);
-            EXPECT_LT(d.pMin, d.pMax);
-            EXPECT_LE(d.pMin, p);
-            EXPECT_GE(d.pMax, p);
+            EXPECT_LT(d.p_min, d.p_max);
+            EXPECT_LE(d.p_min, p);
+            EXPECT_GE(d.p_max, p);
             for (std::size_t i = 1; i < d.isotherm.size(); ++i)
                 ASSERT_GT(d.isotherm[i].v, d.isotherm[i - 1].v);
             for (const auto& point : d.isotherm) ASSERT_TRUE(std::isfinite(point.p));
-            EXPECT_LE(d.isotherm.front().p, d.pMax * 1.001);
+            EXPECT_LE(d.isotherm.front().p, d.p_max * 1.001);
         }
 }
 

@@ -19,9 +19,9 @@ class DirectInput : public SessionCalcTest {
     }
     void use_units(models::UnitSystem system) {
         change([&](session::SessionState& s) {
-            s.unitSystem = system;
-            s.caloricUnit = system == models::UnitSystem::specific ? models::CaloricUnit::specific
-                                                                   : models::CaloricUnit::molar;
+            s.unit_system = system;
+            s.caloric_unit = system == models::UnitSystem::specific ? models::CaloricUnit::specific
+                                                                    : models::CaloricUnit::molar;
         });
     }
     report::DirectInput describe_direct_input(bool amount = false) const {
@@ -72,21 +72,21 @@ TEST_F(DirectInput, AsksForWhatTheModeNeeds) {
 
 TEST_F(DirectInput, NamesTheUnitOfAVolume) {
     ask(1);
-    EXPECT_EQ(describe_direct_input().volumeFrame, " Input density kg/m^3 ");
-    session.change()->calculation.volumeInput = true;
+    EXPECT_EQ(describe_direct_input().volume_frame, " Input density kg/m^3 ");
+    session.change()->calculation.volume_input = true;
     const char* frames[] = {" Input molar volume, cf. \"Options\" ",
                             " Input specif. volume, cf. Options ",
                             " Input red. volume, cf. Options "};
     const char* names[] = {" V/m^3/kmol = ", "  V/m^3/kg  = ", "  V/(m^3/m^3)= "};
     for (const int unit : {0, 1, 2}) {
         use_units(static_cast<models::UnitSystem>(unit));
-        EXPECT_EQ(describe_direct_input().volumeFrame, frames[unit]);
+        EXPECT_EQ(describe_direct_input().volume_frame, frames[unit]);
         EXPECT_EQ(labels()[2], names[unit]);
     }
     use_models({.eos = 16});  // no critical volume: reduced volumes fall back to molar ones
     EXPECT_EQ(labels()[2], names[0]);
     ask(3);
-    EXPECT_FALSE(describe_direct_input().volumeFrameVisible);
+    EXPECT_FALSE(describe_direct_input().volume_frame_visible);
 }
 
 TEST_F(DirectInput, StoresAndCalculates) {
@@ -95,7 +95,7 @@ TEST_F(DirectInput, StoresAndCalculates) {
     EXPECT_DOUBLE_EQ(state().direct.T, 300);
     EXPECT_DOUBLE_EQ(state().direct.p, 900.5);
     EXPECT_EQ(state().direct.rho, 0.0F) << "a hidden field counts as nothing";
-    EXPECT_EQ(resultText().State, " V ");
+    EXPECT_EQ(resultText().phases, " V ");
     EXPECT_EQ(report::title_of(session->results.current.request.task, {}), " T, p => rho");
 }
 
@@ -117,7 +117,7 @@ TEST_F(DirectInput, OneOfTwoValuesEndsInTheResultView) {
 
 TEST_F(DirectInput, AVolumeBecomesADensity) {
     ask(1);
-    session.change()->calculation.volumeInput = true;
+    session.change()->calculation.volume_input = true;
     const double M = static_cast<double>(session->substance.M);
     use_units(models::UnitSystem::molar);
     accept_input(session, {"300", "", "5", ""});
@@ -128,8 +128,8 @@ TEST_F(DirectInput, AVolumeBecomesADensity) {
     use_units(models::UnitSystem::reduced);
     accept_input(session, {"300", "", "2", ""});
     EXPECT_FLOAT_EQ(state().direct.rho,
-                    static_cast<float>(M / (2.0 * session->eosParameters.vcritCalc)));
-    session.change()->calculation.volumeInput = false;
+                    static_cast<float>(M / (2.0 * session->eos_parameters.vcrit_calculated)));
+    session.change()->calculation.volume_input = false;
     accept_input(session, {"300", "", "2", ""});
     EXPECT_FLOAT_EQ(state().direct.rho, 2.0F);
 }
@@ -171,7 +171,7 @@ TEST_F(DirectInput, TakesATankByMassOrAmount) {
     const double level = filled().level;
     EXPECT_GT(level, 10.0);
     EXPECT_GT(filled().p, 900.0);
-    const std::string amount = numbers::General(100.0 / static_cast<double>(session->substance.M));
+    const std::string amount = numbers::general(100.0 / static_cast<double>(session->substance.M));
     EXPECT_EQ(accept_input(session, {"1", amount, "300", ""}, true), InputResult::TankCalculated);
     EXPECT_NEAR(static_cast<double>(session->tank.m), 100.0, 1e-4);
     EXPECT_NEAR(filled().level, level, 1e-4);
@@ -187,15 +187,15 @@ TEST_F(DirectInput, ZeroMolarMassEndsInTheGuardOfTheCalculation) {
     EXPECT_EQ(describe_direct_input().fields[2].label, " rho/kg/m^3 = ");
     EXPECT_EQ(accept_input(session, {"300", "", "5", ""}), InputResult::Calculated);
     EXPECT_EQ(user.lastText(), "Division by zero");
-    session.change()->calculation.volumeInput = true;
+    session.change()->calculation.volume_input = true;
     EXPECT_EQ(accept_input(session, {"300", "", "5", ""}), InputResult::Refused);
 }
 
 TEST_F(DirectInput, CancelClosesInputAndResult) {
     std::vector<std::string> closed;
     session::CalculationViews views;
-    views.closeParinput = [&] { closed.emplace_back("frmParinput"); };
-    views.closeResultView = [&] { closed.emplace_back("frmCalcOut"); };
+    views.close_direct_input = [&] { closed.emplace_back("frmParinput"); };
+    views.close_result_view = [&] { closed.emplace_back("frmCalcOut"); };
     session::cancel_input(views);
     EXPECT_EQ(closed, (std::vector<std::string>{"frmParinput", "frmCalcOut"}));
 }

@@ -78,13 +78,13 @@ TEST_F(ExtendedPages, ResidualFunctionsOfBothPhases) {
                     unsigned_exp(V.first[2] / sat.p)));
     EXPECT_EQ(lines_from(stars, e.size()), e);
 
-    EXPECT_DOUBLE_EQ(Fu[38], L.residual[7]);
-    EXPECT_DOUBLE_EQ(Fu[34], V.residual[7]);
-    EXPECT_DOUBLE_EQ(Fu[35], V.first[4] / vV) << "the V phase wins";
-    EXPECT_DOUBLE_EQ(Fu[36], -V.first[3] / vV);
-    EXPECT_DOUBLE_EQ(Fu[37], V.first[2] / sat.p);
-    EXPECT_DOUBLE_EQ(lastRecord.FuL.extended[0], L.first[1]);
-    EXPECT_DOUBLE_EQ(lastRecord.FuV.extended[22], V.residual[8]);
+    EXPECT_DOUBLE_EQ(numbers[38], L.residual[7]);
+    EXPECT_DOUBLE_EQ(numbers[34], V.residual[7]);
+    EXPECT_DOUBLE_EQ(numbers[35], V.first[4] / vV) << "the V phase wins";
+    EXPECT_DOUBLE_EQ(numbers[36], -V.first[3] / vV);
+    EXPECT_DOUBLE_EQ(numbers[37], V.first[2] / sat.p);
+    EXPECT_DOUBLE_EQ(lastRecord.liquid.extended[0], L.first[1]);
+    EXPECT_DOUBLE_EQ(lastRecord.vapour.extended[22], V.residual[8]);
 }
 
 TEST_F(ExtendedPages, OnePhaseLeavesTheOtherColumnEmpty) {
@@ -96,14 +96,14 @@ TEST_F(ExtendedPages, OnePhaseLeavesTheOtherColumnEmpty) {
     const auto V = table_at(300, 500, state.v[2]);
     EXPECT_TRUE(has_line(row("     ln (phi*) : ", "", "", signed_exp(V.residual[0]))));
     EXPECT_TRUE(has_line(row(" (dp/dV) at T  : ", "", "", signed_exp(V.first[1]))));
-    EXPECT_EQ(Fu[38], 0.0);
-    EXPECT_DOUBLE_EQ(Fu[34], V.residual[7]);
+    EXPECT_EQ(numbers[38], 0.0);
+    EXPECT_DOUBLE_EQ(numbers[34], V.residual[7]);
 
     use_input({.T = 300, .p = 3000});
     calculate(3);
-    EXPECT_EQ(Fu[34], 0.0);
-    EXPECT_NE(Fu[38], 0.0);
-    EXPECT_NE(Fu[35], 0.0) << "without a V phase the L phase remains";
+    EXPECT_EQ(numbers[34], 0.0);
+    EXPECT_NE(numbers[38], 0.0);
+    EXPECT_NE(numbers[35], 0.0) << "without a V phase the L phase remains";
 }
 
 TEST_F(ExtendedPages, DerivativesFollowTheUnitOfVolume) {
@@ -180,10 +180,10 @@ TEST_F(ExtendedPages, FunctionsOfTheEquilibrium) {
         EXPECT_EQ(page[11],
                   row("Helmholtz Funct.", unit == 1 ? "a/ (kJ/kg)     = " : "a/ (kJ/kmol)   = ",
                       g7((L.u - sat.p * state.v[0]) * f), g7((V.u - sat.p * state.v[2]) * f)));
-        EXPECT_NEAR(Fu[14], (V.u - sat.p * state.v[2]) * f, 1e-6);
-        EXPECT_NEAR(Fu[24], (L.u - sat.p * state.v[0]) * f, 1e-6);
-        EXPECT_NEAR(Fu[11], V.s * f, 1e-9);
-        EXPECT_NEAR(Fu[39], L.w, 1e-9);
+        EXPECT_NEAR(numbers[14], (V.u - sat.p * state.v[2]) * f, 1e-6);
+        EXPECT_NEAR(numbers[24], (L.u - sat.p * state.v[0]) * f, 1e-6);
+        EXPECT_NEAR(numbers[11], V.s * f, 1e-9);
+        EXPECT_NEAR(numbers[39], L.w, 1e-9);
     }
 }
 
@@ -196,7 +196,7 @@ TEST_F(ExtendedPages, WithoutHeatCapacityOnlyTheEquationOfStateSpeaks) {
     EXPECT_FALSE(calculate(3).Failed);
     EXPECT_TRUE(has_line("no Result"));
     EXPECT_TRUE(has_line("Residual Functions:"));
-    EXPECT_EQ(Fu[10], 0.0);
+    EXPECT_EQ(numbers[10], 0.0);
 }
 
 TEST_F(ExtendedPages, StayAwayFromModesWithoutAState) {
@@ -214,11 +214,11 @@ TEST_F(ExtendedPages, StayAwayFromModesWithoutAState) {
 TEST_F(ExtendedPages, NameEveryKindOfReferenceState) {
     chosen.pages.functions = true;
     use_input({.T = 300, .p = 500});
-    reference.RefMode = 2;
+    reference.mode = 2;
     calculate(3);
     EXPECT_TRUE(
         has_line("Reference state: conventional h and s, ideal gas at 298.15 K, 101.325 kPa"));
-    reference.RefMode = 10;
+    reference.mode = 10;
     calculate(3);
     EXPECT_TRUE(
         has_line("Reference state: quantities of formation, ideal gas at 298.15 K, 101.325 kPa"));

@@ -23,7 +23,7 @@ class IsoCalculator : public CalcTest {
     }
 
     double function(int code, bool liquid) const {
-        return Fu[report::iso_position(static_cast<IsoFunction>(code), liquid)];
+        return numbers[report::iso_position(static_cast<IsoFunction>(code), liquid)];
     }
 
     /// Where the search starts.
@@ -83,7 +83,7 @@ TEST_F(IsoCalculator, FindsTOrPForEveryFunctionAndPhase) {
                     EXPECT_NEAR(function(f, s.liquid), target, 2e-5 * std::fabs(target) + 1e-4);
                     EXPECT_DOUBLE_EQ(given == IsoGiven::T ? last.answer.T : last.answer.p,
                                      given == IsoGiven::T ? s.T2 : s.p2);
-                    EXPECT_FALSE(last.report.Liste.empty()) << "the result view shows the state";
+                    EXPECT_FALSE(last.report.lines.empty()) << "the result view shows the state";
                 }
 }
 
@@ -95,7 +95,7 @@ TEST_F(IsoCalculator, IsentropicCompressionFollowsTheEquation) {
     ASSERT_TRUE(solve(IsoGiven::p, 3, false, s));
     const double T = last.answer.T;
     const auto state = models::solve_state_tp(fluid(), T, 900.0);
-    const double v = state.nRoots == 3 ? state.v[2] : state.v[0];
+    const double v = state.root_count == 3 ? state.v[2] : state.v[0];
     EXPECT_NEAR(state_functions(T, 900, v).s, s, 1e-4);
     EXPECT_GT(T, 320);
 }
@@ -120,7 +120,7 @@ TEST_F(IsoCalculator, AMissingPhaseHasNoSolution) {
     auto iso = open(300, 100, IsoFunction::H, IsoGiven::T);
     iso.choose_phase(true);
     EXPECT_FALSE(iso.calculate("0", "300"));
-    EXPECT_EQ(iso.txtTpCalc, "No solution found");
+    EXPECT_EQ(iso.sought_text, "No solution found");
     EXPECT_DOUBLE_EQ(iso.last_T(), 300);
     EXPECT_DOUBLE_EQ(iso.last_p(), 100);
     EXPECT_FALSE(solve(IsoGiven::T, 2, true, 0.0));
@@ -146,40 +146,40 @@ TEST_F(IsoCalculator, AFunctionThatDoesNotChangeHasNoSlope) {
 
 TEST_F(IsoCalculator, ViewShowsCalculatesAndResets) {
     auto iso = open(320, 300, IsoFunction::S, IsoGiven::p);
-    EXPECT_EQ(iso.lblFuConst, "S  = ");
-    EXPECT_EQ(iso.givenLabel, "p/kPa =");
-    EXPECT_EQ(iso.soughtLabel, "T/K =");
-    EXPECT_EQ(iso.txtTpVorgabe, "300");
+    EXPECT_EQ(iso.constant_label, "S  = ");
+    EXPECT_EQ(iso.given_label, "p/kPa =");
+    EXPECT_EQ(iso.sought_label, "T/K =");
+    EXPECT_EQ(iso.given_text, "300");
     EXPECT_FALSE(iso.liquid);
     const auto at = models::solve_state_tp(fluid(), 320.0, 300.0);
-    const double s = state_functions(320, 300, at.nRoots == 3 ? at.v[2] : at.v[0]).s;
-    EXPECT_EQ(iso.txtFuConst, numbers::General(static_cast<float>(s)));
+    const double s = state_functions(320, 300, at.root_count == 3 ? at.v[2] : at.v[0]).s;
+    EXPECT_EQ(iso.constant_text, numbers::general(static_cast<float>(s)));
 
-    EXPECT_TRUE(iso.calculate(iso.txtFuConst, "600"));
-    EXPECT_NEAR(numbers::val(iso.txtTpCalc), iso.last_T(), 1e-3);
+    EXPECT_TRUE(iso.calculate(iso.constant_text, "600"));
+    EXPECT_NEAR(numbers::val(iso.sought_text), iso.last_T(), 1e-3);
     EXPECT_DOUBLE_EQ(iso.last_p(), 600);
-    EXPECT_FALSE(iso.last().report.Liste.empty()) << "the result view shows the state";
+    EXPECT_FALSE(iso.last().report.lines.empty()) << "the result view shows the state";
     const double T = iso.last_T();
     EXPECT_FALSE(iso.calculate("1E12", "700"));
-    EXPECT_EQ(iso.txtTpCalc, "No solution found");
+    EXPECT_EQ(iso.sought_text, "No solution found");
     EXPECT_DOUBLE_EQ(iso.last_p(), 600);
     EXPECT_TRUE(iso.reset());
-    EXPECT_EQ(iso.txtTpVorgabe, "600");
-    EXPECT_EQ(iso.txtTpCalc, numbers::General(static_cast<float>(T)));
+    EXPECT_EQ(iso.given_text, "600");
+    EXPECT_EQ(iso.sought_text, numbers::general(static_cast<float>(T)));
 
     iso.choose_given(IsoGiven::T);
-    EXPECT_EQ(iso.givenLabel, "  T/K =");
-    EXPECT_EQ(iso.soughtLabel, "p/kPa = ");
+    EXPECT_EQ(iso.given_label, "  T/K =");
+    EXPECT_EQ(iso.sought_label, "p/kPa = ");
     iso.choose_function(IsoFunction::H);
-    EXPECT_EQ(iso.lblFuConst, "H  = ");
-    const double h = iso.last().Fu[report::iso_position(IsoFunction::H, false)];
-    EXPECT_EQ(iso.txtFuConst, numbers::General(static_cast<float>(h)));
+    EXPECT_EQ(iso.constant_label, "H  = ");
+    const double h = iso.last().numbers[report::iso_position(IsoFunction::H, false)];
+    EXPECT_EQ(iso.constant_text, numbers::general(static_cast<float>(h)));
 }
 
 TEST_F(IsoCalculator, ResetWithoutAStateHasNoSolution) {
     auto iso = open(0, 0, IsoFunction::V, IsoGiven::p);
     EXPECT_FALSE(iso.reset());
-    EXPECT_EQ(iso.txtTpCalc, "No solution");
+    EXPECT_EQ(iso.sought_text, "No solution");
 }
 
 }  // namespace

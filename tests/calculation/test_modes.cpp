@@ -30,7 +30,7 @@ class Modes : public CalcTest {
     void expect_text(int mode, const BatchDataSet& set) {
         for (const bool batch : {false, true}) {
             SCOPED_TRACE(testing::Message()
-                         << "mode " << mode << " eos " << models::code_of(selection.EOSModel)
+                         << "mode " << mode << " eos " << models::code_of(selection.eos)
                          << " units " << static_cast<int>(units.system) << " T " << set.T << " p "
                          << set.p << " rho " << set.rhoV << " batch " << batch);
             use_input(set, batch);
@@ -40,11 +40,11 @@ class Modes : public CalcTest {
             EXPECT_EQ(resultText.par2.text, e.par2);
             EXPECT_EQ(resultText.co1.text, e.co1);
             EXPECT_EQ(resultText.co2.text, e.co2);
-            EXPECT_EQ(resultText.State, e.State);
+            EXPECT_EQ(resultText.phases, e.phases);
             EXPECT_EQ(call.Failed, e.failed);
             EXPECT_EQ(lines(), e.list);
-            for (std::size_t i = 0; i < e.Fu.size(); ++i)
-                EXPECT_NEAR(Fu[i], e.Fu[i], 1e-9 * std::fabs(e.Fu[i])) << "Fu " << i;
+            for (std::size_t i = 0; i < e.numbers.size(); ++i)
+                EXPECT_NEAR(numbers[i], e.numbers[i], 1e-9 * std::fabs(e.numbers[i])) << "Fu " << i;
             EXPECT_TRUE(user.messages.empty()) << user.lastText();
             ++compared;
         }
@@ -101,7 +101,7 @@ TEST_F(Modes, StateAtTAndP) {
         for_all_units([&] {
             expect_text(3, given(0.6 * Tc(), 1.0));
             expect_text(3, given(0.8 * Tc(), 0.005));
-            if (!selection.EOSOnlyV) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
+            if (!selection.vapour_only) expect_text(3, given(0.8 * Tc(), 0.5 * pc()));
             expect_text(3, given(1.2 * Tc(), 0.5 * pc()));
             if (models::is_cubic(codes::eos(eos))) expect_text(3, given(0.7 * Tc(), 2 * pc()));
             if (models::is_cubic(codes::eos(eos))) expect_text(3, given(1.1 * Tc(), 1.5 * pc()));
@@ -145,15 +145,15 @@ TEST_F(Modes, EquilibriumOfTheVapourPressureEquation) {
 TEST_F(Modes, PartialEquilibrium) {
     chosen.method.global = false;
     // Parameters of a rational equation for the saturated liquid of about propane's density.
-    substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
-    substance.rhoLTLo = 150;
-    substance.rhoLTHi = 360;
+    substance.rhoL_coefficients = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    substance.rhoL_T_low = 150;
+    substance.rhoL_T_high = 360;
     for (const std::int16_t eos : {kCubic[0], kCubic[4], kVapourOnly[0], kVapourOnly[7]}) {
         use_models({.eos = eos});
         use_benson_reference();
         ASSERT_TRUE(models::is_known(chosen.method.reference));
         for (const bool benson : {true, false}) {
-            chosen.method.liquidByBenson = benson;
+            chosen.method.liquid_by_benson = benson;
             for_all_units([&] {
                 for (const double T : {200.0, 280.0, 330.0}) expect_text(4, given(T, 0));
                 for (const double p : {50.0, 800.0}) expect_text(5, given(0, p));
@@ -163,9 +163,9 @@ TEST_F(Modes, PartialEquilibrium) {
 }
 
 TEST_F(Modes, EnthalpyOfVaporisationByAllMethods) {
-    substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
-    substance.rhoLTLo = 150;
-    substance.rhoLTHi = 360;
+    substance.rhoL_coefficients = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    substance.rhoL_T_low = 150;
+    substance.rhoL_T_high = 360;
     for (const std::int16_t eos : {kCubic[4], kVapourOnly[7]})
         for (int method = 1; method <= 7; ++method) {
             if (method == 7 && eos == kVapourOnly[7]) continue;
@@ -221,7 +221,7 @@ TEST_F(Modes, TellTheSameWithADecimalComma) {
 TEST_F(Modes, OtherFluidsAndTheirOwnModels) {
     for (const char* name : {"Water", "Carbon dioxide", "Ammonia", "Nitrogen"}) {
         use_fluid(name);
-        use_models({.eos = 6, .cp = substance.hasCpSinh ? 2 : 1});
+        use_models({.eos = 6, .cp = substance.has_cp_sinh_cosh ? 2 : 1});
         for_all_units([&] {
             expect_text(4, given(0.85 * Tc(), 0));
             expect_text(3, given(0.9 * Tc(), 0.1 * pc()));

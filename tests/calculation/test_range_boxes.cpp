@@ -10,8 +10,8 @@ class RangeBoxes : public CalcTest {
     RangeBoxes() {
         use_fluid();
         use_models({});
-        substance.WAG.TLo = 100;
-        substance.WAG.THi = 369;
+        substance.wagner.T_low = 100;
+        substance.wagner.T_high = 369;
     }
     /// Number of boxes of a calculation by its task's code.
     std::size_t boxes(int code, double T, double p = 0, report::Tell tell = report::Tell::remarks) {
@@ -22,17 +22,17 @@ class RangeBoxes : public CalcTest {
     }
     void partial_with_database_density() {
         chosen.method.global = false;
-        chosen.method.liquidByBenson = false;
+        chosen.method.liquid_by_benson = false;
         use_benson_reference();
     }
 };
 
 TEST_F(RangeBoxes, LiquidDensityIsSilentForFiveKelvinsAndNotForSix) {
     partial_with_database_density();
-    substance.rhoLPar = {900, -1, 0, 0, 0, 0, 0};
-    substance.rhoLTc = 500;
-    substance.rhoLTLo = 200;
-    substance.rhoLTHi = 300;
+    substance.rhoL_coefficients = {900, -1, 0, 0, 0, 0, 0};
+    substance.rhoL_Tc = 500;
+    substance.rhoL_T_low = 200;
+    substance.rhoL_T_high = 300;
     EXPECT_EQ(boxes(4, 250), 0U);
     EXPECT_EQ(boxes(4, 305), 0U);
     EXPECT_EQ(boxes(4, 195), 0U);
@@ -53,8 +53,8 @@ TEST_F(RangeBoxes, LiquidDensityIsSilentForFiveKelvinsAndNotForSix) {
 
 TEST_F(RangeBoxes, VapourPressureIsSilentForTenKelvinsAndNotForEleven) {
     partial_with_database_density();
-    substance.WAG.TLo = 200;
-    substance.WAG.THi = 250;
+    substance.wagner.T_low = 200;
+    substance.wagner.T_high = 250;
     EXPECT_EQ(boxes(4, 260), 0U);
     EXPECT_EQ(boxes(4, 261), 1U);
     EXPECT_EQ(
@@ -73,8 +73,8 @@ TEST_F(RangeBoxes, BoilingTemperatureHasATextOfItsOwn) {
     partial_with_database_density();
     ASSERT_EQ(boxes(4, 289), 0U);
     const double p = last.answer.p;
-    substance.WAG.TLo = 300;
-    substance.WAG.THi = 320;
+    substance.wagner.T_low = 300;
+    substance.wagner.T_high = 320;
     EXPECT_EQ(boxes(5, 0, p), 1U);
     EXPECT_EQ(
         user.lastText(),
@@ -83,8 +83,8 @@ TEST_F(RangeBoxes, BoilingTemperatureHasATextOfItsOwn) {
 
 TEST_F(RangeBoxes, EnthalpyOfVaporisationNamesEachEquationItUses) {
     constexpr int kDatabase = 1, kChen = 2, kDatabaseDensity = 5;
-    substance.hLVTLo = 250;
-    substance.hLVTHi = 350;
+    substance.hLV_T_low = 250;
+    substance.hLV_T_high = 350;
     use_models({.hlv = kDatabase});
     for (const double T : {300.0, 355.0, 245.0}) EXPECT_EQ(boxes(6, T), 0U) << T;
     EXPECT_EQ(boxes(6, 244, 0, report::Tell::necessary), 0U);
@@ -98,15 +98,15 @@ TEST_F(RangeBoxes, EnthalpyOfVaporisationNamesEachEquationItUses) {
               "Temperature -6 K outside parameter validity\n"
               "(cf. Data/Parameters delta(LV)h = Fu(T))");
 
-    substance.WAG.TLo = 250;
-    substance.WAG.THi = 300;
+    substance.wagner.T_low = 250;
+    substance.wagner.T_high = 300;
     use_models({.hlv = kChen});
     EXPECT_EQ(boxes(6, 310), 0U);
     EXPECT_EQ(boxes(6, 311), 1U);
     EXPECT_EQ(user.lastTitle(), "Warning concerning vapour pressure equation");
 
-    substance.rhoLTLo = 250;
-    substance.rhoLTHi = 300;
+    substance.rhoL_T_low = 250;
+    substance.rhoL_T_high = 300;
     use_models({.hlv = kDatabaseDensity});
     EXPECT_EQ(boxes(6, 305), 0U);
     EXPECT_EQ(boxes(6, 306), 1U);
@@ -114,7 +114,7 @@ TEST_F(RangeBoxes, EnthalpyOfVaporisationNamesEachEquationItUses) {
 }
 
 TEST_F(RangeBoxes, AFailureShowsNone) {
-    substance.hLVTHi = 0;
+    substance.hLV_T_high = 0;
     use_models({.hlv = 1});
     EXPECT_EQ(boxes(6, 300), 0U);
     EXPECT_TRUE(last.failed());

@@ -22,7 +22,7 @@ class ResultViewTest : public SessionCalcTest {
   protected:
     void use_sets(const std::vector<calculation::BatchDataSet>& sets) {
         change([&](session::SessionState& s) {
-            s.batchMode = true;
+            s.batch_mode = true;
             s.measured.points = sets;
         });
     }
@@ -42,7 +42,7 @@ class ResultViewTest : public SessionCalcTest {
         return report::caption_of(calculation::task_of_code(code), state().method);
     }
     std::string given_caption() const {
-        return report::input_caption(session->results.current.dataSet);
+        return report::input_caption(session->results.current.data_set);
     }
 };
 
@@ -74,16 +74,16 @@ TEST_F(ResultViewTest, DirectModeOpensEmptyAndHidesTheStepping) {
     const ResultView view = open(3);
     EXPECT_EQ(view.caption, "Result of the Calculation:  T, p => rho");
     EXPECT_EQ(given_caption(), " Specification value from input ");
-    EXPECT_EQ(view.okCaption, "Close");
-    EXPECT_FALSE(view.stepVisible || view.resultOutputVisible);
-    EXPECT_TRUE(view.protocolVisible && view.extendedVisible && view.extendedEnabled);
+    EXPECT_EQ(view.ok_caption, "Close");
+    EXPECT_FALSE(view.step_visible || view.result_output_visible);
+    EXPECT_TRUE(view.protocol_visible && view.extended_visible && view.extended_enabled);
     EXPECT_EQ(page(), 1);
     EXPECT_EQ(resultText().par1.text, "no T in this data set");
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(ResultViewTest, PanelsFollowTheMode) {
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     const struct {
         int mode;
         bool output, protocol, extended;
@@ -93,54 +93,54 @@ TEST_F(ResultViewTest, PanelsFollowTheMode) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.mode);
         const ResultView view = open(c.mode);
-        EXPECT_EQ(view.resultOutputVisible, c.output);
-        EXPECT_EQ(view.protocolVisible, c.protocol);
-        EXPECT_EQ(view.extendedVisible, c.extended);
+        EXPECT_EQ(view.result_output_visible, c.output);
+        EXPECT_EQ(view.protocol_visible, c.protocol);
+        EXPECT_EQ(view.extended_visible, c.extended);
     }
     EXPECT_TRUE(open(12).wide);
     session.change()->calculation.method.global = false;
-    EXPECT_FALSE(open(4).extendedEnabled);
-    EXPECT_TRUE(open(3).extendedEnabled);
+    EXPECT_FALSE(open(4).extended_enabled);
+    EXPECT_TRUE(open(3).extended_enabled);
 }
 
 TEST_F(ResultViewTest, OpensOnTheFirstActiveDataSet) {
     use_sets({{-1, 290, 100}, {0, 300, 100}, {0, 310, 100}});
     session.change()->results.rows.assign(9, {});
     ResultView view = open(3);
-    EXPECT_EQ(state().dataSet, 2);
+    EXPECT_EQ(state().data_set, 2);
     EXPECT_EQ(given_caption(), " Specification value from set #2");
-    EXPECT_EQ(view.okCaption, "=>Load");
-    EXPECT_TRUE(view.stepVisible && view.resultOutputVisible);
+    EXPECT_EQ(view.ok_caption, "=>Load");
+    EXPECT_TRUE(view.step_visible && view.result_output_visible);
     EXPECT_EQ(session->results.rows.size(), 3U);
     EXPECT_EQ(resultText().par1.text, "T = 300.000 K");
-    EXPECT_EQ(session->results.rows[1].State, " V ");
-    EXPECT_EQ(session->results.rows[0].State, "   ");
+    EXPECT_EQ(session->results.rows[1].phases, " V ");
+    EXPECT_EQ(session->results.rows[0].phases, "   ");
 }
 
 TEST_F(ResultViewTest, StepsOverInactiveSetsAndBeepsAtTheEnds) {
     use_sets({{0, 290, 100}, {-1, 300, 100}, {0, 310, 100}, {-1, 320, 100}});
     ResultView view = open(3);
-    EXPECT_EQ(state().dataSet, 1);
+    EXPECT_EQ(state().data_set, 1);
     session::step_forward(session);
-    EXPECT_EQ(state().dataSet, 3);
+    EXPECT_EQ(state().data_set, 3);
     EXPECT_EQ(given_caption(), " Specification value from set #3");
     EXPECT_EQ(resultText().par1.text, "T = 310.000 K");
     EXPECT_EQ(user.beeps, 0);
     session::step_forward(session);
     EXPECT_EQ(user.beeps, 1);
-    EXPECT_EQ(state().dataSet, 3);
+    EXPECT_EQ(state().data_set, 3);
     EXPECT_EQ(resultText().par1.text, "T = 310.000 K") << "calculates the same set again";
     session::step_backward(session);
-    EXPECT_EQ(state().dataSet, 1);
+    EXPECT_EQ(state().data_set, 1);
     session::step_backward(session);
     EXPECT_EQ(user.beeps, 2);
-    EXPECT_EQ(state().dataSet, 1);
+    EXPECT_EQ(state().data_set, 1);
 }
 
 TEST_F(ResultViewTest, BatchModeWithoutDataHasNoT) {
     use_sets({});
     open(3);
-    EXPECT_EQ(state().dataSet, 1);
+    EXPECT_EQ(state().data_set, 1);
     EXPECT_EQ(resultText().par1.text, "no T in this data set");
 }
 
@@ -149,7 +149,7 @@ TEST_F(ResultViewTest, PagesFollowTheCheckBoxes) {
     ResultView view = open(3);
     session::set_extended_pages(session, view, true, false);
     EXPECT_EQ(page(), 2);
-    EXPECT_TRUE(view.funcPrintEnabled);
+    EXPECT_TRUE(view.function_print_enabled);
     EXPECT_TRUE(has_line("Residual Functions:"));
     session::set_extended_pages(session, view, false, true);
     EXPECT_EQ(page(), 3);
@@ -158,14 +158,14 @@ TEST_F(ResultViewTest, PagesFollowTheCheckBoxes) {
     EXPECT_EQ(page(), 4);
     session::set_extended_pages(session, view, false, false);
     EXPECT_EQ(page(), 1);
-    EXPECT_FALSE(view.funcPrintEnabled);
+    EXPECT_FALSE(view.function_print_enabled);
     session::set_equilibrium_functions(session, true);
     EXPECT_TRUE(has_line("                               thermodynamic Fu(T)"));
     session::set_equilibrium_functions(session, false);
     EXPECT_FALSE(has_line("                               thermodynamic Fu(T)"));
     view = open(8);
     session::set_extended_pages(session, view, true, false);
-    EXPECT_FALSE(view.funcPrintEnabled) << "only for modes below 6";
+    EXPECT_FALSE(view.function_print_enabled) << "only for modes below 6";
 }
 
 TEST_F(ResultViewTest, RefusedTankLeavesTheViewEmpty) {
@@ -179,22 +179,22 @@ TEST_F(ResultViewTest, RefusedTankLeavesTheViewEmpty) {
 TEST_F(ResultViewTest, SeparatorShowsAndSets) {
     const std::pair<char, int> entries[] = {{';', 0}, {',', 1}, {'\t', 2}, {'|', 0}};
     for (const auto& [separator, index] : entries) {
-        session.change()->csvSeparator = separator;
-        EXPECT_EQ(report::separator_index(session->csvSeparator), index);
+        session.change()->csv_separator = separator;
+        EXPECT_EQ(report::separator_index(session->csv_separator), index);
     }
     session::choose_separator(session, 2);
-    EXPECT_EQ(session->csvSeparator, '\t');
+    EXPECT_EQ(session->csv_separator, '\t');
     session::choose_separator(session, 1);
-    EXPECT_EQ(session->csvSeparator, ',');
+    EXPECT_EQ(session->csv_separator, ',');
     session::choose_separator(session, 0);
-    EXPECT_EQ(session->csvSeparator, ';');
+    EXPECT_EQ(session->csv_separator, ';');
 }
 
 TEST_F(ResultViewTest, LoadWritesAListAndClosesTheViews) {
     int closed = 0;
     session::CalculationViews views;
-    views.closeResultView = [&] { ++closed; };
-    views.closeParinput = [&] { ++closed; };
+    views.close_result_view = [&] { ++closed; };
+    views.close_direct_input = [&] { ++closed; };
     use_sets({{0, 300, 500, 11.0F}});
     const ResultView view = open(3);
     user.fileAnswers = {std::nullopt, (folder() / "list").string()};
@@ -204,8 +204,8 @@ TEST_F(ResultViewTest, LoadWritesAListAndClosesTheViews) {
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_EQ(user.files[0].title, "Save QUOR result list as ...");
     EXPECT_EQ(user.files[0].filter, "Result file (*.LST)|*.LST");
-    EXPECT_EQ(user.files[0].defaultExtension, ".LST");
-    EXPECT_TRUE(user.files[0].save && user.files[0].overwritePrompt);
+    EXPECT_EQ(user.files[0].default_extension, ".LST");
+    EXPECT_TRUE(user.files[0].save && user.files[0].overwrite_prompt);
     EXPECT_TRUE(session::finish_result_view(session, view, report::ListTarget::File, false, views));
     EXPECT_EQ(closed, 2);
     EXPECT_EQ(content_of(folder() / "list.LST").substr(0, 29), "QUOR Results of Calculation\r\n");
@@ -236,7 +236,7 @@ TEST_F(ResultViewTest, IsoCalculatorNeedsTAndP) {
     ASSERT_TRUE(typed);
     EXPECT_DOUBLE_EQ(typed->p, 500.5);
     use_sets({{0, 310, 700}});
-    session.change()->calculation.dataSet = 1;
+    session.change()->calculation.data_set = 1;
     const auto measured = session::iso_start(session, "", "");
     ASSERT_TRUE(measured);
     EXPECT_DOUBLE_EQ(measured->T, 310);
@@ -247,7 +247,7 @@ TEST_F(ResultViewTest, IsoCalculatorNeedsTAndP) {
 class Protocol : public ResultViewTest {
   protected:
     std::vector<std::string> file_lines() {
-        return text::Lines(content_of(folder() / protocol().file));
+        return text::lines(content_of(folder() / protocol().file));
     }
     const report::Protocol& protocol() const { return session->protocol; }
     void write_state(double T, double p) {
@@ -282,14 +282,14 @@ TEST_F(Protocol, CollectsAndWritesTheKeptRows) {
         return std::string(buffer);
     };
     calculate(3, 300, 100);
-    EXPECT_EQ(rows[7], "300;100;" + general(session->results.current.Fu[9]) + ";");
+    EXPECT_EQ(rows[7], "300;100;" + general(session->results.current.numbers[9]) + ";");
     calculate(3, 310.5, 200);
-    EXPECT_EQ(rows[8], "310.5;200;" + general(session->results.current.Fu[9]) + ";");
+    EXPECT_EQ(rows[8], "310.5;200;" + general(session->results.current.numbers[9]) + ";");
 }
 
 TEST_F(Protocol, NamesStandForTheirIndices) {
     for (std::size_t i = 0; i < 42; ++i)
-        session.change()->results.current.Fu[i] = static_cast<double>(i + 1);
+        session.change()->results.current.numbers[i] = static_cast<double>(i + 1);
     session::add_to_protocol(session);
     ASSERT_TRUE(session::write_protocol(session));
     const auto rows = file_lines();
@@ -307,8 +307,8 @@ TEST_F(Protocol, NamesStandForTheirIndices) {
 }
 
 TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
-    session.change()->unitSystem = models::UnitSystem::specific;
-    session.change()->caloricUnit = models::CaloricUnit::specific;
+    session.change()->unit_system = models::UnitSystem::specific;
+    session.change()->caloric_unit = models::CaloricUnit::specific;
     calculate(8, 300, 100);
     session::add_to_protocol(session);
     ASSERT_TRUE(session::write_protocol(session));
@@ -326,7 +326,7 @@ TEST_F(Protocol, FunctionsComeWithTheirReferenceState) {
 
 TEST_F(Protocol, DecimalCommaWithCommaWarnsInGermanAndGoesOn) {
     numbers::set_decimal_mark(',');
-    session.change()->decimalComma = true;
+    session.change()->decimal_comma = true;
     session::choose_separator(session, 1);
     write_state(310.5, 200);
     ASSERT_EQ(user.messages.size(), 1U);
@@ -457,8 +457,8 @@ TEST_F(Protocol, ARowStaysWithItsModelAndItsUnits) {
     write_state(300, 100);
     use_models({.eos = 4});
     write_state(300, 100);
-    session.change()->unitSystem = models::UnitSystem::specific;
-    session.change()->caloricUnit = models::CaloricUnit::specific;
+    session.change()->unit_system = models::UnitSystem::specific;
+    session.change()->caloric_unit = models::CaloricUnit::specific;
     write_state(300, 100);
     ASSERT_TRUE(session::write_protocol(session));
     std::vector<std::string> models, units;
@@ -475,7 +475,7 @@ TEST_F(Protocol, ARowStaysWithItsModelAndItsUnits) {
 }
 
 TEST_F(Protocol, AValueBeyond32BitsIsRefused) {
-    session.change()->results.current.Fu[5] = 1e300;
+    session.change()->results.current.numbers[5] = 1e300;
     session::add_to_protocol(session);
     EXPECT_EQ(user.lastText(), "Overflow");
     EXPECT_FALSE(protocol().pending);

@@ -9,17 +9,17 @@ namespace {
 class StartCalculation : public SessionCalcTest {
   protected:
     StartCalculation() {
-        views.openCalcIn = [this] {
+        views.open_partial_choice = [this] {
             opened.emplace_back("frmCalcIn");
             return choiceIsConfirmed;
         };
-        views.openResultView = [this] { opened.emplace_back("frmCalcOut"); };
-        views.closeResultView = [this] { opened.emplace_back("-frmCalcOut"); };
-        views.openParinput = [this] { opened.emplace_back("frmParinput"); };
-        views.closeParinput = [this] { opened.emplace_back("-frmParinput"); };
-        views.closeTankView = [this] { opened.emplace_back("-frmKessel"); };
-        views.openProcessView = [this] { opened.emplace_back("frmInputProzessLinien"); };
-        views.prepareDiagram = [this] { opened.emplace_back("diagram"); };
+        views.open_result_view = [this] { opened.emplace_back("frmCalcOut"); };
+        views.close_result_view = [this] { opened.emplace_back("-frmCalcOut"); };
+        views.open_direct_input = [this] { opened.emplace_back("frmParinput"); };
+        views.close_direct_input = [this] { opened.emplace_back("-frmParinput"); };
+        views.close_tank_view = [this] { opened.emplace_back("-frmKessel"); };
+        views.open_process_view = [this] { opened.emplace_back("frmInputProzessLinien"); };
+        views.prepare_diagram = [this] { opened.emplace_back("diagram"); };
     }
 
     using Names = std::vector<std::string>;
@@ -51,11 +51,11 @@ TEST_F(StartCalculation, DirectModeOpensResultAndInput) {
 }
 
 TEST_F(StartCalculation, BatchModeOpensOnlyTheResult) {
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     for (const int mode : Codes{1, 2, 3, 8, 11, 13}) {
         SCOPED_TRACE(mode);
         EXPECT_EQ(run(mode), (Names{"frmCalcOut"}));
-        EXPECT_FALSE(state().method.assumedVle);
+        EXPECT_FALSE(state().method.assumed_vle);
     }
     EXPECT_TRUE(user.messages.empty());
 }
@@ -68,20 +68,20 @@ TEST_F(StartCalculation, AsksWhetherAnEquilibriumIsMeant) {
               "is assumed\n\nand a \"partial calulation\" is carried out");
     EXPECT_EQ(user.lastTitle(), "T-p-Vorgabe");
     EXPECT_EQ(user.messages.back().buttons, dialogs::Buttons::YesNo);
-    EXPECT_EQ(user.messages.back().defaultAnswer, dialogs::Answer::No);
-    EXPECT_FALSE(state().method.assumedVle);
+    EXPECT_EQ(user.messages.back().default_answer, dialogs::Answer::No);
+    EXPECT_FALSE(state().method.assumed_vle);
     user.answers = {dialogs::Answer::Yes};
     EXPECT_EQ(run(3), (Names{"frmCalcIn"}));
-    EXPECT_TRUE(state().method.assumedVle);
+    EXPECT_TRUE(state().method.assumed_vle);
     EXPECT_EQ(state().input, report::InputKind::state);
     EXPECT_EQ(code_of(state().task), 3);
     run(8);
-    EXPECT_FALSE(state().method.assumedVle);
+    EXPECT_FALSE(state().method.assumed_vle);
 }
 
 TEST_F(StartCalculation, EquilibriaArePrepared) {
     for (const bool batch : {false, true}) {
-        session.change()->batchMode = batch;
+        session.change()->batch_mode = batch;
         EXPECT_EQ(run(4), (Names{"frmCalcIn"}));
         EXPECT_EQ(run(5), (Names{"frmCalcIn"}));
     }
@@ -91,7 +91,7 @@ TEST_F(StartCalculation, EquilibriaArePrepared) {
 }
 
 TEST_F(StartCalculation, LiquidDensityNeedsACubicEos) {
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     use_models({.eos = 16});
     EXPECT_TRUE(run(2).empty());
     EXPECT_EQ(code_of(state().task), 0);
@@ -109,15 +109,15 @@ TEST_F(StartCalculation, TankClosesTheResultBehindItself) {
 
 TEST_F(StartCalculation, PolytropicProcessHasItsOwnView) {
     EXPECT_EQ(run(12), (Names{"frmInputProzessLinien"}));
-    EXPECT_EQ(session->processLine.kind, diagrams::ProcessKind::polytropic);
-    EXPECT_TRUE(session->processLine.fromCalculation);
+    EXPECT_EQ(session->process_line.kind, diagrams::ProcessKind::polytropic);
+    EXPECT_TRUE(session->process_line.from_calculation);
 }
 
 TEST_F(StartCalculation, MenuTellsThatBatchModeHasNoData) {
     session::prepare_calculation_menu(session, views);
     EXPECT_TRUE(user.messages.empty());
     EXPECT_EQ(opened, (Names{"-frmCalcOut", "-frmParinput", "-frmKessel"}));
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     session::prepare_calculation_menu(session, views);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(
@@ -159,43 +159,44 @@ TEST_F(PartialChoice, CubicEosOffersBothCalculations) {
     auto choice = session::open_partial_choice(session);
     EXPECT_EQ(choice.title, "Choose \"Global-/Partial Calculation\" for Phase Equilibrium V-L");
     EXPECT_TRUE(choice.method.global);
-    EXPECT_EQ(choice.globalIndex, 0);
-    EXPECT_TRUE(choice.globalEnabled && choice.choicesVisible && choice.cancelEnabled);
-    EXPECT_FALSE(choice.densityFrameVisible || choice.referenceFrameVisible);
-    EXPECT_EQ(choice.lblRhoLimits,
+    EXPECT_EQ(choice.global_index, 0);
+    EXPECT_TRUE(choice.global_enabled && choice.choices_visible && choice.cancel_enabled);
+    EXPECT_FALSE(choice.density_frame_visible || choice.reference_frame_visible);
+    EXPECT_EQ(choice.density_range,
               "Global Calculation: L and V density and p(LV) or T(LV) resp. are calculated using "
               "the cubic EOS. ");
-    EXPECT_EQ(choice.GlobalSit.find("The selected EOS enables the calculation of both equilibrium "
-                                    "phases L and V "),
-              0U);
+    EXPECT_EQ(
+        choice.situation_text.find("The selected EOS enables the calculation of both equilibrium "
+                                   "phases L and V "),
+        0U);
 
     choice.choose_global(false);
     EXPECT_FALSE(choice.method.global);
-    EXPECT_TRUE(choice.densityFrameVisible && choice.referenceFrameVisible);
-    EXPECT_FALSE(choice.databaseEnabled);
-    EXPECT_EQ(choice.databaseRange, "(no database function available)");
-    EXPECT_EQ(choice.lblRhoLimits,
+    EXPECT_TRUE(choice.density_frame_visible && choice.reference_frame_visible);
+    EXPECT_FALSE(choice.database_enabled);
+    EXPECT_EQ(choice.database_range, "(no database function available)");
+    EXPECT_EQ(choice.density_range,
               "Partial calculation: L-density by means of BENSON's method (Mathias/Cailletet),  V "
               "density calc. using EOS. For the calculation of p(LV) or T(LV) resp. the cubic EOS "
               "is used.");
 }
 
 TEST_F(PartialChoice, DatabaseDensityIsOfferedWhereItExists) {
-    session.change()->substance.rhoLTLo = 150;
-    session.change()->substance.rhoLTHi = 360;
+    session.change()->substance.rhoL_T_low = 150;
+    session.change()->substance.rhoL_T_high = 360;
     session.change()->calculation.task = calculation::task_of_code(4);
     auto choice = session::open_partial_choice(session);
     choice.choose_global(false);
-    EXPECT_TRUE(choice.databaseEnabled);
-    EXPECT_EQ(choice.databaseRange, "valid in the range T/K =150...360");
+    EXPECT_TRUE(choice.database_enabled);
+    EXPECT_EQ(choice.database_range, "valid in the range T/K =150...360");
     choice.choose_density(false);
-    EXPECT_FALSE(choice.method.liquidByBenson);
-    EXPECT_FALSE(choice.referenceFrameVisible);
-    EXPECT_EQ(choice.lblRhoLimits,
+    EXPECT_FALSE(choice.method.liquid_by_benson);
+    EXPECT_FALSE(choice.reference_frame_visible);
+    EXPECT_EQ(choice.density_range,
               "The L-density is calculated by means of the database equation rho_L = F(T).");
     choice.choose_density(true);
-    EXPECT_TRUE(choice.method.liquidByBenson && choice.referenceFrameVisible);
-    EXPECT_EQ(choice.lblRhoLimits, "The L-density is calculated by means of BENSON's method.");
+    EXPECT_TRUE(choice.method.liquid_by_benson && choice.reference_frame_visible);
+    EXPECT_EQ(choice.density_range, "The L-density is calculated by means of BENSON's method.");
 }
 
 TEST_F(PartialChoice, VirialEosRefusesTheGlobalCalculation) {
@@ -203,15 +204,15 @@ TEST_F(PartialChoice, VirialEosRefusesTheGlobalCalculation) {
     session.change()->calculation.task = calculation::task_of_code(5);
     auto choice = session::open_partial_choice(session);
     EXPECT_FALSE(choice.method.global);
-    EXPECT_EQ(choice.globalIndex, 1);
-    EXPECT_EQ(choice.GlobalSit.find(
+    EXPECT_EQ(choice.global_index, 1);
+    EXPECT_EQ(choice.situation_text.find(
                   "The selected EOS can only be used for the calculation of the V-phase."),
               0U);
     EXPECT_TRUE(user.messages.empty());
     EXPECT_FALSE(choice.choose_global(true));
     EXPECT_STREQ(report::kGlobalNeedsCubic,
                  "Global calculation only possible by using a cubic EOS (=> Window \"Models\").");
-    EXPECT_EQ(choice.globalIndex, 1);
+    EXPECT_EQ(choice.global_index, 1);
     EXPECT_FALSE(choice.method.global);
 }
 
@@ -221,8 +222,8 @@ TEST_F(PartialChoice, VapourPressurePriorityLeavesNothingToChoose) {
     session.change()->calculation.method.global = false;
     const auto choice = session::open_partial_choice(session);
     EXPECT_EQ(choice.title, "Situation of Calculation");
-    EXPECT_FALSE(choice.choicesVisible || choice.cancelEnabled);
-    EXPECT_EQ(choice.GlobalSit,
+    EXPECT_FALSE(choice.choices_visible || choice.cancel_enabled);
+    EXPECT_EQ(choice.situation_text,
               "Calculation of the equilibrium V - L by using the actual vapour press. equation\n"
               "(The EOS was deactivated in the window 'Models')");
     EXPECT_TRUE(choice.method.global);
@@ -235,26 +236,26 @@ TEST_F(PartialChoice, TankIsAlwaysPartial) {
         session.change()->calculation.method.global = false;
         const auto choice = session::open_partial_choice(session);
         EXPECT_FALSE(choice.method.global);
-        EXPECT_FALSE(choice.globalEnabled);
+        EXPECT_FALSE(choice.global_enabled);
     }
 }
 
 TEST_F(PartialChoice, AssumedEquilibriumAndVaporisationNeedASecondPoint) {
     session.change()->calculation.task = calculation::task_of_code(3);
-    session.change()->calculation.method.assumedVle = true;
+    session.change()->calculation.method.assumed_vle = true;
     auto choice = session::open_partial_choice(session);
     EXPECT_FALSE(choice.method.global);
-    EXPECT_EQ(choice.GlobalSit.find(
+    EXPECT_EQ(choice.situation_text.find(
                   "Assumption: The specificated values exactly describe the phase equlibrium.\n"),
               0U);
-    EXPECT_NE(choice.GlobalSit.find("A 2nd reference point is needed"), std::string::npos);
-    session.change()->calculation.method.assumedVle = false;
+    EXPECT_NE(choice.situation_text.find("A 2nd reference point is needed"), std::string::npos);
+    session.change()->calculation.method.assumed_vle = false;
     session.change()->calculation.task = calculation::task_of_code(6);
     use_models({.hlv = 6});
     choice = session::open_partial_choice(session);
-    EXPECT_FALSE(choice.modeFrameVisible);
-    EXPECT_TRUE(choice.referenceFrameVisible);
-    EXPECT_EQ(choice.GlobalSit.find(
+    EXPECT_FALSE(choice.mode_frame_visible);
+    EXPECT_TRUE(choice.reference_frame_visible);
+    EXPECT_EQ(choice.situation_text.find(
                   "The calculation of the L-density (or the molar L-volume, resp.) is done "),
               0U);
 }
@@ -263,9 +264,10 @@ TEST_F(PartialChoice, ReferencePointIsProposedApproximatedOrTyped) {
     session.change()->calculation.task = calculation::task_of_code(4);
     auto choice = session::open_partial_choice(session);
     EXPECT_FALSE(models::is_known(state().method.reference));
-    EXPECT_FALSE(choice.inputEnabled);
+    EXPECT_FALSE(choice.input_enabled);
     EXPECT_EQ(
-        choice.RefVorschlag.find("Proposal for the reference point according to situation:\n"), 0U);
+        choice.proposal_text.find("Proposal for the reference point according to situation:\n"),
+        0U);
     EXPECT_FLOAT_EQ(choice.method.reference.T, session->substance.Tboil);
     EXPECT_TRUE(models::is_known(choice.method.reference));
 
@@ -276,7 +278,7 @@ TEST_F(PartialChoice, ReferencePointIsProposedApproximatedOrTyped) {
                 220.4781 * (1.981 + 0.18327 * std::log(4251.2 / 101.3)), 1e-3);
     const std::vector<std::string> text = [&] {
         std::vector<std::string> all(1);
-        for (const char c : choice.RefVorschlag) {
+        for (const char c : choice.proposal_text) {
             if (c == '\n')
                 all.emplace_back();
             else
@@ -293,20 +295,20 @@ TEST_F(PartialChoice, ReferencePointIsProposedApproximatedOrTyped) {
     EXPECT_NE(text[4].find(" (CEOS Peng / Robinson)"), std::string::npos);
 
     choice.choose_reference(report::PartialChoice::Reference::typed);
-    EXPECT_TRUE(choice.inputEnabled);
+    EXPECT_TRUE(choice.input_enabled);
     choice.choose_reference(report::PartialChoice::Reference::proposed);
-    EXPECT_FALSE(choice.inputEnabled);
+    EXPECT_FALSE(choice.input_enabled);
 }
 
 TEST_F(PartialChoice, WithoutDataThereIsNoProposal) {
     session.change()->substance.Tboil = 0;
-    session.change()->substance.rhoLPar = {};
+    session.change()->substance.rhoL_coefficients = {};
     session.change()->calculation.task = calculation::task_of_code(4);
     auto choice = session::open_partial_choice(session);
     EXPECT_FALSE(models::is_known(choice.method.reference));
-    EXPECT_NE(choice.RefVorschlag.find("No data available"), std::string::npos);
+    EXPECT_NE(choice.proposal_text.find("No data available"), std::string::npos);
     choice.choose_reference(report::PartialChoice::Reference::approximation);
-    EXPECT_EQ(choice.RefVorschlag, "No normal boiling point available");
+    EXPECT_EQ(choice.proposal_text, "No normal boiling point available");
     confirm(choice);
     EXPECT_FALSE(models::is_known(state().method.reference));
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmCalcOut", "frmParinput"}));
@@ -327,7 +329,7 @@ TEST_F(PartialChoice, GoesOnToResultInputOrDiagram) {
     EXPECT_EQ(opened, (Names{"-frmParinput", "frmParinput"}));
     EXPECT_EQ(state().input, report::InputKind::tank);
 
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     session.change()->calculation.task = calculation::task_of_code(4);
     choice = session::open_partial_choice(session);
     confirm(choice);

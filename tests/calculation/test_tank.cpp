@@ -47,18 +47,18 @@ class Tank : public CalcTest {
     }
 
     /// The lines of the content, from volumes and masses of both phases.
-    std::vector<std::string> content(double V, double m, double VV, double rhoL,
+    std::vector<std::string> content(double V, double m, double vapour_volume, double rhoL,
                                      double rhoV) const {
-        const double mL = (V - VV) * rhoL, mV = VV * rhoV;
+        const double mL = (V - vapour_volume) * rhoL, mV = vapour_volume * rhoV;
         const auto both = [&](const char* label, double L, double Vv, int most) {
             return row(label, "", rhoL > 0 ? between(L, 4, most) : "",
                        rhoV > 0 ? between(Vv, 4, most) : "");
         };
         return {
             "Vapour fraction y(V) = " + between(mV / m, 1, 8),
-            "volume fraction V-phase phi(V),% = " + between(VV / V * 100, 1, 4) + " %",
+            "volume fraction V-phase phi(V),% = " + between(vapour_volume / V * 100, 1, 4) + " %",
             "Mass fraction = Mole fract. V-Phase y(V),% = " + between(mV / m * 100, 1, 4) + " %",
-            both(kVolume, V - VV, VV, 6),
+            both(kVolume, V - vapour_volume, vapour_volume, 6),
             both(kMass, mL, mV, 6),
             both(kAmount, mL / M(), mV / M(), 4)};
     }
@@ -77,10 +77,10 @@ TEST_F(Tank, DividesItsContentByTheEos) {
     const auto sat = models::saturation_pressure(fluid(), 300.0);
     const double rhoL = M() / sat.v[0], rhoV = M() / sat.v[2];
     // Mass balance: VV rhoV + (V - VV) rhoL = m.
-    const double VV = (2.0 * rhoL - 200.0) / (rhoL - rhoV);
-    EXPECT_EQ(first_lines(6), content(2.0, 200.0, VV, rhoL, rhoV));
-    EXPECT_EQ(resultText.State, "V+L");
-    EXPECT_NEAR(level, (2.0 - VV) / 2.0 * 100.0, 1e-4);
+    const double vapour_volume = (2.0 * rhoL - 200.0) / (rhoL - rhoV);
+    EXPECT_EQ(first_lines(6), content(2.0, 200.0, vapour_volume, rhoL, rhoV));
+    EXPECT_EQ(resultText.phases, "V+L");
+    EXPECT_NEAR(level, (2.0 - vapour_volume) / 2.0 * 100.0, 1e-4);
     EXPECT_NEAR(p, sat.p, 1e-3);
     EXPECT_EQ(resultText.co2.text, "Vapour pressure p/kPa = " + fix(sat.p, 3));
     EXPECT_TRUE(user.messages.empty());
@@ -97,19 +97,19 @@ TEST_F(Tank, DividesItsContentByThePartialMethod) {
         const double rhoL = models::density_l_benson(290.0, substance.Tcrit, substance.rhocrit,
                                                      rhoV, chosen.method.reference);
         ASSERT_GT(rhoL, 400.0);
-        const double VV = (rhoL - 150.0) / (rhoL - rhoV);
-        EXPECT_EQ(first_lines(6), content(1.0, 150.0, VV, rhoL, rhoV));
-        EXPECT_NEAR(level, (1.0 - VV) * 100.0, 1e-4);
+        const double vapour_volume = (rhoL - 150.0) / (rhoL - rhoV);
+        EXPECT_EQ(first_lines(6), content(1.0, 150.0, vapour_volume, rhoL, rhoV));
+        EXPECT_NEAR(level, (1.0 - vapour_volume) * 100.0, 1e-4);
         EXPECT_EQ(resultText.co2.text, "Vapour pressure p/kPa = " + fix(pLV, 3));
-        EXPECT_FALSE(resultText.cmdCEOSDiagnose.enabled);
+        EXPECT_FALSE(resultText.diagnosis.enabled);
     }
 }
 
 TEST_F(Tank, PartialMethodTakesTheDatabaseEquation) {
-    substance.rhoLPar = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
-    substance.rhoLTLo = 150;
-    substance.rhoLTHi = 360;
-    chosen.method.liquidByBenson = false;
+    substance.rhoL_coefficients = {870.0F, -1.2F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F};
+    substance.rhoL_T_low = 150;
+    substance.rhoL_T_high = 360;
+    chosen.method.liquid_by_benson = false;
     fill(10, 1.0, 150.0, 290.0);
     EXPECT_NEAR(static_cast<double>(lastRecord.rhoL), 870.0 - 1.2 * 290.0, 1e-3);
     EXPECT_EQ(report::title_of(calculation::Task::partialTank, chosen.method),
@@ -120,7 +120,7 @@ TEST_F(Tank, AboveTheLiquidDensityItIsFull) {
     use_benson_reference();
     fill(10, 1.0, 600.0, 300.0);
     EXPECT_DOUBLE_EQ(level, 100.0);
-    EXPECT_EQ(resultText.State, " L ");
+    EXPECT_EQ(resultText.phases, " L ");
     EXPECT_EQ(first_lines(6), content(1.0, 600.0, 0.0, 600.0, 0.0));
     fill(9, 1.0, 540.0, 300.0);
     EXPECT_DOUBLE_EQ(level, 100.0);
@@ -132,8 +132,8 @@ TEST_F(Tank, BelowTheVapourDensityItHoldsOnlyVapour) {
         SCOPED_TRACE(mode);
         fill(mode, 1.0, 5.0, 300.0);
         EXPECT_DOUBLE_EQ(level, 0.0);
-        EXPECT_EQ(resultText.State, " V ");
-        models::EOSState eos = models::eos_at(fluid(), 300.0);
+        EXPECT_EQ(resultText.phases, " V ");
+        models::EosState eos = models::eos_at(fluid(), 300.0);
         EXPECT_NEAR(p, models::pressure_from_Tv(fluid(), 300.0, M() / 5.0, eos).p, 1e-3);
         EXPECT_EQ(first_lines(6), content(1.0, 5.0, 1.0, 0.0, 5.0));
     }
@@ -162,7 +162,7 @@ TEST_F(Tank, WithoutAVapourPressureThereIsAnError) {
 
 TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
     fill(10, 1.0, 100.0, 300.0);
-    EXPECT_EQ(resultText.State, "   ");
+    EXPECT_EQ(resultText.phases, "   ");
     EXPECT_TRUE(has_line("Message from Sub CalcBatch" + std::string(25, ' ') + " (no rho_L)"));
 }
 
@@ -173,13 +173,13 @@ TEST_F(Tank, OverfilledTankOfTheEosIsAnError) {
 
 TEST_F(Tank, VirialModelBelowBIsAnError) {
     use_models({.eos = 10});
-    eosParameters.eosB0 = 0.5;
-    eosParameters.eosNB = 0.0;
+    eos_parameters.b0 = 0.5;
+    eos_parameters.nb = 0.0;
     EXPECT_EQ(fill(9, 1.0, 200.0, 300.0), TankEnd::belowVirial);
     const report::TankPicture picture = report::describe_tank(report::tank_state_of(last));
     EXPECT_TRUE(picture.error);
-    EXPECT_EQ(picture.levelText, "Error");
-    EXPECT_EQ(picture.pText, " Error: v < B");
+    EXPECT_EQ(picture.level_text, "Error");
+    EXPECT_EQ(picture.p_text, " Error: v < B");
     EXPECT_EQ(picture.hint, "cf. help \"Tank\"");
 }
 
@@ -207,10 +207,10 @@ TEST_F(Tank, PictureTellsLevelPressureAndPhases) {
     report::TankPicture picture = report::describe_tank(filled);
     EXPECT_EQ(picture.title, "Tank Calculation (global method) ");
     EXPECT_EQ(picture.caption, "Cylinder shaped tank");
-    EXPECT_EQ(picture.levelText, "Filling level 16.09vol.-%");
-    EXPECT_EQ(picture.pText, "p = 997.428 kPa");
-    EXPECT_EQ(picture.lowerText, "  L-phase");
-    EXPECT_EQ(picture.upperText, "  V-phase");
+    EXPECT_EQ(picture.level_text, "Filling level 16.09vol.-%");
+    EXPECT_EQ(picture.p_text, "p = 997.428 kPa");
+    EXPECT_EQ(picture.lower_text, "  L-phase");
+    EXPECT_EQ(picture.upper_text, "  V-phase");
     EXPECT_FALSE(picture.supercritical);
     EXPECT_DOUBLE_EQ(picture.section, filled.level);
 
@@ -219,8 +219,8 @@ TEST_F(Tank, PictureTellsLevelPressureAndPhases) {
     filled.T = 400.0;
     picture = report::describe_tank(filled);
     EXPECT_EQ(picture.title, "Tank Calculation (partial method)");
-    EXPECT_EQ(picture.pText, "p = 20000.25 kPa");
-    EXPECT_EQ(picture.lowerText, " supercritical");
+    EXPECT_EQ(picture.p_text, "p = 20000.25 kPa");
+    EXPECT_EQ(picture.lower_text, " supercritical");
     EXPECT_TRUE(picture.supercritical);
 }
 

@@ -69,7 +69,7 @@ TEST(Chart2D, TheLegendListsSeriesWithAText) {
     c.curves[1].legend = "second";
     const std::vector<chart::SeriesRef> both{{Group::Curves, 1}, {Group::Points, 0}};
     EXPECT_EQ(legend_entries(c), both);
-    c.curves[1].inLegend = false;
+    c.curves[1].in_legend = false;
     EXPECT_EQ(legend_entries(c).size(), 1U);
     c.points[0].x.clear();
     c.points[0].y.clear();
@@ -88,7 +88,7 @@ TEST(Chart2D, SwappingTwiceRestoresTheChart) {
     swap_axes(c);
     EXPECT_EQ(c.x.title, "p");
     EXPECT_TRUE(c.x.logarithmic);
-    EXPECT_EQ(c.x.titleRotation, before.x.titleRotation);
+    EXPECT_EQ(c.x.title_rotation, before.x.title_rotation);
     EXPECT_EQ(c.curves[0].x, before.curves[0].y);
     EXPECT_EQ(c.labels[0].x, 5);
     EXPECT_EQ(c.x.max, 9);
@@ -105,7 +105,7 @@ TEST(Chart2D, DataExtentPassesOverHolesAndReferenceLines) {
     Series& mark = chart::series_at(c, Group::Curves, 2);
     mark.x = {1, 1};
     mark.y = {-1e10F, 1e10F};
-    mark.isReference = true;
+    mark.is_reference = true;
     const auto extent = data_extent(c);
     ASSERT_TRUE(extent);
     EXPECT_EQ(extent->x, (chart::Range{0, 3}));
@@ -211,7 +211,7 @@ TEST(Chart2D, InvisibleSeriesAndReferenceLinesHaveNoNearestPoint) {
     Chart2D c = twoCurves();
     c.points.clear();
     c.curves[0].visible = false;
-    c.curves[1].isReference = true;
+    c.curves[1].is_reference = true;
     EXPECT_FALSE(nearest_point(c, {0, 0, 100, 100}, 1e5));
     const auto line = nearest_series(c, {0, 100, 100, 100}, 1e5);
     ASSERT_TRUE(line);
@@ -222,7 +222,7 @@ TEST(Chart2D, DeletingAPointTakesItsLabelsAndMovesTheOthers) {
     Chart2D c = twoCurves();
     for (const int point : {0, 1, 2}) {
         Label label;
-        label.onPoint = true;
+        label.on_point = true;
         label.series = 1;
         label.point = point;
         label.text = std::to_string(point);
@@ -245,7 +245,7 @@ TEST(Chart2D, AClearedSeriesKeepsItsStyle) {
     c.curves[1].legend = "text";
     c.curves[1].line.width = 4;
     Label label;
-    label.onPoint = true;
+    label.on_point = true;
     label.series = 1;
     c.labels.push_back(label);
     clear_series(c, Group::Curves, 1);

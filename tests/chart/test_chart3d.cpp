@@ -202,7 +202,7 @@ TEST(ChartSurface, EveryEdgeOfTheGridIsDrawnOnce) {
         int constX = 0, constY = 0;
         surface.for_each_piece([&](const Piece& piece) {
             for (const PieceCorner& corner : piece.corners) {
-                if (!corner.edgeDrawn) continue;
+                if (!corner.edge_drawn) continue;
                 if (corner.edge == EdgeKind::ConstX) ++constX;
                 if (corner.edge == EdgeKind::ConstY) ++constY;
             }
@@ -245,10 +245,10 @@ TEST(ChartSurface, ASurfaceBehindHolesIsCutExactlyAtTheLimit) {
     c.z.max = 0.3;
     const Camera camera(chart::View3D(), 100, {0, 0});
     EXPECT_NEAR(planArea(SurfaceView(c, shown_box(c), camera, {})), 1.2 * 2, 1e-5);
-    c.surface.zBehindHoles.assign(c.surface.z.size(), c.surface.hole);
+    c.surface.z_behind_holes.assign(c.surface.z.size(), c.surface.hole);
     for (int i = 0; i < 6; ++i)
         for (int j = 0; j < 6; ++j)
-            c.surface.zBehindHoles[c.surface.at(i, j)] = static_cast<float>(c.surface.x(i));
+            c.surface.z_behind_holes[c.surface.at(i, j)] = static_cast<float>(c.surface.x(i));
     const SurfaceView cut(c, shown_box(c), camera, {});
     EXPECT_NEAR(planArea(cut), 1.3 * 2, 1e-5);
     cut.for_each_piece([&](const Piece& piece) {
@@ -378,7 +378,7 @@ TEST(ChartSurface, NothingIsPickedInAHoleOrBesideTheBody) {
 
 TEST(ChartSurface, TheFlatMapReadsTheSameValues) {
     Chart3D c = bumpy(41, 41);
-    c.style.projection2D = true;
+    c.style.projection_2d = true;
     const auto measure = samples::plainMeasure();
     const chart::Layout3D layout = make_layout(c, 900, 700, measure);
     const Point2 pixel = layout.camera.project({-0.5, -0.25, 0});

@@ -20,13 +20,13 @@ Chart2D filledChart() {
     Chart2D c;
     chart::Series s = samples::curveOf([](double x) { return 0.1 * x; }, 0.1, 7, 20);
     s.legend = "T = 300 K, \"Größe\" \\ end";
-    s.inLegend = false;
+    s.in_legend = false;
     s.visible = false;
-    s.isReference = true;
+    s.is_reference = true;
     s.line = {chart::LinePattern::DashDotted, {1, 2, 3, 4}, 2.5F};
     s.symbol = chart::SymbolShape::Triangle4;
-    s.symbolSize = 9;
-    s.symbolColour = {9, 8, 7, 6};
+    s.symbol_size = 9;
+    s.symbol_colour = {9, 8, 7, 6};
     s.x[3] = chart::kHole;
     c.curves = {s, chart::default_curve(1)};
     c.points = {chart::default_point_set(3)};
@@ -43,7 +43,7 @@ Chart2D filledChart() {
     c.legend = {true,         chart::LegendAnchor::Free, {0.1, 0.2},
                 false,        {"Serif", 7, true, false}, {1, 2, 1, 2},
                 {3, 4, 3, 4}, {false, {5, 6, 5, 6}, 2}};
-    c.labelsShown = false;
+    c.labels_shown = false;
     c.labels = {{7,
                  true,
                  Group::Points,
@@ -61,22 +61,22 @@ Chart2D filledChart() {
                  45,
                  true,
                  false}};
-    c.plotArea = {false,
-                  0.2,
-                  0.3,
-                  0.4,
-                  0.5,
-                  {1, 1, 2, 2},
-                  {2, 2, 1, 1},
-                  {false, {1, 3, 1, 3}, 4},
-                  {true, {3, 1, 3, 1}, 5}};
+    c.plot_area = {false,
+                   0.2,
+                   0.3,
+                   0.4,
+                   0.5,
+                   {1, 1, 2, 2},
+                   {2, 2, 1, 1},
+                   {false, {1, 3, 1, 3}, 4},
+                   {true, {3, 1, 3, 1}, 5}};
     c.print = {1, 2, 3, 4};
     return c;
 }
 
 Chart3D filledSurface() {
     Chart3D c = samples::surfaceOf(samples::bumps, samples::twoHoles, 9, 7);
-    c.surface.zBehindHoles.assign(c.surface.z.size(), 2.5F);
+    c.surface.z_behind_holes.assign(c.surface.z.size(), 2.5F);
     c.x = {-3, 4, false, "x", 2, false, false, false};
     c.z.automatic = false;
     c.view = {-33, 111, false, 2.5};
@@ -87,10 +87,10 @@ Chart3D filledSurface() {
     c.markers = {{1, 2, 3, "CrP", {1, 1, 1, 1}, 12, false}};
     c.header.text = "header";
     c.footer.text = "footer";
-    c.titleFont = {"Serif", 15, true, true};
-    c.numberFont.size = 6;
-    c.scaleShown = false;
-    c.heightRatio = 1.5;
+    c.title_font = {"Serif", 15, true, true};
+    c.number_font.size = 6;
+    c.scale_shown = false;
+    c.height_ratio = 1.5;
     c.sheet = {1, 2, 3, 4};
     c.planes = {5, 6, 7, 8};
     c.grid.pattern = chart::LinePattern::Dotted;

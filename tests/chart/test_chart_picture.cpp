@@ -32,11 +32,11 @@ Chart2D sample() {
     set.x = {0.2F, 0.4F, 5};
     set.y = {0.8F, 0.6F, 5};
     set.symbol = SymbolShape::Box;
-    set.symbolColour = kBlue;
+    set.symbol_colour = kBlue;
     c.header.text = "Header";
     c.x.title = "v";
     c.y.title = "p";
-    c.y.titleRotation = 90;
+    c.y.title_rotation = 90;
     return c;
 }
 
@@ -207,7 +207,7 @@ TEST(ChartPicture, LinesBetweenThePowersOfTenAreFainter) {
     EXPECT_EQ(linesOf(picture, kBlue).size(), picture.sheet.y.grid.size());
     const Colour faint{0, 0, 255, 127};
     const auto fine = linesOf(picture, faint);
-    ASSERT_EQ(fine.size(), picture.sheet.y.fineGrid.size());
+    ASSERT_EQ(fine.size(), picture.sheet.y.fine_grid.size());
     ASSERT_FALSE(fine.empty());
     EXPECT_FLOAT_EQ(fine[0].style.width, 1.4F);
 }
@@ -220,7 +220,7 @@ TEST(ChartPicture, ALabelHasItsConnectorItsBoxAndItsTurnedText) {
     label.dx = 40;
     label.rotation = 30;
     label.connector = label.frame.shown = true;
-    label.textColour = kBlue;
+    label.text_colour = kBlue;
     label.background = kRed;
     c.labels.push_back(label);
     const Picture2D picture = pictureOf(c);
@@ -240,15 +240,15 @@ TEST(ChartPicture, ALineOfTheLegendHasSampleSymbolAndText) {
     c.points[0].legend = "points";
     c.points[0].line.pattern = LinePattern::Dashed;
     const Picture2D picture = pictureOf(c);
-    ASSERT_EQ(picture.sheet.legendLines.size(), 2U);
-    const chart::LegendLine& entry = picture.sheet.legendLines[1];
+    ASSERT_EQ(picture.sheet.legend_lines.size(), 2U);
+    const chart::LegendLine& entry = picture.sheet.legend_lines[1];
     const std::size_t text = indexOfText(picture, "points");
     ASSERT_LT(text, picture.items.size());
     const auto& sample = std::get<PictureLine>(picture.items[text - 2]);
     const auto& symbol = std::get<PictureSymbols>(picture.items[text - 1]);
     EXPECT_EQ(sample.style.pattern, LinePattern::Dashed);
-    EXPECT_DOUBLE_EQ(sample.points[0].x, entry.sampleLeft);
-    EXPECT_DOUBLE_EQ(symbol.places.at(0).x, entry.sampleLeft + chart::Sheet2D::kSampleWidth / 2);
+    EXPECT_DOUBLE_EQ(sample.points[0].x, entry.sample_left);
+    EXPECT_DOUBLE_EQ(symbol.places.at(0).x, entry.sample_left + chart::Sheet2D::kSampleWidth / 2);
     EXPECT_DOUBLE_EQ(std::get<PictureText>(picture.items[text]).centre.y, entry.y);
 }
 

@@ -32,7 +32,7 @@ std::vector<Point2> hullOf(const Chart3D& c) {
     std::vector<Point2> corners;
     for (const double x : {-1.0, 1.0})
         for (const double y : {-1.0, 1.0})
-            for (const double z : {-c.heightRatio, c.heightRatio})
+            for (const double z : {-c.height_ratio, c.height_ratio})
                 corners.push_back(layout.camera.project({x, y, z}));
     std::sort(corners.begin(), corners.end(),
               [](Point2 a, Point2 b) { return a.x < b.x || (a.x == b.x && a.y < b.y); });
@@ -154,8 +154,8 @@ TEST(ChartScene, StylesDecideWhatIsDrawn) {
     c.style.contoured = true;
     EXPECT_GT(countOf(sceneOf(c), SceneShape::Kind::Line), 100);
     c.style = {};
-    c.style.floorZones = true;
-    c.style.ceilingZones = true;
+    c.style.floor_zones = true;
+    c.style.ceiling_zones = true;
     EXPECT_GT(countOf(sceneOf(c), SceneShape::Kind::Fill), 2 * filled);
 }
 
@@ -170,7 +170,7 @@ TEST(ChartScene, HalvedMeshDrawsEverySecondLine) {
         return sum;
     };
     EXPECT_EQ(segments(), 21U * 20U);
-    c.mesh.halvedX = true;
+    c.mesh.halved_x = true;
     EXPECT_EQ(segments(), 11U * 20U);
 }
 
@@ -182,7 +182,7 @@ TEST(ChartScene, ZonesTakeTheColoursOfTheirBands) {
     c.sections.number = 3;
     c.style.zoned = true;
     c.style.shaded = false;
-    c.scaleShown = false;
+    c.scale_shown = false;
     std::vector<chart::Colour> seen;
     for (const SceneShape& s : sceneOf(c).shapes)
         if (s.surface && s.kind == SceneShape::Kind::Fill &&
@@ -211,7 +211,7 @@ TEST(ChartScene, TheScaleShowsOnlyWhereColoursMeanZ) {
     EXPECT_EQ(titles(), 1);
     c.style.zoned = true;
     EXPECT_EQ(titles(), 2);
-    c.scaleShown = false;
+    c.scale_shown = false;
     EXPECT_EQ(titles(), 1);
 }
 
@@ -258,13 +258,13 @@ TEST(ChartScene, GridsStandOnThePlanesThatAreChosen) {
         });
     };
     const auto all = lines();
-    c.x.gridXY = false;
+    c.x.grid_xy = false;
     const auto without = lines();
     EXPECT_LT(without, all);
-    c.x.gridYZ = false;  // a plane that does not hold the x axis
+    c.x.grid_yz = false;  // a plane that does not hold the x axis
     EXPECT_EQ(lines(), without);
     for (chart::Axis3D* axis : {&c.x, &c.y, &c.z})
-        axis->gridXY = axis->gridXZ = axis->gridYZ = false;
+        axis->grid_xy = axis->grid_xz = axis->grid_yz = false;
     EXPECT_EQ(lines(), 0);
 }
 

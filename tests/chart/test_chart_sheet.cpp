@@ -58,7 +58,7 @@ TEST(ChartSheet, NothingCoversAnythingElseInAnySize) {
         for (const int rotation : {90, 0, 270}) {
             for (const auto anchor : {LegendAnchor::OutsideEast, LegendAnchor::OutsideSouth}) {
                 Chart2D c = fullChart();
-                c.y.titleRotation = rotation;
+                c.y.title_rotation = rotation;
                 c.y2.title = "second";
                 c.legend.anchor = anchor;
                 c.legend.vertical = anchor == LegendAnchor::OutsideEast;
@@ -71,7 +71,7 @@ TEST(ChartSheet, NothingCoversAnythingElseInAnySize) {
                         EXPECT_FALSE(overlap(all[a], all[b]))
                             << a << " covers " << b << " at " << w << " x " << h;
                 }
-                EXPECT_EQ(s.legendLines.size(), 24U);
+                EXPECT_EQ(s.legend_lines.size(), 24U);
             }
         }
     }
@@ -95,11 +95,11 @@ TEST(ChartSheet, TheWidthOfTheNumbersDecidesTheMargin) {
 
 TEST(ChartSheet, AFixedPlotAreaStandsWhereItIsSet) {
     Chart2D c = fullChart();
-    c.plotArea.automatic = false;
-    c.plotArea.left = 0.2;
-    c.plotArea.top = 0.1;
-    c.plotArea.width = 0.5;
-    c.plotArea.height = 0.6;
+    c.plot_area.automatic = false;
+    c.plot_area.left = 0.2;
+    c.plot_area.top = 0.1;
+    c.plot_area.width = 0.5;
+    c.plot_area.height = 0.6;
     const SheetRect plot = lay_out(c, 1000, 500, samples::plainMeasure()).plot;
     EXPECT_DOUBLE_EQ(plot.left, 200);
     EXPECT_DOUBLE_EQ(plot.top, 50);
@@ -119,7 +119,7 @@ TEST(ChartSheet, TheAxesCrossAtTheOrigin) {
     Chart2D c = fullChart();
     c.x.min = -4;
     c.y.min = -4;
-    c.x.automaticOrigin = c.y.automaticOrigin = false;
+    c.x.automatic_origin = c.y.automatic_origin = false;
     const Sheet2D s = lay_out(c, 900, 650, samples::plainMeasure());
     EXPECT_NEAR(s.y.line, s.plot.left + s.plot.width / 2, 1e-9);
     EXPECT_NEAR(s.x.line, s.plot.top + s.plot.height / 2, 1e-9);
@@ -132,9 +132,9 @@ TEST(ChartSheet, TheAxesCrossAtTheOrigin) {
 
 TEST(ChartSheet, GridAndTicksHaveSpacingsOfTheirOwn) {
     Chart2D c = fullChart();
-    c.x.tickSpacing = 1;
-    c.x.gridSpacing = 0.5;
-    c.y.gridShown = false;
+    c.x.tick_spacing = 1;
+    c.x.grid_spacing = 0.5;
+    c.y.grid_shown = false;
     const Sheet2D s = lay_out(c, 900, 650, samples::plainMeasure());
     EXPECT_EQ(s.x.ticks.major.size(), 5U);
     EXPECT_EQ(s.x.grid.size(), 9U);
@@ -143,14 +143,14 @@ TEST(ChartSheet, GridAndTicksHaveSpacingsOfTheirOwn) {
 
 TEST(ChartSheet, LabelsFollowTheirPlacesAndVanishWithThem) {
     Chart2D c = fullChart();
-    chart::Label onPoint;
-    onPoint.text = "K";
-    onPoint.onPoint = true;
-    onPoint.series = 2;
-    onPoint.point = 20;
-    onPoint.dx = 10;
-    onPoint.dy = -15;
-    c.labels.push_back(onPoint);
+    chart::Label on_point;
+    on_point.text = "K";
+    on_point.on_point = true;
+    on_point.series = 2;
+    on_point.point = 20;
+    on_point.dx = 10;
+    on_point.dy = -15;
+    c.labels.push_back(on_point);
     chart::Label onPlace;
     onPlace.text = "T(cr)";
     onPlace.x = 2;
@@ -159,10 +159,10 @@ TEST(ChartSheet, LabelsFollowTheirPlacesAndVanishWithThem) {
     const Sheet2D s = lay_out(c, 900, 650, samples::plainMeasure());
     ASSERT_EQ(s.labels.size(), 2U);
     const auto& curve = c.curves[2];
-    EXPECT_NEAR(s.labels[0].placeX,
+    EXPECT_NEAR(s.labels[0].place_x,
                 s.plot.left + static_cast<double>(curve.x[20]) / 4 * s.plot.width, 1e-6);
-    EXPECT_NEAR(s.labels[0].text.x - s.labels[0].placeX, 10, 1e-9);
-    EXPECT_NEAR(s.labels[1].placeY, s.plot.top + 0.25 * s.plot.height, 1e-6);
+    EXPECT_NEAR(s.labels[0].text.x - s.labels[0].place_x, 10, 1e-9);
+    EXPECT_NEAR(s.labels[1].place_y, s.plot.top + 0.25 * s.plot.height, 1e-6);
     c.x.max = 1;  // both places leave the window
     EXPECT_TRUE(lay_out(c, 900, 650, samples::plainMeasure()).labels.empty());
     c.x.max = 4;
@@ -170,7 +170,7 @@ TEST(ChartSheet, LabelsFollowTheirPlacesAndVanishWithThem) {
     c.labels[1].shown = false;
     EXPECT_TRUE(lay_out(c, 900, 650, samples::plainMeasure()).labels.empty());
     c.labels[1].shown = true;
-    c.labelsShown = false;
+    c.labels_shown = false;
     EXPECT_TRUE(lay_out(c, 900, 650, samples::plainMeasure()).labels.empty());
 }
 
@@ -179,7 +179,7 @@ TEST(ChartSheet, ACurveLabelIsPlacedBesideItsCurve) {
     chart::Label label;
     label.text = "300 K";
     ASSERT_TRUE(place_curve_label(c, 5, -1, 900, 650, samples::plainMeasure(), label));
-    EXPECT_TRUE(label.onPoint);
+    EXPECT_TRUE(label.on_point);
     EXPECT_EQ(label.series, 5);
     EXPECT_GT(std::hypot(label.dx, label.dy), 5);
     chart::Label untouched;
@@ -251,7 +251,7 @@ TEST(ChartSheet, AReferenceLineCrossesTheWholeWindow) {
         c.y.max = 1000;
         c.y.logarithmic = logarithmic;
         Series s = chart::default_curve(0);
-        s.isReference = true;
+        s.is_reference = true;
         s.x = {300, 300};
         s.y = {-1e10F, 1000};
         const auto lines = visible_lines(c, s, {0, 0, 400, 300});

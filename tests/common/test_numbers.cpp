@@ -7,61 +7,61 @@ using namespace quor;
 
 namespace {
 
-using numbers::Format;
+using numbers::format;
 
-struct DecimalComma {
-    DecimalComma() { numbers::set_decimal_mark(','); }
-    ~DecimalComma() { numbers::set_decimal_mark('.'); }
+struct decimal_comma {
+    decimal_comma() { numbers::set_decimal_mark(','); }
+    ~decimal_comma() { numbers::set_decimal_mark('.'); }
 };
 
 TEST(Numbers, MasksShowTheDigitsTheyAskFor) {
-    EXPECT_EQ(Format(300.0, "###0.000 K"), "300.000 K");
-    EXPECT_EQ(Format(0.5, "###0.000"), "0.500");
-    EXPECT_EQ(Format(0.5, "####.##"), ".5");
-    EXPECT_EQ(Format(12.0, "####.##"), "12.");
-    EXPECT_EQ(Format(5000.0, "####0.000 kPa"), "5000.000 kPa");
-    EXPECT_EQ(Format(0.25, "0.0#######"), "0.25");
-    EXPECT_EQ(Format(1.0, "0.0#######"), "1.0");
-    EXPECT_EQ(Format(44.0, "#0.0000# m^3/kmol"), "44.0000 m^3/kmol");
-    EXPECT_EQ(Format(3.0, "0"), "3");
+    EXPECT_EQ(format(300.0, "###0.000 K"), "300.000 K");
+    EXPECT_EQ(format(0.5, "###0.000"), "0.500");
+    EXPECT_EQ(format(0.5, "####.##"), ".5");
+    EXPECT_EQ(format(12.0, "####.##"), "12.");
+    EXPECT_EQ(format(5000.0, "####0.000 kPa"), "5000.000 kPa");
+    EXPECT_EQ(format(0.25, "0.0#######"), "0.25");
+    EXPECT_EQ(format(1.0, "0.0#######"), "1.0");
+    EXPECT_EQ(format(44.0, "#0.0000# m^3/kmol"), "44.0000 m^3/kmol");
+    EXPECT_EQ(format(3.0, "0"), "3");
 }
 
 TEST(Numbers, MasksRoundHalfAwayFromZeroAsTheNumberIsRead) {
-    EXPECT_EQ(Format(2.675, "0.00"), "2.68");
-    EXPECT_EQ(Format(-2.5, "0"), "-3");
-    EXPECT_EQ(Format(0.125, "0.00"), "0.13");
-    EXPECT_EQ(Format(999.9996, "###0.000"), "1000.000");
-    EXPECT_EQ(Format(-0.0001, "0.000"), "0.000");
+    EXPECT_EQ(format(2.675, "0.00"), "2.68");
+    EXPECT_EQ(format(-2.5, "0"), "-3");
+    EXPECT_EQ(format(0.125, "0.00"), "0.13");
+    EXPECT_EQ(format(999.9996, "###0.000"), "1000.000");
+    EXPECT_EQ(format(-0.0001, "0.000"), "0.000");
 }
 
 TEST(Numbers, ExponentMasksCarryIntoTheExponent) {
-    EXPECT_EQ(Format(0.00012345, "0.0000E+00"), "1.2345E-04");
-    EXPECT_EQ(Format(9.99996, "0.0000E+00"), "1.0000E+01");
-    EXPECT_EQ(Format(0.0, "0.0000E+00"), "0.0000E+00");
-    EXPECT_EQ(Format(273.15, ".0000000E+00"), ".2731500E+03");
-    EXPECT_EQ(Format(1e-37, "0.00000000E+00"), "1.00000000E-37");
-    EXPECT_EQ(Format(-0.5, " 0.0000E+00;-0.0000E+00"), "-5.0000E-01");
-    EXPECT_EQ(Format(0.5, " 0.0000E+00;-0.0000E+00"), " 5.0000E-01");
+    EXPECT_EQ(format(0.00012345, "0.0000E+00"), "1.2345E-04");
+    EXPECT_EQ(format(9.99996, "0.0000E+00"), "1.0000E+01");
+    EXPECT_EQ(format(0.0, "0.0000E+00"), "0.0000E+00");
+    EXPECT_EQ(format(273.15, ".0000000E+00"), ".2731500E+03");
+    EXPECT_EQ(format(1e-37, "0.00000000E+00"), "1.00000000E-37");
+    EXPECT_EQ(format(-0.5, " 0.0000E+00;-0.0000E+00"), "-5.0000E-01");
+    EXPECT_EQ(format(0.5, " 0.0000E+00;-0.0000E+00"), " 5.0000E-01");
 }
 
 TEST(Numbers, APercentSignMultipliesBy100) {
-    EXPECT_EQ(Format(0.12345, "0.0### %"), "12.345 %");
+    EXPECT_EQ(format(0.12345, "0.0### %"), "12.345 %");
 }
 
 TEST(Numbers, TheLocalesDecimalMarkIsHonoured) {
-    const DecimalComma comma;
-    EXPECT_EQ(Format(1.5, "0.00"), "1,50");
-    EXPECT_EQ(numbers::General(1.5F), "1,5");
+    const decimal_comma comma;
+    EXPECT_EQ(format(1.5, "0.00"), "1,50");
+    EXPECT_EQ(numbers::general(1.5F), "1,5");
     EXPECT_EQ(numbers::format_point(1.5, "0.00"), "1.50");
     EXPECT_EQ(numbers::comma_to_point("1,5"), "1.5");
 }
 
 TEST(Numbers, GeneralFormatsCarrySevenAndFifteenDigits) {
-    EXPECT_EQ(numbers::General(0.1F), "0.1");
-    EXPECT_EQ(numbers::General(1.0F / 3.0F), "0.3333333");
-    EXPECT_EQ(numbers::General(1.0 / 3.0), "0.333333333333333");
-    EXPECT_EQ(numbers::General(1e20), "1E+20");
-    EXPECT_EQ(numbers::General(0.0), "0");
+    EXPECT_EQ(numbers::general(0.1F), "0.1");
+    EXPECT_EQ(numbers::general(1.0F / 3.0F), "0.3333333");
+    EXPECT_EQ(numbers::general(1.0 / 3.0), "0.333333333333333");
+    EXPECT_EQ(numbers::general(1e20), "1E+20");
+    EXPECT_EQ(numbers::general(0.0), "0");
 }
 
 TEST(Numbers, ValReadsTheLeadingNumberOnly) {
@@ -81,7 +81,7 @@ TEST(Numbers, WholeNumbersAreRoundedHalfToEven) {
     EXPECT_EQ(numbers::to_int32(-1.5), -2);
     EXPECT_THROW(numbers::to_int16(40000.0), faults::Fault);
     EXPECT_THROW(numbers::to_single(1e39), faults::Fault);
-    EXPECT_DOUBLE_EQ(numbers::Int(-0.5), -1.0);
+    EXPECT_DOUBLE_EQ(numbers::round_down(-0.5), -1.0);
     EXPECT_DOUBLE_EQ(numbers::round4(1.00005), 1.0001);
 }
 

@@ -21,7 +21,7 @@ TEST(Text, FixedFieldsCountCharactersNotBytes) {
     EXPECT_EQ(text::pad_right("Ä", 3), "Ä  ");
     EXPECT_EQ(text::pad_right("ÄÖÜ", 2), "ÄÖ");
     EXPECT_EQ(text::pad_left("Ä", 3), "  Ä");
-    EXPECT_EQ(text::Length("Äbc"), 3U);
+    EXPECT_EQ(text::length("Äbc"), 3U);
 }
 
 TEST(Text, UpperCaseKnowsUmlauts) {
@@ -29,8 +29,8 @@ TEST(Text, UpperCaseKnowsUmlauts) {
 }
 
 TEST(Text, LinesEndWithAnyLineEnd) {
-    EXPECT_EQ(text::Lines("a\r\nb\nc\rd"), (std::vector<std::string>{"a", "b", "c", "d"}));
-    EXPECT_EQ(text::Lines("a\r\n\r\n"), (std::vector<std::string>{"a", ""}));
+    EXPECT_EQ(text::lines("a\r\nb\nc\rd"), (std::vector<std::string>{"a", "b", "c", "d"}));
+    EXPECT_EQ(text::lines("a\r\n\r\n"), (std::vector<std::string>{"a", ""}));
 }
 
 TEST(Text, TrimsAndSplits) {

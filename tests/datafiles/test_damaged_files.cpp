@@ -72,7 +72,7 @@ bool is_finite(const datafiles::FieldValue& value) {
 void expect_finite(const models::SubstanceRecord& record) {
     for (const datafiles::RecordField& field : datafiles::record_fields())
         for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i)
-            EXPECT_TRUE(is_finite(datafiles::ValueOf(record, {&field, i}))) << field.name;
+            EXPECT_TRUE(is_finite(datafiles::value_of(record, {&field, i}))) << field.name;
 }
 
 void read_all_substances(const Result<Database>& database) {
@@ -126,11 +126,11 @@ void expect_in_range(const std::optional<std::int16_t>& code, int lowest, int hi
 
 TEST_F(DamagedFiles, DamagedProjectsGiveSettingsWithinTheirRangesOrNone) {
     datafiles::ProjectContent content{.database = "A.Q05", .casrn = "74-98-6"};
-    content.settings.diagramT = 300.0;
-    content.settings.pointsPerCurve = std::int16_t{300};
-    content.settings.unitMode = std::int16_t{1};
+    content.settings.diagram_T = 300.0;
+    content.settings.points_per_curve = std::int16_t{300};
+    content.settings.unit_mode = std::int16_t{1};
     content.settings.eos = models::Eos::soave;
-    content.manualVirial = models::ManualVirial{-0.25, 1, 2};
+    content.manual_virial = models::ManualVirial{-0.25, 1, 2};
     const std::string whole = datafiles::project_text(content);
     for (int round = 0; round < 600; ++round) {
         const std::string bytes = round % 3 == 0 ? random_bytes(random() % 600)
@@ -140,14 +140,14 @@ TEST_F(DamagedFiles, DamagedProjectsGiveSettingsWithinTheirRangesOrNone) {
         const auto read = datafiles::read_project(bytes, "P.QCF");
         if (!read) continue;
         const datafiles::ProjectSettings& s = read->settings;
-        expect_in_range(s.pointsPerCurve, 50, 800);
-        expect_in_range(s.unitMode, 0, 2);
-        expect_in_range(s.caloricUnit, 0, 3);
-        EXPECT_TRUE(std::isfinite(s.diagramT.value_or(0)));
-        EXPECT_TRUE(std::isfinite(s.caloricFactor.value_or(0)));
-        EXPECT_TRUE(std::isfinite(s.watsonN.value_or(0)));
+        expect_in_range(s.points_per_curve, 50, 800);
+        expect_in_range(s.unit_mode, 0, 2);
+        expect_in_range(s.caloric_unit, 0, 3);
+        EXPECT_TRUE(std::isfinite(s.diagram_T.value_or(0)));
+        EXPECT_TRUE(std::isfinite(s.caloric_factor.value_or(0)));
+        EXPECT_TRUE(std::isfinite(s.watson_n.value_or(0)));
         EXPECT_TRUE(std::isfinite(s.href.value_or(0)));
-        EXPECT_TRUE(std::isfinite(read->manualVirial.value_or(models::ManualVirial{}).b0));
+        EXPECT_TRUE(std::isfinite(read->manual_virial.value_or(models::ManualVirial{}).b0));
     }
 }
 

@@ -108,9 +108,9 @@ TEST(DatabaseTable, TextsAreWrittenInTheAnsiCodePage) {
               "C2H6O,Ethanol,64-17-5,46,514,6148,alcohol;spirit,Äthanol,Weingeist");
     ASSERT_TRUE(t.errors.empty()) << t.errors.front();
     const auto& r = t.records[0];
-    EXPECT_EQ(std::string(r.nameEnglish.begin(), r.nameEnglish.begin() + 23),
+    EXPECT_EQ(std::string(r.name_english.begin(), r.name_english.begin() + 23),
               "Ethanol;alcohol;spirit ");
-    EXPECT_EQ(std::string(r.nameGerman.begin(), r.nameGerman.begin() + 18),
+    EXPECT_EQ(std::string(r.name_german.begin(), r.name_german.begin() + 18),
               "\xC4thanol;Weingeist ");
 }
 
@@ -194,8 +194,8 @@ class StudentDatabase : public testing::Test {
 
 void expect_equal(const models::CpSet& a, const models::CpSet& b) {
     EXPECT_EQ(a.c, b.c);
-    EXPECT_EQ(a.TLo, b.TLo);
-    EXPECT_EQ(a.THi, b.THi);
+    EXPECT_EQ(a.T_low, b.T_low);
+    EXPECT_EQ(a.T_high, b.T_high);
 }
 
 TEST_F(StudentDatabase, EverySubstanceReadsAsItsRowSays) {
@@ -205,18 +205,18 @@ TEST_F(StudentDatabase, EverySubstanceReadsAsItsRowSays) {
         SCOPED_TRACE(names[i]);
         const auto read = database.read(i);
         ASSERT_TRUE(read);
-        EXPECT_FALSE(read->noCriticalData);
+        EXPECT_FALSE(read->no_critical_data);
         // Read from the table by the tests' own reader.
         const models::SubstanceRecord expected = fluids::Row(names[i]);
         const models::SubstanceRecord& r = read->record;
-        EXPECT_EQ(r.Name, expected.Name);
-        EXPECT_EQ(r.Formula, expected.Formula);
-        EXPECT_EQ(r.CASRN, expected.CASRN);
+        EXPECT_EQ(r.name, expected.name);
+        EXPECT_EQ(r.formula, expected.formula);
+        EXPECT_EQ(r.casrn, expected.casrn);
         EXPECT_EQ(r.M, expected.M);
         EXPECT_EQ(r.Tcrit, expected.Tcrit);
         EXPECT_EQ(r.pcrit, expected.pcrit);
         EXPECT_EQ(r.rhocrit, expected.rhocrit);
-        EXPECT_EQ(r.vcritExp, expected.vcritExp);
+        EXPECT_EQ(r.vcrit_measured, expected.vcrit_measured);
         EXPECT_EQ(r.omega, expected.omega);
         EXPECT_EQ(r.Tboil, expected.Tboil);
         EXPECT_EQ(r.Ttriple, expected.Ttriple);
@@ -224,28 +224,28 @@ TEST_F(StudentDatabase, EverySubstanceReadsAsItsRowSays) {
         EXPECT_EQ(r.dfh, expected.dfh);
         EXPECT_EQ(r.dfg, expected.dfg);
         EXPECT_EQ(r.sconv, expected.sconv);
-        EXPECT_EQ(r.WAG.a, expected.WAG.a);
-        EXPECT_EQ(r.WAG.TLo, expected.WAG.TLo);
-        EXPECT_EQ(r.FRO.a, expected.FRO.a);
-        EXPECT_EQ(r.FRO.THi, expected.FRO.THi);
-        EXPECT_EQ(r.ALP.B, expected.ALP.B);
-        EXPECT_EQ(r.AHP.C, expected.AHP.C);
-        EXPECT_EQ(r.rhoLPar, expected.rhoLPar);
-        EXPECT_EQ(r.rhoLTLo, expected.rhoLTLo);
-        EXPECT_EQ(r.rhoLTHi, expected.rhoLTHi);
-        EXPECT_EQ(r.rhoSPar, expected.rhoSPar);
-        EXPECT_EQ(r.hLVPar, expected.hLVPar);
-        EXPECT_EQ(r.hLVTc, expected.hLVTc);
-        expect_equal(r.cpPoly, expected.cpPoly);
-        expect_equal(r.cpSinh, expected.cpSinh);
+        EXPECT_EQ(r.wagner.a, expected.wagner.a);
+        EXPECT_EQ(r.wagner.T_low, expected.wagner.T_low);
+        EXPECT_EQ(r.frost.a, expected.frost.a);
+        EXPECT_EQ(r.frost.T_high, expected.frost.T_high);
+        EXPECT_EQ(r.antoine_low.B, expected.antoine_low.B);
+        EXPECT_EQ(r.antoine_high.C, expected.antoine_high.C);
+        EXPECT_EQ(r.rhoL_coefficients, expected.rhoL_coefficients);
+        EXPECT_EQ(r.rhoL_T_low, expected.rhoL_T_low);
+        EXPECT_EQ(r.rhoL_T_high, expected.rhoL_T_high);
+        EXPECT_EQ(r.rhoS_coefficients, expected.rhoS_coefficients);
+        EXPECT_EQ(r.hLV_coefficients, expected.hLV_coefficients);
+        EXPECT_EQ(r.hLV_Tc, expected.hLV_Tc);
+        expect_equal(r.cp_polynomial, expected.cp_polynomial);
+        expect_equal(r.cp_sinh_cosh, expected.cp_sinh_cosh);
         expect_equal(r.cpL, expected.cpL);
         expect_equal(r.cpS, expected.cpS);
-        EXPECT_EQ(r.hasCpPoly, expected.hasCpPoly);
-        EXPECT_EQ(r.hasCpSinh, expected.hasCpSinh);
-        EXPECT_EQ(r.hasCpL, expected.hasCpL);
-        EXPECT_EQ(r.hasCpS, expected.hasCpS);
-        EXPECT_EQ(r.WatsonH, expected.WatsonH);
-        EXPECT_EQ(r.WatsonT, expected.WatsonT);
+        EXPECT_EQ(r.has_cp_polynomial, expected.has_cp_polynomial);
+        EXPECT_EQ(r.has_cp_sinh_cosh, expected.has_cp_sinh_cosh);
+        EXPECT_EQ(r.has_cpL, expected.has_cpL);
+        EXPECT_EQ(r.has_cpS, expected.has_cpS);
+        EXPECT_EQ(r.watson_hLV, expected.watson_hLV);
+        EXPECT_EQ(r.watson_T, expected.watson_T);
     }
 }
 
@@ -253,7 +253,7 @@ TEST_F(StudentDatabase, KnownFiguresOfCarbonDioxideArrive) {
     const auto place = datafiles::find_by_casrn(database, "124-38-9");
     ASSERT_TRUE(place);
     const models::SubstanceRecord substance = database.read(*place)->record;
-    EXPECT_EQ(substance.Name, "Carbon dioxide");
+    EXPECT_EQ(substance.name, "Carbon dioxide");
     // Span and Wagner (1996): 304.1282 K, 7377.3 kPa, 467.6 kg/m^3; M from the atomic weights.
     EXPECT_NEAR(substance.M, 44.0095, 0.001);
     EXPECT_NEAR(substance.Tcrit, 304.1282, 0.0001);

@@ -14,10 +14,10 @@ constexpr std::size_t kTold = 32;  // lines that every reader knows
 ProjectContent manual_project() {
     ProjectContent content{
         .date = "15.11.2026", .comment = "c", .database = "A.Q05", .casrn = "74-98-6     "};
-    content.settings.diagramT = 300.5;
+    content.settings.diagram_T = 300.5;
     content.settings.eos = models::Eos::manualVirial;
-    content.settings.tankT = 280.0F;
-    content.manualVirial = ManualVirial{-0.275, 1.0 / 3.0, 1e-7};
+    content.settings.tank_T = 280.0F;
+    content.manual_virial = ManualVirial{-0.275, 1.0 / 3.0, 1e-7};
     return content;
 }
 
@@ -25,44 +25,44 @@ std::size_t lines_of(const std::string& text) {
     return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
 }
 
-TEST(ProjectFile, CoefficientsOfTheManualVirialEquationComeBackExactly) {
+TEST(project_file, CoefficientsOfTheManualVirialEquationComeBackExactly) {
     const auto read = read_project(project_text(manual_project()), "P.QCF");
     ASSERT_TRUE(read);
-    EXPECT_EQ(read->manualVirial, manual_project().manualVirial);
+    EXPECT_EQ(read->manual_virial, manual_project().manual_virial);
     EXPECT_EQ(read->settings.eos, models::Eos::manualVirial);
-    EXPECT_EQ(read->settings.tankT, 280.0F);
+    EXPECT_EQ(read->settings.tank_T, 280.0F);
 }
 
-TEST(ProjectFile, TheyStandBehindTheLinesThatEveryReaderKnows) {
+TEST(project_file, TheyStandBehindTheLinesThatEveryReaderKnows) {
     ProjectContent without = manual_project();
-    without.manualVirial.reset();
+    without.manual_virial.reset();
     const std::string text = project_text(manual_project());
     EXPECT_EQ(lines_of(project_text(without)), kTold);
     EXPECT_EQ(text.find(project_text(without)), 0U);
     EXPECT_EQ(lines_of(text), kTold + 3);
 }
 
-TEST(ProjectFile, AnIncompleteOrCutEquationIsNone) {
+TEST(project_file, AnIncompleteOrCutEquationIsNone) {
     const std::string text = project_text(manual_project());
     const std::size_t told = text.find("b0=");
     ASSERT_NE(told, std::string::npos);
     for (std::size_t length = told; length < text.size() - 1; ++length) {
         const auto read = read_project(text.substr(0, length), "P.QCF");
         ASSERT_TRUE(read) << length;
-        EXPECT_EQ(read->manualVirial, std::nullopt) << length;
-        EXPECT_EQ(read->settings.tankT, 280.0F) << length;
+        EXPECT_EQ(read->manual_virial, std::nullopt) << length;
+        EXPECT_EQ(read->settings.tank_T, 280.0F) << length;
     }
 }
 
-TEST(ProjectFile, ASettingThatIsNotToldStaysOut) {
+TEST(project_file, ASettingThatIsNotToldStaysOut) {
     const auto read = read_project(project_text(manual_project()), "P.QCF");
     ASSERT_TRUE(read);
-    EXPECT_EQ(read->settings.diagramT, 300.5);
-    EXPECT_EQ(read->settings.diagramP, std::nullopt);
-    EXPECT_EQ(read->settings.csvSeparator, std::nullopt);
+    EXPECT_EQ(read->settings.diagram_T, 300.5);
+    EXPECT_EQ(read->settings.diagram_p, std::nullopt);
+    EXPECT_EQ(read->settings.csv_separator, std::nullopt);
 }
 
-TEST(ProjectFile, ANumberWithoutAnEquationOfStateMeansTheIdealGas) {
+TEST(project_file, ANumberWithoutAnEquationOfStateMeansTheIdealGas) {
     std::string text = project_text(manual_project());
     // Item 15, the equation of state.
     text.replace(text.find("\r\n10\r\n"), 6, "\r\n9\r\n");
@@ -71,7 +71,7 @@ TEST(ProjectFile, ANumberWithoutAnEquationOfStateMeansTheIdealGas) {
     EXPECT_EQ(read->settings.eos, models::Eos::idealGas);
 }
 
-TEST(ProjectFile, AnotherFileIsRefusedByName) {
+TEST(project_file, AnotherFileIsRefusedByName) {
     EXPECT_EQ(read_project("one line", "P.QCF").reason(), "The file P.QCF is no project file.");
 }
 

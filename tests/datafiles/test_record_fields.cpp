@@ -28,8 +28,8 @@ TEST(RecordFields, SingleValuesAreSetByName) {
     EXPECT_EQ(r.M, 44.0956F);
     EXPECT_EQ(r.Tcrit, 369.89);
     EXPECT_EQ(r.omega, -0.0022);
-    EXPECT_EQ(r.vcritExp, 0.2);
-    EXPECT_EQ(r.rhoLboil, 580.5F);
+    EXPECT_EQ(r.vcrit_measured, 0.2);
+    EXPECT_EQ(r.rhoL_boil, 580.5F);
 }
 
 TEST(RecordFields, ElementsCountFromOne) {
@@ -44,16 +44,16 @@ TEST(RecordFields, ElementsCountFromOne) {
     EXPECT_EQ(set_field(r, "hLVPar.6", "5"), "");
     EXPECT_EQ(set_field(r, "KFW.1", "6"), "");
     EXPECT_EQ(set_field(r, "AUG.2", "-2500"), "");
-    EXPECT_EQ(r.WAG.a[0], -7.77F);
-    EXPECT_EQ(r.WAG.a[9], 4251.2F);
-    EXPECT_EQ(r.WAG.TLo, 217);
-    EXPECT_EQ(r.FRO.a[8], 2.0F);
-    EXPECT_EQ(r.cpSinh.c[4], 1.5F);
-    EXPECT_EQ(r.rhoLPar[6], 3.0F);
-    EXPECT_EQ(r.rhoSPar[3], 4.0F);
-    EXPECT_EQ(r.hLVPar[5], 5.0F);
-    EXPECT_EQ(r.KFW.a[0], 6.0F);
-    EXPECT_EQ(r.AUG.B, -2500.0F);
+    EXPECT_EQ(r.wagner.a[0], -7.77F);
+    EXPECT_EQ(r.wagner.a[9], 4251.2F);
+    EXPECT_EQ(r.wagner.T_low, 217);
+    EXPECT_EQ(r.frost.a[8], 2.0F);
+    EXPECT_EQ(r.cp_sinh_cosh.c[4], 1.5F);
+    EXPECT_EQ(r.rhoL_coefficients[6], 3.0F);
+    EXPECT_EQ(r.rhoS_coefficients[3], 4.0F);
+    EXPECT_EQ(r.hLV_coefficients[5], 5.0F);
+    EXPECT_EQ(r.frost_van_der_waals.a[0], 6.0F);
+    EXPECT_EQ(r.august.B, -2500.0F);
 }
 
 TEST(RecordFields, AntoineConstantsGoByLetterAndByNumber) {
@@ -62,10 +62,10 @@ TEST(RecordFields, AntoineConstantsGoByLetterAndByNumber) {
     EXPECT_EQ(set_field(r, "ALP.2", "803"), "");
     EXPECT_EQ(set_field(r, "AHP.C", "247"), "");
     EXPECT_EQ(set_field(r, "THO.B", "9"), "");
-    EXPECT_EQ(r.ALP.A, 5.9F);
-    EXPECT_EQ(r.ALP.B, 803.0F);
-    EXPECT_EQ(r.AHP.C, 247.0F);
-    EXPECT_EQ(r.THO.B, 9.0F);
+    EXPECT_EQ(r.antoine_low.A, 5.9F);
+    EXPECT_EQ(r.antoine_low.B, 803.0F);
+    EXPECT_EQ(r.antoine_high.C, 247.0F);
+    EXPECT_EQ(r.thompson.B, 9.0F);
 }
 
 TEST(RecordFields, TextsAndFlagsAreFieldsToo) {
@@ -74,13 +74,13 @@ TEST(RecordFields, TextsAndFlagsAreFieldsToo) {
     EXPECT_EQ(set_field(r, "Formula", "N H3"), "");
     EXPECT_EQ(set_field(r, "CASRN", "7664-41-7"), "");
     EXPECT_EQ(set_field(r, "hasCpL", "1"), "");
-    EXPECT_EQ(r.Name, "Ammonia 3");
-    EXPECT_EQ(r.Formula, "N H3");
-    EXPECT_EQ(r.FormulaCompact, "NH3");
-    EXPECT_EQ(r.CASRN, "7664-41-7   ");
-    EXPECT_TRUE(r.hasCpL);
+    EXPECT_EQ(r.name, "Ammonia 3");
+    EXPECT_EQ(r.formula, "N H3");
+    EXPECT_EQ(r.formula_compact, "NH3");
+    EXPECT_EQ(r.casrn, "7664-41-7   ");
+    EXPECT_TRUE(r.has_cpL);
     EXPECT_EQ(set_field(r, "hasCpL", "false"), "");
-    EXPECT_FALSE(r.hasCpL);
+    EXPECT_FALSE(r.has_cpL);
 }
 
 TEST(RecordFields, AValueIsStoredAsItStands) {
@@ -88,9 +88,9 @@ TEST(RecordFields, AValueIsStoredAsItStands) {
     EXPECT_EQ(set_field(r, "Tcrit", "369.123456"), "");
     EXPECT_EQ(r.Tcrit, 369.123456);
     EXPECT_EQ(set_field(r, "cpSinh.3", "-5"), "");
-    EXPECT_EQ(r.cpSinh.c[2], -5.0F);
+    EXPECT_EQ(r.cp_sinh_cosh.c[2], -5.0F);
     EXPECT_EQ(set_field(r, "WAG.TLo", "216.5"), "");
-    EXPECT_EQ(r.WAG.TLo, 216);
+    EXPECT_EQ(r.wagner.T_low, 216);
 }
 
 TEST(RecordFields, WrongNamesAndValuesAreTold) {
@@ -127,7 +127,7 @@ TEST(RecordFields, EveryFieldIsFoundByItsOwnNameAndTakesAValue) {
             EXPECT_EQ(set_field(r, name, "1"), "") << name;
             const auto value = datafiles::get_field(r, name);
             ASSERT_TRUE(value);
-            EXPECT_TRUE(*value != datafiles::ValueOf(SubstanceRecord{}, place)) << name;
+            EXPECT_TRUE(*value != datafiles::value_of(SubstanceRecord{}, place)) << name;
             ++values;
         }
     }
@@ -140,7 +140,7 @@ TEST(RecordFields, EveryFieldIsFoundByItsOwnNameAndTakesAValue) {
 TEST(RecordFields, ColumnsOfATableHaveTheirSlots) {
     const auto slot = [](const char* column) {
         const auto place = datafiles::find_column(column);
-        return place ? datafiles::SlotOf(*place) : 0;
+        return place ? datafiles::slot_of(*place) : 0;
     };
     EXPECT_EQ(slot("M"), 1);
     EXPECT_EQ(slot("Ttriple"), 92);

@@ -23,8 +23,8 @@ std::string encode(const SubstanceFileRecord& record) {
 
 TEST(SubstanceFile, EveryFieldLiesAtItsOffset) {
     builder::Substance s{.formula = "C2H6O",
-                         .nameEnglish = "Ethanol;alcohol",
-                         .nameGerman = "\xC4thanol",
+                         .name_english = "Ethanol;alcohol",
+                         .name_german = "\xC4thanol",
                          .casrn = "64-17-5",
                          .number = -2,
                          .slots = {{1, 46.068F}, {124, -1.5F}},
@@ -32,8 +32,8 @@ TEST(SubstanceFile, EveryFieldLiesAtItsOffset) {
                          .text6 = "six"};
     const SubstanceFileRecord r = decode(builder::Record(s));
     EXPECT_EQ(datafiles::field_text(r.formula), "C2H6O       ");
-    EXPECT_EQ(datafiles::field_text(r.nameEnglish), "Ethanol;alcohol                         ");
-    EXPECT_EQ(datafiles::field_text(r.nameGerman).substr(0, 8), "Äthanol");
+    EXPECT_EQ(datafiles::field_text(r.name_english), "Ethanol;alcohol                         ");
+    EXPECT_EQ(datafiles::field_text(r.name_german).substr(0, 8), "Äthanol");
     EXPECT_EQ(datafiles::field_text(r.casrn), "64-17-5     ");
     EXPECT_EQ(std::string(r.text5.begin(), r.text5.begin() + 5), "five ");
     EXPECT_EQ(std::string(r.text6.begin(), r.text6.begin() + 4), "six ");

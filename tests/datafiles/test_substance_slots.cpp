@@ -40,55 +40,58 @@ TEST(SubstanceSlots, EverySlotReachesItsField) {
     EXPECT_EQ(r.rhocrit, 9.25);
     EXPECT_EQ(r.omega, 10.25);
     EXPECT_EQ(r.Tboil, at(11));
-    for (int i = 0; i < 7; ++i) EXPECT_EQ(r.rhoLPar[static_cast<std::size_t>(i)], at(14 + i));
-    EXPECT_EQ(r.rhoLTc, at(21));
-    EXPECT_EQ(r.rhoLTLo, 22);
-    EXPECT_EQ(r.rhoLTHi, 23);
-    for (int i = 0; i < 9; ++i) EXPECT_EQ(r.FRO.a[static_cast<std::size_t>(i)], at(25 + i));
-    EXPECT_EQ(r.FRO.TLo, 34);
-    EXPECT_EQ(r.FRO.THi, 35);
-    EXPECT_EQ(r.ALP.A, at(37));
-    EXPECT_EQ(r.ALP.B, at(38));
-    EXPECT_EQ(r.ALP.C, at(39));
-    EXPECT_EQ(r.ALP.TLo, 40);
-    EXPECT_EQ(r.ALP.THi, 41);
-    EXPECT_EQ(r.AHP.A, at(43));
-    EXPECT_EQ(r.AHP.B, at(44));
-    EXPECT_EQ(r.AHP.C, at(45));
-    EXPECT_EQ(r.AHP.TLo, 46);
-    EXPECT_EQ(r.AHP.THi, 47);
-    for (int i = 0; i < 10; ++i) EXPECT_EQ(r.WAG.a[static_cast<std::size_t>(i)], at(49 + i));
-    EXPECT_EQ(r.WAG.TLo, 59);
-    EXPECT_EQ(r.WAG.THi, 60);
+    for (int i = 0; i < 7; ++i)
+        EXPECT_EQ(r.rhoL_coefficients[static_cast<std::size_t>(i)], at(14 + i));
+    EXPECT_EQ(r.rhoL_Tc, at(21));
+    EXPECT_EQ(r.rhoL_T_low, 22);
+    EXPECT_EQ(r.rhoL_T_high, 23);
+    for (int i = 0; i < 9; ++i) EXPECT_EQ(r.frost.a[static_cast<std::size_t>(i)], at(25 + i));
+    EXPECT_EQ(r.frost.T_low, 34);
+    EXPECT_EQ(r.frost.T_high, 35);
+    EXPECT_EQ(r.antoine_low.A, at(37));
+    EXPECT_EQ(r.antoine_low.B, at(38));
+    EXPECT_EQ(r.antoine_low.C, at(39));
+    EXPECT_EQ(r.antoine_low.T_low, 40);
+    EXPECT_EQ(r.antoine_low.T_high, 41);
+    EXPECT_EQ(r.antoine_high.A, at(43));
+    EXPECT_EQ(r.antoine_high.B, at(44));
+    EXPECT_EQ(r.antoine_high.C, at(45));
+    EXPECT_EQ(r.antoine_high.T_low, 46);
+    EXPECT_EQ(r.antoine_high.T_high, 47);
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(r.wagner.a[static_cast<std::size_t>(i)], at(49 + i));
+    EXPECT_EQ(r.wagner.T_low, 59);
+    EXPECT_EQ(r.wagner.T_high, 60);
     for (int i = 0; i < 5; ++i) {
         const auto e = static_cast<std::size_t>(i);
-        EXPECT_EQ(r.cpPoly.c[e], at(62 + i));
-        EXPECT_EQ(r.cpSinh.c[e], at(70 + i));
+        EXPECT_EQ(r.cp_polynomial.c[e], at(62 + i));
+        EXPECT_EQ(r.cp_sinh_cosh.c[e], at(70 + i));
         EXPECT_EQ(r.cpL.c[e], at(78 + i));
         EXPECT_EQ(r.cpS.c[e], at(111 + i));
     }
-    EXPECT_EQ(r.cpPoly.TLo, 67);
-    EXPECT_EQ(r.cpPoly.THi, 68);
-    EXPECT_EQ(r.cpSinh.TLo, 75);
-    EXPECT_EQ(r.cpSinh.THi, 76);
-    EXPECT_EQ(r.cpL.TLo, 83);
-    EXPECT_EQ(r.cpL.THi, 84);
-    EXPECT_EQ(r.cpS.TLo, 116);
-    EXPECT_EQ(r.cpS.THi, 117);
+    EXPECT_EQ(r.cp_polynomial.T_low, 67);
+    EXPECT_EQ(r.cp_polynomial.T_high, 68);
+    EXPECT_EQ(r.cp_sinh_cosh.T_low, 75);
+    EXPECT_EQ(r.cp_sinh_cosh.T_high, 76);
+    EXPECT_EQ(r.cpL.T_low, 83);
+    EXPECT_EQ(r.cpL.T_high, 84);
+    EXPECT_EQ(r.cpS.T_low, 116);
+    EXPECT_EQ(r.cpS.T_high, 117);
     EXPECT_EQ(r.dfh, at(86));
     EXPECT_EQ(r.dfg, at(88));
     EXPECT_EQ(r.sconv, at(90));
     EXPECT_EQ(r.Ttriple, at(92));
     EXPECT_EQ(r.ptriple, at(93));
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(r.hLVPar[static_cast<std::size_t>(i)], at(97 + i));
-    EXPECT_EQ(r.hLVTc, at(103));
-    EXPECT_EQ(r.hLVTLo, 104);
-    EXPECT_EQ(r.hLVTHi, 105);
-    EXPECT_EQ(r.WatsonH, at(106));
-    EXPECT_EQ(r.WatsonT, at(107));
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(r.rhoSPar[static_cast<std::size_t>(i)], at(119 + i));
-    EXPECT_EQ(r.rhoSTLo, 123);
-    EXPECT_EQ(r.rhoSTHi, 124);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(r.hLV_coefficients[static_cast<std::size_t>(i)], at(97 + i));
+    EXPECT_EQ(r.hLV_Tc, at(103));
+    EXPECT_EQ(r.hLV_T_low, 104);
+    EXPECT_EQ(r.hLV_T_high, 105);
+    EXPECT_EQ(r.watson_hLV, at(106));
+    EXPECT_EQ(r.watson_T, at(107));
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(r.rhoS_coefficients[static_cast<std::size_t>(i)], at(119 + i));
+    EXPECT_EQ(r.rhoS_T_low, 123);
+    EXPECT_EQ(r.rhoS_T_high, 124);
     const std::array<float, 8> spare{at(12), at(13), at(24), at(48),
                                      at(89), at(95), at(96), at(118)};
     EXPECT_EQ(r.spare, spare);
@@ -97,13 +100,13 @@ TEST(SubstanceSlots, EverySlotReachesItsField) {
 TEST(SubstanceSlots, TextsAreTrimmedAndTheNameEndsAtTheFirstSemicolon) {
     builder::Substance s = builder::Plain("Carbon dioxide ;R-744", "124-38-9");
     s.formula = " C O2";
-    s.nameGerman = "Kohlens\xE4ure;CO2";
+    s.name_german = "Kohlens\xE4ure;CO2";
     const SubstanceRecord r = load(s).record;
-    EXPECT_EQ(r.Name, "Carbon dioxide");
-    EXPECT_EQ(r.Formula, " C O2");
-    EXPECT_EQ(r.FormulaCompact, "CO2");
-    EXPECT_EQ(r.CASRN, "124-38-9    ");
-    EXPECT_EQ(datafiles::record_from_slots(file_of(s), false).record.Name, "Kohlensäure");
+    EXPECT_EQ(r.name, "Carbon dioxide");
+    EXPECT_EQ(r.formula, " C O2");
+    EXPECT_EQ(r.formula_compact, "CO2");
+    EXPECT_EQ(r.casrn, "124-38-9    ");
+    EXPECT_EQ(datafiles::record_from_slots(file_of(s), false).record.name, "Kohlensäure");
 }
 
 TEST(SubstanceSlots, MassAndCriticalDataAreRoundedHalfUpAtTheFifthDecimal) {
@@ -124,12 +127,12 @@ TEST(SubstanceSlots, MissingCriticalDataAreReportedAndReadingGoesOn) {
         s.slots[slot] = 0;
         s.slots[90] = 200.0F;
         const LoadedSubstance loaded = load(s);
-        EXPECT_TRUE(loaded.noCriticalData);
+        EXPECT_TRUE(loaded.no_critical_data);
         EXPECT_EQ(loaded.record.sconv, 200.0F);
-        EXPECT_EQ(loaded.record.AUG.A, 0.0F);
-        EXPECT_EQ(loaded.record.AUG.B, 0.0F);
+        EXPECT_EQ(loaded.record.august.A, 0.0F);
+        EXPECT_EQ(loaded.record.august.B, 0.0F);
     }
-    EXPECT_FALSE(load(builder::Plain("A", "1")).noCriticalData);
+    EXPECT_FALSE(load(builder::Plain("A", "1")).no_critical_data);
 }
 
 TEST(SubstanceSlots, ARealZeroIsHandedThroughAndNothingStaysNothing) {
@@ -139,8 +142,8 @@ TEST(SubstanceSlots, ARealZeroIsHandedThroughAndNothingStaysNothing) {
     const SubstanceRecord r = load(s).record;
     EXPECT_EQ(r.dfh, 1e-37F);
     EXPECT_EQ(r.dfg, 0.0F);
-    EXPECT_EQ(r.cpSinh.c[0], 1e-37F);
-    EXPECT_EQ(r.WatsonH, 0.0F);
+    EXPECT_EQ(r.cp_sinh_cosh.c[0], 1e-37F);
+    EXPECT_EQ(r.watson_hLV, 0.0F);
 }
 
 TEST(SubstanceSlots, TheSecondTriplePointStandsInForTheFirst) {
@@ -153,9 +156,9 @@ TEST(SubstanceSlots, TheSecondTriplePointStandsInForTheFirst) {
 
 TEST(SubstanceSlots, CriticalVolumeComesFromTheDensity) {
     builder::Substance s = builder::Plain("A", "1");
-    EXPECT_DOUBLE_EQ(load(s).record.vcritExp, 0.25);
+    EXPECT_DOUBLE_EQ(load(s).record.vcrit_measured, 0.25);
     s.slots[9] = 0;
-    EXPECT_EQ(load(s).record.vcritExp, 0.0);
+    EXPECT_EQ(load(s).record.vcrit_measured, 0.0);
 }
 
 TEST(SubstanceSlots, TheBestVapourPressureSetIsChosen) {
@@ -163,21 +166,21 @@ TEST(SubstanceSlots, TheBestVapourPressureSetIsChosen) {
         builder::Substance s = builder::Propane();
         for (const int slot : {34, 40, 46, 59}) s.slots[slot] = 0;
         for (const int slot : bounds) s.slots[slot] = 150.0F;
-        return load(s).VPCode;
+        return load(s).vapour_pressure;
     };
-    constexpr int FRO = 34, ALP = 40, AHP = 46, WAG = 59;
+    constexpr int frost = 34, antoine_low = 40, antoine_high = 46, wagner = 59;
     EXPECT_EQ(code({}), "000");
-    EXPECT_EQ(code({AHP}), "AHP");
-    EXPECT_EQ(code({ALP}), "ALP");
-    EXPECT_EQ(code({AHP, ALP}), "ALP");
-    EXPECT_EQ(code({FRO, AHP}), "FRO");
-    EXPECT_EQ(code({FRO, AHP, ALP}), "FRO");
-    EXPECT_EQ(code({WAG, FRO, AHP, ALP}), "WAG");
+    EXPECT_EQ(code({antoine_high}), "AHP");
+    EXPECT_EQ(code({antoine_low}), "ALP");
+    EXPECT_EQ(code({antoine_high, antoine_low}), "ALP");
+    EXPECT_EQ(code({frost, antoine_high}), "FRO");
+    EXPECT_EQ(code({frost, antoine_high, antoine_low}), "FRO");
+    EXPECT_EQ(code({wagner, frost, antoine_high, antoine_low}), "WAG");
 }
 
 TEST(SubstanceSlots, AugustConstantsGoThroughBoilingAndCriticalPoint) {
     const SubstanceRecord r = load(builder::Propane()).record;
-    const double A = static_cast<double>(r.AUG.A), B = static_cast<double>(r.AUG.B);
+    const double A = static_cast<double>(r.august.A), B = static_cast<double>(r.august.B);
     EXPECT_NEAR(std::exp(A + B / 369.89), 4251.2, 4251.2 * 1e-5);
     EXPECT_NEAR(std::exp(A + B / 231.036), 101.325, 101.325 * 1e-5);
 }
@@ -191,17 +194,17 @@ TEST(SubstanceSlots, AMissingBoilingPointComesFromTheEquationAndAugustIsOlder) {
     EXPECT_EQ(p.status, kSuccess);
     EXPECT_NEAR(p.p, 101.325, 0.02);
     EXPECT_NEAR(r.Tboil, 231.0, 0.2);
-    EXPECT_EQ(r.AUG.B, 0.0F);
-    EXPECT_FLOAT_EQ(r.AUG.A, static_cast<float>(std::log(4251.2)));
+    EXPECT_EQ(r.august.B, 0.0F);
+    EXPECT_FLOAT_EQ(r.august.A, static_cast<float>(std::log(4251.2)));
 }
 
 TEST(SubstanceSlots, WithoutAnEquationTheBoilingPointStaysMissing) {
     builder::Substance s = builder::Plain("A", "1");
     s.slots[11] = 0;
     const LoadedSubstance loaded = load(s);
-    EXPECT_EQ(loaded.VPCode, "000");
+    EXPECT_EQ(loaded.vapour_pressure, "000");
     EXPECT_EQ(loaded.record.Tboil, 0.0F);
-    EXPECT_EQ(loaded.record.AUG.B, 0.0F);
+    EXPECT_EQ(loaded.record.august.B, 0.0F);
 }
 
 TEST(SubstanceSlots, BoundsAreRoundedToTheNearestKelvinATieToTheEvenOne) {
@@ -211,10 +214,10 @@ TEST(SubstanceSlots, BoundsAreRoundedToTheNearestKelvinATieToTheEvenOne) {
     s.slots[104] = 99.6F;
     s.slots[105] = 40000.0F;
     const SubstanceRecord r = load(s).record;
-    EXPECT_EQ(r.rhoLTLo, 100);
-    EXPECT_EQ(r.rhoLTHi, 102);
-    EXPECT_EQ(r.hLVTLo, 100);
-    EXPECT_EQ(r.hLVTHi, 0);
+    EXPECT_EQ(r.rhoL_T_low, 100);
+    EXPECT_EQ(r.rhoL_T_high, 102);
+    EXPECT_EQ(r.hLV_T_low, 100);
+    EXPECT_EQ(r.hLV_T_high, 0);
 }
 
 TEST(SubstanceSlots, TheThirdSinhConstantIsNeverAZeroDenominator) {
@@ -222,7 +225,7 @@ TEST(SubstanceSlots, TheThirdSinhConstantIsNeverAZeroDenominator) {
         builder::Substance s = builder::Plain("A", "1");
         s.slots[70] = c0;
         s.slots[72] = c2;
-        return load(s).record.cpSinh.c[2];
+        return load(s).record.cp_sinh_cosh.c[2];
     };
     EXPECT_EQ(third(500.0F, 0.0F), 0.1F);
     EXPECT_EQ(third(500.0F, 1e-37F), 0.1F);
@@ -236,8 +239,8 @@ TEST(SubstanceSlots, CpFlagsFollowTheirTwoRules) {
         builder::Substance s = builder::Plain("A", "1");
         for (const auto& [slot, value] : slots) s.slots[slot] = value;
         const SubstanceRecord r = load(s).record;
-        return std::string() + (r.hasCpPoly ? 'P' : '-') + (r.hasCpSinh ? 'I' : '-') +
-               (r.hasCpL ? 'L' : '-') + (r.hasCpS ? 'S' : '-');
+        return std::string() + (r.has_cp_polynomial ? 'P' : '-') +
+               (r.has_cp_sinh_cosh ? 'I' : '-') + (r.has_cpL ? 'L' : '-') + (r.has_cpS ? 'S' : '-');
     };
     EXPECT_EQ(flags({}), "----");
     EXPECT_EQ(flags({{62, 30.0F}, {67, 200.0F}, {68, 1000.0F}}), "P---");
@@ -260,7 +263,7 @@ TEST(SubstanceSlots, TheSecondWatsonPointWinsWithinTwoKelvinOfTheBoilingPoint) {
         s.slots[108] = 19000.0F;
         s.slots[109] = second;
         const SubstanceRecord r = load(s).record;
-        return std::pair(r.WatsonH, r.WatsonT);
+        return std::pair(r.watson_hLV, r.watson_T);
     };
     // The boiling point is 250 K.
     EXPECT_EQ(watson(251.99F), std::pair(19000.0F, 251.99F));
@@ -282,10 +285,10 @@ TEST(SubstanceSlots, TheEntropyOfFormationIsFormedFromBothOrKept) {
 
 TEST(SubstanceSlots, CorrelatedSetsOfAnEarlierSubstanceDoNotStay) {
     const SubstanceRecord r = load(builder::Propane()).record;
-    EXPECT_EQ(r.KFW.a[0], 0.0F);
-    EXPECT_EQ(r.KFR.a[0], 0.0F);
-    EXPECT_EQ(r.THO.A, 0.0F);
-    EXPECT_EQ(r.rhoLboil, 0.0F);
+    EXPECT_EQ(r.frost_van_der_waals.a[0], 0.0F);
+    EXPECT_EQ(r.frost_redlich_kwong.a[0], 0.0F);
+    EXPECT_EQ(r.thompson.A, 0.0F);
+    EXPECT_EQ(r.rhoL_boil, 0.0F);
 }
 
 TEST(SubstanceSlots, ADamagedValueCountsAsAbsent) {
@@ -296,13 +299,13 @@ TEST(SubstanceSlots, ADamagedValueCountsAsAbsent) {
     const SubstanceRecord r = load(s).record;
     EXPECT_EQ(r.rhocrit, 0.0);
     EXPECT_EQ(r.omega, 0.0);
-    EXPECT_EQ(r.cpPoly.TLo, 0);
+    EXPECT_EQ(r.cp_polynomial.T_low, 0);
 }
 
 TEST(SubstanceSlots, APrivateRecordSetsItsSlotsAndKeepsTheOthers) {
     builder::Substance source = numbered();
     source.text5 = "kept";
-    source.nameGerman = "Alles";
+    source.name_german = "Alles";
     SubstanceFileRecord file = file_of(source);
     SubstanceRecord r;
     for (const datafiles::RecordField& field : datafiles::record_fields()) {
@@ -310,9 +313,9 @@ TEST(SubstanceSlots, APrivateRecordSetsItsSlotsAndKeepsTheOthers) {
         for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i)
             ASSERT_TRUE(datafiles::set_field(r, datafiles::name_of({&field, i}), "7"));
     }
-    r.Name = "Everything";
-    r.Formula = "XY";
-    r.CASRN = "9-9-9";
+    r.name = "Everything";
+    r.formula = "XY";
+    r.casrn = "9-9-9";
     datafiles::slots_from_record(r, true, file);
 
     const auto is_set = [](int slot) {
@@ -327,8 +330,8 @@ TEST(SubstanceSlots, APrivateRecordSetsItsSlotsAndKeepsTheOthers) {
         EXPECT_EQ(file.values[static_cast<std::size_t>(slot - 1)],
                   is_set(slot) ? 7.0F : static_cast<float>(slot) + 0.25F)
             << slot;
-    EXPECT_EQ(datafiles::field_text(file.nameEnglish).substr(0, 11), "Everything ");
-    EXPECT_EQ(datafiles::field_text(file.nameGerman).substr(0, 6), "Alles ");
+    EXPECT_EQ(datafiles::field_text(file.name_english).substr(0, 11), "Everything ");
+    EXPECT_EQ(datafiles::field_text(file.name_german).substr(0, 6), "Alles ");
     EXPECT_EQ(datafiles::field_text(file.formula), "XY          ");
     EXPECT_EQ(datafiles::field_text(file.casrn), "9-9-9       ");
     EXPECT_EQ(std::string(file.text5.begin(), file.text5.begin() + 5), "kept ");

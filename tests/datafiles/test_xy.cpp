@@ -10,7 +10,7 @@ namespace {
 
 using datafiles::FitPoint;
 using datafiles::read_xy_text;
-using datafiles::XYManipulation;
+using datafiles::XyManipulation;
 
 void expect_point(const FitPoint& p, float x, float y) {
     EXPECT_EQ(p.x, x);
@@ -87,27 +87,27 @@ TEST(XYText, PointsSurviveARoundTripWithEveryDelimiter) {
 }
 
 TEST(XYPoints, ManipulationsChangeActiveAndInactivePoints) {
-    const auto after = [](XYManipulation what, double W = 0) {
+    const auto after = [](XyManipulation what, double W = 0) {
         std::vector<FitPoint> points{{0.25F, 2.0F, 0}, {0.5F, 4.0F, -1}};
         points = datafiles::manipulated_xy(points, what, W).value();
         EXPECT_EQ(points[1].mark, -1.0F);
         return points;
     };
-    EXPECT_EQ(after(XYManipulation::OneMinusX)[0].x, 0.75F);
-    EXPECT_EQ(after(XYManipulation::OneMinusX)[1].x, 0.5F);
-    EXPECT_EQ(after(XYManipulation::InverseY)[1].y, 0.25F);
-    EXPECT_EQ(after(XYManipulation::AddToY, -1.5)[0].y, 0.5F);
-    EXPECT_EQ(after(XYManipulation::MultiplyY, 10)[1].y, 40.0F);
-    EXPECT_FLOAT_EQ(after(XYManipulation::LogarithmY)[0].y, static_cast<float>(std::log(2.0)));
-    EXPECT_FLOAT_EQ(after(XYManipulation::ExponentialY)[1].y, static_cast<float>(std::exp(4.0)));
-    EXPECT_EQ(after(XYManipulation::ExponentialY)[1].x, 0.5F);
+    EXPECT_EQ(after(XyManipulation::OneMinusX)[0].x, 0.75F);
+    EXPECT_EQ(after(XyManipulation::OneMinusX)[1].x, 0.5F);
+    EXPECT_EQ(after(XyManipulation::InverseY)[1].y, 0.25F);
+    EXPECT_EQ(after(XyManipulation::AddToY, -1.5)[0].y, 0.5F);
+    EXPECT_EQ(after(XyManipulation::MultiplyY, 10)[1].y, 40.0F);
+    EXPECT_FLOAT_EQ(after(XyManipulation::LogarithmY)[0].y, static_cast<float>(std::log(2.0)));
+    EXPECT_FLOAT_EQ(after(XyManipulation::ExponentialY)[1].y, static_cast<float>(std::exp(4.0)));
+    EXPECT_EQ(after(XyManipulation::ExponentialY)[1].x, 0.5F);
 }
 
 TEST(XYPoints, AValueThatDoesNotExistLeavesTheWholeList) {
     for (const auto& [what, y] :
-         {std::pair{XYManipulation::LogarithmY, 0.0F}, std::pair{XYManipulation::LogarithmY, -1.0F},
-          std::pair{XYManipulation::InverseY, 0.0F},
-          std::pair{XYManipulation::ExponentialY, 1000.0F}}) {
+         {std::pair{XyManipulation::LogarithmY, 0.0F}, std::pair{XyManipulation::LogarithmY, -1.0F},
+          std::pair{XyManipulation::InverseY, 0.0F},
+          std::pair{XyManipulation::ExponentialY, 1000.0F}}) {
         const std::vector<FitPoint> points{{1, 2, 0}, {3, y, 0}};
         const auto refused = datafiles::manipulated_xy(points, what, 0);
         ASSERT_FALSE(refused);
@@ -116,7 +116,7 @@ TEST(XYPoints, AValueThatDoesNotExistLeavesTheWholeList) {
         EXPECT_EQ(points[1].y, y);
     }
     std::vector<FitPoint> points{{1, 1e38F, 0}};
-    EXPECT_EQ(datafiles::manipulated_xy(points, XYManipulation::MultiplyY, 10).reason(),
+    EXPECT_EQ(datafiles::manipulated_xy(points, XyManipulation::MultiplyY, 10).reason(),
               "Line 1 (x = 1, y = 1E+38) has no such value; nothing was changed.");
 }
 
@@ -141,9 +141,9 @@ TEST(XYPoints, LinesAreInsertedRemovedAndToggled) {
     datafiles::insert_xy(points, 99, std::vector<FitPoint>{{11, 0, 0}});
     EXPECT_EQ(points[4].x, 11.0F);
     datafiles::toggle_xy(points, 5, 9);
-    EXPECT_FALSE(datafiles::IsActive(points[4]));
+    EXPECT_FALSE(datafiles::is_active(points[4]));
     datafiles::toggle_xy(points, 5, 5);
-    EXPECT_TRUE(datafiles::IsActive(points[4]));
+    EXPECT_TRUE(datafiles::is_active(points[4]));
     datafiles::remove_xy(points, 1, 3);
     ASSERT_EQ(points.size(), 2U);
     EXPECT_EQ(points[0].x, 3.0F);
@@ -166,26 +166,26 @@ TEST(XYPoints, ClipboardTablesGoInAndOut) {
 }
 
 TEST(XYPoints, TheRangeIsThatOfTheActivePoints) {
-    const datafiles::XYRange range =
+    const datafiles::XyRange range =
         datafiles::range_of_active(std::vector<FitPoint>{{1, 5, 0}, {-3, 7, 0}, {99, 99, -1}});
-    EXPECT_EQ(range.xMin, -3.0F);
-    EXPECT_EQ(range.xMax, 1.0F);
-    EXPECT_EQ(range.yMin, 5.0F);
-    EXPECT_EQ(range.yMax, 7.0F);
-    const datafiles::XYRange none = datafiles::range_of_active({});
-    EXPECT_EQ(none.xMax, -1e37F);
-    EXPECT_EQ(none.yMin, 1e37F);
+    EXPECT_EQ(range.x_min, -3.0F);
+    EXPECT_EQ(range.x_max, 1.0F);
+    EXPECT_EQ(range.y_min, 5.0F);
+    EXPECT_EQ(range.y_max, 7.0F);
+    const datafiles::XyRange none = datafiles::range_of_active({});
+    EXPECT_EQ(none.x_max, -1e37F);
+    EXPECT_EQ(none.y_min, 1e37F);
 }
 
 TEST(XYPoints, AGraphHasTheActivePointsAndItsTexts) {
-    const datafiles::XYGraph graph =
+    const datafiles::XyGraph graph =
         datafiles::make_xy_graph(std::vector<FitPoint>{{1, 5, 0}, {9, 9, -1}, {2, 7, 0}}, false);
     EXPECT_EQ(graph.points.size(), 2U);
     EXPECT_EQ(graph.title, "Experimental points y(T)");
-    EXPECT_EQ(graph.xTitle, "T / K");
-    EXPECT_EQ(graph.yTitle, "y");
-    EXPECT_EQ(graph.range.xMax, 2.0F);
-    EXPECT_FALSE(graph.asPoints);
+    EXPECT_EQ(graph.x_title, "T / K");
+    EXPECT_EQ(graph.y_title, "y");
+    EXPECT_EQ(graph.range.x_max, 2.0F);
+    EXPECT_FALSE(graph.as_points);
 }
 
 TEST(XYPoints, ADrawingNeedsEnoughActivePoints) {

@@ -15,15 +15,15 @@ void ActiveFluid::activate(const std::string& name, int code) {
 
     models::ModelSelection& m = selection;
     m = {};
-    m.EOSModel = codes::eos(code);
-    m.EOSOnlyV = models::is_v_only(m.EOSModel);
-    m.PriorityCEOS = !m.EOSOnlyV;
-    m.VPModel = codes::vp("WAG");
-    m.CpModel = codes::cp(s.hasCpPoly ? 1 : s.hasCpSinh ? 2 : 0);
-    m.HLVModel = codes::hlv(2);
+    m.eos = codes::eos(code);
+    m.vapour_only = models::is_v_only(m.eos);
+    m.eos_has_priority = !m.vapour_only;
+    m.vapour_pressure = codes::vp("WAG");
+    m.cp_form = codes::cp(s.has_cp_polynomial ? 1 : s.has_cp_sinh_cosh ? 2 : 0);
+    m.vaporisation = codes::hlv(2);
     const models::EosConstants constants = models::eos_constants(s, m);
     eosConstants = constants.power;
-    jt = constants.jiTorvik;
+    jt = constants.ji_torvik;
     reference.T0 = 298.15F;
     limits = diagrams::coordinate_defaults(basis());
 }
@@ -39,7 +39,7 @@ models::StateValues ActiveFluid::functions(double T, double p, double v) const {
 }
 
 double ActiveFluid::pressure(double T, double v) const {
-    models::EOSState state = models::eos_at(fluid(), T);
+    models::EosState state = models::eos_at(fluid(), T);
     return models::pressure_from_Tv(fluid(), T, v, state).p;
 }
 
@@ -68,10 +68,10 @@ Drawn ActiveFluid::Draw(const diagrams::DiagramRequest& request,
                                     .window = request.window,
                                     .at = at,
                                     .branch = branch,
-                                    .vapourFraction = vapourFraction,
+                                    .vapour_fraction = vapour_fraction,
                                     .options = options,
                                     .line = process,
-                                    .pMin = limits.pMin,
-                                    .pMax = limits.pMax}));
+                                    .p_min = limits.p_min,
+                                    .p_max = limits.p_max}));
     return drawn;
 }

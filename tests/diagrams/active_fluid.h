@@ -67,7 +67,7 @@ class ActiveFluid : public SessionTest {
 
     models::SubstanceRecord substance;
     models::ModelSelection selection;
-    models::EOSParameters eosConstants;
+    models::EosParameters eosConstants;
     models::JiTorvikParameters jt;
     models::ReferenceState reference;
     models::UnitChoice units;
@@ -75,5 +75,5 @@ class ActiveFluid : public SessionTest {
     diagrams::CoordinateDefaults limits;
     diagrams::ProcessLine process;  ///< or range of two functions
     diagrams::Branch branch = diagrams::Branch::stable;
-    double vapourFraction = 1;  ///< of the vapour
+    double vapour_fraction = 1;  ///< of the vapour
 };

@@ -23,17 +23,17 @@ struct Drawn {
     diagrams::CurvePoints all;
     Outcome result;
     diagrams::Parameter parameter = diagrams::Parameter::none;
-    std::optional<diagrams::TieLine> tieLine;
+    std::optional<diagrams::TieLine> tie_line;
     std::optional<diagrams::ProcessState> last_state;
-    std::optional<double> TOfMaximum;
+    std::optional<double> T_of_maximum;
 
     void take(diagrams::Curve curve) {
         all = std::move(curve.points);
         result = {static_cast<int>(curve.status), curve.message};
         parameter = curve.parameter;
-        tieLine = curve.tieLine;
+        tie_line = curve.tie_line;
         last_state = curve.last;
-        TOfMaximum = curve.TOfMaximum;
+        T_of_maximum = curve.T_of_maximum;
     }
 
     std::span<const diagrams::CurvePoint> points() const& { return all; }

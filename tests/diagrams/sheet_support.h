@@ -26,7 +26,7 @@ class Sheet : public ActiveFluid {
         return curve;
     }
     int store(diagrams::NewCurve curve) {
-        return diagrams::store_curve(sheet, std::move(curve), sheet.request.window.xMax);
+        return diagrams::store_curve(sheet, std::move(curve), sheet.request.window.x_max);
     }
 
     const chart::Series& curve(int place) const {

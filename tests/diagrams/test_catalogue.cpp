@@ -115,7 +115,7 @@ TEST_F(Catalogue, MolarTitlesAxesAndSubtitlesStandAsWorded) {
         EXPECT_EQ(r.title, e.title) << e.code;
         EXPECT_EQ(r.x, e.x) << e.code;
         EXPECT_EQ(r.y, e.y) << e.code;
-        EXPECT_EQ(r.subTitle, std::string("Propane,  CEOS Peng / Robinson") + e.suffix) << e.code;
+        EXPECT_EQ(r.sub_title, std::string("Propane,  CEOS Peng / Robinson") + e.suffix) << e.code;
     }
 }
 
@@ -212,46 +212,46 @@ TEST_F(Catalogue, ReducedModeReplacesTheToldAxisTexts) {
 
 TEST_F(Catalogue, VapourPressureDiagramsNameTheirSource) {
     activate("Propane");
-    EXPECT_EQ(texts(9).subTitle, "Propane,  CEOS Peng / Robinson");
-    EXPECT_EQ(texts(11).subTitle, "Propane,  Wagner");
+    EXPECT_EQ(texts(9).sub_title, "Propane,  CEOS Peng / Robinson");
+    EXPECT_EQ(texts(11).sub_title, "Propane,  Wagner");
     EXPECT_EQ(texts(13).title, "molar Heat of vaporization delta(LV)h = F(T)");
-    EXPECT_EQ(texts(13).subTitle, "Propane,  Chen-correlation");
+    EXPECT_EQ(texts(13).sub_title, "Propane,  Chen-correlation");
 
-    selection.PriorityCEOS = false;
-    EXPECT_EQ(texts(9).subTitle, "Propane,  vapour press. equ. Wagner");
+    selection.eos_has_priority = false;
+    EXPECT_EQ(texts(9).sub_title, "Propane,  vapour press. equ. Wagner");
     EXPECT_EQ(texts(10).title, "Vapour pressure equation Wagner");
-    EXPECT_EQ(texts(10).subTitle, "Propane,  Wagner");
+    EXPECT_EQ(texts(10).sub_title, "Propane,  Wagner");
 }
 
 TEST_F(Catalogue, DatabaseFunctionsTellTheirValidity) {
     activate("Propane");
     const auto with_window = [this](int code) { return texts(code, {86, 369}); };
     EXPECT_EQ(with_window(300).title, "L-density from data-bank function");
-    EXPECT_EQ(with_window(300).subTitle,
+    EXPECT_EQ(with_window(300).sub_title,
               "Propane,  L-density, data-bank function, validity T = 86 ...369 K");
     EXPECT_EQ(with_window(301).title, "molar volume from database function rho(L) = F(T)");
-    EXPECT_EQ(with_window(301).subTitle,
+    EXPECT_EQ(with_window(301).sub_title,
               "Propane,  volume from database function, validity T =86 ...369 K");
-    EXPECT_EQ(with_window(302).subTitle,
+    EXPECT_EQ(with_window(302).sub_title,
               "Propane, ideal gas heat capacity (database functionPolynom), validity T = 86 ...369 "
               "K");
-    EXPECT_EQ(with_window(303).subTitle,
+    EXPECT_EQ(with_window(303).sub_title,
               "Propane, liquid heat capacity cp(L) (database function), validity T = 86 ...369 K");
-    EXPECT_EQ(with_window(304).subTitle,
+    EXPECT_EQ(with_window(304).sub_title,
               "Propane, solid gas heat capacity cp(S) (database function), validity T = 86 ...369 "
               "K");
-    EXPECT_EQ(with_window(305).subTitle,
+    EXPECT_EQ(with_window(305).sub_title,
               "Propane, enthalpy of vaporization (database function), validity T = 86 ...369 K");
-    EXPECT_EQ(with_window(310).subTitle,
+    EXPECT_EQ(with_window(310).sub_title,
               "Propane, S density, database function, validity T = 86 ...369 K");
     EXPECT_EQ(with_window(307).title, "saturation pressure pLV = Fu(T), Datenbankfunktion Wagner");
     EXPECT_EQ(with_window(306).title,
               "saturation pressure pLV = Fu(T), Datenbankfunktion FROST/KALKWARF");
-    EXPECT_EQ(with_window(309).subTitle,
+    EXPECT_EQ(with_window(309).sub_title,
               "Propane, saturation pressure (database function), validity T = 86 ...369 K");
 
-    selection.CpModel = codes::cp(2);
-    EXPECT_EQ(with_window(302).subTitle,
+    selection.cp_form = codes::cp(2);
+    EXPECT_EQ(with_window(302).sub_title,
               "Propane, ideal gas heat capacity (database functionsinh/cosh function), validity T "
               "= 86 ...369 K");
     EXPECT_EQ(with_window(302).title,
@@ -273,14 +273,14 @@ TEST_F(Catalogue, EveryMenuRowHasItsDiagram) {
         const diagrams::Diagram* found = diagrams::find_diagram(row.code);
         ASSERT_NE(found, nullptr) << row.caption;
         EXPECT_TRUE(found->opens()) << row.caption;
-        EXPECT_EQ(found->section == diagrams::Section::database, found->xLimits.low == nullptr);
+        EXPECT_EQ(found->section == diagrams::Section::database, found->x_limits.low == nullptr);
     }
     EXPECT_EQ(rows, 6 + 11 + 5 + 5 + 4 + 4 + 6 + 14 + 7 + 4);
 }
 
 TEST_F(Catalogue, ResidualMenuLeadsCrosswise) {
     activate("Propane");
-    const menu::Row* entropy = menu::Find("mnuGraf_sub_res_FuT_1");
+    const menu::Row* entropy = menu::find("mnuGraf_sub_res_FuT_1");
     ASSERT_NE(entropy, nullptr);
     EXPECT_TRUE(entropy->caption.starts_with("Resid. Entropy"));
     EXPECT_EQ(texts(entropy->code).title, "molar Residual Enthalpy   (h - h_idG), isobaric");
@@ -312,7 +312,7 @@ TEST_F(Catalogue, HeatCapacityNeedsAnIdealGasForm) {
     activate("Propane");
     const diagrams::Diagram& heatCapacity = diagrams::diagram_of(19);
     EXPECT_TRUE(diagrams::opening_answer(heatCapacity, fluid()).opens);
-    selection.CpModel = codes::cp(0);
+    selection.cp_form = codes::cp(0);
     EXPECT_FALSE(diagrams::opening_answer(heatCapacity, fluid()).opens);
     EXPECT_EQ(diagrams::opening_answer(heatCapacity, fluid()).text,
               "No cp(idGas) parameters available");

@@ -24,10 +24,10 @@ class Coexistence : public ActiveFluid {
     Equilibrium sat_T(double T) { return diagrams::equilibrium_at_T(fluid(), T); }
     Equilibrium sat_p(double p) { return diagrams::equilibrium_at_p(fluid(), p); }
     Drawn dome(int code, double fraction) {
-        vapourFraction = fraction;
+        vapour_fraction = fraction;
         return Draw(code, {.T = 300, .p = 500});
     }
-    double mixed(double L, double V) { return (V - L) * vapourFraction + L; }
+    double mixed(double L, double V) { return (V - L) * vapour_fraction + L; }
 };
 
 constexpr std::int16_t kCubics[] = {2, 3, 4, 5, 6};
@@ -45,7 +45,7 @@ TEST_F(Coexistence, TheDomeInPAndVStartsAtTheCriticalPointAndFallsMonotonously) 
                 const Drawn curve = dome(6, fraction);
                 EXPECT_EQ(curve.result.status, 0);
                 EXPECT_EQ(curve.mark(), -1);
-                EXPECT_EQ(curve.first().x, static_cast<float>(eosConstants.vcritCalc));
+                EXPECT_EQ(curve.first().x, static_cast<float>(eosConstants.vcrit_calculated));
                 EXPECT_EQ(curve.first().y, static_cast<float>(substance.pcrit));
                 EXPECT_EQ(curve.first().z, static_cast<float>(substance.Tcrit));
                 for (std::size_t i = 2; i <= curve.count(); ++i) {
@@ -69,8 +69,8 @@ TEST_F(Coexistence, NeighbouringPointsOfTheDomeAreWithinanOfTheWindow) {
         activate(name, kPengRobinson);
         for (const double fraction : {0.0, 1.0}) {
             const Drawn curve = dome(6, fraction);
-            const double widest = curve.request.window.xMax / 800.0,
-                         highest = curve.request.window.yMax / 800.0;
+            const double widest = curve.request.window.x_max / 800.0,
+                         highest = curve.request.window.y_max / 800.0;
             for (std::size_t i = 2; i <= curve.count(); ++i) {
                 EXPECT_LE(std::fabs(curve.nth(i).x - curve.nth(i - 1).x), 1.001 * widest);
                 EXPECT_LE(std::fabs(curve.nth(i).y - curve.nth(i - 1).y), 1.001 * highest);
@@ -85,7 +85,8 @@ TEST_F(Coexistence, TheDomeHasNoKinks) {
             activate(name, code);
             for (const double fraction : {0.0, 1.0}) {
                 const Drawn curve = dome(6, fraction);
-                const double width = curve.request.window.xMax, height = curve.request.window.yMax;
+                const double width = curve.request.window.x_max,
+                             height = curve.request.window.y_max;
                 // How far a point lies from the straight line between its neighbours, in the
                 // proportions of the window: the bend of one pixel is a thousandth or two.
                 for (std::size_t i = 2; i + 1 <= curve.count(); ++i) {
@@ -106,8 +107,8 @@ TEST_F(Coexistence, TheDomeReachesTheTriplePointOrTheEdgeOfTheWindow) {
         activate(name, kPengRobinson);
         EXPECT_EQ(dome(6, 0).last().z, substance.Ttriple) << "the boiling line";
         const Drawn dew = dome(6, 1);
-        EXPECT_GT(dew.last().x, dew.request.window.xMax);
-        EXPECT_LT(dew.last().x, 1.01F * dew.request.window.xMax);
+        EXPECT_GT(dew.last().x, dew.request.window.x_max);
+        EXPECT_LT(dew.last().x, 1.01F * dew.request.window.x_max);
     }
 }
 
@@ -134,13 +135,13 @@ TEST_F(Coexistence, EveryPointOfTheDomeIsAnEquilibrium) {
 TEST_F(Coexistence, AZoomIntoTheCriticalPointShowsARoundTop) {
     activate("Carbon dioxide");
     diagrams::DiagramRequest request = RequestFor(6);
-    const double vc = eosConstants.vcritCalc, pc = substance.pcrit;
-    request.window.xMin = static_cast<float>(0.98 * vc);
-    request.window.xMax = static_cast<float>(1.02 * vc);
-    request.window.yMin = static_cast<float>(0.999 * pc);
-    request.window.yMax = static_cast<float>(1.0001 * pc);
+    const double vc = eosConstants.vcrit_calculated, pc = substance.pcrit;
+    request.window.x_min = static_cast<float>(0.98 * vc);
+    request.window.x_max = static_cast<float>(1.02 * vc);
+    request.window.y_min = static_cast<float>(0.999 * pc);
+    request.window.y_max = static_cast<float>(1.0001 * pc);
     for (const double fraction : {0.0, 1.0}) {
-        vapourFraction = fraction;
+        vapour_fraction = fraction;
         const Drawn curve = Draw(request, {});
         EXPECT_EQ(curve.first().y, static_cast<float>(pc));
         // pc - p goes with the square of the distance from vc.
@@ -156,8 +157,8 @@ TEST_F(Coexistence, AZoomIntoTheCriticalPointShowsARoundTop) {
 TEST_F(Coexistence, AWindowBelowTheCriticalPressureStartsAtItsUpperEdge) {
     activate("Propane");
     diagrams::DiagramRequest request = RequestFor(6);
-    request.window.yMax = 2000;
-    vapourFraction = 1;
+    request.window.y_max = 2000;
+    vapour_fraction = 1;
     const Drawn curve = Draw(request, {});
     EXPECT_FLOAT_EQ(curve.first().y, 2000.0F);
     EXPECT_FLOAT_EQ(curve.first().z, static_cast<float>(sat_p(2000).T));
@@ -166,8 +167,8 @@ TEST_F(Coexistence, AWindowBelowTheCriticalPressureStartsAtItsUpperEdge) {
 TEST_F(Coexistence, AWindowAboveTheCriticalPressureIsEmpty) {
     activate("Propane");
     diagrams::DiagramRequest request = RequestFor(6);
-    request.window.yMin = static_cast<float>(1.1 * substance.pcrit);
-    request.window.yMax = static_cast<float>(1.3 * substance.pcrit);
+    request.window.y_min = static_cast<float>(1.1 * substance.pcrit);
+    request.window.y_max = static_cast<float>(1.3 * substance.pcrit);
     const Drawn curve = Draw(request, {});
     EXPECT_EQ(curve.count(), 0U);
     EXPECT_EQ(curve.result.status, 10);
@@ -176,18 +177,18 @@ TEST_F(Coexistence, AWindowAboveTheCriticalPressureIsEmpty) {
 TEST_F(Coexistence, AWindowRightOfTheCriticalVolumeShowsTheDewLineAcrossIt) {
     activate("Propane");
     diagrams::DiagramRequest request = RequestFor(6);
-    request.window.xMin = static_cast<float>(3 * eosConstants.vcritCalc);
-    vapourFraction = 1;
+    request.window.x_min = static_cast<float>(3 * eosConstants.vcrit_calculated);
+    vapour_fraction = 1;
     const Drawn curve = Draw(request, {});
     EXPECT_EQ(curve.result.status, 0);
-    EXPECT_LE(curve.first().x, request.window.xMin) << "the line enters through the left edge";
-    EXPECT_GT(curve.nth(2).x, request.window.xMin);
-    EXPECT_GT(curve.last().x, request.window.xMax) << "and leaves through the right one";
+    EXPECT_LE(curve.first().x, request.window.x_min) << "the line enters through the left edge";
+    EXPECT_GT(curve.nth(2).x, request.window.x_min);
+    EXPECT_GT(curve.last().x, request.window.x_max) << "and leaves through the right one";
 }
 
 TEST_F(Coexistence, WithoutTheRealRangeTheBoilingLineGoesOnWithStatusTwo) {
     activate("Propane");
-    options.realRangeOnly = false;
+    options.real_range_only = false;
     substance.Ttriple = 200;
     const Drawn curve = dome(6, 0);
     EXPECT_EQ(curve.result.status, 2);
@@ -203,7 +204,7 @@ TEST_F(Coexistence, DomesOverPressureEndAtTheCriticalPointAndLieOnTheEquilibrium
             for (const double fraction : kFractions) {
                 const Drawn curve = dome(code, fraction);
                 EXPECT_EQ(curve.mark(), -1);
-                const double vc = eosConstants.vcritCalc;
+                const double vc = eosConstants.vcrit_calculated;
                 EXPECT_EQ(curve.last().x, static_cast<float>(substance.pcrit));
                 EXPECT_FLOAT_EQ(curve.last().y,
                                 static_cast<float>(code == 27 ? M() / vc : substance.pcrit * vc));
@@ -227,10 +228,10 @@ TEST_F(Coexistence, DomesOverTemperatureStartAtTheCriticalPointAndLieOnTheEquili
             for (const double fraction : kFractions) {
                 const Drawn curve = dome(code, fraction);
                 EXPECT_EQ(curve.mark(), -2);
-                const double vc = eosConstants.vcritCalc;
+                const double vc = eosConstants.vcrit_calculated;
                 EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(code == 7 ? vc : M() / vc));
                 EXPECT_EQ(curve.first().y, static_cast<float>(substance.Tcrit));
-                const double step = (curve.request.window.yMax - curve.request.window.yMin) /
+                const double step = (curve.request.window.y_max - curve.request.window.y_min) /
                                     300.0 * (fraction < 0.5 ? 0.5 : 2.0);
                 EXPECT_NEAR(curve.first().y - curve.nth(2).y, step, 1e-3);
                 EXPECT_LT(curve.last().y - substance.Ttriple, step);
@@ -254,7 +255,7 @@ TEST_F(Coexistence, TheDomeOverTemperatureHasBothDensitiesInOneCurve) {
                                [](const CurvePoint& a, const CurvePoint& b) { return a.y < b.y; }));
     const CurvePoint& top = curve.nth(curve.count() / 2 + 1);
     EXPECT_EQ(top.x, static_cast<float>(substance.Tcrit));
-    EXPECT_FLOAT_EQ(top.y, static_cast<float>(M() / eosConstants.vcritCalc));
+    EXPECT_FLOAT_EQ(top.y, static_cast<float>(M() / eosConstants.vcrit_calculated));
     for (std::size_t i = 1; i <= curve.count() / 2; ++i) {
         const CurvePoint& gas = curve.nth(i);
         const CurvePoint& liquid = curve.nth(curve.count() + 1 - i);
@@ -271,7 +272,7 @@ TEST_F(Coexistence, TheRectilinearDiameterIsTheMeanOfTheDensitiesWhereTheVapourI
     EXPECT_EQ(curve.mark(), -2);
     EXPECT_GT(curve.count(), 10U);
     EXPECT_EQ(curve.first().x, static_cast<float>(substance.Tcrit));
-    const double step = 3 * (curve.request.window.xMax - curve.request.window.xMin) / 300.0;
+    const double step = 3 * (curve.request.window.x_max - curve.request.window.x_min) / 300.0;
     for (std::size_t i = 2; i <= curve.count(); ++i) {
         const Equilibrium e = sat_T(curve.nth(i).x);
         EXPECT_NEAR(curve.nth(i).y / (0.5 * (M() / e.vL + M() / e.vV)), 1, 1e-5);
@@ -284,7 +285,7 @@ TEST_F(Coexistence, TheRectilinearDiameterIsTheMeanOfTheDensitiesWhereTheVapourI
 
 TEST_F(Coexistence, TheDensityDomeNeedsACriticalVolume) {
     activate("Propane");
-    eosConstants.vcritCalc = 0;
+    eosConstants.vcrit_calculated = 0;
     for (const int code : {8, 80}) {
         const Drawn curve = Draw(code, {});
         EXPECT_EQ(curve.result.status, 3);
@@ -303,7 +304,7 @@ TEST_F(Coexistence, VapourPressureComesFromTheEOSOrFromTheEquation) {
         EXPECT_LT(eos.nth(i).x, eos.nth(i + 1).x);
         EXPECT_NEAR(eos.nth(i).y / sat_T(eos.nth(i).x).p, 1, 1e-5);
     }
-    selection.PriorityCEOS = false;
+    selection.eos_has_priority = false;
     const Drawn equation = Draw(9, {});
     for (const CurvePoint& point : equation.points())
         EXPECT_NEAR(point.y / models::vapour_pressure(substance, point.x, codes::vp("WAG")).p, 1,
@@ -313,7 +314,7 @@ TEST_F(Coexistence, VapourPressureComesFromTheEOSOrFromTheEquation) {
 TEST_F(Coexistence, LnPOverInverseTIsNearlyStraight) {
     activate("Propane");
     for (const bool byEOS : {true, false}) {
-        selection.PriorityCEOS = byEOS;
+        selection.eos_has_priority = byEOS;
         const Drawn curve = Draw(10, {});
         EXPECT_EQ(curve.mark(), 0);
         for (const CurvePoint& point : curve.points()) {
@@ -326,7 +327,7 @@ TEST_F(Coexistence, LnPOverInverseTIsNearlyStraight) {
             EXPECT_GT(std::exp(static_cast<double>(point.y)), 0.0099);
         }
     }
-    selection.PriorityCEOS = true;
+    selection.eos_has_priority = true;
     set_units(0, 2);
     EXPECT_NEAR(Draw(10, {}).first().y, 0, 1e-6) << "ln p(red) is 0 at the critical point";
     EXPECT_NEAR(Draw(10, {}).first().x, 1, 1e-6);
@@ -348,18 +349,18 @@ TEST_F(Coexistence, TheSlopeOfTheVapourPressureIsItsDerivative) {
         if (point.y > largest) at = point.x;
         largest = std::max(largest, point.y);
     }
-    ASSERT_TRUE(curve.TOfMaximum.has_value());
-    EXPECT_NEAR(*curve.TOfMaximum, 1 / static_cast<double>(at), 0.05);
-    selection.VPModel = codes::vp("AUG");
-    EXPECT_FALSE(Draw(11, {}).TOfMaximum.has_value()) << "told of four equations only";
+    ASSERT_TRUE(curve.T_of_maximum.has_value());
+    EXPECT_NEAR(*curve.T_of_maximum, 1 / static_cast<double>(at), 0.05);
+    selection.vapour_pressure = codes::vp("AUG");
+    EXPECT_FALSE(Draw(11, {}).T_of_maximum.has_value()) << "told of four equations only";
 }
 
 TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
     activate("Propane");
-    substance.rhoLTLo = 86;
+    substance.rhoL_T_low = 86;
     for (int model = 1; model <= 7; ++model) {
-        selection.HLVModel = codes::hlv(model);
-        selection.WatsonN = 0.38F;
+        selection.vaporisation = codes::hlv(model);
+        selection.watson_n = 0.38F;
         const Drawn curve = Draw(13, {});
         if (model == 6) continue;  // needs a reference point of Benson's method
         EXPECT_EQ(curve.result.status, 0) << model;
@@ -368,7 +369,8 @@ TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
         for (const CurvePoint& point : curve.points()) {
             EXPECT_LE(point.x, static_cast<float>(substance.Tcrit));
             const auto r = models::enthalpy_of_vaporisation(
-                fluid(), {.model = codes::hlv(model), .vpCode = codes::vp("WAG"), .reference = {}},
+                fluid(),
+                {.model = codes::hlv(model), .equation = codes::vp("WAG"), .reference = {}},
                 point.x, 0);
             EXPECT_NEAR(point.y, r.h, 2e-5 * r.h + 20) << model << " " << point.x;
             EXPECT_EQ(point.z > 0, givesPressure);
@@ -427,7 +429,7 @@ TEST_F(Coexistence, FunctionsOverVolumeRunThroughTheCriticalPoint) {
             const Drawn curve = dome(static_cast<std::int16_t>(code), fraction);
             EXPECT_EQ(curve.mark(), -1);
             const auto critical = [&](const CurvePoint& point) {
-                return point.x == static_cast<float>(eosConstants.vcritCalc) &&
+                return point.x == static_cast<float>(eosConstants.vcrit_calculated) &&
                        point.z == static_cast<float>(substance.Tcrit);
             };
             EXPECT_TRUE(critical(curve.first()) || critical(curve.last())) << code;
@@ -438,8 +440,8 @@ TEST_F(Coexistence, FunctionsOverVolumeRunThroughTheCriticalPoint) {
                 const double V = functions(e.T, e.p, e.vV).*function;
                 EXPECT_NEAR(point.y, mixed(L, V), 1e-4 * std::fabs(mixed(L, V)) + 0.05) << code;
                 EXPECT_NEAR(point.x / mixed(e.vL, e.vV), 1, 1e-3);
-                EXPECT_LE(e.vV, 50.01 * curve.request.window.xMax);
-                EXPECT_GT(e.vL, 1.08 * e.state.eosB);
+                EXPECT_LE(e.vV, 50.01 * curve.request.window.x_max);
+                EXPECT_GT(e.vL, 1.08 * e.state.b);
             }
         }
     }
@@ -480,9 +482,9 @@ TEST_F(Coexistence, AtFractionZeroAndOneTheIsohygricIsTheBoilingAndTheDewLine) {
     activate("Propane");
     const Drawn boiling = dome(7, 0), dew = dome(7, 1);
     for (const CurvePoint& point : boiling.points())
-        EXPECT_LE(point.x, static_cast<float>(eosConstants.vcritCalc));
+        EXPECT_LE(point.x, static_cast<float>(eosConstants.vcrit_calculated));
     for (const CurvePoint& point : dew.points())
-        EXPECT_GE(point.x, static_cast<float>(eosConstants.vcritCalc));
+        EXPECT_GE(point.x, static_cast<float>(eosConstants.vcrit_calculated));
 }
 
 TEST_F(Coexistence, AVapourEquationHasNone) {
@@ -513,8 +515,8 @@ TEST_F(Coexistence, TieLinesAreStraightAndHaveFiftyOnePoints) {
         EXPECT_NEAR(curve.nth(i).x, e.vL + (static_cast<double>(i) - 1) * (e.vV - e.vL) / 50,
                     1e-6 * e.vV);
     }
-    EXPECT_TRUE(curve.tieLine.has_value()) << "both ends are kept";
-    EXPECT_EQ(curve.tieLine->V.x, curve.last().x);
+    EXPECT_TRUE(curve.tie_line.has_value()) << "both ends are kept";
+    EXPECT_EQ(curve.tie_line->V.x, curve.last().x);
 }
 
 TEST_F(Coexistence, TieLinesOfEveryDiagramJoinBothPhases) {

@@ -19,14 +19,14 @@ TEST_F(DatabaseCurves, DensityOfTheLiquidIsItsPolynomial) {
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_EQ(curve.mark(), 0);
     EXPECT_EQ(curve.request.section(), diagrams::Section::database);
-    EXPECT_EQ(curve.request.diagram->axisPair, "yT");
+    EXPECT_EQ(curve.request.diagram->axis_pair, "yT");
     EXPECT_EQ(curve.request.validity.low, 86);
     EXPECT_EQ(curve.request.validity.high, 369);
-    const auto& a = substance.rhoLPar;
+    const auto& a = substance.rhoL_coefficients;
     for (const auto& point : curve.points()) {
         const double T = point.x;
         double rho = c(a, 0) + c(a, 1) * T + c(a, 2) * T * T + c(a, 3) * T * T * T;
-        const double Tc = static_cast<double>(substance.rhoLTc);
+        const double Tc = static_cast<double>(substance.rhoL_Tc);
         if (T < Tc) rho += c(a, 6) * std::cbrt(1 - T / Tc);
         EXPECT_NEAR(point.y / rho, 1, 1e-4) << T;
     }
@@ -37,9 +37,9 @@ TEST_F(DatabaseCurves, DensityOfTheLiquidIsItsPolynomial) {
 
 TEST_F(DatabaseCurves, RackettsFormIsSpencersAndDanners) {
     activate("Styrene", kVanDerWaals);
-    const auto& a = substance.rhoLPar;
+    const auto& a = substance.rhoL_coefficients;
     for (const auto& point : Draw(300, {}).points()) {
-        const double Tr = point.x / static_cast<double>(substance.rhoLTc);
+        const double Tr = point.x / static_cast<double>(substance.rhoL_Tc);
         if (Tr > 0.999) continue;
         const double rho = c(a, 1) / std::pow(c(a, 2), 1 + std::pow(1 - Tr, c(a, 3)));
         EXPECT_NEAR(point.y / rho, 1, 1e-4);
@@ -58,15 +58,15 @@ TEST_F(DatabaseCurves, HeatCapacitiesAreTheirPolynomials) {
                 << code << " " << T;
         }
     };
-    check(302, substance.cpPoly, 1);
+    check(302, substance.cp_polynomial, 1);
     set_units(3, 1);
-    check(302, substance.cpPoly, 1 / M());
+    check(302, substance.cp_polynomial, 1 / M());
 }
 
 TEST_F(DatabaseCurves, SinhCoshHeatCapacityIsAlysAndLees) {
     activate("Carbon dioxide");
-    selection.CpModel = codes::cp(2);
-    const auto& set = substance.cpSinh.c;
+    selection.cp_form = codes::cp(2);
+    const auto& set = substance.cp_sinh_cosh.c;
     const Drawn curve = Draw(302, {});
     EXPECT_GT(curve.count(), 290U);
     for (const auto& point : curve.points()) {
@@ -79,9 +79,9 @@ TEST_F(DatabaseCurves, SinhCoshHeatCapacityIsAlysAndLees) {
 
 TEST_F(DatabaseCurves, EnthalpyOfVaporisationIsItsEquation) {
     activate("Propane");
-    const auto& a = substance.hLVPar;
+    const auto& a = substance.hLV_coefficients;
     for (const auto& point : Draw(305, {}).points()) {
-        const double Tr = point.x / static_cast<double>(substance.hLVTc);
+        const double Tr = point.x / static_cast<double>(substance.hLV_Tc);
         if (Tr > 0.9999) continue;
         const double exponent = c(a, 2) + c(a, 3) * Tr + c(a, 4) * Tr * Tr + c(a, 5) * Tr * Tr * Tr;
         const double h = c(a, 0) * std::exp(-c(a, 1) * Tr) * std::pow(1 - Tr, exponent);
@@ -95,27 +95,27 @@ TEST_F(DatabaseCurves, VapourPressuresAreTheirEquations) {
     const auto pressure = [&](int code, double T) {
         const models::SubstanceRecord& s = substance;
         if (code == 307) {
-            const double t = 1 - T / c(s.WAG.a, 8);
-            const double X = c(s.WAG.a, 0) * t + c(s.WAG.a, 1) * std::pow(t, 1.5) +
-                             c(s.WAG.a, 2) * std::pow(t, c(s.WAG.a, 3)) +
-                             c(s.WAG.a, 4) * std::pow(t, c(s.WAG.a, 5)) +
-                             c(s.WAG.a, 6) * std::pow(t, c(s.WAG.a, 7));
-            return c(s.WAG.a, 9) * std::exp(c(s.WAG.a, 8) / T * X);
+            const double t = 1 - T / c(s.wagner.a, 8);
+            const double X = c(s.wagner.a, 0) * t + c(s.wagner.a, 1) * std::pow(t, 1.5) +
+                             c(s.wagner.a, 2) * std::pow(t, c(s.wagner.a, 3)) +
+                             c(s.wagner.a, 4) * std::pow(t, c(s.wagner.a, 5)) +
+                             c(s.wagner.a, 6) * std::pow(t, c(s.wagner.a, 7));
+            return c(s.wagner.a, 9) * std::exp(c(s.wagner.a, 8) / T * X);
         }
-        const models::VPSetAntoine& a = code == 308 ? s.ALP : s.AHP;
+        const models::AntoineSet& a = code == 308 ? s.antoine_low : s.antoine_high;
         return std::exp(ln10 *
                         (static_cast<double>(a.A) -
                          static_cast<double>(a.B) / (T + static_cast<double>(a.C) - 273.15)));
     };
     for (const int code : {307, 308, 309}) {
         const Drawn curve = Draw(code, {});
-        EXPECT_EQ(curve.request.diagram->axisPair, "pT");
+        EXPECT_EQ(curve.request.diagram->axis_pair, "pT");
         EXPECT_GT(curve.count(), 250U);
         for (const auto& point : curve.points())
             EXPECT_NEAR(point.y / pressure(code, point.x), 1, 2e-4) << code << " " << point.x;
     }
     // Frost and Kalkwarf is implicit: the point satisfies it.
-    const auto& f = substance.FRO.a;
+    const auto& f = substance.frost.a;
     for (const auto& point : Draw(306, {}).points()) {
         const double T = point.x, p = point.y;
         const double rest = c(f, 0) + c(f, 1) / (T + c(f, 2) - 273.15) + c(f, 3) * std::log10(T) +
@@ -140,7 +140,7 @@ TEST_F(DatabaseCurves, TheSolidDensityTellsItsValidity) {
     const Drawn curve = Draw(310, {});
     EXPECT_EQ(curve.request.validity.low, 144);
     EXPECT_EQ(curve.request.validity.high, 216);
-    const auto& a = substance.rhoSPar;
+    const auto& a = substance.rhoS_coefficients;
     for (const auto& point : curve.points()) {
         const double T = point.x;
         EXPECT_NEAR(point.y / (c(a, 0) + T * (c(a, 1) + T * (c(a, 2) + T * c(a, 3)))), 1, 1e-5);

@@ -28,7 +28,7 @@ class FunctionCurves : public ActiveFluid {
     /// The stable state at T and p by the solver of the system.
     StateValues stable(double T, double p) {
         const models::StateTP state = solve(T, p);
-        const bool liquid = state.hasL && !state.hasV;
+        const bool liquid = state.has_L && !state.has_V;
         return functions(T, p, liquid ? state.vL : state.vV);
     }
     /// Do values agree to what a 32-bit coordinate (here T or p) and value let one see?
@@ -70,7 +70,7 @@ TEST_F(FunctionCurves, IsobarsHoldTheFunctionOfTheirTitle) {
             EXPECT_EQ(curve.result.status, 0) << row.first;
             EXPECT_EQ(curve.mark(), -2);
             EXPECT_EQ(curve.count(), pr < 1 ? 303U : 301U);
-            EXPECT_EQ(curve.first().x, curve.request.window.xMin)
+            EXPECT_EQ(curve.first().x, curve.request.window.x_min)
                 << "clamped on the end of the window";
             for (const CurvePoint& point : curve.points()) {
                 EXPECT_FLOAT_EQ(point.z, static_cast<float>(p));
@@ -138,7 +138,7 @@ TEST_F(FunctionCurves, AlongAnIsothermDgIsVdp) {
 
 TEST_F(FunctionCurves, IsochoresHoldTheFunctionOfTheirTitle) {
     activate("Propane");
-    const double v = 3 * eosConstants.vcritCalc;
+    const double v = 3 * eosConstants.vcrit_calculated;
     for (const auto& row : kIsochoric) {
         const Drawn curve = Draw(code_of(row), {.v = v});
         EXPECT_EQ(curve.mark(), -3);
@@ -162,7 +162,7 @@ TEST_F(FunctionCurves, IsothermsOverPressureHoldTheFunctionOfTheirTitle) {
             const Drawn curve = Draw(code_of(row), {.T = T});
             EXPECT_EQ(curve.mark(), -1);
             EXPECT_EQ(curve.count(), Tr < 1 ? 303U : 301U);
-            EXPECT_EQ(curve.last().x, curve.request.window.xMin);
+            EXPECT_EQ(curve.last().x, curve.request.window.x_min);
             for (const CurvePoint& point : curve.points()) {
                 EXPECT_FLOAT_EQ(point.z, static_cast<float>(T));
                 if (std::fabs(point.x - e.p) < 0.01) continue;
@@ -220,7 +220,7 @@ TEST_F(FunctionCurves, HeatCapacityIsIdealGasPlusResidual) {
     EXPECT_EQ(curve.count(), 301U);
     for (const CurvePoint& point : curve.points()) {
         const StateValues z = stable(point.x, p);
-        const double expected = models::ideal_gas_cp(substance, selection.CpModel, point.x).cp +
+        const double expected = models::ideal_gas_cp(substance, selection.cp_form, point.x).cp +
                                 Textbook::R * z.table.residual[models::ResCp];
         EXPECT_NEAR(point.y / expected, 1, 1e-5);
         EXPECT_NEAR(point.y / z.cp, 1, 1e-5);
@@ -252,7 +252,7 @@ TEST_F(FunctionCurves, ResidualFunctionsVanishWithThePressure) {
     }
     for (const int code : {40, 41, 42, 43}) {
         diagrams::DiagramRequest request = RequestFor(code);
-        request.window.xMin = 1e-3F;
+        request.window.x_min = 1e-3F;
         const Drawn curve = Draw(request, {.T = Tc(1.1)});
         EXPECT_EQ(curve.mark(), -1);
         EXPECT_NEAR(curve.last().y, 0, 1e-2) << code;
@@ -274,7 +274,7 @@ TEST_F(FunctionCurves, ResidualFunctionsAreWhatTheFluidHasMoreThanItsIdealGas) {
             const double q = isobaric ? p : point.x;
             const StateValues z = stable(t, q);
             const models::IdealGasState ideal =
-                models::ideal_gas_functions(substance, selection.CpModel, reference, t, q);
+                models::ideal_gas_functions(substance, selection.cp_form, reference, t, q);
             const double expected[] = {z.s - ideal.s, z.h - ideal.h, z.g - (ideal.h - t * ideal.s),
                                        z.cp - ideal.cp};
             EXPECT_NEAR(point.y, expected[column], 3e-6 * std::fabs(expected[column]) + 0.02)
@@ -355,7 +355,7 @@ TEST_F(FunctionCurves, MetastableStatesSatisfyTheEquation) {
 
 TEST_F(FunctionCurves, PartialGasCurvesEndAtTheCoexistenceCurve) {
     activate_vapour_only("Propane");
-    options.partialGas = true;
+    options.partial_gas = true;
     const double p = 500, T = 300;
     const double TLV = models::boiling_temperature(substance, p, codes::vp("WAG")).T;
     const double pLV = models::vapour_pressure(substance, T, codes::vp("WAG")).p;
@@ -378,8 +378,8 @@ TEST_F(FunctionCurves, PairsOfFunctionsHoldTheStatesOfTheirRange) {
           Pair{24, &StateValues::s, &StateValues::h},
           Pair{23, &StateValues::s, &StateValues::eH}}) {
         const bool isothermal = pair.code == 21 || pair.code > 100;
-        process.rangeStart = isothermal ? 4000 : 420;  // exchanged by the curve
-        process.rangeEnd = isothermal ? 10 : 120;
+        process.range_start = isothermal ? 4000 : 420;  // exchanged by the curve
+        process.range_end = isothermal ? 10 : 120;
         const Drawn curve = Draw(static_cast<std::int16_t>(pair.code), {.T = T, .p = p});
         EXPECT_EQ(curve.mark(), isothermal ? -2 : -1);
         EXPECT_EQ(curve.count(), 303U) << "301 passes and both ends of the tie-line";
@@ -398,8 +398,8 @@ TEST_F(FunctionCurves, PairsOfFunctionsHoldTheStatesOfTheirRange) {
 
 TEST_F(FunctionCurves, InTheTwoPhaseRegionAnIsothermOfHAndSHasTheSlopeT) {
     activate("Water");
-    process.rangeStart = 1;
-    process.rangeEnd = 22000;
+    process.range_start = 1;
+    process.range_end = 22000;
     const double T = 400;
     const Drawn curve = Draw(107, {.T = T});
     const auto e = sat_T(T);

@@ -15,14 +15,14 @@ class Inversion : public ActiveFluid {
   protected:
     Drawn over_pressure() {
         diagrams::DiagramRequest request = RequestFor(190);
-        request.window.xMax = static_cast<float>(16 * substance.pcrit);
-        request.window.yMax *= 5;
+        request.window.x_max = static_cast<float>(16 * substance.pcrit);
+        request.window.y_max *= 5;
         return Draw(request, {});
     }
-    Drawn over_temperature(double TMax) {
+    Drawn over_temperature(double T_max) {
         diagrams::DiagramRequest request = RequestFor(105);
-        request.window.xMax = static_cast<float>(TMax);
-        request.window.yMax = static_cast<float>(20 * substance.pcrit);
+        request.window.x_max = static_cast<float>(T_max);
+        request.window.y_max = static_cast<float>(20 * substance.pcrit);
         return Draw(request, {});
     }
     /// The coefficient itself at T and the volume of the state.

@@ -17,8 +17,7 @@ using diagrams::CurvePoint;
 class Sections : public ActiveFluid {
   protected:
     Textbook textbook() {
-        return {models::code_of(selection.EOSModel), substance.Tcrit, substance.pcrit,
-                substance.omega};
+        return {models::code_of(selection.eos), substance.Tcrit, substance.pcrit, substance.omega};
     }
     double M() { return static_cast<double>(substance.M); }
     double Tc(double share) { return share * substance.Tcrit; }
@@ -79,14 +78,14 @@ TEST_F(Sections, AtTheCriticalTemperatureThereIsNoTieLine) {
     const Drawn curve = Draw(1, {.T = substance.Tcrit});
     for (std::size_t i = 2; i < curve.count(); ++i)
         EXPECT_LT(curve.nth(i + 1).y, curve.nth(i).y) << "strictly falling";
-    const double step = 7 * eosConstants.vcritCalc / 300;
-    EXPECT_NEAR(curve.last().x, 7 * eosConstants.vcritCalc, 1e-6);
+    const double step = 7 * eosConstants.vcrit_calculated / 300;
+    EXPECT_NEAR(curve.last().x, 7 * eosConstants.vcrit_calculated, 1e-6);
     EXPECT_NEAR(curve.last().x - curve.nth(curve.count() - 1).x, step, 1e-6);
 }
 
 TEST_F(Sections, TheSShapedIsothermRunsThroughTheDomeAndKeepsItsEnds) {
     activate("Propane");
-    options.sWithoutTieLine = true;
+    options.s_without_tie_line = true;
     const double T = Tc(0.9);
     const Drawn curve = Draw(1, {.T = T});
     const auto e = diagrams::equilibrium_at_T(fluid(), T);
@@ -163,7 +162,7 @@ TEST_F(Sections, OverPressureTheVapourEndComesBeforeTheLiquidEnd) {
 TEST_F(Sections, APressureOfZeroIsReplaced) {
     activate("Propane");
     diagrams::DiagramRequest request = RequestFor(2);
-    request.window.xMin = 0;
+    request.window.x_min = 0;
     EXPECT_FLOAT_EQ(Draw(request, {.T = 300}).first().x, 0.01F);
     EXPECT_FLOAT_EQ(Draw(request, {.T = 400}).first().x, 1e-10F);
     activate_vapour_only("Propane");
@@ -173,7 +172,7 @@ TEST_F(Sections, APressureOfZeroIsReplaced) {
 
 TEST_F(Sections, ThePartialGasCurveEndsAtTheVapourPressure) {
     activate_vapour_only("Propane");
-    options.partialGas = true;
+    options.partial_gas = true;
     const double T = 300;
     const double pLV = models::vapour_pressure(substance, T, codes::vp("WAG")).p;
     for (const int code : {std::int16_t{2}, std::int16_t{26}}) {
@@ -184,7 +183,7 @@ TEST_F(Sections, ThePartialGasCurveEndsAtTheVapourPressure) {
             EXPECT_NEAR(point.y / (code == 2 ? point.x * v : M() / v), 1, 1e-6);
         }
     }
-    options.partialGas = false;
+    options.partial_gas = false;
     EXPECT_GT(Draw(2, {.T = T}).last().x, static_cast<float>(pLV));
 }
 
@@ -198,7 +197,7 @@ TEST_F(Sections, TheMetastableIsothermOverPressureGoesFromVapourToLiquid) {
         EXPECT_FLOAT_EQ(curve.first().x, static_cast<float>(e.p));
         EXPECT_FLOAT_EQ(curve.last().x, static_cast<float>(e.p));
         EXPECT_FLOAT_EQ(curve.last().y, static_cast<float>(code == 2 ? e.p * e.vL : M() / e.vL));
-        const double step = (curve.request.window.xMax - curve.request.window.xMin) / 300.0;
+        const double step = (curve.request.window.x_max - curve.request.window.x_min) / 300.0;
         for (std::size_t i = 2; i < curve.count(); ++i)
             EXPECT_GE(std::fabs(curve.nth(i).x - curve.nth(i - 1).x), 0.49 * step);
         for (const CurvePoint& point : curve.points()) {
@@ -282,7 +281,7 @@ TEST_F(Sections, AVapourIsobarSkipsVolumesThatAreNone) {
 
 TEST_F(Sections, TheIsochoreAboveTheCriticalVolumeEndsOnTheDewLine) {
     activate("Carbon dioxide");
-    const double v = 2 * eosConstants.vcritCalc;
+    const double v = 2 * eosConstants.vcrit_calculated;
     const Drawn curve = Draw(5, {.v = v});
     EXPECT_EQ(curve.result.status, 0);
     EXPECT_EQ(curve.mark(), -3);
@@ -299,7 +298,7 @@ TEST_F(Sections, TheIsochoreAboveTheCriticalVolumeEndsOnTheDewLine) {
 
 TEST_F(Sections, TheIsochoreBelowTheCriticalVolumeEndsOnTheBoilingLine) {
     activate("Carbon dioxide");
-    const double v = 0.6 * eosConstants.vcritCalc;
+    const double v = 0.6 * eosConstants.vcrit_calculated;
     const Drawn curve = Draw(5, {.v = v});
     const auto e = diagrams::equilibrium_at_T(fluid(), curve.last().x);
     EXPECT_NEAR(curve.last().y / e.p, 1, 1e-5);
@@ -307,16 +306,16 @@ TEST_F(Sections, TheIsochoreBelowTheCriticalVolumeEndsOnTheBoilingLine) {
 
 TEST_F(Sections, WithoutTheRealRangeTheIsochoreGoesOnToTheEndOfTheWindow) {
     activate("Carbon dioxide");
-    options.realRangeOnly = false;
-    const Drawn curve = Draw(5, {.v = 2 * eosConstants.vcritCalc});
+    options.real_range_only = false;
+    const Drawn curve = Draw(5, {.v = 2 * eosConstants.vcrit_calculated});
     EXPECT_EQ(curve.count(), 301U);
-    EXPECT_EQ(curve.last().x, curve.request.window.xMin);
+    EXPECT_EQ(curve.last().x, curve.request.window.x_min);
 }
 
 TEST_F(Sections, AnIsochoreWithTheEquationOfTheVapourPressureEndsOnIt) {
     activate("Propane");
-    selection.PriorityCEOS = false;
-    const Drawn curve = Draw(5, {.v = 2 * eosConstants.vcritCalc});
+    selection.eos_has_priority = false;
+    const Drawn curve = Draw(5, {.v = 2 * eosConstants.vcrit_calculated});
     EXPECT_NEAR(
         curve.last().y / models::vapour_pressure(substance, curve.last().x, codes::vp("WAG")).p, 1,
         1e-5);
@@ -325,27 +324,27 @@ TEST_F(Sections, AnIsochoreWithTheEquationOfTheVapourPressureEndsOnIt) {
 TEST_F(Sections, SpecificAndReducedUnitsShowTheSameStates) {
     activate("Propane");
     const diagrams::StateParameters at{
-        .T = Tc(1.1), .p = pc(0.5), .v = 1.3 * eosConstants.vcritCalc};
+        .T = Tc(1.1), .p = pc(0.5), .v = 1.3 * eosConstants.vcrit_calculated};
     for (const int code : {1, 2, 26, 3, 4, 5}) {
         set_units(0, 0);
         const Drawn molar = Draw(code, at);
         const auto factor_x = [&] {
-            if (code == 1 || code == 3) return basis().VF();
+            if (code == 1 || code == 3) return basis().v_factor();
             if (code == 4) return 1.0;
             return static_cast<double>(code == 5 ? basis().units.T : basis().units.p);
         };
         const auto factor_y = [&] {
-            if (code == 2) return static_cast<double>(basis().units.p) * basis().VF();
+            if (code == 2) return static_cast<double>(basis().units.p) * basis().v_factor();
             if (code == 26) return 1.0;
             return static_cast<double>(code == 3 || code == 4 ? basis().units.T : basis().units.p);
         };
         for (const auto& [caloric, mode] : {std::pair{3, 1}, std::pair{0, 2}}) {
             set_units(static_cast<std::int16_t>(caloric), static_cast<std::int16_t>(mode));
             diagrams::DiagramRequest request = molar.request;
-            request.window.xMin = static_cast<float>(request.window.xMin * factor_x());
-            request.window.xMax = static_cast<float>(request.window.xMax * factor_x());
-            request.window.yMin = static_cast<float>(request.window.yMin * factor_y());
-            request.window.yMax = static_cast<float>(request.window.yMax * factor_y());
+            request.window.x_min = static_cast<float>(request.window.x_min * factor_x());
+            request.window.x_max = static_cast<float>(request.window.x_max * factor_x());
+            request.window.y_min = static_cast<float>(request.window.y_min * factor_y());
+            request.window.y_max = static_cast<float>(request.window.y_max * factor_y());
             const Drawn other = Draw(request, at);
             ASSERT_EQ(other.count(), molar.count()) << code << " mode " << mode;
             for (std::size_t i = 1; i <= molar.count(); ++i) {

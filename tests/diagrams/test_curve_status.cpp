@@ -23,12 +23,12 @@ class CurveStatusTest : public ActiveFluid {
         return codes;
     }
     diagrams::StateParameters middle() {
-        return {.T = Tc(0.9), .p = pc(0.5), .v = 1.5 * eosConstants.vcritCalc};
+        return {.T = Tc(0.9), .p = pc(0.5), .v = 1.5 * eosConstants.vcrit_calculated};
     }
     void set_range(int code) {
         const bool overT = code >= 22 && code <= 24;
-        process.rangeStart = overT ? Tc(0.5) : pc(0.01);
-        process.rangeEnd = overT ? Tc(1.2) : pc(1.1);
+        process.range_start = overT ? Tc(0.5) : pc(0.01);
+        process.range_end = overT ? Tc(1.2) : pc(1.1);
     }
 };
 
@@ -37,8 +37,8 @@ TEST_F(CurveStatusTest, AnEmptyWindowGivesNothingAndStatusZero) {
     for (const int code : all_codes()) {
         for (const bool emptyX : {true, false}) {
             diagrams::DiagramRequest request = RequestFor(code);
-            (emptyX ? request.window.xMax : request.window.yMax) =
-                emptyX ? request.window.xMin : request.window.yMin;
+            (emptyX ? request.window.x_max : request.window.y_max) =
+                emptyX ? request.window.x_min : request.window.y_min;
             const Drawn curve = Draw(request, middle());
             EXPECT_EQ(curve.result.status, 0) << code;
             EXPECT_EQ(curve.result.message, "");
@@ -50,8 +50,8 @@ TEST_F(CurveStatusTest, AnEmptyWindowGivesNothingAndStatusZero) {
 TEST_F(CurveStatusTest, ACurveOutsideOfTheWindowIsDeliveredWithStatusTen) {
     activate("Propane");
     diagrams::DiagramRequest request = RequestFor(1);
-    request.window.yMin = 1e8F;
-    request.window.yMax = 2e8F;
+    request.window.y_min = 1e8F;
+    request.window.y_max = 2e8F;
     const Drawn curve = Draw(request, {.T = 400});
     EXPECT_EQ(curve.result.status, 10);
     EXPECT_GT(curve.count(), 100U);
@@ -64,8 +64,8 @@ TEST_F(CurveStatusTest, ACurveOutsideOfTheWindowIsDeliveredWithStatusTen) {
 TEST_F(CurveStatusTest, APointOnTheEdgeOfTheWindowIsOutside) {
     activate("Propane");
     diagrams::DiagramRequest request = RequestFor(26);
-    request.window.yMin = 0;
-    request.window.yMax =
+    request.window.y_min = 0;
+    request.window.y_max =
         Draw(request, {.T = 400}).first().y;  // only the lowest density touches it
     EXPECT_EQ(Draw(request, {.T = 400}).result.status, 10);
 }
@@ -74,15 +74,15 @@ TEST_F(CurveStatusTest, BelowTheTriplePointTheRealRangeDecides) {
     activate("Propane");
     substance.Ttriple = 200;
     for (const int code : {3, 4, 15, 19, 30, 34}) {
-        options.realRangeOnly = true;
+        options.real_range_only = true;
         diagrams::DiagramRequest request = RequestFor(code);
         const bool overY = code < 5;
-        (overY ? request.window.yMin : request.window.xMin) = 120;
+        (overY ? request.window.y_min : request.window.x_min) = 120;
         const Drawn real = Draw(request, middle());
         EXPECT_EQ(real.result.status, 0) << code;
         for (const auto& point : real.points()) EXPECT_GE(overY ? point.y : point.x, 200) << code;
 
-        options.realRangeOnly = false;
+        options.real_range_only = false;
         const Drawn whole = Draw(request, middle());
         EXPECT_EQ(whole.result.status, 2) << code;
         EXPECT_GT(whole.count(), real.count()) << code;
@@ -94,7 +94,7 @@ TEST_F(CurveStatusTest, BelowTheTriplePointTheRealRangeDecides) {
 TEST_F(CurveStatusTest, TheIsochoreEndsAtTheTriplePoint) {
     activate("Propane");
     substance.Ttriple = 380;
-    const Drawn curve = Draw(5, {.v = 3 * eosConstants.vcritCalc});
+    const Drawn curve = Draw(5, {.v = 3 * eosConstants.vcrit_calculated});
     EXPECT_GE(curve.last().x, 380);
     EXPECT_EQ(curve.result.status, 0);
 }
@@ -103,7 +103,7 @@ TEST_F(CurveStatusTest, AnIdealGasIsDrawnBelowTheTriplePointWithStatusTwo) {
     activate("Propane", 0);
     substance.Ttriple = 200;
     diagrams::DiagramRequest request = RequestFor(15);
-    request.window.xMin = 120;
+    request.window.x_min = 120;
     const Drawn curve = Draw(request, {.p = 100});
     EXPECT_EQ(curve.result.status, 2);
     EXPECT_EQ(TextOf(curve.result).text, "") << "nothing is said of a V-only equation";
@@ -112,11 +112,11 @@ TEST_F(CurveStatusTest, AnIdealGasIsDrawnBelowTheTriplePointWithStatusTwo) {
 TEST_F(CurveStatusTest, OutsideReplacesTheHintAtTheTriplePoint) {
     activate("Propane");
     substance.Ttriple = 200;
-    options.realRangeOnly = false;
+    options.real_range_only = false;
     diagrams::DiagramRequest request = RequestFor(15);
-    request.window.xMin = 120;
-    request.window.yMin = 1e7F;
-    request.window.yMax = 2e7F;
+    request.window.x_min = 120;
+    request.window.y_min = 1e7F;
+    request.window.y_max = 2e7F;
     EXPECT_EQ(Draw(request, middle()).result.status, 10);
 }
 
@@ -196,8 +196,8 @@ TEST_F(CurveStatusTest, NothingAllocatesButThePointArray) {
                                             .window = request.window,
                                             .at = middle(),
                                             .line = process,
-                                            .pMin = limits.pMin,
-                                            .pMax = limits.pMax};
+                                            .p_min = limits.p_min,
+                                            .p_max = limits.p_max};
         const std::size_t before = AllocationCount();
         curve.take(diagrams::curve(of, wanted, std::move(curve.all)));
         const std::size_t spent = AllocationCount() - before;

@@ -15,7 +15,7 @@ class DiagramSheet : public Sheet {
     }
     DiagramSheet() {
         open(1);
-        sheet.request.window.xMax = 1e9F;
+        sheet.request.window.x_max = 1e9F;
     }
 };
 
@@ -25,8 +25,8 @@ TEST_F(DiagramSheet, OpensWithTheWindowAndTheTextsOfTheRequest) {
     EXPECT_EQ(sheet.chart.header.text, "Isothermal section p - v");
     EXPECT_EQ(sheet.chart.x.title, "v / (m^3/kmol)");
     EXPECT_EQ(sheet.chart.y.title, "p / kPa");
-    EXPECT_DOUBLE_EQ(sheet.chart.x.max, static_cast<double>(limits.vMax));
-    EXPECT_DOUBLE_EQ(sheet.chart.y.max, static_cast<double>(limits.pMax));
+    EXPECT_DOUBLE_EQ(sheet.chart.x.max, static_cast<double>(limits.v_max));
+    EXPECT_DOUBLE_EQ(sheet.chart.y.max, static_cast<double>(limits.p_max));
     EXPECT_FALSE(sheet.chart.x.automatic);
 }
 
@@ -51,9 +51,9 @@ TEST_F(DiagramSheet, SaysOnWhichReferenceStateCaloricValuesRest) {
     reference.T0 = 273.15F;
     reference.p0 = 0;  // not yet set
     EXPECT_EQ(note(15), "reference state: 273.15 K, 101.325 kPa");
-    reference.RefMode = 2;
+    reference.mode = 2;
     EXPECT_EQ(note(16), "conventional reference state");
-    reference.RefMode = 10;
+    reference.mode = 10;
     reference.Tenv = 290;
     EXPECT_EQ(note(21),
               "reference state: quantities of formation; surroundings: 290 K, 101.325 kPa");
@@ -66,7 +66,7 @@ TEST_F(DiagramSheet, TheTwentyFifthCurveHasItsPlaceBeforeTheMarkers) {
     ASSERT_TRUE(diagrams::mark_volume(sheet, pen()));
     for (int i = 0; i < 24; ++i) EXPECT_EQ(store(points_on_line(3)), i);
     const chart::Series marker = sheet.chart.curves.back();
-    ASSERT_TRUE(marker.isReference);
+    ASSERT_TRUE(marker.is_reference);
     EXPECT_EQ(store(points_on_line(5)), 24);
     EXPECT_TRUE(user.messages.empty());
     EXPECT_EQ(diagrams::curve_count(sheet), 25);
@@ -110,7 +110,7 @@ TEST_F(DiagramSheet, KeepsTheStyleOfASlot) {
 }
 
 TEST_F(DiagramSheet, CountsOffThePointsBeyondTheWindow) {
-    sheet.request.window.xMax = 6.5F;
+    sheet.request.window.x_max = 6.5F;
     store(points_on_line(10, 300, diagrams::Parameter::T));
     // The line still reaches the edge of the window.
     EXPECT_EQ(curve(0).x, (std::vector<float>{1, 2, 3, 4, 5, 6, 6.5F}));
@@ -118,7 +118,7 @@ TEST_F(DiagramSheet, CountsOffThePointsBeyondTheWindow) {
     EXPECT_EQ(parameter(0, 7), 300);
     EXPECT_EQ(parameter(0, 8), 0);
     // A curve that lies outside altogether stays whole, so that a larger window shows it.
-    sheet.request.window.xMax = 0.5F;
+    sheet.request.window.x_max = 0.5F;
     store(points_on_line(10));
     EXPECT_EQ(curve(1).x.size(), 10U);
 }
@@ -244,11 +244,11 @@ TEST_F(DiagramSheet, RefusesCrossedCoordinates) {
         EXPECT_FALSE(diagrams::set_coordinates(sheet, bad));
         EXPECT_EQ(user.lastText(), "Lower limit has to smaller than upper limit.");
         EXPECT_EQ(user.lastTitle(), "INPUT ERROR");
-        EXPECT_EQ(sheet.request.window.xMin, before.window.xMin);
-        EXPECT_EQ(sheet.request.window.yMax, before.window.yMax);
+        EXPECT_EQ(sheet.request.window.x_min, before.window.x_min);
+        EXPECT_EQ(sheet.request.window.y_max, before.window.y_max);
     }
     EXPECT_TRUE(diagrams::set_coordinates(sheet, {{1, 2}, {3, 4}}));
-    EXPECT_EQ(sheet.request.window.xMax, 2);
+    EXPECT_EQ(sheet.request.window.x_max, 2);
     EXPECT_EQ(sheet.chart.y.min, 3);
 }
 
@@ -256,12 +256,12 @@ TEST_F(DiagramSheet, FitsItsCoordinatesToTheData) {
     EXPECT_FALSE(diagrams::fit_window(sheet));
     store(points_on_line(10));
     ASSERT_TRUE(diagrams::fit_window(sheet));
-    EXPECT_LE(sheet.request.window.xMin, 1);
-    EXPECT_GE(sheet.request.window.xMax, 10);
-    EXPECT_LT(sheet.request.window.xMax, 20);
-    EXPECT_GE(sheet.request.window.yMax, 20);
+    EXPECT_LE(sheet.request.window.x_min, 1);
+    EXPECT_GE(sheet.request.window.x_max, 10);
+    EXPECT_LT(sheet.request.window.x_max, 20);
+    EXPECT_GE(sheet.request.window.y_max, 20);
     diagrams::default_coordinates(sheet);
-    EXPECT_EQ(sheet.request.window.yMax, sheet.request.proposed.yMax);
+    EXPECT_EQ(sheet.request.window.y_max, sheet.request.proposed.y_max);
 }
 
 TEST_F(DiagramSheet, SwapsDataWindowAndTextsAndBack) {
@@ -269,29 +269,29 @@ TEST_F(DiagramSheet, SwapsDataWindowAndTextsAndBack) {
     const chart::Chart2D chartBefore = sheet.chart;
     const diagrams::DiagramRequest before = sheet.request;
     diagrams::change_xy(sheet);
-    EXPECT_TRUE(sheet.swappedAxes);
+    EXPECT_TRUE(sheet.swapped_axes);
     EXPECT_EQ(curve(0).x, (std::vector<float>{2, 4, 6}));
-    EXPECT_EQ(sheet.request.window.xMin, before.window.yMin);
-    EXPECT_EQ(sheet.request.proposed.xMax, before.proposed.yMax);
+    EXPECT_EQ(sheet.request.window.x_min, before.window.y_min);
+    EXPECT_EQ(sheet.request.proposed.x_max, before.proposed.y_max);
     EXPECT_EQ(sheet.chart.x.title, "p / kPa");
     EXPECT_EQ(sheet.request.texts.y, before.texts.x);
     diagrams::change_xy(sheet);
-    EXPECT_FALSE(sheet.swappedAxes);
+    EXPECT_FALSE(sheet.swapped_axes);
     EXPECT_TRUE(sheet.chart == chartBefore);
 }
 
 TEST_F(DiagramSheet, TakesSpacingsAndDigitsOnlyByTheValues) {
     diagrams::set_scaling(sheet, 1, {5, 6, 7, 8, 2, 3});
-    EXPECT_TRUE(sheet.manualScaling);
-    EXPECT_EQ(sheet.chart.x.tickSpacing, 5);
-    EXPECT_EQ(sheet.chart.y.gridSpacing, 8);
+    EXPECT_TRUE(sheet.manual_scaling);
+    EXPECT_EQ(sheet.chart.x.tick_spacing, 5);
+    EXPECT_EQ(sheet.chart.y.grid_spacing, 8);
     EXPECT_EQ(sheet.chart.y.decimals, 3);
     diagrams::set_scaling(sheet, 0, {5, 6, 7, 8, 2, 3});
-    EXPECT_EQ(sheet.chart.x.tickSpacing, 0);
+    EXPECT_EQ(sheet.chart.x.tick_spacing, 0);
     EXPECT_EQ(sheet.chart.x.decimals, -1);
     diagrams::set_scaling(sheet, 1, {-5, std::nan(""), 7, 8, -3, 99});
-    EXPECT_EQ(sheet.chart.x.tickSpacing, 0);
-    EXPECT_EQ(sheet.chart.y.tickSpacing, 0);
+    EXPECT_EQ(sheet.chart.x.tick_spacing, 0);
+    EXPECT_EQ(sheet.chart.y.tick_spacing, 0);
     EXPECT_EQ(sheet.chart.x.decimals, -1);
     EXPECT_EQ(sheet.chart.y.decimals, 15);
 }
@@ -307,7 +307,7 @@ TEST_F(DiagramSheet, PlacesLabelsBesideTheirCurves) {
     diagrams::place_labels(sheet, 800, 600, measure);
     ASSERT_EQ(sheet.chart.labels.size(), 1U);
     EXPECT_EQ(sheet.chart.labels[0].text, "300 K");
-    EXPECT_TRUE(sheet.chart.labels[0].onPoint);
+    EXPECT_TRUE(sheet.chart.labels[0].on_point);
     EXPECT_TRUE(diagrams::has_curve_labels(sheet));
     // The shift leads along the curve.
     label_of(0).shift = 0.05;
@@ -351,8 +351,8 @@ TEST_F(DiagramSheet, CurvesOfTwoFluidsNameTheirFluid) {
     diagrams::draw(sheet, pen());
     activate("Water");
     diagrams::draw(sheet, pen());
-    EXPECT_EQ(sheet_curve(0).basis.fluid.substance().Name, "Propane");
-    EXPECT_EQ(sheet_curve(1).basis.fluid.substance().Name, "Water");
+    EXPECT_EQ(sheet_curve(0).basis.fluid.substance().name, "Propane");
+    EXPECT_EQ(sheet_curve(1).basis.fluid.substance().name, "Water");
     EXPECT_EQ(label_of(0).text, "Propane 300.0 K ");
     EXPECT_EQ(label_of(1).text, "Water 300.0 K ");
     EXPECT_EQ(curve(0).legend, "Propane (300.0 K ) ");
@@ -403,7 +403,7 @@ TEST_F(DiagramSheet, CurvesOfTwoReferenceStatesTellBoth) {
     open(15);
     sheet.at.p = 500;
     diagrams::draw(sheet, pen());
-    reference.RefMode = 10;
+    reference.mode = 10;
     diagrams::draw(sheet, pen());
     const std::string& footer = sheet.chart.footer.text;
     EXPECT_NE(footer.find("reference state: 298.15 K, 101.325 kPa"), std::string::npos) << footer;

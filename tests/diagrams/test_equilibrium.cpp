@@ -61,7 +61,7 @@ TEST_F(DomeEquilibrium, TemperatureAndPressureAreInverse) {
 TEST_F(DomeEquilibrium, TheDomeIsSmoothUpToTheCriticalPoint) {
     for (const int code : kCubics) {
         activate("Carbon dioxide", code);
-        const double vc = eosConstants.vcritCalc;
+        const double vc = eosConstants.vcrit_calculated;
         double lastL = vc, lastV = vc, lastP = substance.pcrit;
         // The half widths over the root of 1 - Tr run into one constant, without a jump.
         double lastShape = 0;
@@ -89,8 +89,8 @@ TEST_F(DomeEquilibrium, AtTheCriticalPointBothVolumesAreTheCriticalOne) {
     const Equilibrium e = at_T(substance.Tcrit);
     ASSERT_TRUE(e.found);
     EXPECT_EQ(e.p, substance.pcrit);
-    EXPECT_EQ(e.vL, eosConstants.vcritCalc);
-    EXPECT_EQ(e.vV, eosConstants.vcritCalc);
+    EXPECT_EQ(e.vL, eosConstants.vcrit_calculated);
+    EXPECT_EQ(e.vV, eosConstants.vcrit_calculated);
     EXPECT_EQ(at_p(substance.pcrit).T, substance.Tcrit);
 }
 

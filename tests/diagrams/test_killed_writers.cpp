@@ -38,7 +38,7 @@ class KilledWriters : public ActiveFluid {
         change([this](auto& state) {
             state.substance = substance;
             state.models = selection;
-            state.eosParameters = eosConstants;
+            state.eos_parameters = eosConstants;
         });
         databases::Write(folder() / "STUDENT.Q05", {databases::Row("Propane")});
         session::load_database(session, (folder() / "STUDENT.Q05").string());
@@ -61,8 +61,8 @@ class KilledWriters : public ActiveFluid {
             {"project.QCF",
              [this](const fs::path& file, bool second) {
                  change([&](auto& state) {
-                     state.projectComment = std::string(second ? 9000 : 7000, 'c');
-                     state.lastSessionFile = file.string();
+                     state.project_comment = std::string(second ? 9000 : 7000, 'c');
+                     state.last_session_file = file.string();
                  });
                  session::save_project(session, false);
              }},
@@ -80,7 +80,7 @@ class KilledWriters : public ActiveFluid {
              }},
             {"own.Q05",
              [this](const fs::path& file, bool second) {
-                 session.change()->substance.Name = std::string(second ? 30 : 20, 'n');
+                 session.change()->substance.name = std::string(second ? 30 : 20, 'n');
                  session::write_private_database(session, file.string());
              }},
             {"diagram.oc2",
@@ -100,7 +100,7 @@ class KilledWriters : public ActiveFluid {
                  data(second);
                  change([](auto& state) {
                      state.calculation.task = calculation::Task::state;
-                     state.batchMode = true;
+                     state.batch_mode = true;
                  });
                  session::result_file(session, file.string(), "T, p", false);
              }},

@@ -86,17 +86,17 @@ TEST_F(ParameterInput, RecomputesTheCaloricFactor) {
 TEST_F(ParameterInput, TakesARangeOfAFunctionDiagram) {
     EXPECT_EQ(take_range(Section::isothermal, 300, 100, 5000), "");
     EXPECT_EQ(sheet.at.T, 300);
-    EXPECT_FALSE(process.rangeIsT);
-    EXPECT_EQ(process.rangeEnd, 5000);
+    EXPECT_FALSE(process.range_is_T);
+    EXPECT_EQ(process.range_end, 5000);
     EXPECT_EQ(take_range(Section::isobaric, 500, 200, 400), "");
     EXPECT_EQ(sheet.at.p, 500);
-    EXPECT_TRUE(process.rangeIsT);
+    EXPECT_TRUE(process.range_is_T);
     EXPECT_EQ(take_range(Section::isothermal, 300, 100, 100),
               "specification of the range is not valid ");
     EXPECT_EQ(take_range(Section::isothermal, 300, -1, 100), "specificated p and T have to be > 0");
     EXPECT_EQ(take_range(Section::isothermal, std::nan(""), 1, 100),
               "Input incomplete or not valid");
-    EXPECT_EQ(process.rangeEnd, 400);
+    EXPECT_EQ(process.range_end, 400);
 }
 
 }  // namespace

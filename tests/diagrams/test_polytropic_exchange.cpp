@@ -26,10 +26,10 @@ class PolytropicExchange : public ActiveFluid {
         activate("Propane");
         process.T1 = 300;
         process.p1 = 500;
-        process.rangeStart = 500;
-        process.rangeEnd = 900;
+        process.range_start = 500;
+        process.range_end = 900;
         diagram = &diagrams::diagram_of(107);
-        process.polytropicExponent = 1.3;
+        process.polytropic_exponent = 1.3;
         process.kappa = 1.13;
         runner.limit = std::chrono::milliseconds(200);
         runner.pass = [this] {
@@ -55,11 +55,11 @@ class PolytropicExchange : public ActiveFluid {
         return text;
     }
     std::vector<std::string> lines_of(const std::string& text) {
-        std::vector<std::string> lines = text::Lines(text);
+        std::vector<std::string> lines = text::lines(text);
         return lines;
     }
 
-    diagrams::PolytropicTask task() const { return {diagram, process, options, csvSeparator}; }
+    diagrams::PolytropicTask task() const { return {diagram, process, options, csv_separator}; }
     PolytropicCode run() {
         const fs::path program = folder() / diagrams::kPolytropicProgram;
         diagrams::PolytropicOutcome outcome = diagrams::run_polytrope(
@@ -68,7 +68,7 @@ class PolytropicExchange : public ActiveFluid {
         return outcome.code;
     }
     bool take(const std::string& text) {
-        const auto taken = diagrams::take_polytropic_answer(text, process, csvSeparator);
+        const auto taken = diagrams::take_polytropic_answer(text, process, csv_separator);
         if (taken) process = *taken;
         return taken.has_value();
     }
@@ -76,7 +76,7 @@ class PolytropicExchange : public ActiveFluid {
 
     diagrams::PolytropicRunner runner = diagrams::real_runner();
     const diagrams::Diagram* diagram = nullptr;
-    char csvSeparator = ';';
+    char csv_separator = ';';
     std::string started;
     int passes = 0;
 };
@@ -85,12 +85,12 @@ TEST_F(PolytropicExchange, AnAnswerBecomesThePointsOfTheProcess) {
     bring_program();
     answer_with(answer({"300;500;1.5;2.5", "310;600;1.6;2.6", "320;700;1.7;2.7"}));
     EXPECT_EQ(run(), PolytropicCode::kDone);
-    ASSERT_EQ(process.polytropicPoints.size(), 3U);
-    EXPECT_EQ(process.polytropicPoints[1].T, 310);
-    EXPECT_EQ(process.polytropicPoints[1].p, 600);
-    EXPECT_EQ(process.polytropicPoints[2].columns, (std::vector<double>{1.7, 2.7}));
-    EXPECT_EQ(process.polytropicValues[0], 1.5);
-    EXPECT_EQ(process.polytropicValues[21], 22.5);
+    ASSERT_EQ(process.polytropic_points.size(), 3U);
+    EXPECT_EQ(process.polytropic_points[1].T, 310);
+    EXPECT_EQ(process.polytropic_points[1].p, 600);
+    EXPECT_EQ(process.polytropic_points[2].columns, (std::vector<double>{1.7, 2.7}));
+    EXPECT_EQ(process.polytropic_values[0], 1.5);
+    EXPECT_EQ(process.polytropic_values[21], 22.5);
     EXPECT_EQ(fs::path(started).filename(), "POLYTROPEN_1.EXE");
     EXPECT_TRUE(user.messages.empty());
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false})) << "busy meanwhile";
@@ -112,7 +112,7 @@ TEST_F(PolytropicExchange, NoAnswerWithinTheWaitIsATimeOut) {
     runner.start = [](const std::string&, const std::string&) { return true; };
     EXPECT_EQ(run(), PolytropicCode::kTimeOut);
     EXPECT_GT(passes, 0);
-    EXPECT_TRUE(process.polytropicPoints.empty());
+    EXPECT_TRUE(process.polytropic_points.empty());
     EXPECT_EQ(user.pointer.back(), false) << "the pointer is itself again";
 }
 
@@ -144,7 +144,7 @@ TEST_F(PolytropicExchange, ARealChildProcessAnswersThroughTheFiles) {
     };
     runner.limit = std::chrono::seconds(20);
     EXPECT_EQ(run(), PolytropicCode::kDone);
-    EXPECT_EQ(process.polytropicPoints.size(), 2U);
+    EXPECT_EQ(process.polytropic_points.size(), 2U);
 }
 
 TEST_F(PolytropicExchange, FilesOfAnEarlierRunDoNotCount) {
@@ -158,34 +158,34 @@ TEST_F(PolytropicExchange, FilesOfAnEarlierRunDoNotCount) {
 
 TEST_F(PolytropicExchange, AValueAboveTheLimitIsMissing) {
     ASSERT_TRUE(take(answer({"300;500;1E+38;2", "310;1.0E+99;;4"})));
-    EXPECT_TRUE(std::isnan(process.polytropicPoints[0].columns[0]));
-    EXPECT_EQ(process.polytropicPoints[0].columns[1], 2);
-    EXPECT_TRUE(std::isnan(process.polytropicPoints[1].p));
-    EXPECT_TRUE(std::isnan(process.polytropicPoints[1].columns[0])) << "so is an empty field";
+    EXPECT_TRUE(std::isnan(process.polytropic_points[0].columns[0]));
+    EXPECT_EQ(process.polytropic_points[0].columns[1], 2);
+    EXPECT_TRUE(std::isnan(process.polytropic_points[1].p));
+    EXPECT_TRUE(std::isnan(process.polytropic_points[1].columns[0])) << "so is an empty field";
     // 1E+37 itself is a value.
     ASSERT_TRUE(take(answer({"300;500;1E+37"})));
-    EXPECT_EQ(process.polytropicPoints[0].columns[0], 1e37);
+    EXPECT_EQ(process.polytropic_points[0].columns[0], 1e37);
 }
 
 TEST_F(PolytropicExchange, TheSeparatorAndTheDecimalCommaFollowTheSession) {
     ASSERT_TRUE(take(answer({"300,5;500,25"})));
-    EXPECT_EQ(process.polytropicPoints[0].T, 300.5);
-    csvSeparator = ',';
+    EXPECT_EQ(process.polytropic_points[0].T, 300.5);
+    csv_separator = ',';
     ASSERT_TRUE(take(answer({"300.5,500.25"})));
-    EXPECT_EQ(process.polytropicPoints[0].p, 500.25);
+    EXPECT_EQ(process.polytropic_points[0].p, 500.25);
 }
 
 TEST_F(PolytropicExchange, AGarbledAnswerChangesNothing) {
     ASSERT_TRUE(take(answer({"300;500"})));
-    const auto values = process.polytropicValues;
+    const auto values = process.polytropic_values;
     const std::string good = answer({"300;500", "310;600"});
     for (const std::string& bad :
          {std::string(), std::string("nonsense"), good.substr(0, good.size() / 2), answer({"300"}),
           answer({"a;b"}), "1 2 99999999\r\n" + good, good.substr(0, good.size() - 10),
           std::string(1000, '\0')}) {
         EXPECT_FALSE(take(bad)) << bad.substr(0, 40);
-        EXPECT_EQ(process.polytropicPoints.size(), 1U);
-        EXPECT_EQ(process.polytropicValues, values);
+        EXPECT_EQ(process.polytropic_points.size(), 1U);
+        EXPECT_EQ(process.polytropic_values, values);
     }
     bring_program();
     answer_with("nonsense");
@@ -222,7 +222,7 @@ TEST_F(PolytropicExchange, TheRequestHoldsOneValueALineInItsOrder) {
     EXPECT_EQ(lines[14], "9.0000000E+02");
     const double v = solve(300, 500).vV;
     EXPECT_EQ(lines[16], numbers::format_point(v, "0.0000000E+00"));
-    EXPECT_EQ(lines[15], numbers::format_point(v * basis().VF(), "0.0000000E+00"));
+    EXPECT_EQ(lines[15], numbers::format_point(v * basis().v_factor(), "0.0000000E+00"));
     for (const std::size_t zero : {17, 18, 19, 22}) EXPECT_EQ(lines[zero], "0.0000000E+00");
     EXPECT_EQ(lines[23], "1.3000000E+00");
     EXPECT_EQ(lines[24], "1.1300000E+00");

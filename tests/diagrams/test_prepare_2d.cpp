@@ -41,13 +41,13 @@ TEST_F(Prepare2D, EachKindOpensWithItsInput) {
 TEST_F(Prepare2D, TheFirstDiagramOfASubstanceStartsAtItsCriticalPoint) {
     begin("Propane");
     prepare(1);
-    EXPECT_FALSE(start.newSubstance);
+    EXPECT_FALSE(start.new_substance);
     EXPECT_EQ(start.at.T, substance.Tcrit);
     EXPECT_EQ(start.at.p, substance.pcrit);
-    EXPECT_EQ(start.at.v, eosConstants.vcritCalc);
-    EXPECT_FLOAT_EQ(start.limits.pMax, static_cast<float>(1.6 * substance.pcrit));
-    EXPECT_FLOAT_EQ(start.limits.TMax, static_cast<float>(1.1 * substance.Tcrit));
-    EXPECT_EQ(request.window.yMax, start.limits.pMax);
+    EXPECT_EQ(start.at.v, eosConstants.vcrit_calculated);
+    EXPECT_FLOAT_EQ(start.limits.p_max, static_cast<float>(1.6 * substance.pcrit));
+    EXPECT_FLOAT_EQ(start.limits.T_max, static_cast<float>(1.1 * substance.Tcrit));
+    EXPECT_EQ(request.window.y_max, start.limits.p_max);
 }
 
 TEST_F(Prepare2D, LaterDiagramsKeepTheStateAndThePressureLimit) {
@@ -58,7 +58,7 @@ TEST_F(Prepare2D, LaterDiagramsKeepTheStateAndThePressureLimit) {
     EXPECT_EQ(start.at.T, 300);
     EXPECT_EQ(start.at.p, 900);
     EXPECT_EQ(start.at.v, 0.5);
-    EXPECT_FLOAT_EQ(start.limits.pMax, static_cast<float>(1.6 * substance.pcrit));
+    EXPECT_FLOAT_EQ(start.limits.p_max, static_cast<float>(1.6 * substance.pcrit));
 }
 
 TEST_F(Prepare2D, FunctionDiagramsStartAtNormalPressure) {
@@ -69,7 +69,7 @@ TEST_F(Prepare2D, FunctionDiagramsStartAtNormalPressure) {
     start.at.v = 0.7;
     prepare(30);
     EXPECT_EQ(start.at.p, 101.325);
-    EXPECT_EQ(start.at.v, eosConstants.vcritCalc);
+    EXPECT_EQ(start.at.v, eosConstants.vcrit_calculated);
     start.at.p = substance.pcrit;
     prepare(150);
     EXPECT_EQ(start.at.p, substance.pcrit);
@@ -78,9 +78,9 @@ TEST_F(Prepare2D, FunctionDiagramsStartAtNormalPressure) {
 TEST_F(Prepare2D, WithoutACriticalVolumeTheVolumeIsMeasuredOrTwo) {
     activate_vapour_only("Propane");
     prepare(5);
-    EXPECT_EQ(start.at.v, substance.vcritExp);
+    EXPECT_EQ(start.at.v, substance.vcrit_measured);
     start.at.v = 0;
-    substance.vcritExp = 0;
+    substance.vcrit_measured = 0;
     prepare(5);
     EXPECT_EQ(start.at.v, 2.0);
 }
@@ -88,7 +88,7 @@ TEST_F(Prepare2D, WithoutACriticalVolumeTheVolumeIsMeasuredOrTwo) {
 TEST_F(Prepare2D, AProjectionWithoutADomeIsNamedByItsCorrelation) {
     activate_vapour_only("Propane");
     prepare(9);
-    EXPECT_EQ(request.texts.subTitle, "Propane,  vapour press. equ. Wagner");
+    EXPECT_EQ(request.texts.sub_title, "Propane,  vapour press. equ. Wagner");
 }
 
 }  // namespace

@@ -51,13 +51,13 @@ class ProcessLines : public ActiveFluid {
         ProcessInput in;
         in.kind = kind;
         in.par = {T1, p1, overT ? end : kNone, overT ? kNone : end};
-        in.rangeIsT = overT;
+        in.range_is_T = overT;
         return in;
     }
     diagrams::StateParameters at{298.15, 0, 0};
     StateValues stable(double T, double p) {
         const models::StateTP state = solve(T, p);
-        if (!state.hasL || !state.hasV) return functions(T, p, state.hasL ? state.vL : state.vV);
+        if (!state.has_L || !state.has_V) return functions(T, p, state.has_L ? state.vL : state.vV);
         // Where the solver calls it an equilibrium the smaller g tells the side of the dome.
         const StateValues L = functions(T, p, state.vL);
         const StateValues V = functions(T, p, state.vV);
@@ -209,7 +209,7 @@ TEST_F(ProcessLines, AnIsentropicThatMeetsTheCoexistenceCurveEndsEarly) {
 TEST_F(ProcessLines, AnIsentropicWithoutAnyStateHasNoResult) {
     activate("Propane");
     // The start state cannot be solved with this volume phase: no entropy, no line.
-    selection.CpModel = codes::cp(0);
+    selection.cp_form = codes::cp(0);
     EXPECT_EQ(take(input(Kind::isentropic, 300, 500, false, 900)), "");
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, -2);
@@ -221,7 +221,7 @@ TEST_F(ProcessLines, AnIsentropicWhoseFirstSearchFailsHasNoResult) {
     // Wet: the saturated vapour at the start, and all of the range lies inside the dome.
     const auto e = diagrams::equilibrium_at_p(fluid(), 1000);
     EXPECT_EQ(take(input(Kind::isentropic, e.T + 0.5, 1000, false, 900)), "");
-    process.rangeStart = 950;
+    process.range_start = 950;
     const Drawn curve = run(5);
     EXPECT_EQ(curve.result.status, -2);
     EXPECT_LE(curve.count(), 1U);
@@ -435,10 +435,10 @@ TEST_F(ProcessLines, ThePressureSearchFindsTheNearState) {
 TEST_F(ProcessLines, IncompleteInputIsRefusedAndLeavesTheSession) {
     activate("Propane");
     EXPECT_EQ(take(input(Kind::isobar, 300, 500, true, 420)), "");
-    const auto before = process.rangeEnd;
+    const auto before = process.range_end;
     const auto refused = [&](const ProcessInput& in, const std::string& text) {
         EXPECT_EQ(take(in), text);
-        EXPECT_EQ(process.rangeEnd, before);
+        EXPECT_EQ(process.range_end, before);
         EXPECT_EQ(process.kind, Kind::isobar);
     };
     const std::string incomplete = "Input incomplete or not valid";
@@ -460,11 +460,11 @@ TEST_F(ProcessLines, TheEndsOfAHeterogeneousLineMustHaveAnEquilibrium) {
         return take(in);
     };
     EXPECT_EQ(text(false, 100, 5000), "pressure for the final tie-line has to be p <= p(cr) = " +
-                                          numbers::General(substance.pcrit) + " kPa");
+                                          numbers::general(substance.pcrit) + " kPa");
     EXPECT_EQ(text(true, 300, 400), "temperature for the final tie-line has to be <= T(cr) = " +
-                                        numbers::General(substance.Tcrit) + " K");
+                                        numbers::general(substance.Tcrit) + " K");
     EXPECT_EQ(text(true, 400, 300), "temperature for the initial tie-line has to be <= T(cr) = " +
-                                        numbers::General(substance.Tcrit));
+                                        numbers::general(substance.Tcrit));
     EXPECT_EQ(text(true, 300, 350), "");
     EXPECT_NEAR(process.p1, diagrams::equilibrium_at_T(fluid(), 300).p, 1e-9);
     EXPECT_EQ(text(false, 100, 500), "");
@@ -495,13 +495,13 @@ TEST_F(ProcessLines, PolytropicInputIsChecked) {
 TEST_F(ProcessLines, AVapourFractionLiesBetweenZeroAndOne) {
     ProcessInput in;
     in.kind = Kind::vapourFraction;
-    in.vapourFraction = 1.1;
+    in.vapour_fraction = 1.1;
     EXPECT_EQ(take(in), "Input not in the valid range");
-    in.vapourFraction = kNone;
+    in.vapour_fraction = kNone;
     EXPECT_EQ(take(in), "Input not in the valid range");
-    in.vapourFraction = 0.3;
+    in.vapour_fraction = 0.3;
     EXPECT_EQ(take(in), "");
-    EXPECT_EQ(process.vapourFraction, 0.3);
+    EXPECT_EQ(process.vapour_fraction, 0.3);
 }
 
 TEST_F(ProcessLines, CodesAndTitlesFollowTheKind) {
@@ -513,12 +513,12 @@ TEST_F(ProcessLines, CodesAndTitlesFollowTheKind) {
         EXPECT_EQ(diagrams::process_request(diagrams::diagram_of(107), line, {}).curve->code, code);
     }
     EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(3)).title, "Adding an Isochore");
-    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(3)).heterogeneousTitle,
+    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(3)).heterogeneous_title,
               "Adding an Isochore in the Heterogeneous Region V- L");
     EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(4)).title,
               "Adding an Isentropic (= adiabatic reversible)");
     EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(4)).command, "calc. s");
-    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(5)).commandTip,
+    EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(5)).command_tip,
               " fixed value of the enthalpy ");
     EXPECT_EQ(diagrams::texts_of_process(static_cast<Kind>(8)).title,
               "Adding a Line of Const. Vapour Fraction y(V)");
@@ -536,7 +536,7 @@ TEST_F(ProcessLines, ALineOfOnePointIsExplained) {
 
 TEST_F(ProcessLines, TheStartStateIsDescribed) {
     activate("Propane");
-    const auto volume = [](double v) { return numbers::General(static_cast<float>(v)); };
+    const auto volume = [](double v) { return numbers::general(static_cast<float>(v)); };
     const double vV = solve(300, 500).vV;
     EXPECT_EQ(diagrams::start_state_text(basis(), Kind::isotherm, 300, 500),
               " v = " + volume(vV) + " m^3/kmol V-Phase");

@@ -74,7 +74,7 @@ TEST_F(SheetFile, LoadsWhatItSaved) {
     EXPECT_TRUE(diagrams::has_marker_labels(sheet));
     EXPECT_TRUE(diagrams::has_critical_point(sheet, true));
     EXPECT_FALSE(diagrams::has_critical_point(sheet, false));
-    EXPECT_TRUE(sheet.manualScaling);
+    EXPECT_TRUE(sheet.manual_scaling);
     // No parameter is known after a load.
     EXPECT_EQ(parameter(0, 1), 0);
     EXPECT_EQ(sheet_curve(0).parameter, diagrams::Parameter::none);
@@ -102,10 +102,10 @@ TEST_F(SheetFile, TakesTheWindowOfTheFile) {
     chart::save_chart(sheet.chart, path("a.oc2"));
     open(1);
     ASSERT_EQ(diagrams::load_oc2(sheet, path("a.oc2")).outcome, LoadOutcome::Loaded);
-    EXPECT_EQ(sheet.request.window.xMin, 1);
-    EXPECT_EQ(sheet.request.proposed.xMax, 2);
-    EXPECT_EQ(sheet.request.proposed.yMin, 3);
-    EXPECT_EQ(sheet.request.window.yMax, 4);
+    EXPECT_EQ(sheet.request.window.x_min, 1);
+    EXPECT_EQ(sheet.request.proposed.x_max, 2);
+    EXPECT_EQ(sheet.request.proposed.y_min, 3);
+    EXPECT_EQ(sheet.request.window.y_max, 4);
 }
 
 TEST_F(SheetFile, TakesAllCurvesAndPointsOfALargeFile) {
@@ -146,7 +146,7 @@ TEST_F(SheetFile, UndoesTheSwapBeforeALoad) {
     diagrams::change_xy(sheet);
     user.fileAnswers = {path("a.oc2")};
     ASSERT_EQ(load(), LoadOutcome::Loaded);
-    EXPECT_FALSE(sheet.swappedAxes);
+    EXPECT_FALSE(sheet.swapped_axes);
     EXPECT_EQ(sheet.chart.x.title, "v / (m^3/kmol)");
 }
 
@@ -194,7 +194,7 @@ TEST_F(SheetFile, TellsWhyItCannotSave) {
 }
 
 TEST_F(SheetFile, GivesTheShownPointsOfACurve) {
-    sheet.request.window.xMax = 100;
+    sheet.request.window.x_max = 100;
     store(points_on_line(3));
     sheet.chart.curves[0].y[1] = chart::kHole;
     const diagrams::CurvePoints points = diagrams::shown_points(sheet, 0);
@@ -205,7 +205,7 @@ TEST_F(SheetFile, GivesTheShownPointsOfACurve) {
 }
 
 TEST_F(SheetFile, CopiesACurveAsATable) {
-    sheet.request.window.xMax = 100;
+    sheet.request.window.x_max = 100;
     store(points_on_line(2, 300.5F, diagrams::Parameter::T));
     EXPECT_EQ(diagrams::curve_table(sheet, 0),
               "v / (m^3/kmol)\tp / kPa\tT/K\n1\t2\t300.5\n2\t4\t300.5\n");
@@ -288,7 +288,7 @@ TEST_F(SheetPoints, TakesPointsAndCurveFromTheEditor) {
     EXPECT_FALSE(diagrams::add_editor_points(sheet, {}, {}, ""));
     ASSERT_TRUE(diagrams::add_editor_points(sheet, {1}, {2}, "from paper"));
     EXPECT_EQ(sheet.chart.points[0].legend, "from paper");
-    sheet.request.window.xMax = 100;
+    sheet.request.window.x_max = 100;
     ASSERT_TRUE(diagrams::add_editor_curve(sheet, {1, 3}, {2, 4}, "  "));
     EXPECT_EQ(curve(0).y, (std::vector<float>{2, 4}));
     EXPECT_EQ(curve(0).legend, "manual data input");

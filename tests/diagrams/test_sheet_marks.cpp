@@ -23,7 +23,7 @@ class SheetMarks : public Sheet {
     std::vector<chart::Series> lines() const {
         std::vector<chart::Series> found;
         for (const chart::Series& s : sheet.chart.curves)
-            if (s.isReference) found.push_back(s);
+            if (s.is_reference) found.push_back(s);
         return found;
     }
     const Label* label(int index) const {
@@ -47,7 +47,7 @@ TEST_F(SheetMarks, DrawsAnIsothermAndNamesIt) {
     EXPECT_EQ(sheet_curve(0).parameter, diagrams::Parameter::T);
     EXPECT_EQ(parameter(0, 1), 300);
     // The vapour lies beyond this window; the tie-line leads to its edge.
-    EXPECT_EQ(curve(0).x.back(), sheet.request.window.xMax);
+    EXPECT_EQ(curve(0).x.back(), sheet.request.window.x_max);
     EXPECT_FLOAT_EQ(curve(0).y.back(), curve(0).y[curve(0).y.size() - 2]);
 }
 
@@ -85,7 +85,7 @@ TEST_F(SheetMarks, NamesAnIsochoreByItsPhaseWhenTheCriticalPointIsMarked) {
     sheet.at.v = 0.1;
     diagrams::draw(sheet, pen());
     EXPECT_EQ(curve(1).legend, "0.1 m^3/kmol  (L) ");
-    sheet.at.v = eosConstants.vcritCalc;
+    sheet.at.v = eosConstants.vcrit_calculated;
     diagrams::draw(sheet, pen());
     EXPECT_NE(curve(2).legend.find(" (cr) "), std::string::npos);
 }
@@ -99,7 +99,7 @@ TEST_F(SheetMarks, TheSlopeOfTheVapourPressureTellsItsMaximumOnce) {
     EXPECT_NE(sheet.chart.header.text.find("maximum"), std::string::npos);
     diagrams::draw(sheet, pen());
     EXPECT_EQ(sheet.request.texts.title, title) << "the remark is made once";
-    selection.VPModel = models::VapourPressureEquation::august;
+    selection.vapour_pressure = models::VapourPressureEquation::august;
     diagrams::draw(sheet, pen());
     EXPECT_EQ(sheet.request.texts.title, title.substr(0, remark));
 }
@@ -229,12 +229,12 @@ TEST_F(SheetMarks, MarksTemperaturesAcrossTheWindow) {
     const chart::Series critical = lines()[0];
     EXPECT_FLOAT_EQ(critical.y[0], static_cast<float>(substance.Tcrit));
     EXPECT_EQ(critical.x[0], -1e10F);
-    EXPECT_FLOAT_EQ(critical.x[1], sheet.request.window.xMax);
+    EXPECT_FLOAT_EQ(critical.x[1], sheet.request.window.x_max);
     EXPECT_EQ(label(1)->text, "T(cr)");
     EXPECT_NEAR(label(1)->x,
-                static_cast<double>(sheet.request.window.xMin) +
-                    (static_cast<double>(sheet.request.window.xMax) -
-                     static_cast<double>(sheet.request.window.xMin)) /
+                static_cast<double>(sheet.request.window.x_min) +
+                    (static_cast<double>(sheet.request.window.x_max) -
+                     static_cast<double>(sheet.request.window.x_min)) /
                         6,
                 1e-6);
     EXPECT_EQ(label(2)->text, "T(triple)");
@@ -254,13 +254,13 @@ TEST_F(SheetMarks, LeavesOutTheTripleLineWithoutATriplePoint) {
 }
 
 TEST_F(SheetMarks, AddsBoilingTemperaturesToTheGasPart) {
-    options.partialGas = true;
+    options.partial_gas = true;
     open(15);
     ASSERT_TRUE(diagrams::mark_temperatures(sheet, pen()));
     ASSERT_EQ(lines().size(), 4U);
     EXPECT_EQ(label(3)->text, "                      T(LV) at p");
     EXPECT_EQ(label(4)->text, "                      T(LV) at normal pressure");
-    const double TLV = models::boiling_temperature(substance, 1000, selection.VPModel).T;
+    const double TLV = models::boiling_temperature(substance, 1000, selection.vapour_pressure).T;
     EXPECT_NEAR(static_cast<double>(lines()[2].x[0]), TLV, 1e-3);
 }
 
@@ -290,7 +290,7 @@ TEST_F(SheetMarks, MarksVolumes) {
     ASSERT_TRUE(diagrams::mark_volume(sheet, pen()));
     ASSERT_TRUE(diagrams::mark_volume(sheet, pen()));
     ASSERT_EQ(lines().size(), 1U);
-    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(eosConstants.vcritCalc));
+    EXPECT_FLOAT_EQ(lines()[0].x[0], static_cast<float>(eosConstants.vcrit_calculated));
     EXPECT_EQ(lines()[0].y[0], -1e8F);
     ASSERT_TRUE(diagrams::mark_covolume(sheet, pen()));
     ASSERT_EQ(lines().size(), 2U);
@@ -308,8 +308,8 @@ TEST_F(SheetMarks, MarksTheCriticalPointsOfTheDataAndOfTheEquation) {
     ASSERT_TRUE(diagrams::mark_critical_point(sheet, pen(), false));
     const chart::Series& ex = sheet.chart.points[12];
     const chart::Series& calc = sheet.chart.points[13];
-    EXPECT_FLOAT_EQ(ex.x.at(0), static_cast<float>(substance.vcritExp));
-    EXPECT_FLOAT_EQ(calc.x.at(0), static_cast<float>(eosConstants.vcritCalc));
+    EXPECT_FLOAT_EQ(ex.x.at(0), static_cast<float>(substance.vcrit_measured));
+    EXPECT_FLOAT_EQ(calc.x.at(0), static_cast<float>(eosConstants.vcrit_calculated));
     EXPECT_FLOAT_EQ(calc.y.at(0), static_cast<float>(substance.pcrit));
     EXPECT_EQ(diagrams::point_set_count(sheet), 0);
     EXPECT_NE(label(7), nullptr);
@@ -327,7 +327,7 @@ TEST_F(SheetMarks, MarksTheCriticalPointInEveryDiagramOfStates) {
 }
 
 TEST_F(SheetMarks, RefusesACriticalPointWithoutAVolume) {
-    substance.vcritExp = 0;
+    substance.vcrit_measured = 0;
     open(1);
     EXPECT_FALSE(diagrams::mark_critical_point(sheet, pen(), true));
     expectRefusal("No critical density available");

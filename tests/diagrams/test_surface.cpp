@@ -20,14 +20,14 @@ using chart::SurfaceGrid;
 class Surface : public ActiveFluid {
   protected:
     static const diagrams::SurfaceKind& kind_of(int code) { return *diagrams::find_surface(code); }
-    diagrams::SurfaceLimits default_limits(int code, bool SCurve) const {
-        return diagrams::default_limits(kind_of(code), basis(), SCurve);
+    diagrams::SurfaceLimits default_limits(int code, bool s_curve) const {
+        return diagrams::default_limits(kind_of(code), basis(), s_curve);
     }
     /// The grid between the default limits, which the test may change for the next one.
-    SurfaceGrid grid(int code, int nx = 21, int ny = 17, bool SCurve = false) {
+    SurfaceGrid grid(int code, int nx = 21, int ny = 17, bool s_curve = false) {
         code_ = code;
-        SCurve_ = SCurve;
-        limits3D = default_limits(code, SCurve);
+        SCurve_ = s_curve;
+        limits3D = default_limits(code, s_curve);
         return again(nx, ny);
     }
     SurfaceGrid again(int nx, int ny) const {
@@ -55,12 +55,12 @@ TEST_F(Surface, TextsStandAsWorded) {
     EXPECT_EQ(texts(8).title, "Entropy s(p, T)");
     EXPECT_EQ(texts(9).title, "Gibbs Function g(p, T)");
     EXPECT_EQ(texts(10).title, "Exergy of H          e(p, T)");
-    EXPECT_EQ(texts(1).subTitle, " for Propane,  CEOS Peng / Robinson");
-    EXPECT_EQ(texts(4).xLabel, "v / (m^3/kmol)");
-    EXPECT_EQ(texts(4).yLabel, "p / kPa");
-    EXPECT_EQ(texts(4).zLabel, "T / K");
-    EXPECT_EQ(texts(7).zLabel, "h / (kJ/kmol) ");
-    EXPECT_EQ(texts(8).zLabel, "s / (kJ/kmol/K) ");
+    EXPECT_EQ(texts(1).sub_title, " for Propane,  CEOS Peng / Robinson");
+    EXPECT_EQ(texts(4).x_label, "v / (m^3/kmol)");
+    EXPECT_EQ(texts(4).y_label, "p / kPa");
+    EXPECT_EQ(texts(4).z_label, "T / K");
+    EXPECT_EQ(texts(7).z_label, "h / (kJ/kmol) ");
+    EXPECT_EQ(texts(8).z_label, "s / (kJ/kmol/K) ");
     EXPECT_EQ(texts(1).note, "");
     EXPECT_EQ(texts(5).note, "");
     EXPECT_EQ(texts(7).note, "reference state: 298.15 K, 101.325 kPa");
@@ -68,12 +68,12 @@ TEST_F(Surface, TextsStandAsWorded) {
     EXPECT_EQ(texts(9).note, texts(7).note);
     EXPECT_TRUE(texts(10).note.starts_with("surroundings: ")) << texts(10).note;
     set_units(3, 1);
-    EXPECT_EQ(texts(3).zLabel, "v / (m^3/kg)");
-    EXPECT_EQ(texts(5).zLabel, "cp / (kJ/kg/K)) ");
+    EXPECT_EQ(texts(3).z_label, "v / (m^3/kg)");
+    EXPECT_EQ(texts(5).z_label, "cp / (kJ/kg/K)) ");
     set_units(0, 2);
-    EXPECT_EQ(texts(1).xLabel, "V(red)");
-    EXPECT_EQ(texts(1).yLabel, "T(red)");
-    EXPECT_EQ(texts(1).zLabel, "p(red)");
+    EXPECT_EQ(texts(1).x_label, "V(red)");
+    EXPECT_EQ(texts(1).y_label, "T(red)");
+    EXPECT_EQ(texts(1).z_label, "p(red)");
     for (const menu::Row& row : menu::graph_rows()) {
         if (row.action != "Diagram3D") continue;
         EXPECT_NE(diagrams::find_surface(row.code), nullptr) << row.caption;
@@ -86,8 +86,8 @@ TEST_F(Surface, RangesAreSharesOfTheCriticalValues) {
     const double vc = static_cast<double>(substance.M) / substance.rhocrit;
     struct Expected {
         int kind;
-        bool SCurve;
-        double pMin, pMax, TMin, TMax, vMax;
+        bool s_curve;
+        double p_min, p_max, T_min, T_max, v_max;
     };
     for (const Expected& e : {Expected{1, true, 0.001, 1.6 * pc, 0.93 * Tc, 1.3 * Tc, 7 * vc},
                               Expected{1, false, 500, 1.6 * pc, 0.75 * Tc, 1.3 * Tc, 11.5 * vc},
@@ -95,22 +95,22 @@ TEST_F(Surface, RangesAreSharesOfTheCriticalValues) {
                               Expected{4, false, 0.05 * pc, 1.6 * pc, 0.4 * Tc, 2 * Tc, 13 * vc},
                               Expected{5, false, 0, 1.8 * pc, 0.75 * Tc, 1.4 * Tc, 0},
                               Expected{10, false, 0, 1.8 * pc, 0.75 * Tc, 1.4 * Tc, 0}}) {
-        const auto g = default_limits(e.kind, e.SCurve);
-        EXPECT_PRED2(Close, g.pMin, e.pMin) << e.kind;
-        EXPECT_PRED2(Close, g.pMax, e.pMax) << e.kind;
-        EXPECT_PRED2(Close, g.TMin, e.TMin) << e.kind;
-        EXPECT_PRED2(Close, g.TMax, e.TMax) << e.kind;
-        EXPECT_EQ(g.vMin, 0);
-        EXPECT_PRED2(Close, g.vMax, e.vMax) << e.kind;
-        EXPECT_EQ(g.zMin, -0.01111F);
-        EXPECT_EQ(g.zMax, 0.01111F);
+        const auto g = default_limits(e.kind, e.s_curve);
+        EXPECT_PRED2(Close, g.p_min, e.p_min) << e.kind;
+        EXPECT_PRED2(Close, g.p_max, e.p_max) << e.kind;
+        EXPECT_PRED2(Close, g.T_min, e.T_min) << e.kind;
+        EXPECT_PRED2(Close, g.T_max, e.T_max) << e.kind;
+        EXPECT_EQ(g.v_min, 0);
+        EXPECT_PRED2(Close, g.v_max, e.v_max) << e.kind;
+        EXPECT_EQ(g.z_min, -0.01111F);
+        EXPECT_EQ(g.z_max, 0.01111F);
     }
     set_units(0, 2);
-    EXPECT_PRED2(Close, default_limits(1, false).TMax, 1.3);
-    EXPECT_PRED2(Close, default_limits(1, false).pMin, 500 / pc);
-    EXPECT_PRED2(Close, default_limits(3, false).vMax, 13 * vc / eosConstants.vcritCalc);
+    EXPECT_PRED2(Close, default_limits(1, false).T_max, 1.3);
+    EXPECT_PRED2(Close, default_limits(1, false).p_min, 500 / pc);
+    EXPECT_PRED2(Close, default_limits(3, false).v_max, 13 * vc / eosConstants.vcrit_calculated);
     substance.rhocrit = 0;
-    EXPECT_EQ(default_limits(1, false).vMax, 3.0F);
+    EXPECT_EQ(default_limits(1, false).v_max, 3.0F);
 }
 
 TEST_F(Surface, BelowTheCriticalTemperatureTheTwoPhaseRegionIsAPlane) {
@@ -130,7 +130,7 @@ TEST_F(Surface, BelowTheCriticalTemperatureTheTwoPhaseRegionIsAPlane) {
             } else {
                 EXPECT_NEAR(value(g, i, j) / pressure(T, v), 1, 1e-6);
             }
-            EXPECT_LE(value(g, i, j), limits3D.pMax);
+            EXPECT_LE(value(g, i, j), limits3D.p_max);
         }
     }
     EXPECT_GT(plane, 100);
@@ -158,9 +158,9 @@ TEST_F(Surface, WhatLiesAboveTheLimitIsAHoleWithTheValueBehindIt) {
     const SurfaceGrid g = grid(1, 31, 31);
     int behind = 0;
     for (std::size_t k = 0; k < g.z.size(); ++k) {
-        EXPECT_TRUE(g.is_hole(g.z[k]) || g.is_hole(g.zBehindHoles[k]));
-        if (g.is_hole(g.zBehindHoles[k])) continue;
-        EXPECT_GT(g.zBehindHoles[k], limits3D.pMax);
+        EXPECT_TRUE(g.is_hole(g.z[k]) || g.is_hole(g.z_behind_holes[k]));
+        if (g.is_hole(g.z_behind_holes[k])) continue;
+        EXPECT_GT(g.z_behind_holes[k], limits3D.p_max);
         ++behind;
     }
     EXPECT_GT(behind, 10);
@@ -174,9 +174,9 @@ TEST_F(Surface, VolumesAreThoseOfTheStableState) {
         for (int j = 0; j < g.ny; ++j) {
             if (hole(g, i, j)) continue;
             const models::StateTP state = solve(g.y(j), g.x(i));
-            const double v = state.hasV ? state.vV : state.vL;
+            const double v = state.has_V ? state.vV : state.vL;
             EXPECT_NEAR(value(g, i, j) / v, 1, 1e-5);
-            EXPECT_LE(value(g, i, j), limits3D.vMax);
+            EXPECT_LE(value(g, i, j), limits3D.v_max);
             ++points;
         }
     EXPECT_GT(points, 300);
@@ -184,20 +184,20 @@ TEST_F(Surface, VolumesAreThoseOfTheStableState) {
 
 TEST_F(Surface, TemperaturesSatisfyTheEquationOrTheEquilibrium) {
     activate("Propane");
-    for (const bool SCurve : {false, true}) {
-        const SurfaceGrid g = grid(4, 25, 25, SCurve);
+    for (const bool s_curve : {false, true}) {
+        const SurfaceGrid g = grid(4, 25, 25, s_curve);
         int points = 0;
         for (int i = 1; i < g.nx; ++i)
             for (int j = 0; j < g.ny; ++j) {
                 if (hole(g, i, j)) continue;
                 const double v = g.x(i), p = g.y(j), T = value(g, i, j);
                 const auto e = diagrams::equilibrium_at_p(fluid(), p);
-                if (!SCurve && e.found && v > e.vL && v < e.vV) {
+                if (!s_curve && e.found && v > e.vL && v < e.vV) {
                     EXPECT_FLOAT_EQ(static_cast<float>(T), static_cast<float>(e.T));
                 } else {
                     EXPECT_NEAR(pressure(T, v), p, 2e-4 * p + 1);
                 }
-                EXPECT_LE(T, limits3D.TMax);
+                EXPECT_LE(T, limits3D.T_max);
                 ++points;
             }
         EXPECT_GT(points, 400);
@@ -223,7 +223,7 @@ TEST_F(Surface, CaloricSurfacesAreDirectEvaluationsOfTheStates) {
                     const double T = g.y(j) / static_cast<double>(basis().units.T);
                     if (p == 0) p = 0.05;
                     const models::StateTP state = solve(T, p);
-                    const double v = state.hasV ? state.vV : state.vL;
+                    const double v = state.has_V ? state.vV : state.vL;
                     const double expected = functions(T, p, v).*member * factor;
                     ASSERT_FALSE(hole(g, i, j)) << kind;
                     EXPECT_NEAR(value(g, i, j), expected, 1e-5 * std::fabs(expected) + 1e-3);
@@ -239,12 +239,12 @@ TEST_F(Surface, ClippingLimitsMakeHolesUnlessTheyStandForNone) {
         return std::count_if(g.z.begin(), g.z.end(), [&](float z) { return g.is_hole(z); });
     };
     EXPECT_EQ(holes(), 0) << "-0.01111 and 0.01111 clip nothing";
-    limits3D.zMax = 0;
+    limits3D.z_max = 0;
     g = again(21, 17);
     const auto above = holes();
     EXPECT_GT(above, 0);
     for (const float z : g.z) EXPECT_TRUE(g.is_hole(z) || z <= 0);
-    limits3D.zMin = -5000;
+    limits3D.z_min = -5000;
     g = again(21, 17);
     EXPECT_GT(holes(), above);
     for (const float z : g.z) EXPECT_TRUE(g.is_hole(z) || (z <= 0 && z >= -5000));
@@ -255,9 +255,9 @@ TEST_F(Surface, NodesLieBetweenTheLimitsAtEqualSteps) {
     const SurfaceGrid g = grid(7, 11, 6);
     EXPECT_EQ(g.nx, 11);
     EXPECT_EQ(g.ny, 6);
-    EXPECT_FLOAT_EQ(static_cast<float>(g.x(0)), limits3D.pMin);
-    EXPECT_FLOAT_EQ(static_cast<float>(g.x(10)), limits3D.pMax);
-    EXPECT_FLOAT_EQ(static_cast<float>(g.y(5)), limits3D.TMax);
+    EXPECT_FLOAT_EQ(static_cast<float>(g.x(0)), limits3D.p_min);
+    EXPECT_FLOAT_EQ(static_cast<float>(g.x(10)), limits3D.p_max);
+    EXPECT_FLOAT_EQ(static_cast<float>(g.y(5)), limits3D.T_max);
     EXPECT_TRUE(g.is_complete());
     EXPECT_EQ(grid(7, 1, 5000).nx, 2);
     EXPECT_EQ(grid(7, 1, 5000).ny, 201);
@@ -265,7 +265,7 @@ TEST_F(Surface, NodesLieBetweenTheLimitsAtEqualSteps) {
 
 TEST_F(Surface, WithoutACpFormThereIsNoCaloricSurface) {
     activate("Propane");
-    selection.CpModel = codes::cp(0);
+    selection.cp_form = codes::cp(0);
     const SurfaceGrid g = grid(7);
     EXPECT_FALSE(diagrams::has_surface(g));
     const diagrams::SurfaceSheet sheet = diagrams::open_surface(kind_of(7), basis(), false, 11, 11);
@@ -292,12 +292,12 @@ TEST_F(Surface, LimitsMustRise) {
     const auto& kind = *diagrams::find_surface(1);
     diagrams::SurfaceLimits g = default_limits(1, false);
     EXPECT_EQ(diagrams::refusal_of(g, kind), "");
-    g.TMax = g.TMin;
+    g.T_max = g.T_min;
     EXPECT_EQ(diagrams::refusal_of(g, kind), "Lower limits have to be smaller then upper limits!");
     g = default_limits(7, false);
     EXPECT_EQ(diagrams::refusal_of(g, *diagrams::find_surface(7)), "");
-    g.zMin = 10;
-    g.zMax = -10;
+    g.z_min = 10;
+    g.z_max = -10;
     EXPECT_NE(diagrams::refusal_of(g, *diagrams::find_surface(7)), "");
 }
 
@@ -313,7 +313,7 @@ TEST_F(Surface, TheCriticalPointIsMarkedOnEverySurfaceButThatOfCp) {
     }
     diagrams::SurfaceSheet sheet = diagrams::open_surface(kind_of(1), basis(), false, 5, 5);
     diagrams::add_critical_point(sheet);
-    EXPECT_EQ(sheet.chart.markers.back().x, eosConstants.vcritCalc);
+    EXPECT_EQ(sheet.chart.markers.back().x, eosConstants.vcrit_calculated);
     EXPECT_EQ(sheet.chart.markers.back().y, substance.Tcrit);
     EXPECT_EQ(sheet.chart.markers.back().z, substance.pcrit);
     sheet = diagrams::open_surface(kind_of(5), basis(), false, 5, 5);
@@ -324,7 +324,7 @@ TEST_F(Surface, TheCriticalPointIsMarkedOnEverySurfaceButThatOfCp) {
 TEST_F(Surface, OpensWithTheDefaultLimitsOfItsFluid) {
     activate("Propane");
     const diagrams::SurfaceSheet sheet = diagrams::open_surface(kind_of(7), basis(), false);
-    EXPECT_PRED2(Close, sheet.limits.TMax, 1.4 * substance.Tcrit);
+    EXPECT_PRED2(Close, sheet.limits.T_max, 1.4 * substance.Tcrit);
 }
 
 TEST_F(Surface, TheChartTakesLimitsTitlesAndSurface) {
@@ -333,7 +333,7 @@ TEST_F(Surface, TheChartTakesLimitsTitlesAndSurface) {
     const chart::Chart3D& chart = sheet.chart;
     EXPECT_EQ(chart.surface.nx, 15);
     EXPECT_EQ(chart.x.title, "v / (m^3/kmol)");
-    EXPECT_EQ(chart.z.max, static_cast<double>(sheet.limits.pMax));
+    EXPECT_EQ(chart.z.max, static_cast<double>(sheet.limits.p_max));
     EXPECT_FALSE(chart.z.automatic);
     EXPECT_EQ(chart.header.text, "Pressure p(v, T)");
     EXPECT_EQ(chart.subtitle.text, " for Propane,  CEOS Peng / Robinson");

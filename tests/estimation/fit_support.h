@@ -35,14 +35,14 @@ inline std::vector<datafiles::FitPoint> Points(const std::vector<double>& x,
 }
 
 /// A problem over points that outlive it.
-inline FitProblem Problem(estimation::ModelFunction model, std::int16_t nPar,
+inline FitProblem Problem(estimation::ModelFunction model, std::int16_t parameter_count,
                           const std::vector<datafiles::FitPoint>& points) {
     FitProblem problem;
     problem.model = model;
-    problem.nPar = nPar;
+    problem.parameter_count = parameter_count;
     problem.points = points;
     for (const auto& point : points)
-        if (!estimation::IsActive(point)) ++problem.NInactive;
+        if (!estimation::is_active(point)) ++problem.inactive_count;
     return problem;
 }
 
@@ -53,10 +53,10 @@ inline FitState State(std::int16_t model, std::vector<datafiles::FitPoint> point
     state.lg = lg;
     state.substance = substance;
     estimation::choose_model(state, model);
-    state.FitPoints = std::move(points);
-    state.NPoints = static_cast<std::int16_t>(state.FitPoints.size());
-    for (const auto& point : state.FitPoints)
-        if (!estimation::IsActive(point)) ++state.NInactive;
+    state.points = std::move(points);
+    state.point_count = static_cast<std::int16_t>(state.points.size());
+    for (const auto& point : state.points)
+        if (!estimation::is_active(point)) ++state.inactive_count;
     return state;
 }
 

@@ -65,7 +65,7 @@ inline std::string name_of(const Synthetic& set) {
 /// Points of the model itself; `count` of them, equally spaced.
 inline std::vector<datafiles::FitPoint> SyntheticPoints(const Synthetic& set, int count) {
     FitState state = State(set.model, {}, WaterLike(), set.lg);
-    state.FitPar = set.truth;
+    state.parameters = set.truth;
     std::vector<datafiles::FitPoint> points;
     for (int i = 0; i < count; ++i) {
         const double x = static_cast<double>(
@@ -80,14 +80,14 @@ inline std::vector<datafiles::FitPoint> SyntheticPoints(const Synthetic& set, in
 /// The view with a model and its points; parameters that the truth needs are free.
 inline FitState SyntheticState(const Synthetic& set, int count) {
     FitState state = State(set.model, SyntheticPoints(set, count), WaterLike(), set.lg);
-    if (set.model == 0) state.FitFixed[3] = false;
+    if (set.model == 0) state.fixed[3] = false;
     return state;
 }
 
 /// The largest relative deviation of the fitted function from the points, infinite where it fails.
 inline double WorstDeviation(const FitState& state) {
     double worst = 0;
-    for (const auto& p : state.FitPoints) {
+    for (const auto& p : state.points) {
         double y = 0;
         if (!evaluate_fit(state, static_cast<double>(p.x), y))
             return std::numeric_limits<double>::infinity();

@@ -143,8 +143,8 @@ TEST(FitModels, HyperbolicHelpersFollowTheirDefinitions) {
 struct Catalogue {
     std::int16_t number;
     const char* name;
-    std::int16_t NPar;
-    Parameters start, startLg;
+    std::int16_t parameter_count;
+    Parameters start, start_lg;
     Parameters scale;
     const char* fixed;  // letters A to G
     const char* labels;
@@ -248,16 +248,16 @@ TEST(FitModels, CatalogueHoldsStartsScalesAndMarks) {
         EXPECT_EQ(row->name, expected.name);
         for (const bool lg : {false, true}) {
             FitState state = State(expected.number, {}, substance, lg);
-            EXPECT_EQ(state.FitModel, expected.number);
-            EXPECT_EQ(state.NPar, expected.NPar);
-            EXPECT_EQ(state.FitStart, lg ? expected.startLg : expected.start);
-            EXPECT_EQ(state.FitScale, expected.scale);
+            EXPECT_EQ(state.model, expected.number);
+            EXPECT_EQ(state.parameter_count, expected.parameter_count);
+            EXPECT_EQ(state.start, lg ? expected.start_lg : expected.start);
+            EXPECT_EQ(state.scale, expected.scale);
             for (std::size_t i = 0; i < 7; ++i)
-                EXPECT_EQ(state.FitFixed[i],
+                EXPECT_EQ(state.fixed[i],
                           std::string(expected.fixed).find("ABCDEFG"[i]) != std::string::npos)
                     << i;
         }
-        for (std::size_t i = 0; i < static_cast<std::size_t>(expected.NPar); ++i) {
+        for (std::size_t i = 0; i < static_cast<std::size_t>(expected.parameter_count); ++i) {
             const char letter = expected.labels[i];
             const std::string label = letter == 'a'   ? "alpha = "
                                       : letter == 'b' ? "beta = "
@@ -279,10 +279,10 @@ TEST(FitModels, CriticalDataArePresetWhereAModelNeedsThem) {
     substance.Tcrit = 500;
     substance.pcrit = 3000;
     for (const auto& row : estimation::fit_models()) {
-        const bool needsTcr = row.number == 6 || (row.number >= 8 && row.number <= 10) ||
-                              row.number == 14 || row.number == 15;
+        const bool needs_Tcr = row.number == 6 || (row.number >= 8 && row.number <= 10) ||
+                               row.number == 14 || row.number == 15;
         const FitState state = State(row.number, {}, substance);
-        EXPECT_EQ(state.Tcr, needsTcr ? 500 : 0) << row.number;
+        EXPECT_EQ(state.Tcr, needs_Tcr ? 500 : 0) << row.number;
         EXPECT_EQ(state.pcr, row.number == 8 ? 3000 : 0) << row.number;
     }
 }
@@ -290,7 +290,7 @@ TEST(FitModels, CriticalDataArePresetWhereAModelNeedsThem) {
 TEST(FitModels, OnlyTheModelsThreeToSevenHaveADecadicForm) {
     for (const auto& row : estimation::fit_models()) {
         const bool decadic = row.number >= 3 && row.number <= 7;
-        EXPECT_EQ(!row.captionLg.empty(), decadic) << row.number;
+        EXPECT_EQ(!row.caption_lg.empty(), decadic) << row.number;
         FitState state = State(row.number, {}, {}, true);
         EXPECT_EQ(context_of(state).L, decadic ? kLn10 : 1.0);
         state.lg = false;
@@ -321,8 +321,8 @@ TEST(FitModels, TabsCarryTheirCaptionsAndUnits) {
 TEST(FitModels, AnUnknownNumberChangesNothing) {
     FitState state = State(9, {});
     EXPECT_FALSE(choose_model(state, 12));
-    EXPECT_EQ(state.FitModel, 9);
-    EXPECT_EQ(state.NPar, 3);
+    EXPECT_EQ(state.model, 9);
+    EXPECT_EQ(state.parameter_count, 3);
 }
 
 }  // namespace

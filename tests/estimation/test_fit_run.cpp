@@ -58,10 +58,10 @@ TEST_F(FitRun, PointsComeFromTheColumnOfTheTpvEditor) {
         {1, 100.0F}, {2, 801.0F}, {3, 9.0F}, {4, 20001.0F}, {5, 76.0F}};
     for (const auto& [column, y] : columns) {
         const FitState state = of_data(three_lines(), column);
-        EXPECT_EQ(state.NPoints, 3);
-        EXPECT_EQ(state.NInactive, 0);
-        EXPECT_EQ(state.FitPoints[0].x, 301.0F);
-        EXPECT_EQ(state.FitPoints[0].y, y);
+        EXPECT_EQ(state.point_count, 3);
+        EXPECT_EQ(state.inactive_count, 0);
+        EXPECT_EQ(state.points[0].x, 301.0F);
+        EXPECT_EQ(state.points[0].y, y);
         EXPECT_EQ(fit_title(state),
                   " Fitting y = f(T) (3 (active) sets of data loaded from T-p-V editor");
     }
@@ -72,27 +72,27 @@ TEST_F(FitRun, LinesWithoutTemperatureOrSwitchedOffAreInactive) {
     data[0].skip = -1;
     data[1].T = 0;
     const FitState state = of_data(data);
-    EXPECT_EQ(state.NPoints, 3);
-    EXPECT_EQ(state.NInactive, 2);
-    EXPECT_EQ(state.FitPoints[0].mark, kInactive);
-    EXPECT_EQ(state.FitPoints[1].mark, kInactive);
-    EXPECT_NE(state.FitPoints[2].mark, kInactive);
+    EXPECT_EQ(state.point_count, 3);
+    EXPECT_EQ(state.inactive_count, 2);
+    EXPECT_EQ(state.points[0].mark, kInactive);
+    EXPECT_EQ(state.points[1].mark, kInactive);
+    EXPECT_NE(state.points[2].mark, kInactive);
 }
 
 TEST_F(FitRun, LinesWithoutAValueInTheColumnAreInactive) {
     auto data = three_lines();
     data[2].cp = 0;
     const FitState state = of_data(data, 5);
-    EXPECT_EQ(state.NInactive, 1);
-    EXPECT_EQ(state.FitPoints[2].mark, kInactive);
+    EXPECT_EQ(state.inactive_count, 1);
+    EXPECT_EQ(state.points[2].mark, kInactive);
 }
 
 TEST_F(FitRun, PointsComeFromTheXyEditor) {
     const FitState state = of_points({{1, 2, 0}, {0, 5, 0}, {3, 0, 0}, {4, 1, kInactive}});
-    EXPECT_EQ(state.NPoints, 4);
-    EXPECT_EQ(state.NInactive, 2);
-    EXPECT_EQ(state.FitPoints[1].mark, kInactive);
-    EXPECT_NE(state.FitPoints[2].mark, kInactive);
+    EXPECT_EQ(state.point_count, 4);
+    EXPECT_EQ(state.inactive_count, 2);
+    EXPECT_EQ(state.points[1].mark, kInactive);
+    EXPECT_NE(state.points[2].mark, kInactive);
     EXPECT_EQ(fit_title(state), " Fitting y = f(T) (2 (active) sets of data loaded from XY editor");
     EXPECT_EQ(fit_title(of_points({})), " Fitting y = f(T) (data not yet loaded)");
 }
@@ -101,21 +101,21 @@ TEST_F(FitRun, PointsThatAreNoNumbersAreInactive) {
     const float infinite = std::numeric_limits<float>::infinity();
     const FitState state =
         of_points({{1, infinite, 0}, {2, std::nanf(""), 0}, {infinite, 1, 0}, {4, 1, 0}});
-    EXPECT_EQ(state.NInactive, 3);
+    EXPECT_EQ(state.inactive_count, 3);
     // Even an active one never brings a result that is no number.
     FitState raw = State(11, Points({{1, 1}, {2, 2}, {3, 3}, {4, 4}, {5, 5}, {6, 6}}));
-    raw.FitPoints[2].y = std::nanf("");
+    raw.points[2].y = std::nanf("");
     ASSERT_TRUE(start_fit(raw));
-    for (const double p : raw.FitPar) EXPECT_TRUE(std::isfinite(p));
-    EXPECT_TRUE(std::isfinite(raw.SQ));
-    EXPECT_TRUE(std::isfinite(raw.sR));
+    for (const double p : raw.parameters) EXPECT_TRUE(std::isfinite(p));
+    EXPECT_TRUE(std::isfinite(raw.sum_of_squares));
+    EXPECT_TRUE(std::isfinite(raw.residual_deviation));
 }
 
 TEST_F(FitRun, MorePointsThanSixteenBitsCountAreCutAndTold) {
     FitState state;
     const auto note = estimation::set_fit_points(
         state, std::vector<datafiles::FitPoint>(40000, {1, 1, 0}), false);
-    EXPECT_EQ(state.NPoints, 32767);
+    EXPECT_EQ(state.point_count, 32767);
     EXPECT_EQ(note, "Only the first 32767 points are used.");
 }
 
@@ -140,71 +140,71 @@ TEST_F(FitRun, RefusalsComeInTheirOrder) {
     expectRefusal(state, tooFew);
     // Exactly as many active points as parameters are too few, one more is enough.
     state = State(3, Points({{300, 3}, {320, 10}, {340, 30}, {360, 70}}));
-    state.FitPoints[2].mark = kInactive;
-    state.NInactive = 1;
+    state.points[2].mark = kInactive;
+    state.inactive_count = 1;
     expectRefusal(state, tooFew);
-    state.FitPoints[2].mark = 0;
-    state.NInactive = 0;
+    state.points[2].mark = 0;
+    state.inactive_count = 0;
     EXPECT_TRUE(start_fit(state));
 }
 
 TEST_F(FitRun, StartsAndResultsAreInTheirOwnUnits) {
     // The scale of A is 10: a fixed A of 620 must come back as 620.
     FitState state = SyntheticState({11, false, {620, 3.2, -0.0072, 3.1e-6}, 280, 450}, 20);
-    state.FitStart = {620, 1, 0, 0};
-    state.FitFixed = {true, false, false, false};
+    state.start = {620, 1, 0, 0};
+    state.fixed = {true, false, false, false};
     ASSERT_TRUE(start_fit(state));
-    EXPECT_DOUBLE_EQ(state.FitPar[0], 620);
-    EXPECT_NEAR(state.FitPar[1], 3.2, 1e-4);
-    EXPECT_EQ(state.FitStdDev[0], 0);
+    EXPECT_DOUBLE_EQ(state.parameters[0], 620);
+    EXPECT_NEAR(state.parameters[1], 3.2, 1e-4);
+    EXPECT_EQ(state.std_dev[0], 0);
 }
 
 TEST_F(FitRun, MissingStandardDeviationsTakeNoScale) {
     FitState state =
         SyntheticState({16, false, {32.2, 0.0019, 1.055e-5, -3.6e-9, 0}, 280, 1000}, 20);
     ASSERT_TRUE(start_fit(state));
-    for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(state.FitStdDev[i], kNoStdDev);
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(state.std_dev[i], kNoStdDev);
     EXPECT_TRUE(state.report.singular);
-    EXPECT_TRUE(state.report.withoutInfluence[4]);
+    EXPECT_TRUE(state.report.without_influence[4]);
     // The intervals of the other parameters can be had all the same.
-    EXPECT_GT(state.report.halfWidth[0], 0);
-    EXPECT_EQ(state.report.halfWidth[4], kNoStdDev);
+    EXPECT_GT(state.report.half_width[0], 0);
+    EXPECT_EQ(state.report.half_width[4], kNoStdDev);
 }
 
 TEST_F(FitRun, ThodosShowsDAndNoDeviationForIt) {
     FitState state = SyntheticState({6, true, {23.55, -2980, 273.15, 0, 3.5}, 300, 620}, 30);
-    state.FitFixed[3] = false;  // a computed parameter is never adjusted
-    state.FitStart = {23, -2900, 273.15, 5, 4};
-    state.FitLogSQ = true;
+    state.fixed[3] = false;  // a computed parameter is never adjusted
+    state.start = {23, -2900, 273.15, 5, 4};
+    state.logarithmic = true;
     ASSERT_TRUE(start_fit(state));
-    EXPECT_NEAR(state.FitPar[3], 1.8 * state.FitPar[1] / 647.096 + 2.67, 1e-9);
-    EXPECT_EQ(state.FitStdDev[3], 0);
+    EXPECT_NEAR(state.parameters[3], 1.8 * state.parameters[1] / 647.096 + 2.67, 1e-9);
+    EXPECT_EQ(state.std_dev[3], 0);
     EXPECT_FALSE(state.report.singular);
 }
 
 TEST_F(FitRun, ResultsBecomeStarts) {
     FitState state = SyntheticState({11, false, {620, 3.2, -0.0072, 3.1e-6}, 280, 450}, 20);
-    const Parameters start = state.FitStart;
+    const Parameters start = state.start;
     take_all_results_as_start(state);  // nothing is fitted yet
-    EXPECT_EQ(state.FitStart, start);
+    EXPECT_EQ(state.start, start);
     ASSERT_TRUE(start_fit(state));
     take_result_as_start(state, 1);
-    EXPECT_EQ(state.FitStart[0], start[0]);
-    EXPECT_EQ(state.FitStart[1], state.FitPar[1]);
+    EXPECT_EQ(state.start[0], start[0]);
+    EXPECT_EQ(state.start[1], state.parameters[1]);
     take_all_results_as_start(state);
-    for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(state.FitStart[i], state.FitPar[i]);
+    for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(state.start[i], state.parameters[i]);
     take_result_as_start(state, 7);
     take_result_as_start(state, -1);
 }
 
 TEST_F(FitRun, AFixedParameterOfALinearModelIsLeftOut) {
     FitState state = State(0, Points({{1, 2}, {2, 4}, {3, 7}, {4, 8}, {5, 9}, {6, 13}, {7, 15}}));
-    state.FitFixed = {true, false, true, true, true, true};
-    state.FitStart = {100, 100, 100, 100, 100, 100};
+    state.fixed = {true, false, true, true, true, true};
+    state.start = {100, 100, 100, 100, 100, 100};
     ASSERT_TRUE(start_fit(state));
-    EXPECT_EQ(state.FitPar[0], 0);
-    EXPECT_NEAR(state.FitPar[1], (2 + 8 + 21 + 32 + 45 + 78 + 105) / 140.0, 1e-12);
-    EXPECT_EQ(state.FitStdDev[0], 0);
+    EXPECT_EQ(state.parameters[0], 0);
+    EXPECT_NEAR(state.parameters[1], (2 + 8 + 21 + 32 + 45 + 78 + 105) / 140.0, 1e-12);
+    EXPECT_EQ(state.std_dev[0], 0);
 }
 
 TEST_F(FitRun, CombiExpressionNeedsPositiveXForItsLastTerms) {
@@ -213,7 +213,7 @@ TEST_F(FitRun, CombiExpressionNeedsPositiveXForItsLastTerms) {
     FitState state = State(1, points);
     expectRefusal(state,
                   "For this fitting model all actíve x-values have to be greater than zero.");
-    state.FitFixed = {false, false, false, false, true, true, true};
+    state.fixed = {false, false, false, false, true, true, true};
     EXPECT_TRUE(start_fit(state));
     // A point at x = 0 as the engine may meet it.
     auto zero = points;
@@ -233,60 +233,61 @@ TEST_F(FitRun, DependentTermsOfALinearModelAreLeftAlone) {
     // At x = 1 and x = -1 alone, x^2 is 1 and x^3 is x: only A and B can be found.
     FitState state =
         State(0, Points({{1, 5}, {1, 7}, {1, 6}, {1, 6}, {-1, 1}, {-1, 3}, {-1, 2}, {-1, 2}}));
-    state.FitFixed = {false, false, false, false, true, true};
+    state.fixed = {false, false, false, false, true, true};
     ASSERT_TRUE(start_fit(state));
-    EXPECT_DOUBLE_EQ(state.FitPar[0], 4);
-    EXPECT_DOUBLE_EQ(state.FitPar[1], 2);
-    EXPECT_EQ(state.FitPar[2], 0);
-    EXPECT_EQ(state.FitPar[3], 0);
-    EXPECT_DOUBLE_EQ(state.SQ, 4);
+    EXPECT_DOUBLE_EQ(state.parameters[0], 4);
+    EXPECT_DOUBLE_EQ(state.parameters[1], 2);
+    EXPECT_EQ(state.parameters[2], 0);
+    EXPECT_EQ(state.parameters[3], 0);
+    EXPECT_DOUBLE_EQ(state.sum_of_squares, 4);
     EXPECT_TRUE(state.report.singular);
-    EXPECT_EQ(state.FitStdDev[0], kNoStdDev);
+    EXPECT_EQ(state.std_dev[0], kNoStdDev);
 }
 
 TEST_F(FitRun, ALinearOverflowIsTold) {
     FitState state = State(
         0, Points({{1e35, 1}, {2e35, 2}, {3e35, 3}, {4e35, 4}, {5e35, 5}, {6e35, 6}, {7e35, 7}}));
-    state.FitFixed = {};
+    state.fixed = {};
     expectRefusal(state, "Overflow");
-    EXPECT_EQ(state.FitPar, Parameters{});
+    EXPECT_EQ(state.parameters, Parameters{});
 }
 
 TEST_F(FitRun, QualityTextsAreThoseOfTheModel) {
     FitState state =
         State(4, Points({{300, 3.5}, {320, 10.5}, {340, 27}, {360, 62}, {373.15, 101}}));
-    state.FitPoints[1].mark = kInactive;
-    state.NInactive = 1;
-    state.SQ = 0.0123456789;
-    state.sR = 0.25;
+    state.points[1].mark = kInactive;
+    state.inactive_count = 1;
+    state.sum_of_squares = 0.0123456789;
+    state.residual_deviation = 0.25;
     const estimation::QualityTexts texts = quality_of(state);
     EXPECT_EQ(texts.caption, "Quality of the fitting (N = 4, NPar = 3)");
-    EXPECT_EQ(texts.SQ, "SQ = 0.01234568");
-    EXPECT_EQ(texts.sR, "s(R) = 0.25");
-    EXPECT_EQ(texts.explainSQ, "sum of squares SQ = sum[(p(i),calc - p(i),exp)^2]");
-    EXPECT_EQ(texts.explainSR, "resid. standard deviation s(R) = SQRT(FQS / (N -NPar))");
+    EXPECT_EQ(texts.sum_of_squares, "SQ = 0.01234568");
+    EXPECT_EQ(texts.residual_deviation, "s(R) = 0.25");
+    EXPECT_EQ(texts.explain_sum_of_squares, "sum of squares SQ = sum[(p(i),calc - p(i),exp)^2]");
+    EXPECT_EQ(texts.explain_residual_deviation,
+              "resid. standard deviation s(R) = SQRT(FQS / (N -NPar))");
     EXPECT_EQ(texts.symbols,
               " SQRT = square root, N = number of measuring points, NPar = number of adjustable "
               "parameters ");
-    state.FitLogSQ = true;
-    EXPECT_EQ(quality_of(state).explainSQ,
+    state.logarithmic = true;
+    EXPECT_EQ(quality_of(state).explain_sum_of_squares,
               "sum of squares SQ = sum[ln((p(i),calc) - ln(p(i),exp))^2]");
-    EXPECT_EQ(quality_of(State(9, {})).explainSQ,
+    EXPECT_EQ(quality_of(State(9, {})).explain_sum_of_squares,
               "sum of squares SQ = sum[(y(i),calc - y(i),exp)^2]");
     EXPECT_EQ(estimation::log_fit_caption(true), "SQ using ln(y) difference ");
     EXPECT_EQ(estimation::log_fit_caption(false), "SQ using y difference");
     numbers::set_decimal_mark(',');
-    EXPECT_EQ(quality_of(state).SQ, "SQ = 0,01234568");
+    EXPECT_EQ(quality_of(state).sum_of_squares, "SQ = 0,01234568");
 }
 
 TEST_F(FitRun, ResidualDeviationDividesByAllParameters) {
     FitState state = State(
         0,
         Points({{1, 2}, {2, 4.2}, {3, 5.9}, {4, 8.1}, {5, 9.8}, {6, 12.3}, {7, 13.9}, {8, 16.2}}));
-    state.FitFixed = {false, false, true, true, true, true};
+    state.fixed = {false, false, true, true, true, true};
     ASSERT_TRUE(start_fit(state));
     // 8 points, 6 parameters although four of them are fixed.
-    EXPECT_NEAR(state.sR, std::sqrt(state.SQ / 2), 1e-12);
+    EXPECT_NEAR(state.residual_deviation, std::sqrt(state.sum_of_squares / 2), 1e-12);
 }
 
 TEST_F(FitRun, CaptionsFollowTabAndSubstance) {
@@ -317,36 +318,36 @@ TEST_F(FitRun, ConfidenceIntervalsOfALineAreTheClosedFormOnes) {
         if (std::fabs(d) > std::fabs(worst)) worst = d, worstAt = x;
     }
     FitState state = State(0, points);
-    state.FitFixed = {false, false, true, true, true, true};
+    state.fixed = {false, false, true, true, true, true};
     ASSERT_TRUE(start_fit(state));
     const double t5 = 2.570581836;  // two-sided 95 % point at 5 degrees of freedom
     EXPECT_EQ(state.report.freedom, 5);
-    EXPECT_NEAR(state.report.halfWidth[0], t5 * std::sqrt(squares / 5 * sxx / det), 1e-8);
-    EXPECT_NEAR(state.report.halfWidth[1], t5 * std::sqrt(squares / 5 * n / det), 1e-8);
+    EXPECT_NEAR(state.report.half_width[0], t5 * std::sqrt(squares / 5 * sxx / det), 1e-8);
+    EXPECT_NEAR(state.report.half_width[1], t5 * std::sqrt(squares / 5 * n / det), 1e-8);
     EXPECT_NEAR(state.report.correlation[0][1], -sx / std::sqrt(n * sxx), 1e-10);
     EXPECT_EQ(state.report.correlation[0][1], state.report.correlation[1][0]);
-    EXPECT_NEAR(state.FitStdDev[1], std::sqrt(squares / 5 * n / det), 1e-9);
-    EXPECT_NEAR(state.report.meanDeviation, sum / n, 1e-9);
-    EXPECT_NEAR(state.report.largestDeviation, worst, 1e-9);
-    EXPECT_EQ(state.report.largestAt, worstAt);
+    EXPECT_NEAR(state.std_dev[1], std::sqrt(squares / 5 * n / det), 1e-9);
+    EXPECT_NEAR(state.report.mean_deviation, sum / n, 1e-9);
+    EXPECT_NEAR(state.report.largest_deviation, worst, 1e-9);
+    EXPECT_EQ(state.report.largest_at, worstAt);
 }
 
 TEST_F(FitRun, ConfidenceIntervalsTakeAllActivePoints) {
     // With an inactive point the normal matrix leaves the last point out; the intervals do not.
     auto points = Points({{1, 2.1}, {2, 3.9}, {3, 6.2}, {4, 7.8}, {5, 10.1}, {6, 11.7}, {7, 14.2}});
     FitState full = State(11, points);
-    full.FitFixed = {false, false, true, true};
-    full.FitStart = {1, 1, 0, 0};
+    full.fixed = {false, false, true, true};
+    full.start = {1, 1, 0, 0};
     ASSERT_TRUE(start_fit(full));
     points.insert(points.begin(), {9, 99, kInactive});
     FitState gap = State(11, points);
-    gap.FitFixed = full.FitFixed;
-    gap.FitStart = full.FitPar;  // the search stays where all points have their least sum
+    gap.fixed = full.fixed;
+    gap.start = full.parameters;  // the search stays where all points have their least sum
     ASSERT_TRUE(start_fit(gap));
-    EXPECT_NEAR(gap.FitPar[1], full.FitPar[1], 1e-3);
+    EXPECT_NEAR(gap.parameters[1], full.parameters[1], 1e-3);
     EXPECT_EQ(gap.report.freedom, 5);
-    EXPECT_NEAR(gap.report.halfWidth[1] / full.report.halfWidth[1], 1, 1e-3);
-    EXPECT_GT(gap.FitStdDev[1] / full.FitStdDev[1], 1.1);
+    EXPECT_NEAR(gap.report.half_width[1] / full.report.half_width[1], 1, 1e-3);
+    EXPECT_GT(gap.std_dev[1] / full.std_dev[1], 1.1);
 }
 
 TEST_F(FitRun, NotesTellWhatHappened) {
@@ -354,14 +355,14 @@ TEST_F(FitRun, NotesTellWhatHappened) {
     EXPECT_TRUE(fit_notes(state).empty());
     state.fitted = true;
     EXPECT_TRUE(fit_notes(state).empty());
-    state.report.endedAtLimit = true;
-    state.report.onBound[1] = true;
-    state.report.onBound[2] = true;
+    state.report.ended_at_limit = true;
+    state.report.on_bound[1] = true;
+    state.report.on_bound[2] = true;
     state.report.singular = true;
-    state.report.endedAtStart = true;
-    state.report.failedEvaluations = 12;
-    state.report.failedPoints = 2;
-    state.report.withoutInfluence[0] = true;
+    state.report.ended_at_start = true;
+    state.report.failed_evaluations = 12;
+    state.report.failed_points = 2;
+    state.report.without_influence[0] = true;
     const std::vector<std::string> notes = fit_notes(state);
     ASSERT_EQ(notes.size(), 7U);
     EXPECT_EQ(notes[1], "On a bound of its range: B, C.");
@@ -373,8 +374,8 @@ TEST_F(FitRun, AFitThatCannotMoveSaysSo) {
     // Far away the exponential vanishes: no derivative can be seen.
     FitState state = SyntheticState({6, true, {23.55, -2980, 273.15, 0, 3.5}, 300, 620}, 30);
     ASSERT_TRUE(start_fit(state));
-    EXPECT_TRUE(state.report.endedAtStart);
-    EXPECT_FALSE(state.report.endedAtLimit);
+    EXPECT_TRUE(state.report.ended_at_start);
+    EXPECT_FALSE(state.report.ended_at_limit);
 }
 
 TEST_F(FitRun, AParameterOnItsBoundIsToldAndHasNoInterval) {
@@ -382,73 +383,73 @@ TEST_F(FitRun, AParameterOnItsBoundIsToldAndHasNoInterval) {
     std::vector<std::pair<double, double>> xy;
     for (int i = 1; i <= 8; ++i) xy.emplace_back(i, 60000.0 + i);
     FitState state = State(11, Points(xy));
-    state.FitFixed = {false, false, true, true};
-    state.FitStart = {10, 1, 0, 0};
+    state.fixed = {false, false, true, true};
+    state.start = {10, 1, 0, 0};
     ASSERT_TRUE(start_fit(state));
-    EXPECT_DOUBLE_EQ(state.FitPar[0], 50000);
-    EXPECT_TRUE(state.report.onBound[0]);
-    EXPECT_EQ(state.report.halfWidth[0], kNoStdDev);
-    EXPECT_FALSE(state.report.onBound[1]);
-    EXPECT_GT(state.report.halfWidth[1], 0);
+    EXPECT_DOUBLE_EQ(state.parameters[0], 50000);
+    EXPECT_TRUE(state.report.on_bound[0]);
+    EXPECT_EQ(state.report.half_width[0], kNoStdDev);
+    EXPECT_FALSE(state.report.on_bound[1]);
+    EXPECT_GT(state.report.half_width[1], 0);
 }
 
 TEST_F(FitRun, TheGraphOfTheFunctionHoldsPointsAndCurve) {
     FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 300, 400}, 11);
-    state.FitPar = {7.1962, 1730.63, 233.426};
+    state.parameters = {7.1962, 1730.63, 233.426};
     state.fitted = true;
-    state.FitPoints[4].mark = kInactive;
+    state.points[4].mark = kInactive;
     const FitGraph graph = function_graph(state);
     EXPECT_EQ(graph.title, "fitted function y(T)");
-    EXPECT_EQ(graph.yTitle, "p/ kPa");
-    EXPECT_EQ(graph.xTitle, "T / K");
+    EXPECT_EQ(graph.y_title, "p/ kPa");
+    EXPECT_EQ(graph.x_title, "T / K");
     EXPECT_EQ(graph.points.size(), 10U);
-    EXPECT_NEAR(graph.xMin, 295, 1e-9);
-    EXPECT_NEAR(graph.xMax, 405, 1e-9);
+    EXPECT_NEAR(graph.x_min, 295, 1e-9);
+    EXPECT_NEAR(graph.x_max, 405, 1e-9);
     const double low = graph.points.front().y, high = graph.points.back().y;
-    EXPECT_NEAR(graph.yMin, low - 0.05 * (high - low), 1e-9);
-    EXPECT_NEAR(graph.yMax, high + 0.05 * (high - low), 1e-9);
+    EXPECT_NEAR(graph.y_min, low - 0.05 * (high - low), 1e-9);
+    EXPECT_NEAR(graph.y_max, high + 0.05 * (high - low), 1e-9);
     ASSERT_GT(graph.curve.size(), 100U);
     for (const auto& p : graph.curve)
         EXPECT_NEAR(std::log10(p.y), 7.1962 - 1730.63 / (p.x - 273.15 + 233.426), 1e-9);
-    EXPECT_EQ(graph.curve.front().x, graph.xMin);
-    EXPECT_NEAR(graph.curve.back().x, graph.xMax, 1e-9);
+    EXPECT_EQ(graph.curve.front().x, graph.x_min);
+    EXPECT_NEAR(graph.curve.back().x, graph.x_max, 1e-9);
 
-    EXPECT_EQ(function_graph(SyntheticState(AllSynthetic()[0], 9)).xTitle, "x");
-    EXPECT_EQ(function_graph(SyntheticState(AllSynthetic()[0], 9)).yTitle, "y");
+    EXPECT_EQ(function_graph(SyntheticState(AllSynthetic()[0], 9)).x_title, "x");
+    EXPECT_EQ(function_graph(SyntheticState(AllSynthetic()[0], 9)).y_title, "y");
     const FitGraph density =
         function_graph(SyntheticState({11, false, {620, 3.2, 0, 0}, 280, 450}, 9));
-    EXPECT_EQ(density.xTitle, "T / K");
-    EXPECT_EQ(density.yTitle, "y");
+    EXPECT_EQ(density.x_title, "T / K");
+    EXPECT_EQ(density.y_title, "y");
 }
 
 TEST_F(FitRun, TheGraphOfResidualsIsCalcMinusExp) {
     FitState state = State(11, Points({{10, 5}, {20, 9}, {30, 16}}));
-    state.FitPar = {0, 0.5, 0, 0};
+    state.parameters = {0, 0.5, 0, 0};
     const FitGraph graph = residual_graph(state);
     EXPECT_EQ(graph.title, "residuals of the fitting, absolute");
-    EXPECT_EQ(graph.yTitle, "(y(calc) - y(exp))");
-    EXPECT_EQ(graph.xTitle, "T / K");
+    EXPECT_EQ(graph.y_title, "(y(calc) - y(exp))");
+    EXPECT_EQ(graph.x_title, "T / K");
     ASSERT_EQ(graph.points.size(), 3U);
     EXPECT_DOUBLE_EQ(graph.points[1].y, 1);
     EXPECT_DOUBLE_EQ(graph.points[2].y, -1);
     EXPECT_TRUE(graph.curve.empty());
-    EXPECT_EQ(residual_graph(State(4, {})).yTitle, "(p(calc) - p(exp)) / kPa");
+    EXPECT_EQ(residual_graph(State(4, {})).y_title, "(p(calc) - p(exp)) / kPa");
 }
 
 TEST_F(FitRun, TheLogarithmicGraphNeedsPositiveValues) {
     FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 300, 400}, 11);
-    state.FitPar = {7.1962, 1730.63, 233.426};
+    state.parameters = {7.1962, 1730.63, 233.426};
     const auto graph = lnp_graph(state);
     ASSERT_TRUE(graph);
     EXPECT_EQ(graph->title, "fitted function ln{p} = f(1/T))");
-    EXPECT_EQ(graph->yTitle, "ln (p/kPa)");
-    EXPECT_EQ(graph->xTitle, "1/ (T/K)");
+    EXPECT_EQ(graph->y_title, "ln (p/kPa)");
+    EXPECT_EQ(graph->x_title, "1/ (T/K)");
     EXPECT_NEAR(graph->points[0].x, 1 / 300.0, 1e-12);
     for (const auto& p : graph->curve)
         EXPECT_NEAR(p.y / std::log(10.0), 7.1962 - 1730.63 / (1 / p.x - 273.15 + 233.426), 1e-9);
     for (const bool zeroT : {true, false}) {
         FitState bad = state;
-        (zeroT ? bad.FitPoints[3].x : bad.FitPoints[3].y) = 0;
+        (zeroT ? bad.points[3].x : bad.points[3].y) = 0;
         EXPECT_EQ(lnp_graph(bad).reason(), "T- and p-column may not contain zero values!");
     }
 }
@@ -457,7 +458,7 @@ TEST_F(FitRun, SingleValuesGoBothWays) {
     for (const Synthetic& set : AllSynthetic()) {
         SCOPED_TRACE(name_of(set));
         FitState state = SyntheticState(set, 30);
-        state.FitPar = set.truth;
+        state.parameters = set.truth;
         const double x = set.from + 0.37 * (set.to - set.from);
         const auto y = fitted_y(state, x);
         ASSERT_TRUE(y);
@@ -473,7 +474,7 @@ TEST_F(FitRun, SingleValuesGoBothWays) {
 
 TEST_F(FitRun, SingleValuesThatDoNotExistAreTold) {
     FitState state = SyntheticState({8, false, {-7.77, 1.48, -2.77, -1.3}, 300, 640}, 20);
-    state.FitPar = {-7.77, 1.48, -2.77, -1.3};
+    state.parameters = {-7.77, 1.48, -2.77, -1.3};
     constexpr const char* none = "The fitted function has no result for this value.";
     EXPECT_EQ(fitted_y(state, 700).reason(), none);
     EXPECT_EQ(fitted_x(state, 30000).reason(), none);
@@ -483,7 +484,7 @@ TEST_F(FitRun, SingleValuesThatDoNotExistAreTold) {
 TEST_F(FitRun, APoleIsNoResult) {
     // 1/x jumps from minus to plus infinity at 0: it is nowhere 0.
     FitState state = State(1, Points({{1, 1}, {2, 0.5}, {3, 1 / 3.0}, {4, 0.25}}));
-    state.FitPar = {0, 0, 0, 0, 1, 0, 0};
+    state.parameters = {0, 0, 0, 0, 1, 0, 0};
     EXPECT_FALSE(fitted_x(state, 0));
     const auto x = fitted_x(state, 0.8);
     ASSERT_TRUE(x);

@@ -18,7 +18,8 @@ using estimation::PackedMatrix;
 using estimation::solve_packed;
 
 std::int16_t Active(const FitProblem& problem) {
-    return static_cast<std::int16_t>(static_cast<int>(problem.points.size()) - problem.NInactive);
+    return static_cast<std::int16_t>(static_cast<int>(problem.points.size()) -
+                                     problem.inactive_count);
 }
 
 /// Step of the post analysis round a value.
@@ -43,51 +44,51 @@ TEST(Marquardt, AStraightLineIsTheClosedFormOne) {
             std::pow(intercept + slope * static_cast<double>(p.x) - static_cast<double>(p.y), 2);
 
     FitProblem problem = Problem(Line, 2, points);
-    Parameters par{100, -50}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, Active(problem), par, stdDev);
+    Parameters par{100, -50}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, Active(problem), par, std_dev);
     EXPECT_FALSE(r.failed);
     EXPECT_NEAR(par[0], intercept, 1e-6);
     EXPECT_NEAR(par[1], slope, 1e-6);
     EXPECT_NEAR(r.minimum, squares, 1e-9);
-    EXPECT_NEAR(stdDev[0], std::sqrt(squares / 4 * sxx / determinant), 1e-6);
-    EXPECT_NEAR(stdDev[1], std::sqrt(squares / 4 * n / determinant), 1e-6);
+    EXPECT_NEAR(std_dev[0], std::sqrt(squares / 4 * sxx / determinant), 1e-6);
+    EXPECT_NEAR(std_dev[1], std::sqrt(squares / 4 * n / determinant), 1e-6);
 }
 
 TEST(Marquardt, AllParametersFixedEndsAtTheStart) {
     const auto points = Points({{1, 1}, {2, 5}, {3, 2}});
     FitProblem problem = Problem(Line, 2, points);
     problem.fixed = {true, true};
-    Parameters par{0.25, 2}, stdDev{7, 7};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
+    Parameters par{0.25, 2}, std_dev{7, 7};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, std_dev);
     EXPECT_FALSE(r.failed);
     EXPECT_EQ(par[0], 0.25);
     EXPECT_EQ(par[1], 2);
     EXPECT_EQ(r.evaluations, 1);
-    EXPECT_EQ(stdDev[0], 0);
+    EXPECT_EQ(std_dev[0], 0);
     const double squares = 1.25 * 1.25 + 0.75 * 0.75 + 4.25 * 4.25;
-    EXPECT_DOUBLE_EQ(r.sumSquares, squares);
+    EXPECT_DOUBLE_EQ(r.sum_squares, squares);
 }
 
 TEST(Marquardt, AFixedParameterKeepsItsValue) {
     const auto points = Points({{1, 5}, {2, 7}, {3, 9}, {4, 11}});
     FitProblem problem = Problem(Line, 2, points);
     problem.fixed = {true, false};
-    Parameters par{1, 0}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
+    Parameters par{1, 0}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, std_dev);
     // Through (0, 1): slope = sum x (y - 1) / sum x^2.
     EXPECT_EQ(par[0], 1);
     EXPECT_NEAR(par[1], (4 + 12 + 24 + 40) / 30.0, 1e-7);
     EXPECT_EQ(r.mask[0], Mask::Fixed);
-    EXPECT_EQ(stdDev[0], 0);
-    EXPECT_GT(stdDev[1], 0);
+    EXPECT_EQ(std_dev[0], 0);
+    EXPECT_GT(std_dev[1], 0);
 }
 
 TEST(Marquardt, AStartBeyondABoundMovesOntoItAndLeavesItInwards) {
     const auto points = Points({{1, 3}, {2, 3}, {3, 3}});
     FitProblem problem = Problem(Constant, 1, points);
     for (const double start : {9000.0, -9000.0}) {
-        Parameters par{start}, stdDev{};
-        const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
+        Parameters par{start}, std_dev{};
+        const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, std_dev);
         EXPECT_FALSE(r.failed);
         EXPECT_NEAR(par[0], 3, 1e-6);
         EXPECT_EQ(r.mask[0], Mask::Free);
@@ -98,21 +99,21 @@ TEST(Marquardt, AParameterRestsOnItsBoundWhenTheGradientLeadsOut) {
     // The best constant would be 7000.
     const auto points = Points({{1, 7000}, {2, 7000}, {3, 7000}});
     FitProblem problem = Problem(Constant, 1, points);
-    Parameters par{6000}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
+    Parameters par{6000}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, std_dev);
     EXPECT_EQ(par[0], 5000);
     EXPECT_EQ(r.mask[0], Mask::AtUpper);
-    EXPECT_EQ(stdDev[0], 0);
+    EXPECT_EQ(std_dev[0], 0);
     // The last probe, beyond the bound, is forbidden.
-    EXPECT_EQ(r.sumSquares, 0);
+    EXPECT_EQ(r.sum_squares, 0);
 }
 
 TEST(Marquardt, AStepIsCutShortAtABoundAndTheOthersGoOn) {
     // Best line: intercept 6000 and slope 2; with the intercept held at 5000 the slope is larger.
     const auto points = Points({{1, 6002}, {2, 6004}, {3, 6006}, {4, 6008}});
     FitProblem problem = Problem(Line, 2, points);
-    Parameters par{1, 1}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
+    Parameters par{1, 1}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, std_dev);
     EXPECT_FALSE(r.failed);
     EXPECT_NEAR(par[0], 5000, 1e-9);
     EXPECT_EQ(r.mask[0], Mask::AtUpper);
@@ -122,8 +123,8 @@ TEST(Marquardt, AStepIsCutShortAtABoundAndTheOthersGoOn) {
 TEST(Marquardt, AStartExactlyOnABoundWithAnOutwardGradientStays) {
     const auto points = Points({{1, -7000}, {2, -7000}, {3, -7000}});
     FitProblem problem = Problem(Constant, 1, points);
-    Parameters par{-5000}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
+    Parameters par{-5000}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, std_dev);
     EXPECT_FALSE(r.failed);
     EXPECT_EQ(par[0], -5000);
     EXPECT_EQ(r.accepted, 0);
@@ -149,19 +150,19 @@ std::vector<datafiles::FitPoint> TwoInactive(double first, double last) {
 TEST(Marquardt, LastPointsBehindInactiveOnesDoNotEnterTheMatrix) {
     const auto points = TwoInactive(0, 100);
     FitProblem problem = Problem(Constant, 1, points);
-    Parameters par{0}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, Active(problem), par, stdDev);
+    Parameters par{0}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, Active(problem), par, std_dev);
     // The matrix sees only zeros: no gradient, although 25 would have the least sum of squares.
     EXPECT_NEAR(par[0], 0, 1e-12);
     EXPECT_DOUBLE_EQ(r.minimum, 20000);
-    EXPECT_NEAR(stdDev[0], std::sqrt(20000.0 / 7 / 6), 1e-6);
+    EXPECT_NEAR(std_dev[0], std::sqrt(20000.0 / 7 / 6), 1e-6);
 }
 
 TEST(Marquardt, StepsThatOnlyTheMatrixLikesAreRejected) {
     const auto points = TwoInactive(0, 100);
     FitProblem problem = Problem(Constant, 1, points);
-    Parameters par{25}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, Active(problem), par, stdDev);
+    Parameters par{25}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, Active(problem), par, std_dev);
     EXPECT_GT(r.evaluations, 5);
     EXPECT_NEAR(par[0], 25, 1e-5);
 }
@@ -169,15 +170,15 @@ TEST(Marquardt, StepsThatOnlyTheMatrixLikesAreRejected) {
 TEST(Marquardt, NoDegreeOfFreedomGivesNoStandardDeviation) {
     const auto points = Points({{1, 2}, {2, 4}, {3, 7}});
     FitProblem problem = Problem(Line, 2, points);
-    problem.NInactive = 0;
-    Parameters par{0, 0}, stdDev{};
-    marquardt_nash_fitting(problem, 2, par, stdDev);
-    EXPECT_EQ(stdDev[0], kNoStdDev);
-    EXPECT_EQ(stdDev[1], kNoStdDev);
+    problem.inactive_count = 0;
+    Parameters par{0, 0}, std_dev{};
+    marquardt_nash_fitting(problem, 2, par, std_dev);
+    EXPECT_EQ(std_dev[0], kNoStdDev);
+    EXPECT_EQ(std_dev[1], kNoStdDev);
     // One parameter fixed leaves a degree of freedom.
     problem.fixed = {true, false};
-    marquardt_nash_fitting(problem, 2, par, stdDev);
-    EXPECT_GT(stdDev[1], 0);
+    marquardt_nash_fitting(problem, 2, par, std_dev);
+    EXPECT_GT(std_dev[1], 0);
 }
 
 bool SecondWithoutInfluence(double x, const Parameters& par, const ModelContext&, double& y) {
@@ -188,25 +189,25 @@ bool SecondWithoutInfluence(double x, const Parameters& par, const ModelContext&
 TEST(Marquardt, ASingularMatrixGivesNoStandardDeviationButAFit) {
     const auto points = Points({{1, 2}, {2, 4.1}, {3, 5.9}, {4, 8}});
     FitProblem problem = Problem(SecondWithoutInfluence, 2, points);
-    Parameters par{0, 42}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
+    Parameters par{0, 42}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, std_dev);
     EXPECT_FALSE(r.failed);
     EXPECT_TRUE(r.singular);
     EXPECT_NEAR(par[0], (2 + 8.2 + 17.7 + 32) / 30, 1e-6);
     EXPECT_EQ(par[1], 42);
-    EXPECT_EQ(stdDev[0], kNoStdDev);
-    EXPECT_EQ(stdDev[1], kNoStdDev);
+    EXPECT_EQ(std_dev[0], kNoStdDev);
+    EXPECT_EQ(std_dev[1], kNoStdDev);
 }
 
 TEST(Marquardt, TheSumReturnedIsTheOneOfTheLastProbe) {
     const auto points = Points({{1, 1}, {2, 2}, {3, 6}});
     FitProblem problem = Problem(Constant, 1, points);
-    Parameters par{0}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
+    Parameters par{0}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, std_dev);
     const double probe = par[0] + ProbeStep(par[0]);
     const double squares = std::pow(probe - 1, 2) + std::pow(probe - 2, 2) + std::pow(probe - 6, 2);
     EXPECT_NEAR(par[0], 3, 1e-6);
-    EXPECT_DOUBLE_EQ(r.sumSquares, squares);
+    EXPECT_DOUBLE_EQ(r.sum_squares, squares);
     EXPECT_NEAR(r.minimum, 14, 1e-11);
 }
 
@@ -223,23 +224,23 @@ TEST(Marquardt, TheLimitOfMatricesEndsTheFit) {
     calls = 0;
     const auto points = Points({{1, 0}, {2, 0}, {3, 0}, {4, 0}});
     FitProblem problem = Problem(EverBetter, 2, points);
-    Parameters par{1, 1}, stdDev{5, 5};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
+    Parameters par{1, 1}, std_dev{5, 5};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, std_dev);
     EXPECT_TRUE(r.failed);
     EXPECT_EQ(r.matrices, 251);
-    EXPECT_FALSE(r.hasStdDev);
-    EXPECT_EQ(stdDev[0], 5);
+    EXPECT_FALSE(r.has_std_dev);
+    EXPECT_EQ(std_dev[0], 5);
 }
 
 TEST(Marquardt, TheLimitOfEvaluationsEndsTheFit) {
     calls = 0;
     const auto points = Points({{1, 0}, {2, 0}, {3, 0}, {4, 0}});
     FitProblem problem = Problem(EverBetter, 1, points);
-    Parameters par{1}, stdDev{5};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, stdDev);
+    Parameters par{1}, std_dev{5};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 4, par, std_dev);
     EXPECT_TRUE(r.failed);
     EXPECT_EQ(r.evaluations, 201);
-    EXPECT_EQ(stdDev[0], 5);
+    EXPECT_EQ(std_dev[0], 5);
 }
 
 bool BeyondEveryNumber(double, const Parameters& par, const ModelContext&, double& y) {
@@ -250,10 +251,10 @@ bool BeyondEveryNumber(double, const Parameters& par, const ModelContext&, doubl
 TEST(Marquardt, SumsBeyondEveryNumberEndTheFit) {
     const auto points = Points({{1, 0}, {2, 0}, {3, 0}});
     FitProblem problem = Problem(BeyondEveryNumber, 1, points);
-    Parameters par{1}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
+    Parameters par{1}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, std_dev);
     EXPECT_TRUE(r.failed);
-    EXPECT_TRUE(std::isfinite(r.sumSquares));
+    EXPECT_TRUE(std::isfinite(r.sum_squares));
     EXPECT_TRUE(std::isfinite(par[0]));
 }
 
@@ -270,7 +271,7 @@ TEST(Marquardt, AFailedEvaluationLeavesTheResidualAsItWas) {
     EXPECT_EQ(res, 0.125);
     EXPECT_TRUE(calc_residuals(problem, {2}, 1, res));
     EXPECT_EQ(res, 5);
-    EXPECT_EQ(problem.failedEvaluations, 1);
+    EXPECT_EQ(problem.failed_evaluations, 1);
 
     // The first point counts 0, the third repeats the residual of the second.
     double sum = 0;
@@ -278,7 +279,7 @@ TEST(Marquardt, AFailedEvaluationLeavesTheResidualAsItWas) {
     calc_fqs_marquardt(problem, {2}, sum, count);
     EXPECT_EQ(sum, 0 + 25 + 25 + 36);
     EXPECT_EQ(count, 42);
-    EXPECT_EQ(problem.failedEvaluations, 3);
+    EXPECT_EQ(problem.failed_evaluations, 3);
 }
 
 TEST(Marquardt, LogarithmicResidualsFailForValuesThatAreNotPositive) {
@@ -322,8 +323,8 @@ TEST(Marquardt, AStepFromZeroIsLostInLargeValues) {
     // From p = 0 the step is 1.7E-7 squared: too small to be seen beside 6000.
     const auto points = Points({{1, 6000}, {2, 6000}, {3, 6000}});
     FitProblem problem = Problem(Constant, 1, points);
-    Parameters par{0}, stdDev{};
-    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, stdDev);
+    Parameters par{0}, std_dev{};
+    const MarquardtResult r = marquardt_nash_fitting(problem, 3, par, std_dev);
     EXPECT_EQ(r.accepted, 0);
     EXPECT_NEAR(par[0], 0, 1e-12);
 }

@@ -37,7 +37,7 @@ bool Thurber(double x, const Parameters& b, const ModelContext&, double& y) {
 struct Certified {
     const char* name;
     estimation::ModelFunction model;
-    std::int16_t nPar;
+    std::int16_t parameter_count;
     Parameters scale;
     std::vector<double> x, y;
     std::vector<Parameters> starts;
@@ -112,18 +112,18 @@ TEST(Nist, NonlinearSetsGiveTheirCertifiedResults) {
         const auto points = Points(set.x, set.y);
         for (const Parameters& start : set.starts) {
             SCOPED_TRACE(std::string(set.name) + " from " + std::to_string(start[0]));
-            FitProblem problem = Problem(set.model, set.nPar, points);
+            FitProblem problem = Problem(set.model, set.parameter_count, points);
             problem.scale = set.scale;
-            const auto n = static_cast<std::size_t>(set.nPar);
-            Parameters par{}, stdDev{};
+            const auto n = static_cast<std::size_t>(set.parameter_count);
+            Parameters par{}, std_dev{};
             for (std::size_t i = 0; i < n; ++i) par[i] = start[i] / set.scale[i];
             const auto r = marquardt_nash_fitting(problem, static_cast<std::int16_t>(points.size()),
-                                                  par, stdDev);
+                                                  par, std_dev);
             EXPECT_FALSE(r.failed);
             EXPECT_NEAR(r.minimum / set.squares, 1, 1e-5);
             for (std::size_t i = 0; i < n; ++i) {
                 EXPECT_NEAR(par[i] * set.scale[i] / set.value[i], 1, set.tolerance) << i;
-                EXPECT_NEAR(stdDev[i] * set.scale[i] / set.deviation[i], 1, 1e-3) << i;
+                EXPECT_NEAR(std_dev[i] * set.scale[i] / set.deviation[i], 1, 1e-3) << i;
             }
         }
     }
@@ -141,10 +141,10 @@ TEST(Nist, TwoHundredPointsWithSevenParametersTakeBelowFiftyMilliseconds) {
     const auto points = Points(x, y);
     FitProblem problem = Problem(Thurber, 7, points);
     problem.scale = thurber.scale;
-    Parameters par{}, stdDev{};
+    Parameters par{}, std_dev{};
     for (std::size_t i = 0; i < 7; ++i) par[i] = thurber.starts[0][i] / thurber.scale[i];
     const auto start = std::chrono::steady_clock::now();
-    const auto r = marquardt_nash_fitting(problem, 200, par, stdDev);
+    const auto r = marquardt_nash_fitting(problem, 200, par, std_dev);
     const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
     EXPECT_FALSE(r.failed);
     EXPECT_LT(time.count(), 50);
@@ -158,19 +158,19 @@ TEST(Nist, Mgh10IsAnAntoineEquation) {
                              8261,  7030,  6005,  5147,  4427,  3820,  3307,  2872};
     for (int i = 0; i < 16; ++i) x.push_back(50 + 5 * i);
     FitState state = State(4, Points(x, y));
-    state.FitStart = {std::log(0.02), -4000, 250 + 273.15};
-    state.FitLogSQ = true;  // the logarithmic sum leads close to the other one
+    state.start = {std::log(0.02), -4000, 250 + 273.15};
+    state.logarithmic = true;  // the logarithmic sum leads close to the other one
     ASSERT_TRUE(start_fit(state));
     take_all_results_as_start(state);
-    state.FitLogSQ = false;
+    state.logarithmic = false;
     ASSERT_TRUE(start_fit(state));
-    EXPECT_NEAR(std::exp(state.FitPar[0]) / 5.6096364710E-03, 1, 1e-5);
-    EXPECT_NEAR(state.FitPar[1] / -6.1813463463E+03, 1, 1e-6);
-    EXPECT_NEAR((state.FitPar[2] - 273.15) / 3.4522363462E+02, 1, 1e-6);
+    EXPECT_NEAR(std::exp(state.parameters[0]) / 5.6096364710E-03, 1, 1e-5);
+    EXPECT_NEAR(state.parameters[1] / -6.1813463463E+03, 1, 1e-6);
+    EXPECT_NEAR((state.parameters[2] - 273.15) / 3.4522363462E+02, 1, 1e-6);
     // The sum shown is the one of the last probe round the result.
-    EXPECT_NEAR(state.SQ / 8.7945855171E+01, 1, 1e-3);
-    EXPECT_NEAR(state.FitStdDev[1] / 2.3309021107E+01, 1, 1e-3);
-    EXPECT_NEAR(state.FitStdDev[2] / 7.8486103508E-01, 1, 1e-3);
+    EXPECT_NEAR(state.sum_of_squares / 8.7945855171E+01, 1, 1e-3);
+    EXPECT_NEAR(state.std_dev[1] / 2.3309021107E+01, 1, 1e-3);
+    EXPECT_NEAR(state.std_dev[2] / 7.8486103508E-01, 1, 1e-3);
 }
 
 TEST(Nist, NorrisIsTheLinearModelWithTwoParameters) {
@@ -184,13 +184,13 @@ TEST(Nist, NorrisIsTheLinearModelWithTwoParameters) {
                 {11.1, 10.2},   {118.3, 117.6}, {229.2, 228.9}, {669.1, 668.4}, {448.9, 449.2},
                 {0.5, 0.2}});
     FitState state = State(0, points);
-    state.FitFixed = {false, false, true, true, true, true};
+    state.fixed = {false, false, true, true, true, true};
     ASSERT_TRUE(start_fit(state));
-    EXPECT_NEAR(state.FitPar[0] / -0.262323073774029, 1, 1e-5);
-    EXPECT_NEAR(state.FitPar[1] / 1.00211681802045, 1, 3e-8);
-    EXPECT_NEAR(state.FitStdDev[0] / 0.232818234301152, 1, 1e-5);
-    EXPECT_NEAR(state.FitStdDev[1] / 0.429796848199937E-03, 1, 1e-5);
-    EXPECT_NEAR(std::sqrt(state.SQ / 34) / 0.884796396144373, 1, 1e-5);
+    EXPECT_NEAR(state.parameters[0] / -0.262323073774029, 1, 1e-5);
+    EXPECT_NEAR(state.parameters[1] / 1.00211681802045, 1, 3e-8);
+    EXPECT_NEAR(state.std_dev[0] / 0.232818234301152, 1, 1e-5);
+    EXPECT_NEAR(state.std_dev[1] / 0.429796848199937E-03, 1, 1e-5);
+    EXPECT_NEAR(std::sqrt(state.sum_of_squares / 34) / 0.884796396144373, 1, 1e-5);
 }
 
 TEST(Nist, WamplerPolynomialsHaveTheirCoefficients) {
@@ -207,24 +207,24 @@ TEST(Nist, WamplerPolynomialsHaveTheirCoefficients) {
     }
     // The normal equations of a fifth degree lose about half of the digits.
     FitState state = State(0, Points(x, y1));
-    state.FitFixed = {};
+    state.fixed = {};
     ASSERT_TRUE(start_fit(state));
-    for (std::size_t i = 0; i < 6; ++i) EXPECT_NEAR(state.FitPar[i], 1, 2e-4) << i;
+    for (std::size_t i = 0; i < 6; ++i) EXPECT_NEAR(state.parameters[i], 1, 2e-4) << i;
 
-    state.FitPoints = Points(x, y2);
+    state.points = Points(x, y2);
     ASSERT_TRUE(start_fit(state));
     for (std::size_t i = 0; i < 6; ++i)
-        EXPECT_NEAR(state.FitPar[i] * std::pow(10, i), 1, 1e-3) << i;
+        EXPECT_NEAR(state.parameters[i] * std::pow(10, i), 1, 1e-3) << i;
 
-    state.FitPoints = Points(x, y3);
+    state.points = Points(x, y3);
     ASSERT_TRUE(start_fit(state));
     const double deviation[] = {2152.32624678170, 2363.55173469681, 779.343524331583,
                                 101.475507550350, 5.64566512170752, 0.112324854679312};
     for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_NEAR(state.FitPar[i], 1, 2e-4) << i;
-        EXPECT_NEAR(state.FitStdDev[i] / deviation[i], 1, 1e-7) << i;
+        EXPECT_NEAR(state.parameters[i], 1, 2e-4) << i;
+        EXPECT_NEAR(state.std_dev[i] / deviation[i], 1, 1e-7) << i;
     }
-    EXPECT_NEAR(std::sqrt(state.SQ / 15) / 2360.14502379268, 1, 1e-9);
+    EXPECT_NEAR(std::sqrt(state.sum_of_squares / 15) / 2360.14502379268, 1, 1e-9);
 }
 
 }  // namespace

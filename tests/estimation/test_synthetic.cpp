@@ -13,7 +13,7 @@ using estimation::proposed_start_values;
 /// Takes proposed start values over; false when there are none.
 bool propose_start_values(FitState& state) {
     const Result<Parameters> proposal = proposed_start_values(state);
-    if (proposal) state.FitStart = *proposal;
+    if (proposal) state.start = *proposal;
     return static_cast<bool>(proposal);
 }
 
@@ -39,18 +39,18 @@ TEST_F(SyntheticFit, KnownParametersComeBackFromProposedStarts) {
         for (const bool logarithmic : {false, true}) {
             SCOPED_TRACE(name_of(set) + (logarithmic ? " log" : " plain"));
             FitState state = SyntheticState(set, 40);
-            ASSERT_EQ(state.NPoints, 40);
-            state.FitLogSQ = logarithmic;
+            ASSERT_EQ(state.point_count, 40);
+            state.logarithmic = logarithmic;
             ASSERT_TRUE(propose_start_values(state));
             ASSERT_TRUE(start_fit(state));
             EXPECT_LT(WorstDeviation(state), 5e-6);
-            EXPECT_FALSE(state.report.endedAtLimit);
-            EXPECT_EQ(state.report.failedPoints, 0);
-            for (int i = 0; i < state.NPar; ++i) {
+            EXPECT_FALSE(state.report.ended_at_limit);
+            EXPECT_EQ(state.report.failed_points, 0);
+            for (int i = 0; i < state.parameter_count; ++i) {
                 const auto k = static_cast<std::size_t>(i);
                 if (estimation::find_model(set.model)->computed == i) continue;
                 // Points of 32 bits leave strongly correlated parameters a little room.
-                EXPECT_NEAR(state.FitPar[k], set.truth[k], 2e-3 * std::fabs(set.truth[k])) << i;
+                EXPECT_NEAR(state.parameters[k], set.truth[k], 2e-3 * std::fabs(set.truth[k])) << i;
             }
         }
     }
@@ -62,7 +62,7 @@ TEST_F(SyntheticFit, TheModelsOwnStartsLeadToTheResultOrSayThatTheyDoNot) {
         for (const bool logarithmic : {false, true}) {
             SCOPED_TRACE(name_of(set) + (logarithmic ? " log" : " plain"));
             FitState state = SyntheticState(set, 40);
-            state.FitLogSQ = logarithmic;
+            state.logarithmic = logarithmic;
             ASSERT_TRUE(start_fit(state));
             if (WorstDeviation(state) < 5e-6) continue;
             ++lost;
@@ -81,17 +81,17 @@ TEST_F(SyntheticFit, StandardDeviationsAgreeWithTheStatisticsOfAllPoints) {
         SCOPED_TRACE(name_of(set));
         FitState state = SyntheticState(set, 40);
         // An error that alternates from point to point, 0.1 per cent.
-        for (std::size_t i = 0; i < state.FitPoints.size(); ++i)
-            state.FitPoints[i].y *= i % 2 == 0 ? 1.001F : 0.999F;
-        state.FitLogSQ = true;
+        for (std::size_t i = 0; i < state.points.size(); ++i)
+            state.points[i].y *= i % 2 == 0 ? 1.001F : 0.999F;
+        state.logarithmic = true;
         ASSERT_TRUE(propose_start_values(state));
         ASSERT_TRUE(start_fit(state));
-        ASSERT_TRUE(state.report.hasCorrelation);
-        for (int i = 0; i < state.NPar; ++i) {
+        ASSERT_TRUE(state.report.has_correlation);
+        for (int i = 0; i < state.parameter_count; ++i) {
             const auto k = static_cast<std::size_t>(i);
-            if (state.FitFixed[k]) continue;
-            EXPECT_GT(state.FitStdDev[k], 0) << i;
-            EXPECT_NEAR(state.report.stdDev[k] / state.FitStdDev[k], 1, 0.02) << i;
+            if (state.fixed[k]) continue;
+            EXPECT_GT(state.std_dev[k], 0) << i;
+            EXPECT_NEAR(state.report.std_dev[k] / state.std_dev[k], 1, 0.02) << i;
             EXPECT_EQ(state.report.correlation[k][k], 1);
         }
     }
@@ -99,15 +99,15 @@ TEST_F(SyntheticFit, StandardDeviationsAgreeWithTheStatisticsOfAllPoints) {
 
 TEST_F(SyntheticFit, ProposalsHonourFixedParameters) {
     FitState state = SyntheticState({4, true, {7.1962, 1730.63, 233.426}, 280, 450}, 30);
-    state.FitFixed = {false, false, true};
-    state.FitStart[2] = 230;
+    state.fixed = {false, false, true};
+    state.start[2] = 230;
     const auto proposal = proposed_start_values(state);
     ASSERT_TRUE(proposal);
     EXPECT_EQ((*proposal)[2], 230);
     EXPECT_NEAR((*proposal)[1], 1730.63, 50);
 
-    state.FitFixed = {true, false, false};
-    state.FitStart = {7.1962, 0, 200};
+    state.fixed = {true, false, false};
+    state.start = {7.1962, 0, 200};
     const auto second = proposed_start_values(state);
     ASSERT_TRUE(second);
     EXPECT_EQ((*second)[0], 7.1962);
@@ -121,7 +121,7 @@ TEST_F(SyntheticFit, ProposalsHoldWhatThePointsCannotTell) {
     const auto proposal = proposed_start_values(state);
     ASSERT_TRUE(proposal);
     EXPECT_EQ((*proposal)[2], -1);
-    for (const auto& p : state.FitPoints) {
+    for (const auto& p : state.points) {
         const double T = static_cast<double>(p.x);
         EXPECT_NEAR((*proposal)[0] - (*proposal)[1] / T - std::log(T),
                     std::log(static_cast<double>(p.y)), 1e-9);
@@ -136,9 +136,9 @@ TEST_F(SyntheticFit, AProposalThatCannotBeHadIsTold) {
 
 TEST_F(SyntheticFit, ProposalsNeverRunByThemselves) {
     FitState state = SyntheticState({11, false, {620, 3.2, -0.0072, 3.1e-6}, 280, 450}, 20);
-    const Parameters start = state.FitStart;
+    const Parameters start = state.start;
     ASSERT_TRUE(start_fit(state));
-    EXPECT_EQ(state.FitStart, start);
+    EXPECT_EQ(state.start, start);
 }
 
 }  // namespace

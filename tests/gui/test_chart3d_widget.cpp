@@ -71,7 +71,7 @@ TEST_F(Chart3DView, WheelKeysAndDoubleClickChangeTheView) {
 }
 
 TEST_F(Chart3DView, AFlatMapDoesNotTurn) {
-    chart_.style.projection2D = true;
+    chart_.style.projection_2d = true;
     const chart::View3D before = chart_.view;
     drag({400, 300}, {500, 350});
     EXPECT_EQ(chart_.view.rotation, before.rotation);
@@ -128,7 +128,7 @@ TEST_F(Chart3DView, ARightClickIsToldAndARightDragIsNot) {
 
 TEST(Chart3DPicture, SaveAndLoadGiveTheSamePicture) {
     Chart3D c = samples::surfaceOf(samples::bumps, samples::twoHoles, 31, 31);
-    c.style.zoned = c.style.contoured = c.style.ceilingContours = true;
+    c.style.zoned = c.style.contoured = c.style.ceiling_contours = true;
     c.markers.push_back({0.1, 0.1, 0.2, "CrP"});
     Chart3D loaded;
     ASSERT_TRUE(chart::from_text(chart::to_text(c), loaded).ok);

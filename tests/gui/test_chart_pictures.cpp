@@ -264,9 +264,9 @@ TEST(ChartPictures, EmfTextsAreTextsAtTheirPlaces) {
 TEST(ChartPictures, EmfLinesRunWhereTheCurveLies) {
     Chart2D c;
     c.curves = {samples::curveOf([](double x) { return x; }, 0, 1, 11)};
-    c.plotArea.automatic = false;
-    c.plotArea.left = c.plotArea.top = 0.25;
-    c.plotArea.width = c.plotArea.height = 0.5;
+    c.plot_area.automatic = false;
+    c.plot_area.left = c.plot_area.top = 0.25;
+    c.plot_area.width = c.plot_area.height = 0.5;
     PictureOptions options;
     options.size = {960, 480};
     const QByteArray emf = chart::pictureBytes(chart::paintingOf(c), PictureFormat::Emf, options);

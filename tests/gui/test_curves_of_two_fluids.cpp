@@ -75,7 +75,7 @@ TEST_F(TwoFluids, ASheetOfThreeFluidsAndModelsNamesEachOfThem) {
     EXPECT_EQ(footer,
               "Propane,  CEOS Peng / Robinson; Water,  CEOS Peng / Robinson; Water,  CEOS van der "
               "Waals");
-    EXPECT_EQ(sheet().curves[2].basis.fluid.substance().Name, "Water");
+    EXPECT_EQ(sheet().curves[2].basis.fluid.substance().name, "Water");
 }
 
 TEST_F(TwoFluids, NothingIsDrawnWithoutASubstance) {

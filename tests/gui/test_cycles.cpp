@@ -34,13 +34,13 @@ class Cycles : public GraphTest {
     };
 
     void openDiagram(std::int16_t code, const Room& room) {
-        for (const menu::Row& row : menu::Rows()) {
+        for (const menu::Row& row : menu::rows()) {
             if (row.action != "Diagram2D" || row.code != code) continue;
             if (diagrams::input_of(diagrams::diagram_of(row.code)) == diagrams::DiagramInput::range)
                 when("frmInputProzessLinien", [] { click("cmdDraw"); });
             else
                 when("frmTpVSInputBox", [] { click("cmdOKAndDraw"); });
-            choose(QString::fromStdString(menu::Name(row)));
+            choose(QString::fromStdString(menu::object_name(row)));
             break;
         }
         ASSERT_NE(window(), nullptr);
@@ -87,9 +87,9 @@ class Cycles : public GraphTest {
     /// Every line begins where the one before ends, and the last ends where the first begins.
     void expectClosed(const std::string& what) {
         const double xSpan = std::fabs(
-            static_cast<double>(sheet().request.window.xMax - sheet().request.window.xMin));
+            static_cast<double>(sheet().request.window.x_max - sheet().request.window.x_min));
         const double ySpan = std::fabs(
-            static_cast<double>(sheet().request.window.yMax - sheet().request.window.yMin));
+            static_cast<double>(sheet().request.window.y_max - sheet().request.window.y_min));
         constexpr double kResolution = 1.0 / 300;  // a point of a curve
         for (std::size_t i = 0; i < legs.size(); ++i) {
             const QPointF end = last(legs[i]), start = first(legs[(i + 1) % legs.size()]);

@@ -118,7 +118,7 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
     when("frmStoffWahl", [] { click("StoffOK"); });
     when("frmQModell", [] { click("OKModell"); });
     click("Toolbar1_2");
-    EXPECT_EQ(session->databaseFile, "MINE.Q05");
+    EXPECT_EQ(session->database_file, "MINE.Q05");
 
     // Specific units, and the project of the day.
     options({"OptCalcMode_0", "optMolarSpez_1"});
@@ -133,16 +133,16 @@ TEST_F(Day, FromANewProjectToTheSameSessionOnTheNextMorning) {
 
     // The next morning.
     start();
-    EXPECT_TRUE(session->substance.Name.empty());
+    EXPECT_TRUE(session->substance.name.empty());
     click("Toolbar1_4");
-    EXPECT_EQ(session->databaseFile, "MINE.Q05");
-    EXPECT_EQ(session->substance.Name, "Propane");
-    EXPECT_EQ(session->caloricUnit, models::CaloricUnit::specific);
-    EXPECT_FALSE(session->batchMode);
-    EXPECT_EQ(session->models.EOSModel, models.EOSModel);
-    EXPECT_EQ(session->models.VPModel, models.VPModel);
-    EXPECT_EQ(session->models.HLVModel, models.HLVModel);
-    EXPECT_EQ(session->models.CpModel, models.CpModel);
+    EXPECT_EQ(session->database_file, "MINE.Q05");
+    EXPECT_EQ(session->substance.name, "Propane");
+    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+    EXPECT_FALSE(session->batch_mode);
+    EXPECT_EQ(session->models.eos, models.eos);
+    EXPECT_EQ(session->models.vapour_pressure, models.vapour_pressure);
+    EXPECT_EQ(session->models.vaporisation, models.vaporisation);
+    EXPECT_EQ(session->models.cp_form, models.cp_form);
     EXPECT_NEAR(models::vapour_pressure(session->substance, T, codes::vp("ALP")).p, fitted,
                 1e-5 * fitted);
     openIsotherm("300");

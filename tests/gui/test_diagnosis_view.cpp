@@ -92,8 +92,9 @@ TEST_F(DiagnosisViewTest, DrawsTheIsothermWithItsRootsAndTheEqualAreas) {
     const report::Diagnosis d =
         report::diagnose(session.fluid(), session->results.current.answer.last);
     ASSERT_EQ(d.roots.size(), 3U);
-    EXPECT_NEAR(area(d.areaBelow, d.saturationPressure), -area(d.areaAbove, d.saturationPressure),
-                0.01 * area(d.areaAbove, d.saturationPressure));
+    EXPECT_NEAR(area(d.area_below, d.saturation_pressure),
+                -area(d.area_above, d.saturation_pressure),
+                0.01 * area(d.area_above, d.saturation_pressure));
     const QImage picture = plot->grab().toImage();
     const QColor base = plot->palette().color(QPalette::Base);
     const QColor text = plot->palette().color(QPalette::Text);
@@ -104,23 +105,23 @@ TEST_F(DiagnosisViewTest, DrawsTheIsothermWithItsRootsAndTheEqualAreas) {
     }
     // The curve has its own colour away from marks and lines.
     const calculation::IsothermPoint& peak =
-        *std::max_element(d.areaAbove.begin(), d.areaAbove.end(),
+        *std::max_element(d.area_above.begin(), d.area_above.end(),
                           [](const auto& a, const auto& b) { return a.p < b.p; });
     const QPointF top = plot->place(peak.v, peak.p);
     const QColor curve = pixelAt(picture, top);
     EXPECT_NE(curve, base);
     EXPECT_GT(curve.blue(), curve.red());
     // Both areas are coloured between the isotherm and p(LV), and nothing else is there.
-    const QPointF above = plot->place(peak.v, 0.5 * (peak.p + d.saturationPressure));
+    const QPointF above = plot->place(peak.v, 0.5 * (peak.p + d.saturation_pressure));
     const calculation::IsothermPoint& low =
-        *std::min_element(d.areaBelow.begin(), d.areaBelow.end(),
+        *std::min_element(d.area_below.begin(), d.area_below.end(),
                           [](const auto& a, const auto& b) { return a.p < b.p; });
     const QPointF below =
-        plot->place(low.v, 0.5 * (std::max(low.p, d.pMin) + d.saturationPressure));
+        plot->place(low.v, 0.5 * (std::max(low.p, d.p_min) + d.saturation_pressure));
     EXPECT_NE(pixelAt(picture, above), base);
     EXPECT_NE(pixelAt(picture, below), base);
     EXPECT_NE(pixelAt(picture, above), pixelAt(picture, below));
-    EXPECT_EQ(pixelAt(picture, plot->place(peak.v, 0.5 * (peak.p + d.pMax))), base);
+    EXPECT_EQ(pixelAt(picture, plot->place(peak.v, 0.5 * (peak.p + d.p_max))), base);
 }
 
 TEST_F(DiagnosisViewTest, IsNotOfferedForAVapourEquation) {

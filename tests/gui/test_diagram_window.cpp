@@ -55,7 +55,7 @@ TEST_F(Graph2D, OpensByTheMenuAndDrawsTheCurveOfTheParameter) {
     ASSERT_NE(window(), nullptr);
     EXPECT_EQ(read("frmGraph2D"), " Type of Diagram: Isothermal section p - v");
     EXPECT_EQ(diagrams::curve_count(sheet()), 1);
-    EXPECT_EQ(session->diagramAt.T, 300);
+    EXPECT_EQ(session->diagram_at.T, 300);
     EXPECT_EQ(read("lblParameter"), "T = 300.0 K");
     EXPECT_EQ(curve(0).legend, "(300.0 K ) ");
 }
@@ -71,7 +71,7 @@ TEST_F(Graph2D, AsksAgainForAnInvalidParameter) {
     });
     choose("mnuGraf_sub_cut_1");
     EXPECT_EQ(diagrams::curve_count(sheet()), 0);
-    EXPECT_EQ(session->diagramAt.T, 310);
+    EXPECT_EQ(session->diagram_at.T, 310);
     click("cmdDraw");
     EXPECT_EQ(diagrams::curve_count(sheet()), 1);
 }
@@ -87,9 +87,9 @@ TEST_F(Graph2D, ClosesTheEmptyDiagramOnAbort) {
 }
 
 TEST_F(Graph2D, OpensEveryRowOfTheMenuAndDraws) {
-    for (const menu::Row& row : menu::Rows()) {
+    for (const menu::Row& row : menu::rows()) {
         if (row.action != "Diagram2D") continue;
-        const QString name = QString::fromStdString(menu::Name(row));
+        const QString name = QString::fromStdString(menu::object_name(row));
         if (!offers(name)) {
             ADD_FAILURE() << name.toStdString() << " is disabled";
             continue;
@@ -231,7 +231,7 @@ TEST_F(Graph2D, DesignsACurveAtOnce) {
     drive::get<QDoubleSpinBox>("UpDown1_KBreite")->setValue(3);
     EXPECT_EQ(curve(0).line.width, 3);
     click("chkLegend1");
-    EXPECT_FALSE(curve(0).inLegend);
+    EXPECT_FALSE(curve(0).in_legend);
     when("ColourDialog", [] {
         auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
         dialog->setCurrentColor(QColor(1, 2, 3));
@@ -311,8 +311,8 @@ TEST_F(Graph2D, ChangesTheCoordinatesAndRefusesCrossedOnes) {
         click("cmdCoord_OK");
     });
     click("mnuCoord");
-    EXPECT_FLOAT_EQ(sheet().request.window.xMin, 0.1F);
-    EXPECT_EQ(sheet().request.window.xMax, 3);
+    EXPECT_FLOAT_EQ(sheet().request.window.x_min, 0.1F);
+    EXPECT_EQ(sheet().request.window.x_max, 3);
     EXPECT_EQ(sheet().chart.y.max, 5000);
 }
 
@@ -431,7 +431,7 @@ TEST_F(Graph2D, SavesAndLoadsADiagramAfterASwap) {
     click("cmdChangeXY");
     answerFile(path("d.oc2"));
     choose("mnuLoadOC2");
-    EXPECT_FALSE(sheet().swappedAxes);
+    EXPECT_FALSE(sheet().swapped_axes);
     EXPECT_EQ(read("frmGraph2D"), "Filename: d.oc2");
     EXPECT_EQ(diagrams::curve_count(sheet()), 3);
     EXPECT_EQ(curve(1).x, saved.curves[1].x);
@@ -543,10 +543,10 @@ TEST_F(Graph2D, KeepsSeveralDiagramsApart) {
     DiagramWindow* second = window();
     ASSERT_NE(first, second);
     EXPECT_EQ(session->diagram->code, 3);
-    session.change()->diagramAt.T = 444;
+    session.change()->diagram_at.T = 444;
     first->becomeCurrent();
     EXPECT_EQ(session->diagram->code, 1);
-    EXPECT_EQ(session->diagramAt.T, 300);
+    EXPECT_EQ(session->diagram_at.T, 300);
     first->draw();
     EXPECT_EQ(diagrams::curve_count(first->sheet()), 2);
     EXPECT_EQ(diagrams::curve_count(second->sheet()), 1);
@@ -569,9 +569,9 @@ TEST_F(Graph2D, SetsTheScalingByValues) {
     choose("mnuAxesDesign");
     type("txtXTickValue", "0,5");
     click("optScaling_1");
-    EXPECT_DOUBLE_EQ(sheet().chart.x.tickSpacing, 0.5);
+    EXPECT_DOUBLE_EQ(sheet().chart.x.tick_spacing, 0.5);
     click("optScaling_0");
-    EXPECT_EQ(sheet().chart.x.tickSpacing, 0);
+    EXPECT_EQ(sheet().chart.x.tick_spacing, 0);
 }
 
 }  // namespace

@@ -107,7 +107,7 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input density kg/m^3 ");
     click("optRhoV_1");
-    EXPECT_TRUE(session->calculation.volumeInput);
+    EXPECT_TRUE(session->calculation.volume_input);
     EXPECT_EQ(read("fraRhoVInput"), " Input molar volume, cf. \"Options\" ");
     EXPECT_EQ(read("Bz_2"), " V/m^3/kmol = ");
     type("par_0", "350");
@@ -115,8 +115,8 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     click("cmdParameter_OK");
     EXPECT_NEAR(static_cast<double>(input().rho), kM / 0.5, 1e-4);
 
-    session.change()->unitSystem = models::UnitSystem::specific;
-    session.change()->caloricUnit = models::CaloricUnit::specific;
+    session.change()->unit_system = models::UnitSystem::specific;
+    session.change()->caloric_unit = models::CaloricUnit::specific;
     session::settle_units(session);
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input specif. volume, cf. Options ");
@@ -127,7 +127,7 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     click("cmdParameter_OK");
     EXPECT_NEAR(static_cast<double>(input().rho), 80.0, 1e-4);
 
-    session.change()->unitSystem = models::UnitSystem::reduced;
+    session.change()->unit_system = models::UnitSystem::reduced;
     session::settle_units(session);
     choose("mnuCalc_0");
     EXPECT_EQ(read("fraRhoVInput"), " Input red. volume, cf. Options ");
@@ -135,11 +135,11 @@ TEST_F(DirectInputViewTest, ReadsAVolumeInTheUnitOfTheSession) {
     type("par_0", "350");
     type("par_2", "2");
     click("cmdParameter_OK");
-    EXPECT_NEAR(static_cast<double>(input().rho), kM / (2 * session->eosParameters.vcritCalc),
-                1e-3);
+    EXPECT_NEAR(static_cast<double>(input().rho),
+                kM / (2 * session->eos_parameters.vcrit_calculated), 1e-3);
 
     click("optRhoV_0");
-    EXPECT_FALSE(session->calculation.volumeInput);
+    EXPECT_FALSE(session->calculation.volume_input);
     EXPECT_EQ(read("Bz_2"), " rho/kg/m^3 = ");
     type("par_2", "80");
     click("cmdParameter_OK");

@@ -49,7 +49,7 @@ class FileViewTest : public FrameTest {
                 .title = "Open a batch-file of experimental data (*.BAQ)",
                 .filter = "QUOR-specific file (*.BAQ)|*.BAQ",
                 .folder = folder().string(),
-                .defaultExtension = ".BAQ"};
+                .default_extension = ".BAQ"};
     }
     static QStringList files() {
         QStringList all;
@@ -77,7 +77,7 @@ TEST_F(FileViewTest, ShowsTheFilesOfItsKindAndWhatTheMarkedOneIsAbout) {
         EXPECT_EQ(read("Text1"), "Substance not found in the actual data base");
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(desk, choice()), path("strange.BAQ"))
+    EXPECT_EQ(FileView::choose(desk, choice()), path("strange.BAQ"))
         << "it can be opened all the same";
     EXPECT_TRUE(user.messages.empty());
 }
@@ -95,7 +95,7 @@ TEST_F(FileViewTest, AProjectTellsItsSubstanceToo) {
         EXPECT_EQ(read("lblDataBase").toUpper(), "STUDENT.Q05");
         click("cmdOpenCancel");
     });
-    EXPECT_EQ(FileView::Choose(desk, projects), std::nullopt);
+    EXPECT_EQ(FileView::choose(desk, projects), std::nullopt);
 }
 
 TEST_F(FileViewTest, ANameWithAStarFiltersTheList) {
@@ -111,7 +111,7 @@ TEST_F(FileViewTest, ANameWithAStarFiltersTheList) {
         EXPECT_EQ(files(), (QStringList{"strange.BAQ"}));
         click("cmdOpenCancel");
     });
-    EXPECT_EQ(FileView::Choose(desk, choice()), std::nullopt);
+    EXPECT_EQ(FileView::choose(desk, choice()), std::nullopt);
 }
 
 TEST_F(FileViewTest, AMissingFileIsToldAndTheListIsWholeAgain) {
@@ -126,7 +126,7 @@ TEST_F(FileViewTest, AMissingFileIsToldAndTheListIsWholeAgain) {
         type("txtOpenFile", "propane");
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(desk, choice()), path("propane.BAQ"));
+    EXPECT_EQ(FileView::choose(desk, choice()), path("propane.BAQ"));
 }
 
 TEST_F(FileViewTest, ADoubleClickEnterAndTheReturnButtonTakeTheFile) {
@@ -146,7 +146,7 @@ TEST_F(FileViewTest, ADoubleClickEnterAndTheReturnButtonTakeTheFile) {
     };
     for (const std::function<void()>& way : {std::function<void()>(twice), {enter}, {button}}) {
         when(kView, way);
-        EXPECT_EQ(FileView::Choose(desk, choice()), path("propane.BAQ"));
+        EXPECT_EQ(FileView::choose(desk, choice()), path("propane.BAQ"));
     }
 }
 
@@ -164,7 +164,7 @@ TEST_F(FileViewTest, FoldersOpenByEnterAndByTheirNames) {
         type("txtOpenFile", "inside.BAQ");
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(desk, choice()), path("deeper/inside.BAQ"));
+    EXPECT_EQ(FileView::choose(desk, choice()), path("deeper/inside.BAQ"));
 }
 
 TEST_F(FileViewTest, DeleteAsksAndRemovesTheFile) {
@@ -179,7 +179,7 @@ TEST_F(FileViewTest, DeleteAsksAndRemovesTheFile) {
         EXPECT_EQ(files(), (QStringList{"propane.BAQ"}));
         click("cmdOpenCancel");
     });
-    EXPECT_EQ(FileView::Choose(desk, choice()), std::nullopt);
+    EXPECT_EQ(FileView::choose(desk, choice()), std::nullopt);
     EXPECT_FALSE(fs::exists(folder() / "strange.BAQ"));
 }
 
@@ -189,9 +189,9 @@ TEST_F(FileViewTest, SavingTakesANewNameAndItsExtension) {
         type("txtOpenFile", "new data");
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(desk, choice(true)), path("new data.BAQ"));
+    EXPECT_EQ(FileView::choose(desk, choice(true)), path("new data.BAQ"));
     dialogs::FileChoice careful = choice(true);
-    careful.overwritePrompt = true;
+    careful.overwrite_prompt = true;
     when(kView, [this] {
         user.answers = {dialogs::Answer::No, dialogs::Answer::Yes};
         select("filOpenList", "propane.BAQ");
@@ -200,7 +200,7 @@ TEST_F(FileViewTest, SavingTakesANewNameAndItsExtension) {
         ASSERT_TRUE(drive::isVisible(kView));
         click("cmdOpenOK");
     });
-    EXPECT_EQ(FileView::Choose(desk, careful), path("propane.BAQ"));
+    EXPECT_EQ(FileView::choose(desk, careful), path("propane.BAQ"));
 }
 
 TEST_F(FileViewTest, StandsInForTheDialogOfTheDesktopForItsKindsOnly) {

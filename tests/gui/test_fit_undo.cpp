@@ -22,7 +22,7 @@ class FitUndo : public ViewTest {
   protected:
     FitUndo() {
         change([](auto& s) { s.substance = fluids::Row("Benzene"); });
-        estimation_views::Install(desk);
+        estimation_views::install(desk);
     }
 
     void openWithBenzene() {
@@ -60,7 +60,7 @@ TEST_F(FitUndo, ModelFormAndStartValueAreTakenBackAndMadeAgainByTheirKeys) {
 
     undo();
     EXPECT_EQ(number("txtStart_2"), 200);
-    EXPECT_EQ(state().FitStart[2], 200);
+    EXPECT_EQ(state().start[2], 200);
     EXPECT_EQ(view().undoName(), "lg instead of ln");
     EXPECT_EQ(view().redoName(), "Change start value C");
     undo();
@@ -77,18 +77,18 @@ TEST_F(FitUndo, ModelFormAndStartValueAreTakenBackAndMadeAgainByTheirKeys) {
     EXPECT_FALSE(drive::isEnabled("optLogFit_1"));
     EXPECT_EQ(view().undoName(), "");
     undo();
-    EXPECT_EQ(state().FitModel, 0) << "there is no step before";
+    EXPECT_EQ(state().model, 0) << "there is no step before";
 
     redo();
     redo();
     redo();
-    EXPECT_EQ(state().FitModel, 4);
+    EXPECT_EQ(state().model, 4);
     EXPECT_TRUE(drive::isChecked("optFit_4"));
     EXPECT_EQ(drive::tabInFront("SSTab1"), "Vapour pressure");
     EXPECT_TRUE(drive::isChecked("chkLg"));
     EXPECT_EQ(number("txtStart_0"), 5);
     EXPECT_DOUBLE_EQ(number("txtStart_2"), 220.79);
-    EXPECT_DOUBLE_EQ(state().FitStart[2], 220.79);
+    EXPECT_DOUBLE_EQ(state().start[2], 220.79);
     EXPECT_FALSE(drive::isVisible("txtStart_3"));
     EXPECT_EQ(view().redoName(), "");
 }
@@ -108,7 +108,7 @@ TEST_F(FitUndo, WhatIsStillBeingTypedIsTheLastStep) {
     type("txtStart_0", "12");
     view().undo();
     EXPECT_EQ(number("txtStart_0"), 10);
-    EXPECT_EQ(state().FitModel, 4);
+    EXPECT_EQ(state().model, 4);
     EXPECT_EQ(view().redoName(), "Change start value A");
     view().redo();
     EXPECT_EQ(number("txtStart_0"), 12);
@@ -118,11 +118,11 @@ TEST_F(FitUndo, AValueThatWasOnlyLookedAtIsNoStep) {
     openWithBenzene();
     chooseAntoine();
     click("cmdPropose");
-    const estimation::Parameters proposed = state().FitStart;
+    const estimation::Parameters proposed = state().start;
     press("txtStart_0", Qt::Key_Tab);
     press("txtStart_1", Qt::Key_Tab);
     EXPECT_EQ(view().undoName(), "Propose start values");
-    EXPECT_EQ(state().FitStart, proposed) << "all digits stay";
+    EXPECT_EQ(state().start, proposed) << "all digits stay";
 }
 
 TEST_F(FitUndo, FixedMarksAreTakenBackWithTheirLooks) {
@@ -137,11 +137,11 @@ TEST_F(FitUndo, FixedMarksAreTakenBackWithTheirLooks) {
     EXPECT_EQ(view().undoName(), "B free");
     undo();
     EXPECT_TRUE(drive::isChecked("chkFix_1"));
-    EXPECT_TRUE(state().FitFixed[1]);
+    EXPECT_TRUE(state().fixed[1]);
     EXPECT_EQ(colour(), fixed);
     undo();
     EXPECT_FALSE(drive::isChecked("chkFix_1"));
-    EXPECT_FALSE(state().FitFixed[1]);
+    EXPECT_FALSE(state().fixed[1]);
     EXPECT_EQ(colour(), free);
 }
 
@@ -155,15 +155,15 @@ TEST_F(FitUndo, TheKindOfResidualsAndThePhaseAreTakenBack) {
     EXPECT_EQ(view().undoName(), "Phase: solid");
     undo();
     EXPECT_TRUE(drive::isChecked("optcpPhase_0"));
-    EXPECT_EQ(state().cpPhase, estimation::CpPhase::IdealGas);
+    EXPECT_EQ(state().cp_phase, estimation::CpPhase::IdealGas);
     undo();
     EXPECT_TRUE(drive::isChecked("optLogFit_0"));
-    EXPECT_FALSE(state().FitLogSQ);
+    EXPECT_FALSE(state().logarithmic);
     redo();
     redo();
     EXPECT_TRUE(drive::isChecked("optLogFit_1"));
     EXPECT_TRUE(drive::isChecked("optcpPhase_2"));
-    EXPECT_EQ(state().cpPhase, estimation::CpPhase::Solid);
+    EXPECT_EQ(state().cp_phase, estimation::CpPhase::Solid);
 }
 
 TEST_F(FitUndo, ProposedAndFittedStartValuesAreTakenBackBesideTheResults) {
@@ -171,7 +171,7 @@ TEST_F(FitUndo, ProposedAndFittedStartValuesAreTakenBackBesideTheResults) {
     chooseAntoine();
     click("cmdPropose");
     EXPECT_EQ(view().undoName(), "Propose start values");
-    const estimation::Parameters proposed = state().FitStart;
+    const estimation::Parameters proposed = state().start;
     click("cmdStart");
     EXPECT_EQ(view().undoName(), "Propose start values") << "a fit is no step";
     const QString result = read("txtResult_0"), interval = read("txtInterval_0");
@@ -181,7 +181,7 @@ TEST_F(FitUndo, ProposedAndFittedStartValuesAreTakenBackBesideTheResults) {
     EXPECT_EQ(view().undoName(), "Results as start values");
     undo();
     undo();
-    EXPECT_EQ(state().FitStart, proposed);
+    EXPECT_EQ(state().start, proposed);
     undo();
     EXPECT_EQ(number("txtStart_0"), 10);
     // The results are of the same function and points, wherever they were started from.
@@ -233,7 +233,7 @@ TEST_F(FitUndo, ResultsGoWhenAnotherCriticalPointIsTyped) {
 
 TEST_F(FitUndo, FormerPointsComeBack) {
     openWithBenzene();
-    const std::vector<datafiles::FitPoint> measured = state().FitPoints;
+    const std::vector<datafiles::FitPoint> measured = state().points;
     const QString title = read("lblTitle");
     chooseAntoine();
     click("cmdPropose");
@@ -241,22 +241,22 @@ TEST_F(FitUndo, FormerPointsComeBack) {
     change([](auto& s) { s.xy.points = {{300, 10, 0}, {310, 20, -1}}; });
     send();
     EXPECT_EQ(view().undoName(), "Load points");
-    EXPECT_EQ(state().NPoints, 2);
-    EXPECT_EQ(state().NInactive, 1);
-    EXPECT_EQ(state().FitModel, 4);
+    EXPECT_EQ(state().point_count, 2);
+    EXPECT_EQ(state().inactive_count, 1);
+    EXPECT_EQ(state().model, 4);
     undo();
-    EXPECT_EQ(state().FitPoints, measured);
+    EXPECT_EQ(state().points, measured);
     EXPECT_EQ(read("lblTitle"), title);
     EXPECT_EQ(session->xy.points.size(), 2U) << "the list of the editor is its own";
     EXPECT_FALSE(drive::isVisible("fraFQS"));
     redo();
-    EXPECT_EQ(state().NPoints, 2);
+    EXPECT_EQ(state().point_count, 2);
     EXPECT_EQ(read("lblTitle"), " Fitting y = f(T) (1 (active) sets of data loaded from XY editor");
     send();
     EXPECT_EQ(view().undoName(), "Load points");
     EXPECT_EQ(view().redoName(), "");
     undo();
-    EXPECT_EQ(state().FitPoints, measured) << "the same points once more are no step";
+    EXPECT_EQ(state().points, measured) << "the same points once more are no step";
 }
 
 TEST_F(FitUndo, AFitOfTheFormerSubstanceComesBackAsItsOwn) {
@@ -268,12 +268,12 @@ TEST_F(FitUndo, AFitOfTheFormerSubstanceComesBackAsItsOwn) {
     click("optFit_8");
     EXPECT_NEAR(number("txtTcr"), fluids::Row("Propane").Tcrit, 1e-9);
     undo();
-    EXPECT_EQ(state().substance.Name, "Benzene");
+    EXPECT_EQ(state().substance.name, "Benzene");
     EXPECT_DOUBLE_EQ(number("txtTcr"), Tcr);
     EXPECT_EQ(read("lblTarget"),
               "... of Benzene, but Propane is loaded now: choose the model again for it");
     redo();
-    EXPECT_EQ(state().substance.Name, "Propane");
+    EXPECT_EQ(state().substance.name, "Propane");
     EXPECT_TRUE(read("lblTarget").startsWith("... in the actually loaded data of Propane"));
 }
 

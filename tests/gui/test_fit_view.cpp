@@ -37,8 +37,8 @@ class Fitting : public ViewTest {
   protected:
     Fitting() {
         setSubstance(fluids::Row("Benzene"));
-        editor_views::Install(desk);
-        estimation_views::Install(desk);
+        editor_views::install(desk);
+        estimation_views::install(desk);
         desk.doors.editMeasuredData = {};
     }
 
@@ -56,7 +56,7 @@ class Fitting : public ViewTest {
         ASSERT_TRUE(session::load_xy(session, std::string(QUOR_SOURCE_DATA) + "/samples/" + name));
     }
     void open() {
-        change([](auto& s) { s.fitSource = session::FitSource::xyList; });
+        change([](auto& s) { s.fit_source = session::FitSource::xyList; });
         desk.doors.fit();
         drive::settle();
     }
@@ -372,7 +372,7 @@ TEST_F(Fitting, ResultsBecomeStartValues) {
     click("cmdLeftAll");
     for (int i = 0; i < 6; ++i)
         EXPECT_EQ(read(indexed("txtStart", i)), read(indexed("txtResult", i))) << i;
-    EXPECT_TRUE(state().FitStart == state().FitPar);
+    EXPECT_TRUE(state().start == state().parameters);
 }
 
 TEST_F(Fitting, ANewModelHidesTheResultsOfTheLast) {
@@ -388,11 +388,11 @@ TEST_F(Fitting, ANewModelHidesTheResultsOfTheLast) {
 TEST_F(Fitting, AFixedRowIsGreyAndReadsZeroWhenItWasEmpty) {
     open();
     click("chkFix_3");
-    EXPECT_FALSE(state().FitFixed[3]);
+    EXPECT_FALSE(state().fixed[3]);
     const QColor normal = drive::find("txtStart_3")->palette().color(QPalette::Text);
     type("txtStart_3", "");
     click("chkFix_3");
-    EXPECT_TRUE(state().FitFixed[3]);
+    EXPECT_TRUE(state().fixed[3]);
     EXPECT_EQ(read("txtStart_3"), " 0.");
     EXPECT_NE(drive::find("txtStart_3")->palette().color(QPalette::Text), normal);
 }
@@ -436,7 +436,7 @@ TEST_F(Fitting, AMeasuredVapourPressureCurveReachesTheSubstance) {
     const std::vector<datafiles::FitPoint> measured = points();
     for (const bool lg : {false, true}) {
         SCOPED_TRACE(lg);
-        change([](auto& s) { s.substance.ALP = {}; });
+        change([](auto& s) { s.substance.antoine_low = {}; });
         open();
         choose("Vapour pressure", 4);
         if (drive::isChecked("chkLg") != lg) click("chkLg");
@@ -458,7 +458,7 @@ TEST_F(Fitting, AMeasuredVapourPressureCurveReachesTheSubstance) {
                   "and can be viewed/edited under \"Data/Data editor\".\n\n"
                   "Single value calculations y=f(T) can be carried out\n"
                   "under \"Calculation / Database functions\".");
-        EXPECT_EQ(substance().ALP.TLo, 313);
+        EXPECT_EQ(substance().antoine_low.T_low, 313);
         for (const datafiles::FitPoint& p : measured) {
             const auto result =
                 models::vapour_pressure(substance(), static_cast<double>(p.x), codes::vp("ALP"));
@@ -490,12 +490,12 @@ TEST_F(Fitting, AugustIsFittedButNotApplied) {
     click("cmdPropose");
     click("cmdStart");
     EXPECT_TRUE(drive::isVisible("fraFQS"));
-    const models::VPSetAntoine before = substance().ALP;
+    const models::AntoineSet before = substance().antoine_low;
     click("cmdApply");
     EXPECT_EQ(user.lastText(),
               "AUGUST/DUPRÉ-RANKINE are equations not used by QUOR.\nIf you want to use AUGUST, "
               "chooce ANTOINE C-fixed = 273.15");
-    EXPECT_EQ(substance().ALP.A, before.A);
+    EXPECT_EQ(substance().antoine_low.A, before.A);
 }
 
 TEST_F(Fitting, TheThodosFormShowsItsComputedParameter) {
@@ -518,13 +518,14 @@ TEST_F(Fitting, HeatCapacitiesGoToTheirPhase) {
     choose("Heat capac.", 17);
     click("cmdPropose");
     click("cmdStart");
-    const models::CpSet gas = substance().cpPoly, solid = substance().cpS;
+    const models::CpSet gas = substance().cp_polynomial, solid = substance().cpS;
     click("cmdApply");
-    EXPECT_EQ(substance().cpPoly, gas) << "nothing of this model is stored for the ideal gas";
+    EXPECT_EQ(substance().cp_polynomial, gas)
+        << "nothing of this model is stored for the ideal gas";
     click("optcpPhase_1");
     click("cmdApply");
     EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
-    EXPECT_TRUE(substance().hasCpL);
+    EXPECT_TRUE(substance().has_cpL);
     for (const datafiles::FitPoint& p : points())
         EXPECT_NEAR(models::polynomial_cp(substance().cpL, static_cast<double>(p.x)).cp,
                     static_cast<double>(p.y), 0.02 * static_cast<double>(p.y));
@@ -589,8 +590,8 @@ TEST_F(Fitting, TheTpvEditorIsASourceToo) {
         for (const double i : {1.0, 2.0, 3.0, 4.0})
             s.measured.points.push_back({.T = 300 + 10 * i, .p = 5 * i});
         s.measured.points[2].skip = 1;
-        s.fitSource = session::FitSource::measuredData;
-        s.fitColumn = 1;
+        s.fit_source = session::FitSource::measuredData;
+        s.fit_column = 1;
     });
     desk.doors.fit();
     drive::settle();
@@ -607,7 +608,7 @@ TEST_F(Fitting, TheXyEditorSendsItsPoints) {
         type("txtY", x);
         click("OKinput");
     }
-    change([](auto& s) { s.fitSource = session::FitSource::measuredData; });
+    change([](auto& s) { s.fit_source = session::FitSource::measuredData; });
     click("cmdFitting");
     EXPECT_EQ(read("lblTitle"), " Fitting y = f(T) (3 (active) sets of data loaded from XY editor");
     EXPECT_FALSE(drive::isEnabled("cmdGotoTpvEditor")) << "nobody opens that editor here";
@@ -656,12 +657,12 @@ TEST_F(Fitting, AFitIsNotWrittenIntoAnotherSubstance) {
     EXPECT_EQ(user.lastText(),
               "This fit belongs to Benzene,\nbut Propane is loaded now. Nothing was applied.");
     EXPECT_EQ(user.lastTitle(), kRefused);
-    EXPECT_EQ(substance().ALP.A, propane.ALP.A);
+    EXPECT_EQ(substance().antoine_low.A, propane.antoine_low.A);
 
     setSubstance(fluids::Row("Benzene"));
     click("cmdApply");
     EXPECT_EQ(user.lastTitle(), "Parameters succuessfully applied");
-    EXPECT_NEAR(substance().ALP.A * std::log(10.0), number("txtResult_0"), 1e-4);
+    EXPECT_NEAR(substance().antoine_low.A * std::log(10.0), number("txtResult_0"), 1e-4);
 }
 
 TEST_F(Fitting, ANewFitTakesTheCriticalDataOfTheActiveSubstance) {
@@ -673,7 +674,7 @@ TEST_F(Fitting, ANewFitTakesTheCriticalDataOfTheActiveSubstance) {
     click("optFit_8");
     EXPECT_NEAR(number("txtTcr"), fluids::Row("Propane").Tcrit, 1e-9);
     EXPECT_NEAR(number("txtpcr"), fluids::Row("Propane").pcrit, 1e-9);
-    EXPECT_EQ(state().substance.Name, "Propane");
+    EXPECT_EQ(state().substance.name, "Propane");
     EXPECT_TRUE(read("lblTarget").startsWith("... in the actually loaded data of Propane"));
 }
 

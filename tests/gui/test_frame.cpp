@@ -47,11 +47,11 @@ TEST_F(Frame, StartsEmptyAndOffersADatabaseFirst) {
 
 TEST_F(Frame, EveryRowOfTheCatalogueIsThere) {
     start();
-    for (const menu::Row& row : menu::Rows()) {
+    for (const menu::Row& row : menu::rows()) {
         if (row.kind == menu::Kind::Separator) continue;
-        const QAction* action = drive::action(QString::fromStdString(menu::Name(row)));
-        EXPECT_EQ(action->text().toStdString(), menu::Caption(session, row));
-        EXPECT_EQ(action->isVisible(), menu::Visible(session, row)) << menu::Name(row);
+        const QAction* action = drive::action(QString::fromStdString(menu::object_name(row)));
+        EXPECT_EQ(action->text().toStdString(), menu::caption(session, row));
+        EXPECT_EQ(action->isVisible(), menu::visible(session, row)) << menu::object_name(row);
     }
 }
 
@@ -130,7 +130,7 @@ constexpr Stage kStages[] = {
 
 TEST_F(Frame, EveryCommandIsEnabledInItsTurn) {
     start();
-    for (const menu::Row& row : menu::Rows())
+    for (const menu::Row& row : menu::rows())
         if (!row.action.empty() && !commands.has(row.action)) commands.add(row.action, [] {});
     commands.add("frmReferenz", [] {});
     desk.refresh();
@@ -191,7 +191,7 @@ TEST_F(Frame, LeavingTheModelViewKeepsTheCalculationDisabled) {
     click("Toolbar1_2");
     EXPECT_TRUE(enabled("mnuModel"));
     EXPECT_FALSE(enabled("mnuCalcMain"));
-    EXPECT_EQ(models::code_of(session->models.EOSModel), -1);
+    EXPECT_EQ(models::code_of(session->models.eos), -1);
     EXPECT_EQ(read("StatusBar1_2"), "");
 }
 
@@ -212,7 +212,7 @@ TEST_F(Frame, TheTankButtonTakesTheMethodThatHasPriority) {
     commands.add("CalcMode_10", [&] { runs.push_back(10); });
     openSubstance("Carbon dioxide");
     click("Toolbar1_15");
-    session.change()->models.PriorityCEOS = false;
+    session.change()->models.eos_has_priority = false;
     click("Toolbar1_15");
     EXPECT_EQ(runs, (std::vector<int>{9, 10}));
 }
@@ -237,7 +237,7 @@ TEST_F(Frame, BatchOperationWithoutDataIsToldAndTheMenuOpens) {
     start();
     commands.add("CalcMode_3", [] {});
     openSubstance("Carbon dioxide");
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     drive::open("mnuCalc_2");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_TRUE(offers("mnuCalc_2"));
@@ -254,7 +254,7 @@ TEST_F(Frame, ADiagramRowPreparesItsDiagram) {
     choose("mnuGraf_sub_proj_8");
     EXPECT_EQ(runs, 1);
     EXPECT_EQ(session->diagram->code, 90);
-    EXPECT_EQ(session->diagram->axisPair, "yT");
+    EXPECT_EQ(session->diagram->axis_pair, "yT");
 }
 
 TEST_F(Frame, StatusAndParametersAreReported) {
@@ -331,7 +331,7 @@ TEST_F(Frame, TipsShowAtStartUntilSwitchedOff) {
     frame->show();
     frame->startUp();
     ASSERT_TRUE(isVisible("frmTip"));
-    EXPECT_FALSE(session->tipsHidden);
+    EXPECT_FALSE(session->tips_hidden);
     const QString first = read("lblTipText");
     EXPECT_FALSE(first.isEmpty());
     click("cmdNextTip");
@@ -344,7 +344,7 @@ TEST_F(Frame, TipsShowAtStartUntilSwitchedOff) {
 
     frame->startUp();
     EXPECT_FALSE(isVisible("frmTip"));
-    EXPECT_TRUE(session->tipsHidden);
+    EXPECT_TRUE(session->tips_hidden);
     choose("mnuHilfe_Tip");
     EXPECT_TRUE(isVisible("frmTip"));
     EXPECT_FALSE(drive::isChecked("chkLoadTipsAtStartup"));
@@ -384,7 +384,7 @@ TEST_F(FrameWithProjects, TheLastSessionEnablesEverything) {
     for (const char* name : {"mnuStoff", "mnuModel", "mnu2D", "mnu3D", "mnuCalcMain"})
         EXPECT_FALSE(enabled(name)) << name;
     click("Toolbar1_4");
-    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
+    EXPECT_EQ(session->substance.name, "Carbon dioxide");
     for (const char* name : {"mnuStoff", "mnuModel", "mnu2D", "mnu3D", "mnuCalcMain"})
         EXPECT_TRUE(enabled(name)) << name;
     EXPECT_TRUE(drive::isEnabled("Toolbar1_7"));
@@ -394,10 +394,10 @@ TEST_F(FrameWithProjects, TheLastSessionEnablesEverything) {
 
 TEST_F(FrameWithProjects, WithoutALastSessionTheSessionStaysAsItIs) {
     start();
-    session.change()->substanceNumber = 5;
+    session.change()->substance_number = 5;
     click("Toolbar1_4");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_EQ(session->substanceNumber, 5);
+    EXPECT_EQ(session->substance_number, 5);
 }
 
 TEST_F(FrameWithProjects, AProjectThatFailsEnablesNothing) {
@@ -412,12 +412,12 @@ TEST_F(FrameWithProjects, AProjectThatFailsEnablesNothing) {
 
 TEST_F(FrameWithProjects, CancellingTheChoiceOfAProjectChangesNothing) {
     start();
-    session.change()->substanceNumber = 5;
+    session.change()->substance_number = 5;
     user.fileAnswers.push_back(std::nullopt);
     click("Toolbar1_6");
     EXPECT_EQ(user.files.size(), 1U);
     EXPECT_TRUE(user.messages.empty());
-    EXPECT_EQ(session->substanceNumber, 5);
+    EXPECT_EQ(session->substance_number, 5);
 }
 
 TEST_F(FrameWithProjects, SavingAProjectNotesOnceWhatMustBeComplete) {
@@ -441,7 +441,7 @@ TEST_F(Frame, ExitAndTheCloseButtonEndTheSessionAlike) {
             ASSERT_TRUE(now->protocol.add({}, {}));
             now->protocol.pending = true;
         }
-        std::filesystem::remove(session->lastSessionFile);
+        std::filesystem::remove(session->last_session_file);
         const std::filesystem::path protocol = folder() / session->protocol.file;
         if (byMenu)
             choose("mnuData_Exit");
@@ -450,7 +450,7 @@ TEST_F(Frame, ExitAndTheCloseButtonEndTheSessionAlike) {
         EXPECT_FALSE(frame->isVisible());
         EXPECT_FALSE(session->protocol.pending);
         EXPECT_TRUE(std::filesystem::exists(protocol));
-        EXPECT_TRUE(std::filesystem::exists(session->lastSessionFile));
+        EXPECT_TRUE(std::filesystem::exists(session->last_session_file));
         std::filesystem::remove(protocol);
     }
 }

@@ -120,17 +120,17 @@ TEST_F(Joback, HeatCapacityGoesIntoTheRecordWithItsRange) {
     EXPECT_NEAR(read("txtC2").toDouble(), 2 * 1.53e-4 - 2.65e-4 + 1.77e-4 - 3.91e-4, 1e-9);
     EXPECT_NEAR(read("txtC3").toDouble(), 2 * -9.67e-8 + 1.20e-7 - 9.88e-8 + 2.06e-7, 1e-12);
     click("cmdApply");
-    EXPECT_NEAR(session->substance.cpPoly.c[0], 3.77F, 1e-4F);
-    EXPECT_EQ(session->substance.cpPoly.c[4], 1e-37F);
-    EXPECT_EQ(session->substance.cpPoly.TLo, 250);
-    EXPECT_EQ(session->substance.cpPoly.THi, 1000);
-    EXPECT_TRUE(session->substance.hasCpPoly);
+    EXPECT_NEAR(session->substance.cp_polynomial.c[0], 3.77F, 1e-4F);
+    EXPECT_EQ(session->substance.cp_polynomial.c[4], 1e-37F);
+    EXPECT_EQ(session->substance.cp_polynomial.T_low, 250);
+    EXPECT_EQ(session->substance.cp_polynomial.T_high, 1000);
+    EXPECT_TRUE(session->substance.has_cp_polynomial);
 }
 
 TEST_F(Joback, TheEditorGetsTextsAndTheViewCloses) {
     datafiles::EditorTexts texts;
     texts.fill("<>");
-    const models::CpSet before = session->substance.cpPoly;
+    const models::CpSet before = session->substance.cp_polynomial;
     open(GroupFrame::HeatCapacity, &texts);
     typeIsopropanol();
     click("cmdCalccp");
@@ -141,7 +141,7 @@ TEST_F(Joback, TheEditorGetsTextsAndTheViewCloses) {
     EXPECT_EQ(texts[32], " 0");
     EXPECT_EQ(texts[33], " 250");
     EXPECT_EQ(texts[34], " 1000");
-    EXPECT_EQ(session->substance.cpPoly, before);
+    EXPECT_EQ(session->substance.cp_polynomial, before);
 }
 
 TEST_F(Joback, CriticalDataWithAMeasuredBoilingPoint) {

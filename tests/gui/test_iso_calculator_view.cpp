@@ -30,7 +30,7 @@ class IsoCalculatorViewTest : public CalcViewTest {
         const report::TaskResult state = report::make_result(session.fluid(), session->reference,
                                                              session::unit_choice(session.state()),
                                                              report::functions_request(T, p));
-        return state.Fu[static_cast<std::size_t>(function + (liquid ? 18 : 8))];
+        return state.numbers[static_cast<std::size_t>(function + (liquid ? 18 : 8))];
     }
 
     static double shown(const char* name) { return read(name).toDouble(); }
@@ -55,7 +55,7 @@ TEST_F(IsoCalculatorViewTest, OffersEightFunctionsWithTheirLabels) {
         EXPECT_EQ(read(name), l.caption);
         click(name);
         EXPECT_EQ(read("lblFuConst"), l.label);
-        EXPECT_EQ(static_cast<int>(session->calculation.isoFunction), l.function);
+        EXPECT_EQ(static_cast<int>(session->calculation.iso_function), l.function);
         const double value = functionAt(350, 4000, l.function, false);
         EXPECT_NEAR(shown("txtFuConst"), value, 1e-6 * std::fabs(value)) << l.label;
     }
@@ -63,7 +63,7 @@ TEST_F(IsoCalculatorViewTest, OffersEightFunctionsWithTheirLabels) {
     EXPECT_EQ(read("lblTpCalc"), "T/K =");
     EXPECT_EQ(read("txtTpVorgabe"), "4000");
     click("optIsoTp_1");
-    EXPECT_EQ(session->calculation.isoGiven, calculation::IsoGiven::T);
+    EXPECT_EQ(session->calculation.iso_given, calculation::IsoGiven::T);
     EXPECT_EQ(read("lblTpVorgabe"), "  T/K =");
     EXPECT_EQ(read("lblTpCalc"), "p/kPa = ");
     EXPECT_EQ(read("txtTpVorgabe"), "350");
@@ -192,7 +192,7 @@ TEST_F(IsoCalculatorViewTest, MarksAFieldWithoutANumber) {
 TEST_F(IsoCalculatorViewTest, StartsFromThePresentDataSetInBatchOperation) {
     startProject("Carbon dioxide");
     useData({{0, 330, 1000, 0, 0, 0, 0}, {0, 340, 1500, 0, 0, 0, 0}});
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     choose("mnuCalc_11");
     click("cmdVor");
     click("cmdIsoCalc");

@@ -518,11 +518,11 @@ TEST_F(MeasuredDataEditorTest, SendsItsDataToFittingAndGraphsOnceTheseAreThere) 
     for (const auto& [button, door] : {std::pair{"cmdFitting", doors[0]},
                                        {"cmdGraphFunction", doors[1]},
                                        {"cmdlogGraf", doors[2]}}) {
-        change([](auto& s) { s.fitColumn = 0; });
+        change([](auto& s) { s.fit_column = 0; });
         click(button);
         EXPECT_EQ(called, door) << button;
-        EXPECT_EQ(session->fitColumn, 4);
-        EXPECT_EQ(session->fitSource, session::FitSource::measuredData);
+        EXPECT_EQ(session->fit_column, 4);
+        EXPECT_EQ(session->fit_source, session::FitSource::measuredData);
     }
 }
 
@@ -614,8 +614,8 @@ TEST_F(MeasuredDataEditorTest, AnEmptyEditorFollowsTheSubstance) {
     });
     drive::when("frmQModell", [] { click("OKModell"); });
     choose("mnuStoff");
-    ASSERT_EQ(session->substance.Name, "Propane");
-    EXPECT_EQ(session->measured.casrn, session->substance.CASRN);
+    ASSERT_EQ(session->substance.name, "Propane");
+    EXPECT_EQ(session->measured.casrn, session->substance.casrn);
     EXPECT_TRUE(drive::get("opt_Rho_Unit_1")->toolTip().contains("(molar mass M/(kg/kmol)= 44.09"))
         << drive::get("opt_Rho_Unit_1")->toolTip().toStdString();
 }
@@ -635,7 +635,7 @@ TEST_F(MeasuredDataEditorTest, MolarVolumesBelongToTheSubstanceOfTheData) {
     });
     drive::when("frmQModell", [] { click("OKModell"); });
     choose("mnuStoff");
-    ASSERT_EQ(session->substance.Name, "Water");
+    ASSERT_EQ(session->substance.name, "Water");
     commands.run("mnuData_BatchEdit");
     drive::settle();
     click("opt_Rho_Unit_1");

@@ -75,16 +75,16 @@ class MenuWalk : public FrameTest {
 
 TEST_F(MenuWalk, EveryRowDoesSomethingAndHasAnActionBehindIt) {
     int walked = 0;
-    for (const menu::Row& row : menu::Rows()) {
+    for (const menu::Row& row : menu::rows()) {
         if (row.kind != menu::Kind::Command) continue;
-        const QString name = QString::fromStdString(menu::Name(row));
-        if (name == "mnuData_Exit") continue;  // walked last
+        const QString name = QString::fromStdString(menu::object_name(row));
+        if (name == "mnuData_Exit") continue;   // walked last
         if (row.parent == "mnuEdit") continue;  // for the view in front, of which there is none
         EXPECT_TRUE(commands.has(row.action)) << name.toStdString() << " has no action";
-        if (!menu::Visible(session, row)) continue;
+        if (!menu::visible(session, row)) continue;
         if (!row.parent.empty()) drive::open(name);  // menus bring their rows up to date
-        EXPECT_TRUE(menu::Enabled(session, commands, row)) << name.toStdString() << " is disabled";
-        if (!menu::Enabled(session, commands, row)) continue;
+        EXPECT_TRUE(menu::enabled(session, commands, row)) << name.toStdString() << " is disabled";
+        if (!menu::enabled(session, commands, row)) continue;
         closeAll();
         user.fileAnswers = {(folder() / "mine.QCF").string()};
         const Sight before = look();
@@ -94,7 +94,7 @@ TEST_F(MenuWalk, EveryRowDoesSomethingAndHasAnActionBehindIt) {
         EXPECT_FALSE(look() == before) << name.toStdString() << " does nothing";
         ++walked;
         // Leaving the choice of a substance or a project leaves nothing behind to go on with.
-        if (session->substance.Name != "Propane" || !menu::Enabled(session, commands, row)) {
+        if (session->substance.name != "Propane" || !menu::enabled(session, commands, row)) {
             closeAll();
             user.fileAnswers = {(folder() / "mine.QCF").string()};
             drive::action("mnuData_LoadProject")->trigger();

@@ -50,7 +50,7 @@ TEST_F(ModelView, WithoutAcentricFactorTheListIsShorter) {
         EXPECT_EQ(read("EOSKombi"), "CEOS Redlich / Kwong");
         click("OKModell");
     });
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 4);
+    EXPECT_EQ(models::code_of(session->models.eos), 4);
     EXPECT_EQ(read("StatusBar1_2"), "CEOS Redlich / Kwong (Priority!)");
 }
 
@@ -64,7 +64,7 @@ TEST_F(ModelView, AVirialEquationDisablesThePriority) {
         EXPECT_EQ(drive::get<QComboBox>("HLVKombi")->currentIndex(), 0);
         click("OKModell");
     });
-    EXPECT_TRUE(session->models.EOSOnlyV);
+    EXPECT_TRUE(session->models.vapour_only);
     EXPECT_EQ(read("StatusBar1_2"), "VIRIAL Equ. Pitzer / Curl");
     EXPECT_EQ(read("StatusBar1_3"), "Vapour press. equ.: Wagner");
 
@@ -76,7 +76,7 @@ TEST_F(ModelView, AVirialEquationDisablesThePriority) {
         click("OKModell");
     });
     drive::choose("mnuModel");
-    EXPECT_TRUE(session->models.PriorityCEOS);
+    EXPECT_TRUE(session->models.eos_has_priority);
 }
 
 TEST_F(ModelView, ThePriorityIsChosen) {
@@ -84,7 +84,7 @@ TEST_F(ModelView, ThePriorityIsChosen) {
         click("PriorOpt_1");
         click("OKModell");
     });
-    EXPECT_FALSE(session->models.PriorityCEOS);
+    EXPECT_FALSE(session->models.eos_has_priority);
     EXPECT_EQ(read("StatusBar1_3"), "Vapour press. equ.: Wagner (Priority!)");
     drive::when("frmQModell", [] {
         EXPECT_TRUE(drive::isChecked("PriorOpt_1"));
@@ -92,7 +92,7 @@ TEST_F(ModelView, ThePriorityIsChosen) {
         click("OKModell");
     });
     drive::choose("mnuModel");
-    EXPECT_TRUE(session->models.PriorityCEOS);
+    EXPECT_TRUE(session->models.eos_has_priority);
 }
 
 TEST_F(ModelView, TheWatsonExponentIsTyped) {
@@ -103,8 +103,8 @@ TEST_F(ModelView, TheWatsonExponentIsTyped) {
         drive::type("WatsonKombi", "0,35");
         click("OKModell");
     });
-    EXPECT_FLOAT_EQ(session->models.WatsonN, 0.35F);
-    EXPECT_EQ(models::code_of(session->models.HLVModel), 4);
+    EXPECT_FLOAT_EQ(session->models.watson_n, 0.35F);
+    EXPECT_EQ(models::code_of(session->models.vaporisation), 4);
 }
 
 TEST_F(ModelView, TheManualVirialFormAsksForItsCoefficients) {
@@ -121,10 +121,10 @@ TEST_F(ModelView, TheManualVirialFormAsksForItsCoefficients) {
         select("EOSKombi", "VIRIAL Equ., Manual Input");
         click("OKModell");
     });
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 10);
-    EXPECT_EQ(session->eosParameters.eosB0, 0.05);
-    EXPECT_EQ(session->eosParameters.eosNB, 2500.0);
-    EXPECT_EQ(session->eosParameters.eosNV, 1.6);
+    EXPECT_EQ(models::code_of(session->models.eos), 10);
+    EXPECT_EQ(session->eos_parameters.b0, 0.05);
+    EXPECT_EQ(session->eos_parameters.nb, 2500.0);
+    EXPECT_EQ(session->eos_parameters.nv, 1.6);
 }
 
 TEST_F(ModelView, CancellingTheCoefficientsLeavesThem) {
@@ -136,7 +136,7 @@ TEST_F(ModelView, CancellingTheCoefficientsLeavesThem) {
         select("EOSKombi", "VIRIAL Equ., Manual Input");
         click("OKModell");
     });
-    EXPECT_EQ(session->eosParameters.eosB0, 0.0);
+    EXPECT_EQ(session->eos_parameters.b0, 0.0);
 }
 
 TEST_F(ModelView, AnIncompleteCoefficientIsMarked) {
@@ -153,7 +153,7 @@ TEST_F(ModelView, AnIncompleteCoefficientIsMarked) {
         select("EOSKombi", "VIRIAL Equ., Manual Input");
         click("OKModell");
     });
-    EXPECT_EQ(session->eosParameters.eosNB, 3.0);
+    EXPECT_EQ(session->eos_parameters.nb, 3.0);
 }
 
 TEST_F(ModelView, CarruthKobayashiWithoutAcentricFactorWarnsAndRuns) {
@@ -162,7 +162,7 @@ TEST_F(ModelView, CarruthKobayashiWithoutAcentricFactorWarnsAndRuns) {
         click("OKModell");
     });
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_EQ(models::code_of(session->models.HLVModel), 3);
+    EXPECT_EQ(models::code_of(session->models.vaporisation), 3);
     EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
 }
 
@@ -175,7 +175,7 @@ TEST_F(ModelView, JiTorvikWithoutItsProgramKeepsTheViewOpen) {
         select("EOSKombi", "CEOS Soave / Redlich / Kwong");
         click("OKModell");
     });
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 5);
+    EXPECT_EQ(models::code_of(session->models.eos), 5);
     EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
 }
 
@@ -190,9 +190,9 @@ TEST_F(ModelView, EscapeRestoresTheFormerModels) {
         drive::press("EOSKombi", Qt::Key_Escape);
     });
     drive::choose("mnuModel");
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 6);
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
-    EXPECT_TRUE(session->models.PriorityCEOS);
+    EXPECT_EQ(models::code_of(session->models.eos), 6);
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "WAG");
+    EXPECT_TRUE(session->models.eos_has_priority);
     EXPECT_EQ(read("StatusBar1_2"), "CEOS Peng / Robinson (Priority!)");
 }
 

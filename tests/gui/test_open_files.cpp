@@ -51,8 +51,8 @@ TEST_F(OpenFiles, ADatabaseIsOpenedAsByItsRow) {
     databases::Write(folder() / "other" / "OWN.Q05", {databases::Row("Water")});
     answerChoice("Water");
     drop({path("other/OWN.Q05")});
-    EXPECT_EQ(session->databaseFile, "OWN.Q05");
-    EXPECT_EQ(session->substance.Name, "Water");
+    EXPECT_EQ(session->database_file, "OWN.Q05");
+    EXPECT_EQ(session->substance.name, "Water");
     EXPECT_EQ(settings::recentFiles().constFirst().toStdString(), path("other/OWN.Q05"));
 }
 
@@ -62,9 +62,9 @@ TEST_F(OpenFiles, AProjectIsLoaded) {
     databases::Write(folder() / "SECOND.Q05", {databases::Row("Water")});
     answerChoice("Water");
     drop({path("SECOND.Q05")});
-    ASSERT_EQ(session->substance.Name, "Water");
+    ASSERT_EQ(session->substance.name, "Water");
     drop({path("mine.QCF")});
-    EXPECT_EQ(session->substance.Name, "Propane");
+    EXPECT_EQ(session->substance.name, "Propane");
     EXPECT_EQ(settings::recentFiles().constFirst().toStdString(), path("mine.QCF"));
 }
 
@@ -112,7 +112,7 @@ TEST_F(OpenFiles, OtherFilesAreRefused) {
     ASSERT_EQ(user.messages.size(), 2U);
     EXPECT_EQ(user.messages[0].text, "This is no file of QUOR-6:\n" + path("notes.txt"));
     EXPECT_EQ(user.messages[1].text, "File not found:\n" + path("gone.QCF"));
-    EXPECT_EQ(session->substance.Name, "Propane");
+    EXPECT_EQ(session->substance.name, "Propane");
 }
 
 TEST_F(OpenFiles, TheMenuOffersRecentFilesAndDropsMissingOnes) {

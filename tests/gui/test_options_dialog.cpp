@@ -17,8 +17,8 @@ class OptionsView : public ViewTest {
   protected:
     OptionsView() {
         session.change()->substance = fluids::ReferencePropane();
-        session.change()->models.EOSModel = codes::eos(6);
-        session.change()->eosParameters.vcritCalc = 0.2;
+        session.change()->models.eos = codes::eos(6);
+        session.change()->eos_parameters.vcrit_calculated = 0.2;
     }
     OptionsDialog* open() {
         auto* view = new OptionsDialog(desk);
@@ -37,10 +37,10 @@ TEST_F(OptionsView, OKAppliesUnitsModeAndResolution) {
     drive::get<QSlider>("Slider1_punktdichte")->setValue(500);
     EXPECT_EQ(drive::get<QLabel>("Label54")->text(), "500");
     click("cmdOK");
-    EXPECT_EQ(session->caloricUnit, models::CaloricUnit::specific);
-    EXPECT_TRUE(session->batchMode);
-    EXPECT_TRUE(session->curveOptions.partialGas);
-    EXPECT_EQ(session->curveOptions.points, 500);
+    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+    EXPECT_TRUE(session->batch_mode);
+    EXPECT_TRUE(session->curve_options.partial_gas);
+    EXPECT_EQ(session->curve_options.points, 500);
     EXPECT_EQ(drive::find("frmOptions"), nullptr);
 }
 
@@ -50,9 +50,9 @@ TEST_F(OptionsView, CancelChangesNothing) {
     click("OptCalcMode_1");
     click("chkReduziert");
     click("cmdClose");
-    EXPECT_EQ(session->caloricUnit, models::CaloricUnit::molar);
-    EXPECT_EQ(session->unitSystem, models::UnitSystem::molar);
-    EXPECT_FALSE(session->batchMode);
+    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::molar);
+    EXPECT_EQ(session->unit_system, models::UnitSystem::molar);
+    EXPECT_FALSE(session->batch_mode);
 }
 
 TEST_F(OptionsView, MolarAndSpecificExcludeEachOther) {
@@ -66,7 +66,7 @@ TEST_F(OptionsView, MolarAndSpecificExcludeEachOther) {
 
 TEST_F(OptionsView, WhatIsNotPossibleIsDisabled) {
     session.change()->substance.Tcrit = 0;
-    session.change()->models.EOSOnlyV = true;
+    session.change()->models.vapour_only = true;
     open();
     EXPECT_FALSE(drive::isEnabled("chkReduziert"));
     EXPECT_FALSE(drive::isEnabled("chkSKurveOhneKonnode"));

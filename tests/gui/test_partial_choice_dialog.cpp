@@ -103,18 +103,18 @@ TEST_F(PartialChoiceDialogTest, DescribesAPhaseEquilibriumAtGivenTAndP) {
         click("OK");
     });
     chooseTp(true);
-    EXPECT_TRUE(session->calculation.method.assumedVle);
+    EXPECT_TRUE(session->calculation.method.assumed_vle);
     EXPECT_TRUE(models::is_known(session->calculation.method.reference));
     calculate("270", "3200");
     EXPECT_TRUE(lists("by BENSON's method:"));
-    EXPECT_EQ(session->results.current.record.State, "V+L");
+    EXPECT_EQ(session->results.current.record.phases, "V+L");
 }
 
 TEST_F(PartialChoiceDialogTest, TakesTheLDensityFromTheDatabaseOnDemand) {
     startProject("Carbon dioxide");
     when("frmCalcIn", [] {
         click("optPartialBenson_1");
-        EXPECT_FALSE(chosen().liquidByBenson);
+        EXPECT_FALSE(chosen().liquid_by_benson);
         EXPECT_FALSE(isVisible("fraReference"));
         EXPECT_EQ(read("lblRhoLimits"),
                   "The L-density is calculated by means of the database equation rho_L = F(T).");
@@ -201,7 +201,7 @@ TEST_F(PartialChoiceDialogTest, AllowsOnlyThePartialTank) {
 
 TEST_F(PartialChoiceDialogTest, AsksOnlyForTheReferencePointOfTheEnthalpyOfVaporisation) {
     startProject("Carbon dioxide");
-    session.change()->models.HLVModel = codes::hlv(6);
+    session.change()->models.vaporisation = codes::hlv(6);
     when("frmCalcIn", [] {
         EXPECT_FALSE(isVisible("fraMode"));
         EXPECT_FALSE(isVisible("fraDensity"));
@@ -317,7 +317,7 @@ TEST_F(PartialChoiceDialogTest, AZeroInTheReferencePointLeavesTheLDensityEmpty) 
 TEST_F(PartialChoiceDialogTest, GoesOnWithoutAnInputViewInBatchOperation) {
     startProject("Carbon dioxide");
     useData({{0, 270, 0, 0, 0, 0, 0}});
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     when("frmCalcIn", [] { click("OK"); });
     choose("mnuCalc_5");
     EXPECT_TRUE(isVisible("frmCalcOut"));

@@ -72,11 +72,11 @@ class ProcessInput : public GraphTest {
         when(kView, [this, typed, chosen, text] {
             for (const char* option : chosen) click(option);
             for (const auto& [index, value] : typed) type(QString("par_%1").arg(index), value);
-            const double before = session->processLine.rangeStart;
+            const double before = session->process_line.range_start;
             click("cmdDraw");
             EXPECT_EQ(user.lastText(), text);
             EXPECT_EQ(user.lastTitle(), "Execution not possible");
-            EXPECT_EQ(session->processLine.rangeStart, before);
+            EXPECT_EQ(session->process_line.range_start, before);
             click("cmdClose");
         });
         choose(row(kind));
@@ -112,7 +112,7 @@ TEST_F(ProcessInput, EveryKindHasItsTitleFieldsAndCommand) {
         std::vector<bool> fields;  // T1, p1, T2, p2
         bool region, range, phase;
     };
-    session.change()->processLine.rangeIsT = true;
+    session.change()->process_line.range_is_T = true;
     const Expected all[] = {
         {"Adding a Straight Line (x1, y1)-(x2, y2)",
          "",
@@ -212,13 +212,13 @@ TEST_F(ProcessInput, RefusesWhatCannotBeDrawn) {
             "specification of the range is not valid ");
     refused(5, {{1, "500"}, {3, "9000"}}, {"optHomoHetero_1", "optTp_0"},
             "pressure for the final tie-line has to be p <= p(cr) = " +
-                numbers::General(session->substance.pcrit) + " kPa");
+                numbers::general(session->substance.pcrit) + " kPa");
     refused(5, {{0, "300"}, {2, "900"}}, {"optHomoHetero_1", "optTp_1"},
             "temperature for the final tie-line has to be <= T(cr) = " +
-                numbers::General(session->substance.Tcrit) + " K");
+                numbers::general(session->substance.Tcrit) + " K");
     refused(5, {{0, "900"}, {2, "300"}}, {"optHomoHetero_1", "optTp_1"},
             "temperature for the initial tie-line has to be <= T(cr) = " +
-                numbers::General(session->substance.Tcrit));
+                numbers::general(session->substance.Tcrit));
 }
 
 TEST_F(ProcessInput, RefusesAPolytropicThatContradictsItself) {
@@ -260,8 +260,8 @@ TEST_F(ProcessInput, ALineContinuesTheLastOne) {
     choose(row(2));
     draw(2, {{0, "300"}, {1, "500"}, {2, "350"}}, {"optPhase_1"});
     EXPECT_EQ(curve(1).legend, "(Isobar 500.0 kPa ) ");
-    EXPECT_DOUBLE_EQ(session->processLine.last.T, 350);
-    EXPECT_DOUBLE_EQ(session->processLine.last.p, 500);
+    EXPECT_DOUBLE_EQ(session->process_line.last.T, 350);
+    EXPECT_DOUBLE_EQ(session->process_line.last.p, 500);
     when(kView, [this] {
         click("chkEndToBegin");
         EXPECT_EQ(read("par_0"), "350");
@@ -314,9 +314,9 @@ TEST_F(ProcessInput, ProcessLinesBelongToDiagramsOfStates) {
     EXPECT_TRUE(offers(row(1)));
     choose("mnuHaupt");
     constexpr std::int16_t kIdealGasCp = 302;  // a function of the database
-    for (const menu::Row& each : menu::Rows())
+    for (const menu::Row& each : menu::rows())
         if (each.action == "Diagram2D" && each.code == kIdealGasCp)
-            choose(QString::fromStdString(menu::Name(each)));
+            choose(QString::fromStdString(menu::object_name(each)));
     ASSERT_NE(window(), nullptr);
     EXPECT_EQ(sheet().request.diagram->code, kIdealGasCp);
     EXPECT_FALSE(offers(row(1)));
@@ -419,7 +419,7 @@ TEST_F(ProcessInput, NoAnswerInTimeAndAGarbledOneAreTold) {
 TEST_F(ProcessInput, TheCalculationOfAProcessListsItsStates) {
     bringProgram();
     answerWith(answer({"400;500", "410;550", "1E+38;600"}));
-    session.change()->batchMode = false;
+    session.change()->batch_mode = false;
     when(kView, [this] {
         standIn();
         EXPECT_EQ(read("lblTitel"), "Calculation of a Polytropic Process");
@@ -432,7 +432,7 @@ TEST_F(ProcessInput, TheCalculationOfAProcessListsItsStates) {
     });
     choose("mnuCalc_13");
     std::vector<std::string> list;
-    for (const report::ListLine& line : session->results.current.report.Liste)
+    for (const report::ListLine& line : session->results.current.report.lines)
         list.push_back(line.text);
     ASSERT_GE(list.size(), 5U);
     EXPECT_EQ(list.front(), "Polytropic process, n = 1.3, kappa = 1.13");
@@ -440,7 +440,7 @@ TEST_F(ProcessInput, TheCalculationOfAProcessListsItsStates) {
     EXPECT_TRUE(last[0].starts_with("              400              500")) << last[0];
     EXPECT_TRUE(last[1].starts_with("              410              550")) << last[1];
     EXPECT_EQ(last[2], "                               600") << "T is missing";
-    EXPECT_TRUE(session->processLine.polytropicPoints.empty()) << "the answer is used once";
+    EXPECT_TRUE(session->process_line.polytropic_points.empty()) << "the answer is used once";
 }
 
 }  // namespace

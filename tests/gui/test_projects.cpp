@@ -31,7 +31,7 @@ TEST_F(Projects, TheLastSessionComesBackAsItWas) {
         drive::click("cmdOK");
     });
     drive::choose("mnuOptions");
-    ASSERT_EQ(session->caloricUnit, models::CaloricUnit::specific);
+    ASSERT_EQ(session->caloric_unit, models::CaloricUnit::specific);
     const models::ModelSelection models = session->models;
     const double p = models::saturation_pressure(session.fluid(), 280).p;
     ASSERT_GT(p, 0);
@@ -39,17 +39,17 @@ TEST_F(Projects, TheLastSessionComesBackAsItWas) {
     EXPECT_TRUE(std::filesystem::exists(folder() / "QuorLastSession.QCF"));
 
     startProgram();
-    EXPECT_TRUE(session->databaseFile.empty());
+    EXPECT_TRUE(session->database_file.empty());
     drive::click("Toolbar1_4");
-    EXPECT_EQ(session->databaseFile, "STUDENT.Q05");
-    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
-    EXPECT_EQ(session->caloricUnit, models::CaloricUnit::specific);
+    EXPECT_EQ(session->database_file, "STUDENT.Q05");
+    EXPECT_EQ(session->substance.name, "Carbon dioxide");
+    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
     EXPECT_EQ(session::present_units(session).v_label, "m^3/kg  ");
-    EXPECT_EQ(session->models.EOSModel, models.EOSModel);
-    EXPECT_EQ(session->models.VPModel, models.VPModel);
-    EXPECT_EQ(session->models.HLVModel, models.HLVModel);
-    EXPECT_EQ(session->models.PriorityCEOS, models.PriorityCEOS);
-    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuCalcMain));
+    EXPECT_EQ(session->models.eos, models.eos);
+    EXPECT_EQ(session->models.vapour_pressure, models.vapour_pressure);
+    EXPECT_EQ(session->models.vaporisation, models.vaporisation);
+    EXPECT_EQ(session->models.eos_has_priority, models.eos_has_priority);
+    EXPECT_TRUE(session::is_enabled(session, session::Command::calculations));
     EXPECT_NEAR(models::saturation_pressure(session.fluid(), 280).p, p, 1e-9 * p)
         << "the constants of the EOS are there";
 }
@@ -70,11 +70,11 @@ TEST_F(Projects, ASavedProjectIsLoadedFromItsFile) {
     EXPECT_TRUE(std::filesystem::exists(file));
     EXPECT_EQ(user.messages.front().title, "Single Note");
     openSubstance("Argon");
-    ASSERT_EQ(session->substance.Name, "Argon");
+    ASSERT_EQ(session->substance.name, "Argon");
     user.fileAnswers.push_back(file);
     drive::choose("mnuData_LoadProject");
-    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 6);
+    EXPECT_EQ(session->substance.name, "Carbon dioxide");
+    EXPECT_EQ(models::code_of(session->models.eos), 6);
 }
 
 TEST_F(Projects, AMissingSubstanceLeavesTheDatabaseAtHand) {
@@ -86,9 +86,9 @@ TEST_F(Projects, AMissingSubstanceLeavesTheDatabaseAtHand) {
     databases::Write(folder() / "STUDENT.Q05", {databases::Row("Argon")});
     user.fileAnswers.push_back(file);
     drive::choose("mnuData_LoadProject");
-    EXPECT_TRUE(session->substance.Name.empty());
-    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuStoff));
-    EXPECT_FALSE(session::is_enabled(session, session::Command::mnuCalcMain));
+    EXPECT_TRUE(session->substance.name.empty());
+    EXPECT_TRUE(session::is_enabled(session, session::Command::chooseSubstance));
+    EXPECT_FALSE(session::is_enabled(session, session::Command::calculations));
 }
 
 TEST_F(Projects, ADatabaseElsewhereIsFoundAgain) {
@@ -105,7 +105,7 @@ TEST_F(Projects, ADatabaseElsewhereIsFoundAgain) {
     endProgram();
     startProgram();
     drive::click("Toolbar1_4");
-    EXPECT_EQ(session->substance.Name, "Propane");
+    EXPECT_EQ(session->substance.name, "Propane");
 }
 
 TEST_F(Projects, AFileThatIsNoProjectChangesNothing) {
@@ -116,10 +116,10 @@ TEST_F(Projects, AFileThatIsNoProjectChangesNothing) {
     user.fileAnswers.push_back(file);
     drive::choose("mnuData_LoadProject");
     EXPECT_EQ(user.lastText(), "The file letter.QCF is no project file.");
-    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
-    EXPECT_EQ(session->substanceNumber, 1);
-    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuCalcMain));
-    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuData_SaveProject));
+    EXPECT_EQ(session->substance.name, "Carbon dioxide");
+    EXPECT_EQ(session->substance_number, 1);
+    EXPECT_TRUE(session::is_enabled(session, session::Command::calculations));
+    EXPECT_TRUE(session::is_enabled(session, session::Command::saveProject));
 }
 
 }  // namespace

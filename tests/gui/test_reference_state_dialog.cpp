@@ -65,7 +65,7 @@ TEST_F(ReferenceStateDialogTest, NamesHAndSInTheUnitOfTheSession) {
          {Case{Unit::molar, "h /(kJ/kmol)", "s /(kJ/kmol/K)"}, Case{Unit::kelvin, "h /K", "s /R"},
           Case{Unit::RT, "h /(R T)", "s /(1/K) "},
           Case{Unit::specific, "h /(kJ/kg)", "s /(kJ/(kg K))"}}) {
-        session.change()->caloricUnit = c.unit;
+        session.change()->caloric_unit = c.unit;
         inView([&] {
             EXPECT_EQ(read("lblT_0"), c.h);
             EXPECT_EQ(read("lblT_1"), c.s);
@@ -83,13 +83,13 @@ TEST_F(ReferenceStateDialogTest, StoresTheFieldsInTheUnitsOfTheRecord) {
     };
     for (const Case& c : {Case{Unit::molar, 1.0}, Case{Unit::kelvin, 1 / kR},
                           Case{Unit::RT, 1 / (kR * 298.15)}, Case{Unit::specific, 1 / kM}}) {
-        session.change()->caloricUnit = c.unit;
+        session.change()->caloric_unit = c.unit;
         inView([] {
             const char* typed[] = {"100", "-2,5", "273.15", "100", "290", "95.5"};
             for (int i = 0; i < 6; ++i) type(QString("T_%1").arg(i), typed[i]);
             drive::press("T_5", Qt::Key_Return);
         });
-        EXPECT_EQ(session->reference.RefMode, 1);
+        EXPECT_EQ(session->reference.mode, 1);
         EXPECT_NEAR(session->reference.href, 100 / c.factor, 1e-4 * 100 / c.factor)
             << static_cast<int>(c.unit);
         EXPECT_NEAR(session->reference.sref, -2.5 / c.factor, 1e-4 * 2.5 / c.factor)
@@ -122,7 +122,7 @@ TEST_F(ReferenceStateDialogTest, SetsTheQuantitiesOfFormation) {
         click("opt_HNull_1");
         click("OK");
     });
-    EXPECT_EQ(session->reference.RefMode, 10);
+    EXPECT_EQ(session->reference.mode, 10);
     EXPECT_EQ(session->reference.href, 0.0);
     EXPECT_EQ(session->reference.T0, 298.15F);
     EXPECT_EQ(session->reference.p0, 101.325F);
@@ -141,7 +141,7 @@ TEST_F(ReferenceStateDialogTest, SetsTheConventionalState) {
         EXPECT_EQ(enabledFields(), "000011");
         click("OK");
     });
-    EXPECT_EQ(session->reference.RefMode, 2);
+    EXPECT_EQ(session->reference.mode, 2);
     // The list of a calculation names it.
     drive::choose("mnuCalc_11");
     calculate("350", "4000");
@@ -152,15 +152,15 @@ TEST_F(ReferenceStateDialogTest, ShiftsTheEnthalpyOfTheNextCalculation) {
     startProject("Carbon dioxide");
     drive::choose("mnuCalc_11");
     calculate("350", "4000");
-    const double h = session->results.current.Fu[10], s = session->results.current.Fu[11];
+    const double h = session->results.current.numbers[10], s = session->results.current.numbers[11];
     inView([] {
         type("T_0", "1000");
         type("T_1", "10");
         click("OK");
     });
     calculate("350", "4000");
-    EXPECT_NEAR(session->results.current.Fu[10], h + 1000, 1e-6);
-    EXPECT_NEAR(session->results.current.Fu[11], s + 10, 1e-9);
+    EXPECT_NEAR(session->results.current.numbers[10], h + 1000, 1e-6);
+    EXPECT_NEAR(session->results.current.numbers[11], s + 10, 1e-9);
 }
 
 TEST_F(ReferenceStateDialogTest, StoresNoSurroundingsOfZeroAndNoPressureOfZero) {

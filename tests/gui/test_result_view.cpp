@@ -27,7 +27,7 @@ class ResultViewTest : public CalcViewTest {
         useData({{0, 250, 100, 2.1F, 0, 0, 0},
                  {-1, 260, 100, 2.0F, 0, 0, 0},
                  {0, 270, 100, 1.9F, 0, 0, 0}});
-        session.change()->batchMode = true;
+        session.change()->batch_mode = true;
         choose(row);
     }
 
@@ -38,7 +38,7 @@ class ResultViewTest : public CalcViewTest {
 
 TEST_F(ResultViewTest, OpensForADirectCalculationWithoutBatchControls) {
     startProject("Carbon dioxide");
-    session.change()->csvSeparator = '\t';
+    session.change()->csv_separator = '\t';
     chooseTp();
     EXPECT_EQ(read("cmdCalc_OK"), "Close");
     EXPECT_EQ(read("fraBatchVorgabe"), " Specification value from input ");
@@ -104,7 +104,7 @@ TEST_F(ResultViewTest, ShowsThePanelsThatBelongToEachRow) {
 TEST_F(ResultViewTest, HidesTheListOutputForFunctionsOfTheDatabaseInBatchOperation) {
     startProject("Water");
     useData({{0, 300, 100, 0, 0, 0, 0}});
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     for (const auto& [row, shown] : {std::pair{"mnuCalc_2", true},
                                      {"mnuCalc_11", true},
                                      {"mnuCalc_18", false},
@@ -166,7 +166,7 @@ TEST_F(ResultViewTest, BeginsEveryRedLineOfTheListWithASign) {
     click("cmdParameter_OK");
     int red = 0;
     const QStringList shown = read("Liste").split('\n');
-    const auto& lines = session->results.current.report.Liste;
+    const auto& lines = session->results.current.report.lines;
     ASSERT_EQ(static_cast<std::size_t>(shown.size()), lines.size());
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const QString text = QString::fromStdString(lines[i].text);
@@ -347,14 +347,14 @@ TEST_F(ResultViewTest, StepsThroughTheActiveDataSets) {
     EXPECT_EQ(user.beeps, 2);
     EXPECT_EQ(read("par1"), "T = 250.000 K");
     EXPECT_EQ(session->results.rows.size(), 3U);
-    EXPECT_EQ(session->results.rows[2].State, " V ");
-    EXPECT_EQ(session->results.rows[1].State, "   ");
+    EXPECT_EQ(session->results.rows[2].phases, " V ");
+    EXPECT_EQ(session->results.rows[1].phases, "   ");
 }
 
 TEST_F(ResultViewTest, BeginsWithTheFirstActiveDataSet) {
     startProject("Carbon dioxide");
     useData({{-1, 250, 100, 0, 0, 0, 0}, {0, 260, 100, 0, 0, 0, 0}});
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     choose("mnuCalc_2");
     EXPECT_EQ(read("fraBatchVorgabe"), " Specification value from set #2");
     EXPECT_TRUE(user.messages.empty()) << user.lastText();
@@ -370,8 +370,8 @@ TEST_F(ResultViewTest, WritesTheListOfResultsToAFileAndCloses) {
     EXPECT_TRUE(choice.save);
     EXPECT_EQ(choice.title, "Save QUOR result list as ...");
     EXPECT_EQ(choice.filter, "Result file (*.LST)|*.LST");
-    EXPECT_EQ(choice.defaultExtension, ".LST");
-    EXPECT_TRUE(choice.overwritePrompt);
+    EXPECT_EQ(choice.default_extension, ".LST");
+    EXPECT_TRUE(choice.overwrite_prompt);
     EXPECT_FALSE(isVisible("frmCalcOut"));
     const std::string list = content(folder() / "co2.LST");
     EXPECT_EQ(list.rfind("QUOR Results of Calculation\r\n", 0), 0U) << list;
@@ -415,7 +415,7 @@ TEST_F(ResultViewTest, OffersNoPagesInTheListOfCaloricFunctions) {
 
 TEST_F(ResultViewTest, ABatchWithoutDataTellsSoAndEndsInNoT) {
     startProject("Carbon dioxide");
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     choose("mnuCalc_2");
     ASSERT_FALSE(user.messages.empty());
     EXPECT_EQ(user.messages.front().title, "Execution not possible");
@@ -429,11 +429,11 @@ TEST_F(ResultViewTest, CollectsResultsInAProtocolAndWritesThem) {
     chooseTp();
     EXPECT_EQ(read("lblProtText2"), "26151101.CSV");
     calculate("300", "5000");
-    const double v1 = session->results.current.Fu[9];
+    const double v1 = session->results.current.numbers[9];
     click("cmdProtokoll");
     EXPECT_EQ(read("statusZeile"), "1 result in the protocol");
     calculate("290", "4000");
-    const double v2 = session->results.current.Fu[9];
+    const double v2 = session->results.current.numbers[9];
     click("cmdProtokoll");
     EXPECT_TRUE(session->protocol.pending);
     EXPECT_EQ(session->protocol.rows.size(), 2U);
@@ -451,9 +451,9 @@ TEST_F(ResultViewTest, CollectsResultsInAProtocolAndWritesThem) {
     EXPECT_EQ(lines[1], "Carbon dioxide");
     EXPECT_EQ(lines[lines.size() - 3], "T;p;v(V);");
     EXPECT_EQ(lines[lines.size() - 2],
-              QString("300;5000;%1;").arg(numbers::General(static_cast<float>(v1)).c_str()));
+              QString("300;5000;%1;").arg(numbers::general(static_cast<float>(v1)).c_str()));
     EXPECT_EQ(lines[lines.size() - 1],
-              QString("290;4000;%1;").arg(numbers::General(static_cast<float>(v2)).c_str()));
+              QString("290;4000;%1;").arg(numbers::general(static_cast<float>(v2)).c_str()));
     EXPECT_NE(user.clipboard.find("T\tp\tv(V)\t"), std::string::npos) << user.clipboard;
 }
 
@@ -507,13 +507,13 @@ TEST_F(ResultViewTest, KeepsThePendingProtocolWhenItCannotBeWritten) {
 
 TEST_F(ResultViewTest, WarnsOfACommaAsDelimiterWithADecimalComma) {
     numbers::set_decimal_mark(',');
-    session.change()->decimalComma = true;
+    session.change()->decimal_comma = true;
     startProject("Carbon dioxide");
-    session.change()->decimalComma = true;
+    session.change()->decimal_comma = true;
     chooseTp();
     calculate("300", "5000");
     select("cmbSep", "comma");
-    EXPECT_EQ(session->csvSeparator, ',');
+    EXPECT_EQ(session->csv_separator, ',');
     user.messages.clear();
     click("cmdProtokoll");
     ASSERT_EQ(user.messages.size(), 1U);
@@ -536,7 +536,7 @@ TEST_F(ResultViewTest, ChangesTheDelimiterOfProtocols) {
     for (const auto& [name, delimiter] :
          {std::pair{"comma", ','}, {"Tab", '\t'}, {"semicolon", ';'}}) {
         select("cmbSep", name);
-        EXPECT_EQ(session->csvSeparator, delimiter);
+        EXPECT_EQ(session->csv_separator, delimiter);
     }
 }
 

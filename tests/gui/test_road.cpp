@@ -38,7 +38,7 @@ TEST_F(CalcViewTest, ANewUserCalculatesTheDensityOfCarbonDioxide) {
     drive::choose("mnuCalc_2");
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastTitle(), "T-p-Vorgabe");
-    EXPECT_EQ(user.messages.front().defaultAnswer, dialogs::Answer::No);
+    EXPECT_EQ(user.messages.front().default_answer, dialogs::Answer::No);
     ASSERT_TRUE(isVisible("frmCalcOut"));
     ASSERT_TRUE(isVisible("frmParinput"));
     EXPECT_EQ(read("frmCalcOut"), "Result of the Calculation:  T, p => rho");
@@ -74,7 +74,7 @@ TEST_F(CalcViewTest, ANewUserCalculatesTheDensityOfCarbonDioxide) {
     const double rho = number_behind("rho/ (kg/m^3)  =");
     EXPECT_NEAR(number_behind("v/ (m^3/kmol)  =") * rho, kM, 1e-4);
     EXPECT_NEAR(peng_robinson(300, kM / rho), 5000, 0.05);
-    EXPECT_EQ(QString::fromStdString(session->results.current.record.State), " V ");
+    EXPECT_EQ(QString::fromStdString(session->results.current.record.phases), " V ");
     EXPECT_TRUE(read("lblVphase").contains("V-Phase"));
     EXPECT_TRUE(isEnabled("cmdCEOSDiagnose"));
     EXPECT_EQ(frame.focusWidget()->objectName(), "Liste");

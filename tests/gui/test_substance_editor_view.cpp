@@ -24,8 +24,8 @@ using drive::click;
 using drive::read;
 using drive::type;
 
-QString name_of(int DD) {
-    return QString("DD_%1").arg(DD);
+QString name_of(int index) {
+    return QString("DD_%1").arg(index);
 }
 
 /// The number in a field of the record, whatever its width.
@@ -37,7 +37,7 @@ double number_in(const models::SubstanceRecord& record, const EditorField& field
         double operator()(bool) const { return NAN; }
         double operator()(const std::string&) const { return NAN; }
     };
-    return std::visit(Number{}, datafiles::ValueOf(record, datafiles::place_of(field)));
+    return std::visit(Number{}, datafiles::value_of(record, datafiles::place_of(field)));
 }
 
 class BankEdit : public ViewTest {
@@ -48,9 +48,9 @@ class BankEdit : public ViewTest {
         session::load_database(session, file.string());
         session::take_substance(session, 1);
         change([](auto& s) {
-            s.models.VPModel = codes::vp(4);
-            s.models.EOSModel = codes::eos(6);
-            s.models.HLVModel = codes::hlv(2);
+            s.models.vapour_pressure = codes::vp(4);
+            s.models.eos = codes::eos(6);
+            s.models.vaporisation = codes::hlv(2);
         });
     }
     void TearDown() override {
@@ -72,9 +72,9 @@ class BankEdit : public ViewTest {
         drive::tab("SSTab1",
                    QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
     }
-    static void typeInto(int DD, const QString& text) {
-        reach(editor_field_table()[static_cast<std::size_t>(DD)]);
-        type(name_of(DD), text);
+    static void typeInto(int index, const QString& text) {
+        reach(editor_field_table()[static_cast<std::size_t>(index)]);
+        type(name_of(index), text);
     }
 
     std::unique_ptr<SubstanceEditorView> view;
@@ -83,9 +83,9 @@ class BankEdit : public ViewTest {
 TEST_F(BankEdit, ShowsEveryFieldOfTheRecord) {
     int value = 300;
     models::SubstanceRecord substance;
-    substance.Name = "Somethane";
-    substance.Formula = "C2 H9";
-    substance.CASRN = "12-34-5     ";
+    substance.name = "Somethane";
+    substance.formula = "C2 H9";
+    substance.casrn = "12-34-5     ";
     for (const EditorField& field : editor_field_table()) {
         ++value;
         if (field.is_text()) continue;
@@ -98,10 +98,11 @@ TEST_F(BankEdit, ShowsEveryFieldOfTheRecord) {
     for (const EditorField& field : editor_field_table()) {
         ++value;
         reach(field);
-        ASSERT_TRUE(drive::isVisible(name_of(field.DD))) << field.DD;
+        ASSERT_TRUE(drive::isVisible(name_of(field.index))) << field.index;
         const bool correlated = field.name.starts_with("KF") || field.name.starts_with("THO");
         if (field.is_text() || correlated) continue;
-        EXPECT_EQ(read(name_of(field.DD)).toStdString(), " " + std::to_string(value)) << field.name;
+        EXPECT_EQ(read(name_of(field.index)).toStdString(), " " + std::to_string(value))
+            << field.name;
     }
     EXPECT_EQ(read("DD_83"), "Somethane");
     EXPECT_EQ(read("DD_84"), "C2 H9");
@@ -132,7 +133,7 @@ TEST_F(BankEdit, SaysWhatItShows) {
 TEST_F(BankEdit, WithoutCriticalDataTheCorrelatedSetsAreEmpty) {
     change([](auto& s) { s.substance.pcrit = 0; });
     open();
-    for (const int DD : {48, 50, 86, 96, 97, 107}) EXPECT_EQ(read(name_of(DD)), "") << DD;
+    for (const int index : {48, 50, 86, 96, 97, 107}) EXPECT_EQ(read(name_of(index)), "") << index;
 }
 
 TEST_F(BankEdit, EveryFieldTakesAValue) {
@@ -141,11 +142,11 @@ TEST_F(BankEdit, EveryFieldTakesAValue) {
     for (const EditorField& field : editor_field_table()) {
         reach(field);
         if (!field.editable) {
-            EXPECT_TRUE(drive::get<QLineEdit>(name_of(field.DD))->isReadOnly()) << field.DD;
+            EXPECT_TRUE(drive::get<QLineEdit>(name_of(field.index))->isReadOnly()) << field.index;
             continue;
         }
-        type(name_of(field.DD),
-             field.is_text() ? QString("Text%1").arg(field.DD) : QString::number(++value));
+        type(name_of(field.index),
+             field.is_text() ? QString("Text%1").arg(field.index) : QString::number(++value));
     }
     click("OK");
     EXPECT_TRUE(user.messages.empty());
@@ -154,9 +155,9 @@ TEST_F(BankEdit, EveryFieldTakesAValue) {
         if (!field.editable || field.is_text()) continue;
         EXPECT_EQ(number_in(session->substance, field), ++value) << field.name;
     }
-    EXPECT_EQ(session->substance.Name, "Text83");
-    EXPECT_EQ(session->substance.Formula, "Text84");
-    EXPECT_EQ(session->substance.CASRN, "Text85      ");
+    EXPECT_EQ(session->substance.name, "Text83");
+    EXPECT_EQ(session->substance.formula, "Text84");
+    EXPECT_EQ(session->substance.casrn, "Text85      ");
 }
 
 TEST_F(BankEdit, NothingReachesTheRecordBeforeApply) {
@@ -181,11 +182,11 @@ TEST_F(BankEdit, AZeroAndAnEmptyFieldAreTwoThings) {
 
 TEST_F(BankEdit, TextsNeverBecomeTheStoredZero) {
     open();
-    for (const int DD : {83, 84, 85}) type(name_of(DD), "0");
+    for (const int index : {83, 84, 85}) type(name_of(index), "0");
     click("OK");
-    EXPECT_EQ(session->substance.Name, "0");
-    EXPECT_EQ(session->substance.Formula, "0");
-    EXPECT_EQ(session->substance.CASRN, "0           ");
+    EXPECT_EQ(session->substance.name, "0");
+    EXPECT_EQ(session->substance.formula, "0");
+    EXPECT_EQ(session->substance.casrn, "0           ");
 }
 
 TEST_F(BankEdit, FieldsSwallowWhatIsNoNumber) {
@@ -266,7 +267,7 @@ TEST_F(BankEdit, ATriplePointPressureThatCannotBeHadIsTold) {
 
 TEST_F(BankEdit, AugustFollowsTheFieldsAndNotTheRecord) {
     open();
-    const models::VPSetAugust before = session->substance.AUG;
+    const models::AugustSet before = session->substance.august;
     type("DD_1", "200");
     type("DD_4", "400");
     type("DD_5", "4000");
@@ -277,8 +278,8 @@ TEST_F(BankEdit, AugustFollowsTheFieldsAndNotTheRecord) {
     const double A = std::log(101.325) - B / 200.0;
     EXPECT_NEAR(read("DD_46").toDouble(), A, 1e-4);
     EXPECT_NEAR(read("DD_47").toDouble(), B, 0.01);
-    EXPECT_EQ(session->substance.AUG.A, before.A);
-    EXPECT_EQ(session->substance.AUG.B, before.B);
+    EXPECT_EQ(session->substance.august.A, before.A);
+    EXPECT_EQ(session->substance.august.B, before.B);
 }
 
 TEST_F(BankEdit, TheOtherCorrelatedSetsAreRecalculatedEachByItself) {
@@ -295,22 +296,22 @@ TEST_F(BankEdit, TheOtherCorrelatedSetsAreRecalculatedEachByItself) {
     drive::tab("SSTab1", "Vapour Pressure");
     for (const Command& one : commands) {
         std::vector<QString> texts;
-        for (const int DD : one.fields) texts.push_back(read(name_of(DD)));
+        for (const int index : one.fields) texts.push_back(read(name_of(index)));
         click(one.button);
         for (std::size_t i = 0; i < texts.size(); ++i)
             EXPECT_NE(read(name_of(one.fields[i])), texts[i]) << one.button;
     }
-    EXPECT_EQ(session->substance.THO.A, before.THO.A);
-    EXPECT_EQ(session->substance.KFW.a, before.KFW.a);
-    EXPECT_EQ(session->substance.KFR.a, before.KFR.a);
+    EXPECT_EQ(session->substance.thompson.A, before.thompson.A);
+    EXPECT_EQ(session->substance.frost_van_der_waals.a, before.frost_van_der_waals.a);
+    EXPECT_EQ(session->substance.frost_redlich_kwong.a, before.frost_redlich_kwong.a);
 }
 
 TEST_F(BankEdit, WithoutItsReferencePointTheWatsonMethodIsLeft) {
-    change([](auto& s) { s.models.HLVModel = codes::hlv(4); });
+    change([](auto& s) { s.models.vaporisation = codes::hlv(4); });
     open();
     typeInto(42, "");
     click("OK");
-    EXPECT_EQ(models::code_of(session->models.HLVModel), 2);
+    EXPECT_EQ(models::code_of(session->models.vaporisation), 2);
     EXPECT_EQ(user.beeps, 1);
 }
 
@@ -345,7 +346,7 @@ TEST_F(BankEdit, WritesAPrivateDatabaseWithWhatIsTyped) {
     typeInto(18, "12.5");
     user.fileAnswers.push_back((folder() / "MINE.Q05").string());
     click("WriteDataBaseQ05");
-    EXPECT_EQ(session->substance.Name, "My dioxide") << "writing applies first";
+    EXPECT_EQ(session->substance.name, "My dioxide") << "writing applies first";
     view->close();
 
     ASSERT_EQ(session::load_database(session, (folder() / "MINE.Q05").string()),
@@ -354,11 +355,11 @@ TEST_F(BankEdit, WritesAPrivateDatabaseWithWhatIsTyped) {
     change([](auto& s) { s.substance = {}; });
     const Result<session::SubstanceRead> read = session::read_substance(session, 1);
     ASSERT_TRUE(read);
-    EXPECT_FALSE(read->noCriticalData);
-    EXPECT_EQ(session->substance.Name, "My dioxide");
+    EXPECT_FALSE(read->no_critical_data);
+    EXPECT_EQ(session->substance.name, "My dioxide");
     EXPECT_EQ(session->substance.M, 44.5F);
     EXPECT_EQ(session->substance.sconv, 213.8F) << "a private file keeps the entropy of its source";
-    EXPECT_EQ(session->substance.rhoLPar[0], 12.5F);
+    EXPECT_EQ(session->substance.rhoL_coefficients[0], 12.5F);
 }
 
 TEST_F(BankEdit, ACancelledFileKeepsTheChangesInTheSession) {
@@ -391,7 +392,7 @@ TEST_F(BankEdit, GroupContributionsFillTheFieldsOfTheirFrame) {
 TEST_F(BankEdit, ALookChangesNothing) {
     open(true);
     for (const EditorField& field : editor_field_table())
-        EXPECT_TRUE(drive::get<QLineEdit>(name_of(field.DD))->isReadOnly()) << field.DD;
+        EXPECT_TRUE(drive::get<QLineEdit>(name_of(field.index))->isReadOnly()) << field.index;
     for (const char* command :
          {"OK", "WriteDataBaseQ05", "cmdJOBACKCrit", "cmdJOBACKBildung", "cmdApplyJOBACKcp",
           "cmdCorrelateAugust", "cmdCorrelateAntoine", "cmdCorrelateKFW", "cmdCorrelateKFR"})
@@ -448,7 +449,7 @@ TEST_F(BankEditInFrame, TheSubstanceViewOpensItForALook) {
         click("ESC");
     });
     drive::choose("mnuStoff");
-    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
+    EXPECT_EQ(session->substance.name, "Carbon dioxide");
 }
 
 TEST_F(BankEditInFrame, TheModelViewFollowsTheDataEditedFromIt) {
@@ -467,7 +468,7 @@ TEST_F(BankEditInFrame, TheModelViewFollowsTheDataEditedFromIt) {
         click("OKModell");
     });
     drive::choose("mnuModel");
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 4);
+    EXPECT_EQ(models::code_of(session->models.eos), 4);
 }
 
 TEST_F(BankEditInFrame, CompletedCriticalDataOpenTheChoiceOfModels) {
@@ -491,7 +492,7 @@ TEST_F(BankEditInFrame, CompletedCriticalDataOpenTheChoiceOfModels) {
     drive::when("frmQModell", [] { click("OKModell"); });
     drive::choose("mnuModel");
     EXPECT_TRUE(drive::offers("mnuCalc_2") ||
-                session::is_enabled(session, session::Command::mnuCalcMain));
+                session::is_enabled(session, session::Command::calculations));
 }
 
 TEST_F(BankEdit, ChangesOfFieldsAreTakenBackAndMadeAgain) {

@@ -45,7 +45,7 @@ TEST_F(SubstanceView, ListsTheDatabase) {
         EXPECT_TRUE(drive::isEnabled("cmdDaten"));
         click("ESC");
     });
-    EXPECT_EQ(session->substanceNumber, 0);
+    EXPECT_EQ(session->substance_number, 0);
 }
 
 TEST_F(SubstanceView, AClickShowsFormulaAndCasrn) {
@@ -58,7 +58,7 @@ TEST_F(SubstanceView, AClickShowsFormulaAndCasrn) {
             click("StoffOK");
         },
         true);
-    EXPECT_EQ(session->substanceNumber, 2);
+    EXPECT_EQ(session->substance_number, 2);
 }
 
 // The scripts are added in the order in which the dialogs open.
@@ -73,7 +73,7 @@ class SubstanceSearch : public SubstanceView {
         });
         drive::when("frmQModell", [] { click("OKModell"); });
         click("Toolbar1_2");
-        EXPECT_EQ(QString::fromStdString(session->substance.Name), name) << typed.toStdString();
+        EXPECT_EQ(QString::fromStdString(session->substance.name), name) << typed.toStdString();
         EXPECT_TRUE(user.messages.empty()) << user.lastText();
     }
 };
@@ -108,7 +108,7 @@ TEST_F(SubstanceView, NothingFoundIsToldAndTheSelectionReturns) {
         EXPECT_EQ(read("Text1"), "Unobtainium") << "to be corrected";
         click("ESC");
     });
-    EXPECT_EQ(session->substanceNumber, 0);
+    EXPECT_EQ(session->substance_number, 0);
 }
 
 TEST_F(SubstanceView, AKnownSubstanceThatIsNotInTheDatabaseIsNamed) {
@@ -148,7 +148,7 @@ TEST_F(SubstanceView, ArrowKeysLeadFromTheFieldIntoTheList) {
             click("StoffOK");
         },
         true);
-    EXPECT_EQ(session->substanceNumber, 2);
+    EXPECT_EQ(session->substance_number, 2);
 }
 
 TEST_F(SubstanceView, ASubstanceWithoutCriticalDataIsRefusedAndTheViewStays) {
@@ -172,15 +172,15 @@ TEST_F(SubstanceView, EscapeLeavesTheSubstanceAsItWas) {
         drive::press("StoffListe", Qt::Key_Escape);
     });
     drive::choose("mnuStoff");
-    EXPECT_EQ(session->substanceNumber, 1);
-    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
+    EXPECT_EQ(session->substance_number, 1);
+    EXPECT_EQ(session->substance.name, "Carbon dioxide");
     EXPECT_TRUE(drive::action("mnuCalcMain")->isEnabled());
 }
 
 TEST_F(SubstanceView, ALookAtOtherDataLeavesTheSubstanceAsItWas) {
     std::vector<std::string> shown;
     start();
-    desk.doors.showSubstance = [&] { shown.push_back(session->substance.Name); };
+    desk.doors.showSubstance = [&] { shown.push_back(session->substance.name); };
     openSubstance("Carbon dioxide");
     drive::when("frmStoffWahl", [] {
         drive::select("StoffListe", "Argon");
@@ -189,7 +189,7 @@ TEST_F(SubstanceView, ALookAtOtherDataLeavesTheSubstanceAsItWas) {
     });
     drive::choose("mnuStoff");
     EXPECT_EQ(shown, std::vector<std::string>{"Argon"});
-    EXPECT_EQ(session->substance.Name, "Carbon dioxide");
+    EXPECT_EQ(session->substance.name, "Carbon dioxide");
 }
 
 TEST_F(SubstanceView, FiveThousandSubstancesAnswerAKeyAtOnce) {

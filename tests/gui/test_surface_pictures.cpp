@@ -65,13 +65,13 @@ class DepthBuffer {
     std::optional<Corner> corner(int i, int j) const {
         const chart::SurfaceGrid& g = chart_.surface;
         float z = g.z[g.at(i, j)];
-        if (g.is_hole(z) && !g.zBehindHoles.empty()) z = g.zBehindHoles[g.at(i, j)];
+        if (g.is_hole(z) && !g.z_behind_holes.empty()) z = g.z_behind_holes[g.at(i, j)];
         if (g.is_hole(z)) return std::nullopt;
         const auto scaled = [](double v, const chart::Range& r) {
             return 2 * (v - r.min) / (r.max - r.min) - 1;
         };
         const Point3 p{scaled(g.x(i), layout_.box.x), scaled(g.y(j), layout_.box.y),
-                       chart_.heightRatio * scaled(static_cast<double>(z), layout_.box.z)};
+                       chart_.height_ratio * scaled(static_cast<double>(z), layout_.box.z)};
         return Corner{p, layout_.camera.project(p), 1 / layout_.camera.depth_factor(p)};
     }
 
@@ -119,7 +119,7 @@ class DepthBuffer {
             z += part[k] * t[k].share * t[k].place.z;
             depth += part[k] * t[k].share * layout_.camera.nearness(t[k].place);
         }
-        if (std::abs(z / share) > chart_.heightRatio) return;
+        if (std::abs(z / share) > chart_.height_ratio) return;
         if (depth / share <= depth_[index(x, y)]) return;
         depth_[index(x, y)] = depth / share;
         // Corners run counter-clockwise seen from above, and pixels have y down.
@@ -202,9 +202,9 @@ Chart3D cutAtTheTop() {
     constexpr float kLimit = 3;
     c.z = {.min = 0, .max = static_cast<double>(kLimit), .title = "p / kPa"};
     chart::SurfaceGrid& g = c.surface;
-    g.zBehindHoles.assign(g.z.size(), g.hole);
+    g.z_behind_holes.assign(g.z.size(), g.hole);
     for (std::size_t k = 0; k < g.z.size(); ++k)
-        if (g.z[k] > kLimit) std::swap(g.z[k], g.zBehindHoles[k]);
+        if (g.z[k] > kLimit) std::swap(g.z[k], g.z_behind_holes[k]);
     return c;
 }
 
@@ -214,8 +214,8 @@ TEST(SurfacePicture, ASurfaceCutAtALimitIsSeenAsADepthBufferFindsIt) {
 
 TEST(SurfacePicture, TheEdgeAtALimitIsCleanInTheMap) {
     Chart3D c = plain(cutAtTheTop());
-    c.style.projection2D = true;
-    c.scaleShown = false;
+    c.style.projection_2d = true;
+    c.scale_shown = false;
     QImage picture(kWidth, kHeight, QImage::Format_RGB32);
     QPainter painter(&picture);
     paintChart3D(painter, picture.rect(), c);

@@ -94,7 +94,7 @@ TEST_F(Graph3D, EveryRowOfTheMenuOpensItsSurface) {
         user.messages.clear();
         choose(e.row);
         ASSERT_NE(window(), nullptr) << e.row;
-        EXPECT_EQ(session->surfaceKind, e.kind);
+        EXPECT_EQ(session->surface_kind, e.kind);
         EXPECT_EQ(sheet().kind->code, e.kind);
         EXPECT_EQ(shown().header.text, e.title);
         EXPECT_EQ(shown().subtitle.text, " for Propane,  CEOS Peng / Robinson");
@@ -122,12 +122,12 @@ TEST_F(Graph3D, AsksWhetherToDrawTheSShapedCurves) {
     EXPECT_EQ(user.lastText(),
               "Draw physically real behaviour?\n"
               "(No = Draw S-shaped curves in the undercritical region)");
-    EXPECT_FALSE(sheet().SCurve);
-    const float plane = sheet().limits.TMin;
+    EXPECT_FALSE(sheet().s_curve);
+    const float plane = sheet().limits.T_min;
     user.answers.push_back(dialogs::Answer::No);
     choose(kPressureRow);
-    EXPECT_TRUE(sheet().SCurve);
-    EXPECT_NEAR(static_cast<double>(sheet().limits.TMin), 0.93 * session->substance.Tcrit, 1e-3);
+    EXPECT_TRUE(sheet().s_curve);
+    EXPECT_NEAR(static_cast<double>(sheet().limits.T_min), 0.93 * session->substance.Tcrit, 1e-3);
     EXPECT_NEAR(static_cast<double>(plane), 0.75 * session->substance.Tcrit, 1e-3);
 }
 
@@ -327,21 +327,21 @@ TEST_F(Graph3D, EveryControlOfThePanelChangesThePicture) {
         {"mnuSurfaceDesign", "chkTransparent", &s.transparent},
         {"mnuSurfaceDesign", "chkXMesh", &c.mesh.x},
         {"mnuSurfaceDesign", "chkYMesh", &c.mesh.y},
-        {"mnuSurfaceDesign", "chkIsochorenHalbe", &c.mesh.halvedX},
-        {"mnuSurfaceDesign", "chkIsothermenHalbe", &c.mesh.halvedY},
+        {"mnuSurfaceDesign", "chkIsochorenHalbe", &c.mesh.halved_x},
+        {"mnuSurfaceDesign", "chkIsothermenHalbe", &c.mesh.halved_y},
         {"mnuSectionDesign", "chkContoured", &s.contoured},
         {"mnuSectionDesign", "chkZoned", &s.zoned},
-        {"mnuSectionDesign", "chkCeilingCont", &s.ceilingContours},
-        {"mnuSectionDesign", "chkCeilingZon", &s.ceilingZones},
-        {"mnuSectionDesign", "chkFloorCont", &s.floorContours},
-        {"mnuSectionDesign", "chkFloorZon", &s.floorZones},
-        {"mnuSectionDesign", "chk2Dprojection", &s.projection2D},
-        {"mnuAxesDesign", "ChkXGrid_XY", &c.x.gridXY},
-        {"mnuAxesDesign", "chkXGrid_XZ", &c.x.gridXZ},
-        {"mnuAxesDesign", "chkYGrid_XY", &c.y.gridXY},
-        {"mnuAxesDesign", "chkYGrid_YZ", &c.y.gridYZ},
-        {"mnuAxesDesign", "chkZGrid_XZ", &c.z.gridXZ},
-        {"mnuAxesDesign", "chkZGrid_YZ", &c.z.gridYZ},
+        {"mnuSectionDesign", "chkCeilingCont", &s.ceiling_contours},
+        {"mnuSectionDesign", "chkCeilingZon", &s.ceiling_zones},
+        {"mnuSectionDesign", "chkFloorCont", &s.floor_contours},
+        {"mnuSectionDesign", "chkFloorZon", &s.floor_zones},
+        {"mnuSectionDesign", "chk2Dprojection", &s.projection_2d},
+        {"mnuAxesDesign", "ChkXGrid_XY", &c.x.grid_xy},
+        {"mnuAxesDesign", "chkXGrid_XZ", &c.x.grid_xz},
+        {"mnuAxesDesign", "chkYGrid_XY", &c.y.grid_xy},
+        {"mnuAxesDesign", "chkYGrid_YZ", &c.y.grid_yz},
+        {"mnuAxesDesign", "chkZGrid_XZ", &c.z.grid_xz},
+        {"mnuAxesDesign", "chkZGrid_YZ", &c.z.grid_yz},
         {"mnuViewDesign", "chkPerspective", &c.view.perspective},
     };
     for (const Control& control : controls) {
@@ -368,7 +368,7 @@ TEST_F(Graph3D, DesignsSectionsTextsAndView) {
     click("chkZoned");
     const QImage withScale = picture();
     click("chkLegend");
-    EXPECT_FALSE(shown().scaleShown);
+    EXPECT_FALSE(shown().scale_shown);
     EXPECT_NE(picture(), withScale);
     choose("mnuTextDesign");
     drive::get<QPlainTextEdit>("txtHeader")->setPlainText("My surface");
@@ -405,8 +405,8 @@ TEST_F(Graph3D, DrawsAnewInTheUnitsOfTheMoment) {
     const chart::Marker3D molar = shown().markers.at(0);
     const float before = shown().surface.z.at(100);
     change([](auto& state) {
-        state.caloricUnit = models::CaloricUnit::specific;
-        state.unitSystem = models::UnitSystem::specific;
+        state.caloric_unit = models::CaloricUnit::specific;
+        state.unit_system = models::UnitSystem::specific;
     });
     click("cmdNewDraw");
     EXPECT_EQ(shown().z.title, "h / (kJ/kg) ");
@@ -432,7 +432,7 @@ TEST_F(Graph3D, SavesAndLoadsTheSamePicture) {
     EXPECT_EQ(user.files.back().filter, "picture file (*.oc3)|*.oc3");
     EXPECT_EQ(user.files.back().name, "*.oc3");
     EXPECT_TRUE(std::filesystem::exists(folder() / "kept" / "surface.oc3"));
-    EXPECT_EQ(session->folderSurfaces, (folder() / "kept" / "").string());
+    EXPECT_EQ(session->folder_surfaces, (folder() / "kept" / "").string());
 
     openInstead(kEnthalpyRow);
     const diagrams::SurfaceLimits limits = sheet().limits;
@@ -523,9 +523,9 @@ TEST_F(Graph3D, TheSurfaceInUseIsTheOneOfTheSession) {
     SurfaceWindow* first = window();
     choose(kEnthalpyRow);
     EXPECT_NE(window(), first);
-    EXPECT_EQ(session->surfaceKind, 7);
+    EXPECT_EQ(session->surface_kind, 7);
     first->becomeCurrent();
-    EXPECT_EQ(session->surfaceKind, 1);
+    EXPECT_EQ(session->surface_kind, 1);
     first->findChild<QAction*>("mnuHaupt")->trigger();
     drive::settle();
     ASSERT_NE(window(), nullptr);
@@ -537,7 +537,7 @@ TEST_F(Graph3D, TheSurfaceInUseIsTheOneOfTheSession) {
 TEST_F(Graph3D, AFaultWhileTheViewOpensIsTold) {
     change([](auto& state) {
         state.substance.M = 0;
-        state.caloricUnit = models::CaloricUnit::specific;
+        state.caloric_unit = models::CaloricUnit::specific;
     });
     choose(kEnthalpyRow);
     EXPECT_EQ(window(), nullptr);

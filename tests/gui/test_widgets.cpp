@@ -89,11 +89,11 @@ TEST_F(NumberField, KnowsAnIncompleteNumber) {
 }
 
 TEST(ToolkitFilter, TurnsPairsIntoEntries) {
-    EXPECT_EQ(dialogs::toolkit_filter("Database (*.Q05)|*.Q05"), "Database (*.Q05)");
-    EXPECT_EQ(dialogs::toolkit_filter("Project|*.QCF|All files|*.*"),
+    EXPECT_EQ(dialogs::toolkitFilter("Database (*.Q05)|*.Q05"), "Database (*.Q05)");
+    EXPECT_EQ(dialogs::toolkitFilter("Project|*.QCF|All files|*.*"),
               "Project (*.QCF);;All files (*.*)");
-    EXPECT_EQ(dialogs::toolkit_filter("Points (*.XY; *.LRG)|*.XY;*.LRG"), "Points (*.XY *.LRG)");
-    EXPECT_EQ(dialogs::toolkit_filter(""), "");
+    EXPECT_EQ(dialogs::toolkitFilter("Points (*.XY; *.LRG)|*.XY;*.LRG"), "Points (*.XY *.LRG)");
+    EXPECT_EQ(dialogs::toolkitFilter(""), "");
 }
 
 class DesktopDialogs : public ViewTest {
@@ -113,7 +113,7 @@ TEST_F(DesktopDialogs, AMessageBoxAnswersWithItsButton) {
                                .title = "WARNING",
                                .icon = dialogs::Icon::Exclamation,
                                .buttons = dialogs::Buttons::YesNo,
-                               .defaultAnswer = dialogs::Answer::No}),
+                               .default_answer = dialogs::Answer::No}),
               dialogs::Answer::Yes);
 }
 
@@ -172,7 +172,7 @@ TEST_F(DesktopDialogs, ASaveDialogAddsTheExtension) {
                             .filter = "Project (*.QCF)|*.QCF",
                             .folder = folder().string(),
                             .name = {},
-                            .defaultExtension = ".QCF"}),
+                            .default_extension = ".QCF"}),
               (folder() / "mine.QCF").string());
 }
 
@@ -199,7 +199,7 @@ TEST_F(DesktopDialogs, AnOpenDialogTakesExistingFilesOnly) {
 }
 
 TEST_F(DesktopDialogs, TheClipboardCarriesText) {
-    desktop.setClipboard("T\t300");
+    desktop.set_clipboard("T\t300");
     EXPECT_EQ(desktop.clipboard(), "T\t300");
 }
 
@@ -211,7 +211,7 @@ TEST_F(DesktopDialogs, ATextIsPrintedPageByPage) {
         printer.setOutputFileName(QString::fromStdString(file));
         std::string text;
         for (int i = 0; i < lines; ++i) text += line + "\n";
-        dialogs::print_text(printer, {.title = "List", .font = "COURIER", .text = text});
+        dialogs::printText(printer, {.title = "List", .font = "COURIER", .text = text});
         std::ifstream in(file, std::ios::binary);
         const std::string pdf((std::istreambuf_iterator<char>(in)), {});
         EXPECT_TRUE(pdf.starts_with("%PDF"));

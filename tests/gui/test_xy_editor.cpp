@@ -23,7 +23,7 @@ constexpr auto kList = "XYListe";
 
 class ManuInput : public ViewTest {
   protected:
-    ManuInput() { editor_views::Install(desk); }
+    ManuInput() { editor_views::install(desk); }
     void TearDown() override {
         user.answers.assign(4, Answer::No);  // nothing of what is left is saved
         ViewTest::TearDown();
@@ -135,12 +135,12 @@ TEST_F(ManuInput, TheDelimiterIsChosen) {
     EXPECT_EQ(drive::entries("cmbSep"), QStringList({"Semicolon", "Comma", "Tab"}));
     EXPECT_EQ(read("cmbSep"), "Semicolon");
     drive::select("cmbSep", "Comma");
-    EXPECT_EQ(session->csvSeparator, ',');
+    EXPECT_EQ(session->csv_separator, ',');
     user.fileAnswers.push_back(write("B.XY", "c\r\n1.5,2.25\r\n"));
     click("cmdLoad");
     EXPECT_EQ(pairs(), (Pairs{{1.5F, 2.25F}}));
     drive::select("cmbSep", "Tab");
-    EXPECT_EQ(session->csvSeparator, '\t');
+    EXPECT_EQ(session->csv_separator, '\t');
 }
 
 TEST_F(ManuInput, ReadsTheOlderFiles) {
@@ -164,7 +164,7 @@ TEST_F(ManuInput, SavesTheActivePoints) {
     user.fileAnswers.push_back((folder() / "OUT").string());
     click("cmdSave");
     EXPECT_EQ(user.files.back().title, "(Curve)Points Save as ... ");
-    EXPECT_EQ(user.files.back().defaultExtension, ".XY");
+    EXPECT_EQ(user.files.back().default_extension, ".XY");
     EXPECT_EQ(contents(folder() / "OUT.XY"),
               "My points\r\n.3000000E+03;.1500000E+01\r\n-.2500000E+00;.1200000E+05\r\n");
     drive::find("frmManuInput")->close();
@@ -348,21 +348,21 @@ TEST_F(ManuInput, TheDiagramTakesTheActivePoints) {
     click("optIsPoints_0");
     click("cmdDrawManu");
     EXPECT_EQ(drawn, 1);
-    EXPECT_TRUE(session->xyGraph.asPoints);
+    EXPECT_TRUE(session->xy_graph.as_points);
     add("310", "7");
     add("400", "70");
     click("cmdAus");
     click("optIsPoints_1");
     click("cmdDrawManu");
-    const datafiles::XYGraph& graph = session->xyGraph;
+    const datafiles::XyGraph& graph = session->xy_graph;
     EXPECT_EQ(drawn, 2);
-    EXPECT_FALSE(graph.asPoints);
+    EXPECT_FALSE(graph.as_points);
     EXPECT_EQ(graph.points.size(), 2U);
     EXPECT_EQ(graph.title, "Experimental points y(T)");
-    EXPECT_EQ(graph.xTitle, "T / K");
-    EXPECT_EQ(graph.yTitle, "y");
-    EXPECT_EQ(graph.range.xMax, 310);
-    EXPECT_EQ(graph.range.yMin, 5);
+    EXPECT_EQ(graph.x_title, "T / K");
+    EXPECT_EQ(graph.y_title, "y");
+    EXPECT_EQ(graph.range.x_max, 310);
+    EXPECT_EQ(graph.range.y_min, 5);
 }
 
 TEST_F(ManuInput, TheFittingTakesThisList) {
@@ -372,11 +372,11 @@ TEST_F(ManuInput, TheFittingTakesThisList) {
     drive::settle();
     int sent = 0;
     desk.doors.fit = [&] { ++sent; };
-    change([](auto& s) { s.fitSource = session::FitSource::measuredData; });
+    change([](auto& s) { s.fit_source = session::FitSource::measuredData; });
     open();
     click("cmdFitting");
     EXPECT_EQ(sent, 1);
-    EXPECT_EQ(session->fitSource, session::FitSource::xyList);
+    EXPECT_EQ(session->fit_source, session::FitSource::xyList);
 }
 
 TEST_F(ManuInput, ASecondOpeningBringsTheSameViewToTheFront) {

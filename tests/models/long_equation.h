@@ -22,34 +22,34 @@ struct Coefficients {
 
 inline Coefficients coefficients(const models::Fluid& f, Real T) {
     using models::Eos;
-    const models::EOSParameters& e = f.eos();
+    const models::EosParameters& e = f.eos();
     const models::JiTorvikParameters& jt = f.jt();
     const Real Tc = f.substance().Tcrit;
     const Real pc = f.substance().pcrit;
-    const Eos eos = f.models().EOSModel;
+    const Eos eos = f.models().eos;
     if (eos == Eos::jiTorvik1 || eos == Eos::jiTorvik2) {
         const Real x = std::pow(T / Tc, 0.75L);
         const Real u = 1 - x;
-        const Real w = T > Tc ? 1 + u * jt.jtM
-                              : (u * jt.jtQ + jt.jtP) * u * (0.76528558L - x) + u * jt.jtM + 1;
-        const Real B = jt.jtOmegaB * R * Tc / pc;
-        const Real s = std::sqrt(Real(jt.jtOmegaC) * jt.jtOmegaC + 4 * Real(jt.jtOmegaC));
+        const Real w =
+            T > Tc ? 1 + u * jt.m : (u * jt.q + jt.p) * u * (0.76528558L - x) + u * jt.m + 1;
+        const Real B = jt.omega_b * R * Tc / pc;
+        const Real s = std::sqrt(Real(jt.omega_c) * jt.omega_c + 4 * Real(jt.omega_c));
         const Real t = 1 - T / Tc;
-        const Real factor = eos == Eos::jiTorvik2 ? 1 - jt.jtK * t * t : 1;
-        return {jt.jtA0 * w * w, B * factor, 0.5L * (jt.jtOmegaC - s) * B * factor,
-                0.5L * (jt.jtOmegaC + s) * B * factor};
+        const Real factor = eos == Eos::jiTorvik2 ? 1 - jt.k * t * t : 1;
+        return {jt.a0 * w * w, B * factor, 0.5L * (jt.omega_c - s) * B * factor,
+                0.5L * (jt.omega_c + s) * B * factor};
     }
-    const Real Q = 1 + e.eosNA * (1 - std::sqrt(T / Tc));
-    return {e.eosAlphaForm == 2 ? e.eosA0 * Q * Q : e.eosA0 * std::pow(T, Real(e.eosNA)),
-            e.eosB0 * std::pow(T, Real(e.eosNB)), e.eosC0 * std::pow(T, Real(e.eosNC)),
-            e.eosD0 * std::pow(T, Real(e.eosND))};
+    const Real Q = 1 + e.na * (1 - std::sqrt(T / Tc));
+    return {e.alpha_form == 2 ? e.a0 * Q * Q : e.a0 * std::pow(T, Real(e.na)),
+            e.b0 * std::pow(T, Real(e.nb)), e.c0 * std::pow(T, Real(e.nc)),
+            e.d0 * std::pow(T, Real(e.nd))};
 }
 
 /// Second virial coefficient of a V-only model but the manual one.
 inline Real virial(const models::Fluid& f, Real T) {
     using models::Eos;
-    if (f.models().EOSModel == Eos::idealGas) return 0;
-    if (f.models().EOSModel == Eos::pitzerCurl) {
+    if (f.models().eos == Eos::idealGas) return 0;
+    if (f.models().eos == Eos::pitzerCurl) {
         const models::SubstanceRecord& s = f.substance();
         const Real Tr = T / s.Tcrit;
         const Real f0 = 0.1445L - 0.33L / Tr - 0.1385L / (Tr * Tr) - 0.0121L / (Tr * Tr * Tr);
@@ -62,17 +62,17 @@ inline Real virial(const models::Fluid& f, Real T) {
 }
 
 inline Real pressure(const models::Fluid& f, Real T, Real v) {
-    if (f.models().EOSOnlyV) return R * T / (v - virial(f, T));
+    if (f.models().vapour_only) return R * T / (v - virial(f, T));
     const Coefficients k = coefficients(f, T);
     return R * T / (v - k.b) - k.a / ((v + k.c) * (v + k.d));
 }
 
 inline Real covolume(const models::Fluid& f, Real T) {
-    return f.models().EOSOnlyV ? virial(f, T) : coefficients(f, T).b;
+    return f.models().vapour_only ? virial(f, T) : coefficients(f, T).b;
 }
 
 inline Real ln_phi(const models::Fluid& f, Real T, Real p, Real v) {
-    if (f.models().EOSOnlyV) return virial(f, T) * p / (R * T);
+    if (f.models().vapour_only) return virial(f, T) * p / (R * T);
     const auto [a, b, c, d] = coefficients(f, T);
     const Real L0 = std::log(R * T / p / (v - b)) + b / (v - b);
     if (c == d) return L0 - a / (R * T) * (2 * v + c) / ((v + c) * (v + c));

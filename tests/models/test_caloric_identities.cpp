@@ -20,20 +20,20 @@ using Function = std::function<double(const StateValues&)>;
 
 struct Fixture {
     const Medium& medium;
-    double T, p, v, pv, pT, pvv;
+    double T, p, v, pv, p_T, pvv;
 
-    double volume(double atT, double atP) const {
-        return static_cast<double>(oracle::volume_near(medium.fluid, atT, atP, v, pv));
+    double volume(double at_T, double at_p) const {
+        return static_cast<double>(oracle::volume_near(medium.fluid, at_T, at_p, v, pv));
     }
     /// Steps within which the isobar and the isotherm keep far from an extremum of p.
     double step_T() const {
         const double gap = std::fabs(T - medium.Tcrit()) / 5;
-        return std::min({0.002 * T, gap, 0.005 * pv * pv / std::fabs(pvv * pT)});
+        return std::min({0.002 * T, gap, 0.005 * pv * pv / std::fabs(pvv * p_T)});
     }
     /// Within it p stays positive, as a state needs.
     double step_T_at_v() const {
         const double gap = std::fabs(T - medium.Tcrit()) / 5;
-        return std::min({0.002 * T, gap, 0.2 * p / std::fabs(pT)});
+        return std::min({0.002 * T, gap, 0.2 * p / std::fabs(p_T)});
     }
     double step_p() const { return std::min(0.002 * p, 0.005 * pv * pv / std::fabs(pvv)); }
     double step_v() const {
@@ -80,22 +80,22 @@ struct Fixture {
 std::vector<Fixture> states(const Medium& medium) {
     std::vector<Fixture> all;
     const models::Fluid& fluid = medium.fluid;
-    const bool onlyV = fluid.models().EOSOnlyV;
+    const bool vapour_only = fluid.models().vapour_only;
     const double RTp = 8.31451 * medium.Tcrit() / fluid.substance().pcrit;
     for (const double Tr : {0.7, 0.97, 1.2, 2.0}) {
         const double T = Tr * medium.Tcrit();
         const auto b = static_cast<double>(oracle::covolume(medium.fluid, T));
-        for (const double v : {onlyV ? 0.8 * RTp : 1.3 * b, 0.45 * RTp, 3 * RTp, 40 * RTp}) {
+        for (const double v : {vapour_only ? 0.8 * RTp : 1.3 * b, 0.45 * RTp, 3 * RTp, 40 * RTp}) {
             if (v < 1.05 * b) continue;
             Fixture f{medium, T, static_cast<double>(oracle::pressure(medium.fluid, T, v)), v, 0,
                       0,      0};
             const models::PhaseTable t = medium.residual(T, f.p, v);
             if (!t.filled) continue;
             f.pv = t.first[1];
-            f.pT = t.first[2];
+            f.p_T = t.first[2];
             f.pvv = t.second[1];
             const double w = v - b;
-            if (-f.pv * w * w > 0.05 * 8.31451 * T && std::fabs(f.pT) * w > 0.05 * 8.31451)
+            if (-f.pv * w * w > 0.05 * 8.31451 * T && std::fabs(f.p_T) * w > 0.05 * 8.31451)
                 all.push_back(f);
         }
     }
@@ -126,11 +126,11 @@ void check(const Fixture& f, const std::string& at) {
     near(f.slope_T_at_v(u), z.cv, 8.3, "du/dT = cv at v");
     near(f.slope_T_at_v(a), -z.s, 8.3, "da/dT = -s at v");
     near(f.slope_v(a), -f.p, RT / f.v, "da/dv = -p");
-    near(f.slope_v(s), f.pT, 8.3 / f.v, "ds/dv = dp/dT");
+    near(f.slope_v(s), f.p_T, 8.3 / f.v, "ds/dv = dp/dT");
     near(f.slope_p(h), -z.cp * z.table.residual[models::JouleThomson], f.v, "dh/dp = -cp mu");
 
     // Along the isentrope dv and dT are tied by s_T dT + s_v dv = 0.
-    const double slope = f.pv - f.pT * f.slope_v(s) / f.slope_T_at_v(s);
+    const double slope = f.pv - f.p_T * f.slope_v(s) / f.slope_T_at_v(s);
     const double M = static_cast<double>(f.medium.fluid.substance().M);
     if (slope < 0 && z.cv > 1)
         near(z.w, f.v * std::sqrt(-slope * 1000 / M), 0, "w^2 = dp/drho at s");
@@ -142,7 +142,7 @@ TEST(CaloricIdentities, HoldForEverySubstanceAndModel) {
         const Medium medium(fluid);
         for (const Fixture& f : states(medium)) {
             const models::CpResult cp =
-                models::ideal_gas_cp(fluid.substance(), fluid.models().CpModel, f.T);
+                models::ideal_gas_cp(fluid.substance(), fluid.models().cp_form, f.T);
             if (cp.status != kSuccess || cp.cp < 8.5) continue;
             ++checked;
             check(f, name + ", T " + std::to_string(f.T) + ", v " + std::to_string(f.v));
@@ -159,8 +159,8 @@ TEST(CaloricIdentities, HoldInEveryReferenceModeAndCpForm) {
     for (const std::int16_t mode : {std::int16_t{1}, std::int16_t{2}, std::int16_t{10}}) {
         for (const models::CpForm form : {models::CpForm::polynomial, models::CpForm::sinhCosh}) {
             const models::Fluid fluid = fluids::changed(
-                propane, [&](auto&, models::ModelSelection& m) { m.CpModel = form; });
-            const Medium medium(fluid, {.RefMode = mode});
+                propane, [&](auto&, models::ModelSelection& m) { m.cp_form = form; });
+            const Medium medium(fluid, {.mode = mode});
             for (const Fixture& f : states(medium)) check(f, "mode " + std::to_string(mode));
         }
     }

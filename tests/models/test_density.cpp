@@ -15,16 +15,16 @@ class Density : public testing::Test {
     models::DensityResult at(float T) const { return models::density_liquid(s, T); }
     models::DensityResult solid_at(float T) const { return models::density_solid(s, T); }
 
-    void liquid(std::array<float, 7> a, float Tc, std::int16_t TLo, std::int16_t THi) {
-        s.rhoLPar = a;
-        s.rhoLTc = Tc;
-        s.rhoLTLo = TLo;
-        s.rhoLTHi = THi;
+    void liquid(std::array<float, 7> a, float Tc, std::int16_t T_low, std::int16_t T_high) {
+        s.rhoL_coefficients = a;
+        s.rhoL_Tc = Tc;
+        s.rhoL_T_low = T_low;
+        s.rhoL_T_high = T_high;
     }
-    void solid(std::array<float, 4> a, std::int16_t TLo, std::int16_t THi) {
-        s.rhoSPar = a;
-        s.rhoSTLo = TLo;
-        s.rhoSTHi = THi;
+    void solid(std::array<float, 4> a, std::int16_t T_low, std::int16_t T_high) {
+        s.rhoS_coefficients = a;
+        s.rhoS_T_low = T_low;
+        s.rhoS_T_high = T_high;
     }
 };
 
@@ -51,10 +51,10 @@ TEST_F(Density, PolynomialHasARationalAndAPowerTerm) {
     const double T = 300;
     const double plain = 900 - 0.5 * T + 1e-3 * T * T - 2e-6 * T * T * T;
     EXPECT_NEAR(at(300).rho, plain, 1e-4);
-    s.rhoLPar[4] = 4000;
-    s.rhoLPar[5] = -100;
+    s.rhoL_coefficients[4] = 4000;
+    s.rhoL_coefficients[5] = -100;
     EXPECT_NEAR(at(300).rho, plain + 20, 1e-4);
-    s.rhoLPar[6] = 50;
+    s.rhoL_coefficients[6] = 50;
     EXPECT_NEAR(at(300).rho, plain + 20 + 50 * std::cbrt(0.4), 1e-4);
     // At and above Tc of the equation the power term is left out.
     const double at500 = 900 - 250 + 250 - 250 + 4000.0 / 400;
@@ -132,12 +132,12 @@ TEST_F(Density, EveryEquationOfTheTableGivesALiquidInsideItsRange) {
     int sets = 0;
     for (const std::string& name : fluids::AllNames()) {
         s = fluids::Row(name);
-        if (s.rhoLTLo <= 0) continue;
+        if (s.rhoL_T_low <= 0) continue;
         ++sets;
-        const float middle = 0.5F * static_cast<float>(s.rhoLTLo + s.rhoLTHi);
+        const float middle = 0.5F * static_cast<float>(s.rhoL_T_low + s.rhoL_T_high);
         double last = 1e9;
-        for (const float T :
-             {static_cast<float>(s.rhoLTLo + 1), middle, static_cast<float>(s.rhoLTHi - 1)}) {
+        for (const float T : {static_cast<float>(s.rhoL_T_low + 1), middle,
+                              static_cast<float>(s.rhoL_T_high - 1)}) {
             const models::DensityResult r = at(T);
             EXPECT_EQ(r.status, kSuccess) << name;
             EXPECT_EQ(r.deviation, 0) << name;

@@ -59,12 +59,12 @@ TEST_F(Vaporisation, AboveTheCriticalTemperatureEveryMethodFails) {
 }
 
 TEST_F(Vaporisation, DatabaseEquationFollowsItsFormula) {
-    s.hLVPar = {30000, 0.1F, 0.4F, 0.2F, -0.1F, 0.05F};
-    s.hLVTc = 400;
-    s.hLVTLo = 200;
-    s.hLVTHi = 390;
+    s.hLV_coefficients = {30000, 0.1F, 0.4F, 0.2F, -0.1F, 0.05F};
+    s.hLV_Tc = 400;
+    s.hLV_T_low = 200;
+    s.hLV_T_high = 390;
     const double Tr = 0.75;
-    const auto a = [&](std::size_t i) { return static_cast<double>(s.hLVPar[i]); };
+    const auto a = [&](std::size_t i) { return static_cast<double>(s.hLV_coefficients[i]); };
     const double expected =
         a(0) * std::exp(-a(1) * Tr) *
         std::pow(1 - Tr, a(2) + a(3) * Tr + a(4) * Tr * Tr + a(5) * Tr * Tr * Tr);
@@ -78,8 +78,8 @@ TEST_F(Vaporisation, DatabaseEquationFollowsItsFormula) {
 }
 
 TEST_F(Vaporisation, DatabaseEquationTellsTheKelvinsOutsideItsRange) {
-    s.hLVTLo = 250;
-    s.hLVTHi = 350;
+    s.hLV_T_low = 250;
+    s.hLV_T_high = 350;
     const auto deviation = [&](double T) { return by(databaseEquation, T, 0, Vp::none).deviation; };
     EXPECT_EQ(deviation(300), 0);
     EXPECT_EQ(deviation(355), 5);
@@ -90,13 +90,13 @@ TEST_F(Vaporisation, DatabaseEquationTellsTheKelvinsOutsideItsRange) {
 }
 
 TEST_F(Vaporisation, DatabaseEquationIsMissingWithoutCriticalTemperatureOrRange) {
-    const float Tc = s.hLVTc;
-    s.hLVTc = 0;
+    const float Tc = s.hLV_Tc;
+    s.hLV_Tc = 0;
     EXPECT_EQ(models::enthalpy_equation(s, 300).status, kFailure);
     EXPECT_EQ(by(databaseEquation, 300, 0, Vp::none).status, kFailure);
-    s.hLVTc = Tc;
+    s.hLV_Tc = Tc;
     EXPECT_EQ(models::enthalpy_equation(s, 300).status, kSuccess);
-    s.hLVTHi = 0;
+    s.hLV_T_high = 0;
     EXPECT_EQ(by(databaseEquation, 300, 0, Vp::none).status, kFailure);
 }
 
@@ -121,14 +121,14 @@ TEST_F(Vaporisation, CarruthKobayashiFollowsItsFormulaAlsoWithoutAcentricFactor)
 }
 
 TEST_F(Vaporisation, WatsonFollowsItsFormulaAndNamesItsExponent) {
-    models_.WatsonN = 0.4F;
-    const double ratio = (s.Tcrit - 300) / (s.Tcrit - static_cast<double>(s.WatsonT));
+    models_.watson_n = 0.4F;
+    const double ratio = (s.Tcrit - 300) / (s.Tcrit - static_cast<double>(s.watson_T));
     const double expected =
-        static_cast<double>(s.WatsonH) * std::pow(ratio, static_cast<double>(0.4F));
+        static_cast<double>(s.watson_hLV) * std::pow(ratio, static_cast<double>(0.4F));
     const Result r = by(watson, 300, 0, Vp::none);
     EXPECT_NEAR(r.raw, expected, 1e-9 * expected);
     EXPECT_EQ(r.explanation, "WATSON-correlation, n =0.4");
-    s.WatsonH = 0;
+    s.watson_hLV = 0;
     EXPECT_EQ(by(watson, 300, 0, Vp::none).status, kFailure);
 }
 
@@ -136,8 +136,8 @@ TEST_F(Vaporisation, ResultsAreRoundedToWholeNumbersHalvesToTheEvenOne) {
     const std::pair<float, std::int32_t> cases[] = {
         {1000.5F, 1000}, {1001.5F, 1002}, {1001.25F, 1001}, {1001.75F, 1002}};
     for (const auto& [value, rounded] : cases) {
-        s.WatsonH = value;
-        s.WatsonT = 231;
+        s.watson_hLV = value;
+        s.watson_T = 231;
         const Result r = by(watson, 231, 0, Vp::none);
         EXPECT_EQ(r.raw, static_cast<double>(value));
         EXPECT_EQ(r.h, rounded) << value;
@@ -145,7 +145,7 @@ TEST_F(Vaporisation, ResultsAreRoundedToWholeNumbersHalvesToTheEvenOne) {
 }
 
 TEST_F(Vaporisation, ResultBeyondWholeNumbersFails) {
-    s.WatsonH = 1e10F;
+    s.watson_hLV = 1e10F;
     EXPECT_EQ(by(watson, 231, 0, Vp::none).status, kFailure);
 }
 
@@ -165,7 +165,7 @@ TEST_F(Vaporisation, AtTheCriticalTemperature) {
 }
 
 TEST_F(Vaporisation, DatabaseEquationThatEndsBelowTheCriticalPointIsZeroUpToIt) {
-    s.hLVTc = 369.5F;
+    s.hLV_Tc = 369.5F;
     EXPECT_EQ(models::enthalpy_equation(s, 369.7).status, kSuccess);
     EXPECT_EQ(models::enthalpy_equation(s, 369.7).h, 0);
     EXPECT_EQ(models::enthalpy_equation(s, 400).status, kFailure);
@@ -200,8 +200,8 @@ TEST_F(Vaporisation, ClausiusClapeyronFailsWithoutADensity) {
     reference = models::propose_benson_reference(fluid()).point;
     s.rhocrit = 0;
     EXPECT_EQ(by(benson, 290, 0, Vp::wagner).status, kFailure) << "without a critical density";
-    s.rhoLPar = {};
-    s.rhoLTLo = s.rhoLTHi = 0;
+    s.rhoL_coefficients = {};
+    s.rhoL_T_low = s.rhoL_T_high = 0;
     EXPECT_EQ(by(databaseDensity, 290, 0, Vp::wagner).status, kFailure)
         << "without a density equation";
     s = fluids::correlated_row("Propane");
@@ -273,21 +273,21 @@ TEST_F(Vaporisation, FromPFindsTByTheVapourPressureEquation) {
 }
 
 TEST_F(Vaporisation, TellsTheKelvinsOutsideTheRangeOfTheVapourPressureEquation) {
-    s.WAG.TLo = 250;
-    s.WAG.THi = 300;
-    EXPECT_EQ(by(chen, 310, 0, Vp::wagner).pressureDeviation, 10);
-    EXPECT_EQ(by(chen, 311, 0, Vp::wagner).pressureDeviation, 11);
-    EXPECT_EQ(by(chen, 310, 0, Vp::wagner).temperatureDeviation, 0);
+    s.wagner.T_low = 250;
+    s.wagner.T_high = 300;
+    EXPECT_EQ(by(chen, 310, 0, Vp::wagner).pressure_deviation, 10);
+    EXPECT_EQ(by(chen, 311, 0, Vp::wagner).pressure_deviation, 11);
+    EXPECT_EQ(by(chen, 310, 0, Vp::wagner).temperature_deviation, 0);
     const double p = models::vapour_pressure(s, 311, Vp::wagner).p;
-    EXPECT_EQ(by(chen, 0, p, Vp::wagner).temperatureDeviation, 11);
-    EXPECT_EQ(by(chen, 0, p, Vp::wagner).pressureDeviation, 0);
+    EXPECT_EQ(by(chen, 0, p, Vp::wagner).temperature_deviation, 11);
+    EXPECT_EQ(by(chen, 0, p, Vp::wagner).pressure_deviation, 0);
 }
 
 TEST_F(Vaporisation, TellsTheKelvinsOutsideTheRangeOfTheDensityEquation) {
-    s.rhoLTLo = 250;
-    s.rhoLTHi = 300;
-    EXPECT_EQ(by(databaseDensity, 305, 0, Vp::wagner).densityDeviation, 5);
-    EXPECT_EQ(by(databaseDensity, 306, 0, Vp::wagner).densityDeviation, 6);
+    s.rhoL_T_low = 250;
+    s.rhoL_T_high = 300;
+    EXPECT_EQ(by(databaseDensity, 305, 0, Vp::wagner).density_deviation, 5);
+    EXPECT_EQ(by(databaseDensity, 306, 0, Vp::wagner).density_deviation, 6);
 }
 
 TEST_F(Vaporisation, ExponentFollowsTheDecimalMarkOfTheLocale) {

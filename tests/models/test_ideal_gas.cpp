@@ -21,10 +21,10 @@ class IdealGas : public testing::Test {
     models::ReferenceState reference;
 
     IdealGas() {
-        s.Name = "test gas";
+        s.name = "test gas";
         s.M = 30;
     }
-    void polynomial(std::array<float, 5> c) { s.cpPoly = {c, 200, 1500}; }
+    void polynomial(std::array<float, 5> c) { s.cp_polynomial = {c, 200, 1500}; }
     models::CpResult cp_at(double T) const { return models::ideal_gas_cp(s, form, T); }
     models::IdealGasState functions(double T, double p) const {
         models::ReferenceState settled = reference;
@@ -159,16 +159,16 @@ TEST_F(IdealGas, AnAbsentSetFails) {
 
 TEST_F(IdealGas, SinhCoshFormFailsWhereItsExponentialsFault) {
     form = CpForm::sinhCosh;
-    s.cpSinh = {{33, 80, 1500, 40, 700}, 200, 1500};
+    s.cp_sinh_cosh = {{33, 80, 1500, 40, 700}, 200, 1500};
     EXPECT_EQ(cp_at(3).status, kSuccess);  // C2/T = 500
     EXPECT_EQ(cp_at(2).status, kFailure);  // C2/T = 750 overflows
     EXPECT_EQ(functions(2, 100).status, kFailure);
     EXPECT_EQ(functions(0.1, 100).status, kFailure);
     EXPECT_EQ(functions(0, 100).status, kFailure);
     EXPECT_EQ(functions(-300, 100).status, kFailure);
-    s.cpSinh.c[2] = 0;  // x/sinh(x) becomes 0/0
+    s.cp_sinh_cosh.c[2] = 0;  // x/sinh(x) becomes 0/0
     EXPECT_EQ(cp_at(300).status, kFailure);
-    s.cpSinh.c[2] = -1500;  // the logarithm of a negative sinh
+    s.cp_sinh_cosh.c[2] = -1500;  // the logarithm of a negative sinh
     EXPECT_EQ(functions(300, 100).status, kFailure);
 }
 

@@ -54,7 +54,7 @@ TEST(InflexionPoints, AreTheSignChangesOfTheSecondDerivative) {
                             1e-9 * 8.31451 * T / (points.v[i] - b))
                     << at;
                 const double scale = 2 * 8.31451 * T / std::pow(points.v[i] - b, 3);
-                EXPECT_LT(std::fabs(points.secondDerivative[i]), 1e-12 * scale) << at;
+                EXPECT_LT(std::fabs(points.second_derivative[i]), 1e-12 * scale) << at;
             }
             if (points.count == 2) {
                 EXPECT_LT(points.v[0], points.v[1]) << at;
@@ -67,7 +67,7 @@ TEST(InflexionPoints, AreTheSignChangesOfTheSecondDerivative) {
 
 TEST(InflexionPoints, OfVanDerWaalsMeetTheirClosedForms) {
     const models::Fluid fluid = fluids::fluid("Propane", Eos::vanDerWaals);
-    const double a = fluid.eos().eosA0, b = fluid.eos().eosB0;
+    const double a = fluid.eos().a0, b = fluid.eos().b0;
     const double Tcrit = fluid.substance().Tcrit;
     // At the critical point the first one is the critical volume 3 b.
     const models::Inflexion critical = models::inflexion_points(fluid, Tcrit);
@@ -88,7 +88,7 @@ TEST(InflexionPoints, OfVanDerWaalsMeetTheirClosedForms) {
 TEST(InflexionPoints, OfVOnlyModelsDoNotExist) {
     for (const Eos eos : grid::kVOnly) {
         const models::Fluid fluid = fluids::fluid("Propane", eos);
-        EXPECT_EQ(models::inflexion_points(fluid, 300).count, 0) << models::EOSName(eos);
+        EXPECT_EQ(models::inflexion_points(fluid, 300).count, 0) << models::eos_name(eos);
     }
 }
 

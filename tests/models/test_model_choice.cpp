@@ -25,9 +25,9 @@ class ModelChoiceOf : public testing::Test {
     models::SubstanceRecord s = fluids::ReferencePropane();
 
     ModelChoiceOf() {
-        s.Name = "Propane";
-        for (models::VPSetAntoine* set : {&s.ALP, &s.AHP}) set->A = 5.0F;
-        s.FRO.TLo = s.WAG.TLo = 100;
+        s.name = "Propane";
+        for (models::AntoineSet* set : {&s.antoine_low, &s.antoine_high}) set->A = 5.0F;
+        s.frost.T_low = s.wagner.T_low = 100;
     }
     ModelChoice choice(const models::ModelSelection& inUse = {}) const {
         return ModelChoice(s, inUse);
@@ -61,19 +61,19 @@ TEST_F(ModelChoiceOf, NamesAreShownWithoutOuterBlanks) {
 
 TEST_F(ModelChoiceOf, FirstEquationIsPengRobinsonOrRedlichKwong) {
     const ModelChoice withOmega = choice();
-    EXPECT_EQ(withOmega.models().EOSModel, Eos::pengRobinson);
+    EXPECT_EQ(withOmega.models().eos, Eos::pengRobinson);
     EXPECT_EQ(withOmega.eos()[withOmega.eos_index()].text, "CEOS Peng / Robinson");
     s.omega = 0;
     const ModelChoice without = choice();
-    EXPECT_EQ(without.models().EOSModel, Eos::redlichKwong);
+    EXPECT_EQ(without.models().eos, Eos::redlichKwong);
     EXPECT_EQ(without.eos()[without.eos_index()].text, "CEOS Redlich / Kwong");
 }
 
 TEST_F(ModelChoiceOf, AnEquationThatIsNotOfferedAnyMoreGivesWayToTheDefault) {
     s.omega = 0;
-    const ModelChoice c = choice({.EOSModel = Eos::pitzerCurl, .EOSOnlyV = true});
-    EXPECT_EQ(c.models().EOSModel, Eos::redlichKwong);
-    EXPECT_FALSE(c.models().EOSOnlyV);
+    const ModelChoice c = choice({.eos = Eos::pitzerCurl, .vapour_only = true});
+    EXPECT_EQ(c.models().eos, Eos::redlichKwong);
+    EXPECT_FALSE(c.models().vapour_only);
     EXPECT_TRUE(c.priority_enabled());
 }
 
@@ -82,22 +82,22 @@ TEST_F(ModelChoiceOf, VapourPressureEquationsAreThoseWithData) {
     EXPECT_EQ(codes_of(models::vp_entries(empty)), std::vector<int>{0});
     empty.Tboil = 231.0F;
     EXPECT_EQ(codes_of(models::vp_entries(empty)), (std::vector<int>{6, 7, 8, 0}));
-    empty.AUG = {14.0F, -2200.0F};
+    empty.august = {14.0F, -2200.0F};
     EXPECT_EQ(codes_of(models::vp_entries(empty)), (std::vector<int>{5, 6, 7, 8, 0}));
-    empty.AHP.A = 4.0F;
+    empty.antoine_high.A = 4.0F;
     EXPECT_EQ(codes_of(models::vp_entries(empty)), (std::vector<int>{2, 5, 6, 7, 8}));
-    empty.ALP.A = 4.0F;
-    empty.FRO.TLo = 100;
-    empty.WAG.TLo = 100;
+    empty.antoine_low.A = 4.0F;
+    empty.frost.T_low = 100;
+    empty.wagner.T_low = 100;
     EXPECT_EQ(codes_of(models::vp_entries(empty)), (std::vector<int>{4, 3, 1, 2, 5, 6, 7, 8}));
 }
 
 TEST_F(ModelChoiceOf, NoVapourPressureModelYetMeansTheFirstEntry) {
-    s.WAG.TLo = 0;
+    s.wagner.T_low = 0;
     const ModelChoice c = choice();
     EXPECT_EQ(c.vp_index(), 0U);
-    EXPECT_EQ(models::code_of(c.models().VPModel), 3);
-    EXPECT_EQ(models::vp_code(c.models().VPModel), "FRO");
+    EXPECT_EQ(models::code_of(c.models().vapour_pressure), 3);
+    EXPECT_EQ(models::vp_code(c.models().vapour_pressure), "FRO");
 }
 
 TEST_F(ModelChoiceOf, TheVapourPressureCodeFollowsTheEntry) {
@@ -107,40 +107,40 @@ TEST_F(ModelChoiceOf, TheVapourPressureCodeFollowsTheEntry) {
                                                           {7, "KFR"}, {8, "THO"}};
     for (const auto& [index, code] : all) {
         c.choose_vp(models::index_of(c.vp(), codes::vp(index)));
-        EXPECT_EQ(models::code_of(c.models().VPModel), index);
-        EXPECT_EQ(models::vp_code(c.models().VPModel), code);
+        EXPECT_EQ(models::code_of(c.models().vapour_pressure), index);
+        EXPECT_EQ(models::vp_code(c.models().vapour_pressure), code);
     }
     s = {};
     const ModelChoice nothing = choice(c.models());
-    EXPECT_EQ(models::code_of(nothing.models().VPModel), 0);
-    EXPECT_EQ(models::vp_code(nothing.models().VPModel), "000");
+    EXPECT_EQ(models::code_of(nothing.models().vapour_pressure), 0);
+    EXPECT_EQ(models::vp_code(nothing.models().vapour_pressure), "000");
 }
 
 TEST_F(ModelChoiceOf, MethodsOfVaporisationDependOnDataAndEquation) {
     models::SubstanceRecord empty;
     EXPECT_EQ(codes_of(models::hlv_entries(empty, true)), (std::vector<int>{2, 3, 6}));
     EXPECT_EQ(codes_of(models::hlv_entries(empty, false)), (std::vector<int>{2, 3, 6, 7}));
-    empty.hLVTHi = 300;
-    empty.WatsonH = 18000;
-    empty.WatsonT = 231;
-    empty.rhoLTLo = 90;
+    empty.hLV_T_high = 300;
+    empty.watson_hLV = 18000;
+    empty.watson_T = 231;
+    empty.rhoL_T_low = 90;
     EXPECT_EQ(codes_of(models::hlv_entries(empty, false)), (std::vector<int>{1, 2, 3, 4, 5, 6, 7}));
-    empty.WatsonT = 0;
+    empty.watson_T = 0;
     EXPECT_EQ(codes_of(models::hlv_entries(empty, false)), (std::vector<int>{1, 2, 3, 5, 6, 7}));
 }
 
 TEST_F(ModelChoiceOf, TheIdealGasFormAvailableIsTaken) {
     EXPECT_EQ(codes_of(models::cp_entries({})), std::vector<int>{0});
     models::SubstanceRecord empty;
-    empty.hasCpSinh = true;
+    empty.has_cp_sinh_cosh = true;
     EXPECT_EQ(codes_of(models::cp_entries(empty)), std::vector<int>{2});
-    empty.hasCpPoly = true;
+    empty.has_cp_polynomial = true;
     EXPECT_EQ(codes_of(models::cp_entries(empty)), (std::vector<int>{1, 2}));
 
-    s.hasCpPoly = false;
-    s.hasCpSinh = true;
-    EXPECT_EQ(choice().models().CpModel, models::CpForm::sinhCosh);
-    EXPECT_EQ(choice({.CpModel = models::CpForm::polynomial}).models().CpModel,
+    s.has_cp_polynomial = false;
+    s.has_cp_sinh_cosh = true;
+    EXPECT_EQ(choice().models().cp_form, models::CpForm::sinhCosh);
+    EXPECT_EQ(choice({.cp_form = models::CpForm::polynomial}).models().cp_form,
               models::CpForm::sinhCosh)
         << "a form that this substance does not have";
 }
@@ -160,16 +160,16 @@ TEST_F(ModelChoiceOf, WatsonExponentsComeFromTheReducedBoilingTemperature) {
 
 TEST_F(ModelChoiceOf, TheWatsonExponentIsShownForItsMethodOnly) {
     ModelChoice c = choice();
-    EXPECT_FLOAT_EQ(c.models().WatsonN, 0.38F);
+    EXPECT_FLOAT_EQ(c.models().watson_n, 0.38F);
     EXPECT_EQ(c.watson_text(), "0.38");
     choose_hlv(c, watson);
     EXPECT_TRUE(c.watson_visible());
     choose_hlv(c, chen);
     EXPECT_FALSE(c.watson_visible());
     c.set_watson("0,4");
-    EXPECT_FLOAT_EQ(c.models().WatsonN, 0.4F);
+    EXPECT_FLOAT_EQ(c.models().watson_n, 0.4F);
     c.set_watson("1e300");
-    EXPECT_EQ(c.models().WatsonN, 0.0F) << "no float holds it";
+    EXPECT_EQ(c.models().watson_n, 0.0F) << "no float holds it";
     c.set_watson("0.41");
     EXPECT_EQ(choice(c.models()).watson_text(), "0.41");
 }
@@ -178,17 +178,17 @@ TEST_F(ModelChoiceOf, AnEquationForTheVapourOnlyTakesPriorityAndTheGlobalMethodA
     ModelChoice c = choice();
     choose_hlv(c, cubicEos);
     choose_eos(c, Eos::virialVanDerWaals);
-    EXPECT_TRUE(c.models().EOSOnlyV);
-    EXPECT_FALSE(c.models().PriorityCEOS);
+    EXPECT_TRUE(c.models().vapour_only);
+    EXPECT_FALSE(c.models().eos_has_priority);
     EXPECT_FALSE(c.priority_enabled());
-    EXPECT_EQ(c.models().HLVModel, c.hlv()[0].model);
+    EXPECT_EQ(c.models().vaporisation, c.hlv()[0].model);
     for (const int code : codes_of(c.hlv())) EXPECT_NE(code, 7);
 
     choose_eos(c, Eos::virialRedlichKwong);
-    EXPECT_FALSE(c.models().PriorityCEOS);
+    EXPECT_FALSE(c.models().eos_has_priority);
     choose_eos(c, Eos::soave);
-    EXPECT_FALSE(c.models().EOSOnlyV);
-    EXPECT_TRUE(c.models().PriorityCEOS) << "back at a cubic equation it has priority again";
+    EXPECT_FALSE(c.models().vapour_only);
+    EXPECT_TRUE(c.models().eos_has_priority) << "back at a cubic equation it has priority again";
     EXPECT_TRUE(c.priority_enabled());
     EXPECT_EQ(codes_of(c.hlv()).back(), 7);
 }
@@ -197,47 +197,46 @@ TEST_F(ModelChoiceOf, AnotherCubicEquationKeepsThePriority) {
     ModelChoice c = choice();
     c.set_priority_ceos(false);
     choose_eos(c, Eos::redlichKwong);
-    EXPECT_FALSE(c.models().PriorityCEOS);
+    EXPECT_FALSE(c.models().eos_has_priority);
 }
 
 TEST_F(ModelChoiceOf, TheIdealGasIsForTheVapourOnly) {
     ModelChoice c = choice();
     choose_eos(c, Eos::idealGas);
-    EXPECT_TRUE(c.models().EOSOnlyV);
+    EXPECT_TRUE(c.models().vapour_only);
 }
 
 TEST_F(ModelChoiceOf, TheManualFormAsksForItsCoefficientsAndKeepsThem) {
     ModelChoice c = choice();
     EXPECT_TRUE(choose_eos(c, Eos::manualVirial));
-    EXPECT_EQ(c.models().manualVirial, models::ManualVirial{});
+    EXPECT_EQ(c.models().manual_virial, models::ManualVirial{});
     const models::Fluid blank = fluids::fluid(s, c.models());
-    EXPECT_EQ(blank.eos().eosB0, 0.0);
-    EXPECT_EQ(blank.eos().vcritCalc, 0.0) << "nothing of the former equation is left";
+    EXPECT_EQ(blank.eos().b0, 0.0);
+    EXPECT_EQ(blank.eos().vcrit_calculated, 0.0) << "nothing of the former equation is left";
     c.set_manual_virial({0.05, 1500, 1.6});
     EXPECT_FALSE(choose_eos(c, Eos::pengRobinson));
     EXPECT_TRUE(choose_eos(c, Eos::manualVirial));
-    EXPECT_EQ(c.models().manualVirial, (models::ManualVirial{0.05, 1500, 1.6}))
+    EXPECT_EQ(c.models().manual_virial, (models::ManualVirial{0.05, 1500, 1.6}))
         << "the coefficients typed before are proposed";
     const models::Fluid fluid = fluids::fluid(s, c.models());
-    EXPECT_EQ(fluid.eos().eosB0, 0.05);
-    EXPECT_EQ(fluid.eos().eosNB, 1500.0);
-    EXPECT_EQ(fluid.eos().eosNV, 1.6);
+    EXPECT_EQ(fluid.eos().b0, 0.05);
+    EXPECT_EQ(fluid.eos().nb, 1500.0);
+    EXPECT_EQ(fluid.eos().nv, 1.6);
 
     ModelChoice again = choice(c.models());
     choose_eos(again, Eos::pengRobinson);
     EXPECT_TRUE(choose_eos(again, Eos::manualVirial));
-    EXPECT_EQ(again.models().manualVirial.b2, 1.6);
+    EXPECT_EQ(again.models().manual_virial.b2, 1.6);
 }
 
 TEST_F(ModelChoiceOf, CorrelatedSetsThatAChoiceNeedsAreFilled) {
-    s.KFW = {};
+    s.frost_van_der_waals = {};
     ModelChoice c = choice();
     choose_eos(c, Eos::redlichKwong);
     c.choose_vp(models::index_of(c.vp(), models::VapourPressureEquation::frostVanDerWaals));
     models::correlate_for(c.models(), s);
-    EXPECT_NE(s.KFW.a[0], 0.0F);
-    EXPECT_NEAR(fluids::fluid(s, c.models()).eos().eosB0, 0.08664 * 8.31451 * s.Tcrit / s.pcrit,
-                1e-6);
+    EXPECT_NE(s.frost_van_der_waals.a[0], 0.0F);
+    EXPECT_NEAR(fluids::fluid(s, c.models()).eos().b0, 0.08664 * 8.31451 * s.Tcrit / s.pcrit, 1e-6);
     EXPECT_FALSE(c.warning());
 }
 
@@ -276,11 +275,11 @@ TEST_F(ModelChoiceOf, AChoiceChangesNothingButItself) {
 }
 
 TEST_F(ModelChoiceOf, TheDensityNoteTellsTheRange) {
-    s.rhoLTLo = 86;
-    s.rhoLTHi = 369;
+    s.rhoL_T_low = 86;
+    s.rhoL_T_high = 369;
     EXPECT_EQ(models::liquid_density_note(s).state, "Parameters available from data base");
     EXPECT_EQ(models::liquid_density_note(s).range, "Valid for T/K=86 ...369 K");
-    s.rhoLTLo = 0;
+    s.rhoL_T_low = 0;
     EXPECT_EQ(models::liquid_density_note(s).state, "Parameters not available");
     EXPECT_EQ(models::liquid_density_note(s).range, "");
 }
@@ -291,20 +290,20 @@ TEST_F(ModelChoiceOf, EverySubstanceGetsACompleteChoice) {
         s = fluids::Row(name);
         const ModelChoice c = choice();
         EXPECT_LT(c.eos_index(), c.eos().size()) << name;
-        EXPECT_EQ(c.hlv()[c.hlv_index()].model, c.models().HLVModel) << name;
-        EXPECT_EQ(c.vp()[c.vp_index()].model, c.models().VPModel) << name;
-        EXPECT_EQ(c.cp()[c.cp_index()].model, c.models().CpModel) << name;
-        EXPECT_GT(fluids::fluid(s, c.models()).eos().vcritCalc, 0.0) << name;
+        EXPECT_EQ(c.hlv()[c.hlv_index()].model, c.models().vaporisation) << name;
+        EXPECT_EQ(c.vp()[c.vp_index()].model, c.models().vapour_pressure) << name;
+        EXPECT_EQ(c.cp()[c.cp_index()].model, c.models().cp_form) << name;
+        EXPECT_GT(fluids::fluid(s, c.models()).eos().vcrit_calculated, 0.0) << name;
     }
 }
 
 TEST_F(ModelChoiceOf, ListsFollowDataThatWereEditedMeanwhile) {
-    ModelChoice c = choice({.EOSModel = Eos::pengRobinson});
-    EXPECT_EQ(c.models().EOSModel, Eos::pengRobinson);
+    ModelChoice c = choice({.eos = Eos::pengRobinson});
+    EXPECT_EQ(c.models().eos, Eos::pengRobinson);
     s.omega = 0;
     c.renew(s);
     EXPECT_EQ(c.eos().size(), 8U);
-    EXPECT_EQ(c.models().EOSModel, Eos::redlichKwong) << "without acentric factor";
+    EXPECT_EQ(c.models().eos, Eos::redlichKwong) << "without acentric factor";
 }
 
 }  // namespace

@@ -13,14 +13,14 @@ using models::Eos;
 using models::VapourPressureEquation;
 
 TEST(ModelTables, NamesAreFixedWidthAndCodesInvert) {
-    EXPECT_EQ(models::EOSName(Eos::pengRobinson), "CEOS Peng / Robinson               ");
+    EXPECT_EQ(models::eos_name(Eos::pengRobinson), "CEOS Peng / Robinson               ");
     for (const models::EquationOfState* row : models::equations())
         EXPECT_EQ(row->name.size(), 35U) << row->name;
-    EXPECT_EQ(models::EOSName(Eos::none), "");
+    EXPECT_EQ(models::eos_name(Eos::none), "");
     EXPECT_EQ(models::vp_of_code("WAG"), VapourPressureEquation::wagner);
     EXPECT_EQ(models::vp_of_code("xxx"), VapourPressureEquation::none);
     EXPECT_EQ(models::vp_code(VapourPressureEquation::thompson), "THO");
-    EXPECT_EQ(models::FunctionLabel(14), "     ln (phi*)");
+    EXPECT_EQ(models::function_label(14), "     ln (phi*)");
     EXPECT_TRUE(models::is_v_only(Eos::idealGas));
     EXPECT_FALSE(models::is_v_only(Eos::pengRobinson));
     EXPECT_FALSE(models::is_v_only(Eos::none));

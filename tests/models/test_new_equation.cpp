@@ -27,21 +27,21 @@ models::EosConstants clausius_constants(const models::SubstanceRecord& s,
                                         const models::ModelSelection&) {
     models::EosConstants k;
     const double ideal = faults::divide(R * s.Tcrit, s.pcrit);
-    k.power.eosA0 = 27.0 / 64.0 * R * s.Tcrit * ideal;
-    k.power.eosC0 = k.power.eosD0 = (3.0 / 8.0 - kZcrit) * ideal;
-    k.power.eosB0 = ideal / 8 - k.power.eosC0;
+    k.power.a0 = 27.0 / 64.0 * R * s.Tcrit * ideal;
+    k.power.c0 = k.power.d0 = (3.0 / 8.0 - kZcrit) * ideal;
+    k.power.b0 = ideal / 8 - k.power.c0;
     return k;
 }
 
 constexpr models::EquationOfState row{.eos = kClausius,
                                       .name = "CEOS Clausius                      ",
                                       .family = models::EosFamily::cubic,
-                                      .needsOmega = false,
+                                      .needs_omega = false,
                                       .zcrit = kZcrit,
                                       .constants = clausius_constants,
                                       .at = models::power_at,
                                       .slopes = models::power_slopes_of,
-                                      .secondVirial = models::no_virial,
+                                      .second_virial = models::no_virial,
                                       .virial = models::power_virial};
 
 // ---- what every equation of state can do
@@ -51,16 +51,16 @@ class NewEquation : public testing::Test {
     models::SubstanceRecord s = fluids::correlated_row("Propane");
     models::Fluid fluid = models::Fluid::make(s, fluids::selection(s, kClausius), row).value();
     models::Fluid vanDerWaals = fluids::fluid(s, Eos::vanDerWaals);
-    const double shift = fluid.eos().eosC0;
+    const double shift = fluid.eos().c0;
 };
 
 TEST_F(NewEquation, MeetsTheCriticalPointWithItsOwnVolume) {
-    EXPECT_NEAR(fluid.eos().vcritCalc, 0.3 * R * s.Tcrit / s.pcrit, 1e-15);
-    EXPECT_NEAR(models::pressure_from_Tv(fluid, s.Tcrit, fluid.eos().vcritCalc).p, s.pcrit,
+    EXPECT_NEAR(fluid.eos().vcrit_calculated, 0.3 * R * s.Tcrit / s.pcrit, 1e-15);
+    EXPECT_NEAR(models::pressure_from_Tv(fluid, s.Tcrit, fluid.eos().vcrit_calculated).p, s.pcrit,
                 1e-9 * s.pcrit);
     const models::Inflexion critical = models::inflexion_points(fluid, s.Tcrit);
     ASSERT_EQ(critical.count, 2);
-    EXPECT_NEAR(critical.v[0], fluid.eos().vcritCalc, 1e-9);
+    EXPECT_NEAR(critical.v[0], fluid.eos().vcrit_calculated, 1e-9);
 }
 
 TEST_F(NewEquation, HasTheStatesOfVanDerWaalsWithShiftedVolumes) {
@@ -70,16 +70,16 @@ TEST_F(NewEquation, HasTheStatesOfVanDerWaalsWithShiftedVolumes) {
             const models::StateTP z = models::solve_state_tp(fluid, T, p);
             const models::StateTP vdw = models::solve_state_tp(vanDerWaals, T, p);
             ASSERT_EQ(z.status, kSuccess) << Tr << " " << pr;
-            EXPECT_EQ(z.hasV, vdw.hasV) << Tr << " " << pr;
-            EXPECT_EQ(z.hasL, vdw.hasL) << Tr << " " << pr;
-            EXPECT_EQ(z.nRoots, vdw.nRoots) << Tr << " " << pr;
-            if (z.hasV) {
+            EXPECT_EQ(z.has_V, vdw.has_V) << Tr << " " << pr;
+            EXPECT_EQ(z.has_L, vdw.has_L) << Tr << " " << pr;
+            EXPECT_EQ(z.root_count, vdw.root_count) << Tr << " " << pr;
+            if (z.has_V) {
                 EXPECT_NEAR(z.vV + shift, vdw.vV, 1e-6 * vdw.vV) << Tr << " " << pr;
             }
-            if (z.hasL) {
+            if (z.has_L) {
                 EXPECT_NEAR(z.vL + shift, vdw.vL, 1e-6 * vdw.vL) << Tr << " " << pr;
             }
-            const double v = z.hasV ? z.vV : z.vL;
+            const double v = z.has_V ? z.vV : z.vL;
             EXPECT_NEAR(models::pressure_from_Tv(fluid, T, v).p, p, 1e-4 * p) << Tr << " " << pr;
         }
     }

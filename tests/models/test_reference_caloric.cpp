@@ -23,7 +23,7 @@ void near(double actual, const json& expected, double relative, double floor,
 }
 
 models::ReferenceState reference_of(std::int16_t mode, const json& user = {}) {
-    models::ReferenceState reference{.RefMode = mode};
+    models::ReferenceState reference{.mode = mode};
     if (user.is_null()) return reference;
     reference.T0 = user.at("T0");
     reference.p0 = user.at("p0");
@@ -41,7 +41,7 @@ Medium medium_of(const json& in, const std::string& key) {
     const auto form = codes::cp(key[2] - '0');
     const int mode = std::stoi(key.substr(key.find("ref") + 3));
     return Medium(
-        fluids::changed(fluid, [&](auto&, models::ModelSelection& m) { m.CpModel = form; }),
+        fluids::changed(fluid, [&](auto&, models::ModelSelection& m) { m.cp_form = form; }),
         reference_of(static_cast<std::int16_t>(mode)));
 }
 

@@ -37,7 +37,7 @@ class ReferenceState : public testing::Test {
 TEST_F(ReferenceState, OfTheViewIsZeroAndCorrectsTheEntropyToThePressure) {
     for (const std::int16_t mode : {std::int16_t{1}, std::int16_t{0}, std::int16_t{7}}) {
         reference = {};
-        reference.RefMode = mode;
+        reference.mode = mode;
         reference.T0 = 280;
         reference.p0 = 50;
         s.dfh = 1000;
@@ -56,7 +56,7 @@ TEST_F(ReferenceState, ConventionalAndFormationFixTemperatureAndPressure) {
     s.sconv = 270.2F;
     for (const std::int16_t mode : {std::int16_t{2}, std::int16_t{10}}) {
         reference = {};
-        reference.RefMode = mode;
+        reference.mode = mode;
         reference.T0 = 280;
         reference.p0 = 50;
         const models::ReferenceBase base = base_at(kP0);
@@ -76,14 +76,14 @@ TEST_F(ReferenceState, PressureOfZeroBecomesNormalPressure) {
 }
 
 TEST_F(ReferenceState, WithoutPressureTheEntropyIsNotCorrected) {
-    reference.RefMode = 2;
+    reference.mode = 2;
     s.sconv = 200;
     EXPECT_EQ(base_at(0).s, 200);
     EXPECT_EQ(base_at(-1).s, 200);
 }
 
 TEST_F(ReferenceState, ConventionalIdealGasAtItsReferencePoint) {
-    const Medium propane(fluids::fluid("Propane", Eos::idealGas), {.RefMode = 2});
+    const Medium propane(fluids::fluid("Propane", Eos::idealGas), {.mode = 2});
     const models::IdealGasState z = propane.ideal(kT0, kP0);
     EXPECT_EQ(z.h, static_cast<double>(propane.fluid.substance().dfh));
     EXPECT_NEAR(z.s, static_cast<double>(propane.fluid.substance().sconv), 1e-12);
@@ -94,7 +94,7 @@ TEST_F(ReferenceState, MissingFormationDataCountAsZero) {
         fluids::changed(fluids::fluid("Propane", Eos::idealGas),
                         [](models::SubstanceRecord& r, auto&) { r.dfh = r.dfg = r.sconv = 0; });
     for (const std::int16_t mode : {std::int16_t{2}, std::int16_t{10}}) {
-        const models::IdealGasState z = Medium(propane, {.RefMode = mode}).ideal(kT0, kP0);
+        const models::IdealGasState z = Medium(propane, {.mode = mode}).ideal(kT0, kP0);
         EXPECT_EQ(z.status, kSuccess);
         EXPECT_EQ(z.h, 0);
         EXPECT_NEAR(z.s, 0, 1e-12);
@@ -109,14 +109,14 @@ class BensonReference : public testing::Test {
     models::SubstanceRecord s = fluids::ReferencePropane();
     models::ModelSelection models_ = fluids::selection(s, Eos::pengRobinson);
 
-    BensonReference() { models_.VPModel = models::VapourPressureEquation::wagner; }
+    BensonReference() { models_.vapour_pressure = models::VapourPressureEquation::wagner; }
     models::Fluid fluid() const { return fluids::fluid(s, models_); }
     models::BensonProposal proposal() const { return models::propose_benson_reference(fluid()); }
     /// A manual coefficient below -R T/p, which leaves no volume.
     void take_impossible_virial() {
         models_ = fluids::selection(s, Eos::manualVirial);
-        models_.manualVirial.b0 = -1000;
-        models_.VPModel = models::VapourPressureEquation::wagner;
+        models_.manual_virial.b0 = -1000;
+        models_.vapour_pressure = models::VapourPressureEquation::wagner;
     }
     double eos_density(double T, double p) const {
         return models::solve_state_tp(fluid(), T, p).rhoV;
@@ -125,7 +125,7 @@ class BensonReference : public testing::Test {
 };
 
 TEST_F(BensonReference, TakesTheDensityAtTheBoilingPointFromTheRecordFirst) {
-    s.rhoLboil = 581.25F;
+    s.rhoL_boil = 581.25F;
     const models::BensonProposal r = proposal();
     EXPECT_EQ(r.point.T, s.Tboil);
     EXPECT_EQ(r.point.p, 101.3F);
@@ -141,9 +141,9 @@ TEST_F(BensonReference, TakesTheDensityAtTheBoilingPointFromTheRecordFirst) {
 }
 
 TEST_F(BensonReference, TakesTheDensityEquationNext) {
-    s.rhoLPar = {900, -1.5F, 0, 0, 0, 0, 0};
-    s.rhoLTLo = 300;  // 69 K outside: no warning here
-    s.rhoLTHi = 350;
+    s.rhoL_coefficients = {900, -1.5F, 0, 0, 0, 0, 0};
+    s.rhoL_T_low = 300;  // 69 K outside: no warning here
+    s.rhoL_T_high = 350;
     const models::BensonProposal r = proposal();
     EXPECT_NEAR(r.point.rhoL, 900 - 1.5 * static_cast<double>(s.Tboil), 1e-4);
     EXPECT_NE(r.text.find(" rho(L)(ref)/kg/m^3 =553.4 (from database-equ. rho(T))\n"),
@@ -161,9 +161,9 @@ TEST_F(BensonReference, TakesTheSlopeOfTheMeasuredDensityLast) {
 }
 
 TEST_F(BensonReference, AFailingDensityEquationGivesWayToTheNextSource) {
-    s.rhoLPar = {100, -1, 300, -10, 0, 0, 0};
-    s.rhoLTLo = 200;
-    s.rhoLTHi = 350;
+    s.rhoL_coefficients = {100, -1, 300, -10, 0, 0, 0};
+    s.rhoL_T_low = 200;
+    s.rhoL_T_high = 350;
     const models::BensonProposal r = proposal();
     EXPECT_NEAR(r.point.rhoL, 100 - 231.036 + 300, 1e-3);
     EXPECT_NE(r.text.find("(calculated from drho/dT)"), std::string::npos);
@@ -171,8 +171,8 @@ TEST_F(BensonReference, AFailingDensityEquationGivesWayToTheNextSource) {
 
 TEST_F(BensonReference, WithoutABoilingPointTheMeasuredPointIsTaken) {
     s.Tboil = 0;
-    s.rhoLPar[1] = 0;
-    s.rhoLPar[2] = 290.5F;
+    s.rhoL_coefficients[1] = 0;
+    s.rhoL_coefficients[2] = 290.5F;
     const models::BensonProposal r = proposal();
     EXPECT_EQ(r.point.T, 290.5F);
     EXPECT_EQ(r.point.rhoL, 500.0F);
@@ -189,14 +189,14 @@ TEST_F(BensonReference, WithoutABoilingPointTheMeasuredPointIsTaken) {
 }
 
 TEST_F(BensonReference, ABoilingPointWithoutDensityIsDroppedForTheMeasuredPoint) {
-    s.rhoLPar[1] = 0;
+    s.rhoL_coefficients[1] = 0;
     const models::BensonProposal r = proposal();
     EXPECT_EQ(r.point.T, 298.15F);
     EXPECT_EQ(r.text.find("normal boiling"), std::string::npos);
 }
 
 TEST_F(BensonReference, WithoutAnyDensityThereIsNoProposal) {
-    s.rhoLPar = {};
+    s.rhoL_coefficients = {};
     const models::BensonProposal r = proposal();
     EXPECT_EQ(r.point.T, 0);
     EXPECT_EQ(r.point.p, 0);
@@ -209,7 +209,7 @@ TEST_F(BensonReference, WithoutAnyDensityThereIsNoProposal) {
 
 TEST_F(BensonReference, AMeasuredPointWithoutVapourPressureIsNoProposal) {
     s.Tboil = 0;
-    models_.VPModel = models::VapourPressureEquation::none;
+    models_.vapour_pressure = models::VapourPressureEquation::none;
     EXPECT_EQ(proposal().point.T, 0);
 }
 
@@ -288,7 +288,7 @@ TEST_F(ReferenceState, CaptionsFollowTheCaloricUnit) {
 
 TEST_F(ReferenceState, FieldsShowTheRecordInTheUnitOfTheSession) {
     reference = {
-        .RefMode = 1, .href = 4400, .sref = -22, .T0 = 273.15F, .p0 = 0, .Tenv = 290.5, .penv = 99};
+        .mode = 1, .href = 4400, .sref = -22, .T0 = 273.15F, .p0 = 0, .Tenv = 290.5, .penv = 99};
     const ReferenceFields f = models::fields_of(reference, 1.0 / 44);
     EXPECT_NEAR(f[models::FieldH], 100, 1e-12);
     EXPECT_NEAR(f[models::FieldS], -0.5, 1e-12);
@@ -300,8 +300,8 @@ TEST_F(ReferenceState, FieldsShowTheRecordInTheUnitOfTheSession) {
 
 TEST_F(ReferenceState, StoringDividesByTheCaloricFactorAndKeepsTheOption) {
     const ReferenceFields f = {100, -0.5, 273.15, 100, 0, 99};
-    ASSERT_TRUE(models::StoreReference(ReferenceOption::Conventional, f, 1.0 / 44, reference));
-    EXPECT_EQ(reference.RefMode, 2);
+    ASSERT_TRUE(models::store_reference(ReferenceOption::Conventional, f, 1.0 / 44, reference));
+    EXPECT_EQ(reference.mode, 2);
     EXPECT_NEAR(reference.href, 4400, 1e-9);
     EXPECT_NEAR(reference.sref, -22, 1e-12);
     EXPECT_EQ(reference.T0, 273.15F);
@@ -314,19 +314,19 @@ TEST_F(ReferenceState, StoringWhatWasShownChangesNothing) {
     reference.href = 1234.5;
     reference.T0 = 300.1F;
     const models::ReferenceState before = reference;
-    ASSERT_TRUE(models::StoreReference(ReferenceOption::Values, models::fields_of(reference, 1), 1,
-                                       reference));
+    ASSERT_TRUE(models::store_reference(ReferenceOption::Values, models::fields_of(reference, 1), 1,
+                                        reference));
     EXPECT_EQ(reference, before);
 }
 
 TEST_F(ReferenceState, StoringFailsAsAWholeWithoutACaloricFactor) {
     const models::ReferenceState before = reference;
     const ReferenceFields f = {100, 1, 300, 100, 290, 99};
-    EXPECT_FALSE(models::StoreReference(ReferenceOption::Formation, f, 0, reference));
+    EXPECT_FALSE(models::store_reference(ReferenceOption::Formation, f, 0, reference));
     EXPECT_EQ(reference, before);
     ReferenceFields huge = f;
     huge[models::FieldT0] = 1e300;
-    EXPECT_FALSE(models::StoreReference(ReferenceOption::Values, huge, 1, reference));
+    EXPECT_FALSE(models::store_reference(ReferenceOption::Values, huge, 1, reference));
     EXPECT_EQ(reference, before);
 }
 

@@ -36,21 +36,21 @@ struct State {
     Real T, v, p;
     Real width;   ///< v - b
     Real hT, hv;  ///< steps of the differences of p
-    Real pv, pT, pvv, pTT;
+    Real pv, p_T, pvv, p_TT;
 
     /// Steps along an isobar, short against the distance to the next extremum of p.
-    Real isobar_hT() const { return std::min(hT / 8, 0.0025L * pv * pv / std::fabs(pvv * pT)); }
+    Real isobar_hT() const { return std::min(hT / 8, 0.0025L * pv * pv / std::fabs(pvv * p_T)); }
     Real isobar_hv() const {
-        return std::min(hv / 8, 0.0025L * pT * pT / std::max(std::fabs(pTT * pv), 1e-30L));
+        return std::min(hv / 8, 0.0025L * p_T * p_T / std::max(std::fabs(p_TT * pv), 1e-30L));
     }
 
     /// Along an isobar p = const has the same root next to T or v.
     bool away_from_poles() const {
         return p > 0 && std::fabs(pv) * width * width > 0.02L * oracle::R * T &&
-               std::fabs(pT) * width > 0.02L * oracle::R;
+               std::fabs(p_T) * width > 0.02L * oracle::R;
     }
     Real v_of_T(Real x) const { return oracle::volume_near(fluid, x, p, v, pv); }
-    Real T_of_v(Real x) const { return oracle::temperature_near(fluid, T, p, x, pT); }
+    Real T_of_v(Real x) const { return oracle::temperature_near(fluid, T, p, x, p_T); }
 };
 
 State state_at(const models::Fluid& f, double T, double v) {
@@ -67,9 +67,9 @@ State state_at(const models::Fluid& f, double T, double v) {
     const auto p_of_v = [&](Real x) { return oracle::pressure(f, s.T, x); };
     const auto p_of_T = [&](Real x) { return oracle::pressure(f, x, s.v); };
     s.pv = oracle::first_derivative(p_of_v, s.v, s.hv);
-    s.pT = oracle::first_derivative(p_of_T, s.T, s.hT);
+    s.p_T = oracle::first_derivative(p_of_T, s.T, s.hT);
     s.pvv = oracle::second_derivative(p_of_v, s.v, s.hv);
-    s.pTT = oracle::second_derivative(p_of_T, s.T, s.hT);
+    s.p_TT = oracle::second_derivative(p_of_T, s.T, s.hT);
     return s;
 }
 
@@ -79,9 +79,9 @@ std::vector<double> volumes(const models::Fluid& f, double T) {
     const auto b = static_cast<double>(oracle::covolume(f, T));
     const double RTp = 8.31451 * f.substance().Tcrit / f.substance().pcrit;
     std::vector<double> v;
-    if (!f.models().EOSOnlyV)
+    if (!f.models().vapour_only)
         for (const double ratio : {1.1, 1.25, 1.6, 2.2}) v.push_back(ratio * b);
-    const double vcrit = f.models().EOSOnlyV ? 0.6 * RTp : f.eos().vcritCalc;
+    const double vcrit = f.models().vapour_only ? 0.6 * RTp : f.eos().vcrit_calculated;
     for (const double ratio : {0.97, 1.03, 2.0, 7.0, 60.0, 3000.0})
         if (ratio * vcrit > 1.05 * std::max(b, 0.0)) v.push_back(ratio * vcrit);
     return v;
@@ -107,7 +107,7 @@ void for_states(const models::Fluid& fluid, const std::string& name, Test test) 
 }
 
 TEST(Residual, DerivativesOfPressureAreThoseOfTheEquation) {
-    Worst pv, pT, vp, vT, Tv, Tp, pvv, vTT, Tvv;
+    Worst pv, p_T, vp, v_T, Tv, Tp, pvv, vTT, Tvv;
     int states = 0;
     const auto sweep = [&](const models::Fluid& fluid, const std::string& name) {
         for_states(fluid, name, [&](const State& s, const PhaseTable& t, const std::string& at) {
@@ -119,11 +119,11 @@ TEST(Residual, DerivativesOfPressureAreThoseOfTheEquation) {
             const Real expansion = oracle::first_derivative(v_of_T, s.T, h);
 
             pv.meet(t.first[1], s.pv, 0, at);
-            pT.meet(t.first[2], s.pT, 0, at);
+            p_T.meet(t.first[2], s.p_T, 0, at);
             vp.meet(t.first[3], 1 / s.pv, 0, at);
-            vT.meet(t.first[4], expansion, 1e-4L * s.v / s.T, at);
+            v_T.meet(t.first[4], expansion, 1e-4L * s.v / s.T, at);
             Tv.meet(t.first[5], 1 / expansion, 0, at);
-            Tp.meet(t.first[6], 1 / s.pT, 0, at);
+            Tp.meet(t.first[6], 1 / s.p_T, 0, at);
             pvv.meet(t.second[1], s.pvv, 1e-4L * RT / (s.width * s.width * s.width), at);
             vTT.meet(t.second[2], oracle::second_derivative(v_of_T, s.T, h),
                      1e-3L * s.v / (s.T * s.T), at);
@@ -135,7 +135,7 @@ TEST(Residual, DerivativesOfPressureAreThoseOfTheEquation) {
     grid::ForAll(grid::kVOnlyByFormula, sweep);
     EXPECT_GT(states, 100000);
     const std::pair<const char*, const Worst*> columns[] = {
-        {"dp/dV", &pv}, {"dp/dT", &pT},    {"dV/dp", &vp},    {"dV/dT", &vT},   {"dT/dV", &Tv},
+        {"dp/dV", &pv}, {"dp/dT", &p_T},   {"dV/dp", &vp},    {"dV/dT", &v_T},  {"dT/dV", &Tv},
         {"dT/dp", &Tp}, {"d2p/dV2", &pvv}, {"d2V/dT2", &vTT}, {"d2T/dV2", &Tvv}};
     for (const auto& [column, worst] : columns)
         EXPECT_LT(worst->deviation, 1e-7) << column << " " << worst->where;
@@ -183,7 +183,7 @@ TEST(Residual, FurtherColumnsFollowFromTheirDefinitions) {
                 expect(f[models::ResG], T * f[0], 1e-3 * T);
                 expect(f[models::ResCp], -T * (2 * f[1] + T * f[2]), 1e-2);
                 const double ideal =
-                    models::ideal_gas_cp(fluid.substance(), fluid.models().CpModel, T).cp;
+                    models::ideal_gas_cp(fluid.substance(), fluid.models().cp_form, T).cp;
                 if (!(ideal > 0)) return;
                 ++states;
                 expect(f[models::Cp], ideal + R * f[models::ResCp], R);
@@ -205,7 +205,7 @@ TEST(Residual, FurtherColumnsFollowFromTheirDefinitions) {
 models::Fluid manual_propane(const models::ManualVirial& coefficients) {
     return fluids::changed(
         fluids::fluid("Propane", Eos::manualVirial),
-        [&](auto&, models::ModelSelection& m) { m.manualVirial = coefficients; });
+        [&](auto&, models::ModelSelection& m) { m.manual_virial = coefficients; });
 }
 
 /// B is that of the typed form b0 - b1/T^b2, its slopes are those of the power law b0 T^b1.
@@ -248,12 +248,12 @@ TEST(Residual, IdealGasHasNoResidualPart) {
 TEST(Residual, CubicFormsApproachTheirVirialFormAtLowPressure) {
     grid::ForAll(grid::kCubic, [](const models::Fluid& fluid, const std::string& name) {
         const double T = 1.3 * fluid.substance().Tcrit;
-        const models::EOSState s = models::eos_at(fluid, T);
-        const double RT = 8.31451 * T, B = s.eosB - s.eosA / RT;
-        const double v = 1e5 * s.eosB, p = models::cubic_pressure(s, T, v);
+        const models::EosState s = models::eos_at(fluid, T);
+        const double RT = 8.31451 * T, B = s.b - s.a / RT;
+        const double v = 1e5 * s.b, p = models::cubic_pressure(s, T, v);
         const PhaseTable t = models::residual_functions(fluid, s, T, p, v);
         ASSERT_TRUE(t.filled) << name;
-        const double size = std::fabs(s.eosB * p / RT);
+        const double size = std::fabs(s.b * p / RT);
         EXPECT_NEAR(t.residual[models::LnPhi], B * p / RT, 1e-3 * size) << name;
         EXPECT_NEAR(t.first[4], 8.31451 / p, 1e-3 * 8.31451 / p) << name;
     });
@@ -278,7 +278,7 @@ TEST(Residual, QuotientsOfVanishingDerivativesAreLeftOut) {
 
 TEST(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
     const Medium propane(fluids::fluid("Propane", Eos::pengRobinson));
-    const double b = models::eos_at(propane.fluid, 300).eosB;
+    const double b = models::eos_at(propane.fluid, 300).b;
     for (const auto& [T, p, v] : {std::array{300.0, 100.0, b}, std::array{300.0, 100.0, 0.5 * b},
                                   std::array{300.0, 100.0, b * (1 + 1e-17)},
                                   std::array{300.0, 0.0, 20.0}, std::array{300.0, -5.0, 0.1},
@@ -293,7 +293,7 @@ TEST(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
 TEST(Residual, WithoutCpFormTheResidualColumnsRemain) {
     const Medium propane(fluids::changed(
         fluids::fluid("Propane", Eos::pengRobinson),
-        [](auto&, models::ModelSelection& m) { m.CpModel = models::CpForm::none; }));
+        [](auto&, models::ModelSelection& m) { m.cp_form = models::CpForm::none; }));
     const PhaseTable t = propane.residual(300, 100, 24);
     ASSERT_TRUE(t.filled);
     EXPECT_NE(t.residual[models::ResCp], 0);
@@ -317,7 +317,7 @@ TEST(Residual, WithoutMolarMassThereIsNoSpeedOfSound) {
 TEST(Residual, CriticalPointOfVanDerWaalsHasItsLimits) {
     const Medium propane(fluids::fluid("Propane", Eos::vanDerWaals));
     const double T = propane.Tcrit(), p = propane.fluid.substance().pcrit, R = 8.31451;
-    const double v = propane.fluid.eos().vcritCalc, a = propane.fluid.eos().eosA0;
+    const double v = propane.fluid.eos().vcrit_calculated, a = propane.fluid.eos().a0;
     const PhaseTable t = propane.residual(T, p, v);
     ASSERT_TRUE(t.filled);
     EXPECT_NEAR(t.residual[models::LnPhi],
@@ -329,16 +329,16 @@ TEST(Residual, CriticalPointOfVanDerWaalsHasItsLimits) {
     EXPECT_EQ(t.residual[models::ResCp], 0);
     EXPECT_EQ(t.first[3], 0);
     // w^2 = v^2 T pT^2/(M cv)
-    const double pT = R / (v - v / 3), M = static_cast<double>(propane.fluid.substance().M);
+    const double p_T = R / (v - v / 3), M = static_cast<double>(propane.fluid.substance().M);
     EXPECT_NEAR(t.residual[models::SpeedOfSound],
-                v * pT * std::sqrt(1000 * T / (M * t.residual[models::Cv])), 1e-6);
+                v * p_T * std::sqrt(1000 * T / (M * t.residual[models::Cv])), 1e-6);
 }
 
 TEST(Residual, CriticalPointsOfAllModelsHaveFiniteColumns) {
     grid::ForAll(grid::kCubic, [](const models::Fluid& fluid, const std::string& name) {
         const Medium medium(fluid);
         const double T = medium.Tcrit();
-        const double v = fluid.eos().vcritCalc;
+        const double v = fluid.eos().vcrit_calculated;
         const PhaseTable t = medium.residual(T, fluid.substance().pcrit, v);
         ASSERT_TRUE(t.filled) << name;
         EXPECT_LT(std::fabs(t.residual[models::ResH]), 10 * T) << name;

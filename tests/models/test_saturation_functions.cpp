@@ -26,7 +26,7 @@ using Vp = models::VapourPressureEquation;
 models::EnthalpyOfVaporisationResult by_cubic_eos(const models::Fluid& fluid, double T) {
     return models::enthalpy_of_vaporisation(fluid,
                                             {.model = models::VaporisationModel::cubicEos,
-                                             .vpCode = Vp::frostRedlichKwong,
+                                             .equation = Vp::frostRedlichKwong,
                                              .reference = {}},
                                             T, 0);
 }
@@ -44,9 +44,10 @@ TEST(SaturationFunctions, BothPhasesHaveTheSameGibbsFunction) {
             ASSERT_EQ(z.status, kSuccess) << name << " " << Tr;
             const models::Saturation sat = models::saturation_pressure(fluid, T);
             ++states;
-            EXPECT_NEAR(z.V.g - z.L.g, -(sat.areaV + sat.areaL), 1e-9 * (R * T + std::fabs(z.L.g)))
+            EXPECT_NEAR(z.V.g - z.L.g, -(sat.area_V + sat.area_L),
+                        1e-9 * (R * T + std::fabs(z.L.g)))
                 << name << " " << Tr;
-            EXPECT_LT(std::fabs(z.V.g - z.L.g), 1.1e-5 * std::fabs(sat.areaV - sat.areaL))
+            EXPECT_LT(std::fabs(z.V.g - z.L.g), 1.1e-5 * std::fabs(sat.area_V - sat.area_L))
                 << name << " " << Tr;
             EXPECT_GT(z.V.s, z.L.s) << name << " " << Tr;
         }
@@ -84,9 +85,9 @@ TEST(SaturationFunctions, AtTheCriticalPointBothPhasesAreOne) {
     for (const Eos eos : grid::kCubic) {
         const Medium propane(fluids::fluid("Propane", eos));
         const models::SaturationValues z = propane.saturation(propane.Tcrit());
-        ASSERT_EQ(z.status, kSuccess) << models::EOSName(eos);
+        ASSERT_EQ(z.status, kSuccess) << models::eos_name(eos);
         EXPECT_EQ(z.p, propane.fluid.substance().pcrit);
-        EXPECT_NEAR(z.vV, propane.fluid.eos().vcritCalc, 1e-12);
+        EXPECT_NEAR(z.vV, propane.fluid.eos().vcrit_calculated, 1e-12);
         EXPECT_EQ(z.vV, z.vL);
         EXPECT_EQ(z.V.h, z.L.h);
         EXPECT_EQ(z.V.s, z.L.s);
@@ -100,7 +101,7 @@ TEST(SaturationFunctions, AtTheCriticalPointBothPhasesAreOne) {
 TEST(SaturationFunctions, ExistUpToTheCriticalPoint) {
     grid::ForAll(grid::kCubic, [&](const models::Fluid& fluid, const std::string& name) {
         const Medium medium(fluid);
-        const double Tcrit = medium.Tcrit(), vcrit = fluid.eos().vcritCalc;
+        const double Tcrit = medium.Tcrit(), vcrit = fluid.eos().vcrit_calculated;
         if (!(medium.cp(Tcrit) > 0)) return;
         for (const double gap : {1e-2, 1e-3, 1e-4, 1e-5, 1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-12}) {
             const double T = (1 - gap) * Tcrit;
@@ -134,7 +135,7 @@ TEST(SaturationFunctions, FailWithoutEquilibrium) {
     EXPECT_EQ(status(virial, 300), kFailure);
     EXPECT_EQ(status(virial, propane.substance().Tcrit), kFailure);
     const models::Fluid withoutCp = fluids::changed(
-        propane, [](auto&, models::ModelSelection& m) { m.CpModel = models::CpForm::none; });
+        propane, [](auto&, models::ModelSelection& m) { m.cp_form = models::CpForm::none; });
     EXPECT_EQ(status(withoutCp, 300), kFailure);
 }
 

@@ -18,12 +18,12 @@ namespace {
 using constants::R;
 
 /// ln of the fugacity coefficient of the general cubic form at T, p on a root v.
-double ln_phi(const models::EOSState& s, double T, double p, double v) {
-    const double b = s.eosB, c = s.eosC, d = s.eosD;
+double ln_phi(const models::EosState& s, double T, double p, double v) {
+    const double b = s.b, c = s.c, d = s.d;
     const double repulsion = std::log(R * T / p / (v - b)) + b / (v - b);
-    if (c == d) return repulsion - s.eosA / (R * T) * (2 * v + c) / ((v + c) * (v + c));
+    if (c == d) return repulsion - s.a / (R * T) * (2 * v + c) / ((v + c) * (v + c));
     return repulsion +
-           s.eosA / (R * T) / (c - d) * (std::log((v + d) / (v + c)) - c / (v + c) + d / (v + d));
+           s.a / (R * T) / (c - d) * (std::log((v + d) / (v + c)) - c / (v + c) + d / (v + d));
 }
 
 using models::Eos;
@@ -35,10 +35,10 @@ constexpr Eos kTwoParameters[] = {Eos::vanDerWaals, Eos::berthelot, Eos::redlich
 models::Fluid fluid_of(const models::SubstanceRecord& s, Eos eos) {
     using enum models::VapourPressureEquation;
     models::ModelSelection m;
-    m.EOSModel = eos;
-    m.VPModel = s.WAG.TLo > 0   ? wagner
-                : s.FRO.TLo > 0 ? frostKalkwarf
-                                : models::VapourPressureEquation::none;
+    m.eos = eos;
+    m.vapour_pressure = s.wagner.T_low > 0  ? wagner
+                        : s.frost.T_low > 0 ? frostKalkwarf
+                                            : models::VapourPressureEquation::none;
     return fluids::fluid(s, m);
 }
 
@@ -47,8 +47,8 @@ void for_all(const std::function<void(const models::Fluid&, const std::string&)>
     for (const std::string& name : fluids::AllNames()) {
         const models::SubstanceRecord s = fluids::Row(name);
         for (const Eos eos : kTwoParameters)
-            if (s.omega != 0 || !models::equation_of(eos).needsOmega)
-                test(fluid_of(s, eos), name + ", " + std::string(models::EOSName(eos)));
+            if (s.omega != 0 || !models::equation_of(eos).needs_omega)
+                test(fluid_of(s, eos), name + ", " + std::string(models::eos_name(eos)));
     }
 }
 
@@ -61,7 +61,7 @@ TEST(Saturation, FugacitiesAreEqualForEveryCubicModel) {
             const double T = Tr * fluid.substance().Tcrit;
             const models::Saturation sat = models::saturation_pressure(fluid, T);
             ASSERT_EQ(sat.status, kSuccess) << name << " " << Tr;
-            ASSERT_EQ(sat.nRoots, 3);
+            ASSERT_EQ(sat.root_count, 3);
             ++states;
             fallbacks += sat.fallback;
             const double difference = std::fabs(ln_phi(sat.state, T, sat.p, sat.v[2]) -
@@ -150,7 +150,7 @@ TEST(Saturation, TemperatureOfThePressureIsTheTemperatureAgain) {
                 (models::maxwell_pressure(fluid, T).p - models::maxwell_pressure(fluid, T - dT).p) /
                 dT;
             const double permitted =
-                0.0002 * (back.areaV - back.areaL) / ((back.v[2] - back.v[0]) * dpdT) + 0.006;
+                0.0002 * (back.area_V - back.area_L) / ((back.v[2] - back.v[0]) * dpdT) + 0.006;
             const double difference = std::fabs(back.T - T) / permitted;
             if (difference > worst) {
                 worst = difference;
@@ -170,7 +170,7 @@ TEST(Saturation, BracketedSearchAgreesWithTheSecantSearch) {
             const models::Saturation secant = models::search_saturation_pressure(fluid, T);
             const models::Saturation exact = models::maxwell_pressure(fluid, T);
             ASSERT_EQ(secant.status, kSuccess);
-            EXPECT_NEAR(secant.p, exact.p, 5e-5 * exact.p) << models::EOSName(eos) << " " << Tr;
+            EXPECT_NEAR(secant.p, exact.p, 5e-5 * exact.p) << models::eos_name(eos) << " " << Tr;
             EXPECT_NEAR(ln_phi(exact.state, T, exact.p, exact.v[0]),
                         ln_phi(exact.state, T, exact.p, exact.v[2]), 1e-11);
         }
@@ -185,7 +185,7 @@ TEST(Saturation, BracketedSearchServesTheJiTorvikForms) {
             const models::Saturation s = models::maxwell_pressure(fluid, T);
             ASSERT_EQ(s.status, kSuccess);
             EXPECT_NEAR(ln_phi(s.state, T, s.p, s.v[0]), ln_phi(s.state, T, s.p, s.v[2]), 1e-9)
-                << models::EOSName(eos) << " " << Tr;
+                << models::eos_name(eos) << " " << Tr;
         }
     }
 }
@@ -194,8 +194,8 @@ TEST(Saturation, AtTheCriticalTemperatureThePressureIsCritical) {
     const models::Fluid fluid = fluid_of(fluids::Row("Propane"), Eos::pengRobinson);
     const models::Saturation s = models::saturation_pressure(fluid, fluid.substance().Tcrit);
     EXPECT_EQ(s.p, fluid.substance().pcrit);
-    EXPECT_EQ(s.nRoots, 3);
-    EXPECT_DOUBLE_EQ(s.v[0], 1 / fluid.eos().rhocritCalc);
+    EXPECT_EQ(s.root_count, 3);
+    EXPECT_DOUBLE_EQ(s.v[0], 1 / fluid.eos().rhocrit_calculated);
     EXPECT_EQ(models::saturation_temperature(fluid, fluid.substance().pcrit).T,
               fluid.substance().Tcrit);
     EXPECT_EQ(models::saturation_temperature(fluid, fluid.substance().pcrit * 1.01).status,
@@ -213,7 +213,7 @@ TEST(Saturation, AVOnlyEquationHasNoEquilibrium) {
 
 TEST(Saturation, WithoutAnEquationTheSearchStartsFromTheSimpleEstimate) {
     const models::Fluid fluid = fluid_of(fluids::Row("Ozone"), Eos::redlichKwong);
-    ASSERT_EQ(fluid.models().VPModel, models::VapourPressureEquation::none);
+    ASSERT_EQ(fluid.models().vapour_pressure, models::VapourPressureEquation::none);
     const models::Saturation s = models::saturation_pressure(fluid, 0.8 * fluid.substance().Tcrit);
     EXPECT_EQ(s.status, kSuccess);
 }

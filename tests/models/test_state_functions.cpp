@@ -24,9 +24,9 @@ TEST(StateFunctions, OfAMonatomicIdealGasAreItsClosedForms) {
     const double cp = 2.5 * R;
     ASSERT_NEAR(Medium(database).cp(500), cp, 1e-3);
     const models::Fluid fluid = fluids::changed(database, [&](models::SubstanceRecord& s, auto&) {
-        s.cpSinh = {{static_cast<float>(cp), 0, 0.1F, 0, 0}, 100, 1500};
+        s.cp_sinh_cosh = {{static_cast<float>(cp), 0, 0.1F, 0, 0}, 100, 1500};
     });
-    const double c = static_cast<double>(fluid.substance().cpSinh.c[0]);
+    const double c = static_cast<double>(fluid.substance().cp_sinh_cosh.c[0]);
     const Medium argon(fluid, {.Tenv = 290, .penv = 98});
 
     const double T = 500, p = 700, v = R * T / p;
@@ -54,7 +54,7 @@ TEST(StateFunctions, ExergiesOfTheSurroundingsAreZero) {
         const Medium medium(fluids::fluid(name, Eos::pengRobinson));
         const double T = medium.reference.Tenv, p = medium.reference.penv;
         const models::StateTP state = solved(medium, T, p);
-        const StateValues z = medium.state(T, p, state.hasV ? state.vV : state.vL);
+        const StateValues z = medium.state(T, p, state.has_V ? state.vV : state.vL);
         EXPECT_EQ(z.status, kSuccess) << name;
         EXPECT_NEAR(z.eH, 0, 1e-9) << name;
         EXPECT_NEAR(z.eU, 0, 1e-9) << name;
@@ -64,7 +64,7 @@ TEST(StateFunctions, ExergiesOfTheSurroundingsAreZero) {
 TEST(StateFunctions, SurroundingsAreLiquidWhereOnlyLiquidExists) {
     const Medium water(fluids::fluid("Water", Eos::pengRobinson));
     const models::StateTP state = solved(water, 298.15, 101.325);
-    ASSERT_TRUE(state.hasL && !state.hasV);
+    ASSERT_TRUE(state.has_L && !state.has_V);
     EXPECT_EQ(water.surroundings.status, kSuccess);
     EXPECT_EQ(water.surroundings.v, state.vL);
     const Medium nitrogen(fluids::fluid("Nitrogen", Eos::pengRobinson));
@@ -77,8 +77,8 @@ TEST(StateFunctions, SurroundingsOfVOnlyModelsAreTheirOwnStates) {
         const Medium methane(fluids::fluid("Methane", eos));
         const models::StateTP state = solved(methane, 298.15, 101.325);
         const StateValues z = methane.state(298.15, 101.325, state.vV);
-        EXPECT_NEAR(z.eH, 0, 1e-8) << models::EOSName(eos);
-        EXPECT_NEAR(z.eU, 0, 1e-8) << models::EOSName(eos);
+        EXPECT_NEAR(z.eH, 0, 1e-8) << models::eos_name(eos);
+        EXPECT_NEAR(z.eU, 0, 1e-8) << models::eos_name(eos);
     }
 }
 
@@ -122,9 +122,9 @@ TEST(StateFunctions, FollowEveryChangeOfWhatTheSurroundingsDependOn) {
     changed("Tenv");
     reference.penv = 150;
     changed("penv");
-    edit([](Substance&, Models& m) { m.CpModel = models::CpForm::polynomial; });
+    edit([](Substance&, Models& m) { m.cp_form = models::CpForm::polynomial; });
     changed("cp form");
-    edit([](Substance& s, Models&) { s.cpPoly.c[1] *= 1.01F; });
+    edit([](Substance& s, Models&) { s.cp_polynomial.c[1] *= 1.01F; });
     changed("cp coefficient");
     choose(Eos::soave);
     changed("model");
@@ -132,7 +132,7 @@ TEST(StateFunctions, FollowEveryChangeOfWhatTheSurroundingsDependOn) {
     changed("critical temperature");
     choose(Eos::jiTorvik2);
     changed("Ji/Torvik II");
-    edit([](Substance&, Models& m) { m.jiTorvik.jtK = 0.05; });
+    edit([](Substance&, Models& m) { m.ji_torvik.k = 0.05; });
     changed("Ji/Torvik parameter");
     fluid = fluids::fluid("n-Butane", Eos::jiTorvik2);
     changed("substance");
@@ -151,7 +151,7 @@ TEST(StateFunctions, FollowTheReferenceState) {
     EXPECT_NEAR(moved.s, plain.s + 2, 1e-12);
     EXPECT_NEAR(moved.g, plain.g + 500 - 2 * T, 1e-9);
     EXPECT_NEAR(moved.eH, plain.eH, 1e-8);
-    const StateValues formed = Medium(fluid, {.RefMode = 10}).state(T, p, v);
+    const StateValues formed = Medium(fluid, {.mode = 10}).state(T, p, v);
     EXPECT_NEAR(formed.h, plain.h + static_cast<double>(fluid.substance().dfh), 1e-8);
     EXPECT_NEAR(formed.eU, plain.eU, 1e-7);
 }
@@ -168,7 +168,7 @@ TEST(StateFunctions, WithoutSurroundingsOnlyTheExergiesAreMissing) {
 
 TEST(StateFunctions, FailWithZerosWithoutACpFormOrAState) {
     const Medium propane(fluids::fluid("Propane", Eos::pengRobinson));
-    const double b = propane.fluid.eos().eosB0;
+    const double b = propane.fluid.eos().b0;
     const auto expect_nothing = [](const StateValues& z) {
         EXPECT_EQ(z.status, kFailure);
         for (const double x : {z.h, z.u, z.s, z.g, z.a, z.cp, z.cv, z.w, z.eH, z.eU})
@@ -179,7 +179,7 @@ TEST(StateFunctions, FailWithZerosWithoutACpFormOrAState) {
     expect_nothing(propane.state(400, 0, 4));
     expect_nothing(propane.state(0, 800, 4));
     const Medium withoutCp(fluids::changed(
-        propane.fluid, [](auto&, models::ModelSelection& m) { m.CpModel = models::CpForm::none; }));
+        propane.fluid, [](auto&, models::ModelSelection& m) { m.cp_form = models::CpForm::none; }));
     expect_nothing(withoutCp.state(400, 800, 4));
 }
 

@@ -22,8 +22,8 @@ constexpr Eos kTwoParameters[] = {Eos::vanDerWaals, Eos::berthelot, Eos::redlich
 /// A row of the table with the Wagner equation.
 models::Fluid fluid_of(const models::SubstanceRecord& s, Eos eos) {
     models::ModelSelection m;
-    m.EOSModel = eos;
-    m.VPModel = models::VapourPressureEquation::wagner;
+    m.eos = eos;
+    m.vapour_pressure = models::VapourPressureEquation::wagner;
     return fluids::fluid(s, m);
 }
 models::Fluid fluid_of(const std::string& name, Eos eos) {
@@ -42,16 +42,16 @@ TEST(StateSolver, EveryRootSatisfiesTheEquation) {
             for (const double Tr : {0.3, 0.5, 0.7, 0.9, 1.0, 1.3, 3.0}) {
                 for (const double pr : {1e-7, 1e-4, 0.01, 0.2, 0.9, 2.0, 20.0}) {
                     const double T = Tr * fluid.substance().Tcrit, p = pr * fluid.substance().pcrit;
-                    const models::EOSState s = models::eos_at(fluid, T);
+                    const models::EosState s = models::eos_at(fluid, T);
                     const models::CubicRoots roots = models::solve_cubic(s, T, p);
                     ASSERT_EQ(roots.status, kSuccess)
-                        << name << " " << models::EOSName(eos) << " " << Tr << " " << pr;
+                        << name << " " << models::eos_name(eos) << " " << Tr << " " << pr;
                     for (int i = 0; i < roots.count; ++i) {
                         const double v = roots.v[static_cast<std::size_t>(i)];
-                        if (v <= s.eosB) continue;
+                        if (v <= s.b) continue;
                         // The error in p is that in v times the slope: compare it in v.
-                        const double x = v + s.eosC, y = v + s.eosD, w = v - s.eosB;
-                        const double slope = -R * T / (w * w) + s.eosA * (x + y) / (x * x * y * y);
+                        const double x = v + s.c, y = v + s.d, w = v - s.b;
+                        const double slope = -R * T / (w * w) + s.a * (x + y) / (x * x * y * y);
                         const double error =
                             std::fabs((models::cubic_pressure(s, T, v) - p) / slope / v);
                         // Near a double root the equation itself fixes v only to the root of the
@@ -71,36 +71,36 @@ TEST(StateSolver, EveryRootSatisfiesTheEquation) {
 TEST(StateSolver, NoRootIsLostWhereVapourIsABillionTimesThinnerThanLiquid) {
     const models::Fluid fluid = fluid_of("n-Dodecane", Eos::pengRobinson);
     const double T = 0.25 * fluid.substance().Tcrit;
-    const models::EOSState s = models::eos_at(fluid, T);
+    const models::EosState s = models::eos_at(fluid, T);
     const models::CubicRoots roots = models::solve_cubic(s, T, 1e-12);
     ASSERT_EQ(roots.count, 3);
-    EXPECT_GT(roots.v[2] / s.eosB, 1e6);
-    EXPECT_GT(roots.v[0], s.eosB);
+    EXPECT_GT(roots.v[2] / s.b, 1e6);
+    EXPECT_GT(roots.v[0], s.b);
     // On the liquid root the pressure is the difference of two large terms.
-    const double repulsion = R * T / (roots.v[0] - s.eosB);
+    const double repulsion = R * T / (roots.v[0] - s.b);
     EXPECT_NEAR(models::cubic_pressure(s, T, roots.v[0]), 0.0, 1e-9 * repulsion);
 }
 
 TEST(StateSolver, OfThreeRootsWithTwoBelowTheCovolumeTheLargestStays) {
     // (v - 1)(v - 2)(v - 10) with b = 5 stands for a cubic with roots without meaning.
-    models::EOSState s;
-    s.eosB = 5;
-    s.eosC = s.eosD = 0;
+    models::EosState s;
+    s.b = 5;
+    s.c = s.d = 0;
     const double T = 1.0 / R, p = 1.0 / 8.0;  // q = 8 + 5 = 13 = 1 + 2 + 10
-    s.eosA = 32.0 * p;  // c1 = a/p = 32 and c0 = -a b/p = -160 differ from -20
+    s.a = 32.0 * p;  // c1 = a/p = 32 and c0 = -a b/p = -160 differ from -20
     const models::CubicRoots roots = models::solve_cubic(s, T, p);
     ASSERT_EQ(roots.status, kSuccess);
     // Whatever the roots are: those below b do not count as a single one.
     if (roots.count == 1) {
-        EXPECT_GT(roots.v[0], s.eosB);
+        EXPECT_GT(roots.v[0], s.b);
     } else {
-        EXPECT_GE(roots.v[1], s.eosB);
+        EXPECT_GE(roots.v[1], s.b);
     }
 }
 
 TEST(StateSolver, PressureOfAVolumeAtTheCovolumeFails) {
     const models::Fluid fluid = fluid_of("Carbon dioxide", Eos::pengRobinson);
-    const double b = models::eos_at(fluid, 300).eosB;
+    const double b = models::eos_at(fluid, 300).b;
     EXPECT_EQ(models::pressure_from_Tv(fluid, 300, b).status, kFailure);
     EXPECT_EQ(models::pressure_from_Tv(fluid, 300, b).p, 0);
     EXPECT_EQ(models::pressure_from_Tv(fluid, 300, 1.01 * b).status, kSuccess);
@@ -110,10 +110,10 @@ TEST(StateSolver, PressureDoesNotDependOnTheTemperatureComputedBefore) {
     // The covolume of the second form of Ji and Torvik shrinks away from Tcrit.
     const models::Fluid fluid = fluids::fluid("Propane", Eos::jiTorvik2);
     const double Tc = fluid.substance().Tcrit;
-    models::EOSState cold = models::eos_at(fluid, 0.4 * Tc);
-    models::EOSState critical = models::eos_at(fluid, Tc);
-    const double between = 0.5 * (cold.eosB + critical.eosB);
-    ASSERT_LT(cold.eosB, between);
+    models::EosState cold = models::eos_at(fluid, 0.4 * Tc);
+    models::EosState critical = models::eos_at(fluid, Tc);
+    const double between = 0.5 * (cold.b + critical.b);
+    ASSERT_LT(cold.b, between);
     EXPECT_EQ(models::pressure_from_Tv(fluid, 0.4 * Tc, between, critical).status, kSuccess);
     EXPECT_EQ(models::pressure_from_Tv(fluid, Tc, between, cold).status, kFailure);
     EXPECT_EQ(models::pressure_from_Tv(fluid, Tc, between).p, 0);
@@ -123,29 +123,29 @@ TEST(StateSolver, AStateOnTheBoundaryHasBothPhases) {
     const models::Fluid fluid = fluid_of("Propane", Eos::pengRobinson);
     const models::Saturation sat = models::saturation_pressure(fluid, 300);
     const models::StateTP s = models::solve_state_tp(fluid, 300, sat.p);
-    EXPECT_TRUE(s.hasL);
-    EXPECT_TRUE(s.hasV);
+    EXPECT_TRUE(s.has_L);
+    EXPECT_TRUE(s.has_V);
     EXPECT_EQ(s.text, "3 V-solutions of the EOS");
-    EXPECT_EQ(s.PhaseRegion, 0);
-    EXPECT_TRUE(models::solve_state_tp(fluid, 300, 0.9 * sat.p).hasV);
-    EXPECT_FALSE(models::solve_state_tp(fluid, 300, 0.9 * sat.p).hasL);
-    EXPECT_TRUE(models::solve_state_tp(fluid, 300, 1.1 * sat.p).hasL);
-    EXPECT_FALSE(models::solve_state_tp(fluid, 300, 1.1 * sat.p).hasV);
+    EXPECT_EQ(s.region, 0);
+    EXPECT_TRUE(models::solve_state_tp(fluid, 300, 0.9 * sat.p).has_V);
+    EXPECT_FALSE(models::solve_state_tp(fluid, 300, 0.9 * sat.p).has_L);
+    EXPECT_TRUE(models::solve_state_tp(fluid, 300, 1.1 * sat.p).has_L);
+    EXPECT_FALSE(models::solve_state_tp(fluid, 300, 1.1 * sat.p).has_V);
 }
 
 TEST(StateSolver, RegionsFollowTheCriticalPoint) {
     const models::Fluid fluid = fluid_of("Propane", Eos::pengRobinson);
     const double Tc = fluid.substance().Tcrit, pc = fluid.substance().pcrit;
-    EXPECT_EQ(models::solve_state_tp(fluid, 0.7 * Tc, 0.5 * pc).PhaseRegion, 0);
-    EXPECT_EQ(models::solve_state_tp(fluid, 0.7 * Tc, 2 * pc).PhaseRegion, 1);
-    EXPECT_EQ(models::solve_state_tp(fluid, 2 * Tc, 2 * pc).PhaseRegion, 2);
-    EXPECT_EQ(models::solve_state_tp(fluid, 2 * Tc, 0.2 * pc).PhaseRegion, 3);
+    EXPECT_EQ(models::solve_state_tp(fluid, 0.7 * Tc, 0.5 * pc).region, 0);
+    EXPECT_EQ(models::solve_state_tp(fluid, 0.7 * Tc, 2 * pc).region, 1);
+    EXPECT_EQ(models::solve_state_tp(fluid, 2 * Tc, 2 * pc).region, 2);
+    EXPECT_EQ(models::solve_state_tp(fluid, 2 * Tc, 0.2 * pc).region, 3);
     const models::StateTP critical = models::solve_state_tp(fluid, Tc, pc);
-    EXPECT_TRUE(critical.hasL && critical.hasV);
-    EXPECT_TRUE(critical.PhaseRegion == 0 || critical.PhaseRegion == 4);
+    EXPECT_TRUE(critical.has_L && critical.has_V);
+    EXPECT_TRUE(critical.region == 0 || critical.region == 4);
     const models::StateTP dense = models::solve_state_tp(fluid, 2 * Tc, 2 * pc);
     EXPECT_EQ(dense.text, "One solution of the EOS;supercritical");
-    EXPECT_TRUE(dense.hasL && dense.hasV);
+    EXPECT_TRUE(dense.has_L && dense.has_V);
     EXPECT_EQ(dense.rhoL, dense.rhoV);
 }
 
@@ -154,14 +154,14 @@ TEST(StateSolver, ThreeRootsAboveTheCriticalTemperatureCountAsVapour) {
     const models::Fluid propane = fluid_of("Propane", Eos::pengRobinson);
     models::SubstanceRecord understated = propane.substance();
     understated.Tcrit = 280;
-    models::EOSParameters constants = propane.eos();
-    constants.eosNA = 0;
+    models::EosParameters constants = propane.eos();
+    constants.na = 0;
     const models::Fluid fluid(understated, propane.models(), constants, {});
     const models::StateTP s = models::solve_state_tp(fluid, 290, 700);
-    ASSERT_EQ(s.nRoots, 3);
-    if (std::fabs(s.areaRatio) >= 0.001) {
-        EXPECT_TRUE(s.hasV);
-        EXPECT_FALSE(s.hasL);
+    ASSERT_EQ(s.root_count, 3);
+    if (std::fabs(s.area_ratio) >= 0.001) {
+        EXPECT_TRUE(s.has_V);
+        EXPECT_FALSE(s.has_L);
     }
 }
 
@@ -170,16 +170,16 @@ TEST(StateSolver, AVOnlyStateFollowsTheVirialEquation) {
     const models::StateTP s = models::solve_state_tp(fluid, 300, 1000, 3);
     EXPECT_DOUBLE_EQ(s.vV, R * 300 / 1000 + models::second_virial(fluid, 300));
     EXPECT_EQ(s.text, "EOS for the V-phase only!");
-    EXPECT_TRUE(s.hasV);
-    EXPECT_FALSE(s.hasL);
-    EXPECT_EQ(s.PhaseRegion, 3) << "the region stays as it was";
+    EXPECT_TRUE(s.has_V);
+    EXPECT_FALSE(s.has_L);
+    EXPECT_EQ(s.region, 3) << "the region stays as it was";
 }
 
 TEST(StateSolver, AVOnlyVolumeBelowZeroIsAFailure) {
     const models::Fluid fluid = fluid_of("Propane", Eos::pitzerCurl);
     const models::StateTP s = models::solve_state_tp(fluid, 200, 5000);
     EXPECT_EQ(s.status, kFailure);
-    EXPECT_FALSE(s.hasV);
+    EXPECT_FALSE(s.has_V);
     EXPECT_EQ(s.rhoV, 0);
     EXPECT_EQ(models::pressure_from_Tv(fluid, 200, -0.01).status, kFailure);
 }
@@ -199,7 +199,7 @@ TEST(StateSolver, TemperatureIsTheInverseOfPressureInOnePhase) {
                 const double p = models::pressure_from_Tv(fluid, T, v).p;
                 const models::TemperatureResult r =
                     models::temperature_from_p_rho(fluid, p, mass_of(fluid) / v, false);
-                EXPECT_NEAR(r.T, T, 2e-5 * T) << models::EOSName(eos) << " " << T << " " << v;
+                EXPECT_NEAR(r.T, T, 2e-5 * T) << models::eos_name(eos) << " " << T << " " << v;
             }
         }
     }
@@ -214,7 +214,7 @@ TEST(StateSolver, InsideTheDomeTheTemperatureIsThatOfSaturation) {
             const double rho = mass_of(fluid) / (0.5 * (sat.v[0] + sat.v[2]));
             const models::TemperatureResult r =
                 models::temperature_from_p_rho(fluid, p, rho, false);
-            EXPECT_NEAR(r.T, sat.T, 1e-4 * sat.T) << models::EOSName(eos) << " " << pr;
+            EXPECT_NEAR(r.T, sat.T, 1e-4 * sat.T) << models::eos_name(eos) << " " << pr;
             const models::TemperatureResult single =
                 models::temperature_from_p_rho(fluid, p, rho, true);
             EXPECT_NE(single.T, r.T);
@@ -248,7 +248,7 @@ TEST(StateSolver, AVOnlyTemperatureIsFoundByIteration) {
 TEST(StateSolver, EqualAreaRatioChangesSignAtTheMaxwellPressure) {
     const models::Fluid fluid = fluid_of("Propane", Eos::vanDerWaals);
     const double sat = models::saturation_pressure(fluid, 300).p;
-    const models::EOSState s = models::eos_at(fluid, 300);
+    const models::EosState s = models::eos_at(fluid, 300);
     const auto ratio = [&](double p) {
         return models::area_ratio(s, models::solve_cubic(s, 300, p).v, 300, p).ratio;
     };
@@ -261,45 +261,45 @@ TEST(StateSolver, EqualAreaRatioChangesSignAtTheMaxwellPressure) {
 TEST(StateSolver, VanDerWaalsConstantsAtTheCriticalPoint) {
     const models::SubstanceRecord propane = fluids::Row("Propane");
     const double Tc = propane.Tcrit, pc = propane.pcrit;
-    const models::EOSState vdw = models::eos_at(fluid_of(propane, Eos::vanDerWaals), Tc);
-    EXPECT_DOUBLE_EQ(vdw.eosA, 27.0 / 64.0 * R * R * Tc * Tc / pc);
-    EXPECT_DOUBLE_EQ(vdw.eosB, R * Tc / pc / 8);
-    const models::EOSState berthelot = models::eos_at(fluid_of(propane, Eos::berthelot), Tc);
-    EXPECT_NEAR(berthelot.eosA, 27.0 / 64.0 * R * R * Tc * Tc / pc, 1e-10);
+    const models::EosState vdw = models::eos_at(fluid_of(propane, Eos::vanDerWaals), Tc);
+    EXPECT_DOUBLE_EQ(vdw.a, 27.0 / 64.0 * R * R * Tc * Tc / pc);
+    EXPECT_DOUBLE_EQ(vdw.b, R * Tc / pc / 8);
+    const models::EosState berthelot = models::eos_at(fluid_of(propane, Eos::berthelot), Tc);
+    EXPECT_NEAR(berthelot.a, 27.0 / 64.0 * R * R * Tc * Tc / pc, 1e-10);
 }
 
 TEST(StateSolver, CriticalPointIsAnInflexionOfTheCriticalIsotherm) {
     for (const Eos eos : {Eos::vanDerWaals, Eos::berthelot, Eos::redlichKwong, Eos::soave}) {
         const models::Fluid fluid = fluid_of("Propane", eos);
         const double Tc = fluid.substance().Tcrit, pc = fluid.substance().pcrit;
-        const models::EOSState s = models::eos_at(fluid, Tc);
-        const double v = fluid.eos().vcritCalc, h = 1e-4 * v;
+        const models::EosState s = models::eos_at(fluid, Tc);
+        const double v = fluid.eos().vcrit_calculated, h = 1e-4 * v;
         const auto p = [&](double x) { return models::cubic_pressure(s, Tc, x); };
-        EXPECT_NEAR(p(v), pc, 1e-9 * pc) << models::EOSName(eos);
-        EXPECT_NEAR((p(v + h) - p(v - h)) / (2 * h) * v / pc, 0, 1e-6) << models::EOSName(eos);
+        EXPECT_NEAR(p(v), pc, 1e-9 * pc) << models::eos_name(eos);
+        EXPECT_NEAR((p(v + h) - p(v - h)) / (2 * h) * v / pc, 0, 1e-6) << models::eos_name(eos);
     }
 }
 
 TEST(StateSolver, SoaveFactorWithoutAcentricFactorIs048) {
     models::SubstanceRecord propane = fluids::Row("Propane");
     propane.omega = 0;
-    EXPECT_EQ(fluid_of(propane, Eos::soave).eos().eosNA, 0.48);
+    EXPECT_EQ(fluid_of(propane, Eos::soave).eos().na, 0.48);
 }
 
 TEST(StateSolver, EvaluationAtZeroKelvinGivesTheStateBefore) {
     const models::Fluid fluid = fluid_of("Propane", Eos::pengRobinson);
-    const models::EOSState at300 = models::eos_at(fluid, 300);
-    EXPECT_EQ(models::eos_at(fluid, 0, at300).eosA, at300.eosA);
-    EXPECT_EQ(models::eos_at(fluid, 0).eosA, 0);
+    const models::EosState at300 = models::eos_at(fluid, 300);
+    EXPECT_EQ(models::eos_at(fluid, 0, at300).a, at300.a);
+    EXPECT_EQ(models::eos_at(fluid, 0).a, 0);
 }
 
 TEST(StateSolver, AVOnlyModelHasConstantsButNoCriticalVolume) {
     for (const Eos eos : {Eos::virialVanDerWaals, Eos::virialBerthelot, Eos::virialRedlichKwong,
                           Eos::virialSoave, Eos::virialPengRobinson}) {
         const models::Fluid fluid = fluid_of("Propane", eos);
-        EXPECT_GT(fluid.eos().eosA0, 0);
-        EXPECT_EQ(fluid.eos().vcritCalc, 0);
-        EXPECT_EQ(fluid.eos().rhocritCalc, 0);
+        EXPECT_GT(fluid.eos().a0, 0);
+        EXPECT_EQ(fluid.eos().vcrit_calculated, 0);
+        EXPECT_EQ(fluid.eos().rhocrit_calculated, 0);
     }
 }
 
@@ -314,9 +314,9 @@ TEST(StateSolver, MissingCriticalDataGiveAReasonAndNoFluid) {
 
 TEST(StateSolver, ManualVirialCoefficientsSurviveAnotherEquation) {
     const models::Fluid manual = fluids::fluid("Propane", Eos::manualVirial);
-    ASSERT_EQ(manual.eos().eosB0, 0.2);
+    ASSERT_EQ(manual.eos().b0, 0.2);
     const models::Fluid cubic = manual.with(Eos::pengRobinson).value();
-    EXPECT_NE(cubic.eos().eosB0, 0.2);
+    EXPECT_NE(cubic.eos().b0, 0.2);
     EXPECT_EQ(cubic.with(Eos::manualVirial).value().eos(), manual.eos());
 }
 

@@ -20,17 +20,17 @@ std::vector<double> results_of(const models::Fluid& fluid) {
     for (int i = 1; i <= 60; ++i) {
         const double T = Tcrit * i / 50;
         const models::StateTP state = models::solve_state_tp(fluid, T, p);
-        const models::StateValues values = medium.state(T, p, state.hasV ? state.vV : state.vL);
+        const models::StateValues values = medium.state(T, p, state.has_V ? state.vV : state.vL);
         const models::Saturation saturation = models::saturation_pressure(fluid, T);
         const models::EnthalpyOfVaporisationResult hLV = models::enthalpy_of_vaporisation(
-            fluid, {models::VaporisationModel::cubicEos, fluid.models().VPModel, {}}, T, 0);
+            fluid, {models::VaporisationModel::cubicEos, fluid.models().vapour_pressure, {}}, T, 0);
         all.insert(
             all.end(),
             {state.vV, state.vL, values.h, values.s, values.cp, values.w, values.eH, saturation.p,
              saturation.v[0], saturation.v[2], hLV.raw,
              models::saturation_temperature(fluid, p * i / 60).T,
              models::temperature_from_p_rho(fluid, p, fluid.substance().rhocrit / i, false).T,
-             models::vapour_pressure(fluid.substance(), T, fluid.models().VPModel).p});
+             models::vapour_pressure(fluid.substance(), T, fluid.models().vapour_pressure).p});
     }
     return all;
 }

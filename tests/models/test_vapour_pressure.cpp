@@ -30,24 +30,24 @@ class VapourPressureEquations : public testing::Test {
     /// Sets present in the record, by code.
     std::vector<std::string> present() const {
         std::vector<std::string> c = {"AUG", "KFW", "KFR", "THO"};
-        if (s.ALP.TLo > 0) c.push_back("ALP");
-        if (s.AHP.TLo > 0) c.push_back("AHP");
-        if (s.FRO.TLo > 0) c.push_back("FRO");
-        if (s.WAG.TLo > 0) c.push_back("WAG");
+        if (s.antoine_low.T_low > 0) c.push_back("ALP");
+        if (s.antoine_high.T_low > 0) c.push_back("AHP");
+        if (s.frost.T_low > 0) c.push_back("FRO");
+        if (s.wagner.T_low > 0) c.push_back("WAG");
         return c;
     }
 };
 
 TEST_F(VapourPressureEquations, ClosedForms) {
     const double T = 250;
-    const models::VPSetAntoine& a = s.ALP;
+    const models::AntoineSet& a = s.antoine_low;
     EXPECT_NEAR(std::log10(p_at(T, "ALP").p),
                 static_cast<double>(a.A) -
                     static_cast<double>(a.B) / (T + static_cast<double>(a.C) - 273.15),
                 1e-12);
     EXPECT_NEAR(std::log(p_at(T, "AUG").p),
-                static_cast<double>(s.AUG.A) + static_cast<double>(s.AUG.B) / T, 1e-12);
-    const auto& w = s.WAG.a;
+                static_cast<double>(s.august.A) + static_cast<double>(s.august.B) / T, 1e-12);
+    const auto& w = s.wagner.a;
     const auto n = [&](std::size_t i) { return static_cast<double>(w[i]); };
     const double t = 1 - T / n(8);
     const double X = n(0) * t + n(1) * std::pow(t, 1.5) + n(2) * std::pow(t, n(3)) +
@@ -59,9 +59,9 @@ TEST_F(VapourPressureEquations, FrostKalkwarfSatisfiesItsImplicitEquation) {
     for (const char* name : {"Propane", "Water", "Ammonia", "Carbon dioxide"}) {
         take(name);
         for (const char* code : {"FRO", "KFW", "KFR"}) {
-            const auto& a = std::string(code) == "FRO"   ? s.FRO.a
-                            : std::string(code) == "KFW" ? s.KFW.a
-                                                         : s.KFR.a;
+            const auto& a = std::string(code) == "FRO"   ? s.frost.a
+                            : std::string(code) == "KFW" ? s.frost_van_der_waals.a
+                                                         : s.frost_redlich_kwong.a;
             const bool fro = std::string(code) == "FRO";
             const auto n = [&](std::size_t i) { return static_cast<double>(a[i]); };
             const double C = fro ? n(2) - 273.15 : n(2), F = fro ? n(5) + 2 : n(5);
@@ -133,7 +133,7 @@ TEST_F(VapourPressureEquations, WorkUpToTheCriticalTemperatureOnly) {
     EXPECT_EQ(p_at(s.Tcrit * 1.001, "AUG").status, kFailure);
     EXPECT_EQ(p_at(0, "AUG").status, kFailure);
     EXPECT_EQ(T_at(s.pcrit * 1.001, "AUG").status, kFailure);
-    EXPECT_EQ(p_at(static_cast<double>(s.WAG.a[8]), "WAG").status, kFailure);
+    EXPECT_EQ(p_at(static_cast<double>(s.wagner.a[8]), "WAG").status, kFailure);
 }
 
 TEST_F(VapourPressureEquations, AMissingEquationIsAFailure) {
@@ -147,13 +147,13 @@ TEST_F(VapourPressureEquations, AMissingEquationIsAFailure) {
 }
 
 TEST_F(VapourPressureEquations, AWagnerSumAboveFiftyIsAFailure) {
-    s.WAG.a[0] = -500;
+    s.wagner.a[0] = -500;
     EXPECT_EQ(p_at(150, "WAG").status, kFailure);
 }
 
 TEST_F(VapourPressureEquations, TellTheKelvinsOutsideTheirRange) {
-    s.ALP.TLo = 200;
-    s.ALP.THi = 250;
+    s.antoine_low.T_low = 200;
+    s.antoine_low.T_high = 250;
     EXPECT_EQ(p_at(260, "ALP").deviation, 10);
     EXPECT_EQ(p_at(261, "ALP").deviation, 11);
     EXPECT_GT(p_at(261, "ALP").p, 0);
@@ -162,8 +162,8 @@ TEST_F(VapourPressureEquations, TellTheKelvinsOutsideTheirRange) {
 }
 
 TEST_F(VapourPressureEquations, TheInverseTellsTheKelvinsOutsideTheRange) {
-    s.WAG.TLo = 300;
-    s.WAG.THi = 320;
+    s.wagner.T_low = 300;
+    s.wagner.T_high = 320;
     EXPECT_EQ(T_at(p_at(289, "WAG").p, "WAG").deviation, -11);
 }
 
@@ -178,13 +178,13 @@ TEST_F(VapourPressureEquations, WithoutABoilingPointNothingIsCorrelated) {
     s = fluids::Row("Propane");
     models::correlate_vapour_pressure(s, frostVanDerWaals, s.Tcrit, s.pcrit, 0);
     models::correlate_vapour_pressure(s, august, s.Tcrit, s.pcrit, 231);
-    EXPECT_EQ(s.KFW.a[0], 0);
-    EXPECT_EQ(s.THO.A, 0);
+    EXPECT_EQ(s.frost_van_der_waals.a[0], 0);
+    EXPECT_EQ(s.thompson.A, 0);
 }
 
 TEST_F(VapourPressureEquations, AFrostEquationWithoutItsPressureTermIsExplicit) {
-    s.FRO = {};
-    s.FRO.a = {10, -1500, 273.15F, -1, 0, 0, 0, 0, 0};
+    s.frost = {};
+    s.frost.a = {10, -1500, 273.15F, -1, 0, 0, 0, 0, 0};
     const double T = 250;
     EXPECT_NEAR(std::log10(p_at(T, "FRO").p),
                 10 - 1500 / (T + static_cast<double>(273.15F) - 273.15) - std::log10(T), 1e-9);
@@ -196,7 +196,7 @@ TEST_F(VapourPressureEquations, BoilingPointsOfTheTableAgreeWithTheirEquations) 
     for (const std::string& name : fluids::AllNames()) {
         take(name);
         const double Tb = static_cast<double>(s.Tboil);
-        if (s.WAG.TLo == 0 || Tb < s.WAG.TLo || Tb > s.WAG.THi) continue;
+        if (s.wagner.T_low == 0 || Tb < s.wagner.T_low || Tb > s.wagner.T_high) continue;
         EXPECT_NEAR(p_at(Tb, "WAG").p, kNormalPressure, 0.1 * kNormalPressure) << name;
         ++checked;
     }

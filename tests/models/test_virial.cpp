@@ -69,9 +69,9 @@ TEST(VirialCoefficients, DerivativesAreThoseOfTheCoefficient) {
                                    1.0 / 560 * (B(T + 4 * h) + B(T - 4 * h))) /
                                   (h * h);
             const models::Virial v = models::virial(fluid, T);
-            EXPECT_NEAR(v.dB, first, 1e-7 * std::fabs(first)) << models::EOSName(eos) << " " << T;
+            EXPECT_NEAR(v.dB, first, 1e-7 * std::fabs(first)) << models::eos_name(eos) << " " << T;
             EXPECT_NEAR(v.d2B, second, 1e-6 * std::fabs(second))
-                << models::EOSName(eos) << " " << T;
+                << models::eos_name(eos) << " " << T;
         }
     }
 }
@@ -79,7 +79,7 @@ TEST(VirialCoefficients, DerivativesAreThoseOfTheCoefficient) {
 TEST(VirialCoefficients, ManualFormTakesItsThreeNumbers) {
     const models::Fluid fluid = fluids::changed(fluids::fluid("Propane", Eos::manualVirial),
                                                 [](auto&, models::ModelSelection& m) {
-                                                    m.manualVirial = {0.05, 12.0, 0.9};
+                                                    m.manual_virial = {0.05, 12.0, 0.9};
                                                 });
     EXPECT_DOUBLE_EQ(models::second_virial(fluid, 300), 0.05 - 12.0 / std::pow(300, 0.9));
     // Its derivatives stay those of b = b0 T^b1, which the caloric functions rely on.
@@ -90,13 +90,13 @@ TEST(VirialCoefficients, ManualFormTakesItsThreeNumbers) {
 }
 
 TEST(VirialCoefficients, IdealGasAndCubicEquationsHaveNone) {
-    models::EOSState state{.eosA = 5};
+    models::EosState state{.a = 5};
     EXPECT_EQ(models::second_virial(fluids::fluid("Propane", Eos::idealGas), 300, state), 0);
-    EXPECT_EQ(state.eosA, 0);
+    EXPECT_EQ(state.a, 0);
     for (const Eos eos : {Eos::none, Eos::vanDerWaals, Eos::berthelot, Eos::redlichKwong,
                           Eos::soave, Eos::pengRobinson})
         EXPECT_EQ(models::second_virial(fluids::fluid("Propane", eos), 300), 0)
-            << models::EOSName(eos);
+            << models::eos_name(eos);
     EXPECT_EQ(models::second_virial(fluids::fluid("Propane", Eos::pitzerCurl), 0), 0);
 }
 

@@ -144,7 +144,7 @@ void CalculationScreens::lookAtData() {
     lookAt("frmTpvEdit", "frmTpvEdit_volumes");
     look::at(&frame, "frame_data" + suffix);
     click("cmdClose");
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     choose("mnuCalc_2");
     click("cmdVor");
     lookAt("frmCalcOut", "frmCalcOut_batch");

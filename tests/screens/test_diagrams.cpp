@@ -49,10 +49,10 @@ class ContactSheet : public ActiveFluid {
         } else {
             for (const double reduced : {0.85, 1.05}) {
                 sheet.at = {reduced * substance.Tcrit, (reduced < 1 ? 0.5 : 1.3) * substance.pcrit,
-                            (reduced < 1 ? 2.5 : 0.8) * eosConstants.vcritCalc};
+                            (reduced < 1 ? 2.5 : 0.8) * eosConstants.vcrit_calculated};
                 const bool overT = section == diagrams::Section::isobaric;
-                process.rangeStart = static_cast<double>(overT ? limits.TMin : limits.pMin);
-                process.rangeEnd = static_cast<double>(overT ? limits.TMax : limits.pMax);
+                process.range_start = static_cast<double>(overT ? limits.T_min : limits.p_min);
+                process.range_end = static_cast<double>(overT ? limits.T_max : limits.p_max);
                 diagrams::draw(sheet, pen(), process);
             }
             if (diagrams::offers_mark(sheet, diagrams::Mark::Coexistence))

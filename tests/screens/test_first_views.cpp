@@ -5,8 +5,8 @@
 #include "app/wiring.h"
 #include "gui/data/file_view.h"
 #include "gui/view_test.h"
-#include "screens/look.h"
 #include "gui/widgets/help_topics.h"
+#include "screens/look.h"
 #include "support/databases.h"
 
 using namespace quor;
@@ -107,10 +107,10 @@ void look_at_help_and_files(Desk& desk, const std::filesystem::path& folder,
         look::at(drive::find("frmCmnDlg"), "file_view" + suffix);
         click("cmdOpenCancel");
     });
-    FileView::Choose(desk, {.title = "Open a batch-file of experimental data (*.BAQ)",
+    FileView::choose(desk, {.title = "Open a batch-file of experimental data (*.BAQ)",
                             .filter = "QUOR-specific file (*.BAQ)|*.BAQ",
                             .folder = folder.string(),
-                            .defaultExtension = ".BAQ"});
+                            .default_extension = ".BAQ"});
 }
 
 TEST_F(Screens, HelpAndFilesInLight) {

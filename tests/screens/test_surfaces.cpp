@@ -26,14 +26,14 @@ constexpr Look kLooks[] = {
     {"zones and contours",
      [](chart::Chart3D& c) {
          c.style.zoned = c.style.contoured = true;
-         c.style.floorContours = true;
+         c.style.floor_contours = true;
          c.mesh.x = c.mesh.y = false;
          turn(c.view, 80, 8);
      }},
     {"transparent, ceiling",
      [](chart::Chart3D& c) {
-         c.style.transparent = c.style.ceilingContours = c.style.ceilingZones = true;
-         c.mesh.halvedX = c.mesh.halvedY = true;
+         c.style.transparent = c.style.ceiling_contours = c.style.ceiling_zones = true;
+         c.mesh.halved_x = c.mesh.halved_y = true;
          c.view.perspective = false;
          turn(c.view, 160, -5);
      }},
@@ -43,7 +43,7 @@ constexpr Look kLooks[] = {
          turn(c.view, -110, 10);
      }},
     {"from below", [](chart::Chart3D& c) { c.view.elevation = -20; }},
-    {"map", [](chart::Chart3D& c) { c.style.projection2D = c.style.contoured = true; }},
+    {"map", [](chart::Chart3D& c) { c.style.projection_2d = c.style.contoured = true; }},
 };
 
 /// Every surface of the menu for a fluid, in several views and styles.
@@ -54,18 +54,18 @@ class SurfaceSheets : public ActiveFluid {
         activate(substanceName, code);
         for (const menu::Row& row : menu::graph_rows()) {
             if (row.action != "Diagram3D") continue;
-            for (const bool SCurve : {false, true}) {
-                if (SCurve && row.code != 1 && row.code != 4) continue;
-                kind(row.code, SCurve,
+            for (const bool s_curve : {false, true}) {
+                if (s_curve && row.code != 1 && row.code != 4) continue;
+                kind(row.code, s_curve,
                      QString("surface_%1_%2%3")
                          .arg(name)
                          .arg(row.code)
-                         .arg(SCurve ? "_s_curve" : ""));
+                         .arg(s_curve ? "_s_curve" : ""));
             }
         }
     }
 
-    void kind(int code, bool SCurve, const QString& name) {
+    void kind(int code, bool s_curve, const QString& name) {
         constexpr int kRows = (static_cast<int>(std::size(kLooks)) + kColumns - 1) / kColumns;
         QImage picture(kCell.width() * kColumns, kCell.height() * kRows, QImage::Format_RGB32);
         picture.fill(Qt::white);
@@ -73,7 +73,7 @@ class SurfaceSheets : public ActiveFluid {
         int place = 0;
         for (const Look& look : kLooks) {
             diagrams::SurfaceSheet sheet =
-                diagrams::open_surface(*diagrams::find_surface(code), basis(), SCurve);
+                diagrams::open_surface(*diagrams::find_surface(code), basis(), s_curve);
             EXPECT_TRUE(diagrams::has_surface(sheet.chart.surface)) << code;
             if (code != 5) diagrams::add_critical_point(sheet);
             look.apply(sheet.chart);
@@ -104,7 +104,7 @@ TEST_F(SurfaceSheets, Propane) {
 TEST_F(SurfaceSheets, TheViewAndItsPanel) {
     activate("Carbon dioxide");
     Desk desk(session);
-    SurfaceWindow* view = SurfaceWindow::Open(
+    SurfaceWindow* view = SurfaceWindow::openNew(
         desk, diagrams::open_surface(*diagrams::find_surface(1), basis(), false));
     ASSERT_NE(view, nullptr);
     view->resize(1100, 720);

@@ -24,7 +24,7 @@ class Database : public SessionTest {
     static std::vector<builder::Substance> two() {
         builder::Substance ether = builder::Plain("Di\xE4thyl ether;ether", "60-29-7");
         ether.number = 417;
-        ether.nameGerman = "Ether";
+        ether.name_german = "Ether";
         return {builder::Propane(), ether};
     }
     /// An entry of the open database, counted from 1.
@@ -33,7 +33,7 @@ class Database : public SessionTest {
     }
     std::string name_after_reading(std::int16_t index) {
         EXPECT_TRUE(session::read_substance(session, index));
-        return session->substance.Name;
+        return session->substance.name;
     }
 };
 
@@ -89,10 +89,10 @@ TEST_F(Database, ANegativeCountIsUnusable) {
 }
 
 TEST_F(Database, LoadingAsksForAFileAndRemembersItsTitle) {
-    session.change()->databaseFile = "OLD.Q05";
+    session.change()->database_file = "OLD.Q05";
     user.fileAnswers.push_back(write("A.Q05", two()));
     EXPECT_EQ(session::load_database(session), LoadOutcome::Loaded);
-    EXPECT_EQ(session->databaseFile, "A.Q05");
+    EXPECT_EQ(session->database_file, "A.Q05");
     ASSERT_EQ(user.files.size(), 1U);
     EXPECT_FALSE(user.files[0].save);
     EXPECT_EQ(user.files[0].title, "Select and load a database");
@@ -103,12 +103,12 @@ TEST_F(Database, LoadingAsksForAFileAndRemembersItsTitle) {
 }
 
 TEST_F(Database, ACancelChangesNothingAndSaysNothing) {
-    session.change()->databaseFile = "OLD.Q05";
+    session.change()->database_file = "OLD.Q05";
     user.fileAnswers.push_back(std::nullopt);
     EXPECT_EQ(session::load_database(session), LoadOutcome::Cancelled);
     user.fileAnswers.push_back("");
     EXPECT_EQ(session::load_database(session), LoadOutcome::Cancelled);
-    EXPECT_EQ(session->databaseFile, "OLD.Q05");
+    EXPECT_EQ(session->database_file, "OLD.Q05");
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -119,7 +119,7 @@ TEST_F(Database, AFailureWithoutADatabaseIsARefusal) {
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(user.messages.back().icon, Icon::Stop);
     EXPECT_FALSE(session->database.is_open());
-    EXPECT_EQ(session->databaseFile, "");
+    EXPECT_EQ(session->database_file, "");
 }
 
 TEST_F(Database, AFailureWithADatabaseSaysWhichOneIsActive) {
@@ -131,39 +131,39 @@ TEST_F(Database, AFailureWithADatabaseSaysWhichOneIsActive) {
               "Database already loaded A.Q05 is still activ.");
     EXPECT_EQ(user.lastTitle(), "WARNING");
     EXPECT_EQ(user.messages.back().icon, Icon::Exclamation);
-    EXPECT_EQ(session->databaseFile, "A.Q05");
+    EXPECT_EQ(session->database_file, "A.Q05");
 }
 
 TEST_F(Database, ReadingFillsTheActiveSubstance) {
     EXPECT_TRUE(session::open_database(session, write("A.Q05", two())));
     const Result<session::SubstanceRead> read = session::read_substance(session, 1);
     ASSERT_TRUE(read);
-    EXPECT_FALSE(read->noCriticalData);
-    EXPECT_EQ(session->substance.Name, "Propane");
-    EXPECT_EQ(session->substance.CASRN, "74-98-6     ");
+    EXPECT_FALSE(read->no_critical_data);
+    EXPECT_EQ(session->substance.name, "Propane");
+    EXPECT_EQ(session->substance.casrn, "74-98-6     ");
     EXPECT_DOUBLE_EQ(session->substance.Tcrit, 369.89);
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "WAG");
     EXPECT_EQ(name_after_reading(2), "Diäthyl ether");
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "000");
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "000");
 }
 
 TEST_F(Database, SubstanceZeroIsLeftAlone) {
     EXPECT_TRUE(session::open_database(session, write("A.Q05", two())));
-    session.change()->substance.Name = "as it was";
+    session.change()->substance.name = "as it was";
     EXPECT_FALSE(session::read_substance(session, 0));
-    EXPECT_EQ(session->substance.Name, "as it was");
+    EXPECT_EQ(session->substance.name, "as it was");
 }
 
 TEST_F(Database, AnUnreadableRecordIsRefusedAndLeavesTheSubstance) {
     const std::string path = write("A.Q05", two());
     EXPECT_TRUE(session::open_database(session, path));
-    session.change()->substance.Name = "as it was";
+    session.change()->substance.name = "as it was";
     for (const std::int16_t index : {std::int16_t{3}, std::int16_t{-1}, std::int16_t{32767}})
         EXPECT_FALSE(session::read_substance(session, index)) << index;
     // The file is cut short behind the program's back.
     std::filesystem::resize_file(path, 684 * 2);
     EXPECT_FALSE(session::read_substance(session, 2));
-    EXPECT_EQ(session->substance.Name, "as it was");
+    EXPECT_EQ(session->substance.name, "as it was");
     EXPECT_EQ(name_after_reading(1), "Propane");
 }
 
@@ -173,8 +173,8 @@ TEST_F(Database, ASubstanceWithoutCriticalDataIsLoadedAllTheSame) {
     EXPECT_TRUE(session::open_database(session, write("A.Q05", list)));
     const Result<session::SubstanceRead> read = session::read_substance(session, 2);
     ASSERT_TRUE(read);
-    EXPECT_TRUE(read->noCriticalData);
-    EXPECT_EQ(session->substance.Name, "Diäthyl ether");
+    EXPECT_TRUE(read->no_critical_data);
+    EXPECT_EQ(session->substance.name, "Diäthyl ether");
 }
 
 TEST_F(Database, FiveThousandSubstancesOpen) {
@@ -211,7 +211,7 @@ class PrivateDatabase : public Database {
   protected:
     PrivateDatabase() {
         std::vector<builder::Substance> list = two();
-        list[0].nameGerman = "Propan;Fl\xFCssiggas";
+        list[0].name_german = "Propan;Fl\xFCssiggas";
         list[0].text5 = "fifth";
         list[0].text6 = "sixth";
         list[0].number = 33;
@@ -221,7 +221,7 @@ class PrivateDatabase : public Database {
         list[0].slots[86] = 1e-37F;
         session::load_database(session, write("A.Q05", list));
         (void)session::read_substance(session, 1);
-        session.change()->substanceNumber = 1;
+        session.change()->substance_number = 1;
     }
     std::string save(const std::string& name) {
         user.fileAnswers.push_back((folder() / name).string());
@@ -251,7 +251,7 @@ TEST_F(PrivateDatabase, ItTakesOverTheRecordAndKeepsTheRest) {
     session.change()->substance.Tcrit = 370.5;
     session.change()->substance.sconv = 999.0F;
     session.change()->substance.ptriple = 888.0F;
-    session.change()->substance.WAG.TLo = 150;
+    session.change()->substance.wagner.T_low = 150;
     const std::string bytes = save("P.Q05");
     EXPECT_EQ(bytes.substr(684, 12), "C3H8        ");
     EXPECT_EQ(bytes.substr(684 + 12, 8), "Propane ");
@@ -294,8 +294,8 @@ TEST_F(PrivateDatabase, TheDialogIsTheOneForPrivateFiles) {
     EXPECT_TRUE(choice.save);
     EXPECT_EQ(choice.title, "Saving a Private Database File *.Q05 for the actual substance ");
     EXPECT_EQ(choice.filter, "Database (*.Q05)|*.Q05");
-    EXPECT_EQ(choice.defaultExtension, ".Q05");
-    EXPECT_TRUE(choice.overwritePrompt);
+    EXPECT_EQ(choice.default_extension, ".Q05");
+    EXPECT_TRUE(choice.overwrite_prompt);
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -306,7 +306,7 @@ TEST_F(PrivateDatabase, AFailurePassesSilently) {
 }
 
 TEST_F(PrivateDatabase, WithoutASubstanceNothingIsWritten) {
-    session.change()->substanceNumber = 0;
+    session.change()->substance_number = 0;
     EXPECT_FALSE(session::write_private_database(session, (folder() / "P.Q05").string()));
     EXPECT_FALSE(std::filesystem::exists(folder() / "P.Q05"));
 }
@@ -322,7 +322,7 @@ TEST_F(PrivateDatabase, TheOpenDatabaseIsNeverOverwritten) {
 
 TEST_F(PrivateDatabase, TheNameGoesIntoTheFieldOfTheLanguage) {
     session.change()->english = false;
-    session.change()->substance.Name = "Propan rein";
+    session.change()->substance.name = "Propan rein";
     save("P");
     EXPECT_FALSE(std::filesystem::exists(folder() / "P"));
     const std::string file = builder::ReadFile(folder() / "P.Q05");
@@ -332,7 +332,7 @@ TEST_F(PrivateDatabase, TheNameGoesIntoTheFieldOfTheLanguage) {
 
 TEST_F(Database, AProjectsDatabaseIsFoundBesideItAndWhereOthersWere) {
     const auto found = [this](const std::string& title, const std::filesystem::path& beside) {
-        return datafiles::find_database(title, beside, session.places(), session->databaseFolders);
+        return datafiles::find_database(title, beside, session.places(), session->database_folders);
     };
     std::filesystem::create_directories(folder() / "elsewhere");
     builder::WriteFile(folder() / "elsewhere" / "X.Q05", builder::Database(two()));

@@ -17,8 +17,8 @@ class EndOfASession : public SessionTest {
     }
     void have_a_substance() {
         const auto now = session.change();
-        now->databaseFile = "STUDENT.Q05";
-        now->substanceSet = true;
+        now->database_file = "STUDENT.Q05";
+        now->substance_set = true;
     }
     int protocols() const {
         int count = 0;
@@ -35,7 +35,7 @@ TEST_F(EndOfASession, WithoutADatabaseNoLastSessionIsWritten) {
 
 TEST_F(EndOfASession, ADatabaseWithoutASubstanceLeavesTheLastSessionAlone) {
     write(last(), "the good one");
-    session.change()->databaseFile = "STUDENT.Q05";
+    session.change()->database_file = "STUDENT.Q05";
     session::end_session(session);
     EXPECT_EQ(builder::ReadFile(last()), "the good one");
 }

@@ -27,7 +27,7 @@ std::string content(const fs::path& file) {
 }
 
 help::Book book() {
-    std::optional<help::Book> loaded = help::Book::Load(kPages);
+    std::optional<help::Book> loaded = help::Book::load(kPages);
     EXPECT_TRUE(loaded);
     return loaded.value_or(help::Book());
 }
@@ -52,12 +52,12 @@ TEST(HelpBook, EveryNumberOfTheViewsHasAPage) {
                             help::kTriplePoint, help::kCorrelatedAntoine, help::kWatsonPoint,
                             help::kRealRange};
     for (const help::NamedTopic& view : help::view_topics()) topics.push_back(view.topic);
-    for (const menu::Row& row : menu::Rows())
+    for (const menu::Row& row : menu::rows())
         if (row.kind != menu::Kind::Separator)
-            topics.push_back(help::topic_of_row(menu::Name(row)));
+            topics.push_back(help::topic_of_row(menu::object_name(row)));
     for (const int topic : topics) {
         EXPECT_TRUE(b.has_topic(topic)) << topic;
-        EXPECT_TRUE(exists(b.PageOf(topic))) << topic << " " << b.PageOf(topic);
+        EXPECT_TRUE(exists(b.page_of(topic))) << topic << " " << b.page_of(topic);
     }
     for (std::int16_t code = 0; code <= 16; ++code)
         EXPECT_TRUE(b.has_topic(help::kEquationsOfState + code)) << code;
@@ -65,8 +65,8 @@ TEST(HelpBook, EveryNumberOfTheViewsHasAPage) {
         EXPECT_TRUE(b.has_topic(help::kVapourPressure + code)) << code;
     for (std::int16_t code = 0; code <= 7; ++code)
         EXPECT_TRUE(b.has_topic(help::kVaporisation + code)) << code;
-    EXPECT_EQ(b.PageOf(help::kEquationsOfState + 6), "2006.html");
-    EXPECT_EQ(b.PageOf(-7), "0.html") << "a number without a page opens the first one";
+    EXPECT_EQ(b.page_of(help::kEquationsOfState + 6), "2006.html");
+    EXPECT_EQ(b.page_of(-7), "0.html") << "a number without a page opens the first one";
 }
 
 TEST(HelpBook, EveryPageIsInTheContentsAndEveryEntryLeadsToAPage) {
@@ -103,37 +103,37 @@ TEST(HelpBook, EveryLinkLeadsToAPage) {
 
 TEST(HelpBook, TheSearchFindsPagesWithAllWords) {
     const help::Book b = book();
-    const auto tank = b.Search("tank");
+    const auto tank = b.search("tank");
     ASSERT_FALSE(tank.empty());
     EXPECT_EQ(tank.front().page, "3500.html") << "words in the title come first";
-    const auto both = b.Search("  MAXWELL areas ");
+    const auto both = b.search("  MAXWELL areas ");
     ASSERT_FALSE(both.empty());
     for (const help::Hit& hit : both) EXPECT_TRUE(exists(hit.page));
     EXPECT_NE(both.front().excerpt.find("Maxwell"), std::string::npos) << both.front().excerpt;
-    EXPECT_TRUE(b.Search("xyzzyplugh").empty());
-    EXPECT_TRUE(b.Search("tank xyzzyplugh").empty());
-    EXPECT_TRUE(b.Search(" .,; ").empty());
+    EXPECT_TRUE(b.search("xyzzyplugh").empty());
+    EXPECT_TRUE(b.search("tank xyzzyplugh").empty());
+    EXPECT_TRUE(b.search(" .,; ").empty());
 }
 
 TEST(HelpBook, PlainTextHoldsNoMarks) {
-    EXPECT_EQ(help::PlainText("<h1>A &lt; B</h1>\n<p>T<sub>c</sub> &amp;  p</p>"), "A < B Tc & p");
-    EXPECT_EQ(help::PlainText("<head><title>T</title></head><body><p>x</p></body>"), "x");
-    EXPECT_EQ(help::PlainText(""), "");
-    EXPECT_EQ(help::PlainText("a < b"), "a");
+    EXPECT_EQ(help::plain_text("<h1>A &lt; B</h1>\n<p>T<sub>c</sub> &amp;  p</p>"), "A < B Tc & p");
+    EXPECT_EQ(help::plain_text("<head><title>T</title></head><body><p>x</p></body>"), "x");
+    EXPECT_EQ(help::plain_text(""), "");
+    EXPECT_EQ(help::plain_text("a < b"), "a");
 }
 
 TEST(HelpBook, DamagedContentsAreNoHelp) {
     const fs::path folder = fs::path(testing::TempDir()) / "help_book";
     fs::create_directories(folder);
-    EXPECT_FALSE(help::Book::Load(folder / "missing"));
+    EXPECT_FALSE(help::Book::load(folder / "missing"));
     for (const char* text : {"", "{}", "no json", "[{\"title\": 7}]"}) {
         std::ofstream(folder / "contents.json") << text;
-        EXPECT_FALSE(help::Book::Load(folder)) << text;
+        EXPECT_FALSE(help::Book::load(folder)) << text;
     }
     std::ofstream(folder / "contents.json") << R"([{"title": "A", "page": "gone.html"}])";
-    const auto loaded = help::Book::Load(folder);
+    const auto loaded = help::Book::load(folder);
     ASSERT_TRUE(loaded);
-    EXPECT_TRUE(loaded->Search("a").empty()) << "a missing page is passed over";
+    EXPECT_TRUE(loaded->search("a").empty()) << "a missing page is passed over";
 }
 
 }  // namespace

@@ -28,8 +28,8 @@ class MeasuredDataSession : public SessionTest {
         session.change()->database = {
             "TEST.Q05",
             {{1, "C3H8", "Propane", "74-98-6     "}, {2, "CH4", "Methane", "74-82-8     "}}};
-        session.change()->substanceNumber = 1;
-        session.change()->substance.CASRN = "74-98-6     ";
+        session.change()->substance_number = 1;
+        session.change()->substance.casrn = "74-98-6     ";
     }
     bool load(const std::string& bytes, bool append = false) {
         builder::WriteFile(folder() / "D.BAQ", bytes);
@@ -49,7 +49,7 @@ TEST_F(MeasuredDataSession, LoadingFillsTheList) {
     EXPECT_EQ(session->measured.points[0].skip, 0);
     EXPECT_EQ(session->measured.points[2].T, 350.125);
     EXPECT_EQ(session->measured.file, "D.BAQ");
-    EXPECT_EQ(session->folderMeasured, (folder() / "").string());
+    EXPECT_EQ(session->folder_measured, (folder() / "").string());
     EXPECT_EQ(session->measured.comment, "measured by Käthe");
     EXPECT_EQ(session->measured.casrn, "74-98-6     ");
     EXPECT_TRUE(user.messages.empty());
@@ -62,9 +62,9 @@ TEST_F(MeasuredDataSession, SavingWritesWhatWasLoaded) {
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);
     EXPECT_EQ(session->measured.file, "E.BAQ");
     EXPECT_EQ(user.files[0].title, "Save exper. data as text file *.BAQ");
-    EXPECT_EQ(user.files[0].defaultExtension, ".BAQ");
+    EXPECT_EQ(user.files[0].default_extension, ".BAQ");
     EXPECT_EQ(user.files[0].filter, "QUOR-specific file (*.BAQ)|*.BAQ");
-    EXPECT_FALSE(user.files[0].overwritePrompt);
+    EXPECT_FALSE(user.files[0].overwrite_prompt);
 }
 
 TEST_F(MeasuredDataSession, ValuesComeBackExactlyInEitherLocale) {
@@ -131,7 +131,7 @@ TEST_F(MeasuredDataSession, AnUnknownSubstanceIsAskedAbout) {
 }
 
 TEST_F(MeasuredDataSession, WithoutAnActiveSubstanceNothingIsLoaded) {
-    session.change()->substanceNumber = 0;
+    session.change()->substance_number = 0;
     EXPECT_FALSE(load(kFile));
     EXPECT_EQ(user.lastText(), "Load a substance!");
     EXPECT_EQ(user.lastTitle(), "WARNING");
@@ -139,7 +139,7 @@ TEST_F(MeasuredDataSession, WithoutAnActiveSubstanceNothingIsLoaded) {
 }
 
 TEST_F(MeasuredDataSession, AnotherSubstanceIsAskedAbout) {
-    session.change()->substanceNumber = 2;
+    session.change()->substance_number = 2;
     user.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(load(kFile));
     EXPECT_EQ(user.lastText(),
@@ -264,7 +264,7 @@ TEST_F(MeasuredDataSession, DataOfAnotherSubstanceKeepItsMolarMass) {
                        builder::Database({builder::Propane(), builder::Plain("b", "74-82-8")}));
     session.change()->database = *datafiles::Database::open(folder() / "T.Q05");
     session.change()->substance.M = 18.0F;  // the active substance is another one
-    session.change()->substanceNumber = 2;
+    session.change()->substance_number = 2;
     EXPECT_TRUE(load(kFile));
     EXPECT_NEAR(session->measured.M, 44.096, 1e-3) << "propane's, as the database has it";
     EXPECT_EQ(session->measured.casrn, "74-98-6     ");
@@ -272,7 +272,7 @@ TEST_F(MeasuredDataSession, DataOfAnotherSubstanceKeepItsMolarMass) {
 
 TEST_F(MeasuredDataSession, SavedDataKeepTheirSubstance) {
     load(kFile);
-    session.change()->substance.CASRN = "7732-18-5   ";
+    session.change()->substance.casrn = "7732-18-5   ";
     user.fileAnswers.push_back((folder() / "E.BAQ").string());
     EXPECT_TRUE(session::save_measured_data(session));
     EXPECT_EQ(builder::ReadFile(folder() / "E.BAQ"), kFile);

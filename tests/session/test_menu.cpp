@@ -16,13 +16,13 @@ using session::Command;
 class Menu : public SessionTest {
   protected:
     static const menu::Row& row(std::string_view name) {
-        const menu::Row* found = menu::Find(name);
+        const menu::Row* found = menu::find(name);
         if (found == nullptr) throw std::runtime_error("no row " + std::string(name));
         return *found;
     }
     // Everything has a handler, so that only the session decides.
     void handleAll() {
-        for (const menu::Row& r : menu::Rows())
+        for (const menu::Row& r : menu::rows())
             if (!r.action.empty()) commands.add(r.action, [] {});
     }
 
@@ -31,25 +31,25 @@ class Menu : public SessionTest {
 
 TEST_F(Menu, EveryRowHasANameOfItsOwn) {
     std::set<std::string> names;
-    for (const menu::Row& r : menu::Rows())
+    for (const menu::Row& r : menu::rows())
         if (r.kind != menu::Kind::Separator) {
-            EXPECT_TRUE(names.insert(menu::Name(r)).second) << menu::Name(r);
-            EXPECT_FALSE(r.caption.empty()) << menu::Name(r);
+            EXPECT_TRUE(names.insert(menu::object_name(r)).second) << menu::object_name(r);
+            EXPECT_FALSE(r.caption.empty()) << menu::object_name(r);
         }
 }
 
 TEST_F(Menu, EveryRowStandsInAMenuThatOpensBeforeIt) {
     std::set<std::string_view> menus = {""};
-    for (const menu::Row& r : menu::Rows()) {
-        EXPECT_TRUE(menus.contains(r.parent)) << menu::Name(r);
+    for (const menu::Row& r : menu::rows()) {
+        EXPECT_TRUE(menus.contains(r.parent)) << menu::object_name(r);
         if (r.kind == menu::Kind::Submenu) menus.insert(r.submenu);
     }
 }
 
 TEST_F(Menu, TopLevelRowsComeInTheOrderOfTheWork) {
     std::vector<std::string> names;
-    for (const menu::Row& r : menu::Rows())
-        if (r.parent.empty()) names.push_back(menu::Name(r));
+    for (const menu::Row& r : menu::rows())
+        if (r.parent.empty()) names.push_back(menu::object_name(r));
     EXPECT_EQ(names, (std::vector<std::string>{"mnuData", "mnuEdit", "mnuStoff", "mnuModel",
                                                "mnu2D", "mnu3D", "mnuCalcMain", "mnuFitting",
                                                "mnuOptions", "mnuWindow", "mnuHilfe"}));
@@ -57,7 +57,7 @@ TEST_F(Menu, TopLevelRowsComeInTheOrderOfTheWork) {
 
 TEST_F(Menu, AccessKeysOfTheMenuBarDoNotClash) {
     std::set<char> keys;
-    for (const menu::Row& r : menu::Rows()) {
+    for (const menu::Row& r : menu::rows()) {
         const std::size_t mark = r.caption.find('&');
         if (!r.parent.empty() || mark == std::string_view::npos) continue;
         EXPECT_TRUE(keys.insert(r.caption[mark + 1]).second) << r.caption;
@@ -83,7 +83,7 @@ TEST_F(Menu, RowsOfTheCalculationMenuStartTheirModes) {
     }
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(row("mnuCalc_sub_sub_database_" + std::to_string(i)).code, 19 + i);
-    EXPECT_EQ(menu::Name(*menu::calculation_row(9)), "mnuCalc_15");
+    EXPECT_EQ(menu::object_name(*menu::calculation_row(9)), "mnuCalc_15");
     EXPECT_EQ(menu::calculation_row(23), nullptr);
 }
 
@@ -148,13 +148,13 @@ TEST_F(Menu, DiagramRowsCarryTheirDiagrams) {
             const std::string name = std::string(e.menu) + "_" + std::to_string(e.indices[i]);
             const menu::Row& r = row(name);
             EXPECT_EQ(r.code, e.codes[i]) << name;
-            EXPECT_TRUE(menu::Prepare(session, r));
+            EXPECT_TRUE(menu::prepare(session, r));
             ASSERT_NE(session->diagram, nullptr) << name;
             EXPECT_EQ(session->diagram->code, e.codes[i]);
             EXPECT_EQ(session->diagram->section, sections.at(e.sections[i])) << name;
-            EXPECT_EQ(session->diagram->axisPair, e.axes[i]) << name;
+            EXPECT_EQ(session->diagram->axis_pair, e.axes[i]) << name;
         }
-    const auto shown = std::count_if(menu::Rows().begin(), menu::Rows().end(),
+    const auto shown = std::count_if(menu::rows().begin(), menu::rows().end(),
                                      [](const auto& r) { return r.action == "Diagram2D"; });
     EXPECT_EQ(static_cast<std::size_t>(shown), rows);
 }
@@ -169,93 +169,93 @@ TEST_F(Menu, SurfaceRowsCarryTheirKinds) {
 TEST_F(Menu, ARowWithoutAHandlerIsDisabled) {
     const menu::Row& status = row("mnuData_Status");
     EXPECT_TRUE(menu::allowed(session, status));
-    EXPECT_FALSE(menu::Enabled(session, commands, status));
+    EXPECT_FALSE(menu::enabled(session, commands, status));
     commands.add("mnuData_Status", [] {});
-    EXPECT_TRUE(menu::Enabled(session, commands, status));
+    EXPECT_TRUE(menu::enabled(session, commands, status));
 }
 
 TEST_F(Menu, ACommandSwitchesItsRow) {
     handleAll();
     const std::vector<std::pair<std::string, Command>> rows = {
-        {"mnuStoff", Command::mnuStoff},
-        {"mnuModel", Command::mnuModel},
-        {"mnu2D", Command::mnu2D},
-        {"mnu3D", Command::mnu3D},
-        {"mnuCalcMain", Command::mnuCalcMain},
-        {"mnuFitting", Command::mnuFitting},
-        {"mnuOptions", Command::mnuOptions},
-        {"mnuData_SaveProject", Command::mnuData_SaveProject},
-        {"mnuData_BatchInput", Command::mnuData_BatchInput},
-        {"mnuData_BatchEdit", Command::mnuData_BatchEdit},
-        {"mnuData_EditStoffdaten", Command::mnuData_EditStoffdaten}};
+        {"mnuStoff", Command::chooseSubstance},
+        {"mnuModel", Command::chooseModels},
+        {"mnu2D", Command::diagrams},
+        {"mnu3D", Command::surfaces},
+        {"mnuCalcMain", Command::calculations},
+        {"mnuFitting", Command::fitting},
+        {"mnuOptions", Command::options},
+        {"mnuData_SaveProject", Command::saveProject},
+        {"mnuData_BatchInput", Command::measuredDataInput},
+        {"mnuData_BatchEdit", Command::measuredDataEdit},
+        {"mnuData_EditStoffdaten", Command::substanceData}};
     for (const auto& [name, command] : rows) {
-        EXPECT_FALSE(menu::Enabled(session, commands, row(name))) << name;
+        EXPECT_FALSE(menu::enabled(session, commands, row(name))) << name;
         session::set_commands(session, {command}, true);
-        EXPECT_TRUE(menu::Enabled(session, commands, row(name))) << name;
+        EXPECT_TRUE(menu::enabled(session, commands, row(name))) << name;
     }
     for (const char* always :
          {"mnuData_OpenBank", "mnuData_LoadLastSession", "mnuData_LoadProject", "mnuData_EditXY",
           "mnuData_Exit", "mnuHilfe_About", "mnuData_JOBACK_CritData"})
-        EXPECT_TRUE(menu::Enabled(session, commands, row(always))) << always;
+        EXPECT_TRUE(menu::enabled(session, commands, row(always))) << always;
 }
 
 TEST_F(Menu, CaptionsFollowTheModeOfCalculation) {
-    EXPECT_EQ(menu::Caption(session, row("mnuCalc_0")),
+    EXPECT_EQ(menu::caption(session, row("mnuCalc_0")),
               "T, rho      => p, state L/V     + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(session, row("mnuCalc_2")),
+    EXPECT_EQ(menu::caption(session, row("mnuCalc_2")),
               "T, p         => rho, state L/V  + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(session, row("mnuCalc_3")),
+    EXPECT_EQ(menu::caption(session, row("mnuCalc_3")),
               "p, rho      => T, state L/V     + thermod. Fu.");
-    EXPECT_FALSE(menu::Visible(session, row("mnuCalc_1")));
-    session.change()->batchMode = true;
-    EXPECT_EQ(menu::Caption(session, row("mnuCalc_0")),
+    EXPECT_FALSE(menu::visible(session, row("mnuCalc_1")));
+    session.change()->batch_mode = true;
+    EXPECT_EQ(menu::caption(session, row("mnuCalc_0")),
               "columns T, rho(V) => p, state L/V     + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(session, row("mnuCalc_1")),
+    EXPECT_EQ(menu::caption(session, row("mnuCalc_1")),
               "columns T, rho(L) => p, state L/V     + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(session, row("mnuCalc_2")),
+    EXPECT_EQ(menu::caption(session, row("mnuCalc_2")),
               "columns T, p         => rho, state L/V  + thermod. Fu.");
-    EXPECT_EQ(menu::Caption(session, row("mnuCalc_3")),
+    EXPECT_EQ(menu::caption(session, row("mnuCalc_3")),
               "columns p, rho(V) => T, state L/V     + thermod. Fu.");
-    EXPECT_TRUE(menu::Visible(session, row("mnuCalc_1")));
+    EXPECT_TRUE(menu::visible(session, row("mnuCalc_1")));
 }
 
 TEST_F(Menu, TheVirialRowNamesParametersOnlyForACubicEquation) {
-    EXPECT_EQ(menu::Caption(session, row("mnuCalc_18")),
+    EXPECT_EQ(menu::caption(session, row("mnuCalc_18")),
               "T => Virial Coefficient B, Parameters of the CEOS");
-    session.change()->models.EOSOnlyV = true;
-    EXPECT_EQ(menu::Caption(session, row("mnuCalc_18")), "T => Virial Coefficient B");
+    session.change()->models.vapour_only = true;
+    EXPECT_EQ(menu::caption(session, row("mnuCalc_18")), "T => Virial Coefficient B");
 }
 
 TEST_F(Menu, TheTankIsForDirectOperation) {
     handleAll();
-    session::set_commands(session, {Command::mnuCalcMain, Command::toolTank, Command::needsLPhase},
+    session::set_commands(session, {Command::calculations, Command::toolTank, Command::needsLPhase},
                           true);
     const menu::ToolButton& tool = menu::tool_buttons().back();
     ASSERT_EQ(tool.index, 15);
-    EXPECT_TRUE(menu::Enabled(session, commands, row("mnuCalc_15")));
-    EXPECT_TRUE(menu::Enabled(session, commands, row("mnuCalc_16")));
-    EXPECT_TRUE(menu::Enabled(session, commands, tool));
-    session.change()->batchMode = true;
-    EXPECT_FALSE(menu::Enabled(session, commands, row("mnuCalc_15")));
-    EXPECT_FALSE(menu::Enabled(session, commands, row("mnuCalc_16")));
-    EXPECT_FALSE(menu::Enabled(session, commands, tool));
+    EXPECT_TRUE(menu::enabled(session, commands, row("mnuCalc_15")));
+    EXPECT_TRUE(menu::enabled(session, commands, row("mnuCalc_16")));
+    EXPECT_TRUE(menu::enabled(session, commands, tool));
+    session.change()->batch_mode = true;
+    EXPECT_FALSE(menu::enabled(session, commands, row("mnuCalc_15")));
+    EXPECT_FALSE(menu::enabled(session, commands, row("mnuCalc_16")));
+    EXPECT_FALSE(menu::enabled(session, commands, tool));
 }
 
 TEST_F(Menu, TheGlobalTankNeedsALiquidFromTheEquationOfState) {
     handleAll();
-    session::set_commands(session, {Command::mnuCalcMain, Command::toolTank}, true);
-    session.change()->models.PriorityCEOS = false;
-    EXPECT_FALSE(menu::Enabled(session, commands, row("mnuCalc_15")));
-    EXPECT_TRUE(menu::Enabled(session, commands, row("mnuCalc_16")));
-    EXPECT_TRUE(menu::Enabled(session, commands, menu::tool_buttons().back()));
+    session::set_commands(session, {Command::calculations, Command::toolTank}, true);
+    session.change()->models.eos_has_priority = false;
+    EXPECT_FALSE(menu::enabled(session, commands, row("mnuCalc_15")));
+    EXPECT_TRUE(menu::enabled(session, commands, row("mnuCalc_16")));
+    EXPECT_TRUE(menu::enabled(session, commands, menu::tool_buttons().back()));
 }
 
 TEST_F(Menu, TheTankButtonGoesWithTheCalculationMenu) {
     handleAll();
     session::set_commands(session, {Command::toolTank, Command::needsLPhase}, true);
-    EXPECT_FALSE(menu::Enabled(session, commands, menu::tool_buttons().back()));
-    session::set_commands(session, {Command::mnuCalcMain}, true);
-    EXPECT_TRUE(menu::Enabled(session, commands, menu::tool_buttons().back()));
+    EXPECT_FALSE(menu::enabled(session, commands, menu::tool_buttons().back()));
+    session::set_commands(session, {Command::calculations}, true);
+    EXPECT_TRUE(menu::enabled(session, commands, menu::tool_buttons().back()));
 }
 
 TEST_F(Menu, ToolButtonsBearTheirTips) {
@@ -278,82 +278,82 @@ TEST_F(Menu, DatabaseRowsFollowTheDataOfTheSubstance) {
     const auto now = session.change();
     models::SubstanceRecord& s = now->substance;
     const auto enabled = [this](const std::string& name) {
-        return menu::Enabled(session, commands, row(name));
+        return menu::enabled(session, commands, row(name));
     };
     const std::string first = "mnuCalc_sub_database_", second = "mnuCalc_sub_sub_database_";
     for (int i = 1; i <= 6; ++i) EXPECT_FALSE(enabled(first + std::to_string(i))) << i;
     for (int i = 0; i <= 3; ++i) EXPECT_FALSE(enabled(second + std::to_string(i))) << i;
     EXPECT_TRUE(enabled("mnuCalc_sub_database_0"));
 
-    s.rhoLPar[1] = -2e-6F;
+    s.rhoL_coefficients[1] = -2e-6F;
     EXPECT_TRUE(enabled(first + "1"));
-    s.rhoSPar[0] = 1e-6F;
+    s.rhoS_coefficients[0] = 1e-6F;
     EXPECT_FALSE(enabled(first + "2")) << "not more than 1E-6 away from 0";
-    s.rhoSPar[0] = 900.0F;
+    s.rhoS_coefficients[0] = 900.0F;
     EXPECT_TRUE(enabled(first + "2"));
-    s.hLVTLo = 200;
+    s.hLV_T_low = 200;
     EXPECT_TRUE(enabled(first + "3"));
-    s.cpSinh.TLo = 200;
+    s.cp_sinh_cosh.T_low = 200;
     EXPECT_TRUE(enabled(first + "4"));
-    s.cpSinh.TLo = 0;
-    s.cpPoly.TLo = 200;
+    s.cp_sinh_cosh.T_low = 0;
+    s.cp_polynomial.T_low = 200;
     EXPECT_TRUE(enabled(first + "4"));
-    s.cpL.TLo = 200;
+    s.cpL.T_low = 200;
     EXPECT_TRUE(enabled(first + "5"));
-    s.cpS.TLo = 50;
+    s.cpS.T_low = 50;
     EXPECT_TRUE(enabled(first + "6"));
 
-    s.FRO.TLo = 200;
+    s.frost.T_low = 200;
     EXPECT_FALSE(enabled(second + "0")) << "both limits are needed";
-    s.FRO.THi = 300;
+    s.frost.T_high = 300;
     EXPECT_TRUE(enabled(second + "0"));
-    s.WAG.TLo = s.WAG.THi = 250;
+    s.wagner.T_low = s.wagner.T_high = 250;
     EXPECT_TRUE(enabled(second + "1"));
-    s.ALP.TLo = s.ALP.THi = 250;
+    s.antoine_low.T_low = s.antoine_low.T_high = 250;
     EXPECT_TRUE(enabled(second + "2"));
-    s.AHP.TLo = s.AHP.THi = 250;
+    s.antoine_high.T_low = s.antoine_high.T_high = 250;
     EXPECT_TRUE(enabled(second + "3"));
 }
 
 TEST_F(Menu, ParametersOfTheEOSNeedACompleteChoice) {
     handleAll();
-    EXPECT_FALSE(menu::Enabled(session, commands, row("mnuData_ParameterEOS")));
-    session::set_commands(session, {Command::mnuCalcMain}, true);
-    EXPECT_TRUE(menu::Enabled(session, commands, row("mnuData_ParameterEOS")));
+    EXPECT_FALSE(menu::enabled(session, commands, row("mnuData_ParameterEOS")));
+    session::set_commands(session, {Command::calculations}, true);
+    EXPECT_TRUE(menu::enabled(session, commands, row("mnuData_ParameterEOS")));
 }
 
 TEST_F(Menu, SurfacesOfACubicEquationAskForTheRealBehaviour) {
-    session.change()->models.EOSModel = codes::eos(6);
+    session.change()->models.eos = codes::eos(6);
     user.answers = {dialogs::Answer::No};
-    EXPECT_TRUE(menu::Prepare(session, row("mnu3DSub_0")));
-    EXPECT_TRUE(session->surfaceSCurve);
-    EXPECT_EQ(session->surfaceKind, 1);
+    EXPECT_TRUE(menu::prepare(session, row("mnu3DSub_0")));
+    EXPECT_TRUE(session->surface_scurve);
+    EXPECT_EQ(session->surface_kind, 1);
     EXPECT_EQ(user.lastText(),
               "Draw physically real behaviour?\n"
               "(No = Draw S-shaped curves in the undercritical region)");
     EXPECT_EQ(user.lastTitle(), "for cubic EOS only");
     user.answers = {dialogs::Answer::Yes};
-    menu::Prepare(session, row("mnu3DSub_0"));
-    EXPECT_FALSE(session->surfaceSCurve);
+    menu::prepare(session, row("mnu3DSub_0"));
+    EXPECT_FALSE(session->surface_scurve);
 
     const std::size_t asked = user.messages.size();
-    menu::Prepare(session, row("mnu3DSub_5"));
-    session.change()->models.EOSOnlyV = true;
-    menu::Prepare(session, row("mnu3DSub_0"));
+    menu::prepare(session, row("mnu3DSub_5"));
+    session.change()->models.vapour_only = true;
+    menu::prepare(session, row("mnu3DSub_0"));
     EXPECT_EQ(user.messages.size(), asked);
 }
 
 TEST_F(Menu, NewDataNeedASubstance) {
-    EXPECT_FALSE(menu::Prepare(session, row("mnuData_BatchInput")));
+    EXPECT_FALSE(menu::prepare(session, row("mnuData_BatchInput")));
     EXPECT_EQ(user.lastText(), "First choose substance!");
     EXPECT_EQ(user.lastTitle(), "friendly remark");
 }
 
 TEST_F(Menu, NewDataReplaceOldOnesOnlyAfterAYes) {
-    session.change()->substanceNumber = 1;
+    session.change()->substance_number = 1;
     session.change()->measured = {.points = {{.T = 300}, {.T = 300}}, .file = "old.BAQ"};
     user.answers = {dialogs::Answer::No};
-    EXPECT_FALSE(menu::Prepare(session, row("mnuData_BatchInput")));
+    EXPECT_FALSE(menu::prepare(session, row("mnuData_BatchInput")));
     EXPECT_EQ(user.lastText(),
               "Exspecting input of new data;\nthe existing set of data will be deleted.\n"
               "Do you want this?");
@@ -361,35 +361,35 @@ TEST_F(Menu, NewDataReplaceOldOnesOnlyAfterAYes) {
     EXPECT_EQ(session->measured.points.size(), 2U);
 
     user.answers = {dialogs::Answer::Yes};
-    EXPECT_TRUE(menu::Prepare(session, row("mnuData_BatchInput")));
+    EXPECT_TRUE(menu::prepare(session, row("mnuData_BatchInput")));
     EXPECT_EQ(session->measured.points.size(), 0U);
     EXPECT_EQ(session->measured.file, "");
 }
 
 TEST_F(Menu, TheNoteOnSavingAProjectAppearsOnce) {
-    menu::Prepare(session, row("mnuData_SaveProject"));
+    menu::prepare(session, row("mnuData_SaveProject"));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
               "Please note:\nBefore saving your project the settings\n"
               "for \"Models\" and \"Options\" must be complete");
     EXPECT_EQ(user.lastTitle(), "Single Note");
     EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Information);
-    menu::Prepare(session, row("mnuData_SaveProject"));
+    menu::prepare(session, row("mnuData_SaveProject"));
     EXPECT_EQ(user.messages.size(), 1U);
 }
 
 TEST_F(Menu, FittingForgetsTheMeasuredData) {
     session.change()->measured.points.resize(5);
-    menu::Prepare(session, row("mnuFitting"));
+    menu::prepare(session, row("mnuFitting"));
     EXPECT_EQ(session->measured.points.size(), 0U);
 }
 
 TEST_F(Menu, OpeningTheDataMenuOffersToEditWhatIsThere) {
     menu::open_data_menu(session);
-    EXPECT_FALSE(session::is_enabled(session, Command::mnuData_BatchEdit));
+    EXPECT_FALSE(session::is_enabled(session, Command::measuredDataEdit));
     session.change()->measured.points.resize(1);
     menu::open_data_menu(session);
-    EXPECT_TRUE(session::is_enabled(session, Command::mnuData_BatchEdit));
+    EXPECT_TRUE(session::is_enabled(session, Command::measuredDataEdit));
 }
 
 TEST_F(Menu, ACommandRunsByItsIdAndTheLastOneAddedCounts) {

@@ -62,38 +62,38 @@ class ProjectSession : public SessionTest {
     }
     void choose(std::int16_t index) {
         (void)session::read_substance(session, index);
-        session.change()->substanceNumber = index;
+        session.change()->substance_number = index;
     }
     ProjectResult load(const std::string& text, const std::string& name = "P.QCF") {
         builder::WriteFile(folder() / name, text);
         return session::load_project(session, (folder() / name).string());
     }
     void expect_settings_of_the_project() {
-        EXPECT_EQ(session->diagramAt.T, 310.25);
-        EXPECT_EQ(session->diagramAt.p, 1500.5);
-        EXPECT_EQ(session->diagramAt.v, 0.125);
-        EXPECT_EQ(session->caloricFactor, 0.02);
-        EXPECT_EQ(session->unitSystem, models::UnitSystem::specific);
-        EXPECT_EQ(session->caloricUnit, models::CaloricUnit::specific);
-        EXPECT_FALSE(session->curveOptions.realRangeOnly);
-        EXPECT_EQ(session->curveOptions.points, 450);
-        EXPECT_EQ(session->csvSeparator, ',');
-        EXPECT_EQ(models::code_of(session->models.VPModel), 3);
-        EXPECT_EQ(models::code_of(session->models.EOSModel), 5);
-        EXPECT_EQ(models::code_of(session->models.CpModel), 2);
-        EXPECT_EQ(models::code_of(session->models.HLVModel), 4);
-        EXPECT_EQ(session->models.WatsonN, 0.375F);
-        EXPECT_FALSE(session->models.PriorityCEOS);
-        EXPECT_EQ(session->reference.RefMode, 10);
+        EXPECT_EQ(session->diagram_at.T, 310.25);
+        EXPECT_EQ(session->diagram_at.p, 1500.5);
+        EXPECT_EQ(session->diagram_at.v, 0.125);
+        EXPECT_EQ(session->caloric_factor, 0.02);
+        EXPECT_EQ(session->unit_system, models::UnitSystem::specific);
+        EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+        EXPECT_FALSE(session->curve_options.real_range_only);
+        EXPECT_EQ(session->curve_options.points, 450);
+        EXPECT_EQ(session->csv_separator, ',');
+        EXPECT_EQ(models::code_of(session->models.vapour_pressure), 3);
+        EXPECT_EQ(models::code_of(session->models.eos), 5);
+        EXPECT_EQ(models::code_of(session->models.cp_form), 2);
+        EXPECT_EQ(models::code_of(session->models.vaporisation), 4);
+        EXPECT_EQ(session->models.watson_n, 0.375F);
+        EXPECT_FALSE(session->models.eos_has_priority);
+        EXPECT_EQ(session->reference.mode, 10);
         EXPECT_EQ(session->reference.href, -100.5);
         EXPECT_EQ(session->reference.sref, 2.5);
         EXPECT_EQ(session->reference.T0, 273.15F);
         EXPECT_EQ(session->reference.p0, 100.0F);
         EXPECT_EQ(session->reference.Tenv, 288.15);
         EXPECT_EQ(session->reference.penv, 95.5);
-        EXPECT_TRUE(session->batchMode);
-        EXPECT_TRUE(session->curveOptions.sWithoutTieLine);
-        EXPECT_TRUE(session->curveOptions.partialGas);
+        EXPECT_TRUE(session->batch_mode);
+        EXPECT_TRUE(session->curve_options.s_without_tie_line);
+        EXPECT_TRUE(session->curve_options.partial_gas);
         EXPECT_EQ(session->tank.V, 2.5F);
         EXPECT_EQ(session->tank.m, 12.5F);
         EXPECT_EQ(session->tank.T, 299.5F);
@@ -103,27 +103,27 @@ class ProjectSession : public SessionTest {
 TEST_F(ProjectSession, EveryItemIsRead) {
     const ProjectResult result = load(kProject);
     EXPECT_TRUE(result.loaded);
-    EXPECT_TRUE(result.substanceFound);
-    EXPECT_TRUE(result.modelsComplete);
-    EXPECT_FALSE(result.noCriticalData);
+    EXPECT_TRUE(result.substance_found);
+    EXPECT_TRUE(result.models_complete);
+    EXPECT_FALSE(result.no_critical_data);
     expect_settings_of_the_project();
-    EXPECT_EQ(session->databaseFile, "A.Q05");
-    EXPECT_EQ(session->substanceNumber, 2);
-    EXPECT_EQ(session->substance.Name, "Propane");
-    EXPECT_EQ(session->projectComment, "my comment");
-    EXPECT_EQ(session->projectFile, "P.QCF");
-    EXPECT_EQ(session->folderProjects, (folder() / "").string());
+    EXPECT_EQ(session->database_file, "A.Q05");
+    EXPECT_EQ(session->substance_number, 2);
+    EXPECT_EQ(session->substance.name, "Propane");
+    EXPECT_EQ(session->project_comment, "my comment");
+    EXPECT_EQ(session->project_file, "P.QCF");
+    EXPECT_EQ(session->folder_projects, (folder() / "").string());
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(ProjectSession, WhatFollowsFromTheSettingsIsDerived) {
     load(kProject);
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "FRO");
-    EXPECT_FALSE(session->models.EOSOnlyV);
-    EXPECT_GT(session->eosParameters.vcritCalc, 0.0);
-    EXPECT_NE(session->substance.KFW.a[0], 0.0F);
-    EXPECT_NE(session->substance.KFR.a[0], 0.0F);
-    EXPECT_NE(session->substance.THO.A, 0.0F);
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "FRO");
+    EXPECT_FALSE(session->models.vapour_only);
+    EXPECT_GT(session->eos_parameters.vcrit_calculated, 0.0);
+    EXPECT_NE(session->substance.frost_van_der_waals.a[0], 0.0F);
+    EXPECT_NE(session->substance.frost_redlich_kwong.a[0], 0.0F);
+    EXPECT_NE(session->substance.thompson.A, 0.0F);
     EXPECT_EQ(session::present_units(session).v_label, "m^3/kg  ");
     EXPECT_DOUBLE_EQ(session::present_units(session).v, 1.0 / static_cast<double>(44.096F));
 }
@@ -134,7 +134,7 @@ TEST_F(ProjectSession, SavingWritesTheItemsInTheirOrder) {
     user.inputAnswers.push_back("my comment");
     EXPECT_TRUE(session::save_project(session, true));
     EXPECT_EQ(builder::ReadFile(folder() / "B.QCF"), kProject);
-    EXPECT_EQ(session->projectFile, "B.QCF");
+    EXPECT_EQ(session->project_file, "B.QCF");
 }
 
 TEST_F(ProjectSession, TheDecimalMarkOfTheLocaleDoesNotReachTheFile) {
@@ -166,26 +166,26 @@ TEST_F(ProjectSession, LineEndsOfOtherSystemsReadTheSame) {
 
 TEST_F(ProjectSession, ValuesComeBackExactly) {
     open_and_choose();
-    session.change()->diagramAt.T = 1.0 / 3.0;
-    session.change()->diagramAt.p = 123456789.123456789;
+    session.change()->diagram_at.T = 1.0 / 3.0;
+    session.change()->diagram_at.p = 123456789.123456789;
     session.change()->reference.href = -1e-7;
-    session.change()->models.WatsonN = 0.1F;
-    session.change()->csvSeparator = '\t';
+    session.change()->models.watson_n = 0.1F;
+    session.change()->csv_separator = '\t';
     user.fileAnswers.push_back((folder() / "B.QCF").string());
     ASSERT_TRUE(session::save_project(session, true));
     session::reset_everything(session);
     EXPECT_TRUE(session::load_project(session, (folder() / "B.QCF").string()).loaded);
-    EXPECT_EQ(session->diagramAt.T, 1.0 / 3.0);
-    EXPECT_EQ(session->diagramAt.p, 123456789.123456789);
+    EXPECT_EQ(session->diagram_at.T, 1.0 / 3.0);
+    EXPECT_EQ(session->diagram_at.p, 123456789.123456789);
     EXPECT_EQ(session->reference.href, -1e-7);
-    EXPECT_EQ(session->models.WatsonN, 0.1F);
-    EXPECT_EQ(session->csvSeparator, '\t');
+    EXPECT_EQ(session->models.watson_n, 0.1F);
+    EXPECT_EQ(session->csv_separator, '\t');
 }
 
 TEST_F(ProjectSession, SavingAsksForNameAndComment) {
     open_and_choose();
-    session.change()->projectComment = "earlier";
-    session.change()->projectFile = "OLD.QCF";
+    session.change()->project_comment = "earlier";
+    session.change()->project_file = "OLD.QCF";
     user.fileAnswers.push_back("B");
     user.inputAnswers.push_back(std::nullopt);
     EXPECT_TRUE(session::save_project(session, true));
@@ -193,8 +193,8 @@ TEST_F(ProjectSession, SavingAsksForNameAndComment) {
     EXPECT_TRUE(user.files[0].save);
     EXPECT_EQ(user.files[0].title, "save actual project as ...");
     EXPECT_EQ(user.files[0].filter, "Project (*.QCF)|*.QCF");
-    EXPECT_EQ(user.files[0].defaultExtension, ".QCF");
-    EXPECT_TRUE(user.files[0].overwritePrompt);
+    EXPECT_EQ(user.files[0].default_extension, ".QCF");
+    EXPECT_TRUE(user.files[0].overwrite_prompt);
     EXPECT_EQ(user.files[0].folder, (folder() / "").string());
     ASSERT_EQ(user.inputs.size(), 1U);
     EXPECT_EQ(user.inputs[0].title, " File comment (optional) ");
@@ -225,22 +225,22 @@ TEST_F(ProjectSession, AFailedSaveIsToldAndLeavesTheOldFile) {
 
 TEST_F(ProjectSession, TheLastSessionIsSavedWithoutAQuestion) {
     open_and_choose();
-    session.change()->projectFile = "MINE.QCF";
-    session.change()->models.EOSModel = codes::eos(6);
-    session.change()->diagramAt.T = 345.5;
+    session.change()->project_file = "MINE.QCF";
+    session.change()->models.eos = codes::eos(6);
+    session.change()->diagram_at.T = 345.5;
     EXPECT_TRUE(session::save_project(session, false));
     EXPECT_TRUE(user.files.empty());
     EXPECT_TRUE(user.inputs.empty());
-    EXPECT_TRUE(fs::exists(session->lastSessionFile));
-    EXPECT_EQ(session->projectFile, "MINE.QCF");
+    EXPECT_TRUE(fs::exists(session->last_session_file));
+    EXPECT_EQ(session->project_file, "MINE.QCF");
 
     session::reset_everything(session);
     const ProjectResult result = session::load_last_session(session);
-    EXPECT_TRUE(result.modelsComplete);
-    EXPECT_EQ(session->diagramAt.T, 345.5);
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 6);
-    EXPECT_EQ(session->substance.Name, "Propane");
-    EXPECT_EQ(session->projectFile, "");
+    EXPECT_TRUE(result.models_complete);
+    EXPECT_EQ(session->diagram_at.T, 345.5);
+    EXPECT_EQ(models::code_of(session->models.eos), 6);
+    EXPECT_EQ(session->substance.name, "Propane");
+    EXPECT_EQ(session->project_file, "");
 }
 
 TEST_F(ProjectSession, LoadingAsksForAFile) {
@@ -254,11 +254,11 @@ TEST_F(ProjectSession, LoadingAsksForAFile) {
 
 TEST_F(ProjectSession, ACancelOfLoadingChangesNothing) {
     open_and_choose();
-    session.change()->diagramAt.T = 111;
+    session.change()->diagram_at.T = 111;
     user.fileAnswers.push_back(std::nullopt);
     EXPECT_FALSE(session::load_project(session).loaded);
-    EXPECT_EQ(session->diagramAt.T, 111.0);
-    EXPECT_EQ(session->substanceNumber, 2);
+    EXPECT_EQ(session->diagram_at.T, 111.0);
+    EXPECT_EQ(session->substance_number, 2);
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -273,8 +273,8 @@ TEST_F(ProjectSession, AMissingOrForeignFileIsToldAndChangesNothing) {
         EXPECT_EQ(user.lastText(), "The file P.QCF is no project file.");
         EXPECT_EQ(user.lastTitle(), "Execution not possible");
     }
-    EXPECT_EQ(session->substanceNumber, 2);
-    EXPECT_EQ(session->databaseFile, "A.Q05");
+    EXPECT_EQ(session->substance_number, 2);
+    EXPECT_EQ(session->database_file, "A.Q05");
 }
 
 TEST_F(ProjectSession, AMissingDatabaseLeavesTheOpenOneInPlace) {
@@ -283,23 +283,23 @@ TEST_F(ProjectSession, AMissingDatabaseLeavesTheOpenOneInPlace) {
     text.replace(text.find("A.Q05"), 5, "B.Q05");
     const ProjectResult result = load(text);
     EXPECT_TRUE(result.loaded);
-    EXPECT_TRUE(result.substanceFound);
+    EXPECT_TRUE(result.substance_found);
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
               "Database of the project B.Q05not found in the QUOR directory or empty resp.\n"
               "The actual database A.Q05 is still activ.");
     EXPECT_EQ(user.lastTitle(), "Hint");
-    EXPECT_EQ(session->databaseFile, "A.Q05");
+    EXPECT_EQ(session->database_file, "A.Q05");
     expect_settings_of_the_project();
 }
 
 TEST_F(ProjectSession, WithoutAnyDatabaseTheLoadEnds) {
     fs::remove(folder() / "A.Q05");
-    session.change()->diagramAt.T = 111;
+    session.change()->diagram_at.T = 111;
     EXPECT_FALSE(load(kProject).loaded);
     EXPECT_EQ(user.lastText(), "Database of the project A.Q05not found in the QUOR directory ");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    EXPECT_EQ(session->diagramAt.T, 111.0);
+    EXPECT_EQ(session->diagram_at.T, 111.0);
 }
 
 TEST_F(ProjectSession, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
@@ -308,15 +308,15 @@ TEST_F(ProjectSession, AMissingSubstanceLeavesTheSettingsAndNoSubstance) {
     text.replace(text.find("74-98-6"), 7, "99-99-9");
     const ProjectResult result = load(text);
     EXPECT_TRUE(result.loaded);
-    EXPECT_FALSE(result.substanceFound);
-    EXPECT_FALSE(result.modelsComplete);
-    EXPECT_EQ(session->substanceNumber, 0);
-    EXPECT_FALSE(session->substanceSet);
-    EXPECT_EQ(session->substance.Name, "");
-    EXPECT_EQ(session->diagramAt.T, 310.25);
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 5);
+    EXPECT_FALSE(result.substance_found);
+    EXPECT_FALSE(result.models_complete);
+    EXPECT_EQ(session->substance_number, 0);
+    EXPECT_FALSE(session->substance_set);
+    EXPECT_EQ(session->substance.name, "");
+    EXPECT_EQ(session->diagram_at.T, 310.25);
+    EXPECT_EQ(models::code_of(session->models.eos), 5);
     // Specific units need a molar mass.
-    EXPECT_EQ(session->unitSystem, models::UnitSystem::molar);
+    EXPECT_EQ(session->unit_system, models::UnitSystem::molar);
     EXPECT_EQ(session::present_units(session).v_label, "m^3/kmol");
     EXPECT_TRUE(user.messages.empty());
 }
@@ -326,9 +326,9 @@ TEST_F(ProjectSession, MissingCriticalDataAreTold) {
     propane.slots[7] = 0;
     builder::WriteFile(folder() / "A.Q05", builder::Database({propane}));
     const ProjectResult result = load(kProject);
-    EXPECT_TRUE(result.substanceFound);
-    EXPECT_TRUE(result.noCriticalData);
-    EXPECT_FALSE(result.modelsComplete);
+    EXPECT_TRUE(result.substance_found);
+    EXPECT_TRUE(result.no_critical_data);
+    EXPECT_FALSE(result.models_complete);
     EXPECT_EQ(user.lastText(),
               "T(cr) and/or p(cr) not available in the database.\n"
               "(lacking critical data can be completed by the user in data-base editor)\n"
@@ -340,18 +340,18 @@ TEST_F(ProjectSession, AnEquationOfStateOfMinusOneReadsAsZero) {
     std::string text = kProject;
     text.replace(text.find("\r\n5\r\n2\r\n4"), 5, "\r\n-1\r\n");
     load(text);
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 0);
-    EXPECT_TRUE(session->models.EOSOnlyV);
-    EXPECT_FALSE(session->models.PriorityCEOS);
-    EXPECT_EQ(models::code_of(session->models.CpModel), 2);
+    EXPECT_EQ(models::code_of(session->models.eos), 0);
+    EXPECT_TRUE(session->models.vapour_only);
+    EXPECT_FALSE(session->models.eos_has_priority);
+    EXPECT_EQ(models::code_of(session->models.cp_form), 2);
 }
 
 TEST_F(ProjectSession, WithoutAChosenEquationTheSubstancesOwnDefaultStays) {
     std::string text = kProject;
     text.replace(text.find("\r\n3\r\n5\r\n2"), 5, "\r\n0\r\n");
     load(text);
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
-    EXPECT_EQ(models::code_of(session->models.VPModel), 4);
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "WAG");
+    EXPECT_EQ(models::code_of(session->models.vapour_pressure), 4);
 }
 
 TEST_F(ProjectSession, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
@@ -360,22 +360,22 @@ TEST_F(ProjectSession, ADamagedItemLeavesItsSettingAndTheOthersAreRead) {
     text.replace(text.find("450"), 3, "999");
     text.replace(text.find("\",\""), 3, "\";;\"");
     load(text);
-    EXPECT_EQ(session->diagramAt.T, 298.15);
-    EXPECT_EQ(session->curveOptions.points, 300);
-    EXPECT_EQ(session->csvSeparator, ';');
-    EXPECT_EQ(session->diagramAt.p, 1500.5);
-    EXPECT_EQ(models::code_of(session->models.EOSModel), 5);
+    EXPECT_EQ(session->diagram_at.T, 298.15);
+    EXPECT_EQ(session->curve_options.points, 300);
+    EXPECT_EQ(session->csv_separator, ';');
+    EXPECT_EQ(session->diagram_at.p, 1500.5);
+    EXPECT_EQ(models::code_of(session->models.eos), 5);
 }
 
 TEST_F(ProjectSession, ATruncatedFileLeavesTheLaterSettings) {
     const std::string text = kProject;
     load(text.substr(0, text.find("450")));
-    EXPECT_EQ(session->diagramAt.T, 310.25);
-    EXPECT_EQ(session->caloricUnit, models::CaloricUnit::specific);
-    EXPECT_FALSE(session->curveOptions.realRangeOnly);
-    EXPECT_EQ(session->curveOptions.points, 300);
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
-    EXPECT_EQ(session->reference.RefMode, 1);
+    EXPECT_EQ(session->diagram_at.T, 310.25);
+    EXPECT_EQ(session->caloric_unit, models::CaloricUnit::specific);
+    EXPECT_FALSE(session->curve_options.real_range_only);
+    EXPECT_EQ(session->curve_options.points, 300);
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "WAG");
+    EXPECT_EQ(session->reference.mode, 1);
     EXPECT_EQ(session->tank.T, 0.0F);
 }
 
@@ -388,17 +388,17 @@ TEST_F(ProjectSession, EveryTruncationGivesOldOrNewSettingsButNoOthers) {
         const auto either = [](auto value, auto before, auto after) {
             return value == before || value == after;
         };
-        EXPECT_TRUE(either(session->diagramAt.T, 298.15, 310.25));
-        EXPECT_TRUE(either(session->diagramAt.p, 0.0, 1500.5));
-        EXPECT_TRUE(either(session->diagramAt.v, 0.0, 0.125));
-        EXPECT_TRUE(either(session->caloricFactor, 1.0, 0.02));
-        EXPECT_TRUE(either(session->curveOptions.points, 300, 450));
-        EXPECT_TRUE(either(session->csvSeparator, ';', ','));
+        EXPECT_TRUE(either(session->diagram_at.T, 298.15, 310.25));
+        EXPECT_TRUE(either(session->diagram_at.p, 0.0, 1500.5));
+        EXPECT_TRUE(either(session->diagram_at.v, 0.0, 0.125));
+        EXPECT_TRUE(either(session->caloric_factor, 1.0, 0.02));
+        EXPECT_TRUE(either(session->curve_options.points, 300, 450));
+        EXPECT_TRUE(either(session->csv_separator, ';', ','));
         EXPECT_TRUE(either(session->reference.href, 0.0, -100.5));
         EXPECT_TRUE(either(session->reference.T0, 298.15F, 273.15F));
         EXPECT_TRUE(either(session->reference.p0, 101.325F, 100.0F));
         EXPECT_TRUE(either(session->tank.m, 0.0F, 12.5F));
-        EXPECT_EQ(session->substanceNumber == 2, session->substance.Name == "Propane");
+        EXPECT_EQ(session->substance_number == 2, session->substance.name == "Propane");
     }
 }
 
@@ -411,7 +411,7 @@ std::string manual_virial_project() {
 
 TEST_F(ProjectSession, TheManualVirialEquationComesBackWithItsCoefficients) {
     load(manual_virial_project() + "b0=-0.2\r\nb1=15\r\nb2=0.5\r\n");
-    ASSERT_EQ(session->models.EOSModel, models::Eos::manualVirial);
+    ASSERT_EQ(session->models.eos, models::Eos::manualVirial);
     const auto B = [this] { return models::virial(session.fluid(), 400).B; };
     EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12) << "b0 - b1/T^b2";
     user.fileAnswers.push_back((folder() / "B.QCF").string());
@@ -419,18 +419,18 @@ TEST_F(ProjectSession, TheManualVirialEquationComesBackWithItsCoefficients) {
 
     session::reset_everything(session);
     load(kProject);  // another equation in between
-    EXPECT_TRUE(session::load_project(session, (folder() / "B.QCF").string()).modelsComplete);
+    EXPECT_TRUE(session::load_project(session, (folder() / "B.QCF").string()).models_complete);
     EXPECT_NEAR(B(), -0.2 - 15 / 20.0, 1e-12);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(ProjectSession, AManualVirialEquationWithoutCoefficientsIsAskedForAnew) {
     load(kProject);
-    ASSERT_NE(session->eosParameters.eosB0, 0.0);
+    ASSERT_NE(session->eos_parameters.b0, 0.0);
     const ProjectResult result = load(manual_virial_project());
-    EXPECT_TRUE(result.substanceFound);
-    EXPECT_FALSE(result.modelsComplete) << "the models have to be chosen";
-    EXPECT_EQ(session->eosParameters.eosB0, 0.0) << "nothing of another equation stays";
+    EXPECT_TRUE(result.substance_found);
+    EXPECT_FALSE(result.models_complete) << "the models have to be chosen";
+    EXPECT_EQ(session->eos_parameters.b0, 0.0) << "nothing of another equation stays";
     EXPECT_EQ(user.lastText(),
               "The project holds no coefficients b0, b1, b2 of its virial equation.\n"
               "Choose the equation of state again.");
@@ -441,17 +441,17 @@ TEST_F(ProjectSession, AFileThatIsNoProjectIsRefusedBeforeAnythingChanges) {
     builder::WriteFile(folder() / "X.QCF", "no project");
     EXPECT_FALSE(session::may_load_project(session, (folder() / "X.QCF").string()));
     EXPECT_EQ(user.lastText(), "The file X.QCF is no project file.");
-    EXPECT_EQ(session->substanceNumber, 2);
+    EXPECT_EQ(session->substance_number, 2);
     builder::WriteFile(folder() / "P.QCF", kProject);
     EXPECT_TRUE(session::may_load_project(session, (folder() / "P.QCF").string()));
-    EXPECT_EQ(session->substanceNumber, 2) << "only looked at";
+    EXPECT_EQ(session->substance_number, 2) << "only looked at";
 }
 
 TEST_F(ProjectSession, ADatabaseBesideTheProjectIsFound) {
     fs::create_directories(folder() / "work");
     fs::rename(folder() / "A.Q05", folder() / "work" / "A.Q05");
-    EXPECT_TRUE(load(kProject, "work/P.QCF").substanceFound);
-    EXPECT_EQ(session->databaseFile, "A.Q05");
+    EXPECT_TRUE(load(kProject, "work/P.QCF").substance_found);
+    EXPECT_EQ(session->database_file, "A.Q05");
     EXPECT_TRUE(user.messages.empty());
 }
 
@@ -463,7 +463,7 @@ TEST_F(ProjectSession, CommentsKeepTheirUmlautsAndStayOnOneLine) {
     const std::string text = builder::ReadFile(folder() / "B.QCF");
     EXPECT_NE(text.find("\r\nK\xE4lte  zwei\r\n"), std::string::npos);
     session::load_project(session, (folder() / "B.QCF").string());
-    EXPECT_EQ(session->projectComment, "Kälte  zwei");
+    EXPECT_EQ(session->project_comment, "Kälte  zwei");
 }
 
 TEST_F(ProjectSession, LoadingClosesWhatBelongedToTheSubstance) {

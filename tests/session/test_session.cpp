@@ -22,33 +22,33 @@ class Session : public SessionTest {
 TEST_F(Session, StartsWithItsDefaults) {
     EXPECT_EQ(session->calculation.task, calculation::Task::none);
     EXPECT_TRUE(session->calculation.method.global);
-    EXPECT_TRUE(session->calculation.method.liquidByBenson);
-    EXPECT_EQ(session->curveOptions.points, 300);
-    EXPECT_EQ(session->csvSeparator, ';');
-    EXPECT_EQ(session->calculation.isoFunction, calculation::IsoFunction::V);
-    EXPECT_EQ(session->calculation.isoGiven, calculation::IsoGiven::p);
-    EXPECT_EQ(models::code_of(session->models.EOSModel), -1);
-    EXPECT_EQ(session->models.VPModel, models::VapourPressureEquation::none);
-    EXPECT_EQ(session->reference.RefMode, 1);
+    EXPECT_TRUE(session->calculation.method.liquid_by_benson);
+    EXPECT_EQ(session->curve_options.points, 300);
+    EXPECT_EQ(session->csv_separator, ';');
+    EXPECT_EQ(session->calculation.iso_function, calculation::IsoFunction::V);
+    EXPECT_EQ(session->calculation.iso_given, calculation::IsoGiven::p);
+    EXPECT_EQ(models::code_of(session->models.eos), -1);
+    EXPECT_EQ(session->models.vapour_pressure, models::VapourPressureEquation::none);
+    EXPECT_EQ(session->reference.mode, 1);
     EXPECT_FLOAT_EQ(session->reference.p0, 101.325F);
     EXPECT_TRUE(session->measured.points.empty());
     EXPECT_TRUE(session->results.rows.empty());
-    EXPECT_EQ(session->lastSessionFile, (folder() / "QuorLastSession.QCF").string());
-    EXPECT_FALSE(session::is_enabled(session, session::Command::mnuCalcMain));
-    EXPECT_FALSE(session->decimalComma);
+    EXPECT_EQ(session->last_session_file, (folder() / "QuorLastSession.QCF").string());
+    EXPECT_FALSE(session::is_enabled(session, session::Command::calculations));
+    EXPECT_FALSE(session->decimal_comma);
 }
 
 TEST_F(Session, DecimalCommaFollowsTheLocale) {
     numbers::set_decimal_mark(',');
     session::reset_everything(session);
-    EXPECT_TRUE(session->decimalComma);
+    EXPECT_TRUE(session->decimal_comma);
 }
 
 TEST_F(Session, ReducedUnitsWithoutCriticalVolumeFallBackToMolar) {
     session.change()->substance.Tcrit = 0;
-    session.change()->unitSystem = models::UnitSystem::reduced;
+    session.change()->unit_system = models::UnitSystem::reduced;
     session::settle_units(session);
-    EXPECT_EQ(session->unitSystem, models::UnitSystem::molar);
+    EXPECT_EQ(session->unit_system, models::UnitSystem::molar);
     const models::Units u = session::present_units(session);
     EXPECT_EQ(u.v_label, "m^3/kmol");
     EXPECT_EQ(u.T_label, "K");
@@ -57,8 +57,8 @@ TEST_F(Session, ReducedUnitsWithoutCriticalVolumeFallBackToMolar) {
 
 TEST_F(Session, ReducedUnitsNameThePressureInTheLabelOfT) {
     session.change()->substance = fluids::ReferencePropane();
-    session.change()->eosParameters.vcritCalc = 0.25;
-    session.change()->unitSystem = models::UnitSystem::reduced;
+    session.change()->eos_parameters.vcrit_calculated = 0.25;
+    session.change()->unit_system = models::UnitSystem::reduced;
     const models::Units u = session::present_units(session);
     EXPECT_EQ(u.T_label, "p(red)");
     EXPECT_EQ(u.p_label, "kPa");
@@ -70,7 +70,7 @@ TEST_F(Session, ReducedUnitsNameThePressureInTheLabelOfT) {
 
 TEST_F(Session, SpecificUnitsDivideByTheMolarMass) {
     session.change()->substance.M = 44.0F;
-    session.change()->unitSystem = models::UnitSystem::specific;
+    session.change()->unit_system = models::UnitSystem::specific;
     const models::Units u = session::present_units(session);
     EXPECT_DOUBLE_EQ(u.v, 1.0 / 44.0);
     EXPECT_EQ(u.v_label, "m^3/kg  ");
@@ -100,7 +100,7 @@ TEST_F(Session, ListenersAreToldOnceWhenTheOutermostChangeEnds) {
     const session::Connection connection = session.on_change([&] { ++told; });
     {
         const auto outer = session.change();
-        outer->batchMode = true;
+        outer->batch_mode = true;
         session.change()->english = false;
         EXPECT_EQ(told, 0);
     }
@@ -117,7 +117,7 @@ TEST_F(Session, WhoHasLeftIsNotToldAnyMore) {
         second.end();
     });
     second = session.on_change([&] { told.push_back("second"); });
-    session.change()->batchMode = true;
+    session.change()->batch_mode = true;
     EXPECT_EQ(told, std::vector<std::string>{"first"});
 }
 
@@ -141,19 +141,19 @@ TEST_F(Session, TheFluidFollowsTheState) {
 
 TEST_F(Session, ResetSessionDisablesWhatNeedsASubstance) {
     using session::Command;
-    const auto needing = {Command::mnuCalcMain, Command::mnuOptions, Command::mnuFitting,
-                          Command::mnu2D,       Command::mnu3D,      Command::mnuData_SaveProject,
+    const auto needing = {Command::calculations, Command::options,  Command::fitting,
+                          Command::diagrams,     Command::surfaces, Command::saveProject,
                           Command::toolSave};
     session::set_commands(session, needing, true);
-    session.change()->substanceNumber = 7;
-    session.change()->batchMode = true;
-    session.change()->models.HLVModel = codes::hlv(3);
+    session.change()->substance_number = 7;
+    session.change()->batch_mode = true;
+    session.change()->models.vaporisation = codes::hlv(3);
     session::reset_session(session);
     for (const Command c : needing) EXPECT_FALSE(session::is_enabled(session, c));
-    EXPECT_EQ(session->substanceNumber, 0);
-    EXPECT_FALSE(session->batchMode);
-    EXPECT_EQ(models::code_of(session->models.HLVModel), 0);
-    EXPECT_EQ(session->reference.RefMode, 1);
+    EXPECT_EQ(session->substance_number, 0);
+    EXPECT_FALSE(session->batch_mode);
+    EXPECT_EQ(models::code_of(session->models.vaporisation), 0);
+    EXPECT_EQ(session->reference.mode, 1);
 }
 
 }  // namespace

@@ -10,15 +10,15 @@ namespace {
 class SessionStatus : public SessionTest {
   protected:
     void loadPropane() {
-        session.change()->databaseFile = "STUDENT.Q05";
+        session.change()->database_file = "STUDENT.Q05";
         session.change()->database = student();
-        session.change()->substanceNumber = 45;
+        session.change()->substance_number = 45;
         session.change()->substance = fluids::ReferencePropane();
-        session.change()->substance.Name = "Propane";
-        session.change()->substance.Formula = "C3H8";
-        session.change()->substance.CASRN = "74-98-6     ";
-        session.change()->models.EOSModel = codes::eos(6);
-        session.change()->models.VPModel = codes::vp(4);
+        session.change()->substance.name = "Propane";
+        session.change()->substance.formula = "C3H8";
+        session.change()->substance.casrn = "74-98-6     ";
+        session.change()->models.eos = codes::eos(6);
+        session.change()->models.vapour_pressure = codes::vp(4);
     }
     /// A database of 96 substances.
     static datafiles::Database student() {
@@ -39,7 +39,7 @@ TEST_F(SessionStatus, WithoutADatabaseThatIsAll) {
 }
 
 TEST_F(SessionStatus, ADatabaseWithoutASubstance) {
-    session.change()->databaseFile = "STUDENT.Q05";
+    session.change()->database_file = "STUDENT.Q05";
     session.change()->database = student();
     EXPECT_EQ(text(), kHead + "... no substance\n... exper. T-p-rho-HLV-cp data: none" + kFoot);
 }
@@ -51,7 +51,7 @@ TEST_F(SessionStatus, ASubstanceComesWithItsModels) {
                           "    CEOS Peng / Robinson (Priority!),  Vapour press. equ.: Wagner\n"
                           "... exper. T-p-rho-HLV-cp data: none" +
                           kFoot);
-    session.change()->models.EOSModel = codes::eos(-1);
+    session.change()->models.eos = codes::eos(-1);
     EXPECT_NE(text().find("Propane (#45)\n    no models\n"), std::string::npos);
 }
 
@@ -71,7 +71,7 @@ TEST_F(SessionStatus, DataOfAFileNameTheirSource) {
                           "  with 12 sets of data\n(for more"),
               std::string::npos);
     session.change()->measured.file = "propane.BAQ";
-    session.change()->folderMeasured = "x";
+    session.change()->folder_measured = "x";
     EXPECT_EQ(text().find("  from "), std::string::npos) << "a source of two characters is none";
 
     session.change()->measured.casrn = "74-98-6";
@@ -85,36 +85,35 @@ TEST_F(SessionStatus, PanelsMarkTheModelWithPriority) {
     session::StatusPanels panels = session::panel_texts(session, true);
     EXPECT_EQ(panels.substance, "Propane");
     EXPECT_EQ(panels.eos, "CEOS Peng / Robinson (Priority!)");
-    EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
-    session.change()->models.PriorityCEOS = false;
+    EXPECT_EQ(panels.vapour_pressure, "Vapour press. equ.: Wagner");
+    session.change()->models.eos_has_priority = false;
     panels = session::panel_texts(session, true);
     EXPECT_EQ(panels.eos, "CEOS Peng / Robinson");
-    EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner (Priority!)");
-    session.change()->models.EOSModel = codes::eos(16);
-    session.change()->models.EOSOnlyV = true;
+    EXPECT_EQ(panels.vapour_pressure, "Vapour press. equ.: Wagner (Priority!)");
+    session.change()->models.eos = codes::eos(16);
+    session.change()->models.vapour_only = true;
     panels = session::panel_texts(session, true);
     EXPECT_EQ(panels.eos, "VIRIAL Equ. Pitzer / Curl");
-    EXPECT_EQ(panels.vapourPressure, "Vapour press. equ.: Wagner");
+    EXPECT_EQ(panels.vapour_pressure, "Vapour press. equ.: Wagner");
     panels = session::panel_texts(session, false);
     EXPECT_EQ(panels.substance, "Propane");
     EXPECT_EQ(panels.eos, "");
-    EXPECT_EQ(panels.vapourPressure, "");
+    EXPECT_EQ(panels.vapour_pressure, "");
 }
 
 TEST_F(SessionStatus, ParametersOfTheIdealGasAndOfPitzerCurlAreOneSentence) {
-    session.change()->models.EOSModel = codes::eos(0);
+    session.change()->models.eos = codes::eos(0);
     EXPECT_EQ(session::parameter_report(session).text, "Selected: Ideal gas equation");
-    session.change()->models.EOSModel = codes::eos(16);
+    session.change()->models.eos = codes::eos(16);
     EXPECT_EQ(session::parameter_report(session).text,
               "Parameters of PITZER/CURL equation \ncf. Help in the window \"Models\"");
 }
 
 TEST_F(SessionStatus, ParametersAreListedWithTheCriticalVolume) {
-    session.change()->models.EOSModel = codes::eos(4);
-    session.change()->eosParameters = {
-        .eosA0 = 1.5, .eosB0 = 0.025, .eosC0 = 0, .eosD0 = 0.25, .eosNA = -0.5};
-    session.change()->eosParameters.vcritCalc = 0.25;
-    session.change()->eosParameters.rhocritCalc = 176;
+    session.change()->models.eos = codes::eos(4);
+    session.change()->eos_parameters = {.a0 = 1.5, .b0 = 0.025, .c0 = 0, .d0 = 0.25, .na = -0.5};
+    session.change()->eos_parameters.vcrit_calculated = 0.25;
+    session.change()->eos_parameters.rhocrit_calculated = 176;
     const session::Report report = session::parameter_report(session);
     EXPECT_EQ(report.title, " Parameters of the EOS ");
     EXPECT_EQ(report.text,

@@ -43,22 +43,22 @@ TEST_F(SubstanceChoice, FormulaAndCasrnOfAnEntry) {
 }
 
 TEST_F(SubstanceChoice, TakingASubstanceReadsItAndComputesWhatDependsOnIt) {
-    session.change()->models.EOSModel = codes::eos(6);
-    session.change()->models.HLVModel = codes::hlv(3);
-    session::set_commands(session, {Command::mnuCalcMain, Command::mnu2D}, true);
+    session.change()->models.eos = codes::eos(6);
+    session.change()->models.vaporisation = codes::hlv(3);
+    session::set_commands(session, {Command::calculations, Command::diagrams}, true);
     EXPECT_TRUE(session::take_substance(session, 2));
-    EXPECT_EQ(session->substanceNumber, 2);
-    EXPECT_TRUE(session->substanceSet);
-    EXPECT_EQ(session->substance.Name, "Propane");
-    EXPECT_NEAR(session->eosParameters.eosB0,
+    EXPECT_EQ(session->substance_number, 2);
+    EXPECT_TRUE(session->substance_set);
+    EXPECT_EQ(session->substance.name, "Propane");
+    EXPECT_NEAR(session->eos_parameters.b0,
                 0.0778 * 8.31451 * session->substance.Tcrit / session->substance.pcrit, 1e-5);
-    EXPECT_NE(session->substance.THO.A, 0.0F);
-    EXPECT_EQ(models::code_of(session->models.HLVModel), 0)
+    EXPECT_NE(session->substance.thompson.A, 0.0F);
+    EXPECT_EQ(models::code_of(session->models.vaporisation), 0)
         << "a new substance begins a new session";
-    EXPECT_TRUE(session::is_enabled(session, Command::mnuModel));
-    EXPECT_FALSE(session::is_enabled(session, Command::mnuCalcMain))
+    EXPECT_TRUE(session::is_enabled(session, Command::chooseModels));
+    EXPECT_FALSE(session::is_enabled(session, Command::calculations))
         << "until the models are confirmed";
-    EXPECT_FALSE(session::is_enabled(session, Command::mnu2D));
+    EXPECT_FALSE(session::is_enabled(session, Command::diagrams));
     EXPECT_TRUE(user.messages.empty());
     ASSERT_FALSE(user.pointer.empty());
     EXPECT_FALSE(user.pointer.back()) << "the busy pointer is gone";
@@ -80,7 +80,7 @@ TEST_F(SubstanceChoice, LoadedDataAreDeletedAfterAYesOnly) {
 }
 
 TEST_F(SubstanceChoice, WithoutCriticalDataNothingCanBeCalculated) {
-    session::set_commands(session, {Command::mnuModel, Command::mnuCalcMain}, true);
+    session::set_commands(session, {Command::chooseModels, Command::calculations}, true);
     EXPECT_FALSE(session::take_substance(session, 3));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(),
@@ -89,17 +89,17 @@ TEST_F(SubstanceChoice, WithoutCriticalDataNothingCanBeCalculated) {
               "With  Strange water no QUOR calculations are possible!");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_EQ(user.messages.back().icon, dialogs::Icon::Stop);
-    EXPECT_FALSE(session->substanceSet);
-    EXPECT_FALSE(session::is_enabled(session, Command::mnuModel));
-    EXPECT_FALSE(session::is_enabled(session, Command::mnuCalcMain));
+    EXPECT_FALSE(session->substance_set);
+    EXPECT_FALSE(session::is_enabled(session, Command::chooseModels));
+    EXPECT_FALSE(session::is_enabled(session, Command::calculations));
 }
 
 TEST_F(SubstanceChoice, ADatabaseThatCanNoLongerBeReadIsTold) {
-    session.change()->databaseFile = "TEST.Q05";
+    session.change()->database_file = "TEST.Q05";
     std::filesystem::resize_file(folder() / "TEST.Q05", 0);
     EXPECT_FALSE(session::take_substance(session, 1));
     EXPECT_EQ(user.lastText(), "The substance could not be read from the database TEST.Q05");
-    EXPECT_EQ(session->substanceNumber, 0);
+    EXPECT_EQ(session->substance_number, 0);
 }
 
 }  // namespace

@@ -23,21 +23,21 @@ class SubstanceEditor : public SessionTest {
   protected:
     SubstanceEditor() {
         session.change()->substance = fluids::ReferencePropane();
-        session.change()->models.VPModel = codes::vp("WAG");
-        session.change()->models.VPModel = codes::vp(4);
-        session.change()->models.EOSModel = codes::eos(6);
+        session.change()->models.vapour_pressure = codes::vp("WAG");
+        session.change()->models.vapour_pressure = codes::vp(4);
+        session.change()->models.eos = codes::eos(6);
     }
-    static const EditorField& field(int DD) {
-        return editor_field_table()[static_cast<std::size_t>(DD)];
+    static const EditorField& field(int index) {
+        return editor_field_table()[static_cast<std::size_t>(index)];
     }
 };
 
 /// Every numeric field of a record with a value of its own.
 models::SubstanceRecord Numbered() {
     models::SubstanceRecord s;
-    s.Name = "Somethane";
-    s.Formula = "C2 H9";
-    s.CASRN = "12-34-5     ";
+    s.name = "Somethane";
+    s.formula = "C2 H9";
+    s.casrn = "12-34-5     ";
     int value = 300;
     for (const EditorField& f : editor_field_table()) {
         ++value;
@@ -57,7 +57,7 @@ models::SubstanceRecord Numbered() {
 TEST_F(SubstanceEditor, EveryFieldHasItsIndexAndItsOwnPlace) {
     std::set<std::string> places;
     for (int i = 0; i < kEditorFields; ++i) {
-        EXPECT_EQ(field(i).DD, i);
+        EXPECT_EQ(field(i).index, i);
         ASSERT_TRUE(find_field(field(i).name).has_value()) << field(i).name;
         EXPECT_TRUE(places.insert(name_of(place_of(field(i)))).second) << i;
         EXPECT_FALSE(field(i).caption.empty()) << i;
@@ -95,18 +95,18 @@ TEST_F(SubstanceEditor, FieldsStandWhereTheyAreKnown) {
         EXPECT_EQ(place_of(field(b.last)).field, find_field(b.lastName)->field);
         for (int i = b.first; i <= b.last; ++i) EXPECT_EQ(field(i).frame, b.frame);
     }
-    for (const auto& [DD, name] : {std::pair{0, "M"},
-                                   {1, "Tboil"},
-                                   {2, "Ttriple"},
-                                   {3, "ptriple"},
-                                   {25, "rhoLTc"},
-                                   {26, "rhoLTLo"},
-                                   {80, "hLVTc"},
-                                   {81, "hLVTLo"},
-                                   {83, "Name"},
-                                   {84, "Formula"},
-                                   {85, "CASRN"}})
-        EXPECT_EQ(field(DD).name, name);
+    for (const auto& [index, name] : {std::pair{0, "M"},
+                                      {1, "Tboil"},
+                                      {2, "Ttriple"},
+                                      {3, "ptriple"},
+                                      {25, "rhoLTc"},
+                                      {26, "rhoLTLo"},
+                                      {80, "hLVTc"},
+                                      {81, "hLVTLo"},
+                                      {83, "Name"},
+                                      {84, "Formula"},
+                                      {85, "CASRN"}})
+        EXPECT_EQ(field(index).name, name);
     EXPECT_EQ(field(37).caption, "Abs(C2)");
     EXPECT_EQ(field(6).caption, "rho(cr) /(kg/m^3)");
     EXPECT_EQ(field(2).caption, "triple point temp. /K ");
@@ -148,12 +148,12 @@ TEST_F(SubstanceEditor, AnUntouchedFormAppliesToTheSameRecord) {
         apply_editor(texts, after, models);
         for (const EditorField& f : editor_field_table())
             if (f.editable) {
-                EXPECT_EQ(ValueOf(after, place_of(f)), ValueOf(before, place_of(f))) << f.name;
+                EXPECT_EQ(value_of(after, place_of(f)), value_of(before, place_of(f))) << f.name;
             }
-        EXPECT_EQ(after.hasCpPoly, before.hasCpPoly);
-        EXPECT_EQ(after.hasCpSinh, before.hasCpSinh);
-        EXPECT_EQ(after.hasCpL, before.hasCpL);
-        EXPECT_EQ(after.hasCpS, before.hasCpS);
+        EXPECT_EQ(after.has_cp_polynomial, before.has_cp_polynomial);
+        EXPECT_EQ(after.has_cp_sinh_cosh, before.has_cp_sinh_cosh);
+        EXPECT_EQ(after.has_cpL, before.has_cpL);
+        EXPECT_EQ(after.has_cpS, before.has_cpS);
     }
 }
 
@@ -165,7 +165,7 @@ TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
         models::SubstanceRecord s = numbered;
         models::ModelSelection models = session->models;
         EditorTexts texts = show_record(s);
-        const auto i = static_cast<std::size_t>(f.DD);
+        const auto i = static_cast<std::size_t>(f.index);
         texts[i] = "1234.5";
         apply_editor(texts, s, models);
         const double stored = std::visit(
@@ -175,22 +175,22 @@ TEST_F(SubstanceEditor, EveryFieldTakesWhatIsTyped) {
                 else
                     return -1;
             },
-            ValueOf(s, place_of(f)));
+            value_of(s, place_of(f)));
         EXPECT_EQ(stored,
                   is_bound(*place_of(f).field) ? 1234 : 1234.5);  // bounds round half to even
 
         texts[i] = "0";
         apply_editor(texts, s, models);
         const bool bound = is_bound(*place_of(f).field);
-        EXPECT_EQ(texts[i], f.DD == 37 ? " 0.1" : " 0");
-        if (!bound && f.DD != 37) {
+        EXPECT_EQ(texts[i], f.index == 37 ? " 0.1" : " 0");
+        if (!bound && f.index != 37) {
             EXPECT_EQ(show_record(s)[i], " 0");
         }
 
         texts[i] = "";
         apply_editor(texts, s, models);
-        if (f.DD == 37) continue;  // C2 of the sinh/cosh function is never left without a value
-        if (f.DD == 1) continue;   // the boiling point is computed anew
+        if (f.index == 37) continue;  // C2 of the sinh/cosh function is never left without a value
+        if (f.index == 1) continue;   // the boiling point is computed anew
         EXPECT_EQ(texts[i], "<>");
         EXPECT_EQ(show_record(s)[i], "<>");
     }
@@ -202,11 +202,11 @@ TEST_F(SubstanceEditor, NamesNeverBecomeZeros) {
     texts[84] = " X0 Y ";
     texts[85] = "";
     session::apply_editor(session, texts);
-    EXPECT_EQ(session->substance.Name, "0");
+    EXPECT_EQ(session->substance.name, "0");
     EXPECT_EQ(texts[83], "0");
-    EXPECT_EQ(session->substance.Formula, "X0 Y");
-    EXPECT_EQ(session->substance.FormulaCompact, "X0Y");
-    EXPECT_EQ(session->substance.CASRN, "            ");
+    EXPECT_EQ(session->substance.formula, "X0 Y");
+    EXPECT_EQ(session->substance.formula_compact, "X0Y");
+    EXPECT_EQ(session->substance.casrn, "            ");
     EXPECT_EQ(texts[85], "<>");
 }
 
@@ -226,7 +226,7 @@ TEST_F(SubstanceEditor, ACommaIsAPointAndOtherKeysAreSwallowed) {
 
 TEST_F(SubstanceEditor, AValueBeyondItsFieldLeavesTheRecord) {
     const float before = session->substance.Tboil;
-    const std::int16_t TLo = session->substance.ALP.TLo;
+    const std::int16_t T_low = session->substance.antoine_low.T_low;
     EditorTexts texts = show_record(session->substance);
     texts[1] = "1E300";
     texts[11] = "99999";
@@ -234,7 +234,7 @@ TEST_F(SubstanceEditor, AValueBeyondItsFieldLeavesTheRecord) {
     session::apply_editor(session, texts);
     EXPECT_EQ(session->substance.Tboil, before);
     EXPECT_EQ(texts[1], editor_text(before));
-    EXPECT_EQ(session->substance.ALP.TLo, TLo);
+    EXPECT_EQ(session->substance.antoine_low.T_low, T_low);
     EXPECT_EQ(session->substance.Ttriple, 90);
 }
 
@@ -245,17 +245,17 @@ TEST_F(SubstanceEditor, SinhFunctionKeepsADenominator) {
     texts[40] = "200";
     texts[41] = "900";
     session::apply_editor(session, texts);
-    EXPECT_EQ(session->substance.cpSinh.c[2], 0.1F);
+    EXPECT_EQ(session->substance.cp_sinh_cosh.c[2], 0.1F);
     EXPECT_EQ(texts[37], " 0.1");
-    EXPECT_TRUE(session->substance.hasCpSinh);
+    EXPECT_TRUE(session->substance.has_cp_sinh_cosh);
     texts[37] = "-1500";
     session::apply_editor(session, texts);
-    EXPECT_EQ(session->substance.cpSinh.c[2], 1500);
+    EXPECT_EQ(session->substance.cp_sinh_cosh.c[2], 1500);
     texts[35] = "";
     texts[37] = "";
     session::apply_editor(session, texts);
-    EXPECT_EQ(session->substance.cpSinh.c[2], 0);
-    EXPECT_FALSE(session->substance.hasCpSinh);
+    EXPECT_EQ(session->substance.cp_sinh_cosh.c[2], 0);
+    EXPECT_FALSE(session->substance.has_cp_sinh_cosh);
 }
 
 TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
@@ -268,36 +268,36 @@ TEST_F(SubstanceEditor, FlagsOfTheHeatCapacitiesFollow) {
         texts[i + 6] = "300";
     }
     session::apply_editor(session, texts);
-    EXPECT_FALSE(session->substance.hasCpPoly);  // the ideal gas needs C0
-    EXPECT_TRUE(session->substance.hasCpL);      // a condensed phase C0 or C1
-    EXPECT_TRUE(session->substance.hasCpS);
+    EXPECT_FALSE(session->substance.has_cp_polynomial);  // the ideal gas needs C0
+    EXPECT_TRUE(session->substance.has_cpL);             // a condensed phase C0 or C1
+    EXPECT_TRUE(session->substance.has_cpS);
     texts[28] = "30";
     texts[113] = "";
     session::apply_editor(session, texts);
-    EXPECT_TRUE(session->substance.hasCpPoly);
-    EXPECT_FALSE(session->substance.hasCpL);
+    EXPECT_TRUE(session->substance.has_cp_polynomial);
+    EXPECT_FALSE(session->substance.has_cpL);
 }
 
 TEST_F(SubstanceEditor, AnEquationIsChosenWhereThereIsNone) {
     EditorTexts texts = show_record(session->substance);
-    for (const int DD : {8, 9, 10, 11, 12, 13, 14, 15, 16, 17})
-        texts[static_cast<std::size_t>(DD)] = "";
-    session.change()->models.VPModel = codes::vp("000");
-    session.change()->models.VPModel = codes::vp(0);
+    for (const int index : {8, 9, 10, 11, 12, 13, 14, 15, 16, 17})
+        texts[static_cast<std::size_t>(index)] = "";
+    session.change()->models.vapour_pressure = codes::vp("000");
+    session.change()->models.vapour_pressure = codes::vp(0);
     session::apply_editor(session, texts);  // WAG is there, but only the Antoine sets are looked at
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "000");
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "000");
     const char* antoine[] = {"6", "800", "247", "150", "250"};
     for (std::size_t k = 0; k < 5; ++k) texts[13 + k] = antoine[k];
     session::apply_editor(session, texts);
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "AHP");
-    EXPECT_EQ(session->models.VPModel, codes::vp("AHP"));
-    session.change()->models.VPModel = codes::vp("000");
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "AHP");
+    EXPECT_EQ(session->models.vapour_pressure, codes::vp("AHP"));
+    session.change()->models.vapour_pressure = codes::vp("000");
     for (std::size_t k = 0; k < 5; ++k) texts[8 + k] = antoine[k];
     session::apply_editor(session, texts);
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "ALP");
-    session.change()->models.VPModel = codes::vp("WAG");
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "ALP");
+    session.change()->models.vapour_pressure = codes::vp("WAG");
     session::apply_editor(session, texts);
-    EXPECT_EQ(models::vp_code(session->models.VPModel), "WAG");
+    EXPECT_EQ(models::vp_code(session->models.vapour_pressure), "WAG");
 }
 
 TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
@@ -312,8 +312,8 @@ TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
         101.325, 0.02);
     EXPECT_EQ(texts[1], editor_text(session->substance.Tboil));
     texts[1] = "";
-    session.change()->models.VPModel = codes::vp("000");
-    for (int DD = 8; DD <= 17; ++DD) texts[static_cast<std::size_t>(DD)] = "";
+    session.change()->models.vapour_pressure = codes::vp("000");
+    for (int index = 8; index <= 17; ++index) texts[static_cast<std::size_t>(index)] = "";
     session::apply_editor(session, texts);
     EXPECT_EQ(session->substance.Tboil, 0);
 }
@@ -325,18 +325,19 @@ TEST_F(SubstanceEditor, CorrelatedSetsFollowTheCriticalPoint) {
     texts[5] = "4000";
     session::apply_editor(session, texts);
     const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
-    EXPECT_FLOAT_EQ(session->substance.AUG.B, static_cast<float>(B));
-    EXPECT_FLOAT_EQ(session->substance.AUG.A, static_cast<float>(std::log(4000.0) - B / 400));
-    EXPECT_EQ(texts[47], editor_text(session->substance.AUG.B));
+    EXPECT_FLOAT_EQ(session->substance.august.B, static_cast<float>(B));
+    EXPECT_FLOAT_EQ(session->substance.august.A, static_cast<float>(std::log(4000.0) - B / 400));
+    EXPECT_EQ(texts[47], editor_text(session->substance.august.B));
     // Thompson: C = 18 - 0.19 Tboil + 273.15.
-    EXPECT_FLOAT_EQ(session->substance.THO.C, static_cast<float>(18 - 0.19 * 240 + 273.15));
-    EXPECT_EQ(texts[50], editor_text(session->substance.THO.C));
+    EXPECT_FLOAT_EQ(session->substance.thompson.C, static_cast<float>(18 - 0.19 * 240 + 273.15));
+    EXPECT_EQ(texts[50], editor_text(session->substance.thompson.C));
     // Frost-Kalkwarf: E = e Tcrit^f / pcrit.
-    EXPECT_FLOAT_EQ(session->substance.KFW.a[4], static_cast<float>(0.183218 * 400 * 400 / 4000));
-    EXPECT_FLOAT_EQ(session->substance.KFR.a[4],
+    EXPECT_FLOAT_EQ(session->substance.frost_van_der_waals.a[4],
+                    static_cast<float>(0.183218 * 400 * 400 / 4000));
+    EXPECT_FLOAT_EQ(session->substance.frost_redlich_kwong.a[4],
                     static_cast<float>(0.185652 * std::pow(400, 2.5) / 4000));
-    EXPECT_EQ(texts[90], editor_text(session->substance.KFW.a[4]));
-    EXPECT_EQ(texts[101], editor_text(session->substance.KFR.a[4]));
+    EXPECT_EQ(texts[90], editor_text(session->substance.frost_van_der_waals.a[4]));
+    EXPECT_EQ(texts[101], editor_text(session->substance.frost_redlich_kwong.a[4]));
 }
 
 TEST_F(SubstanceEditor, WithoutCriticalDataTheCorrelatedSetsStayEmpty) {
@@ -348,52 +349,52 @@ TEST_F(SubstanceEditor, WithoutCriticalDataTheCorrelatedSetsStayEmpty) {
 }
 
 TEST_F(SubstanceEditor, TheFormShowsTheCorrelatedSetsWithoutTouchingTheRecord) {
-    session.change()->substance.KFW = {};
-    session.change()->substance.THO = {};
+    session.change()->substance.frost_van_der_waals = {};
+    session.change()->substance.thompson = {};
     const EditorTexts texts = show_record(session->substance);
     EXPECT_NE(texts[86], "<>");
     EXPECT_NE(texts[48], "<>");
-    EXPECT_EQ(session->substance.KFW.a[0], 0);
-    EXPECT_EQ(session->substance.THO.A, 0);
+    EXPECT_EQ(session->substance.frost_van_der_waals.a[0], 0);
+    EXPECT_EQ(session->substance.thompson.A, 0);
 }
 
 TEST_F(SubstanceEditor, WatsonWithoutItsPointGivesWayToChen) {
-    session.change()->models.HLVModel = codes::hlv(4);
+    session.change()->models.vaporisation = codes::hlv(4);
     EditorTexts texts = show_record(session->substance);
     texts[42] = "18000";
     texts[43] = "231";
     session::apply_editor(session, texts);
-    EXPECT_EQ(models::code_of(session->models.HLVModel), 4);
+    EXPECT_EQ(models::code_of(session->models.vaporisation), 4);
     EXPECT_EQ(user.beeps, 0);
     texts[43] = "";
     session::apply_editor(session, texts);
-    EXPECT_EQ(models::code_of(session->models.HLVModel), 2);
+    EXPECT_EQ(models::code_of(session->models.vaporisation), 2);
     EXPECT_EQ(user.beeps, 1);
-    session.change()->models.HLVModel = codes::hlv(3);
+    session.change()->models.vaporisation = codes::hlv(3);
     session::apply_editor(session, texts);
-    EXPECT_EQ(models::code_of(session->models.HLVModel), 3);
+    EXPECT_EQ(models::code_of(session->models.vaporisation), 3);
     EXPECT_EQ(user.beeps, 1);
 }
 
 TEST_F(SubstanceEditor, EosAndUnitsFollow) {
     ASSERT_TRUE(session::compute_constants(session, codes::eos(6)));
-    const double before = session->eosParameters.eosA0;
-    session.change()->unitSystem = models::UnitSystem::specific;
+    const double before = session->eos_parameters.a0;
+    session.change()->unit_system = models::UnitSystem::specific;
     EditorTexts texts = show_record(session->substance);
     texts[0] = "50";
     texts[4] = "400";
     texts[6] = "250";
     session::apply_editor(session, texts);
-    EXPECT_NEAR(session->eosParameters.eosA0 / before, std::pow(400 / 369.89, 2), 1e-9);
+    EXPECT_NEAR(session->eos_parameters.a0 / before, std::pow(400 / 369.89, 2), 1e-9);
     EXPECT_DOUBLE_EQ(session::present_units(session).v, 1 / 50.0);
-    EXPECT_DOUBLE_EQ(session->substance.vcritExp, 50.0 / 250);
+    EXPECT_DOUBLE_EQ(session->substance.vcrit_measured, 50.0 / 250);
     // Manual virial coefficients stay.
-    session.change()->models.EOSModel = codes::eos(10);
-    session.change()->models.manualVirial = {0.1, 20, 0.5};
+    session.change()->models.eos = codes::eos(10);
+    session.change()->models.manual_virial = {0.1, 20, 0.5};
     session::apply_editor(session, texts);
-    EXPECT_EQ(session->eosParameters.eosB0, 0.1);
-    EXPECT_EQ(session->eosParameters.eosNB, 20);
-    EXPECT_EQ(session->eosParameters.eosNV, 0.5);
+    EXPECT_EQ(session->eos_parameters.b0, 0.1);
+    EXPECT_EQ(session->eos_parameters.nb, 20);
+    EXPECT_EQ(session->eos_parameters.nv, 0.5);
 }
 
 TEST_F(SubstanceEditor, EntropyOfFormationFollows) {
@@ -409,21 +410,21 @@ TEST_F(SubstanceEditor, EntropyOfFormationFollows) {
 
 TEST_F(SubstanceEditor, RecalculationTakesTheFieldsAndLeavesTheRecord) {
     EditorTexts texts = show_record(session->substance);
-    const models::VPSetAugust AUG = session->substance.AUG;
+    const models::AugustSet august = session->substance.august;
     texts[1] = "240";
     texts[4] = " 400";
     texts[5] = "4000";
     const double B = 240.0 * 400 * std::log(4000 / 101.325) / (240 - 400);
     recalculate(EditorCorrelation::August, texts);
     EXPECT_EQ(texts[47], editor_text(static_cast<float>(B)));
-    EXPECT_EQ(texts[50], editor_text(session->substance.THO.C));
+    EXPECT_EQ(texts[50], editor_text(session->substance.thompson.C));
     recalculate(EditorCorrelation::Antoine, texts);
     EXPECT_EQ(texts[50], editor_text(static_cast<float>(18 - 0.19 * 240 + 273.15)));
     recalculate(EditorCorrelation::KFW, texts);
     EXPECT_EQ(texts[90], editor_text(static_cast<float>(0.183218 * 400 * 400 / 4000)));
     recalculate(EditorCorrelation::KFR, texts);
     EXPECT_EQ(texts[102], editor_text(2.5F));
-    EXPECT_EQ(session->substance.AUG.B, AUG.B);
+    EXPECT_EQ(session->substance.august.B, august.B);
     EXPECT_EQ(session->substance.Tcrit, 369.89);
     // Without critical data nothing happens.
     const EditorTexts before = texts;
@@ -463,7 +464,7 @@ TEST_F(SubstanceEditor, ClosingAsksForChangedFields) {
 
 TEST_F(SubstanceEditor, CaptionsNameEquationAndDatabase) {
     EXPECT_EQ(session::active_equation_caption(session), "actual vapour-pressure equation: Wagner");
-    session.change()->databaseFile = "student.q05";
+    session.change()->database_file = "student.q05";
     EXPECT_EQ(session::database_caption(session), "Database loaded:  STUDENT.Q05");
     EXPECT_EQ(kEditorNote, " Note: Any changes are lost without \"Apply\" ");
     EXPECT_EQ(kEditorLegend, "<> = empty");

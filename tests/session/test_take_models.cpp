@@ -22,9 +22,9 @@ class TakeModels : public SessionTest {
         const auto now = session.change();
         models::SubstanceRecord& s = now->substance;
         s = fluids::ReferencePropane();
-        s.Name = "Propane";
-        for (models::VPSetAntoine* set : {&s.ALP, &s.AHP}) set->A = 5.0F;
-        s.FRO.TLo = s.WAG.TLo = 100;
+        s.name = "Propane";
+        for (models::AntoineSet* set : {&s.antoine_low, &s.antoine_high}) set->A = 5.0F;
+        s.frost.T_low = s.wagner.T_low = 100;
     }
     ModelChoice choice() { return ModelChoice(session->substance, session->models); }
     ModelChoice with(Eos eos) {
@@ -35,30 +35,30 @@ class TakeModels : public SessionTest {
 };
 
 TEST_F(TakeModels, ComputesWhatTheSelectionNeeds) {
-    session.change()->substance.KFW = {};
+    session.change()->substance.frost_van_der_waals = {};
     ModelChoice c = with(Eos::redlichKwong);
     c.choose_vp(models::index_of(c.vp(), models::VapourPressureEquation::frostVanDerWaals));
     EXPECT_TRUE(session::take_models(session, c));
     EXPECT_EQ(session->models, c.models());
-    EXPECT_NEAR(session->eosParameters.eosB0,
+    EXPECT_NEAR(session->eos_parameters.b0,
                 0.08664 * 8.31451 * session->substance.Tcrit / session->substance.pcrit, 1e-6);
-    EXPECT_NE(session->substance.KFW.a[0], 0.0F);
+    EXPECT_NE(session->substance.frost_van_der_waals.a[0], 0.0F);
     EXPECT_TRUE(user.messages.empty());
 }
 
 TEST_F(TakeModels, EnablesTheCommandsOfACompleteChoice) {
     using session::Command;
-    const auto all = {Command::mnuCalcMain, Command::mnuOptions,    Command::mnuFitting,
-                      Command::mnu2D,       Command::mnu3D,         Command::mnuData_SaveProject,
-                      Command::toolSave,    Command::toolReference, Command::toolTank};
+    const auto all = {Command::calculations, Command::options,       Command::fitting,
+                      Command::diagrams,     Command::surfaces,      Command::saveProject,
+                      Command::toolSave,     Command::toolReference, Command::toolTank};
     for (const Command c : all) EXPECT_FALSE(session::is_enabled(session, c));
     EXPECT_TRUE(session::take_models(session, choice()));
     for (const Command c : all) EXPECT_TRUE(session::is_enabled(session, c));
     EXPECT_TRUE(session::is_enabled(session, Command::needsLPhase));
-    EXPECT_GT(session->coordinates.pMax, 0) << "the limits of diagrams are proposed";
+    EXPECT_GT(session->coordinates.p_max, 0) << "the limits of diagrams are proposed";
 
     EXPECT_TRUE(session::take_models(session, with(Eos::virialVanDerWaals)));
-    EXPECT_TRUE(session::is_enabled(session, Command::mnuCalcMain));
+    EXPECT_TRUE(session::is_enabled(session, Command::calculations));
     EXPECT_FALSE(session::is_enabled(session, Command::needsLPhase));
 }
 
@@ -72,7 +72,7 @@ TEST_F(TakeModels, AMissingAcentricFactorIsToldAndTheCalculationGoesOn) {
               "No acentric factor available.\nCalculated by using omega = 0\n"
               "(Input => data editor)");
     EXPECT_EQ(user.lastTitle(), "WARNING");
-    EXPECT_TRUE(session::is_enabled(session, session::Command::mnuCalcMain));
+    EXPECT_TRUE(session::is_enabled(session, session::Command::calculations));
 }
 
 TEST_F(TakeModels, NoWarningWithoutNeedOfAnAcentricFactor) {
@@ -88,7 +88,7 @@ TEST_F(TakeModels, WithoutParametersOfJiTorvikNothingIsTaken) {
     EXPECT_FALSE(session::take_models(session, with(Eos::jiTorvik1)));
     ASSERT_FALSE(user.messages.empty());
     EXPECT_EQ(user.messages.front().text, "No parameter-file generated.");
-    EXPECT_FALSE(session::is_enabled(session, session::Command::mnuCalcMain));
+    EXPECT_FALSE(session::is_enabled(session, session::Command::calculations));
     EXPECT_EQ(session->models, before);
 }
 
@@ -96,17 +96,17 @@ TEST_F(TakeModels, OkDoesNotClearTheManualCoefficients) {
     ModelChoice c = with(Eos::manualVirial);
     c.set_manual_virial({0.05, 1500, 1.6});
     EXPECT_TRUE(session::take_models(session, c));
-    EXPECT_EQ(session->eosParameters.eosB0, 0.05);
-    EXPECT_EQ(session->eosParameters.eosNB, 1500.0);
-    EXPECT_EQ(session->eosParameters.eosNV, 1.6);
+    EXPECT_EQ(session->eos_parameters.b0, 0.05);
+    EXPECT_EQ(session->eos_parameters.nb, 1500.0);
+    EXPECT_EQ(session->eos_parameters.nv, 1.6);
     EXPECT_TRUE(session::take_models(session, with(Eos::pengRobinson)));
-    EXPECT_EQ(session->models.manualVirial.b1, 1500.0) << "they are proposed the next time";
+    EXPECT_EQ(session->models.manual_virial.b1, 1500.0) << "they are proposed the next time";
 }
 
 TEST_F(TakeModels, AChoiceThatIsNotTakenChangesNothing) {
     ASSERT_TRUE(session::take_models(session, choice()));
     const models::ModelSelection keptModels = session->models;
-    const models::EOSParameters keptParameters = session->eosParameters;
+    const models::EosParameters keptParameters = session->eos_parameters;
     ModelChoice c = with(Eos::manualVirial);
     c.choose_vp(2);
     c.choose_hlv(models::index_of(c.hlv(), models::VaporisationModel::watson));
@@ -114,23 +114,23 @@ TEST_F(TakeModels, AChoiceThatIsNotTakenChangesNothing) {
     c.set_priority_ceos(false);
     c.set_manual_virial({1, 2, 3});
     EXPECT_EQ(session->models, keptModels);
-    EXPECT_EQ(session->eosParameters, keptParameters);
+    EXPECT_EQ(session->eos_parameters, keptParameters);
 }
 
 TEST_F(TakeModels, BeforeTheFirstChoiceThereIsNone) {
     const ModelChoice c = choice();
-    EXPECT_EQ(session->models.EOSModel, Eos::none);
-    EXPECT_EQ(session->models.HLVModel, models::VaporisationModel::none);
+    EXPECT_EQ(session->models.eos, Eos::none);
+    EXPECT_EQ(session->models.vaporisation, models::VaporisationModel::none);
 }
 
 TEST_F(TakeModels, EverySubstanceGetsACompleteChoice) {
     for (const std::string& name : fluids::AllNames()) {
-        session::set_commands(session, {session::Command::mnuCalcMain}, false);
+        session::set_commands(session, {session::Command::calculations}, false);
         session.change()->substance = fluids::Row(name);
         session.change()->models = {};
         EXPECT_TRUE(session::take_models(session, choice())) << name;
-        EXPECT_GT(session->eosParameters.vcritCalc, 0.0) << name;
-        EXPECT_TRUE(session::is_enabled(session, session::Command::mnuCalcMain)) << name;
+        EXPECT_GT(session->eos_parameters.vcrit_calculated, 0.0) << name;
+        EXPECT_TRUE(session::is_enabled(session, session::Command::calculations)) << name;
     }
 }
 
@@ -143,7 +143,7 @@ TEST_F(TakeModels, AMissingParameterProgramIsTold) {
     EXPECT_EQ(user.messages[0].title, "Execution not possible");
     EXPECT_EQ(user.messages[1].text, "Error during EOS-parameter calculation");
     EXPECT_EQ(user.messages[1].title, "Execution not possible");
-    EXPECT_EQ(session->eosParameters.vcritCalc, 0);
+    EXPECT_EQ(session->eos_parameters.vcrit_calculated, 0);
 }
 
 TEST_F(TakeModels, AGarbledAnswerOfTheParameterProgramIsTold) {
@@ -153,8 +153,8 @@ TEST_F(TakeModels, AGarbledAnswerOfTheParameterProgramIsTold) {
     EXPECT_FALSE(session::compute_constants(session, Eos::jiTorvik1));
     ASSERT_EQ(user.messages.size(), 1U);
     EXPECT_EQ(user.lastText(), "Error during EOS-parameter calculation");
-    EXPECT_EQ(session->eosParameters.vcritCalc, 0);
-    EXPECT_EQ(session->jiTorvik.jtZc, 0);
+    EXPECT_EQ(session->eos_parameters.vcrit_calculated, 0);
+    EXPECT_EQ(session->ji_torvik.zc, 0);
     EXPECT_EQ(user.pointer, (std::vector<bool>{true, false}))
         << "the busy pointer shows while it waits";
 }
@@ -162,12 +162,12 @@ TEST_F(TakeModels, AGarbledAnswerOfTheParameterProgramIsTold) {
 TEST_F(TakeModels, GivenParametersAreNotAskedFor) {
     {
         const auto now = session.change();
-        now->jiTorvik = {.jtZc = 0.28, .jtM = 0.6, .jtP = 0.1, .jtQ = 0.2};
-        now->jiTorvikGiven = true;
+        now->ji_torvik = {.zc = 0.28, .m = 0.6, .p = 0.1, .q = 0.2};
+        now->ji_torvik_given = true;
     }
     EXPECT_TRUE(session::compute_constants(session, Eos::jiTorvik1));
     EXPECT_TRUE(user.messages.empty());
-    EXPECT_GT(session->eosParameters.vcritCalc, 0);
+    EXPECT_GT(session->eos_parameters.vcrit_calculated, 0);
 }
 
 }  // namespace

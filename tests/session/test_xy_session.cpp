@@ -30,7 +30,7 @@ TEST_F(XySession, LoadingReplacesTheListAndTellsTheFile) {
     EXPECT_EQ(user.files[0].title, "Load (Curve)Points");
     EXPECT_EQ(user.files[0].filter, "x-y Data (*.XY)|*.XY|(*.LRG)|*LRG");
     EXPECT_EQ(user.files[0].name, "*.XY");
-    EXPECT_EQ(session->folderXy, (folder() / "").string());
+    EXPECT_EQ(session->folder_xy, (folder() / "").string());
 }
 
 TEST_F(XySession, AMissingFileIsToldAndTheListStays) {
@@ -45,14 +45,14 @@ TEST_F(XySession, AMissingFileIsToldAndTheListStays) {
 TEST_F(XySession, SavingWritesTheActivePointsWithTheSessionsSeparator) {
     session.change()->xy.points = {{1, 2, 0}, {3, 4, -1}};
     session.change()->xy.comment = "c";
-    session.change()->csvSeparator = '\t';
+    session.change()->csv_separator = '\t';
     user.fileAnswers.push_back("B");
     EXPECT_TRUE(session::save_xy(session));
     EXPECT_EQ(builder::ReadFile(folder() / "B.XY"), "c\r\n.1000000E+01\t.2000000E+01\r\n");
     EXPECT_EQ(user.files[0].title, "(Curve)Points Save as ... ");
-    EXPECT_EQ(user.files[0].defaultExtension, ".XY");
+    EXPECT_EQ(user.files[0].default_extension, ".XY");
     EXPECT_EQ(user.files[0].filter, "x-y Data (*.XY)|*.XY");
-    EXPECT_TRUE(user.files[0].overwritePrompt);
+    EXPECT_TRUE(user.files[0].overwrite_prompt);
 }
 
 TEST_F(XySession, ChangedDataAreAskedAbout) {
@@ -72,7 +72,7 @@ TEST_F(XySession, ACurveIsSavedWithItsCount) {
               "2 curve points\r\n.1000000E+01;.1000000E+02\r\n.2000000E+01;.2000000E+02\r\n");
     EXPECT_EQ(user.files[0].title, "Save curve as *.XY");
     EXPECT_EQ(user.files[0].filter, "XY text file (*.XY)|*.XY");
-    EXPECT_EQ(user.files[0].defaultExtension, ".XY");
+    EXPECT_EQ(user.files[0].default_extension, ".XY");
     user.answers = {Answer::No};
     EXPECT_FALSE(session::save_curve_as_xy(session, curve));
     EXPECT_EQ(user.lastText(), "such a file is already existing\nOverwright?");

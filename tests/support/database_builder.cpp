@@ -17,8 +17,8 @@ void put(std::string& record, std::size_t offset, std::size_t width, const std::
 std::string Record(const Substance& s) {
     std::string record(684, '\0');
     put(record, 0, 12, s.formula);
-    put(record, 12, 40, s.nameEnglish);
-    put(record, 52, 40, s.nameGerman);
+    put(record, 12, 40, s.name_english);
+    put(record, 52, 40, s.name_german);
     put(record, 92, 12, s.casrn);
     put(record, 104, 41, s.text5);
     put(record, 145, 41, s.text6);
@@ -39,7 +39,7 @@ std::string Database(const std::vector<Substance>& substances) {
 Substance Plain(const std::string& name, const std::string& casrn) {
     Substance s;
     s.formula = "X2";
-    s.nameEnglish = name;
+    s.name_english = name;
     s.casrn = casrn;
     s.number = 1;
     s.slots = {{1, 50.0F}, {7, 400.0F}, {8, 4000.0F}, {9, 200.0F}, {10, 0.2F}, {11, 250.0F}};

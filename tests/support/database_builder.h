@@ -10,7 +10,7 @@
 namespace builder {
 
 struct Substance {
-    std::string formula{}, nameEnglish{}, nameGerman{}, casrn{};  ///< bytes of code page 1252
+    std::string formula{}, name_english{}, name_german{}, casrn{};  ///< bytes of code page 1252
     std::int16_t number = 0;
     std::map<int, float> slots{};  ///< by slot number from 1
     std::string text5{}, text6{};

@@ -79,17 +79,17 @@ double round4(double x) {
 
 void read_cp(const Reader& in, const std::string& name, models::CpSet& set) {
     in.fill(set.c, name + "_", 0);
-    set.TLo = in.t(name + "_TLo");
-    set.THi = in.t(name + "_THi");
+    set.T_low = in.t(name + "_TLo");
+    set.T_high = in.t(name + "_THi");
 }
 
 bool has_ideal(const models::CpSet& s) {
-    return std::fabs(static_cast<double>(s.TLo) * static_cast<double>(s.c[0]) *
-                     static_cast<double>(s.THi)) > 1e-6;
+    return std::fabs(static_cast<double>(s.T_low) * static_cast<double>(s.c[0]) *
+                     static_cast<double>(s.T_high)) > 1e-6;
 }
 
 bool has_condensed(const models::CpSet& s) {
-    return (std::fabs(s.c[0]) > 1e-6F || std::fabs(s.c[1]) > 1e-6F) && s.TLo > 0 && s.THi > 0;
+    return (std::fabs(s.c[0]) > 1e-6F || std::fabs(s.c[1]) > 1e-6F) && s.T_low > 0 && s.T_high > 0;
 }
 
 }  // namespace
@@ -105,15 +105,15 @@ models::SubstanceRecord Row(std::string_view name) {
         if (row.at("name_en") != name) continue;
         const Reader in{row};
         models::SubstanceRecord s;
-        s.Name = row.at("name_en");
-        s.Formula = s.FormulaCompact = row.at("formula");
-        s.CASRN = row.at("casrn");
-        s.CASRN.resize(12, ' ');
+        s.name = row.at("name_en");
+        s.formula = s.formula_compact = row.at("formula");
+        s.casrn = row.at("casrn");
+        s.casrn.resize(12, ' ');
         s.M = static_cast<float>(round4(static_cast<double>(in.f("M"))));
         s.Tcrit = round4(static_cast<double>(in.f("Tcrit")));
         s.pcrit = round4(static_cast<double>(in.f("pcrit")));
         s.rhocrit = static_cast<double>(in.f("rhocrit"));
-        s.vcritExp = s.rhocrit > 1e-6 ? static_cast<double>(s.M) / s.rhocrit : 0.0;
+        s.vcrit_measured = s.rhocrit > 1e-6 ? static_cast<double>(s.M) / s.rhocrit : 0.0;
         s.omega = static_cast<double>(in.f("omega"));
         s.Tboil = in.f("Tboil");
         s.Ttriple = in.f("Ttriple");
@@ -124,39 +124,41 @@ models::SubstanceRecord Row(std::string_view name) {
         if (std::fabs(s.dfh * s.dfg) > 1e-6F)
             s.dfs = static_cast<float>((static_cast<double>(s.dfh) - static_cast<double>(s.dfg)) /
                                        298.15);
-        for (auto [set, prefix] : {std::pair{&s.ALP, "ALP_"}, std::pair{&s.AHP, "AHP_"}}) {
+        for (auto [set, prefix] :
+             {std::pair{&s.antoine_low, "ALP_"}, std::pair{&s.antoine_high, "AHP_"}}) {
             const std::string p = prefix;
             *set = {in.f(p + "A"), in.f(p + "B"), in.f(p + "C"), in.t(p + "TLo"), in.t(p + "THi")};
         }
-        in.fill(s.FRO.a, "FRO_", 1);
-        s.FRO.TLo = in.t("FRO_TLo");
-        s.FRO.THi = in.t("FRO_THi");
-        in.fill(s.WAG.a, "WAG_", 1);
-        s.WAG.TLo = in.t("WAG_TLo");
-        s.WAG.THi = in.t("WAG_THi");
-        in.fill(s.rhoLPar, "rhoL_", 1);
-        s.rhoLTc = in.f("rhoLTc");
-        s.rhoLTLo = row.at("rhoLTLo") == "0" ? std::int16_t{0} : in.t("rhoLTLo");
-        s.rhoLTHi = in.t("rhoLTHi");
-        in.fill(s.rhoSPar, "rhoS_", 1);
-        s.rhoSTLo = in.t("rhoSTLo");
-        s.rhoSTHi = in.t("rhoSTHi");
-        in.fill(s.hLVPar, "hLV_", 1);
-        s.hLVTc = in.f("hLVTc");
-        s.hLVTLo = in.t("hLVTLo");
-        s.hLVTHi = in.t("hLVTHi");
-        s.WatsonH = in.f("WatsonH");
-        s.WatsonT = in.f("WatsonT");
-        read_cp(in, "cpPoly", s.cpPoly);
-        read_cp(in, "cpSinh", s.cpSinh);
+        in.fill(s.frost.a, "FRO_", 1);
+        s.frost.T_low = in.t("FRO_TLo");
+        s.frost.T_high = in.t("FRO_THi");
+        in.fill(s.wagner.a, "WAG_", 1);
+        s.wagner.T_low = in.t("WAG_TLo");
+        s.wagner.T_high = in.t("WAG_THi");
+        in.fill(s.rhoL_coefficients, "rhoL_", 1);
+        s.rhoL_Tc = in.f("rhoLTc");
+        s.rhoL_T_low = row.at("rhoLTLo") == "0" ? std::int16_t{0} : in.t("rhoLTLo");
+        s.rhoL_T_high = in.t("rhoLTHi");
+        in.fill(s.rhoS_coefficients, "rhoS_", 1);
+        s.rhoS_T_low = in.t("rhoSTLo");
+        s.rhoS_T_high = in.t("rhoSTHi");
+        in.fill(s.hLV_coefficients, "hLV_", 1);
+        s.hLV_Tc = in.f("hLVTc");
+        s.hLV_T_low = in.t("hLVTLo");
+        s.hLV_T_high = in.t("hLVTHi");
+        s.watson_hLV = in.f("WatsonH");
+        s.watson_T = in.f("WatsonT");
+        read_cp(in, "cpPoly", s.cp_polynomial);
+        read_cp(in, "cpSinh", s.cp_sinh_cosh);
         read_cp(in, "cpL", s.cpL);
         read_cp(in, "cpS", s.cpS);
-        s.cpSinh.c[2] = std::fabs(s.cpSinh.c[2]);
-        if (std::fabs(s.cpSinh.c[0]) > 1e-6F && s.cpSinh.c[2] < 1e-6F) s.cpSinh.c[2] = 0.1F;
-        s.hasCpPoly = has_ideal(s.cpPoly);
-        s.hasCpSinh = has_ideal(s.cpSinh);
-        s.hasCpL = has_condensed(s.cpL);
-        s.hasCpS = has_condensed(s.cpS);
+        s.cp_sinh_cosh.c[2] = std::fabs(s.cp_sinh_cosh.c[2]);
+        if (std::fabs(s.cp_sinh_cosh.c[0]) > 1e-6F && s.cp_sinh_cosh.c[2] < 1e-6F)
+            s.cp_sinh_cosh.c[2] = 0.1F;
+        s.has_cp_polynomial = has_ideal(s.cp_polynomial);
+        s.has_cp_sinh_cosh = has_ideal(s.cp_sinh_cosh);
+        s.has_cpL = has_condensed(s.cpL);
+        s.has_cpS = has_condensed(s.cpS);
         return s;
     }
     throw std::runtime_error("no such substance: " + std::string(name));
@@ -168,10 +170,10 @@ models::SubstanceRecord ReferencePropane() {
         return Json::parse(in).at("substance");
     }();
     models::SubstanceRecord s;
-    s.Name = fluid.at("Name");
-    s.Formula = s.FormulaCompact = fluid.at("Formula");
-    s.CASRN = fluid.at("CASRN");
-    s.CASRN.resize(12, ' ');
+    s.name = fluid.at("Name");
+    s.formula = s.formula_compact = fluid.at("Formula");
+    s.casrn = fluid.at("CASRN");
+    s.casrn.resize(12, ' ');
     const auto number = [&](const char* key, auto& field) { fluid.at(key).get_to(field); };
     const auto set = [&](const std::string& key, auto& a) {
         for (std::size_t i = 0; i < a.size(); ++i) fluid.at(key).at(i).get_to(a[i]);
@@ -183,55 +185,56 @@ models::SubstanceRecord ReferencePropane() {
     number("Tcrit", s.Tcrit);
     number("pcrit", s.pcrit);
     number("rhocrit", s.rhocrit);
-    number("vcritExp", s.vcritExp);
+    number("vcritExp", s.vcrit_measured);
     number("omega", s.omega);
     number("M", s.M);
     number("Tboil", s.Tboil);
-    number("rhoLboil", s.rhoLboil);
+    number("rhoLboil", s.rhoL_boil);
     number("Ttriple", s.Ttriple);
     number("ptriple", s.ptriple);
     number("dfh", s.dfh);
     number("dfg", s.dfg);
     number("dfs", s.dfs);
     number("sconv", s.sconv);
-    number("rhoLTc", s.rhoLTc);
-    number("hLVTc", s.hLVTc);
-    number("WatsonH", s.WatsonH);
-    number("WatsonT", s.WatsonT);
-    for (auto [target, key] :
-         {std::pair{&s.ALP, "ALP"}, std::pair{&s.AHP, "AHP"}, std::pair{&s.THO, "THO"}}) {
+    number("rhoLTc", s.rhoL_Tc);
+    number("hLVTc", s.hLV_Tc);
+    number("WatsonH", s.watson_hLV);
+    number("WatsonT", s.watson_T);
+    for (auto [target, key] : {std::pair{&s.antoine_low, "ALP"}, std::pair{&s.antoine_high, "AHP"},
+                               std::pair{&s.thompson, "THO"}}) {
         std::array<float, 3> abc{};
         set(key, abc);
         target->A = abc[0];
         target->B = abc[1];
         target->C = abc[2];
     }
-    range("ALP", s.ALP.TLo, s.ALP.THi);
-    range("AHP", s.AHP.TLo, s.AHP.THi);
-    set("FRO", s.FRO.a);
-    range("FRO", s.FRO.TLo, s.FRO.THi);
-    set("KFW", s.KFW.a);
-    set("KFR", s.KFR.a);
-    set("WAG", s.WAG.a);
-    range("WAG", s.WAG.TLo, s.WAG.THi);
+    range("ALP", s.antoine_low.T_low, s.antoine_low.T_high);
+    range("AHP", s.antoine_high.T_low, s.antoine_high.T_high);
+    set("FRO", s.frost.a);
+    range("FRO", s.frost.T_low, s.frost.T_high);
+    set("KFW", s.frost_van_der_waals.a);
+    set("KFR", s.frost_redlich_kwong.a);
+    set("WAG", s.wagner.a);
+    range("WAG", s.wagner.T_low, s.wagner.T_high);
     std::array<float, 2> ab{};
     set("AUG", ab);
-    s.AUG = {ab[0], ab[1]};
-    set("rhoLPar", s.rhoLPar);
-    range("rhoL", s.rhoLTLo, s.rhoLTHi);
-    set("rhoSPar", s.rhoSPar);
-    range("rhoS", s.rhoSTLo, s.rhoSTHi);
-    set("hLVPar", s.hLVPar);
-    range("hLV", s.hLVTLo, s.hLVTHi);
-    for (auto [cp, key] : {std::pair{&s.cpPoly, "cpPoly"}, std::pair{&s.cpSinh, "cpSinh"},
-                           std::pair{&s.cpL, "cpL"}, std::pair{&s.cpS, "cpS"}}) {
+    s.august = {ab[0], ab[1]};
+    set("rhoLPar", s.rhoL_coefficients);
+    range("rhoL", s.rhoL_T_low, s.rhoL_T_high);
+    set("rhoSPar", s.rhoS_coefficients);
+    range("rhoS", s.rhoS_T_low, s.rhoS_T_high);
+    set("hLVPar", s.hLV_coefficients);
+    range("hLV", s.hLV_T_low, s.hLV_T_high);
+    for (auto [cp, key] :
+         {std::pair{&s.cp_polynomial, "cpPoly"}, std::pair{&s.cp_sinh_cosh, "cpSinh"},
+          std::pair{&s.cpL, "cpL"}, std::pair{&s.cpS, "cpS"}}) {
         set(key, cp->c);
-        range(key, cp->TLo, cp->THi);
+        range(key, cp->T_low, cp->T_high);
     }
-    number("hasCpPoly", s.hasCpPoly);
-    number("hasCpSinh", s.hasCpSinh);
-    number("hasCpL", s.hasCpL);
-    number("hasCpS", s.hasCpS);
+    number("hasCpPoly", s.has_cp_polynomial);
+    number("hasCpSinh", s.has_cp_sinh_cosh);
+    number("hasCpL", s.has_cpL);
+    number("hasCpS", s.has_cpS);
     return s;
 }
 
@@ -247,19 +250,19 @@ models::SubstanceRecord correlated_row(std::string_view name) {
 
 models::ModelSelection selection(const models::SubstanceRecord& substance, models::Eos eos) {
     models::ModelSelection m;
-    m.EOSModel = eos;
-    m.VPModel = models::VapourPressureEquation::frostRedlichKwong;
-    m.WatsonN = 0.38F;
-    m.CpModel = substance.hasCpSinh ? models::CpForm::sinhCosh : models::CpForm::polynomial;
-    m.manualVirial = {.b0 = 0.2, .b1 = 0.3, .b2 = 0.4};
-    m.jiTorvik = {.jtK = 0.06, .jtZc = 0.281, .jtM = 0.9, .jtP = 0.55, .jtQ = 0.35};
+    m.eos = eos;
+    m.vapour_pressure = models::VapourPressureEquation::frostRedlichKwong;
+    m.watson_n = 0.38F;
+    m.cp_form = substance.has_cp_sinh_cosh ? models::CpForm::sinhCosh : models::CpForm::polynomial;
+    m.manual_virial = {.b0 = 0.2, .b1 = 0.3, .b2 = 0.4};
+    m.ji_torvik = {.k = 0.06, .zc = 0.281, .m = 0.9, .p = 0.55, .q = 0.35};
     return m;
 }
 
 models::Fluid fluid(const models::SubstanceRecord& substance,
                     const models::ModelSelection& models) {
     const Result<models::Fluid> made = models::Fluid::make(substance, models);
-    if (!made) throw std::runtime_error("no fluid of " + substance.Name + ": " + made.reason());
+    if (!made) throw std::runtime_error("no fluid of " + substance.name + ": " + made.reason());
     return *made;
 }
 

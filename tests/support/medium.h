@@ -19,10 +19,10 @@ struct Medium {
     }
     double Tcrit() const { return fluid.substance().Tcrit; }
     double cp(double T) const {
-        return models::ideal_gas_cp(fluid.substance(), fluid.models().CpModel, T).cp;
+        return models::ideal_gas_cp(fluid.substance(), fluid.models().cp_form, T).cp;
     }
     models::IdealGasState ideal(double T, double p) const {
-        return models::ideal_gas_functions(fluid.substance(), fluid.models().CpModel, reference, T,
+        return models::ideal_gas_functions(fluid.substance(), fluid.models().cp_form, reference, T,
                                            p);
     }
     models::PhaseTable residual(double T, double p, double v) const {

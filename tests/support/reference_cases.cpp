@@ -26,17 +26,17 @@ std::vector<json> Cases(const std::string& function) {
 
 models::Fluid fluid(const json& inputs) {
     models::ModelSelection m;
-    m.EOSModel = codes::eos(inputs.value("EOSModel", 6));
-    m.VPModel = codes::vp(inputs.value("VPCode", std::string("000")));
-    m.CpModel = codes::cp(inputs.value("CpModel", 2));
-    m.WatsonN = inputs.value("WatsonN", 0.38F);
+    m.eos = codes::eos(inputs.value("EOSModel", 6));
+    m.vapour_pressure = codes::vp(inputs.value("VPCode", std::string("000")));
+    m.cp_form = codes::cp(inputs.value("CpModel", 2));
+    m.watson_n = inputs.value("WatsonN", 0.38F);
     if (inputs.contains("jt")) {
         const json& jt = inputs.at("jt");
-        m.jiTorvik.jtM = jt.at("M");
-        m.jiTorvik.jtP = jt.at("P");
-        m.jiTorvik.jtQ = jt.at("Q");
-        m.jiTorvik.jtZc = jt.at("Zc");
-        m.jiTorvik.jtK = jt.at("K");
+        m.ji_torvik.m = jt.at("M");
+        m.ji_torvik.p = jt.at("P");
+        m.ji_torvik.q = jt.at("Q");
+        m.ji_torvik.zc = jt.at("Zc");
+        m.ji_torvik.k = jt.at("K");
     }
     return fluids::fluid(fluids::ReferencePropane(), m);
 }

@@ -18,7 +18,7 @@ ScriptedDialogs::ScriptedDialogs() : saved_(dialogs::current()) {
     dialogs::Functions f;
     f.message = [this](const dialogs::Message& m) {
         messages.push_back(m);
-        return take(answers).value_or(m.defaultAnswer);
+        return take(answers).value_or(m.default_answer);
     };
     f.input = [this](const dialogs::Input& i) {
         inputs.push_back(i);
@@ -29,7 +29,7 @@ ScriptedDialogs::ScriptedDialogs() : saved_(dialogs::current()) {
         return take(fileAnswers).value_or(std::nullopt);
     };
     f.print = [this](const dialogs::PrintJob& job) { prints.push_back(job); };
-    f.setClipboard = [this](const std::string& s) { clipboard = s; };
+    f.set_clipboard = [this](const std::string& s) { clipboard = s; };
     f.clipboard = [this] { return clipboard; };
     f.pointer = [this](bool busy) { pointer.push_back(busy); };
     f.beep = [this] { ++beeps; };

@@ -44,7 +44,7 @@ void place(QWidget* view, Corner corner) {
 
 /// Shows a view anew: the open one, or a new one in its corner.
 template <class View>
-void open_or_renew(Desk& desk, const QString& name, Corner corner) {
+void openOrRenew(Desk& desk, const QString& name, Corner corner) {
     if (View* view = desk.find<View>(name)) {
         view->open();
         desk.activate(name);
@@ -55,7 +55,7 @@ void open_or_renew(Desk& desk, const QString& name, Corner corner) {
     place(view, corner);
 }
 
-void open_result(Desk& desk) {
+void openResult(Desk& desk) {
     if (auto* view = desk.find<ResultView>("frmCalcOut")) {
         view->open();
         desk.activate("frmCalcOut");
@@ -64,26 +64,26 @@ void open_result(Desk& desk) {
     ResultCommands commands;
     commands.openIsoCalculator = [&desk] {
         const auto [T, p] = typedTp(desk);
-        open_iso_calculator(desk, T, p);
+        openIsoCalculator(desk, T, p);
     };
-    commands.openDiagnosis = [&desk] { OpenDiagnosis(desk); };
+    commands.openDiagnosis = [&desk] { openDiagnosis(desk); };
     commands.refreshDiagnosis = [&desk] { refreshDiagnosis(desk); };
     auto* view = new ResultView(desk, std::move(commands));
     desk.openChild(view);
     place(view, Corner::TopRight);
 }
 
-void show_result(Desk& desk) {
+void showResult(Desk& desk) {
     auto* view = desk.find<ResultView>("frmCalcOut");
     if (view == nullptr) {
-        open_result(desk);
+        openResult(desk);
         return;
     }
     view->showResult();
     desk.activate("frmCalcOut");
 }
 
-void open_input(Desk& desk) {
+void openInput(Desk& desk) {
     if (auto* view = desk.find<DirectInputView>("frmParinput")) {
         view->open();
         desk.activate("frmParinput");
@@ -94,12 +94,12 @@ void open_input(Desk& desk) {
     place(view, Corner::TopLeft);
 }
 
-void open_tank(Desk& desk) {
-    open_or_renew<TankView>(desk, "frmKessel", Corner::BottomLeft);
+void openTank(Desk& desk) {
+    openOrRenew<TankView>(desk, "frmKessel", Corner::BottomLeft);
 }
 
 // The input of the reference point stands in front of the view that asks for it.
-std::optional<models::BensonPoint> ask_reference(Desk& desk, const models::BensonPoint& present) {
+std::optional<models::BensonPoint> askReference(Desk& desk, const models::BensonPoint& present) {
     QDialog dialog(desk.frameWindow());
     dialog.setObjectName("frmParinput");
     std::optional<models::BensonPoint> typed;
@@ -116,22 +116,22 @@ std::optional<models::BensonPoint> ask_reference(Desk& desk, const models::Benso
 
 }  // namespace
 
-void Install(Desk& desk) {
+void install(Desk& desk) {
     session::CalculationViews& views = desk.calculationViews;
-    views.openCalcIn = [&desk] { return OpenCalcIn(desk, false); };
-    views.openResultView = [&desk] { open_result(desk); };
-    views.showResultView = [&desk] { show_result(desk); };
-    views.closeResultView = [&desk] { desk.closeViews({"frmCalcOut"}); };
-    views.openParinput = [&desk] { open_input(desk); };
-    views.closeParinput = [&desk] { desk.closeViews({"frmParinput"}); };
-    views.openTankView = [&desk] { open_tank(desk); };
-    views.closeTankView = [&desk] { desk.closeViews({"frmKessel"}); };
+    views.open_partial_choice = [&desk] { return openPartialChoice(desk, false); };
+    views.open_result_view = [&desk] { openResult(desk); };
+    views.show_result_view = [&desk] { showResult(desk); };
+    views.close_result_view = [&desk] { desk.closeViews({"frmCalcOut"}); };
+    views.open_direct_input = [&desk] { openInput(desk); };
+    views.close_direct_input = [&desk] { desk.closeViews({"frmParinput"}); };
+    views.open_tank_view = [&desk] { openTank(desk); };
+    views.close_tank_view = [&desk] { desk.closeViews({"frmKessel"}); };
 }
 
-bool OpenCalcIn(Desk& desk, bool forDiagram) {
+bool openPartialChoice(Desk& desk, bool forDiagram) {
     session::Session& session = desk.session();
     const auto ask = [&desk](const models::BensonPoint& present) {
-        return ask_reference(desk, present);
+        return askReference(desk, present);
     };
     PartialChoiceDialog view(desk, session::open_partial_choice(session), ask, desk.frameWindow());
     if (desk.openModal(view) != QDialog::Accepted) return false;
@@ -139,11 +139,11 @@ bool OpenCalcIn(Desk& desk, bool forDiagram) {
     return true;
 }
 
-bool OpenCalcIn(Desk& desk, calculation::Task task, bool forDiagram) {
+bool openPartialChoice(Desk& desk, calculation::Task task, bool forDiagram) {
     session::Session& session = desk.session();
     const calculation::Task before = session->calculation.task;
     session.change()->calculation.task = task;
-    const bool goesOn = OpenCalcIn(desk, forDiagram);
+    const bool goesOn = openPartialChoice(desk, forDiagram);
     session.change()->calculation.task = before;
     return goesOn;
 }
@@ -155,7 +155,7 @@ std::pair<std::string, std::string> typedTp(const Desk& desk) {
     return {input->fieldText(0), input->fieldText(1)};
 }
 
-void open_iso_calculator(Desk& desk, const std::string& T, const std::string& p) {
+void openIsoCalculator(Desk& desk, const std::string& T, const std::string& p) {
     const auto start = session::iso_start(desk.session(), T, p);
     if (!start) return;
     auto* view = desk.find<IsoCalculatorView>("frmIsoCalc");
@@ -169,8 +169,8 @@ void open_iso_calculator(Desk& desk, const std::string& T, const std::string& p)
     place(view, Corner::BottomLeft);
 }
 
-void OpenDiagnosis(Desk& desk) {
-    open_or_renew<DiagnosisView>(desk, "frmCEOSDiagnose", Corner::BottomLeft);
+void openDiagnosis(Desk& desk) {
+    openOrRenew<DiagnosisView>(desk, "frmCEOSDiagnose", Corner::BottomLeft);
 }
 
 void refreshResult(Desk& desk) {

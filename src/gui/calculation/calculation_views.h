@@ -13,21 +13,21 @@ class Desk;
 namespace calculation_views {
 
 /// Gives the calculations their views.
-void Install(Desk& desk);
+void install(Desk& desk);
 
 /// The choice between global and partial calculation for the session's task, modal; goes on by
 /// itself. `forDiagram` when a diagram waits for it instead of a calculation. False when it was
 /// cancelled.
-bool OpenCalcIn(Desk& desk, bool forDiagram);
+bool openPartialChoice(Desk& desk, bool forDiagram);
 /// The same for a task that a diagram asks for.
-bool OpenCalcIn(Desk& desk, calculation::Task task, bool forDiagram);
+bool openPartialChoice(Desk& desk, calculation::Task task, bool forDiagram);
 
 /// The first two fields of the input view of a direct calculation, T and p; empty texts when it
 /// asks for something else or is not open.
 std::pair<std::string, std::string> typedTp(const Desk& desk);
 
-void open_iso_calculator(Desk& desk, const std::string& T, const std::string& p);
-void OpenDiagnosis(Desk& desk);
+void openIsoCalculator(Desk& desk, const std::string& T, const std::string& p);
+void openDiagnosis(Desk& desk);
 
 /// The result view, when it is open, shows the current result.
 void refreshResult(Desk& desk);

@@ -20,20 +20,20 @@ namespace {
 
 // General format of a 32-bit value: enough digits for a reader.
 QString shown(double value) {
-    return qt(numbers::General(static_cast<float>(value)));
+    return qt(numbers::general(static_cast<float>(value)));
 }
 
-QString state_text(const models::Fluid& fluid, const report::Diagnosis& d) {
+QString stateText(const models::Fluid& fluid, const report::Diagnosis& d) {
     if (d.roots.empty()) return {};
-    return qt(text::trim(models::EOSName(fluid.models().EOSModel))) + ",  T = " + shown(d.T) +
+    return qt(text::trim(models::eos_name(fluid.models().eos))) + ",  T = " + shown(d.T) +
            " K,  p = " + shown(d.p) + " kPa";
 }
 
-QString legend_text(const report::Diagnosis& d) {
+QString legendText(const report::Diagnosis& d) {
     if (d.roots.empty()) return {};
     const QString marks = "dashed: p; full mark: stable root; empty mark: unstable or metastable";
-    if (!(d.saturationPressure > 0)) return marks;
-    return marks + "\ndotted: p(LV) = " + shown(d.saturationPressure) +
+    if (!(d.saturation_pressure > 0)) return marks;
+    return marks + "\ndotted: p(LV) = " + shown(d.saturation_pressure) +
            " kPa, which makes the two coloured areas equal";
 }
 
@@ -80,8 +80,8 @@ void DiagnosisView::open() {
     const report::TaskResult& result = session_->results.current;
     const report::Diagnosis diagnosis = report::diagnose(result.made.fluid, result.answer.last);
     setWindowTitle(qt(diagnosis.title));
-    state_->setText(state_text(result.made.fluid, diagnosis));
-    legend_->setText(legend_text(diagnosis));
+    state_->setText(stateText(result.made.fluid, diagnosis));
+    legend_->setText(legendText(diagnosis));
     plot_->showDiagnosis(diagnosis);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const bool there = i < diagnosis.roots.size();

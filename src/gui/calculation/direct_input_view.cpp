@@ -24,8 +24,8 @@ constexpr std::size_t kMass = 1, kRho = 2;
 constexpr int kPicture = 32;
 
 // Two options side by side in a frame; the group knows them by their index.
-QButtonGroup* two_options(QGroupBox* frame, const QString& name, const QString& first,
-                          const QString& second) {
+QButtonGroup* twoOptions(QGroupBox* frame, const QString& name, const QString& first,
+                         const QString& second) {
     auto* group = new QButtonGroup(frame);
     auto* row = new QHBoxLayout(frame);
     row->setSpacing(theme::kGroupGap);
@@ -43,7 +43,7 @@ QButtonGroup* two_options(QGroupBox* frame, const QString& name, const QString& 
 // A value as text, nothing for 0: no value.
 template <class Number>
 std::string shown(Number value) {
-    return value == Number{} ? std::string() : numbers::General(value);
+    return value == Number{} ? std::string() : numbers::general(value);
 }
 
 }  // namespace
@@ -94,20 +94,20 @@ void DirectInputView::arrange() {
     grid->setContentsMargins({});
     for (std::size_t i = 0; i < par_.size(); ++i) {
         par_[i] = form::named(new NumberEdit, QString("par_%1").arg(i));
-        Bz_[i] = form::named(form::caption({}, par_[i]), QString("Bz_%1").arg(i));
+        captions_[i] = form::named(form::caption({}, par_[i]), QString("Bz_%1").arg(i));
         // The labels are written so that their units stand in one column of a fixed-pitch face.
-        Bz_[i]->setFont(theme::fixedPitch());
-        grid->addWidget(Bz_[i], static_cast<int>(i), 0);
+        captions_[i]->setFont(theme::fixedPitch());
+        grid->addWidget(captions_[i], static_cast<int>(i), 0);
         grid->addWidget(par_[i], static_cast<int>(i), 1);
     }
     grid->setColumnStretch(1, 1);
 
     volumeFrame_ = form::frame("specific. quantity", "fraRhoVInput");
-    volume_ = two_options(volumeFrame_, "optRhoV", "Rho", "V");
+    volume_ = twoOptions(volumeFrame_, "optRhoV", "Rho", "V");
     connect(volume_, &QButtonGroup::idClicked, this,
-            [this](int index) { session_.change()->calculation.volumeInput = index == 1; });
+            [this](int index) { session_.change()->calculation.volume_input = index == 1; });
     amountFrame_ = form::frame("content given as", "fram_n");
-    amount_ = two_options(amountFrame_, "optm_n", "mass m", "amount of substance n");
+    amount_ = twoOptions(amountFrame_, "optm_n", "mass m", "amount of substance n");
     amount_->button(0)->setChecked(true);
     connect(amount_, &QButtonGroup::idClicked, this, &DirectInputView::follow);
 
@@ -141,7 +141,7 @@ void DirectInputView::arrange() {
 void DirectInputView::open() {
     const bool tank = form().kind == report::InputKind::tank;
     picture_->setPixmap(theme::icon(tank ? "tank" : "calculate").pixmap(kPicture, kPicture));
-    volume_->button(session_->calculation.volumeInput ? 1 : 0)->setChecked(true);
+    volume_->button(session_->calculation.volume_input ? 1 : 0)->setChecked(true);
     follow();
     refill();
     for (NumberEdit* field : par_) {
@@ -158,13 +158,13 @@ void DirectInputView::follow() {
     setWindowTitle(qt(input.title));
     ok_->setText(qt(input.command));
     for (std::size_t i = 0; i < par_.size(); ++i) {
-        Bz_[i]->setText(qt(input.fields[i].label));
-        Bz_[i]->setVisible(input.fields[i].visible);
+        captions_[i]->setText(qt(input.fields[i].label));
+        captions_[i]->setVisible(input.fields[i].visible);
         par_[i]->setVisible(input.fields[i].visible);
     }
-    volumeFrame_->setVisible(input.volumeFrameVisible);
-    volumeFrame_->setTitle(qt(input.volumeFrame));
-    amountFrame_->setVisible(input.amountFrameVisible);
+    volumeFrame_->setVisible(input.volume_frame_visible);
+    volumeFrame_->setTitle(qt(input.volume_frame));
+    amountFrame_->setVisible(input.amount_frame_visible);
     volumeUnit_ = presentVolumeUnit();
     fitWindow();
 }
@@ -183,16 +183,16 @@ void DirectInputView::followSession() {
     const double before = volumeUnit_;
     follow();
     NumberEdit* volume = par_[kRho];
-    if (volume->isHidden() || !session_->calculation.volumeInput || before == volumeUnit_) return;
+    if (volume->isHidden() || !session_->calculation.volume_input || before == volumeUnit_) return;
     const double typed = numbers::val_input(volume->text().toStdString());
     if (!(typed > 0) || !(before > 0) || !(volumeUnit_ > 0)) return;
-    volume->setText(qt(numbers::General(static_cast<float>(typed / before * volumeUnit_))));
+    volume->setText(qt(numbers::general(static_cast<float>(typed / before * volumeUnit_))));
 }
 
 // A volume or an amount is typed by the user anew: the session holds densities and masses.
 void DirectInputView::refill() {
     const std::array<std::string, 4> texts = presentTexts();
-    const bool volume = session_->calculation.volumeInput && volumeFrame_->isVisibleTo(this);
+    const bool volume = session_->calculation.volume_input && volumeFrame_->isVisibleTo(this);
     const bool kmol = amount() && amountFrame_->isVisibleTo(this);
     for (std::size_t i = 0; i < par_.size(); ++i) {
         const bool converted = (volume && i == kRho) || (kmol && i == kMass);
@@ -242,16 +242,16 @@ void DirectInputView::calculate() {
             markMissing();
             break;
         case session::InputResult::TankExit:
-            views.closeResultView();
-            views.closeTankView();
+            views.close_result_view();
+            views.close_tank_view();
             break;
         case session::InputResult::TankCalculated:
-            views.openResultView();
-            views.openTankView();
+            views.open_result_view();
+            views.open_tank_view();
             desk_.activate(objectName());
             break;
         case session::InputResult::Calculated:
-            views.showResultView();
+            views.show_result_view();
             break;
     }
 }

@@ -58,7 +58,7 @@ class DirectInputView : public ChildView, public FollowsSession {
     double volumeUnit_ = 0;  ///< multiplier of m^3/kmol behind the label of a volume, 0 for none
     std::function<void(const models::BensonPoint&)> store_;  ///< for a reference point only
     std::array<NumberEdit*, 4> par_{};
-    std::array<QLabel*, 4> Bz_{};
+    std::array<QLabel*, 4> captions_{};
     QGroupBox* volumeFrame_ = nullptr;
     QButtonGroup* volume_ = nullptr;
     QGroupBox* amountFrame_ = nullptr;

@@ -13,11 +13,11 @@
 
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "session/calculations.h"
-#include "gui/widgets/help_topics.h"
 
 namespace quor::gui {
 
@@ -31,10 +31,10 @@ constexpr const char* kFunctions[] = {"Volume V",         "Enthalpy H",        "
                                       "Gibbs Function G", "Internal Energy U", "Helmholtz Fu. A",
                                       "Exergy E(H)",      "Exergy E(U)"};
 
-QString state_text(const report::IsoCalculator& iso) {
+QString stateText(const report::IsoCalculator& iso) {
     return QString("Last state: T = %1 K,  p = %2 kPa")
-        .arg(qt(numbers::General(static_cast<float>(iso.last_T()))),
-             qt(numbers::General(static_cast<float>(iso.last_p()))));
+        .arg(qt(numbers::general(static_cast<float>(iso.last_T()))),
+             qt(numbers::general(static_cast<float>(iso.last_p()))));
 }
 
 }  // namespace
@@ -91,7 +91,7 @@ QGroupBox* IsoCalculatorView::buildFunctions() {
     connect(function_, &QButtonGroup::idClicked, this, [this](int index) {
         const auto function = static_cast<calculation::IsoFunction>(index);
         iso_.choose_function(function);
-        session_.change()->calculation.isoFunction = function;
+        session_.change()->calculation.iso_function = function;
         follow();
     });
     return frame;
@@ -129,7 +129,7 @@ QGroupBox* IsoCalculatorView::buildGiven() {
     connect(given_, &QButtonGroup::idClicked, this, [this](int index) {
         const auto given = static_cast<calculation::IsoGiven>(index);
         iso_.choose_given(given);
-        session_.change()->calculation.isoGiven = given;
+        session_.change()->calculation.iso_given = given;
         follow();
     });
     return frame;
@@ -182,13 +182,13 @@ QLayout* IsoCalculatorView::buildButtons() {
 }
 
 void IsoCalculatorView::follow() {
-    constantLabel_->setText(qt(iso_.lblFuConst));
-    constant_->setText(qt(iso_.txtFuConst));
-    givenLabel_->setText(qt(iso_.givenLabel));
-    givenValue_->setText(qt(iso_.txtTpVorgabe));
-    soughtLabel_->setText(qt(iso_.soughtLabel));
-    sought_->setText(qt(iso_.txtTpCalc));
-    state_->setText(state_text(iso_));
+    constantLabel_->setText(qt(iso_.constant_label));
+    constant_->setText(qt(iso_.constant_text));
+    givenLabel_->setText(qt(iso_.given_label));
+    givenValue_->setText(qt(iso_.given_text));
+    soughtLabel_->setText(qt(iso_.sought_label));
+    sought_->setText(qt(iso_.sought_text));
+    state_->setText(stateText(iso_));
 }
 
 void IsoCalculatorView::calculate() {

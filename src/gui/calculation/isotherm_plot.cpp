@@ -18,7 +18,7 @@ constexpr double kBeyondLastRoot = 1.6;
 constexpr float kBehindName = 0.7F;  // how far the name of a root hides what is behind it
 
 // A round number near range/count: 1, 2 or 5 times a power of ten.
-double round_step(double range, int count) {
+double roundStep(double range, int count) {
     const double raw = range / count;
     const double power = std::pow(10.0, std::floor(std::log10(raw)));
     for (const double factor : {1.0, 2.0, 5.0})
@@ -26,15 +26,15 @@ double round_step(double range, int count) {
     return 10.0 * power;
 }
 
-std::vector<double> linear_ticks(double low, double high, int count) {
+std::vector<double> linearTicks(double low, double high, int count) {
     std::vector<double> ticks;
     if (!(high > low)) return ticks;
-    const double step = round_step(high - low, count);
+    const double step = roundStep(high - low, count);
     for (double i = std::ceil(low / step); i * step <= high; ++i) ticks.push_back(i * step);
     return ticks;
 }
 
-std::vector<double> logarithmic_ticks(double low, double high) {
+std::vector<double> logarithmicTicks(double low, double high) {
     std::vector<double> ticks;
     if (!(low > 0) || !(high > low)) return ticks;
     for (double power = std::pow(10.0, std::floor(std::log10(low))); power <= high; power *= 10.0)
@@ -43,8 +43,8 @@ std::vector<double> logarithmic_ticks(double low, double high) {
     return ticks;
 }
 
-QString tick_text(double value) {
-    return QString::fromStdString(numbers::General(static_cast<float>(value)));
+QString tickText(double value) {
+    return QString::fromStdString(numbers::general(static_cast<float>(value)));
 }
 
 struct Colours {
@@ -80,7 +80,7 @@ double IsothermPlot::vFirst() const {
 
 double IsothermPlot::vLast() const {
     double last = diagnosis_.roots.back().v;
-    if (!diagnosis_.areaAbove.empty()) last = std::max(last, diagnosis_.areaAbove.back().v);
+    if (!diagnosis_.area_above.empty()) last = std::max(last, diagnosis_.area_above.back().v);
     return std::min(diagnosis_.isotherm.back().v, kBeyondLastRoot * last);
 }
 
@@ -91,8 +91,8 @@ bool IsothermPlot::isLogarithmic() const {
 QRectF IsothermPlot::area() const {
     const QFontMetrics metrics = fontMetrics();
     double left = 0;
-    for (const double p : linear_ticks(diagnosis_.pMin, diagnosis_.pMax, kPressureTicks))
-        left = std::max(left, static_cast<double>(metrics.horizontalAdvance(tick_text(p))));
+    for (const double p : linearTicks(diagnosis_.p_min, diagnosis_.p_max, kPressureTicks))
+        left = std::max(left, static_cast<double>(metrics.horizontalAdvance(tickText(p))));
     left += 2 * theme::kGap + kTickLength + metrics.lineSpacing();
     const double bottom = 2.0 * metrics.lineSpacing() + 2 * theme::kGap + kTickLength;
     return QRectF(rect()).adjusted(left, theme::kMargin, -3 * theme::kMargin, -bottom);
@@ -103,16 +103,16 @@ QPointF IsothermPlot::place(double v, double p) const {
     const bool logarithmic = isLogarithmic();
     const auto x = [&](double volume) { return logarithmic ? std::log(volume) : volume; };
     const double tx = (x(v) - x(vFirst())) / (x(vLast()) - x(vFirst()));
-    const double ty = (p - diagnosis_.pMin) / (diagnosis_.pMax - diagnosis_.pMin);
+    const double ty = (p - diagnosis_.p_min) / (diagnosis_.p_max - diagnosis_.p_min);
     return {in.left() + tx * in.width(), in.bottom() - ty * in.height()};
 }
 
 QPolygonF IsothermPlot::polygon(const std::vector<calculation::IsothermPoint>& points) const {
     // What lies far outside is drawn at a little distance, so that no number gets too large.
-    const double room = diagnosis_.pMax - diagnosis_.pMin;
+    const double room = diagnosis_.p_max - diagnosis_.p_min;
     QPolygonF line;
     for (const calculation::IsothermPoint& q : points)
-        line << place(q.v, std::clamp(q.p, diagnosis_.pMin - room, diagnosis_.pMax + room));
+        line << place(q.v, std::clamp(q.p, diagnosis_.p_min - room, diagnosis_.p_max + room));
     return line;
 }
 
@@ -123,7 +123,7 @@ void IsothermPlot::paintAxes(QPainter& painter) const {
     grid.setAlpha(40);
     const QColor text = palette().color(QPalette::Text);
 
-    for (const double p : linear_ticks(diagnosis_.pMin, diagnosis_.pMax, kPressureTicks)) {
+    for (const double p : linearTicks(diagnosis_.p_min, diagnosis_.p_max, kPressureTicks)) {
         const double y = place(vFirst(), p).y();
         painter.setPen(grid);
         painter.drawLine(QPointF(in.left(), y), QPointF(in.right(), y));
@@ -131,23 +131,23 @@ void IsothermPlot::paintAxes(QPainter& painter) const {
         painter.drawLine(QPointF(in.left() - kTickLength, y), QPointF(in.left(), y));
         const QRectF box(0, y - metrics.height() / 2.0, in.left() - kTickLength - theme::kGap,
                          metrics.height());
-        painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, tick_text(p));
+        painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, tickText(p));
     }
     const std::vector<double> volumes = isLogarithmic()
-                                            ? logarithmic_ticks(vFirst(), vLast())
-                                            : linear_ticks(vFirst(), vLast(), kVolumeTicks);
+                                            ? logarithmicTicks(vFirst(), vLast())
+                                            : linearTicks(vFirst(), vLast(), kVolumeTicks);
     double free = in.left();
     for (const double v : volumes) {
-        const double x = place(v, diagnosis_.pMin).x();
+        const double x = place(v, diagnosis_.p_min).x();
         painter.setPen(grid);
         painter.drawLine(QPointF(x, in.top()), QPointF(x, in.bottom()));
         painter.setPen(text);
         painter.drawLine(QPointF(x, in.bottom()), QPointF(x, in.bottom() + kTickLength));
-        const double width = metrics.horizontalAdvance(tick_text(v));
+        const double width = metrics.horizontalAdvance(tickText(v));
         if (x - width / 2 < free) continue;
         painter.drawText(QPointF(x - width / 2,
                                  in.bottom() + kTickLength + theme::kGap / 2.0 + metrics.ascent()),
-                         tick_text(v));
+                         tickText(v));
         free = x + width / 2 + theme::kGap;
     }
     painter.setPen(text);
@@ -169,12 +169,12 @@ void IsothermPlot::paintAreas(QPainter& painter) const {
     const Colours colours;
     painter.setPen(Qt::NoPen);
     for (const auto& [points, colour, style] :
-         {std::tuple{&diagnosis_.areaBelow, colours.below, Qt::SolidPattern},
-          std::tuple{&diagnosis_.areaAbove, colours.above, Qt::SolidPattern}}) {
+         {std::tuple{&diagnosis_.area_below, colours.below, Qt::SolidPattern},
+          std::tuple{&diagnosis_.area_above, colours.above, Qt::SolidPattern}}) {
         if (points->empty()) continue;
         QPolygonF shape = polygon(*points);
-        shape << place(points->back().v, diagnosis_.saturationPressure)
-              << place(points->front().v, diagnosis_.saturationPressure);
+        shape << place(points->back().v, diagnosis_.saturation_pressure)
+              << place(points->front().v, diagnosis_.saturation_pressure);
         painter.setBrush(QBrush(colour, style));
         painter.drawPolygon(shape);
     }
@@ -190,7 +190,7 @@ void IsothermPlot::paintLines(QPainter& painter) const {
         painter.drawLine(QPointF(in.left(), y), QPointF(in.right(), y));
     };
     level(diagnosis_.p, Qt::DashLine);
-    if (diagnosis_.saturationPressure > 0) level(diagnosis_.saturationPressure, Qt::DotLine);
+    if (diagnosis_.saturation_pressure > 0) level(diagnosis_.saturation_pressure, Qt::DotLine);
     painter.setPen(QPen(Colours().curve, kCurveWidth));
     painter.drawPolyline(polygon(diagnosis_.isotherm));
 }

@@ -12,9 +12,9 @@
 #include "common/numbers.h"
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "gui/widgets/help_topics.h"
 
 namespace quor::gui {
 
@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kTextCharacters = 78;  // width of the texts, in characters of average width
 
-QLabel* text_block(const QString& name) {
+QLabel* textBlock(const QString& name) {
     auto* label = form::named(new QLabel, name);
     label->setWordWrap(true);
     label->setTextFormat(Qt::PlainText);
@@ -33,8 +33,8 @@ QLabel* text_block(const QString& name) {
 
 // Options of a control array, in a column; a click tells the index.
 template <std::size_t N, class Click>
-void add_options(QVBoxLayout* layout, std::array<QRadioButton*, N>& options, const QString& name,
-                 const std::array<const char*, N>& captions, Click click) {
+void addOptions(QVBoxLayout* layout, std::array<QRadioButton*, N>& options, const QString& name,
+                const std::array<const char*, N>& captions, Click click) {
     for (std::size_t i = 0; i < N; ++i) {
         options[i] = form::named(new QRadioButton(captions[i]), QString("%1_%2").arg(name).arg(i));
         QObject::connect(options[i], &QRadioButton::clicked, options[i],
@@ -44,7 +44,7 @@ void add_options(QVBoxLayout* layout, std::array<QRadioButton*, N>& options, con
 }
 
 // The present reference point in words, as typed.
-QString typed_reference(const models::BensonPoint& r) {
+QString typedReference(const models::BensonPoint& r) {
     const auto line = [](const char* label, float value) {
         return QString("\n %1%2").arg(label, qt(numbers::general_point(value)));
     };
@@ -64,7 +64,7 @@ PartialChoiceDialog::PartialChoiceDialog(Desk& desk, report::PartialChoice choic
     setObjectName("frmCalcIn");
     arrange();
     follow();
-    proposal_->setText(qt(choice_.RefVorschlag));
+    proposal_->setText(qt(choice_.proposal_text));
 }
 
 QWidget* PartialChoiceDialog::buildMode() {
@@ -73,9 +73,9 @@ QWidget* PartialChoiceDialog::buildMode() {
     desk_.connectHelp(page, help::kGlobalPartial);
     auto* options = new QVBoxLayout;
     options->setSpacing(theme::kGap);
-    add_options<2>(options, global_, "opt_glob", {"Global calculation", "Partial calculation"},
-                   [this](int index) { chooseGlobal(index == 0); });
-    limits_ = text_block("lblRhoLimits");
+    addOptions<2>(options, global_, "opt_glob", {"Global calculation", "Partial calculation"},
+                  [this](int index) { chooseGlobal(index == 0); });
+    limits_ = textBlock("lblRhoLimits");
     auto* top = new QHBoxLayout;
     top->addLayout(options, 1);
     top->addWidget(page, 0, Qt::AlignTop);
@@ -90,12 +90,12 @@ QWidget* PartialChoiceDialog::buildDensity() {
     densityFrame_ = form::frame("L-density", "fraDensity");
     auto* layout = new QVBoxLayout(densityFrame_);
     layout->setSpacing(theme::kGap);
-    add_options<2>(layout, density_, "optPartialBenson",
-                   {"rho_L by  BENSON's method", "rho_L by database equ. rho(T)"},
-                   [this](int index) {
-                       choice_.choose_density(index == 0);
-                       follow();
-                   });
+    addOptions<2>(layout, density_, "optPartialBenson",
+                  {"rho_L by  BENSON's method", "rho_L by database equ. rho(T)"},
+                  [this](int index) {
+                      choice_.choose_density(index == 0);
+                      follow();
+                  });
     range_ = form::named(form::note(), "lblRhoRange");
     range_->setIndent(3 * theme::kGap);
     layout->addWidget(range_);
@@ -113,23 +113,23 @@ QWidget* PartialChoiceDialog::buildReference() {
     auto* layout = new QVBoxLayout(referenceFrame_);
     layout->setSpacing(theme::kGap);
     layout->addLayout(top);
-    add_options<3>(
+    addOptions<3>(
         layout, reference_, "Ref_opt",
         {"Proposed reference data",
          "BENSON's approximation for RhoL(ref) at the normal boiling point",
          "Manual input of reference data"},
         [this](int index) {
             choice_.choose_reference(static_cast<report::PartialChoice::Reference>(index));
-            if (choice_.inputEnabled)
-                proposal_->setText(typed_reference(choice_.method.reference));
+            if (choice_.input_enabled)
+                proposal_->setText(typedReference(choice_.method.reference));
             else
-                proposal_->setText(qt(choice_.RefVorschlag));
+                proposal_->setText(qt(choice_.proposal_text));
             follow();
         });
     input_ = form::button("Input", "RefInput");
     connect(input_, &QPushButton::clicked, this, &PartialChoiceDialog::askReference);
     layout->addWidget(input_, 0, Qt::AlignLeft);
-    proposal_ = text_block("RefVorschlag");
+    proposal_ = textBlock("RefVorschlag");
     proposal_->setFont(theme::fixedPitch());
     proposal_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(proposal_);
@@ -137,7 +137,7 @@ QWidget* PartialChoiceDialog::buildReference() {
 }
 
 void PartialChoiceDialog::arrange() {
-    situation_ = text_block("GlobalSit");
+    situation_ = textBlock("GlobalSit");
     QPushButton* ok = form::button("continue...", "OK");
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
@@ -161,21 +161,21 @@ void PartialChoiceDialog::arrange() {
 }
 
 void PartialChoiceDialog::follow() {
-    const bool choices = choice_.choicesVisible;
+    const bool choices = choice_.choices_visible;
     setWindowTitle(qt(choice_.title));
-    situation_->setText(qt(choice_.GlobalSit));
-    modeFrame_->setVisible(choices && choice_.modeFrameVisible);
-    global_[static_cast<std::size_t>(choice_.globalIndex)]->setChecked(true);
-    global_[0]->setEnabled(choice_.globalEnabled);
-    limits_->setText(qt(choice_.lblRhoLimits));
-    densityFrame_->setVisible(choices && choice_.densityFrameVisible);
-    density_[static_cast<std::size_t>(choice_.densityIndex)]->setChecked(true);
-    density_[1]->setEnabled(choice_.databaseEnabled);
-    range_->setText(qt(choice_.databaseRange));
-    referenceFrame_->setVisible(choices && choice_.referenceFrameVisible);
-    reference_[static_cast<std::size_t>(choice_.referenceIndex)]->setChecked(true);
-    input_->setEnabled(choice_.inputEnabled);
-    escape_->setEnabled(choice_.cancelEnabled);
+    situation_->setText(qt(choice_.situation_text));
+    modeFrame_->setVisible(choices && choice_.mode_frame_visible);
+    global_[static_cast<std::size_t>(choice_.global_index)]->setChecked(true);
+    global_[0]->setEnabled(choice_.global_enabled);
+    limits_->setText(qt(choice_.density_range));
+    densityFrame_->setVisible(choices && choice_.density_frame_visible);
+    density_[static_cast<std::size_t>(choice_.density_index)]->setChecked(true);
+    density_[1]->setEnabled(choice_.database_enabled);
+    range_->setText(qt(choice_.database_range));
+    referenceFrame_->setVisible(choices && choice_.reference_frame_visible);
+    reference_[static_cast<std::size_t>(choice_.reference_index)]->setChecked(true);
+    input_->setEnabled(choice_.input_enabled);
+    escape_->setEnabled(choice_.cancel_enabled);
 }
 
 void PartialChoiceDialog::chooseGlobal(bool global) {
@@ -186,11 +186,11 @@ void PartialChoiceDialog::chooseGlobal(bool global) {
 void PartialChoiceDialog::askReference() {
     if (const auto typed = askReference_(choice_.method.reference))
         choice_.method.reference = *typed;
-    proposal_->setText(typed_reference(choice_.method.reference));
+    proposal_->setText(typedReference(choice_.method.reference));
 }
 
 void PartialChoiceDialog::reject() {
-    if (choice_.cancelEnabled) QDialog::reject();
+    if (choice_.cancel_enabled) QDialog::reject();
 }
 
 }  // namespace quor::gui

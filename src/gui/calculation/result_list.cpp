@@ -24,7 +24,7 @@ constexpr int kLiquidColumn = 0, kSameColumn = 1, kVapourColumn = 2;  // of the 
 constexpr std::size_t kCellsOfPhaseRow = 3;                           // label, L, V
 constexpr auto kRedSign = "! ";
 
-std::string as_table(const report::ListLine& line) {
+std::string asTable(const report::ListLine& line) {
     if (line.cells.empty()) return line.text;
     std::string row;
     for (const std::string& cell : line.cells)
@@ -32,8 +32,8 @@ std::string as_table(const report::ListLine& line) {
     return row;
 }
 
-bool has_phase_columns(const report::Report& result) {
-    return std::any_of(result.Liste.begin(), result.Liste.end(),
+bool hasPhaseColumns(const report::Report& result) {
+    return std::any_of(result.lines.begin(), result.lines.end(),
                        [](const auto& line) { return line.cells.size() == kCellsOfPhaseRow; });
 }
 
@@ -55,8 +55,8 @@ void ResultList::showReport(const report::Report& result) {
     QTextCursor cursor(document());
     QTextCharFormat plain, red;
     red.setForeground(theme::errorColour());
-    for (const report::ListLine& line : report_.Liste) {
-        if (&line != &report_.Liste.front()) cursor.insertBlock();
+    for (const report::ListLine& line : report_.lines) {
+        if (&line != &report_.lines.front()) cursor.insertBlock();
         if (line.red)
             cursor.insertText(kRedSign + qt(line.text), red);
         else
@@ -80,13 +80,13 @@ void ResultList::copyTable() {
         Q_EMIT copied("Result copied as table");
         return;
     }
-    const auto line_at = [&](int position) {
+    const auto lineAt = [&](int position) {
         return static_cast<std::size_t>(document()->findBlock(position).blockNumber());
     };
     std::string table;
-    for (std::size_t i = line_at(cursor.selectionStart());
-         i <= line_at(cursor.selectionEnd()) && i < report_.Liste.size(); ++i)
-        table += as_table(report_.Liste[i]) + "\n";
+    for (std::size_t i = lineAt(cursor.selectionStart());
+         i <= lineAt(cursor.selectionEnd()) && i < report_.lines.size(); ++i)
+        table += asTable(report_.lines[i]) + "\n";
     dialogs::set_clipboard(table);
     Q_EMIT copied("Selection copied as table");
 }
@@ -134,7 +134,7 @@ void ResultList::contextMenuEvent(QContextMenuEvent* event) {
 // The colour of red lines follows the palette.
 void ResultList::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && !report_.Liste.empty()) {
+    if (event->type() == QEvent::PaletteChange && !report_.lines.empty()) {
         const report::Report shown = report_;
         showReport(shown);
     }
@@ -161,12 +161,12 @@ PhaseHead::PhaseHead(ResultList* list, QWidget* parent) : QWidget(parent), list_
 }
 
 void PhaseHead::showCaptions(const report::Report& result) {
-    const bool columns = has_phase_columns(result);
-    liquid_->setText(qt(result.lblLphase));
-    vapour_->setText(qt(result.lblVphase));
+    const bool columns = hasPhaseColumns(result);
+    liquid_->setText(qt(result.caption_L));
+    vapour_->setText(qt(result.caption_V));
     liquid_->setVisible(columns);
     vapour_->setVisible(columns);
-    same_->setVisible(columns && result.lblGleich);
+    same_->setVisible(columns && result.identical);
     align();
 }
 
@@ -176,12 +176,12 @@ void PhaseHead::align() {
     const int start = list_->textStart() + list_->advance(2 * kLabelWidth) -
                       list_->horizontalScrollBar()->value();
     grid_->setContentsMargins(std::max(start, 0), 0, 0, 0);
-    const auto with_blank = [&](const QLabel* label) {
+    const auto withBlank = [&](const QLabel* label) {
         return list_->advance(static_cast<std::size_t>(label->text().size()) + 1);
     };
     const bool together = !same_->isHidden();
-    const int same = together ? with_blank(same_) : 0;
-    const int vapour = together ? with_blank(vapour_) : list_->advance(kValueWidth);
+    const int same = together ? withBlank(same_) : 0;
+    const int vapour = together ? withBlank(vapour_) : list_->advance(kValueWidth);
     grid_->setColumnMinimumWidth(kSameColumn, same);
     grid_->setColumnMinimumWidth(kVapourColumn, vapour);
     grid_->setColumnMinimumWidth(kLiquidColumn, list_->advance(2 * kValueWidth) - vapour - same);

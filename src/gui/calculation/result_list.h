@@ -11,7 +11,7 @@ class QLabel;
 
 namespace quor::gui {
 
-/// The list of results, `Liste`: fixed pitch, columns aligned. Red lines also begin with a sign. It
+/// The list of results, `lines`: fixed pitch, columns aligned. Red lines also begin with a sign. It
 /// copies its selection, or the whole result, as readable text or as a table with tabs.
 class ResultList : public QPlainTextEdit {
     Q_OBJECT

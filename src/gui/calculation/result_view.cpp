@@ -26,7 +26,7 @@ namespace {
 constexpr int kWideCharacters = 110;
 
 // Without colour a red text is known by its sign; the region's text is bold and begins with "=>".
-bool needs_sign(const report::TextField& field) {
+bool needsSign(const report::TextField& field) {
     return field.red && !field.bold && !field.text.empty();
 }
 
@@ -62,10 +62,10 @@ void ResultView::open() {
     target_[0]->setChecked(true);
     view_ = session::open_result_view(session_);
     const QSignalBlocker quiet(separator_);
-    separator_->setCurrentIndex(report::separator_index(session_->csvSeparator));
+    separator_->setCurrentIndex(report::separator_index(session_->csv_separator));
     list_->setMinimumWidth(view_.wide ? list_->advance(kWideCharacters) : 0);
     setDefaultButton(session_->calculation.task == calculation::Task::functions ? ok_ : nullptr);
-    ok_->setText(qt(view_.okCaption));
+    ok_->setText(qt(view_.ok_caption));
     showResult();
 }
 
@@ -113,7 +113,7 @@ ResultView::ResultLine ResultView::resultLine(const QString& name) {
 
 void ResultView::show(const ResultLine& line, const report::TextField& field) {
     line.text->setText(qt(field.text));
-    line.sign->setVisible(needs_sign(field));
+    line.sign->setVisible(needsSign(field));
     QFont font = line.box->font();
     font.setBold(field.bold);
     line.text->setFont(font);
@@ -283,22 +283,22 @@ void ResultView::arrange() {
 // Everything but the texts of the result: what is shown and enabled.
 void ResultView::follow() {
     const report::TaskResult& result = session_->results.current;
-    const bool panels = !result.report.panelsHidden;
-    specification_->setTitle(qt(report::input_caption(result.dataSet)));
+    const bool panels = !result.report.panels_hidden;
+    specification_->setTitle(qt(report::input_caption(result.data_set)));
     specification_->setVisible(panels);
-    back_->setVisible(view_.stepVisible);
-    forward_->setVisible(view_.stepVisible);
+    back_->setVisible(view_.step_visible);
+    forward_->setVisible(view_.step_visible);
     co1_.box->setVisible(panels);
     co2_.box->setVisible(panels);
-    extended_->setVisible(panels && view_.extendedVisible);
-    extended_->setEnabled(view_.extendedEnabled);
-    output_->setVisible(view_.resultOutputVisible);
-    funcPrint_->setEnabled(view_.funcPrintEnabled);
-    if (!view_.funcPrintEnabled) funcPrint_->setChecked(false);
-    protocol_->setVisible(panels && view_.protocolVisible);
+    extended_->setVisible(panels && view_.extended_visible);
+    extended_->setEnabled(view_.extended_enabled);
+    output_->setVisible(view_.result_output_visible);
+    funcPrint_->setEnabled(view_.function_print_enabled);
+    if (!view_.function_print_enabled) funcPrint_->setChecked(false);
+    protocol_->setVisible(panels && view_.protocol_visible);
     iso_->setVisible(panels);
 
-    const report::ButtonState& diagnosis = result.report.cmdCEOSDiagnose;
+    const report::ButtonState& diagnosis = result.report.diagnosis;
     diagnose_->setEnabled(diagnosis.enabled);
     QPalette colours;
     if (diagnosis.enabled) {
@@ -352,7 +352,7 @@ void ResultView::newProtocol() {
 }
 
 void ResultView::cancel() {
-    desk_.calculationViews.closeParinput();
+    desk_.calculationViews.close_direct_input();
     closeView();
 }
 

@@ -22,7 +22,7 @@ QPolygonF moved(QPolygonF polygon, QPointF by) {
 }
 
 // The area that a convex shape covers while it is moved.
-void fill_swept(QPainter& painter, const QPolygonF& shape, QPointF by) {
+void fillSwept(QPainter& painter, const QPolygonF& shape, QPointF by) {
     painter.drawPolygon(shape);
     painter.drawPolygon(moved(shape, by));
     for (qsizetype i = 0; i < shape.size(); ++i) {
@@ -32,7 +32,7 @@ void fill_swept(QPainter& painter, const QPolygonF& shape, QPointF by) {
 }
 
 // The outline of a circle that is moved: both circles and the strip between their tangents.
-QPainterPath swept_circle(const QRectF& rect, QPointF by) {
+QPainterPath sweptCircle(const QRectF& rect, QPointF by) {
     const double length = std::hypot(by.x(), by.y());
     const QPointF across = 0.5 * rect.width() / length * QPointF(-by.y(), by.x());
     const QPointF c = rect.center();
@@ -63,7 +63,7 @@ TankDrawing::TankDrawing(QWidget* parent) : QWidget(parent) {
 
 void TankDrawing::showPicture(const report::TankPicture& picture) {
     picture_ = picture;
-    setAccessibleDescription(QString::fromStdString(picture.levelText));
+    setAccessibleDescription(QString::fromStdString(picture.level_text));
     update();
 }
 
@@ -103,7 +103,7 @@ void TankDrawing::paintLiquid(QPainter& painter) const {
     const QPainterPath front = segment(end, height);
     painter.setPen(Qt::NoPen);
     painter.setBrush(liquidColour().darker(kDarker));
-    fill_swept(painter, front.toFillPolygon(), depth());
+    fillSwept(painter, front.toFillPolygon(), depth());
     if (height < 1.0) {
         // The surface, seen from above.
         const double y = end.bottom() - height * end.height();
@@ -122,7 +122,7 @@ void TankDrawing::paintEvent(QPaintEvent*) {
     const QColor vapour = picture_.supercritical ? supercriticalColour() : vapourColour();
     const bool parts = !picture_.supercritical && !picture_.error;
 
-    const QPainterPath body = swept_circle(end, depth());
+    const QPainterPath body = sweptCircle(end, depth());
     painter.fillPath(body, vapour.darker(kDarker));
     if (parts) paintLiquid(painter);
     painter.setPen(Qt::NoPen);

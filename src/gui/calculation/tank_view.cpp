@@ -10,10 +10,10 @@
 #include "common/numbers.h"
 #include "gui/calculation/tank_drawing.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "report/tank_picture.h"
-#include "gui/widgets/help_topics.h"
 
 namespace quor::gui {
 
@@ -21,16 +21,16 @@ namespace {
 
 constexpr int kSwatch = 14;
 
-void set_colour(QLabel* swatch, const QColor& colour) {
+void setColour(QLabel* swatch, const QColor& colour) {
     QPixmap picture(kSwatch, kSwatch);
     picture.fill(colour);
     swatch->setPixmap(picture);
 }
 
-QString given_values(const calculation::Tank& tank) {
+QString givenValues(const calculation::Tank& tank) {
     return QString("V = %1 m^3\nm = %2 kg\nT = %3 K")
-        .arg(qt(numbers::General(tank.V)), qt(numbers::General(tank.m)),
-             qt(numbers::General(tank.T)));
+        .arg(qt(numbers::general(tank.V)), qt(numbers::general(tank.m)),
+             qt(numbers::general(tank.T)));
 }
 
 }  // namespace
@@ -104,24 +104,24 @@ void TankView::open() {
     setWindowTitle(qt(picture.title));
     frame_->setTitle(qt(picture.caption));
     drawing_->showPicture(picture);
-    level_->setText(qt(picture.levelText));
-    pressure_->setText(qt(picture.pText));
+    level_->setText(qt(picture.level_text));
+    pressure_->setText(qt(picture.p_text));
     hint_->setText(qt(picture.hint));
     hint_->setVisible(!picture.hint.empty());
-    given_->setText(given_values(result.request.tank));
+    given_->setText(givenValues(result.request.tank));
 
     QPalette colours;
     if (picture.error) colours.setColor(QPalette::WindowText, theme::errorColour());
     level_->setPalette(colours);
     pressure_->setPalette(colours);
 
-    lower_->setText(qt(picture.lowerText));
-    upper_->setText(qt(picture.upperText));
-    set_colour(lowerColour_, picture.supercritical ? TankDrawing::supercriticalColour()
-                                                   : TankDrawing::liquidColour());
-    set_colour(upperColour_, TankDrawing::vapourColour());
-    lowerColour_->setVisible(!picture.lowerText.empty());
-    upperColour_->setVisible(!picture.upperText.empty());
+    lower_->setText(qt(picture.lower_text));
+    upper_->setText(qt(picture.upper_text));
+    setColour(lowerColour_, picture.supercritical ? TankDrawing::supercriticalColour()
+                                                  : TankDrawing::liquidColour());
+    setColour(upperColour_, TankDrawing::vapourColour());
+    lowerColour_->setVisible(!picture.lower_text.empty());
+    upperColour_->setVisible(!picture.upper_text.empty());
 }
 
 }  // namespace quor::gui

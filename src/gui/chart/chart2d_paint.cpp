@@ -25,7 +25,7 @@ class ItemPainter {
 
     void operator()(const PictureLine& line) {
         QPen pen = toQt(line.style);
-        if (line.squareEnds) pen.setCapStyle(Qt::SquareCap);
+        if (line.square_ends) pen.setCapStyle(Qt::SquareCap);
         painter_.setPen(pen);
         painter_.setBrush(Qt::NoBrush);
         const std::span<const QPointF> points = qtPoints(line.points);

@@ -75,8 +75,8 @@ QCursor signedArrow(bool point) {
 /// The line of the legend at a place.
 std::optional<SeriesRef> legendLineAt(const Sheet2D& sheet, const QPointF& p) {
     constexpr double kHalfLine = 9;
-    for (const LegendLine& line : sheet.legendLines)
-        if (std::abs(p.y() - line.y) < kHalfLine && p.x() >= line.sampleLeft) return line.series;
+    for (const LegendLine& line : sheet.legend_lines)
+        if (std::abs(p.y() - line.y) < kHalfLine && p.x() >= line.sample_left) return line.series;
     return std::nullopt;
 }
 
@@ -139,7 +139,7 @@ ChartHit Chart2DWidget::hitAt(const QPointF& place) const {
         hit.label = label->label;
         return found(ChartPart::Label);
     }
-    if (!s.legendLines.empty() && s.legend.contains(place.x(), place.y())) {
+    if (!s.legend_lines.empty() && s.legend.contains(place.x(), place.y())) {
         if (const auto line = legendLineAt(s, place)) {
             hit.group = line->group;
             hit.series = line->index;

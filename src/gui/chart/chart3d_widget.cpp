@@ -53,7 +53,7 @@ void Chart3DWidget::zoom(double factor) {
 }
 
 void Chart3DWidget::turn(double rotation, double elevation) {
-    if (chart_.style.projection2D) return;  // a flat map does not turn
+    if (chart_.style.projection_2d) return;  // a flat map does not turn
     chart::turn(chart_.view, rotation, elevation);
     changed();
 }

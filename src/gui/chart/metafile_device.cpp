@@ -240,7 +240,7 @@ void MetafileEngine::drawTextItem(const QPointF& at, const QTextItem& item) {
     out.font.family = info.family().toLatin1().toStdString();
     out.font.height = static_cast<std::int32_t>(std::lround(info.pixelSize() * factor * unit_));
     constexpr double kTenthsPerRadian = 1800 / 3.14159265358979323846;
-    out.font.tenthDegrees = static_cast<std::int32_t>(
+    out.font.tenth_degrees = static_cast<std::int32_t>(
         std::lround(std::atan2(-transform_.m12(), transform_.m11()) * kTenthsPerRadian));
     out.font.bold = item.font().bold();
     out.font.italic = item.font().italic();
@@ -250,7 +250,7 @@ void MetafileEngine::drawTextItem(const QPointF& at, const QTextItem& item) {
 MetafileDevice::MetafileDevice(MetafileKind kind, const QSizeF& size, const QString& title)
     : size_(size),
       engine_(makeWriter(kind, size, title),
-              static_cast<double>(metaSize(kind, size).unitsPerInch) / kDotsPerInch) {}
+              static_cast<double>(metaSize(kind, size).units_per_inch) / kDotsPerInch) {}
 
 int MetafileDevice::metric(PaintDeviceMetric metric) const {
     const auto whole = [](double value) { return static_cast<int>(std::lround(value)); };

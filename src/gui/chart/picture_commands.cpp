@@ -11,7 +11,7 @@ namespace picture_commands {
 
 namespace {
 
-chart::PictureOptions options_of(const Picture& picture) {
+chart::PictureOptions optionsOf(const Picture& picture) {
     chart::PictureOptions options;
     const QSizeF printed = chart::pixelsOfCm(picture.print.width, picture.print.height);
     if (printed.width() > 1 && printed.height() > 1) {
@@ -23,17 +23,17 @@ chart::PictureOptions options_of(const Picture& picture) {
     return options;
 }
 
-void tell_failure(const chart::FileOutcome& outcome) {
+void tellFailure(const chart::FileOutcome& outcome) {
     if (!outcome.ok) dialogs::tell(outcome.message, "ERROR", dialogs::Icon::Stop);
 }
 
 }  // namespace
 
-void Copy(const Picture& picture) {
-    chart::copyPicture(picture.painting, options_of(picture));
+void copy(const Picture& picture) {
+    chart::copyPicture(picture.painting, optionsOf(picture));
 }
 
-void Save(const Picture& picture, const std::string& folder) {
+void save(const Picture& picture, const std::string& folder) {
     const auto name = dialogs::choose_file(
         {.save = true,
          .title = "Save as Image File",
@@ -41,20 +41,20 @@ void Save(const Picture& picture, const std::string& folder) {
                    "PDF document (*.pdf)|*.pdf|Enhanced metafile (*.emf)|*.emf|"
                    "Windows metafile (*.wmf)|*.wmf",
          .folder = folder,
-         .defaultExtension = ".png",
-         .overwritePrompt = true});
+         .default_extension = ".png",
+         .overwrite_prompt = true});
     if (!name || name->empty()) return;
-    tell_failure(
-        chart::exportPicture(picture.painting, QString::fromStdString(*name), options_of(picture)));
+    tellFailure(
+        chart::exportPicture(picture.painting, QString::fromStdString(*name), optionsOf(picture)));
 }
 
-void Print(const Picture& picture, QWidget* parent) {
+void print(const Picture& picture, QWidget* parent) {
     QPrinter printer;
     printer.setDocName(picture.title);
     QPrintDialog dialog(&printer, parent);
     dialog.setObjectName("PrintDialog");
     if (dialog.exec() != QDialog::Accepted) return;
-    tell_failure(chart::printPicture(picture.painting, printer, picture.print));
+    tellFailure(chart::printPicture(picture.painting, printer, picture.print));
 }
 
 }  // namespace picture_commands

@@ -20,13 +20,13 @@ struct Picture {
 };
 
 /// Puts the picture on the clipboard.
-void Copy(const Picture& picture);
+void copy(const Picture& picture);
 
 /// Asks for a file and writes it; a failure is told.
-void Save(const Picture& picture, const std::string& folder);
+void save(const Picture& picture, const std::string& folder);
 
 /// Asks for a printer, in front of `parent`, and prints; a failure is told.
-void Print(const Picture& picture, QWidget* parent);
+void print(const Picture& picture, QWidget* parent);
 
 }  // namespace picture_commands
 

@@ -50,15 +50,15 @@ class DataValidator : public QValidator {
 };
 
 int longest(const EditorField& field) {
-    if (field.DD == kIndexName) return static_cast<int>(datafiles::kNameLength);
-    return static_cast<int>(field.DD == kIndexFormula ? datafiles::kFormulaLength
-                                                      : datafiles::kCasrnLength);
+    if (field.index == kIndexName) return static_cast<int>(datafiles::kNameLength);
+    return static_cast<int>(field.index == kIndexFormula ? datafiles::kFormulaLength
+                                                         : datafiles::kCasrnLength);
 }
 
 }  // namespace
 
 DataField::DataField(const EditorField& field, QWidget* parent) : QLineEdit(parent), field_(field) {
-    setObjectName(QString("DD_%1").arg(field.DD));
+    setObjectName(QString("DD_%1").arg(field.index));
     setReadOnly(!field.editable);
     if (!field.editable) setToolTip("not editable");
     if (field.is_text()) {

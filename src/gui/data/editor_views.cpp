@@ -18,13 +18,13 @@ namespace {
 constexpr auto kXyEditor = "frmManuInput";
 
 // The editor stands in front of the view that asks for it.
-void open_substance_data(Desk& desk, bool readOnly) {
+void openSubstanceData(Desk& desk, bool readOnly) {
     QWidget* asking = QApplication::activeModalWidget();
     SubstanceEditorView view(desk, readOnly, asking != nullptr ? asking : desk.frameWindow());
     desk.openModal(view);
 }
 
-void open_xy_editor(Desk& desk) {
+void openXyEditor(Desk& desk) {
     if (auto* view = desk.find<XyEditor>(kXyEditor)) {
         view->showList();
         desk.activate(kXyEditor);
@@ -35,18 +35,18 @@ void open_xy_editor(Desk& desk) {
 
 }  // namespace
 
-void Install(Desk& desk) {
-    desk.doors.editSubstance = [&desk] { open_substance_data(desk, false); };
-    desk.doors.showSubstance = [&desk] { open_substance_data(desk, true); };
+void install(Desk& desk) {
+    desk.doors.editSubstance = [&desk] { openSubstanceData(desk, false); };
+    desk.doors.showSubstance = [&desk] { openSubstanceData(desk, true); };
     desk.doors.newMeasuredData = [&desk] { MeasuredDataEditor::openNew(desk); };
     desk.doors.editMeasuredData = [&desk] { MeasuredDataEditor::openPresent(desk); };
-    desk.doors.editXy = [&desk] { open_xy_editor(desk); };
+    desk.doors.editXy = [&desk] { openXyEditor(desk); };
 }
 
 void installFileView(Desk& desk) {
     dialogs::current().file =
         [&desk, others = dialogs::current().file](const dialogs::FileChoice& choice) {
-            return FileView::serves(choice) ? FileView::Choose(desk, choice) : others(choice);
+            return FileView::serves(choice) ? FileView::choose(desk, choice) : others(choice);
         };
 }
 

@@ -10,7 +10,7 @@ namespace editor_views {
 
 /// Opens the doors `editSubstance`, `showSubstance`, `newMeasuredData`, `editMeasuredData` and
 /// `editXy`.
-void Install(Desk& desk);
+void install(Desk& desk);
 
 /// Files of experimental data and projects are chosen in the view with a preview from now on, all
 /// others as before. The desk must live as long as files are chosen.

@@ -27,12 +27,12 @@ constexpr int kPathCharacters = 50;
 constexpr QSize kFirstSize(760, 520);
 
 /// The pattern of "Caption|*.EXT|Caption|*.EXT": its first one.
-QString pattern_of(const std::string& filter) {
+QString patternOf(const std::string& filter) {
     const std::vector<std::string> parts = text::split(filter, '|');
     return parts.size() > 1 ? qt(parts[1]) : QStringLiteral("*");
 }
 
-bool is_pattern(const QString& name) {
+bool isPattern(const QString& name) {
     return name.contains('?') || name.contains('*');
 }
 
@@ -49,7 +49,7 @@ FileView::FileView(Desk& desk, const dialogs::FileChoice& choice, QWidget* paren
     : QDialog(parent),
       desk_(desk),
       choice_(choice),
-      pattern_(pattern_of(choice.filter)),
+      pattern_(patternOf(choice.filter)),
       firstPattern_(pattern_),
       drives_(form::named(new QComboBox, "drvOpenList")),
       folders_(form::named(new QListWidget, "dirOpenList")),
@@ -132,11 +132,11 @@ FileView::FileView(Desk& desk, const dialogs::FileChoice& choice, QWidget* paren
 }
 
 bool FileView::serves(const dialogs::FileChoice& choice) {
-    const QString pattern = pattern_of(choice.filter).toUpper();
+    const QString pattern = patternOf(choice.filter).toUpper();
     return pattern == "*.BAQ" || pattern == "*.QCF";
 }
 
-std::optional<std::string> FileView::Choose(Desk& desk, const dialogs::FileChoice& choice) {
+std::optional<std::string> FileView::choose(Desk& desk, const dialogs::FileChoice& choice) {
     FileView view(desk, choice, desk.frameWindow());
     if (desk.openModal(view) != QDialog::Accepted) return std::nullopt;
     return view.file();
@@ -174,7 +174,7 @@ void FileView::marked() {
     const session::Session& session = desk_.session();
     const datafiles::FilePreview told =
         has ? datafiles::preview_file(pathOf(item->text()).toStdString(), session->database,
-                                      session.places(), session->databaseFolders)
+                                      session.places(), session->database_folders)
             : datafiles::FilePreview{};
     substance_->setText(qt(told.substance));
     substance_->setCursorPosition(0);
@@ -202,7 +202,7 @@ void FileView::take(const QString& name) {
         name_->setFocus();
         return;
     }
-    if (is_pattern(name)) {
+    if (isPattern(name)) {
         pattern_ = name;
         showFiles();
         name_->setFocus();
@@ -213,7 +213,7 @@ void FileView::take(const QString& name) {
         name_->clear();
         return showFolder(path);
     }
-    const QString extension = qt(choice_.defaultExtension);
+    const QString extension = qt(choice_.default_extension);
     if (QFileInfo(path).suffix().isEmpty() && (choice_.save || !QFileInfo::exists(path)))
         path += extension;
     if (!choice_.save && !QFileInfo::exists(path)) {
@@ -225,7 +225,7 @@ void FileView::take(const QString& name) {
         name_->selectAll();
         return;
     }
-    if (choice_.save && choice_.overwritePrompt && QFileInfo::exists(path) &&
+    if (choice_.save && choice_.overwrite_prompt && QFileInfo::exists(path) &&
         !dialogs::ask("such a file is already existing\nOverwright?", "WARNING"))
         return;
     chosen_ = path;

@@ -26,7 +26,7 @@ class FileView : public QDialog {
     explicit FileView(Desk& desk, const dialogs::FileChoice& choice, QWidget* parent = nullptr);
 
     /// Asks for a file; nothing when the user cancels.
-    static std::optional<std::string> Choose(Desk& desk, const dialogs::FileChoice& choice);
+    static std::optional<std::string> choose(Desk& desk, const dialogs::FileChoice& choice);
     /// True for the kinds of files that the view tells something about.
     static bool serves(const dialogs::FileChoice& choice);
 

@@ -132,7 +132,7 @@ void MeasuredDataEditor::showData() {
 void MeasuredDataEditor::adoptSubstance() {
     datafiles::MeasuredData adopted = given_;
     const bool nobodys = adopted.casrn.empty() && adopted.M == 0;
-    if (lineCount() == 0 || nobodys) adopted.casrn = session_->substance.CASRN;
+    if (lineCount() == 0 || nobodys) adopted.casrn = session_->substance.casrn;
     if (lineCount() == 0 || adopted.M == 0) adopted.M = static_cast<double>(session_->substance.M);
     give(std::move(adopted));
     datafiles::MeasuredUnits units = model_->units();
@@ -140,7 +140,7 @@ void MeasuredDataEditor::adoptSubstance() {
     model_->setUnits(units);
     density_->button(1)->setToolTip(
         " applying the input value after re-calculation rho = M n / V (molar mass M/(kg/kmol)= " +
-        qt(numbers::General(static_cast<float>(units.M))));
+        qt(numbers::general(static_cast<float>(units.M))));
 }
 
 // ---------------------------------------------------------------------------------------- history
@@ -324,7 +324,7 @@ QGroupBox* MeasuredDataEditor::buildTarget() {
     };
     QPushButton* xy = form::button("Save as *.XY", "cmdSaveXY");
     connect(xy, &QPushButton::clicked, this,
-            [this] { session::save_measured_column(session_, fitColumn()); });
+            [this] { session::save_measured_column(session_, fit_column()); });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(
@@ -374,9 +374,9 @@ QLayout* MeasuredDataEditor::buildFileButtons() {
     command("&Add. File *.BAQ", "cmdBatchAdd", [this] { load(true); });
     command("Save as *.BAQ", "cmdBatchSave", &MeasuredDataEditor::save);
     command("Print table", "cmdPrintTpVListe", [this] {
-        dialogs::Print({.title = windowTitle().trimmed().toStdString(),
-                        .font = "COURIER",
-                        .text = datafiles::measured_table_text(points(), model_->units())});
+        dialogs::print_out({.title = windowTitle().trimmed().toStdString(),
+                            .font = "COURIER",
+                            .text = datafiles::measured_table_text(points(), model_->units())});
     });
     row->addStretch(1);
     command("Close", "cmdClose", [this] { cancel(); });
@@ -459,7 +459,7 @@ bool MeasuredDataEditor::editMode() const {
 void MeasuredDataEditor::setChanged() {
     changed_ = true;
     if (lineCount() > 0)
-        session::set_commands(session_, {session::Command::mnuData_BatchEdit}, true);
+        session::set_commands(session_, {session::Command::measuredDataEdit}, true);
 }
 
 void MeasuredDataEditor::followTable() {
@@ -575,7 +575,7 @@ void MeasuredDataEditor::toggleLines() {
 void MeasuredDataEditor::pasteLines() {
     adoptSubstance();
     const std::vector<datafiles::MeasuredPoint> sets =
-        datafiles::sets_from_clipboard(dialogs::Clipboard(), model_->units());
+        datafiles::sets_from_clipboard(dialogs::clipboard(), model_->units());
     if (sets.empty()) {
         dialogs::tell("The clipboard holds no lines of numbers.", kRefusal);
         return;
@@ -655,15 +655,15 @@ void MeasuredDataEditor::save() {
     followTable();
 }
 
-int MeasuredDataEditor::fitColumn() const {
+int MeasuredDataEditor::fit_column() const {
     return target_->checkedId();
 }
 
 void MeasuredDataEditor::send(const std::function<void()>& door) {
     {
         const auto now = session_.change();
-        now->fitSource = session::FitSource::measuredData;
-        now->fitColumn = static_cast<std::int16_t>(fitColumn());
+        now->fit_source = session::FitSource::measuredData;
+        now->fit_column = static_cast<std::int16_t>(fit_column());
     }
     door();
 }

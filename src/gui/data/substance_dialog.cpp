@@ -17,8 +17,8 @@
 #include "gui/data/substance_list_model.h"
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
-#include "gui/widgets/theme.h"
 #include "gui/widgets/help_topics.h"
+#include "gui/widgets/theme.h"
 #include "session/substance_session.h"
 
 namespace quor::gui {
@@ -38,7 +38,7 @@ SubstanceDialog::SubstanceDialog(Desk& desk, QWidget* parent)
     buildSearch();
     arrange();
     resize(kSize);
-    const std::int16_t current = session_->substanceNumber;
+    const std::int16_t current = session_->substance_number;
     selectEntry(current > 0 ? current : std::int16_t{1});
     search_->setFocus();
     search_->selectAll();
@@ -48,7 +48,7 @@ void SubstanceDialog::buildList() {
     auto* all = new SubstanceListModel(session_->database, this);
     shown_ = new QSortFilterProxyModel(this);
     shown_->setSourceModel(all);
-    shown_->setFilterRole(SubstanceListModel::SearchRole);
+    shown_->setFilterRole(SubstanceListModel::kSearchRole);
     shown_->setFilterCaseSensitivity(Qt::CaseInsensitive);
     shown_->setSortCaseSensitivity(Qt::CaseInsensitive);
 
@@ -75,11 +75,11 @@ void SubstanceDialog::buildList() {
     connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& now) {
                 if (now.isValid() && list_->hasFocus())
-                    showEntry(
-                        static_cast<std::int16_t>(now.data(SubstanceListModel::IndexRole).toInt()));
+                    showEntry(static_cast<std::int16_t>(
+                        now.data(SubstanceListModel::kIndexRole).toInt()));
             });
     connect(list_, &QTableView::clicked, this, [this](const QModelIndex& now) {
-        showEntry(static_cast<std::int16_t>(now.data(SubstanceListModel::IndexRole).toInt()));
+        showEntry(static_cast<std::int16_t>(now.data(SubstanceListModel::kIndexRole).toInt()));
     });
     connect(list_, &QTableView::doubleClicked, this, &SubstanceDialog::take);
 }
@@ -200,7 +200,7 @@ void SubstanceDialog::selectEntry(std::int16_t index) {
 std::int16_t SubstanceDialog::selectedEntry() const {
     const QModelIndex now = list_->currentIndex();
     return now.isValid()
-               ? static_cast<std::int16_t>(now.data(SubstanceListModel::IndexRole).toInt())
+               ? static_cast<std::int16_t>(now.data(SubstanceListModel::kIndexRole).toInt())
                : std::int16_t{0};
 }
 
@@ -234,7 +234,7 @@ void SubstanceDialog::showData() {
     const std::int16_t found = wantedEntry();
     if (found == 0) return;
     selectEntry(found);
-    if (!kept_) kept_ = Kept{session_->substance, session_->models.VPModel};
+    if (!kept_) kept_ = Kept{session_->substance, session_->models.vapour_pressure};
     if (session::read_substance(session_, found)) desk_.doors.showSubstance();
 }
 
@@ -243,7 +243,7 @@ void SubstanceDialog::reject() {
     if (kept_) {
         const auto now = session_.change();
         now->substance = kept_->substance;
-        now->models.VPModel = kept_->equation;
+        now->models.vapour_pressure = kept_->equation;
     }
     QDialog::reject();
 }

@@ -14,9 +14,9 @@
 #include "gui/data/data_field.h"
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "gui/widgets/help_topics.h"
 #include "session/substance_session.h"
 
 namespace quor::gui {
@@ -88,7 +88,7 @@ SubstanceEditorView::SubstanceEditorView(Desk& desk, bool readOnly, QWidget* par
                 // What was typed is one step now, no longer the field's own.
                 if (edit->isUndoAvailable()) edit->setText(edit->text());
             });
-            fields_[static_cast<std::size_t>(field.DD)] = edit;
+            fields_[static_cast<std::size_t>(field.index)] = edit;
         }
     tabs_ = form::named(new QTabWidget, "SSTab1");
     for (const EditorTab tab : kTabs)
@@ -114,11 +114,11 @@ QWidget* SubstanceEditorView::buildHead() {
     auto* layout = new QHBoxLayout(head);
     layout->setContentsMargins({});
     layout->setSpacing(theme::kGap);
-    for (const int DD : {83, 84, 85}) {
-        const EditorField& field = editor_field_table()[static_cast<std::size_t>(DD)];
-        DataField* edit = fields_[static_cast<std::size_t>(DD)];
+    for (const int index : {83, 84, 85}) {
+        const EditorField& field = editor_field_table()[static_cast<std::size_t>(index)];
+        DataField* edit = fields_[static_cast<std::size_t>(index)];
         layout->addWidget(form::caption(qt(field.caption), edit));
-        layout->addWidget(edit, DD == 83 ? 3 : 1);
+        layout->addWidget(edit, index == 83 ? 3 : 1);
     }
     layout->addSpacing(theme::kGroupGap);
     layout->addWidget(form::named(new QLabel(qt(datafiles::kEditorLegend)), "lblLegend"));
@@ -165,7 +165,7 @@ QGroupBox* SubstanceEditorView::buildFrame(std::size_t spec) {
     bool editable = true;
     for (const EditorField& field : editor_field_table()) {
         if (field.tab != f.tab || field.frame != f.caption) continue;
-        DataField* edit = fields_[static_cast<std::size_t>(field.DD)];
+        DataField* edit = fields_[static_cast<std::size_t>(field.index)];
         const int row = n / f.fieldsPerRow, column = 2 * (n % f.fieldsPerRow);
         grid->addWidget(form::caption(qt(field.caption), edit), row, column);
         grid->addWidget(edit, row, column + 1);
@@ -287,9 +287,9 @@ QWidget* SubstanceEditorView::buildCommands() {
     desk_.connectHelp(help, help::kSubstanceData);
     QPushButton* print = form::button("&Print", "cmdPrint");
     connect(print, &QPushButton::clicked, this, [this] {
-        dialogs::Print({.title = session_->substance.Name,
-                        .font = "COURIER",
-                        .text = datafiles::editor_report(texts())});
+        dialogs::print_out({.title = session_->substance.name,
+                            .font = "COURIER",
+                            .text = datafiles::editor_report(texts())});
     });
     QPushButton* write = form::button("&Save *.Q05", "WriteDataBaseQ05");
     write->setToolTip(" such a file *.Q05 only contains the components of this project ");
@@ -344,7 +344,7 @@ void SubstanceEditorView::showTexts(const EditorTexts& texts) {
 
 // What the session says of the substance stands in several places of the view.
 void SubstanceEditorView::follow() {
-    setWindowTitle("View/Edit Data   " + qt(session_->substance.Name));
+    setWindowTitle("View/Edit Data   " + qt(session_->substance.name));
     equation_->setText(qt(session::active_equation_caption(session_)));
 }
 

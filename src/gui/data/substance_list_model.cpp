@@ -41,9 +41,9 @@ QVariant SubstanceListModel::data(const QModelIndex& index, int role) const {
             return cell(entry, index.column());
         case Qt::ToolTipRole:
             return index.column() == Name ? qt(text::trim_right(entry.name)) : QVariant();
-        case SearchRole:
+        case kSearchRole:
             return qt(entry.name + " " + entry.formula + " " + entry.casrn);
-        case IndexRole:
+        case kIndexRole:
             return index.row() + 1;
         default:
             return {};

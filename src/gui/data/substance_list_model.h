@@ -16,9 +16,9 @@ class SubstanceListModel : public QAbstractTableModel {
 
     enum Column { Name, Formula, Casrn, ColumnCount };
     /// Text in which a typed part is looked for: all names, formula, CASRN.
-    static constexpr int SearchRole = Qt::UserRole;
+    static constexpr int kSearchRole = Qt::UserRole;
     /// Place in the database, from 1.
-    static constexpr int IndexRole = Qt::UserRole + 1;
+    static constexpr int kIndexRole = Qt::UserRole + 1;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -10,7 +10,7 @@ namespace {
 
 using datafiles::MeasuredColumn;
 
-MeasuredColumn column_of(const QModelIndex& index) {
+MeasuredColumn columnOf(const QModelIndex& index) {
     return static_cast<MeasuredColumn>(index.column());
 }
 
@@ -47,7 +47,7 @@ QVariant TpvTableModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
         case Qt::EditRole:
-            return QString::fromStdString(datafiles::cell_text(*set, column_of(index), units_));
+            return QString::fromStdString(datafiles::cell_text(*set, columnOf(index), units_));
         case Qt::TextAlignmentRole:
             return int(Qt::AlignRight | Qt::AlignVCenter);
         case Qt::ForegroundRole:
@@ -86,7 +86,7 @@ bool TpvTableModel::setData(const QModelIndex& index, const QVariant& value, int
     const QString typed = value.toString();
     // A cell that was only looked at keeps the digits that the table does not show.
     if (typed == data(index, Qt::EditRole).toString()) return false;
-    typed_(index.row(), column_of(index), typed.toStdString());
+    typed_(index.row(), columnOf(index), typed.toStdString());
     return true;
 }
 

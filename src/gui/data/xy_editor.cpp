@@ -21,10 +21,10 @@
 #include "datafiles/cell_numbers.h"
 #include "gui/data/xy_table_model.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "gui/widgets/help_topics.h"
 #include "session/questions.h"
 #include "session/xy_session.h"
 
@@ -33,7 +33,7 @@ namespace quor::gui {
 namespace {
 
 using datafiles::XyData;
-using datafiles::XYManipulation;
+using datafiles::XyManipulation;
 
 constexpr auto kRefused = "Execution not possible";
 constexpr auto kNeedsNumber = "A number is needed here.";
@@ -49,16 +49,16 @@ constexpr std::array kSeparators{Separator{"Semicolon", ';'}, Separator{"Comma",
 
 struct ManipulationRow {
     const char* caption;
-    XYManipulation what;
+    XyManipulation what;
     bool needsW;
 };
 constexpr std::array kManipulations{
-    ManipulationRow{"x = 1 - x", XYManipulation::OneMinusX, false},
-    ManipulationRow{"y = 1 / y", XYManipulation::InverseY, false},
-    ManipulationRow{"y = y + W", XYManipulation::AddToY, true},
-    ManipulationRow{"y = y * W", XYManipulation::MultiplyY, true},
-    ManipulationRow{"y = ln(y)", XYManipulation::LogarithmY, false},
-    ManipulationRow{"y = exp(y)", XYManipulation::ExponentialY, false}};
+    ManipulationRow{"x = 1 - x", XyManipulation::OneMinusX, false},
+    ManipulationRow{"y = 1 / y", XyManipulation::InverseY, false},
+    ManipulationRow{"y = y + W", XyManipulation::AddToY, true},
+    ManipulationRow{"y = y * W", XyManipulation::MultiplyY, true},
+    ManipulationRow{"y = ln(y)", XyManipulation::LogarithmY, false},
+    ManipulationRow{"y = exp(y)", XyManipulation::ExponentialY, false}};
 
 QRadioButton* option(const QString& text, const QString& name) {
     return form::named(new QRadioButton(text), name);
@@ -201,11 +201,11 @@ QWidget* XyEditor::buildFile() {
     auto* separators = form::named(new QComboBox, "cmbSep");
     for (const Separator& s : kSeparators) {
         separators->addItem(s.caption);
-        if (s.character == session_->csvSeparator)
+        if (s.character == session_->csv_separator)
             separators->setCurrentIndex(separators->count() - 1);
     }
     connect(separators, &QComboBox::activated, this, [this](int row) {
-        session_.change()->csvSeparator = kSeparators[static_cast<std::size_t>(row)].character;
+        session_.change()->csv_separator = kSeparators[static_cast<std::size_t>(row)].character;
     });
     QPushButton* loading = form::button("&Load data *.XY | *.LRG", "cmdLoad");
     connect(loading, &QPushButton::clicked, this, &XyEditor::load);
@@ -304,11 +304,11 @@ QWidget* XyEditor::buildManipulation() {
         grid->addWidget(manipulations_[i], static_cast<int>(i) / 2, static_cast<int>(i) % 2);
     }
     manipulations_[0]->setChecked(true);
-    W_ = form::named(new NumberEdit, "Text1");
+    w_ = form::named(new NumberEdit, "Text1");
     auto* field = new QHBoxLayout;
     field->setSpacing(theme::kGap);
-    field->addWidget(form::caption("&W =", W_));
-    field->addWidget(W_);
+    field->addWidget(form::caption("&W =", w_));
+    field->addWidget(w_);
     grid->addLayout(field, 3, 0);
     QPushButton* run = form::button("Execute", "cmdExecManip");
     run->setToolTip(" applied to all points, active or not ");
@@ -424,8 +424,8 @@ void XyEditor::showMarkedInFields() {
     const Marked lines = marked();
     if (adding() || lines.first < 1) return;
     const datafiles::FitPoint& point = points()[static_cast<std::size_t>(lines.first - 1)];
-    x_->setText(qt(numbers::General(point.x)));
-    y_->setText(qt(numbers::General(point.y)));
+    x_->setText(qt(numbers::general(point.x)));
+    y_->setText(qt(numbers::general(point.y)));
 }
 
 void XyEditor::takeInput() {
@@ -490,7 +490,7 @@ void XyEditor::copy() {
 // The lines go in at the marked place, behind the last one without a mark.
 void XyEditor::paste() {
     const std::vector<datafiles::FitPoint> more =
-        datafiles::xy_from_clipboard(dialogs::Clipboard());
+        datafiles::xy_from_clipboard(dialogs::clipboard());
     if (more.empty()) return;
     const int marking = marked().first;
     const int place = marking > 0 ? marking : model_->rowCount() + 1;
@@ -502,8 +502,8 @@ void XyEditor::manipulate() {
     std::size_t chosen = 0;
     while (!manipulations_[chosen]->isChecked()) ++chosen;
     const ManipulationRow& row = kManipulations[chosen];
-    if (row.needsW && !complete(W_)) return;
-    const auto modified = datafiles::manipulated_xy(points(), row.what, W_->value());
+    if (row.needsW && !complete(w_)) return;
+    const auto modified = datafiles::manipulated_xy(points(), row.what, w_->value());
     if (!modified) {
         dialogs::tell(modified.reason(), kRefused, dialogs::Icon::Stop);
         return;
@@ -530,20 +530,20 @@ void XyEditor::save() {
 
 void XyEditor::print() {
     const std::string& comment = history_.value().comment;
-    dialogs::Print({.title = comment.empty() ? "x-y data" : comment,
-                    .font = "COURIER",
-                    .text = datafiles::xy_list_text(points())});
+    dialogs::print_out({.title = comment.empty() ? "x-y data" : comment,
+                        .font = "COURIER",
+                        .text = datafiles::xy_list_text(points())});
 }
 
 void XyEditor::draw() {
     const bool asPoints = drawAs_[0]->isChecked();
     if (!session::enough_active_points(points(), asPoints)) return;
-    session_.change()->xyGraph = datafiles::make_xy_graph(points(), asPoints);
+    session_.change()->xy_graph = datafiles::make_xy_graph(points(), asPoints);
     desk_.doors.drawXy();
 }
 
 void XyEditor::fit() {
-    session_.change()->fitSource = session::FitSource::xyList;
+    session_.change()->fit_source = session::FitSource::xyList;
     desk_.doors.fit();
 }
 

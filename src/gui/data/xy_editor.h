@@ -89,7 +89,7 @@ class XyEditor : public ChildView, public Undoable {
     NumberEdit* y_ = nullptr;
     QPushButton* take_ = nullptr;
     QGroupBox* manipulation_ = nullptr;
-    NumberEdit* W_ = nullptr;
+    NumberEdit* w_ = nullptr;
     std::array<QRadioButton*, 2> inputMode_{};
     std::array<QRadioButton*, 6> manipulations_{};
     std::array<QRadioButton*, 2> drawAs_{};

@@ -43,12 +43,12 @@ int XyTableModel::columnCount(const QModelIndex& parent) const {
 QVariant XyTableModel::data(const QModelIndex& index, int role) const {
     const datafiles::FitPoint* point = pointOf(index.row());
     if (point == nullptr) return {};
-    const bool active = datafiles::IsActive(*point);
+    const bool active = datafiles::is_active(*point);
     switch (role) {
         case Qt::DisplayRole:
         case Qt::EditRole:
             return QString::fromStdString(
-                numbers::General(index.column() == kColumnX ? point->x : point->y));
+                numbers::general(index.column() == kColumnX ? point->x : point->y));
         case Qt::TextAlignmentRole:
             return int(Qt::AlignRight | Qt::AlignVCenter);
         case Qt::ForegroundRole:
@@ -68,7 +68,7 @@ QVariant XyTableModel::headerData(int section, Qt::Orientation orientation, int 
         return role == Qt::DisplayRole ? QVariant(section == kColumnX ? "x" : "y") : QVariant();
     const datafiles::FitPoint* point = pointOf(section);
     if (point == nullptr) return {};
-    const bool active = datafiles::IsActive(*point);
+    const bool active = datafiles::is_active(*point);
     if (role == Qt::DisplayRole)
         return active ? QString::number(section + 1) : QString("(%1)").arg(section + 1);
     if (role == Qt::ToolTipRole && !active)

@@ -20,10 +20,10 @@ CoordinatesDialog::CoordinatesDialog(diagrams::DiagramSheet& sheet, QWidget* par
         const char* caption;
         float now, proposed;
     };
-    const std::array<Field, 4> fields{{{"x minimum", now.xMin, proposed.xMin},
-                                       {"x maximum", now.xMax, proposed.xMax},
-                                       {"y minimum", now.yMin, proposed.yMin},
-                                       {"y maximum", now.yMax, proposed.yMax}}};
+    const std::array<Field, 4> fields{{{"x minimum", now.x_min, proposed.x_min},
+                                       {"x maximum", now.x_max, proposed.x_max},
+                                       {"y minimum", now.y_min, proposed.y_min},
+                                       {"y maximum", now.y_max, proposed.y_max}}};
     auto* grid = form::grid();
     grid->setContentsMargins({});
     // The shortest text that gives the same 32-bit number.

@@ -77,7 +77,7 @@ void DesignPanel::follow() {
     loading_ = true;
     showTabs(curves_, "C. ", static_cast<int>(sheet_.curves.size()),
              [this](int place) { return diagrams::is_drawn(sheet_, place); });
-    showTabs(points_, "P. ", static_cast<int>(sheet_.pointSets.size()),
+    showTabs(points_, "P. ", static_cast<int>(sheet_.point_sets.size()),
              [this](int place) { return diagrams::has_point_set(sheet_, place); });
     fillTextList();
     for (const Load& load : loads_) load();
@@ -161,7 +161,7 @@ void DesignPanel::curvePage() {
     };
     const Field<chart::Series> any = [this] { return series(Group::Curves); };
     text(into, "Legend text", "txtLegend", ofCurve(&chart::Series::legend));
-    check(into, "in the legend", "chkLegend1", ofCurve(&chart::Series::inLegend));
+    check(into, "in the legend", "chkLegend1", ofCurve(&chart::Series::in_legend));
     text(into, "Label", "txtLabel",
          [label] { return label() == nullptr ? nullptr : &label()->text; });
     check(into, "label shown", "chkEinzelLabelSichtbar",
@@ -198,7 +198,7 @@ void DesignPanel::curvePage() {
         [any](double value) { any()->line.width = static_cast<float>(value); }, any);
     // Single points have the colour of the line.
     loads_.push_back([any] {
-        if (any() != nullptr) any()->symbolColour = any()->line.colour;
+        if (any() != nullptr) any()->symbol_colour = any()->line.colour;
     });
 }
 
@@ -213,9 +213,9 @@ void DesignPanel::pointPage() {
     text(into, "Legend text", "txtLegPoints",
          [any] { return any() == nullptr ? nullptr : &any()->legend; });
     check(into, "in the legend", "chkLegend2",
-          [any] { return any() == nullptr ? nullptr : &any()->inLegend; });
+          [any] { return any() == nullptr ? nullptr : &any()->in_legend; });
     colour(into, "Colour", "cmdPunktFarbe",
-           [any] { return any() == nullptr ? nullptr : &any()->symbolColour; });
+           [any] { return any() == nullptr ? nullptr : &any()->symbol_colour; });
     choice(
         into, "Symbol", "cmbPunktStil", list(chart::kSymbolNames),
         [any] { return any() == nullptr ? -1 : static_cast<int>(any()->symbol); },
@@ -224,8 +224,8 @@ void DesignPanel::pointPage() {
         });
     number(
         into, "Size", "UpDown1_PointSize", 2, 40, 1,
-        [any] { return static_cast<double>(any()->symbolSize); },
-        [any](double value) { any()->symbolSize = static_cast<float>(value); }, any);
+        [any] { return static_cast<double>(any()->symbol_size); },
+        [any](double value) { any()->symbol_size = static_cast<float>(value); }, any);
 }
 
 void DesignPanel::axisPage() {
@@ -234,7 +234,7 @@ void DesignPanel::axisPage() {
     axisGroup(into, false);
     QPushButton* standard = form::button("Standard origin", "optStandardOrigin");
     connect(standard, &QPushButton::clicked, this, [this] {
-        sheet_.chart.x.automaticOrigin = sheet_.chart.y.automaticOrigin = true;
+        sheet_.chart.x.automatic_origin = sheet_.chart.y.automatic_origin = true;
         apply();
     });
     into->addRow(standard);
@@ -250,8 +250,8 @@ void DesignPanel::axisGroup(QFormLayout* into, bool xAxis) {
     auto* group = new QFormLayout(box);
     group->setLabelAlignment(Qt::AlignRight);
     colour(group, "Colour", "cmd" + letter + "Colour", [axis] { return &axis().colour; });
-    font(group, "Numbers", "cmd" + letter + "Font", [axis] { return &axis().numberFont; });
-    check(group, "grid", "chk" + letter + "Grid", [axis] { return &axis().gridShown; });
+    font(group, "Numbers", "cmd" + letter + "Font", [axis] { return &axis().number_font; });
+    check(group, "grid", "chk" + letter + "Grid", [axis] { return &axis().grid_shown; });
     colour(group, "Grid colour", "cmd" + letter + "GridColour",
            [axis] { return &axis().grid.colour; });
     QStringList patterns = list(chart::kLinePatternNames);
@@ -265,16 +265,16 @@ void DesignPanel::axisGroup(QFormLayout* into, bool xAxis) {
     auto* own = form::named(new QCheckBox("other axis crosses at"), "opt" + letter + "Origin");
     connect(own, &QCheckBox::toggled, this, [this, axis](bool on) {
         if (loading_) return;
-        axis().automaticOrigin = !on;
+        axis().automatic_origin = !on;
         apply();
     });
-    loads_.push_back([own, axis] { own->setChecked(!axis().automaticOrigin); });
+    loads_.push_back([own, axis] { own->setChecked(!axis().automatic_origin); });
     group->addRow(QString(), own);
     auto* origin = form::named(new NumberEdit, "txt" + letter + "Origin");
     connect(origin, &QLineEdit::textEdited, this, [this, origin, axis] {
         if (!origin->holdsNumber()) return;
         axis().origin = origin->value();
-        axis().automaticOrigin = false;
+        axis().automatic_origin = false;
         apply();
     });
     loads_.push_back([origin, axis] {
@@ -295,7 +295,7 @@ void DesignPanel::scalingGroup(QFormLayout* into) {
     for (QRadioButton* option : {automatic, manual})
         connect(option, &QRadioButton::clicked, this, &DesignPanel::applyScaling);
     loads_.push_back([this, automatic, manual] {
-        (sheet_.manualScaling ? manual : automatic)->setChecked(true);
+        (sheet_.manual_scaling ? manual : automatic)->setChecked(true);
     });
     struct Entry {
         const char* caption;
@@ -303,10 +303,10 @@ void DesignPanel::scalingGroup(QFormLayout* into) {
         double chart::Axis::*value;
         bool xAxis;
     };
-    for (const Entry& e : {Entry{"X ticks", "txtXTickValue", &chart::Axis::tickSpacing, true},
-                           Entry{"Y ticks", "txtYTickValue", &chart::Axis::tickSpacing, false},
-                           Entry{"X grid", "txtXGridValue", &chart::Axis::gridSpacing, true},
-                           Entry{"Y grid", "txtYGridValue", &chart::Axis::gridSpacing, false}}) {
+    for (const Entry& e : {Entry{"X ticks", "txtXTickValue", &chart::Axis::tick_spacing, true},
+                           Entry{"Y ticks", "txtYTickValue", &chart::Axis::tick_spacing, false},
+                           Entry{"X grid", "txtXGridValue", &chart::Axis::grid_spacing, true},
+                           Entry{"Y grid", "txtYGridValue", &chart::Axis::grid_spacing, false}}) {
         auto* edit = form::named(new NumberEdit, e.name);
         connect(edit, &QLineEdit::textEdited, this, &DesignPanel::applyScaling);
         loads_.push_back([this, edit, e] {
@@ -360,9 +360,9 @@ void DesignPanel::textPage() {
     colour(into, "", "cmdFooterColour", [&c] { return &c.footer.colour; });
     check(into, "footer centred", "chkFooterAuto", [&c] { return &c.footer.automatic; });
     text(into, "X axis", "txtXTitle", [&c] { return &c.x.title; });
-    font(into, "", "cmdXTitleFont", [&c] { return &c.x.titleFont; });
+    font(into, "", "cmdXTitleFont", [&c] { return &c.x.title_font; });
     text(into, "Y axis", "txtYTitle", [&c] { return &c.y.title; });
-    font(into, "", "cmdYTitleFont", [&c] { return &c.y.titleFont; });
+    font(into, "", "cmdYTitleFont", [&c] { return &c.y.title_font; });
 
     texts_ = form::named(new QComboBox, "cmbTexts");
     connect(texts_, &QComboBox::currentIndexChanged, this, [this] {
@@ -378,7 +378,7 @@ void DesignPanel::textPage() {
     font(into, "", "cmdTextFont",
          [label] { return label() == nullptr ? nullptr : &label()->font; });
     colour(into, "", "cmdTextColour",
-           [label] { return label() == nullptr ? nullptr : &label()->textColour; });
+           [label] { return label() == nullptr ? nullptr : &label()->text_colour; });
     check(into, "frame", "chkTextFrame",
           [label] { return label() == nullptr ? nullptr : &label()->frame.shown; });
 }
@@ -407,7 +407,7 @@ void DesignPanel::legendPage() {
         [&l](int index) { l.anchor = static_cast<chart::LegendAnchor>(index); });
     check(into, "one below the other", "chkLegendVertical", [&l] { return &l.vertical; });
     font(into, "Font", "cmdLegendFont", [&l] { return &l.font; });
-    colour(into, "Text", "cmdLegendColour", [&l] { return &l.textColour; });
+    colour(into, "Text", "cmdLegendColour", [&l] { return &l.text_colour; });
     colour(into, "Background", "cmdLegendBack", [&l] { return &l.background; });
     check(into, "frame", "chkLegendFrame", [&l] { return &l.frame.shown; });
     colour(into, "Frame colour", "cmdLegendFrame", [&l] { return &l.frame.colour; });
@@ -416,13 +416,13 @@ void DesignPanel::legendPage() {
 void DesignPanel::morePage() {
     QFormLayout* into = page("more", "More");
     chart::Chart2D& c = sheet_.chart;
-    check(into, "curve labels and texts shown", "chkLabels", [&c] { return &c.labelsShown; });
-    colour(into, "Plot area", "cmdPlotColour", [&c] { return &c.plotArea.background; });
-    colour(into, "Sheet", "cmdSheetColour", [&c] { return &c.plotArea.sheet; });
-    check(into, "frame of the plot area", "chkFrame", [&c] { return &c.plotArea.border.shown; });
-    colour(into, "Frame colour", "cmdFrameColour", [&c] { return &c.plotArea.border.colour; });
+    check(into, "curve labels and texts shown", "chkLabels", [&c] { return &c.labels_shown; });
+    colour(into, "Plot area", "cmdPlotColour", [&c] { return &c.plot_area.background; });
+    colour(into, "Sheet", "cmdSheetColour", [&c] { return &c.plot_area.sheet; });
+    check(into, "frame of the plot area", "chkFrame", [&c] { return &c.plot_area.border.shown; });
+    colour(into, "Frame colour", "cmdFrameColour", [&c] { return &c.plot_area.border.colour; });
     check(into, "frame of the sheet", "chkSheetFrame",
-          [&c] { return &c.plotArea.sheetBorder.shown; });
+          [&c] { return &c.plot_area.sheet_border.shown; });
     printPlace(into, [&c] { return &c.print; });
 }
 

@@ -88,12 +88,12 @@ MenuRow DiagramWindow::markMenu() {
     const auto showLabels = [this] {
         diagrams::remember(sheet_, "Curve labels");
         for (diagrams::SheetCurve& curve : sheet_.curves) curve.label.shown = true;
-        sheet_.chart.labelsShown = true;
+        sheet_.chart.labels_shown = true;
         refresh();
     };
     return {.caption = "&Add ...",
             .name = "mnuMark",
-            .enabled = [this] { return !sheet_.swappedAxes; },
+            .enabled = [this] { return !sheet_.swapped_axes; },
             .rows = {mark("V-L coexistence curve (projection)", "mnuMarkKoex", Mark::Coexistence,
                           diagrams::mark_coexistence),
                      {.caption = "Line of constant vapour fraction (Isohygric)",
@@ -287,7 +287,7 @@ std::vector<MenuRow> DiagramWindow::drawButtons() {
                                   .run = [this] { draw(); },
                                   .enabled =
                                       [this, diagram] {
-                                          return diagram != nullptr && !sheet_.swappedAxes &&
+                                          return diagram != nullptr && !sheet_.swapped_axes &&
                                                  session::present_pen(session_).has_fluid();
                                       },
                                   .tip = "Draw a curve (Enter)",
@@ -304,14 +304,14 @@ std::vector<MenuRow> DiagramWindow::drawButtons() {
                                    input == diagrams::DiagramInput::range ? askRange()
                                                                           : askParameter();
                                },
-                           .enabled = [this] { return !sheet_.swappedAxes; },
+                           .enabled = [this] { return !sheet_.swapped_axes; },
                            .tip = "Parameter of the next curve"});
     return buttons;
 }
 
 std::vector<MenuRow> DiagramWindow::windowButtons() {
     constexpr double kZoomStep = 1.5;
-    const auto unswapped = [this] { return !sheet_.swappedAxes; };
+    const auto unswapped = [this] { return !sheet_.swapped_axes; };
     const auto logarithmic = [this](bool xAxis) {
         return MenuRow{
             .caption = xAxis ? "log x" : "log y",
@@ -340,7 +340,7 @@ std::vector<MenuRow> DiagramWindow::windowButtons() {
                      canvas_->resetZoom();
                      refresh();
                  },
-             .enabled = [this] { return !sheet_.swappedAxes && canvas_->isZoomed(); },
+             .enabled = [this] { return !sheet_.swapped_axes && canvas_->isZoomed(); },
              .tip = "Window before the zoom"},
             {.caption = "Fit",
              .name = "cmdFit",
@@ -351,8 +351,8 @@ std::vector<MenuRow> DiagramWindow::windowButtons() {
                  },
              .enabled =
                  [this] {
-                     return !sheet_.swappedAxes && (diagrams::curve_count(sheet_) > 0 ||
-                                                    diagrams::point_set_count(sheet_) > 0);
+                     return !sheet_.swapped_axes && (diagrams::curve_count(sheet_) > 0 ||
+                                                     diagrams::point_set_count(sheet_) > 0);
                  },
              .tip = "Window around all curves (double click)",
              .icon = "zoom_fit"},
@@ -388,7 +388,7 @@ void DiagramWindow::followMenus() {
     for (const int places = static_cast<int>(sheet_.curves.size()); curveRows_ <= places;
          ++curveRows_)
         menus_.addRow("mnuDelKurv", deletionOfCurve(curveRows_));
-    for (const int places = static_cast<int>(sheet_.pointSets.size()); pointRows_ <= places;
+    for (const int places = static_cast<int>(sheet_.point_sets.size()); pointRows_ <= places;
          ++pointRows_)
         menus_.addRow("mnuDelPoints", deletionOfPoints(pointRows_));
     menus_.follow();
@@ -400,7 +400,7 @@ void DiagramWindow::followMenus() {
     name("cmdUndo", "Undo", sheet_.undo);
     name("cmdRedo", "Redo", sheet_.redo);
     if (auto* swap = findChild<QAction*>("cmdChangeXY"))
-        swap->setToolTip(sheet_.swappedAxes
+        swap->setToolTip(sheet_.swapped_axes
                              ? "changing of the axis (in the changed state there are restricted "
                                "possibilities for designing)"
                              : " changing x- and y-axis ");
@@ -445,15 +445,15 @@ picture_commands::Picture pictureOf(const chart::Chart2D& c) {
 }  // namespace
 
 void DiagramWindow::copyPicture() {
-    picture_commands::Copy(pictureOf(sheet_.chart));
+    picture_commands::copy(pictureOf(sheet_.chart));
 }
 
 void DiagramWindow::savePicture() {
-    picture_commands::Save(pictureOf(sheet_.chart), session_->folderDiagrams);
+    picture_commands::save(pictureOf(sheet_.chart), session_->folder_diagrams);
 }
 
 void DiagramWindow::printPicture() {
-    picture_commands::Print(pictureOf(sheet_.chart), desk_.frameWindow());
+    picture_commands::print(pictureOf(sheet_.chart), desk_.frameWindow());
 }
 
 void DiagramWindow::copyTable() {

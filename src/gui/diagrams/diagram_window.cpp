@@ -35,8 +35,8 @@ constexpr QSize kFirstSize(860, 620);
 
 }  // namespace
 
-DiagramWindow* DiagramWindow::Open(Desk& desk, const diagrams::PreparedDiagram& prepared,
-                                   const diagrams::Basis& basis) {
+DiagramWindow* DiagramWindow::openNew(Desk& desk, const diagrams::PreparedDiagram& prepared,
+                                      const diagrams::Basis& basis) {
     const bool others = desk.lastUsed<DiagramWindow>() != nullptr;
     auto* view = new DiagramWindow(desk, prepared, basis);
     view->open(others);
@@ -77,12 +77,12 @@ DiagramWindow::DiagramWindow(Desk& desk, const diagrams::PreparedDiagram& prepar
 void DiagramWindow::keepChoice() {
     const auto now = session_.change();
     if (sheet_.request.diagram != nullptr) now->diagram = sheet_.request.diagram;
-    now->diagramAt = sheet_.at;
+    now->diagram_at = sheet_.at;
 }
 
 void DiagramWindow::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter || sheet_.swappedAxes) return QMainWindow::keyPressEvent(event);
+    if (!enter || sheet_.swapped_axes) return QMainWindow::keyPressEvent(event);
     draw();
 }
 
@@ -94,8 +94,8 @@ void DiagramWindow::showCaption(const QString& file) {
 
 void DiagramWindow::draw() {
     becomeCurrent();
-    diagrams::draw(sheet_, session::present_pen(session_), session_->processLine);
-    if (sheet_.currentPlace >= 0 && dock_->isVisible()) panel_->showCurve(sheet_.currentPlace);
+    diagrams::draw(sheet_, session::present_pen(session_), session_->process_line);
+    if (sheet_.current_place >= 0 && dock_->isVisible()) panel_->showCurve(sheet_.current_place);
     refresh();
 }
 
@@ -125,7 +125,7 @@ void DiagramWindow::askParameter() {
     CurveParameterDialog box(sheet_.request.section(), *basis, sheet_.at, desk_.frameWindow());
     if (desk_.openModal(box) != QDialog::Accepted) return abortWhenEmpty();
     sheet_.at = box.parameters();
-    session_.change()->diagramAt = sheet_.at;
+    session_.change()->diagram_at = sheet_.at;
     if (box.drawNow()) return draw();
     refresh();
 }
@@ -134,15 +134,15 @@ void DiagramWindow::askRange() {
     becomeCurrent();
     const auto basis = basisOfInput(sheet_, session_);
     if (!basis) return;
-    RangeInput box({sheet_.request.section(), basis->units, sheet_.at, session_->processLine,
+    RangeInput box({sheet_.request.section(), basis->units, sheet_.at, session_->process_line,
                     session_->coordinates},
                    desk_.frameWindow());
     if (desk_.openModal(box) != QDialog::Accepted) return abortWhenEmpty();
     sheet_.at = box.range().at;
     {
         const auto now = session_.change();
-        now->processLine = box.range().line;
-        now->diagramAt = sheet_.at;
+        now->process_line = box.range().line;
+        now->diagram_at = sheet_.at;
     }
     draw();
 }
@@ -157,10 +157,10 @@ void DiagramWindow::askIsohygric() {
 }
 
 void DiagramWindow::askProcessLine(diagrams::ProcessKind kind) {
-    session_.change()->processLine.kind = kind;
+    session_.change()->process_line.kind = kind;
     ProcessLineDialog box(
         {ProcessLineDialog::Purpose::Line, session::present_pen(session_), sheet_.request.diagram,
-         sheet_.at, session_->processLine, session_->csvSeparator, session_.places()},
+         sheet_.at, session_->process_line, session_->csv_separator, session_.places()},
         [this](const diagrams::ProcessLine& line) { drawProcessLine(line); }, desk_.frameWindow());
     desk_.openModal(box);
 }
@@ -170,10 +170,10 @@ void DiagramWindow::drawProcessLine(const diagrams::ProcessLine& line) {
         diagrams::draw_process_line(sheet_, session::present_pen(session_), line);
     {
         const auto now = session_.change();
-        now->processLine = line;
+        now->process_line = line;
         // The answer of the polytropic program belongs to this line alone.
-        now->processLine.polytropicPoints.clear();
-        if (outcome.last) now->processLine.last = *outcome.last;
+        now->process_line.polytropic_points.clear();
+        if (outcome.last) now->process_line.last = *outcome.last;
     }
     if (outcome.place >= 0) {
         const auto& curve = sheet_.chart.curves[static_cast<std::size_t>(outcome.place)];
@@ -211,10 +211,10 @@ void DiagramWindow::addLegend() {
 
 void DiagramWindow::load() {
     becomeCurrent();
-    const bool withNote = std::exchange(session_.change()->diagramNotePending, false);
+    const bool withNote = std::exchange(session_.change()->diagram_note_pending, false);
     const diagrams::LoadAnswer answer =
-        diagrams::load_oc2(sheet_, session_->folderDiagrams, withNote);
-    session_.change()->folderDiagrams = answer.folder;
+        diagrams::load_oc2(sheet_, session_->folder_diagrams, withNote);
+    session_.change()->folder_diagrams = answer.folder;
     switch (answer.outcome) {
         case diagrams::LoadOutcome::Loaded:
             break;
@@ -223,14 +223,14 @@ void DiagramWindow::load() {
         case diagrams::LoadOutcome::Cancelled:
             return refresh();
     }
-    showCaption(qt(paths::file_title(sheet_.loadedFile)));
+    showCaption(qt(paths::file_title(sheet_.loaded_file)));
     canvas_->forgetZoom();
     refresh();
 }
 
 void DiagramWindow::save() {
-    const auto answer = diagrams::save_oc2(sheet_, session_->folderDiagrams);
-    session_.change()->folderDiagrams = answer.folder;
+    const auto answer = diagrams::save_oc2(sheet_, session_->folder_diagrams);
+    session_.change()->folder_diagrams = answer.folder;
 }
 
 void DiagramWindow::saveCurve() {
@@ -245,7 +245,7 @@ void DiagramWindow::saveCurve() {
 void DiagramWindow::refresh() {
     paintSheet();
     panel_->follow();
-    canvas_->setZoomEnabled(!sheet_.swappedAxes);
+    canvas_->setZoomEnabled(!sheet_.swapped_axes);
     followSession();
     followMenus();
 }
@@ -259,7 +259,7 @@ void DiagramWindow::followSession() {
                                        : qt(fluid));
     QString parameter;
     try {
-        if (!sheet_.swappedAxes)
+        if (!sheet_.swapped_axes)
             parameter = qt(diagrams::shown_parameter(sheet_.request.section(),
                                                      diagrams::in_units_of(sheet_, pen.basis).units,
                                                      sheet_.at));
@@ -280,7 +280,7 @@ void DiagramWindow::rememberDesign(const QString& what) {
     // What is typed into one control is one step.
     const bool other = what.isEmpty() || what != designed_;
     designed_ = what;
-    if (other && !sheet_.undo.empty()) sheet_.undo.back().isDesign = false;
+    if (other && !sheet_.undo.empty()) sheet_.undo.back().is_design = false;
     diagrams::remember_design(sheet_, shown_, "Design");
 }
 
@@ -305,7 +305,7 @@ void DiagramWindow::designHit(const chart::ChartHit& hit) {
 
 int DiagramWindow::curveInUse() const {
     if (dock_->isVisible() && panel_->curve() >= 0) return panel_->curve();
-    if (diagrams::is_drawn(sheet_, sheet_.currentPlace)) return sheet_.currentPlace;
+    if (diagrams::is_drawn(sheet_, sheet_.current_place)) return sheet_.current_place;
     for (int place = static_cast<int>(sheet_.curves.size()) - 1; place >= 0; --place)
         if (diagrams::is_drawn(sheet_, place)) return place;
     return -1;
@@ -378,7 +378,7 @@ void prepareAndOpen(Desk& desk, const diagrams::Diagram& diagram) {
         const diagrams::PreparedDiagram prepared =
             diagrams::prepare_diagram(diagram, basis, session::present_start(session));
         session::keep_start(session, prepared.start);
-        openInput(*DiagramWindow::Open(desk, prepared, basis), diagram);
+        openInput(*DiagramWindow::openNew(desk, prepared, basis), diagram);
     } catch (const std::exception&) {
         dialogs::tell(
             "The registration of the 2D graph module \\...\\olch8x2.ocx during the installation "
@@ -401,19 +401,20 @@ void openChosen(Desk& desk) {
 /// The XY editor's graph gets a diagram of its own, in which nothing is computed.
 void openEditorGraph(Desk& desk) {
     const session::Session& session = desk.session();
-    const datafiles::XYGraph& graph = session->xyGraph;
+    const datafiles::XyGraph& graph = session->xy_graph;
     const diagrams::DiagramRequest request = diagrams::request_of_editor_graph(
         {graph.title,
-         graph.xTitle,
-         graph.yTitle,
-         {graph.range.xMin, graph.range.xMax, graph.range.yMin, graph.range.yMax}});
-    DiagramWindow* view = DiagramWindow::Open(desk, {request, session::present_start(session)}, {});
+         graph.x_title,
+         graph.y_title,
+         {graph.range.x_min, graph.range.x_max, graph.range.y_min, graph.range.y_max}});
+    DiagramWindow* view =
+        DiagramWindow::openNew(desk, {request, session::present_start(session)}, {});
     std::vector<float> x, y;
     for (const datafiles::FitPoint& point : graph.points) {
         x.push_back(point.x);
         y.push_back(point.y);
     }
-    if (graph.asPoints)
+    if (graph.as_points)
         diagrams::add_editor_points(view->sheet(), x, y, session->xy.comment);
     else
         diagrams::add_editor_curve(view->sheet(), x, y, session->xy.comment);
@@ -424,16 +425,16 @@ void calculateProcess(Desk& desk) {
     session::Session& session = desk.session();
     ProcessLineDialog box(
         {ProcessLineDialog::Purpose::Calculation, session::present_pen(session), nullptr,
-         session->diagramAt, session->processLine, session->csvSeparator, session.places()},
+         session->diagram_at, session->process_line, session->csv_separator, session.places()},
         [&desk](const diagrams::ProcessLine& line) {
-            desk.session().change()->processLine = line;
-            desk.calculationViews.openResultView();
+            desk.session().change()->process_line = line;
+            desk.calculationViews.open_result_view();
         },
         desk.frameWindow());
     desk.openModal(box);
     const auto now = session.change();
-    now->processLine.polytropicPoints.clear();
-    now->processLine.fromCalculation = false;
+    now->process_line.polytropic_points.clear();
+    now->process_line.from_calculation = false;
 }
 
 }  // namespace
@@ -443,26 +444,26 @@ void openFromMenu(Desk& desk) {
     const session::Session& session = desk.session();
     const diagrams::Diagram* diagram = session->diagram;
     const bool needsReference = diagram != nullptr &&
-                                diagram->subTitle == diagrams::SubTitle::vaporisation &&
-                                session->models.HLVModel == models::VaporisationModel::benson;
+                                diagram->sub_title == diagrams::SubTitle::vaporisation &&
+                                session->models.vaporisation == models::VaporisationModel::benson;
     if (!needsReference) return openChosen(desk);
-    calculation_views::OpenCalcIn(desk, calculation::Task::vaporisationAtT, true);
+    calculation_views::openPartialChoice(desk, calculation::Task::vaporisationAtT, true);
 }
 
 void openEmpty(Desk& desk) {
     const session::Session& session = desk.session();
     const diagrams::DiagramStart start = session::present_start(session);
     if (session->diagram == nullptr) {
-        DiagramWindow::Open(desk, {{}, start}, session::present_pen(session).basis);
+        DiagramWindow::openNew(desk, {{}, start}, session::present_pen(session).basis);
         return;
     }
     const diagrams::Basis basis = session::present_basis(session);
-    DiagramWindow::Open(desk, diagrams::prepare_diagram(*session->diagram, basis, start), basis);
+    DiagramWindow::openNew(desk, diagrams::prepare_diagram(*session->diagram, basis, start), basis);
 }
 
-void Install(Desk& desk) {
-    desk.calculationViews.prepareDiagram = [&desk] { openChosen(desk); };
-    desk.calculationViews.openProcessView = [&desk] { calculateProcess(desk); };
+void install(Desk& desk) {
+    desk.calculationViews.prepare_diagram = [&desk] { openChosen(desk); };
+    desk.calculationViews.open_process_view = [&desk] { calculateProcess(desk); };
     desk.doors.drawXy = [&desk] { openEditorGraph(desk); };
 }
 

@@ -22,7 +22,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession {
                   const diagrams::Basis& basis);
 
     /// Opens a diagram.
-    static DiagramWindow* Open(Desk& desk, const diagrams::PreparedDiagram& prepared,
+    static DiagramWindow* openNew(Desk& desk, const diagrams::PreparedDiagram& prepared,
                                const diagrams::Basis& basis);
 
     /// `cmdDraw`: the curve of the sheet's parameters.
@@ -105,7 +105,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession {
 namespace diagram_views {
 
 /// Gives the calculations and the XY editor the way to a diagram. The desk outlives its doors.
-void Install(Desk& desk);
+void install(Desk& desk);
 /// Opens the diagram chosen last in the menu, and the input of its first curve. A diagram that the
 /// present fluid cannot have is refused and said.
 void openFromMenu(Desk& desk);

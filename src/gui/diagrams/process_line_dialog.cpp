@@ -33,7 +33,7 @@ constexpr int kLiquid = 0, kVapour = 1;              // `optPhase`
 constexpr int kHomogeneous = 0, kHeterogeneous = 1;  // `optHomoHetero`
 constexpr int kIdealGas = 1;                         // `optIdealEOS`
 
-double number_in(const NumberEdit* edit) {
+double numberIn(const NumberEdit* edit) {
     return edit->holdsNumber() ? edit->value() : kNoNumber;
 }
 
@@ -84,14 +84,14 @@ ProcessLineDialog::ProcessLineDialog(Task task,
     if (isPolytropic())
         layout->addWidget(buildOptions("Equation of state", "fraIdealEOS",
                                        {"using actual EOS", "using Id-Gas equation"},
-                                       task_.line.idealGasEquation ? kIdealGas : 0, eos_));
+                                       task_.line.ideal_gas_equation ? kIdealGas : 0, eos_));
     if (mayBeHeterogeneous())
         layout->addWidget(buildOptions("Region", "fraHomoHetero",
                                        {"Process line homogen.", "Process line heterogen. V-L"},
                                        kHomogeneous, region_));
     if (asksForRange())
         layout->addWidget(rangeFrame_ = buildOptions("Range", "fraTp", {"p range", "T range"},
-                                                     task_.line.rangeIsT, range_));
+                                                     task_.line.range_is_T, range_));
     layout->addWidget(buildFields());
     if (!isLine())
         layout->addWidget(buildOptions("Phase at the start", "fraPhase", {"L-Phase", "V-Phase"},
@@ -101,7 +101,7 @@ ProcessLineDialog::ProcessLineDialog(Task task,
 
     auto* start = new QHBoxLayout;
     estimate_ = form::button(qt(diagrams::texts_of_process(kind_).command), "cmdVScalc");
-    estimate_->setToolTip(qt(diagrams::texts_of_process(kind_).commandTip));
+    estimate_->setToolTip(qt(diagrams::texts_of_process(kind_).command_tip));
     estimate_->setVisible(!estimate_->text().isEmpty());
     state_ = form::named(new QLabel, "txtVSCalc");
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -136,7 +136,7 @@ bool ProcessLineDialog::isLine() const {
 }
 
 bool ProcessLineDialog::onlyVapour() const {
-    return task_.pen.basis.fluid.models().EOSOnlyV;
+    return task_.pen.basis.fluid.models().vapour_only;
 }
 
 bool ProcessLineDialog::isPolytropic() const {
@@ -204,13 +204,13 @@ QGroupBox* ProcessLineDialog::buildExponents() {
     kappa_ = form::named(new QComboBox, "cmbKappa");
     kappa_->setEditable(true);
     kappa_->setInsertPolicy(QComboBox::NoInsert);
-    if (task_.line.kappa > 0) kappa_->setEditText(qt(numbers::General(task_.line.kappa)));
+    if (task_.line.kappa > 0) kappa_->setEditText(qt(numbers::general(task_.line.kappa)));
     exponent_ = form::named(new NumberEdit, "txtExponent");
-    exponent_->setValue(task_.line.polytropicExponent);
+    exponent_->setValue(task_.line.polytropic_exponent);
     form::addRow(grid, 0, "kappa = cp/cV =", kappa_);
     form::addRow(grid, 1, "polytropic exponent =", exponent_);
     connect(kappa_, &QComboBox::activated, this, [this](int index) {
-        kappa_->setEditText(qt(numbers::General(kappa_->itemData(index).toDouble())));
+        kappa_->setEditText(qt(numbers::general(kappa_->itemData(index).toDouble())));
     });
     return frame;
 }
@@ -225,7 +225,7 @@ void ProcessLineDialog::showStart() {
     }
     par_[0]->setValue(r.T1 > 0 ? r.T1 : task_.at.T);
     par_[1]->setValue(r.p1 > 0 ? r.p1 : task_.at.p);
-    if (r.rangeEnd > 0) par_[r.rangeIsT ? 2 : 3]->setValue(r.rangeEnd);
+    if (r.range_end > 0) par_[r.range_is_T ? 2 : 3]->setValue(r.range_end);
     if (isPolytropic()) offerKappa();
 }
 
@@ -246,7 +246,7 @@ void ProcessLineDialog::follow() {
     const diagrams::ProcessTexts& texts = diagrams::texts_of_process(kind_);
     title_->setText(task_.purpose == Purpose::Calculation
                         ? QString("Calculation of a Polytropic Process")
-                    : heterogeneous ? qt(texts.heterogeneousTitle)
+                    : heterogeneous ? qt(texts.heterogeneous_title)
                                     : qt(texts.title));
     // Between the phases T fixes p; the end of the range is T or p alone.
     const bool shown[] = {isLine() || !heterogeneous || overT, isLine() || !heterogeneous || !overT,
@@ -277,18 +277,18 @@ void ProcessLineDialog::continueLast(bool on) {
 diagrams::ProcessInput ProcessLineDialog::input() const {
     diagrams::ProcessInput in;
     in.kind = kind_;
-    for (std::size_t i = 0; i < 4; ++i) in.par[i] = number_in(par_[i]);
-    in.rangeIsT = kind_ == Kind::isobar || chosen(range_, kTRange);
+    for (std::size_t i = 0; i < 4; ++i) in.par[i] = numberIn(par_[i]);
+    in.range_is_T = kind_ == Kind::isobar || chosen(range_, kTRange);
     in.vapour = !chosen(phase_, kLiquid);
     in.heterogeneous = chosen(region_, kHeterogeneous);
-    in.idealGasEquation = chosen(eos_, kIdealGas);
-    in.endToBegin = continue_->isChecked();
+    in.ideal_gas_equation = chosen(eos_, kIdealGas);
+    in.end_to_begin = continue_->isChecked();
     if (isPolytropic()) {
         in.kappa = numbers::val(kappa_->currentText().toStdString());
-        in.exponent = number_in(exponent_);
+        in.exponent = numberIn(exponent_);
     }
     // The fields show fewer digits than the last point has.
-    return in.endToBegin ? diagrams::continued_from(task_.line, in) : in;
+    return in.end_to_begin ? diagrams::continued_from(task_.line, in) : in;
 }
 
 void ProcessLineDialog::tellStart() {
@@ -310,7 +310,7 @@ bool ProcessLineDialog::runProgram() {
         const Places& places = task_.places;
         const std::string name = diagrams::kPolytropicProgram;
         diagrams::PolytropicOutcome outcome = diagrams::run_polytrope(
-            task_.pen.basis, {task_.diagram, task_.line, task_.pen.options, task_.csvSeparator},
+            task_.pen.basis, {task_.diagram, task_.line, task_.pen.options, task_.separator},
             {places.file_exists(name) ? places.find_file(name) : std::filesystem::path(),
              places.write_folder()},
             runner);

@@ -36,7 +36,7 @@ class ProcessLineDialog : public QDialog {
         const diagrams::Diagram* diagram = nullptr;  ///< nullptr: none is open
         diagrams::StateParameters at;                ///< proposed for the start of the line
         diagrams::ProcessLine line;  ///< what was typed last; its kind says what is asked
-        char csvSeparator = ';';
+        char separator = ';';
         Places places{};  ///< where the polytropic program and its files lie
     };
     /// `draw` runs with the line that was taken.

@@ -72,8 +72,8 @@ void RangeInput::askRange() {
         diagrams::field_of(range_.section, range_.units, range_.at);
     par_[0] = field(isobaric ? 1 : 0, qt(fixed.caption), qt(fixed.unit), fixed.value);
     const QString running = isobaric ? "T" : "p";
-    const double low = static_cast<double>(isobaric ? d.TMin : d.pMin);
-    const double high = static_cast<double>(isobaric ? d.TMax : d.pMax);
+    const double low = static_cast<double>(isobaric ? d.T_min : d.p_min);
+    const double high = static_cast<double>(isobaric ? d.T_max : d.p_max);
     par_[1] = field(isobaric ? 0 : 1, running + "1 = ", isobaric ? T : p, low);
     par_[2] = field(isobaric ? 2 : 3, running + "2 = ", isobaric ? T : p, high);
 }

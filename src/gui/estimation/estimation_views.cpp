@@ -15,7 +15,7 @@ using datafiles::GroupFrame;
 constexpr auto kFitView = "frmQFitting";
 constexpr int kFourthPage = 3;
 
-FitView* open_fitting(Desk& desk) {
+FitView* shownFit(Desk& desk) {
     if (auto* view = desk.find<FitView>(kFitView)) {
         view->loadPoints();
         desk.activate(kFitView);
@@ -28,8 +28,8 @@ FitView* open_fitting(Desk& desk) {
 
 }  // namespace
 
-void Install(Desk& desk) {
-    desk.doors.fit = [&desk] { open_fitting(desk); };
+void install(Desk& desk) {
+    desk.doors.fit = [&desk] { shownFit(desk); };
     desk.doors.estimate = [&desk](GroupFrame frame, datafiles::EditorTexts& texts,
                                   QWidget* parent) {
         GroupContributionView view(desk, frame, &texts, parent);
@@ -38,7 +38,7 @@ void Install(Desk& desk) {
 }
 
 void openFitting(Desk& desk) {
-    open_fitting(desk)->showTab(kFourthPage);
+    shownFit(desk)->showTab(kFourthPage);
 }
 
 void openGroups(Desk& desk, GroupFrame frame) {

@@ -10,7 +10,7 @@ class Desk;
 namespace estimation_views {
 
 /// Opens the doors `fit` (the editors send their points) and `estimate`.
-void Install(Desk& desk);
+void install(Desk& desk);
 
 /// The fitting view on the page of the enthalpy of vaporisation.
 void openFitting(Desk& desk);

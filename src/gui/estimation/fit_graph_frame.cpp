@@ -23,7 +23,7 @@ constexpr QSize kLeastChart(380, 200);
 constexpr int kValueDigits = 10;
 
 QString general(double value) {
-    return QString::fromStdString(numbers::General(value)).trimmed();
+    return QString::fromStdString(numbers::general(value)).trimmed();
 }
 
 }  // namespace

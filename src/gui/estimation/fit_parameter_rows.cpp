@@ -25,13 +25,13 @@ constexpr auto kNone = " ---";
 enum Column { kLabel, kStart, kFixed, kLeft, kResult, kStdDev, kInterval };
 
 QString number(double value) {
-    return qt(numbers::General(value)).trimmed();
+    return qt(numbers::general(value)).trimmed();
 }
 
 /// Seven digits suffice for what says how uncertain a value is.
 QString rough(double value) {
     if (value == estimation::kNoStdDev) return kNone;
-    return qt(numbers::General(static_cast<float>(value))).trimmed();
+    return qt(numbers::general(static_cast<float>(value))).trimmed();
 }
 
 QLineEdit* output(const QString& name, int digits) {
@@ -142,15 +142,15 @@ FitParameterRows::Row FitParameterRows::buildRow(QGridLayout* grid, int i) {
 }
 
 void FitParameterRows::showSettings() {
-    const FitModelRow* model = estimation::find_model(fit_.FitModel);
+    const FitModelRow* model = estimation::find_model(fit_.model);
     if (model == nullptr) return;
     for (int i = 0; i < estimation::kMaxPar; ++i) {
         const auto k = static_cast<std::size_t>(i);
-        const bool used = i < model->NPar;
+        const bool used = i < model->parameter_count;
         Row& row = rows_[k];
         row.label->setText(qt(model->labels[k]));
-        row.fixed->setChecked(fit_.FitFixed[k]);
-        if (!used) fit_.FitStart[k] = 0;
+        row.fixed->setChecked(fit_.fixed[k]);
+        if (!used) fit_.start[k] = 0;
         // A parameter that follows from the others cannot be chosen.
         row.fixed->setEnabled(model->computed != i);
         for (QWidget* part : std::initializer_list<QWidget*>{row.label, row.start, row.fixed})
@@ -158,9 +158,9 @@ void FitParameterRows::showSettings() {
         shade(i);
     }
     for (QWidget* part : std::initializer_list<QWidget*>{TcrCaption_, Tcr_})
-        part->setVisible(model->needsTcr);
+        part->setVisible(model->needs_Tcr);
     for (QWidget* part : std::initializer_list<QWidget*>{pcrCaption_, pcr_})
-        part->setVisible(model->needsPcr);
+        part->setVisible(model->needs_pcr);
     Tcr_->setText(number(fit_.Tcr));
     pcr_->setText(number(fit_.pcr));
     showStartValues();
@@ -168,25 +168,25 @@ void FitParameterRows::showSettings() {
 
 void FitParameterRows::showStartValues() {
     for (std::size_t i = 0; i < rows_.size(); ++i) {
-        const bool used = static_cast<int>(i) < fit_.NPar;
-        showNumber(rows_[i].start, used ? number(fit_.FitStart[i]) : " 0");
+        const bool used = static_cast<int>(i) < fit_.parameter_count;
+        showNumber(rows_[i].start, used ? number(fit_.start[i]) : " 0");
     }
 }
 
 void FitParameterRows::showResults() {
-    const FitModelRow* model = estimation::find_model(fit_.FitModel);
+    const FitModelRow* model = estimation::find_model(fit_.model);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const Row& row = rows_[i];
-        const bool used = fit_.fitted && static_cast<int>(i) < fit_.NPar;
+        const bool used = fit_.fitted && static_cast<int>(i) < fit_.parameter_count;
         const bool computed = model != nullptr && model->computed == static_cast<int>(i);
         for (QWidget* part :
              std::initializer_list<QWidget*>{row.result, row.stdDev, row.interval, row.left})
             part->setVisible(used);
         if (!used) continue;
-        showNumber(row.result, number(fit_.FitPar[i]));
-        row.stdDev->setText(computed ? QString() : rough(fit_.FitStdDev[i]));
-        const double half = fit_.report.halfWidth[i];
-        const bool adjusted = !fit_.FitFixed[i] && !computed && half != estimation::kNoStdDev;
+        showNumber(row.result, number(fit_.parameters[i]));
+        row.stdDev->setText(computed ? QString() : rough(fit_.std_dev[i]));
+        const double half = fit_.report.half_width[i];
+        const bool adjusted = !fit_.fixed[i] && !computed && half != estimation::kNoStdDev;
         row.interval->setText(adjusted && half > 0 ? "± " + rough(half) : QString());
     }
     for (QWidget* head : resultHeads_)
@@ -195,7 +195,7 @@ void FitParameterRows::showResults() {
 }
 
 void FitParameterRows::read() {
-    for (int i = 0; i < fit_.NPar; ++i) finishStart(i);
+    for (int i = 0; i < fit_.parameter_count; ++i) finishStart(i);
     finishCritical();
 }
 
@@ -208,7 +208,7 @@ void FitParameterRows::finish(NumberEdit* field, double& value, const QString& s
 
 void FitParameterRows::finishStart(int i) {
     const auto k = static_cast<std::size_t>(i);
-    finish(rows_[k].start, fit_.FitStart[k], "Change start value " + nameOf(i));
+    finish(rows_[k].start, fit_.start[k], "Change start value " + nameOf(i));
 }
 
 void FitParameterRows::finishCritical() {
@@ -223,7 +223,7 @@ QString FitParameterRows::nameOf(int i) const {
 void FitParameterRows::fix(int i, bool fixed) {
     const auto k = static_cast<std::size_t>(i);
     finishStart(i);
-    fit_.FitFixed[k] = fixed;
+    fit_.fixed[k] = fixed;
     if (rows_[k].start->text().trimmed().isEmpty()) rows_[k].start->setText(" 0.");
     shade(i);
     Q_EMIT changed(nameOf(i) + (fixed ? " fixed" : " free"));
@@ -233,7 +233,7 @@ void FitParameterRows::fix(int i, bool fixed) {
 void FitParameterRows::shade(int i) {
     const auto k = static_cast<std::size_t>(i);
     QPalette colours;
-    if (fit_.FitFixed[k]) {
+    if (fit_.fixed[k]) {
         colours.setColor(QPalette::Text, theme::quietColour());
         colours.setColor(QPalette::WindowText, theme::quietColour());
     }
@@ -245,7 +245,7 @@ void FitParameterRows::takeResult(int i) {
     read();
     estimation::take_result_as_start(fit_, i);
     const auto k = static_cast<std::size_t>(i);
-    showNumber(rows_[k].start, number(fit_.FitStart[k]));
+    showNumber(rows_[k].start, number(fit_.start[k]));
     Q_EMIT changed("Result as start value " + nameOf(i));
 }
 

@@ -22,14 +22,14 @@ using estimation::FitModelRow;
 constexpr int kCellPadding = 6;
 
 QString percent(double value) {
-    return qt(numbers::General(static_cast<float>(value))).trimmed() + " %";
+    return qt(numbers::general(static_cast<float>(value))).trimmed() + " %";
 }
 
 QString deviations(const estimation::FitReport& report) {
-    if (!report.hasDeviations) return {};
-    return "mean deviation " + percent(report.meanDeviation) + ", largest " +
-           percent(report.largestDeviation) + " at " +
-           qt(numbers::General(static_cast<float>(report.largestAt))).trimmed();
+    if (!report.has_deviations) return {};
+    return "mean deviation " + percent(report.mean_deviation) + ", largest " +
+           percent(report.largest_deviation) + " at " +
+           qt(numbers::general(static_cast<float>(report.largest_at))).trimmed();
 }
 
 /// The name of a parameter without what follows it on its label.
@@ -42,9 +42,9 @@ QString shortLabel(const FitModelRow& row, std::size_t i) {
 FitQualityFrame::FitQualityFrame(const estimation::FitState& fit, QWidget* parent)
     : QGroupBox(parent), fit_(fit) {
     setObjectName("fraFQS");
-    SQ_ = form::named(new QLabel, "lblSQ");
+    sumOfSquares_ = form::named(new QLabel, "lblSQ");
     sR_ = form::named(new QLabel, "lblsR");
-    for (QLabel* figure : {SQ_, sR_}) {
+    for (QLabel* figure : {sumOfSquares_, sR_}) {
         figure->setFont(theme::fixedPitch());
         figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
@@ -67,7 +67,7 @@ FitQualityFrame::FitQualityFrame(const estimation::FitState& fit, QWidget* paren
 
     auto* figures = new QHBoxLayout;
     figures->setSpacing(theme::kGroupGap);
-    figures->addWidget(SQ_);
+    figures->addWidget(sumOfSquares_);
     figures->addWidget(sR_);
     figures->addStretch(1);
     auto* layout = new QVBoxLayout(this);
@@ -86,10 +86,10 @@ void FitQualityFrame::showFit() {
     if (!fit_.fitted) return;
     const estimation::QualityTexts texts = estimation::quality_of(fit_);
     setTitle(qt(texts.caption));
-    SQ_->setText(qt(texts.SQ));
-    sR_->setText(qt(texts.sR));
-    explanation_->setText(qt(texts.explainSQ) + "\n" + qt(texts.explainSR) + "\n" +
-                          qt(texts.symbols));
+    sumOfSquares_->setText(qt(texts.sum_of_squares));
+    sR_->setText(qt(texts.residual_deviation));
+    explanation_->setText(qt(texts.explain_sum_of_squares) + "\n" +
+                          qt(texts.explain_residual_deviation) + "\n" + qt(texts.symbols));
     deviations_->setText(deviations(fit_.report));
     deviations_->setVisible(!deviations_->text().isEmpty());
     QStringList notes;
@@ -100,14 +100,14 @@ void FitQualityFrame::showFit() {
 }
 
 void FitQualityFrame::showCorrelation() {
-    const FitModelRow* model = estimation::find_model(fit_.FitModel);
+    const FitModelRow* model = estimation::find_model(fit_.model);
     const estimation::FitReport& report = fit_.report;
-    correlation_->setVisible(report.hasCorrelation);
-    correlationCaption_->setVisible(report.hasCorrelation);
-    if (model == nullptr || !report.hasCorrelation) return;
+    correlation_->setVisible(report.has_correlation);
+    correlationCaption_->setVisible(report.has_correlation);
+    if (model == nullptr || !report.has_correlation) return;
     std::vector<std::size_t> adjusted;
     QStringList names;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(model->NPar); ++i) {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(model->parameter_count); ++i) {
         if (report.correlation[i][i] == 0) continue;
         adjusted.push_back(i);
         names << shortLabel(*model, i);
@@ -121,7 +121,7 @@ void FitQualityFrame::showCorrelation() {
         for (int column = 0; column < n; ++column) {
             const double r = report.correlation[adjusted[static_cast<std::size_t>(row)]]
                                                [adjusted[static_cast<std::size_t>(column)]];
-            auto* cell = new QTableWidgetItem(qt(numbers::Format(r, "0.0000;-0.0000")));
+            auto* cell = new QTableWidgetItem(qt(numbers::format(r, "0.0000;-0.0000")));
             cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
             correlation_->setItem(row, column, cell);
         }

@@ -24,7 +24,7 @@ class FitQualityFrame : public QGroupBox {
   private:
     void showCorrelation();
 
-    QLabel* SQ_ = nullptr;
+    QLabel* sumOfSquares_ = nullptr;
     QLabel* sR_ = nullptr;
     QLabel* deviations_ = nullptr;
     QLabel* explanation_ = nullptr;

@@ -14,9 +14,9 @@
 #include "estimation/fit_run.h"
 #include "estimation/fit_start_values.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "gui/widgets/help_topics.h"
 
 namespace quor::gui {
 
@@ -106,17 +106,17 @@ void FitView::remember(const QString& step) {
 
 void FitView::showPresent() {
     const estimation::FitSettings& now = history_.value();
-    const bool otherModel = now.FitModel != fit_.FitModel;
+    const bool otherModel = now.model != fit_.model;
     const bool resultsStay = is_same_function(now, fit_);
     static_cast<estimation::FitSettings&>(fit_) = now;
-    models_->button(now.FitModel)->setChecked(true);
-    phases_->button(static_cast<int>(now.cpPhase))->setChecked(true);
-    logFit_[now.FitLogSQ ? 1 : 0]->setChecked(true);
+    models_->button(now.model)->setChecked(true);
+    phases_->button(static_cast<int>(now.cp_phase))->setChecked(true);
+    logFit_[now.logarithmic ? 1 : 0]->setChecked(true);
     title_->setText(qt(estimation::fit_title(fit_)));
     showTarget();
     showModel();
     if (otherModel)
-        if (const FitModelRow* row = estimation::find_model(now.FitModel))
+        if (const FitModelRow* row = estimation::find_model(now.model))
             showTab(static_cast<int>(row->tab));
     if (!resultsStay) dropResults();
 }
@@ -162,7 +162,7 @@ QWidget* FitView::buildPage(int tab) {
         }
         box->addStretch(1);
         connect(phases_, &QButtonGroup::idClicked, this, [this](int id) {
-            fit_.cpPhase = static_cast<estimation::CpPhase>(id);
+            fit_.cp_phase = static_cast<estimation::CpPhase>(id);
             remember(QString("Phase: ") + kPhases[static_cast<std::size_t>(id)]);
         });
         grid->addLayout(box, next++, 0, 1, 2);
@@ -195,7 +195,7 @@ QWidget* FitView::buildEquation() {
                                  QString("optLogFit_%1").arg(static_cast<int>(i)));
         logFit_[i]->setChecked(i == 0);
         connect(logFit_[i], &QRadioButton::clicked, this, [this, i] {
-            fit_.FitLogSQ = i == 1;
+            fit_.logarithmic = i == 1;
             remember(logFit_[i]->text().trimmed());
         });
         row->addWidget(logFit_[i]);
@@ -222,7 +222,7 @@ QWidget* FitView::buildCommands() {
     connect(tpv, &QPushButton::clicked, this, [this] { desk_.doors.editMeasuredData(); });
     QPushButton* print = form::button("P&rint", "cmdPrint");
     connect(print, &QPushButton::clicked, this, [this] {
-        dialogs::Print(
+        dialogs::print_out(
             {.title = "Fitting", .font = "COURIER", .text = form::textOf(this).toStdString()});
     });
     QPushButton* help = form::button("&Help", "Hilfe");
@@ -248,17 +248,16 @@ QWidget* FitView::buildCommands() {
 
 void FitView::loadPoints() {
     rows_->read();
-    const bool measured = session_->fitSource == session::FitSource::measuredData;
+    const bool measured = session_->fit_source == session::FitSource::measuredData;
     const auto note = estimation::set_fit_points(
         fit_,
-        measured ? estimation::fit_points(session_->measured.points, session_->fitColumn)
+        measured ? estimation::fit_points(session_->measured.points, session_->fit_column)
                  : session_->xy.points,
         measured);
     if (note) dialogs::tell(*note, "WARNING");
     title_->setText(qt(estimation::fit_title(fit_)));
     // Points that come in for another substance begin a fit of that one.
-    if (!estimation::is_same_substance(fit_.substance, session_->substance))
-        beginFit(fit_.FitModel);
+    if (!estimation::is_same_substance(fit_.substance, session_->substance)) beginFit(fit_.model);
     showTarget();
     dropResults();
     remember("Load points");
@@ -274,8 +273,8 @@ void FitView::adoptSubstance() {
 }
 
 void FitView::showTarget() {
-    const std::string& own = fit_.substance.Name;
-    const std::string& active = session_->substance.Name;
+    const std::string& own = fit_.substance.name;
+    const std::string& active = session_->substance.name;
     const bool same = estimation::is_same_substance(fit_.substance, session_->substance);
     target_->setText(own.empty() ? QString()
                      : same      ? qt(estimation::target_caption(own))
@@ -310,9 +309,9 @@ void FitView::showModel() {
 }
 
 void FitView::showEquation() {
-    const FitModelRow* row = estimation::find_model(fit_.FitModel);
+    const FitModelRow* row = estimation::find_model(fit_.model);
     if (row == nullptr) return;
-    lg_->setVisible(!row->captionLg.empty());
+    lg_->setVisible(!row->caption_lg.empty());
     lg_->setChecked(fit_.lg);
     equation_->setText(qt(estimation::equation_caption(*row, fit_.lg)));
     remark_->setText(qt(row->remark));
@@ -321,13 +320,13 @@ void FitView::showEquation() {
 
 // The start values of the other form come in as long as nobody has changed them.
 void FitView::changeForm(bool lg) {
-    const FitModelRow* row = estimation::find_model(fit_.FitModel);
+    const FitModelRow* row = estimation::find_model(fit_.model);
     if (row == nullptr) return;
     rows_->read();
     const double Tcr = fit_.substance.Tcrit;
-    const bool untouched = fit_.FitStart == estimation::start_values(*row, fit_.lg, Tcr);
+    const bool untouched = fit_.start == estimation::start_values(*row, fit_.lg, Tcr);
     fit_.lg = lg;
-    if (untouched) fit_.FitStart = estimation::start_values(*row, fit_.lg, Tcr);
+    if (untouched) fit_.start = estimation::start_values(*row, fit_.lg, Tcr);
     rows_->showStartValues();
     showEquation();
     dropResults();
@@ -355,13 +354,13 @@ void FitView::propose() {
         dialogs::tell(proposal.reason(), kRefused, dialogs::Icon::Stop);
         return;
     }
-    fit_.FitStart = *proposal;
+    fit_.start = *proposal;
     rows_->showStartValues();
     remember("Propose start values");
 }
 
 void FitView::apply() {
-    if (!estimation::has_place(fit_.FitModel)) return;
+    if (!estimation::has_place(fit_.model)) return;
     const Result<estimation::AppliedFit> applied = estimation::apply_fit(fit_, session_->substance);
     if (!applied) {
         dialogs::tell(applied.reason(), kRefused, dialogs::Icon::Stop);
@@ -376,7 +375,7 @@ void FitView::apply() {
 }
 
 bool FitView::isLinear() const {
-    const FitModelRow* row = estimation::find_model(fit_.FitModel);
+    const FitModelRow* row = estimation::find_model(fit_.model);
     return row != nullptr && row->basis != nullptr;
 }
 

@@ -13,9 +13,9 @@
 #include "common/numbers.h"
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "gui/widgets/help_topics.h"
 
 namespace quor::gui {
 
@@ -35,7 +35,7 @@ constexpr std::array<std::string_view, 2> kColumnStarts{"Halogen", "Nitrogen"};
 
 /// A number in the form of the files' fields; the value decides about its length.
 QString general(double value) {
-    return qt(numbers::General(static_cast<float>(value)));
+    return qt(numbers::general(static_cast<float>(value)));
 }
 
 QLineEdit* output(const QString& name) {
@@ -121,7 +121,7 @@ QWidget* GroupContributionView::buildGroups() {
     QGridLayout* grid = nullptr;
     std::string_view family;
     int row = 0;
-    const auto begin_column = [&] {
+    const auto beginColumn = [&] {
         if (grid != nullptr) grid->setRowStretch(row, 1);
         grid = form::grid();
         grid->setContentsMargins({});
@@ -129,13 +129,13 @@ QWidget* GroupContributionView::buildGroups() {
         columns->addLayout(grid);
         row = 0;
     };
-    begin_column();
+    beginColumn();
     for (std::size_t i = 0; i < groups_.size(); ++i) {
-        const Group& group = estimation::Groups()[i];
+        const Group& group = estimation::all_groups()[i];
         if (group.family != family) {
             family = group.family;
             for (const std::string_view start : kColumnStarts)
-                if (family.starts_with(start)) begin_column();
+                if (family.starts_with(start)) beginColumn();
             auto* heading = new QLabel(qt(family));
             QFont bold = heading->font();
             bold.setBold(true);
@@ -187,7 +187,7 @@ QGroupBox* GroupContributionView::buildCritical() {
     add(Tf_, "txtTf", "T(f)", "K", " freezing point, very approximate guess (average error 23 K) ");
     add(Tc_, "txtTc", "T(cr)", "K", " critical temperature ");
     add(pc_, "txtpc", "p(cr)", "kPa", " critical pressure ");
-    add(Vc_, "txtVc", "v(cr)", "m^3/kmol", " critical molar volume ");
+    add(vc_, "txtVc", "v(cr)", "m^3/kmol", " critical molar volume ");
     add(rhoc_, "txtRhoc", "rho(cr)", "kg/m^3", kDensityTip);
     grid->addWidget(calculation("cmdCalcCrit", &GroupContributionView::calculateCritical), row++, 0,
                     1, 3);
@@ -215,10 +215,10 @@ QGroupBox* GroupContributionView::buildFormation() {
 QGroupBox* GroupContributionView::buildHeatCapacity() {
     auto* box = form::frame("cp/(kJ/(kmol K)) = C0 + C1*T + C2*T^2 + C3*T^3", "fracp");
     auto* grid = form::grid(box);
-    for (std::size_t i = 0; i < C_.size(); ++i) {
+    for (std::size_t i = 0; i < coefficients_.size(); ++i) {
         const QString name = QString("C%1").arg(static_cast<int>(i));
-        C_[i] = output("txt" + name);
-        form::addRow(grid, static_cast<int>(i), name, C_[i]);
+        coefficients_[i] = output("txt" + name);
+        form::addRow(grid, static_cast<int>(i), name, coefficients_[i]);
     }
     grid->addWidget(calculation("cmdCalccp", &GroupContributionView::calculateHeatCapacity), 4, 0,
                     1, 3);
@@ -240,9 +240,9 @@ QWidget* GroupContributionView::buildCommands() {
     apply_->setVisible(frame_ != GroupFrame::Critical);
     QPushButton* print = form::button("&Print", "cmdPrint");
     connect(print, &QPushButton::clicked, this, [this] {
-        dialogs::Print({.title = windowTitle().toStdString(),
-                        .font = "COURIER",
-                        .text = form::textOf(this).toStdString()});
+        dialogs::print_out({.title = windowTitle().toStdString(),
+                            .font = "COURIER",
+                            .text = form::textOf(this).toStdString()});
     });
     QPushButton* help = form::button("&Help", "Hilfe");
     desk_.connectHelp(help, help::kGroupContributions);
@@ -277,15 +277,15 @@ void GroupContributionView::clearResults() {
     critical_ = {};
     formation_ = {};
     cp_.reset();
-    for (QLineEdit* field :
-         {Tb_, Tf_, Tc_, pc_, Vc_, rhoc_, dfh_, dfg_, C_[0], C_[1], C_[2], C_[3]})
+    for (QLineEdit* field : {Tb_, Tf_, Tc_, pc_, vc_, rhoc_, dfh_, dfg_, coefficients_[0],
+                             coefficients_[1], coefficients_[2], coefficients_[3]})
         if (field != nullptr) field->setText(kNone);
     if (rhoc_ != nullptr) rhoc_->setToolTip(kDensityTip);
     offerTransfer(false);
 }
 
 void GroupContributionView::offerTransfer(bool results) {
-    const bool target = editor_ != nullptr || !session_->substance.Name.empty();
+    const bool target = editor_ != nullptr || !session_->substance.name.empty();
     apply_->setEnabled(results && target);
 }
 
@@ -306,7 +306,7 @@ void GroupContributionView::calculateCritical() {
     Tf_->setText(qt(estimation::temperature_text(critical_.Tf)));
     Tc_->setText(qt(estimation::temperature_text(critical_.Tc)));
     pc_->setText(qt(estimation::pressure_text(critical_.pc)));
-    Vc_->setText(qt(estimation::VolumeText(critical_.Vc)));
+    vc_->setText(qt(estimation::volume_text(critical_.vc)));
     rhoc_->setText(qt(estimation::density_text(critical_.rhoc)));
     if (critical_.rhoc) rhoc_->setToolTip(qt(estimation::density_tooltip(groups)));
 }
@@ -323,7 +323,8 @@ void GroupContributionView::calculateHeatCapacity() {
     clearResults();
     cp_ = estimation::calc_cp(counts());
     if (!cp_) return;
-    for (std::size_t i = 0; i < C_.size(); ++i) C_[i]->setText(general((*cp_)[i]));
+    for (std::size_t i = 0; i < coefficients_.size(); ++i)
+        coefficients_[i]->setText(general((*cp_)[i]));
     offerTransfer(true);
 }
 
@@ -343,7 +344,7 @@ void GroupContributionView::apply() {
         return;
     }
     transfer(session_.change()->substance);
-    status_->setText(" Applied to the loaded data of " + qt(session_->substance.Name));
+    status_->setText(" Applied to the loaded data of " + qt(session_->substance.name));
 }
 
 }  // namespace quor::gui

@@ -57,10 +57,10 @@ class GroupContributionView : public QDialog {
     datafiles::EditorTexts* editor_;
     std::array<QLineEdit*, estimation::kGroups> groups_{};
     QLineEdit* molarMass_ = nullptr;
-    QLineEdit *Tb_ = nullptr, *Tf_ = nullptr, *Tc_ = nullptr, *pc_ = nullptr, *Vc_ = nullptr,
+    QLineEdit *Tb_ = nullptr, *Tf_ = nullptr, *Tc_ = nullptr, *pc_ = nullptr, *vc_ = nullptr,
               *rhoc_ = nullptr;
     QLineEdit *dfh_ = nullptr, *dfg_ = nullptr;
-    std::array<QLineEdit*, 4> C_{};
+    std::array<QLineEdit*, 4> coefficients_{};
     QLabel* status_ = nullptr;
     QPushButton* apply_ = nullptr;
     estimation::CriticalData critical_;

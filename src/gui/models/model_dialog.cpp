@@ -14,10 +14,10 @@
 #include "gui/models/manual_virial_dialog.h"
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "models/model_codes.h"
-#include "gui/widgets/help_topics.h"
 
 namespace quor::gui {
 
@@ -142,9 +142,9 @@ void ModelDialog::arrange() {
     const auto selected = [this](int first, auto model) {
         return [this, first, model] { return first + models::code_of(choice_.models().*model); };
     };
-    connectHelp(eosHelp, selected(help::kEquationsOfState, &models::ModelSelection::EOSModel));
-    connectHelp(vpHelp, selected(help::kVapourPressure, &models::ModelSelection::VPModel));
-    connectHelp(hlvHelp, selected(help::kVaporisation, &models::ModelSelection::HLVModel));
+    connectHelp(eosHelp, selected(help::kEquationsOfState, &models::ModelSelection::eos));
+    connectHelp(vpHelp, selected(help::kVapourPressure, &models::ModelSelection::vapour_pressure));
+    connectHelp(hlvHelp, selected(help::kVaporisation, &models::ModelSelection::vaporisation));
     connectHelp(cpHelp, [] { return help::kIdealGasCp; });
     connectHelp(rhoHelp, [] { return help::kLiquidDensity; });
     connectHelp(priorityHelp, [] { return help::kPriority; });
@@ -199,7 +199,7 @@ void ModelDialog::showSubstance() {
     const models::DensityNote density = models::liquid_density_note(choice_.substance());
     densityState_->setText(qt(density.state));
     densityRange_->setText(qt(density.range));
-    setWindowTitle(" Select the calculation models for " + qt(choice_.substance().Name));
+    setWindowTitle(" Select the calculation models for " + qt(choice_.substance().name));
 }
 
 void ModelDialog::follow() {
@@ -209,12 +209,12 @@ void ModelDialog::follow() {
     watson_->setVisible(choice_.watson_visible());
     priorityFrame_->setEnabled(choice_.priority_enabled());
     const QSignalBlocker quiet0(priority_[0]), quiet1(priority_[1]);
-    priority_[0]->setChecked(choice_.models().PriorityCEOS);
-    priority_[1]->setChecked(!choice_.models().PriorityCEOS);
+    priority_[0]->setChecked(choice_.models().eos_has_priority);
+    priority_[1]->setChecked(!choice_.models().eos_has_priority);
 }
 
 void ModelDialog::askManualVirial() {
-    ManualVirialDialog input(choice_.models().manualVirial, this);
+    ManualVirialDialog input(choice_.models().manual_virial, this);
     if (desk_.openModal(input) == QDialog::Accepted)
         choice_.set_manual_virial(input.coefficients());
 }

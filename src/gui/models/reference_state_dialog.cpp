@@ -13,10 +13,10 @@
 #include "common/faults.h"
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/help_topics.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
-#include "gui/widgets/help_topics.h"
 
 namespace quor::gui {
 
@@ -25,28 +25,29 @@ namespace {
 using models::ReferenceOption;
 
 // The factor of the present substance: that of the session is as old as the last calculation.
-double present_factor(const session::SessionState& session) {
+double presentFactor(const session::SessionState& session) {
     try {
-        return models::caloric_factor(session.caloricUnit, session.diagramAt.T, session.substance);
+        return models::caloric_factor(session.caloric_unit, session.diagram_at.T,
+                                      session.substance);
     } catch (const faults::Fault&) {
-        return session.caloricFactor;
+        return session.caloric_factor;
     }
 }
 
 // The first option names the quantities in the unit of the session.
-QString values_caption(const models::ReferenceCaptions& c) {
+QString valuesCaption(const models::ReferenceCaptions& c) {
     return qt(c.h).trimmed() + " and " + qt(c.s).trimmed() + " of the ideal gas at To, po as below";
 }
 
 }  // namespace
 
 ReferenceStateDialog::ReferenceStateDialog(Desk& desk, QWidget* parent)
-    : QDialog(parent), desk_(desk), factor_(present_factor(desk.session().state())) {
+    : QDialog(parent), desk_(desk), factor_(presentFactor(desk.session().state())) {
     setObjectName("frmReferenz");
     setWindowTitle(" Calculation of Thermodynamic Functions Z");
     arrange();
     const models::ReferenceState& reference = desk.session()->reference;
-    const ReferenceOption present = models::reference_option_of(reference.RefMode);
+    const ReferenceOption present = models::reference_option_of(reference.mode);
     options_->button(static_cast<int>(present))->setChecked(true);
     fill(models::fields_of(reference, factor_));
     enable(present);
@@ -57,7 +58,7 @@ QLayout* ReferenceStateDialog::buildOptions() {
     auto* column = new QVBoxLayout;
     column->setSpacing(theme::kGap);
     const std::array<QString, 3> texts = {
-        values_caption(models::captions_of(desk_.session()->caloricUnit)),
+        valuesCaption(models::captions_of(desk_.session()->caloric_unit)),
         "Z(ref) = quantity of formation for ideal gas state at To=298.15 and normal pressure\n"
         "from elements in the stable state",
         "Conventional Reference State (cf. Help)"};
@@ -73,7 +74,7 @@ QLayout* ReferenceStateDialog::buildOptions() {
 }
 
 QLayout* ReferenceStateDialog::buildFields() {
-    const models::ReferenceCaptions c = models::captions_of(desk_.session()->caloricUnit);
+    const models::ReferenceCaptions c = models::captions_of(desk_.session()->caloric_unit);
     const std::array<QString, models::kReferenceFields> names = {qt(c.h),  qt(c.s), "To/K",
                                                                  "po/kPa", "T/K",   "p/kPa"};
     for (std::size_t i = 0; i < fields_.size(); ++i)
@@ -154,7 +155,7 @@ void ReferenceStateDialog::enable(ReferenceOption chosen) {
 void ReferenceStateDialog::confirm() {
     if (markWrongNumber(fields_)) return;
     models::ReferenceState reference = desk_.session()->reference;
-    if (!models::StoreReference(option(), typed(), factor_, reference)) {
+    if (!models::store_reference(option(), typed(), factor_, reference)) {
         dialogs::tell("A number is beyond the range of its field.", "Execution not possible");
         return;
     }

@@ -11,8 +11,8 @@
 
 #include "gui/widgets/desk.h"
 #include "gui/widgets/form.h"
-#include "gui/widgets/theme.h"
 #include "gui/widgets/help_topics.h"
+#include "gui/widgets/theme.h"
 
 namespace quor::gui {
 
@@ -97,7 +97,7 @@ QWidget* OptionsDialog::unitFrame() {
                       opened_.specific);
     QGroupBox* inner = form::frame("reduced quantities for T, p, V", "fraReduced");
     reduced_ = check("&reduced quantities z(red) = z/z(cr)", "chkReduziert", opened_.reduced);
-    reduced_->setEnabled(opened_.reducedPossible);
+    reduced_->setEnabled(opened_.reduced_possible);
     column(inner)->addWidget(reduced_);
     QVBoxLayout* layout = column(box);
     layout->addWidget(unit_[0]);
@@ -126,16 +126,16 @@ QWidget* OptionsDialog::referenceFrame() {
 QWidget* OptionsDialog::curveFrame() {
     QGroupBox* box = form::frame("Curves of diagrams", "fraCurves");
     realRange_ = check("draw real &range (T>T(trip) or p> p(trip) resp.)", "chkCurveTpRestricted",
-                       opened_.realRange);
+                       opened_.real_range);
     QToolButton* help = form::helpButton("cmdRealBreichHelp", "draw real range");
     desk_.connectHelp(help, help::kRealRange);
     sCurve_ = check("for cubic EOS: at T < T(cr) only draw S-shaped curve &without tie line",
-                    "chkSKurveOhneKonnode", opened_.sWithoutTieLine);
-    sCurve_->setEnabled(opened_.sCurvePossible);
+                    "chkSKurveOhneKonnode", opened_.s_without_tie_line);
+    sCurve_->setEnabled(opened_.s_curve_possible);
     partialGas_ = check(
         "partial curve \"&gas phase\" z(T), isobaric or z(p), isothermal; i. e. draw only curve "
         "for T > T(LV) or p < p(LV) resp.",
-        "chkPartialKurve", opened_.partialGas);
+        "chkPartialKurve", opened_.partial_gas);
     partialGas_->setToolTip(" active only for virial EOS ");
     auto* first = new QHBoxLayout;
     first->addWidget(realRange_, 1);
@@ -176,13 +176,13 @@ void OptionsDialog::apply() {
     c.batch = mode_[1]->isChecked();
     c.specific = unit_[1]->isChecked();
     c.reduced = reduced_->isEnabled() && reduced_->isChecked();
-    c.realRange = realRange_->isChecked();
-    c.sWithoutTieLine = sCurve_->isChecked();
-    c.partialGas = partialGas_->isChecked();
+    c.real_range = realRange_->isChecked();
+    c.s_without_tie_line = sCurve_->isChecked();
+    c.partial_gas = partialGas_->isChecked();
     c.points = points_->value();
     if (!session::apply_options(desk_.session(), c)) return;
     // The axes of an open diagram are no longer valid in other units.
-    if (desk_.session()->unitsChanged) desk_.closeViews({"frmGraph2D", "frmGraph3D"});
+    if (desk_.session()->units_changed) desk_.closeViews({"frmGraph2D", "frmGraph3D"});
     desk_.refresh();
     accept();
 }

@@ -24,16 +24,16 @@ struct LimitRow {
     float SurfaceLimits::*limit;
 };
 
-constexpr std::array<LimitRow, 8> kLimits{{{"T(min)", "txtTMin", &SurfaceLimits::TMin},
-                                           {"T(max)", "txtTMax", &SurfaceLimits::TMax},
-                                           {"p(min)", "txtpMin", &SurfaceLimits::pMin},
-                                           {"p(max)", "txtpMax", &SurfaceLimits::pMax},
-                                           {"v(min)", "txtvMin", &SurfaceLimits::vMin},
-                                           {"v(max)", "txtvMax", &SurfaceLimits::vMax},
-                                           {"z(min)", "txtzMin", &SurfaceLimits::zMin},
-                                           {"z(max)", "txtzMax", &SurfaceLimits::zMax}}};
+constexpr std::array<LimitRow, 8> kLimits{{{"T(min)", "txtTMin", &SurfaceLimits::T_min},
+                                           {"T(max)", "txtTMax", &SurfaceLimits::T_max},
+                                           {"p(min)", "txtpMin", &SurfaceLimits::p_min},
+                                           {"p(max)", "txtpMax", &SurfaceLimits::p_max},
+                                           {"v(min)", "txtvMin", &SurfaceLimits::v_min},
+                                           {"v(max)", "txtvMax", &SurfaceLimits::v_max},
+                                           {"z(min)", "txtzMin", &SurfaceLimits::z_min},
+                                           {"z(max)", "txtzMax", &SurfaceLimits::z_max}}};
 
-Axis quantity_of(const LimitRow& row, const diagrams::SurfaceKind& kind) {
+Axis quantityOf(const LimitRow& row, const diagrams::SurfaceKind& kind) {
     switch (row.caption[0]) {
         case 'T':
             return Axis::T;
@@ -47,19 +47,19 @@ Axis quantity_of(const LimitRow& row, const diagrams::SurfaceKind& kind) {
 }
 
 /// The title of the axis that shows a quantity; nothing when the surface has no such axis.
-QString title_of(const diagrams::SurfaceSheet& sheet, Axis axis) {
+QString titleOf(const diagrams::SurfaceSheet& sheet, Axis axis) {
     const diagrams::SurfaceKind& kind = *sheet.kind;
     const diagrams::SurfaceTexts texts = diagrams::texts_of(kind, sheet.basis);
-    if (kind.x == axis) return QString::fromStdString(texts.xLabel).trimmed();
-    if (kind.y == axis) return QString::fromStdString(texts.yLabel).trimmed();
-    if (kind.z == axis) return QString::fromStdString(texts.zLabel).trimmed();
+    if (kind.x == axis) return QString::fromStdString(texts.x_label).trimmed();
+    if (kind.y == axis) return QString::fromStdString(texts.y_label).trimmed();
+    if (kind.z == axis) return QString::fromStdString(texts.z_label).trimmed();
     return {};
 }
 
 /// Caloric surfaces have limits of z; the others have a quantity of their own there.
-bool is_used(const LimitRow& row, const diagrams::SurfaceSheet& sheet) {
+bool isUsed(const LimitRow& row, const diagrams::SurfaceSheet& sheet) {
     if (row.caption[0] == 'z') return diagrams::is_caloric(*sheet.kind);
-    return !title_of(sheet, quantity_of(row, *sheet.kind)).isEmpty();
+    return !titleOf(sheet, quantityOf(row, *sheet.kind)).isEmpty();
 }
 
 QVBoxLayout* column(QDialog* dialog) {
@@ -87,10 +87,10 @@ SurfaceLimitsDialog::SurfaceLimitsDialog(diagrams::SurfaceSheet& sheet, QWidget*
     layout->addLayout(grid);
     const diagrams::SurfaceKind* kind = sheet.kind;
     for (const LimitRow& row : kLimits) {
-        if (kind == nullptr || !is_used(row, sheet)) continue;
+        if (kind == nullptr || !isUsed(row, sheet)) continue;
         auto* edit = form::named(new NumberEdit, row.name);
         form::addRow(grid, static_cast<int>(fields_.size()), row.caption, edit,
-                     title_of(sheet, quantity_of(row, *kind)));
+                     titleOf(sheet, quantityOf(row, *kind)));
         fields_.push_back({edit, row.limit});
     }
     if (kind != nullptr && diagrams::is_caloric(*kind))
@@ -105,7 +105,7 @@ SurfaceLimitsDialog::SurfaceLimitsDialog(diagrams::SurfaceSheet& sheet, QWidget*
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(proposed, &QPushButton::clicked, this, [this] {
         if (sheet_.kind != nullptr)
-            show(diagrams::default_limits(*sheet_.kind, sheet_.basis, sheet_.SCurve));
+            show(diagrams::default_limits(*sheet_.kind, sheet_.basis, sheet_.s_curve));
     });
     QHBoxLayout* buttons = buttonRow();
     buttons->addWidget(proposed);

@@ -87,16 +87,16 @@ void SurfaceWindow::buildMenus() {
                     .name = "mnuBild",
                     .rows = {{.caption = "... to the Clipboard",
                               .name = "mnuBild_0",
-                              .run = [this] { picture_commands::Copy(pictureOf(sheet_.chart)); }},
+                              .run = [this] { picture_commands::copy(pictureOf(sheet_.chart)); }},
                              {.caption = "... Save as Image File (.BMP,.WMF)",
                               .name = "mnuBild_1",
                               .run =
                                   [this] {
-                                      picture_commands::Save(pictureOf(sheet_.chart),
-                                                             session_->folderSurfaces);
+                                      picture_commands::save(pictureOf(sheet_.chart),
+                                                             session_->folder_surfaces);
                                   }},
                              {.caption = "... to the Printer", .name = "mnuBild_2", .run = [this] {
-                                  picture_commands::Print(pictureOf(sheet_.chart),
+                                  picture_commands::print(pictureOf(sheet_.chart),
                                                           desk_.frameWindow());
                               }}}});
 }
@@ -122,7 +122,7 @@ void SurfaceWindow::buildToolBar() {
          toggle("Contours", "cmdContoured", s.contoured, "Lines z = const on the surface"),
          toggle("Zones", "cmdZoned", s.zoned, "Colours by bands of z"),
          toggle("Transparent", "cmdTransparent", s.transparent, "What is behind shines through"),
-         toggle("Map", "cmd2D", s.projection2D, "2D projection: a flat map, coloured by z"),
+         toggle("Map", "cmd2D", s.projection_2d, "2D projection: a flat map, coloured by z"),
          {}});
     // The button and the row of the menu are one action.
     auto* standard = findChild<QAction*>("mnuViewDefault");

@@ -51,8 +51,8 @@ void SurfacePanel::surfacePage() {
     check(mesh, "lines y = const", "chkYMesh", [&m] { return &m.y; });
     // On the surfaces over v the lines x = const are isochores; over T the lines y = const are
     // isotherms.
-    check(mesh, "every second line x = const", "chkIsochorenHalbe", [&m] { return &m.halvedX; });
-    check(mesh, "every second line y = const", "chkIsothermenHalbe", [&m] { return &m.halvedY; });
+    check(mesh, "every second line x = const", "chkIsochorenHalbe", [&m] { return &m.halved_x; });
+    check(mesh, "every second line y = const", "chkIsothermenHalbe", [&m] { return &m.halved_y; });
     colour(mesh, "Colour", "cmdMeshColour", [&m] { return &m.colour; });
     number(
         mesh, "Width", "UpDown_MeshWidth", 0.2, 4, 0.2,
@@ -77,15 +77,15 @@ void SurfacePanel::sectionPage() {
         levels, "Line width", "UpDown_SectionWidth", 0.2, 6, 0.2,
         [&sections] { return static_cast<double>(sections.line.width); },
         [&sections](double value) { sections.line.width = static_cast<float>(value); });
-    check(levels, "scale of colours", "chkLegend", [this] { return &sheet_.chart.scaleShown; });
+    check(levels, "scale of colours", "chkLegend", [this] { return &sheet_.chart.scale_shown; });
 
     QFormLayout* projection = group(into, "Projection of the Z-sections", "fraProjection");
     check(projection, "lines on the ceiling", "chkCeilingCont",
-          [&s] { return &s.ceilingContours; });
-    check(projection, "colours on the ceiling", "chkCeilingZon", [&s] { return &s.ceilingZones; });
-    check(projection, "lines on the floor", "chkFloorCont", [&s] { return &s.floorContours; });
-    check(projection, "colours on the floor", "chkFloorZon", [&s] { return &s.floorZones; });
-    check(projection, "2D projection only", "chk2Dprojection", [&s] { return &s.projection2D; });
+          [&s] { return &s.ceiling_contours; });
+    check(projection, "colours on the ceiling", "chkCeilingZon", [&s] { return &s.ceiling_zones; });
+    check(projection, "lines on the floor", "chkFloorCont", [&s] { return &s.floor_contours; });
+    check(projection, "colours on the floor", "chkFloorZon", [&s] { return &s.floor_zones; });
+    check(projection, "2D projection only", "chk2Dprojection", [&s] { return &s.projection_2d; });
 }
 
 void SurfacePanel::axisPage() {
@@ -105,16 +105,16 @@ void SurfacePanel::axisPage() {
     const std::array<Row, 3> rows{
         {{"X",
           &Chart3D::x,
-          {{{"grid on the plane X-Y", "ChkXGrid_XY", &Axis3D::gridXY},
-            {"grid on the plane X-Z", "chkXGrid_XZ", &Axis3D::gridXZ}}}},
+          {{{"grid on the plane X-Y", "ChkXGrid_XY", &Axis3D::grid_xy},
+            {"grid on the plane X-Z", "chkXGrid_XZ", &Axis3D::grid_xz}}}},
          {"Y",
           &Chart3D::y,
-          {{{"grid on the plane X-Y", "chkYGrid_XY", &Axis3D::gridXY},
-            {"grid on the plane Y-Z", "chkYGrid_YZ", &Axis3D::gridYZ}}}},
+          {{{"grid on the plane X-Y", "chkYGrid_XY", &Axis3D::grid_xy},
+            {"grid on the plane Y-Z", "chkYGrid_YZ", &Axis3D::grid_yz}}}},
          {"Z",
           &Chart3D::z,
-          {{{"grid on the plane X-Z", "chkZGrid_XZ", &Axis3D::gridXZ},
-            {"grid on the plane Y-Z", "chkZGrid_YZ", &Axis3D::gridYZ}}}}}};
+          {{{"grid on the plane X-Z", "chkZGrid_XZ", &Axis3D::grid_xz},
+            {"grid on the plane Y-Z", "chkZGrid_YZ", &Axis3D::grid_yz}}}}}};
     for (const Row& row : rows) {
         const QString letter = row.letter;
         Axis3D& axis = sheet_.chart.*row.axis;
@@ -130,8 +130,8 @@ void SurfacePanel::axisPage() {
             [&axis](int index) { axis.decimals = index - 1; });
     }
     chart::Chart3D& c = sheet_.chart;
-    font(into, "Titles", "cmdTitleFont", [&c] { return &c.titleFont; });
-    font(into, "Numbers", "cmdNumberFont", [&c] { return &c.numberFont; });
+    font(into, "Titles", "cmdTitleFont", [&c] { return &c.title_font; });
+    font(into, "Numbers", "cmdNumberFont", [&c] { return &c.number_font; });
     colour(into, "Grid", "cmdGridColour", [&c] { return &c.grid.colour; });
 }
 
@@ -170,8 +170,8 @@ void SurfacePanel::viewPage() {
         into, "Zoom", "UpDown_Zoom", 0.2, 8, 0.1, [&c] { return c.view.zoom; },
         [&c](double value) { c.view.zoom = value; });
     number(
-        into, "Height of the box", "UpDown_Height", 0.1, 5, 0.1, [&c] { return c.heightRatio; },
-        [&c](double value) { c.heightRatio = value; });
+        into, "Height of the box", "UpDown_Height", 0.1, 5, 0.1, [&c] { return c.height_ratio; },
+        [&c](double value) { c.height_ratio = value; });
     colour(into, "Sheet", "cmdSheetColour", [&c] { return &c.sheet; });
     colour(into, "Planes", "cmdPlaneColour", [&c] { return &c.planes; });
     printPlace(into, [&c] { return &c.print; });

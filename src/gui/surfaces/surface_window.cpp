@@ -18,7 +18,7 @@ constexpr auto kHint = "Drag: turn     Wheel: zoom     Double click: default vie
 
 }  // namespace
 
-SurfaceWindow* SurfaceWindow::Open(Desk& desk, diagrams::SurfaceSheet sheet) {
+SurfaceWindow* SurfaceWindow::openNew(Desk& desk, diagrams::SurfaceSheet sheet) {
     const bool others = desk.lastUsed<SurfaceWindow>() != nullptr;
     auto* view = new SurfaceWindow(desk, std::move(sheet));
     view->open(others);
@@ -54,11 +54,11 @@ SurfaceWindow::SurfaceWindow(Desk& desk, diagrams::SurfaceSheet sheet)
 }
 
 void SurfaceWindow::keepChoice() {
-    session_.change()->surfaceKind = sheet_.kind->code;
+    session_.change()->surface_kind = sheet_.kind->code;
 }
 
 void SurfaceWindow::showCaption(const QString& file) {
-    setCaption(qt(sheet_.given.title + sheet_.given.subTitle), file);
+    setCaption(qt(sheet_.given.title + sheet_.given.sub_title), file);
 }
 
 // ---------------------------------------------------------------------------------------- commands
@@ -92,16 +92,17 @@ void SurfaceWindow::markCritical() {
 }
 
 void SurfaceWindow::loadOC3() {
-    const diagrams::SurfaceFileAnswer answer = diagrams::load_oc3(sheet_, session_->folderSurfaces);
-    session_.change()->folderSurfaces = answer.folder;
+    const diagrams::SurfaceFileAnswer answer =
+        diagrams::load_oc3(sheet_, session_->folder_surfaces);
+    session_.change()->folder_surfaces = answer.folder;
     if (answer.file.empty()) return;
     showCaption(qt(paths::file_title(answer.file)));
     refresh();
 }
 
 void SurfaceWindow::saveOC3() {
-    const auto answer = diagrams::save_oc3(sheet_, session_->folderSurfaces);
-    session_.change()->folderSurfaces = answer.folder;
+    const auto answer = diagrams::save_oc3(sheet_, session_->folder_surfaces);
+    session_.change()->folder_surfaces = answer.folder;
 }
 
 void SurfaceWindow::design(const QString& page) {
@@ -126,11 +127,11 @@ namespace surface_views {
 
 void openFromMenu(Desk& desk) {
     const session::Session& session = desk.session();
-    const diagrams::SurfaceKind* kind = diagrams::find_surface(session->surfaceKind);
+    const diagrams::SurfaceKind* kind = diagrams::find_surface(session->surface_kind);
     if (kind == nullptr) return;
     try {
-        SurfaceWindow::Open(desk, diagrams::open_surface(*kind, session::present_basis(session),
-                                                         session->surfaceSCurve));
+        SurfaceWindow::openNew(desk, diagrams::open_surface(*kind, session::present_basis(session),
+                                                            session->surface_scurve));
     } catch (const std::exception&) {
         dialogs::tell(
             "The registration of the 3D graph module \\...\\olch8x3.ocx during the installation "

@@ -17,7 +17,7 @@ class SurfaceWindow : public ChartWindow {
     SurfaceWindow(Desk& desk, diagrams::SurfaceSheet sheet);
 
     /// Opens a view of a surface.
-    static SurfaceWindow* Open(Desk& desk, diagrams::SurfaceSheet sheet);
+    static SurfaceWindow* openNew(Desk& desk, diagrams::SurfaceSheet sheet);
 
     diagrams::SurfaceSheet& sheet() { return sheet_; }
     /// Repaints after a change of the sheet; menus and panel follow.

@@ -16,13 +16,13 @@ namespace quor::gui {
 namespace {
 
 // What may stand in a field while it is typed.
-const QRegularExpression& typed_number() {
+const QRegularExpression& typedNumber() {
     static const QRegularExpression form(
         QStringLiteral("\\s*[+-]?\\d*[.,]?\\d*([eEdD][+-]?\\d*)?\\s*"));
     return form;
 }
 
-const QRegularExpression& whole_number() {
+const QRegularExpression& wholeNumber() {
     static const QRegularExpression form(
         QStringLiteral("^\\s*[+-]?(\\d+[.,]?\\d*|[.,]\\d+)([eEdD][+-]?\\d+)?\\s*$"));
     return form;
@@ -33,7 +33,7 @@ constexpr int kDigitsShown = 14;
 }  // namespace
 
 NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent) {
-    setValidator(new QRegularExpressionValidator(typed_number(), this));
+    setValidator(new QRegularExpressionValidator(typedNumber(), this));
     setAlignment(Qt::AlignRight);
     connect(this, &QLineEdit::textEdited, this, &NumberEdit::clearMark);
 }
@@ -43,11 +43,11 @@ double NumberEdit::value() const {
 }
 
 bool NumberEdit::holdsNumber() const {
-    return whole_number().match(text()).hasMatch();
+    return wholeNumber().match(text()).hasMatch();
 }
 
 void NumberEdit::setValue(double value) {
-    setText(QString::fromStdString(numbers::General(value)).trimmed());
+    setText(QString::fromStdString(numbers::general(value)).trimmed());
     clearMark();
 }
 

@@ -21,7 +21,7 @@ namespace {
 
 using gui::qt;
 
-QWidget* front_window() {
+QWidget* frontWindow() {
     if (QWidget* modal = QApplication::activeModalWidget()) return modal;
     return QApplication::activeWindow();
 }
@@ -46,7 +46,7 @@ class PlainPointer {
     std::vector<QCursor> kept_;
 };
 
-QMessageBox::Icon icon_of(Icon icon) {
+QMessageBox::Icon iconOf(Icon icon) {
     switch (icon) {
         case Icon::Information:
             return QMessageBox::Information;
@@ -62,7 +62,7 @@ QMessageBox::Icon icon_of(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-QMessageBox::StandardButtons buttons_of(Buttons buttons) {
+QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
     switch (buttons) {
         case Buttons::YesNo:
             return QMessageBox::Yes | QMessageBox::No;
@@ -76,7 +76,7 @@ QMessageBox::StandardButtons buttons_of(Buttons buttons) {
     return QMessageBox::Ok;
 }
 
-QMessageBox::StandardButton button_of(Answer answer) {
+QMessageBox::StandardButton buttonOf(Answer answer) {
     switch (answer) {
         case Answer::Yes:
             return QMessageBox::Yes;
@@ -91,7 +91,7 @@ QMessageBox::StandardButton button_of(Answer answer) {
 }
 
 // What Escape and the close button of the box mean: never more than No.
-QMessageBox::StandardButton escape_of(Buttons buttons) {
+QMessageBox::StandardButton escapeOf(Buttons buttons) {
     switch (buttons) {
         case Buttons::YesNo:
             return QMessageBox::No;
@@ -104,7 +104,7 @@ QMessageBox::StandardButton escape_of(Buttons buttons) {
     return QMessageBox::Ok;
 }
 
-Answer answer_of(int button) {
+Answer answerOf(int button) {
     switch (button) {
         case QMessageBox::Yes:
             return Answer::Yes;
@@ -119,19 +119,18 @@ Answer answer_of(int button) {
 
 Answer message(const Message& m) {
     const PlainPointer plain;
-    QMessageBox box(icon_of(m.icon), qt(m.title), qt(m.text), buttons_of(m.buttons),
-                    front_window());
+    QMessageBox box(iconOf(m.icon), qt(m.title), qt(m.text), buttonsOf(m.buttons), frontWindow());
     box.setObjectName("MessageBox");
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    box.setDefaultButton(button_of(m.defaultAnswer));
-    box.setEscapeButton(escape_of(m.buttons));
-    return answer_of(box.exec());
+    box.setDefaultButton(buttonOf(m.default_answer));
+    box.setEscapeButton(escapeOf(m.buttons));
+    return answerOf(box.exec());
 }
 
 std::optional<std::string> input(const Input& i) {
     const PlainPointer plain;
-    QInputDialog box(front_window());
+    QInputDialog box(frontWindow());
     box.setObjectName("InputBox");
     box.setWindowTitle(qt(i.title));
     box.setLabelText(qt(i.text));
@@ -142,15 +141,15 @@ std::optional<std::string> input(const Input& i) {
 
 std::optional<std::string> file(const FileChoice& c) {
     const PlainPointer plain;
-    QFileDialog box(front_window(), qt(c.title));
+    QFileDialog box(frontWindow(), qt(c.title));
     box.setObjectName("FileDialog");
-    box.setNameFilters(toolkit_filter(c.filter).split(";;", Qt::SkipEmptyParts));
+    box.setNameFilters(toolkitFilter(c.filter).split(";;", Qt::SkipEmptyParts));
     box.setAcceptMode(c.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     box.setFileMode(c.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    box.setOption(QFileDialog::DontConfirmOverwrite, !c.overwritePrompt);
+    box.setOption(QFileDialog::DontConfirmOverwrite, !c.overwrite_prompt);
     if (!c.folder.empty()) box.setDirectory(QDir::fromNativeSeparators(qt(c.folder)));
-    if (!c.defaultExtension.empty()) {
-        const QString extension = qt(c.defaultExtension);
+    if (!c.default_extension.empty()) {
+        const QString extension = qt(c.default_extension);
         box.setDefaultSuffix(extension.startsWith('.') ? extension.mid(1) : extension);
     }
     if (!c.name.empty()) box.selectFile(qt(c.name));
@@ -162,9 +161,9 @@ void print(const PrintJob& job) {
     const PlainPointer plain;
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(qt(job.title));
-    QPrintDialog box(&printer, front_window());
+    QPrintDialog box(&printer, frontWindow());
     box.setObjectName("PrintDialog");
-    if (box.exec() == QDialog::Accepted) print_text(printer, job);
+    if (box.exec() == QDialog::Accepted) printText(printer, job);
 }
 
 void pointer(bool busy) {
@@ -177,8 +176,8 @@ void pointer(bool busy) {
 constexpr double kLargestPoints = 10.0, kSmallestPoints = 5.0;
 
 // The largest face up to 10 points in which the longest line fits the page.
-QFont fitting_font(const QPainter& painter, const PrintJob& job,
-                   const std::vector<std::string>& lines, int width) {
+QFont fittingFont(const QPainter& painter, const PrintJob& job,
+                  const std::vector<std::string>& lines, int width) {
     QFont font(job.font.empty() ? "Courier New" : qt(job.font));
     font.setStyleHint(QFont::Monospace);
     font.setFixedPitch(true);
@@ -194,7 +193,7 @@ QFont fitting_font(const QPainter& painter, const PrintJob& job,
 
 }  // namespace
 
-QString toolkit_filter(const std::string& filter) {
+QString toolkitFilter(const std::string& filter) {
     const std::vector<std::string> parts = text::split(filter, '|');
     QStringList entries;
     for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
@@ -210,12 +209,12 @@ QString toolkit_filter(const std::string& filter) {
     return entries.join(";;");
 }
 
-void print_text(QPrinter& printer, const PrintJob& job) {
+void printText(QPrinter& printer, const PrintJob& job) {
     QPainter painter;
     if (!painter.begin(&printer)) return;
-    const std::vector<std::string> lines = text::Lines(job.text);
+    const std::vector<std::string> lines = text::lines(job.text);
     const QRect page(0, 0, painter.device()->width(), painter.device()->height());
-    painter.setFont(fitting_font(painter, job, lines, page.width()));
+    painter.setFont(fittingFont(painter, job, lines, page.width()));
 
     const int lineHeight = painter.fontMetrics().lineSpacing();
     const int head = 2 * lineHeight;
@@ -241,7 +240,7 @@ Functions desktop() {
         .input = input,
         .file = file,
         .print = print,
-        .setClipboard = [](const std::string& s) { QApplication::clipboard()->setText(qt(s)); },
+        .set_clipboard = [](const std::string& s) { QApplication::clipboard()->setText(qt(s)); },
         .clipboard = [] { return QApplication::clipboard()->text().toStdString(); },
         .pointer = pointer,
         .beep = [] { QApplication::beep(); },

@@ -15,10 +15,10 @@ Functions desktop();
 
 /// A filter "Caption|*.EXT|Caption|*.EXT" in the form of the toolkit; several patterns of one
 /// caption are separated by ";".
-QString toolkit_filter(const std::string& filter);
+QString toolkitFilter(const std::string& filter);
 
 /// Prints a text job, page by page, in a fixed-pitch face that fits its longest line; each page
 /// bears the title and its number.
-void print_text(QPrinter& printer, const PrintJob& job);
+void printText(QPrinter& printer, const PrintJob& job);
 
 }  // namespace quor::dialogs

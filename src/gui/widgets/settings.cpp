@@ -14,7 +14,7 @@ constexpr auto kRecentFiles = "Recent/Files";
 constexpr qsizetype kFilesKept = 9;  // one for each digit key
 constexpr int kFoldersKept = 8;
 
-QString place_key(const QString& view) {
+QString placeKey(const QString& view) {
     return "Geometry/" + view;
 }
 
@@ -32,12 +32,12 @@ void setShowTipsAtStartup(bool show) {
     store().setValue(kTips, show ? 1 : 0);
 }
 
-QStringList databaseFolders() {
+QStringList database_folders() {
     return store().value(kDatabaseFolders).toStringList();
 }
 
 void rememberDatabaseFolder(const QString& folder) {
-    QStringList folders = databaseFolders();
+    QStringList folders = database_folders();
     folders.removeAll(folder);
     folders.prepend(folder);
     store().setValue(kDatabaseFolders, QStringList(folders.mid(0, kFoldersKept)));
@@ -61,12 +61,12 @@ void forgetFile(const QString& file) {
 }
 
 bool restorePlace(QWidget* window, const QString& view) {
-    const QVariant kept = store().value(place_key(view));
+    const QVariant kept = store().value(placeKey(view));
     return kept.isValid() && window->restoreGeometry(kept.toByteArray());
 }
 
 void rememberPlace(const QWidget* window, const QString& view) {
-    store().setValue(place_key(view), window->saveGeometry());
+    store().setValue(placeKey(view), window->saveGeometry());
 }
 
 }  // namespace settings

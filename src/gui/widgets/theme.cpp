@@ -8,7 +8,7 @@
 
 // The pictures stand in a static library: the linker keeps them only when they are named, and that
 // has to happen outside any namespace.
-static void name_pictures() {
+static void namePictures() {
     Q_INIT_RESOURCE(icons);
 }
 
@@ -21,15 +21,15 @@ namespace {
 constexpr int kDarkest = 128;  // a window lighter than this is light
 
 // The bare style of a desktop without a theme of its own.
-bool is_bare_style(const QString& name) {
+bool isBareStyle(const QString& name) {
     return name == "windows" || name.isEmpty();
 }
 
 }  // namespace
 
 void install(QApplication& app) {
-    name_pictures();
-    if (is_bare_style(app.style()->name())) QApplication::setStyle(QStyleFactory::create("Fusion"));
+    namePictures();
+    if (isBareStyle(app.style()->name())) QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setWindowIcon(icon("app"));
 }
 

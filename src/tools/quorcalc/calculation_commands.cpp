@@ -20,10 +20,10 @@ calculation::Method method_of(const Call& call, const Arguments& a) {
     if (!a.liquid.empty() && a.liquid != "benson" && a.liquid != "rhoT")
         throw WrongCall{"--liquid is benson or rhoT"};
     calculation::Method method = call.session->calculation.method;
-    method.global = !a.partial && !(call.session->models.EOSOnlyV && !a.global);
-    method.liquidByBenson = a.liquid != "rhoT";
+    method.global = !a.partial && !(call.session->models.vapour_only && !a.global);
+    method.liquid_by_benson = a.liquid != "rhoT";
     // A "T, p" calculation is partial when a phase equilibrium is assumed.
-    method.assumedVle = a.partial && a.mode == 3;
+    method.assumed_vle = a.partial && a.mode == 3;
     if (!models::is_known(method.reference))
         method.reference = models::propose_benson_reference(call.session.fluid()).point;
     return method;
@@ -65,14 +65,14 @@ Json calc(Call& call, const Arguments& a) {
     const report::Report& r = result.report;
     const calculation::Answer& answer = result.answer;
     Json fu = Json::array();
-    for (const double value : result.Fu) fu.push_back(Number(value));
+    for (const double value : result.numbers) fu.push_back(number(value));
     return {{"status", result.failed() ? -1 : 0},
             {"par1", r.par1.text},
             {"par2", r.par2.text},
             {"co1", r.co1.text},
             {"co2", r.co2.text},
-            {"Liste", report::ListText(r)},
-            {"State", r.State},
+            {"Liste", report::list_text(r)},
+            {"State", r.phases},
             {"Fu", fu},
             {"p", present(answer.p)},
             {"FractionV", static_cast<double>(report::fraction_of(answer))},
@@ -129,7 +129,7 @@ Json batch(Call& call, const Arguments& a) {
     constexpr const char* kNames[] = {"T", "p", "rhoV", "rhoL", "hLV"};
     for (std::size_t i = 0; i < report::kQuantities; ++i) {
         const auto value = list.means[i].value();
-        means[kNames[i]] = value ? Number(*value) : Json();
+        means[kNames[i]] = value ? number(*value) : Json();
     }
     return {{"status", 0}, {"list", lines}, {"means", means}, {"messages", Json::array()}};
 }

@@ -53,6 +53,6 @@ void set_up(Call& call, const Arguments& arguments);
 /// A number, or null for what is not there (0) or not finite.
 Json present(double value);
 /// A number, or null when it is not finite.
-Json Number(double value);
+Json number(double value);
 
 }  // namespace quor::quorcalc

@@ -32,8 +32,8 @@ void draw(const Call& call, const Arguments& a, const diagrams::Basis& basis,
     const diagrams::DiagramTexts texts = diagrams::texts_of(diagram, basis, shown.validity);
     diagrams::store_curve(sheet,
                           {curve.points, curve.parameter, basis,
-                           diagrams::name_of(request, basis, false), texts.subTitle},
-                          request.window.xMax);
+                           diagrams::name_of(request, basis, false), texts.sub_title},
+                          request.window.x_max);
     write_pictures(call.pictures, a, sheet);
 }
 
@@ -63,30 +63,30 @@ diagrams::Branch branch_of(const Arguments& a) {
 Json points_of(const diagrams::Curve& curve) {
     Json list = Json::array();
     for (const diagrams::CurvePoint& point : curve.points)
-        list.push_back({Number(static_cast<double>(point.x)), Number(static_cast<double>(point.y)),
-                        Number(static_cast<double>(point.z))});
+        list.push_back({number(static_cast<double>(point.x)), number(static_cast<double>(point.y)),
+                        number(static_cast<double>(point.z))});
     return list;
 }
 
 Json curve(Call& call, const Arguments& a) {
     const diagrams::Diagram& diagram = diagram_of_type(a);
     set_up(call, a);
-    diagrams::CurveOptions options = call.session->curveOptions;
+    diagrams::CurveOptions options = call.session->curve_options;
     if (a.points) {
         if (*a.points < 1 || *a.points > 32000) throw WrongCall{"--points is out of range"};
         options.points = *a.points;
     }
-    if (a.T) call.session.change()->diagramAt.T = *a.T;
+    if (a.T) call.session.change()->diagram_at.T = *a.T;
     const diagrams::Basis basis = session::present_basis(call.session);
     const diagrams::CoordinateDefaults limits = diagrams::coordinate_defaults(basis);
     const diagrams::CurveRequest request{.curve = &diagram,
                                          .window = window_of(a, diagram, basis, limits),
                                          .at = {a.T.value_or(0), a.p.value_or(0), a.v.value_or(0)},
                                          .branch = branch_of(a),
-                                         .vapourFraction = a.fraction.value_or(0.0),
+                                         .vapour_fraction = a.fraction.value_or(0.0),
                                          .options = options,
-                                         .pMin = limits.pMin,
-                                         .pMax = limits.pMax};
+                                         .p_min = limits.p_min,
+                                         .p_max = limits.p_max};
     const diagrams::Curve r = diagrams::curve(basis, request);
     const diagrams::StatusText told = diagrams::text_of(r.status, r.message, basis.fluid);
     const std::string message = r.message.empty() ? told.text : r.message;

@@ -25,20 +25,20 @@ double to_number(const std::string& s, const char* option) {
 }
 
 void choose_start(const Arguments& a, FitState& state) {
-    const auto count = static_cast<std::size_t>(state.NPar);
+    const auto count = static_cast<std::size_t>(state.parameter_count);
     if (!a.start.empty()) {
         const std::vector<std::string> parts = text::split(a.start, ',');
         if (parts.size() > count) throw WrongCall{"--start has too many values"};
         for (std::size_t i = 0; i < parts.size(); ++i)
-            state.FitStart[i] = to_number(parts[i], "--start");
+            state.start[i] = to_number(parts[i], "--start");
     }
     if (a.fix.empty()) return;
-    state.FitFixed = {};
+    state.fixed = {};
     for (const std::string& part : text::split(a.fix, ',')) {
         const double i = to_number(part, "--fix");
         if (i < 1 || i > static_cast<double>(count))
             throw WrongCall{"--fix: no such parameter: " + part};
-        state.FitFixed[static_cast<std::size_t>(i) - 1] = true;
+        state.fixed[static_cast<std::size_t>(i) - 1] = true;
     }
 }
 
@@ -52,9 +52,9 @@ Json fit(Call& call, const Arguments& a) {
         throw WrongCall{"--model: no such model"};
     state.lg = a.lg;
     if (a.lg)
-        state.FitStart =
-            estimation::start_values(*estimation::find_model(state.FitModel), true, state.Tcr);
-    state.FitLogSQ = a.log;
+        state.start =
+            estimation::start_values(*estimation::find_model(state.model), true, state.Tcr);
+    state.logarithmic = a.log;
     if (a.Tcr) state.Tcr = *a.Tcr;
     if (a.pcr) state.pcr = *a.pcr;
     choose_start(a, state);
@@ -73,26 +73,26 @@ Json fit(Call& call, const Arguments& a) {
     }
     state = *std::move(fitted);
     Json parameters = Json::array(), deviations = Json::array();
-    for (std::size_t i = 0; i < static_cast<std::size_t>(state.NPar); ++i) {
-        parameters.push_back(Number(state.FitPar[i]));
-        const double deviation = state.FitStdDev[i];
-        deviations.push_back(Number(deviation));
+    for (std::size_t i = 0; i < static_cast<std::size_t>(state.parameter_count); ++i) {
+        parameters.push_back(number(state.parameters[i]));
+        const double deviation = state.std_dev[i];
+        deviations.push_back(number(deviation));
     }
     result["parameters"] = parameters;
     result["stdDev"] = deviations;
-    result["SQ"] = Number(state.SQ);
-    result["sR"] = Number(state.sR);
-    result["failed"] = state.report.endedAtLimit;
-    result["failedEvaluations"] = state.report.failedEvaluations;
+    result["SQ"] = number(state.sum_of_squares);
+    result["sR"] = number(state.residual_deviation);
+    result["failed"] = state.report.ended_at_limit;
+    result["failedEvaluations"] = state.report.failed_evaluations;
     result["meanDeviation"] =
-        state.report.hasDeviations ? Number(state.report.meanDeviation) : Json();
+        state.report.has_deviations ? number(state.report.mean_deviation) : Json();
     result["largestDeviation"] =
-        state.report.hasDeviations ? Number(state.report.largestDeviation) : Json();
+        state.report.has_deviations ? number(state.report.largest_deviation) : Json();
     return result;
 }
 
 Json optional(const std::optional<double>& value) {
-    return value ? Number(*value) : Json();
+    return value ? number(*value) : Json();
 }
 
 Json groups(Call&, const Arguments& a) {
@@ -104,7 +104,7 @@ Json groups(Call&, const Arguments& a) {
     Json coefficients;
     if (cp) {
         coefficients = Json::array();
-        for (const double c : *cp) coefficients.push_back(Number(c));
+        for (const double c : *cp) coefficients.push_back(number(c));
     }
     std::optional<double> omega;
     if (critical.Tb && critical.Tc && critical.pc)
@@ -116,7 +116,7 @@ Json groups(Call&, const Arguments& a) {
             {"Tf", optional(critical.Tf)},
             {"Tc", optional(critical.Tc)},
             {"pc", optional(critical.pc)},
-            {"Vc", optional(critical.Vc)},
+            {"Vc", optional(critical.vc)},
             {"rhoc", optional(critical.rhoc)},
             {"dfh", optional(formation.dfh)},
             {"dfg", optional(formation.dfg)},

@@ -26,12 +26,12 @@ bool wants_picture(const Arguments& a) {
 
 void write_pictures(const PictureDrawer& drawer, const Arguments& a,
                     diagrams::DiagramSheet& sheet) {
-    write_all(a, drawer.drawSheet, sheet);
+    write_all(a, drawer.draw_sheet, sheet);
 }
 
 void write_pictures(const PictureDrawer& drawer, const Arguments& a,
                     const chart::Chart3D& surface) {
-    write_all(a, drawer.drawSurface, surface);
+    write_all(a, drawer.draw_surface, surface);
 }
 
 }  // namespace quor::quorcalc

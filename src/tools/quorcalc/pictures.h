@@ -17,10 +17,10 @@ struct PictureDrawer {
     using Outcome = chart::FileOutcome;
     std::function<Outcome(diagrams::DiagramSheet&, const std::string& format,
                           const std::string& file)>
-        drawSheet;
+        draw_sheet;
     std::function<Outcome(const chart::Chart3D&, const std::string& format,
                           const std::string& file)>
-        drawSurface;
+        draw_surface;
 };
 
 /// True when the call asks for a picture.

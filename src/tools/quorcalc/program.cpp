@@ -20,7 +20,7 @@ class Listening {
         dialogs::Functions f = dialogs::silent();
         f.message = [&messages](const dialogs::Message& m) {
             messages.push_back(m.title.empty() ? m.text : m.title + ": " + m.text);
-            return m.defaultAnswer;
+            return m.default_answer;
         };
         dialogs::current() = std::move(f);
     }
@@ -54,11 +54,11 @@ std::string plain_text(const Json& result) {
 
 }  // namespace
 
-Json Number(double value) {
+Json number(double value) {
     return std::isfinite(value) ? Json(value) : Json();
 }
 Json present(double value) {
-    return value == 0 ? Json() : Number(value);
+    return value == 0 ? Json() : number(value);
 }
 
 Program::Program(const Places& places, PictureDrawer pictures)
@@ -77,7 +77,7 @@ Program::Outcome Program::execute(const Arguments& a) {
         result = command->run(call, a);
     } catch (const WrongCall& e) {
         result = failure(e.message);
-        outcome.wrongCall = true;
+        outcome.wrong_call = true;
     } catch (const CannotBeDone& e) {
         result = failure(e.message);
     } catch (const std::exception& e) {
@@ -144,7 +144,7 @@ int Program::main(const std::vector<std::string>& words, std::istream& in, std::
     }
     if (a.command == "run") return run_file(a, in, out, err);
 
-    const auto [result, wrongCall] = execute(a);
+    const auto [result, wrong_call] = execute(a);
     const bool good = is_good(result);
     if (!good || result.value("exit", false)) {
         err << "quorcalc: " << result.value("message", std::string("no result")) << "\n";
@@ -155,7 +155,7 @@ int Program::main(const std::vector<std::string>& words, std::istream& in, std::
     } else if (good && command != nullptr) {
         out << (command->text != nullptr ? command->text(result) : plain_text(result));
     }
-    return wrongCall ? 2 : good ? 0 : 1;
+    return wrong_call ? 2 : good ? 0 : 1;
 }
 
 }  // namespace quor::quorcalc

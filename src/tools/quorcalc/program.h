@@ -26,7 +26,7 @@ class Program {
   private:
     struct Outcome {
         Json result;
-        bool wrongCall = false;
+        bool wrong_call = false;
     };
     /// Runs one parsed call from a fresh session; never throws. A calculation that cannot be done
     /// has status -1.

@@ -26,13 +26,15 @@ Json rhos(Call& call, const Arguments& a) {
 Json cpid(Call& call, const Arguments& a) {
     set_up(call, a);
     const models::CpResult r =
-        models::ideal_gas_cp(call.session->substance, call.session->models.CpModel, *a.T);
-    const models::CpSet& set = call.session->models.CpModel == models::CpForm::polynomial
-                                   ? call.session->substance.cpPoly
-                                   : call.session->substance.cpSinh;
-    const double outside = *a.T < set.TLo ? *a.T - set.TLo : *a.T > set.THi ? *a.T - set.THi : 0.0;
+        models::ideal_gas_cp(call.session->substance, call.session->models.cp_form, *a.T);
+    const models::CpSet& set = call.session->models.cp_form == models::CpForm::polynomial
+                                   ? call.session->substance.cp_polynomial
+                                   : call.session->substance.cp_sinh_cosh;
+    const double outside = *a.T < set.T_low    ? *a.T - set.T_low
+                           : *a.T > set.T_high ? *a.T - set.T_high
+                                               : 0.0;
     return {{"status", r.status},
-            {"cp", r.status == kSuccess ? Number(r.cp) : Json()},
+            {"cp", r.status == kSuccess ? number(r.cp) : Json()},
             {"deviation", r.status == kSuccess ? Json(outside) : Json()}};
 }
 
@@ -41,8 +43,8 @@ Json hlv(Call& call, const Arguments& a) {
     set_up(call, a);
     const models::EnthalpyOfVaporisationResult r =
         models::enthalpy_of_vaporisation(call.session.fluid(),
-                                         {.model = call.session->models.HLVModel,
-                                          .vpCode = call.session->models.VPModel,
+                                         {.model = call.session->models.vaporisation,
+                                          .equation = call.session->models.vapour_pressure,
                                           .reference = call.session->calculation.method.reference,
                                           .T = 0,
                                           .p = 0},
@@ -60,7 +62,7 @@ Json hlv(Call& call, const Arguments& a) {
 template <class Array>
 Json numbers_from(const Array& values, std::size_t first) {
     Json array = Json::array();
-    for (std::size_t i = first; i < values.size(); ++i) array.push_back(Number(values[i]));
+    for (std::size_t i = first; i < values.size(); ++i) array.push_back(number(values[i]));
     return array;
 }
 
@@ -78,16 +80,16 @@ Json phase(const session::Session& session, double T, double p, double v, Status
             {"derivatives", numbers_from(r.table.first, 1)},
             {"second", numbers_from(r.table.second, 1)},
             {"residual", numbers_from(r.table.residual, 0)},
-            {"h", Number(r.h)},
-            {"u", Number(r.u)},
-            {"s", Number(r.s)},
-            {"g", Number(r.g)},
-            {"a", Number(r.a)},
-            {"cp", Number(r.cp)},
-            {"cv", Number(r.cv)},
-            {"w", Number(r.w)},
-            {"eH", Number(r.eH)},
-            {"eU", Number(r.eU)}};
+            {"h", number(r.h)},
+            {"u", number(r.u)},
+            {"s", number(r.s)},
+            {"g", number(r.g)},
+            {"a", number(r.a)},
+            {"cp", number(r.cp)},
+            {"cv", number(r.cv)},
+            {"w", number(r.w)},
+            {"eH", number(r.eH)},
+            {"eU", number(r.eU)}};
 }
 
 Json functions(Call& call, const Arguments& a) {
@@ -100,9 +102,9 @@ Json functions(Call& call, const Arguments& a) {
     } else {
         const models::StateTP state = models::solve_state_tp(call.session.fluid(), *a.T, *a.p);
         status = state.status;
-        if (status == kSuccess && state.hasV)
+        if (status == kSuccess && state.has_V)
             result["V"] = phase(call.session, *a.T, *a.p, state.vV, status);
-        if (status == kSuccess && state.hasL)
+        if (status == kSuccess && state.has_L)
             result["L"] = phase(call.session, *a.T, *a.p, state.vL, status);
     }
     result["status"] = status;

@@ -40,7 +40,7 @@ void open_database(Call& call, const Arguments& a) {
     datafiles::Database database = database_of(call, a);
     const auto now = call.session.change();
     now->database = std::move(database);
-    now->databaseFile = paths::file_title(database_path(call, a));
+    now->database_file = paths::file_title(database_path(call, a));
 }
 
 /// Position (from 1) of a substance: "#number", else a name, synonym or CASRN.
@@ -49,7 +49,7 @@ std::int16_t find_substance(Call& call, const std::string& wanted) {
     if (const auto synonyms = call.kept.synonyms(file)) {
         const auto now = call.session.change();
         now->synonyms = *synonyms;
-        now->synonymFile = file;
+        now->synonym_file = file;
     }
     const std::int16_t index = session::find_substance(call.session, wanted);
     if (index == 0) throw CannotBeDone{"Nothing found: " + wanted};
@@ -61,16 +61,16 @@ void read_substance(Call& call, const Arguments& a) {
     const std::int16_t number = find_substance(call, a.substance);
     (void)session::read_substance(call.session, number);
     const auto now = call.session.change();
-    now->substanceNumber = number;
-    now->substanceSet = true;
+    now->substance_number = number;
+    now->substance_set = true;
 }
 
 double* ji_torvik_field(models::JiTorvikParameters& jt, const std::string& name) {
-    if (name == "jtM") return &jt.jtM;
-    if (name == "jtP") return &jt.jtP;
-    if (name == "jtQ") return &jt.jtQ;
-    if (name == "jtZc") return &jt.jtZc;
-    if (name == "jtK") return &jt.jtK;
+    if (name == "jtM") return &jt.m;
+    if (name == "jtP") return &jt.p;
+    if (name == "jtQ") return &jt.q;
+    if (name == "jtZc") return &jt.zc;
+    if (name == "jtK") return &jt.k;
     return nullptr;
 }
 
@@ -114,29 +114,29 @@ void refresh_derived(models::SubstanceRecord& s, const std::vector<Override>& al
         return false;
     };
     if ((was_set("M") || was_set("rhocrit")) && !was_set("vcritExp"))
-        s.vcritExp = s.rhocrit > 1e-6 ? static_cast<double>(s.M) / s.rhocrit : 0.0;
+        s.vcrit_measured = s.rhocrit > 1e-6 ? static_cast<double>(s.M) / s.rhocrit : 0.0;
     const auto ideal = [](const models::CpSet& set) {
-        return std::fabs(static_cast<double>(set.TLo) * static_cast<double>(set.c[0]) * set.THi) >
-               1e-6;
+        return std::fabs(static_cast<double>(set.T_low) * static_cast<double>(set.c[0]) *
+                         set.T_high) > 1e-6;
     };
     const auto condensed = [](const models::CpSet& set) {
-        return (std::fabs(set.c[0]) > 1e-6F || std::fabs(set.c[1]) > 1e-6F) && set.TLo > 0 &&
-               set.THi > 0;
+        return (std::fabs(set.c[0]) > 1e-6F || std::fabs(set.c[1]) > 1e-6F) && set.T_low > 0 &&
+               set.T_high > 0;
     };
-    if (was_set("cpPoly") && !was_set("hasCpPoly")) s.hasCpPoly = ideal(s.cpPoly);
-    if (was_set("cpSinh") && !was_set("hasCpSinh")) s.hasCpSinh = ideal(s.cpSinh);
-    if (was_set("cpL") && !was_set("hasCpL")) s.hasCpL = condensed(s.cpL);
-    if (was_set("cpS") && !was_set("hasCpS")) s.hasCpS = condensed(s.cpS);
+    if (was_set("cpPoly") && !was_set("hasCpPoly")) s.has_cp_polynomial = ideal(s.cp_polynomial);
+    if (was_set("cpSinh") && !was_set("hasCpSinh")) s.has_cp_sinh_cosh = ideal(s.cp_sinh_cosh);
+    if (was_set("cpL") && !was_set("hasCpL")) s.has_cpL = condensed(s.cpL);
+    if (was_set("cpS") && !was_set("hasCpS")) s.has_cpS = condensed(s.cpS);
 }
 
 void apply_overrides(session::SessionState& state, const std::vector<Override>& all) {
     models::SubstanceRecord& substance = state.substance;
     for (const Override& o : all) {
-        if (double* field = ji_torvik_field(state.jiTorvik, o.field)) {
+        if (double* field = ji_torvik_field(state.ji_torvik, o.field)) {
             const auto value = number(o.value);
             if (!value) throw WrongCall{"not a number: " + o.field + "=" + o.value};
             *field = *value;
-            state.jiTorvikGiven = true;
+            state.ji_torvik_given = true;
         } else {
             store(substance, o);
         }
@@ -157,54 +157,56 @@ models::ModelSelection models_of(const Arguments& a, const models::SubstanceReco
                                  models::ModelSelection m) {
     // The record's own default, which follows overrides of the measured sets.
     using enum models::VapourPressureEquation;
-    m.VPModel = substance.WAG.TLo > 0   ? wagner
-                : substance.FRO.TLo > 0 ? frostKalkwarf
-                : substance.ALP.TLo > 0 ? antoineLow
-                : substance.AHP.TLo > 0 ? antoineHigh
-                                        : none;
+    m.vapour_pressure = substance.wagner.T_low > 0         ? wagner
+                        : substance.frost.T_low > 0        ? frostKalkwarf
+                        : substance.antoine_low.T_low > 0  ? antoineLow
+                        : substance.antoine_high.T_low > 0 ? antoineHigh
+                                                           : none;
     // Brings every family to an entry that is offered.
     m = models::ModelChoice(substance, m).models();
 
     if (a.eos)
-        m.EOSModel =
+        m.eos =
             models::eos_of_code(code_between(*a.eos, 0, 16, "--eos")).value_or(models::Eos::none);
-    m.EOSOnlyV = models::is_v_only(m.EOSModel);
+    m.vapour_only = models::is_v_only(m.eos);
     if (a.vp.size() == 3) {
-        m.VPModel = models::vp_of_code(a.vp);
-        if (m.VPModel == none && a.vp != "000") throw WrongCall{"--vp: no such equation: " + a.vp};
+        m.vapour_pressure = models::vp_of_code(a.vp);
+        if (m.vapour_pressure == none && a.vp != "000")
+            throw WrongCall{"--vp: no such equation: " + a.vp};
     } else if (!a.vp.empty()) {
         throw WrongCall{"--vp: no such equation: " + a.vp};
     }
-    if (a.hlv) m.HLVModel = *models::vaporisation_of_code(code_between(*a.hlv, 1, 7, "--hlv"));
-    if (a.cp) m.CpModel = *models::cp_form_of_code(code_between(*a.cp, 0, 2, "--cp"));
-    if (a.watson) m.WatsonN = static_cast<float>(*a.watson);
-    if (!a.priority.empty()) m.PriorityCEOS = a.priority == "ceos";
-    if (m.EOSOnlyV) m.PriorityCEOS = false;
+    if (a.hlv) m.vaporisation = *models::vaporisation_of_code(code_between(*a.hlv, 1, 7, "--hlv"));
+    if (a.cp) m.cp_form = *models::cp_form_of_code(code_between(*a.cp, 0, 2, "--cp"));
+    if (a.watson) m.watson_n = static_cast<float>(*a.watson);
+    if (!a.priority.empty()) m.eos_has_priority = a.priority == "ceos";
+    if (m.vapour_only) m.eos_has_priority = false;
     return m;
 }
 
 void choose_models(session::Session& session, const Arguments& a) {
     const models::ModelSelection chosen = models_of(a, session->substance, session->models);
     session.change()->models = chosen;
-    if (!session::compute_constants(session, chosen.EOSModel))
+    if (!session::compute_constants(session, chosen.eos))
         throw CannotBeDone{"Error during EOS-parameter calculation"};
 }
 
 void choose_units(session::Session& session, const Arguments& a) {
     const auto now = session.change();
     using enum models::UnitSystem;
-    now->unitSystem = a.units == "specific" ? specific : a.units == "reduced" ? reduced : molar;
-    if (now->unitSystem == specific) {
+    now->unit_system = a.units == "specific" ? specific : a.units == "reduced" ? reduced : molar;
+    if (now->unit_system == specific) {
         if (!(now->substance.M > 0)) throw CannotBeDone{"Division by zero"};
-        now->caloricUnit = models::CaloricUnit::specific;
+        now->caloric_unit = models::CaloricUnit::specific;
     }
-    now->caloricFactor = models::caloric_factor(now->caloricUnit, now->diagramAt.T, now->substance);
+    now->caloric_factor =
+        models::caloric_factor(now->caloric_unit, now->diagram_at.T, now->substance);
     session::settle_units(session);
 }
 
 void choose_reference(session::SessionState& state, const Arguments& a) {
     models::ReferenceState& r = state.reference;
-    if (a.refmode) r.RefMode = static_cast<std::int16_t>(*a.refmode);
+    if (a.refmode) r.mode = static_cast<std::int16_t>(*a.refmode);
     if (a.href) r.href = *a.href;
     if (a.sref) r.sref = *a.sref;
     if (a.T0) r.T0 = static_cast<float>(*a.T0);
@@ -226,9 +228,9 @@ void choose_reference(session::SessionState& state, const Arguments& a) {
 /// True when a call that asks for the same is bound to get the same: nothing was told, and no
 /// program was asked for parameters.
 bool is_repeatable(const Call& call) {
-    const models::Eos eos = call.session->models.EOSModel;
+    const models::Eos eos = call.session->models.eos;
     const bool fitted = eos == models::Eos::jiTorvik1 || eos == models::Eos::jiTorvik2;
-    return call.messages.empty() && (!fitted || call.session->jiTorvikGiven);
+    return call.messages.empty() && (!fitted || call.session->ji_torvik_given);
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ Json value_of(const models::SubstanceRecord& substance, const datafiles::FieldPl
                 return value;
             }
         },
-        datafiles::ValueOf(substance, place));
+        datafiles::value_of(substance, place));
 }
 
 Json data(Call& call, const Arguments& a) {
@@ -64,54 +64,54 @@ Json data(Call& call, const Arguments& a) {
             elements.push_back(value_of(substance, {&field, i}));
         result[std::string(field.name)] = elements;
     }
-    result["VPCode"] = models::vp_code(call.session->models.VPModel);
+    result["VPCode"] = models::vp_code(call.session->models.vapour_pressure);
     return result;
 }
 
 Json eos(Call& call, const Arguments& a) {
     set_up(call, a);
     const models::Fluid fluid = call.session.fluid();
-    const models::EOSParameters& e = fluid.eos();
-    const models::EOSState s = models::eos_at(fluid, *a.T);
+    const models::EosParameters& e = fluid.eos();
+    const models::EosState s = models::eos_at(fluid, *a.T);
     const models::JiTorvikParameters& jt = fluid.jt();
     return {{"status", 0},
-            {"eosA0", e.eosA0},
-            {"eosB0", e.eosB0},
-            {"eosC0", e.eosC0},
-            {"eosD0", e.eosD0},
-            {"eosNA", e.eosNA},
-            {"eosAlphaForm", e.eosAlphaForm},
-            {"a", Number(s.eosA)},
-            {"b", Number(s.eosB)},
-            {"c", Number(s.eosC)},
-            {"d", Number(s.eosD)},
-            {"vcritCalc", e.vcritCalc},
-            {"rhocritCalc", e.rhocritCalc},
-            {"jtOmegaA", jt.jtOmegaA},
-            {"jtOmegaB", jt.jtOmegaB},
-            {"jtOmegaC", jt.jtOmegaC},
-            {"jtA0", jt.jtA0}};
+            {"eosA0", e.a0},
+            {"eosB0", e.b0},
+            {"eosC0", e.c0},
+            {"eosD0", e.d0},
+            {"eosNA", e.na},
+            {"eosAlphaForm", e.alpha_form},
+            {"a", number(s.a)},
+            {"b", number(s.b)},
+            {"c", number(s.c)},
+            {"d", number(s.d)},
+            {"vcritCalc", e.vcrit_calculated},
+            {"rhocritCalc", e.rhocrit_calculated},
+            {"jtOmegaA", jt.omega_a},
+            {"jtOmegaB", jt.omega_b},
+            {"jtOmegaC", jt.omega_c},
+            {"jtA0", jt.a0}};
 }
 
 Json pressure(Call& call, const Arguments& a) {
     set_up(call, a);
     const models::Fluid fluid = call.session.fluid();
-    models::EOSState state = models::eos_at(fluid, *a.T);
+    models::EosState state = models::eos_at(fluid, *a.T);
     const models::PressureResult r = models::pressure_from_Tv(fluid, *a.T, *a.v, state);
-    return {{"status", r.status}, {"p", r.status == kSuccess ? Number(r.p) : Json()}};
+    return {{"status", r.status}, {"p", r.status == kSuccess ? number(r.p) : Json()}};
 }
 
 Json volumes(const std::array<double, 3>& v, int count) {
     Json array = Json::array();
-    for (int i = 0; i < count; ++i) array.push_back(Number(v[static_cast<std::size_t>(i)]));
+    for (int i = 0; i < count; ++i) array.push_back(number(v[static_cast<std::size_t>(i)]));
     return array;
 }
 
 Json roots(Call& call, const Arguments& a) {
     set_up(call, a);
-    if (call.session->models.EOSOnlyV) throw CannotBeDone{"possible only by using a  cubic EOS"};
+    if (call.session->models.vapour_only) throw CannotBeDone{"possible only by using a  cubic EOS"};
     if (!(*a.p > 0) || !(*a.T > 0)) throw CannotBeDone{"T and p have to be > 0"};
-    const models::EOSState state = models::eos_at(call.session.fluid(), *a.T);
+    const models::EosState state = models::eos_at(call.session.fluid(), *a.T);
     const models::CubicRoots r = models::solve_cubic(state, *a.T, *a.p);
     return {{"status", r.status}, {"v", volumes(r.v, r.count)}, {"count", r.count}};
 }
@@ -120,19 +120,19 @@ Json state(Call& call, const Arguments& a) {
     set_up(call, a);
     const models::StateTP r = models::solve_state_tp(call.session.fluid(), *a.T, *a.p);
     return {{"status", r.status},
-            {"hasL", r.hasL},
-            {"hasV", r.hasV},
+            {"hasL", r.has_L},
+            {"hasV", r.has_V},
             {"rhoL", present(r.rhoL)},
             {"rhoV", present(r.rhoV)},
             {"vL", present(r.vL)},
             {"vV", present(r.vV)},
-            {"nRoots", r.nRoots},
-            {"areaRatio", Number(r.areaRatio)},
-            {"areaL", Number(r.areaL)},
-            {"areaV", Number(r.areaV)},
-            {"PhaseRegion", r.PhaseRegion},
+            {"nRoots", r.root_count},
+            {"areaRatio", number(r.area_ratio)},
+            {"areaL", number(r.area_L)},
+            {"areaV", number(r.area_V)},
+            {"PhaseRegion", r.region},
             {"text", r.text},
-            {"v", volumes(r.v, r.nRoots)}};
+            {"v", volumes(r.v, r.root_count)}};
 }
 
 Json temperature(Call& call, const Arguments& a) {
@@ -145,11 +145,11 @@ Json temperature(Call& call, const Arguments& a) {
 Json saturation(const models::Saturation& r, const char* key, double value) {
     return {{"status", r.status},
             {key, r.status == kSuccess ? present(value) : Json()},
-            {"areaRatio", Number(r.areaRatio)},
-            {"areaL", Number(r.areaL)},
-            {"areaV", Number(r.areaV)},
-            {"nRoots", r.nRoots},
-            {"v", volumes(r.v, r.nRoots)}};
+            {"areaRatio", number(r.area_ratio)},
+            {"areaL", number(r.area_L)},
+            {"areaV", number(r.area_V)},
+            {"nRoots", r.root_count},
+            {"v", volumes(r.v, r.root_count)}};
 }
 
 Json psat(Call& call, const Arguments& a) {
@@ -165,7 +165,7 @@ Json tsat(Call& call, const Arguments& a) {
 }
 
 models::VapourPressureEquation equation_of(const Call& call, const Arguments& a) {
-    return a.code.empty() ? call.session->models.VPModel : models::vp_of_code(a.code);
+    return a.code.empty() ? call.session->models.vapour_pressure : models::vp_of_code(a.code);
 }
 
 Json vp(Call& call, const Arguments& a) {
@@ -192,11 +192,11 @@ Json vpslope(Call& call, const Arguments& a) {
 Json virial(Call& call, const Arguments& a) {
     set_up(call, a);
     const models::Virial r = models::virial(call.session.fluid(), *a.T);
-    const bool derivatives = models::is_v_only(call.session->models.EOSModel);
+    const bool derivatives = models::is_v_only(call.session->models.eos);
     return {{"status", 0},
-            {"B", Number(r.B)},
-            {"dB", derivatives ? Number(r.dB) : Json()},
-            {"d2B", derivatives ? Number(r.d2B) : Json()}};
+            {"B", number(r.B)},
+            {"dB", derivatives ? number(r.dB) : Json()},
+            {"d2B", derivatives ? number(r.d2B) : Json()}};
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ Json values_of(const chart::SurfaceGrid& grid) {
         Json column = Json::array();
         for (int j = 0; j < grid.ny; ++j) {
             const float z = grid.z[grid.at(i, j)];
-            column.push_back(grid.is_hole(z) ? Json() : Number(static_cast<double>(z)));
+            column.push_back(grid.is_hole(z) ? Json() : number(static_cast<double>(z)));
         }
         columns.push_back(std::move(column));
     }

@@ -59,13 +59,13 @@ chart::FileOutcome draw_surface(const chart::Chart3D& surface, const std::string
 
 quorcalc::PictureDrawer make() {
     const auto painters = std::make_shared<Painters>();
-    return {.drawSheet =
+    return {.draw_sheet =
                 [painters](diagrams::DiagramSheet& sheet, const std::string& format,
                            const std::string& file) {
                     painters->start();
                     return draw_sheet(sheet, format, file);
                 },
-            .drawSurface =
+            .draw_surface =
                 [painters](const chart::Chart3D& surface, const std::string& format,
                            const std::string& file) {
                     painters->start();
