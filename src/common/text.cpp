@@ -14,7 +14,8 @@ bool is_blank(char c) {
     return c == ' ' || c == '\t' || c == '\0';
 }
 
-/// A conversion of iconv, opened once: opening one is dearer than converting a name.
+/// A conversion of iconv, opened once a thread: opening one is dearer than converting a name, and
+/// two threads must not use one at the same time.
 class Converter {
   public:
     Converter(const char* from, const char* to)
@@ -142,19 +143,19 @@ std::string pad_left(std::string_view s, std::size_t width) {
 }
 
 std::string from_ansi(std::string_view bytes) {
-    static const Converter convert("CP1252", "UTF-8");
+    thread_local const Converter convert("CP1252", "UTF-8");
     return convert(bytes);
 }
 std::string to_ansi(std::string_view s) {
-    static const Converter convert("UTF-8", "CP1252");
+    thread_local const Converter convert("UTF-8", "CP1252");
     return convert(s);
 }
 std::string from_oem(std::string_view bytes) {
-    static const Converter convert("CP850", "UTF-8");
+    thread_local const Converter convert("CP850", "UTF-8");
     return convert(bytes);
 }
 std::string to_oem(std::string_view s) {
-    static const Converter convert("UTF-8", "CP850");
+    thread_local const Converter convert("UTF-8", "CP850");
     return convert(s);
 }
 
