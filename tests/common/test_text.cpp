@@ -23,11 +23,11 @@ TEST(Text, WhatAPageDoesNotHoldBecomesAQuestionMark) {
 /// Long texts of umlauts, so that a conversion of one thread meets one of the other.
 TEST(Text, ThreadsConvertAtTheSameTime) {
     const auto run = [](const std::string& letter, std::size_t& wrong) {
-        std::string text;
-        for (int i = 0; i < 5000; ++i) text += letter;
-        const std::string ansi = text::to_ansi(text);
+        std::string letters;
+        for (int i = 0; i < 5000; ++i) letters += letter;
+        const std::string ansi = text::to_ansi(letters);
         for (int i = 0; i < 500; ++i)
-            if (text::to_ansi(text) != ansi || text::from_ansi(ansi) != text) ++wrong;
+            if (text::to_ansi(letters) != ansi || text::from_ansi(ansi) != letters) ++wrong;
     };
     std::size_t wrong[2] = {};
     {
