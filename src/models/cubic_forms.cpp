@@ -21,20 +21,6 @@ double power_of_T(double T, double exponent) {
 
 }  // namespace
 
-EOSState power_state(const EOSParameters& e, double Tcrit, double T) {
-    EOSState s{.eosA = 0,
-               .eosB = e.eosB0 * power_of_T(T, e.eosNB),
-               .eosC = e.eosC0 * power_of_T(T, e.eosNC),
-               .eosD = e.eosD0 * power_of_T(T, e.eosND)};
-    if (e.eosAlphaForm == 2) {
-        const double root = 1 + e.eosNA * (1 - std::sqrt(T / Tcrit));
-        s.eosA = e.eosA0 * root * root;
-    } else {
-        s.eosA = e.eosA0 * power_of_T(T, e.eosNA);
-    }
-    return s;
-}
-
 EOSSlopes power_slopes(const EOSParameters& e, double Tcrit, const EOSState& s, double T) {
     EOSSlopes d;
     if (e.eosAlphaForm == 2) {
@@ -58,7 +44,18 @@ EOSSlopes power_slopes(const EOSParameters& e, double Tcrit, const EOSState& s, 
 }
 
 EOSState power_at(const Fluid& f, double T) {
-    return power_state(f.eos(), f.substance().Tcrit, T);
+    const EOSParameters& e = f.eos();
+    EOSState s{.eosA = 0,
+               .eosB = e.eosB0 * power_of_T(T, e.eosNB),
+               .eosC = e.eosC0 * power_of_T(T, e.eosNC),
+               .eosD = e.eosD0 * power_of_T(T, e.eosND)};
+    if (e.eosAlphaForm == 2) {
+        const double root = 1 + e.eosNA * (1 - std::sqrt(T / f.substance().Tcrit));
+        s.eosA = e.eosA0 * root * root;
+    } else {
+        s.eosA = e.eosA0 * power_of_T(T, e.eosNA);
+    }
+    return s;
 }
 
 EOSSlopes power_slopes_of(const Fluid& f, const EOSState& state, double T) {

@@ -6,11 +6,10 @@
 /// and the virial coefficient b - a/(R T) that belongs to a cubic equation.
 namespace quor::models {
 
-/// a, b, c, d at T/K > 0 by the power and Soave forms of the constants.
-EOSState power_state(const EOSParameters& eos, double Tcrit, double T);
+/// Derivatives of a, b, c, d with respect to T at T/K > 0 by the power and Soave forms.
 EOSSlopes power_slopes(const EOSParameters& eos, double Tcrit, const EOSState& state, double T);
 
-// The same as entries of a row.
+/// a, b, c, d at T/K > 0 by these forms, and the derivatives, as entries of a row.
 EOSState power_at(const Fluid& fluid, double T);
 EOSSlopes power_slopes_of(const Fluid& fluid, const EOSState& state, double T);
 
