@@ -45,17 +45,15 @@ EOSSlopes power_slopes(const EOSParameters& e, double Tcrit, const EOSState& s, 
 
 EOSState power_at(const Fluid& f, double T) {
     const EOSParameters& e = f.eos();
-    EOSState s{.eosA = 0,
-               .eosB = e.eosB0 * power_of_T(T, e.eosNB),
-               .eosC = e.eosC0 * power_of_T(T, e.eosNC),
-               .eosD = e.eosD0 * power_of_T(T, e.eosND)};
+    const double b = e.eosB0 * power_of_T(T, e.eosNB);
+    const double c = e.eosC0 * power_of_T(T, e.eosNC);
+    const double d = e.eosD0 * power_of_T(T, e.eosND);
+    // All four in one expression: solvers copy the state at once, which waits for single stores.
     if (e.eosAlphaForm == 2) {
         const double root = 1 + e.eosNA * (1 - std::sqrt(T / f.substance().Tcrit));
-        s.eosA = e.eosA0 * root * root;
-    } else {
-        s.eosA = e.eosA0 * power_of_T(T, e.eosNA);
+        return {e.eosA0 * root * root, b, c, d};
     }
-    return s;
+    return {e.eosA0 * power_of_T(T, e.eosNA), b, c, d};
 }
 
 EOSSlopes power_slopes_of(const Fluid& f, const EOSState& state, double T) {
