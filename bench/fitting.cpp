@@ -58,12 +58,11 @@ BENCHMARK(SevenParameters)->Unit(benchmark::kMillisecond);
 /// A fit of a model of the view as `cmdStart` runs it, with the statistics behind it.
 void Model(benchmark::State& state, std::int16_t number, const Parameters& truth, double from,
            double to) {
-    models::SubstanceRecord water;
-    water.Tcrit = 647.096;
-    water.pcrit = 22064;
     FitState fit_state;
     fit_state.lg = true;
-    choose_model(fit_state, number, water);
+    fit_state.substance.Tcrit = 647.096;
+    fit_state.substance.pcrit = 22064;
+    choose_model(fit_state, number);
     fit_state.parameters = truth;
     fit_state.points = Points(200, from, to, [&](double x) {
         double y = 0;
@@ -73,26 +72,26 @@ void Model(benchmark::State& state, std::int16_t number, const Parameters& truth
     fit_state.point_count = 200;
     fit_state.logarithmic = true;
     for (auto _ : state) {
-        FitState run = fit_state;
-        if (!start_fit(run)) state.SkipWithError("the fit was refused");
+        const Result<FitState> run = run_fit(fit_state);
+        if (!run) state.SkipWithError("the fit was refused");
         benchmark::DoNotOptimize(run);
     }
 }
 BENCHMARK_CAPTURE(Model, Antoine, 4, Parameters{7.1962, 1730.63, 233.426}, 280, 450)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Model, frost_kalkwarf, 5, Parameters{23.55, -2980, 273.15, -5.62, 3.5}, 300, 620)
+BENCHMARK_CAPTURE(Model, FrostKalkwarf, 5, Parameters{23.55, -2980, 273.15, -5.62, 3.5}, 300, 620)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Model, Wagner, 8, Parameters{-7.77, 1.48, -2.77, -1.3}, 280, 640)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Model, combi_expression, 1, Parameters{3, -2, 0.5, 0.125, 7, 1, 1}, 0.5, 4)
+BENCHMARK_CAPTURE(Model, CombiExpression, 1, Parameters{3, -2, 0.5, 0.125, 7, 1, 1}, 0.5, 4)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Model, dippr_heat_capacity, 18, Parameters{33363, 26790, 2610.5, 8896, 1169}, 200,
+BENCHMARK_CAPTURE(Model, DipprHeatCapacity, 18, Parameters{33363, 26790, 2610.5, 8896, 1169}, 200,
                   1500)
     ->Unit(benchmark::kMillisecond);
 
 void ProposedStarts(benchmark::State& state) {
     FitState fit_state;
-    choose_model(fit_state, 18, {});
+    choose_model(fit_state, 18);
     fit_state.parameters = {33363, 26790, 2610.5, 8896, 1169};
     fit_state.points = Points(200, 200, 1500, [&](double x) {
         double y = 0;

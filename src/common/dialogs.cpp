@@ -16,7 +16,7 @@ Functions silent() {
 }
 
 Functions& current() {
-    static Functions functions = silent();
+    thread_local Functions functions = silent();
     return functions;
 }
 

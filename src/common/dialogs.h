@@ -5,7 +5,8 @@
 #include <string>
 
 /// What the system asks or tells its user. The core never shows anything itself: it calls the
-/// functions of one process-level record, which the program, quorcalc and the tests install.
+/// functions of a record that each thread has of its own, and that the program, quorcalc and the
+/// tests install.
 namespace quor::dialogs {
 
 enum class Icon { None, Information, Exclamation, Question, Stop };
@@ -54,7 +55,9 @@ struct Functions {
     std::function<void()> beep;
 };
 
-/// The functions in use. After start they answer every question with its default and show nothing.
+/// The functions in use by this thread. Each thread starts with silent ones: a session in a worker
+/// must neither open a box, which only the thread of the windows may do, nor put its questions to
+/// the user of a session beside it.
 Functions& current();
 /// The silent functions that `current` starts with.
 Functions silent();

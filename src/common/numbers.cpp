@@ -1,5 +1,6 @@
 #include "common/numbers.h"
 
+#include <atomic>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -11,7 +12,8 @@ namespace quor::numbers {
 
 namespace {
 
-char mark = '.';
+/// One a process, as the locale is; read by every thread that writes a number.
+std::atomic<char> mark = '.';
 
 bool is_placeholder(char c) {
     return c == '0' || c == '#';

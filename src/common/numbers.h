@@ -7,7 +7,8 @@
 /// Numbers as text and the exact rounding rules, in one place.
 namespace quor::numbers {
 
-/// The locale's decimal mark, '.' or ','; injected by the program and by tests.
+/// The locale's decimal mark, '.' or ','; injected by the program at its start and by tests. It
+/// holds for all threads.
 char decimal_mark();
 void set_decimal_mark(char mark);
 

@@ -14,7 +14,12 @@ bool is_blank(char c) {
     return c == ' ' || c == '\t' || c == '\0';
 }
 
-/// A conversion of iconv, opened once: opening one is dearer than converting a name.
+bool is_ascii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+/// A conversion of iconv, opened once a thread: opening one is dearer than converting a name, and
+/// two threads must not use one at the same time.
 class Converter {
   public:
     Converter(const char* from, const char* to)
@@ -51,7 +56,6 @@ class Converter {
 
   private:
     bool usable() const { return handle_ != iconv_t(-1); }
-    static bool is_ascii(char c) { return static_cast<unsigned char>(c) < 0x80; }
     static bool continues_character(char c) {
         return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
     }
@@ -60,11 +64,48 @@ class Converter {
     bool from_utf8_;
 };
 
+/// A page in UTF-8, byte by byte: a database has tens of thousands of fields. Threads share it.
+class Page {
+  public:
+    explicit Page(const char* name) {
+        const Converter convert(name, "UTF-8");
+        for (std::size_t i = 0; i < characters_.size(); ++i) {
+            const std::string utf8 = convert(std::string(1, static_cast<char>(i)));
+            characters_[i].length = utf8.copy(characters_[i].bytes.data(), kLongest);
+        }
+    }
+
+    std::string operator()(std::string_view page) const {
+        if (std::all_of(page.begin(), page.end(), is_ascii)) return std::string(page);
+        std::string out(page.size() * kLongest, '\0');
+        std::size_t length = 0;
+        for (const char c : page) {
+            const Character& character = characters_[static_cast<unsigned char>(c)];
+            std::copy(character.bytes.begin(), character.bytes.end(), out.data() + length);
+            length += character.length;
+        }
+        out.resize(length);
+        return out;
+    }
+
+  private:
+    static constexpr std::size_t kLongest = 4;  ///< bytes of a character
+    struct Character {
+        std::array<char, kLongest> bytes{};
+        std::size_t length = 0;
+    };
+    std::array<Character, 256> characters_;
+};
+
 }  // namespace
 
-std::string trim_right(std::string_view s) {
+std::string_view without_end_blanks(std::string_view s) {
     while (!s.empty() && is_blank(s.back())) s.remove_suffix(1);
-    return std::string(s);
+    return s;
+}
+
+std::string trim_right(std::string_view s) {
+    return std::string(without_end_blanks(s));
 }
 
 std::string trim_left(std::string_view s) {
@@ -142,19 +183,19 @@ std::string pad_left(std::string_view s, std::size_t width) {
 }
 
 std::string from_ansi(std::string_view bytes) {
-    static const Converter convert("CP1252", "UTF-8");
-    return convert(bytes);
+    static const Page page("CP1252");
+    return page(bytes);
 }
 std::string to_ansi(std::string_view s) {
-    static const Converter convert("UTF-8", "CP1252");
+    thread_local const Converter convert("UTF-8", "CP1252");
     return convert(s);
 }
 std::string from_oem(std::string_view bytes) {
-    static const Converter convert("CP850", "UTF-8");
-    return convert(bytes);
+    static const Page page("CP850");
+    return page(bytes);
 }
 std::string to_oem(std::string_view s) {
-    static const Converter convert("UTF-8", "CP850");
+    thread_local const Converter convert("UTF-8", "CP850");
     return convert(s);
 }
 

@@ -7,6 +7,8 @@
 /// Texts: trimming, code pages, fixed fields. Strings are UTF-8 in memory.
 namespace quor::text {
 
+/// The part of a text before the blanks at its end, as `trim_right` copies it.
+std::string_view without_end_blanks(std::string_view s);
 std::string trim_right(std::string_view s);
 std::string trim_left(std::string_view s);
 std::string trim(std::string_view s);

@@ -93,21 +93,25 @@ class Database::File {
     int handle_;
 };
 
-Database::Database(fs::path file, std::vector<DatabaseEntry> entries, bool english)
-    : path_(std::move(file)), english_(english) {
-    Content content{.entries = std::move(entries)};
-    for (std::size_t i = 0; i < content.entries.size(); ++i) {
-        const DatabaseEntry& entry = content.entries[i];
-        const std::string name = text::trim_right(entry.name);
-        const std::string casrn = text::trim_right(entry.casrn);
-        content.by_number.try_emplace(entry.number, i);
-        if (!name.empty()) content.by_name_or_casrn.try_emplace(name, i);
+Database::Content::Content(std::vector<DatabaseEntry> list) : entries(std::move(list)) {
+    by_name_or_casrn.reserve(2 * entries.size());
+    by_casrn.reserve(entries.size());
+    by_number.reserve(entries.size());
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const std::string_view name = text::without_end_blanks(entries[i].name);
+        const std::string_view casrn = text::without_end_blanks(entries[i].casrn);
+        by_number.try_emplace(entries[i].number, i);
+        if (!name.empty()) by_name_or_casrn.try_emplace(name, i);
         if (casrn.empty()) continue;
-        content.by_name_or_casrn.try_emplace(casrn, i);
-        content.by_casrn.try_emplace(casrn, i);
+        by_name_or_casrn.try_emplace(casrn, i);
+        by_casrn.try_emplace(casrn, i);
     }
-    content_ = std::make_shared<const Content>(std::move(content));
 }
+
+Database::Database(fs::path file, std::vector<DatabaseEntry> entries, bool english)
+    : path_(std::move(file)),
+      english_(english),
+      content_(std::make_shared<const Content>(std::move(entries))) {}
 
 Result<Database> Database::open(const fs::path& file, bool english) {
     const Failure unusable{"Database " + file.filename().string() + " not found or empty resp."};

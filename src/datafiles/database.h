@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -62,9 +63,13 @@ class Database {
     /// The file itself, open as long as a copy of the database is there; many threads may read.
     class File;
     struct Content {
-        std::vector<DatabaseEntry> entries{};
-        // The first place of each key.
-        std::unordered_map<std::string, std::size_t> by_name_or_casrn{}, by_casrn{};
+        explicit Content(std::vector<DatabaseEntry> list);
+        Content(const Content&) = delete;
+        Content& operator=(const Content&) = delete;
+
+        std::vector<DatabaseEntry> entries;
+        // The first place of each key; the texts are those of the entries.
+        std::unordered_map<std::string_view, std::size_t> by_name_or_casrn{}, by_casrn{};
         std::unordered_map<int, std::size_t> by_number{};
     };
     std::filesystem::path path_;

@@ -76,7 +76,9 @@ RecordBytes encode_record(const SubstanceFileRecord& r) {
 }
 
 std::string field_text(std::span<const char> field) {
-    std::string bytes(field.begin(), field.end());
+    const std::string_view raw(field.data(), field.size());
+    if (std::none_of(raw.begin(), raw.end(), is_control)) return text::from_ansi(raw);
+    std::string bytes(raw);
     std::replace_if(bytes.begin(), bytes.end(), is_control, ' ');
     return text::from_ansi(bytes);
 }

@@ -49,7 +49,8 @@ ReducedProblem reduce(std::span<const LeastSquaresRow> rows, int columns) {
         coefficients.col(j) /= std::sqrt(squares);
     }
 
-    const Eigen::HouseholderQR<Matrix> qr(std::move(coefficients));
+    // In place: the rows are many.
+    const Eigen::HouseholderQR<Eigen::Ref<Matrix>> qr(coefficients);
     target.applyOnTheLeft(qr.householderQ().adjoint());
     for (Eigen::Index i = 0; i < columns; ++i) {
         LeastSquaresRow& row = problem.r[static_cast<std::size_t>(i)];

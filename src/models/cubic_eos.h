@@ -8,7 +8,9 @@
 namespace quor::models {
 
 /// a, b, c, d at T/K; T below 1E-6 gives `previous` back.
-EosState eos_at(const Fluid& fluid, double T, const EosState& previous = {});
+inline EosState eos_at(const Fluid& fluid, double T, const EosState& previous = {}) {
+    return T < constants::kPresent ? previous : fluid.equation().at(fluid, T);
+}
 
 /// Their analytic derivatives at T/K > 0.
 inline EosSlopes eos_slopes(const Fluid& fluid, const EosState& state, double T) {

@@ -21,20 +21,6 @@ double power_of_T(double T, double exponent) {
 
 }  // namespace
 
-EosState power_state(const EosParameters& e, double Tcrit, double T) {
-    EosState s{.a = 0,
-               .b = e.b0 * power_of_T(T, e.nb),
-               .c = e.c0 * power_of_T(T, e.nc),
-               .d = e.d0 * power_of_T(T, e.nd)};
-    if (e.alpha_form == 2) {
-        const double root = 1 + e.na * (1 - std::sqrt(T / Tcrit));
-        s.a = e.a0 * root * root;
-    } else {
-        s.a = e.a0 * power_of_T(T, e.na);
-    }
-    return s;
-}
-
 EosSlopes power_slopes(const EosParameters& e, double Tcrit, const EosState& s, double T) {
     EosSlopes d;
     if (e.alpha_form == 2) {
@@ -58,7 +44,16 @@ EosSlopes power_slopes(const EosParameters& e, double Tcrit, const EosState& s, 
 }
 
 EosState power_at(const Fluid& f, double T) {
-    return power_state(f.eos(), f.substance().Tcrit, T);
+    const EosParameters& e = f.eos();
+    const double b = e.b0 * power_of_T(T, e.nb);
+    const double c = e.c0 * power_of_T(T, e.nc);
+    const double d = e.d0 * power_of_T(T, e.nd);
+    // All four in one expression: solvers copy the state at once, which waits for single stores.
+    if (e.alpha_form == 2) {
+        const double root = 1 + e.na * (1 - std::sqrt(T / f.substance().Tcrit));
+        return {e.a0 * root * root, b, c, d};
+    }
+    return {e.a0 * power_of_T(T, e.na), b, c, d};
 }
 
 EosSlopes power_slopes_of(const Fluid& f, const EosState& state, double T) {

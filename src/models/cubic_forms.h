@@ -6,11 +6,10 @@
 /// and the virial coefficient b - a/(R T) that belongs to a cubic equation.
 namespace quor::models {
 
-/// a, b, c, d at T/K > 0 by the power and Soave forms of the constants.
-EosState power_state(const EosParameters& eos, double Tcrit, double T);
+/// Derivatives of a, b, c, d with respect to T at T/K > 0 by the power and Soave forms.
 EosSlopes power_slopes(const EosParameters& eos, double Tcrit, const EosState& state, double T);
 
-// The same as entries of a row.
+/// a, b, c, d at T/K > 0 by these forms, and the derivatives, as entries of a row.
 EosState power_at(const Fluid& fluid, double T);
 EosSlopes power_slopes_of(const Fluid& fluid, const EosState& state, double T);
 

@@ -208,7 +208,10 @@ void keep_session_of_another_run(const Session& session) {
             file.parent_path() /
             (file.stem().string() + "_" + std::to_string(number) + file.extension().string());
         if (fs::exists(kept, failed)) continue;
-        fs::rename(file, kept, failed);
+        // Its old name stays until the new session takes it: a run that is cut off in between
+        // leaves no gap.
+        fs::create_hard_link(fs::weakly_canonical(file, failed), kept, failed);
+        if (failed) fs::copy_file(file, kept, failed);
         return;
     }
 }

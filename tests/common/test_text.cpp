@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <thread>
+
 #include "common/text.h"
 
 using namespace quor;
@@ -15,6 +18,24 @@ TEST(Text, CodePagesConvertUmlautsBothWays) {
 
 TEST(Text, WhatAPageDoesNotHoldBecomesAQuestionMark) {
     EXPECT_EQ(text::to_ansi("a\xE2\x86\x92z"), "a?z");
+}
+
+/// Long texts of umlauts, so that a conversion of one thread meets one of the other.
+TEST(Text, ThreadsConvertAtTheSameTime) {
+    const auto run = [](const std::string& letter, std::size_t& wrong) {
+        std::string letters;
+        for (int i = 0; i < 5000; ++i) letters += letter;
+        const std::string ansi = text::to_ansi(letters);
+        for (int i = 0; i < 500; ++i)
+            if (text::to_ansi(letters) != ansi || text::from_ansi(ansi) != letters) ++wrong;
+    };
+    std::size_t wrong[2] = {};
+    {
+        const std::jthread first([&] { run("Ä", wrong[0]); });
+        const std::jthread second([&] { run("ö ", wrong[1]); });
+    }
+    EXPECT_EQ(wrong[0], 0U);
+    EXPECT_EQ(wrong[1], 0U);
 }
 
 TEST(Text, FixedFieldsCountCharactersNotBytes) {

@@ -1,4 +1,7 @@
+#include <gtest/gtest.h>
+
 #include <thread>
+#include <vector>
 
 #include "models/enthalpy_of_vaporisation.h"
 #include "models/saturation.h"
