@@ -8,6 +8,7 @@
 
 #include "chart/chart_file.h"
 #include "common/numbers.h"
+#include "diagrams/sheet_delete.h"
 #include "gui/chart/chart2d_widget.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/graph_test.h"
