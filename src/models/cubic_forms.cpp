@@ -21,6 +21,10 @@ double power_of_T(double T, double exponent) {
 
 }  // namespace
 
+EosConstants no_constants(const SubstanceRecord&, const ModelSelection& models) {
+    return {.power = {}, .jiTorvik = models.jiTorvik};
+}
+
 EOSState power_state(const EOSParameters& e, double Tcrit, double T) {
     EOSState s{.eosA = 0,
                .eosB = e.eosB0 * power_of_T(T, e.eosNB),
