@@ -198,6 +198,27 @@ TEST_F(Graph2D, TakesBackAStyleOfTheDesignPanel) {
     EXPECT_NE(curve(0).line.pattern, before);
 }
 
+TEST_F(Graph2D, NamesItsStepsInTheEditMenuOfTheFrame) {
+    openIsotherm("300");
+    choose("mnuKurvenDesign");
+    const chart::LinePattern before = curve(0).line.pattern;
+    drive::select("cmbKStil", "Curve dotted");
+    drive::open("mnuEdit_Undo");
+    EXPECT_EQ(drive::action("mnuEdit_Undo")->text(), "&Undo Design\tCtrl+Z");
+    EXPECT_FALSE(offers("mnuEdit_Redo"));
+    choose("mnuEdit_Undo");
+    EXPECT_EQ(curve(0).line.pattern, before);
+    drive::open("mnuEdit_Undo");
+    EXPECT_EQ(drive::action("mnuEdit_Undo")->text(), "&Undo Draw curve\tCtrl+Z");
+    EXPECT_EQ(drive::action("mnuEdit_Redo")->text(), "&Redo Design\tCtrl+Shift+Z");
+    choose("mnuEdit_Redo");
+    EXPECT_NE(curve(0).line.pattern, before);
+    choose("mnuEdit_Undo");
+    choose("mnuEdit_Undo");
+    EXPECT_EQ(diagrams::curve_count(sheet()), 0);
+    EXPECT_FALSE(offers("mnuEdit_Undo"));
+}
+
 TEST_F(Graph2D, ShowsTheLegendAndLeadsToTheDesignWithoutTexts) {
     openIsotherm();
     choose("mnuAddLegend");

@@ -288,6 +288,24 @@ void DiagramWindow::rememberDesign(const QString& what) {
     diagrams::remember_design(sheet_, shown_, "Design");
 }
 
+QString DiagramWindow::undoName() const {
+    return sheet_.undo.empty() ? QString() : qt(sheet_.undo.back().name);
+}
+
+QString DiagramWindow::redoName() const {
+    return sheet_.redo.empty() ? QString() : qt(sheet_.redo.back().name);
+}
+
+void DiagramWindow::undo() {
+    diagrams::undo(sheet_);
+    refresh();
+}
+
+void DiagramWindow::redo() {
+    diagrams::redo(sheet_);
+    refresh();
+}
+
 bool DiagramWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == canvas_ && event->type() == QEvent::Resize) paintSheet();
     return QMainWindow::eventFilter(watched, event);
