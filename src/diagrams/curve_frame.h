@@ -53,7 +53,7 @@ class CurveFrame {
     bool is_real_at_p(double pressure);
     /// True when nothing below the triple point is drawn.
     bool real_range_only() const {
-        return options.realRangeOnly && fluid.models().EOSModel > models::Eos::idealGas;
+        return options.realRangeOnly && models::is_real_gas(fluid.models().EOSModel);
     }
 
     bool subcritical_T() const { return T < substance.Tcrit; }

@@ -17,7 +17,7 @@ namespace {
 constexpr double kCriticalShare = 1e-5;
 
 bool has_equilibrium(const Fluid& f) {
-    return f.models().EOSModel > models::Eos::idealGas && !f.models().EOSOnlyV &&
+    return models::is_real_gas(f.models().EOSModel) && !f.models().EOSOnlyV &&
            f.substance().Tcrit > 0 && f.substance().pcrit > 0 && f.eos().vcritCalc > 0;
 }
 

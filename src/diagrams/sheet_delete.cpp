@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "chart/sheet2d.h"
 #include "common/dialogs.h"
@@ -58,33 +59,30 @@ void clear_critical_point(DiagramSheet& sheet, bool experimental) {
     erase_labels(sheet, is_kind(critical(experimental)));
 }
 
+/// The places that a number of the menu means and that are in use.
+std::vector<int> chosen(const DiagramSheet& sheet, int number, std::size_t places,
+                        bool (*used)(const DiagramSheet&, int)) {
+    std::vector<int> all;
+    for (int place = 0; at(place) < places; ++place)
+        if ((number == 0 || place == number - 1) && used(sheet, place)) all.push_back(place);
+    return all;
+}
+
 }  // namespace
 
 void delete_curve(DiagramSheet& sheet, int number) {
-    const auto chosen = [&](int place) {
-        return (number == 0 || place == number - 1) && is_drawn(sheet, place);
-    };
-    const int places = static_cast<int>(sheet.curves.size());
-    bool any = false;
-    for (int place = 0; place < places; ++place) any = any || chosen(place);
-    if (!any) return;
+    const std::vector<int> places = chosen(sheet, number, sheet.curves.size(), is_drawn);
+    if (places.empty()) return;
     remember(sheet, number == 0 ? "Delete curves" : "Delete curve");
-    for (int place = 0; place < places; ++place)
-        if (chosen(place)) clear_curve(sheet, place);
+    for (const int place : places) clear_curve(sheet, place);
     name_fluids(sheet);
 }
 
 void delete_point_set(DiagramSheet& sheet, int number) {
-    const auto chosen = [&](int place) {
-        return (number == 0 || place == number - 1) && has_point_set(sheet, place);
-    };
-    const int places = static_cast<int>(sheet.pointSets.size());
-    bool any = false;
-    for (int place = 0; place < places; ++place) any = any || chosen(place);
-    if (!any) return;
+    const std::vector<int> places = chosen(sheet, number, sheet.pointSets.size(), has_point_set);
+    if (places.empty()) return;
     remember(sheet, "Delete points");
-    for (int place = 0; place < places; ++place)
-        if (chosen(place)) clear_point_set(sheet, place);
+    for (const int place : places) clear_point_set(sheet, place);
 }
 
 void delete_total(DiagramSheet& sheet) {
