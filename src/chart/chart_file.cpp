@@ -287,8 +287,8 @@ FileOutcome load(const std::filesystem::path& file, Chart& chart) {
 
 template <class Chart>
 FileOutcome save(const Chart& chart, const std::filesystem::path& file) {
-    const std::string error = datafiles::write_whole(file, text_of(chart));
-    return {error.empty(), error};
+    const Result<void> written = quor::files::write_whole(file, text_of(chart));
+    return written ? FileOutcome{true, {}} : FileOutcome{false, written.reason()};
 }
 
 }  // namespace

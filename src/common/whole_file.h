@@ -43,32 +43,3 @@ std::string ansi_lines(const std::vector<std::string>& lines);
 std::string one_line(std::string text);
 
 }  // namespace quor::files
-
-/// The same for callers that still take an empty text for a success.
-namespace quor::datafiles {
-
-using files::ansi_lines;
-using files::one_line;
-using paths::target_path;
-
-struct FileContent {
-    std::string bytes;
-    std::string error;  ///< empty when the file was read
-};
-
-inline FileContent read_whole(const std::filesystem::path& path,
-                              std::size_t largest = files::kLargestTextFile) {
-    const Result<std::string> read = files::read_whole(path, largest);
-    return read ? FileContent{*read, {}} : FileContent{{}, read.reason()};
-}
-
-inline std::string write_whole(const std::filesystem::path& path, std::string_view bytes) {
-    const Result<void> written = files::write_whole(path, bytes);
-    return written ? std::string() : written.reason();
-}
-
-inline std::string InFolder(const std::string& name, const std::string& folder) {
-    return paths::in_folder(name, folder);
-}
-
-}  // namespace quor::datafiles

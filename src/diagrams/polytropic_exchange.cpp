@@ -241,7 +241,7 @@ PolytropicOutcome run_polytrope(const Basis& basis, const PolytropicTask& task,
     }
     const fs::path answer = place.folder / "FROM_DAL.DAT", mark = place.folder / "WRITEEND.END";
     const std::string request = text::to_ansi(polytropic_request_text(basis, task));
-    if (!datafiles::write_whole(place.folder / "TO_DAL.DAT", request).empty()) {
+    if (!files::write_whole(place.folder / "TO_DAL.DAT", request)) {
         dialogs::tell("error to_DAL", "Execution not possible");
         return failed(task.line, PolytropicCode::kNotWritten);
     }
@@ -254,10 +254,9 @@ PolytropicOutcome run_polytrope(const Basis& basis, const PolytropicTask& task,
         return failed(task.line, PolytropicCode::kNotStarted);
     if (const PolytropicCode waited = wait_for(mark, runner); waited != PolytropicCode::kDone)
         return failed(task.line, waited);
-    const datafiles::FileContent content = datafiles::read_whole(answer);
+    const Result<std::string> content = files::read_whole(answer);
     std::optional<ProcessLine> taken;
-    if (content.error.empty())
-        taken = take_polytropic_answer(content.bytes, task.line, task.csvSeparator);
+    if (content) taken = take_polytropic_answer(*content, task.line, task.csvSeparator);
     if (!taken) return failed(task.line, PolytropicCode::kUnreadable);
     return {PolytropicCode::kDone, std::move(*taken)};
 }
