@@ -7,6 +7,8 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "diagrams/process_line.h"
+#include "diagrams/sheet_delete.h"
+#include "diagrams/sheet_names.h"
 #include "models/model_tables.h"
 
 namespace quor::diagrams {

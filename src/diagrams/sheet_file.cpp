@@ -9,7 +9,10 @@
 #include "common/numbers.h"
 #include "common/paths.h"
 #include "common/text.h"
+#include "diagrams/sheet_labels.h"
+#include "diagrams/sheet_places.h"
 #include "diagrams/sheet_readout.h"
+#include "diagrams/sheet_window.h"
 
 namespace quor::diagrams {
 
@@ -19,10 +22,6 @@ using chart::Series;
 
 constexpr auto kFilter = "picture file (*.oc2)|*.oc2";
 constexpr auto kExtension = ".oc2";
-
-std::size_t at(int place) {
-    return static_cast<std::size_t>(place);
-}
 
 const Series* used_curve(const DiagramSheet& sheet, int place) {
     return is_drawn(sheet, place) ? &sheet.chart.curves[at(place)] : nullptr;

@@ -10,6 +10,10 @@
 #include "common/numbers.h"
 #include "diagrams/caloric_functions.h"
 #include "diagrams/project_state.h"
+#include "diagrams/sheet_delete.h"
+#include "diagrams/sheet_labels.h"
+#include "diagrams/sheet_names.h"
+#include "diagrams/sheet_undo.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 

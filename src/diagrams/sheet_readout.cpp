@@ -2,14 +2,12 @@
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "diagrams/sheet_places.h"
+#include "diagrams/sheet_undo.h"
 
 namespace quor::diagrams {
 
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 std::string caption_of(Parameter parameter) {
     switch (parameter) {

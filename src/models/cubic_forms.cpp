@@ -21,6 +21,10 @@ double power_of_T(double T, double exponent) {
 
 }  // namespace
 
+EosConstants no_constants(const SubstanceRecord&, const ModelSelection& models) {
+    return {.power = {}, .ji_torvik = models.ji_torvik};
+}
+
 EosState power_state(const EosParameters& e, double Tcrit, double T) {
     EosState s{.a = 0,
                .b = e.b0 * power_of_T(T, e.nb),

@@ -12,9 +12,13 @@
 #include "diagrams/coordinates.h"
 #include "diagrams/parameter_input.h"
 #include "diagrams/process_line.h"
+#include "diagrams/sheet_delete.h"
 #include "diagrams/sheet_file.h"
+#include "diagrams/sheet_labels.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
+#include "diagrams/sheet_undo.h"
+#include "diagrams/sheet_window.h"
 #include "gui/calculation/calculation_views.h"
 #include "gui/chart/chart_qt.h"
 #include "gui/diagrams/coordinates_dialog.h"
@@ -282,6 +286,24 @@ void DiagramWindow::rememberDesign(const QString& what) {
     designed_ = what;
     if (other && !sheet_.undo.empty()) sheet_.undo.back().is_design = false;
     diagrams::remember_design(sheet_, shown_, "Design");
+}
+
+QString DiagramWindow::undoName() const {
+    return sheet_.undo.empty() ? QString() : qt(sheet_.undo.back().name);
+}
+
+QString DiagramWindow::redoName() const {
+    return sheet_.redo.empty() ? QString() : qt(sheet_.redo.back().name);
+}
+
+void DiagramWindow::undo() {
+    diagrams::undo(sheet_);
+    refresh();
+}
+
+void DiagramWindow::redo() {
+    diagrams::redo(sheet_);
+    refresh();
 }
 
 bool DiagramWindow::eventFilter(QObject* watched, QEvent* event) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "diagrams/sheet_labels.h"
 #include "gui/chart/chart_qt.h"
 #include "gui/chart/picture_export.h"
 
