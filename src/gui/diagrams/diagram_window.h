@@ -23,7 +23,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession {
 
     /// Opens a diagram.
     static DiagramWindow* openNew(Desk& desk, const diagrams::PreparedDiagram& prepared,
-                               const diagrams::Basis& basis);
+                                  const diagrams::Basis& basis);
 
     /// `cmdDraw`: the curve of the sheet's parameters.
     void draw();
