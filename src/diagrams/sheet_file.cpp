@@ -125,9 +125,9 @@ SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
                               .overwrite_prompt = true});
     if (!name || name->empty()) return {false, folder};
     const std::string path = paths::target_path(*name, folder, kExtension);
-    const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
-    if (!saved.ok) dialogs::tell(saved.message, "ERROR", dialogs::Icon::Stop);
-    return {saved.ok, paths::folder_of(path)};
+    const Result<void> saved = chart::save_chart(sheet.chart, path);
+    if (!saved) dialogs::tell(saved.reason(), "ERROR", dialogs::Icon::Stop);
+    return {static_cast<bool>(saved), paths::folder_of(path)};
 }
 
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool with_note) {
@@ -154,9 +154,9 @@ LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool with_no
 
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file) {
     chart::Chart2D loaded;
-    const chart::FileOutcome read = chart::load_chart(file, loaded);
-    if (!read.ok) {
-        dialogs::tell(read.message, "Execution not possible", dialogs::Icon::Stop);
+    const Result<void> read = chart::load_chart(file, loaded);
+    if (!read) {
+        dialogs::tell(read.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return {LoadOutcome::Failed, paths::folder_of(file)};
     }
     take_loaded_chart(sheet, std::move(loaded));

@@ -98,7 +98,7 @@ LegendAnswer add_legend(DiagramSheet& sheet) {
     const bool points_only = curve_count(sheet) == 0 && point_set_count(sheet) > 0;
     dialogs::tell(std::string("No legend texts given\n") +
                       (points_only ? "=> Designing exper. points" : "=> Designing curve"),
-                  "Execution not possible");
+                  dialogs::kNotPossible);
     return points_only ? LegendAnswer::DesignPoints : LegendAnswer::DesignCurve;
 }
 

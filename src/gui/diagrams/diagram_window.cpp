@@ -115,7 +115,7 @@ std::optional<diagrams::Basis> basisOfInput(const diagrams::DiagramSheet& sheet,
     try {
         return diagrams::in_units_of(sheet, session::present_pen(session).basis);
     } catch (const std::exception& fault) {
-        dialogs::tell(fault.what(), "Execution not possible");
+        dialogs::tell(fault.what(), dialogs::kNotPossible);
         return std::nullopt;
     }
 }
@@ -405,7 +405,7 @@ void prepareAndOpen(Desk& desk, const diagrams::Diagram& diagram) {
         dialogs::tell(
             "The registration of the 2D graph module \\...\\olch8x2.ocx during the installation "
             "process failed.\nPlease carry out the registration manually (c.f. our website)",
-            "Execution not possible");
+            dialogs::kNotPossible);
     }
 }
 
@@ -416,7 +416,7 @@ void openChosen(Desk& desk) {
     if (diagram == nullptr) return;
     const diagrams::OpeningAnswer answer = diagrams::opening_answer(*diagram, session.fluid());
     if (!answer.text.empty())
-        dialogs::tell(answer.text, answer.opens ? "Note" : "Execution not possible");
+        dialogs::tell(answer.text, answer.opens ? "Note" : dialogs::kNotPossible);
     if (answer.opens) prepareAndOpen(desk, *diagram);
 }
 
