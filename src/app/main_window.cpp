@@ -56,10 +56,11 @@ QStringList localFiles(const QMimeData* data) {
 
 }  // namespace
 
-MainWindow::MainWindow(gui::Desk& desk, Commands& commands)
+MainWindow::MainWindow(gui::Desk& desk, Commands& commands, std::span<const menu::Row> rows)
     : desk_(desk),
       session_(desk.session()),
       commands_(commands),
+      rows_(rows),
       help_(new HelpWindow(desk, this)) {
     setObjectName("mdiQUOR");
     setWindowTitle(kBanner);
@@ -150,7 +151,7 @@ void MainWindow::menuOpens(const QString& menuName) {
 
 void MainWindow::buildMenus() {
     QHash<QString, QMenu*> menus;
-    for (const menu::Row& row : menu::rows()) {
+    for (const menu::Row& row : rows_) {
         QMenu* parent = menus.value(qt(row.parent));
         if (row.kind == menu::Kind::Separator) {
             parent->addSeparator();
@@ -223,7 +224,7 @@ void MainWindow::fillRecentFiles(QMenu* menu) {
 }
 
 void MainWindow::refresh() {
-    for (const menu::Row& row : menu::rows()) {
+    for (const menu::Row& row : rows_) {
         QAction* action = rowActions_.value(qt(menu::object_name(row)));
         if (action == nullptr) continue;
         action->setText(qt(menu::caption(session_, row)));

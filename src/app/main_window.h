@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QMainWindow>
 #include <array>
+#include <span>
 
 #include "app/menu_catalogue.h"
 #include "gui/widgets/desk.h"
@@ -24,8 +25,9 @@ class MainWindow : public QMainWindow, private gui::Desk::Frame {
     Q_OBJECT
 
   public:
-    /// The frame of a desk. Its own commands join those of the views.
-    MainWindow(gui::Desk& desk, Commands& commands);
+    /// The frame of a desk with the rows of its menus, which outlive it. Its own commands join
+    /// those of the views.
+    MainWindow(gui::Desk& desk, Commands& commands, std::span<const menu::Row> rows = menu::rows());
     ~MainWindow() override;
 
     /// The start of the program: all defaults, name tables, tips.
@@ -67,6 +69,7 @@ class MainWindow : public QMainWindow, private gui::Desk::Frame {
     gui::Desk& desk_;
     session::Session& session_;
     Commands& commands_;
+    std::span<const menu::Row> rows_;
     session::Connection following_;
     HelpWindow* help_;
     WorkArea* area_ = nullptr;

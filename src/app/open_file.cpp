@@ -18,8 +18,6 @@ namespace open_file {
 
 namespace {
 
-constexpr auto kRefusal = "Execution not possible";
-
 /// What opening a file works with.
 struct Place {
     gui::Desk& desk;
@@ -96,7 +94,8 @@ void open(gui::Desk& desk, Commands& commands, const std::string& file) {
     const std::filesystem::path path = std::filesystem::absolute(file, ignored);
     if (!std::filesystem::is_regular_file(path, ignored)) {
         gui::settings::forgetFile(QString::fromStdString(file));
-        dialogs::tell("File not found:\n" + path.string(), kRefusal, dialogs::Icon::Stop);
+        dialogs::tell("File not found:\n" + path.string(), dialogs::kNotPossible,
+                      dialogs::Icon::Stop);
         return;
     }
     const std::string extension =
@@ -107,7 +106,7 @@ void open(gui::Desk& desk, Commands& commands, const std::string& file) {
             desk.refresh();
             return;
         }
-    dialogs::tell("This is no file of QUOR-6:\n" + path.string(), kRefusal);
+    dialogs::tell("This is no file of QUOR-6:\n" + path.string(), dialogs::kNotPossible);
 }
 
 }  // namespace open_file

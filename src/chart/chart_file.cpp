@@ -264,10 +264,10 @@ void read_text(std::string_view text, Chart& chart) {
 
 /// Runs an action on a file and turns what goes wrong into an outcome with the file's name.
 template <class Action>
-FileOutcome guarded(Action action, const std::filesystem::path& file = {}) {
+Result<void> guarded(Action action, const std::filesystem::path& file = {}) {
     const auto failed = [&](const std::string& reason) {
         const std::string name = file.empty() ? "" : file.filename().string() + ": ";
-        return FileOutcome{false, name + reason};
+        return Result<void>(Failure{name + reason});
     };
     try {
         action();
@@ -282,14 +282,13 @@ FileOutcome guarded(Action action, const std::filesystem::path& file = {}) {
 }
 
 template <class Chart>
-FileOutcome load(const std::filesystem::path& file, Chart& chart) {
+Result<void> load(const std::filesystem::path& file, Chart& chart) {
     return guarded([&] { read_text(files::read_whole(file), chart); }, file);
 }
 
 template <class Chart>
-FileOutcome save(const Chart& chart, const std::filesystem::path& file) {
-    const Result<void> written = quor::files::write_whole(file, text_of(chart));
-    return written ? FileOutcome{true, {}} : FileOutcome{false, written.reason()};
+Result<void> save(const Chart& chart, const std::filesystem::path& file) {
+    return quor::files::write_whole(file, text_of(chart));
 }
 
 }  // namespace
@@ -301,24 +300,24 @@ std::string to_text(const Chart3D& chart) {
     return text_of(chart);
 }
 
-FileOutcome from_text(std::string_view text, Chart2D& chart) {
+Result<void> from_text(std::string_view text, Chart2D& chart) {
     return guarded([&] { read_text(text, chart); });
 }
-FileOutcome from_text(std::string_view text, Chart3D& chart) {
+Result<void> from_text(std::string_view text, Chart3D& chart) {
     return guarded([&] { read_text(text, chart); });
 }
 
-FileOutcome save_chart(const Chart2D& chart, const std::filesystem::path& file) {
+Result<void> save_chart(const Chart2D& chart, const std::filesystem::path& file) {
     return save(chart, file);
 }
-FileOutcome save_chart(const Chart3D& chart, const std::filesystem::path& file) {
+Result<void> save_chart(const Chart3D& chart, const std::filesystem::path& file) {
     return save(chart, file);
 }
 
-FileOutcome load_chart(const std::filesystem::path& file, Chart2D& chart) {
+Result<void> load_chart(const std::filesystem::path& file, Chart2D& chart) {
     return load(file, chart);
 }
-FileOutcome load_chart(const std::filesystem::path& file, Chart3D& chart) {
+Result<void> load_chart(const std::filesystem::path& file, Chart3D& chart) {
     return load(file, chart);
 }
 

@@ -58,9 +58,9 @@ StatusText text_of(CurveStatus status, const std::string& message, const models:
             if (fluid.models().vapour_only) break;
             return {"WARNING", "Partially calculated at T < T(triple)!"};
         case CurveStatus::noCriticalVolume:
-            return {"Execution not possible", "No critical density available"};
+            return {dialogs::kNotPossible, "No critical density available"};
         case CurveStatus::noTieLine:
-            return {"Execution not possible",
+            return {dialogs::kNotPossible,
                     "Tie-lines possible only for (T < T(cr)) and (p < p(cr))"};
         case CurveStatus::endedEarly:
             return {"Remark",

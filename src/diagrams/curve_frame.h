@@ -54,7 +54,7 @@ class CurveFrame {
     bool is_real_at_p(double pressure);
     /// True when nothing below the triple point is drawn.
     bool real_range_only() const {
-        return options.real_range_only && fluid.models().eos > models::Eos::idealGas;
+        return options.real_range_only && models::is_real_gas(fluid.models().eos);
     }
 
     bool subcritical_T() const { return T < substance.Tcrit; }

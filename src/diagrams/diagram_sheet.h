@@ -5,30 +5,12 @@
 #include <vector>
 
 #include "chart/chart2d.h"
-#include "chart/text_measure.h"
 #include "diagrams/curve.h"
 #include "diagrams/diagram_request.h"
 
 namespace quor::diagrams {
 
 inline constexpr std::size_t kMaxParameters = 1200;  ///< points of a curve whose parameter is kept
-
-/// What a label of the chart belongs to; its index in the chart says it, in files as well.
-enum class LabelKind : std::uint8_t { none, marker, criticalEx, criticalCalc, curve, text };
-
-/// Markers by the index of their labels.
-namespace marker_label {
-inline constexpr int kFirstT = 1;  ///< T(cr), T(triple), T(LV) at p, T(LV) at normal pressure
-inline constexpr int kFirstP = 1;  ///< p(cr), p(LV) at T, normal p
-inline constexpr int kVolume = 5, kCovolume = 6;
-}  // namespace marker_label
-
-LabelKind kind_of(const chart::Label& label);
-/// The index of the label of the curve at a place; -1 for any other label.
-int curve_place_of(const chart::Label& label);
-/// The index in the chart of the label of a curve, or of a critical point.
-int label_index_of_curve(int place);
-int label_index(LabelKind critical_point);
 
 /// The label beside a curve.
 struct CurveLabel {
@@ -93,16 +75,6 @@ struct DiagramSheet {
 DiagramSheet open_sheet(const DiagramRequest& request, const Basis& basis,
                         const StateParameters& at);
 
-/// The texts of the request go to header, footer and axes.
-void show_texts(DiagramSheet& sheet, const models::ReferenceState& reference);
-
-/// On which reference state and surroundings the caloric values of a diagram rest; empty for one
-/// without such values.
-std::string reference_note(const Diagram& diagram, const models::ReferenceState& reference);
-/// The same of any diagram: the state in which h and s are zero, the surroundings of exergies.
-std::string reference_text(bool zero_point, bool surroundings,
-                           const models::ReferenceState& reference);
-
 /// The basis in the units of the sheet. Throws `faults::Fault` where the fluid has not what they
 /// need.
 Basis in_units_of(const DiagramSheet& sheet, const Basis& basis);
@@ -136,83 +108,5 @@ int store_points(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y
 /// Puts a set of points into the lowest free place of them.
 int store_point_set(DiagramSheet& sheet, std::vector<float> x, std::vector<float> y,
                     const std::string& legend);
-
-/// Names a curve; where the sheet has several fluids or models, these stand before.
-void name_curve(DiagramSheet& sheet, int place, const CurveName& name);
-
-/// Legend, labels and footer name the fluid and the model of each curve as soon as the sheet holds
-/// more than one. Texts that the user has changed stay.
-void name_fluids(DiagramSheet& sheet);
-
-// ---- Deleting. Numbers count from 1 as the menus do, 0 means all.
-
-void delete_curve(DiagramSheet& sheet, int number);
-void delete_point_set(DiagramSheet& sheet, int number);
-/// Everything but texts of the axes, header and footer.
-void delete_total(DiagramSheet& sheet);
-void delete_reference_lines(DiagramSheet& sheet);
-void delete_marker_labels(DiagramSheet& sheet);
-void delete_critical_point(DiagramSheet& sheet, bool experimental);
-void delete_curve_labels(DiagramSheet& sheet);
-void delete_texts(DiagramSheet& sheet);
-void delete_legend(DiagramSheet& sheet);
-/// Deletes a point of a curve that shows single points, after a question.
-bool delete_single_point(DiagramSheet& sheet, int place, int point);
-
-/// Keeps the present content as what the next undo brings back.
-void remember(DiagramSheet& sheet, const std::string& step);
-/// The content as it is now.
-SheetContent content_of(const DiagramSheet& sheet);
-/// Keeps the content before a change of texts and styles that was made on the chart itself, unless
-/// nothing but the window has changed. Further changes of the same `step` belong to the first.
-void remember_design(DiagramSheet& sheet, const SheetContent& before, const std::string& step);
-/// Takes the last step back, or makes it again; false when there is none.
-bool undo(DiagramSheet& sheet);
-bool redo(DiagramSheet& sheet);
-
-bool has_reference_lines(const DiagramSheet& sheet);
-bool has_marker_labels(const DiagramSheet& sheet);
-bool has_critical_point(const DiagramSheet& sheet, bool experimental);
-bool has_curve_labels(const DiagramSheet& sheet);
-bool has_texts(const DiagramSheet& sheet);
-bool has_anything(const DiagramSheet& sheet);
-
-// ---- Window
-
-/// Window and computing range. Refused, and said, when a lower limit is not below its upper one.
-bool set_coordinates(DiagramSheet& sheet, const chart::Window& window);
-/// After the user has zoomed or panned the shown window: what spans the window reaches its new end.
-/// The coordinates stay.
-void follow_window(DiagramSheet& sheet);
-/// The window goes to the data, as new coordinates; false without data.
-bool fit_window(DiagramSheet& sheet);
-/// The window as it was first proposed.
-void default_coordinates(DiagramSheet& sheet);
-
-/// `cmdChangeXY`: exchanges the axes with all that belongs to them.
-void change_xy(DiagramSheet& sheet);
-void set_logarithmic(DiagramSheet& sheet, bool x_axis, bool on);
-
-/// Spacings and digits as typed; 0 or less leaves a value to the chart, digits below 0 too.
-struct Scaling {
-    double x_tick = 0, y_tick = 0, x_grid = 0, y_grid = 0;
-    int x_digits = -1, y_digits = -1;
-};
-/// `optScaling`: index 0 leaves grid, ticks and digits to the chart, 1 takes the values.
-void set_scaling(DiagramSheet& sheet, int index, const Scaling& values);
-
-/// Labels of the curves, placed for a sheet of this size.
-void place_labels(DiagramSheet& sheet, double width, double height,
-                  const chart::MeasureText& measure);
-
-/// A free text in the middle of the window.
-void add_text(DiagramSheet& sheet, const std::string& text);
-
-/// Lengths in characters at which header and footer, in their faces, still fit a small diagram.
-inline constexpr std::size_t kHeaderLine = 50, kFooterLine = 70;
-
-/// A title with line ends at blanks, so that a line has at most `length` characters; a longer word
-/// stays whole.
-std::string wrap_title(const std::string& title, std::size_t length);
 
 }  // namespace quor::diagrams

@@ -17,7 +17,7 @@ namespace {
 constexpr double kCriticalShare = 1e-5;
 
 bool has_equilibrium(const Fluid& f) {
-    return f.models().eos > models::Eos::idealGas && !f.models().vapour_only &&
+    return models::is_real_gas(f.models().eos) && !f.models().vapour_only &&
            f.substance().Tcrit > 0 && f.substance().pcrit > 0 && f.eos().vcrit_calculated > 0;
 }
 

@@ -43,7 +43,7 @@ ParameterAnswer take_volume(const Basis& basis, StateParameters at, double typed
     const double v = typed / basis.v_factor();
     const double b = covolume(basis.fluid, at.T);
     if (b > 0 && v <= b) {
-        dialogs::tell("v < b not possible", "Execution not possible");
+        dialogs::tell("v < b not possible", dialogs::kNotPossible);
         return {ParameterStatus::refused, at};
     }
     if (b > 0 && v < kNearCovolume * b)

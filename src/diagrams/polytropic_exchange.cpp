@@ -237,13 +237,13 @@ PolytropicOutcome run_polytrope(const Basis& basis, const PolytropicTask& task,
                                 const PolytropicPlace& place, const PolytropicRunner& runner) {
     if (place.program.empty()) {
         dialogs::tell("File " + std::string(kPolytropicProgram) + " not found in in QUOR directory",
-                      "Execution not possible");
+                      dialogs::kNotPossible);
         return failed(task.line, PolytropicCode::kMissingProgram);
     }
     const fs::path answer = place.folder / "FROM_DAL.DAT", mark = place.folder / "WRITEEND.END";
     const std::string request = text::to_ansi(polytropic_request_text(basis, task));
     if (!files::write_whole(place.folder / "TO_DAL.DAT", request)) {
-        dialogs::tell("error to_DAL", "Execution not possible");
+        dialogs::tell("error to_DAL", dialogs::kNotPossible);
         return failed(task.line, PolytropicCode::kNotWritten);
     }
     const dialogs::BusyPointer busy;

@@ -7,6 +7,8 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "diagrams/process_line.h"
+#include "diagrams/sheet_delete.h"
+#include "diagrams/sheet_names.h"
 #include "models/model_tables.h"
 
 namespace quor::diagrams {
@@ -125,7 +127,7 @@ Curve computed(const Basis& basis, const CurveRequest& request) {
 
 bool tell_missing_fluid(const Pen& pen) {
     if (pen.has_fluid()) return false;
-    dialogs::tell("First choose substance and models!", "Execution not possible");
+    dialogs::tell("First choose substance and models!", dialogs::kNotPossible);
     return true;
 }
 
@@ -162,7 +164,7 @@ DrawOutcome draw_curve(DiagramSheet& sheet, const Pen& pen, CurveRequest wanted,
     try {
         basis = in_units_of(sheet, pen.basis);
     } catch (const std::exception& fault) {
-        dialogs::tell(fault.what(), "Execution not possible");
+        dialogs::tell(fault.what(), dialogs::kNotPossible);
         return {};
     }
     const CurveRequest request = in_sheet(sheet, pen, std::move(wanted));

@@ -9,7 +9,10 @@
 #include "common/numbers.h"
 #include "common/paths.h"
 #include "common/text.h"
+#include "diagrams/sheet_labels.h"
+#include "diagrams/sheet_places.h"
 #include "diagrams/sheet_readout.h"
+#include "diagrams/sheet_window.h"
 
 namespace quor::diagrams {
 
@@ -19,10 +22,6 @@ using chart::Series;
 
 constexpr auto kFilter = "picture file (*.oc2)|*.oc2";
 constexpr auto kExtension = ".oc2";
-
-std::size_t at(int place) {
-    return static_cast<std::size_t>(place);
-}
 
 const Series* used_curve(const DiagramSheet& sheet, int place) {
     return is_drawn(sheet, place) ? &sheet.chart.curves[at(place)] : nullptr;
@@ -126,9 +125,9 @@ SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
                               .overwrite_prompt = true});
     if (!name || name->empty()) return {false, folder};
     const std::string path = paths::target_path(*name, folder, kExtension);
-    const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
-    if (!saved.ok) dialogs::tell(saved.message, "ERROR", dialogs::Icon::Stop);
-    return {saved.ok, paths::folder_of(path)};
+    const Result<void> saved = chart::save_chart(sheet.chart, path);
+    if (!saved) dialogs::tell(saved.reason(), "ERROR", dialogs::Icon::Stop);
+    return {static_cast<bool>(saved), paths::folder_of(path)};
 }
 
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool with_note) {
@@ -155,9 +154,9 @@ LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& folder, bool with_no
 
 LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file) {
     chart::Chart2D loaded;
-    const chart::FileOutcome read = chart::load_chart(file, loaded);
-    if (!read.ok) {
-        dialogs::tell(read.message, "Execution not possible", dialogs::Icon::Stop);
+    const Result<void> read = chart::load_chart(file, loaded);
+    if (!read) {
+        dialogs::tell(read.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return {LoadOutcome::Failed, paths::folder_of(file)};
     }
     take_loaded_chart(sheet, std::move(loaded));

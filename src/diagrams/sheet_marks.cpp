@@ -10,6 +10,10 @@
 #include "common/numbers.h"
 #include "diagrams/caloric_functions.h"
 #include "diagrams/project_state.h"
+#include "diagrams/sheet_delete.h"
+#include "diagrams/sheet_labels.h"
+#include "diagrams/sheet_names.h"
+#include "diagrams/sheet_undo.h"
 #include "models/state_solver.h"
 #include "models/vapour_pressure.h"
 
@@ -17,7 +21,6 @@ namespace quor::diagrams {
 
 namespace {
 
-constexpr auto kRefused = "Execution not possible";
 constexpr float kFarT = -1e10F, kFarP = -1e6F, kFarV = -1e8F;
 constexpr double kPlaceOfText = 1.0 / 6.0;  // of the window
 constexpr chart::Colour kMarkColour = chart::rgb(0x6B7280);
@@ -101,7 +104,7 @@ void remove_line(DiagramSheet& sheet, int label_index, std::string_view text) {
 
 bool refuse_vapour_only(const Pen& pen, const char* text) {
     if (!pen.basis.fluid.models().vapour_only) return false;
-    dialogs::tell(text, kRefused);
+    dialogs::tell(text, dialogs::kNotPossible);
     return true;
 }
 
@@ -114,7 +117,7 @@ bool refuse_supercritical(const DiagramSheet& sheet, const Pen& pen) {
     const Section section = sheet.request.section();
     const bool too_hot = section == Section::isothermal && sheet.at.T >= s.Tcrit;
     const bool too_high = section == Section::isobaric && sheet.at.p >= s.pcrit;
-    if (too_hot || too_high) dialogs::tell(too_hot ? kTooHot : kTooHigh, kRefused);
+    if (too_hot || too_high) dialogs::tell(too_hot ? kTooHot : kTooHigh, dialogs::kNotPossible);
     return too_hot || too_high;
 }
 
@@ -123,7 +126,7 @@ std::optional<Basis> basis_of_mark(const DiagramSheet& sheet, const Pen& pen) {
     try {
         return in_units_of(sheet, pen.basis);
     } catch (const faults::Fault& fault) {
-        dialogs::tell(fault.what(), kRefused);
+        dialogs::tell(fault.what(), dialogs::kNotPossible);
         return std::nullopt;
     }
 }
@@ -247,7 +250,7 @@ bool mark_covolume(DiagramSheet& sheet, const Pen& pen) {
     const double b =
         cubic ? models::solve_state_tp(fluid, sheet.at.T, fluid.substance().pcrit).state.b : 0;
     if (!(b > 0)) {
-        dialogs::tell("possible for cubic EOS only.", kRefused);
+        dialogs::tell("possible for cubic EOS only.", dialogs::kNotPossible);
         return false;
     }
     const auto basis = basis_of_mark(sheet, pen);
@@ -300,7 +303,7 @@ bool mark_critical_point(DiagramSheet& sheet, const Pen& pen, bool experimental)
     if (!basis) return false;
     const auto at = critical_projection(sheet, *basis, experimental);
     if (!at) {
-        dialogs::tell("No critical density available", kRefused);
+        dialogs::tell("No critical density available", dialogs::kNotPossible);
         return false;
     }
     remember(sheet, "Critical point");

@@ -122,7 +122,7 @@ bool add_measured_points(DiagramSheet& sheet, const Pen& pen, std::span<const Me
             points = map_measured(*sheet.request.diagram, in_units_of(sheet, pen.basis), data,
                                   sheet.at.T);
     } catch (const faults::Fault& fault) {
-        dialogs::tell(fault.what(), "Execution not possible");
+        dialogs::tell(fault.what(), dialogs::kNotPossible);
         return false;
     }
     if (sheet.swapped_axes) std::swap(points.x, points.y);
@@ -131,7 +131,7 @@ bool add_measured_points(DiagramSheet& sheet, const Pen& pen, std::span<const Me
         any = any || in_window(sheet, points.x[i], points.y[i]);
     if (!any) {
         dialogs::tell("No experimental points in this range of the diagram ",
-                      "Execution not possible");
+                      dialogs::kNotPossible);
         return false;
     }
     store_point_set(sheet, std::move(points.x), std::move(points.y),

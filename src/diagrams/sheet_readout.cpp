@@ -2,14 +2,12 @@
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
+#include "diagrams/sheet_places.h"
+#include "diagrams/sheet_undo.h"
 
 namespace quor::diagrams {
 
 namespace {
-
-std::size_t at(int index) {
-    return static_cast<std::size_t>(index);
-}
 
 std::string caption_of(Parameter parameter) {
     switch (parameter) {
@@ -100,7 +98,7 @@ LegendAnswer add_legend(DiagramSheet& sheet) {
     const bool points_only = curve_count(sheet) == 0 && point_set_count(sheet) > 0;
     dialogs::tell(std::string("No legend texts given\n") +
                       (points_only ? "=> Designing exper. points" : "=> Designing curve"),
-                  "Execution not possible");
+                  dialogs::kNotPossible);
     return points_only ? LegendAnswer::DesignPoints : LegendAnswer::DesignCurve;
 }
 

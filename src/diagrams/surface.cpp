@@ -6,7 +6,7 @@
 #include "common/text.h"
 #include "diagrams/caloric_functions.h"
 #include "diagrams/curve_frame.h"
-#include "diagrams/diagram_sheet.h"
+#include "diagrams/sheet_names.h"
 #include "models/model_tables.h"
 
 namespace quor::diagrams {

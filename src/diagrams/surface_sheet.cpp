@@ -169,9 +169,9 @@ SurfaceFileAnswer save_oc3(const SurfaceSheet& sheet, const std::string& folder)
                               .overwrite_prompt = true});
     if (!name || name->empty()) return {{}, folder};
     const std::string path = paths::target_path(*name, folder, kExtension);
-    const chart::FileOutcome saved = chart::save_chart(sheet.chart, path);
-    if (!saved.ok) dialogs::tell(saved.message, "ERROR", dialogs::Icon::Stop);
-    return {saved.ok ? path : std::string(), paths::folder_of(path)};
+    const Result<void> saved = chart::save_chart(sheet.chart, path);
+    if (!saved) dialogs::tell(saved.reason(), "ERROR", dialogs::Icon::Stop);
+    return {saved ? path : std::string(), paths::folder_of(path)};
 }
 
 SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
@@ -184,13 +184,13 @@ SurfaceFileAnswer load_oc3(SurfaceSheet& sheet, const std::string& folder) {
                               .default_extension = kExtension});
     if (!name || name->empty()) return {{}, folder};
     const std::string path = paths::in_folder(*name, folder);
-    const chart::FileOutcome read = chart::load_chart(path, sheet.chart);
-    if (read.ok) {
+    const Result<void> read = chart::load_chart(path, sheet.chart);
+    if (read) {
         // Drawing anew gives the texts of this surface, which the file need not show.
         sheet.given = texts_of(sheet.chart);
         return {path, paths::folder_of(path)};
     }
-    dialogs::tell(read.message, "Execution not possible", dialogs::Icon::Stop);
+    dialogs::tell(read.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
     return {{}, paths::folder_of(path)};
 }
 

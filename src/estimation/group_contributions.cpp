@@ -16,7 +16,6 @@ namespace {
 
 using constants::kPresent;
 
-constexpr const char* kRefused = "Execution not possible";
 constexpr const char* kNoValue = " ---";
 constexpr std::size_t kImine = 35;  // =NH
 constexpr std::string_view kRingSuffix = " (ring)";
@@ -41,7 +40,7 @@ bool is_missing(float increment) {
 void tell_missing(std::string_view group) {
     dialogs::tell(
         "The increment (" + std::string(group) + ") is not available for this calculation.",
-        kRefused, dialogs::Icon::Stop);
+        dialogs::kNotPossible, dialogs::Icon::Stop);
 }
 
 /// Tells of the first group of the molecule that lacks one of the increments.
@@ -246,7 +245,7 @@ void show_omega(double Tb, double Tc, double pc) {
     dialogs::tell(complete ? "T(LV),NP has to be lower than T(cr)."
                            : "Acentric Factor omega\nby using the LEE/KESLER method\n"
                              "T(LV),NP, T(cr) and p(cr)\nare needed",
-                  kRefused, dialogs::Icon::Stop);
+                  dialogs::kNotPossible, dialogs::Icon::Stop);
 }
 
 void transfer_formation(const Formation& formation, models::SubstanceRecord& substance) {

@@ -21,6 +21,10 @@ double power_of_T(double T, double exponent) {
 
 }  // namespace
 
+EosConstants no_constants(const SubstanceRecord&, const ModelSelection& models) {
+    return {.power = {}, .ji_torvik = models.ji_torvik};
+}
+
 EosSlopes power_slopes(const EosParameters& e, double Tcrit, const EosState& s, double T) {
     EosSlopes d;
     if (e.alpha_form == 2) {

@@ -20,6 +20,43 @@ double no_virial(const Fluid& fluid, double T, EosState& state);
 /// B with the derivatives of b - a/(R T), a and b in the power and Soave forms.
 Virial power_virial(const Fluid& fluid, double T);
 
+/// The row of a cubic equation whose a, b, c, d have the power or Soave form: all but its constants
+/// is common.
+constexpr EquationOfState power_cubic(Eos eos, std::string_view name, double zcrit,
+                                      decltype(EquationOfState::constants) constants,
+                                      bool needs_omega = false) {
+    return {.eos = eos,
+            .name = name,
+            .family = EosFamily::cubic,
+            .needs_omega = needs_omega,
+            .zcrit = zcrit,
+            .constants = constants,
+            .at = power_at,
+            .slopes = power_slopes_of,
+            .second_virial = no_virial,
+            .virial = power_virial};
+}
+
+/// The row of an equation for the V phase alone, with a second virial coefficient of its own.
+constexpr EquationOfState virial_form(Eos eos, std::string_view name,
+                                      decltype(EquationOfState::constants) constants,
+                                      decltype(EquationOfState::second_virial) second_virial,
+                                      decltype(EquationOfState::virial) virial,
+                                      bool needs_omega = false) {
+    return {.eos = eos,
+            .name = name,
+            .family = EosFamily::virial,
+            .needs_omega = needs_omega,
+            .constants = constants,
+            .at = power_at,
+            .slopes = power_slopes_of,
+            .second_virial = second_virial,
+            .virial = virial};
+}
+
+/// No constants of its own: those of Ji/Torvik as they were chosen.
+EosConstants no_constants(const SubstanceRecord& substance, const ModelSelection& models);
+
 /// The virial row of a cubic one: the same constants, the V phase alone.
 constexpr EquationOfState virial_of(const EquationOfState& cubic, Eos eos, std::string_view name,
                                     bool needs_omega) {

@@ -26,15 +26,8 @@ double second_virial_of(const Fluid& f, double T, EosState& state) {
 
 }  // namespace
 
-const EquationOfState kManualVirial{.eos = Eos::manualVirial,
-                                    .name = "VIRIAL Equ., Manual Input          ",
-                                    .family = EosFamily::virial,
-                                    .needs_omega = false,
-                                    .zcrit = 0,
-                                    .constants = constants_of,
-                                    .at = power_at,
-                                    .slopes = power_slopes_of,
-                                    .second_virial = second_virial_of,
-                                    .virial = power_virial};
+const EquationOfState kManualVirial =
+    virial_form(Eos::manualVirial, "VIRIAL Equ., Manual Input          ", constants_of,
+                second_virial_of, power_virial);
 
 }  // namespace quor::models

@@ -1,6 +1,8 @@
 #include "models/model_choice.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 #include "common/constants.h"
@@ -37,12 +39,16 @@ bool has_measured_vp(const SubstanceRecord& s) {
 
 /// Sets that are not measured but follow from critical point and boiling point.
 bool is_correlated(VapourPressureEquation equation) {
-    return equation > VapourPressureEquation::august;
+    using enum VapourPressureEquation;
+    return equation == frostVanDerWaals || equation == frostRedlichKwong || equation == thompson;
 }
 
-/// Equations that came after Soave's: their users expect the correlated sets to follow.
+/// All equations but the cubic ones up to Soave's: their users expect the correlated sets to
+/// follow.
 bool follows_critical_data(Eos eos) {
-    return eos > Eos::soave;
+    constexpr Eos kOthers[] = {Eos::none,      Eos::idealGas,     Eos::vanDerWaals,
+                               Eos::berthelot, Eos::redlichKwong, Eos::soave};
+    return std::find(std::begin(kOthers), std::end(kOthers), eos) == std::end(kOthers);
 }
 
 }  // namespace

@@ -24,6 +24,11 @@ enum class Eos {
     pitzerCurl
 };
 
+/// False for the ideal gas, and before a first choice.
+inline bool is_real_gas(Eos eos) {
+    return eos != Eos::none && eos != Eos::idealGas;
+}
+
 /// The vapour pressure equations: Antoine below and above the normal boiling point,
 /// Frost/Kalkwarf, Wagner, August, and three sets that are correlated from the critical point.
 enum class VapourPressureEquation {

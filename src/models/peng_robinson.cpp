@@ -26,16 +26,8 @@ EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models
     return k;
 }
 
-constexpr EquationOfState row{.eos = Eos::pengRobinson,
-                              .name = "CEOS Peng / Robinson               ",
-                              .family = EosFamily::cubic,
-                              .needs_omega = true,
-                              .zcrit = 0.3074,
-                              .constants = constants_of,
-                              .at = power_at,
-                              .slopes = power_slopes_of,
-                              .second_virial = no_virial,
-                              .virial = power_virial};
+constexpr EquationOfState row = power_cubic(
+    Eos::pengRobinson, "CEOS Peng / Robinson               ", 0.3074, constants_of, true);
 
 }  // namespace
 

@@ -11,10 +11,6 @@ using constants::R;
 
 namespace {
 
-EosConstants constants_of(const SubstanceRecord&, const ModelSelection& models) {
-    return {.power = {}, .ji_torvik = models.ji_torvik};
-}
-
 /// K. S. Pitzer, R. F. Curl, J. Am. Chem. Soc. 79 (1957) 2369.
 double pitzer_curl(const SubstanceRecord& s, double T) {
     const double x = s.Tcrit / T;  // 1/Tr
@@ -45,15 +41,8 @@ Virial virial_of_T(const Fluid& f, double T) {
 
 }  // namespace
 
-const EquationOfState kPitzerCurl{.eos = Eos::pitzerCurl,
-                                  .name = "VIRIAL Equ. Pitzer / Curl          ",
-                                  .family = EosFamily::virial,
-                                  .needs_omega = true,
-                                  .zcrit = 0,
-                                  .constants = constants_of,
-                                  .at = power_at,
-                                  .slopes = power_slopes_of,
-                                  .second_virial = second_virial_of,
-                                  .virial = virial_of_T};
+const EquationOfState kPitzerCurl =
+    virial_form(Eos::pitzerCurl, "VIRIAL Equ. Pitzer / Curl          ", no_constants,
+                second_virial_of, virial_of_T, true);
 
 }  // namespace quor::models

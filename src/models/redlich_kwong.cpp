@@ -24,16 +24,8 @@ EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models
     return k;
 }
 
-constexpr EquationOfState row{.eos = Eos::redlichKwong,
-                              .name = "CEOS Redlich / Kwong               ",
-                              .family = EosFamily::cubic,
-                              .needs_omega = false,
-                              .zcrit = 1.0 / 3.0,
-                              .constants = constants_of,
-                              .at = power_at,
-                              .slopes = power_slopes_of,
-                              .second_virial = no_virial,
-                              .virial = power_virial};
+constexpr EquationOfState row =
+    power_cubic(Eos::redlichKwong, "CEOS Redlich / Kwong               ", 1.0 / 3.0, constants_of);
 
 }  // namespace
 

@@ -25,16 +25,8 @@ EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models
     return k;
 }
 
-constexpr EquationOfState row{.eos = Eos::soave,
-                              .name = "CEOS Soave / Redlich / Kwong       ",
-                              .family = EosFamily::cubic,
-                              .needs_omega = true,
-                              .zcrit = 1.0 / 3.0,
-                              .constants = constants_of,
-                              .at = power_at,
-                              .slopes = power_slopes_of,
-                              .second_virial = no_virial,
-                              .virial = power_virial};
+constexpr EquationOfState row =
+    power_cubic(Eos::soave, "CEOS Soave / Redlich / Kwong       ", 1.0 / 3.0, constants_of, true);
 
 }  // namespace
 

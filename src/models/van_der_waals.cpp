@@ -17,16 +17,8 @@ EosConstants constants_of(const SubstanceRecord& s, const ModelSelection& models
     return k;
 }
 
-constexpr EquationOfState row{.eos = Eos::vanDerWaals,
-                              .name = "CEOS van der Waals                 ",
-                              .family = EosFamily::cubic,
-                              .needs_omega = false,
-                              .zcrit = 3.0 / 8.0,
-                              .constants = constants_of,
-                              .at = power_at,
-                              .slopes = power_slopes_of,
-                              .second_virial = no_virial,
-                              .virial = power_virial};
+constexpr EquationOfState row =
+    power_cubic(Eos::vanDerWaals, "CEOS van der Waals                 ", 3.0 / 8.0, constants_of);
 
 }  // namespace
 

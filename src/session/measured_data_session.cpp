@@ -22,7 +22,6 @@ using datafiles::MeasuredPoint;
 
 constexpr const char* kExtension = ".BAQ";
 constexpr const char* kFilter = "QUOR-specific file (*.BAQ)|*.BAQ";
-constexpr const char* kRefusal = "Execution not possible";
 constexpr const char* kWarning = "WARNING";
 
 /// The place (from 1) of a substance in the open database, 0 for none.
@@ -60,7 +59,7 @@ std::optional<MeasuredDataFile> read_file(Session& session, const std::string& p
     };
     const Result<MeasuredDataFile> file = read();
     if (file) return *file;
-    dialogs::tell(file.reason(), kRefusal, dialogs::Icon::Stop);
+    dialogs::tell(file.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
     return std::nullopt;
 }
 
@@ -86,7 +85,7 @@ bool save_to(const Session& session, const std::string& path, const MeasuredData
     const Result<void> written = files::write_whole(
         path, datafiles::measured_data_text(data, session.places().short_date()));
     if (written) return true;
-    dialogs::tell(written.reason(), kRefusal, dialogs::Icon::Stop);
+    dialogs::tell(written.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
     return false;
 }
 
@@ -111,7 +110,7 @@ bool load_measured_data(Session& session, const std::string& name, bool append) 
     if (data.points.size() + file->data.points.size() > datafiles::kMostMeasuredPoints) {
         dialogs::tell("There is room for " + std::to_string(datafiles::kMostMeasuredPoints) +
                           " sets of data only.",
-                      kRefusal, dialogs::Icon::Stop);
+                      dialogs::kNotPossible, dialogs::Icon::Stop);
         return false;
     }
     if (static_cast<double>(file->data.points.size()) < file->announced) tell_missing_sets(*file);

@@ -20,7 +20,6 @@ using models::ManualVirial;
 
 constexpr const char* kFilter = "Project (*.QCF)|*.QCF";
 constexpr const char* kExtension = ".QCF";
-constexpr const char* kRefusal = "Execution not possible";
 
 /// Calls `both` with every setting of a session and its place in a project's settings. Either may
 /// be constant.
@@ -72,8 +71,8 @@ std::string database_of(const Session& session, const std::string& title,
 }
 
 void tell_no_database(const std::string& title) {
-    dialogs::tell("Database of the project " + title + "not found in the QUOR directory ", kRefusal,
-                  dialogs::Icon::Stop);
+    dialogs::tell("Database of the project " + title + "not found in the QUOR directory ",
+                  dialogs::kNotPossible, dialogs::Icon::Stop);
 }
 
 /// Opens the database of a project. False when there is none at all.
@@ -166,7 +165,7 @@ Result<ProjectContent> read_file(const std::string& path) {
 std::optional<ProjectContent> read_or_tell(const std::string& path) {
     const Result<ProjectContent> project = read_file(path);
     if (project) return *project;
-    dialogs::tell(project.reason(), kRefusal, dialogs::Icon::Stop);
+    dialogs::tell(project.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
     return std::nullopt;
 }
 
@@ -260,7 +259,7 @@ bool save_project(Session& session, bool as_dialog) {
             .value_or("");
     session.change()->project_comment = comment;
     if (const Result<void> written = write_project(session, path); !written) {
-        dialogs::tell(written.reason(), kRefusal, dialogs::Icon::Stop);
+        dialogs::tell(written.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return false;
     }
     remember_project(session, path);

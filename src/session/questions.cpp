@@ -19,7 +19,7 @@ bool ask_to_save_now() {
 
 bool confirm_removal(int first, int last) {
     if (first < 1) {
-        dialogs::tell("No marked item!", "Execution not possible", dialogs::Icon::Stop);
+        dialogs::tell("No marked item!", dialogs::kNotPossible, dialogs::Icon::Stop);
         return false;
     }
     const std::string question = last <= first ? "line " + std::to_string(first) + " really remove?"

@@ -21,8 +21,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kRefused = "Execution not possible";
-
 bool is_same_file(const fs::path& a, const fs::path& b) {
     std::error_code ignored;
     return fs::equivalent(a, b, ignored);
@@ -34,7 +32,7 @@ void tell_unusable(const Session& session, const std::string& title) {
                           "Database already loaded " + session->database_file + " is still activ.",
                       "WARNING", dialogs::Icon::Exclamation);
     } else {
-        dialogs::tell("Database " + title + " not found or empty resp.", kRefused,
+        dialogs::tell("Database " + title + " not found or empty resp.", dialogs::kNotPossible,
                       dialogs::Icon::Stop);
     }
 }
@@ -82,7 +80,7 @@ void tell_no_critical_data(const Session& session) {
         "(lacking critical data can be completed by the user in data-base editor)\n\n"
         "With  " +
             session->substance.name + " no QUOR calculations are possible!",
-        kRefused, dialogs::Icon::Stop);
+        dialogs::kNotPossible, dialogs::Icon::Stop);
 }
 
 // Equation of state and correlated vapour pressure sets follow the new critical data.
@@ -179,7 +177,7 @@ bool take_substance(Session& session, std::int16_t index) {
     const Result<SubstanceRead> read = read_substance(session, index);
     if (!read) {
         dialogs::tell("The substance could not be read from the database " + session->database_file,
-                      kRefused, dialogs::Icon::Stop);
+                      dialogs::kNotPossible, dialogs::Icon::Stop);
         return false;
     }
     now->substance_number = index;
@@ -209,8 +207,8 @@ bool write_private_database(Session& session, const std::string& path) {
     const fs::path target =
         paths::target_path(path, session.places().write_folder().string(), ".Q05");
     if (is_same_file(target, session->database.path())) {
-        dialogs::tell("This file is the database that is open. Choose another name.", kRefused,
-                      dialogs::Icon::Stop);
+        dialogs::tell("This file is the database that is open. Choose another name.",
+                      dialogs::kNotPossible, dialogs::Icon::Stop);
         return false;
     }
     const Result<datafiles::SubstanceFileRecord> own =
@@ -244,7 +242,7 @@ std::optional<std::string> triple_point_pressure(const Session& session, bool fr
     const Result<std::string> text =
         datafiles::triple_point_pressure(s, session->models.vapour_pressure);
     if (text) return *text;
-    dialogs::tell(text.reason(), kRefused, dialogs::Icon::Stop);
+    dialogs::tell(text.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
     return std::nullopt;
 }
 

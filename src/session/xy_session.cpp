@@ -10,7 +10,6 @@ namespace quor::session {
 namespace {
 
 constexpr const char* kExtension = ".XY";
-constexpr const char* kRefused = "Execution not possible";
 
 bool write(Session& session, const std::string& path, const std::string& text,
            const std::string& failure_title) {
@@ -40,7 +39,7 @@ std::optional<std::string> load_xy(Session& session, const std::string& name) {
     const BusyPointer busy(session);
     const Result<std::string> bytes = files::read_whole(path);
     if (!bytes) {
-        dialogs::tell(bytes.reason(), kRefused, dialogs::Icon::Stop);
+        dialogs::tell(bytes.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return std::nullopt;
     }
     const auto now = session.change();
@@ -64,7 +63,8 @@ bool save_xy(Session& session, const datafiles::XyData& data) {
     if (!name || name->empty()) return false;
     const std::string path = paths::target_path(*name, session->folder_xy, kExtension);
     return write(session, path,
-                 datafiles::xy_text(data.comment, data.points, session->csv_separator), kRefused);
+                 datafiles::xy_text(data.comment, data.points, session->csv_separator),
+                 dialogs::kNotPossible);
 }
 
 bool may_leave_xy(Session& session, bool changed) {
@@ -89,7 +89,7 @@ bool save_curve_as_xy(Session& session, std::span<const datafiles::FitPoint> poi
 bool enough_active_points(std::span<const datafiles::FitPoint> points, bool as_points) {
     const Result<void> enough = datafiles::check_active_points(points, as_points);
     if (enough) return true;
-    dialogs::tell(enough.reason(), kRefused, dialogs::Icon::Stop);
+    dialogs::tell(enough.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
     return false;
 }
 

@@ -124,27 +124,27 @@ std::string replaced(std::string text, const std::string& from, const std::strin
 template <class Chart>
 void expectRefused(const std::string& text, const std::string& reason, const Chart& present) {
     Chart c = present;
-    const chart::FileOutcome outcome = chart::from_text(text, c);
-    EXPECT_FALSE(outcome.ok) << reason;
-    EXPECT_NE(outcome.message.find(reason), std::string::npos) << outcome.message;
+    const Result<void> outcome = chart::from_text(text, c);
+    EXPECT_FALSE(outcome) << reason;
+    EXPECT_NE(outcome.reason().find(reason), std::string::npos) << outcome.reason();
     EXPECT_EQ(c, present) << "the chart has changed";
 }
 
 TEST_F(ChartFile, EveryFieldOfA2DChartSurvives) {
     const Chart2D before = filledChart();
-    ASSERT_TRUE(save_chart(before, file("a.oc2")).ok);
+    ASSERT_TRUE(save_chart(before, file("a.oc2")));
     Chart2D after;
     const auto outcome = load_chart(file("a.oc2"), after);
-    EXPECT_TRUE(outcome.ok) << outcome.message;
+    EXPECT_TRUE(outcome) << outcome.reason();
     EXPECT_EQ(after, before);
 }
 
 TEST_F(ChartFile, EveryFieldOfA3DChartSurvives) {
     const Chart3D before = filledSurface();
-    ASSERT_TRUE(save_chart(before, file("a.oc3")).ok);
+    ASSERT_TRUE(save_chart(before, file("a.oc3")));
     Chart3D after;
     const auto outcome = load_chart(file("a.oc3"), after);
-    EXPECT_TRUE(outcome.ok) << outcome.message;
+    EXPECT_TRUE(outcome) << outcome.reason();
     EXPECT_EQ(after, before);
 }
 
@@ -158,7 +158,7 @@ TEST_F(ChartFile, FloatsSurviveToTheLastBit) {
         s.y.push_back(static_cast<float>(i) / 7);
     }
     Chart2D after;
-    ASSERT_TRUE(chart::from_text(chart::to_text(before), after).ok);
+    ASSERT_TRUE(chart::from_text(chart::to_text(before), after));
     EXPECT_EQ(after.curves[0].x, s.x);
     EXPECT_EQ(after.curves[0].y, s.y);
 }
@@ -169,7 +169,7 @@ TEST_F(ChartFile, ValuesThatAreNoNumbersBecomeHoles) {
     s.x = {1, std::numeric_limits<float>::infinity(), 3};
     s.y = {std::numeric_limits<float>::quiet_NaN(), 2, 3};
     Chart2D after;
-    ASSERT_TRUE(chart::from_text(chart::to_text(before), after).ok);
+    ASSERT_TRUE(chart::from_text(chart::to_text(before), after));
     EXPECT_EQ(after.curves[0].x, (std::vector<float>{1, chart::kHole, 3}));
     EXPECT_EQ(after.curves[0].y, (std::vector<float>{chart::kHole, 2, 3}));
 }
@@ -179,7 +179,7 @@ TEST_F(ChartFile, ThirtySeriesAndDeletedCurvesAreKept) {
     chart::series_at(before, Group::Curves, 29).x = {1, 2};
     before.curves[29].y = {3, 4};
     Chart2D after;
-    ASSERT_TRUE(chart::from_text(chart::to_text(before), after).ok);
+    ASSERT_TRUE(chart::from_text(chart::to_text(before), after));
     ASSERT_EQ(after.curves.size(), 30U);
     EXPECT_TRUE(after.curves[4].x.empty());
     EXPECT_EQ(after.curves[29].y[1], 4);
@@ -211,7 +211,7 @@ TEST_F(ChartFile, ANewerMinorVersionMayBringUnknownFields) {
     text = replaced(text, "\"Triangle 4\"", "\"Hexagon\"");
     Chart2D after;
     const auto outcome = chart::from_text(text, after);
-    ASSERT_TRUE(outcome.ok) << outcome.message;
+    ASSERT_TRUE(outcome) << outcome.reason();
     Chart2D expected = before;
     expected.curves[0].symbol = chart::Series().symbol;
     EXPECT_EQ(after, expected);
@@ -221,7 +221,7 @@ TEST_F(ChartFile, MissingFieldsKeepTheirDefaults) {
     Chart2D c = filledChart();
     const auto outcome = chart::from_text(
         R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0}, "chart": {}})", c);
-    EXPECT_TRUE(outcome.ok) << outcome.message;
+    EXPECT_TRUE(outcome) << outcome.reason();
     EXPECT_EQ(c, Chart2D());
 }
 
@@ -264,10 +264,9 @@ TEST_F(ChartFile, GridsWithoutTheirValuesAreRefused) {
 TEST_F(ChartFile, NumbersBeyondTheirRangeAreDrawnAtItsEnd) {
     Chart2D c;
     ASSERT_TRUE(chart::from_text(
-                    R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0},
+        R"({"format": "QUOR-6 2D diagram", "version": {"major": 1, "minor": 0},
             "chart": {"header": {"font": {"size": 1e9}}, "print": {"width": -5}}})",
-                    c)
-                    .ok);
+        c));
     EXPECT_FLOAT_EQ(c.header.font.size, 200);
     EXPECT_DOUBLE_EQ(c.print.width, 1);
 }
@@ -277,7 +276,7 @@ TEST_F(ChartFile, EveryTruncatedFileIsRefused) {
     const std::string text = chart::to_text(filledChart());
     for (std::size_t length = 0; length + 2 < text.size(); length += 37) {
         Chart2D c = present;
-        EXPECT_FALSE(chart::from_text(text.substr(0, length), c).ok) << length;
+        EXPECT_FALSE(chart::from_text(text.substr(0, length), c)) << length;
         EXPECT_EQ(c, present);
     }
 }
@@ -292,12 +291,12 @@ TEST_F(ChartFile, MutatedFilesNeverChangeTheChartHalfWay) {
         for (unsigned k = 0; k <= random() % 4; ++k)
             mutated[random() % mutated.size()] = static_cast<char>(random() % 256);
         Chart2D c = present;
-        if (const auto outcome = chart::from_text(mutated, c); !outcome.ok) {
+        if (const auto outcome = chart::from_text(mutated, c); !outcome) {
             EXPECT_EQ(c, present);
-            EXPECT_FALSE(outcome.message.empty());
+            EXPECT_FALSE(outcome.reason().empty());
         }
         Chart3D d;
-        const bool read = chart::from_text(mutated, d).ok;
+        const bool read = chart::from_text(mutated, d);
         EXPECT_TRUE(read || d == Chart3D());
     }
 }
@@ -315,21 +314,21 @@ TEST_F(ChartFile, FilesThatCannotBeUsedAreNamed) {
     Chart2D c = filledChart();
     const Chart2D before = c;
     const auto missing = load_chart(file("none.oc2"), c);
-    EXPECT_EQ(missing.message, "none.oc2: The file cannot be opened.");
+    EXPECT_EQ(missing.reason(), "none.oc2: The file cannot be opened.");
     EXPECT_EQ(c, before);
     const auto nowhere = save_chart(c, file("no such folder") / "a.oc2");
-    EXPECT_TRUE(nowhere.message.starts_with("The file a.oc2 could not be written"))
-        << nowhere.message;
+    EXPECT_TRUE(nowhere.reason().starts_with("The file a.oc2 could not be written"))
+        << nowhere.reason();
     write(file("bad.oc2"), "{");
-    EXPECT_EQ(load_chart(file("bad.oc2"), c).message,
+    EXPECT_EQ(load_chart(file("bad.oc2"), c).reason(),
               "bad.oc2: The file is damaged or incomplete, or no saved diagram.");
 }
 
 TEST_F(ChartFile, SavingReplacesAFileAndLeavesNoRemains) {
     write(file("a.oc2"), "old");
-    ASSERT_TRUE(save_chart(filledChart(), file("a.oc2")).ok);
+    ASSERT_TRUE(save_chart(filledChart(), file("a.oc2")));
     Chart2D c;
-    EXPECT_TRUE(load_chart(file("a.oc2"), c).ok);
+    EXPECT_TRUE(load_chart(file("a.oc2"), c));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_),
                             std::filesystem::directory_iterator()),
               1);

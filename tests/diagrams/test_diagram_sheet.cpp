@@ -1,8 +1,13 @@
 #include "diagrams/diagram_sheet.h"
 
+#include "diagrams/sheet_delete.h"
+#include "diagrams/sheet_labels.h"
 #include "diagrams/sheet_marks.h"
+#include "diagrams/sheet_names.h"
 #include "diagrams/sheet_readout.h"
 #include "diagrams/sheet_support.h"
+#include "diagrams/sheet_undo.h"
+#include "diagrams/sheet_window.h"
 
 using namespace quor;
 

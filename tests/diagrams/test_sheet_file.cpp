@@ -6,10 +6,12 @@
 #include "chart/chart_file.h"
 #include "common/numbers.h"
 #include "diagrams/curve.h"
+#include "diagrams/sheet_delete.h"
 #include "diagrams/sheet_draw.h"
 #include "diagrams/sheet_marks.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_support.h"
+#include "diagrams/sheet_window.h"
 
 using namespace quor;
 

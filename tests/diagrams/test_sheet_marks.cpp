@@ -3,7 +3,9 @@
 #include "common/numbers.h"
 #include "diagrams/curve.h"
 #include "diagrams/process_line.h"
+#include "diagrams/sheet_delete.h"
 #include "diagrams/sheet_support.h"
+#include "diagrams/sheet_window.h"
 #include "models/vapour_pressure.h"
 
 using namespace quor;

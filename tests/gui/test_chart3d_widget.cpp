@@ -131,7 +131,7 @@ TEST(Chart3DPicture, SaveAndLoadGiveTheSamePicture) {
     c.style.zoned = c.style.contoured = c.style.ceiling_contours = true;
     c.markers.push_back({0.1, 0.1, 0.2, "CrP"});
     Chart3D loaded;
-    ASSERT_TRUE(chart::from_text(chart::to_text(c), loaded).ok);
+    ASSERT_TRUE(chart::from_text(chart::to_text(c), loaded));
     EXPECT_EQ(pictureOf(c), pictureOf(loaded));
     loaded.view.rotation += 5;
     EXPECT_NE(pictureOf(c), pictureOf(loaded));

@@ -383,7 +383,7 @@ TEST(ChartPictures, OfficeProgramsOpenTheMetafiles) {
     QStringList files;
     for (const char* name : {"a.emf", "b.wmf"}) {
         files << folder.filePath(name);
-        ASSERT_TRUE(chart::exportPicture(chart::paintingOf(sheet()), files.back(), {}).ok);
+        ASSERT_TRUE(chart::exportPicture(chart::paintingOf(sheet()), files.back(), {}));
     }
     QProcess process;
     process.start(office, QStringList{"-env:UserInstallation=file://" + folder.filePath("profile"),
@@ -407,20 +407,21 @@ TEST(ChartPictures, FilesAppearWholeOrAreRefusedByName) {
     for (const char* extension : {"png", "bmp", "svg", "pdf", "emf", "wmf"}) {
         const QString file = folder.filePath(QString("a.%1").arg(extension));
         const auto outcome = chart::exportPicture(chart::paintingOf(surface()), file, {});
-        EXPECT_TRUE(outcome.ok) << outcome.message;
+        EXPECT_TRUE(outcome) << outcome.reason();
         EXPECT_GT(QFile(file).size(), 1000);
     }
     EXPECT_NE(chart::exportPicture(chart::paintingOf(sheet()), folder.filePath("a.doc"), {})
-                  .message.find("a.doc: The extension of the name tells no picture format"),
+                  .reason()
+                  .find("a.doc: The extension of the name tells no picture format"),
               std::string::npos);
     EXPECT_EQ(
-        chart::exportPicture(chart::paintingOf(sheet()), folder.filePath("no/a.png"), {}).message,
+        chart::exportPicture(chart::paintingOf(sheet()), folder.filePath("no/a.png"), {}).reason(),
         "a.png: The file cannot be written.");
     PictureOptions endless;
     endless.size = {1e9, 1e9};
-    EXPECT_EQ(
-        chart::exportPicture(chart::paintingOf(sheet()), folder.filePath("b.png"), endless).message,
-        "A picture of this size cannot be made.");
+    EXPECT_EQ(chart::exportPicture(chart::paintingOf(sheet()), folder.filePath("b.png"), endless)
+                  .reason(),
+              "A picture of this size cannot be made.");
     EXPECT_FALSE(QFile::exists(folder.filePath("b.png")));
 }
 
@@ -444,14 +445,14 @@ TEST(ChartPictures, PrintingPutsThePictureAtItsPlace) {
         painter.drawRect(rect);
     };
     const auto outcome = chart::printPicture(painting, printer, {2, 3, 10, 5});
-    EXPECT_TRUE(outcome.ok) << outcome.message;
+    EXPECT_TRUE(outcome) << outcome.reason();
     ASSERT_EQ(places.size(), 1U);
     EXPECT_NEAR(places[0].left(), 200, 1);
     EXPECT_NEAR(places[0].top(), 300, 1);
     EXPECT_NEAR(places[0].width(), 1000, 1);
     EXPECT_NEAR(places[0].height(), 500, 1);
     EXPECT_GT(QFile(folder.filePath("print.pdf")).size(), 500);
-    EXPECT_EQ(chart::printPicture(painting, printer, {2, 3, 0, 5}).message,
+    EXPECT_EQ(chart::printPicture(painting, printer, {2, 3, 0, 5}).reason(),
               "The picture has no size to print.");
 }
 

@@ -8,6 +8,7 @@
 
 #include "chart/chart_file.h"
 #include "common/numbers.h"
+#include "diagrams/sheet_delete.h"
 #include "gui/chart/chart2d_widget.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/graph_test.h"
@@ -195,6 +196,27 @@ TEST_F(Graph2D, TakesBackAStyleOfTheDesignPanel) {
     EXPECT_EQ(diagrams::curve_count(sheet()), 1);
     choose("cmdRedo");
     EXPECT_NE(curve(0).line.pattern, before);
+}
+
+TEST_F(Graph2D, NamesItsStepsInTheEditMenuOfTheFrame) {
+    openIsotherm("300");
+    choose("mnuKurvenDesign");
+    const chart::LinePattern before = curve(0).line.pattern;
+    drive::select("cmbKStil", "Curve dotted");
+    drive::open("mnuEdit_Undo");
+    EXPECT_EQ(drive::action("mnuEdit_Undo")->text(), "&Undo Design\tCtrl+Z");
+    EXPECT_FALSE(offers("mnuEdit_Redo"));
+    choose("mnuEdit_Undo");
+    EXPECT_EQ(curve(0).line.pattern, before);
+    drive::open("mnuEdit_Undo");
+    EXPECT_EQ(drive::action("mnuEdit_Undo")->text(), "&Undo Draw curve\tCtrl+Z");
+    EXPECT_EQ(drive::action("mnuEdit_Redo")->text(), "&Redo Design\tCtrl+Shift+Z");
+    choose("mnuEdit_Redo");
+    EXPECT_NE(curve(0).line.pattern, before);
+    choose("mnuEdit_Undo");
+    choose("mnuEdit_Undo");
+    EXPECT_EQ(diagrams::curve_count(sheet()), 0);
+    EXPECT_FALSE(offers("mnuEdit_Undo"));
 }
 
 TEST_F(Graph2D, ShowsTheLegendAndLeadsToTheDesignWithoutTexts) {

@@ -33,16 +33,8 @@ models::EosConstants clausius_constants(const models::SubstanceRecord& s,
     return k;
 }
 
-constexpr models::EquationOfState row{.eos = kClausius,
-                                      .name = "CEOS Clausius                      ",
-                                      .family = models::EosFamily::cubic,
-                                      .needs_omega = false,
-                                      .zcrit = kZcrit,
-                                      .constants = clausius_constants,
-                                      .at = models::power_at,
-                                      .slopes = models::power_slopes_of,
-                                      .second_virial = models::no_virial,
-                                      .virial = models::power_virial};
+constexpr models::EquationOfState row = models::power_cubic(
+    kClausius, "CEOS Clausius                      ", kZcrit, clausius_constants);
 
 // ---- what every equation of state can do
 

@@ -23,8 +23,8 @@ chart::PictureOptions optionsOf(const Picture& picture) {
     return options;
 }
 
-void tellFailure(const chart::FileOutcome& outcome) {
-    if (!outcome.ok) dialogs::tell(outcome.message, "ERROR", dialogs::Icon::Stop);
+void tellFailure(const Result<void>& outcome) {
+    if (!outcome) dialogs::tell(outcome.reason(), "ERROR", dialogs::Icon::Stop);
 }
 
 }  // namespace

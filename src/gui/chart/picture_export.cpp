@@ -113,8 +113,8 @@ QByteArray metafileBytes(const Painting& painting, const PictureOptions& options
     return paintOn(device, painting, options.size, 1) ? device.file() : QByteArray();
 }
 
-FileOutcome failed(const QString& text) {
-    return {false, text.toStdString()};
+Result<void> failed(const QString& text) {
+    return Failure{text.toStdString()};
 }
 
 }  // namespace
@@ -164,8 +164,8 @@ QByteArray pictureBytes(const Painting& painting, PictureFormat format,
     return {};
 }
 
-FileOutcome exportPicture(const Painting& painting, const QString& file,
-                          const PictureOptions& options) {
+Result<void> exportPicture(const Painting& painting, const QString& file,
+                           const PictureOptions& options) {
     const auto format = formatOf(file);
     if (!format)
         return failed(QStringLiteral("%1: The extension of the name tells no picture format "
@@ -196,7 +196,7 @@ void copyPicture(const Painting& painting, const PictureOptions& options) {
     QGuiApplication::clipboard()->setMimeData(clipboardData(painting, options).release());
 }
 
-FileOutcome printPicture(const Painting& painting, QPrinter& printer, const PrintPlace& place) {
+Result<void> printPicture(const Painting& painting, QPrinter& printer, const PrintPlace& place) {
     const QSizeF size = pixelsOfCm(place.width, place.height);
     if (!canBePainted(size)) return failed(QStringLiteral("The picture has no size to print."));
     QPainter painter;

@@ -44,8 +44,8 @@ QByteArray pictureBytes(const Painting& painting, PictureFormat format,
 
 /// Writes a picture; the format follows the file's extension. The file appears whole or not at
 /// all.
-FileOutcome exportPicture(const Painting& painting, const QString& file,
-                          const PictureOptions& options);
+Result<void> exportPicture(const Painting& painting, const QString& file,
+                           const PictureOptions& options);
 
 /// The picture for the clipboard: an image, and the same as SVG and EMF for programs that take
 /// vectors.
@@ -53,6 +53,6 @@ std::unique_ptr<QMimeData> clipboardData(const Painting& painting, const Picture
 void copyPicture(const Painting& painting, const PictureOptions& options);
 
 /// Prints the picture at a place on the first page. Refused when the place has no size.
-FileOutcome printPicture(const Painting& painting, QPrinter& printer, const PrintPlace& place);
+Result<void> printPicture(const Painting& painting, QPrinter& printer, const PrintPlace& place);
 
 }  // namespace quor::chart

@@ -35,7 +35,6 @@ namespace {
 using datafiles::MeasuredColumn;
 
 constexpr auto kName = "frmTpvEdit";
-constexpr auto kRefusal = "Execution not possible";
 constexpr int kRowPadding = 6, kRowsShown = 14, kColumnCharacters = 13;
 
 // The cells of the table are edited in a field for numbers.
@@ -514,7 +513,7 @@ void MeasuredDataEditor::takeInput() {
     if (editMode()) {
         const int line = markedLines().first;
         if (line == 0) {
-            dialogs::tell("No marked item!", kRefusal, dialogs::Icon::Stop);
+            dialogs::tell("No marked item!", dialogs::kNotPossible, dialogs::Icon::Stop);
             return;
         }
         change("Change line", [&](Content& d) {
@@ -564,7 +563,7 @@ void MeasuredDataEditor::eraseLines() {
 void MeasuredDataEditor::toggleLines() {
     const auto [first, last] = markedLines();
     if (first == 0) {
-        dialogs::tell("No marked item!", kRefusal, dialogs::Icon::Stop);
+        dialogs::tell("No marked item!", dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
     change("Lines active or inactive", [first = first, last = last](Content& d) {
@@ -577,13 +576,13 @@ void MeasuredDataEditor::pasteLines() {
     const std::vector<datafiles::MeasuredPoint> sets =
         datafiles::sets_from_clipboard(dialogs::clipboard(), model_->units());
     if (sets.empty()) {
-        dialogs::tell("The clipboard holds no lines of numbers.", kRefusal);
+        dialogs::tell("The clipboard holds no lines of numbers.", dialogs::kNotPossible);
         return;
     }
     if (sets.size() + points().size() > datafiles::kMostMeasuredPoints) {
         dialogs::tell("There is room for " + std::to_string(datafiles::kMostMeasuredPoints) +
                           " sets of data only.",
-                      kRefusal, dialogs::Icon::Stop);
+                      dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
     const int marked = markedLines().first;
@@ -596,7 +595,7 @@ void MeasuredDataEditor::pasteLines() {
 void MeasuredDataEditor::copyCells() {
     const QItemSelection marked = table_->selectionModel()->selection();
     if (marked.isEmpty()) {
-        dialogs::tell("No marked item!", kRefusal, dialogs::Icon::Stop);
+        dialogs::tell("No marked item!", dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
     const QItemSelectionRange range = marked.constFirst();

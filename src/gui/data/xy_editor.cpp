@@ -35,7 +35,6 @@ namespace {
 using datafiles::XyData;
 using datafiles::XyManipulation;
 
-constexpr auto kRefused = "Execution not possible";
 constexpr auto kNeedsNumber = "A number is needed here.";
 constexpr int kListWidth = 300;
 constexpr int kRowPadding = 6;
@@ -431,7 +430,7 @@ void XyEditor::showMarkedInFields() {
 void XyEditor::takeInput() {
     const int line = marked().first;
     if (!adding() && line < 1) {
-        dialogs::tell("No marked item!", kRefused, dialogs::Icon::Stop);
+        dialogs::tell("No marked item!", dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
     if (!complete(x_) || !complete(y_)) return;
@@ -464,7 +463,7 @@ void XyEditor::removeMarked() {
 void XyEditor::toggleMarked() {
     const Marked lines = marked();
     if (lines.first < 1) {
-        dialogs::tell("No marked item!", kRefused, dialogs::Icon::Stop);
+        dialogs::tell("No marked item!", dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
     change("Lines active or inactive",
@@ -505,7 +504,7 @@ void XyEditor::manipulate() {
     if (row.needsW && !complete(w_)) return;
     const auto modified = datafiles::manipulated_xy(points(), row.what, w_->value());
     if (!modified) {
-        dialogs::tell(modified.reason(), kRefused, dialogs::Icon::Stop);
+        dialogs::tell(modified.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
     change(row.caption, [&](XyData& d) { d.points = *modified; });

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 #include <limits>
 
+#include "diagrams/sheet_window.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/theme.h"

@@ -10,6 +10,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "diagrams/sheet_labels.h"
+#include "diagrams/sheet_window.h"
 #include "gui/chart/chart_qt.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/number_edit.h"

@@ -5,9 +5,12 @@
 #include "common/dialogs.h"
 #include "datafiles/xy_points.h"
 #include "diagrams/process_line.h"
+#include "diagrams/sheet_delete.h"
 #include "diagrams/sheet_file.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
+#include "diagrams/sheet_undo.h"
+#include "diagrams/sheet_window.h"
 #include "gui/chart/picture_commands.h"
 #include "gui/diagrams/design_panel.h"
 #include "gui/diagrams/diagram_window.h"
@@ -194,27 +197,19 @@ MenuRow DiagramWindow::deleteMenu() {
         curves.rows.push_back(deletionOfCurve(curveRows_));
     for (; pointRows_ <= kPointRows; ++pointRows_)
         points.rows.push_back(deletionOfPoints(pointRows_));
-    const auto takeBack = [this] {
-        diagrams::undo(sheet_);
-        refresh();
-    };
-    const auto makeAgain = [this] {
-        diagrams::redo(sheet_);
-        refresh();
-    };
     return {
         .caption = "&Delete",
         .name = "mnuDel",
         .rows = {{.caption = "Undo",
                   .name = "cmdUndo",
-                  .run = takeBack,
-                  .enabled = [this] { return !sheet_.undo.empty(); },
+                  .run = [this] { undo(); },
+                  .enabled = [this] { return !undoName().isEmpty(); },
                   .icon = "undo",
                   .shortcut = QKeySequence::Undo},
                  {.caption = "Redo",
                   .name = "cmdRedo",
-                  .run = makeAgain,
-                  .enabled = [this] { return !sheet_.redo.empty(); },
+                  .run = [this] { redo(); },
+                  .enabled = [this] { return !redoName().isEmpty(); },
                   .shortcut = QKeySequence("Ctrl+Shift+Z")},
                  {},
                  removal("Everything", "mnuDelTotal", diagrams::delete_total,
@@ -392,13 +387,12 @@ void DiagramWindow::followMenus() {
          ++pointRows_)
         menus_.addRow("mnuDelPoints", deletionOfPoints(pointRows_));
     menus_.follow();
-    const auto name = [this](const char* control, const char* word, const auto& steps) {
-        const QString step =
-            steps.empty() ? QString() : " " + QString::fromStdString(steps.back().name);
-        if (auto* action = findChild<QAction*>(control)) action->setText(word + step);
+    const auto name = [this](const char* control, const QString& word, const QString& step) {
+        if (auto* action = findChild<QAction*>(control))
+            action->setText(step.isEmpty() ? word : word + " " + step);
     };
-    name("cmdUndo", "Undo", sheet_.undo);
-    name("cmdRedo", "Redo", sheet_.redo);
+    name("cmdUndo", "Undo", undoName());
+    name("cmdRedo", "Redo", redoName());
     if (auto* swap = findChild<QAction*>("cmdChangeXY"))
         swap->setToolTip(sheet_.swapped_axes
                              ? "changing of the axis (in the changed state there are restricted "

@@ -12,9 +12,13 @@
 #include "diagrams/coordinates.h"
 #include "diagrams/parameter_input.h"
 #include "diagrams/process_line.h"
+#include "diagrams/sheet_delete.h"
 #include "diagrams/sheet_file.h"
+#include "diagrams/sheet_labels.h"
 #include "diagrams/sheet_points.h"
 #include "diagrams/sheet_readout.h"
+#include "diagrams/sheet_undo.h"
+#include "diagrams/sheet_window.h"
 #include "gui/calculation/calculation_views.h"
 #include "gui/chart/chart_qt.h"
 #include "gui/diagrams/coordinates_dialog.h"
@@ -111,7 +115,7 @@ std::optional<diagrams::Basis> basisOfInput(const diagrams::DiagramSheet& sheet,
     try {
         return diagrams::in_units_of(sheet, session::present_pen(session).basis);
     } catch (const std::exception& fault) {
-        dialogs::tell(fault.what(), "Execution not possible");
+        dialogs::tell(fault.what(), dialogs::kNotPossible);
         return std::nullopt;
     }
 }
@@ -284,6 +288,24 @@ void DiagramWindow::rememberDesign(const QString& what) {
     diagrams::remember_design(sheet_, shown_, "Design");
 }
 
+QString DiagramWindow::undoName() const {
+    return sheet_.undo.empty() ? QString() : qt(sheet_.undo.back().name);
+}
+
+QString DiagramWindow::redoName() const {
+    return sheet_.redo.empty() ? QString() : qt(sheet_.redo.back().name);
+}
+
+void DiagramWindow::undo() {
+    diagrams::undo(sheet_);
+    refresh();
+}
+
+void DiagramWindow::redo() {
+    diagrams::redo(sheet_);
+    refresh();
+}
+
 bool DiagramWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == canvas_ && event->type() == QEvent::Resize) paintSheet();
     return QMainWindow::eventFilter(watched, event);
@@ -383,7 +405,7 @@ void prepareAndOpen(Desk& desk, const diagrams::Diagram& diagram) {
         dialogs::tell(
             "The registration of the 2D graph module \\...\\olch8x2.ocx during the installation "
             "process failed.\nPlease carry out the registration manually (c.f. our website)",
-            "Execution not possible");
+            dialogs::kNotPossible);
     }
 }
 
@@ -394,7 +416,7 @@ void openChosen(Desk& desk) {
     if (diagram == nullptr) return;
     const diagrams::OpeningAnswer answer = diagrams::opening_answer(*diagram, session.fluid());
     if (!answer.text.empty())
-        dialogs::tell(answer.text, answer.opens ? "Note" : "Execution not possible");
+        dialogs::tell(answer.text, answer.opens ? "Note" : dialogs::kNotPossible);
     if (answer.opens) prepareAndOpen(desk, *diagram);
 }
 

@@ -5,6 +5,7 @@
 #include "gui/chart/chart2d_widget.h"
 #include "gui/diagrams/chart_window.h"
 #include "gui/widgets/follows_session.h"
+#include "gui/widgets/undo_keys.h"
 
 class QLabel;
 
@@ -14,7 +15,7 @@ class DesignPanel;
 
 /// A 2D diagram: the sheet with its curves, points and marks, the commands on it, and the design
 /// panel. Several may be open. Its next curve is drawn with the present fluid, which it shows.
-class DiagramWindow : public ChartWindow, public FollowsSession {
+class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable {
     Q_OBJECT
 
   public:
@@ -38,6 +39,11 @@ class DiagramWindow : public ChartWindow, public FollowsSession {
     /// Repaints after a change of the sheet; menus and panel follow.
     void refresh();
     void followSession() override;
+
+    QString undoName() const override;
+    QString redoName() const override;
+    void undo() override;
+    void redo() override;
 
   protected:
     /// The parameters of this diagram are those that the next one begins with.

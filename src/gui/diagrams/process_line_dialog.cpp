@@ -26,7 +26,6 @@ namespace {
 
 using Kind = diagrams::ProcessKind;
 
-constexpr auto kRefusal = "Execution not possible";
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 constexpr int kPRange = 0, kTRange = 1;              // `optTp`
 constexpr int kLiquid = 0, kVapour = 1;              // `optPhase`
@@ -294,7 +293,7 @@ diagrams::ProcessInput ProcessLineDialog::input() const {
 void ProcessLineDialog::tellStart() {
     const diagrams::ProcessInput in = input();
     if (!(in.par[0] > 0) || !(in.par[1] > 0)) {
-        dialogs::tell("Input incomplete or not valid", kRefusal);
+        dialogs::tell("Input incomplete or not valid", dialogs::kNotPossible);
         return;
     }
     state_->setText(qt(diagrams::start_state_text(task_.pen.basis, kind_, in.par[0], in.par[1])));
@@ -328,7 +327,8 @@ bool ProcessLineDialog::runProgram() {
             state_->setText("given up");
             return false;
         default:
-            dialogs::tell(diagrams::polytropic_error_text(task_.line.T1, task_.line.p1), kRefusal);
+            dialogs::tell(diagrams::polytropic_error_text(task_.line.T1, task_.line.p1),
+                          dialogs::kNotPossible);
             return false;
     }
 }
@@ -336,13 +336,13 @@ bool ProcessLineDialog::runProgram() {
 void ProcessLineDialog::confirm() {
     const diagrams::ProcessInput in = input();
     if (isPolytropic() && !std::isfinite(in.exponent)) {
-        dialogs::tell("Input incomplete or not valid", kRefusal);
+        dialogs::tell("Input incomplete or not valid", dialogs::kNotPossible);
         return;
     }
     const models::Fluid& fluid = task_.pen.basis.fluid;
     diagrams::ProcessAnswer answer = diagrams::take_process_input(task_.line, fluid, in);
     if (!answer.refusal.empty()) {
-        dialogs::tell(answer.refusal, kRefusal);
+        dialogs::tell(answer.refusal, dialogs::kNotPossible);
         return;
     }
     task_.line = std::move(answer.line);

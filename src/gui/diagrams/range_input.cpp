@@ -101,7 +101,7 @@ void RangeInput::confirm() {
     const diagrams::RangeAnswer answer =
         diagrams::take_range(range_.section, range_.units, range_.at, range_.line, typed(par_[0]),
                              typed(par_[1]), typed(par_[2]));
-    if (!answer.refusal.empty()) return dialogs::tell(answer.refusal, "Execution not possible");
+    if (!answer.refusal.empty()) return dialogs::tell(answer.refusal, dialogs::kNotPossible);
     range_.at = answer.at;
     range_.line = answer.range;
     accept();

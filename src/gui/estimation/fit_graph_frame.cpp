@@ -105,7 +105,7 @@ void FitGraphFrame::showLnp() {
     if (graph)
         display(estimation::chartOf(*graph, false));
     else
-        dialogs::tell(graph.reason(), "Execution not possible", dialogs::Icon::Stop);
+        dialogs::tell(graph.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
 }
 
 void FitGraphFrame::calculate() {

@@ -30,7 +30,6 @@ constexpr int kModelsPerColumn = 3;
 constexpr std::array kPhases{"ideal gas", "liquid", "solid"};
 
 constexpr auto kName = "frmQFitting";
-constexpr auto kRefused = "Execution not possible";
 
 }  // namespace
 
@@ -340,7 +339,7 @@ void FitView::start() {
         return estimation::run_fit(fit_);
     }();
     if (!result) {
-        dialogs::tell(result.reason(), kRefused, dialogs::Icon::Stop);
+        dialogs::tell(result.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
     fit_ = *std::move(result);
@@ -351,7 +350,7 @@ void FitView::propose() {
     rows_->read();
     const Result<estimation::Parameters> proposal = estimation::proposed_start_values(fit_);
     if (!proposal) {
-        dialogs::tell(proposal.reason(), kRefused, dialogs::Icon::Stop);
+        dialogs::tell(proposal.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
     fit_.start = *proposal;
@@ -363,7 +362,7 @@ void FitView::apply() {
     if (!estimation::has_place(fit_.model)) return;
     const Result<estimation::AppliedFit> applied = estimation::apply_fit(fit_, session_->substance);
     if (!applied) {
-        dialogs::tell(applied.reason(), kRefused, dialogs::Icon::Stop);
+        dialogs::tell(applied.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         showTarget();
         return;
     }

@@ -156,7 +156,7 @@ void ReferenceStateDialog::confirm() {
     if (markWrongNumber(fields_)) return;
     models::ReferenceState reference = desk_.session()->reference;
     if (!models::store_reference(option(), typed(), factor_, reference)) {
-        dialogs::tell("A number is beyond the range of its field.", "Execution not possible");
+        dialogs::tell("A number is beyond the range of its field.", dialogs::kNotPossible);
         return;
     }
     desk_.session().change()->reference = reference;

@@ -67,7 +67,7 @@ void SurfaceWindow::newDraw() {
     try {
         diagrams::new_draw(sheet_, session::present_basis(session_));
     } catch (const std::exception& fault) {
-        dialogs::tell(fault.what(), "Execution not possible");
+        dialogs::tell(fault.what(), dialogs::kNotPossible);
     }
     showCaption();
     refresh();
@@ -136,7 +136,7 @@ void openFromMenu(Desk& desk) {
         dialogs::tell(
             "The registration of the 3D graph module \\...\\olch8x3.ocx during the installation "
             "process failed.\nPlease carry out the registration manually (c.f. our website)",
-            "Execution not possible");
+            dialogs::kNotPossible);
     }
 }
 

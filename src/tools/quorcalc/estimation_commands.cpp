@@ -67,7 +67,7 @@ Json fit(Call& call, const Arguments& a) {
                    {"SQ", Json()}, {"sR", Json()},         {"failed", true}};
     Result<FitState> fitted = estimation::run_fit(state);
     if (!fitted) {
-        dialogs::tell(fitted.reason(), "Execution not possible", dialogs::Icon::Stop);
+        dialogs::tell(fitted.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         result["status"] = -1;
         return result;
     }

@@ -13,8 +13,8 @@ void write_all(const Arguments& a, const Draw& draw, Chart& chart) {
     for (const auto& [format, file] : wanted) {
         if (file.empty()) continue;
         if (!draw) throw CannotBeDone{"Pictures cannot be drawn here."};
-        const chart::FileOutcome outcome = draw(chart, format, file);
-        if (!outcome.ok) throw CannotBeDone{outcome.message};
+        const Result<void> outcome = draw(chart, format, file);
+        if (!outcome) throw CannotBeDone{outcome.reason()};
     }
 }
 

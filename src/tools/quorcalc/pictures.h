@@ -14,7 +14,7 @@ namespace quor::quorcalc {
 /// nothing of fonts and painters; with empty functions a picture cannot be made.
 struct PictureDrawer {
     /// The outcome of writing a file of `format`: "png", "svg" or "pdf".
-    using Outcome = chart::FileOutcome;
+    using Outcome = Result<void>;
     std::function<Outcome(diagrams::DiagramSheet&, const std::string& format,
                           const std::string& file)>
         draw_sheet;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "diagrams/sheet_labels.h"
 #include "gui/chart/chart_qt.h"
 #include "gui/chart/picture_export.h"
 
@@ -30,19 +31,19 @@ class Painters {
     std::optional<QGuiApplication> application_;
 };
 
-chart::FileOutcome write(const chart::Painting& painting, const std::string& format,
-                         const std::string& file, const chart::PictureOptions& options) {
+Result<void> write(const chart::Painting& painting, const std::string& format,
+                   const std::string& file, const chart::PictureOptions& options) {
     const auto kind = chart::formatOf("picture." + QString::fromStdString(format));
     const QByteArray bytes = kind ? chart::pictureBytes(painting, *kind, options) : QByteArray();
-    if (bytes.isEmpty()) return {false, "A picture of this size cannot be made."};
+    if (bytes.isEmpty()) return Failure{"A picture of this size cannot be made."};
     QSaveFile out(QString::fromStdString(file));
     if (out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.commit())
         return {};
-    return {false, file + ": The file cannot be written."};
+    return Failure{file + ": The file cannot be written."};
 }
 
-chart::FileOutcome draw_sheet(diagrams::DiagramSheet& sheet, const std::string& format,
-                              const std::string& file) {
+Result<void> draw_sheet(diagrams::DiagramSheet& sheet, const std::string& format,
+                        const std::string& file) {
     chart::PictureOptions options;
     options.title = QString::fromStdString(sheet.request.texts.title);
     diagrams::place_labels(sheet, options.size.width(), options.size.height(),
@@ -50,8 +51,8 @@ chart::FileOutcome draw_sheet(diagrams::DiagramSheet& sheet, const std::string& 
     return write(chart::paintingOf(sheet.chart), format, file, options);
 }
 
-chart::FileOutcome draw_surface(const chart::Chart3D& surface, const std::string& format,
-                                const std::string& file) {
+Result<void> draw_surface(const chart::Chart3D& surface, const std::string& format,
+                          const std::string& file) {
     return write(chart::paintingOf(surface), format, file, {});
 }
 
