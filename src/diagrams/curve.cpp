@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "common/dialogs.h"
 #include "diagrams/curve_kinds.h"
 
 namespace quor::diagrams {

@@ -117,7 +117,7 @@ struct Row : Diagram {
     constexpr Row with_metastable(Metastable where) const {
         return with([&](Row& r) { r.metastable = where; });
     }
-    constexpr Row without_dome(WithoutDome answer) const {
+    constexpr Row when_without_dome(WithoutDome answer) const {
         return with([&](Row& r) { r.without_dome = answer; });
     }
     constexpr Row with_branches() const {

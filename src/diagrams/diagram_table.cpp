@@ -186,7 +186,7 @@ constexpr auto kRows = [] {
                    heat_of_vaporisation, Parameter::p)
             .molar_or_specific()
             .second_title(SubTitle::vaporisation)
-            .without_dome(WithoutDome::byVaporisation)
+            .when_without_dome(WithoutDome::byVaporisation)
             .from_normal_pressure()
             .perhaps_a_point()
             .in_menu(kProj, 0, "Enthalpy of vaporiz. delta(LV)h(T) acc. to \"Models\""),
@@ -201,7 +201,7 @@ constexpr auto kRows = [] {
         projection({.code = 106, .inversion = 190}, "Projection pv - p", Axis::p, Axis::pv,
                    dome_over_p, Parameter::T)
             .with_branches()
-            .without_dome(WithoutDome::drawn)
+            .when_without_dome(WithoutDome::drawn)
             .in_menu(kProj, 3, "pv( p)"),
         projection({.code = 7}, "Projection T - v", Axis::v, Axis::T, dome_T_v, Parameter::p)
             .with_branches()
@@ -214,7 +214,7 @@ constexpr auto kRows = [] {
         projection({.code = 9, .inversion = 105}, "Projection p - T", Axis::T, Axis::p,
                    vapour_pressure_p_T, Parameter::none)
             .second_title(SubTitle::vapourPressure)
-            .without_dome(WithoutDome::byVapourPressure)
+            .when_without_dome(WithoutDome::byVapourPressure)
             .in_menu(kProj, 6, "pressure p(T)"),
         saturated_of_T(90, "Enthalpy H(T) in the phase-equilibrium V - L", Axis::h)
             .in_menu(kProj, 8, "Enthalpy h(T)"),
@@ -230,12 +230,12 @@ constexpr auto kRows = [] {
         projection({.code = 10}, "Vapour pressure curve by using ", Axis::inverseT, Axis::lnp,
                    vapour_pressure_logarithmic, Parameter::none)
             .drawn_by(Source::priority)
-            .without_dome(WithoutDome::byVapourPressure)
+            .when_without_dome(WithoutDome::byVapourPressure)
             .in_menu(kProj, 14, "ln(p(LV)) vs. 1/T"),
         projection({.code = 11}, "dlnp / d(1/T) vs. 1/T for vapour-pressure equation",
                    Axis::inverseTSlope, Axis::dlnp, vapour_pressure_slope, Parameter::none)
             .drawn_by(Source::vapourPressure)
-            .without_dome(WithoutDome::byVapourPressure)
+            .when_without_dome(WithoutDome::byVapourPressure)
             .in_menu(kProj, 15, "d(ln(p)/d(1/T) vs. 1/T"),
 
         // ---- the coexistence curve and others, added to a diagram

@@ -296,7 +296,7 @@ TEST_F(ChartFile, MutatedFilesNeverChangeTheChartHalfWay) {
             EXPECT_FALSE(outcome.reason().empty());
         }
         Chart3D d;
-        const bool read = chart::from_text(mutated, d);
+        const bool read = static_cast<bool>(chart::from_text(mutated, d));
         EXPECT_TRUE(read || d == Chart3D());
     }
 }

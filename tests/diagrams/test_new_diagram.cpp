@@ -66,18 +66,17 @@ TEST_F(NewDiagram, OpensWithWindowAndTextsOfItsAxes) {
 }
 
 TEST_F(NewDiagram, HasItsCurveComputed) {
-    diagrams::StateParameters at = sheet.at;
+    const diagrams::StateParameters at = sheet.at;
     const Drawn drawn = Draw(prepared.request, at);
     EXPECT_EQ(drawn.result.status, 0) << drawn.result.message;
     ASSERT_GT(drawn.count(), 50U);
     EXPECT_EQ(drawn.parameter, diagrams::Parameter::T);
     // The dilute gas is ideal.
-    const diagrams::DiagramRequest wide = [&] {
-        diagrams::DiagramRequest r = prepared.request;
-        r.window = {1e5F, 2e5F, 0, 1e4F};
-        return r;
-    }();
-    for (const diagrams::CurvePoint& point : Draw(wide, at).points())
+    diagrams::DiagramRequest wide = prepared.request;
+    wide.window = {1e5F, 2e5F, 0, 1e4F};
+    const Drawn dilute = Draw(wide, at);
+    ASSERT_GT(dilute.count(), 50U);
+    for (const diagrams::CurvePoint& point : dilute.points())
         EXPECT_NEAR(static_cast<double>(point.y), R * 400, 1e-3 * R * 400);
 }
 

@@ -86,7 +86,7 @@ TEST_F(SheetFile, LoadsWhatItSaved) {
 }
 
 TEST_F(SheetFile, ShowsItsNoteOnce) {
-    chart::save_chart(sheet.chart, path("a.oc2"));
+    ASSERT_TRUE(chart::save_chart(sheet.chart, path("a.oc2")));
     user.fileAnswers = {path("a.oc2"), path("a.oc2")};
     load();
     ASSERT_EQ(user.messages.size(), 1U);
@@ -101,7 +101,7 @@ TEST_F(SheetFile, TakesTheWindowOfTheFile) {
     sheet.chart.x.max = 2;
     sheet.chart.y.min = 3;
     sheet.chart.y.max = 4;
-    chart::save_chart(sheet.chart, path("a.oc2"));
+    ASSERT_TRUE(chart::save_chart(sheet.chart, path("a.oc2")));
     open(1);
     ASSERT_EQ(diagrams::load_oc2(sheet, path("a.oc2")).outcome, LoadOutcome::Loaded);
     EXPECT_EQ(sheet.request.window.x_min, 1);
@@ -121,7 +121,7 @@ TEST_F(SheetFile, TakesAllCurvesAndPointsOfALargeFile) {
     diagrams::mark_critical_point(sheet, pen(), true);
     diagrams::mark_critical_point(sheet, pen(), false);
     const chart::Chart2D before = sheet.chart;
-    chart::save_chart(sheet.chart, path("many.oc2"));
+    ASSERT_TRUE(chart::save_chart(sheet.chart, path("many.oc2")));
     open(1);
     ASSERT_EQ(diagrams::load_oc2(sheet, path("many.oc2")).outcome, LoadOutcome::Loaded);
     EXPECT_TRUE(sheet.chart == before);
@@ -137,14 +137,14 @@ TEST_F(SheetFile, LoadsADiagramWhoseCurvesAreAllDeleted) {
     diagrams::draw(sheet, pen());
     diagrams::delete_curve(sheet, 0);
     sheet.chart.labels.clear();
-    chart::save_chart(sheet.chart, path("empty.oc2"));
+    ASSERT_TRUE(chart::save_chart(sheet.chart, path("empty.oc2")));
     ASSERT_EQ(diagrams::load_oc2(sheet, path("empty.oc2")).outcome, LoadOutcome::Loaded);
     EXPECT_EQ(diagrams::curve_count(sheet), 0);
     EXPECT_FALSE(diagrams::has_anything(sheet));
 }
 
 TEST_F(SheetFile, UndoesTheSwapBeforeALoad) {
-    chart::save_chart(sheet.chart, path("a.oc2"));
+    ASSERT_TRUE(chart::save_chart(sheet.chart, path("a.oc2")));
     diagrams::change_xy(sheet);
     user.fileAnswers = {path("a.oc2")};
     ASSERT_EQ(load(), LoadOutcome::Loaded);
@@ -174,7 +174,7 @@ TEST_F(SheetFile, RecommendsNotToSaveTheSwappedState) {
 
 TEST_F(SheetFile, RefusesDamagedFilesWithAReason) {
     diagrams::draw(sheet, pen());
-    chart::save_chart(sheet.chart, path("good.oc2"));
+    ASSERT_TRUE(chart::save_chart(sheet.chart, path("good.oc2")));
     const std::string good = read(path("good.oc2"));
     const chart::Chart2D before = sheet.chart;
     const std::vector<std::string> damaged = {"", "no chart", good.substr(0, good.size() / 2), "{}",

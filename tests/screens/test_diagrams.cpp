@@ -5,6 +5,7 @@
 #include "diagrams/parameter_input.h"
 #include "diagrams/prepare_2d.h"
 #include "diagrams/sheet_draw.h"
+#include "diagrams/sheet_labels.h"
 #include "diagrams/sheet_marks.h"
 #include "diagrams/sheet_readout.h"
 #include "gui/chart/chart2d_paint.h"
