@@ -209,4 +209,27 @@ TEST_F(ModelView, HelpOpensAtThePageOfTheModel) {
     EXPECT_EQ(pages, (std::vector<int>{2006, 2002, 2104}));
 }
 
+TEST_F(ModelView, ConstantsBelongToTheDataThatWereAppliedFromHere) {
+    start();
+    openSubstance("Carbon dioxide");
+    const double former = session.fluid().eos().vcrit_calculated;
+    drive::when("frmQModell", [] {
+        drive::when("frmBankEdit", [] {
+            drive::type("DD_4", "400");
+            click("OK");
+            click("ESC");
+        });
+        click("cmdData");
+        click("cmdEsc");
+    });
+    drive::choose("mnuModel");
+    const models::Fluid fluid = session.fluid();
+    ASSERT_EQ(fluid.substance().Tcrit, 400);
+    EXPECT_NE(fluid.eos().vcrit_calculated, former);
+    const auto anew = models::Fluid::make(fluid.substance(), fluid.models());
+    ASSERT_TRUE(anew);
+    EXPECT_EQ(fluid.eos(), anew->eos())
+        << "those of the new critical data, although left by Cancel";
+}
+
 }  // namespace
