@@ -14,7 +14,7 @@ struct EosParameters {
     /// 1: a = eosA0 T^eosNA; 2: a = eosA0 (1 + eosNA (1 - sqrt(T/Tcrit)))^2
     std::int16_t alpha_form = 1;
     double vcrit_calculated = 0;    ///< critical molar volume of the model, m^3/kmol
-    double rhocrit_calculated = 0;  ///< M/vcritCalc, kg/m^3, 0 when there is none
+    double rhocrit_calculated = 0;  ///< M/vcrit_calculated, kg/m^3, 0 when there is none
 
     bool operator==(const EosParameters&) const = default;
 };
