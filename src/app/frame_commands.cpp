@@ -57,7 +57,7 @@ void loadProject(Desk& desk, const std::string& file) {
         gui::settings::rememberFile(QString::fromStdString(file));
 }
 
-void choose_models(Desk& desk) {
+void chooseModels(Desk& desk) {
     Session& session = desk.session();
     gui::ModelDialog::Session present{.editData = {}, .take = [&session](const auto& choice) {
                                           return session::take_models(session, choice);
@@ -72,11 +72,11 @@ void choose_models(Desk& desk) {
     desk.openModal(view);
 }
 
-void choose_substance(Desk& desk) {
+void chooseSubstance(Desk& desk) {
     gui::SubstanceDialog view(desk, desk.frameWindow());
     if (desk.openModal(view) != QDialog::Accepted) return;
     closeResultsAndInput(desk);
-    choose_models(desk);
+    chooseModels(desk);
 }
 
 void open_database(Desk& desk) {
@@ -99,10 +99,10 @@ void open_database(Desk& desk) {
             session, {Command::chooseSubstance, Command::substanceData, Command::measuredDataInput},
             true);
     }
-    choose_substance(desk);
+    chooseSubstance(desk);
 }
 
-void show_about() {
+void showAbout() {
     dialogs::tell(
         "QUOR-6   Thermodynamic Calculations of States and Processes for Pure Substances\n\n"
         "Version " +
@@ -112,7 +112,7 @@ void show_about() {
         "About the Program", dialogs::Icon::Information);
 }
 
-void show_information(const Session& session) {
+void showInformation(const Session& session) {
     const auto nameOrNone = [](const std::string& s) { return s.empty() ? "none" : s; };
     dialogs::tell("Program folder: " + session.places().program_folder().string() +
                       "\nFolder of your files: " + session.places().write_folder().string() +
@@ -131,7 +131,7 @@ void loadLastSession(Desk& desk) {
     loadProject(desk, file);
 }
 
-void choose_project(Desk& desk) {
+void chooseProject(Desk& desk) {
     if (const auto file = session::choose_project(desk.session())) loadProject(desk, *file);
 }
 
@@ -142,14 +142,14 @@ void add(Desk& desk, Commands& commands) {
     commands.add("mnuData_OpenBank", [&desk] { open_database(desk); });
     commands.add("mnuData_Status", [&session] { show(session::status_report(session)); });
     commands.add("mnuData_LoadLastSession", [&desk] { loadLastSession(desk); });
-    commands.add("mnuData_LoadProject", [&desk] { choose_project(desk); });
+    commands.add("mnuData_LoadProject", [&desk] { chooseProject(desk); });
     commands.add("mnuData_SaveProject", [&session] { session::save_project(session, true); });
     commands.add("mnuData_ParameterEOS", [&session] { show(session::parameter_report(session)); });
-    commands.add("mnuStoff", [&desk] { choose_substance(desk); });
-    commands.add("mnuModel", [&desk] { choose_models(desk); });
-    commands.add("mnuHilfe_About", show_about);
+    commands.add("mnuStoff", [&desk] { chooseSubstance(desk); });
+    commands.add("mnuModel", [&desk] { chooseModels(desk); });
+    commands.add("mnuHilfe_About", showAbout);
     commands.add("mnuHilfe_Tip", [&desk] { TipDialog::showOnRequest(desk); });
-    commands.add("mnuInfo", [&session] { show_information(session); });
+    commands.add("mnuInfo", [&session] { showInformation(session); });
 }
 
 }  // namespace frame_commands

@@ -25,7 +25,7 @@ void show(Desk& desk) {
     desk.openModal(dialog);
 }
 
-void add_calculations(Desk& desk, Commands& commands) {
+void addCalculations(Desk& desk, Commands& commands) {
     for (int code = 1; code < calculation::kTaskCount; ++code) {
         const calculation::Task task = calculation::task_of_code(code);
         if (task == calculation::Task::temperatureOnly) continue;
@@ -35,14 +35,14 @@ void add_calculations(Desk& desk, Commands& commands) {
     }
 }
 
-void add_editors(Desk& desk, Commands& commands) {
+void addEditors(Desk& desk, Commands& commands) {
     commands.add("mnuData_EditStoffdaten", [&desk] { desk.doors.editSubstance(); });
     commands.add("mnuData_BatchInput", [&desk] { desk.doors.newMeasuredData(); });
     commands.add("mnuData_BatchEdit", [&desk] { desk.doors.editMeasuredData(); });
     commands.add("mnuData_EditXY", [&desk] { desk.doors.editXy(); });
 }
 
-void add_estimation(Desk& desk, Commands& commands) {
+void addEstimation(Desk& desk, Commands& commands) {
     using datafiles::GroupFrame;
     using gui::estimation_views::openGroups;
     commands.add("mnuFitting", [&desk] { gui::estimation_views::openFitting(desk); });
@@ -55,7 +55,7 @@ void add_estimation(Desk& desk, Commands& commands) {
 
 void connectViews(Desk& desk, Commands& commands) {
     // A project names its database without a folder: those used lately are where it may lie.
-    for (const QString& folder : gui::settings::database_folders())
+    for (const QString& folder : gui::settings::databaseFolders())
         session::add_database_folder(desk.session(), folder.toStdString());
     desk.doors.chooseReference = [&desk] { show<gui::ReferenceStateDialog>(desk); };
     gui::calculation_views::install(desk);
@@ -63,9 +63,9 @@ void connectViews(Desk& desk, Commands& commands) {
     gui::editor_views::install(desk);
     gui::estimation_views::install(desk);
 
-    add_calculations(desk, commands);
-    add_editors(desk, commands);
-    add_estimation(desk, commands);
+    addCalculations(desk, commands);
+    addEditors(desk, commands);
+    addEstimation(desk, commands);
     commands.add("Diagram2D", [&desk] { gui::diagram_views::openFromMenu(desk); });
     commands.add("Diagram3D", [&desk] { gui::surface_views::openFromMenu(desk); });
     commands.add("frmReferenz", [&desk] { desk.doors.chooseReference(); });

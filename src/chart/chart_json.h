@@ -38,16 +38,16 @@ struct EnumNames;
 
 template <>
 struct EnumNames<LinePattern> {
-    static constexpr std::array<std::string_view, 5> names{"none", "solid", "dotted", "dashed",
-                                                           "dash-dotted"};
+    static constexpr std::array<std::string_view, 5> kNames{"none", "solid", "dotted", "dashed",
+                                                            "dash-dotted"};
 };
 template <>
 struct EnumNames<SymbolShape> {
-    static constexpr std::array<std::string_view, 15> names = kSymbolNames;
+    static constexpr std::array<std::string_view, 15> kNames = kSymbolNames;
 };
 template <>
 struct EnumNames<LegendAnchor> {
-    static constexpr std::array<std::string_view, 12> names{
+    static constexpr std::array<std::string_view, 12> kNames{
         "automatic", "north-west", "north", "north-east",   "east",          "south-east",
         "south",     "south-west", "west",  "outside-east", "outside-south", "free"};
 };
@@ -89,7 +89,7 @@ class JsonWriter {
     template <class T>
     void field(const char* name, T& value) {
         if constexpr (std::is_enum_v<T>) {
-            json_[name] = EnumNames<T>::names[static_cast<std::size_t>(value)];
+            json_[name] = EnumNames<T>::kNames[static_cast<std::size_t>(value)];
         } else {
             JsonWriter inner;
             describe(inner, value);
@@ -189,7 +189,7 @@ class JsonReader {
         if constexpr (std::is_enum_v<T>) {
             if (!j->is_string()) bad(name, "a text");
             // A name that this version does not know keeps the default.
-            const auto& names = EnumNames<T>::names;
+            const auto& names = EnumNames<T>::kNames;
             for (std::size_t i = 0; i < names.size(); ++i)
                 if (j->get_ref<const std::string&>() == names[i]) value = static_cast<T>(i);
         } else {

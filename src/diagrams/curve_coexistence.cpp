@@ -19,15 +19,15 @@ double plotted_volume(const CurveFrame& c, const Equilibrium& e) {
 /// never further apart than the told share of the window, and seldom closer than half of it.
 class DomeWalk {
   public:
-    explicit DomeWalk(CurveFrame& curve) : c(curve) {
-        largest_p_ = c.y_max / c.p_factor / kShare;
-        largest_v_ = c.x_max / c.v_factor / kShare;
+    explicit DomeWalk(CurveFrame& curve) : c_(curve) {
+        largest_p_ = c_.y_max / c_.p_factor / kShare;
+        largest_v_ = c_.x_max / c_.v_factor / kShare;
     }
 
     void run(Equilibrium start) {
         at_ = start;
         draw(at_);
-        step_ = std::fmax(std::log(c.y_max / c.p_factor) / 1000, 1e-7 * c.substance.Tcrit);
+        step_ = std::fmax(std::log(c_.y_max / c_.p_factor) / 1000, 1e-7 * c_.substance.Tcrit);
         for (int i = 0; i < kMostTrials && !ended_; ++i) advance();
     }
 
@@ -43,14 +43,14 @@ class DomeWalk {
             T = end;
             last = true;
         }
-        const Equilibrium next = equilibrium_at_T(c.fluid, T, guess(T));
-        if (!next.found || !(next.p > 0) || next.p >= c.substance.pcrit) return finish();
-        const double vcrit = c.fluid.eos().vcrit_calculated;
+        const Equilibrium next = equilibrium_at_T(c_.fluid, T, guess(T));
+        if (!next.found || !(next.p > 0) || next.p >= c_.substance.pcrit) return finish();
+        const double vcrit = c_.fluid.eos().vcrit_calculated;
         if (next.vL > vcrit || next.vV < vcrit) return finish();
 
         const double moved =
             std::fmax(std::fabs(next.p - at_.p) / largest_p_,
-                      std::fabs(plotted_volume(c, next) - plotted_volume(c, at_)) / largest_v_);
+                      std::fabs(plotted_volume(c_, next) - plotted_volume(c_, at_)) / largest_v_);
         if (moved > 1) {
             step_ = (at_.T - T) * std::clamp(0.8 / moved, 0.05, 0.8);
             return;
@@ -69,8 +69,8 @@ class DomeWalk {
 
     /// Where the walk has to end: at the triple point, or nowhere.
     double lowest_T() const {
-        const bool real_only = c.real_range_only();
-        return real_only ? static_cast<double>(c.substance.Ttriple) : 0;
+        const bool real_only = c_.real_range_only();
+        return real_only ? static_cast<double>(c_.substance.Ttriple) : 0;
     }
 
     /// ln p is nearly straight over 1/T.
@@ -82,25 +82,26 @@ class DomeWalk {
 
     /// Points outside of the window are kept only where the line enters or leaves it.
     void draw(const Equilibrium& e) {
-        const double x = plotted_volume(c, e) * c.v_factor;
-        const bool inside = x >= c.x_min && x <= c.x_max;
+        const double x = plotted_volume(c_, e) * c_.v_factor;
+        const bool inside = x >= c_.x_min && x <= c_.x_max;
         if (inside && pending_) add(waiting_);
         pending_ = !inside && !entered_;
         if (pending_) waiting_ = e;
         if (inside || entered_) add(e);
         entered_ = inside;
         was_inside_ = was_inside_ || inside;
-        if (was_inside_ && x > c.x_max && x > 1.5 * c.x_min) ended_ = true;
+        if (was_inside_ && x > c_.x_max && x > 1.5 * c_.x_min) ended_ = true;
     }
 
     void add(const Equilibrium& e) {
-        if (e.T < static_cast<double>(c.substance.Ttriple)) c.set_status(CurveStatus::belowTriple);
-        c.add(plotted_volume(c, e) * c.v_factor, e.p * c.p_factor, e.T);
+        if (e.T < static_cast<double>(c_.substance.Ttriple))
+            c_.set_status(CurveStatus::belowTriple);
+        c_.add(plotted_volume(c_, e) * c_.v_factor, e.p * c_.p_factor, e.T);
     }
 
     void finish() { ended_ = true; }
 
-    CurveFrame& c;
+    CurveFrame& c_;
     Equilibrium at_, before_, waiting_;
     double step_ = 0, largest_p_ = 0, largest_v_ = 0;
     bool pending_ = false, entered_ = false, was_inside_ = false, ended_ = false;

@@ -97,11 +97,21 @@ struct Codes {
 /// A row while it is written down: each function gives it with one field changed, for what it has
 /// beside its family.
 struct Row : Diagram {
+  private:
+    // First, so that every compiler knows it where a table is made while compiling.
+    template <class Change>
+    constexpr Row with(Change change) const {
+        Row changed = *this;
+        change(changed);
+        return changed;
+    }
+
+  public:
     /// Other limits than its axes propose.
-    constexpr Row within(LimitPair ofX, LimitPair ofY) const {
+    constexpr Row within(LimitPair of_x, LimitPair of_y) const {
         return with([&](Row& r) {
-            r.x_limits = ofX;
-            r.y_limits = ofY;
+            r.x_limits = of_x;
+            r.y_limits = of_y;
         });
     }
     /// What stands behind the model in the second title.
@@ -144,14 +154,6 @@ struct Row : Diagram {
             r.menu = {name, index, caption, hint};
             r.axis_pair = pair_of(r.x, r.y);
         });
-    }
-
-  private:
-    template <class Change>
-    constexpr Row with(Change change) const {
-        Row changed = *this;
-        change(changed);
-        return changed;
     }
 };
 

@@ -55,9 +55,9 @@ bool obtain_ji_torvik(Session& session, Eos eos) {
 }  // namespace
 
 bool compute_constants(Session& session, Eos eos) {
-    const bool ofJiTorvik = eos == Eos::jiTorvik1 || eos == Eos::jiTorvik2;
+    const bool of_ji_torvik = eos == Eos::jiTorvik1 || eos == Eos::jiTorvik2;
     session.change()->eos_parameters = {};
-    if (ofJiTorvik && !session->ji_torvik_given && !obtain_ji_torvik(session, eos)) {
+    if (of_ji_torvik && !session->ji_torvik_given && !obtain_ji_torvik(session, eos)) {
         dialogs::tell("Error during EOS-parameter calculation", dialogs::kNotPossible,
                       dialogs::Icon::Stop);
         return false;

@@ -323,7 +323,7 @@ QGroupBox* MeasuredDataEditor::buildTarget() {
     };
     QPushButton* xy = form::button("Save as *.XY", "cmdSaveXY");
     connect(xy, &QPushButton::clicked, this,
-            [this] { session::save_measured_column(session_, fit_column()); });
+            [this] { session::save_measured_column(session_, fitColumn()); });
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(
@@ -654,7 +654,7 @@ void MeasuredDataEditor::save() {
     followTable();
 }
 
-int MeasuredDataEditor::fit_column() const {
+int MeasuredDataEditor::fitColumn() const {
     return target_->checkedId();
 }
 
@@ -662,7 +662,7 @@ void MeasuredDataEditor::send(const std::function<void()>& door) {
     {
         const auto now = session_.change();
         now->fit_source = session::FitSource::measuredData;
-        now->fit_column = static_cast<std::int16_t>(fit_column());
+        now->fit_column = static_cast<std::int16_t>(fitColumn());
     }
     door();
 }

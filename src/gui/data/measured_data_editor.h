@@ -100,7 +100,7 @@ class MeasuredDataEditor : public ChildView, public FollowsSession, public Undoa
     void load(bool append);
     void save();
     void send(const std::function<void()>& door);
-    int fit_column() const;
+    int fitColumn() const;
 
     bool changed_ = false;
     /// What a step of undo takes back.

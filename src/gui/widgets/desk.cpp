@@ -14,12 +14,12 @@ namespace quor::gui {
 namespace {
 
 // A view inside the frame stands in a window of its own, which is what is shown and closed.
-QWidget* outer_window(QWidget* view) {
+QWidget* outerWindow(QWidget* view) {
     if (auto* sub = qobject_cast<QMdiSubWindow*>(view->parentWidget())) return sub;
     return view;
 }
 
-bool is_shown(const QWidget* view) {
+bool isShown(const QWidget* view) {
     return view->isVisible() || view->isMinimized();
 }
 
@@ -62,22 +62,21 @@ void Desk::openDialog(QDialog* dialog) {
 
 QWidget* Desk::findView(const QString& name) const {
     for (const QPointer<QWidget>& view : views_)
-        if (!view.isNull() && view->objectName() == name && is_shown(outer_window(view)))
-            return view;
+        if (!view.isNull() && view->objectName() == name && isShown(outerWindow(view))) return view;
     return nullptr;
 }
 
 bool Desk::isOpen(const QWidget* view) const {
     // The pointer may be that of a view that has gone: compare first, look into it afterwards.
     return std::ranges::any_of(views_, [&](const QPointer<QWidget>& one) {
-        return !one.isNull() && one == view && is_shown(outer_window(one));
+        return !one.isNull() && one == view && isShown(outerWindow(one));
     });
 }
 
 bool Desk::activate(const QString& name) {
     QWidget* view = findView(name);
     if (view == nullptr) return false;
-    QWidget* window = outer_window(view);
+    QWidget* window = outerWindow(view);
     window->show();
     window->raise();
     if (auto* sub = qobject_cast<QMdiSubWindow*>(window))
@@ -92,7 +91,7 @@ void Desk::closeViews(const QStringList& names) {
     // A name may stand for several views; one that refuses to close ends its row.
     for (const QString& name : names)
         while (QWidget* view = findView(name))
-            if (!outer_window(view)->close()) break;
+            if (!outerWindow(view)->close()) break;
 }
 
 QStringList Desk::resultViews() {

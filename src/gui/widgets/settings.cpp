@@ -32,12 +32,12 @@ void setShowTipsAtStartup(bool show) {
     store().setValue(kTips, show ? 1 : 0);
 }
 
-QStringList database_folders() {
+QStringList databaseFolders() {
     return store().value(kDatabaseFolders).toStringList();
 }
 
 void rememberDatabaseFolder(const QString& folder) {
-    QStringList folders = database_folders();
+    QStringList folders = databaseFolders();
     folders.removeAll(folder);
     folders.prepend(folder);
     store().setValue(kDatabaseFolders, QStringList(folders.mid(0, kFoldersKept)));

@@ -19,7 +19,7 @@ bool showTipsAtStartup();
 void setShowTipsAtStartup(bool show);
 
 /// Folders of the databases opened lately, the last one first.
-QStringList database_folders();
+QStringList databaseFolders();
 void rememberDatabaseFolder(const QString& folder);
 
 /// Databases and projects opened lately, the last one first.

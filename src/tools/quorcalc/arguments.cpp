@@ -11,7 +11,7 @@ namespace quor::quorcalc {
 namespace {
 
 template <class Field>
-using value_of = std::remove_cvref_t<decltype(std::declval<Arguments&>().*std::declval<Field>())>;
+using ValueOf = std::remove_cvref_t<decltype(std::declval<Arguments&>().*std::declval<Field>())>;
 
 CLI::Validator one_of(const Option& option) {
     if (!std::holds_alternative<std::optional<int> Arguments::*>(option.field))
@@ -32,7 +32,7 @@ CLI::Option* add_option(CLI::App& app, const Option& option, Arguments& a) {
     const std::string flag = "--" + std::string(option.name);
     CLI::Option* added = std::visit(
         [&](const auto field) {
-            if constexpr (std::is_same_v<value_of<decltype(field)>, bool>) {
+            if constexpr (std::is_same_v<ValueOf<decltype(field)>, bool>) {
                 return app.add_flag(flag, a.*field, option.help);
             } else {
                 return app.add_option(flag, a.*field, option.help);

@@ -11,12 +11,12 @@ constexpr std::streamsize kMostAtOnce = 1 << 16;
 
 }  // namespace
 
-LineReader::LineReader(std::istream& source, std::function<void()> beforeWaiting)
-    : source_(source.rdbuf()), beforeWaiting_(std::move(beforeWaiting)) {}
+LineReader::LineReader(std::istream& source, std::function<void()> before_waiting)
+    : source_(source.rdbuf()), before_waiting_(std::move(before_waiting)) {}
 
 bool LineReader::read_more() {
     using Traits = std::streambuf::traits_type;
-    beforeWaiting_();
+    before_waiting_();
     text_.erase(0, from_);
     from_ = 0;
     // One character waits for the writer; what has come with it is there at once.
