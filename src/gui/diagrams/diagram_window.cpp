@@ -79,8 +79,12 @@ DiagramWindow::DiagramWindow(Desk& desk, const diagrams::PreparedDiagram& prepar
 }
 
 void DiagramWindow::keepChoice() {
+    const diagrams::Diagram* own = sheet_.request.diagram;
+    const diagrams::Diagram* diagram = own != nullptr ? own : session_->diagram;
+    // Every click comes here: who listens is told of real changes only.
+    if (diagram == session_->diagram && sheet_.at == session_->diagram_at) return;
     const auto now = session_.change();
-    if (sheet_.request.diagram != nullptr) now->diagram = sheet_.request.diagram;
+    now->diagram = diagram;
     now->diagram_at = sheet_.at;
 }
 

@@ -54,6 +54,7 @@ SurfaceWindow::SurfaceWindow(Desk& desk, diagrams::SurfaceSheet sheet)
 }
 
 void SurfaceWindow::keepChoice() {
+    if (session_->surface_kind == sheet_.kind->code) return;
     session_.change()->surface_kind = sheet_.kind->code;
 }
 
