@@ -44,13 +44,13 @@ void set_vaporisation(Table& t, double h) {
 
 void set_volumes(Table& t) {
     const calculation::Phases& phases = t.answer.phases;
-    if (phases.vapour) t.set(kVapourNumbers, phases.vapour->v * t.made.units.v);
-    if (phases.liquid) t.set(kLiquidNumbers, phases.liquid->v * t.made.units.v);
+    if (phases.vapour) t.set(kVapourNumbers, phases.vapour->v.value_or(0) * t.made.units.v);
+    if (phases.liquid) t.set(kLiquidNumbers, phases.liquid->v.value_or(0) * t.made.units.v);
 }
 
 void set_functions(Table& t, const std::optional<calculation::FunctionValues>& phase,
                    std::size_t first, std::size_t sound) {
-    if (!phase || phase->status != kSuccess) return;
+    if (!phase) return;
     for (std::size_t i = calculation::kVolume; i <= calculation::kCv; ++i)
         t.set(first + i, scaled(t.made.units, *phase, static_cast<calculation::Function>(i)));
     t.set(sound, phase->z[calculation::kSound]);
@@ -81,7 +81,7 @@ void set_pages(Table& t, const calculation::PageValues& pages) {
     // The V phase wins the places that both share.
     set_derivatives(t, pages.liquid, kDeltaL);
     set_derivatives(t, pages.vapour, kDeltaV);
-    if (!pages.functions || pages.functions->failed()) return;
+    if (!pages.functions || !pages.functions->complete) return;
     set_functions(t, *pages.functions);
     replace_a(t, pages.functions->liquid, kLiquidNumbers);
     replace_a(t, pages.functions->vapour, kVapourNumbers);

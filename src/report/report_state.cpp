@@ -51,7 +51,7 @@ void tell_given_tp(Teller& t) {
     if (t.models().vapour_only && a.B)
         t.out.co2.text = " Virialcoeff. B = " + value32(*a.B) + "  m^3/kmol";
     if (!a.ok()) {
-        calculation_error(t, error_code(a.status));
+        calculation_error(t, error_code());
         return;
     }
     t.out.co1.text = a.solver;
@@ -72,7 +72,7 @@ void tell_given_p_rho(Teller& t) {
     if (a.ok())
         density_lines(t);
     else
-        calculation_error(t, error_code(a.status));
+        calculation_error(t, error_code());
 }
 
 // ---- Equilibria -------------------------------------------------------------------------------
@@ -140,7 +140,7 @@ void tell_equilibrium(Teller& t) {
     const bool global = t.request.method.global;
     if (t.failed(Reason::solver)) {
         const bool T_of_eos = global && t.models().eos_has_priority && !given_T(t);
-        calculation_error(t, (T_of_eos ? " T(LV) = " : "") + error_code(a.status));
+        calculation_error(t, (T_of_eos ? " T(LV) = " : "") + error_code());
         return;
     }
     if (a.source == calculation::Source::dataSet) tell_measured(t);
@@ -170,8 +170,8 @@ std::string value_column(double value) {
 
 std::string process_line(const Teller& t, const calculation::ProcessState& s) {
     std::string line = value_column(s.T) + value_column(s.p);
-    if (!(s.v > 0)) return line;
-    line += value_column(s.v * t.units().v);
+    if (!s.v) return line;
+    line += value_column(*s.v * t.units().v);
     if (!s.functions) return line;
     const models::UnitChoice& choice = t.units().choice;
     const double factor = models::caloric_factor(choice.caloric, s.T, t.substance());
