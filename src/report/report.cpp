@@ -60,21 +60,25 @@ void tell_task(Teller& t) {
     }
 }
 
-const char* region_text(Region region, double p) {
+const char* limits_of(Region region) {
     switch (region) {
         case Region::critical:
-            return "=> critical point (T = T(cr), p = p(cr))";
+            return "(T = T(cr), p = p(cr))";
         case Region::supercritical:
-            return "=> supercritical phase L = V (T > T(cr), p > p(cr))";
+            return "(T > T(cr), p > p(cr))";
         case Region::liquid:
-            return "=> supercritical L-phase (T < T(cr), p > p(cr))";
+            return "(T < T(cr), p > p(cr))";
         case Region::vapour:
-            return p == 0 ? "=> supercritical phase (T > T(cr))"
-                          : "=> supercritical V-phase (T > T(cr), p < p(cr))";
+            return "(T > T(cr), p < p(cr))";
         case Region::subcritical:
             break;
     }
     return "";
+}
+
+std::string region_text(Region region, double p) {
+    if (region == Region::vapour && p == 0) return "=> supercritical phase (T > T(cr))";
+    return std::string("=> ") + region_name(region) + " " + limits_of(region);
 }
 
 /// Captions of the columns and the words on the region.
@@ -126,6 +130,22 @@ std::string lines_so_far(const ListBuilder& list) {
 }
 
 }  // namespace
+
+const char* region_name(Region region) {
+    switch (region) {
+        case Region::critical:
+            return "critical point";
+        case Region::supercritical:
+            return "supercritical phase L = V";
+        case Region::liquid:
+            return "supercritical L-phase";
+        case Region::vapour:
+            return "supercritical V-phase";
+        case Region::subcritical:
+            break;
+    }
+    return "";
+}
 
 std::string state_text(const Answer& a) {
     if (!a.ok() || is_database_function(a.task)) return "   ";

@@ -51,6 +51,9 @@ inline constexpr std::uint32_t kDiagnoseColour = 0xC0FFC0;
 Report report(const Made& made, const calculation::Request& request,
               const calculation::Answer& answer);
 
+/// A state beyond T(cr) or p(cr): "supercritical V-phase" and the like, empty below both.
+const char* region_name(calculation::Region region);
+
 /// " V ", " L ", "V+L", or blanks without a phase.
 std::string state_text(const calculation::Answer& answer);
 

@@ -100,11 +100,11 @@ void tell_state(Teller& t) {
     if (a.pLV > 0)
         t.out.co1.text =
             "vapour pressure by using CEOS: p(LV )= " + pressure_by_mask(a.pLV, "###0.000", " kPa");
-    if (a.tank) tank_lines(t, *a.tank);
     if (!a.ok()) {
         tell_failure(t);
         return;
     }
+    if (a.tank) tank_lines(t, *a.tank);
     density_lines(t);
     if (a.mixture) mean_functions(t);
     tell_pressure(t, a.p, a.mixture);
@@ -114,7 +114,7 @@ void tell_partial_tank(Teller& t) {
     const calculation::Answer& a = t.answer;
     if (!a.ok()) {
         tell_failure(t);
-        tell_pressure(t, t.failed(Reason::noVapourPressure) ? 0.0 : a.p, false);
+        tell_pressure(t, 0.0, false);
         return;
     }
     tank_lines(t, *a.tank);

@@ -121,7 +121,7 @@ void function_page(Teller& t) {
         return;
     }
     for (std::string& line : reference_lines(t.made)) list.add(std::move(line));
-    function_table(t, pair, TableKind::Page);
+    function_table(t, pair);
 }
 
 }  // namespace
