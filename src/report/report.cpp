@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "models/model_tables.h"
+#include "report/reference_lines.h"
 #include "report/teller.h"
 
 namespace quor::report {
@@ -99,7 +100,8 @@ void tell_cubic_parameters(Teller& t) {
     t.list.underlined("Paramet. of the generalized cub. EOS (" +
                       text::trim(models::eos_name(t.models().eos)) + "):");
     const auto line = [&](const char* name, double value) {
-        t.list.add(name + text::pad_left(value32(value), kNumberWidth));
+        t.list.add(value_line(name + text::pad_left(value32(value), kNumberWidth),
+                              quantity_of(name), value32(value)));
     };
     line("  A =", s.a);
     line("  B =", s.b);
@@ -110,7 +112,9 @@ void tell_cubic_parameters(Teller& t) {
 void tell_virial_coefficient(Teller& t) {
     t.list.blank();
     t.list.add("Virial coeffizient:");
-    t.list.add("  B =" + text::pad_left(value32(*t.answer.B), kNumberWidth) + " m^3/kmol");
+    const std::string value = value32(*t.answer.B);
+    t.list.add(value_line("  B =" + text::pad_left(value, kNumberWidth) + " m^3/kmol",
+                          {"B", "m^3/kmol"}, value));
 }
 
 void tell_all(Teller& t) {
@@ -155,6 +159,7 @@ std::string state_text(const Answer& a) {
 
 Report report(const Made& made, const calculation::Request& request, const Answer& answer) {
     Teller t{.made = made, .request = request, .answer = answer};
+    t.out.head = head_lines(made);
     if (answer.reason == calculation::Reason::arithmetic) {
         t.out.panels_hidden = request.task == Task::process;
         return t.out;

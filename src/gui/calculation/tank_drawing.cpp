@@ -117,6 +117,10 @@ void TankDrawing::paintLiquid(QPainter& painter) const {
 
 void TankDrawing::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    paint(painter);
+}
+
+void TankDrawing::paint(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF end = section();
     const QColor vapour = picture_.empty           ? palette().color(QPalette::Window)
