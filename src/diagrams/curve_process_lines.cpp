@@ -167,7 +167,11 @@ void line_over_equilibrium(CurveFrame& c, const Equilibrium& e, bool isobar) {
             if (v > 0) add_state(c, T, p, v);
             continue;
         }
-        bool now = isobar ? T > e.T : p < e.p;
+        constexpr double kRounding = 1e-9;
+        const double towards_vapour = isobar ? T / e.T - 1 : 1 - p / e.p;
+        bool now = towards_vapour > 0;
+        // A line that ends on the equilibrium stays in its phase.
+        if (vapour && std::fabs(towards_vapour) < kRounding) now = *vapour;
         if (!vapour && has_both_phases(c, T, p)) now = c.request.line.vapour;
         if (vapour && *vapour != now) {
             add_state(c, e.T, e.p, now ? e.vL : e.vV);

@@ -276,6 +276,19 @@ TEST_F(ProcessInput, ALineContinuesTheLastOne) {
     EXPECT_FLOAT_EQ(curve(2).y.back(), 900);
 }
 
+/// The isobar of a boiler followed superheated liquid without a word.
+TEST_F(ProcessInput, AnIsobarBoilsUnlessItsMetastableContinuationIsChosen) {
+    openWide();
+    draw(2, {{0, "260"}, {1, "500"}, {2, "290"}}, {"optPhase_0"});
+    ASSERT_EQ(diagrams::curve_count(sheet()), 2);
+    EXPECT_GT(curve(1).x.back(), 3.0F) << "vapour";
+    EXPECT_EQ(curve(1).legend, "(Isobar 500.0 kPa ) ");
+    draw(2, {{0, "260"}, {1, "500"}, {2, "290"}}, {"optPhase_0", "chkMetastable"});
+    ASSERT_EQ(diagrams::curve_count(sheet()), 3);
+    EXPECT_LT(curve(2).x.back(), 0.2F) << "superheated liquid";
+    EXPECT_EQ(curve(2).legend, "(Isobar 500.0 kPa, metastable ) ");
+}
+
 TEST_F(ProcessInput, AStraightLineIsDrawnBetweenItsEnds) {
     openIsotherm();
     draw(0, {{0, "1"}, {1, "500"}, {2, "1"}, {3, "900"}});
