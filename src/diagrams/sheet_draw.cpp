@@ -36,7 +36,7 @@ CurveName process_line_name(const CurveRequest& request) {
     std::string name(texts_of_process(kind).name);
     if (kind == ProcessKind::isotherm) name += " " + temperature(request.at);
     if (kind == ProcessKind::isobar) name += " " + pressure(request.at);
-    if (request.line.metastable) name += ", metastable";
+    if (request.line.metastable) name += name.ends_with(' ') ? "metastable " : " metastable ";
     return plain("(" + name + ") ");
 }
 
