@@ -58,11 +58,7 @@ void remember(DiagramSheet& sheet, const std::string& name) {
 void remember_design(DiagramSheet& sheet, const SheetContent& before, const std::string& name) {
     SheetContent kept = before;
     keep_window(kept.chart, sheet.chart);
-    const auto label = [](const SheetCurve& curve) { return curve.label; };
-    const bool same_labels =
-        std::equal(kept.curves.begin(), kept.curves.end(), sheet.curves.begin(), sheet.curves.end(),
-                   [&](const auto& a, const auto& b) { return label(a) == label(b); });
-    if (kept.chart == sheet.chart && same_labels) return;
+    if (kept.chart == sheet.chart) return;
     sheet.redo.clear();
     const bool goes_on =
         !sheet.undo.empty() && sheet.undo.back().is_design && sheet.undo.back().name == name;

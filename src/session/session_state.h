@@ -94,6 +94,7 @@ struct SessionState {
     bool english = true;
     bool tips_hidden = false, tips_requested = false;
     bool diagram_note_pending = true, project_note_pending = true, synonym_note_pending = true;
+    bool isoline_note_pending = true;  ///< that p v^n = const is drawn without its program
 
     CommandStates commands;
 };
