@@ -303,6 +303,11 @@ bool is_same_function(const FitSettings& a, const FitSettings& b) {
     return alike == a;
 }
 
+bool is_linear(const FitState& state) {
+    const FitModelRow* row = find_model(state.model);
+    return row != nullptr && row->basis != nullptr;
+}
+
 ModelContext context_of(const FitState& state) {
     const FitModelRow* row = find_model(state.model);
     const bool decadic = state.lg && row != nullptr && !row->caption_lg.empty();

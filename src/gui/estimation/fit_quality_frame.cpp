@@ -8,7 +8,7 @@
 
 #include "common/numbers.h"
 #include "estimation/fit_run.h"
-#include "estimation/fit_statistics.h"
+#include "estimation/fit_worth.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
@@ -93,7 +93,7 @@ void FitQualityFrame::showFit() {
     deviations_->setText(deviations(fit_.report));
     deviations_->setVisible(!deviations_->text().isEmpty());
     QStringList notes;
-    for (const std::string& note : estimation::fit_notes(fit_)) notes << qt(note);
+    for (const estimation::FitNote& note : estimation::fit_notes(fit_)) notes << qt(note.text);
     notes_->setText(notes.join('\n'));
     notes_->setVisible(!notes.isEmpty());
     showCorrelation();

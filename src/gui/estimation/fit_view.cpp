@@ -302,7 +302,7 @@ void FitView::beginFit(int number) {
 }
 
 void FitView::showModel() {
-    for (QRadioButton* option : logFit_) option->setEnabled(!isLinear());
+    for (QRadioButton* option : logFit_) option->setEnabled(!estimation::is_linear(fit_));
     showEquation();
     rows_->showSettings();
 }
@@ -371,11 +371,6 @@ void FitView::apply() {
         if (!text.empty())
             dialogs::tell(text, "Parameters succuessfully applied", dialogs::Icon::Information);
     desk_.refresh();
-}
-
-bool FitView::isLinear() const {
-    const FitModelRow* row = estimation::find_model(fit_.model);
-    return row != nullptr && row->basis != nullptr;
 }
 
 void FitView::dropResults() {

@@ -67,7 +67,6 @@ class FitView : public ChildView, public FollowsSession, public Undoable {
     void showTarget();
     /// From here on the fit belongs to the active substance.
     void adoptSubstance();
-    bool isLinear() const;
     void showResults();
 
     estimation::FitState fit_;
