@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 /// What the system asks or tells its user. The core never shows anything itself: it calls the
 /// functions of a record that each thread has of its own, and that the program, quorcalc and the
@@ -41,6 +42,7 @@ struct PrintJob {
     std::string title{};
     std::string font{};  ///< fixed-pitch family asked for
     std::string text{};  ///< whole text, lines separated by '\n'
+    std::vector<std::string> drawings{};  ///< SVG, printed below the text
 };
 
 /// The functions that stand between the system and its user. No answer (nullopt) is a cancel.

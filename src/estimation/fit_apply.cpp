@@ -195,11 +195,6 @@ bool is_same_substance(const SubstanceRecord& a, const SubstanceRecord& b) {
     return text::trim(b.casrn).empty() && a.name == b.name;
 }
 
-bool has_place(std::int16_t model) {
-    const FitModelRow* row = find_model(model);
-    return row != nullptr && (row->apply != nullptr || model == kAugust);
-}
-
 Result<AppliedFit> apply_fit(const FitState& state, const SubstanceRecord& substance) {
     const FitModelRow* row = find_model(state.model);
     if (const std::string_view reason = refusal(state); !reason.empty())

@@ -10,6 +10,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QSvgRenderer>
 #include <algorithm>
 
 #include "common/text.h"
@@ -191,6 +192,23 @@ QFont fittingFont(const QPainter& painter, const PrintJob& job,
     return font;
 }
 
+/// Prints drawings in the width of the page, from `y` on; one that does not fit there has the next
+/// page.
+void printDrawings(QPrinter& printer, QPainter& painter, const PrintJob& job, int y) {
+    const QSize page(painter.device()->width(), painter.device()->height());
+    for (const std::string& drawing : job.drawings) {
+        QSvgRenderer svg(QByteArray::fromStdString(drawing));
+        if (!svg.isValid()) continue;
+        const QSize size = svg.defaultSize().scaled(page, Qt::KeepAspectRatio);
+        if (y + size.height() > page.height()) {
+            printer.newPage();
+            y = 0;
+        }
+        svg.render(&painter, QRect(QPoint(0, y), size));
+        y += size.height();
+    }
+}
+
 }  // namespace
 
 QString toolkitFilter(const std::string& filter) {
@@ -223,15 +241,17 @@ void printText(QPrinter& printer, const PrintJob& job) {
         std::max<std::size_t>(1, (lines.size() + static_cast<std::size_t>(linesAPage) - 1) /
                                      static_cast<std::size_t>(linesAPage));
     std::size_t next = 0;
+    int y = 0;
     for (std::size_t n = 1; n <= pages; ++n) {
         if (n > 1) printer.newPage();
         const QRect headLine(0, 0, page.width(), lineHeight);
         painter.drawText(headLine, Qt::AlignLeft, qt(job.title));
         painter.drawText(headLine, Qt::AlignRight, QString("%1 / %2").arg(n).arg(pages));
-        for (int row = 0; row < linesAPage && next < lines.size(); ++row, ++next)
-            painter.drawText(0, head + row * lineHeight + painter.fontMetrics().ascent(),
-                             qt(lines[next]));
+        y = head;
+        for (int row = 0; row < linesAPage && next < lines.size(); ++row, ++next, y += lineHeight)
+            painter.drawText(0, y + painter.fontMetrics().ascent(), qt(lines[next]));
     }
+    printDrawings(printer, painter, job, y + lineHeight);
 }
 
 Functions desktop() {
