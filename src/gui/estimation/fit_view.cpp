@@ -219,8 +219,7 @@ QWidget* FitView::buildCommands() {
     QPushButton* tpv = form::button("Data import &T-p-V-editor", "cmdGotoTpvEditor");
     tpv->setEnabled(static_cast<bool>(desk_.doors.editMeasuredData));
     connect(tpv, &QPushButton::clicked, this, [this] { desk_.doors.editMeasuredData(); });
-    QPushButton* print = form::button("P&rint", "cmdPrint");
-    connect(print, &QPushButton::clicked, this, &FitView::print);
+    QPushButton* print = printButton([this] { this->print(); });
     QPushButton* help = form::button("&Help", "Hilfe");
     desk_.connectHelp(help, help::kFitting);
     QPushButton* close = form::button("&Close", "ESC");
@@ -364,7 +363,7 @@ void FitView::print() {
     rows_->read();
     dialogs::PrintJob job{
         .title = "Fitting", .font = "COURIER", .text = estimation::fit_report(fit_)};
-    if (fit_.fitted) job.drawings.push_back(graph_->drawing());
+    if (fit_.fitted) job.drawing = graph_->drawing();
     dialogs::print_out(job);
 }
 
