@@ -48,7 +48,7 @@ void enableRestoredSession(Session& session, const session::ProjectResult& proje
 
 void loadProject(Desk& desk, const std::string& file) {
     Session& session = desk.session();
-    if (!session::may_load_project(session, file)) return;
+    if (!session::may_load_project(session, file) || !session::may_leave_substance(session)) return;
     closeResultsAndInput(desk);
     const session::ProjectResult project = session::load_project(session, file);
     if (!project.loaded) return;

@@ -40,6 +40,7 @@ struct SessionState {
     std::filesystem::path synonym_file;  ///< that the synonyms were read from
     std::int16_t substance_number = 0;   ///< in the database, from 1; 0 for none
     bool substance_set = false;          ///< there is a substance that can be calculated with
+    bool applied_unsaved = false;        ///< it has parameters of a fit that no file holds
 
     // Fluid and reference state
     models::SubstanceRecord substance;

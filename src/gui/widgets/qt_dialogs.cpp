@@ -7,6 +7,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSvgRenderer>
 
 #include "common/text.h"
 #include "gui/widgets/print_page.h"
@@ -156,8 +157,15 @@ std::optional<std::string> file(const FileChoice& c) {
 
 bool print(const PrintJob& job) {
     const PlainPointer plain;
-    return gui::printing::print(
-        {.title = qt(job.title), .text = qt(job.text), .family = qt(job.font)}, frontWindow());
+    gui::printing::Page page{.title = qt(job.title), .text = qt(job.text), .family = qt(job.font)};
+    QSvgRenderer drawing(QByteArray::fromStdString(job.drawing));
+    if (drawing.isValid()) {
+        page.picture = [&drawing](QPainter& painter, const QRectF& place) {
+            drawing.render(&painter, place);
+        };
+        page.pictureSize = drawing.defaultSize();
+    }
+    return gui::printing::print(page, frontWindow());
 }
 
 void pointer(bool busy) {
