@@ -1,6 +1,7 @@
 #include "gui/diagrams/diagram_window.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDockWidget>
 #include <QInputDialog>
 #include <QKeyEvent>
@@ -31,6 +32,7 @@
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "session/diagram_choice.h"
+#include "session/questions.h"
 #include "session/xy_session.h"
 
 namespace quor::gui {
@@ -78,6 +80,7 @@ DiagramWindow::DiagramWindow(Desk& desk, const diagrams::PreparedDiagram& prepar
     connectCanvas();
     resize(kFirstSize);
     refresh();
+    unsaved_ = false;
 }
 
 void DiagramWindow::keepChoice() {
@@ -230,6 +233,7 @@ void DiagramWindow::addLegend() {
 
 void DiagramWindow::load() {
     becomeCurrent();
+    if (!mayLeave()) return;
     const bool withNote = std::exchange(session_.change()->diagram_note_pending, false);
     const diagrams::LoadAnswer answer =
         diagrams::load_oc2(sheet_, session_->folder_diagrams, withNote);
@@ -238,6 +242,7 @@ void DiagramWindow::load() {
         case diagrams::LoadOutcome::Loaded:
             break;
         case diagrams::LoadOutcome::Failed:
+            unsaved_ = false;  // it was asked about before
             return closeView();
         case diagrams::LoadOutcome::Cancelled:
             return refresh();
@@ -245,11 +250,27 @@ void DiagramWindow::load() {
     showCaption(qt(paths::file_title(sheet_.loaded_file)));
     canvas_->forgetZoom();
     refresh();
+    unsaved_ = false;
 }
 
-void DiagramWindow::save() {
+bool DiagramWindow::save() {
     const auto answer = diagrams::save_oc2(sheet_, session_->folder_diagrams);
     session_.change()->folder_diagrams = answer.folder;
+    if (answer.saved) unsaved_ = false;
+    return answer.saved;
+}
+
+bool DiagramWindow::mayLeave() {
+    const bool content = diagrams::curve_count(sheet_) > 0 || diagrams::point_set_count(sheet_) > 0;
+    return !unsaved_ || !content || session::may_leave_unsaved([this] { return save(); });
+}
+
+void DiagramWindow::closeEvent(QCloseEvent* event) {
+    if (!mayLeave()) {
+        event->ignore();
+        return;
+    }
+    ChartWindow::closeEvent(event);
 }
 
 int DiagramWindow::chooseCurve(const QString& title) {
@@ -285,6 +306,7 @@ void DiagramWindow::saveCurve() {
 // ------------------------------------------------------------------------------------------ design
 
 void DiagramWindow::refresh() {
+    if (diagrams::differs(shown_, sheet_)) unsaved_ = true;
     paintSheet();
     panel_->follow();
     followSession();
