@@ -54,10 +54,9 @@ void openProject(const Place& place, const std::string& file) {
 }
 
 void openData(const Place& place, const std::string& file) {
-    // An open table asks about its changes first, and may stay.
-    place.desk.closeViews({"frmTpvEdit"});
-    if (place.desk.findView("frmTpvEdit") == nullptr &&
-        session::load_measured_data(place.desk.session(), file, false))
+    session::Session& session = place.desk.session();
+    if (session::may_leave_measured_data(session) &&
+        session::load_measured_data(session, file, false))
         place.commands.run("mnuData_BatchEdit");
 }
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 
 #include "common/numbers.h"
@@ -36,10 +36,11 @@ int decimals_of(double step) {
 }
 
 std::string printed(double value, int decimals, char conversion) {
-    const char* format = conversion == 'e' ? "%.*e" : "%.*f";
+    const auto form = conversion == 'e' ? std::chars_format::scientific : std::chars_format::fixed;
     std::array<char, 400> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), format, decimals, value);
-    return buffer.data();
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, form, decimals).ptr;
+    return {buffer.data(), end};
 }
 
 /// "1.500e+06" becomes "1.5e6"; digits given by the user stay.

@@ -68,7 +68,9 @@ struct SessionState {
 
     // Measured data and points
     datafiles::MeasuredData measured;
-    datafiles::XyData xy;         ///< the XY editor's list
+    bool measured_unsaved = false;  ///< changed since they were loaded or saved
+    datafiles::XyData xy;           ///< the XY editor's list
+    bool xy_unsaved = false;
     datafiles::XyGraph xy_graph;  ///< that the XY editor draws
     FitSource fit_source = FitSource::xyList;
     std::int16_t fit_column = 1;  ///< of the measured data: 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp
@@ -95,6 +97,7 @@ struct SessionState {
     bool english = true;
     bool tips_hidden = false, tips_requested = false;
     bool diagram_note_pending = true, project_note_pending = true, synonym_note_pending = true;
+    bool isoline_note_pending = true;  ///< that p v^n = const is drawn without its program
 
     CommandStates commands;
 };

@@ -1,3 +1,4 @@
+#include "common/numbers.h"
 #include "gui/editor_drive.h"
 #include "gui/estimation/group_contribution_view.h"
 #include "gui/frame_test.h"
@@ -137,7 +138,7 @@ TEST_F(Joback, TheEditorGetsTextsAndTheViewCloses) {
     EXPECT_EQ(read("cmdApply").remove('&'), "Transfer to data editor");
     click("cmdApply");
     EXPECT_FALSE(view->isVisible());
-    EXPECT_NEAR(std::stod(texts[28]), 3.77, 1e-4);
+    EXPECT_NEAR(numbers::val(texts[28]), 3.77, 1e-4);
     EXPECT_EQ(texts[32], " 0");
     EXPECT_EQ(texts[33], " 250");
     EXPECT_EQ(texts[34], " 1000");

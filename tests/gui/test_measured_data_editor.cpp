@@ -122,6 +122,57 @@ TEST_F(MeasuredDataEditorTest, AddsALineByEnter) {
     EXPECT_TRUE(drive::offers("mnuData_BatchEdit"));
 }
 
+TEST_F(MeasuredDataEditorTest, AnAmbiguousNumberIsMarkedAndNotTaken) {
+    choose("mnuData_BatchInput");
+    for (const char* text : {"1,234.5", "1.000,5", "3 000"}) {
+        typeInput({"300", text});
+        EXPECT_EQ(read("txtInput_1"), text);
+        click("OKinput");
+        EXPECT_EQ(count(), 0U) << text;
+        EXPECT_TRUE(drive::get<NumberEdit>("txtInput_1")->isMarked()) << text;
+    }
+    typeInput({"300", "", "1E39"});
+    click("OKinput");
+    EXPECT_EQ(count(), 0U);
+    EXPECT_TRUE(drive::get<NumberEdit>("txtInput_2")->isMarked());
+}
+
+TEST_F(MeasuredDataEditorTest, PastedThousandsSeparatorsAreToldAndTheirLinesAreInactive) {
+    openWithData();
+    mark(kGrid, 2, 2);
+    user.clipboard = "300\t1,234.5\r\n310\t200\r\n320\t1.000,5\r\n330\t3 000\r\n";
+    click("cmdClipEinfuegen");
+    ASSERT_EQ(count(), 7U);
+    EXPECT_EQ(user.lastText(),
+              "3 lines do not hold a number in each of their cells and are inactive.\n"
+              "Lines 2, 4, 5 of the table.");
+    for (const int line : {2, 4, 5}) {
+        EXPECT_EQ(lineHead(kGrid, line), QString("(%1)").arg(line));
+        EXPECT_EQ(set(line).p, 0.0);
+    }
+    EXPECT_EQ(set(3).p, 200.0);
+}
+
+TEST_F(MeasuredDataEditorTest, ACellWithAnAmbiguousNumberStaysOpenAndIsNotStored) {
+    openWithData();
+    auto* table = drive::get<QAbstractItemView>(kGrid);
+    table->setCurrentIndex(table->model()->index(0, 1));
+    table->edit(table->currentIndex());
+    auto* field = table->findChild<NumberEdit*>();
+    ASSERT_NE(field, nullptr);
+    field->clear();
+    QTest::keyClicks(field, "1,234.5");
+    QTest::keyClick(field, Qt::Key_Return);
+    drive::settle();
+    EXPECT_TRUE(field->isVisible());
+    EXPECT_TRUE(field->isMarked());
+    EXPECT_EQ(field->text(), "1,234.5");
+    EXPECT_EQ(set(1).p, 300.0);
+    drive::get("txtComment")->setFocus();
+    drive::settle();
+    EXPECT_EQ(set(1).p, 300.0) << "leaving the cell does not store it either";
+}
+
 TEST_F(MeasuredDataEditorTest, AddsNoLineWithoutAValue) {
     choose("mnuData_BatchInput");
     click("OKinput");
@@ -456,8 +507,9 @@ TEST_F(MeasuredDataEditorTest, StaysUnsavedWhenItIsOpenedOnceMore) {
     // New data are not what was changed.
     openWithData();
     click("TSort");
-    user.answers = {dialogs::Answer::Yes};
+    user.answers = {dialogs::Answer::No};
     choose("mnuData_BatchInput");
+    EXPECT_EQ(count(), 0U);
     user.messages.clear();
     click("cmdClose");
     EXPECT_TRUE(user.messages.empty());

@@ -560,6 +560,7 @@ TEST_F(ResultViewTest, RefusesTheIsoCalculatorWithoutTAndP) {
 // It took the typed values, of which one is missing here, and said "No solution found" from p = 0.
 TEST_F(ResultViewTest, TheIsoCalculatorStartsFromTheCalculatedState) {
     startProject("Carbon dioxide");
+    drive::when("frmCalcIn", [] { click("OK"); });
     choose("mnuCalc_5");
     type("par_0", "280");
     click("cmdParameter_OK");

@@ -40,10 +40,29 @@ TEST_F(NumberField, TakesPointAndComma) {
 }
 
 TEST_F(NumberField, TakesNothingButCharactersOfANumber) {
-    drive::type("field", "1a2;34.5.6");
+    drive::type("field", "1a2;34.56");
     EXPECT_EQ(field.text(), "1234.56");
     drive::type("field", "abc");
     EXPECT_EQ(field.text(), "1234.56") << "what cannot be typed does not delete either";
+}
+
+TEST_F(NumberField, AnAmbiguousNumberIsMarkedWhereItStandsAndNotUsed) {
+    for (const char* text : {"1,234.5", "1.000,5", "3 000", "1.2.3", "3'000"}) {
+        EXPECT_EQ(typed(text), 0.0);
+        EXPECT_EQ(field.text(), text) << "what was typed stays to be seen";
+        EXPECT_FALSE(field.holdsNumber()) << text;
+        EXPECT_TRUE(field.isMarked()) << text;
+        typed("1,5");
+        EXPECT_FALSE(field.isMarked());
+
+        QApplication::clipboard()->setText(text);
+        field.selectAll();
+        QTest::keySequence(&field, QKeySequence::Paste);
+        EXPECT_EQ(field.text(), text);
+        EXPECT_TRUE(field.isMarked()) << "pasted " << text;
+        NumberEdit* fields[] = {&field};
+        EXPECT_TRUE(markWrongNumber(fields));
+    }
 }
 
 TEST_F(NumberField, ShowsTheDecimalMarkOfTheLocale) {

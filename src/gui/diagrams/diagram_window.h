@@ -50,6 +50,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
     void keepChoice() override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     using Marking = bool (*)(diagrams::DiagramSheet&, const diagrams::Pen&);
@@ -86,12 +87,16 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
     void addMeasuredPoints();
     void addEditorPoints(bool asCurve);
     void saveCurve();
-    void save();
+    bool save();
+    /// Asks about curves and points that are in no file; true when they may go.
+    bool mayLeave();
     void copyPicture();
     void savePicture();
     void printPicture();
     void copyTable();
     int curveInUse() const;
+    /// The place of the only curve, or of the one that the user chooses; -1 when there is none.
+    int chooseCurve(const QString& title);
     void abortWhenEmpty();
     void showCaption(const QString& file = {});
 
@@ -100,6 +105,7 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
 
     diagrams::DiagramSheet sheet_;
     diagrams::SheetContent shown_;       ///< as it was painted last
+    bool unsaved_ = false;               ///< more than the window has changed since a file had it
     QString designed_;                   ///< control of the design panel that changed it last
     int curveRows_ = 0, pointRows_ = 0;  ///< of the menus that delete
     chart::Chart2DWidget* canvas_ = nullptr;

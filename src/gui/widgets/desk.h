@@ -87,8 +87,8 @@ class Desk {
     bool isOpen(const QWidget* view) const;
     /// Brings an open view to the front and gives it the focus; false when it is not open.
     bool activate(const QString& name);
-    /// Closes the open views of these names.
-    void closeViews(const QStringList& names);
+    /// Closes the open views of these names; false when one refuses.
+    bool closeViews(const QStringList& names);
 
     /// The views of results and of input, which make room for a new task.
     static QStringList resultViews();
