@@ -246,10 +246,14 @@ TEST_F(QuorcalcTells, ANegativeTemperatureIsAWrongCallInEveryCommand) {
 }
 
 TEST_F(QuorcalcTells, ATemperatureThatCannotBeFoundExitsWithOne) {
-    const Words words{"T", "--substance", "Water", "--eos", "6", "--p", "1e-8", "--rho", "900"};
+    const Words words{"T", "--substance", "Water", "--eos", "6", "--p", "1e-30", "--rho", "2000"};
     const Outcome r = call(words);
-    const json found = result(words);
-    EXPECT_EQ(r.exit, found.at("T").is_null() ? 1 : 0) << found.dump();
+    EXPECT_EQ(r.exit, 1);
+    EXPECT_NE(r.err, "");
+    EXPECT_EQ(r.out, "");
+    EXPECT_TRUE(result(words).at("T").is_null());
+    EXPECT_EQ(call({"T", "--substance", "Water", "--eos", "6", "--p", "100", "--rho", "1"}).exit,
+              0);
 }
 
 // -------------------------------------------------------------------------- what was it made with

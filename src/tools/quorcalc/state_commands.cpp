@@ -139,7 +139,8 @@ Json temperature(Call& call, const Arguments& a) {
     set_up(call, a);
     const models::TemperatureResult r =
         models::temperature_from_p_rho(call.session.fluid(), *a.p, *a.rho, false);
-    return {{"status", r.status}, {"T", present(r.T)}};
+    const Json T = present(r.T);
+    return {{"status", T.is_null() ? -1 : r.status}, {"T", T}};
 }
 
 Json saturation(const models::Saturation& r, const char* key, double value) {
