@@ -264,6 +264,8 @@ void MainWindow::followUndo() {
 // ---------------------------------------------------------------------------- children and closing
 
 void MainWindow::addChild(QWidget* view) {
+    // The panel stands above all views and would cover this one.
+    firstSteps_->hide();
     area_->openView(view);
 }
 

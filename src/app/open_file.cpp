@@ -9,7 +9,6 @@
 #include "gui/data/xy_editor.h"
 #include "gui/diagrams/diagram_window.h"
 #include "gui/widgets/settings.h"
-#include "session/commands.h"
 #include "session/measured_data_session.h"
 
 namespace quor::app {
@@ -67,13 +66,7 @@ void openPoints(const Place& place, const std::string& file) {
 }
 
 void openDiagram(const Place& place, const std::string& file) {
-    if (!session::is_enabled(place.desk.session(), session::Command::diagrams)) {
-        dialogs::tell("Load a substance!", "WARNING");
-        return;
-    }
-    gui::diagram_views::openEmpty(place.desk);
-    const OneAnswer answer(file);
-    place.desk.lastUsed<gui::DiagramWindow>()->load();
+    gui::diagram_views::openSaved(place.desk, file);
 }
 
 struct Kind {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "common/constants.h"
 #include "common/numbers.h"
@@ -218,6 +219,57 @@ void sort_points(std::span<MeasuredPoint> points, MeasuredColumn column) {
                      [&](const MeasuredPoint& a, const MeasuredPoint& b) {
                          return sort_key(a, column) < sort_key(b, column);
                      });
+}
+
+namespace {
+
+/// The points of a graph over the active lines, each from `point`, which gives none for a line
+/// without its values.
+template <class PointOf>
+Result<XyGraph> graph_of(const MeasuredData& data, const std::string& needed,
+                         const PointOf& point) {
+    XyGraph graph;
+    for (const MeasuredPoint& set : data.points) {
+        if (set.skip != 0) continue;
+        if (const std::optional<FitPoint> one = point(set)) graph.points.push_back(*one);
+    }
+    if (graph.points.empty()) return Failure{"There is no active line with " + needed + "."};
+    graph.range = range_of_active(graph.points);
+    return graph;
+}
+
+}  // namespace
+
+Result<XyGraph> measured_graph(const MeasuredData& data, int column) {
+    static constexpr std::array<const char*, 5> kNames{"p", "rho(L)", "rho(V)", "delta(LV)h", "cp"};
+    static constexpr std::array<const char*, 5> kUnits{"kPa", "(kg/m^3)", "(kg/m^3)", "(kJ/kmol)",
+                                                       "(kJ/kmol/K)"};
+    const auto chosen = static_cast<std::size_t>(std::clamp(column, 1, 5) - 1);
+    const std::string name = kNames[chosen];
+    Result<XyGraph> graph = graph_of(
+        data, "T and " + name, [column](const MeasuredPoint& set) -> std::optional<FitPoint> {
+            const double y = fit_column_value(set, column);
+            if (set.T == 0 || y == 0) return std::nullopt;
+            return FitPoint{single_or_zero(set.T), single_or_zero(y), 0};
+        });
+    if (!graph) return graph;
+    graph->title = "Experimental points " + name + "(T)";
+    graph->x_title = "T / K";
+    graph->y_title = name + " / " + kUnits[chosen];
+    return graph;
+}
+
+Result<XyGraph> measured_graph_ln(const MeasuredData& data) {
+    Result<XyGraph> graph =
+        graph_of(data, "T and p above 0", [](const MeasuredPoint& set) -> std::optional<FitPoint> {
+            if (!(set.T > 0 && set.p > 0)) return std::nullopt;
+            return FitPoint{single_or_zero(1 / set.T), single_or_zero(std::log(set.p)), 0};
+        });
+    if (!graph) return graph;
+    graph->title = "Experimental points ln{p} = f(1/T)";
+    graph->x_title = "1/ (T/K)";
+    graph->y_title = "ln (p/kPa)";
+    return graph;
 }
 
 double fit_column_value(const MeasuredPoint& set, int column) {

@@ -8,6 +8,7 @@
 
 #include "datafiles/measured_data.h"
 #include "datafiles/table_text.h"
+#include "datafiles/xy_points.h"
 
 /// The table of experimental data without its view: units, cells, lines, order, clipboard.
 namespace quor::datafiles {
@@ -65,6 +66,11 @@ void remove_points(std::vector<MeasuredPoint>& points, int first, int last);
 void toggle_points(std::span<MeasuredPoint> points, int first, int last);
 /// Sorts all lines, ascending; equal ones keep their order.
 void sort_points(std::span<MeasuredPoint> points, MeasuredColumn column);
+
+/// The active lines with a value in a column (1 to 5, as below) as a graph over T, or, for the
+/// vapour pressure, ln p over 1/T. Refused without such a line.
+Result<XyGraph> measured_graph(const MeasuredData& data, int column);
+Result<XyGraph> measured_graph_ln(const MeasuredData& data);
 
 /// The value of a column by the number that the fitting knows: 1 p, 2 rhoL, 3 rhoV, 4 hLV, 5 cp.
 double fit_column_value(const MeasuredPoint& set, int column);

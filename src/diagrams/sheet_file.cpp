@@ -113,13 +113,29 @@ void drop_lost_labels(chart::Chart2D& chart) {
 
 }  // namespace
 
-SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder) {
+std::string proposed_file(const DiagramSheet& sheet, const std::string& substance) {
+    if (!sheet.loaded_file.empty()) return paths::file_title(sheet.loaded_file);
+    std::string title = substance.empty() ? "Diagram" : substance;
+    if (const Diagram* diagram = sheet.request.diagram)
+        title += " " + axis_symbol(diagram->y) + "-" + axis_symbol(diagram->x);
+    return paths::as_title(title) + kExtension;
+}
+
+const models::SubstanceRecord* first_substance(const DiagramSheet& sheet) {
+    for (const SheetCurve& curve : sheet.curves)
+        if (curve.drawn && !curve.basis.fluid.substance().name.empty())
+            return &curve.basis.fluid.substance();
+    return nullptr;
+}
+
+SaveAnswer save_oc2(const DiagramSheet& sheet, const std::string& folder,
+                    const std::string& proposed) {
     const std::optional<std::string> name =
         dialogs::choose_file({.save = true,
                               .title = "Save this 2D-diagram design",
                               .filter = kFilter,
                               .folder = folder,
-                              .name = "*.oc2",
+                              .name = proposed,
                               .default_extension = kExtension,
                               .overwrite_prompt = true});
     if (!name || name->empty()) return {false, folder};
@@ -161,6 +177,12 @@ LoadAnswer load_oc2(DiagramSheet& sheet, const std::string& file) {
     take_loaded_chart(sheet, std::move(loaded));
     sheet.loaded_file = file;
     return {LoadOutcome::Loaded, paths::folder_of(file)};
+}
+
+std::string named_substance(const chart::Chart2D& chart) {
+    const std::string footer = text::replace_all(chart.footer.text, "\n", " ");
+    const std::size_t end = footer.find(", ");
+    return end == std::string::npos ? std::string() : text::trim(footer.substr(0, end));
 }
 
 void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart) {

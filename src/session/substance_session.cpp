@@ -105,24 +105,33 @@ bool has_critical_data(const models::SubstanceRecord& s) {
 
 // ---------------------------------------------------------------------------------- the database
 
-Result<void> open_database(Session& session, const std::string& path) {
+Result<datafiles::Database> read_database(Session& session, const std::string& path) {
     const Failure unusable{"Database " + paths::file_title(path) + " not found or empty resp."};
     if (!session.places().file_exists(path)) return unusable;
     const BusyPointer busy(session);
     Result<datafiles::Database> opened =
         datafiles::Database::open(session.places().find_file(path), session->english);
     if (!opened) return unusable;
+    return opened;
+}
+
+Result<void> open_database(Session& session, const std::string& path) {
+    Result<datafiles::Database> opened = read_database(session, path);
+    if (!opened) return opened.failure();
     session.change()->database = *std::move(opened);
     return {};
 }
 
+std::optional<std::string> choose_database(const Session& session) {
+    return dialogs::choose_file({.title = "Select and load a database",
+                                 .filter = "Database (*.Q05)|*.Q05",
+                                 .folder = (session.places().data_folder() / "").string(),
+                                 .name = session->database_file,
+                                 .default_extension = ".Q05"});
+}
+
 LoadOutcome load_database(Session& session) {
-    const std::optional<std::string> path =
-        dialogs::choose_file({.title = "Select and load a database",
-                              .filter = "Database (*.Q05)|*.Q05",
-                              .folder = (session.places().data_folder() / "").string(),
-                              .name = session->database_file,
-                              .default_extension = ".Q05"});
+    const std::optional<std::string> path = choose_database(session);
     return path ? load_database(session, *path) : LoadOutcome::Cancelled;
 }
 
@@ -141,6 +150,21 @@ LoadOutcome load_database(Session& session, const std::string& path) {
 void add_database_folder(Session& session, const fs::path& folder) {
     if (std::ranges::find(session->database_folders, folder) == session->database_folders.end())
         session.change()->database_folders.push_back(folder);
+}
+
+std::string known_name(Session& session, const std::string& casrn) {
+    const std::string number = text::trim(casrn);
+    const std::optional<datafiles::SynonymHit> known = synonyms(session).find(number);
+    const std::string name = known ? text::trim(text::split(known->line, '_').front()) : "";
+    return name.empty() ? "CASRN " + number : name + " (CASRN " + number + ")";
+}
+
+std::optional<std::int16_t> exact_substance(Session& session, const std::string& search) {
+    if (text::trim(search).empty()) return std::nullopt;
+    const datafiles::Synonyms& known = synonyms(session);
+    const auto place = datafiles::find_substance(session->database, known, search);
+    if (place) return static_cast<std::int16_t>(*place + 1);
+    return datafiles::is_known(known, search) ? std::optional<std::int16_t>(0) : std::nullopt;
 }
 
 std::int16_t find_substance(Session& session, const std::string& search) {

@@ -28,7 +28,8 @@ class SheetFile : public Sheet {
         folder2D = folder().string() + "/";
     }
     bool save() {
-        const diagrams::SaveAnswer answer = diagrams::save_oc2(sheet, folder2D);
+        const diagrams::SaveAnswer answer =
+            diagrams::save_oc2(sheet, folder2D, diagrams::proposed_file(sheet, "Propane"));
         folder2D = answer.folder;
         return answer.saved;
     }
@@ -64,6 +65,7 @@ TEST_F(SheetFile, LoadsWhatItSaved) {
     ASSERT_TRUE(save());
     EXPECT_EQ(user.files[0].title, "Save this 2D-diagram design");
     EXPECT_EQ(user.files[0].filter, "picture file (*.oc2)|*.oc2");
+    EXPECT_EQ(user.files[0].name, "Propane p-v.oc2");
     EXPECT_EQ(folder2D, folder().string() + "/");
 
     open(1);

@@ -1,5 +1,9 @@
+#include <QPushButton>
+#include <cmath>
+
 #include "common/numbers.h"
 #include "gui/calc_view_test.h"
+#include "gui/diagrams/diagram_window.h"
 #include "gui/editor_drive.h"
 #include "gui/widgets/number_edit.h"
 #include "gui/widgets/undo_keys.h"
@@ -555,12 +559,76 @@ TEST_F(MeasuredDataEditorTest, PrintsTheTable) {
 
 // ------------------------------------------------------------------------------ other commands
 
+TEST_F(MeasuredDataEditorTest, EveryButtonWorksOrSaysWhyNot) {
+    openWithData();
+    const auto buttons = drive::get("frmTpvEdit")->findChildren<QPushButton*>();
+    EXPECT_GE(buttons.size(), 14);
+    for (const QPushButton* button : buttons)
+        EXPECT_TRUE(button->isEnabled() || !button->toolTip().isEmpty())
+            << button->objectName().toStdString();
+    // What needs the views of others has them in the program.
+    for (const char* button : {"cmdGraphFunction", "cmdlogGraf", "cmdFitting", "cmdSaveXY"})
+        EXPECT_TRUE(isEnabled(button)) << button;
+    for (const QPushButton* button : buttons) {
+        // The last ones lead away.
+        if (button->objectName() == "cmdClose" || button->objectName() == "cmdFitting") continue;
+        mark(kGrid, 1, 1);
+        user.messages.clear();
+        user.fileAnswers = {std::nullopt};
+        click(button->objectName());
+        for (const dialogs::Message& m : user.messages)
+            EXPECT_NE(m.icon, dialogs::Icon::Stop)
+                << button->objectName().toStdString() << ": " << m.text;
+    }
+    click("cmdFitting");
+    EXPECT_TRUE(isVisible("frmQFitting"));
+}
+
+TEST_F(MeasuredDataEditorTest, ThePointsOfAColumnAreDrawnOverT) {
+    openWithData();
+    mark(kGrid, 2, 2);
+    click("cmdAus");
+    click("optFitFunction_2");
+    click("cmdGraphFunction");
+    auto* view = desk.lastUsed<DiagramWindow>();
+    ASSERT_NE(view, nullptr);
+    EXPECT_TRUE(view->isVisible());
+    const chart::Chart2D& chart = view->sheet().chart;
+    EXPECT_EQ(chart.header.text, "Experimental points rho(L)(T)");
+    EXPECT_EQ(chart.x.title, "T / K");
+    EXPECT_EQ(chart.y.title, "rho(L) / (kg/m^3)");
+    ASSERT_EQ(diagrams::point_set_count(view->sheet()), 1);
+    EXPECT_EQ(chart.points.at(0).x, (std::vector<float>{280, 290}));
+    EXPECT_EQ(chart.points.at(0).y, (std::vector<float>{900, 850}));
+}
+
+TEST_F(MeasuredDataEditorTest, VapourPressuresAreDrawnAsLnPOverInverseT) {
+    openWithData();
+    click("cmdlogGraf");
+    auto* view = desk.lastUsed<DiagramWindow>();
+    ASSERT_NE(view, nullptr);
+    const chart::Chart2D& chart = view->sheet().chart;
+    EXPECT_EQ(chart.x.title, "1/ (T/K)");
+    EXPECT_EQ(chart.y.title, "ln (p/kPa)");
+    ASSERT_EQ(chart.points.at(0).x.size(), 3U);
+    EXPECT_FLOAT_EQ(chart.points.at(0).x[0], static_cast<float>(1.0 / 280));
+    EXPECT_FLOAT_EQ(chart.points.at(0).y[0], static_cast<float>(std::log(300.0)));
+    // Without a value there is nothing to draw, which is said.
+    useData({{0, 280, 0, 0, 900, 0, 0}});
+    drive::settle();
+    user.messages.clear();
+    click("cmdlogGraf");
+    EXPECT_EQ(user.lastText(), "There is no active line with T and p above 0.");
+}
+
 TEST_F(MeasuredDataEditorTest, SendsItsDataToFittingAndGraphsOnceTheseAreThere) {
     const std::array doors{&desk.doors.fit, &desk.doors.drawMeasured, &desk.doors.drawMeasuredLn};
     for (std::function<void()>* door : doors) *door = {};
     openWithData();
-    for (const char* button : {"cmdFitting", "cmdGraphFunction", "cmdlogGraf"})
+    for (const char* button : {"cmdFitting", "cmdGraphFunction", "cmdlogGraf"}) {
         EXPECT_FALSE(isEnabled(button)) << button;
+        EXPECT_FALSE(drive::get(button)->toolTip().isEmpty()) << button;
+    }
     click("cmdClose");
 
     const std::function<void()>* called = nullptr;

@@ -65,8 +65,8 @@ TEST_F(ReferenceStateDialogTest, ADesktopWithADecimalCommaKeeps298Point15) {
         click("OK");
     });
     numbers::set_decimal_mark('.');
-    EXPECT_EQ(session->reference.T0, 298.15);
-    EXPECT_EQ(session->reference.p0, 101.325);
+    EXPECT_EQ(session->reference.T0, 298.15F);
+    EXPECT_EQ(session->reference.p0, 101.325F);
     EXPECT_EQ(session->reference.Tenv, 298.15);
 }
 

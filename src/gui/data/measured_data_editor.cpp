@@ -294,6 +294,7 @@ QGroupBox* MeasuredDataEditor::buildTarget() {
                              const std::function<void()>& door) {
         QPushButton* button = form::button(caption, name);
         button->setEnabled(static_cast<bool>(door));
+        if (!door) button->setToolTip("This program has no view for it");
         connect(button, &QPushButton::clicked, this, [this, &door] { send(door); });
         return button;
     };

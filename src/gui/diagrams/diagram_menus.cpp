@@ -278,16 +278,13 @@ MenuRow DiagramWindow::pictureMenu() {
 
 std::vector<MenuRow> DiagramWindow::drawButtons() {
     const diagrams::Diagram* diagram = sheet_.request.diagram;
-    std::vector<MenuRow> buttons{{.caption = "Draw Curve",
-                                  .name = "cmdDraw",
-                                  .run = [this] { draw(); },
-                                  .enabled =
-                                      [this, diagram] {
-                                          return diagram != nullptr &&
-                                                 session::present_pen(session_).has_fluid();
-                                      },
-                                  .tip = "Draw a curve (Enter)",
-                                  .icon = "graph2d"}};
+    std::vector<MenuRow> buttons{
+        {.caption = "Draw Curve",
+         .name = "cmdDraw",
+         .run = [this] { draw(); },
+         .enabled = [this, diagram] { return diagram != nullptr && hasFluid(); },
+         .tip = "Draw a curve (Enter)",
+         .icon = "graph2d"}};
     if (diagram == nullptr) return buttons;
     const diagrams::DiagramInput input = diagrams::input_of(*diagram);
     const bool asks =
@@ -301,6 +298,12 @@ std::vector<MenuRow> DiagramWindow::drawButtons() {
                                                                           : askParameter();
                                },
                            .tip = "Parameter of the next curve"});
+    if (desk_.doors.chooseSubstance)
+        buttons.push_back({.caption = "Substance ...",
+                           .name = "cmdSubstance",
+                           .run = [this] { chooseSubstance(); },
+                           .enabled = [this] { return !hasFluid(); },
+                           .tip = "Chooses the substance that further curves need"});
     return buttons;
 }
 

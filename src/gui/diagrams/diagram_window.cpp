@@ -9,7 +9,9 @@
 #include <QStatusBar>
 #include <algorithm>
 
+#include "chart/chart_file.h"
 #include "common/dialogs.h"
+#include "datafiles/measured_table.h"
 #include "datafiles/xy_file.h"
 #include "datafiles/xy_points.h"
 #include "diagrams/coordinates.h"
@@ -235,8 +237,15 @@ void DiagramWindow::load() {
     becomeCurrent();
     if (!mayLeave()) return;
     const bool withNote = std::exchange(session_.change()->diagram_note_pending, false);
-    const diagrams::LoadAnswer answer =
-        diagrams::load_oc2(sheet_, session_->folder_diagrams, withNote);
+    take(diagrams::load_oc2(sheet_, session_->folder_diagrams, withNote));
+}
+
+void DiagramWindow::load(const std::string& file) {
+    becomeCurrent();
+    if (mayLeave()) take(diagrams::load_oc2(sheet_, file));
+}
+
+void DiagramWindow::take(const diagrams::LoadAnswer& answer) {
     session_.change()->folder_diagrams = answer.folder;
     switch (answer.outcome) {
         case diagrams::LoadOutcome::Loaded:
@@ -253,8 +262,31 @@ void DiagramWindow::load() {
     unsaved_ = false;
 }
 
+// A diagram from a file may be shown before there is a substance; its curves to come need one.
+void DiagramWindow::chooseSubstance() {
+    becomeCurrent();
+    desk_.doors.chooseSubstance(diagrams::named_substance(sheet_.chart));
+    if (!hasFluid()) return;
+    try {
+        if (const diagrams::Diagram* diagram = sheet_.request.diagram)
+            sheet_.at = diagrams::prepare_diagram(*diagram, session::present_basis(session_),
+                                                  session::present_start(session_))
+                            .start.at;
+    } catch (const std::exception&) {
+        // Without parameters of its own the sheet keeps those that it has: drawing tells the rest.
+    }
+    refresh();
+}
+
+bool DiagramWindow::hasFluid() const {
+    return session::present_pen(session_).has_fluid();
+}
+
 bool DiagramWindow::save() {
-    const auto answer = diagrams::save_oc2(sheet_, session_->folder_diagrams);
+    const models::SubstanceRecord* substance = diagrams::first_substance(sheet_);
+    const std::string proposed = diagrams::proposed_file(
+        sheet_, substance == nullptr ? "" : session::short_name(session_, *substance));
+    const auto answer = diagrams::save_oc2(sheet_, session_->folder_diagrams, proposed);
     session_.change()->folder_diagrams = answer.folder;
     if (answer.saved) unsaved_ = false;
     return answer.saved;
@@ -478,10 +510,9 @@ void openChosen(Desk& desk) {
     if (answer.opens) prepareAndOpen(desk, *diagram);
 }
 
-/// The XY editor's graph gets a diagram of its own, in which nothing is computed.
-void openEditorGraph(Desk& desk) {
+/// Points of an editor get a diagram of their own, in which nothing is computed.
+void openGraph(Desk& desk, const datafiles::XyGraph& graph, const std::string& comment) {
     const session::Session& session = desk.session();
-    const datafiles::XyGraph& graph = session->xy_graph;
     const diagrams::DiagramRequest request = diagrams::request_of_editor_graph(
         {graph.title,
          graph.x_title,
@@ -495,10 +526,15 @@ void openEditorGraph(Desk& desk) {
         y.push_back(point.y);
     }
     if (graph.as_points)
-        diagrams::add_editor_points(view->sheet(), x, y, session->xy.comment);
+        diagrams::add_editor_points(view->sheet(), x, y, comment);
     else
-        diagrams::add_editor_curve(view->sheet(), x, y, session->xy.comment);
+        diagrams::add_editor_curve(view->sheet(), x, y, comment);
     view->refresh();
+}
+
+void openMeasuredGraph(Desk& desk, const Result<datafiles::XyGraph>& graph) {
+    if (graph) return openGraph(desk, *graph, desk.session()->measured.comment);
+    dialogs::tell(graph.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
 }
 
 void calculateProcess(Desk& desk) {
@@ -530,21 +566,37 @@ void openFromMenu(Desk& desk) {
     calculation_views::openPartialChoice(desk, calculation::Task::vaporisationAtT, true);
 }
 
-void openEmpty(Desk& desk) {
+void openSaved(Desk& desk, const std::string& file) {
     const session::Session& session = desk.session();
-    const diagrams::DiagramStart start = session::present_start(session);
-    if (session->diagram == nullptr) {
-        DiagramWindow::openNew(desk, {{}, start}, session::present_pen(session).basis);
+    chart::Chart2D chart;
+    if (const Result<void> read = chart::load_chart(file, chart); !read) {
+        dialogs::tell(read.reason(), dialogs::kNotPossible, dialogs::Icon::Stop);
         return;
     }
-    const diagrams::Basis basis = session::present_basis(session);
-    DiagramWindow::openNew(desk, diagrams::prepare_diagram(*session->diagram, basis, start), basis);
+    diagrams::DiagramRequest request;
+    diagrams::Basis basis;
+    if (const auto known =
+            diagrams::diagram_by_texts(chart.header.text, chart.x.title, chart.y.title)) {
+        request.diagram = known->diagram;
+        request.texts.title = chart.header.text;
+        basis.units.choice = known->units;
+    }
+    DiagramWindow::openNew(desk, {request, session::present_start(session)}, basis)->load(file);
 }
 
 void install(Desk& desk) {
     desk.calculationViews.prepare_diagram = [&desk] { openChosen(desk); };
     desk.calculationViews.open_process_view = [&desk] { calculateProcess(desk); };
-    desk.doors.drawXy = [&desk] { openEditorGraph(desk); };
+    desk.doors.drawXy = [&desk] {
+        openGraph(desk, desk.session()->xy_graph, desk.session()->xy.comment);
+    };
+    desk.doors.drawMeasured = [&desk] {
+        const session::Session& session = desk.session();
+        openMeasuredGraph(desk, datafiles::measured_graph(session->measured, session->fit_column));
+    };
+    desk.doors.drawMeasuredLn = [&desk] {
+        openMeasuredGraph(desk, datafiles::measured_graph_ln(desk.session()->measured));
+    };
 }
 
 }  // namespace diagram_views

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "diagrams/prepare_2d.h"
+#include "diagrams/sheet_file.h"
 #include "diagrams/sheet_marks.h"
 #include "gui/chart/chart2d_widget.h"
 #include "gui/diagrams/chart_window.h"
@@ -34,6 +35,8 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
 
     /// Asks for a saved diagram and shows it.
     void load();
+    /// Shows a known file.
+    void load(const std::string& file);
 
     diagrams::DiagramSheet& sheet() { return sheet_; }
     /// Repaints after a change of the sheet; menus and panel follow.
@@ -88,6 +91,10 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
     void addEditorPoints(bool asCurve);
     void saveCurve();
     bool save();
+    /// Shows what was loaded, or closes after a failure.
+    void take(const diagrams::LoadAnswer& answer);
+    void chooseSubstance();
+    bool hasFluid() const;
     /// Asks about curves and points that are in no file; true when they may go.
     bool mayLeave();
     void copyPicture();
@@ -121,8 +128,8 @@ void install(Desk& desk);
 /// Opens the diagram chosen last in the menu, and the input of its first curve. A diagram that the
 /// present fluid cannot have is refused and said.
 void openFromMenu(Desk& desk);
-/// Opens a diagram for a file: that of the kind chosen last, without a curve.
-void openEmpty(Desk& desk);
+/// Opens a saved diagram. It is shown as it is; its next curve needs a substance.
+void openSaved(Desk& desk, const std::string& file);
 
 }  // namespace diagram_views
 

@@ -19,7 +19,10 @@ namespace quor::gui {
 /// What a view may ask of others. The program hands in functions of real views; where one is
 /// missing, the button that needs it is disabled.
 struct Doors {
-    std::function<void()> chooseReference;   ///< `ReferenceStateDialog`
+    std::function<void()> chooseReference;  ///< `ReferenceStateDialog`
+    /// The choice of a substance, of a database that is asked for where none is open. It begins
+    /// with a name.
+    std::function<void(const std::string& name)> chooseSubstance;
     std::function<void()> editSubstance;     ///< `SubstanceEditorView`, modal
     std::function<void()> showSubstance;     ///< the same, for reading only
     std::function<void()> newMeasuredData;   ///< `MeasuredDataEditor` without data

@@ -60,6 +60,12 @@ void name_inputs(const session::Session& session, const Command& command, Json& 
 
 /// A number, or null for what is not there (0) or not finite.
 Json present(double value);
+Json present(std::optional<double> value);
+/// The number that tells of success (0) or of a solver's failure (-1).
+template <class Outcome>
+int status_of(const Outcome& outcome) {
+    return outcome ? 0 : -1;
+}
 /// A number, or null when it is not finite.
 Json number(double value);
 

@@ -72,6 +72,10 @@ Json present(double value) {
     return value == 0 ? Json() : number(value);
 }
 
+Json present(std::optional<double> value) {
+    return present(value.value_or(0));
+}
+
 Program::Program(const Places& places, PictureDrawer pictures)
     : session_(places), start_(session_.state()), pictures_(std::move(pictures)) {}
 
