@@ -253,7 +253,7 @@ TEST_F(DesktopDialogs, ATextIsPrintedPageByPage) {
 
 TEST_F(DesktopDialogs, ADrawingIsPrintedAboveItsTextAsLines) {
     const auto printed = [this](const std::string& drawing) {
-        const std::string file = (folder() / "drawing.pdf").string();
+        const std::string file = (folder() / (drawing.empty() ? "a.pdf" : "b.pdf")).string();
         drive::when("PrintDialog", [&] {
             drive::get<QLineEdit>("filename")->setText(QString::fromStdString(file));
             drive::get<QDialog>("PrintDialog")->accept();
@@ -270,7 +270,7 @@ TEST_F(DesktopDialogs, ADrawingIsPrintedAboveItsTextAsLines) {
     const std::string with = printed(svg + "</svg>");
     ASSERT_TRUE(without.starts_with("%PDF"));
     ASSERT_TRUE(with.starts_with("%PDF"));
-    EXPECT_GT(with.size(), without.size() + 1000);
+    EXPECT_GT(with.size(), without.size() + 500) << "compressed lines";
     EXPECT_EQ(with.find("/Subtype /Image"), std::string::npos);
 }
 
