@@ -49,7 +49,7 @@ void enableRestoredSession(Session& session, const session::ProjectResult& proje
 void loadProject(Desk& desk, const std::string& file) {
     Session& session = desk.session();
     const auto prepared = session::prepare_project(session, file);
-    if (!prepared) return;
+    if (!prepared || !session::may_leave_substance(session)) return;
     closeResultsAndInput(desk);
     const session::ProjectResult project = session::load_project(session, *prepared);
     enableRestoredSession(session, project);

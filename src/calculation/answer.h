@@ -116,6 +116,7 @@ struct LastState {
     std::array<double, 3> v{};  ///< volume roots, m^3/kmol
     bool has_L = false, has_V = false;
     std::int16_t root_count = 0;
+    Region region = Region::subcritical;
 };
 
 /// Where an equilibrium comes from.

@@ -108,8 +108,13 @@ void add_partial_phases(Work& work, double vV) {
 
 void keep_last_state(Work& work) {
     const Answer& a = work.answer;
-    work.answer.last = {
-        a.T, a.p, work.roots, a.phases.liquid.has_value(), a.phases.vapour.has_value(), a.roots};
+    work.answer.last = {a.T,
+                        a.p,
+                        work.roots,
+                        a.phases.liquid.has_value(),
+                        a.phases.vapour.has_value(),
+                        a.roots,
+                        a.region.value_or(Region::subcritical)};
 }
 
 FunctionPair functions_of(const Work& work, const Phases& phases) {

@@ -12,6 +12,7 @@ namespace quor::chart {
 
 namespace {
 
+constexpr std::size_t kFewestNumbers = 3;
 constexpr int kMaxTicks = 200;
 constexpr std::size_t kMaxMultiples = 2000;
 constexpr int kMaxDecimals = 15;
@@ -141,6 +142,14 @@ Ticks make_linear(const TickRequest& r) {
     while (!scale.fits(ticks) && step < r.max - r.min) {
         step = next_step(step);
         ticks = linear_ticks(r, step);
+    }
+    // A number or two tell no scale, so they may stand closer than is comfortable.
+    for (int tries = 0; tries < 3 && ticks.size() < kFewestNumbers; ++tries) {
+        const double finer = nice_step(step / 2.5);
+        std::vector<Tick> closer = linear_ticks(r, finer);
+        if (!scale.fits(closer)) break;
+        ticks = std::move(closer);
+        step = finer;
     }
     thin_numbers(ticks, step, scale);
     return {std::move(ticks), linear_minor(r, step)};

@@ -7,7 +7,7 @@ Functions silent() {
         .message = [](const Message& m) { return m.default_answer; },
         .input = [](const Input& i) { return std::optional<std::string>(i.proposal); },
         .file = [](const FileChoice&) { return std::optional<std::string>(); },
-        .print = [](const PrintJob&) {},
+        .print = [](const PrintJob&) { return false; },
         .set_clipboard = [](const std::string&) {},
         .clipboard = [] { return std::string(); },
         .pointer = [](bool) {},
@@ -46,8 +46,8 @@ std::optional<std::string> ask_input(const Input& input) {
 std::optional<std::string> choose_file(const FileChoice& choice) {
     return current().file(choice);
 }
-void print_out(const PrintJob& job) {
-    current().print(job);
+bool print_out(const PrintJob& job) {
+    return current().print(job);
 }
 void set_clipboard(const std::string& text) {
     current().set_clipboard(text);

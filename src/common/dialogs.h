@@ -39,8 +39,9 @@ struct FileChoice {
 
 struct PrintJob {
     std::string title{};
-    std::string font{};  ///< fixed-pitch family asked for
-    std::string text{};  ///< whole text, lines separated by '\n'
+    std::string font{};     ///< fixed-pitch family asked for
+    std::string text{};     ///< whole text, lines separated by '\n'
+    std::string drawing{};  ///< SVG, printed above the text; empty for none
 };
 
 /// The functions that stand between the system and its user. No answer (nullopt) is a cancel.
@@ -48,7 +49,7 @@ struct Functions {
     std::function<Answer(const Message&)> message;
     std::function<std::optional<std::string>(const Input&)> input;
     std::function<std::optional<std::string>(const FileChoice&)> file;
-    std::function<void(const PrintJob&)> print;
+    std::function<bool(const PrintJob&)> print;  ///< false when the user cancels
     std::function<void(const std::string&)> set_clipboard;
     std::function<std::string()> clipboard;
     std::function<void(bool busy)> pointer;  ///< true shows the busy pointer
@@ -74,7 +75,8 @@ bool ask(const std::string& text, const std::string& title, Icon icon = Icon::Qu
          bool default_yes = true);
 std::optional<std::string> ask_input(const Input& input);
 std::optional<std::string> choose_file(const FileChoice& choice);
-void print_out(const PrintJob& job);
+/// False when the user cancels.
+bool print_out(const PrintJob& job);
 void set_clipboard(const std::string& text);
 std::string clipboard();
 void beep();

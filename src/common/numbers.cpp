@@ -295,6 +295,9 @@ std::string general(float value) {
 std::string general(double value) {
     return general(value, 15, mark);
 }
+std::string general(double value, int digits) {
+    return general(value, digits, mark);
+}
 std::string general_point(float value) {
     return general(static_cast<double>(value), 7, '.');
 }

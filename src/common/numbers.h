@@ -26,6 +26,8 @@ std::string format_point(double value, std::string_view mask);
 std::string general(float value);
 /// General format with 15 significant digits (64-bit values), locale's decimal mark.
 std::string general(double value);
+/// The same with `digits` significant digits at most, 1 to 17.
+std::string general(double value, int digits);
 /// General formats with a point whatever the locale.
 std::string general_point(float value);
 std::string general_point(double value);

@@ -146,10 +146,6 @@ std::string sub_title_of(const Diagram& row, const Basis& basis, const Validity&
 std::string_view axis_text_of(const Diagram& row, Axis axis, const models::UnitChoice& units) {
     if (row.database == DatabaseFunction::volumeLiquid && axis == Axis::v)
         return kVolumeTexts[liquid_volume_is_specific(units) ? 1 : 0];
-    const bool reduced = units.system == UnitSystem::reduced &&
-                         (row.reduced == ReducedAxes::both ||
-                          row.reduced == (axis == row.x ? ReducedAxes::x : ReducedAxes::y));
-    if (const std::string_view text = reduced_text(axis); reduced && !text.empty()) return text;
     return axis_text(axis, units);
 }
 
@@ -179,6 +175,8 @@ bool shows(const Diagram& diagram, Axis quantity) {
 }
 
 std::string_view axis_text(Axis axis, const models::UnitChoice& units) {
+    const bool reduced = units.system == UnitSystem::reduced;
+    if (const std::string_view text = reduced_text(axis); reduced && !text.empty()) return text;
     const auto system = static_cast<std::size_t>(units.system);
     if (axis == Axis::v) return kVolumeTexts[system];
     if (axis == Axis::pv) return kPvTexts[system];

@@ -104,9 +104,6 @@ enum class DatabaseFunction : std::uint8_t {
     densitySolid,
 };
 
-/// The axes whose texts are others in reduced units.
-enum class ReducedAxes : std::uint8_t { none, x, y, both };
-
 /// A pair of limits in `CoordinateDefaults`.
 struct LimitPair {
     float CoordinateDefaults::*low = nullptr;
@@ -136,7 +133,6 @@ struct Diagram {
     SubTitle sub_title = SubTitle::model;
     std::string_view suffix{};
     Source source = Source::equationOfState;
-    ReducedAxes reduced = ReducedAxes::none;
     Metastable metastable = Metastable::none;
     std::int16_t dome = 0;       ///< code of the coexistence curve that can be added
     std::int16_t inversion = 0;  ///< of the inversion curve
@@ -176,7 +172,7 @@ bool shows_caloric_values(const Diagram& diagram);
 /// True when one of the axes shows a quantity.
 bool shows(const Diagram& diagram, Axis quantity);
 
-/// Text of an axis in units, before the overrides of reduced ones.
+/// Text of an axis in units.
 std::string_view axis_text(Axis axis, const models::UnitChoice& units);
 
 /// What an axis shows, without its unit: "p", "ln(p)".

@@ -44,8 +44,11 @@ void take_loaded_chart(DiagramSheet& sheet, chart::Chart2D chart);
 /// The points of a curve that are shown; empty for a free place.
 CurvePoints shown_points(const DiagramSheet& sheet, int place);
 
-/// The points of a curve as lines of x, y and the parameter, separated by tabs, under a line of
-/// captions; numbers in the locale's form.
+/// What names a curve: its fluid and model, as far as they are known, and its legend text.
+std::string curve_name(const DiagramSheet& sheet, int place);
+
+/// The points of a curve as lines of x, y and the parameter, separated by tabs, under lines with
+/// its name and captions; numbers in the locale's form.
 std::string curve_table(const DiagramSheet& sheet, int place);
 
 }  // namespace quor::diagrams

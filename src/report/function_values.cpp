@@ -20,9 +20,8 @@ enum Place : std::size_t {
     kCpLiquid = 27,
     kHLV = 29,
     kSLV = 30,
-    kDeltaV = 34,
-    kAlphaL = 35,
-    kDeltaL = 38,
+    kDerivativesV = 31,  ///< alpha, chi, beta and delta
+    kDerivativesL = 35,
     kSoundL = 39,
     kSoundV = 40,
     kVirial = 41
@@ -61,30 +60,18 @@ void set_functions(Table& t, const calculation::FunctionPair& pair) {
     set_functions(t, pair.vapour, kVapourNumbers, kSoundV);
 }
 
-/// On the page of functions a stands for u - p v.
-void replace_a(Table& t, const std::optional<calculation::FunctionValues>& phase,
-               std::size_t first) {
-    if (phase)
-        t.set(first + calculation::kA,
-              t.made.units.caloric *
-                  (phase->z[calculation::kU] - t.answer.p * phase->z[calculation::kVolume]));
-}
-
 void set_derivatives(Table& t, const std::optional<calculation::PhaseDerivatives>& phase,
-                     std::size_t joule_thomson) {
+                     std::size_t first) {
     if (!phase) return;
-    t.set(joule_thomson, phase->table.residual[models::JouleThomson]);
-    for (std::size_t i = 0; i < 3; ++i) t.set(kAlphaL + i, phase->mechanical[i]);
+    for (std::size_t i = 0; i < 3; ++i) t.set(first + i, phase->mechanical[i]);
+    t.set(first + 3, phase->table.residual[models::JouleThomson]);
 }
 
 void set_pages(Table& t, const calculation::PageValues& pages) {
-    // The V phase wins the places that both share.
-    set_derivatives(t, pages.liquid, kDeltaL);
-    set_derivatives(t, pages.vapour, kDeltaV);
+    set_derivatives(t, pages.liquid, kDerivativesL);
+    set_derivatives(t, pages.vapour, kDerivativesV);
     if (!pages.functions || pages.functions->failed()) return;
     set_functions(t, *pages.functions);
-    replace_a(t, pages.functions->liquid, kLiquidNumbers);
-    replace_a(t, pages.functions->vapour, kVapourNumbers);
 }
 
 void set_database(Table& t) {

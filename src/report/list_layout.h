@@ -19,14 +19,26 @@ struct PhaseTexts {
     std::string L, V;
 };
 
+/// What a value is and its unit.
+struct Quantity {
+    std::string name, unit;
+};
+/// The parts of a label such as "h/ (kJ/kmol)   = ": "h" and "kJ/kmol".
+Quantity quantity_of(std::string_view label);
+
 /// A line of text without cells.
 ListLine plain_line(std::string text);
 /// A line of text that tells of an error.
 ListLine red_line(std::string text);
 /// A line of `count` equal characters.
 ListLine rule_line(char c, std::size_t count);
-/// A row of the table; a long name runs into the label's place when there is no label.
+/// A row of the table; a long name runs into the label's place when there is no label. The unit of
+/// the values stands in the label.
 ListLine phase_row(std::string_view name, std::string_view label, const PhaseTexts& values);
+/// A row whose cells are named apart from its text.
+ListLine phase_row(std::string_view name, const PhaseTexts& values, const Quantity& quantity);
+/// A line with one value, and its cells.
+ListLine value_line(std::string text, const Quantity& quantity, std::string value);
 /// A label with its sign of equation in a field of 17 characters: "h/ (kJ/kmol)   = ".
 std::string label_field(std::string_view label);
 
@@ -48,6 +60,9 @@ class ListBuilder {
     void row(std::string_view name, std::string_view label, const PhaseTexts& values) {
         lines_.push_back(phase_row(name, label, values));
     }
+    /// A line of one value: the label with its sign of equation, the value, and its unit, which may
+    /// also stand in the label.
+    void value(const std::string& label, const std::string& value, const std::string& unit = "");
     void blank() { lines_.emplace_back(); }
 
     const std::vector<ListLine>& lines() const { return lines_; }

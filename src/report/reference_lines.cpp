@@ -50,6 +50,18 @@ std::vector<std::string> reference_lines(const Made& made, bool exergies, Number
     return lines;
 }
 
+std::vector<HeadLine> head_lines(const Made& made) {
+    const models::SubstanceRecord& s = made.fluid.substance();
+    std::vector<HeadLine> head = {{"Substance", text::trim(s.name + "  " + s.formula)}};
+    for (const std::string& line : reference_lines(made)) {
+        const std::size_t colon = line.find(": ");
+        head.push_back({line.substr(0, colon), line.substr(colon + 2)});
+    }
+    head.push_back(
+        {"Units", text::trim(made.units.v_label) + ", " + caloric_name(made.units.choice.caloric)});
+    return head;
+}
+
 std::string reference_line(const Made& made) {
     std::string all;
     for (const std::string& line : reference_lines(made)) all += (all.empty() ? "" : "; ") + line;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "report/made.h"
+#include "report/report.h"
 
 namespace quor::report {
 
@@ -14,6 +15,8 @@ enum class Numbers { Locale, Point };
 /// of h and s, and with `exergies` a line with the surroundings.
 std::vector<std::string> reference_lines(const Made& made, bool exergies = true,
                                          Numbers numbers = Numbers::Locale);
+/// What every copy of a result begins with: substance, model, reference state and units.
+std::vector<HeadLine> head_lines(const Made& made);
 /// All of it in one line.
 std::string reference_line(const Made& made);
 /// The line with the models alone.

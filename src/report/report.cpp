@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "models/model_tables.h"
+#include "report/reference_lines.h"
 #include "report/teller.h"
 
 namespace quor::report {
@@ -60,21 +61,25 @@ void tell_task(Teller& t) {
     }
 }
 
-const char* region_text(Region region, double p) {
+const char* limits_of(Region region) {
     switch (region) {
         case Region::critical:
-            return "=> critical point (T = T(cr), p = p(cr))";
+            return "(T = T(cr), p = p(cr))";
         case Region::supercritical:
-            return "=> supercritical phase L = V (T > T(cr), p > p(cr))";
+            return "(T > T(cr), p > p(cr))";
         case Region::liquid:
-            return "=> supercritical L-phase (T < T(cr), p > p(cr))";
+            return "(T < T(cr), p > p(cr))";
         case Region::vapour:
-            return p == 0 ? "=> supercritical phase (T > T(cr))"
-                          : "=> supercritical V-phase (T > T(cr), p < p(cr))";
+            return "(T > T(cr), p < p(cr))";
         case Region::subcritical:
             break;
     }
     return "";
+}
+
+std::string region_text(Region region, double p) {
+    if (region == Region::vapour && p == 0) return "=> supercritical phase (T > T(cr))";
+    return std::string("=> ") + region_name(region) + " " + limits_of(region);
 }
 
 /// Captions of the columns and the words on the region.
@@ -95,7 +100,8 @@ void tell_cubic_parameters(Teller& t) {
     t.list.underlined("Paramet. of the generalized cub. EOS (" +
                       text::trim(models::eos_name(t.models().eos)) + "):");
     const auto line = [&](const char* name, double value) {
-        t.list.add(name + text::pad_left(value32(value), kNumberWidth));
+        t.list.add(value_line(name + text::pad_left(value32(value), kNumberWidth),
+                              quantity_of(name), value32(value)));
     };
     line("  A =", s.a);
     line("  B =", s.b);
@@ -106,7 +112,9 @@ void tell_cubic_parameters(Teller& t) {
 void tell_virial_coefficient(Teller& t) {
     t.list.blank();
     t.list.add("Virial coeffizient:");
-    t.list.add("  B =" + text::pad_left(value32(*t.answer.B), kNumberWidth) + " m^3/kmol");
+    const std::string value = value32(*t.answer.B);
+    t.list.add(value_line("  B =" + text::pad_left(value, kNumberWidth) + " m^3/kmol",
+                          {"B", "m^3/kmol"}, value));
 }
 
 void tell_all(Teller& t) {
@@ -127,6 +135,22 @@ std::string lines_so_far(const ListBuilder& list) {
 
 }  // namespace
 
+const char* region_name(Region region) {
+    switch (region) {
+        case Region::critical:
+            return "critical point";
+        case Region::supercritical:
+            return "supercritical phase L = V";
+        case Region::liquid:
+            return "supercritical L-phase";
+        case Region::vapour:
+            return "supercritical V-phase";
+        case Region::subcritical:
+            break;
+    }
+    return "";
+}
+
 std::string state_text(const Answer& a) {
     if (!a.ok() || is_database_function(a.task)) return "   ";
     const bool L = a.phases.liquid.has_value(), V = a.phases.vapour.has_value();
@@ -135,6 +159,7 @@ std::string state_text(const Answer& a) {
 
 Report report(const Made& made, const calculation::Request& request, const Answer& answer) {
     Teller t{.made = made, .request = request, .answer = answer};
+    t.out.head = head_lines(made);
     if (answer.reason == calculation::Reason::arithmetic) {
         t.out.panels_hidden = request.task == Task::process;
         return t.out;

@@ -46,15 +46,15 @@ void mean_functions(Teller& t) {
 
     const double y = t.answer.y;
     const double v = y * t.answer.phases.vapour->v + (1 - y) * t.answer.phases.liquid->v;
-    list.add("Density rho       = " + value32(faults::divide(t.M(), v)) + "  kg/m^3");
-    list.add("Volume  v         = " + value32(v * t.units().v) + "  " +
-             text::trim_right(t.units().v_label));
+    list.value("Density rho       = ", value32(faults::divide(t.M(), v)), "  kg/m^3");
+    list.value("Volume  v         = ", value32(v * t.units().v),
+               "  " + text::trim_right(t.units().v_label));
     if (!caloric) return;
     for (const MeanRow& row : kMeanRows) {
         const double z = y * pair.vapour->z[row.function] + (1 - y) * pair.liquid->z[row.function];
         const char* unit =
             row.per_kelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)") : (molar ? "kJ/kmol" : "kJ/kg");
-        list.add(row.label + value32(z * t.units().caloric) + "  " + unit);
+        list.value(row.label, value32(z * t.units().caloric), std::string("  ") + unit);
     }
 }
 
@@ -95,16 +95,16 @@ void tell_given(Teller& t, double rho) {
 void tell_state(Teller& t) {
     const calculation::Answer& a = t.answer;
     if (a.two_phase && !is_tank(t.request.task))
-        t.list.add(std::string(22, ' ') +
-                   "Vapour fraction y(V) = " + numbers::format(a.y, "0.0#######"));
+        t.list.value(std::string(22, ' ') + "Vapour fraction y(V) = ",
+                     numbers::format(a.y, "0.0#######"));
     if (a.pLV > 0)
         t.out.co1.text =
             "vapour pressure by using CEOS: p(LV )= " + pressure_by_mask(a.pLV, "###0.000", " kPa");
-    if (a.tank) tank_lines(t, *a.tank);
     if (!a.ok()) {
         tell_failure(t);
         return;
     }
+    if (a.tank) tank_lines(t, *a.tank);
     density_lines(t);
     if (a.mixture) mean_functions(t);
     tell_pressure(t, a.p, a.mixture);
@@ -114,7 +114,7 @@ void tell_partial_tank(Teller& t) {
     const calculation::Answer& a = t.answer;
     if (!a.ok()) {
         tell_failure(t);
-        tell_pressure(t, t.failed(Reason::noVapourPressure) ? 0.0 : a.p, false);
+        tell_pressure(t, 0.0, false);
         return;
     }
     tank_lines(t, *a.tank);
@@ -149,11 +149,11 @@ void tank_lines(Teller& t, const calculation::TankContent& c) {
     const double mL = (c.V - c.vapour_volume) * c.rhoL;
     const double mV = c.vapour_volume * c.rhoV;
     ListBuilder& list = t.list;
-    list.add("Vapour fraction y(V) = " + numbers::format(c.y, "0.0#######"));
-    list.add("volume fraction V-phase phi(V),% = " +
-             numbers::format(c.vapour_volume / c.V, "0.0### %"));
-    list.add("Mass fraction = Mole fract. V-Phase y(V),% = " +
-             numbers::format(c.vapour_volume * c.rhoV / c.m * 100.0, "0.0###") + " %");
+    list.value("Vapour fraction y(V) = ", numbers::format(c.y, "0.0#######"));
+    list.value("volume fraction V-phase phi(V),% = ",
+               numbers::format(c.vapour_volume / c.V * 100.0, "0.0###"), " %");
+    list.value("Mass fraction = Mole fract. V-Phase y(V),% = ",
+               numbers::format(c.vapour_volume * c.rhoV / c.m * 100.0, "0.0###"), " %");
     // A value stands only in the column of a phase that exists.
     const auto row = [&](const char* label, double L, double V, const char* mask) {
         list.row(label, "",

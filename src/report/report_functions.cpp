@@ -44,13 +44,9 @@ std::string label_of(const Teller& t, const Row& row) {
 }
 
 std::string value_text(const Teller& t, const std::optional<FunctionValues>& phase,
-                       Function function, TableKind kind) {
+                       Function function) {
     if (!phase || phase->status != kSuccess) return {};
-    const models::Units& units = t.units();
-    if (function == calculation::kA && kind == TableKind::Page)
-        return value32(scaled(units, *phase, calculation::kU) -
-                       units.caloric * t.answer.p * phase->z[calculation::kVolume]);
-    return value32(scaled(units, *phase, function));
+    return value32(scaled(t.units(), *phase, function));
 }
 
 }  // namespace
@@ -61,11 +57,11 @@ double scaled(const models::Units& units, const FunctionValues& values, Function
     return function == calculation::kSound ? z : z * units.caloric;
 }
 
-void function_table(Teller& t, const calculation::FunctionPair& pair, TableKind kind) {
+void function_table(Teller& t, const calculation::FunctionPair& pair) {
     for (const Row& row : kRows)
-        t.list.row(row.name, label_of(t, row),
-                   {value_text(t, pair.liquid, row.function, kind),
-                    value_text(t, pair.vapour, row.function, kind)});
+        t.list.row(
+            row.name, label_of(t, row),
+            {value_text(t, pair.liquid, row.function), value_text(t, pair.vapour, row.function)});
 }
 
 const char* caloric_label(Function function, models::CaloricUnit unit) {
@@ -81,7 +77,7 @@ void tell_functions(Teller& t) {
         return;
     }
     for (std::string& line : reference_lines(t.made)) t.list.add(std::move(line));
-    function_table(t, *t.answer.functions, TableKind::List);
+    function_table(t, *t.answer.functions);
 }
 
 }  // namespace quor::report

@@ -26,12 +26,17 @@ std::string label(int index) {
 
 /// The row of a value of both phases; `of` takes it from a phase.
 template <class Of>
-void value_row(Teller& t, const std::string& name, const char* mask, Of of) {
+void value_row(Teller& t, const std::string& name, const Quantity& quantity, const char* mask,
+               Of of) {
     const auto value = [&](const std::optional<PhaseDerivatives>& d) {
         return d ? numbers::format(faults::finite(of(*d)), mask) : std::string();
     };
-    t.list.row(name, "", {value(t.answer.pages->liquid), value(t.answer.pages->vapour)});
+    t.list.add(
+        phase_row(name, {value(t.answer.pages->liquid), value(t.answer.pages->vapour)}, quantity));
 }
+
+/// Of ln phi*, its derivatives, and the residual functions divided by R.
+constexpr std::array<const char*, 7> kResidualUnits = {"", "1/K", "1/K^2", "", "", "", ""};
 
 void residual_page(Teller& t) {
     ListBuilder& list = t.list;
@@ -42,21 +47,23 @@ void residual_page(Teller& t) {
     for (std::string& line : reference_lines(t.made, false)) list.add(std::move(line));
     list.add(std::string(models::function_label(21)) + " (Joule-Thomson coefficient [K/kPa]):");
     if (t.answer.pages->has_heat_capacity)
-        value_row(t, "", kSigned,
+        value_row(t, "", {"Joule-Thomson coefficient", "K/kPa"}, kSigned,
                   [](const PhaseDerivatives& d) { return d.table.residual[models::JouleThomson]; });
     for (int i = 0; i <= 6; ++i) {
         if (i == 3) list.add("Residual Functions:");
-        value_row(t, label(14 + i), kSigned, [&](const PhaseDerivatives& d) {
-            return d.table.residual[static_cast<std::size_t>(i)];
-        });
+        const auto column = static_cast<std::size_t>(i);
+        value_row(t, label(14 + i),
+                  {text::trim(models::function_label(14 + i)), kResidualUnits[column]}, kSigned,
+                  [&](const PhaseDerivatives& d) { return d.table.residual[column]; });
     }
     list.rule('*', kMechanicalRule);
     list.add(std::string(20, ' ') + "Mechanical Coefficients");
     list.rule('*', kMechanicalRule);
     for (int i = 1; i <= 3; ++i)
-        value_row(t, label(5 + i), "0.0000E+00", [&](const PhaseDerivatives& d) {
-            return d.mechanical[static_cast<std::size_t>(i - 1)];
-        });
+        value_row(t, label(5 + i), quantity_of(label(5 + i)), "0.0000E+00",
+                  [&](const PhaseDerivatives& d) {
+                      return d.mechanical[static_cast<std::size_t>(i - 1)];
+                  });
 }
 
 /// A row of the page of derivatives: its label, and the powers of v that a change to another unit
@@ -66,11 +73,13 @@ struct DerivativeRow {
     bool second;
     std::size_t column;
     int power_of_volume;
+    const char* unit;  ///< '#' stands for that of the volume
 };
 
 constexpr DerivativeRow kDerivativeRows[] = {
-    {0, false, 1, -1}, {1, false, 2, 0}, {2, false, 3, 1}, {3, false, 4, 1}, {4, false, 5, -1},
-    {5, false, 6, 0},  {9, true, 1, -2}, {12, true, 2, 1}, {13, true, 3, -2}};
+    {0, false, 1, -1, "kPa/(#)"},  {1, false, 2, 0, "kPa/K"},  {2, false, 3, 1, "#/kPa"},
+    {3, false, 4, 1, "#/K"},       {4, false, 5, -1, "K/(#)"}, {5, false, 6, 0, "K/kPa"},
+    {9, true, 1, -2, "kPa/(#)^2"}, {12, true, 2, 1, "#/K^2"},  {13, true, 3, -2, "K/(#)^2"}};
 
 bool is_specific(const Teller& t) {
     return t.units().choice.system == models::UnitSystem::specific;
@@ -95,6 +104,11 @@ void inflexion_lines(Teller& t) {
     }
 }
 
+Quantity quantity_of(const DerivativeRow& row, bool specific) {
+    return {text::trim(models::function_label(row.label)),
+            text::replace_all(row.unit, "#", specific ? "m^3/kg" : "m^3/kmol")};
+}
+
 void derivative_page(Teller& t) {
     ListBuilder& list = t.list;
     const double unit = volume_unit(t);
@@ -103,10 +117,12 @@ void derivative_page(Teller& t) {
              (is_specific(t) ? " (specif.)" : " (molar)"));
     list.rule('*', kRule);
     for (const DerivativeRow& row : kDerivativeRows)
-        value_row(t, label(row.label), kSigned, [&](const PhaseDerivatives& d) {
-            const double z = row.second ? d.table.second[row.column] : d.table.first[row.column];
-            return z * std::pow(unit, row.power_of_volume);
-        });
+        value_row(t, label(row.label), quantity_of(row, is_specific(t)), kSigned,
+                  [&](const PhaseDerivatives& d) {
+                      const double z =
+                          row.second ? d.table.second[row.column] : d.table.first[row.column];
+                      return z * std::pow(unit, row.power_of_volume);
+                  });
     inflexion_lines(t);
 }
 
@@ -121,7 +137,7 @@ void function_page(Teller& t) {
         return;
     }
     for (std::string& line : reference_lines(t.made)) list.add(std::move(line));
-    function_table(t, pair, TableKind::Page);
+    function_table(t, pair);
 }
 
 }  // namespace

@@ -18,11 +18,11 @@ constexpr std::size_t kIndent = 12;
 void critical_point_lines(Teller& t) {
     const models::EosParameters& eos = t.fluid().eos();
     t.list.add("Critical point!");
-    t.list.add(" T(cr) = " + numbers::format(t.substance().Tcrit, "####0.00 K"));
-    t.list.add(" p(cr) = " + numbers::format(t.substance().pcrit, "#####.00 kPa"));
+    t.list.value(" T(cr) = ", numbers::format(t.substance().Tcrit, "####0.00"), " K");
+    t.list.value(" p(cr) = ", numbers::format(t.substance().pcrit, "#####.00"), " kPa");
     if (!(eos.vcrit_calculated > constants::kPresent)) return;
-    t.list.add("rho(cr) = " + numbers::format(eos.rhocrit_calculated, "####.0") + " kg/m^3");
-    t.list.add("  v(cr) = " + value32(eos.vcrit_calculated) + " m^3/kmol");
+    t.list.value("rho(cr) = ", numbers::format(eos.rhocrit_calculated, "####.0"), " kg/m^3");
+    t.list.value("  v(cr) = ", value32(eos.vcrit_calculated), " m^3/kmol");
 }
 
 std::string pressure_value(double p) {
@@ -158,25 +158,29 @@ void tell_equilibrium(Teller& t) {
 
 namespace {
 
-/// A column of the list of the process, wide enough for the labels of all units.
-std::string column(const std::string& text) {
+/// A row of the list of the process, in columns wide enough for the labels of all units.
+ListLine in_columns(std::vector<std::string> cells) {
     constexpr std::size_t kWidth = 17;
-    return text::pad_left(text, kWidth);
+    ListLine line;
+    for (const std::string& cell : cells) line.text += text::pad_left(cell, kWidth);
+    line.cells = std::move(cells);
+    return line;
 }
 
-std::string value_column(double value) {
-    return column(std::isfinite(value) ? numbers::general(numbers::to_single(value)) : "");
+std::string value_cell(double value) {
+    return std::isfinite(value) ? value32(value) : "";
 }
 
-std::string process_line(const Teller& t, const calculation::ProcessState& s) {
-    std::string line = value_column(s.T) + value_column(s.p);
-    if (!(s.v > 0)) return line;
-    line += value_column(s.v * t.units().v);
-    if (!s.functions) return line;
-    const models::UnitChoice& choice = t.units().choice;
-    const double factor = models::caloric_factor(choice.caloric, s.T, t.substance());
-    return line + value_column(s.functions->z[calculation::kH] * factor) +
-           value_column(s.functions->z[calculation::kS] * factor);
+ListLine process_line(const Teller& t, const calculation::ProcessState& s) {
+    std::vector<std::string> cells = {value_cell(s.T), value_cell(s.p)};
+    if (s.v > 0) cells.push_back(value_cell(s.v * t.units().v));
+    if (s.v > 0 && s.functions) {
+        const models::UnitChoice& choice = t.units().choice;
+        const double factor = models::caloric_factor(choice.caloric, s.T, t.substance());
+        cells.push_back(value_cell(s.functions->z[calculation::kH] * factor));
+        cells.push_back(value_cell(s.functions->z[calculation::kS] * factor));
+    }
+    return in_columns(std::move(cells));
 }
 
 }  // namespace
@@ -192,9 +196,9 @@ void tell_process(Teller& t) {
     t.list.add("Polytropic process, n = " + numbers::general(process.exponent) +
                ", kappa = " + numbers::general(process.kappa));
     for (std::string& line : reference_lines(t.made)) t.list.add(std::move(line));
-    t.list.add(column("T/K") + column("p/kPa") + column("v/(" + t.units().v_label + ")") +
-               column(text::trim(caloric_label(calculation::kH, unit))) +
-               column(text::trim(caloric_label(calculation::kS, unit))));
+    t.list.add(in_columns({"T/K", "p/kPa", "v/(" + t.units().v_label + ")",
+                           text::trim(caloric_label(calculation::kH, unit)),
+                           text::trim(caloric_label(calculation::kS, unit))}));
     for (const calculation::ProcessState& s : t.answer.process) t.list.add(process_line(t, s));
 }
 

@@ -54,8 +54,8 @@ void compressibility_lines(Teller& t) {
     const models::VaporisationModel method = t.models().vaporisation;
     if (method != VaporisationModel::databaseDensity && method != VaporisationModel::benson) return;
     t.list.add("Following compressibility factors z were used:");
-    t.list.add("z(L) = " + value32(r.zL));
-    t.list.add("z(V) = " + value32(r.zV));
+    t.list.value("z(L) = ", value32(r.zL));
+    t.list.value("z(V) = ", value32(r.zV));
     t.list.add("z(V) by using " + text::trim(models::eos_name(t.models().eos)));
     t.list.add(method == VaporisationModel::benson
                    ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
@@ -77,13 +77,15 @@ void result_lines(Teller& t) {
     t.list.add("Enthalpy of vaporization from " +
                text::trim(models::hlv_name(t.models().vaporisation)));
     t.list.rule('-', kRule);
-    t.list.add(std::string(labels(t).h) + " = " + caloric_number(h));
-    t.list.add(std::string("(enthalpy of vapor. delta(LV)s = delta(LV)h / T: ") + labels(t).s +
-               " = " + caloric_number(h / t.answer.T) + ")");
+    const std::string s = caloric_number(h / t.answer.T);
+    t.list.value(std::string(labels(t).h) + " = ", caloric_number(h));
+    t.list.add(value_line(std::string("(enthalpy of vapor. delta(LV)s = delta(LV)h / T: ") +
+                              labels(t).s + " = " + s + ")",
+                          quantity_of(labels(t).s), s));
     compressibility_lines(t);
     if (const auto& database = t.answer.vaporisation->database)
-        t.list.add(std::string("(cf. function from data base: ") + labels(t).h + " = " +
-                   caloric_number(*database * t.units().caloric));
+        t.list.value(std::string("(cf. function from data base: ") + labels(t).h + " = ",
+                     caloric_number(*database * t.units().caloric));
 }
 
 }  // namespace
@@ -108,9 +110,8 @@ void tell_virial(Teller& t) {
     for (const calculation::VirialValue& one : t.answer.virials) {
         const std::string name = text::pad_right(models::eos_name(one.eos), kNameWidth);
         const std::string value = value32(one.B);
-        t.list.add({name + " {B} = " + text::pad_left(value, kNumberWidth),
-                    false,
-                    {text::trim(name), value}});
+        t.list.add(value_line(name + " {B} = " + text::pad_left(value, kNumberWidth),
+                              {text::trim(name) + " B", "m^3/kmol"}, value));
     }
 }
 
@@ -148,9 +149,9 @@ const FunctionRow& row_of(Task task) {
 }
 
 void density_of_database(Teller& t, const char* label, double rho) {
-    t.list.add(label + value32(rho) + " kg/m^3");
-    t.list.add("v  /m^3/kmol = " + numbers::format(t.M() / rho, "##0.000###"));
-    t.list.add("v  /m^3/kg   = " + numbers::format(1.0 / rho, "##0.000###"));
+    t.list.value(label, value32(rho), " kg/m^3");
+    t.list.value("v  /m^3/kmol = ", numbers::format(t.M() / rho, "##0.000###"));
+    t.list.value("v  /m^3/kg   = ", numbers::format(1.0 / rho, "##0.000###"));
 }
 
 void value_of_database(Teller& t, const char* label, double value) {
@@ -161,15 +162,15 @@ void value_of_database(Teller& t, const char* label, double value) {
             density_of_database(t, label, value);
             break;
         case Task::vaporisationEquation:
-            t.list.add(label + value32(value * t.units().caloric) + kEnergyUnits[unit]);
+            t.list.value(label, value32(value * t.units().caloric), kEnergyUnits[unit]);
             break;
         case Task::idealGasCp:
         case Task::liquidCp:
         case Task::solidCp:
-            t.list.add(label + value32(value * t.units().caloric) + kCapacityUnits[unit]);
+            t.list.value(label, value32(value * t.units().caloric), kCapacityUnits[unit]);
             break;
         default:
-            t.list.add(label + value32(value * static_cast<double>(t.units().p)) + " kPa");
+            t.list.value(label, value32(value * static_cast<double>(t.units().p)), " kPa");
             break;
     }
 }
@@ -187,8 +188,8 @@ void tell_database_function(Teller& t) {
     t.out.co2.text = temperature_text(t.answer.T);
     if (!range.known()) return;
     t.list.add("The function is valid within the following temperature limits:");
-    t.list.add(" T(Lo)/K = " + std::to_string(range.T_low));
-    t.list.add(" T(Hi)/K = " + std::to_string(range.T_high));
+    t.list.value(" T(Lo)/K = ", std::to_string(range.T_low));
+    t.list.value(" T(Hi)/K = ", std::to_string(range.T_high));
 }
 
 }  // namespace quor::report

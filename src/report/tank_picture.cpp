@@ -8,50 +8,76 @@ namespace quor::report {
 
 using calculation::Reason;
 
+namespace {
+
+/// What went wrong, in the place of the pressure.
+const char* error_text(Reason reason) {
+    switch (reason) {
+        case Reason::belowVirial:
+            return " Error: v < B";
+        case Reason::belowCovolume:
+            return " Error: v <= b";
+        case Reason::noVapourPressure:
+            return " Error: no p(LV)";
+        case Reason::noVapourDensity:
+            return " Error: no rho_V";
+        case Reason::noTankLiquidDensity:
+            return " Error: no rho_L";
+        case Reason::noTank:
+            return " Error: no tank";
+        default:
+            return " Error: no state found";
+    }
+}
+
+void tell_error(TankPicture& picture, Reason reason) {
+    picture.error = true;
+    picture.level_text = "Error";
+    picture.p_text = error_text(reason);
+    picture.hint = "cf. help \"Tank\"";
+    // What is denser than its equation allows leaves no room for a V phase.
+    picture.level = reason == Reason::belowCovolume ? 100.0 : 0.0;
+    picture.empty = reason != Reason::belowCovolume;
+}
+
+void tell_content(TankPicture& picture, const TankState& tank) {
+    constexpr double kLargePressure = 10000.0;
+    picture.level = std::clamp(tank.level, 0.0, 100.0);
+    picture.supercritical = tank.T >= tank.Tcrit;
+    picture.level_text =
+        "Filling level " + numbers::format_point(picture.level, "##0.0#") + "vol.-%";
+    picture.lower_text = picture.supercritical ? " supercritical" : "  L-phase";
+    picture.upper_text = picture.supercritical ? "" : "  V-phase";
+    picture.p_text = "p = " + numbers::format(tank.p, tank.p < kLargePressure ? "###0.0## kPa"
+                                                                              : "######0.0# kPa");
+}
+
+}  // namespace
+
 TankState tank_state_of(const TaskResult& result) {
     const calculation::Answer& a = result.answer;
     TankState state{.global = result.request.method.global,
                     .T = static_cast<double>(result.request.tank.T),
                     .Tcrit = result.made.fluid.substance().Tcrit,
-                    .p = static_cast<double>(static_cast<float>(a.p)),
+                    .p = 0,
                     .level = 0,
-                    .end = TankEnd::ok};
-    if (a.tank) state.level = static_cast<double>(static_cast<float>(a.tank->level()));
-    if (a.reason == Reason::belowCovolume && state.global) state.end = TankEnd::belowCovolume;
-    if (a.reason == Reason::noVapourPressure) state.end = TankEnd::noPressure;
-    if (a.reason == Reason::belowVirial) state.end = TankEnd::belowVirial;
+                    .reason = a.reason};
+    if (!a.ok() || !a.tank) return state;
+    state.p = static_cast<double>(static_cast<float>(a.p));
+    state.level = static_cast<double>(static_cast<float>(a.tank->level()));
     return state;
 }
 
 TankPicture describe_tank(const TankState& tank) {
     constexpr double kHalf = 50.0, kLargestMirrored = 99.85, kLargest = 49.8, kSmallest = 1e-6;
-    constexpr double kLargePressure = 10000.0;
     TankPicture picture;
     picture.title =
         tank.global ? "Tank Calculation (global method) " : "Tank Calculation (partial method)";
     picture.caption = "Cylinder shaped tank";
-    picture.error = tank.end == TankEnd::belowVirial;
-    const bool full = tank.end == TankEnd::belowCovolume || tank.end == TankEnd::noPressure;
-    picture.level = full ? 100.0 : std::clamp(tank.level, 0.0, 100.0);
-    picture.supercritical = tank.T >= tank.Tcrit;
-
-    if (picture.error) {
-        picture.level_text = "Error";
-    } else {
-        picture.level_text =
-            "Filling level " + numbers::format_point(picture.level, "##0.0#") + "vol.-%";
-        picture.lower_text = picture.supercritical ? " supercritical" : "  L-phase";
-        picture.upper_text = picture.supercritical ? "" : "  V-phase";
-    }
-
-    const double p = tank.p;
-    if (picture.error) {
-        picture.p_text = " Error: v < B";
-        picture.hint = "cf. help \"Tank\"";
-    } else if (!full) {
-        picture.p_text =
-            "p = " + numbers::format(p, p < kLargePressure ? "###0.0## kPa" : "######0.0# kPa");
-    }
+    if (tank.reason == Reason::none)
+        tell_content(picture, tank);
+    else
+        tell_error(picture, tank.reason);
 
     picture.mirrored = picture.level > kHalf && picture.level <= kLargestMirrored;
     picture.section =

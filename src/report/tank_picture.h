@@ -6,21 +6,13 @@
 
 namespace quor::report {
 
-/// How a tank calculation ended.
-enum class TankEnd {
-    ok,
-    belowCovolume,  ///< the content is denser than the equation of state allows
-    noPressure,     ///< no vapour pressure
-    belowVirial     ///< v at or below B
-};
-
-/// A calculated tank.
+/// A calculated tank; after a failure it has no figures.
 struct TankState {
     bool global = true;
-    double T = 0, Tcrit = 0;  ///< K
-    double p = 0;             ///< kPa
-    double level = 0;         ///< filling level, per cent by volume
-    TankEnd end = TankEnd::ok;
+    double T = 0, Tcrit = 0;                                 ///< K
+    double p = 0;                                            ///< kPa
+    double level = 0;                                        ///< filling level, per cent by volume
+    calculation::Reason reason = calculation::Reason::none;  ///< why there is no result
 };
 /// The tank of a result.
 TankState tank_state_of(const TaskResult& result);
@@ -37,6 +29,7 @@ struct TankPicture {
     std::string upper_text;      ///< in the rest
     bool supercritical = false;  ///< one colour
     bool error = false;          ///< red
+    bool empty = false;          ///< no phase is drawn
     /// The smaller of the two parts for the section of the cylinder, per cent; `mirrored` when that
     /// is the V part.
     double section = 0;

@@ -36,13 +36,8 @@ bool tell_missing(Teller& t);
 /// Lines with density and volume of both phases.
 void density_lines(Teller& t);
 
-/// How the table of functions is made.
-enum class TableKind {
-    List,  ///< the list of the caloric functions
-    Page   ///< the page of u, h, s, g: a is u - p v there
-};
 /// The table of eleven functions with a column for each phase.
-void function_table(Teller& t, const calculation::FunctionPair& pair, TableKind kind);
+void function_table(Teller& t, const calculation::FunctionPair& pair);
 /// Label of a caloric quantity in a caloric unit: "h/ (kJ/kmol) " and the like.
 const char* caloric_label(calculation::Function function, models::CaloricUnit unit);
 

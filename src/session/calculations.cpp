@@ -311,10 +311,11 @@ report::Comparison compare_all_sets(Session& session) {
     return comparison;
 }
 
-void print_result(Session& session, const std::string& title, bool extended) {
-    dialogs::print_out({.title = title,
-                        .font = "COURIER",
-                        .text = report::printed_list(compare_all_sets(session), title, extended)});
+bool print_result(Session& session, const std::string& title, bool extended) {
+    return dialogs::print_out(
+        {.title = title,
+         .font = "COURIER",
+         .text = report::printed_list(compare_all_sets(session), title, extended)});
 }
 
 bool result_file(Session& session, const std::string& name, const std::string& title,
@@ -328,7 +329,8 @@ bool result_file(Session& session, const std::string& name, const std::string& t
 
 bool finish_result_view(Session& session, const report::ResultView& view, report::ListTarget target,
                         bool with_extended, const CalculationViews& views) {
-    if (target == report::ListTarget::Printer) print_result(session, view.title, with_extended);
+    if (target == report::ListTarget::Printer && !print_result(session, view.title, with_extended))
+        return false;
     if (target == report::ListTarget::File) {
         const auto name = dialogs::choose_file({.save = true,
                                                 .title = "Save QUOR result list as ...",
@@ -345,16 +347,11 @@ bool finish_result_view(Session& session, const report::ResultView& view, report
 
 // ---- Iso-calculator ----------------------------------------------------------------------------
 
-std::optional<calculation::ProcessPoint> iso_start(const Session& session, const std::string& T,
-                                                   const std::string& p) {
-    calculation::ProcessPoint start{numbers::val_input(T), numbers::val_input(p)};
-    if (session->batch_mode) {
-        const calculation::Request shown = present_request(session);
-        start = {shown.given.T, shown.given.p};
-    }
-    if (start.T > kPresent || start.p > kPresent) return start;
-    dialogs::refuse("not yet a T|p value available!");
-    return std::nullopt;
+std::optional<calculation::ProcessPoint> iso_start(const Session& session) {
+    const report::TaskResult& shown = session->results.current;
+    if (shown.failed() || !(shown.answer.T > kPresent) || !(shown.answer.p > kPresent))
+        return std::nullopt;
+    return calculation::ProcessPoint{shown.answer.T, shown.answer.p};
 }
 
 report::IsoCalculator open_iso_calculator(const Session& session,

@@ -92,9 +92,9 @@ void set_extended_pages(Session& session, report::ResultView& view, bool functio
 
 /// Calculates every active data set; a message that repeats is shown once.
 report::Comparison compare_all_sets(Session& session);
-/// Calculates, and prints the list or writes it to a file. False, after a message, when the file
-/// could not be written.
-void print_result(Session& session, const std::string& title, bool extended);
+/// Calculates, and prints the list or writes it to a file. False when the user cancelled, or, after
+/// a message, when the file could not be written.
+bool print_result(Session& session, const std::string& title, bool extended);
 bool result_file(Session& session, const std::string& name, const std::string& title,
                  bool extended);
 /// `cmdCalc_OK`: the list of results as asked. False when the user cancelled or the file could not
@@ -104,10 +104,8 @@ bool finish_result_view(Session& session, const report::ResultView& view, report
 
 // ---- Iso-calculator ----------------------------------------------------------------------------
 
-/// `cmdIsoCalc` with the first two fields of the input view: T and p to start from. In batch mode
-/// the present data set stands in. Nothing, after a message, without either.
-std::optional<calculation::ProcessPoint> iso_start(const Session& session, const std::string& T,
-                                                   const std::string& p);
+/// T and p of the state in view, from which the iso-calculator starts; nothing without both.
+std::optional<calculation::ProcessPoint> iso_start(const Session& session);
 /// The iso-calculator over the state at T and p.
 report::IsoCalculator open_iso_calculator(const Session& session,
                                           const calculation::ProcessPoint& start);

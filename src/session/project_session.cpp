@@ -138,6 +138,7 @@ void read_project_substance(Session& session, const std::string& casrn, ProjectR
     if (!read) {
         // No data of an earlier substance stay behind an empty selection.
         now->substance_number = 0;
+        now->applied_unsaved = false;
         substance = {};
         return;
     }

@@ -184,6 +184,7 @@ Result<SubstanceRead> read_substance(Session& session, std::int16_t index) {
     if (!loaded) return loaded.failure();
     const auto now = session.change();
     now->substance = std::move(loaded->record);
+    now->applied_unsaved = false;
     // The equation in use stays where the substance has it.
     models::VapourPressureEquation& equation = now->models.vapour_pressure;
     const auto offered = models::vp_entries(now->substance);
@@ -192,7 +193,27 @@ Result<SubstanceRead> read_substance(Session& session, std::int16_t index) {
     return SubstanceRead{loaded->no_critical_data};
 }
 
+bool may_leave_substance(Session& session) {
+    if (!session->applied_unsaved) return true;
+    switch (dialogs::show({.text = "The parameters applied to " + session->substance.name +
+                                   " live in this session only.\n"
+                                   "Save them in a private database now?",
+                           .title = "WARNING",
+                           .icon = dialogs::Icon::Exclamation,
+                           .buttons = dialogs::Buttons::YesNoCancel,
+                           .default_answer = dialogs::Answer::Yes})) {
+        case dialogs::Answer::Yes:
+            return save_private_database(session);
+        case dialogs::Answer::No:
+            session.change()->applied_unsaved = false;
+            return true;
+        default:
+            return false;
+    }
+}
+
 bool take_substance(Session& session, std::int16_t index) {
+    if (!may_leave_substance(session)) return false;
     const auto now = session.change();
     reset_session(session);
     set_commands(session, {Command::chooseModels}, false);
@@ -242,7 +263,9 @@ bool write_private_database(Session& session, const std::string& path) {
     const std::string bytes = datafiles::private_database_bytes(
         *own, session->substance, session->english, session.places().short_date(),
         older ? *older : std::string());
-    return static_cast<bool>(files::write_whole(target, bytes));
+    if (!files::write_whole(target, bytes)) return false;
+    session.change()->applied_unsaved = false;
+    return true;
 }
 
 // ------------------------------------------------------------------------------------ the editor

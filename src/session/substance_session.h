@@ -57,6 +57,10 @@ Result<SubstanceRead> read_substance(Session& session, std::int16_t index);
 /// be chosen.
 bool take_substance(Session& session, std::int16_t index);
 
+/// Before the active substance or the program is left: asks about parameters of a fit that no file
+/// holds. True when it may be left: there are none, they were saved, or the user gives them up.
+bool may_leave_substance(Session& session);
+
 /// Asks for a name and writes the active substance to a private database of one substance. What
 /// the session does not hold comes from the substance's record in the open database. False when
 /// nothing was written.

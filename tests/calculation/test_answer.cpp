@@ -111,8 +111,8 @@ TEST_F(ReportTest, WordsFollowFromTheAnswerAlone) {
     EXPECT_EQ(r.co1.text, "said by the solver");
     EXPECT_EQ(r.phases, " V ");
     ASSERT_EQ(r.lines.size(), 2U);
-    EXPECT_EQ(r.lines[0].cells[2], "2");
-    EXPECT_EQ(r.lines[1].cells[2], "25");
+    EXPECT_EQ(r.lines[0].cells[3], "2");
+    EXPECT_EQ(r.lines[1].cells[3], "25");
     EXPECT_FALSE(r.diagnosis.enabled);
 }
 

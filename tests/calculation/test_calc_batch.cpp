@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "calc_test.h"
+#include "common/text.h"
 #include "common/numbers.h"
 #include "expected_text.h"
 #include "models/cubic_eos.h"
@@ -240,12 +241,60 @@ TEST_F(CalcBatch, CopiesAsTextAndAsTable) {
     use_input({.T = 300, .p = 100});
     calculate(3);
     const std::string text = report::result_as_text(resultText);
-    EXPECT_EQ(text.substr(0, text.find('\n')), "T = 300.000 K");
+    EXPECT_TRUE(
+        text.starts_with("Substance: Propane  C3H8\n"
+                         "Model: CEOS Peng / Robinson; ideal-gas cp: sinh/cosh equation\n"
+                         "Reference state: h = 0, s = 0, ideal gas at 298.15 K, 101.325 kPa\n"
+                         "Surroundings for exergies: "))
+        << text;
+    EXPECT_NE(text.find("\nUnits: m^3/kmol, kJ/kmol\nT = 300.000 K\np = 100.000 kPa\n"),
+              std::string::npos)
+        << text;
     EXPECT_NE(text.find(report::phase_header(resultText) + "\ndensity "), std::string::npos);
     const std::string table = report::result_as_table(resultText);
-    EXPECT_NE(table.find("\n\tL-Phase\tV-Phase\ndensity          rho/ (kg/m^3)  =\t\t"),
-              std::string::npos)
+    EXPECT_TRUE(table.starts_with("Substance\tPropane  C3H8\nModel\t")) << table;
+    EXPECT_NE(table.find("\nT\tK\t300.000\np\tkPa\t100.000\n"), std::string::npos) << table;
+    EXPECT_NE(table.find("\n\t\tL-Phase\tV-Phase\ndensity rho\tkg/m^3\t\t"), std::string::npos)
         << table;
+}
+
+// Tanks, mean functions, delta(LV)h, functions of the database, parameters of the equation and the
+// process came as text padded with blanks, in one cell.
+TEST_F(CalcBatch, EveryValueOfATableHasACellOfItsOwn) {
+    const auto copied = [&](int code, const calculation::BatchDataSet& set) {
+        use_input(set);
+        calculate(code);
+        return report::result_as_table(resultText);
+    };
+    const auto has = [](const std::string& table, const std::string& cells) {
+        return table.find("\n" + cells) != std::string::npos;
+    };
+    const std::string state = copied(3, {.T = 300, .p = 100});
+    EXPECT_TRUE(has(state, "Volume v\tm^3/kmol\t\t")) << state;
+    for (const char* name : {"A", "B", "C", "D"})
+        EXPECT_TRUE(has(state, std::string(name) + "\t\t")) << state;
+
+    const std::string mixture = copied(1, {.T = 300, .rhoV = 100});
+    EXPECT_TRUE(has(mixture, "Density rho\tkg/m^3\t100")) << mixture;
+    EXPECT_TRUE(has(mixture, "Enthalpy h\tkJ/kmol\t")) << mixture;
+    EXPECT_TRUE(has(mixture, "Vapour fraction y(V)\t\t0.")) << mixture;
+    EXPECT_TRUE(has(mixture, "Vapour pressure p\tkPa\t997.")) << mixture;
+
+    const std::string vaporisation = copied(6, {.T = 300});
+    EXPECT_TRUE(has(vaporisation, "delta(LV)h\tkJ/kmol\t")) << vaporisation;
+    EXPECT_TRUE(has(vaporisation, "(enthalpy of vapor. ") == false) << vaporisation;
+    EXPECT_TRUE(has(vaporisation, "delta(LV)s\tkJ/(kmol K)\t")) << vaporisation;
+
+    tank = {2.0F, 200.0F, 300.0F};
+    const std::string filled = copied(9, {});
+    EXPECT_TRUE(has(filled, "Volume V\tm^3\t")) << filled;
+    EXPECT_TRUE(has(filled, "volume fraction V-phase phi(V),%\t%\t")) << filled;
+
+    for (const std::string& table : {state, mixture, vaporisation, filled})
+        for (const std::string& line : text::lines(table))
+            EXPECT_FALSE(line.find('\t') != std::string::npos && !line.starts_with("Substance") &&
+                         line.find("  ") != std::string::npos)
+                << "blanks in a cell: " << line;
 }
 
 TEST_F(CalcBatch, AVapourOnlyModelHasNoRegion) {

@@ -72,6 +72,22 @@ TEST_F(DiagnosisTest, OneRootIsOneLine) {
     EXPECT_TRUE(d.area_above.empty() && d.area_below.empty());
 }
 
+TEST_F(DiagnosisTest, NamesAStateBeyondTheCriticalPointAsTheResultDoes) {
+    const struct {
+        double T, p;
+        const char* name;
+    } cases[] = {{400, 100, "supercritical V-phase"},
+                 {400, 9000, "supercritical phase L = V"},
+                 {300, 9000, "supercritical L-phase"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const Diagnosis d = of_state(c.T, c.p);
+        EXPECT_EQ(notes(d), (Notes{std::string("(stable, ") + c.name + ")"}));
+        EXPECT_TRUE(d.roots.at(0).stable);
+        EXPECT_TRUE(resultText.co1.text.starts_with(std::string("=> ") + c.name + " ("));
+    }
+}
+
 TEST_F(DiagnosisTest, AreasAreEqual) {
     for (const int eos : Codes{2, 3, 4, 5, 6})
         for (const double T : {260.0, 300.0, 350.0, 366.0}) {

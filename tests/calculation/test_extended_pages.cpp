@@ -80,9 +80,12 @@ TEST_F(ExtendedPages, ResidualFunctionsOfBothPhases) {
 
     EXPECT_DOUBLE_EQ(numbers[38], L.residual[7]);
     EXPECT_DOUBLE_EQ(numbers[34], V.residual[7]);
-    EXPECT_DOUBLE_EQ(numbers[35], V.first[4] / vV) << "the V phase wins";
-    EXPECT_DOUBLE_EQ(numbers[36], -V.first[3] / vV);
-    EXPECT_DOUBLE_EQ(numbers[37], V.first[2] / sat.p);
+    EXPECT_DOUBLE_EQ(numbers[31], V.first[4] / vV);
+    EXPECT_DOUBLE_EQ(numbers[32], -V.first[3] / vV);
+    EXPECT_DOUBLE_EQ(numbers[33], V.first[2] / sat.p);
+    EXPECT_DOUBLE_EQ(numbers[35], L.first[4] / vL);
+    EXPECT_DOUBLE_EQ(numbers[36], -L.first[3] / vL);
+    EXPECT_DOUBLE_EQ(numbers[37], L.first[2] / sat.p);
     EXPECT_DOUBLE_EQ(lastRecord.liquid.extended[0], L.first[1]);
     EXPECT_DOUBLE_EQ(lastRecord.vapour.extended[22], V.residual[8]);
 }
@@ -176,15 +179,41 @@ TEST_F(ExtendedPages, FunctionsOfTheEquilibrium) {
         EXPECT_EQ(page[3], "Model: CEOS Peng / Robinson; ideal-gas cp: sinh/cosh equation");
         EXPECT_EQ(page[7], row("Enthalpy", unit == 1 ? "h/ (kJ/kg)     = " : "h/ (kJ/kmol)   = ",
                                g7(L.h * f), g7(V.h * f)));
-        // On this page a stands for u - p v.
         EXPECT_EQ(page[11],
                   row("Helmholtz Funct.", unit == 1 ? "a/ (kJ/kg)     = " : "a/ (kJ/kmol)   = ",
-                      g7((L.u - sat.p * state.v[0]) * f), g7((V.u - sat.p * state.v[2]) * f)));
-        EXPECT_NEAR(numbers[14], (V.u - sat.p * state.v[2]) * f, 1e-6);
-        EXPECT_NEAR(numbers[24], (L.u - sat.p * state.v[0]) * f, 1e-6);
+                      g7((L.u - 300 * L.s) * f), g7((V.u - 300 * V.s) * f)));
+        EXPECT_NEAR(numbers[14], (V.u - 300 * V.s) * f, 1e-6);
+        EXPECT_NEAR(numbers[24], (L.u - 300 * L.s) * f, 1e-6);
         EXPECT_NEAR(numbers[11], V.s * f, 1e-9);
         EXPECT_NEAR(numbers[39], L.w, 1e-9);
     }
+}
+
+// The coefficients of both phases went to the places of the L phase, where those of V won.
+TEST_F(ExtendedPages, MechanicalCoefficientsOfEachPhaseHaveTheirOwnNumbers) {
+    chosen.pages.residual = true;
+    use_input({.T = 300});
+    calculate(4);
+    const auto& pages = *last.answer.pages;
+    ASSERT_TRUE(pages.liquid && pages.vapour);
+    // By differences of the density along an isobar and an isotherm.
+    const auto v = [&](double T, double p, bool liquid) {
+        const models::StateTP s = models::solve_state_tp(fluid(), T, p);
+        return s.v[liquid ? 0 : static_cast<std::size_t>(s.root_count - 1)];
+    };
+    const double p = last.answer.p, dT = 1e-3, dp = 1e-2;
+    for (const bool liquid : {true, false}) {
+        SCOPED_TRACE(liquid);
+        const std::size_t first = liquid ? 35 : 31;
+        const double v0 = v(300, p, liquid);
+        const double alpha = (v(300 + dT, p, liquid) - v(300 - dT, p, liquid)) / (2 * dT) / v0;
+        const double chi = -(v(300, p + dp, liquid) - v(300, p - dp, liquid)) / (2 * dp) / v0;
+        EXPECT_NEAR(numbers[first] / alpha, 1, 1e-5);
+        EXPECT_NEAR(numbers[first + 1] / chi, 1, 1e-5);
+        // The three coefficients are bound: alpha = p beta chi.
+        EXPECT_NEAR(numbers[first] / (p * numbers[first + 1] * numbers[first + 2]), 1, 1e-9);
+    }
+    EXPECT_GT(numbers[32], 10 * numbers[36]) << "the vapour is the more compressible";
 }
 
 TEST_F(ExtendedPages, WithoutHeatCapacityOnlyTheEquationOfStateSpeaks) {

@@ -229,15 +229,18 @@ TEST_F(ResultViewTest, UnwritableListTellsAndLeavesTheViewOpen) {
 }
 
 TEST_F(ResultViewTest, IsoCalculatorNeedsTAndP) {
-    EXPECT_FALSE(session::iso_start(session, "", "0"));
-    EXPECT_EQ(user.lastText(), "not yet a T|p value available!");
-    EXPECT_EQ(user.lastTitle(), "Execution not possible");
-    const auto typed = session::iso_start(session, "300", "500,5");
+    EXPECT_FALSE(session::iso_start(session));
+    session::calculate(session, report::functions_request(300, 0));
+    EXPECT_FALSE(session::iso_start(session));
+    session::calculate(session, report::functions_request(300, 500.5));
+    const auto typed = session::iso_start(session);
     ASSERT_TRUE(typed);
     EXPECT_DOUBLE_EQ(typed->p, 500.5);
     use_sets({{0, 310, 700}});
     session.change()->calculation.data_set = 1;
-    const auto measured = session::iso_start(session, "", "");
+    session.change()->calculation.task = calculation::Task::state;
+    session::calculate(session, session::present_request(session), 1);
+    const auto measured = session::iso_start(session);
     ASSERT_TRUE(measured);
     EXPECT_DOUBLE_EQ(measured->T, 310);
 }

@@ -16,10 +16,10 @@ using namespace quor;
 
 namespace {
 
+using calculation::Reason;
 using expected::between;
 using expected::fix;
 using expected::row;
-using report::TankEnd;
 
 constexpr auto kVolume = "Volume                   V/m^3  = ";
 constexpr auto kMass = "Mass                      m/kg  = ";
@@ -36,14 +36,18 @@ class Tank : public CalcTest {
     double M() const { return static_cast<double>(substance.M); }
 
     /// Calculates as behind the input of a tank; `level` and `p` are what the picture shows.
-    report::TankEnd fill(int mode, double V, double m, double T) {
+    Reason fill(int mode, double V, double m, double T) {
         chosen.method.global = mode == 9;
         tank = {static_cast<float>(V), static_cast<float>(m), static_cast<float>(T)};
         calculate(mode, report::Tell::all);
         const report::TankState filled = report::tank_state_of(last);
         level = filled.level;
         p = filled.p;
-        return filled.end;
+        return filled.reason;
+    }
+
+    report::TankPicture picture() const {
+        return report::describe_tank(report::tank_state_of(last));
     }
 
     /// The lines of the content, from volumes and masses of both phases.
@@ -154,10 +158,11 @@ TEST_F(Tank, PartialMethodNeedsAnEquilibrium) {
 TEST_F(Tank, WithoutAVapourPressureThereIsAnError) {
     use_models({.vp = "000"});
     use_benson_reference();
-    EXPECT_EQ(fill(10, 1.0, 100.0, 300.0), TankEnd::noPressure);
+    EXPECT_EQ(fill(10, 1.0, 100.0, 300.0), Reason::noVapourPressure);
     EXPECT_EQ(resultText.co2.text, " System pressure p/kPa = (Error)");
     EXPECT_TRUE(resultText.co2.red);
-    EXPECT_DOUBLE_EQ(report::describe_tank(report::tank_state_of(last)).level, 100.0);
+    EXPECT_EQ(picture().level_text, "Error");
+    EXPECT_EQ(picture().p_text, " Error: no p(LV)");
 }
 
 TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
@@ -166,21 +171,35 @@ TEST_F(Tank, WithoutAReferencePointThereIsNoLiquid) {
     EXPECT_TRUE(has_line("Message from Sub CalcBatch" + std::string(25, ' ') + " (no rho_L)"));
 }
 
+// It was drawn as a valid empty tank, with the vapour pressure of the failed state.
+TEST_F(Tank, AFailureShowsNoFigure) {
+    EXPECT_EQ(fill(10, 1.0, 100.0, 300.0), Reason::noTankLiquidDensity);
+    EXPECT_EQ(p, 0);
+    EXPECT_EQ(resultText.co2.text, " System pressure p/kPa = (Error)");
+    EXPECT_TRUE(resultText.co2.red);
+    EXPECT_TRUE(picture().error);
+    EXPECT_TRUE(picture().empty);
+    EXPECT_EQ(picture().level_text, "Error");
+    EXPECT_EQ(picture().p_text, " Error: no rho_L");
+    EXPECT_EQ(picture().lower_text + picture().upper_text, "");
+}
+
 TEST_F(Tank, OverfilledTankOfTheEosIsAnError) {
-    EXPECT_EQ(fill(9, 1.0, 900.0, 300.0), TankEnd::belowCovolume);
-    EXPECT_DOUBLE_EQ(report::describe_tank(report::tank_state_of(last)).level, 100.0);
+    EXPECT_EQ(fill(9, 1.0, 900.0, 300.0), Reason::belowCovolume);
+    EXPECT_DOUBLE_EQ(picture().level, 100.0);
+    EXPECT_EQ(picture().level_text, "Error");
+    EXPECT_EQ(picture().p_text, " Error: v <= b");
 }
 
 TEST_F(Tank, VirialModelBelowBIsAnError) {
     use_models({.eos = 10});
     eos_parameters.b0 = 0.5;
     eos_parameters.nb = 0.0;
-    EXPECT_EQ(fill(9, 1.0, 200.0, 300.0), TankEnd::belowVirial);
-    const report::TankPicture picture = report::describe_tank(report::tank_state_of(last));
-    EXPECT_TRUE(picture.error);
-    EXPECT_EQ(picture.level_text, "Error");
-    EXPECT_EQ(picture.p_text, " Error: v < B");
-    EXPECT_EQ(picture.hint, "cf. help \"Tank\"");
+    EXPECT_EQ(fill(9, 1.0, 200.0, 300.0), Reason::belowVirial);
+    EXPECT_TRUE(picture().error);
+    EXPECT_EQ(picture().level_text, "Error");
+    EXPECT_EQ(picture().p_text, " Error: v < B");
+    EXPECT_EQ(picture().hint, "cf. help \"Tank\"");
 }
 
 TEST_F(Tank, WarnsBelowTheTriplePoint) {

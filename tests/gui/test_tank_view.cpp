@@ -121,9 +121,22 @@ TEST_F(TankViewTest, IsFullWhenTheContentIsDenserThanTheEquationAllows) {
     choose("mnuCalc_15");
     // Peng and Robinson's b of carbon dioxide is 0.0267 m^3/kmol, which is 1650 kg/m^3.
     fill("1", "2000", "280");
-    EXPECT_EQ(report::tank_state_of(session->results.current).end, report::TankEnd::belowCovolume);
-    EXPECT_EQ(read("lblTankLevel"), "Filling level 100.0vol.-%");
+    EXPECT_EQ(session->results.current.answer.reason, calculation::Reason::belowCovolume);
+    EXPECT_EQ(read("lblTankLevel"), "Error");
+    EXPECT_EQ(read("lblTankP"), " Error: v <= b");
     EXPECT_GT(shareOf(TankDrawing::liquidColour()), 99.9);
+}
+
+TEST_F(TankViewTest, AFailedPartialTankIsNotDrawnAsAnEmptyOne) {
+    startProject("Boron trifluoride");
+    drive::when("frmCalcIn", [] { click("OK"); });
+    choose("mnuCalc_16");
+    fill("1", "500", "200");
+    EXPECT_EQ(session->results.current.answer.reason, calculation::Reason::noTankLiquidDensity);
+    EXPECT_EQ(read("lblTankLevel"), "Error");
+    EXPECT_EQ(read("lblTankP"), " Error: no rho_L");
+    EXPECT_LT(shareOf(TankDrawing::liquidColour()), 0.1);
+    EXPECT_LT(shareOf(TankDrawing::vapourColour()), 0.1);
 }
 
 TEST_F(TankViewTest, TellsOfAVolumeBelowTheVirialCoefficient) {
@@ -135,7 +148,7 @@ TEST_F(TankViewTest, TellsOfAVolumeBelowTheVirialCoefficient) {
     session::start_calculation(session, desk.calculationViews);
     // Far above the Boyle temperature B is positive, and the volume is 0.0088 m^3/kmol.
     fill("1", "5000", "2000");
-    EXPECT_EQ(report::tank_state_of(session->results.current).end, report::TankEnd::belowVirial);
+    EXPECT_EQ(session->results.current.answer.reason, calculation::Reason::belowVirial);
     EXPECT_EQ(read("lblTankLevel"), "Error");
     EXPECT_EQ(read("lblTankP"), " Error: v < B");
     EXPECT_TRUE(isVisible("lblTankHint"));

@@ -7,6 +7,7 @@
 #include "common/numbers.h"
 #include "gui/view_test.h"
 #include "gui/widgets/number_edit.h"
+#include "gui/widgets/print_page.h"
 #include "gui/widgets/qt_dialogs.h"
 #include "gui/widgets/theme.h"
 
@@ -230,7 +231,8 @@ TEST_F(DesktopDialogs, ATextIsPrintedPageByPage) {
         printer.setOutputFileName(QString::fromStdString(file));
         std::string text;
         for (int i = 0; i < lines; ++i) text += line + "\n";
-        dialogs::printText(printer, {.title = "List", .font = "COURIER", .text = text});
+        printing::paint(
+            printer, {.title = "List", .text = QString::fromStdString(text), .family = "COURIER"});
         std::ifstream in(file, std::ios::binary);
         const std::string pdf((std::istreambuf_iterator<char>(in)), {});
         EXPECT_TRUE(pdf.starts_with("%PDF"));
@@ -245,7 +247,31 @@ TEST_F(DesktopDialogs, ATextIsPrintedPageByPage) {
     const std::size_t many = pages(500, "T = 300.000 K");
     EXPECT_GE(many, 5U);
     EXPECT_LE(many, 12U);
-    EXPECT_LT(pages(500, std::string(160, 'x')), many) << "long lines are set smaller";
+    // The text of an A4 page is at most 777 points wide when it lies: 160 characters of 8 points.
+    EXPECT_GE(pages(500, std::string(160, 'x')), many) << "long lines turn the paper";
+}
+
+// Of 222 characters a line the right-hand columns were cut off.
+TEST(PrintedPage, NothingOfAWideTableIsCut) {
+    QStringList lines = {"Results", "Substance: Propane", ""};
+    QString head, row;
+    for (int i = 0; i < 17; ++i) {
+        head += QString("head%1").arg(i).rightJustified(13);
+        row += QString("%1.5").arg(1000 + i).rightJustified(13);
+    }
+    lines << QString(221, '=') << head << QString(221, '=') << row << row << ""
+          << "end";
+    const QStringList fitted = printing::fitLines(lines, 100);
+    for (const QString& line : fitted) EXPECT_LE(line.size(), 100) << line.toStdString();
+    const QString all = fitted.join('\n');
+    for (int i = 0; i < 17; ++i) {
+        EXPECT_TRUE(all.contains(QString("head%1").arg(i))) << i;
+        EXPECT_GE(all.count(QString("%1.5").arg(1000 + i)), 2) << i;
+    }
+    EXPECT_EQ(all.count("1000.5"), 6) << "each of three blocks begins with the first column";
+    EXPECT_EQ(fitted.mid(0, 3), lines.mid(0, 3));
+    EXPECT_EQ(fitted.constLast(), "end");
+    EXPECT_EQ(printing::fitLines(lines, 300), lines);
 }
 
 TEST(Theme, EveryPictureIsThere) {

@@ -29,7 +29,11 @@ ScriptedDialogs::ScriptedDialogs() : saved_(dialogs::current()) {
         files.push_back(c);
         return take(fileAnswers).value_or(std::nullopt);
     };
-    f.print = [this](const dialogs::PrintJob& job) { prints.push_back(job); };
+    f.print = [this](const dialogs::PrintJob& job) {
+        if (cancelsPrinting) return false;
+        prints.push_back(job);
+        return true;
+    };
     f.set_clipboard = [this](const std::string& s) { clipboard = s; };
     f.clipboard = [this] { return clipboard; };
     f.pointer = [this](bool busy) { pointer.push_back(busy); };

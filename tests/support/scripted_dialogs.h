@@ -23,6 +23,7 @@ class ScriptedDialogs {
     std::vector<dialogs::Input> inputs;
     std::vector<dialogs::FileChoice> files;
     std::vector<dialogs::PrintJob> prints;
+    bool cancelsPrinting = false;
     std::string clipboard;
     int beeps = 0;
     std::vector<bool> pointer;  ///< every change of the busy pointer

@@ -62,10 +62,7 @@ void openResult(Desk& desk) {
         return;
     }
     ResultCommands commands;
-    commands.openIsoCalculator = [&desk] {
-        const auto [T, p] = typedTp(desk);
-        openIsoCalculator(desk, T, p);
-    };
+    commands.openIsoCalculator = [&desk] { openIsoCalculator(desk); };
     commands.openDiagnosis = [&desk] { openDiagnosis(desk); };
     commands.refreshDiagnosis = [&desk] { refreshDiagnosis(desk); };
     auto* view = new ResultView(desk, std::move(commands));
@@ -148,15 +145,8 @@ bool openPartialChoice(Desk& desk, calculation::Task task, bool forDiagram) {
     return goesOn;
 }
 
-std::pair<std::string, std::string> typedTp(const Desk& desk) {
-    const auto* input = desk.find<DirectInputView>("frmParinput");
-    if (input == nullptr || desk.session()->calculation.input != report::InputKind::state)
-        return {};
-    return {input->fieldText(0), input->fieldText(1)};
-}
-
-void openIsoCalculator(Desk& desk, const std::string& T, const std::string& p) {
-    const auto start = session::iso_start(desk.session(), T, p);
+void openIsoCalculator(Desk& desk) {
+    const auto start = session::iso_start(desk.session());
     if (!start) return;
     auto* view = desk.find<IsoCalculatorView>("frmIsoCalc");
     if (view != nullptr) {

@@ -22,11 +22,7 @@ bool openPartialChoice(Desk& desk, bool forDiagram);
 /// The same for a task that a diagram asks for.
 bool openPartialChoice(Desk& desk, calculation::Task task, bool forDiagram);
 
-/// The first two fields of the input view of a direct calculation, T and p; empty texts when it
-/// asks for something else or is not open.
-std::pair<std::string, std::string> typedTp(const Desk& desk);
-
-void openIsoCalculator(Desk& desk, const std::string& T, const std::string& p);
+void openIsoCalculator(Desk& desk);
 void openDiagnosis(Desk& desk);
 
 /// The result view, when it is open, shows the current result.

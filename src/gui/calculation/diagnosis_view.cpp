@@ -9,6 +9,7 @@
 #include "common/text.h"
 #include "gui/calculation/isotherm_plot.h"
 #include "gui/widgets/form.h"
+#include "gui/widgets/print_page.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "models/model_tables.h"
@@ -72,8 +73,21 @@ DiagnosisView::DiagnosisView(Desk& desk, QWidget* parent)
     layout->addWidget(legend_);
     layout->addSpacing(theme::kGap);
     layout->addLayout(grid);
-    layout->addWidget(close, 0, Qt::AlignRight);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(theme::kGap);
+    buttons->addStretch(1);
+    buttons->addWidget(printButton([this] { print(); }));
+    buttons->addWidget(close);
+    layout->addLayout(buttons);
     open();
+}
+
+void DiagnosisView::print() {
+    const report::Report& told = session_->results.current.report;
+    printing::print(printing::pageWith([this](QPainter& painter) { plot_->paint(painter); },
+                                       plot_->size(), windowTitle(),
+                                       qt(report::head_as_text(told)) + '\n' + form::textOf(this)),
+                    window());
 }
 
 void DiagnosisView::open() {

@@ -21,6 +21,8 @@ class DiagnosisView : public ChildView {
     void open();
 
   private:
+    void print();
+
     /// A row of the roots: "v(1) =", its value and what it stands for.
     struct Row {
         QLabel* caption = nullptr;

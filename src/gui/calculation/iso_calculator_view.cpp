@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "common/dialogs.h"
 #include "common/numbers.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
@@ -170,12 +171,17 @@ QLayout* IsoCalculatorView::buildButtons() {
     connect(curve, &QPushButton::clicked, this, [this] { desk_.doors.editXy(); });
     QPushButton* page = form::button("Help", "cmdIsoHelp");
     desk_.connectHelp(page, help::kIsoCalculator);
+    QPushButton* print = printButton([this] {
+        dialogs::print_out({.title = windowTitle().toStdString(),
+                            .text = report::head_as_text(iso_.last().report) + '\n' +
+                                    form::textOf(this).toStdString()});
+    });
     QPushButton* close = form::button("Close", "cmdEsc");
     connect(close, &QPushButton::clicked, this, &ChildView::closeView);
 
     auto* row = new QHBoxLayout;
     row->setSpacing(theme::kGap);
-    for (QPushButton* one : {curve, page}) row->addWidget(one);
+    for (QPushButton* one : {curve, print, page}) row->addWidget(one);
     row->addStretch(1);
     for (QPushButton* one : {calc, reset, close}) row->addWidget(one);
     return row;

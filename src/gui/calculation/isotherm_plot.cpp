@@ -217,6 +217,10 @@ void IsothermPlot::paintRoots(QPainter& painter) const {
 
 void IsothermPlot::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    paint(painter);
+}
+
+void IsothermPlot::paint(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), palette().color(QPalette::Base));
     if (diagnosis_.isotherm.empty() || diagnosis_.roots.empty()) {

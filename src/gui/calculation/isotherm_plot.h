@@ -16,6 +16,9 @@ class IsothermPlot : public QWidget {
 
     void showDiagnosis(const report::Diagnosis& diagnosis);
 
+    /// Paints the plot in the size of the widget.
+    void paint(QPainter& painter) const;
+
     /// True when the volume axis is logarithmic: where the V volume is far from the L volume.
     bool isLogarithmic() const;
     /// The place of a point of the isotherm in the widget.

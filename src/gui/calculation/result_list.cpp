@@ -21,21 +21,7 @@ namespace {
 
 constexpr int kLinesShown = 18, kSpareCharacters = 6;
 constexpr int kLiquidColumn = 0, kSameColumn = 1, kVapourColumn = 2;  // of the captions
-constexpr std::size_t kCellsOfPhaseRow = 3;                           // label, L, V
 constexpr auto kRedSign = "! ";
-
-std::string asTable(const report::ListLine& line) {
-    if (line.cells.empty()) return line.text;
-    std::string row;
-    for (const std::string& cell : line.cells)
-        row += (&cell == &line.cells.front() ? "" : "\t") + cell;
-    return row;
-}
-
-bool hasPhaseColumns(const report::Report& result) {
-    return std::any_of(result.lines.begin(), result.lines.end(),
-                       [](const auto& line) { return line.cells.size() == kCellsOfPhaseRow; });
-}
 
 }  // namespace
 
@@ -83,11 +69,8 @@ void ResultList::copyTable() {
     const auto lineAt = [&](int position) {
         return static_cast<std::size_t>(document()->findBlock(position).blockNumber());
     };
-    std::string table;
-    for (std::size_t i = lineAt(cursor.selectionStart());
-         i <= lineAt(cursor.selectionEnd()) && i < report_.lines.size(); ++i)
-        table += asTable(report_.lines[i]) + "\n";
-    dialogs::set_clipboard(table);
+    dialogs::set_clipboard(report::lines_as_table(report_, lineAt(cursor.selectionStart()),
+                                                  lineAt(cursor.selectionEnd())));
     Q_EMIT copied("Selection copied as table");
 }
 
@@ -161,7 +144,7 @@ PhaseHead::PhaseHead(ResultList* list, QWidget* parent) : QWidget(parent), list_
 }
 
 void PhaseHead::showCaptions(const report::Report& result) {
-    const bool columns = hasPhaseColumns(result);
+    const bool columns = report::has_phase_columns(result);
     liquid_->setText(qt(result.caption_L));
     vapour_->setText(qt(result.caption_V));
     liquid_->setVisible(columns);

@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "common/dialogs.h"
 #include "gui/calculation/result_list.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/qt_text.h"
@@ -202,9 +203,8 @@ QWidget* ResultView::buildProtocol() {
     inFrame->setContentsMargins(0, theme::kGap, 0, 0);
     inFrame->addWidget(separator_);
 
-    QPushButton* write = form::button("Write", "cmdProtokoll");
-    write->setToolTip("Adds this result to the protocol");
-    connect(write, &QPushButton::clicked, this, &ResultView::writeProtocol);
+    write_ = form::button("Write", "cmdProtokoll");
+    connect(write_, &QPushButton::clicked, this, &ResultView::writeProtocol);
     openNew_ = form::button("Close file / Open new file", "cmdOpenNew");
     connect(openNew_, &QPushButton::clicked, this, &ResultView::newProtocol);
     auto* file = form::named(new QLabel("File:"), "lblFile");
@@ -213,7 +213,7 @@ QWidget* ResultView::buildProtocol() {
 
     auto* commands = new QHBoxLayout;
     commands->setSpacing(theme::kGap);
-    commands->addWidget(write);
+    commands->addWidget(write_);
     commands->addWidget(openNew_);
     auto* name = new QHBoxLayout;
     name->setSpacing(theme::kGap);
@@ -246,6 +246,10 @@ QLayout* ResultView::buildButtons() {
     table->setToolTip(
         "Copies the selection, or the whole result, for a spreadsheet (Ctrl+Shift+C)");
     connect(table, &QPushButton::clicked, list_, &ResultList::copyTable);
+    QPushButton* print = printButton([this] {
+        dialogs::print_out({.title = windowTitle().toStdString(),
+                            .text = report::result_as_text(session_->results.current.report)});
+    });
     ok_ = form::button("=>Load", "cmdCalc_OK");
     connect(ok_, &QPushButton::clicked, this, &ResultView::finish);
 
@@ -253,7 +257,7 @@ QLayout* ResultView::buildButtons() {
     row->setSpacing(theme::kGap);
     for (QPushButton* one : {iso_, diagnose_, curve}) row->addWidget(one);
     row->addStretch(1);
-    for (QPushButton* one : {text, table, ok_}) row->addWidget(one);
+    for (QPushButton* one : {text, table, print, ok_}) row->addWidget(one);
     return row;
 }
 
@@ -297,6 +301,13 @@ void ResultView::follow() {
     if (!view_.function_print_enabled) funcPrint_->setChecked(false);
     protocol_->setVisible(panels && view_.protocol_visible);
     iso_->setVisible(panels);
+    const bool has_state = session::iso_start(session_).has_value();
+    iso_->setEnabled(has_state);
+    iso_->setToolTip(has_state ? "Another state on a line of constant h, s, v ... from this one"
+                               : "not yet a T|p value available!");
+    write_->setEnabled(!result.failed());
+    write_->setToolTip(result.failed() ? "There is no result to write"
+                                       : "Adds this result to the protocol");
 
     const report::ButtonState& diagnosis = result.report.diagnosis;
     diagnose_->setEnabled(diagnosis.enabled);

@@ -87,6 +87,7 @@ class ResultView : public ChildView, public FollowsSession {
     QCheckBox* funcPrint_ = nullptr;
     QGroupBox* protocol_ = nullptr;
     QComboBox* separator_ = nullptr;
+    QPushButton* write_ = nullptr;
     QPushButton* openNew_ = nullptr;
     QLabel* protocolName_ = nullptr;
     QPushButton* iso_ = nullptr;

@@ -117,10 +117,16 @@ void TankDrawing::paintLiquid(QPainter& painter) const {
 
 void TankDrawing::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    paint(painter);
+}
+
+void TankDrawing::paint(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF end = section();
-    const QColor vapour = picture_.supercritical ? supercriticalColour() : vapourColour();
-    const bool parts = !picture_.supercritical && !picture_.error;
+    const QColor vapour = picture_.empty           ? palette().color(QPalette::Window)
+                          : picture_.supercritical ? supercriticalColour()
+                                                   : vapourColour();
+    const bool parts = !picture_.supercritical && !picture_.empty;
 
     const QPainterPath body = sweptCircle(end, depth());
     painter.fillPath(body, vapour.darker(kDarker));

@@ -16,6 +16,9 @@ class TankDrawing : public QWidget {
 
     void showPicture(const report::TankPicture& picture);
 
+    /// Paints the tank in the size of the widget.
+    void paint(QPainter& painter) const;
+
     /// The circle of the front section, in the coordinates of the widget.
     QRectF section() const;
 

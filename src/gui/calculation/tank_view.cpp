@@ -11,6 +11,7 @@
 #include "gui/calculation/tank_drawing.h"
 #include "gui/widgets/form.h"
 #include "gui/widgets/help_topics.h"
+#include "gui/widgets/print_page.h"
 #include "gui/widgets/qt_text.h"
 #include "gui/widgets/theme.h"
 #include "report/tank_picture.h"
@@ -52,6 +53,7 @@ TankView::TankView(Desk& desk, QWidget* parent) : ChildView(desk, "frmKessel", p
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(theme::kGap);
     buttons->addWidget(helpPage);
+    buttons->addWidget(printButton([this] { print(); }));
     buttons->addStretch(1);
     buttons->addWidget(close);
     auto* layout = new QVBoxLayout(this);
@@ -96,6 +98,14 @@ QWidget* TankView::buildLegend() {
     grid->setRowStretch(row, 1);
     grid->setColumnStretch(1, 1);
     return legend;
+}
+
+void TankView::print() {
+    const report::Report& told = session_->results.current.report;
+    printing::print(printing::pageWith([this](QPainter& painter) { drawing_->paint(painter); },
+                                       drawing_->size(), windowTitle(),
+                                       qt(report::head_as_text(told)) + '\n' + form::textOf(this)),
+                    window());
 }
 
 void TankView::open() {

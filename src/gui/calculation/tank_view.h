@@ -21,6 +21,7 @@ class TankView : public ChildView {
 
   private:
     QWidget* buildLegend();
+    void print();
 
     QGroupBox* frame_ = nullptr;
     TankDrawing* drawing_ = nullptr;

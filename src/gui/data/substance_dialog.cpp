@@ -258,7 +258,7 @@ void SubstanceDialog::take() {
         return;
     }
     selectEntry(found);
-    kept_.reset();
+    restoreKept();
     if (session::take_substance(session_, found)) accept();
 }
 
@@ -266,17 +266,24 @@ void SubstanceDialog::showData() {
     const std::int16_t found = wantedEntry();
     if (found == 0) return;
     selectEntry(found);
-    if (!kept_) kept_ = Kept{session_->substance, session_->models.vapour_pressure};
+    if (!kept_)
+        kept_ =
+            Kept{session_->substance, session_->models.vapour_pressure, session_->applied_unsaved};
     if (session::read_substance(session_, found)) desk_.doors.showSubstance();
+}
+
+void SubstanceDialog::restoreKept() {
+    if (!kept_) return;
+    const auto now = session_.change();
+    now->substance = kept_->substance;
+    now->models.vapour_pressure = kept_->equation;
+    now->applied_unsaved = kept_->applied_unsaved;
+    kept_.reset();
 }
 
 // Leaving without a choice leaves the session's substance as it was, also after a look at another.
 void SubstanceDialog::reject() {
-    if (kept_) {
-        const auto now = session_.change();
-        now->substance = kept_->substance;
-        now->models.vapour_pressure = kept_->equation;
-    }
+    restoreKept();
     QDialog::reject();
 }
 

@@ -73,7 +73,10 @@ class SubstanceDialog : public QDialog {
     struct Kept {
         models::SubstanceRecord substance;
         models::VapourPressureEquation equation;
+        bool applied_unsaved;
     };
+    /// The session's substance as it was before others were looked at.
+    void restoreKept();
     std::optional<Kept> kept_;
     std::int16_t present_ = 0;  ///< entry that was selected last
 };

@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QStatusBar>
+#include <algorithm>
 
 #include "chart/chart_file.h"
 #include "common/dialogs.h"
@@ -95,7 +97,7 @@ void DiagramWindow::keepChoice() {
 
 void DiagramWindow::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter || sheet_.swapped_axes) return QMainWindow::keyPressEvent(event);
+    if (!enter) return QMainWindow::keyPressEvent(event);
     draw();
 }
 
@@ -189,11 +191,20 @@ void DiagramWindow::drawProcessLine(const diagrams::ProcessLine& line) {
         if (outcome.last) now->process_line.last = *outcome.last;
     }
     if (outcome.place >= 0) {
+        const diagrams::Upright upright(sheet_);
         const auto& curve = sheet_.chart.curves[static_cast<std::size_t>(outcome.place)];
         const std::string note =
             diagrams::one_point_note(*sheet_.request.diagram, curve.x, curve.y);
         if (!note.empty()) dialogs::tell(note, "Note");
     }
+    const bool isoline =
+        line.kind == diagrams::ProcessKind::polytropic && line.polytropic_points.empty();
+    if (outcome.place >= 0 && isoline &&
+        std::exchange(session_.change()->isoline_note_pending, false))
+        dialogs::tell(
+            "The program for polytropic processes is not there:\n"
+            "the line p v^n = const of the real gas is drawn\nby the equation of state instead.",
+            "Note", dialogs::Icon::Information);
     refresh();
 }
 
@@ -294,9 +305,32 @@ void DiagramWindow::closeEvent(QCloseEvent* event) {
     ChartWindow::closeEvent(event);
 }
 
+int DiagramWindow::chooseCurve(const QString& title) {
+    QStringList names;
+    std::vector<int> places;
+    for (int place = 0; place < static_cast<int>(sheet_.curves.size()); ++place) {
+        if (!diagrams::is_drawn(sheet_, place)) continue;
+        names << QString("%1: %2").arg(place + 1).arg(qt(diagrams::curve_name(sheet_, place)));
+        places.push_back(place);
+    }
+    if (places.size() < 2) return places.empty() ? -1 : places.front();
+    QInputDialog box(desk_.frameWindow());
+    box.setObjectName("frmChooseCurve");
+    box.setWindowTitle(title);
+    box.setLabelText("Curve:");
+    box.setComboBoxItems(names);
+    const auto used = std::find(places.begin(), places.end(), curveInUse());
+    if (used != places.end())
+        box.setTextValue(names[static_cast<qsizetype>(used - places.begin())]);
+    if (desk_.openModal(box) != QDialog::Accepted) return -1;
+    const qsizetype chosen = names.indexOf(box.textValue());
+    return chosen < 0 ? -1 : places[static_cast<std::size_t>(chosen)];
+}
+
 void DiagramWindow::saveCurve() {
     std::vector<datafiles::FitPoint> points;
-    for (const diagrams::CurvePoint& point : diagrams::shown_points(sheet_, curveInUse()))
+    const int place = chooseCurve("Save curve as .XY");
+    for (const diagrams::CurvePoint& point : diagrams::shown_points(sheet_, place))
         points.push_back({point.x, point.y, 0});
     if (!points.empty()) session::save_curve_as_xy(session_, points);
 }
@@ -307,7 +341,6 @@ void DiagramWindow::refresh() {
     if (diagrams::differs(shown_, sheet_)) unsaved_ = true;
     paintSheet();
     panel_->follow();
-    canvas_->setZoomEnabled(!sheet_.swapped_axes);
     followSession();
     followMenus();
 }
@@ -321,10 +354,8 @@ void DiagramWindow::followSession() {
                                        : qt(fluid));
     QString parameter;
     try {
-        if (!sheet_.swapped_axes)
-            parameter = qt(diagrams::shown_parameter(sheet_.request.section(),
-                                                     diagrams::in_units_of(sheet_, pen.basis).units,
-                                                     sheet_.at));
+        parameter = qt(diagrams::shown_parameter(
+            sheet_.request.section(), diagrams::in_units_of(sheet_, pen.basis).units, sheet_.at));
     } catch (const std::exception&) {
         // The present fluid cannot be shown in the units of the sheet: drawing tells why.
     }
@@ -343,6 +374,7 @@ void DiagramWindow::rememberDesign(const QString& what) {
     const bool other = what.isEmpty() || what != designed_;
     designed_ = what;
     if (other && !sheet_.undo.empty()) sheet_.undo.back().is_design = false;
+    diagrams::follow_colours(sheet_, shown_.chart);
     diagrams::remember_design(sheet_, shown_, "Design");
 }
 

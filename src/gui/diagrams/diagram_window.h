@@ -102,6 +102,8 @@ class DiagramWindow : public ChartWindow, public FollowsSession, public Undoable
     void printPicture();
     void copyTable();
     int curveInUse() const;
+    /// The place of the only curve, or of the one that the user chooses; -1 when there is none.
+    int chooseCurve(const QString& title);
     void abortWhenEmpty();
     void showCaption(const QString& file = {});
 

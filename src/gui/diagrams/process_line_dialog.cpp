@@ -169,6 +169,8 @@ QWidget* ProcessLineDialog::buildFields() {
         grid->addWidget(par_[i], i / 2, 2 * (i % 2) + 1);
         connect(par_[i], &QLineEdit::textEdited, this, [this] { state_->clear(); });
     }
+    if (isPolytropic())
+        connect(par_[0], &QLineEdit::textChanged, this, &ProcessLineDialog::offerKappa);
     continue_ = form::named(new QCheckBox("Specif. for initial point = final point of last curve"),
                             "chkEndToBegin");
     continue_->setToolTip("... useful for continuated curves, e. g. for cyclic processes ");
@@ -230,6 +232,7 @@ void ProcessLineDialog::showStart() {
 
 /// The offers belong to the temperature of the start.
 void ProcessLineDialog::offerKappa() {
+    if (kappa_ == nullptr) return;
     const QString typed = kappa_->currentText();
     kappa_->clear();
     for (const diagrams::KappaOffer& offer :
@@ -283,7 +286,7 @@ diagrams::ProcessInput ProcessLineDialog::input() const {
     in.ideal_gas_equation = chosen(eos_, kIdealGas);
     in.end_to_begin = continue_->isChecked();
     if (isPolytropic()) {
-        in.kappa = numbers::val(kappa_->currentText().toStdString());
+        in.kappa = numbers::val_input(kappa_->currentText().toStdString());
         in.exponent = numberIn(exponent_);
     }
     // The fields show fewer digits than the last point has.
@@ -302,6 +305,11 @@ void ProcessLineDialog::tellStart() {
 bool ProcessLineDialog::runProgram() {
     using Code = diagrams::PolytropicCode;
     Code code = Code::kDone;
+    // A line can be drawn by the equation of state instead; who draws it says so.
+    if (task_.purpose == Purpose::Line && !task_.places.file_exists(diagrams::kPolytropicProgram)) {
+        task_.line.polytropic_points.clear();
+        return true;
+    }
     {
         const PatientWait wait(runner_.limit, this);
         diagrams::PolytropicRunner runner = runner_;
@@ -319,9 +327,8 @@ bool ProcessLineDialog::runProgram() {
     switch (code) {
         case Code::kDone:
             return true;
-        case Code::kMissingProgram:  // told; a line can still be drawn by the equation of state
-            return task_.purpose == Purpose::Line;
-        case Code::kNotWritten:  // told
+        case Code::kMissingProgram:  // told
+        case Code::kNotWritten:      // told
             return false;
         case Code::kGivenUp:
             state_->setText("given up");

@@ -5,6 +5,10 @@
 #include <QMdiSubWindow>
 #include <QPushButton>
 #include <algorithm>
+#include <utility>
+
+#include "gui/widgets/form.h"
+#include "gui/widgets/theme.h"
 
 namespace quor::gui {
 
@@ -26,7 +30,20 @@ void ChildView::setDefaultButton(QPushButton* button) {
     if (default_ != nullptr) default_->setDefault(true);
 }
 
+QPushButton* ChildView::printButton(std::function<void()> print) {
+    print_ = std::move(print);
+    QPushButton* button = form::button("Print", "cmdPrint");
+    button->setIcon(theme::icon("print"));
+    button->setToolTip("Prints what the view shows, to a printer or a PDF file (Ctrl+P)");
+    connect(button, &QPushButton::clicked, this, [this] { print_(); });
+    return button;
+}
+
 void ChildView::keyPressEvent(QKeyEvent* event) {
+    if (print_ && event->matches(QKeySequence::Print)) {
+        print_();
+        return;
+    }
     switch (event->key()) {
         case Qt::Key_Escape:
             cancel();

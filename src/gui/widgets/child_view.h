@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 #include "gui/widgets/desk.h"
 
@@ -29,6 +30,9 @@ class ChildView : public QWidget {
     /// The button that Enter presses; nullptr for none.
     void setDefaultButton(QPushButton* button);
 
+    /// A button that prints the view, which Ctrl+P also does.
+    QPushButton* printButton(std::function<void()> print);
+
     /// What Escape does; closes the view unless the view has something else to do.
     virtual void cancel() { closeView(); }
 
@@ -45,6 +49,7 @@ class ChildView : public QWidget {
 
   private:
     QPushButton* default_ = nullptr;
+    std::function<void()> print_;
     bool hugs_ = false;
 };
 

@@ -6,14 +6,12 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <algorithm>
+#include <QSvgRenderer>
 
 #include "common/text.h"
+#include "gui/widgets/print_page.h"
 #include "gui/widgets/qt_text.h"
 
 namespace quor::dialogs {
@@ -167,13 +165,17 @@ std::optional<std::string> file(const FileChoice& c) {
     return QDir::toNativeSeparators(box.selectedFiles().constFirst()).toStdString();
 }
 
-void print(const PrintJob& job) {
+bool print(const PrintJob& job) {
     const PlainPointer plain;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(qt(job.title));
-    QPrintDialog box(&printer, frontWindow());
-    box.setObjectName("PrintDialog");
-    if (box.exec() == QDialog::Accepted) printText(printer, job);
+    gui::printing::Page page{.title = qt(job.title), .text = qt(job.text), .family = qt(job.font)};
+    QSvgRenderer drawing(QByteArray::fromStdString(job.drawing));
+    if (drawing.isValid()) {
+        page.picture = [&drawing](QPainter& painter, const QRectF& place) {
+            drawing.render(&painter, place);
+        };
+        page.pictureSize = drawing.defaultSize();
+    }
+    return gui::printing::print(page, frontWindow());
 }
 
 void pointer(bool busy) {
@@ -181,24 +183,6 @@ void pointer(bool busy) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
     else
         QApplication::restoreOverrideCursor();
-}
-
-constexpr double kLargestPoints = 10.0, kSmallestPoints = 5.0;
-
-// The largest face up to 10 points in which the longest line fits the page.
-QFont fittingFont(const QPainter& painter, const PrintJob& job,
-                  const std::vector<std::string>& lines, int width) {
-    QFont font(job.font.empty() ? "Courier New" : qt(job.font));
-    font.setStyleHint(QFont::Monospace);
-    font.setFixedPitch(true);
-    font.setPointSizeF(kLargestPoints);
-    int longest = 1;
-    const QFontMetrics metrics(font, painter.device());
-    for (const std::string& line : lines)
-        longest = std::max(longest, metrics.horizontalAdvance(qt(line)));
-    if (longest > width)
-        font.setPointSizeF(std::max(kSmallestPoints, kLargestPoints * width / longest));
-    return font;
 }
 
 }  // namespace
@@ -217,31 +201,6 @@ QString toolkitFilter(const std::string& filter) {
         entries << caption + " (" + patterns + ")";
     }
     return entries.join(";;");
-}
-
-void printText(QPrinter& printer, const PrintJob& job) {
-    QPainter painter;
-    if (!painter.begin(&printer)) return;
-    const std::vector<std::string> lines = text::lines(job.text);
-    const QRect page(0, 0, painter.device()->width(), painter.device()->height());
-    painter.setFont(fittingFont(painter, job, lines, page.width()));
-
-    const int lineHeight = painter.fontMetrics().lineSpacing();
-    const int head = 2 * lineHeight;
-    const int linesAPage = std::max(1, (page.height() - head) / lineHeight);
-    const std::size_t pages =
-        std::max<std::size_t>(1, (lines.size() + static_cast<std::size_t>(linesAPage) - 1) /
-                                     static_cast<std::size_t>(linesAPage));
-    std::size_t next = 0;
-    for (std::size_t n = 1; n <= pages; ++n) {
-        if (n > 1) printer.newPage();
-        const QRect headLine(0, 0, page.width(), lineHeight);
-        painter.drawText(headLine, Qt::AlignLeft, qt(job.title));
-        painter.drawText(headLine, Qt::AlignRight, QString("%1 / %2").arg(n).arg(pages));
-        for (int row = 0; row < linesAPage && next < lines.size(); ++row, ++next)
-            painter.drawText(0, head + row * lineHeight + painter.fontMetrics().ascent(),
-                             qt(lines[next]));
-    }
 }
 
 Functions desktop() {

@@ -5,8 +5,6 @@
 
 #include "common/dialogs.h"
 
-class QPrinter;
-
 /// The dialogs of the desktop program: message boxes, input box, file dialogs, printing, clipboard.
 namespace quor::dialogs {
 
@@ -16,9 +14,5 @@ Functions desktop();
 /// A filter "Caption|*.EXT|Caption|*.EXT" in the form of the toolkit; several patterns of one
 /// caption are separated by ";".
 QString toolkitFilter(const std::string& filter);
-
-/// Prints a text job, page by page, in a fixed-pitch face that fits its longest line; each page
-/// bears the title and its number.
-void printText(QPrinter& printer, const PrintJob& job);
 
 }  // namespace quor::dialogs
