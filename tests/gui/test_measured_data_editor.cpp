@@ -686,6 +686,33 @@ TEST_F(MeasuredDataEditorTest, StepsAreTakenBackAndMadeAgainByTheirKeys) {
     EXPECT_EQ(steps->redoName(), "");
 }
 
+TEST_F(MeasuredDataEditorTest, DeleteInTheTableCanBeTakenBackByItsKeysAndByTheMenu) {
+    openWithData();
+    const std::vector<datafiles::MeasuredPoint> before = session->measured.points;
+    mark(kGrid, 1, 3);
+    drive::press(kGrid, Qt::Key_Delete);
+    for (int line = 1; line <= 3; ++line) EXPECT_EQ(set(line), datafiles::MeasuredPoint{}) << line;
+    drive::press(kGrid, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(session->measured.points, before);
+    EXPECT_EQ(cell(kGrid, 1, 1), "280");
+
+    mark(kGrid, 2, 2);
+    drive::press(kGrid, Qt::Key_Delete);
+    EXPECT_EQ(set(2).T, 0.0);
+    EXPECT_EQ(drive::open("mnuEdit_Undo")->text(), "&Undo Clear cells\tCtrl+Z");
+    choose("mnuEdit_Undo");
+    EXPECT_EQ(session->measured.points, before);
+    choose("mnuEdit_Redo");
+    EXPECT_EQ(set(2), datafiles::MeasuredPoint{});
+    choose("mnuEdit_Undo");
+
+    user.answers = {dialogs::Answer::Yes};
+    drive::popupRow("mnuSubDelLine1")->trigger();
+    EXPECT_EQ(count(), 2U);
+    choose("mnuEdit_Undo");
+    EXPECT_EQ(session->measured.points, before);
+}
+
 TEST_F(MeasuredDataEditorTest, AFieldTakesItsOwnTypingBackBeforeTheListDoes) {
     openWithData();
     click("TSort");

@@ -9,7 +9,6 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSvgRenderer>
-#include <algorithm>
 
 #include "common/text.h"
 #include "gui/widgets/print_page.h"
