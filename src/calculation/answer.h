@@ -28,15 +28,25 @@ struct Phases {
 enum Function : std::size_t { kVolume, kH, kS, kG, kU, kA, kExergyH, kExergyU, kCp, kCv, kSound };
 inline constexpr std::size_t kFunctionCount = 11;
 
-/// Functions of one phase in m^3/kmol, kJ/kmol, kJ/(kmol K) and m/s.
+/// Functions of one phase in m^3/kmol, kJ/kmol, kJ/(kmol K) and m/s, as far as there are any.
 struct FunctionValues {
-    std::array<double, kFunctionCount> z{};
+    std::array<std::optional<double>, kFunctionCount> z{};
 };
 
-/// Functions of the phases that have a volume and functions.
+/// Why functions are missing beside the volume.
+enum class Missing {
+    nothing,
+    heatCapacity,  ///< of the ideal gas at T: all caloric functions
+    state,         ///< the equation gives no finite functions there
+    surroundings   ///< their state: the exergies alone
+};
+
+/// Functions of the phases that have a volume.
 struct FunctionPair {
     std::optional<FunctionValues> liquid, vapour;
-    bool complete = true;  ///< false where a phase has a volume but no functions
+    Missing missing = Missing::nothing;
+    /// h, s and what follows from them exist.
+    bool caloric() const { return missing == Missing::nothing || missing == Missing::surroundings; }
 };
 
 /// Derivatives and residual functions of one phase, in molar units.
@@ -49,6 +59,7 @@ struct PhaseDerivatives {
 /// The pages that were asked for, of the phases that a fresh solution gives.
 struct PageValues {
     Phases phases;
+    bool metastable_liquid = false, metastable_vapour = false;
     std::optional<PhaseDerivatives> liquid, vapour;
     models::Inflexion inflexion;
     bool has_heat_capacity = false;
@@ -92,7 +103,7 @@ struct VirialValue {
     double B = 0;
 };
 
-/// A state of a process; without a volume there is none, without functions no cp form.
+/// A state of a process; without a volume there is none.
 struct ProcessState {
     double T = 0, p = 0;      ///< K, kPa
     std::optional<double> v;  ///< m^3/kmol
@@ -132,7 +143,8 @@ enum class Reason {
     noTemperature,        ///< none at p and rho
     noStandIn,            ///< neither an equation nor a measured value
     noVaporisation,       ///< the method has no result; `explanation` of its values tells
-    noDatabaseValue,      ///
+    noDatabaseValue,      ///< a function of the database has none
+    beyondEquation,       ///< T above the critical temperature of the database's equation
     noVapourPressure,     ///< of a partial tank
     noVapourDensity,      ///< of a partial tank
     noTankLiquidDensity,  ///< of a partial tank
@@ -150,7 +162,8 @@ struct Note {
         temperatureRange,   ///< of its inverse
         densityRange,       ///< of the liquid's density
         vaporisationRange,  ///< of the database equation
-        databaseRange       ///< of a function of the database
+        databaseRange,      ///< of a function of the database
+        solidRange          ///< of the solid's density, with its limits
     };
     Kind kind;
     std::int16_t deviation = 0;  ///< K outside the range, negative below it

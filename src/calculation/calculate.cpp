@@ -137,11 +137,25 @@ Answer Calculator::operator()(const Request& request) const {
     return std::move(work.answer);
 }
 
-std::optional<FunctionValues> Calculator::functions_at(double T, double p, double v) const {
+FunctionValues Calculator::functions_at(double T, double p, double v) const {
     const auto s = models::state_functions(fluid_, reference_, surroundings_, T, p, v);
-    if (!s || !s->exergies) return std::nullopt;
-    return FunctionValues{
-        {v, s->h, s->s, s->g, s->u, s->a, s->exergies->H, s->exergies->U, s->cp, s->cv, s->w}};
+    FunctionValues f;
+    f.z[kVolume] = v;
+    if (!s) return f;
+    f.z = {v, s->h, s->s, s->g, s->u, s->a, {}, {}, s->cp, s->cv, s->w};
+    if (s->exergies) {
+        f.z[kExergyH] = s->exergies->H;
+        f.z[kExergyU] = s->exergies->U;
+    }
+    return f;
+}
+
+Missing Calculator::missing_of(const FunctionValues& values, double T) const {
+    if (values.z[kH] && values.z[kExergyH]) return Missing::nothing;
+    if (values.z[kH]) return Missing::surroundings;
+    const bool has_cp =
+        models::ideal_gas_cp(fluid_.substance(), fluid_.models().cp_form, T).has_value();
+    return has_cp ? Missing::state : Missing::heatCapacity;
 }
 
 Answer calculate(const models::Fluid& fluid, const models::ReferenceState& reference,

@@ -17,9 +17,11 @@ class Calculator {
     /// Never throws: what cannot be calculated has a reason.
     Answer operator()(const Request& request) const;
 
-    /// All functions at T/K, p/kPa and v in m^3/kmol. Nothing when the fluid has no ideal-gas cp,
-    /// the equation no state there, or the surroundings none.
-    std::optional<FunctionValues> functions_at(double T, double p, double v) const;
+    /// The functions at T/K, p/kPa and v in m^3/kmol: all but the volume are missing when the fluid
+    /// has no ideal-gas cp or the equation no state there, the exergies without surroundings.
+    FunctionValues functions_at(double T, double p, double v) const;
+    /// Why some of them are missing.
+    Missing missing_of(const FunctionValues& values, double T) const;
 
     const models::Fluid& fluid() const { return fluid_; }
 

@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include "calculation/work.h"
 #include "common/constants.h"
 #include "common/numbers.h"
@@ -101,6 +103,15 @@ bool is_far_outside(double T, const Range& range) {
     return range.known() && !(T >= range.T_low - kAllowed && T <= range.T_high + kAllowed);
 }
 
+/// The density of a solid has a remark of its own beyond 5 K.
+void note_solid_range(Work& work, const Range& range) {
+    constexpr int kSilent = 5;
+    const auto density = models::density_solid(work.substance(), static_cast<float>(work.answer.T));
+    if (density && std::abs(density->deviation) > kSilent)
+        work.answer.notes.push_back(
+            {.kind = Note::Kind::solidRange, .deviation = density->deviation, .range = range});
+}
+
 bool is_pressure(Task task) {
     return task >= Task::pressureFrost && task <= Task::pressureAntoineHigh;
 }
@@ -110,11 +121,15 @@ bool is_pressure(Task task) {
 void database_function(Work& work) {
     if (!fetch_t(work)) return;
     const Found found = evaluate(work);
-    if (is_far_outside(work.answer.T, found.range))
+    if (work.request.task == Task::solidDensity) {
+        note_solid_range(work, found.range);
+    } else if (is_far_outside(work.answer.T, found.range))
         work.answer.notes.push_back(
             {.kind = Note::Kind::databaseRange, .deviation = 0, .range = found.range});
     if (!found.value) {
-        fail(work, Reason::noDatabaseValue);
+        const bool beyond = work.request.task == Task::vaporisationEquation &&
+                            models::is_beyond_enthalpy_equation(work.substance(), work.answer.T);
+        fail(work, beyond ? Reason::beyondEquation : Reason::noDatabaseValue);
         return;
     }
     work.answer.database = DatabaseValue{*found.value, found.range};

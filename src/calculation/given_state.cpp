@@ -2,6 +2,7 @@
 
 #include "calculation/work.h"
 #include "common/constants.h"
+#include "models/cubic_eos.h"
 
 /// The state at T and p, or at p and a density, and the states of a process.
 namespace quor::calculation {
@@ -24,6 +25,12 @@ void keep_both_phases(Work& work, const models::StateTP& state) {
     const double v = work.M() / work.rho();
     if (!(v > *state.vL * (1 + kMargin)) || !(v < *state.vV * (1 - kMargin))) return;
     work.answer.phases = {liquid_of(state), vapour_of(state)};
+}
+
+/// A cubic EOS has no state at or below its covolume.
+bool is_denser_than_possible(const Work& work) {
+    if (work.models().vapour_only) return false;
+    return work.M() / work.rho() <= models::eos_at(work.fluid(), work.substance().Tcrit).b;
 }
 
 ProcessState state_of_process(const Work& work, const ProcessPoint& point) {
@@ -54,7 +61,7 @@ void given_p_rho(Work& work) {
     Answer& a = work.answer;
     const auto T = models::temperature_from_p_rho(work.fluid(), a.p, work.rho(), false);
     if (!T) {
-        fail(work, Reason::noTemperature);
+        fail(work, is_denser_than_possible(work) ? Reason::belowCovolume : Reason::noTemperature);
         return;
     }
     a.T = *T;
@@ -69,7 +76,6 @@ void caloric_functions(Work& work) {
     if (!solve_state(work)) return;
     keep_last_state(work);
     work.answer.functions = functions_of(work, work.answer.phases);
-    if (!work.answer.functions->complete) fail(work, Reason::solver);
 }
 
 void polytropic_process(Work& work) {

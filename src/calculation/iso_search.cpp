@@ -40,9 +40,10 @@ class Search {
         if (!(T >= constants::kPresent) || !(p >= constants::kPresent)) return std::nullopt;
         const auto state = models::solve_state_tp(calculator_.fluid(), T, p);
         if (!state || !(asked_.liquid ? state->has_L : state->has_V)) return std::nullopt;
-        const auto values = calculator_.functions_at(T, p, asked_.liquid ? *state->vL : *state->vV);
-        if (!values) return std::nullopt;
-        return values->z[function_of(asked_.function)] - asked_.target;
+        const auto value = calculator_.functions_at(T, p, asked_.liquid ? *state->vL : *state->vV)
+                               .z[function_of(asked_.function)];
+        if (!value) return std::nullopt;
+        return *value - asked_.target;
     }
 
     /// Slope at x from the neighbour on the side where the phase exists.

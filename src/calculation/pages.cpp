@@ -20,17 +20,20 @@ std::optional<PhaseDerivatives> derivatives_of(const Work& work,
                                            faults::divide(table->first[2], p)}};
 }
 
-/// The phases of a fresh solution. An equilibrium keeps both of its phases even when the rounding
-/// of p(LV) puts the state to one side of the phase boundary.
-std::optional<Phases> solve_again(const Work& work) {
+/// The phases of a fresh solution: those that are stable, and of an equilibrium both, which by a
+/// vapour pressure equation lies beside that of the equation of state.
+std::optional<PageValues> solve_again(const Work& work) {
     const Answer& a = work.answer;
     const auto state = models::solve_state_tp(work.fluid(), a.T, a.p);
     if (!state) return std::nullopt;
-    const bool equilibrium = a.phases.both() && state->root_count == 3;
-    Phases phases;
-    if (equilibrium || state->has_L) phases.liquid = liquid_of(*state);
-    if (equilibrium || state->has_V) phases.vapour = vapour_of(*state);
-    return phases;
+    const bool both =
+        is_equilibrium(work.request.task) && a.phases.both() && state->root_count == 3;
+    PageValues values;
+    if (both || state->has_L) values.phases.liquid = liquid_of(*state);
+    if (both || state->has_V) values.phases.vapour = vapour_of(*state);
+    values.metastable_liquid = both && !state->has_L;
+    values.metastable_vapour = both && !state->has_V;
+    return values;
 }
 
 bool ends_in_a_state(Task task) {
@@ -45,19 +48,19 @@ void add_pages(Work& work) {
     Answer& a = work.answer;
     if (!wanted.tables() && !wanted.functions) return;
     if (!ends_in_a_state(work.request.task) || !(a.T > 0) || !(a.p > 0)) return;
-    const std::optional<Phases> phases = solve_again(work);
-    if (!phases) return;
-    PageValues values;
-    values.phases = *phases;
+    std::optional<PageValues> solved = solve_again(work);
+    if (!solved) return;
+    PageValues& values = *solved;
+    const Phases& phases = values.phases;
     if (wanted.tables()) {
-        values.liquid = derivatives_of(work, phases->liquid);
-        values.vapour = derivatives_of(work, phases->vapour);
+        values.liquid = derivatives_of(work, phases.liquid);
+        values.vapour = derivatives_of(work, phases.vapour);
         values.has_heat_capacity =
             models::ideal_gas_cp(work.substance(), work.models().cp_form, a.T).has_value();
     }
     if (wanted.derivatives) values.inflexion = models::inflexion_points(work.fluid(), a.T);
-    if (wanted.functions) values.functions = functions_of(work, *phases);
-    a.pages = std::move(values);
+    if (wanted.functions) values.functions = functions_of(work, phases);
+    a.pages = std::move(solved);
 }
 
 }  // namespace quor::calculation

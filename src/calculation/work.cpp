@@ -125,8 +125,10 @@ FunctionPair functions_of(const Work& work, const Phases& phases) {
     FunctionPair pair;
     const auto at = [&](const std::optional<Phase>& phase) -> std::optional<FunctionValues> {
         if (!phase || !(phase->v > 0.0)) return std::nullopt;
-        auto values = work.calculator.functions_at(work.answer.T, work.answer.p, *phase->v);
-        if (!values) pair.complete = false;
+        const FunctionValues values =
+            work.calculator.functions_at(work.answer.T, work.answer.p, *phase->v);
+        const Missing missing = work.calculator.missing_of(values, work.answer.T);
+        if (missing != Missing::nothing) pair.missing = missing;
         return values;
     };
     pair.liquid = at(phases.liquid);

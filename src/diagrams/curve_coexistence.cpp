@@ -199,7 +199,10 @@ void walk_rho_T(CurveFrame& c, double step, Add add) {
     }
     c.add(critical.T * c.T_factor, c.M / c.fluid.eos().vcrit_calculated, critical.p);
     double p = 0;
-    Steps loop = Steps::plain(critical.T * c.T_factor, c.x_min, -step).within(c.x_min, c.x_max);
+    double lowest = c.x_min;
+    if (c.real_range_only())
+        lowest = std::fmax(lowest, static_cast<double>(c.substance.Ttriple) * c.T_factor);
+    Steps loop = Steps::clamped(critical.T * c.T_factor, lowest, -step).within(lowest, c.x_max);
     for (double x; loop.next(x);) {
         const double T = x / c.T_factor;
         if (!(T > 0) || T >= critical.T || !c.is_real_at_T(T)) continue;
@@ -208,7 +211,6 @@ void walk_rho_T(CurveFrame& c, double step, Add add) {
         add(e);
         p = e.p;
     }
-    c.sort_by_y();
 }
 
 }  // namespace
@@ -218,13 +220,14 @@ void dome_rho_T(CurveFrame& c) {
         c.add(e.T * c.T_factor, c.M / e.vL, e.p);
         c.add(e.T * c.T_factor, c.M / e.vV, e.p);
     });
+    c.sort_by_y();
 }
 
 /// L. Cailletet, E. Mathias, C. R. Acad. Sci. 102 (1886) 1202: the mean of both densities lies on
 /// a nearly straight line.
 void rectilinear_diameter(CurveFrame& c) {
-    constexpr double kLeastProduct = 5.00001;  // of the volumes, (m^3/kmol)^2
-    walk_rho_T(c, 3 * c.dx, [&](const Equilibrium& e) {
+    constexpr double kLeastProduct = 1e-5;  // (m^3/kmol)^2: smaller volumes are degenerate
+    walk_rho_T(c, c.dx, [&](const Equilibrium& e) {
         if (e.vL * e.vV < kLeastProduct) return;
         c.add(e.T * c.T_factor, 0.5 * (c.M / e.vL + c.M / e.vV), e.p);
     });

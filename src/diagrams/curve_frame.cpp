@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "chart/chart2d.h"
 #include "common/faults.h"
 #include "common/numbers.h"
 #include "models/reference_state.h"
@@ -78,6 +79,10 @@ void CurveFrame::add_tested_by_x(double x, double y, double z) {
 void CurveFrame::add_tested_by_y(double x, double y, double z) {
     push(x, y, z);
     if (y > y_min && y < y_max) outside_ = false;
+}
+
+void CurveFrame::add_gap() {
+    if (!points.empty()) points.push_back({points.back().x, chart::kHole, points.back().z});
 }
 
 bool CurveFrame::below_triple() {

@@ -44,6 +44,8 @@ class CurveFrame {
     void add(double x, double y, double z);
     void add_tested_by_x(double x, double y, double z);
     void add_tested_by_y(double x, double y, double z);
+    /// Interrupts the line behind the last point.
+    void add_gap();
     bool outside() const { return outside_; }
     void set_status(CurveStatus status) { result.status = status; }
 

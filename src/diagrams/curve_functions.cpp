@@ -23,6 +23,8 @@ using Ordinate = std::optional<double>;
 /// Caloric value of the diagram at a state, in displayed units.
 struct CaloricOrdinate {
     Function function;
+    /// cp grows beyond all limits where p(v) has its extrema.
+    bool has_poles() const { return function == Function::cp; }
 
     Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const auto value = value_of(c.functions(T, p, v), function);
@@ -34,6 +36,7 @@ struct CaloricOrdinate {
 /// Column of the residual table, times R: dimensionless for s and cp, in K for h and g.
 struct ResidualOrdinate {
     models::Residual column;
+    bool has_poles() const { return column == models::ResCp; }
 
     Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const auto table = models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
@@ -44,6 +47,8 @@ struct ResidualOrdinate {
 
 /// Real heat capacity: the ideal gas and the residual part.
 struct HeatCapacityOrdinate {
+    static bool has_poles() { return true; }
+
     Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
         const auto ideal = models::ideal_gas_cp(c.substance, c.fluid.models().cp_form, T);
         const Ordinate residual = ResidualOrdinate{models::ResCp}(c, T, p, v);
@@ -59,6 +64,22 @@ struct JouleThomsonOrdinate {
         if (!table || !(ideal > 0.0)) return std::nullopt;
         return table->residual[models::JouleThomson];
     }
+};
+
+/// The poles of an ordinate along the volumes of a line: where p(v) has an extremum.
+class Poles {
+  public:
+    explicit Poles(bool any) : any_(any) {}
+    /// True when one lies between the last volume and the one with this slope of p(v).
+    bool passed(double slope) {
+        const bool changed = any_ && last_ * slope < 0;
+        last_ = slope;
+        return changed;
+    }
+
+  private:
+    bool any_;
+    double last_ = 0;
 };
 
 // ---- the walk along an isobar
@@ -92,10 +113,13 @@ void metastable_over_T(CurveFrame& c, Y y, double move) {
     if (!e.found) return;
     add_at(c, y, e.T * c.T_factor, e.T, e.p, e.vL, c.p);
     double last = e.T * c.T_factor;
+    Poles poles(y.has_poles());
     Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
         const auto T = models::temperature_from_p_rho(c.fluid, c.p, c.M / v, true);
-        if (!T || std::fabs(*T * c.T_factor - last) < move * c.dx) continue;
+        if (!T) continue;
+        if (poles.passed(models::cubic_slope(models::eos_at(c.fluid, *T), *T, v))) c.add_gap();
+        if (std::fabs(*T * c.T_factor - last) < move * c.dx) continue;
         add_at(c, y, *T * c.T_factor, *T, c.p, v, c.p);
         last = *T * c.T_factor;
     }
@@ -157,9 +181,11 @@ void metastable_over_p(CurveFrame& c, Y y) {
     if (!e.found) return;
     add_at(c, y, e.p * c.p_factor, c.T, e.p, e.vL, c.T);
     double last = e.p * c.p_factor;
+    Poles poles(y.has_poles());
     Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
         const double p = models::cubic_pressure(e.state, c.T, v);
+        if (poles.passed(models::cubic_slope(e.state, c.T, v))) c.add_gap();
         // The caloric functions take ln p: there is no value on the part under tension.
         if (!(p > 0) || std::fabs(p * c.p_factor - last) < kMetastableMove * c.dx) continue;
         add_at(c, y, p * c.p_factor, c.T, p, v, c.T);

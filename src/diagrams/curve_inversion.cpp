@@ -132,6 +132,7 @@ void inversion_pv_p(CurveFrame& c) {
         const double p = x / c.p_factor;
         return p < kPresent ? kLowest : p;
     };
+    double reached = c.x_min;
     Steps up = Steps::plain(c.x_min, c.x_max, 2 * c.dx);
     for (double x; up.next(x);) {
         const double p = pressure_of(x);
@@ -140,7 +141,10 @@ void inversion_pv_p(CurveFrame& c) {
         if (!found) continue;
         T = *found;
         add_inversion(c, p, T);
+        reached = x;
     }
+    // Both branches meet where the curve turns; where the window ends before, they do not.
+    if (reached > c.x_max - 2 * c.dx * (1 + 1e-6)) c.add_gap();
     const double highest = 4 * c.substance.Tcrit;
     const double lowest = 10 * scale;
     const Search from_below{lowest, std::fmax(5 * scale, highest / 300), 0.5 * lowest, highest};

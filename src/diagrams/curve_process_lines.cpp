@@ -145,24 +145,48 @@ void straight_line(CurveFrame& c) {
     }
 }
 
-void process_isotherm(CurveFrame& c) {
+namespace {
+
+/// True for a state on the phase boundary within the tolerance of the state solver.
+bool has_both_phases(const CurveFrame& c, double T, double p) {
+    const auto state = models::solve_state_tp(c.fluid, T, p);
+    return state && state->root_count == 3 && state->has_L && state->has_V;
+}
+
+/// An isotherm or an isobar. At the equilibrium it goes over the tie-line into the other phase,
+/// unless its phase is to be continued. It starts in the phase asked for where both exist.
+void line_over_equilibrium(CurveFrame& c, const Equilibrium& e, bool isobar) {
+    const bool changes = e.found && !c.request.line.metastable;
+    std::optional<bool> vapour;
     Steps loop = range(c, 1.0);
-    for (double p; loop.next(p);) {
-        if (!(p > 0)) continue;
-        const double v = volume_of_phase(c, c.T, p);
-        if (v > 0) add_state(c, c.T, p, v);
+    for (double running; loop.next(running);) {
+        if (!(running > 0)) continue;
+        const double T = isobar ? running : c.T, p = isobar ? c.p : running;
+        if (!changes) {
+            const double v = volume_of_phase(c, T, p);
+            if (v > 0) add_state(c, T, p, v);
+            continue;
+        }
+        bool now = isobar ? T > e.T : p < e.p;
+        if (!vapour && has_both_phases(c, T, p)) now = c.request.line.vapour;
+        if (vapour && *vapour != now) {
+            add_state(c, e.T, e.p, now ? e.vL : e.vV);
+            add_state(c, e.T, e.p, now ? e.vV : e.vL);
+        }
+        vapour = now;
+        if (const auto v = volume_near(c, T, p, now ? e.vV : e.vL)) add_state(c, T, p, *v);
     }
     end_line(c, false);
 }
 
+}  // namespace
+
+void process_isotherm(CurveFrame& c) {
+    line_over_equilibrium(c, c.at_T, false);
+}
+
 void process_isobar(CurveFrame& c) {
-    Steps loop = range(c, 1.0);
-    for (double T; loop.next(T);) {
-        if (!(T > 0)) continue;
-        const double v = volume_of_phase(c, T, c.p);
-        if (v > 0) add_state(c, T, c.p, v);
-    }
-    end_line(c, false);
+    line_over_equilibrium(c, c.at_p, true);
 }
 
 void process_isochore(CurveFrame& c) {
@@ -187,6 +211,90 @@ void process_isochore(CurveFrame& c) {
     end_line(c, stopped);
 }
 
+namespace {
+
+/// A line of constant entropy or enthalpy, state by state.
+class Isoline {
+  public:
+    Isoline(const CurveFrame& c, Function function, double value, double v)
+        : c_(c), function_(function), value_(value), v_(v) {}
+
+    double T() const { return T_; }
+    double p() const { return p_; }
+    double v() const { return v_; }
+
+    /// Goes to the next value of what the range runs over; false where the line ends: no state has
+    /// the value, or its phase is no more stable and is not to be continued.
+    bool advance(double running) {
+        if (const auto next = followed(running); next && is_allowed(*next)) return take(*next);
+        const auto other = stable(running);
+        return other && take(*other);
+    }
+
+    /// Goes to the end of the phase between the last value and one that it did not reach.
+    bool advance_to_edge(double reached, double beyond) {
+        constexpr int kHalvings = 40;
+        std::optional<State> last;
+        for (int i = 0; i < kHalvings; ++i) {
+            const double middle = 0.5 * (reached + beyond);
+            const auto next = followed(middle);
+            const bool inside = next && is_allowed(*next, 0);
+            if (inside) last = next;
+            (inside ? reached : beyond) = middle;
+        }
+        return last && take(*last);
+    }
+
+  private:
+    struct State {
+        double T, p, v;
+    };
+    bool over_T() const { return c_.request.line.range_is_T; }
+
+    bool take(const State& s) {
+        T_ = s.T;
+        p_ = s.p;
+        v_ = s.v;
+        return true;
+    }
+
+    std::optional<State> followed(double running) const {
+        const auto found = over_T()
+                               ? follow_isoline_pressure(c_, function_, running, value_, p_, v_)
+                               : follow_isoline(c_, function_, running, value_, T_, v_);
+        if (!found) return std::nullopt;
+        const double T = over_T() ? running : *found, p = over_T() ? *found : running;
+        const auto v = volume_near(c_, T, p, v_);
+        return v ? std::optional(State{T, p, *v}) : std::nullopt;
+    }
+
+    std::optional<State> stable(double running) const {
+        const auto found = over_T() ? solve_isoline_pressure(c_, function_, running, value_, p_)
+                                    : solve_isoline(c_, function_, running, value_, T_);
+        if (!found) return std::nullopt;
+        const double T = over_T() ? running : *found, p = over_T() ? *found : running;
+        // The volume is that of the phase in which the search found the value.
+        const auto v = c_.stable_volume(T, p);
+        return v ? std::optional(State{T, p, *v}) : std::nullopt;
+    }
+
+    /// Stable, if only within a tolerance of the area ratio, or to be continued.
+    bool is_allowed(const State& s, double tolerance = 0.001) const {
+        if (c_.request.line.metastable) return true;
+        const auto state = models::solve_state_tp(c_.fluid, s.T, s.p);
+        if (!state || state->root_count != 3) return state.operator bool();
+        const double ratio = state->areas.ratio;
+        return s.v > state->v[1] ? ratio > -tolerance : ratio < tolerance;
+    }
+
+    const CurveFrame& c_;
+    Function function_;
+    double value_, v_;
+    double T_ = c_.request.line.T1, p_ = c_.request.line.p1;
+};
+
+}  // namespace
+
 void process_isoline(CurveFrame& c) {
     const bool entropy = c.request.line.kind == ProcessKind::isentropic;
     if (c.request.line.heterogeneous)
@@ -199,20 +307,18 @@ void process_isoline(CurveFrame& c) {
     if (!fixed) return end_line(c, true);
 
     const bool over_T = c.request.line.range_is_T;
-    double T = T1, p = p1;
+    Isoline line(c, function, *fixed, v1);
+    double reached = over_T ? T1 : p1;
     bool stopped = false;
     Steps loop = range(c, over_T ? 0.4 : 0.8);
     for (double running; loop.next(running);) {
-        const auto found = over_T ? solve_isoline_pressure(c, function, running, *fixed, p)
-                                  : solve_isoline(c, function, running, *fixed, T);
-        if (!found) {
+        if (!line.advance(running)) {
             stopped = true;
+            if (line.advance_to_edge(reached, running)) add_state(c, line.T(), line.p(), line.v());
             break;
         }
-        T = over_T ? running : *found;
-        p = over_T ? *found : running;
-        // The volume is that of the phase in which the search found the value.
-        if (const auto v = c.stable_volume(T, p)) add_state(c, T, p, *v);
+        add_state(c, line.T(), line.p(), line.v());
+        reached = running;
     }
     end_line(c, stopped);
 }

@@ -1,7 +1,10 @@
+#include <algorithm>
 #include <cmath>
 
 #include "common/constants.h"
+#include "common/numbers.h"
 #include "diagrams/curve_kinds.h"
+#include "diagrams/refine.h"
 #include "models/cubic_eos.h"
 #include "models/vapour_pressure.h"
 #include "models/virial.h"
@@ -15,14 +18,7 @@ namespace {
 constexpr int kVolumeSteps = 20000;  // of a metastable branch between v(L) and v(V)
 constexpr double kLowestPressure = 1e-10;
 constexpr double kLowestSubcritical = 0.01;
-
-/// Is a volume of a subcritical isotherm part of the curve? The S-shaped curve takes all, the
-/// stable one those outside of the dome, the metastable one those inside.
-bool takes_volume(const CurveFrame& c, const Equilibrium& e, double v) {
-    if (c.options.s_without_tie_line) return true;
-    const bool stable = v <= e.vL || v >= e.vV;
-    return stable != c.metastable();
-}
+constexpr double kLowestT = 0.1;  // K, of an isobar
 
 /// The two ordinates of an isotherm over p: pv and rho.
 void add_over_p(CurveFrame& c, double p, double v) {
@@ -128,22 +124,78 @@ void metastable_isobar(CurveFrame& c) {
     add_on_isobar(c, e.T, e.vV);
 }
 
+/// The volume at which an isotherm comes into the window from above; 0 where that has no state.
+double volume_at_top(const CurveFrame& c) {
+    const double p = c.y_max / c.p_factor;
+    if (!(p > 0)) return 0;
+    if (c.vapour_only()) {
+        models::EosState state;
+        return std::fmax(0.0, R * c.T / p + models::second_virial(c.fluid, c.T, state));
+    }
+    const models::EosState state = models::eos_at(c.fluid, c.T);
+    const auto roots = models::solve_cubic(state, c.T, p);
+    return roots && roots->v[0] > state.b ? roots->v[0] : state.b;
+}
+
+/// The part of the isotherm in p-v between two volumes, in steps that follow its bend.
+void add_isotherm(CurveFrame& c, double low, double high) {
+    if (!(high > low)) return;
+    const double window = (c.x_max - c.x_min) / c.v_factor;
+    const int parts = std::clamp(static_cast<int>(c.steps * (high - low) / window),
+                                 std::min(8, c.steps), c.steps);
+    const auto place = [&](double v) -> std::optional<CurvePlace> {
+        // On a steep liquid branch p would show the last digits of v.
+        const bool end = c.at_T.found && (v == c.at_T.vL || v == c.at_T.vV);
+        const auto p = end ? std::optional(c.at_T.p) : c.pressure(c.T, v);
+        if (!p) return std::nullopt;
+        return CurvePlace{v * c.v_factor, *p * c.p_factor};
+    };
+    add_refined(c, low, high, parts, place, [&](double, const CurvePlace& at) {
+        // Two parts share the end between them.
+        const bool again = !c.points.empty() && c.points.back().x == numbers::to_single(at.x) &&
+                           c.points.back().y == numbers::to_single(at.y);
+        if (!again) c.add(at.x, at.y, c.T);
+    });
+}
+
+/// The part of the isobar between two temperatures, in steps that follow its bend.
+template <class Volume>
+void add_isobar(CurveFrame& c, double low, double high, Volume volume) {
+    if (!(high > low)) return;
+    const double window = (c.y_max - c.y_min) / c.T_factor;
+    const int parts = std::clamp(static_cast<int>(c.steps * (high - low) / window),
+                                 std::min(8, c.steps), c.steps);
+    const auto place = [&](double T) -> std::optional<CurvePlace> {
+        const std::optional<double> v = volume(T);
+        if (!(v > 0.0)) return std::nullopt;
+        return CurvePlace{isobar_x(c, *v), T * c.T_factor};
+    };
+    add_refined(c, low, high, parts, place, [&](double T, const CurvePlace& at) {
+        if (c.is_real_at_T(T)) c.add_tested_by_x(at.x, at.y, c.p);
+    });
+}
+
 }  // namespace
 
 void isotherm_p_v(CurveFrame& c) {
     const bool simple = c.vapour_only() || !c.subcritical_T();
     const Equilibrium& e = c.at_T;
     if (!simple && !e.found) return;
-    Steps loop = Steps::plain(c.x_min, c.x_max, c.dx);
-    for (double x; loop.next(x);) {
-        const double v = x / c.v_factor;
-        if (!simple && (v <= e.state.b || !takes_volume(c, e, v))) continue;
-        if (const auto p = c.pressure(c.T, v)) c.add(x, *p * c.p_factor, c.T);
+    const double low = std::fmax(c.x_min / c.v_factor, volume_at_top(c));
+    const double high = c.x_max / c.v_factor;
+    if (simple) return add_isotherm(c, low, high);
+    if (c.options.s_without_tie_line) {
+        add_isotherm(c, low, std::fmin(e.vL, high));
+        add_isotherm(c, std::fmax(e.vL, low), std::fmin(e.vV, high));
+        add_isotherm(c, std::fmax(e.vV, low), high);
+    } else if (c.metastable()) {
+        add_isotherm(c, e.vL, e.vV);
+    } else {
+        if (low < e.vL) add_isotherm(c, low, e.vL);
+        if (!(low < e.vL)) c.add(e.vL * c.v_factor, e.p * c.p_factor, c.T);
+        if (!(e.vV < high)) c.add(e.vV * c.v_factor, e.p * c.p_factor, c.T);
+        if (e.vV < high) add_isotherm(c, e.vV, high);
     }
-    if (simple) return;
-    c.add(e.vL * c.v_factor, e.p * c.p_factor, c.T);
-    c.add(e.vV * c.v_factor, e.p * c.p_factor, c.T);
-    c.sort_by_x();
 }
 
 void isotherm_over_p(CurveFrame& c) {
@@ -157,16 +209,20 @@ void isobar_T_v(CurveFrame& c) {
     const bool has_dome = !c.vapour_only() && c.subcritical_p();
     if (has_dome && !c.at_p.found) return;
     if (has_dome && c.metastable()) return metastable_isobar(c);
-    Steps loop = Steps::plain(c.y_min, c.y_max, c.dy);
-    for (double y; loop.next(y);) {
-        const double T = y / c.T_factor;
-        if (!(T > 0) || !c.is_real_at_T(T)) continue;
-        const auto v = isobar_volume(c, T);
-        if (v > 0.0) add_on_isobar(c, T, *v);
-    }
-    if (has_dome) {
-        add_on_isobar(c, c.at_p.T, c.at_p.vL);
-        add_on_isobar(c, c.at_p.T, c.at_p.vV);
+    double low = std::fmax(c.y_min / c.T_factor, kLowestT);
+    if (c.real_range_only()) low = std::fmax(low, static_cast<double>(c.substance.Ttriple));
+    const double high = c.y_max / c.T_factor;
+    const auto volume = [&](double T) { return isobar_volume(c, T); };
+    if (!has_dome) {
+        add_isobar(c, low, high, volume);
+    } else {
+        const Equilibrium& e = c.at_p;
+        add_isobar(c, low, std::fmin(e.T, high),
+                   [&](double T) { return T == e.T ? std::optional(e.vL) : volume(T); });
+        if (!(low < e.T)) add_on_isobar(c, e.T, e.vL);
+        if (!(e.T < high)) add_on_isobar(c, e.T, e.vV);
+        add_isobar(c, std::fmax(e.T, low), high,
+                   [&](double T) { return T == e.T ? std::optional(e.vV) : volume(T); });
     }
     c.sort_by_x();
 }

@@ -1,10 +1,9 @@
 #include "diagrams/equilibrium.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "models/cubic_eos.h"
-#include "models/maxwell.h"
+#include "models/equal_fugacity.h"
 #include "models/saturation.h"
 
 namespace quor::diagrams {
@@ -21,47 +20,22 @@ bool has_equilibrium(const Fluid& f) {
            f.substance().Tcrit > 0 && f.substance().pcrit > 0 && f.eos().vcrit_calculated > 0;
 }
 
-/// Newton steps on ln p towards equal areas: d(area)/d(ln p) = -p (vV - vL). False when p leaves
-/// the loop of the isotherm.
-bool refine(Equilibrium& e) {
-    constexpr int kSteps = 30;
-    constexpr double kTolerance = 1e-13;
-    for (int i = 0; i < kSteps; ++i) {
-        const auto roots = models::solve_cubic(e.state, e.T, e.p);
-        if (!roots || roots->count != 3) return false;
-        e.vL = roots->v[0];
-        e.vV = roots->v[2];
-        if (!(e.vL > e.state.b) || !(e.vV > e.vL)) return false;
-        const auto areas = models::area_ratio(e.state, roots->v, e.T, e.p);
-        if (!areas) return false;
-        const double step = (areas->V + areas->L) / (e.p * (e.vV - e.vL));
-        if (!(std::fabs(step) < 1.0)) return false;
-        e.p *= std::exp(step);
-        if (std::fabs(step) < kTolerance) return e.p > 0;
-    }
-    // Rounding keeps the last digits moving close to the critical point.
-    return e.p > 0;
+Equilibrium equilibrium_of(const std::optional<models::Saturation>& s) {
+    if (!s || !(s->p > 0)) return {};
+    return {s->T, s->p, s->v[0], s->v[2], s->state, true};
 }
 
-Equilibrium from_search(const Fluid& f, double T) {
-    Equilibrium e;
-    if (const auto found = models::saturation_pressure(f, T)) {
-        e = {.T = T, .p = found->p, .state = found->state};
-        if (e.p > 0 && refine(e)) {
-            e.found = true;
-            return e;
-        }
-    }
-    const auto exact = models::maxwell_pressure(f, T);
-    if (!exact) return {};
-    return {T, exact->p, exact->v[0], exact->v[2], exact->state, true};
+/// Where the law of the end of the dome takes over.
+Equilibrium edge_of_law(const Fluid& f) {
+    return equilibrium_of(
+        models::saturation_pressure(f, f.substance().Tcrit * (1 - kCriticalShare)));
 }
 
 /// The end of the dome by the law that every cubic EOS follows there: the half width goes with the
 /// root of Tcrit - T, its middle and p are linear in T.
 Equilibrium near_critical(const Fluid& f, double T) {
     const double Tcrit = f.substance().Tcrit;
-    const Equilibrium edge = from_search(f, Tcrit * (1 - kCriticalShare));
+    const Equilibrium edge = edge_of_law(f);
     if (!edge.found) return {};
     const double share = (1 - T / Tcrit) / kCriticalShare;
     const double vcrit = f.eos().vcrit_calculated;
@@ -89,55 +63,31 @@ Equilibrium equilibrium_at_T(const Fluid& f, double T, double p_start) {
     if (!has_equilibrium(f) || !(T > 0) || T > Tcrit) return {};
     if (T == Tcrit) return critical_point(f);
     if (1 - T / Tcrit < kCriticalShare) return near_critical(f, T);
-    if (p_start > 0) {
-        Equilibrium e{.T = T, .p = p_start, .state = models::eos_at(f, T)};
-        if (refine(e)) {
-            e.found = true;
-            return e;
-        }
-    }
-    return from_search(f, T);
+    if (p_start > 0)
+        if (const auto near = models::equilibrium_near_p(f, T, p_start))
+            return equilibrium_of(near);
+    return equilibrium_of(models::saturation_pressure(f, T));
 }
 
 Equilibrium equilibrium_at_p(const Fluid& f, double p, double T_start) {
-    constexpr int kSteps = 60;
-    constexpr double kTolerance = 1e-13;
     const double Tcrit = f.substance().Tcrit;
     const double pcrit = f.substance().pcrit;
     if (!has_equilibrium(f) || !(p > 0) || p > pcrit) return {};
     if (p == pcrit) return critical_point(f);
-
-    double T = T_start;
-    if (!(T > 0) || T >= Tcrit) {
-        const auto found = models::saturation_temperature(f, p);
-        T = found ? found->T : 0;
-    }
-    if (!(T > 0) || T >= Tcrit) T = Tcrit * (1 - kCriticalShare);
-
-    // ln p over 1/T is nearly straight, and steepest towards the critical point.
-    double x = 1 / T;
-    double slope = 0, x_last = 0, f_last = 0;
-    Equilibrium e;
-    for (int i = 0; i < kSteps; ++i) {
-        e = equilibrium_at_T(f, 1 / x, p);
-        if (!e.found) return {};
-        const double excess = std::log(e.p / p);
-        if (std::fabs(excess) < kTolerance) break;
-        if (i == 0) {
-            const double span = x - 1 / Tcrit;
-            slope = span > 0 ? std::log(e.p / pcrit) / span : -7 * Tcrit;
-        } else if (x != x_last && excess != f_last) {
-            slope = (excess - f_last) / (x - x_last);
+    // In front of the law p changes by some seven times the share of T.
+    if (p > (1 - 20 * kCriticalShare) * pcrit) {
+        const Equilibrium edge = edge_of_law(f);
+        if (edge.found && p > edge.p) {
+            Equilibrium e =
+                near_critical(f, Tcrit * (1 - kCriticalShare * (pcrit - p) / (pcrit - edge.p)));
+            e.p = p;
+            return e;
         }
-        if (!(slope < 0)) return {};
-        x_last = x;
-        f_last = excess;
-        x = std::clamp(x - excess / slope, 1 / Tcrit, 1.5 * x);
-        if (x == x_last) break;
     }
-    if (std::fabs(e.p / p - 1) > 1e-9) return {};
-    e.p = p;
-    return e;
+    if (T_start > 0 && T_start < Tcrit)
+        if (const auto near = models::equilibrium_near_T(f, p, T_start))
+            return equilibrium_of(near);
+    return equilibrium_of(models::saturation_temperature(f, p));
 }
 
 }  // namespace quor::diagrams

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "common/constants.h"
+#include "models/cubic_eos.h"
 
 namespace quor::diagrams {
 
@@ -93,14 +94,15 @@ std::optional<double> widening(F excess, double start, double size) {
     return std::nullopt;
 }
 
-/// Value of a function of the stable phase, less a target.
+/// Value of a function of the stable phase, or of that of a near volume, less a target.
 struct Excess {
     const CurveFrame& c;
     Function function;
     double target;
+    std::optional<double> near = {};
 
     std::optional<double> operator()(double T, double p) const {
-        const auto v = c.stable_volume(T, p);
+        const auto v = near ? volume_near(c, T, p, *near) : c.stable_volume(T, p);
         if (!v) return std::nullopt;
         const auto value = value_of(c.functions(T, p, *v), function);
         if (!value) return value;
@@ -113,7 +115,35 @@ double size_of(Function function, double T) {
     return function == Function::s ? constants::R : constants::R * T;
 }
 
+std::optional<double> if_near(std::optional<double> found, double start) {
+    return found > 0.5 * start && found < 2 * start ? found : std::nullopt;
+}
+
 }  // namespace
+
+std::optional<double> volume_near(const CurveFrame& c, double T, double p, double near) {
+    if (!(T > 0) || !(p > 0)) return std::nullopt;
+    if (c.vapour_only()) return c.stable_volume(T, p);
+    const auto roots = models::solve_cubic(models::eos_at(c.fluid, T), T, p);
+    if (!roots || !(roots->v[0] > 0)) return std::nullopt;
+    const double first = roots->v[0], last = roots->v[static_cast<std::size_t>(roots->count - 1)];
+    return near * near < first * last ? first : last;
+}
+
+std::optional<double> follow_isoline(const CurveFrame& c, Function function, double p, double value,
+                                     double start_T, double near) {
+    const Excess excess{c, function, value, near};
+    return if_near(
+        secant([&](double T) { return excess(T, p); }, start_T, size_of(function, start_T)),
+        start_T);
+}
+
+std::optional<double> follow_isoline_pressure(const CurveFrame& c, Function function, double T,
+                                              double value, double start_p, double near) {
+    const Excess excess{c, function, value, near};
+    return if_near(secant([&](double p) { return excess(T, p); }, start_p, size_of(function, T)),
+                   start_p);
+}
 
 std::optional<double> solve_isoline(const CurveFrame& c, Function function, double p, double value,
                                     double start_T) {

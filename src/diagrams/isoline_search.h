@@ -14,4 +14,13 @@ std::optional<double> solve_isoline(const CurveFrame& c, Function function, doub
 std::optional<double> solve_isoline_pressure(const CurveFrame& c, Function function, double T,
                                              double value, double start_p);
 
+/// The same on the phase of a near volume in m^3/kmol, stable or not, and near the start only.
+std::optional<double> follow_isoline(const CurveFrame& c, Function function, double p, double value,
+                                     double start_T, double near);
+std::optional<double> follow_isoline_pressure(const CurveFrame& c, Function function, double T,
+                                              double value, double start_p, double near);
+
+/// The volume of the state at T/K and p/kPa whose root is next to a volume; nothing without one.
+std::optional<double> volume_near(const CurveFrame& c, double T, double p, double near);
+
 }  // namespace quor::diagrams

@@ -220,35 +220,32 @@ PolytropicRunner real_runner() {
 
 namespace {
 
-PolytropicCode wait_for(const fs::path& mark, const PolytropicRunner& runner) {
+/// Nothing when the mark has come.
+std::optional<PolytropicFailure> wait_for(const fs::path& mark, const PolytropicRunner& runner) {
     const auto end = std::chrono::steady_clock::now() + runner.limit;
     std::error_code ignored;
     while (!fs::exists(mark, ignored)) {
-        if (std::chrono::steady_clock::now() >= end) return PolytropicCode::kTimeOut;
-        if (runner.pass && !runner.pass()) return PolytropicCode::kGivenUp;
+        if (std::chrono::steady_clock::now() >= end) return PolytropicFailure::timeOut;
+        if (runner.pass && !runner.pass()) return PolytropicFailure::givenUp;
     }
-    return PolytropicCode::kDone;
-}
-
-PolytropicOutcome failed(ProcessLine line, PolytropicCode code) {
-    line.polytropic_points.clear();
-    return {code, std::move(line)};
+    return std::nullopt;
 }
 
 }  // namespace
 
-PolytropicOutcome run_polytrope(const Basis& basis, const PolytropicTask& task,
-                                const PolytropicPlace& place, const PolytropicRunner& runner) {
+Result<ProcessLine, PolytropicFailure> run_polytrope(const Basis& basis, const PolytropicTask& task,
+                                                     const PolytropicPlace& place,
+                                                     const PolytropicRunner& runner) {
     if (place.program.empty()) {
         dialogs::tell("File " + std::string(kPolytropicProgram) + " not found in in QUOR directory",
                       dialogs::kNotPossible);
-        return failed(task.line, PolytropicCode::kMissingProgram);
+        return PolytropicFailure::missingProgram;
     }
     const fs::path answer = place.folder / "FROM_DAL.DAT", mark = place.folder / "WRITEEND.END";
     const std::string request = text::to_ansi(polytropic_request_text(basis, task));
     if (!files::write_whole(place.folder / "TO_DAL.DAT", request)) {
         dialogs::tell("error to_DAL", dialogs::kNotPossible);
-        return failed(task.line, PolytropicCode::kNotWritten);
+        return PolytropicFailure::notWritten;
     }
     const dialogs::BusyPointer busy;
     std::error_code ignored;
@@ -256,14 +253,13 @@ PolytropicOutcome run_polytrope(const Basis& basis, const PolytropicTask& task,
     fs::remove(mark, ignored);
     const std::string program = fs::absolute(place.program).string();
     if (!runner.start || !runner.start(program, place.folder.string()))
-        return failed(task.line, PolytropicCode::kNotStarted);
-    if (const PolytropicCode waited = wait_for(mark, runner); waited != PolytropicCode::kDone)
-        return failed(task.line, waited);
+        return PolytropicFailure::notStarted;
+    if (const auto failed = wait_for(mark, runner)) return *failed;
     const Result<std::string> content = files::read_whole(answer);
     std::optional<ProcessLine> taken;
     if (content) taken = take_polytropic_answer(*content, task.line, task.csv_separator);
-    if (!taken) return failed(task.line, PolytropicCode::kUnreadable);
-    return {PolytropicCode::kDone, std::move(*taken)};
+    if (!taken) return PolytropicFailure::unreadable;
+    return std::move(*taken);
 }
 
 }  // namespace quor::diagrams

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "common/result.h"
 #include "diagrams/curve.h"
 
 /// The exchange with the separate program that computes polytropic processes, through the files
@@ -26,15 +27,14 @@ struct PolytropicRunner {
 /// The runner that starts a real child process and sleeps a little between two looks.
 PolytropicRunner real_runner();
 
-/// What became of a run.
-enum class PolytropicCode : std::int16_t {
-    kDone = 0,
-    kNotWritten = 1,  ///< the file for the program could not be written; this was told
-    kNotStarted = 2,
-    kTimeOut = 3,
-    kGivenUp = 4,
-    kUnreadable = 5,       ///< the answer is missing or garbled
-    kMissingProgram = 10,  ///< told; no file was touched
+/// Why a run has given nothing.
+enum class PolytropicFailure : std::int16_t {
+    notWritten = 1,  ///< the file for the program could not be written; this was told
+    notStarted = 2,
+    timeOut = 3,
+    givenUp = 4,
+    unreadable = 5,       ///< the answer is missing or garbled
+    missingProgram = 10,  ///< told; no file was touched
 };
 
 /// Where the program and its files lie.
@@ -51,14 +51,10 @@ struct PolytropicTask {
     char csv_separator = ';';
 };
 
-/// What came of a run. On any failure the line has no points.
-struct PolytropicOutcome {
-    PolytropicCode code = PolytropicCode::kDone;
-    ProcessLine line;
-};
-/// Asks the program for the process of a task and takes its answer into the line.
-PolytropicOutcome run_polytrope(const Basis& basis, const PolytropicTask& task,
-                                const PolytropicPlace& place, const PolytropicRunner& runner);
+/// Asks the program for the process of a task and gives its line with the points of the answer.
+Result<ProcessLine, PolytropicFailure> run_polytrope(const Basis& basis, const PolytropicTask& task,
+                                                     const PolytropicPlace& place,
+                                                     const PolytropicRunner& runner);
 
 /// The text of TO_DAL.DAT: one value a line.
 std::string polytropic_request_text(const Basis& basis, const PolytropicTask& task);

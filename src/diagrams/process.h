@@ -48,6 +48,7 @@ struct ProcessLine {
     double vapour_fraction = 1;     ///< of the input of a vapour fraction
     double kappa = 0;               ///< cp/cV, the partner of the exponent; 0 before a choice
     bool heterogeneous = false;     ///< the line runs inside the dome, over its tie-lines
+    bool metastable = false;        ///< it follows the phase of its start into the dome
     bool ideal_gas_equation = false;
     std::array<double, 22> polytropic_values{};      ///< what the polytropic program gave back
     std::vector<PolytropicPoint> polytropic_points;  ///< the states it gave back

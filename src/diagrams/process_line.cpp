@@ -139,6 +139,7 @@ ProcessAnswer take_states(const ProcessLine& before, const models::Fluid& fluid,
     r.p1 = std::isfinite(input.par[1]) ? input.par[1] : 0;
     r.end_to_begin = input.end_to_begin;
     r.heterogeneous = input.heterogeneous;
+    r.metastable = input.metastable && !input.heterogeneous && may_be_metastable(input.kind);
     r.ideal_gas_equation = input.ideal_gas_equation;
     r.polytropic_exponent = input.exponent;
     r.kappa = input.kappa;
@@ -161,6 +162,11 @@ ProcessAnswer take_fraction(const ProcessLine& before, const ProcessInput& input
 
 const ProcessTexts& texts_of_process(ProcessKind kind) {
     return kTexts[static_cast<std::size_t>(kind)];
+}
+
+bool may_be_metastable(ProcessKind kind) {
+    return kind == ProcessKind::isotherm || kind == ProcessKind::isobar ||
+           kind == ProcessKind::isentropic || kind == ProcessKind::isenthalpic;
 }
 
 const Diagram* process_curve(ProcessKind kind) {

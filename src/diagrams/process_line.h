@@ -18,6 +18,9 @@ struct ProcessTexts {
 };
 const ProcessTexts& texts_of_process(ProcessKind kind);
 
+/// A kind whose lines can leave their phase, and be continued beyond.
+bool may_be_metastable(ProcessKind kind);
+
 /// The row of the curve of a kind; nullptr for the inputs that are no process lines.
 const Diagram* process_curve(ProcessKind kind);
 
@@ -29,6 +32,7 @@ struct ProcessInput {
     bool range_is_T = true;
     bool vapour = true;  ///< `optPhase`
     bool heterogeneous = false;
+    bool metastable = false;  ///< beyond the coexistence curve the phase of the start goes on
     bool ideal_gas_equation = false;
     bool end_to_begin = false;
     double kappa = 0, exponent = 1;

@@ -39,6 +39,7 @@ CurveName process_line_name(const CurveRequest& request) {
     std::string name(texts_of_process(kind).name);
     if (kind == ProcessKind::isotherm) name += " " + temperature(request.at);
     if (kind == ProcessKind::isobar) name += " " + pressure(request.at);
+    if (request.line.metastable) name += ", metastable";
     return plain("(" + name + ") ");
 }
 

@@ -34,7 +34,14 @@ std::optional<double> if_given(std::optional<double> value) {
     return value > kPresent ? value : std::nullopt;
 }
 
+/// Ends the evaluation with its reason.
+[[noreturn]] void give_up(Vaporisation& r, const char* explanation) {
+    r.explanation = explanation;
+    throw faults::Fault(faults::kInvalidArgument);
+}
+
 bool fail(Vaporisation& r, const char* explanation) {
+    r.obtained.clear();
     r.explanation = explanation;
     return false;
 }
@@ -45,7 +52,7 @@ bool pair_pressure(const Request& q, Vaporisation& r) {
         const std::optional<Saturation> sat = saturation_pressure(q.fluid, r.T.value_or(0));
         if (sat) r.p = if_given(sat->p);
         if (!r.p) return fail(r, "p(LV) by EOS: Error ");
-        r.explanation = "p = p(LV) by using cubic EOS";
+        r.explanation = r.obtained = "p = p(LV) by using cubic EOS";
         return true;
     }
     if (q.method.model != VaporisationModel::chen &&
@@ -56,10 +63,10 @@ bool pair_pressure(const Request& q, Vaporisation& r) {
         r.p = if_given(found->p);
         r.pressure_deviation = found->deviation;
     }
-    r.explanation = "p = p(LV) by using vapour pressure equation:";
+    r.explanation = r.obtained = "p = p(LV) by using vapour pressure equation:";
     if (r.p) return true;
     r.p = if_given(q.method.p);
-    r.explanation = "p(LV) = p from actual data set";
+    r.explanation = r.obtained = "p(LV) = p from actual data set";
     return r.p || fail(r, "No p available");
 }
 
@@ -69,17 +76,17 @@ bool pair_temperature(const Request& q, Vaporisation& r) {
         const std::optional<Saturation> sat = saturation_temperature(q.fluid, r.p.value_or(0));
         if (sat) r.T = if_given(sat->T);
         if (!r.T) return fail(r, "T(LV) by using EOS: Error ");
-        r.explanation = "T = T(LV) from cubic  EOS";
+        r.explanation = r.obtained = "T = T(LV) from cubic  EOS";
         return true;
     }
     if (const auto found = boiling_temperature(q.substance(), r.p.value_or(0), q.method.equation)) {
         r.T = if_given(found->T);
         r.temperature_deviation = found->deviation;
     }
-    r.explanation = "T = T(LV) from vapour pressure equation:";
+    r.explanation = r.obtained = "T = T(LV) from vapour pressure equation:";
     if (r.T) return true;
     r.T = if_given(q.method.T);
-    r.explanation = "(T(LV) from actual data set)";
+    r.explanation = r.obtained = "(T(LV) from actual data set)";
     return r.T || fail(r, "no T available");
 }
 
@@ -89,10 +96,11 @@ bool below_critical(const Request& q, Vaporisation& r) {
 
 /// The fitted equation of the database.
 double database_equation(const SubstanceRecord& s, Vaporisation& r) {
+    if (is_beyond_enthalpy_equation(s, *r.T)) give_up(r, "T > T(cr) of the database equation");
     const std::optional<double> value = enthalpy_equation(s, *r.T);
-    if (!value || s.hLV_T_high <= 0) throw faults::Fault(faults::kInvalidArgument);
-    r.deviation = deviation_of(*r.T, {s.hLV_T_low, s.hLV_T_high});
+    if (!value || s.hLV_T_high <= 0) give_up(r, "no equation delta(LV)h = Fu(T) in the database");
     r.explanation = "delta(LV)h = Fu(T) (by using database equation)";
+    r.deviation = deviation_of(*r.T, {s.hLV_T_low, s.hLV_T_high});
     return *value;
 }
 
@@ -110,10 +118,11 @@ double carruth_kobayashi(const SubstanceRecord& s, double T) {
 }
 
 /// K. M. Watson, Ind. Eng. Chem. 35 (1943) 398.
-double watson(const SubstanceRecord& s, double exponent, double T) {
+double watson(const SubstanceRecord& s, double exponent, double T, Vaporisation& r) {
     const auto h = static_cast<double>(s.watson_hLV);
     const auto known = static_cast<double>(s.watson_T);
-    if (!(h * known > kPresent)) throw faults::Fault(faults::kInvalidArgument);
+    if (!(h * known > kPresent))
+        give_up(r, "WATSON-correlation: the substance data have no delta(LV)h at a temperature");
     const double ratio = faults::divide(s.Tcrit - T, s.Tcrit - known);
     if (ratio < 0.0) throw faults::Fault(faults::kInvalidArgument);
     return h * std::pow(ratio, exponent);
@@ -121,16 +130,19 @@ double watson(const SubstanceRecord& s, double exponent, double T) {
 
 void set_compressibilities(const Request& q, Vaporisation& r) {
     if (!r.rhoL || !r.rhoV || !(*r.rhoL * *r.rhoV > kPresent))
-        throw faults::Fault(faults::kDivisionByZero);
+        give_up(r, "delta(LV)h needs the densities of both phases");
     const double ideal = static_cast<double>(q.substance().M) * *r.p / (R * *r.T);
     r.zV = ideal / *r.rhoV;
     r.zL = ideal / *r.rhoL;
 }
 
-std::optional<double> benson_density(const Request& q, const Vaporisation& r) {
+std::optional<double> benson_density(const Request& q, Vaporisation& r) {
     const SubstanceRecord& s = q.substance();
     const BensonPoint& reference = q.method.reference;
-    if (!r.rhoV || !is_known(reference)) return std::nullopt;
+    if (!is_known(reference))
+        give_up(r, "Benson's method: no second reference point (T, p, rho_L, rho_V)");
+    if (!(s.rhocrit > 0)) give_up(r, "Benson's method: no critical density");
+    if (!r.rhoV) return std::nullopt;
     return density_l_benson(*r.T, s.Tcrit, s.rhocrit, *r.rhoV, reference);
 }
 
@@ -145,6 +157,8 @@ double clausius_clapeyron(const Request& q, Vaporisation& r) {
         if (const auto liquid = density_liquid(q.substance(), static_cast<float>(*r.T))) {
             r.rhoL = liquid->rho;
             r.density_deviation = liquid->deviation;
+        } else {
+            give_up(r, "no density rho_L = Fu(T) of the database at this temperature");
         }
     } else {
         r.rhoL = benson_density(q, r);
@@ -152,7 +166,7 @@ double clausius_clapeyron(const Request& q, Vaporisation& r) {
     set_compressibilities(q, r);
     const std::optional<double> slope =
         vapour_pressure_slope(q.substance(), *r.T, q.method.equation);
-    if (!slope) throw faults::Fault(faults::kInvalidArgument);
+    if (!slope) give_up(r, "no vapour pressure equation with a slope at this temperature");
     r.explanation = "actual vapour pressure equation";
     return -R * *slope * (*r.zV - *r.zL);
 }
@@ -171,7 +185,7 @@ double cubic_eos(const Request& q, Vaporisation& r) {
                                           : state  ? both_volumes(*state)
                                                    : std::nullopt;
     if (state) r.v = state->v;
-    if (!v) throw faults::Fault(faults::kDivisionByZero);
+    if (!v) give_up(r, "delta(LV)h needs both phases: T and p are no equilibrium of the EOS");
     const auto M = static_cast<double>(fluid.substance().M);
     r.rhoV = M / v->vV;
     r.rhoL = M / v->vL;
@@ -199,7 +213,7 @@ double evaluate(const Request& q, Vaporisation& r) {
             return carruth_kobayashi(s, *r.T);
         case VaporisationModel::watson:
             r.explanation = "WATSON-correlation, n =" + numbers::general(exponent);
-            return watson(s, static_cast<double>(exponent), *r.T);
+            return watson(s, static_cast<double>(exponent), *r.T, r);
         case VaporisationModel::cubicEos:
             return cubic_eos(q, r);
         default:
@@ -228,11 +242,15 @@ Vaporisation enthalpy_of_vaporisation(const Fluid& fluid, const VaporisationMeth
     return r;
 }
 
+bool is_beyond_enthalpy_equation(const SubstanceRecord& s, double T) {
+    return static_cast<double>(s.hLV_Tc) > kPresent && static_cast<float>(T) > s.hLV_Tc;
+}
+
 std::optional<double> enthalpy_equation(const SubstanceRecord& s, double T) {
     const auto Tc = static_cast<double>(s.hLV_Tc);
-    if (!(Tc > kPresent) || !(T <= std::fmax(Tc, s.Tcrit))) return std::nullopt;
-    // At the critical point of the set, a 32-bit value, and from there to that of the substance.
-    if (static_cast<float>(T) >= s.hLV_Tc) return 0.0;
+    if (!(Tc > kPresent) || static_cast<float>(T) > s.hLV_Tc) return std::nullopt;
+    // At the critical point of the set, a 32-bit value.
+    if (static_cast<float>(T) == s.hLV_Tc) return 0.0;
 
     const double Tr = T / Tc;
     const auto a = [&](std::size_t i) { return static_cast<double>(s.hLV_coefficients[i]); };

@@ -22,7 +22,8 @@ struct Vaporisation {
     /// K outside the ranges of p(LV), T(LV) and of the L density, as far as they were used.
     std::int16_t pressure_deviation = 0, temperature_deviation = 0, density_deviation = 0;
     std::array<double, 3> v{};  ///< the volume roots of the last state solved, m^3/kmol
-    std::string explanation;    ///< how T, p and the result were obtained
+    std::string obtained;       ///< how the one of T and p that was not given was found
+    std::string explanation;    ///< how the result was obtained, or why there is none
 };
 
 /// What an evaluation by a method needs beside the fluid.
@@ -39,8 +40,10 @@ Vaporisation enthalpy_of_vaporisation(const Fluid& fluid, const VaporisationMeth
                                       std::optional<double> T, std::optional<double> p);
 
 /// The database equation A exp(-B Tr) (1 - Tr)^(C + D Tr + E Tr^2 + F Tr^3), Tr = T/Tc of the set,
-/// without a range test. kJ/kmol. 0 from Tc of the set up to the critical point of the substance;
-/// nothing above both, without a Tc, and on a fault.
+/// without a range test. kJ/kmol; 0 at Tc of the set. Nothing above it, without a Tc, and on a
+/// fault.
 std::optional<double> enthalpy_equation(const SubstanceRecord& s, double T);
+/// T lies above Tc of the set, which may lie below the critical point of the substance.
+bool is_beyond_enthalpy_equation(const SubstanceRecord& s, double T);
 
 }  // namespace quor::models

@@ -14,14 +14,6 @@ namespace {
 
 constexpr int kHalvings = 200;
 
-/// (dp/dv) at T.
-double slope(const EosState& s, double T, double v) {
-    const double w = v - s.b;
-    const double x = v + s.c;
-    const double y = v + s.d;
-    return -R * T / (w * w) + s.a * (x + y) / (x * x * y * y);
-}
-
 /// The volume at which the isotherm is steepest upwards (or least steep downwards), by golden
 /// section on ln(v - b) round the critical volume.
 double steepest_volume(const EosState& s, double T, double vcrit) {
@@ -29,7 +21,7 @@ double steepest_volume(const EosState& s, double T, double vcrit) {
     // dp/dv itself vanishes for large v, so it is weighed with (v - b)^2/(R T).
     const auto height = [&](double u) {
         const double w = std::exp(u);
-        return slope(s, T, s.b + w) * w * w / (R * T);
+        return cubic_slope(s, T, s.b + w) * w * w / (R * T);
     };
     const double centre = std::log(std::max(vcrit - s.b, 0.05 * s.b));
     double lo = centre - 3, hi = centre + 3;
@@ -72,21 +64,12 @@ double branch_volume(const EosState& s, double T, double p, double lo, double hi
         const double v = s.b + w;
         const double f = cubic_pressure(s, T, v) - p;
         (f > 0 ? ulo : uhi) = u;
-        double next = u - f / (slope(s, T, v) * w);
+        double next = u - f / (cubic_slope(s, T, v) * w);
         if (!(next > ulo && next < uhi)) next = 0.5 * (ulo + uhi);
         if (std::fabs(next - u) <= 1e-16 * std::fabs(u) + 1e-16) break;
         u = next;
     }
     return s.b + std::exp(u);
-}
-
-/// Area between isotherm and isobar from v1 to v3, kJ/kmol; positive below the Maxwell pressure.
-double whole_area(const EosState& s, double T, double p, double v1, double v3) {
-    const double attraction =
-        s.c == s.d ? s.a * (1 / (v3 + s.c) - 1 / (v1 + s.c))
-                   : s.a / (s.c - s.d) *
-                         (std::log((v3 + s.c) / (v1 + s.c)) - std::log((v3 + s.d) / (v1 + s.d)));
-    return R * T * std::log((v3 - s.b) / (v1 - s.b)) + attraction - (v3 - v1) * p;
 }
 
 Saturation at_critical_volume(const EosState& s, double T, double v) {
@@ -106,7 +89,7 @@ namespace {
 
 /// The loop of an isotherm that is steepest upwards at `middle`; nothing where it falls there.
 std::optional<Spinodal> loop_round(const EosState& s, double T, double middle) {
-    const auto g = [&](double w) { return slope(s, T, s.b + w); };
+    const auto g = [&](double w) { return cubic_slope(s, T, s.b + w); };
     const double w = middle - s.b;
     if (!(g(w) > 0)) return std::nullopt;
 
@@ -152,7 +135,8 @@ std::optional<Saturation> maxwell_pressure(const Fluid& f, double T) {
         const double gas_end = std::max(2 * loop.vV, 2 * R * T / p + s.b);
         v1 = branch_volume(s, T, p, liquid_end, loop.vL);
         v3 = branch_volume(s, T, p, loop.vV, gas_end);
-        const double area = whole_area(s, T, p, v1, v3);
+        // Positive below the Maxwell pressure.
+        const double area = isotherm_integral(s, T, v1, v3) - (v3 - v1) * p;
         (area > 0 ? lo : hi) = x;
         // d(area)/d(ln p) = -p (v3 - v1), because both ends lie on the isobar.
         double next = x + area / (p * (v3 - v1));

@@ -32,11 +32,6 @@ ModelEntries<Model> offered(const Offer<Model> (&offers)[n], Name name) {
     return entries;
 }
 
-bool has_measured_vp(const SubstanceRecord& s) {
-    return s.wagner.T_low > 0 || s.frost.T_low != 0 || s.antoine_low.A > 1e-6F ||
-           s.antoine_high.A > 1e-6F;
-}
-
 /// Sets that are not measured but follow from critical point and boiling point.
 bool is_correlated(VapourPressureEquation equation) {
     using enum VapourPressureEquation;
@@ -73,8 +68,22 @@ ModelEntries<VapourPressureEquation> vp_entries(const SubstanceRecord& s) {
                                                     {frostVanDerWaals, boils},
                                                     {frostRedlichKwong, boils},
                                                     {thompson, boils},
-                                                    {none, !has_measured_vp(s)}};
+                                                    {none, !has_measured_vapour_pressure(s)}};
     return offered(offers, vp_name);
+}
+
+bool has_measured_vapour_pressure(const SubstanceRecord& s) {
+    return s.wagner.T_low > 0 || s.frost.T_low != 0 || s.antoine_low.A > 1e-6F ||
+           s.antoine_high.A > 1e-6F;
+}
+
+VapourPressureEquation default_vapour_pressure(const SubstanceRecord& s) {
+    using enum VapourPressureEquation;
+    if (s.wagner.T_low > 0) return wagner;
+    if (s.frost.T_low > 0) return frostKalkwarf;
+    if (s.antoine_low.T_low > 0) return antoineLow;
+    if (s.antoine_high.T_low > 0) return antoineHigh;
+    return vp_entries(s).front().model;
 }
 
 ModelEntries<VaporisationModel> hlv_entries(const SubstanceRecord& s, bool vapour_only) {

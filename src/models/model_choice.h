@@ -27,6 +27,11 @@ using ModelEntries = std::vector<ModelEntry<Model>>;
 ModelEntries<Eos> eos_entries(const SubstanceRecord& substance);
 /// Vapour pressure equations; "none" stands last when the substance has no measured set.
 ModelEntries<VapourPressureEquation> vp_entries(const SubstanceRecord& substance);
+/// The equation that a substance starts with: the measured set that is best, Wagner's before
+/// Frost's before Antoine's, and without one the first entry.
+VapourPressureEquation default_vapour_pressure(const SubstanceRecord& substance);
+/// One of the sets was fitted to measured values.
+bool has_measured_vapour_pressure(const SubstanceRecord& substance);
 /// Methods of the enthalpy of vaporisation; `vapour_only` leaves out the one by the cubic EOS.
 ModelEntries<VaporisationModel> hlv_entries(const SubstanceRecord& substance, bool vapour_only);
 /// Ideal-gas cp forms; never empty.

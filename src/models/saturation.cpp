@@ -5,6 +5,7 @@
 
 #include "common/constants.h"
 #include "models/cubic_eos.h"
+#include "models/equal_fugacity.h"
 #include "models/maxwell.h"
 #include "models/vapour_pressure.h"
 
@@ -273,6 +274,14 @@ Searched search_temperature(const Fluid& f, double p, double Tstart) {
     return search_by_secant(f, kForTemperature, r, &Saturation::T, start, f.substance().Tcrit);
 }
 
+/// An equilibrium to the last digits, with the rounds of the search before it.
+std::optional<Saturation> of_search(std::optional<Saturation> exact, const Searched& search) {
+    if (!exact) return exact;
+    exact->rounds = search.at.rounds;
+    exact->fallback = !search.found;
+    return exact;
+}
+
 }  // namespace
 
 std::optional<Saturation> search_saturation_pressure(const Fluid& f, double T) {
@@ -285,20 +294,22 @@ std::optional<Saturation> search_saturation_temperature(const Fluid& f, double p
 
 std::optional<Saturation> saturation_pressure(const Fluid& f, double T) {
     const Searched r = search_pressure(f, T);
-    if (r.found) return r.at;
+    if (T == f.substance().Tcrit) return r.at;
     if (has_no_equilibrium(f) || !(T > 0) || !(T < f.substance().Tcrit)) return std::nullopt;
-    std::optional<Saturation> found = maxwell_pressure(f, T);
-    if (found) found->rounds = r.at.rounds;
-    return found;
+    std::optional<Saturation> exact;
+    if (r.found) exact = equilibrium_near_p(f, T, r.at.p);
+    if (!exact) exact = maxwell_pressure(f, T);
+    return of_search(exact, r);
 }
 
 std::optional<Saturation> saturation_temperature(const Fluid& f, double p, double Tstart) {
     const Searched r = search_temperature(f, p, Tstart);
-    if (r.found) return r.at;
-    if (has_no_equilibrium(f) || !(p > 0) || !(p < f.substance().pcrit)) return std::nullopt;
-    std::optional<Saturation> found = maxwell_temperature(f, p);
-    if (found) found->rounds = r.at.rounds;
-    return found;
+    if (has_no_equilibrium(f) || !(p > 0) || p > f.substance().pcrit) return std::nullopt;
+    if (p == f.substance().pcrit) return r.at;
+    std::optional<Saturation> exact;
+    if (r.found) exact = equilibrium_near_T(f, p, r.at.T);
+    if (!exact) exact = maxwell_temperature(f, p);
+    return of_search(exact, r);
 }
 
 }  // namespace quor::models

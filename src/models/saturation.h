@@ -16,14 +16,16 @@ struct Saturation {
 };
 
 /// p(LV) at T/K by Maxwell's rule: a secant search from the vapour pressure equation, and where it
-/// gives up below Tcrit a bracketed search between the spinodal pressures. Nothing above Tcrit and
+/// gives up below Tcrit a bracketed search between the spinodal pressures; then Newton's method on
+/// equal fugacities, so that every use shares one equilibrium. Nothing above Tcrit and
 /// for an equation without a liquid.
 std::optional<Saturation> saturation_pressure(const Fluid& fluid, double T);
 
-/// T(LV) at p/kPa. Tstart/K is the first trial, 0 asks for an own estimate. Nothing above pcrit.
+/// T(LV) at p/kPa in the same way. Tstart/K is the first trial, 0 asks for an own estimate. Nothing
+/// above pcrit.
 std::optional<Saturation> saturation_temperature(const Fluid& fluid, double p, double Tstart = 0);
 
-/// The secant and marching searches alone, without the bracketed search behind them.
+/// The secant and marching searches alone, to their own tolerances.
 std::optional<Saturation> search_saturation_pressure(const Fluid& fluid, double T);
 std::optional<Saturation> search_saturation_temperature(const Fluid& fluid, double p,
                                                         double Tstart = 0);

@@ -5,6 +5,7 @@
 
 #include "common/constants.h"
 #include "models/cubic_eos.h"
+#include "models/equal_fugacity.h"
 #include "models/saturation.h"
 #include "models/virial.h"
 
@@ -190,16 +191,9 @@ std::optional<CubicRoots> solve_cubic(const EosState& s, double T, double p) {
 
 std::optional<Areas> area_ratio(const EosState& s, const std::array<double, 3>& v, double T,
                                 double p) {
-    const auto integral = [&](double x, double y) {
-        const double attraction =
-            s.c == s.d
-                ? s.a * (1 / (x + s.c) - 1 / (y + s.c))
-                : s.a / (s.c - s.d) * std::log((x + s.c) * (y + s.d) / ((y + s.c) * (x + s.d)));
-        return R * T * std::log((x - s.b) / (y - s.b)) + attraction;
-    };
     Areas r;
-    r.V = integral(v[2], v[1]) - (v[2] - v[1]) * p;
-    r.L = integral(v[1], v[0]) - (v[1] - v[0]) * p;
+    r.V = isotherm_integral(s, T, v[1], v[2]) - (v[2] - v[1]) * p;
+    r.L = isotherm_integral(s, T, v[0], v[1]) - (v[1] - v[0]) * p;
     r.ratio = (r.V + r.L) / (r.V - r.L);
     if (!std::isfinite(r.ratio)) return std::nullopt;
     return r;
@@ -305,7 +299,9 @@ std::optional<double> dome_temperature(const Fluid& f, double p, double T, int r
         const double dT = (p - sat->p) / slope;
         T += dT;
         if (!std::isfinite(T) || T <= 0) return direct();
-        if (std::fabs(dT) / T <= kTemperatureTolerance) return T;
+        if (std::fabs(dT) / T > kTemperatureTolerance) continue;
+        const std::optional<Saturation> exact = equilibrium_near_T(f, p, T);
+        return exact ? exact->T : T;
     }
 }
 
@@ -319,6 +315,8 @@ std::optional<double> temperature_from_p_rho(const Fluid& f, double p, double rh
 
     int rounds = 0;
     std::optional<double> T = newton_temperature(f, p, v, rounds);
+    // Below the covolume the equation has solutions too, which are no states.
+    if (T && !(v > eos_at(f, *T).b)) T.reset();
     if (!T) T = bracketed_temperature(f, p, v);
     if (!T || *T >= f.substance().Tcrit || single_phase_only) return T;
 

@@ -216,11 +216,9 @@ constexpr FunctionLine kFunctionLines[] = {
 void add_functions(std::vector<std::string>& lines, const ResultRecord& record) {
     constexpr std::size_t kLabel = 33, kNumber = 16;
     const auto value = [](const PhaseRecord& phase, std::size_t i, const char* mark) {
-        const bool exists = phase.caloric[calculation::kVolume] > 0;
-        return exists ? text::pad_left(numbers::general_point(static_cast<float>(phase.caloric[i])),
-                                       kNumber) +
-                            mark
-                      : std::string();
+        const std::optional<double>& z = phase.caloric[i];
+        return z ? text::pad_left(numbers::general_point(static_cast<float>(*z)), kNumber) + mark
+                 : std::string();
     };
     for (const FunctionLine& line : kFunctionLines)
         lines.push_back(text::pad_right(line.label, kLabel) +

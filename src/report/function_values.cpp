@@ -51,8 +51,9 @@ void set_functions(Table& t, const std::optional<calculation::FunctionValues>& p
                    std::size_t first, std::size_t sound) {
     if (!phase) return;
     for (std::size_t i = calculation::kVolume; i <= calculation::kCv; ++i)
-        t.set(first + i, scaled(t.made.units, *phase, static_cast<calculation::Function>(i)));
-    t.set(sound, phase->z[calculation::kSound]);
+        if (const auto z = scaled(t.made.units, *phase, static_cast<calculation::Function>(i)))
+            t.set(first + i, *z);
+    if (const auto& w = phase->z[calculation::kSound]) t.set(sound, *w);
 }
 
 void set_functions(Table& t, const calculation::FunctionPair& pair) {
@@ -70,8 +71,7 @@ void set_derivatives(Table& t, const std::optional<calculation::PhaseDerivatives
 void set_pages(Table& t, const calculation::PageValues& pages) {
     set_derivatives(t, pages.liquid, kDerivativesL);
     set_derivatives(t, pages.vapour, kDerivativesV);
-    if (!pages.functions || !pages.functions->complete) return;
-    set_functions(t, *pages.functions);
+    if (pages.functions) set_functions(t, *pages.functions);
 }
 
 void set_database(Table& t) {

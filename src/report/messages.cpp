@@ -45,6 +45,12 @@ dialogs::Message box_of(const Note& note) {
                            " K outside parameter validity\n"
                            "(cf. Data/Parameters delta(LV)h = Fu(T))",
                        "Warning concerning equation delta(LV)h = Fu(T)");
+        case Note::Kind::solidRange:
+            return box(" Temperature" + std::to_string(note.deviation) +
+                           " K outside T-range of the parameters\n(range of validity: " +
+                           std::to_string(note.range.T_low) + " ... " +
+                           std::to_string(note.range.T_high) + ")",
+                       "Warning concerning the function rho(S) = Fu(T)");
         case Note::Kind::databaseRange:
             break;
     }
@@ -56,6 +62,7 @@ dialogs::Message box_of(const Note& note) {
 bool is_told(const Note& note, Tell tell) {
     switch (note.kind) {
         case Note::Kind::databaseRange:
+        case Note::Kind::solidRange:
             return true;
         case Note::Kind::tankBelowTriplePoint:
             return tell != Tell::remarks;
@@ -73,6 +80,10 @@ std::vector<dialogs::Message> messages(const calculation::Answer& answer,
         if (is_told(note, tell)) all.push_back(box_of(note));
     if (answer.reason == Reason::noDatabaseValue)
         all.push_back(box("calculation error occured", dialogs::kNotPossible));
+    if (answer.reason == Reason::beyondEquation)
+        all.push_back(box("T > T(cr) of the equation delta(LV)h = Fu(T)\n(T(cr)/K = " +
+                              numbers::general(substance.hLV_Tc) + ")",
+                          dialogs::kNotPossible));
     if (answer.reason == Reason::tankAboveCritical)
         all.push_back(
             box("\"Partial Calculation\" - usable only for phase equilibria (T < T(cr))\n"

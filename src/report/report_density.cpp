@@ -36,7 +36,7 @@ constexpr MeanRow kMeanRows[] = {
 void mean_functions(Teller& t) {
     const bool molar = t.units().choice.caloric == models::CaloricUnit::molar;
     const calculation::FunctionPair& pair = *t.answer.functions;
-    const bool caloric = pair.liquid && pair.vapour && pair.complete;
+    const bool caloric = pair.liquid && pair.vapour && pair.caloric();
     ListBuilder& list = t.list;
     list.blank();
     list.underlined(std::string(molar ? "molar global functions" : "specific global functions") +
@@ -49,9 +49,12 @@ void mean_functions(Teller& t) {
     list.value("Density rho       = ", value32(faults::divide(t.M(), v)), "  kg/m^3");
     list.value("Volume  v         = ", value32(v * t.units().v),
                "  " + text::trim_right(t.units().v_label));
+    tell_missing_functions(t, pair);
     if (!caloric) return;
     for (const MeanRow& row : kMeanRows) {
-        const double z = y * pair.vapour->z[row.function] + (1 - y) * pair.liquid->z[row.function];
+        const auto &V = pair.vapour->z[row.function], &L = pair.liquid->z[row.function];
+        if (!V || !L) continue;
+        const double z = y * *V + (1 - y) * *L;
         const char* unit =
             row.per_kelvin ? (molar ? "kJ/(kmol K)" : "kJ/(kg K)") : (molar ? "kJ/kmol" : "kJ/kg");
         list.value(row.label, value32(z * t.units().caloric), std::string("  ") + unit);

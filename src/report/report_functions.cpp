@@ -45,23 +45,46 @@ std::string label_of(const Teller& t, const Row& row) {
 
 std::string value_text(const Teller& t, const std::optional<FunctionValues>& phase,
                        Function function) {
-    if (!phase) return {};
-    return value32(scaled(t.units(), *phase, function));
+    const auto value = phase ? scaled(t.units(), *phase, function) : std::nullopt;
+    return value ? value32(*value) : std::string();
 }
 
 }  // namespace
 
-double scaled(const models::Units& units, const FunctionValues& values, Function function) {
-    const double z = values.z[function];
-    if (function == calculation::kVolume) return z * units.v;
-    return function == calculation::kSound ? z : z * units.caloric;
+std::optional<double> scaled(const models::Units& units, const FunctionValues& values,
+                             Function function) {
+    const std::optional<double>& z = values.z[function];
+    if (!z || function == calculation::kSound) return z;
+    return *z * (function == calculation::kVolume ? units.v : units.caloric);
+}
+
+void tell_missing_functions(Teller& t, const calculation::FunctionPair& pair) {
+    switch (pair.missing) {
+        case calculation::Missing::nothing:
+            return;
+        case calculation::Missing::heatCapacity:
+            t.list.add_red("No ideal-gas heat capacity cp = Fu(T) at this temperature:");
+            t.list.add_red("h, s, g, u, a, the exergies, cp, cV and the speed of sound need it.");
+            return;
+        case calculation::Missing::state:
+            t.list.add_red("The equation of state gives no caloric functions at this state.");
+            return;
+        case calculation::Missing::surroundings:
+            t.list.add_red(
+                "No state of the surroundings (T, p of the reference state): no exergies.");
+            return;
+    }
 }
 
 void function_table(Teller& t, const calculation::FunctionPair& pair) {
-    for (const Row& row : kRows)
-        t.list.row(
-            row.name, label_of(t, row),
-            {value_text(t, pair.liquid, row.function), value_text(t, pair.vapour, row.function)});
+    tell_missing_functions(t, pair);
+    if (pair.caloric())
+        for (std::string& line : reference_lines(t.made)) t.list.add(std::move(line));
+    for (const Row& row : kRows) {
+        const std::string L = value_text(t, pair.liquid, row.function),
+                          V = value_text(t, pair.vapour, row.function);
+        if (!L.empty() || !V.empty()) t.list.row(row.name, label_of(t, row), {L, V});
+    }
 }
 
 const char* caloric_label(Function function, models::CaloricUnit unit) {
@@ -76,7 +99,6 @@ void tell_functions(Teller& t) {
         calculation_error(t, error_code());
         return;
     }
-    for (std::string& line : reference_lines(t.made)) t.list.add(std::move(line));
     function_table(t, *t.answer.functions);
 }
 

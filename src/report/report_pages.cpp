@@ -132,11 +132,6 @@ void function_page(Teller& t) {
     list.rule('*', kRule);
     list.add(std::string(31, ' ') + "thermodynamic Fu(T)");
     list.rule('*', kRule);
-    if (!pair.complete) {
-        list.add_red("no Result");
-        return;
-    }
-    for (std::string& line : reference_lines(t.made)) list.add(std::move(line));
     function_table(t, pair);
 }
 
@@ -144,6 +139,10 @@ void function_page(Teller& t) {
 
 void tell_pages(Teller& t) {
     const calculation::Pages& wanted = t.request.pages;
+    if (t.answer.pages->metastable_liquid)
+        t.list.add_red("The L phase of these pages is metastable at T and p: the EOS has phase V.");
+    if (t.answer.pages->metastable_vapour)
+        t.list.add_red("The V phase of these pages is metastable at T and p: the EOS has phase L.");
     if (wanted.residual) residual_page(t);
     if (wanted.derivatives) derivative_page(t);
     if (wanted.functions) function_page(t);

@@ -64,8 +64,9 @@ void tell_given_p_rho(Teller& t) {
     const calculation::Answer& a = t.answer;
     t.out.par1.text = pressure_text(a.p);
     t.out.par2.text = density_text(static_cast<double>(t.request.given.rhoV));
-    if (t.failed(Reason::noTemperature)) {
-        t.out.co2 = {" Error", true, false};
+    if (t.failed(Reason::noTemperature) || t.failed(Reason::belowCovolume)) {
+        t.out.co2 = {t.failed(Reason::belowCovolume) ? " T = , no T-solution (v <= b)" : " Error",
+                     true, false};
         return;
     }
     t.out.co2.text = " T = " + numbers::format(a.T, "###0.000 K");
@@ -174,11 +175,11 @@ std::string value_cell(double value) {
 ListLine process_line(const Teller& t, const calculation::ProcessState& s) {
     std::vector<std::string> cells = {value_cell(s.T), value_cell(s.p)};
     if (s.v) cells.push_back(value_cell(*s.v * t.units().v));
-    if (s.v && s.functions) {
+    if (s.v && s.functions && s.functions->z[calculation::kH]) {
         const models::UnitChoice& choice = t.units().choice;
         const double factor = models::caloric_factor(choice.caloric, s.T, t.substance());
-        cells.push_back(value_cell(s.functions->z[calculation::kH] * factor));
-        cells.push_back(value_cell(s.functions->z[calculation::kS] * factor));
+        cells.push_back(value_cell(*s.functions->z[calculation::kH] * factor));
+        cells.push_back(value_cell(*s.functions->z[calculation::kS] * factor));
     }
     return in_columns(std::move(cells));
 }

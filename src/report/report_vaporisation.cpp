@@ -71,6 +71,16 @@ void tell_main_result(Teller& t) {
         t.out.co2.text = " p(LV) = " + pressure_by_mask(a.p, "####0.000", " kPa");
 }
 
+/// How the one of T and p that was not given was found, with its value.
+void obtained_line(Teller& t) {
+    const models::Vaporisation& r = t.answer.vaporisation->found;
+    if (r.obtained.empty()) return;
+    std::string words = r.obtained;
+    if (words.ends_with(':')) words.pop_back();
+    t.list.value(words + ": ", value32(given_T(t) ? t.answer.p : t.answer.T),
+                 given_T(t) ? " kPa" : " K");
+}
+
 void result_lines(Teller& t) {
     constexpr std::size_t kRule = 70;
     const double h = *t.answer.hLV * t.units().caloric;
@@ -99,6 +109,7 @@ void tell_vaporisation(Teller& t) {
     }
     density_lines(t);
     tell_main_result(t);
+    obtained_line(t);
     result_lines(t);
 }
 

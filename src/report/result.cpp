@@ -33,7 +33,7 @@ void set_functions(const calculation::FunctionPair& pair, ResultRecord& r) {
 void set_pages(const calculation::PageValues& pages, ResultRecord& r) {
     if (pages.liquid) r.liquid.extended = in_label_order(*pages.liquid);
     if (pages.vapour) r.vapour.extended = in_label_order(*pages.vapour);
-    if (pages.functions && pages.functions->complete) set_functions(*pages.functions, r);
+    if (pages.functions) set_functions(*pages.functions, r);
 }
 
 /// True for the tasks whose T is calculated.

@@ -8,7 +8,8 @@ namespace quor::report {
 
 /// Functions of one phase for the comparison lists.
 struct PhaseRecord {
-    std::array<double, 11> caloric{};   ///< v, h, s, g, u, a, e(H), e(U), cp, cv, w
+    /// v, h, s, g, u, a, e(H), e(U), cp, cv, w, as far as they are known.
+    std::array<std::optional<double>, 11> caloric{};
     std::array<double, 24> extended{};  ///< values in the order of `models::function_label`
 };
 

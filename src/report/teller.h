@@ -41,9 +41,11 @@ void function_table(Teller& t, const calculation::FunctionPair& pair);
 /// Label of a caloric quantity in a caloric unit: "h/ (kJ/kmol) " and the like.
 const char* caloric_label(calculation::Function function, models::CaloricUnit unit);
 
-/// A function in the units of a result.
-double scaled(const models::Units& units, const calculation::FunctionValues& values,
-              calculation::Function function);
+/// Tells which functions are missing and why.
+void tell_missing_functions(Teller& t, const calculation::FunctionPair& pair);
+/// A function in the units of a result, if it is known.
+std::optional<double> scaled(const models::Units& units, const calculation::FunctionValues& values,
+                             calculation::Function function);
 
 // The words of the tasks.
 

@@ -186,11 +186,13 @@ Result<SubstanceRead> read_substance(Session& session, std::int16_t index) {
     const auto now = session.change();
     now->substance = std::move(loaded->record);
     now->applied_unsaved = false;
-    // The equation in use stays where the substance has it.
+    // The equation in use stays where the substance has it; one without a measured set starts with
+    // its first entry, whatever the substance before had.
     models::VapourPressureEquation& equation = now->models.vapour_pressure;
     const auto offered = models::vp_entries(now->substance);
-    if (offered[models::index_of(offered, equation)].model != equation)
-        equation = models::vp_of_code(loaded->vapour_pressure);
+    if (!models::has_measured_vapour_pressure(now->substance) ||
+        offered[models::index_of(offered, equation)].model != equation)
+        equation = models::default_vapour_pressure(now->substance);
     return SubstanceRead{loaded->no_critical_data};
 }
 

@@ -389,6 +389,11 @@ void vaporisation(Work& w, bool fromT) {
         {6, "using vapour press. equ. + Benson's method"},
         {7, "by using CEOS ('global calculation')"}};
     auto& list = w.r.list;
+    if (!r.obtained.empty()) {
+        const std::string words =
+            r.obtained.ends_with(':') ? r.obtained.substr(0, r.obtained.size() - 1) : r.obtained;
+        list.push_back(words + ": " + (fromT ? g7(w.p) + " kPa" : g7(w.T) + " K"));
+    }
     list.push_back("Enthalpy of vaporization from " + names.at(method));
     list.push_back(std::string(70, '-'));
     list.push_back(hLabel + " = " + number(h));

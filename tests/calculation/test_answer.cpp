@@ -3,7 +3,9 @@
 
 #include "calc_test.h"
 #include "calculation/calculate.h"
+#include "models/reference_state.h"
 #include "models/saturation.h"
+#include "report/messages.h"
 
 using namespace quor;
 
@@ -46,8 +48,8 @@ TEST_F(AnswerTest, AMixtureHasBothPhasesAndItsVapourFraction) {
     EXPECT_DOUBLE_EQ(*a.phases.vapour->rho, M / sat->v[2]);
     ASSERT_TRUE(a.functions && a.functions->liquid && a.functions->vapour);
     // Both phases of an equilibrium have one Gibbs function.
-    const double gL = a.functions->liquid->z[calculation::kG];
-    const double gV = a.functions->vapour->z[calculation::kG];
+    const double gL = *a.functions->liquid->z[calculation::kG];
+    const double gV = *a.functions->vapour->z[calculation::kG];
     EXPECT_NEAR(gL, gV, 1e-3 * std::fabs(gL) + 0.05);
 }
 
@@ -61,6 +63,80 @@ TEST_F(AnswerTest, WhatIsMissingHasAReason) {
     EXPECT_EQ(ask(Task::solidCp, {.T = 50}).reason, Reason::noDatabaseValue);
     EXPECT_EQ(ask(Task::globalTank, {}).reason, Reason::noTank);
     EXPECT_TRUE(user.messages.empty());
+}
+
+/// The whole calculation failed with the status of a solver.
+TEST_F(AnswerTest, WithoutAHeatCapacityTheFunctionsKeepTheirVolumes) {
+    selection.cp_form = models::CpForm::none;
+    const Answer a = ask(Task::functions, {.T = 300, .p = 500});
+    ASSERT_TRUE(a.ok());
+    ASSERT_TRUE(a.functions && a.functions->vapour);
+    EXPECT_EQ(a.functions->missing, calculation::Missing::heatCapacity);
+    EXPECT_EQ(a.functions->vapour->z[calculation::kVolume],
+              models::solve_state_tp(fluid(), 300.0, 500.0)->vV);
+    EXPECT_FALSE(a.functions->vapour->z[calculation::kH]);
+    const report::TaskResult told = report::make_result(
+        fluid(), reference, units, request_of(Task::functions, {.T = 300, .p = 500}));
+    const std::string list = report::list_text(told.report);
+    EXPECT_NE(list.find("No ideal-gas heat capacity"), std::string::npos) << list;
+    EXPECT_EQ(list.find("CalcBatch"), std::string::npos) << list;
+}
+
+TEST_F(AnswerTest, WithoutSurroundingsTheExergiesAloneAreMissing) {
+    reference.penv = 0;
+    const Answer a = ask(Task::functions, {.T = 300, .p = 500});
+    ASSERT_TRUE(a.ok());
+    EXPECT_EQ(a.functions->missing, calculation::Missing::surroundings);
+    EXPECT_TRUE(a.functions->vapour->z[calculation::kH]);
+    EXPECT_FALSE(a.functions->vapour->z[calculation::kExergyH]);
+}
+
+TEST_F(AnswerTest, ADensityBeyondTheCovolumeIsNoState) {
+    const Answer a = ask(Task::temperature, {.p = 100, .rhoV = 2500});
+    EXPECT_EQ(a.reason, Reason::belowCovolume);
+    const report::TaskResult told = report::make_result(
+        fluid(), reference, units, request_of(Task::temperature, {.p = 100, .rhoV = 2500}));
+    EXPECT_EQ(told.report.co2.text, " T = , no T-solution (v <= b)");
+}
+
+TEST_F(AnswerTest, TheDatabaseEquationOfVaporisationTellsWhereItEnds) {
+    substance.hLV_Tc = 360;
+    EXPECT_EQ(ask(Task::vaporisationEquation, {.T = 365}).reason, Reason::beyondEquation);
+    EXPECT_TRUE(ask(Task::vaporisationEquation, {.T = 350}).ok());
+}
+
+/// They could never appear.
+TEST_F(AnswerTest, ASolidDensityOutsideItsRangeIsRemarkedUpon) {
+    substance.rhoS_coefficients = {1500, -0.5F, 0, 0};
+    substance.rhoS_T_low = 100;
+    substance.rhoS_T_high = 200;
+    const auto notes = [&](double T) { return ask(Task::solidDensity, {.T = T}).notes; };
+    EXPECT_TRUE(notes(204).empty());
+    ASSERT_EQ(notes(207).size(), 1U);
+    EXPECT_EQ(notes(207)[0].kind, calculation::Note::Kind::solidRange);
+    EXPECT_EQ(notes(207)[0].deviation, 7);
+    const Answer a = ask(Task::solidDensity, {.T = 207});
+    const auto told = report::messages(a, substance, report::Tell::all);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].title, "Warning concerning the function rho(S) = Fu(T)");
+    EXPECT_NE(told[0].text.find("(range of validity: 100 ... 200)"), std::string::npos);
+}
+
+/// Pages of an assumed equilibrium in the vapour region listed an L column.
+TEST_F(AnswerTest, PagesOfAnAssumedEquilibriumHaveThePhasesThatExist) {
+    Request request = request_of(Task::state, {.T = 300, .p = 900});
+    request.method.global = false;
+    request.method.assumed_vle = true;
+    request.method.reference = models::propose_benson_reference(fluid()).point;
+    request.pages = {.residual = true, .derivatives = true, .functions = true};
+    const Answer a = calculation::calculate(fluid(), reference, request);
+    ASSERT_TRUE(a.ok());
+    ASSERT_TRUE(a.phases.both());
+    ASSERT_TRUE(a.pages);
+    EXPECT_TRUE(a.pages->vapour);
+    EXPECT_FALSE(a.pages->liquid);
+    EXPECT_FALSE(a.pages->functions->liquid);
+    EXPECT_FALSE(a.pages->metastable_liquid);
 }
 
 TEST_F(AnswerTest, ARemarkIsANoteWithItsNumber) {

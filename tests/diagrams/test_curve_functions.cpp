@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <map>
 
+#include "chart/chart2d.h"
 #include "diagrams/active_fluid.h"
 #include "diagrams/diagram.h"
 #include "diagrams/equilibrium.h"
@@ -340,6 +341,24 @@ TEST_F(FunctionCurves, TheMetastableBranchesJoinBothEndsOfTheTieLine) {
                                 [](const CurvePoint& a, const CurvePoint& b) { return a.x < b.x; });
         EXPECT_LT(low->x, first) << code;
         EXPECT_GT(high->x, first) << code;
+    }
+}
+
+/// Lines of the height of the window joined +infinity and -infinity.
+TEST_F(FunctionCurves, AMetastableHeatCapacityHasAGapAtEachOfItsPoles) {
+    activate("Propane");
+    branch = diagrams::Branch::metastable;
+    for (const int code : {19, 33, 43, 154}) {
+        const Drawn curve = Draw(code, {.T = Tc(0.93), .p = pc(0.6)});
+        int gaps = 0;
+        for (std::size_t i = 2; i <= curve.count(); ++i) {
+            const CurvePoint &a = curve.nth(i - 1), &b = curve.nth(i);
+            gaps += !chart::is_shown(b.y);
+            if (!chart::is_shown(a.y) || !chart::is_shown(b.y)) continue;
+            EXPECT_FALSE(a.y > 300 && b.y < -300) << code << " at " << b.x;
+            EXPECT_FALSE(a.y < -300 && b.y > 300) << code << " at " << b.x;
+        }
+        EXPECT_EQ(gaps, 2) << code;
     }
 }
 

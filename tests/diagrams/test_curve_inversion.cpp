@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "chart/chart2d.h"
 #include "diagrams/active_fluid.h"
 #include "diagrams/equilibrium.h"
 #include "diagrams/textbook.h"
@@ -62,6 +63,7 @@ TEST_F(Inversion, TheCoefficientVanishesOnTheCurve) {
             EXPECT_GT(pv.count(), 100U) << name << eos;
             EXPECT_EQ(pv.mark(), -1);
             for (const auto& point : pv.points()) {
+                if (!chart::is_shown(point.y)) continue;
                 const double T = point.z, p = point.x;
                 const double v = point.y / p;
                 // Compared with the slope of the coefficient over the digits of a 32-bit T.
@@ -84,6 +86,23 @@ TEST_F(Inversion, ThePvCurveClosesAtItsTop) {
     EXPECT_TRUE(std::is_sorted(top, curve.points().end(),
                                [](const auto& a, const auto& b) { return a.x > b.x; }));
     EXPECT_GT(top->x, 10 * substance.pcrit);
+}
+
+/// Both branches were joined by a line along the edge of the window.
+TEST_F(Inversion, ThePvCurveHasAGapWhereTheWindowEndsBelowItsTop) {
+    activate("Nitrogen");
+    diagrams::DiagramRequest request = RequestFor(190);
+    request.window.x_max = static_cast<float>(5 * substance.pcrit);
+    request.window.y_max *= 5;
+    const Drawn curve = Draw(request, {});
+    int gaps = 0;
+    for (std::size_t i = 2; i <= curve.count(); ++i) {
+        const auto &a = curve.nth(i - 1), &b = curve.nth(i);
+        gaps += !chart::is_shown(b.y);
+        if (!chart::is_shown(a.y) || !chart::is_shown(b.y)) continue;
+        EXPECT_LT(std::fabs(b.y - a.y), 0.2 * request.window.y_max) << b.x;
+    }
+    EXPECT_EQ(gaps, 1);
 }
 
 TEST_F(Inversion, OverTemperatureTheCurveEndsOnTheCoexistenceCurve) {

@@ -57,6 +57,32 @@ TEST_F(Sections, IsothermsOfPAndVLieOnTheEquation) {
     }
 }
 
+/// With 100 points a curve the liquid branch had two of them.
+TEST_F(Sections, NoChordIsFurtherThanAPixelFromTheIsothermOrTheIsobar) {
+    activate("Propane");
+    options.points = 100;
+    const Textbook eos = textbook();
+    const Drawn isotherm = Draw(1, {.T = Tc(0.9)});
+    const auto e = diagrams::equilibrium_at_T(fluid(), Tc(0.9));
+    const auto& w = isotherm.request.window;
+    const double width = w.x_max - w.x_min, height = w.y_max - w.y_min;
+    std::size_t liquid = 0;
+    for (std::size_t i = 2; i <= isotherm.count(); ++i) {
+        const CurvePoint &a = isotherm.nth(i - 1), &b = isotherm.nth(i);
+        liquid += b.x < e.vL;
+        if (a.x >= static_cast<float>(e.vL) && b.x <= static_cast<float>(e.vV)) continue;
+        const double x = 0.5 * (a.x + b.x), dy = (eos.pressure(Tc(0.9), x) - 0.5 * (a.y + b.y));
+        const double ux = (b.x - a.x) / width, uy = (b.y - a.y) / height;
+        EXPECT_LT(std::fabs(ux * dy / height) / std::hypot(ux, uy), 1e-3) << x;
+    }
+    EXPECT_GT(liquid, 4U);
+    // It comes into the window on its edge.
+    EXPECT_NEAR(isotherm.first().y / w.y_max, 1, 1e-3);
+    const Drawn isobar = Draw(3, {.p = pc(0.5)});
+    EXPECT_TRUE(ascending_x(isobar));
+    EXPECT_GT(isobar.count(), 20U);
+}
+
 TEST_F(Sections, ASubcriticalIsothermHasAHorizontalTieLine) {
     activate("Water");
     const double T = Tc(0.9);
@@ -80,7 +106,7 @@ TEST_F(Sections, AtTheCriticalTemperatureThereIsNoTieLine) {
         EXPECT_LT(curve.nth(i + 1).y, curve.nth(i).y) << "strictly falling";
     const double step = 7 * eosConstants.vcrit_calculated / 300;
     EXPECT_NEAR(curve.last().x, 7 * eosConstants.vcrit_calculated, 1e-6);
-    EXPECT_NEAR(curve.last().x - curve.nth(curve.count() - 1).x, step, 1e-6);
+    EXPECT_NEAR(curve.last().x - curve.nth(curve.count() - 1).x, step, 1e-5);
 }
 
 TEST_F(Sections, TheSShapedIsothermRunsThroughTheDomeAndKeepsItsEnds) {
@@ -215,7 +241,7 @@ TEST_F(Sections, IsobarsLieOnTheEquation) {
                 const Drawn curve = Draw(code, {.p = pc(pr)});
                 EXPECT_EQ(curve.mark(), -2);
                 EXPECT_TRUE(ascending_x(curve));
-                EXPECT_EQ(curve.count(), pr < 1 ? 303U : 301U);
+                EXPECT_GT(curve.count(), 200U);
                 for (const CurvePoint& point : curve.points()) {
                     const double v = code == 3 ? point.x : M() / point.x;
                     // A 32-bit T is the coarsest of the three.

@@ -50,8 +50,8 @@ TEST_F(CurveStatusTest, AnEmptyWindowGivesNothingAndStatusZero) {
 TEST_F(CurveStatusTest, ACurveOutsideOfTheWindowIsDeliveredWithStatusTen) {
     activate("Propane");
     diagrams::DiagramRequest request = RequestFor(1);
-    request.window.y_min = 1e8F;
-    request.window.y_max = 2e8F;
+    request.window.y_min = -2e8F;
+    request.window.y_max = -1e8F;
     const Drawn curve = Draw(request, {.T = 400});
     EXPECT_EQ(curve.result.status, 10);
     EXPECT_GT(curve.count(), 100U);

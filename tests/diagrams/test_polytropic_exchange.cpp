@@ -17,7 +17,7 @@ using namespace quor;
 
 namespace {
 
-using diagrams::PolytropicCode;
+using diagrams::PolytropicFailure;
 namespace fs = std::filesystem;
 
 class PolytropicExchange : public ActiveFluid {
@@ -60,12 +60,14 @@ class PolytropicExchange : public ActiveFluid {
     }
 
     diagrams::PolytropicTask task() const { return {diagram, process, options, csv_separator}; }
-    PolytropicCode run() {
+    /// Takes the line of a run, or tells why there is none.
+    std::optional<PolytropicFailure> run() {
         const fs::path program = folder() / diagrams::kPolytropicProgram;
-        diagrams::PolytropicOutcome outcome = diagrams::run_polytrope(
+        auto answer = diagrams::run_polytrope(
             basis(), task(), {fs::exists(program) ? program : fs::path(), folder()}, runner);
-        process = outcome.line;
-        return outcome.code;
+        if (!answer) return answer.failure();
+        process = std::move(*answer);
+        return std::nullopt;
     }
     bool take(const std::string& text) {
         const auto taken = diagrams::take_polytropic_answer(text, process, csv_separator);
@@ -84,7 +86,7 @@ class PolytropicExchange : public ActiveFluid {
 TEST_F(PolytropicExchange, AnAnswerBecomesThePointsOfTheProcess) {
     bring_program();
     answer_with(answer({"300;500;1.5;2.5", "310;600;1.6;2.6", "320;700;1.7;2.7"}));
-    EXPECT_EQ(run(), PolytropicCode::kDone);
+    EXPECT_EQ(run(), std::nullopt);
     ASSERT_EQ(process.polytropic_points.size(), 3U);
     EXPECT_EQ(process.polytropic_points[1].T, 310);
     EXPECT_EQ(process.polytropic_points[1].p, 600);
@@ -98,8 +100,8 @@ TEST_F(PolytropicExchange, AnAnswerBecomesThePointsOfTheProcess) {
 
 TEST_F(PolytropicExchange, AMissingProgramIsToldAndNoFileIsTouched) {
     std::ofstream(folder() / "FROM_DAL.DAT") << "old";
-    EXPECT_EQ(run(), PolytropicCode::kMissingProgram);
-    EXPECT_EQ(static_cast<int>(PolytropicCode::kMissingProgram), 10);
+    EXPECT_EQ(run(), PolytropicFailure::missingProgram);
+    EXPECT_EQ(static_cast<int>(PolytropicFailure::missingProgram), 10);
     EXPECT_EQ(user.lastText(), "File POLYTROPEN_1.EXE not found in in QUOR directory");
     EXPECT_EQ(user.lastTitle(), "Execution not possible");
     EXPECT_TRUE(fs::exists(folder() / "FROM_DAL.DAT"));
@@ -110,7 +112,7 @@ TEST_F(PolytropicExchange, NoAnswerWithinTheWaitIsATimeOut) {
     bring_program();
     runner.limit = std::chrono::milliseconds(20);
     runner.start = [](const std::string&, const std::string&) { return true; };
-    EXPECT_EQ(run(), PolytropicCode::kTimeOut);
+    EXPECT_EQ(run(), PolytropicFailure::timeOut);
     EXPECT_GT(passes, 0);
     EXPECT_TRUE(process.polytropic_points.empty());
     EXPECT_EQ(user.pointer.back(), false) << "the pointer is itself again";
@@ -120,14 +122,14 @@ TEST_F(PolytropicExchange, TheWaitCanBeGivenUp) {
     bring_program();
     runner.start = [](const std::string&, const std::string&) { return true; };
     runner.pass = [this] { return ++passes < 3; };
-    EXPECT_EQ(run(), PolytropicCode::kGivenUp);
+    EXPECT_EQ(run(), PolytropicFailure::givenUp);
     EXPECT_EQ(passes, 3);
 }
 
 TEST_F(PolytropicExchange, AProgramThatCannotBeStartedIsTold) {
     bring_program();
     runner.start = [](const std::string&, const std::string&) { return false; };
-    EXPECT_EQ(run(), PolytropicCode::kNotStarted);
+    EXPECT_EQ(run(), PolytropicFailure::notStarted);
 }
 
 TEST_F(PolytropicExchange, ARealChildProcessAnswersThroughTheFiles) {
@@ -143,7 +145,7 @@ TEST_F(PolytropicExchange, ARealChildProcessAnswersThroughTheFiles) {
         return true;
     };
     runner.limit = std::chrono::seconds(20);
-    EXPECT_EQ(run(), PolytropicCode::kDone);
+    EXPECT_EQ(run(), std::nullopt);
     EXPECT_EQ(process.polytropic_points.size(), 2U);
 }
 
@@ -153,7 +155,7 @@ TEST_F(PolytropicExchange, FilesOfAnEarlierRunDoNotCount) {
     std::ofstream(folder() / "WRITEEND.END");
     runner.limit = std::chrono::milliseconds(5);
     runner.start = [](const std::string&, const std::string&) { return true; };
-    EXPECT_EQ(run(), PolytropicCode::kTimeOut);
+    EXPECT_EQ(run(), PolytropicFailure::timeOut);
 }
 
 TEST_F(PolytropicExchange, AValueAboveTheLimitIsMissing) {
@@ -189,7 +191,7 @@ TEST_F(PolytropicExchange, AGarbledAnswerChangesNothing) {
     }
     bring_program();
     answer_with("nonsense");
-    EXPECT_EQ(run(), PolytropicCode::kUnreadable);
+    EXPECT_EQ(run(), PolytropicFailure::unreadable);
 }
 
 TEST_F(PolytropicExchange, AnyMutilatedAnswerIsReadOrRefused) {

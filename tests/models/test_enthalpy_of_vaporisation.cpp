@@ -164,11 +164,41 @@ TEST_F(Vaporisation, AtTheCriticalTemperature) {
     EXPECT_EQ(eos.p, s.pcrit);
 }
 
-TEST_F(Vaporisation, DatabaseEquationThatEndsBelowTheCriticalPointIsZeroUpToIt) {
+/// It gave 0 as a valid result from there to the critical point of the substance.
+TEST_F(Vaporisation, DatabaseEquationHasNoResultAboveItsOwnCriticalTemperature) {
     s.hLV_Tc = 369.5F;
-    EXPECT_TRUE(models::enthalpy_equation(s, 369.7));
-    EXPECT_EQ(models::enthalpy_equation(s, 369.7).value(), 0);
+    EXPECT_EQ(models::enthalpy_equation(s, 369.5), 0);
+    EXPECT_FALSE(models::enthalpy_equation(s, 369.7));
     EXPECT_FALSE(models::enthalpy_equation(s, 400));
+    expect_failure(by(databaseEquation, 369.7, {}, Vp::none), "T > T(cr) of the database equation");
+
+    s = fluids::correlated_row("Propylene glycol");
+    const double between = 642.2;
+    ASSERT_GT(between, static_cast<double>(s.hLV_Tc));
+    expect_failure(by(databaseEquation, between, {}, Vp::none),
+                   "T > T(cr) of the database equation");
+}
+
+/// The text told of the method alone, or of nothing ("WATSON-correlation, n =0.38").
+TEST_F(Vaporisation, FailuresTellWhatIsMissing) {
+    expect_failure(by(benson, 290, {}, Vp::wagner),
+                   "Benson's method: no second reference point (T, p, rho_L, rho_V)");
+    s.watson_hLV = 0;
+    expect_failure(by(watson, 300, {}, Vp::none),
+                   "WATSON-correlation: the substance data have no delta(LV)h at a temperature");
+    s.hLV_T_high = 0;
+    expect_failure(by(databaseEquation, 300, {}, Vp::none),
+                   "no equation delta(LV)h = Fu(T) in the database");
+}
+
+/// The explanation of the result replaced that of T or p.
+TEST_F(Vaporisation, KeepsHowTOrPWasFound) {
+    const Found fromT = by(chen, 300, {}, Vp::wagner);
+    EXPECT_EQ(fromT.obtained, "p = p(LV) by using vapour pressure equation:");
+    EXPECT_EQ(fromT.explanation, "Chen-correlation");
+    const Found fromP = by(watson, {}, 500, Vp::wagner);
+    EXPECT_EQ(fromP.obtained, "T = T(LV) from vapour pressure equation:");
+    EXPECT_TRUE(by(chen, 300, 900, Vp::wagner).obtained.empty());
 }
 
 /// Methods 5 and 6 by their own formula, from parts that are tested elsewhere.

@@ -100,6 +100,20 @@ TEST_F(ModelChoiceOf, NoVapourPressureModelYetMeansTheFirstEntry) {
     EXPECT_EQ(models::vp_code(c.models().vapour_pressure), "FRO");
 }
 
+/// Ozone and its like started with "none".
+TEST_F(ModelChoiceOf, ASubstanceWithoutAMeasuredSetStartsWithTheFirstEntry) {
+    for (const char* name :
+         {"Ozone", "Nitrogen trifluoride", "Phosphine", "Arsine", "Silane", "Diborane"}) {
+        models::SubstanceRecord record = fluids::correlated_row(name);
+        ASSERT_FALSE(models::has_measured_vapour_pressure(record)) << name;
+        const auto equation = models::default_vapour_pressure(record);
+        EXPECT_EQ(equation, models::vp_entries(record).front().model) << name;
+        EXPECT_NE(equation, models::VapourPressureEquation::none) << name;
+    }
+    s.wagner.T_low = 100;
+    EXPECT_EQ(models::default_vapour_pressure(s), models::VapourPressureEquation::wagner);
+}
+
 TEST_F(ModelChoiceOf, TheVapourPressureCodeFollowsTheEntry) {
     ModelChoice c = choice();
     const std::vector<std::pair<int, std::string>> all = {{1, "ALP"}, {2, "AHP"}, {3, "FRO"},

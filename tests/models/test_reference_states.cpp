@@ -97,6 +97,9 @@ TEST(ReferenceValues, StatesAtTAndP) {
     }
 }
 
+/// The reference ends where its searches end; the equilibrium lies within their tolerances.
+constexpr double kSearched = 5e-5;
+
 TEST(ReferenceValues, SaturationPressures) {
     for (const json& c : reference::Cases("SaturationPressure")) {
         const json& in = c.at("inputs");
@@ -105,11 +108,14 @@ TEST(ReferenceValues, SaturationPressures) {
         const models::Fluid fluid = reference::fluid(in);
         const auto r = models::saturation_pressure(fluid, in.at("T"));
         EXPECT_EQ((r ? 0 : -1), e.at("status")) << id;
-        near(r->p, e.at("p"), c.value("tolRel", 1e-9), id);
-        if (!r->fallback && e.contains("rounds")) {
-            EXPECT_EQ(r->rounds, e.at("rounds")) << id;
+        const auto search = models::search_saturation_pressure(fluid, in.at("T"));
+        EXPECT_EQ(!search, r->fallback) << id;
+        near(search ? search->p : r->p, e.at("p"), c.value("tolRel", 1e-9), id);
+        near(r->p, e.at("p"), kSearched, id + " polished");
+        if (search && e.contains("rounds")) {
+            EXPECT_EQ(search->rounds, e.at("rounds")) << id;
             // Only rounding differs, which the last secant step can magnify.
-            near(r->p, e.at("p"), 1e-7, id + " by the same road");
+            near(search->p, e.at("p"), 1e-7, id + " by the same road");
         }
     }
 }
@@ -122,9 +128,13 @@ TEST(ReferenceValues, SaturationTemperatures) {
         const models::Fluid fluid = reference::fluid(in);
         const auto r = models::saturation_temperature(fluid, in.at("p"), in.value("Tstart", 0.0));
         EXPECT_EQ((r ? 0 : -1), e.at("status")) << id;
-        near(r->T, e.at("T"), c.value("tolRel", 1e-9), id);
-        if (!r->fallback && e.contains("rounds")) {
-            EXPECT_EQ(r->rounds, e.at("rounds")) << id;
+        const auto search =
+            models::search_saturation_temperature(fluid, in.at("p"), in.value("Tstart", 0.0));
+        EXPECT_EQ(!search, r->fallback) << id;
+        near(search ? search->T : r->T, e.at("T"), c.value("tolRel", 1e-9), id);
+        near(r->T, e.at("T"), kSearched, id + " polished");
+        if (search && e.contains("rounds")) {
+            EXPECT_EQ(search->rounds, e.at("rounds")) << id;
         }
     }
 }
@@ -138,7 +148,11 @@ TEST(ReferenceValues, TemperaturesFromPressureAndDensity) {
         const auto r = models::temperature_from_p_rho(fluid, in.at("p"), in.at("rho"), false);
         // Where the reference has found that there is no T it has 0.
         EXPECT_EQ(r.has_value(), e.at("status") == 0 && e.at("T") != 0) << id;
-        near(r.value_or(0), e.at("T"), 1e-6, id);
+        const bool dome = e.contains("T_singlePhase") && e.at("T") != e.at("T_singlePhase");
+        near(r.value_or(0), e.at("T"), dome ? kSearched : 1e-6, id);
+        if (dome) {
+            EXPECT_NEAR(*r, models::saturation_temperature(fluid, in.at("p"))->T, 1e-10) << id;
+        }
         if (!e.contains("T_singlePhase")) continue;
         const auto single = models::temperature_from_p_rho(fluid, in.at("p"), in.at("rho"), true);
         EXPECT_EQ(single.has_value(), e.at("status_singlePhase") == 0 && e.at("T_singlePhase") != 0)

@@ -224,6 +224,29 @@ TEST(StateSolver, ADensityBeyondTheCovolumeHasNoTemperature) {
     EXPECT_FALSE(models::temperature_from_p_rho(fluid, 100, 0, false));
 }
 
+/// The search found solutions of the equation beyond its covolume: 1426.9 K for water at 100 kPa
+/// and 10000 kg/m^3, where the equation has a density of 0.15 kg/m^3.
+TEST(StateSolver, DensitiesBeyondTheCovolumeHaveNoTemperature) {
+    for (const char* name : {"Water", "Methane", "Propane", "Ammonia"}) {
+        const models::Fluid fluid = fluid_of(name, Eos::pengRobinson);
+        const double b = models::eos_at(fluid, 300).b, limit = mass_of(fluid) / b;
+        for (const double factor : {1.0, 1.01, 1.5, 2.5, 10.0})
+            for (const double p : {1.0, 100.0, 5000.0, 50000.0})
+                EXPECT_FALSE(models::temperature_from_p_rho(fluid, p, factor * limit, false))
+                    << name << " " << factor << " " << p;
+        // What is given is a state of the equation with that density.
+        for (const double factor : {0.5, 0.8, 0.9, 0.99}) {
+            const double p = 5000, v = b / factor;
+            const auto T = models::temperature_from_p_rho(fluid, p, mass_of(fluid) / v, true);
+            if (!T) continue;
+            EXPECT_GT(v, models::eos_at(fluid, *T).b) << name;
+            EXPECT_NEAR(models::pressure_from_Tv(fluid, *T, v).value() / p, 1, 0.05) << name;
+        }
+    }
+    EXPECT_FALSE(
+        models::temperature_from_p_rho(fluid_of("Water", Eos::pengRobinson), 100, 10000, false));
+}
+
 TEST(StateSolver, TemperatureNeedsNoBoilingPoint) {
     models::SubstanceRecord propane = fluids::Row("Propane");
     propane.Tboil = 0;

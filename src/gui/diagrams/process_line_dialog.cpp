@@ -96,6 +96,17 @@ ProcessLineDialog::ProcessLineDialog(Task task,
         layout->addWidget(buildOptions("Phase at the start", "fraPhase", {"L-Phase", "V-Phase"},
                                        onlyVapour() || task_.line.vapour ? kVapour : kLiquid,
                                        phase_));
+    if (diagrams::may_be_metastable(kind_)) {
+        metastable_ =
+            form::named(new QCheckBox("&Metastable continuation beyond the coexistence curve"),
+                        "chkMetastable");
+        metastable_->setToolTip(
+            "Off: isobars boil and condense at T(LV), isotherms at p(LV), and "
+            "lines of constant s or h end at the coexistence curve.\n"
+            "On: the phase of the start goes on; the line is named metastable.");
+        metastable_->setChecked(task_.line.metastable);
+        layout->addWidget(metastable_);
+    }
     if (isPolytropic()) layout->addWidget(buildExponents());
 
     auto* start = new QHBoxLayout;
@@ -262,6 +273,7 @@ void ProcessLineDialog::follow() {
         phase_->button(kVapour)->setText(heterogeneous ? "V saturation" : "V-Phase");
         phase_->button(kLiquid)->setEnabled(!onlyVapour());
     }
+    if (metastable_ != nullptr) metastable_->setEnabled(!heterogeneous && !onlyVapour());
     estimate_->setEnabled(!heterogeneous);
     state_->clear();
 }
@@ -283,6 +295,7 @@ diagrams::ProcessInput ProcessLineDialog::input() const {
     in.range_is_T = kind_ == Kind::isobar || chosen(range_, kTRange);
     in.vapour = !chosen(phase_, kLiquid);
     in.heterogeneous = chosen(region_, kHeterogeneous);
+    in.metastable = metastable_ != nullptr && metastable_->isChecked() && !in.heterogeneous;
     in.ideal_gas_equation = chosen(eos_, kIdealGas);
     in.end_to_begin = continue_->isChecked();
     if (isPolytropic()) {
@@ -302,35 +315,37 @@ void ProcessLineDialog::tellStart() {
     state_->setText(qt(diagrams::start_state_text(task_.pen.basis, kind_, in.par[0], in.par[1])));
 }
 
+Result<diagrams::ProcessLine, diagrams::PolytropicFailure> ProcessLineDialog::askProgram() {
+    const PatientWait wait(runner_.limit, this);
+    diagrams::PolytropicRunner runner = runner_;
+    runner.pass = [&wait] { return wait.pass(); };
+    const Places& places = task_.places;
+    const std::string name = diagrams::kPolytropicProgram;
+    return diagrams::run_polytrope(
+        task_.pen.basis, {task_.diagram, task_.line, task_.pen.options, task_.separator},
+        {places.file_exists(name) ? places.find_file(name) : std::filesystem::path(),
+         places.write_folder()},
+        runner);
+}
+
 bool ProcessLineDialog::runProgram() {
-    using Code = diagrams::PolytropicCode;
-    Code code = Code::kDone;
     // A line can be drawn by the equation of state instead; who draws it says so.
     if (task_.purpose == Purpose::Line && !task_.places.file_exists(diagrams::kPolytropicProgram)) {
         task_.line.polytropic_points.clear();
         return true;
     }
-    {
-        const PatientWait wait(runner_.limit, this);
-        diagrams::PolytropicRunner runner = runner_;
-        runner.pass = [&wait] { return wait.pass(); };
-        const Places& places = task_.places;
-        const std::string name = diagrams::kPolytropicProgram;
-        diagrams::PolytropicOutcome outcome = diagrams::run_polytrope(
-            task_.pen.basis, {task_.diagram, task_.line, task_.pen.options, task_.separator},
-            {places.file_exists(name) ? places.find_file(name) : std::filesystem::path(),
-             places.write_folder()},
-            runner);
-        code = outcome.code;
-        task_.line = std::move(outcome.line);
+    using enum diagrams::PolytropicFailure;
+    auto answer = askProgram();
+    if (answer) {
+        task_.line = std::move(*answer);
+        return true;
     }
-    switch (code) {
-        case Code::kDone:
-            return true;
-        case Code::kMissingProgram:  // told
-        case Code::kNotWritten:      // told
+    task_.line.polytropic_points.clear();
+    switch (answer.failure()) {
+        case missingProgram:  // told
+        case notWritten:      // told
             return false;
-        case Code::kGivenUp:
+        case givenUp:
             state_->setText("given up");
             return false;
         default:

@@ -67,6 +67,7 @@ class ProcessLineDialog : public QDialog {
     void offerKappa();
     void tellStart();
     void confirm();
+    Result<diagrams::ProcessLine, diagrams::PolytropicFailure> askProgram();
     /// Asks the polytropic program; false when there is nothing to draw.
     bool runProgram();
 
@@ -84,6 +85,7 @@ class ProcessLineDialog : public QDialog {
     NumberEdit* exponent_ = nullptr;
     QCheckBox* continue_ = nullptr;
     QPushButton* estimate_ = nullptr;
+    QCheckBox* metastable_ = nullptr;
     QLabel* state_ = nullptr;
 };
 

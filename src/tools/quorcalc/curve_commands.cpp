@@ -1,5 +1,6 @@
 #include <charconv>
 
+#include "chart/chart2d.h"
 #include "common/text.h"
 #include "session/diagram_choice.h"
 #include "tools/quorcalc/command_list.h"
@@ -91,9 +92,12 @@ diagrams::Branch branch_of(const Arguments& a) {
 
 Json points_of(const diagrams::Curve& curve) {
     Json list = Json::array();
+    // A gap of the curve has no y.
+    const auto shown = [](float value) {
+        return chart::is_shown(value) ? number(static_cast<double>(value)) : Json();
+    };
     for (const diagrams::CurvePoint& point : curve.points)
-        list.push_back({number(static_cast<double>(point.x)), number(static_cast<double>(point.y)),
-                        number(static_cast<double>(point.z))});
+        list.push_back({shown(point.x), shown(point.y), number(static_cast<double>(point.z))});
     return list;
 }
 

@@ -57,7 +57,8 @@ Json hlv(Call& call, const Arguments& a) {
                    {"T", present(r.T)},        {"p", present(r.p)},
                    {"zV", present(r.zV)},      {"zL", present(r.zL)},
                    {"rhoV", present(r.rhoV)},  {"rhoL", present(r.rhoL)},
-                   {"deviation", r.deviation}, {"explanation", r.explanation}};
+                   {"deviation", r.deviation}, {"explanation", r.explanation},
+                   {"obtained", r.obtained}};
     if (!r.h) result["message"] = r.explanation.empty() ? "no Result" : r.explanation;
     return result;
 }

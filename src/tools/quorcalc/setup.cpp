@@ -170,11 +170,7 @@ models::ModelSelection models_of(const Arguments& a, const models::SubstanceReco
                                  models::ModelSelection m) {
     // The record's own default, which follows overrides of the measured sets.
     using enum models::VapourPressureEquation;
-    m.vapour_pressure = substance.wagner.T_low > 0         ? wagner
-                        : substance.frost.T_low > 0        ? frostKalkwarf
-                        : substance.antoine_low.T_low > 0  ? antoineLow
-                        : substance.antoine_high.T_low > 0 ? antoineHigh
-                                                           : none;
+    m.vapour_pressure = models::default_vapour_pressure(substance);
     // Brings every family to an entry that is offered.
     m = models::ModelChoice(substance, m).models();
 
