@@ -34,8 +34,8 @@ models::Fluid propane(std::int64_t code, std::int64_t cp_form) {
 void BM_StateFunctions(benchmark::State& state) {
     const models::Fluid fluid = propane(state.range(0), state.range(1));
     const models::ReferenceState reference;
-    const models::Surroundings surroundings = models::surroundings_state(fluid, reference);
-    const double T = 300, p = 500, v = models::solve_state_tp(fluid, T, p).vV;
+    const auto surroundings = models::surroundings_state(fluid, reference);
+    const double T = 300, p = 500, v = *models::solve_state_tp(fluid, T, p)->vV;
     for (auto _ : state)
         benchmark::DoNotOptimize(models::state_functions(fluid, reference, surroundings, T, p, v));
 }
@@ -44,11 +44,11 @@ BENCHMARK(BM_StateFunctions)->ArgNames({"eos", "cp"})->ArgsProduct({{2, 4, 6, 14
 /// The same while the surroundings change with every call.
 void BM_StateFunctions_NewSurroundings(benchmark::State& state) {
     const models::Fluid fluid = propane(6, 2);
-    const double T = 300, p = 500, v = models::solve_state_tp(fluid, T, p).vV;
+    const double T = 300, p = 500, v = *models::solve_state_tp(fluid, T, p)->vV;
     models::ReferenceState reference;
     for (auto _ : state) {
         reference.Tenv += 1e-9;
-        const models::Surroundings surroundings = models::surroundings_state(fluid, reference);
+        const auto surroundings = models::surroundings_state(fluid, reference);
         benchmark::DoNotOptimize(models::state_functions(fluid, reference, surroundings, T, p, v));
     }
 }
@@ -56,7 +56,7 @@ BENCHMARK(BM_StateFunctions_NewSurroundings);
 
 void BM_ResidualFunctions(benchmark::State& state) {
     const models::Fluid fluid = propane(6, 2);
-    const double T = 300, p = 500, v = models::solve_state_tp(fluid, T, p).vV;
+    const double T = 300, p = 500, v = *models::solve_state_tp(fluid, T, p)->vV;
     for (auto _ : state)
         benchmark::DoNotOptimize(
             models::residual_functions(fluid, models::eos_at(fluid, T), T, p, v));
@@ -66,7 +66,7 @@ BENCHMARK(BM_ResidualFunctions);
 void BM_SaturationFunctions(benchmark::State& state) {
     const models::Fluid fluid = propane(6, 2);
     const models::ReferenceState reference;
-    const models::Surroundings surroundings = models::surroundings_state(fluid, reference);
+    const auto surroundings = models::surroundings_state(fluid, reference);
     for (auto _ : state)
         benchmark::DoNotOptimize(models::saturation_functions(fluid, reference, surroundings, 300));
 }

@@ -8,16 +8,14 @@
 #include <vector>
 
 #include "calculation/task.h"
-#include "common/status.h"
 #include "models/caloric.h"
 #include "models/enthalpy_of_vaporisation.h"
 
 namespace quor::calculation {
 
-/// A phase of a state; a volume or density of 0 is not known.
+/// A phase of a state; its volume and density need not be known.
 struct Phase {
-    double v = 0;    ///< m^3/kmol
-    double rho = 0;  ///< kg/m^3
+    std::optional<double> v, rho;  ///< m^3/kmol, kg/m^3
 };
 
 /// The phases that exist.
@@ -33,15 +31,12 @@ inline constexpr std::size_t kFunctionCount = 11;
 /// Functions of one phase in m^3/kmol, kJ/kmol, kJ/(kmol K) and m/s.
 struct FunctionValues {
     std::array<double, kFunctionCount> z{};
-    Status status = kFailure;
 };
 
-/// Functions of the phases that have a volume.
+/// Functions of the phases that have a volume and functions.
 struct FunctionPair {
     std::optional<FunctionValues> liquid, vapour;
-    bool failed() const {
-        return (liquid && liquid->status != kSuccess) || (vapour && vapour->status != kSuccess);
-    }
+    bool complete = true;  ///< false where a phase has a volume but no functions
 };
 
 /// Derivatives and residual functions of one phase, in molar units.
@@ -71,10 +66,10 @@ enum class Region : std::int16_t {
 
 /// Content of a tank by phases.
 struct TankContent {
-    double V = 0, m = 0;        ///< m^3, kg
-    double vapour_volume = 0;   ///< volume of the V phase, m^3
-    double rhoL = 0, rhoV = 0;  ///< kg/m^3; 0 for a phase that does not exist
-    double y = 0;               ///< vapour fraction (of mass and of amount)
+    double V = 0, m = 0;               ///< m^3, kg
+    double vapour_volume = 0;          ///< volume of the V phase, m^3
+    std::optional<double> rhoL, rhoV;  ///< kg/m^3 of the phases that exist
+    double y = 0;                      ///< vapour fraction (of mass and of amount)
     /// Share of the volume that the L phase fills, per cent.
     double level() const { return (V - vapour_volume) * 100.0 / V; }
 };
@@ -99,13 +94,14 @@ struct VirialValue {
 
 /// A state of a process; without a volume there is none, without functions no cp form.
 struct ProcessState {
-    double T = 0, p = 0, v = 0;
+    double T = 0, p = 0;      ///< K, kPa
+    std::optional<double> v;  ///< m^3/kmol
     std::optional<FunctionValues> functions;
 };
 
 /// The enthalpy of vaporisation by the chosen method, beside it the equation of the database.
 struct VaporisationValues {
-    models::EnthalpyOfVaporisationResult found;
+    models::Vaporisation found;
     std::optional<double> database;  ///< kJ/kmol
 };
 
@@ -132,7 +128,7 @@ enum class Reason {
     aboveCritical,        ///< T or p beyond the critical value
     belowVirial,          ///< v at or below B: no p
     belowCovolume,        ///< v at or below b
-    solver,               ///< a solver's status
+    solver,               ///< a solver has found nothing
     noTemperature,        ///< none at p and rho
     noStandIn,            ///< neither an equation nor a measured value
     noVaporisation,       ///< the method has no result; `explanation` of its values tells
@@ -165,8 +161,7 @@ struct Note {
 struct Answer {
     Task task = Task::none;
     Reason reason = Reason::none;
-    Status status = kSuccess;  ///< of the solver that failed
-    std::string fault;         ///< an arithmetic fault in words
+    std::string fault;  ///< an arithmetic fault in words
     bool ok() const { return reason == Reason::none; }
 
     double T = 0, p = 0;  ///< K, kPa; 0 as long as unknown

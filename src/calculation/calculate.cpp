@@ -137,10 +137,11 @@ Answer Calculator::operator()(const Request& request) const {
     return std::move(work.answer);
 }
 
-FunctionValues Calculator::functions_at(double T, double p, double v) const {
-    const models::StateValues s =
-        models::state_functions(fluid_, reference_, surroundings_, T, p, v);
-    return {{v, s.h, s.s, s.g, s.u, s.a, s.eH, s.eU, s.cp, s.cv, s.w}, s.status};
+std::optional<FunctionValues> Calculator::functions_at(double T, double p, double v) const {
+    const auto s = models::state_functions(fluid_, reference_, surroundings_, T, p, v);
+    if (!s || !s->exergies) return std::nullopt;
+    return FunctionValues{
+        {v, s->h, s->s, s->g, s->u, s->a, s->exergies->H, s->exergies->U, s->cp, s->cv, s->w}};
 }
 
 Answer calculate(const models::Fluid& fluid, const models::ReferenceState& reference,

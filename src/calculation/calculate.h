@@ -17,16 +17,16 @@ class Calculator {
     /// Never throws: what cannot be calculated has a reason.
     Answer operator()(const Request& request) const;
 
-    /// All functions at T/K, p/kPa and v in m^3/kmol. Status -1 when the fluid has no ideal-gas cp
-    /// or the equation no state there.
-    FunctionValues functions_at(double T, double p, double v) const;
+    /// All functions at T/K, p/kPa and v in m^3/kmol. Nothing when the fluid has no ideal-gas cp,
+    /// the equation no state there, or the surroundings none.
+    std::optional<FunctionValues> functions_at(double T, double p, double v) const;
 
     const models::Fluid& fluid() const { return fluid_; }
 
   private:
     models::Fluid fluid_;
     models::ReferenceState reference_;
-    models::Surroundings surroundings_;
+    std::optional<models::Surroundings> surroundings_;
 };
 
 /// A single calculation.

@@ -36,37 +36,34 @@ Range limits(const Set& set) {
     return {set.T_low, set.T_high};
 }
 
-template <class Result>
-std::optional<double> if_found(const Result& r, double value) {
-    return r.status == kSuccess ? std::optional(value) : std::nullopt;
+using Density = Result<models::Density, models::NoDensity>;
+std::optional<double> if_positive(const Density& density) {
+    return density && density->rho > 0 ? std::optional(density->rho) : std::nullopt;
 }
 
 Found liquid_density(const models::SubstanceRecord& s, double T) {
-    const models::DensityResult r = models::density_liquid(s, static_cast<float>(T));
-    return {r.rho > 0 ? if_found(r, r.rho) : std::nullopt,
+    return {if_positive(models::density_liquid(s, static_cast<float>(T))),
             density_range(s.rhoL_coefficients, s.rhoL_T_low, s.rhoL_T_high)};
 }
 
 Found solid_density(const models::SubstanceRecord& s, double T) {
-    const models::DensityResult r = models::density_solid(s, static_cast<float>(T));
-    return {r.rho > 0 ? if_found(r, r.rho) : std::nullopt,
+    return {if_positive(models::density_solid(s, static_cast<float>(T))),
             density_range(s.rhoS_coefficients, s.rhoS_T_low, s.rhoS_T_high)};
 }
 
 Found vaporisation(const models::SubstanceRecord& s, double T) {
-    const models::EnthalpyEquationResult r = models::enthalpy_equation(s, T);
-    return {if_found(r, r.h), {s.hLV_T_low, s.hLV_T_high}};
+    return {models::enthalpy_equation(s, T), {s.hLV_T_low, s.hLV_T_high}};
 }
 
-Found heat_capacity(const models::CpResult& r, const models::CpSet& set) {
-    return {if_found(r, r.cp), limits(set)};
+Found heat_capacity(std::optional<double> cp, const models::CpSet& set) {
+    return {cp, limits(set)};
 }
 
 template <class Set>
 Found pressure(const models::SubstanceRecord& s, double T, models::VapourPressureEquation code,
                const Set& set) {
-    const models::VapourPressureResult r = models::vapour_pressure(s, T, code);
-    return {if_found(r, r.p), limits(set)};
+    const auto r = models::vapour_pressure(s, T, code);
+    return {r ? std::optional(r->p) : std::nullopt, limits(set)};
 }
 
 Found evaluate(const Work& work) {

@@ -32,17 +32,16 @@ bool solve_by_equation(Work& work) {
     const models::VapourPressureEquation code = work.models().vapour_pressure;
     Answer& a = work.answer;
     if (given_T(work)) {
-        const models::VapourPressureResult r = models::vapour_pressure(work.substance(), a.T, code);
-        a.p = r.p;
-        if (r.status != kSuccess) return fail(work, Reason::solver, r.status);
-        note_range(work, Note::Kind::pressureRange, r.deviation);
+        const auto r = models::vapour_pressure(work.substance(), a.T, code);
+        if (!r) return fail(work, Reason::solver);
+        a.p = r->p;
+        note_range(work, Note::Kind::pressureRange, r->deviation);
         return true;
     }
-    const models::BoilingTemperatureResult r =
-        models::boiling_temperature(work.substance(), a.p, code);
-    a.T = r.T;
-    if (r.status != kSuccess) return fail(work, Reason::solver, r.status);
-    note_range(work, Note::Kind::temperatureRange, r.deviation);
+    const auto r = models::boiling_temperature(work.substance(), a.p, code);
+    if (!r) return fail(work, Reason::solver);
+    a.T = r->T;
+    note_range(work, Note::Kind::temperatureRange, r->deviation);
     return true;
 }
 
@@ -62,22 +61,25 @@ bool find_partial_point(Work& work) {
     return true;
 }
 
-/// The V volume at T and p; p need not be that of the EOS. 0 when there is none.
-double partial_vapour_volume(Work& work) {
+/// The V volume at T and p; p need not be that of the EOS.
+std::optional<double> partial_vapour_volume(Work& work) {
     const Answer& a = work.answer;
     if (work.models().vapour_only) return faults::finite(R * a.T / a.p + active_virial(work));
-    const models::Saturation saturation = models::saturation_pressure(work.fluid(), a.T);
-    const models::CubicRoots roots =
-        models::solve_cubic(models::eos_at(work.fluid(), a.T), a.T, a.p);
-    work.roots = roots.status == kSuccess ? roots.v : saturation.v;
-    if (roots.status != kSuccess) return 0.0;
-    if (a.p <= saturation.p) return roots.v[static_cast<std::size_t>(roots.count - 1)];
-    return roots.count == 3 ? roots.v[2] : 0.0;
+    const auto saturation = models::saturation_pressure(work.fluid(), a.T);
+    const auto roots = models::solve_cubic(models::eos_at(work.fluid(), a.T), a.T, a.p);
+    if (!roots) {
+        if (saturation) work.roots = saturation->v;
+        return std::nullopt;
+    }
+    work.roots = roots->v;
+    if (saturation && a.p <= saturation->p)
+        return roots->v[static_cast<std::size_t>(roots->count - 1)];
+    return roots->count == 3 ? std::optional(roots->v[2]) : std::nullopt;
 }
 
 bool partial_equilibrium(Work& work) {
     if (!find_partial_point(work)) return false;
-    const double vV = partial_vapour_volume(work);
+    const std::optional<double> vV = partial_vapour_volume(work);
     work.answer.roots = 3;
     if (!work.models().vapour_only) keep_last_state(work);
     add_partial_phases(work, vV);
@@ -86,15 +88,15 @@ bool partial_equilibrium(Work& work) {
 
 bool equilibrium_of_eos(Work& work) {
     Answer& a = work.answer;
-    const models::Saturation r = given_T(work) ? models::saturation_pressure(work.fluid(), a.T)
-                                               : models::saturation_temperature(work.fluid(), a.p);
-    if (r.status != kSuccess) return fail(work, Reason::solver, r.status);
+    const auto r = given_T(work) ? models::saturation_pressure(work.fluid(), a.T)
+                                 : models::saturation_temperature(work.fluid(), a.p);
+    if (!r) return fail(work, Reason::solver);
     a.source = Source::cubicEos;
-    (given_T(work) ? a.p : a.T) = given_T(work) ? r.p : r.T;
-    const auto [vL, vV] = volumes_of(work.fluid(), r);
+    (given_T(work) ? a.p : a.T) = given_T(work) ? r->p : r->T;
+    const auto [vL, vV] = volumes_of(work.fluid(), *r);
     a.phases = {phase_at(work, vL), phase_at(work, vV)};
-    a.roots = r.root_count;
-    work.roots = r.v;
+    a.roots = r->root_count;
+    work.roots = r->v;
     keep_last_state(work);
     return true;
 }
@@ -109,15 +111,15 @@ bool equilibrium_of_equation(Work& work) {
 /// delta(LV)h by the cubic EOS, as a whole number of kJ/kmol.
 void add_enthalpy_of_vaporisation(Work& work) {
     Answer& a = work.answer;
-    const models::EnthalpyOfVaporisationResult r =
+    const models::Vaporisation r =
         models::enthalpy_of_vaporisation(work.fluid(),
                                          {.model = models::VaporisationModel::cubicEos,
                                           .equation = work.models().vapour_pressure,
                                           .reference = {},
-                                          .T = 0,
-                                          .p = 0},
+                                          .T = {},
+                                          .p = {}},
                                          a.T, a.p);
-    if (r.status == kSuccess) a.hLV = static_cast<double>(r.h);
+    if (r.h) a.hLV = static_cast<double>(*r.h);
 }
 
 }  // namespace

@@ -36,23 +36,21 @@ bool vapour_only_pressure(Work& work, double v) {
 /// p on the isotherm of a cubic EOS at the given volume.
 bool pressure_on_isotherm(Work& work, double v) {
     models::EosState state = models::eos_at(work.fluid(), work.answer.T);
-    const models::PressureResult r =
-        models::pressure_from_Tv(work.fluid(), work.answer.T, v, state);
-    if (r.status != kSuccess) return fail(work, Reason::belowCovolume, r.status);
-    work.answer.p = r.p;
+    const auto p = models::pressure_from_Tv(work.fluid(), work.answer.T, v, state);
+    if (!p) return fail(work, Reason::belowCovolume);
+    work.answer.p = *p;
     return true;
 }
 
 /// Below Tcrit of a cubic EOS: p(LV) divides the isotherm into L, L and V, and V.
 bool subcritical_pressure(Work& work, double v) {
     Answer& a = work.answer;
-    const models::Saturation saturation = models::saturation_pressure(work.fluid(), a.T);
-    if (saturation.status != kSuccess || saturation.p < kPresent)
-        return fail(work, Reason::solver, saturation.status);
-    a.pLV = saturation.p;
+    const auto saturation = models::saturation_pressure(work.fluid(), a.T);
+    if (!saturation || saturation->p < kPresent) return fail(work, Reason::solver);
+    a.pLV = saturation->p;
     a.roots = 3;
-    work.roots = saturation.v;
-    const auto [vL, vV] = volumes_of(work.fluid(), saturation);
+    work.roots = saturation->v;
+    const auto [vL, vV] = volumes_of(work.fluid(), *saturation);
     if (v > vV) {
         a.phases.vapour = phase_at(work, v);
         return pressure_on_isotherm(work, v);
@@ -79,7 +77,7 @@ bool find_pressure(Work& work, double v) {
 /// Outside the two-phase region the solver names the phases at T and p; inside it they are known.
 bool confirm_phases(Work& work) {
     if (work.answer.two_phase) return true;
-    if (!(work.answer.p > 0)) return fail(work, Reason::solver, kFailure);
+    if (!(work.answer.p > 0)) return fail(work, Reason::solver);
     return solve_state(work).has_value();
 }
 

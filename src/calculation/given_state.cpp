@@ -22,19 +22,17 @@ void keep_both_phases(Work& work, const models::StateTP& state) {
     constexpr double kMargin = 1e-3;
     if (state.root_count != 3) return;
     const double v = work.M() / work.rho();
-    if (!(v > state.vL * (1 + kMargin)) || !(v < state.vV * (1 - kMargin))) return;
-    work.answer.phases = {Phase{state.vL, state.rhoL}, Phase{state.vV, state.rhoV}};
+    if (!(v > *state.vL * (1 + kMargin)) || !(v < *state.vV * (1 - kMargin))) return;
+    work.answer.phases = {liquid_of(state), vapour_of(state)};
 }
 
 ProcessState state_of_process(const Work& work, const ProcessPoint& point) {
-    ProcessState s{.T = point.T, .p = point.p, .v = 0, .functions = {}};
-    const models::StateTP state = models::solve_state_tp(work.fluid(), point.T, point.p);
-    const bool liquid = state.has_L && (!state.has_V || work.request.process.liquid);
-    const double v = liquid ? state.vL : state.vV;
-    if (state.status != kSuccess || !(v > 0)) return s;
-    s.v = v;
-    const FunctionValues functions = work.calculator.functions_at(point.T, point.p, v);
-    if (functions.status == kSuccess) s.functions = functions;
+    ProcessState s{.T = point.T, .p = point.p, .v = {}, .functions = {}};
+    const auto state = models::solve_state_tp(work.fluid(), point.T, point.p);
+    if (!state) return s;
+    const bool liquid = state->has_L && (!state->has_V || work.request.process.liquid);
+    s.v = liquid ? state->vL : state->vV;
+    if (s.v) s.functions = work.calculator.functions_at(point.T, point.p, *s.v);
     return s;
 }
 
@@ -54,13 +52,12 @@ void given_tp(Work& work) {
 void given_p_rho(Work& work) {
     if (!fetch_p(work) || !fetch_rho(work)) return;
     Answer& a = work.answer;
-    const models::TemperatureResult r =
-        models::temperature_from_p_rho(work.fluid(), a.p, work.rho(), false);
-    if (r.status != kSuccess || !(r.T > 0)) {
-        fail(work, Reason::noTemperature, r.status);
+    const auto T = models::temperature_from_p_rho(work.fluid(), a.p, work.rho(), false);
+    if (!T) {
+        fail(work, Reason::noTemperature);
         return;
     }
-    a.T = r.T;
+    a.T = *T;
     const auto state = solve_state(work);
     if (!state) return;
     keep_both_phases(work, *state);
@@ -72,7 +69,7 @@ void caloric_functions(Work& work) {
     if (!solve_state(work)) return;
     keep_last_state(work);
     work.answer.functions = functions_of(work, work.answer.phases);
-    if (work.answer.functions->failed()) fail(work, Reason::solver, kFailure);
+    if (!work.answer.functions->complete) fail(work, Reason::solver);
 }
 
 void polytropic_process(Work& work) {

@@ -38,13 +38,11 @@ class Search {
         const double T = asked_.given == IsoGiven::T ? asked_.T : x;
         const double p = asked_.given == IsoGiven::T ? x : asked_.p;
         if (!(T >= constants::kPresent) || !(p >= constants::kPresent)) return std::nullopt;
-        const models::StateTP state = models::solve_state_tp(calculator_.fluid(), T, p);
-        if (state.status != kSuccess || !(asked_.liquid ? state.has_L : state.has_V))
-            return std::nullopt;
-        const FunctionValues values =
-            calculator_.functions_at(T, p, asked_.liquid ? state.vL : state.vV);
-        if (values.status != kSuccess) return std::nullopt;
-        return values.z[function_of(asked_.function)] - asked_.target;
+        const auto state = models::solve_state_tp(calculator_.fluid(), T, p);
+        if (!state || !(asked_.liquid ? state->has_L : state->has_V)) return std::nullopt;
+        const auto values = calculator_.functions_at(T, p, asked_.liquid ? *state->vL : *state->vV);
+        if (!values) return std::nullopt;
+        return values->z[function_of(asked_.function)] - asked_.target;
     }
 
     /// Slope at x from the neighbour on the side where the phase exists.

@@ -69,10 +69,10 @@ Isotherm isotherm_of(const models::Fluid& fluid, const LastState& last) {
     const models::EosState s = models::eos_at(fluid, d.T);
     double v_first = last.v[0], v_last = last.root_count < 3 ? last.v[0] : last.v[2];
     if (d.T < fluid.substance().Tcrit) {
-        const models::Saturation saturation = models::saturation_pressure(fluid, d.T);
-        if (saturation.status == kSuccess && saturation.root_count == 3) {
-            const auto [vL, vM, vV] = saturation.v;
-            d.saturation_pressure = saturation.p;
+        const auto saturation = models::saturation_pressure(fluid, d.T);
+        if (saturation && saturation->root_count == 3) {
+            const auto [vL, vM, vV] = saturation->v;
+            d.saturation_pressure = saturation->p;
             d.area_below = sample(s, d.T, vL, vM, kAreaPoints);
             d.area_above = sample(s, d.T, vM, vV, kAreaPoints);
             v_first = std::min(v_first, vL);

@@ -4,8 +4,7 @@
 
 namespace quor::calculation {
 
-/// Divides volume V/m^3 and mass m/kg between phases of density rhoL and rhoV; 0 for a phase that
-/// does not exist.
-TankContent divide_tank(double V, double m, double rhoL, double rhoV);
+/// Divides volume V/m^3 and mass m/kg between the phases that exist, of density rhoL and rhoV.
+TankContent divide_tank(double V, double m, std::optional<double> rhoL, std::optional<double> rhoV);
 
 }  // namespace quor::calculation

@@ -20,12 +20,12 @@ bool fetch_given(Work& work) {
     return !beyond || fail(work, Reason::aboveCritical);
 }
 
-models::EnthalpyOfVaporisationResult by_method(const Work& work, VaporisationModel model) {
+models::Vaporisation by_method(const Work& work, VaporisationModel model) {
     models::VaporisationMethod method{.model = model,
                                       .equation = work.models().vapour_pressure,
                                       .reference = work.request.method.reference,
-                                      .T = 0,
-                                      .p = 0};
+                                      .T = {},
+                                      .p = {}};
     if (work.request.measured) {
         method.T = work.given.T;
         method.p = work.given.p;
@@ -38,20 +38,19 @@ std::optional<double> database_value(const Work& work) {
     if (work.models().vaporisation == VaporisationModel::databaseEquation ||
         work.substance().hLV_T_high <= 0)
         return std::nullopt;
-    const models::EnthalpyOfVaporisationResult r =
-        by_method(work, VaporisationModel::databaseEquation);
-    return r.status == kSuccess ? std::optional(static_cast<double>(r.h)) : std::nullopt;
+    const models::Vaporisation r = by_method(work, VaporisationModel::databaseEquation);
+    return r.h ? std::optional(static_cast<double>(*r.h)) : std::nullopt;
 }
 
-void note_ranges(Work& work, const models::EnthalpyOfVaporisationResult& r) {
+void note_ranges(Work& work, const models::Vaporisation& r) {
     note_range(work, Note::Kind::pressureRange, r.pressure_deviation);
     note_range(work, Note::Kind::temperatureRange, r.temperature_deviation);
     note_range(work, Note::Kind::vaporisationRange, r.deviation);
     note_range(work, Note::Kind::densityRange, r.density_deviation);
 }
 
-Phase phase_of_density(const Work& work, double rho) {
-    return {rho > 0 ? work.M() / rho : 0.0, rho};
+Phase phase_of_density(const Work& work, std::optional<double> rho) {
+    return rho ? Phase{work.M() / *rho, *rho} : Phase{};
 }
 
 }  // namespace
@@ -59,20 +58,20 @@ Phase phase_of_density(const Work& work, double rho) {
 void enthalpy_of_vaporisation(Work& work) {
     if (!fetch_given(work)) return;
     Answer& a = work.answer;
-    const models::EnthalpyOfVaporisationResult r = by_method(work, work.models().vaporisation);
+    const models::Vaporisation r = by_method(work, work.models().vaporisation);
     note_ranges(work, r);
     a.vaporisation = VaporisationValues{r, {}};
-    if (r.status != kSuccess) {
-        fail(work, Reason::noVaporisation, r.status);
+    if (!r.h) {
+        fail(work, Reason::noVaporisation);
         return;
     }
-    a.T = r.T;
-    a.p = r.p;
+    a.T = r.T.value_or(0);
+    a.p = r.p.value_or(0);
     a.phases = {phase_of_density(work, r.rhoL), phase_of_density(work, r.rhoV)};
     a.roots = 3;
     work.roots = r.v;
     if (!work.models().vapour_only) keep_last_state(work);
-    a.hLV = static_cast<double>(r.h);
+    a.hLV = static_cast<double>(*r.h);
     faults::divide(*a.hLV, a.T);
     a.vaporisation->database = database_value(work);
 }

@@ -21,9 +21,8 @@ bool remarks_on_triple_point(Task task) {
 
 }  // namespace
 
-bool fail(Work& work, Reason reason, Status status) {
+bool fail(Work& work, Reason reason) {
     work.answer.reason = reason;
-    work.answer.status = status;
     return false;
 }
 
@@ -57,8 +56,8 @@ void note_range(Work& work, Note::Kind kind, int deviation) {
 void take_state(Work& work, const models::StateTP& state) {
     Answer& a = work.answer;
     a.phases = {};
-    if (state.has_L) a.phases.liquid = {state.vL, state.rhoL};
-    if (state.has_V) a.phases.vapour = {state.vV, state.rhoV};
+    if (state.has_L) a.phases.liquid = liquid_of(state);
+    if (state.has_V) a.phases.vapour = vapour_of(state);
     a.roots = state.root_count;
     a.solver = state.text;
     a.region = static_cast<Region>(state.region);
@@ -66,14 +65,13 @@ void take_state(Work& work, const models::StateTP& state) {
 }
 
 std::optional<models::StateTP> solve_state(Work& work) {
-    const models::StateTP state =
-        models::solve_state_tp(work.fluid(), work.answer.T, work.answer.p);
-    if (state.status != kSuccess) {
-        fail(work, Reason::solver, state.status);
+    const auto state = models::solve_state_tp(work.fluid(), work.answer.T, work.answer.p);
+    if (!state) {
+        fail(work, Reason::solver);
         return std::nullopt;
     }
-    take_state(work, state);
-    return state;
+    take_state(work, *state);
+    return *state;
 }
 
 SaturationVolumes volumes_of(const models::Fluid& fluid, const models::Saturation& saturation) {
@@ -86,23 +84,29 @@ Phase phase_at(const Work& work, double v) {
     return v > kPresent ? Phase{v, work.M() / v} : Phase{};
 }
 
-void add_partial_phases(Work& work, double vV) {
+Phase liquid_of(const models::StateTP& state) {
+    return {state.vL, state.rhoL};
+}
+
+Phase vapour_of(const models::StateTP& state) {
+    return {state.vV, state.rhoV};
+}
+
+void add_partial_phases(Work& work, std::optional<double> vV) {
     const Method& method = work.request.method;
     if (!models::is_known(method.reference) || !(vV > kPresent)) return;
     const models::SubstanceRecord& s = work.substance();
     Answer& a = work.answer;
-    a.phases.vapour = phase_at(work, vV);
+    a.phases.vapour = phase_at(work, *vV);
     a.phases.liquid = Phase{};
-    double rhoL = 0;
+    std::optional<double> rhoL;
     if (method.liquid_by_benson) {
-        rhoL = models::density_l_benson(a.T, s.Tcrit, s.rhocrit, a.phases.vapour->rho,
-                                        method.reference);
-    } else {
-        const models::DensityResult r = models::density_liquid(s, static_cast<float>(a.T));
-        note_range(work, Note::Kind::densityRange, r.deviation);
-        rhoL = r.rho;
+        rhoL = models::density_l_benson(a.T, s.Tcrit, s.rhocrit, work.M() / *vV, method.reference);
+    } else if (const auto r = models::density_liquid(s, static_cast<float>(a.T))) {
+        note_range(work, Note::Kind::densityRange, r->deviation);
+        rhoL = r->rho;
     }
-    if (faults::finite(rhoL) > kPresent) a.phases.liquid = Phase{work.M() / rhoL, rhoL};
+    if (rhoL > kPresent) a.phases.liquid = Phase{work.M() / *rhoL, *rhoL};
     a.other_liquid = true;
 }
 
@@ -120,8 +124,10 @@ void keep_last_state(Work& work) {
 FunctionPair functions_of(const Work& work, const Phases& phases) {
     FunctionPair pair;
     const auto at = [&](const std::optional<Phase>& phase) -> std::optional<FunctionValues> {
-        if (!phase || !(phase->v > 0)) return std::nullopt;
-        return work.calculator.functions_at(work.answer.T, work.answer.p, phase->v);
+        if (!phase || !(phase->v > 0.0)) return std::nullopt;
+        auto values = work.calculator.functions_at(work.answer.T, work.answer.p, *phase->v);
+        if (!values) pair.complete = false;
+        return values;
     };
     pair.liquid = at(phases.liquid);
     pair.vapour = at(phases.vapour);

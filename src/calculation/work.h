@@ -23,7 +23,7 @@ struct Work {
 };
 
 /// Ends the work of the task with a reason. False, so that it can be returned.
-bool fail(Work& work, Reason reason, Status status = kSuccess);
+bool fail(Work& work, Reason reason);
 
 // Input. Each gives the reason when its value is missing and returns false.
 
@@ -48,9 +48,12 @@ struct SaturationVolumes {
 SaturationVolumes volumes_of(const models::Fluid& fluid, const models::Saturation& saturation);
 /// A phase with v and the density that belongs to it.
 Phase phase_at(const Work& work, double v);
+/// The phases that a solution has, stable or not.
+Phase liquid_of(const models::StateTP& state);
+Phase vapour_of(const models::StateTP& state);
 /// The V phase of that volume, and the L phase by Benson's method or the database equation. Does
 /// nothing without a second reference point or a V volume.
-void add_partial_phases(Work& work, double vV);
+void add_partial_phases(Work& work, std::optional<double> vV);
 /// The state for the diagnosis.
 void keep_last_state(Work& work);
 /// Functions of the phases that have a volume.

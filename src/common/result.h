@@ -13,14 +13,15 @@ struct Failure {
     bool operator==(const Failure&) const = default;
 };
 
-/// A value, or the reason why there is none: the one form of failure of the core. Whoever asks for
-/// the value of a failure, or for the reason of a success, gets `std::bad_variant_access`.
-template <class T>
+/// A value, or why there is none: the one form of failure of the core. The reason is a `Failure` in
+/// words, or a small type of its own (an enumeration, say) where no words may be made. Whoever asks
+/// for the value of a failure, or for the reason of a success, gets `std::bad_variant_access`.
+template <class T, class Why = Failure>
 class [[nodiscard]] Result {
   public:
     // Implicit on purpose: a function returns what it has, or `Failure{...}`.
     Result(T value) : held_(std::in_place_index<0>, std::move(value)) {}
-    Result(Failure failure) : held_(std::in_place_index<1>, std::move(failure)) {}
+    Result(Why failure) : held_(std::in_place_index<1>, std::move(failure)) {}
 
     explicit operator bool() const { return held_.index() == 0; }
 
@@ -35,10 +36,10 @@ class [[nodiscard]] Result {
 
     const std::string& reason() const { return failure().reason; }
     /// The failure itself, to be passed on as that of another type.
-    const Failure& failure() const { return std::get<1>(held_); }
+    const Why& failure() const { return std::get<1>(held_); }
 
   private:
-    std::variant<T, Failure> held_;
+    std::variant<T, Why> held_;
 };
 
 /// Success without a value, or the reason of a failure.

@@ -206,9 +206,9 @@ EditorApplied apply_editor(EditorTexts& texts, SubstanceRecord& s, models::Model
 
     if (!(static_cast<double>(s.Tboil) > kPresent) &&
         models.vapour_pressure != models::VapourPressureEquation::none) {
-        const models::BoilingTemperatureResult boiling =
+        const auto boiling =
             models::boiling_temperature(s, constants::kNormalPressure, models.vapour_pressure);
-        if (boiling.status == kSuccess) s.Tboil = static_cast<float>(boiling.T);
+        if (boiling) s.Tboil = static_cast<float>(boiling->T);
     }
     if (std::fabs(static_cast<double>(s.Tboil) * s.Tcrit * s.pcrit) > kPresent)
         models::correlate_august(s);
@@ -264,10 +264,9 @@ void recalculate(EditorCorrelation correlation, EditorTexts& texts) {
 
 Result<std::string> triple_point_pressure(const SubstanceRecord& s,
                                           models::VapourPressureEquation equation) {
-    const models::VapourPressureResult result =
-        models::vapour_pressure(s, static_cast<double>(s.Ttriple), equation);
-    if (result.status != kSuccess) return Failure{"Error while calculating vapour pressure"};
-    return editor_text(static_cast<float>(result.p));
+    const auto result = models::vapour_pressure(s, static_cast<double>(s.Ttriple), equation);
+    if (!result) return Failure{"Error while calculating vapour pressure"};
+    return editor_text(static_cast<float>(result->p));
 }
 
 std::string editor_report(const EditorTexts& texts) {

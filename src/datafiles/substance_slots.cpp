@@ -139,10 +139,9 @@ LoadedSubstance record_from_slots(const SubstanceFileRecord& file, bool english,
     models::correlate_august(r);
     loaded.vapour_pressure = best_vapour_pressure_code(r);
     if (!(static_cast<double>(r.Tboil) > kPresent) && loaded.vapour_pressure != "000")
-        r.Tboil =
-            single_or_zero(models::boiling_temperature(r, constants::kNormalPressure,
-                                                       models::vp_of_code(loaded.vapour_pressure))
-                               .T);
+        if (const auto boiling = models::boiling_temperature(
+                r, constants::kNormalPressure, models::vp_of_code(loaded.vapour_pressure)))
+            r.Tboil = single_or_zero(boiling->T);
 
     mend_sinh(r.cp_sinh_cosh);
     form_cp_flags(r);

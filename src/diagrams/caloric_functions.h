@@ -16,14 +16,14 @@ class CaloricFunctions {
         surroundings_ = models::surroundings_state(fluid_, reference_);
     }
     /// At T/K, p/kPa, v in m^3/kmol; see `models::state_functions`.
-    models::StateValues operator()(double T, double p, double v) const {
+    std::optional<models::StateValues> operator()(double T, double p, double v) const {
         return models::state_functions(fluid_, reference_, surroundings_, T, p, v);
     }
 
   private:
     models::Fluid fluid_;
     models::ReferenceState reference_;
-    models::Surroundings surroundings_;
+    std::optional<models::Surroundings> surroundings_;
 };
 
 }  // namespace quor::diagrams

@@ -53,8 +53,7 @@ void set_temperature_limits(CoordinateDefaults& d, const models::Fluid& fluid, d
 double molar_cp_limit(const models::Fluid& fluid) {
     constexpr double kWithoutForm = 50;  // kJ/(kmol K)
     const models::SubstanceRecord& s = fluid.substance();
-    const models::CpResult ideal = models::ideal_gas_cp(s, fluid.models().cp_form, s.Tcrit);
-    return ideal.status == kSuccess ? ideal.cp : kWithoutForm;
+    return models::ideal_gas_cp(s, fluid.models().cp_form, s.Tcrit).value_or(kWithoutForm);
 }
 
 void widen(double& low, double& high) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "common/faults.h"
 #include "common/numbers.h"
@@ -45,12 +46,14 @@ void CurveFrame::prepare() {
     if (T > 0) {
         // A caloric unit that cannot be had ends the curve before its first point.
         (void)caloric(T);
-        pLV_correlated = models::vapour_pressure(substance, T, fluid.models().vapour_pressure).p;
+        if (const auto r = models::vapour_pressure(substance, T, fluid.models().vapour_pressure))
+            pLV_correlated = r->p;
         if (subcritical_T()) at_T = equilibrium_at_T(fluid, T);
     }
     if (p > 0) {
-        TLV_correlated =
-            models::boiling_temperature(substance, p, fluid.models().vapour_pressure).T;
+        if (const auto r =
+                models::boiling_temperature(substance, p, fluid.models().vapour_pressure))
+            TLV_correlated = r->T;
         if (subcritical_p()) at_p = equilibrium_at_p(fluid, p);
     }
     reference_ = basis.reference;
@@ -95,63 +98,86 @@ bool CurveFrame::is_real_at_p(double pressure) {
 
 std::optional<double> CurveFrame::pressure(double temperature, double volume) const {
     models::EosState state = models::eos_at(fluid, temperature);
-    const models::PressureResult r = models::pressure_from_Tv(fluid, temperature, volume, state);
-    if (r.status != kSuccess || !std::isfinite(r.p)) return std::nullopt;
-    return r.p;
+    return models::pressure_from_Tv(fluid, temperature, volume, state);
 }
 
-double stable_volume_of(const models::StateTP& state) {
-    if (state.status != kSuccess) return 0;
-    if (state.has_V != state.has_L) return state.has_V ? state.vV : state.vL;
+std::optional<double> stable_volume_of(const Result<models::StateTP, models::NoState>& state) {
+    if (!state) return std::nullopt;
+    if (state->has_V != state->has_L) return state->has_V ? state->vV : state->vL;
     // On the phase boundary within the tolerance of the solver the areas still tell the side.
-    if (state.has_V) return state.area_ratio < 0 ? state.vL : state.vV;
-    return state.v[0];
+    if (state->has_V) return state->areas.ratio < 0 ? state->vL : state->vV;
+    return state->v[0];
 }
 
-double CurveFrame::stable_volume(double temperature, double pressure) const {
+std::optional<double> CurveFrame::stable_volume(double temperature, double pressure) const {
     return stable_volume_of(models::solve_state_tp(fluid, temperature, pressure));
 }
 
-models::StateValues CurveFrame::functions(double temperature, double pressure,
-                                          double volume) const {
+std::optional<StateValues> CurveFrame::functions(double temperature, double pressure,
+                                                 double volume) const {
     return models::state_functions(fluid, reference_, surroundings_, temperature, pressure, volume);
 }
 
-std::optional<double> value_of(const models::StateValues& state, Function function) {
-    if (!state.table.filled) return std::nullopt;
-    const bool is_exergy = function == &StateValues::eH || function == &StateValues::eU;
-    if (state.status != kSuccess && is_exergy) return std::nullopt;
-    if (function == &StateValues::cp && state.cp == 0) return std::nullopt;
-    const double value = state.*function;
-    if (!std::isfinite(value)) return std::nullopt;
-    return value;
+namespace {
+
+double caloric_value(const StateValues& z, Function function) {
+    constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+    switch (function) {
+        case Function::h:
+            return z.h;
+        case Function::u:
+            return z.u;
+        case Function::s:
+            return z.s;
+        case Function::g:
+            return z.g;
+        case Function::a:
+            return z.a;
+        case Function::eH:
+            return z.exergies ? z.exergies->H : kNone;
+        case Function::eU:
+            return z.exergies ? z.exergies->U : kNone;
+        case Function::cp:
+            return z.cp != 0 ? z.cp : kNone;
+        case Function::cv:
+            return z.cv;
+    }
+    return kNone;
 }
 
-Function function_of(Axis axis) {
+}  // namespace
+
+std::optional<double> value_of(const std::optional<StateValues>& state, Function function) {
+    if (!state) return std::nullopt;
+    const double value = caloric_value(*state, function);
+    return std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+std::optional<Function> function_of(Axis axis) {
     switch (axis) {
         case Axis::h:
         case Axis::hSpaced:
-            return &StateValues::h;
+            return Function::h;
         case Axis::s:
         case Axis::Tenvs:
-            return &StateValues::s;
+            return Function::s;
         case Axis::g:
-            return &StateValues::g;
+            return Function::g;
         case Axis::a:
-            return &StateValues::a;
+            return Function::a;
         case Axis::u:
-            return &StateValues::u;
+            return Function::u;
         case Axis::eH:
-            return &StateValues::eH;
+            return Function::eH;
         case Axis::eU:
-            return &StateValues::eU;
+            return Function::eU;
         case Axis::cp:
-            return &StateValues::cp;
+            return Function::cp;
         case Axis::cV:
         case Axis::cVIsochoric:
-            return &StateValues::cv;
+            return Function::cv;
         default:
-            return nullptr;
+            return std::nullopt;
     }
 }
 

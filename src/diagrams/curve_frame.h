@@ -29,13 +29,12 @@ class CurveFrame {
 
     const double T, p, v;  ///< state parameters, K, kPa, m^3/kmol
     const double x_min, x_max, y_min, y_max;
-    int steps = 0;                                    ///< points per curve
-    double dx = 0, dy = 0;                            ///< a step in the window
-    double T_factor = 1, p_factor = 1, v_factor = 1;  ///< factors of the displayed units
-    double M = 0;                                     ///< kg/kmol
-    double pLV_correlated = 0,
-           TLV_correlated = 0;  ///< by the vapour pressure equation, 0 when there is none
-    Equilibrium at_T, at_p;     ///< of the EOS at T and at p, found or not
+    int steps = 0;                                         ///< points per curve
+    double dx = 0, dy = 0;                                 ///< a step in the window
+    double T_factor = 1, p_factor = 1, v_factor = 1;       ///< factors of the displayed units
+    double M = 0;                                          ///< kg/kmol
+    std::optional<double> pLV_correlated, TLV_correlated;  ///< by the vapour pressure equation
+    Equilibrium at_T, at_p;  ///< of the EOS at T and at p, found or not
 
     /// Evaluates what the state parameters fix. May throw `faults::Fault`.
     void prepare();
@@ -69,10 +68,11 @@ class CurveFrame {
     double caloric(double temperature) const { return basis.caloric(temperature); }
     /// p of the EOS; nothing where it has none.
     std::optional<double> pressure(double temperature, double volume) const;
-    /// Volume of the stable phase at T and p; 0 where the EOS has none.
-    double stable_volume(double temperature, double pressure) const;
-    /// Caloric values without a status test, see `value_of`.
-    models::StateValues functions(double temperature, double pressure, double volume) const;
+    /// Volume of the stable phase at T and p; nothing where the EOS has none.
+    std::optional<double> stable_volume(double temperature, double pressure) const;
+    /// Caloric values; nothing without a cp form or a state.
+    std::optional<models::StateValues> functions(double temperature, double pressure,
+                                                 double volume) const;
 
     /// Ascending in x or y; points with equal values keep their order.
     void sort_by_x();
@@ -83,18 +83,19 @@ class CurveFrame {
     bool below_triple();
 
     models::ReferenceState reference_;  // settled
-    models::Surroundings surroundings_;
+    std::optional<models::Surroundings> surroundings_;
     bool outside_ = true;
 };
 
-using Function = double models::StateValues::*;
+/// The caloric values that axes show.
+enum class Function { h, u, s, g, a, eH, eU, cp, cv };
 
 /// A caloric value, or nothing where the state has none: no cp form, no surroundings for an
 /// exergy, the pole of cp at the critical point.
-std::optional<double> value_of(const models::StateValues& state, Function function);
+std::optional<double> value_of(const std::optional<models::StateValues>& state, Function function);
 
-/// The caloric value that an axis shows; nullptr for an axis that shows none.
-Function function_of(Axis axis);
+/// The caloric value that an axis shows, if it shows one.
+std::optional<Function> function_of(Axis axis);
 /// The column of the residual table that an axis shows.
 std::optional<models::Residual> residual_of(Axis axis);
 
@@ -103,7 +104,7 @@ inline double at_fraction(double liquid, double vapour, double fraction) {
     return (vapour - liquid) * fraction + liquid;
 }
 
-/// The stable one of the volumes of a state; 0 when there is none.
-double stable_volume_of(const models::StateTP& state);
+/// The stable one of the volumes of a state; nothing without a state.
+std::optional<double> stable_volume_of(const Result<models::StateTP, models::NoState>& state);
 
 }  // namespace quor::diagrams

@@ -42,14 +42,14 @@ void function_pairs(CurveFrame& c) {
         const double T = isothermal ? c.T : running;
         const double p = isothermal ? running : c.p;
         if (!c.is_real_at_T(T)) continue;
-        const double v = c.stable_volume(T, p);
-        if (!(v > 0)) continue;
+        const auto v = c.stable_volume(T, p);
+        if (!v) continue;
         if (e.found && before && running > edge) {
             add_tie_line(c, e, isothermal, edge);
             before = false;
         }
         if (e.found && running < edge) before = true;
-        add_state(c, T, p, v, running);
+        add_state(c, T, p, *v, running);
     }
 }
 

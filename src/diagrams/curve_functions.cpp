@@ -36,45 +36,42 @@ struct ResidualOrdinate {
     models::Residual column;
 
     Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
-        const models::PhaseTable table =
-            models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
-        if (!table.filled) return std::nullopt;
-        return constants::R * table.residual[column] * c.caloric(T);
+        const auto table = models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
+        if (!table) return std::nullopt;
+        return constants::R * table->residual[column] * c.caloric(T);
     }
 };
 
 /// Real heat capacity: the ideal gas and the residual part.
 struct HeatCapacityOrdinate {
     Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
-        const models::CpResult ideal =
-            models::ideal_gas_cp(c.substance, c.fluid.models().cp_form, T);
+        const auto ideal = models::ideal_gas_cp(c.substance, c.fluid.models().cp_form, T);
         const Ordinate residual = ResidualOrdinate{models::ResCp}(c, T, p, v);
-        if (ideal.status != kSuccess || !residual) return std::nullopt;
-        return ideal.cp * c.caloric(T) + *residual;
+        if (!ideal || !residual) return std::nullopt;
+        return *ideal * c.caloric(T) + *residual;
     }
 };
 
 struct JouleThomsonOrdinate {
     Ordinate operator()(const CurveFrame& c, double T, double p, double v) const {
-        const models::PhaseTable table =
-            models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
-        const bool has_cp = models::ideal_gas_cp(c.substance, c.fluid.models().cp_form, T).cp > 0;
-        if (!table.filled || !has_cp) return std::nullopt;
-        return table.residual[models::JouleThomson];
+        const auto table = models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
+        const auto ideal = models::ideal_gas_cp(c.substance, c.fluid.models().cp_form, T);
+        if (!table || !(ideal > 0.0)) return std::nullopt;
+        return table->residual[models::JouleThomson];
     }
 };
 
 // ---- the walk along an isobar
 
 double lower_temperature(const CurveFrame& c) {
-    const bool ends = c.partial_gas() && c.subcritical_p() && c.TLV_correlated > 0;
-    return ends ? c.TLV_correlated * c.T_factor : c.x_min;
+    const bool ends = c.partial_gas() && c.subcritical_p() && c.TLV_correlated;
+    return ends ? *c.TLV_correlated * c.T_factor : c.x_min;
 }
 
 template <class Y>
-void add_at(CurveFrame& c, Y y, double x, double T, double p, double v, double z) {
-    if (!(v > 0)) return;
-    if (const Ordinate value = y(c, T, p, v)) c.add_tested_by_y(x, *value, z);
+void add_at(CurveFrame& c, Y y, double x, double T, double p, std::optional<double> v, double z) {
+    if (!(v > 0.0)) return;
+    if (const Ordinate value = y(c, T, p, *v)) c.add_tested_by_y(x, *value, z);
 }
 
 /// Both ends of the tie-line, when both can be evaluated.
@@ -97,10 +94,10 @@ void metastable_over_T(CurveFrame& c, Y y, double move) {
     double last = e.T * c.T_factor;
     Steps loop = Steps::plain(e.vL, e.vV, (e.vV - e.vL) / kVolumeSteps);
     for (double v; loop.next(v);) {
-        const double T = models::temperature_from_p_rho(c.fluid, c.p, c.M / v, true).T;
-        if (!(T > 0) || std::fabs(T * c.T_factor - last) < move * c.dx) continue;
-        add_at(c, y, T * c.T_factor, T, c.p, v, c.p);
-        last = T * c.T_factor;
+        const auto T = models::temperature_from_p_rho(c.fluid, c.p, c.M / v, true);
+        if (!T || std::fabs(*T * c.T_factor - last) < move * c.dx) continue;
+        add_at(c, y, *T * c.T_factor, *T, c.p, v, c.p);
+        last = *T * c.T_factor;
     }
     add_at(c, y, e.T * c.T_factor, e.T, e.p, e.vV, c.p);
 }
@@ -130,9 +127,9 @@ void plain_isobar(CurveFrame& c, Y y) {
     for (double x; loop.next(x);) {
         const double T = x / c.T_factor;
         if (!(T > 0) || !c.is_real_at_T(T)) continue;
-        const double v = c.stable_volume(T, c.p);
-        if (!(v > 0)) continue;
-        if (const Ordinate value = y(c, T, c.p, v)) c.add(x, *value, c.p);
+        const auto v = c.stable_volume(T, c.p);
+        if (!v) continue;
+        if (const Ordinate value = y(c, T, c.p, *v)) c.add(x, *value, c.p);
     }
 }
 
@@ -175,8 +172,8 @@ template <class Y>
 void isotherm_with_crossing(CurveFrame& c, Y y) {
     if (c.metastable() && c.at_T.found) return metastable_over_p(c, y);
     const Equilibrium& e = c.at_T;
-    const bool ends = c.partial_gas() && c.subcritical_T() && c.pLV_correlated > 0;
-    const double upper = ends ? c.pLV_correlated * c.p_factor : c.x_max;
+    const bool ends = c.partial_gas() && c.subcritical_T() && c.pLV_correlated;
+    const double upper = ends ? *c.pLV_correlated * c.p_factor : c.x_max;
     const double lower = c.x_min > 0 ? c.x_min : 0.1 * c.p_factor;
     bool crossed = !e.found;
     Steps loop = Steps::clamped(upper, lower, -c.dx);
@@ -244,18 +241,18 @@ struct MagnitudeOrdinate {
 }  // namespace
 
 void functions_of_T(CurveFrame& c) {
-    const CaloricOrdinate y{function_of(c.axes.y)};
+    const CaloricOrdinate y{function_of(c.axes.y).value()};
     if (c.diagram.section == Section::isochoric) return isochore(c, y);
     isobar_with_crossing(c, y);
 }
 
 void functions_of_p(CurveFrame& c) {
-    isotherm_with_crossing(c, CaloricOrdinate{function_of(c.axes.y)});
+    isotherm_with_crossing(c, CaloricOrdinate{function_of(c.axes.y).value()});
 }
 
 void functions_of_v(CurveFrame& c) {
-    const CaloricOrdinate y{function_of(c.axes.y)};
-    if (y.function == &StateValues::cv) return isotherm_over_v(c, MagnitudeOrdinate{y});
+    const CaloricOrdinate y{function_of(c.axes.y).value()};
+    if (y.function == Function::cv) return isotherm_over_v(c, MagnitudeOrdinate{y});
     isotherm_over_v(c, y);
 }
 

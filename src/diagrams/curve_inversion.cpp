@@ -13,12 +13,11 @@ namespace {
 
 /// T (dv/dT)p - v, the numerator of the differential Joule-Thomson coefficient: it has its zeros
 /// and its sign and needs no heat capacity.
-std::optional<double> throttling(const CurveFrame& c, double T, double p, double v) {
-    if (!(v > 0)) return std::nullopt;
-    const models::PhaseTable table =
-        models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, v);
-    if (!table.filled || table.first[4] == 0) return std::nullopt;
-    return T * table.first[4] - v;
+std::optional<double> throttling(const CurveFrame& c, double T, double p, std::optional<double> v) {
+    if (!v) return std::nullopt;
+    const auto table = models::residual_functions(c.fluid, models::eos_at(c.fluid, T), T, p, *v);
+    if (!table || table->first[4] == 0) return std::nullopt;
+    return T * table->first[4] - *v;
 }
 
 std::optional<double> stable_throttling(const CurveFrame& c, double T, double p) {
@@ -85,8 +84,8 @@ std::optional<double> find_inversion_temperature(const CurveFrame& c, double p,
 }
 
 void add_inversion(CurveFrame& c, double p, double T) {
-    const double v = c.stable_volume(T, p);
-    c.add(p * c.p_factor, p * c.p_factor * v * c.v_factor, T);
+    if (const auto v = c.stable_volume(T, p))
+        c.add(p * c.p_factor, p * c.p_factor * *v * c.v_factor, T);
 }
 
 /// The temperature from which the upper branch starts: the gas inversion temperature at low p.
@@ -156,10 +155,10 @@ void inversion_pv_p(CurveFrame& c) {
 namespace {
 
 /// The volume of the liquid, stable or not, below Tcrit, and of the fluid above.
-double dense_volume(const CurveFrame& c, double T, double p) {
+std::optional<double> dense_volume(const CurveFrame& c, double T, double p) {
     const models::EosState state = models::eos_at(c.fluid, T);
-    const models::CubicRoots roots = models::solve_cubic(state, T, p);
-    return roots.status == kSuccess && roots.v[0] > state.b ? roots.v[0] : 0;
+    const auto roots = models::solve_cubic(state, T, p);
+    return roots && roots->v[0] > state.b ? std::optional(roots->v[0]) : std::nullopt;
 }
 
 std::optional<double> dense_throttling(const CurveFrame& c, double T, double p) {
@@ -245,7 +244,7 @@ void inversion_p_T(CurveFrame& c) {
         if (found > pLV) {
             p = found;
             above = T;
-            c.add(T * c.T_factor, p * c.p_factor, dense_volume(c, T, p));
+            c.add(T * c.T_factor, p * c.p_factor, dense_volume(c, T, p).value_or(0));
         } else if (above > 0 && pLV > 0) {
             const Equilibrium end = meeting_point(c, T, above);
             if (end.found) c.add(end.T * c.T_factor, end.p * c.p_factor, end.vL);

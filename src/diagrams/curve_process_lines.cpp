@@ -15,7 +15,8 @@ using models::StateValues;
 namespace {
 
 /// Adds a state to the line on the axes of the diagram and keeps it as the last one.
-void add_state(CurveFrame& c, double T, double p, double v, const StateValues& functions) {
+void add_state(CurveFrame& c, double T, double p, double v,
+               const std::optional<StateValues>& functions) {
     const auto at = project_state(c.axes, c.basis, {T, p, v}, functions);
     if (!at) return;
     c.add(at->x, at->y, at->z);
@@ -24,16 +25,16 @@ void add_state(CurveFrame& c, double T, double p, double v, const StateValues& f
 
 void add_state(CurveFrame& c, double T, double p, double v) {
     const bool needed = shows_caloric_values(c.axes);
-    add_state(c, T, p, v, needed ? c.functions(T, p, v) : StateValues{});
+    add_state(c, T, p, v, needed ? c.functions(T, p, v) : std::nullopt);
 }
 
 /// Volume at T and p of the phase of the line; with one root it is that one.
 double volume_of_phase(const CurveFrame& c, double T, double p) {
-    const models::StateTP state = models::solve_state_tp(c.fluid, T, p);
-    if (state.status != kSuccess) return 0;
-    if (c.vapour_only()) return state.vV;
+    const auto state = models::solve_state_tp(c.fluid, T, p);
+    if (!state) return 0;
+    if (c.vapour_only()) return state->vV.value_or(0);
     const bool vapour = c.request.line.vapour;
-    return state.root_count == 3 && vapour ? state.v[2] : state.v[0];
+    return state->root_count == 3 && vapour ? state->v[2] : state->v[0];
 }
 
 Steps range(const CurveFrame& c, double share) {
@@ -56,10 +57,13 @@ void end_line(CurveFrame& c, bool stopped) {
 StateValues mixture(const StateValues& L, const StateValues& V, double x) {
     constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
     StateValues z = V;
-    for (const Function member :
-         {&StateValues::h, &StateValues::u, &StateValues::s, &StateValues::g, &StateValues::a,
-          &StateValues::eH, &StateValues::eU})
+    for (const auto member :
+         {&StateValues::h, &StateValues::u, &StateValues::s, &StateValues::g, &StateValues::a})
         z.*member = at_fraction(L.*member, V.*member, x);
+    z.exergies.reset();
+    if (L.exergies && V.exergies)
+        z.exergies = {at_fraction(L.exergies->H, V.exergies->H, x),
+                      at_fraction(L.exergies->U, V.exergies->U, x)};
     z.cp = z.cv = z.w = kNone;
     auto& residual = z.table.residual;
     for (const models::Residual column : {models::ResS, models::ResH, models::ResG})
@@ -71,9 +75,9 @@ StateValues mixture(const StateValues& L, const StateValues& V, double x) {
 /// The quantity that a line holds: its molar volume, entropy or enthalpy.
 enum class Held { volume, entropy, enthalpy };
 
-double held_value(Held held, double v, const StateValues& functions) {
+std::optional<double> held_value(Held held, double v, const std::optional<StateValues>& functions) {
     if (held == Held::volume) return v;
-    return held == Held::entropy ? functions.s : functions.h;
+    return value_of(functions, held == Held::entropy ? Function::s : Function::h);
 }
 
 /// Over the tie-lines of the range, from a saturated state at its start: the vapour fraction
@@ -85,13 +89,14 @@ void heterogeneous_line(CurveFrame& c, Held held) {
                       : equilibrium_at_p(c.fluid, running, near);
     };
     const auto sides = [&](const Equilibrium& e) {
-        return std::array<StateValues, 2>{c.functions(e.T, e.p, e.vL), c.functions(e.T, e.p, e.vV)};
+        return std::array{c.functions(e.T, e.p, e.vL), c.functions(e.T, e.p, e.vV)};
     };
     const Equilibrium start = equilibrium(over_T ? c.request.line.T1 : c.request.line.p1, 0);
     if (!start.found) return end_line(c, true);
     const bool vapour = c.request.line.vapour;
-    const double fixed =
+    const std::optional<double> fixed =
         held_value(held, vapour ? start.vV : start.vL, sides(start)[vapour ? 1 : 0]);
+    if (!fixed) return end_line(c, true);
 
     bool stopped = false;
     double near = 0;
@@ -104,15 +109,20 @@ void heterogeneous_line(CurveFrame& c, Held held) {
         }
         near = over_T ? e.p : e.T;
         const auto [L, V] = sides(e);
-        const double low = held_value(held, e.vL, L), high = held_value(held, e.vV, V);
+        const auto low = held_value(held, e.vL, L), high = held_value(held, e.vV, V);
+        if (!low || !high) {
+            stopped = true;
+            break;
+        }
         // At the start the state lies on the edge of the dome, within rounding.
         constexpr double kRounding = 1e-9;
-        const double x = high != low ? (fixed - low) / (high - low) : (vapour ? 1 : 0);
+        const double x = *high != *low ? (*fixed - *low) / (*high - *low) : (vapour ? 1 : 0);
         if (!(x >= -kRounding && x <= 1 + kRounding)) {
             stopped = true;
             break;
         }
-        add_state(c, e.T, e.p, at_fraction(e.vL, e.vV, x), mixture(L, V, x));
+        add_state(c, e.T, e.p, at_fraction(e.vL, e.vV, x),
+                  L && V ? std::optional(mixture(*L, *V, x)) : std::nullopt);
     }
     end_line(c, stopped);
 }
@@ -167,12 +177,12 @@ void process_isochore(CurveFrame& c) {
             if (p && *p > 0) add_state(c, running, *p, v);
             continue;
         }
-        const double T = models::temperature_from_p_rho(c.fluid, running, c.M / v, true).T;
-        if (!(T > 0)) {
+        const auto T = models::temperature_from_p_rho(c.fluid, running, c.M / v, true);
+        if (!T) {
             stopped = true;
             break;
         }
-        add_state(c, T, running, v);
+        add_state(c, *T, running, v);
     }
     end_line(c, stopped);
 }
@@ -184,7 +194,7 @@ void process_isoline(CurveFrame& c) {
 
     const double T1 = c.request.line.T1, p1 = c.request.line.p1;
     const double v1 = volume_of_phase(c, T1, p1);
-    const Function function = entropy ? &StateValues::s : &StateValues::h;
+    const Function function = entropy ? Function::s : Function::h;
     const auto fixed = v1 > 0 ? value_of(c.functions(T1, p1, v1), function) : std::nullopt;
     if (!fixed) return end_line(c, true);
 
@@ -193,17 +203,16 @@ void process_isoline(CurveFrame& c) {
     bool stopped = false;
     Steps loop = range(c, over_T ? 0.4 : 0.8);
     for (double running; loop.next(running);) {
-        const double found = over_T ? solve_isoline_pressure(c, function, running, *fixed, p)
-                                    : solve_isoline(c, function, running, *fixed, T);
-        if (!(found > 0)) {
+        const auto found = over_T ? solve_isoline_pressure(c, function, running, *fixed, p)
+                                  : solve_isoline(c, function, running, *fixed, T);
+        if (!found) {
             stopped = true;
             break;
         }
-        T = over_T ? running : found;
-        p = over_T ? found : running;
+        T = over_T ? running : *found;
+        p = over_T ? *found : running;
         // The volume is that of the phase in which the search found the value.
-        const double v = c.stable_volume(T, p);
-        if (v > 0) add_state(c, T, p, v);
+        if (const auto v = c.stable_volume(T, p)) add_state(c, T, p, *v);
     }
     end_line(c, stopped);
 }
@@ -263,7 +272,7 @@ void process_polytropic(CurveFrame& c) {
         } else {
             // n = 0 is the isobar; over p it has no second point.
             v = std::fabs(n) > kRatioOfNone ? v1 * std::pow(p1 / p, 1 / n) : 0;
-            T = v > 0 ? models::temperature_from_p_rho(c.fluid, p, c.M / v, true).T : 0;
+            T = v > 0 ? models::temperature_from_p_rho(c.fluid, p, c.M / v, true).value_or(0) : 0;
         }
         if (!(T > 0) || !(p > 0) || !(v > 0)) {
             stopped = true;

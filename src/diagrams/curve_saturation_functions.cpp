@@ -16,12 +16,12 @@ namespace {
 
 /// cp grows beyond all limits at the critical point: its curve ends before.
 bool is_finite_at_critical_point(Function function) {
-    return function != &StateValues::cp;
+    return function != Function::cp;
 }
 
 /// Caloric values on both sides of an equilibrium.
 struct BothPhases {
-    StateValues L, V;
+    std::optional<StateValues> L, V;
 };
 
 BothPhases functions_at(const CurveFrame& c, const Equilibrium& e) {
@@ -51,7 +51,7 @@ std::optional<double> fraction_value(const CurveFrame& c, const Equilibrium& e, 
 void saturation_functions_over_p(CurveFrame& c) {
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
-    const Function function = function_of(c.axes.y);
+    const Function function = function_of(c.axes.y).value();
     const auto add = [&](const Equilibrium& e) {
         if (const auto y = fraction_value(c, e, function)) c.add(e.p * c.p_factor, *y, e.T);
     };
@@ -83,7 +83,7 @@ void saturation_functions_over_p(CurveFrame& c) {
 void saturation_functions_over_T(CurveFrame& c) {
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
-    const Function function = function_of(c.axes.y);
+    const Function function = function_of(c.axes.y).value();
     const auto add = [&](const Equilibrium& e) {
         if (const auto y = fraction_value(c, e, function)) c.add(e.T * c.T_factor, *y, e.p);
     };
@@ -123,9 +123,9 @@ void saturation_functions_over_v(CurveFrame& c) {
     constexpr double kAboveCovolume = 1.08;
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
-    const Function function = function_of(c.axes.y);
+    const Function function = function_of(c.axes.y).value();
     const double fraction = c.request.vapour_fraction;
-    const bool magnitude = function == &StateValues::cv;
+    const bool magnitude = function == Function::cv;
     const auto add = [&](const Equilibrium& e) {
         const auto y = fraction_value(c, e, function);
         if (!y) return;
@@ -157,7 +157,8 @@ void saturation_function_pairs(CurveFrame& c) {
     constexpr double kStep = 0.3;     // of a step of the limits of p
     const Equilibrium critical = critical_point(c.fluid);
     if (!critical.found) return;
-    const Function x_function = function_of(c.axes.x), y_function = function_of(c.axes.y);
+    const Function x_function = function_of(c.axes.x).value(),
+                   y_function = function_of(c.axes.y).value();
     const double scale = c.axes.x == Axis::Tenvs ? c.basis.reference.Tenv : 1.0;
     const auto add = [&](const Equilibrium& e) {
         const BothPhases both = functions_at(c, e);
@@ -168,8 +169,9 @@ void saturation_function_pairs(CurveFrame& c) {
     // T comes from the vapour pressure equation, the state from the EOS at this T; without an
     // equation the EOS gives both.
     const auto add_at_pressure = [&](double p) {
-        double T = models::boiling_temperature(c.substance, p, c.fluid.models().vapour_pressure).T;
-        if (!(T > 0)) T = equilibrium_at_p(c.fluid, p).T;
+        const auto boiling =
+            models::boiling_temperature(c.substance, p, c.fluid.models().vapour_pressure);
+        const double T = boiling ? boiling->T : equilibrium_at_p(c.fluid, p).T;
         if (T < kPresent || T >= critical.T || !c.is_real_at_T(T)) return;
         const Equilibrium e = equilibrium_at_T(c.fluid, T, p);
         if (e.found) add(e);

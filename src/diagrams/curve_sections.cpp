@@ -31,8 +31,8 @@ void add_over_p(CurveFrame& c, double p, double v) {
 }
 
 double upper_pressure(const CurveFrame& c) {
-    const bool ends = c.partial_gas() && c.subcritical_T() && c.pLV_correlated > 0;
-    return ends ? c.pLV_correlated * c.p_factor : c.x_max;
+    const bool ends = c.partial_gas() && c.subcritical_T() && c.pLV_correlated;
+    return ends ? *c.pLV_correlated * c.p_factor : c.x_max;
 }
 
 void virial_isotherm_over_p(CurveFrame& c) {
@@ -51,8 +51,7 @@ void supercritical_isotherm_over_p(CurveFrame& c) {
     Steps loop = Steps::plain(c.x_min, c.x_max, c.dx);
     for (double x; loop.next(x);) {
         const double p = std::fmax(x / c.p_factor, kLowestPressure);
-        const models::CubicRoots roots = models::solve_cubic(state, c.T, p);
-        if (roots.status == kSuccess) add_over_p(c, p, roots.v[0]);
+        if (const auto roots = models::solve_cubic(state, c.T, p)) add_over_p(c, p, roots->v[0]);
     }
 }
 
@@ -62,10 +61,10 @@ void subcritical_isotherm_over_p(CurveFrame& c) {
     Steps loop = Steps::plain(c.x_min, c.x_max, c.dx);
     for (double x; loop.next(x);) {
         const double p = std::fmax(x / c.p_factor, kLowestSubcritical);
-        const models::CubicRoots roots = models::solve_cubic(e.state, c.T, p);
-        if (roots.status != kSuccess) continue;
-        const bool vapour = roots.count == 3 && p <= e.p;
-        add_over_p(c, p, vapour ? roots.v[2] : roots.v[0]);
+        const auto roots = models::solve_cubic(e.state, c.T, p);
+        if (!roots) continue;
+        const bool vapour = roots->count == 3 && p <= e.p;
+        add_over_p(c, p, vapour ? roots->v[2] : roots->v[0]);
     }
     add_over_p(c, e.p, e.vV);
     add_over_p(c, e.p, e.vL);
@@ -99,16 +98,16 @@ void add_on_isobar(CurveFrame& c, double T, double v) {
     c.add_tested_by_x(isobar_x(c, v), T * c.T_factor, c.p);
 }
 
-/// Volume of a stable state on the isobar; 0 where there is none.
-double isobar_volume(const CurveFrame& c, double T) {
+/// Volume of a stable state on the isobar; nothing where there is none.
+std::optional<double> isobar_volume(const CurveFrame& c, double T) {
     if (c.vapour_only()) {
         models::EosState state;
         return R * T / c.p + models::second_virial(c.fluid, T, state);
     }
-    const models::CubicRoots roots = models::solve_cubic(models::eos_at(c.fluid, T), T, c.p);
-    if (roots.status != kSuccess) return 0;
-    const bool vapour = c.at_p.found && T > c.at_p.T && roots.count == 3;
-    return vapour ? roots.v[2] : roots.v[0];
+    const auto roots = models::solve_cubic(models::eos_at(c.fluid, T), T, c.p);
+    if (!roots) return std::nullopt;
+    const bool vapour = c.at_p.found && T > c.at_p.T && roots->count == 3;
+    return vapour ? roots->v[2] : roots->v[0];
 }
 
 void metastable_isobar(CurveFrame& c) {
@@ -120,10 +119,9 @@ void metastable_isobar(CurveFrame& c) {
     for (double v; loop.next(v);) {
         const double x = isobar_x(c, v);
         if (!first && std::fabs(x - last) < c.dx) continue;
-        const models::TemperatureResult r =
-            models::temperature_from_p_rho(c.fluid, c.p, c.M / v, true);
-        if (!(r.T > 0)) continue;
-        add_on_isobar(c, r.T, v);
+        const auto T = models::temperature_from_p_rho(c.fluid, c.p, c.M / v, true);
+        if (!T) continue;
+        add_on_isobar(c, *T, v);
         last = x;
         first = false;
     }
@@ -163,8 +161,8 @@ void isobar_T_v(CurveFrame& c) {
     for (double y; loop.next(y);) {
         const double T = y / c.T_factor;
         if (!(T > 0) || !c.is_real_at_T(T)) continue;
-        const double v = isobar_volume(c, T);
-        if (v > 0) add_on_isobar(c, T, v);
+        const auto v = isobar_volume(c, T);
+        if (v > 0.0) add_on_isobar(c, T, *v);
     }
     if (has_dome) {
         add_on_isobar(c, c.at_p.T, c.at_p.vL);
@@ -184,8 +182,10 @@ void isochore_p_T(CurveFrame& c) {
         if (!c.is_real_at_T(T)) break;
         const auto p = c.pressure(T, c.v);
         if (!p) continue;
-        pLV = by_eos ? equilibrium_at_T(c.fluid, T, pLV).p
-                     : models::vapour_pressure(c.substance, T, c.fluid.models().vapour_pressure).p;
+        const auto correlated =
+            by_eos ? std::nullopt
+                   : models::vapour_pressure(c.substance, T, c.fluid.models().vapour_pressure);
+        pLV = by_eos ? equilibrium_at_T(c.fluid, T, pLV).p : correlated ? correlated->p : 0;
         const bool reached = c.options.real_range_only && pLV > 0 &&
                              ((c.v > vcrit && *p > pLV) || (c.v < vcrit && *p < pLV));
         if (reached) {

@@ -17,7 +17,8 @@ namespace {
 double saturation_pressure(const CurveFrame& c, double T, double near) {
     const models::ModelSelection& m = c.fluid.models();
     if (m.eos_has_priority && !m.vapour_only) return equilibrium_at_T(c.fluid, T, near).p;
-    return models::vapour_pressure(c.substance, T, m.vapour_pressure).p;
+    const auto r = models::vapour_pressure(c.substance, T, m.vapour_pressure);
+    return r ? r->p : 0;
 }
 
 /// Passes over 1/T from the critical point; gives T/K to the body.
@@ -67,11 +68,11 @@ void vapour_pressure_slope(CurveFrame& c) {
 
     double largest = kBelowAll, x_largest = 0;
     over_inverse_T(c, [&](double x, double T) {
-        const models::SlopeResult r = models::vapour_pressure_slope(c.substance, T, code);
-        if (r.status != kSuccess) return;
-        c.add(x, r.slope, 0);
-        if (r.slope <= largest) return;
-        largest = r.slope;
+        const auto slope = models::vapour_pressure_slope(c.substance, T, code);
+        if (!slope) return;
+        c.add(x, *slope, 0);
+        if (*slope <= largest) return;
+        largest = *slope;
         x_largest = x;
     });
 
@@ -90,10 +91,10 @@ void heat_of_vaporisation(CurveFrame& c) {
     for (double x; loop.next(x);) {
         const double T = x / c.T_factor;
         if (!(T > 0) || T > c.substance.Tcrit || !c.is_real_at_T(T)) continue;
-        const auto r = models::enthalpy_of_vaporisation(c.fluid, method, T, 0);
-        if (r.status != kSuccess) continue;
-        has_pressure = has_pressure || r.p > 0;
-        c.add(x, r.h * c.caloric(T), r.p > 0 ? r.p : 0);
+        const auto r = models::enthalpy_of_vaporisation(c.fluid, method, T, {});
+        if (!r.h) continue;
+        has_pressure = has_pressure || r.p;
+        c.add(x, *r.h * c.caloric(T), r.p.value_or(0));
     }
     c.result.parameter = has_pressure ? Parameter::p : Parameter::none;
     c.sort_by_x();

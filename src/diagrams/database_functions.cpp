@@ -18,28 +18,25 @@ namespace {
 using constants::kPresent;
 using models::SubstanceRecord;
 
-std::optional<double> if_present(double value, Status status) {
-    if (status != kSuccess || !std::isfinite(value)) return std::nullopt;
-    return value;
-}
-
 std::optional<double> times(std::optional<double> value, double factor) {
     if (value) *value *= factor;
     return value;
 }
 
+std::optional<double> if_positive(const Result<models::Density, models::NoDensity>& density) {
+    return density && density->rho > 0 ? std::optional(density->rho) : std::nullopt;
+}
+
 std::optional<double> liquid_density(const SubstanceRecord& s, double T) {
-    const models::DensityResult r = models::density_liquid(s, static_cast<float>(T));
-    return r.rho > 0 ? if_present(r.rho, r.status) : std::nullopt;
+    return if_positive(models::density_liquid(s, static_cast<float>(T)));
 }
 
 std::optional<double> solid_density(const SubstanceRecord& s, double T) {
-    const models::DensityResult r = models::density_solid(s, static_cast<float>(T));
-    return r.rho > 0 ? if_present(r.rho, r.status) : std::nullopt;
+    return if_positive(models::density_solid(s, static_cast<float>(T)));
 }
 
-std::optional<double> caloric(const Basis& basis, double T, double value, Status status) {
-    return times(if_present(value, status), basis.caloric(T));
+std::optional<double> caloric(const Basis& basis, double T, std::optional<double> value) {
+    return times(value, basis.caloric(T));
 }
 
 Validity range(std::int16_t low, std::int16_t high) {
@@ -106,7 +103,7 @@ std::optional<double> database_value(const Diagram& diagram, const Basis& basis,
     switch (diagram.database) {
         case DatabaseFunction::vapourPressure: {
             const auto r = models::vapour_pressure(s, T, diagram.equation);
-            return times(if_present(r.p, r.status), basis.p_factor());
+            return times(r ? std::optional(r->p) : std::nullopt, basis.p_factor());
         }
         case DatabaseFunction::densityLiquid:
             return liquid_density(s, T);
@@ -118,20 +115,16 @@ std::optional<double> database_value(const Diagram& diagram, const Basis& basis,
             return basis.M() * liquid_volume_factor(basis) / *rho;
         }
         case DatabaseFunction::cpIdealGas: {
-            const models::CpResult r = models::ideal_gas_cp(s, basis.fluid.models().cp_form, T);
-            return caloric(basis, T, r.cp, r.status);
+            return caloric(basis, T, models::ideal_gas_cp(s, basis.fluid.models().cp_form, T));
         }
         case DatabaseFunction::cpLiquid: {
-            const models::CpResult r = models::polynomial_cp(s.cpL, T);
-            return caloric(basis, T, r.cp, r.status);
+            return caloric(basis, T, models::polynomial_cp(s.cpL, T));
         }
         case DatabaseFunction::cpSolid: {
-            const models::CpResult r = models::polynomial_cp(s.cpS, T);
-            return caloric(basis, T, r.cp, r.status);
+            return caloric(basis, T, models::polynomial_cp(s.cpS, T));
         }
         case DatabaseFunction::vaporisation: {
-            const models::EnthalpyEquationResult r = models::enthalpy_equation(s, T);
-            return caloric(basis, T, r.h, r.status);
+            return caloric(basis, T, models::enthalpy_equation(s, T));
         }
         case DatabaseFunction::none:
             break;

@@ -27,14 +27,14 @@ bool refine(Equilibrium& e) {
     constexpr int kSteps = 30;
     constexpr double kTolerance = 1e-13;
     for (int i = 0; i < kSteps; ++i) {
-        const models::CubicRoots roots = models::solve_cubic(e.state, e.T, e.p);
-        if (roots.status != kSuccess || roots.count != 3) return false;
-        e.vL = roots.v[0];
-        e.vV = roots.v[2];
+        const auto roots = models::solve_cubic(e.state, e.T, e.p);
+        if (!roots || roots->count != 3) return false;
+        e.vL = roots->v[0];
+        e.vV = roots->v[2];
         if (!(e.vL > e.state.b) || !(e.vV > e.vL)) return false;
-        const models::Areas areas = models::area_ratio(e.state, roots.v, e.T, e.p);
-        if (areas.status != kSuccess) return false;
-        const double step = (areas.V + areas.L) / (e.p * (e.vV - e.vL));
+        const auto areas = models::area_ratio(e.state, roots->v, e.T, e.p);
+        if (!areas) return false;
+        const double step = (areas->V + areas->L) / (e.p * (e.vV - e.vL));
         if (!(std::fabs(step) < 1.0)) return false;
         e.p *= std::exp(step);
         if (std::fabs(step) < kTolerance) return e.p > 0;
@@ -45,17 +45,16 @@ bool refine(Equilibrium& e) {
 
 Equilibrium from_search(const Fluid& f, double T) {
     Equilibrium e;
-    const models::Saturation found = models::saturation_pressure(f, T);
-    e.T = T;
-    e.p = found.p;
-    e.state = found.state;
-    if (found.status == kSuccess && found.p > 0 && refine(e)) {
-        e.found = true;
-        return e;
+    if (const auto found = models::saturation_pressure(f, T)) {
+        e = {.T = T, .p = found->p, .state = found->state};
+        if (e.p > 0 && refine(e)) {
+            e.found = true;
+            return e;
+        }
     }
-    const models::Saturation exact = models::maxwell_pressure(f, T);
-    e = {T, exact.p, exact.v[0], exact.v[2], exact.state, exact.status == kSuccess};
-    return e;
+    const auto exact = models::maxwell_pressure(f, T);
+    if (!exact) return {};
+    return {T, exact->p, exact->v[0], exact->v[2], exact->state, true};
 }
 
 /// The end of the dome by the law that every cubic EOS follows there: the half width goes with the
@@ -108,7 +107,11 @@ Equilibrium equilibrium_at_p(const Fluid& f, double p, double T_start) {
     if (!has_equilibrium(f) || !(p > 0) || p > pcrit) return {};
     if (p == pcrit) return critical_point(f);
 
-    double T = T_start > 0 && T_start < Tcrit ? T_start : models::saturation_temperature(f, p).T;
+    double T = T_start;
+    if (!(T > 0) || T >= Tcrit) {
+        const auto found = models::saturation_temperature(f, p);
+        T = found ? found->T : 0;
+    }
     if (!(T > 0) || T >= Tcrit) T = Tcrit * (1 - kCriticalShare);
 
     // ln p over 1/T is nearly straight, and steepest towards the critical point.

@@ -82,8 +82,10 @@ void visit_states(const models::Fluid& fluid, Visit visit) {
         for (int k = 0; k <= kPressures; ++k) {
             const double p = lowest_p * std::pow(kHighestPressure * s.pcrit / lowest_p,
                                                  static_cast<double>(k) / kPressures);
-            const models::StateTP state = models::solve_state_tp(fluid, T, p);
-            visit(T, p, state.has_V ? state.vV : state.vL);
+            const auto state = models::solve_state_tp(fluid, T, p);
+            if (!state) continue;
+            const std::optional<double> v = state->has_V ? state->vV : state->vL;
+            if (v) visit(T, p, *v);
         }
     }
 }
@@ -99,9 +101,9 @@ std::optional<CurveWindow> fluid_window(const Diagram& diagram, const Basis& bas
     const CaloricFunctions functions(basis);
     visit_states(basis.fluid, [&](double T, double p, double v) {
         if (!(v > 0)) return;
-        const models::StateValues values = functions(T, p, v);
-        if (values.status != kSuccess) return;
-        const auto place = project_state(diagram, basis, {T, p, v}, values);
+        const auto values = functions(T, p, v);
+        if (!values) return;
+        const auto place = project_state(diagram, basis, {T, p, v}, *values);
         if (!place || !x.takes(place->x) || !y.takes(place->y)) return;
         x.add(place->x);
         y.add(place->y);

@@ -16,44 +16,44 @@ bool fits(double difference, double size) {
     return std::fabs(difference) <= kFit * size;
 }
 
-/// Secant search; 0 when it does not end on a zero. A negative value is thrown back to twice its
-/// size on the other side.
+/// Secant search; nothing when it does not end on a zero. A negative value is thrown back to twice
+/// its size on the other side.
 template <class F>
-double secant(F excess, double start, double size) {
+std::optional<double> secant(F excess, double start, double size) {
     constexpr int kRounds = 40;
     double x = start;
     double last = x;
     auto f_last = excess(last);
-    if (!f_last) return 0;
+    if (!f_last) return std::nullopt;
     if (*f_last == 0) return x;
     // A first step of fifty tolerances is too fine for the digits of the functions.
     x = last * (1 + 1e-5);
     for (int i = 0; i < kRounds; ++i) {
         const auto f = excess(x);
-        if (!f) return 0;
-        if (*f == *f_last) return fits(*f, size) ? x : 0;
+        if (!f) return std::nullopt;
+        if (*f == *f_last) return fits(*f, size) ? std::optional(x) : std::nullopt;
         const double step = *f * (x - last) / (*f - *f_last);
         last = x;
         f_last = f;
         x -= step;
         if (x < 0) x *= -2;
-        if (!std::isfinite(x) || x == 0) return 0;
+        if (!std::isfinite(x) || x == 0) return std::nullopt;
         if (std::fabs(step) <= kTolerance * x) {
             const auto rest = excess(x);
-            return rest && fits(*rest, size) ? x : 0;
+            return rest && fits(*rest, size) ? std::optional(x) : std::nullopt;
         }
     }
-    return 0;
+    return std::nullopt;
 }
 
-/// Halves a bracket; 0 when it holds a jump and not a zero.
+/// Halves a bracket; nothing when it holds a jump and not a zero.
 template <class F>
-double halve(F excess, double a, double b, double fa, double size) {
+std::optional<double> halve(F excess, double a, double b, double fa, double size) {
     constexpr int kHalvings = 80;
     for (int i = 0; i < kHalvings && std::fabs(b - a) > 1e-15 * a; ++i) {
         const double middle = 0.5 * (a + b);
         const auto f = excess(middle);
-        if (!f) return 0;
+        if (!f) return std::nullopt;
         if (std::signbit(*f) == std::signbit(fa)) {
             a = middle;
         } else {
@@ -62,16 +62,16 @@ double halve(F excess, double a, double b, double fa, double size) {
     }
     const double x = 0.5 * (a + b);
     const auto rest = excess(x);
-    return rest && fits(*rest, size) ? x : 0;
+    return rest && fits(*rest, size) ? std::optional(x) : std::nullopt;
 }
 
 /// Looks for a change of sign further and further from the start, on both sides in turn.
 template <class F>
-double widening(F excess, double start, double size) {
+std::optional<double> widening(F excess, double start, double size) {
     constexpr double kRatio = 1.02;
     constexpr int kRounds = 600;
     const auto first = excess(start);
-    if (!first) return 0;
+    if (!first) return std::nullopt;
     double up = start, down = start;
     auto f_up = first, f_down = first;
     for (int i = 0; i < kRounds && (f_up || f_down); ++i) {
@@ -90,7 +90,7 @@ double widening(F excess, double start, double size) {
             f_down = f;
         }
     }
-    return 0;
+    return std::nullopt;
 }
 
 /// Value of a function of the stable phase, less a target.
@@ -100,9 +100,9 @@ struct Excess {
     double target;
 
     std::optional<double> operator()(double T, double p) const {
-        const double v = c.stable_volume(T, p);
-        if (!(v > 0)) return std::nullopt;
-        const auto value = value_of(c.functions(T, p, v), function);
+        const auto v = c.stable_volume(T, p);
+        if (!v) return std::nullopt;
+        const auto value = value_of(c.functions(T, p, *v), function);
         if (!value) return value;
         return *value - target;
     }
@@ -110,28 +110,28 @@ struct Excess {
 
 /// The natural size of a function at T: R, or R T.
 double size_of(Function function, double T) {
-    return function == &models::StateValues::s ? constants::R : constants::R * T;
+    return function == Function::s ? constants::R : constants::R * T;
 }
 
 }  // namespace
 
-double solve_isoline(const CurveFrame& c, Function function, double p, double value,
-                     double start_T) {
-    if (!(p > 0) || !(start_T > 0)) return 0;
+std::optional<double> solve_isoline(const CurveFrame& c, Function function, double p, double value,
+                                    double start_T) {
+    if (!(p > 0) || !(start_T > 0)) return std::nullopt;
     const Excess excess{c, function, value};
     const auto over_T = [&](double T) { return excess(T, p); };
     const double size = size_of(function, start_T);
-    const double found = secant(over_T, start_T, size);
-    return found > 0 ? found : widening(over_T, start_T, size);
+    const auto found = secant(over_T, start_T, size);
+    return found ? found : widening(over_T, start_T, size);
 }
 
-double solve_isoline_pressure(const CurveFrame& c, Function function, double T, double value,
-                              double start_p) {
-    if (!(T > 0) || !(start_p > 0)) return 0;
+std::optional<double> solve_isoline_pressure(const CurveFrame& c, Function function, double T,
+                                             double value, double start_p) {
+    if (!(T > 0) || !(start_p > 0)) return std::nullopt;
     const Excess excess{c, function, value};
     const auto over_p = [&](double p) { return excess(T, p); };
     const double size = size_of(function, T);
-    const double found = secant(over_p, start_p, size);
+    const auto found = secant(over_p, start_p, size);
     // Only the near state continues a line.
     const bool is_near = found > 0.5 * start_p && found < 2 * start_p;
     return is_near ? found : widening(over_p, start_p, size);

@@ -4,7 +4,7 @@
 
 #include "common/dialogs.h"
 #include "common/numbers.h"
-#include "models/state_solver.h"
+#include "models/cubic_eos.h"
 
 namespace quor::diagrams {
 
@@ -24,7 +24,7 @@ double p_factor(const models::Units& units) {
 /// Co-volume of a cubic EOS at T/K, m^3/kmol; 0 for the others.
 double covolume(const models::Fluid& fluid, double T) {
     if (fluid.models().vapour_only) return 0;
-    return models::solve_state_tp(fluid, T, fluid.substance().pcrit).state.b;
+    return models::eos_at(fluid, T).b;
 }
 
 std::optional<double> temperature(const models::Units& units, double typed) {

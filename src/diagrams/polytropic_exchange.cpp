@@ -48,15 +48,17 @@ class Lines {
 };
 
 double start_volume(const models::Fluid& fluid, const ProcessLine& line) {
-    const models::StateTP state = models::solve_state_tp(fluid, line.T1, line.p1);
-    if (state.status != kSuccess) return 0;
-    const double first = line.vapour ? state.vV : state.vL;
-    return first > 0 ? first : std::fmax(state.vL, state.vV);
+    const auto state = models::solve_state_tp(fluid, line.T1, line.p1);
+    if (!state) return 0;
+    const auto wanted = line.vapour ? state->vV : state->vL;
+    const auto other = line.vapour ? state->vL : state->vV;
+    return wanted ? *wanted : other.value_or(0);
 }
 
 /// h, s, g, u, a, both exergies, cp, cV in the unit of the basis, and the speed of sound.
 void add_functions(Lines& lines, double factor, const models::StateValues& z) {
-    for (const double value : {z.h, z.s, z.g, z.u, z.a, z.eH, z.eU, z.cp, z.cv})
+    const models::Exergies e = z.exergies.value_or(models::Exergies{});
+    for (const double value : {z.h, z.s, z.g, z.u, z.a, e.H, e.U, z.cp, z.cv})
         lines.add(value * factor);
     lines.add(z.w);
 }
@@ -83,7 +85,9 @@ std::string polytropic_request_text(const Basis& basis, const PolytropicTask& ta
     const ProcessLine& r = task.line;
     const models::UnitChoice& units = basis.units.choice;
     const double v = start_volume(basis.fluid, r);
-    const models::StateValues z = CaloricFunctions(basis)(r.T1, r.p1, v);
+    // The file holds 0 for a value that is not known.
+    const models::StateValues z =
+        CaloricFunctions(basis)(r.T1, r.p1, v).value_or(models::StateValues{});
 
     Lines lines;
     lines.add(r.ideal_gas_equation ? 0 : 1);

@@ -6,6 +6,7 @@
 #include "common/constants.h"
 #include "common/numbers.h"
 #include "diagrams/caloric_functions.h"
+#include "diagrams/curve_frame.h"
 #include "diagrams/equilibrium.h"
 #include "diagrams/parameter_input.h"
 #include "models/caloric.h"
@@ -208,10 +209,13 @@ std::string volume_text(const Basis& basis, const char* name, double v) {
            (specific ? " m^3/kg" : " m^3/kmol");
 }
 
-std::string caloric_text(const Basis& basis, const char* name, double value, bool entropy) {
+/// Empty where there is no value.
+std::string caloric_text(const Basis& basis, const char* name, std::optional<double> value,
+                         bool entropy) {
+    if (!value) return {};
     const bool specific = basis.units.choice.caloric == models::CaloricUnit::specific;
     const double M = basis.M();
-    const double shown = specific && M > 0 ? value / M : value;
+    const double shown = specific && M > 0 ? *value / M : *value;
     const char* unit =
         entropy ? (specific ? " kJ/(kg K)" : " kJ/(kmol K)") : (specific ? " kJ/kg" : " kJ/kmol");
     return name + numbers::general(numbers::to_single(shown)) + unit;
@@ -220,24 +224,24 @@ std::string caloric_text(const Basis& basis, const char* name, double value, boo
 /// What a state at T and p is to a process: its phase, with both volumes in the equilibrium.
 struct StartState {
     enum class Kind { none, vapour, liquid, twoPhase, critical, supercritical } kind = Kind::none;
-    double vL = 0, vV = 0;
+    double vL = 0, vV = 0;  ///< of the phases that it has
     std::int16_t region = 0;
 };
 
 StartState start_state(const models::Fluid& fluid, double T, double p) {
     using Kind = StartState::Kind;
     const models::SubstanceRecord& s = fluid.substance();
-    const models::StateTP state = models::solve_state_tp(fluid, T, p);
-    if (state.status != kSuccess) return {};
-    StartState r{.vL = state.vL, .vV = state.vV, .region = state.region};
+    const auto state = models::solve_state_tp(fluid, T, p);
+    if (!state) return {};
+    StartState r{.vL = state->vL.value_or(0), .vV = state->vV.value_or(0), .region = state->region};
     if (fluid.models().vapour_only) {
         r.kind = Kind::vapour;
     } else if (T == s.Tcrit && static_cast<float>(p) == static_cast<float>(s.pcrit)) {
         r.kind = Kind::critical;
-    } else if (state.has_L && state.has_V) {
-        r.kind = state.root_count == 3 ? Kind::twoPhase : Kind::supercritical;
+    } else if (state->has_L && state->has_V) {
+        r.kind = state->root_count == 3 ? Kind::twoPhase : Kind::supercritical;
     } else {
-        r.kind = state.has_V ? Kind::vapour : Kind::liquid;
+        r.kind = state->has_V ? Kind::vapour : Kind::liquid;
     }
     return r;
 }
@@ -274,8 +278,7 @@ std::string held_text(const Basis& basis, const StartState& state, bool entropy,
                       double p) {
     const CaloricFunctions functions(basis);
     const auto value = [&](double v) {
-        const models::StateValues z = functions(T, p, v);
-        return entropy ? z.s : z.h;
+        return value_of(functions(T, p, v), entropy ? Function::s : Function::h);
     };
     if (state.kind != StartState::Kind::twoPhase)
         return caloric_text(basis, entropy ? " s = " : " h = ", value(single_volume(state)),
@@ -317,10 +320,11 @@ std::string phase_text(const models::Fluid& fluid, double T, double p) {
 
 std::array<KappaOffer, 2> kappa_offers(const Basis& basis, double T1) {
     const auto kappa = [&](double T) {
-        const models::CpResult ideal =
-            models::ideal_gas_cp(basis.fluid.substance(), basis.fluid.models().cp_form, T);
-        const double cv = ideal.cp - constants::R;
-        return ideal.status == kSuccess && cv > 0 ? ideal.cp / cv : 0;
+        const double cp =
+            models::ideal_gas_cp(basis.fluid.substance(), basis.fluid.models().cp_form, T)
+                .value_or(0);
+        const double cv = cp - constants::R;
+        return cv > 0 ? cp / cv : 0;
     };
     const auto offer = [&](const char* name, double T) {
         const double value = kappa(T);

@@ -14,19 +14,17 @@ namespace {
 struct State {
     const Basis& basis;
     double T, p, v;
-    const StateValues& functions;
+    const std::optional<StateValues>& functions;
 };
 
 std::optional<double> caloric_on_axis(Axis axis, const State& state) {
     const double factor = state.basis.caloric(state.T);
-    const StateValues& f = state.functions;
     if (const auto column = residual_of(axis)) {
-        if (!f.table.filled) return std::nullopt;
-        return constants::R * f.table.residual[*column] * factor;
+        if (!state.functions) return std::nullopt;
+        return constants::R * state.functions->table.residual[*column] * factor;
     }
-    const Function function = function_of(axis);
-    if (function == nullptr) return std::nullopt;
-    const auto value = value_of(f, function);
+    const std::optional<Function> function = function_of(axis);
+    const auto value = function ? value_of(state.functions, *function) : std::nullopt;
     if (!value) return value;
     const double scale = axis == Axis::Tenvs ? state.basis.reference.Tenv * factor : factor;
     return *value * scale;
@@ -51,8 +49,8 @@ std::optional<double> on_axis(Axis axis, const State& state) {
         case Axis::lnp:
             return std::log(state.p * p_factor);
         case Axis::jouleThomson:
-            if (!state.functions.table.filled) return std::nullopt;
-            return state.functions.table.residual[models::JouleThomson];
+            if (!state.functions) return std::nullopt;
+            return state.functions->table.residual[models::JouleThomson];
         case Axis::none:
         case Axis::inverseTSlope:
         case Axis::dlnp:
@@ -72,7 +70,8 @@ Parameter parameter_for_z(const Diagram& diagram) {
 }  // namespace
 
 std::optional<Projection> project_state(const Diagram& diagram, const Basis& basis,
-                                        const StateParameters& at, const StateValues& functions) {
+                                        const StateParameters& at,
+                                        const std::optional<StateValues>& functions) {
     if (!shows_states(diagram) || !(at.T > 0) || !(at.p > 0) || !(at.v > 0)) return std::nullopt;
     const State state{basis, at.T, at.p, at.v, functions};
     const auto x = on_axis(diagram.x, state);

@@ -18,6 +18,6 @@ struct Projection {
 /// `shows_caloric_values`.
 std::optional<Projection> project_state(const Diagram& diagram, const Basis& basis,
                                         const StateParameters& at,
-                                        const models::StateValues& functions);
+                                        const std::optional<models::StateValues>& functions);
 
 }  // namespace quor::diagrams

@@ -191,9 +191,9 @@ bool mark_temperatures(DiagramSheet& sheet, const Pen& pen) {
     const double factor = basis->T_factor();
     const bool inverse = direction_of(sheet, {Axis::T}) == Direction::None;
     int index = marker_label::kFirstT;
-    const auto line = [&](const char* text, double T) {
-        if (T > 0) {
-            const double value = inverse ? 1 / (factor * T) : factor * T;
+    const auto line = [&](const char* text, std::optional<double> T) {
+        if (T > 0.0) {
+            const double value = inverse ? 1 / (factor * *T) : factor * *T;
             add_line(sheet, direction, {index, value, text, kFarT});
         }
         ++index;
@@ -201,8 +201,10 @@ bool mark_temperatures(DiagramSheet& sheet, const Pen& pen) {
     line("T(cr)", s.Tcrit);
     line("T(triple)", static_cast<double>(s.Ttriple));
     if (pen.options.partial_gas) {
+        const auto boiling =
+            models::boiling_temperature(s, sheet.at.p, basis->fluid.models().vapour_pressure);
         line("                      T(LV) at p",
-             models::boiling_temperature(s, sheet.at.p, basis->fluid.models().vapour_pressure).T);
+             boiling ? std::optional(boiling->T) : std::nullopt);
         line("                      T(LV) at normal pressure", static_cast<double>(s.Tboil));
     }
     return has_reference_lines(sheet);
@@ -221,16 +223,17 @@ bool mark_pressures(DiagramSheet& sheet, const Pen& pen) {
     const double factor = basis->p_factor();
     const bool logarithm = direction_of(sheet, {Axis::lnp}) != Direction::None;
     int index = marker_label::kFirstP;
-    const auto line = [&](const char* text, double p) {
-        if (p > 0) {
-            const double value = logarithm ? std::log(factor * p) : factor * p;
+    const auto line = [&](const char* text, std::optional<double> p) {
+        if (p > 0.0) {
+            const double value = logarithm ? std::log(factor * *p) : factor * *p;
             add_line(sheet, direction, {index, value, text, kFarP});
         }
         ++index;
     };
     line("p(cr)", s.pcrit);
-    line("p(LV) at T ",
-         models::vapour_pressure(s, sheet.at.T, basis->fluid.models().vapour_pressure).p);
+    const auto saturation =
+        models::vapour_pressure(s, sheet.at.T, basis->fluid.models().vapour_pressure);
+    line("p(LV) at T ", saturation ? std::optional(saturation->p) : std::nullopt);
     line(logarithm ? "Normal-p" : "normal p", constants::kNormalPressure);
     return has_reference_lines(sheet);
 }
@@ -254,8 +257,7 @@ bool mark_covolume(DiagramSheet& sheet, const Pen& pen) {
     if (!offers_mark(sheet, Mark::b)) return false;
     const models::Fluid& fluid = pen.basis.fluid;
     const bool cubic = !fluid.models().vapour_only;
-    const double b =
-        cubic ? models::solve_state_tp(fluid, sheet.at.T, fluid.substance().pcrit).state.b : 0;
+    const double b = cubic ? models::eos_at(fluid, sheet.at.T).b : 0;
     if (!(b > 0)) {
         dialogs::tell("possible for cubic EOS only.", dialogs::kNotPossible);
         return false;
@@ -292,12 +294,12 @@ std::optional<Projection> critical_projection(const DiagramSheet& sheet, const B
     const bool needs_volume =
         direction_of(sheet, {Axis::v, Axis::rho, Axis::pv}) != Direction::None;
     if (!(v > 0) && needs_volume) return std::nullopt;
-    models::StateValues functions;
+    std::optional<models::StateValues> functions;
     if (shows_caloric_values(diagram)) {
         // The caloric values belong to the state of the EOS at T(cr) and p(cr).
-        const models::StateTP state = models::solve_state_tp(fluid, s.Tcrit, s.pcrit);
-        const double of_state = state.has_V ? state.vV : state.vL;
-        functions = CaloricFunctions(basis)(s.Tcrit, s.pcrit, of_state > 0 ? of_state : v);
+        const auto state = models::solve_state_tp(fluid, s.Tcrit, s.pcrit);
+        const auto of_state = !state ? std::nullopt : state->has_V ? state->vV : state->vL;
+        functions = CaloricFunctions(basis)(s.Tcrit, s.pcrit, of_state.value_or(v));
     }
     return project_state(diagram, basis, {s.Tcrit, s.pcrit, v}, functions);
 }

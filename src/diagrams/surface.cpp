@@ -147,9 +147,9 @@ SurfaceMark critical_mark(const SurfaceKind& surface, const Basis& basis) {
 
     double caloric = 0;
     if (is_caloric(surface)) {
-        const models::StateValues z = CaloricFunctions(basis)(s.Tcrit, s.pcrit, v);
-        if (z.status != kSuccess) return {.remark = "No cp(idGas) parameters available"};
-        caloric = caloric_value(surface, z) * basis.caloric(s.Tcrit);
+        const auto value = caloric_value(surface, CaloricFunctions(basis)(s.Tcrit, s.pcrit, v));
+        if (!value) return {.remark = "No cp(idGas) parameters available"};
+        caloric = *value * basis.caloric(s.Tcrit);
     }
     const auto place = [&](Axis axis) {
         switch (axis) {
@@ -166,9 +166,10 @@ SurfaceMark critical_mark(const SurfaceKind& surface, const Basis& basis) {
     return {place(surface.x), place(surface.y), place(surface.z), kCriticalMarkText, ""};
 }
 
-double caloric_value(const SurfaceKind& surface, const models::StateValues& z) {
-    const Function function = function_of(surface.z);
-    return function != nullptr ? z.*function : z.h;
+std::optional<double> caloric_value(const SurfaceKind& surface,
+                                    const std::optional<models::StateValues>& z) {
+    const std::optional<Function> function = function_of(surface.z);
+    return function ? value_of(z, *function) : std::nullopt;
 }
 
 }  // namespace quor::diagrams

@@ -59,7 +59,8 @@ Limits limits_of(const SurfaceLimits& limits, Axis axis);
 std::string refusal_of(const SurfaceLimits& limits, const SurfaceKind& surface);
 
 /// The molar caloric value that a surface shows of a state.
-double caloric_value(const SurfaceKind& surface, const models::StateValues& state);
+std::optional<double> caloric_value(const SurfaceKind& surface,
+                                    const std::optional<models::StateValues>& state);
 
 /// Label of the critical point.
 inline constexpr auto kCriticalMarkText = "CrP";

@@ -34,9 +34,9 @@ using Value = std::optional<double>;
 
 Value pressure(const Surface& s, double T, double v) {
     models::EosState state = models::eos_at(s.fluid, T);
-    const models::PressureResult r = models::pressure_from_Tv(s.fluid, T, v, state);
-    if (r.status != kSuccess) return std::nullopt;
-    return r.p * s.p_factor;
+    const auto p = models::pressure_from_Tv(s.fluid, T, v, state);
+    if (!p) return std::nullopt;
+    return *p * s.p_factor;
 }
 
 /// p(v, T): below Tcrit the states inside the dome stand at its pressure.
@@ -48,26 +48,23 @@ Value pressure_of_node(const Surface& s, const Equilibrium& e, double T, double 
 /// T(v, p), in the dome the temperature of the equilibrium.
 Value temperature_of_node(const Surface& s, const Equilibrium& e, double v, double p) {
     if (!s.s_curve && e.found && v > e.vL && v < e.vV) return e.T * s.T_factor;
-    const models::TemperatureResult r = models::temperature_from_p_rho(s.fluid, p, s.M / v, true);
-    if (!(r.T > 0)) return std::nullopt;
-    return r.T * s.T_factor;
+    const auto T = models::temperature_from_p_rho(s.fluid, p, s.M / v, true);
+    if (!T) return std::nullopt;
+    return *T * s.T_factor;
 }
 
 Value volume_of_node(const Surface& s, double p, double T) {
-    const double v = stable_volume_of(models::solve_state_tp(s.fluid, T, p));
-    if (!(v > 0)) return std::nullopt;
-    return v * s.v_factor;
+    const auto v = stable_volume_of(models::solve_state_tp(s.fluid, T, p));
+    if (!v) return std::nullopt;
+    return *v * s.v_factor;
 }
 
 Value caloric_of_node(const Surface& s, double p, double T) {
-    const double v = stable_volume_of(models::solve_state_tp(s.fluid, T, p));
-    if (!(v > 0)) return std::nullopt;
-    const models::StateValues z = s.functions(T, p, v);
-    const double value = caloric_value(s.kind, z);
-    const bool is_exergy = s.kind.z == Axis::eH || s.kind.z == Axis::eU;
-    if (!z.table.filled || (is_exergy && z.status != kSuccess)) return std::nullopt;
-    if (s.kind.z == Axis::cp && value == 0) return std::nullopt;  // the pole
-    return value * s.basis.caloric(T);
+    const auto v = stable_volume_of(models::solve_state_tp(s.fluid, T, p));
+    if (!v) return std::nullopt;
+    const auto value = caloric_value(s.kind, s.functions(T, p, *v));
+    if (!value) return std::nullopt;
+    return *value * s.basis.caloric(T);
 }
 
 /// Limits of z beyond which a node is a hole. v, p and T end at their upper limit; a caloric value

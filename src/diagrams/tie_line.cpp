@@ -22,7 +22,7 @@ std::optional<TieLine> ends_of(const CurveFrame& c) {
     if (!e.found) return std::nullopt;
     const auto project = [&](double v) {
         const auto functions =
-            shows_caloric_values(c.axes) ? c.functions(e.T, e.p, v) : models::StateValues{};
+            shows_caloric_values(c.axes) ? c.functions(e.T, e.p, v) : std::nullopt;
         return project_state(c.axes, c.basis, {e.T, e.p, v}, functions);
     };
     const auto L = project(e.vL), V = project(e.vV);

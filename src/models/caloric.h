@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
-#include "common/status.h"
 #include "models/cubic_eos.h"
 #include "models/fluid.h"
 #include "models/reference_record.h"
@@ -13,27 +13,24 @@ namespace quor::models {
 inline constexpr int kRowV = 0;
 inline constexpr int kRowL = 1;
 
-struct CpResult {
-    double cp = 0;  ///< kJ/(kmol K)
-    Status status = kSuccess;
-};
-/// cp of the polynomial forms at T/K > 0: with C0 = 0 it is C1 + C2 T + C3 T^2 + C4/T^2, else
-/// C0 + C1 T + C2 T^2 + C3 T^3 with C4 T^4 for |C4| < 1 and C4/T^2 otherwise. Status -1 for a set
-/// without any coefficient and on a fault.
-CpResult polynomial_cp(const CpSet& set, double T);
+/// cp/(kJ/(kmol K)) of the polynomial forms at T/K > 0: with C0 = 0 it is C1 + C2 T + C3 T^2 +
+/// C4/T^2, else C0 + C1 T + C2 T^2 + C3 T^3 with C4 T^4 for |C4| < 1 and C4/T^2 otherwise. Nothing
+/// for a set without any coefficient and on a fault.
+std::optional<double> polynomial_cp(const CpSet& set, double T);
 /// cp = C0 + C1 (x/sinh x)^2 + C3 (y/cosh y)^2 with x = C2/T and y = C4/T (L. A. Aly, L. L. Lee,
-/// Fluid Phase Equilib. 6 (1981) 169-179). Status -1 on a fault, as when exp(C2/T) overflows.
-CpResult sinh_cosh_cp(const CpSet& set, double T);
+/// Fluid Phase Equilib. 6 (1981) 169-179). Nothing on a fault, as when exp(C2/T) overflows.
+std::optional<double> sinh_cosh_cp(const CpSet& set, double T);
 /// cp of the ideal gas by a form of the table of cp forms.
-CpResult ideal_gas_cp(const SubstanceRecord& s, CpForm form, double T);
+std::optional<double> ideal_gas_cp(const SubstanceRecord& s, CpForm form, double T);
 
 struct IdealGasState {
     double cp = 0, h = 0, s = 0;  ///< kJ/(kmol K), kJ/kmol, kJ/(kmol K)
-    Status status = kSuccess;
 };
-/// cp, h, s of the ideal gas at T/K and p/kPa. `reference` must be settled (reference_state.h).
-IdealGasState ideal_gas_functions(const SubstanceRecord& s, CpForm form,
-                                  const ReferenceState& reference, double T, double p);
+/// cp, h, s of the ideal gas at T/K and p/kPa; nothing without a cp form there. `reference` must be
+/// settled (reference_state.h).
+std::optional<IdealGasState> ideal_gas_functions(const SubstanceRecord& s, CpForm form,
+                                                 const ReferenceState& reference, double T,
+                                                 double p);
 
 /// Columns of the residual table.
 enum Residual {
@@ -60,43 +57,49 @@ struct PhaseTable {
     /// Columns 0 to 10, index `Residual`. Where (dp/dV)T vanishes cp has a pole: D2LnPhi, ResCp
     /// and Cp are 0 there, all others have their limits. Columns 7 to 10 need a cp form.
     std::array<double, 11> residual{};
-    bool filled = false;  ///< false: the equation has no state there, all values are 0
 };
 /// Derivatives and residual functions at T/K, p/kPa, v in m^3/kmol by the equation of `fluid`;
-/// `state` holds a, b, c, d at T.
-PhaseTable residual_functions(const Fluid& fluid, const EosState& state, double T, double p,
-                              double v);
+/// `state` holds a, b, c, d at T. Nothing where the equation has no state.
+std::optional<PhaseTable> residual_functions(const Fluid& fluid, const EosState& state, double T,
+                                             double p, double v);
+
+/// Exergies of a state against its surroundings, kJ/kmol.
+struct Exergies {
+    double H = 0, U = 0;
+};
 
 struct StateValues {
-    double h = 0, u = 0, s = 0, g = 0, a = 0, cp = 0, cv = 0, w = 0, eH = 0, eU = 0;
+    double h = 0, u = 0, s = 0, g = 0, a = 0, cp = 0, cv = 0, w = 0;
+    std::optional<Exergies> exergies;  ///< missing without surroundings
     PhaseTable table;
-    Status status = kSuccess;
 };
 
 /// The fluid in equilibrium with its surroundings: the zero of the exergies.
 struct Surroundings {
     double h = 0, u = 0, s = 0;  ///< kJ/kmol, kJ/kmol, kJ/(kmol K)
     double v = 0;                ///< m^3/kmol
-    Status status = kFailure;
 };
-/// State at Tenv, penv of `reference`: L when only L exists there, else V.
-Surroundings surroundings_state(const Fluid& fluid, const ReferenceState& reference);
+/// State at Tenv, penv of `reference`: L when only L exists there, else V. Nothing without a cp
+/// form or a state there.
+std::optional<Surroundings> surroundings_state(const Fluid& fluid, const ReferenceState& reference);
 
-/// All caloric values at T/K, p/kPa, v in m^3/kmol. Status -1 with zeros when there is no cp form
-/// or the equation has no state there; without surroundings only the exergies are missing (0), with
-/// status -1. `reference` must be settled (reference_state.h).
-StateValues state_functions(const Fluid& fluid, const ReferenceState& reference,
-                            const Surroundings& surroundings, double T, double p, double v);
+/// All caloric values at T/K, p/kPa, v in m^3/kmol. Nothing when there is no cp form or
+/// the equation has no state there; without surroundings only the exergies are missing. `reference`
+/// must be settled (reference_state.h).
+std::optional<StateValues> state_functions(const Fluid& fluid, const ReferenceState& reference,
+                                           const std::optional<Surroundings>& surroundings,
+                                           double T, double p, double v);
 
 struct SaturationValues {
     double p = 0;           ///< kPa
     double vV = 0, vL = 0;  ///< m^3/kmol
     StateValues V, L;
-    Status status = kSuccess;
 };
-/// Both phases at T/K from the cubic EOS. `reference` must be settled.
-SaturationValues saturation_functions(const Fluid& fluid, const ReferenceState& reference,
-                                      const Surroundings& surroundings, double T);
+/// Both phases at T/K from the cubic EOS; nothing where one of them is missing or has no values.
+/// `reference` must be settled.
+std::optional<SaturationValues> saturation_functions(
+    const Fluid& fluid, const ReferenceState& reference,
+    const std::optional<Surroundings>& surroundings, double T);
 
 struct Inflexion {
     int count = 0;                              ///< 0, 1 or 2

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "common/constants.h"
-#include "common/status.h"
 #include "models/cubic_forms.h"
 #include "models/fluid.h"
 

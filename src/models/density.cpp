@@ -17,10 +17,6 @@ namespace {
 /// Warnings begin beyond this many kelvins outside the range.
 constexpr int kSilentDeviation = 5;
 
-DensityResult failed() {
-    return {.status = kFailure};
-}
-
 bool physical(double rho) {
     return std::isfinite(rho) && rho >= 0.0;
 }
@@ -34,55 +30,59 @@ double rational_polynomial(const std::array<double, 7>& a, double Tc, double T) 
 
 }  // namespace
 
-DensityResult density_liquid(const SubstanceRecord& s, float temperature) {
+Result<Density, NoDensity> density_liquid(const SubstanceRecord& s, float temperature) {
     const auto T = static_cast<double>(temperature);
     constexpr double kLowest = 1e-10;
     std::array<double, 7> a{};
     for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(s.rhoL_coefficients[i]);
     const auto Tc = static_cast<double>(s.rhoL_Tc);
 
-    DensityResult r;
+    Density r;
     if (s.rhoL_T_low == 0 && a[0] > kPresent && a[2] > kPresent) {
         r.rho = a[0] + a[1] * T;
-        return physical(r.rho) ? r : failed();
+        if (!physical(r.rho)) return NoDensity::impossible;
+        return r;
     }
     if (std::fabs(a[0]) > kPresent) {
         r.rho = rational_polynomial(a, Tc, T);
-        if (r.rho < kLowest) return failed();
+        if (r.rho < kLowest) return NoDensity::impossible;
     } else {
-        if (T > Tc) return r;
+        if (T > Tc) return NoDensity::notDescribed;
         r.rho = a[1] / std::pow(a[2], 1.0 + std::pow(1.0 - T / Tc, a[3]));
     }
-    if (!physical(r.rho)) return failed();
+    if (!physical(r.rho)) return NoDensity::impossible;
     const Bounds range{s.rhoL_T_low, s.rhoL_T_high};
     if (both_given(range)) r.deviation = deviation_of(T, range);
     return r;
 }
 
-DensityResult density_solid(const SubstanceRecord& s, float temperature) {
+Result<Density, NoDensity> density_solid(const SubstanceRecord& s, float temperature) {
     const auto T = static_cast<double>(temperature);
     std::array<double, 4> a{};
     for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(s.rhoS_coefficients[i]);
     const Bounds range{s.rhoS_T_low, s.rhoS_T_high};
 
-    DensityResult r;
+    Density r;
     if (both_given(range)) {
         r.rho = a[0] + T * (a[1] + T * (a[2] + T * a[3]));
         r.deviation = deviation_of(T, range);
     } else if (range.T_low == 0 && a[0] > kPresent) {
         r.rho = a[0] + a[1] * T;
+    } else {
+        return NoDensity::notDescribed;
     }
-    return physical(r.rho) ? r : failed();
+    if (!physical(r.rho)) return NoDensity::impossible;
+    return r;
 }
 
-double density_l_benson(double T, double Tcrit, double rhocrit, double rhoV,
-                        const BensonPoint& reference) {
+std::optional<double> density_l_benson(double T, double Tcrit, double rhocrit, double rhoV,
+                                       const BensonPoint& reference) {
     const auto Tref = static_cast<double>(reference.T);
-    if (Tref == Tcrit || !(rhocrit > 0.0)) return 0.0;
+    if (Tref == Tcrit || !(rhocrit > 0.0)) return std::nullopt;
     const double sum = static_cast<double>(reference.rhoL) + static_cast<double>(reference.rhoV);
     const double rho =
         sum * (T - Tcrit) / (Tref - Tcrit) + 2.0 * rhocrit * (Tref - T) / (Tref - Tcrit) - rhoV;
-    return physical(rho) ? rho : 0.0;
+    return physical(rho) ? std::optional(rho) : std::nullopt;
 }
 
 bool is_known(const BensonPoint& r) {
@@ -91,8 +91,8 @@ bool is_known(const BensonPoint& r) {
            kPresent;
 }
 
-double benson_approximation(double p, double pcrit, double rhocrit) {
-    if (p <= kPresent || !(pcrit > 0.0)) return 0.0;
+std::optional<double> benson_approximation(double p, double pcrit, double rhocrit) {
+    if (p <= kPresent || !(pcrit > 0.0)) return std::nullopt;
     return rhocrit * (1.981 + 0.18327 * std::log(pcrit / p));
 }
 

@@ -4,11 +4,12 @@
 
 namespace quor::models {
 
-PhaseVolumes equilibrium_volumes(const Fluid& fluid, const StateTP& state, double T) {
-    if (state.status == kSuccess && state.vV > 0 && state.vL > 0) return {state.vV, state.vL};
-    const Saturation found = maxwell_pressure(fluid, T);
-    if (found.status != kSuccess) return {};
-    return {found.v[2], found.v[0]};
+std::optional<PhaseVolumes> equilibrium_volumes(const Fluid& fluid,
+                                                const Result<StateTP, NoState>& state, double T) {
+    if (state && state->vV && state->vL) return PhaseVolumes{*state->vV, *state->vL};
+    const std::optional<Saturation> found = maxwell_pressure(fluid, T);
+    if (!found) return std::nullopt;
+    return PhaseVolumes{found->v[2], found->v[0]};
 }
 
 }  // namespace quor::models

@@ -34,12 +34,11 @@ bool has_coefficients(const CpSet& set) {
 /// h and s of the ideal gas at T less those at T0, at one pressure.
 struct Difference {
     double h = 0, s = 0;
-    bool valid = false;
 };
 
 /// The powers of T are taken as (T - T0) times a sum, so that h stays exact close to T0.
-Difference polynomial_difference(const CpSet& set, double T, double T0) {
-    if (!(T > 0.0) || !(T0 > 0.0)) return {};
+std::optional<Difference> polynomial_difference(const CpSet& set, double T, double T0) {
+    if (!(T > 0.0) || !(T0 > 0.0)) return std::nullopt;
     const Polynomial c = polynomial_of(set);
     const double s1 = T + T0;
     const double s2 = T * s1 + T0 * T0;
@@ -49,45 +48,45 @@ Difference polynomial_difference(const CpSet& set, double T, double T0) {
                      c.inverse_square / (T * T0);
     const double s = c.c1 + c.c2 / 2 * s1 + c.c3 / 3 * s2 + c.quartic / 4 * s3 +
                      c.inverse_square / 2 * s1 / (T * T0 * T * T0);
-    return {h * (T - T0), s * (T - T0) + c.c0 * std::log(T / T0), true};
+    return Difference{h * (T - T0), s * (T - T0) + c.c0 * std::log(T / T0)};
 }
 
 /// Terms of the sinh/cosh form at one temperature.
 struct SinhCosh {
     double sinh_x, cosh_x, cosh_y, tanh_y;
     double entropy;  ///< C1 (x coth x - ln sinh x) - C3 (y tanh y - ln cosh y)
-    bool valid;
 };
 
-SinhCosh sinh_cosh_at(const CpSet& set, double T) {
+/// Nothing where they overflow.
+std::optional<SinhCosh> sinh_cosh_at(const CpSet& set, double T) {
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     const double x = c(2) / T;
     const double y = c(4) / T;
-    SinhCosh t{std::sinh(x), std::cosh(x), std::cosh(y), std::tanh(y), 0.0, false};
-    t.valid = t.sinh_x > 0.0 && std::isfinite(t.cosh_x) && std::isfinite(t.cosh_y);
+    SinhCosh t{std::sinh(x), std::cosh(x), std::cosh(y), std::tanh(y), 0.0};
+    if (!(t.sinh_x > 0.0) || !std::isfinite(t.cosh_x) || !std::isfinite(t.cosh_y))
+        return std::nullopt;
     t.entropy = c(1) * (x * t.cosh_x / t.sinh_x - std::log(t.sinh_x)) -
                 c(3) * (y * t.tanh_y - std::log(t.cosh_y));
     return t;
 }
 
-Difference sinh_cosh_difference(const CpSet& set, double T, double T0) {
+std::optional<Difference> sinh_cosh_difference(const CpSet& set, double T, double T0) {
     constexpr double kLowestT = 0.1;
-    if (!(T > kLowestT) || !(T0 > kLowestT)) return {};
-    const SinhCosh at = sinh_cosh_at(set, T);
-    const SinhCosh zero = sinh_cosh_at(set, T0);
-    if (!at.valid || !zero.valid) return {};
+    if (!(T > kLowestT) || !(T0 > kLowestT)) return std::nullopt;
+    const std::optional<SinhCosh> at = sinh_cosh_at(set, T);
+    const std::optional<SinhCosh> zero = sinh_cosh_at(set, T0);
+    if (!at || !zero) return std::nullopt;
 
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     const double inverse = (T0 - T) / (T * T0);  // 1/T - 1/T0
-    const double coth = -std::sinh(c(2) * inverse) / (at.sinh_x * zero.sinh_x);
-    const double tanh = std::sinh(c(4) * inverse) / (at.cosh_y * zero.cosh_y);
-    return {c(0) * (T - T0) + c(1) * c(2) * coth - c(3) * c(4) * tanh,
-            c(0) * std::log(T / T0) + at.entropy - zero.entropy, true};
+    const double coth = -std::sinh(c(2) * inverse) / (at->sinh_x * zero->sinh_x);
+    const double tanh = std::sinh(c(4) * inverse) / (at->cosh_y * zero->cosh_y);
+    return Difference{c(0) * (T - T0) + c(1) * c(2) * coth - c(3) * c(4) * tanh,
+                      c(0) * std::log(T / T0) + at->entropy - zero->entropy};
 }
 
-CpResult checked(double cp) {
-    if (!std::isfinite(cp)) return {0.0, kFailure};
-    return {cp, kSuccess};
+std::optional<double> checked(double cp) {
+    return std::isfinite(cp) ? std::optional(cp) : std::nullopt;
 }
 
 double square(double x) {
@@ -96,47 +95,46 @@ double square(double x) {
 
 }  // namespace
 
-CpResult polynomial_cp(const CpSet& set, double T) {
-    if (!has_coefficients(set)) return {0.0, kFailure};
+std::optional<double> polynomial_cp(const CpSet& set, double T) {
+    if (!has_coefficients(set)) return std::nullopt;
     const Polynomial c = polynomial_of(set);
     return checked(c.c0 + T * (c.c1 + T * (c.c2 + T * (c.c3 + T * c.quartic))) +
                    (c.inverse_square == 0.0 ? 0.0 : c.inverse_square / (T * T)));
 }
 
-CpResult sinh_cosh_cp(const CpSet& set, double T) {
-    if (!has_coefficients(set)) return {0.0, kFailure};
+std::optional<double> sinh_cosh_cp(const CpSet& set, double T) {
+    if (!has_coefficients(set)) return std::nullopt;
     const auto c = [&](std::size_t i) { return static_cast<double>(set.c[i]); };
     const double x = c(2) / T;
     const double y = c(4) / T;
     const double sinh_x = std::sinh(x);
     const double cosh_y = std::cosh(y);
     // By their definitions through exp both overflow here, and the quotients would silently be 0.
-    if (!std::isfinite(sinh_x) || !std::isfinite(cosh_y)) return {0.0, kFailure};
+    if (!std::isfinite(sinh_x) || !std::isfinite(cosh_y)) return std::nullopt;
     return checked(c(0) + c(1) * square(x / sinh_x) + c(3) * square(y / cosh_y));
 }
 
-CpResult ideal_gas_cp(const SubstanceRecord& s, CpForm form, double T) {
+std::optional<double> ideal_gas_cp(const SubstanceRecord& s, CpForm form, double T) {
     if (form == CpForm::polynomial) return polynomial_cp(s.cp_polynomial, T);
     if (form == CpForm::sinhCosh) return sinh_cosh_cp(s.cp_sinh_cosh, T);
-    return {0.0, kFailure};
+    return std::nullopt;
 }
 
-IdealGasState ideal_gas_functions(const SubstanceRecord& s, CpForm form,
-                                  const ReferenceState& reference, double T, double p) {
-    IdealGasState failure;
-    failure.status = kFailure;
-    const CpResult cp = ideal_gas_cp(s, form, T);
-    if (cp.status != kSuccess) return failure;
+std::optional<IdealGasState> ideal_gas_functions(const SubstanceRecord& s, CpForm form,
+                                                 const ReferenceState& reference, double T,
+                                                 double p) {
+    const std::optional<double> cp = ideal_gas_cp(s, form, T);
+    if (!cp) return std::nullopt;
 
     const auto T0 = static_cast<double>(reference.T0);
-    const Difference d = form == CpForm::polynomial ? polynomial_difference(s.cp_polynomial, T, T0)
-                                                    : sinh_cosh_difference(s.cp_sinh_cosh, T, T0);
-    if (!d.valid) return failure;
+    const std::optional<Difference> d = form == CpForm::polynomial
+                                            ? polynomial_difference(s.cp_polynomial, T, T0)
+                                            : sinh_cosh_difference(s.cp_sinh_cosh, T, T0);
+    if (!d) return std::nullopt;
 
     const ReferenceBase base = reference_base(s, reference, p);
-    const IdealGasState state{cp.cp, d.h + base.h + reference.href, d.s + base.s + reference.sref,
-                              kSuccess};
-    return std::isfinite(state.h) && std::isfinite(state.s) ? state : failure;
+    const IdealGasState state{*cp, d->h + base.h + reference.href, d->s + base.s + reference.sref};
+    return std::isfinite(state.h) && std::isfinite(state.s) ? std::optional(state) : std::nullopt;
 }
 
 }  // namespace quor::models

@@ -96,42 +96,48 @@ Saturation at_critical_volume(const EosState& s, double T, double v) {
     r.v = {v, v, v};
     r.root_count = 3;
     r.state = s;
-    r.status = kSuccess;
     r.fallback = true;
     return r;
 }
 
 }  // namespace
 
-Spinodal spinodal(const Fluid& f, const EosState& s, double T) {
-    Spinodal r;
-    const double middle = steepest_volume(s, T, f.eos().vcrit_calculated);
-    r.vL = r.vV = middle;
-    r.pL = r.pV = cubic_pressure(s, T, middle);
+namespace {
+
+/// The loop of an isotherm that is steepest upwards at `middle`; nothing where it falls there.
+std::optional<Spinodal> loop_round(const EosState& s, double T, double middle) {
     const auto g = [&](double w) { return slope(s, T, s.b + w); };
     const double w = middle - s.b;
-    if (!(g(w) > 0)) return r;
+    if (!(g(w) > 0)) return std::nullopt;
 
     double inner = w, outer = w;
     for (int i = 0; i < 1000 && g(inner) > 0; ++i) inner *= 0.5;
     for (int i = 0; i < 1000 && g(outer) > 0; ++i) outer *= 2;
-    if (g(inner) > 0 || g(outer) > 0) return r;
+    if (g(inner) > 0 || g(outer) > 0) return std::nullopt;
+    Spinodal r;
     r.vL = s.b + bisect(g, inner, w);
     r.vV = s.b + bisect(g, outer, w);
     r.pL = cubic_pressure(s, T, r.vL);
     r.pV = cubic_pressure(s, T, r.vV);
-    r.found = r.pV > r.pL && r.pV > 0;
-    return r;
+    return r.pV > r.pL && r.pV > 0 ? std::optional(r) : std::nullopt;
 }
 
-Saturation maxwell_pressure(const Fluid& f, double T) {
+}  // namespace
+
+std::optional<Spinodal> spinodal(const Fluid& f, const EosState& s, double T) {
+    return loop_round(s, T, steepest_volume(s, T, f.eos().vcrit_calculated));
+}
+
+std::optional<Saturation> maxwell_pressure(const Fluid& f, double T) {
     Saturation r;
     r.T = T;
     r.fallback = true;
     r.state = eos_at(f, T);
     const EosState& s = r.state;
-    const Spinodal loop = spinodal(f, s, T);
-    if (!loop.found) return at_critical_volume(s, T, loop.vL);
+    const double middle = steepest_volume(s, T, f.eos().vcrit_calculated);
+    const std::optional<Spinodal> found = loop_round(s, T, middle);
+    if (!found) return at_critical_volume(s, T, middle);
+    const Spinodal& loop = *found;
 
     // ln p between its bounds; the lower bound is open where the loop dips below zero.
     double hi = std::log(loop.pV);
@@ -155,22 +161,23 @@ Saturation maxwell_pressure(const Fluid& f, double T) {
         x = next;
     }
     r.p = std::exp(x);
-    const CubicRoots roots = solve_cubic(s, T, r.p);
-    const double v2 = roots.count == 3 ? std::clamp(roots.v[1], v1, v3) : 0.5 * (loop.vL + loop.vV);
+    if (!std::isfinite(r.p) || !(r.p > 0)) return std::nullopt;
+    const std::optional<CubicRoots> roots = solve_cubic(s, T, r.p);
+    const double v2 =
+        roots && roots->count == 3 ? std::clamp(roots->v[1], v1, v3) : 0.5 * (loop.vL + loop.vV);
     r.v = {v1, v2, v3};
     r.root_count = 3;
-    const Areas areas = area_ratio(s, r.v, T, r.p);
-    r.area_ratio = areas.ratio;
-    r.area_V = areas.V;
-    r.area_L = areas.L;
-    r.status = std::isfinite(r.p) && r.p > 0 ? kSuccess : kFailure;
+    r.areas = area_ratio(s, r.v, T, r.p).value_or(Areas{});
     return r;
 }
 
-Saturation maxwell_temperature(const Fluid& f, double p) {
+std::optional<Saturation> maxwell_temperature(const Fluid& f, double p) {
     // ln p(LV) over 1/T is nearly straight: regula falsi (Illinois) on it.
     const double target = std::log(p);
-    const auto excess = [&](double x) { return std::log(maxwell_pressure(f, 1 / x).p) - target; };
+    const auto excess = [&](double x) {
+        const std::optional<Saturation> sat = maxwell_pressure(f, 1 / x);
+        return sat ? std::log(sat->p) - target : -HUGE_VAL;
+    };
     double hi = 1 / f.substance().Tcrit;
     double fhi = std::log(f.substance().pcrit) - target;
     double lo = hi, flo = fhi;
@@ -180,10 +187,7 @@ Saturation maxwell_temperature(const Fluid& f, double p) {
         lo *= 1.05;
         flo = excess(lo);
     }
-    Saturation r;
-    r.p = p;
-    r.fallback = true;
-    if (!(flo <= 0)) return r;
+    if (!(flo <= 0)) return std::nullopt;
 
     double x = lo;
     for (int i = 0, side = 0; i < kHalvings; ++i) {
@@ -203,8 +207,8 @@ Saturation maxwell_temperature(const Fluid& f, double p) {
             side = 1;
         }
     }
-    r = maxwell_pressure(f, 1 / x);
-    r.p = p;
+    std::optional<Saturation> r = maxwell_pressure(f, 1 / x);
+    if (r) r->p = p;
     return r;
 }
 

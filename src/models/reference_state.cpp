@@ -57,34 +57,37 @@ std::string rho_liquid_line(double rho, const char* source) {
 }
 
 struct DensitySource {
-    double rho = 0;  ///< kg/m^3, 0 when there is none
+    double rho = 0;  ///< kg/m^3
     const char* note = "";
 };
 
 /// L density at the normal boiling point by the first source that has it.
-DensitySource density_at_boiling_point(const SubstanceRecord& s, double T) {
-    if (s.rhoL_boil > kPresent) return {static_cast<double>(s.rhoL_boil), " (from database)"};
+std::optional<DensitySource> density_at_boiling_point(const SubstanceRecord& s, double T) {
+    if (s.rhoL_boil > kPresent)
+        return DensitySource{static_cast<double>(s.rhoL_boil), " (from database)"};
     if (s.rhoL_T_low > 0) {
-        const DensityResult r = density_liquid(s, s.Tboil);
-        if (r.status == kSuccess) return {r.rho, " (from database-equ. rho(T))"};
+        const auto r = density_liquid(s, s.Tboil);
+        if (r) return DensitySource{r->rho, " (from database-equ. rho(T))"};
+        // Above its critical temperature the equation ends the search for a source.
+        if (r.failure() == NoDensity::notDescribed) return std::nullopt;
     }
     const auto a = [&](std::size_t i) { return static_cast<double>(s.rhoL_coefficients[i]); };
     if (a(0) > kPresent && std::fabs(a(1)) > kPresent && a(2) > kPresent)
-        return {a(0) + a(1) * T - a(2) * a(1), " (calculated from drho/dT)"};
-    return {};
+        return DensitySource{a(0) + a(1) * T - a(2) * a(1), " (calculated from drho/dT)"};
+    return std::nullopt;
 }
 
 /// The normal boiling point. Its pressure is rounded to 101.3 kPa, which the text does not show.
 bool from_boiling_point(const SubstanceRecord& s, BensonProposal& r) {
     if (!(s.Tboil > kPresent)) return false;
     const auto T = static_cast<double>(s.Tboil);
-    const DensitySource liquid = density_at_boiling_point(s, T);
-    if (!(liquid.rho > 0.0)) return false;
-    r.point = {s.Tboil, 101.3F, static_cast<float>(liquid.rho), 0.0F};
+    const std::optional<DensitySource> liquid = density_at_boiling_point(s, T);
+    if (!liquid || !(liquid->rho > 0.0)) return false;
+    r.point = {s.Tboil, 101.3F, static_cast<float>(liquid->rho), 0.0F};
     r.text = " T(ref)/K           =" + tenths(T) +
              " (normal boiling T)\n"
              " p(LV)(ref)/kPa     = 101.325 (normal pressure)\n" +
-             rho_liquid_line(liquid.rho, liquid.note);
+             rho_liquid_line(liquid->rho, liquid->note);
     return true;
 }
 
@@ -93,13 +96,13 @@ bool from_single_density(const SubstanceRecord& s, VapourPressureEquation equati
                          BensonProposal& r) {
     if (!(s.rhoL_coefficients[0] > kPresent) || !(s.rhoL_coefficients[2] > kPresent)) return false;
     const auto T = static_cast<double>(s.rhoL_coefficients[2]);
-    const VapourPressureResult vp = vapour_pressure(s, T, equation);
-    if (vp.status != kSuccess) return false;
-    r.point = {s.rhoL_coefficients[2], static_cast<float>(vp.p), s.rhoL_coefficients[0], 0.0F};
+    const std::optional<VapourPressure> vp = vapour_pressure(s, T, equation);
+    if (!vp) return false;
+    r.point = {s.rhoL_coefficients[2], static_cast<float>(vp->p), s.rhoL_coefficients[0], 0.0F};
     r.text = "T(ref)/K         =" + tenths(T) + " (data base: single point for density)\n" +
              rho_liquid_line(static_cast<double>(s.rhoL_coefficients[0]),
                              " (data base: single point at T(ref))") +
-             "\n pLV(ref)/kPa     =" + thousandths(vp.p) + "  (at T(ref) with  " +
+             "\n pLV(ref)/kPa     =" + thousandths(vp->p) + "  (at T(ref) with  " +
              std::string(vp_code(equation)) + "-equation)";
     return true;
 }
@@ -110,10 +113,10 @@ std::string add_vapour_density(const Fluid& fluid, BensonPoint& point) {
     const auto p = static_cast<double>(point.p);
     const auto M = static_cast<double>(fluid.substance().M);
 
-    const StateTP state = solve_state_tp(fluid, T, p);
-    double rho = state.rhoV;
+    const auto state = solve_state_tp(fluid, T, p);
+    double rho = state ? state->rhoV.value_or(0) : 0;
     std::string source = "  (from  " + text::trim(fluid.equation().name) + ")";
-    if (state.status != kSuccess || rho < kPresent) {
+    if (rho < kPresent) {
         if (fluid.substance().omega != 0.0) {
             EosState eos;
             rho = M / (R * T / p + kPitzerCurl.second_virial(fluid, T, eos));

@@ -173,20 +173,21 @@ bool finite(const Values& values) {
 
 }  // namespace
 
-PhaseTable residual_functions(const Fluid& fluid, const EosState& state, double T, double p,
-                              double v) {
-    if (!(T > 0.0) || !(p > 0.0) || !(v > 0.0)) return {};
-    PhaseTable t;
+std::optional<PhaseTable> residual_functions(const Fluid& fluid, const EosState& state, double T,
+                                             double p, double v) {
+    if (!(T > 0.0) || !(p > 0.0) || !(v > 0.0)) return std::nullopt;
+    std::optional<PhaseTable> table = PhaseTable{};
+    PhaseTable& t = *table;
     PressureDerivatives q;
     ResidualParts r;
     auto& f = t.residual;
     if (fluid.models().vapour_only) {
         const Virial b = virial(fluid, T);
-        if (!(v > b.B)) return {};
+        if (!(v > b.B)) return std::nullopt;
         v_only(b, T, p, v, q, r, f[D2LnPhi]);
         f[ResCp] = r.cv + r.cp_minus_cv;
     } else {
-        if (!(v - state.b >= 1e-17)) return {};
+        if (!(v - state.b >= 1e-17)) return std::nullopt;
         cubic(state, eos_slopes(fluid, state, T), T, p, v, q, r);
         if (!q.pv_vanishes()) {
             f[ResCp] = r.cv + r.cp_minus_cv;
@@ -200,12 +201,12 @@ PhaseTable residual_functions(const Fluid& fluid, const EosState& state, double 
     f[ResG] = T * r.ln_phi;
     fill_derivatives(q, t);
 
-    const CpResult ideal = ideal_gas_cp(fluid.substance(), fluid.models().cp_form, T);
-    if (ideal.status == kSuccess && ideal.cp > 0.0)
-        fill_heat_capacities(q, r, ideal.cp, static_cast<double>(fluid.substance().M), T, v, t);
+    const std::optional<double> ideal = ideal_gas_cp(fluid.substance(), fluid.models().cp_form, T);
+    if (ideal > 0.0)
+        fill_heat_capacities(q, r, *ideal, static_cast<double>(fluid.substance().M), T, v, t);
 
-    t.filled = finite(t.first) && finite(t.second) && finite(t.residual);
-    return t.filled ? t : PhaseTable{};
+    if (!finite(t.first) || !finite(t.second) || !finite(t.residual)) table.reset();
+    return table;
 }
 
 }  // namespace quor::models

@@ -26,7 +26,6 @@ Saturation critical_state(const Fluid& f) {
     if (f.eos().rhocrit_calculated > 0)
         r.v = {1 / f.eos().rhocrit_calculated, 0, 1 / f.eos().rhocrit_calculated};
     r.state = eos_at(f, r.T);
-    r.status = kSuccess;
     return r;
 }
 
@@ -38,32 +37,26 @@ bool has_no_equilibrium(const Fluid& f) {
 struct Trial {
     CubicRoots roots;
     Areas areas;
-    bool usable = false;
 };
 
-Trial try_state(const EosState& s, double T, double p) {
-    Trial t;
-    t.roots = solve_cubic(s, T, p);
-    t.usable = t.roots.status == kSuccess && t.roots.v[0] > s.b;
-    if (t.usable && t.roots.count == 3) {
-        t.areas = area_ratio(s, t.roots.v, T, p);
-        t.usable = t.areas.status == kSuccess;
-    }
-    return t;
+std::optional<Trial> try_state(const EosState& s, double T, double p) {
+    const std::optional<CubicRoots> roots = solve_cubic(s, T, p);
+    if (!roots || !(roots->v[0] > s.b)) return std::nullopt;
+    if (roots->count != 3) return Trial{*roots, {}};
+    const std::optional<Areas> areas = area_ratio(s, roots->v, T, p);
+    return areas ? std::optional(Trial{*roots, *areas}) : std::nullopt;
 }
 
 void take(Saturation& r, const Trial& t) {
     r.v = t.roots.v;
     r.root_count = t.roots.count;
-    r.area_ratio = t.areas.ratio;
-    r.area_V = t.areas.V;
-    r.area_L = t.areas.L;
+    r.areas = t.areas;
 }
 
 double start_pressure(const Fluid& f, double T) {
     double p = 0;
-    if (f.models().vapour_pressure != VapourPressureEquation::none)
-        p = vapour_pressure(f.substance(), T, f.models().vapour_pressure).p;
+    if (const auto correlated = vapour_pressure(f.substance(), T, f.models().vapour_pressure))
+        p = correlated->p;
     if (p < 1e-6) p = std::exp(T * std::log(f.substance().pcrit) / f.substance().Tcrit);
     return p;
 }
@@ -177,50 +170,56 @@ class Secant {
     int one_root_ = 0, three_roots_ = 0, restarts_ = 0;
 };
 
-Saturation found_at(Saturation r, double Saturation::*unknown, double x) {
+/// A search that has ended: where it stood, and whether that is the equilibrium.
+struct Searched {
+    Saturation at;
+    bool found = false;
+};
+
+Searched found_at(Saturation r, double Saturation::*unknown, double x) {
     r.*unknown = x;
-    r.status = kSuccess;
-    return r;
+    return {r, true};
+}
+
+std::optional<Saturation> if_found(const Searched& s) {
+    return s.found ? std::optional(s.at) : std::nullopt;
 }
 
 /// The search for `unknown`, T or p, from a start; `r` holds the other of the two, and a, b, c, d
 /// where T is given. `critical` is the critical value of the unknown.
-Saturation search_by_secant(const Fluid& f, const SecantConstants& k, Saturation r,
-                            double Saturation::*unknown, double start, double critical) {
+Searched search_by_secant(const Fluid& f, const SecantConstants& k, Saturation r,
+                          double Saturation::*unknown, double start, double critical) {
     const bool seeks_T = unknown == &Saturation::T;
     Secant secant(k, start);
     while (++r.rounds <= k.cap) {
         const double x = secant.x();
         if (seeks_T) r.state = eos_at(f, x, r.state);
-        const Trial t = seeks_T ? try_state(r.state, x, r.p) : try_state(r.state, r.T, x);
-        if (!t.usable) return r;
-        take(r, t);
-        if (t.roots.count == 1) {
-            secant.aim_at_loop(t.roots.v[0], f.eos().vcrit_calculated);
+        const std::optional<Trial> t =
+            seeks_T ? try_state(r.state, x, r.p) : try_state(r.state, r.T, x);
+        if (!t) return {r};
+        take(r, *t);
+        if (t->roots.count == 1) {
+            secant.aim_at_loop(t->roots.v[0], f.eos().vcrit_calculated);
         } else {
-            if (secant.is_at(t.areas.ratio)) return found_at(r, unknown, x);
-            if (!secant.aim_at_equal_areas(t.areas.ratio)) return r;
+            if (secant.is_at(t->areas.ratio)) return found_at(r, unknown, x);
+            if (!secant.aim_at_equal_areas(t->areas.ratio)) return {r};
         }
-        if (!secant.advance()) return r;
+        if (!secant.advance()) return {r};
         if (equal_as_single(secant.x(), critical)) return found_at(r, unknown, secant.x());
         secant.restart_if_lost();
     }
-    return r;
+    return {r};
 }
 
-}  // namespace
-
-Saturation search_saturation_pressure(const Fluid& f, double T) {
-    if (T == f.substance().Tcrit) return critical_state(f);
+Searched search_pressure(const Fluid& f, double T) {
+    if (T == f.substance().Tcrit) return {critical_state(f), true};
     Saturation r;
     r.T = T;
     r.state = eos_at(f, T);
-    if (T >= f.substance().Tcrit || has_no_equilibrium(f)) return r;
+    if (T >= f.substance().Tcrit || has_no_equilibrium(f)) return {r};
     return search_by_secant(f, kForPressure, r, &Saturation::p, start_pressure(f, T),
                             f.substance().pcrit);
 }
-
-namespace {
 
 double start_temperature(const Fluid& f, double p) {
     return std::log(p) * f.substance().Tcrit / std::log(f.substance().pcrit);
@@ -228,7 +227,7 @@ double start_temperature(const Fluid& f, double p) {
 
 /// At small pressures the isotherms are too steep for the secant: march down in T and turn round
 /// with a tenth of the step at each change of the stable phase.
-Saturation search_temperature_by_marching(const Fluid& f, double p) {
+Searched search_temperature_by_marching(const Fluid& f, double p) {
     constexpr int kCap = 100000;
     constexpr double kAreaTolerance = 0.0002;
     constexpr double kSmallestStep = 0.0005;
@@ -246,55 +245,59 @@ Saturation search_temperature_by_marching(const Fluid& f, double p) {
             continue;
         }
         r.state = eos_at(f, T, r.state);
-        const Trial t = try_state(r.state, T, p);
-        if (!t.usable) return r;
-        take(r, t);
-        if (t.roots.count == 1) continue;
-        const double ratio = t.areas.ratio;
+        const std::optional<Trial> t = try_state(r.state, T, p);
+        if (!t) return {r};
+        take(r, *t);
+        if (t->roots.count == 1) continue;
+        const double ratio = t->areas.ratio;
         const bool same_sign = (ratio < 0) == (previous_ratio < 0);
         previous_ratio = ratio;
         if (same_sign) continue;
         step *= -0.1;
         if (std::fabs(ratio) < kAreaTolerance || std::fabs(step) < kSmallestStep) {
-            if (T < constants::kPresent) return r;
-            r.T = T;
-            r.status = kSuccess;
-            return r;
+            if (T < constants::kPresent) return {r};
+            return found_at(r, &Saturation::T, T);
         }
     }
-    return r;
+    return {r};
 }
 
-}  // namespace
-
-Saturation search_saturation_temperature(const Fluid& f, double p, double Tstart) {
+Searched search_temperature(const Fluid& f, double p, double Tstart) {
     constexpr double kSteepIsotherms = 0.02;  // of pcrit
-    if (!has_no_equilibrium(f) && p == f.substance().pcrit) return critical_state(f);
+    if (!has_no_equilibrium(f) && p == f.substance().pcrit) return {critical_state(f), true};
     Saturation r;
     r.p = p;
-    if (!(p > 0) || p > f.substance().pcrit || has_no_equilibrium(f)) return r;
+    if (!(p > 0) || p > f.substance().pcrit || has_no_equilibrium(f)) return {r};
     if (p / f.substance().pcrit < kSteepIsotherms) return search_temperature_by_marching(f, p);
     const double start = Tstart != 0 ? Tstart : start_temperature(f, p);
     return search_by_secant(f, kForTemperature, r, &Saturation::T, start, f.substance().Tcrit);
 }
 
-Saturation saturation_pressure(const Fluid& f, double T) {
-    Saturation r = search_saturation_pressure(f, T);
-    if (r.status == kSuccess) return r;
-    r.p = 0;
-    if (has_no_equilibrium(f) || !(T > 0) || !(T < f.substance().Tcrit)) return r;
-    Saturation found = maxwell_pressure(f, T);
-    found.rounds = r.rounds;
+}  // namespace
+
+std::optional<Saturation> search_saturation_pressure(const Fluid& f, double T) {
+    return if_found(search_pressure(f, T));
+}
+
+std::optional<Saturation> search_saturation_temperature(const Fluid& f, double p, double Tstart) {
+    return if_found(search_temperature(f, p, Tstart));
+}
+
+std::optional<Saturation> saturation_pressure(const Fluid& f, double T) {
+    const Searched r = search_pressure(f, T);
+    if (r.found) return r.at;
+    if (has_no_equilibrium(f) || !(T > 0) || !(T < f.substance().Tcrit)) return std::nullopt;
+    std::optional<Saturation> found = maxwell_pressure(f, T);
+    if (found) found->rounds = r.at.rounds;
     return found;
 }
 
-Saturation saturation_temperature(const Fluid& f, double p, double Tstart) {
-    Saturation r = search_saturation_temperature(f, p, Tstart);
-    if (r.status == kSuccess) return r;
-    r.T = 0;
-    if (has_no_equilibrium(f) || !(p > 0) || !(p < f.substance().pcrit)) return r;
-    Saturation found = maxwell_temperature(f, p);
-    found.rounds = r.rounds;
+std::optional<Saturation> saturation_temperature(const Fluid& f, double p, double Tstart) {
+    const Searched r = search_temperature(f, p, Tstart);
+    if (r.found) return r.at;
+    if (has_no_equilibrium(f) || !(p > 0) || !(p < f.substance().pcrit)) return std::nullopt;
+    std::optional<Saturation> found = maxwell_temperature(f, p);
+    if (found) found->rounds = r.at.rounds;
     return found;
 }
 

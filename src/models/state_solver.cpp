@@ -62,71 +62,60 @@ std::int16_t region_of(const SubstanceRecord& s, double T, double p, std::int16_
     return old;
 }
 
-double density(double M, double v) {
-    return v > 0 ? M / v : 0;
+constexpr std::string_view kNoSolution = "No solution found";
+
+bool physical(double v, double rho) {
+    return std::isfinite(v) && std::isfinite(rho) && rho >= 0;
 }
 
 bool physical(const StateTP& r) {
-    return std::isfinite(r.vV) && std::isfinite(r.vL) && std::isfinite(r.rhoV) &&
-           std::isfinite(r.rhoL) && r.rhoV >= 0 && r.rhoL >= 0;
+    return (r.has_V || r.has_L) && (!r.vV || physical(*r.vV, *r.rhoV)) &&
+           (!r.vL || physical(*r.vL, *r.rhoL));
 }
 
-StateTP no_state(std::int16_t region, std::string_view text) {
-    StateTP r;
-    r.region = region;
-    r.text = text;
-    r.status = kFailure;
-    return r;
-}
-
+/// Far above Tcrit a covolume may be negative, and a root above it too: that is no phase.
 void set_v(StateTP& r, double v, double M) {
+    if (!(v > 0)) return;
     r.has_V = true;
     r.vV = v;
-    r.rhoV = density(M, v);
+    r.rhoV = M / v;
 }
 
 void set_l(StateTP& r, double v, double M) {
+    if (!(v > 0)) return;
     r.has_L = true;
     r.vL = v;
-    r.rhoL = density(M, v);
+    r.rhoL = M / v;
 }
 
-StateTP solve_v_only(const Fluid& f, double T, double p, std::int16_t region) {
+Result<StateTP, NoState> solve_v_only(const Fluid& f, double T, double p, std::int16_t region) {
     StateTP r;
     r.region = region;
     r.text = "EOS for the V-phase only!";
     r.B = second_virial(f, T, r.state);
     const double v = R * T / p + r.B;
-    if (!(v > 0) || !std::isfinite(v)) {
-        r.status = kFailure;
-        return r;
-    }
+    if (!(v > 0) || !std::isfinite(v)) return NoState{region, r.text};
     set_v(r, v, static_cast<double>(f.substance().M));
     return r;
 }
 
-/// Three roots: the stable one follows from the equal-area test.
-void decide_three_roots(StateTP& r, const Fluid& f, double T, double p) {
+/// Three roots: the stable one follows from the equal-area test. False where they are none.
+bool decide_three_roots(StateTP& r, const Fluid& f, double T, double p) {
     constexpr double kOnBoundary = 0.001;
     const double M = static_cast<double>(f.substance().M);
     const double b = r.state.b;
     r.text = "3 V-solutions of the EOS";
     const bool accepted =
         r.v[0] > b && (r.v[2] - b) / (r.v[1] - b) >= 1e-6 && (r.v[1] - b) / (r.v[0] - b) >= 1e-6;
-    if (!accepted) {
-        r.text = "No solution found";
-        r.status = kFailure;
-        return;
-    }
+    if (!accepted) return false;
     set_v(r, r.v[2], M);
     set_l(r, r.v[0], M);
-    const Areas areas = area_ratio(r.state, r.v, T, p);
-    r.area_ratio = areas.ratio;
-    r.area_V = areas.V;
-    r.area_L = areas.L;
-    if (std::fabs(areas.ratio) < kOnBoundary) return;
-    r.has_V = areas.ratio >= kOnBoundary || T > f.substance().Tcrit;
-    r.has_L = !r.has_V;
+    r.areas = area_ratio(r.state, r.v, T, p).value_or(Areas{});
+    if (std::fabs(r.areas.ratio) < kOnBoundary) return true;
+    const bool vapour = r.areas.ratio >= kOnBoundary || T > f.substance().Tcrit;
+    r.has_V = vapour && r.vV;
+    r.has_L = !vapour && r.vL;
+    return true;
 }
 
 void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
@@ -154,20 +143,19 @@ void decide_one_root(StateTP& r, const Fluid& f, double T, double p) {
 
 }  // namespace
 
-PressureResult pressure_from_Tv(const Fluid& f, double T, double v, EosState& state) {
+std::optional<double> pressure_from_Tv(const Fluid& f, double T, double v, EosState& state) {
+    const auto finite = [](double p) { return std::isfinite(p) ? std::optional(p) : std::nullopt; };
     if (f.models().vapour_only) {
         state.b = second_virial(f, T, state);
-        if (v <= state.b || v <= 0) return {0, kFailure};
-        const double p = R * T / (v - state.b);
-        return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
+        if (v <= state.b || v <= 0) return std::nullopt;
+        return finite(R * T / (v - state.b));
     }
     state = eos_at(f, T, state);
-    if (v <= state.b) return {0, kFailure};
-    const double p = cubic_pressure(state, T, v);
-    return std::isfinite(p) ? PressureResult{p, kSuccess} : PressureResult{0, kFailure};
+    if (v <= state.b) return std::nullopt;
+    return finite(cubic_pressure(state, T, v));
 }
 
-CubicRoots solve_cubic(const EosState& s, double T, double p) {
+std::optional<CubicRoots> solve_cubic(const EosState& s, double T, double p) {
     const double b = s.b;
     const double q = R * T / p + b;
     const double cd = s.c + s.d;
@@ -175,12 +163,10 @@ CubicRoots solve_cubic(const EosState& s, double T, double p) {
     const double c1 = s.c * s.d + s.a / p - cd * q;
     const double c0 = -s.a * b / p - s.c * s.d * q;
 
-    CubicRoots r;
     double v = 0;
-    if (!find_root(R * T / p, c2, c1, c0, v) && !find_root(2 * b, c2, c1, c0, v)) return r;
-    r.status = kSuccess;
-    r.count = 1;
-    r.v = {v, 0, 0};
+    if (!find_root(R * T / p, c2, c1, c0, v) && !find_root(2 * b, c2, c1, c0, v))
+        return std::nullopt;
+    CubicRoots r{.v = {v, 0, 0}, .count = 1};
 
     const Quadratic rest = deflate(v, c2, c1, c0);
     const double h = -0.5 * rest.e;
@@ -202,7 +188,8 @@ CubicRoots solve_cubic(const EosState& s, double T, double p) {
     return r;
 }
 
-Areas area_ratio(const EosState& s, const std::array<double, 3>& v, double T, double p) {
+std::optional<Areas> area_ratio(const EosState& s, const std::array<double, 3>& v, double T,
+                                double p) {
     const auto integral = [&](double x, double y) {
         const double attraction =
             s.c == s.d
@@ -214,30 +201,33 @@ Areas area_ratio(const EosState& s, const std::array<double, 3>& v, double T, do
     r.V = integral(v[2], v[1]) - (v[2] - v[1]) * p;
     r.L = integral(v[1], v[0]) - (v[1] - v[0]) * p;
     r.ratio = (r.V + r.L) / (r.V - r.L);
-    if (!std::isfinite(r.ratio)) r = {.status = kFailure};
+    if (!std::isfinite(r.ratio)) return std::nullopt;
     return r;
 }
 
-StateTP solve_state_tp(const Fluid& f, double T, double p, std::int16_t region) {
-    if (!(p > 0) || !(T > 0)) return no_state(region, "No solution found");
+Result<StateTP, NoState> solve_state_tp(const Fluid& f, double T, double p, std::int16_t region) {
+    if (!(p > 0) || !(T > 0)) return NoState{region, kNoSolution};
     if (f.models().vapour_only) return solve_v_only(f, T, p, region);
 
-    StateTP r;
+    Result<StateTP, NoState> found = StateTP{};
+    StateTP& r = *found;
     r.region = region_of(f.substance(), T, p, region);
     r.state = eos_at(f, T);
-    const CubicRoots roots = solve_cubic(r.state, T, p);
-    r.v = roots.v;
-    r.root_count = roots.count;
-    if (roots.status != kSuccess || !(r.v[0] > r.state.b)) {
-        r.status = kFailure;
-        return r;
+    const std::optional<CubicRoots> roots = solve_cubic(r.state, T, p);
+    if (!roots || !(roots->v[0] > r.state.b)) {
+        found = NoState{r.region, ""};
+        return found;
     }
+    r.v = roots->v;
+    r.root_count = roots->count;
+    bool solved = true;
     if (r.root_count > 1) {
-        decide_three_roots(r, f, T, p);
+        solved = decide_three_roots(r, f, T, p);
     } else {
         decide_one_root(r, f, T, p);
     }
-    return physical(r) ? r : no_state(r.region, "No solution found");
+    if (!solved || !physical(r)) found = NoState{r.region, kNoSolution};
+    return found;
 }
 
 namespace {
@@ -246,21 +236,20 @@ constexpr int kTemperatureRounds = 2000;
 constexpr double kTemperatureTolerance = 1e-5;
 constexpr double kSlopeStep = 1e-6;
 
-TemperatureResult v_only_temperature(const Fluid& f, double p, double v) {
+std::optional<double> v_only_temperature(const Fluid& f, double p, double v) {
     double T = v * p / R;
     EosState state;
     for (int i = 0; i < 1000; ++i) {
         const double old = T;
         T = (v - second_virial(f, old, state)) * p / R;
-        if (!std::isfinite(T)) return {0, kFailure};
-        if (T <= 0) return {0, kSuccess};
-        if (std::fabs(T - old) < 0.001) return {T, kSuccess};
+        if (!std::isfinite(T) || T <= 0) return std::nullopt;
+        if (std::fabs(T - old) < 0.001) return T;
     }
-    return {0, kFailure};
+    return std::nullopt;
 }
 
-/// T where p(T, v) passes p, by halving a bracket; 0 when the isochore never reaches p.
-double bracketed_temperature(const Fluid& f, double p, double v) {
+/// T where p(T, v) passes p, by halving a bracket; nothing when the isochore never reaches p.
+std::optional<double> bracketed_temperature(const Fluid& f, double p, double v) {
     const auto excess = [&](double T) {
         const EosState s = eos_at(f, T);
         return v > s.b ? cubic_pressure(s, T, v) - p : std::nan("");
@@ -268,7 +257,7 @@ double bracketed_temperature(const Fluid& f, double p, double v) {
     double low = f.substance().Tcrit, high = low;
     for (int i = 0; i < 60 && !(excess(low) < 0); ++i) low *= 0.8;
     for (int i = 0; i < 60 && !(excess(high) > 0); ++i) high *= 1.5;
-    if (!(excess(low) < 0) || !(excess(high) > 0)) return 0;
+    if (!(excess(low) < 0) || !(excess(high) > 0)) return std::nullopt;
     for (int i = 0; i < 200 && high - low > 1e-14 * high; ++i) {
         const double middle = 0.5 * (low + high);
         (excess(middle) < 0 ? low : high) = middle;
@@ -277,7 +266,7 @@ double bracketed_temperature(const Fluid& f, double p, double v) {
 }
 
 /// Newton search on f(T) = (a/((v + c)(v + d)) + p)(v - b)/R - T. Counts its rounds.
-TemperatureResult newton_temperature(const Fluid& f, double p, double v, int& rounds) {
+std::optional<double> newton_temperature(const Fluid& f, double p, double v, int& rounds) {
     const auto function = [&](double T) {
         const EosState s = eos_at(f, T);
         return (s.a / ((v + s.c) * (v + s.d)) + p) * (v - s.b) / R - T;
@@ -286,63 +275,59 @@ TemperatureResult newton_temperature(const Fluid& f, double p, double v, int& ro
         p < f.substance().pcrit ? static_cast<double>(f.substance().Tboil) : f.substance().Tcrit;
     if (T < constants::kPresent) T = 0.7 * f.substance().Tcrit;
     for (;;) {
-        if (++rounds > kTemperatureRounds) return {0, kFailure};
+        if (++rounds > kTemperatureRounds) return std::nullopt;
         const double value = function(T);
         const double slope = (function(T + kSlopeStep) - value) / kSlopeStep;
         const double dT = -value / slope;
         T += dT;
-        if (!std::isfinite(T)) return {0, kFailure};
-        if (T <= 0) return {0, kSuccess};
-        if (std::fabs(dT) / T <= kTemperatureTolerance) return {T, kSuccess};
+        if (!std::isfinite(T) || T <= 0) return std::nullopt;
+        if (std::fabs(dT) / T <= kTemperatureTolerance) return T;
     }
 }
 
 /// The saturation temperature of a state inside the dome; goes on with the count of rounds.
-TemperatureResult dome_temperature(const Fluid& f, double p, double T, int rounds) {
-    const auto direct = [&] {
-        const Saturation sat = saturation_temperature(f, p);
-        return TemperatureResult{sat.T, sat.status};
+std::optional<double> dome_temperature(const Fluid& f, double p, double T, int rounds) {
+    const auto direct = [&]() -> std::optional<double> {
+        const std::optional<Saturation> sat = saturation_temperature(f, p);
+        return sat ? std::optional(sat->T) : std::nullopt;
     };
     if (p < f.substance().pcrit / 1.5) return direct();
     for (;;) {
         if (++rounds > kTemperatureRounds) return direct();
-        const double psat = saturation_pressure(f, T).p;
-        if (psat == 0) {
+        const std::optional<Saturation> sat = saturation_pressure(f, T);
+        if (!sat) {
             T -= f.substance().Tcrit / 10;
             if (T <= 0) return direct();
             continue;
         }
-        const double slope = (saturation_pressure(f, T + kSlopeStep).p - psat) / kSlopeStep;
-        const double dT = (p - psat) / slope;
+        const std::optional<Saturation> next = saturation_pressure(f, T + kSlopeStep);
+        const double slope = ((next ? next->p : 0) - sat->p) / kSlopeStep;
+        const double dT = (p - sat->p) / slope;
         T += dT;
         if (!std::isfinite(T) || T <= 0) return direct();
-        if (std::fabs(dT) / T <= kTemperatureTolerance) return {T, kSuccess};
+        if (std::fabs(dT) / T <= kTemperatureTolerance) return T;
     }
 }
 
 }  // namespace
 
-TemperatureResult temperature_from_p_rho(const Fluid& f, double p, double rho,
-                                         bool single_phase_only) {
+std::optional<double> temperature_from_p_rho(const Fluid& f, double p, double rho,
+                                             bool single_phase_only) {
     const double v = static_cast<double>(f.substance().M) / rho;
-    if (!(p > 0) || !(v > 0) || !std::isfinite(v)) return {0, kFailure};
+    if (!(p > 0) || !(v > 0) || !std::isfinite(v)) return std::nullopt;
     if (f.models().vapour_only) return v_only_temperature(f, p, v);
 
     int rounds = 0;
-    TemperatureResult r = newton_temperature(f, p, v, rounds);
-    if (r.T == 0) {
-        const double T = bracketed_temperature(f, p, v);
-        if (T == 0) return r;
-        r = {T, kSuccess};
-    }
-    if (r.T >= f.substance().Tcrit || single_phase_only) return r;
+    std::optional<double> T = newton_temperature(f, p, v, rounds);
+    if (!T) T = bracketed_temperature(f, p, v);
+    if (!T || *T >= f.substance().Tcrit || single_phase_only) return T;
 
-    const EosState s = eos_at(f, r.T);
-    if (solve_cubic(s, r.T, p).count != 3) return r;
-    const Saturation sat = saturation_pressure(f, r.T);
-    if (sat.p == 0) return {0, kFailure};
-    if (v <= sat.v[0] || v >= sat.v[2]) return r;
-    return dome_temperature(f, p, r.T, rounds);
+    const std::optional<CubicRoots> roots = solve_cubic(eos_at(f, *T), *T, p);
+    if (!roots || roots->count != 3) return T;
+    const std::optional<Saturation> sat = saturation_pressure(f, *T);
+    if (!sat) return std::nullopt;
+    if (v <= sat->v[0] || v >= sat->v[2]) return T;
+    return dome_temperature(f, p, *T, rounds);
 }
 
 }  // namespace quor::models

@@ -91,7 +91,8 @@ August august_line(const SubstanceRecord& s) {
     return {std::log(s.pcrit) - B / s.Tcrit, B};
 }
 
-double frost_pressure(const Frost& f, double T, Status& status) {
+/// Nothing where the implicit equation has no solution.
+std::optional<double> frost_pressure(const Frost& f, double T) {
     const double base = f.explicit_part(T);
     double p = exp10_of(base);
     if (std::fabs(f.E) < 1e-35) return p;
@@ -105,52 +106,47 @@ double frost_pressure(const Frost& f, double T, Status& status) {
         p += dp;
         if (std::fabs(dp / p) < 1e-4) return p;
     }
-    status = kFailure;
-    return 0;
+    return std::nullopt;
 }
 
 }  // namespace
 
-VapourPressureResult vapour_pressure(const SubstanceRecord& s, double T,
-                                     VapourPressureEquation code) {
-    VapourPressureResult r;
-    r.status = kFailure;
-    if (!(T >= 1e-6) || T > s.Tcrit) return r;
+std::optional<VapourPressure> vapour_pressure(const SubstanceRecord& s, double T,
+                                              VapourPressureEquation code) {
+    if (!(T >= 1e-6) || T > s.Tcrit) return std::nullopt;
 
-    Status status = kSuccess;
-    double p = 0;
+    VapourPressure r;
+    double& p = r.p;
     Frost frost{};
     if (const AntoineSet* a = antoine_set(s, code)) {
-        if (a->A == 0 && a->B == 0) return r;
+        if (a->A == 0 && a->B == 0) return std::nullopt;
         p = exp10_of(static_cast<double>(a->A) -
                      static_cast<double>(a->B) /
                          (T + static_cast<double>(a->C) - constants::kZeroCelsius));
         if (code != VapourPressureEquation::thompson)
             r.deviation = deviation_of(T, {a->T_low, a->T_high});
     } else if (code == VapourPressureEquation::august) {
-        if (s.august.B == 0) return r;
+        if (s.august.B == 0) return std::nullopt;
         p = std::exp(static_cast<double>(s.august.A) + static_cast<double>(s.august.B) / T);
         const double Tb = static_cast<double>(s.Tboil);
         if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
     } else if (code == VapourPressureEquation::wagner) {
-        if (!has_wagner(s.wagner)) return r;
+        if (!has_wagner(s.wagner)) return std::nullopt;
         const double Tset = static_cast<double>(s.wagner.a[8]);
         const double t = 1 - T / Tset;
-        if (t < 1e-6) return r;
+        if (t < 1e-6) return std::nullopt;
         const double X = wagner_sum(s.wagner, t).X;
-        if (!(std::fabs(X) <= 50)) return r;
+        if (!(std::fabs(X) <= 50)) return std::nullopt;
         p = static_cast<double>(s.wagner.a[9]) * std::exp(Tset / T * X);
         const Bounds range{s.wagner.T_low, s.wagner.T_high};
         if (both_given(range)) r.deviation = deviation_of(T, range);
     } else if (frost_set(s, code, frost)) {
-        p = frost_pressure(frost, T, status);
+        p = frost_pressure(frost, T).value_or(0);
         if (both_given(frost.range)) r.deviation = deviation_of(T, frost.range);
     } else {
-        return r;
+        return std::nullopt;
     }
-    if (status != kSuccess || !(p >= 1e-35) || !std::isfinite(p)) return r;
-    r.p = p;
-    r.status = kSuccess;
+    if (!(p >= 1e-35) || !std::isfinite(p)) return std::nullopt;
     return r;
 }
 
@@ -207,48 +203,41 @@ double frost_temperature(const SubstanceRecord& s, const Frost& e, double p) {
 
 }  // namespace
 
-BoilingTemperatureResult boiling_temperature(const SubstanceRecord& s, double p,
-                                             VapourPressureEquation code) {
-    BoilingTemperatureResult r;
-    r.status = kFailure;
-    if (!(p > 0) || p > s.pcrit) return r;
+std::optional<BoilingTemperature> boiling_temperature(const SubstanceRecord& s, double p,
+                                                      VapourPressureEquation code) {
+    if (!(p > 0) || p > s.pcrit) return std::nullopt;
 
-    double T = 0;
+    BoilingTemperature r;
+    double& T = r.T;
     Bounds range;
     Frost frost{};
     if (const AntoineSet* a = antoine_set(s, code)) {
-        if (a->A == 0 && a->B == 0) return r;
+        if (a->A == 0 && a->B == 0) return std::nullopt;
         T = static_cast<double>(a->B) / (static_cast<double>(a->A) - log10_of(p)) -
             static_cast<double>(a->C) + constants::kZeroCelsius;
         range = {a->T_low, a->T_high};
     } else if (code == VapourPressureEquation::august) {
         const double Tb = static_cast<double>(s.Tboil);
-        if (Tb < kPresent) return r;
+        if (Tb < kPresent) return std::nullopt;
         const August line = august_line(s);
         T = line.B / (std::log(p) - line.A);
         if (T < Tb) r.deviation = static_cast<std::int16_t>(numbers::round_half_even(T - Tb));
     } else if (code == VapourPressureEquation::wagner) {
-        if (!has_wagner(s.wagner)) return r;
+        if (!has_wagner(s.wagner)) return std::nullopt;
         T = wagner_temperature(s, p);
         range = {s.wagner.T_low, s.wagner.T_high};
     } else if (frost_set(s, code, frost)) {
         T = frost_temperature(s, frost, p);
         range = frost.range;
     }
-    if (!(T > 0) || !std::isfinite(T)) {
-        r.deviation = 0;
-        return r;
-    }
+    if (!(T > 0) || !std::isfinite(T)) return std::nullopt;
     if (both_given(range)) r.deviation = deviation_of(T, range);
-    r.T = T;
-    r.status = kSuccess;
     return r;
 }
 
-SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, VapourPressureEquation code) {
-    SlopeResult r;
-    r.status = kFailure;
-    if (!(T > 0)) return r;
+std::optional<double> vapour_pressure_slope(const SubstanceRecord& s, double T,
+                                            VapourPressureEquation code) {
+    if (!(T > 0)) return std::nullopt;
     double slope = 0;
     Frost f{};
     if (const AntoineSet* a = antoine_set(s, code)) {
@@ -257,23 +246,23 @@ SlopeResult vapour_pressure_slope(const SubstanceRecord& s, double T, VapourPres
     } else if (code == VapourPressureEquation::august) {
         slope = august_line(s).B;
     } else if (code == VapourPressureEquation::wagner) {
-        if (!has_wagner(s.wagner)) return r;
+        if (!has_wagner(s.wagner)) return std::nullopt;
         const double Tset = static_cast<double>(s.wagner.a[8]);
         const double t = 1 - T / Tset;
-        if (t < 1e-6) return r;
+        if (t < 1e-6) return std::nullopt;
         const WagnerSum sum = wagner_sum(s.wagner, t);
         slope = Tset * sum.X + T * sum.slope;
     } else if (frost_set(s, code, f)) {
-        const VapourPressureResult vp = vapour_pressure(s, T, code);
-        if (vp.status != kSuccess) return r;
+        const std::optional<VapourPressure> vp = vapour_pressure(s, T, code);
+        if (!vp) return std::nullopt;
         const double shifted = T + f.C;
         const double Q = f.D + T * (-f.B * kLn10 / (shifted * shifted) + f.G * kLn10 +
                                     (f.H != 0 ? f.I * f.H * kLn10 * std::pow(T, f.I - 1) : 0.0));
         const double power = std::pow(T, f.F);
-        slope = -T * (power * Q - f.F * f.E * kLn10 * vp.p) / (power - f.E * kLn10 * vp.p);
+        slope = -T * (power * Q - f.F * f.E * kLn10 * vp->p) / (power - f.E * kLn10 * vp->p);
     }
-    if (slope == 0 || !std::isfinite(slope)) return r;
-    return {slope, kSuccess};
+    if (slope == 0 || !std::isfinite(slope)) return std::nullopt;
+    return slope;
 }
 
 namespace {

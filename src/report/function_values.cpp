@@ -43,13 +43,13 @@ void set_vaporisation(Table& t, double h) {
 
 void set_volumes(Table& t) {
     const calculation::Phases& phases = t.answer.phases;
-    if (phases.vapour) t.set(kVapourNumbers, phases.vapour->v * t.made.units.v);
-    if (phases.liquid) t.set(kLiquidNumbers, phases.liquid->v * t.made.units.v);
+    if (phases.vapour) t.set(kVapourNumbers, phases.vapour->v.value_or(0) * t.made.units.v);
+    if (phases.liquid) t.set(kLiquidNumbers, phases.liquid->v.value_or(0) * t.made.units.v);
 }
 
 void set_functions(Table& t, const std::optional<calculation::FunctionValues>& phase,
                    std::size_t first, std::size_t sound) {
-    if (!phase || phase->status != kSuccess) return;
+    if (!phase) return;
     for (std::size_t i = calculation::kVolume; i <= calculation::kCv; ++i)
         t.set(first + i, scaled(t.made.units, *phase, static_cast<calculation::Function>(i)));
     t.set(sound, phase->z[calculation::kSound]);
@@ -70,7 +70,7 @@ void set_derivatives(Table& t, const std::optional<calculation::PhaseDerivatives
 void set_pages(Table& t, const calculation::PageValues& pages) {
     set_derivatives(t, pages.liquid, kDerivativesL);
     set_derivatives(t, pages.vapour, kDerivativesV);
-    if (!pages.functions || pages.functions->failed()) return;
+    if (!pages.functions || !pages.functions->complete) return;
     set_functions(t, *pages.functions);
 }
 

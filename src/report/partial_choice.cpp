@@ -168,10 +168,10 @@ void PartialChoice::take_approximation() {
         proposal_text = "No normal boiling point available";
         return;
     }
-    const double rhoL = models::benson_approximation(kPressure, s.pcrit, s.rhocrit);
-    const models::StateTP state = models::solve_state_tp(fluid_, static_cast<double>(s.Tboil),
-                                                         static_cast<double>(kStoredPressure));
-    const double rhoV = state.status == kSuccess ? state.rhoV : 0.0;
+    const double rhoL = models::benson_approximation(kPressure, s.pcrit, s.rhocrit).value_or(0);
+    const auto state = models::solve_state_tp(fluid_, static_cast<double>(s.Tboil),
+                                              static_cast<double>(kStoredPressure));
+    const double rhoV = state ? state->rhoV.value_or(0) : 0.0;
     point = {s.Tboil, kStoredPressure, static_cast<float>(rhoL), static_cast<float>(rhoV)};
     proposal_text =
         "Reference point calculated by using BENSON's formula for rho_L:\n"

@@ -36,7 +36,7 @@ constexpr MeanRow kMeanRows[] = {
 void mean_functions(Teller& t) {
     const bool molar = t.units().choice.caloric == models::CaloricUnit::molar;
     const calculation::FunctionPair& pair = *t.answer.functions;
-    const bool caloric = pair.liquid && pair.vapour && !pair.failed();
+    const bool caloric = pair.liquid && pair.vapour && pair.complete;
     ListBuilder& list = t.list;
     list.blank();
     list.underlined(std::string(molar ? "molar global functions" : "specific global functions") +
@@ -45,7 +45,7 @@ void mean_functions(Teller& t) {
         for (std::string& line : reference_lines(t.made)) list.add(std::move(line));
 
     const double y = t.answer.y;
-    const double v = y * t.answer.phases.vapour->v + (1 - y) * t.answer.phases.liquid->v;
+    const double v = y * *t.answer.phases.vapour->v + (1 - y) * *t.answer.phases.liquid->v;
     list.value("Density rho       = ", value32(faults::divide(t.M(), v)), "  kg/m^3");
     list.value("Volume  v         = ", value32(v * t.units().v),
                "  " + text::trim_right(t.units().v_label));
@@ -80,7 +80,7 @@ void tell_failure(Teller& t) {
             calculation_error(t, " (no rho_L)");
             break;
         case Reason::solver:
-            calculation_error(t, error_code(t.answer.status));
+            calculation_error(t, error_code());
             break;
         default:
             break;
@@ -146,19 +146,18 @@ void tell_tank(Teller& t) {
 
 void tank_lines(Teller& t, const calculation::TankContent& c) {
     constexpr auto kAmount = "##0.0000##";
-    const double mL = (c.V - c.vapour_volume) * c.rhoL;
-    const double mV = c.vapour_volume * c.rhoV;
+    const double mL = (c.V - c.vapour_volume) * c.rhoL.value_or(0);
+    const double mV = c.vapour_volume * c.rhoV.value_or(0);
     ListBuilder& list = t.list;
     list.value("Vapour fraction y(V) = ", numbers::format(c.y, "0.0#######"));
     list.value("volume fraction V-phase phi(V),% = ",
                numbers::format(c.vapour_volume / c.V * 100.0, "0.0###"), " %");
     list.value("Mass fraction = Mole fract. V-Phase y(V),% = ",
-               numbers::format(c.vapour_volume * c.rhoV / c.m * 100.0, "0.0###"), " %");
+               numbers::format(mV / c.m * 100.0, "0.0###"), " %");
     // A value stands only in the column of a phase that exists.
     const auto row = [&](const char* label, double L, double V, const char* mask) {
         list.row(label, "",
-                 {c.rhoL > 0 ? numbers::format(L, mask) : "",
-                  c.rhoV > 0 ? numbers::format(V, mask) : ""});
+                 {c.rhoL ? numbers::format(L, mask) : "", c.rhoV ? numbers::format(V, mask) : ""});
     };
     row("Volume                   V/m^3  =  ", c.V - c.vapour_volume, c.vapour_volume, kAmount);
     row("Mass                      m/kg  =  ", mL, mV, kAmount);

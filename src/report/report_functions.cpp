@@ -45,7 +45,7 @@ std::string label_of(const Teller& t, const Row& row) {
 
 std::string value_text(const Teller& t, const std::optional<FunctionValues>& phase,
                        Function function) {
-    if (!phase || phase->status != kSuccess) return {};
+    if (!phase) return {};
     return value32(scaled(t.units(), *phase, function));
 }
 
@@ -73,7 +73,7 @@ void tell_functions(Teller& t) {
     t.out.par1.text = temperature_text(t.answer.T);
     t.out.par2.text = pressure_text(t.answer.p);
     if (!t.answer.ok()) {
-        calculation_error(t, error_code(t.answer.status));
+        calculation_error(t, error_code());
         return;
     }
     for (std::string& line : reference_lines(t.made)) t.list.add(std::move(line));

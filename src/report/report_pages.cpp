@@ -132,7 +132,7 @@ void function_page(Teller& t) {
     list.rule('*', kRule);
     list.add(std::string(31, ' ') + "thermodynamic Fu(T)");
     list.rule('*', kRule);
-    if (pair.failed()) {
+    if (!pair.complete) {
         list.add_red("no Result");
         return;
     }

@@ -51,7 +51,7 @@ void tell_given_tp(Teller& t) {
     if (t.models().vapour_only && a.B)
         t.out.co2.text = " Virialcoeff. B = " + value32(*a.B) + "  m^3/kmol";
     if (!a.ok()) {
-        calculation_error(t, error_code(a.status));
+        calculation_error(t, error_code());
         return;
     }
     t.out.co1.text = a.solver;
@@ -72,7 +72,7 @@ void tell_given_p_rho(Teller& t) {
     if (a.ok())
         density_lines(t);
     else
-        calculation_error(t, error_code(a.status));
+        calculation_error(t, error_code());
 }
 
 // ---- Equilibria -------------------------------------------------------------------------------
@@ -140,7 +140,7 @@ void tell_equilibrium(Teller& t) {
     const bool global = t.request.method.global;
     if (t.failed(Reason::solver)) {
         const bool T_of_eos = global && t.models().eos_has_priority && !given_T(t);
-        calculation_error(t, (T_of_eos ? " T(LV) = " : "") + error_code(a.status));
+        calculation_error(t, (T_of_eos ? " T(LV) = " : "") + error_code());
         return;
     }
     if (a.source == calculation::Source::dataSet) tell_measured(t);
@@ -173,8 +173,8 @@ std::string value_cell(double value) {
 
 ListLine process_line(const Teller& t, const calculation::ProcessState& s) {
     std::vector<std::string> cells = {value_cell(s.T), value_cell(s.p)};
-    if (s.v > 0) cells.push_back(value_cell(s.v * t.units().v));
-    if (s.v > 0 && s.functions) {
+    if (s.v) cells.push_back(value_cell(*s.v * t.units().v));
+    if (s.v && s.functions) {
         const models::UnitChoice& choice = t.units().choice;
         const double factor = models::caloric_factor(choice.caloric, s.T, t.substance());
         cells.push_back(value_cell(s.functions->z[calculation::kH] * factor));

@@ -50,12 +50,12 @@ bool tell_given(Teller& t) {
 }
 
 void compressibility_lines(Teller& t) {
-    const models::EnthalpyOfVaporisationResult& r = t.answer.vaporisation->found;
+    const models::Vaporisation& r = t.answer.vaporisation->found;
     const models::VaporisationModel method = t.models().vaporisation;
     if (method != VaporisationModel::databaseDensity && method != VaporisationModel::benson) return;
     t.list.add("Following compressibility factors z were used:");
-    t.list.value("z(L) = ", value32(r.zL));
-    t.list.value("z(V) = ", value32(r.zV));
+    t.list.value("z(L) = ", value32(r.zL.value_or(0)));
+    t.list.value("z(V) = ", value32(r.zV.value_or(0)));
     t.list.add("z(V) by using " + text::trim(models::eos_name(t.models().eos)));
     t.list.add(method == VaporisationModel::benson
                    ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"

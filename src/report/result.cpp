@@ -26,14 +26,14 @@ std::array<double, 24> in_label_order(const calculation::PhaseDerivatives& d) {
 }
 
 void set_functions(const calculation::FunctionPair& pair, ResultRecord& r) {
-    if (pair.liquid && pair.liquid->status == kSuccess) r.liquid.caloric = pair.liquid->z;
-    if (pair.vapour && pair.vapour->status == kSuccess) r.vapour.caloric = pair.vapour->z;
+    if (pair.liquid) r.liquid.caloric = pair.liquid->z;
+    if (pair.vapour) r.vapour.caloric = pair.vapour->z;
 }
 
 void set_pages(const calculation::PageValues& pages, ResultRecord& r) {
     if (pages.liquid) r.liquid.extended = in_label_order(*pages.liquid);
     if (pages.vapour) r.vapour.extended = in_label_order(*pages.vapour);
-    if (pages.functions && !pages.functions->failed()) set_functions(*pages.functions, r);
+    if (pages.functions && pages.functions->complete) set_functions(*pages.functions, r);
 }
 
 /// True for the tasks whose T is calculated.
@@ -57,8 +57,8 @@ ResultRecord record_of(const Answer& a) {
         a.task == Task::virial)
         return r;
     r.phases = state_text(a);
-    if (a.phases.vapour) r.rhoV = numbers::to_single(a.phases.vapour->rho);
-    if (a.phases.liquid) r.rhoL = numbers::to_single(a.phases.liquid->rho);
+    if (a.phases.vapour) r.rhoV = numbers::to_single(a.phases.vapour->rho.value_or(0));
+    if (a.phases.liquid) r.rhoL = numbers::to_single(a.phases.liquid->rho.value_or(0));
     r.p = numbers::to_single(a.p);
     if (finds_t(a.task)) r.T = numbers::to_single(a.T);
     if (a.hLV) r.hLV = static_cast<float>(*a.hLV);

@@ -19,8 +19,8 @@ std::string density_text(double rho) {
     return "rho = " + numbers::format(rho, "###0.0###") + " kg/m^3";
 }
 
-std::string error_code(Status status) {
-    return " (E" + std::to_string(status) + ")";
+std::string error_code() {
+    return " (E-1)";
 }
 
 void calculation_error(Teller& t, const std::string& text) {
@@ -49,10 +49,10 @@ bool tell_missing(Teller& t) {
 
 void density_lines(Teller& t) {
     const auto density = [](const std::optional<Phase>& phase) {
-        return phase && phase->rho > 0 ? value32(phase->rho) : std::string();
+        return phase && phase->rho > 0.0 ? value32(*phase->rho) : std::string();
     };
     const auto volume = [&](const std::optional<Phase>& phase) {
-        return phase && phase->v > 0 ? value32(phase->v * t.units().v) : std::string();
+        return phase && phase->v > 0.0 ? value32(*phase->v * t.units().v) : std::string();
     };
     const calculation::Phases& phases = t.answer.phases;
     t.list.row("density", "rho/ (kg/m^3)  = ", {density(phases.liquid), density(phases.vapour)});

@@ -27,7 +27,7 @@ std::string temperature_text(double T);  ///< "T = 300.000 K"
 std::string pressure_text(double p);     ///< "p = 101.325 kPa"
 std::string density_text(double rho);    ///< "rho = 1.25 kg/m^3"
 /// " (E-1)" for a solver's status.
-std::string error_code(Status status);
+std::string error_code();
 
 /// The message of a failure in the list, in red.
 void calculation_error(Teller& t, const std::string& text);

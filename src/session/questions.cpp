@@ -14,9 +14,9 @@ bool may_replace(const std::string& path) {
                         dialogs::Icon::Exclamation);
 }
 
-bool may_leave_unsaved(const std::function<bool()>& save) {
+bool may_leave_unsaved(const std::function<bool()>& save, const std::string& question) {
     using dialogs::Answer;
-    const Answer answer = dialogs::show({.text = "Data not yet saved.\nSave now?",
+    const Answer answer = dialogs::show({.text = question,
                                          .title = "WARNING",
                                          .icon = dialogs::Icon::Exclamation,
                                          .buttons = dialogs::Buttons::YesNoCancel,

@@ -12,9 +12,10 @@ namespace quor::session {
 /// it may be written.
 bool may_replace(const std::string& path);
 
-/// Before something unsaved is left: "Data not yet saved." "Save now?" True when it may be left:
-/// for Yes, when `save` has saved it, and for No. False for a cancel.
-bool may_leave_unsaved(const std::function<bool()>& save);
+/// Before something unsaved is left: "Data not yet saved." "Save now?", or other words. True when
+/// it may be left: for Yes, when `save` has saved it, and for No. False for a cancel.
+bool may_leave_unsaved(const std::function<bool()>& save,
+                       const std::string& question = "Data not yet saved.\nSave now?");
 
 /// Before marked lines are removed: asks about line `first`, or the lines `first` to `last`
 /// (from 1). Without a mark (first below 1) it says so. True when they shall go.

@@ -13,6 +13,7 @@
 #include "models/vapour_pressure.h"
 #include "session/commands.h"
 #include "session/measured_data_session.h"
+#include "session/questions.h"
 #include "session/take_models.h"
 
 namespace quor::session {
@@ -195,21 +196,13 @@ Result<SubstanceRead> read_substance(Session& session, std::int16_t index) {
 
 bool may_leave_substance(Session& session) {
     if (!session->applied_unsaved) return true;
-    switch (dialogs::show({.text = "The parameters applied to " + session->substance.name +
-                                   " live in this session only.\n"
-                                   "Save them in a private database now?",
-                           .title = "WARNING",
-                           .icon = dialogs::Icon::Exclamation,
-                           .buttons = dialogs::Buttons::YesNoCancel,
-                           .default_answer = dialogs::Answer::Yes})) {
-        case dialogs::Answer::Yes:
-            return save_private_database(session);
-        case dialogs::Answer::No:
-            session.change()->applied_unsaved = false;
-            return true;
-        default:
-            return false;
-    }
+    if (!may_leave_unsaved([&session] { return save_private_database(session); },
+                           "The parameters applied to " + session->substance.name +
+                               " live in this session only.\n"
+                               "Save them in a private database now?"))
+        return false;
+    session.change()->applied_unsaved = false;
+    return true;
 }
 
 bool take_substance(Session& session, std::int16_t index) {

@@ -74,14 +74,14 @@ CalcTest::Outcome CalcTest::calculate(int code, report::Tell tell) {
             a.roots,       report::fraction_of(a),      a.p};
 }
 
-models::StateValues CalcTest::state_functions(double T, double p, double v) const {
+std::optional<models::StateValues> CalcTest::state_functions(double T, double p, double v) const {
     models::ReferenceState settled = reference;
     models::settle_reference(settled);
     const models::Fluid f = fluid();
     return models::state_functions(f, settled, models::surroundings_state(f, settled), T, p, v);
 }
 
-models::PhaseTable CalcTest::residual_functions(double T, double p, double v) const {
+std::optional<models::PhaseTable> CalcTest::residual_functions(double T, double p, double v) const {
     const models::Fluid f = fluid();
     return models::residual_functions(f, models::eos_at(f, T), T, p, v);
 }

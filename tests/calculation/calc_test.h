@@ -71,8 +71,8 @@ class CalcTest : public testing::Test, protected Setting {
     Outcome calculate(int code, report::Tell tell = report::Tell::remarks);
 
     /// Functions at T, p, v of the present fluid.
-    models::StateValues state_functions(double T, double p, double v) const;
-    models::PhaseTable residual_functions(double T, double p, double v) const;
+    std::optional<models::StateValues> state_functions(double T, double p, double v) const;
+    std::optional<models::PhaseTable> residual_functions(double T, double p, double v) const;
 
     /// Lines of the list.
     std::vector<std::string> lines() const;

@@ -108,13 +108,13 @@ double B(const Work& w, double T) {
     return models::second_virial(w.setting.fluid(), T, state);
 }
 
-models::EnthalpyOfVaporisationResult vaporisation_by(const Work& w, std::int16_t code) {
+models::Vaporisation vaporisation_by(const Work& w, std::int16_t code) {
     return models::enthalpy_of_vaporisation(w.setting.fluid(),
                                             {.model = codes::hlv(code),
                                              .equation = w.selection().vapour_pressure,
                                              .reference = w.method().reference,
-                                             .T = 0,
-                                             .p = 0},
+                                             .T = {},
+                                             .p = {}},
                                             w.T, w.p);
 }
 
@@ -149,10 +149,10 @@ void fail(Work& w, const std::string& message) {
 }
 
 models::StateTP solve(Work& w) {
-    const models::StateTP s = models::solve_state_tp(w.setting.fluid(), w.T, w.p);
-    w.L = {s.has_L, s.vL, s.rhoL};
-    w.V = {s.has_V, s.vV, s.rhoV};
-    return s;
+    const auto s = models::solve_state_tp(w.setting.fluid(), w.T, w.p);
+    w.L = {s->has_L, s->vL.value_or(0), s->rhoL.value_or(0)};
+    w.V = {s->has_V, s->vV.value_or(0), s->rhoV.value_or(0)};
+    return *s;
 }
 
 std::string at(double T, double p) {
@@ -173,9 +173,10 @@ void head_of_functions(Work& w) {
 std::array<double, 11> functions(const Work& w, const Phase& phase) {
     const models::Fluid fluid = w.setting.fluid();
     const models::ReferenceState& ref = w.setting.reference;
-    const models::StateValues z = models::state_functions(
-        fluid, ref, models::surroundings_state(fluid, ref), w.T, w.p, phase.v);
-    return {phase.v, z.h, z.s, z.g, z.u, z.a, z.eH, z.eU, z.cp, z.cv, z.w};
+    const auto z = models::state_functions(fluid, ref, models::surroundings_state(fluid, ref), w.T,
+                                           w.p, phase.v);
+    return {phase.v,        z->h,           z->s,  z->g,  z->u, z->a,
+            z->exergies->H, z->exergies->U, z->cp, z->cv, z->w};
 }
 
 void mean_functions(Work& w, double y) {
@@ -228,14 +229,14 @@ void given_T_rho(Work& w, double rho) {
     } else {
         const models::EosState eos = models::eos_at(w.setting.fluid(), w.T);
         if (w.T < s.Tcrit) {
-            const models::Saturation sat = models::saturation_pressure(w.setting.fluid(), w.T);
-            w.r.co1 = "vapour pressure by using CEOS: p(LV )= " + pressure(sat.p) + " kPa";
-            two_phase = v >= sat.v[0] && v <= sat.v[2];
+            const auto sat = models::saturation_pressure(w.setting.fluid(), w.T);
+            w.r.co1 = "vapour pressure by using CEOS: p(LV )= " + pressure(sat->p) + " kPa";
+            two_phase = v >= sat->v[0] && v <= sat->v[2];
             if (two_phase) {
-                w.p = sat.p;
-                y = (v - sat.v[0]) / (sat.v[2] - sat.v[0]);
-                w.L = {true, sat.v[0], M(w) / sat.v[0]};
-                w.V = {true, sat.v[2], M(w) / sat.v[2]};
+                w.p = sat->p;
+                y = (v - sat->v[0]) / (sat->v[2] - sat->v[0]);
+                w.L = {true, sat->v[0], M(w) / sat->v[0]};
+                w.V = {true, sat->v[2], M(w) / sat->v[2]};
                 w.r.list.push_back(std::string(22, ' ') +
                                    "Vapour fraction y(V) = " + between(y, 1, 8));
             }
@@ -268,7 +269,7 @@ void given_T_p(Work& w) {
 void given_p_rho(Work& w, double rho) {
     w.r.par1 = p_text(w.p);
     w.r.par2 = "rho = " + between(rho, 1, 4) + " kg/m^3";
-    w.T = models::temperature_from_p_rho(w.setting.fluid(), w.p, rho, false).T;
+    w.T = models::temperature_from_p_rho(w.setting.fluid(), w.p, rho, false).value();
     w.r.co2 = " T = " + fix(w.T, 3) + " K";
     solve(w);
     density_lines(w);
@@ -287,7 +288,7 @@ void partial_phases(Work& w, double vV) {
                    (Tref - s.Tcrit) +
                2 * s.rhocrit * (Tref - w.T) / (Tref - s.Tcrit) - w.V.rho;
     } else {
-        rhoL = models::density_liquid(s, static_cast<float>(w.T)).rho;
+        rhoL = models::density_liquid(s, static_cast<float>(w.T))->rho;
     }
     w.L = {true, M(w) / rhoL, rhoL};
     w.r.list.push_back(std::string(12, ' ') + (w.method().liquid_by_benson
@@ -297,8 +298,8 @@ void partial_phases(Work& w, double vV) {
 
 void hlv_of_eos(Work& w) {
     const auto r = vaporisation_by(w, 7);
-    if (r.status != 0) return;
-    w.r.numbers[29] = static_cast<double>(r.h) * caloric_factor(w);
+    if (!r.h) return;
+    w.r.numbers[29] = static_cast<double>(*r.h) * caloric_factor(w);
     w.r.numbers[30] = w.r.numbers[29] / w.T;
 }
 
@@ -311,15 +312,15 @@ void equilibrium(Work& w, bool fromT) {
     const bool eos = w.method().global && w.selection().eos_has_priority;
     double vL = 0, vV = 0;
     if (eos) {
-        const models::Saturation sat = fromT ? models::saturation_pressure(fluid, w.T)
-                                             : models::saturation_temperature(fluid, w.p);
-        (fromT ? w.p : w.T) = fromT ? sat.p : sat.T;
-        vL = sat.v[0];
-        vV = sat.v[2];
+        const auto sat = fromT ? models::saturation_pressure(fluid, w.T)
+                               : models::saturation_temperature(fluid, w.p);
+        (fromT ? w.p : w.T) = fromT ? sat->p : sat->T;
+        vL = sat->v[0];
+        vV = sat->v[2];
     } else if (fromT) {
-        w.p = models::vapour_pressure(s, w.T, code).p;
+        w.p = models::vapour_pressure(s, w.T, code)->p;
     } else {
-        w.T = models::boiling_temperature(s, w.p, code).T;
+        w.T = models::boiling_temperature(s, w.p, code)->T;
     }
     w.r.numbers[0] = w.T;
 
@@ -330,11 +331,10 @@ void equilibrium(Work& w, bool fromT) {
         if (!cubic(w)) {
             vV = R * w.T / w.p + B(w, w.T);
         } else {
-            const double psat = models::saturation_pressure(fluid, w.T).p;
-            const models::CubicRoots roots =
-                models::solve_cubic(models::eos_at(fluid, w.T), w.T, w.p);
-            vV = w.p <= psat ? roots.v[static_cast<std::size_t>(roots.count - 1)]
-                             : (roots.count == 3 ? roots.v[2] : 0.0);
+            const double psat = models::saturation_pressure(fluid, w.T)->p;
+            const auto roots = models::solve_cubic(models::eos_at(fluid, w.T), w.T, w.p);
+            vV = w.p <= psat ? roots->v[static_cast<std::size_t>(roots->count - 1)]
+                             : (roots->count == 3 ? roots->v[2] : 0.0);
         }
         partial_phases(w, vV);
         density_lines(w);
@@ -363,18 +363,18 @@ void vaporisation(Work& w, bool fromT) {
     const std::int16_t method = models::code_of(w.selection().vaporisation);
     const auto r = vaporisation_by(w, method);
     w.r.par1 = fromT ? T_text(w.T) : p_text(w.p);
-    w.T = r.T;
-    w.p = r.p;
+    w.T = r.T.value_or(0);
+    w.p = r.p.value_or(0);
     w.r.numbers[0] = w.T;
     w.r.co1 = r.explanation;
     if (!fromT) w.r.co2 = " T(LV) = " + fix(w.T, 3) + " K";
     if (fromT && w.p > 1e-6) w.r.co2 = " p(LV) = " + pressure(w.p) + " kPa";
-    w.L = {true, r.rhoL > 0 ? M(w) / r.rhoL : 0, r.rhoL};
-    w.V = {true, r.rhoV > 0 ? M(w) / r.rhoV : 0, r.rhoV};
+    w.L = {true, r.rhoL ? M(w) / *r.rhoL : 0, r.rhoL.value_or(0)};
+    w.V = {true, r.rhoV ? M(w) / *r.rhoV : 0, r.rhoV.value_or(0)};
     density_lines(w);
     state_of_phases(w);
 
-    const double h = static_cast<double>(r.h) * caloric_factor(w);
+    const double h = static_cast<double>(*r.h) * caloric_factor(w);
     w.r.numbers[29] = h;
     w.r.numbers[30] = h / w.T;
     const std::string hLabel = specific(w) ? "delta(LV)h/(kJ/kg)" : "delta(LV)h/(kJ/kmol)";
@@ -396,8 +396,8 @@ void vaporisation(Work& w, bool fromT) {
                    number(h / w.T) + ")");
     if (method == 5 || method == 6) {
         list.push_back("Following compressibility factors z were used:");
-        list.push_back("z(L) = " + g7(r.zL));
-        list.push_back("z(V) = " + g7(r.zV));
+        list.push_back("z(L) = " + g7(*r.zL));
+        list.push_back("z(V) = " + g7(*r.zV));
         list.push_back("z(V) by using " +
                        trimmed(std::string(models::eos_name(w.selection().eos))));
         list.push_back(method == 6 ? "rho_L for z_L-calculation (MATHIAS/CAILLETET/BENSON)"
@@ -406,7 +406,7 @@ void vaporisation(Work& w, bool fromT) {
     if (method != 1) {
         const auto database = vaporisation_by(w, 1);
         list.push_back("(cf. function from data base: " + hLabel + " = " +
-                       number(static_cast<double>(database.h) * caloric_factor(w)));
+                       number(static_cast<double>(*database.h) * caloric_factor(w)));
     }
 }
 

@@ -36,14 +36,14 @@ class AnswerTest : public CalcTest {
 TEST_F(AnswerTest, AMixtureHasBothPhasesAndItsVapourFraction) {
     const auto sat = models::saturation_pressure(fluid(), 310.0);
     const double M = static_cast<double>(substance.M);
-    const double v = 0.25 * sat.v[0] + 0.75 * sat.v[2];
+    const double v = 0.25 * sat->v[0] + 0.75 * sat->v[2];
     const Answer a = ask(Task::pressureOfVapour, {.T = 310, .rhoV = static_cast<float>(M / v)});
     ASSERT_TRUE(a.ok());
     EXPECT_TRUE(a.two_phase && a.mixture && a.phases.both());
     EXPECT_NEAR(a.y, 0.75, 1e-6);
-    EXPECT_DOUBLE_EQ(a.p, sat.p);
-    EXPECT_DOUBLE_EQ(a.phases.liquid->v, sat.v[0]);
-    EXPECT_DOUBLE_EQ(a.phases.vapour->rho, M / sat.v[2]);
+    EXPECT_DOUBLE_EQ(a.p, sat->p);
+    EXPECT_DOUBLE_EQ(*a.phases.liquid->v, sat->v[0]);
+    EXPECT_DOUBLE_EQ(*a.phases.vapour->rho, M / sat->v[2]);
     ASSERT_TRUE(a.functions && a.functions->liquid && a.functions->vapour);
     // Both phases of an equilibrium have one Gibbs function.
     const double gL = a.functions->liquid->z[calculation::kG];

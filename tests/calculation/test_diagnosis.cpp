@@ -95,8 +95,8 @@ TEST_F(DiagnosisTest, AreasAreEqual) {
             use_models({.eos = eos});
             const Diagnosis d = of_state(T, 600);
             const auto sat = models::saturation_pressure(fluid(), T);
-            EXPECT_DOUBLE_EQ(d.saturation_pressure, sat.p);
-            const double below = area(d.area_below, sat.p), above = area(d.area_above, sat.p);
+            EXPECT_DOUBLE_EQ(d.saturation_pressure, sat->p);
+            const double below = area(d.area_below, sat->p), above = area(d.area_above, sat->p);
             EXPECT_LT(below, 0);
             EXPECT_GT(above, 0);
             EXPECT_NEAR(-below, above, 0.02 * above);

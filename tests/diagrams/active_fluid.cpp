@@ -34,13 +34,13 @@ void ActiveFluid::set_units(int caloric, int system) {
     limits = diagrams::coordinate_defaults(basis(), limits, true);
 }
 
-models::StateValues ActiveFluid::functions(double T, double p, double v) const {
+std::optional<models::StateValues> ActiveFluid::functions(double T, double p, double v) const {
     return diagrams::CaloricFunctions(basis())(T, p, v);
 }
 
 double ActiveFluid::pressure(double T, double v) const {
     models::EosState state = models::eos_at(fluid(), T);
-    return models::pressure_from_Tv(fluid(), T, v, state).p;
+    return models::pressure_from_Tv(fluid(), T, v, state).value();
 }
 
 diagrams::DiagramRequest ActiveFluid::RequestFor(int code) const {

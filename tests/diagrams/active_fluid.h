@@ -5,6 +5,7 @@
 
 #include "diagrams/coordinates.h"
 #include "diagrams/curve.h"
+#include "diagrams/curve_frame.h"
 #include "diagrams/diagram_request.h"
 #include "diagrams/drawn.h"
 #include "diagrams/sheet_draw.h"
@@ -47,10 +48,10 @@ class ActiveFluid : public SessionTest {
     diagrams::Pen pen() const { return {basis(), options, limits}; }
 
     // What the models say of a state.
-    models::StateTP solve(double T, double p) const {
+    Result<models::StateTP, models::NoState> solve(double T, double p) const {
         return models::solve_state_tp(fluid(), T, p);
     }
-    models::StateValues functions(double T, double p, double v) const;
+    std::optional<models::StateValues> functions(double T, double p, double v) const;
     double pressure(double T, double v) const;
 
     /// Request with the default window of the diagram that shows the code.

@@ -49,7 +49,7 @@ TEST_F(Coordinates, MolarLimitsFollowTheSubstance) {
     EXPECT_EQ(d.entropy_min, -250);
     EXPECT_EQ(d.cp_min, -10);
     EXPECT_PRED2(Close, d.cp_max,
-                 2 * models::ideal_gas_cp(substance, selection.cp_form, substance.Tcrit).cp);
+                 2 * models::ideal_gas_cp(substance, selection.cp_form, substance.Tcrit).value());
     EXPECT_EQ(d.vaporisation_min, 0);
     EXPECT_EQ(d.vaporisation_max, 50000);
     EXPECT_PRED2(Close, d.T_max_residual, 1.1 * substance.Tcrit);
@@ -210,8 +210,8 @@ TEST_F(Coordinates, DatabaseWindowsAreTheValidityWidenedByATwentieth) {
     EXPECT_EQ(r.validity.high, 369);
     EXPECT_PRED2(Close, r.window.x_min, 86 - 0.05 * (369 - 86));
     EXPECT_PRED2(Close, r.window.x_max, 369 + 0.05 * (369 - 86));
-    const double low = models::density_liquid(substance, 369).rho;
-    const double high = models::density_liquid(substance, 86).rho;
+    const double low = models::density_liquid(substance, 369)->rho;
+    const double high = models::density_liquid(substance, 86)->rho;
     EXPECT_PRED2(Close, r.window.y_min, low - 0.05 * (high - low));
     EXPECT_PRED2(Close, r.window.y_max, high + 0.05 * (high - low));
 
@@ -229,18 +229,18 @@ TEST_F(Coordinates, DatabaseWindowsShowTheValuesAtBothEnds) {
         EXPECT_PRED2(Close, r.window.y_max, hi + 0.05 * (hi - lo));
     };
     const auto& s = substance;
-    contains(301, 1 / models::density_liquid(s, 217).rho, 1 / models::density_liquid(s, 303).rho);
-    contains(302, models::polynomial_cp(s.cp_polynomial, 50).cp / M(),
-             models::polynomial_cp(s.cp_polynomial, 1000).cp / M());
-    contains(303, models::polynomial_cp(s.cpL, 217).cp / M(),
-             models::polynomial_cp(s.cpL, 273).cp / M());
-    contains(304, models::polynomial_cp(s.cpS, 25).cp / M(),
-             models::polynomial_cp(s.cpS, 216).cp / M());
-    contains(307, models::vapour_pressure(s, 217, codes::vp("WAG")).p,
-             models::vapour_pressure(s, 303, codes::vp("WAG")).p);
-    contains(308, models::vapour_pressure(s, 217, codes::vp("ALP")).p,
-             models::vapour_pressure(s, 273, codes::vp("ALP")).p);
-    contains(310, models::density_solid(s, 144).rho, models::density_solid(s, 216).rho);
+    contains(301, 1 / models::density_liquid(s, 217)->rho, 1 / models::density_liquid(s, 303)->rho);
+    contains(302, models::polynomial_cp(s.cp_polynomial, 50).value() / M(),
+             models::polynomial_cp(s.cp_polynomial, 1000).value() / M());
+    contains(303, models::polynomial_cp(s.cpL, 217).value() / M(),
+             models::polynomial_cp(s.cpL, 273).value() / M());
+    contains(304, models::polynomial_cp(s.cpS, 25).value() / M(),
+             models::polynomial_cp(s.cpS, 216).value() / M());
+    contains(307, models::vapour_pressure(s, 217, codes::vp("WAG"))->p,
+             models::vapour_pressure(s, 303, codes::vp("WAG"))->p);
+    contains(308, models::vapour_pressure(s, 217, codes::vp("ALP"))->p,
+             models::vapour_pressure(s, 273, codes::vp("ALP"))->p);
+    contains(310, models::density_solid(s, 144)->rho, models::density_solid(s, 216)->rho);
 }
 
 TEST_F(Coordinates, ASinglePointDensityIsShownTenKelvinsOnEitherSide) {

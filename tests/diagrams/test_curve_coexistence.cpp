@@ -307,7 +307,7 @@ TEST_F(Coexistence, VapourPressureComesFromTheEOSOrFromTheEquation) {
     selection.eos_has_priority = false;
     const Drawn equation = Draw(9, {});
     for (const CurvePoint& point : equation.points())
-        EXPECT_NEAR(point.y / models::vapour_pressure(substance, point.x, codes::vp("WAG")).p, 1,
+        EXPECT_NEAR(point.y / models::vapour_pressure(substance, point.x, codes::vp("WAG"))->p, 1,
                     1e-5);
 }
 
@@ -320,7 +320,7 @@ TEST_F(Coexistence, LnPOverInverseTIsNearlyStraight) {
         for (const CurvePoint& point : curve.points()) {
             const double T = std::min(1 / static_cast<double>(point.x), substance.Tcrit);
             const double p =
-                byEOS ? sat_T(T).p : models::vapour_pressure(substance, T, codes::vp("WAG")).p;
+                byEOS ? sat_T(T).p : models::vapour_pressure(substance, T, codes::vp("WAG"))->p;
             if (p > 0) {
                 EXPECT_NEAR(point.y, std::log(p), 1e-5) << T;
             }
@@ -341,7 +341,7 @@ TEST_F(Coexistence, TheSlopeOfTheVapourPressureIsItsDerivative) {
     for (const CurvePoint& point : curve.points()) {
         const double x = point.x, d = 1e-4 * x;
         const auto lnp = [this](double inverse) {
-            return std::log(models::vapour_pressure(substance, 1 / inverse, codes::vp("WAG")).p);
+            return std::log(models::vapour_pressure(substance, 1 / inverse, codes::vp("WAG"))->p);
         };
         if (1 / (x - d) < substance.Tcrit) {
             EXPECT_NEAR(point.y, (lnp(x + d) - lnp(x - d)) / (2 * d), 2e-4 * std::fabs(point.y));
@@ -372,7 +372,7 @@ TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
                 fluid(),
                 {.model = codes::hlv(model), .equation = codes::vp("WAG"), .reference = {}},
                 point.x, 0);
-            EXPECT_NEAR(point.y, r.h, 2e-5 * r.h + 20) << model << " " << point.x;
+            EXPECT_NEAR(point.y, *r.h, 2e-5 * *r.h + 20) << model << " " << point.x;
             EXPECT_EQ(point.z > 0, givesPressure);
         }
     }
@@ -382,17 +382,17 @@ TEST_F(Coexistence, HeatOfVaporisationIsThatOfTheModel) {
 
 struct SaturationCode {
     int code;
-    double StateValues::*function;
+    diagrams::Function function;
 };
 
 TEST_F(Coexistence, FunctionsOverPressureAndTemperatureMatchTheirDiagrams) {
     // Each of them bounds the sections of its own diagram.
     constexpr SaturationCode kCodes[] = {
-        {70, &StateValues::h}, {71, &StateValues::s},  {72, &StateValues::cp},
-        {73, &StateValues::g}, {74, &StateValues::eH}, {75, &StateValues::eU},
-        {90, &StateValues::h}, {91, &StateValues::s},  {92, &StateValues::cp},
-        {93, &StateValues::g}, {94, &StateValues::eH}, {95, &StateValues::eU},
-        {98, &StateValues::a}, {99, &StateValues::u}};
+        {70, diagrams::Function::h}, {71, diagrams::Function::s},  {72, diagrams::Function::cp},
+        {73, diagrams::Function::g}, {74, diagrams::Function::eH}, {75, diagrams::Function::eU},
+        {90, diagrams::Function::h}, {91, diagrams::Function::s},  {92, diagrams::Function::cp},
+        {93, diagrams::Function::g}, {94, diagrams::Function::eH}, {95, diagrams::Function::eU},
+        {98, diagrams::Function::a}, {99, diagrams::Function::u}};
     activate("Propane");
     for (const auto& [code, function] : kCodes) {
         for (const double fraction : kFractions) {
@@ -400,15 +400,15 @@ TEST_F(Coexistence, FunctionsOverPressureAndTemperatureMatchTheirDiagrams) {
             EXPECT_EQ(curve.mark(), code < 90 ? -1 : -2);
             const bool overP = code < 90;
             const double critical = overP ? substance.pcrit : substance.Tcrit;
-            if (function != &StateValues::cp) {
+            if (function != diagrams::Function::cp) {
                 EXPECT_EQ(curve.first().x, static_cast<float>(critical)) << code;
             }
             for (std::size_t i = 2; i <= curve.count(); ++i) {
                 const CurvePoint& point = curve.nth(i);
                 EXPECT_LT(point.x, curve.nth(i - 1).x);
                 const Equilibrium e = overP ? sat_p(point.x) : sat_T(point.x);
-                const double L = functions(e.T, e.p, e.vL).*function;
-                const double V = functions(e.T, e.p, e.vV).*function;
+                const double L = *diagrams::value_of(functions(e.T, e.p, e.vL), function);
+                const double V = *diagrams::value_of(functions(e.T, e.p, e.vV), function);
                 EXPECT_NEAR(point.y, mixed(L, V), 1e-4 * std::fabs(mixed(L, V)) + 0.05)
                     << code << " " << point.x;
                 EXPECT_NEAR(point.z / (overP ? e.T : e.p), 1, 1e-5);
@@ -418,11 +418,11 @@ TEST_F(Coexistence, FunctionsOverPressureAndTemperatureMatchTheirDiagrams) {
 }
 
 TEST_F(Coexistence, FunctionsOverVolumeRunThroughTheCriticalPoint) {
-    constexpr SaturationCode kCodes[] = {{89, &StateValues::cv},
-                                         {97, &StateValues::a},
-                                         {100, &StateValues::u},
-                                         {101, &StateValues::s},
-                                         {102, &StateValues::eU}};
+    constexpr SaturationCode kCodes[] = {{89, diagrams::Function::cv},
+                                         {97, diagrams::Function::a},
+                                         {100, diagrams::Function::u},
+                                         {101, diagrams::Function::s},
+                                         {102, diagrams::Function::eU}};
     activate("Carbon dioxide");
     for (const auto& [code, function] : kCodes) {
         for (const double fraction : kFractions) {
@@ -436,8 +436,8 @@ TEST_F(Coexistence, FunctionsOverVolumeRunThroughTheCriticalPoint) {
             for (const CurvePoint& point : curve.points()) {
                 if (critical(point)) continue;
                 const Equilibrium e = sat_T(point.z);
-                const double L = functions(e.T, e.p, e.vL).*function;
-                const double V = functions(e.T, e.p, e.vV).*function;
+                const double L = *diagrams::value_of(functions(e.T, e.p, e.vL), function);
+                const double V = *diagrams::value_of(functions(e.T, e.p, e.vV), function);
                 EXPECT_NEAR(point.y, mixed(L, V), 1e-4 * std::fabs(mixed(L, V)) + 0.05) << code;
                 EXPECT_NEAR(point.x / mixed(e.vL, e.vV), 1, 1e-3);
                 EXPECT_LE(e.vV, 50.01 * curve.request.window.x_max);
@@ -451,11 +451,11 @@ TEST_F(Coexistence, PairsOfFunctionsCloseAtTheCriticalPointAndReachTheTriplePoin
     activate("Water");
     struct Pair {
         int code;
-        double StateValues::*x, StateValues::*y;
+        diagrams::Function x, y;
     };
-    for (const Pair& pair :
-         {Pair{96, &StateValues::h, &StateValues::eH}, Pair{120, &StateValues::s, &StateValues::h},
-          Pair{121, &StateValues::s, &StateValues::eH}}) {
+    for (const Pair& pair : {Pair{96, diagrams::Function::h, diagrams::Function::eH},
+                             Pair{120, diagrams::Function::s, diagrams::Function::h},
+                             Pair{121, diagrams::Function::s, diagrams::Function::eH}}) {
         const double scale = pair.code == 121 ? reference.Tenv : 1;
         for (const double fraction : {0.0, 1.0}) {
             const Drawn curve = dome(static_cast<std::int16_t>(pair.code), fraction);
@@ -467,10 +467,12 @@ TEST_F(Coexistence, PairsOfFunctionsCloseAtTheCriticalPointAndReachTheTriplePoin
             for (const CurvePoint& point : curve.points()) {
                 if (point.z == static_cast<float>(substance.pcrit)) continue;
                 const Equilibrium e = sat_p(point.z);
-                const StateValues L = functions(e.T, e.p, e.vL);
-                const StateValues V = functions(e.T, e.p, e.vV);
-                const double x = mixed(L.*pair.x, V.*pair.x) * scale;
-                const double y = mixed(L.*pair.y, V.*pair.y);
+                const auto L = functions(e.T, e.p, e.vL);
+                const auto V = functions(e.T, e.p, e.vV);
+                const double x =
+                    mixed(*diagrams::value_of(L, pair.x), *diagrams::value_of(V, pair.x)) * scale;
+                const double y =
+                    mixed(*diagrams::value_of(L, pair.y), *diagrams::value_of(V, pair.y));
                 EXPECT_NEAR(point.x, x, 1e-4 * std::fabs(x) + 0.05) << pair.code;
                 EXPECT_NEAR(point.y, y, 1e-4 * std::fabs(y) + 0.5) << pair.code;
             }

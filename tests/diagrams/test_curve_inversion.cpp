@@ -28,7 +28,7 @@ class Inversion : public ActiveFluid {
     /// The coefficient itself at T and the volume of the state.
     double coefficient(double T, double p, double v) {
         return models::residual_functions(fluid(), models::eos_at(fluid(), T), T, p, v)
-            .residual[models::JouleThomson];
+            ->residual[models::JouleThomson];
     }
 };
 

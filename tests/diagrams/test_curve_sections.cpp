@@ -174,7 +174,7 @@ TEST_F(Sections, ThePartialGasCurveEndsAtTheVapourPressure) {
     activate_vapour_only("Propane");
     options.partial_gas = true;
     const double T = 300;
-    const double pLV = models::vapour_pressure(substance, T, codes::vp("WAG")).p;
+    const double pLV = models::vapour_pressure(substance, T, codes::vp("WAG"))->p;
     for (const int code : {std::int16_t{2}, std::int16_t{26}}) {
         const Drawn curve = Draw(code, {.T = T});
         EXPECT_EQ(curve.last().x, static_cast<float>(pLV));
@@ -317,7 +317,7 @@ TEST_F(Sections, AnIsochoreWithTheEquationOfTheVapourPressureEndsOnIt) {
     selection.eos_has_priority = false;
     const Drawn curve = Draw(5, {.v = 2 * eosConstants.vcrit_calculated});
     EXPECT_NEAR(
-        curve.last().y / models::vapour_pressure(substance, curve.last().x, codes::vp("WAG")).p, 1,
+        curve.last().y / models::vapour_pressure(substance, curve.last().x, codes::vp("WAG"))->p, 1,
         1e-5);
 }
 

@@ -262,7 +262,7 @@ TEST_F(SheetMarks, AddsBoilingTemperaturesToTheGasPart) {
     ASSERT_EQ(lines().size(), 4U);
     EXPECT_EQ(label(3)->text, "                      T(LV) at p");
     EXPECT_EQ(label(4)->text, "                      T(LV) at normal pressure");
-    const double TLV = models::boiling_temperature(substance, 1000, selection.vapour_pressure).T;
+    const double TLV = models::boiling_temperature(substance, 1000, selection.vapour_pressure)->T;
     EXPECT_NEAR(static_cast<double>(lines()[2].x[0]), TLV, 1e-3);
 }
 

@@ -173,8 +173,8 @@ TEST_F(Surface, VolumesAreThoseOfTheStableState) {
     for (int i = 0; i < g.nx; ++i)
         for (int j = 0; j < g.ny; ++j) {
             if (hole(g, i, j)) continue;
-            const models::StateTP state = solve(g.y(j), g.x(i));
-            const double v = state.has_V ? state.vV : state.vL;
+            const auto state = solve(g.y(j), g.x(i));
+            const double v = state->has_V ? *state->vV : *state->vL;
             EXPECT_NEAR(value(g, i, j) / v, 1, 1e-5);
             EXPECT_LE(value(g, i, j), limits3D.v_max);
             ++points;
@@ -207,11 +207,10 @@ TEST_F(Surface, TemperaturesSatisfyTheEquationOrTheEquilibrium) {
 
 TEST_F(Surface, CaloricSurfacesAreDirectEvaluationsOfTheStates) {
     activate("Propane");
-    using Member = double models::StateValues::*;
+    using Member = diagrams::Function;
     const std::pair<std::int16_t, Member> kinds[] = {
-        {5, &models::StateValues::cp},  {7, &models::StateValues::h},
-        {8, &models::StateValues::s},   {9, &models::StateValues::g},
-        {10, &models::StateValues::eH}, {11, &models::StateValues::eU}};
+        {5, diagrams::Function::cp}, {7, diagrams::Function::h},   {8, diagrams::Function::s},
+        {9, diagrams::Function::g},  {10, diagrams::Function::eH}, {11, diagrams::Function::eU}};
     for (const auto& [unit, mode] : {std::pair{0, 0}, std::pair{3, 1}, std::pair{0, 2}}) {
         set_units(static_cast<std::int16_t>(unit), static_cast<std::int16_t>(mode));
         const double factor = unit == 3 ? 1 / static_cast<double>(substance.M) : 1;
@@ -222,9 +221,10 @@ TEST_F(Surface, CaloricSurfacesAreDirectEvaluationsOfTheStates) {
                     double p = g.x(i) / static_cast<double>(basis().units.p);
                     const double T = g.y(j) / static_cast<double>(basis().units.T);
                     if (p == 0) p = 0.05;
-                    const models::StateTP state = solve(T, p);
-                    const double v = state.has_V ? state.vV : state.vL;
-                    const double expected = functions(T, p, v).*member * factor;
+                    const auto state = solve(T, p);
+                    const double v = state->has_V ? *state->vV : *state->vL;
+                    const double expected =
+                        *diagrams::value_of(functions(T, p, v), member) * factor;
                     ASSERT_FALSE(hole(g, i, j)) << kind;
                     EXPECT_NEAR(value(g, i, j), expected, 1e-5 * std::fabs(expected) + 1e-3);
                 }

@@ -32,27 +32,27 @@ class FitApplication : public testing::Test {
         const auto& s = substance;
         switch (model) {
             case 4:
-                return models::vapour_pressure(s, T, codes::vp("ALP")).p;
+                return models::vapour_pressure(s, T, codes::vp("ALP"))->p;
             case 5:
             case 6:
             case 7:
-                return models::vapour_pressure(s, T, codes::vp("FRO")).p;
+                return models::vapour_pressure(s, T, codes::vp("FRO"))->p;
             case 8:
-                return models::vapour_pressure(s, T, codes::vp("WAG")).p;
+                return models::vapour_pressure(s, T, codes::vp("WAG"))->p;
             case 9:
             case 10:
             case 11:
-                return models::density_liquid(s, static_cast<float>(T)).rho;
+                return models::density_liquid(s, static_cast<float>(T))->rho;
             case 14:
             case 15:
-                return models::enthalpy_equation(s, T).h;
+                return models::enthalpy_equation(s, T).value();
             default:
                 break;
         }
-        return phase == CpPhase::Liquid ? models::polynomial_cp(s.cpL, T).cp
+        return phase == CpPhase::Liquid ? models::polynomial_cp(s.cpL, T).value()
                : phase == CpPhase::Solid
-                   ? models::polynomial_cp(s.cpS, T).cp
-                   : models::ideal_gas_cp(s, codes::cp(model == 18 ? 2 : 1), T).cp;
+                   ? models::polynomial_cp(s.cpS, T).value()
+                   : models::ideal_gas_cp(s, codes::cp(model == 18 ? 2 : 1), T).value();
     }
 
     /// Applies a fit to the substance; what is told of it, or why it was refused, is kept.

@@ -31,7 +31,7 @@ std::string sample_text(const std::string& name) {
 }
 
 std::vector<datafiles::FitPoint> xy_sample(const std::string& name) {
-    return datafiles::read_xy_text(sample_text(name), ';').points;
+    return datafiles::read_xy_text(sample_text(name), ';').data.points;
 }
 
 /// A model chosen for a substance with points as they come from an editor.

@@ -128,8 +128,8 @@ class Refrigeration : public Cycles {
 
 TEST_F(Rankine, ClosesInEveryDiagram) {
     constexpr double kLow = 100, kHigh = 3000, kSteam = 900;
-    const double boiling = models::saturation_temperature(session.fluid(), kHigh).T;
-    const double condensing = models::saturation_temperature(session.fluid(), kLow).T;
+    const double boiling = models::saturation_temperature(session.fluid(), kHigh)->T;
+    const double condensing = models::saturation_temperature(session.fluid(), kLow)->T;
     for (const std::int16_t code : {kPv, kTv, kHs, kHp}) {
         openDiagram(code, {{-1, 50}, {-100, 4000}, {250, 1000}, {-60000, 40000}, {-250, 100}});
         const std::string what = "code " + std::to_string(code);
@@ -172,8 +172,8 @@ TEST_F(Joule, ClosesInEveryDiagram) {
 }
 
 TEST_F(Refrigeration, ClosesInEveryDiagram) {
-    const double kLow = models::saturation_pressure(session.fluid(), 265).p,
-                 kHigh = models::saturation_pressure(session.fluid(), 310).p;
+    const double kLow = models::saturation_pressure(session.fluid(), 265)->p,
+                 kHigh = models::saturation_pressure(session.fluid(), 310)->p;
     for (const std::int16_t code : {kPv, kTv, kHs, kHp}) {
         openDiagram(code, {{-1, 20}, {-100, 2000}, {200, 400}, {-40000, 20000}, {-200, 100}});
         // Compressor from a little superheat, cooling, condensing, throttle, evaporator.

@@ -101,6 +101,20 @@ TEST_F(Joback, WithoutGroupsThereAreNoResults) {
     EXPECT_FALSE(drive::isEnabled("cmdApply"));
 }
 
+TEST_F(Joback, AnEstimateThatNoSubstanceCanHaveIsMarked) {
+    open(GroupFrame::Critical);
+    type(kCH3, "30");
+    user.inputAnswers.push_back("500");
+    click("cmdCalcCrit");
+    ASSERT_LT(read("txtTf").toDouble(), 0);
+    EXPECT_TRUE(read("statusZeile").startsWith("T(f) is not plausible: it is not positive."))
+        << read("statusZeile").toStdString();
+    type(kCH3, "2");
+    user.inputAnswers.push_back("184.6");
+    click("cmdCalcCrit");
+    EXPECT_FALSE(read("statusZeile").contains("plausible"));
+}
+
 TEST_F(Joback, ResultsOfOtherGroupsDoNotStay) {
     open(GroupFrame::Formation);
     typeIsopropanol();

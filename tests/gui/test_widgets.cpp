@@ -251,6 +251,29 @@ TEST_F(DesktopDialogs, ATextIsPrintedPageByPage) {
     EXPECT_GE(pages(500, std::string(160, 'x')), many) << "long lines turn the paper";
 }
 
+TEST_F(DesktopDialogs, ADrawingIsPrintedAboveItsTextAsLines) {
+    const auto printed = [this](const std::string& drawing) {
+        const std::string file = (folder() / (drawing.empty() ? "a.pdf" : "b.pdf")).string();
+        drive::when("PrintDialog", [&] {
+            drive::get<QLineEdit>("filename")->setText(QString::fromStdString(file));
+            drive::get<QDialog>("PrintDialog")->accept();
+        });
+        EXPECT_TRUE(desktop.print({.title = "Fit", .text = "A = 1\n", .drawing = drawing}));
+        std::ifstream in(file, std::ios::binary);
+        return std::string((std::istreambuf_iterator<char>(in)), {});
+    };
+    const std::string without = printed("");
+    std::string svg = "<svg xmlns='http://www.w3.org/2000/svg' width='300' height='200'>";
+    for (int i = 1; i < 200; ++i)
+        svg += "<line x1='0' y1='" + std::to_string(i) + "' x2='" +
+               std::to_string(300 - i * i % 173) + "' y2='0' stroke='black'/>";
+    const std::string with = printed(svg + "</svg>");
+    ASSERT_TRUE(without.starts_with("%PDF"));
+    ASSERT_TRUE(with.starts_with("%PDF"));
+    EXPECT_GT(with.size(), without.size() + 500) << "compressed lines";
+    EXPECT_EQ(with.find("/Subtype /Image"), std::string::npos);
+}
+
 // Of 222 characters a line the right-hand columns were cut off.
 TEST(PrintedPage, NothingOfAWideTableIsCut) {
     QStringList lines = {"Results", "Substance: Propane", ""};

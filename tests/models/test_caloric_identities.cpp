@@ -45,7 +45,7 @@ struct Fixture {
         return static_cast<double>(oracle::first_derivative(
             [&](Real x) {
                 const auto at = static_cast<double>(x);
-                return f(medium.state(at, p, volume(at, p)));
+                return f(*medium.state(at, p, volume(at, p)));
             },
             T, step_T()));
     }
@@ -53,7 +53,7 @@ struct Fixture {
         return static_cast<double>(oracle::first_derivative(
             [&](Real x) {
                 const auto at = static_cast<double>(x);
-                return f(medium.state(T, at, volume(T, at)));
+                return f(*medium.state(T, at, volume(T, at)));
             },
             p, step_p()));
     }
@@ -61,16 +61,16 @@ struct Fixture {
         return static_cast<double>(oracle::first_derivative(
             [&](Real x) {
                 const auto at = static_cast<double>(x);
-                return f(
-                    medium.state(at, static_cast<double>(oracle::pressure(medium.fluid, x, v)), v));
+                return f(*medium.state(
+                    at, static_cast<double>(oracle::pressure(medium.fluid, x, v)), v));
             },
             T, step_T_at_v()));
     }
     double slope_v(const Function& f) const {
         return static_cast<double>(oracle::first_derivative(
             [&](Real x) {
-                return f(medium.state(T, static_cast<double>(oracle::pressure(medium.fluid, T, x)),
-                                      static_cast<double>(x)));
+                return f(*medium.state(T, static_cast<double>(oracle::pressure(medium.fluid, T, x)),
+                                       static_cast<double>(x)));
             },
             v, step_v()));
     }
@@ -89,11 +89,11 @@ std::vector<Fixture> states(const Medium& medium) {
             if (v < 1.05 * b) continue;
             Fixture f{medium, T, static_cast<double>(oracle::pressure(medium.fluid, T, v)), v, 0,
                       0,      0};
-            const models::PhaseTable t = medium.residual(T, f.p, v);
-            if (!t.filled) continue;
-            f.pv = t.first[1];
-            f.p_T = t.first[2];
-            f.pvv = t.second[1];
+            const auto t = medium.residual(T, f.p, v);
+            if (!t) continue;
+            f.pv = t->first[1];
+            f.p_T = t->first[2];
+            f.pvv = t->second[1];
             const double w = v - b;
             if (-f.pv * w * w > 0.05 * 8.31451 * T && std::fabs(f.p_T) * w > 0.05 * 8.31451)
                 all.push_back(f);
@@ -104,8 +104,8 @@ std::vector<Fixture> states(const Medium& medium) {
 
 /// Every identity at one state.
 void check(const Fixture& f, const std::string& at) {
-    const StateValues z = f.medium.state(f.T, f.p, f.v);
-    ASSERT_EQ(z.status, kSuccess) << at;
+    const auto z = f.medium.state(f.T, f.p, f.v);
+    ASSERT_TRUE(z) << at;
     const double RT = 8.31451 * f.T;
     const auto near = [&](double a, double b, double size, const char* what) {
         EXPECT_NEAR(a, b, 1e-7 * std::max(std::fabs(b), size)) << what << ": " << at;
@@ -116,24 +116,24 @@ void check(const Fixture& f, const std::string& at) {
     const auto g = [](const StateValues& x) { return x.g; };
     const auto a = [](const StateValues& x) { return x.a; };
 
-    near(z.g, z.h - f.T * z.s, RT, "g = h - T s");
-    near(z.u, z.h - f.p * f.v, RT, "u = h - p v");
-    near(z.a, z.u - f.T * z.s, RT, "a = u - T s");
+    near(z->g, z->h - f.T * z->s, RT, "g = h - T s");
+    near(z->u, z->h - f.p * f.v, RT, "u = h - p v");
+    near(z->a, z->u - f.T * z->s, RT, "a = u - T s");
     near(f.slope_p(g), f.v, 1e-3 * f.v, "dg/dp = v");
-    near(f.slope_T(g), -z.s, 8.3, "dg/dT = -s");
-    near(f.slope_T(h), z.cp, 8.3, "dh/dT = cp");
-    near(f.slope_T(s), z.cp / f.T, 8.3 / f.T, "T ds/dT = cp at p");
-    near(f.slope_T_at_v(u), z.cv, 8.3, "du/dT = cv at v");
-    near(f.slope_T_at_v(a), -z.s, 8.3, "da/dT = -s at v");
+    near(f.slope_T(g), -z->s, 8.3, "dg/dT = -s");
+    near(f.slope_T(h), z->cp, 8.3, "dh/dT = cp");
+    near(f.slope_T(s), z->cp / f.T, 8.3 / f.T, "T ds/dT = cp at p");
+    near(f.slope_T_at_v(u), z->cv, 8.3, "du/dT = cv at v");
+    near(f.slope_T_at_v(a), -z->s, 8.3, "da/dT = -s at v");
     near(f.slope_v(a), -f.p, RT / f.v, "da/dv = -p");
     near(f.slope_v(s), f.p_T, 8.3 / f.v, "ds/dv = dp/dT");
-    near(f.slope_p(h), -z.cp * z.table.residual[models::JouleThomson], f.v, "dh/dp = -cp mu");
+    near(f.slope_p(h), -z->cp * z->table.residual[models::JouleThomson], f.v, "dh/dp = -cp mu");
 
     // Along the isentrope dv and dT are tied by s_T dT + s_v dv = 0.
     const double slope = f.pv - f.p_T * f.slope_v(s) / f.slope_T_at_v(s);
     const double M = static_cast<double>(f.medium.fluid.substance().M);
-    if (slope < 0 && z.cv > 1)
-        near(z.w, f.v * std::sqrt(-slope * 1000 / M), 0, "w^2 = dp/drho at s");
+    if (slope < 0 && z->cv > 1)
+        near(z->w, f.v * std::sqrt(-slope * 1000 / M), 0, "w^2 = dp/drho at s");
 }
 
 TEST(CaloricIdentities, HoldForEverySubstanceAndModel) {
@@ -141,9 +141,8 @@ TEST(CaloricIdentities, HoldForEverySubstanceAndModel) {
     const auto sweep = [&](const models::Fluid& fluid, const std::string& name) {
         const Medium medium(fluid);
         for (const Fixture& f : states(medium)) {
-            const models::CpResult cp =
-                models::ideal_gas_cp(fluid.substance(), fluid.models().cp_form, f.T);
-            if (cp.status != kSuccess || cp.cp < 8.5) continue;
+            const auto cp = models::ideal_gas_cp(fluid.substance(), fluid.models().cp_form, f.T);
+            if (!cp || *cp < 8.5) continue;
             ++checked;
             check(f, name + ", T " + std::to_string(f.T) + ", v " + std::to_string(f.v));
             if (testing::Test::HasFailure()) return;

@@ -45,8 +45,12 @@ Medium medium_of(const json& in, const std::string& key) {
         reference_of(static_cast<std::int16_t>(mode)));
 }
 
-void expect_state(const models::StateValues& z, const json& e, const std::string& id) {
-    EXPECT_EQ(z.status, e.at("status")) << id;
+/// Where the values are missing the reference has zeros.
+void expect_state(const std::optional<models::StateValues>& found, const json& e,
+                  const std::string& id) {
+    EXPECT_EQ(found && found->exergies ? 0 : -1, e.at("status")) << id;
+    const models::StateValues z = found.value_or(models::StateValues{});
+    const models::Exergies exergies = z.exergies.value_or(models::Exergies{});
     // The residual parts carry the rounding of the volume root; 1E-7 kJ/kmol is 1E-9 of R T/2.
     constexpr double kEnergy = 1e-6, kEntropy = 1e-9;
     near(z.h, e.at("h"), 1e-9, kEnergy, id + " h");
@@ -57,8 +61,8 @@ void expect_state(const models::StateValues& z, const json& e, const std::string
     near(z.cp, e.at("cp"), 1e-9, 0, id + " cp");
     near(z.cv, e.at("cv"), 1e-9, 0, id + " cv");
     near(z.w, e.at("w"), 1e-9, 0, id + " w");
-    near(z.eH, e.at("eH"), 1e-9, kEnergy, id + " eH");
-    near(z.eU, e.at("eU"), 1e-9, kEnergy, id + " eU");
+    near(exergies.H, e.at("eH"), 1e-9, kEnergy, id + " eH");
+    near(exergies.U, e.at("eU"), 1e-9, kEnergy, id + " eU");
 }
 
 TEST(CaloricReference, DerivativesAndResidualFunctions) {
@@ -69,17 +73,17 @@ TEST(CaloricReference, DerivativesAndResidualFunctions) {
         const std::string id = c.at("id");
         const Medium medium(reference::fluid(in));
         const double p = in.at("p"), v = in.at("v"), T = in.at("T");
-        const models::PhaseTable t = medium.residual(T, p, v);
-        ASSERT_TRUE(t.filled) << id;
+        const auto t = medium.residual(T, p, v);
+        ASSERT_TRUE(t) << id;
         const json& e = c.at("expected").at("tables");
         for (std::size_t i = 1; i <= 6; ++i)
-            near(t.first[i], e.at("first").at(i - 1), 1e-9, 0, id + " d" + std::to_string(i));
-        near(t.second[1], e.at("d2pdV2"), 1e-9, 0, id + " d2p/dV2");
+            near(t->first[i], e.at("first").at(i - 1), 1e-9, 0, id + " d" + std::to_string(i));
+        near(t->second[1], e.at("d2pdV2"), 1e-9, 0, id + " d2p/dV2");
         // For the ideal gas these two are the rounding of a zero.
-        near(t.second[2], e.at("d2VdT2"), 1e-9, 1e-13 * v / (T * T), id + " d2V/dT2");
-        near(t.second[3], e.at("d2TdV2"), 1e-9, 1e-13 * T / (v * v), id + " d2T/dV2");
+        near(t->second[2], e.at("d2VdT2"), 1e-9, 1e-13 * v / (T * T), id + " d2V/dT2");
+        near(t->second[3], e.at("d2TdV2"), 1e-9, 1e-13 * T / (v * v), id + " d2T/dV2");
         for (std::size_t i = 0; i <= 10; ++i)
-            near(t.residual[i], e.at("residual").at(i), 1e-9, 0, id + " r" + std::to_string(i));
+            near(t->residual[i], e.at("residual").at(i), 1e-9, 0, id + " r" + std::to_string(i));
     }
 }
 
@@ -88,8 +92,7 @@ TEST(CaloricReference, StatesInEveryReferenceModeAndCpForm) {
         const json& in = c.at("inputs");
         const std::string id = c.at("id");
         for (const auto& [key, expected] : c.at("expected").at("state").items()) {
-            const models::StateValues z =
-                medium_of(in, key).state(in.at("T"), in.at("p"), in.at("v"));
+            const auto z = medium_of(in, key).state(in.at("T"), in.at("p"), in.at("v"));
             expect_state(z, expected, id + " " + key);
         }
     }
@@ -101,11 +104,11 @@ TEST(CaloricReference, IdealGas) {
         const json& e = c.at("expected");
         const std::string id = c.at("id");
         const Medium medium(reference::fluid(in), reference_of(in.at("RefMode")));
-        const models::IdealGasState z = medium.ideal(in.at("T"), in.at("p"));
-        EXPECT_EQ(z.status, e.at("status")) << id;
-        near(z.cp, e.at("cp"), 1e-9, 0, id);
-        near(z.h, e.at("h"), 1e-9, 1e-10, id);
-        near(z.s, e.at("s"), 1e-9, 0, id);
+        const auto z = medium.ideal(in.at("T"), in.at("p"));
+        EXPECT_EQ((z ? 0 : -1), e.at("status")) << id;
+        near(z->cp, e.at("cp"), 1e-9, 0, id);
+        near(z->h, e.at("h"), 1e-9, 1e-10, id);
+        near(z->s, e.at("s"), 1e-9, 0, id);
     }
 }
 
@@ -115,16 +118,16 @@ TEST(CaloricReference, BothPhasesAtSaturation) {
         const json& e = c.at("expected");
         const std::string id = c.at("id");
         const Medium medium(reference::fluid(in));
-        const models::SaturationValues z = medium.saturation(in.at("T"));
-        EXPECT_EQ(z.status, e.at("status")) << id;
-        near(z.p, e.at("p"), 1e-9, 0, id);
-        near(z.vV, e.at("vV"), 1e-9, 0, id);
-        near(z.vL, e.at("vL"), 1e-9, 0, id);
+        const auto z = medium.saturation(in.at("T"));
+        EXPECT_EQ((z ? 0 : -1), e.at("status")) << id;
+        near(z->p, e.at("p"), 1e-9, 0, id);
+        near(z->vV, e.at("vV"), 1e-9, 0, id);
+        near(z->vL, e.at("vL"), 1e-9, 0, id);
         // At the critical point (dp/dV)T is the rounding of a zero; whatever divides by it has no
         // digits. `CriticalPoint` tests that state against closed forms.
         if (in.at("T") == medium.Tcrit()) continue;
-        expect_state(z.V, e.at("V"), id + " V");
-        expect_state(z.L, e.at("L"), id + " L");
+        expect_state(z->V, e.at("V"), id + " V");
+        expect_state(z->L, e.at("L"), id + " L");
     }
 }
 
@@ -133,25 +136,27 @@ TEST(CaloricReference, LiquidAndSolidDensities) {
         const json& in = c.at("inputs");
         const json& e = c.at("expected");
         const models::SubstanceRecord propane = fluids::ReferencePropane();
-        const models::DensityResult L = models::density_liquid(propane, in.at("T"));
-        EXPECT_EQ(L.status, e.at("status")) << c.at("id");
-        near(L.rho, e.at("rhoL"), 1e-9, 0, c.at("id"));
-        near(models::density_solid(propane, in.at("T")).rho, e.at("rhoS"), 1e-9, 0, c.at("id"));
+        const auto L = models::density_liquid(propane, in.at("T"));
+        const bool failed = !L && L.failure() == models::NoDensity::impossible;
+        EXPECT_EQ(failed ? -1 : 0, e.at("status")) << c.at("id");
+        near(L ? L->rho : 0, e.at("rhoL"), 1e-9, 0, c.at("id"));
+        const auto S = models::density_solid(propane, in.at("T"));
+        near(S ? S->rho : 0, e.at("rhoS"), 1e-9, 0, c.at("id"));
     }
 }
 
-void expect_vaporisation(const models::EnthalpyOfVaporisationResult& r, const json& e,
-                         double relative, const std::string& id) {
-    EXPECT_EQ(r.status, e.at("status")) << id;
+void expect_vaporisation(const models::Vaporisation& r, const json& e, double relative,
+                         const std::string& id) {
+    EXPECT_EQ(r.h ? 0 : -1, e.at("status")) << id;
     EXPECT_EQ(r.explanation, e.at("explanation").get<std::string>()) << id;
     near(r.raw, e.at("hraw"), relative, 0, id + " h");
     if (relative < 1e-6) {
-        EXPECT_EQ(r.h, e.at("h")) << id;
+        EXPECT_EQ(r.h.value_or(0), e.at("h")) << id;
     }
     for (const auto& [key, value] :
          {std::pair{"p", r.p}, std::pair{"T", r.T}, std::pair{"zV", r.zV}, std::pair{"zL", r.zL},
           std::pair{"rhoV", r.rhoV}, std::pair{"rhoL", r.rhoL}})
-        if (e.contains(key)) near(value, e.at(key), relative, 0, id + " " + key);
+        if (e.contains(key)) near(value.value_or(0), e.at(key), relative, 0, id + " " + key);
 }
 
 TEST(CaloricReference, EnthalpiesOfVaporisation) {
@@ -166,12 +171,14 @@ TEST(CaloricReference, EnthalpiesOfVaporisation) {
             codes::hlv(in.at("method")), codes::vp(code), {b.at(0), b.at(1), b.at(2), b.at(3)}};
         // KFR is implicit in p and solved to 1E-4; its inverse likewise.
         const double relative = code == "KFR" ? 2e-4 : 1e-9;
-        expect_vaporisation(models::enthalpy_of_vaporisation(fluid, method, in.at("T"), 0),
-                            c.at("expected"), relative, id);
+        expect_vaporisation(
+            models::enthalpy_of_vaporisation(fluid, method, in.at("T").get<double>(), {}),
+            c.at("expected"), relative, id);
         if (c.contains("fromP")) {
-            expect_vaporisation(
-                models::enthalpy_of_vaporisation(fluid, method, 0, c.at("fromP").at("p")),
-                c.at("fromP").at("expected"), std::max(relative, 1e-7), id + " from p");
+            expect_vaporisation(models::enthalpy_of_vaporisation(
+                                    fluid, method, {}, c.at("fromP").at("p").get<double>()),
+                                c.at("fromP").at("expected"), std::max(relative, 1e-7),
+                                id + " from p");
         }
     }
 }

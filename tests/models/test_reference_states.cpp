@@ -61,9 +61,9 @@ TEST(ReferenceValues, PressureAtTAndV) {
     for (const json& c : reference::Cases("PressureFromTV")) {
         const json& in = c.at("inputs");
         const models::Fluid fluid = reference::fluid(in);
-        const models::PressureResult r = models::pressure_from_Tv(fluid, in.at("T"), in.at("v"));
-        EXPECT_EQ(r.status, c.at("expected").at("status")) << c.at("id");
-        near(r.p, c.at("expected").at("p"), 1e-9, c.at("id"));
+        const auto r = models::pressure_from_Tv(fluid, in.at("T"), in.at("v"));
+        EXPECT_EQ((r ? 0 : -1), c.at("expected").at("status")) << c.at("id");
+        near(*r, c.at("expected").at("p"), 1e-9, c.at("id"));
     }
 }
 
@@ -73,28 +73,27 @@ TEST(ReferenceValues, StatesAtTAndP) {
         const json& e = c.at("expected");
         const std::string id = c.at("id");
         const models::Fluid fluid = reference::fluid(in);
-        const models::StateTP r = models::solve_state_tp(fluid, in.at("T"), in.at("p"));
+        const auto r = models::solve_state_tp(fluid, in.at("T"), in.at("p"));
         if (e.at("vV") < 0.0) {
             // A volume below zero has no physical sense: the system reports it as a failure.
-            EXPECT_EQ(r.status, kFailure) << id;
-            EXPECT_FALSE(r.has_V) << id;
+            EXPECT_FALSE(r) << id;
             continue;
         }
-        EXPECT_EQ(r.status, e.at("status")) << id;
-        EXPECT_EQ(r.text, e.at("text").get<std::string>()) << id;
-        EXPECT_EQ(r.has_L, e.at("hasL") != 0) << id;
-        EXPECT_EQ(r.has_V, e.at("hasV") != 0) << id;
-        EXPECT_EQ(r.root_count, e.at("nRoots")) << id;
+        EXPECT_EQ((r ? 0 : -1), e.at("status")) << id;
+        EXPECT_EQ(r->text, e.at("text").get<std::string>()) << id;
+        EXPECT_EQ(r->has_L, e.at("hasL") != 0) << id;
+        EXPECT_EQ(r->has_V, e.at("hasV") != 0) << id;
+        EXPECT_EQ(r->root_count, e.at("nRoots")) << id;
         if (e.contains("PhaseRegion") && !e.at("PhaseRegion").is_null()) {
-            EXPECT_EQ(r.region, e.at("PhaseRegion")) << id;
+            EXPECT_EQ(r->region, e.at("PhaseRegion")) << id;
         }
-        near(r.rhoV, e.at("rhoV"), 1e-9, id);
-        near(r.rhoL, e.at("rhoL"), 1e-9, id);
-        near(r.vV, e.at("vV"), 1e-9, id);
-        near(r.vL, e.at("vL"), 1e-9, id);
-        near(r.area_ratio, e.value("areaRatio", json()), 1e-7, id);
-        near(r.area_V, e.value("areaV", json()), 1e-8, id);
-        near(r.area_L, e.value("areaL", json()), 1e-8, id);
+        near(r->rhoV.value_or(0), e.at("rhoV"), 1e-9, id);
+        near(r->rhoL.value_or(0), e.at("rhoL"), 1e-9, id);
+        near(r->vV.value_or(0), e.at("vV"), 1e-9, id);
+        near(r->vL.value_or(0), e.at("vL"), 1e-9, id);
+        near(r->areas.ratio, e.value("areaRatio", json()), 1e-7, id);
+        near(r->areas.V, e.value("areaV", json()), 1e-8, id);
+        near(r->areas.L, e.value("areaL", json()), 1e-8, id);
     }
 }
 
@@ -104,13 +103,13 @@ TEST(ReferenceValues, SaturationPressures) {
         const json& e = c.at("expected");
         const std::string id = c.at("id");
         const models::Fluid fluid = reference::fluid(in);
-        const models::Saturation r = models::saturation_pressure(fluid, in.at("T"));
-        EXPECT_EQ(r.status, e.at("status")) << id;
-        near(r.p, e.at("p"), c.value("tolRel", 1e-9), id);
-        if (!r.fallback && e.contains("rounds")) {
-            EXPECT_EQ(r.rounds, e.at("rounds")) << id;
+        const auto r = models::saturation_pressure(fluid, in.at("T"));
+        EXPECT_EQ((r ? 0 : -1), e.at("status")) << id;
+        near(r->p, e.at("p"), c.value("tolRel", 1e-9), id);
+        if (!r->fallback && e.contains("rounds")) {
+            EXPECT_EQ(r->rounds, e.at("rounds")) << id;
             // Only rounding differs, which the last secant step can magnify.
-            near(r.p, e.at("p"), 1e-7, id + " by the same road");
+            near(r->p, e.at("p"), 1e-7, id + " by the same road");
         }
     }
 }
@@ -121,12 +120,11 @@ TEST(ReferenceValues, SaturationTemperatures) {
         const json& e = c.at("expected");
         const std::string id = c.at("id");
         const models::Fluid fluid = reference::fluid(in);
-        const models::Saturation r =
-            models::saturation_temperature(fluid, in.at("p"), in.value("Tstart", 0.0));
-        EXPECT_EQ(r.status, e.at("status")) << id;
-        near(r.T, e.at("T"), c.value("tolRel", 1e-9), id);
-        if (!r.fallback && e.contains("rounds")) {
-            EXPECT_EQ(r.rounds, e.at("rounds")) << id;
+        const auto r = models::saturation_temperature(fluid, in.at("p"), in.value("Tstart", 0.0));
+        EXPECT_EQ((r ? 0 : -1), e.at("status")) << id;
+        near(r->T, e.at("T"), c.value("tolRel", 1e-9), id);
+        if (!r->fallback && e.contains("rounds")) {
+            EXPECT_EQ(r->rounds, e.at("rounds")) << id;
         }
     }
 }
@@ -137,15 +135,15 @@ TEST(ReferenceValues, TemperaturesFromPressureAndDensity) {
         const json& e = c.at("expected");
         const std::string id = c.at("id");
         const models::Fluid fluid = reference::fluid(in);
-        const models::TemperatureResult r =
-            models::temperature_from_p_rho(fluid, in.at("p"), in.at("rho"), false);
-        EXPECT_EQ(r.status, e.at("status")) << id;
-        near(r.T, e.at("T"), 1e-6, id);
+        const auto r = models::temperature_from_p_rho(fluid, in.at("p"), in.at("rho"), false);
+        // Where the reference has found that there is no T it has 0.
+        EXPECT_EQ(r.has_value(), e.at("status") == 0 && e.at("T") != 0) << id;
+        near(r.value_or(0), e.at("T"), 1e-6, id);
         if (!e.contains("T_singlePhase")) continue;
-        const models::TemperatureResult single =
-            models::temperature_from_p_rho(fluid, in.at("p"), in.at("rho"), true);
-        EXPECT_EQ(single.status, e.at("status_singlePhase")) << id;
-        near(single.T, e.at("T_singlePhase"), 1e-7, id);
+        const auto single = models::temperature_from_p_rho(fluid, in.at("p"), in.at("rho"), true);
+        EXPECT_EQ(single.has_value(), e.at("status_singlePhase") == 0 && e.at("T_singlePhase") != 0)
+            << id;
+        near(single.value_or(0), e.at("T_singlePhase"), 1e-7, id);
     }
 }
 
@@ -168,24 +166,21 @@ TEST(ReferenceValues, VapourPressures) {
         const std::string id = c.at("id"), code = in.at("code");
         const auto equation = codes::vp(code);
         const bool implicit = code == "FRO" || code == "KFW" || code == "KFR";
-        const models::VapourPressureResult r =
-            models::vapour_pressure(propane, in.at("T"), equation);
-        EXPECT_EQ(r.status, e.at("status")) << id;
-        near(r.p, e.at("p"), implicit ? 1e-4 : 1e-9, id);
+        const auto r = models::vapour_pressure(propane, in.at("T"), equation);
+        EXPECT_EQ((r ? 0 : -1), e.at("status")) << id;
+        near(r->p, e.at("p"), implicit ? 1e-4 : 1e-9, id);
         if (e.contains("deviation")) {
-            EXPECT_EQ(r.deviation, e.at("deviation")) << id;
+            EXPECT_EQ(r->deviation, e.at("deviation")) << id;
         }
-        const models::SlopeResult slope =
-            models::vapour_pressure_slope(propane, in.at("T"), equation);
+        const auto slope = models::vapour_pressure_slope(propane, in.at("T"), equation);
         if (e.contains("slopeStatus")) {
-            EXPECT_EQ(slope.status, e.at("slopeStatus")) << id;
+            EXPECT_EQ((slope ? 0 : -1), e.at("slopeStatus")) << id;
         }
-        if (e.contains("slope")) near(slope.slope, e.at("slope"), implicit ? 1e-4 : 1e-9, id);
+        if (e.contains("slope")) near(*slope, e.at("slope"), implicit ? 1e-4 : 1e-9, id);
         if (e.contains("T_of_p") && !e.at("T_of_p").is_null() && e.at("status") == 0) {
-            const models::BoilingTemperatureResult T =
-                models::boiling_temperature(propane, e.at("p"), equation);
-            EXPECT_EQ(T.status, e.at("T_status")) << id;
-            near(T.T, e.at("T_of_p"), 1e-7, id);
+            const auto T = models::boiling_temperature(propane, e.at("p"), equation);
+            EXPECT_EQ((T ? 0 : -1), e.at("T_status")) << id;
+            near(T ? T->T : 0, e.at("T_of_p"), 1e-7, id);
         }
     }
 }
@@ -194,11 +189,11 @@ TEST(ReferenceValues, BoilingTemperatures) {
     const models::SubstanceRecord propane = fluids::ReferencePropane();
     for (const json& c : reference::Cases("BoilingTemperature")) {
         const json& in = c.at("inputs");
-        const models::BoilingTemperatureResult r = models::boiling_temperature(
-            propane, in.at("p"), codes::vp(in.at("code").get<std::string>()));
-        EXPECT_EQ(r.status, c.at("expected").at("status")) << c.at("id");
-        near(r.T, c.at("expected").at("T"), 1e-7, c.at("id"));
-        EXPECT_EQ(r.deviation, c.at("expected").at("deviation")) << c.at("id");
+        const auto r = models::boiling_temperature(propane, in.at("p"),
+                                                   codes::vp(in.at("code").get<std::string>()));
+        EXPECT_EQ((r ? 0 : -1), c.at("expected").at("status")) << c.at("id");
+        near(r->T, c.at("expected").at("T"), 1e-7, c.at("id"));
+        EXPECT_EQ(r->deviation, c.at("expected").at("deviation")) << c.at("id");
     }
 }
 

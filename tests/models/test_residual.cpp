@@ -99,9 +99,9 @@ void for_states(const models::Fluid& fluid, const std::string& name, Test test) 
             const State s = state_at(fluid, T, v);
             if (!s.away_from_poles()) continue;
             const std::string at = name + ", Tr " + std::to_string(Tr) + ", v " + std::to_string(v);
-            const PhaseTable t = medium.residual(T, static_cast<double>(s.p), v);
-            ASSERT_TRUE(t.filled) << at;
-            test(s, t, at);
+            const auto t = medium.residual(T, static_cast<double>(s.p), v);
+            ASSERT_TRUE(t) << at;
+            test(s, *t, at);
         }
     }
 }
@@ -183,7 +183,7 @@ TEST(Residual, FurtherColumnsFollowFromTheirDefinitions) {
                 expect(f[models::ResG], T * f[0], 1e-3 * T);
                 expect(f[models::ResCp], -T * (2 * f[1] + T * f[2]), 1e-2);
                 const double ideal =
-                    models::ideal_gas_cp(fluid.substance(), fluid.models().cp_form, T).cp;
+                    models::ideal_gas_cp(fluid.substance(), fluid.models().cp_form, T).value_or(0);
                 if (!(ideal > 0)) return;
                 ++states;
                 expect(f[models::Cp], ideal + R * f[models::ResCp], R);
@@ -215,32 +215,32 @@ TEST(Residual, ManualVirialFormKeepsThePowerLawSlopes) {
     const double B = 0.2 - 3.0 / std::sqrt(T);
     const double b1 = 3 * 0.2 * T * T, b2 = 6 * 0.2 * T;
     const double v = 5, p = R * T / (v - B);
-    const PhaseTable t = propane.residual(T, p, v);
-    ASSERT_TRUE(t.filled);
-    EXPECT_NEAR(t.residual[models::LnPhi], B * p / (R * T), 1e-12);
-    EXPECT_NEAR(t.residual[models::DLnPhi], p / (R * T) * (b1 - B / T), 1e-8);
-    EXPECT_NEAR(t.residual[models::D2LnPhi], p / (R * T) / T * (T * b2 - 2 * (b1 - B / T)), 1e-9);
-    EXPECT_NEAR(t.first[2], R / (v - B) + R * T / ((v - B) * (v - B)) * b1, 1e-4);
+    const auto t = propane.residual(T, p, v);
+    ASSERT_TRUE(t);
+    EXPECT_NEAR(t->residual[models::LnPhi], B * p / (R * T), 1e-12);
+    EXPECT_NEAR(t->residual[models::DLnPhi], p / (R * T) * (b1 - B / T), 1e-8);
+    EXPECT_NEAR(t->residual[models::D2LnPhi], p / (R * T) / T * (T * b2 - 2 * (b1 - B / T)), 1e-9);
+    EXPECT_NEAR(t->first[2], R / (v - B) + R * T / ((v - B) * (v - B)) * b1, 1e-4);
 }
 
 TEST(Residual, ManualVirialFormThatOverflowsHasNoState) {
     const Medium propane(manual_propane({.b0 = 0.2, .b1 = 300, .b2 = 1}));
-    EXPECT_FALSE(propane.residual(400, 500, 7).filled);
-    EXPECT_EQ(propane.state(400, 500, 7).status, kFailure);
+    EXPECT_FALSE(propane.residual(400, 500, 7));
+    EXPECT_FALSE(propane.state(400, 500, 7));
 }
 
 TEST(Residual, IdealGasHasNoResidualPart) {
     const Medium nitrogen(fluids::fluid("Nitrogen", Eos::idealGas));
     const double T = 320, p = 250, v = 8.31451 * T / p;
-    const PhaseTable t = nitrogen.residual(T, p, v);
-    ASSERT_TRUE(t.filled);
+    const auto t = nitrogen.residual(T, p, v);
+    ASSERT_TRUE(t);
     for (int column = models::LnPhi; column <= models::JouleThomson; ++column)
-        EXPECT_EQ(t.residual[static_cast<std::size_t>(column)], 0.0) << column;
+        EXPECT_EQ(t->residual[static_cast<std::size_t>(column)], 0.0) << column;
     const double cp = nitrogen.cp(T);
-    EXPECT_DOUBLE_EQ(t.residual[models::Cp], cp);
-    EXPECT_DOUBLE_EQ(t.residual[models::Cv], cp - 8.31451);
+    EXPECT_DOUBLE_EQ(t->residual[models::Cp], cp);
+    EXPECT_DOUBLE_EQ(t->residual[models::Cv], cp - 8.31451);
     const double M = static_cast<double>(nitrogen.fluid.substance().M);
-    EXPECT_NEAR(t.residual[models::SpeedOfSound],
+    EXPECT_NEAR(t->residual[models::SpeedOfSound],
                 std::sqrt(cp / (cp - 8.31451) * 8.31451 * T * 1000 / M), 1e-9);
 }
 
@@ -251,11 +251,11 @@ TEST(Residual, CubicFormsApproachTheirVirialFormAtLowPressure) {
         const models::EosState s = models::eos_at(fluid, T);
         const double RT = 8.31451 * T, B = s.b - s.a / RT;
         const double v = 1e5 * s.b, p = models::cubic_pressure(s, T, v);
-        const PhaseTable t = models::residual_functions(fluid, s, T, p, v);
-        ASSERT_TRUE(t.filled) << name;
+        const auto t = models::residual_functions(fluid, s, T, p, v);
+        ASSERT_TRUE(t) << name;
         const double size = std::fabs(s.b * p / RT);
-        EXPECT_NEAR(t.residual[models::LnPhi], B * p / RT, 1e-3 * size) << name;
-        EXPECT_NEAR(t.first[4], 8.31451 / p, 1e-3 * 8.31451 / p) << name;
+        EXPECT_NEAR(t->residual[models::LnPhi], B * p / RT, 1e-3 * size) << name;
+        EXPECT_NEAR(t->first[4], 8.31451 / p, 1e-3 * 8.31451 / p) << name;
     });
 }
 
@@ -264,16 +264,16 @@ TEST(Residual, CubicFormsApproachTheirVirialFormAtLowPressure) {
 TEST(Residual, QuotientsOfVanishingDerivativesAreLeftOut) {
     const Medium methane(fluids::fluid("Methane", Eos::pengRobinson));
     const double T = 300, v = 1e9, p = 8.31451 * T / v;
-    const PhaseTable t = methane.residual(T, p, v);
-    ASSERT_TRUE(t.filled);
-    EXPECT_LT(std::fabs(t.first[1]), 1e-11);
-    EXPECT_EQ(t.first[3], 0);
-    EXPECT_EQ(t.first[4], 0);
-    EXPECT_EQ(t.first[5], 0);
-    EXPECT_EQ(t.second[2], 0);
+    const auto t = methane.residual(T, p, v);
+    ASSERT_TRUE(t);
+    EXPECT_LT(std::fabs(t->first[1]), 1e-11);
+    EXPECT_EQ(t->first[3], 0);
+    EXPECT_EQ(t->first[4], 0);
+    EXPECT_EQ(t->first[5], 0);
+    EXPECT_EQ(t->second[2], 0);
     const double cp = methane.cp(T);
-    EXPECT_NEAR(t.residual[models::Cp], cp, 1e-7);
-    EXPECT_NEAR(t.residual[models::Cv], cp - 8.31451, 1e-7);
+    EXPECT_NEAR(t->residual[models::Cp], cp, 1e-7);
+    EXPECT_NEAR(t->residual[models::Cv], cp - 8.31451, 1e-7);
 }
 
 TEST(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
@@ -283,10 +283,7 @@ TEST(Residual, NoStateWithoutPositiveTemperaturePressureAndFreeVolume) {
                                   std::array{300.0, 100.0, b * (1 + 1e-17)},
                                   std::array{300.0, 0.0, 20.0}, std::array{300.0, -5.0, 0.1},
                                   std::array{0.0, 100.0, 20.0}, std::array{-1.0, 100.0, 20.0}}) {
-        const PhaseTable t = propane.residual(T, p, v);
-        EXPECT_FALSE(t.filled) << T << " " << p << " " << v;
-        for (const double x : t.residual) EXPECT_EQ(x, 0);
-        for (const double x : t.first) EXPECT_EQ(x, 0);
+        EXPECT_FALSE(propane.residual(T, p, v)) << T << " " << p << " " << v;
     }
 }
 
@@ -294,22 +291,22 @@ TEST(Residual, WithoutCpFormTheResidualColumnsRemain) {
     const Medium propane(fluids::changed(
         fluids::fluid("Propane", Eos::pengRobinson),
         [](auto&, models::ModelSelection& m) { m.cp_form = models::CpForm::none; }));
-    const PhaseTable t = propane.residual(300, 100, 24);
-    ASSERT_TRUE(t.filled);
-    EXPECT_NE(t.residual[models::ResCp], 0);
-    EXPECT_EQ(t.residual[models::JouleThomson], 0);
-    EXPECT_EQ(t.residual[models::Cv], 0);
-    EXPECT_EQ(t.residual[models::Cp], 0);
-    EXPECT_EQ(t.residual[models::SpeedOfSound], 0);
+    const auto t = propane.residual(300, 100, 24);
+    ASSERT_TRUE(t);
+    EXPECT_NE(t->residual[models::ResCp], 0);
+    EXPECT_EQ(t->residual[models::JouleThomson], 0);
+    EXPECT_EQ(t->residual[models::Cv], 0);
+    EXPECT_EQ(t->residual[models::Cp], 0);
+    EXPECT_EQ(t->residual[models::SpeedOfSound], 0);
 }
 
 TEST(Residual, WithoutMolarMassThereIsNoSpeedOfSound) {
     const Medium propane(fluids::changed(fluids::fluid("Propane", Eos::pengRobinson),
                                          [](models::SubstanceRecord& s, auto&) { s.M = 0; }));
-    const PhaseTable t = propane.residual(300, 100, 24);
-    ASSERT_TRUE(t.filled);
-    EXPECT_GT(t.residual[models::Cp], 0);
-    EXPECT_EQ(t.residual[models::SpeedOfSound], 0);
+    const auto t = propane.residual(300, 100, 24);
+    ASSERT_TRUE(t);
+    EXPECT_GT(t->residual[models::Cp], 0);
+    EXPECT_EQ(t->residual[models::SpeedOfSound], 0);
 }
 
 /// At the critical point of the equation (dp/dV)T is 0: cp has a pole and is left out, all else
@@ -318,20 +315,20 @@ TEST(Residual, CriticalPointOfVanDerWaalsHasItsLimits) {
     const Medium propane(fluids::fluid("Propane", Eos::vanDerWaals));
     const double T = propane.Tcrit(), p = propane.fluid.substance().pcrit, R = 8.31451;
     const double v = propane.fluid.eos().vcrit_calculated, a = propane.fluid.eos().a0;
-    const PhaseTable t = propane.residual(T, p, v);
-    ASSERT_TRUE(t.filled);
-    EXPECT_NEAR(t.residual[models::LnPhi],
+    const auto t = propane.residual(T, p, v);
+    ASSERT_TRUE(t);
+    EXPECT_NEAR(t->residual[models::LnPhi],
                 3.0 / 8 - 1 - 9.0 / 8 - std::log(3.0 / 8) + std::log(1.5), 1e-12);
-    EXPECT_NEAR(R * t.residual[models::ResH], p * v - R * T - a / v, 1e-8 * a / v);
-    EXPECT_NEAR(t.residual[models::Cv], propane.cp(T) - R, 1e-9);
-    EXPECT_NEAR(t.residual[models::JouleThomson], (v - v / 3) / R, 1e-9);
-    EXPECT_EQ(t.residual[models::Cp], 0);
-    EXPECT_EQ(t.residual[models::ResCp], 0);
-    EXPECT_EQ(t.first[3], 0);
+    EXPECT_NEAR(R * t->residual[models::ResH], p * v - R * T - a / v, 1e-8 * a / v);
+    EXPECT_NEAR(t->residual[models::Cv], propane.cp(T) - R, 1e-9);
+    EXPECT_NEAR(t->residual[models::JouleThomson], (v - v / 3) / R, 1e-9);
+    EXPECT_EQ(t->residual[models::Cp], 0);
+    EXPECT_EQ(t->residual[models::ResCp], 0);
+    EXPECT_EQ(t->first[3], 0);
     // w^2 = v^2 T pT^2/(M cv)
     const double p_T = R / (v - v / 3), M = static_cast<double>(propane.fluid.substance().M);
-    EXPECT_NEAR(t.residual[models::SpeedOfSound],
-                v * p_T * std::sqrt(1000 * T / (M * t.residual[models::Cv])), 1e-6);
+    EXPECT_NEAR(t->residual[models::SpeedOfSound],
+                v * p_T * std::sqrt(1000 * T / (M * t->residual[models::Cv])), 1e-6);
 }
 
 TEST(Residual, CriticalPointsOfAllModelsHaveFiniteColumns) {
@@ -339,11 +336,11 @@ TEST(Residual, CriticalPointsOfAllModelsHaveFiniteColumns) {
         const Medium medium(fluid);
         const double T = medium.Tcrit();
         const double v = fluid.eos().vcrit_calculated;
-        const PhaseTable t = medium.residual(T, fluid.substance().pcrit, v);
-        ASSERT_TRUE(t.filled) << name;
-        EXPECT_LT(std::fabs(t.residual[models::ResH]), 10 * T) << name;
+        const auto t = medium.residual(T, fluid.substance().pcrit, v);
+        ASSERT_TRUE(t) << name;
+        EXPECT_LT(std::fabs(t->residual[models::ResH]), 10 * T) << name;
         if (medium.cp(T) > 8.31451) {
-            EXPECT_GT(t.residual[models::SpeedOfSound], 0) << name;
+            EXPECT_GT(t->residual[models::SpeedOfSound], 0) << name;
         }
     });
 }

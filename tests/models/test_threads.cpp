@@ -18,22 +18,31 @@ using models::Eos;
 /// Results of every kind over a range of temperatures.
 std::vector<double> results_of(const models::Fluid& fluid) {
     const Medium medium(fluid);
-    const double Tcrit = medium.Tcrit(), p = 0.1 * fluid.substance().pcrit;
+    const models::SubstanceRecord& substance = fluid.substance();
+    const double Tcrit = medium.Tcrit(), p = 0.1 * substance.pcrit;
     std::vector<double> all;
+    const auto keep = [&](auto... values) {
+        (all.push_back(std::optional<double>(values).value_or(0)), ...);
+    };
     for (int i = 1; i <= 60; ++i) {
         const double T = Tcrit * i / 50;
-        const models::StateTP state = models::solve_state_tp(fluid, T, p);
-        const models::StateValues values = medium.state(T, p, state.has_V ? state.vV : state.vL);
-        const models::Saturation saturation = models::saturation_pressure(fluid, T);
-        const models::EnthalpyOfVaporisationResult hLV = models::enthalpy_of_vaporisation(
-            fluid, {models::VaporisationModel::cubicEos, fluid.models().vapour_pressure, {}}, T, 0);
-        all.insert(
-            all.end(),
-            {state.vV, state.vL, values.h, values.s, values.cp, values.w, values.eH, saturation.p,
-             saturation.v[0], saturation.v[2], hLV.raw,
-             models::saturation_temperature(fluid, p * i / 60).T,
-             models::temperature_from_p_rho(fluid, p, fluid.substance().rhocrit / i, false).T,
-             models::vapour_pressure(fluid.substance(), T, fluid.models().vapour_pressure).p});
+        if (const auto state = models::solve_state_tp(fluid, T, p)) {
+            keep(state->vV, state->vL);
+            const auto v = state->has_V ? state->vV : state->vL;
+            if (const auto z = medium.state(T, p, v.value()))
+                keep(z->h, z->s, z->cp, z->w, z->exergies.value_or(models::Exergies{}).H);
+        }
+        if (const auto saturation = models::saturation_pressure(fluid, T))
+            keep(saturation->p, saturation->v[0], saturation->v[2]);
+        if (const auto saturation = models::saturation_temperature(fluid, p * i / 60))
+            keep(saturation->T);
+        keep(models::enthalpy_of_vaporisation(
+                 fluid, {models::VaporisationModel::cubicEos, fluid.models().vapour_pressure, {}},
+                 T, {})
+                 .raw,
+             models::temperature_from_p_rho(fluid, p, substance.rhocrit / i, false));
+        if (const auto vp = models::vapour_pressure(substance, T, fluid.models().vapour_pressure))
+            keep(vp->p);
     }
     return all;
 }

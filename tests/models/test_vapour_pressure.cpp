@@ -18,13 +18,13 @@ class VapourPressureEquations : public testing::Test {
     models::SubstanceRecord s = fluids::correlated_row("Propane");
 
     void take(const std::string& name) { s = fluids::correlated_row(name); }
-    models::VapourPressureResult p_at(double T, std::string_view code) const {
+    std::optional<models::VapourPressure> p_at(double T, std::string_view code) const {
         return models::vapour_pressure(s, T, codes::vp(code));
     }
-    models::BoilingTemperatureResult T_at(double p, std::string_view code) const {
+    std::optional<models::BoilingTemperature> T_at(double p, std::string_view code) const {
         return models::boiling_temperature(s, p, codes::vp(code));
     }
-    models::SlopeResult slope_at(double T, std::string_view code) const {
+    std::optional<double> slope_at(double T, std::string_view code) const {
         return models::vapour_pressure_slope(s, T, codes::vp(code));
     }
     /// Sets present in the record, by code.
@@ -41,18 +41,18 @@ class VapourPressureEquations : public testing::Test {
 TEST_F(VapourPressureEquations, ClosedForms) {
     const double T = 250;
     const models::AntoineSet& a = s.antoine_low;
-    EXPECT_NEAR(std::log10(p_at(T, "ALP").p),
+    EXPECT_NEAR(std::log10(p_at(T, "ALP")->p),
                 static_cast<double>(a.A) -
                     static_cast<double>(a.B) / (T + static_cast<double>(a.C) - 273.15),
                 1e-12);
-    EXPECT_NEAR(std::log(p_at(T, "AUG").p),
+    EXPECT_NEAR(std::log(p_at(T, "AUG")->p),
                 static_cast<double>(s.august.A) + static_cast<double>(s.august.B) / T, 1e-12);
     const auto& w = s.wagner.a;
     const auto n = [&](std::size_t i) { return static_cast<double>(w[i]); };
     const double t = 1 - T / n(8);
     const double X = n(0) * t + n(1) * std::pow(t, 1.5) + n(2) * std::pow(t, n(3)) +
                      n(4) * std::pow(t, n(5)) + (n(6) != 0 ? n(6) * std::pow(t, n(7)) : 0);
-    EXPECT_NEAR(p_at(T, "WAG").p, n(9) * std::exp(n(8) / T * X), 1e-9);
+    EXPECT_NEAR(p_at(T, "WAG")->p, n(9) * std::exp(n(8) / T * X), 1e-9);
 }
 
 TEST_F(VapourPressureEquations, FrostKalkwarfSatisfiesItsImplicitEquation) {
@@ -66,7 +66,7 @@ TEST_F(VapourPressureEquations, FrostKalkwarfSatisfiesItsImplicitEquation) {
             const auto n = [&](std::size_t i) { return static_cast<double>(a[i]); };
             const double C = fro ? n(2) - 273.15 : n(2), F = fro ? n(5) + 2 : n(5);
             const double T = 0.8 * s.Tcrit;
-            const double p = p_at(T, code).p;
+            const double p = p_at(T, code)->p;
             const double right = n(0) + n(1) / (T + C) + n(3) * std::log10(T) +
                                  n(4) * p / std::pow(T, F) + n(6) * T + n(7) * std::pow(T, n(8));
             EXPECT_NEAR(std::log10(p), right, 1e-6) << name << " " << code;
@@ -81,13 +81,13 @@ TEST_F(VapourPressureEquations, BoilingTemperatureIsTheInverseForEverySubstance)
         for (const std::string& code : present()) {
             for (const double Tr : {0.6, 0.75, 0.9, 0.97}) {
                 const double T = Tr * s.Tcrit;
-                const models::VapourPressureResult vp = p_at(T, code);
-                if (vp.status != kSuccess || vp.p > s.pcrit) continue;
-                const models::BoilingTemperatureResult back = T_at(vp.p, code);
-                ASSERT_EQ(back.status, kSuccess) << name << " " << code << " " << Tr;
+                const auto vp = p_at(T, code);
+                if (!vp || vp->p > s.pcrit) continue;
+                const auto back = T_at(vp->p, code);
+                ASSERT_TRUE(back) << name << " " << code << " " << Tr;
                 // 1E-4 is the tolerance of the step before the last in p and T; what remains is far
                 // less, but for the shallow slopes of sets used far outside their range.
-                EXPECT_NEAR(back.T, T, 2e-5 * T) << name << " " << code << " " << Tr;
+                EXPECT_NEAR(back->T, T, 2e-5 * T) << name << " " << code << " " << Tr;
                 ++pairs;
             }
         }
@@ -102,9 +102,9 @@ TEST_F(VapourPressureEquations, CorrelationsMeetTheBoilingAndTheCriticalPoint) {
         if (Tb < 1e-6) continue;
         for (const char* code : {"AUG", "KFW", "KFR", "THO"}) {
             // The sets are held in 32 bits, their sums cancel: a few 1E-5 remain.
-            EXPECT_NEAR(p_at(Tb, code).p, kNormalPressure, 3e-4 * kNormalPressure)
+            EXPECT_NEAR(p_at(Tb, code)->p, kNormalPressure, 3e-4 * kNormalPressure)
                 << name << " " << code;
-            EXPECT_NEAR(p_at(s.Tcrit, code).p, s.pcrit, 3e-4 * s.pcrit) << name << " " << code;
+            EXPECT_NEAR(p_at(s.Tcrit, code)->p, s.pcrit, 3e-4 * s.pcrit) << name << " " << code;
         }
     }
 }
@@ -117,11 +117,11 @@ TEST_F(VapourPressureEquations, SlopesAreThoseOfTheEquations) {
             const bool implicit = code == "FRO" || code == "KFW" || code == "KFR";
             for (const double Tr : {0.6, 0.8, 0.95}) {
                 const double T = Tr * s.Tcrit, h = 1e-3 * T;
-                const auto y = [&](double x) { return std::log(p_at(x, code).p); };
+                const auto y = [&](double x) { return std::log(p_at(x, code)->p); };
                 const double numeric = (y(T + h) - y(T - h)) / (1 / (T + h) - 1 / (T - h));
-                const models::SlopeResult slope = slope_at(T, code);
-                ASSERT_EQ(slope.status, kSuccess);
-                EXPECT_NEAR(slope.slope, numeric, (implicit ? 2e-3 : 2e-5) * std::fabs(numeric))
+                const auto slope = slope_at(T, code);
+                ASSERT_TRUE(slope);
+                EXPECT_NEAR(*slope, numeric, (implicit ? 2e-3 : 2e-5) * std::fabs(numeric))
                     << name << " " << code << " " << Tr;
             }
         }
@@ -129,48 +129,47 @@ TEST_F(VapourPressureEquations, SlopesAreThoseOfTheEquations) {
 }
 
 TEST_F(VapourPressureEquations, WorkUpToTheCriticalTemperatureOnly) {
-    EXPECT_EQ(p_at(s.Tcrit, "AUG").status, kSuccess);
-    EXPECT_EQ(p_at(s.Tcrit * 1.001, "AUG").status, kFailure);
-    EXPECT_EQ(p_at(0, "AUG").status, kFailure);
-    EXPECT_EQ(T_at(s.pcrit * 1.001, "AUG").status, kFailure);
-    EXPECT_EQ(p_at(static_cast<double>(s.wagner.a[8]), "WAG").status, kFailure);
+    EXPECT_TRUE(p_at(s.Tcrit, "AUG"));
+    EXPECT_FALSE(p_at(s.Tcrit * 1.001, "AUG"));
+    EXPECT_FALSE(p_at(0, "AUG"));
+    EXPECT_FALSE(T_at(s.pcrit * 1.001, "AUG"));
+    EXPECT_FALSE(p_at(static_cast<double>(s.wagner.a[8]), "WAG"));
 }
 
 TEST_F(VapourPressureEquations, AMissingEquationIsAFailure) {
     take("Ozone");
     for (const char* code : {"ALP", "AHP", "FRO", "WAG", "000", "ZZZ"}) {
-        EXPECT_EQ(p_at(150, code).status, kFailure) << code;
-        EXPECT_EQ(p_at(150, code).p, 0) << code;
-        EXPECT_EQ(T_at(100, code).status, kFailure) << code;
-        EXPECT_EQ(slope_at(150, code).status, kFailure) << code;
+        EXPECT_FALSE(p_at(150, code)) << code;
+        EXPECT_FALSE(T_at(100, code)) << code;
+        EXPECT_FALSE(slope_at(150, code)) << code;
     }
 }
 
 TEST_F(VapourPressureEquations, AWagnerSumAboveFiftyIsAFailure) {
     s.wagner.a[0] = -500;
-    EXPECT_EQ(p_at(150, "WAG").status, kFailure);
+    EXPECT_FALSE(p_at(150, "WAG"));
 }
 
 TEST_F(VapourPressureEquations, TellTheKelvinsOutsideTheirRange) {
     s.antoine_low.T_low = 200;
     s.antoine_low.T_high = 250;
-    EXPECT_EQ(p_at(260, "ALP").deviation, 10);
-    EXPECT_EQ(p_at(261, "ALP").deviation, 11);
-    EXPECT_GT(p_at(261, "ALP").p, 0);
-    EXPECT_EQ(p_at(189, "ALP").deviation, -11);
-    EXPECT_EQ(p_at(225, "ALP").deviation, 0);
+    EXPECT_EQ(p_at(260, "ALP")->deviation, 10);
+    EXPECT_EQ(p_at(261, "ALP")->deviation, 11);
+    EXPECT_GT(p_at(261, "ALP")->p, 0);
+    EXPECT_EQ(p_at(189, "ALP")->deviation, -11);
+    EXPECT_EQ(p_at(225, "ALP")->deviation, 0);
 }
 
 TEST_F(VapourPressureEquations, TheInverseTellsTheKelvinsOutsideTheRange) {
     s.wagner.T_low = 300;
     s.wagner.T_high = 320;
-    EXPECT_EQ(T_at(p_at(289, "WAG").p, "WAG").deviation, -11);
+    EXPECT_EQ(T_at(p_at(289, "WAG")->p, "WAG")->deviation, -11);
 }
 
 TEST_F(VapourPressureEquations, BelowTheBoilingPointAugustCountsAgainstIt) {
     const double Tb = static_cast<double>(s.Tboil);
-    EXPECT_EQ(p_at(Tb - 20, "AUG").deviation, -20);
-    EXPECT_EQ(p_at(Tb + 100, "AUG").deviation, 0);
+    EXPECT_EQ(p_at(Tb - 20, "AUG")->deviation, -20);
+    EXPECT_EQ(p_at(Tb + 100, "AUG")->deviation, 0);
 }
 
 TEST_F(VapourPressureEquations, WithoutABoilingPointNothingIsCorrelated) {
@@ -186,7 +185,7 @@ TEST_F(VapourPressureEquations, AFrostEquationWithoutItsPressureTermIsExplicit) 
     s.frost = {};
     s.frost.a = {10, -1500, 273.15F, -1, 0, 0, 0, 0, 0};
     const double T = 250;
-    EXPECT_NEAR(std::log10(p_at(T, "FRO").p),
+    EXPECT_NEAR(std::log10(p_at(T, "FRO")->p),
                 10 - 1500 / (T + static_cast<double>(273.15F) - 273.15) - std::log10(T), 1e-9);
 }
 
@@ -197,7 +196,7 @@ TEST_F(VapourPressureEquations, BoilingPointsOfTheTableAgreeWithTheirEquations) 
         take(name);
         const double Tb = static_cast<double>(s.Tboil);
         if (s.wagner.T_low == 0 || Tb < s.wagner.T_low || Tb > s.wagner.T_high) continue;
-        EXPECT_NEAR(p_at(Tb, "WAG").p, kNormalPressure, 0.1 * kNormalPressure) << name;
+        EXPECT_NEAR(p_at(Tb, "WAG")->p, kNormalPressure, 0.1 * kNormalPressure) << name;
         ++checked;
     }
     EXPECT_GT(checked, 60);

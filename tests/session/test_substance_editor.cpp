@@ -308,7 +308,7 @@ TEST_F(SubstanceEditor, AMissingBoilingPointIsComputed) {
     EXPECT_NEAR(
         models::vapour_pressure(session->substance, static_cast<double>(session->substance.Tboil),
                                 codes::vp("WAG"))
-            .p,
+            ->p,
         101.325, 0.02);
     EXPECT_EQ(texts[1], editor_text(session->substance.Tboil));
     texts[1] = "";
@@ -442,7 +442,7 @@ TEST_F(SubstanceEditor, TheTriplePointPressureComesFromEitherSource) {
     const auto p = session::triple_point_pressure(session, true);
     ASSERT_TRUE(p.has_value());
     EXPECT_EQ(*p, editor_text(static_cast<float>(
-                      models::vapour_pressure(session->substance, 150, codes::vp("WAG")).p)));
+                      models::vapour_pressure(session->substance, 150, codes::vp("WAG"))->p)));
     session.change()->substance.Ttriple = 0;
     EXPECT_FALSE(session::triple_point_pressure(session, true).has_value());
     EXPECT_EQ(user.lastText(), "Error while calculating vapour pressure");

@@ -313,8 +313,8 @@ class Work {
     void write_result(const report::TaskResult& result) {
         const calculation::Answer& answer = result.answer;
         write({answer.T, answer.p, answer.y, answer.hLV.value_or(0),
-               answer.phases.liquid ? answer.phases.liquid->v : 0,
-               answer.phases.vapour ? answer.phases.vapour->v : 0});
+               answer.phases.liquid ? answer.phases.liquid->v.value_or(0) : 0,
+               answer.phases.vapour ? answer.phases.vapour->v.value_or(0) : 0});
         out_ << report::result_as_text(result.report) << '\n';
     }
     void write_told(const ScriptedDialogs& user) {

@@ -10,7 +10,7 @@ using namespace quor;
 struct Medium {
     models::Fluid fluid;
     models::ReferenceState reference;
-    models::Surroundings surroundings;
+    std::optional<models::Surroundings> surroundings;
 
     explicit Medium(const models::Fluid& f, const models::ReferenceState& zero = {})
         : fluid(f), reference(zero) {
@@ -18,20 +18,21 @@ struct Medium {
         surroundings = models::surroundings_state(fluid, reference);
     }
     double Tcrit() const { return fluid.substance().Tcrit; }
+    /// Of the ideal gas; 0 without one.
     double cp(double T) const {
-        return models::ideal_gas_cp(fluid.substance(), fluid.models().cp_form, T).cp;
+        return models::ideal_gas_cp(fluid.substance(), fluid.models().cp_form, T).value_or(0);
     }
-    models::IdealGasState ideal(double T, double p) const {
+    std::optional<models::IdealGasState> ideal(double T, double p) const {
         return models::ideal_gas_functions(fluid.substance(), fluid.models().cp_form, reference, T,
                                            p);
     }
-    models::PhaseTable residual(double T, double p, double v) const {
+    std::optional<models::PhaseTable> residual(double T, double p, double v) const {
         return models::residual_functions(fluid, models::eos_at(fluid, T), T, p, v);
     }
-    models::StateValues state(double T, double p, double v) const {
+    std::optional<models::StateValues> state(double T, double p, double v) const {
         return models::state_functions(fluid, reference, surroundings, T, p, v);
     }
-    models::SaturationValues saturation(double T) const {
+    std::optional<models::SaturationValues> saturation(double T) const {
         return models::saturation_functions(fluid, reference, surroundings, T);
     }
 };

@@ -9,8 +9,12 @@ namespace quor::quorcalc {
 
 namespace {
 
-Json density(const models::DensityResult& r) {
-    return {{"status", r.status}, {"rho", present(r.rho)}, {"deviation", r.deviation}};
+/// A temperature that the set does not describe is no failure of its equation.
+Json density(const Result<models::Density, models::NoDensity>& r) {
+    const bool failed = !r && r.failure() == models::NoDensity::impossible;
+    return {{"status", failed ? -1 : 0},
+            {"rho", r ? present(r->rho) : Json()},
+            {"deviation", r ? r->deviation : 0}};
 }
 
 Json rhol(Call& call, const Arguments& a) {
@@ -25,7 +29,7 @@ Json rhos(Call& call, const Arguments& a) {
 
 Json cpid(Call& call, const Arguments& a) {
     set_up(call, a);
-    const models::CpResult r =
+    const auto r =
         models::ideal_gas_cp(call.session->substance, call.session->models.cp_form, *a.T);
     const models::CpSet& set = call.session->models.cp_form == models::CpForm::polynomial
                                    ? call.session->substance.cp_polynomial
@@ -33,29 +37,28 @@ Json cpid(Call& call, const Arguments& a) {
     const double outside = *a.T < set.T_low    ? *a.T - set.T_low
                            : *a.T > set.T_high ? *a.T - set.T_high
                                                : 0.0;
-    return {{"status", r.status},
-            {"cp", r.status == kSuccess ? number(r.cp) : Json()},
-            {"deviation", r.status == kSuccess ? Json(outside) : Json()}};
+    return {{"status", status_of(r)},
+            {"cp", r ? number(*r) : Json()},
+            {"deviation", r ? Json(outside) : Json()}};
 }
 
 Json hlv(Call& call, const Arguments& a) {
     if (!a.T && !a.p) throw WrongCall{"--T or --p is required"};
     set_up(call, a);
-    const models::EnthalpyOfVaporisationResult r =
+    const models::Vaporisation r =
         models::enthalpy_of_vaporisation(call.session.fluid(),
                                          {.model = call.session->models.vaporisation,
                                           .equation = call.session->models.vapour_pressure,
                                           .reference = call.session->calculation.method.reference,
-                                          .T = 0,
-                                          .p = 0},
-                                         a.T.value_or(0), a.p.value_or(0));
-    const bool good = r.status == kSuccess;
-    Json result = {{"status", r.status},       {"hLV", good ? Json(r.h) : Json()},
+                                          .T = {},
+                                          .p = {}},
+                                         a.T, a.p);
+    Json result = {{"status", status_of(r.h)}, {"hLV", r.h ? Json(*r.h) : Json()},
                    {"T", present(r.T)},        {"p", present(r.p)},
                    {"zV", present(r.zV)},      {"zL", present(r.zL)},
                    {"rhoV", present(r.rhoV)},  {"rhoL", present(r.rhoL)},
                    {"deviation", r.deviation}, {"explanation", r.explanation}};
-    if (!good) result["message"] = r.explanation.empty() ? "no Result" : r.explanation;
+    if (!r.h) result["message"] = r.explanation.empty() ? "no Result" : r.explanation;
     return result;
 }
 
@@ -66,48 +69,46 @@ Json numbers_from(const Array& values, std::size_t first) {
     return array;
 }
 
-Json phase(const session::Session& session, double T, double p, double v, Status& status) {
+/// Null where there are no functions or no exergies.
+Json phase(const session::Session& session, double T, double p, double v) {
     const models::Fluid& fluid = session.fluid();
     models::ReferenceState reference = session->reference;
     models::settle_reference(reference);
-    const models::StateValues r = models::state_functions(
-        fluid, reference, models::surroundings_state(fluid, reference), T, p, v);
-    if (r.status != kSuccess) {
-        status = r.status;
-        return Json();
-    }
+    const auto r = models::state_functions(fluid, reference,
+                                           models::surroundings_state(fluid, reference), T, p, v);
+    if (!r || !r->exergies) return Json();
     return {{"v", v},
-            {"derivatives", numbers_from(r.table.first, 1)},
-            {"second", numbers_from(r.table.second, 1)},
-            {"residual", numbers_from(r.table.residual, 0)},
-            {"h", number(r.h)},
-            {"u", number(r.u)},
-            {"s", number(r.s)},
-            {"g", number(r.g)},
-            {"a", number(r.a)},
-            {"cp", number(r.cp)},
-            {"cv", number(r.cv)},
-            {"w", number(r.w)},
-            {"eH", number(r.eH)},
-            {"eU", number(r.eU)}};
+            {"derivatives", numbers_from(r->table.first, 1)},
+            {"second", numbers_from(r->table.second, 1)},
+            {"residual", numbers_from(r->table.residual, 0)},
+            {"h", number(r->h)},
+            {"u", number(r->u)},
+            {"s", number(r->s)},
+            {"g", number(r->g)},
+            {"a", number(r->a)},
+            {"cp", number(r->cp)},
+            {"cv", number(r->cv)},
+            {"w", number(r->w)},
+            {"eH", number(r->exergies->H)},
+            {"eU", number(r->exergies->U)}};
 }
 
 Json functions(Call& call, const Arguments& a) {
     if (!a.row.empty() && a.row != "V" && a.row != "L") throw WrongCall{"--row is V or L"};
     set_up(call, a);
     Json result = {{"status", 0}, {"V", Json()}, {"L", Json()}};
-    Status status = kSuccess;
+    const auto take = [&](const char* row, double v) {
+        result[row] = phase(call.session, *a.T, *a.p, v);
+        if (result[row].is_null()) result["status"] = -1;
+    };
     if (a.v) {
-        result[a.row.empty() ? "V" : a.row] = phase(call.session, *a.T, *a.p, *a.v, status);
-    } else {
-        const models::StateTP state = models::solve_state_tp(call.session.fluid(), *a.T, *a.p);
-        status = state.status;
-        if (status == kSuccess && state.has_V)
-            result["V"] = phase(call.session, *a.T, *a.p, state.vV, status);
-        if (status == kSuccess && state.has_L)
-            result["L"] = phase(call.session, *a.T, *a.p, state.vL, status);
+        take(a.row == "L" ? "L" : "V", *a.v);
+        return result;
     }
-    result["status"] = status;
+    const auto state = models::solve_state_tp(call.session.fluid(), *a.T, *a.p);
+    result["status"] = status_of(state);
+    if (state && state->has_V) take("V", *state->vV);
+    if (state && state->has_L && result["status"] == 0) take("L", *state->vL);
     return result;
 }
 

@@ -97,8 +97,8 @@ Json pressure(Call& call, const Arguments& a) {
     set_up(call, a);
     const models::Fluid fluid = call.session.fluid();
     models::EosState state = models::eos_at(fluid, *a.T);
-    const models::PressureResult r = models::pressure_from_Tv(fluid, *a.T, *a.v, state);
-    return {{"status", r.status}, {"p", r.status == kSuccess ? number(r.p) : Json()}};
+    const auto p = models::pressure_from_Tv(fluid, *a.T, *a.v, state);
+    return {{"status", status_of(p)}, {"p", p ? number(*p) : Json()}};
 }
 
 Json volumes(const std::array<double, 3>& v, int count) {
@@ -112,14 +112,19 @@ Json roots(Call& call, const Arguments& a) {
     if (call.session->models.vapour_only) throw CannotBeDone{"possible only by using a  cubic EOS"};
     if (!(*a.p > 0) || !(*a.T > 0)) throw CannotBeDone{"T and p have to be > 0"};
     const models::EosState state = models::eos_at(call.session.fluid(), *a.T);
-    const models::CubicRoots r = models::solve_cubic(state, *a.T, *a.p);
-    return {{"status", r.status}, {"v", volumes(r.v, r.count)}, {"count", r.count}};
+    const auto found = models::solve_cubic(state, *a.T, *a.p);
+    const models::CubicRoots r = found.value_or(models::CubicRoots{});
+    return {{"status", status_of(found)}, {"v", volumes(r.v, r.count)}, {"count", r.count}};
 }
 
 Json state(Call& call, const Arguments& a) {
     set_up(call, a);
-    const models::StateTP r = models::solve_state_tp(call.session.fluid(), *a.T, *a.p);
-    return {{"status", r.status},
+    const auto found = models::solve_state_tp(call.session.fluid(), *a.T, *a.p);
+    const models::StateTP none =
+        found ? models::StateTP{}
+              : models::StateTP{.region = found.failure().region, .text = found.failure().text};
+    const models::StateTP& r = found ? *found : none;
+    return {{"status", status_of(found)},
             {"hasL", r.has_L},
             {"hasV", r.has_V},
             {"rhoL", present(r.rhoL)},
@@ -127,9 +132,9 @@ Json state(Call& call, const Arguments& a) {
             {"vL", present(r.vL)},
             {"vV", present(r.vV)},
             {"nRoots", r.root_count},
-            {"areaRatio", number(r.area_ratio)},
-            {"areaL", number(r.area_L)},
-            {"areaV", number(r.area_V)},
+            {"areaRatio", number(r.areas.ratio)},
+            {"areaL", number(r.areas.L)},
+            {"areaV", number(r.areas.V)},
             {"PhaseRegion", r.region},
             {"text", r.text},
             {"v", volumes(r.v, r.root_count)}};
@@ -137,31 +142,29 @@ Json state(Call& call, const Arguments& a) {
 
 Json temperature(Call& call, const Arguments& a) {
     set_up(call, a);
-    const models::TemperatureResult r =
-        models::temperature_from_p_rho(call.session.fluid(), *a.p, *a.rho, false);
-    return {{"status", r.status}, {"T", present(r.T)}};
+    const auto T = models::temperature_from_p_rho(call.session.fluid(), *a.p, *a.rho, false);
+    return {{"status", status_of(T)}, {"T", present(T)}};
 }
 
-Json saturation(const models::Saturation& r, const char* key, double value) {
-    return {{"status", r.status},
-            {key, r.status == kSuccess ? present(value) : Json()},
-            {"areaRatio", number(r.area_ratio)},
-            {"areaL", number(r.area_L)},
-            {"areaV", number(r.area_V)},
-            {"nRoots", r.root_count},
+Json saturation(const std::optional<models::Saturation>& found, const char* key,
+                double models::Saturation::*value) {
+    const models::Saturation r = found.value_or(models::Saturation{});
+    return {{"status", status_of(found)},         {key, found ? present(r.*value) : Json()},
+            {"areaRatio", number(r.areas.ratio)}, {"areaL", number(r.areas.L)},
+            {"areaV", number(r.areas.V)},         {"nRoots", r.root_count},
             {"v", volumes(r.v, r.root_count)}};
 }
 
 Json psat(Call& call, const Arguments& a) {
     set_up(call, a);
-    const models::Saturation r = models::saturation_pressure(call.session.fluid(), *a.T);
-    return saturation(r, "p", r.p);
+    return saturation(models::saturation_pressure(call.session.fluid(), *a.T), "p",
+                      &models::Saturation::p);
 }
 
 Json tsat(Call& call, const Arguments& a) {
     set_up(call, a);
-    const models::Saturation r = models::saturation_temperature(call.session.fluid(), *a.p);
-    return saturation(r, "T", r.T);
+    return saturation(models::saturation_temperature(call.session.fluid(), *a.p), "T",
+                      &models::Saturation::T);
 }
 
 models::VapourPressureEquation equation_of(const Call& call, const Arguments& a) {
@@ -170,23 +173,25 @@ models::VapourPressureEquation equation_of(const Call& call, const Arguments& a)
 
 Json vp(Call& call, const Arguments& a) {
     set_up(call, a);
-    const models::VapourPressureResult r =
-        models::vapour_pressure(call.session->substance, *a.T, equation_of(call, a));
-    return {{"status", r.status}, {"p", present(r.p)}, {"deviation", r.deviation}};
+    const auto r = models::vapour_pressure(call.session->substance, *a.T, equation_of(call, a));
+    return {{"status", status_of(r)},
+            {"p", r ? present(r->p) : Json()},
+            {"deviation", r ? r->deviation : 0}};
 }
 
 Json tboil(Call& call, const Arguments& a) {
     set_up(call, a);
-    const models::BoilingTemperatureResult r =
-        models::boiling_temperature(call.session->substance, *a.p, equation_of(call, a));
-    return {{"status", r.status}, {"T", present(r.T)}, {"deviation", r.deviation}};
+    const auto r = models::boiling_temperature(call.session->substance, *a.p, equation_of(call, a));
+    return {{"status", status_of(r)},
+            {"T", r ? present(r->T) : Json()},
+            {"deviation", r ? r->deviation : 0}};
 }
 
 Json vpslope(Call& call, const Arguments& a) {
     set_up(call, a);
-    const models::SlopeResult r =
+    const auto slope =
         models::vapour_pressure_slope(call.session->substance, *a.T, equation_of(call, a));
-    return {{"status", r.status}, {"slope", present(r.slope)}};
+    return {{"status", status_of(slope)}, {"slope", present(slope)}};
 }
 
 Json virial(Call& call, const Arguments& a) {
