@@ -277,7 +277,7 @@ void SubstanceDialog::restoreKept() {
     const auto now = session_.change();
     now->substance = kept_->substance;
     now->models.vapour_pressure = kept_->equation;
-    now->applied_unsaved = kept_->applied_unsaved;
+    now->applied_unsaved = kept_->appliedUnsaved;
     kept_.reset();
 }
 

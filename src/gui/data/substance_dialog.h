@@ -73,7 +73,7 @@ class SubstanceDialog : public QDialog {
     struct Kept {
         models::SubstanceRecord substance;
         models::VapourPressureEquation equation;
-        bool applied_unsaved;
+        bool appliedUnsaved;
     };
     /// The session's substance as it was before others were looked at.
     void restoreKept();
