@@ -298,15 +298,12 @@ std::optional<Projection> critical_projection(const DiagramSheet& sheet, const B
     if (shows_caloric_values(diagram)) {
         // The caloric values belong to the state of the EOS at T(cr) and p(cr).
         const auto state = models::solve_state_tp(fluid, s.Tcrit, s.pcrit);
-        const auto of_state = !state ? std::nullopt : state->has_V ? state->vV : state->vL;
-        functions = CaloricFunctions(basis)(s.Tcrit, s.pcrit, of_state.value_or(v));
+        double of_state = v;
+        if (state) of_state = (state->has_V ? state->vV : state->vL).value_or(v);
+        functions = CaloricFunctions(basis)(s.Tcrit, s.pcrit, of_state);
     }
     return project_state(diagram, basis, {s.Tcrit, s.pcrit, v}, functions);
 }
-
-}  // namespace
-
-namespace {
 
 constexpr double kBesidePoint = 34, kAbovePoint = 12;  // pixels; both texts have room at one place
 constexpr chart::Colour kExperimental = chart::kInk, kCalculated = chart::rgb(0x1D4ED8);
